@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/TzDBExport.h"
+
+#include <QString>
+
+#include <exception>
+
+// What a failed statement, connection or record-set operation raises. Callers branch on the category,
+// never on the message text.
+class TZDB_EXPORT CMySQLException : public std::exception
+{
+public:
+    enum class Category {
+        ConnectionLost,    // the server went away or was never there; the next operation connects anew
+        DuplicateKey,      // a unique index already holds the value
+        LockConflict,      // deadlock or lock wait timeout: the whole unit of work may be tried again
+        ValueTooLong,      // a text longer than its column, a number out of its column's range
+        BadCharacter,      // a character that the column's character set cannot hold
+        BadStatement,      // syntax error, unknown table or column
+        AlreadySo,         // the schema is already as the statement wants it (duplicate column, existing table)
+        DiskFull,          // the server has no room left to write
+        NoCurrentRow,      // Edit, Update, Delete or a move on a set that stands on no row
+        Other
+    };
+
+    CMySQLException(Category category, unsigned int serverCode, QString message, QString statement = {});
+
+    // The server's own words, or those of the record-set base, for the log and for a technical message.
+    QString GetErrorMessage() const { return m_message; }
+    // One Persian sentence for the person at the screen; names the column where one is to blame.
+    QString userMessage() const;
+
+    Category category() const { return m_category; }
+    // The server's error number (1062, 2006 ...), 0 for an error of the record-set base itself.
+    unsigned int serverCode() const { return m_serverCode; }
+    // The statement that failed, for the log only; it may hold personal data.
+    QString statement() const { return m_statement; }
+    // Caption of the column to blame (ValueTooLong, BadCharacter), empty when unknown.
+    QString columnCaption() const { return m_columnCaption; }
+    void setColumnCaption(const QString &caption) { m_columnCaption = caption; }
+
+    const char *what() const noexcept override { return m_utf8.constData(); }
+
+    static Category categoryOf(unsigned int serverCode);
+
+private:
+    Category m_category;
+    unsigned int m_serverCode;
+    QString m_message;
+    QString m_statement;
+    QString m_columnCaption;
+    QByteArray m_utf8;
+};

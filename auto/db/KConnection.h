@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/CMySQLException.h"
+
+#include <QElapsedTimer>
+
+#include <functional>
+#include <memory>
+
+struct st_mysql;
+struct st_mysql_res;
+
+// How a database is reached. Either a local socket or host and port.
+struct KConnectionSettings
+{
+    QString socketPath;
+    QString host;
+    unsigned int port = 3306;
+    QString user;
+    QString password;
+    QString database;       // may be empty: no database selected
+    bool useTls = false;    // with host: refuse a server that does not prove who it is
+    QString caFile;         // certificate authority for useTls; empty: the system's
+    int connectTimeoutSeconds = 10;
+};
+
+// One connection to the server, used by one thread. The session is set up at connect: utf8mb4 on the wire, strict
+// sql_mode without ONLY_FULL_GROUP_BY, no automatic reconnect, no LOCAL INFILE, no multi-statements.
+class TZDB_EXPORT KConnection
+{
+public:
+    struct ResultDeleter { void operator()(st_mysql_res *result) const; };
+    using Result = std::unique_ptr<st_mysql_res, ResultDeleter>;
+
+    explicit KConnection(KConnectionSettings settings);
+    ~KConnection();
+    KConnection(const KConnection &) = delete;
+    KConnection &operator=(const KConnection &) = delete;
+
+    // Gives database number its settings; 0 is the suite's current database. Connections of the calling thread to that
+    // number are dropped; those of other threads are replaced at their next use.
+    static void configure(int database, const KConnectionSettings &settings);
+    static bool isConfigured(int database);
+    static KConnectionSettings settings(int database);
+    // The calling thread's connection to that database, opened on first use. Throws ConnectionLost.
+    static KConnection &forThread(int database = 0);
+    // Closes the calling thread's connections; they open again on next use.
+    static void closeThreadConnections();
+
+    // Runs one statement; its rows are fetched whole. A null result: the statement gives no rows. Throws.
+    Result run(const QByteArray &utf8Statement);
+    Result run(const QString &statement) { return run(statement.toUtf8()); }
+    // As run, but the rows stay on the server's side and are fetched one by one (no count, no going back).
+    Result runStreaming(const QByteArray &utf8Statement);
+
+    quint64 lastInsertedId() const;
+    qint64 affectedRows() const;
+    // Text as a quoted SQL literal.
+    QByteArray quoted(const QString &text) const;
+    QByteArray quoted(const QByteArray &binary) const;
+
+    bool inTransaction() const { return m_transactionDepth > 0; }
+    // Makes sure that the server still answers when the connection stood idle; reconnects if not. Never within a transaction.
+    void verify();
+    void close();
+    st_mysql *handle();
+
+    // Called with every statement before it runs, in whatever thread; for the log and for tests. Null to take it off.
+    using StatementObserver = std::function<void(const QString &)>;
+    static void setStatementObserver(StatementObserver observer);
+
+private:
+    friend class KTransaction;
+    void open();
+    void execute(const QByteArray &utf8Statement);
+    [[noreturn]] void raise(const QByteArray &utf8Statement);
+
+    KConnectionSettings m_settings;
+    st_mysql *m_handle = nullptr;
+    QElapsedTimer m_idle;
+    int m_transactionDepth = 0;
+    bool m_rollbackOnly = false;
+    quint64 m_generation = 0;
+};

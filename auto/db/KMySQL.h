@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/CMySQLException.h"
+#include "auto/db/KConnection.h"
+#include "auto/db/KLongBinary.h"
+
+#include <QDateTime>
+#include <QStringList>
+#include <QVariant>
+
+#include <vector>
+
+// Record set over one table: a current row in the members of a derived class, over the rows that match a filter.
+//
+// A derived class declares each column once, in DoFieldExchange, by RFX_ calls in column order. The base runs that
+// declaration once per object and from then on reads and writes the members by it: the SELECT, loading, INSERT,
+// UPDATE, captions and lookups all come from the same list. An object is therefore neither copied nor moved.
+//
+// Date-times are the wall-clock time of the office, held as QDateTime in Qt::UTC so that no daylight-saving rule ever
+// moves or voids one; NULL is the invalid QDateTime, in both directions. NULL texts are empty, NULL numbers 0.
+class TZDB_EXPORT KMySQL
+{
+public:
+    enum class ColumnKind { Long, Text, Date, Double, Bool, LongBlob };
+
+    // A column as DoFieldExchange declared it. Names are compared exactly.
+    struct Column
+    {
+        QString name;
+        ColumnKind kind;
+        void *member;
+        QString caption;
+        QString lookupTable;
+        QString lookupKey;
+        QString lookupDisplay;
+    };
+
+    // Condition after WHERE, without that word; empty: all rows. Columns after ORDER BY; empty: no order.
+    // Both are read by Open and Requery.
+    QString m_filter;
+    QString m_sort;
+
+    explicit KMySQL(int database = 0);
+    KMySQL(const KMySQL &) = delete;
+    KMySQL &operator=(const KMySQL &) = delete;
+
+    // The order of these virtual operations is fixed.
+    virtual ~KMySQL();
+    // bVerify: make sure first that a connection left idle still answers (reconnecting if not); for what a person starts.
+    // bReadAll: select the rows and stand on the first; false: only make the set ready for statements and AddNew.
+    // bThrow: errors are raised; false: they are returned as false.
+    virtual bool Open(bool bVerify, bool bReadAll, bool bThrow);
+    virtual void Close();
+    // Starts a new row: the members are as constructed until they are set. Written by Update.
+    virtual void AddNew();
+    // Starts a change of the current row. Throws NoCurrentRow when there is none.
+    virtual void Edit();
+    // Writes what AddNew or Edit started: a new row's set columns, or the changed columns of an edited one. On an error the
+    // members keep what they hold and the edit stays open. bThrow false: errors are returned as false. Throws NoCurrentRow
+    // without AddNew or Edit before it.
+    virtual bool Update(bool bThrow);
+    // Drops what AddNew or Edit started; the members are again what they were before.
+    virtual void CancelUpdate();
+    // Deletes the current row by its iID. True when it is gone, also when somebody else deleted it first. The set stands on
+    // no row until MoveNext. Throws NoCurrentRow.
+    virtual bool Delete();
+    // Reads the rows again with the filter, sort and limit as they are now.
+    virtual bool Requery();
+    virtual QString GetTableName() const = 0;
+
+protected:
+    virtual void DoFieldExchange() = 0;
+
+    // Column name; member; Persian caption (empty: never shown); lookup table, its key and its display column
+    // (empty: no lookup); a further text, always empty.
+    void RFX_Long(QStringView column, qint32 &value, QStringView caption, QStringView lookupTable = {},
+                  QStringView lookupKey = {}, QStringView lookupDisplay = {}, QStringView extra = {});
+    void RFX_Text(QStringView column, QString &value, QStringView caption, QStringView lookupTable = {},
+                  QStringView lookupKey = {}, QStringView lookupDisplay = {}, QStringView extra = {});
+    void RFX_Date(QStringView column, QDateTime &value, QStringView caption, QStringView lookupTable = {},
+                  QStringView lookupKey = {}, QStringView lookupDisplay = {}, QStringView extra = {});
+    void RFX_Double(QStringView column, double &value, QStringView caption, QStringView lookupTable = {},
+                    QStringView lookupKey = {}, QStringView lookupDisplay = {}, QStringView extra = {});
+    void RFX_Bool(QStringView column, qint32 &value, QStringView caption, QStringView lookupTable = {},
+                  QStringView lookupKey = {}, QStringView lookupDisplay = {}, QStringView extra = {});
+    void RFX_LongBlob(QStringView column, KLongBinary &value, QStringView caption, QStringView lookupTable = {},
+                      QStringView lookupKey = {}, QStringView lookupDisplay = {}, QStringView extra = {});
+
+    // What stands after FROM; a derived class that reads a joined view overrides it.
+    virtual QString fromClause() const;
+
+public:
+    // True when the set stands behind its last row or has none.
+    bool IsEOF() const;
+    // To the next row; false when there is none. Throws NoCurrentRow on a set that is already at its end or not open.
+    bool MoveNext();
+    void MoveLast();
+    // Rows that the last Open or Requery selected (after the limit).
+    qint64 GetRecordsCount() const;
+    // Caps the rows that the next Open or Requery fetches; 0: no cap.
+    void SetLimit(qint64 rows);
+    // Loads the row whose column equals value; extra is appended to the condition as it stands. False when there is none:
+    // the members are then as constructed.
+    bool IsRecordExist(const QString &column, qint32 value, int reserved = 0, const QString &extra = {});
+
+    // Runs one statement and gives the number of rows it changed or returned. bRaise false: an error that says that the
+    // schema is already so (duplicate column, existing table) is logged and passed over with 0; every other error is raised.
+    // bLog: a failing statement is written to the log.
+    int ExecuteQuery(const char *statement, bool bRaise, bool bLog);
+    int ExecuteQuery(const QString &statement, bool bRaise = true);
+    // printf-formatted; texts are UTF-8 and go in as they are: quote them first (KConnection::quoted).
+    int FormatAndExecuteQuery(const char *format, ...) Q_ATTRIBUTE_FORMAT_PRINTF(2, 3);
+    // Value of the last statement's current result row (the first, until MoveNextResult), columns from 0. NULL, a missing
+    // column or no row give 0, an empty text, an invalid date-time.
+    qint32 GetLongFieldValue(int column) const;
+    double GetDoubleFieldValue(int column) const;
+    QString GetTextFieldValue(int column) const;
+    QDateTime GetDateFieldValue(int column) const;
+    QByteArray GetBinaryFieldValue(int column) const;
+    // For statements of several rows: whether the result stands on a row, and on to the next one.
+    bool HasResultRow() const;
+    bool MoveNextResult();
+    quint64 GetLastInsertedID() const;
+
+    // Fetch only these columns (iID is always among them); empty: all. To be called before Open.
+    void SetColumns(const QStringList &columns);
+    const std::vector<Column> &columns();
+    const Column *column(QStringView name);
+    // A column's member by name, for forms and tables; an unknown name is an error of the program and asserts.
+    QVariant value(QStringView column);
+    void setValue(QStringView column, const QVariant &value);
+    // Characters that a text column holds, as the database says; 0 when it is no text.
+    int textLength(QStringView column);
+    int database() const { return m_database; }
+    bool isEditing() const { return m_mode != Mode::Browse; }
+
+private:
+    enum class Mode { Browse, Add, Edit };
+    void bind(QStringView column, ColumnKind kind, void *member, QStringView caption, QStringView lookupTable,
+              QStringView lookupKey, QStringView lookupDisplay);
+    void ensureBound();
+    QByteArray selectStatement() const;
+    void select(const QByteArray &statement);
+    void loadRow();
+    void resetMembers();
+    std::vector<QVariant> snapshot() const;
+    void restore(const std::vector<QVariant> &values);
+    void checkText(const Column &column, const QString &text) const;
+    QByteArray literal(const Column &column) const;
+    void insertRow();
+    void updateRow();
+    qint32 currentKey() const;
+    [[noreturn]] void raiseNoRow(const char *operation) const;
+
+    int m_database;
+    std::vector<Column> m_columns;
+    std::vector<int> m_selected;         // positions in m_columns, in the order of the result
+    QStringList m_subset;
+    KConnection::Result m_rows;          // rows of Open and Requery
+    qint64 m_count = 0;
+    bool m_onRow = false;
+    bool m_hasValues = false;            // the members hold a row of the table
+    Mode m_mode = Mode::Browse;
+    std::vector<QVariant> m_before;      // member values when AddNew or Edit began
+    bool m_hadValues = false;
+    qint64 m_limit = 0;
+    quint64 m_lastInsertedId = 0;
+    KConnection::Result m_result;        // rows of the last free statement
+    char **m_resultRow = nullptr;
+    const unsigned long *m_resultLengths = nullptr;
+};

@@ -1,0 +1,73 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# What every target of the project shares: language level, warnings, sanitizers, output folders.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+find_program(TZ_CCACHE ccache)
+if(TZ_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${TZ_CCACHE}")
+endif()
+
+add_library(tz_options INTERFACE)
+target_include_directories(tz_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_definitions(tz_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(tz_options INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wno-missing-field-initializers)
+if(TZ_WARNINGS_AS_ERRORS)
+    target_compile_options(tz_options INTERFACE -Werror)
+endif()
+if(TZ_SANITIZE)
+    target_compile_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE})
+endif()
+if(TZ_COVERAGE)
+    target_compile_options(tz_options INTERFACE --coverage)
+    target_link_options(tz_options INTERFACE --coverage)
+endif()
+
+# tz_suite_library(NAME SOURCES... LINK ...): a shared library of the suite. Its sources are all files of the folder
+# unless they are given, so that a new class needs no line here.
+function(tz_suite_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    if(NOT arg_SOURCES)
+        file(GLOB arg_SOURCES CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+    endif()
+    add_library(${name} SHARED ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+    string(TOUPPER ${name} upper)
+    target_compile_definitions(${name} PRIVATE ${upper}_BUILDING)
+    target_link_libraries(${name} PUBLIC tz_options ${arg_LINK})
+    install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/tzauto)
+endfunction()
+
+# tz_tests(LINK ... [LABELS ...]): every Test*.cpp of the folder becomes one test program of its own name.
+function(tz_tests)
+    cmake_parse_arguments(arg "" "" "LINK;LABELS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS Test*.cpp)
+    foreach(source IN LISTS sources)
+        get_filename_component(name "${source}" NAME_WE)
+        add_executable(${name} "${source}")
+        set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+        target_link_libraries(${name} PRIVATE tz_options ${arg_LINK} Qt6::Test)
+        add_test(NAME ${name} COMMAND ${name})
+        set_tests_properties(${name} PROPERTIES
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QT_LOGGING_RULES=qt.qpa.*=false"
+            TIMEOUT 300 LABELS "${arg_LABELS}")
+        if("data" IN_LIST arg_LABELS)
+            set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED private_server)
+        endif()
+    endforeach()
+endfunction()
