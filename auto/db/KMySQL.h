@@ -142,9 +142,10 @@ private:
     void bind(QStringView column, ColumnKind kind, void *member, QStringView caption, QStringView lookupTable,
               QStringView lookupKey, QStringView lookupDisplay);
     void ensureBound();
-    QByteArray selectStatement() const;
+    KConnection &connection() const;
+    QByteArray selectColumns();
     void select(const QByteArray &statement);
-    void loadRow();
+    bool fetchRow();
     void resetMembers();
     std::vector<QVariant> snapshot() const;
     void restore(const std::vector<QVariant> &values);
@@ -153,6 +154,9 @@ private:
     void insertRow();
     void updateRow();
     qint32 currentKey() const;
+    int keepResult(KConnection::Result result);
+    void fetchResultRow();
+    const char *resultCell(int column, unsigned long *length) const;
     [[noreturn]] void raiseNoRow(const char *operation) const;
 
     int m_database;
@@ -161,11 +165,11 @@ private:
     QStringList m_subset;
     KConnection::Result m_rows;          // rows of Open and Requery
     qint64 m_count = 0;
-    bool m_onRow = false;
+    bool m_atEnd = true;
     bool m_hasValues = false;            // the members hold a row of the table
     Mode m_mode = Mode::Browse;
     std::vector<QVariant> m_before;      // member values when AddNew or Edit began
-    bool m_hadValues = false;
+    bool m_hadValues = false;            // m_hasValues at that time
     qint64 m_limit = 0;
     quint64 m_lastInsertedId = 0;
     KConnection::Result m_result;        // rows of the last free statement

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CMySQLException.h"
+
+#include <errmsg.h>
+#include <mysqld_error.h>
+
+namespace {
+
+QString withColumn(const QString &plain, const QString &named, const QString &caption)
+{
+    return caption.isEmpty() ? plain : named.arg(caption.trimmed());
+}
+
+}
+
+CMySQLException::CMySQLException(Category category, unsigned int serverCode, QString message, QString statement)
+    : m_category(category)
+    , m_serverCode(serverCode)
+    , m_message(std::move(message))
+    , m_statement(std::move(statement))
+    , m_utf8(m_message.toUtf8())
+{
+}
+
+QString CMySQLException::userMessage() const
+{
+    switch (m_category) {
+    case Category::ConnectionLost:
+        return QStringLiteral("ارتباط با پایگاه داده قطع شد. چیزی ذخیره نشد؛ لطفا دوباره تلاش نمایید.");
+    case Category::DuplicateKey:
+        return QStringLiteral("این مقدار قبلا ثبت شده است و تکرار آن ممکن نیست.");
+    case Category::LockConflict:
+        return QStringLiteral("کاربر دیگری هم‌زمان در حال تغییر همین اطلاعات است. لطفا دوباره تلاش نمایید.");
+    case Category::ValueTooLong:
+        return withColumn(QStringLiteral("مقدار وارد شده بیشتر از اندازه مجاز است."),
+                          QStringLiteral("مقدار «%1» بیشتر از اندازه مجاز است."), m_columnCaption);
+    case Category::BadCharacter:
+        return withColumn(QStringLiteral("متن وارد شده نویسه‌ای دارد که قابل ذخیره نیست."),
+                          QStringLiteral("متن «%1» نویسه‌ای دارد که قابل ذخیره نیست."), m_columnCaption);
+    case Category::BadStatement:
+        return QStringLiteral("پایگاه داده این درخواست را نپذیرفت. جزئیات در گزارش رویدادها ثبت شد.");
+    case Category::AlreadySo:
+        return QStringLiteral("ساختار پایگاه داده از قبل به همین شکل است.");
+    case Category::DiskFull:
+        return QStringLiteral("فضای دیسک پایگاه داده پر شده است. اطلاعات ذخیره شده قبلی سالم است؛ لطفا فضا آزاد نمایید.");
+    case Category::NoCurrentRow:
+        return QStringLiteral("این ردیف دیگر وجود ندارد.");
+    case Category::Other:
+        break;
+    }
+    return QStringLiteral("خطایی در پایگاه داده رخ داد. جزئیات در گزارش رویدادها ثبت شد.");
+}
+
+CMySQLException::Category CMySQLException::categoryOf(unsigned int serverCode)
+{
+    struct Row { unsigned int code; Category category; };
+    static constexpr Row table[] = {
+        {CR_SERVER_GONE_ERROR, Category::ConnectionLost},
+        {CR_SERVER_LOST, Category::ConnectionLost},
+        {CR_CONNECTION_ERROR, Category::ConnectionLost},
+        {CR_CONN_HOST_ERROR, Category::ConnectionLost},
+        {CR_UNKNOWN_HOST, Category::ConnectionLost},
+        {CR_SERVER_LOST_EXTENDED, Category::ConnectionLost},
+        {CR_COMMANDS_OUT_OF_SYNC, Category::Other},
+        {ER_SERVER_SHUTDOWN, Category::ConnectionLost},
+        {ER_NORMAL_SHUTDOWN, Category::ConnectionLost},
+        {ER_CONNECTION_KILLED, Category::ConnectionLost},
+        {ER_DUP_ENTRY, Category::DuplicateKey},
+        {ER_DUP_ENTRY_WITH_KEY_NAME, Category::DuplicateKey},
+        {ER_DUP_KEY, Category::DuplicateKey},
+        {ER_LOCK_DEADLOCK, Category::LockConflict},
+        {ER_LOCK_WAIT_TIMEOUT, Category::LockConflict},
+        {ER_DATA_TOO_LONG, Category::ValueTooLong},
+        {ER_WARN_DATA_OUT_OF_RANGE, Category::ValueTooLong},
+        {ER_TRUNCATED_WRONG_VALUE_FOR_FIELD, Category::BadCharacter},
+        {ER_INVALID_CHARACTER_STRING, Category::BadCharacter},
+        {ER_PARSE_ERROR, Category::BadStatement},
+        {ER_SYNTAX_ERROR, Category::BadStatement},
+        {ER_NO_SUCH_TABLE, Category::BadStatement},
+        {ER_BAD_TABLE_ERROR, Category::BadStatement},
+        {ER_BAD_FIELD_ERROR, Category::BadStatement},
+        {ER_DUP_FIELDNAME, Category::AlreadySo},
+        {ER_TABLE_EXISTS_ERROR, Category::AlreadySo},
+        {ER_DUP_KEYNAME, Category::AlreadySo},
+        {ER_CANT_DROP_FIELD_OR_KEY, Category::AlreadySo},
+        {ER_DISK_FULL, Category::DiskFull},
+        {ER_RECORD_FILE_FULL, Category::DiskFull},
+    };
+    for (const Row &row : table) {
+        if (row.code == serverCode)
+            return row.category;
+    }
+    return Category::Other;
+}

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/KTransaction.h"
+
+#include "auto/db/KConnection.h"
+
+namespace {
+constexpr int mostReplays = 5;
+}
+
+KTransaction::KTransaction(int database)
+    : m_connection(KConnection::forThread(database))
+    , m_outermost(m_connection.m_transactionDepth == 0)
+{
+    if (m_outermost) {
+        m_connection.m_rollbackOnly = false;
+        m_connection.run(QByteArrayLiteral("START TRANSACTION"));
+    }
+    ++m_connection.m_transactionDepth;
+}
+
+KTransaction::~KTransaction()
+{
+    if (m_done)
+        return;
+    m_connection.m_rollbackOnly = true;
+    if (!m_outermost) {
+        --m_connection.m_transactionDepth;
+        return;
+    }
+    try {
+        // A lost connection has been rolled back by the server already.
+        if (m_connection.m_handle)
+            m_connection.run(QByteArrayLiteral("ROLLBACK"));
+    } catch (const CMySQLException &) {
+        m_connection.close();
+    }
+    --m_connection.m_transactionDepth;
+}
+
+void KTransaction::commit()
+{
+    if (m_outermost) {
+        if (m_connection.m_rollbackOnly)
+            throw CMySQLException(CMySQLException::Category::Other, 0,
+                                  QStringLiteral("a part of this unit of work was given up, so none of it is kept"));
+        m_connection.run(QByteArrayLiteral("COMMIT"));
+    }
+    --m_connection.m_transactionDepth;
+    m_done = true;
+}
+
+void KTransaction::runReplayable(const std::function<void()> &work, int database)
+{
+    const bool mayReplay = !KConnection::forThread(database).inTransaction();
+    for (int attempt = 0;; ++attempt) {
+        try {
+            KTransaction transaction(database);
+            work();
+            transaction.commit();
+            return;
+        } catch (const CMySQLException &error) {
+            if (error.category() != CMySQLException::Category::LockConflict || !mayReplay || attempt >= mostReplays)
+                throw;
+        }
+    }
+}
