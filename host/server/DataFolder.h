@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+// The folder that holds everything of one office:
+//   database/      the server's files            client.cnf   account of the private server, mode 0600
+//   backups/       dumps                         server.cnf   the server's options, written anew at every start
+//   logs/          server.log and program.log    server-state.json   version and end of the last server
+//   settings/      settings of this office's program on this computer
+// Sockets do not live here but in the user's runtime folder, because a socket's path may only be about 100 bytes long.
+class DataFolder
+{
+public:
+    // A relative path counts from the current folder. Creates nothing.
+    explicit DataFolder(const QString &path);
+
+    // Where an office's data lie unless the user says otherwise.
+    static QString defaultPath();
+    // The made-up office has a folder of its own beside it.
+    static QString demoPath();
+
+    // Absolute; links of the existing part are resolved, so that one folder has one name.
+    QString path() const { return m_path; }
+    QString databasePath() const { return m_path + QStringLiteral("/database"); }
+    QString backupsPath() const { return m_path + QStringLiteral("/backups"); }
+    QString logsPath() const { return m_path + QStringLiteral("/logs"); }
+    QString settingsPath() const { return m_path + QStringLiteral("/settings"); }
+    QString settingsFile() const { return settingsPath() + QStringLiteral("/tzhost.ini"); }
+    QString clientConfigPath() const { return m_path + QStringLiteral("/client.cnf"); }
+    QString serverConfigPath() const { return m_path + QStringLiteral("/server.cnf"); }
+    QString statePath() const { return m_path + QStringLiteral("/server-state.json"); }
+    QString serverLogPath() const { return logsPath() + QStringLiteral("/server.log"); }
+    QString previousServerLogPath() const { return logsPath() + QStringLiteral("/server-previous.log"); }
+
+    // Makes the folder and its parts with mode 0700 where they are missing and checks that they can be written.
+    // Throws ServerError FolderNotWritable or DiskFull.
+    void create() const;
+
+    // A path for a socket of this folder in the user's runtime folder (made with mode 0700 when missing), at most 100
+    // bytes long. The same folder and purpose always give the same path. purpose is a short ASCII word. Throws
+    // ServerError FolderNotWritable when no safe runtime folder can be had.
+    QString socketPath(const QString &purpose) const;
+
+    // The sentence for a full disk under this folder; also fit for a DiskFull database error.
+    QString diskFullMessage() const;
+
+private:
+    QString m_path;
+};

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KConnection.h"
+#include "host/server/DataFolder.h"
+#include "host/server/ServerError.h"
+#include "host/server/ServerPrograms.h"
+
+#include <QObject>
+#include <QProcess>
+
+#include <functional>
+#include <memory>
+
+namespace platform {
+class FileLock;
+}
+
+// The private database server of one data folder: mariadbd as a child of this program, reached only through a socket
+// that belongs to the user. It never outlives the program, however that ends.
+class EmbeddedServer final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        ServerPrograms programs = ServerPrograms::installed();
+        int startLimitMilliseconds = 30000;
+        int bufferPoolMiB = 64;
+        int redoLogMiB = 96;
+        // For tests only: nothing is forced to the disk, a power failure may lose everything.
+        bool unsafeButFast = false;
+    };
+
+    // Called with the Persian text of what is being waited for, at once and then about twenty times a second while it
+    // lasts, so that a splash can be repainted. What it throws passes through start or stop, which leave no
+    // half-started server.
+    using Progress = std::function<void(const QString &waitingFor)>;
+
+    explicit EmbeddedServer(const DataFolder &folder, QObject *parent = nullptr);
+    EmbeddedServer(const DataFolder &folder, const Options &options, QObject *parent = nullptr);
+    // Stops the server cleanly.
+    ~EmbeddedServer() override;
+
+    // Makes the folder and the database where they are missing, clears what an earlier program left behind, brings the
+    // database to the installed server's version (after a dump) and starts the server. On return it answers. Call it
+    // from a thread that lives as long as the program (the main thread): the system ends the server with the thread
+    // that started it. Does nothing when the server runs. Throws ServerError; no process is left then.
+    void start(const Progress &progress = {});
+    // Ends the server cleanly: everything is on disk on return. A server that does not end within the limit is killed,
+    // which costs a recovery at the next start but no saved data. Does nothing when it does not run.
+    void stop(const Progress &progress = {});
+    // stop and start; after an unexpected end it just starts again.
+    void restart(const Progress &progress = {});
+
+    bool isRunning() const;
+    qint64 processId() const { return m_process.processId(); }
+    // How the program reaches its database; valid after start and unchanged by restart.
+    KConnectionSettings connectionSettings() const { return m_settings; }
+    const DataFolder &folder() const { return m_folder; }
+    // As the running server tells it, such as "10.11.14-MariaDB-0+deb12u2".
+    QString version() const { return m_version; }
+
+    // Name of the database and of the account in client.cnf.
+    static QString databaseName() { return QStringLiteral("tzauto"); }
+
+Q_SIGNALS:
+    // The running server ended without stop having been called. message is one Persian sentence, detail is for the log.
+    // The program tells the user once and calls restart(); connections open again by themselves on next use.
+    void endedUnexpectedly(const QString &message, const QString &detail);
+
+private:
+    void prepare(const Progress &progress);
+    void endLeftovers(const Progress &progress);
+    void loadOrMakeAccount(const Progress &progress);
+    void launch(const Progress &progress);
+    void waitUntilReady(const Progress &progress);
+    void upgradeIfNeeded(const Progress &progress);
+    void runUpgrade(const Progress &progress);
+    void endProcess(const Progress &progress);
+    void processFinished(int exitCode, QProcess::ExitStatus status);
+    ServerError errorFromLog(ServerError::Kind otherwise, const QString &detail) const;
+
+    DataFolder m_folder;
+    Options m_options;
+    std::unique_ptr<platform::FileLock> m_lock;
+    QProcess m_process;
+    KConnectionSettings m_settings;
+    QString m_version;
+    bool m_expectedToRun = false;
+};

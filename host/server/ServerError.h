@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <exception>
+
+// What keeps the private server, its data folder or a backup from working. Carries one Persian sentence for the person
+// at the screen (what is wrong and what to do, naming the folder or file) and the technical detail for the log.
+class ServerError : public std::exception
+{
+public:
+    enum class Kind {
+        FolderNotWritable, // the data folder cannot be made or written to
+        InUse, // another program holds the data folder
+        ProgramMissing, // mariadbd or one of its tools is not installed
+        DidNotStart, // the server ended while starting
+        Timeout, // the server did not answer within the limit
+        EndedUnexpectedly, // the server ended while the program was using it
+        DiskFull, // no room left on the folder's disk
+        Damaged, // the database folder is there but is none
+        OlderServer, // the folder was last used by a newer server than the installed one
+        UpgradeFailed, // the folder could not be brought to the installed server's version
+        DumpFailed, // a backup or its restoration failed
+        Cancelled // the progress callback asked to stop
+    };
+
+    ServerError(Kind kind, const QString &userMessage, const QString &detail = {});
+
+    Kind kind() const { return m_kind; }
+    // One Persian sentence.
+    QString userMessage() const { return m_userMessage; }
+    // For the log: file names, exit codes, the server's last words. Never holds a password.
+    QString detail() const { return m_detail; }
+    const char *what() const noexcept override { return m_utf8.constData(); }
+
+private:
+    Kind m_kind;
+    QString m_userMessage;
+    QString m_detail;
+    QByteArray m_utf8;
+};
