@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+class KDialogTabPage;
+
+// A modal window around one page: picking a row of a list from another window. Owns the page.
+class TZUTILITY_EXPORT KDialogHolder : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit KDialogHolder(KDialogTabPage *page, QWidget *parent = nullptr);
+
+    KDialogTabPage *page() const { return m_page; }
+
+    // Rejected at once, and nothing shown, when the page refuses access.
+    int exec() override;
+    void done(int result) override;
+
+protected:
+    bool OnOK() override;
+
+private:
+    KDialogTabPage *m_page;
+    bool m_closed = false;
+};

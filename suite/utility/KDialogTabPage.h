@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include "suite/utility/TzUtilityExport.h"
+
+// Base of a page of the tabbed work area. The same page can be shown in a KDialogHolder when another window picks a row
+// of it.
+//
+// Who shows a page asks OnAccess first, destroys a page that refuses without showing it, and calls OnClosing once
+// before it destroys a page that was shown.
+class TZUTILITY_EXPORT KDialogTabPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit KDialogTabPage(QWidget *parent = nullptr);
+
+    QString title() const { return m_title; }
+    void setTitle(const QString &title);
+
+    // Whether the user may see the page; a refusal has told the user why.
+    virtual bool OnAccess();
+    // The page's OK step when a window holds it. False keeps that window open.
+    virtual bool OnOK();
+    // The page is about to go: the place to write its settings.
+    virtual void OnClosing();
+
+Q_SIGNALS:
+    // The page asks its holder or its tab to close it.
+    void closeRequested();
+    // The page asks its holder to do what the OK button does (a double click in select mode).
+    void okRequested();
+    void titleChanged(const QString &title);
+
+private:
+    QString m_title;
+};

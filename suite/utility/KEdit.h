@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+#include "suite/utility/TzUtilityExport.h"
+
+// The suite's entry line.
+//
+// The number kinds read left to right inside a box aligned right, take Persian, Arabic and ASCII digits, drop what
+// cannot belong to a number, and show an amount grouped by three while it is typed. What is out of range stays as typed
+// and is marked; entryError tells why.
+class TZUTILITY_EXPORT KEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    enum class Kind {
+        Text, // free text; setMaxLength limits it
+        QueryText, // free text for a statement's LIKE: use queryText
+        Money, // 0 and above unless setRange says otherwise, in the decimals of the office's money unit
+        Percent, // 0 to 100, at most four decimals
+        Integer // whole number, 0 and above unless setRange says otherwise
+    };
+
+    explicit KEdit(QWidget *parent = nullptr);
+    explicit KEdit(Kind kind, QWidget *parent = nullptr);
+
+    Kind kind() const { return m_kind; }
+    // Also sets the kind's own range and decimals. Empties the line of a number kind.
+    void setKind(Kind kind);
+
+    double minimum() const { return m_minimum; }
+    double maximum() const { return m_maximum; }
+    void setRange(double minimum, double maximum);
+    // Decimals that may be typed; -1 (Money at start) follows the office's money unit.
+    void setDecimals(int decimals);
+
+    // The entered number; 0 for an empty line; always within the range, whatever the line shows. A number that was set
+    // comes back exactly as it was set, though shown rounded, until the line is edited.
+    double number() const;
+    int integer() const;
+    // Shows the number; not an edit, so numberEdited stays silent.
+    void setNumber(double number);
+
+    // The text for use inside '...' after LIKE: quote, backslash, % and _ stand for themselves.
+    QString queryText() const;
+
+    // False while the line shows a number out of range.
+    bool isEntryValid() const { return m_error.isEmpty(); }
+    // Why the entry is refused, in words for the user; empty when it is not.
+    QString entryError() const { return m_error; }
+
+Q_SIGNALS:
+    // The number changed in any way but setNumber: typing, pasting, setText, a screen reader.
+    void numberEdited(double number);
+    // The number changed, by setNumber too. Comes before numberEdited.
+    void numberChanged(double number);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    bool isNumberKind() const;
+    int decimals() const;
+    QString displayText(double number) const;
+    void takeText(const QString &text);
+    void showText(const QString &text, int caret);
+    void checkRange(double entered);
+
+    Kind m_kind = Kind::Text;
+    double m_minimum = 0;
+    double m_maximum = 0;
+    int m_decimals = -1;
+    double m_number = 0;
+    QString m_error;
+    bool m_showing = false;
+    bool m_selectOnRelease = false;
+};

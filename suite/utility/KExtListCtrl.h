@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+#include <QTimer>
+#include <QTreeView>
+
+#include "suite/utility/KListModel.h"
+#include "suite/utility/TzUtilityExport.h"
+
+// The suite's list: columns that the user sizes and orders, rows known by their record's key, one row selected at most.
+// The order of the rows is the caller's; a click on a title only reports the column.
+class TZUTILITY_EXPORT KExtListCtrl : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit KExtListCtrl(QWidget *parent = nullptr);
+    ~KExtListCtrl() override;
+
+    // Lays the columns out as given and then as the user left them, when a setting name is known.
+    void setColumns(const QVector<KListModel::Column> &columns);
+    // Section of the user's settings that keeps widths and order, such as "AutomobilContracts\\List".
+    void SetSettingName(const QString &name);
+
+    KListModel *listModel() const { return m_model; }
+    // Replaces all rows; no row is selected afterwards.
+    void setRows(QVector<KListModel::Row> rows);
+    bool removeKey(int key);
+    int count() const;
+
+    // -1 and 0 when no row is selected.
+    int currentRow() const;
+    int currentKey() const;
+    // Selects and scrolls to the row; a row or key that does not exist clears the selection.
+    void selectRow(int row);
+    bool selectKey(int key);
+
+    // The shown text of a cell.
+    QString cellText(int row, int column) const;
+    void setColumnTitle(int column, const QString &title);
+
+Q_SIGNALS:
+    // Double click or Enter on a row.
+    void rowActivated(int key);
+    // Double click beside the rows.
+    void emptyAreaActivated();
+    // Right click on a row, which is selected by it.
+    void rowRightClicked(int key);
+    // 0: no row is selected any more.
+    void currentKeyChanged(int key);
+    void columnClicked(int column);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
+
+private:
+    void reportKey();
+    void applyLayout();
+    void saveLayout();
+    void copyRow() const;
+
+    KListModel *m_model;
+    QString m_settingName;
+    QTimer m_saveTimer;
+    bool m_applyingLayout = false;
+    int m_reportedKey = 0;
+    int m_rightPressedKey = 0;
+};

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QString>
+#include <QVariant>
+#include <QVector>
+
+#include "suite/utility/TzUtilityExport.h"
+
+// Rows of a list: every cell a shown text and the raw value behind it, every row its record's key.
+class TZUTILITY_EXPORT KListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        SortRole = Qt::UserRole, // the raw value; the text when the cell has none
+        KeyRole // the row's key
+    };
+
+    struct Column
+    {
+        QString title;
+        Qt::Alignment alignment = Qt::AlignRight; // as it is seen, not mirrored
+        int width = 80; // dialog units: quarters of the font's average character
+        QString sortKey; // what a click sorts by; empty: it does not sort
+        bool isDate = false;
+    };
+
+    // The value may stay empty. Dates and numbers given as value are drawn left to right.
+    struct Cell
+    {
+        QString text;
+        QVariant value = {};
+    };
+
+    struct Row
+    {
+        int key = 0;
+        QVector<Cell> cells;
+    };
+
+    explicit KListModel(QObject *parent = nullptr);
+
+    void setColumns(const QVector<Column> &columns);
+    const QVector<Column> &columns() const { return m_columns; }
+    void setColumnTitle(int column, const QString &title);
+
+    // All rows at once, with one reset; the way to fill a list. A row with fewer cells than columns is empty at its
+    // end.
+    void setRows(QVector<Row> rows);
+    void appendRow(Row row);
+    // False when no row has the key.
+    bool removeKey(int key);
+    void clear();
+
+    // 0 when there is no such row.
+    int keyAt(int row) const;
+    // -1 when no row has the key.
+    int rowOfKey(int key) const;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    const Cell *cellAt(const QModelIndex &index) const;
+
+    QVector<Column> m_columns;
+    QVector<Row> m_rows;
+};
