@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+// The numbers of the chart of accounts that the code posts to, and the kinds of accounting documents. The chart itself,
+// with the names, is seeded by SuiteSchema. A general account (kol) has four digits; a subsidiary account (moeen) has six
+// and begins with its general account.
+namespace Accounts {
+
+inline constexpr int cashKol = 1101;
+inline constexpr int bankKol = 1102;
+inline constexpr int personsKol = 1103;
+inline constexpr int payableKol = 2105;
+inline constexpr int incomeKol = 4102;
+inline constexpr int taxExpenseKol = 6105;
+
+inline constexpr int cash = 110101;
+inline constexpr int bank = 110201;
+inline constexpr int persons = 110301;
+inline constexpr int taxPayable = 210501;
+inline constexpr int dutyPayable = 210502;
+inline constexpr int commissionIncome = 410202;
+inline constexpr int taxExpense = 610502;
+inline constexpr int dutyExpense = 610503;
+
+// The general account above a subsidiary one.
+constexpr int kolOf(int moeen) { return moeen / 100; }
+
+// Documents.iKind
+inline constexpr int documentKindReceipt = 3;
+inline constexpr int documentKindContract = 28;
+
+}

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+class KDialogTabPage;
+class QWidget;
+
+// Where tab pages go: the host's tabbed work area.
+class TZACCOUNTING_EXPORT KTabHost
+{
+public:
+    virtual ~KTabHost();
+    // Takes ownership of the page and shows it as a tab.
+    virtual void addPage(KDialogTabPage *page) = 0;
+};
+
+// The open database as the windows see it: who works, in which fiscal year, in which money, and whether changes are allowed.
+// What every user of the database shares is read from Properties, so that a change of another user counts at once.
+// Used on the user-interface thread.
+class TZACCOUNTING_EXPORT CDBSetting
+{
+public:
+    struct Department
+    {
+        int id = 0;
+        QString name;
+    };
+
+    CDBSetting();
+    ~CDBSetting();
+    CDBSetting(const CDBSetting &) = delete;
+    CDBSetting &operator=(const CDBSetting &) = delete;
+
+    // Makes the user the current one (CTblUsers::verify tells whether they may). False when there is no such active user.
+    bool Login(int userID);
+    void Logout();
+    bool IsLoggedIn() const { return m_userID > 0; }
+    // 0 and empty before a login.
+    int GetUserID() const { return m_userID; }
+    // The name that the person types to log in.
+    QString GetUserName() const { return m_userName; }
+    // The person's own name; the login name when there is none.
+    QString GetUserFullName() const { return m_userFullName; }
+    bool IsAdmin() const { return m_admin; }
+
+    // A closed database is only read: every command that changes data is hidden or refused.
+    bool IsClosedDB() const;
+    void SetClosedDB(bool closed);
+    // Throws KAccountingError when the database is closed.
+    void RequireOpenDB() const;
+
+    // Now, by the server's clock. Wall-clock time held in Qt::UTC, as record sets hold it.
+    QDateTime GetDBServerDate() const;
+
+    // For example "ریال".
+    QString MoneyUnitName() const;
+    void SetMoneyUnitName(const QString &name);
+    // Decimals that amounts are shown with, 0 to 4. Setting it makes it DToMoney's default in this program too.
+    int MoneyDecimals() const;
+    void SetMoneyDecimals(int decimals);
+
+    // The Shamsi year whose documents are written now; the current Shamsi year until one is set.
+    int FiscalYear() const;
+    void SetFiscalYear(int shamsiYear);
+    // The day on which the fiscal year's books open; the first day of FiscalYear() until one is set.
+    QDateTime FiscalYearOpeningDate() const;
+    void SetFiscalYearOpeningDate(const QDateTime &date);
+
+    QList<Department> Departments() const;
+    // The department that new records belong to: the first one; 0 when there is none.
+    int GetDepartmentID() const;
+
+    void SetTabHost(KTabHost *host) { m_tabHost = host; }
+    KTabHost *TabHost() const { return m_tabHost; }
+    // Shows the page as a tab of the host, which owns it from then on. A null page shows nothing. A page whose OnAccess
+    // refuses, or for which there is no host, is destroyed without being shown. The two numbers are kept for callers
+    // that tell them apart; this suite opens every page the same way.
+    void AddDialogToTabPage_(KDialogTabPage *page, int kind, int reserved);
+
+    // Opens the window that receives an amount from a person in cash or to a bank account. True when a receipt was saved.
+    bool CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent);
+
+private:
+    int m_userID = 0;
+    QString m_userName;
+    QString m_userFullName;
+    bool m_admin = false;
+    KTabHost *m_tabHost = nullptr;
+};
+
+// The one object of the program.
+TZACCOUNTING_EXPORT CDBSetting *GetDBSetting();

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/KDialog.h"
+
+class KDateEdit;
+class KEdit;
+class QComboBox;
+class QLabel;
+
+// Receives an amount from one person into a cash or bank account ("دریافت نقدی").
+class TZACCOUNTING_EXPORT CDlgCashFromPerson : public KDialog
+{
+    Q_OBJECT
+
+public:
+    CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent = nullptr);
+    ~CDlgCashFromPerson() override;
+
+    // Number of the document that was written; 0 until then.
+    int docNum() const { return m_docNum; }
+
+    bool OnOK() override;
+
+private:
+    void build(const QString &personName);
+    void fillAccounts();
+    void showWords(double amount);
+
+    int m_personID;
+    int m_docNum = 0;
+    KEdit *m_person;
+    KEdit *m_amount;
+    QLabel *m_words;
+    KEdit *m_desc;
+    KDateEdit *m_date;
+    QComboBox *m_account;
+};

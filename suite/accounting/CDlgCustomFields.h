@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/KDialogTabPage.h"
+
+#include <memory>
+#include <vector>
+
+class CustomFieldInput;
+class QFormLayout;
+class QLabel;
+class QPushButton;
+class QWidget;
+
+// Editor page of the fields that the office added to a record kind. Nothing is read before the page is first shown, and a
+// page that was never shown saves nothing.
+class TZACCOUNTING_EXPORT CDlgCustomFields : public KDialogTabPage
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgCustomFields(QWidget *parent = nullptr);
+    ~CDlgCustomFields() override;
+
+    // The record kind (RecordKinds.h) and the record's key; 0 for a record that is not stored yet.
+    void bind(int table, int recordID);
+    void setReadOnly(bool readOnly);
+    // Whether the page was shown, and so holds values to validate and save.
+    bool isOpened() const { return m_opened; }
+
+    // Reads fields and values again.
+    void load();
+    // False after showing a message about the first invalid field, which then has the focus. True for a page never shown.
+    [[nodiscard]] bool validate();
+    // Writes the values for the record inside the caller's transaction; nothing for a page never shown or read-only.
+    void save(int recordID);
+
+    // Opens the definition of the record kind's fields, then loads the page again; what was typed stays. Refused without
+    // the right to modify form "CustomFields" and in a closed database.
+    void defineFields();
+
+    bool OnAccess() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void clearInputs();
+    QHash<int, QString> typedValues() const;
+
+    int m_table = 0;
+    int m_recordID = 0;
+    bool m_readOnly = false;
+    bool m_opened = false;
+    std::vector<std::unique_ptr<CustomFieldInput>> m_inputs;
+    QWidget *m_fields = nullptr;
+    QFormLayout *m_form = nullptr;
+    QLabel *m_empty = nullptr;
+    QPushButton *m_defineButton = nullptr;
+};

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QHash>
+
+// Values of custom fields, one row per field and record. A value is a text whatever the field's type is: numbers as
+// "1234.5", dates as "2026-11-20", yes and no as "1" and "0". A field without a value has no row.
+class TZACCOUNTING_EXPORT CTblCustomFieldRecords : public KMySQL, private KLiveCount<CTblCustomFieldRecords>
+{
+public:
+    using KLiveCount<CTblCustomFieldRecords>::liveCount;
+
+    explicit CTblCustomFieldRecords(int database = 0);
+    ~CTblCustomFieldRecords() override;
+    QString GetTableName() const override;
+
+    // Value per field key of one record.
+    static QHash<int, QString> values(int table, int recordID, int database = 0);
+    // Replaces the record's values; joins the caller's transaction.
+    static void setValues(int table, int recordID, const QHash<int, QString> &values, int database = 0);
+    // Deletes the values of one record; fieldID 0: of every field.
+    static void DeleteAllRelatedRecords(int table, int recordID, int fieldID, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iFieldID = 0;
+    qint32 m_iTable = 0;
+    qint32 m_iRecordID = 0;
+    QString m_sValue;
+
+protected:
+    void DoFieldExchange() override;
+};

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+// Fields that an office adds to the records of one kind.
+class TZACCOUNTING_EXPORT CTblCustomFields : public KMySQL, private KLiveCount<CTblCustomFields>
+{
+public:
+    using KLiveCount<CTblCustomFields>::liveCount;
+
+    // Stored in iType.
+    enum Type : int {
+        Text = 0,
+        Number = 1,
+        Date = 2,
+        YesNo = 3
+    };
+
+    explicit CTblCustomFields(int database = 0);
+    ~CTblCustomFields() override;
+    QString GetTableName() const override;
+
+    // Persian names by position.
+    static const QStringList &typeNames();
+    // Defines a field; the key of it. Throws KAccountingError for an empty name or one that the record kind already has.
+    static int define(int table, const QString &name, Type type, int database = 0);
+    static void rename(int fieldID, const QString &name, int database = 0);
+    // Deletes the field with the values that records hold for it, in one transaction.
+    static void remove(int fieldID, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iTable = 0;    // record kind
+    QString m_sName;
+    qint32 m_iType = 0;
+
+protected:
+    void DoFieldExchange() override;
+};

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+// A row to be added to an accounting document. Amounts are in the money unit, never negative, and only one of them is above 0.
+struct DocRow
+{
+    int docNum = 0;
+    int fiscalYear = 0;
+    int hesabKol = 0;
+    int hesabMoeen = 0;
+    int hesabTafsily = 0;   // 0: none
+    int personID = 0;       // 0: none
+    double bed = 0;         // debit
+    double bes = 0;         // credit
+    QString desc;
+};
+
+// Rows of the accounting documents.
+class TZACCOUNTING_EXPORT CTblDocs : public KMySQL, private KLiveCount<CTblDocs>
+{
+public:
+    using KLiveCount<CTblDocs>::liveCount;
+
+    explicit CTblDocs(int database = 0);
+    ~CTblDocs() override;
+    QString GetTableName() const override;
+
+    // Adds the row; the key of it. Joins the caller's transaction. Throws KAccountingError for a row that no document may
+    // hold: no document number, a negative amount, amounts on both sides, a subsidiary account under another general one.
+    static int AddRecord(const DocRow &row, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iDocNum = 0;
+    qint32 m_iFiscalYear = 0;
+    qint32 m_iHesabKolCode = 0;
+    qint32 m_iHesabMoeenCode = 0;
+    qint32 m_iHesabTafsilyCode = 0;
+    qint32 m_iPersonID = 0;
+    double m_dBed = 0;
+    double m_dBes = 0;
+    QString m_sDesc;
+
+protected:
+    void DoFieldExchange() override;
+};

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+// Headers of the accounting documents. A document is known by its number within its fiscal year; number 0 means no
+// document, and every operation here accepts it and then does nothing.
+class TZACCOUNTING_EXPORT CTblDocuments : public KMySQL, private KLiveCount<CTblDocuments>
+{
+public:
+    using KLiveCount<CTblDocuments>::liveCount;
+
+    explicit CTblDocuments(int database = 0);
+    ~CTblDocuments() override;
+    QString GetTableName() const override;
+
+    // Adds a header with the next number of the fiscal year and gives that number; 0 when the database is closed or the
+    // fiscal year is below 1. Joins the caller's transaction; until that ends, nobody else draws a number of the
+    // database, so that no two documents share one and a rollback leaves no gap. kind: see Accounts.h.
+    [[nodiscard]] static int AddDoc(int kind, const QDateTime &date, const QString &desc, int fiscalYear, int database = 0);
+    // Gives an existing header a new date and description. False when there is no such document or the database is closed.
+    static bool EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database = 0);
+    // Deletes the document's rows and keeps its header.
+    static void EmptyDoc(int num, int fiscalYear, int database = 0);
+    // Deletes the document with its rows. kind and userID, when not 0, must be those of the header, else nothing is
+    // deleted; a reason that is not empty is written to the log.
+    static void DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database = 0);
+    // Throws KAccountingError unless debit and credit of the rows are equal (IsEquals) and every row stands on an account
+    // of the chart. To be called before the transaction that wrote the rows is committed.
+    static void RequireBalanced(int num, int fiscalYear, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iNum = 0;
+    qint32 m_iFiscalYear = 0;
+    qint32 m_iKind = 0;
+    QDateTime m_date;
+    QString m_sDesc;
+    qint32 m_iUserID = 0;
+    qint32 m_iStatus = 0;
+
+protected:
+    void DoFieldExchange() override;
+};

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KLongBinary.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QList>
+
+// Files attached to records. General files are everybody's, personal ones only the user's who attached them.
+class TZACCOUNTING_EXPORT CTblFileDocs : public KMySQL, private KLiveCount<CTblFileDocs>
+{
+public:
+    using KLiveCount<CTblFileDocs>::liveCount;
+
+    // Stored in iScope.
+    enum Scope : int {
+        General = 0,
+        Personal = 1
+    };
+    struct FileInfo
+    {
+        int id = 0;
+        QString name;
+        QDateTime created;
+        int userID = 0;
+    };
+
+    // Largest file that is kept: 25 MiB.
+    static constexpr qint64 maxFileBytes = 25 * 1024 * 1024;
+
+    explicit CTblFileDocs(int database = 0);
+    ~CTblFileDocs() override;
+    QString GetTableName() const override;
+
+    // The record's files without their contents, oldest first; userID counts for personal files only.
+    static QList<FileInfo> list(int table, int recordID, Scope scope, int userID, int database = 0);
+    // Keeps a file for the record under the file's own name; the key of its row. Throws KAccountingError for a file that
+    // cannot be read, is empty or is too large (for this program or for the server), and in a closed database.
+    static int addFile(int table, int recordID, Scope scope, int userID, const QString &path, int database = 0);
+    // Name and contents; false when the file is gone or is another user's personal one.
+    static bool content(int id, int userID, QString *name, QByteArray *data, int database = 0);
+    // Deletes one file that the user may see. True when it is gone.
+    static bool deleteFile(int id, int userID, int database = 0);
+    // Deletes the files of one record, of both scopes; userID 0: of every user.
+    static void DeleteAllRelatedRecords(int table, int recordID, int userID, int database = 0);
+
+    // The name as it may be given to a file on any system: no folders, no control characters, no reserved names.
+    static QString safeFileName(const QString &name);
+
+    qint32 m_iID = 0;
+    qint32 m_iTable = 0;
+    qint32 m_iRecordID = 0;
+    qint32 m_iScope = 0;
+    qint32 m_iUserID = 0;
+    QString m_sName;
+    KLongBinary m_oData;
+    QDateTime m_dateCreate;
+
+protected:
+    void DoFieldExchange() override;
+};

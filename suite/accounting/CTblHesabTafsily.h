@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+// Detail accounts under a subsidiary one.
+class TZACCOUNTING_EXPORT CTblHesabTafsily : public KMySQL, private KLiveCount<CTblHesabTafsily>
+{
+public:
+    using KLiveCount<CTblHesabTafsily>::liveCount;
+
+    explicit CTblHesabTafsily(int database = 0);
+    ~CTblHesabTafsily() override;
+    QString GetTableName() const override;
+
+    qint32 m_iID = 0;
+    qint32 m_iCode = 0;
+    QString m_sName;
+    qint32 m_iStatus = 0;
+    qint32 m_iHesabMoeenCode = 0;
+
+protected:
+    void DoFieldExchange() override;
+};

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <optional>
+
+// The people who may log in. Passwords are kept as Argon2id hashes and never leave this class.
+class TZACCOUNTING_EXPORT CTblUsers : public KMySQL, private KLiveCount<CTblUsers>
+{
+public:
+    using KLiveCount<CTblUsers>::liveCount;
+
+    // What one hash costs. An existing hash of another cost is renewed at the user's next login.
+    struct HashCost
+    {
+        unsigned long long operations;
+        std::size_t memoryBytes;
+    };
+
+    explicit CTblUsers(int database = 0);
+    ~CTblUsers() override;
+    QString GetTableName() const override;
+
+    // Adds an active user; the key of the row. Login names differ beyond case. Throws KAccountingError for an empty name
+    // or password or a name that is taken.
+    static int create(const QString &user, const QString &password, const QString &name, bool admin, int database = 0);
+    // The user's key when the password is right and the user active. Takes the same time for a name that does not exist.
+    static std::optional<int> verify(const QString &user, const QString &password, int database = 0);
+    static void setPassword(int userID, const QString &password, int database = 0);
+    // Whether anybody may log in yet; a fresh database has nobody.
+    static bool anyUser(int database = 0);
+    // Whether another active administrator would remain without this user; the last one must stay.
+    static bool hasOtherAdmin(int userID, int database = 0);
+    static QString GetName(int userID, int database = 0);
+
+    // The cost of a login in an office; the least that the algorithm allows, for tests that make many users.
+    static HashCost officeCost();
+    static HashCost leastCost();
+    static void setHashCost(HashCost cost);
+
+    qint32 m_iID = 0;
+    QString m_sUser;
+    QString m_sPasswordHash;
+    QString m_sName;
+    qint32 m_iStatus = 0;   // 0 active, 1 may not log in
+    qint32 m_bAdmin = 0;
+
+protected:
+    void DoFieldExchange() override;
+};

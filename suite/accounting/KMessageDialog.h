@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QQueue>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+// A modal message to the user, right to left, with Persian buttons. It can be answered in advance: then no box appears, what
+// would have been shown is kept, and questions get the answers laid out for them.
+class TZACCOUNTING_EXPORT KMessageDialog
+{
+public:
+    enum class Kind {
+        Warning,
+        Message,
+        Question
+    };
+    enum Answer {
+        Yes,
+        No,
+        Cancel
+    };
+
+    explicit KMessageDialog(Kind kind);
+    KMessageDialog(const KMessageDialog &) = delete;
+    KMessageDialog &operator=(const KMessageDialog &) = delete;
+
+    // Shows the text with the one button "باشه" and waits. Without a parent the active window is it.
+    void Show(const QString &text, QWidget *parent = nullptr);
+    // Asks with "بله" and "خیر"; closing the box or Esc is No, which is also the preset button.
+    [[nodiscard]] Answer Ask(const QString &text, QWidget *parent = nullptr);
+    // Asks with "بله", "خیر" and "انصراف"; closing the box or Esc is Cancel.
+    [[nodiscard]] Answer AskOrCancel(const QString &text, QWidget *parent = nullptr);
+
+    // Gives this answer to the next question, in the order of the calls; no box appears for it.
+    void answerNext(Answer answer);
+    // While on, no box appears at all: questions without a prepared answer are answered Yes. Off also drops the prepared
+    // answers and what was kept.
+    void answerAll(bool on);
+    // The texts that would have been shown since the last call, oldest first.
+    QStringList takeShown();
+
+private:
+    Answer run(const QString &text, QWidget *parent, bool withCancel);
+
+    Kind m_kind;
+    bool m_answerAll = false;
+    QQueue<Answer> m_answers;
+    QStringList m_shown;
+};
+
+TZACCOUNTING_EXPORT extern KMessageDialog *const g_pDlgWarning;
+TZACCOUNTING_EXPORT extern KMessageDialog *const g_pDlgMessage;
+TZACCOUNTING_EXPORT extern KMessageDialog *const g_pDlgYesNo;

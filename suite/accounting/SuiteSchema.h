@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+// The suite's own tables, created and upgraded by numbered steps. The number reached stands in Properties (section "Schema",
+// key "Suite"), beside the version that the dealership module reached (key "TzAuto").
+class TZACCOUNTING_EXPORT SuiteSchema
+{
+public:
+    // Runs every step that the database has not had, in order; a step that fails is run again next time. Safe to call
+    // from two programs at once. Throws CMySQLException, or KAccountingError when the database comes from a newer program.
+    static void upgrade(int database = 0);
+    // To be called after the module's own upgrade: adds what the suite needs in the module's tables. Does nothing a
+    // second time.
+    static void afterModuleUpgrade(int database = 0);
+
+    // Number of the last step that this program knows.
+    static int currentVersion();
+    // Number of the last step that the database has had; 0 for an empty database.
+    static int storedVersion(int database = 0);
+
+    // The version that the module reached, 0 when it never ran.
+    static double moduleVersion(int database = 0);
+    static void setModuleVersion(double version, int database = 0);
+};
