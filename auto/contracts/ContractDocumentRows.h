@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/Commission.h"
+
+#include <QString>
+
+#include <vector>
+
+// Rules of a contract's accounting document: its header text and its rows.
+
+// One side of the contract as the document sees it. Amounts in the suite's money unit.
+struct ContractDocumentParty
+{
+    int personID = 0;           // 0: no person of the suite (typed by hand, or the dealership itself)
+    QString name;
+    PartyKind kind = PartyKind::Ordinary;
+    double discount = 0;
+    double taxPercent = 0;
+    double tax = 0;
+    double dutyPercent = 0;
+    double duty = 0;
+};
+
+struct ContractForDocument
+{
+    int contractType = 0;
+    int number = 0;
+    double commission = 0;
+    ContractDocumentParty first;
+    ContractDocumentParty second;
+};
+
+// A row without its place in a document.
+struct ContractDocumentRow
+{
+    int account = 0;            // subsidiary account (six digits); its general account follows from it
+    int personID = 0;           // on the persons account only, 0 for a party that is no person of the suite
+    double debit = 0;
+    double credit = 0;
+    QString description;
+
+    bool operator==(const ContractDocumentRow &) const = default;
+};
+
+// Header text: the type's name and the contract's number.
+QString contractDocumentDescription(int contractType, int number);
+
+// The rows in pairs, debit before credit, so that every run of pairs balances; a zero amount gives no pair. In order, each
+// for the first and then for the second party:
+//   commission  a party with a person code owes it: party / commission income
+//   discount    of a party with a person code: commission income / party
+//   tax, duty   of every party: party / payable account
+//   tax, duty   of a party that is the dealership itself, again: expense account / party, which clears what the pair
+//               before charged, so that the dealership bears its own tax and duty as an expense
+std::vector<ContractDocumentRow> contractDocumentRows(const ContractForDocument &contract);

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/CTblAutomobilContracts.h"
+
+// Posts the accounting document of a contract.
+namespace ContractPosting {
+
+// The suite's document kind of a contract's document.
+inline constexpr int documentKind = 28;
+
+// Writes the document of the contract whose members are filled (they need not be in the table yet): header text by type
+// and number, date of the contract, rows of contractDocumentRows. A contract that has a document keeps its number and
+// fiscal year, and the rows are written anew; otherwise a document is added in the current fiscal year and iDocNum and
+// iFiscalYear of the contract are set, to be saved by the caller.
+//
+// To be called inside the transaction that saves the contract. When that unit is replayed after a lock conflict, the
+// contract must be loaded again first: iDocNum still names the document that was rolled back.
+//
+// False: the suite gave no document number; nothing more was written. Throws CMySQLException, also for a document that
+// does not balance.
+[[nodiscard]] bool post(CTblAutomobilContracts &contract);
+
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/Commission.h"
+
+// Settings of the contract pages, shared by all users of the database (section "AutomobilContracts").
+struct ContractSettings
+{
+    // What keeps settings from being saved.
+    enum class Problem {
+        None,
+        SecondTierBelowFirst,
+        ThirdTierBelowOthers
+    };
+
+    double taxPercent = 0;        // value-added tax on the commission, 0 to 100
+    double dutyPercent = 0;       // duty on the commission, 0 to 100
+    CommissionTiers tiers;
+    bool archiveDemands = false;  // demands older than demandDays are archived
+    int demandDays = 0;
+
+    // Missing settings are 0. Throw CMySQLException.
+    static ContractSettings load(int database = 0);
+    // Writes all of them or none.
+    void save(int database = 0) const;
+
+    // Equal ceilings are fine; a ceiling within 0.0001 of 0 counts as not given. The third ceiling is looked at even when
+    // the third tier is off.
+    Problem check() const;
+};
