@@ -1,0 +1,86 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# setup.sh against package tools that only write down how they were called.
+
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/assert.sh"
+
+tree=$work/tree
+tools=$work/tools
+calls=$work/calls
+mkdir -p "$tree/scripts" "$tools"
+cp "$source_root/scripts/setup.sh" "$tree/scripts/"
+cat >"$tree/packages.txt" <<'END'
+# comment
+[run]
+server   # with a comment
+icons-dev
+[build]
+compiler
+[font]
+npm
+END
+printf '{ "dependencies": {\n "vazirmatn": "33.0.3"\n} }\n' >"$tree/package.json"
+
+tool() {
+    printf '#!/bin/bash\n%s\n' "$2" >"$tools/$1"
+    chmod +x "$tools/$1"
+}
+# Installed: what stands in the file "installed"; the package "icons" provides icons-dev.
+tool dpkg-query 'shift 3
+if [ "$#" -eq 0 ]; then
+    grep -qx icons "$WORK/installed" && printf "ii \ticons-dev (= 1), other\n"
+    exit 0
+fi
+grep -qx -- "$1" "$WORK/installed" && echo "ii "'
+tool apt-get 'echo "apt-get $*" >>"$WORK/calls"; [ ! -e "$WORK/offline" ]'
+tool sudo 'echo "sudo" >>"$WORK/calls"; exec "$@"'
+tool id 'cat "$WORK/uid"'
+tool npm 'echo "npm $*" >>"$WORK/calls"
+[ -e "$WORK/offline" ] && exit 1
+mkdir -p node_modules/vazirmatn && printf "{\n  \"version\": \"33.0.3\"\n}\n" >node_modules/vazirmatn/package.json'
+
+setup() {
+    : >"$calls"
+    (cd / && WORK=$work PATH=$tools:$PATH "$tree/scripts/setup.sh" "$@")
+}
+called() { grep -qF -- "$1" "$calls"; }
+
+echo 0 >"$work/uid"
+
+printf 'server\nicons\ncompiler\n' >"$work/installed"
+expect_status 0 'everything installed' setup run build
+[ ! -s "$calls" ] || fault "everything installed, and still called: $(cat "$calls")"
+expect_output 'everything installed' 'All 3 packages are there'
+
+printf 'icons\n' >"$work/installed"
+expect_status 0 'two missing' setup run build
+called 'apt-get install -y -q --no-install-recommends server compiler' || fault "two missing: $(cat "$calls")"
+called sudo && fault 'root needs no sudo'
+expect_output 'two missing' 'Installing 2 missing package(s): server compiler'
+
+echo 1000 >"$work/uid"
+expect_status 0 'two missing, not root' setup run build
+called sudo || fault 'not root: sudo was not asked'
+echo 0 >"$work/uid"
+
+touch "$work/offline"
+expect_status 1 'missing and offline' setup run
+expect_output 'missing and offline' 'Could not install: server'
+printf 'server\nicons\ncompiler\n' >"$work/installed"
+expect_status 0 'offline with everything there' setup run build
+[ ! -s "$calls" ] || fault "offline with everything there, and still called: $(cat "$calls")"
+
+expect_status 0 'no font, offline' setup run font
+expect_output 'no font, offline' 'going on with Noto'
+rm "$work/offline"
+expect_status 0 'font fetched' setup run font
+called 'npm ci --ignore-scripts' || fault "font: $(cat "$calls")"
+expect_status 0 'font is there' setup run font
+[ ! -s "$calls" ] || fault "font is there, and still called: $(cat "$calls")"
+
+expect_status 2 'unknown section' setup runn
+expect_output 'unknown section' 'no section [runn]'
+finish
