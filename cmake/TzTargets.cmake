@@ -15,6 +15,10 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 
+# Installed, the libraries and the module have a folder of their own: nobody else links them.
+set(TZ_LIBRARY_DIR lib/tzauto)
+set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${TZ_LIBRARY_DIR}")
+
 find_program(TZ_CCACHE ccache)
 if(TZ_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${TZ_CCACHE}")
@@ -50,7 +54,7 @@ function(tz_suite_library name)
     string(TOUPPER ${name} upper)
     target_compile_definitions(${name} PRIVATE ${upper}_BUILDING)
     target_link_libraries(${name} PUBLIC tz_options ${arg_LINK})
-    install(TARGETS ${name} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/tzauto)
+    install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
 
 # tz_tests(LINK ... [LABELS ...]): every Test*.cpp of the folder becomes one test program of its own name.

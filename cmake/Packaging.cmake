@@ -1,0 +1,49 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# What is installed beside the targets, and the .deb: `cpack --config build/release/CPackConfig.cmake -B build`.
+
+install(FILES packaging/tzhost.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/io.tzauto.tzhost.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES resources/icons/tzauto.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+    RENAME tzhost.svg)
+install(FILES README.md SECURITY.md packaging/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tzauto)
+
+# The runtime section of packages.txt; the linked libraries come from dpkg-shlibdeps.
+file(STRINGS packages.txt lines)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packages.txt)
+set(section "")
+set(runtime_packages "")
+foreach(line IN LISTS lines)
+    string(REGEX REPLACE "[ \t]*#.*$" "" line "${line}")
+    if(line MATCHES "^.run.$")
+        set(section run)
+    elseif(line MATCHES "^[^a-z0-9]")
+        set(section "")
+    elseif(section STREQUAL "run" AND line)
+        list(APPEND runtime_packages "${line}")
+    endif()
+endforeach()
+list(JOIN runtime_packages ", " runtime_packages)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME tzauto)
+set(CPACK_PACKAGE_VENDOR "The TzAuto team")
+set(CPACK_PACKAGE_CONTACT "The TzAuto team <team@tzauto.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "contracts, commissions and accounts of a car dealership")
+set(CPACK_PACKAGE_DESCRIPTION
+    "TzAuto runs the office of a car showroom in Persian, with the Shamsi calendar:
+contracts with the dealer's commission, tax and duty, a balanced accounting
+document behind each of them, persons, users and their rights. It brings its
+own database server, or works with the server of the office.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_RESOURCE_FILE_LICENSE "${PROJECT_SOURCE_DIR}/LICENSE")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "${runtime_packages}")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+include(CPack)
