@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KModuleLoader.h"
+
+#include "suite/accounting/KExtensionModules.h"
+
+#include <QLoggingCategory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcModules, "tz.modules")
+
+}
+
+KModuleLoader::KModuleLoader(const QString &moduleName)
+    : m_name(moduleName)
+{
+}
+
+bool KModuleLoader::load(const QString &libraryPath)
+{
+    if (m_loaded)
+        return true;
+    m_errorText.clear();
+    m_technicalText.clear();
+    KExtensionModules::forgetRefusal();
+    m_library.setFileName(libraryPath);
+    // All symbols at once: a module that lacks one must fail here, not at a click.
+    m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    if (!m_library.load())
+        return fail(QStringLiteral("پرونده افزونه باز نشد."), m_library.errorString());
+    if (!KExtensionModules::isAttached(m_name)) {
+        const QString refusal = KExtensionModules::refusal();
+        m_library.unload();
+        return fail(refusal.isEmpty() ? QStringLiteral("افزونه خود را معرفی نکرد.") : refusal, QString());
+    }
+    m_loaded = true;
+    return true;
+}
+
+bool KModuleLoader::unload()
+{
+    if (!m_loaded || !m_library.unload())
+        return false;
+    m_loaded = false;
+    return true;
+}
+
+QFunctionPointer KModuleLoader::resolve(const char *symbol)
+{
+    return m_loaded ? m_library.resolve(symbol) : nullptr;
+}
+
+bool KModuleLoader::fail(const QString &reason, const QString &technical)
+{
+    m_errorText = QStringLiteral("بارگذاری افزونه «%1» انجام نشد: %2").arg(m_name, reason);
+    m_technicalText = technical;
+    qCWarning(lcModules).noquote() << "module" << m_name << "not loaded from" << m_library.fileName() << technical;
+    return false;
+}
