@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/CAutoDBSetting.h"
+
+#include "auto/SchemaUpgrade.h"
+#include "auto/db/CMySQLException.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+
+namespace {
+
+CAutoDBSetting autoDBSetting;
+
+// For a list whose window this version does not hold.
+void openNoPage()
+{
+    GetDBSetting()->AddDialogToTabPage_(nullptr, 1, 0);
+}
+
+}
+
+CAutoDBSetting::CAutoDBSetting() = default;
+
+CAutoDBSetting::~CAutoDBSetting() = default;
+
+CAutoDBSetting &CAutoDBSetting::operator=(const CAutoDBSetting &)
+{
+    return *this;
+}
+
+int CAutoDBSetting::IsAClosedDB()
+{
+    return GetDBSetting()->IsClosedDB() ? 1 : 0;
+}
+
+int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reachedVersion, bool alterFlag)
+{
+    try {
+        SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
+        return 1;
+    } catch (const CMySQLException &) {
+        g_pDlgMessage->Show(QString::asprintf("عملیات ارتقاء پایگاه داده Auto با خطا مواجه شد\nنسخه برنامه : %f\nارتقاء بدون مشکل تا %f.",
+                                              storedVersion, reachedVersion));
+        return 0;
+    }
+}
+
+void CAutoDBSetting::ShowAutomobilInformationsDlg()
+{
+    openNoPage();
+}
+
+void CAutoDBSetting::ShowAutomobilContractDlg()
+{
+    openNoPage();
+}
+
+void CAutoDBSetting::ShowAutomobilDemandsDlg()
+{
+    openNoPage();
+}
+
+void CAutoDBSetting::ShowAutomobilReportSeasonsDlg()
+{
+    KSecurity security;
+    security.SetFormName(QStringLiteral("AutomobilReportSeasons"));
+    security.CheckSecurity();
+    // This version holds no seasonal report to run once the right is granted.
+    static_cast<void>(security.CheckAccessSecurity(1));
+}
+
+void CAutoDBSetting::Archives() { }
+
+CAutoDBSetting *GetAutoDBSetting()
+{
+    return &autoDBSetting;
+}

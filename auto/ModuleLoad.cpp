@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KExtensionModules.h"
+
+
+namespace {
+
+// Lives as long as the library is loaded: enters the module into the host's chain, and takes it off at unload. A refused
+// module stays out of the chain, by which the host's loader knows that the load has failed.
+class ModuleRecord
+{
+public:
+    ModuleRecord()
+        : m_attached(KExtensionModules::attach(name(), KExtensionModules::frameworkVersion))
+    {
+    }
+
+    ~ModuleRecord()
+    {
+        if (m_attached)
+            KExtensionModules::detach(name());
+    }
+
+    ModuleRecord(const ModuleRecord &) = delete;
+    ModuleRecord &operator=(const ModuleRecord &) = delete;
+
+private:
+    static QString name() { return QStringLiteral("TzAuto"); }
+
+    bool m_attached;
+};
+
+const ModuleRecord moduleRecord;
+
+}
