@@ -8,11 +8,8 @@
 // Posts the accounting document of a contract.
 namespace ContractPosting {
 
-// The suite's document kind of a contract's document.
-inline constexpr int documentKind = 28;
-
-// Writes the document of the contract whose members are filled (they need not be in the table yet): header text by type
-// and number, date of the contract, rows of contractDocumentRows. A contract that has a document keeps its number and
+// Writes the document (kind Accounts::documentKindContract) of the contract whose members are filled (they need not be in the table yet): header text by type
+// and number (iNum, or iCode while the contract has no number of its own), date of the contract, rows of contractDocumentRows. A contract that has a document keeps its number and
 // fiscal year, and the rows are written anew; otherwise a document is added in the current fiscal year and iDocNum and
 // iFiscalYear of the contract are set, to be saved by the caller.
 //

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractDocumentRows.h"
+
+#include "suite/accounting/Accounts.h"
+#include "suite/utility/Money.h"
+
+namespace {
+
+class RowBuilder
+{
+public:
+    void commission(const ContractDocumentParty &party, double amount)
+    {
+        if (party.personID == 0)
+            return;
+        const QString description = QStringLiteral(" کمیسیون پرداختی ") + party.name;
+        pair({Accounts::persons, party.personID, description}, {Accounts::commissionIncome, 0, description}, amount);
+    }
+
+    void discount(const ContractDocumentParty &party, const QString &partyPrefix)
+    {
+        if (party.personID == 0)
+            return;
+        pair({Accounts::commissionIncome, 0, QStringLiteral(" تخفیف به ") + party.name},
+             {Accounts::persons, party.personID, partyPrefix + party.name}, party.discount);
+    }
+
+    void tax(const ContractDocumentParty &party)
+    {
+        levy(party, QStringLiteral("مالیات ارزش افزوده"), party.taxPercent, party.tax,
+             {Accounts::taxPayable, Accounts::taxExpense});
+    }
+
+    void duty(const ContractDocumentParty &party)
+    {
+        levy(party, QStringLiteral("عوارض"), party.dutyPercent, party.duty,
+             {Accounts::dutyPayable, Accounts::dutyExpense});
+    }
+
+    std::vector<ContractDocumentRow> take() { return std::move(m_rows); }
+
+private:
+    struct Side
+    {
+        int account;
+        int personID;
+        QString description;
+    };
+    struct LevyAccounts
+    {
+        int payable;
+        int expense;
+    };
+
+    void levy(const ContractDocumentParty &party, const QString &name, double percent, double amount,
+              const LevyAccounts &accounts)
+    {
+        const QString start = DToStr(percent) + QStringLiteral("% ") + name + QLatin1Char(' ');
+        const QString fromParty = start + DToMoney(amount) + QStringLiteral("از ") + party.name;
+        const QString ofParty = start + party.name;
+        pair({Accounts::persons, party.personID, ofParty}, {accounts.payable, 0, fromParty}, amount);
+        if (party.kind == PartyKind::Showroom)
+            pair({accounts.expense, 0, fromParty}, {Accounts::persons, party.personID, ofParty}, amount);
+    }
+
+    void pair(const Side &debit, const Side &credit, double amount)
+    {
+        if (amount <= 0 || IsEquals(amount, 0))
+            return;
+        m_rows.push_back({debit.account, debit.personID, amount, 0, debit.description});
+        m_rows.push_back({credit.account, credit.personID, 0, amount, credit.description});
+    }
+
+    std::vector<ContractDocumentRow> m_rows;
+};
+
+// As documents name the types: the last one shorter than in the list of types.
+QString typeName(int contractType)
+{
+    switch (contractType) {
+    case 0: return QStringLiteral("مبایعه نامه");
+    case 1: return QStringLiteral("قرارداد اجاره");
+    case 2: return QStringLiteral("فروش اقساطی");
+    case 3: return QStringLiteral("نامه");
+    default: return {};
+    }
+}
+
+}
+
+QString contractDocumentDescription(int contractType, int number)
+{
+    return typeName(contractType) + QStringLiteral(" ش :") + IToStr(number);
+}
+
+std::vector<ContractDocumentRow> contractDocumentRows(const ContractForDocument &contract)
+{
+    RowBuilder rows;
+    rows.commission(contract.first, contract.commission);
+    rows.commission(contract.second, contract.commission);
+    rows.discount(contract.first, QStringLiteral(" تخفیف  "));
+    rows.discount(contract.second, QStringLiteral(" تخفیف "));
+    rows.tax(contract.first);
+    rows.tax(contract.second);
+    rows.duty(contract.first);
+    rows.duty(contract.second);
+    return rows.take();
+}
