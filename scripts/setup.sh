@@ -31,24 +31,20 @@ missing_of() {
     done
 }
 
-as_root() {
-    if [ "$(id -u)" -eq 0 ]; then
-        env DEBIAN_FRONTEND=noninteractive "$@"
-    elif command -v sudo >/dev/null; then
-        sudo env DEBIAN_FRONTEND=noninteractive "$@"
-    else
-        say "These packages have to be installed by root, and there is no sudo here: $missing_line"
-        return 1
-    fi
-}
-
 install_packages() {
-    local missing_line="$*"
-    say "Installing $# missing package(s): $missing_line"
-    as_root apt-get update -q </dev/null ||
+    local as_root=(env DEBIAN_FRONTEND=noninteractive)
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            say "Only root may install packages, and there is no sudo here. Missing: $*"
+            return 1
+        fi
+        as_root=(sudo "${as_root[@]}")
+    fi
+    say "Installing $# missing package(s): $*"
+    "${as_root[@]}" apt-get update -q </dev/null ||
         say "The package lists could not be refreshed; trying with those that are here."
-    if ! as_root apt-get install -y -q --no-install-recommends "$@" </dev/null; then
-        say "Could not install: $missing_line"
+    if ! "${as_root[@]}" apt-get install -y -q --no-install-recommends "$@" </dev/null; then
+        say "Could not install: $*"
         say "They are needed once; check the network and the package sources, then start again."
         return 1
     fi

@@ -42,9 +42,15 @@ tool npm 'echo "npm $*" >>"$WORK/calls"
 [ -e "$WORK/offline" ] && exit 1
 mkdir -p node_modules/vazirmatn && printf "{\n  \"version\": \"33.0.3\"\n}\n" >node_modules/vazirmatn/package.json'
 
+# Nothing else of this machine is in reach, above all not its own package tools.
+mkdir "$work/bin"
+for command in awk bash cat dirname env grep mkdir sed timeout; do
+    ln -s "$(command -v "$command")" "$work/bin/$command"
+done
+
 setup() {
     : >"$calls"
-    (cd / && WORK=$work PATH=$tools:$PATH "$tree/scripts/setup.sh" "$@")
+    (cd / && WORK=$work PATH=$tools:$work/bin "$tree/scripts/setup.sh" "$@")
 }
 called() { grep -qF -- "$1" "$calls"; }
 
@@ -64,6 +70,11 @@ expect_output 'two missing' 'Installing 2 missing package(s): server compiler'
 echo 1000 >"$work/uid"
 expect_status 0 'two missing, not root' setup run build
 called sudo || fault 'not root: sudo was not asked'
+mv "$tools/sudo" "$work/sudo"
+expect_status 1 'not root, no sudo' setup run
+expect_output 'not root, no sudo' 'there is no sudo here. Missing: server'
+[ ! -s "$calls" ] || fault "not root, no sudo, and still called: $(cat "$calls")"
+mv "$work/sudo" "$tools/sudo"
 echo 0 >"$work/uid"
 
 touch "$work/offline"
