@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KWaitCursor.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+
+KWaitCursor::KWaitCursor()
+{
+    QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+}
+
+KWaitCursor::~KWaitCursor()
+{
+    QGuiApplication::restoreOverrideCursor();
+}

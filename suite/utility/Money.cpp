@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/Money.h"
+
+#include <array>
+#include <cmath>
+#include <memory>
+#include <unicode/rbnf.h>
+#include <unicode/unistr.h>
+
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+constexpr int mostDecimals = 4;
+
+// Above this a double no longer tells whole numbers apart.
+constexpr double largestExact = 9007199254740992.0;
+
+int g_defaultDecimals = 0;
+
+// The product with a power of ten may fall just short of the half that the decimal digits say (1.005 * 100), hence the
+// step to the neighbouring double before rounding.
+double roundedTo(double value, int decimals)
+{
+    constexpr std::array<double, mostDecimals + 1> powers{1, 10, 100, 1000, 10000};
+    const double power = powers[size_t(decimals)];
+    const double scaled = value * power;
+    if (std::abs(scaled) >= largestExact)
+        return value;
+    const double rounded = std::round(std::nextafter(scaled, std::copysign(INFINITY, scaled)));
+    return rounded == 0 ? 0 : rounded / power;
+}
+
+void group(QString &digits)
+{
+    const qsizetype point = digits.indexOf(u'.');
+    const qsizetype first = digits.startsWith(u'-') ? 1 : 0;
+    for (qsizetype at = (point < 0 ? digits.size() : point) - 3; at > first; at -= 3)
+        digits.insert(at, u',');
+}
+
+bool isGroupSeparator(QChar c)
+{
+    return c == u',' || c == u'،' || c == u'٬' || c == u'\'' || c.isSpace();
+}
+
+bool isDecimalPoint(QChar c)
+{
+    return c == u'.' || c == u'/' || c == u'٫';
+}
+
+// The number in the form that QString::toDouble reads; empty when it is none.
+QString plainNumber(const QString &text)
+{
+    QString plain;
+    bool pointSeen = false;
+    for (const QChar c : text) {
+        if (c >= u'0' && c <= u'9') {
+            plain.append(c);
+        } else if ((c == u'-' || c == u'−' || c == u'+') && plain.isEmpty()) {
+            plain.append(c == u'+' ? u'+' : u'-');
+        } else if (isDecimalPoint(c) && !pointSeen) {
+            pointSeen = true;
+            plain.append(u'.');
+        } else if (!isGroupSeparator(c) || pointSeen || plain.isEmpty()) {
+            return {};
+        }
+    }
+    return plain;
+}
+
+}
+
+bool IsEquals(double first, double second)
+{
+    return std::abs(first - second) < 0.0001;
+}
+
+int defaultMoneyDecimals()
+{
+    return g_defaultDecimals;
+}
+
+void setDefaultMoneyDecimals(int decimals)
+{
+    g_defaultDecimals = qBound(0, decimals, mostDecimals);
+}
+
+QString DToMoney(double amount, int decimals)
+{
+    if (!std::isfinite(amount))
+        return {};
+    const int shown = qBound(0, decimals, mostDecimals);
+    QString text = QString::number(roundedTo(amount, shown), 'f', shown);
+    group(text);
+    return text;
+}
+
+bool parseMoney(QStringView text, double *amount)
+{
+    const QString plain = plainNumber(toAsciiDigits(text.trimmed().toString()));
+    bool ok = false;
+    const double value = plain.toDouble(&ok);
+    if (ok)
+        *amount = value;
+    return ok;
+}
+
+QString LToStr(qint64 value)
+{
+    return QString::number(value);
+}
+
+QString IToStr(int value)
+{
+    return QString::number(value);
+}
+
+QString DToStr(double value)
+{
+    if (!std::isfinite(value))
+        return {};
+    QString text = QString::number(roundedTo(value, mostDecimals), 'f', mostDecimals);
+    while (text.endsWith(u'0'))
+        text.chop(1);
+    if (text.endsWith(u'.'))
+        text.chop(1);
+    return text;
+}
+
+QString amountInWords(double amount)
+{
+    if (!std::isfinite(amount) || std::abs(amount) >= largestExact)
+        return {};
+    // Building the rules takes longer than all uses of them.
+    static thread_local const auto speller = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        auto format = std::make_unique<icu::RuleBasedNumberFormat>(icu::URBNF_SPELLOUT, icu::Locale("fa"), status);
+        return U_SUCCESS(status) ? std::move(format) : nullptr;
+    }();
+    if (!speller)
+        return {};
+    icu::UnicodeString words;
+    speller->format(roundedTo(amount, g_defaultDecimals), words);
+    return ConvertToStandard(QString(reinterpret_cast<const QChar *>(words.getBuffer()), words.length()));
+}
