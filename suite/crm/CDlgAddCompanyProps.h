@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/TzCRMExport.h"
+#include "suite/utility/KDialog.h"
+
+#include <QList>
+
+class KEdit;
+class QComboBox;
+class QLabel;
+
+// Editor of the dealership's own details ("مشخصات نمایشگاه").
+class TZCRM_EXPORT CDlgAddCompanyProps : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddCompanyProps(QWidget *parent = nullptr);
+    ~CDlgAddCompanyProps() override;
+
+    // What the controls hold now.
+    CompanyDetails details() const;
+    void setDetails(const CompanyDetails &details);
+
+    // Checks and writes. Refused: no name; a closed database is left as it is.
+    bool OnOK() override;
+
+private:
+    void build();
+    void updateHints();
+
+    QList<KEdit *> m_edits; // in the order of the table of fields
+    QComboBox *m_kind;
+    QLabel *m_nationalHint;
+    QLabel *m_mobileHint;
+};

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/crm/CTblPersons.h"
+#include "suite/crm/TzCRMExport.h"
+#include "suite/utility/KDialog.h"
+
+#include <QStringList>
+
+class KForm;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+
+// The editor of one person ("مشخصات شخص"). A name is all that it insists on; a national code or mobile that looks wrong
+// gets a hint beside the field and is saved as it is, because people do bring such papers.
+class TZCRM_EXPORT CDlgAddPerson : public KDialog
+{
+    Q_OBJECT
+
+public:
+    enum class Mode {
+        Add,
+        Edit,
+        Show
+    };
+
+    // Key of the new person; 0 when cancelled. What was typed in a search goes to the field it looks like: national code,
+    // mobile or name.
+    static int Add(QWidget *parent, const QString &searchedFor = {});
+    // True when the person was saved. A person that is gone does nothing.
+    static bool Edit(QWidget *parent, int personID);
+    static void Show(QWidget *parent, int personID);
+
+    // personID counts outside Add only.
+    CDlgAddPerson(Mode mode, int personID, QWidget *parent = nullptr);
+    ~CDlgAddPerson() override;
+
+    // False when the person to edit or show does not exist.
+    bool isLoaded() const { return m_loaded; }
+    int personID() const { return m_personID; }
+    void prefill(const QString &searchedFor);
+
+    // Refused: no name, an entry that is no value, a closed database. A national code that another person has is asked about.
+    bool OnOK() override;
+
+private:
+    void build();
+    QGroupBox *buildGroup(const QString &title, const QStringList &columns);
+    void loadRecord();
+    void applyKind();
+    void updateHints();
+    bool isEntryGood();
+    bool isDuplicateAccepted();
+    void storeRecord();
+    bool saveRecord();
+
+    Mode m_mode;
+    int m_personID;
+    bool m_loaded = false;
+    CTblPersons m_record;
+    KForm *m_form = nullptr;
+    QComboBox *m_taxKind = nullptr;
+    QLabel *m_nationalHint = nullptr;
+    QLabel *m_mobileHint = nullptr;
+};

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/crm/TzCRMExport.h"
+
+#include <QString>
+#include <QStringList>
+
+// What is typed to find a person, as a condition on Persons.
+namespace PersonSearch {
+
+// A condition that holds for a person when every typed word stands somewhere in the shown name, the code, the national
+// code, the mobile or the telephone; empty when nothing to search for was typed. Both sides meet whatever forms of yeh,
+// kaf, alef, heh and digits they are written in, and with or without blanks, joiners, vowel signs and hyphens inside.
+TZCRM_EXPORT QString condition(const QString &typed);
+
+// One word as a regular expression over every way of writing it; empty when it holds no letter or digit.
+TZCRM_EXPORT QString pattern(const QString &word);
+
+// The columns that a search looks in.
+TZCRM_EXPORT QStringList columns();
+
+}
