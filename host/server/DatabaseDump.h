@@ -35,7 +35,9 @@ public:
     QStringList existing() const;
 
 private:
-    QString writeClientConfig() const;
+    QString freeFileName() const;
+    qint64 sizeOfTables() const;
+    void load(const QString &file, const QString &database, const Progress &progress) const;
     void exchangeTables(const QString &aside) const;
 
     KConnectionSettings m_settings;

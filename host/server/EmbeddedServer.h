@@ -77,12 +77,14 @@ private:
     void endLeftovers(const Progress &progress);
     void loadOrMakeAccount(const Progress &progress);
     void launch(const Progress &progress);
-    void waitUntilReady(const Progress &progress);
+    void startProcess(const Progress &progress);
+    bool waitUntilReady(const Progress &progress);
+    void checkInstalledVersion() const;
+    void makeAccountAnew(const Progress &progress);
     void upgradeIfNeeded(const Progress &progress);
     void runUpgrade(const Progress &progress);
     void endProcess(const Progress &progress);
     void processFinished(int exitCode, QProcess::ExitStatus status);
-    ServerError errorFromLog(ServerError::Kind otherwise, const QString &detail) const;
 
     DataFolder m_folder;
     Options m_options;
@@ -90,5 +92,6 @@ private:
     QProcess m_process;
     KConnectionSettings m_settings;
     QString m_version;
+    bool m_isNewDatabase = false;
     bool m_expectedToRun = false;
 };

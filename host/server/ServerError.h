@@ -35,6 +35,8 @@ public:
     QString userMessage() const { return m_userMessage; }
     // For the log: file names, exit codes, the server's last words. Never holds a password.
     QString detail() const { return m_detail; }
+    // A path as it stands in a Persian sentence: quoted, and kept in its own direction.
+    static QString shownPath(const QString &path);
     const char *what() const noexcept override { return m_utf8.constData(); }
 
 private:

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/DataFolder.h"
+
+#include "host/server/Platform.h"
+#include "host/server/ServerError.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+// The path with the links of its existing part resolved; the rest is yet to be made.
+QString resolved(const QString &path)
+{
+    QString existing = QDir::cleanPath(QDir::current().absoluteFilePath(path));
+    QString rest;
+    while (!QFileInfo::exists(existing) && !QFileInfo(existing).isRoot()) {
+        rest.prepend(QLatin1Char('/') + QFileInfo(existing).fileName());
+        existing = QFileInfo(existing).path();
+    }
+    const QString canonical = QFileInfo(existing).canonicalFilePath();
+    return QDir::cleanPath((canonical.isEmpty() ? existing : canonical) + rest);
+}
+
+ServerError notWritable(const QString &folder, const QString &reason)
+{
+    return {ServerError::Kind::FolderNotWritable,
+            QStringLiteral("در پوشه %1 نمی‌توان چیزی نوشت؛ اجازه نوشتن در آن را بگیرید یا پوشه دیگری برای اطلاعات "
+                           "انتخاب نمایید.")
+                .arg(ServerError::shownPath(folder)),
+            QStringLiteral("cannot write to %1: %2").arg(folder, reason)};
+}
+
+}
+
+DataFolder::DataFolder(const QString &path) : m_path(resolved(path)) { }
+
+QString DataFolder::defaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tzauto/office");
+}
+
+QString DataFolder::demoPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tzauto/demo");
+}
+
+void DataFolder::create() const
+{
+    for (const QString &folder : {m_path, backupsPath(), logsPath(), settingsPath()}) {
+        QString reason;
+        if (!platform::makePrivateFolder(folder, &reason))
+            throw notWritable(m_path, folder + QStringLiteral(": ") + reason);
+        const QString probe = folder + QStringLiteral("/.write-check");
+        const platform::WriteResult result = platform::writePrivateFile(probe, "tzauto\n", &reason);
+        QFile::remove(probe);
+        if (result == platform::WriteResult::NoRoom)
+            throw ServerError(ServerError::Kind::DiskFull, diskFullMessage(), folder + QStringLiteral(": ") + reason);
+        if (result == platform::WriteResult::Refused)
+            throw notWritable(m_path, folder + QStringLiteral(": ") + reason);
+    }
+}
+
+QString DataFolder::socketPath(const QString &purpose) const
+{
+    const QByteArray digest = QCryptographicHash::hash(m_path.toUtf8(), QCryptographicHash::Sha256).toHex().left(12);
+    const QString name = QStringLiteral("/%1-%2.sock").arg(QString::fromLatin1(digest), purpose);
+    QString reason;
+    for (const QString &folder : platform::runtimeFolders()) {
+        const QString path = folder + name;
+        if (QFile::encodeName(path).size() > platform::longestSocketPath())
+            reason = QStringLiteral("%1 is too long").arg(path);
+        else if (platform::makePrivateFolder(folder, &reason) && platform::isPrivateFolder(folder))
+            return path;
+    }
+    throw notWritable(platform::runtimeFolders().constLast(),
+                      QStringLiteral("no private folder for sockets: ") + reason);
+}
+
+QString DataFolder::diskFullMessage() const
+{
+    return QStringLiteral("دیسکی که پوشه %1 در آن است پر شده است؛ فضا آزاد نمایید و دوباره تلاش کنید. اطلاعات ذخیره "
+                          "شده قبلی سالم است.")
+        .arg(ServerError::shownPath(m_path));
+}

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/DatabaseBootstrap.h"
+
+#include "host/server/Platform.h"
+#include "host/server/ServerLog.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+namespace {
+
+// The files of a new database and room to work.
+constexpr qint64 roomForNewDatabase = 300LL * 1024 * 1024;
+constexpr int limitMilliseconds = 120'000;
+
+// What the server stores for a password. Made here, so that the statement, which the server repeats in its log when it
+// fails, does not hold the password itself.
+QByteArray storedHash(const QString &password)
+{
+    const QByteArray once = QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Sha1);
+    return '*' + QCryptographicHash::hash(once, QCryptographicHash::Sha1).toHex().toUpper();
+}
+
+// The bootstrap reads one statement per line's end and runs without the rights' tables in memory, so that only a row
+// makes an account.
+QByteArray accountStatement(const QString &password)
+{
+    return "REPLACE INTO mysql.global_priv VALUES ('localhost','" + EmbeddedServer::databaseName().toLatin1()
+        + "','{\"access\":18446744073709551615,\"plugin\":\"mysql_native_password\",\"authentication_string\":\""
+        + storedHash(password) + "\"}');\n";
+}
+
+}
+
+DatabaseBootstrap::DatabaseBootstrap(const DataFolder &folder, const ServerPrograms &programs)
+    : m_folder(folder), m_programs(programs)
+{
+}
+
+bool DatabaseBootstrap::exists() const
+{
+    const QDir database(m_folder.databasePath());
+    if (!database.exists() || database.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+        return false;
+    if (QFileInfo(database.filePath(QStringLiteral("mysql"))).isDir())
+        return true;
+    throw ServerError(
+        ServerError::Kind::Damaged,
+        QStringLiteral("پوشه %1 پایگاه داده کاملی نیست؛ آن را از نسخه پشتیبان بازگردانید یا کنار بگذارید.")
+            .arg(ServerError::shownPath(m_folder.databasePath())),
+        QStringLiteral("%1 holds no system tables").arg(m_folder.databasePath()));
+}
+
+void DatabaseBootstrap::create(const QString &password, const ToolProcess::Pulse &pulse) const
+{
+    if (QStorageInfo(m_folder.path()).bytesAvailable() < roomForNewDatabase)
+        throw ServerError(ServerError::Kind::DiskFull, m_folder.diskFullMessage(),
+                          QStringLiteral("less than %1 bytes free").arg(roomForNewDatabase));
+    const QString aside = m_folder.databasePath() + QStringLiteral(".new");
+    QDir(aside).removeRecursively();
+    QString reason;
+    if (!platform::makePrivateFolder(aside, &reason))
+        throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable, aside + QStringLiteral(": ") + reason);
+    run(aside,
+        "create database mysql;\nuse mysql;\n" + systemTables() + accountStatement(password) + "create database "
+            + EmbeddedServer::databaseName().toLatin1() + ";\n",
+        pulse);
+    // An empty folder of that name does not stand in the way.
+    QDir().rmdir(m_folder.databasePath());
+    if (!QDir().rename(aside, m_folder.databasePath()))
+        throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable,
+                                        QStringLiteral("cannot rename %1").arg(aside));
+}
+
+void DatabaseBootstrap::resetAccount(const QString &password, const ToolProcess::Pulse &pulse) const
+{
+    run(m_folder.databasePath(), accountStatement(password), pulse);
+}
+
+QByteArray DatabaseBootstrap::systemTables() const
+{
+    QByteArray all;
+    // The accounts that the server's own set-up would add are left out: they have no password.
+    for (const QString &name : {QStringLiteral("system_tables"), QStringLiteral("performance_tables")}) {
+        QFile file(QStringLiteral("%1/mysql_%2.sql").arg(m_programs.scripts, name));
+        if (!file.exists())
+            file.setFileName(QStringLiteral("%1/mariadb_%2.sql").arg(m_programs.scripts, name));
+        if (!file.open(QIODevice::ReadOnly))
+            throw ToolProcess::missing(m_programs.server, QStringLiteral("cannot read %1").arg(file.fileName()));
+        all += file.readAll() + '\n';
+    }
+    return all;
+}
+
+void DatabaseBootstrap::run(const QString &databasePath, const QByteArray &statements,
+                            const ToolProcess::Pulse &pulse) const
+{
+    ToolProcess server;
+    server.program = m_programs.server;
+    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), QStringLiteral("--bootstrap"),
+                        QStringLiteral("--datadir=") + databasePath};
+    server.input = statements;
+    server.errorFile = m_folder.serverLogPath();
+    server.limitMilliseconds = limitMilliseconds;
+    const int code = server.run(pulse);
+    if (code != 0)
+        throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
+                                        QStringLiteral("the bootstrap ended with %1").arg(code));
+}

@@ -1,0 +1,243 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/DatabaseDump.h"
+
+#include "host/server/Platform.h"
+#include "host/server/ServerConfig.h"
+#include "host/server/ServerLog.h"
+#include "host/server/ToolProcess.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <mysql.h>
+
+namespace {
+
+// A file that only this user can read and that is gone with the object; for passwords and for a tool's last words.
+std::unique_ptr<QTemporaryFile> privateFile(const QByteArray &content = {})
+{
+    for (const QString &folder : platform::runtimeFolders()) {
+        if (!platform::makePrivateFolder(folder) || !platform::isPrivateFolder(folder))
+            continue;
+        auto file = std::make_unique<QTemporaryFile>(folder + QStringLiteral("/tool-XXXXXX"));
+        if (file->open() && file->write(content) == content.size() && file->flush())
+            return file;
+    }
+    throw ServerError(ServerError::Kind::DumpFailed,
+                      QStringLiteral("پرونده موقت در %1 ساخته نشد؛ فضا و اجازه نوشتن در آن را بررسی نمایید.")
+                          .arg(ServerError::shownPath(platform::runtimeFolders().constLast())),
+                      QStringLiteral("no private folder for a temporary file"));
+}
+
+QString wordsOf(QTemporaryFile &file)
+{
+    file.seek(0);
+    return QString::fromUtf8(file.readAll()).trimmed();
+}
+
+ServerError failed(const QString &userMessage, const QString &folder, const QString &detail)
+{
+    if (ServerLog::knownFailure(detail) == ServerError::Kind::DiskFull)
+        return {ServerError::Kind::DiskFull, DataFolder(folder).diskFullMessage(), detail};
+    return {ServerError::Kind::DumpFailed, userMessage, detail};
+}
+
+void continueUnlessCancelled(const DatabaseDump::Progress &progress, qint64 done, qint64 expected)
+{
+    if (progress && !progress(done, expected))
+        throw ServerError(ServerError::Kind::Cancelled,
+                          QStringLiteral("کار به درخواست شما متوقف شد و چیزی تغییر نکرد."),
+                          QStringLiteral("cancelled by the user"));
+}
+
+QByteArray name(const QString &identifier)
+{
+    return '`' + identifier.toUtf8().replace('`', "``") + '`';
+}
+
+QStringList tablesOf(KConnection &connection, const QString &database)
+{
+    const KConnection::Result result = connection.run(
+        "SELECT table_name FROM information_schema.tables WHERE table_type='BASE TABLE' AND table_schema="
+        + connection.quoted(database));
+    QStringList tables;
+    while (const MYSQL_ROW row = mysql_fetch_row(result.get()))
+        tables << QString::fromUtf8(row[0]);
+    return tables;
+}
+
+}
+
+DatabaseDump::DatabaseDump(const KConnectionSettings &settings, const QString &folder, const ServerPrograms &programs)
+    : m_settings(settings), m_folder(folder), m_programs(programs)
+{
+}
+
+QString DatabaseDump::take(const Progress &progress) const
+{
+    const QString userMessage
+        = QStringLiteral("نسخه پشتیبان در پوشه %1 ساخته نشد؛ اجازه نوشتن و فضای آن را بررسی و دوباره تلاش کنید.")
+              .arg(ServerError::shownPath(m_folder));
+    QString reason;
+    if (!platform::makePrivateFolder(m_folder, &reason))
+        throw failed(userMessage, m_folder, m_folder + QStringLiteral(": ") + reason);
+    const QString target = freeFileName();
+    const QString aside = target + QStringLiteral(".part");
+    // Made here first, so that it belongs to the user alone from its first byte.
+    if (platform::writePrivateFile(aside, {}, &reason) != platform::WriteResult::Written)
+        throw failed(userMessage, m_folder, aside + QStringLiteral(": ") + reason);
+    try {
+        const auto options = privateFile(ServerConfig::clientOptions(m_settings));
+        const auto words = privateFile();
+        const qint64 expected = sizeOfTables();
+        ToolProcess dump;
+        dump.program = m_programs.dump;
+        dump.arguments = {ServerConfig::fromFile(options->fileName()),
+                          QStringLiteral("--single-transaction"),
+                          QStringLiteral("--quick"),
+                          QStringLiteral("--hex-blob"),
+                          QStringLiteral("--skip-triggers"),
+                          QStringLiteral("--no-tablespaces"),
+                          QStringLiteral("--default-character-set=utf8mb4"),
+                          QStringLiteral("--max-allowed-packet=1G"),
+                          m_settings.database};
+        dump.outputFile = aside;
+        dump.errorFile = words->fileName();
+        const int code
+            = dump.run([&](qint64) { continueUnlessCancelled(progress, QFileInfo(aside).size(), expected); });
+        if (code != 0 || !isWhole(aside))
+            throw failed(userMessage, m_folder,
+                         QStringLiteral("%1 ended with %2: %3").arg(dump.program).arg(code).arg(wordsOf(*words)));
+        if (!QFile::rename(aside, target))
+            throw failed(userMessage, m_folder, QStringLiteral("cannot rename %1").arg(aside));
+    } catch (const CMySQLException &error) {
+        QFile::remove(aside);
+        throw failed(userMessage, m_folder, error.GetErrorMessage());
+    } catch (...) {
+        QFile::remove(aside);
+        throw;
+    }
+    return target;
+}
+
+QString DatabaseDump::freeFileName() const
+{
+    const QString base = QStringLiteral("%1/%2-%3")
+                             .arg(m_folder, m_settings.database,
+                                  QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
+    QString path = base + QStringLiteral(".sql");
+    for (int number = 2; QFile::exists(path); ++number)
+        path = QStringLiteral("%1-%2.sql").arg(base).arg(number);
+    return path;
+}
+
+qint64 DatabaseDump::sizeOfTables() const
+{
+    KConnection connection(m_settings);
+    const KConnection::Result result
+        = connection.run("SELECT SUM(data_length) FROM information_schema.tables WHERE table_schema="
+                         + connection.quoted(m_settings.database));
+    const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
+    return row && row[0] ? QByteArray(row[0]).toLongLong() : 0;
+}
+
+bool DatabaseDump::isWhole(const QString &file)
+{
+    QFile dump(file);
+    if (!dump.open(QIODevice::ReadOnly))
+        return false;
+    dump.seek(qMax<qint64>(0, dump.size() - 512));
+    return dump.readAll().contains("\n-- Dump completed");
+}
+
+QStringList DatabaseDump::existing() const
+{
+    const QRegularExpression pattern(
+        QStringLiteral("^%1-\\d{8}-\\d{6}(-\\d+)?$").arg(QRegularExpression::escape(m_settings.database)));
+    QStringList names;
+    const QFileInfoList files = QDir(m_folder).entryInfoList({QStringLiteral("*.sql")}, QDir::Files);
+    for (const QFileInfo &file : files) {
+        if (pattern.match(file.completeBaseName()).hasMatch())
+            names << file.completeBaseName();
+    }
+    std::sort(names.begin(), names.end(), std::greater<>());
+    for (QString &each : names)
+        each = QStringLiteral("%1/%2.sql").arg(m_folder, each);
+    return names;
+}
+
+void DatabaseDump::restore(const QString &file, const Progress &progress) const
+{
+    const QString userMessage
+        = QStringLiteral("پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید.")
+              .arg(ServerError::shownPath(file));
+    if (!isWhole(file))
+        throw failed(userMessage, m_folder, QStringLiteral("%1 is no whole dump").arg(file));
+    const QString aside = m_settings.database + QStringLiteral("_restoring");
+    KConnectionSettings server = m_settings;
+    server.database.clear();
+    try {
+        KConnection connection(server);
+        connection.run("DROP DATABASE IF EXISTS " + name(aside));
+        connection.run("CREATE DATABASE " + name(aside));
+        try {
+            load(file, aside, progress);
+            exchangeTables(aside);
+        } catch (...) {
+            connection.run("DROP DATABASE IF EXISTS " + name(aside));
+            throw;
+        }
+        connection.run("DROP DATABASE IF EXISTS " + name(aside));
+    } catch (const CMySQLException &error) {
+        throw failed(userMessage, m_folder, error.GetErrorMessage());
+    }
+}
+
+void DatabaseDump::load(const QString &file, const QString &database, const Progress &progress) const
+{
+    const auto options = privateFile(ServerConfig::clientOptions(m_settings));
+    const auto words = privateFile();
+    const qint64 expected = QFileInfo(file).size();
+    ToolProcess client;
+    client.program = m_programs.client;
+    client.arguments
+        = {ServerConfig::fromFile(options->fileName()), QStringLiteral("--batch"),
+           QStringLiteral("--default-character-set=utf8mb4"), QStringLiteral("--max-allowed-packet=1G"), database};
+    client.inputFile = file;
+    client.errorFile = words->fileName();
+    const int code = client.run([&](qint64 done) { continueUnlessCancelled(progress, done, expected); });
+    if (code != 0)
+        throw failed(
+            QStringLiteral("پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید.")
+                .arg(ServerError::shownPath(file)),
+            m_folder, QStringLiteral("%1 ended with %2: %3").arg(client.program).arg(code).arg(wordsOf(*words)));
+}
+
+// One RENAME moves the old tables out and the new ones in, so that nobody ever sees neither or half.
+void DatabaseDump::exchangeTables(const QString &aside) const
+{
+    KConnectionSettings server = m_settings;
+    server.database.clear();
+    KConnection connection(server);
+    const QByteArray replaced = name(m_settings.database + QStringLiteral("_replaced"));
+    const QByteArray database = name(m_settings.database);
+    connection.run("DROP DATABASE IF EXISTS " + replaced);
+    connection.run("CREATE DATABASE " + replaced);
+    QByteArrayList moves;
+    const QStringList before = tablesOf(connection, m_settings.database);
+    for (const QString &table : before)
+        moves << database + '.' + name(table) + " TO " + replaced + '.' + name(table);
+    const QStringList restored = tablesOf(connection, aside);
+    for (const QString &table : restored)
+        moves << name(aside) + '.' + name(table) + " TO " + database + '.' + name(table);
+    if (!moves.isEmpty())
+        connection.run("RENAME TABLE " + moves.join(", "));
+    connection.run("DROP DATABASE " + replaced);
+}

@@ -1,0 +1,282 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/EmbeddedServer.h"
+
+#include "host/server/DatabaseBootstrap.h"
+#include "host/server/Platform.h"
+#include "host/server/ServerConfig.h"
+#include "host/server/ServerLog.h"
+#include "host/server/ServerState.h"
+#include "host/server/ToolProcess.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QThread>
+
+#include <mysql.h>
+#include <mysqld_error.h>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcServer, "tz.server")
+
+constexpr int pulseMilliseconds = 50;
+constexpr int readyPollMilliseconds = 10;
+
+void tell(const EmbeddedServer::Progress &progress, const QString &text)
+{
+    if (progress)
+        progress(text);
+}
+
+QString firstText(const KConnection::Result &result)
+{
+    const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
+    return row && row[0] ? QString::fromUtf8(row[0]) : QString();
+}
+
+}
+
+EmbeddedServer::EmbeddedServer(const DataFolder &folder, QObject *parent)
+    : EmbeddedServer(folder, Options(), parent) { }
+
+EmbeddedServer::EmbeddedServer(const DataFolder &folder, const Options &options, QObject *parent)
+    : QObject(parent), m_folder(folder), m_options(options)
+{
+    connect(&m_process, &QProcess::finished, this, &EmbeddedServer::processFinished);
+}
+
+EmbeddedServer::~EmbeddedServer()
+{
+    m_expectedToRun = false;
+    try {
+        stop();
+    } catch (const std::exception &error) {
+        qCWarning(lcServer) << "stopping the server:" << error.what();
+    }
+}
+
+bool EmbeddedServer::isRunning() const
+{
+    return m_expectedToRun && m_process.state() == QProcess::Running;
+}
+
+void EmbeddedServer::start(const Progress &progress)
+{
+    if (isRunning())
+        return;
+    try {
+        prepare(progress);
+        launch(progress);
+        upgradeIfNeeded(progress);
+    } catch (...) {
+        endProcess({});
+        m_lock.reset();
+        throw;
+    }
+}
+
+void EmbeddedServer::stop(const Progress &progress)
+{
+    endProcess(progress);
+    m_lock.reset();
+}
+
+void EmbeddedServer::restart(const Progress &progress)
+{
+    stop(progress);
+    start(progress);
+}
+
+void EmbeddedServer::prepare(const Progress &progress)
+{
+    m_folder.create();
+    auto lock = std::make_unique<platform::FileLock>(m_folder.path() + QStringLiteral("/server.lock"));
+    QString reason;
+    if (lock->tryLock(&reason) != platform::FileLock::Result::Taken)
+        throw ServerError(ServerError::Kind::InUse,
+                          QStringLiteral("پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره "
+                                         "تلاش کنید.")
+                              .arg(ServerError::shownPath(m_folder.path())),
+                          m_folder.path() + QStringLiteral("/server.lock: ") + reason);
+    m_lock = std::move(lock);
+
+    m_settings = {};
+    m_settings.socketPath = m_folder.socketPath(QStringLiteral("db"));
+    m_settings.user = databaseName();
+    m_settings.database = databaseName();
+    endLeftovers(progress);
+    ServerLog(m_folder).begin();
+    ServerConfig(m_folder, m_options).writeServerOptions(m_settings.socketPath);
+    checkInstalledVersion();
+    loadOrMakeAccount(progress);
+}
+
+// A server of this folder that outlived its program, and what it left. We hold the folder's lock, so no living program
+// owns it.
+void EmbeddedServer::endLeftovers(const Progress &progress)
+{
+    const QString waiting = QStringLiteral("در انتظار پایان سرور قبلی پایگاه داده…");
+    const QString argument = ServerConfig::fromFile(m_folder.serverConfigPath());
+    QElapsedTimer timer;
+    timer.start();
+    QList<qint64> left = platform::processesWithArgument(argument);
+    for (const qint64 process : std::as_const(left)) {
+        qCInfo(lcServer) << "ending a server that was left behind, process" << process;
+        platform::askToStop(process);
+    }
+    while (!left.isEmpty()) {
+        tell(progress, waiting);
+        QThread::msleep(pulseMilliseconds);
+        left = platform::processesWithArgument(argument);
+        if (timer.elapsed() > m_options.startLimitMilliseconds) {
+            for (const qint64 process : std::as_const(left))
+                platform::forceStop(process);
+            if (timer.elapsed() > m_options.startLimitMilliseconds + 5000)
+                throw ServerLog(m_folder).error(ServerError::Kind::InUse,
+                                                QStringLiteral("an earlier server does not end"));
+        }
+    }
+    QFile::remove(m_settings.socketPath);
+    QFile::remove(m_folder.databasePath() + QStringLiteral("/server.pid"));
+}
+
+void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
+{
+    const ServerConfig config(m_folder, m_options);
+    const DatabaseBootstrap bootstrap(m_folder, m_options.programs);
+    m_settings.password = config.storedPassword();
+    const bool accountKnown = !m_settings.password.isEmpty();
+    if (!accountKnown)
+        m_settings.password = ServerConfig::newPassword();
+    config.writeClientOptions(m_settings.socketPath, m_settings.password);
+    m_isNewDatabase = !bootstrap.exists();
+    if (m_isNewDatabase) {
+        const QString waiting = QStringLiteral("ساختن پایگاه داده برای نخستین بار…");
+        tell(progress, waiting);
+        QFile::remove(m_folder.statePath());
+        bootstrap.create(m_settings.password, [&](qint64) { tell(progress, waiting); });
+    } else if (!accountKnown) {
+        makeAccountAnew(progress);
+    }
+}
+
+// A folder that was brought back without its client.cnf, or with another one, opens all the same: who owns the files
+// owns the database.
+void EmbeddedServer::makeAccountAnew(const Progress &progress)
+{
+    const QString waiting = QStringLiteral("بازسازی حساب پایگاه داده…");
+    tell(progress, waiting);
+    DatabaseBootstrap(m_folder, m_options.programs).resetAccount(m_settings.password, [&](qint64) {
+        tell(progress, waiting);
+    });
+}
+
+void EmbeddedServer::launch(const Progress &progress)
+{
+    startProcess(progress);
+    if (!waitUntilReady(progress)) {
+        endProcess(progress);
+        makeAccountAnew(progress);
+        startProcess(progress);
+        if (!waitUntilReady(progress))
+            throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
+                                            QStringLiteral("the server refuses its own account"));
+    }
+    m_expectedToRun = true;
+    qCInfo(lcServer).noquote() << "server" << m_version << "runs in" << m_folder.path() << "process" << processId();
+}
+
+void EmbeddedServer::startProcess(const Progress &progress)
+{
+    tell(progress, QStringLiteral("راه‌اندازی سرور پایگاه داده…"));
+    if (m_options.programs.server.isEmpty())
+        throw ToolProcess::missing({}, QStringLiteral("not found"));
+    platform::tieToThisProgram(m_process);
+    m_process.setProcessEnvironment(ToolProcess::environment());
+    m_process.setWorkingDirectory(m_folder.databasePath());
+    m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.setStandardOutputFile(QProcess::nullDevice());
+    m_process.setStandardErrorFile(m_folder.serverLogPath(), QIODevice::Append);
+    m_process.start(m_options.programs.server, {ServerConfig::fromFile(m_folder.serverConfigPath())});
+    if (!m_process.waitForStarted())
+        throw ToolProcess::missing(m_options.programs.server, m_process.errorString());
+}
+
+// False: it answers, but refuses our account.
+bool EmbeddedServer::waitUntilReady(const Progress &progress)
+{
+    KConnectionSettings settings = m_settings;
+    settings.connectTimeoutSeconds = 2;
+    const QString waiting = QStringLiteral("در انتظار آماده شدن پایگاه داده…");
+    QElapsedTimer timer;
+    QElapsedTimer pulse;
+    timer.start();
+    pulse.start();
+    tell(progress, waiting);
+    QString refusal;
+    while (timer.elapsed() < m_options.startLimitMilliseconds) {
+        if (QFile::exists(m_settings.socketPath)) {
+            try {
+                KConnection connection(settings);
+                m_version = firstText(connection.run(QByteArrayLiteral("SELECT VERSION()")));
+                return true;
+            } catch (const CMySQLException &error) {
+                if (error.serverCode() == ER_ACCESS_DENIED_ERROR)
+                    return false;
+                refusal = error.GetErrorMessage();
+            }
+        }
+        if (m_process.waitForFinished(readyPollMilliseconds) || m_process.state() == QProcess::NotRunning)
+            throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
+                                            QStringLiteral("the server ended with %1").arg(m_process.exitCode()));
+        if (pulse.elapsed() >= pulseMilliseconds) {
+            tell(progress, waiting);
+            pulse.restart();
+        }
+    }
+    throw ServerLog(m_folder).error(ServerError::Kind::Timeout,
+                                    QStringLiteral("the server does not answer: ") + refusal);
+}
+
+void EmbeddedServer::endProcess(const Progress &progress)
+{
+    const bool wasReady = m_expectedToRun;
+    m_expectedToRun = false;
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    const QString waiting = QStringLiteral("بستن پایگاه داده…");
+    tell(progress, waiting);
+    platform::askToStop(m_process.processId());
+    QElapsedTimer timer;
+    timer.start();
+    // A server that never answered has nothing to save.
+    const int limit = wasReady ? m_options.startLimitMilliseconds : 3000;
+    while (!m_process.waitForFinished(pulseMilliseconds) && m_process.state() != QProcess::NotRunning) {
+        tell(progress, waiting);
+        if (timer.elapsed() > limit) {
+            qCWarning(lcServer) << "the server does not end and is killed";
+            platform::forceStop(m_process.processId());
+        }
+    }
+    ServerState state = ServerState::load(m_folder);
+    state.endedCleanly = wasReady && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+    if (wasReady)
+        state.save(m_folder);
+}
+
+void EmbeddedServer::processFinished(int exitCode, QProcess::ExitStatus status)
+{
+    if (!m_expectedToRun)
+        return;
+    m_expectedToRun = false;
+    const QString how = status == QProcess::CrashExit ? QStringLiteral("was killed or crashed")
+                                                      : QStringLiteral("ended with %1").arg(exitCode);
+    const ServerError error
+        = ServerLog(m_folder).error(ServerError::Kind::EndedUnexpectedly, QStringLiteral("the server ") + how);
+    qCWarning(lcServer).noquote() << error.detail();
+    Q_EMIT endedUnexpectedly(error.userMessage(), error.detail());
+}

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class QProcess;
+
+// What the private server needs from the operating system. The only file pair here that differs from one system to
+// another: each has its own Platform_<system>.cpp.
+namespace platform {
+
+// A lock on a file that the system itself gives up when the program ends, however it ends.
+class FileLock
+{
+public:
+    explicit FileLock(const QString &path);
+    ~FileLock();
+    FileLock(const FileLock &) = delete;
+    FileLock &operator=(const FileLock &) = delete;
+
+    enum class Result {
+        Taken, // ours now, or already before
+        Held, // another program, or another lock of this one, has it
+        Impossible // the file cannot be made or opened; see reason
+    };
+    Result tryLock(QString *reason = nullptr);
+
+private:
+    QString m_path;
+    int m_descriptor = -1;
+};
+
+enum class WriteResult {
+    Written,
+    NoRoom,
+    Refused
+};
+
+// Makes the folder for the user alone, its parents as usual. True also when it was there before.
+bool makePrivateFolder(const QString &path, QString *reason = nullptr);
+// A real folder (no link) of this user's that nobody else may enter.
+bool isPrivateFolder(const QString &path);
+// Replaces the file in one step by one that only the user may read; on disk when it returns.
+WriteResult writePrivateFile(const QString &path, const QByteArray &content, QString *reason = nullptr);
+// Folders for sockets, the best first; none need exist.
+QStringList runtimeFolders();
+// Bytes that a socket's path may have.
+int longestSocketPath();
+
+// To be called before the process starts: it ends when this program's starting thread does, and keys typed in the
+// program's terminal do not reach it.
+void tieToThisProgram(QProcess &process);
+// A clean end is wanted.
+void askToStop(qint64 processId);
+// An end without a word.
+void forceStop(qint64 processId);
+bool isAlive(qint64 processId);
+// Processes of any user that were started with exactly this argument.
+QList<qint64> processesWithArgument(const QString &argument);
+// The user is the system's administrator, whom the server refuses unless it is told so.
+bool isAdministrator();
+
+}

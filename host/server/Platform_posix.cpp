@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/Platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+QString lastError()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+void setReason(QString *reason, const QString &text)
+{
+    if (reason)
+        *reason = text;
+}
+
+bool writeAll(int descriptor, const QByteArray &content)
+{
+    qsizetype done = 0;
+    while (done < content.size()) {
+        const ssize_t written
+            = ::write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        done += written;
+    }
+    return ::fsync(descriptor) == 0;
+}
+
+}
+
+FileLock::FileLock(const QString &path) : m_path(path) { }
+
+FileLock::~FileLock()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+FileLock::Result FileLock::tryLock(QString *reason)
+{
+    if (m_descriptor >= 0)
+        return Result::Taken;
+    // Without close-on-exec the server would inherit the lock and keep it after a crash of the program.
+    const int descriptor = ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (descriptor < 0) {
+        setReason(reason, lastError());
+        return Result::Impossible;
+    }
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        m_descriptor = descriptor;
+        return Result::Taken;
+    }
+    const bool held = errno == EWOULDBLOCK;
+    setReason(reason, lastError());
+    ::close(descriptor);
+    return held ? Result::Held : Result::Impossible;
+}
+
+bool makePrivateFolder(const QString &path, QString *reason)
+{
+    const QString parent = QFileInfo(path).path();
+    if (!QFileInfo(parent).isDir() && !QDir().mkpath(parent)) {
+        setReason(reason, QStringLiteral("cannot make %1").arg(parent));
+        return false;
+    }
+    if (::mkdir(QFile::encodeName(path).constData(), 0700) == 0)
+        return true;
+    setReason(reason, lastError());
+    return errno == EEXIST && QFileInfo(path).isDir();
+}
+
+bool isPrivateFolder(const QString &path)
+{
+    struct stat status;
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode)
+        && status.st_uid == ::geteuid() && (status.st_mode & 0077) == 0;
+}
+
+WriteResult writePrivateFile(const QString &path, const QByteArray &content, QString *reason)
+{
+    const QByteArray target = QFile::encodeName(path);
+    const QByteArray aside = target + ".new";
+    ::unlink(aside.constData());
+    const int descriptor = ::open(aside.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600);
+    bool done = descriptor >= 0;
+    if (done) {
+        done = writeAll(descriptor, content);
+        const int error = errno;
+        ::close(descriptor);
+        errno = error;
+    }
+    done = done && ::rename(aside.constData(), target.constData()) == 0;
+    if (done)
+        return WriteResult::Written;
+    const int error = errno;
+    setReason(reason, lastError());
+    ::unlink(aside.constData());
+    return error == ENOSPC || error == EDQUOT ? WriteResult::NoRoom : WriteResult::Refused;
+}
+
+QStringList runtimeFolders()
+{
+    QStringList folders;
+    const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (QDir::isAbsolutePath(session) && isPrivateFolder(session))
+        folders << session + QStringLiteral("/tzauto");
+    const QString own = QStringLiteral("/tzauto-%1").arg(::geteuid());
+    folders << QDir::tempPath() + own << QStringLiteral("/tmp") + own;
+    return folders;
+}
+
+int longestSocketPath()
+{
+    // The system's limit is 108 with the closing zero; other systems of the family stop at 104.
+    return 100;
+}
+
+void tieToThisProgram(QProcess &process)
+{
+    const pid_t program = ::getpid();
+    process.setChildProcessModifier([program] {
+        ::setpgid(0, 0);
+        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        // The program may have ended before the line above.
+        if (::getppid() != program)
+            ::_exit(1);
+    });
+}
+
+void askToStop(qint64 processId)
+{
+    if (processId > 0)
+        ::kill(static_cast<pid_t>(processId), SIGTERM);
+}
+
+void forceStop(qint64 processId)
+{
+    // Ours lead a process group of their own; what they started goes with them.
+    if (processId > 0 && ::kill(static_cast<pid_t>(-processId), SIGKILL) != 0)
+        ::kill(static_cast<pid_t>(processId), SIGKILL);
+}
+
+bool isAlive(qint64 processId)
+{
+    if (processId <= 0 || (::kill(static_cast<pid_t>(processId), 0) != 0 && errno == ESRCH))
+        return false;
+    // A process that has ended but that its parent has not yet asked about holds no files any more.
+    QFile status(QStringLiteral("/proc/%1/stat").arg(processId));
+    if (!status.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray line = status.readAll();
+    return !line.mid(line.lastIndexOf(')')).startsWith(") Z");
+}
+
+QList<qint64> processesWithArgument(const QString &argument)
+{
+    const QByteArray wanted = QFile::encodeName(argument);
+    QList<qint64> found;
+    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &entry : entries) {
+        bool isProcess = false;
+        const qint64 id = entry.toLongLong(&isProcess);
+        QFile commandLine(QStringLiteral("/proc/%1/cmdline").arg(entry));
+        if (isProcess && commandLine.open(QIODevice::ReadOnly) && commandLine.readAll().split('\0').contains(wanted))
+            found << id;
+    }
+    return found;
+}
+
+bool isAdministrator()
+{
+    return ::geteuid() == 0;
+}
+
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/server/EmbeddedServer.h"
+
+// The options files of a data folder. Both are written anew at every start, so that a folder may be moved.
+class ServerConfig
+{
+public:
+    ServerConfig(const DataFolder &folder, const EmbeddedServer::Options &options);
+
+    // Throws ServerError FolderNotWritable or DiskFull.
+    void writeServerOptions(const QString &socketPath) const;
+    // For this program's tools, and for the owner: mariadb --defaults-file=client.cnf
+    void writeClientOptions(const QString &socketPath, const QString &password) const;
+    // The password that client.cnf holds; empty when there is none.
+    QString storedPassword() const;
+
+    // The options of a client with such settings, in the form of client.cnf.
+    static QByteArray clientOptions(const KConnectionSettings &settings);
+    // A value as it may stand in an options file.
+    static QByteArray quoted(const QString &value);
+    static QString newPassword();
+    // First argument of every tool, for a file of ours.
+    static QString fromFile(const QString &path);
+
+private:
+    void write(const QString &path, const QByteArray &content) const;
+
+    DataFolder m_folder;
+    EmbeddedServer::Options m_options;
+};

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/ServerLog.h"
+
+#include <QFile>
+#include <QStringList>
+
+namespace {
+
+// A log that went on for weeks is not read whole.
+constexpr qint64 tailBytes = 64 * 1024;
+
+QString messageFor(ServerError::Kind kind, const DataFolder &folder)
+{
+    const QString shown = ServerError::shownPath(folder.path());
+    const QString log = ServerError::shownPath(folder.serverLogPath());
+    switch (kind) {
+    case ServerError::Kind::DiskFull:
+        return folder.diskFullMessage();
+    case ServerError::Kind::InUse:
+        return QStringLiteral("پایگاه داده پوشه %1 در دست سرور دیگری است؛ برنامه دیگر را ببندید و دوباره تلاش کنید.")
+            .arg(shown);
+    case ServerError::Kind::FolderNotWritable:
+        return QStringLiteral("سرور پایگاه داده اجازه خواندن یا نوشتن همه پرونده‌های پوشه %1 را ندارد؛ اجازه آنها را "
+                              "به خود بازگردانید.")
+            .arg(shown);
+    case ServerError::Kind::Timeout:
+        return QStringLiteral("سرور پایگاه داده پوشه %1 در زمان مقرر آماده نشد؛ دوباره تلاش کنید. گزارش آن در %2 است.")
+            .arg(shown, log);
+    case ServerError::Kind::EndedUnexpectedly:
+        return QStringLiteral("سرور پایگاه داده پوشه %1 ناگهان متوقف شد و دوباره راه‌اندازی می‌شود؛ کار آخر خود را "
+                              "دوباره انجام دهید.")
+            .arg(shown);
+    default:
+        return QStringLiteral("سرور پایگاه داده پوشه %1 راه‌اندازی نشد؛ دوباره تلاش کنید و اگر باز هم نشد گزارش %2 "
+                              "را برای پشتیبانی بفرستید.")
+            .arg(shown, log);
+    }
+}
+
+}
+
+ServerLog::ServerLog(const DataFolder &folder) : m_folder(folder) { }
+
+void ServerLog::begin() const
+{
+    if (!QFile::exists(m_folder.serverLogPath()))
+        return;
+    QFile::remove(m_folder.previousServerLogPath());
+    QFile::rename(m_folder.serverLogPath(), m_folder.previousServerLogPath());
+}
+
+QString ServerLog::tail(int lines) const
+{
+    QFile file(m_folder.serverLogPath());
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    if (file.size() > tailBytes)
+        file.seek(file.size() - tailBytes);
+    const QStringList all = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return all.mid(qMax<qsizetype>(0, all.size() - lines)).join(QLatin1Char('\n'));
+}
+
+std::optional<ServerError::Kind> ServerLog::knownFailure(const QString &text)
+{
+    struct Sign
+    {
+        QString words;
+        ServerError::Kind kind;
+    };
+    static const Sign signs[] = {
+        {QStringLiteral("No space left on device"), ServerError::Kind::DiskFull},
+        {QStringLiteral("Disk full"), ServerError::Kind::DiskFull},
+        {QStringLiteral("Errcode: 28"), ServerError::Kind::DiskFull},
+        {QStringLiteral("Error number 28"), ServerError::Kind::DiskFull},
+        {QStringLiteral("errno 28"), ServerError::Kind::DiskFull},
+        {QStringLiteral("errno: 28"), ServerError::Kind::DiskFull},
+        {QStringLiteral("Unable to lock ./ibdata1"), ServerError::Kind::InUse},
+        {QStringLiteral("Can't lock aria control file"), ServerError::Kind::InUse},
+        {QStringLiteral("Permission denied"), ServerError::Kind::FolderNotWritable},
+        {QStringLiteral("Read-only file system"), ServerError::Kind::FolderNotWritable},
+    };
+    for (const Sign &sign : signs) {
+        if (text.contains(sign.words, Qt::CaseInsensitive))
+            return sign.kind;
+    }
+    return std::nullopt;
+}
+
+ServerError ServerLog::error(ServerError::Kind otherwise, const QString &detail) const
+{
+    const QString words = tail();
+    const ServerError::Kind kind = knownFailure(words).value_or(otherwise);
+    return {kind, messageFor(kind, m_folder), detail + QLatin1Char('\n') + words};
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/server/DataFolder.h"
+#include "host/server/ServerError.h"
+
+#include <optional>
+
+// The log of the server: that of this start and that of the one before.
+class ServerLog
+{
+public:
+    explicit ServerLog(const DataFolder &folder);
+
+    // The log of the last start becomes the previous one; a new one begins.
+    void begin() const;
+    // The last lines, for the program's own log.
+    QString tail(int lines = 20) const;
+    // What the log says that went wrong, when it is one of the known things; otherwise nothing.
+    static std::optional<ServerError::Kind> knownFailure(const QString &text);
+    // The error for a server that failed: a known failure of the log, or otherwise the given kind.
+    ServerError error(ServerError::Kind otherwise, const QString &detail) const;
+
+private:
+    DataFolder m_folder;
+};

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/server/DataFolder.h"
+
+#include <QVersionNumber>
+
+// What the last server of a data folder was and how it ended, kept in server-state.json.
+struct ServerState
+{
+    QVersionNumber version; // major, minor, patch; null: unknown
+    bool endedCleanly = false;
+
+    // A missing or unreadable file gives an unknown version that did not end cleanly.
+    static ServerState load(const DataFolder &folder);
+    // Best effort: the state only saves work, and an unwritten one is taken for the worse.
+    void save(const DataFolder &folder) const;
+
+    // From "10.11.14-MariaDB-0+deb12u2" or from what mariadbd --version prints; null when there is none in it.
+    static QVersionNumber versionIn(const QString &text);
+};

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/ToolProcess.h"
+
+#include "host/server/Platform.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+
+namespace {
+
+constexpr int pulseMilliseconds = 50;
+constexpr qint64 chunkBytes = 1024 * 1024;
+
+// Hands on what the tool can take, and waits a moment for it or for its end.
+void feed(QProcess &process, QIODevice &source)
+{
+    if (!source.atEnd() && process.bytesToWrite() < chunkBytes) {
+        process.write(source.read(chunkBytes));
+        if (source.atEnd())
+            process.closeWriteChannel();
+    }
+    if (process.bytesToWrite() > 0)
+        process.waitForBytesWritten(pulseMilliseconds);
+    else
+        process.waitForFinished(pulseMilliseconds);
+}
+
+// Ends a tool that is still at work when an exception passes.
+class Ended
+{
+public:
+    explicit Ended(QProcess &process) : m_process(process) { }
+    ~Ended()
+    {
+        if (m_process.state() == QProcess::NotRunning)
+            return;
+        platform::forceStop(m_process.processId());
+        m_process.waitForFinished(5000);
+    }
+
+private:
+    QProcess &m_process;
+};
+
+}
+
+QProcessEnvironment ToolProcess::environment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QStringList names = environment.keys();
+    for (const QString &name : names) {
+        if (name.startsWith(QStringLiteral("MYSQL_")) || name.startsWith(QStringLiteral("MARIADB_")))
+            environment.remove(name);
+    }
+    // The tools' words are for our log and are looked through for known failures.
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    return environment;
+}
+
+ServerError ToolProcess::missing(const QString &program, const QString &detail)
+{
+    const QString shown = program.isEmpty() ? QStringLiteral("mariadbd") : program;
+    return {ServerError::Kind::ProgramMissing,
+            QStringLiteral("برنامه %1 اجرا نشد؛ بسته‌های mariadb-server-core و mariadb-client را نصب "
+                           "نمایید.")
+                .arg(ServerError::shownPath(shown)),
+            QStringLiteral("cannot start %1: %2").arg(shown, detail)};
+}
+
+int ToolProcess::run(const Pulse &pulse) const
+{
+    if (program.isEmpty())
+        throw missing(program, QStringLiteral("not found"));
+    QFile file(inputFile);
+    QBuffer buffer;
+    buffer.setData(input);
+    QIODevice &source = inputFile.isEmpty() ? static_cast<QIODevice &>(buffer) : file;
+    if (!source.open(QIODevice::ReadOnly))
+        throw ServerError(
+            ServerError::Kind::DumpFailed,
+            QStringLiteral("پرونده %1 خوانده نشد؛ پرونده دیگری انتخاب نمایید.").arg(ServerError::shownPath(inputFile)),
+            inputFile + QStringLiteral(": ") + source.errorString());
+
+    QProcess process;
+    platform::tieToThisProgram(process);
+    process.setProcessEnvironment(environment());
+    process.setStandardOutputFile(outputFile.isEmpty() ? QProcess::nullDevice() : outputFile);
+    process.setStandardErrorFile(errorFile.isEmpty() ? QProcess::nullDevice() : errorFile, QIODevice::Append);
+    if (source.atEnd())
+        process.setStandardInputFile(QProcess::nullDevice());
+    process.start(program, arguments);
+    const Ended ended(process);
+    if (!process.waitForStarted())
+        throw missing(program, process.errorString());
+
+    QElapsedTimer total;
+    QElapsedTimer sincePulse;
+    total.start();
+    sincePulse.start();
+    while (process.state() != QProcess::NotRunning) {
+        feed(process, source);
+        if (pulse && sincePulse.elapsed() >= pulseMilliseconds) {
+            pulse(source.pos() - process.bytesToWrite());
+            sincePulse.restart();
+        }
+        if (limitMilliseconds > 0 && total.elapsed() > limitMilliseconds)
+            throw ServerError(ServerError::Kind::Timeout,
+                              QStringLiteral("برنامه %1 در زمان مقرر به پایان نرسید؛ دوباره تلاش کنید.")
+                                  .arg(ServerError::shownPath(program)),
+                              QStringLiteral("%1 did not end within %2 ms").arg(program).arg(limitMilliseconds));
+    }
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
