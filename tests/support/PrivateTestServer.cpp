@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/PrivateTestServer.h"
+
+#include "host/server/Platform.h"
+#include "host/server/ServerConfig.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+const QString locationFile = QStringLiteral(TZ_TEST_SERVER_FILE);
+const QString folderKey = QStringLiteral("folder");
+
+}
+
+PrivateTestServer::PrivateTestServer()
+    : m_folder(QDir::tempPath() + QStringLiteral("/tzt-XXXXXX"))
+{
+    m_server = std::make_unique<EmbeddedServer>(DataFolder(m_folder.path()), options());
+    m_server->start();
+}
+
+PrivateTestServer::~PrivateTestServer() = default;
+
+EmbeddedServer::Options PrivateTestServer::options()
+{
+    EmbeddedServer::Options options;
+    options.unsafeButFast = true;
+    options.redoLogMiB = 32;
+    return options;
+}
+
+std::optional<KConnectionSettings> PrivateTestServer::ofThisRun()
+{
+    const QString path = publishedFolder();
+    if (path.isEmpty())
+        return std::nullopt;
+    const DataFolder folder(path);
+    KConnectionSettings settings;
+    settings.socketPath = folder.socketPath(QStringLiteral("db"));
+    settings.user = EmbeddedServer::databaseName();
+    settings.password = ServerConfig(folder, options()).storedPassword();
+    try {
+        KConnection(settings).run(QByteArrayLiteral("SELECT 1"));
+    } catch (const CMySQLException &) {
+        return std::nullopt;
+    }
+    return settings;
+}
+
+void PrivateTestServer::publish() const
+{
+    const QJsonObject object{{folderKey, folder()}};
+    platform::writePrivateFile(locationFile, QJsonDocument(object).toJson());
+}
+
+QString PrivateTestServer::publishedFolder()
+{
+    QFile file(locationFile);
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object().value(folderKey).toString()
+                                          : QString();
+}
+
+bool PrivateTestServer::isPublished(const QString &folder)
+{
+    return publishedFolder() == folder;
+}
+
+void PrivateTestServer::unpublish()
+{
+    QFile::remove(locationFile);
+}

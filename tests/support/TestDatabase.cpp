@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/TestDatabase.h"
+
+#include "tests/support/PrivateTestServer.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <atomic>
+#include <mysql.h>
+
+namespace {
+
+// Test programs run side by side, and one program may have several databases.
+QString freshName()
+{
+    static std::atomic<int> counter{0};
+    const QString program = QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName().left(30);
+    return QStringLiteral("%1_%2_%3").arg(program).arg(QCoreApplication::applicationPid()).arg(++counter);
+}
+
+QByteArray quotedName(const QString &name)
+{
+    return '`' + name.toUtf8() + '`';
+}
+
+}
+
+TestDatabase::TestDatabase(int database)
+    : m_database(database)
+{
+    if (const std::optional<KConnectionSettings> run = PrivateTestServer::ofThisRun()) {
+        m_settings = *run;
+    } else {
+        m_ownServer = std::make_unique<PrivateTestServer>();
+        m_settings = m_ownServer->server().connectionSettings();
+    }
+    m_settings.database = freshName();
+    recreate();
+}
+
+TestDatabase::~TestDatabase()
+{
+    KConnection::closeThreadConnections();
+    KConnectionSettings server = m_settings;
+    server.database.clear();
+    try {
+        KConnection(server).run("DROP DATABASE IF EXISTS " + quotedName(name()));
+    } catch (const CMySQLException &error) {
+        qWarning() << "the test database stays behind:" << error.what();
+    }
+}
+
+void TestDatabase::recreate()
+{
+    KConnectionSettings server = m_settings;
+    server.database.clear();
+    KConnection connection(server);
+    connection.run("DROP DATABASE IF EXISTS " + quotedName(name()));
+    connection.run("CREATE DATABASE " + quotedName(name()));
+    KConnection::configure(m_database, m_settings);
+}
+
+void TestDatabase::run(const QString &statement)
+{
+    KConnection::forThread(m_database).run(statement);
+}
+
+QString TestDatabase::value(const QString &statement)
+{
+    const KConnection::Result result = KConnection::forThread(m_database).run(statement);
+    const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
+    return row && row[0] ? QString::fromUtf8(row[0]) : QString();
+}
