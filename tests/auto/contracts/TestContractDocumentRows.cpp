@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractDocumentRows.h"
+
+#include "suite/utility/Money.h"
+
+#include <QTest>
+
+namespace {
+
+ContractForDocument taxedContract()
+{
+    ContractForDocument contract;
+    contract.commission = 1000;
+    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 9, 90, 1, 10};
+    contract.second = {22, QStringLiteral("رضا"), PartyKind::Ordinary, 0, 4.5, 45, 0, 0};
+    return contract;
+}
+
+// "account/person debit credit [description]" per row.
+QStringList lines(const std::vector<ContractDocumentRow> &rows)
+{
+    QStringList result;
+    for (const ContractDocumentRow &row : rows) {
+        result.append(QStringLiteral("%1/%2 %3 %4 [%5]")
+                          .arg(row.account)
+                          .arg(row.personID)
+                          .arg(row.debit)
+                          .arg(row.credit)
+                          .arg(row.description));
+    }
+    return result;
+}
+
+bool balances(const std::vector<ContractDocumentRow> &rows)
+{
+    double debit = 0;
+    double credit = 0;
+    for (const ContractDocumentRow &row : rows) {
+        debit += row.debit;
+        credit += row.credit;
+    }
+    return IsEquals(debit, credit);
+}
+
+}
+
+class TestContractDocumentRows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void description_data();
+    void description();
+    void commissionTaxAndDutyOfBothParties();
+    void discountReversesCommission();
+    void showroomBearsItsTaxAndDutyAsExpense();
+    void partyTypedByHandPostsTaxButNoCommission();
+    void zeroAmountsGiveNoRows();
+    void percentageStandsWithoutTrailingZeros_data();
+    void percentageStandsWithoutTrailingZeros();
+    void amountsAreGrouped();
+    void everyCombinationBalances_data();
+    void everyCombinationBalances();
+};
+
+void TestContractDocumentRows::init()
+{
+    setDefaultMoneyDecimals(0);
+}
+
+void TestContractDocumentRows::description_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("sale") << 0 << QStringLiteral("مبایعه نامه ش :12");
+    QTest::newRow("rent") << 1 << QStringLiteral("قرارداد اجاره ش :12");
+    QTest::newRow("instalment sale") << 2 << QStringLiteral("فروش اقساطی ش :12");
+    QTest::newRow("letter") << 3 << QStringLiteral("نامه ش :12");
+    QTest::newRow("any other type has no name") << 4 << QStringLiteral(" ش :12");
+}
+
+void TestContractDocumentRows::description()
+{
+    QFETCH(int, type);
+    QFETCH(QString, text);
+    QCOMPARE(contractDocumentDescription(type, 12), text);
+}
+
+void TestContractDocumentRows::commissionTaxAndDutyOfBothParties()
+{
+    QCOMPARE(lines(contractDocumentRows(taxedContract())),
+             QStringList({
+                 QStringLiteral("110301/11 1000 0 [ کمیسیون پرداختی علی]"),
+                 QStringLiteral("410202/0 0 1000 [ کمیسیون پرداختی علی]"),
+                 QStringLiteral("110301/22 1000 0 [ کمیسیون پرداختی رضا]"),
+                 QStringLiteral("410202/0 0 1000 [ کمیسیون پرداختی رضا]"),
+                 QStringLiteral("110301/11 90 0 [9% مالیات ارزش افزوده علی]"),
+                 QStringLiteral("210501/0 0 90 [9% مالیات ارزش افزوده 90از علی]"),
+                 QStringLiteral("110301/22 45 0 [4.5% مالیات ارزش افزوده رضا]"),
+                 QStringLiteral("210501/0 0 45 [4.5% مالیات ارزش افزوده 45از رضا]"),
+                 QStringLiteral("110301/11 10 0 [1% عوارض علی]"),
+                 QStringLiteral("210502/0 0 10 [1% عوارض 10از علی]"),
+             }));
+}
+
+void TestContractDocumentRows::discountReversesCommission()
+{
+    ContractForDocument contract;
+    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 30, 0, 0, 0, 0};
+    contract.second = {22, QStringLiteral("رضا"), PartyKind::Ordinary, 40, 0, 0, 0, 0};
+    QCOMPARE(lines(contractDocumentRows(contract)),
+             QStringList({
+                 QStringLiteral("410202/0 30 0 [ تخفیف به علی]"),
+                 QStringLiteral("110301/11 0 30 [ تخفیف  علی]"),
+                 QStringLiteral("410202/0 40 0 [ تخفیف به رضا]"),
+                 QStringLiteral("110301/22 0 40 [ تخفیف رضا]"),
+             }));
+}
+
+void TestContractDocumentRows::showroomBearsItsTaxAndDutyAsExpense()
+{
+    ContractForDocument contract = taxedContract();
+    contract.commission = 0;
+    contract.first.personID = 0;
+    contract.first.name = QStringLiteral("نمایشگاه ما");
+    contract.first.kind = PartyKind::Showroom;
+    contract.second = {};
+    QCOMPARE(lines(contractDocumentRows(contract)),
+             QStringList({
+                 QStringLiteral("110301/0 90 0 [9% مالیات ارزش افزوده نمایشگاه ما]"),
+                 QStringLiteral("210501/0 0 90 [9% مالیات ارزش افزوده 90از نمایشگاه ما]"),
+                 QStringLiteral("610502/0 90 0 [9% مالیات ارزش افزوده 90از نمایشگاه ما]"),
+                 QStringLiteral("110301/0 0 90 [9% مالیات ارزش افزوده نمایشگاه ما]"),
+                 QStringLiteral("110301/0 10 0 [1% عوارض نمایشگاه ما]"),
+                 QStringLiteral("210502/0 0 10 [1% عوارض 10از نمایشگاه ما]"),
+                 QStringLiteral("610503/0 10 0 [1% عوارض 10از نمایشگاه ما]"),
+                 QStringLiteral("110301/0 0 10 [1% عوارض نمایشگاه ما]"),
+             }));
+}
+
+void TestContractDocumentRows::partyTypedByHandPostsTaxButNoCommission()
+{
+    ContractForDocument contract;
+    contract.commission = 1000;
+    contract.first = {0, QStringLiteral("رهگذر"), PartyKind::Other, 50, 9, 90, 0, 0};
+    QCOMPARE(lines(contractDocumentRows(contract)),
+             QStringList({
+                 QStringLiteral("110301/0 90 0 [9% مالیات ارزش افزوده رهگذر]"),
+                 QStringLiteral("210501/0 0 90 [9% مالیات ارزش افزوده 90از رهگذر]"),
+             }));
+}
+
+void TestContractDocumentRows::zeroAmountsGiveNoRows()
+{
+    ContractForDocument contract;
+    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0.00005, 9, 0, 9, 0};
+    contract.second = {0, QStringLiteral("ما"), PartyKind::Showroom, 0, 9, 0, 9, 0.00005};
+    QVERIFY(contractDocumentRows(contract).empty());
+}
+
+void TestContractDocumentRows::percentageStandsWithoutTrailingZeros_data()
+{
+    QTest::addColumn<double>("percent");
+    QTest::addColumn<QString>("start");
+    QTest::newRow("whole") << 9.0 << QStringLiteral("9% عوارض ");
+    QTest::newRow("ten") << 10.0 << QStringLiteral("10% عوارض ");
+    QTest::newRow("half") << 4.5 << QStringLiteral("4.5% عوارض ");
+    QTest::newRow("hundredths") << 0.25 << QStringLiteral("0.25% عوارض ");
+    QTest::newRow("a duty typed in without a percentage") << 0.0 << QStringLiteral("0% عوارض ");
+}
+
+void TestContractDocumentRows::percentageStandsWithoutTrailingZeros()
+{
+    QFETCH(double, percent);
+    QFETCH(QString, start);
+    ContractForDocument contract;
+    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 0, 0, percent, 7};
+    const auto rows = contractDocumentRows(contract);
+    QCOMPARE(rows.size(), size_t(2));
+    QCOMPARE(rows[0].description, start + QStringLiteral("علی"));
+    QCOMPARE(rows[1].description, start + QStringLiteral("7از علی"));
+}
+
+void TestContractDocumentRows::amountsAreGrouped()
+{
+    setDefaultMoneyDecimals(2);
+    ContractForDocument contract;
+    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 9, 1234567.5, 0, 0};
+    QCOMPARE(contractDocumentRows(contract)[1].description,
+             QStringLiteral("9% مالیات ارزش افزوده 1,234,567.50از علی"));
+}
+
+void TestContractDocumentRows::everyCombinationBalances_data()
+{
+    QTest::addColumn<int>("firstPerson");
+    QTest::addColumn<int>("firstKind");
+    QTest::addColumn<int>("secondPerson");
+    QTest::addColumn<int>("secondKind");
+    for (int firstKind = -1; firstKind <= 2; ++firstKind) {
+        for (int secondKind = -1; secondKind <= 2; ++secondKind) {
+            for (int persons = 0; persons < 4; ++persons) {
+                QTest::addRow("kinds %d and %d, persons %d", firstKind, secondKind, persons)
+                    << (persons & 1) << firstKind << (persons & 2) << secondKind;
+            }
+        }
+    }
+}
+
+void TestContractDocumentRows::everyCombinationBalances()
+{
+    QFETCH(int, firstPerson);
+    QFETCH(int, firstKind);
+    QFETCH(int, secondPerson);
+    QFETCH(int, secondKind);
+    ContractForDocument contract;
+    contract.commission = 333.33;
+    contract.first = {firstPerson, QStringLiteral("a"), static_cast<PartyKind>(firstKind), 12.5, 9, 30.3, 1, 3.3};
+    contract.second = {secondPerson, QStringLiteral("b"), static_cast<PartyKind>(secondKind), 0.1, 9, 29.99, 1, 3.7};
+    const auto rows = contractDocumentRows(contract);
+    QVERIFY(!rows.empty());
+    QVERIFY(rows.size() % 2 == 0);
+    QVERIFY(balances(rows));
+    for (size_t i = 0; i < rows.size(); i += 2)
+        QVERIFY(rows[i].debit > 0 && rows[i].credit == 0 && rows[i + 1].credit == rows[i].debit && rows[i + 1].debit == 0);
+}
+
+QTEST_APPLESS_MAIN(TestContractDocumentRows)
+#include "TestContractDocumentRows.moc"
