@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgDocCreated.h"
+
+#include "suite/accounting/KMessageDialog.h"
+
+QString CDlgDocCreated::text(int docNum, int fiscalYear)
+{
+    return QStringLiteral("سند حسابداری شماره %1 در سال مالی %2 ثبت شد.").arg(docNum).arg(fiscalYear);
+}
+
+void CDlgDocCreated::Show(int docNum, int fiscalYear, QWidget *parent)
+{
+    if (docNum > 0)
+        g_pDlgMessage->Show(text(docNum, fiscalYear), parent);
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KApplication.h"
+
+#include "suite/accounting/KErrorBoundary.h"
+
+#include <QStyleFactory>
+
+KApplication::KApplication(int &argc, char **argv)
+    : QApplication(argc, argv)
+{
+    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setLayoutDirection(Qt::RightToLeft);
+}
+
+bool KApplication::notify(QObject *receiver, QEvent *event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), activeWindow());
+    }
+    return true;
+}
