@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblDepartments.h"
+
+CTblDepartments::CTblDepartments(int database)
+    : KMySQL(database)
+{
+}
+
+CTblDepartments::~CTblDepartments() = default;
+
+QString CTblDepartments::GetTableName() const
+{
+    return QStringLiteral("Departments");
+}
+
+void CTblDepartments::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Text(u"sName", m_sName, u"شعبه");
+}

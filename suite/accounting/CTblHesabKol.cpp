@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblHesabKol.h"
+
+CTblHesabKol::CTblHesabKol(int database)
+    : KMySQL(database)
+{
+}
+
+CTblHesabKol::~CTblHesabKol() = default;
+
+QString CTblHesabKol::GetTableName() const
+{
+    return QStringLiteral("HesabKol");
+}
+
+void CTblHesabKol::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iCode", m_iCode, u"کد کل");
+    RFX_Text(u"sName", m_sName, u"نام حساب");
+    RFX_Long(u"iStatus", m_iStatus, u"");
+}

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblProperties.h"
+
+#include <optional>
+
+namespace {
+
+std::optional<QString> stored(const QString &section, const QString &key, int database)
+{
+    CTblProperties set(database);
+    const KConnection &connection = KConnection::forThread(database);
+    set.m_filter = QStringLiteral("sSection=%1 AND sKey=%2")
+                       .arg(QString::fromUtf8(connection.quoted(section)), QString::fromUtf8(connection.quoted(key)));
+    set.Open(true, true, true);
+    return set.IsEOF() ? std::nullopt : std::optional(set.m_sValue);
+}
+
+}
+
+CTblProperties::CTblProperties(int database)
+    : KMySQL(database)
+{
+}
+
+CTblProperties::~CTblProperties() = default;
+
+QString CTblProperties::GetTableName() const
+{
+    return QStringLiteral("Properties");
+}
+
+void CTblProperties::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Text(u"sSection", m_sSection, u"بخش");
+    RFX_Text(u"sKey", m_sKey, u"کلید");
+    RFX_Text(u"sValue", m_sValue, u"مقدار");
+}
+
+double CTblProperties::DBReadSetting(const QString &section, const QString &key, double defaultValue, int database)
+{
+    bool isNumber = false;
+    const double value = stored(section, key, database).value_or(QString()).toDouble(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+QString CTblProperties::DBReadSetting(const QString &section, const QString &key, const QString &defaultValue, int database)
+{
+    return stored(section, key, database).value_or(defaultValue);
+}
+
+int CTblProperties::DBReadSettingInt(const QString &section, const QString &key, int defaultValue, int database)
+{
+    bool isNumber = false;
+    const int value = stored(section, key, database).value_or(QString()).toInt(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+void CTblProperties::DBWriteSetting(const QString &section, const QString &key, double value, int database)
+{
+    // 17 significant digits bring every double back as it was.
+    DBWriteSetting(section, key, QString::number(value, 'g', 17), database);
+}
+
+void CTblProperties::DBWriteSetting(const QString &section, const QString &key, const QString &value, int database)
+{
+    // One statement, so that two users who store the same key for the first time do not collide.
+    KConnection &connection = KConnection::forThread(database);
+    connection.run("INSERT INTO Properties(sSection,sKey,sValue) VALUES(" + connection.quoted(section) + ','
+                   + connection.quoted(key) + ',' + connection.quoted(value) + ") ON DUPLICATE KEY UPDATE sValue=VALUES(sValue)");
+}
+
+void CTblProperties::DBWriteSettingInt(const QString &section, const QString &key, int value, int database)
+{
+    DBWriteSetting(section, key, QString::number(value), database);
+}
+
+QHash<QString, QString> CTblProperties::DBReadSection(const QString &section, int database)
+{
+    CTblProperties set(database);
+    set.m_filter = QStringLiteral("sSection=%1")
+                       .arg(QString::fromUtf8(KConnection::forThread(database).quoted(section)));
+    QHash<QString, QString> values;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        values.insert(set.m_sKey, set.m_sValue);
+    return values;
+}

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/SuiteSchema.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTableSchema.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/KAccountingError.h"
+
+#include <QLoggingCategory>
+
+#include <span>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcSchema, "tz.schema")
+
+// Every statement can be run again: a step that stopped half-way, or that two programs run at once, ends the same.
+struct Step
+{
+    int number;
+    std::span<const char *const> statements;
+};
+
+// Holds the version itself, so it stands before every step.
+constexpr const char *propertiesTable =
+    "CREATE TABLE IF NOT EXISTS Properties (iID INT NOT NULL AUTO_INCREMENT"
+    ", sSection VARCHAR(100) COLLATE utf8_bin NOT NULL, sKey VARCHAR(100) COLLATE utf8_bin NOT NULL"
+    ", sValue VARCHAR(1000) DEFAULT NULL, UNIQUE KEY sectionKey (sSection,sKey)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8";
+
+constexpr const char *users[] = {
+    "CREATE TABLE IF NOT EXISTS Users (iID INT NOT NULL AUTO_INCREMENT, sUser VARCHAR(50) NOT NULL"
+    ", sPasswordHash VARCHAR(255) DEFAULT NULL, sName VARCHAR(100) DEFAULT NULL, iStatus INT DEFAULT 0"
+    ", bAdmin TINYINT DEFAULT 0, UNIQUE KEY user (sUser), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS UserRights (iID INT NOT NULL AUTO_INCREMENT, iUserID INT NOT NULL"
+    ", sForm VARCHAR(100) COLLATE utf8_bin NOT NULL, iRights INT DEFAULT 0"
+    ", UNIQUE KEY userForm (iUserID,sForm), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
+constexpr const char *sharedRecords[] = {
+    "CREATE TABLE IF NOT EXISTS Persons (iID INT NOT NULL AUTO_INCREMENT, iCode INT DEFAULT 0"
+    ", sName VARCHAR(100) DEFAULT NULL, sFamily VARCHAR(100) DEFAULT NULL"
+    ", sName2 VARCHAR(200) DEFAULT NULL, iSex INT DEFAULT 0, sFatherName VARCHAR(100) DEFAULT NULL"
+    ", dateBirth DATETIME DEFAULT NULL, sBirthCity VARCHAR(50) DEFAULT NULL"
+    ", sIdentityNum VARCHAR(20) DEFAULT NULL, sIdentityCity VARCHAR(50) DEFAULT NULL"
+    ", sNationalCode VARCHAR(20) DEFAULT NULL, sEconomicCode VARCHAR(20) DEFAULT NULL"
+    ", sPostalCode VARCHAR(20) DEFAULT NULL, sAreaCode VARCHAR(10) DEFAULT NULL"
+    ", sTel VARCHAR(50) DEFAULT NULL, sMobile VARCHAR(50) DEFAULT NULL"
+    ", sAddress VARCHAR(250) DEFAULT NULL, iKind INT DEFAULT 0, bNatural TINYINT DEFAULT 0"
+    ", iTaxKind INT DEFAULT 0, iTaxZone INT DEFAULT 0, iProvinceCode INT DEFAULT 0"
+    ", iCityCode INT DEFAULT 0, dPercentDiscount DOUBLE DEFAULT 0, iStatus INT DEFAULT 0"
+    ", KEY code (iCode), KEY name2 (sName2), KEY family (sFamily), KEY nationalCode (sNationalCode)"
+    ", KEY mobile (sMobile), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Items (iID INT NOT NULL AUTO_INCREMENT, iType INT DEFAULT 0"
+    ", sName VARCHAR(250) DEFAULT NULL, sTitle VARCHAR(250) DEFAULT NULL, iStatus INT DEFAULT 0"
+    ", KEY typeName (iType,sName), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Departments (iID INT NOT NULL AUTO_INCREMENT"
+    ", sName VARCHAR(100) DEFAULT NULL, PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "INSERT IGNORE INTO Departments(iID,sName) VALUES(1,'دفتر مرکزی')",
+};
+
+// The accounts that the code posts to (Accounts.h) and the general accounts above them.
+constexpr const char *chart[] = {
+    "CREATE TABLE IF NOT EXISTS HesabKol (iID INT NOT NULL AUTO_INCREMENT, iCode INT NOT NULL"
+    ", sName VARCHAR(100) DEFAULT NULL, iStatus INT DEFAULT 0, UNIQUE KEY code (iCode)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS HesabMoeen (iID INT NOT NULL AUTO_INCREMENT, iCode INT NOT NULL"
+    ", sName VARCHAR(100) DEFAULT NULL, iStatus INT DEFAULT 0, iHesabKolCode INT DEFAULT 0"
+    ", UNIQUE KEY code (iCode), KEY kol (iHesabKolCode), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS HesabTafsily (iID INT NOT NULL AUTO_INCREMENT, iCode INT NOT NULL"
+    ", sName VARCHAR(100) DEFAULT NULL, iStatus INT DEFAULT 0, iHesabMoeenCode INT DEFAULT 0"
+    ", UNIQUE KEY code (iCode), KEY moeen (iHesabMoeenCode)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "INSERT IGNORE INTO HesabKol(iCode,sName) VALUES(1101,'صندوق'),(1102,'بانک'),(1103,'اشخاص'),"
+    "(2105,'مالیات و عوارض پرداختنی'),(4102,'سایر درآمدها'),(6105,'هزینه مالیات و عوارض')",
+    "INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(110101,'صندوق',1101),(110201,'بانک',1102),"
+    "(110301,'اشخاص',1103),(210501,'مالیات ارزش افزوده پرداختنی',2105),(210502,'عوارض پرداختنی',2105),"
+    "(410202,'درآمد کمیسیون',4102),(610502,'هزینه مالیات ارزش افزوده',6105),(610503,'هزینه عوارض',6105)",
+};
+
+// The Properties row is what a drawer of a document number locks.
+constexpr const char *books[] = {
+    "CREATE TABLE IF NOT EXISTS Documents (iID INT NOT NULL AUTO_INCREMENT, iNum INT NOT NULL"
+    ", iFiscalYear INT NOT NULL, iKind INT DEFAULT 0, date DATETIME DEFAULT NULL"
+    ", sDesc VARCHAR(500) DEFAULT NULL, iUserID INT DEFAULT 0, iStatus INT DEFAULT 0"
+    ", UNIQUE KEY yearNum (iFiscalYear,iNum), KEY num (iNum)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Docs (iID INT NOT NULL AUTO_INCREMENT, iDocNum INT DEFAULT 0"
+    ", iFiscalYear INT DEFAULT 0, iHesabKolCode INT DEFAULT 0, iHesabMoeenCode INT DEFAULT 0"
+    ", iHesabTafsilyCode INT DEFAULT 0, iPersonID INT DEFAULT 0, dBed DOUBLE DEFAULT 0"
+    ", dBes DOUBLE DEFAULT 0, sDesc VARCHAR(500) DEFAULT NULL, KEY document (iDocNum,iFiscalYear)"
+    ", KEY person (iPersonID), KEY moeen (iHesabMoeenCode), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Receipts (iID INT NOT NULL AUTO_INCREMENT, iPersonID INT DEFAULT 0"
+    ", date DATETIME DEFAULT NULL, dAmount DOUBLE DEFAULT 0, sDesc VARCHAR(500) DEFAULT NULL"
+    ", iDocNum INT DEFAULT 0, iFiscalYear INT DEFAULT 0, iUserID INT DEFAULT 0, KEY person (iPersonID)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "INSERT IGNORE INTO Properties(sSection,sKey,sValue) VALUES('Documents','Numbering','')",
+};
+
+constexpr const char *relatedRecords[] = {
+    "CREATE TABLE IF NOT EXISTS FileDocs (iID INT NOT NULL AUTO_INCREMENT, iTable INT DEFAULT 0"
+    ", iRecordID INT DEFAULT 0, iScope INT DEFAULT 0, iUserID INT DEFAULT 0"
+    ", sName VARCHAR(255) DEFAULT NULL, oData LONGBLOB, dateCreate DATETIME DEFAULT NULL"
+    ", KEY record (iTable,iRecordID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS CustomFields (iID INT NOT NULL AUTO_INCREMENT, iTable INT DEFAULT 0"
+    ", sName VARCHAR(100) NOT NULL, iType INT DEFAULT 0, UNIQUE KEY tableName (iTable,sName)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS CustomFieldRecords (iID INT NOT NULL AUTO_INCREMENT"
+    ", iFieldID INT NOT NULL, iTable INT DEFAULT 0, iRecordID INT NOT NULL"
+    ", sValue VARCHAR(500) DEFAULT NULL, UNIQUE KEY fieldRecord (iFieldID,iRecordID)"
+    ", KEY record (iTable,iRecordID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
+constexpr Step steps[] = {
+    {1, users}, {2, sharedRecords}, {3, chart}, {4, books}, {5, relatedRecords},
+};
+
+const QString schemaSection = QStringLiteral("Schema");
+const QString suiteKey = QStringLiteral("Suite");
+const QString moduleKey = QStringLiteral("TzAuto");
+
+}
+
+int SuiteSchema::currentVersion()
+{
+    return std::end(steps)[-1].number;
+}
+
+int SuiteSchema::storedVersion(int database)
+{
+    KTableSchema::forgetAll();
+    if (KTableSchema::of(QStringLiteral("Properties"), database).isEmpty())
+        return 0;
+    return CTblProperties::DBReadSettingInt(schemaSection, suiteKey, 0, database);
+}
+
+void SuiteSchema::upgrade(int database)
+{
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(propertiesTable, true, true);
+    const int reached = storedVersion(database);
+    if (reached > currentVersion())
+        throw KAccountingError(
+            QStringLiteral("این پایگاه داده با نسخه جدیدتری از برنامه ساخته شده است. لطفا برنامه را به روز نمایید."));
+    for (const Step &step : steps) {
+        if (step.number <= reached)
+            continue;
+        for (const char *statement : step.statements)
+            temp.ExecuteQuery(statement, true, true);
+        CTblProperties::DBWriteSettingInt(schemaSection, suiteKey, step.number, database);
+        qCInfo(lcSchema) << "suite schema step" << step.number << "done";
+    }
+    KTableSchema::forgetAll();
+}
+
+void SuiteSchema::afterModuleUpgrade(int database)
+{
+    KTableSchema::forgetAll();
+    const QString contracts = QStringLiteral("AutomobilContracts");
+    // Asked first: an ALTER, even one that has nothing to do, waits for everybody who reads the table.
+    if (KTableSchema::of(contracts, database).column(QStringLiteral("iFiscalYear")))
+        return;
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.ExecuteQuery("ALTER TABLE AutomobilContracts ADD COLUMN iFiscalYear INT DEFAULT 0", false, true);
+    KTableSchema::forgetAll();
+}
+
+double SuiteSchema::moduleVersion(int database)
+{
+    return CTblProperties::DBReadSetting(schemaSection, moduleKey, 0.0, database);
+}
+
+void SuiteSchema::setModuleVersion(double version, int database)
+{
+    CTblProperties::DBWriteSetting(schemaSection, moduleKey, version, database);
+}
