@@ -52,6 +52,7 @@ public:
 
     // A closed database is only read: every command that changes data is hidden or refused.
     bool IsClosedDB() const;
+    static bool IsClosed(int database);
     void SetClosedDB(bool closed);
     // Throws KAccountingError when the database is closed.
     void RequireOpenDB() const;

@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDBSetting.h"
+
+#include "auto/db/CTblTemp.h"
+#include "suite/accounting/CDlgCashFromPerson.h"
+#include "suite/accounting/CTblDepartments.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcSetting, "tz.setting")
+
+const QString databaseSection = QStringLiteral("Database");
+const QString moneySection = QStringLiteral("Money");
+const QString yearSection = QStringLiteral("FiscalYear");
+
+constexpr int mostDecimals = 4;
+
+QString closedMessage()
+{
+    return QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.");
+}
+
+}
+
+KTabHost::~KTabHost() = default;
+
+CDBSetting::CDBSetting() = default;
+
+CDBSetting::~CDBSetting() = default;
+
+CDBSetting *GetDBSetting()
+{
+    static CDBSetting setting;
+    return &setting;
+}
+
+bool CDBSetting::Login(int userID)
+{
+    CTblUsers user;
+    if (!user.IsRecordExist(QStringLiteral("iID"), userID) || user.m_iStatus != 0)
+        return false;
+    m_userID = user.m_iID;
+    m_userName = user.m_sUser;
+    m_userFullName = user.m_sName.isEmpty() ? user.m_sUser : user.m_sName;
+    m_admin = user.m_bAdmin != 0;
+    KSecurity::forgetRights();
+    setDefaultMoneyDecimals(MoneyDecimals());
+    return true;
+}
+
+void CDBSetting::Logout()
+{
+    m_userID = 0;
+    m_userName.clear();
+    m_userFullName.clear();
+    m_admin = false;
+    KSecurity::forgetRights();
+}
+
+bool CDBSetting::IsClosedDB() const
+{
+    return IsClosed(0);
+}
+
+bool CDBSetting::IsClosed(int database)
+{
+    return CTblProperties::DBReadSettingInt(databaseSection, QStringLiteral("bClosed"), 0, database) != 0;
+}
+
+void CDBSetting::SetClosedDB(bool closed)
+{
+    CTblProperties::DBWriteSettingInt(databaseSection, QStringLiteral("bClosed"), closed ? 1 : 0);
+}
+
+void CDBSetting::RequireOpenDB() const
+{
+    if (IsClosedDB())
+        throw KAccountingError(closedMessage());
+}
+
+QDateTime CDBSetting::GetDBServerDate() const
+{
+    CTblTemp temp;
+    temp.Open(true, false, true);
+    temp.ExecuteQuery("SELECT NOW()", true, true);
+    return temp.GetDateFieldValue(0);
+}
+
+QString CDBSetting::MoneyUnitName() const
+{
+    return CTblProperties::DBReadSetting(moneySection, QStringLiteral("sUnit"), QStringLiteral("ریال"));
+}
+
+void CDBSetting::SetMoneyUnitName(const QString &name)
+{
+    CTblProperties::DBWriteSetting(moneySection, QStringLiteral("sUnit"), name);
+}
+
+int CDBSetting::MoneyDecimals() const
+{
+    return std::clamp(CTblProperties::DBReadSettingInt(moneySection, QStringLiteral("iDecimals"), 0), 0, mostDecimals);
+}
+
+void CDBSetting::SetMoneyDecimals(int decimals)
+{
+    const int kept = std::clamp(decimals, 0, mostDecimals);
+    CTblProperties::DBWriteSettingInt(moneySection, QStringLiteral("iDecimals"), kept);
+    setDefaultMoneyDecimals(kept);
+}
+
+int CDBSetting::FiscalYear() const
+{
+    const int stored = CTblProperties::DBReadSettingInt(yearSection, QStringLiteral("iFiscalYear"), 0);
+    return stored > 0 ? stored : GetShamsi(GetDBServerDate().date()).year;
+}
+
+void CDBSetting::SetFiscalYear(int shamsiYear)
+{
+    CTblProperties::DBWriteSettingInt(yearSection, QStringLiteral("iFiscalYear"), shamsiYear);
+}
+
+QDateTime CDBSetting::FiscalYearOpeningDate() const
+{
+    const QString stored = CTblProperties::DBReadSetting(yearSection, QStringLiteral("dateOpening"), QString());
+    QDate day = QDate::fromString(stored, Qt::ISODate);
+    if (!day.isValid())
+        day = ConvertToMiladi(FiscalYear(), 1, 1);
+    return QDateTime(day, QTime(0, 0), Qt::UTC);
+}
+
+void CDBSetting::SetFiscalYearOpeningDate(const QDateTime &date)
+{
+    CTblProperties::DBWriteSetting(yearSection, QStringLiteral("dateOpening"), date.date().toString(Qt::ISODate));
+}
+
+QList<CDBSetting::Department> CDBSetting::Departments() const
+{
+    CTblDepartments set;
+    set.m_sort = QStringLiteral("iID");
+    QList<Department> departments;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        departments.append({set.m_iID, set.m_sName});
+    return departments;
+}
+
+int CDBSetting::GetDepartmentID() const
+{
+    const QList<Department> departments = Departments();
+    return departments.isEmpty() ? 0 : departments.constFirst().id;
+}
+
+void CDBSetting::AddDialogToTabPage_(KDialogTabPage *page, int, int)
+{
+    std::unique_ptr<KDialogTabPage> owned(page);
+    if (!owned || !owned->OnAccess())
+        return;
+    if (!m_tabHost) {
+        qCWarning(lcSetting) << "a page was opened, but there is no place for tab pages";
+        return;
+    }
+    m_tabHost->addPage(owned.release());
+}
+
+bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent)
+{
+    KSecurity security;
+    security.SetFormName(QStringLiteral("Receipts"));
+    if (!security.CheckWriteSecurity())
+        return false;
+    if (IsClosedDB()) {
+        g_pDlgWarning->Show(closedMessage(), parent);
+        return false;
+    }
+    CDlgCashFromPerson dialog(personID, amount, desc, parent);
+    return dialog.exec() == QDialog::Accepted;
+}

@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblUsers.h"
+
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QLoggingCategory>
+#include <QMutex>
+
+#include <sodium.h>
+
+#include <stdexcept>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcUsers, "tz.users")
+
+QMutex costMutex;
+CTblUsers::HashCost currentCost = CTblUsers::officeCost();
+
+CTblUsers::HashCost hashCost()
+{
+    QMutexLocker lock(&costMutex);
+    return currentCost;
+}
+
+void requireSodium()
+{
+    if (sodium_init() < 0)
+        throw std::runtime_error("the cryptographic library did not start");
+}
+
+// The password as bytes that do not depend on the keyboard that it is typed on: a Persian keyboard gives Persian digits.
+// Wiped when it goes.
+class PasswordBytes
+{
+public:
+    explicit PasswordBytes(const QString &password)
+        : m_bytes(toAsciiDigits(password.normalized(QString::NormalizationForm_C)).toUtf8())
+    {
+    }
+    ~PasswordBytes() { sodium_memzero(m_bytes.data(), static_cast<std::size_t>(m_bytes.size())); }
+    PasswordBytes(const PasswordBytes &) = delete;
+    PasswordBytes &operator=(const PasswordBytes &) = delete;
+
+    const char *data() const { return m_bytes.constData(); }
+    unsigned long long size() const { return static_cast<unsigned long long>(m_bytes.size()); }
+
+private:
+    QByteArray m_bytes;
+};
+
+QString hashed(const PasswordBytes &password)
+{
+    requireSodium();
+    const CTblUsers::HashCost cost = hashCost();
+    char hash[crypto_pwhash_STRBYTES];
+    if (crypto_pwhash_str_alg(hash, password.data(), password.size(), cost.operations, cost.memoryBytes,
+                              crypto_pwhash_ALG_ARGON2ID13) != 0)
+        throw std::bad_alloc();
+    return QString::fromLatin1(hash);
+}
+
+// Stands in for the hash of a user that does not exist, so that the answer takes the same time.
+QString nobodysHash()
+{
+    static QMutex mutex;
+    static QString hash;
+    static CTblUsers::HashCost madeAt{};
+    QMutexLocker lock(&mutex);
+    const CTblUsers::HashCost cost = hashCost();
+    if (hash.isEmpty() || madeAt.operations != cost.operations || madeAt.memoryBytes != cost.memoryBytes) {
+        hash = hashed(PasswordBytes(QStringLiteral("nobody")));
+        madeAt = cost;
+    }
+    return hash;
+}
+
+bool matches(const QString &hash, const PasswordBytes &password)
+{
+    requireSodium();
+    return crypto_pwhash_str_verify(hash.toLatin1().constData(), password.data(), password.size()) == 0;
+}
+
+QString nameFilter(const QString &user, int database)
+{
+    return QStringLiteral("sUser=%1").arg(QString::fromUtf8(KConnection::forThread(database).quoted(ConvertToStandard(user))));
+}
+
+void requirePassword(const QString &password)
+{
+    if (password.isEmpty())
+        throw KAccountingError(QStringLiteral("لطفا کلمه عبور را وارد نمایید."));
+}
+
+}
+
+CTblUsers::CTblUsers(int database)
+    : KMySQL(database)
+{
+}
+
+CTblUsers::~CTblUsers() = default;
+
+QString CTblUsers::GetTableName() const
+{
+    return QStringLiteral("Users");
+}
+
+void CTblUsers::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Text(u"sUser", m_sUser, u"نام کاربری");
+    RFX_Text(u"sPasswordHash", m_sPasswordHash, u"");
+    RFX_Text(u"sName", m_sName, u"نام");
+    RFX_Long(u"iStatus", m_iStatus, u"");
+    RFX_Bool(u"bAdmin", m_bAdmin, u"مدیر");
+}
+
+int CTblUsers::create(const QString &user, const QString &password, const QString &name, bool admin, int database)
+{
+    const QString loginName = ConvertToStandard(user);
+    if (loginName.isEmpty())
+        throw KAccountingError(QStringLiteral("لطفا نام کاربری را وارد نمایید."));
+    requirePassword(password);
+    CTblUsers set(database);
+    set.AddNew();
+    set.m_sUser = loginName;
+    set.m_sPasswordHash = hashed(PasswordBytes(password));
+    set.m_sName = ConvertToStandard(name);
+    set.m_bAdmin = admin ? 1 : 0;
+    try {
+        set.Update(true);
+    } catch (const CMySQLException &error) {
+        if (error.category() == CMySQLException::Category::DuplicateKey)
+            throw KAccountingError(QStringLiteral("این نام کاربری قبلا ثبت شده است."));
+        throw;
+    }
+    return static_cast<int>(set.GetLastInsertedID());
+}
+
+std::optional<int> CTblUsers::verify(const QString &user, const QString &password, int database)
+{
+    const PasswordBytes bytes(password);
+    CTblUsers set(database);
+    set.m_filter = nameFilter(user, database);
+    set.Open(true, true, true);
+    const bool known = !set.IsEOF();
+    const bool right = matches(known ? set.m_sPasswordHash : nobodysHash(), bytes);
+    if (!known || !right || set.m_iStatus != 0)
+        return std::nullopt;
+    const HashCost cost = hashCost();
+    if (crypto_pwhash_str_needs_rehash(set.m_sPasswordHash.toLatin1().constData(), cost.operations, cost.memoryBytes) != 0) {
+        // A login must not fail because the stronger hash could not be stored.
+        try {
+            set.Edit();
+            set.m_sPasswordHash = hashed(bytes);
+            set.Update(true);
+        } catch (const CMySQLException &error) {
+            qCWarning(lcUsers) << "a password hash was not renewed, error" << error.serverCode();
+        }
+    }
+    return set.m_iID;
+}
+
+void CTblUsers::setPassword(int userID, const QString &password, int database)
+{
+    requirePassword(password);
+    CTblUsers set(database);
+    if (!set.IsRecordExist(QStringLiteral("iID"), userID))
+        throw KAccountingError(QStringLiteral("این کاربر دیگر وجود ندارد."));
+    set.Edit();
+    set.m_sPasswordHash = hashed(PasswordBytes(password));
+    set.Update(true);
+}
+
+bool CTblUsers::anyUser(int database)
+{
+    CTblUsers set(database);
+    set.SetColumns({QStringLiteral("iID")});
+    set.SetLimit(1);
+    set.Open(true, true, true);
+    return !set.IsEOF();
+}
+
+bool CTblUsers::hasOtherAdmin(int userID, int database)
+{
+    CTblUsers set(database);
+    set.m_filter = QStringLiteral("bAdmin<>0 AND iStatus=0 AND iID<>%1").arg(userID);
+    set.SetColumns({QStringLiteral("iID")});
+    set.SetLimit(1);
+    set.Open(true, true, true);
+    return !set.IsEOF();
+}
+
+QString CTblUsers::GetName(int userID, int database)
+{
+    CTblUsers set(database);
+    return set.IsRecordExist(QStringLiteral("iID"), userID) ? set.m_sUser : QString();
+}
+
+CTblUsers::HashCost CTblUsers::officeCost()
+{
+    // About a tenth of a second on an office computer.
+    return {3, 64 * 1024 * 1024};
+}
+
+CTblUsers::HashCost CTblUsers::leastCost()
+{
+    return {crypto_pwhash_argon2id_OPSLIMIT_MIN, crypto_pwhash_argon2id_MEMLIMIT_MIN};
+}
+
+void CTblUsers::setHashCost(HashCost cost)
+{
+    QMutexLocker lock(&costMutex);
+    currentCost = cost;
+}
