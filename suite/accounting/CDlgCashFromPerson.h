@@ -26,7 +26,7 @@ public:
     bool OnOK() override;
 
 private:
-    void build(const QString &personName);
+    void build();
     void fillAccounts();
     void showWords(double amount);
 

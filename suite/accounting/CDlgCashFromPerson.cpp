@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgCashFromPerson.h"
+
+#include "auto/db/KLookup.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblHesabMoeen.h"
+#include "suite/accounting/CTblReceipts.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/Money.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int longestDescription = 500;
+
+void addRow(QFormLayout *form, const QString &caption, QWidget *field, QLayout *around = nullptr)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(field);
+    field->setAccessibleName(caption);
+    if (around)
+        form->addRow(label, around);
+    else
+        form->addRow(label, field);
+}
+
+}
+
+CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent)
+    : KDialog(parent)
+    , m_personID(personID)
+    , m_person(new KEdit)
+    , m_amount(new KEdit(KEdit::Kind::Money))
+    , m_words(new QLabel)
+    , m_desc(new KEdit)
+    , m_date(new KDateEdit)
+    , m_account(new QComboBox)
+{
+    setWindowTitle(QStringLiteral("دریافت نقدی"));
+    SetSettingName(QStringLiteral("CashFromPerson"));
+    build();
+    m_person->setText(KLookup::name(QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2"), personID));
+    m_person->setCursorPosition(0);
+    m_amount->setNumber(amount);
+    m_desc->setText(desc);
+    m_date->setDate(GetDBSetting()->GetDBServerDate().date());
+    fillAccounts();
+    showWords(amount);
+    m_amount->setFocus();
+}
+
+CDlgCashFromPerson::~CDlgCashFromPerson() = default;
+
+void CDlgCashFromPerson::build()
+{
+    m_person->setReadOnly(true);
+    m_person->setMinimumWidth(320);
+    m_desc->setMaxLength(longestDescription);
+    m_words->setObjectName(QStringLiteral("amountInWords"));
+    m_words->setWordWrap(true);
+
+    auto *amountLine = new QHBoxLayout;
+    amountLine->addWidget(m_amount, 1);
+    amountLine->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()));
+
+    auto *form = new QFormLayout;
+    addRow(form, QStringLiteral("شخص :"), m_person);
+    addRow(form, QStringLiteral("مبلغ :"), m_amount, amountLine);
+    form->addRow(QString(), m_words);
+    addRow(form, QStringLiteral("شرح :"), m_desc);
+    addRow(form, QStringLiteral("تاریخ :"), m_date);
+    addRow(form, QStringLiteral("دریافت در :"), m_account);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(createButtons());
+    connect(m_amount, &KEdit::numberChanged, this, &CDlgCashFromPerson::showWords);
+}
+
+void CDlgCashFromPerson::fillAccounts()
+{
+    CTblHesabMoeen set;
+    set.m_filter = QStringLiteral("iStatus=0 AND iHesabKolCode IN (%1,%2)").arg(Accounts::cashKol).arg(Accounts::bankKol);
+    set.m_sort = QStringLiteral("iCode");
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        m_account->addItem(set.m_sName, set.m_iCode);
+}
+
+void CDlgCashFromPerson::showWords(double amount)
+{
+    m_words->setText(IsEquals(amount, 0) ? QString()
+                                         : QStringLiteral("%1 %2").arg(amountInWords(amount), GetDBSetting()->MoneyUnitName()));
+}
+
+bool CDlgCashFromPerson::OnOK()
+{
+    auto refuse = [this](const QString &why, QWidget *field) {
+        g_pDlgWarning->Show(why, this);
+        field->setFocus();
+        return false;
+    };
+    if (!m_amount->isEntryValid())
+        return refuse(m_amount->entryError(), m_amount);
+    if (m_amount->number() <= 0 || IsEquals(m_amount->number(), 0))
+        return refuse(QStringLiteral("لطفا مبلغ را وارد نمایید."), m_amount);
+    if (!m_date->isEntryValid())
+        return refuse(m_date->entryError(), m_date);
+    if (!m_date->dateTime().isValid())
+        return refuse(QStringLiteral("لطفا تاریخ را وارد نمایید."), m_date);
+    try {
+        m_docNum = CTblReceipts::receive({.personID = m_personID,
+                                          .amount = m_amount->number(),
+                                          .desc = m_desc->text(),
+                                          .date = m_date->dateTime(),
+                                          .moeen = m_account->currentData().toInt()});
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        return false;
+    }
+    return true;
+}

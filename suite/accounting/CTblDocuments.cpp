@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblDocuments.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/Money.h"
+
+#include <QLoggingCategory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcDocuments, "tz.documents")
+
+QString documentFilter(int num, int fiscalYear)
+{
+    return QStringLiteral("iNum=%1 AND iFiscalYear=%2").arg(num).arg(fiscalYear);
+}
+
+// The row that every drawer of a number locks first: whoever holds it until the end of the transaction is alone, also in
+// a fiscal year that has no document yet, where there is no last document to lock.
+void lockNumbering(CTblTemp &temp)
+{
+    temp.ExecuteQuery("SELECT iID FROM Properties WHERE sSection='Documents' AND sKey='Numbering' FOR UPDATE", true, true);
+    if (!temp.HasResultRow())
+        throw CMySQLException(CMySQLException::Category::Other, 0,
+                              QStringLiteral("Properties: the row that guards document numbers is missing"));
+}
+
+}
+
+CTblDocuments::CTblDocuments(int database)
+    : KMySQL(database)
+{
+}
+
+CTblDocuments::~CTblDocuments() = default;
+
+QString CTblDocuments::GetTableName() const
+{
+    return QStringLiteral("Documents");
+}
+
+void CTblDocuments::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iNum", m_iNum, u"شماره سند");
+    RFX_Long(u"iFiscalYear", m_iFiscalYear, u"سال مالی");
+    RFX_Long(u"iKind", m_iKind, u"نوع سند");
+    RFX_Date(u"date", m_date, u"تاریخ سند");
+    RFX_Text(u"sDesc", m_sDesc, u"شرح سند");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Long(u"iStatus", m_iStatus, u"");
+}
+
+int CTblDocuments::AddDoc(int kind, const QDateTime &date, const QString &desc, int fiscalYear, int database)
+{
+    if (fiscalYear < 1 || CDBSetting::IsClosed(database)) {
+        qCWarning(lcDocuments) << "no document was added: the database is closed or there is no fiscal year" << fiscalYear;
+        return 0;
+    }
+    KTransaction transaction(database);
+    CTblTemp temp(database);
+    temp.Open(false, false, true);
+    lockNumbering(temp);
+    // Locking reads see what others have committed since this transaction began; a plain one would not.
+    temp.FormatAndExecuteQuery("SELECT MAX(iNum) FROM Documents WHERE iFiscalYear=%d FOR UPDATE", fiscalYear);
+    CTblDocuments set(database);
+    set.AddNew();
+    set.m_iNum = temp.GetLongFieldValue(0) + 1;
+    set.m_iFiscalYear = fiscalYear;
+    set.m_iKind = kind;
+    set.m_date = date;
+    set.m_sDesc = desc;
+    set.m_iUserID = GetDBSetting()->GetUserID();
+    set.Update(true);
+    transaction.commit();
+    return set.m_iNum;
+}
+
+bool CTblDocuments::EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)
+{
+    if (num < 1 || CDBSetting::IsClosed(database))
+        return false;
+    CTblDocuments set(database);
+    set.m_filter = documentFilter(num, fiscalYear);
+    set.Open(true, true, true);
+    if (set.IsEOF())
+        return false;
+    set.Edit();
+    set.m_date = date;
+    set.m_sDesc = desc;
+    return set.Update(true);
+}
+
+void CTblDocuments::EmptyDoc(int num, int fiscalYear, int database)
+{
+    if (num < 1)
+        return;
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.FormatAndExecuteQuery("DELETE FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d", num, fiscalYear);
+}
+
+void CTblDocuments::DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database)
+{
+    if (num < 1)
+        return;
+    KTransaction transaction(database);
+    CTblDocuments set(database);
+    set.m_filter = documentFilter(num, fiscalYear);
+    set.Open(false, true, true);
+    const bool meant = !set.IsEOF() && (kind == 0 || kind == set.m_iKind) && (userID == 0 || userID == set.m_iUserID);
+    if (meant) {
+        EmptyDoc(num, fiscalYear, database);
+        set.Delete();
+        if (!reason.isEmpty())
+            qCInfo(lcDocuments).noquote() << "document" << num << "of" << fiscalYear << "deleted:" << reason;
+    }
+    transaction.commit();
+}
+
+void CTblDocuments::RequireBalanced(int num, int fiscalYear, int database)
+{
+    if (num < 1)
+        return;
+    CTblTemp temp(database);
+    temp.Open(false, false, true);
+    temp.FormatAndExecuteQuery("SELECT SUM(d.dBed), SUM(d.dBes), SUM(m.iID IS NULL) FROM Docs d "
+                               "LEFT JOIN HesabMoeen m ON m.iCode=d.iHesabMoeenCode "
+                               "WHERE d.iDocNum=%d AND d.iFiscalYear=%d", num, fiscalYear);
+    const double debit = temp.GetDoubleFieldValue(0);
+    const double credit = temp.GetDoubleFieldValue(1);
+    if (temp.GetLongFieldValue(2) > 0)
+        throw KAccountingError(QStringLiteral("سند شماره %1 ردیفی با حساب تعریف نشده دارد و ثبت نشد.").arg(num));
+    if (!IsEquals(debit, credit))
+        throw KAccountingError(QStringLiteral("سند شماره %1 تراز نیست و ثبت نشد: بدهکار %2، بستانکار %3.")
+                                   .arg(QString::number(num), DToMoney(debit), DToMoney(credit)));
+}

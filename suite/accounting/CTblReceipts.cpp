@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblReceipts.h"
+
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/Money.h"
+
+namespace {
+
+void requireReceivable(const CTblReceipts::Receipt &receipt)
+{
+    GetDBSetting()->RequireOpenDB();
+    if (receipt.personID < 1)
+        throw KAccountingError(QStringLiteral("لطفا شخص را انتخاب نمایید."));
+    if (receipt.amount <= 0 || IsEquals(receipt.amount, 0))
+        throw KAccountingError(QStringLiteral("لطفا مبلغ را وارد نمایید."));
+    if (receipt.moeen < 1)
+        throw KAccountingError(QStringLiteral("لطفا حساب صندوق یا بانک را انتخاب نمایید."));
+    if (!receipt.date.isValid())
+        throw KAccountingError(QStringLiteral("لطفا تاریخ را وارد نمایید."));
+    if (receipt.date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
+        throw KAccountingError(QStringLiteral("تاریخ دریافت پیش از تاریخ افتتاحیه سال مالی است."));
+}
+
+int writeDocument(const CTblReceipts::Receipt &receipt, int fiscalYear, int database)
+{
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindReceipt, receipt.date, receipt.desc, fiscalYear, database);
+    if (num == 0)
+        throw KAccountingError(QStringLiteral("سند دریافت ایجاد نشد."));
+    CTblDocs::AddRecord({.docNum = num,
+                         .fiscalYear = fiscalYear,
+                         .hesabKol = Accounts::kolOf(receipt.moeen),
+                         .hesabMoeen = receipt.moeen,
+                         .bed = receipt.amount,
+                         .desc = receipt.desc},
+                        database);
+    CTblDocs::AddRecord({.docNum = num,
+                         .fiscalYear = fiscalYear,
+                         .hesabKol = Accounts::personsKol,
+                         .hesabMoeen = Accounts::persons,
+                         .personID = receipt.personID,
+                         .bes = receipt.amount,
+                         .desc = receipt.desc},
+                        database);
+    CTblDocuments::RequireBalanced(num, fiscalYear, database);
+    return num;
+}
+
+}
+
+CTblReceipts::CTblReceipts(int database)
+    : KMySQL(database)
+{
+}
+
+CTblReceipts::~CTblReceipts() = default;
+
+QString CTblReceipts::GetTableName() const
+{
+    return QStringLiteral("Receipts");
+}
+
+void CTblReceipts::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iPersonID", m_iPersonID, u"طرف حساب", u"Persons", u"iID", u"sName2");
+    RFX_Date(u"date", m_date, u"تاریخ");
+    RFX_Double(u"dAmount", m_dAmount, u"مبلغ");
+    RFX_Text(u"sDesc", m_sDesc, u"شرح");
+    RFX_Long(u"iDocNum", m_iDocNum, u"شماره سند", u"Documents", u"iNum", u"iNum");
+    RFX_Long(u"iFiscalYear", m_iFiscalYear, u"سال مالی");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+}
+
+int CTblReceipts::receive(const Receipt &receipt, int database)
+{
+    requireReceivable(receipt);
+    int num = 0;
+    KTransaction::runReplayable(
+        [&] {
+            const int fiscalYear = GetDBSetting()->FiscalYear();
+            num = writeDocument(receipt, fiscalYear, database);
+            CTblReceipts set(database);
+            set.AddNew();
+            set.m_iPersonID = receipt.personID;
+            set.m_date = receipt.date;
+            set.m_dAmount = receipt.amount;
+            set.m_sDesc = receipt.desc;
+            set.m_iDocNum = num;
+            set.m_iFiscalYear = fiscalYear;
+            set.m_iUserID = GetDBSetting()->GetUserID();
+            set.Update(true);
+        },
+        database);
+    return num;
+}
