@@ -6,14 +6,19 @@
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/KDialog.h"
 
+#include <QList>
 #include <QStringList>
 
+#include <functional>
+
+class KEdit;
+class QListView;
 class QPushButton;
 class QStandardItem;
 class QStandardItemModel;
-class QListView;
 
-// Picks any number of the values of one item type; values can be added, renamed and deleted on the spot.
+// Picks any number of the values of one item type; values can be added, renamed and deleted on the spot. What is ticked
+// is given back in the order of the list.
 class TZACCOUNTING_EXPORT CDlgMultiItems : public KDialog
 {
     Q_OBJECT
@@ -27,25 +32,29 @@ public:
     QStringList selectedNames() const;
     QList<int> selectedIDs() const;
 
-    // Runs the picker over a text of names joined by separator(): true when it was confirmed, the text is then the new one.
+    // Runs the picker over a text of names joined by separator(); true when it was confirmed, the text is then the new one.
+    // What stands in the text and is no value of the type stays in front.
     static bool Select(int itemType, const QString &title, QString *text, QWidget *parent);
     static QString separator();
 
-    bool OnOK() override;
-
-    // Add and rename ask for the name first; delete asks a question.
-    void addItem();
-    void renameItem();
-    void deleteItem();
+    // The commands behind the buttons; the name comes from the entry line. They need the rights on form "InputParameters"
+    // and an open database.
+    void addValue();
+    void renameValue();
+    // Asks first.
+    void deleteValue();
 
 private:
-    void fill(const QStringList &ticked);
+    void build();
+    void fill(const QList<int> &ticked, int currentID);
     QStandardItem *currentItem() const;
-    bool changesAllowed();
+    void showCurrent();
+    void change(const std::function<int()> &work);
 
     int m_itemType;
+    KEdit *m_name;
     QListView *m_view;
     QStandardItemModel *m_model;
-    QPushButton *m_renameButton;
-    QPushButton *m_deleteButton;
+    QPushButton *m_renameButton = nullptr;
+    QPushButton *m_deleteButton = nullptr;
 };

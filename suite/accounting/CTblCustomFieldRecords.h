@@ -10,7 +10,7 @@
 #include <QHash>
 
 // Values of custom fields, one row per field and record. A value is a text whatever the field's type is: numbers as
-// "1234.5", dates as "2026-11-20", yes and no as "1" and "0". A field without a value has no row.
+// "1234.5", dates as "2026-11-20", yes as "1". A field without a value, and a no, has no row.
 class TZACCOUNTING_EXPORT CTblCustomFieldRecords : public KMySQL, private KLiveCount<CTblCustomFieldRecords>
 {
 public:

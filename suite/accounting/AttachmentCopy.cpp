@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/AttachmentCopy.h"
+
+#include "suite/accounting/CTblFileDocs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace {
+
+const QTemporaryDir &folder()
+{
+    static const QTemporaryDir instance;
+    return instance;
+}
+
+}
+
+bool AttachmentCopy::isProgram(const QString &name)
+{
+    static const QStringList suffixes =
+        QStringLiteral("appimage apk app bash bat cmd com command cpl desktop exe hta jar js jse lnk msc msi msp pif pl ps1 "
+                       "py pyw rb reg run scr scf sh url vb vbe vbs wsf wsh xdg-open zsh")
+            .split(u' ');
+    return suffixes.contains(QFileInfo(CTblFileDocs::safeFileName(name)).suffix().toLower());
+}
+
+QString AttachmentCopy::write(int id, const QString &name, const QByteArray &data)
+{
+    const QString number = QString::number(id);
+    if (!folder().isValid() || !(QDir(folder().path()).exists(number) || QDir(folder().path()).mkdir(number)))
+        return {};
+    const QString path = folder().filePath(number + u'/' + CTblFileDocs::safeFileName(name));
+    // A copy made before is read-only; it is replaced, not written into.
+    QFile::remove(path);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.flush())
+        return {};
+    file.setPermissions(QFile::ReadOwner);
+    return path;
+}

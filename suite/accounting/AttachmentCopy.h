@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Copies of attached files for the desktop's programs to open. They lie in a folder that only this user can read and that
+// goes with the program.
+namespace AttachmentCopy {
+
+// Whether opening a file of that name would run it.
+bool isProgram(const QString &name);
+// Where the copy lies, read-only, so that nobody takes it for the stored file; empty when it could not be written.
+QString write(int id, const QString &name, const QByteArray &data);
+
+}

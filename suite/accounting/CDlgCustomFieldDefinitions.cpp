@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgCustomFieldDefinitions.h"
+
+#include "suite/accounting/CTblCustomFields.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+enum Column {
+    NumberColumn,
+    NameColumn,
+    TypeColumn
+};
+
+void addRow(QFormLayout *form, const QString &caption, QWidget *field)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(field);
+    field->setAccessibleName(caption);
+    form->addRow(label, field);
+}
+
+QPushButton *addButton(QHBoxLayout *row, const QString &caption)
+{
+    auto *button = new QPushButton(caption);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+}
+
+CDlgCustomFieldDefinitions::CDlgCustomFieldDefinitions(int table, QWidget *parent)
+    : KDialog(parent)
+    , m_table(table)
+    , m_name(new KEdit)
+    , m_type(new QComboBox)
+    , m_list(new KExtListCtrl)
+{
+    setWindowTitle(QStringLiteral("تعریف فیلدهای اضافی"));
+    SetSettingName(QStringLiteral("CustomFields"));
+    build();
+    fill(0);
+}
+
+CDlgCustomFieldDefinitions::~CDlgCustomFieldDefinitions() = default;
+
+void CDlgCustomFieldDefinitions::build()
+{
+    m_name->setMaxLength(100);
+    m_type->addItems(CTblCustomFields::typeNames());
+    auto *form = new QFormLayout;
+    addRow(form, QStringLiteral("نام :"), m_name);
+    addRow(form, QStringLiteral("نوع :"), m_type);
+
+    auto *commands = new QHBoxLayout;
+    QPushButton *add = addButton(commands, QStringLiteral("افزودن"));
+    m_renameButton = addButton(commands, QStringLiteral("تغییر نام"));
+    m_deleteButton = addButton(commands, QStringLiteral("حذف"));
+    commands->addStretch();
+
+    m_list->setAccessibleName(QStringLiteral("فیلدها"));
+    m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40},
+                        {QStringLiteral("نام"), Qt::AlignRight, 150},
+                        {QStringLiteral("نوع"), Qt::AlignRight, 80}});
+    m_list->SetSettingName(QStringLiteral("CustomFields\\List"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addLayout(commands);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(createButtons(QString(), QStringLiteral("بازگشت")));
+    connect(add, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::addField);
+    connect(m_renameButton, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::renameField);
+    connect(m_deleteButton, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::deleteField);
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgCustomFieldDefinitions::showSelected);
+}
+
+void CDlgCustomFieldDefinitions::fill(int selectedID)
+{
+    CTblCustomFields set;
+    set.m_filter = QStringLiteral("iTable=%1").arg(m_table);
+    set.m_sort = QStringLiteral("iID");
+    QVector<KListModel::Row> rows;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext()) {
+        const int number = static_cast<int>(rows.size()) + 1;
+        rows.append({set.m_iID,
+                     {{QString::number(number), number}, {set.m_sName}, {CTblCustomFields::typeNames().value(set.m_iType)}}});
+    }
+    m_list->setRows(std::move(rows));
+    m_list->selectKey(selectedID);
+    showSelected(m_list->currentKey());
+}
+
+void CDlgCustomFieldDefinitions::showSelected(int fieldID)
+{
+    m_renameButton->setEnabled(fieldID > 0);
+    m_deleteButton->setEnabled(fieldID > 0);
+    if (fieldID > 0)
+        m_name->setText(m_list->cellText(m_list->currentRow(), NameColumn));
+}
+
+void CDlgCustomFieldDefinitions::addField()
+{
+    try {
+        fill(CTblCustomFields::define(m_table, m_name->text(), CTblCustomFields::Type(m_type->currentIndex())));
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        m_name->setFocus();
+    }
+}
+
+void CDlgCustomFieldDefinitions::renameField()
+{
+    const int fieldID = m_list->currentKey();
+    if (fieldID < 1)
+        return;
+    try {
+        CTblCustomFields::rename(fieldID, m_name->text());
+        fill(fieldID);
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        m_name->setFocus();
+    }
+}
+
+void CDlgCustomFieldDefinitions::deleteField()
+{
+    const int fieldID = m_list->currentKey();
+    if (fieldID < 1
+        || g_pDlgYesNo->Ask(QStringLiteral("با حذف این فیلد، مقدار آن در همه رکوردها هم حذف می شود. آیا اطمینان دارید؟"), this)
+            == KMessageDialog::No)
+        return;
+    CTblCustomFields::remove(fieldID);
+    fill(0);
+}

@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgCustomFields.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgCustomFieldDefinitions.h"
+#include "suite/accounting/CTblCustomFieldRecords.h"
+#include "suite/accounting/CTblCustomFields.h"
+#include "suite/accounting/CustomFieldInput.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+CDlgCustomFields::CDlgCustomFields(QWidget *parent)
+    : KDialogTabPage(parent)
+{
+    setTitle(QStringLiteral("فیلدهای اضافی"));
+    m_fields = new QWidget;
+    m_form = new QFormLayout(m_fields);
+    m_empty = new QLabel(QStringLiteral("برای این بخش فیلدی تعریف نشده است."));
+    m_defineButton = new QPushButton(QStringLiteral("تعریف فیلدها"));
+    m_defineButton->setAccessibleName(m_defineButton->text());
+    m_defineButton->setAutoDefault(false);
+
+    auto *area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(m_fields);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(m_defineButton);
+    buttons->addStretch();
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_empty);
+    layout->addWidget(area, 1);
+    layout->addLayout(buttons);
+    connect(m_defineButton, &QPushButton::clicked, this, &CDlgCustomFields::defineFields);
+}
+
+CDlgCustomFields::~CDlgCustomFields() = default;
+
+void CDlgCustomFields::bind(int table, int recordID)
+{
+    m_table = table;
+    m_recordID = recordID;
+    if (m_opened)
+        load();
+}
+
+void CDlgCustomFields::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    m_defineButton->setHidden(readOnly);
+    for (const std::unique_ptr<CustomFieldInput> &input : m_inputs)
+        input->setReadOnly(readOnly);
+}
+
+bool CDlgCustomFields::OnAccess()
+{
+    return true;
+}
+
+void CDlgCustomFields::showEvent(QShowEvent *event)
+{
+    if (!m_opened) {
+        // An error must not leave a show event: the window would stay half shown.
+        try {
+            load();
+        } catch (...) {
+            KErrorBoundary::report(std::current_exception(), this);
+        }
+    }
+    KDialogTabPage::showEvent(event);
+}
+
+void CDlgCustomFields::clearInputs()
+{
+    m_inputs.clear();
+    while (m_form->rowCount() > 0)
+        m_form->removeRow(0);
+}
+
+void CDlgCustomFields::load()
+{
+    CTblCustomFields fields;
+    fields.m_filter = QStringLiteral("iTable=%1").arg(m_table);
+    fields.m_sort = QStringLiteral("iID");
+    fields.Open(true, true, true);
+    const QHash<int, QString> values = CTblCustomFieldRecords::values(m_table, m_recordID);
+    clearInputs();
+    for (; !fields.IsEOF(); fields.MoveNext()) {
+        auto input = CustomFieldInput::create(fields.m_iID, fields.m_sName, fields.m_iType, m_fields);
+        const QString caption = fields.m_sName + QStringLiteral(" :");
+        input->widget()->setAccessibleName(caption);
+        input->setValue(values.value(fields.m_iID));
+        input->setReadOnly(m_readOnly);
+        m_form->addRow(fields.m_iType == CTblCustomFields::YesNo ? QString() : caption, input->widget());
+        m_inputs.push_back(std::move(input));
+    }
+    m_empty->setVisible(m_inputs.empty());
+    m_opened = true;
+}
+
+QHash<int, QString> CDlgCustomFields::typedValues() const
+{
+    QHash<int, QString> values;
+    for (const std::unique_ptr<CustomFieldInput> &input : m_inputs)
+        values.insert(input->fieldID(), input->value());
+    return values;
+}
+
+bool CDlgCustomFields::validate()
+{
+    for (const std::unique_ptr<CustomFieldInput> &input : m_inputs) {
+        const QString error = input->error();
+        if (error.isEmpty())
+            continue;
+        g_pDlgWarning->Show(QStringLiteral("%1 %2").arg(input->widget()->accessibleName(), error), this);
+        input->widget()->setFocus();
+        return false;
+    }
+    return true;
+}
+
+void CDlgCustomFields::save(int recordID)
+{
+    if (m_opened && !m_readOnly)
+        CTblCustomFieldRecords::setValues(m_table, recordID, typedValues());
+}
+
+void CDlgCustomFields::defineFields()
+{
+    KSecurity security;
+    security.SetFormName(QStringLiteral("CustomFields"));
+    if (!security.CheckModifySecurity())
+        return;
+    GetDBSetting()->RequireOpenDB();
+    const QHash<int, QString> typed = typedValues();
+    CDlgCustomFieldDefinitions(m_table, this).exec();
+    load();
+    for (const std::unique_ptr<CustomFieldInput> &input : m_inputs) {
+        const auto value = typed.constFind(input->fieldID());
+        if (value != typed.cend())
+            input->setValue(*value);
+    }
+}

@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgFileDocs.h"
+
+#include "auto/db/KLookup.h"
+#include "suite/accounting/AttachmentCopy.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KProcess.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QVBoxLayout>
+
+namespace {
+
+QPushButton *addButton(QHBoxLayout *row, const QString &caption)
+{
+    auto *button = new QPushButton(caption);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+QString pageTitle(CTblFileDocs::Scope scope)
+{
+    return scope == CTblFileDocs::Personal ? QStringLiteral("پرونده های شخصی") : QStringLiteral("پرونده های عمومی");
+}
+
+QVector<KListModel::Row> rowsOf(const QList<CTblFileDocs::FileInfo> &files)
+{
+    QList<int> users;
+    for (const CTblFileDocs::FileInfo &file : files)
+        users.append(file.userID);
+    const QHash<int, QString> names =
+        KLookup::names(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"), users);
+    QVector<KListModel::Row> rows;
+    for (const CTblFileDocs::FileInfo &file : files) {
+        const int number = static_cast<int>(rows.size()) + 1;
+        rows.append({file.id,
+                     {{QString::number(number), number},
+                      {file.name},
+                      {shamsiText(file.created.date()), file.created},
+                      {names.value(file.userID)}}});
+    }
+    return rows;
+}
+
+}
+
+CDlgFileDocs::CDlgFileDocs(CTblFileDocs::Scope scope, QWidget *parent)
+    : KDialogTabPage(parent)
+    , m_scope(scope)
+{
+    setTitle(pageTitle(scope));
+    build();
+    updateButtons();
+}
+
+CDlgFileDocs::~CDlgFileDocs() = default;
+
+void CDlgFileDocs::build()
+{
+    m_list = new KExtListCtrl;
+    m_list->setAccessibleName(title());
+    m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40},
+                        {QStringLiteral("نام فایل"), Qt::AlignRight, 200},
+                        {QStringLiteral("تاریخ"), Qt::AlignHCenter, 80, QString(), true},
+                        {QStringLiteral("کاربر"), Qt::AlignRight, 80}});
+    m_list->SetSettingName(QStringLiteral("FileDocs\\List"));
+    auto *commands = new QHBoxLayout;
+    m_addButton = addButton(commands, QStringLiteral("افزودن"));
+    m_openButton = addButton(commands, QStringLiteral("باز کردن"));
+    m_saveButton = addButton(commands, QStringLiteral("ذخیره در"));
+    m_deleteButton = addButton(commands, QStringLiteral("حذف"));
+    commands->addStretch();
+    m_count = new QLabel;
+    commands->addWidget(m_count);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_list, 1);
+    layout->addLayout(commands);
+
+    connect(m_addButton, &QPushButton::clicked, this, &CDlgFileDocs::chooseAndAdd);
+    connect(m_openButton, &QPushButton::clicked, this, [this] { openFile(m_list->currentKey()); });
+    connect(m_saveButton, &QPushButton::clicked, this, &CDlgFileDocs::chooseAndSave);
+    connect(m_deleteButton, &QPushButton::clicked, this, [this] { deleteFile(m_list->currentKey()); });
+    connect(m_list, &KExtListCtrl::rowActivated, this, [this](int id) { openFile(id); });
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgFileDocs::updateButtons);
+}
+
+void CDlgFileDocs::bind(int table, int recordID)
+{
+    m_table = table;
+    m_recordID = recordID;
+}
+
+void CDlgFileDocs::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    updateButtons();
+}
+
+void CDlgFileDocs::showEvent(QShowEvent *event)
+{
+    // An error must not leave a show event: the window would stay half shown.
+    try {
+        fill();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+    KDialogTabPage::showEvent(event);
+}
+
+void CDlgFileDocs::fill()
+{
+    const int selected = m_list->currentKey();
+    m_list->setRows(rowsOf(CTblFileDocs::list(m_table, m_recordID, m_scope, GetDBSetting()->GetUserID())));
+    m_list->selectKey(selected);
+    m_count->setText(SuiteMessages::count(m_list->count()));
+    updateButtons();
+}
+
+void CDlgFileDocs::updateButtons()
+{
+    const bool selected = m_list->currentKey() > 0;
+    m_addButton->setHidden(m_readOnly);
+    m_deleteButton->setHidden(m_readOnly);
+    m_openButton->setEnabled(selected);
+    m_saveButton->setEnabled(selected);
+    m_deleteButton->setEnabled(selected);
+}
+
+void CDlgFileDocs::chooseAndAdd()
+{
+    const QString path = QFileDialog::getOpenFileName(this, m_addButton->text());
+    if (!path.isEmpty())
+        addFile(path);
+}
+
+void CDlgFileDocs::chooseAndSave()
+{
+    const int id = m_list->currentKey();
+    const QString name = CTblFileDocs::safeFileName(m_list->cellText(m_list->currentRow(), 1));
+    const QString path = QFileDialog::getSaveFileName(this, m_saveButton->text(), QDir::home().filePath(name));
+    if (!path.isEmpty())
+        saveFileAs(id, path);
+}
+
+bool CDlgFileDocs::addFile(const QString &path)
+{
+    if (m_readOnly)
+        return false;
+    try {
+        const KWaitCursor wait;
+        const int id =
+            CTblFileDocs::addFile(m_table, m_recordID, m_scope, GetDBSetting()->GetUserID(), path);
+        fill();
+        m_list->selectKey(id);
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        return false;
+    }
+    return true;
+}
+
+bool CDlgFileDocs::saveFileAs(int id, const QString &path)
+{
+    QString name;
+    QByteArray data;
+    if (!CTblFileDocs::content(id, GetDBSetting()->GetUserID(), &name, &data))
+        return false;
+    // Written beside and then put in place, so that a full disk does not cost the file that was there.
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit())
+        return true;
+    g_pDlgWarning->Show(QStringLiteral("فایل در این مسیر ذخیره نشد: %1").arg(QDir::toNativeSeparators(path)), this);
+    return false;
+}
+
+QString CDlgFileDocs::openFile(int id)
+{
+    QString name;
+    QByteArray data;
+    if (!CTblFileDocs::content(id, GetDBSetting()->GetUserID(), &name, &data))
+        return {};
+    if (AttachmentCopy::isProgram(name)) {
+        g_pDlgWarning->Show(QStringLiteral("این فایل یک برنامه است و از اینجا باز نمی شود. در صورت نیاز آن را ذخیره نمایید."),
+                            this);
+        return {};
+    }
+    const QString path = AttachmentCopy::write(id, name, data);
+    if (path.isEmpty()) {
+        g_pDlgWarning->Show(QStringLiteral("نسخه موقت فایل ساخته نشد."), this);
+        return {};
+    }
+    if (!KProcess::Execute(QStringLiteral("Explorer"), path))
+        g_pDlgWarning->Show(QStringLiteral("برنامه ای برای باز کردن این فایل پیدا نشد."), this);
+    return path;
+}
+
+bool CDlgFileDocs::deleteFile(int id)
+{
+    if (m_readOnly || id < 1)
+        return false;
+    if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+        return false;
+    GetDBSetting()->RequireOpenDB();
+    const bool deleted = CTblFileDocs::deleteFile(id, GetDBSetting()->GetUserID());
+    fill();
+    return deleted;
+}

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgMultiItems.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblMultiItems.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KEdit.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int idRole = Qt::UserRole;
+constexpr int longestName = 250;
+
+KSecurity security()
+{
+    KSecurity itemsSecurity;
+    itemsSecurity.SetFormName(QStringLiteral("InputParameters"));
+    return itemsSecurity;
+}
+
+QPushButton *addButton(QHBoxLayout *row, const QString &caption)
+{
+    auto *button = new QPushButton(caption);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+}
+
+CDlgMultiItems::CDlgMultiItems(int itemType, const QString &title, QWidget *parent)
+    : KDialog(parent)
+    , m_itemType(itemType)
+    , m_name(new KEdit)
+    , m_view(new QListView)
+    , m_model(new QStandardItemModel(this))
+{
+    setWindowTitle(title);
+    SetSettingName(QStringLiteral("MultiItems"));
+    build();
+    fill({}, 0);
+}
+
+CDlgMultiItems::~CDlgMultiItems() = default;
+
+void CDlgMultiItems::build()
+{
+    const QString caption = QStringLiteral("نام :");
+    m_name->setMaxLength(longestName);
+    m_name->setAccessibleName(caption);
+    auto *label = new QLabel(caption);
+    label->setBuddy(m_name);
+    auto *form = new QFormLayout;
+    form->addRow(label, m_name);
+
+    auto *commands = new QHBoxLayout;
+    QPushButton *add = addButton(commands, QStringLiteral("جديد"));
+    m_renameButton = addButton(commands, QStringLiteral("ويرايش"));
+    m_deleteButton = addButton(commands, QStringLiteral("حذف"));
+    commands->addStretch();
+
+    m_view->setModel(m_model);
+    m_view->setUniformItemSizes(true);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setAccessibleName(windowTitle());
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addLayout(commands);
+    layout->addWidget(m_view, 1);
+    layout->addWidget(createButtons());
+    connect(add, &QPushButton::clicked, this, &CDlgMultiItems::addValue);
+    connect(m_renameButton, &QPushButton::clicked, this, &CDlgMultiItems::renameValue);
+    connect(m_deleteButton, &QPushButton::clicked, this, &CDlgMultiItems::deleteValue);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &CDlgMultiItems::showCurrent);
+}
+
+void CDlgMultiItems::fill(const QList<int> &ticked, int currentID)
+{
+    m_model->clear();
+    const QList<CTblMultiItems::Value> values = CTblMultiItems::values(m_itemType);
+    for (const CTblMultiItems::Value &value : values) {
+        auto *item = new QStandardItem(value.name);
+        item->setData(value.id, idRole);
+        item->setCheckable(true);
+        item->setCheckState(ticked.contains(value.id) ? Qt::Checked : Qt::Unchecked);
+        m_model->appendRow(item);
+        if (value.id == currentID)
+            m_view->setCurrentIndex(item->index());
+    }
+    showCurrent();
+}
+
+QStandardItem *CDlgMultiItems::currentItem() const
+{
+    return m_model->itemFromIndex(m_view->currentIndex());
+}
+
+void CDlgMultiItems::showCurrent()
+{
+    const QStandardItem *item = currentItem();
+    m_renameButton->setEnabled(item);
+    m_deleteButton->setEnabled(item);
+    if (item)
+        m_name->setText(item->text());
+}
+
+void CDlgMultiItems::setSelectedNames(const QStringList &names)
+{
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        QStandardItem *item = m_model->item(row);
+        item->setCheckState(names.contains(item->text()) ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+QStringList CDlgMultiItems::selectedNames() const
+{
+    QStringList names;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        if (m_model->item(row)->checkState() == Qt::Checked)
+            names.append(m_model->item(row)->text());
+    }
+    return names;
+}
+
+QList<int> CDlgMultiItems::selectedIDs() const
+{
+    QList<int> ids;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        if (m_model->item(row)->checkState() == Qt::Checked)
+            ids.append(m_model->item(row)->data(idRole).toInt());
+    }
+    return ids;
+}
+
+QString CDlgMultiItems::separator()
+{
+    return QStringLiteral("، ");
+}
+
+bool CDlgMultiItems::Select(int itemType, const QString &title, QString *text, QWidget *parent)
+{
+    CDlgMultiItems dialog(itemType, title, parent);
+    QStringList own = text->split(separator(), Qt::SkipEmptyParts);
+    dialog.setSelectedNames(own);
+    const QStringList known = dialog.selectedNames();
+    own.removeIf([&known](const QString &name) { return known.contains(name); });
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    *text = (own + dialog.selectedNames()).join(separator());
+    return true;
+}
+
+void CDlgMultiItems::change(const std::function<int()> &work)
+{
+    try {
+        GetDBSetting()->RequireOpenDB();
+        const QList<int> ticked = selectedIDs();
+        const int currentID = work();
+        fill(ticked, currentID);
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        m_name->setFocus();
+    }
+}
+
+void CDlgMultiItems::addValue()
+{
+    if (security().CheckWriteSecurity())
+        change([this] { return CTblMultiItems::addValue(m_itemType, m_name->text()); });
+}
+
+void CDlgMultiItems::renameValue()
+{
+    const QStandardItem *item = currentItem();
+    if (!item || !security().CheckModifySecurity())
+        return;
+    change([this, id = item->data(idRole).toInt()] {
+        CTblMultiItems::renameValue(id, m_name->text());
+        return id;
+    });
+}
+
+void CDlgMultiItems::deleteValue()
+{
+    const QStandardItem *item = currentItem();
+    if (!item || !security().CheckDeletionSecurity()
+        || g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+        return;
+    change([id = item->data(idRole).toInt()] {
+        CTblMultiItems::deleteValue(id);
+        return 0;
+    });
+}

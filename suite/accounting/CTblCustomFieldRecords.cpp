@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblCustomFieldRecords.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+
+namespace {
+
+QString recordFilter(int table, int recordID)
+{
+    return QStringLiteral("iTable=%1 AND iRecordID=%2").arg(table).arg(recordID);
+}
+
+}
+
+CTblCustomFieldRecords::CTblCustomFieldRecords(int database)
+    : KMySQL(database)
+{
+}
+
+CTblCustomFieldRecords::~CTblCustomFieldRecords() = default;
+
+QString CTblCustomFieldRecords::GetTableName() const
+{
+    return QStringLiteral("CustomFieldRecords");
+}
+
+void CTblCustomFieldRecords::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iFieldID", m_iFieldID, u"فیلد", u"CustomFields", u"iID", u"sName");
+    RFX_Long(u"iTable", m_iTable, u"");
+    RFX_Long(u"iRecordID", m_iRecordID, u"");
+    RFX_Text(u"sValue", m_sValue, u"مقدار");
+}
+
+QHash<int, QString> CTblCustomFieldRecords::values(int table, int recordID, int database)
+{
+    CTblCustomFieldRecords set(database);
+    set.m_filter = recordFilter(table, recordID);
+    QHash<int, QString> found;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        found.insert(set.m_iFieldID, set.m_sValue);
+    return found;
+}
+
+void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int, QString> &values, int database)
+{
+    KTransaction transaction(database);
+    DeleteAllRelatedRecords(table, recordID, 0, database);
+    CTblCustomFieldRecords set(database);
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        if (value->isEmpty())
+            continue;
+        set.AddNew();
+        set.m_iFieldID = value.key();
+        set.m_iTable = table;
+        set.m_iRecordID = recordID;
+        set.m_sValue = *value;
+        set.Update(true);
+    }
+    transaction.commit();
+}
+
+void CTblCustomFieldRecords::DeleteAllRelatedRecords(int table, int recordID, int fieldID, int database)
+{
+    QString statement = QStringLiteral("DELETE FROM CustomFieldRecords WHERE ") + recordFilter(table, recordID);
+    if (fieldID != 0)
+        statement += QStringLiteral(" AND iFieldID=%1").arg(fieldID);
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(statement);
+}

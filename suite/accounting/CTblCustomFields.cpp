@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblCustomFields.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+QString requiredName(const QString &name)
+{
+    const QString standard = ConvertToStandard(name);
+    if (standard.isEmpty())
+        throw KAccountingError(QStringLiteral("لطفا نام فیلد را وارد نمایید."));
+    return standard;
+}
+
+void write(CTblCustomFields &set)
+{
+    try {
+        set.Update(true);
+    } catch (const CMySQLException &error) {
+        if (error.category() == CMySQLException::Category::DuplicateKey)
+            throw KAccountingError(QStringLiteral("فیلدی با این نام قبلا تعریف شده است."));
+        throw;
+    }
+}
+
+}
+
+CTblCustomFields::CTblCustomFields(int database)
+    : KMySQL(database)
+{
+}
+
+CTblCustomFields::~CTblCustomFields() = default;
+
+QString CTblCustomFields::GetTableName() const
+{
+    return QStringLiteral("CustomFields");
+}
+
+void CTblCustomFields::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iTable", m_iTable, u"");
+    RFX_Text(u"sName", m_sName, u"نام فیلد");
+    RFX_Long(u"iType", m_iType, u"نوع فیلد");
+}
+
+const QStringList &CTblCustomFields::typeNames()
+{
+    static const QStringList names{QStringLiteral("متن"), QStringLiteral("عدد"), QStringLiteral("تاریخ"),
+                                   QStringLiteral("بلی/خیر")};
+    return names;
+}
+
+int CTblCustomFields::define(int table, const QString &name, Type type, int database)
+{
+    CTblCustomFields set(database);
+    set.AddNew();
+    set.m_iTable = table;
+    set.m_sName = requiredName(name);
+    set.m_iType = type;
+    write(set);
+    return static_cast<int>(set.GetLastInsertedID());
+}
+
+void CTblCustomFields::rename(int fieldID, const QString &name, int database)
+{
+    CTblCustomFields set(database);
+    if (!set.IsRecordExist(QStringLiteral("iID"), fieldID))
+        return;
+    set.Edit();
+    set.m_sName = requiredName(name);
+    write(set);
+}
+
+void CTblCustomFields::remove(int fieldID, int database)
+{
+    KTransaction transaction(database);
+    CTblTemp temp(database);
+    temp.Open(false, false, true);
+    temp.FormatAndExecuteQuery("DELETE FROM CustomFieldRecords WHERE iFieldID=%d", fieldID);
+    temp.FormatAndExecuteQuery("DELETE FROM CustomFields WHERE iID=%d", fieldID);
+    transaction.commit();
+}

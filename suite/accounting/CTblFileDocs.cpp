@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblFileDocs.h"
+
+#include "auto/db/CTblTemp.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KAccountingError.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr qint64 mebibyte = 1024 * 1024;
+constexpr int longestFileName = 200;
+
+QString visibleTo(int userID)
+{
+    return QStringLiteral("(iScope=%1 OR iUserID=%2)").arg(CTblFileDocs::General).arg(userID);
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        throw KAccountingError(QStringLiteral("فایل انتخاب شده خوانده نشد."));
+    // One byte more than allowed tells a file that is too large, also one that grew since it was chosen.
+    QByteArray data = file.read(CTblFileDocs::maxFileBytes + 1);
+    if (data.size() > CTblFileDocs::maxFileBytes)
+        throw KAccountingError(QStringLiteral("اندازه فایل بیشتر از %1 مگابایت است و اضافه نشد.")
+                                   .arg(CTblFileDocs::maxFileBytes / mebibyte));
+    if (file.error() != QFileDevice::NoError)
+        throw KAccountingError(QStringLiteral("فایل انتخاب شده خوانده نشد."));
+    if (data.isEmpty())
+        throw KAccountingError(QStringLiteral("فایل انتخاب شده خالی است."));
+    return data;
+}
+
+// A server takes no statement longer than its limit; asked first, because it answers a longer one by hanging up.
+void requireServerTakes(const QByteArray &data, int database)
+{
+    constexpr qint64 restOfStatement = 4096;
+    CTblTemp temp(database);
+    temp.ExecuteQuery("SELECT @@max_allowed_packet", true, true);
+    const auto limit = static_cast<qint64>(temp.GetDoubleFieldValue(0));
+    if (KConnection::forThread(database).quoted(data).size() + restOfStatement > limit)
+        throw KAccountingError(
+            QStringLiteral("سرور پایگاه داده فایلی به این اندازه را نمی پذیرد (سقف سرور %1 مگابایت است).").arg(limit / mebibyte));
+}
+
+bool isReservedName(const QString &baseName)
+{
+    static const QStringList devices{QStringLiteral("CON"), QStringLiteral("PRN"), QStringLiteral("AUX"),
+                                     QStringLiteral("NUL")};
+    const QString upper = baseName.toUpper();
+    const bool numbered = upper.size() == 4 && upper.at(3).isDigit()
+        && (upper.startsWith(QLatin1String("COM")) || upper.startsWith(QLatin1String("LPT")));
+    return numbered || devices.contains(upper);
+}
+
+// Cut in front of the suffix, by which the desktop chooses the program.
+QString shortened(const QString &name, int longest)
+{
+    if (name.size() <= longest)
+        return name;
+    const qsizetype dot = name.lastIndexOf(u'.');
+    const QString suffix = dot > 0 && name.size() - dot <= 20 ? name.mid(dot) : QString();
+    QString front = name.left(longest - suffix.size());
+    if (front.back().isHighSurrogate())
+        front.chop(1);
+    return front + suffix;
+}
+
+}
+
+CTblFileDocs::CTblFileDocs(int database)
+    : KMySQL(database)
+{
+}
+
+CTblFileDocs::~CTblFileDocs() = default;
+
+QString CTblFileDocs::GetTableName() const
+{
+    return QStringLiteral("FileDocs");
+}
+
+void CTblFileDocs::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iTable", m_iTable, u"");
+    RFX_Long(u"iRecordID", m_iRecordID, u"");
+    RFX_Long(u"iScope", m_iScope, u"");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Text(u"sName", m_sName, u"نام فایل");
+    RFX_LongBlob(u"oData", m_oData, u"فایل");
+    RFX_Date(u"dateCreate", m_dateCreate, u"تاریخ ایجاد");
+}
+
+QList<CTblFileDocs::FileInfo> CTblFileDocs::list(int table, int recordID, Scope scope, int userID, int database)
+{
+    CTblFileDocs set(database);
+    set.SetColumns({QStringLiteral("sName"), QStringLiteral("dateCreate"), QStringLiteral("iUserID")});
+    set.m_filter = QStringLiteral("iTable=%1 AND iRecordID=%2 AND iScope=%3").arg(table).arg(recordID).arg(scope);
+    if (scope == Personal)
+        set.m_filter += QStringLiteral(" AND iUserID=%1").arg(userID);
+    set.m_sort = QStringLiteral("iID");
+    QList<FileInfo> files;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        files.append({set.m_iID, set.m_sName, set.m_dateCreate, set.m_iUserID});
+    return files;
+}
+
+int CTblFileDocs::addFile(int table, int recordID, Scope scope, int userID, const QString &path, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    const QByteArray data = readFile(path);
+    requireServerTakes(data, database);
+    CTblFileDocs set(database);
+    set.AddNew();
+    set.m_iTable = table;
+    set.m_iRecordID = recordID;
+    set.m_iScope = scope;
+    set.m_iUserID = userID;
+    set.m_sName = shortened(QFileInfo(path).fileName(), longestFileName);
+    set.m_oData.data = data;
+    set.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    set.Update(true);
+    return static_cast<int>(set.GetLastInsertedID());
+}
+
+bool CTblFileDocs::content(int id, int userID, QString *name, QByteArray *data, int database)
+{
+    CTblFileDocs set(database);
+    if (!set.IsRecordExist(QStringLiteral("iID"), id, 0, QStringLiteral(" AND ") + visibleTo(userID)))
+        return false;
+    *name = set.m_sName;
+    *data = set.m_oData.data;
+    return true;
+}
+
+bool CTblFileDocs::deleteFile(int id, int userID, int database)
+{
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    return temp.ExecuteQuery(QStringLiteral("DELETE FROM FileDocs WHERE iID=%1 AND ").arg(id) + visibleTo(userID)) > 0;
+}
+
+void CTblFileDocs::DeleteAllRelatedRecords(int table, int recordID, int userID, int database)
+{
+    QString statement = QStringLiteral("DELETE FROM FileDocs WHERE iTable=%1 AND iRecordID=%2").arg(table).arg(recordID);
+    if (userID != 0)
+        statement += QStringLiteral(" AND iUserID=%1").arg(userID);
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(statement);
+}
+
+QString CTblFileDocs::safeFileName(const QString &name)
+{
+    static const QString forbidden = QStringLiteral("\\/:*?\"<>|");
+    QString safe;
+    for (const QChar c : name) {
+        const bool invisible = c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
+        if (!invisible)
+            safe += forbidden.contains(c) ? QChar(u'_') : c;
+    }
+    while (!safe.isEmpty() && (safe.startsWith(u'.') || safe.startsWith(u' ')))
+        safe.remove(0, 1);
+    while (!safe.isEmpty() && (safe.endsWith(u'.') || safe.endsWith(u' ')))
+        safe.chop(1);
+    if (safe.isEmpty())
+        return QStringLiteral("file");
+    if (isReservedName(safe.section(u'.', 0, 0)))
+        safe.prepend(u'_');
+    return shortened(safe, 100);
+}

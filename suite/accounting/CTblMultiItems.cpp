@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblMultiItems.h"
+
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QComboBox>
+
+namespace {
+
+// A name in its stored form that the type does not have yet; exceptID: the value that may keep its own name.
+QString requiredNewName(int itemType, const QString &name, int exceptID, int database)
+{
+    const QString standard = ConvertToStandard(name);
+    if (standard.isEmpty())
+        throw KAccountingError(QStringLiteral("لطفا نام را وارد نماید."));
+    CTblItems set(database);
+    set.SetColumns({QStringLiteral("iID")});
+    set.m_filter =
+        QStringLiteral("iType=%1 AND iID<>%2 AND sName=").arg(itemType).arg(exceptID)
+        + QString::fromUtf8(KConnection::forThread(database).quoted(standard));
+    set.Open(true, true, true);
+    if (!set.IsEOF())
+        throw KAccountingError(QStringLiteral("این نام قبلا ثبت شده است."));
+    return standard;
+}
+
+}
+
+CTblMultiItems::CTblMultiItems(int itemType, int database)
+    : CTblItems(database)
+{
+    m_filter = QStringLiteral("iType=%1 AND iStatus=0").arg(itemType);
+    m_sort = QStringLiteral("sName,iID");
+}
+
+CTblMultiItems::~CTblMultiItems() = default;
+
+QList<CTblMultiItems::Value> CTblMultiItems::values(int itemType, int database)
+{
+    CTblMultiItems set(itemType, database);
+    QList<Value> found;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        found.append({set.m_iID, set.m_sName});
+    return found;
+}
+
+void CTblMultiItems::FillComboBox(QComboBox *combo, int itemType, int current)
+{
+    const QList<Value> found = values(itemType);
+    combo->clear();
+    combo->addItem(QStringLiteral("-"), 0);
+    for (const Value &value : found)
+        combo->addItem(value.name, value.id);
+    combo->setCurrentIndex(qMax(0, combo->findData(current)));
+}
+
+int CTblMultiItems::addValue(int itemType, const QString &name, int database)
+{
+    const QString standard = requiredNewName(itemType, name, 0, database);
+    CTblItems set(database);
+    set.AddNew();
+    set.m_iType = itemType;
+    set.m_sName = standard;
+    set.Update(true);
+    return static_cast<int>(set.GetLastInsertedID());
+}
+
+void CTblMultiItems::renameValue(int id, const QString &name, int database)
+{
+    CTblItems set(database);
+    if (!set.IsRecordExist(QStringLiteral("iID"), id))
+        return;
+    const QString standard = requiredNewName(set.m_iType, name, id, database);
+    set.Edit();
+    set.m_sName = standard;
+    set.Update(true);
+}
+
+void CTblMultiItems::deleteValue(int id, int database)
+{
+    CTblItems set(database);
+    if (set.IsRecordExist(QStringLiteral("iID"), id))
+        set.Delete();
+}
