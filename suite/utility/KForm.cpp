@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KForm.h"
+
+#include "auto/db/KMySQL.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/Money.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace {
+
+KEdit::Kind editKind(KFormField::Kind kind)
+{
+    switch (kind) {
+    case KFormField::Kind::Money:
+        return KEdit::Kind::Money;
+    case KFormField::Kind::Percent:
+        return KEdit::Kind::Percent;
+    case KFormField::Kind::Integer:
+        return KEdit::Kind::Integer;
+    default:
+        return KEdit::Kind::Text;
+    }
+}
+
+
+int textLimit(const KFormField &field, KMySQL &record)
+{
+    const int columnLength = record.textLength(field.column);
+    if (field.maxLength > 0 && columnLength > 0)
+        return qMin(field.maxLength, columnLength);
+    return field.maxLength > 0 ? field.maxLength : columnLength;
+}
+
+}
+
+KForm::KForm(QList<KFormField> fields, KMySQL &record, QWidget *page)
+    : QObject(page)
+    , m_fields(std::move(fields))
+{
+    m_items.reserve(m_fields.size());
+    for (const KFormField &field : std::as_const(m_fields)) {
+        Q_ASSERT_X(record.column(field.column), "KForm", qPrintable(field.column));
+        m_positions.insert(field.column, m_items.size());
+        m_items.append(makeItem(field, record, page));
+    }
+}
+
+KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *page)
+{
+    Item item;
+    item.field = field;
+    item.readOnly = field.readOnly;
+    item.control = makeControl(field, record, page);
+    item.control->setObjectName(field.column);
+    item.control->setAccessibleName(field.accessibleName.isEmpty() ? field.label : field.accessibleName);
+    if (field.kind != KFormField::Kind::Flag) {
+        item.label = new QLabel(field.label, page);
+        item.label->setBuddy(item.control);
+    }
+    if (field.inWords)
+        addWords(item, page);
+    item.control->setVisible(field.displayed);
+    if (item.label)
+        item.label->setVisible(field.displayed);
+    applyReadOnly(item);
+    return item;
+}
+
+QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *page)
+{
+    switch (field.kind) {
+    case KFormField::Kind::Date:
+        return new KDateEdit(page);
+    case KFormField::Kind::Flag:
+        return new QCheckBox(field.label, page);
+    case KFormField::Kind::Choice:
+    case KFormField::Kind::EditableChoice: {
+        auto *combo = new QComboBox(page);
+        combo->addItems(field.choices);
+        if (field.kind == KFormField::Kind::EditableChoice) {
+            combo->setEditable(true);
+            combo->setInsertPolicy(QComboBox::NoInsert);
+            if (const int limit = textLimit(field, record); limit > 0)
+                combo->lineEdit()->setMaxLength(limit);
+        }
+        return combo;
+    }
+    default:
+        break;
+    }
+    auto *edit = new KEdit(editKind(field.kind), page);
+    if (field.kind == KFormField::Kind::Text) {
+        if (const int limit = textLimit(field, record); limit > 0)
+            edit->setMaxLength(limit);
+    } else if (field.minimum != 0 || field.maximum != 0) {
+        edit->setRange(field.minimum, field.maximum);
+    }
+    return edit;
+}
+
+void KForm::addWords(Item &item, QWidget *page)
+{
+    auto *words = new QLabel(page);
+    words->setWordWrap(true);
+    words->setVisible(item.field.displayed);
+    QFont small = words->font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    words->setFont(small);
+    words->setForegroundRole(QPalette::PlaceholderText);
+    connect(qobject_cast<KEdit *>(item.control), &KEdit::numberChanged, words, [words](double amount) {
+        words->setText(IsEquals(amount, 0) ? QString() : amountInWords(amount));
+    });
+    item.words = words;
+}
+
+const KForm::Item &KForm::item(const QString &column) const
+{
+    const auto position = m_positions.constFind(column);
+    Q_ASSERT_X(position != m_positions.cend(), "KForm", qPrintable(column));
+    return m_items.at(*position);
+}
+
+QWidget *KForm::control(const QString &column) const
+{
+    return item(column).control;
+}
+
+KEdit *KForm::edit(const QString &column) const
+{
+    auto *edit = qobject_cast<KEdit *>(control(column));
+    Q_ASSERT(edit);
+    return edit;
+}
+
+KDateEdit *KForm::dateEdit(const QString &column) const
+{
+    auto *edit = qobject_cast<KDateEdit *>(control(column));
+    Q_ASSERT(edit);
+    return edit;
+}
+
+QComboBox *KForm::comboBox(const QString &column) const
+{
+    auto *combo = qobject_cast<QComboBox *>(control(column));
+    Q_ASSERT(combo);
+    return combo;
+}
+
+QCheckBox *KForm::checkBox(const QString &column) const
+{
+    auto *box = qobject_cast<QCheckBox *>(control(column));
+    Q_ASSERT(box);
+    return box;
+}
+
+QLabel *KForm::label(const QString &column) const
+{
+    return item(column).label;
+}
+
+void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span)
+{
+    const Item &placed = item(column);
+    if (placed.label)
+        grid->addWidget(placed.label, row, gridColumn);
+    grid->addWidget(placed.control, row, gridColumn + 1, 1, span);
+    if (placed.words)
+        grid->addWidget(placed.words, row + 1, gridColumn + 1, 1, span);
+}
+
+void KForm::load(KMySQL &record)
+{
+    for (const Item &item : std::as_const(m_items)) {
+        const QVariant value = record.value(item.field.column);
+        switch (item.field.kind) {
+        case KFormField::Kind::Date:
+            qobject_cast<KDateEdit *>(item.control)->setDateTime(value.toDateTime());
+            break;
+        case KFormField::Kind::Flag:
+            qobject_cast<QCheckBox *>(item.control)->setChecked(value.toInt() != 0);
+            break;
+        case KFormField::Kind::Choice:
+            qobject_cast<QComboBox *>(item.control)->setCurrentIndex(value.toInt());
+            break;
+        case KFormField::Kind::EditableChoice:
+            qobject_cast<QComboBox *>(item.control)->setEditText(value.toString());
+            break;
+        case KFormField::Kind::Text:
+            qobject_cast<KEdit *>(item.control)->setText(value.toString());
+            break;
+        default:
+            qobject_cast<KEdit *>(item.control)->setNumber(value.toDouble());
+        }
+    }
+}
+
+void KForm::store(KMySQL &record) const
+{
+    for (const Item &item : m_items) {
+        QVariant value;
+        switch (item.field.kind) {
+        case KFormField::Kind::Date:
+            value = qobject_cast<KDateEdit *>(item.control)->dateTime();
+            break;
+        case KFormField::Kind::Flag:
+            value = qobject_cast<QCheckBox *>(item.control)->isChecked() ? 1 : 0;
+            break;
+        case KFormField::Kind::Choice:
+            value = qMax(0, qobject_cast<QComboBox *>(item.control)->currentIndex());
+            break;
+        case KFormField::Kind::EditableChoice:
+            value = qobject_cast<QComboBox *>(item.control)->currentText();
+            break;
+        case KFormField::Kind::Text:
+            value = qobject_cast<KEdit *>(item.control)->text();
+            break;
+        default:
+            value = qobject_cast<KEdit *>(item.control)->number();
+        }
+        record.setValue(item.field.column, value);
+    }
+}
+
+void KForm::setShowMode(bool show)
+{
+    m_showMode = show;
+    for (const Item &item : std::as_const(m_items))
+        applyReadOnly(item);
+}
+
+void KForm::setReadOnly(const QString &column, bool readOnly)
+{
+    Item &changed = m_items[m_positions.value(column)];
+    Q_ASSERT(changed.field.column == column);
+    changed.readOnly = readOnly;
+    applyReadOnly(changed);
+}
+
+void KForm::applyReadOnly(const Item &item)
+{
+    const bool readOnly = m_showMode || item.readOnly;
+    if (auto *line = qobject_cast<QLineEdit *>(item.control))
+        line->setReadOnly(readOnly);
+    else
+        item.control->setEnabled(!readOnly);
+}
+
+std::optional<KForm::Problem> KForm::firstInvalid() const
+{
+    for (const Item &item : m_items) {
+        QString error;
+        if (const auto *edit = qobject_cast<KEdit *>(item.control))
+            error = edit->entryError();
+        else if (const auto *date = qobject_cast<KDateEdit *>(item.control))
+            error = date->entryError();
+        if (!error.isEmpty())
+            return Problem{item.control, error};
+    }
+    return std::nullopt;
+}

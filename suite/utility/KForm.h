@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/TzUtilityExport.h"
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class KDateEdit;
+class KEdit;
+class KMySQL;
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QWidget;
+
+// One field of an editor page: a column of the record and the control that shows it.
+struct KFormField
+{
+    enum class Kind {
+        Text,           // limited to its column's length unless maxLength says less
+        Money,          // unsigned money
+        Percent,        // 0 to 100
+        Integer,        // whole number, 0 and above unless a range is given
+        Date,           // Shamsi date; empty is the empty date
+        Choice,         // drop-down; the position is stored
+        EditableChoice, // drop-down with free text; the text is stored
+        Flag            // check box, stored as 0 or 1; the label is its caption
+    };
+
+    QString column;
+    QString label;              // shown before the control and its accessible name
+    Kind kind = Kind::Text;
+    QString accessibleName = {}; // where the label alone does not tell the field from its neighbours
+    QStringList choices = {};
+    int maxLength = 0;          // characters; 0: as many as the column holds
+    double minimum = 0;
+    double maximum = 0;         // a range of Integer; both 0: the kind's own
+    bool readOnly = false;      // never editable
+    bool displayed = true;      // false: the control exists and keeps its value, but is not shown
+    bool inWords = false;       // Money: the amount in words stands below the control
+};
+
+// A page of an editor as a table: builds the controls of its fields with label and buddy, loads them from a record, stores
+// them into it, sets show mode, and finds the first entry that cannot be stored. The page places them and wires its rules.
+class TZUTILITY_EXPORT KForm : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Problem
+    {
+        QWidget *widget = nullptr;  // the control to go to
+        QString message;            // for the user
+    };
+
+    // The record tells the columns' lengths; it is not kept. The controls become children of the page.
+    KForm(QList<KFormField> fields, KMySQL &record, QWidget *page);
+
+    const QList<KFormField> &fields() const { return m_fields; }
+
+    // The control of a column; asking for one of another kind is an error of the program and asserts.
+    QWidget *control(const QString &column) const;
+    KEdit *edit(const QString &column) const;
+    KDateEdit *dateEdit(const QString &column) const;
+    QComboBox *comboBox(const QString &column) const;
+    QCheckBox *checkBox(const QString &column) const;
+    QLabel *label(const QString &column) const;
+
+    // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
+    // the field has one, goes into the row below.
+    void place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span = 1);
+
+    void load(KMySQL &record);
+    // Writes every control back into its member, those not displayed as well.
+    void store(KMySQL &record) const;
+    // Read-only controls throughout, or as the fields say.
+    void setShowMode(bool show);
+    bool isShowMode() const { return m_showMode; }
+    // One field's own switch within edit mode; in show mode the field stays read-only whatever is asked.
+    void setReadOnly(const QString &column, bool readOnly);
+
+    std::optional<Problem> firstInvalid() const;
+
+private:
+    struct Item
+    {
+        KFormField field;
+        QWidget *control = nullptr;
+        QLabel *label = nullptr;
+        QLabel *words = nullptr;
+        bool readOnly = false;
+    };
+
+    Item makeItem(const KFormField &field, KMySQL &record, QWidget *page);
+    QWidget *makeControl(const KFormField &field, KMySQL &record, QWidget *page);
+    void addWords(Item &item, QWidget *page);
+    const Item &item(const QString &column) const;
+    void applyReadOnly(const Item &item);
+
+    QList<KFormField> m_fields;
+    QList<Item> m_items;
+    QHash<QString, qsizetype> m_positions;
+    bool m_showMode = false;
+};

@@ -1,0 +1,606 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/auto/db/SampleRecord.h"
+#include "tests/support/TestDatabase.h"
+
+#include "auto/db/KLookup.h"
+#include "auto/db/KTransaction.h"
+
+#include <QTest>
+
+#include <thread>
+
+using Category = CMySQLException::Category;
+
+namespace {
+
+// The category that work raises; Other when it raises nothing, so that a wanted category is never met by accident.
+template <class Work>
+std::optional<Category> raisedCategory(Work work, QString *caption = nullptr, QString *message = nullptr)
+{
+    try {
+        work();
+    } catch (const CMySQLException &error) {
+        if (caption)
+            *caption = error.columnCaption();
+        if (message)
+            *message = error.userMessage();
+        return error.category();
+    }
+    return std::nullopt;
+}
+
+qint32 addSample(const QString &name, double amount = 0)
+{
+    SampleRecord record;
+    record.Open(true, false, true);
+    record.AddNew();
+    record.m_sName = name;
+    record.m_dAmount = amount;
+    record.Update(true);
+    return static_cast<qint32>(record.GetLastInsertedID());
+}
+
+QStringList observed(const std::function<void()> &work)
+{
+    QStringList statements;
+    KConnection::setStatementObserver([&](const QString &statement) { statements << statement; });
+    work();
+    KConnection::setStatementObserver({});
+    return statements;
+}
+
+const QDateTime someDate(QDate(2021, 3, 22), QTime(0, 0), Qt::UTC);
+
+}
+
+class TestKMySQL : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+
+private Q_SLOTS:
+    void init() { SampleRecord::createTable(); }
+    void cleanup() { KConnection::setStatementObserver({}); }
+
+    void everyKindOfColumnComesBackAsItWentIn()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_sName = QStringLiteral("پژو 'O\\x");
+        record.m_date = someDate;
+        record.m_dAmount = 12345678901.123;
+        record.m_bFlag = 1;
+        record.m_oPicture.data = QByteArray("\0\x01'\\\xff", 5);
+        record.m_iUserID = -7;
+        QVERIFY(record.Update(true));
+        QVERIFY(record.GetLastInsertedID() > 0);
+
+        SampleRecord again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID()), 0, QString()));
+        QCOMPARE(again.m_sName, record.m_sName);
+        QCOMPARE(again.m_date, someDate);
+        QCOMPARE(again.m_dAmount, 12345678901.123);
+        QCOMPARE(again.m_bFlag, 1);
+        QCOMPARE(again.m_oPicture.data, record.m_oPicture.data);
+        QCOMPARE(again.m_iUserID, -7);
+    }
+
+    void nullAndTheEmptyDateAreOneThingInBothDirections()
+    {
+        const qint32 key = addSample(QStringLiteral("a"));
+        SampleRecord record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(!record.m_date.isValid());
+        record.Edit();
+        record.m_date = someDate;
+        record.Update(true);
+        record.Edit();
+        record.m_date = QDateTime();
+        record.Update(true);
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT COUNT(*) FROM Samples WHERE date IS NULL", true, true);
+        QCOMPARE(temp.GetLongFieldValue(0), 1);
+    }
+
+    void zeroDateOfTheDatabaseIsTheEmptyDate()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SET SESSION sql_mode=''", true, true);
+        temp.ExecuteQuery("INSERT INTO Samples(date) VALUES('0000-00-00')", true, true);
+        KConnection::closeThreadConnections();
+        SampleRecord record;
+        record.Open(true, true, true);
+        QVERIFY(!record.IsEOF());
+        QVERIFY(!record.m_date.isValid());
+    }
+
+    void rowsComeFilteredSortedAndLimited()
+    {
+        for (int i = 1; i <= 5; ++i)
+            addSample(QStringLiteral("n%1").arg(i), i);
+        SampleRecord record;
+        record.m_filter = QStringLiteral("dAmount>1");
+        record.m_sort = QStringLiteral("dAmount DESC");
+        record.SetLimit(3);
+        QVERIFY(record.Open(true, true, true));
+        QCOMPARE(record.GetRecordsCount(), 3);
+        QList<double> seen;
+        while (!record.IsEOF()) {
+            seen << record.m_dAmount;
+            record.MoveNext();
+        }
+        QCOMPARE(seen, (QList<double>{5, 4, 3}));
+        record.MoveLast();
+        QCOMPARE(record.m_dAmount, 3.0);
+        QVERIFY(!record.IsEOF());
+        record.m_filter.clear();
+        record.SetLimit(0);
+        QVERIFY(record.Requery());
+        QCOMPARE(record.GetRecordsCount(), 5);
+    }
+
+    void keyThatIsNotThereLeavesTheMembersAsConstructed()
+    {
+        const qint32 key = addSample(QStringLiteral("a"), 4);
+        SampleRecord record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(!record.IsRecordExist(QStringLiteral("iID"), key + 100));
+        QCOMPARE(record.m_iID, 0);
+        QCOMPARE(record.m_dAmount, 0.0);
+        QVERIFY(record.m_sName.isEmpty());
+        QVERIFY(record.IsEOF());
+    }
+
+    void updateWritesOnlyTheColumnsThatChanged()
+    {
+        const qint32 key = addSample(QStringLiteral("a"), 4);
+        SampleRecord record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), key));
+        record.Edit();
+        record.m_dAmount = 5.5;
+        const QStringList statements = observed([&] { record.Update(true); });
+        QCOMPARE(statements, QStringList{QStringLiteral("UPDATE Samples SET dAmount=5.5 WHERE iID=%1 LIMIT 1").arg(key)});
+        record.Edit();
+        QVERIFY(observed([&] { record.Update(true); }).isEmpty());
+    }
+
+    void changeOfTheSameRowByTwoUsersKeepsBothColumns()
+    {
+        const qint32 key = addSample(QStringLiteral("a"), 4);
+        SampleRecord one;
+        SampleRecord other;
+        one.IsRecordExist(QStringLiteral("iID"), key);
+        other.IsRecordExist(QStringLiteral("iID"), key);
+        one.Edit();
+        one.m_dAmount = 9;
+        other.Edit();
+        other.m_sNote = QStringLiteral("یاد");
+        one.Update(true);
+        other.Update(true);
+        SampleRecord seen;
+        seen.IsRecordExist(QStringLiteral("iID"), key);
+        QCOMPARE(seen.m_dAmount, 9.0);
+        QCOMPARE(seen.m_sNote, QStringLiteral("یاد"));
+    }
+
+    void columnSubsetFetchesThoseColumnsAndTheKey()
+    {
+        addSample(QStringLiteral("a"), 4);
+        SampleRecord record;
+        record.SetColumns({QStringLiteral("dAmount")});
+        const QStringList statements = observed([&] { record.Open(true, true, true); });
+        QCOMPARE(statements, QStringList{QStringLiteral("SELECT iID,dAmount FROM Samples")});
+        QCOMPARE(record.m_dAmount, 4.0);
+        QVERIFY(record.m_sName.isEmpty());
+        record.Edit();
+        record.m_dAmount = 6;
+        record.Update(true);
+        SampleRecord whole;
+        whole.IsRecordExist(QStringLiteral("iID"), record.m_iID);
+        QCOMPARE(whole.m_sName, QStringLiteral("a"));
+        QCOMPARE(whole.m_dAmount, 6.0);
+    }
+
+    void cancelUpdateBringsTheMembersBack()
+    {
+        const qint32 key = addSample(QStringLiteral("a"), 4);
+        SampleRecord record;
+        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.Edit();
+        record.m_dAmount = 77;
+        record.CancelUpdate();
+        QCOMPARE(record.m_dAmount, 4.0);
+        record.AddNew();
+        QCOMPARE(record.m_dAmount, 0.0);
+        record.m_sName = QStringLiteral("b");
+        record.CancelUpdate();
+        QCOMPARE(record.m_iID, key);
+        QCOMPARE(record.m_sName, QStringLiteral("a"));
+    }
+
+    void operationsWithoutARowAreAClearError()
+    {
+        SampleRecord record;
+        record.Open(true, true, true);
+        QVERIFY(record.IsEOF());
+        QCOMPARE(raisedCategory([&] { record.Edit(); }), Category::NoCurrentRow);
+        QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::NoCurrentRow);
+        QCOMPARE(raisedCategory([&] { record.Delete(); }), Category::NoCurrentRow);
+        QCOMPARE(raisedCategory([&] { record.MoveNext(); }), Category::NoCurrentRow);
+        QCOMPARE(raisedCategory([&] { record.MoveLast(); }), Category::NoCurrentRow);
+        QVERIFY(!record.Update(false));
+        SampleRecord unopened;
+        QCOMPARE(raisedCategory([&] { unopened.MoveNext(); }), Category::NoCurrentRow);
+    }
+
+    void deletedRowIsGoneAndTheSetGoesOn()
+    {
+        addSample(QStringLiteral("a"), 1);
+        addSample(QStringLiteral("b"), 2);
+        SampleRecord record;
+        record.m_sort = QStringLiteral("iID");
+        record.Open(true, true, true);
+        QVERIFY(record.Delete());
+        QCOMPARE(raisedCategory([&] { record.Edit(); }), Category::NoCurrentRow);
+        QVERIFY(record.MoveNext());
+        QCOMPARE(record.m_sName, QStringLiteral("b"));
+        record.Requery();
+        QCOMPARE(record.GetRecordsCount(), 1);
+    }
+
+    void deletingARowThatSomebodyElseDeletedFirstIsDone()
+    {
+        const qint32 key = addSample(QStringLiteral("a"));
+        SampleRecord record;
+        record.IsRecordExist(QStringLiteral("iID"), key);
+        CTblTemp temp;
+        temp.Open(true, false, true);
+        QCOMPARE(temp.FormatAndExecuteQuery("DELETE FROM Samples WHERE iID=%d LIMIT 1", key), 1);
+        QVERIFY(record.Delete());
+    }
+
+    void updatingARowThatVanishedIsAnErrorAndKeepsWhatWasTyped()
+    {
+        const qint32 key = addSample(QStringLiteral("a"));
+        SampleRecord record;
+        record.IsRecordExist(QStringLiteral("iID"), key);
+        CTblTemp temp;
+        temp.Open(true, false, true);
+        temp.FormatAndExecuteQuery("DELETE FROM Samples WHERE iID=%d", key);
+        record.Edit();
+        record.m_sNote = QStringLiteral("متن");
+        QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::NoCurrentRow);
+        QCOMPARE(record.m_sNote, QStringLiteral("متن"));
+    }
+
+    void textLongerThanItsColumnIsRefusedWithTheCaption_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("ten persian letters fit") << QString(10, QChar(u'ی')) << true;
+        QTest::newRow("eleven do not") << QString(11, QChar(u'ی')) << false;
+        QTest::newRow("eleven blanks do not") << QString(11, QChar(u' ')) << false;
+    }
+
+    void textLongerThanItsColumnIsRefusedWithTheCaption()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, accepted);
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_sName = text;
+        record.m_sNote = QStringLiteral("می‌ماند");
+        QString caption;
+        const auto category = raisedCategory([&] { record.Update(true); }, &caption);
+        QCOMPARE(category.has_value(), !accepted);
+        if (accepted)
+            return;
+        QCOMPARE(*category, Category::ValueTooLong);
+        QCOMPARE(caption, QStringLiteral("نام"));
+        QCOMPARE(record.m_sName, text);
+        QCOMPARE(record.m_sNote, QStringLiteral("می‌ماند"));
+        record.m_sName = QStringLiteral("کوتاه");
+        QVERIFY(record.Update(true));
+    }
+
+    void characterOutsideTheTablesCharacterSetIsRefusedWithTheCaption()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_sNote = QStringLiteral("خودرو 🚗");
+        QString caption;
+        QString message;
+        QCOMPARE(raisedCategory([&] { record.Update(true); }, &caption, &message), Category::BadCharacter);
+        QCOMPARE(caption, QStringLiteral("یادداشت"));
+        QVERIFY(message.contains(caption));
+        QCOMPARE(record.m_sNote, QStringLiteral("خودرو 🚗"));
+    }
+
+    void duplicateKeyHasItsCategoryAndKeepsTheMembers()
+    {
+        addSample(QStringLiteral("a"));
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_sName = QStringLiteral("a");
+        record.m_dAmount = 3;
+        QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::DuplicateKey);
+        QCOMPARE(record.m_dAmount, 3.0);
+        QVERIFY(!record.Update(false));
+        record.m_sName = QStringLiteral("b");
+        QVERIFY(record.Update(true));
+    }
+
+    void lostConnectionEndsTheOperationAndTheNextOneConnectsAnew()
+    {
+        addSample(QStringLiteral("a"));
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
+        const int id = temp.GetLongFieldValue(0);
+        std::thread([id] {
+            CTblTemp killer;
+            killer.Open(false, false, true);
+            killer.FormatAndExecuteQuery("KILL %d", id);
+        }).join();
+        SampleRecord record;
+        QCOMPARE(raisedCategory([&] { record.Open(false, true, true); }), Category::ConnectionLost);
+        QVERIFY(record.Open(false, true, true));
+        QCOMPARE(record.GetRecordsCount(), 1);
+    }
+
+    void connectionLostWithinATransactionDoesNotComeBackInTheMiddle()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
+        const int id = temp.GetLongFieldValue(0);
+        {
+            KTransaction transaction;
+            addSample(QStringLiteral("first"));
+            std::thread([id] {
+                CTblTemp killer;
+                killer.Open(false, false, true);
+                killer.FormatAndExecuteQuery("KILL %d", id);
+            }).join();
+            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("second")); }), Category::ConnectionLost);
+            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("third")); }), Category::ConnectionLost);
+            QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::ConnectionLost);
+        }
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 0);
+    }
+
+    void lockConflictHasItsCategory()
+    {
+        const qint32 key = addSample(QStringLiteral("a"));
+        KTransaction holder;
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", key);
+        std::optional<Category> category;
+        std::thread([&] {
+            category = raisedCategory([&] {
+                CTblTemp other;
+                other.Open(false, false, true);
+                other.ExecuteQuery("SET SESSION innodb_lock_wait_timeout=1", true, true);
+                other.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", key);
+            });
+        }).join();
+        QCOMPARE(category, Category::LockConflict);
+    }
+
+    void transactionRollsBackUnlessCommitted()
+    {
+        {
+            KTransaction transaction;
+            addSample(QStringLiteral("a"));
+        }
+        {
+            KTransaction transaction;
+            addSample(QStringLiteral("b"));
+            transaction.commit();
+        }
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 1);
+        QCOMPARE(record.m_sName, QStringLiteral("b"));
+    }
+
+    void innerGuardThatIsNotCommittedDoomsTheWhole()
+    {
+        {
+            KTransaction outer;
+            addSample(QStringLiteral("a"));
+            {
+                KTransaction inner;
+                addSample(QStringLiteral("b"));
+            }
+            QVERIFY(raisedCategory([&] { outer.commit(); }).has_value());
+        }
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 0);
+    }
+
+    void replayableWorkRunsAgainAfterALockConflictFiveTimesAtMost_data()
+    {
+        QTest::addColumn<int>("conflicts");
+        QTest::addColumn<int>("runs");
+        QTest::addColumn<bool>("done");
+        QTest::newRow("none") << 0 << 1 << true;
+        QTest::newRow("two") << 2 << 3 << true;
+        QTest::newRow("five") << 5 << 6 << true;
+        QTest::newRow("six are too many") << 6 << 6 << false;
+    }
+
+    void replayableWorkRunsAgainAfterALockConflictFiveTimesAtMost()
+    {
+        QFETCH(int, conflicts);
+        QFETCH(int, runs);
+        QFETCH(bool, done);
+        int run = 0;
+        const auto category = raisedCategory([&] {
+            KTransaction::runReplayable([&] {
+                ++run;
+                addSample(QStringLiteral("a"));
+                if (run <= conflicts)
+                    throw CMySQLException(Category::LockConflict, 1213, QStringLiteral("deadlock"));
+            });
+        });
+        QCOMPARE(run, runs);
+        QCOMPARE(!category.has_value(), done);
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), done ? 1 : 0);
+    }
+
+    void badStatementHasItsCategory()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELEKT 1", true, true); }), Category::BadStatement);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT nothing FROM Samples", true, true); }), Category::BadStatement);
+        SampleRecord record;
+        record.m_filter = QStringLiteral("noColumn=1");
+        QVERIFY(!record.Open(true, true, false));
+    }
+
+    void secondStatementAfterASemicolonIsNeverRun()
+    {
+        addSample(QStringLiteral("a"));
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT 1; DELETE FROM Samples", true, true); }), Category::BadStatement);
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 1);
+    }
+
+    void schemaAlreadySoIsPassedOverOnlyWithTheFirstFlagFalse()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        const char *statement = "ALTER TABLE Samples ADD COLUMN bFlag TINYINT DEFAULT 0";
+        QCOMPARE(temp.ExecuteQuery(statement, false, true), 0);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery(statement, true, true); }), Category::AlreadySo);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("ALTER TABLE Nothing ADD COLUMN a INT", false, true); }),
+                 Category::BadStatement);
+    }
+
+    void singleValuesOfAFreeStatement()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery(QStringLiteral("SELECT 42,2.5,'متن',NULL,'2026-11-20 10:11:12' UNION ALL SELECT 43,0,'',0,NULL"), true);
+        QCOMPARE(temp.GetLongFieldValue(0), 42);
+        QCOMPARE(temp.GetDoubleFieldValue(1), 2.5);
+        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("متن"));
+        QCOMPARE(temp.GetLongFieldValue(3), 0);
+        QCOMPARE(temp.GetDateFieldValue(4), QDateTime(QDate(2026, 11, 20), QTime(10, 11, 12), Qt::UTC));
+        QCOMPARE(temp.GetLongFieldValue(99), 0);
+        QVERIFY(temp.MoveNextResult());
+        QCOMPARE(temp.GetLongFieldValue(0), 43);
+        QVERIFY(!temp.MoveNextResult());
+        QVERIFY(!temp.HasResultRow());
+        QCOMPARE(temp.GetLongFieldValue(0), 0);
+    }
+
+    void maximumOfAnEmptyTableIsZero()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT MAX(iID) FROM Samples", true, true);
+        QCOMPARE(temp.GetLongFieldValue(0), 0);
+    }
+
+    void captionsAndLookupsAreListed()
+    {
+        SampleRecord record;
+        QCOMPARE(record.columns().size(), size_t(8));
+        const KMySQL::Column *user = record.column(u"iUserID");
+        QVERIFY(user);
+        QCOMPARE(user->caption, QStringLiteral("کاربر"));
+        QCOMPARE(user->lookupTable, QStringLiteral("Users"));
+        QCOMPARE(user->lookupKey, QStringLiteral("iID"));
+        QCOMPARE(user->lookupDisplay, QStringLiteral("sUser"));
+        QVERIFY(!record.column(u"iuserid"));
+        QCOMPARE(record.textLength(u"sName"), 10);
+        QCOMPARE(record.textLength(u"dAmount"), 0);
+        record.setValue(u"dAmount", 4.5);
+        QCOMPARE(record.m_dAmount, 4.5);
+        QCOMPARE(record.value(u"dAmount").toDouble(), 4.5);
+    }
+
+    void liveObjectsAreCounted()
+    {
+        const int before = SampleRecord::liveCount();
+        {
+            SampleRecord one;
+            SampleRecord two;
+            QCOMPARE(SampleRecord::liveCount(), before + 2);
+        }
+        QCOMPARE(SampleRecord::liveCount(), before);
+    }
+
+    void namesOfManyKeysTakeOneStatement()
+    {
+        const int a = addSample(QStringLiteral("a"));
+        const int b = addSample(QStringLiteral("b"));
+        QHash<int, QString> names;
+        const QStringList statements = observed([&] {
+            names = KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {b, a, b, 0, 999});
+        });
+        QCOMPARE(statements.size(), 1);
+        QCOMPARE(names, (QHash<int, QString>{{a, QStringLiteral("a")}, {b, QStringLiteral("b")}}));
+        QVERIFY(observed([] { KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {0}); }).isEmpty());
+    }
+
+    void infiniteAmountIsRefused()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_dAmount = std::numeric_limits<double>::infinity();
+        QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::ValueTooLong);
+    }
+
+    void eachThreadHasItsOwnConnection()
+    {
+        auto connectionId = [] {
+            CTblTemp temp;
+            temp.Open(false, false, true);
+            temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
+            return temp.GetLongFieldValue(0);
+        };
+        const int mine = connectionId();
+        int theirs = 0;
+        std::thread([&] { theirs = connectionId(); }).join();
+        QVERIFY(theirs != 0);
+        QVERIFY(mine != theirs);
+        QCOMPARE(connectionId(), mine);
+    }
+
+    void sessionIsStrictAndSpeaksUtf8mb4()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT @@SESSION.sql_mode,@@SESSION.character_set_client,@@SESSION.character_set_results", true, true);
+        QVERIFY(temp.GetTextFieldValue(0).contains(QStringLiteral("STRICT_TRANS_TABLES")));
+        QVERIFY(!temp.GetTextFieldValue(0).contains(QStringLiteral("ONLY_FULL_GROUP_BY")));
+        QCOMPARE(temp.GetTextFieldValue(1), QStringLiteral("utf8mb4"));
+        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestKMySQL)
+#include "TestKMySQL.moc"
