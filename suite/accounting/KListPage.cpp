@@ -1,0 +1,415 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KListPage.h"
+
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString sortMark = QStringLiteral("*");
+const QString descendingSuffix = QStringLiteral(" DESC");
+const QString clauseStart = QStringLiteral(" AND ");
+constexpr int defaultRowLimit = 1000;
+constexpr int highestRowLimit = 10000;
+
+}
+
+KListPage::KListPage(const QString &title, const QString &form, const QString &section, QWidget *parent)
+    : KDialogTabPage(parent)
+    , m_section(section)
+{
+    setTitle(title);
+    SetFormName(form);
+    CheckSecurity();
+}
+
+KListPage::~KListPage() = default;
+
+void KListPage::setSelectMode(bool on, int preselectedKey)
+{
+    m_selectMode = on;
+    m_chosenKey = preselectedKey;
+}
+
+void KListPage::build()
+{
+    m_columns = listColumns();
+    m_list = new KExtListCtrl(this);
+    m_list->setAccessibleName(title());
+    m_list->setColumns(m_columns);
+    m_list->SetSettingName(m_section + QStringLiteral("\\List"));
+
+    buildFilterBox();
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_filterBox);
+    layout->addWidget(m_list, 1);
+    buildCommands();
+    layout->addWidget(m_commandRow);
+
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &KListPage::updateCommands);
+    connect(m_list, &KExtListCtrl::columnClicked, this, &KListPage::sortBy);
+    connect(m_list, &KExtListCtrl::rowRightClicked, this, [this](int key) { guarded([&] { rightClicked(key); }); });
+    connect(m_list, &KExtListCtrl::emptyAreaActivated, this, [this] {
+        if (!m_selectMode)
+            guarded([&] { emptyAreaActivated(); });
+    });
+    connect(m_list, &KExtListCtrl::rowActivated, this, [this](int key) {
+        if (m_selectMode)
+            Q_EMIT okRequested();
+        else
+            guarded([&] { activated(key); });
+    });
+}
+
+void KListPage::buildFilterBox()
+{
+    auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"), this);
+    auto *grid = new QGridLayout(box);
+    buildFilters(grid);
+
+    m_rowLimit = new KEdit(KEdit::Kind::Integer, box);
+    m_rowLimit->setRange(1, highestRowLimit);
+    m_rowLimit->setMaximumWidth(m_rowLimit->fontMetrics().averageCharWidth() * 14);
+    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), box);
+    search->setAccessibleName(search->text());
+    search->setAutoDefault(false);
+    connect(search, &QPushButton::clicked, this, [this] { guarded([&] { refill(); }); });
+
+    auto *last = new QHBoxLayout;
+    auto *label = new QLabel(QStringLiteral("تعداد نمايش :"), box);
+    label->setBuddy(m_rowLimit);
+    m_rowLimit->setAccessibleName(label->text());
+    last->addWidget(label);
+    last->addWidget(m_rowLimit);
+    last->addStretch(1);
+    last->addWidget(search);
+    grid->addLayout(last, grid->rowCount(), 0, 1, -1);
+    m_filterBox = box;
+
+    // Enter in a filter searches.
+    for (QLineEdit *edit : box->findChildren<QLineEdit *>())
+        connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
+    auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(find, &QShortcut::activated, this, [this] { firstFilterControl()->setFocus(Qt::ShortcutFocusReason); });
+    auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(refresh, &QShortcut::activated, search, &QPushButton::click);
+}
+
+void KListPage::buildCommands()
+{
+    m_commandRow = new QWidget(this);
+    auto *row = new QHBoxLayout(m_commandRow);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (KListCommand &command : commands()) {
+        auto *button = new QPushButton(QIcon(command.icon), command.caption, m_commandRow);
+        button->setAccessibleName(command.caption);
+        button->setAutoDefault(false);
+        if (command.options & KListCommand::NotDisplayed)
+            button->hide();
+        if (command.options & KListCommand::StartsGroup)
+            row->addSpacing(12);
+        row->addWidget(button);
+        connect(button, &QPushButton::clicked, this, [this, run = command.run] { guarded(run); });
+        if (!command.shortcut.isEmpty())
+            addShortcut(command, button);
+        m_commands.push_back({std::move(command), button});
+    }
+    row->addStretch(1);
+    m_count = new QLabel(QStringLiteral("تعداد : -"), m_commandRow);
+    row->addWidget(m_count);
+}
+
+void KListPage::addShortcut(const KListCommand &command, QPushButton *button)
+{
+    // Delete belongs to the entry line while one has the focus, so it acts on the list alone.
+    QWidget *owner = command.shortcut == QKeySequence(QKeySequence::Delete) ? static_cast<QWidget *>(m_list) : this;
+    auto *shortcut = new QShortcut(command.shortcut, owner, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, button, [button] {
+        if (!button->isHidden())
+            button->click();
+    });
+    button->setToolTip(command.shortcut.toString(QKeySequence::NativeText));
+}
+
+void KListPage::addFilter(QGridLayout *grid, int row, int column, const QString &label, QWidget *control, int span)
+{
+    auto *text = new QLabel(label, grid->parentWidget());
+    text->setBuddy(control);
+    if (control->accessibleName().isEmpty())
+        control->setAccessibleName(label);
+    grid->addWidget(text, row, column);
+    grid->addWidget(control, row, column + 1, 1, span);
+}
+
+void KListPage::open()
+{
+    if (m_opened)
+        return;
+    m_opened = true;
+    readSettings();
+    applyMode();
+    updateCommands();
+    refill();
+    if (m_selectMode && m_chosenKey > 0)
+        m_list->selectKey(m_chosenKey);
+}
+
+void KListPage::showEvent(QShowEvent *event)
+{
+    KDialogTabPage::showEvent(event);
+    guarded([this] { open(); });
+}
+
+void KListPage::readSettings()
+{
+    m_rowLimit->setNumber(qBound(1, ReadSetting(m_section, QStringLiteral("iMaxRows"), defaultRowLimit), highestRowLimit));
+    m_lastColumn = ReadSetting(m_section, QStringLiteral("iLastCol"), defaultLastColumn());
+    if (m_lastColumn < 0 || m_lastColumn >= m_columns.size())
+        m_lastColumn = defaultLastColumn();
+    m_sort = ReadSetting(m_section, QStringLiteral("Sort"), defaultSort());
+    // The expression goes into the statement, so one that no column of this list gives is not taken from a file.
+    if (!isKnownSort(m_sort))
+        m_sort = defaultSort();
+    markColumn(m_lastColumn, true);
+}
+
+bool KListPage::isKnownSort(const QString &sort) const
+{
+    const QString plain = sort.endsWith(descendingSuffix) ? sort.chopped(descendingSuffix.size()) : sort;
+    if (plain.isEmpty())
+        return false;
+    return plain == defaultSort()
+        || std::any_of(m_columns.cbegin(), m_columns.cend(), [&](const auto &column) { return column.sortKey == plain; });
+}
+
+void KListPage::applyMode()
+{
+    const bool blocked = isChangeBlocked();
+    for (const Command &entry : m_commands) {
+        const int options = entry.command.options;
+        const bool hidden = (options & KListCommand::NotDisplayed) || (blocked && (options & KListCommand::HiddenInReadOnly))
+            || (m_selectMode && (options & KListCommand::HiddenInSelect));
+        entry.button->setVisible(!hidden);
+    }
+}
+
+bool KListPage::isChangeBlocked() const
+{
+    return m_readOnlyMode || GetDBSetting()->IsClosedDB();
+}
+
+void KListPage::updateCommands()
+{
+    const bool rowSelected = m_list->currentRow() >= 0;
+    for (const Command &entry : m_commands) {
+        const int options = entry.command.options;
+        entry.button->setEnabled(!(options & KListCommand::NotAvailable)
+                                 && (rowSelected || !(options & KListCommand::NeedsRow)));
+    }
+}
+
+void KListPage::refill()
+{
+    const KWaitCursor wait;
+    const int remembered = m_list->currentRow();
+    // The rows are complete before the list gives up those it shows, so an error leaves the list as it was.
+    QVector<KListModel::Row> rows = readRows(m_sort);
+    m_list->setUpdatesEnabled(false);
+    m_list->setRows(std::move(rows));
+    restoreSelection(remembered);
+    m_list->setUpdatesEnabled(true);
+    updateCommands();
+    updateCount();
+}
+
+QVector<KListModel::Row> KListPage::readRows(const QString &sort)
+{
+    QString filter = filterClauses();
+    if (filter.startsWith(clauseStart))
+        filter.remove(0, clauseStart.size());
+    if (!m_records) {
+        m_records = makeRecords();
+        m_records->SetColumns(fetchedColumns());
+    }
+    m_records->m_filter = filter;
+    m_records->m_sort = sort;
+    m_records->SetLimit(rowLimit());
+    m_records->Open(true, true, true);
+
+    QVector<KListModel::Row> rows;
+    rows.reserve(m_records->GetRecordsCount());
+    beginRows();
+    for (int number = 1; !m_records->IsEOF(); ++number) {
+        rows.append(makeRow(*m_records, number));
+        m_records->MoveNext();
+    }
+    completeRows(rows);
+    // The rows hold all that the list shows; the record set need not keep a second copy of them.
+    m_records->Close();
+    return rows;
+}
+
+void KListPage::restoreSelection(int rememberedRow)
+{
+    const int last = m_list->count() - 1;
+    if (last >= 0)
+        m_list->selectRow(qBound(0, rememberedRow, last));
+}
+
+void KListPage::updateCount()
+{
+    m_count->setText(SuiteMessages::count(m_list->count()));
+}
+
+void KListPage::markColumn(int column, bool marked)
+{
+    m_list->setColumnTitle(column, marked ? m_columns.at(column).title + sortMark : m_columns.at(column).title);
+}
+
+void KListPage::sortBy(int column)
+{
+    const QString key = m_columns.value(column).sortKey;
+    if (key.isEmpty())
+        return;
+    const bool descend = column == m_lastColumn && !m_descending;
+    const QString sort = descend ? key + descendingSuffix : key;
+    const QString sortBefore = m_sort;
+    guarded([&] {
+        m_sort = sort;
+        try {
+            if (m_list->count() > 0)
+                refill();
+        } catch (...) {
+            // A refused order is not kept: the list shows what it showed, in the order it had.
+            m_sort = sortBefore;
+            throw;
+        }
+        markColumn(m_lastColumn, false);
+        m_lastColumn = column;
+        m_descending = descend;
+        markColumn(column, true);
+    });
+}
+
+bool KListPage::loadSelected(KMySQL &record) const
+{
+    const int key = m_list->currentKey();
+    return key > 0 && record.IsRecordExist(QStringLiteral("iID"), key, 0, QString());
+}
+
+void KListPage::deleteSelected()
+{
+    if (m_selectMode || isChangeBlocked() || !CheckDeletionSecurity())
+        return;
+    const std::unique_ptr<KMySQL> record = makeRecords();
+    const int key = m_list->currentKey();
+    const int row = m_list->currentRow();
+    if (!loadSelected(*record) || g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+        return;
+    record->Delete();
+    m_list->removeKey(key);
+    restoreSelection(row);
+    updateCommands();
+    updateCount();
+}
+
+void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive)
+{
+    if (isChangeBlocked())
+        return;
+    if (!IsGranted(texts.rightForm, KSecurity::Access)) {
+        g_pDlgWarning->Show(texts.refused, this);
+        return;
+    }
+    const std::unique_ptr<KMySQL> record = makeRecords();
+    if (!loadSelected(*record))
+        return;
+    if (record->value(u"iArchiveUserID").toInt() != 0) {
+        g_pDlgWarning->Show(texts.alreadyArchived, this);
+        return;
+    }
+    archive(*record);
+    g_pDlgMessage->Show(texts.done, this);
+    refill();
+}
+
+void KListPage::guarded(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+bool KListPage::runCommand(const QString &caption)
+{
+    QPushButton *found = button(caption);
+    if (!found || found->isHidden() || !found->isEnabled())
+        return false;
+    found->click();
+    return true;
+}
+
+QPushButton *KListPage::button(const QString &caption) const
+{
+    for (const Command &entry : m_commands) {
+        if (entry.command.caption == caption)
+            return entry.button;
+    }
+    return nullptr;
+}
+
+QString KListPage::countText() const
+{
+    return m_count->text();
+}
+
+int KListPage::rowLimit() const
+{
+    return m_rowLimit->integer();
+}
+
+bool KListPage::OnAccess()
+{
+    return CheckAccessSecurity(1);
+}
+
+bool KListPage::OnOK()
+{
+    if (!m_selectMode)
+        return true;
+    const int key = m_list->currentKey();
+    if (key <= 0)
+        return false;
+    m_chosenKey = key;
+    chose(m_list->currentRow());
+    return true;
+}
+
+void KListPage::OnClosing()
+{
+    if (!m_opened)
+        return;
+    WriteSetting(m_section, QStringLiteral("iLastCol"), m_lastColumn);
+    WriteSetting(m_section, QStringLiteral("Sort"), m_sort);
+    WriteSetting(m_section, QStringLiteral("iMaxRows"), rowLimit());
+}

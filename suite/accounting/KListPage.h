@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/KListModel.h"
+
+#include <QKeySequence>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class KEdit;
+class KExtListCtrl;
+class KMySQL;
+class QGridLayout;
+class QLabel;
+class QPushButton;
+
+// A button of a list page.
+struct KListCommand
+{
+    enum Option {
+        NeedsRow = 1,           // enabled exactly while a row is selected
+        HiddenInReadOnly = 2,   // not shown in read-only mode and on a closed database
+        HiddenInSelect = 4,     // not shown in select mode
+        NotDisplayed = 8,       // exists, but is never shown
+        NotAvailable = 16,      // stands in its place, always disabled
+        StartsGroup = 32        // a gap before it
+    };
+
+    QString caption;            // also its accessible name
+    int options = 0;
+    std::function<void()> run;
+    QKeySequence shortcut = {};
+    QString icon = {};          // resource path
+};
+
+// What the archive command of a list says and asks for.
+struct KArchiveTexts
+{
+    QString rightForm;          // form whose access right allows archiving
+    QString refused;
+    QString alreadyArchived;
+    QString done;
+};
+
+// Base page of the lists: filter, rows of one record set, commands. It owns what all lists share: the settings (row limit,
+// last column, sort), the sort mark and direction, keeping the selection, the count label, which commands are shown and
+// enabled, archiving and deleting. A list derives from it with its tables (columns, commands) and its few own steps, and
+// calls build() at the end of its constructor.
+//
+// Modes are set before the page is first shown. A closed database acts like read-only mode.
+class TZACCOUNTING_EXPORT KListPage : public KDialogTabPage, protected KSecurity
+{
+    Q_OBJECT
+
+public:
+    // The form names the rights; the section the user's settings, where the list's columns are kept under section + "\\List".
+    KListPage(const QString &title, const QString &form, const QString &section, QWidget *parent = nullptr);
+    ~KListPage() override;
+
+    void setReadOnlyMode(bool on) { m_readOnlyMode = on; }
+    // For picking one row; a key to preselect, 0 for none.
+    void setSelectMode(bool on, int preselectedKey = 0);
+    bool isSelectMode() const { return m_selectMode; }
+    // Key of the row that OK took in select mode, before that the preselected one.
+    int chosenKey() const { return m_chosenKey; }
+
+    // Reads the settings and fills the list; done by itself when the page is first shown.
+    void open();
+    // Reads the rows anew with the filter as it stands. Throws CMySQLException: the list then keeps the rows it had.
+    void refill();
+    // Runs the command with that caption as its button would, if it may run now. False when it may not.
+    bool runCommand(const QString &caption);
+
+    KExtListCtrl *list() const { return m_list; }
+    QPushButton *button(const QString &caption) const;
+    QString countText() const;
+    QString sortExpression() const { return m_sort; }
+    int rowLimit() const;
+
+    bool OnAccess() override;
+    bool OnOK() override;
+    void OnClosing() override;
+
+protected:
+    // --- What a list is made of ---
+    virtual QVector<KListModel::Column> listColumns() const = 0;
+    virtual std::vector<KListCommand> commands() = 0;
+    // The filter's controls, in the grid of its group box; the base adds the row limit and the search button behind them.
+    virtual void buildFilters(QGridLayout *grid) = 0;
+    virtual std::unique_ptr<KMySQL> makeRecords() const = 0;
+    // Columns that the rows need; empty fetches all.
+    virtual QStringList fetchedColumns() const { return {}; }
+    // The run of clauses, each beginning with " AND "; the base takes the first " AND " off.
+    virtual QString filterClauses() const = 0;
+    // The row of the record that the set stands on; numbers count from 1.
+    virtual KListModel::Row makeRow(KMySQL &record, int number) = 0;
+    // Called before the first makeRow and after the last, for names looked up for the whole list at once.
+    virtual void beginRows() { }
+    virtual void completeRows(QVector<KListModel::Row> &) { }
+    virtual QString defaultSort() const { return QStringLiteral("iID"); }
+    virtual int defaultLastColumn() const { return 1; }
+    virtual void activated(int key) = 0;        // double click or Enter on a row, outside select mode
+    virtual void emptyAreaActivated() { }       // double click beside the rows, outside select mode
+    virtual void rightClicked(int) { }
+    // Select mode: takes what the caller wants to know of the row besides its key.
+    virtual void chose(int) { }
+    virtual QWidget *firstFilterControl() const = 0;
+
+    // --- What the base offers to it ---
+    void build();
+    // Read-only mode or a closed database: nothing may be changed.
+    bool isChangeBlocked() const;
+    bool isReadOnlyMode() const { return m_readOnlyMode; }
+    // Loads the selected row by its key; false without a selection or when the row has vanished.
+    bool loadSelected(KMySQL &record) const;
+    // Asks, deletes through the record's own Delete, takes the row off the list. Nothing without the right or in select mode.
+    void deleteSelected();
+    // Runs the statement on the selected record unless it is archived already; statement takes the loaded record.
+    void archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive);
+    // Runs work; an error it lets through is reported once and the page stays as it is.
+    void guarded(const std::function<void()> &work);
+    // Adds label and control to the filter grid with accessible name and buddy.
+    static void addFilter(QGridLayout *grid, int row, int column, const QString &label, QWidget *control, int span = 1);
+
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void buildFilterBox();
+    void buildCommands();
+    void addShortcut(const KListCommand &command, QPushButton *button);
+    void applyMode();
+    void readSettings();
+    void updateCommands();
+    void sortBy(int column);
+    bool isKnownSort(const QString &sort) const;
+    void markColumn(int column, bool marked);
+    QVector<KListModel::Row> readRows(const QString &sort);
+    void restoreSelection(int rememberedRow);
+    void updateCount();
+
+    struct Command
+    {
+        KListCommand command;
+        QPushButton *button = nullptr;
+    };
+
+    QString m_section;
+    bool m_readOnlyMode = false;
+    bool m_selectMode = false;
+    bool m_opened = false;
+    int m_chosenKey = 0;
+    int m_lastColumn = 1;
+    bool m_descending = false;
+    QString m_sort;
+    std::unique_ptr<KMySQL> m_records;
+    QVector<KListModel::Column> m_columns;
+    std::vector<Command> m_commands;
+    KExtListCtrl *m_list = nullptr;
+    KEdit *m_rowLimit = nullptr;
+    QLabel *m_count = nullptr;
+    QWidget *m_filterBox = nullptr;
+    QWidget *m_commandRow = nullptr;
+};
