@@ -4,15 +4,12 @@
 #include "auto/db/KConnection.h"
 
 #include <QHash>
-#include <QLoggingCategory>
 #include <QMutex>
 
 #include <atomic>
 #include <mysql.h>
 
 namespace {
-
-Q_LOGGING_CATEGORY(lcDatabase, "tz.database")
 
 // A connection that stood idle this long is asked whether it still answers before a person's next operation.
 constexpr qint64 idleMilliseconds = 30'000;
@@ -240,9 +237,6 @@ void KConnection::raise(const QByteArray &utf8Statement)
     const CMySQLException::Category category = CMySQLException::categoryOf(code);
     if (category == CMySQLException::Category::ConnectionLost)
         close();
-    // The statement itself may hold what people typed; the log gets its first words only.
-    qCWarning(lcDatabase).noquote() << "error" << code << message << "in"
-                                    << QString::fromUtf8(utf8Statement.left(60)).simplified();
     throw CMySQLException(category, code, message, QString::fromUtf8(utf8Statement));
 }
 

@@ -20,6 +20,13 @@ Q_LOGGING_CATEGORY(lcRecords, "tz.records")
 
 const QString keyColumn = QStringLiteral("iID");
 
+// What a log may show of a statement: its beginning up to the first quoted value.
+QString withoutValues(const char *statement)
+{
+    const QString text = QString::fromUtf8(statement);
+    return text.left(text.indexOf(QLatin1Char('\''))).left(120);
+}
+
 template <class Number>
 Number parsed(const char *text, unsigned long length)
 {
@@ -542,7 +549,7 @@ int KMySQL::ExecuteQuery(const char *statement, bool bRaise, bool bLog)
         return keepResult(connection().run(QByteArray(statement)));
     } catch (const CMySQLException &error) {
         if (bLog)
-            qCWarning(lcRecords).noquote() << "statement failed:" << error.GetErrorMessage();
+            qCWarning(lcRecords).noquote() << "error" << error.serverCode() << "in" << withoutValues(statement);
         if (!bRaise && error.category() == CMySQLException::Category::AlreadySo)
             return 0;
         throw;
