@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/HostLook.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFontDatabase>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+namespace {
+
+QString familyBesideProgram()
+{
+    const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/tzauto/fonts"));
+    QString family;
+    const QStringList files = folder.entryList({QStringLiteral("*.ttf")}, QDir::Files, QDir::Name);
+    for (const QString &file : files) {
+        const QStringList families = QFontDatabase::applicationFontFamilies(
+            QFontDatabase::addApplicationFont(folder.filePath(file)));
+        // The cuts of other weights may name a family of their own; the shortest name is the one that has them all.
+        for (const QString &name : families)
+            if (family.isEmpty() || name.size() < family.size())
+                family = name;
+    }
+    return family;
+}
+
+QString systemFamily()
+{
+    const QStringList installed = QFontDatabase::families(QFontDatabase::Arabic);
+    for (const QString &name : {QStringLiteral("Vazirmatn"), QStringLiteral("Noto Sans Arabic"),
+                                QStringLiteral("Noto Naskh Arabic")})
+        if (installed.contains(name))
+            return name;
+    return {};
+}
+
+}
+
+namespace HostLook {
+
+void apply(QApplication &application)
+{
+    QString family = familyBesideProgram();
+    if (family.isEmpty())
+        family = systemFamily();
+    if (!family.isEmpty())
+        QApplication::setFont(QFont(family, 10));
+
+    auto *texts = new QTranslator(&application);
+    if (texts->load(QStringLiteral("qtbase_fa"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(texts);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tzauto.svg")));
+}
+
+}

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// What the command line asks of the program. A password never stands on it, because other users of the computer can read
+// command lines: it comes from a file or from a dialog.
+struct HostOptions
+{
+    QString dataDir;            // empty: the user's own data folder (or the made-up office's, with demo)
+    QString moduleDir;          // folder of the module's library; empty: where the program is installed or built
+
+    bool connect = false;       // work on an office server instead of a private one
+    QString host;
+    quint16 port = 3306;
+    QString database;
+    QString user;
+    bool tls = false;           // refuse a server that does not prove who it is
+    QString caFile;             // empty: the certificate authorities of the system
+    QString passwordFile;
+
+    bool demo = false;
+    int demoSize = 300;         // contracts
+
+    bool help = false;
+    bool version = false;
+    bool quitAfterLoginShown = false;   // for measuring the start
+
+    // What is wrong with the command line, in the language of helpText; empty when nothing is.
+    QString error;
+
+    static constexpr int largestDemo = 1000000;
+
+    // arguments without the program's own name. Only error is meaningful when it is not empty.
+    static HostOptions parse(const QStringList &arguments, bool persian);
+    static QString helpText(bool persian);
+    static QString versionText(bool persian);
+};
