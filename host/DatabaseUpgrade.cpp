@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/DatabaseUpgrade.h"
+
+#include "auto/CAutoDBSetting.h"
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTableSchema.h"
+#include "host/StartupClock.h"
+#include "host/server/DatabaseDump.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "suite/utility/Money.h"
+
+namespace {
+
+// Tables whose rows people typed. The seeded ones (accounts, settings) are made again by an upgrade.
+const QStringList &dataTables()
+{
+    static const QStringList tables = {QStringLiteral("Users"), QStringLiteral("Persons"), QStringLiteral("Documents"),
+                                       QStringLiteral("AutomobilContracts"), QStringLiteral("AutomobilDemands"),
+                                       QStringLiteral("AutomobilInformations")};
+    return tables;
+}
+
+bool holdsRows()
+{
+    CTblTemp query;
+    query.Open(false, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_SCHEMA = DATABASE() "
+                                      "AND TABLE_NAME IN ('%1')")
+                           .arg(dataTables().join(QStringLiteral("','"))));
+    QStringList present;
+    for (; query.HasResultRow(); query.MoveNextResult())
+        present.append(QStringLiteral("EXISTS(SELECT 1 FROM %1)").arg(query.GetTextFieldValue(0)));
+    if (present.isEmpty())
+        return false;
+    query.ExecuteQuery(QStringLiteral("SELECT ") + present.join(QStringLiteral(" OR ")));
+    return query.GetLongFieldValue(0) != 0;
+}
+
+bool changesSchema(const QString &statement)
+{
+    const QString text = statement.trimmed();
+    for (const QString &verb : {QStringLiteral("ALTER "), QStringLiteral("DROP "), QStringLiteral("CREATE ")})
+        if (text.startsWith(verb, Qt::CaseInsensitive))
+            return true;
+    return false;
+}
+
+// Runs an action before the first statement that changes the schema. The module alone knows which of its steps are due, so
+// its statements are what tells that one is.
+class BeforeSchemaChange
+{
+public:
+    explicit BeforeSchemaChange(const std::function<void()> &action)
+    {
+        KConnection::setStatementObserver([action, done = false](const QString &statement) mutable {
+            if (done || !changesSchema(statement))
+                return;
+            done = true;
+            action();
+        });
+    }
+    ~BeforeSchemaChange() { KConnection::setStatementObserver({}); }
+    BeforeSchemaChange(const BeforeSchemaChange &) = delete;
+    BeforeSchemaChange &operator=(const BeforeSchemaChange &) = delete;
+};
+
+const QString schemaSection = QStringLiteral("Schema");
+const QString unfinishedKey = QStringLiteral("TzAutoUnfinished");
+
+}
+
+DatabaseUpgrade::DatabaseUpgrade(const QString &backupsFolder, Progress progress)
+    : m_backupsFolder(backupsFolder)
+    , m_progress(std::move(progress))
+{
+}
+
+void DatabaseUpgrade::upgradeSuite()
+{
+    const int stored = SuiteSchema::storedVersion();
+    if (stored == SuiteSchema::currentVersion())
+        return;
+    if (stored > 0 && stored < SuiteSchema::currentVersion() && holdsRows())
+        takeDump();
+    m_progress(QStringLiteral("آماده‌سازی جدول‌های پایگاه داده"));
+    qCInfo(lcHost) << "suite schema" << stored << "to" << SuiteSchema::currentVersion();
+    SuiteSchema::upgrade();
+    KTableSchema::forgetAll();
+}
+
+bool DatabaseUpgrade::upgradeModule(CAutoDBSetting &module)
+{
+    if (!runModule(module))
+        return false;
+    SuiteSchema::afterModuleUpgrade();
+    return true;
+}
+
+bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
+{
+    const double stored = SuiteSchema::moduleVersion();
+    // A step that a failed run left half done meets columns that are there already; only then they are passed over.
+    const bool unfinished = CTblProperties::DBReadSettingInt(schemaSection, unfinishedKey, 0) != 0;
+    const bool dumpIfChanged = m_dump.isEmpty() && stored > 0 && holdsRows();
+    bool changed = false;
+    const BeforeSchemaChange guard([&] {
+        changed = true;
+        if (dumpIfChanged)
+            takeDump();
+        m_progress(QStringLiteral("آماده‌سازی جدول‌های گالری اتومبیل"));
+    });
+
+    double reached = stored;
+    const bool completed = module.UpdateDB(0, stored, reached, !unfinished) == 1;
+    if (changed)
+        KTableSchema::forgetAll();
+    if (!IsEquals(reached, stored)) {
+        SuiteSchema::setModuleVersion(reached);
+        qCInfo(lcHost) << "module schema" << stored << "to" << reached;
+    }
+    if (completed == unfinished)
+        CTblProperties::DBWriteSettingInt(schemaSection, unfinishedKey, completed ? 0 : 1);
+    return completed;
+}
+
+void DatabaseUpgrade::takeDump()
+{
+    const QString waitingFor = QStringLiteral("پشتیبان‌گیری پیش از ارتقای پایگاه داده");
+    m_progress(waitingFor);
+    m_dump = DatabaseDump(KConnection::settings(0), m_backupsFolder).take([&](qint64, qint64) {
+        m_progress(waitingFor);
+        return true;
+    });
+    qCInfo(lcHost) << "dump before the upgrade:" << m_dump;
+}
