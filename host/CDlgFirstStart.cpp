@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgFirstStart.h"
+
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CompanyDetails.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QTimer>
+#include <QVBoxLayout>
+
+CDlgFirstStart::CDlgFirstStart(QWidget *parent)
+    : KDialog(parent)
+{
+    setWindowTitle(QStringLiteral("راه‌اندازی اولیه"));
+    auto *welcome = new QLabel(QStringLiteral("به برنامه خوش آمدید. با چند مشخصه زیر دفتر شما آماده کار می‌شود؛ "
+                                              "همه آن‌ها بعدا در «تنظیمات» قابل تغییر است."),
+                               this);
+    welcome->setWordWrap(true);
+
+    auto *columns = new QHBoxLayout;
+    auto *side = new QVBoxLayout;
+    side->addWidget(buildAdministrator());
+    side->addWidget(buildFiscalYear());
+    side->addStretch();
+    columns->addLayout(side);
+    columns->addWidget(buildCompany());
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(20, 16, 20, 16);
+    column->setSpacing(12);
+    column->addWidget(welcome);
+    column->addLayout(columns);
+    column->addWidget(createButtons(QStringLiteral("شروع به کار"), QStringLiteral("خروج")));
+    m_adminName->setFocus();
+}
+
+KEdit *CDlgFirstStart::addEdit(QFormLayout *form, const QString &caption, int maxLength)
+{
+    auto *edit = new KEdit(this);
+    edit->setMaxLength(maxLength);
+    edit->setAccessibleName(caption);
+    edit->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
+    form->addRow(caption, edit);
+    return edit;
+}
+
+QGroupBox *CDlgFirstStart::buildAdministrator()
+{
+    auto *box = new QGroupBox(QStringLiteral("مدیر برنامه"), this);
+    auto *form = new QFormLayout(box);
+    m_adminName = addEdit(form, QStringLiteral("نام مدیر :"), 100);
+    m_user = addEdit(form, QStringLiteral("نام کاربری :"), 50);
+    m_password = addEdit(form, QStringLiteral("کلمه عبور :"), 200);
+    m_repeated = addEdit(form, QStringLiteral("تکرار کلمه عبور :"), 200);
+    m_password->setEchoMode(QLineEdit::Password);
+    m_repeated->setEchoMode(QLineEdit::Password);
+    return box;
+}
+
+QGroupBox *CDlgFirstStart::buildCompany()
+{
+    auto *box = new QGroupBox(QStringLiteral("مشخصات نمایشگاه"), this);
+    auto *form = new QFormLayout(box);
+    m_company1 = addEdit(form, QStringLiteral("نام نمایشگاه :"), 100);
+    m_company2 = addEdit(form, QStringLiteral("ادامه نام نمایشگاه :"), 100);
+    m_nationalCode = addEdit(form, QStringLiteral("کد ملی :"), 20);
+    m_telephone = addEdit(form, QStringLiteral("تلفن :"), 50);
+    m_mobile = addEdit(form, QStringLiteral("موبایل :"), 50);
+    m_city = addEdit(form, QStringLiteral("شهر :"), 50);
+    m_address = addEdit(form, QStringLiteral("نشانی :"), 250);
+    return box;
+}
+
+QGroupBox *CDlgFirstStart::buildFiscalYear()
+{
+    auto *box = new QGroupBox(QStringLiteral("سال مالی"), this);
+    auto *form = new QFormLayout(box);
+    const int year = GetShamsi(GetDBSetting()->GetDBServerDate().date()).year;
+    m_fiscalYear = addEdit(form, QStringLiteral("سال مالی :"), 4);
+    m_fiscalYear->setKind(KEdit::Kind::Integer);
+    m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
+    m_fiscalYear->setNumber(year);
+    m_opening = new KDateEdit(box);
+    m_opening->setAccessibleName(QStringLiteral("تاریخ افتتاح :"));
+    m_opening->setDate(ConvertToMiladi(year, 1, 1));
+    form->addRow(QStringLiteral("تاریخ افتتاح :"), m_opening);
+    // A year's books open on its first day unless the office says otherwise.
+    connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
+        const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1);
+        if (first.isValid())
+            m_opening->setDate(first);
+    });
+    return box;
+}
+
+QString CDlgFirstStart::passwordProblem(const QString &password, const QString &repeated)
+{
+    if (password.isEmpty())
+        return QStringLiteral("لطفا کلمه عبور را وارد نمایید.");
+    if (password.size() < shortestPassword)
+        return QStringLiteral("کلمه عبور باید دست‌کم %1 نویسه باشد.").arg(shortestPassword);
+    if (password != repeated)
+        return QStringLiteral("کلمه عبور و تکرار آن یکسان نیستند.");
+    return {};
+}
+
+bool CDlgFirstStart::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus();
+    return false;
+}
+
+bool CDlgFirstStart::validate()
+{
+    if (ConvertToStandard(m_user->text()).isEmpty())
+        return refuse(QStringLiteral("لطفا نام کاربری را وارد نمایید."), m_user);
+    const QString problem = passwordProblem(m_password->text(), m_repeated->text());
+    if (!problem.isEmpty())
+        return refuse(problem, m_password->text().size() < shortestPassword ? m_password : m_repeated);
+    if (ConvertToStandard(m_company1->text()).isEmpty())
+        return refuse(QStringLiteral("لطفا نام نمایشگاه را وارد نمایید."), m_company1);
+    if (!m_fiscalYear->isEntryValid() || m_fiscalYear->text().isEmpty())
+        return refuse(QStringLiteral("لطفا سال مالی را درست وارد نمایید."), m_fiscalYear);
+    if (!m_opening->isEntryValid() || !m_opening->dateTime().isValid())
+        return refuse(QStringLiteral("لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."), m_opening);
+    return true;
+}
+
+void CDlgFirstStart::save()
+{
+    CompanyDetails company = CompanyDetails::read();
+    company.name1 = ConvertToStandard(m_company1->text());
+    company.name2 = ConvertToStandard(m_company2->text());
+    company.nationalCode = ConvertToStandard(m_nationalCode->text());
+    company.telephone = ConvertToStandard(m_telephone->text());
+    company.mobile = ConvertToStandard(m_mobile->text());
+    company.city = ConvertToStandard(m_city->text());
+    company.address = ConvertToStandard(m_address->text());
+
+    // An office with an administrator and nothing else, or the other way round, would be stuck.
+    KTransaction transaction;
+    company.write();
+    GetDBSetting()->SetFiscalYear(m_fiscalYear->integer());
+    GetDBSetting()->SetFiscalYearOpeningDate(m_opening->dateTime());
+    CTblUsers::create(m_user->text(), m_password->text(), m_adminName->text(), true);
+    transaction.commit();
+}
+
+bool CDlgFirstStart::OnOK()
+{
+    if (!validate())
+        return false;
+    {
+        const KWaitCursor wait;
+        save();
+    }
+    m_created = ConvertToStandard(m_user->text());
+    m_password->clear();
+    m_repeated->clear();
+    return true;
+}
+
+bool CDlgFirstStart::event(QEvent *event)
+{
+    const bool handled = KDialog::event(event);
+    if (event->type() == QEvent::Paint && !m_painted) {
+        m_painted = true;
+        QTimer::singleShot(0, this, &CDlgFirstStart::painted);
+    }
+    return handled;
+}

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+#include <QList>
+
+class KDateEdit;
+class KEdit;
+class QFormLayout;
+class QGroupBox;
+
+// The first page that a new office sees: its administrator, its own details and its fiscal year, in one window.
+class CDlgFirstStart : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgFirstStart(QWidget *parent = nullptr);
+
+    // Login name of the administrator that was made; empty until then.
+    QString userName() const { return m_created; }
+
+    // The shortest password that is taken here and wherever users are kept.
+    static constexpr int shortestPassword = 4;
+    // What is wrong with a password and its repetition; empty when nothing is.
+    static QString passwordProblem(const QString &password, const QString &repeated);
+
+Q_SIGNALS:
+    // The window is on the screen for the first time.
+    void painted();
+
+protected:
+    bool OnOK() override;
+    bool event(QEvent *event) override;
+
+private:
+    QGroupBox *buildAdministrator();
+    QGroupBox *buildCompany();
+    QGroupBox *buildFiscalYear();
+    KEdit *addEdit(QFormLayout *form, const QString &caption, int maxLength);
+    bool refuse(const QString &message, QWidget *field);
+    bool validate();
+    void save();
+
+    KEdit *m_adminName = nullptr;
+    KEdit *m_user = nullptr;
+    KEdit *m_password = nullptr;
+    KEdit *m_repeated = nullptr;
+    KEdit *m_company1 = nullptr;
+    KEdit *m_company2 = nullptr;
+    KEdit *m_nationalCode = nullptr;
+    KEdit *m_telephone = nullptr;
+    KEdit *m_mobile = nullptr;
+    KEdit *m_city = nullptr;
+    KEdit *m_address = nullptr;
+    KEdit *m_fiscalYear = nullptr;
+    KDateEdit *m_opening = nullptr;
+    QString m_created;
+    bool m_painted = false;
+};

@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgLogin.h"
+
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace {
+
+const QString section = QStringLiteral("Login");
+const QString lastUserKey = QStringLiteral("sLastUser");
+
+QLabel *addField(QGridLayout *grid, int row, const QString &caption, KEdit *edit)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(edit);
+    edit->setAccessibleName(caption);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(edit, row, 1);
+    return label;
+}
+
+}
+
+CDlgLogin::CDlgLogin(const QString &officeName, QWidget *parent)
+    : KDialog(parent)
+    , m_user(new KEdit(this))
+    , m_password(new KEdit(this))
+    , m_hint(new QLabel(this))
+{
+    setWindowTitle(QStringLiteral("ورود به برنامه"));
+    build(officeName.isEmpty() ? QStringLiteral("گالری اتومبیل") : officeName);
+    m_wait.setInterval(1000);
+    connect(&m_wait, &QTimer::timeout, this, &CDlgLogin::showWait);
+    setUserName(ReadSetting(section, lastUserKey, QString()));
+}
+
+void CDlgLogin::build(const QString &officeName)
+{
+    auto *picture = new QLabel(this);
+    picture->setPixmap(QIcon(QStringLiteral(":/icons/tzauto.svg")).pixmap(72, 72));
+    picture->setAlignment(Qt::AlignCenter);
+    auto *title = new QLabel(officeName, this);
+    title->setAlignment(Qt::AlignCenter);
+    title->setTextFormat(Qt::PlainText);
+    title->setWordWrap(true);
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    font.setBold(true);
+    title->setFont(font);
+
+    m_password->setEchoMode(QLineEdit::Password);
+    m_user->setMaxLength(50);
+    auto *fields = new QGridLayout;
+    fields->setVerticalSpacing(10);
+    addField(fields, 0, QStringLiteral("نام کاربری :"), m_user);
+    addField(fields, 1, QStringLiteral("کلمه عبور :"), m_password);
+    m_hint->setAlignment(Qt::AlignCenter);
+    m_hint->setMinimumHeight(m_hint->fontMetrics().lineSpacing());
+
+    QDialogButtonBox *buttons = createButtons(QStringLiteral("ورود"), QStringLiteral("خروج"));
+    for (QAbstractButton *button : buttons->buttons())
+        if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            m_ok = button;
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(28, 24, 28, 20);
+    column->setSpacing(12);
+    column->addWidget(picture);
+    column->addWidget(title);
+    column->addSpacing(6);
+    column->addLayout(fields);
+    column->addWidget(m_hint);
+    column->addWidget(buttons);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 52);
+}
+
+void CDlgLogin::setUserName(const QString &user)
+{
+    m_user->setText(user);
+    (user.isEmpty() ? m_user : m_password)->setFocus();
+}
+
+int CDlgLogin::waitAfter(int wrongAttempts)
+{
+    constexpr int longest = 30;
+    return wrongAttempts < 2 ? 0 : std::min(longest, 1 << std::min(wrongAttempts - 2, 5));
+}
+
+bool CDlgLogin::OnOK()
+{
+    if (m_secondsLeft > 0)
+        return false;
+    KEdit *const empty = m_user->text().trimmed().isEmpty() ? m_user : m_password->text().isEmpty() ? m_password : nullptr;
+    if (empty) {
+        g_pDlgWarning->Show(empty == m_user ? QStringLiteral("لطفا نام کاربری را وارد نمایید.")
+                                            : QStringLiteral("لطفا کلمه عبور را وارد نمایید."),
+                            this);
+        empty->setFocus();
+        return false;
+    }
+    std::optional<int> user;
+    {
+        const KWaitCursor wait;
+        user = CTblUsers::verify(m_user->text(), m_password->text());
+    }
+    if (!user) {
+        refuse();
+        return false;
+    }
+    m_userID = *user;
+    m_password->clear();
+    WriteSetting(section, lastUserKey, m_user->text().trimmed());
+    return true;
+}
+
+void CDlgLogin::refuse()
+{
+    ++m_wrongAttempts;
+    m_secondsLeft = waitAfter(m_wrongAttempts);
+    m_ok->setEnabled(m_secondsLeft == 0);
+    g_pDlgWarning->Show(QStringLiteral("نام کاربری یا کلمه عبور درست نیست."), this);
+    m_password->selectAll();
+    m_password->setFocus();
+    if (m_secondsLeft > 0) {
+        m_hint->setText(QStringLiteral("لطفا %1 ثانیه صبر نمایید.").arg(m_secondsLeft));
+        m_wait.start();
+    }
+}
+
+void CDlgLogin::showWait()
+{
+    --m_secondsLeft;
+    if (m_secondsLeft > 0) {
+        m_hint->setText(QStringLiteral("لطفا %1 ثانیه صبر نمایید.").arg(m_secondsLeft));
+        return;
+    }
+    m_wait.stop();
+    m_hint->clear();
+    m_ok->setEnabled(true);
+}
+
+bool CDlgLogin::event(QEvent *event)
+{
+    const bool handled = KDialog::event(event);
+    if (event->type() == QEvent::Paint && !m_painted) {
+        m_painted = true;
+        QTimer::singleShot(0, this, &CDlgLogin::painted);
+    }
+    return handled;
+}
+
+void CDlgLogin::showEvent(QShowEvent *event)
+{
+    KDialog::showEvent(event);
+    (m_user->text().isEmpty() ? m_user : m_password)->setFocus();
+}

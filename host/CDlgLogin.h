@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+#include <QTimer>
+
+class KEdit;
+class QAbstractButton;
+class QLabel;
+
+// Who works. The last user name is remembered on this computer, the password never. Wrong attempts make the next one wait,
+// longer each time, so that passwords cannot be tried out.
+class CDlgLogin : public KDialog
+{
+    Q_OBJECT
+
+public:
+    // officeName: shown above the fields; empty: the program's name.
+    explicit CDlgLogin(const QString &officeName, QWidget *parent = nullptr);
+
+    // The user who logged in; 0 until then.
+    int userID() const { return m_userID; }
+    void setUserName(const QString &user);
+
+    // Seconds to wait after that many wrong attempts in a row.
+    static int waitAfter(int wrongAttempts);
+
+Q_SIGNALS:
+    // The window is on the screen for the first time.
+    void painted();
+
+protected:
+    bool OnOK() override;
+    bool event(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void build(const QString &officeName);
+    void refuse();
+    void showWait();
+
+    KEdit *m_user;
+    KEdit *m_password;
+    QLabel *m_hint;
+    QAbstractButton *m_ok = nullptr;
+    QTimer m_wait;
+    int m_secondsLeft = 0;
+    int m_wrongAttempts = 0;
+    int m_userID = 0;
+    bool m_painted = false;
+};
