@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/Backup.h"
+
+#include "host/StartupClock.h"
+#include "host/server/DatabaseDump.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KProcess.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProgressDialog>
+
+namespace {
+
+// The bar counts in thousandths, because a database may have more bytes than an int holds.
+constexpr int wholeBar = 1000;
+
+bool showProgress(QProgressDialog &window, qint64 done, qint64 expected)
+{
+    if (expected > 0)
+        window.setValue(static_cast<int>(qMin<qint64>(wholeBar - 1, done * wholeBar / expected)));
+    QCoreApplication::processEvents();
+    return !window.wasCanceled();
+}
+
+}
+
+namespace Backup {
+
+QString takeNow(const QString &folder, QWidget *parent)
+{
+    QProgressDialog window(QStringLiteral("در حال پشتیبان‌گیری از پایگاه داده …"), QStringLiteral("انصراف"), 0, wholeBar, parent);
+    window.setWindowTitle(QStringLiteral("پشتیبان‌گیری"));
+    window.setWindowModality(Qt::ApplicationModal);
+    window.setAutoClose(false);
+    window.setAutoReset(false);
+    window.show();
+    try {
+        const DatabaseDump dump(KConnection::settings(0), folder);
+        const QString path = dump.take([&](qint64 done, qint64 expected) { return showProgress(window, done, expected); });
+        window.hide();
+        g_pDlgMessage->Show(QStringLiteral("پشتیبان پایگاه داده ساخته شد:\n%1").arg(QDir::toNativeSeparators(path)), parent);
+        return path;
+    } catch (const ServerError &error) {
+        window.hide();
+        qCWarning(lcHost).noquote() << "backup:" << error.detail();
+        if (error.kind() != ServerError::Kind::Cancelled)
+            g_pDlgWarning->Show(error.userMessage(), parent);
+    }
+    return {};
+}
+
+void showFolder(const QString &folder, QWidget *parent)
+{
+    QDir().mkpath(folder);
+    if (!KProcess::Execute(QStringLiteral("Explorer"), folder))
+        g_pDlgMessage->Show(QStringLiteral("پشتیبان‌ها در این پوشه هستند:\n%1").arg(QDir::toNativeSeparators(folder)), parent);
+}
+
+}

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgAbout.h"
+
+#include "auto/db/CTblTemp.h"
+#include "host/HostOptions.h"
+#include "host/server/DataFolder.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFormLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+QString serverVersion()
+{
+    CTblTemp query;
+    query.Open(true, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT VERSION()"));
+    return query.GetTextFieldValue(0);
+}
+
+void addLine(QFormLayout *form, const QString &caption, const QString &value)
+{
+    auto *label = new QLabel(value);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label->setLayoutDirection(Qt::LeftToRight);
+    label->setAlignment(Qt::AlignRight);
+    label->setWordWrap(true);
+    label->setAccessibleName(caption + u' ' + value);
+    form->addRow(caption, label);
+}
+
+}
+
+CDlgAbout::CDlgAbout(const DataFolder &folder, QWidget *parent)
+    : KDialog(parent)
+{
+    setWindowTitle(QStringLiteral("درباره برنامه"));
+    auto *picture = new QLabel(this);
+    picture->setPixmap(QIcon(QStringLiteral(":/icons/tzauto.svg")).pixmap(80, 80));
+    picture->setAlignment(Qt::AlignCenter);
+    auto *name = new QLabel(QStringLiteral("گالری اتومبیل\nحسابداری نمایشگاه اتومبیل"), this);
+    name->setAlignment(Qt::AlignCenter);
+
+    auto *form = new QFormLayout;
+    addLine(form, QStringLiteral("نسخه برنامه :"), QStringLiteral(TZ_VERSION));
+    addLine(form, QStringLiteral("پایگاه داده :"), serverVersion());
+    addLine(form, QStringLiteral("پوشه داده‌ها :"), QDir::toNativeSeparators(folder.path()));
+    addLine(form, QStringLiteral("مجوز :"), QStringLiteral("GPL-3.0-or-later"));
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 20, 24, 16);
+    column->setSpacing(12);
+    column->addWidget(picture);
+    column->addWidget(name);
+    column->addLayout(form);
+    column->addWidget(createButtons(QStringLiteral("بستن"), QString()));
+    setMinimumWidth(fontMetrics().averageCharWidth() * 64);
+}

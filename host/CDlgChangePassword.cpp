@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgChangePassword.h"
+
+#include "host/CDlgFirstStart.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QVBoxLayout>
+
+CDlgChangePassword::CDlgChangePassword(QWidget *parent)
+    : KDialog(parent)
+{
+    setWindowTitle(QStringLiteral("تغییر کلمه عبور"));
+    auto *form = new QFormLayout;
+    m_old = addPassword(form, QStringLiteral("کلمه عبور کنونی :"));
+    m_new = addPassword(form, QStringLiteral("کلمه عبور جدید :"));
+    m_repeated = addPassword(form, QStringLiteral("تکرار کلمه عبور جدید :"));
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(form);
+    column->addWidget(createButtons());
+    m_old->setFocus();
+}
+
+KEdit *CDlgChangePassword::addPassword(QFormLayout *form, const QString &caption)
+{
+    auto *edit = new KEdit(this);
+    edit->setEchoMode(QLineEdit::Password);
+    edit->setMaxLength(200);
+    edit->setAccessibleName(caption);
+    edit->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
+    form->addRow(caption, edit);
+    return edit;
+}
+
+bool CDlgChangePassword::OnOK()
+{
+    const QString problem = CDlgFirstStart::passwordProblem(m_new->text(), m_repeated->text());
+    if (!problem.isEmpty()) {
+        g_pDlgWarning->Show(problem, this);
+        m_new->setFocus();
+        return false;
+    }
+    const KWaitCursor wait;
+    const CDBSetting *setting = GetDBSetting();
+    if (CTblUsers::verify(setting->GetUserName(), m_old->text()) != setting->GetUserID()) {
+        g_pDlgWarning->Show(QStringLiteral("کلمه عبور کنونی درست نیست."), this);
+        m_old->selectAll();
+        m_old->setFocus();
+        return false;
+    }
+    CTblUsers::setPassword(setting->GetUserID(), m_new->text());
+    return true;
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+class KEdit;
+class QFormLayout;
+
+// The user who works changes their own password, with the old one as proof that it is they.
+class CDlgChangePassword : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgChangePassword(QWidget *parent = nullptr);
+
+protected:
+    bool OnOK() override;
+
+private:
+    KEdit *addPassword(QFormLayout *form, const QString &caption);
+
+    KEdit *m_old;
+    KEdit *m_new;
+    KEdit *m_repeated;
+};

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/server/DataFolder.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+
+class CAutoDBSetting;
+class KDialogTabPage;
+class QLabel;
+class StartPage;
+class WorkArea;
+
+// The window of a user at work: menus, the tabbed work area, and a line of what the office works on.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // module: null when it was not loaded; its menu is then there but disabled. The folder is where backups lie.
+    MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    WorkArea *workArea() const { return m_workArea; }
+    // The user asked for another login rather than for the end of the program.
+    bool isSwitchingUser() const { return m_switchingUser; }
+    // Shows again what settings and logins change: the status line and the title.
+    void refresh();
+    // A short note in the status line.
+    void showNote(const QString &text);
+
+Q_SIGNALS:
+    void closed();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    struct Command
+    {
+        QString text;
+        QString icon;                   // name in :/icons, may be empty
+        std::function<void()> run;      // none: not in this version yet
+        QKeySequence shortcut = {};
+        bool available = true;
+    };
+
+    QAction *addCommand(QMenu *menu, const Command &command);
+    void buildAutoMenu();
+    void buildBookMenu();
+    void buildManagementMenu();
+    void buildProgramMenu();
+    void buildStatusBar();
+    void openContracts();
+    void openPage(KDialogTabPage *page);
+    void showDate();
+    void restoreWindow();
+
+    DataFolder m_folder;
+    CAutoDBSetting *m_module;
+    QList<QAction *> m_startActions;
+    StartPage *m_startPage = nullptr;
+    WorkArea *m_workArea = nullptr;
+    QLabel *m_user;
+    QLabel *m_database;
+    QLabel *m_fiscalYear;
+    QLabel *m_date;
+    QLabel *m_closedMark;
+    QTimer m_clock;
+    bool m_switchingUser = false;
+};

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/SplashWindow.h"
+
+#include "host/HostOptions.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace {
+
+QLabel *centred(const QString &text, double scale, bool bold, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setAlignment(Qt::AlignCenter);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    font.setBold(bold);
+    label->setFont(font);
+    return label;
+}
+
+}
+
+SplashWindow::SplashWindow(QWidget *parent)
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
+{
+    setWindowTitle(QStringLiteral("گالری اتومبیل"));
+    setAccessibleName(windowTitle());
+    auto *picture = new QLabel(this);
+    picture->setPixmap(QIcon(QStringLiteral(":/icons/tzauto.svg")).pixmap(96, 96));
+    picture->setAlignment(Qt::AlignCenter);
+    m_waiting = centred(QString(), 1.0, false, this);
+    m_waiting->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
+    auto *bar = new QProgressBar(this);
+    bar->setRange(0, 0);
+    bar->setTextVisible(false);
+    bar->setAccessibleName(QStringLiteral("در حال انجام"));
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(32, 28, 32, 28);
+    column->setSpacing(10);
+    column->addWidget(picture);
+    column->addWidget(centred(windowTitle(), 1.7, true, this));
+    column->addWidget(centred(HostOptions::versionText(true).trimmed(), 0.95, false, this));
+    column->addSpacing(8);
+    column->addWidget(m_waiting);
+    column->addWidget(bar);
+}
+
+void SplashWindow::showWaiting(const QString &waitingFor)
+{
+    const QString text = waitingFor + QStringLiteral(" …");
+    if (m_waiting->text() != text) {
+        m_waiting->setText(text);
+        m_waiting->setAccessibleName(text);
+    }
+    if (!isVisible()) {
+        adjustSize();
+        const QScreen *screen = QGuiApplication::primaryScreen();
+        move(screen->availableGeometry().center() - rect().center());
+        show();
+    }
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void SplashWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().window());
+    painter.setPen(QPen(palette().mid().color(), 1));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}

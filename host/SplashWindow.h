@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+// What is on the screen while the program starts or stops: its name and what it waits for.
+class SplashWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SplashWindow(QWidget *parent = nullptr);
+
+    // Shows the text and paints at once; what the user does meanwhile waits.
+    void showWaiting(const QString &waitingFor);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QLabel *m_waiting;
+};

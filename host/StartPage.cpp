@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/StartPage.h"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int buttonsPerRow = 3;
+
+QToolButton *bigButton(QAction *action, QWidget *parent)
+{
+    auto *button = new QToolButton(parent);
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setIconSize(QSize(56, 56));
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAccessibleName(action->text());
+    const int unit = button->fontMetrics().averageCharWidth();
+    button->setFixedSize(unit * 30, unit * 20);
+    return button;
+}
+
+}
+
+StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
+    : QWidget(parent)
+    , m_greeting(new QLabel(this))
+    , m_line(new QLabel(this))
+{
+    setAccessibleName(QStringLiteral("صفحه شروع"));
+    QFont font = m_greeting->font();
+    font.setPointSizeF(font.pointSizeF() * 1.7);
+    font.setBold(true);
+    m_greeting->setFont(font);
+    for (QLabel *label : {m_greeting, m_line}) {
+        label->setAlignment(Qt::AlignCenter);
+        label->setTextFormat(Qt::PlainText);
+    }
+
+    auto *grid = new QGridLayout;
+    grid->setSpacing(16);
+    for (QAction *action : actions) {
+        const int place = static_cast<int>(m_buttons.size());
+        m_buttons.append(bigButton(action, this));
+        grid->addWidget(m_buttons.constLast(), place / buttonsPerRow, place % buttonsPerRow);
+    }
+
+    auto *middle = new QHBoxLayout;
+    middle->addStretch();
+    middle->addLayout(grid);
+    middle->addStretch();
+    auto *column = new QVBoxLayout(this);
+    column->addStretch(2);
+    column->addWidget(m_greeting);
+    column->addWidget(m_line);
+    column->addSpacing(24);
+    column->addLayout(middle);
+    column->addStretch(3);
+}
+
+void StartPage::setGreeting(const QString &greeting, const QString &line)
+{
+    m_greeting->setText(greeting);
+    m_line->setText(line);
+}
+
+void StartPage::focusFirst()
+{
+    if (!m_buttons.isEmpty())
+        m_buttons.constFirst()->setFocus();
+}

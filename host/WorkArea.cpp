@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/WorkArea.h"
+
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/utility/KDialogTabPage.h"
+
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace {
+
+// A page that cannot store its settings must still be closable.
+void tellClosing(KDialogTabPage *page)
+{
+    try {
+        page->OnClosing();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), page->window());
+    }
+}
+
+}
+
+WorkArea::WorkArea(QWidget *startPage, QWidget *parent)
+    : QStackedWidget(parent)
+    , m_tabs(new QTabWidget(this))
+{
+    m_tabs->setTabsClosable(true);
+    m_tabs->setMovable(true);
+    m_tabs->setDocumentMode(true);
+    m_tabs->setAccessibleName(QStringLiteral("صفحه‌های باز"));
+    m_tabs->tabBar()->setAccessibleName(QStringLiteral("صفحه‌های باز"));
+    addWidget(startPage);
+    addWidget(m_tabs);
+    connect(m_tabs, &QTabWidget::tabCloseRequested, this, &WorkArea::closePage);
+
+    const auto addKey = [this](const QKeySequence &key, auto action) {
+        auto *shortcut = new QShortcut(key, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { closeCurrent(); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { step(1); });
+    addKey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), [this] { step(-1); });
+    addKey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), [this] { step(-1); });
+}
+
+WorkArea::~WorkArea()
+{
+    closeAll();
+}
+
+void WorkArea::addPage(KDialogTabPage *page)
+{
+    const int index = m_tabs->addTab(page, page->title());
+    connect(page, &KDialogTabPage::titleChanged, this,
+            [this, page](const QString &title) { m_tabs->setTabText(m_tabs->indexOf(page), title); });
+    // Queued: the page may ask for it from within one of its own slots.
+    connect(page, &KDialogTabPage::closeRequested, this, [this, page] { closePage(m_tabs->indexOf(page)); },
+            Qt::QueuedConnection);
+    setCurrentWidget(m_tabs);
+    m_tabs->setCurrentIndex(index);
+    page->setFocus();
+}
+
+int WorkArea::count() const
+{
+    return m_tabs->count();
+}
+
+KDialogTabPage *WorkArea::page(int index) const
+{
+    return qobject_cast<KDialogTabPage *>(m_tabs->widget(index));
+}
+
+KDialogTabPage *WorkArea::currentPage() const
+{
+    return qobject_cast<KDialogTabPage *>(m_tabs->currentWidget());
+}
+
+void WorkArea::setCurrent(int index)
+{
+    m_tabs->setCurrentIndex(index);
+}
+
+void WorkArea::closePage(int index)
+{
+    KDialogTabPage *closing = page(index);
+    if (!closing)
+        return;
+    tellClosing(closing);
+    m_tabs->removeTab(m_tabs->indexOf(closing));
+    // Not at once: the click that closes the page may come from inside it.
+    closing->deleteLater();
+    showStartPageIfEmpty();
+}
+
+void WorkArea::closeCurrent()
+{
+    closePage(m_tabs->currentIndex());
+}
+
+void WorkArea::closeAll()
+{
+    while (KDialogTabPage *closing = page(0)) {
+        tellClosing(closing);
+        delete closing;
+    }
+    showStartPageIfEmpty();
+}
+
+void WorkArea::step(int direction)
+{
+    if (count() > 1)
+        m_tabs->setCurrentIndex((m_tabs->currentIndex() + direction + count()) % count());
+}
+
+void WorkArea::showStartPageIfEmpty()
+{
+    if (count() == 0)
+        setCurrentIndex(0);
+}
