@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/DemoOffice.h"
+
+#include "host/StartupClock.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/KAccountingError.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+namespace DemoOffice {
+
+QString userName()
+{
+    return QStringLiteral("demo");
+}
+
+bool isFilled()
+{
+    return CTblProperties::DBReadSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), 0) > 0;
+}
+
+void fill(int contracts, const QString &clientConfig, const std::function<void()> &waiting)
+{
+    QProcess filler;
+    filler.setProcessChannelMode(QProcess::ForwardedOutputChannel);
+    filler.start(QCoreApplication::applicationDirPath() + QStringLiteral("/tz-demo-data"),
+                 {QStringLiteral("--client-config"), clientConfig, QStringLiteral("--contracts"), QString::number(contracts)});
+    while (filler.state() != QProcess::NotRunning) {
+        filler.waitForFinished(100);
+        waiting();
+    }
+    if (filler.error() != QProcess::UnknownError || filler.exitStatus() != QProcess::NormalExit || filler.exitCode() != 0) {
+        qCWarning(lcHost).noquote() << "demo data:" << filler.errorString() << filler.readAllStandardError();
+        throw KAccountingError(QStringLiteral("ساختن دفتر نمونه انجام نشد. جزئیات در گزارش رویدادها ثبت شد."));
+    }
+}
+
+}

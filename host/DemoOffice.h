@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+// The made-up office, by which a newcomer sees a living program.
+namespace DemoOffice {
+
+// Whether database 0 holds it already.
+bool isFilled();
+// Fills database 0 with that many contracts and what they need. A program of its own does it, because it works by the
+// module's rules, which the host does not link; it reads how to reach the database from the client configuration. waiting
+// is called about ten times a second. Throws KAccountingError when it fails.
+void fill(int contracts, const QString &clientConfig, const std::function<void()> &waiting);
+
+// Its user; the password is the same word.
+QString userName();
+
+}

@@ -1,0 +1,300 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/HostProgram.h"
+
+#include "host/CDlgFirstStart.h"
+#include "host/CDlgLogin.h"
+#include "host/DatabaseUpgrade.h"
+#include "host/DemoOffice.h"
+#include "host/HostLog.h"
+#include "host/HostLook.h"
+#include "host/MainWindow.h"
+#include "host/OfficeServer.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KApplication.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CompanyDetails.h"
+#include "suite/utility/KSettings.h"
+
+#include <QEventLoop>
+#include <QLocale>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int exitFailed = 1;
+constexpr int exitWrongOptions = 2;
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    return arguments;
+}
+
+DataFolder chooseFolder(const HostOptions &options)
+{
+    if (!options.dataDir.isEmpty())
+        return DataFolder(options.dataDir);
+    return DataFolder(options.demo ? DataFolder::demoPath() : DataFolder::defaultPath());
+}
+
+// Ends what runs without a return value; the error reaches the person at the screen in one message.
+void tellFailure()
+{
+    try {
+        throw;
+    } catch (const ServerError &error) {
+        qCCritical(lcHost).noquote() << "start:" << error.detail();
+        g_pDlgWarning->Show(error.userMessage());
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), nullptr);
+    }
+}
+
+}
+
+int HostProgram::start(int argc, char **argv)
+{
+    StartupClock clock;
+    const bool persian = QLocale::system().language() == QLocale::Persian;
+    const HostOptions options = HostOptions::parse(argumentsOf(argc, argv), persian);
+    if (!options.error.isEmpty()) {
+        std::fprintf(stderr, "tzhost: %s\n", qUtf8Printable(options.error));
+        return exitWrongOptions;
+    }
+    if (options.help || options.version) {
+        std::fputs(qUtf8Printable(options.help ? HostOptions::helpText(persian) : HostOptions::versionText(persian)), stdout);
+        return 0;
+    }
+
+    HostLog::collect();
+    KApplication application(argc, argv);
+    KApplication::setApplicationName(QStringLiteral("tzhost"));
+    KApplication::setApplicationVersion(QStringLiteral(TZ_VERSION));
+    KApplication::setDesktopFileName(QStringLiteral("tzhost"));
+    // Dialogs come and go before the main window; only its end is the end of the program.
+    KApplication::setQuitOnLastWindowClosed(false);
+    HostLook::apply(application);
+    clock.reached("application");
+    const int result = HostProgram(options, clock).run();
+    HostLog::stop();
+    return result;
+}
+
+HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
+    : m_options(options)
+    , m_clock(clock)
+    , m_folder(chooseFolder(options))
+    , m_lock(m_folder)
+{
+    connect(&m_lock, &InstanceLock::raiseRequested, this, &HostProgram::raiseWindow);
+}
+
+HostProgram::~HostProgram()
+{
+    shutDown();
+}
+
+int HostProgram::run()
+{
+    try {
+        if (!takeFolder())
+            return 0;
+        m_clock.reached("folder");
+        if (!startDatabase())
+            return exitFailed;
+        m_clock.reached("server");
+        prepareSchema();
+        if (!prepareOffice())
+            return 0;
+        do {
+            if (!login())
+                break;
+            work();
+        } while (m_switchUser);
+        return 0;
+    } catch (...) {
+        m_splash.hide();
+        tellFailure();
+        return exitFailed;
+    }
+}
+
+bool HostProgram::takeFolder()
+{
+    m_folder.create();
+    if (!m_lock.acquire()) {
+        if (!m_lock.raiseOther())
+            g_pDlgWarning->Show(m_lock.inUseMessage());
+        return false;
+    }
+    HostLog::start(m_folder.logsPath());
+    setSettingsFile(m_folder.settingsFile());
+    qCInfo(lcHost).noquote() << "tzhost" << TZ_VERSION << "on" << m_folder.path();
+    return true;
+}
+
+bool HostProgram::startDatabase()
+{
+    if (m_options.connect) {
+        m_splash.showWaiting(QStringLiteral("اتصال به سرور دفتر"));
+        return OfficeServer::connect(m_options, &m_splash);
+    }
+    startPrivateServer();
+    return true;
+}
+
+void HostProgram::startPrivateServer()
+{
+    m_server = std::make_unique<EmbeddedServer>(m_folder);
+    connect(m_server.get(), &EmbeddedServer::endedUnexpectedly, this, &HostProgram::serverEnded);
+    m_server->start([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
+    KConnection::configure(0, m_server->connectionSettings());
+}
+
+void HostProgram::prepareSchema()
+{
+    DatabaseUpgrade upgrade(m_folder.backupsPath(), [this](const QString &text) { m_splash.showWaiting(text); });
+    upgrade.upgradeSuite();
+    m_clock.reached("suite-schema");
+    if (!m_module.load(m_options.moduleDir)) {
+        g_pDlgWarning->Show(m_module.errorText() + QStringLiteral("\nبرنامه بدون آن ادامه می‌یابد."), &m_splash);
+        return;
+    }
+    m_clock.reached("module");
+    if (!upgrade.upgradeModule(*m_module.entry()))
+        m_module.unload();
+    m_clock.reached("module-schema");
+}
+
+bool HostProgram::prepareOffice()
+{
+    if (m_options.demo)
+        fillDemo();
+    if (CTblUsers::anyUser())
+        return true;
+    m_splash.hide();
+    CDlgFirstStart firstStart;
+    connect(&firstStart, &CDlgFirstStart::painted, this, [this, &firstStart] {
+        loginShown();
+        if (m_options.quitAfterLoginShown)
+            firstStart.reject();
+    });
+    if (firstStart.exec() != QDialog::Accepted)
+        return false;
+    m_proposedUser = firstStart.userName();
+    return true;
+}
+
+void HostProgram::fillDemo()
+{
+    if (DemoOffice::isFilled())
+        return;
+    m_splash.showWaiting(QStringLiteral("ساختن دفتر نمونه"));
+    DemoOffice::fill(m_options.demoSize, m_server->folder().clientConfigPath(),
+                     [this] { m_splash.showWaiting(QStringLiteral("ساختن دفتر نمونه")); });
+    m_proposedUser = DemoOffice::userName();
+    m_clock.reached("demo");
+}
+
+void HostProgram::loginShown()
+{
+    m_clock.reached("login");
+    m_clock.finished();
+}
+
+bool HostProgram::login()
+{
+    CDlgLogin dialog(CompanyDetails::read().name());
+    if (!m_proposedUser.isEmpty())
+        dialog.setUserName(m_proposedUser);
+    m_proposedUser.clear();
+    m_splash.hide();
+    const bool first = !m_switchUser;
+    connect(&dialog, &CDlgLogin::painted, this, [this, first, &dialog] {
+        if (!first)
+            return;
+        loginShown();
+        if (m_options.quitAfterLoginShown)
+            dialog.reject();
+    });
+    return dialog.exec() == QDialog::Accepted && GetDBSetting()->Login(dialog.userID());
+}
+
+void HostProgram::work()
+{
+    MainWindow window(m_folder, m_module.entry());
+    QEventLoop loop;
+    connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
+    m_window = &window;
+    window.show();
+    loop.exec();
+    m_switchUser = window.isSwitchingUser();
+    m_window = nullptr;
+    GetDBSetting()->Logout();
+}
+
+void HostProgram::serverEnded(const QString &message, const QString &detail)
+{
+    qCCritical(lcHost).noquote() << "the server ended:" << detail;
+    // An operation that was cut off has its own message on the screen by now; one is enough.
+    const bool alreadyTold = QApplication::activeModalWidget() != nullptr;
+    if (!restartServer())
+        return;
+    if (alreadyTold && m_window)
+        m_window->showNote(message);
+    else
+        g_pDlgWarning->Show(message, m_window);
+}
+
+bool HostProgram::restartServer()
+{
+    for (;;) {
+        try {
+            m_server->restart([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
+            m_splash.hide();
+            return true;
+        } catch (const ServerError &error) {
+            m_splash.hide();
+            qCCritical(lcHost).noquote() << "restart:" << error.detail();
+            const QString question = error.userMessage() + QStringLiteral("\nدوباره تلاش شود؟");
+            if (g_pDlgYesNo->Ask(question, m_window) != KMessageDialog::Yes)
+                return false;
+        }
+    }
+}
+
+void HostProgram::raiseWindow()
+{
+    QWidget *window = QApplication::activeModalWidget();
+    if (!window)
+        window = m_window;
+    if (!window)
+        return;
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void HostProgram::shutDown()
+{
+    // Pages that were closed a moment ago still belong to the module's code.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_module.unload();
+    KConnection::closeThreadConnections();
+    if (!m_server)
+        return;
+    try {
+        m_server->stop([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
+    } catch (const ServerError &error) {
+        qCWarning(lcHost).noquote() << "stop:" << error.detail();
+    }
+    m_server.reset();
+}

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/AutoModule.h"
+#include "host/HostOptions.h"
+#include "host/SplashWindow.h"
+#include "host/StartupClock.h"
+#include "host/server/DataFolder.h"
+#include "host/server/EmbeddedServer.h"
+#include "host/server/InstanceLock.h"
+
+#include <QObject>
+
+#include <memory>
+
+class MainWindow;
+
+// The life of the program: data folder, database, schema, module, login, work, and all that in reverse order.
+class HostProgram final : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The whole program; its exit code: 0 well, 1 it could not work, 2 a wrong command line.
+    static int start(int argc, char **argv);
+
+    HostProgram(const HostOptions &options, StartupClock &clock);
+    ~HostProgram() override;
+
+    int run();
+
+private:
+    bool takeFolder();
+    bool startDatabase();
+    void startPrivateServer();
+    void prepareSchema();
+    bool prepareOffice();
+    void fillDemo();
+    // True when somebody logged in.
+    bool login();
+    void work();
+    void serverEnded(const QString &message, const QString &detail);
+    bool restartServer();
+    void raiseWindow();
+    void shutDown();
+    void loginShown();
+
+    HostOptions m_options;
+    StartupClock &m_clock;
+    DataFolder m_folder;
+    InstanceLock m_lock;
+    std::unique_ptr<EmbeddedServer> m_server;
+    AutoModule m_module;
+    SplashWindow m_splash;
+    QString m_proposedUser;
+    MainWindow *m_window = nullptr;
+    bool m_switchUser = false;
+};
