@@ -8,11 +8,13 @@
 
 #include "suite/utility/TzUtilityExport.h"
 
+class QAbstractButton;
 class QCheckBox;
-class QToolButton;
+
+class KMonthPopup;
 
 // Entry line for a Shamsi date, shown as 1405/08/29. Typed in every form that parseShamsi reads; Up and Down step the
-// day, PageUp and PageDown the month, with Ctrl the year; F4, Alt+Down or the button opens the month.
+// day, PageUp and PageDown the month, with Shift the year; F4, Alt+Down or the button opens the month.
 //
 // With a check box the date counts only while the box is checked. Entering a date checks it.
 class TZUTILITY_EXPORT KDateEdit : public QLineEdit
@@ -59,23 +61,28 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
-    void wheelEvent(QWheelEvent *event) override;
 
 private:
     void takeText(const QString &text);
     void enterDate(const QDate &date);
-    void showDate();
-    bool stepByKey(QKeyEvent *event);
+    void showText(const QString &text);
+    void setState(const QDateTime &dateTime, bool isEdit);
+    bool stepByKey(const QKeyEvent *event);
+    void onCheckToggled(bool checked);
+    void normalize();
+    void nameChildren();
     void placeChildren();
     void updateLook();
 
-    QToolButton *m_button;
+    QAbstractButton *m_button;
     QCheckBox *m_check = nullptr;
+    KMonthPopup *m_popup = nullptr;
     QDateTime m_dateTime;
+    QString m_shownError;
     bool m_showing = false;
+    bool m_updatingLook = false;
 };

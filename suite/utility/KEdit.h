@@ -39,7 +39,7 @@ public:
     // Decimals that may be typed; -1 (Money at start) follows the office's money unit.
     void setDecimals(int decimals);
 
-    // The entered number; 0 for an empty line; always within the range, whatever the line shows. A number that was set
+    // What was entered, 0 for an empty line, brought into the range whatever the line shows. A number that was set
     // comes back exactly as it was set, though shown rounded, until the line is edited.
     double number() const;
     int integer() const;
@@ -61,6 +61,7 @@ Q_SIGNALS:
     void numberChanged(double number);
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -71,8 +72,11 @@ private:
     int decimals() const;
     QString displayText(double number) const;
     void takeText(const QString &text);
+    void normalize();
     void showText(const QString &text, int caret);
     void checkRange(double entered);
+    bool isRefusedKey(const QKeyEvent *event) const;
+    void stepOverSeparator(int key);
 
     Kind m_kind = Kind::Text;
     double m_minimum = 0;

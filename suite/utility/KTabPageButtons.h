@@ -52,6 +52,7 @@ private:
     void step(int direction);
 
     QButtonGroup *m_buttons;
+    QWidget *m_bar;
     QHBoxLayout *m_row;
     QStackedWidget *m_pages;
 };

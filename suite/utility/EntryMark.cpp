@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/EntryMark.h"
+
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPalette>
+#include <QToolTip>
+
+QColor warningColor(const QPalette &palette)
+{
+    return palette.color(QPalette::Base).lightness() < 128 ? QColor(255, 128, 128) : QColor(190, 30, 30);
+}
+
+void paintEntryMark(QLineEdit *edit)
+{
+    QPainter painter(edit);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(warningColor(edit->palette()), 1.5));
+    painter.drawRoundedRect(QRectF(edit->rect()).adjusted(1, 1, -1, -1), 2, 2);
+}
+
+void tellEntryError(QLineEdit *edit, const QString &error)
+{
+    edit->setAccessibleDescription(error);
+    if (error.isEmpty())
+        QToolTip::hideText();
+    else if (edit->hasFocus())
+        QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())), error, edit);
+    edit->update();
+}
+
+void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event)
+{
+    QToolTip::showText(event->globalPos(), error, edit);
+}

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+class QHelpEvent;
+class QLineEdit;
+class QPalette;
+
+// What the entry lines share in showing that an entry is refused. Inside the library only.
+
+// A red that reads on the palette's base colour, light or dark.
+QColor warningColor(const QPalette &palette);
+// A frame in that red around the line, drawn over it.
+void paintEntryMark(QLineEdit *edit);
+// Says why under the line while it has the focus, and to screen readers; an empty error takes that back.
+void tellEntryError(QLineEdit *edit, const QString &error);
+// The tool tip of a marked line is its error.
+void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event);

@@ -1,0 +1,350 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KDateEdit.h"
+
+#include <QCheckBox>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+
+#include "suite/utility/EntryMark.h"
+#include "suite/utility/KMonthPopup.h"
+#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+constexpr int gap = 4;
+
+// The button at the line's end, with a small calendar sheet.
+class CalendarButton : public QAbstractButton
+{
+public:
+    explicit CalendarButton(QWidget *parent) : QAbstractButton(parent)
+    {
+        setFocusPolicy(Qt::NoFocus);
+        setCursor(Qt::ArrowCursor);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text);
+        ink.setAlphaF(underMouse() ? 1.0F : 0.65F);
+        painter.setPen(QPen(ink, 1.2));
+        const double side = qMin(width(), height()) * 0.6;
+        QRectF sheet(0, 0, side, side);
+        sheet.moveCenter(QRectF(rect()).center());
+        painter.drawRoundedRect(sheet, 2, 2);
+        const double head = sheet.top() + side * 0.3;
+        painter.drawLine(QPointF(sheet.left(), head), QPointF(sheet.right(), head));
+        for (double at : {0.3, 0.7}) {
+            const double x = sheet.left() + side * at;
+            painter.drawLine(QPointF(x, sheet.top() - 2), QPointF(x, sheet.top() + 2));
+            painter.drawPoint(QPointF(x, head + side * 0.25));
+            painter.drawPoint(QPointF(x, head + side * 0.48));
+        }
+    }
+};
+
+bool isDateChar(QChar c)
+{
+    return (c >= u'0' && c <= u'9') || c == u'/' || c == u'-' || c == u'.';
+}
+
+}
+
+KDateEdit::KDateEdit(QWidget *parent) : QLineEdit(parent), m_button(new CalendarButton(this))
+{
+    setLayoutDirection(Qt::LeftToRight);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setInputMethodHints(Qt::ImhDate);
+    placeChildren();
+    connect(m_button, &QAbstractButton::clicked, this, &KDateEdit::showPopup);
+    // Any text that this class did not put here is an edit, whoever put it: a screen reader sets text without typing.
+    connect(this, &QLineEdit::textChanged, this, &KDateEdit::takeText);
+    connect(this, &QLineEdit::editingFinished, this, &KDateEdit::normalize);
+}
+
+void KDateEdit::setCheckable(bool checkable)
+{
+    if (checkable == isCheckable())
+        return;
+    if (checkable) {
+        m_check = new QCheckBox(this);
+        m_check->setCursor(Qt::ArrowCursor);
+        m_check->setFocusPolicy(Qt::TabFocus);
+        m_check->setEnabled(!isReadOnly());
+        setTabOrder(m_check, this);
+        connect(m_check, &QCheckBox::toggled, this, &KDateEdit::onCheckToggled);
+        m_check->show();
+    } else {
+        delete m_check;
+        m_check = nullptr;
+    }
+    nameChildren();
+    placeChildren();
+    updateLook();
+}
+
+bool KDateEdit::isCheckable() const
+{
+    return m_check;
+}
+
+bool KDateEdit::isChecked() const
+{
+    return !m_check || m_check->isChecked();
+}
+
+void KDateEdit::setChecked(bool checked)
+{
+    if (m_check)
+        m_check->setChecked(checked);
+}
+
+void KDateEdit::onCheckToggled(bool checked)
+{
+    if (checked && text().isEmpty())
+        enterDate(QDate::currentDate());
+    updateLook();
+    Q_EMIT checkedChanged(checked);
+}
+
+QDateTime KDateEdit::dateTime() const
+{
+    return m_dateTime;
+}
+
+void KDateEdit::setDateTime(const QDateTime &dateTime)
+{
+    showText(shamsiText(dateTime.date()));
+    setState(dateTime.isValid() ? QDateTime(dateTime.date(), dateTime.time(), Qt::UTC) : QDateTime(), false);
+}
+
+void KDateEdit::setDate(const QDate &date)
+{
+    setDateTime(date.isValid() ? QDateTime(date, QTime(0, 0), Qt::UTC) : QDateTime());
+}
+
+bool KDateEdit::isEntryValid() const
+{
+    return entryError().isEmpty();
+}
+
+QString KDateEdit::entryError() const
+{
+    if (!isChecked() || m_dateTime.isValid() || text().trimmed().isEmpty())
+        return {};
+    return QStringLiteral("تاریخ نادرست است. نمونه : 1405/08/29");
+}
+
+void KDateEdit::setState(const QDateTime &dateTime, bool isEdit)
+{
+    const bool changed = dateTime != m_dateTime || dateTime.isValid() != m_dateTime.isValid();
+    m_dateTime = dateTime;
+    updateLook();
+    if (!changed)
+        return;
+    Q_EMIT dateTimeChanged(m_dateTime);
+    if (isEdit)
+        Q_EMIT dateEdited(m_dateTime);
+}
+
+void KDateEdit::takeText(const QString &text)
+{
+    if (m_showing)
+        return;
+    const QString ascii = toAsciiDigits(text);
+    if (ascii != text) {
+        const int caret = cursorPosition();
+        showText(ascii);
+        setCursorPosition(caret);
+    }
+    const QDate date = parseShamsi(ascii);
+    const bool sameDay = date.isValid() && date == m_dateTime.date();
+    // The box first, so that who hears of the date sees it counted.
+    setChecked(!ascii.trimmed().isEmpty());
+    setState(sameDay ? m_dateTime : date.isValid() ? QDateTime(date, QTime(0, 0), Qt::UTC) : QDateTime(), true);
+    if (!hasFocus())
+        normalize();
+}
+
+void KDateEdit::enterDate(const QDate &date)
+{
+    if (!date.isValid()) {
+        clear();
+        return;
+    }
+    if (!GetShamsi(date).isValid())
+        return;
+    showText(shamsiText(date));
+    setChecked(true);
+    setState(QDateTime(date, QTime(0, 0), Qt::UTC), true);
+}
+
+void KDateEdit::showText(const QString &text)
+{
+    m_showing = true;
+    setText(text);
+    m_showing = false;
+}
+
+// A finished date is shown in the one form, however it was typed.
+void KDateEdit::normalize()
+{
+    const QString shown = shamsiText(m_dateTime.date());
+    if (m_dateTime.isValid() && !shown.isEmpty() && shown != text())
+        showText(shown);
+}
+
+bool KDateEdit::stepByKey(const QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const int months = modifiers == Qt::ShiftModifier ? 12 : 1;
+    const bool isMonthKey = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
+    const bool isDayKey = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    const bool isPlain = modifiers == Qt::NoModifier;
+    if (!(isMonthKey && (isPlain || modifiers == Qt::ShiftModifier)) && !(isDayKey && isPlain))
+        return false;
+    const int direction = event->key() == Qt::Key_Up || event->key() == Qt::Key_PageUp ? 1 : -1;
+    const QDate from = m_dateTime.date();
+    if (!from.isValid())
+        enterDate(QDate::currentDate());
+    else if (const QDate to = isDayKey ? from.addDays(direction) : addShamsiMonths(from, direction * months);
+             to.isValid())
+        enterDate(to);
+    return true;
+}
+
+void KDateEdit::keyPressEvent(QKeyEvent *event)
+{
+    if (isReadOnly()) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    const bool isPopupKey
+        = event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier));
+    const QString typed = toAsciiDigits(event->text());
+    const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    const bool isForeign = typed.size() == 1 && typed[0].isPrint() && !isDateChar(typed[0]) && !isCommand;
+    if (isPopupKey)
+        showPopup();
+    else if (isForeign && typed[0] == u' ' && m_check)
+        m_check->toggle();
+    else if (!isForeign && !stepByKey(event))
+        QLineEdit::keyPressEvent(event);
+}
+
+void KDateEdit::showPopup()
+{
+    if (isReadOnly() || !isEnabled())
+        return;
+    if (!m_popup) {
+        m_popup = new KMonthPopup(this);
+        connect(m_popup, &KMonthPopup::dateChosen, this, &KDateEdit::enterDate);
+        connect(m_popup, &KMonthPopup::dateCleared, this, [this] { enterDate({}); });
+    }
+    m_popup->openAt(this, m_dateTime.date());
+}
+
+void KDateEdit::nameChildren()
+{
+    const QString name = accessibleName();
+    m_button->setAccessibleName(QStringLiteral("تقویم %1").arg(name).trimmed());
+    if (m_check)
+        m_check->setAccessibleName(name);
+}
+
+void KDateEdit::placeChildren()
+{
+    const int frame = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
+    const int side = qMax(0, height() - 2 * frame);
+    const int buttonWidth = m_button->isHidden() ? 0 : side;
+    m_button->setGeometry(frame, frame, buttonWidth, side);
+    int checkWidth = 0;
+    if (m_check) {
+        const QSize size = m_check->sizeHint();
+        checkWidth = size.width() + gap;
+        m_check->setGeometry(width() - frame - checkWidth, (height() - size.height()) / 2, size.width(), size.height());
+    }
+    setTextMargins(buttonWidth, 0, checkWidth, 0);
+}
+
+// A date that does not count is drawn faintly.
+void KDateEdit::updateLook()
+{
+    m_button->setVisible(!isReadOnly());
+    const QString error = entryError();
+    if (error != m_shownError) {
+        m_shownError = error;
+        tellEntryError(this, error);
+    }
+    m_updatingLook = true;
+    QPalette colors;
+    if (!isChecked())
+        colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
+    setPalette(colors);
+    m_updatingLook = false;
+}
+
+QSize KDateEdit::sizeHint() const
+{
+    const QSize base = QLineEdit::sizeHint();
+    const int digits = fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00"));
+    const int check = m_check ? m_check->sizeHint().width() + gap : 0;
+    return {digits + base.height() + check + 6 * gap, base.height()};
+}
+
+QSize KDateEdit::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void KDateEdit::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::ReadOnlyChange) {
+        if (m_check)
+            m_check->setEnabled(!isReadOnly());
+        updateLook();
+        placeChildren();
+    } else if (event->type() == QEvent::PaletteChange && !m_updatingLook) {
+        updateLook();
+    } else if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        placeChildren();
+        updateGeometry();
+    }
+}
+
+bool KDateEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && !m_shownError.isEmpty()) {
+        showErrorToolTip(this, m_shownError, static_cast<QHelpEvent *>(event));
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void KDateEdit::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (!m_shownError.isEmpty())
+        paintEntryMark(this);
+}
+
+void KDateEdit::resizeEvent(QResizeEvent *event)
+{
+    QLineEdit::resizeEvent(event);
+    placeChildren();
+}
+
+void KDateEdit::showEvent(QShowEvent *event)
+{
+    nameChildren();
+    QLineEdit::showEvent(event);
+}

@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KDialog.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QScrollArea>
+
+#include "suite/utility/KSettings.h"
+
+namespace {
+
+bool isPressedByEnter(const QWidget *widget)
+{
+    return qobject_cast<const QAbstractButton *>(widget) && !qobject_cast<const QCheckBox *>(widget)
+        && !qobject_cast<const QRadioButton *>(widget);
+}
+
+// Where Enter stops: what a user fills in. Parts of a field (a date's own check box) are not fields themselves.
+bool isField(const QWidget *widget)
+{
+    if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isEnabled() || widget->focusProxy())
+        return false;
+    if (isPressedByEnter(widget) || qobject_cast<const QScrollArea *>(widget))
+        return false;
+    if (qobject_cast<const QLineEdit *>(widget->parentWidget()))
+        return false;
+    const auto *edit = qobject_cast<const QLineEdit *>(widget);
+    return !edit || !edit->isReadOnly();
+}
+
+}
+
+KDialog::KDialog(QWidget *parent) : QDialog(parent)
+{
+    setLayoutDirection(Qt::RightToLeft);
+}
+
+KDialog::~KDialog() = default;
+
+void KDialog::SetSettingName(const QString &name)
+{
+    m_settingName = name;
+}
+
+QString KDialog::defaultOkCaption()
+{
+    return QStringLiteral("تاييد");
+}
+
+QString KDialog::defaultCancelCaption()
+{
+    return QStringLiteral("انصراف");
+}
+
+void KDialog::accept()
+{
+    if (OnOK())
+        QDialog::accept();
+}
+
+void KDialog::reject()
+{
+    OnCancel();
+    QDialog::reject();
+}
+
+void KDialog::done(int result)
+{
+    if (!m_settingName.isEmpty() && m_sizeRestored && !isMaximized() && !isFullScreen()) {
+        WriteSetting(m_settingName, QStringLiteral("iWidth"), width());
+        WriteSetting(m_settingName, QStringLiteral("iHeight"), height());
+    }
+    QDialog::done(result);
+}
+
+bool KDialog::OnOK()
+{
+    return true;
+}
+
+void KDialog::OnCancel() { }
+
+QDialogButtonBox *KDialog::createButtons(const QString &okCaption, const QString &cancelCaption)
+{
+    auto *box = new QDialogButtonBox(this);
+    if (!okCaption.isEmpty()) {
+        auto *ok = new QPushButton(okCaption, box);
+        box->addButton(ok, QDialogButtonBox::AcceptRole);
+        ok->setDefault(true);
+        connect(ok, &QPushButton::clicked, this, &KDialog::accept);
+    }
+    if (!cancelCaption.isEmpty()) {
+        auto *cancel = new QPushButton(cancelCaption, box);
+        box->addButton(cancel, QDialogButtonBox::RejectRole);
+        cancel->setAutoDefault(okCaption.isEmpty());
+        connect(cancel, &QPushButton::clicked, this, &KDialog::reject);
+    }
+    return box;
+}
+
+void KDialog::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (!isEnter || (modifiers != Qt::NoModifier && modifiers != Qt::ControlModifier)) {
+        QDialog::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (modifiers == Qt::ControlModifier)
+        pressDefaultButton();
+    else if (isPressedByEnter(focusWidget()))
+        static_cast<QAbstractButton *>(focusWidget())->click();
+    else if (!moveToNextField())
+        pressDefaultButton();
+}
+
+// The chain starts at the window itself, so meeting it again means that no field is left.
+bool KDialog::moveToNextField()
+{
+    QWidget *current = focusWidget();
+    if (!current || current == this)
+        return false;
+    for (QWidget *next = current->nextInFocusChain(); next && next != this && next != current;
+         next = next->nextInFocusChain()) {
+        if (isAncestorOf(next) && next->isVisibleTo(this) && isField(next)) {
+            next->setFocus(Qt::TabFocusReason);
+            return true;
+        }
+    }
+    return false;
+}
+
+void KDialog::pressDefaultButton()
+{
+    for (QPushButton *button : findChildren<QPushButton *>()) {
+        if (button->isDefault() && button->isVisibleTo(this) && button->isEnabled()) {
+            // Leaving the field lets it bring what was typed into its final form first.
+            button->setFocus(Qt::OtherFocusReason);
+            button->click();
+            return;
+        }
+    }
+}
+
+void KDialog::showEvent(QShowEvent *event)
+{
+    if (!m_sizeRestored)
+        restoreSize();
+    QDialog::showEvent(event);
+}
+
+void KDialog::restoreSize()
+{
+    m_sizeRestored = true;
+    if (m_settingName.isEmpty())
+        return;
+    const QSize stored(ReadSetting(m_settingName, QStringLiteral("iWidth"), 0),
+                       ReadSetting(m_settingName, QStringLiteral("iHeight"), 0));
+    if (stored.width() <= 0 || stored.height() <= 0)
+        return;
+    resize(stored.boundedTo(screen()->availableSize()));
+}

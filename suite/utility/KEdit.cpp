@@ -1,0 +1,244 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KEdit.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+
+#include <cmath>
+#include <limits>
+
+#include "suite/utility/EntryMark.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/TextStandard.h"
+#include "suite/utility/TypedNumber.h"
+
+namespace {
+
+constexpr double largestMoney = 999999999999999.0;
+constexpr int percentDecimals = 4;
+
+}
+
+KEdit::KEdit(QWidget *parent) : KEdit(Kind::Text, parent) { }
+
+KEdit::KEdit(Kind kind, QWidget *parent) : QLineEdit(parent)
+{
+    setKind(kind);
+    // Any text that setNumber did not put here is an edit, whoever put it: a screen reader sets text without typing.
+    connect(this, &QLineEdit::textChanged, this, &KEdit::takeText);
+    connect(this, &QLineEdit::editingFinished, this, &KEdit::normalize);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString &typed) {
+        const QString ascii = toAsciiDigits(typed);
+        if (!isNumberKind() && ascii != typed)
+            showText(ascii, cursorPosition());
+    });
+}
+
+void KEdit::setKind(Kind kind)
+{
+    m_kind = kind;
+    m_decimals = kind == Kind::Percent ? percentDecimals : kind == Kind::Integer ? 0 : -1;
+    m_minimum = 0;
+    m_maximum = kind == Kind::Percent ? 100 : kind == Kind::Integer ? std::numeric_limits<int>::max() : largestMoney;
+    if (isNumberKind()) {
+        setLayoutDirection(Qt::LeftToRight);
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+        clear();
+    } else {
+        unsetLayoutDirection();
+        setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+        setInputMethodHints(Qt::ImhNone);
+    }
+    checkRange(m_number);
+}
+
+bool KEdit::isNumberKind() const
+{
+    return m_kind == Kind::Money || m_kind == Kind::Percent || m_kind == Kind::Integer;
+}
+
+int KEdit::decimals() const
+{
+    return m_decimals < 0 ? defaultMoneyDecimals() : m_decimals;
+}
+
+void KEdit::setRange(double minimum, double maximum)
+{
+    m_minimum = minimum;
+    m_maximum = maximum;
+    checkRange(m_number);
+}
+
+void KEdit::setDecimals(int decimals)
+{
+    m_decimals = decimals;
+    normalize();
+}
+
+double KEdit::number() const
+{
+    return m_number;
+}
+
+int KEdit::integer() const
+{
+    constexpr double smallest = std::numeric_limits<int>::min();
+    constexpr double largest = std::numeric_limits<int>::max();
+    return int(std::lround(qBound(smallest, m_number, largest)));
+}
+
+void KEdit::setNumber(double number)
+{
+    const double taken = std::isfinite(number) ? number : 0;
+    const QString shown = displayText(taken);
+    showText(shown, int(shown.size()));
+    const bool changed = m_number != taken;
+    m_number = taken;
+    checkRange(taken);
+    if (changed)
+        Q_EMIT numberChanged(m_number);
+}
+
+QString KEdit::displayText(double number) const
+{
+    return m_kind == Kind::Money ? DToMoney(number, decimals()) : DToStr(number);
+}
+
+QString KEdit::queryText() const
+{
+    QString literal;
+    for (const QChar c : text()) {
+        if (c == u'\'')
+            literal.append(QStringLiteral("''"));
+        else if (c == u'\\')
+            literal.append(QStringLiteral("\\\\\\\\")); // read as an escape twice: by the literal and by LIKE
+        else if (c == u'%' || c == u'_')
+            literal.append(u'\\').append(c);
+        else
+            literal.append(c);
+    }
+    return literal;
+}
+
+void KEdit::takeText(const QString &text)
+{
+    if (m_showing || !isNumberKind())
+        return;
+    TypedNumber typed = readTyped(text, cursorPosition(), {decimals(), m_minimum < 0});
+    const double entered = typed.value();
+    const QString shown = groupTyped(typed, m_kind == Kind::Money);
+    if (shown != text)
+        showText(shown, typed.caret);
+    checkRange(entered);
+    const double taken = qBound(m_minimum, entered, m_maximum);
+    if (taken == m_number)
+        return;
+    m_number = taken;
+    Q_EMIT numberChanged(taken);
+    Q_EMIT numberEdited(taken);
+}
+
+// A finished entry is shown as setNumber would show it.
+void KEdit::normalize()
+{
+    if (!isNumberKind() || text().isEmpty() || !isEntryValid())
+        return;
+    const QString shown = displayText(m_number);
+    if (shown != text())
+        showText(shown, int(shown.size()));
+}
+
+void KEdit::showText(const QString &text, int caret)
+{
+    m_showing = true;
+    setText(text);
+    setCursorPosition(caret);
+    m_showing = false;
+}
+
+void KEdit::checkRange(double entered)
+{
+    QString error;
+    if (isNumberKind() && (entered < m_minimum || entered > m_maximum)) {
+        error = QStringLiteral("مقدار باید بین %1 و %2 باشد.").arg(displayText(m_minimum), displayText(m_maximum));
+    }
+    if (error == m_error)
+        return;
+    m_error = error;
+    tellEntryError(this, m_error);
+}
+
+bool KEdit::isRefusedKey(const QKeyEvent *event) const
+{
+    const QString typed = toAsciiDigits(event->text());
+    const Qt::KeyboardModifiers commands = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    if (typed.size() != 1 || !typed[0].isPrint() || commands)
+        return false;
+    const QChar c = typed[0];
+    if (c >= u'0' && c <= u'9')
+        return false;
+    const int from = hasSelectedText() ? selectionStart() : cursorPosition();
+    if (c == u'-')
+        return m_minimum >= 0 || from > 0;
+    const int behind = int(text().size()) - (hasSelectedText() ? selectionEnd() : from);
+    const bool isPoint = c == u'.' || c == u'/' || c == u'٫';
+    return !isPoint || decimals() == 0 || behind > decimals() || (text().contains(u'.') && !hasSelectedText());
+}
+
+// A separator is not the user's: deleting meets the digit on its other side.
+void KEdit::stepOverSeparator(int key)
+{
+    const int at = cursorPosition();
+    if (hasSelectedText())
+        return;
+    if (key == Qt::Key_Backspace && at > 0 && text()[at - 1] == u',')
+        setCursorPosition(at - 1);
+    else if (key == Qt::Key_Delete && at < text().size() && text()[at] == u',')
+        setCursorPosition(at + 1);
+}
+
+void KEdit::keyPressEvent(QKeyEvent *event)
+{
+    if (isNumberKind() && !isReadOnly()) {
+        if (isRefusedKey(event)) {
+            event->accept();
+            return;
+        }
+        stepOverSeparator(event->key());
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void KEdit::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    m_selectOnRelease = isNumberKind() && event->reason() == Qt::MouseFocusReason;
+}
+
+// The click that enters a number field selects it whole, as Tab does, so that typing replaces the old amount.
+void KEdit::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    if (m_selectOnRelease && !hasSelectedText())
+        selectAll();
+    m_selectOnRelease = false;
+}
+
+bool KEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip && !isEntryValid()) {
+        showErrorToolTip(this, m_error, static_cast<QHelpEvent *>(event));
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void KEdit::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (!isEntryValid())
+        paintEntryMark(this);
+}

@@ -1,0 +1,282 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KExtListCtrl.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <utility>
+
+#include "suite/utility/KSettings.h"
+#include "suite/utility/ListRoles.h"
+
+namespace {
+
+constexpr int saveDelayMilliseconds = 500;
+
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.data(LeftToRightRole).toBool())
+            option->direction = Qt::LeftToRight;
+    }
+};
+
+QString joined(const QVector<int> &numbers)
+{
+    QStringList texts;
+    for (int number : numbers)
+        texts.append(QString::number(number));
+    return texts.join(QLatin1Char(','));
+}
+
+QVector<int> parted(const QString &text)
+{
+    QVector<int> numbers;
+    for (const QString &part : text.split(QLatin1Char(','), Qt::SkipEmptyParts))
+        numbers.append(part.toInt());
+    return numbers;
+}
+
+// Whether the numbers are 0 to count - 1 in any order.
+bool isOrder(QVector<int> numbers, int count)
+{
+    std::sort(numbers.begin(), numbers.end());
+    for (int i = 0; i < numbers.size(); ++i) {
+        if (numbers[i] != i)
+            return false;
+    }
+    return numbers.size() == count;
+}
+
+}
+
+KExtListCtrl::KExtListCtrl(QWidget *parent) : QTreeView(parent), m_model(new KListModel(this))
+{
+    setModel(m_model);
+    setItemDelegate(new CellDelegate(this));
+    setLayoutDirection(Qt::RightToLeft);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    // The right button has a meaning of its own here; no menu follows it.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+
+    header()->setSectionsClickable(true);
+    header()->setSectionsMovable(true);
+    header()->setFirstSectionMovable(true);
+    header()->setStretchLastSection(true);
+    header()->setHighlightSections(false);
+    connect(header(), &QHeaderView::sectionClicked, this, &KExtListCtrl::columnClicked);
+
+    m_saveTimer.setSingleShot(true);
+    m_saveTimer.setInterval(saveDelayMilliseconds);
+    connect(&m_saveTimer, &QTimer::timeout, this, &KExtListCtrl::saveLayout);
+    const auto layoutChanged = [this] {
+        if (!m_applyingLayout && !m_settingName.isEmpty())
+            m_saveTimer.start();
+    };
+    connect(header(), &QHeaderView::sectionResized, this, layoutChanged);
+    connect(header(), &QHeaderView::sectionMoved, this, layoutChanged);
+    // A reset drops the selection without a word of its own.
+    connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
+}
+
+KExtListCtrl::~KExtListCtrl()
+{
+    if (m_saveTimer.isActive())
+        saveLayout();
+}
+
+void KExtListCtrl::setColumns(const QVector<KListModel::Column> &columns)
+{
+    m_applyingLayout = true;
+    m_model->setColumns(columns);
+    const int unit = fontMetrics().averageCharWidth();
+    for (int i = 0; i < columns.size(); ++i)
+        header()->resizeSection(i, columns[i].width * unit / 4);
+    m_applyingLayout = false;
+    applyLayout();
+}
+
+void KExtListCtrl::SetSettingName(const QString &name)
+{
+    m_settingName = name;
+    applyLayout();
+}
+
+// What was kept for another number of columns is of no use.
+void KExtListCtrl::applyLayout()
+{
+    const int columns = header()->count();
+    if (m_settingName.isEmpty() || columns == 0)
+        return;
+    m_applyingLayout = true;
+    const QVector<int> widths = parted(ReadSetting(m_settingName, QStringLiteral("sWidths"), QString()));
+    if (widths.size() == columns) {
+        for (int i = 0; i < columns; ++i)
+            header()->resizeSection(i, qMax(widths[i], header()->minimumSectionSize()));
+    }
+    const QVector<int> order = parted(ReadSetting(m_settingName, QStringLiteral("sOrder"), QString()));
+    if (isOrder(order, columns)) {
+        for (int visual = 0; visual < columns; ++visual)
+            header()->moveSection(header()->visualIndex(order[visual]), visual);
+    }
+    m_applyingLayout = false;
+}
+
+void KExtListCtrl::saveLayout()
+{
+    m_saveTimer.stop();
+    QVector<int> widths;
+    QVector<int> order;
+    for (int i = 0; i < header()->count(); ++i) {
+        widths.append(header()->sectionSize(i));
+        order.append(header()->logicalIndex(i));
+    }
+    WriteSetting(m_settingName, QStringLiteral("sWidths"), joined(widths));
+    WriteSetting(m_settingName, QStringLiteral("sOrder"), joined(order));
+}
+
+void KExtListCtrl::setRows(QVector<KListModel::Row> rows)
+{
+    m_model->setRows(std::move(rows));
+}
+
+bool KExtListCtrl::removeKey(int key)
+{
+    return m_model->removeKey(key);
+}
+
+int KExtListCtrl::count() const
+{
+    return m_model->rowCount();
+}
+
+int KExtListCtrl::currentRow() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+int KExtListCtrl::currentKey() const
+{
+    return m_model->keyAt(currentRow());
+}
+
+void KExtListCtrl::selectRow(int row)
+{
+    const QModelIndex index = m_model->index(row, 0);
+    if (!index.isValid()) {
+        clearSelection();
+        setCurrentIndex({});
+        return;
+    }
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+bool KExtListCtrl::selectKey(int key)
+{
+    const int row = m_model->rowOfKey(key);
+    selectRow(row);
+    return row >= 0;
+}
+
+QString KExtListCtrl::cellText(int row, int column) const
+{
+    return m_model->index(row, column).data().toString();
+}
+
+void KExtListCtrl::setColumnTitle(int column, const QString &title)
+{
+    m_model->setColumnTitle(column, title);
+}
+
+void KExtListCtrl::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    reportKey();
+}
+
+void KExtListCtrl::reportKey()
+{
+    const int key = currentKey();
+    if (key == m_reportedKey)
+        return;
+    m_reportedKey = key;
+    Q_EMIT currentKeyChanged(key);
+}
+
+void KExtListCtrl::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Copy)) {
+        copyRow();
+    } else if (!isEnter) {
+        QTreeView::keyPressEvent(event);
+    } else if (currentRow() >= 0 && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        event->accept();
+        Q_EMIT rowActivated(currentKey());
+    } else {
+        event->ignore();
+    }
+}
+
+void KExtListCtrl::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QTreeView::mouseDoubleClickEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (index.isValid())
+        Q_EMIT rowActivated(m_model->keyAt(index.row()));
+    else
+        Q_EMIT emptyAreaActivated();
+}
+
+void KExtListCtrl::mousePressEvent(QMouseEvent *event)
+{
+    QTreeView::mousePressEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    m_rightPressedKey = event->button() == Qt::RightButton ? m_model->keyAt(index.row()) : 0;
+}
+
+// Both halves of the click must meet the same row: what hangs on it can be a deletion.
+void KExtListCtrl::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTreeView::mouseReleaseEvent(event);
+    const int pressed = std::exchange(m_rightPressedKey, 0);
+    if (event->button() != Qt::RightButton || pressed == 0)
+        return;
+    if (m_model->keyAt(indexAt(event->position().toPoint()).row()) == pressed && currentKey() == pressed)
+        Q_EMIT rowRightClicked(pressed);
+}
+
+void KExtListCtrl::copyRow() const
+{
+    const int row = currentRow();
+    if (row < 0)
+        return;
+    QStringList texts;
+    for (int visual = 0; visual < header()->count(); ++visual)
+        texts.append(cellText(row, header()->logicalIndex(visual)));
+    QApplication::clipboard()->setText(texts.join(QLatin1Char('\t')));
+}

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KTabPageButtons.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+bool isNextKey(const QKeyEvent *event)
+{
+    return event->modifiers() == Qt::ControlModifier
+        && (event->key() == Qt::Key_Tab || event->key() == Qt::Key_PageDown);
+}
+
+bool isPreviousKey(const QKeyEvent *event)
+{
+    const bool backTab = event->key() == Qt::Key_Backtab || event->key() == Qt::Key_Tab;
+    return (event->modifiers() == Qt::ControlModifier && event->key() == Qt::Key_PageUp)
+        || (event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) && backTab);
+}
+
+}
+
+KTabPageButtons::KTabPageButtons(QWidget *parent)
+    : QWidget(parent), m_buttons(new QButtonGroup(this)), m_bar(new QWidget(this)), m_row(new QHBoxLayout(m_bar)),
+      m_pages(new QStackedWidget(this))
+{
+    m_row->setContentsMargins({});
+    m_row->setSpacing(4);
+    m_row->addStretch(1);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_bar);
+    layout->addWidget(m_pages, 1);
+    connect(m_buttons, &QButtonGroup::idClicked, this, &KTabPageButtons::setCurrentIndex);
+}
+
+int KTabPageButtons::addPage(QWidget *page, const QString &title)
+{
+    const int index = m_pages->addWidget(page);
+    auto *button = new QPushButton(title, m_bar);
+    button->setCheckable(true);
+    button->setAutoDefault(false);
+    button->setAccessibleName(title);
+    button->installEventFilter(this);
+    m_buttons->addButton(button, index);
+    m_row->insertWidget(index, button);
+    // The buttons come one after the other and before the pages, whichever were made first.
+    setTabOrder(index == 0 ? m_bar : m_buttons->button(index - 1), button);
+    if (index == 0) {
+        button->setChecked(true);
+        Q_EMIT currentChanged(0);
+    }
+    return index;
+}
+
+int KTabPageButtons::count() const
+{
+    return m_pages->count();
+}
+
+QWidget *KTabPageButtons::page(int index) const
+{
+    return m_pages->widget(index);
+}
+
+QAbstractButton *KTabPageButtons::button(int index) const
+{
+    return m_buttons->button(index);
+}
+
+void KTabPageButtons::setPageTitle(int index, const QString &title)
+{
+    if (QAbstractButton *const tab = button(index)) {
+        tab->setText(title);
+        tab->setAccessibleName(title);
+    }
+}
+
+void KTabPageButtons::setPageEnabled(int index, bool enabled)
+{
+    if (!page(index))
+        return;
+    button(index)->setEnabled(enabled);
+    if (!enabled && index == currentIndex())
+        nextPage();
+}
+
+int KTabPageButtons::currentIndex() const
+{
+    return m_pages->currentIndex();
+}
+
+QWidget *KTabPageButtons::currentPage() const
+{
+    return m_pages->currentWidget();
+}
+
+void KTabPageButtons::setCurrentIndex(int index)
+{
+    if (!page(index) || !button(index)->isEnabled())
+        return;
+    button(index)->setChecked(true);
+    if (index == currentIndex())
+        return;
+    const bool focusWasInPage = currentPage()->isAncestorOf(focusWidget());
+    m_pages->setCurrentIndex(index);
+    if (focusWasInPage)
+        button(index)->setFocus(Qt::TabFocusReason);
+    Q_EMIT currentChanged(index);
+}
+
+void KTabPageButtons::nextPage()
+{
+    step(1);
+}
+
+void KTabPageButtons::previousPage()
+{
+    step(-1);
+}
+
+void KTabPageButtons::step(int direction)
+{
+    const int pages = count();
+    for (int distance = 1; distance < pages; ++distance) {
+        const int index = (currentIndex() + direction * distance + pages * distance) % pages;
+        if (button(index)->isEnabled()) {
+            setCurrentIndex(index);
+            return;
+        }
+    }
+}
+
+// Key presses that the focused field leaves alone rise through here, before the focus would move on.
+bool KTabPageButtons::event(QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (isNextKey(key) || isPreviousKey(key)) {
+            step(isNextKey(key) ? 1 : -1);
+            event->accept();
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+bool KTabPageButtons::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key != Qt::Key_Left && key != Qt::Key_Right)
+        return QWidget::eventFilter(watched, event);
+    // The next page's button stands on the left when the row runs from right to left.
+    step((key == Qt::Key_Left) == isRightToLeft() ? 1 : -1);
+    if (QAbstractButton *current = button(currentIndex()))
+        current->setFocus(Qt::TabFocusReason);
+    return true;
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+// Shaping of a number while it is typed. Inside the library only.
+
+struct TypedNumber
+{
+    QString plain; // as QString::toDouble reads it: an optional sign, digits, at most one point
+    int caret = 0; // how many characters of plain stand before the caret
+    double value() const { return plain.toDouble(); }
+};
+
+struct TypingRules
+{
+    int decimals = 0;
+    bool isSigned = false;
+};
+
+// What of a text can belong to a number: digits of any script, one decimal point (. / or ٫), a sign in front. Group
+// separators, letters and blanks go, and decimals beyond the allowed ones. Two points or more part groups.
+TypedNumber readTyped(const QString &text, int caret, const TypingRules &rules);
+
+// The text to show, grouped by three when asked; moves the caret to where it belongs in it.
+QString groupTyped(TypedNumber &number, bool grouped);
