@@ -35,6 +35,6 @@ private:
 
     QList<KEdit *> m_edits; // in the order of the table of fields
     QComboBox *m_kind;
-    QLabel *m_nationalHint;
-    QLabel *m_mobileHint;
+    QLabel *m_nationalHint = nullptr;
+    QLabel *m_mobileHint = nullptr;
 };

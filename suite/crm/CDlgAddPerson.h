@@ -11,6 +11,7 @@
 
 class KForm;
 class QComboBox;
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 
@@ -48,7 +49,10 @@ public:
 
 private:
     void build();
-    QGroupBox *buildGroup(const QString &title, const QStringList &columns);
+    QWidget *buildIdentity();
+    QWidget *buildContact();
+    QWidget *buildTax();
+    QGridLayout *placePairs(QGroupBox *group, const QStringList &columns);
     void loadRecord();
     void applyKind();
     void updateHints();

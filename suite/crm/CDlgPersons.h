@@ -3,24 +3,20 @@
 
 #pragma once
 
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/KListPage.h"
 #include "suite/crm/TzCRMExport.h"
-#include "suite/utility/KDialogTabPage.h"
 
 #include <QTimer>
 
 class CTblPersons;
-class KEdit;
-class KExtListCtrl;
 class QCheckBox;
-class QLabel;
-class QPushButton;
+class QKeyEvent;
 
 // The list of persons: a tab page of the host ("اشخاص"), or, in select mode, the picker of other windows.
 //
 // The search runs while typing. From the search line Up, Down, PageUp and PageDown move in the list, Enter picks the
 // selected person (opens it outside select mode), Insert adds a person and F2 edits the selected one.
-class TZCRM_EXPORT CDlgPersons : public KDialogTabPage, private KSecurity
+class TZCRM_EXPORT CDlgPersons : public KListPage
 {
     Q_OBJECT
 
@@ -31,56 +27,44 @@ public:
     explicit CDlgPersons(QWidget *parent = nullptr);
     ~CDlgPersons() override;
 
-    // Lets the user pick a person; current is selected at first (0: nobody). The chosen person's key; 0 when the window was
-    // cancelled, the user may not see persons, or the mode is not modePickOne.
+    // Lets the user pick a person; current is selected at first (0: nobody) and may be inactive. The chosen person's key; 0
+    // when the window was cancelled, the user may not see persons, or the mode is not modePickOne.
     [[nodiscard]] static int SelectPerson(QWidget *parent, int mode, int current);
 
-    // To be called before the page is shown.
-    void setSelectMode(int current);
-    // In select mode the person that OK picked; 0 until then.
-    int chosenID() const { return m_chosen; }
-
-    bool OnAccess() override;
     bool OnOK() override;
     void OnClosing() override;
 
-    // Searches at once, without waiting for the end of typing.
-    void refill();
     // Opens the editor for a new person, prefilled from what was searched for; the new person is selected.
     void addPerson();
     void editPerson();
+    void showPerson();
 
 protected:
+    QVector<KListModel::Column> listColumns() const override;
+    std::vector<KListCommand> commands() override;
+    void buildFilters(QGridLayout *grid) override;
+    std::unique_ptr<KMySQL> makeRecords() const override;
+    QStringList fetchedColumns() const override;
+    QString filterClauses() const override;
+    KListModel::Row makeRow(KMySQL &record, int number) override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
+    QString defaultSort() const override;
+    void activated(int key) override;
+    void emptyAreaActivated() override;
+    QWidget *firstFilterControl() const override;
+
     bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
-    void build();
-    QWidget *buildFilter();
-    QWidget *buildButtons();
-    void enableCommands();
-    void activate();
-    bool moveInList(int key);
-    void sortBy(int column);
-    void markSortColumn(bool on);
-    QString filterText() const;
-    QString sortText() const;
-    void fillRows(CTblPersons &persons, int limit);
-    bool closed() const;
+    void searchNow();
+    void lead(CTblPersons &person, QVector<KListModel::Row> &rows);
+    bool searchKeyPressed(QKeyEvent *event);
+    bool listKeyPressed(QKeyEvent *event);
 
-    KEdit *m_search;
-    QCheckBox *m_showInactive;
-    KEdit *m_maxRows;
-    KExtListCtrl *m_list;
-    QLabel *m_count;
-    QPushButton *m_addButton;
-    QPushButton *m_editButton;
+    KEdit *m_search = nullptr;
+    QCheckBox *m_showInactive = nullptr;
+    QLabel *m_incomplete = nullptr;
     QTimer m_typing;
-    QString m_sort;
-    bool m_descending = false;
-    int m_lastColumn = 0;
-    bool m_selectMode = false;
-    bool m_filled = false;
-    int m_preselected = 0;
-    int m_chosen = 0;
+    int m_leadingKey = 0;   // stands first in the list until something is searched for; active or not
 };

@@ -37,6 +37,8 @@ public:
     static int nextCode(int database = 0);
     // "name family", one of them alone when the other is empty.
     static QString displayName(const QString &name, const QString &family);
+    // Key of another person with this code; 0 when there is none.
+    static int findByCode(int code, int exceptID, int database = 0);
     // Key of another person with this national code (compared in standard form); 0 when there is none or the code is empty.
     static int findByNationalCode(const QString &code, int exceptID, int database = 0);
 

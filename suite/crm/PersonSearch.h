@@ -22,4 +22,8 @@ TZCRM_EXPORT QString pattern(const QString &word);
 // The columns that a search looks in.
 TZCRM_EXPORT QStringList columns();
 
+// A text column as a term of ORDER BY that follows the Persian alphabet. The table's own collation follows the code points,
+// which puts the Persian letters behind the Arabic ones.
+TZCRM_EXPORT QString alphabetical(const QString &column);
+
 }

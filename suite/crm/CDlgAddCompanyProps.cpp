@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgAddCompanyProps.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/crm/IdentityHints.h"
+#include "suite/utility/KEdit.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+
+#include <array>
+
+namespace {
+
+struct Field
+{
+    const char16_t *label;
+    QString CompanyDetails::*text;
+    int maxLength;
+    int row;
+    int gridColumn;
+    int span;
+};
+
+// In the order of the keyboard.
+constexpr std::array fields{
+    Field{u"نام :", &CompanyDetails::name1, 100, 0, 0, 1},
+    Field{u"دنباله نام :", &CompanyDetails::name2, 100, 0, 2, 1},
+    Field{u"مدیر :", &CompanyDetails::manager, 100, 1, 2, 1},
+    Field{u"کد ملی / شناسه ملی :", &CompanyDetails::nationalCode, 20, 2, 0, 1},
+    Field{u"شماره ثبت :", &CompanyDetails::registrationNumber, 50, 3, 0, 1},
+    Field{u"کد اقتصادی :", &CompanyDetails::economicCode, 50, 3, 2, 1},
+    Field{u"موبایل :", &CompanyDetails::mobile, 20, 4, 0, 1},
+    Field{u"تلفن :", &CompanyDetails::telephone, 50, 5, 0, 1},
+    Field{u"کد پستی :", &CompanyDetails::postalCode, 20, 5, 2, 1},
+    Field{u"استان :", &CompanyDetails::province, 50, 6, 0, 1},
+    Field{u"شهر :", &CompanyDetails::city, 50, 6, 2, 1},
+    Field{u"آدرس :", &CompanyDetails::address, 250, 7, 0, 3},
+};
+
+constexpr std::array kinds{CompanyDetails::kindNatural, CompanyDetails::kindLegal};
+
+std::size_t positionOf(QString CompanyDetails::*text)
+{
+    std::size_t position = 0;
+    while (fields.at(position).text != text)
+        ++position;
+    return position;
+}
+
+}
+
+CDlgAddCompanyProps::CDlgAddCompanyProps(QWidget *parent) : KDialog(parent), m_kind(new QComboBox(this))
+{
+    SetSettingName(QStringLiteral("Company"));
+    setWindowTitle(QStringLiteral("مشخصات نمایشگاه"));
+    build();
+    setDetails(CompanyDetails::read());
+}
+
+CDlgAddCompanyProps::~CDlgAddCompanyProps() = default;
+
+void CDlgAddCompanyProps::build()
+{
+    auto *grid = new QGridLayout(this);
+    for (const Field &field : fields) {
+        auto *edit = new KEdit(this);
+        edit->setMaxLength(field.maxLength);
+        edit->setAccessibleName(QString::fromUtf16(field.label));
+        auto *label = new QLabel(edit->accessibleName(), this);
+        label->setBuddy(edit);
+        grid->addWidget(label, field.row, field.gridColumn);
+        grid->addWidget(edit, field.row, field.gridColumn + 1, 1, field.span);
+        connect(edit, &KEdit::textChanged, this, &CDlgAddCompanyProps::updateHints);
+        m_edits.append(edit);
+    }
+    m_kind->addItems({QStringLiteral("حقیقی"), QStringLiteral("حقوقی")});
+    m_kind->setAccessibleName(QStringLiteral("نوع شخص :"));
+    auto *kindLabel = new QLabel(m_kind->accessibleName(), this);
+    kindLabel->setBuddy(m_kind);
+    grid->addWidget(kindLabel, 1, 0);
+    grid->addWidget(m_kind, 1, 1);
+    setTabOrder(m_edits.at(1), m_kind);
+    setTabOrder(m_kind, m_edits.at(2));
+    m_nationalHint = IdentityHints::createLabel(this);
+    m_mobileHint = IdentityHints::createLabel(this);
+    grid->addWidget(m_nationalHint, 2, 2, 1, 2);
+    grid->addWidget(m_mobileHint, 4, 2, 1, 2);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    const int last = grid->rowCount();
+    grid->setRowStretch(last, 1);
+    grid->addWidget(createButtons(), last + 1, 0, 1, 4);
+    connect(m_kind, &QComboBox::currentIndexChanged, this, &CDlgAddCompanyProps::updateHints);
+}
+
+CompanyDetails CDlgAddCompanyProps::details() const
+{
+    CompanyDetails details;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        details.*fields.at(i).text = m_edits.at(static_cast<qsizetype>(i))->text().trimmed();
+    details.kind = kinds.at(static_cast<std::size_t>(qMax(m_kind->currentIndex(), 0)));
+    return details;
+}
+
+void CDlgAddCompanyProps::setDetails(const CompanyDetails &details)
+{
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        m_edits.at(static_cast<qsizetype>(i))->setText(details.*fields.at(i).text);
+    m_kind->setCurrentIndex(details.kind == CompanyDetails::kindNatural ? 0 : 1);
+    updateHints();
+}
+
+void CDlgAddCompanyProps::updateHints()
+{
+    if (!m_nationalHint || !m_mobileHint)
+        return;
+    const int kind = m_kind->currentIndex() == 0 ? CTblPersons::kindNatural : CTblPersons::kindLegal;
+    KEdit *national = m_edits.at(static_cast<qsizetype>(positionOf(&CompanyDetails::nationalCode)));
+    KEdit *mobile = m_edits.at(static_cast<qsizetype>(positionOf(&CompanyDetails::mobile)));
+    IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), m_nationalHint, national);
+    IdentityHints::show(IdentityHints::mobile(mobile->text()), m_mobileHint, mobile);
+}
+
+bool CDlgAddCompanyProps::OnOK()
+{
+    const CompanyDetails entered = details();
+    if (entered.isEmpty()) {
+        g_pDlgWarning->Show(QStringLiteral("لطفا نام نمایشگاه را وارد نمایید."), this);
+        m_edits.front()->setFocus();
+        return false;
+    }
+    GetDBSetting()->RequireOpenDB();
+    entered.write();
+    return true;
+}

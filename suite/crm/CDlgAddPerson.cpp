@@ -1,0 +1,349 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgAddPerson.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CTblPersonsMini.h"
+#include "suite/crm/IdentityHints.h"
+#include "suite/crm/MobileNumber.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Kind = KFormField::Kind;
+
+// In the order of the keyboard.
+QList<KFormField> formFields()
+{
+    return {
+        {.column = QStringLiteral("iKind"), .label = QStringLiteral("نوع شخص :"), .kind = Kind::Choice,
+         .choices = {QStringLiteral("حقیقی"), QStringLiteral("حقیقی (اتباع خارجی)"), QStringLiteral("حقوقی")}},
+        {.column = QStringLiteral("iCode"), .label = QStringLiteral("کد شخص :"), .kind = Kind::Integer},
+        {.column = QStringLiteral("sName"), .label = QStringLiteral("نام :")},
+        {.column = QStringLiteral("sFamily"), .label = QStringLiteral("نام خانوادگی :")},
+        {.column = QStringLiteral("sNationalCode"), .label = QStringLiteral("کد ملی :")},
+        {.column = QStringLiteral("iSex"), .label = QStringLiteral("جنسیت :"), .kind = Kind::Choice,
+         .choices = {QStringLiteral("مرد"), QStringLiteral("زن")}},
+        {.column = QStringLiteral("sFatherName"), .label = QStringLiteral("نام پدر :")},
+        {.column = QStringLiteral("dateBirth"), .label = QStringLiteral("تاریخ تولد :"), .kind = Kind::Date},
+        {.column = QStringLiteral("sBirthCity"), .label = QStringLiteral("محل تولد :")},
+        {.column = QStringLiteral("sIdentityNum"), .label = QStringLiteral("شماره شناسنامه :")},
+        {.column = QStringLiteral("sIdentityCity"), .label = QStringLiteral("محل صدور :")},
+        {.column = QStringLiteral("sMobile"), .label = QStringLiteral("موبایل :")},
+        {.column = QStringLiteral("sAreaCode"), .label = QStringLiteral("پیش شماره :")},
+        {.column = QStringLiteral("sTel"), .label = QStringLiteral("تلفن :")},
+        {.column = QStringLiteral("sPostalCode"), .label = QStringLiteral("کد پستی :")},
+        {.column = QStringLiteral("sAddress"), .label = QStringLiteral("آدرس :")},
+        {.column = QStringLiteral("sEconomicCode"), .label = QStringLiteral("کد اقتصادی :")},
+        {.column = QStringLiteral("iTaxZone"), .label = QStringLiteral("حوزه مالیاتی :"), .kind = Kind::Integer},
+        {.column = QStringLiteral("iProvinceCode"), .label = QStringLiteral("کد استان :"), .kind = Kind::Integer},
+        {.column = QStringLiteral("iCityCode"), .label = QStringLiteral("کد شهر :"), .kind = Kind::Integer},
+        {.column = QStringLiteral("dPercentDiscount"), .label = QStringLiteral("درصد تخفیف :"), .kind = Kind::Percent},
+        {.column = QStringLiteral("iStatus"), .label = QStringLiteral("غیر فعال"), .kind = Kind::Flag},
+    };
+}
+
+// A label that reads otherwise for a legal person.
+struct LegalLabel
+{
+    const char16_t *column;
+    const char16_t *natural;
+    const char16_t *legal;
+};
+
+constexpr std::array legalLabels{
+    LegalLabel{u"sName", u"نام :", u"نام شرکت :"},
+    LegalLabel{u"sNationalCode", u"کد ملی :", u"شناسه ملی :"},
+    LegalLabel{u"dateBirth", u"تاریخ تولد :", u"تاریخ تاسیس :"},
+    LegalLabel{u"sIdentityNum", u"شماره شناسنامه :", u"شماره ثبت :"},
+    LegalLabel{u"sIdentityCity", u"محل صدور :", u"محل ثبت :"},
+};
+
+// What only people have.
+constexpr std::array naturalOnly{u"sFamily", u"iSex", u"sFatherName", u"sBirthCity"};
+
+constexpr int firstTaxKind = 5;
+constexpr int lastTaxKind = 8;
+
+bool isDigitsOnly(const QString &text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.isDigit(); });
+}
+
+}
+
+int CDlgAddPerson::Add(QWidget *parent, const QString &searchedFor)
+{
+    CDlgAddPerson dialog(Mode::Add, 0, parent);
+    dialog.prefill(searchedFor);
+    return dialog.exec() == Accepted ? dialog.personID() : 0;
+}
+
+bool CDlgAddPerson::Edit(QWidget *parent, int personID)
+{
+    CDlgAddPerson dialog(Mode::Edit, personID, parent);
+    return dialog.isLoaded() && dialog.exec() == Accepted;
+}
+
+void CDlgAddPerson::Show(QWidget *parent, int personID)
+{
+    CDlgAddPerson dialog(Mode::Show, personID, parent);
+    if (dialog.isLoaded())
+        dialog.exec();
+}
+
+CDlgAddPerson::CDlgAddPerson(Mode mode, int personID, QWidget *parent) :
+    KDialog(parent), m_mode(mode), m_personID(mode == Mode::Add ? 0 : personID)
+{
+    SetSettingName(QStringLiteral("Persons\\Editor"));
+    m_record.Open(true, false, true);
+    if (mode == Mode::Add) {
+        m_record.m_iCode = CTblPersons::nextCode();
+        m_loaded = true;
+    } else {
+        m_loaded = m_record.IsRecordExist(QStringLiteral("iID"), m_personID);
+    }
+    if (!m_loaded)
+        return;
+    build();
+    loadRecord();
+}
+
+CDlgAddPerson::~CDlgAddPerson() = default;
+
+void CDlgAddPerson::build()
+{
+    static const QStringList titles{QStringLiteral("شخص جدید"), QStringLiteral("ویرایش شخص"), QStringLiteral("نمایش شخص")};
+    setWindowTitle(titles.at(static_cast<int>(m_mode)));
+    m_form = new KForm(formFields(), m_record, this);
+    m_taxKind = new QComboBox(this);
+    m_taxKind->setAccessibleName(QStringLiteral("کد نوع مودی :"));
+    m_taxKind->addItem(QStringLiteral("-"), 0);
+    for (int kind = firstTaxKind; kind <= lastTaxKind; ++kind)
+        m_taxKind->addItem(QString::number(kind), kind);
+    m_nationalHint = IdentityHints::createLabel(this);
+    m_mobileHint = IdentityHints::createLabel(this);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildIdentity());
+    layout->addWidget(buildContact());
+    layout->addWidget(buildTax());
+    layout->addStretch(1);
+    const bool show = m_mode == Mode::Show;
+    layout->addWidget(show ? createButtons({}, QStringLiteral("بستن")) : createButtons());
+    setTabOrder(m_form->control(QStringLiteral("sEconomicCode")), m_taxKind);
+    setTabOrder(m_taxKind, m_form->control(QStringLiteral("iTaxZone")));
+    m_form->setShowMode(show);
+    m_taxKind->setEnabled(!show);
+    connect(m_form->comboBox(QStringLiteral("iKind")), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);
+    for (const char16_t *column : {u"sNationalCode", u"sMobile"})
+        connect(m_form->edit(QString::fromUtf16(column)), &KEdit::textChanged, this, &CDlgAddPerson::updateHints);
+    m_form->control(QStringLiteral("sName"))->setFocus();
+}
+
+// Fields in pairs, two to a row; an empty column leaves its half to what is put there afterwards.
+QGridLayout *CDlgAddPerson::placePairs(QGroupBox *group, const QStringList &columns)
+{
+    auto *grid = new QGridLayout(group);
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        if (!columns.at(i).isEmpty())
+            m_form->place(grid, static_cast<int>(i / 2), static_cast<int>(i % 2) * 2, columns.at(i));
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    return grid;
+}
+
+QWidget *CDlgAddPerson::buildIdentity()
+{
+    auto *group = new QGroupBox(QStringLiteral("مشخصات"), this);
+    QGridLayout *grid = placePairs(group, {
+        QStringLiteral("iKind"), QStringLiteral("iCode"),
+        QStringLiteral("sName"), QStringLiteral("sFamily"),
+        QStringLiteral("sNationalCode"), {},
+        QStringLiteral("iSex"), QStringLiteral("sFatherName"),
+        QStringLiteral("dateBirth"), QStringLiteral("sBirthCity"),
+        QStringLiteral("sIdentityNum"), QStringLiteral("sIdentityCity"),
+    });
+    grid->addWidget(m_nationalHint, 2, 2, 1, 2);
+    return group;
+}
+
+QWidget *CDlgAddPerson::buildContact()
+{
+    auto *group = new QGroupBox(QStringLiteral("تماس"), this);
+    QGridLayout *grid = placePairs(group, {
+        QStringLiteral("sMobile"), {},
+        QStringLiteral("sAreaCode"), QStringLiteral("sTel"),
+        QStringLiteral("sPostalCode"), {},
+    });
+    grid->addWidget(m_mobileHint, 0, 2, 1, 2);
+    m_form->place(grid, 3, 0, QStringLiteral("sAddress"), 3);
+    return group;
+}
+
+QWidget *CDlgAddPerson::buildTax()
+{
+    auto *group = new QGroupBox(QStringLiteral("مالیات و تخفیف"), this);
+    QGridLayout *grid = placePairs(group, {
+        QStringLiteral("sEconomicCode"), {},
+        QStringLiteral("iTaxZone"), QStringLiteral("iProvinceCode"),
+        QStringLiteral("iCityCode"), QStringLiteral("dPercentDiscount"),
+    });
+    auto *label = new QLabel(m_taxKind->accessibleName(), group);
+    label->setBuddy(m_taxKind);
+    grid->addWidget(label, 0, 2);
+    grid->addWidget(m_taxKind, 0, 3);
+    m_form->place(grid, 3, 0, QStringLiteral("iStatus"));
+    return group;
+}
+
+void CDlgAddPerson::loadRecord()
+{
+    m_form->load(m_record);
+    // Every kind above the named ones is a legal person too.
+    m_form->comboBox(QStringLiteral("iKind"))->setCurrentIndex(
+        m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
+    m_taxKind->setCurrentIndex(qMax(m_taxKind->findData(m_record.m_iTaxKind), 0));
+    applyKind();
+}
+
+void CDlgAddPerson::prefill(const QString &searchedFor)
+{
+    const QString text = ConvertToStandard(searchedFor);
+    if (text.isEmpty())
+        return;
+    if (MobileNumber::isGood(text)) {
+        m_form->edit(QStringLiteral("sMobile"))->setText(text);
+    } else if (isDigitsOnly(text)) {
+        // A short number was a search for a code, which the new person gets from the table.
+        if (text.size() >= 8)
+            m_form->edit(QStringLiteral("sNationalCode"))->setText(text);
+    } else {
+        m_form->edit(QStringLiteral("sName"))->setText(text.section(u' ', 0, 0));
+        m_form->edit(QStringLiteral("sFamily"))->setText(text.section(u' ', 1));
+    }
+}
+
+void CDlgAddPerson::applyKind()
+{
+    const bool legal = m_form->comboBox(QStringLiteral("iKind"))->currentIndex() == CTblPersons::kindLegal;
+    for (const LegalLabel &label : legalLabels) {
+        const QString column = QString::fromUtf16(label.column);
+        const QString text = QString::fromUtf16(legal ? label.legal : label.natural);
+        m_form->label(column)->setText(text);
+        m_form->control(column)->setAccessibleName(text);
+    }
+    for (const char16_t *name : naturalOnly) {
+        const QString column = QString::fromUtf16(name);
+        m_form->label(column)->setVisible(!legal);
+        m_form->control(column)->setVisible(!legal);
+    }
+    updateHints();
+}
+
+void CDlgAddPerson::updateHints()
+{
+    KEdit *national = m_form->edit(QStringLiteral("sNationalCode"));
+    KEdit *mobile = m_form->edit(QStringLiteral("sMobile"));
+    const int kind = m_form->comboBox(QStringLiteral("iKind"))->currentIndex();
+    IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), m_nationalHint, national);
+    IdentityHints::show(IdentityHints::mobile(mobile->text()), m_mobileHint, mobile);
+}
+
+bool CDlgAddPerson::OnOK()
+{
+    if (m_mode == Mode::Show)
+        return true;
+    GetDBSetting()->RequireOpenDB();
+    return isEntryGood() && isDuplicateAccepted() && saveRecord();
+}
+
+bool CDlgAddPerson::isEntryGood()
+{
+    const auto refuse = [this](const QString &message, QWidget *control) {
+        g_pDlgWarning->Show(message, this);
+        control->setFocus();
+        return false;
+    };
+    KEdit *name = m_form->edit(QStringLiteral("sName"));
+    const QString family = m_form->edit(QStringLiteral("sFamily"))->text();
+    if (CTblPersons::displayName(name->text(), family).isEmpty())
+        return refuse(QStringLiteral("لطفا نام شخص را وارد نمایید."), name);
+    if (const auto problem = m_form->firstInvalid())
+        return refuse(problem->message, problem->widget);
+    KEdit *code = m_form->edit(QStringLiteral("iCode"));
+    if (code->integer() == m_record.m_iCode && m_mode == Mode::Add) {
+        // Proposed, not chosen: somebody else may have been given it since.
+        if (CTblPersons::findByCode(code->integer(), 0) != 0)
+            code->setNumber(CTblPersons::nextCode());
+    } else if (CTblPersons::findByCode(code->integer(), m_personID) != 0) {
+        return refuse(QStringLiteral("این کد به شخص دیگری داده شده است."), code);
+    }
+    return true;
+}
+
+bool CDlgAddPerson::isDuplicateAccepted()
+{
+    KEdit *national = m_form->edit(QStringLiteral("sNationalCode"));
+    const int other = CTblPersons::findByNationalCode(national->text(), m_personID);
+    if (other == 0)
+        return true;
+    const QString question = QStringLiteral("%1 %2 برای «%3» ثبت شده است. آیا با این حال ذخیره شود؟")
+                                 .arg(national->accessibleName().chopped(2), ConvertToStandard(national->text()),
+                                      CTblPersonsMini::GetName(other));
+    if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::No)
+        return true;
+    national->setFocus();
+    return false;
+}
+
+void CDlgAddPerson::storeRecord()
+{
+    const qint32 storedKind = m_record.m_iKind;
+    m_form->store(m_record);
+    // A legal person of a kind that the list does not name keeps it.
+    if (m_record.m_iKind == CTblPersons::kindLegal && storedKind > CTblPersons::kindLegal)
+        m_record.m_iKind = storedKind;
+    m_record.m_bNatural = m_record.isNatural() ? 1 : 0;
+    m_record.m_iTaxKind = m_taxKind->currentData().toInt();
+    if (!m_record.isNatural()) {
+        m_record.m_sName = CTblPersons::displayName(m_record.m_sName, m_record.m_sFamily);
+        m_record.m_sFamily.clear();
+    }
+}
+
+bool CDlgAddPerson::saveRecord()
+{
+    if (m_mode == Mode::Add) {
+        m_record.AddNew();
+    } else if (m_record.IsRecordExist(QStringLiteral("iID"), m_personID)) {
+        m_record.Edit();
+    } else {
+        g_pDlgWarning->Show(QStringLiteral("این شخص دیگر در فهرست نیست."), this);
+        return false;
+    }
+    storeRecord();
+    try {
+        m_record.Update(true);
+    } catch (...) {
+        // The form holds what was typed; the record is ready for another try.
+        m_record.CancelUpdate();
+        throw;
+    }
+    if (m_mode == Mode::Add)
+        m_personID = static_cast<int>(m_record.GetLastInsertedID());
+    return true;
+}

@@ -1,0 +1,312 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgPersons.h"
+
+#include "suite/crm/CDlgAddPerson.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/crm/PersonSearch.h"
+#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace {
+
+// Long enough not to search for every letter of a word typed at speed.
+constexpr int typingPauseMs = 180;
+
+QString section()
+{
+    return QStringLiteral("Persons");
+}
+
+QString keyColumn()
+{
+    return QStringLiteral("iID");
+}
+
+}
+
+CDlgPersons::CDlgPersons(QWidget *parent) : KListPage(QStringLiteral("اشخاص"), section(), section(), parent)
+{
+    build();
+    list()->installEventFilter(this);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingPauseMs);
+    connect(&m_typing, &QTimer::timeout, this, [this] { guarded([this] { searchNow(); }); });
+    connect(m_search, &KEdit::textChanged, &m_typing, qOverload<>(&QTimer::start));
+    connect(m_showInactive, &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
+}
+
+CDlgPersons::~CDlgPersons() = default;
+
+int CDlgPersons::SelectPerson(QWidget *parent, int mode, int current)
+{
+    if (mode != modePickOne)
+        return 0;
+    auto *page = new CDlgPersons;
+    page->setSelectMode(true, current);
+    page->m_leadingKey = current;
+    page->m_showInactive->hide();
+    KDialogHolder holder(page, parent);
+    holder.setWindowTitle(QStringLiteral("انتخاب شخص"));
+    holder.resize(960, 600);
+    holder.SetSettingName(QStringLiteral("Persons\\Select"));
+    return holder.exec() == QDialog::Accepted ? page->chosenKey() : 0;
+}
+
+bool CDlgPersons::OnOK()
+{
+    // Enter may come before the pause after the last letter is over.
+    if (m_typing.isActive())
+        searchNow();
+    return KListPage::OnOK();
+}
+
+void CDlgPersons::OnClosing()
+{
+    m_typing.stop();
+    KListPage::OnClosing();
+}
+
+QVector<KListModel::Column> CDlgPersons::listColumns() const
+{
+    return {
+        {QStringLiteral("کد شخص"), Qt::AlignHCenter, 45, QStringLiteral("iCode")},
+        {QStringLiteral("نام و نام خانوادگی"), Qt::AlignRight, 120, defaultSort()},
+        {QStringLiteral("نام پدر"), Qt::AlignRight, 60, PersonSearch::alphabetical(QStringLiteral("sFatherName"))},
+        {QStringLiteral("کد ملی"), Qt::AlignHCenter, 70, QStringLiteral("sNationalCode")},
+        {QStringLiteral("موبایل"), Qt::AlignHCenter, 70, QStringLiteral("sMobile")},
+        {QStringLiteral("تلفن"), Qt::AlignHCenter, 70, QStringLiteral("sTel")},
+        {QStringLiteral("نوع شخص"), Qt::AlignHCenter, 50, QStringLiteral("iKind")},
+        {QStringLiteral("آدرس"), Qt::AlignRight, 180, PersonSearch::alphabetical(QStringLiteral("sAddress"))},
+        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 45, QStringLiteral("iStatus")},
+    };
+}
+
+QStringList CDlgPersons::fetchedColumns() const
+{
+    return {keyColumn(), QStringLiteral("iCode"), QStringLiteral("sName2"), QStringLiteral("sFatherName"),
+            QStringLiteral("sNationalCode"), QStringLiteral("sMobile"), QStringLiteral("sTel"),
+            QStringLiteral("iKind"), QStringLiteral("sAddress"), QStringLiteral("iStatus")};
+}
+
+KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
+{
+    const auto &person = static_cast<const CTblPersons &>(record);
+    const bool active = person.m_iStatus == CTblPersons::statusActive;
+    return {person.m_iID,
+            {
+                {IToStr(person.m_iCode), person.m_iCode},
+                {person.m_sName2},
+                {person.m_sFatherName},
+                {person.m_sNationalCode},
+                {person.m_sMobile},
+                {person.m_sTel},
+                {person.isNatural() ? QStringLiteral("حقیقی") : QStringLiteral("حقوقی")},
+                {person.m_sAddress},
+                {active ? QStringLiteral("فعال") : QStringLiteral("غیر فعال")},
+            }};
+}
+
+std::vector<KListCommand> CDlgPersons::commands()
+{
+    return {
+        {.caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly,
+         .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert),
+         .icon = QStringLiteral(":/icons/new.svg")},
+        {.caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly,
+         .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2),
+         .icon = QStringLiteral(":/icons/edit.svg")},
+        {.caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow,
+         .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3),
+         .icon = QStringLiteral(":/icons/show.svg")},
+    };
+}
+
+void CDlgPersons::buildFilters(QGridLayout *grid)
+{
+    m_search = new KEdit(grid->parentWidget());
+    m_search->setPlaceholderText(QStringLiteral("نام، کد، کد ملی، موبایل یا تلفن"));
+    m_search->setClearButtonEnabled(true);
+    m_search->setMaxLength(100);
+    m_search->installEventFilter(this);
+    addFilter(grid, 0, 0, QStringLiteral("جستجو :"), m_search);
+    m_showInactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), grid->parentWidget());
+    grid->addWidget(m_showInactive, 0, 2);
+    m_incomplete = new QLabel(grid->parentWidget());
+    m_incomplete->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(m_incomplete, 1, 1, 1, 2);
+    grid->setColumnStretch(1, 1);
+    setFocusProxy(m_search);
+}
+
+QWidget *CDlgPersons::firstFilterControl() const
+{
+    return m_search;
+}
+
+std::unique_ptr<KMySQL> CDlgPersons::makeRecords() const
+{
+    return std::make_unique<CTblPersons>();
+}
+
+QString CDlgPersons::filterClauses() const
+{
+    QString clauses;
+    if (!m_showInactive->isChecked())
+        clauses += QStringLiteral(" AND iStatus=0");
+    if (const QString searched = PersonSearch::condition(m_search->text()); !searched.isEmpty())
+        clauses += QStringLiteral(" AND ") + searched;
+    return clauses;
+}
+
+QString CDlgPersons::defaultSort() const
+{
+    return PersonSearch::alphabetical(QStringLiteral("sName2"));
+}
+
+void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
+{
+    m_incomplete->setText(rows.size() < rowLimit()
+                              ? QString()
+                              : QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."));
+    const QString searched = ConvertToStandard(m_search->text());
+    CTblPersons person;
+    person.SetColumns(fetchedColumns());
+    bool isCode = false;
+    const int code = searched.toInt(&isCode);
+    const bool found = isCode ? person.IsRecordExist(QStringLiteral("iCode"), code, 0, filterClauses())
+        : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(keyColumn(), m_leadingKey);
+    if (found)
+        lead(person, rows);
+}
+
+// Brings the person to the front of the rows, where the limit may not have let it in.
+void CDlgPersons::lead(CTblPersons &person, QVector<KListModel::Row> &rows)
+{
+    const auto same = std::find_if(rows.begin(), rows.end(), [&](const auto &row) { return row.key == person.m_iID; });
+    if (same != rows.end())
+        rows.erase(same);
+    rows.prepend(makeRow(person, 1));
+}
+
+// What is found replaces the list, so its first row is the one that Enter means.
+void CDlgPersons::searchNow()
+{
+    m_typing.stop();
+    refill();
+    list()->selectRow(0);
+}
+
+void CDlgPersons::activated(int)
+{
+    if (!isChangeBlocked() && CheckModifySecurity(0))
+        editPerson();
+    else
+        showPerson();
+}
+
+void CDlgPersons::emptyAreaActivated()
+{
+    addPerson();
+}
+
+void CDlgPersons::addPerson()
+{
+    if (isChangeBlocked() || !CheckWriteSecurity())
+        return;
+    const int added = CDlgAddPerson::Add(window(), m_search->text());
+    if (added == 0)
+        return;
+    m_leadingKey = added;
+    searchNow();
+    if (!list()->selectKey(added)) {
+        // What was searched for does not find the person under the name that was entered.
+        m_search->clear();
+        searchNow();
+    }
+    m_search->setFocus();
+}
+
+void CDlgPersons::editPerson()
+{
+    const int key = list()->currentKey();
+    if (key == 0 || isChangeBlocked() || !CheckModifySecurity() || !CDlgAddPerson::Edit(window(), key))
+        return;
+    refill();
+    list()->selectKey(key);
+}
+
+void CDlgPersons::showPerson()
+{
+    const int key = list()->currentKey();
+    if (key != 0 && CheckReadSecurity())
+        CDlgAddPerson::Show(window(), key);
+}
+
+void CDlgPersons::showEvent(QShowEvent *event)
+{
+    KListPage::showEvent(event);
+    m_search->setFocus();
+}
+
+bool CDlgPersons::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (watched == m_search)
+            return searchKeyPressed(key);
+        if (watched == list())
+            return listKeyPressed(key);
+    }
+    return KListPage::eventFilter(watched, event);
+}
+
+bool CDlgPersons::searchKeyPressed(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QCoreApplication::sendEvent(list(), event);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        guarded([this] {
+            if (m_typing.isActive())
+                searchNow();
+            if (const int key = list()->currentKey(); key != 0)
+                Q_EMIT list()->rowActivated(key);
+        });
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Typing in the list goes on with the search.
+bool CDlgPersons::listKeyPressed(QKeyEvent *event)
+{
+    const QString text = event->text();
+    if (text.isEmpty() || !(text.front().isLetterOrNumber() || event->key() == Qt::Key_Backspace))
+        return false;
+    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    m_search->setFocus();
+    m_search->deselect();
+    m_search->end(false);
+    QCoreApplication::sendEvent(m_search, event);
+    return true;
+}

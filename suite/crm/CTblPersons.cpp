@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CTblPersons.h"
+
+#include "auto/db/CTblTemp.h"
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+int findOther(const QString &condition, int exceptID, int database)
+{
+    CTblTemp temp(database);
+    temp.ExecuteQuery(QStringLiteral("SELECT iID FROM Persons WHERE ") + condition
+                      + QStringLiteral(" AND iID<>%1 ORDER BY iID LIMIT 1").arg(exceptID));
+    return temp.GetLongFieldValue(0);
+}
+
+}
+
+CTblPersons::CTblPersons(int database) : KMySQL(database)
+{
+}
+
+CTblPersons::~CTblPersons() = default;
+
+QString CTblPersons::GetTableName() const
+{
+    return QStringLiteral("Persons");
+}
+
+void CTblPersons::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iCode", m_iCode, u"کد شخص");
+    RFX_Text(u"sName", m_sName, u"نام");
+    RFX_Text(u"sFamily", m_sFamily, u"نام خانوادگی");
+    RFX_Text(u"sName2", m_sName2, u"نام و نام خانوادگی");
+    RFX_Long(u"iSex", m_iSex, u"جنسیت");
+    RFX_Text(u"sFatherName", m_sFatherName, u"نام پدر");
+    RFX_Date(u"dateBirth", m_dateBirth, u"تاریخ تولد");
+    RFX_Text(u"sBirthCity", m_sBirthCity, u"محل تولد");
+    RFX_Text(u"sIdentityNum", m_sIdentityNum, u"شماره شناسنامه");
+    RFX_Text(u"sIdentityCity", m_sIdentityCity, u"محل صدور");
+    RFX_Text(u"sNationalCode", m_sNationalCode, u"کد ملی");
+    RFX_Text(u"sEconomicCode", m_sEconomicCode, u"کد اقتصادی");
+    RFX_Text(u"sPostalCode", m_sPostalCode, u"کد پستی");
+    RFX_Text(u"sAreaCode", m_sAreaCode, u"کد شهر تلفن");
+    RFX_Text(u"sTel", m_sTel, u"تلفن");
+    RFX_Text(u"sMobile", m_sMobile, u"موبایل");
+    RFX_Text(u"sAddress", m_sAddress, u"آدرس");
+    RFX_Long(u"iKind", m_iKind, u"نوع شخص");
+    RFX_Bool(u"bNatural", m_bNatural, u"حقیقی");
+    RFX_Long(u"iTaxKind", m_iTaxKind, u"کد نوع مودی");
+    RFX_Long(u"iTaxZone", m_iTaxZone, u"حوزه مالیاتی");
+    RFX_Long(u"iProvinceCode", m_iProvinceCode, u"کد استان");
+    RFX_Long(u"iCityCode", m_iCityCode, u"کد شهر");
+    RFX_Double(u"dPercentDiscount", m_dPercentDiscount, u"درصد تخفیف");
+    RFX_Long(u"iStatus", m_iStatus, u"وضعیت");
+}
+
+bool CTblPersons::Update(bool bThrow)
+{
+    standardize();
+    return KMySQL::Update(bThrow);
+}
+
+void CTblPersons::standardize()
+{
+    for (const Column &column : columns()) {
+        if (column.kind == ColumnKind::Text) {
+            auto *text = static_cast<QString *>(column.member);
+            *text = ConvertToStandard(*text);
+        }
+    }
+    if (const QString composed = displayName(m_sName, m_sFamily); !composed.isEmpty())
+        m_sName2 = composed;
+}
+
+int CTblPersons::nextCode(int database)
+{
+    CTblTemp temp(database);
+    temp.ExecuteQuery(QStringLiteral("SELECT MAX(iCode) FROM Persons"));
+    return temp.GetLongFieldValue(0) + 1;
+}
+
+QString CTblPersons::displayName(const QString &name, const QString &family)
+{
+    return ConvertToStandard(name + u' ' + family);
+}
+
+int CTblPersons::findByCode(int code, int exceptID, int database)
+{
+    return findOther(QStringLiteral("iCode=%1").arg(code), exceptID, database);
+}
+
+int CTblPersons::findByNationalCode(const QString &code, int exceptID, int database)
+{
+    const QString standard = ConvertToStandard(code);
+    if (standard.isEmpty())
+        return 0;
+    const QByteArray quoted = KConnection::forThread(database).quoted(standard);
+    return findOther(QStringLiteral("sNationalCode=") + QString::fromUtf8(quoted), exceptID, database);
+}

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CTblPersonsMini.h"
+
+#include "auto/db/KLookup.h"
+
+namespace {
+
+QString personsTable()
+{
+    return QStringLiteral("Persons");
+}
+
+QString keyColumn()
+{
+    return QStringLiteral("iID");
+}
+
+QString nameColumn()
+{
+    return QStringLiteral("sName2");
+}
+
+}
+
+CTblPersonsMini::CTblPersonsMini(int database) : KMySQL(database)
+{
+}
+
+CTblPersonsMini::~CTblPersonsMini() = default;
+
+QString CTblPersonsMini::GetTableName() const
+{
+    return personsTable();
+}
+
+void CTblPersonsMini::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iCode", m_iCode, u"کد شخص");
+    RFX_Text(u"sName2", m_sName2, u"نام و نام خانوادگی");
+}
+
+QString CTblPersonsMini::GetName(int id, int database)
+{
+    return id > 0 ? KLookup::name(personsTable(), keyColumn(), nameColumn(), id, database) : QString();
+}
+
+QHash<int, QString> CTblPersonsMini::GetNames(const QList<int> &ids, int database)
+{
+    return KLookup::names(personsTable(), keyColumn(), nameColumn(), ids, database);
+}

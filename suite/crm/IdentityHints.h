@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+// The sentences that stand beside a number which looks wrong. They never refuse an entry.
+namespace IdentityHints {
+
+// Empty when there is nothing to say. The kind is that of CTblPersons::m_iKind.
+QString nationalCode(const QString &code, int personKind);
+QString mobile(const QString &number);
+
+// A label for a hint, in the look that all hints share; it stays in the layout when it is empty.
+QLabel *createLabel(QWidget *parent);
+// Shows the hint, and tells it to a screen reader as the control's description.
+void show(const QString &hint, QLabel *label, QWidget *control);
+
+}

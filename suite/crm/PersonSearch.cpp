@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/PersonSearch.h"
+
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+// What may stand inside a name or number without being typed: blanks, joiners, kashida, vowel signs, marks between parts.
+QString filler()
+{
+    return QStringLiteral("[ .()/\u200C\u0640\u064B-\u0655\u0670\u0621-]*");
+}
+
+// Every character that a folded character stands for, as the inside of a bracket.
+QString waysOfWriting(QChar folded)
+{
+    const char16_t code = folded.unicode();
+    if (code >= u'0' && code <= u'9')
+        return QString(folded) + QChar(0x06F0 + (code - u'0')) + QChar(0x0660 + (code - u'0'));
+    switch (code) {
+    case 0x0627:
+        return QStringLiteral("\u0627\u0622\u0623\u0625\u0671");
+    case 0x0648:
+        return QStringLiteral("\u0648\u0624");
+    case 0x06CC:
+        return QStringLiteral("\u06CC\u064A\u0649\u0626");
+    case 0x06A9:
+        return QStringLiteral("\u06A9\u0643");
+    case 0x0647:
+        return QStringLiteral("\u0647\u0629\u06C0\u06D5");
+    default:
+        return folded;
+    }
+}
+
+}
+
+QString PersonSearch::pattern(const QString &word)
+{
+    QString result;
+    for (const QChar c : searchKey(word)) {
+        if (!c.isLetter() && !c.isDigit())
+            continue;
+        if (!result.isEmpty())
+            result += filler();
+        result += u'[' + waysOfWriting(c) + u']';
+    }
+    return result;
+}
+
+QStringList PersonSearch::columns()
+{
+    return {QStringLiteral("sName2"), QStringLiteral("iCode"), QStringLiteral("sNationalCode"),
+            QStringLiteral("sMobile"), QStringLiteral("sTel")};
+}
+
+QString PersonSearch::condition(const QString &typed)
+{
+    // A pattern holds letters and digits in brackets and the filler, so nothing typed can leave the quotes. The bar
+    // between the columns is no filler: a match never runs from one column into the next.
+    const QString searched = QStringLiteral("CONCAT_WS('|', %1)").arg(columns().join(QStringLiteral(", ")));
+    QStringList conditions;
+    for (const QString &word : ConvertToStandard(typed).split(u' ', Qt::SkipEmptyParts)) {
+        if (const QString expression = pattern(word); !expression.isEmpty())
+            conditions.append(QStringLiteral("%1 RLIKE '%2'").arg(searched, expression));
+    }
+    return conditions.join(QStringLiteral(" AND "));
+}
+
+QString PersonSearch::alphabetical(const QString &column)
+{
+    return QStringLiteral("CONVERT(%1 USING utf8mb4) COLLATE utf8mb4_persian_ci").arg(column);
+}
