@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAutomobilContractSetting.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/Money.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr std::size_t thirdTier = 2;
+
+KEdit *createPercent(const QString &name, const QString &description)
+{
+    auto *edit = new KEdit(KEdit::Kind::Percent);
+    edit->setAccessibleName(name);
+    edit->setAccessibleDescription(description);
+    edit->setMaximumWidth(90);
+    return edit;
+}
+
+KEdit *createAmount(const QString &name, const QString &description)
+{
+    auto *edit = new KEdit(KEdit::Kind::Money);
+    edit->setAccessibleName(name);
+    edit->setAccessibleDescription(description);
+    edit->setMinimumWidth(150);
+    return edit;
+}
+
+}
+
+CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
+    : KDialog(parent)
+{
+    setWindowTitle(QStringLiteral("تنظيمات"));
+    SetSettingName(QStringLiteral("AutomobilContractSetting"));
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(createTaxGroup());
+    layout->addWidget(createTierGroup());
+    layout->addLayout(createDemandLine());
+    layout->addStretch();
+    layout->addWidget(createButtons());
+    showSettings(ContractSettings::load());
+}
+
+QWidget *CDlgAutomobilContractSetting::createTaxGroup()
+{
+    auto *group = new QGroupBox(QStringLiteral("ماليات و عوارض"));
+    auto *line = new QHBoxLayout(group);
+    const auto addPercent = [line](const QString &text) {
+        auto *label = new QLabel(text);
+        KEdit *edit = createPercent(text, {});
+        label->setBuddy(edit);
+        line->addWidget(label);
+        line->addWidget(edit);
+        line->addWidget(new QLabel(QStringLiteral("%")));
+        return edit;
+    };
+    m_taxPercent = addPercent(QStringLiteral("ماليات :"));
+    line->addSpacing(24);
+    m_dutyPercent = addPercent(QStringLiteral("عوارض :"));
+    line->addStretch();
+    return group;
+}
+
+QWidget *CDlgAutomobilContractSetting::createTierGroup()
+{
+    auto *group = new QGroupBox;
+    auto *grid = new QGridLayout(group);
+    const QString moneyUnit = GetDBSetting()->MoneyUnitName();
+    for (int tier = 0; tier < int(m_tiers.size()); ++tier)
+        createTierRow(grid, tier, moneyUnit);
+    connect(m_thirdInUse, &QCheckBox::toggled, this, &CDlgAutomobilContractSetting::showThirdTier);
+    for (std::size_t tier = 0; tier < thirdTier; ++tier) {
+        connect(m_tiers[tier].ceiling, &KEdit::numberChanged, this,
+                [this, tier] { showNextLowerBound(tier); });
+    }
+    return group;
+}
+
+void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit)
+{
+    const QString fromText = QStringLiteral("مبلغ معامله از :");
+    const QString toText = QStringLiteral("تا :");
+    const QString description = QStringLiteral("پله %1 کمیسیون").arg(tier + 1);
+    TierRow &row = m_tiers[std::size_t(tier)];
+    row.lowerBound = createAmount(fromText, description);
+    row.lowerBound->setReadOnly(true);
+    row.lowerBound->setFocusPolicy(Qt::NoFocus);
+    row.ceiling = createAmount(toText, description);
+    row.percent = createPercent(QStringLiteral("%"), description);
+
+    QWidget *heading = nullptr;
+    if (std::size_t(tier) == thirdTier) {
+        heading = m_thirdInUse = new QCheckBox(fromText);
+        m_thirdInUse->setAccessibleName(fromText);
+    } else {
+        auto *label = new QLabel(fromText);
+        label->setBuddy(row.lowerBound);
+        heading = label;
+    }
+    auto *toLabel = new QLabel(toText);
+    toLabel->setBuddy(row.ceiling);
+    row.widgets = {row.lowerBound, new QLabel(moneyUnit), toLabel, row.ceiling, new QLabel(moneyUnit), row.percent,
+                   new QLabel(QStringLiteral("%"))};
+    grid->addWidget(heading, tier, 0);
+    for (int column = 0; column < row.widgets.size(); ++column)
+        grid->addWidget(row.widgets[column], tier, column + 1);
+}
+
+QLayout *CDlgAutomobilContractSetting::createDemandLine()
+{
+    auto *line = new QHBoxLayout;
+    m_archiveDemands = new QCheckBox(QStringLiteral("تقاضاهاي بيشتر از "));
+    m_archiveDemands->setAccessibleName(m_archiveDemands->text());
+    m_demandDays = new KEdit(KEdit::Kind::Integer);
+    m_demandDays->setMaximumWidth(90);
+    auto *label = new QLabel(QStringLiteral("روز را بايگاني نمايد."));
+    label->setBuddy(m_demandDays);
+    m_demandDays->setAccessibleName(label->text());
+    line->addWidget(m_archiveDemands);
+    line->addWidget(m_demandDays);
+    line->addWidget(label);
+    line->addStretch();
+    return line;
+}
+
+void CDlgAutomobilContractSetting::showSettings(const ContractSettings &settings)
+{
+    m_taxPercent->setNumber(settings.taxPercent);
+    m_dutyPercent->setNumber(settings.dutyPercent);
+    for (std::size_t tier = 0; tier < m_tiers.size(); ++tier) {
+        m_tiers[tier].ceiling->setNumber(settings.tiers.ceilings[tier]);
+        m_tiers[tier].percent->setNumber(settings.tiers.percents[tier]);
+    }
+    m_thirdInUse->setChecked(settings.tiers.thirdInUse);
+    showThirdTier(settings.tiers.thirdInUse);
+    m_archiveDemands->setChecked(settings.archiveDemands);
+    m_demandDays->setNumber(settings.demandDays);
+}
+
+ContractSettings CDlgAutomobilContractSetting::shownSettings() const
+{
+    ContractSettings settings;
+    settings.taxPercent = m_taxPercent->number();
+    settings.dutyPercent = m_dutyPercent->number();
+    for (std::size_t tier = 0; tier < m_tiers.size(); ++tier) {
+        settings.tiers.ceilings[tier] = m_tiers[tier].ceiling->number();
+        settings.tiers.percents[tier] = m_tiers[tier].percent->number();
+    }
+    settings.tiers.thirdInUse = m_thirdInUse->isChecked();
+    settings.archiveDemands = m_archiveDemands->isChecked();
+    settings.demandDays = m_demandDays->integer();
+    return settings;
+}
+
+void CDlgAutomobilContractSetting::showNextLowerBound(std::size_t tier)
+{
+    const double ceiling = m_tiers[tier].ceiling->number();
+    if (!IsEquals(ceiling, 0))
+        m_tiers[tier + 1].lowerBound->setNumber(ceiling + 1);
+}
+
+void CDlgAutomobilContractSetting::showThirdTier(bool shown)
+{
+    for (QWidget *widget : m_tiers[thirdTier].widgets)
+        widget->setVisible(shown);
+}
+
+bool CDlgAutomobilContractSetting::OnOK()
+{
+    GetDBSetting()->RequireOpenDB();
+    const QList<KEdit *> fields = findChildren<KEdit *>();
+    for (KEdit *field : fields) {
+        if (!field->isReadOnly() && field->isVisibleTo(this) && !field->isEntryValid())
+            return warn(field->entryError(), field);
+    }
+    const ContractSettings settings = shownSettings();
+    switch (settings.check()) {
+    case ContractSettings::Problem::SecondTierBelowFirst:
+        return warn(QStringLiteral("لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید."), m_tiers[1].ceiling);
+    case ContractSettings::Problem::ThirdTierBelowOthers:
+        return warn(QStringLiteral("لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید."), m_tiers[thirdTier].ceiling);
+    case ContractSettings::Problem::None:
+        break;
+    }
+    settings.save();
+    return true;
+}
+
+bool CDlgAutomobilContractSetting::warn(const QString &text, KEdit *field)
+{
+    g_pDlgWarning->Show(text, this);
+    field->setFocus();
+    field->selectAll();
+    return false;
+}

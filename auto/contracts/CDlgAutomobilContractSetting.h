@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/ContractSettings.h"
+#include "suite/utility/KDialog.h"
+
+#include <array>
+
+class KEdit;
+class QCheckBox;
+class QGridLayout;
+class QLayout;
+
+// The dialog of the contract settings: tax and duty on the commission, the commission tiers, archiving of demands.
+// Reads the settings of the open database when it is made and writes them on OK.
+class CDlgAutomobilContractSetting : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAutomobilContractSetting(QWidget *parent = nullptr);
+
+protected:
+    bool OnOK() override;
+
+private:
+    struct TierRow
+    {
+        KEdit *lowerBound = nullptr;    // display only
+        KEdit *ceiling = nullptr;
+        KEdit *percent = nullptr;
+        QList<QWidget *> widgets;       // all of the row but its heading
+    };
+
+    QWidget *createTaxGroup();
+    QWidget *createTierGroup();
+    QLayout *createDemandLine();
+    void createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit);
+    void showSettings(const ContractSettings &settings);
+    ContractSettings shownSettings() const;
+    void showNextLowerBound(std::size_t tier);
+    void showThirdTier(bool shown);
+    bool warn(const QString &text, KEdit *field);
+
+    KEdit *m_taxPercent = nullptr;
+    KEdit *m_dutyPercent = nullptr;
+    std::array<TierRow, 3> m_tiers;
+    QCheckBox *m_thirdInUse = nullptr;
+    QCheckBox *m_archiveDemands = nullptr;
+    KEdit *m_demandDays = nullptr;
+};
