@@ -41,7 +41,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
         return 1;
     } catch (const CMySQLException &) {
-        g_pDlgMessage->Show(QString::asprintf("عملیات ارتقاء پایگاه داده Auto با خطا مواجه شد\nنسخه برنامه : %f\nارتقاء بدون مشکل تا %f.",
+        g_pDlgWarning->Show(QString::asprintf("عملیات ارتقاء پایگاه داده Auto با خطا مواجه شد\nنسخه برنامه : %f\nارتقاء بدون مشکل تا %f.",
                                               storedVersion, reachedVersion));
         return 0;
     }

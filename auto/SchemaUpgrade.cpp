@@ -5,8 +5,9 @@
 
 #include "auto/SchemaTables.h"
 #include "auto/db/CTblTemp.h"
-#include "auto/db/KConnection.h"
 #include "auto/db/KTableSchema.h"
+
+#include <optional>
 
 namespace {
 
@@ -51,12 +52,20 @@ constexpr char demandsGainAlarm[] =
     "ALTER TABLE AutomobilDemands "
     "ADD COLUMN iAlarmID INT DEFAULT 0";
 
+// A column that an alteration renamed, under its new name.
+struct RenamedColumn
+{
+    const char *table;
+    const char *column;
+};
+
 // A step alters, then drops and creates tables; either may be missing.
 struct Step
 {
     double version;
     const char *alteration;
     std::span<const SchemaTables::Table *const> tables;
+    std::optional<RenamedColumn> renamed = std::nullopt;
 };
 
 constexpr const SchemaTables::Table *firstTables[] = {
@@ -77,7 +86,7 @@ constexpr Step steps[] = {
     {4.22, nullptr, firstTables},
     {4.659, contractsGainSecondParty, {}},
     {4.673, nullptr, paymentTables},
-    {5.097, informationsGainInsurance, catalogTables},
+    {5.097, informationsGainInsurance, catalogTables, RenamedColumn{"AutomobilInformations", "iBodyStatus"}},
     {5.104, informationsGainYear, {}},
     {SchemaUpgrade::currentVersion, demandsGainAlarm, {}},
 };
@@ -118,10 +127,32 @@ struct SchemaMemory
     ~SchemaMemory() { KTableSchema::forgetAll(); }
 };
 
+bool isRenamed(const RenamedColumn &renamed, CTblTemp &session)
+{
+    session.ExecuteQuery(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
+                                        " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'")
+                             .arg(QLatin1String(renamed.table), QLatin1String(renamed.column)));
+    return session.GetLongFieldValue(0) > 0;
+}
+
+// An alteration that ran before, in a step that then failed, says so by a duplicate column, which ExecuteQuery passes over
+// when the flag is false. One that renames a column misses the old name before the server looks for duplicates: that is
+// passed over in the same way when the new name is there, for the server alters a table whole or not at all.
+void alter(const Step &step, CTblTemp &session, bool alterFlag)
+{
+    constexpr unsigned int unknownColumn = 1054;
+    try {
+        session.ExecuteQuery(step.alteration, alterFlag, true);
+    } catch (const CMySQLException &error) {
+        if (alterFlag || !step.renamed || error.serverCode() != unknownColumn || !isRenamed(*step.renamed, session))
+            throw;
+    }
+}
+
 void runStep(const Step &step, CTblTemp &session, bool alterFlag)
 {
     if (step.alteration)
-        session.ExecuteQuery(step.alteration, alterFlag, true);
+        alter(step, session, alterFlag);
     for (const SchemaTables::Table *table : step.tables) {
         session.ExecuteQuery(SchemaTables::dropStatement(*table).toUtf8().constData(), true, true);
         session.ExecuteQuery(SchemaTables::createStatement(*table).toUtf8().constData(), true, true);
