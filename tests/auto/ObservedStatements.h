@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KConnection.h"
+
+#include <QStringList>
+
+// The statements that run while an object of it lives, in their order, of those that begin with one of the given words.
+// Statements that only set the session up are left out by the words, on purpose and in plain sight.
+class ObservedStatements
+{
+public:
+    explicit ObservedStatements(QStringList words)
+    {
+        KConnection::setStatementObserver([this, words](const QString &statement) {
+            for (const QString &word : words) {
+                if (statement.startsWith(word))
+                    m_statements.append(statement);
+            }
+        });
+    }
+    ~ObservedStatements() { KConnection::setStatementObserver(nullptr); }
+    ObservedStatements(const ObservedStatements &) = delete;
+    ObservedStatements &operator=(const ObservedStatements &) = delete;
+
+    QStringList taken() const { return m_statements; }
+
+private:
+    QStringList m_statements;
+};

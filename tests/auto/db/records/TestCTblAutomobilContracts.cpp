@@ -1,0 +1,265 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CTblAutomobilContracts.h"
+
+#include "auto/db/CMySQLException.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/auto/ObservedStatements.h"
+
+#include <QFile>
+#include <QTest>
+
+class TestCTblAutomobilContracts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void bindingsStandInOrderWithTheirCaptions();
+    void everyColumnOfTheTableIsBound();
+    void constructionSetsZeroAndEmpty();
+    void everyMemberIsStoredAndReadBack();
+    void nextCodeOnAnEmptyTableIsOne();
+    void nextCodeIsOneMoreThanTheHighest();
+    void deleteRunsItsFiveStepsInOrder();
+    void deleteTakesDocumentFilesAndCustomFieldsOfThisContractOnly();
+    void deletingAContractWithoutADocumentDeletesNoDocument();
+    void failureInTheFirstStepLeavesTheDocument();
+    void failureInALaterStepLeavesTheContractDeleted();
+    void archiveAndBackSetTheTimeBothTimes();
+
+private:
+    qint32 addContract(qint32 code, qint32 docNum = 0);
+    QString count(const char *table) { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM ") + QLatin1String(table)); }
+
+    TestDatabase m_database;
+};
+
+void TestCTblAutomobilContracts::init()
+{
+    prepareModuleTables(m_database);
+}
+
+qint32 TestCTblAutomobilContracts::addContract(qint32 code, qint32 docNum)
+{
+    CTblAutomobilContracts contract;
+    contract.AddNew();
+    contract.m_iCode = code;
+    contract.m_iDocNum = docNum;
+    contract.m_iFiscalYear = 1405;
+    contract.Update(true);
+    if (docNum != 0) {
+        m_database.run(QStringLiteral("INSERT INTO Documents (iNum, iFiscalYear, iKind) VALUES (%1, 1405, 28)").arg(docNum));
+        m_database.run(QStringLiteral("INSERT INTO Docs (iDocNum, iFiscalYear, dBed) VALUES (%1, 1405, 5)").arg(docNum));
+    }
+    const auto key = qint32(contract.GetLastInsertedID());
+    m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (69, %1, 'a')").arg(key));
+    m_database.run(QStringLiteral("INSERT INTO CustomFieldRecords (iTable, iRecordID, iFieldID, sValue) VALUES (69, %1, 1, 'a')").arg(key));
+    return key;
+}
+
+void TestCTblAutomobilContracts::bindingsStandInOrderWithTheirCaptions()
+{
+    QFile file(QStringLiteral(TZ_TEST_SOURCE "/contract_columns.tsv"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    static const QHash<KMySQL::ColumnKind, QString> kinds{
+        {KMySQL::ColumnKind::Long, QStringLiteral("long")},     {KMySQL::ColumnKind::Text, QStringLiteral("text")},
+        {KMySQL::ColumnKind::Date, QStringLiteral("date")},     {KMySQL::ColumnKind::Double, QStringLiteral("double")},
+        {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
+    };
+    CTblAutomobilContracts contract;
+    const auto &columns = contract.columns();
+    QCOMPARE(columns.size(), size_t(126));
+    int number = 0;
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
+        if (line.startsWith(QLatin1Char('#')))
+            continue;
+        const KMySQL::Column &column = columns[size_t(number++)];
+        QStringList lookup{column.lookupTable, column.lookupKey, column.lookupDisplay};
+        lookup.removeAll(QString());
+        QCOMPARE(QStringLiteral("%1\t%2\t%3\t[%4]\t%5")
+                     .arg(QString::number(number), column.name, kinds.value(column.kind), column.caption,
+                          lookup.join(QLatin1Char(','))),
+                 line);
+    }
+    QCOMPARE(number, 126);
+}
+
+void TestCTblAutomobilContracts::everyColumnOfTheTableIsBound()
+{
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE "
+                                             "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilContracts'")),
+             QStringLiteral("126"));
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.Open(false, true, true));
+    QVERIFY(contract.IsEOF());
+}
+
+void TestCTblAutomobilContracts::constructionSetsZeroAndEmpty()
+{
+    CTblAutomobilContracts contract;
+    QCOMPARE(contract.GetTableName(), QStringLiteral("AutomobilContracts"));
+    for (const KMySQL::Column &column : contract.columns()) {
+        const QVariant value = contract.value(column.name);
+        switch (column.kind) {
+        case KMySQL::ColumnKind::Text: QVERIFY(value.toString().isEmpty()); break;
+        case KMySQL::ColumnKind::Date: QVERIFY(!value.toDateTime().isValid()); break;
+        default: QCOMPARE(value.toDouble(), 0.0); break;
+        }
+    }
+}
+
+void TestCTblAutomobilContracts::everyMemberIsStoredAndReadBack()
+{
+    CTblAutomobilContracts written;
+    QHash<QString, QVariant> expected;
+    int number = 0;
+    written.AddNew();
+    for (const KMySQL::Column &column : written.columns()) {
+        ++number;
+        if (column.name == QLatin1String("iID"))
+            continue;
+        QVariant value;
+        switch (column.kind) {
+        case KMySQL::ColumnKind::Text: value = QStringLiteral("متن %1").arg(number); break;
+        case KMySQL::ColumnKind::Date: value = QDateTime(QDate(2026, 1, 1), QTime(1, 2, 3), Qt::UTC).addDays(number); break;
+        case KMySQL::ColumnKind::Double: value = number + 0.25; break;
+        default: value = number; break;
+        }
+        written.setValue(column.name, value);
+        expected.insert(column.name, value);
+    }
+    written.Update(true);
+
+    CTblAutomobilContracts read;
+    QVERIFY(read.IsRecordExist(QStringLiteral("iID"), qint32(written.GetLastInsertedID())));
+    for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+        QVERIFY2(read.value(it.key()) == it.value(), qPrintable(it.key()));
+}
+
+void TestCTblAutomobilContracts::nextCodeOnAnEmptyTableIsOne()
+{
+    ObservedStatements observed({QStringLiteral("SELECT")});
+    QCOMPARE(CTblAutomobilContracts::nextCode(), 1);
+    QCOMPARE(observed.taken(), QStringList(QStringLiteral("SELECT MAX(iCode) FROM AutomobilContracts")));
+}
+
+void TestCTblAutomobilContracts::nextCodeIsOneMoreThanTheHighest()
+{
+    addContract(40);
+    addContract(7);
+    QCOMPARE(CTblAutomobilContracts::nextCode(), 41);
+}
+
+void TestCTblAutomobilContracts::deleteRunsItsFiveStepsInOrder()
+{
+    const qint32 key = addContract(1, 12);
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    ObservedStatements observed({QStringLiteral("DELETE")});
+    QVERIFY(contract.Delete());
+    const QStringList statements = observed.taken();
+    const QString deleteRow = QStringLiteral("DELETE FROM AutomobilContracts WHERE iID=%1 LIMIT 1").arg(key);
+    QVERIFY(statements.size() >= 6);
+    QCOMPARE(statements.first(), deleteRow);
+    QCOMPARE(statements.last(), deleteRow);
+    const auto position = [&statements](const char *table) {
+        const QString start = QStringLiteral("DELETE FROM ") + QLatin1String(table) + QLatin1Char(' ');
+        for (qsizetype i = 0; i < statements.size(); ++i) {
+            if (statements[i].startsWith(start))
+                return i;
+        }
+        return qsizetype(-1);
+    };
+    QVERIFY(position("Docs") > 0);
+    QVERIFY(position("Docs") < position("Documents"));
+    QVERIFY(position("Documents") < position("FileDocs"));
+    QVERIFY(position("FileDocs") < position("CustomFieldRecords"));
+    QVERIFY(position("CustomFieldRecords") < statements.size() - 1);
+}
+
+void TestCTblAutomobilContracts::deleteTakesDocumentFilesAndCustomFieldsOfThisContractOnly()
+{
+    const qint32 key = addContract(1, 12);
+    const qint32 other = addContract(2, 13);
+    m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (68, %1, 'car')").arg(key));
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    QVERIFY(contract.Delete());
+    QVERIFY(!contract.IsRecordExist(QStringLiteral("iID"), key));
+    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), other));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iNum) FROM Documents")), QStringLiteral("13"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iDocNum) FROM Docs")), QStringLiteral("13"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iTable, ':', iRecordID ORDER BY iTable) FROM FileDocs")),
+             QStringLiteral("68:%1,69:%2").arg(key).arg(other));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM CustomFieldRecords")), QString::number(other));
+}
+
+void TestCTblAutomobilContracts::deletingAContractWithoutADocumentDeletesNoDocument()
+{
+    addContract(1, 12);
+    const qint32 key = addContract(2);
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    QVERIFY(contract.Delete());
+    QCOMPARE(count("AutomobilContracts"), QStringLiteral("1"));
+    QCOMPARE(count("Documents"), QStringLiteral("1"));
+    QCOMPARE(count("Docs"), QStringLiteral("1"));
+    QCOMPARE(count("FileDocs"), QStringLiteral("1"));
+}
+
+void TestCTblAutomobilContracts::failureInTheFirstStepLeavesTheDocument()
+{
+    const qint32 key = addContract(1, 12);
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    m_database.run(QStringLiteral("RENAME TABLE AutomobilContracts TO AutomobilContractsAway"));
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, contract.Delete());
+    QCOMPARE(count("AutomobilContractsAway"), QStringLiteral("1"));
+    QCOMPARE(count("Documents"), QStringLiteral("1"));
+    QCOMPARE(count("Docs"), QStringLiteral("1"));
+    QCOMPARE(count("FileDocs"), QStringLiteral("1"));
+}
+
+void TestCTblAutomobilContracts::failureInALaterStepLeavesTheContractDeleted()
+{
+    const qint32 key = addContract(1, 12);
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    m_database.run(QStringLiteral("RENAME TABLE FileDocs TO FileDocsAway"));
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, contract.Delete());
+    QCOMPARE(count("AutomobilContracts"), QStringLiteral("0"));
+    QCOMPARE(count("Documents"), QStringLiteral("0"));
+    QCOMPARE(count("CustomFieldRecords"), QStringLiteral("1"));
+}
+
+void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()
+{
+    addContract(5);
+    addContract(6);
+    {
+        ObservedStatements observed({QStringLiteral("UPDATE")});
+        CTblAutomobilContracts::archive(5, 3);
+        QCOMPARE(observed.taken(),
+                 QStringList(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=5")));
+    }
+    QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=3 AND "
+                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")), QStringLiteral("5"));
+    m_database.run(QStringLiteral("UPDATE AutomobilContracts SET dateArchive='2020-01-01'"));
+    {
+        ObservedStatements observed({QStringLiteral("UPDATE")});
+        CTblAutomobilContracts::unarchive(5);
+        QCOMPARE(observed.taken(),
+                 QStringList(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=5")));
+    }
+    QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=0 AND "
+                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")), QStringLiteral("5"));
+    CTblAutomobilContracts::archive(999, 3);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE iArchiveUserID<>0")),
+             QStringLiteral("0"));
+}
+
+QTEST_GUILESS_MAIN(TestCTblAutomobilContracts)
+#include "TestCTblAutomobilContracts.moc"
