@@ -8,6 +8,9 @@
 #include "host/Backup.h"
 #include "host/CDlgAbout.h"
 #include "host/CDlgChangePassword.h"
+#include "host/CDlgDocuments.h"
+#include "host/CDlgSettings.h"
+#include "host/CDlgUsers.h"
 #include "host/StartPage.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/CDBSetting.h"
@@ -78,6 +81,13 @@ MainWindow::~MainWindow()
         GetDBSetting()->SetTabHost(nullptr);
 }
 
+template <class Page>
+void MainWindow::openOnce()
+{
+    if (!m_workArea->showExisting<Page>())
+        GetDBSetting()->AddDialogToTabPage_(new Page, 1, 0);
+}
+
 QAction *MainWindow::addCommand(QMenu *menu, const Command &command)
 {
     auto *action = new QAction(command.text, this);
@@ -114,17 +124,20 @@ void MainWindow::buildAutoMenu()
 void MainWindow::buildBookMenu()
 {
     QMenu *menu = menuBar()->addMenu(QStringLiteral("اشخاص و اسناد"));
-    m_startActions.append(addCommand(menu, {QStringLiteral("اشخاص"), QStringLiteral("users"),
-                                            [this] {
-                                                if (!m_workArea->showExisting<CDlgPersons>())
-                                                    openPage(new CDlgPersons);
-                                            },
+    m_startActions.append(addCommand(menu, {QStringLiteral("اشخاص"), QStringLiteral("users"), [this] { openOnce<CDlgPersons>(); },
                                             QKeySequence(Qt::CTRL | Qt::Key_2)}));
+    m_startActions.append(addCommand(menu, {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"),
+                                            [this] { openOnce<CDlgDocuments>(); }, QKeySequence(Qt::CTRL | Qt::Key_3)}));
 }
 
 void MainWindow::buildManagementMenu()
 {
     QMenu *menu = menuBar()->addMenu(QStringLiteral("مدیریت"));
+    m_startActions.append(addCommand(menu, {QStringLiteral("کاربران و دسترسی‌ها"), QStringLiteral("user"),
+                                            [this] { openOnce<CDlgUsers>(); }, QKeySequence(Qt::CTRL | Qt::Key_4)}));
+    m_startActions.append(addCommand(menu, {QStringLiteral("تنظیمات"), QStringLiteral("settings"), [this] { editSettings(); },
+                                            QKeySequence(Qt::CTRL | Qt::Key_5)}));
+    menu->addSeparator();
     m_startActions.append(addCommand(menu, {QStringLiteral("پشتیبان‌گیری"), QStringLiteral("save"),
                                             [this] { Backup::takeNow(m_folder.backupsPath(), this); },
                                             QKeySequence(Qt::CTRL | Qt::Key_B)}));
@@ -195,9 +208,13 @@ void MainWindow::openContracts()
     m_module->ShowAutomobilContractDlg();
 }
 
-void MainWindow::openPage(KDialogTabPage *page)
+void MainWindow::editSettings()
 {
-    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+    KSecurity security;
+    security.SetFormName(QStringLiteral("Settings"));
+    security.CheckSecurity();
+    if (security.CheckAccessSecurity() && security.CheckModifySecurity() && CDlgSettings(this).exec() == QDialog::Accepted)
+        refresh();
 }
 
 void MainWindow::restoreWindow()

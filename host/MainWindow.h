@@ -11,7 +11,6 @@
 #include <functional>
 
 class CAutoDBSetting;
-class KDialogTabPage;
 class QLabel;
 class StartPage;
 class WorkArea;
@@ -57,7 +56,10 @@ private:
     void buildProgramMenu();
     void buildStatusBar();
     void openContracts();
-    void openPage(KDialogTabPage *page);
+    // Brings the page of that type to the front; opens one when there is none and the user may see it.
+    template <class Page>
+    void openOnce();
+    void editSettings();
     void showDate();
     void restoreWindow();
 

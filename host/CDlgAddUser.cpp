@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgAddUser.h"
+
+#include "auto/db/KTransaction.h"
+#include "host/CDlgFirstStart.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QVBoxLayout>
+
+CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
+    : KDialog(parent)
+    , m_userID(userID)
+    , m_admin(new QCheckBox(QStringLiteral("مدیر برنامه (همه دسترسی‌ها)"), this))
+    , m_active(new QCheckBox(QStringLiteral("فعال"), this))
+{
+    setWindowTitle(userID == 0 ? QStringLiteral("کاربر جدید") : QStringLiteral("ویرایش کاربر"));
+    auto *form = new QFormLayout;
+    m_user = addEdit(form, QStringLiteral("نام کاربری :"), 50);
+    m_name = addEdit(form, QStringLiteral("نام :"), 100);
+    m_password = addEdit(form, QStringLiteral("کلمه عبور :"), 200);
+    m_repeated = addEdit(form, QStringLiteral("تکرار کلمه عبور :"), 200);
+    for (KEdit *edit : {m_password, m_repeated}) {
+        edit->setEchoMode(QLineEdit::Password);
+        if (userID != 0)
+            edit->setPlaceholderText(QStringLiteral("بدون تغییر"));
+    }
+    form->addRow(QString(), m_admin);
+    form->addRow(QString(), m_active);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(form);
+    column->addWidget(createButtons());
+    m_active->setChecked(true);
+    load();
+    m_user->setFocus();
+}
+
+KEdit *CDlgAddUser::addEdit(QFormLayout *form, const QString &caption, int maxLength)
+{
+    auto *edit = new KEdit(this);
+    edit->setMaxLength(maxLength);
+    edit->setAccessibleName(caption);
+    edit->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
+    form->addRow(caption, edit);
+    return edit;
+}
+
+void CDlgAddUser::load()
+{
+    CTblUsers user;
+    if (m_userID == 0 || !user.IsRecordExist(QStringLiteral("iID"), m_userID))
+        return;
+    m_user->setText(user.m_sUser);
+    m_name->setText(user.m_sName);
+    m_admin->setChecked(user.m_bAdmin != 0);
+    m_active->setChecked(user.m_iStatus == 0);
+}
+
+bool CDlgAddUser::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus();
+    return false;
+}
+
+bool CDlgAddUser::validate()
+{
+    if (ConvertToStandard(m_user->text()).isEmpty())
+        return refuse(QStringLiteral("لطفا نام کاربری را وارد نمایید."), m_user);
+    const bool keepsPassword = m_userID != 0 && m_password->text().isEmpty() && m_repeated->text().isEmpty();
+    const QString problem = keepsPassword ? QString() : CDlgFirstStart::passwordProblem(m_password->text(), m_repeated->text());
+    if (!problem.isEmpty())
+        return refuse(problem, m_password);
+    if (m_userID == 0)
+        return true;
+    if (m_userID == GetDBSetting()->GetUserID() && !m_active->isChecked())
+        return refuse(QStringLiteral("کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."), m_active);
+    if ((!m_admin->isChecked() || !m_active->isChecked()) && !CTblUsers::hasOtherAdmin(m_userID))
+        return refuse(QStringLiteral("برنامه باید دست‌کم یک مدیر فعال داشته باشد."), m_admin);
+    return true;
+}
+
+void CDlgAddUser::store()
+{
+    KTransaction transaction;
+    if (m_userID == 0)
+        m_userID = CTblUsers::create(m_user->text(), m_password->text(), m_name->text(), m_admin->isChecked());
+    else if (!m_password->text().isEmpty())
+        CTblUsers::setPassword(m_userID, m_password->text());
+    CTblUsers user;
+    if (user.IsRecordExist(QStringLiteral("iID"), m_userID)) {
+        user.Edit();
+        user.m_sUser = ConvertToStandard(m_user->text());
+        user.m_sName = ConvertToStandard(m_name->text());
+        user.m_bAdmin = m_admin->isChecked() ? 1 : 0;
+        user.m_iStatus = m_active->isChecked() ? 0 : 1;
+        user.Update(true);
+    }
+    transaction.commit();
+}
+
+bool CDlgAddUser::OnOK()
+{
+    if (!validate())
+        return false;
+    const int before = m_userID;
+    try {
+        const KWaitCursor wait;
+        store();
+    } catch (...) {
+        m_userID = before;
+        throw;
+    }
+    return true;
+}

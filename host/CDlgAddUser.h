@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+class KEdit;
+class QCheckBox;
+class QFormLayout;
+
+// Editor of a user; key 0 for a new one. An empty password keeps the one that the user has.
+class CDlgAddUser : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddUser(int userID, QWidget *parent = nullptr);
+
+    // The key of the user, also of a new one after OK.
+    int userID() const { return m_userID; }
+
+protected:
+    bool OnOK() override;
+
+private:
+    KEdit *addEdit(QFormLayout *form, const QString &caption, int maxLength);
+    void load();
+    bool validate();
+    void store();
+    bool refuse(const QString &message, QWidget *field);
+
+    int m_userID;
+    KEdit *m_user;
+    KEdit *m_name;
+    KEdit *m_password;
+    KEdit *m_repeated;
+    QCheckBox *m_admin;
+    QCheckBox *m_active;
+};

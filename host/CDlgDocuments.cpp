@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgDocuments.h"
+
+#include "auto/db/KLookup.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+enum ListColumn {
+    NumberColumn,
+    DocumentColumn,
+    YearColumn,
+    DateColumn,
+    KindColumn,
+    DescriptionColumn,
+    AmountColumn,
+    UserColumn
+};
+
+QString kindName(int kind)
+{
+    switch (kind) {
+    case Accounts::documentKindReceipt:
+        return QStringLiteral("دریافت نقدی");
+    case Accounts::documentKindContract:
+        return QStringLiteral("قرارداد");
+    default:
+        return QStringLiteral("سایر");
+    }
+}
+
+KListModel::Cell numberCell(int value)
+{
+    return {QString::number(value), value};
+}
+
+KListModel::Cell moneyCell(double amount)
+{
+    return {DToMoney(amount), amount};
+}
+
+}
+
+CDlgDocuments::CDlgDocuments(QWidget *parent)
+    : KListPage(QStringLiteral("اسناد حسابداری"), QStringLiteral("Documents"), QStringLiteral("Documents"), parent)
+{
+    setReadOnlyMode(true);
+    build();
+    buildRowsPane();
+    connect(list(), &KExtListCtrl::currentKeyChanged, this, [this](int key) { guarded([&] { showRows(key); }); });
+}
+
+QVector<KListModel::Column> CDlgDocuments::listColumns() const
+{
+    return {
+        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
+        {QStringLiteral("شماره سند"), Qt::AlignHCenter, 50, QStringLiteral("iNum")},
+        {QStringLiteral("سال مالی"), Qt::AlignHCenter, 45, QStringLiteral("iFiscalYear")},
+        {QStringLiteral("تاریخ سند"), Qt::AlignHCenter, 55, QStringLiteral("date"), true},
+        {QStringLiteral("نوع سند"), Qt::AlignRight, 60, QStringLiteral("iKind")},
+        {QStringLiteral("شرح سند"), Qt::AlignRight, 200, QStringLiteral("sDesc")},
+        {QStringLiteral("مبلغ"), Qt::AlignLeft, 80, {}},
+        {QStringLiteral("کاربر"), Qt::AlignRight, 60, QStringLiteral("iUserID")},
+    };
+}
+
+std::vector<KListCommand> CDlgDocuments::commands()
+{
+    return {};
+}
+
+void CDlgDocuments::buildFilters(QGridLayout *grid)
+{
+    m_year = new QComboBox(this);
+    m_year->addItem(QStringLiteral("همه"), 0);
+    for (int year : DocumentRows::fiscalYears())
+        m_year->addItem(QString::number(year), year);
+    m_number = new KEdit(KEdit::Kind::Integer, this);
+    m_text = new KEdit(KEdit::Kind::QueryText, this);
+    m_from = new KDateEdit(this);
+    m_to = new KDateEdit(this);
+    addFilter(grid, 0, 0, QStringLiteral("سال مالی :"), m_year);
+    addFilter(grid, 0, 2, QStringLiteral("شماره سند :"), m_number);
+    addFilter(grid, 0, 4, QStringLiteral("از تاریخ :"), m_from);
+    addFilter(grid, 0, 6, QStringLiteral("تا تاریخ :"), m_to);
+    addFilter(grid, 1, 0, QStringLiteral("شرح سند :"), m_text, 7);
+}
+
+std::unique_ptr<KMySQL> CDlgDocuments::makeRecords() const
+{
+    return std::make_unique<CTblDocuments>();
+}
+
+QString CDlgDocuments::filterClauses() const
+{
+    QString clauses;
+    if (const int year = m_year->currentData().toInt(); year > 0)
+        clauses += QStringLiteral(" AND iFiscalYear=%1").arg(year);
+    if (m_number->integer() > 0)
+        clauses += QStringLiteral(" AND iNum=%1").arg(m_number->integer());
+    if (m_from->dateTime().isValid())
+        clauses += QStringLiteral(" AND date>=%1").arg(DateToSQL(m_from->dateTime()));
+    if (m_to->dateTime().isValid())
+        clauses += QStringLiteral(" AND date<%1").arg(DateToSQL(m_to->dateTime().addDays(1)));
+    if (!m_text->queryText().isEmpty())
+        clauses += QStringLiteral(" AND sDesc LIKE '%") + m_text->queryText() + QStringLiteral("%'");
+    return clauses;
+}
+
+QString CDlgDocuments::defaultSort() const
+{
+    return QStringLiteral("iFiscalYear DESC,iNum DESC");
+}
+
+void CDlgDocuments::beginRows()
+{
+    m_keys.clear();
+    m_userIDs.clear();
+}
+
+KListModel::Row CDlgDocuments::makeRow(KMySQL &record, int number)
+{
+    const auto &document = static_cast<const CTblDocuments &>(record);
+    m_keys.append({document.m_iFiscalYear, document.m_iNum});
+    m_userIDs.append(document.m_iUserID);
+    return {document.m_iID,
+            {numberCell(number), numberCell(document.m_iNum), numberCell(document.m_iFiscalYear),
+             {shamsiText(document.m_date.date()), document.m_date}, {kindName(document.m_iKind)}, {document.m_sDesc}, {}, {}}};
+}
+
+void CDlgDocuments::completeRows(QVector<KListModel::Row> &rows)
+{
+    const QHash<DocumentRows::DocumentKey, double> amounts = DocumentRows::amounts(m_keys);
+    const QHash<int, QString> users = KLookup::names(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"),
+                                                     m_userIDs);
+    for (qsizetype index = 0; index < rows.size(); ++index) {
+        rows[index].cells[AmountColumn] = moneyCell(amounts.value(m_keys.at(index)));
+        rows[index].cells[UserColumn] = {users.value(m_userIDs.at(index))};
+    }
+}
+
+void CDlgDocuments::activated(int key)
+{
+    showRows(key);
+    m_rows->setFocus();
+}
+
+QWidget *CDlgDocuments::firstFilterControl() const
+{
+    return m_year;
+}
+
+void CDlgDocuments::buildRowsPane()
+{
+    m_rows = new KExtListCtrl(this);
+    m_rows->setAccessibleName(QStringLiteral("ردیف‌های سند"));
+    m_rows->setColumns({
+        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
+        {QStringLiteral("کد حساب"), Qt::AlignHCenter, 50, {}},
+        {QStringLiteral("نام حساب"), Qt::AlignRight, 110, {}},
+        {QStringLiteral("شخص"), Qt::AlignRight, 110, {}},
+        {QStringLiteral("شرح"), Qt::AlignRight, 170, {}},
+        {QStringLiteral("بدهکار"), Qt::AlignLeft, 75, {}},
+        {QStringLiteral("بستانکار"), Qt::AlignLeft, 75, {}},
+    });
+    m_rows->SetSettingName(QStringLiteral("Documents\\Rows"));
+    m_totals = new QLabel(this);
+    auto *title = new QLabel(QStringLiteral("ردیف‌های سند انتخاب‌شده"), this);
+    title->setBuddy(m_rows);
+    auto *column = static_cast<QVBoxLayout *>(layout());
+    column->addWidget(title);
+    column->addWidget(m_rows, 1);
+    column->addWidget(m_totals);
+}
+
+void CDlgDocuments::showRows(int key)
+{
+    const int row = list()->listModel()->rowOfKey(key);
+    const QList<DocumentRows::Row> found = row < 0 || row >= m_keys.size()
+        ? QList<DocumentRows::Row>()
+        : DocumentRows::read(m_keys.at(row).second, m_keys.at(row).first);
+    QVector<KListModel::Row> rows;
+    for (const DocumentRows::Row &entry : found)
+        rows.append({entry.id,
+                     {numberCell(static_cast<int>(rows.size()) + 1), numberCell(entry.account), {entry.accountName},
+                      {entry.person}, {entry.description}, moneyCell(entry.debit), moneyCell(entry.credit)}});
+    m_rows->setRows(std::move(rows));
+    const DocumentRows::Totals sum = DocumentRows::totals(found);
+    m_totals->setText(found.isEmpty() ? QString()
+                                      : QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2")
+                                            .arg(DToMoney(sum.debit), DToMoney(sum.credit)));
+}
+
+QString CDlgDocuments::totalsText() const
+{
+    return m_totals->text();
+}

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/DocumentRows.h"
+#include "suite/accounting/KListPage.h"
+
+class KDateEdit;
+class QComboBox;
+
+// The accounting documents with the rows of the selected one; nothing can be changed here, because every document belongs
+// to the record that made it.
+class CDlgDocuments : public KListPage
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgDocuments(QWidget *parent = nullptr);
+
+    // The list of the selected document's rows.
+    KExtListCtrl *rowsList() const { return m_rows; }
+    QString totalsText() const;
+
+protected:
+    QVector<KListModel::Column> listColumns() const override;
+    std::vector<KListCommand> commands() override;
+    void buildFilters(QGridLayout *grid) override;
+    std::unique_ptr<KMySQL> makeRecords() const override;
+    QString filterClauses() const override;
+    KListModel::Row makeRow(KMySQL &record, int number) override;
+    void beginRows() override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
+    QString defaultSort() const override;
+    void activated(int key) override;
+    QWidget *firstFilterControl() const override;
+
+private:
+    void buildRowsPane();
+    void showRows(int key);
+
+    QComboBox *m_year = nullptr;
+    KEdit *m_number = nullptr;
+    KEdit *m_text = nullptr;
+    KDateEdit *m_from = nullptr;
+    KDateEdit *m_to = nullptr;
+    KExtListCtrl *m_rows = nullptr;
+    QLabel *m_totals = nullptr;
+    QList<DocumentRows::DocumentKey> m_keys;
+    QList<int> m_userIDs;
+};

@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgSettings.h"
+
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CDlgAddCompanyProps.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int mostDecimals = 4;
+
+void addRow(QFormLayout *form, const QString &caption, QWidget *field)
+{
+    field->setAccessibleName(caption);
+    form->addRow(caption, field);
+}
+
+}
+
+CDlgSettings::CDlgSettings(QWidget *parent)
+    : KDialog(parent)
+    , m_wasClosed(GetDBSetting()->IsClosedDB())
+{
+    setWindowTitle(QStringLiteral("تنظیمات"));
+    auto *column = new QVBoxLayout(this);
+    for (QGroupBox *box : {buildCompany(), buildMoney(), buildFiscalYear()}) {
+        box->setEnabled(!m_wasClosed);
+        column->addWidget(box);
+    }
+    column->addWidget(buildDatabase());
+    column->addWidget(createButtons());
+    setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    load();
+}
+
+QGroupBox *CDlgSettings::buildCompany()
+{
+    auto *box = new QGroupBox(QStringLiteral("نمایشگاه"), this);
+    auto *button = new QPushButton(QStringLiteral("مشخصات نمایشگاه"), box);
+    button->setAccessibleName(button->text());
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this] { CDlgAddCompanyProps(this).exec(); });
+    auto *row = new QHBoxLayout(box);
+    row->addWidget(button);
+    row->addStretch();
+    return box;
+}
+
+QGroupBox *CDlgSettings::buildMoney()
+{
+    auto *box = new QGroupBox(QStringLiteral("واحد پول"), this);
+    auto *form = new QFormLayout(box);
+    m_unit = new KEdit(box);
+    m_unit->setMaxLength(20);
+    m_decimals = new QComboBox(box);
+    for (int decimals = 0; decimals <= mostDecimals; ++decimals)
+        m_decimals->addItem(QString::number(decimals));
+    addRow(form, QStringLiteral("نام واحد پول :"), m_unit);
+    addRow(form, QStringLiteral("رقم‌های اعشار :"), m_decimals);
+    return box;
+}
+
+QGroupBox *CDlgSettings::buildFiscalYear()
+{
+    auto *box = new QGroupBox(QStringLiteral("سال مالی"), this);
+    auto *form = new QFormLayout(box);
+    m_fiscalYear = new KEdit(KEdit::Kind::Integer, box);
+    m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
+    m_fiscalYear->setMaxLength(4);
+    m_opening = new KDateEdit(box);
+    addRow(form, QStringLiteral("سال مالی :"), m_fiscalYear);
+    addRow(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
+    return box;
+}
+
+QGroupBox *CDlgSettings::buildDatabase()
+{
+    auto *box = new QGroupBox(QStringLiteral("پایگاه داده"), this);
+    m_closed = new QCheckBox(QStringLiteral("پایگاه داده بسته است (فقط مشاهده)"), box);
+    m_closed->setAccessibleName(m_closed->text());
+    auto *note = new QLabel(QStringLiteral("در پایگاه داده بسته هیچ ثبت، ویرایش یا حذفی انجام نمی‌شود."), box);
+    note->setWordWrap(true);
+    auto *column = new QVBoxLayout(box);
+    column->addWidget(m_closed);
+    column->addWidget(note);
+    return box;
+}
+
+void CDlgSettings::load()
+{
+    const CDBSetting *setting = GetDBSetting();
+    m_unit->setText(setting->MoneyUnitName());
+    m_decimals->setCurrentIndex(setting->MoneyDecimals());
+    m_fiscalYear->setNumber(setting->FiscalYear());
+    m_opening->setDateTime(setting->FiscalYearOpeningDate());
+    m_closed->setChecked(m_wasClosed);
+}
+
+bool CDlgSettings::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus();
+    return false;
+}
+
+bool CDlgSettings::validate()
+{
+    if (ConvertToStandard(m_unit->text()).isEmpty())
+        return refuse(QStringLiteral("لطفا نام واحد پول را وارد نمایید."), m_unit);
+    if (!m_fiscalYear->isEntryValid() || m_fiscalYear->text().isEmpty())
+        return refuse(QStringLiteral("لطفا سال مالی را درست وارد نمایید."), m_fiscalYear);
+    if (!m_opening->isEntryValid() || !m_opening->dateTime().isValid())
+        return refuse(QStringLiteral("لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."), m_opening);
+    return true;
+}
+
+void CDlgSettings::store()
+{
+    CDBSetting *setting = GetDBSetting();
+    KTransaction transaction;
+    if (!m_wasClosed) {
+        setting->SetMoneyUnitName(ConvertToStandard(m_unit->text()));
+        setting->SetMoneyDecimals(m_decimals->currentIndex());
+        setting->SetFiscalYear(m_fiscalYear->integer());
+        setting->SetFiscalYearOpeningDate(m_opening->dateTime());
+    }
+    setting->SetClosedDB(m_closed->isChecked());
+    transaction.commit();
+}
+
+bool CDlgSettings::OnOK()
+{
+    if (!m_wasClosed && !validate())
+        return false;
+    store();
+    return true;
+}

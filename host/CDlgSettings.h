@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+class KDateEdit;
+class KEdit;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+
+// What all users of the database share: the dealership's details, the money unit, the fiscal year, and whether the
+// database is closed. Of a closed database only that last one can be changed.
+class CDlgSettings : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgSettings(QWidget *parent = nullptr);
+
+protected:
+    bool OnOK() override;
+
+private:
+    QGroupBox *buildCompany();
+    QGroupBox *buildMoney();
+    QGroupBox *buildFiscalYear();
+    QGroupBox *buildDatabase();
+    void load();
+    bool validate();
+    bool refuse(const QString &message, QWidget *field);
+    void store();
+
+    bool m_wasClosed;
+    KEdit *m_unit = nullptr;
+    QComboBox *m_decimals = nullptr;
+    KEdit *m_fiscalYear = nullptr;
+    KDateEdit *m_opening = nullptr;
+    QCheckBox *m_closed = nullptr;
+};

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/CDlgUserRights.h"
+
+#include "auto/db/KTransaction.h"
+#include "host/RightsGridModel.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KSecurity.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
+    : KDialog(parent)
+    , m_userID(userID)
+    , m_grid(new RightsGridModel(this))
+    , m_view(new QTableView(this))
+    , m_source(new QComboBox(this))
+{
+    CTblUsers user;
+    user.IsRecordExist(QStringLiteral("iID"), userID);
+    setWindowTitle(QStringLiteral("دسترسی‌های %1").arg(user.m_sName.isEmpty() ? user.m_sUser : user.m_sName));
+    SetSettingName(QStringLiteral("UserRights"));
+    buildView();
+
+    auto *column = new QVBoxLayout(this);
+    if (user.m_bAdmin != 0) {
+        auto *note = new QLabel(QStringLiteral("این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."),
+                                this);
+        note->setWordWrap(true);
+        column->addWidget(note);
+    }
+    column->addLayout(buildCopyRow());
+    column->addWidget(m_view, 1);
+    column->addWidget(createButtons());
+    m_grid->setRights(KSecurity::storedRights(userID));
+    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 34);
+    m_view->setFocus();
+}
+
+void CDlgUserRights::buildView()
+{
+    m_view->setModel(m_grid);
+    m_view->setAccessibleName(QStringLiteral("جدول دسترسی‌ها"));
+    m_view->setAlternatingRowColors(true);
+    m_view->setSelectionMode(QAbstractItemView::SingleSelection);
+    // Tab leaves the grid, the arrow keys move in it, the space bar ticks.
+    m_view->setTabKeyNavigation(false);
+    m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_view->horizontalHeader()->setHighlightSections(false);
+    m_view->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+QLayout *CDlgUserRights::buildCopyRow()
+{
+    CTblUsers users;
+    users.m_filter = QStringLiteral("iID<>%1").arg(m_userID);
+    users.m_sort = QStringLiteral("sUser");
+    for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
+        m_source->addItem(users.m_sUser, users.m_iID);
+
+    auto *label = new QLabel(QStringLiteral("کپی از کاربر :"), this);
+    label->setBuddy(m_source);
+    m_source->setAccessibleName(label->text());
+    m_source->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
+    auto *row = new QHBoxLayout;
+    const auto addButton = [this, row](const QString &caption, auto action) {
+        auto *button = new QPushButton(caption, this);
+        button->setAccessibleName(caption);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, action);
+        row->addWidget(button);
+        return button;
+    };
+    row->addWidget(label);
+    row->addWidget(m_source);
+    QPushButton *copy = addButton(QStringLiteral("کپی"), [this] { takeOver(); });
+    copy->setEnabled(m_source->count() > 0);
+    m_source->setEnabled(m_source->count() > 0);
+    row->addStretch();
+    addButton(QStringLiteral("انتخاب همه"), [this] { m_grid->setAll(true); });
+    addButton(QStringLiteral("هیچ کدام"), [this] { m_grid->setAll(false); });
+    return row;
+}
+
+void CDlgUserRights::takeOver()
+{
+    m_grid->setRights(KSecurity::storedRights(m_source->currentData().toInt()));
+}
+
+bool CDlgUserRights::OnOK()
+{
+    const QHash<QString, int> before = KSecurity::storedRights(m_userID);
+    QHash<QString, int> wanted = m_grid->rights();
+    // What was taken over from another user replaces this user's rights on forms that only this user had.
+    for (auto form = before.cbegin(); form != before.cend(); ++form)
+        if (!wanted.contains(form.key()))
+            wanted.insert(form.key(), 0);
+    KTransaction transaction;
+    for (auto form = wanted.cbegin(); form != wanted.cend(); ++form)
+        if (before.value(form.key()) != form.value())
+            KSecurity::setRights(m_userID, form.key(), form.value());
+    transaction.commit();
+    return true;
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+class QComboBox;
+class QTableView;
+class RightsGridModel;
+
+// The rights of one user: forms by rights. They may be taken over from another user and changed from there.
+class CDlgUserRights : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgUserRights(int userID, QWidget *parent = nullptr);
+
+    RightsGridModel *grid() const { return m_grid; }
+
+protected:
+    bool OnOK() override;
+
+private:
+    QLayout *buildCopyRow();
+    void buildView();
+    void takeOver();
+
+    int m_userID;
+    RightsGridModel *m_grid;
+    QTableView *m_view;
+    QComboBox *m_source;
+};
