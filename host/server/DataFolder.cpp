@@ -38,7 +38,8 @@ ServerError notWritable(const QString &folder, const QString &reason)
 
 }
 
-DataFolder::DataFolder(const QString &path) : m_path(resolved(path)) { }
+DataFolder::DataFolder(const QString &path)
+    : m_path(resolved(path)) { }
 
 QString DataFolder::defaultPath()
 {
@@ -52,7 +53,7 @@ QString DataFolder::demoPath()
 
 void DataFolder::create() const
 {
-    for (const QString &folder : {m_path, backupsPath(), logsPath(), settingsPath()}) {
+    for (const QString &folder : {m_path, backupsPath(), logsPath(), settingsPath(), temporaryPath()}) {
         QString reason;
         if (!platform::makePrivateFolder(folder, &reason))
             throw notWritable(m_path, folder + QStringLiteral(": ") + reason);

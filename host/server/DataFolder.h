@@ -10,6 +10,7 @@
 //   backups/       dumps                         server.cnf   the server's options, written anew at every start
 //   logs/          server.log and program.log    server-state.json   version and end of the last server
 //   settings/      settings of this office's program on this computer
+//   temporary/     what the server needs only while it runs
 // Sockets do not live here but in the user's runtime folder, because a socket's path may only be about 100 bytes long.
 class DataFolder
 {
@@ -28,6 +29,7 @@ public:
     QString backupsPath() const { return m_path + QStringLiteral("/backups"); }
     QString logsPath() const { return m_path + QStringLiteral("/logs"); }
     QString settingsPath() const { return m_path + QStringLiteral("/settings"); }
+    QString temporaryPath() const { return m_path + QStringLiteral("/temporary"); }
     QString settingsFile() const { return settingsPath() + QStringLiteral("/tzhost.ini"); }
     QString clientConfigPath() const { return m_path + QStringLiteral("/client.cnf"); }
     QString serverConfigPath() const { return m_path + QStringLiteral("/server.cnf"); }

@@ -16,7 +16,6 @@ namespace {
 
 // The files of a new database and room to work.
 constexpr qint64 roomForNewDatabase = 300LL * 1024 * 1024;
-constexpr int limitMilliseconds = 120'000;
 
 // What the server stores for a password. Made here, so that the statement, which the server repeats in its log when it
 // fails, does not hold the password itself.
@@ -37,8 +36,9 @@ QByteArray accountStatement(const QString &password)
 
 }
 
-DatabaseBootstrap::DatabaseBootstrap(const DataFolder &folder, const ServerPrograms &programs)
-    : m_folder(folder), m_programs(programs)
+DatabaseBootstrap::DatabaseBootstrap(const DataFolder &folder, const EmbeddedServer::Options &options)
+    : m_folder(folder)
+    , m_options(options)
 {
 }
 
@@ -87,11 +87,11 @@ QByteArray DatabaseBootstrap::systemTables() const
     QByteArray all;
     // The accounts that the server's own set-up would add are left out: they have no password.
     for (const QString &name : {QStringLiteral("system_tables"), QStringLiteral("performance_tables")}) {
-        QFile file(QStringLiteral("%1/mysql_%2.sql").arg(m_programs.scripts, name));
+        QFile file(QStringLiteral("%1/mysql_%2.sql").arg(m_options.programs.scripts, name));
         if (!file.exists())
-            file.setFileName(QStringLiteral("%1/mariadb_%2.sql").arg(m_programs.scripts, name));
+            file.setFileName(QStringLiteral("%1/mariadb_%2.sql").arg(m_options.programs.scripts, name));
         if (!file.open(QIODevice::ReadOnly))
-            throw ToolProcess::missing(m_programs.server, QStringLiteral("cannot read %1").arg(file.fileName()));
+            throw ToolProcess::missing(m_options.programs.server, QStringLiteral("cannot read %1").arg(file.fileName()));
         all += file.readAll() + '\n';
     }
     return all;
@@ -101,13 +101,20 @@ void DatabaseBootstrap::run(const QString &databasePath, const QByteArray &state
                             const ToolProcess::Pulse &pulse) const
 {
     ToolProcess server;
-    server.program = m_programs.server;
+    server.program = m_options.programs.server;
     server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), QStringLiteral("--bootstrap"),
                         QStringLiteral("--datadir=") + databasePath};
     server.input = statements;
     server.errorFile = m_folder.serverLogPath();
-    server.limitMilliseconds = limitMilliseconds;
-    const int code = server.run(pulse);
+    server.limitMilliseconds = m_options.startLimitMilliseconds;
+    int code = 0;
+    try {
+        code = server.run(pulse);
+    } catch (const ServerError &error) {
+        if (error.kind() != ServerError::Kind::Timeout)
+            throw;
+        throw ServerLog(m_folder).error(ServerError::Kind::Timeout, error.detail());
+    }
     if (code != 0)
         throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
                                         QStringLiteral("the bootstrap ended with %1").arg(code));

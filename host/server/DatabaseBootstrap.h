@@ -10,7 +10,7 @@
 class DatabaseBootstrap
 {
 public:
-    DatabaseBootstrap(const DataFolder &folder, const ServerPrograms &programs);
+    DatabaseBootstrap(const DataFolder &folder, const EmbeddedServer::Options &options);
 
     // A whole database lies in the folder. Throws ServerError Damaged when something else does.
     bool exists() const;
@@ -25,5 +25,5 @@ private:
     QByteArray systemTables() const;
 
     DataFolder m_folder;
-    ServerPrograms m_programs;
+    EmbeddedServer::Options m_options;
 };

@@ -76,15 +76,16 @@ QStringList tablesOf(KConnection &connection, const QString &database)
 }
 
 DatabaseDump::DatabaseDump(const KConnectionSettings &settings, const QString &folder, const ServerPrograms &programs)
-    : m_settings(settings), m_folder(folder), m_programs(programs)
+    : m_settings(settings)
+    , m_folder(folder)
+    , m_programs(programs)
 {
 }
 
 QString DatabaseDump::take(const Progress &progress) const
 {
-    const QString userMessage
-        = QStringLiteral("نسخه پشتیبان در پوشه %1 ساخته نشد؛ اجازه نوشتن و فضای آن را بررسی و دوباره تلاش کنید.")
-              .arg(ServerError::shownPath(m_folder));
+    const QString userMessage = QStringLiteral("نسخه پشتیبان در پوشه %1 ساخته نشد؛ اجازه نوشتن و فضای آن را بررسی و دوباره تلاش کنید.")
+                                    .arg(ServerError::shownPath(m_folder));
     QString reason;
     if (!platform::makePrivateFolder(m_folder, &reason))
         throw failed(userMessage, m_folder, m_folder + QStringLiteral(": ") + reason);
@@ -110,8 +111,7 @@ QString DatabaseDump::take(const Progress &progress) const
                           m_settings.database};
         dump.outputFile = aside;
         dump.errorFile = words->fileName();
-        const int code
-            = dump.run([&](qint64) { continueUnlessCancelled(progress, QFileInfo(aside).size(), expected); });
+        const int code = dump.run([&](qint64) { continueUnlessCancelled(progress, QFileInfo(aside).size(), expected); });
         if (code != 0 || !isWhole(aside))
             throw failed(userMessage, m_folder,
                          QStringLiteral("%1 ended with %2: %3").arg(dump.program).arg(code).arg(wordsOf(*words)));
@@ -141,9 +141,8 @@ QString DatabaseDump::freeFileName() const
 qint64 DatabaseDump::sizeOfTables() const
 {
     KConnection connection(m_settings);
-    const KConnection::Result result
-        = connection.run("SELECT SUM(data_length) FROM information_schema.tables WHERE table_schema="
-                         + connection.quoted(m_settings.database));
+    const KConnection::Result result = connection.run("SELECT SUM(data_length) FROM information_schema.tables WHERE table_schema="
+                                                      + connection.quoted(m_settings.database));
     const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
     return row && row[0] ? QByteArray(row[0]).toLongLong() : 0;
 }
@@ -175,9 +174,8 @@ QStringList DatabaseDump::existing() const
 
 void DatabaseDump::restore(const QString &file, const Progress &progress) const
 {
-    const QString userMessage
-        = QStringLiteral("پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید.")
-              .arg(ServerError::shownPath(file));
+    const QString userMessage = QStringLiteral("پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید.")
+                                    .arg(ServerError::shownPath(file));
     if (!isWhole(file))
         throw failed(userMessage, m_folder, QStringLiteral("%1 is no whole dump").arg(file));
     const QString aside = m_settings.database + QStringLiteral("_restoring");
@@ -207,9 +205,8 @@ void DatabaseDump::load(const QString &file, const QString &database, const Prog
     const qint64 expected = QFileInfo(file).size();
     ToolProcess client;
     client.program = m_programs.client;
-    client.arguments
-        = {ServerConfig::fromFile(options->fileName()), QStringLiteral("--batch"),
-           QStringLiteral("--default-character-set=utf8mb4"), QStringLiteral("--max-allowed-packet=1G"), database};
+    client.arguments = {ServerConfig::fromFile(options->fileName()), QStringLiteral("--batch"),
+                        QStringLiteral("--default-character-set=utf8mb4"), QStringLiteral("--max-allowed-packet=1G"), database};
     client.inputFile = file;
     client.errorFile = words->fileName();
     const int code = client.run([&](qint64 done) { continueUnlessCancelled(progress, done, expected); });

@@ -44,7 +44,9 @@ EmbeddedServer::EmbeddedServer(const DataFolder &folder, QObject *parent)
     : EmbeddedServer(folder, Options(), parent) { }
 
 EmbeddedServer::EmbeddedServer(const DataFolder &folder, const Options &options, QObject *parent)
-    : QObject(parent), m_folder(folder), m_options(options)
+    : QObject(parent)
+    , m_folder(folder)
+    , m_options(options)
 {
     connect(&m_process, &QProcess::finished, this, &EmbeddedServer::processFinished);
 }
@@ -147,7 +149,7 @@ void EmbeddedServer::endLeftovers(const Progress &progress)
 void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
 {
     const ServerConfig config(m_folder, m_options);
-    const DatabaseBootstrap bootstrap(m_folder, m_options.programs);
+    const DatabaseBootstrap bootstrap(m_folder, m_options);
     m_settings.password = config.storedPassword();
     const bool accountKnown = !m_settings.password.isEmpty();
     if (!accountKnown)
@@ -170,7 +172,7 @@ void EmbeddedServer::makeAccountAnew(const Progress &progress)
 {
     const QString waiting = QStringLiteral("بازسازی حساب پایگاه داده…");
     tell(progress, waiting);
-    DatabaseBootstrap(m_folder, m_options.programs).resetAccount(m_settings.password, [&](qint64) {
+    DatabaseBootstrap(m_folder, m_options).resetAccount(m_settings.password, [&](qint64) {
         tell(progress, waiting);
     });
 }
@@ -275,8 +277,7 @@ void EmbeddedServer::processFinished(int exitCode, QProcess::ExitStatus status)
     m_expectedToRun = false;
     const QString how = status == QProcess::CrashExit ? QStringLiteral("was killed or crashed")
                                                       : QStringLiteral("ended with %1").arg(exitCode);
-    const ServerError error
-        = ServerLog(m_folder).error(ServerError::Kind::EndedUnexpectedly, QStringLiteral("the server ") + how);
+    const ServerError error = ServerLog(m_folder).error(ServerError::Kind::EndedUnexpectedly, QStringLiteral("the server ") + how);
     qCWarning(lcServer).noquote() << error.detail();
     Q_EMIT endedUnexpectedly(error.userMessage(), error.detail());
 }

@@ -24,7 +24,9 @@ QString socketOf(const DataFolder &folder)
 
 }
 
-InstanceLock::InstanceLock(const DataFolder &folder, QObject *parent) : QObject(parent), m_folder(folder) { }
+InstanceLock::InstanceLock(const DataFolder &folder, QObject *parent)
+    : QObject(parent)
+    , m_folder(folder) { }
 
 InstanceLock::~InstanceLock() = default;
 

@@ -24,8 +24,8 @@ public:
     FileLock &operator=(const FileLock &) = delete;
 
     enum class Result {
-        Taken, // ours now, or already before
-        Held, // another program, or another lock of this one, has it
+        Taken,     // ours now, or already before
+        Held,      // another program, or another lock of this one, has it
         Impossible // the file cannot be made or opened; see reason
     };
     Result tryLock(QString *reason = nullptr);

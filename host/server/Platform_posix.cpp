@@ -35,8 +35,7 @@ bool writeAll(int descriptor, const QByteArray &content)
 {
     qsizetype done = 0;
     while (done < content.size()) {
-        const ssize_t written
-            = ::write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
+        const ssize_t written = ::write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
         if (written < 0 && errno == EINTR)
             continue;
         if (written < 0)
@@ -48,7 +47,8 @@ bool writeAll(int descriptor, const QByteArray &content)
 
 }
 
-FileLock::FileLock(const QString &path) : m_path(path) { }
+FileLock::FileLock(const QString &path)
+    : m_path(path) { }
 
 FileLock::~FileLock()
 {

@@ -15,7 +15,8 @@ const QByteArray passwordKey = QByteArrayLiteral("password=");
 }
 
 ServerConfig::ServerConfig(const DataFolder &folder, const EmbeddedServer::Options &options)
-    : m_folder(folder), m_options(options)
+    : m_folder(folder)
+    , m_options(options)
 {
 }
 
@@ -47,6 +48,9 @@ void ServerConfig::writeServerOptions(const QString &socketPath) const
     text += "datadir=" + quoted(m_folder.databasePath()) + '\n';
     text += "socket=" + quoted(socketPath) + '\n';
     text += "pid_file=" + quoted(m_folder.databasePath() + QStringLiteral("/server.pid")) + '\n';
+    // A server that starts removes all temporary tables of its folder for temporary files, also those that another server is
+    // just using: it must have that folder for itself.
+    text += "tmpdir=" + quoted(m_folder.temporaryPath()) + '\n';
     // Statements may read and write files only beside the backups.
     text += "secure_file_priv=" + quoted(m_folder.backupsPath()) + '\n';
     if (platform::isAdministrator())
@@ -89,7 +93,8 @@ QByteArray ServerConfig::clientOptions(const KConnectionSettings &settings)
     text += "user=" + quoted(settings.user) + '\n';
     text += passwordKey + quoted(settings.password) + '\n';
     if (settings.host.isEmpty()) {
-        text += "socket=" + quoted(settings.socketPath) + '\n';
+        // All three: what a file leaves open, the tools take from the user's environment.
+        text += "host=localhost\nprotocol=socket\nsocket=" + quoted(settings.socketPath) + '\n';
     } else {
         text += "host=" + quoted(settings.host) + "\nport=" + QByteArray::number(settings.port) + "\nprotocol=tcp\n";
         if (settings.useTls)

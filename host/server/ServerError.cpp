@@ -4,8 +4,10 @@
 #include "host/server/ServerError.h"
 
 ServerError::ServerError(Kind kind, const QString &userMessage, const QString &detail)
-    : m_kind(kind), m_userMessage(userMessage), m_detail(detail),
-      m_utf8((detail.isEmpty() ? userMessage : detail).toUtf8())
+    : m_kind(kind)
+    , m_userMessage(userMessage)
+    , m_detail(detail)
+    , m_utf8((detail.isEmpty() ? userMessage : detail).toUtf8())
 {
 }
 

@@ -15,17 +15,17 @@ class ServerError : public std::exception
 public:
     enum class Kind {
         FolderNotWritable, // the data folder cannot be made or written to
-        InUse, // another program holds the data folder
-        ProgramMissing, // mariadbd or one of its tools is not installed
-        DidNotStart, // the server ended while starting
-        Timeout, // the server did not answer within the limit
+        InUse,             // another program holds the data folder
+        ProgramMissing,    // mariadbd or one of its tools is not installed
+        DidNotStart,       // the server ended while starting
+        Timeout,           // the server did not answer within the limit
         EndedUnexpectedly, // the server ended while the program was using it
-        DiskFull, // no room left on the folder's disk
-        Damaged, // the database folder is there but is none
-        OlderServer, // the folder was last used by a newer server than the installed one
-        UpgradeFailed, // the folder could not be brought to the installed server's version
-        DumpFailed, // a backup or its restoration failed
-        Cancelled // the progress callback asked to stop
+        DiskFull,          // no room left on the folder's disk
+        Damaged,           // the database folder is there but is none
+        OlderServer,       // the folder was last used by a newer server than the installed one
+        UpgradeFailed,     // the folder could not be brought to the installed server's version
+        DumpFailed,        // a backup or its restoration failed
+        Cancelled          // the progress callback asked to stop
     };
 
     ServerError(Kind kind, const QString &userMessage, const QString &detail = {});

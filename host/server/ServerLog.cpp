@@ -41,7 +41,8 @@ QString messageFor(ServerError::Kind kind, const DataFolder &folder)
 
 }
 
-ServerLog::ServerLog(const DataFolder &folder) : m_folder(folder) { }
+ServerLog::ServerLog(const DataFolder &folder)
+    : m_folder(folder) { }
 
 void ServerLog::begin() const
 {

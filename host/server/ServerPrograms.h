@@ -8,9 +8,9 @@
 // Where the programs of the database server are. An empty path: not found.
 struct ServerPrograms
 {
-    QString server; // mariadbd
-    QString client; // mariadb
-    QString dump; // mariadb-dump
+    QString server;  // mariadbd
+    QString client;  // mariadb
+    QString dump;    // mariadb-dump
     QString upgrade; // mariadb-upgrade
     QString scripts; // folder of the statements that make the system tables
 

@@ -33,7 +33,8 @@ void feed(QProcess &process, QIODevice &source)
 class Ended
 {
 public:
-    explicit Ended(QProcess &process) : m_process(process) { }
+    explicit Ended(QProcess &process)
+        : m_process(process) { }
     ~Ended()
     {
         if (m_process.state() == QProcess::NotRunning)

@@ -19,9 +19,9 @@ struct ToolProcess
     // The first one names our own options file, so that none of the user's is read.
     QStringList arguments;
     QByteArray input;
-    QString inputFile; // read instead of input when set
-    QString outputFile; // replaced; empty: thrown away
-    QString errorFile; // appended to; empty: thrown away
+    QString inputFile;         // read instead of input when set
+    QString outputFile;        // replaced; empty: thrown away
+    QString errorFile;         // appended to; empty: thrown away
     int limitMilliseconds = 0; // 0: none
 
     // Called about twenty times a second with the bytes of input that the tool has taken. What it throws passes
