@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/DataFolder.h"
+#include "host/server/Platform.h"
+#include "host/server/ServerError.h"
+#include "tests/support/OrdinaryRights.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+// What create() refuses with; Kind::Cancelled when it does not.
+ServerError refusal(const DataFolder &folder)
+{
+    try {
+        folder.create();
+    } catch (const ServerError &error) {
+        return error;
+    }
+    return {ServerError::Kind::Cancelled, {}};
+}
+
+// What the file's mode says for its owner alone, without the rights that Qt adds for the asking user.
+QFile::Permissions modeOf(const QString &path)
+{
+    return QFile::permissions(path)
+        & (QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
+           | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther);
+}
+
+}
+
+class TestDataFolder : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyPartIsMadeForTheUserAlone()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.filePath(QStringLiteral("new/دفتر مرکزی")));
+        folder.create();
+        for (const QString &path : {folder.path(), folder.backupsPath(), folder.logsPath(), folder.settingsPath(), folder.temporaryPath()}) {
+            QVERIFY2(QFileInfo(path).isDir(), qPrintable(path));
+            QCOMPARE(modeOf(path), ownerOnly);
+            QVERIFY(QDir(path).isEmpty(QDir::Files | QDir::Hidden));
+        }
+    }
+
+    void creatingTwiceChangesNothing()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.path());
+        folder.create();
+        QFile kept(folder.backupsPath() + QStringLiteral("/kept.sql"));
+        QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("x") == 1);
+        kept.close();
+        folder.create();
+        QVERIFY(kept.exists());
+    }
+
+    void aFolderWithoutWritePermissionIsNamedInOneSentence()
+    {
+        const QTemporaryDir temporary;
+        const QString closed = temporary.filePath(QStringLiteral("closed"));
+        QVERIFY(QDir().mkdir(closed));
+        QVERIFY(QFile::setPermissions(temporary.path(), ownerOnly | QFile::ExeOther | QFile::ReadOther));
+        QVERIFY(QFile::setPermissions(closed, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+        const OrdinaryRights ordinary;
+        const ServerError error = refusal(DataFolder(closed));
+        QCOMPARE(error.kind(), ServerError::Kind::FolderNotWritable);
+        QVERIFY2(error.userMessage().contains(closed), qPrintable(error.userMessage()));
+        QVERIFY(!error.detail().isEmpty());
+    }
+
+    void aFolderBelowAFileIsNamedInOneSentence()
+    {
+        const QTemporaryDir temporary;
+        QFile file(temporary.filePath(QStringLiteral("file")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        const DataFolder folder(file.fileName() + QStringLiteral("/office"));
+        const ServerError error = refusal(folder);
+        QCOMPARE(error.kind(), ServerError::Kind::FolderNotWritable);
+        QVERIFY(error.userMessage().contains(folder.path()));
+    }
+
+    void oneFolderHasOneNameHoweverItIsReached()
+    {
+        const QTemporaryDir temporary;
+        QVERIFY(QDir().mkdir(temporary.filePath(QStringLiteral("real"))));
+        QVERIFY(QFile::link(temporary.filePath(QStringLiteral("real")), temporary.filePath(QStringLiteral("link"))));
+        const DataFolder real(temporary.filePath(QStringLiteral("real/office")));
+        QCOMPARE(DataFolder(temporary.filePath(QStringLiteral("link/./office/"))).path(), real.path());
+        QCOMPARE(DataFolder(temporary.filePath(QStringLiteral("link/x/../office"))).socketPath(QStringLiteral("db")),
+                 real.socketPath(QStringLiteral("db")));
+    }
+
+    void socketsOfTwoFoldersAndTwoPurposesDiffer()
+    {
+        const DataFolder one(QStringLiteral("/office/one"));
+        const DataFolder two(QStringLiteral("/office/two"));
+        QVERIFY(one.socketPath(QStringLiteral("db")) != two.socketPath(QStringLiteral("db")));
+        QVERIFY(one.socketPath(QStringLiteral("db")) != one.socketPath(QStringLiteral("host")));
+        QVERIFY(platform::isPrivateFolder(QFileInfo(one.socketPath(QStringLiteral("db"))).path()));
+    }
+
+    void aTooLongPathStillGivesAShortSocket_data()
+    {
+        QTest::addColumn<QString>("runtime");
+        QTest::addColumn<QString>("office");
+        const QString longName = QString(90, QLatin1Char('x'));
+        QTest::newRow("long office folder") << QString() << QStringLiteral("/srv/%1/%1").arg(longName);
+        QTest::newRow("long Persian office folder") << QString() << QStringLiteral("/srv/") + QString(80, QChar(0x62F));
+        QTest::newRow("long runtime folder") << longName << QStringLiteral("/srv/office");
+    }
+
+    void aTooLongPathStillGivesAShortSocket()
+    {
+        QFETCH(const QString, runtime);
+        QFETCH(const QString, office);
+        const QTemporaryDir temporary;
+        const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+        if (!runtime.isEmpty()) {
+            QVERIFY(platform::makePrivateFolder(temporary.filePath(runtime)));
+            qputenv("XDG_RUNTIME_DIR", QFile::encodeName(temporary.filePath(runtime)));
+        }
+        const QString path = DataFolder(office).socketPath(QStringLiteral("db"));
+        qputenv("XDG_RUNTIME_DIR", before);
+        QVERIFY2(QFile::encodeName(path).size() <= 100, qPrintable(path));
+        QVERIFY(platform::isPrivateFolder(QFileInfo(path).path()));
+    }
+
+    void aRuntimeFolderOpenToOthersIsNotUsed()
+    {
+        const QTemporaryDir temporary;
+        QVERIFY(QFile::setPermissions(temporary.path(), ownerOnly | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther));
+        const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(temporary.path()));
+        const QString path = DataFolder(QStringLiteral("/srv/office")).socketPath(QStringLiteral("db"));
+        qputenv("XDG_RUNTIME_DIR", before);
+        QVERIFY2(!path.startsWith(temporary.path()), qPrintable(path));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDataFolder)
+#include "TestDataFolder.moc"

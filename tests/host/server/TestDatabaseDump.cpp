@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/DatabaseDump.h"
+#include "tests/support/OrdinaryRights.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+// What taking or restoring refuses with; Kind::InUse when it does not.
+template <typename Operation>
+ServerError refusal(Operation operation)
+{
+    try {
+        operation();
+    } catch (const ServerError &error) {
+        return error;
+    }
+    return {ServerError::Kind::InUse, {}};
+}
+
+}
+
+class TestDatabaseDump : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void aDumpBringsEverythingBack();
+    void aDumpIsForTheUserAlone();
+    void twoDumpsOfOneSecondAreBothKept();
+    void theNewestIsListedFirst();
+    void tablesMadeAfterTheDumpAreGoneAfterRestoring();
+    void aCancelledDumpLeavesNothing();
+    void aCancelledRestoringChangesNothing();
+    void anIncompleteFileIsRefusedAndChangesNothing();
+    void aFileWithABadStatementChangesNothing();
+    void aMissingToolIsNamed();
+    void aFolderWithoutWritePermissionIsNamed();
+    void aDatabaseThatIsNotThereLeavesNothing();
+
+private:
+    DatabaseDump dump() const { return {m_database.settings(), m_temporary->path()}; }
+    QStringList files() const { return QDir(m_temporary->path()).entryList(QDir::Files | QDir::Hidden); }
+    void fill(int rows);
+    QString countOf(const QString &table) { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM ") + table); }
+    QStringList databases();
+
+    TestDatabase m_database;
+    std::unique_ptr<QTemporaryDir> m_temporary;
+};
+
+void TestDatabaseDump::init()
+{
+    m_temporary = std::make_unique<QTemporaryDir>();
+    m_database.recreate();
+}
+
+void TestDatabaseDump::fill(int rows)
+{
+    m_database.run(QStringLiteral("CREATE TABLE Cars (iID INT PRIMARY KEY AUTO_INCREMENT, sName VARCHAR(50) CHARACTER SET utf8,"
+                                  " sEmoji VARCHAR(20), oData LONGBLOB, date DATETIME, dPrice DOUBLE)"));
+    m_database.run(QStringLiteral("INSERT INTO Cars (sName, sEmoji, oData, date, dPrice) VALUES"
+                                  " ('پژو ۴۰۵ ''جی‌ال‌ایکس''\\\\', '🚗', 0x00FF0A0D1A275C00, NULL, 1234567890.25)"));
+    m_database.run(QStringLiteral("INSERT INTO Cars (sName, oData) SELECT CONCAT('r', seq), REPEAT('x', 1000) FROM seq_1_to_%1").arg(rows));
+}
+
+QStringList TestDatabaseDump::databases()
+{
+    return m_database.value(QStringLiteral("SELECT GROUP_CONCAT(schema_name) FROM information_schema.schemata WHERE schema_name LIKE '%1\\_%'")
+                                .arg(m_database.name()))
+        .split(QLatin1Char(','), Qt::SkipEmptyParts);
+}
+
+void TestDatabaseDump::aDumpBringsEverythingBack()
+{
+    fill(3);
+    const QString checksum = QStringLiteral("SELECT MD5(GROUP_CONCAT(CONCAT_WS('|', iID, sName, sEmoji, HEX(oData),"
+                                            " IFNULL(date, 'null'), dPrice) ORDER BY iID)) FROM Cars");
+    const QString before = m_database.value(checksum);
+    const QString definition = m_database.value(QStringLiteral("SELECT GROUP_CONCAT(column_name, column_type, IFNULL(character_set_name, '')"
+                                                               " ORDER BY ordinal_position) FROM information_schema.columns WHERE table_schema = DATABASE()"));
+    QVERIFY(!before.isEmpty());
+    const QString file = dump().take();
+    QVERIFY(DatabaseDump::isWhole(file));
+    m_database.run(QStringLiteral("UPDATE Cars SET sName = 'lost'"));
+    m_database.run(QStringLiteral("ALTER TABLE Cars DROP COLUMN sEmoji"));
+    dump().restore(file);
+    QCOMPARE(m_database.value(checksum), before);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(column_name, column_type, IFNULL(character_set_name, '')"
+                                             " ORDER BY ordinal_position) FROM information_schema.columns WHERE table_schema = DATABASE()")),
+             definition);
+    QCOMPARE(databases(), QStringList());
+}
+
+void TestDatabaseDump::aDumpIsForTheUserAlone()
+{
+    fill(1);
+    const QString file = dump().take();
+    QCOMPARE(QFile::permissions(file)
+                 & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther),
+             QFile::Permissions());
+    QCOMPARE(files(), QStringList{QFileInfo(file).fileName()});
+}
+
+void TestDatabaseDump::twoDumpsOfOneSecondAreBothKept()
+{
+    fill(1);
+    const QString first = dump().take();
+    const QString second = dump().take();
+    QVERIFY(first != second);
+    QCOMPARE(dump().existing(), (QStringList{second, first}));
+}
+
+void TestDatabaseDump::theNewestIsListedFirst()
+{
+    const QStringList names{QStringLiteral("20260102-030405"), QStringLiteral("20251231-235959"), QStringLiteral("20260102-030405-2")};
+    for (const QString &name : names) {
+        QFile file(m_temporary->filePath(QStringLiteral("%1-%2.sql").arg(m_database.name(), name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    QFile other(m_temporary->filePath(QStringLiteral("other-20270101-000000.sql")));
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    QStringList shown;
+    for (const QString &path : dump().existing())
+        shown << QFileInfo(path).completeBaseName().mid(m_database.name().size() + 1);
+    QCOMPARE(shown, (QStringList{names[2], names[0], names[1]}));
+}
+
+void TestDatabaseDump::tablesMadeAfterTheDumpAreGoneAfterRestoring()
+{
+    fill(1);
+    const QString file = dump().take();
+    m_database.run(QStringLiteral("CREATE TABLE Later (i INT)"));
+    m_database.run(QStringLiteral("DROP TABLE Cars"));
+    dump().restore(file);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(table_name) FROM information_schema.tables WHERE table_schema = DATABASE()")),
+             QStringLiteral("Cars"));
+    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("2"));
+}
+
+void TestDatabaseDump::aCancelledDumpLeavesNothing()
+{
+    fill(60'000);
+    qint64 told = 0;
+    const ServerError error = refusal([&] {
+        (void)dump().take([&told](qint64, qint64 expected) {
+            told = expected;
+            return false;
+        });
+    });
+    QCOMPARE(error.kind(), ServerError::Kind::Cancelled);
+    QVERIFY(told > 0);
+    QCOMPARE(files(), QStringList());
+}
+
+void TestDatabaseDump::aCancelledRestoringChangesNothing()
+{
+    fill(60'000);
+    const QString file = dump().take();
+    m_database.run(QStringLiteral("DELETE FROM Cars WHERE iID > 5"));
+    const ServerError error = refusal([&] { dump().restore(file, [](qint64, qint64) { return false; }); });
+    QCOMPARE(error.kind(), ServerError::Kind::Cancelled);
+    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("5"));
+    QCOMPARE(databases(), QStringList());
+}
+
+void TestDatabaseDump::anIncompleteFileIsRefusedAndChangesNothing()
+{
+    fill(2000);
+    const QString file = dump().take();
+    QVERIFY(QFile::resize(file, QFileInfo(file).size() / 2));
+    QVERIFY(!DatabaseDump::isWhole(file));
+    m_database.run(QStringLiteral("DELETE FROM Cars WHERE iID > 5"));
+    const ServerError error = refusal([&] { dump().restore(file); });
+    QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+    QVERIFY(error.userMessage().contains(file));
+    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("5"));
+}
+
+void TestDatabaseDump::aFileWithABadStatementChangesNothing()
+{
+    fill(1);
+    const QString file = dump().take();
+    QFile content(file);
+    QVERIFY(content.open(QIODevice::ReadWrite));
+    QByteArray text = content.readAll();
+    text.replace("INSERT INTO", "INSERT ONTO");
+    content.seek(0);
+    QCOMPARE(content.write(text), text.size());
+    content.close();
+    m_database.run(QStringLiteral("DELETE FROM Cars"));
+    const ServerError error = refusal([&] { dump().restore(file); });
+    QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+    QVERIFY(error.userMessage().contains(file));
+    QVERIFY2(error.detail().contains(QStringLiteral("1064")), qPrintable(error.detail()));
+    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("0"));
+    QCOMPARE(databases(), QStringList());
+}
+
+void TestDatabaseDump::aMissingToolIsNamed()
+{
+    fill(1);
+    ServerPrograms programs = ServerPrograms::installed();
+    programs.dump = QStringLiteral("/nonexistent/mariadb-dump");
+    const ServerError error = refusal([&] { (void)DatabaseDump(m_database.settings(), m_temporary->path(), programs).take(); });
+    QCOMPARE(error.kind(), ServerError::Kind::ProgramMissing);
+    QVERIFY(error.userMessage().contains(programs.dump));
+    QCOMPARE(files(), QStringList());
+}
+
+void TestDatabaseDump::aFolderWithoutWritePermissionIsNamed()
+{
+    fill(1);
+    QVERIFY(QFile::setPermissions(m_temporary->path(),
+                                  QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+    const OrdinaryRights ordinary;
+    const ServerError error = refusal([&] { (void)dump().take(); });
+    QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+    QVERIFY(error.userMessage().contains(m_temporary->path()));
+}
+
+void TestDatabaseDump::aDatabaseThatIsNotThereLeavesNothing()
+{
+    KConnectionSettings settings = m_database.settings();
+    settings.database = QStringLiteral("never_made");
+    const ServerError error = refusal([&] { (void)DatabaseDump(settings, m_temporary->path()).take(); });
+    QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+    QVERIFY(error.detail().contains(QStringLiteral("never_made")));
+    QCOMPARE(files(), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestDatabaseDump)
+#include "TestDatabaseDump.moc"

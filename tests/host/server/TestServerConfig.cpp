@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/server/ServerConfig.h"
+#include "host/server/ServerLog.h"
+#include "host/server/ServerState.h"
+#include "tests/support/PrivateTestServer.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestServerConfig : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theServerReadsAPathAsItWasWritten_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("plain") << QStringLiteral("office");
+        QTest::newRow("blanks") << QStringLiteral(" two  blanks ");
+        QTest::newRow("Persian") << QStringLiteral("نمایشگاه اتومبیل");
+        QTest::newRow("number sign") << QStringLiteral("a #1 office");
+        QTest::newRow("quotes") << QStringLiteral("the \"best\" one's");
+        QTest::newRow("backslash") << QStringLiteral("a\\sb\\n");
+        QTest::newRow("equals and bracket") << QStringLiteral("[x]=1;y");
+    }
+
+    // Asked of the server's own reader of options files.
+    void theServerReadsAPathAsItWasWritten()
+    {
+        QFETCH(const QString, name);
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.filePath(name));
+        folder.create();
+        ServerConfig(folder, PrivateTestServer::options()).writeServerOptions(QStringLiteral("/tmp/x.sock"));
+        QProcess server;
+        server.start(ServerPrograms::installed().server,
+                     {ServerConfig::fromFile(folder.serverConfigPath()), QStringLiteral("--print-defaults")});
+        QVERIFY(server.waitForFinished());
+        const QString read = QString::fromUtf8(server.readAllStandardOutput());
+        QVERIFY2(read.contains(QStringLiteral("--datadir=%1 --").arg(folder.databasePath())), qPrintable(read));
+    }
+
+    void theStoredPasswordIsReadBack()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.path());
+        const ServerConfig config(folder, PrivateTestServer::options());
+        QCOMPARE(config.storedPassword(), QString());
+        const QString password = ServerConfig::newPassword();
+        config.writeClientOptions(QStringLiteral("/tmp/x.sock"), password);
+        QCOMPARE(config.storedPassword(), password);
+        QVERIFY(password.size() >= 32);
+        QVERIFY(ServerConfig::newPassword() != password);
+    }
+
+    void onlyTheUserReadsTheOptionsFiles()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.path());
+        // A file that somebody opened to others does not pass its mode on.
+        QFile loose(folder.clientConfigPath());
+        QVERIFY(loose.open(QIODevice::WriteOnly));
+        loose.close();
+        QVERIFY(loose.setPermissions(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+        const ServerConfig config(folder, PrivateTestServer::options());
+        config.writeClientOptions(QStringLiteral("/tmp/x.sock"), QStringLiteral("secret"));
+        const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
+            | QFile::WriteOther | QFile::ExeOther;
+        QCOMPARE(QFile::permissions(folder.clientConfigPath()) & others, QFile::Permissions());
+    }
+
+    void theServerIsToldToKeepWhatWasSaved()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.path());
+        ServerConfig(folder, EmbeddedServer::Options()).writeServerOptions(QStringLiteral("/tmp/x.sock"));
+        QFile file(folder.serverConfigPath());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        for (const char *line : {"innodb_flush_log_at_trx_commit=1\n", "skip_networking\n", "character_set_server=utf8mb4\n"})
+            QVERIFY2(text.contains(line), line);
+        QVERIFY(!text.contains("nosync"));
+    }
+
+    void aVersionIsFoundInWhatTheServerSays_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QVersionNumber>("version");
+        QTest::newRow("running") << QStringLiteral("10.11.14-MariaDB-0+deb12u2") << QVersionNumber(10, 11, 14);
+        QTest::newRow("printed") << QStringLiteral("mariadbd  Ver 11.4.2-MariaDB for Linux on x86_64 (Source)")
+                                 << QVersionNumber(11, 4, 2);
+        QTest::newRow("none") << QStringLiteral("command not found") << QVersionNumber();
+        QTest::newRow("empty") << QString() << QVersionNumber();
+    }
+
+    void aVersionIsFoundInWhatTheServerSays()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QVersionNumber, version);
+        QCOMPARE(ServerState::versionIn(text), version);
+    }
+
+    void anUnreadableStateIsTakenForTheWorse()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.path());
+        QVERIFY(ServerState::load(folder).version.isNull());
+        ServerState{QVersionNumber(10, 11, 3), true}.save(folder);
+        QCOMPARE(ServerState::load(folder).version, QVersionNumber(10, 11, 3));
+        QVERIFY(ServerState::load(folder).endedCleanly);
+        QFile file(folder.statePath());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("{\"version\": \"10.1") > 0);
+        file.close();
+        QVERIFY(ServerState::load(folder).version.isNull());
+        QVERIFY(!ServerState::load(folder).endedCleanly);
+    }
+
+    void aKnownFailureIsReadFromTheLog_data()
+    {
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<ServerError::Kind>("kind");
+        QTest::newRow("full disk") << QStringLiteral("[ERROR] mariadbd: Disk full (./office/t.MAI); waiting for someone to free some space")
+                                   << ServerError::Kind::DiskFull;
+        QTest::newRow("full disk while growing a file")
+            << QStringLiteral("[ERROR] InnoDB: Operating system error number 28 in a file operation.") << ServerError::Kind::DiskFull;
+        QTest::newRow("another server on the files") << QStringLiteral("[ERROR] InnoDB: Unable to lock ./ibdata1 error: 11")
+                                                     << ServerError::Kind::InUse;
+        QTest::newRow("files of another user")
+            << QStringLiteral("[ERROR] mariadbd: File './aria_log_control' not found (Errcode: 13 \"Permission denied\")")
+            << ServerError::Kind::FolderNotWritable;
+        QTest::newRow("unknown") << QStringLiteral("[ERROR] unknown variable 'x=1'") << ServerError::Kind::DidNotStart;
+    }
+
+    void aKnownFailureIsReadFromTheLog()
+    {
+        QFETCH(const QString, words);
+        QFETCH(const ServerError::Kind, kind);
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.path());
+        folder.create();
+        QFile log(folder.serverLogPath());
+        QVERIFY(log.open(QIODevice::WriteOnly) && log.write(words.toUtf8()) > 0);
+        log.close();
+        const ServerError error = ServerLog(folder).error(ServerError::Kind::DidNotStart, QStringLiteral("ended with 1"));
+        QCOMPARE(error.kind(), kind);
+        QVERIFY2(error.userMessage().contains(folder.path()), qPrintable(error.userMessage()));
+        QVERIFY(error.detail().contains(words));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestServerConfig)
+#include "TestServerConfig.moc"
