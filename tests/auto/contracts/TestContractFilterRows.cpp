@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractFilter.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/utility/KEdit.h"
+#include "tests/auto/ModuleTables.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+
+QDateTime day(int year, int month, int dayOfMonth, int hour = 0)
+{
+    return QDateTime(QDate(year, month, dayOfMonth), QTime(hour, 0), Qt::UTC);
+}
+
+}
+
+Q_DECLARE_METATYPE(ContractCriteria)
+
+// What the clauses select of real rows.
+class TestContractFilterRows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void rows_data();
+    void rows();
+    void typedTextIsTakenLiterally_data();
+    void typedTextIsTakenLiterally();
+
+private:
+    QList<int> codes(const ContractCriteria &criteria);
+
+    TestDatabase m_database;
+};
+
+void TestContractFilterRows::initTestCase()
+{
+    prepareModuleTables(m_database);
+    const auto add = [](qint32 code, const auto &fill) {
+        CTblAutomobilContracts contract;
+        contract.AddNew();
+        contract.m_iCode = code;
+        fill(contract);
+        contract.Update(true);
+    };
+    using Contract = CTblAutomobilContracts;
+    add(1, [](Contract &c) { c.m_iPersonFirstID = 10; c.m_iPersonSecondID = 20; c.m_dateContract = day(2026, 5, 1); });
+    add(2, [](Contract &c) { c.m_iPersonFirstID = 11; c.m_iPersonSecondID = 20; c.m_dateContract = day(2026, 5, 2); });
+    add(3, [](Contract &c) { c.m_iStatus = 1; c.m_dateContract = day(2026, 5, 3); });
+    add(4, [](Contract &c) { c.m_bReturn = 1; c.m_dateContract = day(2026, 5, 2, 15); });
+    add(5, [](Contract &c) { c.m_iArchiveUserID = 7; c.m_iContractType = 3; });
+    add(6, [](Contract &c) { c.m_iArchiveUserID = 8; c.m_iContractType = 1; });
+    add(7, [](Contract &c) { c.m_sDesc = QStringLiteral("پیش‌پرداخت 50% نقد"); c.m_dateExpiration = day(2026, 6, 1); });
+    add(8, [](Contract &c) { c.m_sExplain = QStringLiteral("a_b 'c' d\\e"); c.m_dateExpiration = day(2026, 6, 3); });
+    add(9, [](Contract &c) { c.m_sExplain = QStringLiteral("axb"); c.m_sDesc = QStringLiteral("500"); });
+}
+
+QList<int> TestContractFilterRows::codes(const ContractCriteria &criteria)
+{
+    CTblAutomobilContracts contracts;
+    contracts.m_filter = contractFilter(criteria);
+    contracts.m_sort = QStringLiteral("iCode");
+    contracts.Open(true, true, true);
+    QList<int> result;
+    for (; !contracts.IsEOF(); contracts.MoveNext())
+        result.append(contracts.m_iCode);
+    return result;
+}
+
+void TestContractFilterRows::rows_data()
+{
+    QTest::addColumn<ContractCriteria>("criteria");
+    QTest::addColumn<QList<int>>("expected");
+    const auto row = [](const char *name, const ContractCriteria &criteria, const QList<int> &expected) {
+        QTest::newRow(name) << criteria << expected;
+    };
+    row("everything", {}, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+    row("default filters list what is not archived, not returned and not void",
+        {.activeOnly = true, .returnState = 1, .archiveState = 1, .currentUserID = 7}, {1, 2, 7, 8, 9});
+    row("archived means by oneself", {.archiveState = 2, .currentUserID = 7}, {5});
+    row("archived by others is every other user", {.archiveState = 3, .currentUserID = 7}, {6});
+    row("archived by others, for a user who archived nothing", {.archiveState = 3, .currentUserID = 9}, {5, 6});
+    row("returned", {.returnState = 2}, {4});
+    row("first party", {.firstPersonID = 10}, {1});
+    row("second party", {.secondPersonID = 20}, {1, 2});
+    row("type rent", {.contractType = 2}, {6});
+    row("type letter", {.contractType = 4}, {5});
+    row("from-date is included", {.contractFrom = day(2026, 5, 2)}, {2, 3, 4});
+    row("to-date takes all of its day and the next day's start", {.contractTo = day(2026, 5, 2)}, {1, 2, 3, 4});
+    row("to-date of the day before", {.contractTo = day(2026, 5, 1)}, {1, 2});
+    row("expiry between", {.expirationFrom = day(2026, 6, 2), .expirationTo = day(2026, 6, 2)}, {8});
+    row("description part", {.descriptionPart = QStringLiteral("نقد")}, {7});
+    row("contradiction", {.firstPersonID = 10, .contractType = 4}, {});
+}
+
+void TestContractFilterRows::rows()
+{
+    QFETCH(ContractCriteria, criteria);
+    QFETCH(QList<int>, expected);
+    QCOMPARE(codes(criteria), expected);
+}
+
+void TestContractFilterRows::typedTextIsTakenLiterally_data()
+{
+    QTest::addColumn<bool>("inDescription");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QList<int>>("expected");
+    QTest::newRow("percent sign") << true << QStringLiteral("50%") << QList<int>{7};
+    QTest::newRow("underscore") << false << QStringLiteral("a_b") << QList<int>{8};
+    QTest::newRow("quote") << false << QStringLiteral("'c'") << QList<int>{8};
+    QTest::newRow("backslash") << false << QStringLiteral("d\\e") << QList<int>{8};
+    QTest::newRow("a statement") << false << QStringLiteral("' OR '1'='1") << QList<int>{};
+}
+
+void TestContractFilterRows::typedTextIsTakenLiterally()
+{
+    QFETCH(bool, inDescription);
+    QFETCH(QString, typed);
+    QFETCH(QList<int>, expected);
+    KEdit edit(KEdit::Kind::QueryText);
+    edit.setText(typed);
+    ContractCriteria criteria;
+    (inDescription ? criteria.descriptionPart : criteria.explanationPart) = edit.queryText();
+    QCOMPARE(codes(criteria), expected);
+}
+
+QTEST_MAIN(TestContractFilterRows)
+#include "TestContractFilterRows.moc"

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractSettings.h"
+
+#include "suite/accounting/SuiteSchema.h"
+#include "tests/auto/ObservedStatements.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QTest>
+
+class TestContractSettings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void check_data();
+    void check();
+    void missingSettingsAreZero();
+    void everySettingIsWrittenUnderItsKeyAndReadBack();
+    void failedSaveWritesNothing();
+
+private:
+    TestDatabase m_database;
+};
+
+void TestContractSettings::init()
+{
+    m_database.recreate();
+    SuiteSchema::upgrade();
+}
+
+void TestContractSettings::check_data()
+{
+    using Problem = ContractSettings::Problem;
+    QTest::addColumn<double>("first");
+    QTest::addColumn<double>("second");
+    QTest::addColumn<double>("third");
+    QTest::addColumn<bool>("thirdInUse");
+    QTest::addColumn<int>("problem");
+    const auto row = [](const char *name, double first, double second, double third, bool inUse, Problem problem) {
+        QTest::newRow(name) << first << second << third << inUse << int(problem);
+    };
+    row("T1 = 100, T2 = 50: refused with the first message", 100, 50, 0, false, Problem::SecondTierBelowFirst);
+    row("T2 = 0, T3 = 0, tier 3 off: saved whatever T1 is", 1e9, 0, 0, false, Problem::None);
+    row("T2 = 0, T3 = 0, tier 3 on: saved as well", 100, 0, 0, true, Problem::None);
+    row("T2 = 0, T3 = 500, tier 3 on, T1 = 10: refused with the first message", 10, 0, 500, true,
+        Problem::SecondTierBelowFirst);
+    row("T2 = 0, T3 = 500, tier 3 off: T1 below T3", 10, 0, 500, false, Problem::None);
+    row("T3 = 200 with tier 3 off and T2 = 300: refused with the second message", 100, 300, 200, false,
+        Problem::ThirdTierBelowOthers);
+    row("T3 below T1 with tier 3 off and T2 = 0", 300, 0, 200, false, Problem::ThirdTierBelowOthers);
+    row("equal T1 and T2: accepted", 100, 100, 0, false, Problem::None);
+    row("equal T2 and T3: accepted", 100, 200, 200, true, Problem::None);
+    row("all equal: accepted", 100, 100, 100, true, Problem::None);
+    row("rising tiers", 100, 200, 300, true, Problem::None);
+    row("T2 within 0.0001 of zero counts as zero", 100, 0.00005, 0, false, Problem::None);
+    row("T3 within 0.0001 of zero counts as zero", 100, 200, 0.00005, true, Problem::None);
+    row("T3 not zero, T2 above it", 100, 300, 200, true, Problem::ThirdTierBelowOthers);
+}
+
+void TestContractSettings::check()
+{
+    QFETCH(double, first);
+    QFETCH(double, second);
+    QFETCH(double, third);
+    QFETCH(bool, thirdInUse);
+    QFETCH(int, problem);
+    ContractSettings settings;
+    settings.tiers.ceilings = {first, second, third};
+    settings.tiers.thirdInUse = thirdInUse;
+    QCOMPARE(int(settings.check()), problem);
+}
+
+void TestContractSettings::missingSettingsAreZero()
+{
+    const ContractSettings settings = ContractSettings::load();
+    QCOMPARE(settings.taxPercent, 0.0);
+    QCOMPARE(settings.dutyPercent, 0.0);
+    for (int tier = 0; tier < 3; ++tier) {
+        QCOMPARE(settings.tiers.ceilings[size_t(tier)], 0.0);
+        QCOMPARE(settings.tiers.percents[size_t(tier)], 0.0);
+    }
+    QVERIFY(!settings.tiers.thirdInUse);
+    QVERIFY(!settings.archiveDemands);
+    QCOMPARE(settings.demandDays, 0);
+}
+
+void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
+{
+    ContractSettings settings;
+    settings.dutyPercent = 1.5;
+    settings.taxPercent = 9;
+    settings.tiers = {{1000, 2000.25, 12345678901.5}, {0.5, 0.75, 1.25}, true};
+    settings.demandDays = 30;
+    settings.archiveDemands = true;
+    settings.save();
+
+    const auto stored = [this](const char *key) {
+        return m_database.value(QStringLiteral("SELECT sValue FROM Properties WHERE sSection='AutomobilContracts' AND "
+                                               "BINARY sKey='%1'").arg(QLatin1String(key)));
+    };
+    QCOMPARE(stored("dPercentImposition").toDouble(), 1.5);
+    QCOMPARE(stored("dPrecentTax").toDouble(), 9.0);
+    QCOMPARE(stored("dTransactionAmount").toDouble(), 1000.0);
+    QCOMPARE(stored("dTransactionAmount2").toDouble(), 2000.25);
+    QCOMPARE(stored("dTransactionAmount3").toDouble(), 12345678901.5);
+    QCOMPARE(stored("dPercentCommission").toDouble(), 0.5);
+    QCOMPARE(stored("dPercentCommission2").toDouble(), 0.75);
+    QCOMPARE(stored("dPercentCommission3").toDouble(), 1.25);
+    QCOMPARE(stored("iDay"), QStringLiteral("30"));
+    QCOMPARE(stored("bTransactionAmount"), QStringLiteral("1"));
+    QCOMPARE(stored("bDemands"), QStringLiteral("1"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'")),
+             QStringLiteral("11"));
+
+    const ContractSettings read = ContractSettings::load();
+    QCOMPARE(read.dutyPercent, settings.dutyPercent);
+    QCOMPARE(read.taxPercent, settings.taxPercent);
+    QCOMPARE(read.tiers.ceilings, settings.tiers.ceilings);
+    QCOMPARE(read.tiers.percents, settings.tiers.percents);
+    QVERIFY(read.tiers.thirdInUse);
+    QVERIFY(read.archiveDemands);
+    QCOMPARE(read.demandDays, 30);
+}
+
+void TestContractSettings::failedSaveWritesNothing()
+{
+    m_database.run(QStringLiteral("CREATE TRIGGER refuseDays BEFORE INSERT ON Properties FOR EACH ROW "
+                                  "IF NEW.sKey='iDay' THEN SIGNAL SQLSTATE '45000'; END IF"));
+    ContractSettings settings;
+    settings.taxPercent = 9;
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, settings.save());
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'")),
+             QStringLiteral("0"));
+}
+
+QTEST_GUILESS_MAIN(TestContractSettings)
+#include "TestContractSettings.moc"

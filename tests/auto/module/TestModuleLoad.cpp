@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/CAutoDBSetting.h"
+#include "suite/accounting/KExtensionModules.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KModuleLoader.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QTest>
+
+// The module as the host meets it: nothing of it is linked here.
+class TestModuleLoad : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void goodLoadEntersTheModuleOnce();
+    void entryGivesTheSameAddressOnEveryCall();
+    void entryWorksThroughItsAddressAlone();
+    void unloadTakesTheModuleOff();
+    void moduleCanBeLoadedAgain();
+    void initialisationThatFailsMakesTheLoadFail();
+    void libraryThatIsNoModuleIsRefused();
+    void missingFileIsRefused();
+    void moduleThatLacksAFunctionIsRefused();
+    void secondModuleOfTheSameNameIsRefused();
+    void afterAFailedLoadTheHostGoesOn();
+    void nothingButTheEntryIsExported();
+};
+
+namespace {
+
+const QString modulePath = QStringLiteral(TZ_MODULE);
+const QString moduleName = QStringLiteral("TzAuto");
+
+CAutoDBSetting *entryOf(KModuleLoader &loader)
+{
+    using Entry = CAutoDBSetting *(*)();
+    const auto entry = reinterpret_cast<Entry>(loader.resolve("GetAutoDBSetting"));
+    return entry ? entry() : nullptr;
+}
+
+}
+
+void TestModuleLoad::cleanup()
+{
+    QVERIFY(KExtensionModules::names().isEmpty());
+}
+
+void TestModuleLoad::goodLoadEntersTheModuleOnce()
+{
+    KModuleLoader loader(moduleName);
+    QVERIFY(!loader.isLoaded());
+    QVERIFY2(loader.load(modulePath), qPrintable(loader.errorText() + loader.technicalText()));
+    QVERIFY(loader.isLoaded());
+    QVERIFY(loader.errorText().isEmpty());
+    QCOMPARE(KExtensionModules::names(), QStringList(moduleName));
+    QVERIFY(loader.load(modulePath));
+    QCOMPARE(KExtensionModules::names(), QStringList(moduleName));
+    QVERIFY(loader.unload());
+}
+
+void TestModuleLoad::entryGivesTheSameAddressOnEveryCall()
+{
+    KModuleLoader loader(moduleName);
+    QVERIFY(loader.load(modulePath));
+    CAutoDBSetting *const first = entryOf(loader);
+    QVERIFY(first);
+    QCOMPARE(entryOf(loader), first);
+    QVERIFY(loader.resolve("GetAnythingElse") == nullptr);
+    QVERIFY(loader.unload());
+}
+
+void TestModuleLoad::entryWorksThroughItsAddressAlone()
+{
+    TestDatabase database;
+    KModuleLoader loader(moduleName);
+    QVERIFY(loader.load(modulePath));
+    CAutoDBSetting *const entry = entryOf(loader);
+    QVERIFY(entry);
+    entry->Archives();
+    double reached = 0;
+    QCOMPARE(entry->UpdateDB(0, 0, reached, true), 1);
+    QCOMPARE(reached, 6.211);
+    QCOMPARE(database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()")),
+             QStringLiteral("9"));
+    QVERIFY(loader.unload());
+}
+
+void TestModuleLoad::unloadTakesTheModuleOff()
+{
+    KModuleLoader loader(moduleName);
+    QVERIFY(!loader.unload());
+    QVERIFY(loader.load(modulePath));
+    QVERIFY(KExtensionModules::isAttached(moduleName));
+    QVERIFY(loader.unload());
+    QVERIFY(!loader.isLoaded());
+    QVERIFY(!KExtensionModules::isAttached(moduleName));
+    QVERIFY(loader.resolve("GetAutoDBSetting") == nullptr);
+}
+
+void TestModuleLoad::moduleCanBeLoadedAgain()
+{
+    KModuleLoader loader(moduleName);
+    for (int round = 0; round < 3; ++round) {
+        QVERIFY(loader.load(modulePath));
+        QVERIFY(entryOf(loader));
+        QVERIFY(loader.unload());
+        QVERIFY(!KExtensionModules::isAttached(moduleName));
+    }
+}
+
+void TestModuleLoad::initialisationThatFailsMakesTheLoadFail()
+{
+    KModuleLoader loader(QStringLiteral("Outdated"));
+    QVERIFY(!loader.load(QStringLiteral(TZ_OUTDATED_MODULE)));
+    QVERIFY(!loader.isLoaded());
+    QVERIFY(loader.errorText().contains(QStringLiteral("Outdated")));
+    QVERIFY(loader.errorText().contains(QStringLiteral("نسخه")));
+    QVERIFY(loader.resolve("isAttached") == nullptr);
+}
+
+void TestModuleLoad::libraryThatIsNoModuleIsRefused()
+{
+    KModuleLoader loader(QStringLiteral("Silent"));
+    QVERIFY(!loader.load(QStringLiteral(TZ_SILENT_MODULE)));
+    QVERIFY(!loader.errorText().isEmpty());
+    QVERIFY(loader.resolve("silent") == nullptr);
+}
+
+void TestModuleLoad::missingFileIsRefused()
+{
+    KModuleLoader loader(moduleName);
+    QVERIFY(!loader.load(QStringLiteral("/nowhere/libTzAuto.so")));
+    QVERIFY(loader.errorText().contains(moduleName));
+    QVERIFY(!loader.technicalText().isEmpty());
+}
+
+void TestModuleLoad::moduleThatLacksAFunctionIsRefused()
+{
+    KModuleLoader loader(QStringLiteral("Unresolved"));
+    QVERIFY(!loader.load(QStringLiteral(TZ_UNRESOLVED_MODULE)));
+    QVERIFY(loader.technicalText().contains(QLatin1String("functionOfALibraryThatIsNotThere")));
+}
+
+void TestModuleLoad::secondModuleOfTheSameNameIsRefused()
+{
+    QVERIFY(KExtensionModules::attach(QStringLiteral("Twice"), KExtensionModules::frameworkVersion));
+    QVERIFY(!KExtensionModules::attach(QStringLiteral("Twice"), KExtensionModules::frameworkVersion));
+    QVERIFY(KExtensionModules::refusal().contains(QStringLiteral("Twice")));
+    QVERIFY(!KExtensionModules::attach(QString(), KExtensionModules::frameworkVersion));
+    KExtensionModules::detach(QStringLiteral("NotThere"));
+    QCOMPARE(KExtensionModules::names(), QStringList(QStringLiteral("Twice")));
+    KExtensionModules::detach(QStringLiteral("Twice"));
+}
+
+void TestModuleLoad::afterAFailedLoadTheHostGoesOn()
+{
+    KModuleLoader outdated(QStringLiteral("Outdated"));
+    QVERIFY(!outdated.load(QStringLiteral(TZ_OUTDATED_MODULE)));
+    KModuleLoader loader(moduleName);
+    QVERIFY2(loader.load(modulePath), qPrintable(loader.errorText()));
+    QVERIFY(entryOf(loader));
+    QVERIFY(loader.unload());
+}
+
+void TestModuleLoad::nothingButTheEntryIsExported()
+{
+    QProcess nm;
+    nm.start(QStringLiteral(TZ_NM), {QStringLiteral("-D"), QStringLiteral("-C"), QStringLiteral("--defined-only"),
+                                     QStringLiteral("--format=posix"), modulePath});
+    QVERIFY(nm.waitForFinished());
+    QCOMPARE(nm.exitCode(), 0);
+    const QString output = QString::fromUtf8(nm.readAllStandardOutput());
+    QStringList names = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (QString &name : names)
+        name = name.left(name.lastIndexOf(QRegularExpression(QStringLiteral(" [A-Za-z] [0-9a-f]+"))));
+
+    QVERIFY(names.removeOne(QStringLiteral("GetAutoDBSetting")));
+    for (const char *operation : {"IsAClosedDB()", "UpdateDB(int, double, double&, bool)", "ShowAutomobilInformationsDlg()",
+                                  "ShowAutomobilContractDlg()", "ShowAutomobilDemandsDlg()",
+                                  "ShowAutomobilReportSeasonsDlg()", "Archives()"})
+        QVERIFY2(names.contains(QLatin1String("CAutoDBSetting::") + QLatin1String(operation)), operation);
+    for (const QString &name : std::as_const(names)) {
+        static const QRegularExpression own(QStringLiteral("^(CAutoDBSetting::|(vtable|typeinfo|typeinfo name) for CAutoDBSetting$)"));
+        QVERIFY2(own.match(name).hasMatch(), qPrintable(name));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestModuleLoad)
+#include "TestModuleLoad.moc"
