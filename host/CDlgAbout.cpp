@@ -9,6 +9,7 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFontDatabase>
 #include <QFormLayout>
 #include <QIcon>
 #include <QLabel>
@@ -32,6 +33,8 @@ void addLine(QFormLayout *form, const QString &caption, const QString &value)
     label->setLayoutDirection(Qt::LeftToRight);
     label->setAlignment(Qt::AlignRight);
     label->setWordWrap(true);
+    // The program's own font would draw the digits of these Latin texts in Persian shape.
+    label->setFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
     label->setAccessibleName(caption + u' ' + value);
     form->addRow(caption, label);
 }

@@ -54,7 +54,8 @@ void CDlgUserRights::buildView()
     m_view->setTabKeyNavigation(false);
     m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_view->horizontalHeader()->setHighlightSections(false);
-    m_view->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // Leading edge: the right one here.
+    m_view->verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 

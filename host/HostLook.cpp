@@ -3,6 +3,8 @@
 
 #include "host/HostLook.h"
 
+#include "host/HostStyle.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
@@ -44,6 +46,7 @@ namespace HostLook {
 
 void apply(QApplication &application)
 {
+    QApplication::setStyle(new HostStyle);
     QString family = familyBesideProgram();
     if (family.isEmpty())
         family = systemFamily();

@@ -205,6 +205,9 @@ void HostProgram::fillDemo()
 
 void HostProgram::loginShown()
 {
+    if (m_started)
+        return;
+    m_started = true;
     m_clock.reached("login");
     m_clock.finished();
 }
@@ -216,10 +219,7 @@ bool HostProgram::login()
         dialog.setUserName(m_proposedUser);
     m_proposedUser.clear();
     m_splash.hide();
-    const bool first = !m_switchUser;
-    connect(&dialog, &CDlgLogin::painted, this, [this, first, &dialog] {
-        if (!first)
-            return;
+    connect(&dialog, &CDlgLogin::painted, this, [this, &dialog] {
         loginShown();
         if (m_options.quitAfterLoginShown)
             dialog.reject();

@@ -45,6 +45,7 @@ private:
     bool restartServer();
     void raiseWindow();
     void shutDown();
+    // The first window that takes input is on the screen: the start is over.
     void loginShown();
 
     HostOptions m_options;
@@ -57,4 +58,5 @@ private:
     QString m_proposedUser;
     MainWindow *m_window = nullptr;
     bool m_switchUser = false;
+    bool m_started = false;
 };

@@ -164,7 +164,7 @@ void MainWindow::buildProgramMenu()
 void MainWindow::buildStatusBar()
 {
     m_closedMark->setStyleSheet(QStringLiteral("font-weight: bold; color: #c0392b"));
-    for (QLabel *label : {m_closedMark, m_date, m_fiscalYear, m_database, m_user}) {
+    for (QLabel *label : {m_user, m_database, m_fiscalYear, m_date, m_closedMark}) {
         label->setTextFormat(Qt::PlainText);
         label->setContentsMargins(8, 0, 8, 0);
         statusBar()->addPermanentWidget(label);

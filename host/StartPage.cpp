@@ -3,28 +3,15 @@
 
 #include "host/StartPage.h"
 
-#include <QAction>
+#include "host/StartButton.h"
+
 #include <QGridLayout>
 #include <QLabel>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int buttonsPerRow = 3;
-
-QToolButton *bigButton(QAction *action, QWidget *parent)
-{
-    auto *button = new QToolButton(parent);
-    button->setDefaultAction(action);
-    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setIconSize(QSize(56, 56));
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setAccessibleName(action->text());
-    const int unit = button->fontMetrics().averageCharWidth();
-    button->setFixedSize(unit * 30, unit * 20);
-    return button;
-}
 
 }
 
@@ -47,7 +34,7 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     grid->setSpacing(16);
     for (QAction *action : actions) {
         const int place = static_cast<int>(m_buttons.size());
-        m_buttons.append(bigButton(action, this));
+        m_buttons.append(new StartButton(action, this));
         grid->addWidget(m_buttons.constLast(), place / buttonsPerRow, place % buttonsPerRow);
     }
 

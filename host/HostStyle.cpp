@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/HostStyle.h"
+
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOptionButton>
+
+namespace {
+
+constexpr int iconGap = 6;
+
+// Icon and text side by side in the middle of the button. The base style aligns the text to the far edge instead.
+void drawLabelRightToLeft(const QStyle &style, const QStyleOptionButton &button, QPainter &painter)
+{
+    const bool enabled = button.state & QStyle::State_Enabled;
+    const int flags = Qt::TextShowMnemonic | Qt::AlignVCenter | Qt::AlignHCenter;
+    const int textWidth = button.fontMetrics.size(Qt::TextShowMnemonic, button.text).width();
+    const int width = qMin(button.rect.width(), button.iconSize.width() + iconGap + textWidth);
+    const QRect label(button.rect.center().x() - width / 2, button.rect.top(), width, button.rect.height());
+    const QRect icon(label.right() - button.iconSize.width() + 1, label.center().y() - button.iconSize.height() / 2,
+                     button.iconSize.width(), button.iconSize.height());
+    button.icon.paint(&painter, icon, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+    const QRect text = label.adjusted(0, 0, -(button.iconSize.width() + iconGap), 0);
+    style.drawItemText(&painter, text, flags, button.palette, enabled, button.text, QPalette::ButtonText);
+}
+
+}
+
+HostStyle::HostStyle()
+    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+{
+}
+
+void HostStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const
+{
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    const bool mends = element == CE_PushButtonLabel && button && button->direction == Qt::RightToLeft
+        && !button->icon.isNull() && !button->text.isEmpty() && !(button->features & QStyleOptionButton::HasMenu);
+    if (mends)
+        drawLabelRightToLeft(*this, *button, *painter);
+    else
+        QProxyStyle::drawControl(element, option, painter, widget);
+}

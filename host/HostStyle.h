@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QProxyStyle>
+
+// The look on every desktop, with what the base style gets wrong from right to left put right.
+class HostStyle final : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    HostStyle();
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget = nullptr) const override;
+};
