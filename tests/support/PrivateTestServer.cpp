@@ -8,24 +8,35 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStorageInfo>
 
 namespace {
 
 const QString locationFile = QStringLiteral(TZ_TEST_SERVER_FILE);
+constexpr qint64 roomInMemory = 4LL * 1024 * 1024 * 1024;
 const QString folderKey = QStringLiteral("folder");
 
 }
 
 PrivateTestServer::PrivateTestServer()
-    : m_folder(QDir::tempPath() + QStringLiteral("/tzt-XXXXXX"))
+    : m_folder(folderTemplate())
 {
     m_server = std::make_unique<EmbeddedServer>(DataFolder(m_folder.path()), options());
     m_server->start();
 }
 
 PrivateTestServer::~PrivateTestServer() = default;
+
+QString PrivateTestServer::folderTemplate()
+{
+    const QStorageInfo memory(QStringLiteral("/dev/shm"));
+    const bool fits = memory.isValid() && memory.isReady() && memory.rootPath() == QStringLiteral("/dev/shm")
+        && QFileInfo(memory.rootPath()).isWritable() && memory.bytesAvailable() > roomInMemory;
+    return (fits ? memory.rootPath() : QDir::tempPath()) + QStringLiteral("/tzt-XXXXXX");
+}
 
 EmbeddedServer::Options PrivateTestServer::options()
 {

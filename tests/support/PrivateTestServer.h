@@ -21,6 +21,8 @@ public:
     EmbeddedServer &server() { return *m_server; }
     QString folder() const { return m_folder.path(); }
     static EmbeddedServer::Options options();
+    // For QTemporaryDir: where a database is made fastest, in memory when the system offers a folder there with room.
+    static QString folderTemplate();
 
     // The server that ctest started for this run: its connection, no database selected; nothing when there is none.
     static std::optional<KConnectionSettings> ofThisRun();

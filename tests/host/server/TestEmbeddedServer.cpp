@@ -107,7 +107,7 @@ private:
 
 void TestEmbeddedServer::init()
 {
-    m_temporary = std::make_unique<QTemporaryDir>();
+    m_temporary = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate());
 }
 
 void TestEmbeddedServer::cleanup()

@@ -77,7 +77,7 @@ class TestServerUpgrade : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_temporary = std::make_unique<QTemporaryDir>(); }
+    void init() { m_temporary = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate()); }
     void anotherVersionDumpsAndUpgradesAndKeepsTheData_data();
     void anotherVersionDumpsAndUpgradesAndKeepsTheData();
     void theSameVersionDumpsNothing();
