@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPalette>
 #include <QVBoxLayout>
 
 namespace {
@@ -35,6 +36,19 @@ KEdit *createAmount(const QString &name, const QString &description)
     edit->setAccessibleName(name);
     edit->setAccessibleDescription(description);
     edit->setMinimumWidth(150);
+    return edit;
+}
+
+// Display only, and looks it: on the window's own colour, left out by the keyboard.
+KEdit *createLowerBound(const QString &name, const QString &description)
+{
+    KEdit *edit = createAmount(name, description);
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::NoFocus);
+    QPalette palette = edit->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    edit->setPalette(palette);
+    edit->setText(QStringLiteral("0"));
     return edit;
 }
 
@@ -95,9 +109,7 @@ void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, co
     const QString toText = QStringLiteral("تا :");
     const QString description = QStringLiteral("پله %1 کمیسیون").arg(tier + 1);
     TierRow &row = m_tiers[std::size_t(tier)];
-    row.lowerBound = createAmount(fromText, description);
-    row.lowerBound->setReadOnly(true);
-    row.lowerBound->setFocusPolicy(Qt::NoFocus);
+    row.lowerBound = createLowerBound(fromText, description);
     row.ceiling = createAmount(toText, description);
     row.percent = createPercent(QStringLiteral("%"), description);
 
