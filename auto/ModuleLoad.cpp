@@ -3,7 +3,6 @@
 
 #include "suite/accounting/KExtensionModules.h"
 
-
 namespace {
 
 // Lives as long as the library is loaded: enters the module into the host's chain, and takes it off at unload. A refused

@@ -14,7 +14,7 @@
 namespace SchemaTables {
 
 enum class ColumnType {
-    Key,        // the automatic primary key
+    Key, // the automatic primary key
     Integer,
     Decimal,
     Text,
@@ -26,12 +26,12 @@ struct Column
 {
     const char *name;
     ColumnType type;
-    int length = 0;         // of a text, in characters
+    int length = 0; // of a text, in characters
 };
 
 struct Index
 {
-    const char *kind;       // INDEX or UNIQUE INDEX
+    const char *kind; // INDEX or UNIQUE INDEX
     const char *name;
     const char *column;
 };

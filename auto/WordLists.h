@@ -17,18 +17,18 @@ namespace WordLists {
 
 using List = std::span<const QStringView>;
 
-List contractTypesWithAll();  // contract types as a filter
-List contractTypes();         // the same without the "all" entry: positions are iContractType
-List archiveStates();         // archive filter: all, not archived, archived (by oneself), archived by other users
-List returnStates();          // return filter: all, not returned, returned
+List contractTypesWithAll(); // contract types as a filter
+List contractTypes();        // the same without the "all" entry: positions are iContractType
+List archiveStates();        // archive filter: all, not archived, archived (by oneself), archived by other users
+List returnStates();         // return filter: all, not returned, returned
 List fuelTypes();
-List sendingStates();         // of a record on its way to the tax authority's system
-List paymentStates();         // of an instalment
+List sendingStates(); // of a record on its way to the tax authority's system
+List paymentStates(); // of an instalment
 List inputParameterTypes();
 List companyTypes();
 List personalTitles();
-List starRatings();           // position n holds n + 1 asterisks
-List balanceSides();          // debit, neutral, credit
+List starRatings();  // position n holds n + 1 asterisks
+List balanceSides(); // debit, neutral, credit
 
 // For combo boxes.
 QStringList texts(List list);

@@ -28,10 +28,10 @@ protected:
 private:
     struct TierRow
     {
-        KEdit *lowerBound = nullptr;    // display only
+        KEdit *lowerBound = nullptr; // display only
         KEdit *ceiling = nullptr;
         KEdit *percent = nullptr;
-        QList<QWidget *> widgets;       // all of the row but its heading
+        QList<QWidget *> widgets; // all of the row but its heading
     };
 
     QWidget *createTaxGroup();

@@ -52,7 +52,9 @@ constexpr PartyFields secondParty{CommissionField::SecondTaxPercent, CommissionF
 class Recomputation
 {
 public:
-    Recomputation(CommissionFields &fields, const CommissionTiers &tiers) : m_fields(fields), m_tiers(tiers) { }
+    Recomputation(CommissionFields &fields, const CommissionTiers &tiers)
+        : m_fields(fields)
+        , m_tiers(tiers) { }
 
     void dependantsOf(CommissionField changed)
     {

@@ -12,10 +12,10 @@
 
 // Who stands on a side of the contract; the value stored in iPersonContract1 and iPersonContract2.
 enum class PartyKind {
-    None = -1,      // nothing chosen: what the party pays is left alone by a change of the amount
-    Ordinary = 0,   // a person of the persons list
-    Showroom = 1,   // the dealership itself: pays only tax and duty
-    Other = 2       // a person typed in by hand
+    None = -1,    // nothing chosen: what the party pays is left alone by a change of the amount
+    Ordinary = 0, // a person of the persons list
+    Showroom = 1, // the dealership itself: pays only tax and duty
+    Other = 2     // a person typed in by hand
 };
 
 // Commission tiers of the settings: an amount up to ceiling n (inclusive) costs percent n of it.
@@ -42,7 +42,7 @@ struct CommissionFields
 {
     double amount = 0;
     double commission = 0;
-    double perPartyTotal = 0;   // one figure for both parties: whichever party's tax or duty changed last set it
+    double perPartyTotal = 0; // one figure for both parties: whichever party's tax or duty changed last set it
     CommissionParty first;
     CommissionParty second;
 };

@@ -14,7 +14,7 @@
 // One side of the contract as the document sees it. Amounts in the suite's money unit.
 struct ContractDocumentParty
 {
-    int personID = 0;           // 0: no person of the suite (typed by hand, or the dealership itself)
+    int personID = 0; // 0: no person of the suite (typed by hand, or the dealership itself)
     QString name;
     PartyKind kind = PartyKind::Ordinary;
     double discount = 0;
@@ -36,8 +36,8 @@ struct ContractForDocument
 // A row without its place in a document.
 struct ContractDocumentRow
 {
-    int account = 0;            // subsidiary account (six digits); its general account follows from it
-    int personID = 0;           // on the persons account only, 0 for a party that is no person of the suite
+    int account = 0;  // subsidiary account (six digits); its general account follows from it
+    int personID = 0; // on the persons account only, 0 for a party that is no person of the suite
     double debit = 0;
     double credit = 0;
     QString description;

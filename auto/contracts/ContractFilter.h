@@ -10,18 +10,18 @@
 // 0 meaning all.
 struct ContractCriteria
 {
-    bool activeOnly = false;      // leave void contracts out
-    int firstPersonID = 0;        // key of the first party (seller), 0: any
-    int secondPersonID = 0;       // key of the second party (buyer), 0: any
-    int returnState = 0;          // position in WordLists::returnStates
-    int archiveState = 0;         // position in WordLists::archiveStates
-    int currentUserID = 0;        // whose archive "archived" means
-    int contractType = 0;         // position in WordLists::contractTypesWithAll
-    QDateTime contractFrom;       // invalid: open; the time of day does not count
+    bool activeOnly = false; // leave void contracts out
+    int firstPersonID = 0;   // key of the first party (seller), 0: any
+    int secondPersonID = 0;  // key of the second party (buyer), 0: any
+    int returnState = 0;     // position in WordLists::returnStates
+    int archiveState = 0;    // position in WordLists::archiveStates
+    int currentUserID = 0;   // whose archive "archived" means
+    int contractType = 0;    // position in WordLists::contractTypesWithAll
+    QDateTime contractFrom;  // invalid: open; the time of day does not count
     QDateTime contractTo;
     QDateTime expirationFrom;
     QDateTime expirationTo;
-    QString descriptionPart;      // already escaped for a LIKE literal (KEdit::queryText); empty: any
+    QString descriptionPart; // already escaped for a LIKE literal (KEdit::queryText); empty: any
     QString explanationPart;
 };
 

@@ -14,14 +14,14 @@ namespace {
 PartyKind partyKind(qint32 stored)
 {
     return stored >= 0 && stored <= static_cast<qint32>(PartyKind::Other) ? static_cast<PartyKind>(stored)
-                                                                           : PartyKind::None;
+                                                                          : PartyKind::None;
 }
 
 ContractForDocument forDocument(const CTblAutomobilContracts &contract)
 {
     ContractForDocument document;
     document.commission = contract.m_dCommission;
-    document.first = {contract.m_iPersonFirstID, contract.m_sName1,  partyKind(contract.m_iPersonContract1),
+    document.first = {contract.m_iPersonFirstID, contract.m_sName1, partyKind(contract.m_iPersonContract1),
                       contract.m_dDiscountFirst, contract.m_dPercentTax, contract.m_dTax,
                       contract.m_dPercentImpsition, contract.m_dImposition};
     document.second = {contract.m_iPersonSecondID, contract.m_sName2, partyKind(contract.m_iPersonContract2),

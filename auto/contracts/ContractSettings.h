@@ -15,10 +15,10 @@ struct ContractSettings
         ThirdTierBelowOthers
     };
 
-    double taxPercent = 0;        // value-added tax on the commission, 0 to 100
-    double dutyPercent = 0;       // duty on the commission, 0 to 100
+    double taxPercent = 0;  // value-added tax on the commission, 0 to 100
+    double dutyPercent = 0; // duty on the commission, 0 to 100
     CommissionTiers tiers;
-    bool archiveDemands = false;  // demands older than demandDays are archived
+    bool archiveDemands = false; // demands older than demandDays are archived
     int demandDays = 0;
 
     // Missing settings are 0. Throw CMySQLException.

@@ -116,7 +116,8 @@ void TestSchemaUpgrade::bringTo(double version)
 bool TestSchemaUpgrade::hasColumn(const QString &table, const QString &column)
 {
     return m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
-                                           " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'").arg(table, column))
+                                           " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'")
+                                .arg(table, column))
         == QLatin1String("1");
 }
 

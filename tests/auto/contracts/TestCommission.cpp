@@ -86,7 +86,7 @@ void TestCommission::commissionByTier_data()
 {
     QTest::addColumn<double>("amount");
     QTest::addColumn<bool>("thirdInUse");
-    QTest::addColumn<double>("commission");   // 77 stands before the change
+    QTest::addColumn<double>("commission"); // 77 stands before the change
     QTest::newRow("amount zero") << 0.0 << true << 0.0;
     QTest::newRow("within the first tier") << 500.0 << true << 5.0;
     QTest::newRow("exactly T1 uses C1") << 1000.0 << true << 10.0;
@@ -210,7 +210,7 @@ void TestCommission::taxPercentRecomputesThatTaxOnly()
 void TestCommission::typedTaxOrDutyRecomputesTheTotal_data()
 {
     QTest::addColumn<int>("levy");
-    QTest::addColumn<double>("total");   // of commission 10 and this party's other levy
+    QTest::addColumn<double>("total"); // of commission 10 and this party's other levy
     QTest::newRow("tax of the first party") << static_cast<int>(Field::FirstTax) << 10.0 + 0.1 + 5;
     QTest::newRow("duty of the first party") << static_cast<int>(Field::FirstDuty) << 10.0 + 0.9 + 5;
     QTest::newRow("tax of the second party") << static_cast<int>(Field::SecondTax) << 10.0 + 0.1 + 5;

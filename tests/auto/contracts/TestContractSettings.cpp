@@ -99,7 +99,8 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
 
     const auto stored = [this](const char *key) {
         return m_database.value(QStringLiteral("SELECT sValue FROM Properties WHERE sSection='AutomobilContracts' AND "
-                                               "BINARY sKey='%1'").arg(QLatin1String(key)));
+                                               "BINARY sKey='%1'")
+                                    .arg(QLatin1String(key)));
     };
     QCOMPARE(stored("dPercentImposition").toDouble(), 1.5);
     QCOMPARE(stored("dPrecentTax").toDouble(), 9.0);

@@ -171,8 +171,7 @@ void TestModuleLoad::afterAFailedLoadTheHostGoesOn()
 void TestModuleLoad::nothingButTheEntryIsExported()
 {
     QProcess nm;
-    nm.start(QStringLiteral(TZ_NM), {QStringLiteral("-D"), QStringLiteral("-C"), QStringLiteral("--defined-only"),
-                                     QStringLiteral("--format=posix"), modulePath});
+    nm.start(QStringLiteral(TZ_NM), {QStringLiteral("-D"), QStringLiteral("-C"), QStringLiteral("--defined-only"), QStringLiteral("--format=posix"), modulePath});
     QVERIFY(nm.waitForFinished());
     QCOMPARE(nm.exitCode(), 0);
     const QString output = QString::fromUtf8(nm.readAllStandardOutput());

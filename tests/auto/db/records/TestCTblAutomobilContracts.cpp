@@ -64,8 +64,10 @@ void TestCTblAutomobilContracts::bindingsStandInOrderWithTheirCaptions()
     QFile file(QStringLiteral(TZ_TEST_SOURCE "/contract_columns.tsv"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     static const QHash<KMySQL::ColumnKind, QString> kinds{
-        {KMySQL::ColumnKind::Long, QStringLiteral("long")},     {KMySQL::ColumnKind::Text, QStringLiteral("text")},
-        {KMySQL::ColumnKind::Date, QStringLiteral("date")},     {KMySQL::ColumnKind::Double, QStringLiteral("double")},
+        {KMySQL::ColumnKind::Long, QStringLiteral("long")},
+        {KMySQL::ColumnKind::Text, QStringLiteral("text")},
+        {KMySQL::ColumnKind::Date, QStringLiteral("date")},
+        {KMySQL::ColumnKind::Double, QStringLiteral("double")},
         {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
     };
     CTblAutomobilContracts contract;
@@ -246,7 +248,8 @@ void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()
                  QStringList(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=5")));
     }
     QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=3 AND "
-                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")), QStringLiteral("5"));
+                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")),
+             QStringLiteral("5"));
     m_database.run(QStringLiteral("UPDATE AutomobilContracts SET dateArchive='2020-01-01'"));
     {
         ObservedStatements observed({QStringLiteral("UPDATE")});
@@ -255,7 +258,8 @@ void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()
                  QStringList(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=5")));
     }
     QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=0 AND "
-                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")), QStringLiteral("5"));
+                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")),
+             QStringLiteral("5"));
     CTblAutomobilContracts::archive(999, 3);
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE iArchiveUserID<>0")),
              QStringLiteral("0"));
