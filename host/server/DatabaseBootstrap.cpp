@@ -10,12 +10,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 namespace {
-
-// The files of a new database and room to work.
-constexpr qint64 roomForNewDatabase = 300LL * 1024 * 1024;
 
 // What the server stores for a password. Made here, so that the statement, which the server repeats in its log when it
 // fails, does not hold the password itself.
@@ -58,9 +54,6 @@ bool DatabaseBootstrap::exists() const
 
 void DatabaseBootstrap::create(const QString &password, const ToolProcess::Pulse &pulse) const
 {
-    if (QStorageInfo(m_folder.path()).bytesAvailable() < roomForNewDatabase)
-        throw ServerError(ServerError::Kind::DiskFull, m_folder.diskFullMessage(),
-                          QStringLiteral("less than %1 bytes free").arg(roomForNewDatabase));
     const QString aside = m_folder.databasePath() + QStringLiteral(".new");
     QDir(aside).removeRecursively();
     QString reason;

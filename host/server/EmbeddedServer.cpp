@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLoggingCategory>
+#include <QStorageInfo>
 #include <QThread>
 
 #include <mysql.h>
@@ -111,10 +112,19 @@ void EmbeddedServer::prepare(const Progress &progress)
     m_settings.user = databaseName();
     m_settings.database = databaseName();
     endLeftovers(progress);
+    requireRoom(m_options.freeMiBToStart);
     ServerLog(m_folder).begin();
     ServerConfig(m_folder, m_options).writeServerOptions(m_settings.socketPath);
     checkInstalledVersion();
     loadOrMakeAccount(progress);
+}
+
+void EmbeddedServer::requireRoom(int mebibytes) const
+{
+    const qint64 free = QStorageInfo(m_folder.path()).bytesAvailable();
+    if (free < mebibytes * 1024LL * 1024LL)
+        throw ServerError(ServerError::Kind::DiskFull, m_folder.diskFullMessage(),
+                          QStringLiteral("%1 bytes free, %2 MiB needed").arg(free).arg(mebibytes));
 }
 
 // A server of this folder that outlived its program, and what it left. We hold the folder's lock, so no living program
@@ -159,6 +169,7 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
     if (m_isNewDatabase) {
         const QString waiting = QStringLiteral("ساختن پایگاه داده برای نخستین بار…");
         tell(progress, waiting);
+        requireRoom(m_options.freeMiBForNewDatabase);
         QFile::remove(m_folder.statePath());
         bootstrap.create(m_settings.password, [&](qint64) { tell(progress, waiting); });
     } else if (!accountKnown) {

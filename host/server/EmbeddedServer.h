@@ -31,6 +31,9 @@ public:
         int startLimitMilliseconds = 30000;
         int bufferPoolMiB = 64;
         int redoLogMiB = 96;
+        // Room that the folder's disk must have. With less a server may start but break off at its first larger write.
+        int freeMiBForNewDatabase = 300;
+        int freeMiBToStart = 32;
         // For tests only: nothing is forced to the disk, a power failure may lose everything.
         bool unsafeButFast = false;
     };
@@ -74,6 +77,7 @@ Q_SIGNALS:
 
 private:
     void prepare(const Progress &progress);
+    void requireRoom(int mebibytes) const;
     void endLeftovers(const Progress &progress);
     void loadOrMakeAccount(const Progress &progress);
     void launch(const Progress &progress);

@@ -73,6 +73,8 @@ std::optional<ServerError::Kind> ServerLog::knownFailure(const QString &text)
     static const Sign signs[] = {
         {QStringLiteral("No space left on device"), ServerError::Kind::DiskFull},
         {QStringLiteral("Disk full"), ServerError::Kind::DiskFull},
+        {QStringLiteral("Out of disk space"), ServerError::Kind::DiskFull},
+        {QStringLiteral("failed with error 28"), ServerError::Kind::DiskFull},
         {QStringLiteral("Errcode: 28"), ServerError::Kind::DiskFull},
         {QStringLiteral("Error number 28"), ServerError::Kind::DiskFull},
         {QStringLiteral("errno 28"), ServerError::Kind::DiskFull},
@@ -91,7 +93,7 @@ std::optional<ServerError::Kind> ServerLog::knownFailure(const QString &text)
 
 ServerError ServerLog::error(ServerError::Kind otherwise, const QString &detail) const
 {
-    const QString words = tail();
-    const ServerError::Kind kind = knownFailure(words).value_or(otherwise);
-    return {kind, messageFor(kind, m_folder), detail + QLatin1Char('\n') + words};
+    // A server that breaks off writes long about itself after the cause.
+    const ServerError::Kind kind = knownFailure(tail(200)).value_or(otherwise);
+    return {kind, messageFor(kind, m_folder), detail + QLatin1Char('\n') + tail()};
 }

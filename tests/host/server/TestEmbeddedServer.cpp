@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <limits>
 #include <mysql.h>
 
 namespace {
@@ -94,6 +95,7 @@ private Q_SLOTS:
     void aFolderThatIsNoDatabaseIsRefused();
     void aServerThatDoesNotComeUpIsReportedWithinTheLimit_data();
     void aServerThatDoesNotComeUpIsReportedWithinTheLimit();
+    void aFullDiskIsSaidBeforeTheServerBreaksOff();
     void damagedOptionsAreWrittenAnew();
     void aDataFolderWithoutWritePermissionIsNamed();
     void aProgressThatThrowsLeavesNoServer();
@@ -407,6 +409,28 @@ void TestEmbeddedServer::aServerThatDoesNotComeUpIsReportedWithinTheLimit()
     EmbeddedServer again(folder(), m_options);
     again.start();
     QVERIFY(again.isRunning());
+}
+
+void TestEmbeddedServer::aFullDiskIsSaidBeforeTheServerBreaksOff()
+{
+    EmbeddedServer::Options full = m_options;
+    full.freeMiBForNewDatabase = std::numeric_limits<int>::max();
+    EmbeddedServer first(folder(), full);
+    QCOMPARE(refusal(first).kind(), ServerError::Kind::DiskFull);
+    QVERIFY(!QFile::exists(folder().databasePath()));
+    {
+        EmbeddedServer server(folder(), m_options);
+        server.start();
+        keepOneRow(server);
+    }
+    full.freeMiBToStart = std::numeric_limits<int>::max();
+    EmbeddedServer later(folder(), full);
+    const ServerError error = refusal(later);
+    QCOMPARE(error.kind(), ServerError::Kind::DiskFull);
+    QVERIFY(error.userMessage().contains(folder().path()));
+    EmbeddedServer again(folder(), m_options);
+    again.start();
+    QVERIFY(rowIsThere(again));
 }
 
 void TestEmbeddedServer::damagedOptionsAreWrittenAnew()

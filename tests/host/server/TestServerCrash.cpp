@@ -56,7 +56,7 @@ private:
 
 void TestServerCrash::init()
 {
-    m_temporary = std::make_unique<QTemporaryDir>();
+    m_temporary = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate());
 }
 
 void TestServerCrash::cleanup()
