@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <utility>
+
 #include "suite/utility/EntryMark.h"
 #include "suite/utility/KMonthPopup.h"
 #include "suite/utility/ShamsiDate.h"
@@ -22,7 +24,8 @@ constexpr int gap = 4;
 class CalendarButton : public QAbstractButton
 {
 public:
-    explicit CalendarButton(QWidget *parent) : QAbstractButton(parent)
+    explicit CalendarButton(QWidget *parent)
+        : QAbstractButton(parent)
     {
         setFocusPolicy(Qt::NoFocus);
         setCursor(Qt::ArrowCursor);
@@ -33,7 +36,7 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text);
+        QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
         ink.setAlphaF(underMouse() ? 1.0F : 0.65F);
         painter.setPen(QPen(ink, 1.2));
         const double side = qMin(width(), height()) * 0.6;
@@ -58,7 +61,9 @@ bool isDateChar(QChar c)
 
 }
 
-KDateEdit::KDateEdit(QWidget *parent) : QLineEdit(parent), m_button(new CalendarButton(this))
+KDateEdit::KDateEdit(QWidget *parent)
+    : QLineEdit(parent)
+    , m_button(new CalendarButton(this))
 {
     setLayoutDirection(Qt::LeftToRight);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -66,6 +71,7 @@ KDateEdit::KDateEdit(QWidget *parent) : QLineEdit(parent), m_button(new Calendar
     placeChildren();
     connect(m_button, &QAbstractButton::clicked, this, &KDateEdit::showPopup);
     // Any text that this class did not put here is an edit, whoever put it: a screen reader sets text without typing.
+    connect(this, &QLineEdit::textEdited, this, [this] { m_typing = true; });
     connect(this, &QLineEdit::textChanged, this, &KDateEdit::takeText);
     connect(this, &QLineEdit::editingFinished, this, &KDateEdit::normalize);
 }
@@ -79,7 +85,7 @@ void KDateEdit::setCheckable(bool checkable)
         m_check->setCursor(Qt::ArrowCursor);
         m_check->setFocusPolicy(Qt::TabFocus);
         m_check->setEnabled(!isReadOnly());
-        setTabOrder(m_check, this);
+        setTabOrder(this, m_check);
         connect(m_check, &QCheckBox::toggled, this, &KDateEdit::onCheckToggled);
         m_check->show();
     } else {
@@ -169,9 +175,13 @@ void KDateEdit::takeText(const QString &text)
     const bool sameDay = date.isValid() && date == m_dateTime.date();
     // The box first, so that who hears of the date sees it counted.
     setChecked(!ascii.trimmed().isEmpty());
-    setState(sameDay ? m_dateTime : date.isValid() ? QDateTime(date, QTime(0, 0), Qt::UTC) : QDateTime(), true);
-    if (!hasFocus())
-        normalize();
+    // Who types may not be done yet; a text that came whole is put into its form before anyone hears of it.
+    const bool isWhole = !std::exchange(m_typing, false);
+    if (isWhole && date.isValid())
+        showText(shamsiText(date));
+    setState(sameDay ? m_dateTime : date.isValid() ? QDateTime(date, QTime(0, 0), Qt::UTC)
+                                                   : QDateTime(),
+             true);
 }
 
 void KDateEdit::enterDate(const QDate &date)
@@ -227,8 +237,7 @@ void KDateEdit::keyPressEvent(QKeyEvent *event)
         QLineEdit::keyPressEvent(event);
         return;
     }
-    const bool isPopupKey
-        = event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier));
+    const bool isPopupKey = event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier));
     const QString typed = toAsciiDigits(event->text());
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     const bool isForeign = typed.size() == 1 && typed[0].isPrint() && !isDateChar(typed[0]) && !isCommand;
@@ -289,6 +298,13 @@ void KDateEdit::updateLook()
     if (!isChecked())
         colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
     setPalette(colors);
+    if (m_check) {
+        // Styles draw the box's outline as a shade darker than the window, which is lost on a dark line.
+        QPalette box;
+        if (palette().color(QPalette::Base).lightness() < 128)
+            box.setColor(QPalette::Window, palette().color(QPalette::PlaceholderText).lighter());
+        m_check->setPalette(box);
+    }
     m_updatingLook = false;
 }
 

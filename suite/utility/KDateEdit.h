@@ -84,5 +84,6 @@ private:
     QDateTime m_dateTime;
     QString m_shownError;
     bool m_showing = false;
+    bool m_typing = false;
     bool m_updatingLook = false;
 };

@@ -38,7 +38,8 @@ bool isField(const QWidget *widget)
 
 }
 
-KDialog::KDialog(QWidget *parent) : QDialog(parent)
+KDialog::KDialog(QWidget *parent)
+    : QDialog(parent)
 {
     setLayoutDirection(Qt::RightToLeft);
 }

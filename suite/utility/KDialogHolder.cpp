@@ -8,7 +8,9 @@
 
 #include "suite/utility/KDialogTabPage.h"
 
-KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent) : KDialog(parent), m_page(page)
+KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent)
+    : KDialog(parent)
+    , m_page(page)
 {
     setWindowTitle(page->title());
     auto *layout = new QVBoxLayout(this);

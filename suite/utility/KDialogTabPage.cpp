@@ -3,7 +3,8 @@
 
 #include "suite/utility/KDialogTabPage.h"
 
-KDialogTabPage::KDialogTabPage(QWidget *parent) : QWidget(parent)
+KDialogTabPage::KDialogTabPage(QWidget *parent)
+    : QWidget(parent)
 {
     setLayoutDirection(Qt::RightToLeft);
 }

@@ -21,9 +21,11 @@ constexpr int percentDecimals = 4;
 
 }
 
-KEdit::KEdit(QWidget *parent) : KEdit(Kind::Text, parent) { }
+KEdit::KEdit(QWidget *parent)
+    : KEdit(Kind::Text, parent) { }
 
-KEdit::KEdit(Kind kind, QWidget *parent) : QLineEdit(parent)
+KEdit::KEdit(Kind kind, QWidget *parent)
+    : QLineEdit(parent)
 {
     setKind(kind);
     // Any text that setNumber did not put here is an edit, whoever put it: a screen reader sets text without typing.
@@ -39,9 +41,11 @@ KEdit::KEdit(Kind kind, QWidget *parent) : QLineEdit(parent)
 void KEdit::setKind(Kind kind)
 {
     m_kind = kind;
-    m_decimals = kind == Kind::Percent ? percentDecimals : kind == Kind::Integer ? 0 : -1;
+    m_decimals = kind == Kind::Percent ? percentDecimals : kind == Kind::Integer ? 0
+                                                                                 : -1;
     m_minimum = 0;
-    m_maximum = kind == Kind::Percent ? 100 : kind == Kind::Integer ? std::numeric_limits<int>::max() : largestMoney;
+    m_maximum = kind == Kind::Percent ? 100 : kind == Kind::Integer ? std::numeric_limits<int>::max()
+                                                                    : largestMoney;
     if (isNumberKind()) {
         setLayoutDirection(Qt::LeftToRight);
         setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -19,11 +19,11 @@ class TZUTILITY_EXPORT KEdit : public QLineEdit
 
 public:
     enum class Kind {
-        Text, // free text; setMaxLength limits it
+        Text,      // free text; setMaxLength limits it
         QueryText, // free text for a statement's LIKE: use queryText
-        Money, // 0 and above unless setRange says otherwise, in the decimals of the office's money unit
-        Percent, // 0 to 100, at most four decimals
-        Integer // whole number, 0 and above unless setRange says otherwise
+        Money,     // 0 and above unless setRange says otherwise, in the decimals of the office's money unit
+        Percent,   // 0 to 100, at most four decimals
+        Integer    // whole number, 0 and above unless setRange says otherwise
     };
 
     explicit KEdit(QWidget *parent = nullptr);

@@ -62,7 +62,9 @@ bool isOrder(QVector<int> numbers, int count)
 
 }
 
-KExtListCtrl::KExtListCtrl(QWidget *parent) : QTreeView(parent), m_model(new KListModel(this))
+KExtListCtrl::KExtListCtrl(QWidget *parent)
+    : QTreeView(parent)
+    , m_model(new KListModel(this))
 {
     setModel(m_model);
     setItemDelegate(new CellDelegate(this));

@@ -26,7 +26,8 @@ bool readsLeftToRight(const QVariant &value)
 
 }
 
-KListModel::KListModel(QObject *parent) : QAbstractTableModel(parent) { }
+KListModel::KListModel(QObject *parent)
+    : QAbstractTableModel(parent) { }
 
 void KListModel::setColumns(const QVector<Column> &columns)
 {
@@ -118,7 +119,8 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return int(column.alignment | Qt::AlignVCenter | Qt::AlignAbsolute);
     case SortRole:
-        return !cell ? QVariant() : cell->value.isValid() ? cell->value : QVariant(cell->text);
+        return !cell ? QVariant() : cell->value.isValid() ? cell->value
+                                                          : QVariant(cell->text);
     case KeyRole:
         return keyAt(index.row());
     case LeftToRightRole:

@@ -18,15 +18,15 @@ class TZUTILITY_EXPORT KListModel : public QAbstractTableModel
 public:
     enum Role {
         SortRole = Qt::UserRole, // the raw value; the text when the cell has none
-        KeyRole // the row's key
+        KeyRole                  // the row's key
     };
 
     struct Column
     {
         QString title;
         Qt::Alignment alignment = Qt::AlignRight; // as it is seen, not mirrored
-        int width = 80; // dialog units: quarters of the font's average character
-        QString sortKey; // what a click sorts by; empty: it does not sort
+        int width = 80;                           // dialog units: quarters of the font's average character
+        QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
     };
 

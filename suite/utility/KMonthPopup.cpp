@@ -30,7 +30,9 @@ constexpr int monthsInYear = 12;
 class StepButton : public QAbstractButton
 {
 public:
-    StepButton(QWidget *parent, int months) : QAbstractButton(parent), m_months(months)
+    StepButton(QWidget *parent, int months)
+        : QAbstractButton(parent)
+        , m_months(months)
     {
         setFocusPolicy(Qt::TabFocus);
         setFixedSize(fontMetrics().height() + 12, fontMetrics().height() + 10);
@@ -73,7 +75,8 @@ QString spokenDate(const QDate &date)
 
 }
 
-KDayButton::KDayButton(QWidget *parent) : QAbstractButton(parent)
+KDayButton::KDayButton(QWidget *parent)
+    : QAbstractButton(parent)
 {
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -120,7 +123,9 @@ void KDayButton::paintEvent(QPaintEvent *)
     painter.drawText(rect(), Qt::AlignCenter, this->text());
 }
 
-KMonthPopup::KMonthPopup(QWidget *parent) : QFrame(parent, Qt::Popup), m_title(new QLabel(this))
+KMonthPopup::KMonthPopup(QWidget *parent)
+    : QFrame(parent, Qt::Popup)
+    , m_title(new QLabel(this))
 {
     setLayoutDirection(Qt::RightToLeft);
     setFrameShape(QFrame::StyledPanel);

@@ -7,11 +7,29 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace {
+
+// The current page's button carries a bar in the accent colour: being pressed alone is hard to see on a dark palette.
+class TabButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QPushButton::paintEvent(event);
+        if (!isChecked())
+            return;
+        QPainter painter(this);
+        painter.fillRect(QRect(4, height() - 4, width() - 8, 3), palette().color(QPalette::Highlight));
+    }
+};
 
 bool isNextKey(const QKeyEvent *event)
 {
@@ -29,8 +47,11 @@ bool isPreviousKey(const QKeyEvent *event)
 }
 
 KTabPageButtons::KTabPageButtons(QWidget *parent)
-    : QWidget(parent), m_buttons(new QButtonGroup(this)), m_bar(new QWidget(this)), m_row(new QHBoxLayout(m_bar)),
-      m_pages(new QStackedWidget(this))
+    : QWidget(parent)
+    , m_buttons(new QButtonGroup(this))
+    , m_bar(new QWidget(this))
+    , m_row(new QHBoxLayout(m_bar))
+    , m_pages(new QStackedWidget(this))
 {
     m_row->setContentsMargins({});
     m_row->setSpacing(4);
@@ -45,20 +66,28 @@ KTabPageButtons::KTabPageButtons(QWidget *parent)
 int KTabPageButtons::addPage(QWidget *page, const QString &title)
 {
     const int index = m_pages->addWidget(page);
-    auto *button = new QPushButton(title, m_bar);
+    auto *button = new TabButton(title, m_bar);
     button->setCheckable(true);
     button->setAutoDefault(false);
     button->setAccessibleName(title);
     button->installEventFilter(this);
     m_buttons->addButton(button, index);
     m_row->insertWidget(index, button);
-    // The buttons come one after the other and before the pages, whichever were made first.
-    setTabOrder(index == 0 ? m_bar : m_buttons->button(index - 1), button);
+    placeInTabOrder(button, index);
     if (index == 0) {
         button->setChecked(true);
         Q_EMIT currentChanged(0);
     }
     return index;
+}
+
+// The buttons come one after the other and before the pages, whichever were made first. Only what can have the focus is
+// ordered, so the bar, the first in the order, can have it for this moment.
+void KTabPageButtons::placeInTabOrder(QWidget *button, int index)
+{
+    m_bar->setFocusPolicy(Qt::TabFocus);
+    setTabOrder(index == 0 ? m_bar : m_buttons->button(index - 1), button);
+    m_bar->setFocusPolicy(Qt::NoFocus);
 }
 
 int KTabPageButtons::count() const

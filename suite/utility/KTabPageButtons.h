@@ -49,6 +49,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void placeInTabOrder(QWidget *button, int index);
     void step(int direction);
 
     QButtonGroup *m_buttons;

@@ -130,8 +130,8 @@ QString shamsiMonthName(int month)
 {
     static const std::array<QString, 12> names{
         QStringLiteral("فروردین"), QStringLiteral("اردیبهشت"), QStringLiteral("خرداد"), QStringLiteral("تیر"),
-        QStringLiteral("مرداد"),   QStringLiteral("شهریور"),   QStringLiteral("مهر"),   QStringLiteral("آبان"),
-        QStringLiteral("آذر"),     QStringLiteral("دی"),       QStringLiteral("بهمن"),  QStringLiteral("اسفند")};
+        QStringLiteral("مرداد"), QStringLiteral("شهریور"), QStringLiteral("مهر"), QStringLiteral("آبان"),
+        QStringLiteral("آذر"), QStringLiteral("دی"), QStringLiteral("بهمن"), QStringLiteral("اسفند")};
     return month >= 1 && month <= 12 ? names[size_t(month - 1)] : QString();
 }
 
@@ -142,8 +142,8 @@ int shamsiDayOfWeek(const QDate &date)
 
 QString shamsiDayName(int dayOfWeek)
 {
-    static const std::array<QString, 7> names{QStringLiteral("شنبه"),     QStringLiteral("یکشنبه"),
-                                              QStringLiteral("دوشنبه"),   QStringLiteral("سه‌شنبه"),
+    static const std::array<QString, 7> names{QStringLiteral("شنبه"), QStringLiteral("یکشنبه"),
+                                              QStringLiteral("دوشنبه"), QStringLiteral("سه‌شنبه"),
                                               QStringLiteral("چهارشنبه"), QStringLiteral("پنجشنبه"),
                                               QStringLiteral("جمعه")};
     return dayOfWeek >= 0 && dayOfWeek < 7 ? names[size_t(dayOfWeek)] : QString();

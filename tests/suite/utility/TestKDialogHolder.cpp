@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KDialogHolder.h"
+
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include "suite/utility/KDialogTabPage.h"
+
+namespace {
+
+class SamplePage : public KDialogTabPage
+{
+public:
+    SamplePage() { setTitle(QStringLiteral("قرارداد")); }
+    bool OnAccess() override
+    {
+        ++accessCount;
+        return access;
+    }
+    bool OnOK() override
+    {
+        ++okCount;
+        return ok;
+    }
+    void OnClosing() override { ++closingCount; }
+
+    bool access = true;
+    bool ok = true;
+    int accessCount = 0;
+    int okCount = 0;
+    int closingCount = 0;
+};
+
+}
+
+class TestKDialogHolder : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void refusedAccessShowsNothing();
+    void okAsksThePage();
+    void refusedOkKeepsTheWindow();
+    void thePageCanAskForOk();
+    void thePageCanAskToClose();
+    void titleFollowsThePage();
+    void ownsThePage();
+    void aPageAllowsEverythingAtFirst();
+};
+
+void TestKDialogHolder::refusedAccessShowsNothing()
+{
+    auto *page = new SamplePage;
+    page->access = false;
+    KDialogHolder holder(page);
+    QCOMPARE(holder.exec(), int(QDialog::Rejected));
+    QCOMPARE(page->accessCount, 1);
+    QCOMPARE(page->closingCount, 0);
+    QVERIFY(!page->isVisible());
+}
+
+void TestKDialogHolder::okAsksThePage()
+{
+    auto *page = new SamplePage;
+    KDialogHolder holder(page);
+    QTimer::singleShot(0, &holder, [&] { holder.accept(); });
+    QCOMPARE(holder.exec(), int(QDialog::Accepted));
+    QCOMPARE(page->okCount, 1);
+    QCOMPARE(page->closingCount, 1);
+}
+
+void TestKDialogHolder::refusedOkKeepsTheWindow()
+{
+    auto *page = new SamplePage;
+    page->ok = false;
+    KDialogHolder holder(page);
+    holder.show();
+    holder.accept();
+    QVERIFY(holder.isVisible());
+    QCOMPARE(page->closingCount, 0);
+    holder.reject();
+    QVERIFY(!holder.isVisible());
+    QCOMPARE(page->closingCount, 1);
+}
+
+void TestKDialogHolder::thePageCanAskForOk()
+{
+    auto *page = new SamplePage;
+    KDialogHolder holder(page);
+    QTimer::singleShot(0, page, [page] { Q_EMIT page->okRequested(); });
+    QCOMPARE(holder.exec(), int(QDialog::Accepted));
+    QCOMPARE(page->okCount, 1);
+}
+
+void TestKDialogHolder::thePageCanAskToClose()
+{
+    auto *page = new SamplePage;
+    KDialogHolder holder(page);
+    QTimer::singleShot(0, page, [page] { Q_EMIT page->closeRequested(); });
+    QCOMPARE(holder.exec(), int(QDialog::Rejected));
+    QCOMPARE(page->okCount, 0);
+    QCOMPARE(page->closingCount, 1);
+}
+
+void TestKDialogHolder::titleFollowsThePage()
+{
+    auto *page = new SamplePage;
+    KDialogHolder holder(page);
+    QCOMPARE(holder.windowTitle(), QStringLiteral("قرارداد"));
+    QSignalSpy changed(page, &KDialogTabPage::titleChanged);
+    page->setTitle(QStringLiteral("قرارداد ها"));
+    page->setTitle(QStringLiteral("قرارداد ها"));
+    QCOMPARE(holder.windowTitle(), QStringLiteral("قرارداد ها"));
+    QCOMPARE(changed.size(), 1);
+}
+
+void TestKDialogHolder::ownsThePage()
+{
+    QPointer<KDialogTabPage> page = new SamplePage;
+    {
+        KDialogHolder holder(page);
+        QCOMPARE(holder.page(), page.data());
+    }
+    QVERIFY(page.isNull());
+}
+
+void TestKDialogHolder::aPageAllowsEverythingAtFirst()
+{
+    KDialogTabPage page;
+    QVERIFY(page.OnAccess());
+    QVERIFY(page.OnOK());
+    QCOMPARE(page.layoutDirection(), Qt::RightToLeft);
+    QCOMPARE(page.title(), QString());
+}
+
+QTEST_MAIN(TestKDialogHolder)
+#include "TestKDialogHolder.moc"

@@ -1,0 +1,471 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KEdit.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "suite/utility/Money.h"
+
+namespace {
+
+void typeText(QWidget &widget, const QString &text)
+{
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
+void paste(KEdit &edit, const QString &text)
+{
+    QApplication::clipboard()->setText(text);
+    edit.paste();
+}
+
+}
+
+class TestKEdit : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { setDefaultMoneyDecimals(0); }
+    void typed_data();
+    void typed();
+    void pasted_data();
+    void pasted();
+    void decimalsOfTheOffice();
+    void caretStaysBehindItsDigit_data();
+    void caretStaysBehindItsDigit();
+    void deletingPassesTheSeparator();
+    void lettersDoNotReplaceASelectedAmount();
+    void setNumberIsNoEdit();
+    void aSetNumberComesBackExactly();
+    void notFiniteIsZero();
+    void setTextIsAnEdit();
+    void screenReaderSetsText();
+    void screenReaderReplacesText();
+    void sameNumberIsNoChange();
+    void outOfRange_data();
+    void outOfRange();
+    void rightAgainAfterOutOfRange();
+    void aSetNumberOutOfRangeIsMarked();
+    void finishedEntryIsShownAsANumber();
+    void negativeOnlyWhereTheRangeAllows();
+    void maxLength();
+    void queryText_data();
+    void queryText();
+    void typedTextKeepsAsciiDigits();
+    void setTextOfATextLineStaysAsGiven();
+    void numbersReadLeftToRight();
+    void clickIntoANumberSelectsIt();
+    void nothingIsTypedIntoAReadOnlyLine();
+};
+
+void TestKEdit::typed_data()
+{
+    QTest::addColumn<KEdit::Kind>("kind");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<double>("number");
+    const auto row = [](const char *name, KEdit::Kind kind, const QString &keys, const char *shown, double number) {
+        QTest::newRow(name) << kind << keys << QString::fromLatin1(shown) << number;
+    };
+    using enum KEdit::Kind;
+    row("money is grouped", Money, QStringLiteral("1250000"), "1,250,000", 1250000);
+    row("Persian digits", Money, QStringLiteral("۱۲۵۰۰۰۰"), "1,250,000", 1250000);
+    row("Arabic digits", Money, QStringLiteral("١٢٥٠"), "1,250", 1250);
+    row("letters and blanks are refused", Money, QStringLiteral("1a2 ب3"), "123", 123);
+    row("typed separators are refused", Money, QStringLiteral("1,250"), "1,250", 1250);
+    row("leading zeros go", Money, QStringLiteral("007"), "7", 7);
+    row("a zero stays", Money, QStringLiteral("0"), "0", 0);
+    row("no decimals where the unit has none", Money, QStringLiteral("12.5"), "125", 125);
+    row("no sign where it cannot be negative", Money, QStringLiteral("-5"), "5", 5);
+    row("percent with decimals", Percent, QStringLiteral("4.5"), "4.5", 4.5);
+    row("percent with a slash", Percent, QStringLiteral("۴/۵"), "4.5", 4.5);
+    row("percent with the Persian point", Percent, QStringLiteral("4٫25"), "4.25", 4.25);
+    row("a second point is refused", Percent, QStringLiteral("4.5.1"), "4.51", 4.51);
+    row("a point first", Percent, QStringLiteral(".5"), "0.5", 0.5);
+    row("four decimals of a percent", Percent, QStringLiteral("1.23456"), "1.2345", 1.2345);
+    row("whole number is not grouped", Integer, QStringLiteral("10000"), "10000", 10000);
+    row("whole number without point", Integer, QStringLiteral("1.5"), "15", 15);
+}
+
+void TestKEdit::typed()
+{
+    QFETCH(KEdit::Kind, kind);
+    QFETCH(QString, keys);
+    QFETCH(QString, shown);
+    QFETCH(double, number);
+    KEdit edit(kind);
+    QSignalSpy edited(&edit, &KEdit::numberEdited);
+    QSignalSpy changed(&edit, &KEdit::numberChanged);
+    typeText(edit, keys);
+    QCOMPARE(edit.text(), shown);
+    QCOMPARE(edit.number(), number);
+    QVERIFY(edit.isEntryValid());
+    QCOMPARE(edited.size(), changed.size());
+    QCOMPARE(edited.isEmpty() ? 0.0 : edited.last().first().toDouble(), number);
+}
+
+void TestKEdit::pasted_data()
+{
+    QTest::addColumn<KEdit::Kind>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("number");
+    const auto row = [](const char *name, KEdit::Kind kind, const QString &text, double number) {
+        QTest::newRow(name) << kind << text << number;
+    };
+    using enum KEdit::Kind;
+    row("grouped", Money, QStringLiteral("1,250,000"), 1250000);
+    row("grouped in Persian", Money, QStringLiteral("۱٬۲۵۰٬۰۰۰"), 1250000);
+    row("grouped by the Persian comma", Money, QStringLiteral("۱،۲۵۰،۰۰۰"), 1250000);
+    row("grouped by points", Money, QStringLiteral("1.250.000"), 1250000);
+    row("with the unit behind", Money, QStringLiteral("1,250,000 ریال"), 1250000);
+    row("with direction marks", Money, QStringLiteral("\u200E1,250\u200F"), 1250);
+    row("decimals are cut, not joined on", Money, QStringLiteral("1,234.50"), 1234);
+    row("only letters", Money, QStringLiteral("هیچ"), 0);
+    row("percent sign behind", Percent, QStringLiteral("9%"), 9);
+    row("whole number with decimals", Integer, QStringLiteral("12.7"), 12);
+}
+
+void TestKEdit::pasted()
+{
+    QFETCH(KEdit::Kind, kind);
+    QFETCH(QString, text);
+    KEdit edit(kind);
+    paste(edit, text);
+    QTEST(edit.number(), "number");
+}
+
+void TestKEdit::decimalsOfTheOffice()
+{
+    setDefaultMoneyDecimals(2);
+    KEdit edit(KEdit::Kind::Money);
+    typeText(edit, QStringLiteral("1234.567"));
+    QCOMPARE(edit.text(), QStringLiteral("1,234.56"));
+    QCOMPARE(edit.number(), 1234.56);
+    edit.setNumber(7);
+    QCOMPARE(edit.text(), QStringLiteral("7.00"));
+}
+
+void TestKEdit::caretStaysBehindItsDigit_data()
+{
+    QTest::addColumn<QString>("before"); // | is the caret
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("at the end") << QStringLiteral("123|") << QStringLiteral("4") << QStringLiteral("1,234|");
+    QTest::newRow("at the start") << QStringLiteral("|123") << QStringLiteral("9") << QStringLiteral("9|,123");
+    QTest::newRow("in the middle") << QStringLiteral("1,2|34") << QStringLiteral("5") << QStringLiteral("12,5|34");
+    QTest::newRow("two digits") << QStringLiteral("1,2|34") << QStringLiteral("56") << QStringLiteral("125,6|34");
+    QTest::newRow("behind a separator") << QStringLiteral("1,|234") << QStringLiteral("5") << QStringLiteral("15|,234");
+}
+
+void TestKEdit::caretStaysBehindItsDigit()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, keys);
+    KEdit edit(KEdit::Kind::Money);
+    edit.setText(QString(before).remove(u'|'));
+    edit.setCursorPosition(int(before.indexOf(u'|')));
+    typeText(edit, keys);
+    QTEST(edit.text().insert(edit.cursorPosition(), u'|'), "after");
+}
+
+void TestKEdit::deletingPassesTheSeparator()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(1234567);
+    edit.setCursorPosition(2); // 1,|234,567
+    QTest::keyClick(&edit, Qt::Key_Backspace);
+    QCOMPARE(edit.text(), QStringLiteral("234,567"));
+    QCOMPARE(edit.cursorPosition(), 0);
+    edit.setCursorPosition(3); // 234|,567
+    QTest::keyClick(&edit, Qt::Key_Delete);
+    QCOMPARE(edit.text(), QStringLiteral("23,467"));
+    QCOMPARE(edit.number(), 23467.0);
+}
+
+void TestKEdit::lettersDoNotReplaceASelectedAmount()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(500);
+    edit.selectAll();
+    typeText(edit, QStringLiteral("aش"));
+    QCOMPARE(edit.number(), 500.0);
+    typeText(edit, QStringLiteral("7"));
+    QCOMPARE(edit.number(), 7.0);
+}
+
+void TestKEdit::setNumberIsNoEdit()
+{
+    KEdit edit(KEdit::Kind::Money);
+    QSignalSpy edited(&edit, &KEdit::numberEdited);
+    QSignalSpy changed(&edit, &KEdit::numberChanged);
+    edit.setNumber(1500);
+    QCOMPARE(edit.text(), QStringLiteral("1,500"));
+    QCOMPARE(edited.size(), 0);
+    QCOMPARE(changed.size(), 1);
+    edit.setNumber(1500);
+    QCOMPARE(changed.size(), 1);
+}
+
+void TestKEdit::aSetNumberComesBackExactly()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(1234.5678);
+    QCOMPARE(edit.text(), QStringLiteral("1,235"));
+    QCOMPARE(edit.number(), 1234.5678);
+    // Passing through the line without typing is no edit.
+    edit.show();
+    edit.setFocus();
+    QTest::keyClick(&edit, Qt::Key_Return);
+    edit.clearFocus();
+    QCOMPARE(edit.number(), 1234.5678);
+}
+
+void TestKEdit::notFiniteIsZero()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(qQNaN());
+    QCOMPARE(edit.number(), 0.0);
+    edit.setNumber(qInf());
+    QCOMPARE(edit.text(), QStringLiteral("0"));
+}
+
+void TestKEdit::setTextIsAnEdit()
+{
+    KEdit edit(KEdit::Kind::Percent);
+    QSignalSpy edited(&edit, &KEdit::numberEdited);
+    edit.setText(QStringLiteral("12"));
+    QCOMPARE(edited.size(), 1);
+    QCOMPARE(edited.first().first().toDouble(), 12.0);
+}
+
+void TestKEdit::screenReaderSetsText()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setAccessibleName(QStringLiteral("مبلغ قرارداد :"));
+    QSignalSpy edited(&edit, &KEdit::numberEdited);
+    QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&edit);
+    QVERIFY(reader);
+    QCOMPARE(reader->role(), QAccessible::EditableText);
+    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("مبلغ قرارداد :"));
+    reader->setText(QAccessible::Value, QStringLiteral("۸۵۰۰۰۰۰۰۰"));
+    QCOMPARE(reader->text(QAccessible::Value), QStringLiteral("850,000,000"));
+    QCOMPARE(edited.size(), 1);
+    QCOMPARE(edited.first().first().toDouble(), 850000000.0);
+}
+
+void TestKEdit::screenReaderReplacesText()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(5);
+    QSignalSpy edited(&edit, &KEdit::numberEdited);
+    QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&edit);
+    QVERIFY(reader && reader->editableTextInterface());
+    reader->editableTextInterface()->replaceText(0, 1, QStringLiteral("1200"));
+    QCOMPARE(edit.text(), QStringLiteral("1,200"));
+    QCOMPARE(edited.size(), 1);
+}
+
+void TestKEdit::sameNumberIsNoChange()
+{
+    KEdit edit(KEdit::Kind::Percent);
+    edit.setNumber(4);
+    QSignalSpy edited(&edit, &KEdit::numberEdited);
+    typeText(edit, QStringLiteral(".0"));
+    QCOMPARE(edit.text(), QStringLiteral("4.0"));
+    QCOMPARE(edited.size(), 0);
+}
+
+void TestKEdit::outOfRange_data()
+{
+    QTest::addColumn<KEdit::Kind>("kind");
+    QTest::addColumn<double>("minimum");
+    QTest::addColumn<double>("maximum");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("valid");
+    QTest::addColumn<double>("number");
+    const auto row = [](const char *name, KEdit::Kind kind, double minimum, double maximum, const char *text, bool valid,
+                        double number) {
+        QTest::newRow(name) << kind << minimum << maximum << QString::fromLatin1(text) << valid << number;
+    };
+    using enum KEdit::Kind;
+    row("percent 0", Percent, 0, 100, "0", true, 0);
+    row("percent 100", Percent, 0, 100, "100", true, 100);
+    row("percent just above 100", Percent, 0, 100, "100.01", false, 100);
+    row("percent 150", Percent, 0, 100, "150", false, 100);
+    row("percent empty", Percent, 0, 100, "", true, 0);
+    row("rows 1", Integer, 1, 10000, "1", true, 1);
+    row("rows 10000", Integer, 1, 10000, "10000", true, 10000);
+    row("rows 10001", Integer, 1, 10000, "10001", false, 10000);
+    row("rows 0", Integer, 1, 10000, "0", false, 1);
+    row("rows of thirty digits", Integer, 1, 10000, "999999999999999999999999999999", false, 10000);
+    row("money beyond what is exact", Money, 0, 999999999999999.0, "1000000000000000", false, 999999999999999.0);
+}
+
+void TestKEdit::outOfRange()
+{
+    QFETCH(KEdit::Kind, kind);
+    QFETCH(double, minimum);
+    QFETCH(double, maximum);
+    QFETCH(QString, text);
+    QFETCH(bool, valid);
+    KEdit edit(kind);
+    edit.setRange(minimum, maximum);
+    edit.setText(QStringLiteral("5"));
+    edit.setText(text);
+    QCOMPARE(edit.isEntryValid(), valid);
+    QCOMPARE(edit.entryError().isEmpty(), valid);
+    QTEST(edit.number(), "number");
+}
+
+void TestKEdit::rightAgainAfterOutOfRange()
+{
+    KEdit edit(KEdit::Kind::Percent);
+    typeText(edit, QStringLiteral("150"));
+    QVERIFY(!edit.isEntryValid());
+    QCOMPARE(edit.text(), QStringLiteral("150"));
+    QVERIFY(edit.entryError().contains(QStringLiteral("100")));
+    QCOMPARE(edit.accessibleDescription(), edit.entryError());
+    QTest::keyClick(&edit, Qt::Key_Backspace);
+    QVERIFY(edit.isEntryValid());
+    QCOMPARE(edit.accessibleDescription(), QString());
+    QCOMPARE(edit.number(), 15.0);
+}
+
+void TestKEdit::aSetNumberOutOfRangeIsMarked()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(-5);
+    QVERIFY(!edit.isEntryValid());
+    QCOMPARE(edit.number(), -5.0);
+    QCOMPARE(edit.text(), QStringLiteral("-5"));
+}
+
+void TestKEdit::finishedEntryIsShownAsANumber()
+{
+    setDefaultMoneyDecimals(2);
+    KEdit edit(KEdit::Kind::Money);
+    typeText(edit, QStringLiteral("1500."));
+    QCOMPARE(edit.text(), QStringLiteral("1,500."));
+    QTest::keyClick(&edit, Qt::Key_Return);
+    QCOMPARE(edit.text(), QStringLiteral("1,500.00"));
+    KEdit empty(KEdit::Kind::Money);
+    QTest::keyClick(&empty, Qt::Key_Return);
+    QCOMPARE(empty.text(), QString());
+}
+
+void TestKEdit::negativeOnlyWhereTheRangeAllows()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setRange(-1e9, 1e9);
+    typeText(edit, QStringLiteral("-12-34"));
+    QCOMPARE(edit.text(), QStringLiteral("-1,234"));
+    QCOMPARE(edit.number(), -1234.0);
+}
+
+void TestKEdit::maxLength()
+{
+    KEdit edit;
+    edit.setMaxLength(5);
+    typeText(edit, QStringLiteral("توضیحات"));
+    QCOMPARE(edit.text(), QStringLiteral("توضیح"));
+    edit.clear();
+    paste(edit, QStringLiteral("1234567"));
+    QCOMPARE(edit.text(), QStringLiteral("12345"));
+}
+
+void TestKEdit::queryText_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("literal");
+    const auto row = [](const char *typed, const char *literal) {
+        QTest::newRow(*typed ? typed : "empty") << QString::fromUtf8(typed) << QString::fromUtf8(literal);
+    };
+    row("", "");
+    row("پژو 206", "پژو 206");
+    row("O'Neil", "O''Neil");
+    row("100%", R"(100\%)");
+    row("a_b", R"(a\_b)");
+    row(R"(c:\d)", R"(c:\\\\d)");
+    row(R"(\')", R"(\\\\'')");
+    row("' OR 1=1 -- ", "'' OR 1=1 -- ");
+}
+
+void TestKEdit::queryText()
+{
+    QFETCH(QString, typed);
+    KEdit edit(KEdit::Kind::QueryText);
+    typeText(edit, typed);
+    QCOMPARE(edit.text(), typed);
+    QTEST(edit.queryText(), "literal");
+}
+
+void TestKEdit::typedTextKeepsAsciiDigits()
+{
+    KEdit edit;
+    typeText(edit, QStringLiteral("پلاک ۱۲"));
+    QCOMPARE(edit.text(), QStringLiteral("پلاک 12"));
+    edit.setCursorPosition(0);
+    typeText(edit, QStringLiteral("٣"));
+    QCOMPARE(edit.text(), QStringLiteral("3پلاک 12"));
+    QCOMPARE(edit.cursorPosition(), 1);
+}
+
+void TestKEdit::setTextOfATextLineStaysAsGiven()
+{
+    KEdit edit;
+    edit.setText(QStringLiteral("علي ۱۲ 1,5"));
+    QCOMPARE(edit.text(), QStringLiteral("علي ۱۲ 1,5"));
+    QCOMPARE(edit.number(), 0.0);
+}
+
+void TestKEdit::numbersReadLeftToRight()
+{
+    QWidget form;
+    form.setLayoutDirection(Qt::RightToLeft);
+    KEdit money(KEdit::Kind::Money, &form);
+    KEdit text(&form);
+    QCOMPARE(money.layoutDirection(), Qt::LeftToRight);
+    QCOMPARE(money.alignment() & Qt::AlignHorizontal_Mask, Qt::Alignment(Qt::AlignRight));
+    QCOMPARE(text.layoutDirection(), Qt::RightToLeft);
+    money.setKind(KEdit::Kind::Text);
+    QCOMPARE(money.layoutDirection(), Qt::RightToLeft);
+}
+
+void TestKEdit::clickIntoANumberSelectsIt()
+{
+    QWidget form;
+    KEdit first(&form);
+    KEdit money(KEdit::Kind::Money, &form);
+    money.setNumber(1500);
+    money.setGeometry(0, 50, 200, 30);
+    form.resize(300, 100);
+    form.show();
+    form.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    first.setFocus();
+    QTest::mouseClick(&money, Qt::LeftButton, {}, QPoint(100, 15));
+    QCOMPARE(money.selectedText(), QStringLiteral("1,500"));
+    QTest::mouseClick(&money, Qt::LeftButton, {}, QPoint(100, 15));
+    QVERIFY(!money.hasSelectedText());
+}
+
+void TestKEdit::nothingIsTypedIntoAReadOnlyLine()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(1500);
+    edit.setReadOnly(true);
+    edit.setCursorPosition(2);
+    QTest::keyClick(&edit, Qt::Key_Backspace);
+    typeText(edit, QStringLiteral("7"));
+    QCOMPARE(edit.number(), 1500.0);
+}
+
+QTEST_MAIN(TestKEdit)
+#include "TestKEdit.moc"

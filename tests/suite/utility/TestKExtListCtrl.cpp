@@ -1,0 +1,378 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KExtListCtrl.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QDateTime>
+#include <QHeaderView>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QStyledItemDelegate>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "suite/utility/KSettings.h"
+#include "suite/utility/ShamsiDate.h"
+
+namespace {
+
+const QVector<KListModel::Column> columns{
+    {QStringLiteral("ردیف"), Qt::AlignCenter, 40},
+    {QStringLiteral("فروشنده"), Qt::AlignRight, 80},
+    {QStringLiteral("تاریخ عقد"), Qt::AlignCenter, 80, QStringLiteral("dateContract"), true},
+    {QStringLiteral("مانده"), Qt::AlignRight, 100},
+};
+
+QVector<KListModel::Row> rows(int count)
+{
+    QVector<KListModel::Row> result;
+    for (int i = 1; i <= count; ++i) {
+        result.append({100 + i,
+                       {{QString::number(i), i},
+                        {QStringLiteral("شخص %1").arg(i)},
+                        {shamsiText(QDate(2026, 11, 20).addDays(i))},
+                        {QStringLiteral("-%1").arg(i), -double(i)}}});
+    }
+    return result;
+}
+
+const QString settingName = QStringLiteral("AutomobilContracts\\List");
+
+}
+
+class TestKExtListCtrl : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup() { m_list.reset(); }
+    void selectionByKeyAndRow();
+    void currentKeyIsToldOncePerChange();
+    void refillingDropsTheSelection();
+    void removingTheSelectedRow();
+    void enterActivatesTheRow();
+    void enterWithoutARowRises();
+    void doubleClickOnARow();
+    void doubleClickBesideTheRows();
+    void rightClickSelectsAndTells();
+    void rightClickBesideTheRows();
+    void rightClickLeftOnAnotherRow();
+    void aClickOnATitleTellsItsColumn();
+    void titlesCarryTheMark();
+    void widthsAndOrderAreKept();
+    void widthsAreWrittenWhenTheListGoes();
+    void layoutOfOtherColumnsIsNotTaken_data();
+    void layoutOfOtherColumnsIsNotTaken();
+    void nothingIsKeptWithoutAName();
+    void copiedTextIsPlain();
+    void datesAndNumbersAreDrawnLeftToRight();
+    void rowsAreReadable();
+    void tenThousandRows();
+
+private:
+    QPoint placeOf(int row) const;
+    QPoint placeBesideRows() const;
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<KExtListCtrl> m_list;
+};
+
+void TestKExtListCtrl::initTestCase()
+{
+    setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+}
+
+void TestKExtListCtrl::init()
+{
+    m_list = std::make_unique<KExtListCtrl>();
+    m_list->setColumns(columns);
+    m_list->setRows(rows(5));
+    m_list->resize(700, 400);
+    m_list->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_list.get()));
+}
+
+QPoint TestKExtListCtrl::placeOf(int row) const
+{
+    return m_list->visualRect(m_list->listModel()->index(row, 1)).center();
+}
+
+QPoint TestKExtListCtrl::placeBesideRows() const
+{
+    return {m_list->viewport()->width() / 2, m_list->viewport()->height() - 5};
+}
+
+void TestKExtListCtrl::selectionByKeyAndRow()
+{
+    QCOMPARE(m_list->currentKey(), 0);
+    QCOMPARE(m_list->currentRow(), -1);
+    QCOMPARE(m_list->count(), 5);
+    QVERIFY(m_list->selectKey(103));
+    QCOMPARE(m_list->currentRow(), 2);
+    m_list->selectRow(4);
+    QCOMPARE(m_list->currentKey(), 105);
+    QVERIFY(!m_list->selectKey(999));
+    QCOMPARE(m_list->currentKey(), 0);
+    m_list->selectRow(0);
+    m_list->selectRow(-1);
+    QCOMPARE(m_list->currentRow(), -1);
+    QCOMPARE(m_list->cellText(1, 1), QStringLiteral("شخص 2"));
+    QCOMPARE(m_list->cellText(9, 1), QString());
+}
+
+void TestKExtListCtrl::currentKeyIsToldOncePerChange()
+{
+    QSignalSpy told(m_list.get(), &KExtListCtrl::currentKeyChanged);
+    m_list->selectRow(1);
+    m_list->selectRow(1);
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told.takeFirst().first().toInt(), 102);
+    QTest::keyClick(m_list.get(), Qt::Key_Down);
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told.takeFirst().first().toInt(), 103);
+}
+
+void TestKExtListCtrl::refillingDropsTheSelection()
+{
+    m_list->selectRow(1);
+    QSignalSpy told(m_list.get(), &KExtListCtrl::currentKeyChanged);
+    m_list->setRows(rows(3));
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told.first().first().toInt(), 0);
+    QCOMPARE(m_list->currentKey(), 0);
+}
+
+void TestKExtListCtrl::removingTheSelectedRow()
+{
+    m_list->selectRow(4);
+    QVERIFY(m_list->removeKey(105));
+    QVERIFY(!m_list->removeKey(105));
+    QCOMPARE(m_list->count(), 4);
+    QVERIFY(m_list->currentKey() != 105);
+    while (m_list->count() > 0)
+        QVERIFY(m_list->removeKey(m_list->listModel()->keyAt(0)));
+    QCOMPARE(m_list->currentKey(), 0);
+}
+
+void TestKExtListCtrl::enterActivatesTheRow()
+{
+    QSignalSpy activated(m_list.get(), &KExtListCtrl::rowActivated);
+    m_list->selectRow(1);
+    QTest::keyClick(m_list.get(), Qt::Key_Return);
+    QTest::keyClick(m_list.get(), Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(activated.size(), 2);
+    QCOMPARE(activated.first().first().toInt(), 102);
+}
+
+void TestKExtListCtrl::enterWithoutARowRises()
+{
+    QSignalSpy activated(m_list.get(), &KExtListCtrl::rowActivated);
+    m_list->selectRow(-1);
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(m_list.get(), &enter);
+    QVERIFY(!enter.isAccepted());
+    QCOMPARE(activated.size(), 0);
+}
+
+void TestKExtListCtrl::doubleClickOnARow()
+{
+    QSignalSpy activated(m_list.get(), &KExtListCtrl::rowActivated);
+    QSignalSpy empty(m_list.get(), &KExtListCtrl::emptyAreaActivated);
+    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, {}, placeOf(2));
+    QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, {}, placeOf(2));
+    QCOMPARE(activated.size(), 1);
+    QCOMPARE(activated.first().first().toInt(), 103);
+    QCOMPARE(empty.size(), 0);
+    QCOMPARE(m_list->currentKey(), 103);
+}
+
+void TestKExtListCtrl::doubleClickBesideTheRows()
+{
+    QSignalSpy activated(m_list.get(), &KExtListCtrl::rowActivated);
+    QSignalSpy empty(m_list.get(), &KExtListCtrl::emptyAreaActivated);
+    QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, {}, placeBesideRows());
+    QCOMPARE(activated.size(), 0);
+    QCOMPARE(empty.size(), 1);
+}
+
+void TestKExtListCtrl::rightClickSelectsAndTells()
+{
+    QSignalSpy clicked(m_list.get(), &KExtListCtrl::rowRightClicked);
+    QTest::mouseClick(m_list->viewport(), Qt::RightButton, {}, placeOf(3));
+    QCOMPARE(clicked.size(), 1);
+    QCOMPARE(clicked.first().first().toInt(), 104);
+    QCOMPARE(m_list->currentKey(), 104);
+}
+
+void TestKExtListCtrl::rightClickBesideTheRows()
+{
+    QSignalSpy clicked(m_list.get(), &KExtListCtrl::rowRightClicked);
+    QTest::mouseClick(m_list->viewport(), Qt::RightButton, {}, placeBesideRows());
+    QCOMPARE(clicked.size(), 0);
+}
+
+void TestKExtListCtrl::rightClickLeftOnAnotherRow()
+{
+    QSignalSpy clicked(m_list.get(), &KExtListCtrl::rowRightClicked);
+    QTest::mousePress(m_list->viewport(), Qt::RightButton, {}, placeOf(0));
+    QTest::mouseRelease(m_list->viewport(), Qt::RightButton, {}, placeOf(3));
+    QCOMPARE(clicked.size(), 0);
+}
+
+void TestKExtListCtrl::aClickOnATitleTellsItsColumn()
+{
+    QSignalSpy clicked(m_list.get(), &KExtListCtrl::columnClicked);
+    const QHeaderView *header = m_list->header();
+    for (int column : {2, 2, 0}) {
+        const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    }
+    QCOMPARE(clicked.size(), 3);
+    QCOMPARE(clicked[0].first().toInt(), 2);
+    QCOMPARE(clicked[2].first().toInt(), 0);
+    // The order of the rows is the caller's.
+    QCOMPARE(m_list->listModel()->keyAt(0), 101);
+}
+
+void TestKExtListCtrl::titlesCarryTheMark()
+{
+    m_list->setColumnTitle(2, QStringLiteral("تاریخ عقد*"));
+    QCOMPARE(m_list->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("تاریخ عقد*"));
+}
+
+void TestKExtListCtrl::widthsAndOrderAreKept()
+{
+    m_list->SetSettingName(settingName);
+    m_list->header()->resizeSection(1, 173);
+    m_list->header()->moveSection(0, 2);
+    // Written shortly after the last change, so that a crash later costs nothing.
+    QTRY_VERIFY(!ReadSetting(settingName, QStringLiteral("sWidths"), QString()).isEmpty());
+    setSettingsFile(settingsFile());
+
+    KExtListCtrl nameFirst;
+    nameFirst.SetSettingName(settingName);
+    nameFirst.setColumns(columns);
+    KExtListCtrl nameLast;
+    nameLast.setColumns(columns);
+    nameLast.SetSettingName(settingName);
+    for (const KExtListCtrl *list : {&nameFirst, &nameLast}) {
+        QCOMPARE(list->header()->sectionSize(1), 173);
+        QCOMPARE(list->header()->visualIndex(0), 2);
+        QCOMPARE(list->header()->visualIndex(1), 0);
+    }
+    KExtListCtrl other;
+    other.SetSettingName(QStringLiteral("AutomobilDemands\\List"));
+    other.setColumns(columns);
+    QCOMPARE(other.header()->visualIndex(0), 0);
+}
+
+void TestKExtListCtrl::widthsAreWrittenWhenTheListGoes()
+{
+    const QString name = QStringLiteral("Going\\List");
+    m_list->SetSettingName(name);
+    m_list->header()->resizeSection(1, 151);
+    m_list.reset();
+    KExtListCtrl again;
+    again.setColumns(columns);
+    again.SetSettingName(name);
+    QCOMPARE(again.header()->sectionSize(1), 151);
+}
+
+void TestKExtListCtrl::layoutOfOtherColumnsIsNotTaken_data()
+{
+    QTest::addColumn<QString>("widths");
+    QTest::addColumn<QString>("order");
+    QTest::newRow("too few") << QStringLiteral("10,20") << QStringLiteral("1,0");
+    QTest::newRow("too many") << QStringLiteral("1,2,3,4,5") << QStringLiteral("4,3,2,1,0");
+    QTest::newRow("not an order") << QStringLiteral("a") << QStringLiteral("0,0,1,2");
+    QTest::newRow("out of range") << QStringLiteral("") << QStringLiteral("1,2,3,4");
+    QTest::newRow("rubbish") << QStringLiteral("x,y,z") << QStringLiteral("-1,,;");
+}
+
+void TestKExtListCtrl::layoutOfOtherColumnsIsNotTaken()
+{
+    QFETCH(QString, widths);
+    QFETCH(QString, order);
+    WriteSetting(QStringLiteral("Bad\\List"), QStringLiteral("sWidths"), widths);
+    WriteSetting(QStringLiteral("Bad\\List"), QStringLiteral("sOrder"), order);
+    KExtListCtrl list;
+    list.setColumns(columns);
+    list.SetSettingName(QStringLiteral("Bad\\List"));
+    for (int i = 0; i < columns.size(); ++i)
+        QCOMPARE(list.header()->visualIndex(i), i);
+    QCOMPARE(list.header()->sectionSize(1), m_list->header()->sectionSize(1));
+}
+
+void TestKExtListCtrl::nothingIsKeptWithoutAName()
+{
+    m_list->header()->resizeSection(1, 99);
+    m_list.reset();
+    QCOMPARE(ReadSetting(QString(), QStringLiteral("sWidths"), QStringLiteral("none")), QStringLiteral("none"));
+}
+
+void TestKExtListCtrl::copiedTextIsPlain()
+{
+    m_list->selectRow(0);
+    QTest::keySequence(m_list.get(), QKeySequence::Copy);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("1\tشخص 1\t1405/08/30\t-1"));
+}
+
+void TestKExtListCtrl::datesAndNumbersAreDrawnLeftToRight()
+{
+    // Drawn alone, a cell of either kind must look as it does in a list that reads from the left.
+    for (int column : {2, 3}) {
+        QImage images[2];
+        for (int i = 0; i < 2; ++i) {
+            QStyleOptionViewItem option;
+            option.initFrom(m_list.get());
+            option.direction = i == 0 ? Qt::RightToLeft : Qt::LeftToRight;
+            option.rect = QRect(0, 0, 150, 24);
+            option.font = m_list->font();
+            images[i] = QImage(150, 24, QImage::Format_RGB32);
+            images[i].fill(Qt::white);
+            QPainter painter(&images[i]);
+            m_list->itemDelegate()->paint(&painter, option, m_list->listModel()->index(0, column));
+        }
+        QCOMPARE(images[0], images[1]);
+        QImage blank(150, 24, QImage::Format_RGB32);
+        blank.fill(Qt::white);
+        QVERIFY(images[0] != blank);
+    }
+}
+
+void TestKExtListCtrl::rowsAreReadable()
+{
+    m_list->setAccessibleName(QStringLiteral("لیست قراردادها"));
+    QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(m_list.get());
+    QVERIFY(reader && reader->tableInterface());
+    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("لیست قراردادها"));
+    QAccessibleTableInterface *table = reader->tableInterface();
+    QCOMPARE(table->rowCount(), 5);
+    QCOMPARE(table->columnCount(), 4);
+    QCOMPARE(table->columnDescription(1), QStringLiteral("فروشنده"));
+    QCOMPARE(table->cellAt(2, 1)->text(QAccessible::Name), QStringLiteral("شخص 3"));
+    QVERIFY(table->selectRow(2));
+    QCOMPARE(m_list->currentKey(), 103);
+}
+
+// From the rows to the painted list; the bound is far above what it takes on a slow machine.
+void TestKExtListCtrl::tenThousandRows()
+{
+    QElapsedTimer timer;
+    QVector<KListModel::Row> many = rows(10000);
+    timer.start();
+    m_list->setRows(std::move(many));
+    m_list->grab();
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(m_list->count(), 10000);
+    m_list->selectRow(9999);
+    QVERIFY(m_list->viewport()->rect().intersects(m_list->visualRect(m_list->listModel()->index(9999, 0))));
+}
+
+QTEST_MAIN(TestKExtListCtrl)
+#include "TestKExtListCtrl.moc"

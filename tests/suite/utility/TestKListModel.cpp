@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KListModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QDate>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QSortFilterProxyModel>
+#include <QTest>
+
+namespace {
+
+const QVector<KListModel::Column> columns{
+    {QStringLiteral("ردیف"), Qt::AlignCenter, 40},
+    {QStringLiteral("فروشنده"), Qt::AlignRight, 80},
+    {QStringLiteral("مبلغ"), Qt::AlignRight, 80, QStringLiteral("dAmount")},
+};
+
+KListModel::Row row(int key, const QString &name, double amount)
+{
+    return {key, {{QString::number(key), key}, {name}, {QString::number(amount), amount}}};
+}
+
+}
+
+class TestKListModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsTheRulesOfAModel();
+    void cells();
+    void missingCellsAreEmpty();
+    void keys();
+    void removeKey();
+    void sortRoleGivesTheRawValue();
+    void alignmentIsAsSeen();
+    void titles();
+    void indexesOutside();
+    void tenThousandRowsFillAtOnce();
+};
+
+void TestKListModel::keepsTheRulesOfAModel()
+{
+    KListModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.setColumns(columns);
+    model.setRows({row(5, QStringLiteral("الف"), 1), row(7, QStringLiteral("ب"), 2)});
+    model.appendRow(row(9, QStringLiteral("ج"), 3));
+    QVERIFY(model.removeKey(7));
+    model.setColumnTitle(1, QStringLiteral("خریدار"));
+    model.setRows({row(1, QStringLiteral("د"), 4)});
+    model.clear();
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void TestKListModel::cells()
+{
+    KListModel model;
+    model.setColumns(columns);
+    model.setRows({row(5, QStringLiteral("الف"), 10)});
+    QCOMPARE(model.rowCount(), 1);
+    QCOMPARE(model.columnCount(), 3);
+    QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("الف"));
+    QCOMPARE(model.index(0, 1).data(KListModel::KeyRole).toInt(), 5);
+    QVERIFY(!model.index(0, 1).data(Qt::DecorationRole).isValid());
+    QCOMPARE(model.rowCount(model.index(0, 0)), 0);
+}
+
+void TestKListModel::missingCellsAreEmpty()
+{
+    KListModel model;
+    model.setColumns(columns);
+    model.setRows({{3, {{QStringLiteral("1")}}}});
+    QCOMPARE(model.index(0, 2).data().toString(), QString());
+    QVERIFY(!model.index(0, 2).data(KListModel::SortRole).isValid());
+}
+
+void TestKListModel::keys()
+{
+    KListModel model;
+    model.setColumns(columns);
+    model.setRows({row(5, {}, 0), row(7, {}, 0)});
+    QCOMPARE(model.keyAt(1), 7);
+    QCOMPARE(model.keyAt(2), 0);
+    QCOMPARE(model.keyAt(-1), 0);
+    QCOMPARE(model.rowOfKey(7), 1);
+    QCOMPARE(model.rowOfKey(6), -1);
+}
+
+void TestKListModel::removeKey()
+{
+    KListModel model;
+    model.setColumns(columns);
+    model.setRows({row(5, {}, 0), row(7, {}, 0)});
+    QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    QVERIFY(!model.removeKey(6));
+    QCOMPARE(removed.size(), 0);
+    QVERIFY(model.removeKey(5));
+    QCOMPARE(removed.size(), 1);
+    QCOMPARE(model.keyAt(0), 7);
+}
+
+void TestKListModel::sortRoleGivesTheRawValue()
+{
+    KListModel model;
+    model.setColumns(columns);
+    model.setRows({row(1, QStringLiteral("ب"), 100), row(2, QStringLiteral("الف"), 20), row(3, QStringLiteral("ج"), 3)});
+    QCOMPARE(model.index(0, 1).data(KListModel::SortRole).toString(), QStringLiteral("ب"));
+    QSortFilterProxyModel sorted;
+    sorted.setSourceModel(&model);
+    sorted.setSortRole(KListModel::SortRole);
+    sorted.sort(2);
+    QCOMPARE(sorted.index(0, 0).data(KListModel::KeyRole).toInt(), 3);
+    QCOMPARE(sorted.index(2, 0).data(KListModel::KeyRole).toInt(), 1);
+}
+
+void TestKListModel::alignmentIsAsSeen()
+{
+    KListModel model;
+    model.setColumns(columns);
+    model.setRows({row(1, {}, 0)});
+    const Qt::Alignment name(model.index(0, 1).data(Qt::TextAlignmentRole).toInt());
+    QVERIFY(name & Qt::AlignRight);
+    QVERIFY(name & Qt::AlignAbsolute);
+    QVERIFY(Qt::Alignment(model.index(0, 0).data(Qt::TextAlignmentRole).toInt()) & Qt::AlignHCenter);
+}
+
+void TestKListModel::titles()
+{
+    KListModel model;
+    model.setColumns(columns);
+    QSignalSpy changed(&model, &QAbstractItemModel::headerDataChanged);
+    model.setColumnTitle(2, QStringLiteral("مبلغ*"));
+    model.setColumnTitle(2, QStringLiteral("مبلغ*"));
+    model.setColumnTitle(9, QStringLiteral("x"));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("مبلغ*"));
+    QVERIFY(!model.headerData(9, Qt::Horizontal).isValid());
+    QVERIFY(!model.headerData(0, Qt::Vertical).isValid());
+    QCOMPARE(model.columns()[2].sortKey, QStringLiteral("dAmount"));
+}
+
+void TestKListModel::indexesOutside()
+{
+    KListModel model;
+    model.setColumns(columns);
+    QVERIFY(!model.data({}).isValid());
+    QVERIFY(!model.index(0, 0).isValid());
+    model.setRows({row(1, {}, 0)});
+    QVERIFY(!model.index(0, 3).isValid());
+}
+
+// The bound is far above what it takes and far below what one signal a row would.
+void TestKListModel::tenThousandRowsFillAtOnce()
+{
+    KListModel model;
+    model.setColumns(columns);
+    QVector<KListModel::Row> rows;
+    for (int key = 1; key <= 10000; ++key)
+        rows.append(row(key, QStringLiteral("نام"), key));
+    QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QElapsedTimer timer;
+    timer.start();
+    model.setRows(std::move(rows));
+    QVERIFY2(timer.elapsed() < 50, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(reset.size(), 1);
+    QCOMPARE(inserted.size(), 0);
+    QCOMPARE(model.rowCount(), 10000);
+    QCOMPARE(model.rowOfKey(10000), 9999);
+}
+
+QTEST_GUILESS_MAIN(TestKListModel)
+#include "TestKListModel.moc"

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KProcess.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+// Stands in for the desktop: it alone decides what opens a file.
+class TestKProcess : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void open(const QUrl &url) { m_opened.append(url); }
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    void explorerOpensAFolder();
+    void explorerOpensAFileWithAHardName();
+    void aPathThatIsNotThere();
+    void anotherProgramIsStarted();
+    void aProgramThatIsNotThere();
+
+private:
+    QList<QUrl> m_opened;
+    QTemporaryDir m_folder;
+};
+
+void TestKProcess::init()
+{
+    m_opened.clear();
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+}
+
+void TestKProcess::explorerOpensAFolder()
+{
+    QVERIFY(KProcess::Execute(QStringLiteral("Explorer"), m_folder.path()));
+    QVERIFY(KProcess::Execute(QStringLiteral("explorer"), m_folder.path() + QLatin1Char('/')));
+    QCOMPARE(m_opened.size(), 2);
+    QCOMPARE(QDir(m_opened.first().toLocalFile()), QDir(m_folder.path()));
+}
+
+void TestKProcess::explorerOpensAFileWithAHardName()
+{
+    const QString path = m_folder.filePath(QStringLiteral("قرارداد 12 #50%.docx"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(KProcess::Execute(QStringLiteral("Explorer"), path));
+    QCOMPARE(m_opened.size(), 1);
+    QCOMPARE(m_opened.first().toLocalFile(), path);
+}
+
+void TestKProcess::aPathThatIsNotThere()
+{
+    QVERIFY(!KProcess::Execute(QStringLiteral("Explorer"), m_folder.filePath(QStringLiteral("none"))));
+    QVERIFY(!KProcess::Execute(QStringLiteral("Explorer"), QString()));
+    QCOMPARE(m_opened.size(), 0);
+}
+
+void TestKProcess::anotherProgramIsStarted()
+{
+    const QString made = m_folder.filePath(QStringLiteral("made"));
+    QVERIFY(KProcess::Execute(QStringLiteral("mkdir"), made));
+    QTRY_VERIFY(QDir(made).exists());
+    QCOMPARE(m_opened.size(), 0);
+}
+
+void TestKProcess::aProgramThatIsNotThere()
+{
+    QVERIFY(!KProcess::Execute(m_folder.filePath(QStringLiteral("no-such-program")), QStringLiteral("x")));
+}
+
+QTEST_MAIN(TestKProcess)
+#include "TestKProcess.moc"

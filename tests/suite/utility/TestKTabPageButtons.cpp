@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KTabPageButtons.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+class TestKTabPageButtons : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_tabs.reset(); }
+    void theFirstPageIsCurrent();
+    void withoutPages();
+    void aClickShowsItsPage();
+    void aClickOnTheCurrentButtonKeepsItPressed();
+    void keys_data();
+    void keys();
+    void arrowsOnTheButtons();
+    void disabledPagesArePassedOver();
+    void disablingTheCurrentPageLeavesIt();
+    void positionsThatDoNotExist();
+    void titlesAreTheButtonsNames();
+    void buttonsComeBeforeThePagesWithTab();
+
+private:
+    std::unique_ptr<KTabPageButtons> m_tabs;
+    QList<QLineEdit *> m_fields;
+};
+
+void TestKTabPageButtons::init()
+{
+    m_tabs = std::make_unique<KTabPageButtons>();
+    m_tabs->setLayoutDirection(Qt::RightToLeft);
+    m_fields.clear();
+    for (const QString &title : {QStringLiteral("اطلاعات پایه"), QStringLiteral("مورد معامله"), QStringLiteral("پیوست")}) {
+        auto *page = new QWidget;
+        m_fields.append(new QLineEdit(page));
+        (new QVBoxLayout(page))->addWidget(m_fields.last());
+        m_tabs->addPage(page, title);
+    }
+    m_tabs->show();
+    m_tabs->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+}
+
+void TestKTabPageButtons::theFirstPageIsCurrent()
+{
+    QCOMPARE(m_tabs->count(), 3);
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    QVERIFY(m_tabs->button(0)->isChecked());
+    QVERIFY(m_fields[0]->isVisible());
+    QVERIFY(!m_fields[1]->isVisible());
+    // The row runs from right to left.
+    QVERIFY(m_tabs->button(0)->x() > m_tabs->button(1)->x());
+}
+
+void TestKTabPageButtons::withoutPages()
+{
+    KTabPageButtons empty;
+    QCOMPARE(empty.currentIndex(), -1);
+    QVERIFY(!empty.currentPage());
+    empty.nextPage();
+    empty.setCurrentIndex(0);
+    QCOMPARE(empty.currentIndex(), -1);
+}
+
+void TestKTabPageButtons::aClickShowsItsPage()
+{
+    QSignalSpy changed(m_tabs.get(), &KTabPageButtons::currentChanged);
+    QTest::mouseClick(m_tabs->button(2), Qt::LeftButton);
+    QCOMPARE(m_tabs->currentIndex(), 2);
+    QVERIFY(m_fields[2]->isVisible());
+    QVERIFY(!m_tabs->button(0)->isChecked());
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.first().first().toInt(), 2);
+}
+
+void TestKTabPageButtons::aClickOnTheCurrentButtonKeepsItPressed()
+{
+    QSignalSpy changed(m_tabs.get(), &KTabPageButtons::currentChanged);
+    QTest::mouseClick(m_tabs->button(0), Qt::LeftButton);
+    QVERIFY(m_tabs->button(0)->isChecked());
+    QCOMPARE(changed.size(), 0);
+}
+
+void TestKTabPageButtons::keys_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<int>("to");
+    using M = Qt::KeyboardModifiers;
+    const M control = Qt::ControlModifier;
+    QTest::newRow("Ctrl+Tab") << 0 << Qt::Key_Tab << control << 1;
+    QTest::newRow("Ctrl+Tab round the end") << 2 << Qt::Key_Tab << control << 0;
+    QTest::newRow("Ctrl+Shift+Tab") << 1 << Qt::Key_Backtab << M(control | Qt::ShiftModifier) << 0;
+    QTest::newRow("Ctrl+Shift+Tab round the start") << 0 << Qt::Key_Tab << M(control | Qt::ShiftModifier) << 2;
+    QTest::newRow("Ctrl+PageDown") << 1 << Qt::Key_PageDown << control << 2;
+    QTest::newRow("Ctrl+PageUp") << 1 << Qt::Key_PageUp << control << 0;
+    QTest::newRow("PageDown alone") << 1 << Qt::Key_PageDown << M() << 1;
+}
+
+void TestKTabPageButtons::keys()
+{
+    QFETCH(int, from);
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    m_tabs->setCurrentIndex(from);
+    m_fields[from]->setFocus();
+    QTest::keyClick(m_fields[from], key, modifiers);
+    QTEST(m_tabs->currentIndex(), "to");
+    QVERIFY(m_tabs->button(m_tabs->currentIndex())->isChecked());
+}
+
+void TestKTabPageButtons::arrowsOnTheButtons()
+{
+    m_tabs->button(0)->setFocus();
+    QTest::keyClick(m_tabs->button(0), Qt::Key_Left);
+    QCOMPARE(m_tabs->currentIndex(), 1);
+    QVERIFY(m_tabs->button(1)->hasFocus());
+    QTest::keyClick(m_tabs->button(1), Qt::Key_Right);
+    QCOMPARE(m_tabs->currentIndex(), 0);
+}
+
+void TestKTabPageButtons::disabledPagesArePassedOver()
+{
+    m_tabs->setPageEnabled(1, false);
+    m_tabs->nextPage();
+    QCOMPARE(m_tabs->currentIndex(), 2);
+    m_tabs->previousPage();
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    m_tabs->setCurrentIndex(1);
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    QVERIFY(m_tabs->button(0)->isChecked());
+}
+
+void TestKTabPageButtons::disablingTheCurrentPageLeavesIt()
+{
+    m_tabs->setPageEnabled(0, false);
+    QCOMPARE(m_tabs->currentIndex(), 1);
+}
+
+void TestKTabPageButtons::positionsThatDoNotExist()
+{
+    m_tabs->setCurrentIndex(3);
+    m_tabs->setCurrentIndex(-1);
+    m_tabs->setPageEnabled(7, false);
+    m_tabs->setPageTitle(7, QStringLiteral("x"));
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    QVERIFY(!m_tabs->page(3));
+    QVERIFY(!m_tabs->button(3));
+}
+
+void TestKTabPageButtons::titlesAreTheButtonsNames()
+{
+    m_tabs->setPageTitle(1, QStringLiteral("فایل ها"));
+    QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(m_tabs->button(1));
+    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("فایل ها"));
+    QCOMPARE(m_tabs->button(1)->text(), QStringLiteral("فایل ها"));
+}
+
+void TestKTabPageButtons::buttonsComeBeforeThePagesWithTab()
+{
+    m_tabs->setCurrentIndex(1);
+    QList<QWidget *> order;
+    QWidget *next = m_tabs.get();
+    do {
+        if (next->focusPolicy() != Qt::NoFocus)
+            order.append(next);
+        next = next->nextInFocusChain();
+    } while (next != m_tabs.get());
+    QCOMPARE(order,
+             (QList<QWidget *>{m_tabs->button(0), m_tabs->button(1), m_tabs->button(2), m_fields[0], m_fields[1],
+                               m_fields[2]}));
+    // As in every row of tabs, the pressed one alone is a stop.
+    m_tabs->button(1)->setFocus();
+    QTest::keyClick(m_tabs->button(1), Qt::Key_Tab);
+    QVERIFY(m_fields[1]->hasFocus());
+    QTest::keyClick(m_fields[1], Qt::Key_Tab, Qt::ShiftModifier);
+    QVERIFY(m_tabs->button(1)->hasFocus());
+}
+
+QTEST_MAIN(TestKTabPageButtons)
+#include "TestKTabPageButtons.moc"

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KWaitCursor.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QTest>
+
+#include <stdexcept>
+
+class TestKWaitCursor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsForItsLifetime();
+    void nested();
+    void goesWithAnException();
+};
+
+void TestKWaitCursor::showsForItsLifetime()
+{
+    {
+        const KWaitCursor wait;
+        QVERIFY(QGuiApplication::overrideCursor());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestKWaitCursor::nested()
+{
+    const KWaitCursor outer;
+    {
+        const KWaitCursor inner;
+    }
+    QVERIFY(QGuiApplication::overrideCursor());
+}
+
+void TestKWaitCursor::goesWithAnException()
+{
+    QGuiApplication::restoreOverrideCursor();
+    try {
+        const KWaitCursor wait;
+        throw std::runtime_error("fill failed");
+    } catch (const std::runtime_error &) {
+    }
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+QTEST_MAIN(TestKWaitCursor)
+#include "TestKWaitCursor.moc"
