@@ -3,11 +3,14 @@
 
 #pragma once
 
+#include <QtGlobal>
+
 #include <atomic>
 
-// Class-wide count of the live objects of Owner: raised by every constructor, lowered by the destructor.
+// Class-wide count of the live objects of Owner: raised by every constructor, lowered by the destructor. Visible across
+// libraries, so that whoever asks for the count sees the one that the library of Owner keeps.
 template <class Owner>
-class KLiveCount
+class Q_DECL_EXPORT KLiveCount
 {
 public:
     static int liveCount() { return s_count.load(); }
