@@ -25,7 +25,10 @@ inline constexpr int taxExpense = 610502;
 inline constexpr int dutyExpense = 610503;
 
 // The general account above a subsidiary one.
-constexpr int kolOf(int moeen) { return moeen / 100; }
+constexpr int kolOf(int moeen)
+{
+    return moeen / 100;
+}
 
 // Documents.iKind
 inline constexpr int documentKindReceipt = 3;

@@ -34,7 +34,7 @@ public:
     static void remove(int fieldID, int database = 0);
 
     qint32 m_iID = 0;
-    qint32 m_iTable = 0;    // record kind
+    qint32 m_iTable = 0; // record kind
     QString m_sName;
     qint32 m_iType = 0;
 

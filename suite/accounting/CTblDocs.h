@@ -14,10 +14,10 @@ struct DocRow
     int fiscalYear = 0;
     int hesabKol = 0;
     int hesabMoeen = 0;
-    int hesabTafsily = 0;   // 0: none
-    int personID = 0;       // 0: none
-    double bed = 0;         // debit
-    double bes = 0;         // credit
+    int hesabTafsily = 0; // 0: none
+    int personID = 0;     // 0: none
+    double bed = 0;       // debit
+    double bes = 0;       // credit
     QString desc;
 };
 

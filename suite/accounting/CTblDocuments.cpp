@@ -131,7 +131,8 @@ void CTblDocuments::RequireBalanced(int num, int fiscalYear, int database)
     temp.Open(false, false, true);
     temp.FormatAndExecuteQuery("SELECT SUM(d.dBed), SUM(d.dBes), SUM(m.iID IS NULL) FROM Docs d "
                                "LEFT JOIN HesabMoeen m ON m.iCode=d.iHesabMoeenCode "
-                               "WHERE d.iDocNum=%d AND d.iFiscalYear=%d", num, fiscalYear);
+                               "WHERE d.iDocNum=%d AND d.iFiscalYear=%d",
+                               num, fiscalYear);
     const double debit = temp.GetDoubleFieldValue(0);
     const double credit = temp.GetDoubleFieldValue(1);
     if (temp.GetLongFieldValue(2) > 0)

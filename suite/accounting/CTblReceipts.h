@@ -17,10 +17,10 @@ public:
     struct Receipt
     {
         int personID = 0;
-        double amount = 0;      // above 0
+        double amount = 0; // above 0
         QString desc;
         QDateTime date;
-        int moeen = 0;          // the cash or bank account that the money went to
+        int moeen = 0; // the cash or bank account that the money went to
     };
 
     explicit CTblReceipts(int database = 0);

@@ -20,7 +20,7 @@ public:
     qint32 m_iID = 0;
     qint32 m_iUserID = 0;
     QString m_sForm;
-    qint32 m_iRights = 0;   // bits of KSecurity::Right
+    qint32 m_iRights = 0; // bits of KSecurity::Right
 
 protected:
     void DoFieldExchange() override;

@@ -58,7 +58,8 @@ QString hashed(const PasswordBytes &password)
     const CTblUsers::HashCost cost = hashCost();
     char hash[crypto_pwhash_STRBYTES];
     if (crypto_pwhash_str_alg(hash, password.data(), password.size(), cost.operations, cost.memoryBytes,
-                              crypto_pwhash_ALG_ARGON2ID13) != 0)
+                              crypto_pwhash_ALG_ARGON2ID13)
+        != 0)
         throw std::bad_alloc();
     return QString::fromLatin1(hash);
 }

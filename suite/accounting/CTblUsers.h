@@ -47,7 +47,7 @@ public:
     QString m_sUser;
     QString m_sPasswordHash;
     QString m_sName;
-    qint32 m_iStatus = 0;   // 0 active, 1 may not log in
+    qint32 m_iStatus = 0; // 0 active, 1 may not log in
     qint32 m_bAdmin = 0;
 
 protected:

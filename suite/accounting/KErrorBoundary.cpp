@@ -51,10 +51,19 @@ QString categoryName(CMySQLException::Category category)
     return QStringLiteral("other");
 }
 
+// The server quotes values in its messages too; an apostrophe within a word is none of those quotes.
+QString maskedMessage(QString message)
+{
+    static const QRegularExpression quoted(QStringLiteral(R"((?<!\w)'.*'(?!\w))"),
+                                           QRegularExpression::DotMatchesEverythingOption
+                                               | QRegularExpression::UseUnicodePropertiesOption);
+    return message.replace(quoted, QStringLiteral("?")).simplified();
+}
+
 QString databaseLogText(const CMySQLException &error)
 {
     QString text = QStringLiteral("database, ") + categoryName(error.category())
-        + QStringLiteral(" (%1): ").arg(error.serverCode()) + KErrorBoundary::maskedStatement(error.GetErrorMessage());
+        + QStringLiteral(" (%1): ").arg(error.serverCode()) + maskedMessage(error.GetErrorMessage());
     if (!error.statement().isEmpty())
         text += QStringLiteral(" in: ") + KErrorBoundary::maskedStatement(error.statement());
     return text;

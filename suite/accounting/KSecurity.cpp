@@ -189,7 +189,8 @@ void KSecurity::copyRights(int fromUserID, int toUserID)
     temp.Open(false, false, true);
     temp.FormatAndExecuteQuery("DELETE FROM UserRights WHERE iUserID=%d", toUserID);
     temp.FormatAndExecuteQuery("INSERT INTO UserRights(iUserID,sForm,iRights) "
-                               "SELECT %d,sForm,iRights FROM UserRights WHERE iUserID=%d", toUserID, fromUserID);
+                               "SELECT %d,sForm,iRights FROM UserRights WHERE iUserID=%d",
+                               toUserID, fromUserID);
     transaction.commit();
     forgetRights();
 }

@@ -17,9 +17,9 @@ class TZACCOUNTING_EXPORT KSecurity
 public:
     // Bits of UserRights.iRights.
     enum Right : int {
-        Access = 1,     // open the window
-        Read = 2,       // show a record
-        Write = 4,      // add a record
+        Access = 1, // open the window
+        Read = 2,   // show a record
+        Write = 4,  // add a record
         Modify = 8,
         Delete = 16,
         PrintList = 32
@@ -28,9 +28,9 @@ public:
 
     struct Form
     {
-        QString name;       // key in UserRights.sForm
-        QString caption;    // Persian, for the grid of rights and the refusal
-        bool single;        // a permission rather than a window: its Access bit answers every question
+        QString name;    // key in UserRights.sForm
+        QString caption; // Persian, for the grid of rights and the refusal
+        bool single;     // a permission rather than a window: its Access bit answers every question
     };
 
     void SetFormName(const QString &form) { m_form = form; }

@@ -114,7 +114,11 @@ constexpr const char *relatedRecords[] = {
 };
 
 constexpr Step steps[] = {
-    {1, users}, {2, sharedRecords}, {3, chart}, {4, books}, {5, relatedRecords},
+    {1, users},
+    {2, sharedRecords},
+    {3, chart},
+    {4, books},
+    {5, relatedRecords},
 };
 
 const QString schemaSection = QStringLiteral("Schema");
