@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgDocCreated.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/RecordKinds.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QPointer>
+#include <QtTest>
+
+namespace {
+
+class Page : public KDialogTabPage
+{
+public:
+    explicit Page(bool access)
+        : m_access(access)
+    {
+    }
+    bool OnAccess() override { return m_access; }
+
+private:
+    bool m_access;
+};
+
+class Host : public KTabHost
+{
+public:
+    void addPage(KDialogTabPage *page) override { pages.append(page); }
+    ~Host() override { qDeleteAll(pages); }
+    QList<KDialogTabPage *> pages;
+};
+
+}
+
+class TestCDBSetting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void sameObjectOnEveryCall();
+    void nullPageShowsNothing();
+    void refusedPageIsDestroyedAndNotShown();
+    void grantedPageGoesToTheHost();
+    void pageWithoutAHostIsDestroyed();
+    void closedFlagIsSeenByEveryUser();
+    void closedDatabaseIsRefused();
+    void serverDateIsNow();
+    void loginTellsWhoWorks();
+    void moneyUnitAndDecimals();
+    void fiscalYearOpensOnItsFirstDay();
+    void openingDateIsKept();
+    void departments();
+    void recordKinds();
+    void sharedTexts();
+    void documentNotice();
+
+private:
+    TestOffice m_office;
+};
+
+void TestCDBSetting::cleanup()
+{
+    GetDBSetting()->SetTabHost(nullptr);
+    GetDBSetting()->SetClosedDB(false);
+    GetDBSetting()->Login(m_office.admin);
+}
+
+void TestCDBSetting::sameObjectOnEveryCall()
+{
+    QCOMPARE(GetDBSetting(), GetDBSetting());
+}
+
+void TestCDBSetting::nullPageShowsNothing()
+{
+    Host host;
+    GetDBSetting()->SetTabHost(&host);
+    GetDBSetting()->AddDialogToTabPage_(nullptr, 1, 0);
+    QVERIFY(host.pages.isEmpty());
+}
+
+void TestCDBSetting::refusedPageIsDestroyedAndNotShown()
+{
+    Host host;
+    GetDBSetting()->SetTabHost(&host);
+    const QPointer<Page> page = new Page(false);
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+    QVERIFY(host.pages.isEmpty());
+    QVERIFY(page.isNull());
+}
+
+void TestCDBSetting::grantedPageGoesToTheHost()
+{
+    Host host;
+    GetDBSetting()->SetTabHost(&host);
+    auto *page = new Page(true);
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+    QCOMPARE(host.pages, QList<KDialogTabPage *>{page});
+}
+
+void TestCDBSetting::pageWithoutAHostIsDestroyed()
+{
+    const QPointer<Page> page = new Page(true);
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+    QVERIFY(page.isNull());
+}
+
+void TestCDBSetting::closedFlagIsSeenByEveryUser()
+{
+    QVERIFY(!GetDBSetting()->IsClosedDB());
+    m_office.database.run(QStringLiteral("REPLACE INTO Properties(sSection,sKey,sValue) VALUES('Database','bClosed','1')"));
+    QVERIFY(GetDBSetting()->IsClosedDB());
+    GetDBSetting()->SetClosedDB(false);
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT sValue FROM Properties WHERE sKey='bClosed'")), QStringLiteral("0"));
+}
+
+void TestCDBSetting::closedDatabaseIsRefused()
+{
+    GetDBSetting()->RequireOpenDB();
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, GetDBSetting()->RequireOpenDB());
+}
+
+void TestCDBSetting::serverDateIsNow()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDateTime wallClock(now.date(), now.time(), Qt::UTC);
+    const QDateTime server = GetDBSetting()->GetDBServerDate();
+    QCOMPARE(server.timeSpec(), Qt::UTC);
+    QVERIFY2(qAbs(server.secsTo(wallClock)) <= 5, qPrintable(server.toString(Qt::ISODate)));
+}
+
+void TestCDBSetting::loginTellsWhoWorks()
+{
+    QCOMPARE(GetDBSetting()->GetUserID(), m_office.admin);
+    QCOMPARE(GetDBSetting()->GetUserName(), QStringLiteral("admin"));
+    QCOMPARE(GetDBSetting()->GetUserFullName(), QStringLiteral("مدیر"));
+    QVERIFY(GetDBSetting()->Login(m_office.clerk));
+    QVERIFY(!GetDBSetting()->IsAdmin());
+    QCOMPARE(GetDBSetting()->GetUserFullName(), QStringLiteral("clerk"));
+    QVERIFY(!GetDBSetting()->Login(999));
+    QCOMPARE(GetDBSetting()->GetUserID(), m_office.clerk);
+    GetDBSetting()->Logout();
+    QVERIFY(!GetDBSetting()->IsLoggedIn());
+    QCOMPARE(GetDBSetting()->GetUserID(), 0);
+}
+
+void TestCDBSetting::moneyUnitAndDecimals()
+{
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("ریال"));
+    GetDBSetting()->SetMoneyUnitName(QStringLiteral("تومان"));
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("تومان"));
+    QCOMPARE(GetDBSetting()->MoneyDecimals(), 0);
+    GetDBSetting()->SetMoneyDecimals(2);
+    QCOMPARE(DToMoney(1234.5), QStringLiteral("1,234.50"));
+    GetDBSetting()->SetMoneyDecimals(9);
+    QCOMPARE(GetDBSetting()->MoneyDecimals(), 4);
+    GetDBSetting()->SetMoneyDecimals(0);
+}
+
+void TestCDBSetting::fiscalYearOpensOnItsFirstDay()
+{
+    QCOMPARE(GetDBSetting()->FiscalYear(), GetShamsi(GetDBSetting()->GetDBServerDate().date()).year);
+    GetDBSetting()->SetFiscalYear(1405);
+    QCOMPARE(GetDBSetting()->FiscalYear(), 1405);
+    QCOMPARE(GetDBSetting()->FiscalYearOpeningDate(), QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC));
+}
+
+void TestCDBSetting::openingDateIsKept()
+{
+    const QDateTime opening(QDate(2026, 4, 1), QTime(0, 0), Qt::UTC);
+    GetDBSetting()->SetFiscalYearOpeningDate(opening);
+    QCOMPARE(GetDBSetting()->FiscalYearOpeningDate(), opening);
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime());
+    QCOMPARE(GetDBSetting()->FiscalYearOpeningDate().date(), QDate(2026, 3, 21));
+}
+
+void TestCDBSetting::departments()
+{
+    QCOMPARE(GetDBSetting()->Departments().size(), 1);
+    QCOMPARE(GetDBSetting()->GetDepartmentID(), 1);
+    m_office.database.run(QStringLiteral("INSERT INTO Departments(sName) VALUES('شعبه دو')"));
+    QCOMPARE(GetDBSetting()->Departments().constLast().name, QStringLiteral("شعبه دو"));
+    QCOMPARE(GetDBSetting()->GetDepartmentID(), 1);
+}
+
+void TestCDBSetting::recordKinds()
+{
+    QCOMPARE(int(RecordKind::names().size()), 79);
+    QCOMPARE(int(RecordKind::AutomobilInformation), 68);
+    QCOMPARE(int(RecordKind::AutomobilContract), 69);
+    QCOMPARE(int(RecordKind::AutomobilDemandReminder), 70);
+    for (const int kind : {68, 69, 70})
+        QVERIFY(!RecordKind::names().at(static_cast<std::size_t>(kind)).isEmpty());
+    QVERIFY(RecordKind::names().at(0).isEmpty());
+}
+
+void TestCDBSetting::sharedTexts()
+{
+    QCOMPARE(SuiteMessages::count(12), QStringLiteral("تعداد : 12"));
+    QCOMPARE(SuiteMessages::deleteQuestion(), QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟"));
+}
+
+void TestCDBSetting::documentNotice()
+{
+    g_pDlgMessage->takeShown();
+    CDlgDocCreated::Show(17, 1405);
+    CDlgDocCreated::Show(0, 1405);
+    const QStringList shown = g_pDlgMessage->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY(shown.constFirst().contains(QStringLiteral("17")));
+}
+
+QTEST_MAIN(TestCDBSetting)
+#include "TestCDBSetting.moc"

@@ -1,0 +1,257 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CDlgCashFromPerson.h"
+#include "suite/accounting/CTblReceipts.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/Money.h"
+#include "tests/suite/accounting/FormDriver.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QTimer>
+#include <QtTest>
+
+using FormDriver::field;
+
+class TestCDlgCashFromPerson : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void windowShowsPersonAmountAndWords();
+    void okSavesReceiptAndBalancedDocument();
+    void moneyToTheBankStandsOnTheBankAccount();
+    void cancelSavesNothing();
+    void keyboardAloneSaves();
+    void amountZeroIsRefusedAndFocused();
+    void missingDateIsRefused();
+    void closedDatabaseOpensNoWindow();
+    void databaseClosedMeanwhileRefusesAndStaysOpen();
+    void withoutTheRightNoWindowOpens();
+    void receiptThatMayNotBeIsRefused_data();
+    void receiptThatMayNotBeIsRefused();
+    void failedReceiptLeavesNoDocument();
+    void everyInputHasItsLabelAsName();
+
+private:
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+    // Opens the window through the service and works in it once it stands.
+    bool receive(const std::function<void(QDialog *)> &work);
+
+    TestOffice m_office;
+    int m_person = 0;
+};
+
+void TestCDlgCashFromPerson::initTestCase()
+{
+    GetDBSetting()->SetFiscalYear(1405);
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
+    m_person = m_office.addPerson(QStringLiteral("مریم احمدی"));
+}
+
+void TestCDlgCashFromPerson::init()
+{
+    GetDBSetting()->SetClosedDB(false);
+    GetDBSetting()->Login(m_office.admin);
+    for (const char *table : {"Receipts", "Documents", "Docs"})
+        m_office.database.run(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+    g_pDlgWarning->takeShown();
+}
+
+bool TestCDlgCashFromPerson::receive(const std::function<void(QDialog *)> &work)
+{
+    bool opened = false;
+    QTimer::singleShot(50, [&] {
+        auto *dialog = qobject_cast<CDlgCashFromPerson *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        opened = true;
+        work(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+    const bool saved =
+        GetDBSetting()->CashFromPersonMulti(m_person, 1250000, QStringLiteral("بابت کمسیون قرارداد شماره 12"), nullptr);
+    QTest::qWait(60);
+    if (!opened)
+        qWarning("the window did not open");
+    return saved;
+}
+
+void TestCDlgCashFromPerson::windowShowsPersonAmountAndWords()
+{
+    CDlgCashFromPerson dialog(m_person, 1250000, QStringLiteral("شرح"));
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("دریافت نقدی"));
+    auto *person = field<KEdit>(&dialog, QStringLiteral("شخص :"));
+    QCOMPARE(person->text(), QStringLiteral("مریم احمدی"));
+    QVERIFY(person->isReadOnly());
+    auto *amount = field<KEdit>(&dialog, QStringLiteral("مبلغ :"));
+    QCOMPARE(amount->text(), QStringLiteral("1,250,000"));
+    auto *words = dialog.findChild<QLabel *>(QStringLiteral("amountInWords"));
+    QVERIFY(words->text().startsWith(amountInWords(1250000)));
+    amount->setText(QStringLiteral("7"));
+    QVERIFY(words->text().startsWith(amountInWords(7)));
+    amount->clear();
+    QVERIFY(words->text().isEmpty());
+    QCOMPARE(field<KDateEdit>(&dialog, QStringLiteral("تاریخ :"))->date(), GetDBSetting()->GetDBServerDate().date());
+    auto *account = field<QComboBox>(&dialog, QStringLiteral("دریافت در :"));
+    QCOMPARE(account->count(), 2);
+    QCOMPARE(account->itemText(0), QStringLiteral("صندوق"));
+    QCOMPARE(account->itemText(1), QStringLiteral("بانک"));
+}
+
+void TestCDlgCashFromPerson::okSavesReceiptAndBalancedDocument()
+{
+    QVERIFY(receive([](QDialog *dialog) { FormDriver::click(dialog, QStringLiteral("تاييد")); }));
+    QCOMPARE(value("SELECT CONCAT_WS('|',iPersonID,dAmount,sDesc,iDocNum,iFiscalYear,iUserID) FROM Receipts"),
+             QStringLiteral("%1|1250000|بابت کمسیون قرارداد شماره 12|1|1405|%2").arg(m_person).arg(m_office.admin));
+    QCOMPARE(value("SELECT CONCAT_WS('|',iNum,iFiscalYear,iKind,sDesc) FROM Documents"),
+             QStringLiteral("1|1405|%1|بابت کمسیون قرارداد شماره 12").arg(Accounts::documentKindReceipt));
+    QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('|',iHesabKolCode,iHesabMoeenCode,iPersonID,dBed,dBes) ORDER BY iID SEPARATOR "
+                   "' ') FROM Docs WHERE iDocNum=1 AND iFiscalYear=1405"),
+             QStringLiteral("1101|110101|0|1250000|0 1103|110301|%1|0|1250000").arg(m_person));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestCDlgCashFromPerson::moneyToTheBankStandsOnTheBankAccount()
+{
+    QVERIFY(receive([](QDialog *dialog) {
+        field<QComboBox>(dialog, QStringLiteral("دریافت در :"))->setCurrentText(QStringLiteral("بانک"));
+        field<KEdit>(dialog, QStringLiteral("مبلغ :"))->setText(QStringLiteral("۵۰۰"));
+        FormDriver::click(dialog, QStringLiteral("تاييد"));
+    }));
+    QCOMPARE(value("SELECT CONCAT_WS('|',iHesabKolCode,iHesabMoeenCode,dBed) FROM Docs WHERE dBed>0"),
+             QStringLiteral("1102|110201|500"));
+}
+
+void TestCDlgCashFromPerson::cancelSavesNothing()
+{
+    QVERIFY(!receive([](QDialog *dialog) { FormDriver::click(dialog, QStringLiteral("انصراف")); }));
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)"), QStringLiteral("0"));
+}
+
+void TestCDlgCashFromPerson::keyboardAloneSaves()
+{
+    QVERIFY(receive([](QDialog *dialog) {
+        auto *amount = field<KEdit>(dialog, QStringLiteral("مبلغ :"));
+        QVERIFY(amount->hasFocus());
+        amount->selectAll();
+        QTest::keyClicks(amount, QStringLiteral("42"));
+        QTest::keyClick(dialog, Qt::Key_Return, Qt::ControlModifier);
+    }));
+    QCOMPARE(value("SELECT dAmount FROM Receipts"), QStringLiteral("42"));
+}
+
+void TestCDlgCashFromPerson::amountZeroIsRefusedAndFocused()
+{
+    QVERIFY(!receive([](QDialog *dialog) {
+        auto *amount = field<KEdit>(dialog, QStringLiteral("مبلغ :"));
+        field<KEdit>(dialog, QStringLiteral("شرح :"))->setFocus();
+        amount->setText(QStringLiteral("0"));
+        FormDriver::click(dialog, QStringLiteral("تاييد"));
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(amount->hasFocus());
+    }));
+    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), QStringLiteral("0"));
+}
+
+void TestCDlgCashFromPerson::missingDateIsRefused()
+{
+    QVERIFY(!receive([](QDialog *dialog) {
+        for (const QString &text : {QString(), QStringLiteral("1405/13/40")}) {
+            field<KDateEdit>(dialog, QStringLiteral("تاریخ :"))->setText(text);
+            FormDriver::click(dialog, QStringLiteral("تاييد"));
+            QVERIFY(dialog->isVisible());
+            QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        }
+    }));
+    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), QStringLiteral("0"));
+}
+
+void TestCDlgCashFromPerson::closedDatabaseOpensNoWindow()
+{
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY(!GetDBSetting()->CashFromPersonMulti(m_person, 1, QString(), nullptr));
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+}
+
+void TestCDlgCashFromPerson::databaseClosedMeanwhileRefusesAndStaysOpen()
+{
+    QVERIFY(!receive([](QDialog *dialog) {
+        GetDBSetting()->SetClosedDB(true);
+        FormDriver::click(dialog, QStringLiteral("تاييد"));
+        QVERIFY(dialog->isVisible());
+    }));
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)"), QStringLiteral("0"));
+}
+
+void TestCDlgCashFromPerson::withoutTheRightNoWindowOpens()
+{
+    GetDBSetting()->Login(m_office.clerk);
+    QVERIFY(!GetDBSetting()->CashFromPersonMulti(m_person, 1, QString(), nullptr));
+    QCOMPARE(g_pDlgWarning->takeShown(),
+             QStringList{KSecurity::refusalText(QStringLiteral("Receipts"), KSecurity::Write)});
+}
+
+void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused_data()
+{
+    QTest::addColumn<CTblReceipts::Receipt>("receipt");
+    const QDateTime today(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
+    const CTblReceipts::Receipt good{1, 100, QStringLiteral("شرح"), today, Accounts::cash};
+    auto row = [&good](const char *name, const std::function<void(CTblReceipts::Receipt &)> &spoil) {
+        CTblReceipts::Receipt receipt = good;
+        spoil(receipt);
+        QTest::newRow(name) << receipt;
+    };
+    row("no person", [](auto &receipt) { receipt.personID = 0; });
+    row("amount zero", [](auto &receipt) { receipt.amount = 0; });
+    row("amount within 0.0001 of zero", [](auto &receipt) { receipt.amount = 0.00005; });
+    row("negative amount", [](auto &receipt) { receipt.amount = -5; });
+    row("no account", [](auto &receipt) { receipt.moeen = 0; });
+    row("account outside the chart", [](auto &receipt) { receipt.moeen = 999999; });
+    row("no date", [](auto &receipt) { receipt.date = QDateTime(); });
+    row("before the books opened", [](auto &receipt) { receipt.date = receipt.date.addYears(-40); });
+}
+
+void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused()
+{
+    QFETCH(CTblReceipts::Receipt, receipt);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblReceipts::receive(receipt));
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"),
+             QStringLiteral("0"));
+}
+
+void TestCDlgCashFromPerson::failedReceiptLeavesNoDocument()
+{
+    // Too long for Receipts.sDesc and Documents.sDesc alike would fail at once; a missing table fails last.
+    m_office.database.run(QStringLiteral("RENAME TABLE Receipts TO ReceiptsAway"));
+    bool failed = false;
+    try {
+        CTblReceipts::receive(
+            {m_person, 100, QString(), QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC), Accounts::cash});
+    } catch (const CMySQLException &) {
+        failed = true;
+    }
+    m_office.database.run(QStringLiteral("RENAME TABLE ReceiptsAway TO Receipts"));
+    QVERIFY(failed);
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"), QStringLiteral("0"));
+}
+
+void TestCDlgCashFromPerson::everyInputHasItsLabelAsName()
+{
+    CDlgCashFromPerson dialog(m_person, 1, QString());
+    QVERIFY(FormDriver::everyInputHasAName(&dialog));
+}
+
+QTEST_MAIN(TestCDlgCashFromPerson)
+#include "TestCDlgCashFromPerson.moc"

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgMultiItems.h"
+#include "suite/accounting/CTblMultiItems.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KEdit.h"
+#include "tests/suite/accounting/FormDriver.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QComboBox>
+#include <QListView>
+#include <QTimer>
+#include <QtTest>
+
+using FormDriver::field;
+
+namespace {
+constexpr int clauses = CTblItems::typeClause;
+constexpr int colours = 808;
+}
+
+class TestCDlgMultiItems : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void valuesAreThoseOfTheTypeByName();
+    void comboHoldsAnEmptyChoiceAndTheValues();
+    void nameIsNeededAndUniqueInItsType();
+    void tickedNamesComeBackInOrder();
+    void selectGivesTheTextOfTheTickedNames();
+    void cancelledSelectLeavesTheText();
+    void valueIsAddedRenamedAndDeletedOnTheSpot();
+    void ticksStayWhenValuesChange();
+    void changingNeedsTheRights();
+    void closedDatabaseChangesNothing();
+    void everyInputHasItsName();
+
+private:
+    bool select(QString *text, const std::function<void(CDlgMultiItems *)> &work);
+
+    TestOffice m_office;
+    QString m_title = QStringLiteral("تبصره");
+    int m_first = 0;
+    int m_second = 0;
+};
+
+void TestCDlgMultiItems::init()
+{
+    GetDBSetting()->SetClosedDB(false);
+    GetDBSetting()->Login(m_office.admin);
+    m_office.database.run(QStringLiteral("DELETE FROM Items"));
+    m_second = CTblMultiItems::addValue(clauses, QStringLiteral("بند دوم"));
+    m_first = CTblMultiItems::addValue(clauses, QStringLiteral("بند اول"));
+    CTblMultiItems::addValue(colours, QStringLiteral("سفید"));
+    g_pDlgWarning->takeShown();
+}
+
+bool TestCDlgMultiItems::select(QString *text, const std::function<void(CDlgMultiItems *)> &work)
+{
+    QTimer::singleShot(50, [&work] {
+        auto *dialog = qobject_cast<CDlgMultiItems *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        work(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+    return CDlgMultiItems::Select(clauses, m_title, text, nullptr);
+}
+
+void TestCDlgMultiItems::valuesAreThoseOfTheTypeByName()
+{
+    m_office.database.run(QStringLiteral("INSERT INTO Items(iType,sName,iStatus) VALUES(814,'غیر فعال',1)"));
+    const QList<CTblMultiItems::Value> values = CTblMultiItems::values(clauses);
+    QCOMPARE(values.size(), 2);
+    QCOMPARE(values.at(0).id, m_first);
+    QCOMPARE(values.at(1).id, m_second);
+}
+
+void TestCDlgMultiItems::comboHoldsAnEmptyChoiceAndTheValues()
+{
+    QComboBox combo;
+    CTblMultiItems::FillComboBox(&combo, clauses, m_second);
+    QCOMPARE(combo.count(), 3);
+    QCOMPARE(combo.itemText(0), QStringLiteral("-"));
+    QCOMPARE(combo.itemData(0).toInt(), 0);
+    QCOMPARE(combo.currentText(), QStringLiteral("بند دوم"));
+    CTblMultiItems::FillComboBox(&combo, clauses, 9999);
+    QCOMPARE(combo.currentIndex(), 0);
+}
+
+void TestCDlgMultiItems::nameIsNeededAndUniqueInItsType()
+{
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::addValue(clauses, QStringLiteral(" ")));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::addValue(clauses, QStringLiteral("بند  اول")));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::renameValue(m_second, QStringLiteral("بند اول")));
+    CTblMultiItems::renameValue(m_second, QStringLiteral("بند دوم"));
+    QVERIFY(CTblMultiItems::addValue(colours, QStringLiteral("بند اول")) > 0);
+}
+
+void TestCDlgMultiItems::tickedNamesComeBackInOrder()
+{
+    CDlgMultiItems dialog(clauses, m_title);
+    QCOMPARE(dialog.windowTitle(), m_title);
+    QVERIFY(dialog.selectedNames().isEmpty());
+    dialog.setSelectedNames({QStringLiteral("بند دوم"), QStringLiteral("بند اول"), QStringLiteral("ناشناس")});
+    QCOMPARE(dialog.selectedNames(), (QStringList{QStringLiteral("بند اول"), QStringLiteral("بند دوم")}));
+    QCOMPARE(dialog.selectedIDs(), (QList<int>{m_first, m_second}));
+}
+
+void TestCDlgMultiItems::selectGivesTheTextOfTheTickedNames()
+{
+    QString text = QStringLiteral("دست نویس، بند دوم");
+    QVERIFY(select(&text, [](CDlgMultiItems *dialog) {
+        QCOMPARE(dialog->selectedNames(), QStringList{QStringLiteral("بند دوم")});
+        auto *view = dialog->findChild<QListView *>();
+        view->setFocus();
+        view->setCurrentIndex(view->model()->index(0, 0));
+        QTest::keyClick(view, Qt::Key_Space);
+        FormDriver::click(dialog, QStringLiteral("تاييد"));
+    }));
+    QCOMPARE(text, QStringLiteral("دست نویس، بند اول، بند دوم"));
+}
+
+void TestCDlgMultiItems::cancelledSelectLeavesTheText()
+{
+    QString text = QStringLiteral("بند دوم");
+    QVERIFY(!select(&text, [](CDlgMultiItems *dialog) {
+        dialog->setSelectedNames({QStringLiteral("بند اول")});
+        FormDriver::click(dialog, QStringLiteral("انصراف"));
+    }));
+    QCOMPARE(text, QStringLiteral("بند دوم"));
+}
+
+void TestCDlgMultiItems::valueIsAddedRenamedAndDeletedOnTheSpot()
+{
+    CDlgMultiItems dialog(clauses, m_title);
+    dialog.show();
+    auto *name = field<KEdit>(&dialog, QStringLiteral("نام :"));
+    auto *view = dialog.findChild<QListView *>();
+    QVERIFY(!FormDriver::button(&dialog, QStringLiteral("ويرايش"))->isEnabled());
+    name->setText(QStringLiteral("بند سوم"));
+    FormDriver::click(&dialog, QStringLiteral("جديد"));
+    QCOMPARE(view->model()->rowCount(), 3);
+    QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("بند سوم"));
+    FormDriver::click(&dialog, QStringLiteral("جديد"));
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    name->setText(QStringLiteral("بند چهارم"));
+    FormDriver::click(&dialog, QStringLiteral("ويرايش"));
+    QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("بند چهارم"));
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    FormDriver::click(&dialog, QStringLiteral("حذف"));
+    QCOMPARE(view->model()->rowCount(), 3);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    FormDriver::click(&dialog, QStringLiteral("حذف"));
+    QCOMPARE(CTblMultiItems::values(clauses).size(), 2);
+}
+
+void TestCDlgMultiItems::ticksStayWhenValuesChange()
+{
+    CDlgMultiItems dialog(clauses, m_title);
+    dialog.setSelectedNames({QStringLiteral("بند دوم")});
+    field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
+    dialog.addValue();
+    QCOMPARE(dialog.selectedIDs(), QList<int>{m_second});
+}
+
+void TestCDlgMultiItems::changingNeedsTheRights()
+{
+    GetDBSetting()->Login(m_office.clerk);
+    CDlgMultiItems dialog(clauses, m_title);
+    field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
+    dialog.addValue();
+    dialog.findChild<QListView *>()->setCurrentIndex(dialog.findChild<QListView *>()->model()->index(0, 0));
+    dialog.renameValue();
+    dialog.deleteValue();
+    const QString form = QStringLiteral("InputParameters");
+    QCOMPARE(g_pDlgWarning->takeShown(),
+             (QStringList{KSecurity::refusalText(form, KSecurity::Write), KSecurity::refusalText(form, KSecurity::Modify),
+                          KSecurity::refusalText(form, KSecurity::Delete)}));
+    QCOMPARE(CTblMultiItems::values(clauses).size(), 2);
+}
+
+void TestCDlgMultiItems::closedDatabaseChangesNothing()
+{
+    GetDBSetting()->SetClosedDB(true);
+    CDlgMultiItems dialog(clauses, m_title);
+    field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
+    dialog.addValue();
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(CTblMultiItems::values(clauses).size(), 2);
+}
+
+void TestCDlgMultiItems::everyInputHasItsName()
+{
+    CDlgMultiItems dialog(clauses, m_title);
+    QVERIFY(FormDriver::everyInputHasAName(&dialog));
+}
+
+QTEST_MAIN(TestCDlgMultiItems)
+#include "TestCDlgMultiItems.moc"

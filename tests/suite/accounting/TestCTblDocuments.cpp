@@ -1,0 +1,331 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/KAccountingError.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QSet>
+#include <QtTest>
+
+#include <limits>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
+
+namespace {
+
+constexpr int year = 1405;
+
+const QDateTime day(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
+
+DocRow rowOf(int num, double bed, double bes)
+{
+    return {.docNum = num,
+            .fiscalYear = year,
+            .hesabKol = Accounts::personsKol,
+            .hesabMoeen = Accounts::persons,
+            .personID = 1,
+            .bed = bed,
+            .bes = bes,
+            .desc = QStringLiteral("شرح")};
+}
+
+}
+
+class TestCTblDocuments : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void numbersBeginWithOneInEveryFiscalYear();
+    void headerHoldsWhatWasGiven();
+    void numberOfARolledBackDocumentIsDrawnAgain();
+    void twoConnectionsDrawDifferentNumbers();
+    void secondDrawerWaitsForTheFirstToEnd();
+    void closedDatabaseAddsAndEditsNothing();
+    void withoutAFiscalYearNothingIsAdded();
+    void editKeepsTheNumber();
+    void editOfAMissingDocumentIsRefused();
+    void emptyKeepsTheHeader();
+    void deleteTakesHeaderAndRows();
+    void deleteRespectsKindAndUser();
+    void numberZeroTouchesNothing();
+    void documentMustBalance_data();
+    void documentMustBalance();
+    void rowOnAnAccountOutsideTheChartIsRefused();
+    void rowThatMayNotStandIsRefused_data();
+    void rowThatMayNotStandIsRefused();
+    void refusedDocumentLeavesNothingBehind();
+
+private:
+    QString count(const char *table) { return m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1String(table))); }
+    int addDocument(double bed, double bes);
+
+    TestOffice m_office;
+};
+
+void TestCTblDocuments::init()
+{
+    GetDBSetting()->SetClosedDB(false);
+    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
+    m_office.database.run(QStringLiteral("DELETE FROM Documents"));
+}
+
+int TestCTblDocuments::addDocument(double bed, double bes)
+{
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, QStringLiteral("سند"), year);
+    CTblDocs::AddRecord(rowOf(num, bed, 0));
+    CTblDocs::AddRecord(rowOf(num, 0, bes));
+    return num;
+}
+
+void TestCTblDocuments::numbersBeginWithOneInEveryFiscalYear()
+{
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 1);
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 2);
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year + 1), 1);
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 3);
+}
+
+void TestCTblDocuments::headerHoldsWhatWasGiven()
+{
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, QStringLiteral("مبایعه نامه ش : 7"), year);
+    CTblDocuments header;
+    header.m_filter = QStringLiteral("iNum=%1").arg(num);
+    header.Open(true, true, true);
+    QCOMPARE(header.m_iKind, 28);
+    QCOMPARE(header.m_iFiscalYear, year);
+    QCOMPARE(header.m_date, day);
+    QCOMPARE(header.m_sDesc, QStringLiteral("مبایعه نامه ش : 7"));
+    QCOMPARE(header.m_iUserID, m_office.admin);
+    QCOMPARE(header.m_iStatus, 0);
+}
+
+void TestCTblDocuments::numberOfARolledBackDocumentIsDrawnAgain()
+{
+    {
+        KTransaction transaction;
+        QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 1);
+    }
+    QCOMPARE(count("Documents"), QStringLiteral("0"));
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 1);
+}
+
+void TestCTblDocuments::twoConnectionsDrawDifferentNumbers()
+{
+    constexpr int threads = 4;
+    constexpr int documents = 25;
+    std::mutex mutex;
+    QList<int> drawn;
+    QStringList failures;
+    auto draw = [&] {
+        for (int i = 0; i < documents; ++i) {
+            try {
+                int num = 0;
+                {
+                    KTransaction transaction;
+                    num = CTblDocuments::AddDoc(28, day, QString(), year);
+                    CTblDocs::AddRecord(rowOf(num, 1, 0));
+                    CTblDocs::AddRecord(rowOf(num, 0, 1));
+                    transaction.commit();
+                }
+                const std::lock_guard lock(mutex);
+                drawn.append(num);
+            } catch (const std::exception &error) {
+                const std::lock_guard lock(mutex);
+                failures.append(QString::fromUtf8(error.what()));
+            }
+        }
+    };
+    std::vector<std::thread> drawers;
+    for (int i = 0; i < threads; ++i)
+        drawers.emplace_back(draw);
+    for (std::thread &drawer : drawers)
+        drawer.join();
+    QVERIFY2(failures.isEmpty(), qPrintable(failures.join(u'\n')));
+    QCOMPARE(QSet<int>(drawn.cbegin(), drawn.cend()).size(), threads * documents);
+    QCOMPARE(*std::max_element(drawn.cbegin(), drawn.cend()), threads * documents);
+}
+
+void TestCTblDocuments::secondDrawerWaitsForTheFirstToEnd()
+{
+    std::atomic<int> second{0};
+    std::thread drawer;
+    {
+        KTransaction transaction;
+        QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 1);
+        drawer = std::thread([&second] { second = CTblDocuments::AddDoc(28, day, QString(), year); });
+        QTest::qWait(300);
+        QCOMPARE(second.load(), 0);
+        transaction.commit();
+    }
+    drawer.join();
+    QCOMPARE(second.load(), 2);
+}
+
+void TestCTblDocuments::closedDatabaseAddsAndEditsNothing()
+{
+    const int num = CTblDocuments::AddDoc(28, day, QStringLiteral("پیش از بستن"), year);
+    GetDBSetting()->SetClosedDB(true);
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 0);
+    QVERIFY(!CTblDocuments::EditDoc(num, year, day, QStringLiteral("پس از بستن")));
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(sDesc) FROM Documents")), QStringLiteral("پیش از بستن"));
+}
+
+void TestCTblDocuments::withoutAFiscalYearNothingIsAdded()
+{
+    QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), 0), 0);
+    QCOMPARE(count("Documents"), QStringLiteral("0"));
+}
+
+void TestCTblDocuments::editKeepsTheNumber()
+{
+    const int num = CTblDocuments::AddDoc(28, day, QStringLiteral("یک"), year);
+    QVERIFY(CTblDocuments::EditDoc(num, year, day.addDays(1), QStringLiteral("دو")));
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT CONCAT(iNum,' ',sDesc,' ',DATE(date)) FROM Documents")),
+             QStringLiteral("1 دو 2026-11-21"));
+}
+
+void TestCTblDocuments::editOfAMissingDocumentIsRefused()
+{
+    const int num = CTblDocuments::AddDoc(28, day, QString(), year);
+    QVERIFY(!CTblDocuments::EditDoc(num + 1, year, day, QString()));
+    QVERIFY(!CTblDocuments::EditDoc(num, year + 1, day, QString()));
+    QVERIFY(!CTblDocuments::EditDoc(0, year, day, QString()));
+}
+
+void TestCTblDocuments::emptyKeepsTheHeader()
+{
+    const int num = addDocument(5, 5);
+    const int other = addDocument(7, 7);
+    CTblDocuments::EmptyDoc(num, year);
+    QCOMPARE(count("Documents"), QStringLiteral("2"));
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(DISTINCT iDocNum) FROM Docs")), QString::number(other));
+}
+
+void TestCTblDocuments::deleteTakesHeaderAndRows()
+{
+    const int num = addDocument(5, 5);
+    addDocument(7, 7);
+    CTblDocuments::DeleteDoc(num, year + 1, 0, 0, QString());
+    QCOMPARE(count("Documents"), QStringLiteral("2"));
+    CTblDocuments::DeleteDoc(num, year, 0, 0, QString());
+    QCOMPARE(count("Documents"), QStringLiteral("1"));
+    QCOMPARE(count("Docs"), QStringLiteral("2"));
+}
+
+void TestCTblDocuments::deleteRespectsKindAndUser()
+{
+    const int num = addDocument(5, 5);
+    CTblDocuments::DeleteDoc(num, year, Accounts::documentKindReceipt, 0, QString());
+    CTblDocuments::DeleteDoc(num, year, 0, m_office.clerk, QString());
+    QCOMPARE(count("Documents"), QStringLiteral("1"));
+    QCOMPARE(count("Docs"), QStringLiteral("2"));
+    CTblDocuments::DeleteDoc(num, year, Accounts::documentKindContract, m_office.admin, QStringLiteral("test"));
+    QCOMPARE(count("Documents"), QStringLiteral("0"));
+}
+
+void TestCTblDocuments::numberZeroTouchesNothing()
+{
+    addDocument(5, 5);
+    m_office.database.run(QStringLiteral("INSERT INTO Docs(iDocNum,iFiscalYear) VALUES(0,%1)").arg(year));
+    CTblDocuments::EmptyDoc(0, year);
+    CTblDocuments::DeleteDoc(0, year, 0, 0, QString());
+    CTblDocuments::EmptyDoc(0, 0);
+    CTblDocuments::DeleteDoc(0, 0, 0, 0, QString());
+    CTblDocuments::RequireBalanced(0, year);
+    QCOMPARE(count("Documents"), QStringLiteral("1"));
+    QCOMPARE(count("Docs"), QStringLiteral("3"));
+}
+
+void TestCTblDocuments::documentMustBalance_data()
+{
+    QTest::addColumn<double>("bed");
+    QTest::addColumn<double>("bes");
+    QTest::addColumn<bool>("balances");
+    QTest::newRow("equal") << 1500.0 << 1500.0 << true;
+    QTest::newRow("both nothing") << 0.0 << 0.0 << true;
+    QTest::newRow("less than 0.0001 apart") << 1500.00005 << 1500.0 << true;
+    QTest::newRow("0.0002 apart") << 1500.0002 << 1500.0 << false;
+    QTest::newRow("more debit") << 1501.0 << 1500.0 << false;
+    QTest::newRow("more credit") << 1500.0 << 1501.0 << false;
+    QTest::newRow("debit alone") << 1.0 << 0.0 << false;
+}
+
+void TestCTblDocuments::documentMustBalance()
+{
+    QFETCH(double, bed);
+    QFETCH(double, bes);
+    QFETCH(bool, balances);
+    const int num = addDocument(bed, bes);
+    addDocument(3, 9);
+    bool refused = false;
+    try {
+        CTblDocuments::RequireBalanced(num, year);
+    } catch (const KAccountingError &error) {
+        refused = true;
+        QVERIFY(error.userMessage().contains(QString::number(num)));
+    }
+    QCOMPARE(refused, !balances);
+}
+
+void TestCTblDocuments::rowOnAnAccountOutsideTheChartIsRefused()
+{
+    const int num = addDocument(5, 5);
+    CTblDocuments::RequireBalanced(num, year);
+    for (const bool debit : {true, false}) {
+        DocRow row = rowOf(num, debit ? 1 : 0, debit ? 0 : 1);
+        row.hesabKol = 9999;
+        row.hesabMoeen = 999901;
+        CTblDocs::AddRecord(row);
+    }
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocuments::RequireBalanced(num, year));
+}
+
+void TestCTblDocuments::rowThatMayNotStandIsRefused_data()
+{
+    QTest::addColumn<int>("num");
+    QTest::addColumn<int>("moeen");
+    QTest::addColumn<double>("bed");
+    QTest::addColumn<double>("bes");
+    QTest::newRow("no document") << 0 << Accounts::persons << 1.0 << 0.0;
+    QTest::newRow("negative debit") << 1 << Accounts::persons << -1.0 << 0.0;
+    QTest::newRow("negative credit") << 1 << Accounts::persons << 0.0 << -1.0;
+    QTest::newRow("both sides") << 1 << Accounts::persons << 1.0 << 1.0;
+    QTest::newRow("no number") << 1 << Accounts::persons << std::numeric_limits<double>::quiet_NaN() << 0.0;
+    QTest::newRow("infinite") << 1 << Accounts::persons << 0.0 << std::numeric_limits<double>::infinity();
+    QTest::newRow("account under another general one") << 1 << Accounts::bank << 1.0 << 0.0;
+    QTest::newRow("no account") << 1 << 0 << 1.0 << 0.0;
+}
+
+void TestCTblDocuments::rowThatMayNotStandIsRefused()
+{
+    QFETCH(int, num);
+    QFETCH(int, moeen);
+    QFETCH(double, bed);
+    QFETCH(double, bes);
+    DocRow row = rowOf(num, bed, bes);
+    row.hesabMoeen = moeen;
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocs::AddRecord(row));
+    QCOMPARE(count("Docs"), QStringLiteral("0"));
+}
+
+void TestCTblDocuments::refusedDocumentLeavesNothingBehind()
+{
+    auto post = [this] {
+        KTransaction transaction;
+        CTblDocuments::RequireBalanced(addDocument(10, 9), year);
+        transaction.commit();
+    };
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, post());
+    QCOMPARE(count("Documents"), QStringLiteral("0"));
+    QCOMPARE(count("Docs"), QStringLiteral("0"));
+}
+
+QTEST_GUILESS_MAIN(TestCTblDocuments)
+#include "TestCTblDocuments.moc"

@@ -1,0 +1,237 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/KAccountingError.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QFile>
+#include <QtTest>
+
+namespace {
+constexpr int contracts = 69;
+}
+
+class TestCTblFileDocs : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void fileComesBackByteForByte_data();
+    void fileComesBackByteForByte();
+    void largestFileIsKept_data();
+    void largestFileIsKept();
+    void oneByteMoreThanTheLimitIsRefused();
+    void fileThatCannotBeKeptIsRefused_data();
+    void fileThatCannotBeKeptIsRefused();
+    void closedDatabaseRefuses();
+    void nameComesWithoutItsFolder();
+    void listReadsNoContents();
+    void personalFilesAreTheirUsersOnly();
+    void filesOfOtherRecordsAreNotListed();
+    void deletingARecordTakesItsFilesOnly();
+    void deletingForOneUserLeavesTheOthers();
+    void safeNameHoldsNothingHarmful_data();
+    void safeNameHoldsNothingHarmful();
+
+private:
+    QString write(const QString &name, const QByteArray &data);
+    int add(int record, CTblFileDocs::Scope scope, int user);
+
+    TestOffice m_office;
+    QTemporaryDir m_folder;
+};
+
+void TestCTblFileDocs::init()
+{
+    GetDBSetting()->SetClosedDB(false);
+    m_office.database.run(QStringLiteral("DELETE FROM FileDocs"));
+}
+
+QString TestCTblFileDocs::write(const QString &name, const QByteArray &data)
+{
+    const QString path = m_folder.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
+        return {};
+    return path;
+}
+
+int TestCTblFileDocs::add(int record, CTblFileDocs::Scope scope, int user)
+{
+    return CTblFileDocs::addFile(contracts, record, scope, user, write(QStringLiteral("a.txt"), "text"));
+}
+
+void TestCTblFileDocs::fileComesBackByteForByte_data()
+{
+    QTest::addColumn<QByteArray>("data");
+    QByteArray everyByte;
+    for (int i = 0; i < 256; ++i)
+        everyByte.append(char(i));
+    QTest::newRow("one byte") << QByteArray("x");
+    QTest::newRow("every byte") << everyByte;
+    QTest::newRow("quotes and backslashes") << QByteArray("'\"\\%_';--");
+    QTest::newRow("zeros") << QByteArray(1000, '\0');
+}
+
+void TestCTblFileDocs::fileComesBackByteForByte()
+{
+    QFETCH(QByteArray, data);
+    const int id = CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin,
+                                         write(QStringLiteral("قولنامه.pdf"), data));
+    QString name;
+    QByteArray stored;
+    QVERIFY(CTblFileDocs::content(id, m_office.clerk, &name, &stored));
+    QCOMPARE(name, QStringLiteral("قولنامه.pdf"));
+    QCOMPARE(stored, data);
+}
+
+void TestCTblFileDocs::largestFileIsKept_data()
+{
+    QTest::addColumn<char>("byte");
+    QTest::newRow("plain") << 'x';
+    // Every byte doubles in the statement.
+    QTest::newRow("zeros") << '\0';
+}
+
+void TestCTblFileDocs::largestFileIsKept()
+{
+    QFETCH(char, byte);
+    const QByteArray data(CTblFileDocs::maxFileBytes, byte);
+    const int id = CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin,
+                                         write(QStringLiteral("large.bin"), data));
+    QString name;
+    QByteArray stored;
+    QVERIFY(CTblFileDocs::content(id, m_office.admin, &name, &stored));
+    QVERIFY(stored == data);
+}
+
+void TestCTblFileDocs::oneByteMoreThanTheLimitIsRefused()
+{
+    const QString path = write(QStringLiteral("larger.bin"), QByteArray(CTblFileDocs::maxFileBytes + 1, 'x'));
+    bool refused = false;
+    try {
+        CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin, path);
+    } catch (const KAccountingError &error) {
+        refused = true;
+        QVERIFY(error.userMessage().contains(QStringLiteral("25")));
+    }
+    QVERIFY(refused);
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM FileDocs")), QStringLiteral("0"));
+}
+
+void TestCTblFileDocs::fileThatCannotBeKeptIsRefused_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("missing") << m_folder.filePath(QStringLiteral("missing.txt"));
+    QTest::newRow("folder") << m_folder.path();
+    QTest::newRow("empty") << write(QStringLiteral("empty.txt"), QByteArray());
+    QTest::newRow("no name") << QString();
+}
+
+void TestCTblFileDocs::fileThatCannotBeKeptIsRefused()
+{
+    QFETCH(QString, path);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError,
+                             CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin, path));
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM FileDocs")), QStringLiteral("0"));
+}
+
+void TestCTblFileDocs::closedDatabaseRefuses()
+{
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, add(1, CTblFileDocs::General, m_office.admin));
+}
+
+void TestCTblFileDocs::nameComesWithoutItsFolder()
+{
+    add(1, CTblFileDocs::General, m_office.admin);
+    QCOMPARE(CTblFileDocs::list(contracts, 1, CTblFileDocs::General, m_office.admin).constFirst().name,
+             QStringLiteral("a.txt"));
+}
+
+void TestCTblFileDocs::listReadsNoContents()
+{
+    add(1, CTblFileDocs::General, m_office.admin);
+    QStringList statements;
+    KConnection::setStatementObserver([&statements](const QString &statement) { statements.append(statement); });
+    const QList<CTblFileDocs::FileInfo> files = CTblFileDocs::list(contracts, 1, CTblFileDocs::General, m_office.admin);
+    KConnection::setStatementObserver({});
+    QCOMPARE(files.size(), 1);
+    QCOMPARE(files.constFirst().userID, m_office.admin);
+    QVERIFY(files.constFirst().created.isValid());
+    QCOMPARE(statements.size(), 1);
+    QVERIFY(!statements.constFirst().contains(QStringLiteral("oData")));
+}
+
+void TestCTblFileDocs::personalFilesAreTheirUsersOnly()
+{
+    const int id = add(1, CTblFileDocs::Personal, m_office.admin);
+    QCOMPARE(CTblFileDocs::list(contracts, 1, CTblFileDocs::Personal, m_office.admin).size(), 1);
+    QVERIFY(CTblFileDocs::list(contracts, 1, CTblFileDocs::Personal, m_office.clerk).isEmpty());
+    QVERIFY(CTblFileDocs::list(contracts, 1, CTblFileDocs::General, m_office.admin).isEmpty());
+    QString name;
+    QByteArray data;
+    QVERIFY(!CTblFileDocs::content(id, m_office.clerk, &name, &data));
+    QVERIFY(!CTblFileDocs::deleteFile(id, m_office.clerk));
+    QVERIFY(CTblFileDocs::content(id, m_office.admin, &name, &data));
+    QVERIFY(CTblFileDocs::deleteFile(id, m_office.admin));
+    QVERIFY(!CTblFileDocs::content(id, m_office.admin, &name, &data));
+}
+
+void TestCTblFileDocs::filesOfOtherRecordsAreNotListed()
+{
+    add(1, CTblFileDocs::General, m_office.admin);
+    QVERIFY(CTblFileDocs::list(contracts, 2, CTblFileDocs::General, m_office.admin).isEmpty());
+    QVERIFY(CTblFileDocs::list(68, 1, CTblFileDocs::General, m_office.admin).isEmpty());
+}
+
+void TestCTblFileDocs::deletingARecordTakesItsFilesOnly()
+{
+    add(1, CTblFileDocs::General, m_office.admin);
+    add(1, CTblFileDocs::Personal, m_office.clerk);
+    add(2, CTblFileDocs::General, m_office.admin);
+    CTblFileDocs::DeleteAllRelatedRecords(contracts, 1, 0);
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM FileDocs")), QStringLiteral("2"));
+}
+
+void TestCTblFileDocs::deletingForOneUserLeavesTheOthers()
+{
+    add(1, CTblFileDocs::Personal, m_office.admin);
+    add(1, CTblFileDocs::Personal, m_office.clerk);
+    CTblFileDocs::DeleteAllRelatedRecords(contracts, 1, m_office.clerk);
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iUserID) FROM FileDocs")),
+             QString::number(m_office.admin));
+}
+
+void TestCTblFileDocs::safeNameHoldsNothingHarmful_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("safe");
+    QTest::newRow("plain") << QStringLiteral("قرارداد 12.docx") << QStringLiteral("قرارداد 12.docx");
+    QTest::newRow("folders") << QStringLiteral("../../etc/passwd") << QStringLiteral("_.._etc_passwd");
+    QTest::newRow("backslashes") << QStringLiteral("..\\a\\b.txt") << QStringLiteral("_a_b.txt");
+    QTest::newRow("drive") << QStringLiteral("C:x.txt") << QStringLiteral("C_x.txt");
+    QTest::newRow("hidden") << QStringLiteral(".profile") << QStringLiteral("profile");
+    QTest::newRow("control characters") << QStringLiteral("a\nb\tc.txt") << QStringLiteral("abc.txt");
+    QTest::newRow("turned by a direction mark") << QString(QStringLiteral("x") + QChar(0x202E) + QStringLiteral("txt.exe"))
+                                                << QStringLiteral("xtxt.exe");
+    QTest::newRow("device") << QStringLiteral("con.txt") << QStringLiteral("_con.txt");
+    QTest::newRow("numbered device") << QStringLiteral("LPT1") << QStringLiteral("_LPT1");
+    QTest::newRow("dots at the end") << QStringLiteral("a.txt. .") << QStringLiteral("a.txt");
+    QTest::newRow("nothing left") << QStringLiteral("...") << QStringLiteral("file");
+    QTest::newRow("empty") << QString() << QStringLiteral("file");
+    QTest::newRow("long") << QString(QString(300, u'a') + QStringLiteral(".pdf"))
+                          << QString(QString(96, u'a') + QStringLiteral(".pdf"));
+}
+
+void TestCTblFileDocs::safeNameHoldsNothingHarmful()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, safe);
+    QCOMPARE(CTblFileDocs::safeFileName(name), safe);
+}
+
+QTEST_GUILESS_MAIN(TestCTblFileDocs)
+#include "TestCTblFileDocs.moc"

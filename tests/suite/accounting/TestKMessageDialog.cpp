@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KMessageDialog.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+namespace {
+
+struct Seen
+{
+    QString text;
+    QStringList buttons;
+    bool rightToLeft = false;
+    QString focused;
+};
+
+// Looks at the message box as soon as it stands and then presses a key in it.
+Seen pressWhenShown(Qt::Key key, const std::function<void()> &show)
+{
+    Seen seen;
+    QTimer::singleShot(50, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        seen.text = box->text();
+        seen.rightToLeft = box->layoutDirection() == Qt::RightToLeft;
+        for (QAbstractButton *button : box->buttons())
+            seen.buttons.append(button->text());
+        seen.buttons.sort();
+        if (const auto *button = qobject_cast<QPushButton *>(box->focusWidget()))
+            seen.focused = button->text();
+        QTest::keyClick(box, key);
+        // A key that does not close the box must not hang the test.
+        QTimer::singleShot(500, box, &QDialog::reject);
+    });
+    show();
+    return seen;
+}
+
+QStringList sorted(QStringList texts)
+{
+    texts.sort();
+    return texts;
+}
+
+}
+
+class TestKMessageDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void messageHasOneButtonAndClosesByKey_data();
+    void messageHasOneButtonAndClosesByKey();
+    void questionIsAnsweredByKey_data();
+    void questionIsAnsweredByKey();
+    void preparedAnswersAreGivenInOrder();
+    void answerAllShowsNoBoxAndKeepsTheTexts();
+    void markupIsShownAsTyped();
+};
+
+void TestKMessageDialog::cleanup()
+{
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
+        dialog->answerAll(false);
+}
+
+void TestKMessageDialog::messageHasOneButtonAndClosesByKey_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Enter") << int(Qt::Key_Return);
+    QTest::newRow("Esc") << int(Qt::Key_Escape);
+    QTest::newRow("Space") << int(Qt::Key_Space);
+}
+
+void TestKMessageDialog::messageHasOneButtonAndClosesByKey()
+{
+    QFETCH(int, key);
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage}) {
+        const Seen seen = pressWhenShown(Qt::Key(key), [dialog] { dialog->Show(QStringLiteral("متن پیام")); });
+        QCOMPARE(seen.text, QStringLiteral("متن پیام"));
+        QCOMPARE(seen.buttons, QStringList{QStringLiteral("باشه")});
+        QVERIFY(seen.rightToLeft);
+    }
+}
+
+void TestKMessageDialog::questionIsAnsweredByKey_data()
+{
+    QTest::addColumn<bool>("withCancel");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("answer");
+    QTest::newRow("Enter takes the safe answer") << false << int(Qt::Key_Return) << int(KMessageDialog::No);
+    QTest::newRow("Esc is No") << false << int(Qt::Key_Escape) << int(KMessageDialog::No);
+    QTest::newRow("Esc cancels") << true << int(Qt::Key_Escape) << int(KMessageDialog::Cancel);
+    QTest::newRow("Enter takes the safe answer of three") << true << int(Qt::Key_Return) << int(KMessageDialog::No);
+}
+
+void TestKMessageDialog::questionIsAnsweredByKey()
+{
+    QFETCH(bool, withCancel);
+    QFETCH(int, key);
+    QFETCH(int, answer);
+    KMessageDialog::Answer given = KMessageDialog::Yes;
+    const Seen seen = pressWhenShown(Qt::Key(key), [&] {
+        given = withCancel ? g_pDlgYesNo->AskOrCancel(QStringLiteral("مطمئن؟")) : g_pDlgYesNo->Ask(QStringLiteral("مطمئن؟"));
+    });
+    QCOMPARE(int(given), answer);
+    QStringList buttons{QStringLiteral("بله"), QStringLiteral("خیر")};
+    if (withCancel)
+        buttons.append(QStringLiteral("انصراف"));
+    QCOMPARE(seen.buttons, sorted(buttons));
+    QCOMPARE(seen.focused, QStringLiteral("خیر"));
+}
+
+void TestKMessageDialog::preparedAnswersAreGivenInOrder()
+{
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("یک")), KMessageDialog::No);
+    QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("دو")), KMessageDialog::Yes);
+    QCOMPARE(g_pDlgYesNo->takeShown(), (QStringList{QStringLiteral("یک"), QStringLiteral("دو")}));
+}
+
+void TestKMessageDialog::answerAllShowsNoBoxAndKeepsTheTexts()
+{
+    g_pDlgWarning->answerAll(true);
+    g_pDlgYesNo->answerAll(true);
+    g_pDlgWarning->Show(QStringLiteral("هشدار"));
+    QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("پرسش")), KMessageDialog::Yes);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("هشدار")});
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+}
+
+void TestKMessageDialog::markupIsShownAsTyped()
+{
+    const QString markup = QStringLiteral("<b>نام</b>");
+    const Seen seen = pressWhenShown(Qt::Key_Return, [&markup] { g_pDlgMessage->Show(markup); });
+    QCOMPARE(seen.text, markup);
+    bool plain = false;
+    QTimer::singleShot(50, [&plain] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        plain = box && box->textFormat() == Qt::PlainText;
+        if (box)
+            box->reject();
+    });
+    g_pDlgMessage->Show(markup);
+    QVERIFY(plain);
+}
+
+QTEST_MAIN(TestKMessageDialog)
+#include "TestKMessageDialog.moc"

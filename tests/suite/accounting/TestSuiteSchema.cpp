@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QtTest>
+
+class TestSuiteSchema : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void freshDatabaseHoldsEveryTable_data();
+    void freshDatabaseHoldsEveryTable();
+    void freshDatabaseHoldsTheAccounts_data();
+    void freshDatabaseHoldsTheAccounts();
+    void everyAccountStandsUnderAGeneralOne();
+    void runTwiceChangesNothing();
+    void stepThatStoppedHalfwayIsRunAgain();
+    void databaseOfANewerProgramIsRefused();
+    void moduleVersionIsKept();
+    void fiscalYearIsAddedToContractsOnce();
+    void tablesAreUtf8();
+
+private:
+    TestDatabase m_database;
+};
+
+void TestSuiteSchema::init()
+{
+    m_database.recreate();
+}
+
+void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("columns");
+    const auto row = [](const char *table, const char *columns) {
+        QTest::newRow(table) << QString::fromLatin1(table) << QString::fromLatin1(columns);
+    };
+    row("Properties", "iID,sSection,sKey,sValue");
+    row("Users", "iID,sUser,sPasswordHash,sName,iStatus,bAdmin");
+    row("UserRights", "iID,iUserID,sForm,iRights");
+    row("Persons", "iID,iCode,sName,sFamily,sName2,iSex,sFatherName,dateBirth,sBirthCity,sIdentityNum,sIdentityCity,"
+                   "sNationalCode,sEconomicCode,sPostalCode,sAreaCode,sTel,sMobile,sAddress,iKind,bNatural,iTaxKind,"
+                   "iTaxZone,iProvinceCode,iCityCode,dPercentDiscount,iStatus");
+    row("Items", "iID,iType,sName,sTitle,iStatus");
+    row("Departments", "iID,sName");
+    row("HesabKol", "iID,iCode,sName,iStatus");
+    row("HesabMoeen", "iID,iCode,sName,iStatus,iHesabKolCode");
+    row("HesabTafsily", "iID,iCode,sName,iStatus,iHesabMoeenCode");
+    row("Documents", "iID,iNum,iFiscalYear,iKind,date,sDesc,iUserID,iStatus");
+    row("Docs", "iID,iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes,sDesc");
+    row("Receipts", "iID,iPersonID,date,dAmount,sDesc,iDocNum,iFiscalYear,iUserID");
+    row("FileDocs", "iID,iTable,iRecordID,iScope,iUserID,sName,oData,dateCreate");
+    row("CustomFields", "iID,iTable,sName,iType");
+    row("CustomFieldRecords", "iID,iFieldID,iTable,iRecordID,sValue");
+}
+
+void TestSuiteSchema::freshDatabaseHoldsEveryTable()
+{
+    QFETCH(QString, table);
+    QFETCH(QString, columns);
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM "
+                                             "information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1'")
+                                  .arg(table)),
+             columns);
+    QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+}
+
+void TestSuiteSchema::freshDatabaseHoldsTheAccounts_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("1101") << QStringLiteral("HesabKol") << Accounts::cashKol << QStringLiteral("صندوق");
+    QTest::newRow("1102") << QStringLiteral("HesabKol") << Accounts::bankKol << QStringLiteral("بانک");
+    QTest::newRow("1103") << QStringLiteral("HesabKol") << Accounts::personsKol << QStringLiteral("اشخاص");
+    QTest::newRow("410202") << QStringLiteral("HesabMoeen") << Accounts::commissionIncome << QStringLiteral("درآمد کمیسیون");
+    QTest::newRow("610502") << QStringLiteral("HesabMoeen") << Accounts::taxExpense
+                            << QStringLiteral("هزینه مالیات ارزش افزوده");
+    QTest::newRow("610503") << QStringLiteral("HesabMoeen") << Accounts::dutyExpense << QStringLiteral("هزینه عوارض");
+    QTest::newRow("210501") << QStringLiteral("HesabMoeen") << Accounts::taxPayable
+                            << QStringLiteral("مالیات ارزش افزوده پرداختنی");
+    QTest::newRow("210502") << QStringLiteral("HesabMoeen") << Accounts::dutyPayable << QStringLiteral("عوارض پرداختنی");
+}
+
+void TestSuiteSchema::freshDatabaseHoldsTheAccounts()
+{
+    QFETCH(QString, table);
+    QFETCH(int, code);
+    QFETCH(QString, name);
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM %1 WHERE iCode=%2").arg(table).arg(code)), name);
+}
+
+void TestSuiteSchema::everyAccountStandsUnderAGeneralOne()
+{
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen m JOIN HesabKol k ON k.iCode=m.iHesabKolCode "
+                                             "WHERE m.iCode DIV 100=k.iCode")),
+             QStringLiteral("8"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("8"));
+}
+
+void TestSuiteSchema::runTwiceChangesNothing()
+{
+    const QString counts = QStringLiteral("SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM HesabKol),(SELECT COUNT(*) FROM "
+                                          "HesabMoeen),(SELECT COUNT(*) FROM Departments),(SELECT COUNT(*) FROM Properties))");
+    SuiteSchema::upgrade();
+    const QString before = m_database.value(counts);
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(counts), before);
+}
+
+void TestSuiteSchema::stepThatStoppedHalfwayIsRunAgain()
+{
+    SuiteSchema::upgrade();
+    m_database.run(QStringLiteral("UPDATE HesabKol SET sName='صندوق مرکزی' WHERE iCode=1101"));
+    m_database.run(QStringLiteral("DELETE FROM HesabMoeen WHERE iCode=610503"));
+    m_database.run(QStringLiteral("DROP TABLE Receipts"));
+    m_database.run(QStringLiteral("UPDATE Properties SET sValue='2' WHERE sSection='Schema' AND sKey='Suite'"));
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("8"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
+    // What the office has changed since stays.
+    QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM HesabKol WHERE iCode=1101")), QStringLiteral("صندوق مرکزی"));
+    QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+}
+
+void TestSuiteSchema::databaseOfANewerProgramIsRefused()
+{
+    SuiteSchema::upgrade();
+    const int newer = SuiteSchema::currentVersion() + 1;
+    CTblProperties::DBWriteSettingInt(QStringLiteral("Schema"), QStringLiteral("Suite"), newer);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, SuiteSchema::upgrade());
+    QCOMPARE(SuiteSchema::storedVersion(), newer);
+}
+
+void TestSuiteSchema::moduleVersionIsKept()
+{
+    SuiteSchema::upgrade();
+    QCOMPARE(SuiteSchema::moduleVersion(), 0.0);
+    SuiteSchema::setModuleVersion(6.211);
+    QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
+    QCOMPARE(CTblProperties::DBReadSetting(QStringLiteral("Schema"), QStringLiteral("TzAuto"), 0.0), 6.211);
+}
+
+void TestSuiteSchema::fiscalYearIsAddedToContractsOnce()
+{
+    SuiteSchema::upgrade();
+    m_database.run(QStringLiteral("CREATE TABLE AutomobilContracts (iID INT NOT NULL AUTO_INCREMENT PRIMARY KEY)"));
+    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts VALUES(7)"));
+    SuiteSchema::afterModuleUpgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts WHERE iID=7")), QStringLiteral("0"));
+    m_database.run(QStringLiteral("UPDATE AutomobilContracts SET iFiscalYear=1405"));
+    SuiteSchema::afterModuleUpgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts")), QStringLiteral("1405"));
+}
+
+void TestSuiteSchema::tablesAreUtf8()
+{
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE() "
+                                             "AND (ENGINE<>'InnoDB' OR TABLE_COLLATION NOT LIKE 'utf8mb3%')")),
+             QStringLiteral("0"));
+}
+
+QTEST_GUILESS_MAIN(TestSuiteSchema)
+#include "TestSuiteSchema.moc"
