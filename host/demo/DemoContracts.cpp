@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/demo/DemoContracts.h"
+
+#include "auto/WordLists.h"
+#include "auto/contracts/ContractDocumentRows.h"
+#include "host/demo/DemoNames.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+namespace {
+
+enum ContractType {
+    Sale,
+    Rent,
+    Instalments,
+    Letter
+};
+
+QStringList allColumns(KMySQL &record)
+{
+    QStringList names;
+    for (const KMySQL::Column &column : record.columns())
+        if (column.name != QStringLiteral("iID"))
+            names.append(column.name);
+    return names;
+}
+
+int contractType(DemoRandom &random)
+{
+    const int draw = random.below(100);
+    return draw < 70 ? Sale : draw < 78 ? Rent : draw < 95 ? Instalments : Letter;
+}
+
+QDateTime midnight(const QDate &day)
+{
+    return QDateTime(day, QTime(0, 0), Qt::UTC);
+}
+
+ContractDocumentParty documentParty(PartyKind kind, const DemoPersons::Person &person, const CommissionParty &figures)
+{
+    return {person.id, person.name, kind, figures.discount, figures.taxPercent, figures.tax, figures.dutyPercent, figures.duty};
+}
+
+}
+
+DemoContracts::DemoContracts(const Office &office, const QList<DemoPersons::Person> &persons, DemoRandom &random, int database)
+    : m_office(office)
+    , m_persons(persons)
+    , m_random(random)
+    , m_contract(database)
+    , m_document(database)
+    , m_row(database)
+    , m_contracts(m_contract, allColumns(m_contract))
+    , m_documents(m_document, allColumns(m_document))
+    , m_rows(m_row, allColumns(m_row))
+{
+}
+
+void DemoContracts::write(int count)
+{
+    const qint64 days = m_office.firstDay.daysTo(m_office.lastDay);
+    for (int code = 1; code <= count; ++code)
+        makeContract(code, m_office.firstDay.addDays(days * code / count));
+    m_documents.flush();
+    m_rows.flush();
+    m_contracts.flush();
+}
+
+void DemoContracts::makeContract(int code, const QDate &day)
+{
+    Party first;
+    Party second;
+    chooseParties(first, second);
+    m_contract.m_iCode = code;
+    m_contract.m_iContractType = contractType(m_random);
+    m_contract.m_dateContract = midnight(day);
+    m_contract.m_dateCreate = QDateTime(day, QTime(9, 0).addSecs(m_random.below(9 * 3600)), Qt::UTC);
+    m_contract.m_iUserID = m_office.userID;
+    setParties(first, second);
+    setCar();
+    setState(day);
+    postDocument(first, second);
+    m_contracts.add();
+}
+
+DemoContracts::Party DemoContracts::showroom() const
+{
+    const CompanyDetails &company = m_office.company;
+    return {PartyKind::Showroom,
+            {0, company.name(), company.mobile, company.telephone, company.address, company.nationalCode, 0}};
+}
+
+void DemoContracts::chooseParties(Party &first, Party &second)
+{
+    const auto anybody = [this] {
+        return Party{PartyKind::Ordinary, m_persons.at(m_random.below(static_cast<int>(m_persons.size())))};
+    };
+    first = m_random.chance(8) ? showroom() : anybody();
+    // No contract is made between two sides of one name.
+    do {
+        second = anybody();
+    } while (second.person.name == first.person.name);
+    if (first.kind == PartyKind::Ordinary && m_random.chance(4)) {
+        first.kind = PartyKind::Other;
+        first.person.id = 0;
+        first.person.discountPercent = 0;
+    }
+}
+
+void DemoContracts::setParties(const Party &first, const Party &second)
+{
+    m_contract.m_iPersonContract1 = static_cast<qint32>(first.kind);
+    m_contract.m_iPersonContract2 = static_cast<qint32>(second.kind);
+    m_contract.m_iPersonFirstID = first.person.id;
+    m_contract.m_iPersonSecondID = second.person.id;
+    m_contract.m_sName1 = first.person.name;
+    m_contract.m_sMobile1 = first.person.mobile;
+    m_contract.m_sTel1 = first.person.telephone;
+    m_contract.m_sAddress1 = first.person.address;
+    m_contract.m_sNationalId1 = first.person.nationalCode;
+    m_contract.m_sName2 = second.person.name;
+    m_contract.m_sMobile2 = second.person.mobile;
+    m_contract.m_sTel2 = second.person.telephone;
+    m_contract.m_sAddress2 = second.person.address;
+    m_contract.m_sNationalId2 = second.person.nationalCode;
+
+    const DemoNames::Car car = m_random.oneOf(DemoNames::cars());
+    const int age = m_random.below(6);
+    const ShamsiDate day = GetShamsi(m_contract.m_dateContract.date());
+    m_contract.m_sSystem = car.maker.toString();
+    m_contract.m_sAutomobilName = car.name.toString();
+    m_contract.m_sModel = QString::number(day.year - age);
+    // A car loses a tenth of its price a year; a rent is a hundredth of it a month.
+    const double price = car.millions * 1e7 * (100 - 9 * age) / 100 + m_random.below(40) * 1e7;
+    setFigures(first, second, m_contract.m_iContractType == Rent ? price / 10 : price);
+}
+
+// As the editor does it when both sides are picked first and the amount is typed then.
+void DemoContracts::setFigures(const Party &first, const Party &second, double amount)
+{
+    CommissionFields figures;
+    const auto change = [&](CommissionField field) { afterChange(field, figures, m_office.settings.tiers); };
+    for (CommissionParty *party : {&figures.first, &figures.second}) {
+        party->taxPercent = m_office.settings.taxPercent;
+        party->dutyPercent = m_office.settings.dutyPercent;
+    }
+    figures.first.kind = first.kind;
+    change(CommissionField::FirstKind);
+    figures.second.kind = second.kind;
+    change(CommissionField::SecondKind);
+    figures.first.discountPercent = first.person.discountPercent;
+    change(CommissionField::FirstDiscountPercent);
+    figures.second.discountPercent = second.person.discountPercent;
+    change(CommissionField::SecondDiscountPercent);
+    figures.amount = amount;
+    change(CommissionField::Amount);
+
+    m_contract.m_dAmount = figures.amount;
+    m_contract.m_dCommission = figures.commission;
+    m_contract.m_dCommissionEveryPerson = figures.perPartyTotal;
+    m_contract.m_dPercentTax = figures.first.taxPercent;
+    m_contract.m_dTax = figures.first.tax;
+    m_contract.m_dPercentImpsition = figures.first.dutyPercent;
+    m_contract.m_dImposition = figures.first.duty;
+    m_contract.m_dPercentDiscount = figures.first.discountPercent;
+    m_contract.m_dDiscountFirst = figures.first.discount;
+    m_contract.m_dPayFirst = figures.first.pays;
+    m_contract.m_dPercentTax2 = figures.second.taxPercent;
+    m_contract.m_dTax2 = figures.second.tax;
+    m_contract.m_dPercentImposition2 = figures.second.dutyPercent;
+    m_contract.m_dImposition2 = figures.second.duty;
+    m_contract.m_dPercentDiscount2 = figures.second.discountPercent;
+    m_contract.m_dDiscountSecond = figures.second.discount;
+    m_contract.m_dPaySecond = figures.second.pays;
+}
+
+void DemoContracts::setCar()
+{
+    const QString color = m_random.oneOf(DemoNames::colors()).toString();
+    const DemoNames::City city = m_random.oneOf(DemoNames::cities());
+    m_contract.m_sAutomobilType = QStringLiteral("سواری");
+    m_contract.m_sColor = color;
+    m_contract.m_sFuel = WordLists::textAt(WordLists::fuelTypes(), 1);
+    m_contract.m_sCapacity = QStringLiteral("5");
+    m_contract.m_sNumOFAxles = QStringLiteral("2");
+    m_contract.m_sNumOfWheels = QStringLiteral("4");
+    m_contract.m_sChassisNum = QStringLiteral("NAA%1").arg(m_random.between(10000000, 99999999));
+    m_contract.m_sNumOfEngines = QStringLiteral("1%1").arg(m_random.between(1000000, 9999999));
+    m_contract.m_sVIN = QStringLiteral("IR%1%2").arg(m_random.between(1000000, 9999999)).arg(m_random.between(10000000, 99999999));
+    m_contract.m_sNumOfPlates = QStringLiteral("%1 ب %2 ایران %3")
+                                    .arg(QString::number(m_random.between(11, 99)), QString::number(m_random.between(111, 999)),
+                                         QString::number(m_random.between(10, 99)));
+    m_contract.m_sCity = city.name.toString();
+    m_contract.m_sDeal = QStringLiteral("یک دستگاه %1 %2 مدل %3 رنگ %4")
+                             .arg(m_contract.m_sSystem, m_contract.m_sAutomobilName, m_contract.m_sModel, color);
+    m_contract.m_sExplain = QStringLiteral("خودرو با برگ سبز و سند کارخانه تحویل شد.");
+    m_contract.m_sTrackingCode = QString::number(m_random.between(100000000, 999999999));
+    m_contract.m_sSerial = QStringLiteral("آ/%1").arg(100000 + m_contract.m_iCode);
+}
+
+void DemoContracts::setState(const QDate &day)
+{
+    const bool lasts = m_contract.m_iContractType == Rent || m_contract.m_iContractType == Instalments;
+    m_contract.m_dateExpiration = lasts ? midnight(addShamsiMonths(day, 12)) : QDateTime();
+    m_contract.m_iStatus = m_random.chance(2) ? 1 : 0;
+    m_contract.m_bReturn = m_random.chance(4) ? 1 : 0;
+    const bool old = day.daysTo(m_office.lastDay) > 365;
+    const bool archived = old && m_random.chance(60);
+    m_contract.m_iArchiveUserID = archived ? m_office.userID : 0;
+    m_contract.m_dateArchive = archived ? midnight(day.addDays(200 + m_random.below(160))) : QDateTime();
+    m_contract.m_sDesc = m_contract.m_bReturn ? QStringLiteral("با توافق دو طرف برگشت داده شد.") : QString();
+}
+
+void DemoContracts::postDocument(const Party &first, const Party &second)
+{
+    const int year = GetShamsi(m_contract.m_dateContract.date()).year;
+    const int number = ++m_lastNumbers[year];
+    m_contract.m_iFiscalYear = year;
+    m_contract.m_iDocNum = number;
+
+    m_document.m_iNum = number;
+    m_document.m_iFiscalYear = year;
+    m_document.m_iKind = Accounts::documentKindContract;
+    m_document.m_date = m_contract.m_dateContract;
+    m_document.m_sDesc = contractDocumentDescription(m_contract.m_iContractType, m_contract.m_iCode);
+    m_document.m_iUserID = m_office.userID;
+    m_documents.add();
+
+    ContractForDocument contract;
+    contract.contractType = m_contract.m_iContractType;
+    contract.number = m_contract.m_iCode;
+    contract.commission = m_contract.m_dCommission;
+    contract.first = documentParty(first.kind, first.person,
+                                   {first.kind, m_contract.m_dPercentTax, m_contract.m_dTax, m_contract.m_dPercentImpsition,
+                                    m_contract.m_dImposition, 0, m_contract.m_dDiscountFirst, 0});
+    contract.second = documentParty(second.kind, second.person,
+                                    {second.kind, m_contract.m_dPercentTax2, m_contract.m_dTax2,
+                                     m_contract.m_dPercentImposition2, m_contract.m_dImposition2, 0,
+                                     m_contract.m_dDiscountSecond, 0});
+    for (const ContractDocumentRow &row : contractDocumentRows(contract)) {
+        m_row.m_iDocNum = number;
+        m_row.m_iFiscalYear = year;
+        m_row.m_iHesabKolCode = Accounts::kolOf(row.account);
+        m_row.m_iHesabMoeenCode = row.account;
+        m_row.m_iPersonID = row.personID;
+        m_row.m_dBed = row.debit;
+        m_row.m_dBes = row.credit;
+        m_row.m_sDesc = row.description;
+        m_rows.add();
+    }
+}

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/demo/DemoData.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "host/demo/DemoContracts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/ShamsiDate.h"
+
+namespace {
+
+constexpr int currentYear = 1405;
+constexpr int fewestPersons = 20;
+
+// Fixed days, so that the office is the same whenever it is made.
+QDate firstDay() { return ConvertToMiladi(currentYear - 2, 8, 21); }
+QDate lastDay() { return ConvertToMiladi(currentYear, 8, 20); }
+
+void requireEmpty(int database)
+{
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT EXISTS(SELECT 1 FROM Users) OR EXISTS(SELECT 1 FROM Persons) "
+                                      "OR EXISTS(SELECT 1 FROM AutomobilContracts) OR EXISTS(SELECT 1 FROM Documents)"));
+    if (query.GetLongFieldValue(0) != 0)
+        throw KAccountingError(QStringLiteral("دفتر نمونه فقط در یک پایگاه داده خالی ساخته می‌شود."));
+}
+
+CompanyDetails company()
+{
+    CompanyDetails details;
+    details.name1 = QStringLiteral("نمایشگاه اتومبیل");
+    details.name2 = QStringLiteral("آریا");
+    details.kind = CompanyDetails::kindLegal;
+    details.nationalCode = QStringLiteral("10100000006");
+    details.economicCode = QStringLiteral("411100000001");
+    details.manager = QStringLiteral("سارا احمدی");
+    details.telephone = QStringLiteral("02144556677");
+    details.mobile = QStringLiteral("09121234567");
+    details.province = QStringLiteral("تهران");
+    details.city = QStringLiteral("تهران");
+    details.address = QStringLiteral("تهران، خیابان آزادی، پلاک 100");
+    details.postalCode = QStringLiteral("1345678901");
+    return details;
+}
+
+ContractSettings contractSettings()
+{
+    ContractSettings settings;
+    settings.taxPercent = 6;
+    settings.dutyPercent = 4;
+    settings.tiers.ceilings = {5e9, 20e9, 100e9};
+    settings.tiers.percents = {1, 0.75, 0.5};
+    settings.tiers.thirdInUse = true;
+    return settings;
+}
+
+}
+
+namespace DemoData {
+
+void fill(int contracts, int database)
+{
+    KTransaction transaction(database);
+    requireEmpty(database);
+    DemoRandom random(static_cast<unsigned int>(contracts));
+    const DemoContracts::Office office{
+        CTblUsers::create(QStringLiteral("demo"), QStringLiteral("demo"), QStringLiteral("سارا احمدی"), true, database),
+        company(), contractSettings(), firstDay(), lastDay()};
+    office.company.write(database);
+    office.settings.save(database);
+    GetDBSetting()->SetFiscalYear(currentYear);
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(ConvertToMiladi(currentYear, 1, 1), QTime(0, 0), Qt::UTC));
+
+    const int persons = qMax(fewestPersons, contracts * 2 / 3);
+    const QList<DemoPersons::Person> people = DemoPersons::write(persons, random, database);
+    DemoContracts(office, people, random, database).write(contracts);
+    CTblProperties::DBWriteSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), contracts, database);
+    transaction.commit();
+}
+
+}

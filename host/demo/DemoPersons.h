@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/demo/DemoRandom.h"
+
+#include <QList>
+#include <QString>
+
+class CTblPersons;
+
+// The persons of the made-up office.
+namespace DemoPersons {
+
+// What a contract takes over from a person.
+struct Person
+{
+    int id = 0;
+    QString name;
+    QString mobile;
+    QString telephone;
+    QString address;
+    QString nationalCode;
+    double discountPercent = 0;
+};
+
+// Fills the record's members with a person of that key, which is its code too.
+void make(CTblPersons &person, int id, DemoRandom &random);
+// Writes that many persons with the keys 1, 2, 3 ... into an empty table.
+QList<Person> write(int count, DemoRandom &random, int database = 0);
+
+}

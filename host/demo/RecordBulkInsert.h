@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KMySQL.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+// Writes many rows of one table by statements of many rows each. The record's members are the row: fill them, add(), fill
+// them again. Belongs inside a transaction.
+class RecordBulkInsert
+{
+public:
+    // Only these columns are written; the others get the table's default.
+    RecordBulkInsert(KMySQL &record, const QStringList &columns);
+    // Rows that were added and not flushed are dropped: an error is under way then.
+    ~RecordBulkInsert();
+    RecordBulkInsert(const RecordBulkInsert &) = delete;
+    RecordBulkInsert &operator=(const RecordBulkInsert &) = delete;
+
+    // Throws CMySQLException, as flush does.
+    void add();
+    void flush();
+
+private:
+    QByteArray literal(const KMySQL::Column &column) const;
+
+    KMySQL &m_record;
+    std::vector<const KMySQL::Column *> m_columns;
+    QByteArray m_start;
+    QByteArray m_rows;
+};

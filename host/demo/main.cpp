@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/demo/ClientConfig.h"
+#include "host/demo/DemoData.h"
+#include "suite/accounting/KErrorBoundary.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int exitFailed = 1;
+constexpr int exitWrongOptions = 2;
+
+}
+
+// Fills the database of a client configuration with a made-up office. tzhost starts it; it can also be run by hand.
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addOptions({{QStringLiteral("client-config"), QStringLiteral("options file that tells how to reach the database"),
+                        QStringLiteral("FILE")},
+                       {QStringLiteral("contracts"), QStringLiteral("number of contracts"), QStringLiteral("N"),
+                        QStringLiteral("300")}});
+    parser.addHelpOption();
+    parser.process(application);
+
+    const auto settings = ClientConfig::read(parser.value(QStringLiteral("client-config")));
+    const int contracts = parser.value(QStringLiteral("contracts")).toInt();
+    if (!settings || contracts < 1 || contracts > DemoData::largest) {
+        std::fputs(settings ? "tz-demo-data: --contracts takes a number from 1\n"
+                            : "tz-demo-data: --client-config names no file that can be read\n",
+                   stderr);
+        return exitWrongOptions;
+    }
+    KConnection::configure(0, *settings);
+    try {
+        DemoData::fill(contracts);
+    } catch (...) {
+        const std::exception_ptr error = std::current_exception();
+        std::fprintf(stderr, "tz-demo-data: %s\n", qUtf8Printable(KErrorBoundary::logText(error)));
+        return exitFailed;
+    }
+    return 0;
+}
