@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KSettings.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QTemporaryDir>
+
+#include <functional>
+
+// An office of a test's own: the suite's tables, settings in a folder that goes away, an administrator at work.
+class Office
+{
+public:
+    Office()
+    {
+        setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+        SuiteSchema::upgrade();
+        CTblUsers::setHashCost(CTblUsers::leastCost());
+        m_admin = CTblUsers::create(QStringLiteral("admin"), QStringLiteral("secret"), QStringLiteral("مدیر"), true);
+        m_clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("secret"), QStringLiteral("کارمند"), false);
+        loginAdmin();
+    }
+
+    void loginAdmin() { GetDBSetting()->Login(m_admin); }
+    void loginClerk() { GetDBSetting()->Login(m_clerk); }
+    int clerk() const { return m_clerk; }
+
+    void reset()
+    {
+        db.run(QStringLiteral("DELETE FROM Persons"));
+        GetDBSetting()->SetClosedDB(false);
+        loginAdmin();
+        g_pDlgWarning->answerAll(false);
+        g_pDlgYesNo->answerAll(false);
+        g_pDlgWarning->answerAll(true);
+        g_pDlgYesNo->answerAll(true);
+    }
+
+    static int addPerson(const QString &name, const QString &family, const std::function<void(CTblPersons &)> &fill = {})
+    {
+        CTblPersons person;
+        person.Open(true, false, true);
+        person.AddNew();
+        person.m_iCode = CTblPersons::nextCode();
+        person.m_sName = name;
+        person.m_sFamily = family;
+        if (fill)
+            fill(person);
+        person.Update(true);
+        return static_cast<int>(person.GetLastInsertedID());
+    }
+
+    TestDatabase db;
+
+private:
+    QTemporaryDir m_folder;
+    int m_admin = 0;
+    int m_clerk = 0;
+};

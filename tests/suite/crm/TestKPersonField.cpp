@@ -1,0 +1,207 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/KPersonField.h"
+
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "tests/suite/crm/Hand.h"
+#include "tests/suite/crm/Office.h"
+
+#include <QPushButton>
+#include <QSignalSpy>
+
+class TestKPersonField : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setLayoutDirection(Qt::RightToLeft); }
+    void init();
+    void cleanup() { m_field.reset(); }
+    void partsAreFoundByTheirNames();
+    void clearButtonCaptionMayBeAnother();
+    void clearButtonOnlyWhilePicked();
+    void pickingReportsTheChange();
+    void cancelledPickingKeepsThePerson();
+    void clearingByTheUserReportsTheChange();
+    void settingAndClearingByCodeIsSilent();
+    void vanishedPersonKeepsTheKeyAndTheStoredName();
+    void aNameOfNobodyIsShown();
+    void nameIsReadOnlyUnlessEditable();
+    void withoutPickingBothButtonsAreOff();
+    void keysOpenThePicker_data();
+    void keysOpenThePicker();
+    void deleteKeyEmpties();
+
+private:
+    QPushButton *pickButton() { return Hand::named<QPushButton>(m_field.get(), QStringLiteral("فروشنده : ...")); }
+    QPushButton *clearButton() { return Hand::named<QPushButton>(m_field.get(), QStringLiteral("فروشنده : حذف")); }
+
+    Office m_office;
+    std::unique_ptr<KPersonField> m_field;
+    int m_ali = 0;
+    int m_maryam = 0;
+};
+
+void TestKPersonField::init()
+{
+    m_office.reset();
+    m_ali = Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+    m_maryam = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("کریمی"));
+    m_field = std::make_unique<KPersonField>(QStringLiteral("فروشنده :"));
+    m_field->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_field.get()));
+    m_field->setFocus();
+}
+
+void TestKPersonField::partsAreFoundByTheirNames()
+{
+    QCOMPARE(Hand::named<KEdit>(m_field.get(), QStringLiteral("فروشنده :")), m_field->nameEdit());
+    QCOMPARE(pickButton()->text(), QStringLiteral("..."));
+    QCOMPARE(clearButton()->text(), QStringLiteral("حذف"));
+}
+
+void TestKPersonField::clearButtonCaptionMayBeAnother()
+{
+    KPersonField field(QStringLiteral("خريدار :"), QStringLiteral("..."));
+    field.show();
+    QCOMPARE(Hand::named<QPushButton>(&field, QStringLiteral("خريدار : حذف"))->text(), QStringLiteral("..."));
+}
+
+void TestKPersonField::clearButtonOnlyWhilePicked()
+{
+    QVERIFY(pickButton()->isEnabled());
+    QVERIFY(!clearButton()->isEnabled());
+    m_field->setPersonID(m_ali);
+    QVERIFY(clearButton()->isEnabled());
+    clearButton()->click();
+    QVERIFY(!clearButton()->isEnabled());
+    QCOMPARE(m_field->personID(), 0);
+    QCOMPARE(m_field->name(), QString());
+}
+
+void TestKPersonField::pickingReportsTheChange()
+{
+    QSignalSpy changed(m_field.get(), &KPersonField::changed);
+    Hand::inNextWindow([](QDialog *) {
+        Hand::type(QStringLiteral("مریم"));
+        Hand::press(Qt::Key_Return);
+    });
+    pickButton()->click();
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).toInt(), m_maryam);
+    QCOMPARE(m_field->personID(), m_maryam);
+    QCOMPARE(m_field->name(), QStringLiteral("مریم کریمی"));
+}
+
+void TestKPersonField::cancelledPickingKeepsThePerson()
+{
+    m_field->setPersonID(m_ali);
+    QSignalSpy changed(m_field.get(), &KPersonField::changed);
+    int preselected = 0;
+    Hand::inNextWindow([&preselected](QDialog *window) {
+        preselected = window->findChild<KExtListCtrl *>()->currentKey();
+        Hand::press(Qt::Key_Escape);
+    });
+    pickButton()->click();
+    QCOMPARE(preselected, m_ali);
+    QCOMPARE(m_field->personID(), m_ali);
+    QCOMPARE(changed.size(), 0);
+}
+
+void TestKPersonField::clearingByTheUserReportsTheChange()
+{
+    m_field->setPersonID(m_ali);
+    QSignalSpy changed(m_field.get(), &KPersonField::changed);
+    clearButton()->click();
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).toInt(), 0);
+}
+
+void TestKPersonField::settingAndClearingByCodeIsSilent()
+{
+    QSignalSpy changed(m_field.get(), &KPersonField::changed);
+    m_field->setPersonID(m_ali);
+    m_field->setName(QStringLiteral("نمایشگاه"));
+    m_field->clear();
+    QCOMPARE(changed.size(), 0);
+}
+
+void TestKPersonField::vanishedPersonKeepsTheKeyAndTheStoredName()
+{
+    m_field->setPersonID(999999, QStringLiteral("نام قدیمی"));
+    QCOMPARE(m_field->personID(), 999999);
+    QCOMPARE(m_field->name(), QStringLiteral("نام قدیمی"));
+    m_field->setPersonID(m_ali, QStringLiteral("نام قدیمی"));
+    QCOMPARE(m_field->name(), QStringLiteral("علی رضایی"));
+}
+
+void TestKPersonField::aNameOfNobodyIsShown()
+{
+    m_field->setPersonID(m_ali);
+    m_field->setName(QStringLiteral("نمایشگاه البرز"));
+    QCOMPARE(m_field->personID(), 0);
+    QCOMPARE(m_field->name(), QStringLiteral("نمایشگاه البرز"));
+    QVERIFY(!clearButton()->isEnabled());
+}
+
+void TestKPersonField::nameIsReadOnlyUnlessEditable()
+{
+    QSignalSpy edited(m_field.get(), &KPersonField::nameEdited);
+    Hand::type(QStringLiteral("ح"));
+    QCOMPARE(m_field->name(), QString());
+    m_field->setPickEnabled(false);
+    m_field->setNameEditable(true);
+    Hand::type(QStringLiteral("حسن "));
+    QCOMPARE(m_field->name(), QStringLiteral("حسن "));
+    QCOMPARE(edited.size(), 4);
+}
+
+void TestKPersonField::withoutPickingBothButtonsAreOff()
+{
+    m_field->setPersonID(m_ali);
+    m_field->setPickEnabled(false);
+    QVERIFY(!pickButton()->isEnabled());
+    QVERIFY(!clearButton()->isEnabled());
+    m_field->pick();
+    QVERIFY(!QApplication::activeModalWidget());
+    m_field->setPickEnabled(true);
+    QVERIFY(pickButton()->isEnabled());
+    QVERIFY(clearButton()->isEnabled());
+}
+
+void TestKPersonField::keysOpenThePicker_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::newRow("F4") << Qt::Key_F4 << Qt::KeyboardModifiers();
+    QTest::newRow("Alt+Down") << Qt::Key_Down << Qt::KeyboardModifiers(Qt::AltModifier);
+    QTest::newRow("space") << Qt::Key_Space << Qt::KeyboardModifiers();
+}
+
+void TestKPersonField::keysOpenThePicker()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    Hand::inNextWindow([](QDialog *) {
+        Hand::type(QStringLiteral("علی"));
+        Hand::press(Qt::Key_Return);
+    });
+    Hand::press(key, modifiers);
+    QCOMPARE(m_field->personID(), m_ali);
+}
+
+void TestKPersonField::deleteKeyEmpties()
+{
+    m_field->setPersonID(m_ali);
+    QSignalSpy changed(m_field.get(), &KPersonField::changed);
+    Hand::press(Qt::Key_Delete);
+    QCOMPARE(m_field->personID(), 0);
+    QCOMPARE(changed.size(), 1);
+    Hand::press(Qt::Key_Delete);
+    QCOMPARE(changed.size(), 1);
+}
+
+QTEST_MAIN(TestKPersonField)
+#include "TestKPersonField.moc"
