@@ -56,7 +56,9 @@ std::size_t positionOf(QString CompanyDetails::*text)
 
 }
 
-CDlgAddCompanyProps::CDlgAddCompanyProps(QWidget *parent) : KDialog(parent), m_kind(new QComboBox(this))
+CDlgAddCompanyProps::CDlgAddCompanyProps(QWidget *parent)
+    : KDialog(parent)
+    , m_kind(new QComboBox(this))
 {
     SetSettingName(QStringLiteral("Company"));
     setWindowTitle(QStringLiteral("مشخصات نمایشگاه"));

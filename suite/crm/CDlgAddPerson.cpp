@@ -25,18 +25,27 @@ namespace {
 
 using Kind = KFormField::Kind;
 
+// By the values of CTblPersons.
+QStringList kindNames()
+{
+    return {QStringLiteral("حقیقی"), QStringLiteral("حقیقی (اتباع خارجی)"), QStringLiteral("حقوقی")};
+}
+
+QStringList sexNames()
+{
+    return {QStringLiteral("مرد"), QStringLiteral("زن")};
+}
+
 // In the order of the keyboard.
 QList<KFormField> formFields()
 {
     return {
-        {.column = QStringLiteral("iKind"), .label = QStringLiteral("نوع شخص :"), .kind = Kind::Choice,
-         .choices = {QStringLiteral("حقیقی"), QStringLiteral("حقیقی (اتباع خارجی)"), QStringLiteral("حقوقی")}},
+        {.column = QStringLiteral("iKind"), .label = QStringLiteral("نوع شخص :"), .kind = Kind::Choice, .choices = kindNames()},
         {.column = QStringLiteral("iCode"), .label = QStringLiteral("کد شخص :"), .kind = Kind::Integer},
         {.column = QStringLiteral("sName"), .label = QStringLiteral("نام :")},
         {.column = QStringLiteral("sFamily"), .label = QStringLiteral("نام خانوادگی :")},
         {.column = QStringLiteral("sNationalCode"), .label = QStringLiteral("کد ملی :")},
-        {.column = QStringLiteral("iSex"), .label = QStringLiteral("جنسیت :"), .kind = Kind::Choice,
-         .choices = {QStringLiteral("مرد"), QStringLiteral("زن")}},
+        {.column = QStringLiteral("iSex"), .label = QStringLiteral("جنسیت :"), .kind = Kind::Choice, .choices = sexNames()},
         {.column = QStringLiteral("sFatherName"), .label = QStringLiteral("نام پدر :")},
         {.column = QStringLiteral("dateBirth"), .label = QStringLiteral("تاریخ تولد :"), .kind = Kind::Date},
         {.column = QStringLiteral("sBirthCity"), .label = QStringLiteral("محل تولد :")},
@@ -105,8 +114,10 @@ void CDlgAddPerson::Show(QWidget *parent, int personID)
         dialog.exec();
 }
 
-CDlgAddPerson::CDlgAddPerson(Mode mode, int personID, QWidget *parent) :
-    KDialog(parent), m_mode(mode), m_personID(mode == Mode::Add ? 0 : personID)
+CDlgAddPerson::CDlgAddPerson(Mode mode, int personID, QWidget *parent)
+    : KDialog(parent)
+    , m_mode(mode)
+    , m_personID(mode == Mode::Add ? 0 : personID)
 {
     SetSettingName(QStringLiteral("Persons\\Editor"));
     m_record.Open(true, false, true);
@@ -153,13 +164,15 @@ void CDlgAddPerson::build()
     m_form->control(QStringLiteral("sName"))->setFocus();
 }
 
-// Fields in pairs, two to a row; an empty column leaves its half to what is put there afterwards.
-QGridLayout *CDlgAddPerson::placePairs(QGroupBox *group, const QStringList &columns)
+QGridLayout *CDlgAddPerson::placeRows(QGroupBox *group, std::span<const Row> rows)
 {
     auto *grid = new QGridLayout(group);
-    for (qsizetype i = 0; i < columns.size(); ++i) {
-        if (!columns.at(i).isEmpty())
-            m_form->place(grid, static_cast<int>(i / 2), static_cast<int>(i % 2) * 2, columns.at(i));
+    int row = 0;
+    for (const Row &fields : rows) {
+        m_form->place(grid, row, 0, QString::fromUtf16(fields.first));
+        if (fields.second)
+            m_form->place(grid, row, 2, QString::fromUtf16(fields.second));
+        ++row;
     }
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
@@ -169,14 +182,15 @@ QGridLayout *CDlgAddPerson::placePairs(QGroupBox *group, const QStringList &colu
 QWidget *CDlgAddPerson::buildIdentity()
 {
     auto *group = new QGroupBox(QStringLiteral("مشخصات"), this);
-    QGridLayout *grid = placePairs(group, {
-        QStringLiteral("iKind"), QStringLiteral("iCode"),
-        QStringLiteral("sName"), QStringLiteral("sFamily"),
-        QStringLiteral("sNationalCode"), {},
-        QStringLiteral("iSex"), QStringLiteral("sFatherName"),
-        QStringLiteral("dateBirth"), QStringLiteral("sBirthCity"),
-        QStringLiteral("sIdentityNum"), QStringLiteral("sIdentityCity"),
-    });
+    static constexpr Row rows[] = {
+        {u"iKind", u"iCode"},
+        {u"sName", u"sFamily"},
+        {u"sNationalCode", nullptr},
+        {u"iSex", u"sFatherName"},
+        {u"dateBirth", u"sBirthCity"},
+        {u"sIdentityNum", u"sIdentityCity"},
+    };
+    QGridLayout *grid = placeRows(group, rows);
     grid->addWidget(m_nationalHint, 2, 2, 1, 2);
     return group;
 }
@@ -184,11 +198,12 @@ QWidget *CDlgAddPerson::buildIdentity()
 QWidget *CDlgAddPerson::buildContact()
 {
     auto *group = new QGroupBox(QStringLiteral("تماس"), this);
-    QGridLayout *grid = placePairs(group, {
-        QStringLiteral("sMobile"), {},
-        QStringLiteral("sAreaCode"), QStringLiteral("sTel"),
-        QStringLiteral("sPostalCode"), {},
-    });
+    static constexpr Row rows[] = {
+        {u"sMobile", nullptr},
+        {u"sAreaCode", u"sTel"},
+        {u"sPostalCode", nullptr},
+    };
+    QGridLayout *grid = placeRows(group, rows);
     grid->addWidget(m_mobileHint, 0, 2, 1, 2);
     m_form->place(grid, 3, 0, QStringLiteral("sAddress"), 3);
     return group;
@@ -197,11 +212,12 @@ QWidget *CDlgAddPerson::buildContact()
 QWidget *CDlgAddPerson::buildTax()
 {
     auto *group = new QGroupBox(QStringLiteral("مالیات و تخفیف"), this);
-    QGridLayout *grid = placePairs(group, {
-        QStringLiteral("sEconomicCode"), {},
-        QStringLiteral("iTaxZone"), QStringLiteral("iProvinceCode"),
-        QStringLiteral("iCityCode"), QStringLiteral("dPercentDiscount"),
-    });
+    static constexpr Row rows[] = {
+        {u"sEconomicCode", nullptr},
+        {u"iTaxZone", u"iProvinceCode"},
+        {u"iCityCode", u"dPercentDiscount"},
+    };
+    QGridLayout *grid = placeRows(group, rows);
     auto *label = new QLabel(m_taxKind->accessibleName(), group);
     label->setBuddy(m_taxKind);
     grid->addWidget(label, 0, 2);
@@ -214,8 +230,7 @@ void CDlgAddPerson::loadRecord()
 {
     m_form->load(m_record);
     // Every kind above the named ones is a legal person too.
-    m_form->comboBox(QStringLiteral("iKind"))->setCurrentIndex(
-        m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
+    m_form->comboBox(QStringLiteral("iKind"))->setCurrentIndex(m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
     m_taxKind->setCurrentIndex(qMax(m_taxKind->findData(m_record.m_iTaxKind), 0));
     applyKind();
 }

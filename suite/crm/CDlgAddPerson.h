@@ -7,7 +7,7 @@
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/KDialog.h"
 
-#include <QStringList>
+#include <span>
 
 class KForm;
 class QComboBox;
@@ -48,11 +48,18 @@ public:
     bool OnOK() override;
 
 private:
+    // Two fields side by side, by column; without a second one its half is free for something else.
+    struct Row
+    {
+        const char16_t *first;
+        const char16_t *second;
+    };
+
     void build();
     QWidget *buildIdentity();
     QWidget *buildContact();
     QWidget *buildTax();
-    QGridLayout *placePairs(QGroupBox *group, const QStringList &columns);
+    QGridLayout *placeRows(QGroupBox *group, std::span<const Row> rows);
     void loadRecord();
     void applyKind();
     void updateHints();

@@ -37,7 +37,8 @@ QString keyColumn()
 
 }
 
-CDlgPersons::CDlgPersons(QWidget *parent) : KListPage(QStringLiteral("اشخاص"), section(), section(), parent)
+CDlgPersons::CDlgPersons(QWidget *parent)
+    : KListPage(QStringLiteral("اشخاص"), section(), section(), parent)
 {
     build();
     list()->installEventFilter(this);
@@ -122,15 +123,9 @@ KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
 std::vector<KListCommand> CDlgPersons::commands()
 {
     return {
-        {.caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly,
-         .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert),
-         .icon = QStringLiteral(":/icons/new.svg")},
-        {.caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly,
-         .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2),
-         .icon = QStringLiteral(":/icons/edit.svg")},
-        {.caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow,
-         .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3),
-         .icon = QStringLiteral(":/icons/show.svg")},
+        {.caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = QStringLiteral(":/icons/new.svg")},
+        {.caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = QStringLiteral(":/icons/edit.svg")},
+        {.caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = QStringLiteral(":/icons/show.svg")},
     };
 }
 
@@ -145,6 +140,7 @@ void CDlgPersons::buildFilters(QGridLayout *grid)
     m_showInactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), grid->parentWidget());
     grid->addWidget(m_showInactive, 0, 2);
     m_incomplete = new QLabel(grid->parentWidget());
+    m_incomplete->setObjectName(QStringLiteral("incomplete"));
     m_incomplete->setForegroundRole(QPalette::PlaceholderText);
     grid->addWidget(m_incomplete, 1, 1, 1, 2);
     grid->setColumnStretch(1, 1);
@@ -187,7 +183,7 @@ void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
     bool isCode = false;
     const int code = searched.toInt(&isCode);
     const bool found = isCode ? person.IsRecordExist(QStringLiteral("iCode"), code, 0, filterClauses())
-        : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(keyColumn(), m_leadingKey);
+                              : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(keyColumn(), m_leadingKey);
     if (found)
         lead(person, rows);
 }

@@ -66,5 +66,5 @@ private:
     QCheckBox *m_showInactive = nullptr;
     QLabel *m_incomplete = nullptr;
     QTimer m_typing;
-    int m_leadingKey = 0;   // stands first in the list until something is searched for; active or not
+    int m_leadingKey = 0; // stands first in the list until something is searched for; active or not
 };

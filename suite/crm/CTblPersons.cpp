@@ -18,7 +18,8 @@ int findOther(const QString &condition, int exceptID, int database)
 
 }
 
-CTblPersons::CTblPersons(int database) : KMySQL(database)
+CTblPersons::CTblPersons(int database)
+    : KMySQL(database)
 {
 }
 
@@ -57,6 +58,12 @@ void CTblPersons::DoFieldExchange()
     RFX_Long(u"iCityCode", m_iCityCode, u"کد شهر");
     RFX_Double(u"dPercentDiscount", m_dPercentDiscount, u"درصد تخفیف");
     RFX_Long(u"iStatus", m_iStatus, u"وضعیت");
+}
+
+void CTblPersons::AddNew()
+{
+    KMySQL::AddNew();
+    m_bNatural = 1;
 }
 
 bool CTblPersons::Update(bool bThrow)

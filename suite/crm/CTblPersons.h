@@ -28,6 +28,8 @@ public:
     ~CTblPersons() override;
     QString GetTableName() const override;
 
+    // A new person is a natural one until something else is set.
+    void AddNew() override;
     // Writes as the base does, after bringing every text to its standard form and composing sName2, so that what is found
     // and printed later does not depend on the keyboard it was typed with. A set that fetches only some columns must
     // have both sName and sFamily among them when it writes one of them.
@@ -45,30 +47,30 @@ public:
     bool isNatural() const { return m_iKind == kindNatural || m_iKind == kindForeigner; }
 
     qint32 m_iID = 0;
-    qint32 m_iCode = 0;             // the number that users know the person by
-    QString m_sName;                // first name; of a legal person the whole name
+    qint32 m_iCode = 0; // the number that users know the person by
+    QString m_sName;    // first name; of a legal person the whole name
     QString m_sFamily;
-    QString m_sName2;               // the name that lists and contracts show
+    QString m_sName2; // the name that lists and contracts show
     qint32 m_iSex = sexMan;
     QString m_sFatherName;
-    QDateTime m_dateBirth;          // of a legal person the day of its foundation
+    QDateTime m_dateBirth; // of a legal person the day of its foundation
     QString m_sBirthCity;
-    QString m_sIdentityNum;         // birth certificate; of a legal person the registration
+    QString m_sIdentityNum; // birth certificate; of a legal person the registration
     QString m_sIdentityCity;
     QString m_sNationalCode;
     QString m_sEconomicCode;
     QString m_sPostalCode;
-    QString m_sAreaCode;            // of the telephone
+    QString m_sAreaCode; // of the telephone
     QString m_sTel;
     QString m_sMobile;
     QString m_sAddress;
     qint32 m_iKind = kindNatural;
-    qint32 m_bNatural = 1;          // kept in step with iKind by the editor
-    qint32 m_iTaxKind = 0;          // 5 to 8 for the seasonal report; 0 not stated
+    qint32 m_bNatural = 1; // kept in step with iKind by the editor
+    qint32 m_iTaxKind = 0; // 5 to 8 for the seasonal report; 0 not stated
     qint32 m_iTaxZone = 0;
     qint32 m_iProvinceCode = 0;
     qint32 m_iCityCode = 0;
-    double m_dPercentDiscount = 0;  // 0 to 100, proposed in the person's contracts
+    double m_dPercentDiscount = 0; // 0 to 100, proposed in the person's contracts
     qint32 m_iStatus = statusActive;
 
 protected:

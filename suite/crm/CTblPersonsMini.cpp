@@ -24,7 +24,8 @@ QString nameColumn()
 
 }
 
-CTblPersonsMini::CTblPersonsMini(int database) : KMySQL(database)
+CTblPersonsMini::CTblPersonsMini(int database)
+    : KMySQL(database)
 {
 }
 

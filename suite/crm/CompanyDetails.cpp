@@ -67,5 +67,6 @@ void CompanyDetails::write(int database) const
 
 QString CompanyDetails::name() const
 {
-    return name2.isEmpty() ? name1 : name1.isEmpty() ? name2 : name1 + u' ' + name2;
+    return name2.isEmpty() ? name1 : name1.isEmpty() ? name2
+                                                     : name1 + u' ' + name2;
 }

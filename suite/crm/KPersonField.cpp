@@ -36,14 +36,16 @@ bool isPickKey(const QKeyEvent *event)
 
 }
 
-KPersonField::KPersonField(const QString &label, QWidget *parent) : KPersonField(label, defaultClearCaption(), parent)
+KPersonField::KPersonField(const QString &label, QWidget *parent)
+    : KPersonField(label, defaultClearCaption(), parent)
 {
 }
 
-KPersonField::KPersonField(const QString &label, const QString &clearCaption, QWidget *parent) :
-    QWidget(parent), m_name(new KEdit(this)),
-    m_pickButton(createButton(QStringLiteral("..."), label + QStringLiteral(" ..."), this)),
-    m_clearButton(createButton(clearCaption, label + u' ' + defaultClearCaption(), this))
+KPersonField::KPersonField(const QString &label, const QString &clearCaption, QWidget *parent)
+    : QWidget(parent)
+    , m_name(new KEdit(this))
+    , m_pickButton(createButton(QStringLiteral("..."), label + QStringLiteral(" ..."), this))
+    , m_clearButton(createButton(clearCaption, label + u' ' + defaultClearCaption(), this))
 {
     m_name->setReadOnly(true);
     m_name->setAccessibleName(label);

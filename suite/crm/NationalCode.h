@@ -13,9 +13,9 @@ namespace NationalCode {
 enum class State {
     Empty,
     Good,
-    NotANumber,      // something else than digits
+    NotANumber, // something else than digits
     WrongLength,
-    WrongCheckDigit  // or ten times the same digit, which the rule would let through and nobody has
+    WrongCheckDigit // or ten times the same digit, which the rule would let through and nobody has
 };
 
 // National code of a person, ten digits. The last is the check digit: the others by weights 10 to 2, summed, modulo 11;

@@ -7,10 +7,10 @@
 
 namespace {
 
-// What may stand inside a name or number without being typed: blanks, joiners, kashida, vowel signs, marks between parts.
+// What may stand inside a name or number without being typed: blanks, marks, joiners, kashida, vowel signs, a lone hamza.
 QString filler()
 {
-    return QStringLiteral("[ .()/\u200C\u0640\u064B-\u0655\u0670\u0621-]*");
+    return QStringLiteral("[ \u00A0[:punct:]\u200C\u0640\u064B-\u0655\u0670\u0621]*");
 }
 
 // Every character that a folded character stands for, as the inside of a bracket.
@@ -58,9 +58,9 @@ QStringList PersonSearch::columns()
 
 QString PersonSearch::condition(const QString &typed)
 {
-    // A pattern holds letters and digits in brackets and the filler, so nothing typed can leave the quotes. The bar
+    // A pattern holds letters and digits in brackets and the filler, so nothing typed can leave the quotes. The line break
     // between the columns is no filler: a match never runs from one column into the next.
-    const QString searched = QStringLiteral("CONCAT_WS('|', %1)").arg(columns().join(QStringLiteral(", ")));
+    const QString searched = QStringLiteral("CONCAT_WS(CHAR(10), %1)").arg(columns().join(QStringLiteral(", ")));
     QStringList conditions;
     for (const QString &word : ConvertToStandard(typed).split(u' ', Qt::SkipEmptyParts)) {
         if (const QString expression = pattern(word); !expression.isEmpty())
