@@ -209,6 +209,7 @@ void KListPage::applyMode()
             || (m_selectMode && (options & KListCommand::HiddenInSelect));
         entry.button->setVisible(!hidden);
     }
+    modeApplied();
 }
 
 bool KListPage::isChangeBlocked() const

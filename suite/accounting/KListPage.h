@@ -108,6 +108,7 @@ protected:
     virtual QString defaultSort() const { return QStringLiteral("iID"); }
     virtual int defaultLastColumn() const { return 1; }
     virtual void activated(int key) = 0;        // double click or Enter on a row, outside select mode
+    virtual void modeApplied() { }              // the mode is known: shows and hides the list's own controls
     virtual void emptyAreaActivated() { }       // double click beside the rows, outside select mode
     virtual void rightClicked(int) { }
     // Select mode: takes what the caller wants to know of the row besides its key.

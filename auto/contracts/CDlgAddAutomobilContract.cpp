@@ -1,0 +1,262 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAddAutomobilContract.h"
+
+#include "auto/contracts/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/ContractSettings.h"
+#include "auto/contracts/ContractTitle.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgCustomFields.h"
+#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString keyColumn = QStringLiteral("iID");
+
+bool loadContract(CTblAutomobilContracts &contract, int key)
+{
+    return contract.IsRecordExist(keyColumn, key, 0, QString());
+}
+
+}
+
+int CDlgAddAutomobilContract::addPlaceholder()
+{
+    const ContractSettings settings = ContractSettings::load();
+    CTblAutomobilContracts contract;
+    contract.Open(true, false, true);
+    contract.AddNew();
+    contract.m_iCode = CTblAutomobilContracts::nextCode();
+    contract.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    contract.m_iUserID = GetDBSetting()->GetUserID();
+    contract.m_dPercentTax = contract.m_dPercentTax2 = settings.taxPercent;
+    contract.m_dPercentImpsition = contract.m_dPercentImposition2 = settings.dutyPercent;
+    contract.Update(true);
+    return static_cast<int>(contract.GetLastInsertedID());
+}
+
+int CDlgAddAutomobilContract::NewContract(QWidget *parent)
+{
+    const int key = addPlaceholder();
+    bool confirmed = false;
+    std::exception_ptr error;
+    try {
+        confirmed = EditContract(key, true, parent);
+    } catch (...) {
+        // The placeholder goes whatever ended the window.
+        error = std::current_exception();
+    }
+    if (!confirmed) {
+        CTblAutomobilContracts contract;
+        if (loadContract(contract, key))
+            contract.Delete();
+    }
+    if (error)
+        std::rethrow_exception(error);
+    return confirmed ? key : 0;
+}
+
+bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)
+{
+    CDlgAddAutomobilContract dialog(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, parent);
+    return dialog.load() && dialog.exec() == QDialog::Accepted;
+}
+
+void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *parent)
+{
+    refresh = false;
+    if (key < 1)
+        return;
+    CDlgAddAutomobilContract dialog(key, ContractEditorMode::Show, parent);
+    if (!dialog.load())
+        return;
+    dialog.exec();
+    refresh = dialog.refreshNeeded();
+}
+
+CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent)
+    : KDialog(parent)
+    , m_key(key)
+    , m_mode(mode)
+{
+    SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
+    buildFrame();
+}
+
+CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;
+
+void CDlgAddAutomobilContract::buildFrame()
+{
+    m_tabs = new KTabPageButtons(this);
+    m_active = new QCheckBox(QStringLiteral("فعال"), this);
+    m_buttons = createButtons();
+    m_unarchive = new QPushButton(QStringLiteral("برگشت از بايگاني"), this);
+    m_copyCar = new QPushButton(QStringLiteral("گالري اتومبيل"), this);
+    for (QPushButton *button : {m_unarchive, m_copyCar}) {
+        button->setAccessibleName(button->text());
+        button->setAutoDefault(false);
+    }
+    // Copying from a car record comes with the register of cars.
+    m_copyCar->setEnabled(false);
+    connect(m_unarchive, &QPushButton::clicked, this, [this] {
+        try {
+            unarchive();
+        } catch (...) {
+            KErrorBoundary::report(std::current_exception(), this);
+        }
+    });
+
+    auto *bottom = new QHBoxLayout;
+    bottom->addWidget(m_active);
+    bottom->addSpacing(12);
+    bottom->addWidget(m_copyCar);
+    bottom->addWidget(m_unarchive);
+    bottom->addStretch(1);
+    bottom->addWidget(m_buttons);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_tabs, 1);
+    layout->addLayout(bottom);
+}
+
+bool CDlgAddAutomobilContract::load()
+{
+    CTblAutomobilContracts contract;
+    if (!loadContract(contract, m_key))
+        return false;
+    addPages(contract.m_iContractType);
+    applyMode();
+    // The row is read again, as it is now that the pages stand.
+    if (!loadContract(contract, m_key))
+        return false;
+    for (ContractEditorPage *page : std::as_const(m_pages))
+        page->fill(contract);
+    m_active->setChecked(contract.m_iStatus == 0);
+    m_unarchive->setVisible(contract.m_iArchiveUserID != 0);
+    showContractType(contract.m_iContractType);
+    return true;
+}
+
+void CDlgAddAutomobilContract::addPages(int contractType)
+{
+    const bool readOnly = isShowMode();
+    m_base = new CDlgAddAutomobilContractBase(m_mode, m_tabs);
+    m_pages.append(m_base);
+    m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
+    connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
+    if (hasMatterPage(contractType)) {
+        // The vehicle and the clauses have their place here; the page itself is not part of this version.
+        m_matterTab = m_tabs->addPage(new QWidget(m_tabs), QStringLiteral("مشخصات فروش"));
+        m_tabs->setPageEnabled(m_matterTab, false);
+    }
+
+    m_customFields = new CDlgCustomFields(m_tabs);
+    m_customFields->bind(CTblAutomobilContracts::recordKind, m_key);
+    m_customFields->setReadOnly(readOnly);
+    m_tabs->addPage(m_customFields, m_customFields->title());
+    const std::pair<CTblFileDocs::Scope, QString> filePages[] = {
+        {CTblFileDocs::General, QStringLiteral("پرونده های عمومی")},
+        {CTblFileDocs::Personal, QStringLiteral("پرونده های شخصی")},
+    };
+    for (const auto &[scope, title] : filePages) {
+        auto *files = new CDlgFileDocs(scope, m_tabs);
+        files->bind(CTblAutomobilContracts::recordKind, m_key);
+        files->setReadOnly(readOnly);
+        m_tabs->addPage(files, title);
+    }
+    m_tabs->setCurrentIndex(0);
+}
+
+void CDlgAddAutomobilContract::applyMode()
+{
+    if (!isShowMode())
+        return;
+    for (QAbstractButton *button : m_buttons->buttons()) {
+        if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            button->hide();
+        else
+            button->setText(QStringLiteral("بازگشت"));
+    }
+    m_active->setEnabled(false);
+    m_copyCar->hide();
+}
+
+void CDlgAddAutomobilContract::showContractType(int contractType)
+{
+    setWindowTitle(contractEditorTitle(contractType, m_mode));
+}
+
+bool CDlgAddAutomobilContract::OnOK()
+{
+    if (isShowMode())
+        return false;
+    try {
+        if (!validatePages() || !save())
+            return false;
+    } catch (...) {
+        // What was typed stays in the window.
+        KErrorBoundary::report(std::current_exception(), this);
+        return false;
+    }
+    for (ContractEditorPage *page : std::as_const(m_pages))
+        page->saved();
+    return true;
+}
+
+bool CDlgAddAutomobilContract::validatePages()
+{
+    for (ContractEditorPage *page : std::as_const(m_pages)) {
+        if (!page->validate())
+            return false;
+    }
+    return !m_customFields->isOpened() || m_customFields->validate();
+}
+
+bool CDlgAddAutomobilContract::save()
+{
+    const KWaitCursor wait;
+    bool saved = false;
+    KTransaction::runReplayable([&] {
+        saved = false;
+        CTblAutomobilContracts contract;
+        if (!loadContract(contract, m_key))
+            return;
+        contract.Edit();
+        if (contract.m_iUserID == 0)
+            contract.m_iUserID = GetDBSetting()->GetUserID();
+        contract.m_iStatus = m_active->isChecked() ? 0 : 1;
+        for (ContractEditorPage *page : std::as_const(m_pages))
+            page->write(contract);
+        contract.Update(true);
+        m_customFields->save(m_key);
+        saved = true;
+    });
+    return saved;
+}
+
+void CDlgAddAutomobilContract::unarchive()
+{
+    if (!KSecurity::IsGranted(QStringLiteral("AutomobilContractArchive"), KSecurity::Access)) {
+        g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
+        return;
+    }
+    CTblAutomobilContracts contract;
+    if (loadContract(contract, m_key))
+        CTblAutomobilContracts::unarchive(contract.m_iCode);
+    g_pDlgWarning->Show(QStringLiteral("این قرارداد از حالت بایگانی خارج شد."), this);
+    m_refresh = true;
+    reject();
+}

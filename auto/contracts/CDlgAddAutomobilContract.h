@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/ContractEditorPage.h"
+#include "suite/utility/KDialog.h"
+
+#include <QList>
+
+class CDlgAddAutomobilContractBase;
+class CDlgCustomFields;
+class CDlgFileDocs;
+class KTabPageButtons;
+class QCheckBox;
+class QDialogButtonBox;
+class QPushButton;
+
+// The window in which one contract is written, changed or shown: a row of tabs over its pages. One save writes all pages
+// and posts the accounting document in one transaction.
+class CDlgAddAutomobilContract final : public KDialog
+{
+    Q_OBJECT
+
+public:
+    // Adds a contract with the next code and the settings' tax and duty, and opens it. The new contract's key, or 0 when
+    // the user cancelled: the contract is deleted again then.
+    static int NewContract(QWidget *parent);
+    // True when the user confirmed. False also when there is no such contract.
+    static bool EditContract(int key, bool isNew, QWidget *parent);
+    // refresh is set when the contract was changed on the way (taken out of the archive). A key below 1 does nothing.
+    static void ShowContract(int key, bool &refresh, QWidget *parent);
+
+    // The row that a new contract starts as; its key. Part of NewContract.
+    static int addPlaceholder();
+
+    CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilContract() override;
+
+    // Builds the pages and fills them. False when the contract does not exist; the window must not be shown then.
+    [[nodiscard]] bool load();
+    bool refreshNeeded() const { return m_refresh; }
+
+    CDlgAddAutomobilContractBase *basePage() const { return m_base; }
+    KTabPageButtons *tabs() const { return m_tabs; }
+    QPushButton *unarchiveButton() const { return m_unarchive; }
+    QPushButton *carButton() const { return m_copyCar; }
+    QCheckBox *activeBox() const { return m_active; }
+    void unarchive();
+
+protected:
+    bool OnOK() override;
+
+private:
+    void buildFrame();
+    void addPages(int contractType);
+    void applyMode();
+    void showContractType(int contractType);
+    bool validatePages();
+    bool save();
+    bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
+
+    int m_key;
+    ContractEditorMode m_mode;
+    bool m_refresh = false;
+    int m_matterTab = -1;
+    QList<ContractEditorPage *> m_pages;
+    KTabPageButtons *m_tabs = nullptr;
+    CDlgAddAutomobilContractBase *m_base = nullptr;
+    CDlgCustomFields *m_customFields = nullptr;
+    QCheckBox *m_active = nullptr;
+    QDialogButtonBox *m_buttons = nullptr;
+    QPushButton *m_unarchive = nullptr;
+    QPushButton *m_copyCar = nullptr;
+};

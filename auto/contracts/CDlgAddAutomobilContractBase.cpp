@@ -1,0 +1,382 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAddAutomobilContractBase.h"
+
+#include "auto/WordLists.h"
+#include "auto/contracts/ContractNotes.h"
+#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/ContractPosting.h"
+#include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/KLookup.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgDocCreated.h"
+#include "suite/accounting/CDlgMultiItems.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace {
+
+using Kind = KFormField::Kind;
+
+// The suite's item type of the notes to choose from.
+constexpr int notesItemType = 814;
+constexpr int rentContract = 1;
+
+QString column(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+QList<KFormField> formFields()
+{
+    KFormField documentNumber{column("iDocNum"), QStringLiteral("شماره سند :"), Kind::Integer};
+    documentNumber.readOnly = true;
+    KFormField type{column("iContractType"), QStringLiteral("نوع قرارداد :"), Kind::Choice};
+    type.choices = WordLists::texts(WordLists::contractTypes());
+    KFormField extension{column("dateExtension"), QStringLiteral("تاريخ تمديد :"), Kind::Date};
+    extension.displayed = false;
+    KFormField explanation{column("sExplain"), QStringLiteral("شرح قرارداد :")};
+    explanation.maxLength = 250;
+    KFormField amount{column("dAmount"), QStringLiteral("مبلغ قرارداد :"), Kind::Money};
+    amount.inWords = true;
+    KFormField commission{column("dCommission"), QStringLiteral("حق کميسيون :"), Kind::Money};
+    commission.inWords = true;
+    KFormField perParty{column("dCommissionEveryPerson"), QStringLiteral("کميسيون دريافتي از هر طرفين :"), Kind::Money};
+    perParty.displayed = false;
+    QList<KFormField> fields = {
+        {column("iCode"), QStringLiteral("کد قرارداد :"), Kind::Integer},
+        documentNumber,
+        type,
+        {column("bReturn"), QStringLiteral("برگشتي"), Kind::Flag},
+        {column("dateContract"), QStringLiteral("تاريخ عقد :"), Kind::Date},
+        {column("dateExpiration"), QStringLiteral("تاريخ انقضاء :"), Kind::Date},
+        extension,
+        {column("sDomainRegister"), QStringLiteral("حوزه ثبتي :")},
+        {column("sNoAdvice"), QStringLiteral("مشاور خودرو شماره :")},
+        amount,
+        commission,
+        perParty,
+    };
+    fields += ContractPartySide::first().formFields();
+    fields += ContractPartySide::second().formFields();
+    fields += QList<KFormField>{
+        {column("sCommitmentFirstHand"), QStringLiteral("تعهدات مربوط به طرف اول :")},
+        {column("sCommitmentsSecondHand"), QStringLiteral("تعهدات مربوط به طرف دوم :")},
+        {column("sDeal"), QStringLiteral("مورد معامله :")},
+        explanation,
+        {column("sDesc"), QStringLiteral("توضيحات :")},
+        {column("sPage"), QStringLiteral("خلاصه اين قرارداد در صفحه :")},
+        {column("sCover"), QStringLiteral("جلد :")},
+        {column("iNum"), QStringLiteral("شماره :"), Kind::Integer},
+        {column("dateSummary"), QStringLiteral("و تاريخ :"), Kind::Date},
+    };
+    return fields;
+}
+
+}
+
+CDlgAddAutomobilContractBase::CDlgAddAutomobilContractBase(ContractEditorMode mode, QWidget *parent)
+    : KDialogTabPage(parent)
+    , m_mode(mode)
+    , m_tiers(ContractSettings::load().tiers)
+{
+    setTitle(QStringLiteral("اطلاعات پایه"));
+    build();
+    wireFigures();
+    connect(m_form->comboBox(column("iContractType")), &QComboBox::currentIndexChanged, this, [this](int type) {
+        nameGroups(type);
+        Q_EMIT contractTypeChanged(type);
+    });
+}
+
+CDlgAddAutomobilContractBase::~CDlgAddAutomobilContractBase() = default;
+
+void CDlgAddAutomobilContractBase::build()
+{
+    auto *content = new QWidget(this);
+    CTblAutomobilContracts columns;
+    m_form = new KForm(formFields(), columns, content);
+
+    m_first = new ContractPartyGroup(ContractPartySide::first(), *m_form, content);
+    m_second = new ContractPartyGroup(ContractPartySide::second(), *m_form, content);
+    auto *parties = new QHBoxLayout;
+    parties->addWidget(m_first, 1);
+    parties->addWidget(m_second, 1);
+
+    auto *layout = new QVBoxLayout(content);
+    layout->addWidget(buildIdentity());
+    layout->addWidget(buildAmounts());
+    layout->addLayout(parties);
+    layout->addWidget(buildTexts());
+    layout->addWidget(buildRegistrySentence());
+    layout->addWidget(buildArchiveLine());
+    layout->addStretch(1);
+
+    auto *scroll = new QScrollArea(this);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+    auto *page = new QVBoxLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    page->addWidget(scroll);
+    scroll->setMinimumWidth(content->minimumSizeHint().width());
+}
+
+QGroupBox *CDlgAddAutomobilContractBase::buildIdentity()
+{
+    auto *box = new QGroupBox(this);
+    auto *grid = new QGridLayout(box);
+    m_form->place(grid, 0, 0, column("iCode"));
+    m_form->place(grid, 0, 2, column("iDocNum"));
+    m_form->place(grid, 0, 4, column("iContractType"));
+    m_form->place(grid, 0, 6, column("sDomainRegister"));
+    m_form->place(grid, 1, 0, column("dateContract"));
+    m_form->place(grid, 1, 2, column("dateExpiration"));
+    grid->addWidget(m_form->control(column("bReturn")), 1, 4, 1, 2);
+    m_form->place(grid, 1, 6, column("sNoAdvice"));
+    for (int i = 1; i < 8; i += 2)
+        grid->setColumnStretch(i, 1);
+    return box;
+}
+
+QGroupBox *CDlgAddAutomobilContractBase::buildAmounts()
+{
+    auto *box = new QGroupBox(this);
+    auto *grid = new QGridLayout(box);
+    m_form->place(grid, 0, 0, column("dAmount"));
+    m_form->place(grid, 0, 2, column("dCommission"));
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+QWidget *CDlgAddAutomobilContractBase::buildTexts()
+{
+    auto *box = new QGroupBox(this);
+    auto *grid = new QGridLayout(box);
+    m_form->place(grid, 0, 0, column("sCommitmentFirstHand"));
+    m_form->place(grid, 0, 2, column("sCommitmentsSecondHand"));
+    m_form->place(grid, 1, 0, column("sDeal"));
+    m_form->place(grid, 1, 2, column("sExplain"));
+    m_form->place(grid, 2, 0, column("sDesc"));
+
+    const QString label = QStringLiteral("تبصره ها :");
+    m_notesLine = new KEdit(box);
+    m_notesLine->setReadOnly(true);
+    m_notesLine->setAccessibleName(label);
+    auto *pick = new QPushButton(QStringLiteral("..."), box);
+    pick->setAccessibleName(label + QStringLiteral(" ..."));
+    pick->setAutoDefault(false);
+    pick->setMaximumWidth(pick->fontMetrics().averageCharWidth() * 6);
+    pick->setVisible(!isShowMode());
+    connect(pick, &QPushButton::clicked, this, &CDlgAddAutomobilContractBase::pickNotes);
+    auto *row = new QHBoxLayout;
+    row->addWidget(m_notesLine, 1);
+    row->addWidget(pick);
+    auto *text = new QLabel(label, box);
+    text->setBuddy(m_notesLine);
+    grid->addWidget(text, 2, 2);
+    grid->addLayout(row, 2, 3);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+QWidget *CDlgAddAutomobilContractBase::buildRegistrySentence()
+{
+    auto *line = new QWidget(this);
+    auto *row = new QHBoxLayout(line);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (const char *name : {"sPage", "sCover", "iNum", "dateSummary"}) {
+        row->addWidget(m_form->label(column(name)));
+        row->addWidget(m_form->control(column(name)));
+    }
+    row->addWidget(new QLabel(QStringLiteral("ثبت گرديده است."), line));
+    row->addStretch(1);
+    return line;
+}
+
+QWidget *CDlgAddAutomobilContractBase::buildArchiveLine()
+{
+    m_archiveLine = new QWidget(this);
+    m_archiveUser = new QLabel(m_archiveLine);
+    m_archiveDate = new QLabel(m_archiveLine);
+    auto *row = new QHBoxLayout(m_archiveLine);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(new QLabel(QStringLiteral("کاربر بايگاني کننده :"), m_archiveLine));
+    row->addWidget(m_archiveUser);
+    row->addSpacing(24);
+    row->addWidget(new QLabel(QStringLiteral("تاريخ بايگاني :"), m_archiveLine));
+    row->addWidget(m_archiveDate);
+    row->addStretch(1);
+    m_archiveLine->setVisible(isShowMode());
+    return m_archiveLine;
+}
+
+void CDlgAddAutomobilContractBase::wireFigures()
+{
+    m_figureColumns = {{CommissionField::Amount, column("dAmount")},
+                       {CommissionField::Commission, column("dCommission")},
+                       {CommissionField::PerPartyTotal, column("dCommissionEveryPerson")}};
+    for (const ContractPartySide *side : {&ContractPartySide::first(), &ContractPartySide::second()}) {
+        for (const ContractPartySide::Figure &figure : side->figures)
+            m_figureColumns.append(figure);
+    }
+    for (const auto &figure : std::as_const(m_figureColumns)) {
+        connect(m_form->edit(figure.second), &KEdit::numberEdited, this, [this, field = figure.first](double number) {
+            setCommissionValue(m_figures, field, number);
+            recompute(field);
+        });
+    }
+    auto wire = [this](ContractPartyGroup *group, CommissionParty CommissionFields::*party, const ContractPartySide &side) {
+        connect(group, &ContractPartyGroup::kindChanged, this, [this, group, party, field = side.kindField] {
+            (m_figures.*party).kind = group->kind();
+            recompute(field);
+        });
+        connect(group, &ContractPartyGroup::personDiscountFound, this,
+                [this, party, field = side.discountPercentField, edit = m_form->edit(side.discountPercent)](double percent) {
+                    edit->setNumber(percent);
+                    (m_figures.*party).discountPercent = percent;
+                    recompute(field);
+                });
+    };
+    wire(m_first, &CommissionFields::first, ContractPartySide::first());
+    wire(m_second, &CommissionFields::second, ContractPartySide::second());
+}
+
+void CDlgAddAutomobilContractBase::recompute(CommissionField changed)
+{
+    showFigures(afterChange(changed, m_figures, m_tiers));
+}
+
+void CDlgAddAutomobilContractBase::showFigures(const CommissionChanges &changes)
+{
+    for (const auto &[field, name] : std::as_const(m_figureColumns)) {
+        if (changes.contains(field))
+            m_form->edit(name)->setNumber(commissionValue(m_figures, field));
+    }
+}
+
+void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
+{
+    m_form->setShowMode(isShowMode());
+    {
+        // The record's own values: nothing follows from them until the user changes one.
+        const QSignalBlocker first(m_form->comboBox(ContractPartySide::first().kind));
+        const QSignalBlocker second(m_form->comboBox(ContractPartySide::second().kind));
+        m_form->load(contract);
+    }
+    m_first->fill(contract);
+    m_second->fill(contract);
+    for (const auto &[field, name] : std::as_const(m_figureColumns))
+        setCommissionValue(m_figures, field, contract.value(name).toDouble());
+    m_figures.first.kind = m_first->kind();
+    m_figures.second.kind = m_second->kind();
+    m_first->setShowMode(isShowMode());
+    m_second->setShowMode(isShowMode());
+
+    if (m_mode == ContractEditorMode::New && !contract.m_dateContract.isValid())
+        m_form->dateEdit(column("dateContract"))->setDate(GetDBSetting()->GetDBServerDate().date());
+    m_form->control(column("bReturn"))->setVisible(m_mode != ContractEditorMode::New);
+    m_notes = ContractNotes::notes(contract);
+    showNotes();
+    nameGroups(contract.m_iContractType);
+    m_archiveUser->setText(KLookup::name(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"),
+                                         contract.m_iArchiveUserID));
+    m_archiveDate->setText(contract.m_iArchiveUserID != 0 ? shamsiText(contract.m_dateArchive.date()) : QString());
+}
+
+void CDlgAddAutomobilContractBase::nameGroups(int contractType)
+{
+    const bool rent = contractType == rentContract;
+    m_first->setTitle(rent ? QStringLiteral("اطلاعات موجر") : QStringLiteral("فروشنده/طرف اول"));
+    m_second->setTitle(rent ? QStringLiteral("اطلاعات مستاجر") : QStringLiteral("خریدار/طرف دوم"));
+}
+
+void CDlgAddAutomobilContractBase::pickNotes()
+{
+    QString text = m_notes.join(CDlgMultiItems::separator());
+    if (!CDlgMultiItems::Select(notesItemType, QStringLiteral("تبصره"), &text, this))
+        return;
+    m_notes = text.split(CDlgMultiItems::separator(), Qt::SkipEmptyParts);
+    showNotes();
+}
+
+void CDlgAddAutomobilContractBase::showNotes()
+{
+    m_notesLine->setText(m_notes.join(CDlgMultiItems::separator()));
+    m_notesLine->setCursorPosition(0);
+}
+
+bool CDlgAddAutomobilContractBase::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+bool CDlgAddAutomobilContractBase::validate()
+{
+    if (isShowMode())
+        return true;
+    if (const auto problem = m_form->firstInvalid())
+        return refuse(problem->message, problem->widget);
+    if (IsEquals(m_form->edit(column("dAmount"))->number(), 0))
+        return refuse(QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید."), m_form->edit(column("dAmount")));
+    const std::pair<ContractPartyGroup *, QString> parties[] = {
+        {m_first, QStringLiteral("لطفا شخص اول را انتخاب نمایید.")},
+        {m_second, QStringLiteral("لطفا شخص دوم را انتخاب نمایید.")},
+    };
+    for (const auto &[group, message] : parties) {
+        if (!group->name().isEmpty())
+            continue;
+        g_pDlgWarning->Show(message, this);
+        group->askForPerson();
+        return false;
+    }
+    if (m_first->name() == m_second->name())
+        return refuse(QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد."), m_second->personField()->nameEdit());
+    KDateEdit *date = m_form->dateEdit(column("dateContract"));
+    if (!date->dateTime().isValid())
+        return refuse(QStringLiteral("لطفا تاریخ عقد را وارد نمایید."), date);
+    if (date->date() < GetDBSetting()->FiscalYearOpeningDate().date())
+        return refuse(QStringLiteral("تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد."), date);
+    if (m_notes.size() > ContractNotes::most)
+        return refuse(QStringLiteral("حداکثر %1 تبصره قابل ثبت است.").arg(ContractNotes::most), m_notesLine);
+    return true;
+}
+
+void CDlgAddAutomobilContractBase::write(CTblAutomobilContracts &contract)
+{
+    m_form->store(contract);
+    m_first->write(contract);
+    m_second->write(contract);
+    ContractNotes::setNotes(contract, m_notes);
+    if (!ContractPosting::post(contract))
+        throw KAccountingError(QStringLiteral("سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."));
+    m_postedDocument = contract.m_iDocNum;
+    m_postedYear = contract.m_iFiscalYear;
+}
+
+void CDlgAddAutomobilContractBase::saved()
+{
+    CDlgDocCreated::Show(m_postedDocument, m_postedYear, this);
+}

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/Commission.h"
+#include "auto/contracts/ContractEditorPage.h"
+#include "suite/utility/KDialogTabPage.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <memory>
+#include <utility>
+
+class ContractPartyGroup;
+class KEdit;
+class KForm;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+
+// First page of the contract editor: identity, parties, amount and commission. The figures follow each other live by the
+// rules of Commission.h; writing the page posts the contract's accounting document.
+class CDlgAddAutomobilContractBase final : public KDialogTabPage, public ContractEditorPage
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddAutomobilContractBase(ContractEditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilContractBase() override;
+
+    void fill(CTblAutomobilContracts &contract) override;
+    [[nodiscard]] bool validate() override;
+    void write(CTblAutomobilContracts &contract) override;
+    void saved() override;
+
+    KForm *form() const { return m_form; }
+    ContractPartyGroup *firstParty() const { return m_first; }
+    ContractPartyGroup *secondParty() const { return m_second; }
+    // The notes, as the line shows them.
+    QStringList notes() const { return m_notes; }
+    void pickNotes();
+
+Q_SIGNALS:
+    void contractTypeChanged(int contractType);
+
+private:
+    void build();
+    QGroupBox *buildIdentity();
+    QGroupBox *buildAmounts();
+    QWidget *buildTexts();
+    QWidget *buildRegistrySentence();
+    QWidget *buildArchiveLine();
+    void wireFigures();
+    void recompute(CommissionField changed);
+    void showFigures(const CommissionChanges &changes);
+    void nameGroups(int contractType);
+    void showNotes();
+    bool refuse(const QString &message, QWidget *field);
+    bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
+
+    ContractEditorMode m_mode;
+    KForm *m_form = nullptr;
+    ContractPartyGroup *m_first = nullptr;
+    ContractPartyGroup *m_second = nullptr;
+    QWidget *m_archiveLine = nullptr;
+    QLabel *m_archiveUser = nullptr;
+    QLabel *m_archiveDate = nullptr;
+    KEdit *m_notesLine = nullptr;
+    QStringList m_notes;
+    CommissionTiers m_tiers;
+    CommissionFields m_figures;
+    QList<std::pair<CommissionField, QString>> m_figureColumns;
+    int m_postedDocument = 0;
+    int m_postedYear = 0;
+};

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractNotes.h"
+
+#include "auto/db/CTblAutomobilContracts.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::array<QString CTblAutomobilContracts::*, ContractNotes::most> columns = {
+    &CTblAutomobilContracts::m_sNote1, &CTblAutomobilContracts::m_sNote2, &CTblAutomobilContracts::m_sNote3,
+    &CTblAutomobilContracts::m_sNote4, &CTblAutomobilContracts::m_sNote5, &CTblAutomobilContracts::m_sNote6,
+    &CTblAutomobilContracts::m_sNote7, &CTblAutomobilContracts::m_sNote8, &CTblAutomobilContracts::m_sNote9,
+    &CTblAutomobilContracts::m_sNote10,
+};
+
+}
+
+QStringList ContractNotes::notes(const CTblAutomobilContracts &contract)
+{
+    QStringList texts;
+    for (const auto column : columns) {
+        if (const QString &text = contract.*column; !text.isEmpty())
+            texts << text;
+    }
+    return texts;
+}
+
+void ContractNotes::setNotes(CTblAutomobilContracts &contract, const QStringList &notes)
+{
+    qsizetype position = 0;
+    for (const auto column : columns)
+        contract.*column = notes.value(position++);
+}

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QStringList>
+
+class CTblAutomobilContracts;
+
+// The contract's notes ("تبصره"): up to ten short texts, one to each of sNote1 to sNote10, shown as one line.
+namespace ContractNotes {
+
+inline constexpr int most = 10;
+
+// The notes that are set, in order.
+QStringList notes(const CTblAutomobilContracts &contract);
+// Sets the notes in order and empties the columns behind them. More than ten are cut; check first.
+void setNotes(CTblAutomobilContracts &contract, const QStringList &notes);
+
+}

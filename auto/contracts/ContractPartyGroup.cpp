@@ -1,0 +1,305 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractPartyGroup.h"
+
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace {
+
+using Kind = KFormField::Kind;
+
+// A field's accessible name tells the two sides apart.
+QString ofSide(const QString &label, int side)
+{
+    return label + (side == 1 ? QStringLiteral(" طرف اول") : QStringLiteral(" طرف دوم"));
+}
+
+QHBoxLayout *percentAndAmount(KEdit *percent, QWidget *amount)
+{
+    auto *row = new QHBoxLayout;
+    percent->setFixedWidth(percent->fontMetrics().averageCharWidth() * 9);
+    row->addWidget(percent);
+    row->addWidget(new QLabel(QStringLiteral("%"), percent->parentWidget()));
+    row->addWidget(amount, 1);
+    return row;
+}
+
+}
+
+const ContractPartySide &ContractPartySide::first()
+{
+    using Field = CommissionField;
+    static const ContractPartySide side = {
+        1, &CTblAutomobilContracts::m_iPersonFirstID, &CTblAutomobilContracts::m_sName1, Field::FirstKind,
+        Field::FirstDiscountPercent,
+        QStringLiteral("iPersonContract1"), QStringLiteral("sByVirtueFirst"), QStringLiteral("sFromFirst"),
+        QStringLiteral("sNationalId1"), QStringLiteral("sAddress1"), QStringLiteral("sTel1"), QStringLiteral("sMobile1"),
+        QStringLiteral("dPercentTax"), QStringLiteral("dTax"), QStringLiteral("dPercentImpsition"),
+        QStringLiteral("dImposition"), QStringLiteral("dPercentDiscount"), QStringLiteral("dDiscountFirst"),
+        QStringLiteral("dPayFirst"),
+        {{{Field::FirstTaxPercent, QStringLiteral("dPercentTax")},
+          {Field::FirstTax, QStringLiteral("dTax")},
+          {Field::FirstDutyPercent, QStringLiteral("dPercentImpsition")},
+          {Field::FirstDuty, QStringLiteral("dImposition")},
+          {Field::FirstDiscountPercent, QStringLiteral("dPercentDiscount")},
+          {Field::FirstDiscount, QStringLiteral("dDiscountFirst")},
+          {Field::FirstPays, QStringLiteral("dPayFirst")}}}};
+    return side;
+}
+
+const ContractPartySide &ContractPartySide::second()
+{
+    using Field = CommissionField;
+    static const ContractPartySide side = {
+        2, &CTblAutomobilContracts::m_iPersonSecondID, &CTblAutomobilContracts::m_sName2, Field::SecondKind,
+        Field::SecondDiscountPercent,
+        QStringLiteral("iPersonContract2"), QStringLiteral("sByVirtueSecond"), QStringLiteral("sFromSecond"),
+        QStringLiteral("sNationalId2"), QStringLiteral("sAddress2"), QStringLiteral("sTel2"), QStringLiteral("sMobile2"),
+        QStringLiteral("dPercentTax2"), QStringLiteral("dTax2"), QStringLiteral("dPercentImposition2"),
+        QStringLiteral("dImposition2"), QStringLiteral("dPercentDiscount2"), QStringLiteral("dDiscountSecond"),
+        QStringLiteral("dPaySecond"),
+        {{{Field::SecondTaxPercent, QStringLiteral("dPercentTax2")},
+          {Field::SecondTax, QStringLiteral("dTax2")},
+          {Field::SecondDutyPercent, QStringLiteral("dPercentImposition2")},
+          {Field::SecondDuty, QStringLiteral("dImposition2")},
+          {Field::SecondDiscountPercent, QStringLiteral("dPercentDiscount2")},
+          {Field::SecondDiscount, QStringLiteral("dDiscountSecond")},
+          {Field::SecondPays, QStringLiteral("dPaySecond")}}}};
+    return side;
+}
+
+QList<KFormField> ContractPartySide::formFields() const
+{
+    const QString percent = QStringLiteral("درصد ");
+    const QString taxLabel = QStringLiteral("ماليات :");
+    const QString dutyLabel = QStringLiteral("عوارض :");
+    const QString discountLabel = QStringLiteral("تخفيف :");
+    auto named = [this](const QString &column, const QString &label, Kind kind, const QString &prefix = {}) {
+        return KFormField{column, label, kind, ofSide(prefix + label, number)};
+    };
+    KFormField kindField = named(kind, QStringLiteral("شخص قرارداد :"), Kind::Choice);
+    kindField.choices = {QStringLiteral("عادی"), QStringLiteral("نمایشگاه"), QStringLiteral("متفرقه")};
+    KFormField paysField = named(pays, QStringLiteral("پرداختي :"), Kind::Money);
+    paysField.inWords = true;
+    return {
+        kindField,
+        named(byVirtue, QStringLiteral("بموجب :"), Kind::Text),
+        named(from, QStringLiteral("از طرف :"), Kind::Text),
+        named(nationalId, QStringLiteral("کد ملي :"), Kind::Text),
+        named(address, QStringLiteral("آدرس :"), Kind::Text),
+        named(tel, QStringLiteral("تلفن :"), Kind::Text),
+        named(mobile, QStringLiteral("موبايل :"), Kind::Text),
+        named(taxPercent, taxLabel, Kind::Percent, percent),
+        named(tax, taxLabel, Kind::Money),
+        named(dutyPercent, dutyLabel, Kind::Percent, percent),
+        named(duty, dutyLabel, Kind::Money),
+        named(discountPercent, discountLabel, Kind::Percent, percent),
+        named(discount, discountLabel, Kind::Money),
+        paysField,
+    };
+}
+
+ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &form, QWidget *parent)
+    : QGroupBox(parent)
+    , m_side(side)
+    , m_form(form)
+    , m_person(new KPersonField(ofSide(QStringLiteral("نام و نام خانوادگي :"), side.number), this))
+    , m_father(new KEdit(this))
+    , m_identityCity(new KEdit(this))
+    , m_identityNumber(new KEdit(this))
+    , m_birth(new KDateEdit(this))
+{
+    auto *grid = new QGridLayout(this);
+    buildPersonRows(grid);
+    buildFigureRows(grid);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+
+    connect(m_form.comboBox(m_side.kind), &QComboBox::currentIndexChanged, this, [this] {
+        if (!m_filling)
+            kindChosen();
+    });
+    connect(m_person, &KPersonField::changed, this, [this](int personID) {
+        if (personID > 0)
+            takePerson(personID);
+        else
+            clearPerson();
+    });
+    setPersonDataEditable(false);
+}
+
+void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
+{
+    auto place = [&](int row, int column, const QString &label, QWidget *control) {
+        auto *text = new QLabel(label, this);
+        text->setBuddy(control);
+        if (control->accessibleName().isEmpty())
+            control->setAccessibleName(ofSide(label, m_side.number));
+        grid->addWidget(text, row, column);
+        grid->addWidget(control, row, column + 1);
+    };
+    m_person->nameEdit()->setMaxLength(100);
+    m_form.place(grid, 0, 0, m_side.kind);
+    place(0, 2, QStringLiteral("نام و نام خانوادگي :"), m_person);
+    m_form.place(grid, 1, 0, m_side.byVirtue);
+    m_form.place(grid, 1, 2, m_side.from);
+    place(2, 0, QStringLiteral("نام پدر :"), m_father);
+    place(2, 2, QStringLiteral("تاريخ تولد :"), m_birth);
+    place(3, 0, QStringLiteral("محل صدور :"), m_identityCity);
+    place(3, 2, QStringLiteral("شماره شناسنامه :"), m_identityNumber);
+    m_form.place(grid, 4, 0, m_side.nationalId);
+    m_form.place(grid, 4, 2, m_side.tel);
+    m_form.place(grid, 5, 0, m_side.mobile);
+    m_form.place(grid, 5, 2, m_side.address);
+
+    // The contract keeps no column for these four: they are the person record's.
+    for (QWidget *control : {static_cast<QWidget *>(m_father), static_cast<QWidget *>(m_identityCity),
+                             static_cast<QWidget *>(m_identityNumber), static_cast<QWidget *>(m_birth)})
+        control->setToolTip(QStringLiteral("از پرونده شخص نمایش داده می‌شود و در قرارداد ذخیره نمی‌شود."));
+}
+
+void ContractPartyGroup::buildFigureRows(QGridLayout *grid)
+{
+    auto place = [&](int row, int column, const QString &percent, const QString &amount) {
+        m_form.label(amount)->hide();
+        grid->addWidget(m_form.label(percent), row, column);
+        grid->addLayout(percentAndAmount(m_form.edit(percent), m_form.control(amount)), row, column + 1);
+    };
+    place(6, 0, m_side.taxPercent, m_side.tax);
+    place(6, 2, m_side.dutyPercent, m_side.duty);
+    place(7, 0, m_side.discountPercent, m_side.discount);
+    m_form.place(grid, 7, 2, m_side.pays);
+}
+
+PartyKind ContractPartyGroup::kind() const
+{
+    return static_cast<PartyKind>(m_form.comboBox(m_side.kind)->currentIndex());
+}
+
+QString ContractPartyGroup::name() const
+{
+    return m_person->name();
+}
+
+void ContractPartyGroup::fill(const CTblAutomobilContracts &contract)
+{
+    m_filling = true;
+    // The form has set the kind; here the rest follows it without emptying what the contract keeps.
+    applyKind();
+    const int personID = contract.*(m_side.personID);
+    const QString name = contract.*(m_side.name);
+    if (personID > 0)
+        m_person->setPersonID(personID, name);
+    else
+        m_person->setName(name);
+    showPersonalData(personID);
+    m_filling = false;
+}
+
+void ContractPartyGroup::write(CTblAutomobilContracts &contract) const
+{
+    contract.*(m_side.personID) = m_person->personID();
+    contract.*(m_side.name) = m_person->name();
+}
+
+void ContractPartyGroup::setShowMode(bool show)
+{
+    m_person->setButtonsVisible(!show);
+    applyKind();
+}
+
+void ContractPartyGroup::askForPerson()
+{
+    if (kind() == PartyKind::Ordinary)
+        m_person->pick();
+    else
+        m_person->nameEdit()->setFocus(Qt::OtherFocusReason);
+}
+
+void ContractPartyGroup::setKind(PartyKind kind)
+{
+    m_form.comboBox(m_side.kind)->setCurrentIndex(static_cast<int>(kind));
+}
+
+void ContractPartyGroup::kindChosen()
+{
+    clearPerson();
+    if (kind() == PartyKind::Showroom)
+        takeCompany();
+    applyKind();
+    Q_EMIT kindChanged();
+}
+
+void ContractPartyGroup::clearPerson()
+{
+    m_person->clear();
+    showPersonalData(0);
+    for (const QString &column : {m_side.nationalId, m_side.address, m_side.tel, m_side.mobile})
+        m_form.edit(column)->clear();
+}
+
+void ContractPartyGroup::takePerson(int personID)
+{
+    CTblPersons person;
+    if (!person.IsRecordExist(QStringLiteral("iID"), personID))
+        return;
+    m_person->setPersonID(personID);
+    showPersonalData(personID);
+    m_form.edit(m_side.nationalId)->setText(person.m_sNationalCode);
+    m_form.edit(m_side.address)->setText(person.m_sAddress);
+    m_form.edit(m_side.tel)->setText(person.m_sTel);
+    m_form.edit(m_side.mobile)->setText(person.m_sMobile);
+    Q_EMIT personDiscountFound(person.m_dPercentDiscount);
+}
+
+void ContractPartyGroup::showPersonalData(int personID)
+{
+    CTblPersons person;
+    if (personID > 0)
+        person.IsRecordExist(QStringLiteral("iID"), personID);
+    m_father->setText(person.m_sFatherName);
+    m_identityCity->setText(person.m_sIdentityCity);
+    m_identityNumber->setText(person.m_sIdentityNum);
+    m_birth->setDateTime(person.m_dateBirth);
+}
+
+void ContractPartyGroup::takeCompany()
+{
+    const CompanyDetails company = CompanyDetails::read();
+    m_person->setName(company.name());
+    m_form.edit(m_side.tel)->setText(company.telephone);
+    m_form.edit(m_side.address)->setText(company.address);
+    m_form.edit(m_side.nationalId)->setText(company.nationalCode);
+    m_form.edit(m_side.mobile)->setText(company.mobile);
+}
+
+void ContractPartyGroup::applyKind()
+{
+    const bool editable = !m_form.isShowMode();
+    m_person->setPickEnabled(editable && kind() == PartyKind::Ordinary);
+    setPersonDataEditable(kind() == PartyKind::Other);
+    for (const QString &column : {m_side.discountPercent, m_side.discount})
+        m_form.setReadOnly(column, kind() == PartyKind::Showroom);
+}
+
+void ContractPartyGroup::setPersonDataEditable(bool editable)
+{
+    const bool readOnly = !editable || m_form.isShowMode();
+    m_person->setNameEditable(!readOnly);
+    for (QLineEdit *edit : {static_cast<QLineEdit *>(m_father), static_cast<QLineEdit *>(m_identityCity),
+                            static_cast<QLineEdit *>(m_identityNumber), static_cast<QLineEdit *>(m_birth)})
+        edit->setReadOnly(readOnly);
+    for (const QString &column : {m_side.nationalId, m_side.address, m_side.tel, m_side.mobile})
+        m_form.setReadOnly(column, !editable);
+}

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/ContractEditorPage.h"
+
+#include <QString>
+
+// Title of the contract editor: "قرارداد ", the type's name and the mode's suffix. The suffixes of new and edit follow the
+// name without a blank, the one of show with one. An unknown type has no name.
+QString contractEditorTitle(int contractType, ContractEditorMode mode);
+
+// Whether a contract of that type has a vehicle page: a letter contract has none.
+bool hasMatterPage(int contractType);

@@ -1,0 +1,589 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAddAutomobilContract.h"
+#include "auto/contracts/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/KTabPageButtons.h"
+#include "tests/office/TestOffice.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+
+using Dialog = CDlgAddAutomobilContract;
+using Mode = ContractEditorMode;
+
+QString column(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+double shown(const Dialog &dialog, const char *name)
+{
+    return dialog.basePage()->form()->edit(column(name))->number();
+}
+
+// Types a number as a person would, so that what follows from it follows.
+void type(Dialog &dialog, const char *name, const char *text)
+{
+    KEdit *edit = dialog.basePage()->form()->edit(column(name));
+    edit->selectAll();
+    QTest::keyClicks(edit, QString::fromLatin1(text));
+}
+
+}
+
+class TestCDlgAddAutomobilContract : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    int m_seller = 0;
+    int m_buyer = 0;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+    int contracts() { return value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")).toInt(); }
+
+    std::unique_ptr<Dialog> opened(int key, Mode mode)
+    {
+        auto dialog = std::make_unique<Dialog>(key, mode);
+        if (!dialog->load())
+            return nullptr;
+        return dialog;
+    }
+
+    // A new contract with both persons and an amount, ready to be saved.
+    std::unique_ptr<Dialog> filledNew()
+    {
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        dialog->basePage()->firstParty()->takePerson(m_seller);
+        dialog->basePage()->secondParty()->takePerson(m_buyer);
+        type(*dialog, "dAmount", "1000000");
+        return dialog;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void init()
+    {
+        m_office->clear();
+        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
+            person.m_sFatherName = QStringLiteral("حسن");
+            person.m_sNationalCode = QStringLiteral("0012345679");
+            person.m_sMobile = QStringLiteral("09121234567");
+            person.m_sTel = QStringLiteral("02188776655");
+            person.m_sAddress = QStringLiteral("تهران، خیابان آزادی");
+            person.m_sIdentityNum = QStringLiteral("1234");
+            person.m_sIdentityCity = QStringLiteral("تهران");
+            person.m_dateBirth = QDateTime(QDate(1985, 3, 21), QTime(0, 0), Qt::UTC);
+        });
+        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
+                                      [](CTblPersons &person) { person.m_dPercentDiscount = 10; });
+        m_office->setFiscalYearOpening(QDate(2020, 1, 1));
+        ContractSettings settings;
+        settings.taxPercent = 6;
+        settings.dutyPercent = 3;
+        settings.tiers.ceilings = {1'000'000, 5'000'000, 0};
+        settings.tiers.percents = {2, 1, 0};
+        settings.save();
+    }
+
+    void newContractStartsWithTheNextCodeAndTheSettingsPercentages()
+    {
+        const int key = Dialog::addPlaceholder();
+        CTblAutomobilContracts contract;
+        QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+        QCOMPARE(contract.m_iCode, 1);
+        QCOMPARE(contract.m_iContractType, 0);
+        QCOMPARE(contract.m_dPercentTax, 6.0);
+        QCOMPARE(contract.m_dPercentTax2, 6.0);
+        QCOMPARE(contract.m_dPercentImpsition, 3.0);
+        QCOMPARE(contract.m_dPercentImposition2, 3.0);
+        QCOMPARE(contract.m_iUserID, m_office->adminID());
+        QVERIFY(contract.m_dateCreate.isValid());
+        CTblAutomobilContracts second;
+        second.IsRecordExist(QStringLiteral("iID"), Dialog::addPlaceholder());
+        QCOMPARE(second.m_iCode, 2);
+    }
+
+    void cancellingANewContractLeavesNoRowBehind()
+    {
+        TestOffice::whenModal("CDlgAddAutomobilContract", [this](QWidget *window) {
+            QCOMPARE(contracts(), 1);
+            QCOMPARE(window->windowTitle(), QStringLiteral("قرارداد مبایعه نامه- جدید"));
+            static_cast<QDialog *>(window)->reject();
+        });
+        QCOMPARE(Dialog::NewContract(nullptr), 0);
+        QCOMPARE(contracts(), 0);
+    }
+
+    void confirmedNewContractGivesItsKey()
+    {
+        TestOffice::whenModal("CDlgAddAutomobilContract", [this](QWidget *window) {
+            auto &dialog = static_cast<Dialog &>(*window);
+            dialog.basePage()->firstParty()->takePerson(m_seller);
+            dialog.basePage()->secondParty()->takePerson(m_buyer);
+            type(dialog, "dAmount", "1000000");
+            dialog.accept();
+            if (dialog.isVisible()) {
+                QTest::qFail(qPrintable(g_pDlgWarning->takeShown().join(u'|')), __FILE__, __LINE__);
+                dialog.reject();
+            }
+        });
+        const int key = Dialog::NewContract(nullptr);
+        QVERIFY(key > 0);
+        QCOMPARE(value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(), key);
+    }
+
+    void amountBringsCommissionTaxDutyDiscountAndBothPayments()
+    {
+        auto dialog = filledNew();
+        // 2 percent of 1,000,000; 6 percent tax and 3 percent duty on that; the buyer's record keeps 10 percent discount.
+        QCOMPARE(shown(*dialog, "dCommission"), 20000.0);
+        QCOMPARE(shown(*dialog, "dTax"), 1200.0);
+        QCOMPARE(shown(*dialog, "dImposition"), 600.0);
+        QCOMPARE(shown(*dialog, "dTax2"), 1200.0);
+        QCOMPARE(shown(*dialog, "dImposition2"), 600.0);
+        QCOMPARE(shown(*dialog, "dCommissionEveryPerson"), 21800.0);
+        QCOMPARE(shown(*dialog, "dDiscountFirst"), 0.0);
+        QCOMPARE(shown(*dialog, "dPayFirst"), 21800.0);
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 10.0);
+        QCOMPARE(shown(*dialog, "dDiscountSecond"), 2000.0);
+        QCOMPARE(shown(*dialog, "dPaySecond"), 19800.0);
+    }
+
+    void savedContractHoldsWhatThePageShowedAndOneBalancedDocument()
+    {
+        auto dialog = filledNew();
+        dialog->basePage()->form()->edit(column("sExplain"))->setText(QStringLiteral("فروش پراید"));
+        dialog->accept();
+        QCOMPARE(dialog->result(), int(QDialog::Accepted));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        CTblAutomobilContracts contract;
+        contract.Open(true, true, true);
+        QCOMPARE(contract.GetRecordsCount(), 1);
+        QCOMPARE(contract.m_iPersonFirstID, m_seller);
+        QCOMPARE(contract.m_iPersonSecondID, m_buyer);
+        QCOMPARE(contract.m_sName1, QStringLiteral("سارا کریمی"));
+        QCOMPARE(contract.m_sName2, QStringLiteral("رضا احمدی"));
+        QCOMPARE(contract.m_sNationalId1, QStringLiteral("0012345679"));
+        QCOMPARE(contract.m_sMobile1, QStringLiteral("09121234567"));
+        QCOMPARE(contract.m_dAmount, 1000000.0);
+        QCOMPARE(contract.m_dCommission, 20000.0);
+        QCOMPARE(contract.m_dPaySecond, 19800.0);
+        QCOMPARE(contract.m_sExplain, QStringLiteral("فروش پراید"));
+        QVERIFY(contract.m_iDocNum > 0);
+        QCOMPARE(contract.m_iFiscalYear, GetDBSetting()->FiscalYear());
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents WHERE iKind=28")), QStringLiteral("1"));
+        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) AND SUM(dBed)>0 FROM Docs WHERE iDocNum=%1").arg(contract.m_iDocNum)),
+                 QStringLiteral("1"));
+        QVERIFY(!g_pDlgMessage->takeShown().isEmpty());
+    }
+
+    void editingAContractKeepsItsDocumentNumberAndWritesItsRowsAnew()
+    {
+        filledNew()->accept();
+        const QString number = value(QStringLiteral("SELECT iDocNum FROM AutomobilContracts"));
+        const int key = value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt();
+        const QString before = value(QStringLiteral("SELECT SUM(dBed) FROM Docs"));
+        auto dialog = opened(key, Mode::Edit);
+        type(*dialog, "dAmount", "500000");
+        dialog->accept();
+        QCOMPARE(value(QStringLiteral("SELECT iDocNum FROM AutomobilContracts")), number);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("1"));
+        QVERIFY(value(QStringLiteral("SELECT SUM(dBed) FROM Docs")) != before);
+        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) FROM Docs")), QStringLiteral("1"));
+        QCOMPARE(value(QStringLiteral("SELECT dCommission FROM AutomobilContracts")).toDouble(), 10000.0);
+    }
+
+    void reopenedContractShowsWhatWasSavedAndSavingItAgainChangesNothing()
+    {
+        auto first = filledNew();
+        type(*first, "dDiscountFirst", "500");
+        first->accept();
+        const int key = value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt();
+        const QString sums = QStringLiteral(
+            "SELECT CONCAT_WS('|',dAmount,dCommission,dTax,dImposition,dTax2,dImposition2,dDiscountFirst,dDiscountSecond,"
+            "dPayFirst,dPaySecond,dCommissionEveryPerson,sName1,sName2,iPersonFirstID,iPersonSecondID) FROM AutomobilContracts");
+        const QString before = value(sums);
+        auto dialog = opened(key, Mode::Edit);
+        QCOMPARE(shown(*dialog, "dDiscountFirst"), 500.0);
+        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
+        dialog->accept();
+        QCOMPARE(value(sums), before);
+    }
+
+    void contractThatDoesNotExistRefusesToOpen()
+    {
+        QVERIFY(!opened(4711, Mode::Edit));
+        QVERIFY(!Dialog::EditContract(4711, false, nullptr));
+        bool refresh = true;
+        Dialog::ShowContract(0, refresh, nullptr);
+        QVERIFY(!refresh);
+        Dialog::ShowContract(4711, refresh, nullptr);
+        QVERIFY(!refresh);
+    }
+
+    void contractThatVanishedMakesOkDoNothing()
+    {
+        auto dialog = filledNew();
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts"));
+        dialog->show();
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
+    }
+
+    void failedSaveKeepsTheWindowTheRowAndTheBooksAsTheyWere()
+    {
+        auto dialog = filledNew();
+        dialog->show();
+        m_office->database().run(QStringLiteral("RENAME TABLE Docs TO DocsAway"));
+        dialog->accept();
+        m_office->database().run(QStringLiteral("RENAME TABLE DocsAway TO Docs"));
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(shown(*dialog, "dAmount"), 1000000.0);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
+        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")), QStringLiteral("0"));
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")).toDouble(), 1000000.0);
+    }
+
+    void uncheckingActiveAndSavingMakesTheContractVoid()
+    {
+        auto dialog = filledNew();
+        QVERIFY(dialog->activeBox()->isChecked());
+        dialog->activeBox()->setChecked(false);
+        dialog->accept();
+        QCOMPARE(value(QStringLiteral("SELECT iStatus FROM AutomobilContracts")), QStringLiteral("1"));
+        auto again = opened(value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(), Mode::Edit);
+        QVERIFY(!again->activeBox()->isChecked());
+    }
+
+    void contractOfTypeLetterShowsNoMatterTab_data()
+    {
+        QTest::addColumn<int>("contractType");
+        QTest::addColumn<bool>("matter");
+        QTest::newRow("مبایعه نامه") << 0 << true;
+        QTest::newRow("قرارداد اجاره") << 1 << true;
+        QTest::newRow("فروش اقساطی") << 2 << true;
+        QTest::newRow("قرارداد نامه") << 3 << false;
+    }
+
+    void contractOfTypeLetterShowsNoMatterTab()
+    {
+        QFETCH(int, contractType);
+        QFETCH(bool, matter);
+        const int key = m_office->addContract([contractType](auto &contract) { contract.m_iContractType = contractType; });
+        auto dialog = opened(key, Mode::Edit);
+        QStringList tabs;
+        for (int i = 0; i < dialog->tabs()->count(); ++i)
+            tabs << dialog->tabs()->button(i)->text();
+        QCOMPARE(tabs.contains(QStringLiteral("مشخصات فروش")), matter);
+        QCOMPARE(tabs.first(), QStringLiteral("اطلاعات پایه"));
+        QCOMPARE(tabs.mid(tabs.size() - 2), (QStringList{QStringLiteral("پرونده های عمومی"), QStringLiteral("پرونده های شخصی")}));
+        QCOMPARE(dialog->tabs()->currentIndex(), 0);
+    }
+
+    void groupTitlesFollowTheType()
+    {
+        auto dialog = opened(m_office->addContract(), Mode::Edit);
+        QCOMPARE(dialog->basePage()->firstParty()->title(), QStringLiteral("فروشنده/طرف اول"));
+        QCOMPARE(dialog->basePage()->secondParty()->title(), QStringLiteral("خریدار/طرف دوم"));
+        dialog->basePage()->form()->comboBox(column("iContractType"))->setCurrentIndex(1);
+        QCOMPARE(dialog->basePage()->firstParty()->title(), QStringLiteral("اطلاعات موجر"));
+        QCOMPARE(dialog->basePage()->secondParty()->title(), QStringLiteral("اطلاعات مستاجر"));
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("قرارداد اجاره- ویرایش"));
+    }
+
+    void showModeChangesNothing()
+    {
+        const int key = m_office->addContract([](auto &contract) {
+            contract.m_iArchiveUserID = 1;
+            contract.m_dateArchive = QDateTime(QDate(2026, 3, 21), QTime(9, 0), Qt::UTC);
+        });
+        auto dialog = opened(key, Mode::Show);
+        const auto *buttons = dialog->findChild<QDialogButtonBox *>();
+        QStringList captions;
+        for (const QAbstractButton *button : buttons->buttons()) {
+            if (!button->isHidden())
+                captions << button->text();
+        }
+        QCOMPARE(captions, QStringList{QStringLiteral("بازگشت")});
+        QVERIFY(!dialog->activeBox()->isEnabled());
+        QVERIFY(dialog->carButton()->isHidden());
+        QVERIFY(!dialog->unarchiveButton()->isHidden());
+        for (const KFormField &field : dialog->basePage()->form()->fields()) {
+            QWidget *control = dialog->basePage()->form()->control(field.column);
+            const auto *line = qobject_cast<QLineEdit *>(control);
+            QVERIFY2(line ? line->isReadOnly() : !control->isEnabled(), qPrintable(field.column));
+        }
+        for (QAbstractButton *button : dialog->basePage()->findChildren<QPushButton *>())
+            QVERIFY2(button->isHidden(), qPrintable(button->accessibleName()));
+        QStringList labels;
+        for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>())
+            labels << label->text();
+        QVERIFY(labels.contains(QStringLiteral("1405/01/01")));
+        dialog->show();
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+    }
+
+    void returnedBoxIsShownOnlyWhenTheContractIsNotNew()
+    {
+        auto created = opened(Dialog::addPlaceholder(), Mode::New);
+        QVERIFY(created->basePage()->form()->checkBox(column("bReturn"))->isHidden());
+        auto edited = opened(m_office->addContract(), Mode::Edit);
+        QCheckBox *box = edited->basePage()->form()->checkBox(column("bReturn"));
+        QVERIFY(!box->isHidden());
+        QCOMPARE(box->text(), QStringLiteral("برگشتي"));
+    }
+
+    void unarchivingInShowModeClosesTheWindowAndMakesTheListRefill()
+    {
+        const int key = m_office->addContract([](auto &contract) { contract.m_iArchiveUserID = 1; });
+        bool refresh = false;
+        TestOffice::whenModal("CDlgAddAutomobilContract",
+                              [](QWidget *window) { static_cast<Dialog *>(window)->unarchiveButton()->click(); });
+        Dialog::ShowContract(key, refresh, nullptr);
+        QVERIFY(refresh);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این قرارداد از حالت بایگانی خارج شد.")});
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts")), QStringLiteral("0"));
+        QVERIFY(!value(QStringLiteral("SELECT dateArchive FROM AutomobilContracts")).isEmpty());
+    }
+
+    void unarchivingNeedsTheArchiveRight()
+    {
+        const int key = m_office->addContract([](auto &contract) { contract.m_iArchiveUserID = 1; });
+        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+        auto dialog = opened(key, Mode::Show);
+        dialog->show();
+        dialog->unarchiveButton()->click();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه تغییر دادن ندارید.")});
+        QVERIFY(dialog->isVisible());
+        QVERIFY(!dialog->refreshNeeded());
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts")), QStringLiteral("1"));
+    }
+
+    void unarchiveButtonIsShownOnlyForAnArchivedContract()
+    {
+        auto dialog = opened(m_office->addContract(), Mode::Show);
+        QVERIFY(dialog->unarchiveButton()->isHidden());
+    }
+
+    void validationRefusesInItsOrder_data()
+    {
+        QTest::addColumn<int>("upTo");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("amount zero") << 0 << QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید.");
+        QTest::newRow("party 1 name empty") << 1 << QStringLiteral("لطفا شخص اول را انتخاب نمایید.");
+        QTest::newRow("party 2 name empty") << 2 << QStringLiteral("لطفا شخص دوم را انتخاب نمایید.");
+        QTest::newRow("same person on both sides") << 3 << QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد.");
+        QTest::newRow("dated before the fiscal opening date") << 4
+                                                              << QStringLiteral("تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد.");
+    }
+
+    void validationRefusesInItsOrder()
+    {
+        QFETCH(int, upTo);
+        QFETCH(QString, message);
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        dialog->show();
+        CDlgAddAutomobilContractBase *base = dialog->basePage();
+        base->form()->dateEdit(column("dateContract"))->setDate(QDate(2019, 12, 31));
+        // Typed by hand, so that no picker opens for an empty name.
+        base->firstParty()->setKind(PartyKind::Other);
+        base->secondParty()->setKind(PartyKind::Other);
+        if (upTo > 0)
+            type(*dialog, "dAmount", "100");
+        if (upTo > 1)
+            base->firstParty()->personField()->nameEdit()->setText(QStringLiteral("علی"));
+        if (upTo > 2)
+            base->secondParty()->personField()->nameEdit()->setText(QStringLiteral("علی"));
+        if (upTo > 3)
+            base->secondParty()->personField()->nameEdit()->setText(QStringLiteral("رضا"));
+        dialog->accept();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")), QStringLiteral("0"));
+    }
+
+    void emptyNameOfAnOrdinaryPartyOpensItsPicker()
+    {
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        dialog->show();
+        type(*dialog, "dAmount", "100");
+        bool pickerOpened = false;
+        TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
+            pickerOpened = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        dialog->accept();
+        QVERIFY(pickerOpened);
+        QVERIFY(dialog->isVisible());
+    }
+
+    void twoPersonsWithIdenticalNamesAreRefused()
+    {
+        const int namesake = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        auto dialog = filledNew();
+        dialog->show();
+        dialog->basePage()->secondParty()->takePerson(namesake);
+        dialog->accept();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد.")});
+        QVERIFY(dialog->isVisible());
+    }
+
+    void contractDatedOnTheOpeningDateIsAcceptedAndOneDayBeforeRefused_data()
+    {
+        QTest::addColumn<QDate>("date");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("one day before") << QDate(2019, 12, 31) << false;
+        QTest::newRow("on it") << QDate(2020, 1, 1) << true;
+    }
+
+    void contractDatedOnTheOpeningDateIsAcceptedAndOneDayBeforeRefused()
+    {
+        QFETCH(QDate, date);
+        QFETCH(bool, accepted);
+        auto dialog = filledNew();
+        dialog->show();
+        dialog->basePage()->form()->dateEdit(column("dateContract"))->setDate(date);
+        dialog->accept();
+        QCOMPARE(!dialog->isVisible(), accepted);
+        QCOMPARE(g_pDlgWarning->takeShown().isEmpty(), accepted);
+    }
+
+    void newContractIsDatedTodayUntilAnotherDateIsTyped()
+    {
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        QCOMPARE(dialog->basePage()->form()->dateEdit(column("dateContract"))->date(),
+                 GetDBSetting()->GetDBServerDate().date());
+    }
+
+    void pickedPersonFillsTheGroupAndClearingEmptiesIt()
+    {
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        ContractPartyGroup *party = dialog->basePage()->firstParty();
+        party->takePerson(m_seller);
+        auto shownIn = [party](const QString &name) {
+            for (const QLineEdit *edit : party->findChildren<QLineEdit *>()) {
+                if (edit->accessibleName() == name)
+                    return edit->text();
+            }
+            return QStringLiteral("no such field");
+        };
+        const QList<std::pair<QString, QString>> expected = {
+            {QStringLiteral("نام پدر : طرف اول"), QStringLiteral("حسن")},
+            {QStringLiteral("محل صدور : طرف اول"), QStringLiteral("تهران")},
+            {QStringLiteral("شماره شناسنامه : طرف اول"), QStringLiteral("1234")},
+            {QStringLiteral("تاريخ تولد : طرف اول"), QStringLiteral("1364/01/01")},
+            {QStringLiteral("کد ملي : طرف اول"), QStringLiteral("0012345679")},
+            {QStringLiteral("تلفن : طرف اول"), QStringLiteral("02188776655")},
+            {QStringLiteral("موبايل : طرف اول"), QStringLiteral("09121234567")},
+            {QStringLiteral("آدرس : طرف اول"), QStringLiteral("تهران، خیابان آزادی")},
+        };
+        for (const auto &[field, text] : expected)
+            QCOMPARE(shownIn(field), text);
+        QCOMPARE(party->name(), QStringLiteral("سارا کریمی"));
+        Q_EMIT party->personField()->changed(0);
+        for (const auto &[field, text] : expected)
+            QCOMPARE(shownIn(field), QString());
+    }
+
+    void partyThatIsTheDealershipPaysOnlyTaxAndDuty()
+    {
+        CompanyDetails company;
+        company.name1 = QStringLiteral("نمایشگاه");
+        company.name2 = QStringLiteral("آریا");
+        company.telephone = QStringLiteral("02144556677");
+        company.nationalCode = QStringLiteral("10101234567");
+        company.write();
+        auto dialog = filledNew();
+        ContractPartyGroup *party = dialog->basePage()->secondParty();
+        party->setKind(PartyKind::Showroom);
+        QCOMPARE(party->name(), QStringLiteral("نمایشگاه آریا"));
+        QCOMPARE(dialog->basePage()->form()->edit(column("sTel2"))->text(), QStringLiteral("02144556677"));
+        QCOMPARE(dialog->basePage()->form()->edit(column("sNationalId2"))->text(), QStringLiteral("10101234567"));
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
+        QCOMPARE(shown(*dialog, "dDiscountSecond"), 0.0);
+        QCOMPARE(shown(*dialog, "dPaySecond"), 1800.0);
+        QVERIFY(dialog->basePage()->form()->edit(column("dDiscountSecond"))->isReadOnly());
+        QVERIFY(dialog->basePage()->form()->edit(column("sTel2"))->isReadOnly());
+        type(*dialog, "dAmount", "500000");
+        QCOMPARE(shown(*dialog, "dPaySecond"), 900.0);
+        dialog->accept();
+        QCOMPARE(value(QStringLiteral("SELECT iPersonContract2 FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(value(QStringLiteral("SELECT iPersonSecondID FROM AutomobilContracts")), QStringLiteral("0"));
+        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) FROM Docs")), QStringLiteral("1"));
+        QVERIFY(value(QStringLiteral("SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (610502,610503)")).toInt() >= 2);
+    }
+
+    void partyTypedByHandIsEditableAndKeptInTheContract()
+    {
+        auto dialog = filledNew();
+        ContractPartyGroup *party = dialog->basePage()->firstParty();
+        party->setKind(PartyKind::Other);
+        QVERIFY(party->name().isEmpty());
+        KEdit *mobile = dialog->basePage()->form()->edit(column("sMobile1"));
+        QVERIFY(!mobile->isReadOnly());
+        QVERIFY(!party->personField()->nameEdit()->isReadOnly());
+        party->personField()->nameEdit()->setText(QStringLiteral("غریبه"));
+        mobile->setText(QStringLiteral("0935"));
+        dialog->accept();
+        auto again = opened(value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(), Mode::Edit);
+        QCOMPARE(again->basePage()->firstParty()->name(), QStringLiteral("غریبه"));
+        QCOMPARE(again->basePage()->form()->edit(column("sMobile1"))->text(), QStringLiteral("0935"));
+        QCOMPARE(again->basePage()->firstParty()->kind(), PartyKind::Other);
+        QVERIFY(!again->basePage()->form()->edit(column("sMobile1"))->isReadOnly());
+    }
+
+    void amountsStandInWordsBelowTheirFields()
+    {
+        auto dialog = filledNew();
+        QStringList labels;
+        for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>())
+            labels << label->text();
+        QVERIFY(labels.contains(QStringLiteral("یک میلیون")));
+        QVERIFY(labels.contains(QStringLiteral("بیست هزار")));
+    }
+
+    void textLongerThanItsColumnCannotBeTyped()
+    {
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sExplain"))->maxLength(), 250);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sPage"))->maxLength(), 20);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sMobile1"))->maxLength(), 20);
+        QCOMPARE(dialog->basePage()->firstParty()->personField()->nameEdit()->maxLength(), 100);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgAddAutomobilContract>(argc, argv);
+}
+
+#include "TestCDlgAddAutomobilContract.moc"

@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/office/TestOffice.h"
+
+#include "auto/CAutoDBSetting.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KSettings.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+TestOffice::TestOffice()
+{
+    CTblUsers::setHashCost(CTblUsers::leastCost());
+    SuiteSchema::upgrade();
+    double reached = 0;
+    if (GetAutoDBSetting()->UpdateDB(0, 0, reached, false) != 1)
+        qFatal("the module's tables could not be created");
+    SuiteSchema::setModuleVersion(reached);
+    SuiteSchema::afterModuleUpgrade();
+    m_adminID = CTblUsers::create(QStringLiteral("مدیر"), QStringLiteral("secret"), QStringLiteral("مدیر دفتر"), true);
+    clear();
+}
+
+TestOffice::~TestOffice()
+{
+    GetDBSetting()->Logout();
+    setSettingsFile({});
+}
+
+void TestOffice::clear()
+{
+    for (const char *table : {"AutomobilContracts", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords"})
+        m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
+    m_database.run(QStringLiteral("DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"));
+    const QString file = m_settings.filePath(QStringLiteral("user.ini"));
+    setSettingsFile({});
+    QFile::remove(file);
+    setSettingsFile(file);
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo}) {
+        dialog->answerAll(false);
+        dialog->answerAll(true);
+    }
+    logInAsAdmin();
+}
+
+void TestOffice::logInAsAdmin()
+{
+    if (!GetDBSetting()->Login(m_adminID))
+        qFatal("the administrator could not log in");
+    KSecurity::forgetRights();
+}
+
+int TestOffice::logInAs(const QString &user, const QString &form, int rights)
+{
+    const QString known =
+        m_database.value(QStringLiteral("SELECT iID FROM Users WHERE sUser='%1'").arg(user));
+    const int id = known.isEmpty() ? CTblUsers::create(user, QStringLiteral("secret"), user, false) : known.toInt();
+    KSecurity::setRights(id, form, rights);
+    if (!GetDBSetting()->Login(id))
+        qFatal("the user could not log in");
+    KSecurity::forgetRights();
+    return id;
+}
+
+int TestOffice::addPerson(const QString &name, const QString &family, const std::function<void(CTblPersons &)> &more)
+{
+    CTblPersons person;
+    person.Open(false, false, true);
+    person.AddNew();
+    person.m_iCode = CTblPersons::nextCode();
+    person.m_sName = name;
+    person.m_sFamily = family;
+    if (more)
+        more(person);
+    person.Update(true);
+    return static_cast<int>(person.GetLastInsertedID());
+}
+
+int TestOffice::addContract(const std::function<void(CTblAutomobilContracts &)> &set)
+{
+    CTblAutomobilContracts contract;
+    contract.Open(false, false, true);
+    contract.AddNew();
+    contract.m_iCode = CTblAutomobilContracts::nextCode();
+    contract.m_dateContract = QDateTime(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
+    if (set)
+        set(contract);
+    contract.Update(true);
+    return static_cast<int>(contract.GetLastInsertedID());
+}
+
+void TestOffice::setFiscalYearOpening(const QDate &date)
+{
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(date, QTime(0, 0), Qt::UTC));
+}
+
+void TestOffice::whenModal(const char *className, const std::function<void(QWidget *)> &work)
+{
+    auto *timer = new QTimer(qApp);
+    auto clock = std::make_shared<QElapsedTimer>();
+    clock->start();
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, clock, work, name = QByteArray(className)] {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (modal && modal->inherits(name.constData())) {
+            timer->deleteLater();
+            timer->stop();
+            work(modal);
+        } else if (clock->elapsed() > 5000) {
+            timer->deleteLater();
+            timer->stop();
+            QTest::qFail("the window that was waited for did not come up", __FILE__, __LINE__);
+            if (modal)
+                modal->close();
+        }
+    });
+    timer->start(5);
+}

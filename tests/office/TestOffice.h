@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/KApplication.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+
+class CTblAutomobilContracts;
+class CTblPersons;
+class QWidget;
+
+// An office of its own for a test class: a fresh database with the suite's and the module's tables, an administrator who is
+// logged in, settings in a folder of its own, and messages that are kept instead of shown.
+class TestOffice
+{
+public:
+    TestOffice();
+    ~TestOffice();
+
+    TestDatabase &database() { return m_database; }
+
+    // Takes every contract, person and document out again, and the settings back to none.
+    void clear();
+    int adminID() const { return m_adminID; }
+    // An ordinary user with these bits of KSecurity::Right on the form, logged in.
+    int logInAs(const QString &user, const QString &form, int rights);
+    void logInAsAdmin();
+
+    int addPerson(const QString &name, const QString &family, const std::function<void(CTblPersons &)> &more = {});
+    int addContract(const std::function<void(CTblAutomobilContracts &)> &set = {});
+    void setFiscalYearOpening(const QDate &date);
+
+    // Runs work while a modal window is open: called once when the active modal window is of the class, then again for
+    // the next one queued. Fails the test when no such window comes up within five seconds.
+    static void whenModal(const char *className, const std::function<void(QWidget *)> &work);
+
+private:
+    TestDatabase m_database;
+    QTemporaryDir m_settings;
+    int m_adminID = 0;
+};
+
+// main of a test of windows: under the program's own application object, whose error boundary catches what a slot lets
+// through.
+template <class Test>
+int runOfficeTest(int argc, char **argv)
+{
+    KApplication application(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
