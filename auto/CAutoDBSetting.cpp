@@ -4,14 +4,30 @@
 #include "auto/CAutoDBSetting.h"
 
 #include "auto/SchemaUpgrade.h"
+#include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CMySQLException.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 
+#include <new>
+
 namespace {
 
 CAutoDBSetting autoDBSetting;
+
+// The page goes to the host, which owns it from then on; a null page when there was no memory for one.
+template <class Page>
+void openPage()
+{
+    Page *page = nullptr;
+    try {
+        page = new Page;
+    } catch (const std::bad_alloc &) {
+        page = nullptr;
+    }
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+}
 
 // For a list whose window this version does not hold.
 void openNoPage()
@@ -54,7 +70,7 @@ void CAutoDBSetting::ShowAutomobilInformationsDlg()
 
 void CAutoDBSetting::ShowAutomobilContractDlg()
 {
-    openNoPage();
+    openPage<CDlgAutomobilContracts>();
 }
 
 void CAutoDBSetting::ShowAutomobilDemandsDlg()
