@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/CAutoDBSetting.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "suite/utility/KDialogTabPage.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+
+// Takes the pages as the host's tabbed work area does.
+class TabHost : public KTabHost
+{
+public:
+    ~TabHost() override { qDeleteAll(m_pages); }
+    void addPage(KDialogTabPage *page) override { m_pages.append(page); }
+    QList<KDialogTabPage *> pages() const { return m_pages; }
+
+private:
+    QList<KDialogTabPage *> m_pages;
+};
+
+}
+
+class TestCAutoDBSetting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void getAutoDBSettingReturnsTheSameAddressOnEveryCall();
+    void assignmentGivesBackThisObject();
+    void archivesHasNoEffectAlsoBeforeUpdateDB();
+    void isAClosedDBTellsTheSuitesFlag();
+    void contractListOpenedTwiceIsTwoIndependentPages();
+    void contractListWithoutTheAccessRightIsNotShown();
+    void listsWithoutAWindowShowNothing();
+    void seasonalReportWithoutTheAccessRightOpensNothing();
+
+private:
+    void logIn(bool admin, const QString &grantedForm = {});
+
+    TestDatabase m_database;
+};
+
+void TestCAutoDBSetting::init()
+{
+    m_database.recreate();
+    g_pDlgWarning->answerAll(true);
+    g_pDlgMessage->answerAll(true);
+}
+
+void TestCAutoDBSetting::cleanup()
+{
+    GetDBSetting()->SetTabHost(nullptr);
+    GetDBSetting()->Logout();
+    g_pDlgWarning->answerAll(false);
+    g_pDlgMessage->answerAll(false);
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void TestCAutoDBSetting::logIn(bool admin, const QString &grantedForm)
+{
+    SuiteSchema::upgrade();
+    double reached = 0;
+    QCOMPARE(GetAutoDBSetting()->UpdateDB(0, 0, reached, true), 1);
+    SuiteSchema::afterModuleUpgrade();
+    m_database.run(QStringLiteral("INSERT INTO Users (sUser, bAdmin) VALUES ('test', %1)").arg(admin ? 1 : 0));
+    const int user = m_database.value(QStringLiteral("SELECT MAX(iID) FROM Users")).toInt();
+    if (!grantedForm.isEmpty())
+        KSecurity::setRights(user, grantedForm, KSecurity::Access);
+    QVERIFY(GetDBSetting()->Login(user));
+}
+
+void TestCAutoDBSetting::getAutoDBSettingReturnsTheSameAddressOnEveryCall()
+{
+    CAutoDBSetting *const first = GetAutoDBSetting();
+    QVERIFY(first);
+    QCOMPARE(GetAutoDBSetting(), first);
+}
+
+void TestCAutoDBSetting::assignmentGivesBackThisObject()
+{
+    CAutoDBSetting one;
+    CAutoDBSetting other;
+    QCOMPARE(&(one = other), &one);
+}
+
+void TestCAutoDBSetting::archivesHasNoEffectAlsoBeforeUpdateDB()
+{
+    int statements = 0;
+    KConnection::setStatementObserver([&statements](const QString &) { ++statements; });
+    GetAutoDBSetting()->Archives();
+    KConnection::setStatementObserver(nullptr);
+    QCOMPARE(statements, 0);
+}
+
+void TestCAutoDBSetting::isAClosedDBTellsTheSuitesFlag()
+{
+    SuiteSchema::upgrade();
+    QCOMPARE(GetAutoDBSetting()->IsAClosedDB(), 0);
+    GetDBSetting()->SetClosedDB(true);
+    QCOMPARE(GetAutoDBSetting()->IsAClosedDB(), 1);
+    GetDBSetting()->SetClosedDB(false);
+    QCOMPARE(GetAutoDBSetting()->IsAClosedDB(), 0);
+}
+
+void TestCAutoDBSetting::contractListOpenedTwiceIsTwoIndependentPages()
+{
+    logIn(false, QStringLiteral("AutomobilContracts"));
+    TabHost host;
+    GetDBSetting()->SetTabHost(&host);
+    GetAutoDBSetting()->ShowAutomobilContractDlg();
+    GetAutoDBSetting()->ShowAutomobilContractDlg();
+    QCOMPARE(host.pages().size(), 2);
+    QVERIFY(host.pages()[0] != host.pages()[1]);
+    QCOMPARE(host.pages()[0]->title(), QStringLiteral("قرارداد"));
+    QCOMPARE(host.pages()[1]->title(), QStringLiteral("قرارداد"));
+}
+
+void TestCAutoDBSetting::contractListWithoutTheAccessRightIsNotShown()
+{
+    logIn(false);
+    TabHost host;
+    GetDBSetting()->SetTabHost(&host);
+    GetAutoDBSetting()->ShowAutomobilContractDlg();
+    QVERIFY(host.pages().isEmpty());
+}
+
+void TestCAutoDBSetting::listsWithoutAWindowShowNothing()
+{
+    logIn(true);
+    TabHost host;
+    GetDBSetting()->SetTabHost(&host);
+    GetAutoDBSetting()->ShowAutomobilInformationsDlg();
+    GetAutoDBSetting()->ShowAutomobilDemandsDlg();
+    QVERIFY(host.pages().isEmpty());
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+}
+
+void TestCAutoDBSetting::seasonalReportWithoutTheAccessRightOpensNothing()
+{
+    logIn(false);
+    GetAutoDBSetting()->ShowAutomobilReportSeasonsDlg();
+    QVERIFY(!QApplication::activeModalWidget());
+    // The one message is the refusal of the rights service, not of the module.
+    const QStringList shown = g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown();
+    QCOMPARE(shown, QStringList(KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::Access)));
+}
+
+QTEST_MAIN(TestCAutoDBSetting)
+#include "TestCAutoDBSetting.moc"
