@@ -53,6 +53,7 @@ CDlgCustomFieldDefinitions::CDlgCustomFieldDefinitions(int table, QWidget *paren
 {
     setWindowTitle(QStringLiteral("تعریف فیلدهای اضافی"));
     SetSettingName(QStringLiteral("CustomFields"));
+    resize(560, 420);
     build();
     fill(0);
 }

@@ -76,7 +76,7 @@ void CDlgFileDocs::build()
     m_list = new KExtListCtrl;
     m_list->setAccessibleName(title());
     m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40},
-                        {QStringLiteral("نام فایل"), Qt::AlignRight, 200},
+                        {QStringLiteral("نام فایل"), Qt::AlignRight, 160},
                         {QStringLiteral("تاریخ"), Qt::AlignHCenter, 80, QString(), true},
                         {QStringLiteral("کاربر"), Qt::AlignRight, 80}});
     m_list->SetSettingName(QStringLiteral("FileDocs\\List"));

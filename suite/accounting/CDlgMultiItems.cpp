@@ -15,6 +15,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -119,6 +120,20 @@ void CDlgMultiItems::showCurrent()
     m_deleteButton->setEnabled(item);
     if (item)
         m_name->setText(item->text());
+}
+
+bool CDlgMultiItems::newNameIsTyped() const
+{
+    return focusWidget() == m_name && !m_name->text().isEmpty() && m_model->findItems(m_name->text()).isEmpty();
+}
+
+void CDlgMultiItems::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !(event->modifiers() & Qt::ControlModifier) && newNameIsTyped())
+        addValue();
+    else
+        KDialog::keyPressEvent(event);
 }
 
 void CDlgMultiItems::setSelectedNames(const QStringList &names)

@@ -44,11 +44,16 @@ public:
     // Asks first.
     void deleteValue();
 
+protected:
+    // Enter behind a new name adds it.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void build();
     void fill(const QList<int> &ticked, int currentID);
     QStandardItem *currentItem() const;
     void showCurrent();
+    bool newNameIsTyped() const;
     void change(const std::function<int()> &work);
 
     int m_itemType;

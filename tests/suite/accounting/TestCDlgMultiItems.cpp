@@ -35,6 +35,7 @@ private Q_SLOTS:
     void cancelledSelectLeavesTheText();
     void valueIsAddedRenamedAndDeletedOnTheSpot();
     void ticksStayWhenValuesChange();
+    void enterBehindANewNameAddsIt();
     void changingNeedsTheRights();
     void closedDatabaseChangesNothing();
     void everyInputHasItsName();
@@ -167,6 +168,22 @@ void TestCDlgMultiItems::ticksStayWhenValuesChange()
     field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
     dialog.addValue();
     QCOMPARE(dialog.selectedIDs(), QList<int>{m_second});
+}
+
+void TestCDlgMultiItems::enterBehindANewNameAddsIt()
+{
+    CDlgMultiItems dialog(clauses, m_title);
+    dialog.show();
+    auto *name = field<KEdit>(&dialog, QStringLiteral("نام :"));
+    name->setFocus();
+    QTest::keyClicks(name, QStringLiteral("abc"));
+    QTest::keyClick(name, Qt::Key_Return);
+    QCOMPARE(CTblMultiItems::values(clauses).size(), 3);
+    QVERIFY(dialog.isVisible());
+    // The name now stands in the list, so a second Enter goes on to it instead of adding again.
+    QTest::keyClick(name, Qt::Key_Return);
+    QCOMPARE(CTblMultiItems::values(clauses).size(), 3);
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
 void TestCDlgMultiItems::changingNeedsTheRights()
