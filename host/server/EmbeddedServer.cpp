@@ -14,11 +14,12 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QStorageInfo>
 #include <QThread>
 
 #include <mysql.h>
 #include <mysqld_error.h>
+
+#include <filesystem>
 
 namespace {
 
@@ -121,8 +122,16 @@ void EmbeddedServer::prepare(const Progress &progress)
 
 void EmbeddedServer::requireRoom(int mebibytes) const
 {
-    const qint64 free = QStorageInfo(m_folder.path()).bytesAvailable();
-    if (free < mebibytes * 1024LL * 1024LL)
+    // Asked of the file system itself: the table of mounts does not show every folder's disk (a container, a chroot).
+    std::error_code unknown;
+    const std::filesystem::space_info space =
+        std::filesystem::space(std::filesystem::path(m_folder.path().toStdU16String()), unknown);
+    if (unknown) {
+        qCWarning(lcServer) << "free space is not known:" << QString::fromStdString(unknown.message());
+        return;
+    }
+    const quint64 free = space.available;
+    if (free < static_cast<quint64>(mebibytes) * 1024 * 1024)
         throw ServerError(ServerError::Kind::DiskFull, m_folder.diskFullMessage(),
                           QStringLiteral("%1 bytes free, %2 MiB needed").arg(free).arg(mebibytes));
 }
