@@ -8,6 +8,14 @@
 #include <QPainter>
 #include <QPalette>
 #include <QToolTip>
+#include <QVariant>
+
+namespace {
+
+// Where a line's own description waits while its error is told instead.
+constexpr char ownDescription[] = "tzOwnDescription";
+
+}
 
 QColor warningColor(const QPalette &palette)
 {
@@ -24,7 +32,10 @@ void paintEntryMark(QLineEdit *edit)
 
 void tellEntryError(QLineEdit *edit, const QString &error)
 {
-    edit->setAccessibleDescription(error);
+    const QVariant kept = edit->property(ownDescription);
+    const QString own = kept.isValid() ? kept.toString() : edit->accessibleDescription();
+    edit->setProperty(ownDescription, error.isEmpty() ? QVariant() : QVariant(own));
+    edit->setAccessibleDescription(error.isEmpty() ? own : QStringLiteral("%1 %2").arg(own, error).trimmed());
     if (error.isEmpty())
         QToolTip::hideText();
     else if (edit->hasFocus())

@@ -7,29 +7,12 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "suite/utility/KTabButton.h"
+
 namespace {
-
-// The current page's button carries a bar in the accent colour: being pressed alone is hard to see on a dark palette.
-class TabButton : public QPushButton
-{
-public:
-    using QPushButton::QPushButton;
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        QPushButton::paintEvent(event);
-        if (!isChecked())
-            return;
-        QPainter painter(this);
-        painter.fillRect(QRect(4, height() - 4, width() - 8, 3), palette().color(QPalette::Highlight));
-    }
-};
 
 bool isNextKey(const QKeyEvent *event)
 {
@@ -66,10 +49,7 @@ KTabPageButtons::KTabPageButtons(QWidget *parent)
 int KTabPageButtons::addPage(QWidget *page, const QString &title)
 {
     const int index = m_pages->addWidget(page);
-    auto *button = new TabButton(title, m_bar);
-    button->setCheckable(true);
-    button->setAutoDefault(false);
-    button->setAccessibleName(title);
+    auto *button = new KTabButton(title, m_bar);
     button->installEventFilter(this);
     m_buttons->addButton(button, index);
     m_row->insertWidget(index, button);

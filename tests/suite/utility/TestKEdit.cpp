@@ -52,6 +52,7 @@ private Q_SLOTS:
     void outOfRange_data();
     void outOfRange();
     void rightAgainAfterOutOfRange();
+    void itsOwnDescriptionOutlivesAnError();
     void aSetNumberOutOfRangeIsMarked();
     void finishedEntryIsShownAsANumber();
     void negativeOnlyWhereTheRangeAllows();
@@ -336,6 +337,19 @@ void TestKEdit::rightAgainAfterOutOfRange()
     QVERIFY(edit.isEntryValid());
     QCOMPARE(edit.accessibleDescription(), QString());
     QCOMPARE(edit.number(), 15.0);
+}
+
+void TestKEdit::itsOwnDescriptionOutlivesAnError()
+{
+    const QString own = QStringLiteral("ردیف 2");
+    KEdit edit(KEdit::Kind::Percent);
+    edit.setAccessibleDescription(own);
+    edit.setText(QStringLiteral("150"));
+    QCOMPARE(edit.accessibleDescription(), own + QLatin1Char(' ') + edit.entryError());
+    edit.setRange(0, 90);
+    QCOMPARE(edit.accessibleDescription(), own + QLatin1Char(' ') + edit.entryError());
+    edit.setText(QStringLiteral("15"));
+    QCOMPARE(edit.accessibleDescription(), own);
 }
 
 void TestKEdit::aSetNumberOutOfRangeIsMarked()

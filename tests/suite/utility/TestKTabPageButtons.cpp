@@ -28,6 +28,7 @@ private Q_SLOTS:
     void disablingTheCurrentPageLeavesIt();
     void positionsThatDoNotExist();
     void titlesAreTheButtonsNames();
+    void screenReaderPressesATab();
     void buttonsComeBeforeThePagesWithTab();
 
 private:
@@ -165,6 +166,20 @@ void TestKTabPageButtons::titlesAreTheButtonsNames()
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(m_tabs->button(1));
     QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("فایل ها"));
     QCOMPARE(m_tabs->button(1)->text(), QStringLiteral("فایل ها"));
+}
+
+void TestKTabPageButtons::screenReaderPressesATab()
+{
+    QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(m_tabs->button(1));
+    QVERIFY(reader && reader->actionInterface());
+    QCOMPARE(reader->role(), QAccessible::PageTab);
+    QVERIFY(!reader->state().selected);
+    reader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(m_tabs->currentIndex(), 1);
+    QVERIFY(reader->state().selected);
+    m_tabs->setPageEnabled(2, false);
+    reader = QAccessible::queryAccessibleInterface(m_tabs->button(2));
+    QVERIFY(!reader->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
 }
 
 void TestKTabPageButtons::buttonsComeBeforeThePagesWithTab()
