@@ -1,0 +1,32 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+
+# usage: floors.sh FOLDER: what the built libraries in FOLDER link, and what the module lets out.
+
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/assert.sh"
+
+needed() { readelf -d "$1/lib$2.so" | sed -n 's/.*(NEEDED).*\[lib\(.*\)\.so.*\].*/\1/p'; }
+
+# never LIBRARY PATTERN: the library links nothing that matches.
+never() {
+    local found
+    found=$(needed "$folder" "$1" | grep -E "$2" || true)
+    [ -z "$found" ] || fault "$1 links $(tr '\n' ' ' <<<"$found")"
+}
+
+folder=$1
+[ -n "$(needed "$folder" TzDB)" ] || fault "no link list could be read in $folder"
+never TzDB '^(Qt6(Gui|Widgets|Network|Svg)|Tz)'
+never TzUtility '^(Tz(Accounting|CRM|Auto)|sodium)'
+never TzAccounting '^Tz(CRM|Auto)'
+never TzCRM '^(TzAuto|mariadb|icu)'
+never TzAuto '^(mariadb|sodium|icu)'
+
+exported=$(nm -D --defined-only -C "$folder/libTzAuto.so" | cut -d ' ' -f 3-)
+grep -qx GetAutoDBSetting <<<"$exported" || fault 'the module does not export GetAutoDBSetting'
+grep -q '^CAutoDBSetting::UpdateDB(' <<<"$exported" || fault 'the module does not export CAutoDBSetting'
+others=$(grep -vE '^(GetAutoDBSetting$|CAutoDBSetting::|(vtable|typeinfo( name)?) for CAutoDBSetting$)' <<<"$exported" || true)
+[ -z "$others" ] || fault "the module lets out $others"
+finish
