@@ -55,6 +55,8 @@ int longestSocketPath();
 // To be called before the process starts: it ends when this program's starting thread does, and keys typed in the
 // program's terminal do not reach it.
 void tieToThisProgram(QProcess &process);
+// A tool that ends before it has read all its input is an error to report, not a reason to end with it.
+void ignoreBrokenPipes();
 // A clean end is wanted.
 void askToStop(qint64 processId);
 // An end without a word.

@@ -147,6 +147,11 @@ void tieToThisProgram(QProcess &process)
     });
 }
 
+void ignoreBrokenPipes()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 void askToStop(qint64 processId)
 {
     if (processId > 0)

@@ -86,6 +86,7 @@ int ToolProcess::run(const Pulse &pulse) const
             QStringLiteral("پرونده %1 خوانده نشد؛ پرونده دیگری انتخاب نمایید.").arg(ServerError::shownPath(inputFile)),
             inputFile + QStringLiteral(": ") + source.errorString());
 
+    platform::ignoreBrokenPipes();
     QProcess process;
     platform::tieToThisProgram(process);
     process.setProcessEnvironment(environment());

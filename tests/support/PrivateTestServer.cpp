@@ -21,9 +21,32 @@ const QString folderKey = QStringLiteral("folder");
 
 }
 
+namespace {
+
+// A test program that was killed could not remove its folder, which may lie in memory. Whoever holds no lock on it is gone.
+void removeAbandonedFolders()
+{
+    const QFileInfo pattern(PrivateTestServer::folderTemplate());
+    const QDir parent(pattern.path());
+    const QStringList folders = parent.entryList({pattern.fileName().replace(QStringLiteral("XXXXXX"), QStringLiteral("*"))},
+                                                 QDir::Dirs);
+    for (const QString &folder : folders) {
+        const QString path = parent.filePath(folder);
+        const QString lockPath = path + QStringLiteral("/server.lock");
+        if (!platform::isPrivateFolder(path) || !QFile::exists(lockPath))
+            continue;
+        platform::FileLock lock(lockPath);
+        if (lock.tryLock() == platform::FileLock::Result::Taken)
+            QDir(path).removeRecursively();
+    }
+}
+
+}
+
 PrivateTestServer::PrivateTestServer()
     : m_folder(folderTemplate())
 {
+    removeAbandonedFolders();
     m_server = std::make_unique<EmbeddedServer>(DataFolder(m_folder.path()), options());
     m_server->start();
 }

@@ -294,13 +294,17 @@ void TestEmbeddedServer::aServerLeftBehindIsEndedFirst()
     server.start();
     keepOneRow(server);
     server.stop();
-    qint64 left = 0;
-    QVERIFY(QProcess::startDetached(m_options.programs.server, {ServerConfig::fromFile(folder().serverConfigPath())}, {}, &left));
+    QProcess left;
+    left.setStandardErrorFile(QProcess::nullDevice());
+    left.start(m_options.programs.server, {ServerConfig::fromFile(folder().serverConfigPath())});
+    QVERIFY(left.waitForStarted());
+    const qint64 leftId = left.processId();
     QTRY_VERIFY(QFile::exists(server.connectionSettings().socketPath));
     server.start();
     QVERIFY(rowIsThere(server));
-    QVERIFY(server.processId() != left);
-    QTRY_VERIFY(!platform::isAlive(left));
+    QVERIFY(server.processId() != leftId);
+    QVERIFY(left.waitForFinished(1000));
+    QCOMPARE(left.exitStatus(), QProcess::NormalExit);
 }
 
 void TestEmbeddedServer::aSecondStartOnTheSameFolderIsRefused()

@@ -4,6 +4,7 @@
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerLog.h"
 #include "host/server/ServerState.h"
+#include "host/server/ToolProcess.h"
 #include "tests/support/PrivateTestServer.h"
 
 #include <QFile>
@@ -71,6 +72,18 @@ private Q_SLOTS:
         const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
             | QFile::WriteOther | QFile::ExeOther;
         QCOMPARE(QFile::permissions(folder.clientConfigPath()) & others, QFile::Permissions());
+    }
+
+    void theToolsGetNothingOfTheUsersDatabaseEnvironment()
+    {
+        qputenv("MYSQL_PWD", "secret");
+        qputenv("MARIADB_HOST", "192.0.2.1");
+        const QProcessEnvironment environment = ToolProcess::environment();
+        qunsetenv("MYSQL_PWD");
+        qunsetenv("MARIADB_HOST");
+        QVERIFY(!environment.contains(QStringLiteral("MYSQL_PWD")));
+        QVERIFY(!environment.contains(QStringLiteral("MARIADB_HOST")));
+        QVERIFY(environment.contains(QStringLiteral("PATH")));
     }
 
     void theServerIsToldToKeepWhatWasSaved()
