@@ -83,15 +83,15 @@ void CDlgPersons::OnClosing()
 QVector<KListModel::Column> CDlgPersons::listColumns() const
 {
     return {
-        {QStringLiteral("کد شخص"), Qt::AlignHCenter, 45, QStringLiteral("iCode")},
-        {QStringLiteral("نام و نام خانوادگی"), Qt::AlignRight, 120, defaultSort()},
-        {QStringLiteral("نام پدر"), Qt::AlignRight, 60, PersonSearch::alphabetical(QStringLiteral("sFatherName"))},
-        {QStringLiteral("کد ملی"), Qt::AlignHCenter, 70, QStringLiteral("sNationalCode")},
-        {QStringLiteral("موبایل"), Qt::AlignHCenter, 70, QStringLiteral("sMobile")},
-        {QStringLiteral("تلفن"), Qt::AlignHCenter, 70, QStringLiteral("sTel")},
-        {QStringLiteral("نوع شخص"), Qt::AlignHCenter, 50, QStringLiteral("iKind")},
-        {QStringLiteral("آدرس"), Qt::AlignRight, 180, PersonSearch::alphabetical(QStringLiteral("sAddress"))},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 45, QStringLiteral("iStatus")},
+        {QStringLiteral("کد شخص"), Qt::AlignHCenter, 40, QStringLiteral("iCode")},
+        {QStringLiteral("نام و نام خانوادگی"), Qt::AlignRight, 110, defaultSort()},
+        {QStringLiteral("نام پدر"), Qt::AlignRight, 55, PersonSearch::alphabetical(QStringLiteral("sFatherName"))},
+        {QStringLiteral("کد ملی"), Qt::AlignHCenter, 60, QStringLiteral("sNationalCode")},
+        {QStringLiteral("موبایل"), Qt::AlignHCenter, 60, QStringLiteral("sMobile")},
+        {QStringLiteral("تلفن"), Qt::AlignHCenter, 60, QStringLiteral("sTel")},
+        {QStringLiteral("نوع شخص"), Qt::AlignHCenter, 45, QStringLiteral("iKind")},
+        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 40, QStringLiteral("iStatus")},
+        {QStringLiteral("آدرس"), Qt::AlignRight, 150, PersonSearch::alphabetical(QStringLiteral("sAddress"))},
     };
 }
 
@@ -115,8 +115,8 @@ KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
                 {person.m_sMobile},
                 {person.m_sTel},
                 {person.isNatural() ? QStringLiteral("حقیقی") : QStringLiteral("حقوقی")},
-                {person.m_sAddress},
                 {active ? QStringLiteral("فعال") : QStringLiteral("غیر فعال")},
+                {person.m_sAddress},
             }};
 }
 
@@ -139,9 +139,10 @@ void CDlgPersons::buildFilters(QGridLayout *grid)
     addFilter(grid, 0, 0, QStringLiteral("جستجو :"), m_search);
     m_showInactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), grid->parentWidget());
     grid->addWidget(m_showInactive, 0, 2);
-    m_incomplete = new QLabel(grid->parentWidget());
+    m_incomplete = new QLabel(QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."), grid->parentWidget());
     m_incomplete->setObjectName(QStringLiteral("incomplete"));
     m_incomplete->setForegroundRole(QPalette::PlaceholderText);
+    m_incomplete->hide();
     grid->addWidget(m_incomplete, 1, 1, 1, 2);
     grid->setColumnStretch(1, 1);
     setFocusProxy(m_search);
@@ -174,9 +175,7 @@ QString CDlgPersons::defaultSort() const
 
 void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
 {
-    m_incomplete->setText(rows.size() < rowLimit()
-                              ? QString()
-                              : QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."));
+    m_incomplete->setVisible(rows.size() >= rowLimit());
     const QString searched = ConvertToStandard(m_search->text());
     CTblPersons person;
     person.SetColumns(fetchedColumns());

@@ -150,11 +150,11 @@ void TestCDlgPersons::tellsWhenTheLimitCutsTheList()
     addMany(30);
     CDlgPersons page;
     page.show();
-    QVERIFY(!page.findChild<QLabel *>(QStringLiteral("incomplete"))->text().contains(QStringLiteral("جستجو")));
+    QVERIFY(!page.findChild<QLabel *>(QStringLiteral("incomplete"))->isVisible());
     Hand::named<KEdit>(&page, QStringLiteral("تعداد نمايش :"))->setText(QStringLiteral("20"));
     page.refill();
     QCOMPARE(page.list()->count(), 20);
-    QVERIFY(page.findChild<QLabel *>(QStringLiteral("incomplete"))->text().contains(QStringLiteral("جستجو")));
+    QVERIFY(page.findChild<QLabel *>(QStringLiteral("incomplete"))->isVisible());
 }
 
 void TestCDlgPersons::sortsByAClickedColumn()
