@@ -53,10 +53,25 @@ void KEdit::setKind(Kind kind)
         clear();
     } else {
         unsetLayoutDirection();
-        setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
+        alignText();
         setInputMethodHints(Qt::ImhNone);
     }
     checkRange(m_number);
+}
+
+// At the form's side whatever is entered: left to itself, a line that holds digits alone, or nothing yet, would go by the
+// direction of those and part from the lines above and below it.
+void KEdit::alignText()
+{
+    const Qt::Alignment side = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;
+    setAlignment(side | Qt::AlignAbsolute | Qt::AlignVCenter);
+}
+
+void KEdit::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange && !isNumberKind())
+        alignText();
 }
 
 bool KEdit::isNumberKind() const

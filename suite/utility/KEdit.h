@@ -61,6 +61,7 @@ Q_SIGNALS:
     void numberChanged(double number);
 
 protected:
+    void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -69,6 +70,7 @@ protected:
 
 private:
     bool isNumberKind() const;
+    void alignText();
     int decimals() const;
     QString displayText(double number) const;
     void takeText(const QString &text);

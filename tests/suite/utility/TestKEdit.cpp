@@ -9,6 +9,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 #include "suite/utility/Money.h"
 
 namespace {
@@ -32,6 +34,7 @@ class TestKEdit : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void textStandsAtTheFormsSideWhateverItIs();
     void cleanup() { setDefaultMoneyDecimals(0); }
     void typed_data();
     void typed();
@@ -479,6 +482,29 @@ void TestKEdit::nothingIsTypedIntoAReadOnlyLine()
     QTest::keyClick(&edit, Qt::Key_Backspace);
     typeText(edit, QStringLiteral("7"));
     QCOMPARE(edit.number(), 1500.0);
+}
+
+void TestKEdit::textStandsAtTheFormsSideWhateverItIs()
+{
+    KEdit edit;
+    edit.resize(300, 30);
+    // The two ends of the text; the line knows where they are once it is painted.
+    const auto ends = [&edit](const QString &text) {
+        edit.setText(text);
+        edit.home(false);
+        edit.grab();
+        const int start = edit.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+        edit.end(false);
+        edit.grab();
+        return std::minmax({start, edit.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x()});
+    };
+    const QStringList texts{QString(), QStringLiteral("09121234567"), QStringLiteral("abc"), QStringLiteral("علی")};
+    edit.setLayoutDirection(Qt::RightToLeft);
+    for (const QString &text : texts)
+        QVERIFY2(ends(text).second > 280, qPrintable(text));
+    edit.setLayoutDirection(Qt::LeftToRight);
+    for (const QString &text : texts)
+        QVERIFY2(ends(text).first < 20, qPrintable(text));
 }
 
 QTEST_MAIN(TestKEdit)
