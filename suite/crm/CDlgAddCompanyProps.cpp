@@ -99,6 +99,7 @@ void CDlgAddCompanyProps::build()
     const int last = grid->rowCount();
     grid->setRowStretch(last, 1);
     grid->addWidget(createButtons(), last + 1, 0, 1, 4);
+    resize(qMax(sizeHint().width(), 680), sizeHint().height());
     connect(m_kind, &QComboBox::currentIndexChanged, this, &CDlgAddCompanyProps::updateHints);
 }
 

@@ -162,6 +162,21 @@ void CDlgAddPerson::build()
     for (const char16_t *column : {u"sNationalCode", u"sMobile"})
         connect(m_form->edit(QString::fromUtf16(column)), &KEdit::textChanged, this, &CDlgAddPerson::updateHints);
     m_form->control(QStringLiteral("sName"))->setFocus();
+    alignGroups();
+    resize(qMax(sizeHint().width(), 680), sizeHint().height());
+}
+
+// The fields of all groups begin on the same lines.
+void CDlgAddPerson::alignGroups()
+{
+    int width = 0;
+    for (const QLabel *label : findChildren<QLabel *>())
+        width = label->buddy() ? qMax(width, label->sizeHint().width()) : width;
+    for (const QGroupBox *group : findChildren<QGroupBox *>()) {
+        auto *grid = static_cast<QGridLayout *>(group->layout());
+        for (const int labels : {0, 2})
+            grid->setColumnMinimumWidth(labels, width);
+    }
 }
 
 QGridLayout *CDlgAddPerson::placeRows(QGroupBox *group, std::span<const Row> rows)

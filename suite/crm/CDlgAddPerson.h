@@ -60,6 +60,7 @@ private:
     QWidget *buildContact();
     QWidget *buildTax();
     QGridLayout *placeRows(QGroupBox *group, std::span<const Row> rows);
+    void alignGroups();
     void loadRecord();
     void applyKind();
     void updateHints();
