@@ -15,6 +15,8 @@ namespace {
 // Where a line's own description waits while its error is told instead.
 constexpr char ownDescription[] = "tzOwnDescription";
 
+constexpr int tipMargins = 16;
+
 }
 
 QColor warningColor(const QPalette &palette)
@@ -36,11 +38,14 @@ void tellEntryError(QLineEdit *edit, const QString &error)
     const QString own = kept.isValid() ? kept.toString() : edit->accessibleDescription();
     edit->setProperty(ownDescription, error.isEmpty() ? QVariant() : QVariant(own));
     edit->setAccessibleDescription(error.isEmpty() ? own : QStringLiteral("%1 %2").arg(own, error).trimmed());
-    if (error.isEmpty())
-        QToolTip::hideText();
-    else if (edit->hasFocus())
-        QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())), error, edit);
     edit->update();
+    if (error.isEmpty()) {
+        QToolTip::hideText();
+    } else if (edit->hasFocus()) {
+        // Under the right end, where the entry is read.
+        const int tipWidth = edit->fontMetrics().horizontalAdvance(error) + tipMargins;
+        QToolTip::showText(edit->mapToGlobal(QPoint(qMax(0, edit->width() - tipWidth), edit->height())), error, edit);
+    }
 }
 
 void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event)

@@ -176,8 +176,8 @@ void KDateEdit::takeText(const QString &text)
     // The box first, so that who hears of the date sees it counted.
     setChecked(!ascii.trimmed().isEmpty());
     // Who types may not be done yet; a text that came whole is put into its form before anyone hears of it.
-    const bool isWhole = !std::exchange(m_typing, false);
-    if (isWhole && date.isValid())
+    m_unfinished = std::exchange(m_typing, false);
+    if (!m_unfinished && date.isValid())
         showText(shamsiText(date));
     setState(sameDay ? m_dateTime : date.isValid() ? QDateTime(date, QTime(0, 0), Qt::UTC)
                                                    : QDateTime(),
@@ -207,9 +207,11 @@ void KDateEdit::showText(const QString &text)
 // A finished date is shown in the one form, however it was typed.
 void KDateEdit::normalize()
 {
+    m_unfinished = false;
     const QString shown = shamsiText(m_dateTime.date());
     if (m_dateTime.isValid() && !shown.isEmpty() && shown != text())
         showText(shown);
+    updateLook();
 }
 
 bool KDateEdit::stepByKey(const QKeyEvent *event)
@@ -288,7 +290,8 @@ void KDateEdit::placeChildren()
 void KDateEdit::updateLook()
 {
     m_button->setVisible(!isReadOnly());
-    const QString error = entryError();
+    // Nobody is told of an error in what is still being typed.
+    const QString error = m_unfinished && hasFocus() ? QString() : entryError();
     if (error != m_shownError) {
         m_shownError = error;
         tellEntryError(this, error);

@@ -85,5 +85,6 @@ private:
     QString m_shownError;
     bool m_showing = false;
     bool m_typing = false;
+    bool m_unfinished = false;
     bool m_updatingLook = false;
 };

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void typedForms_data();
     void typedForms();
     void halfTypedIsNoDate();
+    void anErrorIsToldWhenTheTypingEnds();
     void lettersAreRefused();
     void emptied();
     void setDateTimeKeepsTheTimeUntilEdited();
@@ -121,6 +122,30 @@ void TestKDateEdit::halfTypedIsNoDate()
     edit.setText(QStringLiteral("1404/12/30"));
     QVERIFY(!edit.isEntryValid());
     QCOMPARE(edit.text(), QStringLiteral("1404/12/30"));
+}
+
+void TestKDateEdit::anErrorIsToldWhenTheTypingEnds()
+{
+    QWidget form;
+    QLineEdit other(&form);
+    KDateEdit edit(&form);
+    form.show();
+    form.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    edit.setFocus();
+    typeText(edit, QStringLiteral("1405/13"));
+    QVERIFY(!edit.isEntryValid());
+    QCOMPARE(edit.accessibleDescription(), QString());
+    other.setFocus();
+    QCOMPARE(edit.text(), QStringLiteral("1405/13"));
+    QCOMPARE(edit.accessibleDescription(), edit.entryError());
+    edit.setFocus();
+    edit.selectAll();
+    typeText(edit, QStringLiteral("14050829"));
+    QCOMPARE(edit.accessibleDescription(), QString());
+    QTest::keyClick(&edit, Qt::Key_Return);
+    QCOMPARE(edit.text(), QStringLiteral("1405/08/29"));
+    QVERIFY(edit.isEntryValid());
 }
 
 void TestKDateEdit::lettersAreRefused()
