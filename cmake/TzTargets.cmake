@@ -45,6 +45,13 @@ if(TZ_COVERAGE)
     target_link_options(tz_options INTERFACE --coverage)
 endif()
 
+# tz_link_all(NAME): a name that no linked library has is an error here and not at a click; so a link list is a whole one.
+function(tz_link_all name)
+    if(NOT TZ_SANITIZE)
+        target_link_options(${name} PRIVATE LINKER:--no-undefined)
+    endif()
+endfunction()
+
 # tz_suite_library(NAME SOURCES... LINK ...): a shared library of the suite. Its sources are all files of the folder
 # unless they are given, so that a new class needs no line here.
 function(tz_suite_library name)
@@ -57,6 +64,7 @@ function(tz_suite_library name)
     string(TOUPPER ${name} upper)
     target_compile_definitions(${name} PRIVATE ${upper}_BUILDING)
     target_link_libraries(${name} PUBLIC tz_options ${arg_LINK})
+    tz_link_all(${name})
     install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
 
