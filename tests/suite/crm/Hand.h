@@ -50,7 +50,7 @@ inline void inNextWindow(const std::function<void(QDialog *)> &act)
     QWidget *before = QApplication::activeModalWidget();
     QObject::connect(timer, &QTimer::timeout, qApp, [timer, before, act, rounds = 0]() mutable {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog || dialog == before || !QApplication::focusWidget()) {
+        if (!dialog || dialog == before || !focus() || focus()->window() != dialog) {
             if (++rounds > 300)
                 timer->deleteLater();
             return;
