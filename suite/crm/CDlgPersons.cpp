@@ -139,11 +139,11 @@ void CDlgPersons::buildFilters(QGridLayout *grid)
     addFilter(grid, 0, 0, QStringLiteral("جستجو :"), m_search);
     m_showInactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), grid->parentWidget());
     grid->addWidget(m_showInactive, 0, 2);
-    m_incomplete = new QLabel(QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."), grid->parentWidget());
-    m_incomplete->setObjectName(QStringLiteral("incomplete"));
-    m_incomplete->setForegroundRole(QPalette::PlaceholderText);
-    m_incomplete->hide();
-    grid->addWidget(m_incomplete, 1, 1, 1, 2);
+    m_notice = new QLabel(grid->parentWidget());
+    m_notice->setObjectName(QStringLiteral("notice"));
+    m_notice->setForegroundRole(QPalette::PlaceholderText);
+    m_notice->hide();
+    grid->addWidget(m_notice, 1, 1, 1, 2);
     grid->setColumnStretch(1, 1);
     setFocusProxy(m_search);
 }
@@ -175,7 +175,7 @@ QString CDlgPersons::defaultSort() const
 
 void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
 {
-    m_incomplete->setVisible(rows.size() >= rowLimit());
+    notice(rows.size());
     const QString searched = ConvertToStandard(m_search->text());
     CTblPersons person;
     person.SetColumns(fetchedColumns());
@@ -185,6 +185,18 @@ void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
                               : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(keyColumn(), m_leadingKey);
     if (found)
         lead(person, rows);
+}
+
+void CDlgPersons::notice(qsizetype rows)
+{
+    QString text;
+    if (rows >= rowLimit())
+        text = QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید.");
+    else if (rows == 0 && !m_search->text().trimmed().isEmpty())
+        text = isChangeBlocked() ? QStringLiteral("کسی پیدا نشد.")
+                                 : QStringLiteral("کسی پیدا نشد؛ با «جديد» شخص تازه ای اضافه کنید.");
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
 }
 
 // Brings the person to the front of the rows, where the limit may not have let it in.

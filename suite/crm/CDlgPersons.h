@@ -58,13 +58,14 @@ protected:
 
 private:
     void searchNow();
+    void notice(qsizetype rows);
     void lead(CTblPersons &person, QVector<KListModel::Row> &rows);
     bool searchKeyPressed(QKeyEvent *event);
     bool listKeyPressed(QKeyEvent *event);
 
     KEdit *m_search = nullptr;
     QCheckBox *m_showInactive = nullptr;
-    QLabel *m_incomplete = nullptr;
+    QLabel *m_notice = nullptr;
     QTimer m_typing;
     int m_leadingKey = 0; // stands first in the list until something is searched for; active or not
 };

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void typingAtSpeedSearchesOnce();
     void exactCodeStandsFirst();
     void tellsWhenTheLimitCutsTheList();
+    void tellsWhenNobodyIsFound();
     void sortsByAClickedColumn();
     void pickerByKeyboardAlone();
     void pickerEnterBeforeThePauseIsOver();
@@ -150,11 +151,24 @@ void TestCDlgPersons::tellsWhenTheLimitCutsTheList()
     addMany(30);
     CDlgPersons page;
     page.show();
-    QVERIFY(!page.findChild<QLabel *>(QStringLiteral("incomplete"))->isVisible());
+    QVERIFY(!page.findChild<QLabel *>(QStringLiteral("notice"))->isVisible());
     Hand::named<KEdit>(&page, QStringLiteral("تعداد نمايش :"))->setText(QStringLiteral("20"));
     page.refill();
     QCOMPARE(page.list()->count(), 20);
-    QVERIFY(page.findChild<QLabel *>(QStringLiteral("incomplete"))->isVisible());
+    QVERIFY(page.findChild<QLabel *>(QStringLiteral("notice"))->isVisible());
+}
+
+void TestCDlgPersons::tellsWhenNobodyIsFound()
+{
+    Office::addPerson(QStringLiteral("الف"), {});
+    CDlgPersons page;
+    page.show();
+    auto *notice = page.findChild<QLabel *>(QStringLiteral("notice"));
+    search(&page)->setText(QStringLiteral("زصضط"));
+    QTRY_VERIFY(notice->isVisible());
+    QVERIFY(notice->text().contains(QStringLiteral("جديد")));
+    search(&page)->clear();
+    QTRY_VERIFY(!notice->isVisible());
 }
 
 void TestCDlgPersons::sortsByAClickedColumn()
