@@ -53,18 +53,23 @@ bool changesSchema(const QString &statement)
 class BeforeSchemaChange
 {
 public:
-    explicit BeforeSchemaChange(const std::function<void()> &action)
+    explicit BeforeSchemaChange(std::function<void()> action)
+        : m_action(std::move(action))
     {
-        KConnection::setStatementObserver([action, done = false](const QString &statement) mutable {
-            if (done || !changesSchema(statement))
-                return;
-            done = true;
-            action();
+        KConnection::setStatementObserver([this](const QString &statement) {
+            if (!m_done && changesSchema(statement)) {
+                m_done = true;
+                m_action();
+            }
         });
     }
     ~BeforeSchemaChange() { KConnection::setStatementObserver({}); }
     BeforeSchemaChange(const BeforeSchemaChange &) = delete;
     BeforeSchemaChange &operator=(const BeforeSchemaChange &) = delete;
+
+private:
+    std::function<void()> m_action;
+    bool m_done = false;
 };
 
 const QString schemaSection = QStringLiteral("Schema");

@@ -259,6 +259,9 @@ bool HostProgram::restartServer()
         try {
             m_server->restart([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
             m_splash.hide();
+            // What was connected to the server that ended would fail once more before it notices.
+            KConnection::closeThreadConnections();
+            qCInfo(lcHost) << "the server runs again";
             return true;
         } catch (const ServerError &error) {
             m_splash.hide();

@@ -139,7 +139,7 @@ void MainWindow::buildManagementMenu()
                                             QKeySequence(Qt::CTRL | Qt::Key_5)}));
     menu->addSeparator();
     m_startActions.append(addCommand(menu, {QStringLiteral("پشتیبان‌گیری"), QStringLiteral("save"),
-                                            [this] { Backup::takeNow(m_folder.backupsPath(), this); },
+                                            [this] { takeBackup(); },
                                             QKeySequence(Qt::CTRL | Qt::Key_B)}));
     addCommand(menu, {QStringLiteral("پوشه پشتیبان‌ها"), QStringLiteral("database"),
                       [this] { Backup::showFolder(m_folder.backupsPath(), this); }});
@@ -208,13 +208,25 @@ void MainWindow::openContracts()
     m_module->ShowAutomobilContractDlg();
 }
 
-void MainWindow::editSettings()
+bool MainWindow::mayManage(bool changes)
 {
     KSecurity security;
     security.SetFormName(QStringLiteral("Settings"));
     security.CheckSecurity();
-    if (security.CheckAccessSecurity() && security.CheckModifySecurity() && CDlgSettings(this).exec() == QDialog::Accepted)
+    return security.CheckAccessSecurity() && (!changes || security.CheckModifySecurity());
+}
+
+void MainWindow::editSettings()
+{
+    if (mayManage(true) && CDlgSettings(this).exec() == QDialog::Accepted)
         refresh();
+}
+
+void MainWindow::takeBackup()
+{
+    // A backup holds everything, also what its taker may not open here.
+    if (mayManage(false))
+        Backup::takeNow(m_folder.backupsPath(), this);
 }
 
 void MainWindow::restoreWindow()

@@ -59,7 +59,10 @@ private:
     // Brings the page of that type to the front; opens one when there is none and the user may see it.
     template <class Page>
     void openOnce();
+    // Whether the user may see (or change) what concerns the whole office; a refusal is told.
+    bool mayManage(bool changes);
     void editSettings();
+    void takeBackup();
     void showDate();
     void restoreWindow();
 

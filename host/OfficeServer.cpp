@@ -37,7 +37,7 @@ bool open(const KConnectionSettings &settings, QWidget *parent, bool *refusedAcc
 {
     KConnection::configure(0, settings);
     try {
-        KConnection::forThread(0).verify();
+        KConnection::forThread(0).run(QByteArrayLiteral("SELECT 1"));
         return true;
     } catch (const CMySQLException &error) {
         *refusedAccount = isRefusedAccount(error);
