@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "suite/utility/KSettings.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QTemporaryDir>
+#include <QWidget>
+
+// An office for tests of the host's windows: the suite's tables, the administrator "admin" with the password "secret" at
+// work, settings in a folder of the test's own, and no message box that waits for anybody.
+class HostTestOffice
+{
+public:
+    HostTestOffice()
+    {
+        CTblUsers::setHashCost(CTblUsers::leastCost());
+        fresh();
+    }
+    ~HostTestOffice()
+    {
+        GetDBSetting()->Logout();
+        silence(false);
+    }
+
+    // Everything as at the beginning.
+    void fresh()
+    {
+        GetDBSetting()->Logout();
+        database.recreate();
+        SuiteSchema::upgrade();
+        setSettingsFile(settings.filePath(QStringLiteral("settings%1.ini").arg(++m_run)));
+        admin = CTblUsers::create(QStringLiteral("admin"), QStringLiteral("secret"), QStringLiteral("مدیر"), true);
+        GetDBSetting()->Login(admin);
+        silence(false);
+        silence(true);
+    }
+
+    // A user without any right, at work from now on.
+    int loginClerk()
+    {
+        const int clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("clerk1"), {}, false);
+        GetDBSetting()->Login(clerk);
+        return clerk;
+    }
+
+    // The one control of that accessible name.
+    template <class Widget>
+    static Widget *named(const QWidget &window, const QString &name)
+    {
+        for (Widget *widget : window.findChildren<Widget *>())
+            if (widget->accessibleName() == name)
+                return widget;
+        return nullptr;
+    }
+
+    TestDatabase database;
+    QTemporaryDir settings;
+    int admin = 0;
+
+private:
+    static void silence(bool on)
+    {
+        for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
+            dialog->answerAll(on);
+    }
+
+    int m_run = 0;
+};

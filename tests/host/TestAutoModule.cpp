@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/AutoModule.h"
+
+#include "suite/accounting/KExtensionModules.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestAutoModule : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QVERIFY(KExtensionModules::names().isEmpty()); }
+    void moduleIsLoadedAndUnloaded();
+    void missingModuleIsToldInOneSentence();
+    void refusedModuleIsToldInOneSentence();
+    void fileThatIsNoLibraryIsToldInOneSentence();
+};
+
+namespace {
+
+QString libraryIn(const QTemporaryDir &folder)
+{
+    return folder.filePath(QStringLiteral("libTzAuto.so"));
+}
+
+}
+
+void TestAutoModule::moduleIsLoadedAndUnloaded()
+{
+    AutoModule module;
+    QVERIFY(!module.entry());
+    QVERIFY2(module.load(QStringLiteral(TZ_MODULE_DIR)), qPrintable(module.errorText()));
+    QVERIFY(module.entry());
+    QCOMPARE(KExtensionModules::names(), QStringList{QStringLiteral("TzAuto")});
+    module.unload();
+    QVERIFY(!module.entry());
+}
+
+void TestAutoModule::missingModuleIsToldInOneSentence()
+{
+    const QTemporaryDir empty;
+    AutoModule module;
+    QVERIFY(!module.load(empty.path()));
+    QVERIFY(!module.entry());
+    QVERIFY(module.errorText().contains(QStringLiteral("TzAuto")));
+}
+
+void TestAutoModule::refusedModuleIsToldInOneSentence()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QFile::copy(QStringLiteral(TZ_OUTDATED_MODULE), libraryIn(folder)));
+    AutoModule module;
+    QVERIFY(!module.load(folder.path()));
+    QVERIFY(!module.entry());
+    QVERIFY(!module.errorText().isEmpty());
+}
+
+void TestAutoModule::fileThatIsNoLibraryIsToldInOneSentence()
+{
+    const QTemporaryDir folder;
+    QFile file(libraryIn(folder));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("words");
+    file.close();
+    AutoModule module;
+    QVERIFY(!module.load(folder.path()));
+    QVERIFY(!module.errorText().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestAutoModule)
+#include "TestAutoModule.moc"

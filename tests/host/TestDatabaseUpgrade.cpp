@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/DatabaseUpgrade.h"
+
+#include "auto/CAutoDBSetting.h"
+#include "host/server/DatabaseDump.h"
+#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+// The upgrade is the module's own; only an upgrade that breaks off half-way is played.
+class TestDatabaseUpgrade : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void freshDatabaseIsBroughtUpWithoutADump();
+    void secondRunChangesNothing();
+    void olderDatabaseWithRowsIsDumpedFirst();
+    void dumpHoldsTheDatabaseAsItWas();
+    void olderDatabaseWithoutRowsIsNotDumped();
+    void suiteUpgradeWithRowsIsDumpedFirst();
+    void oneDumpServesBothUpgrades();
+    void dumpThatFailsStopsTheUpgrade();
+    void failedModuleUpgradeIsResumed();
+    void contractsGetTheirFiscalYear();
+
+private:
+    void run(DatabaseUpgrade &upgrade);
+    void makeOlder();
+    QStringList dumps() const;
+
+    TestDatabase m_database;
+    std::unique_ptr<QTemporaryDir> m_backups;
+    QStringList m_waitedFor;
+};
+
+namespace {
+
+// Stops in the middle once, as a server that ran out of room would make it.
+class HaltingModule : public CAutoDBSetting
+{
+public:
+    int IsAClosedDB() override { return 0; }
+    int UpdateDB(int, double, double &reachedVersion, bool alterFlag) override
+    {
+        flags.append(alterFlag);
+        reachedVersion = 4.22;
+        return ends ? 1 : 0;
+    }
+    void ShowAutomobilInformationsDlg() override { }
+    void ShowAutomobilContractDlg() override { }
+    void ShowAutomobilDemandsDlg() override { }
+    void ShowAutomobilReportSeasonsDlg() override { }
+    void Archives() override { }
+
+    bool ends = false;
+    QList<bool> flags;
+};
+
+}
+
+void TestDatabaseUpgrade::init()
+{
+    m_database.recreate();
+    m_backups = std::make_unique<QTemporaryDir>();
+    m_waitedFor.clear();
+    g_pDlgMessage->answerAll(true);
+}
+
+void TestDatabaseUpgrade::cleanup()
+{
+    g_pDlgMessage->answerAll(false);
+}
+
+void TestDatabaseUpgrade::run(DatabaseUpgrade &upgrade)
+{
+    upgrade.upgradeSuite();
+    QVERIFY(upgrade.upgradeModule(*GetAutoDBSetting()));
+}
+
+// As a program of some years ago left it.
+void TestDatabaseUpgrade::makeOlder()
+{
+    DatabaseUpgrade fresh(m_backups->path(), [](const QString &) {});
+    run(fresh);
+    m_database.run(QStringLiteral("ALTER TABLE AutomobilDemands DROP COLUMN iAlarmID"));
+    SuiteSchema::setModuleVersion(5.104);
+}
+
+QStringList TestDatabaseUpgrade::dumps() const
+{
+    return QDir(m_backups->path()).entryList({QStringLiteral("*.sql")}, QDir::Files);
+}
+
+void TestDatabaseUpgrade::freshDatabaseIsBroughtUpWithoutADump()
+{
+    DatabaseUpgrade upgrade(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
+    run(upgrade);
+    QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+    QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
+    QVERIFY(upgrade.dumpTaken().isEmpty());
+    QVERIFY(dumps().isEmpty());
+    QCOMPARE(m_waitedFor.size(), 2);
+}
+
+void TestDatabaseUpgrade::secondRunChangesNothing()
+{
+    DatabaseUpgrade first(m_backups->path(), [](const QString &) {});
+    run(first);
+    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    DatabaseUpgrade second(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
+    run(second);
+    QVERIFY(m_waitedFor.isEmpty());
+    QVERIFY(dumps().isEmpty());
+}
+
+void TestDatabaseUpgrade::olderDatabaseWithRowsIsDumpedFirst()
+{
+    makeOlder();
+    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts(iCode) VALUES(7)"));
+    DatabaseUpgrade upgrade(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
+    run(upgrade);
+    QCOMPARE(dumps().size(), 1);
+    QVERIFY(DatabaseDump::isWhole(upgrade.dumpTaken()));
+    QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts")), QStringLiteral("7"));
+    QVERIFY(!m_waitedFor.isEmpty());
+}
+
+void TestDatabaseUpgrade::dumpHoldsTheDatabaseAsItWas()
+{
+    makeOlder();
+    m_database.run(QStringLiteral("INSERT INTO AutomobilDemands(iCode) VALUES(9)"));
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    run(upgrade);
+    QFile dump(upgrade.dumpTaken());
+    QVERIFY(dump.open(QIODevice::ReadOnly));
+    const QByteArray text = dump.readAll();
+    QVERIFY(text.contains("INSERT INTO `AutomobilDemands`"));
+    QVERIFY(!text.contains("iAlarmID"));
+}
+
+void TestDatabaseUpgrade::olderDatabaseWithoutRowsIsNotDumped()
+{
+    makeOlder();
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    run(upgrade);
+    QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
+    QVERIFY(dumps().isEmpty());
+}
+
+void TestDatabaseUpgrade::suiteUpgradeWithRowsIsDumpedFirst()
+{
+    SuiteSchema::upgrade();
+    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    CTblProperties::DBWriteSettingInt(QStringLiteral("Schema"), QStringLiteral("Suite"), 1);
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    upgrade.upgradeSuite();
+    QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+    QCOMPARE(dumps().size(), 1);
+}
+
+void TestDatabaseUpgrade::oneDumpServesBothUpgrades()
+{
+    makeOlder();
+    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    m_database.run(QStringLiteral("ALTER TABLE AutomobilInformations DROP COLUMN iYear"));
+    SuiteSchema::setModuleVersion(5.097);
+    CTblProperties::DBWriteSettingInt(QStringLiteral("Schema"), QStringLiteral("Suite"), 1);
+    int dumpsBegun = 0;
+    QString last;
+    DatabaseUpgrade upgrade(m_backups->path(), [&](const QString &text) {
+        dumpsBegun += text != last && text.contains(QStringLiteral("پشتیبان")) ? 1 : 0;
+        last = text;
+    });
+    run(upgrade);
+    QCOMPARE(dumpsBegun, 1);
+    QCOMPARE(dumps().size(), 1);
+}
+
+void TestDatabaseUpgrade::dumpThatFailsStopsTheUpgrade()
+{
+    makeOlder();
+    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    // A file stands where the folder would be made.
+    QFile inTheWay(m_backups->filePath(QStringLiteral("backups")));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    DatabaseUpgrade upgrade(inTheWay.fileName(), [](const QString &) {});
+    upgrade.upgradeSuite();
+    QVERIFY_THROWS_EXCEPTION(ServerError, static_cast<void>(upgrade.upgradeModule(*GetAutoDBSetting())));
+    QCOMPARE(SuiteSchema::moduleVersion(), 5.104);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE() "
+                                             "AND TABLE_NAME='AutomobilDemands' AND COLUMN_NAME='iAlarmID'")),
+             QStringLiteral("0"));
+    // The next statement runs as any other: nothing of the guard is left.
+    m_database.run(QStringLiteral("CREATE TABLE Later(iID INT)"));
+}
+
+void TestDatabaseUpgrade::failedModuleUpgradeIsResumed()
+{
+    SuiteSchema::upgrade();
+    m_database.run(QStringLiteral("CREATE TABLE AutomobilContracts(iID INT)"));
+    HaltingModule module;
+    const auto tryOnce = [this, &module] {
+        DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+        return upgrade.upgradeModule(module);
+    };
+    QVERIFY(!tryOnce());
+    QCOMPARE(SuiteSchema::moduleVersion(), 4.22);
+    module.ends = true;
+    QVERIFY(tryOnce());
+    QVERIFY(tryOnce());
+    // The step that was left half done may meet its own columns; a later one may not.
+    QCOMPARE(module.flags, (QList<bool>{true, false, true}));
+}
+
+void TestDatabaseUpgrade::contractsGetTheirFiscalYear()
+{
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    run(upgrade);
+    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts(iCode) VALUES(1)"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts")), QStringLiteral("0"));
+}
+
+QTEST_MAIN(TestDatabaseUpgrade)
+#include "TestDatabaseUpgrade.moc"

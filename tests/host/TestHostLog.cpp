@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/HostLog.h"
+
+#include "host/StartupClock.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestHostLog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { HostLog::stop(); }
+    void whatCameBeforeTheFolderIsKnownIsKept();
+    void theLogOfTheStartBeforeIsKeptAndNoOlderOne();
+    void onlyTheOwnerReadsIt();
+    void phasesOfTheStartHaveOneLineEach();
+    void aFolderThatCannotBeWrittenIsTold();
+};
+
+namespace {
+
+QString textOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+void writeOneStart(const QString &folder, const char *words)
+{
+    HostLog::collect();
+    QVERIFY(HostLog::start(folder));
+    qInfo("%s", words);
+    HostLog::stop();
+}
+
+}
+
+void TestHostLog::whatCameBeforeTheFolderIsKnownIsKept()
+{
+    const QTemporaryDir folder;
+    HostLog::collect();
+    qInfo("early words");
+    QVERIFY(HostLog::start(folder.path()));
+    qInfo("later words");
+    const QString text = textOf(HostLog::fileName(folder.path()));
+    QVERIFY(text.contains(QStringLiteral("early words")));
+    QVERIFY(text.indexOf(QStringLiteral("early words")) < text.indexOf(QStringLiteral("later words")));
+}
+
+void TestHostLog::theLogOfTheStartBeforeIsKeptAndNoOlderOne()
+{
+    const QTemporaryDir folder;
+    writeOneStart(folder.path(), "first start");
+    writeOneStart(folder.path(), "second start");
+    writeOneStart(folder.path(), "third start");
+    const QString now = textOf(HostLog::fileName(folder.path()));
+    const QString before = textOf(HostLog::previousFileName(folder.path()));
+    QVERIFY(now.contains(QStringLiteral("third start")));
+    QVERIFY(!now.contains(QStringLiteral("second start")));
+    QVERIFY(before.contains(QStringLiteral("second start")));
+    QVERIFY(!before.contains(QStringLiteral("first start")));
+}
+
+void TestHostLog::onlyTheOwnerReadsIt()
+{
+    const QTemporaryDir folder;
+    writeOneStart(folder.path(), "words");
+    const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    QVERIFY(!(QFile::permissions(HostLog::fileName(folder.path())) & others));
+}
+
+void TestHostLog::phasesOfTheStartHaveOneLineEach()
+{
+    const QTemporaryDir folder;
+    HostLog::collect();
+    QVERIFY(HostLog::start(folder.path()));
+    StartupClock clock;
+    clock.reached("server");
+    clock.finished();
+    const QString text = textOf(HostLog::fileName(folder.path()));
+    QVERIFY2(text.contains(QRegularExpression(QStringLiteral("startup: server \\d+\\n"))), qPrintable(text));
+    QVERIFY2(text.contains(QRegularExpression(QStringLiteral("startup: total \\d+\\n"))), qPrintable(text));
+}
+
+void TestHostLog::aFolderThatCannotBeWrittenIsTold()
+{
+    const QTemporaryDir folder;
+    HostLog::collect();
+    QVERIFY(!HostLog::start(folder.filePath(QStringLiteral("not there"))));
+}
+
+QTEST_GUILESS_MAIN(TestHostLog)
+#include "TestHostLog.moc"

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/HostOptions.h"
+
+#include <QTest>
+
+class TestHostOptions : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingGivenIsAPrivateServerInTheUsersFolder();
+    void officeServer_data();
+    void officeServer();
+    void allValuesAreTaken();
+    void refused_data();
+    void refused();
+    void passwordNeverStandsOnTheCommandLine();
+    void helpAndVersionComeBeforeEveryProblem();
+    void helpNamesEveryOptionInBothLanguages();
+};
+
+namespace {
+
+HostOptions parse(const QString &line, bool persian = false)
+{
+    return HostOptions::parse(line.split(u' ', Qt::SkipEmptyParts), persian);
+}
+
+}
+
+void TestHostOptions::nothingGivenIsAPrivateServerInTheUsersFolder()
+{
+    const HostOptions options = parse({});
+    QCOMPARE(options.error, QString());
+    QVERIFY(options.dataDir.isEmpty());
+    QVERIFY(!options.connect);
+    QVERIFY(!options.demo);
+    QCOMPARE(options.demoSize, 300);
+}
+
+void TestHostOptions::officeServer_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<QString>("host");
+    QTest::addColumn<int>("port");
+    QTest::addColumn<QString>("database");
+    QTest::newRow("host and database") << "office/books" << "office" << 3306 << "books";
+    QTest::newRow("with a port") << "office:3307/books" << "office" << 3307 << "books";
+    QTest::newRow("four numbers") << "10.0.0.5:3307/books" << "10.0.0.5" << 3307 << "books";
+    QTest::newRow("six in brackets") << "[::1]/books" << "::1" << 3306 << "books";
+    QTest::newRow("six in brackets with a port") << "[fe80::1]:4000/books" << "fe80::1" << 4000 << "books";
+}
+
+void TestHostOptions::officeServer()
+{
+    QFETCH(QString, address);
+    const HostOptions options = parse(QStringLiteral("--user sara --connect ") + address);
+    QCOMPARE(options.error, QString());
+    QVERIFY(options.connect);
+    QTEST(options.host, "host");
+    QTEST(int(options.port), "port");
+    QTEST(options.database, "database");
+}
+
+void TestHostOptions::allValuesAreTaken()
+{
+    const HostOptions office = parse(QStringLiteral("--connect office/books --user sara --tls --ca /etc/ca.pem --password-file "
+                                                    "/home/sara/word --data-dir /tmp/a --module-dir /tmp/b"));
+    QCOMPARE(office.error, QString());
+    QCOMPARE(office.user, QStringLiteral("sara"));
+    QVERIFY(office.tls);
+    QCOMPARE(office.caFile, QStringLiteral("/etc/ca.pem"));
+    QCOMPARE(office.passwordFile, QStringLiteral("/home/sara/word"));
+    QCOMPARE(office.dataDir, QStringLiteral("/tmp/a"));
+    QCOMPARE(office.moduleDir, QStringLiteral("/tmp/b"));
+
+    const HostOptions demo = parse(QStringLiteral("--demo --demo-size 10000 --quit-after-login-shown"));
+    QCOMPARE(demo.error, QString());
+    QVERIFY(demo.demo);
+    QCOMPARE(demo.demoSize, 10000);
+    QVERIFY(demo.quitAfterLoginShown);
+}
+
+void TestHostOptions::refused_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("unknown option") << "--colour" << "colour";
+    QTest::newRow("loose word") << "office" << "office";
+    QTest::newRow("no value") << "--data-dir" << "data-dir";
+    QTest::newRow("no database") << "--user sara --connect office" << "HOST[:PORT]/DATABASE";
+    QTest::newRow("empty database") << "--user sara --connect office/" << "HOST[:PORT]/DATABASE";
+    QTest::newRow("no host") << "--user sara --connect /books" << "HOST[:PORT]/DATABASE";
+    QTest::newRow("port is no number") << "--user sara --connect office:x/books" << "HOST[:PORT]/DATABASE";
+    QTest::newRow("port 0") << "--user sara --connect office:0/books" << "HOST[:PORT]/DATABASE";
+    QTest::newRow("port above 65535") << "--user sara --connect office:65536/books" << "HOST[:PORT]/DATABASE";
+    QTest::newRow("office without a user") << "--connect office/books" << "--user";
+    QTest::newRow("user without an office") << "--user sara" << "--connect";
+    QTest::newRow("tls without an office") << "--tls" << "--connect";
+    QTest::newRow("ca without tls") << "--connect office/books --user sara --ca /ca.pem" << "--tls";
+    QTest::newRow("demo on an office server") << "--connect office/books --user sara --demo" << "--demo";
+    QTest::newRow("size without demo") << "--demo-size 5" << "--demo";
+    QTest::newRow("size 0") << "--demo --demo-size 0" << "1000000";
+    QTest::newRow("size is no number") << "--demo --demo-size many" << "1000000";
+    QTest::newRow("size too large") << "--demo --demo-size 1000001" << "1000000";
+}
+
+void TestHostOptions::refused()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, named);
+    const QString english = parse(line, false).error;
+    QVERIFY2(english.contains(named), qPrintable(english));
+}
+
+void TestHostOptions::passwordNeverStandsOnTheCommandLine()
+{
+    QVERIFY(!parse(QStringLiteral("--connect office/books --user sara --password secret")).error.isEmpty());
+    QVERIFY(!parse(QStringLiteral("--connect sara:secret@office/books --user sara")).error.isEmpty());
+}
+
+void TestHostOptions::helpAndVersionComeBeforeEveryProblem()
+{
+    QVERIFY(parse(QStringLiteral("--help --demo-size 5")).help);
+    QCOMPARE(parse(QStringLiteral("--help --demo-size 5")).error, QString());
+    QVERIFY(parse(QStringLiteral("--version")).version);
+    QVERIFY(HostOptions::versionText(false).contains(QStringLiteral(TZ_VERSION)));
+    QVERIFY(HostOptions::versionText(true).contains(QStringLiteral("نسخه")));
+}
+
+void TestHostOptions::helpNamesEveryOptionInBothLanguages()
+{
+    for (const bool persian : {false, true}) {
+        const QString help = HostOptions::helpText(persian);
+        for (const char *option : {"--data-dir DIR", "--connect HOST[:PORT]/DATABASE", "--user NAME", "--password-file FILE",
+                                   "--tls", "--ca FILE", "--demo", "--demo-size N", "--module-dir DIR", "--help", "--version"})
+            QVERIFY2(help.contains(QString::fromLatin1(option)), option);
+        QVERIFY(!help.contains(QStringLiteral("quit-after-login-shown")));
+    }
+    QVERIFY(HostOptions::helpText(true).contains(QStringLiteral("کاربرد")));
+}
+
+QTEST_GUILESS_MAIN(TestHostOptions)
+#include "TestHostOptions.moc"

@@ -1,0 +1,382 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/HostProgram.h"
+
+#include "auto/db/CTblTemp.h"
+#include "host/CDlgFirstStart.h"
+#include "host/CDlgLogin.h"
+#include "host/HostLog.h"
+#include "host/MainWindow.h"
+#include "host/WorkArea.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+// The program from its start to its end: in this process, so that its windows can be driven, on a server of its own; and
+// as a process where the command line matters.
+class TestHostProgram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { CTblUsers::setHashCost(CTblUsers::leastCost()); }
+    void init();
+    void cleanup();
+    void helpAndVersionNeedNoDisplay();
+    void wrongCommandLineIsToldWithItsOwnExitCode();
+    void newOfficeGoesFromFirstStartToWork();
+    void existingOfficeGoesStraightToTheLogin();
+    void logTellsTheTimeOfEachPhaseAndNoSecret();
+    void missingModuleIsToldOnceAndTheProgramGoesOn();
+    void serverThatDiesIsRestartedWithOneMessage();
+    void secondStartLeavesTheFolderToTheFirst();
+    void demoOfficeIsFilledOnce();
+    void anotherUserCanLogIn();
+    void folderThatCannotBeUsedIsTold();
+
+private:
+    // Runs the program and calls step every few milliseconds with the window that takes input, until the program ends.
+    int drive(const std::function<void(QWidget *)> &step);
+    void makeOffice();
+    static void fillFirstStart(const CDlgFirstStart &dialog);
+    static void logIn(const CDlgLogin &dialog, const QString &user, const QString &password);
+    static QWidget *inputWindow();
+    QString logText() const;
+    bool serverRuns() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    HostOptions m_options;
+};
+
+namespace {
+
+constexpr int longestRunMilliseconds = 120000;
+
+KEdit *edit(const QWidget &window, const QString &label)
+{
+    for (KEdit *candidate : window.findChildren<KEdit *>())
+        if (candidate->accessibleName() == label)
+            return candidate;
+    return nullptr;
+}
+
+QByteArray output(const QStringList &arguments, int *exitCode)
+{
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QString::fromLatin1(display));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    program.setProcessEnvironment(environment);
+    program.setProcessChannelMode(QProcess::MergedChannels);
+    program.start(QStringLiteral(TZ_HOST_PROGRAM), arguments);
+    program.waitForFinished();
+    *exitCode = program.exitCode();
+    return program.readAll();
+}
+
+}
+
+void TestHostProgram::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_options = HostOptions();
+    m_options.dataDir = m_folder->filePath(QStringLiteral("office"));
+    m_options.moduleDir = QStringLiteral(TZ_MODULE_DIR);
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
+        dialog->answerAll(true);
+}
+
+void TestHostProgram::cleanup()
+{
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
+        dialog->answerAll(false);
+    QVERIFY(!serverRuns());
+    m_folder.reset();
+}
+
+QWidget *TestHostProgram::inputWindow()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows)
+        if (window->isVisible() && qobject_cast<MainWindow *>(window))
+            return window;
+    return nullptr;
+}
+
+int TestHostProgram::drive(const std::function<void(QWidget *)> &step)
+{
+    QElapsedTimer running;
+    running.start();
+    QTimer timer;
+    timer.setInterval(15);
+    connect(&timer, &QTimer::timeout, this, [&] {
+        QWidget *window = inputWindow();
+        if (running.elapsed() > longestRunMilliseconds && window)
+            window->close();
+        else if (window)
+            step(window);
+    });
+    timer.start();
+    StartupClock clock;
+    HostLog::collect();
+    const int result = HostProgram(m_options, clock).run();
+    HostLog::stop();
+    return result;
+}
+
+void TestHostProgram::fillFirstStart(const CDlgFirstStart &dialog)
+{
+    edit(dialog, QStringLiteral("نام کاربری :"))->setText(QStringLiteral("sara"));
+    edit(dialog, QStringLiteral("کلمه عبور :"))->setText(QStringLiteral("gallery7"));
+    edit(dialog, QStringLiteral("تکرار کلمه عبور :"))->setText(QStringLiteral("gallery7"));
+    edit(dialog, QStringLiteral("نام نمایشگاه :"))->setText(QStringLiteral("نمایشگاه آریا"));
+}
+
+void TestHostProgram::logIn(const CDlgLogin &dialog, const QString &user, const QString &password)
+{
+    edit(dialog, QStringLiteral("نام کاربری :"))->setText(user);
+    edit(dialog, QStringLiteral("کلمه عبور :"))->setText(password);
+}
+
+void TestHostProgram::makeOffice()
+{
+    QCOMPARE(drive([](QWidget *window) {
+        if (auto *first = qobject_cast<CDlgFirstStart *>(window)) {
+            fillFirstStart(*first);
+            first->accept();
+        } else {
+            window->close();
+        }
+    }), 0);
+}
+
+QString TestHostProgram::logText() const
+{
+    QFile file(HostLog::fileName(DataFolder(m_options.dataDir).logsPath()));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+bool TestHostProgram::serverRuns() const
+{
+    return QFile::exists(DataFolder(m_options.dataDir).databasePath() + QStringLiteral("/server.pid"));
+}
+
+void TestHostProgram::helpAndVersionNeedNoDisplay()
+{
+    int exitCode = -1;
+    const QByteArray help = output({QStringLiteral("--help")}, &exitCode);
+    QCOMPARE(exitCode, 0);
+    QVERIFY2(help.contains("--data-dir"), help.constData());
+    const QByteArray version = output({QStringLiteral("--version")}, &exitCode);
+    QCOMPARE(exitCode, 0);
+    QCOMPARE(version, QByteArray("TzAuto " TZ_VERSION "\n"));
+}
+
+void TestHostProgram::wrongCommandLineIsToldWithItsOwnExitCode()
+{
+    int exitCode = -1;
+    const QByteArray words = output({QStringLiteral("--colour")}, &exitCode);
+    QCOMPARE(exitCode, 2);
+    QVERIFY2(words.contains("colour"), words.constData());
+}
+
+void TestHostProgram::newOfficeGoesFromFirstStartToWork()
+{
+    QStringList windows;
+    QString proposed;
+    const int result = drive([&](QWidget *window) {
+        windows.append(QString::fromLatin1(window->metaObject()->className()));
+        if (auto *first = qobject_cast<CDlgFirstStart *>(window)) {
+            fillFirstStart(*first);
+            first->accept();
+        } else if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+            proposed = edit(*login, QStringLiteral("نام کاربری :"))->text();
+            logIn(*login, proposed, QStringLiteral("gallery7"));
+            login->accept();
+        } else {
+            window->close();
+        }
+    });
+    QCOMPARE(result, 0);
+    windows.removeDuplicates();
+    QCOMPARE(windows, (QStringList{QStringLiteral("CDlgFirstStart"), QStringLiteral("CDlgLogin"), QStringLiteral("MainWindow")}));
+    QCOMPARE(proposed, QStringLiteral("sara"));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestHostProgram::existingOfficeGoesStraightToTheLogin()
+{
+    makeOffice();
+    QStringList windows;
+    drive([&](QWidget *window) {
+        windows.append(QString::fromLatin1(window->metaObject()->className()));
+        window->close();
+    });
+    QCOMPARE(windows, QStringList{QStringLiteral("CDlgLogin")});
+}
+
+void TestHostProgram::logTellsTheTimeOfEachPhaseAndNoSecret()
+{
+    makeOffice();
+    m_options.quitAfterLoginShown = true;
+    QCOMPARE(drive([](QWidget *) {}), 0);
+    const QString log = logText();
+    for (const char *phase : {"folder", "server", "suite-schema", "module", "module-schema", "login", "total"}) {
+        const QRegularExpression line(QStringLiteral("startup: %1 \\d+\\n").arg(QString::fromLatin1(phase)));
+        QVERIFY2(log.count(line) == 1, qPrintable(QString::fromLatin1(phase) + u'\n' + log));
+    }
+    QFile account(DataFolder(m_options.dataDir).clientConfigPath());
+    QVERIFY(account.open(QIODevice::ReadOnly));
+    const QRegularExpressionMatch secret =
+        QRegularExpression(QStringLiteral("password=\"(.+)\"")).match(QString::fromUtf8(account.readAll()));
+    QVERIFY(secret.hasMatch());
+    QVERIFY(!log.contains(secret.captured(1)));
+    QVERIFY(!log.contains(QStringLiteral("gallery7")));
+}
+
+void TestHostProgram::missingModuleIsToldOnceAndTheProgramGoesOn()
+{
+    makeOffice();
+    m_options.moduleDir = m_folder->path();
+    bool worked = false;
+    drive([&](QWidget *window) {
+        if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+            logIn(*login, QStringLiteral("sara"), QStringLiteral("gallery7"));
+            login->accept();
+            return;
+        }
+        for (QAction *action : window->findChildren<QAction *>())
+            if (action->text() == QStringLiteral("اشخاص"))
+                action->trigger();
+        worked = static_cast<MainWindow *>(window)->workArea()->count() == 1;
+        window->close();
+    });
+    QVERIFY(worked);
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY(shown.constFirst().contains(QStringLiteral("TzAuto")));
+}
+
+void TestHostProgram::serverThatDiesIsRestartedWithOneMessage()
+{
+    makeOffice();
+    bool killed = false;
+    QString answer;
+    drive([&](QWidget *window) {
+        if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+            logIn(*login, QStringLiteral("sara"), QStringLiteral("gallery7"));
+            login->accept();
+        } else if (!killed) {
+            killed = true;
+            QFile pid(DataFolder(m_options.dataDir).databasePath() + QStringLiteral("/server.pid"));
+            QVERIFY(pid.open(QIODevice::ReadOnly));
+            QCOMPARE(QProcess::execute(QStringLiteral("kill"),
+                                       {QStringLiteral("-9"), QString::fromLatin1(pid.readAll().trimmed())}), 0);
+        } else if (logText().contains(QStringLiteral("the server runs again"))) {
+            CTblTemp query;
+            query.Open(true, false, true);
+            query.ExecuteQuery(QStringLiteral("SELECT sUser FROM Users"));
+            answer = query.GetTextFieldValue(0);
+            window->close();
+        }
+    });
+    QCOMPARE(answer, QStringLiteral("sara"));
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+}
+
+void TestHostProgram::secondStartLeavesTheFolderToTheFirst()
+{
+    makeOffice();
+    int exitCode = -1;
+    QElapsedTimer second;
+    drive([&](QWidget *window) {
+        QProcess program;
+        second.start();
+        program.start(QStringLiteral(TZ_HOST_PROGRAM), {QStringLiteral("--data-dir"), m_options.dataDir});
+        // The first program must answer while the second waits for it.
+        while (!program.waitForFinished(10) && second.elapsed() < 20000)
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+        exitCode = program.exitCode();
+        window->close();
+    });
+    QCOMPARE(exitCode, 0);
+    QVERIFY(second.elapsed() < 20000);
+}
+
+void TestHostProgram::demoOfficeIsFilledOnce()
+{
+    // As a process: what fills the office stands beside the program, not beside this test.
+    const QStringList arguments = {QStringLiteral("--demo"), QStringLiteral("--demo-size"), QStringLiteral("25"),
+                                   QStringLiteral("--data-dir"), m_options.dataDir, QStringLiteral("--quit-after-login-shown")};
+    const auto runProgram = [&] {
+        QProcess program;
+        program.start(QStringLiteral(TZ_HOST_PROGRAM), arguments);
+        return program.waitForFinished(longestRunMilliseconds) && program.exitCode() == 0;
+    };
+    QVERIFY(runProgram());
+    QVERIFY(logText().contains(QStringLiteral("startup: demo ")));
+    QVERIFY(runProgram());
+    QVERIFY(!logText().contains(QStringLiteral("startup: demo ")));
+
+    QString contracts;
+    drive([&](QWidget *window) {
+        CTblTemp query;
+        query.Open(true, false, true);
+        query.ExecuteQuery(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts"));
+        contracts = query.GetTextFieldValue(0);
+        window->close();
+    });
+    QCOMPARE(contracts, QStringLiteral("25"));
+}
+
+void TestHostProgram::anotherUserCanLogIn()
+{
+    makeOffice();
+    QStringList windows;
+    bool switched = false;
+    drive([&](QWidget *window) {
+        windows.append(QString::fromLatin1(window->metaObject()->className()));
+        if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+            if (switched) {
+                login->reject();
+                return;
+            }
+            logIn(*login, QStringLiteral("sara"), QStringLiteral("gallery7"));
+            login->accept();
+            return;
+        }
+        switched = true;
+        for (QAction *action : window->findChildren<QAction *>())
+            if (action->text() == QStringLiteral("ورود با کاربر دیگر"))
+                action->trigger();
+    });
+    QCOMPARE(windows, (QStringList{QStringLiteral("CDlgLogin"), QStringLiteral("MainWindow"), QStringLiteral("CDlgLogin")}));
+}
+
+void TestHostProgram::folderThatCannotBeUsedIsTold()
+{
+    // A file stands where the folder would be.
+    QFile file(m_options.dataDir);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(drive([](QWidget *) {}), 1);
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY2(shown.constFirst().contains(m_options.dataDir), qPrintable(shown.constFirst()));
+}
+
+QTEST_MAIN(TestHostProgram)
+#include "TestHostProgram.moc"

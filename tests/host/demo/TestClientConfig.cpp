@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/demo/ClientConfig.h"
+
+#include "host/server/ServerConfig.h"
+
+#include <QTest>
+
+class TestClientConfig : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatADataFolderWritesIsReadBack_data();
+    void whatADataFolderWritesIsReadBack();
+    void onlyTheGroupsOfClientsCount();
+    void missingFileIsTold();
+};
+
+void TestClientConfig::whatADataFolderWritesIsReadBack_data()
+{
+    QTest::addColumn<QString>("password");
+    QTest::newRow("plain") << "abcDEF-_123";
+    QTest::newRow("quote and backslash") << "a\"b\\c\\";
+    QTest::newRow("sign of a comment") << "#a=b;c";
+    QTest::newRow("blanks") << " a b ";
+    QTest::newRow("Persian") << "راز";
+}
+
+void TestClientConfig::whatADataFolderWritesIsReadBack()
+{
+    QFETCH(QString, password);
+    KConnectionSettings settings;
+    settings.user = QStringLiteral("tzauto");
+    settings.password = password;
+    settings.socketPath = QStringLiteral("/run/user/0/tz \"a\"/s.sock");
+    const KConnectionSettings read = ClientConfig::parse("# words\n" + ServerConfig::clientOptions(settings)
+                                                         + "[mysql]\ndatabase=" + ServerConfig::quoted(QStringLiteral("books")) + '\n');
+    QCOMPARE(read.user, settings.user);
+    QCOMPARE(read.password, password);
+    QCOMPARE(read.socketPath, settings.socketPath);
+    QCOMPARE(read.database, QStringLiteral("books"));
+    QVERIFY(read.host.isEmpty());
+}
+
+void TestClientConfig::onlyTheGroupsOfClientsCount()
+{
+    const KConnectionSettings read =
+        ClientConfig::parse("[mysqld]\nuser=server\nport=1\n[client]\nhost=office\nport=3307\n[other]\nhost=elsewhere\n");
+    QCOMPARE(read.host, QStringLiteral("office"));
+    QCOMPARE(read.port, 3307u);
+    QVERIFY(read.user.isEmpty());
+}
+
+void TestClientConfig::missingFileIsTold()
+{
+    QVERIFY(!ClientConfig::read(QStringLiteral("/nowhere/client.cnf")));
+}
+
+QTEST_GUILESS_MAIN(TestClientConfig)
+#include "TestClientConfig.moc"

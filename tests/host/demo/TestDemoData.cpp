@@ -1,0 +1,213 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/demo/DemoData.h"
+
+#include "auto/contracts/ContractPosting.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/NationalCode.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QTest>
+
+class TestDemoData : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void sameEveryTimeForTheSameSize();
+    void anotherSizeIsAnotherOffice();
+    void sizesFollowTheContracts();
+    void everyDocumentBalances();
+    void numbersRunThroughEachFiscalYear();
+    void documentsAreWhatTheEditorWouldPost();
+    void figuresAreWhatTheEditorWouldCompute();
+    void officeLooksAlive();
+    void personsAreValid();
+    void userCanLogIn();
+    void editorContinuesTheCodes();
+    void aDatabaseWithDataIsLeftAlone();
+
+private:
+    void fill(int contracts);
+    QString checksum();
+
+    TestDatabase m_database;
+};
+
+void TestDemoData::initTestCase()
+{
+    CTblUsers::setHashCost(CTblUsers::leastCost());
+    fill(300);
+}
+
+void TestDemoData::fill(int contracts)
+{
+    prepareModuleTables(m_database);
+    DemoData::fill(contracts);
+}
+
+QString TestDemoData::checksum()
+{
+    QString all;
+    for (const char *table : {"Persons", "AutomobilContracts", "Documents", "Docs", "Properties", "UserRights"}) {
+        CTblTemp query;
+        query.Open(false, false, true);
+        query.ExecuteQuery(QStringLiteral("CHECKSUM TABLE ") + QString::fromLatin1(table));
+        all += query.GetTextFieldValue(1) + u' ';
+    }
+    return all;
+}
+
+void TestDemoData::sameEveryTimeForTheSameSize()
+{
+    const QString first = checksum();
+    fill(300);
+    QCOMPARE(checksum(), first);
+}
+
+void TestDemoData::anotherSizeIsAnotherOffice()
+{
+    const QString first = checksum();
+    fill(301);
+    QVERIFY(checksum() != first);
+    fill(300);
+}
+
+void TestDemoData::sizesFollowTheContracts()
+{
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("300"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("200"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("300"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT DATEDIFF(MAX(dateContract),MIN(dateContract)) BETWEEN 700 AND 731 "
+                                             "FROM AutomobilContracts")),
+             QStringLiteral("1"));
+    fill(1);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("20"));
+    fill(300);
+}
+
+void TestDemoData::everyDocumentBalances()
+{
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(DISTINCT iFiscalYear,iDocNum) FROM Docs")), QStringLiteral("300"));
+    CTblDocuments documents;
+    for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
+        CTblDocuments::RequireBalanced(documents.m_iNum, documents.m_iFiscalYear);
+}
+
+void TestDemoData::numbersRunThroughEachFiscalYear()
+{
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM (SELECT iFiscalYear FROM Documents GROUP BY iFiscalYear "
+                                             "HAVING MIN(iNum)<>1 OR MAX(iNum)<>COUNT(*)) gaps")),
+             QStringLiteral("0"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents a JOIN Documents b ON b.iFiscalYear=a.iFiscalYear "
+                                             "AND b.iNum=a.iNum+1 WHERE b.date<a.date")),
+             QStringLiteral("0"));
+    CTblDocuments documents;
+    for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
+        QCOMPARE(documents.m_iFiscalYear, GetShamsi(documents.m_date.date()).year);
+}
+
+// Posting a contract anew keeps its document's number and gives the very rows that were made.
+void TestDemoData::documentsAreWhatTheEditorWouldPost()
+{
+    const QString rows = QStringLiteral("SELECT SHA1(GROUP_CONCAT(iHesabKolCode,'/',iHesabMoeenCode,'/',iPersonID,'/',dBed,'/',dBes,"
+                                        "'/',sDesc ORDER BY iID)) FROM Docs WHERE iDocNum=%1 AND iFiscalYear=%2");
+    const QString header = QStringLiteral("SELECT CONCAT(iKind,date,sDesc) FROM Documents WHERE iNum=%1 AND iFiscalYear=%2");
+    KTransaction transaction;
+    for (int code = 1; code <= 300; code += 7) {
+        CTblAutomobilContracts contract;
+        QVERIFY(contract.IsRecordExist(QStringLiteral("iCode"), code));
+        const int num = contract.m_iDocNum;
+        const int year = contract.m_iFiscalYear;
+        const QString before = m_database.value(rows.arg(num).arg(year)) + m_database.value(header.arg(num).arg(year));
+        QVERIFY(ContractPosting::post(contract));
+        QCOMPARE(contract.m_iDocNum, num);
+        QCOMPARE(m_database.value(rows.arg(num).arg(year)) + m_database.value(header.arg(num).arg(year)), before);
+    }
+}
+
+void TestDemoData::figuresAreWhatTheEditorWouldCompute()
+{
+    // Commission by tier, tax and duty by percentage, the total of the party that changed last.
+    QCOMPARE(m_database.value(QStringLiteral(
+                 "SELECT COUNT(*) FROM AutomobilContracts WHERE ABS(dCommission-dAmount*IF(dAmount<=5e9,1,IF(dAmount<=20e9,0.75,0.5))"
+                 "/100)>0.001 OR ABS(dTax-dCommission*6/100)>0.001 OR ABS(dImposition-dCommission*4/100)>0.001 "
+                 "OR ABS(dTax2-dTax)>0.001 OR ABS(dImposition2-dImposition)>0.001 "
+                 "OR ABS(dCommissionEveryPerson-dCommission-dTax2-dImposition2)>0.001")),
+             QStringLiteral("0"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE "
+                                             "ABS(dPayFirst-IF(iPersonContract1=1,dTax+dImposition,dCommissionEveryPerson-dDiscountFirst))"
+                                             ">0.001 OR ABS(dPaySecond-(dCommissionEveryPerson-dDiscountSecond))>0.001")),
+             QStringLiteral("0"));
+}
+
+void TestDemoData::officeLooksAlive()
+{
+    for (const char *condition : {"iContractType=0", "iContractType=1", "iContractType=2", "iContractType=3", "bReturn=1",
+                                  "iStatus=1", "iArchiveUserID>0", "iPersonContract1=1", "iPersonContract1=2", "dDiscountFirst>0"}) {
+        const QString count = m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE ")
+                                               + QString::fromLatin1(condition));
+        QVERIFY2(count.toInt() > 0 && count.toInt() < 300, condition);
+    }
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE sName1=sName2 OR sName1='' OR sName2=''")),
+             QStringLiteral("0"));
+    QCOMPARE(CompanyDetails::read().name(), QStringLiteral("نمایشگاه اتومبیل آریا"));
+    QCOMPARE(NationalCode::checkCompany(CompanyDetails::read().nationalCode), NationalCode::State::Good);
+    QCOMPARE(GetDBSetting()->FiscalYear(), 1405);
+}
+
+void TestDemoData::personsAreValid()
+{
+    QSet<QString> codes;
+    int legal = 0;
+    CTblPersons person;
+    for (person.Open(true, true, true); !person.IsEOF(); person.MoveNext()) {
+        codes.insert(person.m_sNationalCode);
+        legal += person.isNatural() ? 0 : 1;
+        QCOMPARE(person.isNatural() ? NationalCode::checkPerson(person.m_sNationalCode)
+                                    : NationalCode::checkCompany(person.m_sNationalCode),
+                 NationalCode::State::Good);
+        QCOMPARE(person.m_sName2, CTblPersons::displayName(person.m_sName, person.m_sFamily));
+        QCOMPARE(person.m_bNatural, person.isNatural() ? 1 : 0);
+    }
+    QCOMPARE(codes.size(), 200);
+    QVERIFY(legal > 0);
+}
+
+void TestDemoData::userCanLogIn()
+{
+    const std::optional<int> user = CTblUsers::verify(QStringLiteral("demo"), QStringLiteral("demo"));
+    QVERIFY(user);
+    QVERIFY(GetDBSetting()->Login(*user));
+    QVERIFY(GetDBSetting()->IsAdmin());
+    GetDBSetting()->Logout();
+}
+
+void TestDemoData::editorContinuesTheCodes()
+{
+    QCOMPARE(CTblAutomobilContracts::nextCode(), 301);
+    QCOMPARE(CTblPersons::nextCode(), 201);
+}
+
+void TestDemoData::aDatabaseWithDataIsLeftAlone()
+{
+    const QString before = checksum();
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, DemoData::fill(10));
+    QCOMPARE(checksum(), before);
+}
+
+QTEST_GUILESS_MAIN(TestDemoData)
+#include "TestDemoData.moc"
