@@ -16,8 +16,8 @@ class QPalette;
 QColor warningColor(const QPalette &palette);
 // A frame in that red around the line, drawn over it.
 void paintEntryMark(QLineEdit *edit);
-// Says why under the line while it has the focus, and to screen readers behind the line's own description; an empty error
-// takes that back.
+// Says why under the line while it has the focus, and to screen readers behind the line's own description; an empty
+// error takes that back.
 void tellEntryError(QLineEdit *edit, const QString &error);
 // The tool tip of a marked line is its error.
 void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event);

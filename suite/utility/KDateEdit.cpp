@@ -239,7 +239,8 @@ void KDateEdit::keyPressEvent(QKeyEvent *event)
         QLineEdit::keyPressEvent(event);
         return;
     }
-    const bool isPopupKey = event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier));
+    const bool isPopupKey = event->key() == Qt::Key_F4
+        || (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier));
     const QString typed = toAsciiDigits(event->text());
     const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     const bool isForeign = typed.size() == 1 && typed[0].isPrint() && !isDateChar(typed[0]) && !isCommand;

@@ -59,8 +59,8 @@ void KEdit::setKind(Kind kind)
     checkRange(m_number);
 }
 
-// At the form's side whatever is entered: left to itself, a line that holds digits alone, or nothing yet, would go by the
-// direction of those and part from the lines above and below it.
+// At the form's side whatever is entered: left to itself, a line that holds digits alone, or nothing yet, would go by
+// the direction of those and part from the lines above and below it.
 void KEdit::alignText()
 {
     const Qt::Alignment side = layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft;

@@ -5,8 +5,8 @@
 
 #include <QPushButton>
 
-// The button of one page of a KTabPageButtons. Screen readers meet it as a tab, not as a box to check. Inside the library
-// only.
+// The button of one page of a KTabPageButtons. Screen readers meet it as a tab, not as a box to check. Inside the
+// library only.
 class KTabButton : public QPushButton
 {
     Q_OBJECT

@@ -89,7 +89,8 @@ void TestKDateEdit::typedForms_data()
 {
     QTest::addColumn<QString>("keys");
     for (const QString &keys :
-         {QStringLiteral("1405/08/29"), QStringLiteral("1405/8/29"), QStringLiteral("14050829"), QStringLiteral("1405-08-29"),
+         {QStringLiteral("1405/08/29"), QStringLiteral("1405/8/29"), QStringLiteral("14050829"),
+          QStringLiteral("1405-08-29"),
           QStringLiteral("1405.8.29"), QStringLiteral("۱۴۰۵/۰۸/۲۹"), QStringLiteral("١٤٠٥٠٨٢٩")})
         QTest::newRow(qPrintable(keys)) << keys;
 }
@@ -214,7 +215,8 @@ void TestKDateEdit::keys_data()
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
     QTest::addColumn<QString>("to");
-    const auto row = [](const char *name, const char *from, Qt::Key key, Qt::KeyboardModifiers modifiers, const char *to) {
+    const auto row = [](const char *name, const char *from, Qt::Key key, Qt::KeyboardModifiers modifiers,
+                        const char *to) {
         QTest::newRow(name) << QString::fromLatin1(from) << key << modifiers << QString::fromLatin1(to);
     };
     row("next day", "1405/08/29", Qt::Key_Up, Qt::NoModifier, "1405/08/30");
@@ -439,8 +441,10 @@ void TestKDateEdit::popupSteps_data()
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
     QTest::addColumn<QString>("shown");
     using M = Qt::KeyboardModifiers;
-    QTest::newRow("month before") << QStringLiteral("ماه قبل") << Qt::Key_PageUp << M() << QStringLiteral("چهارشنبه 29 مهر 1405");
-    QTest::newRow("next month") << QStringLiteral("ماه بعد") << Qt::Key_PageDown << M() << QStringLiteral("یکشنبه 29 آذر 1405");
+    QTest::newRow("month before") << QStringLiteral("ماه قبل") << Qt::Key_PageUp << M()
+                                  << QStringLiteral("چهارشنبه 29 مهر 1405");
+    QTest::newRow("next month") << QStringLiteral("ماه بعد") << Qt::Key_PageDown << M()
+                                << QStringLiteral("یکشنبه 29 آذر 1405");
     QTest::newRow("year before") << QStringLiteral("سال قبل") << Qt::Key_PageUp << M(Qt::ShiftModifier)
                                  << QStringLiteral("پنجشنبه 29 آبان 1404");
     QTest::newRow("next year") << QStringLiteral("سال بعد") << Qt::Key_PageDown << M(Qt::ShiftModifier)

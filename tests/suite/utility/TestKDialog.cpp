@@ -26,7 +26,8 @@ public:
     SampleDialog()
     {
         auto *layout = new QVBoxLayout(this);
-        for (QWidget *widget : std::initializer_list<QWidget *>{first, pick, readOnly, date, disabled, combo, check, last})
+        for (QWidget *widget :
+             std::initializer_list<QWidget *>{first, pick, readOnly, date, disabled, combo, check, last})
             layout->addWidget(widget);
         readOnly->setReadOnly(true);
         disabled->setEnabled(false);

@@ -294,7 +294,8 @@ void TestKEdit::outOfRange_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("valid");
     QTest::addColumn<double>("number");
-    const auto row = [](const char *name, KEdit::Kind kind, double minimum, double maximum, const char *text, bool valid,
+    const auto row = [](const char *name, KEdit::Kind kind, double minimum, double maximum, const char *text,
+                        bool valid,
                         double number) {
         QTest::newRow(name) << kind << minimum << maximum << QString::fromLatin1(text) << valid << number;
     };

@@ -107,7 +107,8 @@ void TestKListModel::sortRoleGivesTheRawValue()
 {
     KListModel model;
     model.setColumns(columns);
-    model.setRows({row(1, QStringLiteral("ب"), 100), row(2, QStringLiteral("الف"), 20), row(3, QStringLiteral("ج"), 3)});
+    model.setRows({row(1, QStringLiteral("ب"), 100), row(2, QStringLiteral("الف"), 20),
+                   row(3, QStringLiteral("ج"), 3)});
     QCOMPARE(model.index(0, 1).data(KListModel::SortRole).toString(), QStringLiteral("ب"));
     QSortFilterProxyModel sorted;
     sorted.setSourceModel(&model);

@@ -41,7 +41,8 @@ void TestKTabPageButtons::init()
     m_tabs = std::make_unique<KTabPageButtons>();
     m_tabs->setLayoutDirection(Qt::RightToLeft);
     m_fields.clear();
-    for (const QString &title : {QStringLiteral("اطلاعات پایه"), QStringLiteral("مورد معامله"), QStringLiteral("پیوست")}) {
+    for (const QString &title :
+         {QStringLiteral("اطلاعات پایه"), QStringLiteral("مورد معامله"), QStringLiteral("پیوست")}) {
         auto *page = new QWidget;
         m_fields.append(new QLineEdit(page));
         (new QVBoxLayout(page))->addWidget(m_fields.last());

@@ -54,7 +54,8 @@ double cosOfDegrees(double degrees)
 double equinoxJulianDate(int gregorianYear)
 {
     const double y = (gregorianYear - 2000) / 1000.0;
-    const double mean = 2451623.80984 + 365242.37404 * y + 0.05169 * y * y - 0.00411 * y * y * y - 0.00057 * y * y * y * y;
+    const double mean = 2451623.80984 + 365242.37404 * y + 0.05169 * y * y - 0.00411 * y * y * y
+        - 0.00057 * y * y * y * y;
     const double t = (mean - 2451545.0) / 36525;
     const double w = 35999.373 * t - 2.47;
     const double lambda = 1 + 0.0334 * cosOfDegrees(w) + 0.0007 * cosOfDegrees(2 * w);

@@ -70,7 +70,9 @@ void TestTextStandard::sameKey_data()
 {
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("second");
-    const auto row = [](const char *name, const QString &first, const QString &second) { QTest::newRow(name) << first << second; };
+    const auto row = [](const char *name, const QString &first, const QString &second) {
+        QTest::newRow(name) << first << second;
+    };
     row("yeh and kaf", QStringLiteral("كيان"), QStringLiteral("کیان"));
     row("digits", QStringLiteral("۰۹۱۲"), QStringLiteral("0912"));
     row("blank or none", QStringLiteral("علی رضا"), QStringLiteral("علیرضا"));
