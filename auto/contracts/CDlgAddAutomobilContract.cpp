@@ -21,6 +21,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -95,6 +96,8 @@ CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode m
 {
     SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
     buildFrame();
+    // All of the first page in sight where the screen allows it; later as the user left it.
+    resize(QSize(1200, 800).boundedTo(screen()->availableSize() - QSize(40, 60)));
 }
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;

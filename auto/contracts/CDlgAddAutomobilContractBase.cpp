@@ -21,15 +21,16 @@
 #include "suite/utility/KForm.h"
 #include "suite/utility/Money.h"
 #include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TabOrder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -122,8 +123,7 @@ void CDlgAddAutomobilContractBase::build()
     parties->addWidget(m_second, 1);
 
     auto *layout = new QVBoxLayout(content);
-    layout->addWidget(buildIdentity());
-    layout->addWidget(buildAmounts());
+    layout->addLayout(buildIdentity());
     layout->addLayout(parties);
     layout->addWidget(buildTexts());
     layout->addWidget(buildRegistrySentence());
@@ -137,41 +137,35 @@ void CDlgAddAutomobilContractBase::build()
     auto *page = new QVBoxLayout(this);
     page->setContentsMargins(0, 0, 0, 0);
     page->addWidget(scroll);
-    scroll->setMinimumWidth(content->minimumSizeHint().width());
+    scroll->setMinimumWidth(content->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
+    tabInLayoutOrder(content);
 }
 
-QGroupBox *CDlgAddAutomobilContractBase::buildIdentity()
+QGridLayout *CDlgAddAutomobilContractBase::buildIdentity()
 {
-    auto *box = new QGroupBox(this);
-    auto *grid = new QGridLayout(box);
+    auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(4);
     m_form->place(grid, 0, 0, column("iCode"));
     m_form->place(grid, 0, 2, column("iDocNum"));
     m_form->place(grid, 0, 4, column("iContractType"));
     m_form->place(grid, 0, 6, column("sDomainRegister"));
     m_form->place(grid, 1, 0, column("dateContract"));
     m_form->place(grid, 1, 2, column("dateExpiration"));
-    grid->addWidget(m_form->control(column("bReturn")), 1, 4, 1, 2);
+    grid->addWidget(m_form->control(column("bReturn")), 1, 5);
     m_form->place(grid, 1, 6, column("sNoAdvice"));
+    m_form->place(grid, 2, 0, column("dAmount"), 3);
+    m_form->place(grid, 2, 4, column("dCommission"), 3);
     for (int i = 1; i < 8; i += 2)
         grid->setColumnStretch(i, 1);
-    return box;
-}
-
-QGroupBox *CDlgAddAutomobilContractBase::buildAmounts()
-{
-    auto *box = new QGroupBox(this);
-    auto *grid = new QGridLayout(box);
-    m_form->place(grid, 0, 0, column("dAmount"));
-    m_form->place(grid, 0, 2, column("dCommission"));
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
-    return box;
+    return grid;
 }
 
 QWidget *CDlgAddAutomobilContractBase::buildTexts()
 {
-    auto *box = new QGroupBox(this);
+    auto *box = new QWidget(this);
     auto *grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setVerticalSpacing(4);
     m_form->place(grid, 0, 0, column("sCommitmentFirstHand"));
     m_form->place(grid, 0, 2, column("sCommitmentsSecondHand"));
     m_form->place(grid, 1, 0, column("sDeal"));

@@ -17,7 +17,6 @@ class ContractPartyGroup;
 class KEdit;
 class KForm;
 class QGridLayout;
-class QGroupBox;
 class QLabel;
 
 // First page of the contract editor: identity, parties, amount and commission. The figures follow each other live by the
@@ -47,8 +46,7 @@ Q_SIGNALS:
 
 private:
     void build();
-    QGroupBox *buildIdentity();
-    QGroupBox *buildAmounts();
+    QGridLayout *buildIdentity();
     QWidget *buildTexts();
     QWidget *buildRegistrySentence();
     QWidget *buildArchiveLine();

@@ -125,6 +125,7 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
     buildFigureRows(grid);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
+    grid->setVerticalSpacing(4);
 
     connect(m_form.comboBox(m_side.kind), &QComboBox::currentIndexChanged, this, [this] {
         if (!m_filling)
@@ -141,27 +142,27 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
 
 void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
 {
-    auto place = [&](int row, int column, const QString &label, QWidget *control) {
+    auto place = [&](int row, int column, const QString &label, QWidget *control, int span = 1) {
         auto *text = new QLabel(label, this);
         text->setBuddy(control);
         if (control->accessibleName().isEmpty())
             control->setAccessibleName(ofSide(label, m_side.number));
         grid->addWidget(text, row, column);
-        grid->addWidget(control, row, column + 1);
+        grid->addWidget(control, row, column + 1, 1, span);
     };
     m_person->nameEdit()->setMaxLength(100);
     m_form.place(grid, 0, 0, m_side.kind);
-    place(0, 2, QStringLiteral("نام و نام خانوادگي :"), m_person);
-    m_form.place(grid, 1, 0, m_side.byVirtue);
-    m_form.place(grid, 1, 2, m_side.from);
+    m_form.place(grid, 0, 2, m_side.nationalId);
+    place(1, 0, QStringLiteral("نام و نام خانوادگي :"), m_person, 3);
     place(2, 0, QStringLiteral("نام پدر :"), m_father);
     place(2, 2, QStringLiteral("تاريخ تولد :"), m_birth);
     place(3, 0, QStringLiteral("محل صدور :"), m_identityCity);
     place(3, 2, QStringLiteral("شماره شناسنامه :"), m_identityNumber);
-    m_form.place(grid, 4, 0, m_side.nationalId);
-    m_form.place(grid, 4, 2, m_side.tel);
-    m_form.place(grid, 5, 0, m_side.mobile);
-    m_form.place(grid, 5, 2, m_side.address);
+    m_form.place(grid, 4, 0, m_side.tel);
+    m_form.place(grid, 4, 2, m_side.mobile);
+    m_form.place(grid, 5, 0, m_side.address, 3);
+    m_form.place(grid, 6, 0, m_side.byVirtue);
+    m_form.place(grid, 6, 2, m_side.from);
 
     // The contract keeps no column for these four: they are the person record's.
     for (QWidget *control : {static_cast<QWidget *>(m_father), static_cast<QWidget *>(m_identityCity),
@@ -176,10 +177,10 @@ void ContractPartyGroup::buildFigureRows(QGridLayout *grid)
         grid->addWidget(m_form.label(percent), row, column);
         grid->addLayout(percentAndAmount(m_form.edit(percent), m_form.control(amount)), row, column + 1);
     };
-    place(6, 0, m_side.taxPercent, m_side.tax);
-    place(6, 2, m_side.dutyPercent, m_side.duty);
-    place(7, 0, m_side.discountPercent, m_side.discount);
-    m_form.place(grid, 7, 2, m_side.pays);
+    place(7, 0, m_side.taxPercent, m_side.tax);
+    place(7, 2, m_side.dutyPercent, m_side.duty);
+    place(8, 0, m_side.discountPercent, m_side.discount);
+    m_form.place(grid, 8, 2, m_side.pays);
 }
 
 PartyKind ContractPartyGroup::kind() const

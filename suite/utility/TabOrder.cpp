@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/TabOrder.h"
+
+#include <QGridLayout>
+#include <QList>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace {
+
+void collect(const QLayout *layout, QList<QWidget *> &controls);
+
+void collect(QLayoutItem *item, QList<QWidget *> &controls)
+{
+    if (const QLayout *inner = item->layout()) {
+        collect(inner, controls);
+    } else if (QWidget *widget = item->widget()) {
+        // A composite control passes its focus on itself; its parts follow in their own layout.
+        if (widget->focusPolicy() & Qt::TabFocus)
+            controls.append(widget);
+        else if (widget->layout())
+            collect(widget->layout(), controls);
+    }
+}
+
+void collect(const QLayout *layout, QList<QWidget *> &controls)
+{
+    QList<int> order;
+    for (int i = 0; i < layout->count(); ++i)
+        order.append(i);
+    if (const auto *grid = qobject_cast<const QGridLayout *>(layout)) {
+        auto cell = [grid](int index) {
+            int row = 0;
+            int column = 0;
+            int rows = 0;
+            int columns = 0;
+            grid->getItemPosition(index, &row, &column, &rows, &columns);
+            return std::pair(row, column);
+        };
+        std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return cell(a) < cell(b); });
+    }
+    for (int index : std::as_const(order))
+        collect(layout->itemAt(index), controls);
+}
+
+}
+
+void tabInLayoutOrder(QWidget *container)
+{
+    if (!container->layout())
+        return;
+    QList<QWidget *> controls;
+    collect(container->layout(), controls);
+    for (qsizetype i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
+}
