@@ -234,9 +234,9 @@ void MainWindow::restoreWindow()
     const QByteArray geometry = ReadSetting(windowSection, QStringLiteral("geometry"), QByteArray());
     if (!geometry.isEmpty() && restoreGeometry(geometry))
         return;
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    resize(QSize(1180, 760).boundedTo(screen));
-    move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+    // People work in this window all day: the whole screen, unless they left it otherwise.
+    resize(QSize(1180, 760).boundedTo(QGuiApplication::primaryScreen()->availableSize() - QSize(40, 80)));
+    setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -105,8 +105,9 @@ void CDlgAutomobilContracts::buildFilters(QGridLayout *grid)
         return edit;
     };
     const QString to = QStringLiteral("تا :");
+    const QString clearCaption = QStringLiteral("...");
 
-    m_seller = new KPersonField(QStringLiteral("فروشنده :"), box);
+    m_seller = new KPersonField(QStringLiteral("فروشنده :"), clearCaption, box);
     m_archive = comboBox(WordLists::archiveStates(), notArchivedState);
     m_contractFrom = dateEdit(QStringLiteral("تاريخ عقد از :"));
     m_contractTo = dateEdit(QStringLiteral("تاريخ عقد تا :"));
@@ -115,7 +116,7 @@ void CDlgAutomobilContracts::buildFilters(QGridLayout *grid)
     addFilter(grid, 0, 4, QStringLiteral("تاريخ عقد از :"), m_contractFrom);
     addFilter(grid, 0, 6, to, m_contractTo);
 
-    m_buyer = new KPersonField(QStringLiteral("خريدار :"), box);
+    m_buyer = new KPersonField(QStringLiteral("خريدار :"), clearCaption, box);
     m_returned = comboBox(WordLists::returnStates(), notReturnedState);
     m_expirationFrom = dateEdit(QStringLiteral("تاريخ انقضاء از :"));
     m_expirationTo = dateEdit(QStringLiteral("تاريخ انقضاء تا :"));

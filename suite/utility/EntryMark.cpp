@@ -3,6 +3,7 @@
 
 #include "suite/utility/EntryMark.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -51,4 +52,12 @@ void tellEntryError(QLineEdit *edit, const QString &error)
 void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event)
 {
     QToolTip::showText(event->globalPos(), error, edit);
+}
+
+QPalette entryPalette(bool readOnly)
+{
+    QPalette colors;
+    if (readOnly)
+        colors.setBrush(QPalette::Base, QApplication::palette().brush(QPalette::Window));
+    return colors;
 }

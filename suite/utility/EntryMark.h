@@ -4,13 +4,13 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 #include <QString>
 
 class QHelpEvent;
 class QLineEdit;
-class QPalette;
 
-// What the entry lines share in showing that an entry is refused. Inside the library only.
+// What the entry lines share in how they look, above all in showing that an entry is refused. Inside the library only.
 
 // A red that reads on the palette's base colour, light or dark.
 QColor warningColor(const QPalette &palette);
@@ -21,3 +21,5 @@ void paintEntryMark(QLineEdit *edit);
 void tellEntryError(QLineEdit *edit, const QString &error);
 // The tool tip of a marked line is its error.
 void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event);
+// Colours of an entry line: what cannot be typed into lies in the window's colour. For lines in the program's colours.
+QPalette entryPalette(bool readOnly);

@@ -298,7 +298,7 @@ void KDateEdit::updateLook()
         tellEntryError(this, error);
     }
     m_updatingLook = true;
-    QPalette colors;
+    QPalette colors = entryPalette(isReadOnly());
     if (!isChecked())
         colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
     setPalette(colors);

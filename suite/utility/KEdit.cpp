@@ -72,6 +72,8 @@ void KEdit::changeEvent(QEvent *event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange && !isNumberKind())
         alignText();
+    else if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::ApplicationPaletteChange)
+        setPalette(entryPalette(isReadOnly()));
 }
 
 bool KEdit::isNumberKind() const

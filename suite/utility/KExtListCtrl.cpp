@@ -92,7 +92,10 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     m_saveTimer.setInterval(saveDelayMilliseconds);
     connect(&m_saveTimer, &QTimer::timeout, this, &KExtListCtrl::saveLayout);
     const auto layoutChanged = [this] {
-        if (!m_applyingLayout && !m_settingName.isEmpty())
+        if (m_applyingLayout)
+            return;
+        m_userLayout = true;
+        if (!m_settingName.isEmpty())
             m_saveTimer.start();
     };
     connect(header(), &QHeaderView::sectionResized, this, layoutChanged);
@@ -110,12 +113,37 @@ KExtListCtrl::~KExtListCtrl()
 void KExtListCtrl::setColumns(const QVector<KListModel::Column> &columns)
 {
     m_applyingLayout = true;
+    m_userLayout = false;
     m_model->setColumns(columns);
-    const int unit = fontMetrics().averageCharWidth();
-    for (int i = 0; i < columns.size(); ++i)
-        header()->resizeSection(i, columns[i].width * unit / 4);
     m_applyingLayout = false;
+    fitColumns();
     applyLayout();
+}
+
+// Columns that the user never touched share the list's width in the proportion of their own, as long as that leaves them
+// readable; else they keep their own width and the list scrolls.
+void KExtListCtrl::fitColumns()
+{
+    constexpr double narrowest = 0.7;
+    const int unit = fontMetrics().averageCharWidth();
+    double total = 0;
+    for (const KListModel::Column &column : m_model->columns())
+        total += column.width * unit / 4.0;
+    const double share = total > 0 ? viewport()->width() / total : 1;
+    m_applyingLayout = true;
+    for (int i = 0; i < m_model->columns().size(); ++i)
+        header()->resizeSection(i, static_cast<int>(m_model->columns()[i].width * unit / 4.0 * (share < narrowest ? 1 : share)));
+    m_applyingLayout = false;
+}
+
+void KExtListCtrl::resizeEvent(QResizeEvent *event)
+{
+    // The header stretches its last column with the list; that is no act of the user.
+    m_applyingLayout = true;
+    QTreeView::resizeEvent(event);
+    m_applyingLayout = false;
+    if (!m_userLayout)
+        fitColumns();
 }
 
 void KExtListCtrl::SetSettingName(const QString &name)
@@ -133,6 +161,7 @@ void KExtListCtrl::applyLayout()
     m_applyingLayout = true;
     const QVector<int> widths = parted(ReadSetting(m_settingName, QStringLiteral("sWidths"), QString()));
     if (widths.size() == columns) {
+        m_userLayout = true;
         for (int i = 0; i < columns; ++i)
             header()->resizeSection(i, qMax(widths[i], header()->minimumSectionSize()));
     }

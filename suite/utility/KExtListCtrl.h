@@ -55,6 +55,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -62,6 +63,7 @@ protected:
 
 private:
     void reportKey();
+    void fitColumns();
     void applyLayout();
     void saveLayout();
     void copyRow() const;
@@ -70,6 +72,7 @@ private:
     QString m_settingName;
     QTimer m_saveTimer;
     bool m_applyingLayout = false;
+    bool m_userLayout = false;      // widths are the user's, kept or just drawn
     int m_reportedKey = 0;
     int m_rightPressedKey = 0;
 };

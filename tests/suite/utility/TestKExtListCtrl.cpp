@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <numeric>
+
 #include "suite/utility/KSettings.h"
 #include "suite/utility/ShamsiDate.h"
 
@@ -68,6 +70,7 @@ private Q_SLOTS:
     void widthsAreWrittenWhenTheListGoes();
     void layoutOfOtherColumnsIsNotTaken_data();
     void layoutOfOtherColumnsIsNotTaken();
+    void untouchedColumnsShareTheListsWidth();
     void nothingIsKeptWithoutAName();
     void copiedTextIsPlain();
     void datesAndNumbersAreDrawnLeftToRight();
@@ -305,7 +308,36 @@ void TestKExtListCtrl::layoutOfOtherColumnsIsNotTaken()
     list.SetSettingName(QStringLiteral("Bad\\List"));
     for (int i = 0; i < columns.size(); ++i)
         QCOMPARE(list.header()->visualIndex(i), i);
-    QCOMPARE(list.header()->sectionSize(1), m_list->header()->sectionSize(1));
+    KExtListCtrl untouched;
+    untouched.setColumns(columns);
+    QCOMPARE(list.header()->sectionSize(1), untouched.header()->sectionSize(1));
+}
+
+void TestKExtListCtrl::untouchedColumnsShareTheListsWidth()
+{
+    const int asked = std::accumulate(columns.cbegin(), columns.cend(), 0,
+                                      [](int sum, const KListModel::Column &column) { return sum + column.width; });
+    const int natural = asked * m_list->fontMetrics().averageCharWidth() / 4;
+    auto sections = [this] {
+        QVector<int> sizes;
+        for (int i = 0; i + 1 < columns.size(); ++i)
+            sizes << m_list->header()->sectionSize(i);
+        return sizes;
+    };
+    m_list->resize(natural * 2, 300);
+    QTRY_COMPARE(m_list->header()->length(), m_list->viewport()->width());
+    const QVector<int> wide = sections();
+    m_list->resize(natural, 300);
+    QTRY_COMPARE(m_list->header()->length(), m_list->viewport()->width());
+    QVERIFY(sections().first() < wide.first());
+    // Too narrow to read: their own width, and the list scrolls.
+    m_list->resize(natural / 2, 300);
+    QTRY_VERIFY(m_list->header()->length() > m_list->viewport()->width());
+    // What the user drew stays.
+    m_list->header()->resizeSection(1, 77);
+    m_list->resize(natural * 2, 300);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_list->header()->sectionSize(1), 77);
 }
 
 void TestKExtListCtrl::nothingIsKeptWithoutAName()
