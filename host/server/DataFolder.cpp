@@ -73,7 +73,7 @@ QString DataFolder::socketPath(const QString &purpose) const
     const QString name = QStringLiteral("/%1-%2.sock").arg(QString::fromLatin1(digest), purpose);
     QString reason;
     for (const QString &folder : platform::runtimeFolders()) {
-        const QString path = folder + name;
+        QString path = folder + name;
         if (QFile::encodeName(path).size() > platform::longestSocketPath())
             reason = QStringLiteral("%1 is too long").arg(path);
         else if (platform::makePrivateFolder(folder, &reason) && platform::isPrivateFolder(folder))

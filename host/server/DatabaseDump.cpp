@@ -89,7 +89,7 @@ QString DatabaseDump::take(const Progress &progress) const
     QString reason;
     if (!platform::makePrivateFolder(m_folder, &reason))
         throw failed(userMessage, m_folder, m_folder + QStringLiteral(": ") + reason);
-    const QString target = freeFileName();
+    QString target = freeFileName();
     const QString aside = target + QStringLiteral(".part");
     // Made here first, so that it belongs to the user alone from its first byte.
     if (platform::writePrivateFile(aside, {}, &reason) != platform::WriteResult::Written)

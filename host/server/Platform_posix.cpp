@@ -9,11 +9,11 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace platform {
@@ -22,7 +22,7 @@ namespace {
 
 QString lastError()
 {
-    return QString::fromLocal8Bit(std::strerror(errno));
+    return QString::fromStdString(std::generic_category().message(errno));
 }
 
 void setReason(QString *reason, const QString &text)

@@ -9,7 +9,7 @@
 namespace {
 
 // A log that went on for weeks is not read whole.
-constexpr qint64 tailBytes = 64 * 1024;
+constexpr qint64 tailBytes = 64LL * 1024;
 
 QString messageFor(ServerError::Kind kind, const DataFolder &folder)
 {

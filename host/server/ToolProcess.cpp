@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int pulseMilliseconds = 50;
-constexpr qint64 chunkBytes = 1024 * 1024;
+constexpr qint64 chunkBytes = 1024LL * 1024;
 
 // Hands on what the tool can take, and waits a moment for it or for its end.
 void feed(QProcess &process, QIODevice &source)
