@@ -1,0 +1,276 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Three ways to do the same work: through the accessibility interface alone, with the keyboard alone, with the mouse.
+
+All three see through the accessibility tree; they differ in how they act.
+"""
+
+from gi.repository import Atspi
+
+from .tree import Node, State
+from .waiting import TimeRanOut, wait_for
+
+ENTRY_ROLES = ("text", "password text")
+
+
+class Hands:
+    """What the three have in common. A window is given by the node that Tree.window gives."""
+
+    def __init__(self, tree, input_devices):
+        self.tree = tree
+        self.input = input_devices
+
+    def entry(self, label, window, **options):
+        """The entry line of that label; a hidden-text one counts as well."""
+        def look():
+            found = [node for role in ENTRY_ROLES
+                     for node in self.tree.look(role, label, window, options.get("description"))]
+            if len(found) > 1:
+                raise AssertionError(f"{len(found)} entry lines are called {label!r}")
+            return found[0] if found else None
+        return wait_for(look, f"the entry line {label!r} in {window!r}")
+
+    def enter(self, label, text, window, **options):
+        """Replaces what an entry line holds."""
+        node = self.entry(label, window, **options)
+        self._enter(node, text)
+        if node.role != "password text":
+            wait_for(lambda: _same(node, text), f"{label!r} to hold {text!r}")
+        return node
+
+    def press(self, label, window, *, role="push button"):
+        node = self.tree.find(role, label, window)
+        wait_for(lambda: node.enabled, f"the button {label!r} to be enabled")
+        self._press(node)
+
+    def check(self, label, window, on=True):
+        node = self.tree.find("check box", label, window)
+        if node.checked != on:
+            self._toggle(node)
+            wait_for(lambda: node.checked == on, f"{label!r} to be {'checked' if on else 'unchecked'}")
+
+    def choose(self, label, text, window):
+        """Sets a drop-down."""
+        node = self.tree.find("combo box", label, window)
+        if node.name != text:
+            self._choose(node, text, window)
+        wait_for(lambda: node.name == text, f"{label!r} to show {text!r}, not {node.name!r}")
+
+    def select_row(self, table, row):
+        if table.selected_rows != [row]:
+            self._select_row(table, row)
+        wait_for(lambda: table.selected_rows == [row], f"row {row} to be selected")
+
+
+def _same(node, text):
+    if node.text == text:
+        return True
+    # A number line groups what is typed, and keeps ASCII digits.
+    return any(character.isdigit() for character in text) and node.number == _number(text)
+
+
+def _number(text):
+    return float("".join(str(int(c)) if c.isdigit() else "." if c in ".٫" else "" for c in text) or 0)
+
+
+class TreeHands(Hands):
+    """Acts through the accessibility interface's own operations."""
+
+    name = "tree"
+
+    def _enter(self, node, text):
+        node.set_text(text)
+
+    def _press(self, node):
+        node.act("Press")
+
+    def _toggle(self, node):
+        node.act("Toggle")
+
+    def _choose(self, node, text, window):
+        node.act("ShowMenu")
+        item = wait_for(lambda: _item(node, text), f"the entry {text!r}")
+        # The interface selects in the opened list; Return takes it over, as with any screen reader.
+        item.act("Toggle")
+        wait_for(lambda: item.has(State.SELECTED), f"{text!r} to be selected")
+        self.input.keys("Return")
+
+    def open_menu(self, menu, window):
+        self.tree.find("menu item", menu, window).act("ShowMenu")
+
+    def menu_entry(self, text, window):
+        self.tree.find("menu item", text, window).act("Press")
+
+    def _select_row(self, table, row):
+        Atspi.Table.add_row_selection(table.accessible, row)
+
+
+class KeyboardHands(Hands):
+    """Presses keys alone. What Tab does not reach cannot be used."""
+
+    name = "keyboard"
+
+    def focus(self, node, window):
+        """Walks with Tab until the widget has the focus."""
+        start = None
+        for _ in range(200):
+            current = self.focused(window)
+            if current == node or node.focused:
+                return
+            if start is None:
+                start = current
+            self.input.keys("Tab")
+            try:
+                wait_for(lambda: self.focused(window) != current, "the focus to move", seconds=1.5)
+            except TimeRanOut:
+                continue
+            if self.focused(window) == start:
+                break
+        raise AssertionError(f"Tab does not reach {node!r}; the focus is on {self.focused(window)!r}")
+
+    def focused(self, window):
+        for node in self._focusable(window):
+            if node.focused:
+                return node
+        # Something new may have come.
+        self._known_focusable = None
+        return next((node for node in self._focusable(window) if node.focused), None)
+
+    _known_focusable = None
+
+    def _focusable(self, window):
+        known = self._known_focusable
+        if known is None or known[0] != window:
+            nodes = [node for node in window.descendants() if node.has(State.FOCUSABLE) and node.showing]
+            known = self._known_focusable = (window, nodes)
+        return known[1]
+
+    def _window_of(self, node):
+        current = node.accessible
+        while current is not None and current.get_role_name() not in ("frame", "dialog", "alert", "window"):
+            current = current.get_parent()
+        return Node(current)
+
+    def _enter(self, node, text):
+        self.focus(node, self._window_of(node))
+        self.input.keys("ctrl+a")
+        if text:
+            self.input.type(text)
+        else:
+            self.input.keys("Delete")
+
+    def _press(self, node):
+        self.focus(node, self._window_of(node))
+        self.input.keys("space")
+
+    def _toggle(self, node):
+        self._press(node)
+
+    def _choose(self, node, text, window):
+        self.focus(node, window)
+        self.input.keys("Home")
+        for _ in range(50):
+            if node.name == text:
+                return
+            before = node.name
+            self.input.keys("Down")
+            wait_for(lambda: node.name != before, f"the drop-down to go on to {text!r}", seconds=3)
+
+    def open_menu(self, menu, window):
+        # Alt alone goes to the menu bar's first menu.
+        self.input.keys("alt")
+        item = self.tree.find("menu item", menu, window)
+        wait_for(lambda: item.focused or item.has(State.SELECTED) or item.has(State.ACTIVE), f"the menu {menu!r}")
+        self.input.keys("Down")
+
+    def menu_entry(self, text, window):
+        entry = self.tree.find("menu item", text, window)
+        for _ in range(20):
+            if entry.focused:
+                break
+            self.input.keys("Down")
+            try:
+                wait_for(lambda: entry.focused, f"the entry {text!r}", seconds=0.5)
+            except TimeRanOut:
+                continue
+        self.input.keys("Return")
+
+    def _select_row(self, table, row):
+        self.focus(table, self._window_of(table))
+        self.input.keys("Home", *["Down"] * row)
+
+
+class MouseHands(Hands):
+    """Points and clicks at what it sees; types only into entry lines."""
+
+    name = "mouse"
+
+    def point(self, node):
+        """The middle of a widget, after the wheel has brought it into view."""
+        for _ in range(40):
+            x, y, width, height = node.extents
+            middle = (x + width // 2, y + height // 2)
+            hidden = self._hidden_by(node, middle)
+            if hidden is None:
+                return middle
+            (left, top, wide, high), below = hidden
+            self.input.wheel(left + wide // 2, top + high // 2, 2 if below else -2)
+            try:
+                wait_for(lambda: node.extents != (x, y, width, height), "the page to scroll", seconds=1)
+            except TimeRanOut:
+                break
+        raise AssertionError(f"{node!r} cannot be brought into view")
+
+    @staticmethod
+    def _hidden_by(node, middle):
+        """The extents of the widget that clips a point of this one, and whether the point lies below it."""
+        parent = node.accessible.get_parent()
+        while parent is not None and parent.get_role_name() != "application":
+            left, top, width, height = box = Node(parent).extents
+            if width > 0 and not top <= middle[1] < top + height:
+                return box, middle[1] >= top + height
+            parent = parent.get_parent()
+        return None
+
+    def click(self, node, **options):
+        self.input.click(*self.point(node), **options)
+
+    def _enter(self, node, text):
+        self.click(node)
+        wait_for(lambda: node.focused, f"the focus in {node!r}")
+        self.input.keys("ctrl+a")
+        if text:
+            self.input.type(text)
+        else:
+            self.input.keys("Delete")
+
+    def _press(self, node):
+        self.click(node)
+
+    def _toggle(self, node):
+        self.click(node)
+
+    def _choose(self, node, text, window):
+        self.click(node)
+        item = wait_for(lambda: _item(node, text), f"the entry {text!r}")
+        self.input.click(*self.point(item))
+
+    def open_menu(self, menu, window):
+        self.click(self.tree.find("menu item", menu, window))
+
+    def menu_entry(self, text, window):
+        self.click(self.tree.find("menu item", text, window))
+
+    def _select_row(self, table, row):
+        self.click(table.cell(row, 1))
+
+
+def _item(combo, text):
+    """The entry of a drop-down whose list is open."""
+    for child in combo.children:
+        if child.role == "list" and child.showing:
+            return next((item for item in child.children if item.name == text and item.showing), None)
+    return None
+
+
+HANDS = {hands.name: hands for hands in (TreeHands, KeyboardHands, MouseHands)}

@@ -1,0 +1,40 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Numbered pictures of the steps, with a file of captions beside them."""
+
+import os
+import re
+import subprocess
+
+
+class Pictures:
+    """Without a folder nothing is taken."""
+
+    def __init__(self, folder, environment):
+        self._folder = folder
+        self._environment = environment
+        self._count = 0
+        if folder:
+            os.makedirs(folder, exist_ok=True)
+            self._remove_old()
+
+    def _remove_old(self):
+        for name in os.listdir(self._folder):
+            if re.fullmatch(r"\d\d-.*\.png|captions\.txt|tree-on-failure\.txt", name):
+                os.remove(os.path.join(self._folder, name))
+
+    def take(self, name, caption):
+        """One picture of the whole screen; name is its file's name, caption tells what is to be seen."""
+        if not self._folder:
+            return
+        self._count += 1
+        file = f"{self._count:02}-{name}.png"
+        subprocess.run(["import", "-silent", "-window", "root", os.path.join(self._folder, file)],
+                       env=self._environment, check=True, timeout=30)
+        with open(os.path.join(self._folder, "captions.txt"), "a", encoding="utf-8") as captions:
+            captions.write(f"{file}\t{caption}\n")
+
+    def keep_text(self, name, text):
+        if self._folder:
+            with open(os.path.join(self._folder, name), "w", encoding="utf-8") as file:
+                file.write(text)

@@ -1,0 +1,274 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The program as a screen reader meets it: windows, named widgets, their values and actions."""
+
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+from .waiting import wait_for  # noqa: E402
+
+# The library's newer names clash with those of other interfaces in Python; the older ones are the unambiguous ones.
+warnings.filterwarnings("ignore", category=DeprecationWarning)
+
+WINDOW_ROLES = ("frame", "dialog", "alert", "window")
+_TABLE_ROLES = ("tree", "table", "tree table", "list")
+# A slot that opens a window answers only when that window is gone; nobody waits for that.
+_ANSWER_MS = 3000
+
+State = Atspi.StateType
+
+
+def connect():
+    """Once, after the accessibility bus runs."""
+    if Atspi.init() not in (0, 1):
+        raise RuntimeError("the accessibility library finds no bus")
+    Atspi.set_timeout(_ANSWER_MS, 30000)
+
+
+class Node:
+    """A widget as the accessibility interface shows it. Everything is read anew each time."""
+
+    def __init__(self, accessible):
+        self.accessible = accessible
+
+    def __eq__(self, other):
+        return isinstance(other, Node) and other.accessible == self.accessible
+
+    def __hash__(self):
+        return hash(self.accessible)
+
+    def __repr__(self):
+        try:
+            return f"<{self.role} {self.label!r}>"
+        except GLib.Error:
+            return "<gone>"
+
+    @property
+    def role(self):
+        return self.accessible.get_role_name()
+
+    @property
+    def name(self):
+        return self.accessible.get_name()
+
+    @property
+    def description(self):
+        return self.accessible.get_description()
+
+    @property
+    def label(self):
+        """The name that tells the widget. A drop-down's own name is its value, so the label beside it names it."""
+        if self.role != "combo box":
+            return self.name
+        for relation in self.accessible.get_relation_set():
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+                return relation.get_target(0).get_name()
+        return ""
+
+    def has(self, state):
+        return self.accessible.get_state_set().contains(state)
+
+    @property
+    def showing(self):
+        states = self.accessible.get_state_set()
+        return states.contains(State.SHOWING) and states.contains(State.VISIBLE)
+
+    @property
+    def enabled(self):
+        return self.has(State.ENABLED)
+
+    @property
+    def focused(self):
+        return self.has(State.FOCUSED)
+
+    @property
+    def checked(self):
+        return self.has(State.CHECKED)
+
+    @property
+    def editable(self):
+        return self.has(State.EDITABLE)
+
+    @property
+    def children(self):
+        found = (self.accessible.get_child_at_index(i) for i in range(self.accessible.get_child_count()))
+        return [Node(child) for child in found if child is not None]
+
+    @property
+    def text(self):
+        """What an entry line holds, what a drop-down shows, what a label says."""
+        if "Text" in self.accessible.get_interfaces():
+            return Atspi.Text.get_text(self.accessible, 0, -1)
+        return self.name
+
+    @property
+    def number(self):
+        """The number that an entry line shows; 0 for an empty one."""
+        digits = self.text.translate(_TO_ASCII)
+        return float(digits) if digits else 0.0
+
+    @property
+    def extents(self):
+        """x, y, width and height on the screen."""
+        box = Atspi.Component.get_extents(self.accessible, Atspi.CoordType.SCREEN)
+        return box.x, box.y, box.width, box.height
+
+    def set_text(self, text):
+        if not Atspi.EditableText.set_text_contents(self.accessible, text):
+            raise AssertionError(f"{self!r} takes no text")
+
+    @property
+    def actions(self):
+        if "Action" not in self.accessible.get_interfaces():
+            return []
+        count = Atspi.Action.get_n_actions(self.accessible)
+        return [Atspi.Action.get_action_name(self.accessible, i) for i in range(count)]
+
+    def act(self, action):
+        """Runs one of the widget's own actions: Press, Toggle, ShowMenu, SetFocus."""
+        actions = self.actions
+        if action not in actions:
+            raise AssertionError(f"{self!r} has no action {action}, only {actions}")
+        try:
+            Atspi.Action.do_action(self.accessible, actions.index(action))
+        except GLib.Error as error:
+            if "reply" not in str(error):
+                raise
+
+    def descendants(self):
+        """All below, without the rows of tables, which are read by row and column."""
+        for child in self.children:
+            yield child
+            if child.role not in _TABLE_ROLES:
+                yield from child.descendants()
+
+    # A table's own.
+
+    @property
+    def row_count(self):
+        return Atspi.Table.get_n_rows(self.accessible)
+
+    def headers(self):
+        columns = Atspi.Table.get_n_columns(self.accessible)
+        return [Atspi.Table.get_column_header(self.accessible, column).get_name() for column in range(columns)]
+
+    def cell(self, row, column):
+        return Node(Atspi.Table.get_accessible_at(self.accessible, row, column))
+
+    def row(self, row):
+        """The texts of a row by the column titles, without the mark of the sorted one."""
+        titles = [title.rstrip("*") for title in self.headers()]
+        return {title: self.cell(row, column).name for column, title in enumerate(titles)}
+
+    def rows(self):
+        return [self.row(row) for row in range(self.row_count)]
+
+    @property
+    def selected_rows(self):
+        return list(Atspi.Table.get_selected_rows(self.accessible))
+
+
+_TO_ASCII = {ord(persian): str(digit) for digit, persian in enumerate("۰۱۲۳۴۵۶۷۸۹")}
+_TO_ASCII |= {ord(arabic): str(digit) for digit, arabic in enumerate("٠١٢٣٤٥٦٧٨٩")}
+_TO_ASCII |= {ord(separator): None for separator in ",،٬ \u200e\u200f\u2066\u2067\u2069"} | {ord("٫"): "."}
+
+
+class Tree:
+    """The windows of one running program."""
+
+    def __init__(self, process_id):
+        self._process_id = process_id
+        self._application = None
+        self._known = {}
+
+    def _find_application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child is not None and child.get_process_id() == self._process_id:
+                # The toolkit does not announce every change, so nothing may be remembered.
+                child.set_cache_mask(Atspi.Cache.NONE)
+                return child
+        return None
+
+    def windows(self):
+        if self._application is None:
+            self._application = self._find_application()
+        if self._application is None:
+            return []
+        return [node for node in Node(self._application).children if node.role in WINDOW_ROLES and node.showing]
+
+    def window(self, title, *, seconds=20):
+        """The showing window whose title is, or whose title begins with, the given one."""
+        def look():
+            return next((node for node in self.windows() if node.name.startswith(title)), None)
+        return wait_for(look, f"the window {title!r}; there are {self._titles()}", seconds=seconds)
+
+    def no_window(self, title, *, seconds=20):
+        wait_for(lambda: not any(node.name.startswith(title) for node in self.windows()),
+                 f"the window {title!r} to go", seconds=seconds)
+
+    def _titles(self):
+        try:
+            return [node.name for node in self.windows()]
+        except GLib.Error:
+            return []
+
+    def look(self, role, name, window, description=None):
+        """All showing widgets of that role and name. A widget known from before is checked, not searched."""
+        key = (window, role, name, description)
+        known = self._known.get(key)
+        if known and all(self._still(node, role, name) for node in known):
+            return known
+        found = [node for node in window.descendants() if node.role == role and node.label == name and node.showing
+                 and (description is None or node.description == description)]
+        self._known[key] = found
+        return found
+
+    @staticmethod
+    def _still(node, role, name):
+        try:
+            return node.showing and node.role == role and node.label == name
+        except GLib.Error:
+            return False
+
+    def find(self, role, name, window, *, description=None, seconds=10):
+        """The one showing widget of that role and name."""
+        def look():
+            found = self.look(role, name, window, description)
+            if len(found) > 1:
+                raise AssertionError(f"{len(found)} widgets are called {name!r}: a listener cannot tell them apart")
+            return found[0] if found else None
+        return wait_for(look, f"{role} {name!r} in {window!r}", seconds=seconds)
+
+    def shows(self, role, name, window):
+        return bool(self.look(role, name, window))
+
+    def dump(self):
+        """The whole tree as text, for the day when a journey fails."""
+        lines = []
+        for window in self.windows():
+            _dump(window, 0, lines)
+        return "\n".join(lines)
+
+
+def _dump(node, depth, lines):
+    try:
+        states = [state.value_nick for state in node.accessible.get_state_set().get_states()]
+        shown = [state for state in states if state in
+                 ("active", "checked", "editable", "enabled", "focused", "selected", "showing")]
+        role = node.role
+        text = f" = {node.text!r}" if "Text" in node.accessible.get_interfaces() and role != "password text" else ""
+        lines.append(f"{'  ' * depth}{role} {node.label!r}{text} {','.join(shown)}")
+        if role in ("tree", "table"):
+            for row in range(min(node.row_count, 20)):
+                lines.append(f"{'  ' * (depth + 1)}{node.row(row)}")
+            return
+        for child in node.children:
+            _dump(child, depth + 1, lines)
+    except GLib.Error as error:
+        lines.append(f"{'  ' * depth}(gone: {error.message})")
