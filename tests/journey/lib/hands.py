@@ -5,12 +5,11 @@
 All three see through the accessibility tree; they differ in how they act.
 """
 
-from gi.repository import Atspi
-
-from .tree import Node, State
+from .tree import WINDOW_ROLES, Atspi, GLib, Node, State
 from .waiting import TimeRanOut, wait_for
 
 ENTRY_ROLES = ("text", "password text")
+_TOP_ROLES = (*WINDOW_ROLES, "popup menu", "application")
 
 
 class Hands:
@@ -96,10 +95,19 @@ class TreeHands(Hands):
         self.input.keys("Return")
 
     def open_menu(self, menu, window):
-        self.tree.find("menu item", menu, window).act("ShowMenu")
+        self._menu = self.tree.find("menu item", menu, window)
+        self._menu.act("ShowMenu")
 
     def menu_entry(self, text, window):
-        self.tree.find("menu item", text, window).act("Press")
+        entry = self.tree.find("menu item", text, window)
+        entry.act("Press")
+        try:
+            # Pressing an entry through the interface leaves its menu open.
+            if entry.showing:
+                self._menu.act("ShowMenu")
+        except GLib.Error:
+            # The entry was the one that leaves the program.
+            pass
 
     def _select_row(self, table, row):
         Atspi.Table.add_row_selection(table.accessible, row)
@@ -147,7 +155,7 @@ class KeyboardHands(Hands):
 
     def _window_of(self, node):
         current = node.accessible
-        while current is not None and current.get_role_name() not in ("frame", "dialog", "alert", "window"):
+        while current is not None and current.get_role_name() not in WINDOW_ROLES:
             current = current.get_parent()
         return Node(current)
 
@@ -225,7 +233,7 @@ class MouseHands(Hands):
     def _hidden_by(node, middle):
         """The extents of the widget that clips a point of this one, and whether the point lies below it."""
         parent = node.accessible.get_parent()
-        while parent is not None and parent.get_role_name() != "application":
+        while parent is not None and parent.get_role_name() not in _TOP_ROLES:
             left, top, width, height = box = Node(parent).extents
             if width > 0 and not top <= middle[1] < top + height:
                 return box, middle[1] >= top + height
@@ -253,7 +261,8 @@ class MouseHands(Hands):
     def _choose(self, node, text, window):
         self.click(node)
         item = wait_for(lambda: _item(node, text), f"the entry {text!r}")
-        self.input.click(*self.point(item))
+        x, y, width, height = item.extents
+        self.input.click(x + width // 2, y + height // 2)
 
     def open_menu(self, menu, window):
         self.click(self.tree.find("menu item", menu, window))

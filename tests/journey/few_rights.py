@@ -1,0 +1,49 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Who may not enter the contracts sees no page; who may only read sees contracts but adds, changes and deletes none."""
+
+from lib import labels, rights
+from lib.journey import check, run, step
+from lib.waiting import wait_for
+
+
+def few_rights(office):
+    office.start()
+    step("no right at all: no page")
+    office.log_in(rights.NOBODY, rights.PASSWORD)
+    office.hands.open_menu(labels.AUTO_MENU, office.main)
+    office.hands.menu_entry(labels.CONTRACTS, office.main)
+    office.message(labels.WARNING, labels.NOT_ALLOWED, picture=("no-access", "Without the right the page does not open"))
+    check(not office.tree.shows("tree", labels.CONTRACTS, office.main), "the contract page is not shown")
+    check(not office.tree.shows("page tab", labels.CONTRACTS, office.main), "no tab is left behind")
+
+    step("the right to read: the page, and nothing more")
+    rights.change_user(office, rights.READER, rights.PASSWORD)
+    table = office.open_contracts()
+    wait_for(lambda: table.row_count == 1, "the contract in the list")
+    before = contracts(office)
+    office.command(labels.NEW)
+    office.message(labels.WARNING, labels.NOT_ALLOWED, picture=("cannot-add", "Who may only read cannot add"))
+    for command in (labels.EDIT, labels.DELETE, labels.ARCHIVE):
+        office.hands.select_row(table, 0)
+        office.command(command)
+        office.message(labels.WARNING, labels.NOT_ALLOWED)
+    check(contracts(office) == before, "nothing has changed in the table")
+
+    step("but a contract may be looked at")
+    office.hands.select_row(table, 0)
+    office.command(labels.SHOW)
+    window = office.tree.window(labels.EDITOR_SHOW)
+    check(not office.tree.shows("push button", labels.OK, window), "a shown contract cannot be saved")
+    office.hands.press(labels.BACK, window)
+    office.tree.no_window(labels.EDITOR_SHOW)
+    office.leave()
+
+
+def contracts(office):
+    return office.database.rows("SELECT * FROM AutomobilContracts ORDER BY iID")
+
+
+if __name__ == "__main__":
+    run(few_rights, __doc__)

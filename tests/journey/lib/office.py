@@ -1,0 +1,131 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The program at work in one office: started on a data folder, set up, logged in, closed."""
+
+import os
+
+from . import labels
+from .database import Database
+from .hands import HANDS, KeyboardHands
+from .input import Input
+from .tree import Tree, connect
+from .waiting import wait_for
+
+COMPANY = "نمایشگاه نمونه"
+ADMINISTRATOR = "مدیر نمونه"
+ADMINISTRATOR_USER = "modir"
+# For an office that lasts as long as a journey; typed into fields only.
+PASSWORD = "rahe-abi-1405"
+
+
+class Office:
+    """One data folder and the program that runs on it. hands tells how everything is done."""
+
+    def __init__(self, desktop, program, data_folder, pictures, hands="tree"):
+        self.desktop = desktop
+        self.program = program
+        self.data_folder = data_folder
+        self.pictures = pictures
+        self.input = Input(desktop.environment)
+        self._kind_of_hands = hands
+        self._process = None
+        self.tree = None
+        self.hands = None
+        self.main = None
+        connect()
+
+    def start(self):
+        """Starts the program; its first window is not awaited here."""
+        self._process = self.desktop.processes.start(
+            [self.program, "--data-dir", self.data_folder], log=self.desktop.log("program"),
+            environment=self.desktop.environment)
+        self.tree = Tree(self._process.pid)
+        self.hands = HANDS[self._kind_of_hands](self.tree, self.input)
+
+    def set_up(self):
+        """The first start of a new office."""
+        window = self.tree.window(labels.FIRST_START, seconds=60)
+        self.pictures.take("first-start", "The first start asks for the administrator and the dealership")
+        entries = {labels.ADMINISTRATOR: ADMINISTRATOR, labels.USER: ADMINISTRATOR_USER, labels.PASSWORD: PASSWORD,
+                   labels.REPEATED: PASSWORD, labels.COMPANY: COMPANY, labels.COMPANY_TELEPHONE: "02188000000",
+                   labels.COMPANY_CITY: "تهران", labels.COMPANY_ADDRESS: "خیابان آزادی"}
+        for label, text in entries.items():
+            self.hands.enter(label, text, window)
+        self.pictures.take("first-start-filled", "Administrator and dealership are filled in")
+        self.hands.press(labels.BEGIN, window)
+        self.tree.no_window(labels.FIRST_START)
+
+    def log_in(self, user=ADMINISTRATOR_USER, password=PASSWORD, picture=None):
+        window = self.tree.window(labels.LOGIN, seconds=60)
+        self.hands.enter(labels.USER, user, window)
+        self.hands.enter(labels.PASSWORD, password, window)
+        if picture:
+            self.pictures.take(*picture)
+        self.hands.press(labels.ENTER, window)
+        self.main = self.tree.window(COMPANY, seconds=30)
+        return self.main
+
+    def leave(self):
+        """Closes the program by its menu and waits until it and its database server are gone."""
+        if isinstance(self.hands, KeyboardHands):
+            self.input.keys("ctrl+q")
+        else:
+            self.hands.open_menu(labels.PROGRAM_MENU, self.main)
+            self.hands.menu_entry(labels.LEAVE, self.main)
+        self.wait_until_gone()
+
+    def wait_until_gone(self):
+        status = wait_for(lambda: self._process.poll() is not None and (self._process.returncode,),
+                          "the program to end", seconds=30)[0]
+        if status != 0:
+            raise AssertionError(f"the program ended with {status}")
+        self._process = None
+
+    def close(self):
+        """Whatever state it is in."""
+        if self._process is not None:
+            self.desktop.processes.end(self._process, patience=20)
+            self._process = None
+
+    @property
+    def database(self):
+        return Database(self.data_folder)
+
+    def open_contracts(self, picture=None):
+        """The contract list, opened from the menu; gives its table."""
+        self.hands.open_menu(labels.AUTO_MENU, self.main)
+        wait_for(lambda: self.tree.shows("menu item", labels.CONTRACTS, self.main), "the menu to open")
+        if picture:
+            self.pictures.take(*picture)
+        self.hands.menu_entry(labels.CONTRACTS, self.main)
+        return self.contract_table()
+
+    def contract_table(self):
+        return self.tree.find("tree", labels.CONTRACTS, self.main)
+
+    def command(self, caption):
+        """A button of the list that shows in the main window."""
+        self.hands.press(caption, self.main)
+
+    def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
+        """The message that shows must hold the text; it is answered."""
+        window = self.tree.window(title)
+        shown = wait_for(lambda: next((node.name for node in window.descendants()
+                                       if node.role == "label" and text in node.name), None),
+                         f"a message that says {text!r}")
+        if picture:
+            self.pictures.take(*picture)
+        self.hands.press(answer, window)
+        wait_for(lambda: window not in self.tree.windows(), "the message to go")
+        return shown
+
+    def report_failure(self):
+        """What the screen showed when a step failed."""
+        self.pictures.take("failure", "Where the journey stopped")
+        text = self.tree.dump() if self.tree else "the program was not started"
+        self.pictures.keep_text("tree-on-failure.txt", text)
+        log = self.desktop.log("program")
+        if os.path.exists(log):
+            with open(log, encoding="utf-8", errors="replace") as file:
+                text += "\n--- the program's own words ---\n" + file.read()[-4000:]
+        return text

@@ -1,0 +1,101 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The steps of an office's daily work, each done with the hands that the journey chose."""
+
+from . import labels
+from .figures import Settings, expected, same
+from .hands import KeyboardHands
+from .waiting import wait_for
+
+SETTINGS = Settings(tax=9, duty=1, tiers=((1_000_000_000, 0.5), (5_000_000_000, 0.25)))
+
+
+def add_person(office, window, first_name, family_name, **fields):
+    """In the editor that "جديد" of the persons list opened; the list's window is given."""
+    editor = office.tree.window(labels.NEW_PERSON)
+    office.hands.enter(labels.FIRST_NAME, first_name, editor)
+    office.hands.enter(labels.FAMILY_NAME, family_name, editor)
+    for label, text in fields.items():
+        office.hands.enter(getattr(labels, label.upper()), text, editor)
+    office.pictures.take("person", f"A person is entered: {first_name} {family_name}")
+    office.hands.press(labels.OK, editor)
+    office.tree.no_window(labels.NEW_PERSON)
+    table = office.tree.find("tree", labels.PERSONS, window)
+    wait_for(lambda: any(row[labels.COLUMN_PERSON] == f"{first_name} {family_name}" for row in table.rows()),
+             "the person to stand in the list")
+
+
+def write_settings(office, settings=SETTINGS, picture=None):
+    """Tax, duty and two tiers of commission, in the dialog that the contract list opens."""
+    office.command(labels.SETTINGS)
+    dialog = office.tree.window(labels.SETTINGS)
+    office.hands.enter(labels.TAX, str(settings.tax), dialog)
+    office.hands.enter(labels.DUTY, str(settings.duty), dialog)
+    for number, (ceiling, percent) in enumerate(settings.tiers, 1):
+        office.hands.enter(labels.CEILING, str(ceiling), dialog, description=labels.tier(number))
+        office.hands.enter(labels.RATE, str(percent), dialog, description=labels.tier(number))
+    if picture:
+        office.pictures.take(*picture)
+    office.hands.press(labels.OK, dialog)
+    office.tree.no_window(labels.SETTINGS)
+
+
+def open_picker(office, editor, side):
+    """The window in which a party of the contract is picked. side is 0 for the first party, 1 for the second."""
+    field = labels.PERSON + labels.SIDES[side]
+    if isinstance(office.hands, KeyboardHands):
+        office.hands.focus(office.tree.find("text", field, editor), editor)
+        office.input.keys("F4")
+    else:
+        office.hands.press(field + " ...", editor)
+    return office.tree.window(labels.PICK_PERSON)
+
+
+def pick_person(office, editor, side, name, search, picture=None):
+    """Picks a person that the list knows."""
+    picker = open_picker(office, editor, side)
+    office.hands.enter(labels.SEARCH_PERSON, search, picker)
+    table = office.tree.find("tree", labels.PERSONS, picker)
+    wait_for(lambda: [row[labels.COLUMN_PERSON] for row in table.rows()] == [name], f"the search to find {name!r}")
+    if picture:
+        office.pictures.take(*picture)
+    confirm_picker(office, picker, table, editor, side, name)
+
+
+def confirm_picker(office, picker, table, editor, side, name):
+    row = next(i for i, row in enumerate(table.rows()) if row[labels.COLUMN_PERSON] == name)
+    if isinstance(office.hands, KeyboardHands):
+        # The search line keeps the focus; Return takes the selected row over.
+        wait_for(lambda: table.selected_rows == [row], f"{name!r} to be selected")
+        office.input.keys("Return")
+    else:
+        office.hands.select_row(table, row)
+        office.hands.press(labels.OK, picker)
+    office.tree.no_window(labels.PICK_PERSON)
+    shown = office.tree.find("text", labels.PERSON + labels.SIDES[side], editor)
+    wait_for(lambda: shown.text == name, f"the party to be {name!r}")
+
+
+def new_contract(office, title=labels.EDITOR_NEW):
+    office.command(labels.NEW)
+    return office.tree.window(title)
+
+
+def check_figures(office, editor, amount, discounts, settings=SETTINGS):
+    """Commission, tax, duty, discounts and both sums to pay must have followed the amount and the discounts."""
+    figures = expected(settings, amount, discounts)
+    wanted = {labels.COMMISSION: figures.commission}
+    for side, party in enumerate(labels.SIDES):
+        wanted |= {labels.TAX + party: figures.tax, labels.DUTY + party: figures.duty,
+                   labels.DISCOUNT + party: figures.discounts[side], labels.PAYS + party: figures.pays[side]}
+    for label, value in wanted.items():
+        node = office.tree.find("text", label, editor)
+        wait_for(lambda node=node, value=value: same(node.number, value),
+                 f"{label!r} to come to {value:,.0f}; it is {node.text!r}", seconds=5)
+    return figures
+
+
+def search_archive(office, state):
+    """Fills the list with the contracts of an archive state."""
+    office.hands.choose(labels.ARCHIVE_STATE, state, office.main)
+    office.command(labels.SEARCH)
