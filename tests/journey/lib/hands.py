@@ -34,7 +34,7 @@ class Hands:
         node = self.entry(label, window, **options)
         self._enter(node, text)
         if node.role != "password text":
-            wait_for(lambda: _same(node, text), f"{label!r} to hold {text!r}")
+            wait_for(lambda: _same(node, text), lambda: f"{label!r} to hold {text!r}, not {node.text!r}")
         return node
 
     def press(self, label, window, *, role="push button"):
@@ -53,7 +53,7 @@ class Hands:
         node = self.tree.find("combo box", label, window)
         if node.name != text:
             self._choose(node, text, window)
-        wait_for(lambda: node.name == text, f"{label!r} to show {text!r}, not {node.name!r}")
+        wait_for(lambda: node.name == text, lambda: f"{label!r} to show {text!r}, not {node.name!r}")
 
     def select_row(self, table, row):
         if table.selected_rows != [row]:

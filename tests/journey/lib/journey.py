@@ -56,6 +56,7 @@ def run(steps, description):
 def _play(desktop, arguments, steps):
     # Only now is there a bus for the accessibility library to find.
     from .office import Office
+    from .tree import ProgramGone
 
     folder = os.path.join(desktop.home, "office")
     if arguments.office:
@@ -67,7 +68,7 @@ def _play(desktop, arguments, steps):
         if arguments.keep:
             _keep(folder, arguments.keep)
         return 0
-    except (Exception, Interrupted) as error:
+    except (Exception, Interrupted, ProgramGone) as error:
         traceback.print_exc()
         if isinstance(error, Interrupted):
             print(f"stopped: {error}", file=sys.stderr)

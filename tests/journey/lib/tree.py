@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The program as a screen reader meets it: windows, named widgets, their values and actions."""
 
+import os
 import warnings
 
 import gi
@@ -177,6 +178,10 @@ _TO_ASCII |= {ord(arabic): str(digit) for digit, arabic in enumerate("٠١٢٣٤
 _TO_ASCII |= {ord(separator): None for separator in ",،٬ \u200e\u200f\u2066\u2067\u2069"} | {ord("٫"): "."}
 
 
+class ProgramGone(BaseException):
+    """Nothing that is waited for can come any more."""
+
+
 class Tree:
     """The windows of one running program."""
 
@@ -200,13 +205,15 @@ class Tree:
             self._application = self._find_application()
         if self._application is None:
             return []
+        if not os.path.exists(f"/proc/{self._process_id}/fd/0"):
+            raise ProgramGone("the program has ended by itself")
         return [node for node in Node(self._application).children if node.role in WINDOW_ROLES and node.showing]
 
     def window(self, title, *, seconds=20):
         """The showing window whose title is, or whose title begins with, the given one."""
         def look():
             return next((node for node in self.windows() if node.name.startswith(title)), None)
-        return wait_for(look, f"the window {title!r}; there are {self._titles()}", seconds=seconds)
+        return wait_for(look, lambda: f"the window {title!r}; there are {self._titles()}", seconds=seconds)
 
     def no_window(self, title, *, seconds=20):
         wait_for(lambda: not any(node.name.startswith(title) for node in self.windows()),
@@ -251,8 +258,11 @@ class Tree:
     def dump(self):
         """The whole tree as text, for the day when a journey fails."""
         lines = []
-        for window in self.windows():
-            _dump(window, 0, lines)
+        try:
+            for window in self.windows():
+                _dump(window, 0, lines)
+        except (ProgramGone, GLib.Error) as error:
+            lines.append(f"({error})")
         return "\n".join(lines)
 
 

@@ -15,7 +15,7 @@ class TimeRanOut(AssertionError):
 def wait_for(condition, what, *, seconds=DEFAULT_SECONDS, pause=_PAUSE):
     """Calls the condition until it gives something true, and returns that.
 
-    what tells in words what is waited for. An error that the condition raises (a window that goes while it is read)
+    what tells in words what is waited for, or is a function that does when the time has run out. An error that the condition raises (a window that goes while it is read)
     counts as "not yet", and is named when time runs out.
     """
     deadline = time.monotonic() + seconds
@@ -29,5 +29,6 @@ def wait_for(condition, what, *, seconds=DEFAULT_SECONDS, pause=_PAUSE):
             problem = error
         if time.monotonic() > deadline:
             reason = f" ({type(problem).__name__}: {problem})" if problem else ""
-            raise TimeRanOut(f"waited {seconds:g} s in vain for {what}{reason}")
+            awaited = what() if callable(what) else what
+            raise TimeRanOut(f"waited {seconds:g} s in vain for {awaited}{reason}")
         time.sleep(pause)

@@ -91,7 +91,8 @@ def check_figures(office, editor, amount, discounts, settings=SETTINGS):
     for label, value in wanted.items():
         node = office.tree.find("text", label, editor)
         wait_for(lambda node=node, value=value: same(node.number, value),
-                 f"{label!r} to come to {value:,.0f}; it is {node.text!r}", seconds=5)
+                 lambda node=node, label=label, value=value: f"{label!r} to come to {value:,.0f}; it is {node.text!r}",
+                 seconds=5)
     return figures
 
 
