@@ -41,6 +41,7 @@ def main_job(office):
 
     step("list, database and document")
     check_list(office, table)
+    office.pictures.take("contract-listed", "The contract stands in the list with its parties and document")
     check_database(office, contract)
 
     step("the same after a new start")
@@ -121,7 +122,6 @@ def check_list(office, table):
     check(row[labels.COLUMN_EXPLANATION] == EXPLANATION, f"the explanation in the row {row}")
     document = office.database.value("SELECT iNum FROM Documents")
     check(row[labels.COLUMN_DOCUMENT] == document, f"document {document} in the row {row}")
-    office.pictures.take("contract-listed", "The contract stands in the list with its parties and document")
 
 
 def check_database(office, contract):

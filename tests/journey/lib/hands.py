@@ -120,6 +120,7 @@ class KeyboardHands(Hands):
 
     def focus(self, node, window):
         """Walks with Tab until the widget has the focus."""
+        self._wait_active(window)
         start = None
         for _ in range(200):
             current = self.focused(window)
@@ -135,6 +136,10 @@ class KeyboardHands(Hands):
             if self.focused(window) == start:
                 break
         raise AssertionError(f"Tab does not reach {node!r}; the focus is on {self.focused(window)!r}")
+
+    @staticmethod
+    def _wait_active(window):
+        wait_for(lambda: window.has(State.ACTIVE), f"{window!r} to take the keys")
 
     def focused(self, window):
         for node in self._focusable(window):
@@ -185,10 +190,17 @@ class KeyboardHands(Hands):
             wait_for(lambda: node.name != before, f"the drop-down to go on to {text!r}", seconds=3)
 
     def open_menu(self, menu, window):
-        # Alt alone goes to the menu bar's first menu.
+        # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left.
+        self._wait_active(window)
         self.input.keys("alt")
         item = self.tree.find("menu item", menu, window)
-        wait_for(lambda: item.focused or item.has(State.SELECTED) or item.has(State.ACTIVE), f"the menu {menu!r}")
+        bar = Node(item.accessible.get_parent()).children
+        for _ in bar:
+            current = wait_for(lambda: next((node for node in bar if node.focused), None), "the menu bar's focus")
+            if current == item:
+                break
+            self.input.keys("Left")
+            wait_for(lambda: not current.focused, "the next menu")
         self.input.keys("Down")
 
     def menu_entry(self, text, window):

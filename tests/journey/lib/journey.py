@@ -14,6 +14,9 @@ from .desktop import Desktop
 from .pictures import Pictures
 
 
+_began = time.monotonic()
+
+
 class Interrupted(BaseException):
     """The journey was told to stop, or took too long. Not an error that a step may catch."""
 
@@ -40,7 +43,6 @@ def run(steps, description):
     for number in (signal.SIGALRM, signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
         signal.signal(number, _stop)
     signal.alarm(arguments.seconds)
-    began = time.monotonic()
     status = 1
     try:
         with Desktop() as desktop:
@@ -49,7 +51,7 @@ def run(steps, description):
     except Interrupted as interruption:
         print(f"stopped: {interruption}", file=sys.stderr)
     word = "passed" if status == 0 else "FAILED"
-    print(f"{os.path.basename(sys.argv[0])} ({arguments.hands}): {word} after {time.monotonic() - began:.1f} s")
+    print(f"{os.path.basename(sys.argv[0])} ({arguments.hands}): {word} after {time.monotonic() - _began:.1f} s")
     sys.exit(status)
 
 
@@ -86,7 +88,7 @@ def _keep(folder, kept):
 
 def step(text):
     """Says on the way what is being done."""
-    print(f"  {text}", flush=True)
+    print(f"{time.monotonic() - _began:6.1f} s  {text}", flush=True)
 
 
 def check(right, what):
