@@ -188,10 +188,13 @@ void CDlgAddAutomobilContract::applyMode()
     if (!isShowMode())
         return;
     for (QAbstractButton *button : m_buttons->buttons()) {
-        if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
-            button->hide();
-        else
+        if (m_buttons->buttonRole(button) != QDialogButtonBox::AcceptRole) {
             button->setText(QStringLiteral("بازگشت"));
+            continue;
+        }
+        // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.
+        m_buttons->removeButton(button);
+        delete button;
     }
     m_active->setEnabled(false);
     m_copyCar->hide();
