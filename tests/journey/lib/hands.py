@@ -5,7 +5,7 @@
 All three see through the accessibility tree; they differ in how they act.
 """
 
-from .tree import WINDOW_ROLES, Atspi, GLib, Node, State
+from .tree import WINDOW_ROLES, Atspi, FocusWatch, GLib, Node, State
 from .waiting import TimeRanOut, wait_for
 
 ENTRY_ROLES = ("text", "password text")
@@ -118,45 +118,25 @@ class KeyboardHands(Hands):
 
     name = "keyboard"
 
+    def __init__(self, tree, input_devices):
+        super().__init__(tree, input_devices)
+        self._watch = FocusWatch()
+
     def focus(self, node, window):
         """Walks with Tab until the widget has the focus."""
-        self._wait_active(window)
-        start = None
-        for _ in range(200):
-            current = self.focused(window)
-            if current == node or node.focused:
-                return
-            if start is None:
-                start = current
+        wait_for(lambda: window.has(State.ACTIVE), f"{window!r} to take the keys")
+        self._watch.listen()
+        met = []
+        while not node.focused:
+            moves = self._watch.listen()
             self.input.keys("Tab")
             try:
-                wait_for(lambda: self.focused(window) != current, "the focus to move", seconds=1.5)
+                wait_for(lambda: self._watch.listen() > moves or node.focused, "the focus to move", seconds=2)
             except TimeRanOut:
-                continue
-            if self.focused(window) == start:
-                break
-        raise AssertionError(f"Tab does not reach {node!r}; the focus is on {self.focused(window)!r}")
-
-    @staticmethod
-    def _wait_active(window):
-        wait_for(lambda: window.has(State.ACTIVE), f"{window!r} to take the keys")
-
-    def focused(self, window):
-        for node in self._focusable(window):
-            if node.focused:
-                return node
-        # Something new may have come.
-        self._known_focusable = None
-        return next((node for node in self._focusable(window) if node.focused), None)
-
-    _known_focusable = None
-
-    def _focusable(self, window):
-        known = self._known_focusable
-        if known is None or known[0] != window:
-            nodes = [node for node in window.descendants() if node.has(State.FOCUSABLE) and node.showing]
-            known = self._known_focusable = (window, nodes)
-        return known[1]
+                raise AssertionError(f"Tab stays on {self._watch.node!r} and does not reach {node!r}") from None
+            if len(met) > 2 and met[0] == self._watch.node:
+                raise AssertionError(f"Tab does not reach {node!r}, only {met}")
+            met.append(self._watch.node)
 
     def _window_of(self, node):
         current = node.accessible
@@ -191,7 +171,7 @@ class KeyboardHands(Hands):
 
     def open_menu(self, menu, window):
         # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left.
-        self._wait_active(window)
+        wait_for(lambda: window.has(State.ACTIVE), f"{window!r} to take the keys")
         self.input.keys("alt")
         item = self.tree.find("menu item", menu, window)
         bar = Node(item.accessible.get_parent()).children

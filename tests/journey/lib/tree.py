@@ -266,6 +266,27 @@ class Tree:
         return "\n".join(lines)
 
 
+class FocusWatch:
+    """Where the keyboard's focus is, as the program announces it."""
+
+    def __init__(self):
+        self.node = None
+        self.moves = 0
+        self._listener = Atspi.EventListener.new(self._heard)
+        self._listener.register("object:state-changed:focused")
+
+    def _heard(self, event):
+        if event.detail1:
+            self.node = Node(event.source)
+            self.moves += 1
+
+    def listen(self):
+        """Takes in what was announced up to now; gives how often the focus has moved."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.moves
+
+
 def _dump(node, depth, lines):
     try:
         states = [state.value_nick for state in node.accessible.get_state_set().get_states()]
