@@ -41,7 +41,7 @@ QString takeNow(const QString &folder, QWidget *parent)
         const DatabaseDump dump(KConnection::settings(0), folder);
         const QString path = dump.take([&](qint64 done, qint64 expected) { return showProgress(window, done, expected); });
         window.hide();
-        g_pDlgMessage->Show(QStringLiteral("پشتیبان پایگاه داده ساخته شد:\n%1").arg(QDir::toNativeSeparators(path)), parent);
+        g_pDlgMessage->Show(QStringLiteral("پشتیبان پایگاه داده ساخته شد:\n%1").arg(ServerError::shownPath(path)), parent);
         return path;
     } catch (const ServerError &error) {
         window.hide();
@@ -56,7 +56,7 @@ void showFolder(const QString &folder, QWidget *parent)
 {
     QDir().mkpath(folder);
     if (!KProcess::Execute(QStringLiteral("Explorer"), folder))
-        g_pDlgMessage->Show(QStringLiteral("پشتیبان‌ها در این پوشه هستند:\n%1").arg(QDir::toNativeSeparators(folder)), parent);
+        g_pDlgMessage->Show(QStringLiteral("پشتیبان‌ها در این پوشه هستند:\n%1").arg(ServerError::shownPath(folder)), parent);
 }
 
 }

@@ -52,6 +52,12 @@ KListModel::Cell moneyCell(double amount)
     return {DToMoney(amount), amount};
 }
 
+// The side of a row that holds nothing stays empty, so that the eye finds the one that does.
+KListModel::Cell sideCell(double amount)
+{
+    return IsEquals(amount, 0) ? KListModel::Cell{{}, amount} : moneyCell(amount);
+}
+
 }
 
 CDlgDocuments::CDlgDocuments(QWidget *parent)
@@ -72,7 +78,7 @@ QVector<KListModel::Column> CDlgDocuments::listColumns() const
         {QStringLiteral("تاریخ سند"), Qt::AlignHCenter, 55, QStringLiteral("date"), true},
         {QStringLiteral("نوع سند"), Qt::AlignRight, 60, QStringLiteral("iKind")},
         {QStringLiteral("شرح سند"), Qt::AlignRight, 200, QStringLiteral("sDesc")},
-        {QStringLiteral("مبلغ"), Qt::AlignLeft, 80, {}},
+        {QStringLiteral("مبلغ"), Qt::AlignRight, 80, {}},
         {QStringLiteral("کاربر"), Qt::AlignRight, 60, QStringLiteral("iUserID")},
     };
 }
@@ -137,8 +143,16 @@ KListModel::Row CDlgDocuments::makeRow(KMySQL &record, int number)
     m_keys.append({document.m_iFiscalYear, document.m_iNum});
     m_userIDs.append(document.m_iUserID);
     return {document.m_iID,
-            {numberCell(number), numberCell(document.m_iNum), numberCell(document.m_iFiscalYear),
-             {shamsiText(document.m_date.date()), document.m_date}, {kindName(document.m_iKind)}, {document.m_sDesc}, {}, {}}};
+            {
+                numberCell(number),
+                numberCell(document.m_iNum),
+                numberCell(document.m_iFiscalYear),
+                {shamsiText(document.m_date.date()), document.m_date},
+                {kindName(document.m_iKind)},
+                {document.m_sDesc},
+                {},
+                {},
+            }};
 }
 
 void CDlgDocuments::completeRows(QVector<KListModel::Row> &rows)
@@ -173,8 +187,8 @@ void CDlgDocuments::buildRowsPane()
         {QStringLiteral("نام حساب"), Qt::AlignRight, 110, {}},
         {QStringLiteral("شخص"), Qt::AlignRight, 110, {}},
         {QStringLiteral("شرح"), Qt::AlignRight, 170, {}},
-        {QStringLiteral("بدهکار"), Qt::AlignLeft, 75, {}},
-        {QStringLiteral("بستانکار"), Qt::AlignLeft, 75, {}},
+        {QStringLiteral("بدهکار"), Qt::AlignRight, 75, {}},
+        {QStringLiteral("بستانکار"), Qt::AlignRight, 75, {}},
     });
     m_rows->SetSettingName(QStringLiteral("Documents\\Rows"));
     m_totals = new QLabel(this);
@@ -195,8 +209,15 @@ void CDlgDocuments::showRows(int key)
     QVector<KListModel::Row> rows;
     for (const DocumentRows::Row &entry : found)
         rows.append({entry.id,
-                     {numberCell(static_cast<int>(rows.size()) + 1), numberCell(entry.account), {entry.accountName},
-                      {entry.person}, {entry.description}, moneyCell(entry.debit), moneyCell(entry.credit)}});
+                     {
+                         numberCell(static_cast<int>(rows.size()) + 1),
+                         numberCell(entry.account),
+                         {entry.accountName},
+                         {entry.person},
+                         {entry.description},
+                         sideCell(entry.debit),
+                         sideCell(entry.credit),
+                     }});
     m_rows->setRows(std::move(rows));
     const DocumentRows::Totals sum = DocumentRows::totals(found);
     m_totals->setText(found.isEmpty() ? QString()

@@ -104,7 +104,8 @@ bool CDlgLogin::OnOK()
 {
     if (m_secondsLeft > 0)
         return false;
-    KEdit *const empty = m_user->text().trimmed().isEmpty() ? m_user : m_password->text().isEmpty() ? m_password : nullptr;
+    KEdit *const empty = m_user->text().trimmed().isEmpty() ? m_user : m_password->text().isEmpty() ? m_password
+                                                                                                    : nullptr;
     if (empty) {
         g_pDlgWarning->Show(empty == m_user ? QStringLiteral("لطفا نام کاربری را وارد نمایید.")
                                             : QStringLiteral("لطفا کلمه عبور را وارد نمایید."),

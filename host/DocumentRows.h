@@ -15,9 +15,9 @@ namespace DocumentRows {
 struct Row
 {
     int id = 0;
-    int account = 0;        // subsidiary account
+    int account = 0; // subsidiary account
     QString accountName;
-    QString person;         // shown name, empty for a row on no person
+    QString person; // shown name, empty for a row on no person
     QString description;
     double debit = 0;
     double credit = 0;

@@ -10,7 +10,7 @@ namespace {
 struct Option
 {
     const char *name;
-    const char *value;      // null: the option takes none
+    const char *value; // null: the option takes none
     QString english;
     QString persian;
 };
@@ -140,7 +140,7 @@ HostOptions HostOptions::parse(const QStringList &arguments, bool persian)
         const QStringList unknown = parser.unknownOptionNames();
         options.error = unknown.isEmpty() ? parser.errorText()
             : persian                     ? QStringLiteral("گزینه «%1» شناخته نشد.").arg(unknown.constFirst())
-                      : QStringLiteral("Unknown option \"%1\".").arg(unknown.constFirst());
+                                          : QStringLiteral("Unknown option \"%1\".").arg(unknown.constFirst());
         return options;
     }
     readValues(parser, options);

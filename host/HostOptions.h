@@ -10,24 +10,24 @@
 // command lines: it comes from a file or from a dialog.
 struct HostOptions
 {
-    QString dataDir;            // empty: the user's own data folder (or the made-up office's, with demo)
-    QString moduleDir;          // folder of the module's library; empty: where the program is installed or built
+    QString dataDir;   // empty: the user's own data folder (or the made-up office's, with demo)
+    QString moduleDir; // folder of the module's library; empty: where the program is installed or built
 
-    bool connect = false;       // work on an office server instead of a private one
+    bool connect = false; // work on an office server instead of a private one
     QString host;
     quint16 port = 3306;
     QString database;
     QString user;
-    bool tls = false;           // refuse a server that does not prove who it is
-    QString caFile;             // empty: the certificate authorities of the system
+    bool tls = false; // refuse a server that does not prove who it is
+    QString caFile;   // empty: the certificate authorities of the system
     QString passwordFile;
 
     bool demo = false;
-    int demoSize = 300;         // contracts
+    int demoSize = 300; // contracts
 
     bool help = false;
     bool version = false;
-    bool quitAfterLoginShown = false;   // for measuring the start
+    bool quitAfterLoginShown = false; // for measuring the start
 
     // What is wrong with the command line, in the language of helpText; empty when nothing is.
     QString error;

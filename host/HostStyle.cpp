@@ -10,6 +10,12 @@
 namespace {
 
 constexpr int iconGap = 6;
+constexpr int sideMargin = 10;
+
+bool hasIconAndText(const QStyleOptionButton &button)
+{
+    return !button.icon.isNull() && !button.text.isEmpty() && !(button.features & QStyleOptionButton::HasMenu);
+}
 
 // Icon and text side by side in the middle of the button. The base style aligns the text to the far edge instead.
 void drawLabelRightToLeft(const QStyle &style, const QStyleOptionButton &button, QPainter &painter)
@@ -36,10 +42,18 @@ HostStyle::HostStyle()
 void HostStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const
 {
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
-    const bool mends = element == CE_PushButtonLabel && button && button->direction == Qt::RightToLeft
-        && !button->icon.isNull() && !button->text.isEmpty() && !(button->features & QStyleOptionButton::HasMenu);
-    if (mends)
+    if (element == CE_PushButtonLabel && button && hasIconAndText(*button) && button->direction == Qt::RightToLeft)
         drawLabelRightToLeft(*this, *button, *painter);
     else
         QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size, const QWidget *widget) const
+{
+    const QSize base = QProxyStyle::sizeFromContents(type, option, size, widget);
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (type != CT_PushButton || !button || !hasIconAndText(*button))
+        return base;
+    // The base style leaves a button with an icon no room beside its caption.
+    return {qMax(base.width(), size.width() + 2 * sideMargin), base.height()};
 }

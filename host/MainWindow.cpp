@@ -60,10 +60,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     , m_closedMark(new QLabel(this))
 {
     menuBar()->setAccessibleName(QStringLiteral("منو"));
-    buildAutoMenu();
-    buildBookMenu();
-    buildManagementMenu();
-    buildProgramMenu();
+    buildMenus();
     m_startPage = new StartPage(m_startActions);
     m_workArea = new WorkArea(m_startPage, this);
     setCentralWidget(m_workArea);
@@ -88,77 +85,81 @@ void MainWindow::openOnce()
         GetDBSetting()->AddDialogToTabPage_(new Page, 1, 0);
 }
 
-QAction *MainWindow::addCommand(QMenu *menu, const Command &command)
+QAction *MainWindow::makeAction(const Command &command)
 {
-    auto *action = new QAction(command.text, this);
-    if (!command.icon.isEmpty())
-        action->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(command.icon)));
+    auto *action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(command.icon)), command.text, this);
     action->setShortcut(command.shortcut);
-    action->setEnabled(command.run && command.available);
-    if (!command.run) {
-        const QString later = QStringLiteral("«%1» در نسخه‌های بعدی برنامه می‌آید.").arg(command.text);
-        action->setToolTip(later);
-        action->setStatusTip(later);
-    } else if (!command.available) {
-        const QString missing = QStringLiteral("افزونه گالری اتومبیل بارگذاری نشده است.");
-        action->setToolTip(missing);
-        action->setStatusTip(missing);
-    } else {
+    QString hindrance;
+    if (!command.run)
+        hindrance = QStringLiteral("«%1» در نسخه‌های بعدی برنامه می‌آید.").arg(command.text);
+    else if ((command.options & Command::NeedsModule) && !m_module)
+        hindrance = QStringLiteral("افزونه گالری اتومبیل بارگذاری نشده است.");
+    else
         connect(action, &QAction::triggered, this, command.run);
+    if (!hindrance.isEmpty()) {
+        action->setEnabled(false);
+        action->setToolTip(hindrance);
+        action->setStatusTip(hindrance);
     }
-    menu->addAction(action);
     return action;
 }
 
-void MainWindow::buildAutoMenu()
+void MainWindow::addMenu(const QString &title, const std::vector<Command> &commands)
 {
-    QMenu *menu = menuBar()->addMenu(QStringLiteral("گالری اتومبیل"));
+    QMenu *menu = menuBar()->addMenu(title);
     menu->setToolTipsVisible(true);
-    m_startActions.append(addCommand(menu, {QStringLiteral("قرارداد"), QStringLiteral("contract"), [this] { openContracts(); },
-                                            QKeySequence(Qt::CTRL | Qt::Key_1), m_module != nullptr}));
-    addCommand(menu, {QStringLiteral("تقاضا"), QStringLiteral("search"), {}});
-    addCommand(menu, {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), {}});
-    addCommand(menu, {QStringLiteral("گزارش فصلي"), QStringLiteral("receipt"), {}});
+    for (const Command &command : commands) {
+        if (command.options & Command::StartsGroup)
+            menu->addSeparator();
+        QAction *action = makeAction(command);
+        menu->addAction(action);
+        if (command.options & Command::OnStartPage)
+            m_startActions.append(action);
+    }
 }
 
-void MainWindow::buildBookMenu()
+void MainWindow::buildMenus()
 {
-    QMenu *menu = menuBar()->addMenu(QStringLiteral("اشخاص و اسناد"));
-    m_startActions.append(addCommand(menu, {QStringLiteral("اشخاص"), QStringLiteral("users"), [this] { openOnce<CDlgPersons>(); },
-                                            QKeySequence(Qt::CTRL | Qt::Key_2)}));
-    m_startActions.append(addCommand(menu, {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"),
-                                            [this] { openOnce<CDlgDocuments>(); }, QKeySequence(Qt::CTRL | Qt::Key_3)}));
-}
+    constexpr auto control = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
+    const auto contracts = [this] { m_module->ShowAutomobilContractDlg(); };
+    const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
+    const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
+    const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
 
-void MainWindow::buildManagementMenu()
-{
-    QMenu *menu = menuBar()->addMenu(QStringLiteral("مدیریت"));
-    m_startActions.append(addCommand(menu, {QStringLiteral("کاربران و دسترسی‌ها"), QStringLiteral("user"),
-                                            [this] { openOnce<CDlgUsers>(); }, QKeySequence(Qt::CTRL | Qt::Key_4)}));
-    m_startActions.append(addCommand(menu, {QStringLiteral("تنظیمات"), QStringLiteral("settings"), [this] { editSettings(); },
-                                            QKeySequence(Qt::CTRL | Qt::Key_5)}));
-    menu->addSeparator();
-    m_startActions.append(addCommand(menu, {QStringLiteral("پشتیبان‌گیری"), QStringLiteral("save"),
-                                            [this] { takeBackup(); },
-                                            QKeySequence(Qt::CTRL | Qt::Key_B)}));
-    addCommand(menu, {QStringLiteral("پوشه پشتیبان‌ها"), QStringLiteral("database"),
-                      [this] { Backup::showFolder(m_folder.backupsPath(), this); }});
-}
-
-void MainWindow::buildProgramMenu()
-{
-    QMenu *menu = menuBar()->addMenu(QStringLiteral("برنامه"));
-    addCommand(menu, {QStringLiteral("تغییر کلمه عبور"), QStringLiteral("user"), [this] { CDlgChangePassword(this).exec(); }});
-    addCommand(menu, {QStringLiteral("ورود با کاربر دیگر"), QStringLiteral("logout"), [this] {
-                          m_switchingUser = true;
-                          close();
-                      }});
-    menu->addSeparator();
-    addCommand(menu, {QStringLiteral("درباره برنامه"), QStringLiteral("info"), [this] { CDlgAbout(m_folder, this).exec(); },
-                      QKeySequence(Qt::Key_F1)});
-    menu->addSeparator();
-    addCommand(menu, {QStringLiteral("خروج"), QStringLiteral("close"), [this] { close(); },
-                      QKeySequence(Qt::CTRL | Qt::Key_Q)});
+    addMenu(QStringLiteral("گالری اتومبیل"),
+            {
+                {QStringLiteral("قرارداد"), QStringLiteral("contract"), contracts, control(Qt::Key_1),
+                 Command::OnStartPage | Command::NeedsModule},
+                {QStringLiteral("تقاضا"), QStringLiteral("search"), {}},
+                {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), {}},
+                {QStringLiteral("گزارش فصلي"), QStringLiteral("receipt"), {}},
+            });
+    addMenu(QStringLiteral("اشخاص و اسناد"),
+            {
+                {QStringLiteral("اشخاص"), QStringLiteral("users"), [this] { openOnce<CDlgPersons>(); },
+                 control(Qt::Key_2), Command::OnStartPage},
+                {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"), [this] { openOnce<CDlgDocuments>(); },
+                 control(Qt::Key_3), Command::OnStartPage},
+            });
+    addMenu(QStringLiteral("مدیریت"),
+            {
+                {QStringLiteral("کاربران و دسترسی‌ها"), QStringLiteral("user"), [this] { openOnce<CDlgUsers>(); },
+                 control(Qt::Key_4), Command::OnStartPage},
+                {QStringLiteral("تنظیمات"), QStringLiteral("settings"), [this] { editSettings(); },
+                 control(Qt::Key_5), Command::OnStartPage},
+                {QStringLiteral("پشتیبان‌گیری"), QStringLiteral("save"), [this] { takeBackup(); },
+                 control(Qt::Key_B), Command::OnStartPage | Command::StartsGroup},
+                {QStringLiteral("پوشه پشتیبان‌ها"), QStringLiteral("database"), showBackups},
+            });
+    addMenu(QStringLiteral("برنامه"),
+            {
+                {QStringLiteral("تغییر کلمه عبور"), QStringLiteral("user"), changePassword},
+                {QStringLiteral("ورود با کاربر دیگر"), QStringLiteral("logout"), [this] { switchUser(); }},
+                {QStringLiteral("درباره برنامه"), QStringLiteral("info"), about, QKeySequence(Qt::Key_F1),
+                 Command::StartsGroup},
+                {QStringLiteral("خروج"), QStringLiteral("close"), [this] { close(); }, control(Qt::Key_Q),
+                 Command::StartsGroup},
+            });
 }
 
 void MainWindow::buildStatusBar()
@@ -203,11 +204,6 @@ void MainWindow::showDate()
     m_date->setText(longDate(QDate::currentDate()));
 }
 
-void MainWindow::openContracts()
-{
-    m_module->ShowAutomobilContractDlg();
-}
-
 bool MainWindow::mayManage(bool changes)
 {
     KSecurity security;
@@ -227,6 +223,12 @@ void MainWindow::takeBackup()
     // A backup holds everything, also what its taker may not open here.
     if (mayManage(false))
         Backup::takeNow(m_folder.backupsPath(), this);
+}
+
+void MainWindow::switchUser()
+{
+    m_switchingUser = true;
+    close();
 }
 
 void MainWindow::restoreWindow()

@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <vector>
 
 class CAutoDBSetting;
 class QLabel;
@@ -40,22 +41,26 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    // An entry of a menu.
     struct Command
     {
+        enum Option {
+            OnStartPage = 1,
+            NeedsModule = 2,
+            StartsGroup = 4 // a line before it
+        };
+
         QString text;
-        QString icon;                   // name in :/icons, may be empty
-        std::function<void()> run;      // none: not in this version yet
+        QString icon;              // name in :/icons
+        std::function<void()> run; // none: not in this version yet
         QKeySequence shortcut = {};
-        bool available = true;
+        int options = 0;
     };
 
-    QAction *addCommand(QMenu *menu, const Command &command);
-    void buildAutoMenu();
-    void buildBookMenu();
-    void buildManagementMenu();
-    void buildProgramMenu();
+    void addMenu(const QString &title, const std::vector<Command> &commands);
+    QAction *makeAction(const Command &command);
+    void buildMenus();
     void buildStatusBar();
-    void openContracts();
     // Brings the page of that type to the front; opens one when there is none and the user may see it.
     template <class Page>
     void openOnce();
@@ -63,6 +68,7 @@ private:
     bool mayManage(bool changes);
     void editSettings();
     void takeBackup();
+    void switchUser();
     void showDate();
     void restoreWindow();
 

@@ -6,10 +6,10 @@
 #include "auto/db/KConnection.h"
 #include "host/CDlgServerPassword.h"
 #include "host/HostOptions.h"
+#include "host/server/ServerError.h"
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 
-#include <QDir>
 #include <QFile>
 
 namespace {
@@ -58,11 +58,11 @@ std::optional<QString> readPassword(const QString &path, QString *error)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("پرونده کلمه عبور خوانده نشد: %1").arg(QDir::toNativeSeparators(path));
+        *error = QStringLiteral("پرونده کلمه عبور خوانده نشد: %1").arg(ServerError::shownPath(path));
         return std::nullopt;
     }
     if (file.permissions() & (QFile::ReadGroup | QFile::ReadOther)) {
-        *error = QStringLiteral("پرونده کلمه عبور را دیگران هم می‌توانند بخوانند: %1").arg(QDir::toNativeSeparators(path));
+        *error = QStringLiteral("پرونده کلمه عبور را دیگران هم می‌توانند بخوانند: %1").arg(ServerError::shownPath(path));
         return std::nullopt;
     }
     QByteArray line = file.readLine();

@@ -57,7 +57,9 @@ SplashWindow::SplashWindow(QWidget *parent)
 
 void SplashWindow::showWaiting(const QString &waitingFor)
 {
-    const QString text = waitingFor + QStringLiteral(" …");
+    // Some texts bring their own dots.
+    const bool dotted = waitingFor.endsWith(u'.') || waitingFor.endsWith(u'…');
+    const QString text = dotted ? waitingFor : waitingFor + QStringLiteral(" …");
     if (m_waiting->text() != text) {
         m_waiting->setText(text);
         m_waiting->setAccessibleName(text);

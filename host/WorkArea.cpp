@@ -59,8 +59,9 @@ void WorkArea::addPage(KDialogTabPage *page)
     connect(page, &KDialogTabPage::titleChanged, this,
             [this, page](const QString &title) { m_tabs->setTabText(m_tabs->indexOf(page), title); });
     // Queued: the page may ask for it from within one of its own slots.
-    connect(page, &KDialogTabPage::closeRequested, this, [this, page] { closePage(m_tabs->indexOf(page)); },
-            Qt::QueuedConnection);
+    connect(
+        page, &KDialogTabPage::closeRequested, this, [this, page] { closePage(m_tabs->indexOf(page)); },
+        Qt::QueuedConnection);
     setCurrentWidget(m_tabs);
     m_tabs->setCurrentIndex(index);
     page->setFocus();

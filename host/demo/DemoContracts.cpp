@@ -31,7 +31,9 @@ QStringList allColumns(KMySQL &record)
 int contractType(DemoRandom &random)
 {
     const int draw = random.below(100);
-    return draw < 70 ? Sale : draw < 78 ? Rent : draw < 95 ? Instalments : Letter;
+    return draw < 70 ? Sale : draw < 78 ? Rent
+        : draw < 95                     ? Instalments
+                                        : Letter;
 }
 
 QDateTime midnight(const QDate &day)
@@ -196,7 +198,9 @@ void DemoContracts::setCar()
     m_contract.m_sCity = city.name.toString();
     m_contract.m_sDeal = QStringLiteral("یک دستگاه %1 %2 مدل %3 رنگ %4")
                              .arg(m_contract.m_sSystem, m_contract.m_sAutomobilName, m_contract.m_sModel, color);
-    m_contract.m_sExplain = QStringLiteral("خودرو با برگ سبز و سند کارخانه تحویل شد.");
+    m_contract.m_sExplain = QStringLiteral("%1 %2 %3، %4")
+                                .arg(m_contract.m_sSystem, m_contract.m_sAutomobilName, color,
+                                     m_random.oneOf(DemoNames::deliveries()).toString());
     m_contract.m_sTrackingCode = QString::number(m_random.between(100000000, 999999999));
     m_contract.m_sSerial = QStringLiteral("آ/%1").arg(100000 + m_contract.m_iCode);
 }

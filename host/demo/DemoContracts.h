@@ -37,7 +37,7 @@ private:
     struct Party
     {
         PartyKind kind = PartyKind::Ordinary;
-        DemoPersons::Person person;     // id 0 unless the kind is Ordinary
+        DemoPersons::Person person; // id 0 unless the kind is Ordinary
     };
 
     void makeContract(int code, const QDate &day);
@@ -58,5 +58,5 @@ private:
     RecordBulkInsert m_contracts;
     RecordBulkInsert m_documents;
     RecordBulkInsert m_rows;
-    QHash<int, int> m_lastNumbers;      // of documents, by fiscal year
+    QHash<int, int> m_lastNumbers; // of documents, by fiscal year
 };

@@ -18,8 +18,14 @@ constexpr int currentYear = 1405;
 constexpr int fewestPersons = 20;
 
 // Fixed days, so that the office is the same whenever it is made.
-QDate firstDay() { return ConvertToMiladi(currentYear - 2, 8, 21); }
-QDate lastDay() { return ConvertToMiladi(currentYear, 8, 20); }
+QDate firstDay()
+{
+    return ConvertToMiladi(currentYear - 2, 8, 21);
+}
+QDate lastDay()
+{
+    return ConvertToMiladi(currentYear, 8, 20);
+}
 
 void requireEmpty(int database)
 {

@@ -30,28 +30,85 @@ constexpr QStringView companyNames[] = {u"شرکت حمل و نقل سپهر", u
 
 constexpr QStringView colorNames[] = {u"سفید", u"مشکی", u"نقره‌ای", u"خاکستری", u"آبی", u"قرمز", u"نوک‌مدادی", u"بژ"};
 
-constexpr DemoNames::City cityNames[] = {{u"تهران", u"021"}, {u"اصفهان", u"031"}, {u"شیراز", u"071"}, {u"مشهد", u"051"},
-                                         {u"تبریز", u"041"}, {u"کرج", u"026"}, {u"قم", u"025"}, {u"رشت", u"013"},
-                                         {u"یزد", u"035"}, {u"کرمان", u"034"}};
+constexpr QStringView deliveryNames[] = {u"تحویل با برگ سبز", u"تحویل با سند کارخانه", u"بیمه تا پایان سال",
+                                         u"دو لکه رنگ در گلگیر", u"بدون رنگ", u"یک دست رنگ", u"موتور تعمیر اساسی",
+                                         u"تحویل پس از ترخیص چک", u"لاستیک نو، معاینه فنی"};
+
+constexpr DemoNames::City cityNames[] = {
+    {u"تهران", u"021"},
+    {u"اصفهان", u"031"},
+    {u"شیراز", u"071"},
+    {u"مشهد", u"051"},
+    {u"تبریز", u"041"},
+    {u"کرج", u"026"},
+    {u"قم", u"025"},
+    {u"رشت", u"013"},
+    {u"یزد", u"035"},
+    {u"کرمان", u"034"},
+};
 
 constexpr DemoNames::Car carNames[] = {
-    {u"پژو", u"207", 890, 4}, {u"پژو", u"پارس", 720, 4}, {u"ایران خودرو", u"دنا پلاس", 980, 4}, {u"ایران خودرو", u"تارا", 1050, 4},
-    {u"ایران خودرو", u"سمند", 650, 4}, {u"سایپا", u"کوییک", 480, 4}, {u"سایپا", u"شاهین", 760, 4}, {u"سایپا", u"پراید 131", 330, 4},
-    {u"رنو", u"ساندرو", 1150, 4}, {u"رنو", u"تندر 90", 900, 4}, {u"هیوندای", u"توسان", 3900, 4}, {u"هیوندای", u"سوناتا", 3100, 4},
-    {u"کیا", u"اسپورتیج", 3600, 4}, {u"کیا", u"سراتو", 2300, 4}, {u"تویوتا", u"کمری", 4200, 4}, {u"تویوتا", u"لندکروزر", 9800, 6},
-    {u"چری", u"تیگو 7", 2100, 4}, {u"جک", u"اس 5", 1700, 4}, {u"مزدا", u"323", 1400, 4}, {u"نیسان", u"وانت آبی", 590, 4}};
+    {u"پژو", u"207", 890, 4},
+    {u"پژو", u"پارس", 720, 4},
+    {u"ایران خودرو", u"دنا پلاس", 980, 4},
+    {u"ایران خودرو", u"تارا", 1050, 4},
+    {u"ایران خودرو", u"سمند", 650, 4},
+    {u"سایپا", u"کوییک", 480, 4},
+    {u"سایپا", u"شاهین", 760, 4},
+    {u"سایپا", u"پراید 131", 330, 4},
+    {u"رنو", u"ساندرو", 1150, 4},
+    {u"رنو", u"تندر 90", 900, 4},
+    {u"هیوندای", u"توسان", 3900, 4},
+    {u"هیوندای", u"سوناتا", 3100, 4},
+    {u"کیا", u"اسپورتیج", 3600, 4},
+    {u"کیا", u"سراتو", 2300, 4},
+    {u"تویوتا", u"کمری", 4200, 4},
+    {u"تویوتا", u"لندکروزر", 9800, 6},
+    {u"چری", u"تیگو 7", 2100, 4},
+    {u"جک", u"اس 5", 1700, 4},
+    {u"مزدا", u"323", 1400, 4},
+    {u"نیسان", u"وانت آبی", 590, 4},
+};
 
 }
 
 namespace DemoNames {
 
-List men() { return manNames; }
-List women() { return womanNames; }
-List families() { return familyNames; }
-List streets() { return streetNames; }
-List companies() { return companyNames; }
-List colors() { return colorNames; }
-std::span<const City> cities() { return cityNames; }
-std::span<const Car> cars() { return carNames; }
+List men()
+{
+    return manNames;
+}
+List women()
+{
+    return womanNames;
+}
+List families()
+{
+    return familyNames;
+}
+List streets()
+{
+    return streetNames;
+}
+List companies()
+{
+    return companyNames;
+}
+List colors()
+{
+    return colorNames;
+}
+List deliveries()
+{
+    return deliveryNames;
+}
+std::span<const City> cities()
+{
+    return cityNames;
+}
+std::span<const Car> cars()
+{
+    return carNames;
+}
 
 }

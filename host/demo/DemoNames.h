@@ -22,7 +22,7 @@ struct Car
 {
     QStringView maker;
     QStringView name;
-    int millions;       // price of a new one, in millions of tomans
+    int millions; // price of a new one, in millions of tomans
     int cylinders;
 };
 
@@ -32,6 +32,7 @@ List families();
 List streets();
 List companies();
 List colors();
+List deliveries();
 std::span<const City> cities();
 std::span<const Car> cars();
 

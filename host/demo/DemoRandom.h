@@ -10,7 +10,8 @@
 class DemoRandom
 {
 public:
-    explicit DemoRandom(unsigned int seed) : m_engine(seed) { }
+    explicit DemoRandom(unsigned int seed)
+        : m_engine(seed) { }
 
     // 0 to bound - 1.
     int below(int bound) { return static_cast<int>(m_engine() % static_cast<unsigned long long>(bound)); }

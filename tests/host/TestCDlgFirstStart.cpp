@@ -43,12 +43,18 @@ KEdit *edit(const CDlgFirstStart &dialog, const QString &label)
 void fill(CDlgFirstStart &dialog)
 {
     const QList<std::pair<QString, QString>> values = {
-        {QStringLiteral("نام مدیر :"), QStringLiteral("سارا احمدی")}, {QStringLiteral("نام کاربری :"), QStringLiteral("sara")},
-        {QStringLiteral("کلمه عبور :"), QStringLiteral("gallery7")}, {QStringLiteral("تکرار کلمه عبور :"), QStringLiteral("gallery7")},
-        {QStringLiteral("نام نمایشگاه :"), QStringLiteral("نمايشگاه آريا")}, {QStringLiteral("ادامه نام نمایشگاه :"), QStringLiteral("تهران")},
-        {QStringLiteral("کد ملی :"), QStringLiteral("0012345679")}, {QStringLiteral("تلفن :"), QStringLiteral("۰۲۱۴۴")},
-        {QStringLiteral("موبایل :"), QStringLiteral("09121234567")}, {QStringLiteral("شهر :"), QStringLiteral("تهران")},
-        {QStringLiteral("نشانی :"), QStringLiteral("خیابان آزادی")}};
+        {QStringLiteral("نام مدیر :"), QStringLiteral("سارا احمدی")},
+        {QStringLiteral("نام کاربری :"), QStringLiteral("sara")},
+        {QStringLiteral("کلمه عبور :"), QStringLiteral("gallery7")},
+        {QStringLiteral("تکرار کلمه عبور :"), QStringLiteral("gallery7")},
+        {QStringLiteral("نام نمایشگاه :"), QStringLiteral("نمايشگاه آريا")},
+        {QStringLiteral("ادامه نام نمایشگاه :"), QStringLiteral("تهران")},
+        {QStringLiteral("کد ملی :"), QStringLiteral("0012345679")},
+        {QStringLiteral("تلفن :"), QStringLiteral("۰۲۱۴۴")},
+        {QStringLiteral("موبایل :"), QStringLiteral("09121234567")},
+        {QStringLiteral("شهر :"), QStringLiteral("تهران")},
+        {QStringLiteral("نشانی :"), QStringLiteral("خیابان آزادی")},
+    };
     for (const auto &[label, text] : values)
         edit(dialog, label)->setText(text);
 }
@@ -84,13 +90,27 @@ void TestCDlgFirstStart::refused_data()
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("message");
-    QTest::newRow("no user") << "نام کاربری :" << " " << "لطفا نام کاربری را وارد نمایید.";
-    QTest::newRow("no password") << "کلمه عبور :" << "" << "لطفا کلمه عبور را وارد نمایید.";
-    QTest::newRow("short password") << "کلمه عبور :" << "abc" << "کلمه عبور باید دست‌کم 4 نویسه باشد.";
-    QTest::newRow("repeated otherwise") << "تکرار کلمه عبور :" << "gallery8" << "کلمه عبور و تکرار آن یکسان نیستند.";
-    QTest::newRow("no dealership") << "نام نمایشگاه :" << "" << "لطفا نام نمایشگاه را وارد نمایید.";
-    QTest::newRow("no year") << "سال مالی :" << "" << "لطفا سال مالی را درست وارد نمایید.";
-    QTest::newRow("year far away") << "سال مالی :" << "2026" << "لطفا سال مالی را درست وارد نمایید.";
+    QTest::newRow("no user") << "نام کاربری :"
+                             << " "
+                             << "لطفا نام کاربری را وارد نمایید.";
+    QTest::newRow("no password") << "کلمه عبور :"
+                                 << ""
+                                 << "لطفا کلمه عبور را وارد نمایید.";
+    QTest::newRow("short password") << "کلمه عبور :"
+                                    << "abc"
+                                    << "کلمه عبور باید دست‌کم 4 نویسه باشد.";
+    QTest::newRow("repeated otherwise") << "تکرار کلمه عبور :"
+                                        << "gallery8"
+                                        << "کلمه عبور و تکرار آن یکسان نیستند.";
+    QTest::newRow("no dealership") << "نام نمایشگاه :"
+                                   << ""
+                                   << "لطفا نام نمایشگاه را وارد نمایید.";
+    QTest::newRow("no year") << "سال مالی :"
+                             << ""
+                             << "لطفا سال مالی را درست وارد نمایید.";
+    QTest::newRow("year far away") << "سال مالی :"
+                                   << "2026"
+                                   << "لطفا سال مالی را درست وارد نمایید.";
 }
 
 void TestCDlgFirstStart::refused()

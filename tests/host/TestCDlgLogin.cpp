@@ -134,8 +134,10 @@ void TestCDlgLogin::emptyFieldsAreAskedFor()
     Login login;
     login.enter({}, QStringLiteral("secret"));
     login.enter(QStringLiteral("admin"), {});
-    QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{QStringLiteral("لطفا نام کاربری را وارد نمایید."),
-                                                      QStringLiteral("لطفا کلمه عبور را وارد نمایید.")}));
+    QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{
+                                             QStringLiteral("لطفا نام کاربری را وارد نمایید."),
+                                             QStringLiteral("لطفا کلمه عبور را وارد نمایید."),
+                                         }));
     QVERIFY(login.ok->isEnabled());
 }
 

@@ -93,11 +93,16 @@ void TestCDlgSettings::refused_data()
 {
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("value");
-    QTest::newRow("no unit") << "نام واحد پول :" << " ";
-    QTest::newRow("no year") << "سال مالی :" << "";
-    QTest::newRow("no such year") << "سال مالی :" << "1100";
-    QTest::newRow("no opening day") << "تاریخ افتتاح :" << "";
-    QTest::newRow("no such day") << "تاریخ افتتاح :" << "1404/12/30";
+    QTest::newRow("no unit") << "نام واحد پول :"
+                             << " ";
+    QTest::newRow("no year") << "سال مالی :"
+                             << "";
+    QTest::newRow("no such year") << "سال مالی :"
+                                  << "1100";
+    QTest::newRow("no opening day") << "تاریخ افتتاح :"
+                                    << "";
+    QTest::newRow("no such day") << "تاریخ افتتاح :"
+                                 << "1404/12/30";
 }
 
 void TestCDlgSettings::refused()

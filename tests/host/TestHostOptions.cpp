@@ -46,11 +46,16 @@ void TestHostOptions::officeServer_data()
     QTest::addColumn<QString>("host");
     QTest::addColumn<int>("port");
     QTest::addColumn<QString>("database");
-    QTest::newRow("host and database") << "office/books" << "office" << 3306 << "books";
-    QTest::newRow("with a port") << "office:3307/books" << "office" << 3307 << "books";
-    QTest::newRow("four numbers") << "10.0.0.5:3307/books" << "10.0.0.5" << 3307 << "books";
-    QTest::newRow("six in brackets") << "[::1]/books" << "::1" << 3306 << "books";
-    QTest::newRow("six in brackets with a port") << "[fe80::1]:4000/books" << "fe80::1" << 4000 << "books";
+    QTest::newRow("host and database") << "office/books"
+                                       << "office" << 3306 << "books";
+    QTest::newRow("with a port") << "office:3307/books"
+                                 << "office" << 3307 << "books";
+    QTest::newRow("four numbers") << "10.0.0.5:3307/books"
+                                  << "10.0.0.5" << 3307 << "books";
+    QTest::newRow("six in brackets") << "[::1]/books"
+                                     << "::1" << 3306 << "books";
+    QTest::newRow("six in brackets with a port") << "[fe80::1]:4000/books"
+                                                 << "fe80::1" << 4000 << "books";
 }
 
 void TestHostOptions::officeServer()
@@ -87,24 +92,42 @@ void TestHostOptions::refused_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("named");
-    QTest::newRow("unknown option") << "--colour" << "colour";
-    QTest::newRow("loose word") << "office" << "office";
-    QTest::newRow("no value") << "--data-dir" << "data-dir";
-    QTest::newRow("no database") << "--user sara --connect office" << "HOST[:PORT]/DATABASE";
-    QTest::newRow("empty database") << "--user sara --connect office/" << "HOST[:PORT]/DATABASE";
-    QTest::newRow("no host") << "--user sara --connect /books" << "HOST[:PORT]/DATABASE";
-    QTest::newRow("port is no number") << "--user sara --connect office:x/books" << "HOST[:PORT]/DATABASE";
-    QTest::newRow("port 0") << "--user sara --connect office:0/books" << "HOST[:PORT]/DATABASE";
-    QTest::newRow("port above 65535") << "--user sara --connect office:65536/books" << "HOST[:PORT]/DATABASE";
-    QTest::newRow("office without a user") << "--connect office/books" << "--user";
-    QTest::newRow("user without an office") << "--user sara" << "--connect";
-    QTest::newRow("tls without an office") << "--tls" << "--connect";
-    QTest::newRow("ca without tls") << "--connect office/books --user sara --ca /ca.pem" << "--tls";
-    QTest::newRow("demo on an office server") << "--connect office/books --user sara --demo" << "--demo";
-    QTest::newRow("size without demo") << "--demo-size 5" << "--demo";
-    QTest::newRow("size 0") << "--demo --demo-size 0" << "1000000";
-    QTest::newRow("size is no number") << "--demo --demo-size many" << "1000000";
-    QTest::newRow("size too large") << "--demo --demo-size 1000001" << "1000000";
+    QTest::newRow("unknown option") << "--colour"
+                                    << "colour";
+    QTest::newRow("loose word") << "office"
+                                << "office";
+    QTest::newRow("no value") << "--data-dir"
+                              << "data-dir";
+    QTest::newRow("no database") << "--user sara --connect office"
+                                 << "HOST[:PORT]/DATABASE";
+    QTest::newRow("empty database") << "--user sara --connect office/"
+                                    << "HOST[:PORT]/DATABASE";
+    QTest::newRow("no host") << "--user sara --connect /books"
+                             << "HOST[:PORT]/DATABASE";
+    QTest::newRow("port is no number") << "--user sara --connect office:x/books"
+                                       << "HOST[:PORT]/DATABASE";
+    QTest::newRow("port 0") << "--user sara --connect office:0/books"
+                            << "HOST[:PORT]/DATABASE";
+    QTest::newRow("port above 65535") << "--user sara --connect office:65536/books"
+                                      << "HOST[:PORT]/DATABASE";
+    QTest::newRow("office without a user") << "--connect office/books"
+                                           << "--user";
+    QTest::newRow("user without an office") << "--user sara"
+                                            << "--connect";
+    QTest::newRow("tls without an office") << "--tls"
+                                           << "--connect";
+    QTest::newRow("ca without tls") << "--connect office/books --user sara --ca /ca.pem"
+                                    << "--tls";
+    QTest::newRow("demo on an office server") << "--connect office/books --user sara --demo"
+                                              << "--demo";
+    QTest::newRow("size without demo") << "--demo-size 5"
+                                       << "--demo";
+    QTest::newRow("size 0") << "--demo --demo-size 0"
+                            << "1000000";
+    QTest::newRow("size is no number") << "--demo --demo-size many"
+                                       << "1000000";
+    QTest::newRow("size too large") << "--demo --demo-size 1000001"
+                                    << "1000000";
 }
 
 void TestHostOptions::refused()

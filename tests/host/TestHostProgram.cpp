@@ -155,13 +155,14 @@ void TestHostProgram::logIn(const CDlgLogin &dialog, const QString &user, const 
 void TestHostProgram::makeOffice()
 {
     QCOMPARE(drive([](QWidget *window) {
-        if (auto *first = qobject_cast<CDlgFirstStart *>(window)) {
-            fillFirstStart(*first);
-            first->accept();
-        } else {
-            window->close();
-        }
-    }), 0);
+                 if (auto *first = qobject_cast<CDlgFirstStart *>(window)) {
+                     fillFirstStart(*first);
+                     first->accept();
+                 } else {
+                     window->close();
+                 }
+             }),
+             0);
 }
 
 QString TestHostProgram::logText() const
@@ -285,7 +286,8 @@ void TestHostProgram::serverThatDiesIsRestartedWithOneMessage()
             QFile pid(DataFolder(m_options.dataDir).databasePath() + QStringLiteral("/server.pid"));
             QVERIFY(pid.open(QIODevice::ReadOnly));
             QCOMPARE(QProcess::execute(QStringLiteral("kill"),
-                                       {QStringLiteral("-9"), QString::fromLatin1(pid.readAll().trimmed())}), 0);
+                                       {QStringLiteral("-9"), QString::fromLatin1(pid.readAll().trimmed())}),
+                     0);
         } else if (logText().contains(QStringLiteral("the server runs again"))) {
             CTblTemp query;
             query.Open(true, false, true);

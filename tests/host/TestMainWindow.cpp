@@ -91,8 +91,12 @@ void TestMainWindow::menuOfTheModuleStandsToTheLetter()
     QStringList entries;
     for (const QAction *entry : first->menu()->actions())
         entries.append(entry->text());
-    QCOMPARE(entries, (QStringList{QStringLiteral("قرارداد"), QStringLiteral("تقاضا"), QStringLiteral("گالري اتومبيل"),
-                                   QStringLiteral("گزارش فصلي")}));
+    QCOMPARE(entries, (QStringList{
+                          QStringLiteral("قرارداد"),
+                          QStringLiteral("تقاضا"),
+                          QStringLiteral("گالري اتومبيل"),
+                          QStringLiteral("گزارش فصلي"),
+                      }));
     QCOMPARE(window.layoutDirection(), QApplication::layoutDirection());
 }
 
@@ -130,9 +134,12 @@ void TestMainWindow::hostPagesOpenOnce_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QString>("form");
-    QTest::newRow("persons") << "اشخاص" << "Persons";
-    QTest::newRow("documents") << "اسناد حسابداری" << "Documents";
-    QTest::newRow("users") << "کاربران و دسترسی‌ها" << "Users";
+    QTest::newRow("persons") << "اشخاص"
+                             << "Persons";
+    QTest::newRow("documents") << "اسناد حسابداری"
+                               << "Documents";
+    QTest::newRow("users") << "کاربران و دسترسی‌ها"
+                           << "Users";
 }
 
 void TestMainWindow::hostPagesOpenOnce()
@@ -149,7 +156,8 @@ void TestMainWindow::hostPagesOpenOnce()
 void TestMainWindow::withoutRightsNothingOpens_data()
 {
     hostPagesOpenOnce_data();
-    QTest::newRow("contracts") << "قرارداد" << "AutomobilContracts";
+    QTest::newRow("contracts") << "قرارداد"
+                               << "AutomobilContracts";
 }
 
 void TestMainWindow::withoutRightsNothingOpens()
