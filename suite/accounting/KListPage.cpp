@@ -389,6 +389,11 @@ int KListPage::rowLimit() const
     return m_rowLimit->integer();
 }
 
+void KListPage::setRowLimit(int rows)
+{
+    m_rowLimit->setNumber(rows);
+}
+
 bool KListPage::OnAccess()
 {
     return CheckAccessSecurity(1);

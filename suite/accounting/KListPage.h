@@ -84,6 +84,8 @@ public:
     QString countText() const;
     QString sortExpression() const { return m_sort; }
     int rowLimit() const;
+    // Of the next fill, 1 to 10000, as the user would type it.
+    void setRowLimit(int rows);
 
     bool OnAccess() override;
     bool OnOK() override;

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "tests/support/TestDatabase.h"
+
+#include <QTemporaryDir>
+
+// A made-up office with that many contracts on a private server of the benchmark's own; its user is logged in.
+class BenchOffice
+{
+public:
+    explicit BenchOffice(int contracts);
+
+private:
+    TestDatabase m_database;
+    QTemporaryDir m_settings;
+};
+
+// Resident memory of this process in KiB: now, and the highest since the last resetPeakMemory.
+long currentMemory();
+long peakMemory();
+void resetPeakMemory();

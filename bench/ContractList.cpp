@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The contract list with 10,000 rows from the search button to the painted list, names included: against one JOIN of the
+// shown columns plus a bare model on the same view.
+
+#include "bench/BenchOffice.h"
+#include "bench/RatioReporter.h"
+
+#include "auto/WordLists.h"
+#include "auto/contracts/CDlgAutomobilContracts.h"
+#include "suite/accounting/KApplication.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QAbstractTableModel>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QTreeView>
+
+#include <mysql.h>
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+constexpr int contractCount = 10'000;
+constexpr int shownColumns = 10;
+
+class BareModel : public QAbstractTableModel
+{
+public:
+    using Row = std::array<QString, shownColumns>;
+
+    void setRows(std::vector<Row> rows)
+    {
+        beginResetModel();
+        m_rows = std::move(rows);
+        endResetModel();
+    }
+    int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : static_cast<int>(m_rows.size()); }
+    int columnCount(const QModelIndex & = {}) const override { return shownColumns; }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role != Qt::DisplayRole)
+            return {};
+        return m_rows[static_cast<size_t>(index.row())][static_cast<size_t>(index.column())];
+    }
+
+private:
+    std::vector<Row> m_rows;
+};
+
+CDlgAutomobilContracts *page = nullptr;
+QTreeView *bareView = nullptr;
+BareModel *bareModel = nullptr;
+
+QString dateText(const char *cell)
+{
+    return cell ? shamsiText(QDate::fromString(QString::fromLatin1(cell, 10), Qt::ISODate)) : QString();
+}
+
+void contractList(benchmark::State &state)
+{
+    for (auto _ : state) {
+        page->refill();
+        page->list()->viewport()->repaint();
+        QCoreApplication::processEvents();
+        if (page->list()->count() != contractCount)
+            state.SkipWithError("wrong number of rows");
+    }
+}
+
+void joinAndBareModel(benchmark::State &state)
+{
+    static const QByteArray statement =
+        "SELECT c.iContractType,p.sName2,q.sName2,c.iDocNum,c.sExplain,c.dateContract,c.dateExpiration,c.sDesc,"
+        "c.iArchiveUserID FROM AutomobilContracts c LEFT JOIN Persons p ON p.iID=c.iPersonFirstID "
+        "LEFT JOIN Persons q ON q.iID=c.iPersonSecondID ORDER BY c.iCode LIMIT 10000";
+    MYSQL *connection = KConnection::forThread().handle();
+    for (auto _ : state) {
+        if (mysql_real_query(connection, statement.constData(), static_cast<unsigned long>(statement.size())) != 0)
+            state.SkipWithError(mysql_error(connection));
+        MYSQL_RES *result = mysql_store_result(connection);
+        std::vector<BareModel::Row> rows;
+        rows.reserve(contractCount);
+        while (MYSQL_ROW row = mysql_fetch_row(result)) {
+            rows.push_back({QString::number(rows.size() + 1),
+                            WordLists::textAt(WordLists::contractTypes(), QByteArray(row[0]).toInt()),
+                            QString::fromUtf8(row[1]), QString::fromUtf8(row[2]), QString::fromUtf8(row[3]),
+                            QString::fromUtf8(row[4]), dateText(row[5]), dateText(row[6]), QString::fromUtf8(row[7]),
+                            row[8][0] == '0' ? QStringLiteral("-") : QStringLiteral("بلی")});
+        }
+        mysql_free_result(result);
+        bareModel->setRows(std::move(rows));
+        bareView->viewport()->repaint();
+        QCoreApplication::processEvents();
+    }
+}
+
+void showAll(QWidget *window)
+{
+    window->resize(1366, 700);
+    window->show();
+    QCoreApplication::processEvents();
+}
+
+int statementsOfOneFill()
+{
+    int count = 0;
+    KConnection::setStatementObserver([&count](const QString &) { ++count; });
+    page->refill();
+    KConnection::setStatementObserver({});
+    return count;
+}
+
+}
+
+BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+BENCHMARK(contractList)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+
+int main(int argc, char **argv)
+{
+    KApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    const BenchOffice office(contractCount);
+
+    WriteSetting(QStringLiteral("AutomobilContracts"), QStringLiteral("iMaxRows"), 1);
+    CDlgAutomobilContracts contracts;
+    page = &contracts;
+    showAll(page);
+    contracts.archiveFilter()->setCurrentIndex(0);
+    contracts.returnFilter()->setCurrentIndex(0);
+    contracts.inactiveFilter()->setChecked(true);
+
+    const long idle = currentMemory();
+    resetPeakMemory();
+    contracts.setRowLimit(contractCount);
+    contracts.refill();
+    contracts.list()->viewport()->repaint();
+    const long peak = peakMemory() - idle;
+
+    BareModel model;
+    QTreeView view;
+    view.setUniformRowHeights(true);
+    view.setRootIsDecorated(false);
+    view.setAlternatingRowColors(true);
+    view.setModel(&model);
+    bareModel = &model;
+    bareView = &view;
+    showAll(&view);
+
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    const bool fast = reporter.printRatio("contract list of 10,000 rows, search to painted / one JOIN and a bare model",
+                                          "contractList", "joinAndBareModel", 2);
+    const int statements = statementsOfOneFill();
+    std::printf("statements of one fill: %d (at most 3)\n", statements);
+    std::printf("peak memory over the idle window while filling: %.1f MiB\n", static_cast<double>(peak) / 1024);
+    return fast && statements <= 3 ? 0 : 1;
+}

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// 10,000 contracts with all 126 columns: through the record class, and by a bare Connector/C loop that touches every cell.
+
+#include "bench/BenchOffice.h"
+#include "bench/RatioReporter.h"
+
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/KApplication.h"
+
+#include <mysql.h>
+
+namespace {
+
+constexpr int contractCount = 10'000;
+
+void recordClass(benchmark::State &state)
+{
+    for (auto _ : state) {
+        CTblAutomobilContracts contracts;
+        contracts.Open(true, true, true);
+        double sum = 0;
+        qsizetype letters = 0;
+        while (!contracts.IsEOF()) {
+            sum += contracts.m_dAmount;
+            letters += contracts.m_sName1.size();
+            contracts.MoveNext();
+        }
+        benchmark::DoNotOptimize(sum);
+        benchmark::DoNotOptimize(letters);
+        if (contracts.GetRecordsCount() != contractCount)
+            state.SkipWithError("wrong number of rows");
+    }
+}
+
+void bareLoop(benchmark::State &state)
+{
+    CTblAutomobilContracts contracts;
+    QByteArray statement = "SELECT ";
+    for (const KMySQL::Column &column : contracts.columns())
+        statement += column.name.toUtf8() + ',';
+    statement.chop(1);
+    statement += " FROM AutomobilContracts";
+    MYSQL *connection = KConnection::forThread().handle();
+    for (auto _ : state) {
+        if (mysql_real_query(connection, statement.constData(), static_cast<unsigned long>(statement.size())) != 0)
+            state.SkipWithError(mysql_error(connection));
+        MYSQL_RES *result = mysql_store_result(connection);
+        const unsigned int fields = mysql_num_fields(result);
+        unsigned long long touched = 0;
+        while (MYSQL_ROW row = mysql_fetch_row(result)) {
+            const unsigned long *lengths = mysql_fetch_lengths(result);
+            for (unsigned int i = 0; i < fields; ++i) {
+                if (row[i] && lengths[i] > 0)
+                    touched += static_cast<unsigned char>(row[i][0]) + lengths[i];
+            }
+        }
+        mysql_free_result(result);
+        benchmark::DoNotOptimize(touched);
+    }
+}
+
+}
+
+BENCHMARK(bareLoop)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+BENCHMARK(recordClass)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+
+int main(int argc, char **argv)
+{
+    KApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    const BenchOffice office(contractCount);
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return reporter.printRatio("10,000 contracts, 126 columns, record class / bare loop", "recordClass", "bareLoop", 2) ? 0 : 1;
+}
