@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/TabOrder.h"
+#include "tests/auto/db/SampleRecord.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QTest>
+
+namespace {
+
+using Kind = KFormField::Kind;
+
+const QString name = QStringLiteral("sName");
+const QString note = QStringLiteral("sNote");
+const QString date = QStringLiteral("date");
+const QString amount = QStringLiteral("dAmount");
+const QString flag = QStringLiteral("bFlag");
+const QString user = QStringLiteral("iUserID");
+
+QList<KFormField> fields()
+{
+    KFormField money{amount, QStringLiteral("مبلغ :"), Kind::Money};
+    money.inWords = true;
+    KFormField choice{user, QStringLiteral("نوع :"), Kind::Choice};
+    choice.choices = {QStringLiteral("یک"), QStringLiteral("دو"), QStringLiteral("سه")};
+    KFormField shorter{note, QStringLiteral("یادداشت :")};
+    shorter.maxLength = 50;
+    return {{name, QStringLiteral("نام :")}, shorter,
+            {date, QStringLiteral("تاريخ :"), Kind::Date}, money,
+            {flag, QStringLiteral("پرچم"), Kind::Flag}, choice};
+}
+
+}
+
+class TestKForm : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+
+private Q_SLOTS:
+    void initTestCase() { SampleRecord::createTable(); }
+
+    void everyFieldIsLabelledAndLimitedToItsColumn()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        QCOMPARE(form.edit(name)->maxLength(), 10);
+        QCOMPARE(form.edit(note)->maxLength(), 50);
+        QCOMPARE(form.label(name)->text(), QStringLiteral("نام :"));
+        QCOMPARE(form.label(name)->buddy(), form.control(name));
+        QCOMPARE(form.control(amount)->accessibleName(), QStringLiteral("مبلغ :"));
+        QCOMPARE(form.edit(amount)->kind(), KEdit::Kind::Money);
+        QCOMPARE(form.checkBox(flag)->text(), QStringLiteral("پرچم"));
+        QVERIFY(!form.label(flag));
+        QCOMPARE(form.comboBox(user)->count(), 3);
+    }
+
+    void whatIsLoadedIsStoredBackUnchanged()
+    {
+        SampleRecord record;
+        record.m_sName = QStringLiteral("سارا");
+        record.m_date = QDateTime(QDate(2026, 3, 21), QTime(13, 5), Qt::UTC);
+        record.m_dAmount = 1234.5678;
+        record.m_bFlag = 1;
+        record.m_iUserID = 2;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        form.load(record);
+        QCOMPARE(form.dateEdit(date)->text(), QStringLiteral("1405/01/01"));
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("سه"));
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_sName, record.m_sName);
+        QCOMPARE(other.m_date, record.m_date);
+        QCOMPARE(other.m_dAmount, record.m_dAmount);
+        QCOMPARE(other.m_bFlag, 1);
+        QCOMPARE(other.m_iUserID, 2);
+    }
+
+    void emptyDateAndNoChoiceAreStoredAsEmptyAndZero()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        form.load(record);
+        form.comboBox(user)->setCurrentIndex(-1);
+        SampleRecord other;
+        other.m_date = QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC);
+        other.m_iUserID = 2;
+        form.store(other);
+        QVERIFY(!other.m_date.isValid());
+        QCOMPARE(other.m_iUserID, 0);
+    }
+
+    void showModeMakesEveryControlReadOnlyAndEndsAsTheFieldsSay()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        form.setReadOnly(note, true);
+        form.setShowMode(true);
+        QVERIFY(form.edit(name)->isReadOnly());
+        QVERIFY(form.dateEdit(date)->isReadOnly());
+        QVERIFY(!form.comboBox(user)->isEnabled());
+        QVERIFY(!form.checkBox(flag)->isEnabled());
+        form.setReadOnly(name, false);
+        QVERIFY(form.edit(name)->isReadOnly());
+        form.setShowMode(false);
+        QVERIFY(!form.edit(name)->isReadOnly());
+        QVERIFY(form.edit(note)->isReadOnly());
+        QVERIFY(form.comboBox(user)->isEnabled());
+    }
+
+    void firstInvalidNamesTheFieldAndTheReason()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        QVERIFY(!form.firstInvalid());
+        form.dateEdit(date)->setText(QStringLiteral("1404/12/30"));
+        const auto problem = form.firstInvalid();
+        QVERIFY(problem);
+        QCOMPARE(problem->widget, form.control(date));
+        QVERIFY(!problem->message.isEmpty());
+    }
+
+    void amountIsToldInWordsBelowItsField()
+    {
+        SampleRecord record;
+        QWidget page;
+        auto *grid = new QGridLayout(&page);
+        KForm form(fields(), record, &page);
+        form.place(grid, 0, 0, amount);
+        const auto *words = qobject_cast<QLabel *>(grid->itemAtPosition(1, 1)->widget());
+        QVERIFY(words);
+        form.edit(amount)->setNumber(21);
+        QCOMPARE(words->text(), QStringLiteral("بیست و یک"));
+        form.edit(amount)->setNumber(0);
+        QVERIFY(words->text().isEmpty());
+    }
+
+    void fieldThatIsNotDisplayedKeepsItsValue()
+    {
+        SampleRecord record;
+        record.m_sNote = QStringLiteral("پنهان");
+        QList<KFormField> hidden = fields();
+        hidden[1].displayed = false;
+        QWidget page;
+        KForm form(hidden, record, &page);
+        QVERIFY(form.control(note)->isHidden());
+        QVERIFY(form.label(note)->isHidden());
+        form.load(record);
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_sNote, QStringLiteral("پنهان"));
+    }
+
+    void tabGoesThroughTheFieldsAsTheyAreLaidOut()
+    {
+        SampleRecord record;
+        QWidget page;
+        auto *grid = new QGridLayout(&page);
+        KForm form(fields(), record, &page);
+        // Laid out against the order of their making.
+        form.place(grid, 1, 2, name);
+        form.place(grid, 1, 0, note);
+        form.place(grid, 0, 0, amount);
+        form.place(grid, 0, 2, date);
+        tabInLayoutOrder(&page);
+        QCOMPARE(form.control(amount)->nextInFocusChain(), form.control(date));
+        // The date's own button takes no focus and may stand between.
+        QWidget *next = form.control(date)->nextInFocusChain();
+        while (next != form.control(note) && !(next->focusPolicy() & Qt::TabFocus))
+            next = next->nextInFocusChain();
+        QCOMPARE(next, form.control(note));
+        QCOMPARE(form.control(note)->nextInFocusChain(), form.control(name));
+    }
+};
+
+QTEST_MAIN(TestKForm)
+#include "TestKForm.moc"
