@@ -6,8 +6,8 @@
 #include "auto/db/KConnection.h"
 #include "host/CDlgServerPassword.h"
 #include "host/HostOptions.h"
+#include "host/StartupClock.h"
 #include "host/server/ServerError.h"
-#include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 
 #include <QFile>
@@ -26,26 +26,49 @@ KConnectionSettings settingsOf(const HostOptions &options)
     return settings;
 }
 
-// Errors that another password can mend: access denied for the account, with or without the database.
-bool isRefusedAccount(const CMySQLException &error)
+// The server's and the client library's error numbers that tell a person what to do.
+enum ConnectError : unsigned int {
+    NoAccessToDatabase = 1044,
+    AccessDenied = 1045,
+    UnknownDatabase = 1049,
+    AccessDeniedWithoutPassword = 1698,
+    TlsFailed = 2026
+};
+
+// Another password may mend it.
+bool isWrongPassword(const CMySQLException &error)
 {
-    return error.serverCode() == 1045 || error.serverCode() == 1044 || error.serverCode() == 1698;
+    return error.serverCode() == AccessDenied || error.serverCode() == AccessDeniedWithoutPassword;
+}
+
+QString reason(const CMySQLException &error, const KConnectionSettings &settings)
+{
+    switch (error.serverCode()) {
+    case AccessDenied:
+    case AccessDeniedWithoutPassword:
+        return QStringLiteral("سرور «%1» حساب «%2» را با این کلمه عبور نپذیرفت.").arg(settings.host, settings.user);
+    case NoAccessToDatabase:
+        return QStringLiteral("حساب «%1» اجازه کار با پایگاه داده «%2» را ندارد.").arg(settings.user, settings.database);
+    case UnknownDatabase:
+        return QStringLiteral("پایگاه داده «%1» روی سرور «%2» نیست.").arg(settings.database, settings.host);
+    case TlsFailed:
+        return QStringLiteral("سرور «%1» هویت خود را ثابت نکرد؛ اتصال امن برقرار نشد.").arg(settings.host);
+    default:
+        return QStringLiteral("اتصال به سرور «%1» برقرار نشد. روشن بودن سرور و نشانی آن را بررسی نمایید.").arg(settings.host);
+    }
 }
 
 // False: the connection did not open, and the user was told why.
-bool open(const KConnectionSettings &settings, QWidget *parent, bool *refusedAccount)
+bool open(const KConnectionSettings &settings, QWidget *parent, bool *wrongPassword)
 {
     KConnection::configure(0, settings);
     try {
         KConnection::forThread(0).run(QByteArrayLiteral("SELECT 1"));
         return true;
     } catch (const CMySQLException &error) {
-        *refusedAccount = isRefusedAccount(error);
-        if (*refusedAccount)
-            g_pDlgWarning->Show(QStringLiteral("سرور «%1» حساب «%2» را با این کلمه عبور نپذیرفت.").arg(settings.host, settings.user),
-                                parent);
-        else
-            KErrorBoundary::report(std::current_exception(), parent);
+        *wrongPassword = isWrongPassword(error);
+        qCWarning(lcHost).noquote() << "office server:" << error.serverCode() << error.GetErrorMessage();
+        g_pDlgWarning->Show(reason(error, settings), parent);
     }
     return false;
 }
@@ -74,7 +97,7 @@ std::optional<QString> readPassword(const QString &path, QString *error)
 bool connect(const HostOptions &options, QWidget *parent)
 {
     KConnectionSettings settings = settingsOf(options);
-    bool refusedAccount = false;
+    bool wrongPassword = false;
     if (!options.passwordFile.isEmpty()) {
         QString problem;
         const std::optional<QString> password = readPassword(options.passwordFile, &problem);
@@ -83,16 +106,16 @@ bool connect(const HostOptions &options, QWidget *parent)
             return false;
         }
         settings.password = *password;
-        return open(settings, parent, &refusedAccount);
+        return open(settings, parent, &wrongPassword);
     }
     do {
         CDlgServerPassword dialog(options, parent);
         if (dialog.exec() != QDialog::Accepted)
             return false;
         settings.password = dialog.password();
-        if (open(settings, parent, &refusedAccount))
+        if (open(settings, parent, &wrongPassword))
             return true;
-    } while (refusedAccount);
+    } while (wrongPassword);
     return false;
 }
 

@@ -3,10 +3,14 @@
 
 #include "host/OfficeServer.h"
 
+#include "auto/db/CTblTemp.h"
 #include "host/HostOptions.h"
+#include "host/server/EmbeddedServer.h"
 #include "suite/accounting/KMessageDialog.h"
 
 #include <QFile>
+#include <QProcess>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -15,13 +19,27 @@ class TestOfficeServer : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
     void init() { g_pDlgWarning->answerAll(true); }
     void cleanup() { g_pDlgWarning->answerAll(false); }
     void passwordIsTheFirstLine_data();
     void passwordIsTheFirstLine();
     void aFileThatOthersReadIsRefused();
     void aFileThatIsNotThereIsTold();
+    void rightPasswordConnects();
+    void wrongPasswordIsToldByName();
+    void databaseThatIsNotThereIsToldByName();
+    void databaseOfOthersIsRefused();
+    void serverThatDoesNotProveItselfIsRefused();
     void aServerThatIsNotThereIsToldOnce();
+
+private:
+    HostOptions options(const QByteArray &password, const QString &database);
+
+    QTemporaryDir m_folder;
+    QProcess m_server;
+    quint16 m_port = 0;
 };
 
 namespace {
@@ -36,6 +54,93 @@ QString writeFile(const QTemporaryDir &folder, const QByteArray &text, QFile::Pe
     return file.fileName();
 }
 
+}
+
+// A server as an office has one: reached over the network, with an account for the program.
+void TestOfficeServer::initTestCase()
+{
+    const DataFolder folder(m_folder.filePath(QStringLiteral("server")));
+    {
+        EmbeddedServer maker(folder);
+        maker.start();
+        KConnection connection(maker.connectionSettings());
+        connection.run(QByteArrayLiteral("CREATE DATABASE books"));
+        connection.run(QByteArrayLiteral("CREATE USER sara@'%' IDENTIFIED BY 'gallery7'"));
+        connection.run(QByteArrayLiteral("GRANT ALL ON books.* TO sara@'%'"));
+    }
+    QTcpServer free;
+    QVERIFY(free.listen(QHostAddress::LocalHost));
+    m_port = free.serverPort();
+    free.close();
+    m_server.setProcessChannelMode(QProcess::MergedChannels);
+    m_server.start(ServerPrograms::installed().server,
+                   {QStringLiteral("--defaults-file=") + folder.serverConfigPath(), QStringLiteral("--skip-networking=OFF"),
+                    QStringLiteral("--bind-address=127.0.0.1"), QStringLiteral("--port=%1").arg(m_port)});
+    QByteArray words;
+    QTRY_VERIFY_WITH_TIMEOUT((words += m_server.readAll()).contains("ready for connections"), 30000);
+}
+
+void TestOfficeServer::cleanupTestCase()
+{
+    KConnection::closeThreadConnections();
+    m_server.terminate();
+    QVERIFY(m_server.waitForFinished());
+}
+
+HostOptions TestOfficeServer::options(const QByteArray &password, const QString &database)
+{
+    HostOptions options;
+    options.connect = true;
+    options.host = QStringLiteral("127.0.0.1");
+    options.port = m_port;
+    options.user = QStringLiteral("sara");
+    options.database = database;
+    options.passwordFile = writeFile(m_folder, password, QFile::ReadOwner | QFile::WriteOwner);
+    return options;
+}
+
+void TestOfficeServer::rightPasswordConnects()
+{
+    QVERIFY(OfficeServer::connect(options("gallery7\n", QStringLiteral("books")), nullptr));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    CTblTemp query;
+    query.Open(false, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT CONCAT(CURRENT_USER(),' ',DATABASE())"));
+    QCOMPARE(query.GetTextFieldValue(0), QStringLiteral("sara@% books"));
+}
+
+void TestOfficeServer::wrongPasswordIsToldByName()
+{
+    QVERIFY(!OfficeServer::connect(options("guess", QStringLiteral("books")), nullptr));
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY2(shown.constFirst().contains(QStringLiteral("sara")), qPrintable(shown.constFirst()));
+    QVERIFY(!shown.constFirst().contains(QStringLiteral("guess")));
+}
+
+void TestOfficeServer::databaseThatIsNotThereIsToldByName()
+{
+    // Who may see no other database hears the same of one that is not there as of one of others.
+    QVERIFY(!OfficeServer::connect(options("gallery7", QStringLiteral("nobooks")), nullptr));
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY2(shown.constFirst().contains(QStringLiteral("nobooks")), qPrintable(shown.constFirst()));
+}
+
+void TestOfficeServer::databaseOfOthersIsRefused()
+{
+    QVERIFY(!OfficeServer::connect(options("gallery7", QStringLiteral("mysql")), nullptr));
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY2(shown.constFirst().contains(QStringLiteral("mysql")), qPrintable(shown.constFirst()));
+}
+
+void TestOfficeServer::serverThatDoesNotProveItselfIsRefused()
+{
+    HostOptions secure = options("gallery7", QStringLiteral("books"));
+    secure.tls = true;
+    QVERIFY(!OfficeServer::connect(secure, nullptr));
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
 void TestOfficeServer::passwordIsTheFirstLine_data()
@@ -80,15 +185,9 @@ void TestOfficeServer::aFileThatIsNotThereIsTold()
 
 void TestOfficeServer::aServerThatIsNotThereIsToldOnce()
 {
-    const QTemporaryDir folder;
-    HostOptions options;
-    options.connect = true;
-    options.host = QStringLiteral("127.0.0.1");
-    options.port = 1;
-    options.database = QStringLiteral("books");
-    options.user = QStringLiteral("sara");
-    options.passwordFile = writeFile(folder, "word", QFile::ReadOwner | QFile::WriteOwner);
-    QVERIFY(!OfficeServer::connect(options, nullptr));
+    HostOptions nowhere = options("gallery7", QStringLiteral("books"));
+    nowhere.port = 1;
+    QVERIFY(!OfficeServer::connect(nowhere, nullptr));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
