@@ -149,6 +149,11 @@ void KConnection::open()
         if (!m_settings.caFile.isEmpty())
             mysql_ssl_set(handle, nullptr, nullptr, m_settings.caFile.toLocal8Bit().constData(), nullptr, nullptr);
     }
+    if (!m_settings.host.isEmpty()) {
+        // "localhost" would mean a local socket to the client library, whatever port is given.
+        const unsigned int network = MYSQL_PROTOCOL_TCP;
+        mysql_optionsv(handle, MYSQL_OPT_PROTOCOL, &network);
+    }
     const QByteArray host = m_settings.host.toUtf8();
     const QByteArray user = m_settings.user.toUtf8();
     const QByteArray password = m_settings.password.toUtf8();
