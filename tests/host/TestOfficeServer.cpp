@@ -28,6 +28,7 @@ private Q_SLOTS:
     void aFileThatOthersReadIsRefused();
     void aFileThatIsNotThereIsTold();
     void rightPasswordConnects();
+    void thisComputerByNameIsReachedOverTheNetworkToo();
     void wrongPasswordIsToldByName();
     void databaseThatIsNotThereIsToldByName();
     void databaseOfOthersIsRefused();
@@ -107,6 +108,15 @@ void TestOfficeServer::rightPasswordConnects()
     query.Open(false, false, true);
     query.ExecuteQuery(QStringLiteral("SELECT CONCAT(CURRENT_USER(),' ',DATABASE())"));
     QCOMPARE(query.GetTextFieldValue(0), QStringLiteral("sara@% books"));
+}
+
+// The client library would look for a local socket of its own by that name.
+void TestOfficeServer::thisComputerByNameIsReachedOverTheNetworkToo()
+{
+    HostOptions byName = options("gallery7", QStringLiteral("books"));
+    byName.host = QStringLiteral("localhost");
+    QVERIFY(OfficeServer::connect(byName, nullptr));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
 void TestOfficeServer::wrongPasswordIsToldByName()
