@@ -8,7 +8,7 @@ from . import labels
 from .database import Database
 from .hands import HANDS, KeyboardHands
 from .input import Input
-from .tree import Tree, connect
+from .tree import State, Tree, connect
 from .waiting import wait_for
 
 COMPANY = "نمایشگاه نمونه"
@@ -117,6 +117,7 @@ class Office:
             self.pictures.take(*picture)
         self.hands.press(answer, window)
         wait_for(lambda: window not in self.tree.windows(), "the message to go")
+        wait_for(lambda: any(node.has(State.ACTIVE) for node in self.tree.windows()), "the window below to be active")
         return shown
 
     def report_failure(self):

@@ -27,7 +27,7 @@ def connect():
     """Once, after the accessibility bus runs."""
     if Atspi.init() not in (0, 1):
         raise RuntimeError("the accessibility library finds no bus")
-    Atspi.set_timeout(_ANSWER_MS, 30000)
+    Atspi.set_timeout(_ANSWER_MS, _ANSWER_MS)
 
 
 class Node:
