@@ -98,7 +98,7 @@ def add_seller_from_picker(office, editor):
     picker = work.open_picker(office, editor, 0)
     office.pictures.take("picker", "The first party is picked from the persons")
     if isinstance(office.hands, KeyboardHands):
-        office.input.keys("Insert")
+        office.hands.keys(picker, "Insert")
     else:
         office.hands.press(labels.NEW, picker)
     work.add_person(office, picker, *SELLER.split(" "), discount_percent=str(SELLER_DISCOUNT))

@@ -49,9 +49,9 @@ def refused_and_cancelled(office):
     check(table.row_count == len(before), "the list is as it was")
 
     step("cancelled with the Escape key as well")
-    work.new_contract(office)
+    editor = work.new_contract(office)
     check(len(contracts(office)) == len(before) + 1, "the placeholder stands in the table")
-    office.input.keys("Escape")
+    office.hands.keys(editor, "Escape")
     office.tree.no_window(labels.EDITOR_NEW)
     check(contracts(office) == before, "the table is as it was after Escape")
     office.leave()

@@ -19,6 +19,22 @@ class Hands:
         self.tree = tree
         self.input = input_devices
 
+    def ready(self, window):
+        """Waits until the screen gives its keys to the window, and so has cleared away the one before."""
+        wait_for(lambda: self.input.window_with_keys() == window.name and window.has(State.ACTIVE),
+                 lambda: f"{window!r} to take the keys, which {self.input.window_with_keys()!r} takes")
+
+    def keys(self, window, *keys):
+        self.ready(window)
+        self.input.keys(*keys)
+
+    @staticmethod
+    def window_of(node):
+        accessible = node.accessible
+        while accessible is not None and accessible.get_role_name() not in WINDOW_ROLES:
+            accessible = accessible.get_parent()
+        return Node(accessible)
+
     def entry(self, label, window, **options):
         """The entry line of that label; a hidden-text one counts as well."""
         def look():
@@ -129,7 +145,7 @@ class KeyboardHands(Hands):
 
     def focus(self, node, window):
         """Walks with Tab until the widget has the focus."""
-        wait_for(lambda: window.has(State.ACTIVE), f"{window!r} to take the keys")
+        self.ready(window)
         self._watch.listen()
         met = []
         while not node.focused:
@@ -143,14 +159,8 @@ class KeyboardHands(Hands):
                 raise AssertionError(f"Tab does not reach {node!r}, only {met}")
             met.append(self._watch.node)
 
-    def _window_of(self, node):
-        current = node.accessible
-        while current is not None and current.get_role_name() not in WINDOW_ROLES:
-            current = current.get_parent()
-        return Node(current)
-
     def _enter(self, node, text):
-        self.focus(node, self._window_of(node))
+        self.focus(node, self.window_of(node))
         self.input.keys("ctrl+a")
         if text:
             self.input.type(text)
@@ -158,7 +168,7 @@ class KeyboardHands(Hands):
             self.input.keys("Delete")
 
     def _press(self, node):
-        self.focus(node, self._window_of(node))
+        self.focus(node, self.window_of(node))
         self.input.keys("space")
 
     def _toggle(self, node):
@@ -176,8 +186,7 @@ class KeyboardHands(Hands):
 
     def open_menu(self, menu, window):
         # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left.
-        wait_for(lambda: window.has(State.ACTIVE), f"{window!r} to take the keys")
-        self.input.keys("alt")
+        self.keys(window, "alt")
         item = self.tree.find("menu item", menu, window)
         bar = Node(item.accessible.get_parent()).children
         for _ in bar:
@@ -201,7 +210,7 @@ class KeyboardHands(Hands):
         self.input.keys("Return")
 
     def _select_row(self, table, row):
-        self.focus(table, self._window_of(table))
+        self.focus(table, self.window_of(table))
         self.input.keys("Home", *["Down"] * row)
 
 
@@ -212,6 +221,7 @@ class MouseHands(Hands):
 
     def point(self, node):
         """The middle of a widget, after the wheel has brought it into view."""
+        self.ready(self.window_of(node))
         for _ in range(40):
             x, y, width, height = node.extents
             middle = (x + width // 2, y + height // 2)

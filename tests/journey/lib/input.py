@@ -12,6 +12,15 @@ class Input:
     def _run(self, *arguments, text=None):
         subprocess.run(["xdotool", *arguments], env=self._environment, input=text, text=True, check=True, timeout=60)
 
+    def _ask(self, *arguments):
+        answer = subprocess.run(["xdotool", *arguments], env=self._environment, capture_output=True, text=True,
+                                check=False, timeout=60)
+        return answer.stdout.strip("\n") if answer.returncode == 0 else None
+
+    def window_with_keys(self):
+        """The title of the window that gets the keys; None when there is none."""
+        return self._ask("getwindowfocus", "getwindowname")
+
     def keys(self, *keys):
         """Presses keys one after the other: "Tab", "ctrl+a"."""
         self._run("key", "--delay", "4", *keys)
@@ -20,11 +29,7 @@ class Input:
         """Types a text. It goes through a pipe, so that a password stands in no process list."""
         self._run("type", "--delay", "4", "--file", "-", text=text)
 
-    def move(self, x, y):
-        self._run("mousemove", "--sync", str(x), str(y))
-
     def click(self, x, y, *, button=1, times=1):
-        # Already there, the pointer sends no motion to wait for.
         self._run("mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "60", str(button))
 
     def wheel(self, x, y, steps):

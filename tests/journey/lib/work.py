@@ -67,7 +67,7 @@ def confirm_picker(office, picker, table, editor, side, name):
     if isinstance(office.hands, KeyboardHands):
         # The search line keeps the focus; Return takes the selected row over.
         wait_for(lambda: table.selected_rows == [row], f"{name!r} to be selected")
-        office.input.keys("Return")
+        office.hands.keys(picker, "Return")
     else:
         office.hands.select_row(table, row)
         office.hands.press(labels.OK, picker)
