@@ -296,6 +296,9 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     m_archiveUser->setText(KLookup::name(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"),
                                          contract.m_iArchiveUserID));
     m_archiveDate->setText(contract.m_iArchiveUserID != 0 ? shamsiText(contract.m_dateArchive.date()) : QString());
+    // Otherwise the window would open on its confirm button.
+    if (!isShowMode())
+        m_form->control(column("iCode"))->setFocus();
 }
 
 void CDlgAddAutomobilContractBase::nameGroups(int contractType)

@@ -18,8 +18,10 @@ void collect(QLayoutItem *item, QList<QWidget *> &controls)
     if (const QLayout *inner = item->layout()) {
         collect(inner, controls);
     } else if (QWidget *widget = item->widget()) {
-        // A composite control passes its focus on itself; its parts follow in their own layout.
-        if (widget->focusPolicy() & Qt::TabFocus)
+        // A control that hands its focus to a part of its own goes along with its parts: left behind, it would still be
+        // met by Tab and send the focus back to that part.
+        const QWidget *proxy = widget->focusProxy();
+        if ((widget->focusPolicy() & Qt::TabFocus) || (proxy && widget->isAncestorOf(proxy)))
             controls.append(widget);
         else if (widget->layout())
             collect(widget->layout(), controls);
