@@ -21,6 +21,8 @@ StartButton::StartButton(QAction *action, QWidget *parent)
 {
     setIconSize(QSize(pictureSize, pictureSize));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // Enter presses it as the space bar does.
+    setAutoDefault(true);
     connect(this, &QPushButton::clicked, action, &QAction::trigger);
     connect(action, &QAction::changed, this, &StartButton::follow);
     follow();

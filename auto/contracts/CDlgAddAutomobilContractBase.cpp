@@ -290,6 +290,8 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     if (m_mode == ContractEditorMode::New && !contract.m_dateContract.isValid())
         m_form->dateEdit(column("dateContract"))->setDate(GetDBSetting()->GetDBServerDate().date());
     m_form->control(column("bReturn"))->setVisible(m_mode != ContractEditorMode::New);
+    if (!isShowMode())
+        m_form->edit(column("dAmount"))->setFocus(Qt::OtherFocusReason);
     m_notes = ContractNotes::notes(contract);
     showNotes();
     nameGroups(contract.m_iContractType);

@@ -90,7 +90,7 @@ void KListPage::buildFilterBox()
     m_rowLimit->setMaximumWidth(m_rowLimit->fontMetrics().averageCharWidth() * 14);
     auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), box);
     search->setAccessibleName(search->text());
-    search->setAutoDefault(false);
+    search->setAutoDefault(true);
     connect(search, &QPushButton::clicked, this, [this] { guarded([&] { refill(); }); });
 
     auto *last = new QHBoxLayout;
@@ -121,7 +121,8 @@ void KListPage::buildCommands()
     for (KListCommand &command : commands()) {
         auto *button = new QPushButton(QIcon(command.icon), command.caption, m_commandRow);
         button->setAccessibleName(command.caption);
-        button->setAutoDefault(false);
+        // Enter presses the button that has the focus.
+        button->setAutoDefault(true);
         if (command.options & KListCommand::NotDisplayed)
             button->hide();
         if (command.options & KListCommand::StartsGroup)
