@@ -43,6 +43,7 @@ def main_job(office):
     check_list(office, table)
     office.pictures.take("contract-listed", "The contract stands in the list with its parties and document")
     check_database(office, contract)
+    office.check_secrets()
 
     step("the same after a new start")
     office.leave()

@@ -119,6 +119,20 @@ class Office:
         wait_for(lambda: window not in self.tree.windows(), "the message to go")
         return shown
 
+    def check_secrets(self):
+        """No password in a process list, a log or a settings file."""
+        secret = PASSWORD.encode()
+        for entry in os.listdir("/proc"):
+            if entry.isdigit() and secret in _content(f"/proc/{entry}/cmdline"):
+                raise AssertionError(f"the process list of {entry} shows a password")
+        logs = [self.desktop.log("program")]
+        for folder in ("logs", "settings"):
+            path = os.path.join(self.data_folder, folder)
+            logs += [os.path.join(path, name) for name in os.listdir(path)]
+        for log in logs:
+            if secret in _content(log):
+                raise AssertionError(f"{log} holds a password")
+
     def report_failure(self):
         """What the screen showed when a step failed."""
         self.pictures.take("failure", "Where the journey stopped")
@@ -129,3 +143,11 @@ class Office:
             with open(log, encoding="utf-8", errors="replace") as file:
                 text += "\n--- the program's own words ---\n" + file.read()[-4000:]
         return text
+
+
+def _content(path):
+    try:
+        with open(path, "rb") as file:
+            return file.read()
+    except OSError:
+        return b""

@@ -201,12 +201,12 @@ class Tree:
         return None
 
     def windows(self):
+        if not os.path.exists(f"/proc/{self._process_id}/fd/0"):
+            raise ProgramGone("the program has ended by itself")
         if self._application is None:
             self._application = self._find_application()
         if self._application is None:
             return []
-        if not os.path.exists(f"/proc/{self._process_id}/fd/0"):
-            raise ProgramGone("the program has ended by itself")
         return [node for node in Node(self._application).children if node.role in WINDOW_ROLES and node.showing]
 
     def window(self, title, *, seconds=20):
