@@ -39,7 +39,7 @@ QString takeNow(const QString &folder, QWidget *parent)
     window.show();
     try {
         const DatabaseDump dump(KConnection::settings(0), folder);
-        const QString path = dump.take([&](qint64 done, qint64 expected) { return showProgress(window, done, expected); });
+        QString path = dump.take([&](qint64 done, qint64 expected) { return showProgress(window, done, expected); });
         window.hide();
         g_pDlgMessage->Show(QStringLiteral("پشتیبان پایگاه داده ساخته شد:\n%1").arg(ServerError::shownPath(path)), parent);
         return path;

@@ -19,7 +19,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QTimer>
 #include <QVBoxLayout>
 
 CDlgFirstStart::CDlgFirstStart(QWidget *parent)
@@ -180,7 +179,7 @@ bool CDlgFirstStart::event(QEvent *event)
     const bool handled = KDialog::event(event);
     if (event->type() == QEvent::Paint && !m_painted) {
         m_painted = true;
-        QTimer::singleShot(0, this, &CDlgFirstStart::painted);
+        QMetaObject::invokeMethod(this, &CDlgFirstStart::painted, Qt::QueuedConnection);
     }
     return handled;
 }

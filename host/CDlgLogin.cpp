@@ -159,7 +159,7 @@ bool CDlgLogin::event(QEvent *event)
     const bool handled = KDialog::event(event);
     if (event->type() == QEvent::Paint && !m_painted) {
         m_painted = true;
-        QTimer::singleShot(0, this, &CDlgLogin::painted);
+        QMetaObject::invokeMethod(this, &CDlgLogin::painted, Qt::QueuedConnection);
     }
     return handled;
 }

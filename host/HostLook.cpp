@@ -12,6 +12,8 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include <memory>
+
 namespace {
 
 QString familyBesideProgram()
@@ -46,7 +48,8 @@ namespace HostLook {
 
 void apply(QApplication &application)
 {
-    QApplication::setStyle(new HostStyle);
+    // The application takes the style over.
+    QApplication::setStyle(std::make_unique<HostStyle>().release());
     QString family = familyBesideProgram();
     if (family.isEmpty())
         family = systemFamily();

@@ -6,7 +6,7 @@
 namespace {
 
 // Big enough that the trip to the server costs little, far below what a server accepts as one statement.
-constexpr qsizetype statementBytes = 512 * 1024;
+constexpr qsizetype statementBytes = qsizetype{512} * 1024;
 
 }
 
