@@ -179,7 +179,7 @@ bool CDlgFirstStart::event(QEvent *event)
     const bool handled = KDialog::event(event);
     if (event->type() == QEvent::Paint && !m_painted) {
         m_painted = true;
-        QMetaObject::invokeMethod(this, &CDlgFirstStart::painted, Qt::QueuedConnection);
+        Q_EMIT painted();
     }
     return handled;
 }

@@ -159,7 +159,7 @@ bool CDlgLogin::event(QEvent *event)
     const bool handled = KDialog::event(event);
     if (event->type() == QEvent::Paint && !m_painted) {
         m_painted = true;
-        QMetaObject::invokeMethod(this, &CDlgLogin::painted, Qt::QueuedConnection);
+        Q_EMIT painted();
     }
     return handled;
 }

@@ -29,7 +29,7 @@ public:
     static int waitAfter(int wrongAttempts);
 
 Q_SIGNALS:
-    // The window is on the screen for the first time.
+    // The window has painted itself for the first time; it is on the screen when the event loop goes on.
     void painted();
 
 protected:

@@ -181,11 +181,12 @@ bool HostProgram::prepareOffice()
         return true;
     m_splash.hide();
     CDlgFirstStart firstStart;
-    connect(&firstStart, &CDlgFirstStart::painted, this, [this, &firstStart] {
+    const auto shown = [this, &firstStart] {
         loginShown();
         if (m_options.quitAfterLoginShown)
             firstStart.reject();
-    });
+    };
+    connect(&firstStart, &CDlgFirstStart::painted, &firstStart, shown, Qt::QueuedConnection);
     if (firstStart.exec() != QDialog::Accepted)
         return false;
     m_proposedUser = firstStart.userName();
@@ -219,11 +220,12 @@ bool HostProgram::login()
         dialog.setUserName(m_proposedUser);
     m_proposedUser.clear();
     m_splash.hide();
-    connect(&dialog, &CDlgLogin::painted, this, [this, &dialog] {
+    const auto shown = [this, &dialog] {
         loginShown();
         if (m_options.quitAfterLoginShown)
             dialog.reject();
-    });
+    };
+    connect(&dialog, &CDlgLogin::painted, &dialog, shown, Qt::QueuedConnection);
     return dialog.exec() == QDialog::Accepted && GetDBSetting()->Login(dialog.userID());
 }
 
