@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CTblAutomobilPayments.h"
+#include "auto/db/CTblAutomobilTariffs.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QFile>
+#include <QTest>
+
+class TestPaymentRecords : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+
+    static void compareBindings(KMySQL &record, const QString &file)
+    {
+        QFile table(QStringLiteral(TZ_TEST_SOURCE "/") + file);
+        QVERIFY(table.open(QIODevice::ReadOnly));
+        static const QHash<KMySQL::ColumnKind, QString> kinds{
+            {KMySQL::ColumnKind::Long, QStringLiteral("long")},     {KMySQL::ColumnKind::Text, QStringLiteral("text")},
+            {KMySQL::ColumnKind::Date, QStringLiteral("date")},     {KMySQL::ColumnKind::Double, QStringLiteral("double")},
+            {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
+        };
+        QStringList bound;
+        for (const KMySQL::Column &column : record.columns())
+            bound << QStringList{column.name, kinds.value(column.kind), column.caption, column.lookupTable, column.lookupKey,
+                                 column.lookupDisplay}.join(u'\t');
+        QStringList wanted = QString::fromUtf8(table.readAll()).split(u'\n', Qt::SkipEmptyParts);
+        wanted.removeFirst();
+        QCOMPARE(bound, wanted);
+    }
+
+private Q_SLOTS:
+    void initTestCase() { prepareModuleTables(m_database); }
+
+    void bindingsStandInOrderWithCaptionsAndLookups()
+    {
+        CTblAutomobilPayments payments;
+        QCOMPARE(payments.columns().size(), size_t(15));
+        compareBindings(payments, QStringLiteral("AutomobilPayments_columns.tsv"));
+        CTblAutomobilTariffs tariffs;
+        QCOMPARE(tariffs.columns().size(), size_t(6));
+        compareBindings(tariffs, QStringLiteral("AutomobilTariffs_columns.tsv"));
+    }
+
+    void tariffCaptionOfTheAmountIsCost()
+    {
+        CTblAutomobilTariffs tariffs;
+        QCOMPARE(tariffs.column(u"dAmount")->caption, QStringLiteral("هزينه"));
+    }
+
+    void constructionSetsZeroAndEmpty()
+    {
+        CTblAutomobilPayments payment;
+        for (const KMySQL::Column &column : payment.columns()) {
+            const QVariant value = payment.value(column.name);
+            QVERIFY2(column.kind == KMySQL::ColumnKind::Text ? value.toString().isEmpty()
+                         : column.kind == KMySQL::ColumnKind::Date ? !value.toDateTime().isValid()
+                                                                   : value.toDouble() == 0,
+                     qPrintable(column.name));
+        }
+        const int before = CTblAutomobilTariffs::liveCount();
+        const CTblAutomobilTariffs tariff;
+        QVERIFY(tariff.m_sDesc.isEmpty());
+        QVERIFY(tariff.m_sTitle.isEmpty());
+        QCOMPARE(CTblAutomobilTariffs::liveCount(), before + 1);
+    }
+
+    void paymentAddedThroughTheClassIsUnpaid()
+    {
+        CTblAutomobilPayments payment;
+        payment.Open(true, false, true);
+        payment.AddNew();
+        payment.m_iAutomobilContractID = 4;
+        payment.m_dAmount = 112;
+        payment.m_date = QDateTime(QDate(2026, 4, 21), QTime(0, 0), Qt::UTC);
+        payment.Update(true);
+        QCOMPARE(m_database.value(QStringLiteral("SELECT iStatus FROM AutomobilPayments")), QStringLiteral("0"));
+        QVERIFY(!payment.column(u"iStatus"));
+        CTblAutomobilPayments again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(payment.GetLastInsertedID())));
+        QCOMPARE(again.m_dAmount, 112.0);
+        QCOMPARE(again.m_date, payment.m_date);
+    }
+
+    void tariffIsStoredAndReadBack()
+    {
+        CTblAutomobilTariffs tariff;
+        tariff.Open(true, false, true);
+        tariff.AddNew();
+        tariff.m_sTitle = QStringLiteral("حق ثبت");
+        tariff.m_dAmount = 250000;
+        tariff.Update(true);
+        CTblAutomobilTariffs again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(tariff.GetLastInsertedID())));
+        QCOMPARE(again.m_sTitle, QStringLiteral("حق ثبت"));
+        QCOMPARE(again.m_dAmount, 250000.0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPaymentRecords)
+#include "TestPaymentRecords.moc"
