@@ -3,8 +3,13 @@
 
 #include "suite/utility/KListModel.h"
 
+#include <QBrush>
+#include <QFont>
+#include <QGuiApplication>
+
 #include <utility>
 
+#include "suite/utility/EntryMark.h"
 #include "suite/utility/ListRoles.h"
 
 namespace {
@@ -123,6 +128,15 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
                                                           : QVariant(cell->text);
     case KeyRole:
         return keyAt(index.row());
+    case Qt::ForegroundRole:
+        return m_rows[index.row()].warning ? QVariant(QBrush(warningColor(QGuiApplication::palette()))) : QVariant();
+    case Qt::FontRole: {
+        if (!m_rows[index.row()].warning)
+            return {};
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
     case LeftToRightRole:
         return column.isDate || (cell && readsLeftToRight(cell->value));
     default:

@@ -1,0 +1,410 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgCalcPayment.h"
+
+#include "auto/WordLists.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString calculateCaption = QStringLiteral("محاسبه اقساط");
+const QString saveCaption = QStringLiteral("ذخيره اقساط");
+const QString deleteCaption = QStringLiteral("حذف اقساط");
+const QString receiveCaption = QStringLiteral("دريافت قسط");
+const QString printCaption = QStringLiteral("چاپ");
+const QString closeCaption = QStringLiteral("بازگشت");
+
+// Positions of the two drop-downs.
+constexpr int yearlyPosition = 1;
+constexpr int monthsPosition = 1;
+
+QVector<KListModel::Column> listColumns()
+{
+    return {{QStringLiteral("ردیف"), Qt::AlignCenter, 40},
+            {QStringLiteral("تاریخ قسط"), Qt::AlignCenter, 80, {}, true},
+            {QStringLiteral("شرح"), Qt::AlignRight, 150},
+            {QStringLiteral("مبلغ قسط"), Qt::AlignCenter, 100},
+            {QStringLiteral("وضعیت"), Qt::AlignCenter, 80}};
+}
+
+KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, double amount, bool paid)
+{
+    KListModel::Row row{key,
+                        {{QString::number(number), number},
+                         {shamsiText(due), due},
+                         {description},
+                         {DToMoney(amount), amount},
+                         {WordLists::textAt(WordLists::paymentStates(), paid ? 1 : 0)}}};
+    row.warning = key > 0 && !paid && due < GetDBSetting()->GetDBServerDate().date();
+    return row;
+}
+
+}
+
+CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal, QWidget *parent)
+    : KDialog(parent)
+    , m_contractID(contractID)
+    , m_personID(personID)
+{
+    setWindowTitle(calculateCaption);
+    SetSettingName(QStringLiteral("AutomobilPayments\\Calculator"));
+    CTblAutomobilContracts contract;
+    if (contract.IsRecordExist(QStringLiteral("iID"), contractID))
+        m_contractCode = contract.m_iCode;
+    build(principal);
+    loadPlan();
+    resize(720, 620);
+}
+
+CDlgCalcPayment::~CDlgCalcPayment() = default;
+
+void CDlgCalcPayment::Run(int contractID, int personID, double principal, QWidget *parent)
+{
+    CDlgCalcPayment dialog(contractID, personID, principal, parent);
+    if (dialog.m_contractCode > 0)
+        dialog.exec();
+}
+
+void CDlgCalcPayment::build(double principal)
+{
+    m_list = new KExtListCtrl(this);
+    m_list->setAccessibleName(calculateCaption);
+    m_list->setColumns(listColumns());
+    m_list->SetSettingName(QStringLiteral("AutomobilPayments\\List"));
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgCalcPayment::updateButtons);
+    m_note = new QLabel(
+        QStringLiteral("به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد."), this);
+    m_note->setWordWrap(true);
+    m_note->hide();
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildTerms(principal));
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_note);
+    layout->addWidget(buildSums());
+    layout->addWidget(buildButtons());
+}
+
+QWidget *CDlgCalcPayment::buildTerms(double principal)
+{
+    auto *box = new QWidget(this);
+    auto *grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    auto place = [&](int row, int column, const QString &text, QWidget *control) {
+        auto *label = new QLabel(text, box);
+        label->setBuddy(control);
+        control->setAccessibleName(text);
+        grid->addWidget(label, row, column);
+        grid->addWidget(control, row, column + 1);
+    };
+    auto units = [&](const QString &name, const QStringList &texts, int current, int row) {
+        auto *combo = new QComboBox(box);
+        combo->addItems(texts);
+        combo->setCurrentIndex(current);
+        combo->setAccessibleName(name);
+        grid->addWidget(combo, row, 2);
+        return combo;
+    };
+    m_principal = new KEdit(KEdit::Kind::Money, box);
+    m_principal->setNumber(principal);
+    place(0, 0, QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), m_principal);
+    m_start = new KDateEdit(box);
+    m_start->setDate(GetDBSetting()->GetDBServerDate().date());
+    place(1, 0, QStringLiteral(" شروع تاريخ :"), m_start);
+    m_rate = new KEdit(KEdit::Kind::Percent, box);
+    place(2, 0, QStringLiteral("درصد بهره :"), m_rate);
+    m_rateUnit = units(QStringLiteral("واحد درصد بهره"), {QStringLiteral("ماهانه"), QStringLiteral("سالانه")}, 0, 2);
+    m_count = new KEdit(KEdit::Kind::Integer, box);
+    m_count->setRange(0, 1200);
+    place(3, 0, QStringLiteral("تعداد اقساط :"), m_count);
+    m_interval = new KEdit(KEdit::Kind::Integer, box);
+    m_interval->setRange(0, 3650);
+    place(4, 0, QStringLiteral("فاصله اقساط :"), m_interval);
+    m_intervalUnit =
+        units(QStringLiteral("واحد فاصله اقساط"), {QStringLiteral("روز"), QStringLiteral("ماه")}, monthsPosition, 4);
+
+    auto *method = new QGroupBox(QStringLiteral("روش محاسبه بهره"), box);
+    m_declining = new QRadioButton(QStringLiteral("رأس"), method);
+    m_whole = new QRadioButton(QStringLiteral("بازاري"), method);
+    m_whole->setChecked(true);
+    auto *radios = new QVBoxLayout(method);
+    radios->addWidget(m_declining);
+    radios->addWidget(m_whole);
+    grid->addWidget(method, 0, 3, 5, 1, Qt::AlignTop);
+    grid->setColumnStretch(1, 1);
+    return box;
+}
+
+QWidget *CDlgCalcPayment::buildSums()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto sum = [&](const QString &text, bool displayed) {
+        auto *label = new QLabel(text, box);
+        auto *edit = new KEdit(KEdit::Kind::Money, box);
+        edit->setReadOnly(true);
+        edit->setAccessibleName(text);
+        label->setBuddy(edit);
+        label->setVisible(displayed);
+        edit->setVisible(displayed);
+        row->addWidget(label);
+        row->addWidget(edit, 1);
+        return edit;
+    };
+    m_total = sum(QStringLiteral("جمع اقساط :"), true);
+    m_interest = sum(QStringLiteral("بهره اضافه شده :"), true);
+    m_remaining = sum(QStringLiteral("مانده فاکتور قسطي :"), false);
+    return box;
+}
+
+QWidget *CDlgCalcPayment::buildButtons()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    const std::pair<QString, void (CDlgCalcPayment::*)()> commands[] = {{calculateCaption, &CDlgCalcPayment::calculate},
+                                                                       {saveCaption, &CDlgCalcPayment::savePlan},
+                                                                       {deleteCaption, &CDlgCalcPayment::deletePlan},
+                                                                       {receiveCaption, &CDlgCalcPayment::receiveSelected}};
+    auto add = [&](const QString &caption) {
+        auto *button = new QPushButton(caption, box);
+        button->setAccessibleName(caption);
+        button->setAutoDefault(false);
+        row->addWidget(button);
+        m_buttons.append(button);
+        return button;
+    };
+    for (const auto &[caption, command] : commands)
+        connect(add(caption), &QPushButton::clicked, this, [this, command = command] { guarded(command); });
+    button(calculateCaption)->setDefault(true);
+    add(printCaption)->setEnabled(false);
+    row->addStretch(1);
+    connect(add(closeCaption), &QPushButton::clicked, this, &CDlgCalcPayment::reject);
+    return box;
+}
+
+void CDlgCalcPayment::guarded(void (CDlgCalcPayment::*command)())
+{
+    try {
+        (this->*command)();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+QPushButton *CDlgCalcPayment::button(const QString &caption) const
+{
+    for (QPushButton *button : m_buttons) {
+        if (button->text() == caption)
+            return button;
+    }
+    return nullptr;
+}
+
+void CDlgCalcPayment::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    updateButtons();
+}
+
+bool CDlgCalcPayment::isNoteShown() const
+{
+    return !m_note->isHidden();
+}
+
+bool CDlgCalcPayment::changesAllowed() const
+{
+    return !m_readOnly && !m_anyPaid && !GetDBSetting()->IsClosedDB();
+}
+
+void CDlgCalcPayment::updateButtons()
+{
+    const bool changes = changesAllowed();
+    for (const QString &caption : {calculateCaption, saveCaption, deleteCaption})
+        button(caption)->setEnabled(changes);
+    const int key = m_list->currentKey();
+    const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &row) { return row.id == key; });
+    button(receiveCaption)->setEnabled(!m_readOnly && !GetDBSetting()->IsClosedDB() && key > 0 && selected != m_stored.cend()
+                                       && !selected->paid);
+}
+
+InstalmentTerms CDlgCalcPayment::terms() const
+{
+    return {m_principal->number(), m_rate->number(),
+            m_rateUnit->currentIndex() == yearlyPosition ? RateUnit::Yearly : RateUnit::Monthly,
+            m_whole->isChecked() ? InterestMethod::WholePrincipal : InterestMethod::DecliningPrincipal, m_count->integer(),
+            m_interval->integer(), m_intervalUnit->currentIndex() == monthsPosition ? IntervalUnit::Months : IntervalUnit::Days,
+            m_start->date()};
+}
+
+void CDlgCalcPayment::setTerms(const InstalmentTerms &terms)
+{
+    m_principal->setNumber(terms.principal);
+    m_rate->setNumber(terms.rate);
+    m_rateUnit->setCurrentIndex(terms.rateUnit == RateUnit::Yearly ? yearlyPosition : 0);
+    (terms.method == InterestMethod::WholePrincipal ? m_whole : m_declining)->setChecked(true);
+    m_count->setNumber(terms.count);
+    m_interval->setNumber(terms.interval);
+    m_intervalUnit->setCurrentIndex(terms.intervalUnit == IntervalUnit::Months ? monthsPosition : 0);
+    m_start->setDate(terms.start);
+}
+
+double CDlgCalcPayment::shownTotal() const
+{
+    return m_total->number();
+}
+
+double CDlgCalcPayment::shownInterest() const
+{
+    return m_interest->number();
+}
+
+bool CDlgCalcPayment::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void CDlgCalcPayment::calculate()
+{
+    if (!changesAllowed())
+        return;
+    const InstalmentTerms wanted = terms();
+    switch (problemOf(wanted)) {
+    case InstalmentProblem::NoPrincipal:
+        refuse(QStringLiteral("لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید."), m_principal);
+        return;
+    case InstalmentProblem::NoCount:
+        refuse(QStringLiteral("لطفا تعداد اقساط را وارد نمایید."), m_count);
+        return;
+    case InstalmentProblem::NoInterval:
+        refuse(QStringLiteral("لطفا فاصله اقساط را وارد نمایید."), m_interval);
+        return;
+    case InstalmentProblem::None:
+        break;
+    }
+    if (!wanted.start.isValid()) {
+        refuse(QStringLiteral("لطفا تاریخ شروع را وارد نمایید."), m_start);
+        return;
+    }
+    m_plannedTerms = wanted;
+    m_plan = instalmentPlan(wanted);
+    showPlan();
+}
+
+void CDlgCalcPayment::showPlan()
+{
+    QVector<KListModel::Row> rows;
+    int number = 0;
+    for (const Instalment &instalment : m_plan->instalments) {
+        ++number;
+        rows.append(listRow(-number, number, instalment.due, QString(), instalment.amount, false));
+    }
+    m_list->setRows(std::move(rows));
+    m_total->setNumber(m_plan->total);
+    m_interest->setNumber(m_plan->interest);
+    updateButtons();
+}
+
+void CDlgCalcPayment::loadPlan()
+{
+    m_plan.reset();
+    m_stored = StoredInstalments::load(m_contractID);
+    m_anyPaid = std::any_of(m_stored.cbegin(), m_stored.cend(), [](const auto &row) { return row.paid; });
+    m_note->setVisible(m_anyPaid);
+    showStored(m_stored);
+    updateButtons();
+}
+
+void CDlgCalcPayment::showStored(const std::vector<StoredInstalments::Row> &stored)
+{
+    QVector<KListModel::Row> rows;
+    double total = 0;
+    double interest = 0;
+    for (const StoredInstalments::Row &row : stored) {
+        rows.append(listRow(row.id, static_cast<int>(rows.size()) + 1, row.due.date(), row.description, row.amount, row.paid));
+        total += row.amount;
+        interest += row.interest;
+    }
+    m_list->setRows(std::move(rows));
+    m_total->setNumber(total);
+    m_interest->setNumber(interest);
+    if (stored.empty())
+        return;
+    m_principal->setNumber(total - interest);
+    m_count->setNumber(static_cast<double>(stored.size()));
+    m_interval->setNumber(stored.front().days > 0 ? stored.front().days : stored.front().months);
+    m_intervalUnit->setCurrentIndex(stored.front().days > 0 ? 0 : monthsPosition);
+    m_rateUnit->setCurrentIndex(stored.front().monthlyRate ? 0 : yearlyPosition);
+}
+
+void CDlgCalcPayment::savePlan()
+{
+    if (!changesAllowed())
+        return;
+    if (m_list->count() == 0) {
+        refuse(QStringLiteral("ابتدا باید دکمه محاسبه اقساط را بزنید."), button(calculateCaption));
+        return;
+    }
+    // Many large amounts are added up: in double alone their rounding would come near the tolerance.
+    long double listed = 0;
+    for (int row = 0; row < m_list->count(); ++row)
+        listed += m_list->model()->index(row, 3).data(KListModel::SortRole).toDouble();
+    if (!IsEquals(static_cast<double>(listed), m_principal->number() + m_interest->number())) {
+        refuse(QStringLiteral("مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست."), m_principal);
+        return;
+    }
+    // What the list shows is stored already, unless it was calculated since.
+    if (!m_plan)
+        return;
+    const KWaitCursor wait;
+    StoredInstalments::save(m_contractID, m_contractCode, m_personID, m_plannedTerms, *m_plan);
+    loadPlan();
+    g_pDlgMessage->Show(QStringLiteral("اقساط ذخیره شد."), this);
+}
+
+void CDlgCalcPayment::deletePlan()
+{
+    if (!changesAllowed() || m_list->count() == 0)
+        return;
+    if (g_pDlgYesNo->Ask(QStringLiteral("آیا از حذف اقساط این قرارداد اطمینان دارید؟"), this) == KMessageDialog::No)
+        return;
+    StoredInstalments::remove(m_contractID);
+    loadPlan();
+}
+
+void CDlgCalcPayment::receiveSelected()
+{
+    const int key = m_list->currentKey();
+    const int row = m_list->currentRow();
+    const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &stored) { return stored.id == key; });
+    if (key <= 0 || selected == m_stored.cend() || selected->paid)
+        return;
+    const QString description =
+        QStringLiteral("بابت قسط شماره %1 قرارداد شماره %2").arg(selected->number).arg(m_contractCode);
+    if (!GetDBSetting()->CashFromPersonMulti(m_personID, selected->amount, description, this))
+        return;
+    StoredInstalments::markPaid(key);
+    loadPlan();
+    m_list->selectRow(row);
+}

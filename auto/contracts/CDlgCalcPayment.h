@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/InstalmentPlan.h"
+#include "auto/contracts/StoredInstalments.h"
+#include "suite/utility/KDialog.h"
+
+#include <optional>
+
+class KDateEdit;
+class KEdit;
+class KExtListCtrl;
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+// Calculates, stores, deletes and shows the instalment plan of a contract, and receives its instalments. Once an
+// instalment is paid the plan stays as it is: calculating, saving and deleting are refused.
+class CDlgCalcPayment final : public KDialog
+{
+    Q_OBJECT
+
+public:
+    // principal: what is proposed to be split, in the suite's money unit.
+    CDlgCalcPayment(int contractID, int personID, double principal, QWidget *parent = nullptr);
+    ~CDlgCalcPayment() override;
+
+    // Opens the window for a contract; nothing for one that does not exist.
+    static void Run(int contractID, int personID, double principal, QWidget *parent);
+
+    void setReadOnly(bool readOnly);
+    // The commands behind the buttons.
+    void calculate();
+    void savePlan();
+    void deletePlan();
+    void receiveSelected();
+
+    KExtListCtrl *list() const { return m_list; }
+    bool isNoteShown() const;
+    InstalmentTerms terms() const;
+    void setTerms(const InstalmentTerms &terms);
+    double shownTotal() const;
+    double shownInterest() const;
+    QPushButton *button(const QString &caption) const;
+
+private:
+    void build(double principal);
+    QWidget *buildTerms(double principal);
+    QWidget *buildSums();
+    QWidget *buildButtons();
+    void loadPlan();
+    void showStored(const std::vector<StoredInstalments::Row> &rows);
+    void showPlan();
+    void updateButtons();
+    bool refuse(const QString &message, QWidget *field);
+    void guarded(void (CDlgCalcPayment::*command)());
+    bool changesAllowed() const;
+
+    int m_contractID;
+    int m_personID;
+    int m_contractCode = 0;
+    bool m_readOnly = false;
+    bool m_anyPaid = false;
+    std::vector<StoredInstalments::Row> m_stored;   // what the list shows, unless a plan was just calculated
+    std::optional<InstalmentPlan> m_plan;           // calculated and not yet saved
+    InstalmentTerms m_plannedTerms;
+    KEdit *m_principal = nullptr;
+    KDateEdit *m_start = nullptr;
+    QRadioButton *m_declining = nullptr;
+    QRadioButton *m_whole = nullptr;
+    KEdit *m_rate = nullptr;
+    QComboBox *m_rateUnit = nullptr;
+    KEdit *m_count = nullptr;
+    KEdit *m_interval = nullptr;
+    QComboBox *m_intervalUnit = nullptr;
+    KExtListCtrl *m_list = nullptr;
+    KEdit *m_total = nullptr;
+    KEdit *m_interest = nullptr;
+    KEdit *m_remaining = nullptr;
+    QLabel *m_note = nullptr;
+    QList<QPushButton *> m_buttons;
+};

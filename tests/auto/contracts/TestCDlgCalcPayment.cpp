@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgCalcPayment.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/office/TestOffice.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+namespace {
+
+const QString calculateButton = QStringLiteral("محاسبه اقساط");
+const QString saveButton = QStringLiteral("ذخيره اقساط");
+const QString deleteButton = QStringLiteral("حذف اقساط");
+const QString receiveButton = QStringLiteral("دريافت قسط");
+
+InstalmentTerms terms(int count = 12)
+{
+    return {1200, 1, RateUnit::Monthly, InterestMethod::WholePrincipal, count, 1, IntervalUnit::Months, ConvertToMiladi(1405, 1, 1)};
+}
+
+}
+
+class TestCDlgCalcPayment : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    int m_person = 0;
+    int m_contract = 0;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+    void storePlan()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms());
+        dialog.calculate();
+        dialog.savePlan();
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void init()
+    {
+        m_office->clear();
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilPayments"));
+        m_person = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
+        m_contract = m_office->addContract([this](CTblAutomobilContracts &contract) {
+            contract.m_iContractType = 2;
+            contract.m_iPersonSecondID = m_person;
+        });
+    }
+
+    void everyTextIsToTheLetterAndTheFirstChoicesStand()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 500);
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("محاسبه اقساط"));
+        QStringList labels;
+        for (const QLabel *label : dialog.findChildren<QLabel *>())
+            labels << label->text();
+        for (const QString &text :
+             {QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), QStringLiteral(" شروع تاريخ :"), QStringLiteral("درصد بهره :"),
+              QStringLiteral("تعداد اقساط :"), QStringLiteral("فاصله اقساط :"), QStringLiteral("جمع اقساط :"),
+              QStringLiteral("بهره اضافه شده :"), QStringLiteral("مانده فاکتور قسطي :"),
+              QStringLiteral("به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد.")})
+            QVERIFY2(labels.contains(text), qPrintable(text));
+        QCOMPARE(dialog.findChild<QGroupBox *>()->title(), QStringLiteral("روش محاسبه بهره"));
+        for (const QString &caption : {calculateButton, saveButton, deleteButton, QStringLiteral("چاپ"), QStringLiteral("بازگشت")})
+            QVERIFY2(dialog.button(caption), qPrintable(caption));
+        QStringList titles;
+        for (int i = 0; i < 5; ++i)
+            titles << dialog.list()->model()->headerData(i, Qt::Horizontal).toString();
+        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("تاریخ قسط"), QStringLiteral("شرح"),
+                                      QStringLiteral("مبلغ قسط"), QStringLiteral("وضعیت")}));
+        for (const QRadioButton *radio : dialog.findChildren<QRadioButton *>())
+            QCOMPARE(radio->isChecked(), radio->text() == QStringLiteral("بازاري"));
+        QStringList chosen;
+        for (const QComboBox *combo : dialog.findChildren<QComboBox *>())
+            chosen << combo->currentText();
+        QCOMPARE(chosen, (QStringList{QStringLiteral("ماهانه"), QStringLiteral("ماه")}));
+        QCOMPARE(dialog.terms().principal, 500.0);
+        QVERIFY(!dialog.isNoteShown());
+    }
+
+    void calculatedPlanIsListedWithItsSums()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms());
+        dialog.calculate();
+        QCOMPARE(dialog.list()->count(), 12);
+        QCOMPARE(dialog.list()->cellText(0, 0), QStringLiteral("1"));
+        QCOMPARE(dialog.list()->cellText(0, 1), QStringLiteral("1405/02/01"));
+        QCOMPARE(dialog.list()->cellText(0, 2), QString());
+        QCOMPARE(dialog.list()->cellText(0, 3), QStringLiteral("112"));
+        QCOMPARE(dialog.list()->cellText(0, 4), QStringLiteral("پرداخت نشده"));
+        QCOMPARE(dialog.shownTotal(), 1344.0);
+        QCOMPARE(dialog.shownInterest(), 144.0);
+    }
+
+    void wrongInputGivesItsOneWarningAndLeavesTheList_data()
+    {
+        QTest::addColumn<double>("principal");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("principal") << 0. << 0 << 0 << QStringLiteral("لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید.");
+        QTest::newRow("count") << 10. << 0 << 0 << QStringLiteral("لطفا تعداد اقساط را وارد نمایید.");
+        QTest::newRow("interval") << 10. << 2 << 0 << QStringLiteral("لطفا فاصله اقساط را وارد نمایید.");
+    }
+
+    void wrongInputGivesItsOneWarningAndLeavesTheList()
+    {
+        QFETCH(double, principal);
+        QFETCH(int, count);
+        QFETCH(int, interval);
+        QFETCH(QString, message);
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms());
+        dialog.calculate();
+        InstalmentTerms wrong = terms(count);
+        wrong.principal = principal;
+        wrong.interval = interval;
+        dialog.setTerms(wrong);
+        dialog.calculate();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+        QCOMPARE(dialog.list()->count(), 12);
+    }
+
+    void savingAnEmptyListIsRefused()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.savePlan();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("ابتدا باید دکمه محاسبه اقساط را بزنید.")});
+    }
+
+    void savingAPlanOfAnotherPrincipalIsRefused()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms());
+        dialog.calculate();
+        InstalmentTerms changed = terms();
+        changed.principal = 1300;
+        dialog.setTerms(changed);
+        dialog.savePlan();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست.")});
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("0"));
+    }
+
+    void largePlanIsSavedInSpiteOfRounding()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        InstalmentTerms large = terms(37);
+        large.principal = 98'765'432'109;
+        large.rate = 1.7;
+        dialog.setTerms(large);
+        dialog.calculate();
+        dialog.savePlan();
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("37"));
+    }
+
+    void savedRowsHoldThePlan()
+    {
+        storePlan();
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments WHERE iAutomobilContractID=%1 AND iPersonID=%2 "
+                                      "AND iStatus=0 AND iMonths=1 AND iDays=0 AND dAmount=112")
+                           .arg(m_contract).arg(m_person)),
+                 QStringLiteral("12"));
+        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iNum ORDER BY iNum) FROM AutomobilPayments")),
+                 QStringLiteral("1,2,3,4,5,6,7,8,9,10,11,12"));
+        QCOMPARE(value(QStringLiteral("SELECT date FROM AutomobilPayments WHERE iNum=1")), QStringLiteral("2026-04-21 00:00:00"));
+        QCOMPARE(value(QStringLiteral("SELECT iUserID FROM AutomobilPayments LIMIT 1")).toInt(), m_office->adminID());
+        QVERIFY(!value(QStringLiteral("SELECT sDesc FROM AutomobilPayments LIMIT 1")).isEmpty());
+    }
+
+    void savingReplacesTheEarlierPlanOfThisContractOnly()
+    {
+        m_office->database().run(QStringLiteral("INSERT INTO AutomobilPayments (iAutomobilContractID,dAmount) VALUES(999,5)"));
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        InstalmentTerms days = terms(3);
+        days.intervalUnit = IntervalUnit::Days;
+        days.interval = 30;
+        dialog.setTerms(days);
+        dialog.calculate();
+        dialog.savePlan();
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments WHERE iDays=30 AND iMonths=0")), QStringLiteral("3"));
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("4"));
+    }
+
+    void storedPlanIsShownWhenTheWindowOpensAgain()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        QCOMPARE(dialog.list()->count(), 12);
+        QCOMPARE(dialog.shownTotal(), 1344.0);
+        QVERIFY(qAbs(dialog.shownInterest() - 144) < 1e-6);
+        QVERIFY(qAbs(dialog.terms().principal - 1200) < 1e-6);
+        QCOMPARE(dialog.terms().count, 12);
+        QCOMPARE(dialog.terms().interval, 1);
+    }
+
+    void deletingAsksAndTakesThePlan()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        dialog.deletePlan();
+        QCOMPARE(dialog.list()->count(), 12);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        dialog.deletePlan();
+        QCOMPARE(dialog.list()->count(), 0);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("0"));
+    }
+
+    void receivedInstalmentIsPaidAndThePlanStaysAsItIs()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.list()->selectRow(1);
+        TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        dialog.receiveSelected();
+        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM Receipts")).toDouble(), 112.0);
+        QCOMPARE(value(QStringLiteral("SELECT iStatus FROM AutomobilPayments WHERE iNum=2")), QStringLiteral("1"));
+        QCOMPARE(dialog.list()->cellText(1, 4), QStringLiteral("پرداخت شده"));
+        QVERIFY(dialog.isNoteShown());
+        for (const QString &caption : {calculateButton, saveButton, deleteButton, receiveButton})
+            QVERIFY2(!dialog.button(caption)->isEnabled(), qPrintable(caption));
+        dialog.calculate();
+        dialog.savePlan();
+        dialog.deletePlan();
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("12"));
+        dialog.list()->selectRow(2);
+        QVERIFY(dialog.button(receiveButton)->isEnabled());
+    }
+
+    void cancelledReceiptLeavesTheInstalmentUnpaid()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.list()->selectRow(0);
+        TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        dialog.receiveSelected();
+        QCOMPARE(value(QStringLiteral("SELECT SUM(iStatus) FROM AutomobilPayments")), QStringLiteral("0"));
+        QVERIFY(!dialog.isNoteShown());
+    }
+
+    void overdueUnpaidRowsStandOut()
+    {
+        CDlgCalcPayment first(m_contract, m_person, 0);
+        InstalmentTerms past = terms(2);
+        past.start = GetDBSetting()->GetDBServerDate().date().addDays(-40);
+        past.intervalUnit = IntervalUnit::Days;
+        past.interval = 30;
+        first.setTerms(past);
+        first.calculate();
+        first.savePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        auto standsOut = [&](int row) { return dialog.list()->model()->index(row, 1).data(Qt::ForegroundRole).isValid(); };
+        QVERIFY(standsOut(0));
+        QVERIFY(!standsOut(1));
+    }
+
+    void failureDuringTheInsertsLeavesAPartialPlan()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms(5));
+        dialog.calculate();
+        m_office->database().run(QStringLiteral("CREATE TRIGGER refuseThird BEFORE INSERT ON AutomobilPayments FOR EACH ROW "
+                                                "IF NEW.iNum=3 THEN SIGNAL SQLSTATE '45000'; END IF"));
+        bool raised = false;
+        try {
+            dialog.savePlan();
+        } catch (const CMySQLException &) {
+            raised = true;
+        }
+        m_office->database().run(QStringLiteral("DROP TRIGGER refuseThird"));
+        QVERIFY(raised);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("2"));
+    }
+
+    void closedDatabaseAndReadOnlyRefuseChanges()
+    {
+        storePlan();
+        GetDBSetting()->SetClosedDB(true);
+        {
+            CDlgCalcPayment dialog(m_contract, m_person, 0);
+            dialog.list()->selectRow(0);
+            for (const QString &caption : {calculateButton, saveButton, deleteButton, receiveButton})
+                QVERIFY2(!dialog.button(caption)->isEnabled(), qPrintable(caption));
+        }
+        GetDBSetting()->SetClosedDB(false);
+        CDlgCalcPayment shown(m_contract, m_person, 0);
+        shown.setReadOnly(true);
+        QVERIFY(!shown.button(calculateButton)->isEnabled());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgCalcPayment>(argc, argv);
+}
+
+#include "TestCDlgCalcPayment.moc"
