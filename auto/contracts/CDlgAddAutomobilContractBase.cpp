@@ -123,6 +123,8 @@ void CDlgAddAutomobilContractBase::build()
     parties->addWidget(m_second, 1);
 
     auto *layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
     layout->addLayout(buildIdentity());
     layout->addLayout(parties);
     layout->addWidget(buildTexts());
