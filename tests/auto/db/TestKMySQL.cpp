@@ -9,13 +9,15 @@
 
 #include <QTest>
 
+#include <future>
+#include <limits>
 #include <thread>
 
 using Category = CMySQLException::Category;
 
 namespace {
 
-// The category that work raises; Other when it raises nothing, so that a wanted category is never met by accident.
+// The category that work raises; nothing when it raises nothing, so that a wanted category is never met by accident.
 template <class Work>
 std::optional<Category> raisedCategory(Work work, QString *caption = nullptr, QString *message = nullptr)
 {
@@ -397,6 +399,43 @@ private Q_SLOTS:
             });
         }).join();
         QCOMPARE(category, Category::LockConflict);
+    }
+
+    // The server itself rolls a deadlock's victim back, whole. What ran after it would be saved on its own.
+    void deadlockEndsTheTransactionAlsoForWhoeverPassesOverIt()
+    {
+        const qint32 mine = addSample(QStringLiteral("mine"));
+        const qint32 theirs = addSample(QStringLiteral("theirs"));
+        KTransaction transaction;
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", mine);
+        std::promise<void> locked;
+        std::thread other([&] {
+            KTransaction heavier;
+            CTblTemp statement;
+            statement.Open(false, false, true);
+            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", theirs);
+            // Who has written less is the victim.
+            statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
+            locked.set_value();
+            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", mine);
+            heavier.commit();
+        });
+        locked.get_future().wait();
+        const auto category =
+            raisedCategory([&] { temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", theirs); });
+        other.join();
+        QCOMPARE(category, Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("after")); }), Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::LockConflict);
+        SampleRecord record;
+        record.m_filter = QStringLiteral("sName='after'");
+        std::thread([&] {
+            record.Open(true, true, true);
+            KConnection::closeThreadConnections();
+        }).join();
+        QCOMPARE(record.GetRecordsCount(), 0);
     }
 
     void transactionRollsBackUnlessCommitted()
