@@ -604,6 +604,70 @@ private Q_SLOTS:
         QVERIFY(observed([] { KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {0}); }).isEmpty());
     }
 
+    void valueOutOfItsColumnsRangeIsRefusedWithTheCaption_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("caption");
+        QTest::newRow("flag above a byte") << QStringLiteral("bFlag") << QVariant(300) << QStringLiteral("پرچم");
+        QTest::newRow("flag below a byte") << QStringLiteral("bFlag") << QVariant(-129) << QStringLiteral("پرچم");
+        QTest::newRow("year of five digits") << QStringLiteral("date") << QVariant(QDateTime(QDate(10000, 1, 1), QTime(0, 0), Qt::UTC))
+                                             << QStringLiteral("تاريخ");
+        QTest::newRow("year before the first") << QStringLiteral("date") << QVariant(QDateTime(QDate(-5, 1, 1), QTime(0, 0), Qt::UTC))
+                                               << QStringLiteral("تاريخ");
+        QTest::newRow("no number") << QStringLiteral("dAmount") << QVariant(std::numeric_limits<double>::quiet_NaN())
+                                   << QStringLiteral("مبلغ");
+    }
+
+    void valueOutOfItsColumnsRangeIsRefusedWithTheCaption()
+    {
+        QFETCH(QString, column);
+        QFETCH(QVariant, value);
+        QFETCH(QString, caption);
+        const qint32 key = addSample(QStringLiteral("a"), 4);
+        SampleRecord record;
+        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.Edit();
+        record.m_sNote = QStringLiteral("می‌ماند");
+        record.setValue(column, value);
+        QString named;
+        QCOMPARE(raisedCategory([&] { record.Update(true); }, &named), Category::ValueTooLong);
+        QCOMPARE(named, caption);
+        QCOMPARE(record.m_sNote, QStringLiteral("می‌ماند"));
+        QVERIFY(record.isEditing());
+        record.CancelUpdate();
+        QCOMPARE(record.m_dAmount, 4.0);
+    }
+
+    void largestNumbersOfEveryKindComeBack()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_iUserID = std::numeric_limits<qint32>::min();
+        record.m_bFlag = 127;
+        record.m_dAmount = std::numeric_limits<double>::max();
+        record.m_date = QDateTime(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
+        QVERIFY(record.Update(true));
+        SampleRecord again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID())));
+        QCOMPARE(again.m_iUserID, std::numeric_limits<qint32>::min());
+        QCOMPARE(again.m_bFlag, 127);
+        QVERIFY(again.m_dAmount == std::numeric_limits<double>::max());
+        QCOMPARE(again.m_date, record.m_date);
+    }
+
+    void formattedStatementTakesTextsNumbersAndPercentSigns()
+    {
+        const qint32 key = addSample(QStringLiteral("پژو"), 2.5);
+        CTblTemp temp;
+        temp.Open(true, false, true);
+        QCOMPARE(temp.FormatAndExecuteQuery("SELECT sName FROM Samples WHERE sName LIKE '%%%s%%' AND dAmount=%f AND iID=%d",
+                                            "پژ", 2.5, key),
+                 1);
+        QCOMPARE(temp.GetTextFieldValue(0), QStringLiteral("پژو"));
+    }
+
     void infiniteAmountIsRefused()
     {
         SampleRecord record;
