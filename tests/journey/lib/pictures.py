@@ -35,7 +35,7 @@ class Pictures:
             captions.write(f"{file}\t{caption}\n")
 
     def _settled(self):
-        """The screen once it is painted: two pictures after each other are the same. A blinking caret may prevent that."""
+        """The screen once it is painted: two pictures after each other are the same, but for a blinking caret."""
         before = None
         for _ in range(4):
             now = self._screen()
@@ -45,8 +45,8 @@ class Pictures:
         return now
 
     def _screen(self):
-        return subprocess.run(["import", "-silent", "-window", "root", "-strip", "-define", "png:exclude-chunks=date,time",
-                               "png:-"], env=self._environment, check=True, capture_output=True, timeout=30).stdout
+        return subprocess.run(["import", "-silent", "-window", "root", "-strip",
+                               "-define", "png:exclude-chunks=date,time", "png:-"], env=self._environment, check=True, capture_output=True, timeout=30).stdout
 
     def keep_text(self, name, text):
         if self._folder:
