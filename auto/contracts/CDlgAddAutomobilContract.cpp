@@ -158,7 +158,7 @@ void CDlgAddAutomobilContract::addPages(int contractType)
     const bool readOnly = isShowMode();
     m_base = new CDlgAddAutomobilContractBase(m_mode, m_tabs);
     m_pages.append(m_base);
-    m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
+    m_baseTab = m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
     connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
     if (hasMatterPage(contractType)) {
         // The vehicle and the clauses have their place here; the page itself is not part of this version.
@@ -169,7 +169,7 @@ void CDlgAddAutomobilContract::addPages(int contractType)
     m_customFields = new CDlgCustomFields(m_tabs);
     m_customFields->bind(CTblAutomobilContracts::recordKind, m_key);
     m_customFields->setReadOnly(readOnly);
-    m_tabs->addPage(m_customFields, m_customFields->title());
+    m_customFieldsTab = m_tabs->addPage(m_customFields, m_customFields->title());
     const std::pair<CTblFileDocs::Scope, QString> filePages[] = {
         {CTblFileDocs::General, QStringLiteral("پرونده های عمومی")},
         {CTblFileDocs::Personal, QStringLiteral("پرونده های شخصی")},
@@ -210,7 +210,7 @@ bool CDlgAddAutomobilContract::OnOK()
     if (isShowMode())
         return false;
     try {
-        if (!validatePages() || !save())
+            if (!validatePages() || !save())
             return false;
     } catch (...) {
         // What was typed stays in the window.
@@ -224,11 +224,20 @@ bool CDlgAddAutomobilContract::OnOK()
 
 bool CDlgAddAutomobilContract::validatePages()
 {
+    // Each page is in front while it speaks, so that what it refuses is seen and can take the focus.
+    const int shown = m_tabs->currentIndex();
+    m_tabs->setCurrentIndex(m_baseTab);
     for (ContractEditorPage *page : std::as_const(m_pages)) {
         if (!page->validate())
             return false;
     }
-    return !m_customFields->isOpened() || m_customFields->validate();
+    if (m_customFields->isOpened()) {
+        m_tabs->setCurrentIndex(m_customFieldsTab);
+        if (!m_customFields->validate())
+            return false;
+    }
+    m_tabs->setCurrentIndex(shown);
+    return true;
 }
 
 bool CDlgAddAutomobilContract::save()
