@@ -52,6 +52,7 @@ int CDlgAddAutomobilContract::addPlaceholder()
 
 int CDlgAddAutomobilContract::NewContract(QWidget *parent)
 {
+    GetDBSetting()->RequireOpenDB();
     const int key = addPlaceholder();
     bool confirmed = false;
     std::exception_ptr error;
@@ -73,6 +74,7 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
 
 bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)
 {
+    GetDBSetting()->RequireOpenDB();
     CDlgAddAutomobilContract dialog(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, parent);
     return dialog.load() && dialog.exec() == QDialog::Accepted;
 }
@@ -148,7 +150,7 @@ bool CDlgAddAutomobilContract::load()
     for (ContractEditorPage *page : std::as_const(m_pages))
         page->fill(contract);
     m_active->setChecked(contract.m_iStatus == 0);
-    m_unarchive->setVisible(contract.m_iArchiveUserID != 0);
+    m_unarchive->setVisible(contract.m_iArchiveUserID != 0 && !GetDBSetting()->IsClosedDB());
     showContractType(contract.m_iContractType);
     return true;
 }
@@ -210,7 +212,8 @@ bool CDlgAddAutomobilContract::OnOK()
     if (isShowMode())
         return false;
     try {
-            if (!validatePages() || !save())
+        GetDBSetting()->RequireOpenDB();
+        if (!validatePages() || !save())
             return false;
     } catch (...) {
         // What was typed stays in the window.
@@ -268,6 +271,7 @@ void CDlgAddAutomobilContract::unarchive()
         g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
         return;
     }
+    GetDBSetting()->RequireOpenDB();
     CTblAutomobilContracts contract;
     if (loadContract(contract, m_key))
         CTblAutomobilContracts::unarchive(contract.m_iCode);

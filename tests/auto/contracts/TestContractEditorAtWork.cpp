@@ -13,6 +13,7 @@
 #include "suite/accounting/CTblCustomFields.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/CTblMultiItems.h"
+#include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/KPersonField.h"
@@ -474,6 +475,59 @@ private Q_SLOTS:
         QVERIFY(!dialog->isVisible());
         QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('|',iPersonContract2,iPersonSecondID) FROM AutomobilContracts")),
                  QStringLiteral("0|%1").arg(m_buyer));
+    }
+
+    // --- Closed database ---
+
+    void closedDatabaseRefusesNewAndEdit()
+    {
+        const int contract = m_office->addContract();
+        GetDBSetting()->SetClosedDB(true);
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::NewContract(nullptr));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::EditContract(contract, false, nullptr));
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+    }
+
+    void databaseClosedMeanwhileKeepsWhatWasTypedAndSavesNothing()
+    {
+        auto dialog = filledNew();
+        GetDBSetting()->SetClosedDB(true);
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.")});
+        QCOMPARE(shown(*dialog, "dAmount"), 1000000.0);
+        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")), QStringLiteral("0"));
+    }
+
+    void archivedContractOfAClosedDatabaseStaysInTheArchive()
+    {
+        const int contract = m_office->addContract([](auto &row) { row.m_iArchiveUserID = 1; });
+        auto dialog = opened(contract, Mode::Show);
+        GetDBSetting()->SetClosedDB(true);
+        dialog->unarchiveButton()->click();
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.")});
+        QVERIFY(dialog->isVisible());
+        QVERIFY(!dialog->refreshNeeded());
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts")), QStringLiteral("1"));
+        QVERIFY(opened(contract, Mode::Show)->unarchiveButton()->isHidden());
+    }
+
+    void shownContractGivesItsFieldsAndFilesToReadOnly()
+    {
+        CTblCustomFields::define(CTblAutomobilContracts::recordKind, QStringLiteral("کارکرد"), CTblCustomFields::Text);
+        auto dialog = opened(m_office->addContract(), Mode::Show);
+        auto *fields = dialog->findChild<CDlgCustomFields *>();
+        dialog->tabs()->setCurrentIndex(tabOf(*dialog, fields->title()));
+        QVERIFY(named<QLineEdit>(*fields, QStringLiteral("کارکرد :"))->isReadOnly());
+        QVERIFY(named<QPushButton>(*fields, QStringLiteral("تعریف فیلدها"))->isHidden());
+        const QList<CDlgFileDocs *> filePages = dialog->findChildren<CDlgFileDocs *>();
+        QCOMPARE(filePages.size(), 2);
+        for (const CDlgFileDocs *files : filePages) {
+            QVERIFY(named<QPushButton>(*files, QStringLiteral("افزودن"))->isHidden());
+            QVERIFY(named<QPushButton>(*files, QStringLiteral("حذف"))->isHidden());
+        }
     }
 
     // --- Saving ---
