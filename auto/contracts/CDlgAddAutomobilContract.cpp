@@ -142,7 +142,7 @@ bool CDlgAddAutomobilContract::load()
     CTblAutomobilContracts contract;
     if (!loadContract(contract, m_key))
         return false;
-    addPages(contract.m_iContractType);
+    addPages();
     applyMode();
     // The row is read again, as it is now that the pages stand.
     if (!loadContract(contract, m_key))
@@ -155,18 +155,16 @@ bool CDlgAddAutomobilContract::load()
     return true;
 }
 
-void CDlgAddAutomobilContract::addPages(int contractType)
+void CDlgAddAutomobilContract::addPages()
 {
     const bool readOnly = isShowMode();
     m_base = new CDlgAddAutomobilContractBase(m_mode, m_tabs);
     m_pages.append(m_base);
     m_baseTab = m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
     connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
-    if (hasMatterPage(contractType)) {
-        // The vehicle and the clauses have their place here; the page itself is not part of this version.
-        m_matterTab = m_tabs->addPage(new QWidget(m_tabs), QStringLiteral("مشخصات فروش"));
-        m_tabs->setPageEnabled(m_matterTab, false);
-    }
+    // The vehicle and the clauses have their place here; the page itself is not part of this version.
+    m_matterTab = m_tabs->addPage(new QWidget(m_tabs), QStringLiteral("مشخصات فروش"));
+    m_tabs->setPageEnabled(m_matterTab, false);
 
     m_customFields = new CDlgCustomFields(m_tabs);
     m_customFields->bind(CTblAutomobilContracts::recordKind, m_key);
@@ -205,6 +203,7 @@ void CDlgAddAutomobilContract::applyMode()
 void CDlgAddAutomobilContract::showContractType(int contractType)
 {
     setWindowTitle(contractEditorTitle(contractType, m_mode));
+    m_tabs->button(m_matterTab)->setVisible(hasMatterPage(contractType));
 }
 
 bool CDlgAddAutomobilContract::OnOK()

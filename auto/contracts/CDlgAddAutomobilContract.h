@@ -53,7 +53,7 @@ protected:
 
 private:
     void buildFrame();
-    void addPages(int contractType);
+    void addPages();
     void applyMode();
     void showContractType(int contractType);
     bool validatePages();

@@ -477,6 +477,28 @@ private Q_SLOTS:
                  QStringLiteral("0|%1").arg(m_buyer));
     }
 
+    // --- The type ---
+
+    void matterTabFollowsTheType()
+    {
+        auto dialog = opened(m_office->addContract(), Mode::Edit);
+        QComboBox *types = dialog->basePage()->form()->comboBox(column("iContractType"));
+        auto matterIsShown = [&] {
+            const int tab = tabOf(*dialog, QStringLiteral("مشخصات فروش"));
+            return tab >= 0 && !dialog->tabs()->button(tab)->isHidden();
+        };
+        QVERIFY(matterIsShown());
+        types->setCurrentIndex(3);
+        QVERIFY(!matterIsShown());
+        types->setCurrentIndex(2);
+        QVERIFY(matterIsShown());
+        auto letter = opened(m_office->addContract([](auto &contract) { contract.m_iContractType = 3; }), Mode::Edit);
+        QVERIFY(tabOf(*letter, QStringLiteral("مشخصات فروش")) < 0
+                || letter->tabs()->button(tabOf(*letter, QStringLiteral("مشخصات فروش")))->isHidden());
+        letter->basePage()->form()->comboBox(column("iContractType"))->setCurrentIndex(0);
+        QVERIFY(!letter->tabs()->button(tabOf(*letter, QStringLiteral("مشخصات فروش")))->isHidden());
+    }
+
     // --- Closed database ---
 
     void closedDatabaseRefusesNewAndEdit()
