@@ -11,6 +11,7 @@
 
 #include <future>
 #include <limits>
+#include <mysql.h>
 #include <thread>
 
 using Category = CMySQLException::Category;
@@ -107,6 +108,47 @@ private Q_SLOTS:
         temp.Open(false, false, true);
         temp.ExecuteQuery("SELECT COUNT(*) FROM Samples WHERE date IS NULL", true, true);
         QCOMPARE(temp.GetLongFieldValue(0), 1);
+    }
+
+    void nullsOfEveryKindAreReadAsConstructed()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("INSERT INTO Samples(sName,sNote,date,dAmount,bFlag,oPicture,iUserID) VALUES(NULL,NULL,NULL,NULL,NULL,NULL,NULL)",
+                          true, true);
+        // What an earlier row left in the members must not show through.
+        addSample(QStringLiteral("full"), 9);
+        SampleRecord record;
+        record.m_sort = QStringLiteral("iID DESC");
+        record.Open(true, true, true);
+        QCOMPARE(record.m_dAmount, 9.0);
+        record.m_oPicture.data = QByteArray("x");
+        QVERIFY(record.MoveNext());
+        QVERIFY(record.m_sName.isEmpty());
+        QVERIFY(record.m_sNote.isEmpty());
+        QVERIFY(!record.m_date.isValid());
+        QCOMPARE(record.m_dAmount, 0.0);
+        QCOMPARE(record.m_bFlag, 0);
+        QVERIFY(record.m_oPicture.isEmpty());
+        QCOMPARE(record.m_iUserID, 0);
+    }
+
+    void emptyTextAndEmptyPictureAreWrittenOverWhatWasThere()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_sNote = QStringLiteral("متن");
+        record.m_oPicture.data = QByteArray("picture");
+        record.Update(true);
+        record.Edit();
+        record.m_sNote.clear();
+        record.m_oPicture.data.clear();
+        record.Update(true);
+        SampleRecord again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID())));
+        QVERIFY(again.m_sNote.isEmpty());
+        QVERIFY(again.m_oPicture.isEmpty());
     }
 
     void zeroDateOfTheDatabaseIsTheEmptyDate()
@@ -691,6 +733,17 @@ private Q_SLOTS:
         QVERIFY(theirs != 0);
         QVERIFY(mine != theirs);
         QCOMPARE(connectionId(), mine);
+    }
+
+    void connectionNeitherComesBackByItselfNorReadsLocalFiles()
+    {
+        MYSQL *handle = KConnection::forThread(0).handle();
+        my_bool reconnects = 1;
+        unsigned int readsFiles = 1;
+        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_RECONNECT, &reconnects), 0);
+        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_LOCAL_INFILE, &readsFiles), 0);
+        QCOMPARE(int(reconnects), 0);
+        QCOMPARE(readsFiles, 0U);
     }
 
     void sessionIsStrictAndSpeaksUtf8mb4()
