@@ -3,7 +3,7 @@
 
 #include "host/CDlgAbout.h"
 
-#include "auto/db/CTblTemp.h"
+#include "host/DatabaseInfo.h"
 #include "host/HostOptions.h"
 #include "host/server/DataFolder.h"
 
@@ -16,14 +16,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-QString serverVersion()
-{
-    CTblTemp query;
-    query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT VERSION()"));
-    return query.GetTextFieldValue(0);
-}
 
 void addLine(QFormLayout *form, const QString &caption, const QString &value)
 {
@@ -53,7 +45,7 @@ CDlgAbout::CDlgAbout(const DataFolder &folder, QWidget *parent)
 
     auto *form = new QFormLayout;
     addLine(form, QStringLiteral("نسخه برنامه :"), QStringLiteral(TZ_VERSION));
-    addLine(form, QStringLiteral("پایگاه داده :"), serverVersion());
+    addLine(form, QStringLiteral("پایگاه داده :"), DatabaseInfo::serverVersion());
     addLine(form, QStringLiteral("پوشه داده‌ها :"), QDir::toNativeSeparators(folder.path()));
     addLine(form, QStringLiteral("مجوز :"), QStringLiteral("GPL-3.0-or-later"));
 

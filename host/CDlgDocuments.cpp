@@ -4,6 +4,7 @@
 #include "host/CDlgDocuments.h"
 
 #include "auto/db/KLookup.h"
+#include "host/DocumentFilter.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/utility/KDateEdit.h"
@@ -112,18 +113,8 @@ std::unique_ptr<KMySQL> CDlgDocuments::makeRecords() const
 
 QString CDlgDocuments::filterClauses() const
 {
-    QString clauses;
-    if (const int year = m_year->currentData().toInt(); year > 0)
-        clauses += QStringLiteral(" AND iFiscalYear=%1").arg(year);
-    if (m_number->integer() > 0)
-        clauses += QStringLiteral(" AND iNum=%1").arg(m_number->integer());
-    if (m_from->dateTime().isValid())
-        clauses += QStringLiteral(" AND date>=%1").arg(DateToSQL(m_from->dateTime()));
-    if (m_to->dateTime().isValid())
-        clauses += QStringLiteral(" AND date<%1").arg(DateToSQL(m_to->dateTime().addDays(1)));
-    if (!m_text->queryText().isEmpty())
-        clauses += QStringLiteral(" AND sDesc LIKE '%") + m_text->queryText() + QStringLiteral("%'");
-    return clauses;
+    return documentFilter({m_year->currentData().toInt(), m_number->integer(), m_from->dateTime(), m_to->dateTime(),
+                           m_text->queryText()});
 }
 
 QString CDlgDocuments::defaultSort() const

@@ -5,6 +5,7 @@
 
 #include "host/CDlgAddUser.h"
 #include "host/CDlgUserRights.h"
+#include "host/UserFilter.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
@@ -73,13 +74,7 @@ QStringList CDlgUsers::fetchedColumns() const
 
 QString CDlgUsers::filterClauses() const
 {
-    QString clauses;
-    if (!m_name->queryText().isEmpty())
-        clauses += QStringLiteral(" AND (sUser LIKE '%") + m_name->queryText() + QStringLiteral("%' OR sName LIKE '%")
-            + m_name->queryText() + QStringLiteral("%')");
-    if (!m_inactive->isChecked())
-        clauses += QStringLiteral(" AND iStatus=0");
-    return clauses;
+    return userFilter({m_name->queryText(), !m_inactive->isChecked()});
 }
 
 KListModel::Row CDlgUsers::makeRow(KMySQL &record, int number)

@@ -88,7 +88,7 @@ void DatabaseUpgrade::upgradeSuite()
     const int stored = SuiteSchema::storedVersion();
     if (stored == SuiteSchema::currentVersion())
         return;
-    if (stored > 0 && stored < SuiteSchema::currentVersion() && holdsRows())
+    if (stored < SuiteSchema::currentVersion() && holdsRows())
         takeDump();
     m_progress(QStringLiteral("آماده‌سازی جدول‌های پایگاه داده"));
     qCInfo(lcHost) << "suite schema" << stored << "to" << SuiteSchema::currentVersion();
@@ -109,7 +109,7 @@ bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
     const double stored = SuiteSchema::moduleVersion();
     // A step that a failed run left half done meets columns that are there already; only then they are passed over.
     const bool unfinished = CTblProperties::DBReadSettingInt(schemaSection, unfinishedKey, 0) != 0;
-    const bool dumpIfChanged = m_dump.isEmpty() && stored > 0 && holdsRows();
+    const bool dumpIfChanged = m_dump.isEmpty() && holdsRows();
     bool changed = false;
     const BeforeSchemaChange guard([&] {
         changed = true;

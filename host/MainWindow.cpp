@@ -4,13 +4,13 @@
 #include "host/MainWindow.h"
 
 #include "auto/CAutoDBSetting.h"
-#include "auto/db/KConnection.h"
 #include "host/Backup.h"
 #include "host/CDlgAbout.h"
 #include "host/CDlgChangePassword.h"
 #include "host/CDlgDocuments.h"
 #include "host/CDlgSettings.h"
 #include "host/CDlgUsers.h"
+#include "host/DatabaseInfo.h"
 #include "host/StartPage.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/CDBSetting.h"
@@ -39,12 +39,6 @@ QString longDate(const QDate &day)
     return QStringLiteral("%1 %2 %3 %4")
         .arg(shamsiDayName(shamsiDayOfWeek(day)), QString::number(date.day), shamsiMonthName(date.month),
              QString::number(date.year));
-}
-
-QString databaseText()
-{
-    const KConnectionSettings settings = KConnection::settings(0);
-    return settings.host.isEmpty() ? settings.database : settings.database + QStringLiteral(" @ ") + settings.host;
 }
 
 }
@@ -182,7 +176,7 @@ void MainWindow::refresh()
     const QString program = QStringLiteral("گالری اتومبیل");
     setWindowTitle(office.isEmpty() ? program : office + QStringLiteral(" - ") + program);
     m_user->setText(QStringLiteral("کاربر : %1").arg(setting->GetUserFullName()));
-    m_database->setText(QStringLiteral("پایگاه داده : %1").arg(databaseText()));
+    m_database->setText(QStringLiteral("پایگاه داده : %1").arg(DatabaseInfo::name()));
     m_fiscalYear->setText(QStringLiteral("سال مالی : %1").arg(setting->FiscalYear()));
     const bool closed = setting->IsClosedDB();
     m_closedMark->setText(closed ? QStringLiteral("پایگاه داده بسته است") : QString());

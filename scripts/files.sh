@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # Sourced by the checks: project_files lists the files of the project, relative to $root, as git knows them, also those not
-# added yet; without git (an unpacked release) everything but what a build makes.
+# added yet; without git (an unpacked release, a machine that has none) everything but what a build makes.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -11,7 +11,8 @@ project_files() {
     if git -C "$root" rev-parse --is-inside-work-tree >/dev/null 2>&1; then
         git -C "$root" ls-files --cached --others --exclude-standard
     else
-        (cd "$root" && find . -type f -not -path './build/*' -not -path './node_modules/*' -printf '%P\n')
+        (cd "$root" && find . \( -path ./.git -o -path ./build -o -path ./node_modules -o -path ./.cache -o -name __pycache__ \) \
+            -prune -o -type f -printf '%P\n')
     fi | sort -u | while IFS= read -r file; do
         if [ -f "$root/$file" ]; then
             printf '%s\n' "$file"

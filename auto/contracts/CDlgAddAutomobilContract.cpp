@@ -52,6 +52,7 @@ int CDlgAddAutomobilContract::addPlaceholder()
 
 int CDlgAddAutomobilContract::NewContract(QWidget *parent)
 {
+    GetDBSetting()->RequireOpenDB();
     const int key = addPlaceholder();
     bool confirmed = false;
     std::exception_ptr error;
@@ -73,6 +74,7 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
 
 bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)
 {
+    GetDBSetting()->RequireOpenDB();
     CDlgAddAutomobilContract dialog(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, parent);
     return dialog.load() && dialog.exec() == QDialog::Accepted;
 }
@@ -140,7 +142,7 @@ bool CDlgAddAutomobilContract::load()
     CTblAutomobilContracts contract;
     if (!loadContract(contract, m_key))
         return false;
-    addPages(contract.m_iContractType);
+    addPages();
     applyMode();
     // The row is read again, as it is now that the pages stand.
     if (!loadContract(contract, m_key))
@@ -148,28 +150,26 @@ bool CDlgAddAutomobilContract::load()
     for (ContractEditorPage *page : std::as_const(m_pages))
         page->fill(contract);
     m_active->setChecked(contract.m_iStatus == 0);
-    m_unarchive->setVisible(contract.m_iArchiveUserID != 0);
+    m_unarchive->setVisible(contract.m_iArchiveUserID != 0 && !GetDBSetting()->IsClosedDB());
     showContractType(contract.m_iContractType);
     return true;
 }
 
-void CDlgAddAutomobilContract::addPages(int contractType)
+void CDlgAddAutomobilContract::addPages()
 {
     const bool readOnly = isShowMode();
     m_base = new CDlgAddAutomobilContractBase(m_mode, m_tabs);
     m_pages.append(m_base);
-    m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
+    m_baseTab = m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
     connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
-    if (hasMatterPage(contractType)) {
-        // The vehicle and the clauses have their place here; the page itself is not part of this version.
-        m_matterTab = m_tabs->addPage(new QWidget(m_tabs), QStringLiteral("مشخصات فروش"));
-        m_tabs->setPageEnabled(m_matterTab, false);
-    }
+    // The vehicle and the clauses have their place here; the page itself is not part of this version.
+    m_matterTab = m_tabs->addPage(new QWidget(m_tabs), QStringLiteral("مشخصات فروش"));
+    m_tabs->setPageEnabled(m_matterTab, false);
 
     m_customFields = new CDlgCustomFields(m_tabs);
     m_customFields->bind(CTblAutomobilContracts::recordKind, m_key);
     m_customFields->setReadOnly(readOnly);
-    m_tabs->addPage(m_customFields, m_customFields->title());
+    m_customFieldsTab = m_tabs->addPage(m_customFields, m_customFields->title());
     const std::pair<CTblFileDocs::Scope, QString> filePages[] = {
         {CTblFileDocs::General, QStringLiteral("پرونده های عمومی")},
         {CTblFileDocs::Personal, QStringLiteral("پرونده های شخصی")},
@@ -203,6 +203,7 @@ void CDlgAddAutomobilContract::applyMode()
 void CDlgAddAutomobilContract::showContractType(int contractType)
 {
     setWindowTitle(contractEditorTitle(contractType, m_mode));
+    m_tabs->button(m_matterTab)->setVisible(hasMatterPage(contractType));
 }
 
 bool CDlgAddAutomobilContract::OnOK()
@@ -210,6 +211,7 @@ bool CDlgAddAutomobilContract::OnOK()
     if (isShowMode())
         return false;
     try {
+        GetDBSetting()->RequireOpenDB();
         if (!validatePages() || !save())
             return false;
     } catch (...) {
@@ -224,11 +226,20 @@ bool CDlgAddAutomobilContract::OnOK()
 
 bool CDlgAddAutomobilContract::validatePages()
 {
+    // Each page is in front while it speaks, so that what it refuses is seen and can take the focus.
+    const int shown = m_tabs->currentIndex();
+    m_tabs->setCurrentIndex(m_baseTab);
     for (ContractEditorPage *page : std::as_const(m_pages)) {
         if (!page->validate())
             return false;
     }
-    return !m_customFields->isOpened() || m_customFields->validate();
+    if (m_customFields->isOpened()) {
+        m_tabs->setCurrentIndex(m_customFieldsTab);
+        if (!m_customFields->validate())
+            return false;
+    }
+    m_tabs->setCurrentIndex(shown);
+    return true;
 }
 
 bool CDlgAddAutomobilContract::save()
@@ -259,6 +270,7 @@ void CDlgAddAutomobilContract::unarchive()
         g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
         return;
     }
+    GetDBSetting()->RequireOpenDB();
     CTblAutomobilContracts contract;
     if (loadContract(contract, m_key))
         CTblAutomobilContracts::unarchive(contract.m_iCode);

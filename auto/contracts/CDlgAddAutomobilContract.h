@@ -53,7 +53,7 @@ protected:
 
 private:
     void buildFrame();
-    void addPages(int contractType);
+    void addPages();
     void applyMode();
     void showContractType(int contractType);
     bool validatePages();
@@ -63,7 +63,9 @@ private:
     int m_key;
     ContractEditorMode m_mode;
     bool m_refresh = false;
+    int m_baseTab = -1;
     int m_matterTab = -1;
+    int m_customFieldsTab = -1;
     QList<ContractEditorPage *> m_pages;
     KTabPageButtons *m_tabs = nullptr;
     CDlgAddAutomobilContractBase *m_base = nullptr;

@@ -13,6 +13,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgDocCreated.h"
 #include "suite/accounting/CDlgMultiItems.h"
+#include "suite/accounting/CTblItems.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
@@ -37,8 +38,6 @@ namespace {
 
 using Kind = KFormField::Kind;
 
-// The suite's item type of the notes to choose from.
-constexpr int notesItemType = 814;
 constexpr int rentContract = 1;
 
 QString column(const char *name)
@@ -123,6 +122,8 @@ void CDlgAddAutomobilContractBase::build()
     parties->addWidget(m_second, 1);
 
     auto *layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
     layout->addLayout(buildIdentity());
     layout->addLayout(parties);
     layout->addWidget(buildTexts());
@@ -176,15 +177,15 @@ QWidget *CDlgAddAutomobilContractBase::buildTexts()
     m_notesLine = new KEdit(box);
     m_notesLine->setReadOnly(true);
     m_notesLine->setAccessibleName(label);
-    auto *pick = new QPushButton(QStringLiteral("..."), box);
-    pick->setAccessibleName(label + QStringLiteral(" ..."));
-    pick->setAutoDefault(false);
-    pick->setMaximumWidth(pick->fontMetrics().averageCharWidth() * 6);
-    pick->setVisible(!isShowMode());
-    connect(pick, &QPushButton::clicked, this, &CDlgAddAutomobilContractBase::pickNotes);
+    m_notesButton = new QPushButton(QStringLiteral("..."), box);
+    m_notesButton->setAccessibleName(label + QStringLiteral(" ..."));
+    m_notesButton->setAutoDefault(false);
+    m_notesButton->setMaximumWidth(m_notesButton->fontMetrics().averageCharWidth() * 6);
+    m_notesButton->setVisible(!isShowMode());
+    connect(m_notesButton, &QPushButton::clicked, this, &CDlgAddAutomobilContractBase::pickNotes);
     auto *row = new QHBoxLayout;
     row->addWidget(m_notesLine, 1);
-    row->addWidget(pick);
+    row->addWidget(m_notesButton);
     auto *text = new QLabel(label, box);
     text->setBuddy(m_notesLine);
     grid->addWidget(text, 2, 2);
@@ -290,8 +291,6 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     if (m_mode == ContractEditorMode::New && !contract.m_dateContract.isValid())
         m_form->dateEdit(column("dateContract"))->setDate(GetDBSetting()->GetDBServerDate().date());
     m_form->control(column("bReturn"))->setVisible(m_mode != ContractEditorMode::New);
-    if (!isShowMode())
-        m_form->edit(column("dAmount"))->setFocus(Qt::OtherFocusReason);
     m_notes = ContractNotes::notes(contract);
     showNotes();
     nameGroups(contract.m_iContractType);
@@ -300,7 +299,7 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     m_archiveDate->setText(contract.m_iArchiveUserID != 0 ? shamsiText(contract.m_dateArchive.date()) : QString());
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
-        m_form->control(column("iCode"))->setFocus();
+        m_form->control(m_mode == ContractEditorMode::New ? column("dAmount") : column("iCode"))->setFocus(Qt::TabFocusReason);
 }
 
 void CDlgAddAutomobilContractBase::nameGroups(int contractType)
@@ -313,7 +312,7 @@ void CDlgAddAutomobilContractBase::nameGroups(int contractType)
 void CDlgAddAutomobilContractBase::pickNotes()
 {
     QString text = m_notes.join(CDlgMultiItems::separator());
-    if (!CDlgMultiItems::Select(notesItemType, QStringLiteral("تبصره"), &text, this))
+    if (!CDlgMultiItems::Select(CTblItems::typeClause, QStringLiteral("تبصره"), &text, this))
         return;
     m_notes = text.split(CDlgMultiItems::separator(), Qt::SkipEmptyParts);
     showNotes();
@@ -328,16 +327,25 @@ void CDlgAddAutomobilContractBase::showNotes()
 bool CDlgAddAutomobilContractBase::refuse(const QString &message, QWidget *field)
 {
     g_pDlgWarning->Show(message, this);
-    field->setFocus(Qt::OtherFocusReason);
+    field->setFocus(Qt::TabFocusReason);
     return false;
+}
+
+bool CDlgAddAutomobilContractBase::refuseEntry(const KForm::Problem &problem)
+{
+    return refuse(problem.widget->accessibleName() + u' ' + problem.message, problem.widget);
 }
 
 bool CDlgAddAutomobilContractBase::validate()
 {
     if (isShowMode())
         return true;
-    if (const auto problem = m_form->firstInvalid())
-        return refuse(problem->message, problem->widget);
+    // What a contract cannot be without comes first, whatever else is wrong.
+    return validateAmountAndParties() && validateDate() && validateEntries();
+}
+
+bool CDlgAddAutomobilContractBase::validateAmountAndParties()
+{
     if (IsEquals(m_form->edit(column("dAmount"))->number(), 0))
         return refuse(QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید."), m_form->edit(column("dAmount")));
     const std::pair<ContractPartyGroup *, QString> parties[] = {
@@ -345,21 +353,39 @@ bool CDlgAddAutomobilContractBase::validate()
         {m_second, QStringLiteral("لطفا شخص دوم را انتخاب نمایید.")},
     };
     for (const auto &[group, message] : parties) {
-        if (!group->name().isEmpty())
+        if (!group->name().trimmed().isEmpty())
             continue;
-        g_pDlgWarning->Show(message, this);
+        refuse(message, group->personField()->nameEdit());
         group->askForPerson();
         return false;
     }
     if (m_first->name() == m_second->name())
         return refuse(QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد."), m_second->personField()->nameEdit());
+    return true;
+}
+
+bool CDlgAddAutomobilContractBase::validateDate()
+{
     KDateEdit *date = m_form->dateEdit(column("dateContract"));
+    if (!date->isEntryValid())
+        return refuseEntry({date, date->entryError()});
     if (!date->dateTime().isValid())
         return refuse(QStringLiteral("لطفا تاریخ عقد را وارد نمایید."), date);
     if (date->date() < GetDBSetting()->FiscalYearOpeningDate().date())
         return refuse(QStringLiteral("تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد."), date);
-    if (m_notes.size() > ContractNotes::most)
-        return refuse(QStringLiteral("حداکثر %1 تبصره قابل ثبت است.").arg(ContractNotes::most), m_notesLine);
+    return true;
+}
+
+bool CDlgAddAutomobilContractBase::validateEntries()
+{
+    for (const ContractPartyGroup *group : {m_first, m_second}) {
+        if (const auto problem = group->discountProblem())
+            return refuse(problem->message, problem->widget);
+    }
+    if (const auto problem = m_form->firstInvalid())
+        return refuseEntry(*problem);
+    if (const QString problem = ContractNotes::problem(m_notes); !problem.isEmpty())
+        return refuse(problem, m_notesButton);
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "auto/contracts/Commission.h"
 #include "auto/contracts/ContractEditorPage.h"
 #include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/KForm.h"
 
 #include <QList>
 #include <QStringList>
@@ -15,9 +16,9 @@
 
 class ContractPartyGroup;
 class KEdit;
-class KForm;
 class QGridLayout;
 class QLabel;
+class QPushButton;
 
 // First page of the contract editor: identity, parties, amount and commission. The figures follow each other live by the
 // rules of Commission.h; writing the page posts the contract's accounting document.
@@ -55,7 +56,12 @@ private:
     void showFigures(const CommissionChanges &changes);
     void nameGroups(int contractType);
     void showNotes();
+    bool validateAmountAndParties();
+    bool validateDate();
+    bool validateEntries();
+    // Tell it, go to the field, and give false.
     bool refuse(const QString &message, QWidget *field);
+    bool refuseEntry(const KForm::Problem &problem);
     bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
 
     ContractEditorMode m_mode;
@@ -66,6 +72,7 @@ private:
     QLabel *m_archiveUser = nullptr;
     QLabel *m_archiveDate = nullptr;
     KEdit *m_notesLine = nullptr;
+    QPushButton *m_notesButton = nullptr;
     QStringList m_notes;
     CommissionTiers m_tiers;
     CommissionFields m_figures;

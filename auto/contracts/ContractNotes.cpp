@@ -28,6 +28,18 @@ QStringList ContractNotes::notes(const CTblAutomobilContracts &contract)
     return texts;
 }
 
+QString ContractNotes::problem(const QStringList &notes)
+{
+    if (notes.size() > most)
+        return QStringLiteral("حداکثر %1 تبصره قابل ثبت است.").arg(most);
+    const int longest = CTblAutomobilContracts().textLength(QStringLiteral("sNote1"));
+    for (const QString &note : notes) {
+        if (note.toUcs4().size() > longest)
+            return QStringLiteral("هر تبصره حداکثر %1 نویسه است و این تبصره بلندتر است : %2").arg(QString::number(longest), note);
+    }
+    return {};
+}
+
 void ContractNotes::setNotes(CTblAutomobilContracts &contract, const QStringList &notes)
 {
     qsizetype position = 0;

@@ -14,6 +14,8 @@ inline constexpr int most = 10;
 
 // The notes that are set, in order.
 QStringList notes(const CTblAutomobilContracts &contract);
+// Why these notes cannot be kept, in words for the user: too many, or one too long for its column. Empty when they can.
+QString problem(const QStringList &notes);
 // Sets the notes in order and empties the columns behind them. More than ten are cut; check first.
 void setNotes(CTblAutomobilContracts &contract, const QStringList &notes);
 

@@ -9,6 +9,7 @@
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
+#include "suite/utility/Money.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -218,6 +219,15 @@ void ContractPartyGroup::setShowMode(bool show)
 {
     m_person->setButtonsVisible(!show);
     applyKind();
+}
+
+std::optional<KForm::Problem> ContractPartyGroup::discountProblem() const
+{
+    const double pays = m_form.edit(m_side.pays)->number();
+    if (pays >= 0 || IsEquals(pays, 0))
+        return std::nullopt;
+    return KForm::Problem{m_form.edit(m_side.discount),
+                          ofSide(QStringLiteral("تخفیف"), m_side.number) + QStringLiteral(" بیشتر از مبلغی است که باید بپردازد.")};
 }
 
 void ContractPartyGroup::askForPerson()

@@ -9,6 +9,7 @@
 #include <QGroupBox>
 
 #include <array>
+#include <optional>
 #include <utility>
 
 class CTblAutomobilContracts;
@@ -64,6 +65,8 @@ public:
 
     PartyKind kind() const;
     QString name() const;
+    // A discount that leaves a payment below zero; none otherwise.
+    std::optional<KForm::Problem> discountProblem() const;
     // Goes where the name is given: opens the picker, or the name line for a party typed by hand.
     void askForPerson();
 

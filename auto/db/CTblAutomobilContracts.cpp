@@ -22,6 +22,7 @@ QString CTblAutomobilContracts::GetTableName() const
 
 bool CTblAutomobilContracts::Delete()
 {
+    requireRow("Delete");
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE FROM AutomobilContracts WHERE iID=%d LIMIT 1", m_iID);

@@ -3,13 +3,16 @@
 
 #pragma once
 
+#include "auto/db/KLiveCount.h"
 #include "auto/db/KMySQL.h"
 
 // One row per contract between a first party (seller, lessor) and a second party (buyer, lessee). Members carry the names
 // of their columns. Amounts are in the suite's money unit, percentages 0 to 100, keys 0 when nothing is referred to.
-class CTblAutomobilContracts : public KMySQL
+class CTblAutomobilContracts : public KMySQL, private KLiveCount<CTblAutomobilContracts>
 {
 public:
+    using KLiveCount<CTblAutomobilContracts>::liveCount;
+
     qint32 m_iID = 0;
     qint32 m_iCode = 0;
     qint32 m_iPersonFirstID = 0;
@@ -144,7 +147,8 @@ public:
     ~CTblAutomobilContracts() override;
 
     // Deletes the loaded row together with its accounting document, attached files and custom field values, one after
-    // the other: when a step fails (CMySQLException), what was done before it stays done.
+    // the other: when a step fails (CMySQLException), what was done before it stays done. Throws NoCurrentRow, and then
+    // deletes nothing, without a loaded row.
     bool Delete() override;
     QString GetTableName() const override;
 

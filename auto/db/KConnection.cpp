@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <mysql.h>
+#include <mysqld_error.h>
 
 namespace {
 
@@ -211,6 +212,11 @@ void KConnection::execute(const QByteArray &utf8Statement)
         throw CMySQLException(CMySQLException::Category::ConnectionLost, 0,
                               QStringLiteral("the connection was lost within a transaction"),
                               QString::fromUtf8(utf8Statement));
+    // After a deadlock the server has rolled the whole transaction back and would save each further statement by itself.
+    if (m_rolledBack && inTransaction())
+        throw CMySQLException(CMySQLException::Category::LockConflict, ER_LOCK_DEADLOCK,
+                              QStringLiteral("the transaction was rolled back after a deadlock"),
+                              QString::fromUtf8(utf8Statement));
     st_mysql *connection = handle();
     m_idle.start();
     if (mysql_real_query(connection, utf8Statement.constData(), static_cast<unsigned long>(utf8Statement.size())) != 0)
@@ -242,6 +248,8 @@ void KConnection::raise(const QByteArray &utf8Statement)
     const CMySQLException::Category category = CMySQLException::categoryOf(code);
     if (category == CMySQLException::Category::ConnectionLost)
         close();
+    if (code == ER_LOCK_DEADLOCK)
+        m_rolledBack = inTransaction();
     throw CMySQLException(category, code, message, QString::fromUtf8(utf8Statement));
 }
 

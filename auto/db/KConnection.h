@@ -21,9 +21,9 @@ struct KConnectionSettings
     unsigned int port = 3306;
     QString user;
     QString password;
-    QString database;       // may be empty: no database selected
-    bool useTls = false;    // with host: refuse a server that does not prove who it is
-    QString caFile;         // certificate authority for useTls; empty: the system's
+    QString database;    // may be empty: no database selected
+    bool useTls = false; // with host: refuse a server that does not prove who it is
+    QString caFile;      // certificate authority for useTls; empty: the system's
     int connectTimeoutSeconds = 10;
 };
 
@@ -32,7 +32,10 @@ struct KConnectionSettings
 class TZDB_EXPORT KConnection
 {
 public:
-    struct ResultDeleter { void operator()(st_mysql_res *result) const; };
+    struct ResultDeleter
+    {
+        void operator()(st_mysql_res *result) const;
+    };
     using Result = std::unique_ptr<st_mysql_res, ResultDeleter>;
 
     explicit KConnection(KConnectionSettings settings);
@@ -83,5 +86,6 @@ private:
     QElapsedTimer m_idle;
     int m_transactionDepth = 0;
     bool m_rollbackOnly = false;
+    bool m_rolledBack = false; // the server has ended the transaction by itself
     quint64 m_generation = 0;
 };

@@ -10,7 +10,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdarg>
-#include <cstdio>
+#include <limits>
 
 #include <mysql.h>
 
@@ -214,8 +214,7 @@ void KMySQL::AddNew()
 void KMySQL::Edit()
 {
     ensureBound();
-    if (!m_hasValues)
-        raiseNoRow("Edit");
+    requireRow("Edit");
     if (m_mode == Mode::Browse) {
         m_before = snapshot();
         m_hadValues = true;
@@ -256,8 +255,7 @@ void KMySQL::CancelUpdate()
 bool KMySQL::Delete()
 {
     ensureBound();
-    if (!m_hasValues)
-        raiseNoRow("Delete");
+    requireRow("Delete");
     connection().run("DELETE FROM " + GetTableName().toUtf8() + " WHERE iID=" + QByteArray::number(currentKey()) + " LIMIT 1");
     m_hasValues = false;
     m_mode = Mode::Browse;
@@ -445,30 +443,35 @@ void KMySQL::checkText(const Column &column, const QString &text) const
         ++characters;
         beyondBasicPlane |= c.isHighSurrogate();
     }
-    auto refuse = [&](CMySQLException::Category category, const char *why) {
-        CMySQLException error(category, 0, column.name + QLatin1String(why));
-        error.setColumnCaption(column.caption);
-        throw error;
-    };
     if (beyondBasicPlane && schema->basicPlaneOnly)
-        refuse(CMySQLException::Category::BadCharacter, ": a character that the column's character set cannot hold");
+        refuse(column, CMySQLException::Category::BadCharacter, ": a character that the column's character set cannot hold");
     if (schema->maxCharacters > 0 && characters > schema->maxCharacters)
-        refuse(CMySQLException::Category::ValueTooLong, ": text longer than its column");
+        refuse(column, CMySQLException::Category::ValueTooLong, ": text longer than its column");
+}
+
+void KMySQL::refuse(const Column &column, CMySQLException::Category category, const char *why)
+{
+    CMySQLException error(category, 0, column.name + QLatin1String(why));
+    error.setColumnCaption(column.caption);
+    throw error;
 }
 
 QByteArray KMySQL::literal(const Column &column) const
 {
+    constexpr auto outOfRange = CMySQLException::Category::ValueTooLong;
     switch (column.kind) {
     case ColumnKind::Long:
-    case ColumnKind::Bool:
         return QByteArray::number(*static_cast<const qint32 *>(column.member));
+    case ColumnKind::Bool: {
+        const qint32 flag = *static_cast<const qint32 *>(column.member);
+        if (flag < std::numeric_limits<qint8>::min() || flag > std::numeric_limits<qint8>::max())
+            refuse(column, outOfRange, ": a flag that is larger than a byte");
+        return QByteArray::number(flag);
+    }
     case ColumnKind::Double: {
         const double number = *static_cast<const double *>(column.member);
-        if (!std::isfinite(number)) {
-            CMySQLException error(CMySQLException::Category::ValueTooLong, 0, column.name + QLatin1String(": no finite number"));
-            error.setColumnCaption(column.caption);
-            throw error;
-        }
+        if (!std::isfinite(number))
+            refuse(column, outOfRange, ": no finite number");
         return QByteArray::number(number, 'g', 17);
     }
     case ColumnKind::Text: {
@@ -478,7 +481,12 @@ QByteArray KMySQL::literal(const Column &column) const
     }
     case ColumnKind::Date: {
         const QDateTime &date = *static_cast<const QDateTime *>(column.member);
-        return date.isValid() ? connection().quoted(dateText(date)) : QByteArrayLiteral("NULL");
+        if (!date.isValid())
+            return QByteArrayLiteral("NULL");
+        // The server would read the digits of such a year as another date.
+        if (date.date().year() < 1 || date.date().year() > 9999)
+            refuse(column, outOfRange, ": no year of four digits");
+        return connection().quoted(dateText(date));
     }
     case ColumnKind::LongBlob: {
         const QByteArray &data = static_cast<const KLongBinary *>(column.member)->data;
@@ -537,6 +545,12 @@ qint32 KMySQL::currentKey() const
     return 0;
 }
 
+void KMySQL::requireRow(const char *operation) const
+{
+    if (!m_hasValues)
+        raiseNoRow(operation);
+}
+
 void KMySQL::raiseNoRow(const char *operation) const
 {
     throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
@@ -565,15 +579,10 @@ int KMySQL::FormatAndExecuteQuery(const char *format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
+    // Not the C library's: that one writes a number's decimal point as the user's language does.
+    const QString statement = QString::vasprintf(format, arguments);
     va_end(arguments);
-    QByteArray statement(length + 1, '\0');
-    std::vsnprintf(statement.data(), static_cast<size_t>(length) + 1, format, again);
-    va_end(again);
-    statement.truncate(length);
-    return ExecuteQuery(statement.constData(), true, true);
+    return ExecuteQuery(statement, true);
 }
 
 int KMySQL::keepResult(KConnection::Result result)

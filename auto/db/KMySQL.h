@@ -24,7 +24,14 @@
 class TZDB_EXPORT KMySQL
 {
 public:
-    enum class ColumnKind { Long, Text, Date, Double, Bool, LongBlob };
+    enum class ColumnKind {
+        Long,
+        Text,
+        Date,
+        Double,
+        Bool,
+        LongBlob
+    };
 
     // A column as DoFieldExchange declared it. Names are compared exactly.
     struct Column
@@ -92,6 +99,9 @@ protected:
     // What stands after FROM; a derived class that reads a joined view overrides it.
     virtual QString fromClause() const;
 
+    // Throws NoCurrentRow unless the members hold a row of the table; for operations of derived classes.
+    void requireRow(const char *operation) const;
+
 public:
     // True when the set stands behind its last row or has none.
     bool IsEOF() const;
@@ -111,7 +121,8 @@ public:
     // bLog: a failing statement is written to the log.
     int ExecuteQuery(const char *statement, bool bRaise, bool bLog);
     int ExecuteQuery(const QString &statement, bool bRaise = true);
-    // printf-formatted; texts are UTF-8 and go in as they are: quote them first (KConnection::quoted).
+    // printf-formatted, whatever the user's language; texts are UTF-8 and go in as they are: quote them first
+    // (KConnection::quoted).
     int FormatAndExecuteQuery(const char *format, ...) Q_ATTRIBUTE_FORMAT_PRINTF(2, 3);
     // Value of the last statement's current result row (the first, until MoveNextResult), columns from 0. NULL, a missing
     // column or no row give 0, an empty text, an invalid date-time.
@@ -138,7 +149,11 @@ public:
     bool isEditing() const { return m_mode != Mode::Browse; }
 
 private:
-    enum class Mode { Browse, Add, Edit };
+    enum class Mode {
+        Browse,
+        Add,
+        Edit
+    };
     void bind(QStringView column, ColumnKind kind, void *member, QStringView caption, QStringView lookupTable,
               QStringView lookupKey, QStringView lookupDisplay);
     void ensureBound();
@@ -150,6 +165,7 @@ private:
     std::vector<QVariant> snapshot() const;
     void restore(const std::vector<QVariant> &values);
     void checkText(const Column &column, const QString &text) const;
+    [[noreturn]] static void refuse(const Column &column, CMySQLException::Category category, const char *why);
     QByteArray literal(const Column &column) const;
     void insertRow();
     void updateRow();
@@ -161,18 +177,18 @@ private:
 
     int m_database;
     std::vector<Column> m_columns;
-    std::vector<int> m_selected;         // positions in m_columns, in the order of the result
+    std::vector<int> m_selected; // positions in m_columns, in the order of the result
     QStringList m_subset;
-    KConnection::Result m_rows;          // rows of Open and Requery
+    KConnection::Result m_rows; // rows of Open and Requery
     qint64 m_count = 0;
     bool m_atEnd = true;
-    bool m_hasValues = false;            // the members hold a row of the table
+    bool m_hasValues = false; // the members hold a row of the table
     Mode m_mode = Mode::Browse;
-    std::vector<QVariant> m_before;      // member values when AddNew or Edit began
-    bool m_hadValues = false;            // m_hasValues at that time
+    std::vector<QVariant> m_before; // member values when AddNew or Edit began
+    bool m_hadValues = false;       // m_hasValues at that time
     qint64 m_limit = 0;
     quint64 m_lastInsertedId = 0;
-    KConnection::Result m_result;        // rows of the last free statement
+    KConnection::Result m_result; // rows of the last free statement
     char **m_resultRow = nullptr;
     const unsigned long *m_resultLengths = nullptr;
 };

@@ -15,6 +15,7 @@ KTransaction::KTransaction(int database)
 {
     if (m_outermost) {
         m_connection.m_rollbackOnly = false;
+        m_connection.m_rolledBack = false;
         m_connection.run(QByteArrayLiteral("START TRANSACTION"));
     }
     ++m_connection.m_transactionDepth;
@@ -30,8 +31,8 @@ KTransaction::~KTransaction()
         return;
     }
     try {
-        // A lost connection has been rolled back by the server already.
-        if (m_connection.m_handle)
+        // After a lost connection or a deadlock the server has rolled back already.
+        if (m_connection.m_handle && !m_connection.m_rolledBack)
             m_connection.run(QByteArrayLiteral("ROLLBACK"));
     } catch (const CMySQLException &) {
         m_connection.close();

@@ -17,6 +17,8 @@ fresh_tree() {
     rm -rf "$work/tree"
     mkdir -p "$work/tree/scripts"
     cp "$source_root"/scripts/check-*.sh "$source_root/scripts/files.sh" "$work/tree/scripts/"
+    mkdir -p "$work/tree/.git/hooks" "$work/tree/build/dev" "$work/tree/node_modules/x"
+    touch "$work"/tree/{.git/hooks/sample,build/dev/x.cpp,node_modules/x/index.js}
     printf '{ "integrity": "sha512-0" }\n' >"$work/tree/package-lock.json"
     printf '%s\n[run]\nlibqt6svg6 # icons\n' "$header" >"$work/tree/packages.txt"
 }

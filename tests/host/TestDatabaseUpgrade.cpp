@@ -29,6 +29,8 @@ private Q_SLOTS:
     void dumpHoldsTheDatabaseAsItWas();
     void olderDatabaseWithoutRowsIsNotDumped();
     void suiteUpgradeWithRowsIsDumpedFirst();
+    void rowsOfADatabaseWithoutAVersionAreDumpedFirst();
+    void officeThatWorkedWithoutTheModuleIsDumpedBeforeItsTables();
     void oneDumpServesBothUpgrades();
     void dumpThatFailsStopsTheUpgrade();
     void failedModuleUpgradeIsResumed();
@@ -167,6 +169,29 @@ void TestDatabaseUpgrade::suiteUpgradeWithRowsIsDumpedFirst()
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     upgrade.upgradeSuite();
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+    QCOMPARE(dumps().size(), 1);
+}
+
+// The module's first step begins by dropping what is there.
+void TestDatabaseUpgrade::rowsOfADatabaseWithoutAVersionAreDumpedFirst()
+{
+    m_database.run(QStringLiteral("CREATE TABLE AutomobilContracts(iID INT, sDesc VARCHAR(50)) CHARSET=utf8"));
+    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts VALUES(1, 'only copy')"));
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    run(upgrade);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("0"));
+    QCOMPARE(dumps().size(), 1);
+    QFile dump(upgrade.dumpTaken());
+    QVERIFY(dump.open(QIODevice::ReadOnly));
+    QVERIFY(dump.readAll().contains("only copy"));
+}
+
+void TestDatabaseUpgrade::officeThatWorkedWithoutTheModuleIsDumpedBeforeItsTables()
+{
+    SuiteSchema::upgrade();
+    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    run(upgrade);
     QCOMPARE(dumps().size(), 1);
 }
 

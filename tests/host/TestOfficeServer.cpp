@@ -33,10 +33,16 @@ private Q_SLOTS:
     void databaseThatIsNotThereIsToldByName();
     void databaseOfOthersIsRefused();
     void serverThatDoesNotProveItselfIsRefused();
+    void serverIsTakenByItsCertificate_data();
+    void serverIsTakenByItsCertificate();
     void aServerThatIsNotThereIsToldOnce();
 
 private:
     HostOptions options(const QByteArray &password, const QString &database);
+    void startServer(const QStringList &furtherOptions = {});
+    void stopServer();
+    void makeCertificates();
+    QString path(const QString &name) const { return m_folder.filePath(name); }
 
     QTemporaryDir m_folder;
     QProcess m_server;
@@ -60,9 +66,8 @@ QString writeFile(const QTemporaryDir &folder, const QByteArray &text, QFile::Pe
 // A server as an office has one: reached over the network, with an account for the program.
 void TestOfficeServer::initTestCase()
 {
-    const DataFolder folder(m_folder.filePath(QStringLiteral("server")));
     {
-        EmbeddedServer maker(folder);
+        EmbeddedServer maker(DataFolder(path(QStringLiteral("server"))));
         maker.start();
         KConnection connection(maker.connectionSettings());
         connection.run(QByteArrayLiteral("CREATE DATABASE books"));
@@ -73,15 +78,27 @@ void TestOfficeServer::initTestCase()
     QVERIFY(free.listen(QHostAddress::LocalHost));
     m_port = free.serverPort();
     free.close();
+    startServer();
+}
+
+void TestOfficeServer::cleanupTestCase()
+{
+    stopServer();
+}
+
+void TestOfficeServer::startServer(const QStringList &furtherOptions)
+{
+    const DataFolder folder(path(QStringLiteral("server")));
     m_server.setProcessChannelMode(QProcess::MergedChannels);
     m_server.start(ServerPrograms::installed().server,
-                   {QStringLiteral("--defaults-file=") + folder.serverConfigPath(), QStringLiteral("--skip-networking=OFF"),
-                    QStringLiteral("--bind-address=127.0.0.1"), QStringLiteral("--port=%1").arg(m_port)});
+                   QStringList{QStringLiteral("--defaults-file=") + folder.serverConfigPath(), QStringLiteral("--skip-networking=OFF"),
+                               QStringLiteral("--bind-address=127.0.0.1"), QStringLiteral("--port=%1").arg(m_port)}
+                       + furtherOptions);
     QByteArray words;
     QTRY_VERIFY_WITH_TIMEOUT((words += m_server.readAll()).contains("ready for connections"), 30000);
 }
 
-void TestOfficeServer::cleanupTestCase()
+void TestOfficeServer::stopServer()
 {
     KConnection::closeThreadConnections();
     m_server.terminate();
@@ -151,6 +168,72 @@ void TestOfficeServer::serverThatDoesNotProveItselfIsRefused()
     secure.tls = true;
     QVERIFY(!OfficeServer::connect(secure, nullptr));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+}
+
+// Two authorities, and two servers that the first of them vouches for.
+void TestOfficeServer::makeCertificates()
+{
+    if (QFile::exists(path(QStringLiteral("books.example.pem"))))
+        return;
+    const auto make = [this](const QString &name, const QStringList &further) {
+        QProcess tool;
+        tool.start(QStringLiteral("openssl"),
+                   QStringList{QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-newkey"), QStringLiteral("ec"),
+                               QStringLiteral("-pkeyopt"), QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes"),
+                               QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"), QStringLiteral("/CN=") + name,
+                               QStringLiteral("-keyout"), path(name + QStringLiteral(".key")),
+                               QStringLiteral("-out"), path(name + QStringLiteral(".pem"))}
+                       + further);
+        QVERIFY2(tool.waitForFinished() && tool.exitCode() == 0, tool.readAllStandardError().constData());
+    };
+    make(QStringLiteral("ours"), {});
+    make(QStringLiteral("others"), {});
+    const auto makeServer = [&](const QString &name, const QString &names) {
+        make(name, {QStringLiteral("-CA"), path(QStringLiteral("ours.pem")), QStringLiteral("-CAkey"), path(QStringLiteral("ours.key")), QStringLiteral("-addext"), QStringLiteral("subjectAltName=") + names, QStringLiteral("-addext"), QStringLiteral("basicConstraints=critical,CA:FALSE")});
+    };
+    makeServer(QStringLiteral("localhost"), QStringLiteral("DNS:localhost,IP:127.0.0.1"));
+    makeServer(QStringLiteral("books.example"), QStringLiteral("DNS:books.example"));
+}
+
+void TestOfficeServer::serverIsTakenByItsCertificate_data()
+{
+    QTest::addColumn<QString>("certificate"); // whom the server shows itself as
+    QTest::addColumn<QString>("host");
+    QTest::addColumn<QString>("authority"); // whom we ask; empty: the system's
+    QTest::addColumn<bool>("taken");
+    const QString localhost = QStringLiteral("localhost");
+    const QString ours = QStringLiteral("ours");
+    QTest::newRow("the named authority vouches for it") << localhost << localhost << ours << true;
+    QTest::newRow("by its address") << localhost << QStringLiteral("127.0.0.1") << ours << true;
+    QTest::newRow("another authority is asked") << localhost << localhost << QStringLiteral("others") << false;
+    QTest::newRow("the system knows no such authority") << localhost << localhost << QString() << false;
+    QTest::newRow("it is another server of that authority") << QStringLiteral("books.example") << localhost << ours << false;
+}
+
+void TestOfficeServer::serverIsTakenByItsCertificate()
+{
+    QFETCH(QString, certificate);
+    QFETCH(QString, host);
+    QFETCH(QString, authority);
+    QFETCH(bool, taken);
+    makeCertificates();
+    stopServer();
+    startServer({QStringLiteral("--ssl-cert=") + path(certificate + QStringLiteral(".pem")),
+                 QStringLiteral("--ssl-key=") + path(certificate + QStringLiteral(".key"))});
+    HostOptions secure = options("gallery7", QStringLiteral("books"));
+    secure.host = host;
+    secure.tls = true;
+    secure.caFile = authority.isEmpty() ? QString() : path(authority + QStringLiteral(".pem"));
+    QCOMPARE(OfficeServer::connect(secure, nullptr), taken);
+    QCOMPARE(g_pDlgWarning->takeShown().size(), taken ? 0 : 1);
+    if (taken) {
+        CTblTemp query;
+        query.Open(false, false, true);
+        query.ExecuteQuery("SHOW SESSION STATUS LIKE 'Ssl_cipher'", true, true);
+        QVERIFY(!query.GetTextFieldValue(1).isEmpty());
+    }
+    stopServer();
+    startServer();
 }
 
 void TestOfficeServer::passwordIsTheFirstLine_data()

@@ -14,7 +14,8 @@ def few_rights(office):
     office.log_in(rights.NOBODY, rights.PASSWORD)
     office.hands.open_menu(labels.AUTO_MENU, office.main)
     office.hands.menu_entry(labels.CONTRACTS, office.main)
-    office.message(labels.WARNING, labels.NOT_ALLOWED, picture=("no-access", "Without the right the page does not open"))
+    office.message(labels.WARNING, labels.NOT_ALLOWED,
+                   picture=("no-access", "Without the right the page does not open"))
     check(not office.tree.shows("tree", labels.CONTRACTS, office.main), "the contract page is not shown")
     check(not office.tree.shows("page tab", labels.CONTRACTS, office.main), "no tab is left behind")
 

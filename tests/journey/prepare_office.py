@@ -28,8 +28,9 @@ def prepare(office):
     office.hands.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
     step("users with few rights")
-    rights.add_user(office, rights.READER, {(labels.CONTRACTS, labels.RIGHT_ACCESS), (labels.CONTRACTS, labels.RIGHT_READ)})
-    rights.add_user(office, rights.NOBODY, set())
+    rights.add_user(office, rights.READER,
+                    ((labels.CONTRACTS, labels.RIGHT_ACCESS), (labels.CONTRACTS, labels.RIGHT_READ)))
+    rights.add_user(office, rights.NOBODY, ())
     office.leave()
 
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A save with the same person on both sides is refused and loses nothing; a new contract that is given up leaves no row."""
+"""A save with the same person on both sides is refused and loses nothing; a new contract given up leaves no row."""
 
 from lib import labels, work
 from lib.journey import check, run, step

@@ -9,13 +9,16 @@
 
 #include <QTest>
 
+#include <future>
+#include <limits>
+#include <mysql.h>
 #include <thread>
 
 using Category = CMySQLException::Category;
 
 namespace {
 
-// The category that work raises; Other when it raises nothing, so that a wanted category is never met by accident.
+// The category that work raises; nothing when it raises nothing, so that a wanted category is never met by accident.
 template <class Work>
 std::optional<Category> raisedCategory(Work work, QString *caption = nullptr, QString *message = nullptr)
 {
@@ -105,6 +108,47 @@ private Q_SLOTS:
         temp.Open(false, false, true);
         temp.ExecuteQuery("SELECT COUNT(*) FROM Samples WHERE date IS NULL", true, true);
         QCOMPARE(temp.GetLongFieldValue(0), 1);
+    }
+
+    void nullsOfEveryKindAreReadAsConstructed()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("INSERT INTO Samples(sName,sNote,date,dAmount,bFlag,oPicture,iUserID) VALUES(NULL,NULL,NULL,NULL,NULL,NULL,NULL)",
+                          true, true);
+        // What an earlier row left in the members must not show through.
+        addSample(QStringLiteral("full"), 9);
+        SampleRecord record;
+        record.m_sort = QStringLiteral("iID DESC");
+        record.Open(true, true, true);
+        QCOMPARE(record.m_dAmount, 9.0);
+        record.m_oPicture.data = QByteArray("x");
+        QVERIFY(record.MoveNext());
+        QVERIFY(record.m_sName.isEmpty());
+        QVERIFY(record.m_sNote.isEmpty());
+        QVERIFY(!record.m_date.isValid());
+        QCOMPARE(record.m_dAmount, 0.0);
+        QCOMPARE(record.m_bFlag, 0);
+        QVERIFY(record.m_oPicture.isEmpty());
+        QCOMPARE(record.m_iUserID, 0);
+    }
+
+    void emptyTextAndEmptyPictureAreWrittenOverWhatWasThere()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_sNote = QStringLiteral("متن");
+        record.m_oPicture.data = QByteArray("picture");
+        record.Update(true);
+        record.Edit();
+        record.m_sNote.clear();
+        record.m_oPicture.data.clear();
+        record.Update(true);
+        SampleRecord again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID())));
+        QVERIFY(again.m_sNote.isEmpty());
+        QVERIFY(again.m_oPicture.isEmpty());
     }
 
     void zeroDateOfTheDatabaseIsTheEmptyDate()
@@ -399,6 +443,43 @@ private Q_SLOTS:
         QCOMPARE(category, Category::LockConflict);
     }
 
+    // The server itself rolls a deadlock's victim back, whole. What ran after it would be saved on its own.
+    void deadlockEndsTheTransactionAlsoForWhoeverPassesOverIt()
+    {
+        const qint32 mine = addSample(QStringLiteral("mine"));
+        const qint32 theirs = addSample(QStringLiteral("theirs"));
+        KTransaction transaction;
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", mine);
+        std::promise<void> locked;
+        std::thread other([&] {
+            KTransaction heavier;
+            CTblTemp statement;
+            statement.Open(false, false, true);
+            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", theirs);
+            // Who has written less is the victim.
+            statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
+            locked.set_value();
+            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", mine);
+            heavier.commit();
+        });
+        locked.get_future().wait();
+        const auto category =
+            raisedCategory([&] { temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", theirs); });
+        other.join();
+        QCOMPARE(category, Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("after")); }), Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::LockConflict);
+        SampleRecord record;
+        record.m_filter = QStringLiteral("sName='after'");
+        std::thread([&] {
+            record.Open(true, true, true);
+            KConnection::closeThreadConnections();
+        }).join();
+        QCOMPARE(record.GetRecordsCount(), 0);
+    }
+
     void transactionRollsBackUnlessCommitted()
     {
         {
@@ -565,6 +646,70 @@ private Q_SLOTS:
         QVERIFY(observed([] { KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {0}); }).isEmpty());
     }
 
+    void valueOutOfItsColumnsRangeIsRefusedWithTheCaption_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("caption");
+        QTest::newRow("flag above a byte") << QStringLiteral("bFlag") << QVariant(300) << QStringLiteral("پرچم");
+        QTest::newRow("flag below a byte") << QStringLiteral("bFlag") << QVariant(-129) << QStringLiteral("پرچم");
+        QTest::newRow("year of five digits") << QStringLiteral("date") << QVariant(QDateTime(QDate(10000, 1, 1), QTime(0, 0), Qt::UTC))
+                                             << QStringLiteral("تاريخ");
+        QTest::newRow("year before the first") << QStringLiteral("date") << QVariant(QDateTime(QDate(-5, 1, 1), QTime(0, 0), Qt::UTC))
+                                               << QStringLiteral("تاريخ");
+        QTest::newRow("no number") << QStringLiteral("dAmount") << QVariant(std::numeric_limits<double>::quiet_NaN())
+                                   << QStringLiteral("مبلغ");
+    }
+
+    void valueOutOfItsColumnsRangeIsRefusedWithTheCaption()
+    {
+        QFETCH(QString, column);
+        QFETCH(QVariant, value);
+        QFETCH(QString, caption);
+        const qint32 key = addSample(QStringLiteral("a"), 4);
+        SampleRecord record;
+        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.Edit();
+        record.m_sNote = QStringLiteral("می‌ماند");
+        record.setValue(column, value);
+        QString named;
+        QCOMPARE(raisedCategory([&] { record.Update(true); }, &named), Category::ValueTooLong);
+        QCOMPARE(named, caption);
+        QCOMPARE(record.m_sNote, QStringLiteral("می‌ماند"));
+        QVERIFY(record.isEditing());
+        record.CancelUpdate();
+        QCOMPARE(record.m_dAmount, 4.0);
+    }
+
+    void largestNumbersOfEveryKindComeBack()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddNew();
+        record.m_iUserID = std::numeric_limits<qint32>::min();
+        record.m_bFlag = 127;
+        record.m_dAmount = std::numeric_limits<double>::max();
+        record.m_date = QDateTime(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
+        QVERIFY(record.Update(true));
+        SampleRecord again;
+        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID())));
+        QCOMPARE(again.m_iUserID, std::numeric_limits<qint32>::min());
+        QCOMPARE(again.m_bFlag, 127);
+        QVERIFY(again.m_dAmount == std::numeric_limits<double>::max());
+        QCOMPARE(again.m_date, record.m_date);
+    }
+
+    void formattedStatementTakesTextsNumbersAndPercentSigns()
+    {
+        const qint32 key = addSample(QStringLiteral("پژو"), 2.5);
+        CTblTemp temp;
+        temp.Open(true, false, true);
+        QCOMPARE(temp.FormatAndExecuteQuery("SELECT sName FROM Samples WHERE sName LIKE '%%%s%%' AND dAmount=%f AND iID=%d",
+                                            "پژ", 2.5, key),
+                 1);
+        QCOMPARE(temp.GetTextFieldValue(0), QStringLiteral("پژو"));
+    }
+
     void infiniteAmountIsRefused()
     {
         SampleRecord record;
@@ -588,6 +733,17 @@ private Q_SLOTS:
         QVERIFY(theirs != 0);
         QVERIFY(mine != theirs);
         QCOMPARE(connectionId(), mine);
+    }
+
+    void connectionNeitherComesBackByItselfNorReadsLocalFiles()
+    {
+        MYSQL *handle = KConnection::forThread(0).handle();
+        my_bool reconnects = 1;
+        unsigned int readsFiles = 1;
+        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_RECONNECT, &reconnects), 0);
+        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_LOCAL_INFILE, &readsFiles), 0);
+        QCOMPARE(int(reconnects), 0);
+        QCOMPARE(readsFiles, 0U);
     }
 
     void sessionIsStrictAndSpeaksUtf8mb4()

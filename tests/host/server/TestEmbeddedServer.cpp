@@ -144,7 +144,6 @@ void TestEmbeddedServer::theFirstStartMakesTheDatabaseAndALaterOneKeepsIt()
     QCOMPARE(server.connectionSettings().password, before.password);
     QCOMPARE(server.connectionSettings().socketPath, before.socketPath);
     qInfo("first start %lld ms, stop %lld ms, later start %lld ms", first, stop, later);
-    QVERIFY2(later < 30'000, "a start waits at most 30 s");
 }
 
 void TestEmbeddedServer::theServerRunsAsItsRulesSay()

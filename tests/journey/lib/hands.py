@@ -186,9 +186,9 @@ class KeyboardHands(Hands):
 
     def open_menu(self, menu, window):
         # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left.
-        self.keys(window, "alt")
         item = self.tree.find("menu item", menu, window)
         bar = Node(item.accessible.get_parent()).children
+        self._enter_menu_bar(window, bar)
         for _ in bar:
             current = wait_for(lambda: next((node for node in bar if node.focused), None), "the menu bar's focus")
             if current == item:
@@ -196,6 +196,18 @@ class KeyboardHands(Hands):
             self.input.keys("Left")
             wait_for(lambda: not current.focused, "the next menu")
         self.input.keys("Down")
+
+    def _enter_menu_bar(self, window, bar):
+        # A window that has just come may still be taking the focus, and a menu bar forgets an Alt that meets that; a
+        # person presses it again.
+        for seconds in (1, 2, 5):
+            self.keys(window, "alt")
+            try:
+                wait_for(lambda: any(node.focused for node in bar), "the menu bar's focus", seconds=seconds)
+                return
+            except TimeRanOut:
+                continue
+        raise AssertionError("Alt does not lead to the menu bar")
 
     def menu_entry(self, text, window):
         entry = self.tree.find("menu item", text, window)

@@ -27,7 +27,7 @@ def _arguments(description):
     parser.add_argument("--pictures", metavar="FOLDER", help="take a numbered picture of every step")
     parser.add_argument("--hands", choices=("tree", "keyboard", "mouse"), default="tree",
                         help="how everything is done (accessibility interface, keys alone, mouse)")
-    parser.add_argument("--seconds", type=int, default=120, help="the longest that the journey may take")
+    parser.add_argument("--seconds", type=int, default=160, help="the longest that the journey may take")
     parser.add_argument("--office", metavar="FOLDER", help="a prepared data folder; the journey works on a copy of it")
     parser.add_argument("--keep", metavar="FOLDER", help="where the data folder is left for the next journeys")
     return parser.parse_args()

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What stands on the screen, to the letter; the lists and the contract keep the Arabic yeh and kaf of their captions."""
+"""What stands on the screen, to the letter: lists and contract have the Arabic yeh and kaf in their captions."""
 
 OK = "تاييد"
 CANCEL = "انصراف"
@@ -45,12 +45,10 @@ SEARCH = "جستجو"
 ARCHIVE_STATE = "وضعيت بايگاني :"
 ARCHIVE_ALL, NOT_ARCHIVED, ARCHIVED, ARCHIVED_BY_OTHERS = "همه", "بایگانی نشده", "بایگانی شده", "بایگانی شده دیگران"
 SHOW_INACTIVE = "نمايش غير فعال ها"
-COLUMN_TYPE = "نوع قرارداد"
 COLUMN_SELLER = "فروشنده"
 COLUMN_BUYER = "خریدار"
 COLUMN_DOCUMENT = "شماره سند"
 COLUMN_EXPLANATION = "شرح قرارداد"
-COLUMN_DATE = "تاریخ عقد"
 COLUMN_ARCHIVED = "وضعیت بایگانی"
 
 # Persons.
@@ -59,7 +57,6 @@ NEW_PERSON = "شخص جدید"
 SEARCH_PERSON = "جستجو :"
 FIRST_NAME = "نام :"
 FAMILY_NAME = "نام خانوادگی :"
-NATIONAL_CODE = "کد ملی :"
 MOBILE = "موبایل :"
 DISCOUNT_PERCENT = "درصد تخفیف :"
 COLUMN_PERSON = "نام و نام خانوادگی"
@@ -69,7 +66,6 @@ TAX = "ماليات :"
 DUTY = "عوارض :"
 CEILING = "تا :"
 RATE = "%"
-THIRD_TIER = "مبلغ معامله از :"
 
 
 def tier(number):
@@ -78,24 +74,19 @@ def tier(number):
 
 
 # The contract editor.
-EDITOR = "قرارداد "
 EDITOR_NEW = "قرارداد مبایعه نامه- جدید"
 EDITOR_EDIT = "قرارداد مبایعه نامه- ویرایش"
 EDITOR_SHOW = "قرارداد مبایعه نامه - نمایش"
 CONTRACT_CODE = "کد قرارداد :"
-DOCUMENT_NUMBER = "شماره سند :"
 AMOUNT = "مبلغ قرارداد :"
 COMMISSION = "حق کميسيون :"
 PERSON = "نام و نام خانوادگي :"
 DISCOUNT = "تخفيف :"
 PAYS = "پرداختي :"
-PERCENT_OF = "درصد "
 EXPLANATION = "شرح قرارداد :"
 ACTIVE = "فعال"
 UNARCHIVE = "برگشت از بايگاني"
 SIDES = (" طرف اول", " طرف دوم")
-BASE_PAGE = "اطلاعات پایه"
-FILES_PAGE = "پرونده های عمومی"
 
 # Messages.
 SAME_PERSON = "دو طرف معامله نمی تواند یک شخص باشد."

@@ -114,6 +114,7 @@ class Office:
                                        if node.role == "label" and text in node.name), None),
                          f"a message that says {text!r}")
         if picture:
+            self.hands.ready(window)
             self.pictures.take(*picture)
         self.hands.press(answer, window)
         wait_for(lambda: window not in self.tree.windows(), "the message to go")

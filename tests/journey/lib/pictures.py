@@ -29,10 +29,24 @@ class Pictures:
             return
         self._count += 1
         file = f"{self._count:02}-{name}.png"
-        subprocess.run(["import", "-silent", "-window", "root", os.path.join(self._folder, file)],
-                       env=self._environment, check=True, timeout=30)
+        with open(os.path.join(self._folder, file), "wb") as picture:
+            picture.write(self._settled())
         with open(os.path.join(self._folder, "captions.txt"), "a", encoding="utf-8") as captions:
             captions.write(f"{file}\t{caption}\n")
+
+    def _settled(self):
+        """The screen once it is painted: two pictures after each other are the same, but for a blinking caret."""
+        before = None
+        for _ in range(4):
+            now = self._screen()
+            if now == before:
+                break
+            before = now
+        return now
+
+    def _screen(self):
+        return subprocess.run(["import", "-silent", "-window", "root", "-strip",
+                               "-define", "png:exclude-chunks=date,time", "png:-"], env=self._environment, check=True, capture_output=True, timeout=30).stdout
 
     def keep_text(self, name, text):
         if self._folder:

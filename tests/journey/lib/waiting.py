@@ -15,8 +15,8 @@ class TimeRanOut(AssertionError):
 def wait_for(condition, what, *, seconds=DEFAULT_SECONDS, pause=_PAUSE):
     """Calls the condition until it gives something true, and returns that.
 
-    what tells in words what is waited for, or is a function that does when the time has run out. An error that the condition raises (a window that goes while it is read)
-    counts as "not yet", and is named when time runs out.
+    what tells in words what is waited for, or is a function that does when the time has run out. An error that the
+    condition raises (a window that goes while it is read) counts as "not yet", and is named when time runs out.
     """
     deadline = time.monotonic() + seconds
     while True:

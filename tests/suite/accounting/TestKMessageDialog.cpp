@@ -3,8 +3,10 @@
 
 #include "suite/accounting/KMessageDialog.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
 #include <QTimer>
 #include <QtTest>
 
@@ -15,6 +17,7 @@ struct Seen
     QString text;
     QStringList buttons;
     bool rightToLeft = false;
+    Qt::Alignment alignment; // of the text, as the eye sees it
     QString focused;
 };
 
@@ -28,6 +31,8 @@ Seen pressWhenShown(Qt::Key key, const std::function<void()> &show)
             return;
         seen.text = box->text();
         seen.rightToLeft = box->layoutDirection() == Qt::RightToLeft;
+        if (const auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label")))
+            seen.alignment = QStyle::visualAlignment(label->layoutDirection(), label->alignment());
         for (QAbstractButton *button : box->buttons())
             seen.buttons.append(button->text());
         seen.buttons.sort();
@@ -86,6 +91,7 @@ void TestKMessageDialog::messageHasOneButtonAndClosesByKey()
         QCOMPARE(seen.text, QStringLiteral("متن پیام"));
         QCOMPARE(seen.buttons, QStringList{QStringLiteral("باشه")});
         QVERIFY(seen.rightToLeft);
+        QVERIFY(seen.alignment & Qt::AlignRight);
     }
 }
 

@@ -79,16 +79,23 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts_data()
     QTest::addColumn<QString>("table");
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("name");
-    QTest::newRow("1101") << QStringLiteral("HesabKol") << Accounts::cashKol << QStringLiteral("صندوق");
-    QTest::newRow("1102") << QStringLiteral("HesabKol") << Accounts::bankKol << QStringLiteral("بانک");
-    QTest::newRow("1103") << QStringLiteral("HesabKol") << Accounts::personsKol << QStringLiteral("اشخاص");
-    QTest::newRow("410202") << QStringLiteral("HesabMoeen") << Accounts::commissionIncome << QStringLiteral("درآمد کمیسیون");
-    QTest::newRow("610502") << QStringLiteral("HesabMoeen") << Accounts::taxExpense
-                            << QStringLiteral("هزینه مالیات ارزش افزوده");
-    QTest::newRow("610503") << QStringLiteral("HesabMoeen") << Accounts::dutyExpense << QStringLiteral("هزینه عوارض");
-    QTest::newRow("210501") << QStringLiteral("HesabMoeen") << Accounts::taxPayable
-                            << QStringLiteral("مالیات ارزش افزوده پرداختنی");
-    QTest::newRow("210502") << QStringLiteral("HesabMoeen") << Accounts::dutyPayable << QStringLiteral("عوارض پرداختنی");
+    QTest::addColumn<int>("constant");
+    const QString kol = QStringLiteral("HesabKol");
+    const QString moeen = QStringLiteral("HesabMoeen");
+    const auto row = [](const QString &table, int code, int constant, const QString &name) {
+        QTest::addRow("%d", code) << table << code << name << constant;
+    };
+    row(kol, 1101, Accounts::cashKol, QStringLiteral("صندوق"));
+    row(kol, 1102, Accounts::bankKol, QStringLiteral("بانک"));
+    row(kol, 1103, Accounts::personsKol, QStringLiteral("اشخاص"));
+    row(moeen, 110101, Accounts::cash, QStringLiteral("صندوق"));
+    row(moeen, 110201, Accounts::bank, QStringLiteral("بانک"));
+    row(moeen, 110301, Accounts::persons, QStringLiteral("اشخاص"));
+    row(moeen, 410202, Accounts::commissionIncome, QStringLiteral("درآمد کمیسیون"));
+    row(moeen, 610502, Accounts::taxExpense, QStringLiteral("هزینه مالیات ارزش افزوده"));
+    row(moeen, 610503, Accounts::dutyExpense, QStringLiteral("هزینه عوارض"));
+    row(moeen, 210501, Accounts::taxPayable, QStringLiteral("مالیات ارزش افزوده پرداختنی"));
+    row(moeen, 210502, Accounts::dutyPayable, QStringLiteral("عوارض پرداختنی"));
 }
 
 void TestSuiteSchema::freshDatabaseHoldsTheAccounts()
@@ -96,6 +103,7 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts()
     QFETCH(QString, table);
     QFETCH(int, code);
     QFETCH(QString, name);
+    QTEST(code, "constant");
     SuiteSchema::upgrade();
     QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM %1 WHERE iCode=%2").arg(table).arg(code)), name);
 }

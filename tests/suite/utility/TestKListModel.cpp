@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QDate>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QSortFilterProxyModel>
 #include <QTest>
@@ -154,7 +153,6 @@ void TestKListModel::indexesOutside()
     QVERIFY(!model.index(0, 3).isValid());
 }
 
-// The bound is far above what it takes and far below what one signal a row would.
 void TestKListModel::tenThousandRowsFillAtOnce()
 {
     KListModel model;
@@ -164,10 +162,7 @@ void TestKListModel::tenThousandRowsFillAtOnce()
         rows.append(row(key, QStringLiteral("نام"), key));
     QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
     QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-    QElapsedTimer timer;
-    timer.start();
     model.setRows(std::move(rows));
-    QVERIFY2(timer.elapsed() < 50, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(reset.size(), 1);
     QCOMPARE(inserted.size(), 0);
     QCOMPARE(model.rowCount(), 10000);

@@ -27,7 +27,9 @@ private Q_SLOTS:
     void deletingAContractWithoutADocumentDeletesNoDocument();
     void failureInTheFirstStepLeavesTheDocument();
     void failureInALaterStepLeavesTheContractDeleted();
+    void deleteWithoutARowIsAClearErrorAndDeletesNothing();
     void archiveAndBackSetTheTimeBothTimes();
+    void liveObjectsAreCounted();
 
 private:
     qint32 addContract(qint32 code, qint32 docNum = 0);
@@ -235,6 +237,33 @@ void TestCTblAutomobilContracts::failureInALaterStepLeavesTheContractDeleted()
     QCOMPARE(count("AutomobilContracts"), QStringLiteral("0"));
     QCOMPARE(count("Documents"), QStringLiteral("0"));
     QCOMPARE(count("CustomFieldRecords"), QStringLiteral("1"));
+}
+
+void TestCTblAutomobilContracts::deleteWithoutARowIsAClearErrorAndDeletesNothing()
+{
+    m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (69, 0, 'a')"));
+    CTblAutomobilContracts contract;
+    QVERIFY(!contract.IsRecordExist(QStringLiteral("iID"), 12345));
+    ObservedStatements observed({QStringLiteral("DELETE")});
+    try {
+        contract.Delete();
+        QFAIL("there was nothing to delete");
+    } catch (const CMySQLException &error) {
+        QCOMPARE(error.category(), CMySQLException::Category::NoCurrentRow);
+    }
+    QCOMPARE(observed.taken(), QStringList());
+    QCOMPARE(count("FileDocs"), QStringLiteral("1"));
+}
+
+void TestCTblAutomobilContracts::liveObjectsAreCounted()
+{
+    const int before = CTblAutomobilContracts::liveCount();
+    {
+        const CTblAutomobilContracts one;
+        const CTblAutomobilContracts other(7);
+        QCOMPARE(CTblAutomobilContracts::liveCount(), before + 2);
+    }
+    QCOMPARE(CTblAutomobilContracts::liveCount(), before);
 }
 
 void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()

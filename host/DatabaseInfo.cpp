@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/DatabaseInfo.h"
+
+#include "auto/db/CTblTemp.h"
+
+namespace DatabaseInfo {
+
+QString name()
+{
+    const KConnectionSettings settings = KConnection::settings(0);
+    return settings.host.isEmpty() ? settings.database : settings.database + QStringLiteral(" @ ") + settings.host;
+}
+
+QString serverVersion()
+{
+    CTblTemp query;
+    query.Open(true, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT VERSION()"));
+    return query.GetTextFieldValue(0);
+}
+
+}

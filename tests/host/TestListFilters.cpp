@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/DocumentFilter.h"
+#include "host/UserFilter.h"
+
+#include <QTest>
+
+Q_DECLARE_METATYPE(DocumentCriteria)
+Q_DECLARE_METATYPE(UserCriteria)
+
+class TestListFilters : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void documents_data();
+    void documents();
+    void users_data();
+    void users();
+};
+
+namespace {
+
+QDateTime day(int year, int month, int dayOfMonth)
+{
+    return QDateTime(QDate(year, month, dayOfMonth), QTime(17, 45), Qt::UTC);
+}
+
+}
+
+void TestListFilters::documents_data()
+{
+    QTest::addColumn<DocumentCriteria>("criteria");
+    QTest::addColumn<QString>("clauses");
+    QTest::newRow("nothing asked") << DocumentCriteria{} << "";
+    QTest::newRow("year") << DocumentCriteria{1405, 0, {}, {}, {}} << " AND iFiscalYear=1405";
+    QTest::newRow("number") << DocumentCriteria{0, 12, {}, {}, {}} << " AND iNum=12";
+    QTest::newRow("from a day on") << DocumentCriteria{0, 0, day(2026, 3, 21), {}, {}} << " AND date>='2026-03-21'";
+    QTest::newRow("the whole last day") << DocumentCriteria{0, 0, {}, day(2026, 2, 28), {}} << " AND date<'2026-03-01'";
+    QTest::newRow("words") << DocumentCriteria{0, 0, {}, {}, QStringLiteral("نامه")} << " AND sDesc LIKE '%نامه%'";
+    QTest::newRow("all together")
+        << DocumentCriteria{1404, 3, day(2025, 4, 1), day(2025, 4, 2), QStringLiteral("a")}
+        << " AND iFiscalYear=1404 AND iNum=3 AND date>='2025-04-01' AND date<'2025-04-03' AND sDesc LIKE '%a%'";
+}
+
+void TestListFilters::documents()
+{
+    QFETCH(DocumentCriteria, criteria);
+    QTEST(documentFilter(criteria), "clauses");
+}
+
+void TestListFilters::users_data()
+{
+    QTest::addColumn<UserCriteria>("criteria");
+    QTest::addColumn<QString>("clauses");
+    QTest::newRow("nothing asked") << UserCriteria{} << "";
+    QTest::newRow("name") << UserCriteria{QStringLiteral("sa"), false} << " AND (sUser LIKE '%sa%' OR sName LIKE '%sa%')";
+    QTest::newRow("active") << UserCriteria{{}, true} << " AND iStatus=0";
+    QTest::newRow("both") << UserCriteria{QStringLiteral("sa"), true}
+                          << " AND (sUser LIKE '%sa%' OR sName LIKE '%sa%') AND iStatus=0";
+}
+
+void TestListFilters::users()
+{
+    QFETCH(UserCriteria, criteria);
+    QTEST(userFilter(criteria), "clauses");
+}
+
+QTEST_GUILESS_MAIN(TestListFilters)
+#include "TestListFilters.moc"
