@@ -1,0 +1,400 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/DocxPackage.h"
+#include "suite/utility/WordXml.h"
+
+#include <QHash>
+#include <QSet>
+#include <QStringList>
+
+#include <zip.h>
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+
+namespace {
+
+const QString contentTypesPart = QStringLiteral("[Content_Types].xml");
+
+bool sameName(const QString &a, const QString &b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+// Inside the document, and the same file wherever it were unpacked.
+bool isSafeName(const QString &name)
+{
+    if (name.isEmpty() || name.startsWith(u'/') || name.contains(u'\\') || name.contains(u':'))
+        return false;
+    if (std::any_of(name.cbegin(), name.cend(), [](QChar c) { return c.unicode() < 0x20; }))
+        return false;
+    const QStringList steps = name.split(u'/');
+    return !steps.contains(QStringLiteral("..")) && !steps.contains(QStringLiteral("."));
+}
+
+bool isMacroName(const QString &name)
+{
+    const QString file = name.section(u'/', -1);
+    return sameName(file, QStringLiteral("vbaProject.bin")) || sameName(file, QStringLiteral("vbaData.xml"));
+}
+
+bool isMacroType(const QString &type)
+{
+    return type.contains(QStringLiteral("macroEnabled"), Qt::CaseInsensitive)
+        || type.contains(QStringLiteral("vbaProject"), Qt::CaseInsensitive)
+        || type.contains(QStringLiteral("vbaData"), Qt::CaseInsensitive);
+}
+
+bool isXmlName(const QString &name)
+{
+    return name.endsWith(QStringLiteral(".xml"), Qt::CaseInsensitive)
+        || name.endsWith(QStringLiteral(".rels"), Qt::CaseInsensitive)
+        || name.endsWith(QStringLiteral(".vml"), Qt::CaseInsensitive);
+}
+
+bool isXmlType(const QString &type)
+{
+    return type.endsWith(QStringLiteral("+xml"), Qt::CaseInsensitive)
+        || type.endsWith(QStringLiteral("/xml"), Qt::CaseInsensitive);
+}
+
+// Walks without recursion, as the depth is the question.
+bool isTooDeep(const pugi::xml_document &document)
+{
+    int depth = 0;
+    pugi::xml_node node = document.first_child();
+    while (node) {
+        if (node.first_child()) {
+            node = node.first_child();
+            if (++depth > DocxPackage::maxDepth)
+                return true;
+            continue;
+        }
+        while (node && !node.next_sibling()) {
+            node = node.parent();
+            --depth;
+        }
+        node = node.next_sibling();
+    }
+    return false;
+}
+
+void refuseOddXml(const pugi::xml_document &document, const std::string &name)
+{
+    for (const pugi::xml_node node : document.children()) {
+        if (node.type() == pugi::node_doctype)
+            throw DocxError("a document type declaration in " + name);
+        if (node.type() != pugi::node_declaration)
+            continue;
+        // The two that the format allows; any other could hide a declaration from this reader that the next one sees.
+        const QByteArray encoding = QByteArray(node.attribute("encoding").value()).toLower();
+        if (!encoding.isEmpty() && encoding != "utf-8" && encoding != "utf-16")
+            throw DocxError("the encoding " + encoding.toStdString() + " in " + name);
+    }
+    if (isTooDeep(document))
+        throw DocxError("elements nested too deep in " + name);
+}
+
+std::unique_ptr<pugi::xml_document> parseXml(const QByteArray &content, const QString &part, qint64 *marks)
+{
+    const std::string name = part.toStdString();
+    *marks -= content.count('<') + content.count('=');
+    if (*marks < 0)
+        throw DocxError("too many elements");
+    auto document = std::make_unique<pugi::xml_document>();
+    const auto result = document->load_buffer(content.constData(), static_cast<std::size_t>(content.size()),
+                                              pugi::parse_full | pugi::parse_ws_pcdata);
+    if (!result)
+        throw DocxError("unreadable XML in " + name + ": " + result.description());
+    refuseOddXml(*document, name);
+    return document;
+}
+
+QByteArray serialised(pugi::xml_document &document)
+{
+    struct Writer final : pugi::xml_writer
+    {
+        QByteArray bytes;
+        void write(const void *data, std::size_t size) override
+        {
+            bytes.append(static_cast<const char *>(data), static_cast<qsizetype>(size));
+        }
+    } writer;
+    pugi::xml_node declaration = document.first_child();
+    if (declaration.type() == pugi::node_declaration && declaration.attribute("encoding"))
+        declaration.attribute("encoding").set_value("UTF-8");
+    document.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    return writer.bytes;
+}
+
+struct ZipFileCloser
+{
+    void operator()(zip_file_t *file) const { zip_fclose(file); }
+};
+
+struct ZipDiscarder
+{
+    void operator()(zip_t *archive) const { zip_discard(archive); }
+};
+
+struct ZipSourceFreer
+{
+    void operator()(zip_source_t *source) const { zip_source_free(source); }
+};
+
+} // namespace
+
+DocxPackage::DocxPackage(const QByteArray &file)
+    : m_file(file)
+{
+    try {
+        open(file);
+        readNames();
+        readContentTypes();
+        readParts();
+        findMainPart();
+    } catch (...) {
+        if (m_zip)
+            zip_discard(m_zip);
+        throw;
+    }
+}
+
+DocxPackage::~DocxPackage()
+{
+    zip_discard(m_zip);
+}
+
+void DocxPackage::open(const QByteArray &file)
+{
+    if (file.size() > maxUnpackedBytes)
+        throw DocxError("the file is too large");
+    if (!file.startsWith("PK\x03\x04"))
+        throw DocxError("the file is no zip");
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t *source = zip_source_buffer_create(m_file.constData(), static_cast<zip_uint64_t>(m_file.size()), 0, &error);
+    if (source)
+        m_zip = zip_open_from_source(source, ZIP_RDONLY, &error);
+    const std::string reason = zip_error_strerror(&error);
+    zip_error_fini(&error);
+    if (m_zip)
+        return;
+    if (source)
+        zip_source_free(source);
+    throw DocxError("the file is no zip: " + reason);
+}
+
+void DocxPackage::readNames()
+{
+    const zip_int64_t count = zip_get_num_entries(m_zip, 0);
+    if (count > maxEntries)
+        throw DocxError("too many entries");
+    qint64 declared = 0;
+    QSet<QString> seen;
+    for (zip_int64_t i = 0; i < count; ++i) {
+        zip_stat_t entry;
+        if (zip_stat_index(m_zip, static_cast<zip_uint64_t>(i), ZIP_FL_ENC_GUESS, &entry) != 0 || !entry.name)
+            throw DocxError("an entry without a name");
+        const QString name = QString::fromUtf8(entry.name);
+        if (!isSafeName(name))
+            throw DocxError("an entry that leads out of the document: " + name.toStdString());
+        if (seen.contains(name.toLower()))
+            throw DocxError("an entry that stands twice: " + name.toStdString());
+        seen.insert(name.toLower());
+        if (entry.encryption_method != ZIP_EM_NONE)
+            throw DocxError("an encrypted entry: " + name.toStdString());
+        if (entry.comp_method != ZIP_CM_STORE && entry.comp_method != ZIP_CM_DEFLATE)
+            throw DocxError("an entry of an unknown compression: " + name.toStdString());
+        if (isMacroName(name))
+            throw DocxError("macros");
+        if (entry.size > static_cast<zip_uint64_t>(maxUnpackedBytes - declared))
+            throw DocxError("too large unpacked");
+        declared += static_cast<qint64>(entry.size);
+        if (!name.endsWith(u'/')) // a folder of its own says nothing
+            m_parts.push_back({name, static_cast<quint64>(i), nullptr, {}, false});
+    }
+}
+
+void DocxPackage::readContentTypes()
+{
+    Part *types = find(contentTypesPart);
+    if (!types)
+        throw DocxError("the content types are missing");
+    qint64 room = maxUnpackedBytes;
+    qint64 marks = maxMarks;
+    types->xml = parseXml(unpack(*types, &room), types->name, &marks);
+    QHash<QString, QString> byEnding, byName;
+    for (const pugi::xml_node node : types->xml->document_element().children()) {
+        const QString type = WordXml::attribute(node, "ContentType");
+        if (isMacroType(type))
+            throw DocxError("macros");
+        if (WordXml::is(node, "Default"))
+            byEnding.insert(WordXml::attribute(node, "Extension").toLower(), type);
+        else if (WordXml::is(node, "Override"))
+            byName.insert(targetOf({}, WordXml::attribute(node, "PartName")).toLower(), type);
+    }
+    for (Part &part : m_parts) {
+        const QString ending = part.name.section(u'/', -1).section(u'.', -1).toLower();
+        part.contentType = byName.value(part.name.toLower(), byEnding.value(ending));
+    }
+}
+
+void DocxPackage::readParts()
+{
+    qint64 room = maxUnpackedBytes;
+    qint64 marks = maxMarks;
+    for (Part &part : m_parts) {
+        const QByteArray content = unpack(part, &room);
+        if (isXmlName(part.name) || isXmlType(part.contentType))
+            part.xml = parseXml(content, part.name, &marks);
+    }
+}
+
+void DocxPackage::findMainPart()
+{
+    const QString relationships = relationshipsOf({});
+    if (const pugi::xml_document *root = xml(relationships)) {
+        for (const pugi::xml_node node : root->document_element().children())
+            if (WordXml::attribute(node, "Type").endsWith(QStringLiteral("/officeDocument")))
+                m_mainPart = targetOf({}, WordXml::attribute(node, "Target"));
+    }
+    const Part *part = find(m_mainPart);
+    if (!part || !part->xml || !part->contentType.endsWith(QStringLiteral("wordprocessingml.document.main+xml")))
+        throw DocxError("no word-processor document in the file");
+    m_mainPart = part->name;
+}
+
+QByteArray DocxPackage::unpack(const Part &part, qint64 *room) const
+{
+    const std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(m_zip, part.index, 0));
+    QByteArray content;
+    QByteArray chunk(64 * 1024, Qt::Uninitialized);
+    zip_int64_t got = file ? 0 : -1;
+    while (file && (got = zip_fread(file.get(), chunk.data(), static_cast<zip_uint64_t>(chunk.size()))) > 0) {
+        *room -= got; // what comes out counts; what the entry says of its size may be a lie
+        if (*room < 0)
+            throw DocxError("too large unpacked");
+        content.append(chunk.constData(), static_cast<qsizetype>(got));
+    }
+    if (got < 0)
+        throw DocxError("an entry that cannot be unpacked: " + part.name.toStdString());
+    return content;
+}
+
+DocxPackage::Part *DocxPackage::find(const QString &name)
+{
+    return const_cast<Part *>(std::as_const(*this).find(name));
+}
+
+const DocxPackage::Part *DocxPackage::find(const QString &name) const
+{
+    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part &part) { return sameName(part.name, name); });
+    return found == m_parts.end() ? nullptr : &*found;
+}
+
+QString DocxPackage::mainPart() const
+{
+    return m_mainPart;
+}
+
+QList<QString> DocxPackage::partsOfType(const QString &contentTypeEnd) const
+{
+    QList<QString> names;
+    for (const Part &part : m_parts)
+        if (part.xml && part.contentType.endsWith(contentTypeEnd))
+            names.append(part.name);
+    return names;
+}
+
+pugi::xml_document *DocxPackage::xml(const QString &part)
+{
+    const Part *found = find(part);
+    return found ? found->xml.get() : nullptr;
+}
+
+void DocxPackage::setChanged(const QString &part)
+{
+    if (Part *found = find(part))
+        found->changed = true;
+}
+
+void DocxPackage::removePart(const QString &part)
+{
+    pugi::xml_node types = xml(contentTypesPart)->document_element();
+    for (pugi::xml_node node = types.first_child(); node;) {
+        const pugi::xml_node next = node.next_sibling();
+        if (WordXml::is(node, "Override") && sameName(targetOf({}, WordXml::attribute(node, "PartName")), part))
+            types.remove_child(node);
+        node = next;
+    }
+    setChanged(contentTypesPart);
+    std::erase_if(m_parts, [&](const Part &candidate) { return sameName(candidate.name, part); });
+}
+
+QString DocxPackage::relationshipsOf(const QString &part)
+{
+    const QString folder = part.left(part.lastIndexOf(u'/') + 1);
+    return folder + QStringLiteral("_rels/") + part.mid(folder.size()) + QStringLiteral(".rels");
+}
+
+QString DocxPackage::targetOf(const QString &part, const QString &target)
+{
+    QStringList steps;
+    const bool fromRoot = target.startsWith(u'/');
+    const QString whole = fromRoot ? target : part.left(part.lastIndexOf(u'/') + 1) + target;
+    for (const QString &step : whole.split(u'/', Qt::SkipEmptyParts)) {
+        if (step == QStringLiteral("..") && !steps.isEmpty())
+            steps.removeLast();
+        else if (step != QStringLiteral(".") && step != QStringLiteral(".."))
+            steps.append(step);
+    }
+    return steps.join(u'/');
+}
+
+void DocxPackage::addTo(zip_t *archive, const Part &part, const QByteArray &content) const
+{
+    zip_source_t *source = part.changed
+        ? zip_source_buffer(archive, content.constData(), static_cast<zip_uint64_t>(content.size()), 0)
+        : zip_source_zip(archive, m_zip, part.index, ZIP_FL_COMPRESSED, 0, -1);
+    if (!source)
+        throw DocxError(zip_strerror(archive));
+    if (zip_file_add(archive, part.name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) < 0) {
+        zip_source_free(source);
+        throw DocxError(zip_strerror(archive));
+    }
+}
+
+QByteArray DocxPackage::toZip() const
+{
+    zip_error_t error;
+    zip_error_init(&error);
+    const std::unique_ptr<zip_source_t, ZipSourceFreer> target(zip_source_buffer_create(nullptr, 0, 0, &error));
+    zip_error_fini(&error);
+    if (!target)
+        throw DocxError("no memory for the document");
+    zip_source_keep(target.get()); // to read it once the archive is closed
+    std::unique_ptr<zip_t, ZipDiscarder> archive(zip_open_from_source(target.get(), ZIP_TRUNCATE, nullptr));
+    if (!archive) {
+        zip_source_free(target.get());
+        throw DocxError("no memory for the document");
+    }
+    std::deque<QByteArray> contents; // they must stay where they are until the archive is closed
+    for (const Part &part : m_parts)
+        addTo(archive.get(), part, contents.emplace_back(part.changed ? serialised(*part.xml) : QByteArray()));
+    if (zip_close(archive.get()) != 0)
+        throw DocxError(zip_strerror(archive.get()));
+    archive.release(); // closed, and so gone
+
+    zip_stat_t stat;
+    if (zip_source_stat(target.get(), &stat) != 0 || zip_source_open(target.get()) != 0)
+        throw DocxError("the written document cannot be read back");
+    QByteArray bytes(static_cast<qsizetype>(stat.size), Qt::Uninitialized);
+    const zip_int64_t got = zip_source_read(target.get(), bytes.data(), stat.size);
+    zip_source_close(target.get());
+    if (got != static_cast<zip_int64_t>(stat.size))
+        throw DocxError("the written document cannot be read back");
+    return bytes;
+}

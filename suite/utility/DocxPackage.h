@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <pugixml.hpp>
+
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+struct zip;
+
+// Why a document is not taken, in English, for the log.
+class DocxError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// A DOCX file in memory: a zip of parts, most of them XML. Everything in it is taken for hostile until it has been read
+// once: the constructor unpacks every part, counting, and parses every XML part.
+class DocxPackage
+{
+public:
+    static constexpr qint64 maxUnpackedBytes = 64LL * 1024 * 1024; // and of the file itself
+    static constexpr int maxEntries = 4000;
+    static constexpr int maxDepth = 500;          // of elements; a table in a text box in a table is at about sixty
+    static constexpr qint64 maxMarks = 4'000'000; // elements and attributes, which weigh far more parsed than written
+
+    explicit DocxPackage(const QByteArray &file); // throws DocxError
+    ~DocxPackage();
+    DocxPackage(const DocxPackage &) = delete;
+    DocxPackage &operator=(const DocxPackage &) = delete;
+
+    // Part names are as in the file, without a leading slash; they compare without case.
+    QString mainPart() const;
+    QList<QString> partsOfType(const QString &contentTypeEnd) const; // as "header+xml"; in the order of the file
+    pugi::xml_document *xml(const QString &part);                    // null: there is no such XML part
+    void setChanged(const QString &part);                            // its XML is written anew
+    void removePart(const QString &part);                            // and its content type
+
+    // The part that holds the relationships of a part, whether it exists or not; and what a relationship points to.
+    static QString relationshipsOf(const QString &part);
+    static QString targetOf(const QString &part, const QString &target);
+
+    QByteArray toZip() const; // throws DocxError
+
+private:
+    struct Part
+    {
+        QString name;
+        quint64 index = 0; // in the file
+        std::unique_ptr<pugi::xml_document> xml;
+        QString contentType;
+        bool changed = false;
+    };
+
+    void open(const QByteArray &file);
+    void readNames();
+    void readParts();
+    void readContentTypes();
+    void findMainPart();
+    QByteArray unpack(const Part &part, qint64 *room) const;
+    Part *find(const QString &name);
+    const Part *find(const QString &name) const;
+    void addTo(struct zip *archive, const Part &part, const QByteArray &content) const;
+
+    QByteArray m_file; // unchanged parts are copied from it as they are packed
+    struct zip *m_zip = nullptr;
+    std::vector<Part> m_parts;
+    QString m_mainPart;
+};

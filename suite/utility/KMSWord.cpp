@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KMSWord.h"
+#include "suite/utility/DocxPackage.h"
+#include "suite/utility/FieldStory.h"
+#include "suite/utility/MailMergeSource.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <zip.h>
+
+#include <algorithm>
+
+class KMSWord::Document
+{
+public:
+    Document(const QByteArray &file, const QString &filePath, bool onlyToRead)
+        : package(file)
+        , path(filePath)
+        , source(onlyToRead ? QFileInfo(filePath).canonicalFilePath() : QString())
+    {
+        removeMailMergeSource(package);
+        readFields(); // at once, so that a document with absurd ones is refused as long as it can be
+    }
+
+    QStringList storyParts() const
+    {
+        QStringList parts{package.mainPart()};
+        for (const char *type : {".header+xml", ".footer+xml", ".footnotes+xml", ".endnotes+xml"})
+            parts += package.partsOfType(QLatin1String(type));
+        return parts;
+    }
+
+    void readFields()
+    {
+        fieldNames.clear();
+        for (const QString &part : storyParts())
+            fieldNames += FieldStory::names(package.xml(part)->document_element());
+    }
+
+    DocxPackage package;
+    QString path;
+    QString source; // not to be overwritten; empty: nothing is
+    QStringList fieldNames;
+};
+
+namespace {
+
+// Reads one byte more than is allowed, so that a file that grows while it is read is still found too large.
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        throw DocxError("the file cannot be read");
+    return file.read(DocxPackage::maxUnpackedBytes + 1);
+}
+
+// A contract holds people's data: a new file is its owner's alone, wherever the temporary folder lets others look.
+void writeFile(const QString &path, const QByteArray &content)
+{
+    if (QFileInfo(path).isSymbolicLink())
+        throw DocxError("the file is a link to another one"); // laid out by somebody who knows the name beforehand
+    const bool isNew = !QFileInfo::exists(path);
+    QSaveFile file(path);
+    bool done = file.open(QIODevice::WriteOnly);
+    if (done && isNew)
+        done = file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    done = done && file.write(content) == content.size();
+    if (!done || !file.commit())
+        throw DocxError("the file cannot be written: " + file.errorString().toStdString());
+}
+
+} // namespace
+
+KMSWord::KMSWord() = default;
+KMSWord::~KMSWord() = default;
+
+void KMSWord::SetVisible(int)
+{
+}
+
+bool KMSWord::Init()
+{
+    m_initialised = zip_compression_method_supported(ZIP_CM_DEFLATE, 1) != 0;
+    m_failure = m_initialised ? QString() : QStringLiteral("the zip library cannot deflate");
+    return m_initialised;
+}
+
+bool KMSWord::OpenDocument(const QString &path, int readOnly)
+{
+    Close();
+    m_failure = m_initialised ? QString() : QStringLiteral("not initialised");
+    if (!m_initialised)
+        return false;
+    try {
+        const QString clean = QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath();
+        m_document = std::make_unique<Document>(readFile(clean), clean, readOnly != 0);
+    } catch (const DocxError &error) {
+        m_failure = QString::fromUtf8(error.what());
+    }
+    return m_document != nullptr;
+}
+
+Fields KMSWord::GetFields() const
+{
+    return m_document ? Fields(m_document->fieldNames) : Fields();
+}
+
+int KMSWord::SetFieldsValue(const QStringList &names, const QStringList &values, int count)
+{
+    if (!m_document)
+        return 0;
+    const int length = static_cast<int>(std::min({static_cast<qsizetype>(std::max(count, 0)), names.size(), values.size()}));
+    const QStringList known = names.mid(0, length);
+    const FieldStory::ValueOf valueOf = [&](const QString &fieldName) {
+        const int index = Fields::indexOfName(known, fieldName);
+        if (index < 0)
+            return QString();
+        const QString value = values.at(index);
+        return value.isNull() ? QStringLiteral("") : value;
+    };
+    int filled = 0;
+    for (const QString &part : m_document->storyParts()) {
+        const int inPart = FieldStory::fill(m_document->package.xml(part)->document_element(), valueOf);
+        if (inPart > 0)
+            m_document->package.setChanged(part);
+        filled += inPart;
+    }
+    if (filled > 0)
+        m_document->readFields();
+    return filled;
+}
+
+bool KMSWord::SaveAs(const QString &path)
+{
+    m_failure = m_document ? QString() : QStringLiteral("no document is open");
+    if (!m_document)
+        return false;
+    try {
+        QFileInfo target(QDir::fromNativeSeparators(path));
+        if (target.isDir())
+            target.setFile(QDir(target.absoluteFilePath()), QFileInfo(m_document->path).fileName());
+        if (!m_document->source.isEmpty() && target.canonicalFilePath() == m_document->source)
+            throw DocxError("the document was opened to be read only");
+        writeFile(target.absoluteFilePath(), m_document->package.toZip());
+        m_document->path = target.absoluteFilePath();
+    } catch (const DocxError &error) {
+        m_failure = QString::fromUtf8(error.what());
+        return false;
+    }
+    return true;
+}
+
+QString KMSWord::FullName() const
+{
+    return m_document ? m_document->path : QString();
+}
+
+QString KMSWord::Failure() const
+{
+    return m_failure;
+}
+
+void KMSWord::Close()
+{
+    m_document.reset();
+}
+
+void KMSWord::Quit()
+{
+    Close();
+    m_initialised = false;
+}

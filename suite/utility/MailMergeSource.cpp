@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/MailMergeSource.h"
+#include "suite/utility/DocxPackage.h"
+#include "suite/utility/WordXml.h"
+
+namespace {
+
+bool isMailMergeType(const QString &relationshipType)
+{
+    const QString kind = relationshipType.section(u'/', -1);
+    return kind.startsWith(QStringLiteral("mailMerge"), Qt::CaseInsensitive)
+        || kind.compare(QStringLiteral("recipientData"), Qt::CaseInsensitive) == 0;
+}
+
+void removeRelationships(DocxPackage &package, const QString &settings)
+{
+    const QString part = DocxPackage::relationshipsOf(settings);
+    pugi::xml_document *document = package.xml(part);
+    if (!document)
+        return;
+    pugi::xml_node root = document->document_element();
+    for (pugi::xml_node node = root.first_child(); node;) {
+        const pugi::xml_node next = node.next_sibling();
+        if (isMailMergeType(WordXml::attribute(node, "Type"))) {
+            if (WordXml::attribute(node, "TargetMode") != QStringLiteral("External"))
+                package.removePart(DocxPackage::targetOf(settings, WordXml::attribute(node, "Target")));
+            root.remove_child(node);
+            package.setChanged(part);
+        }
+        node = next;
+    }
+}
+
+} // namespace
+
+void removeMailMergeSource(DocxPackage &package)
+{
+    for (const QString &settings : package.partsOfType(QStringLiteral("wordprocessingml.settings+xml"))) {
+        pugi::xml_node root = package.xml(settings)->document_element();
+        while (const pugi::xml_node merge = WordXml::child(root, "mailMerge")) {
+            root.remove_child(merge);
+            package.setChanged(settings);
+        }
+        removeRelationships(package, settings);
+    }
+}
