@@ -211,7 +211,7 @@ void DocxPackage::readNames()
         if (isMacroName(name))
             throw DocxError("macros");
         if (entry.size > static_cast<zip_uint64_t>(maxUnpackedBytes - declared))
-            throw DocxError("too large unpacked");
+            throw DocxError("too large by what it declares");
         declared += static_cast<qint64>(entry.size);
         if (!name.endsWith(u'/')) // a folder of its own says nothing
             m_parts.push_back({name, static_cast<quint64>(i), nullptr, {}, false});
