@@ -113,12 +113,20 @@ constexpr const char *relatedRecords[] = {
     ", KEY record (iTable,iRecordID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
+// How the office arranges its lists on paper.
+constexpr const char *reportLayouts[] = {
+    "CREATE TABLE IF NOT EXISTS ReportLayouts (iID INT NOT NULL AUTO_INCREMENT, sGroup VARCHAR(100) NOT NULL"
+    ", sReport VARCHAR(100) NOT NULL, sName VARCHAR(100) NOT NULL, sLayout TEXT, bDefault TINYINT DEFAULT 0"
+    ", UNIQUE KEY layoutName (sGroup,sReport,sName), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
     {3, chart},
     {4, books},
     {5, relatedRecords},
+    {6, reportLayouts},
 };
 
 const QString schemaSection = QStringLiteral("Schema");

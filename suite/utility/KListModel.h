@@ -57,6 +57,7 @@ public:
     // False when no row has the key.
     bool removeKey(int key);
     void clear();
+    const QVector<Row> &rows() const { return m_rows; }
 
     // 0 when there is no such row.
     int keyAt(int row) const;
