@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/ReportGeometry.h"
+
+#include <algorithm>
+
+namespace ReportGeometry {
+
+namespace {
+
+// The width of one column by its contents, when all such columns together have room of width.
+double fitted(const ColumnNeed &column, double width, double wanted, double least)
+{
+    if (wanted <= width)
+        return wanted > 0 ? column.wanted * width / wanted : 0;
+    if (least <= width)
+        return column.least + (column.wanted - column.least) * (width - least) / (wanted - least);
+    return column.least * width / least;
+}
+
+}
+
+std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width)
+{
+    double shares = 0, wanted = 0, least = 0;
+    for (const ColumnNeed &column : columns) {
+        shares += column.share;
+        if (column.share <= 0) {
+            wanted += column.wanted;
+            least += column.least;
+        }
+    }
+    // Shares that leave too little for the others, or alone do not fill the paper, are taken as proportions.
+    const bool sharesOnly = wanted <= 0;
+    const double taken = sharesOnly ? width : std::min(width * shares / 100, width - std::min(least, width / 2));
+    const double unit = shares > 0 ? taken / shares : 0;
+    std::vector<double> widths;
+    widths.reserve(columns.size());
+    for (const ColumnNeed &column : columns)
+        widths.push_back(column.share > 0 ? column.share * unit : fitted(column, width - taken, wanted, least));
+    return widths;
+}
+
+std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines)
+{
+    const int capacity = std::max(1, linesPerPage);
+    std::vector<Page> pages(1);
+    int used = 0;
+    auto turn = [&] {
+        pages.emplace_back();
+        used = 0;
+    };
+    for (int row = 0; row < static_cast<int>(lines.size()); ++row) {
+        int left = std::max(1, lines[static_cast<size_t>(row)]);
+        if (used > 0 && left > capacity - used)
+            turn();
+        for (int first = 0; left > 0;) {
+            if (used == capacity)
+                turn();
+            const int taken = std::min(left, capacity - used);
+            pages.back().push_back({row, first, taken});
+            used += taken;
+            first += taken;
+            left -= taken;
+        }
+    }
+    if (used > 0 && std::min(tailLines, capacity) > capacity - used)
+        turn();
+    return pages;
+}
+
+}

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <span>
+#include <vector>
+
+// Where a list falls on paper: plain numbers in any one unit of length.
+namespace ReportGeometry {
+
+struct ColumnNeed
+{
+    double wanted = 0; // its longest text on one line
+    double least = 0;  // its longest word
+    double share = 0;  // percent of the paper that the user gave it; 0: by its contents
+};
+
+// Widths that fill the paper's width exactly. Columns with a share get it, the others part what is left: where it is more
+// than they want, in proportion to what they want; where it is less, each between its longest word and its longest text;
+// where not even the words fit, in proportion to them. Empty for no columns.
+[[nodiscard]] TZACCOUNTING_EXPORT std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width);
+
+// A run of lines of one row on one page.
+struct Slice
+{
+    int row = 0;
+    int firstLine = 0;
+    int lineCount = 0;
+    bool operator==(const Slice &) const = default;
+};
+using Page = std::vector<Slice>;
+
+// Parts rows, given by their numbers of lines, among pages of linesPerPage lines each. A row stays whole on one page unless
+// it is longer than a page; then it goes on from page to page. What stands below the last row (tailLines, no more than a
+// page) comes on a page of its own, without rows, when it does not fit any more. Always at least one page.
+[[nodiscard]] TZACCOUNTING_EXPORT std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines);
+
+}

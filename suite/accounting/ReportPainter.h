@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/ListReport.h"
+#include "suite/accounting/ReportGeometry.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPageLayout>
+
+#include <functional>
+
+class QPainter;
+
+// How far a long work is; false asks it to stop.
+using ReportProgress = std::function<bool(int done, int total)>;
+
+// Lays a list report out on A4 pages and paints any one of them: corners and title, the table with its header row on every
+// page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page.
+//
+// Lengths are dots of 1/600 inch whatever is painted on, so that screen, printer and PDF break lines and pages alike.
+class TZACCOUNTING_EXPORT ReportPainter
+{
+public:
+    static constexpr int resolution = 600;
+
+    // The report is read until the painter goes. Without a font the program's own is taken; its size is the layout's.
+    explicit ReportPainter(const ListReport &report, const QFont &font = {});
+
+    // To be called first. False when progress asked to stop; there are no pages then.
+    [[nodiscard]] bool layOut(const ReportProgress &progress = {});
+    int pageCount() const { return static_cast<int>(m_pages.size()); }
+    const std::vector<ReportGeometry::Page> &pages() const { return m_pages; }
+    // Of the columns from the right, in dots.
+    const std::vector<double> &columnWidths() const { return m_widths; }
+
+    // The paper, without margins: the painter keeps its own.
+    QPageLayout paper() const;
+    QSizeF paperSize() const;
+    // Pages count from 0. The painter's unit must be a dot.
+    void paint(QPainter &painter, int page) const;
+
+private:
+    bool measureColumns(const ReportProgress &progress);
+    bool countLines(const ReportProgress &progress);
+    void placeHead();
+    int linesOf(const QString &text, const QFont &font, double width, bool leftToRight) const;
+    void drawText(QPainter &painter, const QRectF &box, const QString &text, const QFont &font, Qt::Alignment alignment,
+                  bool leftToRight = false, int firstLine = 0, int lineCount = -1) const;
+    void paintHead(QPainter &painter) const;
+    void paintTitles(QPainter &painter, double y) const;
+    double paintRows(QPainter &painter, const ReportGeometry::Page &page, double y) const;
+    void paintSlice(QPainter &painter, const ReportGeometry::Slice &slice, double y) const;
+    double lineHeight(const QFont &font) const;
+
+    const ListReport &m_report;
+    QVector<ListReport::ShownColumn> m_columns;
+    QFont m_font;
+    QFont m_boldFont;
+    QFont m_titleFont;
+    QString m_summary;
+    QRectF m_area;                 // inside the margins
+    std::vector<float> m_advances; // of every shown cell on one line, row by row
+    std::vector<double> m_widths;
+    std::vector<int> m_lines; // of every row
+    std::vector<ReportGeometry::Page> m_pages;
+    double m_line = 0; // height of a line of the table
+    double m_headHeight = 0;
+    double m_titlesHeight = 0;
+};
