@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/ReportOutput.h"
+
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/ReportSheet.h"
+
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace {
+
+[[noreturn]] void refuse(const QString &path)
+{
+    throw KAccountingError(
+        QStringLiteral("نوشتن فایل «%1» ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید.").arg(path));
+}
+
+// Pages first to last (from 0) on a device of that resolution.
+bool paintPages(const ReportPainter &pages, QPagedPaintDevice &device, double resolution, int first, int last,
+                const ReportProgress &progress)
+{
+    QPainter painter(&device);
+    if (!painter.isActive())
+        throw KAccountingError(QStringLiteral("چاپ ممکن نشد. لطفا چاپگر را بررسی نمایید."));
+    const double scale = resolution / ReportPainter::resolution;
+    for (int page = first; page <= last; ++page) {
+        if (progress && !progress(page - first, last - first + 1))
+            return false;
+        if (page > first)
+            device.newPage();
+        painter.save();
+        painter.scale(scale, scale);
+        pages.paint(painter, page);
+        painter.restore();
+    }
+    return true;
+}
+
+}
+
+bool ReportOutput::writePdf(const ListReport &report, const QString &path, const ReportProgress &progress)
+{
+    ReportPainter pages(report);
+    if (!pages.layOut(progress))
+        return false;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        refuse(path);
+    bool whole = false;
+    {
+        QPdfWriter writer(&file);
+        writer.setResolution(ReportPainter::resolution);
+        writer.setPageLayout(pages.paper());
+        writer.setTitle(report.shownTitle());
+        writer.setCreator(QStringLiteral("TzAuto"));
+        whole = paintPages(pages, writer, ReportPainter::resolution, 0, pages.pageCount() - 1, progress);
+    }
+    if (!whole) {
+        file.cancelWriting();
+        return false;
+    }
+    if (!file.commit())
+        refuse(path);
+    return true;
+}
+
+bool ReportOutput::writeSpreadsheet(const ListReport &report, const QString &path, const ReportProgress &progress)
+{
+    switch (ReportSheet(report).write(path, progress)) {
+    case ReportSheet::Written:
+        return true;
+    case ReportSheet::Stopped:
+        return false;
+    case ReportSheet::Failed:
+        break;
+    }
+    refuse(path);
+}
+
+bool ReportOutput::print(const ListReport &report, QPrinter &printer, const ReportProgress &progress)
+{
+    ReportPainter pages(report);
+    if (!pages.layOut(progress))
+        return false;
+    printer.setFullPage(true);
+    printer.setPageLayout(pages.paper());
+    printer.setDocName(report.shownTitle());
+    const int last = printer.toPage() > 0 ? std::min(printer.toPage(), pages.pageCount()) : pages.pageCount();
+    const int first = std::clamp(printer.fromPage(), 1, last);
+    if (paintPages(pages, printer, printer.resolution(), first - 1, last - 1, progress))
+        return true;
+    printer.abort();
+    return false;
+}

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/ReportPainter.h"
+
+class QPrinter;
+
+// A list report to where it goes. A file is written aside and takes its place when it is whole; until then, and for ever when
+// progress asks to stop, what stood there before stays. False: stopped. Throws KAccountingError when the file cannot be written.
+namespace ReportOutput {
+
+[[nodiscard]] TZACCOUNTING_EXPORT bool writePdf(const ListReport &report, const QString &path, const ReportProgress &progress = {});
+
+// One sheet from right to left: the columns of the layout under a header row that stays in sight, numbers as numbers. A date
+// stands twice: as the Shamsi text of the list, and in a column of its own behind the others as a date to calculate with.
+[[nodiscard]] TZACCOUNTING_EXPORT bool writeSpreadsheet(const ListReport &report, const QString &path,
+                                                        const ReportProgress &progress = {});
+
+// The printer's own range of pages is respected.
+[[nodiscard]] TZACCOUNTING_EXPORT bool print(const ListReport &report, QPrinter &printer, const ReportProgress &progress = {});
+
+}
