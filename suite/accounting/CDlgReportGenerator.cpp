@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgReportGenerator.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgReportLayout.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KWndReportGen.h"
+#include "suite/accounting/ReportOutput.h"
+#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/utility/KSettings.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace {
+
+const QString section = QStringLiteral("Reports");
+const QString folderKey = QStringLiteral("Folder");
+constexpr std::array scales{0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
+constexpr int fitWidthChoice = 0;
+constexpr int fitPageChoice = 1;
+
+QPushButton *addButton(QHBoxLayout *row, const QString &caption, const QString &icon = {})
+{
+    auto *button = new QPushButton(icon.isEmpty() ? QIcon() : QIcon(icon), caption);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+// Asks for the file to write, in the folder of the last one; empty when the user gave up.
+QString askFile(const ListReport &report, const QString &kind, const QString &suffix, QWidget *parent)
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString folder = ReadSetting(section, folderKey, documents);
+    QString name = report.report();
+    name.replace(u'/', u'-').replace(u'\\', u'-');
+    QFileDialog dialog(parent, QStringLiteral("ذخیره"), QDir(folder).exists() ? folder : documents,
+                       QStringLiteral("%1 (*.%2)").arg(kind, suffix));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(name + u'.' + suffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QString path = dialog.selectedFiles().constFirst();
+    WriteSetting(section, folderKey, QFileInfo(path).absolutePath());
+    return path;
+}
+
+}
+
+CDlgReportGenerator::CDlgReportGenerator(const QString &group, const QString &report, QWidget *parent)
+    : CDlgReportGenerator(ListReport(group, report), parent)
+{
+}
+
+CDlgReportGenerator::CDlgReportGenerator(const ListReport &report, QWidget *parent)
+    : KDialog(parent)
+    , m_report(report)
+{
+    SetSettingName(QStringLiteral("ReportGenerator"));
+    resize(1000, 720);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    build();
+}
+
+CDlgReportGenerator::~CDlgReportGenerator() = default;
+
+void CDlgReportGenerator::build()
+{
+    m_pages = new KWndReportGen(this);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(buildCommands());
+    layout->addWidget(m_pages, 1);
+    layout->addLayout(buildNavigation());
+    connect(m_pages, &KWndReportGen::pageChanged, this, &CDlgReportGenerator::showPosition);
+}
+
+QHBoxLayout *CDlgReportGenerator::buildCommands()
+{
+    auto *row = new QHBoxLayout;
+    QPushButton *print = addButton(row, QStringLiteral("چاپ"), QStringLiteral(":/icons/print.svg"));
+    QPushButton *pdf = addButton(row, QStringLiteral("ذخیره PDF"), QStringLiteral(":/icons/save.svg"));
+    QPushButton *sheet = addButton(row, QStringLiteral("صفحه گسترده"), QStringLiteral(":/icons/document.svg"));
+    QPushButton *arrange = addButton(row, QStringLiteral("چیدمان گزارش"), QStringLiteral(":/icons/settings.svg"));
+    row->addStretch(1);
+    QPushButton *close = addButton(row, QStringLiteral("بازگشت"), QStringLiteral(":/icons/close.svg"));
+    print->setShortcut(QKeySequence::Print);
+    // A layout is data of the office.
+    arrange->setVisible(!GetDBSetting()->IsClosedDB());
+    connect(print, &QPushButton::clicked, this, &CDlgReportGenerator::choosePrinter);
+    connect(pdf, &QPushButton::clicked, this, [this] { askAndSavePdf(m_report, this); });
+    connect(sheet, &QPushButton::clicked, this, [this] { askAndSaveSpreadsheet(m_report, this); });
+    connect(arrange, &QPushButton::clicked, this, &CDlgReportGenerator::arrangeLayout);
+    connect(close, &QPushButton::clicked, this, &CDlgReportGenerator::reject);
+    return row;
+}
+
+QHBoxLayout *CDlgReportGenerator::buildNavigation()
+{
+    auto *row = new QHBoxLayout;
+    m_first = addButton(row, QStringLiteral("ابتدا"));
+    m_previous = addButton(row, QStringLiteral("قبلی"));
+    auto *label = new QLabel(QStringLiteral("صفحه"));
+    m_page = new QSpinBox;
+    m_page->setAccessibleName(label->text());
+    m_page->setKeyboardTracking(false);
+    label->setBuddy(m_page);
+    m_pageCount = new QLabel;
+    row->addWidget(label);
+    row->addWidget(m_page);
+    row->addWidget(m_pageCount);
+    m_next = addButton(row, QStringLiteral("بعدی"));
+    m_last = addButton(row, QStringLiteral("انتها"));
+    row->addStretch(1);
+    auto *zoomLabel = new QLabel(QStringLiteral("بزرگنمایی :"));
+    m_zoom = new QComboBox;
+    m_zoom->setAccessibleName(zoomLabel->text());
+    m_zoom->addItems({QStringLiteral("عرض صفحه"), QStringLiteral("تمام صفحه")});
+    for (const double scale : scales)
+        m_zoom->addItem(QStringLiteral("%1%").arg(qRound(scale * 100)));
+    zoomLabel->setBuddy(m_zoom);
+    row->addWidget(zoomLabel);
+    row->addWidget(m_zoom);
+
+    connect(m_first, &QPushButton::clicked, this, [this] { m_pages->showPage(0); });
+    connect(m_previous, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->currentPage() - 1); });
+    connect(m_next, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->currentPage() + 1); });
+    connect(m_last, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->pageCount() - 1); });
+    connect(m_page, &QSpinBox::valueChanged, this, [this](int page) { m_pages->showPage(page - 1); });
+    connect(m_zoom, &QComboBox::activated, this, &CDlgReportGenerator::applyZoom);
+    return row;
+}
+
+void CDlgReportGenerator::applyZoom(int choice)
+{
+    if (choice == fitWidthChoice)
+        m_pages->setFit(KWndReportGen::FitWidth);
+    else if (choice == fitPageChoice)
+        m_pages->setFit(KWndReportGen::FitPage);
+    else
+        m_pages->setScale(scales.at(static_cast<size_t>(choice) - 2));
+}
+
+bool CDlgReportGenerator::layOut()
+{
+    ReportProgressWindow progress(QStringLiteral("در حال صفحه بندی ..."), this);
+    if (!m_pages->setReport(m_report, progress.callback()))
+        return false;
+    setWindowTitle(QStringLiteral("پیش نمایش چاپ - %1").arg(m_report.shownTitle()));
+    showPosition();
+    return true;
+}
+
+void CDlgReportGenerator::showPosition()
+{
+    const int page = m_pages->currentPage(), count = m_pages->pageCount();
+    const QSignalBlocker quiet(m_page);
+    m_page->setRange(1, count);
+    m_page->setValue(page + 1);
+    m_pageCount->setText(QStringLiteral("از %1").arg(count));
+    m_first->setEnabled(page > 0);
+    m_previous->setEnabled(page > 0);
+    m_next->setEnabled(page + 1 < count);
+    m_last->setEnabled(page + 1 < count);
+}
+
+void CDlgReportGenerator::ShowReport()
+{
+    if (!layOut())
+        return;
+    m_pages->setFocus();
+    exec();
+}
+
+bool CDlgReportGenerator::savePdf(const ListReport &report, const QString &path, QWidget *parent)
+{
+    ReportProgressWindow progress(QStringLiteral("در حال نوشتن فایل PDF ..."), parent);
+    return ReportOutput::writePdf(report, path, progress.callback());
+}
+
+bool CDlgReportGenerator::saveSpreadsheet(const ListReport &report, const QString &path, QWidget *parent)
+{
+    ReportProgressWindow progress(QStringLiteral("در حال نوشتن صفحه گسترده ..."), parent);
+    return ReportOutput::writeSpreadsheet(report, path, progress.callback());
+}
+
+bool CDlgReportGenerator::print(const ListReport &report, QPrinter &printer, QWidget *parent)
+{
+    ReportProgressWindow progress(QStringLiteral("در حال چاپ ..."), parent);
+    return ReportOutput::print(report, printer, progress.callback());
+}
+
+void CDlgReportGenerator::askAndSavePdf(const ListReport &report, QWidget *parent)
+{
+    const QString path = askFile(report, QStringLiteral("فایل PDF"), QStringLiteral("pdf"), parent);
+    if (!path.isEmpty())
+        (void)savePdf(report, path, parent);
+}
+
+void CDlgReportGenerator::askAndSaveSpreadsheet(const ListReport &report, QWidget *parent)
+{
+    const QString path = askFile(report, QStringLiteral("صفحه گسترده"), QStringLiteral("xlsx"), parent);
+    if (!path.isEmpty())
+        (void)saveSpreadsheet(report, path, parent);
+}
+
+bool CDlgReportGenerator::arrange(ListReport &report, QWidget *parent)
+{
+    CDlgReportLayout dialog(report, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return dialog.storedChanged();
+    report.setLayout(dialog.layoutOfFields());
+    return true;
+}
+
+void CDlgReportGenerator::choosePrinter()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(ReportPainter(m_report).paper());
+    QPrintDialog dialog(&printer, this);
+    dialog.setMinMax(1, m_pages->pageCount());
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    if (dialog.exec() == QDialog::Accepted)
+        (void)print(m_report, printer, this);
+}
+
+void CDlgReportGenerator::arrangeLayout()
+{
+    const ReportLayout before = m_report.layout();
+    if (!arrange(m_report, this) || m_report.layout() == before)
+        return;
+    if (layOut())
+        return;
+    // Stopped: the pages on screen are those of the layout before.
+    m_report.setLayout(before);
+}

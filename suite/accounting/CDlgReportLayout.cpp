@@ -1,0 +1,274 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgReportLayout.h"
+
+#include "suite/accounting/CTblReportLayouts.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/ReportColumnsModel.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace {
+
+constexpr int longestName = 100;
+constexpr int longestText = 200;
+// In the order of ReportLayout::corners().
+const std::array cornerCaptions{QStringLiteral("راست بالا :"), QStringLiteral("راست وسط :"), QStringLiteral("راست پایین :"),
+                                QStringLiteral("چپ بالا :"), QStringLiteral("چپ وسط :"), QStringLiteral("چپ پایین :")};
+
+QLabel *labelFor(const QString &caption, QWidget *field)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(field);
+    field->setAccessibleName(caption);
+    return label;
+}
+
+QPushButton *addButton(QBoxLayout *row, const QString &caption)
+{
+    auto *button = new QPushButton(caption);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+}
+
+CDlgReportLayout::CDlgReportLayout(const ListReport &report, QWidget *parent)
+    : KDialog(parent)
+    , m_report(report)
+{
+    setWindowTitle(QStringLiteral("چیدمان گزارش - %1").arg(report.shownTitle()));
+    SetSettingName(QStringLiteral("ReportLayout"));
+    resize(860, 560);
+    auto *middle = new QHBoxLayout;
+    middle->addWidget(buildColumns(), 2);
+    middle->addWidget(buildTexts(), 3);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildStored());
+    layout->addLayout(middle, 1);
+    layout->addWidget(createButtons());
+    setFields(report.layout());
+    fillNames({});
+}
+
+CDlgReportLayout::~CDlgReportLayout() = default;
+
+QGroupBox *CDlgReportLayout::buildStored()
+{
+    auto *box = new QGroupBox(QStringLiteral("قالب های ذخیره شده"));
+    auto *row = new QHBoxLayout(box);
+    m_name = new QComboBox;
+    m_name->setEditable(true);
+    m_name->setInsertPolicy(QComboBox::NoInsert);
+    m_name->lineEdit()->setMaxLength(longestName);
+    m_default = new QCheckBox(QStringLiteral("قالب پیش فرض"));
+    row->addWidget(labelFor(QStringLiteral("نام قالب :"), m_name));
+    row->addWidget(m_name, 1);
+    row->addWidget(m_default);
+    QPushButton *save = addButton(row, QStringLiteral("ذخیره"));
+    m_delete = addButton(row, QStringLiteral("حذف"));
+    connect(save, &QPushButton::clicked, this, &CDlgReportLayout::saveLayout);
+    connect(m_delete, &QPushButton::clicked, this, &CDlgReportLayout::deleteLayout);
+    connect(m_name, &QComboBox::textActivated, this, &CDlgReportLayout::loadNamed);
+    connect(m_name, &QComboBox::editTextChanged, this,
+            [this](const QString &name) { m_delete->setEnabled(m_name->findText(ConvertToStandard(name)) >= 0); });
+    return box;
+}
+
+QGroupBox *CDlgReportLayout::buildColumns()
+{
+    auto *box = new QGroupBox(QStringLiteral("ستون ها"));
+    m_columns = new ReportColumnsModel(this);
+    m_columnList = new QTreeView;
+    m_columnList->setAccessibleName(box->title());
+    m_columnList->setRootIsDecorated(false);
+    m_columnList->setUniformRowHeights(true);
+    m_columnList->setModel(m_columns);
+    m_columnList->header()->setStretchLastSection(false);
+    m_columnList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_share = new QSpinBox;
+    m_share->setRange(0, 100);
+    m_share->setSuffix(QStringLiteral(" %"));
+    m_share->setSpecialValueText(QStringLiteral("خودکار"));
+    auto *commands = new QHBoxLayout;
+    QPushButton *up = addButton(commands, QStringLiteral("بالا"));
+    QPushButton *down = addButton(commands, QStringLiteral("پایین"));
+    commands->addStretch(1);
+    commands->addWidget(labelFor(QStringLiteral("پهنا (درصد) :"), m_share));
+    commands->addWidget(m_share);
+    auto *layout = new QVBoxLayout(box);
+    layout->addWidget(m_columnList, 1);
+    layout->addLayout(commands);
+    connect(up, &QPushButton::clicked, this, [this] { moveColumn(-1); });
+    connect(down, &QPushButton::clicked, this, [this] { moveColumn(1); });
+    connect(m_share, &QSpinBox::valueChanged, this, [this](int percent) { m_columns->setShare(currentRow(), percent); });
+    connect(m_columnList->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CDlgReportLayout::showShare);
+    return box;
+}
+
+QGroupBox *CDlgReportLayout::buildTexts()
+{
+    auto *box = new QGroupBox(QStringLiteral("متن ها و کاغذ"));
+    auto *form = new QFormLayout(box);
+    auto addEdit = [form](const QString &caption) {
+        auto *edit = new KEdit(KEdit::Kind::Text);
+        edit->setMaxLength(longestText);
+        form->addRow(labelFor(caption, edit), edit);
+        return edit;
+    };
+    m_title = addEdit(QStringLiteral("عنوان :"));
+    for (size_t i = 0; i < cornerCaptions.size(); ++i)
+        m_corners.insert(ReportLayout::corners().at(static_cast<int>(i)), addEdit(cornerCaptions.at(i)));
+    auto *hint = new QLabel(QStringLiteral("هنگام چاپ، متن خود برنامه به جای %1، تاریخ روز به جای %2 و تعداد ردیف ها به جای %3 می آید.")
+                                .arg(ReportLayout::ownTextMark(), ReportLayout::dateMark(), ReportLayout::countMark()));
+    hint->setWordWrap(true);
+    form->addRow(hint);
+    buildPaper(form);
+    return box;
+}
+
+void CDlgReportLayout::buildPaper(QFormLayout *form)
+{
+    m_orientation = new QComboBox;
+    m_orientation->addItems({QStringLiteral("عمودی"), QStringLiteral("افقی")});
+    m_fontSize = new QSpinBox;
+    m_fontSize->setRange(static_cast<int>(ReportLayout::lowestFontSize), static_cast<int>(ReportLayout::highestFontSize));
+    form->addRow(labelFor(QStringLiteral("جهت کاغذ :"), m_orientation), m_orientation);
+    form->addRow(labelFor(QStringLiteral("اندازه قلم :"), m_fontSize), m_fontSize);
+}
+
+void CDlgReportLayout::setFields(const ReportLayout &layout)
+{
+    m_title->setText(layout.title);
+    for (auto corner = m_corners.cbegin(); corner != m_corners.cend(); ++corner)
+        corner.value()->setText(layout.texts.value(corner.key(), ReportLayout::ownTextMark()));
+    m_orientation->setCurrentIndex(layout.landscape ? 1 : 0);
+    m_fontSize->setValue(qRound(layout.fontSize));
+    m_columns->arrange(m_report, layout);
+    m_columnList->setCurrentIndex(m_columns->index(0, 0));
+    showShare();
+}
+
+ReportLayout CDlgReportLayout::layoutOfFields() const
+{
+    ReportLayout layout;
+    layout.title = m_title->text();
+    layout.columns = m_columns->chosen();
+    for (auto corner = m_corners.cbegin(); corner != m_corners.cend(); ++corner) {
+        if (corner.value()->text() != ReportLayout::ownTextMark())
+            layout.texts.insert(corner.key(), corner.value()->text());
+    }
+    layout.landscape = m_orientation->currentIndex() == 1;
+    layout.fontSize = m_fontSize->value();
+    return layout;
+}
+
+int CDlgReportLayout::currentRow() const
+{
+    return m_columnList->currentIndex().row();
+}
+
+void CDlgReportLayout::showShare()
+{
+    const QSignalBlocker quiet(m_share);
+    m_share->setValue(qRound(m_columns->share(currentRow())));
+}
+
+void CDlgReportLayout::moveColumn(int places)
+{
+    const int row = m_columns->move(currentRow(), places);
+    m_columnList->setCurrentIndex(m_columns->index(row, 0));
+}
+
+void CDlgReportLayout::fillNames(const QString &current)
+{
+    const QSignalBlocker quiet(m_name);
+    m_name->clear();
+    bool isDefault = false;
+    for (const CTblReportLayouts::Entry &entry : CTblReportLayouts::entries(m_report.group(), m_report.report())) {
+        m_name->addItem(entry.name, entry.isDefault);
+        if (entry.name == current || (current.isEmpty() && entry.isDefault)) {
+            m_name->setCurrentIndex(m_name->count() - 1);
+            isDefault = entry.isDefault;
+        }
+    }
+    if (current.isEmpty() && !isDefault)
+        m_name->setEditText({});
+    m_default->setChecked(isDefault);
+    m_delete->setEnabled(m_name->findText(m_name->currentText()) >= 0);
+}
+
+void CDlgReportLayout::loadNamed(const QString &name)
+{
+    try {
+        if (const auto layout = CTblReportLayouts::load(m_report.group(), m_report.report(), name))
+            setFields(*layout);
+        m_default->setChecked(m_name->currentData().toBool());
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+bool CDlgReportLayout::hasColumns()
+{
+    if (!m_columns->chosen().isEmpty())
+        return true;
+    g_pDlgWarning->Show(QStringLiteral("لطفا حداقل یک ستون را انتخاب نمایید."), this);
+    m_columnList->setFocus();
+    return false;
+}
+
+void CDlgReportLayout::saveLayout()
+{
+    const QString name = ConvertToStandard(m_name->currentText());
+    if (!hasColumns())
+        return;
+    if (m_name->findText(name) >= 0
+        && g_pDlgYesNo->Ask(QStringLiteral("قالبی با این نام ذخیره شده است. آیا جایگزین شود؟"), this) == KMessageDialog::No)
+        return;
+    try {
+        CTblReportLayouts::save(m_report.group(), m_report.report(), name, layoutOfFields(), m_default->isChecked());
+        m_storedChanged = true;
+        fillNames(name);
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        m_name->setFocus();
+    }
+}
+
+void CDlgReportLayout::deleteLayout()
+{
+    const QString name = ConvertToStandard(m_name->currentText());
+    if (m_name->findText(name) < 0
+        || g_pDlgYesNo->Ask(QStringLiteral("آیا از حذف این قالب اطمینان دارید؟"), this) == KMessageDialog::No)
+        return;
+    CTblReportLayouts::remove(m_report.group(), m_report.report(), name);
+    m_storedChanged = true;
+    fillNames({});
+}
+
+bool CDlgReportLayout::OnOK()
+{
+    return hasColumns();
+}

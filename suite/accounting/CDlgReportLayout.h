@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/ListReport.h"
+#include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/KDialog.h"
+
+#include <QMap>
+
+class KEdit;
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QGroupBox;
+class QPushButton;
+class QSpinBox;
+class QTreeView;
+class ReportColumnsModel;
+
+// Arranges a report: columns, corner texts, paper and letters. OK takes the arrangement for this report now; saved under a
+// name it is kept for everybody, and the one that is marked as default is what the report opens with.
+class TZACCOUNTING_EXPORT CDlgReportLayout : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgReportLayout(const ListReport &report, QWidget *parent = nullptr);
+    ~CDlgReportLayout() override;
+
+    // What the fields say.
+    ReportLayout layoutOfFields() const;
+    void setFields(const ReportLayout &layout);
+    // Whether a layout was saved or deleted.
+    bool storedChanged() const { return m_storedChanged; }
+
+    // The commands behind the buttons, for the layout named in the entry.
+    void saveLayout();
+    void deleteLayout();
+
+protected:
+    // Refused while no column is chosen.
+    bool OnOK() override;
+
+private:
+    QGroupBox *buildStored();
+    QGroupBox *buildColumns();
+    QGroupBox *buildTexts();
+    void buildPaper(QFormLayout *form);
+    void fillNames(const QString &current);
+    void loadNamed(const QString &name);
+    void showShare();
+    void moveColumn(int places);
+    int currentRow() const;
+    bool hasColumns();
+
+    ListReport m_report;
+    bool m_storedChanged = false;
+    QComboBox *m_name = nullptr;
+    QCheckBox *m_default = nullptr;
+    QPushButton *m_delete = nullptr;
+    KEdit *m_title = nullptr;
+    ReportColumnsModel *m_columns = nullptr;
+    QTreeView *m_columnList = nullptr;
+    QSpinBox *m_share = nullptr;
+    QMap<QString, KEdit *> m_corners;
+    QComboBox *m_orientation = nullptr;
+    QSpinBox *m_fontSize = nullptr;
+};

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KWndReportGen.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int border = 16; // of the desk around the paper, in screen dots
+constexpr double smallestScale = 0.25;
+constexpr double largestScale = 4;
+constexpr double scaleStep = 1.25;
+const QColor deskColor(0x8a, 0x90, 0x98);
+
+}
+
+KWndReportGen::KWndReportGen(QWidget *parent)
+    : QAbstractScrollArea(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(QStringLiteral("پیش نمایش"));
+    setFrameShape(QFrame::NoFrame);
+    // The paper is placed by its own left edge; a mirrored bar would count from the other one.
+    setLayoutDirection(Qt::LeftToRight);
+}
+
+KWndReportGen::~KWndReportGen() = default;
+
+bool KWndReportGen::setReport(const ListReport &report, const ReportProgress &progress)
+{
+    auto painter = std::make_unique<ReportPainter>(report);
+    if (!painter->layOut(progress))
+        return false;
+    m_painter = std::move(painter);
+    m_page = 0;
+    fitNow();
+    updateBars();
+    viewport()->update();
+    Q_EMIT pageChanged(m_page);
+    return true;
+}
+
+int KWndReportGen::pageCount() const
+{
+    return m_painter ? m_painter->pageCount() : 0;
+}
+
+void KWndReportGen::showPage(int page)
+{
+    const int nearest = std::clamp(page, 0, std::max(0, pageCount() - 1));
+    if (nearest == m_page)
+        return;
+    m_page = nearest;
+    setAccessibleDescription(QStringLiteral("صفحه %1 از %2").arg(m_page + 1).arg(pageCount()));
+    verticalScrollBar()->setValue(0);
+    viewport()->update();
+    Q_EMIT pageChanged(m_page);
+}
+
+void KWndReportGen::setScale(double scale)
+{
+    m_fit = FixedScale;
+    m_scale = std::clamp(scale, smallestScale, largestScale);
+    updateBars();
+    viewport()->update();
+    Q_EMIT scaleChanged();
+}
+
+void KWndReportGen::setFit(Fit fit)
+{
+    m_fit = fit;
+    fitNow();
+    updateBars();
+    viewport()->update();
+    Q_EMIT scaleChanged();
+}
+
+double KWndReportGen::screenDotsPerDot() const
+{
+    return m_scale * logicalDpiX() / ReportPainter::resolution;
+}
+
+void KWndReportGen::fitNow()
+{
+    if (!m_painter || m_fit == FixedScale)
+        return;
+    const QSizeF paper = m_painter->paperSize() * logicalDpiX() / ReportPainter::resolution;
+    const double bar = m_fit == FitWidth && !verticalScrollBar()->isVisible() ? verticalScrollBar()->sizeHint().width() : 0;
+    const double wide = (viewport()->width() - bar - 2 * border) / paper.width();
+    const double high = (viewport()->height() - 2 * border) / paper.height();
+    m_scale = std::clamp(m_fit == FitWidth ? wide : std::min(wide, high), smallestScale, largestScale);
+}
+
+void KWndReportGen::updateBars()
+{
+    if (!m_painter)
+        return;
+    const QSizeF paper = m_painter->paperSize() * screenDotsPerDot();
+    auto set = [](QScrollBar *bar, double content, int room) {
+        bar->setRange(0, std::max(0, qRound(content) + 2 * border - room));
+        bar->setPageStep(room);
+        bar->setSingleStep(std::max(1, room / 12));
+    };
+    set(horizontalScrollBar(), paper.width(), viewport()->width());
+    set(verticalScrollBar(), paper.height(), viewport()->height());
+}
+
+void KWndReportGen::paintEvent(QPaintEvent *)
+{
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), deskColor);
+    if (!m_painter || m_page >= pageCount())
+        return;
+    const QSizeF paper = m_painter->paperSize() * screenDotsPerDot();
+    const double x = std::max(static_cast<double>(border), (viewport()->width() - paper.width()) / 2)
+        - horizontalScrollBar()->value();
+    painter.translate(x, border - verticalScrollBar()->value());
+    painter.fillRect(QRectF({}, paper), Qt::white);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter.scale(screenDotsPerDot(), screenDotsPerDot());
+    m_painter->paint(painter, m_page);
+}
+
+void KWndReportGen::resizeEvent(QResizeEvent *event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    fitNow();
+    updateBars();
+}
+
+void KWndReportGen::turn(int pages)
+{
+    showPage(m_page + pages);
+}
+
+void KWndReportGen::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_PageDown:
+        return turn(1);
+    case Qt::Key_PageUp:
+        return turn(-1);
+    case Qt::Key_Home:
+        return showPage(0);
+    case Qt::Key_End:
+        return showPage(pageCount() - 1);
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        return setScale(m_scale * scaleStep);
+    case Qt::Key_Minus:
+        return setScale(m_scale / scaleStep);
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+void KWndReportGen::wheelEvent(QWheelEvent *event)
+{
+    if (!(event->modifiers() & Qt::ControlModifier))
+        return QAbstractScrollArea::wheelEvent(event);
+    setScale(event->angleDelta().y() > 0 ? m_scale * scaleStep : m_scale / scaleStep);
+    event->accept();
+}
