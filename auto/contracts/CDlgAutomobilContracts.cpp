@@ -73,8 +73,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
          QStringLiteral(":/icons/delete.svg")},
         {QStringLiteral("نمايش"), onRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
         {QStringLiteral("بايگاني شد"), onRow, [this] { archiveContract(); }, {}, QStringLiteral(":/icons/archive.svg")},
-        {QStringLiteral("چاپ"), C::HiddenInSelect | C::NotAvailable | C::StartsGroup, {}, QKeySequence(QKeySequence::Print),
-         QStringLiteral(":/icons/print.svg")},
+        printCommand(C::HiddenInSelect | C::StartsGroup),
         {QStringLiteral("چاپ قرارداد "), onRow | C::NotAvailable, {}, {}, QStringLiteral(":/icons/print.svg")},
         {QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {},
          QStringLiteral(":/icons/receipt.svg")},
@@ -321,6 +320,11 @@ void CDlgAutomobilContracts::emptyAreaActivated()
 void CDlgAutomobilContracts::rightClicked(int)
 {
     deleteSelected();
+}
+
+KListReport CDlgAutomobilContracts::reportSpec() const
+{
+    return {QStringLiteral("لیست قراردادها"), QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست قراردادها")};
 }
 
 void CDlgAutomobilContracts::chose(int row)

@@ -60,6 +60,7 @@ protected:
     void activated(int key) override;
     void emptyAreaActivated() override;
     void rightClicked(int key) override;
+    KListReport reportSpec() const override;
     void chose(int row) override;
     QWidget *firstFilterControl() const override;
 

@@ -5,6 +5,7 @@
 
 #include "auto/db/KMySQL.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
@@ -12,14 +13,17 @@
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KSettings.h"
 #include "suite/utility/KWaitCursor.h"
+#include "suite/utility/ShamsiDate.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
@@ -128,14 +132,82 @@ void KListPage::buildCommands()
         if (command.options & KListCommand::StartsGroup)
             row->addSpacing(12);
         row->addWidget(button);
+        QWidget *menu = command.options & KListCommand::PrintsList ? buildPrintMenu() : nullptr;
+        if (menu)
+            row->addWidget(menu);
         connect(button, &QPushButton::clicked, this, [this, run = command.run] { guarded(run); });
         if (!command.shortcut.isEmpty())
             addShortcut(command, button);
-        m_commands.push_back({std::move(command), button});
+        m_commands.push_back({std::move(command), button, menu});
     }
     row->addStretch(1);
     m_count = new QLabel(QStringLiteral("تعداد : -"), m_commandRow);
     row->addWidget(m_count);
+}
+
+QWidget *KListPage::buildPrintMenu()
+{
+    auto *arrow = new QToolButton(m_commandRow);
+    arrow->setArrowType(Qt::DownArrow);
+    arrow->setPopupMode(QToolButton::InstantPopup);
+    arrow->setFocusPolicy(Qt::TabFocus);
+    arrow->setToolTip(QStringLiteral("خروجی های دیگر"));
+    arrow->setAccessibleName(arrow->toolTip());
+    auto *menu = new QMenu(arrow);
+    auto add = [&](const QString &caption, const QString &icon, const std::function<void(ListReport &)> &work) {
+        return menu->addAction(QIcon(icon), caption, this, [this, work] { withReport(work); });
+    };
+    menu->addAction(QIcon(QStringLiteral(":/icons/print.svg")), QStringLiteral("پیش نمایش چاپ"), this,
+                    [this] { guarded([this] { printList(); }); });
+    add(QStringLiteral("ذخیره PDF"), QStringLiteral(":/icons/save.svg"),
+        [this](ListReport &report) { CDlgReportGenerator::askAndSavePdf(report, this); });
+    add(QStringLiteral("صفحه گسترده"), QStringLiteral(":/icons/document.svg"),
+        [this](ListReport &report) { CDlgReportGenerator::askAndSaveSpreadsheet(report, this); });
+    QAction *arrange = add(QStringLiteral("چیدمان گزارش"), QStringLiteral(":/icons/settings.svg"),
+                           [this](ListReport &report) { CDlgReportGenerator::arrange(report, this); });
+    // A layout is data of the office.
+    connect(menu, &QMenu::aboutToShow, arrange, [arrange] { arrange->setVisible(!GetDBSetting()->IsClosedDB()); });
+    arrow->setMenu(menu);
+    return arrow;
+}
+
+KListCommand KListPage::printCommand(int options)
+{
+    return {QStringLiteral("چاپ"), options | KListCommand::PrintsList, [this] { printList(); }, QKeySequence(QKeySequence::Print),
+            QStringLiteral(":/icons/print.svg")};
+}
+
+ListReport KListPage::listReport() const
+{
+    const KListReport spec = reportSpec();
+    ListReport report(spec.group, spec.report);
+    report.setText(QStringLiteral("LeftBottom"), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
+    report.setText(QStringLiteral("Count"), countText());
+    report.setText(QStringLiteral("Title"), spec.title);
+    for (const auto &[element, text] : spec.texts)
+        report.setText(element, text);
+    report.setTable(QStringLiteral("List"), m_list);
+    if (!report.loadLayout())
+        report.buildStandard(spec.title);
+    return report;
+}
+
+void KListPage::withReport(const std::function<void(ListReport &)> &work)
+{
+    guarded([&] {
+        if (!CheckPrintListSecurity())
+            return;
+        ListReport report = listReport();
+        work(report);
+    });
+}
+
+void KListPage::printList()
+{
+    withReport([this](ListReport &report) {
+        CDlgReportGenerator generator(report, this);
+        generator.ShowReport();
+    });
 }
 
 void KListPage::addShortcut(const KListCommand &command, QPushButton *button)
@@ -209,6 +281,8 @@ void KListPage::applyMode()
         const bool hidden = (options & KListCommand::NotDisplayed) || (blocked && (options & KListCommand::HiddenInReadOnly))
             || (m_selectMode && (options & KListCommand::HiddenInSelect));
         entry.button->setVisible(!hidden);
+        if (entry.menu)
+            entry.menu->setVisible(!hidden);
     }
     modeApplied();
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/KSecurity.h"
+#include "suite/accounting/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/KDialogTabPage.h"
 #include "suite/utility/KListModel.h"
@@ -31,7 +32,8 @@ struct KListCommand
         HiddenInSelect = 4,     // not shown in select mode
         NotDisplayed = 8,       // exists, but is never shown
         NotAvailable = 16,      // stands in its place, always disabled
-        StartsGroup = 32        // a gap before it
+        StartsGroup = 32,       // a gap before it
+        PrintsList = 64         // the button has a menu beside it: the other ways to take the list out
     };
 
     QString caption;            // also its accessible name
@@ -39,6 +41,15 @@ struct KListCommand
     std::function<void()> run;
     QKeySequence shortcut = {};
     QString icon = {};          // resource path
+};
+
+// How a list goes on paper.
+struct KListReport
+{
+    QString title;
+    QString group;              // the office keeps its layouts under group and report; no report: the list is not printed
+    QString report;
+    QVector<std::pair<QString, QString>> texts = {};    // further text elements by name; see ListReport
 };
 
 // What the archive command of a list says and asks for.
@@ -113,6 +124,8 @@ protected:
     virtual void modeApplied() { }              // the mode is known: shows and hides the list's own controls
     virtual void emptyAreaActivated() { }       // double click beside the rows, outside select mode
     virtual void rightClicked(int) { }
+    // A list with a report has a print command (printCommand) among its commands.
+    virtual KListReport reportSpec() const { return {}; }
     // Select mode: takes what the caller wants to know of the row besides its key.
     virtual void chose(int) { }
     virtual QWidget *firstFilterControl() const = 0;
@@ -128,6 +141,11 @@ protected:
     void deleteSelected();
     // Runs the statement on the selected record unless it is archived already; statement takes the loaded record.
     void archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive);
+    // "چاپ" (Ctrl+P): the list as it stands, in the report's window; in the menu beside it PDF, spreadsheet and layout.
+    KListCommand printCommand(int options = KListCommand::HiddenInSelect);
+    // The report of the list as it stands: its rows and columns, the texts of reportSpec(), the print date ("LeftBottom") and
+    // the count ("Count"), in the stored layout when there is one.
+    ListReport listReport() const;
     // Runs work; an error it lets through is reported once and the page stays as it is.
     void guarded(const std::function<void()> &work);
     // Adds label and control to the filter grid with accessible name and buddy.
@@ -138,6 +156,9 @@ protected:
 private:
     void buildFilterBox();
     void buildCommands();
+    QWidget *buildPrintMenu();
+    void printList();
+    void withReport(const std::function<void(ListReport &)> &work);
     void addShortcut(const KListCommand &command, QPushButton *button);
     void applyMode();
     void readSettings();
@@ -153,6 +174,7 @@ private:
     {
         KListCommand command;
         QPushButton *button = nullptr;
+        QWidget *menu = nullptr;    // the arrow beside it
     };
 
     QString m_section;

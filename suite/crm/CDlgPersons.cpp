@@ -126,7 +126,13 @@ std::vector<KListCommand> CDlgPersons::commands()
         {.caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = QStringLiteral(":/icons/new.svg")},
         {.caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = QStringLiteral(":/icons/edit.svg")},
         {.caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = QStringLiteral(":/icons/show.svg")},
+        printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
     };
+}
+
+KListReport CDlgPersons::reportSpec() const
+{
+    return {QStringLiteral("لیست اشخاص"), QStringLiteral("اشخاص"), QStringLiteral("لیست اشخاص")};
 }
 
 void CDlgPersons::buildFilters(QGridLayout *grid)

@@ -51,6 +51,7 @@ protected:
     QString defaultSort() const override;
     void activated(int key) override;
     void emptyAreaActivated() override;
+    KListReport reportSpec() const override;
     QWidget *firstFilterControl() const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
