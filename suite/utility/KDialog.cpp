@@ -162,11 +162,16 @@ void KDialog::showEvent(QShowEvent *event)
 void KDialog::restoreSize()
 {
     m_sizeRestored = true;
-    if (m_settingName.isEmpty())
+    QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+    if (!m_settingName.isEmpty()) {
+        const QSize stored(ReadSetting(m_settingName, QStringLiteral("iWidth"), 0),
+                           ReadSetting(m_settingName, QStringLiteral("iHeight"), 0));
+        if (stored.width() > 0 && stored.height() > 0)
+            wanted = stored;
+    }
+    // The buttons at the lower edge stay in sight on a small screen; the frame takes some of it too.
+    constexpr int frameHeight = 40;
+    if (wanted.isEmpty())
         return;
-    const QSize stored(ReadSetting(m_settingName, QStringLiteral("iWidth"), 0),
-                       ReadSetting(m_settingName, QStringLiteral("iHeight"), 0));
-    if (stored.width() <= 0 || stored.height() <= 0)
-        return;
-    resize(stored.boundedTo(screen()->availableSize()));
+    resize(wanted.boundedTo(screen()->availableSize() - QSize(0, frameHeight)));
 }

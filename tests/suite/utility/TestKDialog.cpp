@@ -97,6 +97,7 @@ private Q_SLOTS:
     void sizeIsRemembered();
     void sizeOfAnotherNameIsNotTaken();
     void storedSizeBeyondTheScreenIsCut();
+    void firstSizeBeyondTheScreenIsCut();
     void nothingIsKeptWithoutAName();
 
 private:
@@ -273,7 +274,18 @@ void TestKDialog::storedSizeBeyondTheScreenIsCut()
     SampleDialog dialog;
     dialog.SetSettingName(QStringLiteral("Huge"));
     dialog.show();
-    QCOMPARE(dialog.size(), dialog.screen()->availableSize());
+    QCOMPARE(dialog.width(), dialog.screen()->availableSize().width());
+    QVERIFY(dialog.height() < dialog.screen()->availableSize().height());
+    QVERIFY(dialog.height() > dialog.screen()->availableSize().height() - 60);
+}
+
+void TestKDialog::firstSizeBeyondTheScreenIsCut()
+{
+    SampleDialog dialog;
+    dialog.resize(5000, 5000);
+    dialog.show();
+    QVERIFY(dialog.width() <= dialog.screen()->availableSize().width());
+    QVERIFY(dialog.height() < dialog.screen()->availableSize().height());
 }
 
 void TestKDialog::nothingIsKeptWithoutAName()
