@@ -4,6 +4,7 @@
 #include "suite/utility/KDialog.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QKeyEvent>
@@ -36,12 +37,25 @@ bool isField(const QWidget *widget)
     return !edit || !edit->isReadOnly();
 }
 
+// A scroll area follows Tab by itself, but no other way to a field.
+void scrollIntoSight(QWidget *field)
+{
+    for (QWidget *above = field->parentWidget(); above && !above->isWindow(); above = above->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(above))
+            area->ensureWidgetVisible(field);
+    }
+}
+
 }
 
 KDialog::KDialog(QWidget *parent)
     : QDialog(parent)
 {
     setLayoutDirection(Qt::RightToLeft);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && isAncestorOf(now))
+            scrollIntoSight(now);
+    });
 }
 
 KDialog::~KDialog() = default;
