@@ -40,6 +40,8 @@ CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
     column->addLayout(form);
     column->addWidget(createButtons());
     m_active->setChecked(true);
+    // Only an administrator makes another one.
+    m_admin->setEnabled(GetDBSetting()->IsAdmin());
     load();
     m_user->setFocus();
 }

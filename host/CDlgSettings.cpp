@@ -84,6 +84,11 @@ QGroupBox *CDlgSettings::buildFiscalYear()
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
     m_fiscalYear->setMaxLength(4);
     m_opening = new KDateEdit(box);
+    // A year's books open on its first day unless the office says otherwise.
+    connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
+        if (const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1); first.isValid())
+            m_opening->setDate(first);
+    });
     addRow(form, QStringLiteral("سال مالی :"), m_fiscalYear);
     addRow(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
     return box;

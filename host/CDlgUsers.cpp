@@ -114,10 +114,18 @@ void CDlgUsers::addUser()
     list()->selectKey(dialog.userID());
 }
 
+bool CDlgUsers::mayTouch(bool needsAdmin)
+{
+    if (!needsAdmin || GetDBSetting()->IsAdmin())
+        return true;
+    g_pDlgWarning->Show(QStringLiteral("این کار فقط برای مدیر برنامه مجاز است."), this);
+    return false;
+}
+
 void CDlgUsers::editUser()
 {
     CTblUsers user;
-    if (!CheckModifySecurity() || !loadSelected(user))
+    if (!CheckModifySecurity() || !loadSelected(user) || !mayTouch(user.m_bAdmin != 0))
         return;
     CDlgAddUser dialog(user.m_iID, this);
     if (dialog.exec() == QDialog::Accepted)
@@ -127,14 +135,15 @@ void CDlgUsers::editUser()
 void CDlgUsers::editRights()
 {
     CTblUsers user;
-    if (CheckModifySecurity() && loadSelected(user))
+    // Whoever hands out rights could hand them to themselves.
+    if (CheckModifySecurity() && loadSelected(user) && mayTouch(true))
         CDlgUserRights(user.m_iID, this).exec();
 }
 
 void CDlgUsers::toggleActive()
 {
     CTblUsers user;
-    if (!CheckModifySecurity() || !loadSelected(user))
+    if (!CheckModifySecurity() || !loadSelected(user) || !mayTouch(user.m_bAdmin != 0))
         return;
     const bool deactivates = user.m_iStatus == statusActive;
     if (deactivates && user.m_iID == GetDBSetting()->GetUserID()) {

@@ -29,6 +29,8 @@ protected:
 
 private:
     void addUser();
+    // An administrator's account and everybody's rights are for administrators alone; tells a refusal.
+    bool mayTouch(bool needsAdmin);
     void editUser();
     void editRights();
     void toggleActive();

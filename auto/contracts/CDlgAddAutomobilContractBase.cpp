@@ -134,6 +134,7 @@ void CDlgAddAutomobilContractBase::build()
     auto *scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(content);
     auto *page = new QVBoxLayout(this);
     page->setContentsMargins(0, 0, 0, 0);
@@ -279,6 +280,8 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
         const QSignalBlocker second(m_form->comboBox(ContractPartySide::second().kind));
         m_form->load(contract);
     }
+    if (contract.m_iDocNum == 0)
+        m_form->edit(column("iDocNum"))->clear();
     m_first->fill(contract);
     m_second->fill(contract);
     for (const auto &[field, name] : std::as_const(m_figureColumns))

@@ -196,14 +196,15 @@ bool CDlgAutomobilContractSetting::OnOK()
     const QList<KEdit *> fields = findChildren<KEdit *>();
     for (KEdit *field : fields) {
         if (!field->isReadOnly() && field->isVisibleTo(this) && !field->isEntryValid())
-            return warn(field->entryError(), field);
+            return warn(field->accessibleName() + u' ' + field->entryError(), field);
     }
     const ContractSettings settings = shownSettings();
     switch (settings.check()) {
     case ContractSettings::Problem::SecondTierBelowFirst:
         return warn(QStringLiteral("لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید."), m_tiers[1].ceiling);
     case ContractSettings::Problem::ThirdTierBelowOthers:
-        return warn(QStringLiteral("لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید."), m_tiers[thirdTier].ceiling);
+        return warn(QStringLiteral("لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید."),
+                    settings.tiers.thirdInUse ? static_cast<QWidget *>(m_tiers[thirdTier].ceiling) : m_thirdInUse);
     case ContractSettings::Problem::None:
         break;
     }
@@ -211,10 +212,9 @@ bool CDlgAutomobilContractSetting::OnOK()
     return true;
 }
 
-bool CDlgAutomobilContractSetting::warn(const QString &text, KEdit *field)
+bool CDlgAutomobilContractSetting::warn(const QString &text, QWidget *field)
 {
     g_pDlgWarning->Show(text, this);
-    field->setFocus();
-    field->selectAll();
+    field->setFocus(Qt::TabFocusReason);
     return false;
 }

@@ -42,7 +42,7 @@ private:
     ContractSettings shownSettings() const;
     void showNextLowerBound(std::size_t tier);
     void showThirdTier(bool shown);
-    bool warn(const QString &text, KEdit *field);
+    bool warn(const QString &text, QWidget *field);
 
     KEdit *m_taxPercent = nullptr;
     KEdit *m_dutyPercent = nullptr;

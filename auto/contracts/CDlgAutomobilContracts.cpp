@@ -237,7 +237,7 @@ void CDlgAutomobilContracts::addContract()
     if (key == 0)
         return;
     refill();
-    list()->selectKey(key);
+    selectListed(key);
 }
 
 void CDlgAutomobilContracts::editContract()

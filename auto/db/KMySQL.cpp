@@ -361,6 +361,7 @@ void KMySQL::SetLimit(qint64 rows)
 
 bool KMySQL::IsRecordExist(const QString &column, qint32 value, int, const QString &extra)
 {
+    connection().verify();
     QByteArray statement = selectColumns() + " WHERE " + column.toUtf8() + '=' + QByteArray::number(value);
     if (!extra.isEmpty())
         statement += ' ' + extra.toUtf8();

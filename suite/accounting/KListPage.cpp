@@ -9,16 +9,19 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KSettings.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TabOrder.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -67,6 +70,7 @@ void KListPage::build()
     layout->addWidget(m_list, 1);
     buildCommands();
     layout->addWidget(m_commandRow);
+    tabInLayoutOrder(this);
 
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &KListPage::updateCommands);
     connect(m_list, &KExtListCtrl::columnClicked, this, &KListPage::sortBy);
@@ -95,7 +99,10 @@ void KListPage::buildFilterBox()
     auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), box);
     search->setAccessibleName(search->text());
     search->setAutoDefault(true);
-    connect(search, &QPushButton::clicked, this, [this] { guarded([&] { refill(); }); });
+    connect(search, &QPushButton::clicked, this, [this] {
+        if (checkFilter())
+            guarded([&] { refill(); });
+    });
 
     auto *last = new QHBoxLayout;
     auto *label = new QLabel(QStringLiteral("تعداد نمايش :"), box);
@@ -241,14 +248,50 @@ void KListPage::open()
     applyMode();
     updateCommands();
     refill();
-    if (m_selectMode && m_chosenKey > 0)
-        m_list->selectKey(m_chosenKey);
+    if (m_selectMode)
+        selectListed(m_chosenKey);
+    setFocus(Qt::OtherFocusReason);
 }
 
 void KListPage::showEvent(QShowEvent *event)
 {
     KDialogTabPage::showEvent(event);
     guarded([this] { open(); });
+}
+
+// Who goes to the page means its rows. (A focus proxy would do that too, but Tab would then meet it on its way round and
+// never come to the filter again.)
+void KListPage::focusInEvent(QFocusEvent *event)
+{
+    m_list->setFocus(event->reason());
+}
+
+// Enter has searched by now; it is not also the answer to the window that holds the page.
+void KListPage::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && m_filterBox->isAncestorOf(focusWidget()))
+        event->accept();
+    else
+        KDialogTabPage::keyPressEvent(event);
+}
+
+// An entry that is no date or no row limit would be left out, and the list would show what nobody asked for.
+bool KListPage::checkFilter()
+{
+    for (QLineEdit *line : m_filterBox->findChildren<QLineEdit *>()) {
+        QString error;
+        if (const auto *edit = qobject_cast<KEdit *>(line))
+            error = edit->entryError();
+        else if (const auto *date = qobject_cast<KDateEdit *>(line))
+            error = date->entryError();
+        if (error.isEmpty())
+            continue;
+        g_pDlgWarning->Show(line->accessibleName() + u' ' + error, this);
+        line->setFocus(Qt::TabFocusReason);
+        return false;
+    }
+    return true;
 }
 
 void KListPage::readSettings()
@@ -294,11 +337,16 @@ bool KListPage::isChangeBlocked() const
 
 void KListPage::updateCommands()
 {
+    // While the rows are exchanged none is selected, and a button disabled for that moment would lose the focus.
+    if (m_exchangingRows)
+        return;
     const bool rowSelected = m_list->currentRow() >= 0;
     for (const Command &entry : m_commands) {
         const int options = entry.command.options;
-        entry.button->setEnabled(!(options & KListCommand::NotAvailable)
-                                 && (rowSelected || !(options & KListCommand::NeedsRow)));
+        const bool enabled = !(options & KListCommand::NotAvailable) && (rowSelected || !(options & KListCommand::NeedsRow));
+        if (!enabled && focusWidget() == entry.button)
+            m_list->setFocus(Qt::OtherFocusReason);
+        entry.button->setEnabled(enabled);
     }
 }
 
@@ -309,8 +357,10 @@ void KListPage::refill()
     // The rows are complete before the list gives up those it shows, so an error leaves the list as it was.
     QVector<KListModel::Row> rows = readRows(m_sort);
     m_list->setUpdatesEnabled(false);
+    m_exchangingRows = true;
     m_list->setRows(std::move(rows));
     restoreSelection(remembered);
+    m_exchangingRows = false;
     m_list->setUpdatesEnabled(true);
     updateCommands();
     updateCount();
@@ -348,6 +398,12 @@ void KListPage::restoreSelection(int rememberedRow)
     const int last = m_list->count() - 1;
     if (last >= 0)
         m_list->selectRow(qBound(0, rememberedRow, last));
+}
+
+void KListPage::selectListed(int key)
+{
+    if (m_list->listModel()->rowOfKey(key) >= 0)
+        m_list->selectKey(key);
 }
 
 void KListPage::updateCount()
@@ -492,5 +548,6 @@ void KListPage::OnClosing()
         return;
     WriteSetting(m_section, QStringLiteral("iLastCol"), m_lastColumn);
     WriteSetting(m_section, QStringLiteral("Sort"), m_sort);
-    WriteSetting(m_section, QStringLiteral("iMaxRows"), rowLimit());
+    if (m_rowLimit->isEntryValid())
+        WriteSetting(m_section, QStringLiteral("iMaxRows"), rowLimit());
 }

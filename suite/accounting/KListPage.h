@@ -151,7 +151,12 @@ protected:
     // Adds label and control to the filter grid with accessible name and buddy.
     static void addFilter(QGridLayout *grid, int row, int column, const QString &label, QWidget *control, int span = 1);
 
+    // Selects the row with that key; without such a row the selection stays.
+    void selectListed(int key);
+
     void showEvent(QShowEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void buildFilterBox();
@@ -161,6 +166,7 @@ private:
     void withReport(const std::function<void(ListReport &)> &work);
     void addShortcut(const KListCommand &command, QPushButton *button);
     void applyMode();
+    bool checkFilter();
     void readSettings();
     void updateCommands();
     void sortBy(int column);
@@ -181,6 +187,7 @@ private:
     bool m_readOnlyMode = false;
     bool m_selectMode = false;
     bool m_opened = false;
+    bool m_exchangingRows = false;
     int m_chosenKey = 0;
     int m_lastColumn = 1;
     bool m_descending = false;

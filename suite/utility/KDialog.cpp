@@ -4,6 +4,7 @@
 #include "suite/utility/KDialog.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QKeyEvent>
@@ -36,12 +37,25 @@ bool isField(const QWidget *widget)
     return !edit || !edit->isReadOnly();
 }
 
+// A scroll area follows Tab by itself, but no other way to a field.
+void scrollIntoSight(QWidget *field)
+{
+    for (QWidget *above = field->parentWidget(); above && !above->isWindow(); above = above->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(above))
+            area->ensureWidgetVisible(field);
+    }
+}
+
 }
 
 KDialog::KDialog(QWidget *parent)
     : QDialog(parent)
 {
     setLayoutDirection(Qt::RightToLeft);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && isAncestorOf(now))
+            scrollIntoSight(now);
+    });
 }
 
 KDialog::~KDialog() = default;
@@ -162,11 +176,16 @@ void KDialog::showEvent(QShowEvent *event)
 void KDialog::restoreSize()
 {
     m_sizeRestored = true;
-    if (m_settingName.isEmpty())
+    QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+    if (!m_settingName.isEmpty()) {
+        const QSize stored(ReadSetting(m_settingName, QStringLiteral("iWidth"), 0),
+                           ReadSetting(m_settingName, QStringLiteral("iHeight"), 0));
+        if (stored.width() > 0 && stored.height() > 0)
+            wanted = stored;
+    }
+    // The buttons at the lower edge stay in sight on a small screen; the frame takes some of it too.
+    constexpr int frameHeight = 40;
+    if (wanted.isEmpty())
         return;
-    const QSize stored(ReadSetting(m_settingName, QStringLiteral("iWidth"), 0),
-                       ReadSetting(m_settingName, QStringLiteral("iHeight"), 0));
-    if (stored.width() <= 0 || stored.height() <= 0)
-        return;
-    resize(stored.boundedTo(screen()->availableSize()));
+    resize(wanted.boundedTo(screen()->availableSize() - QSize(0, frameHeight)));
 }

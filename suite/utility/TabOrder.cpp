@@ -13,6 +13,15 @@ namespace {
 
 void collect(const QLayout *layout, QList<QWidget *> &controls);
 
+// What Tab meets inside a control (a date's own check box) comes right behind it.
+void appendParts(const QWidget *control, QList<QWidget *> &controls)
+{
+    for (QWidget *part : control->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (!part->isWindow() && (part->focusPolicy() & Qt::TabFocus) && !part->focusProxy())
+            controls.append(part);
+    }
+}
+
 void collect(QLayoutItem *item, QList<QWidget *> &controls)
 {
     if (const QLayout *inner = item->layout()) {
@@ -21,10 +30,14 @@ void collect(QLayoutItem *item, QList<QWidget *> &controls)
         // A control that hands its focus to a part of its own goes along with its parts: left behind, it would still be
         // met by Tab and send the focus back to that part.
         const QWidget *proxy = widget->focusProxy();
-        if ((widget->focusPolicy() & Qt::TabFocus) || (proxy && widget->isAncestorOf(proxy)))
+        if (widget->focusPolicy() & Qt::TabFocus) {
             controls.append(widget);
-        else if (widget->layout())
+            appendParts(widget, controls);
+        } else if (proxy && widget->isAncestorOf(proxy)) {
+            controls.append(widget);
+        } else if (widget->layout()) {
             collect(widget->layout(), controls);
+        }
     }
 }
 

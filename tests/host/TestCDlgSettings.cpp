@@ -26,6 +26,7 @@ private Q_SLOTS:
     void refused_data();
     void refused();
     void cancelChangesNothing();
+    void anotherFiscalYearOpensOnItsFirstDay();
     void ofAClosedDatabaseOnlyTheMarkCanBeChanged();
 
 private:
@@ -126,6 +127,13 @@ void TestCDlgSettings::cancelChangesNothing()
     settings.dialog.reject();
     QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("ریال"));
     QVERIFY(!GetDBSetting()->IsClosedDB());
+}
+
+void TestCDlgSettings::anotherFiscalYearOpensOnItsFirstDay()
+{
+    Settings settings;
+    settings.year->setText(QStringLiteral("1406"));
+    QCOMPARE(settings.opening->text(), QStringLiteral("1406/01/01"));
 }
 
 void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void listShowsEverybodyWithState();
     void namesAreSearchedAndInactiveOnesLeftOut();
     void withoutTheRightThePageIsRefused();
+    void nobodyMakesThemselvesAdministrator();
     void readersChangeNothing();
     void closedDatabaseHidesTheCommands();
     void newUserIsAdded();
@@ -112,6 +113,28 @@ void TestCDlgUsers::withoutTheRightThePageIsRefused()
     CDlgUsers page;
     QVERIFY(!page.OnAccess());
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Users"), KSecurity::Access)});
+}
+
+void TestCDlgUsers::nobodyMakesThemselvesAdministrator()
+{
+    KSecurity::setRights(m_clerk, QStringLiteral("Users"), KSecurity::allRights);
+    GetDBSetting()->Login(m_clerk);
+    CDlgUsers page;
+    page.open();
+    const QStringList refusal{QStringLiteral("این کار فقط برای مدیر برنامه مجاز است.")};
+    // Rights, also their own, and an administrator's account.
+    page.list()->selectKey(m_clerk);
+    QVERIFY(page.runCommand(QStringLiteral("دسترسی‌ها")));
+    QCOMPARE(g_pDlgWarning->takeShown(), refusal);
+    page.list()->selectKey(m_office.admin);
+    for (const QString &caption : {QStringLiteral("ویرایش"), toggle}) {
+        QVERIFY2(page.runCommand(caption), qPrintable(caption));
+        QCOMPARE(g_pDlgWarning->takeShown(), refusal);
+    }
+    CDlgAddUser own(m_clerk);
+    for (const QCheckBox *box : own.findChildren<QCheckBox *>())
+        QCOMPARE(box->isEnabled(), box->text() == QStringLiteral("فعال"));
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Users WHERE bAdmin=1 AND iStatus=0")), QStringLiteral("1"));
 }
 
 void TestCDlgUsers::readersChangeNothing()

@@ -190,6 +190,7 @@ void TestCDlgAutomobilContractSetting::secondTierBelowTheFirstIsRefused()
     dialog.accept();
     QVERIFY(dialog.isVisible());
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList(QStringLiteral("لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید.")));
+    QCOMPARE(dialog.focusWidget(), field(dialog, toText, tier(2)));
     QCOMPARE(count(), QStringLiteral("0"));
 }
 
@@ -203,16 +204,23 @@ void TestCDlgAutomobilContractSetting::thirdTierBelowTheOthersIsRefusedAlsoWhenI
     QVERIFY(dialog.isVisible());
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList(QStringLiteral("لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید.")));
     QCOMPARE(count(), QStringLiteral("0"));
+    // The amount is out of sight; the box brings it back.
+    QCOMPARE(dialog.focusWidget(), button<QCheckBox>(dialog, fromText));
+    button<QCheckBox>(dialog, fromText)->setChecked(true);
+    dialog.accept();
+    QCOMPARE(dialog.focusWidget(), field(dialog, toText, tier(3)));
 }
 
 void TestCDlgAutomobilContractSetting::percentageAboveHundredIsRefused()
 {
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    field(dialog, QStringLiteral("ماليات :"))->setText(QStringLiteral("101"));
+    KEdit *tax = field(dialog, QStringLiteral("ماليات :"));
+    tax->setText(QStringLiteral("101"));
     dialog.accept();
     QVERIFY(dialog.isVisible());
-    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(QStringLiteral("ماليات : مقدار باید بین 0 و 100 باشد.")));
+    QCOMPARE(dialog.focusWidget(), tax);
     QCOMPARE(count(), QStringLiteral("0"));
 }
 

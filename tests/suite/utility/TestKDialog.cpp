@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
@@ -86,6 +87,7 @@ private Q_SLOTS:
     void buttonsCarryTheirCaptions();
     void enterGoesFromFieldToField();
     void enterOnTheLastFieldAccepts();
+    void fieldThatGetsTheFocusIsScrolledIntoSight();
     void enterOnTheLastFieldWithoutOkStays();
     void enterOnAButtonPressesIt();
     void enterInALongTextIsALine();
@@ -97,6 +99,7 @@ private Q_SLOTS:
     void sizeIsRemembered();
     void sizeOfAnotherNameIsNotTaken();
     void storedSizeBeyondTheScreenIsCut();
+    void firstSizeBeyondTheScreenIsCut();
     void nothingIsKeptWithoutAName();
 
 private:
@@ -145,6 +148,33 @@ void TestKDialog::enterOnTheLastFieldAccepts()
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QVERIFY(!dialog.isVisible());
     QCOMPARE(dialog.cancelCount, 0);
+}
+
+// On a small screen: a page that scrolls shows the field that Enter goes to, or that a refusal sends the user to.
+void TestKDialog::fieldThatGetsTheFocusIsScrolledIntoSight()
+{
+    KDialog dialog;
+    QScrollArea area(&dialog);
+    area.resize(200, 100);
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    QList<QLineEdit *> fields;
+    for (int i = 0; i < 30; ++i) {
+        fields.append(new QLineEdit);
+        layout->addWidget(fields.last());
+    }
+    area.setWidget(page);
+    showActive(dialog);
+    const auto inSight = [&area](const QWidget *field) {
+        return area.viewport()->rect().contains(QRect(field->mapTo(area.viewport(), QPoint()), field->size()));
+    };
+    fields.first()->setFocus();
+    for (int i = 1; i < 10; ++i)
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    QCOMPARE(dialog.focusWidget(), fields[9]);
+    QVERIFY(inSight(fields[9]));
+    fields.last()->setFocus(Qt::OtherFocusReason);
+    QVERIFY(inSight(fields.last()));
 }
 
 void TestKDialog::enterOnTheLastFieldWithoutOkStays()
@@ -273,7 +303,18 @@ void TestKDialog::storedSizeBeyondTheScreenIsCut()
     SampleDialog dialog;
     dialog.SetSettingName(QStringLiteral("Huge"));
     dialog.show();
-    QCOMPARE(dialog.size(), dialog.screen()->availableSize());
+    QCOMPARE(dialog.width(), dialog.screen()->availableSize().width());
+    QVERIFY(dialog.height() < dialog.screen()->availableSize().height());
+    QVERIFY(dialog.height() > dialog.screen()->availableSize().height() - 60);
+}
+
+void TestKDialog::firstSizeBeyondTheScreenIsCut()
+{
+    SampleDialog dialog;
+    dialog.resize(5000, 5000);
+    dialog.show();
+    QVERIFY(dialog.width() <= dialog.screen()->availableSize().width());
+    QVERIFY(dialog.height() < dialog.screen()->availableSize().height());
 }
 
 void TestKDialog::nothingIsKeptWithoutAName()

@@ -1,0 +1,464 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAddAutomobilContract.h"
+#include "auto/contracts/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/KSettings.h"
+#include "tests/office/TestOffice.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+using Contract = CTblAutomobilContracts;
+using Editor = CDlgAddAutomobilContract;
+
+const QString section = QStringLiteral("AutomobilContracts");
+
+KEdit *rowLimit(const QWidget &page)
+{
+    for (KEdit *edit : page.findChildren<KEdit *>()) {
+        if (edit->accessibleName() == QStringLiteral("تعداد نمايش :"))
+            return edit;
+    }
+    return nullptr;
+}
+
+QPushButton *searchButton(const QWidget &page)
+{
+    for (QPushButton *button : page.findChildren<QPushButton *>()) {
+        if (button->text() == QStringLiteral("جستجو"))
+            return button;
+    }
+    return nullptr;
+}
+
+}
+
+// The contract list as its users work in it all day: keys, focus, what each command leaves behind.
+class TestContractListAtWork : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<QWidget> m_window;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+
+    int addNamed(const QString &explanation, const std::function<void(Contract &)> &set = {})
+    {
+        return m_office->addContract([&](Contract &contract) {
+            contract.m_sExplain = explanation;
+            contract.m_sName1 = QStringLiteral("a");
+            contract.m_sName2 = QStringLiteral("b");
+            contract.m_dAmount = 5;
+            if (set)
+                set(contract);
+        });
+    }
+
+    CDlgAutomobilContracts &shownPage()
+    {
+        m_window = std::make_unique<QWidget>();
+        auto *page = new CDlgAutomobilContracts(m_window.get());
+        auto *layout = new QVBoxLayout(m_window.get());
+        layout->addWidget(page);
+        m_window->show();
+        page->setFocus();
+        m_window->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_window.get()))
+            qFatal("the page did not become active");
+        return *page;
+    }
+
+    // Fills in and confirms the editor that comes up, with that explanation.
+    static void whenEditor(const QString &explanation)
+    {
+        TestOffice::whenModal("CDlgAddAutomobilContract", [explanation](QWidget *window) {
+            auto &editor = static_cast<Editor &>(*window);
+            for (ContractPartyGroup *party : {editor.basePage()->firstParty(), editor.basePage()->secondParty()}) {
+                party->setKind(PartyKind::Other);
+                party->personField()->nameEdit()->setText(party->title());
+            }
+            KForm *form = editor.basePage()->form();
+            form->edit(QStringLiteral("dAmount"))->setText(QStringLiteral("700"));
+            form->edit(QStringLiteral("sExplain"))->setText(explanation);
+            editor.accept();
+            if (editor.isVisible()) {
+                QTest::qFail(qPrintable(g_pDlgWarning->takeShown().join(u'|')), __FILE__, __LINE__);
+                editor.reject();
+            }
+        });
+    }
+
+    static void whenEditorCancels(QString *title = nullptr)
+    {
+        TestOffice::whenModal("CDlgAddAutomobilContract", [title](QWidget *window) {
+            if (title)
+                *title = window->windowTitle();
+            static_cast<QDialog *>(window)->reject();
+        });
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+    void init() { m_office->clear(); }
+    void cleanup() { m_window.reset(); }
+
+    // --- What the commands leave behind ---
+
+    void newContractIsListedAndSelected()
+    {
+        addNamed(QStringLiteral("old"));
+        auto &page = shownPage();
+        whenEditor(QStringLiteral("new"));
+        QTest::keyClick(page.list(), Qt::Key_Insert);
+        QCOMPARE(page.list()->count(), 2);
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), 5), QStringLiteral("new"));
+        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
+    }
+
+    void newContractThatTheFilterLeavesOutKeepsTheSelectionWhereItWas()
+    {
+        const int first = addNamed(QStringLiteral("first"));
+        addNamed(QStringLiteral("second"));
+        auto &page = shownPage();
+        page.explanationFilter()->setText(QStringLiteral("s"));
+        page.refill();
+        page.list()->selectKey(first);
+        whenEditor(QStringLiteral("new"));
+        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QCOMPARE(page.list()->count(), 2);
+        QCOMPARE(page.list()->currentKey(), first);
+    }
+
+    void cancelledNewContractLeavesTheListAlone()
+    {
+        addNamed(QStringLiteral("old"));
+        auto &page = shownPage();
+        whenEditorCancels();
+        QTest::keyClick(page.list(), Qt::Key_Insert);
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+    }
+
+    void editedContractIsReadAgainAndStaysSelected()
+    {
+        addNamed(QStringLiteral("first"));
+        const int second = addNamed(QStringLiteral("second"));
+        auto &page = shownPage();
+        page.list()->selectKey(second);
+        whenEditor(QStringLiteral("changed"));
+        QTest::keyClick(page.list(), Qt::Key_F2);
+        QCOMPARE(page.list()->currentKey(), second);
+        QCOMPARE(page.list()->cellText(1, 5), QStringLiteral("changed"));
+    }
+
+    void contractMadeVoidLeavesTheList()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        TestOffice::whenModal("CDlgAddAutomobilContract", [](QWidget *window) {
+            static_cast<Editor *>(window)->activeBox()->setChecked(false);
+            static_cast<Editor *>(window)->accept();
+        });
+        QVERIFY(page.runCommand(QStringLiteral("ويرايش")));
+        QCOMPARE(page.list()->count(), 0);
+        QVERIFY(!page.button(QStringLiteral("ويرايش"))->isEnabled());
+    }
+
+    void contractTakenOutOfTheArchiveIsListedAtOnce()
+    {
+        addNamed(QStringLiteral("a"), [this](Contract &c) { c.m_iArchiveUserID = m_office->adminID(); });
+        auto &page = shownPage();
+        page.archiveFilter()->setCurrentIndex(2);
+        page.refill();
+        QCOMPARE(page.list()->count(), 1);
+        TestOffice::whenModal("CDlgAddAutomobilContract",
+                              [](QWidget *window) { static_cast<Editor *>(window)->unarchiveButton()->click(); });
+        QTest::keyClick(page.list(), Qt::Key_Return);
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    void enterOnARowShowsItAndADoubleClickBesideTheRowsBeginsANewOne()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        QString title;
+        whenEditorCancels(&title);
+        QTest::keyClick(page.list(), Qt::Key_Return);
+        QCOMPARE(title, QStringLiteral("قرارداد مبایعه نامه - نمایش"));
+        whenEditorCancels(&title);
+        QTest::mouseDClick(page.list()->viewport(), Qt::LeftButton, {}, page.list()->viewport()->rect().bottomRight() - QPoint(5, 5));
+        QCOMPARE(title, QStringLiteral("قرارداد مبایعه نامه- جدید"));
+    }
+
+    void doubleClickNeedsTheRightToRead()
+    {
+        addNamed(QStringLiteral("a"));
+        m_office->logInAs(QStringLiteral("clerk"), section, KSecurity::allRights & ~KSecurity::Read);
+        auto &page = shownPage();
+        QTest::keyClick(page.list(), Qt::Key_Return);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(section, KSecurity::Read)});
+    }
+
+    void settingsOpenFromTheList()
+    {
+        auto &page = shownPage();
+        bool opened = false;
+        TestOffice::whenModal("CDlgAutomobilContractSetting", [&opened](QWidget *window) {
+            opened = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(QStringLiteral("تنظيمات")));
+        QVERIFY(opened);
+    }
+
+    // --- Keys and focus ---
+
+    void listHasTheFocusAtFirstAndFindGoesToTheFilter()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        QCOMPARE(page.focusWidget(), page.list());
+        QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(page.focusWidget(), page.descriptionFilter());
+    }
+
+    void tabGoesThroughTheFilterTheRowsAndTheCommandsAndRoundAgain()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        page.sellerFilter()->setFocus();
+        QStringList met;
+        const QWidget *start = page.focusWidget();
+        do {
+            const auto *button = qobject_cast<QAbstractButton *>(page.focusWidget());
+            const QString name = page.focusWidget()->accessibleName();
+            met << (button && name.isEmpty() ? button->text() : name);
+            QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
+        } while (page.focusWidget() != start && met.size() < 60);
+        // A date's second stop is its check box.
+        QCOMPARE(met, (QStringList{
+                          QStringLiteral("فروشنده :"), QStringLiteral("فروشنده : ..."), QStringLiteral("وضعيت بايگاني :"),
+                          QStringLiteral("تاريخ عقد از :"), QStringLiteral("تاريخ عقد از :"), QStringLiteral("تاريخ عقد تا :"),
+                          QStringLiteral("تاريخ عقد تا :"), QStringLiteral("خريدار :"), QStringLiteral("خريدار : ..."),
+                          QStringLiteral("برگشتي :"), QStringLiteral("تاريخ انقضاء از :"), QStringLiteral("تاريخ انقضاء از :"),
+                          QStringLiteral("تاريخ انقضاء تا :"), QStringLiteral("تاريخ انقضاء تا :"), QStringLiteral("توضيحات :"),
+                          QStringLiteral("شرح قرارداد :"), QStringLiteral("نمايش غير فعال ها"), QStringLiteral("تعداد نمايش :"),
+                          QStringLiteral("جستجو"), QStringLiteral("قرارداد"), QStringLiteral("جديد"), QStringLiteral("ويرايش"),
+                          QStringLiteral("حذف"), QStringLiteral("نمايش"), QStringLiteral("بايگاني شد"),
+                          QStringLiteral("تسويه با فروشنده"), QStringLiteral("تسويه با خريدار"), QStringLiteral("تنظيمات")}));
+    }
+
+    void deleteKeyDeletesOnTheListAndACharacterInAnEntry()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        page.descriptionFilter()->setText(QStringLiteral("xy"));
+        page.descriptionFilter()->setFocus();
+        page.descriptionFilter()->setCursorPosition(0);
+        QTest::keyClick(page.descriptionFilter(), Qt::Key_Delete);
+        QCOMPARE(page.descriptionFilter()->text(), QStringLiteral("y"));
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        page.list()->setFocus();
+        QTest::keyClick(page.list(), Qt::Key_Delete);
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    void enterInAFilterSearches()
+    {
+        addNamed(QStringLiteral("one"));
+        addNamed(QStringLiteral("two"));
+        auto &page = shownPage();
+        page.explanationFilter()->setFocus();
+        QTest::keyClicks(page.explanationFilter(), QStringLiteral("tw"));
+        QTest::keyClick(page.explanationFilter(), Qt::Key_Return);
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(page.focusWidget(), page.explanationFilter());
+    }
+
+    void commandKeepsTheFocusOnItsButtonWhenTheListWasReadAgain()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        QPushButton *edit = page.button(QStringLiteral("ويرايش"));
+        edit->setFocus();
+        whenEditor(QStringLiteral("b"));
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(page.list()->cellText(0, 5), QStringLiteral("b"));
+        QCOMPARE(page.focusWidget(), edit);
+    }
+
+    void deleteOfTheLastRowLeavesTheFocusOnTheList()
+    {
+        addNamed(QStringLiteral("a"));
+        addNamed(QStringLiteral("b"));
+        auto &page = shownPage();
+        QPushButton *button = page.button(QStringLiteral("حذف"));
+        button->setFocus();
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        QTest::keyClick(button, Qt::Key_Return);
+        QCOMPARE(page.focusWidget(), button);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        QTest::keyClick(button, Qt::Key_Return);
+        QCOMPARE(page.list()->count(), 0);
+        QCOMPARE(page.focusWidget(), page.list());
+    }
+
+    // --- Entries of the filter ---
+
+    void filterEntryThatIsNoneIsRefusedAndTheListStays()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        page.contractFromFilter()->setText(QStringLiteral("1405/13/40"));
+        searchButton(page)->click();
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("تاريخ عقد از : تاریخ نادرست است. نمونه : 1405/08/29")});
+        QCOMPARE(page.focusWidget(), page.contractFromFilter());
+        QCOMPARE(page.list()->count(), 1);
+        page.contractFromFilter()->setChecked(false);
+        searchButton(page)->click();
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void rowLimitOutOfRangeIsRefusedAndNotKept_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("0") << QStringLiteral("0");
+        QTest::newRow("10001") << QStringLiteral("10001");
+    }
+
+    void rowLimitOutOfRangeIsRefusedAndNotKept()
+    {
+        QFETCH(QString, typed);
+        WriteSetting(section, QStringLiteral("iMaxRows"), 40);
+        auto &page = shownPage();
+        rowLimit(page)->setText(typed);
+        searchButton(page)->click();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تعداد نمايش : مقدار باید بین 1 و 10000 باشد.")});
+        QCOMPARE(page.focusWidget(), rowLimit(page));
+        page.OnClosing();
+        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 40);
+    }
+
+    void filterControlsBeginAsTheyShould()
+    {
+        auto &page = shownPage();
+        for (const KDateEdit *date : {page.contractFromFilter(), page.contractToFilter(), page.expirationFromFilter(),
+                                      page.expirationToFilter()}) {
+            QVERIFY(date->isCheckable());
+            QVERIFY(!date->isChecked());
+        }
+        QCOMPARE(page.archiveFilter()->currentText(), QStringLiteral("بایگانی نشده"));
+        QCOMPARE(page.returnFilter()->currentText(), QStringLiteral("برگشت نشده"));
+        QCOMPARE(page.typeFilter()->currentText(), QStringLiteral("همه"));
+        QVERIFY(page.typeFilter()->isHidden());
+        QVERIFY(!page.inactiveFilter()->isChecked());
+        QCOMPARE(page.rowLimit(), 1000);
+        QCOMPARE(page.descriptionFilter()->maxLength(), 50);
+        QCOMPARE(page.explanationFilter()->maxLength(), 250);
+        QVERIFY(page.button(QStringLiteral("پيش فرض"))->isHidden());
+        QStringList types;
+        for (int i = 0; i < page.typeFilter()->count(); ++i)
+            types << page.typeFilter()->itemText(i);
+        QCOMPARE(types, (QStringList{QStringLiteral("همه"), QStringLiteral("مبایعه نامه"), QStringLiteral("قرارداد اجاره"),
+                                     QStringLiteral("فروش اقساطی"), QStringLiteral("قرارداد نامه")}));
+        QStringList archive;
+        for (int i = 0; i < page.archiveFilter()->count(); ++i)
+            archive << page.archiveFilter()->itemText(i);
+        QCOMPARE(archive, (QStringList{QStringLiteral("همه"), QStringLiteral("بایگانی نشده"), QStringLiteral("بایگانی شده"),
+                                       QStringLiteral("بایگانی شده دیگران")}));
+        QStringList returned;
+        for (int i = 0; i < page.returnFilter()->count(); ++i)
+            returned << page.returnFilter()->itemText(i);
+        QCOMPARE(returned,
+                 (QStringList{QStringLiteral("همه"), QStringLiteral("برگشت نشده"), QStringLiteral("برگشت شده")}));
+    }
+
+    void personIsPickedIntoTheFilterAndClearedAgain()
+    {
+        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        auto &page = shownPage();
+        QPushButton *clear = nullptr;
+        QPushButton *pick = nullptr;
+        for (QPushButton *button : page.sellerFilter()->findChildren<QPushButton *>()) {
+            QCOMPARE(button->text(), QStringLiteral("..."));
+            (button->accessibleName().endsWith(QStringLiteral("حذف")) ? clear : pick) = button;
+        }
+        QVERIFY(pick && clear && !clear->isEnabled());
+        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        pick->click();
+        QCOMPARE(page.criteria().firstPersonID, person);
+        QCOMPARE(page.sellerFilter()->name(), QStringLiteral("سارا کریمی"));
+        QVERIFY(page.sellerFilter()->nameEdit()->isReadOnly());
+        QVERIFY(clear->isEnabled());
+        clear->setFocus();
+        clear->click();
+        QCOMPARE(page.criteria().firstPersonID, 0);
+        QVERIFY(!clear->isEnabled());
+        QCOMPARE(page.focusWidget(), page.sellerFilter()->nameEdit());
+    }
+
+    // --- Select mode ---
+
+    void preselectedContractThatIsNotListedLeavesTheFirstRowSelected()
+    {
+        const int listed = addNamed(QStringLiteral("a"));
+        const int unlisted = addNamed(QStringLiteral("b"), [](Contract &c) { c.m_iStatus = 1; });
+        CDlgAutomobilContracts page;
+        page.setSelectMode(true, unlisted);
+        page.open();
+        QCOMPARE(page.list()->currentKey(), listed);
+    }
+
+    void enterInAFilterOfTheHoldingWindowSearchesAndPicksNothing()
+    {
+        addNamed(QStringLiteral("one"));
+        addNamed(QStringLiteral("two"));
+        auto *page = new CDlgAutomobilContracts;
+        page->setSelectMode(true);
+        KDialogHolder holder(page);
+        TestOffice::whenModal("KDialogHolder", [page](QWidget *window) {
+            page->explanationFilter()->setFocus();
+            QTest::keyClicks(page->explanationFilter(), QStringLiteral("tw"));
+            QTest::keyClick(page->explanationFilter(), Qt::Key_Return);
+            QCOMPARE(page->list()->count(), 1);
+            QVERIFY(window->isVisible());
+            rowLimit(*page)->setFocus();
+            QTest::keyClick(rowLimit(*page), Qt::Key_Return);
+            QVERIFY(window->isVisible());
+            page->list()->setFocus();
+            QTest::keyClick(page->list(), Qt::Key_Return);
+        });
+        QCOMPARE(holder.exec(), int(QDialog::Accepted));
+        QCOMPARE(page->list()->cellText(page->list()->currentRow(), 5), QStringLiteral("two"));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestContractListAtWork>(argc, argv);
+}
+
+#include "TestContractListAtWork.moc"
