@@ -6,6 +6,7 @@
 #include "auto/WordLists.h"
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
+#include "auto/contracts/ContractPrintingDesk.h"
 #include "auto/contracts/ContractSettlement.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/KLookup.h"
@@ -38,6 +39,7 @@ KListModel::Cell dateCell(const QDateTime &date)
 
 CDlgAutomobilContracts::CDlgAutomobilContracts(QWidget *parent)
     : KListPage(QStringLiteral("قرارداد"), QStringLiteral("AutomobilContracts"), QStringLiteral("AutomobilContracts"), parent)
+    , m_printing(contractPrintingDesk(this))
 {
     build();
 }
@@ -74,7 +76,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {QStringLiteral("نمايش"), onRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
         {QStringLiteral("بايگاني شد"), onRow, [this] { archiveContract(); }, {}, QStringLiteral(":/icons/archive.svg")},
         printCommand(C::HiddenInSelect | C::StartsGroup),
-        {QStringLiteral("چاپ قرارداد "), onRow | C::NotAvailable, {}, {}, QStringLiteral(":/icons/print.svg")},
+        {QStringLiteral("چاپ قرارداد "), onRow, [this] { printContract(); }, {}, QStringLiteral(":/icons/print.svg")},
         {QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {},
          QStringLiteral(":/icons/receipt.svg")},
         {QStringLiteral("تسويه با خريدار"), onRow, [this] { settle(Side::Buyer); }, {}, QStringLiteral(":/icons/receipt.svg")},
@@ -273,6 +275,13 @@ void CDlgAutomobilContracts::archiveContract()
                         CTblAutomobilContracts::archive(static_cast<CTblAutomobilContracts &>(record).m_iCode,
                                                         GetDBSetting()->GetUserID());
                     });
+}
+
+// A printed contract shows all that the contract holds, so it asks the right to see one.
+void CDlgAutomobilContracts::printContract()
+{
+    if (list()->currentKey() > 0 && CheckReadSecurity())
+        m_printing.print(list()->currentKey());
 }
 
 void CDlgAutomobilContracts::settle(Side side)

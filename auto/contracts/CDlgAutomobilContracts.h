@@ -4,6 +4,7 @@
 #pragma once
 
 #include "auto/contracts/ContractFilter.h"
+#include "auto/contracts/ContractPrinting.h"
 #include "suite/accounting/KListPage.h"
 
 class CTblAutomobilContracts;
@@ -42,6 +43,9 @@ public:
     KEdit *explanationFilter() const { return m_explanation; }
     QCheckBox *inactiveFilter() const { return m_inactive; }
 
+    // Another desk or other places for printed contracts; the page begins with the person's own.
+    void setPrinting(ContractPrinting printing) { m_printing = std::move(printing); }
+
     // The list keeps the archive and return filters as they are.
     void resetFilter();
 
@@ -72,6 +76,7 @@ private:
     void showSelected();
     void showContract(int key);
     void archiveContract();
+    void printContract();
     void settle(Side side);
     void editSettings();
 
@@ -82,6 +87,7 @@ private:
     };
 
     QVector<Parties> m_parties;     // of the rows being read, until their names are known
+    ContractPrinting m_printing;
     int m_chosenNumber = 0;
     QString m_chosenName;
     KPersonField *m_seller = nullptr;

@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractPrinting.h"
+
+#include "auto/ModulePlatform.h"
+#include "auto/contracts/ContractMergeFields.h"
+#include "auto/contracts/KeptTemplate.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KMSWord.h"
+#include "suite/utility/Money.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QTemporaryDir>
+
+#include <array>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcPrinting, "tzauto.printing")
+
+constexpr char16_t printFolderPrefix[] = u"tzauto-contract-";
+constexpr int daysToKeep = 7;
+
+RecordValues valuesOf(KMySQL &record)
+{
+    return [&record](QStringView column) { return record.value(column); };
+}
+
+ContractMergeBatches mergeBatches(CTblAutomobilContracts &contract)
+{
+    CTblPersons first(contract.database());
+    CTblPersons second(contract.database());
+    const auto found = [](CTblPersons &person, int key) {
+        return key > 0 && person.IsRecordExist(QStringLiteral("iID"), key) ? valuesOf(person) : RecordValues();
+    };
+    return contractMergeFields({valuesOf(contract), found(first, contract.m_iPersonFirstID),
+                                found(second, contract.m_iPersonSecondID), defaultMoneyDecimals()});
+}
+
+void fill(KMSWord &word, const ContractMergeBatches &batches)
+{
+    for (const MergeBatch &batch : batches) {
+        QStringList names;
+        QStringList values;
+        for (const MergeField &field : batch) {
+            names << field.name;
+            values << field.value;
+        }
+        word.SetFieldsValue(names, values, static_cast<int>(names.size()));
+    }
+}
+
+// A folder that the program cannot take away, another user's of that name say, stays.
+void removeOldPrints(const QString &temporary)
+{
+    const QDateTime oldest = QDateTime::currentDateTime().addDays(-daysToKeep);
+    const QString pattern = QString::fromUtf16(printFolderPrefix) + u'*';
+    const auto folders = QDir(temporary).entryInfoList({pattern}, QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot);
+    for (const QFileInfo &folder : folders)
+        if (folder.lastModified() < oldest)
+            QDir(folder.filePath()).removeRecursively();
+}
+
+// Readable by this user alone; stays when the program ends, as its document may still be open. Empty: could not be made.
+QString newPrintFolder(const QString &temporary)
+{
+    QTemporaryDir folder(QDir(temporary).filePath(QString::fromUtf16(printFolderPrefix) + QStringLiteral("XXXXXX")));
+    folder.setAutoRemove(false);
+    return folder.isValid() ? folder.path() : QString();
+}
+
+}
+
+ContractPrinting::ContractPrinting(Desk desk, Places places)
+    : m_desk(std::move(desk))
+    , m_places(std::move(places))
+{
+    if (m_places.templates.isEmpty())
+        m_places.templates = defaultTemplateFolder();
+    if (m_places.temporary.isEmpty())
+        m_places.temporary = QDir::tempPath();
+}
+
+QString ContractPrinting::templateName(int contractType)
+{
+    static const std::array names = {QStringLiteral("AutoMbayh.docx"), QStringLiteral("AutoRent.docx"),
+                                     QStringLiteral("AutoInstallment.docx")};
+    const auto position = static_cast<std::size_t>(contractType);
+    return contractType >= 0 && position < names.size() ? names[position] : QString();
+}
+
+QString ContractPrinting::defaultTemplateFolder()
+{
+    return QDir(ModulePlatform::moduleFolder()).filePath(QStringLiteral("AutomobileDocx"));
+}
+
+bool ContractPrinting::print(int contractID)
+{
+    CTblAutomobilContracts contract;
+    if (contractID <= 0 || !contract.IsRecordExist(QStringLiteral("iID"), contractID))
+        return false;
+    const QString name = templateName(contract.m_iContractType);
+    const QString path = name.isEmpty() ? QString() : QDir(m_places.templates).filePath(name);
+    if (!path.isEmpty() && QFileInfo(path).isFile())
+        return fillAndOpen(contract, path, false);
+    m_desk.warn(Trouble::TemplateMissing);
+    const QString chosen = m_desk.chooseTemplate();
+    return !chosen.isEmpty() && fillAndOpen(contract, chosen, true);
+}
+
+bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QString &path, bool chosen)
+{
+    const QString name = templateName(contract.m_iContractType);
+    KeptTemplate kept;
+    if (chosen && !kept.stage(path, m_places.templates, name))
+        return false;
+
+    KMSWord word;
+    word.SetVisible(0);
+    if (!word.Init()) {
+        qCWarning(lcPrinting) << word.Failure();
+        m_desk.warn(Trouble::ProcessorMissing);
+        return false;
+    }
+    if (!word.OpenDocument(path, 1)) {
+        qCWarning(lcPrinting) << path << word.Failure();
+        m_desk.warn(Trouble::TemplateUnreadable);
+        return false;
+    }
+    if (!kept.commit())
+        return false;
+
+    fill(word, mergeBatches(contract));
+    removeOldPrints(m_places.temporary);
+    const QString folder = newPrintFolder(m_places.temporary);
+    // A letter is saved into the folder as such, which gives it the name of the file it was made from.
+    if (folder.isEmpty() || !word.SaveAs(name.isEmpty() ? folder : QDir(folder).filePath(name))) {
+        qCWarning(lcPrinting) << "cannot save into" << m_places.temporary << word.Failure();
+        m_desk.warn(Trouble::NotSaved);
+        return false;
+    }
+    const QString saved = word.FullName();
+    word.Close();
+    word.Quit();
+    if (m_desk.open(saved))
+        return true;
+    m_desk.warn(Trouble::NotOpened);
+    return false;
+}

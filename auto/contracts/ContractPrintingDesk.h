@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/ContractPrinting.h"
+
+class QWidget;
+
+// The desk of a window: warnings and the choice of a template over it, the finished document in the desktop's own program.
+ContractPrinting::Desk contractPrintingDesk(QWidget *parent);
