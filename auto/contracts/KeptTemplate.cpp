@@ -36,7 +36,7 @@ bool KeptTemplate::stage(const QString &path, const QString &folder, const QStri
     for (const QString &name : std::as_const(names)) {
         const QString target = QDir(folder).filePath(name);
         // Of a file that is chosen from the folder itself there is nothing to copy.
-        if (QFileInfo(target) == QFileInfo(path))
+        if (QFileInfo::exists(target) && QFileInfo(target) == QFileInfo(path))
             continue;
         m_copies.push_back(std::make_unique<QSaveFile>(target));
         if (!copyInto(path, *m_copies.back()))

@@ -1,0 +1,454 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractPrinting.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/utility/KMSWord.h"
+#include "tests/auto/contracts/DocxParts.h"
+#include "tests/auto/contracts/PrintedContracts.h"
+#include "tests/support/OrdinaryRights.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+namespace {
+
+using Contract = CTblAutomobilContracts;
+using Trouble = ContractPrinting::Trouble;
+
+const QString builtTemplates = QStringLiteral(TZ_TEMPLATES);
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+bool write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+// Every file and folder below, to see that nothing was added, with the content of the files.
+QMap<QString, QByteArray> snapshot(const QString &folder)
+{
+    QMap<QString, QByteArray> files;
+    QDirIterator all(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        const QString path = all.next();
+        files.insert(path, all.fileInfo().isDir() ? QByteArray() : contentOf(path));
+    }
+    return files;
+}
+
+}
+
+class TestContractPrinting : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QList<Trouble> m_warnings;
+    QStringList m_opened;
+    QString m_choice; // what the person answers when asked for a template
+    int m_asked = 0;
+    bool m_desktopOpens = true;
+
+    QString templates() const { return m_folder->filePath(QStringLiteral("AutomobileDocx")); }
+    QString temporary() const { return m_folder->filePath(QStringLiteral("temporary")); }
+    QString templatePath(const QString &name) const { return templates() + u'/' + name; }
+
+    bool print(int contract)
+    {
+        ContractPrinting::Desk desk;
+        desk.warn = [this](Trouble trouble) { m_warnings << trouble; };
+        desk.chooseTemplate = [this] {
+            ++m_asked;
+            return m_choice;
+        };
+        desk.open = [this](const QString &path) {
+            m_opened << path;
+            return m_desktopOpens;
+        };
+        return ContractPrinting(desk, {templates(), temporary()}).print(contract);
+    }
+
+    // The names still to be filled in the document opened last.
+    QStringList fieldsLeft() const
+    {
+        KMSWord word;
+        if (!word.Init() || !word.OpenDocument(m_opened.value(m_opened.size() - 1), 1))
+            return {QStringLiteral("unreadable")};
+        return word.GetFields().GetNames();
+    }
+
+    QString printedText() const { return shownText(readDocx(m_opened.value(m_opened.size() - 1))); }
+
+    // A form of the office's own, outside the templates' folder.
+    QString ownForm(const QString &name)
+    {
+        const QString path = m_folder->filePath(name);
+        QFile::copy(builtTemplates + QStringLiteral("/AutoRent.docx"), path);
+        return path;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void init()
+    {
+        m_office->clear();
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir().mkpath(templates()) && QDir().mkpath(temporary()));
+        for (const char *name : {"AutoMbayh.docx", "AutoRent.docx", "AutoInstallment.docx"})
+            QVERIFY(QFile::copy(builtTemplates + u'/' + QLatin1String(name), templatePath(QLatin1String(name))));
+        m_warnings.clear();
+        m_opened.clear();
+        m_choice.clear();
+        m_asked = 0;
+        m_desktopOpens = true;
+    }
+
+    void contractIsPrintedFromTheTemplateOfItsType_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("sale agreement") << 0 << QStringLiteral("AutoMbayh.docx");
+        QTest::newRow("rent") << 1 << QStringLiteral("AutoRent.docx");
+        QTest::newRow("instalment sale") << 2 << QStringLiteral("AutoInstallment.docx");
+    }
+
+    void contractIsPrintedFromTheTemplateOfItsType()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, name);
+        QVERIFY(print(PrintedContracts::add(*m_office, type)));
+        QCOMPARE(m_asked, 0);
+        QVERIFY(m_warnings.isEmpty());
+        QCOMPARE(m_opened.size(), 1);
+        const QFileInfo printed(m_opened.first());
+        QCOMPARE(printed.fileName(), name);
+        QVERIFY(printed.filePath().startsWith(temporary() + u'/'));
+        QCOMPARE(fieldsLeft(), QStringList());
+        const DocxParts parts = readDocx(printed.filePath());
+        for (const QByteArray &part : parts)
+            QVERIFY(!part.contains("MERGEFIELD"));
+        const QStringList lines = shownText(parts).split(u'\n');
+        for (const QString &value : PrintedContracts::values())
+            QVERIFY2(lines.contains(value), qPrintable(value));
+        QVERIFY(!lines.join(u'\n').contains(u'«'));
+    }
+
+    void nameOfTheTemplateByType()
+    {
+        QCOMPARE(ContractPrinting::templateName(0), QStringLiteral("AutoMbayh.docx"));
+        QCOMPARE(ContractPrinting::templateName(1), QStringLiteral("AutoRent.docx"));
+        QCOMPARE(ContractPrinting::templateName(2), QStringLiteral("AutoInstallment.docx"));
+        QCOMPARE(ContractPrinting::templateName(3), QString());
+        QCOMPARE(ContractPrinting::templateName(-1), QString());
+    }
+
+    void printedContractCannotBeReadByOtherUsers()
+    {
+        QVERIFY(print(PrintedContracts::add(*m_office, 0)));
+        const QFileInfo folder(QFileInfo(m_opened.first()).path());
+        QVERIFY(folder.filePath() != temporary());
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+        QVERIFY(!(folder.permissions() & others));
+    }
+
+    void contractThatIsGoneDoesNothing()
+    {
+        const auto before = snapshot(m_folder->path());
+        QVERIFY(!print(4711));
+        QVERIFY(!print(0));
+        QVERIFY(m_warnings.isEmpty());
+        QCOMPARE(m_asked, 0);
+        QCOMPARE(snapshot(m_folder->path()), before);
+    }
+
+    void printingChangesNoData()
+    {
+        const int contract = PrintedContracts::add(*m_office, 0);
+        const auto checksums = [this] {
+            return m_office->database().value(QStringLiteral("CHECKSUM TABLE AutomobilContracts"))
+                + m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Documents"))
+                + m_office->database().value(QStringLiteral("SELECT GROUP_CONCAT(iID, sName2) FROM Persons"));
+        };
+        const QString before = checksums();
+        QVERIFY(print(contract));
+        QCOMPARE(checksums(), before);
+    }
+
+    void missingTemplateAsksForAFileOnceAndThenNoLonger_data()
+    {
+        QTest::addColumn<QString>("fileName");
+        QTest::newRow("a file of the template's name") << QStringLiteral("AutoMbayh.docx");
+        QTest::newRow("a file of another name") << QStringLiteral("فرم ما.docx");
+    }
+
+    void missingTemplateAsksForAFileOnceAndThenNoLonger()
+    {
+        QFETCH(QString, fileName);
+        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        m_choice = ownForm(fileName);
+        const int contract = PrintedContracts::add(*m_office, 0);
+        QVERIFY(print(contract));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateMissing});
+        QCOMPARE(m_asked, 1);
+        // Under its own name, and under the one that the next print looks for.
+        QCOMPARE(contentOf(templatePath(fileName)), contentOf(m_choice));
+        QCOMPARE(QFileInfo(m_opened.first()).fileName(), QStringLiteral("AutoMbayh.docx"));
+        QVERIFY(print(contract));
+        QCOMPARE(m_asked, 1);
+        QCOMPARE(m_warnings.size(), 1);
+        QCOMPARE(fieldsLeft(), QStringList());
+    }
+
+    void missingFolderOfTemplatesIsMade()
+    {
+        QVERIFY(QDir(templates()).removeRecursively());
+        m_choice = ownForm(QStringLiteral("AutoMbayh.docx"));
+        QVERIFY(print(PrintedContracts::add(*m_office, 0)));
+        QVERIFY(QFile::exists(templatePath(QStringLiteral("AutoMbayh.docx"))));
+    }
+
+    void chosenFileOverwritesOneOfItsName()
+    {
+        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        QVERIFY(write(templatePath(QStringLiteral("form.docx")), "old"));
+        m_choice = ownForm(QStringLiteral("form.docx"));
+        QVERIFY(print(PrintedContracts::add(*m_office, 0)));
+        QCOMPARE(contentOf(templatePath(QStringLiteral("form.docx"))), contentOf(m_choice));
+    }
+
+    void givingUpTheChoiceStops()
+    {
+        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        const auto before = snapshot(m_folder->path());
+        QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateMissing});
+        QVERIFY(m_opened.isEmpty());
+        QCOMPARE(snapshot(m_folder->path()), before);
+    }
+
+    void letterContractAlwaysAsksForTheTemplateFile()
+    {
+        m_choice = ownForm(QStringLiteral("نامه.docx"));
+        const int contract = PrintedContracts::add(*m_office, 3);
+        for (int round = 1; round <= 2; ++round) {
+            QVERIFY(print(contract));
+            QCOMPARE(m_asked, round);
+            QCOMPARE(m_warnings.size(), round);
+            QCOMPARE(m_warnings.last(), Trouble::TemplateMissing);
+        }
+        // Saved under the template's own name.
+        QCOMPARE(QFileInfo(m_opened.last()).fileName(), QStringLiteral("نامه.docx"));
+        QVERIFY(m_opened.last().startsWith(temporary() + u'/'));
+        QCOMPARE(contentOf(templatePath(QStringLiteral("نامه.docx"))), contentOf(m_choice));
+        QCOMPARE(fieldsLeft(), QStringList());
+        QCOMPARE(QDir(templates()).entryList(QDir::Files).size(), 4);
+    }
+
+    void fileOfTheFolderItselfIsUsedAsItIs()
+    {
+        const QString letter = templatePath(QStringLiteral("AutoRent.docx"));
+        const QByteArray before = contentOf(letter);
+        m_choice = letter;
+        QVERIFY(print(PrintedContracts::add(*m_office, 3)));
+        QCOMPARE(contentOf(letter), before);
+        QCOMPARE(QFileInfo(m_opened.first()).fileName(), QStringLiteral("AutoRent.docx"));
+    }
+
+    void contractWhosePersonNoLongerExistsPrintsWithThatBatchUnfilled_data()
+    {
+        QTest::addColumn<bool>("first");
+        QTest::newRow("first person") << true;
+        QTest::newRow("second person") << false;
+    }
+
+    void contractWhosePersonNoLongerExistsPrintsWithThatBatchUnfilled()
+    {
+        QFETCH(bool, first);
+        const int contract = PrintedContracts::add(*m_office, 0, [first](Contract &c) {
+            (first ? c.m_iPersonFirstID : c.m_iPersonSecondID) = 987654;
+        });
+        QVERIFY(print(contract));
+        const QStringList left = fieldsLeft();
+        const QStringList firstOnly = QStringLiteral("Mr Name Family Address PC Father IdentityCode NC BirthCity dateBirth Tel EC "
+                                                     "IdentityCodeCity sumTax1 Pay1 DiscountFirst")
+                                          .split(u' ');
+        const QStringList secondOnly = QStringLiteral("MrPerson2 NamePerson2 Family2 Address2 FatherName2 IdentityCode2 N BirthCity2 "
+                                                      "dateBirth2 Tel2 IdentityCodeCity2 E p sumTax2 Pay2 DiscountSecond")
+                                           .split(u' ');
+        for (const QString &name : first ? firstOnly : secondOnly)
+            QVERIFY2(left.contains(name), qPrintable(name));
+        for (const QString &name : left)
+            QVERIFY2((first ? firstOnly : secondOnly).contains(name), qPrintable(name));
+        const QString text = printedText();
+        QVERIFY(text.contains(first ? QStringLiteral("«Family»") : QStringLiteral("«Family2»")));
+        for (const QString &value : {first ? QStringLiteral("کریمی") : QStringLiteral("احمدی"), QStringLiteral("12,850,000,000"),
+                                     QStringLiteral("NAAM01CA1JK123456")})
+            QVERIFY2(text.contains(value), qPrintable(value));
+    }
+
+    void partyOfKind1Or2PrintsABlankWhereTheContractHasNoColumn()
+    {
+        const int contract = PrintedContracts::add(*m_office, 0, [](Contract &c) {
+            c.m_iPersonContract1 = 1;
+            c.m_iPersonContract2 = 2;
+            c.m_sName1 = QStringLiteral("نمایشگاه بهار");
+            c.m_sName2 = QStringLiteral("رضا مرادی");
+            c.m_sNationalId2 = QStringLiteral("5558889990");
+            c.m_sMobile2 = QStringLiteral("09350001122");
+        });
+        QVERIFY(print(contract));
+        QCOMPARE(fieldsLeft(), QStringList());
+        const QStringList lines = printedText().split(u'\n');
+        for (const QString &value : {QStringLiteral("نمایشگاه بهار"), QStringLiteral("رضا مرادی"), QStringLiteral("5558889990"),
+                                     QStringLiteral("09350001122")})
+            QVERIFY2(lines.contains(value), qPrintable(value));
+        for (const QString &value : {QStringLiteral("محمد"), QStringLiteral("حسین"), QStringLiteral("1358/04/17"), QStringLiteral("قزوین"),
+                                     QStringLiteral("9913"), QStringLiteral("خانم")})
+            QVERIFY2(!lines.contains(value), qPrintable(value));
+        QVERIFY(lines.contains(QStringLiteral(" ")));
+    }
+
+    void templateThatIsNoDocumentIsTold_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("text") << QByteArray("not a document");
+        QTest::newRow("cut off") << contentOf(builtTemplates + QStringLiteral("/AutoMbayh.docx")).left(2000);
+    }
+
+    void templateThatIsNoDocumentIsTold()
+    {
+        QFETCH(QByteArray, content);
+        QVERIFY(write(templatePath(QStringLiteral("AutoMbayh.docx")), content));
+        const auto before = snapshot(m_folder->path());
+        QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateUnreadable});
+        QVERIFY(m_opened.isEmpty());
+        QCOMPARE(snapshot(m_folder->path()), before);
+    }
+
+    // A document made to do harm, chosen in good faith: told once, and nothing of it comes into the templates' folder.
+    void hostileTemplateIsRefusedAndNothingWritten_data()
+    {
+        QTest::addColumn<QString>("part");
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("document type declaration") << QStringLiteral("word/document.xml")
+                                                   << QByteArray("<!DOCTYPE w:document [<!ENTITY a \"aaaa\">]><w:document/>");
+        QTest::newRow("entry that climbs out of the folder") << QStringLiteral("../../climbed.xml") << QByteArray("<a/>");
+        QTest::newRow("macros") << QStringLiteral("word/vbaProject.bin") << QByteArray("macro");
+        QTest::newRow("over 64 MiB unpacked") << QStringLiteral("word/media/image1.png") << QByteArray((64 << 20) + 1, 'a');
+    }
+
+    void hostileTemplateIsRefusedAndNothingWritten()
+    {
+        QFETCH(QString, part);
+        QFETCH(QByteArray, content);
+        DocxParts parts = readDocx(builtTemplates + QStringLiteral("/AutoMbayh.docx"));
+        QVERIFY(parts.size() > 5);
+        parts.insert(part, content);
+        m_choice = m_folder->filePath(QStringLiteral("hostile.docx"));
+        QVERIFY(writeDocx(m_choice, parts));
+        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        const auto before = snapshot(m_folder->path());
+        QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
+        QCOMPARE(m_warnings, (QList<Trouble>{Trouble::TemplateMissing, Trouble::TemplateUnreadable}));
+        QVERIFY(m_opened.isEmpty());
+        QCOMPARE(snapshot(m_folder->path()), before);
+    }
+
+    void chosenFileThatVanishedStopsSilently()
+    {
+        m_choice = m_folder->filePath(QStringLiteral("gone.docx"));
+        QVERIFY(!print(PrintedContracts::add(*m_office, 3)));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateMissing});
+    }
+
+    void folderThatMayNotBeWrittenStopsSilently()
+    {
+        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        m_choice = ownForm(QStringLiteral("form.docx"));
+        const int contract = PrintedContracts::add(*m_office, 0);
+        const auto before = snapshot(m_folder->path());
+        QVERIFY(QFile::setPermissions(templates(), QFile::ReadOwner | QFile::ExeOwner));
+        {
+            const OrdinaryRights ordinary;
+            QVERIFY(!print(contract));
+        }
+        QVERIFY(QFile::setPermissions(templates(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateMissing});
+        QVERIFY(m_opened.isEmpty());
+        QCOMPARE(snapshot(m_folder->path()), before);
+    }
+
+    void temporaryFolderThatTakesNothingIsTold()
+    {
+        const int contract = PrintedContracts::add(*m_office, 0);
+        QVERIFY(QDir(temporary()).removeRecursively());
+        QVERIFY(!print(contract));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::NotSaved});
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void documentThatNothingOpensIsTold()
+    {
+        m_desktopOpens = false;
+        QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
+        QCOMPARE(m_warnings, QList<Trouble>{Trouble::NotOpened});
+        QVERIFY(QFile::exists(m_opened.value(0)));
+    }
+
+    void printThatIsStillOpenStaysWhatItIs()
+    {
+        const int first = PrintedContracts::add(*m_office, 0);
+        const int second = PrintedContracts::add(*m_office, 0, [](Contract &c) { c.m_iCode = 555; });
+        QVERIFY(print(first));
+        const QByteArray before = contentOf(m_opened.first());
+        QVERIFY(print(second));
+        QVERIFY(m_opened.first() != m_opened.last());
+        QCOMPARE(contentOf(m_opened.first()), before);
+        QVERIFY(printedText().contains(QStringLiteral("555")));
+    }
+
+    void printsOlderThanAWeekAreTakenAway()
+    {
+        const int contract = PrintedContracts::add(*m_office, 0);
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(print(contract));
+        const auto aged = [](const QString &folder, int days) {
+            std::error_code error;
+            std::filesystem::last_write_time(folder.toStdU16String(),
+                                             std::filesystem::file_time_type::clock::now() - std::chrono::hours(24 * days), error);
+            return !error;
+        };
+        QVERIFY(aged(QFileInfo(m_opened[0]).path(), 8));
+        QVERIFY(aged(QFileInfo(m_opened[1]).path(), 6));
+        QVERIFY(QDir(temporary()).mkpath(QStringLiteral("of another program")));
+        QVERIFY(aged(temporary() + QStringLiteral("/of another program"), 30));
+        QVERIFY(print(contract));
+        QVERIFY(!QFileInfo::exists(QFileInfo(m_opened[0]).path()));
+        QVERIFY(QFile::exists(m_opened[1]) && QFile::exists(m_opened[2]) && QFile::exists(m_opened[3]));
+        QVERIFY(QFileInfo::exists(temporary() + QStringLiteral("/of another program")));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestContractPrinting>(argc, argv);
+}
+
+#include "TestContractPrinting.moc"
