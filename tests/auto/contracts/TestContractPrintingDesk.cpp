@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/ContractPrintingDesk.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "tests/auto/contracts/PrintedContracts.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+namespace {
+
+const QString builtTemplates = QStringLiteral(TZ_TEMPLATES);
+const QString command = QStringLiteral("چاپ قرارداد ");
+const QString missingText = QStringLiteral("فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید.");
+
+}
+
+// The command of the list, its words to the letter, and the desktop that opens what was printed.
+class TestContractPrintingDesk : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QList<QUrl> m_opened;
+
+    std::unique_ptr<CDlgAutomobilContracts> openPage()
+    {
+        auto page = std::make_unique<CDlgAutomobilContracts>();
+        page->setPrinting(ContractPrinting(contractPrintingDesk(page.get()),
+                                           {m_folder->filePath(QStringLiteral("AutomobileDocx")), m_folder->path()}));
+        page->open();
+        return page;
+    }
+
+public Q_SLOTS:
+    void open(const QUrl &url) { m_opened.append(url); }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void init()
+    {
+        m_office->clear();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_opened.clear();
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+    }
+
+    void cleanup() { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    void commandPrintsTheSelectedContractAndOpensIt()
+    {
+        QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("AutomobileDocx"))));
+        QVERIFY(QFile::copy(builtTemplates + QStringLiteral("/AutoRent.docx"),
+                            m_folder->filePath(QStringLiteral("AutomobileDocx/AutoRent.docx"))));
+        PrintedContracts::add(*m_office, 1);
+        const auto page = openPage();
+        QVERIFY(page->button(command)->isEnabled());
+        page->button(command)->click();
+        QCOMPARE(m_opened.size(), 1);
+        QCOMPARE(QFileInfo(m_opened.first().toLocalFile()).fileName(), QStringLiteral("AutoRent.docx"));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void missingTemplateAsksWithTitleAndFilterToTheLetter()
+    {
+        PrintedContracts::add(*m_office, 0);
+        const auto page = openPage();
+        QString title;
+        QStringList filters;
+        bool oneExistingFile = false;
+        TestOffice::whenModal("QFileDialog", [&](QWidget *window) {
+            auto *dialog = static_cast<QFileDialog *>(window);
+            title = dialog->windowTitle();
+            filters = dialog->nameFilters();
+            oneExistingFile = dialog->fileMode() == QFileDialog::ExistingFile;
+            dialog->setDirectory(builtTemplates);
+            dialog->selectFile(QStringLiteral("AutoMbayh.docx"));
+            static_cast<QDialog *>(dialog)->accept();
+        });
+        QVERIFY(page->runCommand(command));
+        QCOMPARE(title, QStringLiteral("فایل نامه را انتخاب کنید"));
+        QCOMPARE(filters, QStringList{QStringLiteral("فایل میاکروسافت وورد(*.docx)")});
+        QVERIFY(oneExistingFile);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{missingText});
+        QCOMPARE(m_opened.size(), 1);
+        QVERIFY(QFile::exists(m_folder->filePath(QStringLiteral("AutomobileDocx/AutoMbayh.docx"))));
+        // The same print no longer asks.
+        QVERIFY(page->runCommand(command));
+        QCOMPARE(m_opened.size(), 2);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void cancelledChoiceStops()
+    {
+        PrintedContracts::add(*m_office, 3);
+        const auto page = openPage();
+        TestOffice::whenModal("QFileDialog", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        QVERIFY(page->runCommand(command));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{missingText});
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void hostileTemplateGetsTheMessageOfAMissingDocument()
+    {
+        QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("AutomobileDocx"))));
+        QFile hostile(m_folder->filePath(QStringLiteral("AutomobileDocx/AutoMbayh.docx")));
+        QVERIFY(hostile.open(QIODevice::WriteOnly) && hostile.write("no document") > 0);
+        hostile.close();
+        PrintedContracts::add(*m_office, 0);
+        const auto page = openPage();
+        QVERIFY(page->runCommand(command));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فایل ورد پیدا نشد.")});
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void everyWarningIsToTheLetter_data()
+    {
+        QTest::addColumn<int>("trouble");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("template missing") << int(ContractPrinting::Trouble::TemplateMissing) << missingText;
+        QTest::newRow("no word processor") << int(ContractPrinting::Trouble::ProcessorMissing)
+                                           << QStringLiteral("امکان مقدار دهی اولیه مایکروسافت ورد وجود ندارد!");
+        QTest::newRow("template unreadable") << int(ContractPrinting::Trouble::TemplateUnreadable) << QStringLiteral("فایل ورد پیدا نشد.");
+    }
+
+    void everyWarningIsToTheLetter()
+    {
+        QFETCH(int, trouble);
+        QFETCH(QString, text);
+        contractPrintingDesk(nullptr).warn(static_cast<ContractPrinting::Trouble>(trouble));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{text});
+    }
+
+    void contractThatVanishedFromTheListIsPassedOver()
+    {
+        PrintedContracts::add(*m_office, 0);
+        const auto page = openPage();
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts"));
+        QVERIFY(page->runCommand(command));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void printingAsksTheRightToSeeAContract()
+    {
+        PrintedContracts::add(*m_office, 0);
+        const QString form = QStringLiteral("AutomobilContracts");
+        m_office->logInAs(QStringLiteral("clerk"), form, KSecurity::allRights & ~KSecurity::Read);
+        const auto page = openPage();
+        QVERIFY(page->runCommand(command));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, KSecurity::Read)});
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void templatesAreLookedForBesideTheCode()
+    {
+        QCOMPARE(QDir(ContractPrinting::defaultTemplateFolder()),
+                 QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/AutomobileDocx")));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestContractPrintingDesk>(argc, argv);
+}
+
+#include "TestContractPrintingDesk.moc"

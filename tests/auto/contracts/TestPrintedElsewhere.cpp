@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractPrinting.h"
+#include "tests/auto/contracts/DocxParts.h"
+#include "tests/auto/contracts/PrintedContracts.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+// Output of a program; its complaint in place of it, so that a comparison shows it.
+QString outputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(120'000) || process.exitCode() != 0)
+        return program + QStringLiteral(": ") + process.errorString() + QString::fromLocal8Bit(process.readAllStandardError());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+// Words as a page shows them: no marks of direction, blanks as one, presentation forms as the letters that they are.
+QString plain(QString text)
+{
+    static const QRegularExpression marks(QStringLiteral("[\\x{200b}-\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}\\x{0640}]"));
+    return text.normalized(QString::NormalizationForm_KC).remove(marks).simplified();
+}
+
+}
+
+// A printed contract as another program shows it. Needs LibreOffice, pdftotext and pdfinfo.
+class TestPrintedElsewhere : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    QTemporaryDir m_folder;
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void everyValueStandsOnTheTwoPagesOfAPrintedContract_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::newRow("sale agreement") << 0;
+        QTest::newRow("rent") << 1;
+        QTest::newRow("instalment sale") << 2;
+    }
+
+    void everyValueStandsOnTheTwoPagesOfAPrintedContract()
+    {
+        QFETCH(int, type);
+        m_office->clear();
+        QString printed;
+        ContractPrinting::Desk desk;
+        desk.warn = [](ContractPrinting::Trouble) { QFAIL("nothing should be missing"); };
+        desk.chooseTemplate = [] { return QString(); };
+        desk.open = [&printed](const QString &path) {
+            printed = path;
+            return true;
+        };
+        QVERIFY(ContractPrinting(desk, {QStringLiteral(TZ_TEMPLATES), m_folder.path()}).print(PrintedContracts::add(*m_office, type)));
+        for (const QByteArray &part : readDocx(printed))
+            QVERIFY(!part.contains("MERGEFIELD"));
+
+        outputOf(QStringLiteral("soffice"),
+                 {QStringLiteral("-env:UserInstallation=file://") + m_folder.filePath(QStringLiteral("profile")),
+                  QStringLiteral("--headless"), QStringLiteral("--convert-to"), QStringLiteral("pdf"), QStringLiteral("--outdir"),
+                  m_folder.path(), printed});
+        const QString pdf = m_folder.filePath(QFileInfo(printed).completeBaseName() + QStringLiteral(".pdf"));
+        const QString pages = outputOf(QStringLiteral("pdfinfo"), {pdf});
+        QVERIFY2(pages.contains(QRegularExpression(QStringLiteral("Pages: +2\n"))), qUtf8Printable(pages));
+        const QString text = plain(outputOf(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")}));
+        // The reader takes a page in its own order, so a value is looked for word by word.
+        static const QRegularExpression separators(QStringLiteral("[ ،]"));
+        for (const QString &value : PrintedContracts::values())
+            for (const QString &word : plain(value).split(separators, Qt::SkipEmptyParts))
+                QVERIFY2(text.contains(word), qUtf8Printable(value + QStringLiteral(" is not in: ") + text));
+        QVERIFY(!text.contains(u'«'));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestPrintedElsewhere>(argc, argv);
+}
+
+#include "TestPrintedElsewhere.moc"
