@@ -6,8 +6,12 @@
 #include "auto/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/crm/CTblPersonsMini.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
@@ -67,8 +71,10 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     setWindowTitle(calculateCaption);
     SetSettingName(QStringLiteral("AutomobilPayments\\Calculator"));
     CTblAutomobilContracts contract;
-    if (contract.IsRecordExist(QStringLiteral("iID"), contractID))
+    if (contract.IsRecordExist(QStringLiteral("iID"), contractID)) {
         m_contractCode = contract.m_iCode;
+        m_contractNumber = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
+    }
     build(principal);
     loadPlan();
     resize(720, 620);
@@ -196,7 +202,7 @@ QWidget *CDlgCalcPayment::buildButtons()
     for (const auto &[caption, command] : commands)
         connect(add(caption), &QPushButton::clicked, this, [this, command = command] { guarded(command); });
     button(calculateCaption)->setDefault(true);
-    add(printCaption)->setEnabled(false);
+    connect(add(printCaption), &QPushButton::clicked, this, [this] { guarded(&CDlgCalcPayment::printPlan); });
     row->addStretch(1);
     connect(add(closeCaption), &QPushButton::clicked, this, &CDlgCalcPayment::reject);
     return box;
@@ -391,6 +397,29 @@ void CDlgCalcPayment::deletePlan()
         return;
     StoredInstalments::remove(m_contractID);
     loadPlan();
+}
+
+ListReport CDlgCalcPayment::planReport() const
+{
+    ListReport report(QStringLiteral("اقساط"), QStringLiteral("اقساط فاکتور"));
+    const QString title = QStringLiteral("اقساط فاکتور ش %1 [%2]").arg(m_contractNumber).arg(CTblPersonsMini::GetName(m_personID));
+    report.setText(QStringLiteral("LeftTop"), QStringLiteral("جمع اقساط : ") + DToMoney(m_total->number()));
+    report.setText(QStringLiteral("LeftBottom"),
+                   QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+    report.setText(QStringLiteral("Count"), SuiteMessages::count(m_list->count()));
+    report.setTable(QStringLiteral("List"), m_list);
+    if (!report.loadLayout())
+        report.buildStandard(title);
+    report.setText(QStringLiteral("Title"), title);
+    return report;
+}
+
+void CDlgCalcPayment::printPlan()
+{
+    KSecurity security;
+    security.SetFormName(QStringLiteral("AutomobilContracts"));
+    if (security.CheckPrintListSecurity())
+        CDlgReportGenerator(planReport(), this).ShowReport();
 }
 
 void CDlgCalcPayment::receiveSelected()

@@ -5,6 +5,7 @@
 
 #include "auto/contracts/InstalmentPlan.h"
 #include "auto/contracts/StoredInstalments.h"
+#include "suite/accounting/ListReport.h"
 #include "suite/utility/KDialog.h"
 
 #include <optional>
@@ -37,6 +38,9 @@ public:
     void savePlan();
     void deletePlan();
     void receiveSelected();
+    void printPlan();
+    // The plan as the list shows it, on paper.
+    ListReport planReport() const;
 
     KExtListCtrl *list() const { return m_list; }
     bool isNoteShown() const;
@@ -62,6 +66,7 @@ private:
     int m_contractID;
     int m_personID;
     int m_contractCode = 0;
+    int m_contractNumber = 0;   // in the registry, or the code while there is none
     bool m_readOnly = false;
     bool m_anyPaid = false;
     std::vector<StoredInstalments::Row> m_stored;   // what the list shows, unless a plan was just calculated

@@ -5,6 +5,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/ShamsiDate.h"
@@ -290,6 +291,41 @@ private Q_SLOTS:
         m_office->database().run(QStringLiteral("DROP TRIGGER refuseThird"));
         QVERIFY(raised);
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("2"));
+    }
+
+    void planOnPaperHasItsTitleSumsAndRows()
+    {
+        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET iNum=45"));
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        const ListReport report = dialog.planReport();
+        QCOMPARE(report.group(), QStringLiteral("اقساط"));
+        QCOMPARE(report.report(), QStringLiteral("اقساط فاکتور"));
+        QCOMPARE(report.text(QStringLiteral("Title")), QStringLiteral("اقساط فاکتور ش 45 [رضا احمدی]"));
+        QCOMPARE(report.text(QStringLiteral("LeftTop")), QStringLiteral("جمع اقساط : 1,344"));
+        QCOMPARE(report.text(QStringLiteral("LeftBottom")),
+                 QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+        QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 12"));
+        QCOMPARE(report.rows().size(), 12);
+    }
+
+    void printingNeedsItsRightAndIsNotRefusedByAPaidInstalment()
+    {
+        storePlan();
+        m_office->database().run(QStringLiteral("UPDATE AutomobilPayments SET iStatus=1 WHERE iNum=1"));
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        QVERIFY(dialog.isNoteShown());
+        bool shown = false;
+        TestOffice::whenModal("CDlgReportGenerator", [&shown](QWidget *window) {
+            shown = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        dialog.button(QStringLiteral("چاپ"))->click();
+        QVERIFY(shown);
+        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilContracts"), KSecurity::allRights & ~KSecurity::PrintList);
+        dialog.button(QStringLiteral("چاپ"))->click();
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{KSecurity::refusalText(QStringLiteral("AutomobilContracts"), KSecurity::PrintList)});
     }
 
     void closedDatabaseAndReadOnlyRefuseChanges()
