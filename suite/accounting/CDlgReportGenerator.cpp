@@ -18,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -120,6 +121,7 @@ QHBoxLayout *CDlgReportGenerator::buildNavigation()
     auto *label = new QLabel(QStringLiteral("صفحه"));
     m_page = new QSpinBox;
     m_page->setAccessibleName(label->text());
+    m_page->findChild<QLineEdit *>()->setAccessibleName(label->text());
     m_page->setKeyboardTracking(false);
     label->setBuddy(m_page);
     m_pageCount = new QLabel;

@@ -40,6 +40,9 @@ QLabel *labelFor(const QString &caption, QWidget *field)
     auto *label = new QLabel(caption);
     label->setBuddy(field);
     field->setAccessibleName(caption);
+    // The entry line of a spin box or an editable list is what has the focus.
+    if (auto *line = field->findChild<QLineEdit *>())
+        line->setAccessibleName(caption);
     return label;
 }
 
