@@ -5,13 +5,17 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/CTblReportLayouts.h"
 #include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KWndReportGen.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KSettings.h"
+#include "suite/utility/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>
@@ -19,6 +23,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 
@@ -615,6 +620,100 @@ private Q_SLOTS:
         m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::Access);
         CDlgAutomobilContracts allowed;
         QVERIFY(allowed.OnAccess());
+    }
+
+    void printShowsTheListInItsReport()
+    {
+        const int person = m_office->addPerson(QStringLiteral("مریم"), QStringLiteral("کاظمی"));
+        addNamed(QStringLiteral("پژو 206"), [person](Contract &c) { c.m_iPersonFirstID = person; });
+        addNamed(QStringLiteral("سمند"));
+        CDlgAutomobilContracts page;
+        page.open();
+        bool shown = false;
+        TestOffice::whenModal("CDlgReportGenerator", [&](QWidget *window) {
+            const auto *generator = static_cast<CDlgReportGenerator *>(window);
+            const ListReport &report = generator->report();
+            shown = true;
+            QCOMPARE(report.report(), QStringLiteral("لیست قراردادها"));
+            QCOMPARE(report.group(), QStringLiteral("گالری اتومبیل"));
+            QCOMPARE(report.shownTitle(), QStringLiteral("لیست قراردادها"));
+            QCOMPARE(report.text(QStringLiteral("LeftBottom")),
+                     QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
+            QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 2"));
+            for (const QString &corner : {QStringLiteral("RightTop"), QStringLiteral("RightCenter"), QStringLiteral("RightBottom"),
+                                          QStringLiteral("LeftTop"), QStringLiteral("LeftCenter")})
+                QCOMPARE(report.shownCorner(corner), QString());
+            QCOMPARE(report.shownColumns().size(), 10);
+            QCOMPARE(report.rows().size(), 2);
+            QCOMPARE(report.rows().at(0).cells.at(2).text, QStringLiteral("مریم کاظمی"));
+            QCOMPARE(generator->pages()->pageCount(), 1);
+            window->close();
+        });
+        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        QVERIFY(shown);
+    }
+
+    void printUsesTheStoredLayoutThatIsTheDefault()
+    {
+        addNamed(QStringLiteral("پژو 206"));
+        ReportLayout layout;
+        layout.title = QStringLiteral("قراردادهای ما");
+        layout.columns = {{QStringLiteral("شرح قرارداد"), 0}};
+        CTblReportLayouts::save(QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست قراردادها"), QStringLiteral("کوتاه"), layout,
+                                true);
+        CDlgAutomobilContracts page;
+        page.open();
+        QString title;
+        qsizetype columns = 0;
+        TestOffice::whenModal("CDlgReportGenerator", [&](QWidget *window) {
+            title = static_cast<CDlgReportGenerator *>(window)->report().shownTitle();
+            columns = static_cast<CDlgReportGenerator *>(window)->report().shownColumns().size();
+            window->close();
+        });
+        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        m_office->database().run(QStringLiteral("DELETE FROM ReportLayouts"));
+        QCOMPARE(title, QStringLiteral("قراردادهای ما"));
+        QCOMPARE(columns, 1);
+    }
+
+    void printingNeedsItsRight()
+    {
+        addNamed(QStringLiteral("a"));
+        constexpr int allButPrinting = KSecurity::allRights & ~KSecurity::PrintList;
+        m_office->logInAs(QStringLiteral("clerk"), rightsForm, allButPrinting);
+        CDlgAutomobilContracts page;
+        page.open();
+        auto *menu = page.findChild<QMenu *>();
+        QVERIFY(menu);
+        g_pDlgWarning->takeShown();
+        g_pDlgMessage->takeShown();
+        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        for (QAction *action : menu->actions())
+            action->trigger();
+        QStringList told = g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown();
+        QCOMPARE(told, QStringList(1 + menu->actions().size(), KSecurity::refusalText(rightsForm, KSecurity::PrintList)));
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void otherWaysOutStandInTheMenuBesideThePrintButton()
+    {
+        addNamed(QStringLiteral("a"));
+        CDlgAutomobilContracts page;
+        page.open();
+        QStringList captions;
+        for (const QAction *action : page.findChild<QMenu *>()->actions())
+            captions << action->text();
+        QCOMPARE(captions, (QStringList{QStringLiteral("پیش نمایش چاپ"), QStringLiteral("ذخیره PDF"), QStringLiteral("صفحه گسترده"),
+                                        QStringLiteral("چیدمان گزارش")}));
+        QCOMPARE(page.button(QStringLiteral("چاپ"))->toolTip(), QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText));
+        CDlgAutomobilContracts picker;
+        picker.setSelectMode(true);
+        picker.open();
+        QVERIFY(qobject_cast<QWidget *>(picker.findChild<QMenu *>()->parent())->isHidden());
+        CDlgAutomobilContracts readOnly;
+        readOnly.setReadOnlyMode(true);
+        readOnly.open();
+        QVERIFY(!readOnly.button(QStringLiteral("چاپ"))->isHidden());
     }
 
     void commandsOfLaterVersionsStandDisabled()

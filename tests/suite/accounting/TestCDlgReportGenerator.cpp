@@ -1,0 +1,311 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/CDlgReportLayout.h"
+#include "suite/accounting/CTblReportLayouts.h"
+#include "suite/accounting/KWndReportGen.h"
+#include "suite/accounting/ReportColumnsModel.h"
+#include "suite/accounting/ReportOutput.h"
+#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/utility/KEdit.h"
+#include "tests/suite/accounting/FormDriver.h"
+#include "tests/suite/accounting/SampleReport.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QAbstractItemModelTester>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTimer>
+#include <QTreeView>
+#include <QtTest>
+
+using FormDriver::button;
+using FormDriver::click;
+using FormDriver::field;
+
+namespace {
+
+const QString group = QStringLiteral("گالری اتومبیل");
+const QString name = QStringLiteral("لیست قراردادها");
+
+// Runs work while the report's window stands open.
+void whileShown(CDlgReportGenerator &generator, const std::function<void()> &work)
+{
+    bool ran = false;
+    QTimer::singleShot(0, &generator, [&] {
+        ran = true;
+        work();
+        generator.reject();
+    });
+    generator.ShowReport();
+    QVERIFY(ran);
+}
+
+// How much of the page on screen is printed on, of 1000.
+int inkOf(KWndReportGen &pages)
+{
+    const QImage image = pages.viewport()->grab().toImage();
+    int dark = 0, all = 0;
+    for (int y = 0; y < image.height(); y += 2) {
+        for (int x = 0; x < image.width(); x += 2, ++all)
+            dark += qGray(image.pixel(x, y)) < 90;
+    }
+    return all ? dark * 1000 / all : 0;
+}
+
+}
+
+class TestCDlgReportGenerator : public QObject
+{
+    Q_OBJECT
+
+    TestOffice m_office;
+
+private Q_SLOTS:
+    void init()
+    {
+        m_office.database.run(QStringLiteral("DELETE FROM ReportLayouts"));
+        for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgYesNo})
+            dialog->takeShown();
+    }
+
+    void previewTurnsItsPages()
+    {
+        CDlgReportGenerator generator(sampleReport(200));
+        whileShown(generator, [&] {
+            const int count = generator.pages()->pageCount();
+            QVERIFY(count > 3);
+            QVERIFY(generator.windowTitle().contains(QStringLiteral("لیست قراردادها")));
+            QVERIFY(!button(&generator, QStringLiteral("قبلی"))->isEnabled());
+            click(&generator, QStringLiteral("بعدی"));
+            QCOMPARE(generator.pages()->currentPage(), 1);
+            click(&generator, QStringLiteral("انتها"));
+            QCOMPARE(generator.pages()->currentPage(), count - 1);
+            QVERIFY(!button(&generator, QStringLiteral("بعدی"))->isEnabled());
+            auto *page = field<QSpinBox>(&generator, QStringLiteral("صفحه"));
+            QCOMPARE(page->value(), count);
+            QCOMPARE(page->maximum(), count);
+            page->setValue(2);
+            QCOMPARE(generator.pages()->currentPage(), 1);
+            click(&generator, QStringLiteral("ابتدا"));
+            QTest::keyClick(generator.pages(), Qt::Key_PageDown);
+            QCOMPARE(page->value(), 2);
+            QTest::keyClick(generator.pages(), Qt::Key_End);
+            QCOMPARE(page->value(), count);
+            QTest::keyClick(generator.pages(), Qt::Key_Home);
+            QCOMPARE(page->value(), 1);
+        });
+    }
+
+    void previewShowsThePageInEveryScale()
+    {
+        CDlgReportGenerator generator(sampleReport(60));
+        whileShown(generator, [&] {
+            KWndReportGen *pages = generator.pages();
+            auto *zoom = field<QComboBox>(&generator, QStringLiteral("بزرگنمایی :"));
+            QCOMPARE(pages->fit(), KWndReportGen::FitWidth);
+            QVERIFY2(inkOf(*pages) > 5, qPrintable(QString::number(inkOf(*pages))));
+            QCOMPARE(pages->horizontalScrollBar()->maximum(), 0);
+            auto choose = [&](const QString &text) {
+                zoom->setCurrentText(text);
+                Q_EMIT zoom->activated(zoom->currentIndex());
+            };
+            choose(QStringLiteral("تمام صفحه"));
+            QCOMPARE(pages->verticalScrollBar()->maximum(), 0);
+            const double whole = pages->scale();
+            choose(QStringLiteral("200%"));
+            QCOMPARE(pages->scale(), 2.0);
+            QVERIFY(whole < 2);
+            QVERIFY(pages->verticalScrollBar()->maximum() > 0);
+            QTest::keyClick(pages, Qt::Key_Minus);
+            QCOMPARE(pages->scale(), 1.6);
+        });
+    }
+
+    void everyInputHasAName()
+    {
+        CDlgReportGenerator generator(sampleReport(1));
+        QVERIFY(FormDriver::everyInputHasAName(&generator));
+        CDlgReportLayout layout(sampleReport(1));
+        QVERIFY(FormDriver::everyInputHasAName(&layout));
+    }
+
+    void reportOfElementsUsesTheStoredLayoutWhenThereIsOne()
+    {
+        const ListReport sample = sampleReport(2);
+        ReportLayout stored = sample.layout();
+        stored.columns.resize(2);
+        for (const bool isDefault : {false, true}) {
+            CTblReportLayouts::save(group, name, QStringLiteral("کوتاه"), stored, isDefault);
+            CDlgReportGenerator generator(group, name);
+            generator.SetText(QStringLiteral("Count"), QStringLiteral("تعداد : 2"));
+            generator.SetTable(QStringLiteral("List"), sample.columns(), sample.rows());
+            QCOMPARE(generator.LoadLayout(), isDefault);
+            if (!isDefault)
+                generator.BuildListReport(name);
+            QCOMPARE(generator.report().shownColumns().size(), isDefault ? 2 : 5);
+            QCOMPARE(generator.report().shownTitle(), name);
+        }
+    }
+
+    void columnsModelKeepsItsContract()
+    {
+        ReportColumnsModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        ListReport report = sampleReport(1);
+        ReportLayout layout = report.layout();
+        layout.columns = {{QStringLiteral("مبلغ"), 30}, {QStringLiteral("رفته"), 0}, {QStringLiteral("نام"), 0}};
+        model.arrange(report, layout);
+        QCOMPARE(model.rowCount(), 5);
+        QCOMPARE(model.chosen(), (QVector<ReportLayout::Column>{{QStringLiteral("مبلغ"), 30}, {QStringLiteral("نام"), 0}}));
+        QCOMPARE(model.move(0, 1), 1);
+        QCOMPARE(model.move(1, 10), 1);
+        QCOMPARE(model.move(0, -1), 0);
+        QVERIFY(model.setData(model.index(4, 0), Qt::Checked, Qt::CheckStateRole));
+        model.setShare(0, 250);
+        QCOMPARE(model.chosen(), (QVector<ReportLayout::Column>{{QStringLiteral("نام"), 100}, {QStringLiteral("مبلغ"), 30}, {QStringLiteral("توضیحات"), 0}}));
+    }
+
+    void layoutOfTheFieldsIsWhatWasSet()
+    {
+        CDlgReportLayout dialog(sampleReport(1));
+        QCOMPARE(dialog.layoutOfFields(), sampleReport(1).layout());
+        field<KEdit>(&dialog, QStringLiteral("راست بالا :"))->setText(QStringLiteral("دفتر ما"));
+        field<KEdit>(&dialog, QStringLiteral("چپ پایین :"))->setText(QString());
+        field<KEdit>(&dialog, QStringLiteral("عنوان :"))->setText(QStringLiteral("فهرست"));
+        field<QComboBox>(&dialog, QStringLiteral("جهت کاغذ :"))->setCurrentIndex(1);
+        field<QSpinBox>(&dialog, QStringLiteral("اندازه قلم :"))->setValue(13);
+        click(&dialog, QStringLiteral("پایین"));
+        field<QSpinBox>(&dialog, QStringLiteral("پهنا (درصد) :"))->setValue(25);
+        const ReportLayout layout = dialog.layoutOfFields();
+        QCOMPARE(layout.title, QStringLiteral("فهرست"));
+        QCOMPARE(layout.texts, (QMap<QString, QString>{{QStringLiteral("RightTop"), QStringLiteral("دفتر ما")}, {QStringLiteral("LeftBottom"), QString()}}));
+        QVERIFY(layout.landscape);
+        QCOMPARE(layout.fontSize, 13.0);
+        QCOMPARE(layout.columns.at(0).title, QStringLiteral("نام"));
+        QCOMPARE(layout.columns.at(1), (ReportLayout::Column{QStringLiteral("ردیف"), 25}));
+        dialog.setFields(layout);
+        QCOMPARE(dialog.layoutOfFields(), layout);
+    }
+
+    void layoutIsSavedByNameLoadedAndDeleted()
+    {
+        CDlgReportLayout dialog(sampleReport(1));
+        auto *names = field<QComboBox>(&dialog, QStringLiteral("نام قالب :"));
+        field<QSpinBox>(&dialog, QStringLiteral("اندازه قلم :"))->setValue(14);
+        names->setEditText(QStringLiteral("درشت"));
+        dialog.findChild<QCheckBox *>()->setChecked(true);
+        click(&dialog, QStringLiteral("ذخیره"));
+        QVERIFY(dialog.storedChanged());
+        QCOMPARE(CTblReportLayouts::load(group, name)->fontSize, 14.0);
+
+        // Another window finds it, the default chosen, and its fields follow the chosen name.
+        CDlgReportLayout other(sampleReport(1));
+        auto *otherNames = field<QComboBox>(&other, QStringLiteral("نام قالب :"));
+        QCOMPARE(otherNames->currentText(), QStringLiteral("درشت"));
+        QVERIFY(other.findChild<QCheckBox *>()->isChecked());
+        QCOMPARE(other.layoutOfFields().fontSize, 9.0);
+        Q_EMIT otherNames->textActivated(QStringLiteral("درشت"));
+        QCOMPARE(other.layoutOfFields().fontSize, 14.0);
+
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        click(&other, QStringLiteral("حذف"));
+        QCOMPARE(CTblReportLayouts::entries(group, name).size(), 1);
+        click(&other, QStringLiteral("حذف"));
+        QCOMPARE(CTblReportLayouts::entries(group, name).size(), 0);
+        QCOMPARE(otherNames->count(), 0);
+        QVERIFY(!button(&other, QStringLiteral("حذف"))->isEnabled());
+    }
+
+    void savedNameIsReplacedOnlyWhenAgreed()
+    {
+        CTblReportLayouts::save(group, name, QStringLiteral("درشت"), sampleReport(1).layout(), false);
+        CDlgReportLayout dialog(sampleReport(1));
+        field<QComboBox>(&dialog, QStringLiteral("نام قالب :"))->setEditText(QStringLiteral("درشت"));
+        field<QSpinBox>(&dialog, QStringLiteral("اندازه قلم :"))->setValue(14);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        click(&dialog, QStringLiteral("ذخیره"));
+        QCOMPARE(CTblReportLayouts::load(group, name, QStringLiteral("درشت"))->fontSize, 9.0);
+        click(&dialog, QStringLiteral("ذخیره"));
+        QCOMPARE(CTblReportLayouts::load(group, name, QStringLiteral("درشت"))->fontSize, 14.0);
+    }
+
+    void layoutWithoutNameOrColumnsIsRefused()
+    {
+        CDlgReportLayout dialog(sampleReport(1));
+        click(&dialog, QStringLiteral("ذخیره"));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام قالب را وارد نمایید.")});
+        auto *model = dialog.findChild<ReportColumnsModel *>();
+        for (int row = 0; row < model->rowCount(); ++row)
+            model->setData(model->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
+        field<QComboBox>(&dialog, QStringLiteral("نام قالب :"))->setEditText(QStringLiteral("تهی"));
+        click(&dialog, QStringLiteral("ذخیره"));
+        dialog.accept();
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 2);
+        QCOMPARE(dialog.result(), 0);
+        QVERIFY(CTblReportLayouts::entries(group, name).isEmpty());
+    }
+
+    void layoutIsArrangedFromThePreview()
+    {
+        CDlgReportGenerator generator(sampleReport(200));
+        whileShown(generator, [&] {
+            const int before = generator.pages()->pageCount();
+            QTimer::singleShot(0, &generator, [] {
+                auto *dialog = qobject_cast<CDlgReportLayout *>(QApplication::activeModalWidget());
+                QVERIFY(dialog);
+                field<QSpinBox>(dialog, QStringLiteral("اندازه قلم :"))->setValue(20);
+                dialog->accept();
+            });
+            click(&generator, QStringLiteral("چیدمان گزارش"));
+            QCOMPARE(generator.report().layout().fontSize, 20.0);
+            QVERIFY(generator.pages()->pageCount() > before);
+            QVERIFY(CTblReportLayouts::entries(group, name).isEmpty());
+        });
+    }
+
+    void closedDatabaseKeepsItsLayouts()
+    {
+        GetDBSetting()->SetClosedDB(true);
+        CDlgReportGenerator generator(sampleReport(1));
+        GetDBSetting()->SetClosedDB(false);
+        QVERIFY(button(&generator, QStringLiteral("چیدمان گزارش"))->isHidden());
+        QVERIFY(!button(&generator, QStringLiteral("ذخیره PDF"))->isHidden());
+    }
+
+    void longWorkIsStoppedByItsButtonAndLeavesNoFile()
+    {
+        const ListReport report = sampleReport(5'000);
+        ReportProgressWindow progress(QStringLiteral("در حال نوشتن فایل PDF ..."), nullptr, 0);
+        QTimer::singleShot(0, qApp, [] {
+            for (QWidget *window : QApplication::topLevelWidgets()) {
+                if (qobject_cast<QProgressDialog *>(window) && window->isVisible())
+                    click(window, QStringLiteral("انصراف"));
+            }
+        });
+        const QString path = m_office.folder.filePath(QStringLiteral("list.pdf"));
+        QVERIFY(!ReportOutput::writePdf(report, path, progress.callback()));
+        QVERIFY(!QFile::exists(path));
+    }
+
+    void shortWorkShowsNoProgress()
+    {
+        bool shown = false;
+        ReportProgressWindow progress(QStringLiteral("در حال چاپ ..."), nullptr);
+        const ReportProgress report = progress.callback();
+        for (int i = 0; i < 10; ++i) {
+            QTest::qSleep(20);
+            QVERIFY(report(i, 10));
+            for (QWidget *window : QApplication::topLevelWidgets())
+                shown = shown || (qobject_cast<QProgressDialog *>(window) && window->isVisible());
+        }
+        QVERIFY(!shown);
+    }
+};
+
+QTEST_MAIN(TestCDlgReportGenerator)
+#include "TestCDlgReportGenerator.moc"
