@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/contracts/ContractMergeFields.h"
 #include "auto/contracts/ContractPrinting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/utility/KMSWord.h"
@@ -146,6 +147,30 @@ private Q_SLOTS:
         for (const QString &value : PrintedContracts::values())
             QVERIFY2(lines.contains(value), qPrintable(value));
         QVERIFY(!lines.join(u'\n').contains(u'«'));
+    }
+
+    // Each template says everything that is filled; a name that nothing fills would stay in every printed contract.
+    void everyTemplateHasEveryFieldAndNoOther_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"AutoMbayh.docx", "AutoRent.docx", "AutoInstallment.docx"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void everyTemplateHasEveryFieldAndNoOther()
+    {
+        QFETCH(QString, name);
+        const RecordValues nothing = [](QStringView) { return QVariant(); };
+        QSet<QString> filled;
+        for (const MergeBatch &batch : contractMergeFields({nothing, nothing, nothing}))
+            for (const MergeField &field : batch)
+                filled.insert(field.name);
+        QCOMPARE(filled.size(), 78);
+        KMSWord word;
+        QVERIFY(word.Init());
+        QVERIFY(word.OpenDocument(builtTemplates + u'/' + name, 1));
+        const QStringList standing = word.GetFields().GetNames();
+        QCOMPARE(QSet<QString>(standing.cbegin(), standing.cend()), filled);
     }
 
     void nameOfTheTemplateByType()

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/CAutoDBSetting.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KApplication.h"
+#include "suite/accounting/KListPage.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KModuleLoader.h"
+#include "suite/accounting/SuiteSchema.h"
+#include "suite/utility/KSettings.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+#include <memory>
+
+namespace {
+
+class TabHost final : public KTabHost
+{
+public:
+    void addPage(KDialogTabPage *page) override { m_page.reset(page); }
+
+    std::unique_ptr<KDialogTabPage> m_page;
+};
+
+}
+
+// Printing in the module as the host loads it: it finds the templates that were built beside it, whatever the folder of
+// the program.
+class TestModulePrinting : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+    QTemporaryDir m_folder;
+    QList<QUrl> m_opened;
+
+public Q_SLOTS:
+    void open(const QUrl &url) { m_opened.append(url); }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        setSettingsFile(m_folder.filePath(QStringLiteral("user.ini")));
+        qputenv("TMPDIR", m_folder.path().toLocal8Bit());
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        g_pDlgWarning->answerAll(true);
+        CTblUsers::setHashCost(CTblUsers::leastCost());
+        SuiteSchema::upgrade();
+    }
+
+    void cleanupTestCase()
+    {
+        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        GetDBSetting()->Logout();
+        setSettingsFile({});
+    }
+
+    void contractIsPrintedFromTheTemplateBesideTheModule()
+    {
+        KModuleLoader loader(QStringLiteral("TzAuto"));
+        QVERIFY2(loader.load(QStringLiteral(TZ_MODULE)), qPrintable(loader.technicalText()));
+        const auto entry = reinterpret_cast<CAutoDBSetting *(*)()>(loader.resolve("GetAutoDBSetting"));
+        QVERIFY(entry);
+        double reached = 0;
+        QCOMPARE(entry()->UpdateDB(0, 0, reached, false), 1);
+        SuiteSchema::setModuleVersion(reached);
+        SuiteSchema::afterModuleUpgrade();
+        QVERIFY(GetDBSetting()->Login(CTblUsers::create(QStringLiteral("boss"), QStringLiteral("secret"), QStringLiteral("boss"), true)));
+        m_database.run(QStringLiteral("INSERT INTO AutomobilContracts (iCode, iContractType, iPersonContract1, iPersonContract2, sName1, "
+                                      "iStatus, bReturn, iArchiveUserID) VALUES (9, 2, 2, 2, 'a', 0, 0, 0)"));
+
+        TabHost host;
+        GetDBSetting()->SetTabHost(&host);
+        entry()->ShowAutomobilContractDlg();
+        auto *page = qobject_cast<KListPage *>(host.m_page.get());
+        QVERIFY(page);
+        page->open();
+        QVERIFY(page->runCommand(QStringLiteral("چاپ قرارداد ")));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+        QCOMPARE(m_opened.size(), 1);
+        const QFileInfo printed(m_opened.first().toLocalFile());
+        QCOMPARE(printed.fileName(), QStringLiteral("AutoInstallment.docx"));
+        QVERIFY(printed.filePath().startsWith(m_folder.path() + u'/'));
+        QVERIFY(printed.size() > 0);
+        // Code of the module must be gone before the module is.
+        host.m_page.reset();
+        GetDBSetting()->SetTabHost(nullptr);
+        QVERIFY(loader.unload());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    KApplication application(argc, argv);
+    TestModulePrinting test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "TestModulePrinting.moc"
