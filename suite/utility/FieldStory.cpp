@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -173,31 +174,34 @@ void appendShown(pugi::xml_node run, const QString &text)
 
 QStringList FieldStory::names(pugi::xml_node below)
 {
-    QStringList names;
-    const OnStory list = [&](FieldStory &story) {
+    std::map<int, QString> places;
+    Walk walk{[&](FieldStory &story) {
         for (const Field &field : story.m_fields) {
             const QString name = FieldInstruction::parse(field.instruction).name;
             if (field.closed && !name.isEmpty())
-                names.append(name);
+                places.emplace(field.place, name);
         }
-    };
-    FieldStory(below, list);
+    }};
+    FieldStory(below, walk);
+    QStringList names;
+    for (const auto &[place, name] : places)
+        names.append(name);
     return names;
 }
 
 int FieldStory::fill(pugi::xml_node below, const ValueOf &valueOf)
 {
     int filled = 0;
-    const OnStory fillOne = [&](FieldStory &story) { filled += story.fillFields(valueOf); };
-    FieldStory(below, fillOne);
+    Walk walk{[&](FieldStory &story) { filled += story.fillFields(valueOf); }};
+    FieldStory(below, walk);
     return filled;
 }
 
-FieldStory::FieldStory(pugi::xml_node root, const OnStory &onStory)
-    : m_onStory(onStory)
+FieldStory::FieldStory(pugi::xml_node root, Walk &walkOfAll)
+    : m_walk(walkOfAll)
 {
     walk(root);
-    m_onStory(*this);
+    m_walk.onStory(*this);
 }
 
 void FieldStory::walk(pugi::xml_node node)
@@ -213,11 +217,11 @@ void FieldStory::walk(pugi::xml_node node)
         } else if (WordXml::is(child, "AlternateContent")) {
             m_pieces.push_back(child);
             for (const pugi::xml_node branch : child.children())
-                FieldStory(branch, m_onStory);
+                FieldStory(branch, m_walk);
         } else if (isClosedPiece(child)) {
             m_pieces.push_back(child);
         } else if (isStory(child)) {
-            FieldStory(child, m_onStory);
+            FieldStory(child, m_walk);
         } else {
             walk(child);
         }
@@ -257,7 +261,7 @@ void FieldStory::findInnerStories(pugi::xml_node node)
 {
     for (const pugi::xml_node child : node.children()) {
         if (isStory(child))
-            FieldStory(child, m_onStory);
+            FieldStory(child, m_walk);
         else
             findInnerStories(child);
     }
@@ -304,6 +308,7 @@ void FieldStory::openField(pugi::xml_node begin, bool simple)
     Field field;
     field.begin = begin;
     field.simple = simple;
+    field.place = m_walk.begun++;
     field.first = m_pieces.empty() ? 0 : m_pieces.size() - 1;
     if (!m_open.empty()) {
         field.outer = m_open.back();

@@ -24,8 +24,8 @@ public:
     // Gives the text for a field of this name; null: the field stays. Not called for fields inside a filled one.
     using ValueOf = std::function<QString(const QString &fieldName)>;
 
-    // Names of the merge fields, or filling them, in all flows below a node, inner flows first. Both may cut runs into
-    // smaller ones of the same look. Throw DocxError for fields nested absurdly deep.
+    // The names of the merge fields in all flows below a node, in reading order; and filling them, inner flows first. Both
+    // may cut runs into smaller ones of the same look. Throw DocxError for fields nested absurdly deep.
     static QStringList names(pugi::xml_node below);
     static int fill(pugi::xml_node below, const ValueOf &valueOf);
 
@@ -44,14 +44,20 @@ private:
         QString instruction, result;
         std::size_t first = 0, last = 0; // of m_pieces
         int outer = -1;                  // of m_fields
+        int place = 0;                   // among the fields of all flows
         bool simple = false, separated = false, closed = false, shows = false;
         bool inInstruction = false; // of the outer field,
         bool quoted = false;        //        and between quotes there
     };
 
-    using OnStory = std::function<void(FieldStory &)>;
+    // What is to be done with each flow once it has been read, and how many fields have been begun in all of them.
+    struct Walk
+    {
+        std::function<void(FieldStory &)> onStory;
+        int begun = 0;
+    };
 
-    explicit FieldStory(pugi::xml_node root, const OnStory &onStory);
+    FieldStory(pugi::xml_node root, Walk &walk);
 
     void walk(pugi::xml_node node);
     void walkSimple(pugi::xml_node node);
@@ -71,7 +77,7 @@ private:
     pugi::xml_node insertRun(const Field &field, pugi::xml_node look);
     void removePieces(const Field &field);
 
-    const OnStory &m_onStory;
+    Walk &m_walk;
     std::vector<Field> m_fields; // in the order of their beginnings
     std::vector<int> m_open;
     std::size_t m_floor = 0;              // of m_open: what an fldSimple lies in is not closed from within

@@ -24,7 +24,7 @@ public:
         , source(onlyToRead ? QFileInfo(filePath).canonicalFilePath() : QString())
     {
         removeMailMergeSource(package);
-        readFields(); // at once, so that a document with absurd ones is refused as long as it can be
+        (void)fieldNames(); // a document with absurd ones is refused as long as it can be
     }
 
     QStringList storyParts() const
@@ -35,17 +35,17 @@ public:
         return parts;
     }
 
-    void readFields()
+    QStringList fieldNames()
     {
-        fieldNames.clear();
+        QStringList names;
         for (const QString &part : storyParts())
-            fieldNames += FieldStory::names(package.xml(part)->document_element());
+            names += FieldStory::names(package.xml(part)->document_element());
+        return names;
     }
 
     DocxPackage package;
     QString path;
     QString source; // not to be overwritten; empty: nothing is
-    QStringList fieldNames;
 };
 
 namespace {
@@ -107,7 +107,7 @@ bool KMSWord::OpenDocument(const QString &path, int readOnly)
 
 Fields KMSWord::GetFields() const
 {
-    return m_document ? Fields(m_document->fieldNames) : Fields();
+    return m_document ? Fields(m_document->fieldNames()) : Fields();
 }
 
 int KMSWord::SetFieldsValue(const QStringList &names, const QStringList &values, int count)
@@ -130,8 +130,6 @@ int KMSWord::SetFieldsValue(const QStringList &names, const QStringList &values,
             m_document->package.setChanged(part);
         filled += inPart;
     }
-    if (filled > 0)
-        m_document->readFields();
     return filled;
 }
 
