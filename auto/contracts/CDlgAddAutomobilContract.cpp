@@ -4,8 +4,12 @@
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/CDlgAddAutomobilContractMatter.h"
+#include "auto/contracts/CDlgCalcPayment.h"
+#include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractSettings.h"
 #include "auto/contracts/ContractTitle.h"
+#include "auto/contracts/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
@@ -14,6 +18,9 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
 #include "suite/utility/KWaitCursor.h"
 
@@ -64,8 +71,11 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
     }
     if (!confirmed) {
         CTblAutomobilContracts contract;
-        if (loadContract(contract, key))
+        if (loadContract(contract, key)) {
+            // A plan that was stored on the way would be left without its contract.
+            StoredInstalments::remove(key);
             contract.Delete();
+        }
     }
     if (error)
         std::rethrow_exception(error);
@@ -147,29 +157,36 @@ bool CDlgAddAutomobilContract::load()
     // The row is read again, as it is now that the pages stand.
     if (!loadContract(contract, m_key))
         return false;
-    for (ContractEditorPage *page : std::as_const(m_pages))
-        page->fill(contract);
+    m_base->fill(contract);
+    m_matter->fill(contract);
     m_active->setChecked(contract.m_iStatus == 0);
     m_unarchive->setVisible(contract.m_iArchiveUserID != 0 && !GetDBSetting()->IsClosedDB());
     showContractType(contract.m_iContractType);
     return true;
 }
 
+int CDlgAddAutomobilContract::addPage(KDialogTabPage *page, const QString &title)
+{
+    const int index = m_tabs->addPage(page, title);
+    connect(page, &KDialogTabPage::frontRequested, m_tabs, [this, index] { m_tabs->setCurrentIndex(index); });
+    return index;
+}
+
 void CDlgAddAutomobilContract::addPages()
 {
     const bool readOnly = isShowMode();
     m_base = new CDlgAddAutomobilContractBase(m_mode, m_tabs);
-    m_pages.append(m_base);
-    m_baseTab = m_tabs->addPage(m_base, QStringLiteral("اطلاعات پایه"));
+    addPage(m_base, QStringLiteral("اطلاعات پایه"));
     connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
-    // The vehicle and the clauses have their place here; the page itself is not part of this version.
-    m_matterTab = m_tabs->addPage(new QWidget(m_tabs), QStringLiteral("مشخصات فروش"));
-    m_tabs->setPageEnabled(m_matterTab, false);
+    m_matter = new CDlgAddAutomobilContractMatter(m_mode, m_tabs);
+    m_matterTab = addPage(m_matter, m_matter->title());
+    connect(m_matter, &CDlgAddAutomobilContractMatter::instalmentsRequested, this,
+            &CDlgAddAutomobilContract::showInstalments);
 
     m_customFields = new CDlgCustomFields(m_tabs);
     m_customFields->bind(CTblAutomobilContracts::recordKind, m_key);
     m_customFields->setReadOnly(readOnly);
-    m_customFieldsTab = m_tabs->addPage(m_customFields, m_customFields->title());
+    addPage(m_customFields, m_customFields->title());
     const std::pair<CTblFileDocs::Scope, QString> filePages[] = {
         {CTblFileDocs::General, QStringLiteral("پرونده های عمومی")},
         {CTblFileDocs::Personal, QStringLiteral("پرونده های شخصی")},
@@ -178,7 +195,7 @@ void CDlgAddAutomobilContract::addPages()
         auto *files = new CDlgFileDocs(scope, m_tabs);
         files->bind(CTblAutomobilContracts::recordKind, m_key);
         files->setReadOnly(readOnly);
-        m_tabs->addPage(files, title);
+        addPage(files, title);
     }
     m_tabs->setCurrentIndex(0);
 }
@@ -202,8 +219,30 @@ void CDlgAddAutomobilContract::applyMode()
 
 void CDlgAddAutomobilContract::showContractType(int contractType)
 {
+    m_contractType = contractType;
     setWindowTitle(contractEditorTitle(contractType, m_mode));
-    m_tabs->button(m_matterTab)->setVisible(hasMatterPage(contractType));
+    m_matter->showContractType(contractType);
+    m_tabs->setPageShown(m_matterTab, hasMatterPage(contractType));
+}
+
+void CDlgAddAutomobilContract::showInstalments()
+{
+    try {
+        const double amount = m_base->form()->edit(QStringLiteral("dAmount"))->number();
+        // Whoever buys pays the instalments.
+        CDlgCalcPayment::Run(m_key, m_base->secondParty()->personField()->personID(), m_matter->amountLeftOf(amount), this,
+                             isShowMode());
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const
+{
+    QList<ContractEditorPage *> pages{m_base};
+    if (hasMatterPage(m_contractType))
+        pages.append(m_matter);
+    return pages;
 }
 
 bool CDlgAddAutomobilContract::OnOK()
@@ -219,27 +258,18 @@ bool CDlgAddAutomobilContract::OnOK()
         KErrorBoundary::report(std::current_exception(), this);
         return false;
     }
-    for (ContractEditorPage *page : std::as_const(m_pages))
+    for (ContractEditorPage *page : pages())
         page->saved();
     return true;
 }
 
 bool CDlgAddAutomobilContract::validatePages()
 {
-    // Each page is in front while it speaks, so that what it refuses is seen and can take the focus.
-    const int shown = m_tabs->currentIndex();
-    m_tabs->setCurrentIndex(m_baseTab);
-    for (ContractEditorPage *page : std::as_const(m_pages)) {
+    for (ContractEditorPage *page : pages()) {
         if (!page->validate())
             return false;
     }
-    if (m_customFields->isOpened()) {
-        m_tabs->setCurrentIndex(m_customFieldsTab);
-        if (!m_customFields->validate())
-            return false;
-    }
-    m_tabs->setCurrentIndex(shown);
-    return true;
+    return !m_customFields->isOpened() || m_customFields->validate();
 }
 
 bool CDlgAddAutomobilContract::save()
@@ -255,7 +285,7 @@ bool CDlgAddAutomobilContract::save()
         if (contract.m_iUserID == 0)
             contract.m_iUserID = GetDBSetting()->GetUserID();
         contract.m_iStatus = m_active->isChecked() ? 0 : 1;
-        for (ContractEditorPage *page : std::as_const(m_pages))
+        for (ContractEditorPage *page : pages())
             page->write(contract);
         contract.Update(true);
         m_customFields->save(m_key);

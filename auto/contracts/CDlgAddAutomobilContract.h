@@ -9,6 +9,7 @@
 #include <QList>
 
 class CDlgAddAutomobilContractBase;
+class CDlgAddAutomobilContractMatter;
 class CDlgCustomFields;
 class CDlgFileDocs;
 class KTabPageButtons;
@@ -42,6 +43,7 @@ public:
     bool refreshNeeded() const { return m_refresh; }
 
     CDlgAddAutomobilContractBase *basePage() const { return m_base; }
+    CDlgAddAutomobilContractMatter *matterPage() const { return m_matter; }
     KTabPageButtons *tabs() const { return m_tabs; }
     QPushButton *unarchiveButton() const { return m_unarchive; }
     QPushButton *carButton() const { return m_copyCar; }
@@ -54,8 +56,12 @@ protected:
 private:
     void buildFrame();
     void addPages();
+    int addPage(class KDialogTabPage *page, const QString &title);
     void applyMode();
     void showContractType(int contractType);
+    void showInstalments();
+    // The pages that a contract of the shown type has.
+    QList<ContractEditorPage *> pages() const;
     bool validatePages();
     bool save();
     bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
@@ -63,12 +69,11 @@ private:
     int m_key;
     ContractEditorMode m_mode;
     bool m_refresh = false;
-    int m_baseTab = -1;
+    int m_contractType = 0;
     int m_matterTab = -1;
-    int m_customFieldsTab = -1;
-    QList<ContractEditorPage *> m_pages;
     KTabPageButtons *m_tabs = nullptr;
     CDlgAddAutomobilContractBase *m_base = nullptr;
+    CDlgAddAutomobilContractMatter *m_matter = nullptr;
     CDlgCustomFields *m_customFields = nullptr;
     QCheckBox *m_active = nullptr;
     QDialogButtonBox *m_buttons = nullptr;

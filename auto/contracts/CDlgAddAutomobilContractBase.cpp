@@ -329,6 +329,7 @@ void CDlgAddAutomobilContractBase::showNotes()
 
 bool CDlgAddAutomobilContractBase::refuse(const QString &message, QWidget *field)
 {
+    Q_EMIT frontRequested();
     g_pDlgWarning->Show(message, this);
     field->setFocus(Qt::TabFocusReason);
     return false;

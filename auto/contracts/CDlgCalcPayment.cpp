@@ -82,9 +82,10 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
 
 CDlgCalcPayment::~CDlgCalcPayment() = default;
 
-void CDlgCalcPayment::Run(int contractID, int personID, double principal, QWidget *parent)
+void CDlgCalcPayment::Run(int contractID, int personID, double principal, QWidget *parent, bool readOnly)
 {
     CDlgCalcPayment dialog(contractID, personID, principal, parent);
+    dialog.setReadOnly(readOnly);
     if (dialog.m_contractCode > 0)
         dialog.exec();
 }

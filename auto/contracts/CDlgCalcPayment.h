@@ -30,7 +30,7 @@ public:
     ~CDlgCalcPayment() override;
 
     // Opens the window for a contract; nothing for one that does not exist.
-    static void Run(int contractID, int personID, double principal, QWidget *parent);
+    static void Run(int contractID, int personID, double principal, QWidget *parent, bool readOnly = false);
 
     void setReadOnly(bool readOnly);
     // The commands behind the buttons.

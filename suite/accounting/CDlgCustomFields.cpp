@@ -122,6 +122,7 @@ bool CDlgCustomFields::validate()
         const QString error = input->error();
         if (error.isEmpty())
             continue;
+        Q_EMIT frontRequested();
         g_pDlgWarning->Show(QStringLiteral("%1 %2").arg(input->widget()->accessibleName(), error), this);
         input->widget()->setFocus();
         return false;

@@ -33,6 +33,8 @@ public:
 Q_SIGNALS:
     // The page asks its holder or its tab to close it.
     void closeRequested();
+    // The page has something to tell about one of its fields and asks to be brought to the front first.
+    void frontRequested();
     // The page asks its holder to do what the OK button does (a double click in select mode).
     void okRequested();
     void titleChanged(const QString &title);

@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCompleter>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,13 +31,19 @@ KEdit::Kind editKind(KFormField::Kind kind)
     }
 }
 
-
 int textLimit(const KFormField &field, KMySQL &record)
 {
     const int columnLength = record.textLength(field.column);
     if (field.maxLength > 0 && columnLength > 0)
         return qMin(field.maxLength, columnLength);
     return field.maxLength > 0 ? field.maxLength : columnLength;
+}
+
+// The entry of that text is the current one, so that the arrow keys go on from it.
+void setComboText(QComboBox &combo, const QString &text)
+{
+    combo.setCurrentIndex(combo.findText(text));
+    combo.setEditText(text);
 }
 
 }
@@ -67,9 +74,7 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
     }
     if (field.inWords)
         addWords(item, page);
-    item.control->setVisible(field.displayed);
-    if (item.label)
-        item.label->setVisible(field.displayed);
+    applyDisplayed(item);
     applyReadOnly(item);
     return item;
 }
@@ -88,6 +93,9 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         if (field.kind == KFormField::Kind::EditableChoice) {
             combo->setEditable(true);
             combo->setInsertPolicy(QComboBox::NoInsert);
+            // Offered in a list: completed in the line, a text that begins like an entry would end as that entry.
+            combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
+            combo->completer()->setFilterMode(Qt::MatchContains);
             if (const int limit = textLimit(field, record); limit > 0)
                 combo->lineEdit()->setMaxLength(limit);
         }
@@ -110,7 +118,6 @@ void KForm::addWords(Item &item, QWidget *page)
 {
     auto *words = new QLabel(page);
     words->setWordWrap(true);
-    words->setVisible(item.field.displayed);
     QFont small = words->font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     words->setFont(small);
@@ -126,6 +133,11 @@ const KForm::Item &KForm::item(const QString &column) const
     const auto position = m_positions.constFind(column);
     Q_ASSERT_X(position != m_positions.cend(), "KForm", qPrintable(column));
     return m_items.at(*position);
+}
+
+KForm::Item &KForm::item(const QString &column)
+{
+    return const_cast<Item &>(std::as_const(*this).item(column));
 }
 
 QWidget *KForm::control(const QString &column) const
@@ -176,6 +188,47 @@ void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &col
         grid->addWidget(placed.words, row + 1, gridColumn + 1, 1, span);
 }
 
+void KForm::setUsed(const QString &column, bool used)
+{
+    Item &changed = item(column);
+    changed.used = used;
+    applyDisplayed(changed);
+}
+
+bool KForm::isUsed(const QString &column) const
+{
+    return item(column).used;
+}
+
+void KForm::applyDisplayed(const Item &item)
+{
+    for (QWidget *widget : {item.control, static_cast<QWidget *>(item.label), static_cast<QWidget *>(item.words)}) {
+        if (widget)
+            widget->setVisible(item.used && item.field.displayed);
+    }
+}
+
+void KForm::setLabel(const QString &column, const QString &label)
+{
+    const Item &changed = item(column);
+    const QString shown = label.isEmpty() ? changed.field.label : label;
+    changed.label->setText(shown);
+    changed.control->setAccessibleName(label.isEmpty() && !changed.field.accessibleName.isEmpty()
+                                           ? changed.field.accessibleName
+                                           : shown);
+}
+
+void KForm::setChoices(const QString &column, const QStringList &choices)
+{
+    QComboBox *combo = comboBox(column);
+    Q_ASSERT(combo->isEditable());
+    const QString text = combo->currentText();
+    const QSignalBlocker blocker(combo);
+    combo->clear();
+    combo->addItems(choices);
+    setComboText(*combo, text);
+}
+
 void KForm::load(KMySQL &record)
 {
     for (const Item &item : std::as_const(m_items)) {
@@ -191,7 +244,7 @@ void KForm::load(KMySQL &record)
             qobject_cast<QComboBox *>(item.control)->setCurrentIndex(value.toInt());
             break;
         case KFormField::Kind::EditableChoice:
-            qobject_cast<QComboBox *>(item.control)->setEditText(value.toString());
+            setComboText(*qobject_cast<QComboBox *>(item.control), value.toString());
             break;
         case KFormField::Kind::Text:
             qobject_cast<KEdit *>(item.control)->setText(value.toString());
@@ -205,6 +258,8 @@ void KForm::load(KMySQL &record)
 void KForm::store(KMySQL &record) const
 {
     for (const Item &item : m_items) {
+        if (!item.used)
+            continue;
         QVariant value;
         switch (item.field.kind) {
         case KFormField::Kind::Date:
@@ -238,8 +293,7 @@ void KForm::setShowMode(bool show)
 
 void KForm::setReadOnly(const QString &column, bool readOnly)
 {
-    Item &changed = m_items[m_positions.value(column)];
-    Q_ASSERT(changed.field.column == column);
+    Item &changed = item(column);
     changed.readOnly = readOnly;
     applyReadOnly(changed);
 }
@@ -256,6 +310,8 @@ void KForm::applyReadOnly(const Item &item)
 std::optional<KForm::Problem> KForm::firstInvalid() const
 {
     for (const Item &item : m_items) {
+        if (!item.used)
+            continue;
         QString error;
         if (const auto *edit = qobject_cast<KEdit *>(item.control))
             error = edit->entryError();

@@ -37,16 +37,16 @@ struct KFormField
     };
 
     QString column;
-    QString label;              // shown before the control and its accessible name
+    QString label; // shown before the control and its accessible name
     Kind kind = Kind::Text;
     QString accessibleName = {}; // where the label alone does not tell the field from its neighbours
     QStringList choices = {};
-    int maxLength = 0;          // characters; 0: as many as the column holds
+    int maxLength = 0; // characters; 0: as many as the column holds
     double minimum = 0;
-    double maximum = 0;         // a range of Integer; both 0: the kind's own
-    bool readOnly = false;      // never editable
-    bool displayed = true;      // false: the control exists and keeps its value, but is not shown
-    bool inWords = false;       // Money: the amount in words stands below the control
+    double maximum = 0;    // a range of Integer; both 0: the kind's own
+    bool readOnly = false; // never editable
+    bool displayed = true; // false: the control exists and keeps its value, but is not shown
+    bool inWords = false;  // Money: the amount in words stands below the control
 };
 
 // A page of an editor as a table: builds the controls of its fields with label and buddy, loads them from a record, stores
@@ -58,8 +58,8 @@ class TZUTILITY_EXPORT KForm : public QObject
 public:
     struct Problem
     {
-        QWidget *widget = nullptr;  // the control to go to
-        QString message;            // for the user
+        QWidget *widget = nullptr; // the control to go to
+        QString message;           // for the user
     };
 
     // The record tells the columns' lengths; it is not kept. The controls become children of the page.
@@ -79,8 +79,17 @@ public:
     // the field has one, goes into the row below.
     void place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span = 1);
 
+    // Takes a field off the page for now, or puts it back: off the page it is not shown, not asked about by firstInvalid and
+    // not written by store, so that the record keeps what it holds. load fills it all the same.
+    void setUsed(const QString &column, bool used);
+    bool isUsed(const QString &column) const;
+    // Another label than the table's, for as long as it is not set again; an empty one gives the table's back.
+    void setLabel(const QString &column, const QString &label);
+    // What an EditableChoice offers from now on; its text stays.
+    void setChoices(const QString &column, const QStringList &choices);
+
     void load(KMySQL &record);
-    // Writes every control back into its member, those not displayed as well.
+    // Writes every control that is in use back into its member, those not displayed as well.
     void store(KMySQL &record) const;
     // Read-only controls throughout, or as the fields say.
     void setShowMode(bool show);
@@ -98,13 +107,16 @@ private:
         QLabel *label = nullptr;
         QLabel *words = nullptr;
         bool readOnly = false;
+        bool used = true;
     };
 
     Item makeItem(const KFormField &field, KMySQL &record, QWidget *page);
     QWidget *makeControl(const KFormField &field, KMySQL &record, QWidget *page);
     void addWords(Item &item, QWidget *page);
     const Item &item(const QString &column) const;
+    Item &item(const QString &column);
     void applyReadOnly(const Item &item);
+    static void applyDisplayed(const Item &item);
 
     QList<KFormField> m_fields;
     QList<Item> m_items;

@@ -102,6 +102,14 @@ void KTabPageButtons::setPageEnabled(int index, bool enabled)
         nextPage();
 }
 
+void KTabPageButtons::setPageShown(int index, bool shown)
+{
+    if (!page(index))
+        return;
+    setPageEnabled(index, shown);
+    button(index)->setVisible(shown);
+}
+
 int KTabPageButtons::currentIndex() const
 {
     return m_pages->currentIndex();

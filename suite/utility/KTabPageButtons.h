@@ -30,6 +30,8 @@ public:
     void setPageTitle(int index, const QString &title);
     // A page that is not enabled cannot be made current; when it is the current one, the next enabled one becomes so.
     void setPageEnabled(int index, bool enabled);
+    // A page that is not shown is not enabled and has no button in the row, as if it had not been added.
+    void setPageShown(int index, bool shown);
 
     // -1 without pages.
     int currentIndex() const;

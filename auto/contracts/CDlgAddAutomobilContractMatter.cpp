@@ -1,0 +1,250 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAddAutomobilContractMatter.h"
+
+#include "auto/contracts/MatterFields.h"
+#include "auto/contracts/MatterVisibility.h"
+#include "auto/contracts/ModelYear.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/Provinces.h"
+#include "suite/utility/TabOrder.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <initializer_list>
+
+namespace {
+
+QString column(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+// One line of fields: a column and how many of the line's parts its control takes.
+struct Cell
+{
+    const char *column;
+    int span = 1;
+};
+
+constexpr int partsOfALine = 4;
+
+// Lines of four labelled fields below each other. A money field's words have the row below its line.
+QGridLayout *fieldGrid(KForm &form, QWidget *box, std::initializer_list<std::initializer_list<Cell>> lines)
+{
+    auto *grid = new QGridLayout(box);
+    grid->setVerticalSpacing(3);
+    int row = 0;
+    for (const auto &line : lines) {
+        int part = 0;
+        for (const Cell &cell : line) {
+            form.place(grid, row, 2 * part, column(cell.column), 2 * cell.span - 1);
+            part += cell.span;
+        }
+        row += 2;
+    }
+    for (int part = 0; part < partsOfALine; ++part)
+        grid->setColumnStretch(2 * part + 1, 1);
+    return grid;
+}
+
+// The labels that are too long to stand below others: a line whose fields only share its width.
+QGridLayout *fieldLine(KForm &form, std::initializer_list<Cell> cells)
+{
+    auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(3);
+    int part = 0;
+    for (const Cell &cell : cells) {
+        form.place(grid, 0, 2 * part, column(cell.column));
+        grid->setColumnStretch(2 * part + 1, cell.span);
+        ++part;
+    }
+    return grid;
+}
+
+}
+
+CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent)
+    : KDialogTabPage(parent)
+    , m_mode(mode)
+{
+    setTitle(QStringLiteral("مشخصات فروش"));
+    build();
+    connect(m_form->comboBox(column("sState")), &QComboBox::currentTextChanged, this,
+            &CDlgAddAutomobilContractMatter::offerCities);
+}
+
+CDlgAddAutomobilContractMatter::~CDlgAddAutomobilContractMatter() = default;
+
+void CDlgAddAutomobilContractMatter::build()
+{
+    auto *content = new QWidget(this);
+    CTblAutomobilContracts columns;
+    m_form = new KForm(matterFields(), columns, content);
+
+    auto *heading = new QLabel(QStringLiteral("موضوع مشخصات مورد معامله"), content);
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    auto *layout = new QVBoxLayout(content);
+    layout->addWidget(heading);
+    layout->addWidget(buildVehicle());
+    layout->addWidget(buildPayment());
+    layout->addWidget(buildTerms());
+    layout->addWidget(buildRegistry());
+    layout->addStretch(1);
+
+    auto *scroll = new QScrollArea(this);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(content);
+    auto *page = new QVBoxLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    page->addWidget(scroll);
+    scroll->setMinimumWidth(content->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
+    tabInLayoutOrder(content);
+}
+
+QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
+{
+    auto *box = new QGroupBox(QStringLiteral("خودرو"), this);
+    fieldGrid(*m_form, box,
+              {{{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}},
+               {{"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}},
+               {{"sNumOfEngines"}, {"sChassisNum"}, {"sVIN"}, {"sDengue"}},
+               {{"sNumOFAxles"}, {"sNumOfWheels"}, {"sDocumentsDelivered", 2}},
+               {{"sDescMatter", 4}}});
+    return box;
+}
+
+QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
+{
+    auto *box = new QGroupBox(QStringLiteral("پرداخت"), this);
+    auto *lines = new QVBoxLayout(box);
+    lines->addLayout(fieldLine(*m_form, {{"dFixAmount"}}));
+    lines->addLayout(fieldLine(*m_form, {{"sCheckCount"}, {"dAgreeAmount", 2}, {"sCheckNum", 2}}));
+    lines->addLayout(fieldLine(*m_form, {{"sBankName", 2}, {"sBranchName", 2}, {"sBranchCode"}, {"sDescCheck", 3}}));
+    lines->addLayout(fieldLine(*m_form, {{"dRemainingAmount"}, {"sDescRemainingAmount", 2}}));
+    lines->addLayout(fieldLine(*m_form, {{"dDamageAmount"}, {"dCompenseAmount"}}));
+    return box;
+}
+
+QGroupBox *CDlgAddAutomobilContractMatter::buildRegistry()
+{
+    auto *box = new QGroupBox(QStringLiteral("ثبت و دفترخانه"), this);
+    auto *lines = new QVBoxLayout(box);
+    lines->addLayout(fieldLine(*m_form, {{"dateDeal"}, {"dateTradeUnit"}, {"sRegistryNum"}, {"sRightTahrir"}}));
+    lines->addLayout(fieldLine(*m_form, {{"dateDocument"}, {"dateOffice"}}));
+    lines->addLayout(fieldLine(*m_form, {{"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}}));
+    lines->addLayout(fieldLine(*m_form, {{"sState", 2}, {"sCity", 2}, {"sLicense", 2}, {"sAddressSample", 3}}));
+    lines->addLayout(fieldLine(*m_form, {{"sSampleDescOne"}, {"sSampleDescTwo"}}));
+    return box;
+}
+
+QGroupBox *CDlgAddAutomobilContractMatter::buildTerms()
+{
+    m_terms = new QGroupBox(this);
+    m_instalments = new QPushButton(QStringLiteral("محاسبه اقساط"), m_terms);
+    m_instalments->setAccessibleName(m_instalments->text());
+    m_instalments->setAutoDefault(false);
+    connect(m_instalments, &QPushButton::clicked, this, &CDlgAddAutomobilContractMatter::instalmentsRequested);
+    auto *lines = new QVBoxLayout(m_terms);
+    lines->addLayout(fieldLine(*m_form, {{"dAmountRent", 3}, {"sRentTime", 2}, {"dateRent", 2}, {"dateRentExpire", 2}, {"sNumOfMonths"}}));
+    auto *plan = fieldLine(*m_form, {{"sNumOfInstallment"}, {"sUsanceNum"}, {"dDelayAmount", 2}});
+    plan->addWidget(m_instalments, 0, plan->columnCount());
+    lines->addLayout(plan);
+    return m_terms;
+}
+
+void CDlgAddAutomobilContractMatter::showContractType(int contractType)
+{
+    for (const KFormField &field : m_form->fields())
+        m_form->setUsed(field.column, MatterVisibility::isUsed(contractType, field.column));
+    const bool instalments = MatterVisibility::hasInstalments(contractType);
+    const std::pair<const char *, QString> period[] = {
+        {"sRentTime", QStringLiteral("مدت معامله :")},
+        {"dateRent", QStringLiteral("از تاریخ :")},
+        {"dateRentExpire", QStringLiteral("لغایت :")},
+    };
+    for (const auto &[name, label] : period)
+        m_form->setLabel(column(name), instalments ? label : QString());
+    m_terms->setTitle(instalments ? QStringLiteral("اقساط") : QStringLiteral("اجاره"));
+    m_terms->setVisible(MatterVisibility::hasTerms(contractType));
+    m_instalments->setVisible(instalments);
+}
+
+void CDlgAddAutomobilContractMatter::fill(CTblAutomobilContracts &contract)
+{
+    const QScopedValueRollback filling(m_filling, true);
+    m_form->setShowMode(isShowMode());
+    m_form->load(contract);
+    offerCities();
+    showContractType(contract.m_iContractType);
+}
+
+void CDlgAddAutomobilContractMatter::offerCities()
+{
+    const QStringList cities = Provinces::cities(m_form->comboBox(column("sState"))->currentText());
+    m_form->setChoices(column("sCity"), cities);
+    if (m_filling || cities.isEmpty())
+        return;
+    // Another province was taken: a city that is known to lie elsewhere goes, one typed by hand stays.
+    QComboBox *city = m_form->comboBox(column("sCity"));
+    if (city->findText(city->currentText()) < 0 && Provinces::isCity(city->currentText()))
+        city->clearEditText();
+}
+
+double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const
+{
+    const double paid = m_form->edit(column("dFixAmount"))->number() + m_form->edit(column("dAgreeAmount"))->number();
+    return qMax(0.0, contractAmount - paid);
+}
+
+bool CDlgAddAutomobilContractMatter::refuse(const QString &message, QWidget *field)
+{
+    Q_EMIT frontRequested();
+    g_pDlgWarning->Show(message, this);
+    field->setFocus(Qt::TabFocusReason);
+    return false;
+}
+
+bool CDlgAddAutomobilContractMatter::validate()
+{
+    if (isShowMode())
+        return true;
+    const auto isEmpty = [this](const char *name) { return m_form->edit(column(name))->text().trimmed().isEmpty(); };
+    if (isEmpty("sAutomobilName"))
+        return refuse(QStringLiteral("لطفا نام اتومبیل را مشخص کنید."), m_form->edit(column("sAutomobilName")));
+    KEdit *year = m_form->edit(column("sModel"));
+    if (!isModelYear(year->text())) {
+        refuse(QStringLiteral("لطفا سال را بزرگتر از سال 1000 وارد کنید."), year);
+        year->selectAll();
+        return false;
+    }
+    if (isEmpty("sColor"))
+        return refuse(QStringLiteral("لطفا رنگ خودرو را مشخص کنید."), m_form->edit(column("sColor")));
+    if (isEmpty("sNumOfPlates"))
+        return refuse(QStringLiteral("لطفا شماره پلاک را وارد کنید."), m_form->edit(column("sNumOfPlates")));
+    if (const auto problem = m_form->firstInvalid())
+        return refuse(problem->message, problem->widget);
+    return true;
+}
+
+void CDlgAddAutomobilContractMatter::write(CTblAutomobilContracts &contract)
+{
+    m_form->store(contract);
+    contract.m_sModel = toAsciiDigits(contract.m_sModel.trimmed());
+}

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/contracts/ContractEditorPage.h"
+#include "suite/utility/KDialogTabPage.h"
+
+class KForm;
+class QGroupBox;
+class QLayout;
+class QPushButton;
+class QVBoxLayout;
+
+// Second page of the contract editor: the vehicle, how it is paid, the registry and notary data, and the terms of a rent or
+// of an instalment sale. What of it shows, and is written, follows the contract's type; what does not show keeps the value
+// that is stored.
+class CDlgAddAutomobilContractMatter final : public KDialogTabPage, public ContractEditorPage
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilContractMatter() override;
+
+    void fill(CTblAutomobilContracts &contract) override;
+    [[nodiscard]] bool validate() override;
+    void write(CTblAutomobilContracts &contract) override;
+
+    // The fields of that type of contract, one that has this page.
+    void showContractType(int contractType);
+    // What of an instalment sale's amount is neither paid in cash nor by cheque, and so is split into instalments; never
+    // below 0. In the suite's money unit.
+    double amountLeftOf(double contractAmount) const;
+
+    KForm *form() const { return m_form; }
+    QPushButton *instalmentsButton() const { return m_instalments; }
+
+Q_SIGNALS:
+    // The user wants the contract's instalment plan.
+    void instalmentsRequested();
+
+private:
+    void build();
+    QGroupBox *buildVehicle();
+    QGroupBox *buildPayment();
+    QGroupBox *buildRegistry();
+    QGroupBox *buildTerms();
+    void offerCities();
+    bool refuse(const QString &message, QWidget *field);
+    bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
+
+    ContractEditorMode m_mode;
+    bool m_filling = false;
+    KForm *m_form = nullptr;
+    QGroupBox *m_terms = nullptr;
+    QPushButton *m_instalments = nullptr;
+};

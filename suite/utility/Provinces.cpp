@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/Provinces.h"
+
+#include "suite/utility/TextStandard.h"
+
+#include <QFile>
+
+#include <algorithm>
+
+namespace {
+
+struct Province
+{
+    QString name;
+    QStringList cities;
+};
+
+QList<Province> readProvinces()
+{
+    QFile file(QStringLiteral(":/data/provinces.tsv"));
+    QList<Province> provinces;
+    if (!file.open(QIODevice::ReadOnly))
+        return provinces;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+        const QStringList cells = line.split(u'\t');
+        if (cells.size() != 2 || line.startsWith(u'#'))
+            continue;
+        if (provinces.isEmpty() || provinces.last().name != cells[0])
+            provinces.append({cells[0], {}});
+        provinces.last().cities.append(cells[1]);
+    }
+    return provinces;
+}
+
+const QList<Province> &provinces()
+{
+    static const QList<Province> read = readProvinces();
+    return read;
+}
+
+}
+
+QStringList Provinces::names()
+{
+    QStringList names;
+    for (const Province &province : provinces())
+        names.append(province.name);
+    return names;
+}
+
+QStringList Provinces::cities(const QString &province)
+{
+    const QString wanted = searchKey(province);
+    for (const Province &candidate : provinces()) {
+        if (searchKey(candidate.name) == wanted)
+            return candidate.cities;
+    }
+    return {};
+}
+
+bool Provinces::isCity(const QString &city)
+{
+    const QString wanted = searchKey(city);
+    return std::ranges::any_of(provinces(), [&](const Province &province) {
+        return std::ranges::any_of(province.cities, [&](const QString &known) { return searchKey(known) == wanted; });
+    });
+}
