@@ -8,6 +8,7 @@
 #include "host/demo/DemoNames.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/utility/Money.h"
+#include "suite/utility/Provinces.h"
 #include "suite/utility/ShamsiDate.h"
 
 namespace {
@@ -34,6 +35,15 @@ int contractType(DemoRandom &random)
     return draw < 70 ? Sale : draw < 78 ? Rent
         : draw < 95                     ? Instalments
                                         : Letter;
+}
+
+QString provinceOf(const QString &city)
+{
+    for (const QString &province : Provinces::names()) {
+        if (Provinces::cities(province).contains(city))
+            return province;
+    }
+    return {};
 }
 
 QDateTime midnight(const QDate &day)
@@ -83,6 +93,9 @@ void DemoContracts::makeContract(int code, const QDate &day)
     m_contract.m_iUserID = m_office.userID;
     setParties(first, second);
     setCar();
+    setRegistry(day);
+    setPayment();
+    setTerms(day);
     setState(day);
     postDocument(first, second);
     m_contracts.add();
@@ -182,7 +195,6 @@ void DemoContracts::setFigures(const Party &first, const Party &second, double a
 void DemoContracts::setCar()
 {
     const QString color = m_random.oneOf(DemoNames::colors()).toString();
-    const DemoNames::City city = m_random.oneOf(DemoNames::cities());
     m_contract.m_sAutomobilType = QStringLiteral("سواری");
     m_contract.m_sColor = color;
     m_contract.m_sFuel = WordLists::textAt(WordLists::fuelTypes(), 1);
@@ -195,7 +207,6 @@ void DemoContracts::setCar()
     m_contract.m_sNumOfPlates = QStringLiteral("%1 ب %2 ایران %3")
                                     .arg(QString::number(m_random.between(11, 99)), QString::number(m_random.between(111, 999)),
                                          QString::number(m_random.between(10, 99)));
-    m_contract.m_sCity = city.name.toString();
     m_contract.m_sDeal = QStringLiteral("یک دستگاه %1 %2 مدل %3 رنگ %4")
                              .arg(m_contract.m_sSystem, m_contract.m_sAutomobilName, m_contract.m_sModel, color);
     m_contract.m_sExplain = QStringLiteral("%1 %2 %3، %4")
@@ -203,6 +214,58 @@ void DemoContracts::setCar()
                                      m_random.oneOf(DemoNames::deliveries()).toString());
     m_contract.m_sTrackingCode = QString::number(m_random.between(100000000, 999999999));
     m_contract.m_sSerial = QStringLiteral("آ/%1").arg(100000 + m_contract.m_iCode);
+}
+
+void DemoContracts::setRegistry(const QDate &day)
+{
+    m_contract.m_sCity = m_random.oneOf(DemoNames::cities()).name.toString();
+    m_contract.m_sState = provinceOf(m_contract.m_sCity);
+    m_contract.m_sDengue = QStringLiteral("شش دانگ");
+    m_contract.m_sBrigade = QStringLiteral("تیپ %1").arg(m_random.between(1, 5));
+    m_contract.m_sDocumentsDelivered = QStringLiteral("سند، کارت خودرو، بیمه نامه، زاپاس و جک");
+    m_contract.m_sRegistryNum = QString::number(m_random.between(1, 980));
+    m_contract.m_sLicense = QString::number(m_random.between(10000, 99999));
+    m_contract.m_dateDeal = QDateTime(day, QTime(9, 0).addSecs(m_random.below(9 * 3600)), Qt::UTC);
+    m_contract.m_dateTradeUnit = m_contract.m_dateDeal;
+    m_contract.m_dEveryHandDealAmount = m_contract.m_dCommission;
+    // An instalment sale keeps its document until the last instalment is paid.
+    const bool transferred = m_contract.m_iContractType != Instalments && m_contract.m_iContractType != Letter;
+    m_contract.m_dateDocument = transferred ? midnight(day.addDays(m_random.between(3, 20))) : QDateTime();
+    m_contract.m_dateOffice = m_contract.m_dateDocument;
+}
+
+// A third to two thirds by cheque, of a sale; the rest is due with the document or, of an instalment sale, in instalments.
+void DemoContracts::setPayment()
+{
+    const bool paid = m_contract.m_iContractType == Sale || m_contract.m_iContractType == Instalments;
+    const int cheques = paid ? m_random.between(1, 3) : 0;
+    const double byCheque = paid ? qRound64(m_contract.m_dAmount * m_random.between(33, 66) / 100 / 1e6) * 1e6 : 0;
+    const bool rest = m_contract.m_iContractType == Sale;
+    m_contract.m_sCheckCount = paid ? QString::number(cheques) : QString();
+    m_contract.m_dAgreeAmount = byCheque;
+    m_contract.m_sCheckNum = paid ? QString::number(m_random.between(100000, 999999)) : QString();
+    m_contract.m_sBankName = paid ? QStringLiteral("ملت") : QString();
+    m_contract.m_sBranchName = paid ? QStringLiteral("میدان آزادی") : QString();
+    m_contract.m_sBranchCode = paid ? QString::number(m_random.between(1000, 9999)) : QString();
+    m_contract.m_dRemainingAmount = rest ? m_contract.m_dAmount - byCheque : 0;
+    m_contract.m_sDescRemainingAmount = rest ? QStringLiteral("هنگام تنظیم سند در دفترخانه") : QString();
+    m_contract.m_dDamageAmount = paid ? qRound64(m_contract.m_dAmount / 100 / 1e6) * 1e6 : 0;
+}
+
+void DemoContracts::setTerms(const QDate &day)
+{
+    const bool rent = m_contract.m_iContractType == Rent;
+    const bool instalments = m_contract.m_iContractType == Instalments;
+    const bool lasts = rent || instalments;
+    m_contract.m_sRentTime = lasts ? QStringLiteral("یک سال") : QString();
+    m_contract.m_dateRent = lasts ? midnight(day) : QDateTime();
+    m_contract.m_dateRentExpire = lasts ? midnight(addShamsiMonths(day, 12)) : QDateTime();
+    m_contract.m_dAmountRent = rent ? m_contract.m_dAmount / 12 : 0;
+    m_contract.m_sNumOfMonths = rent ? QStringLiteral("12") : QString();
+    m_contract.m_sDescCheck = rent ? QStringLiteral("یک فقره سفته بابت حسن انجام تعهدات") : QString();
+    m_contract.m_sNumOfInstallment = instalments ? QStringLiteral("12") : QString();
+    m_contract.m_sUsanceNum = instalments ? QStringLiteral("1 تا 12") : QString();
+    m_contract.m_dDelayAmount = instalments ? qRound64(m_contract.m_dAmount / 1000 / 1e4) * 1e4 : 0;
 }
 
 void DemoContracts::setState(const QDate &day)

@@ -46,6 +46,9 @@ private:
     void setParties(const Party &first, const Party &second);
     void setFigures(const Party &first, const Party &second, double amount);
     void setCar();
+    void setRegistry(const QDate &day);
+    void setPayment();
+    void setTerms(const QDate &day);
     void setState(const QDate &day);
     void postDocument(const Party &first, const Party &second);
 

@@ -16,6 +16,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
+#include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
 
 #include <QAbstractButton>
@@ -77,6 +78,7 @@ class TestCDlgAddAutomobilContract : public QObject
         dialog->basePage()->firstParty()->takePerson(m_seller);
         dialog->basePage()->secondParty()->takePerson(m_buyer);
         type(*dialog, "dAmount", "1000000");
+        fillMatterPage(*dialog->matterPage());
         return dialog;
     }
 
@@ -144,6 +146,7 @@ private Q_SLOTS:
             dialog.basePage()->firstParty()->takePerson(m_seller);
             dialog.basePage()->secondParty()->takePerson(m_buyer);
             type(dialog, "dAmount", "1000000");
+            fillMatterPage(*dialog.matterPage());
             dialog.accept();
             if (dialog.isVisible()) {
                 QTest::qFail(qPrintable(g_pDlgWarning->takeShown().join(u'|')), __FILE__, __LINE__);

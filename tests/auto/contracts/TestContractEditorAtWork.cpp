@@ -21,6 +21,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
+#include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
 
 #include <QAbstractButton>
@@ -106,6 +107,7 @@ class TestContractEditorAtWork : public QObject
         dialog->basePage()->firstParty()->takePerson(m_seller);
         dialog->basePage()->secondParty()->takePerson(m_buyer);
         type(*dialog, "dAmount", "1000000");
+        fillMatterPage(*dialog->matterPage());
         return dialog;
     }
 
@@ -192,6 +194,7 @@ private Q_SLOTS:
         auto dialog = opened(contract, Mode::Edit);
         QVERIFY(!dialog->basePage()->form()->control(column("dateExtension"))->isVisible());
         QVERIFY(!edit(*dialog, "dCommissionEveryPerson")->isVisible());
+        fillMatterPage(*dialog->matterPage());
         dialog->accept();
         QVERIFY(!dialog->isVisible());
         CTblAutomobilContracts row;
@@ -570,7 +573,9 @@ private Q_SLOTS:
             row.m_sName2 = QStringLiteral("b");
             row.m_dAmount = 5;
         });
-        opened(contract, Mode::Edit)->accept();
+        auto dialog = opened(contract, Mode::Edit);
+        fillMatterPage(*dialog->matterPage());
+        dialog->accept();
         QCOMPARE(value(QStringLiteral("SELECT iUserID FROM AutomobilContracts")).toInt(),
                  stored == 0 ? m_office->adminID() : stored);
     }
