@@ -118,7 +118,8 @@ void KEdit::setNumber(double number)
     showText(shown, int(shown.size()));
     const bool changed = m_number != taken;
     m_number = taken;
-    checkRange(taken);
+    const double inRange = qBound(m_minimum, taken, m_maximum);
+    checkRange(IsEquals(taken, inRange) ? inRange : taken);
     if (changed)
         Q_EMIT numberChanged(m_number);
 }

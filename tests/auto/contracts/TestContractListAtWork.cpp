@@ -396,6 +396,82 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("همه"), QStringLiteral("برگشت نشده"), QStringLiteral("برگشت شده")}));
     }
 
+    void resetEmptiesWhatItMayAndOnlyThat()
+    {
+        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        auto &page = shownPage();
+        page.sellerFilter()->setPersonID(person);
+        page.buyerFilter()->setPersonID(person);
+        page.descriptionFilter()->setText(QStringLiteral("x"));
+        page.explanationFilter()->setText(QStringLiteral("y"));
+        page.typeFilter()->setCurrentIndex(2);
+        page.archiveFilter()->setCurrentIndex(3);
+        page.returnFilter()->setCurrentIndex(2);
+        page.inactiveFilter()->setChecked(true);
+        for (KDateEdit *date : {page.contractFromFilter(), page.contractToFilter(), page.expirationFromFilter(),
+                                page.expirationToFilter()})
+            date->setChecked(true);
+        page.button(QStringLiteral("پيش فرض"))->click();
+        const ContractCriteria asked = page.criteria();
+        QCOMPARE(asked.firstPersonID, 0);
+        QCOMPARE(asked.secondPersonID, 0);
+        QVERIFY(asked.descriptionPart.isEmpty());
+        QVERIFY(asked.explanationPart.isEmpty());
+        QCOMPARE(asked.contractType, 0);
+        QVERIFY(!asked.contractFrom.isValid() && !asked.contractTo.isValid());
+        QVERIFY(!asked.expirationFrom.isValid() && !asked.expirationTo.isValid());
+        QCOMPARE(asked.archiveState, 3);
+        QCOMPARE(asked.returnState, 2);
+        QVERIFY(!asked.activeOnly);
+    }
+
+    void everyFilterControlReachesItsCriterion()
+    {
+        const int seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        const int buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
+        auto &page = shownPage();
+        page.sellerFilter()->setPersonID(seller);
+        page.buyerFilter()->setPersonID(buyer);
+        page.descriptionFilter()->setText(QStringLiteral("d'_"));
+        page.explanationFilter()->setText(QStringLiteral("e"));
+        page.typeFilter()->setCurrentIndex(4);
+        page.archiveFilter()->setCurrentIndex(3);
+        page.returnFilter()->setCurrentIndex(2);
+        int day = 0;
+        for (KDateEdit *date : {page.contractFromFilter(), page.contractToFilter(), page.expirationFromFilter(),
+                                page.expirationToFilter()}) {
+            date->setDate(QDate(2026, 5, ++day));
+            date->setChecked(true);
+        }
+        QCOMPARE(contractFilter(page.criteria()),
+                 QStringLiteral("iStatus = 0 AND iPersonFirstID=%1 AND bReturn=1 AND iArchiveUserID<>0 AND iArchiveUserID<>%2"
+                                " AND iPersonSecondID=%3 AND iContractType = 3 AND dateContract>='2026-05-01'"
+                                " AND dateContract<='2026-05-03' AND sDesc LIKE '%d''\\_%' AND sExplain LIKE '%e%'"
+                                " AND dateExpiration>='2026-05-03' AND dateExpiration <= '2026-05-05'")
+                     .arg(seller)
+                     .arg(m_office->adminID())
+                     .arg(buyer));
+    }
+
+    void rowsTellTypeDocumentDatesAndArchive()
+    {
+        addNamed(QStringLiteral("شرح"), [](Contract &c) {
+            c.m_iContractType = 3;
+            c.m_iDocNum = 12;
+            c.m_dateContract = QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC);
+            c.m_dateExpiration = QDateTime(QDate(2027, 3, 21), QTime(0, 0), Qt::UTC);
+            c.m_sDesc = QStringLiteral("توضیح");
+        });
+        auto &page = shownPage();
+        QStringList cells;
+        for (int column = 0; column < 10; ++column)
+            cells << page.list()->cellText(0, column);
+        QCOMPARE(cells, (QStringList{QStringLiteral("1"), QStringLiteral("قرارداد نامه"), QStringLiteral("a"),
+                                     QStringLiteral("b"), QStringLiteral("12"), QStringLiteral("شرح"),
+                                     QStringLiteral("1405/01/01"), QStringLiteral("1406/01/01"), QStringLiteral("توضیح"),
+                                     QStringLiteral("-")}));
+    }
+
     void personIsPickedIntoTheFilterAndClearedAgain()
     {
         const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void rightAgainAfterOutOfRange();
     void itsOwnDescriptionOutlivesAnError();
     void aSetNumberOutOfRangeIsMarked();
+    void aSetNumberThatEqualsItsBoundIsInRange();
     void finishedEntryIsShownAsANumber();
     void negativeOnlyWhereTheRangeAllows();
     void maxLength();
@@ -363,6 +364,21 @@ void TestKEdit::aSetNumberOutOfRangeIsMarked()
     QVERIFY(!edit.isEntryValid());
     QCOMPARE(edit.number(), -5.0);
     QCOMPARE(edit.text(), QStringLiteral("-5"));
+}
+
+// A computed amount may miss its bound by the noise of its sums: 0.7 + 0.1 - 0.8 is no debt.
+void TestKEdit::aSetNumberThatEqualsItsBoundIsInRange()
+{
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(0.7 + 0.1 - 0.8);
+    QVERIFY(edit.number() < 0);
+    QVERIFY(edit.isEntryValid());
+    QCOMPARE(edit.text(), QStringLiteral("0"));
+    edit.setNumber(-0.001);
+    QVERIFY(!edit.isEntryValid());
+    KEdit percent(KEdit::Kind::Percent);
+    percent.setText(QStringLiteral("100.0001"));
+    QVERIFY(!percent.isEntryValid());
 }
 
 void TestKEdit::finishedEntryIsShownAsANumber()

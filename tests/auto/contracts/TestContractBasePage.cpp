@@ -1,0 +1,368 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAddAutomobilContract.h"
+#include "auto/contracts/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KForm.h"
+#include "tests/office/TestOffice.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QTemporaryFile>
+#include <QTest>
+
+namespace {
+
+using Dialog = CDlgAddAutomobilContract;
+using Mode = ContractEditorMode;
+
+QString column(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+KEdit *edit(const Dialog &dialog, const char *name)
+{
+    return dialog.basePage()->form()->edit(column(name));
+}
+
+double shown(const Dialog &dialog, const char *name)
+{
+    return edit(dialog, name)->number();
+}
+
+void type(Dialog &dialog, const char *name, const char *text)
+{
+    edit(dialog, name)->selectAll();
+    QTest::keyClicks(edit(dialog, name), QString::fromLatin1(text));
+}
+
+// The text of the line with that accessible name; none when there is no such line.
+QString lineText(const QWidget &within, const QString &name)
+{
+    for (const QLineEdit *line : within.findChildren<QLineEdit *>()) {
+        if (line->accessibleName() == name)
+            return line->text();
+    }
+    return QStringLiteral("no such line");
+}
+
+}
+
+// The contract editor's first page: which field keeps which column, and a contract that is opened again.
+class TestContractBasePage : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    int m_seller = 0;
+    int m_buyer = 0;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+    int key() { return value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(); }
+
+    std::unique_ptr<Dialog> opened(int key, Mode mode)
+    {
+        auto dialog = std::make_unique<Dialog>(key, mode);
+        if (!dialog->load())
+            return nullptr;
+        dialog->show();
+        return dialog;
+    }
+
+    std::unique_ptr<Dialog> filledNew()
+    {
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        dialog->basePage()->firstParty()->takePerson(m_seller);
+        dialog->basePage()->secondParty()->takePerson(m_buyer);
+        type(*dialog, "dAmount", "1000000");
+        return dialog;
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void init()
+    {
+        m_office->clear();
+        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
+            person.m_sFatherName = QStringLiteral("حسن");
+            person.m_dateBirth = QDateTime(QDate(1985, 3, 21), QTime(0, 0), Qt::UTC);
+        });
+        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
+                                      [](CTblPersons &person) { person.m_dPercentDiscount = 10; });
+        m_office->setFiscalYearOpening(QDate(2020, 1, 1));
+        ContractSettings settings;
+        settings.taxPercent = 6;
+        settings.dutyPercent = 3;
+        settings.tiers.ceilings = {1'000'000, 5'000'000, 0};
+        settings.tiers.percents = {2, 1, 0};
+        settings.save();
+    }
+
+    // --- Fields and columns ---
+
+    void fieldKeepsItsColumn_data()
+    {
+        QTest::addColumn<QString>("label");
+        const auto row = [](const char *name, const char *label) { QTest::newRow(name) << QString::fromUtf8(label); };
+        row("iCode", "کد قرارداد :");
+        row("iDocNum", "شماره سند :");
+        row("iContractType", "نوع قرارداد :");
+        row("dateContract", "تاريخ عقد :");
+        row("dateExpiration", "تاريخ انقضاء :");
+        row("dateExtension", "تاريخ تمديد :");
+        row("sDomainRegister", "حوزه ثبتي :");
+        row("sNoAdvice", "مشاور خودرو شماره :");
+        row("dAmount", "مبلغ قرارداد :");
+        row("dCommission", "حق کميسيون :");
+        row("dCommissionEveryPerson", "کميسيون دريافتي از هر طرفين :");
+        row("sCommitmentFirstHand", "تعهدات مربوط به طرف اول :");
+        row("sCommitmentsSecondHand", "تعهدات مربوط به طرف دوم :");
+        row("sDeal", "مورد معامله :");
+        row("sExplain", "شرح قرارداد :");
+        row("sDesc", "توضيحات :");
+        row("sPage", "خلاصه اين قرارداد در صفحه :");
+        row("sCover", "جلد :");
+        row("iNum", "شماره :");
+        row("dateSummary", "و تاريخ :");
+        for (const char *name : {"iPersonContract1", "iPersonContract2"})
+            row(name, "شخص قرارداد :");
+        for (const char *name : {"sByVirtueFirst", "sByVirtueSecond"})
+            row(name, "بموجب :");
+        for (const char *name : {"sFromFirst", "sFromSecond"})
+            row(name, "از طرف :");
+        for (const char *name : {"sNationalId1", "sNationalId2"})
+            row(name, "کد ملي :");
+        for (const char *name : {"sAddress1", "sAddress2"})
+            row(name, "آدرس :");
+        for (const char *name : {"sTel1", "sTel2"})
+            row(name, "تلفن :");
+        for (const char *name : {"sMobile1", "sMobile2"})
+            row(name, "موبايل :");
+        for (const char *name : {"dPercentTax", "dTax", "dPercentTax2", "dTax2"})
+            row(name, "ماليات :");
+        for (const char *name : {"dPercentImpsition", "dImposition", "dPercentImposition2", "dImposition2"})
+            row(name, "عوارض :");
+        for (const char *name : {"dPercentDiscount", "dDiscountFirst", "dPercentDiscount2", "dDiscountSecond"})
+            row(name, "تخفيف :");
+        for (const char *name : {"dPayFirst", "dPaySecond"})
+            row(name, "پرداختي :");
+    }
+
+    void fieldKeepsItsColumn()
+    {
+        QFETCH(QString, label);
+        auto dialog = opened(m_office->addContract(), Mode::Edit);
+        const KForm *form = dialog->basePage()->form();
+        QCOMPARE(form->label(QString::fromLatin1(QTest::currentDataTag()))->text(), label);
+    }
+
+    void everyFieldIsStoredAndShownAgain()
+    {
+        auto dialog = opened(m_office->addContract(), Mode::Edit);
+        CDlgAddAutomobilContractBase *base = dialog->basePage();
+        base->firstParty()->setKind(PartyKind::Other);
+        base->secondParty()->setKind(PartyKind::Other);
+        base->firstParty()->personField()->nameEdit()->setText(QStringLiteral("نام یک"));
+        base->secondParty()->personField()->nameEdit()->setText(QStringLiteral("نام دو"));
+        QHash<QString, QVariant> expected;
+        int number = 0;
+        for (const KFormField &field : base->form()->fields()) {
+            ++number;
+            QWidget *control = base->form()->control(field.column);
+            if (field.column == column("iDocNum"))
+                continue;
+            if (auto *date = qobject_cast<KDateEdit *>(control)) {
+                date->setDate(QDate(2026, 1, 1).addDays(number));
+                expected.insert(field.column, date->dateTime());
+            } else if (auto *combo = qobject_cast<QComboBox *>(control)) {
+                const QSignalBlocker blocker(combo);
+                combo->setCurrentIndex(2);
+                expected.insert(field.column, 2);
+            } else if (auto *box = qobject_cast<QCheckBox *>(control)) {
+                box->setChecked(true);
+                expected.insert(field.column, 1);
+            } else if (field.kind == KFormField::Kind::Text) {
+                base->form()->edit(field.column)->setText(QStringLiteral("متن %1").arg(number));
+                expected.insert(field.column, QStringLiteral("متن %1").arg(number));
+            } else {
+                base->form()->edit(field.column)->setNumber(number);
+                expected.insert(field.column, number);
+            }
+        }
+        dialog->accept();
+        QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+        CTblAutomobilContracts row;
+        QVERIFY(row.IsRecordExist(QStringLiteral("iID"), key()));
+        for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+            QVERIFY2(row.value(it.key()) == it.value(), qPrintable(it.key()));
+        QCOMPARE(row.m_sName1, QStringLiteral("نام یک"));
+        QCOMPARE(row.m_sName2, QStringLiteral("نام دو"));
+        QCOMPARE(row.m_iPersonFirstID, 0);
+        QVERIFY(row.m_iDocNum > 0);
+
+        auto again = opened(key(), Mode::Edit);
+        for (const KFormField &field : again->basePage()->form()->fields()) {
+            const QWidget *control = again->basePage()->form()->control(field.column);
+            if (const auto *line = qobject_cast<const KEdit *>(control); line && field.kind == KFormField::Kind::Text)
+                QCOMPARE(line->text(), expected.value(field.column).toString());
+            else if (const auto *date = qobject_cast<const KDateEdit *>(control))
+                QCOMPARE(date->dateTime(), expected.value(field.column).toDateTime());
+            else if (const auto *combo = qobject_cast<const QComboBox *>(control))
+                QCOMPARE(combo->currentIndex(), 2);
+        }
+        QCOMPARE(edit(*again, "iDocNum")->integer(), row.m_iDocNum);
+        QVERIFY(edit(*again, "iDocNum")->isReadOnly());
+    }
+
+    void percentagesGoFromZeroToHundred_data()
+    {
+        QTest::addColumn<QString>("column");
+        for (const char *name : {"dPercentTax", "dPercentImpsition", "dPercentDiscount", "dPercentTax2",
+                                 "dPercentImposition2", "dPercentDiscount2"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void percentagesGoFromZeroToHundred()
+    {
+        QFETCH(QString, column);
+        auto dialog = filledNew();
+        KEdit *percent = dialog->basePage()->form()->edit(column);
+        QCOMPARE(percent->minimum(), 0.0);
+        QCOMPARE(percent->maximum(), 100.0);
+        percent->setText(QStringLiteral("100.5"));
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(dialog->focusWidget(), percent);
+        QCOMPARE(percent->text(), QStringLiteral("100.5"));
+    }
+
+    void shownArchivedContractTellsWhoArchivedItAndWhen()
+    {
+        const int contract = m_office->addContract([this](auto &row) {
+            row.m_iArchiveUserID = m_office->adminID();
+            row.m_dateArchive = QDateTime(QDate(2026, 3, 21), QTime(9, 0), Qt::UTC);
+        });
+        QStringList texts;
+        auto dialog = opened(contract, Mode::Show);
+        for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>()) {
+            if (label->isVisible())
+                texts << label->text();
+        }
+        QVERIFY(texts.contains(QStringLiteral("مدیر")));
+        QVERIFY(texts.contains(QStringLiteral("1405/01/01")));
+        auto edited = opened(m_office->addContract(), Mode::Edit);
+        for (const QLabel *label : edited->basePage()->findChildren<QLabel *>())
+            QVERIFY(label->text() != QStringLiteral("تاريخ بايگاني :") || !label->isVisible());
+    }
+
+    // --- A contract that is opened again ---
+
+    void figuresOfAnOpenedContractFollowEachOther()
+    {
+        filledNew()->accept();
+        auto dialog = opened(key(), Mode::Edit);
+        type(*dialog, "dPercentTax", "10");
+        QCOMPARE(shown(*dialog, "dTax"), 2000.0);
+        QCOMPARE(shown(*dialog, "dPayFirst"), 22600.0);
+        type(*dialog, "dPercentDiscount2", "50");
+        QCOMPARE(shown(*dialog, "dDiscountSecond"), 10000.0);
+    }
+
+    void openedContractWithTheDealershipStaysWithItsRule()
+    {
+        auto created = filledNew();
+        CompanyDetails company;
+        company.name1 = QStringLiteral("نمایشگاه");
+        company.name2 = QStringLiteral("آریا");
+        company.address = QStringLiteral("میدان ونک");
+        company.mobile = QStringLiteral("0935");
+        company.write();
+        created->basePage()->secondParty()->setKind(PartyKind::Showroom);
+        QCOMPARE(edit(*created, "sAddress2")->text(), QStringLiteral("میدان ونک"));
+        QCOMPARE(edit(*created, "sMobile2")->text(), QStringLiteral("0935"));
+        created->accept();
+        auto dialog = opened(key(), Mode::Edit);
+        QCOMPARE(dialog->basePage()->secondParty()->name(), QStringLiteral("نمایشگاه آریا"));
+        QVERIFY(edit(*dialog, "dPercentDiscount2")->isReadOnly());
+        QVERIFY(!edit(*dialog, "dPercentDiscount")->isReadOnly());
+        type(*dialog, "dAmount", "500000");
+        QCOMPARE(shown(*dialog, "dPaySecond"), 900.0);
+        QCOMPARE(shown(*dialog, "dPayFirst"), 10900.0);
+    }
+
+    void openedContractShowsItsPersonsFromTheListOfPersons()
+    {
+        filledNew()->accept();
+        auto dialog = opened(key(), Mode::Edit);
+        QCOMPARE(lineText(*dialog, QStringLiteral("نام پدر : طرف اول")), QStringLiteral("حسن"));
+        QCOMPARE(lineText(*dialog, QStringLiteral("تاريخ تولد : طرف اول")), QStringLiteral("1364/01/01"));
+    }
+
+    void personWhoIsGoneKeepsTheNameInTheContract()
+    {
+        filledNew()->accept();
+        m_office->database().run(QStringLiteral("DELETE FROM Persons WHERE iID=%1").arg(m_seller));
+        auto dialog = opened(key(), Mode::Edit);
+        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('|',iPersonFirstID,sName1) FROM AutomobilContracts")),
+                 QStringLiteral("%1|سارا کریمی").arg(m_seller));
+    }
+
+    void personWhoDoesNotExistIsNotTaken()
+    {
+        auto dialog = filledNew();
+        dialog->basePage()->secondParty()->takePerson(999999);
+        QCOMPARE(dialog->basePage()->secondParty()->name(), QStringLiteral("رضا احمدی"));
+        QCOMPARE(dialog->basePage()->secondParty()->personField()->personID(), m_buyer);
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 10.0);
+    }
+
+    void anotherPersonBringsTheOwnDiscountAlsoWhenItIsNone()
+    {
+        const int third = m_office->addPerson(QStringLiteral("مینا"), QStringLiteral("راد"));
+        auto dialog = filledNew();
+        dialog->basePage()->secondParty()->takePerson(third);
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
+        QCOMPARE(shown(*dialog, "dDiscountSecond"), 0.0);
+        QCOMPARE(shown(*dialog, "dPaySecond"), 21800.0);
+    }
+
+    void filesBelongToTheContract()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write("text");
+        file.flush();
+        auto dialog = opened(m_office->addContract(), Mode::Edit);
+        const QList<CDlgFileDocs *> pages = dialog->findChildren<CDlgFileDocs *>();
+        QCOMPARE(pages.size(), 2);
+        for (CDlgFileDocs *page : pages)
+            QVERIFY(page->addFile(file.fileName()));
+        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(CONCAT_WS('/',iTable,iRecordID,iScope) ORDER BY iScope) FROM FileDocs")),
+                 QStringLiteral("69/%1/0,69/%1/1").arg(key()));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestContractBasePage>(argc, argv);
+}
+
+#include "TestContractBasePage.moc"
