@@ -17,7 +17,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -47,6 +46,7 @@ QGridLayout *fieldGrid(KForm &form, QWidget *box, std::initializer_list<std::ini
 {
     auto *grid = new QGridLayout(box);
     grid->setVerticalSpacing(3);
+    grid->setContentsMargins(9, 4, 9, 4);
     int row = 0;
     for (const auto &line : lines) {
         int part = 0;
@@ -59,6 +59,14 @@ QGridLayout *fieldGrid(KForm &form, QWidget *box, std::initializer_list<std::ini
     for (int part = 0; part < partsOfALine; ++part)
         grid->setColumnStretch(2 * part + 1, 1);
     return grid;
+}
+
+QVBoxLayout *fieldLines(QWidget *box)
+{
+    auto *lines = new QVBoxLayout(box);
+    lines->setSpacing(3);
+    lines->setContentsMargins(9, 4, 9, 4);
+    return lines;
 }
 
 // The labels that are too long to stand below others: a line whose fields only share its width.
@@ -95,12 +103,8 @@ void CDlgAddAutomobilContractMatter::build()
     CTblAutomobilContracts columns;
     m_form = new KForm(matterFields(), columns, content);
 
-    auto *heading = new QLabel(QStringLiteral("موضوع مشخصات مورد معامله"), content);
-    QFont bold = heading->font();
-    bold.setBold(true);
-    heading->setFont(bold);
     auto *layout = new QVBoxLayout(content);
-    layout->addWidget(heading);
+    layout->setSpacing(4);
     layout->addWidget(buildVehicle());
     layout->addWidget(buildPayment());
     layout->addWidget(buildTerms());
@@ -120,7 +124,7 @@ void CDlgAddAutomobilContractMatter::build()
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
 {
-    auto *box = new QGroupBox(QStringLiteral("خودرو"), this);
+    auto *box = new QGroupBox(QStringLiteral("موضوع مشخصات مورد معامله"), this);
     fieldGrid(*m_form, box,
               {{{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}},
                {{"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}},
@@ -133,19 +137,19 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
 QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
 {
     auto *box = new QGroupBox(QStringLiteral("پرداخت"), this);
-    auto *lines = new QVBoxLayout(box);
+    auto *lines = fieldLines(box);
     lines->addLayout(fieldLine(*m_form, {{"dFixAmount"}}));
     lines->addLayout(fieldLine(*m_form, {{"sCheckCount"}, {"dAgreeAmount", 2}, {"sCheckNum", 2}}));
     lines->addLayout(fieldLine(*m_form, {{"sBankName", 2}, {"sBranchName", 2}, {"sBranchCode"}, {"sDescCheck", 3}}));
-    lines->addLayout(fieldLine(*m_form, {{"dRemainingAmount"}, {"sDescRemainingAmount", 2}}));
-    lines->addLayout(fieldLine(*m_form, {{"dDamageAmount"}, {"dCompenseAmount"}}));
+    lines->addLayout(fieldLine(
+        *m_form, {{"dDamageAmount", 2}, {"dCompenseAmount", 2}, {"dRemainingAmount", 2}, {"sDescRemainingAmount", 3}}));
     return box;
 }
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildRegistry()
 {
     auto *box = new QGroupBox(QStringLiteral("ثبت و دفترخانه"), this);
-    auto *lines = new QVBoxLayout(box);
+    auto *lines = fieldLines(box);
     lines->addLayout(fieldLine(*m_form, {{"dateDeal"}, {"dateTradeUnit"}, {"sRegistryNum"}, {"sRightTahrir"}}));
     lines->addLayout(fieldLine(*m_form, {{"dateDocument"}, {"dateOffice"}}));
     lines->addLayout(fieldLine(*m_form, {{"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}}));
@@ -161,8 +165,10 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildTerms()
     m_instalments->setAccessibleName(m_instalments->text());
     m_instalments->setAutoDefault(false);
     connect(m_instalments, &QPushButton::clicked, this, &CDlgAddAutomobilContractMatter::instalmentsRequested);
-    auto *lines = new QVBoxLayout(m_terms);
-    lines->addLayout(fieldLine(*m_form, {{"dAmountRent", 3}, {"sRentTime", 2}, {"dateRent", 2}, {"dateRentExpire", 2}, {"sNumOfMonths"}}));
+    auto *lines = fieldLines(m_terms);
+    // What only a rent has comes last, so that an instalment sale's line has its gap at the end.
+    lines->addLayout(fieldLine(
+        *m_form, {{"sRentTime", 2}, {"dateRent", 2}, {"dateRentExpire", 2}, {"dAmountRent", 3}, {"sNumOfMonths"}}));
     auto *plan = fieldLine(*m_form, {{"sNumOfInstallment"}, {"sUsanceNum"}, {"dDelayAmount", 2}});
     plan->addWidget(m_instalments, 0, plan->columnCount());
     lines->addLayout(plan);

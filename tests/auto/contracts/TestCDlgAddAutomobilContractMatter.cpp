@@ -190,10 +190,10 @@ private Q_SLOTS:
     {
         auto dialog = opened(fullContract(sale), Mode::Edit);
         QCOMPARE(matterTab(*dialog)->text(), QStringLiteral("مشخصات فروش"));
-        QStringList labels;
-        for (const QLabel *label : dialog->matterPage()->findChildren<QLabel *>())
-            labels << label->text();
-        QVERIFY(labels.contains(QStringLiteral("موضوع مشخصات مورد معامله")));
+        QStringList titles;
+        for (const QGroupBox *box : dialog->matterPage()->findChildren<QGroupBox *>())
+            titles << box->title();
+        QVERIFY(titles.contains(QStringLiteral("موضوع مشخصات مورد معامله")));
         for (const QPushButton *button : dialog->matterPage()->findChildren<QPushButton *>())
             QVERIFY(button->text() != QStringLiteral("دريافت تجميعي"));
     }
