@@ -220,3 +220,9 @@ ContractMergeBatches contractMergeFields(const ContractForPrinting &source)
             partyBatch(secondPartyRows(), u"iPersonContract2", source.secondPerson, source),
             filled(matterRows(), source.contract, {}, source.moneyDecimals)};
 }
+
+MergeField dealershipField(const QString &companyName)
+{
+    const QString blankLine = QStringLiteral("نمایشگاه اتومبیل ........................");
+    return {QStringLiteral("Dealership"), companyName.isEmpty() ? blankLine : companyName};
+}

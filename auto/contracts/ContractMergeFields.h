@@ -70,3 +70,7 @@ using ContractMergeBatches = std::array<MergeBatch, static_cast<std::size_t>(Mer
 // Tax = value-added tax + duty of that party; pays = commission + tax - discount of that party, the commission being the
 // same for both.
 ContractMergeBatches contractMergeFields(const ContractForPrinting &source);
+
+// The letterhead, a field of our own templates beside the batches: the dealership's name, or a line to write it on while the
+// office has not entered one.
+MergeField dealershipField(const QString &companyName);

@@ -8,6 +8,7 @@
 #include "auto/contracts/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/CTblPersons.h"
+#include "suite/crm/CompanyDetails.h"
 #include "suite/utility/KMSWord.h"
 #include "suite/utility/Money.h"
 
@@ -136,6 +137,8 @@ bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QStri
         return false;
 
     fill(word, mergeBatches(contract));
+    const MergeField letterhead = dealershipField(CompanyDetails::read(contract.database()).name());
+    word.SetFieldsValue({letterhead.name}, {letterhead.value}, 1);
     removeOldPrints(m_places.temporary);
     const QString folder = newPrintFolder(m_places.temporary);
     // A letter is saved into the folder as such, which gives it the name of the file it was made from.

@@ -7,6 +7,7 @@
 #include "suite/utility/KProcess.h"
 
 #include <QFileDialog>
+#include <QStandardPaths>
 
 namespace {
 
@@ -30,6 +31,7 @@ QString warningText(ContractPrinting::Trouble trouble)
 QString askForTemplate(QWidget *parent)
 {
     QFileDialog dialog(parent, QStringLiteral("فایل نامه را انتخاب کنید"));
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setFileMode(QFileDialog::ExistingFile);
     // The pattern that is looked for is the one in the brackets of the text.
     dialog.setNameFilter(QStringLiteral("فایل میاکروسافت وورد(*.docx)"));

@@ -16,7 +16,7 @@ LEFT_TO_RIGHT = frozenset(
 )
 
 HEADING = [
-    "نمایشگاه اتومبیل ........................",
+    "{Dealership}",
     "مشاور خودرو شماره: {NoAdvice}    حوزه ثبتی: {DomainRegister}",
     "نشانی: {AddressSample}",
 ]

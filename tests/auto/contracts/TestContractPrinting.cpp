@@ -4,6 +4,7 @@
 #include "auto/contracts/ContractMergeFields.h"
 #include "auto/contracts/ContractPrinting.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/crm/CompanyDetails.h"
 #include "suite/utility/KMSWord.h"
 #include "tests/auto/contracts/DocxParts.h"
 #include "tests/auto/contracts/PrintedContracts.h"
@@ -161,16 +162,29 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         const RecordValues nothing = [](QStringView) { return QVariant(); };
-        QSet<QString> filled;
+        QSet<QString> filled = {dealershipField(QString()).name};
         for (const MergeBatch &batch : contractMergeFields({nothing, nothing, nothing}))
             for (const MergeField &field : batch)
                 filled.insert(field.name);
-        QCOMPARE(filled.size(), 78);
+        QCOMPARE(filled.size(), 79);
         KMSWord word;
         QVERIFY(word.Init());
         QVERIFY(word.OpenDocument(builtTemplates + u'/' + name, 1));
         const QStringList standing = word.GetFields().GetNames();
         QCOMPARE(QSet<QString>(standing.cbegin(), standing.cend()), filled);
+    }
+
+    void letterheadIsTheNameOfTheOfficeOrALineToWriteItOn()
+    {
+        const int contract = PrintedContracts::add(*m_office, 0);
+        QVERIFY(print(contract));
+        QVERIFY(printedText().contains(QStringLiteral("نمایشگاه اتومبیل ....")));
+        CompanyDetails company;
+        company.name1 = QStringLiteral("نمایشگاه");
+        company.name2 = QStringLiteral("آریا");
+        company.write();
+        QVERIFY(print(contract));
+        QVERIFY(printedText().split(u'\n').contains(QStringLiteral("نمایشگاه آریا")));
     }
 
     void nameOfTheTemplateByType()
