@@ -80,14 +80,18 @@ def write_contract(office):
     work.pick_person(office, editor, 1, BUYER, BUYER.split(" ")[1],
                      ("picker-search", "The second party is searched as one types"))
 
-    office.hands.enter(labels.AMOUNT, typed(FIRST_AMOUNT, office), editor)
+    office.hands.enter(labels.AMOUNT, work.typed(FIRST_AMOUNT, office), editor)
     work.check_figures(office, editor, FIRST_AMOUNT, (SELLER_DISCOUNT, 0))
     office.pictures.take("figures-first-tier", "Commission of the first tier; tax, duty and discount have followed")
-    office.hands.enter(labels.AMOUNT, typed(AMOUNT, office), editor)
+    office.hands.enter(labels.AMOUNT, work.typed(AMOUNT, office), editor)
     figures = work.check_figures(office, editor, AMOUNT, (SELLER_DISCOUNT, 0))
     office.hands.enter(labels.EXPLANATION, EXPLANATION, editor)
     office.pictures.take("figures-second-tier", "A higher amount falls into the second tier, and everything follows")
 
+    office.hands.press(labels.OK, editor)
+    office.message(labels.WARNING, labels.NO_CAR_NAME,
+                   picture=("car-missing", "A contract without its vehicle is not saved; its page has come to the front"))
+    work.write_car(office, editor, ("car", "The vehicle, its payment and its registry data"))
     office.hands.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED,
                    picture=("document-posted", "Saving tells the number of the accounting document"))
@@ -106,14 +110,6 @@ def add_seller_from_picker(office, editor):
     table = office.tree.find("tree", labels.PERSONS, picker)
     office.pictures.take("picker-added", "The person added on the way stands selected in the picker")
     work.confirm_picker(office, picker, table, editor, 0, SELLER)
-
-
-def typed(amount, office):
-    """At the keyboard an amount is typed in Persian digits."""
-    text = str(amount)
-    if isinstance(office.hands, KeyboardHands):
-        return text.translate({ord("0") + digit: persian for digit, persian in enumerate("۰۱۲۳۴۵۶۷۸۹")})
-    return text
 
 
 def check_list(office, table):
@@ -137,6 +133,7 @@ def check_database(office, contract):
     for column, value in wanted.items():
         check(same(float(row[column]), value), f"{column} is {row[column]}, not {value}")
     check((row["sName1"], row["sName2"]) == (SELLER, BUYER), f"the names {row['sName1']}, {row['sName2']}")
+    work.check_car(office)
     check_document(database, row, figures)
 
 
@@ -163,6 +160,10 @@ def check_shown_contract(office, table, contract):
     check(office.tree.find("text", labels.AMOUNT, window).number == AMOUNT, "the shown amount")
     check(not office.tree.shows("push button", labels.OK, window), "a shown contract cannot be saved")
     office.pictures.take("shown-after-restart", "The contract, shown read-only, has kept every figure")
+    work.open_page(office, window, labels.MATTER_PAGE)
+    for (label, _), text in work.CAR.items():
+        check(office.tree.find("text", label, window).text == text, f"the shown {label!r}")
+    office.pictures.take("shown-car", "The vehicle is shown as it was saved")
     office.hands.press(labels.BACK, window)
     office.tree.no_window(labels.EDITOR_SHOW)
 

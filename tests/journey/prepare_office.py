@@ -25,6 +25,7 @@ def prepare(office):
         work.confirm_picker(office, picker, office.tree.find("tree", labels.PERSONS, picker), editor, side, name)
     office.hands.enter(labels.AMOUNT, "500000000", editor)
     work.check_figures(office, editor, 500_000_000, (0, 0))
+    work.write_car(office, editor)
     office.hands.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
     step("users with few rights")

@@ -87,9 +87,15 @@ EXPLANATION = "شرح قرارداد :"
 ACTIVE = "فعال"
 UNARCHIVE = "برگشت از بايگاني"
 SIDES = (" طرف اول", " طرف دوم")
+MATTER_PAGE = "مشخصات فروش"
+CAR_NAME = "نام اتومبيل :"
+CAR_YEAR = "سال توليد :"
+CAR_COLOUR = "رنگ :"
+CAR_PLATE = "شماره پلاک :"
 
 # Messages.
 SAME_PERSON = "دو طرف معامله نمی تواند یک شخص باشد."
+NO_CAR_NAME = "لطفا نام اتومبیل را مشخص کنید."
 NO_AMOUNT = "لطفا مبلغ قرارداد را وارد نمایید."
 IS_ARCHIVED = "بایگانی شد."
 IS_ARCHIVED_ALREADY = "این تقاضا قبلا بایگانی شده است."

@@ -9,6 +9,10 @@ from .waiting import wait_for
 
 SETTINGS = Settings(tax=9, duty=1, tiers=((1_000_000_000, 0.5), (5_000_000_000, 0.25)))
 
+# What a contract's vehicle cannot be without, by label and column.
+CAR = {(labels.CAR_NAME, "sAutomobilName"): "پراید 131", (labels.CAR_YEAR, "sModel"): "1402",
+       (labels.CAR_COLOUR, "sColor"): "سفید", (labels.CAR_PLATE, "sNumOfPlates"): "12 ب 345 ایران 67"}
+
 
 def add_person(office, window, first_name, family_name, **fields):
     """In the editor that "جديد" of the persons list opened; the list's window is given."""
@@ -79,6 +83,36 @@ def confirm_picker(office, picker, table, editor, side, name):
 def new_contract(office, title=labels.EDITOR_NEW):
     office.command(labels.NEW)
     return office.tree.window(title)
+
+
+def open_page(office, editor, title):
+    """Brings a page of the editor to the front."""
+    office.hands.press(title, editor, role="page tab")
+
+
+def write_car(office, editor, picture=None):
+    """Fills the vehicle's page, which stays in front."""
+    open_page(office, editor, labels.MATTER_PAGE)
+    for (label, _), text in CAR.items():
+        office.hands.enter(label, typed(text, office), editor)
+    if picture:
+        office.pictures.take(*picture)
+
+
+def typed(value, office):
+    """At the keyboard numbers are typed in Persian digits."""
+    text = str(value)
+    if text.isascii() and text.isdigit() and isinstance(office.hands, KeyboardHands):
+        return text.translate({ord("0") + digit: persian for digit, persian in enumerate("۰۱۲۳۴۵۶۷۸۹")})
+    return text
+
+
+def check_car(office):
+    """The vehicle as the table keeps it, whatever digits were typed."""
+    row = office.database.row("SELECT * FROM AutomobilContracts")
+    for (_, column), text in CAR.items():
+        if row[column] != text:
+            raise AssertionError(f"{column} is {row[column]!r}, not {text!r}")
 
 
 def check_figures(office, editor, amount, discounts, settings=SETTINGS):
