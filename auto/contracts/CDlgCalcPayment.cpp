@@ -18,6 +18,7 @@
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/Money.h"
 #include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TabOrder.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -108,6 +109,8 @@ void CDlgCalcPayment::build(double principal)
     layout->addWidget(m_note);
     layout->addWidget(buildSums());
     layout->addWidget(buildButtons());
+    tabInLayoutOrder(this);
+    m_principal->setFocus();
 }
 
 QWidget *CDlgCalcPayment::buildTerms(double principal)
