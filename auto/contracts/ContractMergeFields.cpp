@@ -144,7 +144,7 @@ const std::vector<Row> &matterRows()
 QString firstText(const std::vector<QStringView> &columns, const RecordValues &record)
 {
     for (const QStringView column : columns)
-        if (const QString text = record(column).toString(); !text.isEmpty())
+        if (QString text = record(column).toString(); !text.isEmpty())
             return text;
     return {};
 }
