@@ -271,7 +271,7 @@ QByteArray DocxPackage::unpack(const Part &part, qint64 *room) const
 {
     const std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(m_zip, part.index, 0));
     QByteArray content;
-    QByteArray chunk(64 * 1024, Qt::Uninitialized);
+    QByteArray chunk(qsizetype{64} * 1024, Qt::Uninitialized);
     zip_int64_t got = file ? 0 : -1;
     while (file && (got = zip_fread(file.get(), chunk.data(), static_cast<zip_uint64_t>(chunk.size()))) > 0) {
         *room -= got; // what comes out counts; what the entry says of its size may be a lie
@@ -386,7 +386,7 @@ QByteArray DocxPackage::toZip() const
         addTo(archive.get(), part, contents.emplace_back(part.changed ? serialised(*part.xml) : QByteArray()));
     if (zip_close(archive.get()) != 0)
         throw DocxError(zip_strerror(archive.get()));
-    archive.release(); // closed, and so gone
+    (void)archive.release(); // closed, and so gone
 
     zip_stat_t stat;
     if (zip_source_stat(target.get(), &stat) != 0 || zip_source_open(target.get()) != 0)

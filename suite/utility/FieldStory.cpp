@@ -182,7 +182,7 @@ QStringList FieldStory::names(pugi::xml_node below)
                 places.emplace(field.place, name);
         }
     }};
-    FieldStory(below, walk);
+    read(below, walk);
     QStringList names;
     for (const auto &[place, name] : places)
         names.append(name);
@@ -193,15 +193,20 @@ int FieldStory::fill(pugi::xml_node below, const ValueOf &valueOf)
 {
     int filled = 0;
     Walk walk{[&](FieldStory &story) { filled += story.fillFields(valueOf); }};
-    FieldStory(below, walk);
+    read(below, walk);
     return filled;
 }
 
-FieldStory::FieldStory(pugi::xml_node root, Walk &walkOfAll)
-    : m_walk(walkOfAll)
+FieldStory::FieldStory(Walk &walk)
+    : m_walk(walk)
 {
-    walk(root);
-    m_walk.onStory(*this);
+}
+
+void FieldStory::read(pugi::xml_node root, Walk &walk)
+{
+    FieldStory story(walk);
+    story.walk(root);
+    walk.onStory(story);
 }
 
 void FieldStory::walk(pugi::xml_node node)
@@ -217,11 +222,11 @@ void FieldStory::walk(pugi::xml_node node)
         } else if (WordXml::is(child, "AlternateContent")) {
             m_pieces.push_back(child);
             for (const pugi::xml_node branch : child.children())
-                FieldStory(branch, m_walk);
+                read(branch, m_walk);
         } else if (isClosedPiece(child)) {
             m_pieces.push_back(child);
         } else if (isStory(child)) {
-            FieldStory(child, m_walk);
+            read(child, m_walk);
         } else {
             walk(child);
         }
@@ -261,7 +266,7 @@ void FieldStory::findInnerStories(pugi::xml_node node)
 {
     for (const pugi::xml_node child : node.children()) {
         if (isStory(child))
-            FieldStory(child, m_walk);
+            read(child, m_walk);
         else
             findInnerStories(child);
     }

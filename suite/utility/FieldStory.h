@@ -57,7 +57,8 @@ private:
         int begun = 0;
     };
 
-    FieldStory(pugi::xml_node root, Walk &walk);
+    explicit FieldStory(Walk &walk);
+    static void read(pugi::xml_node root, Walk &walk);
 
     void walk(pugi::xml_node node);
     void walkSimple(pugi::xml_node node);

@@ -120,7 +120,7 @@ int KMSWord::SetFieldsValue(const QStringList &names, const QStringList &values,
         const int index = Fields::indexOfName(known, fieldName);
         if (index < 0)
             return QString();
-        const QString value = values.at(index);
+        const QString &value = values.at(index);
         return value.isNull() ? QStringLiteral("") : value;
     };
     int filled = 0;

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void valuesAreShaped_data();
     void valuesAreShaped();
     void propertiesOfTheResultAreKept();
+    void propertiesOfASimpleFieldsResultAreKept();
     void propertiesWithoutAResultAreTheMarks();
     void charformatLooksAsItsInstruction();
     void rightToLeftMarksAreKept();
@@ -116,6 +117,7 @@ void TestKMSWord::everyFormOfField()
     fill(DocxMaker(D::paragraph(content)), {QStringLiteral("Name"), QStringLiteral("Full name")},
          {QStringLiteral("علی"), QStringLiteral("علی رضایی")});
     QCOMPARE(D::shown(m_result), shown);
+    QCOMPARE(m_filled, static_cast<int>(shown.count(QStringLiteral("علی"))));
     QVERIFY(!saved().contains("MERGEFIELD"));
     if (!content.contains("HYPERLINK")) {
         QVERIFY(!saved().contains("fldChar"));
@@ -213,6 +215,13 @@ void TestKMSWord::propertiesOfTheResultAreKept()
         + D::mark("end");
     fill(DocxMaker(D::paragraph(field)), {QStringLiteral("F")}, {QStringLiteral("الف\nب")});
     QVERIFY(saved().contains("<w:p><w:r>" + look + QByteArray("<w:t xml:space=\"preserve\">الف</w:t><w:br/><w:t xml:space=\"preserve\">ب</w:t></w:r></w:p>")));
+}
+
+void TestKMSWord::propertiesOfASimpleFieldsResultAreKept()
+{
+    const QByteArray field = "<w:fldSimple w:instr=\"MERGEFIELD F\"><w:r/><w:r><w:rPr><w:b/><w:rtl/></w:rPr><w:t>x</w:t></w:r></w:fldSimple>";
+    fill(DocxMaker(D::paragraph(field)), {QStringLiteral("F")}, {QStringLiteral("v")});
+    QVERIFY(saved().contains("<w:p><w:r><w:rPr><w:b/><w:rtl/></w:rPr><w:t xml:space=\"preserve\">v</w:t></w:r></w:p>"));
 }
 
 void TestKMSWord::propertiesWithoutAResultAreTheMarks()
