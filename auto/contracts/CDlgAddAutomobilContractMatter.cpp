@@ -114,6 +114,8 @@ void CDlgAddAutomobilContractMatter::build()
     auto *scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    // It scrolls to the field that has the focus, and is no stop of its own.
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(content);
     auto *page = new QVBoxLayout(this);
     page->setContentsMargins(0, 0, 0, 0);

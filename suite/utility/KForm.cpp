@@ -39,6 +39,12 @@ int textLimit(const KFormField &field, KMySQL &record)
     return field.maxLength > 0 ? field.maxLength : columnLength;
 }
 
+// A label in Latin letters would be read from left to right, with its colon on the wrong side, away from the control.
+QString readFromTheRight(const QString &label)
+{
+    return label.isRightToLeft() ? label : QChar(0x200F) + label;
+}
+
 // The entry of that text is the current one, so that the arrow keys go on from it.
 void setComboText(QComboBox &combo, const QString &text)
 {
@@ -69,7 +75,7 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
     item.control->setObjectName(field.column);
     item.control->setAccessibleName(field.accessibleName.isEmpty() ? field.label : field.accessibleName);
     if (field.kind != KFormField::Kind::Flag) {
-        item.label = new QLabel(field.label, page);
+        item.label = new QLabel(readFromTheRight(field.label), page);
         item.label->setBuddy(item.control);
     }
     if (field.inWords)
@@ -212,7 +218,7 @@ void KForm::setLabel(const QString &column, const QString &label)
 {
     const Item &changed = item(column);
     const QString shown = label.isEmpty() ? changed.field.label : label;
-    changed.label->setText(shown);
+    changed.label->setText(readFromTheRight(shown));
     changed.control->setAccessibleName(label.isEmpty() && !changed.field.accessibleName.isEmpty()
                                            ? changed.field.accessibleName
                                            : shown);

@@ -5,7 +5,8 @@
 from . import labels
 from .figures import Settings, expected, same
 from .hands import KeyboardHands
-from .waiting import wait_for
+from .tree import State
+from .waiting import TimeRanOut, wait_for
 
 SETTINGS = Settings(tax=9, duty=1, tiers=((1_000_000_000, 0.5), (5_000_000_000, 0.25)))
 
@@ -87,7 +88,21 @@ def new_contract(office, title=labels.EDITOR_NEW):
 
 def open_page(office, editor, title):
     """Brings a page of the editor to the front."""
-    office.hands.press(title, editor, role="page tab")
+    tab = office.tree.find("page tab", title, editor)
+    if tab.has(State.SELECTED):
+        return
+    if isinstance(office.hands, KeyboardHands):
+        # The tabs are one stop of the Tab key; the pages are gone through with Ctrl+Tab.
+        for _ in range(5):
+            office.hands.keys(editor, "ctrl+Tab")
+            try:
+                wait_for(lambda: tab.has(State.SELECTED), f"the page {title!r}", seconds=1)
+                return
+            except TimeRanOut:
+                continue
+    else:
+        office.hands.press(title, editor, role="page tab")
+    wait_for(lambda: tab.has(State.SELECTED), f"the page {title!r}")
 
 
 def write_car(office, editor, picture=None):

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void arrowsOnTheButtons();
     void disabledPagesArePassedOver();
     void disablingTheCurrentPageLeavesIt();
+    void aPageThatIsNotShownIsAsIfNotAdded();
     void positionsThatDoNotExist();
     void titlesAreTheButtonsNames();
     void screenReaderPressesATab();
@@ -148,6 +149,24 @@ void TestKTabPageButtons::disablingTheCurrentPageLeavesIt()
 {
     m_tabs->setPageEnabled(0, false);
     QCOMPARE(m_tabs->currentIndex(), 1);
+}
+
+void TestKTabPageButtons::aPageThatIsNotShownIsAsIfNotAdded()
+{
+    m_tabs->setCurrentIndex(1);
+    m_tabs->setPageShown(1, false);
+    QVERIFY(!m_tabs->button(1)->isVisible());
+    QCOMPARE(m_tabs->currentIndex(), 2);
+    m_tabs->setCurrentIndex(1);
+    QCOMPARE(m_tabs->currentIndex(), 2);
+    m_tabs->previousPage();
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    m_tabs->setPageShown(1, true);
+    QVERIFY(m_tabs->button(1)->isVisible());
+    m_tabs->nextPage();
+    QCOMPARE(m_tabs->currentIndex(), 1);
+    m_tabs->setPageShown(7, true);
+    QCOMPARE(m_tabs->count(), 3);
 }
 
 void TestKTabPageButtons::positionsThatDoNotExist()

@@ -1,0 +1,225 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KForm.h"
+
+#include "auto/db/KMySQL.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+class Record : public KMySQL
+{
+public:
+    qint32 m_iID = 0;
+    QString m_sName;
+    QString m_sCity;
+    double m_dAmount = 0;
+    double m_dComputed = 0;
+    QDateTime m_date;
+
+    Record()
+        : KMySQL(0)
+    {
+    }
+    QString GetTableName() const override { return QStringLiteral("FormRows"); }
+
+protected:
+    void DoFieldExchange() override
+    {
+        RFX_Long(u"iID", m_iID, {});
+        RFX_Text(u"sName", m_sName, {});
+        RFX_Text(u"sCity", m_sCity, {});
+        RFX_Double(u"dAmount", m_dAmount, {});
+        RFX_Double(u"dComputed", m_dComputed, {});
+        RFX_Date(u"date", m_date, {});
+    }
+};
+
+const QString name = QStringLiteral("sName");
+const QString city = QStringLiteral("sCity");
+const QString amount = QStringLiteral("dAmount");
+const QString computed = QStringLiteral("dComputed");
+const QString date = QStringLiteral("date");
+
+QList<KFormField> fields()
+{
+    using Kind = KFormField::Kind;
+    KFormField nameField{name, QStringLiteral("نام :")};
+    nameField.accessibleName = QStringLiteral("نام : اول");
+    KFormField cityField{city, QStringLiteral("شهر :"), Kind::EditableChoice};
+    cityField.choices = {QStringLiteral("تهران"), QStringLiteral("قم")};
+    KFormField amountField{amount, QStringLiteral("مبلغ :"), Kind::Money};
+    amountField.inWords = true;
+    KFormField computedField{computed, QStringLiteral("جمع :"), Kind::Money};
+    computedField.displayed = false;
+    return {nameField, cityField, amountField, computedField, {date, QStringLiteral("VIN :"), Kind::Date}};
+}
+
+}
+
+class TestKFormInUse : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+    std::unique_ptr<QWidget> m_page;
+    KForm *m_form = nullptr;
+    Record m_record;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_database.run(QStringLiteral("CREATE TABLE FormRows (iID INT AUTO_INCREMENT PRIMARY KEY, sName VARCHAR(10), "
+                                      "sCity VARCHAR(5), dAmount DOUBLE, dComputed DOUBLE, date DATETIME)"));
+    }
+
+    void init()
+    {
+        m_page = std::make_unique<QWidget>();
+        m_form = new KForm(fields(), m_record, m_page.get());
+        auto *grid = new QGridLayout(m_page.get());
+        int row = 0;
+        for (const KFormField &field : m_form->fields())
+            m_form->place(grid, 2 * row++, 0, field.column);
+        m_record.m_sName = QStringLiteral("سارا");
+        m_record.m_sCity = QStringLiteral("قم");
+        m_record.m_dAmount = 1200;
+        m_record.m_dComputed = 77;
+        m_record.m_date = QDateTime(QDate(2026, 5, 1), QTime(14, 30), Qt::UTC);
+        m_form->load(m_record);
+        m_page->show();
+    }
+
+    void cleanup() { m_page.reset(); }
+
+    void loadedValuesAreStoredAgainAsTheyWere()
+    {
+        Record other;
+        m_form->store(other);
+        QCOMPARE(other.m_sName, m_record.m_sName);
+        QCOMPARE(other.m_sCity, m_record.m_sCity);
+        QCOMPARE(other.m_dAmount, 1200.0);
+        QCOMPARE(other.m_dComputed, 77.0);
+        QCOMPARE(other.m_date, m_record.m_date);
+    }
+
+    void fieldThatIsNotUsedIsNotShownAndComesBack()
+    {
+        QWidget *words = nullptr;
+        for (QLabel *label : m_page->findChildren<QLabel *>()) {
+            if (label->text() == QStringLiteral("یک هزار و دویست") || label->text() == QStringLiteral("هزار و دویست"))
+                words = label;
+        }
+        QVERIFY(words);
+        m_form->setUsed(amount, false);
+        QVERIFY(!m_form->isUsed(amount));
+        QVERIFY(!m_form->control(amount)->isVisible());
+        QVERIFY(!m_form->label(amount)->isVisible());
+        QVERIFY(!words->isVisible());
+        m_form->setUsed(amount, true);
+        QVERIFY(m_form->isUsed(amount));
+        QVERIFY(m_form->control(amount)->isVisible());
+        QVERIFY(m_form->label(amount)->isVisible());
+        QVERIFY(words->isVisible());
+    }
+
+    void fieldThatIsNotUsedKeepsWhatTheRecordHolds()
+    {
+        m_form->edit(name)->setText(QStringLiteral("رضا"));
+        m_form->edit(amount)->setNumber(5);
+        m_form->setUsed(amount, false);
+        m_form->store(m_record);
+        QCOMPARE(m_record.m_sName, QStringLiteral("رضا"));
+        QCOMPARE(m_record.m_dAmount, 1200.0);
+        m_form->setUsed(amount, true);
+        m_form->store(m_record);
+        QCOMPARE(m_record.m_dAmount, 5.0);
+    }
+
+    void fieldThatIsNeverDisplayedIsStoredAndNotShownByBeingUsed()
+    {
+        m_form->edit(computed)->setNumber(88);
+        m_form->setUsed(computed, true);
+        QVERIFY(!m_form->control(computed)->isVisible());
+        m_form->store(m_record);
+        QCOMPARE(m_record.m_dComputed, 88.0);
+    }
+
+    void invalidEntryCountsOnlyWhereTheFieldIsUsed()
+    {
+        QVERIFY(!m_form->firstInvalid());
+        m_form->dateEdit(date)->setText(QStringLiteral("1405/13/01"));
+        QVERIFY(m_form->firstInvalid());
+        QCOMPARE(m_form->firstInvalid()->widget, m_form->control(date));
+        m_form->setUsed(date, false);
+        QVERIFY(!m_form->firstInvalid());
+    }
+
+    void anotherLabelIsShownAndReadOutUntilItIsTakenBack()
+    {
+        m_form->setLabel(amount, QStringLiteral("بها :"));
+        QCOMPARE(m_form->label(amount)->text(), QStringLiteral("بها :"));
+        QCOMPARE(m_form->control(amount)->accessibleName(), QStringLiteral("بها :"));
+        m_form->setLabel(amount, {});
+        QCOMPARE(m_form->label(amount)->text(), QStringLiteral("مبلغ :"));
+        QCOMPARE(m_form->control(amount)->accessibleName(), QStringLiteral("مبلغ :"));
+        m_form->setLabel(name, QStringLiteral("نامی دیگر :"));
+        m_form->setLabel(name, {});
+        QCOMPARE(m_form->control(name)->accessibleName(), QStringLiteral("نام : اول"));
+    }
+
+    void latinLabelIsReadFromTheRightToo()
+    {
+        QVERIFY(m_form->label(date)->text().endsWith(QStringLiteral("VIN :")));
+        QVERIFY(m_form->label(date)->text().isRightToLeft());
+        QCOMPARE(m_form->control(date)->accessibleName(), QStringLiteral("VIN :"));
+    }
+
+    void choicesChangeAroundTheText()
+    {
+        QComboBox *combo = m_form->comboBox(city);
+        QCOMPARE(combo->currentText(), QStringLiteral("قم"));
+        QCOMPARE(combo->currentIndex(), 1);
+        const QSignalSpy changes(combo, &QComboBox::currentTextChanged);
+        m_form->setChoices(city, {QStringLiteral("قم"), QStringLiteral("یزد"), QStringLiteral("ری")});
+        QCOMPARE(combo->currentText(), QStringLiteral("قم"));
+        QCOMPARE(combo->currentIndex(), 0);
+        QCOMPARE(combo->count(), 3);
+        m_form->setChoices(city, {});
+        QCOMPARE(combo->currentText(), QStringLiteral("قم"));
+        QCOMPARE(combo->count(), 0);
+        QCOMPARE(changes.size(), 0);
+    }
+
+    void freeTextOfAChoiceStaysAsTypedAndIsLimitedToItsColumn()
+    {
+        QComboBox *combo = m_form->comboBox(city);
+        combo->lineEdit()->selectAll();
+        // The beginning of an entry is not made into the entry.
+        for (const QChar character : QStringLiteral("تهر")) {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, character);
+            QCoreApplication::sendEvent(combo->lineEdit(), &press);
+        }
+        QCOMPARE(combo->currentText(), QStringLiteral("تهر"));
+        combo->completer()->popup()->hide();
+        QCOMPARE(combo->lineEdit()->maxLength(), 5);
+        QCOMPARE(m_form->edit(name)->maxLength(), 10);
+    }
+};
+
+QTEST_MAIN(TestKFormInUse)
+
+#include "TestKFormInUse.moc"
