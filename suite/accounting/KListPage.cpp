@@ -156,7 +156,6 @@ QWidget *KListPage::buildPrintMenu()
 {
     auto *arrow = new QToolButton(m_commandRow);
     arrow->setArrowType(Qt::DownArrow);
-    arrow->setPopupMode(QToolButton::InstantPopup);
     arrow->setFocusPolicy(Qt::TabFocus);
     arrow->setToolTip(QStringLiteral("خروجی های دیگر"));
     arrow->setAccessibleName(arrow->toolTip());
@@ -174,7 +173,9 @@ QWidget *KListPage::buildPrintMenu()
                            [this](ListReport &report) { CDlgReportGenerator::arrange(report, this); });
     // A layout is data of the office.
     connect(menu, &QMenu::aboutToShow, arrange, [arrange] { arrange->setVisible(!GetDBSetting()->IsClosedDB()); });
-    arrow->setMenu(menu);
+    // Not set as the button's menu: the style would draw a second arrow.
+    connect(arrow, &QToolButton::clicked, menu,
+            [arrow, menu] { menu->popup(arrow->mapToGlobal(QPoint(0, -menu->sizeHint().height()))); });
     return arrow;
 }
 

@@ -16,6 +16,8 @@ namespace {
 constexpr double dotsPerPoint = ReportPainter::resolution / 72.0;
 constexpr double margin = 12 / 25.4 * ReportPainter::resolution;
 constexpr double cellPadding = 5 * dotsPerPoint; // right and left of a cell's text
+// A measured text and the same text broken into lines differ by a dot or two.
+constexpr double slack = 6;
 constexpr double gap = 6 * dotsPerPoint;
 constexpr double hairline = 0.5 * dotsPerPoint;
 // A line's share of room above and below its letters, as the font itself gives much or little.
@@ -138,8 +140,8 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
         }
     }
     for (auto &need : needs) {
-        need.wanted = std::min(need.wanted, m_area.width() * widestColumn) + 2 * cellPadding;
-        need.least = std::min({need.least, m_area.width() * widestWord, need.wanted}) + 2 * cellPadding;
+        need.wanted = std::min(need.wanted, m_area.width() * widestColumn) + 2 * cellPadding + slack;
+        need.least = std::min({need.least, m_area.width() * widestWord, need.wanted}) + 2 * cellPadding + slack;
     }
     m_widths = ReportGeometry::fitColumns(needs, m_area.width());
     return true;

@@ -180,6 +180,26 @@ private Q_SLOTS:
         QVERIFY(!page.contains(QStringLiteral("مبلغ")));
     }
 
+    void wordsOfCrowdedColumnsStayWhole()
+    {
+        const QStringList words{QStringLiteral("ردیف"), QStringLiteral("فروشنده"), QStringLiteral("خریدار"), QStringLiteral("توضیحات"),
+                                QStringLiteral("بایگانی"), QStringLiteral("انقضاء"), QStringLiteral("سند"), QStringLiteral("تاریخ"),
+                                QStringLiteral("مبلغ"), QStringLiteral("شماره")};
+        QVector<KListModel::Column> columns;
+        KListModel::Row row{1, {}};
+        for (const QString &word : words) {
+            columns.append({word, Qt::AlignRight});
+            row.cells.append({QStringLiteral("تحویل خودرو پس از تسویه کامل حساب ") + word});
+        }
+        ListReport report(QStringLiteral("g"), QStringLiteral("r"));
+        report.setTable(QStringLiteral("List"), columns, {row});
+        report.buildStandard(QStringLiteral("عنوان"));
+        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
+        const QString page = pdfPages(path(QStringLiteral("a.pdf"))).first().simplified();
+        for (const QString &word : words)
+            QVERIFY2(page.split(u' ').count(word) == 2, qPrintable(word + u'\n' + page));
+    }
+
     void printerGetsThePagesOfItsRange()
     {
         QPrinter printer(QPrinter::HighResolution);
