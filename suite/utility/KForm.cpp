@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -95,6 +96,8 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
     case KFormField::Kind::Choice:
     case KFormField::Kind::EditableChoice: {
         auto *combo = new QComboBox(page);
+        combo->setFocusPolicy(Qt::StrongFocus);
+        combo->installEventFilter(this);
         combo->addItems(field.choices);
         if (field.kind == KFormField::Kind::EditableChoice) {
             combo->setEditable(true);
@@ -132,6 +135,16 @@ void KForm::addWords(Item &item, QWidget *page)
         words->setText(IsEquals(amount, 0) ? QString() : amountInWords(amount));
     });
     item.words = words;
+}
+
+// Who scrolls the page must not choose something else in a drop-down that comes below the pointer on the way.
+bool KForm::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *combo = qobject_cast<QComboBox *>(watched);
+    if (!combo || event->type() != QEvent::Wheel || combo->hasFocus())
+        return QObject::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 const KForm::Item &KForm::item(const QString &column) const

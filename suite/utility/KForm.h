@@ -99,6 +99,9 @@ public:
 
     std::optional<Problem> firstInvalid() const;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     struct Item
     {

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace {
 
@@ -202,6 +203,32 @@ private Q_SLOTS:
         QCOMPARE(combo->currentText(), QStringLiteral("قم"));
         QCOMPARE(combo->count(), 0);
         QCOMPARE(changes.size(), 0);
+    }
+
+    void wheelChoosesOnlyInTheDropDownThatHasTheFocus_data()
+    {
+        QTest::addColumn<bool>("focused");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("without the focus") << false << QStringLiteral("تهران");
+        QTest::newRow("with the focus") << true << QStringLiteral("قم");
+    }
+
+    void wheelChoosesOnlyInTheDropDownThatHasTheFocus()
+    {
+        QFETCH(bool, focused);
+        QFETCH(QString, text);
+        QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+        QComboBox *combo = m_form->comboBox(city);
+        combo->setCurrentIndex(0);
+        m_form->control(focused ? city : name)->setFocus();
+        const QPointF middle = combo->rect().center();
+        QWheelEvent wheel(middle, combo->mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(combo, &wheel);
+        QCOMPARE(combo->currentText(), text);
+        QCOMPARE(combo->hasFocus(), focused);
+        // What is not taken goes on to the page, which scrolls.
+        QCOMPARE(wheel.isAccepted(), focused);
     }
 
     void freeTextOfAChoiceStaysAsTypedAndIsLimitedToItsColumn()
