@@ -288,6 +288,10 @@ void TestKMSWord::brokenFieldsStay_data()
     QTest::newRow("from cell to cell") << cell << 1 << QStringLiteral("open|v|");
     QTest::newRow("begun inside a simple one")
         << D::paragraph("<w:fldSimple w:instr=\"MERGEFIELD G\">" + open + "</w:fldSimple>" + D::mark("end") + good) << 1 << QStringLiteral("openv|");
+    QTest::newRow("an end inside a simple one within another")
+        << D::paragraph(D::mark("begin") + D::code("MERGEFIELD G") + D::mark("separate") + "<w:fldSimple w:instr=\"MERGEFIELD F\">" + D::mark("end")
+                        + D::runs("x") + "</w:fldSimple>" + D::runs("y") + D::mark("end"))
+        << 1 << QStringLiteral("vy|");
     QTest::newRow("another name") << D::paragraph(D::complex("MERGEFIELD Other", "stays")) << 0 << QStringLiteral("stays|");
     QTest::newRow("no name") << D::paragraph(D::complex("MERGEFIELD \\* Upper", "stays")) << 0 << QStringLiteral("stays|");
     QTest::newRow("another kind") << D::paragraph(D::complex("PAGE F", "stays") + D::simple("MERGEFIELDS F", "too")) << 0
