@@ -11,6 +11,10 @@
 
 #include <QFile>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 BenchOffice::BenchOffice(int contracts)
 {
     setSettingsFile(m_settings.filePath(QStringLiteral("user.ini")));
@@ -47,6 +51,13 @@ long currentMemory()
 long peakMemory()
 {
     return statusValue("VmHWM:");
+}
+
+void releaseFreeMemory()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 void resetPeakMemory()

@@ -22,3 +22,5 @@ private:
 long currentMemory();
 long peakMemory();
 void resetPeakMemory();
+// Gives what earlier work has freed back to the system, where the library can: it would hide what the next one needs.
+void releaseFreeMemory();

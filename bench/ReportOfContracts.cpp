@@ -135,6 +135,7 @@ void reportPdf(benchmark::State &state)
 // One run by itself: how long it takes, what memory it adds while it works, how large its file is.
 void measure(const char *name, const QString &path, bool (*write)(const ListReport &, const QString &, const ReportProgress &))
 {
+    releaseFreeMemory();
     const long idle = currentMemory();
     resetPeakMemory();
     QElapsedTimer clock;
@@ -173,7 +174,6 @@ int main(int argc, char **argv)
     list.buildStandard(QStringLiteral("لیست قراردادها"));
     report = &list;
 
-    // Before anything else was laid out: blocks that are left over would hide what a run needs.
     measure("PDF", pdfPath(), &ReportOutput::writePdf);
     measure("spreadsheet", sheetPath(), &ReportOutput::writeSpreadsheet);
     ReportPainter pages(list);
