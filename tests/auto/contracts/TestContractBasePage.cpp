@@ -305,6 +305,24 @@ private Q_SLOTS:
         QCOMPARE(shown(*dialog, "dPayFirst"), 10900.0);
     }
 
+    void openedContractThatTheDealershipSellsStaysWithItsRule()
+    {
+        auto created = filledNew();
+        created->basePage()->firstParty()->setKind(PartyKind::Showroom);
+        created->basePage()->firstParty()->personField()->nameEdit()->setText(QStringLiteral("نمایشگاه"));
+        created->accept();
+        auto dialog = opened(key(), Mode::Edit);
+        type(*dialog, "dAmount", "500000");
+        QCOMPARE(shown(*dialog, "dPayFirst"), 900.0);
+    }
+
+    // Only a new contract is dated by itself; an old one without a date is not dated behind the user's back.
+    void openedContractWithoutADateStaysWithoutOne()
+    {
+        auto dialog = opened(m_office->addContract([](auto &row) { row.m_dateContract = QDateTime(); }), Mode::Edit);
+        QVERIFY(!dialog->basePage()->form()->dateEdit(column("dateContract"))->dateTime().isValid());
+    }
+
     void openedContractShowsItsPersonsFromTheListOfPersons()
     {
         filledNew()->accept();
