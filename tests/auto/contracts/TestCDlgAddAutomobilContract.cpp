@@ -571,6 +571,8 @@ private Q_SLOTS:
             labels << label->text();
         QVERIFY(labels.contains(QStringLiteral("یک میلیون")));
         QVERIFY(labels.contains(QStringLiteral("بیست هزار")));
+        QVERIFY(labels.contains(QStringLiteral("بیست و یک هزار و هشتصد")));
+        QVERIFY(labels.contains(QStringLiteral("نوزده هزار و هشتصد")));
     }
 
     void textLongerThanItsColumnCannotBeTyped()

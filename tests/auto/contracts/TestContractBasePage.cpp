@@ -49,14 +49,13 @@ void type(Dialog &dialog, const char *name, const char *text)
     QTest::keyClicks(edit(dialog, name), QString::fromLatin1(text));
 }
 
-// The text of the line with that accessible name; none when there is no such line.
-QString lineText(const QWidget &within, const QString &name)
+const QLineEdit *line(const QWidget &within, const QString &name)
 {
-    for (const QLineEdit *line : within.findChildren<QLineEdit *>()) {
-        if (line->accessibleName() == name)
-            return line->text();
+    for (const QLineEdit *candidate : within.findChildren<QLineEdit *>()) {
+        if (candidate->accessibleName() == name)
+            return candidate;
     }
-    return QStringLiteral("no such line");
+    return nullptr;
 }
 
 }
@@ -327,8 +326,31 @@ private Q_SLOTS:
     {
         filledNew()->accept();
         auto dialog = opened(key(), Mode::Edit);
-        QCOMPARE(lineText(*dialog, QStringLiteral("نام پدر : طرف اول")), QStringLiteral("حسن"));
-        QCOMPARE(lineText(*dialog, QStringLiteral("تاريخ تولد : طرف اول")), QStringLiteral("1364/01/01"));
+        QCOMPARE(line(*dialog, QStringLiteral("نام پدر : طرف اول"))->text(), QStringLiteral("حسن"));
+        QCOMPARE(line(*dialog, QStringLiteral("تاريخ تولد : طرف اول"))->text(), QStringLiteral("1364/01/01"));
+    }
+
+    // They come from the person record, unless the party is typed by hand.
+    void personFieldsAreEditableOnlyForAPartyTypedByHand_data()
+    {
+        QTest::addColumn<QString>("label");
+        for (const char *label : {"نام و نام خانوادگي :", "نام پدر :", "تاريخ تولد :", "محل صدور :", "شماره شناسنامه :",
+                                  "کد ملي :", "آدرس :", "تلفن :", "موبايل :"})
+            QTest::newRow(label) << QString::fromUtf8(label) + QStringLiteral(" طرف دوم");
+    }
+
+    void personFieldsAreEditableOnlyForAPartyTypedByHand()
+    {
+        QFETCH(QString, label);
+        auto dialog = filledNew();
+        ContractPartyGroup *party = dialog->basePage()->secondParty();
+        QVERIFY(line(*party, label) && line(*party, label)->isReadOnly());
+        party->setKind(PartyKind::Other);
+        QVERIFY(!line(*party, label)->isReadOnly());
+        party->setKind(PartyKind::Showroom);
+        QVERIFY(line(*party, label)->isReadOnly());
+        party->setKind(PartyKind::Ordinary);
+        QVERIFY(line(*party, label)->isReadOnly());
     }
 
     void personWhoIsGoneKeepsTheNameInTheContract()

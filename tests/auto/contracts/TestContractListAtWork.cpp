@@ -219,6 +219,23 @@ private Q_SLOTS:
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(section, KSecurity::Read)});
     }
 
+    void databaseThatIsClosedWhileTheListIsOpenIsNotChanged()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        GetDBSetting()->SetClosedDB(true);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_F2, Qt::Key_Delete})
+            QTest::keyClick(page.list(), key);
+        page.runCommand(QStringLiteral("بايگاني شد"));
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QCOMPARE(value(QStringLiteral("SELECT CONCAT(COUNT(*),'/',SUM(iArchiveUserID)) FROM AutomobilContracts")),
+                 QStringLiteral("1/0"));
+        QCOMPARE(page.list()->count(), 1);
+    }
+
     void settingsOpenFromTheList()
     {
         auto &page = shownPage();
@@ -506,6 +523,9 @@ private Q_SLOTS:
         page.setSelectMode(true, unlisted);
         page.open();
         QCOMPARE(page.list()->currentKey(), listed);
+        page.inactiveFilter()->setChecked(true);
+        page.refill();
+        QCOMPARE(page.list()->count(), 1);
     }
 
     void enterInAFilterOfTheHoldingWindowSearchesAndPicksNothing()
