@@ -164,6 +164,16 @@ void TestDemoData::officeLooksAlive()
     }
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE sName1=sName2 OR sName1='' OR sName2=''")),
              QStringLiteral("0"));
+    // Every contract can be opened and saved as it is, and states its place, its payment and the terms of its type.
+    for (const char *missing :
+         {"sAutomobilName='' OR sModel NOT BETWEEN 1000 AND 3000 OR sColor='' OR sNumOfPlates=''", "sState='' OR sCity=''",
+          "iContractType=0 AND ABS(dAgreeAmount+dRemainingAmount-dAmount)>1",
+          "iContractType=1 AND (dAmountRent<=0 OR dateRentExpire<=dateRent OR sRentTime='')",
+          "iContractType=2 AND (sNumOfInstallment='' OR dAgreeAmount NOT BETWEEN 1 AND dAmount OR dDelayAmount<=0)"}) {
+        const QString count = m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE ")
+                                               + QString::fromLatin1(missing));
+        QVERIFY2(count == QStringLiteral("0"), missing);
+    }
     QCOMPARE(CompanyDetails::read().name(), QStringLiteral("نمایشگاه اتومبیل آریا"));
     QCOMPARE(NationalCode::checkCompany(CompanyDetails::read().nationalCode), NationalCode::State::Good);
     QCOMPARE(GetDBSetting()->FiscalYear(), 1405);
