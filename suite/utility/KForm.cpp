@@ -53,6 +53,15 @@ void setComboText(QComboBox &combo, const QString &text)
     combo.setEditText(text);
 }
 
+// An editable drop-down hands the focus to its own entry line, so a screen reader says that one's name.
+void nameControl(QWidget *control, const QString &name)
+{
+    control->setAccessibleName(name);
+    const auto *combo = qobject_cast<QComboBox *>(control);
+    if (combo && combo->isEditable())
+        combo->lineEdit()->setAccessibleName(name);
+}
+
 }
 
 KForm::KForm(QList<KFormField> fields, KMySQL &record, QWidget *page)
@@ -74,7 +83,7 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
     item.readOnly = field.readOnly;
     item.control = makeControl(field, record, page);
     item.control->setObjectName(field.column);
-    item.control->setAccessibleName(field.accessibleName.isEmpty() ? field.label : field.accessibleName);
+    nameControl(item.control, field.accessibleName.isEmpty() ? field.label : field.accessibleName);
     if (field.kind != KFormField::Kind::Flag) {
         item.label = new QLabel(readFromTheRight(field.label), page);
         item.label->setBuddy(item.control);
@@ -232,9 +241,8 @@ void KForm::setLabel(const QString &column, const QString &label)
     const Item &changed = item(column);
     const QString shown = label.isEmpty() ? changed.field.label : label;
     changed.label->setText(readFromTheRight(shown));
-    changed.control->setAccessibleName(label.isEmpty() && !changed.field.accessibleName.isEmpty()
-                                           ? changed.field.accessibleName
-                                           : shown);
+    nameControl(changed.control,
+                label.isEmpty() && !changed.field.accessibleName.isEmpty() ? changed.field.accessibleName : shown);
 }
 
 void KForm::setChoices(const QString &column, const QStringList &choices)

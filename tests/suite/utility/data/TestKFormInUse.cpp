@@ -189,6 +189,16 @@ private Q_SLOTS:
         QCOMPARE(m_form->control(date)->accessibleName(), QStringLiteral("VIN :"));
     }
 
+    void entryLineOfAnEditableChoiceBearsItsName()
+    {
+        const QLineEdit *line = m_form->comboBox(city)->lineEdit();
+        QCOMPARE(line->accessibleName(), QStringLiteral("شهر :"));
+        m_form->setLabel(city, QStringLiteral("شهرستان :"));
+        QCOMPARE(line->accessibleName(), QStringLiteral("شهرستان :"));
+        m_form->setLabel(city, QString());
+        QCOMPARE(line->accessibleName(), QStringLiteral("شهر :"));
+    }
+
     void choicesChangeAroundTheText()
     {
         QComboBox *combo = m_form->comboBox(city);
