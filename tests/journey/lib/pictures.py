@@ -48,6 +48,17 @@ class Pictures:
         return subprocess.run(["import", "-silent", "-window", "root", "-strip",
                                "-define", "png:exclude-chunks=date,time", "png:-"], env=self._environment, check=True, capture_output=True, timeout=30).stdout
 
+    def take_pages(self, name, caption, document):
+        """A picture of every page of a PDF document."""
+        if not self._folder:
+            return
+        self._count += 1
+        stem = os.path.join(self._folder, f"{self._count:02}-{name}")
+        subprocess.run(["pdftoppm", "-png", "-r", "90", document, stem], check=True, capture_output=True, timeout=60)
+        pages = sorted(file for file in os.listdir(self._folder) if file.startswith(f"{self._count:02}-{name}"))
+        with open(os.path.join(self._folder, "captions.txt"), "a", encoding="utf-8") as captions:
+            captions.writelines(f"{file}\t{caption}\n" for file in pages)
+
     def keep_text(self, name, text):
         if self._folder:
             with open(os.path.join(self._folder, name), "w", encoding="utf-8") as file:
