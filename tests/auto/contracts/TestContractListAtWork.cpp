@@ -7,6 +7,7 @@
 #include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/KConnection.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
@@ -20,6 +21,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
@@ -513,7 +515,60 @@ private Q_SLOTS:
         QCOMPARE(page.focusWidget(), page.sellerFilter()->nameEdit());
     }
 
+    // --- Reading ---
+
+    void waitCursorShowsWhileTheListIsRead()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        bool waiting = false;
+        KConnection::setStatementObserver([&waiting](const QString &) {
+            waiting = QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        });
+        page.refill();
+        KConnection::setStatementObserver({});
+        QVERIFY(waiting);
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void orderThatCouldNotBeReadIsNotKept()
+    {
+        addNamed(QStringLiteral("b"));
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilContracts TO Elsewhere"));
+        Q_EMIT page.list()->columnClicked(5);
+        m_office->database().run(QStringLiteral("RENAME TABLE Elsewhere TO AutomobilContracts"));
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(page.sortExpression(), QStringLiteral("iCode"));
+        QVERIFY(!page.list()->model()->headerData(5, Qt::Horizontal).toString().endsWith(u'*'));
+        QCOMPARE(page.list()->cellText(0, 5), QStringLiteral("b"));
+    }
+
+    void columnWidthsAreKeptUnderTheListsName()
+    {
+        {
+            CDlgAutomobilContracts page;
+            page.open();
+            page.list()->header()->resizeSection(5, 321);
+        }
+        QVERIFY(!ReadSetting(QStringLiteral("AutomobilContracts\\List"), QStringLiteral("sWidths"), QString()).isEmpty());
+        CDlgAutomobilContracts page;
+        page.open();
+        QCOMPARE(page.list()->header()->sectionSize(5), 321);
+    }
+
     // --- Select mode ---
+
+    void doubleClickBesideTheRowsBeginsNothingInSelectMode()
+    {
+        CDlgAutomobilContracts page;
+        page.setSelectMode(true);
+        page.open();
+        Q_EMIT page.list()->emptyAreaActivated();
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("0"));
+        QVERIFY(!QApplication::activeModalWidget());
+    }
 
     void preselectedContractThatIsNotListedLeavesTheFirstRowSelected()
     {

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void contractWithoutItsOwnNumberIsNamedByItsCode();
     void contractWithoutFiguresGetsADocumentWithoutRows();
     void closedDatabaseGivesNoNumberAndStopsThePosting();
+    void documentOnAnAccountThatIsGoneIsRefused();
     void rollbackLeavesNeitherRowNorDocument();
 
 private:
@@ -164,6 +165,20 @@ void TestContractPosting::closedDatabaseGivesNoNumberAndStopsThePosting()
     GetDBSetting()->SetClosedDB(true);
     QVERIFY(!ContractPosting::post(contract));
     QCOMPARE(contract.m_iDocNum, 0);
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+}
+
+void TestContractPosting::documentOnAnAccountThatIsGoneIsRefused()
+{
+    m_database.run(QStringLiteral("DELETE FROM HesabMoeen WHERE iCode=%1").arg(int(Accounts::commissionIncome)));
+    {
+        const KTransaction transaction;
+        CTblAutomobilContracts contract;
+        contract.AddNew();
+        fill(contract);
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, (void)ContractPosting::post(contract));
+    }
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
     QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
 }
