@@ -74,6 +74,7 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     CTblAutomobilContracts contract;
     if (contract.IsRecordExist(QStringLiteral("iID"), contractID)) {
         m_contractCode = contract.m_iCode;
+        m_confirmed = contract.m_iDocNum > 0;
         m_contractNumber = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
     }
     build(principal);
@@ -253,7 +254,8 @@ void CDlgCalcPayment::updateButtons()
         button(caption)->setEnabled(changes);
     const int key = m_list->currentKey();
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &row) { return row.id == key; });
-    button(receiveCaption)->setEnabled(!m_readOnly && !GetDBSetting()->IsClosedDB() && key > 0 && selected != m_stored.cend()
+    // A contract that was never confirmed can still be cancelled, and a receipt would outlive it.
+    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !GetDBSetting()->IsClosedDB() && key > 0 && selected != m_stored.cend()
                                        && !selected->paid);
 }
 
@@ -361,11 +363,7 @@ void CDlgCalcPayment::showStored(const std::vector<StoredInstalments::Row> &stor
     m_interest->setNumber(interest);
     if (stored.empty())
         return;
-    m_principal->setNumber(total - interest);
-    m_count->setNumber(static_cast<double>(stored.size()));
-    m_interval->setNumber(stored.front().days > 0 ? stored.front().days : stored.front().months);
-    m_intervalUnit->setCurrentIndex(stored.front().days > 0 ? 0 : monthsPosition);
-    m_rateUnit->setCurrentIndex(stored.front().monthlyRate ? 0 : yearlyPosition);
+    setTerms(StoredInstalments::termsOf(stored));
 }
 
 void CDlgCalcPayment::savePlan()
@@ -431,7 +429,7 @@ void CDlgCalcPayment::receiveSelected()
     const int key = m_list->currentKey();
     const int row = m_list->currentRow();
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &stored) { return stored.id == key; });
-    if (key <= 0 || selected == m_stored.cend() || selected->paid)
+    if (!m_confirmed || key <= 0 || selected == m_stored.cend() || selected->paid)
         return;
     const QString description =
         QStringLiteral("بابت قسط شماره %1 قرارداد شماره %2").arg(selected->number).arg(m_contractCode);

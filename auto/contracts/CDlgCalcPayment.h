@@ -67,6 +67,7 @@ private:
     int m_personID;
     int m_contractCode = 0;
     int m_contractNumber = 0;   // in the registry, or the code while there is none
+    bool m_confirmed = false;       // the contract was saved at least once, and so has its document
     bool m_readOnly = false;
     bool m_anyPaid = false;
     std::vector<StoredInstalments::Row> m_stored;   // what the list shows, unless a plan was just calculated

@@ -6,10 +6,31 @@
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/CTblTemp.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/utility/ShamsiDate.h"
 
 #include <QSet>
 
+#include <cmath>
+
 namespace {
+
+// The method of a plan, as iLevel of its rows keeps it.
+constexpr int decliningLevel = 1;
+constexpr int wholeLevel = 2;
+
+// The day one step before the first instalment: of the month lengths that there are, the one that leads to it.
+QDate startBefore(const QDate &firstDue, const InstalmentTerms &terms)
+{
+    if (terms.intervalUnit == IntervalUnit::Days)
+        return firstDue.addDays(-terms.interval);
+    for (const int length : {31, 30, 29}) {
+        const QDate start = firstDue.addDays(-length);
+        const ShamsiDate shamsi = GetShamsi(start);
+        if (shamsiDaysInMonth(shamsi.year, shamsi.month) == length)
+            return start;
+    }
+    return firstDue;
+}
 
 QString ofContract(int contractID)
 {
@@ -43,7 +64,8 @@ std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
     payments.m_sort = QStringLiteral("date,iID");
     for (payments.Open(true, true, true); !payments.IsEOF(); payments.MoveNext())
         rows.push_back({payments.m_iID, payments.m_iNum, payments.m_date, payments.m_dAmount, payments.m_dExtra, payments.m_sDesc,
-                        paid.contains(payments.m_iID), payments.m_iDays, payments.m_iMonths, payments.m_bPercentMonthly != 0});
+                        paid.contains(payments.m_iID), payments.m_iDays, payments.m_iMonths, payments.m_bPercentMonthly != 0,
+                        payments.m_iLevel == decliningLevel ? InterestMethod::DecliningPrincipal : InterestMethod::WholePrincipal});
     return rows;
 }
 
@@ -66,9 +88,33 @@ void StoredInstalments::save(int contractID, int contractCode, int personID, con
         payment.m_dExtra = plan.interest / terms.count;
         payment.m_iUserID = GetDBSetting()->GetUserID();
         (terms.intervalUnit == IntervalUnit::Days ? payment.m_iDays : payment.m_iMonths) = terms.interval;
+        payment.m_iLevel = terms.method == InterestMethod::DecliningPrincipal ? decliningLevel : wholeLevel;
         payment.m_bPercentMonthly = terms.rateUnit == RateUnit::Monthly ? 1 : 0;
         payment.Update(true);
     }
+}
+
+InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
+{
+    InstalmentTerms terms;
+    double interest = 0;
+    for (const Row &row : rows) {
+        terms.principal += row.amount - row.interest;
+        interest += row.interest;
+    }
+    const Row &first = rows.front();
+    terms.count = static_cast<int>(rows.size());
+    terms.intervalUnit = first.days > 0 ? IntervalUnit::Days : IntervalUnit::Months;
+    terms.interval = first.days > 0 ? first.days : first.months;
+    terms.rateUnit = first.monthlyRate ? RateUnit::Monthly : RateUnit::Yearly;
+    terms.method = first.method;
+    terms.start = startBefore(first.due.date(), terms);
+    // The interest grows with the rate, so one percent tells the rate; rounded to the decimals that a rate is typed with.
+    terms.rate = 1;
+    if (problemOf(terms) != InstalmentProblem::None)
+        return terms;
+    terms.rate = std::round(interest / instalmentPlan(terms).interest * 10'000) / 10'000;
+    return terms;
 }
 
 void StoredInstalments::remove(int contractID)

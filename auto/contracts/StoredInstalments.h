@@ -26,6 +26,7 @@ struct Row
     int days = 0;           // interval, in days or in months
     int months = 0;
     bool monthlyRate = false;
+    InterestMethod method = InterestMethod::WholePrincipal;
 };
 
 // In the order of their dates.
@@ -34,6 +35,10 @@ std::vector<Row> load(int contractID);
 // Deletes the contract's earlier plan and adds the new one, row by row: when an insert fails (CMySQLException), the rows
 // before it stand and the earlier plan is gone.
 void save(int contractID, int contractCode, int personID, const InstalmentTerms &terms, const InstalmentPlan &plan);
+
+// The terms that a stored plan was made of, from its rows: the rate from the interest, the start from the first date.
+// There must be a row.
+InstalmentTerms termsOf(const std::vector<Row> &rows);
 
 void remove(int contractID);
 

@@ -31,8 +31,9 @@ KTransaction::~KTransaction()
         return;
     }
     try {
-        // After a lost connection or a deadlock the server has rolled back already.
-        if (m_connection.m_handle && !m_connection.m_rolledBack)
+        // After a lost connection the server has rolled back already. After a deadlock of its own it has too, but an error
+        // of that number can also be raised by a trigger, and then it has not.
+        if (m_connection.m_handle)
             m_connection.run(QByteArrayLiteral("ROLLBACK"));
     } catch (const CMySQLException &) {
         m_connection.close();

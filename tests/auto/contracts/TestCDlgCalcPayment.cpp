@@ -61,6 +61,7 @@ private Q_SLOTS:
         m_contract = m_office->addContract([this](CTblAutomobilContracts &contract) {
             contract.m_iContractType = 2;
             contract.m_iPersonSecondID = m_person;
+            contract.m_iDocNum = 7;
         });
     }
 
@@ -211,6 +212,61 @@ private Q_SLOTS:
         QVERIFY(qAbs(dialog.terms().principal - 1200) < 1e-6);
         QCOMPARE(dialog.terms().count, 12);
         QCOMPARE(dialog.terms().interval, 1);
+    }
+
+    void storedPlanComesBackWithTheTermsItWasMadeOf_data()
+    {
+        QTest::addColumn<double>("rate");
+        QTest::addColumn<bool>("yearly");
+        QTest::addColumn<bool>("whole");
+        QTest::addColumn<int>("interval");
+        QTest::addColumn<bool>("days");
+        QTest::addColumn<QString>("start");
+        QTest::newRow("months, whole principal") << 2.5 << false << true << 1 << false << QStringLiteral("1405/01/15");
+        QTest::newRow("yearly rate, declining") << 23. << true << false << 2 << false << QStringLiteral("1405/06/31");
+        QTest::newRow("days") << 1.75 << false << true << 45 << true << QStringLiteral("1404/12/29");
+        QTest::newRow("from the last day of a leap year") << 3. << false << false << 1 << false << QStringLiteral("1403/12/30");
+        QTest::newRow("no interest") << 0. << false << true << 1 << false << QStringLiteral("1405/02/01");
+    }
+
+    void storedPlanComesBackWithTheTermsItWasMadeOf()
+    {
+        QFETCH(double, rate);
+        QFETCH(bool, yearly);
+        QFETCH(bool, whole);
+        QFETCH(int, interval);
+        QFETCH(bool, days);
+        QFETCH(QString, start);
+        const InstalmentTerms made = {3'600'000'000, rate, yearly ? RateUnit::Yearly : RateUnit::Monthly,
+                                      whole ? InterestMethod::WholePrincipal : InterestMethod::DecliningPrincipal, 7, interval,
+                                      days ? IntervalUnit::Days : IntervalUnit::Months, parseShamsi(start)};
+        {
+            CDlgCalcPayment dialog(m_contract, m_person, 0);
+            dialog.setTerms(made);
+            dialog.calculate();
+            dialog.savePlan();
+        }
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        const InstalmentTerms again = dialog.terms();
+        QVERIFY(qAbs(again.principal - made.principal) < 0.01);
+        QCOMPARE(again.rate, made.rate);
+        QCOMPARE(int(again.rateUnit), int(made.rateUnit));
+        QCOMPARE(int(again.method), int(made.method));
+        QCOMPARE(again.count, made.count);
+        QCOMPARE(again.interval, made.interval);
+        QCOMPARE(int(again.intervalUnit), int(made.intervalUnit));
+        QCOMPARE(shamsiText(again.start), start);
+    }
+
+    void nothingIsReceivedForAContractThatWasNeverConfirmed()
+    {
+        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET iDocNum=0"));
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.list()->selectRow(0);
+        QVERIFY(!dialog.button(receiveButton)->isEnabled());
+        dialog.receiveSelected();
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
     }
 
     void deletingAsksAndTakesThePlan()

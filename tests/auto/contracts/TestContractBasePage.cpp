@@ -15,6 +15,7 @@
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
+#include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>
@@ -87,6 +88,7 @@ class TestContractBasePage : public QObject
         dialog->basePage()->firstParty()->takePerson(m_seller);
         dialog->basePage()->secondParty()->takePerson(m_buyer);
         type(*dialog, "dAmount", "1000000");
+        fillMatterPage(*dialog->matterPage());
         return dialog;
     }
 
@@ -203,6 +205,7 @@ private Q_SLOTS:
                 expected.insert(field.column, number);
             }
         }
+        fillMatterPage(*dialog->matterPage());
         dialog->accept();
         QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
         CTblAutomobilContracts row;
