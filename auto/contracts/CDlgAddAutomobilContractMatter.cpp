@@ -40,6 +40,7 @@ struct Cell
 };
 
 constexpr int partsOfALine = 4;
+constexpr int instalmentSale = 2;
 
 // Lines of four labelled fields below each other. A money field's words have the row below its line.
 QGridLayout *fieldGrid(KForm &form, QWidget *box, std::initializer_list<std::initializer_list<Cell>> lines)
@@ -255,4 +256,8 @@ void CDlgAddAutomobilContractMatter::write(CTblAutomobilContracts &contract)
 {
     m_form->store(contract);
     contract.m_sModel = toAsciiDigits(contract.m_sModel.trimmed());
+    // The page of an instalment sale has no line for what is left to pay, yet the printed contract states it: it is what the
+    // instalments are made of.
+    if (contract.m_iContractType == instalmentSale)
+        contract.m_dRemainingAmount = amountLeftOf(contract.m_dAmount);
 }
