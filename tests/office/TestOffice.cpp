@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -96,6 +97,11 @@ int TestOffice::addContract(const std::function<void(CTblAutomobilContracts &)> 
     contract.AddNew();
     contract.m_iCode = CTblAutomobilContracts::nextCode();
     contract.m_dateContract = QDateTime(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
+    // What a contract on a vehicle cannot be saved without.
+    contract.m_sAutomobilName = QStringLiteral("پراید");
+    contract.m_sModel = QStringLiteral("1400");
+    contract.m_sColor = QStringLiteral("سفید");
+    contract.m_sNumOfPlates = QStringLiteral("12 ب 345 ایران 67");
     if (set)
         set(contract);
     contract.Update(true);
@@ -117,7 +123,13 @@ void TestOffice::whenModal(const char *className, const std::function<void(QWidg
         if (modal && modal->inherits(name.constData())) {
             timer->deleteLater();
             timer->stop();
+            const QPointer<QWidget> window(modal);
             work(modal);
+            // A window that stays would hold the test for good.
+            if (window && window->isVisible()) {
+                QTest::qFail("the window did not close", __FILE__, __LINE__);
+                window->close();
+            }
         } else if (clock->elapsed() > 5000) {
             timer->deleteLater();
             timer->stop();

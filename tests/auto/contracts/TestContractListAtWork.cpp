@@ -17,6 +17,7 @@
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/KSettings.h"
+#include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>
@@ -101,6 +102,7 @@ class TestContractListAtWork : public QObject
             KForm *form = editor.basePage()->form();
             form->edit(QStringLiteral("dAmount"))->setText(QStringLiteral("700"));
             form->edit(QStringLiteral("sExplain"))->setText(explanation);
+            fillMatterPage(*editor.matterPage());
             editor.accept();
             if (editor.isVisible()) {
                 QTest::qFail(qPrintable(g_pDlgWarning->takeShown().join(u'|')), __FILE__, __LINE__);
@@ -284,6 +286,7 @@ private Q_SLOTS:
                           QStringLiteral("شرح قرارداد :"), QStringLiteral("نمايش غير فعال ها"), QStringLiteral("تعداد نمايش :"),
                           QStringLiteral("جستجو"), QStringLiteral("قرارداد"), QStringLiteral("جديد"), QStringLiteral("ويرايش"),
                           QStringLiteral("حذف"), QStringLiteral("نمايش"), QStringLiteral("بايگاني شد"),
+                          QStringLiteral("چاپ"), arrow->toolTip(), QStringLiteral("چاپ قرارداد "),
                           QStringLiteral("تسويه با فروشنده"), QStringLiteral("تسويه با خريدار"), QStringLiteral("تنظيمات")}));
     }
 
