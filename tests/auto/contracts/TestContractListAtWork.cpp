@@ -286,7 +286,7 @@ private Q_SLOTS:
                           QStringLiteral("شرح قرارداد :"), QStringLiteral("نمايش غير فعال ها"), QStringLiteral("تعداد نمايش :"),
                           QStringLiteral("جستجو"), QStringLiteral("قرارداد"), QStringLiteral("جديد"), QStringLiteral("ويرايش"),
                           QStringLiteral("حذف"), QStringLiteral("نمايش"), QStringLiteral("بايگاني شد"),
-                          QStringLiteral("چاپ"), arrow->toolTip(), QStringLiteral("چاپ قرارداد "),
+                          QStringLiteral("چاپ"), QStringLiteral("خروجی های دیگر"), QStringLiteral("چاپ قرارداد "),
                           QStringLiteral("تسويه با فروشنده"), QStringLiteral("تسويه با خريدار"), QStringLiteral("تنظيمات")}));
     }
 
