@@ -25,7 +25,18 @@
 
 namespace {
 
-enum Column { RowNumber, Type, Seller, Buyer, DocumentNumber, Explanation, ContractDate, ExpirationDate, Description, Archived };
+enum Column {
+    RowNumber,
+    Type,
+    Seller,
+    Buyer,
+    DocumentNumber,
+    Explanation,
+    ContractDate,
+    ExpirationDate,
+    Description,
+    Archived
+};
 
 constexpr int notArchivedState = 1;
 constexpr int notReturnedState = 1;
@@ -77,8 +88,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {QStringLiteral("بايگاني شد"), onRow, [this] { archiveContract(); }, {}, QStringLiteral(":/icons/archive.svg")},
         printCommand(C::HiddenInSelect | C::StartsGroup),
         {QStringLiteral("چاپ قرارداد "), onRow, [this] { printContract(); }, {}, QStringLiteral(":/icons/print.svg")},
-        {QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {},
-         QStringLiteral(":/icons/receipt.svg")},
+        {QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, QStringLiteral(":/icons/receipt.svg")},
         {QStringLiteral("تسويه با خريدار"), onRow, [this] { settle(Side::Buyer); }, {}, QStringLiteral(":/icons/receipt.svg")},
         {QStringLiteral("تنظيمات"), C::StartsGroup, [this] { editSettings(); }, {}, QStringLiteral(":/icons/settings.svg")},
         {QStringLiteral("گزارش جامع"), C::NotAvailable, {}},

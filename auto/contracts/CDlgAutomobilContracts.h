@@ -69,7 +69,10 @@ protected:
     QWidget *firstFilterControl() const override;
 
 private:
-    enum class Side { Seller, Buyer };
+    enum class Side {
+        Seller,
+        Buyer
+    };
 
     void addContract();
     void editContract();
@@ -86,7 +89,7 @@ private:
         int second = 0;
     };
 
-    QVector<Parties> m_parties;     // of the rows being read, until their names are known
+    QVector<Parties> m_parties; // of the rows being read, until their names are known
     ContractPrinting m_printing;
     int m_chosenNumber = 0;
     QString m_chosenName;

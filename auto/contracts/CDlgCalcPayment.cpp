@@ -193,9 +193,9 @@ QWidget *CDlgCalcPayment::buildButtons()
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     const std::pair<QString, void (CDlgCalcPayment::*)()> commands[] = {{calculateCaption, &CDlgCalcPayment::calculate},
-                                                                       {saveCaption, &CDlgCalcPayment::savePlan},
-                                                                       {deleteCaption, &CDlgCalcPayment::deletePlan},
-                                                                       {receiveCaption, &CDlgCalcPayment::receiveSelected}};
+                                                                        {saveCaption, &CDlgCalcPayment::savePlan},
+                                                                        {deleteCaption, &CDlgCalcPayment::deletePlan},
+                                                                        {receiveCaption, &CDlgCalcPayment::receiveSelected}};
     auto add = [&](const QString &caption) {
         auto *button = new QPushButton(caption, box);
         button->setAccessibleName(caption);
@@ -255,8 +255,7 @@ void CDlgCalcPayment::updateButtons()
     const int key = m_list->currentKey();
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &row) { return row.id == key; });
     // A contract that was never confirmed can still be cancelled, and a receipt would outlive it.
-    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !GetDBSetting()->IsClosedDB() && key > 0 && selected != m_stored.cend()
-                                       && !selected->paid);
+    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !GetDBSetting()->IsClosedDB() && key > 0 && selected != m_stored.cend() && !selected->paid);
 }
 
 InstalmentTerms CDlgCalcPayment::terms() const

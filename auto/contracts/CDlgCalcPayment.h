@@ -66,12 +66,12 @@ private:
     int m_contractID;
     int m_personID;
     int m_contractCode = 0;
-    int m_contractNumber = 0;   // in the registry, or the code while there is none
-    bool m_confirmed = false;       // the contract was saved at least once, and so has its document
+    int m_contractNumber = 0; // in the registry, or the code while there is none
+    bool m_confirmed = false; // the contract was saved at least once, and so has its document
     bool m_readOnly = false;
     bool m_anyPaid = false;
-    std::vector<StoredInstalments::Row> m_stored;   // what the list shows, unless a plan was just calculated
-    std::optional<InstalmentPlan> m_plan;           // calculated and not yet saved
+    std::vector<StoredInstalments::Row> m_stored; // what the list shows, unless a plan was just calculated
+    std::optional<InstalmentPlan> m_plan;         // calculated and not yet saved
     InstalmentTerms m_plannedTerms;
     KEdit *m_principal = nullptr;
     KDateEdit *m_start = nullptr;

@@ -5,7 +5,11 @@
 
 class CTblAutomobilContracts;
 
-enum class ContractEditorMode { New, Edit, Show };
+enum class ContractEditorMode {
+    New,
+    Edit,
+    Show
+};
 
 // What the contract editor asks of each of its own pages.
 class ContractEditorPage

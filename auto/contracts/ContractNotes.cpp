@@ -10,9 +10,15 @@
 namespace {
 
 constexpr std::array<QString CTblAutomobilContracts::*, ContractNotes::most> columns = {
-    &CTblAutomobilContracts::m_sNote1, &CTblAutomobilContracts::m_sNote2, &CTblAutomobilContracts::m_sNote3,
-    &CTblAutomobilContracts::m_sNote4, &CTblAutomobilContracts::m_sNote5, &CTblAutomobilContracts::m_sNote6,
-    &CTblAutomobilContracts::m_sNote7, &CTblAutomobilContracts::m_sNote8, &CTblAutomobilContracts::m_sNote9,
+    &CTblAutomobilContracts::m_sNote1,
+    &CTblAutomobilContracts::m_sNote2,
+    &CTblAutomobilContracts::m_sNote3,
+    &CTblAutomobilContracts::m_sNote4,
+    &CTblAutomobilContracts::m_sNote5,
+    &CTblAutomobilContracts::m_sNote6,
+    &CTblAutomobilContracts::m_sNote7,
+    &CTblAutomobilContracts::m_sNote8,
+    &CTblAutomobilContracts::m_sNote9,
     &CTblAutomobilContracts::m_sNote10,
 };
 

@@ -42,20 +42,7 @@ const ContractPartySide &ContractPartySide::first()
 {
     using Field = CommissionField;
     static const ContractPartySide side = {
-        1, &CTblAutomobilContracts::m_iPersonFirstID, &CTblAutomobilContracts::m_sName1, Field::FirstKind,
-        Field::FirstDiscountPercent,
-        QStringLiteral("iPersonContract1"), QStringLiteral("sByVirtueFirst"), QStringLiteral("sFromFirst"),
-        QStringLiteral("sNationalId1"), QStringLiteral("sAddress1"), QStringLiteral("sTel1"), QStringLiteral("sMobile1"),
-        QStringLiteral("dPercentTax"), QStringLiteral("dTax"), QStringLiteral("dPercentImpsition"),
-        QStringLiteral("dImposition"), QStringLiteral("dPercentDiscount"), QStringLiteral("dDiscountFirst"),
-        QStringLiteral("dPayFirst"),
-        {{{Field::FirstTaxPercent, QStringLiteral("dPercentTax")},
-          {Field::FirstTax, QStringLiteral("dTax")},
-          {Field::FirstDutyPercent, QStringLiteral("dPercentImpsition")},
-          {Field::FirstDuty, QStringLiteral("dImposition")},
-          {Field::FirstDiscountPercent, QStringLiteral("dPercentDiscount")},
-          {Field::FirstDiscount, QStringLiteral("dDiscountFirst")},
-          {Field::FirstPays, QStringLiteral("dPayFirst")}}}};
+        1, &CTblAutomobilContracts::m_iPersonFirstID, &CTblAutomobilContracts::m_sName1, Field::FirstKind, Field::FirstDiscountPercent, QStringLiteral("iPersonContract1"), QStringLiteral("sByVirtueFirst"), QStringLiteral("sFromFirst"), QStringLiteral("sNationalId1"), QStringLiteral("sAddress1"), QStringLiteral("sTel1"), QStringLiteral("sMobile1"), QStringLiteral("dPercentTax"), QStringLiteral("dTax"), QStringLiteral("dPercentImpsition"), QStringLiteral("dImposition"), QStringLiteral("dPercentDiscount"), QStringLiteral("dDiscountFirst"), QStringLiteral("dPayFirst"), {{{Field::FirstTaxPercent, QStringLiteral("dPercentTax")}, {Field::FirstTax, QStringLiteral("dTax")}, {Field::FirstDutyPercent, QStringLiteral("dPercentImpsition")}, {Field::FirstDuty, QStringLiteral("dImposition")}, {Field::FirstDiscountPercent, QStringLiteral("dPercentDiscount")}, {Field::FirstDiscount, QStringLiteral("dDiscountFirst")}, {Field::FirstPays, QStringLiteral("dPayFirst")}}}};
     return side;
 }
 
@@ -63,20 +50,7 @@ const ContractPartySide &ContractPartySide::second()
 {
     using Field = CommissionField;
     static const ContractPartySide side = {
-        2, &CTblAutomobilContracts::m_iPersonSecondID, &CTblAutomobilContracts::m_sName2, Field::SecondKind,
-        Field::SecondDiscountPercent,
-        QStringLiteral("iPersonContract2"), QStringLiteral("sByVirtueSecond"), QStringLiteral("sFromSecond"),
-        QStringLiteral("sNationalId2"), QStringLiteral("sAddress2"), QStringLiteral("sTel2"), QStringLiteral("sMobile2"),
-        QStringLiteral("dPercentTax2"), QStringLiteral("dTax2"), QStringLiteral("dPercentImposition2"),
-        QStringLiteral("dImposition2"), QStringLiteral("dPercentDiscount2"), QStringLiteral("dDiscountSecond"),
-        QStringLiteral("dPaySecond"),
-        {{{Field::SecondTaxPercent, QStringLiteral("dPercentTax2")},
-          {Field::SecondTax, QStringLiteral("dTax2")},
-          {Field::SecondDutyPercent, QStringLiteral("dPercentImposition2")},
-          {Field::SecondDuty, QStringLiteral("dImposition2")},
-          {Field::SecondDiscountPercent, QStringLiteral("dPercentDiscount2")},
-          {Field::SecondDiscount, QStringLiteral("dDiscountSecond")},
-          {Field::SecondPays, QStringLiteral("dPaySecond")}}}};
+        2, &CTblAutomobilContracts::m_iPersonSecondID, &CTblAutomobilContracts::m_sName2, Field::SecondKind, Field::SecondDiscountPercent, QStringLiteral("iPersonContract2"), QStringLiteral("sByVirtueSecond"), QStringLiteral("sFromSecond"), QStringLiteral("sNationalId2"), QStringLiteral("sAddress2"), QStringLiteral("sTel2"), QStringLiteral("sMobile2"), QStringLiteral("dPercentTax2"), QStringLiteral("dTax2"), QStringLiteral("dPercentImposition2"), QStringLiteral("dImposition2"), QStringLiteral("dPercentDiscount2"), QStringLiteral("dDiscountSecond"), QStringLiteral("dPaySecond"), {{{Field::SecondTaxPercent, QStringLiteral("dPercentTax2")}, {Field::SecondTax, QStringLiteral("dTax2")}, {Field::SecondDutyPercent, QStringLiteral("dPercentImposition2")}, {Field::SecondDuty, QStringLiteral("dImposition2")}, {Field::SecondDiscountPercent, QStringLiteral("dPercentDiscount2")}, {Field::SecondDiscount, QStringLiteral("dDiscountSecond")}, {Field::SecondPays, QStringLiteral("dPaySecond")}}}};
     return side;
 }
 

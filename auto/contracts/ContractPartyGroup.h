@@ -22,7 +22,7 @@ struct ContractPartySide
 {
     using Figure = std::pair<CommissionField, QString>;
 
-    int number;                 // 1 or 2
+    int number; // 1 or 2
     qint32 CTblAutomobilContracts::*personID;
     QString CTblAutomobilContracts::*name;
     CommissionField kindField;

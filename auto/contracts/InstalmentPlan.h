@@ -14,17 +14,23 @@ enum class InterestMethod {
     WholePrincipal = 1      // interest on the whole principal for the whole term
 };
 
-enum class RateUnit { Monthly, Yearly };
-enum class IntervalUnit { Days, Months };
+enum class RateUnit {
+    Monthly,
+    Yearly
+};
+enum class IntervalUnit {
+    Days,
+    Months
+};
 
 struct InstalmentTerms
 {
-    double principal = 0;   // in the suite's money unit
-    double rate = 0;        // percent per month or year
+    double principal = 0; // in the suite's money unit
+    double rate = 0;      // percent per month or year
     RateUnit rateUnit = RateUnit::Monthly;
     InterestMethod method = InterestMethod::WholePrincipal;
     int count = 0;
-    int interval = 0;       // in days or months
+    int interval = 0; // in days or months
     IntervalUnit intervalUnit = IntervalUnit::Months;
     QDate start;
 };
@@ -38,12 +44,17 @@ struct Instalment
 struct InstalmentPlan
 {
     std::vector<Instalment> instalments;
-    double total = 0;       // count times the instalment
-    double interest = 0;    // total less the principal
+    double total = 0;    // count times the instalment
+    double interest = 0; // total less the principal
 };
 
 // What keeps terms from being calculated, in the order in which it is looked for.
-enum class InstalmentProblem { None, NoPrincipal, NoCount, NoInterval };
+enum class InstalmentProblem {
+    None,
+    NoPrincipal,
+    NoCount,
+    NoInterval
+};
 InstalmentProblem problemOf(const InstalmentTerms &terms);
 
 // Percent per month; a yearly rate is divided by 12.

@@ -16,14 +16,14 @@ namespace StoredInstalments {
 
 struct Row
 {
-    int id = 0;             // key of the payment
-    int number = 0;         // from 1
+    int id = 0;     // key of the payment
+    int number = 0; // from 1
     QDateTime due;
     double amount = 0;
-    double interest = 0;    // within amount
+    double interest = 0; // within amount
     QString description;
     bool paid = false;
-    int days = 0;           // interval, in days or in months
+    int days = 0; // interval, in days or in months
     int months = 0;
     bool monthlyRate = false;
     InterestMethod method = InterestMethod::WholePrincipal;

@@ -55,7 +55,11 @@ QString CMySQLException::userMessage() const
 
 CMySQLException::Category CMySQLException::categoryOf(unsigned int serverCode)
 {
-    struct Row { unsigned int code; Category category; };
+    struct Row
+    {
+        unsigned int code;
+        Category category;
+    };
     static constexpr Row table[] = {
         {CR_SERVER_GONE_ERROR, Category::ConnectionLost},
         {CR_SERVER_LOST, Category::ConnectionLost},

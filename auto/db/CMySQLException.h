@@ -15,15 +15,15 @@ class TZDB_EXPORT CMySQLException : public std::exception
 {
 public:
     enum class Category {
-        ConnectionLost,    // the server went away or was never there; the next operation connects anew
-        DuplicateKey,      // a unique index already holds the value
-        LockConflict,      // deadlock or lock wait timeout: the whole unit of work may be tried again
-        ValueTooLong,      // a text longer than its column, a number out of its column's range
-        BadCharacter,      // a character that the column's character set cannot hold
-        BadStatement,      // syntax error, unknown table or column
-        AlreadySo,         // the schema is already as the statement wants it (duplicate column, existing table)
-        DiskFull,          // the server has no room left to write
-        NoCurrentRow,      // Edit, Update, Delete or a move on a set that stands on no row
+        ConnectionLost, // the server went away or was never there; the next operation connects anew
+        DuplicateKey,   // a unique index already holds the value
+        LockConflict,   // deadlock or lock wait timeout: the whole unit of work may be tried again
+        ValueTooLong,   // a text longer than its column, a number out of its column's range
+        BadCharacter,   // a character that the column's character set cannot hold
+        BadStatement,   // syntax error, unknown table or column
+        AlreadySo,      // the schema is already as the statement wants it (duplicate column, existing table)
+        DiskFull,       // the server has no room left to write
+        NoCurrentRow,   // Edit, Update, Delete or a move on a set that stands on no row
         Other
     };
 

@@ -14,7 +14,7 @@ class TZDB_EXPORT KTableSchema
 public:
     struct Column
     {
-        qint64 maxCharacters = 0;   // 0: not a text column
+        qint64 maxCharacters = 0;    // 0: not a text column
         bool basicPlaneOnly = false; // the column's character set holds no character above U+FFFF
     };
 

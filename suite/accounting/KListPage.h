@@ -27,35 +27,35 @@ class QPushButton;
 struct KListCommand
 {
     enum Option {
-        NeedsRow = 1,           // enabled exactly while a row is selected
-        HiddenInReadOnly = 2,   // not shown in read-only mode and on a closed database
-        HiddenInSelect = 4,     // not shown in select mode
-        NotDisplayed = 8,       // exists, but is never shown
-        NotAvailable = 16,      // stands in its place, always disabled
-        StartsGroup = 32,       // a gap before it
-        PrintsList = 64         // the button has a menu beside it: the other ways to take the list out
+        NeedsRow = 1,         // enabled exactly while a row is selected
+        HiddenInReadOnly = 2, // not shown in read-only mode and on a closed database
+        HiddenInSelect = 4,   // not shown in select mode
+        NotDisplayed = 8,     // exists, but is never shown
+        NotAvailable = 16,    // stands in its place, always disabled
+        StartsGroup = 32,     // a gap before it
+        PrintsList = 64       // the button has a menu beside it: the other ways to take the list out
     };
 
-    QString caption;            // also its accessible name
+    QString caption; // also its accessible name
     int options = 0;
     std::function<void()> run;
     QKeySequence shortcut = {};
-    QString icon = {};          // resource path
+    QString icon = {}; // resource path
 };
 
 // How a list goes on paper.
 struct KListReport
 {
     QString title;
-    QString group;              // the office keeps its layouts under group and report; no report: the list is not printed
+    QString group; // the office keeps its layouts under group and report; no report: the list is not printed
     QString report;
-    QVector<std::pair<QString, QString>> texts = {};    // further text elements by name; see ListReport
+    QVector<std::pair<QString, QString>> texts = {}; // further text elements by name; see ListReport
 };
 
 // What the archive command of a list says and asks for.
 struct KArchiveTexts
 {
-    QString rightForm;          // form whose access right allows archiving
+    QString rightForm; // form whose access right allows archiving
     QString refused;
     QString alreadyArchived;
     QString done;
@@ -120,9 +120,9 @@ protected:
     virtual void completeRows(QVector<KListModel::Row> &) { }
     virtual QString defaultSort() const { return QStringLiteral("iID"); }
     virtual int defaultLastColumn() const { return 1; }
-    virtual void activated(int key) = 0;        // double click or Enter on a row, outside select mode
-    virtual void modeApplied() { }              // the mode is known: shows and hides the list's own controls
-    virtual void emptyAreaActivated() { }       // double click beside the rows, outside select mode
+    virtual void activated(int key) = 0;  // double click or Enter on a row, outside select mode
+    virtual void modeApplied() { }        // the mode is known: shows and hides the list's own controls
+    virtual void emptyAreaActivated() { } // double click beside the rows, outside select mode
     virtual void rightClicked(int) { }
     // A list with a report has a print command (printCommand) among its commands.
     virtual KListReport reportSpec() const { return {}; }
@@ -180,7 +180,7 @@ private:
     {
         KListCommand command;
         QPushButton *button = nullptr;
-        QWidget *menu = nullptr;    // the arrow beside it
+        QWidget *menu = nullptr; // the arrow beside it
     };
 
     QString m_section;

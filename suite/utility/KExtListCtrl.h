@@ -72,7 +72,7 @@ private:
     QString m_settingName;
     QTimer m_saveTimer;
     bool m_applyingLayout = false;
-    bool m_userLayout = false;      // widths are the user's, kept or just drawn
+    bool m_userLayout = false; // widths are the user's, kept or just drawn
     int m_reportedKey = 0;
     int m_rightPressedKey = 0;
 };

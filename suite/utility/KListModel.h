@@ -41,7 +41,7 @@ public:
     {
         int key = 0;
         QVector<Cell> cells;
-        bool warning = false;   // stands out, as what is overdue
+        bool warning = false; // stands out, as what is overdue
     };
 
     explicit KListModel(QObject *parent = nullptr);

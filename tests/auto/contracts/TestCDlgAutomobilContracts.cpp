@@ -107,10 +107,7 @@ private Q_SLOTS:
         QStringList titles;
         for (int column = 0; column < 10; ++column)
             titles << headerText(page, column);
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("نوع قرارداد*"), QStringLiteral("فروشنده"),
-                                      QStringLiteral("خریدار"), QStringLiteral("شماره سند"), QStringLiteral("شرح قرارداد"),
-                                      QStringLiteral("تاریخ عقد"), QStringLiteral("تاریخ انقضاء"), QStringLiteral("توضیحات"),
-                                      QStringLiteral("وضعیت بایگانی")}));
+        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("نوع قرارداد*"), QStringLiteral("فروشنده"), QStringLiteral("خریدار"), QStringLiteral("شماره سند"), QStringLiteral("شرح قرارداد"), QStringLiteral("تاریخ عقد"), QStringLiteral("تاریخ انقضاء"), QStringLiteral("توضیحات"), QStringLiteral("وضعیت بایگانی")}));
     }
 
     void countReadsADashUntilTheFirstFill()
@@ -703,8 +700,7 @@ private Q_SLOTS:
         QStringList captions;
         for (const QAction *action : page.findChild<QMenu *>()->actions())
             captions << action->text();
-        QCOMPARE(captions, (QStringList{QStringLiteral("پیش نمایش چاپ"), QStringLiteral("ذخیره PDF"), QStringLiteral("صفحه گسترده"),
-                                        QStringLiteral("چیدمان گزارش")}));
+        QCOMPARE(captions, (QStringList{QStringLiteral("پیش نمایش چاپ"), QStringLiteral("ذخیره PDF"), QStringLiteral("صفحه گسترده"), QStringLiteral("چیدمان گزارش")}));
         QCOMPARE(page.button(QStringLiteral("چاپ"))->toolTip(), QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText));
         CDlgAutomobilContracts picker;
         picker.setSelectMode(true);

@@ -84,8 +84,7 @@ private Q_SLOTS:
         QStringList titles;
         for (int i = 0; i < 5; ++i)
             titles << dialog.list()->model()->headerData(i, Qt::Horizontal).toString();
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("تاریخ قسط"), QStringLiteral("شرح"),
-                                      QStringLiteral("مبلغ قسط"), QStringLiteral("وضعیت")}));
+        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("تاریخ قسط"), QStringLiteral("شرح"), QStringLiteral("مبلغ قسط"), QStringLiteral("وضعیت")}));
         for (const QRadioButton *radio : dialog.findChildren<QRadioButton *>())
             QCOMPARE(radio->isChecked(), radio->text() == QStringLiteral("بازاري"));
         QStringList chosen;
@@ -178,7 +177,8 @@ private Q_SLOTS:
         storePlan();
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments WHERE iAutomobilContractID=%1 AND iPersonID=%2 "
                                       "AND iStatus=0 AND iMonths=1 AND iDays=0 AND dAmount=112")
-                           .arg(m_contract).arg(m_person)),
+                           .arg(m_contract)
+                           .arg(m_person)),
                  QStringLiteral("12"));
         QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iNum ORDER BY iNum) FROM AutomobilPayments")),
                  QStringLiteral("1,2,3,4,5,6,7,8,9,10,11,12"));

@@ -28,15 +28,25 @@ RecordValues record(const Values &values)
 Values fullContract(int firstKind = 0, int secondKind = 0)
 {
     Values values = {
-        {QStringLiteral("iPersonContract1"), firstKind}, {QStringLiteral("iPersonContract2"), secondKind},
-        {QStringLiteral("iCode"), 1284567}, {QStringLiteral("iNum"), 77000},
-        {QStringLiteral("dAmount"), 12850000000.0}, {QStringLiteral("dCommission"), 64250000.0},
-        {QStringLiteral("dTax"), 5782500.0}, {QStringLiteral("dImposition"), 642500.0}, {QStringLiteral("dDiscountFirst"), 3000000.0},
-        {QStringLiteral("dTax2"), 4000000.0}, {QStringLiteral("dImposition2"), 500000.0}, {QStringLiteral("dDiscountSecond"), 1000000.0},
-        {QStringLiteral("dFixAmount"), 5000000.0}, {QStringLiteral("dAgreeAmount"), 6000000.0},
-        {QStringLiteral("dRemainingAmount"), 1850000.0}, {QStringLiteral("dDamageAmount"), 700000.0},
+        {QStringLiteral("iPersonContract1"), firstKind},
+        {QStringLiteral("iPersonContract2"), secondKind},
+        {QStringLiteral("iCode"), 1284567},
+        {QStringLiteral("iNum"), 77000},
+        {QStringLiteral("dAmount"), 12850000000.0},
+        {QStringLiteral("dCommission"), 64250000.0},
+        {QStringLiteral("dTax"), 5782500.0},
+        {QStringLiteral("dImposition"), 642500.0},
+        {QStringLiteral("dDiscountFirst"), 3000000.0},
+        {QStringLiteral("dTax2"), 4000000.0},
+        {QStringLiteral("dImposition2"), 500000.0},
+        {QStringLiteral("dDiscountSecond"), 1000000.0},
+        {QStringLiteral("dFixAmount"), 5000000.0},
+        {QStringLiteral("dAgreeAmount"), 6000000.0},
+        {QStringLiteral("dRemainingAmount"), 1850000.0},
+        {QStringLiteral("dDamageAmount"), 700000.0},
         {QStringLiteral("dDelayAmount"), 1234.0},
-        {QStringLiteral("dateContract"), moment(2026, 11, 20)}, {QStringLiteral("dateDeal"), moment(2026, 12, 1, 10, 30)},
+        {QStringLiteral("dateContract"), moment(2026, 11, 20)},
+        {QStringLiteral("dateDeal"), moment(2026, 12, 1, 10, 30)},
         {QStringLiteral("dateTradeUnit"), moment(2026, 11, 21, 17, 5)},
     };
     for (const char *column :
@@ -155,12 +165,7 @@ private Q_SLOTS:
     void matterTakesTheColumnOfTheSameStem()
     {
         const QHash<QString, QString> others = {
-            {QStringLiteral("FixAmount"), QStringLiteral("5,000,000")}, {QStringLiteral("AgreeAmount"), QStringLiteral("6,000,000")},
-            {QStringLiteral("RemainingAmount"), QStringLiteral("1,850,000")}, {QStringLiteral("DamageAmount"), QStringLiteral("700,000")},
-            {QStringLiteral("DelayAmount"), QStringLiteral("1,234")}, {QStringLiteral("dateTradeUnit"), QStringLiteral("1405/08/30")},
-            {QStringLiteral("dateDeal"), QStringLiteral("1405/09/10")}, {QStringLiteral("timeDeal"), QStringLiteral("10:30")},
-            {QStringLiteral("timeTradeUnit"), QStringLiteral("17:05")}, {QStringLiteral("Num"), QStringLiteral("77000")},
-            {QStringLiteral("Tracking"), QStringLiteral("contract sTrackingCode")}};
+            {QStringLiteral("FixAmount"), QStringLiteral("5,000,000")}, {QStringLiteral("AgreeAmount"), QStringLiteral("6,000,000")}, {QStringLiteral("RemainingAmount"), QStringLiteral("1,850,000")}, {QStringLiteral("DamageAmount"), QStringLiteral("700,000")}, {QStringLiteral("DelayAmount"), QStringLiteral("1,234")}, {QStringLiteral("dateTradeUnit"), QStringLiteral("1405/08/30")}, {QStringLiteral("dateDeal"), QStringLiteral("1405/09/10")}, {QStringLiteral("timeDeal"), QStringLiteral("10:30")}, {QStringLiteral("timeTradeUnit"), QStringLiteral("17:05")}, {QStringLiteral("Num"), QStringLiteral("77000")}, {QStringLiteral("Tracking"), QStringLiteral("contract sTrackingCode")}};
         const auto batches = batchesOf(fullContract());
         for (const MergeField &field : batches[2])
             QCOMPARE(field.value, others.value(field.name, QStringLiteral("contract s") + field.name));
@@ -300,9 +305,7 @@ private Q_SLOTS:
         QFETCH(QString, sumTax2);
         QFETCH(QString, pay2);
         Values contract = fullContract();
-        contract.insert({{QStringLiteral("dCommission"), 100.0}, {QStringLiteral("dTax"), 9.0}, {QStringLiteral("dImposition"), 1.0},
-                         {QStringLiteral("dDiscountFirst"), 4.0}, {QStringLiteral("dTax2"), tax2},
-                         {QStringLiteral("dImposition2"), duty2}, {QStringLiteral("dDiscountSecond"), discount2}});
+        contract.insert({{QStringLiteral("dCommission"), 100.0}, {QStringLiteral("dTax"), 9.0}, {QStringLiteral("dImposition"), 1.0}, {QStringLiteral("dDiscountFirst"), 4.0}, {QStringLiteral("dTax2"), tax2}, {QStringLiteral("dImposition2"), duty2}, {QStringLiteral("dDiscountSecond"), discount2}});
         const auto batches = batchesOf(contract);
         QCOMPARE(valueOf(batches[0], QStringLiteral("Commission1")), QStringLiteral("100"));
         QCOMPARE(valueOf(batches[1], QStringLiteral("Commission1")), QStringLiteral("100"));

@@ -48,5 +48,4 @@ protected:
         RFX_LongBlob(u"oPicture", m_oPicture, u"");
         RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     }
-
 };

@@ -20,14 +20,17 @@ class TestPaymentRecords : public QObject
         QFile table(QStringLiteral(TZ_TEST_SOURCE "/") + file);
         QVERIFY(table.open(QIODevice::ReadOnly));
         static const QHash<KMySQL::ColumnKind, QString> kinds{
-            {KMySQL::ColumnKind::Long, QStringLiteral("long")},     {KMySQL::ColumnKind::Text, QStringLiteral("text")},
-            {KMySQL::ColumnKind::Date, QStringLiteral("date")},     {KMySQL::ColumnKind::Double, QStringLiteral("double")},
+            {KMySQL::ColumnKind::Long, QStringLiteral("long")},
+            {KMySQL::ColumnKind::Text, QStringLiteral("text")},
+            {KMySQL::ColumnKind::Date, QStringLiteral("date")},
+            {KMySQL::ColumnKind::Double, QStringLiteral("double")},
             {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
         };
         QStringList bound;
         for (const KMySQL::Column &column : record.columns())
             bound << QStringList{column.name, kinds.value(column.kind), column.caption, column.lookupTable, column.lookupKey,
-                                 column.lookupDisplay}.join(u'\t');
+                                 column.lookupDisplay}
+                         .join(u'\t');
         QStringList wanted = QString::fromUtf8(table.readAll()).split(u'\n', Qt::SkipEmptyParts);
         wanted.removeIf([](const QString &line) { return line.startsWith(u'#'); });
         QCOMPARE(bound, wanted);
@@ -57,7 +60,7 @@ private Q_SLOTS:
         CTblAutomobilPayments payment;
         for (const KMySQL::Column &column : payment.columns()) {
             const QVariant value = payment.value(column.name);
-            QVERIFY2(column.kind == KMySQL::ColumnKind::Text ? value.toString().isEmpty()
+            QVERIFY2(column.kind == KMySQL::ColumnKind::Text       ? value.toString().isEmpty()
                          : column.kind == KMySQL::ColumnKind::Date ? !value.toDateTime().isValid()
                                                                    : value.toDouble() == 0,
                      qPrintable(column.name));

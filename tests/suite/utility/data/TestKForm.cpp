@@ -33,9 +33,7 @@ QList<KFormField> fields()
     choice.choices = {QStringLiteral("یک"), QStringLiteral("دو"), QStringLiteral("سه")};
     KFormField shorter{note, QStringLiteral("یادداشت :")};
     shorter.maxLength = 50;
-    return {{name, QStringLiteral("نام :")}, shorter,
-            {date, QStringLiteral("تاريخ :"), Kind::Date}, money,
-            {flag, QStringLiteral("پرچم"), Kind::Flag}, choice};
+    return {{name, QStringLiteral("نام :")}, shorter, {date, QStringLiteral("تاريخ :"), Kind::Date}, money, {flag, QStringLiteral("پرچم"), Kind::Flag}, choice};
 }
 
 }
