@@ -59,6 +59,8 @@ void fill(benchmark::State &state)
             given += static_cast<int>(names.size());
             filled += word.SetFieldsValue(names, texts, static_cast<int>(names.size()));
         }
+        // The heading, which belongs to no batch.
+        static_cast<void>(word.SetFieldsValue({QStringLiteral("Dealership")}, {QStringLiteral("نمایشگاه آریا")}, 1));
         done = done && word.GetFields().GetCount() == 0 && word.SaveAs(outputPath(folder));
         if (!done || given != fieldCount || filled == 0)
             state.SkipWithError("the contract was not filled");

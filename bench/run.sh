@@ -11,7 +11,7 @@ cmake --build build/bench
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} LC_ALL=C.UTF-8
 failed=0
 for program in ReadContracts ContractList FillContract ReportOfContracts; do
-    "build/bench/bench/$program" "$@" || failed=1
+    "build/bench/bench/$program" --benchmark_enable_random_interleaving=true "$@" || failed=1
 done
 "$root/bench/startup.py" build/bench/bin/tzhost || failed=1
 exit $failed
