@@ -21,8 +21,8 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/Money.h"
+#include "suite/utility/ScrolledPage.h"
 #include "suite/utility/ShamsiDate.h"
-#include "suite/utility/TabOrder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,8 +30,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -131,16 +129,7 @@ void CDlgAddAutomobilContractBase::build()
     layout->addWidget(buildArchiveLine());
     layout->addStretch(1);
 
-    auto *scroll = new QScrollArea(this);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content);
-    auto *page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->addWidget(scroll);
-    scroll->setMinimumWidth(content->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
-    tabInLayoutOrder(content);
+    fillWithScrolled(this, content);
 }
 
 QGridLayout *CDlgAddAutomobilContractBase::buildIdentity()

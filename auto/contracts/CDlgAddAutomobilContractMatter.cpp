@@ -11,7 +11,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/Provinces.h"
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/ScrolledPage.h"
 #include "suite/utility/TextStandard.h"
 
 #include <QComboBox>
@@ -19,8 +19,6 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <initializer_list>
@@ -112,17 +110,7 @@ void CDlgAddAutomobilContractMatter::build()
     layout->addWidget(buildRegistry());
     layout->addStretch(1);
 
-    auto *scroll = new QScrollArea(this);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    // It scrolls to the field that has the focus, and is no stop of its own.
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content);
-    auto *page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-    page->addWidget(scroll);
-    scroll->setMinimumWidth(content->minimumSizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
-    tabInLayoutOrder(content);
+    fillWithScrolled(this, content);
 }
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
