@@ -12,7 +12,9 @@ inline constexpr int cashKol = 1101;
 inline constexpr int bankKol = 1102;
 inline constexpr int personsKol = 1103;
 inline constexpr int payableKol = 2105;
+inline constexpr int serviceIncomeKol = 4101;
 inline constexpr int incomeKol = 4102;
+inline constexpr int serviceExpenseKol = 6101;
 inline constexpr int taxExpenseKol = 6105;
 
 inline constexpr int cash = 110101;
@@ -20,7 +22,11 @@ inline constexpr int bank = 110201;
 inline constexpr int persons = 110301;
 inline constexpr int taxPayable = 210501;
 inline constexpr int dutyPayable = 210502;
+inline constexpr int serviceIncome = 410101;
+inline constexpr int saleDiscount = 410102; // granted on sales of services: lessens the income
 inline constexpr int commissionIncome = 410202;
+inline constexpr int serviceExpense = 610101;
+inline constexpr int purchaseDiscount = 610102; // received on purchases of services: lessens the expense
 inline constexpr int taxExpense = 610502;
 inline constexpr int dutyExpense = 610503;
 
@@ -31,7 +37,10 @@ constexpr int kolOf(int moeen)
 }
 
 // Documents.iKind
+inline constexpr int documentKindManual = 1;
 inline constexpr int documentKindReceipt = 3;
+inline constexpr int documentKindSale = 7;
+inline constexpr int documentKindPurchase = 8;
 inline constexpr int documentKindContract = 28;
 
 }

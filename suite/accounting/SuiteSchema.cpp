@@ -16,7 +16,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcSchema, "tz.schema")
 
-// Every statement can be run again: a step that stopped half-way, or that two programs run at once, ends the same.
+// Every statement can be run again: a step that stopped half-way, or that two programs run at once, ends the same. An error
+// that says that it is already so (a key that exists) is passed over.
 struct Step
 {
     int number;
@@ -120,6 +121,35 @@ constexpr const char *reportLayouts[] = {
     ", UNIQUE KEY layoutName (sGroup,sReport,sName), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
+// Invoices of services; the key of an invoice is its number.
+constexpr const char *invoices[] = {
+    "CREATE TABLE IF NOT EXISTS Services (iID INT NOT NULL AUTO_INCREMENT, iCode INT NOT NULL"
+    ", sName VARCHAR(250) DEFAULT NULL, UNIQUE KEY code (iCode), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Factors (iID INT NOT NULL AUTO_INCREMENT, iType INT DEFAULT 7, iStatus INT DEFAULT 0"
+    ", iPersonID INT DEFAULT 0, iDepartmentID INT DEFAULT 0, date DATETIME DEFAULT NULL"
+    ", sDesc VARCHAR(500) DEFAULT NULL, dAmount DOUBLE DEFAULT 0, dDiscount DOUBLE DEFAULT 0, dTax DOUBLE DEFAULT 0"
+    ", dImposition DOUBLE DEFAULT 0, iDocNum INT DEFAULT 0, iFiscalYear INT DEFAULT 0, iUserID INT DEFAULT 0"
+    ", KEY date (date), KEY person (iPersonID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS FactorStuffs (iID INT NOT NULL AUTO_INCREMENT, iFactorNum INT DEFAULT 0"
+    ", iType INT DEFAULT 0, iKind INT DEFAULT 0, iServiceID INT DEFAULT 0, sDesc VARCHAR(500) DEFAULT NULL"
+    ", dCount DOUBLE DEFAULT 0, dPrice DOUBLE DEFAULT 0, dAmount DOUBLE DEFAULT 0, iDepartmentID INT DEFAULT 0"
+    ", KEY factor (iFactorNum), KEY service (iServiceID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
+// What invoices are posted to.
+constexpr const char *serviceAccounts[] = {
+    "INSERT IGNORE INTO HesabKol(iCode,sName) VALUES(4101,'درآمد خدمات'),(6101,'هزینه خدمات')",
+    "INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(410101,'درآمد خدمات',4101),"
+    "(410102,'تخفیف فروش خدمات',4101),(610101,'هزینه خدمات',6101),(610102,'تخفیف خرید خدمات',6101)",
+};
+
+// Balances and account sheets go by general and detail accounts and by date too.
+constexpr const char *balanceKeys[] = {
+    "ALTER TABLE Docs ADD KEY kol (iHesabKolCode)",
+    "ALTER TABLE Docs ADD KEY tafsily (iHesabTafsilyCode)",
+    "ALTER TABLE Documents ADD KEY date (date)",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -127,6 +157,9 @@ constexpr Step steps[] = {
     {4, books},
     {5, relatedRecords},
     {6, reportLayouts},
+    {7, invoices},
+    {8, serviceAccounts},
+    {9, balanceKeys},
 };
 
 const QString schemaSection = QStringLiteral("Schema");
@@ -161,7 +194,7 @@ void SuiteSchema::upgrade(int database)
         if (step.number <= reached)
             continue;
         for (const char *statement : step.statements)
-            temp.ExecuteQuery(statement, true, true);
+            temp.ExecuteQuery(statement, false, true);
         CTblProperties::DBWriteSettingInt(schemaSection, suiteKey, step.number, database);
         qCInfo(lcSchema) << "suite schema step" << step.number << "done";
     }

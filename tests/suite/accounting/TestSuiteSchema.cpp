@@ -60,6 +60,10 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("FileDocs", "iID,iTable,iRecordID,iScope,iUserID,sName,oData,dateCreate");
     row("CustomFields", "iID,iTable,sName,iType");
     row("CustomFieldRecords", "iID,iFieldID,iTable,iRecordID,sValue");
+    row("Services", "iID,iCode,sName");
+    row("Factors", "iID,iType,iStatus,iPersonID,iDepartmentID,date,sDesc,dAmount,dDiscount,dTax,dImposition,iDocNum,"
+                   "iFiscalYear,iUserID");
+    row("FactorStuffs", "iID,iFactorNum,iType,iKind,iServiceID,sDesc,dCount,dPrice,dAmount,iDepartmentID");
 }
 
 void TestSuiteSchema::freshDatabaseHoldsEveryTable()
@@ -91,6 +95,12 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts_data()
     row(moeen, 110101, Accounts::cash, QStringLiteral("صندوق"));
     row(moeen, 110201, Accounts::bank, QStringLiteral("بانک"));
     row(moeen, 110301, Accounts::persons, QStringLiteral("اشخاص"));
+    row(kol, 4101, Accounts::serviceIncomeKol, QStringLiteral("درآمد خدمات"));
+    row(kol, 6101, Accounts::serviceExpenseKol, QStringLiteral("هزینه خدمات"));
+    row(moeen, 410101, Accounts::serviceIncome, QStringLiteral("درآمد خدمات"));
+    row(moeen, 410102, Accounts::saleDiscount, QStringLiteral("تخفیف فروش خدمات"));
+    row(moeen, 610101, Accounts::serviceExpense, QStringLiteral("هزینه خدمات"));
+    row(moeen, 610102, Accounts::purchaseDiscount, QStringLiteral("تخفیف خرید خدمات"));
     row(moeen, 410202, Accounts::commissionIncome, QStringLiteral("درآمد کمیسیون"));
     row(moeen, 610502, Accounts::taxExpense, QStringLiteral("هزینه مالیات ارزش افزوده"));
     row(moeen, 610503, Accounts::dutyExpense, QStringLiteral("هزینه عوارض"));
@@ -113,8 +123,8 @@ void TestSuiteSchema::everyAccountStandsUnderAGeneralOne()
     SuiteSchema::upgrade();
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen m JOIN HesabKol k ON k.iCode=m.iHesabKolCode "
                                              "WHERE m.iCode DIV 100=k.iCode")),
-             QStringLiteral("8"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("8"));
+             QStringLiteral("12"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
 }
 
 void TestSuiteSchema::runTwiceChangesNothing()
@@ -135,7 +145,7 @@ void TestSuiteSchema::stepThatStoppedHalfwayIsRunAgain()
     m_database.run(QStringLiteral("DROP TABLE Receipts"));
     m_database.run(QStringLiteral("UPDATE Properties SET sValue='2' WHERE sSection='Schema' AND sKey='Suite'"));
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("8"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
     // What the office has changed since stays.
     QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM HesabKol WHERE iCode=1101")), QStringLiteral("صندوق مرکزی"));

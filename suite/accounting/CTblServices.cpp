@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CTblServices.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+// The name in standard form. Stands inside the transaction that writes it.
+QString requireGood(int code, const QString &name, int ownID, int database)
+{
+    const QString kept = ConvertToStandard(name);
+    if (kept.isEmpty())
+        throw KAccountingError(QStringLiteral("لطفا نام خدمت را وارد نمایید."));
+    if (code < 1)
+        throw KAccountingError(QStringLiteral("لطفا کد خدمت را وارد نمایید."));
+    CTblServices others(database);
+    others.m_filter = QStringLiteral("iID<>%1").arg(ownID);
+    const QString key = searchKey(kept);
+    for (others.Open(true, true, true); !others.IsEOF(); others.MoveNext()) {
+        if (others.m_iCode == code)
+            throw KAccountingError(QStringLiteral("کد %1 از آن خدمت «%2» است.").arg(QString::number(code), others.m_sName));
+        if (searchKey(others.m_sName) == key)
+            throw KAccountingError(QStringLiteral("خدمتی به نام «%1» وجود دارد.").arg(others.m_sName));
+    }
+    return kept;
+}
+
+}
+
+CTblServices::CTblServices(int database)
+    : KMySQL(database)
+{
+}
+
+CTblServices::~CTblServices() = default;
+
+QString CTblServices::GetTableName() const
+{
+    return QStringLiteral("Services");
+}
+
+void CTblServices::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iCode", m_iCode, u"کد خدمت");
+    RFX_Text(u"sName", m_sName, u"نام خدمت");
+}
+
+int CTblServices::nextCode(int database)
+{
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT MAX(iCode) FROM Services"));
+    return query.GetLongFieldValue(0) + 1;
+}
+
+int CTblServices::add(int code, const QString &name, int database)
+{
+    KTransaction transaction(database);
+    CTblServices set(database);
+    set.AddNew();
+    set.m_sName = requireGood(code, name, 0, database);
+    set.m_iCode = code;
+    set.Update(true);
+    transaction.commit();
+    return static_cast<int>(set.GetLastInsertedID());
+}
+
+void CTblServices::change(int id, int code, const QString &name, int database)
+{
+    KTransaction transaction(database);
+    CTblServices set(database);
+    if (!set.IsRecordExist(QStringLiteral("iID"), id))
+        throw KAccountingError(QStringLiteral("این خدمت دیگر وجود ندارد."));
+    set.Edit();
+    set.m_sName = requireGood(code, name, id, database);
+    set.m_iCode = code;
+    set.Update(true);
+    transaction.commit();
+}
+
+void CTblServices::remove(int id, int database)
+{
+    KTransaction transaction(database);
+    CTblTemp query(database);
+    query.Open(false, false, true);
+    query.FormatAndExecuteQuery("SELECT iFactorNum FROM FactorStuffs WHERE iServiceID=%d ORDER BY iFactorNum LIMIT 1 FOR UPDATE", id);
+    if (query.HasResultRow())
+        throw KAccountingError(QStringLiteral("این خدمت در فاکتور شماره %1 به کار رفته است و حذف نمی‌شود.")
+                                   .arg(query.GetLongFieldValue(0)));
+    query.FormatAndExecuteQuery("DELETE FROM Services WHERE iID=%d", id);
+    transaction.commit();
+}

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/accounting/TzAccountingExport.h"
+
+// What the office sells and buys on invoices. A service is known by its code, which is given once and printed on tax
+// returns.
+class TZACCOUNTING_EXPORT CTblServices : public KMySQL, private KLiveCount<CTblServices>
+{
+public:
+    using KLiveCount<CTblServices>::liveCount;
+
+    explicit CTblServices(int database = 0);
+    ~CTblServices() override;
+    QString GetTableName() const override;
+
+    // One more than the highest code; 1 in an empty list.
+    static int nextCode(int database = 0);
+    // The key of the new service. The name is brought into standard form. Like the two below, throws KAccountingError, with
+    // nothing changed: an empty name, a code below 1, or a name (searchKey) or code that another service has.
+    static int add(int code, const QString &name, int database = 0);
+    static void change(int id, int code, const QString &name, int database = 0);
+    // Also throws for a service that stands on an invoice, valid or void.
+    static void remove(int id, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iCode = 0;
+    QString m_sName;
+
+protected:
+    void DoFieldExchange() override;
+};
