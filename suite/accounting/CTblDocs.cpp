@@ -3,8 +3,10 @@
 
 #include "suite/accounting/CTblDocs.h"
 
+#include "auto/db/CTblTemp.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/KAccountingError.h"
+#include "suite/utility/ShamsiDate.h"
 
 #include <cmath>
 
@@ -19,6 +21,39 @@ bool mayStand(const DocRow &row)
 {
     return row.docNum > 0 && row.fiscalYear > 0 && isAmount(row.bed) && isAmount(row.bes) && (row.bed == 0 || row.bes == 0)
         && row.hesabMoeen > 0 && Accounts::kolOf(row.hesabMoeen) == row.hesabKol;
+}
+
+QString codeColumn(AccountLevel level)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return QStringLiteral("iHesabKolCode");
+    case AccountLevel::Moeen:
+        return QStringLiteral("iHesabMoeenCode");
+    case AccountLevel::Tafsily:
+        return QStringLiteral("iHesabTafsilyCode");
+    }
+    Q_UNREACHABLE();
+}
+
+QString validRows(const QDateTime &from, const QDateTime &to)
+{
+    QString clauses = QStringLiteral(" FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
+                                     "WHERE h.iStatus=0");
+    if (from.isValid())
+        clauses += QStringLiteral(" AND h.date>=") + DateToSQL(from);
+    if (to.isValid())
+        clauses += QStringLiteral(" AND h.date<") + DateToSQL(to.addDays(1));
+    return clauses;
+}
+
+AccountBalance balanceOf(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database)
+{
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT SUM(d.dBed),SUM(d.dBes)") + validRows(from, to)
+                       + QStringLiteral(" AND d.%1=%2").arg(codeColumn(level)).arg(code));
+    return {query.GetDoubleFieldValue(0), query.GetDoubleFieldValue(1)};
 }
 
 }
@@ -66,4 +101,39 @@ int CTblDocs::AddRecord(const DocRow &row, int database)
     set.m_sDesc = row.desc;
     set.Update(true);
     return static_cast<int>(set.GetLastInsertedID());
+}
+
+AccountBalance CTblDocs::GetBedBesHesabKol1(int kolCode, const QDateTime &from, const QDateTime &to, int database)
+{
+    return balanceOf(AccountLevel::Kol, kolCode, from, to, database);
+}
+
+AccountBalance CTblDocs::GetBedBesHesabMoeen1(int moeenCode, const QDateTime &from, const QDateTime &to, int database)
+{
+    return balanceOf(AccountLevel::Moeen, moeenCode, from, to, database);
+}
+
+AccountBalance CTblDocs::GetBedBes2(int tafsilyCode, const QDateTime &from, const QDateTime &to, int database)
+{
+    return balanceOf(AccountLevel::Tafsily, tafsilyCode, from, to, database);
+}
+
+QHash<int, AccountBalance> CTblDocs::balances(AccountLevel level, const QDateTime &from, const QDateTime &to, int group,
+                                              int database)
+{
+    constexpr int accountsOfGroup = 100;
+    const QString code = QStringLiteral("d.") + codeColumn(level);
+    QString clauses = validRows(from, to) + QStringLiteral(" AND %1>0").arg(code);
+    if (group > 0)
+        clauses += QStringLiteral(" AND d.iHesabKolCode BETWEEN %1 AND %2")
+                       .arg(group * accountsOfGroup)
+                       .arg(group * accountsOfGroup + accountsOfGroup - 1);
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(QStringLiteral("SELECT %1,SUM(d.dBed),SUM(d.dBes)").arg(code) + clauses
+                       + QStringLiteral(" GROUP BY ") + code);
+    QHash<int, AccountBalance> sums;
+    for (; query.HasResultRow(); query.MoveNextResult())
+        sums.insert(query.GetLongFieldValue(0), {query.GetDoubleFieldValue(1), query.GetDoubleFieldValue(2)});
+    return sums;
 }

@@ -5,7 +5,10 @@
 
 #include "auto/db/KLiveCount.h"
 #include "auto/db/KMySQL.h"
+#include "suite/accounting/AccountBalance.h"
 #include "suite/accounting/TzAccountingExport.h"
+
+#include <QHash>
 
 // A row to be added to an accounting document. Amounts are in the money unit, never negative, and only one of them is above 0.
 struct DocRow
@@ -34,6 +37,17 @@ public:
     // Adds the row; the key of it. Joins the caller's transaction. Throws KAccountingError for a row that no document may
     // hold: no document number, a negative amount, amounts on both sides, a subsidiary account under another general one.
     static int AddRecord(const DocRow &row, int database = 0);
+
+    // Debit and credit of a general, a subsidiary and a detail account, each by one statement. The dates are those of the
+    // documents; a range holds its last day whole, and an invalid end is open. Rows of void documents do not count.
+    static AccountBalance GetBedBesHesabKol1(int kolCode, const QDateTime &from = {}, const QDateTime &to = {}, int database = 0);
+    static AccountBalance GetBedBesHesabMoeen1(int moeenCode, const QDateTime &from = {}, const QDateTime &to = {},
+                                               int database = 0);
+    static AccountBalance GetBedBes2(int tafsilyCode, const QDateTime &from = {}, const QDateTime &to = {}, int database = 0);
+    // Every account of a level by its code, in one statement; accounts without rows are left out, and so are rows that
+    // stand on no account of that level. group: the first two digits of the general account (41 for income), 0 for all.
+    static QHash<int, AccountBalance> balances(AccountLevel level, const QDateTime &from = {}, const QDateTime &to = {},
+                                               int group = 0, int database = 0);
 
     qint32 m_iID = 0;
     qint32 m_iDocNum = 0;

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/AccountBalance.h"
+
+#include "suite/utility/Money.h"
+
+bool AccountBalance::isBalanced() const
+{
+    return IsEquals(bed, bes);
+}
+
+QString AccountBalance::nature() const
+{
+    if (isBalanced())
+        return QStringLiteral("-");
+    return bed > bes ? QStringLiteral("بد") : QStringLiteral("بس");
+}
+
+AccountBalance &AccountBalance::operator+=(const AccountBalance &other)
+{
+    bed += other.bed;
+    bes += other.bes;
+    return *this;
+}
