@@ -3,72 +3,26 @@
 
 #include "auto/contracts/ContractFilter.h"
 
-#include "suite/utility/ShamsiDate.h"
-
-namespace {
-
-// Positions of WordLists::archiveStates.
-enum ArchiveState {
-    NotArchived = 1,
-    ArchivedBySelf = 2,
-    ArchivedByOthers = 3
-};
-
-QString archiveClause(const ContractCriteria &criteria)
-{
-    switch (criteria.archiveState) {
-    case NotArchived:
-        return QStringLiteral(" AND iArchiveUserID=0");
-    case ArchivedBySelf:
-        return QString::asprintf(" AND iArchiveUserID=%d", criteria.currentUserID);
-    case ArchivedByOthers:
-        return QString::asprintf(" AND iArchiveUserID<>0 AND iArchiveUserID<>%d", criteria.currentUserID);
-    default:
-        return {};
-    }
-}
-
-QString fromClause(const char *comparison, const QDateTime &date)
-{
-    return date.isValid() ? QLatin1String(comparison) + DateToSQL(date) : QString();
-}
-
-QString toClause(const char *comparison, const QDateTime &date)
-{
-    return date.isValid() ? QLatin1String(comparison) + DateToSQL(date.addDays(1)) : QString();
-}
-
-// Texts are joined, never formatted: a typed % is no placeholder.
-QString partClause(const char *column, const QString &part)
-{
-    return part.isEmpty() ? QString()
-                          : QLatin1String(" AND ") + QLatin1String(column) + QLatin1String(" LIKE '%") + part
-            + QLatin1String("%'");
-}
-
-}
+#include "auto/ListClauses.h"
 
 QString contractFilter(const ContractCriteria &criteria)
 {
-    QString filter;
+    using namespace ListClauses;
+    QString clauses;
     if (criteria.activeOnly)
-        filter += QString::asprintf(" AND iStatus = %d", 0);
-    if (criteria.firstPersonID != 0)
-        filter += QString::asprintf(" AND iPersonFirstID=%d", criteria.firstPersonID);
+        clauses += QString::asprintf(" AND iStatus = %d", 0);
+    clauses += number(" AND iPersonFirstID=", criteria.firstPersonID);
     if (criteria.returnState > 0)
-        filter += QString::asprintf(" AND bReturn=%d", criteria.returnState - 1);
-    filter += archiveClause(criteria);
-    if (criteria.secondPersonID != 0)
-        filter += QString::asprintf(" AND iPersonSecondID=%d", criteria.secondPersonID);
+        clauses += QString::asprintf(" AND bReturn=%d", criteria.returnState - 1);
+    clauses += archive(criteria.archiveState, criteria.currentUserID, "iArchiveUserID", "iArchiveUserID");
+    clauses += number(" AND iPersonSecondID=", criteria.secondPersonID);
     if (criteria.contractType > 0)
-        filter += QString::asprintf(" AND iContractType = %d", criteria.contractType - 1);
-    filter += fromClause(" AND dateContract>=", criteria.contractFrom);
-    filter += toClause(" AND dateContract<=", criteria.contractTo);
-    filter += partClause("sDesc", criteria.descriptionPart);
-    filter += partClause("sExplain", criteria.explanationPart);
-    filter += fromClause(" AND dateExpiration>=", criteria.expirationFrom);
-    filter += toClause(" AND dateExpiration <= ", criteria.expirationTo);
-
-    const QLatin1String joint(" AND ");
-    return filter.startsWith(joint) ? filter.mid(joint.size()) : filter;
+        clauses += QString::asprintf(" AND iContractType = %d", criteria.contractType - 1);
+    clauses += from(" AND dateContract>=", criteria.contractFrom);
+    clauses += upTo(" AND dateContract<=", criteria.contractTo);
+    clauses += part("sDesc", criteria.descriptionPart);
+    clauses += part("sExplain", criteria.explanationPart);
+    clauses += from(" AND dateExpiration>=", criteria.expirationFrom);
+    clauses += upTo(" AND dateExpiration <= ", criteria.expirationTo);
+    return condition(clauses);
 }

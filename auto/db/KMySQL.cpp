@@ -20,6 +20,12 @@ Q_LOGGING_CATEGORY(lcRecords, "tz.records")
 
 const QString keyColumn = QStringLiteral("iID");
 
+// A joined view names the key with its table's alias.
+bool isKeyColumn(const QString &name)
+{
+    return name == keyColumn || name.endsWith(QLatin1String(".iID"));
+}
+
 // What a log may show of a statement: its beginning up to the first quoted value.
 QString withoutValues(const char *statement)
 {
@@ -376,7 +382,7 @@ QByteArray KMySQL::selectColumns()
     QByteArray statement = "SELECT ";
     for (size_t i = 0; i < m_columns.size(); ++i) {
         const QString &name = m_columns[i].name;
-        if (!m_subset.isEmpty() && name != keyColumn && !m_subset.contains(name))
+        if (!m_subset.isEmpty() && !isKeyColumn(name) && !m_subset.contains(name))
             continue;
         m_selected.push_back(static_cast<int>(i));
         statement += name.toUtf8() + ',';

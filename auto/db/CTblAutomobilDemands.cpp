@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CTblAutomobilDemands.h"
+
+#include "auto/db/CTblTemp.h"
+
+CTblAutomobilDemands::CTblAutomobilDemands(int database)
+    : KMySQL(database)
+{
+}
+
+CTblAutomobilDemands::~CTblAutomobilDemands() = default;
+
+QString CTblAutomobilDemands::GetTableName() const
+{
+    return QStringLiteral("AutomobilDemands");
+}
+
+qint32 CTblAutomobilDemands::nextCode(int database)
+{
+    CTblTemp statement(database);
+    statement.Open(false, false, true);
+    statement.ExecuteQuery("SELECT MAX(iCode) FROM AutomobilDemands", true, true);
+    return statement.GetLongFieldValue(0) + 1;
+}
+
+void CTblAutomobilDemands::archive(qint32 code, qint32 userID, int database)
+{
+    CTblTemp statement(database);
+    statement.Open(false, false, true);
+    statement.FormatAndExecuteQuery(
+        "UPDATE AutomobilDemands SET iArchiveUserID=%d, dateArchive=NOW() WHERE iCode=%d", userID, code);
+}
+
+void CTblAutomobilDemands::unarchive(qint32 code, int database)
+{
+    CTblTemp statement(database);
+    statement.Open(false, false, true);
+    statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=%d", code);
+}
+
+void CTblAutomobilDemands::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, {});
+    RFX_Long(u"iCode", m_iCode, {});
+    RFX_Long(u"iPersonID", m_iPersonID, {});
+    RFX_Date(u"dateCreate", m_dateCreate, u"تاریخ ایجاد");
+    RFX_Text(u"sAcquaintances", m_sAcquaintances, u"نحوه آشنایی");
+    RFX_Long(u"iAutomobilType", m_iAutomobilType, u"نوع خودرو");
+    RFX_Long(u"iModelFrom", m_iModelFrom, u"مدل از");
+    RFX_Long(u"iModelUpTo", m_iModelUpTo, u" تا مدل");
+    RFX_Long(u"iColor", m_iColor, u"رنگ");
+    RFX_Double(u"dAmountFrom", m_dAmountFrom, u"مبلغ از");
+    RFX_Double(u"dAmountUpTo", m_dAmountUpTo, u" تا مبلغ");
+    RFX_Text(u"sDesc", m_sDesc, u"توضیحات");
+    RFX_Text(u"sDescSpecial", m_sDescSpecial, u"توضیحات ویز");
+    RFX_Date(u"dateReference", m_dateReference, u"تاریخ مراجعه");
+    RFX_Long(u"iFacilities", m_iFacilities, u"امکانات");
+    RFX_Date(u"dateMaxTimeNeed", m_dateMaxTimeNeed, u"تاریخ حداکثر زمان نیاز");
+    RFX_Long(u"iStatus", m_iStatus, {});
+    RFX_Long(u"iArchiveUserID", m_iArchiveUserID, u"بایگانی");
+    RFX_Date(u"dateArchive", m_dateArchive, u"تاریخ بایگانی");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر");
+    RFX_Long(u"iAlarmID", m_iAlarmID, u"یادآوری");
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+
+// One row per demand: who asks for which car. Members carry the names of their columns. Amounts are in the suite's money
+// unit, model years Shamsi or ordinary as typed, keys 0 when nothing is referred to; iAutomobilType is the key of a brand
+// of the catalog, iColor of an item, iAlarmID of a reminder.
+class CTblAutomobilDemands : public KMySQL, private KLiveCount<CTblAutomobilDemands>
+{
+public:
+    using KLiveCount<CTblAutomobilDemands>::liveCount;
+
+    explicit CTblAutomobilDemands(int database = 0);
+    ~CTblAutomobilDemands() override;
+    QString GetTableName() const override;
+
+    // Number under which the suite keeps what belongs to a demand: attached files, the reminder.
+    static constexpr int recordKind = 70;
+
+    // The highest code so far plus one (1 in an empty table); read without a lock.
+    static qint32 nextCode(int database = 0);
+    // By code, not by key.
+    static void archive(qint32 code, qint32 userID, int database = 0);
+    static void unarchive(qint32 code, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iCode = 0;
+    qint32 m_iPersonID = 0;
+    QDateTime m_dateCreate;
+    QString m_sAcquaintances;
+    qint32 m_iAutomobilType = 0;
+    qint32 m_iModelFrom = 0;
+    qint32 m_iModelUpTo = 0;
+    qint32 m_iColor = 0;
+    double m_dAmountFrom = 0;
+    double m_dAmountUpTo = 0;
+    QString m_sDesc;
+    QString m_sDescSpecial;
+    QDateTime m_dateReference;
+    qint32 m_iFacilities = 0;
+    QDateTime m_dateMaxTimeNeed;
+    qint32 m_iStatus = 0;
+    qint32 m_iArchiveUserID = 0;
+    QDateTime m_dateArchive;
+    qint32 m_iUserID = 0;
+    qint32 m_iAlarmID = 0;
+
+protected:
+    void DoFieldExchange() override;
+};

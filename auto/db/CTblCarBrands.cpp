@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CTblCarBrands.h"
+
+#include "auto/db/CTblTemp.h"
+
+#include <QComboBox>
+
+CTblCarBrands::CTblCarBrands(int database)
+    : KMySQL(database)
+{
+}
+
+CTblCarBrands::~CTblCarBrands() = default;
+
+QString CTblCarBrands::GetTableName() const
+{
+    return QStringLiteral("CarBrands");
+}
+
+bool CTblCarBrands::Delete()
+{
+    requireRow("Delete");
+    CTblTemp statement(database());
+    statement.Open(true, false, true);
+    statement.FormatAndExecuteQuery("DELETE cm, cb, cc FROM CarModels cm INNER JOIN CarBrands cb INNER JOIN CarClasses cc "
+                                    "WHERE cc.iBrandID=cm.iID AND cb.iID=cm.iClassID AND cm.iClassID=%d",
+                                    m_iID);
+    return KMySQL::Delete();
+}
+
+int CTblCarBrands::FillComboBox(QComboBox *combo, int database)
+{
+    combo->clear();
+    CTblCarBrands rows(database);
+    rows.m_sort = QStringLiteral("iID");
+    rows.SetColumns({QStringLiteral("sName")});
+    int chosen = -1;
+    for (rows.Open(true, true, true); !rows.IsEOF(); rows.MoveNext()) {
+        combo->addItem(rows.m_sName, rows.m_iID);
+        if (rows.m_iID == 0)
+            chosen = combo->count() - 1;
+    }
+    combo->setCurrentIndex(chosen);
+    return 1;
+}
+
+void CTblCarBrands::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, {});
+    RFX_Text(u"sName", m_sName, u"نام");
+    RFX_Text(u"sNameEnglish", m_sNameEnglish, u"نام انگليسي");
+    RFX_Long(u"iCompanyID", m_iCompanyID, {});
+    RFX_Text(u"sWebName", m_sWebName, u"نام در وب");
+    RFX_Text(u"sCountry", m_sCountry, u"کشور");
+    RFX_Text(u"sFounders", m_sFounders, u"بنيان گذار");
+    RFX_Text(u"sCeo", m_sCeo, u"مدير عامل");
+    RFX_Text(u"sCentralOffice", m_sCentralOffice, u"دفتر مرکزي");
+    RFX_Long(u"iYearFrom", m_iYearFrom, u"سال تاسيس");
+    RFX_Long(u"iYearTo", m_iYearTo, u"سال خاتمه");
+    RFX_Text(u"sWebSite", m_sWebSite, u"وب سايت");
+    RFX_Text(u"sLogoFile", m_sLogoFile, u"نام فايل لوگو");
+    RFX_Long(u"iGrade", m_iGrade, u"رتبه");
+    RFX_Bool(u"bShowInHomePage", m_bShowInHomePage, u"نمايش در خانه");
+    RFX_Long(u"iWebOrder", m_iWebOrder, u"ترتيب نمايش در خانه");
+    RFX_Long(u"iStatus", m_iStatus, u"وضعيت");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Date(u"dateCreate", m_dateCreate, u"تاريخ ايجاد");
+}

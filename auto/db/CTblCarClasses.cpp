@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CTblCarClasses.h"
+
+#include <QComboBox>
+
+CTblCarClasses::CTblCarClasses(int database)
+    : KMySQL(database)
+{
+}
+
+CTblCarClasses::~CTblCarClasses() = default;
+
+QString CTblCarClasses::GetTableName() const
+{
+    return QStringLiteral("CarClasses");
+}
+
+int CTblCarClasses::FillComboBox(QComboBox *combo, int modelID, int current, int database)
+{
+    combo->clear();
+    CTblCarClasses rows(database);
+    rows.m_filter = QString::asprintf("iBrandID=%d", modelID);
+    rows.m_sort = QStringLiteral("iID");
+    rows.SetColumns({QStringLiteral("sName")});
+    int chosen = -1;
+    for (rows.Open(true, true, true); !rows.IsEOF(); rows.MoveNext()) {
+        combo->addItem(rows.m_sName, rows.m_iID);
+        if (rows.m_iID == current)
+            chosen = combo->count() - 1;
+    }
+    combo->setCurrentIndex(chosen);
+    return 1;
+}
+
+void CTblCarClasses::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, {});
+    RFX_Text(u"sName", m_sName, u"نام");
+    RFX_Text(u"sDesc", m_sDesc, u"شرح");
+    RFX_Long(u"iBrandID", m_iBrandID, u"برند");
+    RFX_Text(u"sClassCode", m_sClassCode, u"کد کلاس خودرو");
+    RFX_Long(u"iClassType", m_iClassType, u"نوع کلاس خودرو");
+    RFX_Long(u"iYearFrom", m_iYearFrom, u"سال شروع");
+    RFX_Long(u"iYiearTo", m_iYiearTo, u"سال خاتمه");
+    RFX_Text(u"sCurrentGeneration", m_sCurrentGeneration, u"نسل فعلي");
+    RFX_Long(u"iStatus", m_iStatus, u"وضعيت");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Date(u"dateCreate", m_dateCreate, u"تاريخ ايجاد");
+}

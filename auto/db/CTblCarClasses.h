@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+
+class QComboBox;
+
+// Classes (trims) of the car catalog; iBrandID is the key of the class's model.
+class CTblCarClasses : public KMySQL, private KLiveCount<CTblCarClasses>
+{
+public:
+    using KLiveCount<CTblCarClasses>::liveCount;
+
+    explicit CTblCarClasses(int database = 0);
+    ~CTblCarClasses() override;
+    QString GetTableName() const override;
+
+    // Fills the drop-down with the model's classes in the order of their keys (entry data: the key) and stands on the one
+    // with key current; nothing is chosen when there is none. Gives 1.
+    static int FillComboBox(QComboBox *combo, int modelID, int current, int database = 0);
+
+    qint32 m_iID = 0;
+    QString m_sName;
+    QString m_sDesc;
+    qint32 m_iBrandID = 0;
+    QString m_sClassCode;
+    qint32 m_iClassType = 0;
+    qint32 m_iYearFrom = 0;
+    qint32 m_iYiearTo = 0;
+    QString m_sCurrentGeneration;
+    qint32 m_iStatus = 0;
+    qint32 m_iUserID = 0;
+    QDateTime m_dateCreate;
+
+protected:
+    void DoFieldExchange() override;
+};
