@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/SeasonalDetail.h"
+
+// A line of the season's purchases return.
+class TZACCOUNTING_EXPORT CKharid_Detail final : public SeasonalDetail
+{
+public:
+    explicit CKharid_Detail(KAccessDatabase *database);
+};

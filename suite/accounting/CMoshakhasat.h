@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/KRecordset.h"
+
+// The dealership's own details in the tax file: one record.
+class TZACCOUNTING_EXPORT CMoshakhasat : public KRecordset
+{
+public:
+    explicit CMoshakhasat(KAccessDatabase *database);
+
+    // The record set being open: gives the table's one record, or a new one, the details of the dealership as the suite stores
+    // them (Properties, section "Company"), and saves it. A detail that was never stored is written as an empty text.
+    // Throws CMySQLException as well.
+    void FillFromProperties(int database = 0);
+
+    Text m_sName1;
+    Text m_sName2;
+    Number m_iKind; // 1 natural, 2 legal person
+    Text m_sNationalCode;
+    Text m_sEconomicCode;
+    Text m_sRegistrationNumber;
+    Text m_sManager;
+    Text m_sTel;
+    Text m_sMobile;
+    Text m_sProvince;
+    Text m_sCity;
+    Text m_sAddress;
+    Text m_sPostalCode;
+};

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/AccessMapping.h"
+#include "suite/accounting/KAccountingError.h"
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+// What ends the work when the person at the screen stopped it.
+class TZACCOUNTING_EXPORT KAccessCancelled : public KAccountingError
+{
+public:
+    KAccessCancelled();
+    ~KAccessCancelled() override;
+};
+
+// An Access file that is written to. The format is the work of a helper program in Java, which is started by Open, gets the
+// records as lines on its standard input and ends with Close; nothing of it runs at any other time. Record sets (KRecordset)
+// write through this object, which must outlive them.
+//
+// Every function throws KAccountingError: with the name of the package to install when there is no Java, with the name of
+// the file when the helper is not there, and with what the helper said when it could not go on. After any error the file is
+// not whole and must be thrown away; Close or the destructor ends the helper at once.
+class TZACCOUNTING_EXPORT KAccessDatabase
+{
+public:
+    // The folder that holds the helper and the mapping: of the module.
+    explicit KAccessDatabase(const QString &moduleFolder);
+    ~KAccessDatabase();
+    KAccessDatabase(const KAccessDatabase &) = delete;
+    KAccessDatabase &operator=(const KAccessDatabase &) = delete;
+
+    // Called about every 50 milliseconds while there is something to wait for, with the records that stand in the file; false
+    // stops: the helper is ended and the operation under way throws KAccessCancelled.
+    using Progress = std::function<bool(int written)>;
+    void setProgress(Progress progress);
+
+    // Starts the helper on an existing file.
+    void Open(const QString &path);
+    bool IsOpen() const;
+    QString path() const { return m_path; }
+    // Waits until everything stands in the file and the helper has ended well.
+    void Close();
+
+    // Key of the helper's process, 0 when none runs.
+    qint64 helperProcess() const;
+    const AccessMapping &mapping() const { return m_mapping; }
+
+    // The file names of the helper, the mapping and the template in the module's folder.
+    static QString helperFileName();
+    static QString mappingFileName();
+    static QString templateFileName();
+
+private:
+    friend class KRecordset;
+
+    // One line of the helper's input: a word and its values. A missing value is std::nullopt's text, see AccessLine.
+    void send(const QByteArray &line);
+    void expectAddedRecord() { ++m_sentRecords; }
+    void flush(qint64 atMost);
+    void waitALittle();
+    void readAnswers();
+    void stop();
+    [[noreturn]] void failFromHelper();
+
+    QString m_folder;
+    AccessMapping m_mapping;
+    QString m_path;
+    std::unique_ptr<QProcess> m_helper;
+    QByteArray m_outgoing;
+    QByteArray m_answers;
+    Progress m_progress;
+    QElapsedTimer m_sinceProgress;
+    int m_sentRecords = 0;
+    int m_writtenRecords = 0;
+    bool m_done = false;
+};
