@@ -43,7 +43,8 @@ TestOffice::~TestOffice()
 
 void TestOffice::clear()
 {
-    for (const char *table : {"AutomobilContracts", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords"})
+    for (const char *table : {"AutomobilContracts", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords",
+                              "Factors", "FactorStuffs", "Services"})
         m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
     m_database.run(QStringLiteral("DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"));
     const QString file = m_settings.filePath(QStringLiteral("user.ini"));
