@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/reports/CDlgPaymentAmount.h"
+
+#include "auto/reports/PayableAmount.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/utility/KEdit.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+CDlgPaymentAmount::CDlgPaymentAmount(int season, quint16 shamsiYear, QWidget *parent)
+    : KDialog(parent)
+{
+    SetFormName(QStringLiteral("AutomobilReportSeasons"));
+    CheckSecurity();
+    setWindowTitle(QStringLiteral("پرداختي"));
+    SetSettingName(QStringLiteral("PaymentAmount"));
+
+    const PayableAmount amount = PayableAmount::ofSeason(season, shamsiYear);
+    auto *grid = new QGridLayout;
+    addAmount(grid, QStringLiteral("جمع فروش :"), amount.sales);
+    addAmount(grid, QStringLiteral("جمع خريد :"), amount.purchases);
+    auto *rule = new QLabel(QString(48, u'-'));
+    rule->setAlignment(Qt::AlignCenter);
+    grid->addWidget(rule, grid->rowCount(), 0, 1, 3);
+    addAmount(grid, QStringLiteral("نتيجه :"), amount.result());
+
+    QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بازگشت"));
+    const QList<QAbstractButton *> all = buttons->buttons();
+    all.constFirst()->setIcon(QIcon(QStringLiteral(":/icons/close.svg")));
+    all.constFirst()->setFocus();
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(grid);
+    layout->addStretch();
+    layout->addWidget(buttons);
+}
+
+KEdit *CDlgPaymentAmount::addAmount(QGridLayout *grid, const QString &label, double amount)
+{
+    auto *caption = new QLabel(label);
+    auto *edit = new KEdit(KEdit::Kind::Money);
+    edit->setAccessibleName(label);
+    edit->setReadOnly(true);
+    edit->setMinimumWidth(200);
+    edit->setNumber(amount);
+    caption->setBuddy(edit);
+    const int row = grid->rowCount();
+    grid->addWidget(caption, row, 0);
+    grid->addWidget(edit, row, 1);
+    grid->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()), row, 2);
+    grid->setColumnStretch(1, 1);
+    return edit;
+}

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/reports/PayableAmount.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/reports/SeasonBounds.h"
+#include "suite/accounting/CTblFactors.h"
+
+namespace {
+
+constexpr int twiceTheCommission = 2; // column of the contracts' sums
+
+double serviceLines(CTblTemp &statement, const QString &inSeason, int invoiceType)
+{
+    statement.ExecuteQuery(QStringLiteral("SELECT SUM(fs.dAmount) FROM FactorStuffs fs, Factors f WHERE f.iID=fs.iFactorNum AND %1 AND "
+                                          "f.iStatus=0 AND f.iType=%2 AND fs.iServiceID>0 AND f.iPersonID>0")
+                               .arg(inSeason)
+                               .arg(invoiceType));
+    return statement.GetDoubleFieldValue(0);
+}
+
+}
+
+PayableAmount PayableAmount::ofSeason(int season, int shamsiYear)
+{
+    const Season::Bounds bounds = Season::bounds(season, shamsiYear);
+    const QString invoicesInSeason = Season::condition(QStringLiteral("f.date"), bounds);
+    CTblTemp statement;
+    statement.Open(false, false, true);
+    statement.ExecuteQuery(QStringLiteral("SELECT SUM(dPayFirst), SUM(dPaySecond), SUM(dCommission*2), SUM(dtax), SUM(dtax2), "
+                                          "SUM(dImposition), SUM(dImposition2) FROM AutomobilContracts WHERE %1 AND iStatus=0 "
+                                          "ORDER BY dateContract")
+                               .arg(Season::condition(QStringLiteral("dateContract"), bounds)));
+    PayableAmount amount;
+    amount.sales = statement.GetDoubleFieldValue(twiceTheCommission);
+    // The lines of purchase invoices stand on the side of the sales, those of sales invoices on that of the purchases.
+    amount.sales += serviceLines(statement, invoicesInSeason, CTblFactors::purchase);
+    amount.purchases = serviceLines(statement, invoicesInSeason, CTblFactors::sale);
+    return amount;
+}
