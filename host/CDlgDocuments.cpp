@@ -5,8 +5,9 @@
 
 #include "auto/db/KLookup.h"
 #include "host/DocumentFilter.h"
-#include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/DocumentKinds.h"
+#include "suite/accounting/DocumentRowsPane.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
@@ -31,18 +32,6 @@ enum ListColumn {
     UserColumn
 };
 
-QString kindName(int kind)
-{
-    switch (kind) {
-    case Accounts::documentKindReceipt:
-        return QStringLiteral("دریافت نقدی");
-    case Accounts::documentKindContract:
-        return QStringLiteral("قرارداد");
-    default:
-        return QStringLiteral("سایر");
-    }
-}
-
 KListModel::Cell numberCell(int value)
 {
     return {QString::number(value), value};
@@ -51,12 +40,6 @@ KListModel::Cell numberCell(int value)
 KListModel::Cell moneyCell(double amount)
 {
     return {DToMoney(amount), amount};
-}
-
-// The side of a row that holds nothing stays empty, so that the eye finds the one that does.
-KListModel::Cell sideCell(double amount)
-{
-    return IsEquals(amount, 0) ? KListModel::Cell{{}, amount} : moneyCell(amount);
 }
 
 }
@@ -139,7 +122,7 @@ KListModel::Row CDlgDocuments::makeRow(KMySQL &record, int number)
                 numberCell(document.m_iNum),
                 numberCell(document.m_iFiscalYear),
                 {shamsiText(document.m_date.date()), document.m_date},
-                {kindName(document.m_iKind)},
+                {DocumentKinds::name(document.m_iKind)},
                 {document.m_sDesc},
                 {},
                 {},
@@ -170,53 +153,27 @@ QWidget *CDlgDocuments::firstFilterControl() const
 
 void CDlgDocuments::buildRowsPane()
 {
-    m_rows = new KExtListCtrl(this);
-    m_rows->setAccessibleName(QStringLiteral("ردیف‌های سند"));
-    m_rows->setColumns({
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("کد حساب"), Qt::AlignHCenter, 50, {}},
-        {QStringLiteral("نام حساب"), Qt::AlignRight, 110, {}},
-        {QStringLiteral("شخص"), Qt::AlignRight, 110, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 170, {}},
-        {QStringLiteral("بدهکار"), Qt::AlignRight, 75, {}},
-        {QStringLiteral("بستانکار"), Qt::AlignRight, 75, {}},
-    });
-    m_rows->SetSettingName(QStringLiteral("Documents\\Rows"));
-    m_totals = new QLabel(this);
+    m_rows = new DocumentRowsPane(QStringLiteral("Documents\\Rows"), this);
     auto *title = new QLabel(QStringLiteral("ردیف‌های سند انتخاب‌شده"), this);
-    title->setBuddy(m_rows);
+    title->setBuddy(m_rows->list());
     auto *column = static_cast<QVBoxLayout *>(layout());
     column->addWidget(title);
     column->addWidget(m_rows, 1);
-    column->addWidget(m_totals);
 }
 
 void CDlgDocuments::showRows(int key)
 {
     const int row = list()->listModel()->rowOfKey(key);
-    const QList<DocumentRows::Row> found = row < 0 || row >= m_keys.size()
-        ? QList<DocumentRows::Row>()
-        : DocumentRows::read(m_keys.at(row).second, m_keys.at(row).first);
-    QVector<KListModel::Row> rows;
-    for (const DocumentRows::Row &entry : found)
-        rows.append({entry.id,
-                     {
-                         numberCell(static_cast<int>(rows.size()) + 1),
-                         numberCell(entry.account),
-                         {entry.accountName},
-                         {entry.person},
-                         {entry.description},
-                         sideCell(entry.debit),
-                         sideCell(entry.credit),
-                     }});
-    m_rows->setRows(std::move(rows));
-    const DocumentRows::Totals sum = DocumentRows::totals(found);
-    m_totals->setText(found.isEmpty() ? QString()
-                                      : QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2")
-                                            .arg(DToMoney(sum.debit), DToMoney(sum.credit)));
+    const DocumentRows::DocumentKey document = m_keys.value(row);
+    m_rows->showDocument(document.second, document.first);
+}
+
+KExtListCtrl *CDlgDocuments::rowsList() const
+{
+    return m_rows->list();
 }
 
 QString CDlgDocuments::totalsText() const
 {
-    return m_totals->text();
+    return m_rows->totalsText();
 }

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "host/DocumentRows.h"
+#include "suite/accounting/DocumentRows.h"
 #include "suite/accounting/KListPage.h"
 
+class DocumentRowsPane;
 class KDateEdit;
 class QComboBox;
 
@@ -19,7 +20,7 @@ public:
     explicit CDlgDocuments(QWidget *parent = nullptr);
 
     // The list of the selected document's rows.
-    KExtListCtrl *rowsList() const { return m_rows; }
+    KExtListCtrl *rowsList() const;
     QString totalsText() const;
 
 protected:
@@ -44,8 +45,7 @@ private:
     KEdit *m_text = nullptr;
     KDateEdit *m_from = nullptr;
     KDateEdit *m_to = nullptr;
-    KExtListCtrl *m_rows = nullptr;
-    QLabel *m_totals = nullptr;
+    DocumentRowsPane *m_rows = nullptr;
     QList<DocumentRows::DocumentKey> m_keys;
     QList<int> m_userIDs;
 };

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/DocumentRows.h"
+#include "suite/accounting/DocumentRows.h"
 
 #include "auto/db/CTblTemp.h"
 #include "auto/db/KLookup.h"
@@ -15,20 +15,26 @@ QList<Row> read(int num, int fiscalYear, int database)
     docs.m_filter = QStringLiteral("iDocNum=%1 AND iFiscalYear=%2").arg(num).arg(fiscalYear);
     docs.m_sort = QStringLiteral("iID");
     QList<Row> rows;
-    QList<int> accounts;
+    QList<int> subsidiary;
+    QList<int> detail;
     QList<int> persons;
     for (docs.Open(true, true, true); !docs.IsEOF(); docs.MoveNext()) {
-        rows.append({docs.m_iID, docs.m_iHesabMoeenCode, {}, {}, docs.m_sDesc, docs.m_dBed, docs.m_dBes});
-        accounts.append(docs.m_iHesabMoeenCode);
+        const bool isDetail = docs.m_iHesabTafsilyCode > 0;
+        const int account = isDetail ? docs.m_iHesabTafsilyCode : docs.m_iHesabMoeenCode;
+        rows.append({docs.m_iID, account, {}, docs.m_iPersonID, {}, docs.m_sDesc, docs.m_dBed, docs.m_dBes});
+        (isDetail ? detail : subsidiary).append(account);
         persons.append(docs.m_iPersonID);
     }
-    const QHash<int, QString> accountNames = KLookup::names(QStringLiteral("HesabMoeen"), QStringLiteral("iCode"),
-                                                            QStringLiteral("sName"), accounts, database);
+    const QString code = QStringLiteral("iCode");
+    const QString name = QStringLiteral("sName");
+    // A code tells its level by its length, so the names of both can lie in one hash.
+    QHash<int, QString> accountNames = KLookup::names(QStringLiteral("HesabMoeen"), code, name, subsidiary, database);
+    accountNames.insert(KLookup::names(QStringLiteral("HesabTafsily"), code, name, detail, database));
     const QHash<int, QString> personNames = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
                                                            QStringLiteral("sName2"), persons, database);
-    for (qsizetype index = 0; index < rows.size(); ++index) {
-        rows[index].accountName = accountNames.value(rows.at(index).account);
-        rows[index].person = personNames.value(persons.at(index));
+    for (Row &row : rows) {
+        row.accountName = accountNames.value(row.account);
+        row.person = personNames.value(row.personID);
     }
     return rows;
 }

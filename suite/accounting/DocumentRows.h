@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/TzAccountingExport.h"
+
 #include <QHash>
 #include <QList>
 #include <QPair>
@@ -15,8 +17,9 @@ namespace DocumentRows {
 struct Row
 {
     int id = 0;
-    int account = 0; // subsidiary account
+    int account = 0; // the deepest one that the row stands on: its detail account, else the subsidiary one
     QString accountName;
+    int personID = 0;
     QString person; // shown name, empty for a row on no person
     QString description;
     double debit = 0;
@@ -33,11 +36,11 @@ struct Totals
 using DocumentKey = QPair<int, int>;
 
 // In the order in which they were written.
-QList<Row> read(int num, int fiscalYear, int database = 0);
-Totals totals(const QList<Row> &rows);
+TZACCOUNTING_EXPORT QList<Row> read(int num, int fiscalYear, int database = 0);
+TZACCOUNTING_EXPORT Totals totals(const QList<Row> &rows);
 // Sum of the debit side of each document, in one statement; documents without rows are left out.
-QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int database = 0);
+TZACCOUNTING_EXPORT QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int database = 0);
 // Fiscal years that hold documents, the latest first.
-QList<int> fiscalYears(int database = 0);
+TZACCOUNTING_EXPORT QList<int> fiscalYears(int database = 0);
 
 }

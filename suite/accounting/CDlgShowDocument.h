@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/KDialog.h"
+
+class DocumentRowsPane;
+
+// One accounting document with its rows, to be looked at.
+class TZACCOUNTING_EXPORT CDlgShowDocument : public KDialog
+{
+    Q_OBJECT
+
+public:
+    CDlgShowDocument(int num, int fiscalYear, QWidget *parent = nullptr);
+
+    DocumentRowsPane *rows() const { return m_rows; }
+
+    // Shows the document to a user who may read documents; tells one who may not, and says so when there is none.
+    static void Show(int num, int fiscalYear, QWidget *parent);
+
+private:
+    DocumentRowsPane *m_rows;
+};

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QString>
+
+// Where an accounting document comes from, by Documents.iKind (Accounts.h).
+namespace DocumentKinds {
+
+// For lists; one name for every kind that this program does not know.
+TZACCOUNTING_EXPORT QString name(int kind);
+// Empty for a document that was written by hand; for any other the sentence why it cannot be changed by hand.
+TZACCOUNTING_EXPORT QString refusal(int kind);
+
+}

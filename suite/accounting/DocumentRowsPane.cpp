@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/DocumentRowsPane.h"
+
+#include "suite/accounting/DocumentRows.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/Money.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+KListModel::Cell numberCell(int value)
+{
+    return {QString::number(value), value};
+}
+
+// The side of a row that holds nothing stays empty, so that the eye finds the one that does.
+KListModel::Cell sideCell(double amount)
+{
+    return {IsEquals(amount, 0) ? QString() : DToMoney(amount), amount};
+}
+
+}
+
+DocumentRowsPane::DocumentRowsPane(const QString &settingName, QWidget *parent)
+    : QWidget(parent)
+    , m_list(new KExtListCtrl(this))
+    , m_totals(new QLabel(this))
+{
+    m_list->setAccessibleName(QStringLiteral("ردیف‌های سند"));
+    m_list->setColumns({
+        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
+        {QStringLiteral("کد حساب"), Qt::AlignHCenter, 50, {}},
+        {QStringLiteral("نام حساب"), Qt::AlignRight, 110, {}},
+        {QStringLiteral("شخص"), Qt::AlignRight, 110, {}},
+        {QStringLiteral("شرح"), Qt::AlignRight, 170, {}},
+        {QStringLiteral("بدهکار"), Qt::AlignRight, 75, {}},
+        {QStringLiteral("بستانکار"), Qt::AlignRight, 75, {}},
+    });
+    m_list->SetSettingName(settingName);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_list, 1);
+    column->addWidget(m_totals);
+    setFocusProxy(m_list);
+}
+
+void DocumentRowsPane::showDocument(int num, int fiscalYear)
+{
+    const QList<DocumentRows::Row> found = num > 0 ? DocumentRows::read(num, fiscalYear) : QList<DocumentRows::Row>();
+    QVector<KListModel::Row> rows;
+    for (const DocumentRows::Row &entry : found)
+        rows.append({entry.id,
+                     {
+                         numberCell(static_cast<int>(rows.size()) + 1),
+                         numberCell(entry.account),
+                         {entry.accountName},
+                         {entry.person},
+                         {entry.description},
+                         sideCell(entry.debit),
+                         sideCell(entry.credit),
+                     }});
+    m_list->setRows(std::move(rows));
+    const DocumentRows::Totals sum = DocumentRows::totals(found);
+    m_totals->setText(found.isEmpty() ? QString()
+                                      : QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2")
+                                            .arg(DToMoney(sum.debit), DToMoney(sum.credit)));
+}
+
+QString DocumentRowsPane::totalsText() const
+{
+    return m_totals->text();
+}
