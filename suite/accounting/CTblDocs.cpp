@@ -4,6 +4,7 @@
 #include "suite/accounting/CTblDocs.h"
 
 #include "auto/db/CTblTemp.h"
+#include "suite/accounting/AccountChart.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/utility/ShamsiDate.h"
@@ -23,19 +24,6 @@ bool mayStand(const DocRow &row)
         && row.hesabMoeen > 0 && Accounts::kolOf(row.hesabMoeen) == row.hesabKol;
 }
 
-QString codeColumn(AccountLevel level)
-{
-    switch (level) {
-    case AccountLevel::Kol:
-        return QStringLiteral("iHesabKolCode");
-    case AccountLevel::Moeen:
-        return QStringLiteral("iHesabMoeenCode");
-    case AccountLevel::Tafsily:
-        return QStringLiteral("iHesabTafsilyCode");
-    }
-    Q_UNREACHABLE();
-}
-
 QString validRows(const QDateTime &from, const QDateTime &to)
 {
     QString clauses = QStringLiteral(" FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
@@ -52,7 +40,7 @@ AccountBalance balanceOf(AccountLevel level, int code, const QDateTime &from, co
     CTblTemp query(database);
     query.Open(true, false, true);
     query.ExecuteQuery(QStringLiteral("SELECT SUM(d.dBed),SUM(d.dBes)") + validRows(from, to)
-                       + QStringLiteral(" AND d.%1=%2").arg(codeColumn(level)).arg(code));
+                       + QStringLiteral(" AND d.%1=%2").arg(AccountChart::docsColumn(level)).arg(code));
     return {query.GetDoubleFieldValue(0), query.GetDoubleFieldValue(1)};
 }
 
@@ -122,7 +110,7 @@ QHash<int, AccountBalance> CTblDocs::balances(AccountLevel level, const QDateTim
                                               int database)
 {
     constexpr int accountsOfGroup = 100;
-    const QString code = QStringLiteral("d.") + codeColumn(level);
+    const QString code = QStringLiteral("d.") + AccountChart::docsColumn(level);
     QString clauses = validRows(from, to) + QStringLiteral(" AND %1>0").arg(code);
     if (group > 0)
         clauses += QStringLiteral(" AND d.iHesabKolCode BETWEEN %1 AND %2")

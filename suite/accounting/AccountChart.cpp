@@ -1,0 +1,249 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/AccountChart.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KLookup.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/AccountCode.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblHesabKol.h"
+#include "suite/accounting/CTblHesabMoeen.h"
+#include "suite/accounting/CTblHesabTafsily.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+using AccountChart::Account;
+
+constexpr int inactive = 1;
+
+QString codeText(int code)
+{
+    return QString::number(code);
+}
+
+template <class Records, class Parent>
+QList<Account> readAll(int database, Parent parentOf)
+{
+    Records set(database);
+    set.m_sort = QStringLiteral("iCode");
+    QList<Account> accounts;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        accounts.append({set.m_iCode, set.m_sName, parentOf(set), set.m_iStatus == 0});
+    return accounts;
+}
+
+const Account *find(const QList<Account> &accounts, int code)
+{
+    const auto found = std::find_if(accounts.cbegin(), accounts.cend(), [code](const Account &a) { return a.code == code; });
+    return found == accounts.cend() ? nullptr : &*found;
+}
+
+std::unique_ptr<KMySQL> records(AccountLevel level, int database)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return std::make_unique<CTblHesabKol>(database);
+    case AccountLevel::Moeen:
+        return std::make_unique<CTblHesabMoeen>(database);
+    case AccountLevel::Tafsily:
+        return std::make_unique<CTblHesabTafsily>(database);
+    }
+    Q_UNREACHABLE();
+}
+
+AccountLevel levelAbove(AccountLevel level)
+{
+    return level == AccountLevel::Tafsily ? AccountLevel::Moeen : AccountLevel::Kol;
+}
+
+void requireOpen(int database)
+{
+    if (database == 0)
+        GetDBSetting()->RequireOpenDB();
+}
+
+QString requireName(const QList<Account> &accounts, const QString &name, int parent, int ownCode)
+{
+    const QString kept = ConvertToStandard(name);
+    if (kept.isEmpty())
+        throw KAccountingError(QStringLiteral("لطفا نام حساب را وارد نمایید."));
+    for (const Account &other : accounts) {
+        if (other.code != ownCode && other.parent == parent && searchKey(other.name) == searchKey(kept))
+            throw KAccountingError(QStringLiteral("حساب %1 همین نام را دارد.").arg(codeText(other.code)));
+    }
+    return kept;
+}
+
+void requireCode(AccountLevel level, const QList<Account> &accounts, int code, int parent)
+{
+    switch (AccountCode::check(level, code, parent)) {
+    case AccountCode::Problem::WrongLength:
+        throw KAccountingError(level == AccountLevel::Kol         ? QStringLiteral("کد حساب کل باید چهار رقم باشد.")
+                                   : level == AccountLevel::Moeen ? QStringLiteral("کد حساب معین باید شش رقم باشد.")
+                                                                  : QStringLiteral("کد حساب تفصیلی باید هفت تا نه رقم باشد."));
+    case AccountCode::Problem::NotUnderParent:
+        throw KAccountingError(QStringLiteral("کد حساب باید با %1 آغاز شود.").arg(codeText(parent)));
+    case AccountCode::Problem::None:
+        break;
+    }
+    if (find(accounts, code))
+        throw KAccountingError(QStringLiteral("حساب %1 وجود دارد.").arg(codeText(code)));
+}
+
+void requireParent(AccountLevel level, int parent, int database)
+{
+    if (level == AccountLevel::Kol)
+        return;
+    const QList<Account> above = AccountChart::read(levelAbove(level), database);
+    const Account *account = find(above, parent);
+    if (!account)
+        throw KAccountingError(QStringLiteral("حساب بالاتر وجود ندارد."));
+    if (!account->active)
+        throw KAccountingError(QStringLiteral("حساب «%1» غیرفعال است.").arg(account->name));
+    if (level != AccountLevel::Tafsily)
+        return;
+    if (AccountCode::isFixed(parent))
+        throw KAccountingError(
+            QStringLiteral("برنامه خودش روی حساب «%1» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
+    CTblTemp query(database);
+    query.Open(false, false, true);
+    query.FormatAndExecuteQuery("SELECT 1 FROM Docs WHERE iHesabMoeenCode=%d AND iHesabTafsilyCode=0 LIMIT 1", parent);
+    if (query.HasResultRow())
+        throw KAccountingError(
+            QStringLiteral("حساب «%1» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
+}
+
+}
+
+QString AccountChart::table(AccountLevel level)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return QStringLiteral("HesabKol");
+    case AccountLevel::Moeen:
+        return QStringLiteral("HesabMoeen");
+    case AccountLevel::Tafsily:
+        return QStringLiteral("HesabTafsily");
+    }
+    Q_UNREACHABLE();
+}
+
+QString AccountChart::docsColumn(AccountLevel level)
+{
+    return QStringLiteral("i%1Code").arg(table(level));
+}
+
+QList<Account> AccountChart::read(AccountLevel level, int database)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return readAll<CTblHesabKol>(database, [](const auto &) { return 0; });
+    case AccountLevel::Moeen:
+        return readAll<CTblHesabMoeen>(database, [](const auto &set) { return set.m_iHesabKolCode; });
+    case AccountLevel::Tafsily:
+        return readAll<CTblHesabTafsily>(database, [](const auto &set) { return set.m_iHesabMoeenCode; });
+    }
+    Q_UNREACHABLE();
+}
+
+QString AccountChart::nameOf(int code, int database)
+{
+    return KLookup::name(table(AccountCode::levelOf(code)), QStringLiteral("iCode"), QStringLiteral("sName"), code, database);
+}
+
+QList<Account> AccountChart::postable(int database)
+{
+    QSet<int> activeGeneral;
+    for (const Account &account : read(AccountLevel::Kol, database)) {
+        if (account.active)
+            activeGeneral.insert(account.code);
+    }
+    QList<Account> subsidiary = read(AccountLevel::Moeen, database);
+    subsidiary.removeIf([&](const Account &account) { return !account.active || !activeGeneral.contains(account.parent); });
+    QList<Account> accounts;
+    QSet<int> divided;
+    for (const Account &account : read(AccountLevel::Tafsily, database)) {
+        if (account.active && find(subsidiary, account.parent)) {
+            accounts.append(account);
+            divided.insert(account.parent);
+        }
+    }
+    for (const Account &account : std::as_const(subsidiary)) {
+        if (!divided.contains(account.code))
+            accounts.append(account);
+    }
+    std::sort(accounts.begin(), accounts.end(),
+              [](const Account &a, const Account &b) { return codeText(a.code) < codeText(b.code); });
+    return accounts;
+}
+
+void AccountChart::add(AccountLevel level, int code, const QString &name, int parent, int database)
+{
+    requireOpen(database);
+    KTransaction transaction(database);
+    const QList<Account> accounts = read(level, database);
+    requireParent(level, parent, database);
+    requireCode(level, accounts, code, parent);
+    const QString kept = requireName(accounts, name, parent, code);
+    const std::unique_ptr<KMySQL> set = records(level, database);
+    set->AddNew();
+    set->setValue(u"iCode", code);
+    set->setValue(u"sName", kept);
+    if (level != AccountLevel::Kol)
+        set->setValue(docsColumn(levelAbove(level)), parent);
+    set->Update(true);
+    transaction.commit();
+}
+
+void AccountChart::rename(int code, const QString &name, int database)
+{
+    requireOpen(database);
+    KTransaction transaction(database);
+    const AccountLevel level = AccountCode::levelOf(code);
+    const std::unique_ptr<KMySQL> set = records(level, database);
+    if (!set->IsRecordExist(QStringLiteral("iCode"), code))
+        throw KAccountingError(QStringLiteral("این حساب دیگر وجود ندارد."));
+    const QString kept = requireName(read(level, database), name, AccountCode::parentOf(code), code);
+    set->Edit();
+    set->setValue(u"sName", kept);
+    set->Update(true);
+    transaction.commit();
+}
+
+void AccountChart::setActive(int code, bool active, int database)
+{
+    requireOpen(database);
+    KTransaction transaction(database);
+    const AccountLevel level = AccountCode::levelOf(code);
+    if (!active && AccountCode::isFixed(code))
+        throw KAccountingError(QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."));
+    if (!active && level != AccountLevel::Tafsily) {
+        const AccountLevel below = level == AccountLevel::Kol ? AccountLevel::Moeen : AccountLevel::Tafsily;
+        for (const Account &account : read(below, database)) {
+            if (account.parent == code && account.active)
+                throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را که زیر این حساب است غیرفعال نمایید.").arg(account.name));
+        }
+    }
+    if (active && level != AccountLevel::Kol) {
+        const QList<Account> above = read(levelAbove(level), database);
+        const Account *parent = find(above, AccountCode::parentOf(code));
+        if (parent && !parent->active)
+            throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را فعال نمایید.").arg(parent->name));
+    }
+    const std::unique_ptr<KMySQL> set = records(level, database);
+    if (!set->IsRecordExist(QStringLiteral("iCode"), code))
+        throw KAccountingError(QStringLiteral("این حساب دیگر وجود ندارد."));
+    set->Edit();
+    set->setValue(u"iStatus", active ? 0 : inactive);
+    set->Update(true);
+    transaction.commit();
+}

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/AccountBalance.h"
+
+#include <QList>
+
+// The chart of accounts: reading and changing it.
+namespace AccountChart {
+
+struct Account
+{
+    int code = 0;
+    QString name;
+    int parent = 0; // code of the account above, 0 for a general one
+    bool active = true;
+};
+
+// Where a level is kept: its table, and its column in the rows of documents.
+TZACCOUNTING_EXPORT QString table(AccountLevel level);
+TZACCOUNTING_EXPORT QString docsColumn(AccountLevel level);
+
+// In the order of the codes.
+TZACCOUNTING_EXPORT QList<Account> read(AccountLevel level, int database = 0);
+// Empty for a code that the chart does not have.
+TZACCOUNTING_EXPORT QString nameOf(int code, int database = 0);
+// What a document's row may stand on: active accounts at the deepest level that is there, that is detail accounts, and
+// subsidiary ones without active detail accounts. In the order of the codes.
+TZACCOUNTING_EXPORT QList<Account> postable(int database = 0);
+
+// Each throws KAccountingError, with nothing changed, when the chart would not be right afterwards or the database is closed.
+//
+// Balances are taken at the deepest level, so no detail account is added below an account that the program posts to or
+// that has rows of its own.
+TZACCOUNTING_EXPORT void add(AccountLevel level, int code, const QString &name, int parent, int database = 0);
+TZACCOUNTING_EXPORT void rename(int code, const QString &name, int database = 0);
+// An account that the program posts to stays active, and so does one above an active account. Below an inactive account none
+// becomes active.
+TZACCOUNTING_EXPORT void setActive(int code, bool active, int database = 0);
+
+}
