@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/AccountLedger.h"
+
+#include "auto/db/CTblTemp.h"
+#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/utility/ShamsiDate.h"
+
+namespace {
+
+AccountBalance balanceUntil(AccountLevel level, int code, const QDateTime &day, int database)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return CTblDocs::GetBedBesHesabKol1(code, {}, day, database);
+    case AccountLevel::Moeen:
+        return CTblDocs::GetBedBesHesabMoeen1(code, {}, day, database);
+    case AccountLevel::Tafsily:
+        return CTblDocs::GetBedBes2(code, {}, day, database);
+    }
+    Q_UNREACHABLE();
+}
+
+QString rowsStatement(AccountLevel level, int code, const QDateTime &from, const QDateTime &to)
+{
+    QString statement = QStringLiteral("SELECT d.iID,d.iDocNum,d.iFiscalYear,h.date,p.sName2,d.sDesc,d.dBed,d.dBes FROM Docs d "
+                                       "JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
+                                       "LEFT JOIN Persons p ON p.iID=d.iPersonID WHERE h.iStatus=0 AND d.%1=%2")
+                            .arg(AccountChart::docsColumn(level))
+                            .arg(code);
+    if (from.isValid())
+        statement += QStringLiteral(" AND h.date>=") + DateToSQL(from);
+    if (to.isValid())
+        statement += QStringLiteral(" AND h.date<") + DateToSQL(to.addDays(1));
+    return statement + QStringLiteral(" ORDER BY h.date,d.iFiscalYear,d.iDocNum,d.iID");
+}
+
+}
+
+AccountLedger::Sheet AccountLedger::read(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database)
+{
+    Sheet sheet;
+    if (from.isValid())
+        sheet.before = balanceUntil(level, code, from.addDays(-1), database);
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(rowsStatement(level, code, from, to));
+    double balance = sheet.before.net();
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        Row row{query.GetLongFieldValue(0), query.GetLongFieldValue(1), query.GetLongFieldValue(2),
+                query.GetDateFieldValue(3), query.GetTextFieldValue(4), query.GetTextFieldValue(5),
+                query.GetDoubleFieldValue(6), query.GetDoubleFieldValue(7)};
+        balance += row.bed - row.bes;
+        row.balance = balance;
+        sheet.sum += {row.bed, row.bes};
+        sheet.rows.append(row);
+    }
+    return sheet;
+}
