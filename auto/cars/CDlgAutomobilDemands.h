@@ -14,8 +14,6 @@ class QComboBox;
 // The list of customers' demands, and from it everything that is done with one, the cars that fit it among them.
 class CDlgAutomobilDemands final : public KListPage
 {
-    Q_OBJECT
-
 public:
     explicit CDlgAutomobilDemands(QWidget *parent = nullptr);
     ~CDlgAutomobilDemands() override;
