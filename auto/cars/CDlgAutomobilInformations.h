@@ -15,8 +15,6 @@ class QComboBox;
 // it. The search may begin with the wishes of a customer's demand.
 class CDlgAutomobilInformations final : public KListPage
 {
-    Q_OBJECT
-
 public:
     explicit CDlgAutomobilInformations(QWidget *parent = nullptr);
     ~CDlgAutomobilInformations() override;
