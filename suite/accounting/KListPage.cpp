@@ -106,6 +106,7 @@ void KListPage::buildFilterBox()
 void KListPage::buildSearchRow(QGridLayout *grid)
 {
     auto *last = new QHBoxLayout;
+    m_searchRow = last;
     if (m_traits.hasRowLimit) {
         m_rowLimit = new KEdit(KEdit::Kind::Integer, m_filterBox);
         m_rowLimit->setRange(m_traits.lowestRowLimit, highestRowLimit);
@@ -142,15 +143,17 @@ void KListPage::buildCommands()
     auto *row = new QHBoxLayout(m_commandRow);
     row->setContentsMargins(0, 0, 0, 0);
     for (KListCommand &command : commands()) {
-        auto *button = new QPushButton(QIcon(command.icon), command.caption, m_commandRow);
+        const bool besideSearch = m_searchRow && (command.options & KListCommand::BesideSearch);
+        QHBoxLayout *place = besideSearch ? m_searchRow : row;
+        auto *button = new QPushButton(QIcon(command.icon), command.caption, besideSearch ? m_filterBox : m_commandRow);
         button->setAccessibleName(command.caption);
         // Enter presses the button that has the focus.
         button->setAutoDefault(true);
         if (command.options & KListCommand::NotDisplayed)
             button->hide();
         if (command.options & KListCommand::StartsGroup)
-            row->addSpacing(12);
-        row->addWidget(button);
+            place->addSpacing(12);
+        place->addWidget(button);
         QWidget *menu = command.options & KListCommand::PrintsList ? buildPrintMenu() : nullptr;
         if (menu)
             row->addWidget(menu);
@@ -449,6 +452,13 @@ void KListPage::selectListed(int key)
 {
     if (m_list->listModel()->rowOfKey(key) >= 0)
         m_list->selectKey(key);
+}
+
+void KListPage::emptyList()
+{
+    m_list->setRows({});
+    updateCommands();
+    updateCount();
 }
 
 void KListPage::updateCount()

@@ -20,6 +20,7 @@ class KEdit;
 class KExtListCtrl;
 class KMySQL;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -33,7 +34,8 @@ struct KListCommand
         NotDisplayed = 8,     // exists, but is never shown
         NotAvailable = 16,    // stands in its place, always disabled
         StartsGroup = 32,     // a gap before it
-        PrintsList = 64       // the button has a menu beside it: the other ways to take the list out
+        PrintsList = 64,      // the button has a menu beside it: the other ways to take the list out
+        BesideSearch = 128    // stands beside the search button, not among the commands below the list
     };
 
     QString caption; // also its accessible name
@@ -174,6 +176,8 @@ protected:
 
     // Selects the row with that key; without such a row the selection stays.
     void selectListed(int key);
+    // Takes all rows off the list, as if nothing had been found.
+    void emptyList();
 
     void showEvent(QShowEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -226,5 +230,6 @@ private:
     KEdit *m_rowLimit = nullptr;
     QLabel *m_count = nullptr;
     QWidget *m_filterBox = nullptr;
+    QHBoxLayout *m_searchRow = nullptr;
     QWidget *m_commandRow = nullptr;
 };
