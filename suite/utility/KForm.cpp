@@ -15,6 +15,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 namespace {
 
@@ -53,6 +54,38 @@ void setComboText(QComboBox &combo, const QString &text)
     combo.setEditText(text);
 }
 
+int comboKey(const QComboBox &combo)
+{
+    return combo.currentData().toInt();
+}
+
+void setComboKey(QComboBox &combo, int key)
+{
+    const int position = combo.findData(key);
+    if (position < 0 && key != 0)
+        combo.addItem(QStringLiteral("حذف شده"), key);
+    combo.setCurrentIndex(position < 0 && key != 0 ? combo.count() - 1 : position);
+}
+
+// The server counts characters, and Qt the two halves of the rare ones.
+QString tooLong(const QPlainTextEdit &edit, int limit)
+{
+    const qsizetype length = edit.toPlainText().toUcs4().size();
+    return limit > 0 && length > limit
+        ? QStringLiteral("طولانی است؛ %1 نویسه از %2 نویسه مجاز بیشتر است.").arg(length).arg(limit)
+        : QString();
+}
+
+// Three lines, and no more than the page gives: a text of several lines is read by scrolling.
+QPlainTextEdit *makeLongText(QWidget *page)
+{
+    auto *edit = new QPlainTextEdit(page);
+    edit->setTabChangesFocus(true);
+    const int frame = 2 * edit->frameWidth() + 2 * static_cast<int>(edit->document()->documentMargin());
+    edit->setFixedHeight(3 * edit->fontMetrics().lineSpacing() + frame);
+    return edit;
+}
+
 // An editable drop-down hands the focus to its own entry line, so a screen reader says that one's name.
 void nameControl(QWidget *control, const QString &name)
 {
@@ -88,6 +121,8 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
         item.label = new QLabel(readFromTheRight(field.label), page);
         item.label->setBuddy(item.control);
     }
+    if (field.kind == KFormField::Kind::LongText)
+        item.limit = textLimit(field, record);
     if (field.inWords)
         addWords(item, page);
     applyDisplayed(item);
@@ -102,7 +137,10 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         return new KDateEdit(page);
     case KFormField::Kind::Flag:
         return new QCheckBox(field.label, page);
+    case KFormField::Kind::LongText:
+        return makeLongText(page);
     case KFormField::Kind::Choice:
+    case KFormField::Kind::Lookup:
     case KFormField::Kind::EditableChoice: {
         auto *combo = new QComboBox(page);
         combo->setFocusPolicy(Qt::StrongFocus);
@@ -201,6 +239,13 @@ QCheckBox *KForm::checkBox(const QString &column) const
     return box;
 }
 
+QPlainTextEdit *KForm::longText(const QString &column) const
+{
+    auto *edit = qobject_cast<QPlainTextEdit *>(control(column));
+    Q_ASSERT(edit);
+    return edit;
+}
+
 QLabel *KForm::label(const QString &column) const
 {
     return item(column).label;
@@ -256,6 +301,16 @@ void KForm::setChoices(const QString &column, const QStringList &choices)
     setComboText(*combo, text);
 }
 
+int KForm::key(const QString &column) const
+{
+    return comboKey(*comboBox(column));
+}
+
+void KForm::setKey(const QString &column, int key)
+{
+    setComboKey(*comboBox(column), key);
+}
+
 void KForm::load(KMySQL &record)
 {
     for (const Item &item : std::as_const(m_items)) {
@@ -272,6 +327,12 @@ void KForm::load(KMySQL &record)
             break;
         case KFormField::Kind::EditableChoice:
             setComboText(*qobject_cast<QComboBox *>(item.control), value.toString());
+            break;
+        case KFormField::Kind::Lookup:
+            setComboKey(*qobject_cast<QComboBox *>(item.control), value.toInt());
+            break;
+        case KFormField::Kind::LongText:
+            qobject_cast<QPlainTextEdit *>(item.control)->setPlainText(value.toString());
             break;
         case KFormField::Kind::Text:
             qobject_cast<KEdit *>(item.control)->setText(value.toString());
@@ -300,6 +361,12 @@ void KForm::store(KMySQL &record) const
             break;
         case KFormField::Kind::EditableChoice:
             value = qobject_cast<QComboBox *>(item.control)->currentText();
+            break;
+        case KFormField::Kind::Lookup:
+            value = comboKey(*qobject_cast<QComboBox *>(item.control));
+            break;
+        case KFormField::Kind::LongText:
+            value = qobject_cast<QPlainTextEdit *>(item.control)->toPlainText();
             break;
         case KFormField::Kind::Text:
             value = qobject_cast<KEdit *>(item.control)->text();
@@ -330,6 +397,8 @@ void KForm::applyReadOnly(const Item &item)
     const bool readOnly = m_showMode || item.readOnly;
     if (auto *line = qobject_cast<QLineEdit *>(item.control))
         line->setReadOnly(readOnly);
+    else if (auto *text = qobject_cast<QPlainTextEdit *>(item.control))
+        text->setReadOnly(readOnly);
     else
         item.control->setEnabled(!readOnly);
 }
@@ -344,6 +413,8 @@ std::optional<KForm::Problem> KForm::firstInvalid() const
             error = edit->entryError();
         else if (const auto *date = qobject_cast<KDateEdit *>(item.control))
             error = date->entryError();
+        else if (const auto *text = qobject_cast<QPlainTextEdit *>(item.control))
+            error = tooLong(*text, item.limit);
         if (!error.isEmpty())
             return Problem{item.control, error};
     }

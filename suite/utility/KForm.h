@@ -20,6 +20,7 @@ class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;
+class QPlainTextEdit;
 class QWidget;
 
 // One field of an editor page: a column of the record and the control that shows it.
@@ -27,12 +28,14 @@ struct KFormField
 {
     enum class Kind {
         Text,           // limited to its column's length unless maxLength says less
+        LongText,       // the same over several lines
         Money,          // unsigned money
         Percent,        // 0 to 100
         Integer,        // whole number, 0 and above unless a range is given
         Date,           // Shamsi date; empty is the empty date
         Choice,         // drop-down; the position is stored
         EditableChoice, // drop-down with free text; the text is stored
+        Lookup,         // drop-down that the page fills; the entry's data is stored, a key; 0 when nothing is chosen
         Flag            // check box, stored as 0 or 1; the label is its caption
     };
 
@@ -73,6 +76,7 @@ public:
     KDateEdit *dateEdit(const QString &column) const;
     QComboBox *comboBox(const QString &column) const;
     QCheckBox *checkBox(const QString &column) const;
+    QPlainTextEdit *longText(const QString &column) const;
     QLabel *label(const QString &column) const;
 
     // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
@@ -87,6 +91,10 @@ public:
     void setLabel(const QString &column, const QString &label);
     // What an EditableChoice offers from now on; its text stays.
     void setChoices(const QString &column, const QStringList &choices);
+    // The key that a Lookup stands on. One that the drop-down does not offer, as of a value that was deleted, gets an entry of
+    // its own, so that saving keeps it.
+    int key(const QString &column) const;
+    void setKey(const QString &column, int key);
 
     void load(KMySQL &record);
     // Writes every control that is in use back into its member, those not displayed as well.
@@ -109,6 +117,7 @@ private:
         QWidget *control = nullptr;
         QLabel *label = nullptr;
         QLabel *words = nullptr;
+        int limit = 0; // characters of a LongText, which its control does not know
         bool readOnly = false;
         bool used = true;
     };

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QTest>
 
 namespace {
@@ -98,6 +99,65 @@ private Q_SLOTS:
         form.store(other);
         QVERIFY(!other.m_date.isValid());
         QCOMPARE(other.m_iUserID, 0);
+    }
+
+    void lookupStoresTheKeyOfItsEntry()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{user, QStringLiteral("رنگ :"), Kind::Lookup}}, record, &page);
+        form.comboBox(user)->addItem(QStringLiteral("-"), 0);
+        form.comboBox(user)->addItem(QStringLiteral("سفید"), 40);
+        form.comboBox(user)->addItem(QStringLiteral("سیاه"), 7);
+        record.m_iUserID = 7;
+        form.load(record);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("سیاه"));
+        QCOMPARE(form.key(user), 7);
+        form.setKey(user, 40);
+        form.store(record);
+        QCOMPARE(record.m_iUserID, 40);
+        form.setKey(user, 0);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("-"));
+        form.comboBox(user)->setCurrentIndex(-1);
+        form.store(record);
+        QCOMPARE(record.m_iUserID, 0);
+    }
+
+    void lookupKeepsAKeyThatItDoesNotOffer()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{user, QStringLiteral("رنگ :"), Kind::Lookup}}, record, &page);
+        form.comboBox(user)->addItem(QStringLiteral("-"), 0);
+        record.m_iUserID = 99;
+        form.load(record);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("حذف شده"));
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_iUserID, 99);
+    }
+
+    void longTextKeepsItsLinesAndIsLimitedToItsColumn()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{name, QStringLiteral("توضيحات :"), Kind::LongText}}, record, &page);
+        record.m_sName = QStringLiteral("یک\nدو");
+        form.load(record);
+        QCOMPARE(form.longText(name)->toPlainText(), record.m_sName);
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_sName, record.m_sName);
+        QVERIFY(!form.firstInvalid());
+        form.longText(name)->setPlainText(QStringLiteral("12345678901"));
+        const auto problem = form.firstInvalid();
+        QVERIFY(problem);
+        QCOMPARE(problem->widget, form.control(name));
+        QVERIFY(problem->message.contains(QStringLiteral("11")));
+        form.longText(name)->setPlainText(QStringLiteral("1234567890"));
+        QVERIFY(!form.firstInvalid());
+        form.setShowMode(true);
+        QVERIFY(form.longText(name)->isReadOnly());
     }
 
     void showModeMakesEveryControlReadOnlyAndEndsAsTheFieldsSay()
