@@ -6,6 +6,7 @@
 #include "auto/db/KMySQL.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
+#include "suite/utility/KTextArea.h"
 #include "suite/utility/Money.h"
 
 #include <QCheckBox>
@@ -15,7 +16,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 
 namespace {
 
@@ -67,23 +67,13 @@ void setComboKey(QComboBox &combo, int key)
     combo.setCurrentIndex(position < 0 && key != 0 ? combo.count() - 1 : position);
 }
 
-// The server counts characters, and Qt the two halves of the rare ones.
-QString tooLong(const QPlainTextEdit &edit, int limit)
+// No more lines than the page gives: a text of several lines is read by scrolling.
+KTextArea *makeLongText(int limit, QWidget *page)
 {
-    const qsizetype length = edit.toPlainText().toUcs4().size();
-    return limit > 0 && length > limit
-        ? QStringLiteral("طولانی است؛ %1 نویسه از %2 نویسه مجاز بیشتر است.").arg(length).arg(limit)
-        : QString();
-}
-
-// Three lines, and no more than the page gives: a text of several lines is read by scrolling.
-QPlainTextEdit *makeLongText(QWidget *page)
-{
-    auto *edit = new QPlainTextEdit(page);
-    edit->setTabChangesFocus(true);
-    const int frame = 2 * edit->frameWidth() + 2 * static_cast<int>(edit->document()->documentMargin());
-    edit->setFixedHeight(3 * edit->fontMetrics().lineSpacing() + frame);
-    return edit;
+    auto *area = new KTextArea(page);
+    area->setMaxLength(limit);
+    area->setFixedHeight(area->sizeHint().height());
+    return area;
 }
 
 // An editable drop-down hands the focus to its own entry line, so a screen reader says that one's name.
@@ -121,8 +111,6 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
         item.label = new QLabel(readFromTheRight(field.label), page);
         item.label->setBuddy(item.control);
     }
-    if (field.kind == KFormField::Kind::LongText)
-        item.limit = textLimit(field, record);
     if (field.inWords)
         addWords(item, page);
     applyDisplayed(item);
@@ -138,7 +126,7 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
     case KFormField::Kind::Flag:
         return new QCheckBox(field.label, page);
     case KFormField::Kind::LongText:
-        return makeLongText(page);
+        return makeLongText(textLimit(field, record), page);
     case KFormField::Kind::Choice:
     case KFormField::Kind::Lookup:
     case KFormField::Kind::EditableChoice: {
@@ -239,11 +227,11 @@ QCheckBox *KForm::checkBox(const QString &column) const
     return box;
 }
 
-QPlainTextEdit *KForm::longText(const QString &column) const
+KTextArea *KForm::longText(const QString &column) const
 {
-    auto *edit = qobject_cast<QPlainTextEdit *>(control(column));
-    Q_ASSERT(edit);
-    return edit;
+    auto *area = qobject_cast<KTextArea *>(control(column));
+    Q_ASSERT(area);
+    return area;
 }
 
 QLabel *KForm::label(const QString &column) const
@@ -254,8 +242,11 @@ QLabel *KForm::label(const QString &column) const
 void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span)
 {
     const Item &placed = item(column);
-    if (placed.label)
-        grid->addWidget(placed.label, row, gridColumn);
+    if (placed.label) {
+        // Beside the first of several lines.
+        const bool isTall = placed.field.kind == KFormField::Kind::LongText;
+        grid->addWidget(placed.label, row, gridColumn, isTall ? Qt::AlignTop : Qt::Alignment());
+    }
     grid->addWidget(placed.control, row, gridColumn + 1, 1, span);
     if (placed.words)
         grid->addWidget(placed.words, row + 1, gridColumn + 1, 1, span);
@@ -311,6 +302,18 @@ void KForm::setKey(const QString &column, int key)
     setComboKey(*comboBox(column), key);
 }
 
+void KForm::setCompletions(const QString &column, const QStringList &texts)
+{
+    if (auto *area = qobject_cast<KTextArea *>(control(column))) {
+        area->setCompletions(texts);
+        return;
+    }
+    auto *completer = new QCompleter(texts, edit(column));
+    completer->setFilterMode(Qt::MatchContains);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    edit(column)->setCompleter(completer);
+}
+
 void KForm::load(KMySQL &record)
 {
     for (const Item &item : std::as_const(m_items)) {
@@ -332,7 +335,7 @@ void KForm::load(KMySQL &record)
             setComboKey(*qobject_cast<QComboBox *>(item.control), value.toInt());
             break;
         case KFormField::Kind::LongText:
-            qobject_cast<QPlainTextEdit *>(item.control)->setPlainText(value.toString());
+            qobject_cast<KTextArea *>(item.control)->setText(value.toString());
             break;
         case KFormField::Kind::Text:
             qobject_cast<KEdit *>(item.control)->setText(value.toString());
@@ -366,7 +369,7 @@ void KForm::store(KMySQL &record) const
             value = comboKey(*qobject_cast<QComboBox *>(item.control));
             break;
         case KFormField::Kind::LongText:
-            value = qobject_cast<QPlainTextEdit *>(item.control)->toPlainText();
+            value = qobject_cast<KTextArea *>(item.control)->text();
             break;
         case KFormField::Kind::Text:
             value = qobject_cast<KEdit *>(item.control)->text();
@@ -397,8 +400,8 @@ void KForm::applyReadOnly(const Item &item)
     const bool readOnly = m_showMode || item.readOnly;
     if (auto *line = qobject_cast<QLineEdit *>(item.control))
         line->setReadOnly(readOnly);
-    else if (auto *text = qobject_cast<QPlainTextEdit *>(item.control))
-        text->setReadOnly(readOnly);
+    else if (auto *area = qobject_cast<KTextArea *>(item.control))
+        area->setReadOnly(readOnly);
     else
         item.control->setEnabled(!readOnly);
 }
@@ -413,8 +416,8 @@ std::optional<KForm::Problem> KForm::firstInvalid() const
             error = edit->entryError();
         else if (const auto *date = qobject_cast<KDateEdit *>(item.control))
             error = date->entryError();
-        else if (const auto *text = qobject_cast<QPlainTextEdit *>(item.control))
-            error = tooLong(*text, item.limit);
+        else if (const auto *area = qobject_cast<KTextArea *>(item.control))
+            error = area->entryError();
         if (!error.isEmpty())
             return Problem{item.control, error};
     }

@@ -16,11 +16,11 @@
 class KDateEdit;
 class KEdit;
 class KMySQL;
+class KTextArea;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;
-class QPlainTextEdit;
 class QWidget;
 
 // One field of an editor page: a column of the record and the control that shows it.
@@ -76,7 +76,7 @@ public:
     KDateEdit *dateEdit(const QString &column) const;
     QComboBox *comboBox(const QString &column) const;
     QCheckBox *checkBox(const QString &column) const;
-    QPlainTextEdit *longText(const QString &column) const;
+    KTextArea *longText(const QString &column) const;
     QLabel *label(const QString &column) const;
 
     // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
@@ -95,6 +95,9 @@ public:
     // its own, so that saving keeps it.
     int key(const QString &column) const;
     void setKey(const QString &column, int key);
+
+    // Texts that a Text or LongText offers while a part of one is typed.
+    void setCompletions(const QString &column, const QStringList &texts);
 
     void load(KMySQL &record);
     // Writes every control that is in use back into its member, those not displayed as well.
@@ -117,7 +120,6 @@ private:
         QWidget *control = nullptr;
         QLabel *label = nullptr;
         QLabel *words = nullptr;
-        int limit = 0; // characters of a LongText, which its control does not know
         bool readOnly = false;
         bool used = true;
     };

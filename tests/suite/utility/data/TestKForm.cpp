@@ -3,6 +3,7 @@
 
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
+#include "suite/utility/KTextArea.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/TabOrder.h"
 #include "tests/auto/db/SampleRecord.h"
@@ -10,9 +11,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCompleter>
 #include <QGridLayout>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QTest>
 
 namespace {
@@ -84,6 +85,25 @@ private Q_SLOTS:
         QCOMPARE(other.m_dAmount, record.m_dAmount);
         QCOMPARE(other.m_bFlag, 1);
         QCOMPARE(other.m_iUserID, 2);
+    }
+
+    void storedTextsAreOfferedWhateverPartOfThemIsTyped()
+    {
+        SampleRecord record;
+        QWidget page;
+        KFormField paragraph{note, QStringLiteral("یادداشت :"), Kind::LongText};
+        KForm form({{name, QStringLiteral("نام :")}, paragraph}, record, &page);
+        const QStringList texts = {QStringLiteral("Alpha one"), QStringLiteral("beta two"), QStringLiteral("gamma one")};
+        form.setCompletions(name, texts);
+        form.setCompletions(note, texts);
+        for (QCompleter *completer : {form.edit(name)->completer(), form.longText(note)->completer()}) {
+            completer->setCompletionPrefix(QStringLiteral("ONE"));
+            QCOMPARE(completer->completionCount(), 2);
+            QCOMPARE(completer->currentCompletion(), texts.at(0));
+        }
+        // Filled anew, only the new texts are offered.
+        form.setCompletions(note, {QStringLiteral("other one")});
+        QCOMPARE(form.longText(note)->completer()->completionCount(), 1);
     }
 
     void emptyDateAndNoChoiceAreStoredAsEmptyAndZero()
