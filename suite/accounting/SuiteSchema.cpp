@@ -120,6 +120,15 @@ constexpr const char *reportLayouts[] = {
     ", UNIQUE KEY layoutName (sGroup,sReport,sName), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
+// What is read again and again is the count of a user's due reminders, so that has the first index.
+constexpr const char *alarms[] = {
+    "CREATE TABLE IF NOT EXISTS Alarms (iID INT NOT NULL AUTO_INCREMENT, iTable INT DEFAULT 0"
+    ", iRecordID INT DEFAULT 0, iRecordID2 INT DEFAULT 0, iUserID INT DEFAULT 0, date DATETIME DEFAULT NULL"
+    ", sDesc VARCHAR(500) DEFAULT NULL, iStatus INT DEFAULT 0, bRepeat TINYINT DEFAULT 0"
+    ", dateTold DATETIME DEFAULT NULL, KEY userDue (iUserID,iStatus,date), KEY record (iTable,iRecordID)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -127,6 +136,7 @@ constexpr Step steps[] = {
     {4, books},
     {5, relatedRecords},
     {6, reportLayouts},
+    {7, alarms},
 };
 
 const QString schemaSection = QStringLiteral("Schema");

@@ -60,6 +60,7 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("FileDocs", "iID,iTable,iRecordID,iScope,iUserID,sName,oData,dateCreate");
     row("CustomFields", "iID,iTable,sName,iType");
     row("CustomFieldRecords", "iID,iFieldID,iTable,iRecordID,sValue");
+    row("Alarms", "iID,iTable,iRecordID,iRecordID2,iUserID,date,sDesc,iStatus,bRepeat,dateTold");
 }
 
 void TestSuiteSchema::freshDatabaseHoldsEveryTable()
