@@ -157,6 +157,7 @@ protected:
     // Read-only mode or a closed database: nothing may be changed.
     bool isChangeBlocked() const;
     bool isReadOnlyMode() const { return m_readOnlyMode; }
+    bool isOpened() const { return m_opened; }
     // Loads the selected row by its key; false without a selection or when the row has vanished.
     bool loadSelected(KMySQL &record) const;
     // Asks, deletes through the record's own Delete, then recordDeleted. Nothing without the right, nor in select mode unless
