@@ -11,33 +11,23 @@
 #include "auto/contracts/ContractTitle.h"
 #include "auto/contracts/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgCustomFields.h"
-#include "suite/accounting/CDlgFileDocs.h"
-#include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
-#include "suite/utility/KWaitCursor.h"
 
-#include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
 #include <QPushButton>
-#include <QScreen>
-#include <QVBoxLayout>
 
 namespace {
 
-const QString keyColumn = QStringLiteral("iID");
-
 bool loadContract(CTblAutomobilContracts &contract, int key)
 {
-    return contract.IsRecordExist(keyColumn, key, 0, QString());
+    return contract.IsRecordExist(QStringLiteral("iID"), key, 0, QString());
 }
 
 }
@@ -102,139 +92,82 @@ void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *par
 }
 
 CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent)
-    : KDialog(parent)
-    , m_key(key)
-    , m_mode(mode)
+    : CDlgRecordEditor(key, mode, parent)
 {
     SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
-    buildFrame();
-    // All of the first page in sight where the screen allows it; later as the user left it.
-    resize(QSize(1200, 800).boundedTo(screen()->availableSize() - QSize(40, 60)));
+    // Copying from a car record comes with the register of cars.
+    m_copyCar = addCommand(QStringLiteral("گالري اتومبيل"), [] {});
+    m_copyCar->setEnabled(false);
 }
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;
 
-void CDlgAddAutomobilContract::buildFrame()
-{
-    m_tabs = new KTabPageButtons(this);
-    m_active = new QCheckBox(QStringLiteral("فعال"), this);
-    m_buttons = createButtons();
-    m_unarchive = new QPushButton(QStringLiteral("برگشت از بايگاني"), this);
-    m_copyCar = new QPushButton(QStringLiteral("گالري اتومبيل"), this);
-    for (QPushButton *button : {m_unarchive, m_copyCar}) {
-        button->setAccessibleName(button->text());
-        button->setAutoDefault(false);
-    }
-    // Copying from a car record comes with the register of cars.
-    m_copyCar->setEnabled(false);
-    connect(m_unarchive, &QPushButton::clicked, this, [this] {
-        try {
-            unarchive();
-        } catch (...) {
-            KErrorBoundary::report(std::current_exception(), this);
-        }
-    });
-
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(m_active);
-    bottom->addSpacing(12);
-    bottom->addWidget(m_copyCar);
-    bottom->addWidget(m_unarchive);
-    bottom->addStretch(1);
-    bottom->addWidget(m_buttons);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_tabs, 1);
-    layout->addLayout(bottom);
-}
-
 bool CDlgAddAutomobilContract::load()
 {
     CTblAutomobilContracts contract;
-    if (!loadContract(contract, m_key))
+    if (!loadRecord(contract))
         return false;
     addPages();
     applyMode();
     // The row is read again, as it is now that the pages stand.
-    if (!loadContract(contract, m_key))
+    if (!loadRecord(contract))
         return false;
     m_base->fill(contract);
     m_matter->fill(contract);
-    m_active->setChecked(contract.m_iStatus == 0);
-    m_unarchive->setVisible(contract.m_iArchiveUserID != 0 && !GetDBSetting()->IsClosedDB());
+    showState(contract.m_iStatus, contract.m_iArchiveUserID);
     showContractType(contract.m_iContractType);
     return true;
 }
 
-int CDlgAddAutomobilContract::addPage(KDialogTabPage *page, const QString &title)
-{
-    const int index = m_tabs->addPage(page, title);
-    connect(page, &KDialogTabPage::frontRequested, m_tabs, [this, index] { m_tabs->setCurrentIndex(index); });
-    return index;
-}
-
 void CDlgAddAutomobilContract::addPages()
 {
-    const bool readOnly = isShowMode();
-    m_base = new CDlgAddAutomobilContractBase(m_mode, m_tabs);
-    addPage(m_base, QStringLiteral("اطلاعات پایه"));
+    m_base = new CDlgAddAutomobilContractBase(mode(), tabs());
+    addPage(m_base, m_base->title());
     connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
-    m_matter = new CDlgAddAutomobilContractMatter(m_mode, m_tabs);
+    m_matter = new CDlgAddAutomobilContractMatter(mode(), tabs());
     m_matterTab = addPage(m_matter, m_matter->title());
     connect(m_matter, &CDlgAddAutomobilContractMatter::instalmentsRequested, this,
-            &CDlgAddAutomobilContract::showInstalments);
+            [this] { run([this] { showInstalments(); }); });
 
-    m_customFields = new CDlgCustomFields(m_tabs);
-    m_customFields->bind(CTblAutomobilContracts::recordKind, m_key);
-    m_customFields->setReadOnly(readOnly);
+    m_customFields = new CDlgCustomFields(tabs());
+    m_customFields->bind(CTblAutomobilContracts::recordKind, key());
+    m_customFields->setReadOnly(isShowMode());
     addPage(m_customFields, m_customFields->title());
-    const std::pair<CTblFileDocs::Scope, QString> filePages[] = {
-        {CTblFileDocs::General, QStringLiteral("پرونده های عمومی")},
-        {CTblFileDocs::Personal, QStringLiteral("پرونده های شخصی")},
-    };
-    for (const auto &[scope, title] : filePages) {
-        auto *files = new CDlgFileDocs(scope, m_tabs);
-        files->bind(CTblAutomobilContracts::recordKind, m_key);
-        files->setReadOnly(readOnly);
-        addPage(files, title);
-    }
-    m_tabs->setCurrentIndex(0);
+    addFilesPage(CTblFileDocs::General, CTblAutomobilContracts::recordKind, QStringLiteral("پرونده های عمومی"));
+    addFilesPage(CTblFileDocs::Personal, CTblAutomobilContracts::recordKind, QStringLiteral("پرونده های شخصی"));
+    tabs()->setCurrentIndex(0);
 }
 
 void CDlgAddAutomobilContract::applyMode()
 {
     if (!isShowMode())
         return;
-    for (QAbstractButton *button : m_buttons->buttons()) {
-        if (m_buttons->buttonRole(button) != QDialogButtonBox::AcceptRole) {
+    for (QAbstractButton *button : buttons()->buttons()) {
+        if (buttons()->buttonRole(button) != QDialogButtonBox::AcceptRole) {
             button->setText(QStringLiteral("بازگشت"));
             continue;
         }
         // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.
-        m_buttons->removeButton(button);
+        buttons()->removeButton(button);
         delete button;
     }
-    m_active->setEnabled(false);
     m_copyCar->hide();
 }
 
 void CDlgAddAutomobilContract::showContractType(int contractType)
 {
     m_contractType = contractType;
-    setWindowTitle(contractEditorTitle(contractType, m_mode));
+    setWindowTitle(contractEditorTitle(contractType, mode()));
     m_matter->showContractType(contractType);
-    m_tabs->setPageShown(m_matterTab, hasMatterPage(contractType));
+    tabs()->setPageShown(m_matterTab, hasMatterPage(contractType));
 }
 
 void CDlgAddAutomobilContract::showInstalments()
 {
-    try {
-        const double amount = m_base->form()->edit(QStringLiteral("dAmount"))->number();
-        // Whoever buys pays the instalments.
-        CDlgCalcPayment::Run(m_key, m_base->secondParty()->personField()->personID(), m_matter->amountLeftOf(amount), this,
-                             isShowMode());
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    const double amount = m_base->form()->edit(QStringLiteral("dAmount"))->number();
+    // Whoever buys pays the instalments.
+    CDlgCalcPayment::Run(key(), m_base->secondParty()->personField()->personID(), m_matter->amountLeftOf(amount), this,
+                         isShowMode());
 }
 
 QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const
@@ -245,66 +178,32 @@ QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const
     return pages;
 }
 
-bool CDlgAddAutomobilContract::OnOK()
-{
-    if (isShowMode())
-        return false;
-    try {
-        GetDBSetting()->RequireOpenDB();
-        if (!validatePages() || !save())
-            return false;
-    } catch (...) {
-        // What was typed stays in the window.
-        KErrorBoundary::report(std::current_exception(), this);
-        return false;
-    }
-    for (ContractEditorPage *page : pages())
-        page->saved();
-    return true;
-}
-
 bool CDlgAddAutomobilContract::validatePages()
 {
-    for (ContractEditorPage *page : pages()) {
-        if (!page->validate())
-            return false;
-    }
-    return !m_customFields->isOpened() || m_customFields->validate();
+    return validateInOrder(pages()) && (!m_customFields->isOpened() || m_customFields->validate());
 }
 
 bool CDlgAddAutomobilContract::save()
 {
-    const KWaitCursor wait;
-    bool saved = false;
-    KTransaction::runReplayable([&] {
-        saved = false;
-        CTblAutomobilContracts contract;
-        if (!loadContract(contract, m_key))
-            return;
-        contract.Edit();
-        if (contract.m_iUserID == 0)
-            contract.m_iUserID = GetDBSetting()->GetUserID();
-        contract.m_iStatus = m_active->isChecked() ? 0 : 1;
-        for (ContractEditorPage *page : pages())
-            page->write(contract);
-        contract.Update(true);
-        m_customFields->save(m_key);
-        saved = true;
-    });
-    return saved;
+    return saveRecord(pages(), [this] { m_customFields->save(key()); });
 }
 
-void CDlgAddAutomobilContract::unarchive()
+void CDlgAddAutomobilContract::saved()
+{
+    for (ContractEditorPage *page : pages())
+        page->saved();
+}
+
+bool CDlgAddAutomobilContract::takeOutOfArchive()
 {
     if (!KSecurity::IsGranted(QStringLiteral("AutomobilContractArchive"), KSecurity::Access)) {
         g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
-        return;
+        return false;
     }
     GetDBSetting()->RequireOpenDB();
     CTblAutomobilContracts contract;
-    if (loadContract(contract, m_key))
+    if (loadRecord(contract))
         CTblAutomobilContracts::unarchive(contract.m_iCode);
     g_pDlgWarning->Show(QStringLiteral("این قرارداد از حالت بایگانی خارج شد."), this);
-    m_refresh = true;
-    reject();
+    return true;
 }

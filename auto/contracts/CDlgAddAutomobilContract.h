@@ -3,23 +3,17 @@
 
 #pragma once
 
+#include "auto/CDlgRecordEditor.h"
 #include "auto/contracts/ContractEditorPage.h"
-#include "suite/utility/KDialog.h"
-
-#include <QList>
 
 class CDlgAddAutomobilContractBase;
 class CDlgAddAutomobilContractMatter;
 class CDlgCustomFields;
-class CDlgFileDocs;
-class KTabPageButtons;
-class QCheckBox;
-class QDialogButtonBox;
 class QPushButton;
 
 // The window in which one contract is written, changed or shown: a row of tabs over its pages. One save writes all pages
 // and posts the accounting document in one transaction.
-class CDlgAddAutomobilContract final : public KDialog
+class CDlgAddAutomobilContract final : public CDlgRecordEditor
 {
     Q_OBJECT
 
@@ -40,43 +34,29 @@ public:
 
     // Builds the pages and fills them. False when the contract does not exist; the window must not be shown then.
     [[nodiscard]] bool load();
-    bool refreshNeeded() const { return m_refresh; }
 
     CDlgAddAutomobilContractBase *basePage() const { return m_base; }
     CDlgAddAutomobilContractMatter *matterPage() const { return m_matter; }
-    KTabPageButtons *tabs() const { return m_tabs; }
-    QPushButton *unarchiveButton() const { return m_unarchive; }
     QPushButton *carButton() const { return m_copyCar; }
-    QCheckBox *activeBox() const { return m_active; }
-    void unarchive();
 
 protected:
-    bool OnOK() override;
+    [[nodiscard]] bool validatePages() override;
+    [[nodiscard]] bool save() override;
+    void saved() override;
+    [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
-    void buildFrame();
     void addPages();
-    int addPage(class KDialogTabPage *page, const QString &title);
     void applyMode();
     void showContractType(int contractType);
     void showInstalments();
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;
-    bool validatePages();
-    bool save();
-    bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
 
-    int m_key;
-    ContractEditorMode m_mode;
-    bool m_refresh = false;
     int m_contractType = 0;
     int m_matterTab = -1;
-    KTabPageButtons *m_tabs = nullptr;
     CDlgAddAutomobilContractBase *m_base = nullptr;
     CDlgAddAutomobilContractMatter *m_matter = nullptr;
     CDlgCustomFields *m_customFields = nullptr;
-    QCheckBox *m_active = nullptr;
-    QDialogButtonBox *m_buttons = nullptr;
-    QPushButton *m_unarchive = nullptr;
     QPushButton *m_copyCar = nullptr;
 };

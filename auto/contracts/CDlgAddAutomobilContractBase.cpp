@@ -3,13 +3,13 @@
 
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 
+#include "auto/ArchiveLine.h"
 #include "auto/WordLists.h"
 #include "auto/contracts/ContractNotes.h"
 #include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractPosting.h"
 #include "auto/contracts/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/db/KLookup.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgDocCreated.h"
 #include "suite/accounting/CDlgMultiItems.h"
@@ -92,11 +92,9 @@ QList<KFormField> formFields()
 }
 
 CDlgAddAutomobilContractBase::CDlgAddAutomobilContractBase(ContractEditorMode mode, QWidget *parent)
-    : KDialogTabPage(parent)
-    , m_mode(mode)
+    : ContractEditorPage(mode, QStringLiteral("اطلاعات پایه"), parent)
     , m_tiers(ContractSettings::load().tiers)
 {
-    setTitle(QStringLiteral("اطلاعات پایه"));
     build();
     wireFigures();
     connect(m_form->comboBox(column("iContractType")), &QComboBox::currentIndexChanged, this, [this](int type) {
@@ -126,7 +124,9 @@ void CDlgAddAutomobilContractBase::build()
     layout->addLayout(parties);
     layout->addWidget(buildTexts());
     layout->addWidget(buildRegistrySentence());
-    layout->addWidget(buildArchiveLine());
+    m_archiveLine = new ArchiveLine(content);
+    m_archiveLine->setVisible(isShowMode());
+    layout->addWidget(m_archiveLine);
     layout->addStretch(1);
 
     fillWithScrolled(this, content);
@@ -199,23 +199,6 @@ QWidget *CDlgAddAutomobilContractBase::buildRegistrySentence()
     return line;
 }
 
-QWidget *CDlgAddAutomobilContractBase::buildArchiveLine()
-{
-    m_archiveLine = new QWidget(this);
-    m_archiveUser = new QLabel(m_archiveLine);
-    m_archiveDate = new QLabel(m_archiveLine);
-    auto *row = new QHBoxLayout(m_archiveLine);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(new QLabel(QStringLiteral("کاربر بايگاني کننده :"), m_archiveLine));
-    row->addWidget(m_archiveUser);
-    row->addSpacing(24);
-    row->addWidget(new QLabel(QStringLiteral("تاريخ بايگاني :"), m_archiveLine));
-    row->addWidget(m_archiveDate);
-    row->addStretch(1);
-    m_archiveLine->setVisible(isShowMode());
-    return m_archiveLine;
-}
-
 void CDlgAddAutomobilContractBase::wireFigures()
 {
     m_figureColumns = {{CommissionField::Amount, column("dAmount")},
@@ -280,18 +263,16 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     m_first->setShowMode(isShowMode());
     m_second->setShowMode(isShowMode());
 
-    if (m_mode == ContractEditorMode::New && !contract.m_dateContract.isValid())
+    if (mode() == ContractEditorMode::New && !contract.m_dateContract.isValid())
         m_form->dateEdit(column("dateContract"))->setDate(GetDBSetting()->GetDBServerDate().date());
-    m_form->control(column("bReturn"))->setVisible(m_mode != ContractEditorMode::New);
+    m_form->control(column("bReturn"))->setVisible(mode() != ContractEditorMode::New);
     m_notes = ContractNotes::notes(contract);
     showNotes();
     nameGroups(contract.m_iContractType);
-    m_archiveUser->setText(KLookup::name(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"),
-                                         contract.m_iArchiveUserID));
-    m_archiveDate->setText(contract.m_iArchiveUserID != 0 ? shamsiText(contract.m_dateArchive.date()) : QString());
+    m_archiveLine->showArchived(contract.m_iArchiveUserID, contract.m_dateArchive);
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
-        m_form->control(m_mode == ContractEditorMode::New ? column("dAmount") : column("iCode"))->setFocus(Qt::TabFocusReason);
+        m_form->control(mode() == ContractEditorMode::New ? column("dAmount") : column("iCode"))->setFocus(Qt::TabFocusReason);
 }
 
 void CDlgAddAutomobilContractBase::nameGroups(int contractType)
@@ -314,19 +295,6 @@ void CDlgAddAutomobilContractBase::showNotes()
 {
     m_notesLine->setText(m_notes.join(CDlgMultiItems::separator()));
     m_notesLine->setCursorPosition(0);
-}
-
-bool CDlgAddAutomobilContractBase::refuse(const QString &message, QWidget *field)
-{
-    Q_EMIT frontRequested();
-    g_pDlgWarning->Show(message, this);
-    field->setFocus(Qt::TabFocusReason);
-    return false;
-}
-
-bool CDlgAddAutomobilContractBase::refuseEntry(const KForm::Problem &problem)
-{
-    return refuse(problem.widget->accessibleName() + u' ' + problem.message, problem.widget);
 }
 
 bool CDlgAddAutomobilContractBase::validate()

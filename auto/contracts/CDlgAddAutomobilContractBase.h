@@ -5,7 +5,6 @@
 
 #include "auto/contracts/Commission.h"
 #include "auto/contracts/ContractEditorPage.h"
-#include "suite/utility/KDialogTabPage.h"
 #include "suite/utility/KForm.h"
 
 #include <QList>
@@ -14,15 +13,15 @@
 #include <memory>
 #include <utility>
 
+class ArchiveLine;
 class ContractPartyGroup;
 class KEdit;
 class QGridLayout;
-class QLabel;
 class QPushButton;
 
 // First page of the contract editor: identity, parties, amount and commission. The figures follow each other live by the
 // rules of Commission.h; writing the page posts the contract's accounting document.
-class CDlgAddAutomobilContractBase final : public KDialogTabPage, public ContractEditorPage
+class CDlgAddAutomobilContractBase final : public ContractEditorPage
 {
     Q_OBJECT
 
@@ -50,7 +49,6 @@ private:
     QGridLayout *buildIdentity();
     QWidget *buildTexts();
     QWidget *buildRegistrySentence();
-    QWidget *buildArchiveLine();
     void wireFigures();
     void recompute(CommissionField changed);
     void showFigures(const CommissionChanges &changes);
@@ -59,18 +57,11 @@ private:
     bool validateAmountAndParties();
     bool validateDate();
     bool validateEntries();
-    // Tell it, go to the field, and give false.
-    bool refuse(const QString &message, QWidget *field);
-    bool refuseEntry(const KForm::Problem &problem);
-    bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
 
-    ContractEditorMode m_mode;
     KForm *m_form = nullptr;
     ContractPartyGroup *m_first = nullptr;
     ContractPartyGroup *m_second = nullptr;
-    QWidget *m_archiveLine = nullptr;
-    QLabel *m_archiveUser = nullptr;
-    QLabel *m_archiveDate = nullptr;
+    ArchiveLine *m_archiveLine = nullptr;
     KEdit *m_notesLine = nullptr;
     QPushButton *m_notesButton = nullptr;
     QStringList m_notes;

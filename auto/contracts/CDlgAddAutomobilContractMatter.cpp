@@ -3,6 +3,7 @@
 
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"
 
+#include "auto/FormLines.h"
 #include "auto/contracts/MatterFields.h"
 #include "auto/contracts/MatterVisibility.h"
 #include "auto/contracts/ModelYear.h"
@@ -21,8 +22,6 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
-#include <initializer_list>
-
 namespace {
 
 QString column(const char *name)
@@ -30,65 +29,13 @@ QString column(const char *name)
     return QString::fromLatin1(name);
 }
 
-// One line of fields: a column and how many of the line's parts its control takes.
-struct Cell
-{
-    const char *column;
-    int span = 1;
-};
-
-constexpr int partsOfALine = 4;
 constexpr int instalmentSale = 2;
-
-// Lines of four labelled fields below each other. A money field's words have the row below its line.
-QGridLayout *fieldGrid(KForm &form, QWidget *box, std::initializer_list<std::initializer_list<Cell>> lines)
-{
-    auto *grid = new QGridLayout(box);
-    grid->setVerticalSpacing(3);
-    grid->setContentsMargins(9, 4, 9, 4);
-    int row = 0;
-    for (const auto &line : lines) {
-        int part = 0;
-        for (const Cell &cell : line) {
-            form.place(grid, row, 2 * part, column(cell.column), 2 * cell.span - 1);
-            part += cell.span;
-        }
-        row += 2;
-    }
-    for (int part = 0; part < partsOfALine; ++part)
-        grid->setColumnStretch(2 * part + 1, 1);
-    return grid;
-}
-
-QVBoxLayout *fieldLines(QWidget *box)
-{
-    auto *lines = new QVBoxLayout(box);
-    lines->setSpacing(3);
-    lines->setContentsMargins(9, 4, 9, 4);
-    return lines;
-}
-
-// The labels that are too long to stand below others: a line whose fields only share its width.
-QGridLayout *fieldLine(KForm &form, std::initializer_list<Cell> cells)
-{
-    auto *grid = new QGridLayout;
-    grid->setVerticalSpacing(3);
-    int part = 0;
-    for (const Cell &cell : cells) {
-        form.place(grid, 0, 2 * part, column(cell.column));
-        grid->setColumnStretch(2 * part + 1, cell.span);
-        ++part;
-    }
-    return grid;
-}
 
 }
 
 CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent)
-    : KDialogTabPage(parent)
-    , m_mode(mode)
+    : ContractEditorPage(mode, QStringLiteral("مشخصات فروش"), parent)
 {
-    setTitle(QStringLiteral("مشخصات فروش"));
     build();
     connect(m_form->comboBox(column("sState")), &QComboBox::currentTextChanged, this,
             &CDlgAddAutomobilContractMatter::offerCities);
@@ -116,23 +63,23 @@ void CDlgAddAutomobilContractMatter::build()
 QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
 {
     auto *box = new QGroupBox(QStringLiteral("موضوع مشخصات مورد معامله"), this);
-    fieldGrid(*m_form, box,
-              {{{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}},
-               {{"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}},
-               {{"sNumOfEngines"}, {"sChassisNum"}, {"sVIN"}, {"sDengue"}},
-               {{"sNumOFAxles"}, {"sNumOfWheels"}, {"sDocumentsDelivered", 2}},
-               {{"sDescMatter", 4}}});
+    FormLines::grid(*m_form, box,
+                    {{{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}},
+                     {{"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}},
+                     {{"sNumOfEngines"}, {"sChassisNum"}, {"sVIN"}, {"sDengue"}},
+                     {{"sNumOFAxles"}, {"sNumOfWheels"}, {"sDocumentsDelivered", 2}},
+                     {{"sDescMatter", 4}}});
     return box;
 }
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
 {
     auto *box = new QGroupBox(QStringLiteral("پرداخت"), this);
-    auto *lines = fieldLines(box);
-    lines->addLayout(fieldLine(*m_form, {{"dFixAmount"}}));
-    lines->addLayout(fieldLine(*m_form, {{"sCheckCount"}, {"dAgreeAmount", 2}, {"sCheckNum", 2}}));
-    lines->addLayout(fieldLine(*m_form, {{"sBankName", 2}, {"sBranchName", 2}, {"sBranchCode"}, {"sDescCheck", 3}}));
-    lines->addLayout(fieldLine(
+    auto *lines = FormLines::column(box);
+    lines->addLayout(FormLines::line(*m_form, {{"dFixAmount"}}));
+    lines->addLayout(FormLines::line(*m_form, {{"sCheckCount"}, {"dAgreeAmount", 2}, {"sCheckNum", 2}}));
+    lines->addLayout(FormLines::line(*m_form, {{"sBankName", 2}, {"sBranchName", 2}, {"sBranchCode"}, {"sDescCheck", 3}}));
+    lines->addLayout(FormLines::line(
         *m_form, {{"dDamageAmount", 2}, {"dCompenseAmount", 2}, {"dRemainingAmount", 2}, {"sDescRemainingAmount", 3}}));
     return box;
 }
@@ -140,12 +87,12 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
 QGroupBox *CDlgAddAutomobilContractMatter::buildRegistry()
 {
     auto *box = new QGroupBox(QStringLiteral("ثبت و دفترخانه"), this);
-    auto *lines = fieldLines(box);
-    lines->addLayout(fieldLine(*m_form, {{"dateDeal"}, {"dateTradeUnit"}, {"sRegistryNum"}, {"sRightTahrir"}}));
-    lines->addLayout(fieldLine(*m_form, {{"dateDocument"}, {"dateOffice"}}));
-    lines->addLayout(fieldLine(*m_form, {{"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}}));
-    lines->addLayout(fieldLine(*m_form, {{"sState", 2}, {"sCity", 2}, {"sLicense", 2}, {"sAddressSample", 3}}));
-    lines->addLayout(fieldLine(*m_form, {{"sSampleDescOne"}, {"sSampleDescTwo"}}));
+    auto *lines = FormLines::column(box);
+    lines->addLayout(FormLines::line(*m_form, {{"dateDeal"}, {"dateTradeUnit"}, {"sRegistryNum"}, {"sRightTahrir"}}));
+    lines->addLayout(FormLines::line(*m_form, {{"dateDocument"}, {"dateOffice"}}));
+    lines->addLayout(FormLines::line(*m_form, {{"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}}));
+    lines->addLayout(FormLines::line(*m_form, {{"sState", 2}, {"sCity", 2}, {"sLicense", 2}, {"sAddressSample", 3}}));
+    lines->addLayout(FormLines::line(*m_form, {{"sSampleDescOne"}, {"sSampleDescTwo"}}));
     return box;
 }
 
@@ -156,11 +103,11 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildTerms()
     m_instalments->setAccessibleName(m_instalments->text());
     m_instalments->setAutoDefault(false);
     connect(m_instalments, &QPushButton::clicked, this, &CDlgAddAutomobilContractMatter::instalmentsRequested);
-    auto *lines = fieldLines(m_terms);
+    auto *lines = FormLines::column(m_terms);
     // What only a rent has comes last, so that an instalment sale's line has its gap at the end.
-    lines->addLayout(fieldLine(
+    lines->addLayout(FormLines::line(
         *m_form, {{"sRentTime", 2}, {"dateRent", 2}, {"dateRentExpire", 2}, {"dAmountRent", 3}, {"sNumOfMonths"}}));
-    auto *plan = fieldLine(*m_form, {{"sNumOfInstallment"}, {"sUsanceNum"}, {"dDelayAmount", 2}});
+    auto *plan = FormLines::line(*m_form, {{"sNumOfInstallment"}, {"sUsanceNum"}, {"dDelayAmount", 2}});
     plan->addWidget(m_instalments, 0, plan->columnCount());
     lines->addLayout(plan);
     return m_terms;
@@ -208,14 +155,6 @@ double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const
 {
     const double paid = m_form->edit(column("dFixAmount"))->number() + m_form->edit(column("dAgreeAmount"))->number();
     return qMax(0.0, contractAmount - paid);
-}
-
-bool CDlgAddAutomobilContractMatter::refuse(const QString &message, QWidget *field)
-{
-    Q_EMIT frontRequested();
-    g_pDlgWarning->Show(message, this);
-    field->setFocus(Qt::TabFocusReason);
-    return false;
 }
 
 bool CDlgAddAutomobilContractMatter::validate()

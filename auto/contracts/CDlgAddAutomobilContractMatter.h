@@ -4,18 +4,16 @@
 #pragma once
 
 #include "auto/contracts/ContractEditorPage.h"
-#include "suite/utility/KDialogTabPage.h"
 
 class KForm;
 class QGroupBox;
-class QLayout;
 class QPushButton;
 class QVBoxLayout;
 
 // Second page of the contract editor: the vehicle, how it is paid, the registry and notary data, and the terms of a rent or
 // of an instalment sale. What of it shows, and is written, follows the contract's type; what does not show keeps the value
 // that is stored.
-class CDlgAddAutomobilContractMatter final : public KDialogTabPage, public ContractEditorPage
+class CDlgAddAutomobilContractMatter final : public ContractEditorPage
 {
     Q_OBJECT
 
@@ -47,10 +45,7 @@ private:
     QGroupBox *buildRegistry();
     QGroupBox *buildTerms();
     void offerCities();
-    bool refuse(const QString &message, QWidget *field);
-    bool isShowMode() const { return m_mode == ContractEditorMode::Show; }
 
-    ContractEditorMode m_mode;
     bool m_filling = false;
     KForm *m_form = nullptr;
     QGroupBox *m_terms = nullptr;

@@ -13,8 +13,20 @@ class TZACCOUNTING_EXPORT CTblItems : public KMySQL, private KLiveCount<CTblItem
 public:
     using KLiveCount<CTblItems>::liveCount;
 
-    // Item types (stored in iType). "تبصره": clauses that a contract's notes line takes.
-    static constexpr int typeClause = 814;
+    // Item types (stored in iType), by the numbers that databases hold.
+    static constexpr int typeSystem = 802;
+    static constexpr int typeSource = 803;
+    static constexpr int typeEngineVolume = 806;
+    static constexpr int typeColor = 808;
+    static constexpr int typeClearanceCustoms = 809;
+    static constexpr int typeAccessory = 810;
+    static constexpr int typeFeature = 811;
+    static constexpr int typeDeliveredDocument = 812;
+    static constexpr int typeClause = 814; // clauses that a contract's notes line takes
+    static constexpr int typeBodyStatus = 815;
+    static constexpr int typeWheelCount = 816;
+    static constexpr int typeCylinderCount = 817;
+    static constexpr int typeCapacity = 818;
 
     explicit CTblItems(int database = 0);
     ~CTblItems() override;

@@ -58,11 +58,12 @@ void KListPage::setSelectMode(bool on, int preselectedKey)
 
 void KListPage::build()
 {
+    m_traits = traits();
     m_columns = listColumns();
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(title());
     m_list->setColumns(m_columns);
-    m_list->SetSettingName(m_section + QStringLiteral("\\List"));
+    m_list->SetSettingName(m_traits.layoutSetting.isEmpty() ? m_section + QStringLiteral("\\List") : m_traits.layoutSetting);
 
     buildFilterBox();
     auto *layout = new QVBoxLayout(this);
@@ -89,39 +90,51 @@ void KListPage::build()
 
 void KListPage::buildFilterBox()
 {
-    auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"), this);
+    auto *box = new QGroupBox(m_traits.filterTitle, this);
+    m_filterBox = box;
     auto *grid = new QGridLayout(box);
     buildFilters(grid);
+    if (m_traits.hasRowLimit || m_traits.hasSearchButton)
+        buildSearchRow(grid);
 
-    m_rowLimit = new KEdit(KEdit::Kind::Integer, box);
-    m_rowLimit->setRange(1, highestRowLimit);
-    m_rowLimit->setMaximumWidth(m_rowLimit->fontMetrics().averageCharWidth() * 14);
-    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), box);
-    search->setAccessibleName(search->text());
-    search->setAutoDefault(true);
-    connect(search, &QPushButton::clicked, this, [this] {
-        if (checkFilter())
-            guarded([&] { refill(); });
-    });
-
-    auto *last = new QHBoxLayout;
-    auto *label = new QLabel(QStringLiteral("تعداد نمايش :"), box);
-    label->setBuddy(m_rowLimit);
-    m_rowLimit->setAccessibleName(label->text());
-    last->addWidget(label);
-    last->addWidget(m_rowLimit);
-    last->addStretch(1);
-    last->addWidget(search);
-    grid->addLayout(last, grid->rowCount(), 0, 1, -1);
-    m_filterBox = box;
-
-    // Enter in a filter searches.
-    for (QLineEdit *edit : box->findChildren<QLineEdit *>())
-        connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
     auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(find, &QShortcut::activated, this, [this] { firstFilterControl()->setFocus(Qt::ShortcutFocusReason); });
     auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(refresh, &QShortcut::activated, search, &QPushButton::click);
+    connect(refresh, &QShortcut::activated, this, &KListPage::search);
+}
+
+void KListPage::buildSearchRow(QGridLayout *grid)
+{
+    auto *last = new QHBoxLayout;
+    m_searchRow = last;
+    if (m_traits.hasRowLimit) {
+        m_rowLimit = new KEdit(KEdit::Kind::Integer, m_filterBox);
+        m_rowLimit->setRange(m_traits.lowestRowLimit, highestRowLimit);
+        m_rowLimit->setMaximumWidth(m_rowLimit->fontMetrics().averageCharWidth() * 14);
+        auto *label = new QLabel(QStringLiteral("تعداد نمايش :"), m_filterBox);
+        label->setBuddy(m_rowLimit);
+        m_rowLimit->setAccessibleName(label->text());
+        last->addWidget(label);
+        last->addWidget(m_rowLimit);
+    }
+    last->addStretch(1);
+    if (m_traits.hasSearchButton) {
+        auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), m_filterBox);
+        button->setAccessibleName(button->text());
+        button->setAutoDefault(true);
+        connect(button, &QPushButton::clicked, this, &KListPage::search);
+        last->addWidget(button);
+        // Enter in a filter searches.
+        for (QLineEdit *edit : m_filterBox->findChildren<QLineEdit *>())
+            connect(edit, &QLineEdit::returnPressed, button, &QPushButton::click);
+    }
+    grid->addLayout(last, grid->rowCount(), 0, 1, -1);
+}
+
+void KListPage::search()
+{
+    if (checkFilter())
+        guarded([this] { refill(); });
 }
 
 void KListPage::buildCommands()
@@ -130,15 +143,17 @@ void KListPage::buildCommands()
     auto *row = new QHBoxLayout(m_commandRow);
     row->setContentsMargins(0, 0, 0, 0);
     for (KListCommand &command : commands()) {
-        auto *button = new QPushButton(QIcon(command.icon), command.caption, m_commandRow);
+        const bool besideSearch = m_searchRow && (command.options & KListCommand::BesideSearch);
+        QHBoxLayout *place = besideSearch ? m_searchRow : row;
+        auto *button = new QPushButton(QIcon(command.icon), command.caption, besideSearch ? m_filterBox : m_commandRow);
         button->setAccessibleName(command.caption);
         // Enter presses the button that has the focus.
         button->setAutoDefault(true);
         if (command.options & KListCommand::NotDisplayed)
             button->hide();
         if (command.options & KListCommand::StartsGroup)
-            row->addSpacing(12);
-        row->addWidget(button);
+            place->addSpacing(12);
+        place->addWidget(button);
         QWidget *menu = command.options & KListCommand::PrintsList ? buildPrintMenu() : nullptr;
         if (menu)
             row->addWidget(menu);
@@ -248,10 +263,25 @@ void KListPage::open()
     readSettings();
     applyMode();
     updateCommands();
-    refill();
+    firstFill();
     if (m_selectMode)
         selectListed(m_chosenKey);
     setFocus(Qt::OtherFocusReason);
+}
+
+// An order that an earlier program stored may be one that the table no longer knows. That is said once; the list opens
+// all the same.
+void KListPage::firstFill()
+{
+    try {
+        refill();
+    } catch (const CMySQLException &error) {
+        if (error.category() != CMySQLException::Category::BadStatement || m_sort == defaultSort())
+            throw;
+        m_sort = defaultSort();
+        KErrorBoundary::report(std::current_exception(), this);
+        refill();
+    }
 }
 
 void KListPage::showEvent(QShowEvent *event)
@@ -297,15 +327,32 @@ bool KListPage::checkFilter()
 
 void KListPage::readSettings()
 {
-    m_rowLimit->setNumber(qBound(1, ReadSetting(m_section, QStringLiteral("iMaxRows"), defaultRowLimit), highestRowLimit));
+    if (m_rowLimit)
+        m_rowLimit->setNumber(
+            qBound(m_traits.lowestRowLimit, ReadSetting(m_section, QStringLiteral("iMaxRows"), defaultRowLimit), highestRowLimit));
+    if (isSortable())
+        readOrder();
+    else
+        m_sort = defaultSort();
+}
+
+void KListPage::readOrder()
+{
     m_lastColumn = ReadSetting(m_section, QStringLiteral("iLastCol"), defaultLastColumn());
     if (m_lastColumn < 0 || m_lastColumn >= m_columns.size())
         m_lastColumn = defaultLastColumn();
     m_sort = ReadSetting(m_section, QStringLiteral("Sort"), defaultSort());
+    if (m_sort.isEmpty())
+        m_sort = m_traits.emptySort;
     // The expression goes into the statement, so one that no column of this list gives is not taken from a file.
     if (!isKnownSort(m_sort))
         m_sort = defaultSort();
     markColumn(m_lastColumn, true);
+}
+
+bool KListPage::isSortable() const
+{
+    return std::any_of(m_columns.cbegin(), m_columns.cend(), [](const auto &column) { return !column.sortKey.isEmpty(); });
 }
 
 bool KListPage::isKnownSort(const QString &sort) const
@@ -313,7 +360,7 @@ bool KListPage::isKnownSort(const QString &sort) const
     const QString plain = sort.endsWith(descendingSuffix) ? sort.chopped(descendingSuffix.size()) : sort;
     if (plain.isEmpty())
         return false;
-    return plain == defaultSort()
+    return plain == defaultSort() || plain == m_traits.emptySort
         || std::any_of(m_columns.cbegin(), m_columns.cend(), [&](const auto &column) { return column.sortKey == plain; });
 }
 
@@ -407,6 +454,13 @@ void KListPage::selectListed(int key)
         m_list->selectKey(key);
 }
 
+void KListPage::emptyList()
+{
+    m_list->setRows({});
+    updateCommands();
+    updateCount();
+}
+
 void KListPage::updateCount()
 {
     m_count->setText(SuiteMessages::count(m_list->count()));
@@ -428,7 +482,7 @@ void KListPage::sortBy(int column)
     guarded([&] {
         m_sort = sort;
         try {
-            if (m_list->count() > 0)
+            if (m_list->count() > 0 || m_traits.sortsWithoutRows)
                 refill();
         } catch (...) {
             // A refused order is not kept: the list shows what it showed, in the order it had.
@@ -450,14 +504,24 @@ bool KListPage::loadSelected(KMySQL &record) const
 
 void KListPage::deleteSelected()
 {
-    if (m_selectMode || isChangeBlocked() || !CheckDeletionSecurity())
+    if ((m_selectMode && !m_traits.deletesInSelectMode) || isChangeBlocked() || !CheckDeletionSecurity())
         return;
-    const std::unique_ptr<KMySQL> record = makeRecords();
+    const std::unique_ptr<KMySQL> record = makeRecord();
     const int key = m_list->currentKey();
-    const int row = m_list->currentRow();
     if (!loadSelected(*record) || g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
         return;
     record->Delete();
+    recordDeleted(key);
+}
+
+std::unique_ptr<KMySQL> KListPage::makeRecord() const
+{
+    return makeRecords();
+}
+
+void KListPage::recordDeleted(int key)
+{
+    const int row = m_list->currentRow();
     m_list->removeKey(key);
     restoreSelection(row);
     updateCommands();
@@ -472,7 +536,7 @@ void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<
         g_pDlgWarning->Show(texts.refused, this);
         return;
     }
-    const std::unique_ptr<KMySQL> record = makeRecords();
+    const std::unique_ptr<KMySQL> record = makeRecord();
     if (!loadSelected(*record))
         return;
     if (record->value(u"iArchiveUserID").toInt() != 0) {
@@ -518,11 +582,12 @@ QString KListPage::countText() const
 
 int KListPage::rowLimit() const
 {
-    return m_rowLimit->integer();
+    return m_rowLimit ? m_rowLimit->integer() : 0;
 }
 
 void KListPage::setRowLimit(int rows)
 {
+    Q_ASSERT(m_rowLimit);
     m_rowLimit->setNumber(rows);
 }
 
@@ -547,8 +612,10 @@ void KListPage::OnClosing()
 {
     if (!m_opened)
         return;
-    WriteSetting(m_section, QStringLiteral("iLastCol"), m_lastColumn);
-    WriteSetting(m_section, QStringLiteral("Sort"), m_sort);
-    if (m_rowLimit->isEntryValid())
+    if (isSortable()) {
+        WriteSetting(m_section, QStringLiteral("iLastCol"), m_lastColumn);
+        WriteSetting(m_section, QStringLiteral("Sort"), m_sort);
+    }
+    if (m_rowLimit && m_rowLimit->isEntryValid())
         WriteSetting(m_section, QStringLiteral("iMaxRows"), rowLimit());
 }

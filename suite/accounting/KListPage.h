@@ -20,6 +20,7 @@ class KEdit;
 class KExtListCtrl;
 class KMySQL;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -33,7 +34,8 @@ struct KListCommand
         NotDisplayed = 8,     // exists, but is never shown
         NotAvailable = 16,    // stands in its place, always disabled
         StartsGroup = 32,     // a gap before it
-        PrintsList = 64       // the button has a menu beside it: the other ways to take the list out
+        PrintsList = 64,      // the button has a menu beside it: the other ways to take the list out
+        BesideSearch = 128    // stands beside the search button, not among the commands below the list
     };
 
     QString caption; // also its accessible name
@@ -61,6 +63,19 @@ struct KArchiveTexts
     QString done;
 };
 
+// Where a list differs from most. What stands here is how most lists are.
+struct KListTraits
+{
+    QString layoutSetting = {};  // settings section of the columns' widths and order; empty: the list's section + "\\List"
+    QString emptySort = {};      // order while the stored one is an empty text; empty: defaultSort()
+    bool hasRowLimit = true;     // false: every row is fetched and no limit is kept
+    int lowestRowLimit = 1;      // 0: that many means without a limit
+    bool hasSearchButton = true; // false: the filter's own controls refill the list
+    QString filterTitle = QStringLiteral("فيلتر جستجو");
+    bool sortsWithoutRows = false; // true: a title's click asks the database for its order even while the list is empty
+    bool deletesInSelectMode = false;
+};
+
 // Base page of the lists: filter, rows of one record set, commands. It owns what all lists share: the settings (row limit,
 // last column, sort), the sort mark and direction, keeping the selection, the count label, which commands are shown and
 // enabled, archiving and deleting. A list derives from it with its tables (columns, commands) and its few own steps, and
@@ -72,7 +87,7 @@ class TZACCOUNTING_EXPORT KListPage : public KDialogTabPage, protected KSecurity
     Q_OBJECT
 
 public:
-    // The form names the rights; the section the user's settings, where the list's columns are kept under section + "\\List".
+    // The form names the rights; the section the user's settings.
     KListPage(const QString &title, const QString &form, const QString &section, QWidget *parent = nullptr);
     ~KListPage() override;
 
@@ -94,8 +109,9 @@ public:
     QPushButton *button(const QString &caption) const;
     QString countText() const;
     QString sortExpression() const { return m_sort; }
+    // 0: no limit.
     int rowLimit() const;
-    // Of the next fill, 1 to 10000, as the user would type it.
+    // Of the next fill, up to 10000, as the user would type it.
     void setRowLimit(int rows);
 
     bool OnAccess() override;
@@ -108,7 +124,11 @@ protected:
     virtual std::vector<KListCommand> commands() = 0;
     // The filter's controls, in the grid of its group box; the base adds the row limit and the search button behind them.
     virtual void buildFilters(QGridLayout *grid) = 0;
+    virtual KListTraits traits() const { return {}; }
+    // What the list reads.
     virtual std::unique_ptr<KMySQL> makeRecords() const = 0;
+    // What deleting and archiving work on, loaded by its key: a list over a joined view gives the table's own class.
+    virtual std::unique_ptr<KMySQL> makeRecord() const;
     // Columns that the rows need; empty fetches all.
     virtual QStringList fetchedColumns() const { return {}; }
     // The run of clauses, each beginning with " AND "; the base takes the first " AND " off.
@@ -120,6 +140,8 @@ protected:
     virtual void completeRows(QVector<KListModel::Row> &) { }
     virtual QString defaultSort() const { return QStringLiteral("iID"); }
     virtual int defaultLastColumn() const { return 1; }
+    // A selected record is gone from the table. The list takes its row off; one that is to be read anew calls refill().
+    virtual void recordDeleted(int key);
     virtual void activated(int key) = 0;  // double click or Enter on a row, outside select mode
     virtual void modeApplied() { }        // the mode is known: shows and hides the list's own controls
     virtual void emptyAreaActivated() { } // double click beside the rows, outside select mode
@@ -135,9 +157,11 @@ protected:
     // Read-only mode or a closed database: nothing may be changed.
     bool isChangeBlocked() const;
     bool isReadOnlyMode() const { return m_readOnlyMode; }
+    bool isOpened() const { return m_opened; }
     // Loads the selected row by its key; false without a selection or when the row has vanished.
     bool loadSelected(KMySQL &record) const;
-    // Asks, deletes through the record's own Delete, takes the row off the list. Nothing without the right or in select mode.
+    // Asks, deletes through the record's own Delete, then recordDeleted. Nothing without the right, nor in select mode unless
+    // the list's traits say so.
     void deleteSelected();
     // Runs the statement on the selected record unless it is archived already; statement takes the loaded record.
     void archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive);
@@ -153,6 +177,8 @@ protected:
 
     // Selects the row with that key; without such a row the selection stays.
     void selectListed(int key);
+    // Takes all rows off the list, as if nothing had been found.
+    void emptyList();
 
     void showEvent(QShowEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -160,6 +186,7 @@ protected:
 
 private:
     void buildFilterBox();
+    void buildSearchRow(QGridLayout *grid);
     void buildCommands();
     QWidget *buildPrintMenu();
     void printList();
@@ -167,7 +194,11 @@ private:
     void addShortcut(const KListCommand &command, QPushButton *button);
     void applyMode();
     bool checkFilter();
+    void search();
     void readSettings();
+    void readOrder();
+    bool isSortable() const;
+    void firstFill();
     void updateCommands();
     void sortBy(int column);
     bool isKnownSort(const QString &sort) const;
@@ -184,6 +215,7 @@ private:
     };
 
     QString m_section;
+    KListTraits m_traits;
     bool m_readOnlyMode = false;
     bool m_selectMode = false;
     bool m_opened = false;
@@ -199,5 +231,6 @@ private:
     KEdit *m_rowLimit = nullptr;
     QLabel *m_count = nullptr;
     QWidget *m_filterBox = nullptr;
+    QHBoxLayout *m_searchRow = nullptr;
     QWidget *m_commandRow = nullptr;
 };

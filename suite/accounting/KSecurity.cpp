@@ -49,6 +49,7 @@ const QList<KSecurity::Form> &KSecurity::forms()
         {QStringLiteral("AutomobilReportSeasons"), QStringLiteral("گزارش فصلی"), false},
         {QStringLiteral("CarsAll"), QStringLiteral("نام خودرو"), false},
         {QStringLiteral("InputParameters"), QStringLiteral("پارامترهای ورودی"), false},
+        {QStringLiteral("AutomobilTariffs"), QStringLiteral("هزینه های تعرفه های محضر"), false},
         {QStringLiteral("Persons"), QStringLiteral("اشخاص"), false},
         {QStringLiteral("Factors"), QStringLiteral("فاکتورها"), false},
         {QStringLiteral("Services"), QStringLiteral("خدمات"), false},

@@ -121,6 +121,15 @@ constexpr const char *reportLayouts[] = {
     ", UNIQUE KEY layoutName (sGroup,sReport,sName), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
+// What is read again and again is the count of a user's due reminders, so that has the first index.
+constexpr const char *alarms[] = {
+    "CREATE TABLE IF NOT EXISTS Alarms (iID INT NOT NULL AUTO_INCREMENT, iTable INT DEFAULT 0"
+    ", iRecordID INT DEFAULT 0, iRecordID2 INT DEFAULT 0, iUserID INT DEFAULT 0, date DATETIME DEFAULT NULL"
+    ", sDesc VARCHAR(500) DEFAULT NULL, iStatus INT DEFAULT 0, bRepeat TINYINT DEFAULT 0"
+    ", dateTold DATETIME DEFAULT NULL, KEY userDue (iUserID,iStatus,date), KEY record (iTable,iRecordID)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
 // Invoices of services; the key of an invoice is its number.
 constexpr const char *invoices[] = {
     "CREATE TABLE IF NOT EXISTS Services (iID INT NOT NULL AUTO_INCREMENT, iCode INT NOT NULL"
@@ -157,9 +166,10 @@ constexpr Step steps[] = {
     {4, books},
     {5, relatedRecords},
     {6, reportLayouts},
-    {7, invoices},
-    {8, serviceAccounts},
-    {9, balanceKeys},
+    {7, alarms},
+    {8, invoices},
+    {9, serviceAccounts},
+    {10, balanceKeys},
 };
 
 const QString schemaSection = QStringLiteral("Schema");

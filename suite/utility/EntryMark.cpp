@@ -5,11 +5,11 @@
 
 #include <QApplication>
 #include <QHelpEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 #include <QToolTip>
 #include <QVariant>
+#include <QWidget>
 
 namespace {
 
@@ -25,7 +25,7 @@ QColor warningColor(const QPalette &palette)
     return palette.color(QPalette::Base).lightness() < 128 ? QColor(255, 128, 128) : QColor(190, 30, 30);
 }
 
-void paintEntryMark(QLineEdit *edit)
+void paintEntryMark(QWidget *edit)
 {
     QPainter painter(edit);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -33,7 +33,7 @@ void paintEntryMark(QLineEdit *edit)
     painter.drawRoundedRect(QRectF(edit->rect()).adjusted(1, 1, -1, -1), 2, 2);
 }
 
-void tellEntryError(QLineEdit *edit, const QString &error)
+void tellEntryError(QWidget *edit, const QString &error)
 {
     const QVariant kept = edit->property(ownDescription);
     const QString own = kept.isValid() ? kept.toString() : edit->accessibleDescription();
@@ -49,7 +49,7 @@ void tellEntryError(QLineEdit *edit, const QString &error)
     }
 }
 
-void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event)
+void showErrorToolTip(QWidget *edit, const QString &error, const QHelpEvent *event)
 {
     QToolTip::showText(event->globalPos(), error, edit);
 }

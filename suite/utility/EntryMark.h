@@ -8,18 +8,18 @@
 #include <QString>
 
 class QHelpEvent;
-class QLineEdit;
+class QWidget;
 
 // What the entry lines share in how they look, above all in showing that an entry is refused. Inside the library only.
 
 // A red that reads on the palette's base colour, light or dark.
 QColor warningColor(const QPalette &palette);
-// A frame in that red around the line, drawn over it.
-void paintEntryMark(QLineEdit *edit);
+// A frame in that red around the entry, drawn over it.
+void paintEntryMark(QWidget *edit);
 // Says why under the line while it has the focus, and to screen readers behind the line's own description; an empty
 // error takes that back.
-void tellEntryError(QLineEdit *edit, const QString &error);
+void tellEntryError(QWidget *edit, const QString &error);
 // The tool tip of a marked line is its error.
-void showErrorToolTip(QLineEdit *edit, const QString &error, const QHelpEvent *event);
+void showErrorToolTip(QWidget *edit, const QString &error, const QHelpEvent *event);
 // Colours of an entry line: what cannot be typed into lies in the window's colour. For lines in the program's colours.
 QPalette entryPalette(bool readOnly);

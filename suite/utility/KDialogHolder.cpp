@@ -8,14 +8,14 @@
 
 #include "suite/utility/KDialogTabPage.h"
 
-KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent)
+KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent, const QString &okCaption, const QString &cancelCaption)
     : KDialog(parent)
     , m_page(page)
 {
     setWindowTitle(page->title());
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(page, 1);
-    layout->addWidget(createButtons());
+    layout->addWidget(createButtons(okCaption, cancelCaption));
     connect(page, &KDialogTabPage::titleChanged, this, &QWidget::setWindowTitle);
     connect(page, &KDialogTabPage::okRequested, this, &KDialogHolder::accept);
     connect(page, &KDialogTabPage::closeRequested, this, &KDialogHolder::reject);

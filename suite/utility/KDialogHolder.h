@@ -13,7 +13,9 @@ class TZUTILITY_EXPORT KDialogHolder : public KDialog
     Q_OBJECT
 
 public:
-    explicit KDialogHolder(KDialogTabPage *page, QWidget *parent = nullptr);
+    // The captions are those of createButtons.
+    explicit KDialogHolder(KDialogTabPage *page, QWidget *parent = nullptr, const QString &okCaption = defaultOkCaption(),
+                           const QString &cancelCaption = defaultCancelCaption());
 
     KDialogTabPage *page() const { return m_page; }
 

@@ -115,6 +115,9 @@ void KExtListCtrl::setColumns(const QVector<KListModel::Column> &columns)
     m_applyingLayout = true;
     m_userLayout = false;
     m_model->setColumns(columns);
+    // Without this a column of no width would come back as narrow as the header lets one be.
+    for (int i = 0; i < columns.size(); ++i)
+        header()->setSectionHidden(i, columns[i].width == 0);
     m_applyingLayout = false;
     fitColumns();
     applyLayout();
@@ -307,7 +310,10 @@ void KExtListCtrl::copyRow() const
     if (row < 0)
         return;
     QStringList texts;
-    for (int visual = 0; visual < header()->count(); ++visual)
-        texts.append(cellText(row, header()->logicalIndex(visual)));
+    for (int visual = 0; visual < header()->count(); ++visual) {
+        const int column = header()->logicalIndex(visual);
+        if (!header()->isSectionHidden(column))
+            texts.append(cellText(row, column));
+    }
     QApplication::clipboard()->setText(texts.join(QLatin1Char('\t')));
 }

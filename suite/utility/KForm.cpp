@@ -6,6 +6,7 @@
 #include "auto/db/KMySQL.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
+#include "suite/utility/KTextArea.h"
 #include "suite/utility/Money.h"
 
 #include <QCheckBox>
@@ -51,6 +52,28 @@ void setComboText(QComboBox &combo, const QString &text)
 {
     combo.setCurrentIndex(combo.findText(text));
     combo.setEditText(text);
+}
+
+int comboKey(const QComboBox &combo)
+{
+    return combo.currentData().toInt();
+}
+
+void setComboKey(QComboBox &combo, int key)
+{
+    const int position = combo.findData(key);
+    if (position < 0 && key != 0)
+        combo.addItem(QStringLiteral("حذف شده"), key);
+    combo.setCurrentIndex(position < 0 && key != 0 ? combo.count() - 1 : position);
+}
+
+// No more lines than the page gives: a text of several lines is read by scrolling.
+KTextArea *makeLongText(int limit, QWidget *page)
+{
+    auto *area = new KTextArea(page);
+    area->setMaxLength(limit);
+    area->setFixedHeight(area->sizeHint().height());
+    return area;
 }
 
 // An editable drop-down hands the focus to its own entry line, so a screen reader says that one's name.
@@ -102,7 +125,10 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         return new KDateEdit(page);
     case KFormField::Kind::Flag:
         return new QCheckBox(field.label, page);
+    case KFormField::Kind::LongText:
+        return makeLongText(textLimit(field, record), page);
     case KFormField::Kind::Choice:
+    case KFormField::Kind::Lookup:
     case KFormField::Kind::EditableChoice: {
         auto *combo = new QComboBox(page);
         combo->setFocusPolicy(Qt::StrongFocus);
@@ -201,6 +227,13 @@ QCheckBox *KForm::checkBox(const QString &column) const
     return box;
 }
 
+KTextArea *KForm::longText(const QString &column) const
+{
+    auto *area = qobject_cast<KTextArea *>(control(column));
+    Q_ASSERT(area);
+    return area;
+}
+
 QLabel *KForm::label(const QString &column) const
 {
     return item(column).label;
@@ -209,8 +242,11 @@ QLabel *KForm::label(const QString &column) const
 void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span)
 {
     const Item &placed = item(column);
-    if (placed.label)
-        grid->addWidget(placed.label, row, gridColumn);
+    if (placed.label) {
+        // Beside the first of several lines.
+        const bool isTall = placed.field.kind == KFormField::Kind::LongText;
+        grid->addWidget(placed.label, row, gridColumn, isTall ? Qt::AlignTop : Qt::Alignment());
+    }
     grid->addWidget(placed.control, row, gridColumn + 1, 1, span);
     if (placed.words)
         grid->addWidget(placed.words, row + 1, gridColumn + 1, 1, span);
@@ -256,6 +292,28 @@ void KForm::setChoices(const QString &column, const QStringList &choices)
     setComboText(*combo, text);
 }
 
+int KForm::key(const QString &column) const
+{
+    return comboKey(*comboBox(column));
+}
+
+void KForm::setKey(const QString &column, int key)
+{
+    setComboKey(*comboBox(column), key);
+}
+
+void KForm::setCompletions(const QString &column, const QStringList &texts)
+{
+    if (auto *area = qobject_cast<KTextArea *>(control(column))) {
+        area->setCompletions(texts);
+        return;
+    }
+    auto *completer = new QCompleter(texts, edit(column));
+    completer->setFilterMode(Qt::MatchContains);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    edit(column)->setCompleter(completer);
+}
+
 void KForm::load(KMySQL &record)
 {
     for (const Item &item : std::as_const(m_items)) {
@@ -272,6 +330,12 @@ void KForm::load(KMySQL &record)
             break;
         case KFormField::Kind::EditableChoice:
             setComboText(*qobject_cast<QComboBox *>(item.control), value.toString());
+            break;
+        case KFormField::Kind::Lookup:
+            setComboKey(*qobject_cast<QComboBox *>(item.control), value.toInt());
+            break;
+        case KFormField::Kind::LongText:
+            qobject_cast<KTextArea *>(item.control)->setText(value.toString());
             break;
         case KFormField::Kind::Text:
             qobject_cast<KEdit *>(item.control)->setText(value.toString());
@@ -300,6 +364,12 @@ void KForm::store(KMySQL &record) const
             break;
         case KFormField::Kind::EditableChoice:
             value = qobject_cast<QComboBox *>(item.control)->currentText();
+            break;
+        case KFormField::Kind::Lookup:
+            value = comboKey(*qobject_cast<QComboBox *>(item.control));
+            break;
+        case KFormField::Kind::LongText:
+            value = qobject_cast<KTextArea *>(item.control)->text();
             break;
         case KFormField::Kind::Text:
             value = qobject_cast<KEdit *>(item.control)->text();
@@ -330,6 +400,8 @@ void KForm::applyReadOnly(const Item &item)
     const bool readOnly = m_showMode || item.readOnly;
     if (auto *line = qobject_cast<QLineEdit *>(item.control))
         line->setReadOnly(readOnly);
+    else if (auto *area = qobject_cast<KTextArea *>(item.control))
+        area->setReadOnly(readOnly);
     else
         item.control->setEnabled(!readOnly);
 }
@@ -344,6 +416,8 @@ std::optional<KForm::Problem> KForm::firstInvalid() const
             error = edit->entryError();
         else if (const auto *date = qobject_cast<KDateEdit *>(item.control))
             error = date->entryError();
+        else if (const auto *area = qobject_cast<KTextArea *>(item.control))
+            error = area->entryError();
         if (!error.isEmpty())
             return Problem{item.control, error};
     }

@@ -16,6 +16,7 @@
 class KDateEdit;
 class KEdit;
 class KMySQL;
+class KTextArea;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
@@ -27,12 +28,14 @@ struct KFormField
 {
     enum class Kind {
         Text,           // limited to its column's length unless maxLength says less
+        LongText,       // the same over several lines
         Money,          // unsigned money
         Percent,        // 0 to 100
         Integer,        // whole number, 0 and above unless a range is given
         Date,           // Shamsi date; empty is the empty date
         Choice,         // drop-down; the position is stored
         EditableChoice, // drop-down with free text; the text is stored
+        Lookup,         // drop-down that the page fills; the entry's data is stored, a key; 0 when nothing is chosen
         Flag            // check box, stored as 0 or 1; the label is its caption
     };
 
@@ -73,6 +76,7 @@ public:
     KDateEdit *dateEdit(const QString &column) const;
     QComboBox *comboBox(const QString &column) const;
     QCheckBox *checkBox(const QString &column) const;
+    KTextArea *longText(const QString &column) const;
     QLabel *label(const QString &column) const;
 
     // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
@@ -87,6 +91,13 @@ public:
     void setLabel(const QString &column, const QString &label);
     // What an EditableChoice offers from now on; its text stays.
     void setChoices(const QString &column, const QStringList &choices);
+    // The key that a Lookup stands on. One that the drop-down does not offer, as of a value that was deleted, gets an entry of
+    // its own, so that saving keeps it.
+    int key(const QString &column) const;
+    void setKey(const QString &column, int key);
+
+    // Texts that a Text or LongText offers while a part of one is typed.
+    void setCompletions(const QString &column, const QStringList &texts);
 
     void load(KMySQL &record);
     // Writes every control that is in use back into its member, those not displayed as well.

@@ -25,7 +25,7 @@ public:
     {
         QString title;
         Qt::Alignment alignment = Qt::AlignRight; // as it is seen, not mirrored
-        int width = 80;                           // dialog units: quarters of the font's average character
+        int width = 80;                           // dialog units: quarters of the font's average character; 0: not shown
         QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
     };

@@ -19,8 +19,9 @@ never() {
 folder=$1
 [ -n "$(needed "$folder" TzDB)" ] || fault "no link list could be read in $folder"
 never TzDB '^(Qt6(Gui|Widgets|Network|Svg)|Tz)'
-never TzUtility '^(Tz(Accounting|CRM|Auto)|sodium)'
-never TzAccounting '^Tz(CRM|Auto)'
-never TzCRM '^(TzAuto|mariadb|icu)'
+never TzUtility '^(Tz(Accounting|CRM|Image|Auto)|sodium)'
+never TzAccounting '^Tz(CRM|Image|Auto)'
+never TzCRM '^(TzAuto|TzImage|mariadb|icu)'
+never TzImage '^(TzAuto|TzCRM|mariadb|icu)'
 never TzAuto '^(mariadb|sodium|icu)'
 finish

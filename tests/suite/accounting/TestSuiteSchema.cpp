@@ -64,6 +64,7 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("Factors", "iID,iType,iStatus,iPersonID,iDepartmentID,date,sDesc,dAmount,dDiscount,dTax,dImposition,iDocNum,"
                    "iFiscalYear,iUserID");
     row("FactorStuffs", "iID,iFactorNum,iType,iKind,iServiceID,sDesc,dCount,dPrice,dAmount,iDepartmentID");
+    row("Alarms", "iID,iTable,iRecordID,iRecordID2,iUserID,date,sDesc,iStatus,bRepeat,dateTold");
 }
 
 void TestSuiteSchema::freshDatabaseHoldsEveryTable()

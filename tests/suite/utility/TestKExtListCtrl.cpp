@@ -71,6 +71,7 @@ private Q_SLOTS:
     void layoutOfOtherColumnsIsNotTaken_data();
     void layoutOfOtherColumnsIsNotTaken();
     void untouchedColumnsShareTheListsWidth();
+    void columnOfNoWidthIsNotShown();
     void nothingIsKeptWithoutAName();
     void copiedTextIsPlain();
     void datesAndNumbersAreDrawnLeftToRight();
@@ -338,6 +339,30 @@ void TestKExtListCtrl::untouchedColumnsShareTheListsWidth()
     m_list->resize(natural * 2, 300);
     QCoreApplication::processEvents();
     QCOMPARE(m_list->header()->sectionSize(1), 77);
+}
+
+// Nor after its width was kept, nor in what is copied; the cell is there all the same.
+void TestKExtListCtrl::columnOfNoWidthIsNotShown()
+{
+    const QString setting = QStringLiteral("AutomobilInformations\\List");
+    auto withHidden = columns;
+    withHidden[1].width = 0;
+    for (int opening = 0; opening < 2; ++opening) {
+        KExtListCtrl list;
+        list.resize(600, 200);
+        list.setColumns(withHidden);
+        list.SetSettingName(setting);
+        list.setRows(rows(1));
+        list.show();
+        QVERIFY(list.isColumnHidden(1));
+        QCOMPARE(list.header()->sectionSize(1), 0);
+        QCOMPARE(list.cellText(0, 1), QStringLiteral("شخص 1"));
+        list.selectRow(0);
+        QTest::keySequence(&list, QKeySequence::Copy);
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("1\t1405/08/30\t-1"));
+        list.header()->resizeSection(0, 77 + opening);
+    }
+    QVERIFY(!ReadSetting(setting, QStringLiteral("sWidths"), QString()).isEmpty());
 }
 
 void TestKExtListCtrl::nothingIsKeptWithoutAName()

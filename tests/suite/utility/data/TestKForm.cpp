@@ -3,6 +3,7 @@
 
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
+#include "suite/utility/KTextArea.h"
 #include "suite/utility/KForm.h"
 #include "suite/utility/TabOrder.h"
 #include "tests/auto/db/SampleRecord.h"
@@ -10,6 +11,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCompleter>
 #include <QGridLayout>
 #include <QLabel>
 #include <QTest>
@@ -85,6 +87,25 @@ private Q_SLOTS:
         QCOMPARE(other.m_iUserID, 2);
     }
 
+    void storedTextsAreOfferedWhateverPartOfThemIsTyped()
+    {
+        SampleRecord record;
+        QWidget page;
+        KFormField paragraph{note, QStringLiteral("یادداشت :"), Kind::LongText};
+        KForm form({{name, QStringLiteral("نام :")}, paragraph}, record, &page);
+        const QStringList texts = {QStringLiteral("Alpha one"), QStringLiteral("beta two"), QStringLiteral("gamma one")};
+        form.setCompletions(name, texts);
+        form.setCompletions(note, texts);
+        for (QCompleter *completer : {form.edit(name)->completer(), form.longText(note)->completer()}) {
+            completer->setCompletionPrefix(QStringLiteral("ONE"));
+            QCOMPARE(completer->completionCount(), 2);
+            QCOMPARE(completer->currentCompletion(), texts.at(0));
+        }
+        // Filled anew, only the new texts are offered.
+        form.setCompletions(note, {QStringLiteral("other one")});
+        QCOMPARE(form.longText(note)->completer()->completionCount(), 1);
+    }
+
     void emptyDateAndNoChoiceAreStoredAsEmptyAndZero()
     {
         SampleRecord record;
@@ -98,6 +119,65 @@ private Q_SLOTS:
         form.store(other);
         QVERIFY(!other.m_date.isValid());
         QCOMPARE(other.m_iUserID, 0);
+    }
+
+    void lookupStoresTheKeyOfItsEntry()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{user, QStringLiteral("رنگ :"), Kind::Lookup}}, record, &page);
+        form.comboBox(user)->addItem(QStringLiteral("-"), 0);
+        form.comboBox(user)->addItem(QStringLiteral("سفید"), 40);
+        form.comboBox(user)->addItem(QStringLiteral("سیاه"), 7);
+        record.m_iUserID = 7;
+        form.load(record);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("سیاه"));
+        QCOMPARE(form.key(user), 7);
+        form.setKey(user, 40);
+        form.store(record);
+        QCOMPARE(record.m_iUserID, 40);
+        form.setKey(user, 0);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("-"));
+        form.comboBox(user)->setCurrentIndex(-1);
+        form.store(record);
+        QCOMPARE(record.m_iUserID, 0);
+    }
+
+    void lookupKeepsAKeyThatItDoesNotOffer()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{user, QStringLiteral("رنگ :"), Kind::Lookup}}, record, &page);
+        form.comboBox(user)->addItem(QStringLiteral("-"), 0);
+        record.m_iUserID = 99;
+        form.load(record);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("حذف شده"));
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_iUserID, 99);
+    }
+
+    void longTextKeepsItsLinesAndIsLimitedToItsColumn()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{name, QStringLiteral("توضيحات :"), Kind::LongText}}, record, &page);
+        record.m_sName = QStringLiteral("یک\nدو");
+        form.load(record);
+        QCOMPARE(form.longText(name)->toPlainText(), record.m_sName);
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_sName, record.m_sName);
+        QVERIFY(!form.firstInvalid());
+        form.longText(name)->setPlainText(QStringLiteral("12345678901"));
+        const auto problem = form.firstInvalid();
+        QVERIFY(problem);
+        QCOMPARE(problem->widget, form.control(name));
+        QVERIFY(problem->message.contains(QStringLiteral("11")));
+        form.longText(name)->setPlainText(QStringLiteral("1234567890"));
+        QVERIFY(!form.firstInvalid());
+        form.setShowMode(true);
+        QVERIFY(form.longText(name)->isReadOnly());
     }
 
     void showModeMakesEveryControlReadOnlyAndEndsAsTheFieldsSay()

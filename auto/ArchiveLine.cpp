@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/ArchiveLine.h"
+
+#include "auto/db/KLookup.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+ArchiveLine::ArchiveLine(QWidget *parent)
+    : QWidget(parent)
+    , m_user(new QLabel(this))
+    , m_date(new QLabel(this))
+{
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(new QLabel(QStringLiteral("کاربر بايگاني کننده :"), this));
+    row->addWidget(m_user);
+    row->addSpacing(24);
+    row->addWidget(new QLabel(QStringLiteral("تاريخ بايگاني :"), this));
+    row->addWidget(m_date);
+    row->addStretch(1);
+}
+
+void ArchiveLine::showArchived(int userID, const QDateTime &date)
+{
+    m_user->setText(KLookup::name(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"), userID));
+    m_date->setText(userID != 0 ? shamsiText(date.date()) : QString());
+}

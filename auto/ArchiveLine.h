@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QWidget>
+
+class QDateTime;
+class QLabel;
+
+// The line of an editor's page that tells who archived the record, and when; empty for one that is not archived.
+class ArchiveLine final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ArchiveLine(QWidget *parent = nullptr);
+
+    // The key of a user, 0 for none.
+    void showArchived(int userID, const QDateTime &date);
+
+private:
+    QLabel *m_user;
+    QLabel *m_date;
+};

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/CDlgRecordEditor.h"
+
+#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/utility/KTabPageButtons.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+CDlgRecordEditor::CDlgRecordEditor(int key, EditorMode mode, QWidget *parent)
+    : KDialog(parent)
+    , m_key(key)
+    , m_mode(mode)
+{
+    buildFrame();
+    // All of the first page in sight where the screen allows it; later as the user left it.
+    resize(QSize(1200, 800).boundedTo(screen()->availableSize() - QSize(40, 60)));
+}
+
+void CDlgRecordEditor::buildFrame()
+{
+    m_tabs = new KTabPageButtons(this);
+    m_active = new QCheckBox(QStringLiteral("فعال"), this);
+    m_active->setEnabled(!isShowMode());
+    m_buttons = createButtons();
+
+    m_commands = new QHBoxLayout;
+    auto *bottom = new QHBoxLayout;
+    bottom->addWidget(m_active);
+    bottom->addSpacing(12);
+    bottom->addLayout(m_commands);
+    bottom->addStretch(1);
+    bottom->addWidget(m_buttons);
+    m_lastCommand = m_active;
+    m_unarchive = addCommand(QStringLiteral("برگشت از بايگاني"), [this] { unarchive(); });
+    m_lastCommand = m_active;
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_tabs, 1);
+    layout->addLayout(bottom);
+}
+
+QPushButton *CDlgRecordEditor::addCommand(const QString &caption, const std::function<void()> &work)
+{
+    auto *button = new QPushButton(caption, this);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, work] { run(work); });
+    // "برگشت از بايگاني", which most records do not show, stays behind the window's own.
+    m_commands->insertWidget(qMax(0, m_commands->count() - 1), button);
+    setTabOrder(m_lastCommand, button);
+    m_lastCommand = button;
+    return button;
+}
+
+void CDlgRecordEditor::run(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+int CDlgRecordEditor::addPage(KDialogTabPage *page, const QString &title)
+{
+    const int index = m_tabs->addPage(page, title);
+    connect(page, &KDialogTabPage::frontRequested, m_tabs, [this, index] { m_tabs->setCurrentIndex(index); });
+    return index;
+}
+
+void CDlgRecordEditor::addFilesPage(CTblFileDocs::Scope scope, int recordKind, const QString &title)
+{
+    auto *files = new CDlgFileDocs(scope, m_tabs);
+    files->bind(recordKind, m_key);
+    files->setReadOnly(isShowMode());
+    addPage(files, title);
+}
+
+void CDlgRecordEditor::showState(int status, int archiveUserID)
+{
+    m_active->setChecked(status == 0);
+    m_unarchive->setVisible(archiveUserID != 0 && !GetDBSetting()->IsClosedDB());
+}
+
+int CDlgRecordEditor::chosenStatus() const
+{
+    return m_active->isChecked() ? 0 : 1;
+}
+
+bool CDlgRecordEditor::OnOK()
+{
+    if (isShowMode())
+        return false;
+    bool done = false;
+    // Whatever goes wrong, what was typed stays in the window.
+    run([&] {
+        GetDBSetting()->RequireOpenDB();
+        done = validatePages() && save();
+    });
+    if (done)
+        saved();
+    return done;
+}
+
+void CDlgRecordEditor::unarchive()
+{
+    if (!takeOutOfArchive())
+        return;
+    m_refresh = true;
+    reject();
+}

@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/EditorPage.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblFileDocs.h"
+#include "suite/utility/KDialog.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <functional>
+
+class KTabPageButtons;
+class QCheckBox;
+class QDialogButtonBox;
+class QHBoxLayout;
+class QPushButton;
+
+// Base of the windows in which one record of the module is written, changed or shown: a row of tabs over the record's
+// pages, and below them "فعال", the window's own commands, "برگشت از بايگاني", "تاييد" and "انصراف". A derived window
+// names its pages, says how the record leaves the archive, and saves by saveRecord.
+class CDlgRecordEditor : public KDialog
+{
+    Q_OBJECT
+
+public:
+    EditorMode mode() const { return m_mode; }
+    bool isShowMode() const { return m_mode == EditorMode::Show; }
+    int key() const { return m_key; }
+    // The record was changed on the way (taken out of the archive), whether or not the window was confirmed.
+    bool refreshNeeded() const { return m_refresh; }
+
+    KTabPageButtons *tabs() const { return m_tabs; }
+    QPushButton *unarchiveButton() const { return m_unarchive; }
+    QCheckBox *activeBox() const { return m_active; }
+    // Takes the record out of the archive and closes the window as cancelled.
+    void unarchive();
+
+protected:
+    CDlgRecordEditor(int key, EditorMode mode, QWidget *parent);
+
+    // A button beside "فعال"; it comes before "برگشت از بايگاني". What its work throws is shown.
+    QPushButton *addCommand(const QString &caption, const std::function<void()> &work);
+    int addPage(KDialogTabPage *page, const QString &title);
+    void addFilesPage(CTblFileDocs::Scope scope, int recordKind, const QString &title);
+    QDialogButtonBox *buttons() const { return m_buttons; }
+    // Sets "فعال" and "برگشت از بايگاني" by the record's state.
+    void showState(int status, int archiveUserID);
+    int chosenStatus() const;
+    // Runs what a button or signal asks for; an error is shown and the window stays.
+    void run(const std::function<void()> &work);
+
+    bool OnOK() override;
+    // False after the user has been told why.
+    [[nodiscard]] virtual bool validatePages() = 0;
+    // False when there is nothing to save any more, or the user has been told why not.
+    [[nodiscard]] virtual bool save() = 0;
+    // The record is saved for good.
+    virtual void saved() { }
+    // The unarchive command up to its message. False when the user may not.
+    [[nodiscard]] virtual bool takeOutOfArchive() = 0;
+
+    template <class Record>
+    [[nodiscard]] bool loadRecord(Record &record) const
+    {
+        return record.IsRecordExist(QStringLiteral("iID"), m_key, 0, QString());
+    }
+
+    template <class Record>
+    [[nodiscard]] static bool validateInOrder(const QList<EditorPage<Record> *> &pages)
+    {
+        return std::ranges::all_of(pages, [](EditorPage<Record> *page) { return page->validate(); });
+    }
+
+    // Lets the pages write the record as it is now, in one transaction, with what more belongs to it. A record that nobody
+    // has saved yet becomes the current user's. False when it is gone.
+    template <class Record>
+    [[nodiscard]] bool saveRecord(const QList<EditorPage<Record> *> &pages, const std::function<void()> &more = {})
+    {
+        const KWaitCursor wait;
+        bool saved = false;
+        KTransaction::runReplayable([&] {
+            saved = false;
+            Record record;
+            if (!loadRecord(record))
+                return;
+            record.Edit();
+            if (record.m_iUserID == 0)
+                record.m_iUserID = GetDBSetting()->GetUserID();
+            record.m_iStatus = chosenStatus();
+            for (EditorPage<Record> *page : pages)
+                page->write(record);
+            record.Update(true);
+            if (more)
+                more();
+            saved = true;
+        });
+        return saved;
+    }
+
+private:
+    void buildFrame();
+
+    int m_key;
+    EditorMode m_mode;
+    bool m_refresh = false;
+    KTabPageButtons *m_tabs = nullptr;
+    QHBoxLayout *m_commands = nullptr;
+    QCheckBox *m_active = nullptr;
+    QDialogButtonBox *m_buttons = nullptr;
+    QPushButton *m_unarchive = nullptr;
+    QWidget *m_lastCommand = nullptr;
+};

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/EditorPage.h"
+
+#include "suite/accounting/KMessageDialog.h"
+
+EditorTabPage::EditorTabPage(EditorMode mode, const QString &title, QWidget *parent)
+    : KDialogTabPage(parent)
+    , m_mode(mode)
+{
+    setTitle(title);
+}
+
+bool EditorTabPage::refuse(const QString &message, QWidget *field)
+{
+    Q_EMIT frontRequested();
+    g_pDlgWarning->Show(message, this);
+    field->setFocus(Qt::TabFocusReason);
+    return false;
+}
+
+bool EditorTabPage::refuseEntry(const KForm::Problem &problem)
+{
+    return refuse(problem.widget->accessibleName() + u' ' + problem.message, problem.widget);
+}

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/KForm.h"
+
+enum class EditorMode {
+    New,
+    Edit,
+    Show
+};
+
+// What the pages of every editor share: the mode, and the way in which something wrong is told.
+class EditorTabPage : public KDialogTabPage
+{
+    Q_OBJECT
+
+public:
+    EditorTabPage(EditorMode mode, const QString &title, QWidget *parent);
+
+    EditorMode mode() const { return m_mode; }
+    bool isShowMode() const { return m_mode == EditorMode::Show; }
+
+protected:
+    // Comes to the front, tells it, goes to the field, and gives false.
+    bool refuse(const QString &message, QWidget *field);
+    // The same for an entry of the form; the message begins with the field's name.
+    bool refuseEntry(const KForm::Problem &problem);
+
+private:
+    EditorMode m_mode;
+};
+
+// What an editor asks of each of its own pages.
+template <class Record>
+class EditorPage : public EditorTabPage
+{
+public:
+    using EditorTabPage::EditorTabPage;
+
+    // Shows the loaded record.
+    virtual void fill(Record &record) = 0;
+    // False after the page has told what is wrong and gone to the field.
+    [[nodiscard]] virtual bool validate() = 0;
+    // Sets the page's own columns of a record that is open for editing, inside the transaction that saves it; may run again
+    // when that is replayed. What it throws ends the save, and nothing of it is kept.
+    virtual void write(Record &record) = 0;
+    // The record is saved for good.
+    virtual void saved() { }
+};

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+class QWidget;
+
+// "متقاضیان": the demands, not archived and active, that a car fits, best first.
+class CDlgMatchingDemands
+{
+public:
+    // Modal. Does nothing for a car that is gone, and tells a user who may not open the list of demands.
+    static void Show(int carID, QWidget *parent);
+};

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CDlgAddInputParameter.h"
+
+#include "auto/catalog/InputParameterValues.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int longestName = 50;
+
+}
+
+CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QString &name, const QString &caption,
+                                             QWidget *parent)
+    : KDialog(parent)
+    , m_itemID(itemID)
+    , m_itemType(itemType)
+    , m_name(new KEdit(this))
+{
+    setWindowTitle(caption + (itemID == 0 ? QStringLiteral(" - جدید") : QStringLiteral(" - ویرایش")));
+    auto *label = new QLabel(QStringLiteral("نام :"), this);
+    label->setBuddy(m_name);
+    m_name->setAccessibleName(label->text());
+    m_name->setMaxLength(longestName);
+    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+    m_name->setText(name);
+    m_name->selectAll();
+
+    auto *line = new QHBoxLayout;
+    line->addWidget(label);
+    line->addWidget(m_name, 1);
+    line->addWidget(new QLabel(QStringLiteral("*"), this));
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(line);
+    layout->addStretch(1);
+    layout->addWidget(createButtons());
+}
+
+QString CDlgAddInputParameter::name() const
+{
+    return m_name->text().trimmed();
+}
+
+bool CDlgAddInputParameter::refuse(const QString &message)
+{
+    g_pDlgWarning->Show(message, this);
+    m_name->setFocus();
+    return false;
+}
+
+bool CDlgAddInputParameter::OnOK()
+{
+    if (name().isEmpty())
+        return refuse(QStringLiteral("لطفا نام را وارد نماید."));
+    GetDBSetting()->RequireOpenDB();
+    if (InputParameterValues::isNameTaken(name(), m_itemID))
+        return refuse(QStringLiteral("این نام قبلا ثبت شده است."));
+    if (m_itemID == 0)
+        m_itemID = InputParameterValues::add(m_itemType, name());
+    else
+        InputParameterValues::rename(m_itemID, name());
+    return true;
+}

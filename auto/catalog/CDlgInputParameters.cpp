@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CDlgInputParameters.h"
+
+#include "auto/catalog/CDlgAddInputParameter.h"
+#include "suite/accounting/CTblItems.h"
+#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/KExtListCtrl.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QRadioButton>
+
+namespace {
+
+constexpr int optionsPerRow = 5;
+
+QString editCaption()
+{
+    return QStringLiteral("ويرايش");
+}
+
+int run(KDialogHolder &window)
+{
+    window.resize(640, 560);
+    window.SetSettingName(QStringLiteral("InputParameters\\Window"));
+    return window.exec();
+}
+
+}
+
+CDlgInputParameters::CDlgInputParameters(int option, QWidget *parent)
+    : KListPage(QStringLiteral("پارامترهاي ورودي"), QStringLiteral("InputParameters"), QStringLiteral("InputParameters"), parent)
+{
+    build();
+    if (QRadioButton *button = optionButton(option))
+        button->setChecked(true);
+    connect(m_options, &QButtonGroup::idToggled, this, [this](int, bool on) {
+        if (on && isOpened())
+            guarded([this] { refill(); });
+    });
+}
+
+CDlgInputParameters::~CDlgInputParameters() = default;
+
+int CDlgInputParameters::Select(QWidget *parent, int option, int current)
+{
+    auto *page = new CDlgInputParameters(option);
+    page->setSelectMode(true, current);
+    KDialogHolder window(page, parent, QStringLiteral("انتخاب"));
+    return run(window) == QDialog::Accepted ? page->chosenKey() : 0;
+}
+
+void CDlgInputParameters::Open(QWidget *parent, int option)
+{
+    KDialogHolder window(new CDlgInputParameters(option), parent, QStringLiteral("بازگشت"));
+    run(window);
+}
+
+int CDlgInputParameters::option() const
+{
+    return m_options->checkedId();
+}
+
+void CDlgInputParameters::setOption(int option)
+{
+    if (QRadioButton *button = optionButton(option))
+        button->setChecked(true);
+}
+
+QRadioButton *CDlgInputParameters::optionButton(int option) const
+{
+    return static_cast<QRadioButton *>(m_options->button(option));
+}
+
+QVector<KListModel::Column> CDlgInputParameters::listColumns() const
+{
+    return {
+        {QStringLiteral("ردیف"), Qt::AlignCenter, 40, {}},
+        {QStringLiteral("نام"), Qt::AlignRight, 170, {}},
+    };
+}
+
+KListTraits CDlgInputParameters::traits() const
+{
+    KListTraits traits;
+    traits.hasRowLimit = false;
+    traits.hasSearchButton = false;
+    traits.filterTitle.clear();
+    return traits;
+}
+
+std::vector<KListCommand> CDlgInputParameters::commands()
+{
+    using C = KListCommand;
+    constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
+    return {
+        {QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
+         QStringLiteral(":/icons/new.svg")},
+        {editCaption(), onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("حذف"), onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+         QStringLiteral(":/icons/delete.svg")},
+    };
+}
+
+void CDlgInputParameters::buildFilters(QGridLayout *grid)
+{
+    m_options = new QButtonGroup(this);
+    for (int option = 0; option < InputParameters::optionCount; ++option) {
+        auto *button = new QRadioButton(InputParameters::caption(option), grid->parentWidget());
+        m_options->addButton(button, option);
+        grid->addWidget(button, option / optionsPerRow, option % optionsPerRow);
+    }
+}
+
+std::unique_ptr<KMySQL> CDlgInputParameters::makeRecords() const
+{
+    return std::make_unique<CTblItems>();
+}
+
+QStringList CDlgInputParameters::fetchedColumns() const
+{
+    return {QStringLiteral("sName")};
+}
+
+QString CDlgInputParameters::filterClauses() const
+{
+    return InputParameters::valuesFilter(option());
+}
+
+KListModel::Row CDlgInputParameters::makeRow(KMySQL &record, int number)
+{
+    const auto &item = static_cast<const CTblItems &>(record);
+    return {item.m_iID, {{QString::number(number), number}, {item.m_sName}}};
+}
+
+// As the drop-downs offer them.
+QString CDlgInputParameters::defaultSort() const
+{
+    return QStringLiteral("sName,iID");
+}
+
+// Who was asked for a colour is not to come back with a capacity.
+void CDlgInputParameters::modeApplied()
+{
+    for (QAbstractButton *button : m_options->buttons())
+        button->setEnabled(!isSelectMode() || option() < 0 || button->isChecked());
+}
+
+void CDlgInputParameters::addValue()
+{
+    if (isChangeBlocked() || !InputParameters::isOption(option()) || !CheckWriteSecurity())
+        return;
+    CDlgAddInputParameter editor(0, InputParameters::itemType(option()), {}, InputParameters::caption(option()), this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    refill();
+    selectListed(editor.itemID());
+}
+
+void CDlgInputParameters::editValue()
+{
+    CTblItems item;
+    if (isChangeBlocked() || !CheckModifySecurity() || !loadSelected(item))
+        return;
+    CDlgAddInputParameter editor(item.m_iID, item.m_iType, item.m_sName, InputParameters::caption(option()), this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    refill();
+    selectListed(item.m_iID);
+}
+
+void CDlgInputParameters::recordDeleted(int)
+{
+    refill();
+}
+
+void CDlgInputParameters::activated(int)
+{
+    runCommand(editCaption());
+}
+
+QWidget *CDlgInputParameters::firstFilterControl() const
+{
+    return m_options->checkedButton() ? m_options->checkedButton() : m_options->button(0);
+}

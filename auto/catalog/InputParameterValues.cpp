@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/InputParameterValues.h"
+
+#include "suite/accounting/CTblItems.h"
+
+namespace InputParameterValues {
+
+bool isNameTaken(const QString &name, int exceptID)
+{
+    CTblItems items;
+    items.SetColumns({QStringLiteral("iID")});
+    items.m_filter = exceptID != 0 ? QString::asprintf("iID<>%d AND ", exceptID) : QString();
+    items.m_filter += QLatin1String("sName=") + QString::fromUtf8(KConnection::forThread(0).quoted(name));
+    items.SetLimit(1);
+    items.Open(true, true, true);
+    return !items.IsEOF();
+}
+
+int add(int itemType, const QString &name)
+{
+    CTblItems item;
+    item.Open(false, false, true);
+    item.AddNew();
+    item.m_iType = itemType;
+    item.m_sName = name;
+    item.Update(true);
+    return static_cast<int>(item.GetLastInsertedID());
+}
+
+bool rename(int id, const QString &name)
+{
+    CTblItems item;
+    if (!item.IsRecordExist(QStringLiteral("iID"), id))
+        return false;
+    item.Edit();
+    item.m_sName = name;
+    item.Update(true);
+    return true;
+}
+
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/InputParameters.h"
+
+#include "auto/WordLists.h"
+#include "suite/accounting/CTblItems.h"
+
+#include <array>
+
+namespace InputParameters {
+
+namespace {
+
+// By option.
+constexpr std::array<int, optionCount> itemTypes = {
+    CTblItems::typeCylinderCount,     // CylinderCount
+    CTblItems::typeSource,            // Source
+    CTblItems::typeBodyStatus,        // BodyStatus
+    CTblItems::typeAccessory,         // Accessory
+    CTblItems::typeDeliveredDocument, // DeliveredDocument
+    CTblItems::typeFeature,           // Feature
+    CTblItems::typeEngineVolume,      // EngineVolume
+    CTblItems::typeColor,             // Color
+    CTblItems::typeWheelCount,        // WheelCount
+    CTblItems::typeClause,            // Clause
+    CTblItems::typeClearanceCustoms,  // ClearanceCustoms
+    CTblItems::typeCapacity,          // Capacity
+    CTblItems::typeSystem,            // System
+};
+
+}
+
+int itemType(int option)
+{
+    return isOption(option) ? itemTypes[static_cast<size_t>(option)] : 0;
+}
+
+QString caption(int option)
+{
+    return WordLists::textAt(WordLists::inputParameterTypes(), option);
+}
+
+QString valuesFilter(int option)
+{
+    return QString::asprintf(" iType=%d ", itemType(option));
+}
+
+}

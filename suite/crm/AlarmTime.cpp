@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/AlarmTime.h"
+
+#include "suite/utility/ShamsiDate.h"
+
+namespace {
+
+QDateTime at(const QDate &day, const QTime &time)
+{
+    return QDateTime(day, QTime(time.hour(), time.minute()), Qt::UTC);
+}
+
+}
+
+QString AlarmTime::text(const QDateTime &date)
+{
+    return date.isValid() ? QStringLiteral("%1 ساعت %2").arg(shamsiText(date.date()), timeOfDay(date)) : QString();
+}
+
+QString AlarmTime::timeOfDay(const QDateTime &date)
+{
+    return date.isValid() ? date.time().toString(QStringLiteral("HH:mm")) : QString();
+}
+
+QDateTime AlarmTime::proposed(const QDateTime &now)
+{
+    return at(now.date().addDays(1), QTime(9, 0));
+}
+
+QDateTime AlarmTime::postponed(const QDateTime &date, const QDateTime &now, Delay delay)
+{
+    switch (delay) {
+    case Delay::OneHour: {
+        const QDateTime later = now.addSecs(60 * 60);
+        return at(later.date(), later.time());
+    }
+    case Delay::Tomorrow:
+        return at(now.date().addDays(1), date.time());
+    case Delay::ThreeDays:
+        return at(now.date().addDays(3), date.time());
+    case Delay::OneWeek:
+        return at(now.date().addDays(7), date.time());
+    }
+    Q_UNREACHABLE();
+}

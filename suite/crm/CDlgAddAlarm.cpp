@@ -1,0 +1,175 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgAddAlarm.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/AlarmTime.h"
+#include "suite/crm/CTblAlarm.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KTimeEdit.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+void addRow(QFormLayout *form, const QString &caption, QWidget *field)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(field);
+    field->setAccessibleName(caption);
+    form->addRow(label, field);
+}
+
+QCheckBox *addCheck(QFormLayout *form, const QString &caption)
+{
+    auto *check = new QCheckBox(caption);
+    check->setAccessibleName(caption);
+    form->addRow(QString(), check);
+    return check;
+}
+
+// Those who may log in, and whoever the reminder belongs to.
+void fillUsers(QComboBox *box, int selected)
+{
+    CTblUsers users;
+    users.m_filter = QStringLiteral("iStatus=0 OR iID=%1").arg(selected);
+    users.m_sort = QStringLiteral("sName,sUser");
+    for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
+        box->addItem(users.m_sName.isEmpty() ? users.m_sUser : users.m_sName, users.m_iID);
+    box->setCurrentIndex(box->findData(selected));
+}
+
+bool mayWrite(QWidget *parent)
+{
+    try {
+        GetDBSetting()->RequireOpenDB();
+        return true;
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), parent);
+        return false;
+    }
+}
+
+}
+
+CDlgAddAlarm::CDlgAddAlarm(CTblAlarm &alarm, QWidget *parent)
+    : KDialog(parent)
+    , m_alarm(alarm)
+    , m_date(new KDateEdit)
+    , m_time(new KTimeEdit)
+    , m_desc(new KEdit)
+    , m_user(new QComboBox)
+{
+    SetSettingName(QStringLiteral("AddAlarm"));
+    build();
+    load();
+    m_date->setFocus();
+}
+
+CDlgAddAlarm::~CDlgAddAlarm() = default;
+
+int CDlgAddAlarm::Add(const QString &desc, int recordKind, int key1, int key2, QWidget *parent)
+{
+    if (!mayWrite(parent))
+        return 0;
+    CTblAlarm alarm;
+    alarm.AddNew();
+    alarm.m_iTable = recordKind;
+    alarm.m_iRecordID = key1;
+    alarm.m_iRecordID2 = key2;
+    alarm.m_iUserID = GetDBSetting()->GetUserID();
+    alarm.m_date = AlarmTime::proposed(GetDBSetting()->GetDBServerDate());
+    alarm.m_sDesc = desc.left(CTblAlarm::longestDesc);
+    CDlgAddAlarm dialog(alarm, parent);
+    dialog.setWindowTitle(QStringLiteral("یادآوری - جدید"));
+    dialog.m_done->hide();
+    return dialog.exec() == Accepted ? static_cast<int>(alarm.GetLastInsertedID()) : 0;
+}
+
+bool CDlgAddAlarm::Edit(int id, QWidget *parent)
+{
+    if (!mayWrite(parent))
+        return false;
+    CTblAlarm alarm;
+    if (!alarm.IsRecordExist(QStringLiteral("iID"), id)) {
+        g_pDlgWarning->Show(QStringLiteral("این یادآوری دیگر وجود ندارد."), parent);
+        return false;
+    }
+    alarm.Edit();
+    CDlgAddAlarm dialog(alarm, parent);
+    dialog.setWindowTitle(QStringLiteral("یادآوری - ویرایش"));
+    return dialog.exec() == Accepted;
+}
+
+void CDlgAddAlarm::build()
+{
+    m_desc->setMaxLength(CTblAlarm::longestDesc);
+    m_desc->setMinimumWidth(360);
+    auto *form = new QFormLayout;
+    addRow(form, QStringLiteral("تاریخ :"), m_date);
+    addRow(form, QStringLiteral("ساعت :"), m_time);
+    addRow(form, QStringLiteral("شرح :"), m_desc);
+    addRow(form, QStringLiteral("برای کاربر :"), m_user);
+    m_repeat = addCheck(form, QStringLiteral("یادآوری تا انجام شدن تکرار شود"));
+    m_done = addCheck(form, QStringLiteral("انجام شد"));
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addStretch();
+    layout->addWidget(createButtons());
+}
+
+void CDlgAddAlarm::load()
+{
+    m_date->setDate(m_alarm.m_date.date());
+    m_time->setTime(m_alarm.m_date.time());
+    m_desc->setText(m_alarm.m_sDesc);
+    fillUsers(m_user, m_alarm.m_iUserID);
+    m_repeat->setChecked(m_alarm.m_bRepeat != 0);
+    m_done->setChecked(m_alarm.isDone());
+}
+
+QDateTime CDlgAddAlarm::entered() const
+{
+    return QDateTime(m_date->date(), m_time->time(), Qt::UTC);
+}
+
+bool CDlgAddAlarm::refuse(const QString &why, QWidget *field)
+{
+    g_pDlgWarning->Show(why, this);
+    field->setFocus();
+    return false;
+}
+
+bool CDlgAddAlarm::OnOK()
+{
+    if (!m_date->isEntryValid())
+        return refuse(m_date->entryError(), m_date);
+    if (!m_date->date().isValid())
+        return refuse(QStringLiteral("لطفا تاریخ یادآوری را وارد نمایید."), m_date);
+    // An old reminder may keep its time; a time that is entered now is to come.
+    const bool moved = m_alarm.m_iID == 0 || entered() != m_alarm.m_date;
+    if (moved && !m_done->isChecked() && entered() <= GetDBSetting()->GetDBServerDate())
+        return refuse(QStringLiteral("زمان یادآوری گذشته است. لطفا تاریخ و ساعت را اصلاح نمایید."), m_date);
+    if (m_desc->text().trimmed().isEmpty())
+        return refuse(QStringLiteral("لطفا شرح یادآوری را وارد نمایید."), m_desc);
+    if (m_user->currentIndex() < 0)
+        return refuse(QStringLiteral("لطفا کاربر یادآوری را انتخاب نمایید."), m_user);
+    if (moved)
+        m_alarm.m_dateTold = {};
+    m_alarm.m_date = entered();
+    m_alarm.m_sDesc = m_desc->text().trimmed();
+    m_alarm.m_iUserID = m_user->currentData().toInt();
+    m_alarm.m_bRepeat = m_repeat->isChecked() ? 1 : 0;
+    m_alarm.m_iStatus = m_done->isChecked() ? CTblAlarm::statusDone : CTblAlarm::statusOpen;
+    return m_alarm.Update(true);
+}

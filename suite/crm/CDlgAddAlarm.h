@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/crm/TzCRMExport.h"
+#include "suite/utility/KDialog.h"
+
+class CTblAlarm;
+class KDateEdit;
+class KEdit;
+class KTimeEdit;
+class QCheckBox;
+class QComboBox;
+
+// Editor of one reminder ("یادآوری"): date, time of day, what to remember, for whom, and whether it repeats until done.
+class TZCRM_EXPORT CDlgAddAlarm : public KDialog
+{
+    Q_OBJECT
+
+public:
+    ~CDlgAddAlarm() override;
+
+    // Lets the user add a reminder of the record (kind of RecordKinds.h, its key, and a second key that is only kept with
+    // it; all 0: of no record); desc is what the description begins with. The new reminder's key, 0 when cancelled or when
+    // the database is closed, which is then told.
+    [[nodiscard]] static int Add(const QString &desc, int recordKind, int key1, int key2, QWidget *parent);
+    // Lets the user change it, and end it. True when it was saved; a reminder that has vanished is told and gives false.
+    static bool Edit(int id, QWidget *parent);
+
+protected:
+    bool OnOK() override;
+
+private:
+    CDlgAddAlarm(CTblAlarm &alarm, QWidget *parent);
+    void build();
+    void load();
+    QDateTime entered() const;
+    bool refuse(const QString &why, QWidget *field);
+
+    CTblAlarm &m_alarm; // opened by AddNew or Edit
+    KDateEdit *m_date;
+    KTimeEdit *m_time;
+    KEdit *m_desc;
+    QComboBox *m_user;
+    QCheckBox *m_repeat;
+    QCheckBox *m_done;
+};

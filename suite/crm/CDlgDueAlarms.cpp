@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgDueAlarms.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/crm/AlarmTime.h"
+#include "suite/crm/CDlgAddAlarm.h"
+#include "suite/crm/PostponeMenu.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QDialogButtonBox>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+CDlgDueAlarms::CDlgDueAlarms(const QList<CTblAlarm::Due> &due, QWidget *parent)
+    : KDialog(parent)
+    , m_list(new KExtListCtrl(this))
+{
+    setWindowTitle(QStringLiteral("یادآوری ها"));
+    SetSettingName(QStringLiteral("DueAlarms"));
+    resize(720, 360);
+    build();
+    fill(due);
+    m_list->selectRow(0);
+    m_list->setFocus();
+}
+
+CDlgDueAlarms::~CDlgDueAlarms() = default;
+
+bool CDlgDueAlarms::ShowAtLogin(QWidget *parent)
+{
+    const QList<CTblAlarm::Due> due = CTblAlarm::dueAtLogin(GetDBSetting()->GetUserID());
+    if (due.isEmpty())
+        return false;
+    CDlgDueAlarms dialog(due, parent);
+    CTblAlarm::markTold(due);
+    dialog.exec();
+    return true;
+}
+
+void CDlgDueAlarms::build()
+{
+    auto *heading = new QLabel(QStringLiteral("زمان این یادآوری ها رسیده است :"));
+    heading->setBuddy(m_list);
+    m_list->setAccessibleName(heading->text());
+    m_list->setColumns({{QStringLiteral("تاریخ"), Qt::AlignHCenter, 55, {}, true},
+                        {QStringLiteral("ساعت"), Qt::AlignHCenter, 40, {}},
+                        {QStringLiteral("شرح"), Qt::AlignRight, 260, {}}});
+    m_list->SetSettingName(QStringLiteral("DueAlarms\\List"));
+
+    QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بستن"));
+    auto addButton = [buttons](const QString &caption, const QString &icon) {
+        auto *button = buttons->addButton(caption, QDialogButtonBox::ActionRole);
+        button->setIcon(QIcon(icon));
+        button->setAccessibleName(caption);
+        return button;
+    };
+    m_done = addButton(QStringLiteral("انجام شد"), QStringLiteral(":/icons/reminder.svg"));
+    m_postpone = addButton(QStringLiteral("تعویق"), QStringLiteral(":/icons/calendar.svg"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(heading);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(buttons);
+    connect(m_done, &QPushButton::clicked, this, &CDlgDueAlarms::finish);
+    connect(m_postpone, &QPushButton::clicked, this, &CDlgDueAlarms::postpone);
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgDueAlarms::updateButtons);
+    connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgDueAlarms::edit);
+}
+
+void CDlgDueAlarms::fill(const QList<CTblAlarm::Due> &due)
+{
+    m_due = due;
+    QVector<KListModel::Row> rows;
+    for (const CTblAlarm::Due &one : due)
+        rows.append({one.id, {{shamsiText(one.date.date()), one.date}, {AlarmTime::timeOfDay(one.date)}, {one.desc}}});
+    m_list->setRows(std::move(rows));
+    updateButtons();
+}
+
+// Nothing is changed in a closed database; its reminders are only read.
+void CDlgDueAlarms::updateButtons()
+{
+    const bool closed = GetDBSetting()->IsClosedDB();
+    const bool selected = m_list->currentKey() > 0;
+    for (QPushButton *button : {m_done, m_postpone}) {
+        button->setHidden(closed);
+        button->setEnabled(selected);
+    }
+}
+
+void CDlgDueAlarms::takeOff(int key)
+{
+    const int row = m_list->currentRow();
+    m_list->removeKey(key);
+    m_due.removeIf([key](const CTblAlarm::Due &due) { return due.id == key; });
+    if (m_list->count() == 0) {
+        reject();
+        return;
+    }
+    m_list->selectRow(std::min(row, m_list->count() - 1));
+}
+
+void CDlgDueAlarms::finish()
+{
+    const int key = m_list->currentKey();
+    CTblAlarm::setDone(key, GetDBSetting()->GetUserID());
+    takeOff(key);
+}
+
+void CDlgDueAlarms::postpone()
+{
+    const int key = m_list->currentKey();
+    const auto found = std::find_if(m_due.cbegin(), m_due.cend(), [key](const auto &due) { return due.id == key; });
+    if (found == m_due.cend())
+        return;
+    const std::optional<QDateTime> until = PostponeMenu::ask(found->date, m_postpone);
+    if (!until)
+        return;
+    CTblAlarm::postpone(key, GetDBSetting()->GetUserID(), *until);
+    takeOff(key);
+}
+
+// What is no longer due, or another user's now, has been dealt with.
+void CDlgDueAlarms::edit(int key)
+{
+    if (!CDlgAddAlarm::Edit(key, this))
+        return;
+    CTblAlarm alarm;
+    const bool stays = alarm.IsRecordExist(QStringLiteral("iID"), key) && alarm.isDue(GetDBSetting()->GetDBServerDate())
+        && alarm.m_iUserID == GetDBSetting()->GetUserID();
+    if (!stays) {
+        takeOff(key);
+        return;
+    }
+    for (CTblAlarm::Due &due : m_due) {
+        if (due.id == key)
+            due = {key, alarm.m_date, alarm.m_sDesc};
+    }
+    fill(m_due);
+    m_list->selectKey(key);
+}

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CTblAlarm.h"
+
+#include "auto/db/CTblTemp.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/crm/AlarmTime.h"
+
+namespace {
+
+QString ofUser(int userID)
+{
+    return QStringLiteral(" AND iUserID=%1").arg(userID);
+}
+
+// By the server's clock, which all machines of an office share.
+QString dueCondition(int userID)
+{
+    return QStringLiteral("iStatus=%1 AND date<=NOW()").arg(CTblAlarm::statusOpen) + ofUser(userID);
+}
+
+}
+
+CTblAlarm::CTblAlarm(int database)
+    : KMySQL(database)
+{
+}
+
+CTblAlarm::~CTblAlarm() = default;
+
+QString CTblAlarm::GetTableName() const
+{
+    return QStringLiteral("Alarms");
+}
+
+void CTblAlarm::DoFieldExchange()
+{
+    RFX_Long(u"iID", m_iID, u"");
+    RFX_Long(u"iTable", m_iTable, u"");
+    RFX_Long(u"iRecordID", m_iRecordID, u"");
+    RFX_Long(u"iRecordID2", m_iRecordID2, u"");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Date(u"date", m_date, u"تاریخ");
+    RFX_Text(u"sDesc", m_sDesc, u"شرح");
+    RFX_Long(u"iStatus", m_iStatus, u"");
+    RFX_Bool(u"bRepeat", m_bRepeat, u"تکرار");
+    RFX_Date(u"dateTold", m_dateTold, u"");
+}
+
+QString CTblAlarm::GetDesc(int id, int database)
+{
+    CTblAlarm alarm(database);
+    if (id < 1 || !alarm.IsRecordExist(QStringLiteral("iID"), id))
+        return {};
+    QString text = AlarmTime::text(alarm.m_date) + QStringLiteral(" - ") + alarm.m_sDesc;
+    if (alarm.isDone())
+        text += QStringLiteral(" (انجام شد)");
+    return text;
+}
+
+int CTblAlarm::dueCount(int userID, int database)
+{
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(QStringLiteral("SELECT COUNT(*) FROM Alarms WHERE ") + dueCondition(userID));
+    return temp.GetLongFieldValue(0);
+}
+
+QList<CTblAlarm::Due> CTblAlarm::dueAtLogin(int userID, int database)
+{
+    CTblAlarm alarm(database);
+    alarm.m_filter = dueCondition(userID) + QStringLiteral(" AND (bRepeat<>0 OR dateTold IS NULL)");
+    alarm.m_sort = QStringLiteral("date,iID");
+    QList<Due> due;
+    for (alarm.Open(true, true, true); !alarm.IsEOF(); alarm.MoveNext())
+        due.append({alarm.m_iID, alarm.m_date, alarm.m_sDesc});
+    return due;
+}
+
+void CTblAlarm::markTold(const QList<Due> &told, int database)
+{
+    if (told.isEmpty() || CDBSetting::IsClosed(database))
+        return;
+    QStringList ids;
+    for (const Due &due : told)
+        ids.append(QString::number(due.id));
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(QStringLiteral("UPDATE Alarms SET dateTold=NOW() WHERE iID IN (%1)").arg(ids.join(u',')));
+}
+
+bool CTblAlarm::setDone(int id, int userID, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    CTblAlarm alarm(database);
+    if (!alarm.IsRecordExist(QStringLiteral("iID"), id, 0, ofUser(userID)))
+        return false;
+    alarm.Edit();
+    alarm.m_iStatus = statusDone;
+    return alarm.Update(true);
+}
+
+bool CTblAlarm::postpone(int id, int userID, const QDateTime &until, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    CTblAlarm alarm(database);
+    if (!alarm.IsRecordExist(QStringLiteral("iID"), id, 0, ofUser(userID)))
+        return false;
+    alarm.Edit();
+    alarm.m_date = until;
+    alarm.m_dateTold = {};
+    return alarm.Update(true);
+}
+
+bool CTblAlarm::deleteAlarm(int id, int userID, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    return temp.ExecuteQuery(QStringLiteral("DELETE FROM Alarms WHERE iID=%1").arg(id) + ofUser(userID)) > 0;
+}
+
+void CTblAlarm::DeleteAllRelatedRecords(int kind, int key, int database)
+{
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    temp.FormatAndExecuteQuery("DELETE FROM Alarms WHERE iTable=%d AND iRecordID=%d", kind, key);
+}

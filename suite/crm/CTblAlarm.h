@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KLiveCount.h"
+#include "auto/db/KMySQL.h"
+#include "suite/crm/TzCRMExport.h"
+
+#include <QList>
+
+// Reminders: what a user is to be told from a date and time of day on. A reminder may belong to a record (its kind of
+// RecordKinds.h, its key, and a second key that the record's own window asked for), and always to one user.
+//
+// An open reminder is due from its date on, until it is done. What repeats is told at each login while it is due; what does
+// not is told at one login only, and stays in the list until it is done.
+class TZCRM_EXPORT CTblAlarm : public KMySQL, private KLiveCount<CTblAlarm>
+{
+public:
+    using KLiveCount<CTblAlarm>::liveCount;
+
+    struct Due
+    {
+        int id = 0;
+        QDateTime date;
+        QString desc;
+    };
+
+    // Values of iStatus.
+    static constexpr int statusOpen = 0;
+    static constexpr int statusDone = 1;
+    // Characters of sDesc.
+    static constexpr int longestDesc = 500;
+
+    explicit CTblAlarm(int database = 0);
+    ~CTblAlarm() override;
+    QString GetTableName() const override;
+
+    // The reminder in one line, for the form of the record behind it: its Shamsi date and time, its description, and whether
+    // it is done. Empty for key 0 and for a reminder that is no longer there.
+    static QString GetDesc(int id, int database = 0);
+
+    // How many of the user's open reminders have fallen due, by the server's clock.
+    static int dueCount(int userID, int database = 0);
+    // Those of them that a login tells, the oldest first: the repeating ones, and the ones that no login has told yet. One
+    // statement.
+    static QList<Due> dueAtLogin(int userID, int database = 0);
+    // A login has told them. Nothing is written into a closed database, which therefore tells them again.
+    static void markTold(const QList<Due> &told, int database = 0);
+
+    // Of one's own reminders only: false when it is gone or another user's. Throw KAccountingError in a closed database.
+    static bool setDone(int id, int userID, int database = 0);
+    // What was told before will be told anew.
+    static bool postpone(int id, int userID, const QDateTime &until, int database = 0);
+    static bool deleteAlarm(int id, int userID, int database = 0);
+    // Deletes the reminders of a record that goes, of every user.
+    static void DeleteAllRelatedRecords(int kind, int key, int database = 0);
+
+    bool isDone() const { return m_iStatus != statusOpen; }
+    bool isDue(const QDateTime &now) const { return !isDone() && m_date.isValid() && m_date <= now; }
+
+    qint32 m_iID = 0;
+    qint32 m_iTable = 0; // kind of the record behind it; 0: of none
+    qint32 m_iRecordID = 0;
+    qint32 m_iRecordID2 = 0; // a second key of the record, for example its code
+    qint32 m_iUserID = 0;    // who is reminded
+    QDateTime m_date;        // when it falls due
+    QString m_sDesc;
+    qint32 m_iStatus = statusOpen;
+    qint32 m_bRepeat = 0;
+    QDateTime m_dateTold; // the last login that told it; NULL: none has yet
+
+protected:
+    void DoFieldExchange() override;
+};

@@ -1,0 +1,368 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/image/KStaticImage.h"
+
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/image/CDlgPicture.h"
+#include "suite/image/PictureBoxReader.h"
+#include "suite/image/PictureOffer.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QIcon>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+
+constexpr int frameRadius = 4;
+constexpr int inset = 6;
+constexpr int largestIcon = 48;
+
+QString textOf(PictureIntake::Refusal refusal)
+{
+    switch (refusal) {
+    case PictureIntake::Refusal::Unreadable:
+        return QStringLiteral("فایل تصویر خوانده نشد.");
+    case PictureIntake::Refusal::TooManyBytes:
+        return QStringLiteral("اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد.")
+            .arg(PictureIntake::maxBytes / (1024 * 1024));
+    case PictureIntake::Refusal::WrongKind:
+        return QStringLiteral("این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید.");
+    case PictureIntake::Refusal::TooManyPixels:
+        return QStringLiteral("ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل).")
+            .arg(PictureIntake::maxPixels / (1000 * 1000));
+    case PictureIntake::Refusal::Broken:
+        return QStringLiteral("این تصویر خراب است و خوانده نشد.");
+    case PictureIntake::Refusal::None:
+        break;
+    }
+    return {};
+}
+
+}
+
+KStaticImage::KStaticImage(QWidget *parent)
+    : QWidget(parent)
+{
+    PictureBoxReader::install();
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    setAccessibleName(QStringLiteral("تصویر"));
+    setAccessibleDescription(stateText());
+    setToolTip(stateText());
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+KStaticImage::~KStaticImage() = default;
+
+void KStaticImage::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    setAcceptDrops(!readOnly);
+    hold(m_bytes, m_image, m_modified);
+}
+
+void KStaticImage::load(const QByteArray &stored)
+{
+    hold(stored, stored.isEmpty() ? QImage() : PictureIntake::decode(stored), false);
+}
+
+void KStaticImage::hold(const QByteArray &bytes, const QImage &image, bool modified)
+{
+    m_bytes = bytes;
+    m_image = image;
+    m_shown = {};
+    m_modified = modified;
+    setAccessibleDescription(stateText());
+    setToolTip(stateText());
+    update();
+}
+
+QString KStaticImage::stateText() const
+{
+    if (isBroken())
+        return QStringLiteral("تصویر ذخیره شده قابل نمایش نیست");
+    if (!isEmpty())
+        return QStringLiteral("برای نمایش بزرگ دوبار کلیک کنید");
+    return m_readOnly ? QStringLiteral("بدون تصویر")
+                      : QStringLiteral("برای انتخاب تصویر دوبار کلیک کنید، یا آن را بچسبانید یا اینجا رها کنید");
+}
+
+QString KStaticImage::tryResult(const PictureIntake::Result &result)
+{
+    if (result.refusal != PictureIntake::Refusal::None)
+        return textOf(result.refusal);
+    hold(result.bytes, result.image, true);
+    Q_EMIT changed();
+    return {};
+}
+
+QString KStaticImage::tryFile(const QString &path)
+{
+    const KWaitCursor wait;
+    return tryResult(PictureIntake::fromFile(path));
+}
+
+QString KStaticImage::tryMimeData(const QMimeData &mimeData)
+{
+    const PictureOffer offer(mimeData);
+    switch (offer.kind()) {
+    case PictureOffer::File:
+        return tryFile(offer.path());
+    case PictureOffer::Data: {
+        const KWaitCursor wait;
+        return tryResult(PictureIntake::fromData(offer.data()));
+    }
+    case PictureOffer::Pixels: {
+        const KWaitCursor wait;
+        return tryResult(PictureIntake::fromImage(offer.pixels()));
+    }
+    case PictureOffer::SeveralFiles:
+        return QStringLiteral("هر بار فقط یک تصویر پذیرفته می شود.");
+    case PictureOffer::None:
+        break;
+    }
+    return QStringLiteral("تصویری برای چسباندن وجود ندارد.");
+}
+
+bool KStaticImage::tell(const QString &problem)
+{
+    if (!problem.isEmpty())
+        g_pDlgWarning->Show(problem, this);
+    return problem.isEmpty();
+}
+
+bool KStaticImage::takeFile(const QString &path)
+{
+    return !m_readOnly && tell(tryFile(path));
+}
+
+bool KStaticImage::takeMimeData(const QMimeData *mimeData)
+{
+    return !m_readOnly && mimeData && tell(tryMimeData(*mimeData));
+}
+
+bool KStaticImage::clear()
+{
+    if (m_readOnly || isEmpty())
+        return false;
+    hold({}, {}, true);
+    Q_EMIT changed();
+    return true;
+}
+
+void KStaticImage::chooseFile()
+{
+    if (m_readOnly)
+        return;
+    const QString kinds =
+        QStringLiteral("تصویر (*.jpg *.jpeg *.jfif *.png *.webp *.JPG *.JPEG *.PNG *.WEBP);;همه فایل ها (*)");
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("انتخاب تصویر"), QString(), kinds);
+    if (!path.isEmpty())
+        takeFile(path);
+}
+
+void KStaticImage::paste()
+{
+    takeMimeData(QApplication::clipboard()->mimeData());
+}
+
+void KStaticImage::copy()
+{
+    if (!m_image.isNull())
+        QApplication::clipboard()->setImage(m_image);
+}
+
+void KStaticImage::showLarge()
+{
+    if (!m_image.isNull())
+        CDlgPicture(m_image, accessibleName(), this).exec();
+}
+
+void KStaticImage::activate()
+{
+    if (!m_image.isNull())
+        showLarge();
+    else
+        chooseFile();
+}
+
+QSize KStaticImage::sizeHint() const
+{
+    return {240, 180};
+}
+
+QSize KStaticImage::minimumSizeHint() const
+{
+    return {120, 90};
+}
+
+// The box's own keys come to it even where the window around it has a shortcut on them.
+bool KStaticImage::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->matches(QKeySequence::Paste) || key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Delete)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+void KStaticImage::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange)
+        update();
+    QWidget::changeEvent(event);
+}
+
+void KStaticImage::keyPressEvent(QKeyEvent *event)
+{
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool activates =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (event->matches(QKeySequence::Paste))
+        paste();
+    else if (event->matches(QKeySequence::Copy))
+        copy();
+    else if (event->matches(QKeySequence::Delete) && !m_readOnly)
+        clear();
+    else if (plain && activates && !(m_readOnly && m_image.isNull()))
+        activate();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void KStaticImage::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        activate();
+}
+
+void KStaticImage::contextMenuEvent(QContextMenuEvent *event)
+{
+    showMenu(event->reason() == QContextMenuEvent::Mouse ? event->globalPos() : mapToGlobal(rect().center()));
+}
+
+void KStaticImage::showMenu(const QPoint &globalPosition)
+{
+    QMenu menu(this);
+    auto add = [&](const QString &icon, const QString &caption, bool enabled, void (KStaticImage::*run)(),
+                   const QKeySequence &keys = {}) {
+        QAction *action = menu.addAction(QIcon(icon), caption, this, run);
+        action->setEnabled(enabled);
+        action->setShortcut(keys);
+    };
+    const bool shown = !m_image.isNull();
+    add(QStringLiteral(":/icons/show.svg"), QStringLiteral("نمایش بزرگ"), shown, &KStaticImage::showLarge);
+    add({}, QStringLiteral("کپی"), shown, &KStaticImage::copy, QKeySequence::Copy);
+    if (!m_readOnly) {
+        menu.addSeparator();
+        add(QStringLiteral(":/icons/picture.svg"), QStringLiteral("انتخاب تصویر از فایل"), true, &KStaticImage::chooseFile);
+        const QMimeData *clipboard = QApplication::clipboard()->mimeData();
+        add({}, QStringLiteral("چسباندن"), clipboard && PictureOffer(*clipboard).kind() != PictureOffer::None,
+            &KStaticImage::paste, QKeySequence::Paste);
+        QAction *remove = menu.addAction(QIcon(QStringLiteral(":/icons/delete.svg")), QStringLiteral("حذف تصویر"), this,
+                                         [this] { clear(); });
+        remove->setEnabled(!isEmpty());
+        remove->setShortcut(QKeySequence::Delete);
+    }
+    menu.exec(globalPosition);
+}
+
+void KStaticImage::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (m_readOnly || PictureOffer(*event->mimeData()).kind() == PictureOffer::None)
+        return;
+    // The one who gives keeps what was theirs.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    m_dragOver = true;
+    update();
+}
+
+void KStaticImage::dragLeaveEvent(QDragLeaveEvent *)
+{
+    m_dragOver = false;
+    update();
+}
+
+void KStaticImage::dropEvent(QDropEvent *event)
+{
+    m_dragOver = false;
+    update();
+    if (m_readOnly)
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // A message that waited here would keep the program that the picture comes from waiting too.
+    const QString problem = tryMimeData(*event->mimeData());
+    QMetaObject::invokeMethod(
+        this, [this, problem] { tell(problem); }, Qt::QueuedConnection);
+}
+
+void KStaticImage::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool marked = hasFocus() || m_dragOver;
+    QPen frame(palette().color(marked ? QPalette::Highlight : QPalette::Mid), marked ? 2 : 1);
+    if (m_dragOver)
+        frame.setStyle(Qt::DashLine);
+    painter.setPen(frame);
+    painter.setBrush(palette().color(m_readOnly ? QPalette::Window : QPalette::Base));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), frameRadius, frameRadius);
+    const QRect area = rect().adjusted(inset, inset, -inset, -inset);
+    if (m_image.isNull())
+        paintText(painter, area);
+    else
+        paintPicture(painter, area);
+}
+
+void KStaticImage::paintPicture(QPainter &painter, const QRect &area)
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize fitted = m_image.size().scaled(area.size() * ratio, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    // A small picture is not blown up: its dots would be all there is to see.
+    const QSize dots = fitted.width() > m_image.width() * ratio ? m_image.size() * ratio : fitted;
+    if (m_shown.size() != dots || !qFuzzyCompare(m_shown.devicePixelRatio(), ratio)) {
+        m_shown = m_image.scaled(dots, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        m_shown.setDevicePixelRatio(ratio);
+    }
+    QRect target(QPoint(), (QSizeF(dots) / ratio).toSize());
+    target.moveCenter(area.center());
+    painter.drawImage(target.topLeft(), m_shown);
+}
+
+void KStaticImage::paintText(QPainter &painter, const QRect &area)
+{
+    const QFontMetrics metrics(font());
+    const int flags = Qt::AlignHCenter | Qt::TextWordWrap;
+    QRect text = metrics.boundingRect(QRect(0, 0, area.width(), area.height()), flags, stateText());
+    const int icon = qBound(0, (area.height() - text.height()) / 2, largestIcon);
+    const int top = area.top() + qMax(0, (area.height() - text.height() - icon) / 2);
+    if (icon >= largestIcon / 2)
+        QIcon(QStringLiteral(":/icons/picture.svg"))
+            .paint(&painter, QRect(area.center().x() - icon / 2, top, icon, icon));
+    painter.setPen(isBroken() ? palette().color(QPalette::Text) : palette().color(QPalette::PlaceholderText));
+    text = QRect(area.left(), top + icon, area.width(), area.bottom() - top - icon + 1);
+    painter.drawText(text, flags, stateText());
+}
+
+void SaveKStaticImageToLongBinary(const KStaticImage &image, KLongBinary &value)
+{
+    value.data = image.bytes();
+}
+
+void LoadKStaticImageFromLongBinary(KStaticImage &image, const KLongBinary &value)
+{
+    image.load(value.data);
+}

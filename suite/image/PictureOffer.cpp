@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/image/PictureOffer.h"
+
+#include <QMimeData>
+#include <QUrl>
+
+// A file before its picture: file managers offer a small preview beside the file that is meant. Encoded data before pixels:
+// it passes the bounds before anything decodes it.
+PictureOffer::PictureOffer(const QMimeData &mimeData)
+    : m_mimeData(mimeData)
+{
+    int files = 0;
+    for (const QUrl &url : mimeData.urls()) {
+        if (!url.isLocalFile())
+            continue;
+        m_path = url.toLocalFile();
+        ++files;
+    }
+    if (files > 0) {
+        m_kind = files == 1 ? File : SeveralFiles;
+        return;
+    }
+    for (const QString &format :
+         {QStringLiteral("image/png"), QStringLiteral("image/jpeg"), QStringLiteral("image/webp")}) {
+        if (mimeData.hasFormat(format)) {
+            m_kind = Data;
+            m_format = format;
+            return;
+        }
+    }
+    if (mimeData.hasImage())
+        m_kind = Pixels;
+}
+
+QByteArray PictureOffer::data() const
+{
+    return m_mimeData.data(m_format);
+}
+
+QImage PictureOffer::pixels() const
+{
+    return qvariant_cast<QImage>(m_mimeData.imageData());
+}

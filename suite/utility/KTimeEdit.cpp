@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KTimeEdit.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+
+KTimeEdit::KTimeEdit(QWidget *parent)
+    : QTimeEdit(parent)
+{
+    // Digits are ASCII in memory; the font draws them.
+    setLocale(QLocale::c());
+    setDisplayFormat(QStringLiteral("HH:mm"));
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+// The base class reads the digits of one language only, and a keyboard may be set to another one.
+void KTimeEdit::keyPressEvent(QKeyEvent *event)
+{
+    const QString text = event->text();
+    if (text.size() != 1 || text.front().digitValue() < 0 || text.front().unicode() < 0x80) {
+        QTimeEdit::keyPressEvent(event);
+        return;
+    }
+    const QChar digit(u'0' + text.front().digitValue());
+    QKeyEvent typed(event->type(), digit.unicode(), event->modifiers(), QString(digit));
+    QTimeEdit::keyPressEvent(&typed);
+    event->setAccepted(typed.isAccepted());
+}
+
+// Scrolling the page past the field is no entry.
+void KTimeEdit::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QTimeEdit::wheelEvent(event);
+    else
+        event->ignore();
+}

@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KDialog.h"
+#include "suite/utility/KTextArea.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCompleter>
+#include <QDialogButtonBox>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+// A window with the area between two other fields.
+class SampleDialog : public KDialog
+{
+public:
+    KTextArea *area = nullptr;
+    QLineEdit *behind = nullptr;
+
+    SampleDialog()
+    {
+        auto *layout = new QVBoxLayout(this);
+        area = new KTextArea(this);
+        behind = new QLineEdit(this);
+        layout->addWidget(area);
+        layout->addWidget(behind);
+        layout->addWidget(createButtons());
+    }
+
+    void showActive()
+    {
+        show();
+        activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(this));
+        area->setFocus();
+    }
+};
+
+// As a keyboard does: to the offers while they are up, which pass it on.
+void type(QWidget *field, const QString &text)
+{
+    for (const QChar letter : text) {
+        QWidget *target = QApplication::activePopupWidget() ? QApplication::activePopupWidget() : field;
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+        QApplication::sendEvent(target, &press);
+    }
+}
+
+const QStringList stored = {QStringLiteral("هزینه دفترخانه\nو ثبت سند"), QStringLiteral("هزینه تعویض پلاک"),
+                            QStringLiteral("کارت خودرو")};
+
+}
+
+class TestKTextArea : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void lengthIsRefusedOnlyAboveTheLimit_data()
+    {
+        QTest::addColumn<int>("length");
+        QTest::addColumn<bool>("good");
+        QTest::newRow("empty") << 0 << true;
+        QTest::newRow("249") << 249 << true;
+        QTest::newRow("250") << 250 << true;
+        QTest::newRow("251") << 251 << false;
+        QTest::newRow("1000") << 1000 << false;
+    }
+
+    void lengthIsRefusedOnlyAboveTheLimit()
+    {
+        QFETCH(int, length);
+        QFETCH(bool, good);
+        KTextArea area;
+        area.setMaxLength(250);
+        area.setText(QString(length, u'ا'));
+        QCOMPARE(area.isEntryValid(), good);
+        QCOMPARE(area.entryError().isEmpty(), good);
+        // Nothing that was typed is lost.
+        QCOMPARE(area.text().size(), length);
+    }
+
+    void theErrorTellsLimitAndLengthAndGoesWithIt()
+    {
+        KTextArea area;
+        area.setMaxLength(5);
+        area.setText(QStringLiteral("ab\ndef"));
+        QVERIFY(area.entryError().contains(QStringLiteral("5")));
+        QVERIFY(area.entryError().contains(QStringLiteral("6")));
+        QCOMPARE(area.accessibleDescription(), area.entryError());
+        area.setText(QStringLiteral("ab\nde"));
+        QVERIFY(area.isEntryValid());
+        QVERIFY(area.accessibleDescription().isEmpty());
+        area.setMaxLength(2);
+        QVERIFY(!area.isEntryValid());
+        area.setMaxLength(0);
+        QVERIFY(area.isEntryValid());
+    }
+
+    void aRefusedEntryIsMarked()
+    {
+        KTextArea area;
+        area.resize(area.sizeHint());
+        area.setMaxLength(1);
+        area.setText(QStringLiteral("a"));
+        const QImage good = area.grab().toImage();
+        area.setMaxLength(0);
+        area.setText(QStringLiteral("a"));
+        QCOMPARE(area.grab().toImage(), good);
+        area.setMaxLength(1);
+        area.setText(QStringLiteral("ab"));
+        const QImage marked = area.grab().toImage();
+        const QPoint edge(area.viewport()->x() + area.viewport()->width() / 2, area.viewport()->y() + 1);
+        QVERIFY(marked.pixelColor(edge).red() > marked.pixelColor(edge).green() + 60);
+        QVERIFY(good.pixelColor(edge).red() <= good.pixelColor(edge).green() + 10);
+    }
+
+    void tabLeavesAndControlEnterConfirms()
+    {
+        SampleDialog dialog;
+        dialog.showActive();
+        QTest::keyClick(dialog.area, Qt::Key_Return);
+        QCOMPARE(dialog.area->text(), QStringLiteral("\n"));
+        QTest::keyClick(dialog.area, Qt::Key_Tab);
+        QCOMPARE(dialog.focusWidget(), dialog.behind);
+        QCOMPARE(dialog.area->text(), QStringLiteral("\n"));
+        dialog.area->setFocus();
+        QTest::keyClick(dialog.area, Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(dialog.area->text(), QStringLiteral("\n"));
+    }
+
+    void readOnlyLiesInTheWindowsColour()
+    {
+        KTextArea area;
+        const QColor open = area.palette().color(QPalette::Base);
+        area.setReadOnly(true);
+        QCOMPARE(area.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+        area.setReadOnly(false);
+        QCOMPARE(area.palette().color(QPalette::Base), open);
+    }
+
+    void typingAPartOffersTheStoredTextsThatHoldIt()
+    {
+        SampleDialog dialog;
+        dialog.area->setCompletions(stored);
+        dialog.showActive();
+        type(dialog.area, QStringLiteral("هزینه"));
+        QAbstractItemView *offers = dialog.area->completer()->popup();
+        QTRY_VERIFY(offers->isVisible());
+        QCOMPARE(dialog.area->completer()->completionCount(), 2);
+        // On one line each.
+        QCOMPARE(offers->model()->index(0, 0).data().toString(), QStringLiteral("هزینه دفترخانه و ثبت سند"));
+        QTest::keyClick(offers, Qt::Key_Down);
+        QTest::keyClick(offers, Qt::Key_Return);
+        QCOMPARE(dialog.area->text(), stored.at(0));
+        QVERIFY(!offers->isVisible());
+        QVERIFY(dialog.isVisible());
+    }
+
+    void whatIsOfferedCanBeWavedAway()
+    {
+        SampleDialog dialog;
+        dialog.area->setCompletions(stored);
+        dialog.showActive();
+        type(dialog.area, QStringLiteral("کارت"));
+        QAbstractItemView *offers = dialog.area->completer()->popup();
+        QTRY_VERIFY(offers->isVisible());
+        QTest::keyClick(offers, Qt::Key_Escape);
+        QVERIFY(!offers->isVisible());
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.area->text(), QStringLiteral("کارت"));
+        // What no stored text holds offers nothing.
+        type(dialog.area, QStringLiteral("خوان"));
+        QVERIFY(!offers->isVisible());
+        QCOMPARE(dialog.area->text(), QStringLiteral("کارتخوان"));
+    }
+
+    void lettersFromAnInputMethodOfferToo()
+    {
+        SampleDialog dialog;
+        dialog.area->setCompletions(stored);
+        dialog.showActive();
+        QInputMethodEvent event;
+        event.setCommitString(QStringLiteral("پلاک"));
+        QApplication::sendEvent(dialog.area, &event);
+        QTRY_VERIFY(dialog.area->completer()->popup()->isVisible());
+        QCOMPARE(dialog.area->completer()->currentCompletion(), stored.at(1));
+    }
+
+    void settingATextOffersNothing()
+    {
+        SampleDialog dialog;
+        dialog.area->setCompletions(stored);
+        dialog.showActive();
+        dialog.area->setText(QStringLiteral("هزینه"));
+        QVERIFY(!dialog.area->completer()->popup()->isVisible());
+    }
+};
+
+QTEST_MAIN(TestKTextArea)
+#include "TestKTextArea.moc"
