@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+package io.tzauto.taxfile;
+
+import java.util.ArrayList;
+import java.util.List;
+
+/**
+ * A line of the helper's input or output: words parted by tabs. In a word {@code \\}, {@code \t}, {@code \n} and {@code \r}
+ * stand for the backslash, tab, line feed and carriage return; a word that is {@code \N} alone is no value at all (null).
+ */
+final class Line {
+    private Line() {}
+
+    static List<String> parse(String text) throws Refusal {
+        List<String> words = new ArrayList<>(32);
+        int from = 0;
+        while (true) {
+            int to = text.indexOf('\t', from);
+            words.add(unescape(text, from, to < 0 ? text.length() : to));
+            if (to < 0) {
+                return words;
+            }
+            from = to + 1;
+        }
+    }
+
+    static String join(String... words) {
+        StringBuilder line = new StringBuilder();
+        for (int i = 0; i < words.length; ++i) {
+            if (i > 0) {
+                line.append('\t');
+            }
+            escape(words[i], line);
+        }
+        return line.toString();
+    }
+
+    private static String unescape(String text, int from, int to) throws Refusal {
+        int escape = text.indexOf('\\', from);
+        if (escape < 0 || escape >= to) {
+            return text.substring(from, to);
+        }
+        if (to - from == 2 && text.charAt(from + 1) == 'N') {
+            return null;
+        }
+        StringBuilder word = new StringBuilder(to - from);
+        int at = from;
+        while (escape >= 0 && escape < to) {
+            word.append(text, at, escape);
+            if (escape + 1 == to) {
+                throw new Refusal(Refusal.INPUT, "bad-input", "a word ends in a backslash");
+            }
+            switch (text.charAt(escape + 1)) {
+                case '\\': word.append('\\'); break;
+                case 't': word.append('\t'); break;
+                case 'n': word.append('\n'); break;
+                case 'r': word.append('\r'); break;
+                default: throw new Refusal(Refusal.INPUT, "bad-input", "unknown escape");
+            }
+            at = escape + 2;
+            escape = text.indexOf('\\', at);
+        }
+        return word.append(text, at, to).toString();
+    }
+
+    private static void escape(String word, StringBuilder line) {
+        if (word == null) {
+            line.append("\\N");
+            return;
+        }
+        for (int i = 0; i < word.length(); ++i) {
+            char c = word.charAt(i);
+            switch (c) {
+                case '\\': line.append("\\\\"); break;
+                case '\t': line.append("\\t"); break;
+                case '\n': line.append("\\n"); break;
+                case '\r': line.append("\\r"); break;
+                default: line.append(c);
+            }
+        }
+    }
+}
