@@ -31,6 +31,8 @@ public:
 
     // The table of that role; throws KAccountingError when the mapping has none.
     const Table &table(const QString &role) const;
+    // Throws KAccountingError: the table names a value that its record class does not have.
+    [[noreturn]] void refuseValue(const QString &role, const QString &value) const;
 
 private:
     QString m_path;

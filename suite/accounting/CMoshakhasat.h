@@ -5,8 +5,10 @@
 
 #include "suite/accounting/KRecordset.h"
 
+#include <array>
+
 // The dealership's own details in the tax file: one record.
-class TZACCOUNTING_EXPORT CMoshakhasat : public KRecordset
+class TZACCOUNTING_EXPORT CMoshakhasat final : public KRecordset
 {
 public:
     explicit CMoshakhasat(KAccessDatabase *database);
@@ -29,4 +31,12 @@ public:
     Text m_sCity;
     Text m_sAddress;
     Text m_sPostalCode;
+
+private:
+    struct Part
+    {
+        const char16_t *key; // in Properties, and of the mapping's value
+        Text CMoshakhasat::*text;
+    };
+    static const std::array<Part, 12> parts;
 };

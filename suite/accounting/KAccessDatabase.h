@@ -9,10 +9,11 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QStringList>
 
 #include <functional>
 #include <memory>
+
+class KRecordset;
 
 // What ends the work when the person at the screen stopped it.
 class TZACCOUNTING_EXPORT KAccessCancelled : public KAccountingError
@@ -52,6 +53,7 @@ public:
 
     // Key of the helper's process, 0 when none runs.
     qint64 helperProcess() const;
+    // Of the file; read by Open.
     const AccessMapping &mapping() const { return m_mapping; }
 
     // The file names of the helper, the mapping and the template in the module's folder.
@@ -62,24 +64,26 @@ public:
 private:
     friend class KRecordset;
 
-    // One line of the helper's input: a word and its values. A missing value is std::nullopt's text, see AccessLine.
+    // A line of the helper's input, with its line feed. What a line may say stands in the helper's own source, TaxFile.java.
     void send(const QByteArray &line);
-    void expectAddedRecord() { ++m_sentRecords; }
-    void flush(qint64 atMost);
-    void waitALittle();
+    void drainTo(qint64 bytes);
+    // Waits that long for the helper to take or to end, reads what it said, tells the progress.
+    void wait(int milliseconds);
     void readAnswers();
     void stop();
-    [[noreturn]] void failFromHelper();
+    [[noreturn]] void failAsTheHelperSaid();
 
     QString m_folder;
     AccessMapping m_mapping;
     QString m_path;
-    std::unique_ptr<QProcess> m_helper;
+    std::unique_ptr<QProcess> m_helper; // null: not open
     QByteArray m_outgoing;
     QByteArray m_answers;
+    QByteArray m_error; // the helper's line about it, without its first word
     Progress m_progress;
     QElapsedTimer m_sinceProgress;
-    int m_sentRecords = 0;
-    int m_writtenRecords = 0;
-    bool m_done = false;
+    const KRecordset *m_selected = nullptr; // whose table the next lines are about
+    int m_saved = 0;
+    int m_written = 0;
+    int m_done = -1; // records that the helper counted in the end
 };

@@ -47,8 +47,9 @@ protected:
     using Text = std::optional<QString>;
     using Number = std::optional<int>;
     using Flag = std::optional<bool>;
-    // In the constructor of the derived class; the member belongs to this object.
-    void bind(const char16_t *value, std::variant<Text *, Number *, Flag *> member);
+    using Member = std::variant<Text *, Number *, Flag *>;
+    // In the constructor of the derived class: the mapping's word for the value, and the member that holds it.
+    void bind(const char16_t *value, Member member);
 
 private:
     enum class Pending {
@@ -59,17 +60,17 @@ private:
     struct Binding
     {
         QString value;
-        std::variant<Text *, Number *, Flag *> member;
+        Member member;
     };
 
     void select();
-    void clearMembers();
+    void begin(Pending pending);
 
     KAccessDatabase *m_database;
     QString m_role;
     QString m_path;
     QVector<Binding> m_bindings;
-    QVector<int> m_written; // bindings that have a field, in the order of the helper's line
+    QVector<int> m_written; // positions of the bindings that have a field, in the mapping's order
     Pending m_pending = Pending::Nothing;
     bool m_isOpen = false;
 };

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/AccessMapping.h"
+
+#include "suite/accounting/KAccountingError.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+namespace {
+
+constexpr qint64 largestFile = 1 << 20;
+
+[[noreturn]] void refuse(const QString &path, const QString &what)
+{
+    throw KAccountingError(
+        QStringLiteral("فایل «%1» قابل استفاده نیست: %2").arg(QFileInfo(path).fileName(), what));
+}
+
+QString text(const QString &path, const QJsonObject &object, const QString &key)
+{
+    const QString text = object.value(key).toString();
+    if (text.isEmpty())
+        refuse(path, QStringLiteral("«%1» خالی است.").arg(key));
+    return text;
+}
+
+// Access compares names without regard to case.
+void takeOnce(const QString &path, QSet<QString> &taken, const QString &name)
+{
+    if (taken.contains(name.toCaseFolded()))
+        refuse(path, QStringLiteral("«%1» دو بار آمده است.").arg(name));
+    taken.insert(name.toCaseFolded());
+}
+
+AccessMapping::Table readTable(const QString &path, const QJsonObject &object)
+{
+    AccessMapping::Table table{text(path, object, QStringLiteral("role")), text(path, object, QStringLiteral("name")), {}};
+    QSet<QString> values;
+    QSet<QString> names;
+    const QJsonArray fields = object.value(QStringLiteral("fields")).toArray();
+    for (const QJsonValue &entry : fields) {
+        const QJsonObject field = entry.toObject();
+        table.fields.append({text(path, field, QStringLiteral("value")), text(path, field, QStringLiteral("name"))});
+        takeOnce(path, values, table.fields.last().value);
+        takeOnce(path, names, table.fields.last().name);
+    }
+    return table;
+}
+
+}
+
+AccessMapping AccessMapping::read(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        refuse(path, QStringLiteral("پیدا نشد یا خوانا نیست."));
+    const QByteArray content = file.read(largestFile + 1);
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(content, &error);
+    if (content.size() > largestFile || error.error != QJsonParseError::NoError)
+        refuse(path, QStringLiteral("ساختار آن درست نیست (نویسه %1).").arg(error.offset));
+    AccessMapping mapping;
+    mapping.m_path = path;
+    QSet<QString> roles;
+    QSet<QString> names;
+    const QJsonArray tables = document.object().value(QStringLiteral("tables")).toArray();
+    for (const QJsonValue &entry : tables) {
+        mapping.m_tables.append(readTable(path, entry.toObject()));
+        takeOnce(path, roles, mapping.m_tables.last().role);
+        takeOnce(path, names, mapping.m_tables.last().name);
+    }
+    return mapping;
+}
+
+const AccessMapping::Table &AccessMapping::table(const QString &role) const
+{
+    for (const Table &table : m_tables) {
+        if (table.role == role)
+            return table;
+    }
+    refuse(m_path, QStringLiteral("جدول «%1» در آن نیست.").arg(role));
+}
+
+void AccessMapping::refuseValue(const QString &role, const QString &value) const
+{
+    refuse(m_path, QStringLiteral("مقدار «%1» در جدول «%2» شناخته شده نیست.").arg(value, role));
+}

@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CKharid.h"
+
+CKharid::CKharid(KAccessDatabase *database)
+    : SeasonalHead(database, QStringLiteral("Kharid"))
+{
+}

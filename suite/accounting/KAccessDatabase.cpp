@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/KAccessDatabase.h"
+
+#include "suite/accounting/AccessLine.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QStandardPaths>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcAccess, "tz.access")
+
+constexpr qint64 pieceOfInput = 1 << 16;
+// What may wait for a helper that is slower than this program.
+constexpr qint64 largestBacklog = 4 * pieceOfInput;
+constexpr int waitMilliseconds = 20;
+constexpr int millisecondsBetween = 50;
+constexpr qsizetype longestAnswer = 1 << 16;
+
+QString javaProgram()
+{
+    const QString name = QStringLiteral("java");
+    const QString found = QStandardPaths::findExecutable(name);
+    if (!found.isEmpty())
+        return found;
+    const QString home = qEnvironmentVariable("JAVA_HOME");
+    return home.isEmpty() ? QString() : QStandardPaths::findExecutable(name, {QDir(home).filePath(QStringLiteral("bin"))});
+}
+
+[[noreturn]] void failWithoutJava()
+{
+    throw KAccountingError(QStringLiteral(
+        "تهیه این فایل به جاوا نیاز دارد که روی این رایانه پیدا نشد. لطفا بسته default-jre-headless را نصب نمایید."));
+}
+
+// The helper reads file names as the environment's locale says, so that must know all letters; and it lives shortly, so that
+// starting quickly counts more than running fast.
+void prepare(QProcess &helper, const QString &java, const QString &jar)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    helper.setProcessEnvironment(environment);
+    helper.setProgram(java);
+    helper.setArguments({QStringLiteral("-XX:+UseSerialGC"), QStringLiteral("-XX:TieredStopAtLevel=1"),
+                         QStringLiteral("-Xshare:auto"), QStringLiteral("-Xmx256m"), QStringLiteral("-jar"), jar});
+}
+
+struct Trouble
+{
+    const char *code;
+    const char16_t *text; // %1, %2 ...: the details in the helper's order
+};
+
+// What the helper may say that the person at the screen can do something about.
+constexpr Trouble troubles[] = {
+    {"no-table", u"فایل مالیات جدول «%1» را ندارد. لطفا نام جدول را در TTMS.mapping.json بررسی نمایید."},
+    {"no-field", u"جدول «%1» از فایل مالیات ستون «%2» را ندارد. لطفا نام ستون را در TTMS.mapping.json بررسی نمایید."},
+    {"unsupported-field", u"در ستون «%2» از جدول «%1» فایل مالیات نمی توان نوشت."},
+    {"too-long", u"ردیف %3: متن ستون «%2» از جدول «%1» بیش از %4 حرف دارد."},
+    {"bad-value", u"ردیف %3: مقدار «%4» در ستون «%2» از جدول «%1» جا نمی گیرد."},
+};
+
+}
+
+KAccessCancelled::KAccessCancelled()
+    : KAccountingError(QStringLiteral("نوشتن فایل به درخواست شما متوقف شد."))
+{
+}
+
+KAccessCancelled::~KAccessCancelled() = default;
+
+KAccessDatabase::KAccessDatabase(const QString &moduleFolder)
+    : m_folder(moduleFolder)
+{
+}
+
+KAccessDatabase::~KAccessDatabase()
+{
+    stop();
+}
+
+QString KAccessDatabase::helperFileName()
+{
+    return QStringLiteral("taxfile/tztaxfile.jar");
+}
+
+QString KAccessDatabase::mappingFileName()
+{
+    return QStringLiteral("TTMS.mapping.json");
+}
+
+QString KAccessDatabase::templateFileName()
+{
+    return QStringLiteral("TTMS.mdb");
+}
+
+void KAccessDatabase::setProgress(Progress progress)
+{
+    m_progress = std::move(progress);
+}
+
+void KAccessDatabase::Open(const QString &path)
+{
+    stop();
+    m_mapping = AccessMapping::read(QDir(m_folder).filePath(mappingFileName()));
+    const QString jar = QDir(m_folder).filePath(helperFileName());
+    if (!QFileInfo(jar).isFile())
+        throw KAccountingError(
+            QStringLiteral("برنامه نوشتن فایل مالیات (%1) پیدا نشد. لطفا بسته tzauto را دوباره نصب نمایید.").arg(helperFileName()));
+    const QString java = javaProgram();
+    if (java.isEmpty())
+        failWithoutJava();
+    m_path = path;
+    m_outgoing.clear();
+    m_answers.clear();
+    m_error.clear();
+    m_selected = nullptr;
+    m_saved = m_written = 0;
+    m_done = -1;
+    m_helper = std::make_unique<QProcess>();
+    prepare(*m_helper, java, jar);
+    m_helper->start();
+    if (!m_helper->waitForStarted()) {
+        m_helper.reset();
+        failWithoutJava();
+    }
+    m_sinceProgress.start();
+    AccessLine line("open");
+    line.append(QFileInfo(path).absoluteFilePath());
+    send(line.finished());
+}
+
+bool KAccessDatabase::IsOpen() const
+{
+    return m_helper != nullptr;
+}
+
+void KAccessDatabase::Close()
+{
+    if (!m_helper)
+        return;
+    send(AccessLine("end").finished());
+    drainTo(0);
+    m_helper->closeWriteChannel();
+    while (m_helper->state() != QProcess::NotRunning)
+        wait(waitMilliseconds);
+    readAnswers();
+    if (m_helper->exitStatus() != QProcess::NormalExit || m_helper->exitCode() != 0 || m_done != m_saved)
+        failAsTheHelperSaid();
+    stop();
+}
+
+qint64 KAccessDatabase::helperProcess() const
+{
+    return m_helper ? m_helper->processId() : 0;
+}
+
+void KAccessDatabase::send(const QByteArray &line)
+{
+    if (!m_helper)
+        throw KAccountingError(QStringLiteral("فایل مالیات باز نیست."));
+    m_outgoing.append(line);
+    if (m_outgoing.size() >= pieceOfInput)
+        drainTo(largestBacklog);
+}
+
+void KAccessDatabase::drainTo(qint64 bytes)
+{
+    m_helper->write(m_outgoing);
+    m_outgoing.clear();
+    wait(0);
+    while (m_helper->bytesToWrite() > bytes) {
+        if (m_helper->state() == QProcess::NotRunning)
+            failAsTheHelperSaid();
+        wait(waitMilliseconds);
+    }
+}
+
+void KAccessDatabase::wait(int milliseconds)
+{
+    if (m_helper->bytesToWrite() > 0)
+        m_helper->waitForBytesWritten(milliseconds);
+    else
+        m_helper->waitForFinished(milliseconds);
+    readAnswers();
+    if (!m_progress || m_sinceProgress.elapsed() < millisecondsBetween)
+        return;
+    m_sinceProgress.restart();
+    if (m_progress(m_written))
+        return;
+    stop();
+    throw KAccessCancelled();
+}
+
+void KAccessDatabase::readAnswers()
+{
+    m_answers.append(m_helper->readAllStandardOutput());
+    for (qsizetype end = m_answers.indexOf('\n'); end >= 0; end = m_answers.indexOf('\n')) {
+        const QByteArray line = m_answers.left(end);
+        m_answers.remove(0, end + 1);
+        const qsizetype word = line.indexOf('\t');
+        const QByteArray rest = line.mid(word + 1);
+        if (line.startsWith("written\t"))
+            m_written = rest.toInt();
+        else if (line.startsWith("done\t"))
+            m_done = rest.toInt();
+        else if (line.startsWith("error\t"))
+            m_error = rest;
+    }
+    if (m_answers.size() > longestAnswer)
+        failAsTheHelperSaid();
+}
+
+void KAccessDatabase::stop()
+{
+    if (!m_helper)
+        return;
+    if (m_helper->state() != QProcess::NotRunning) {
+        m_helper->kill();
+        m_helper->waitForFinished();
+    }
+    m_helper.reset();
+    m_selected = nullptr;
+}
+
+void KAccessDatabase::failAsTheHelperSaid()
+{
+    if (m_helper->state() == QProcess::Running && m_error.isEmpty())
+        m_helper->kill();
+    m_helper->waitForFinished();
+    m_answers.append(m_helper->readAllStandardOutput().left(longestAnswer));
+    const qsizetype last = m_answers.lastIndexOf("error\t");
+    if (m_error.isEmpty() && last >= 0)
+        m_error = m_answers.mid(last + 6).split('\n').first();
+    const QStringList words = AccessLine::words(m_error);
+    qCWarning(lcAccess).noquote() << "the helper ended with" << m_helper->exitCode() << words
+                                  << m_helper->readAllStandardError().left(longestAnswer);
+    stop();
+    for (const Trouble &trouble : troubles) {
+        if (words.first() != QLatin1StringView(trouble.code))
+            continue;
+        QString text = QString::fromUtf16(trouble.text);
+        for (qsizetype i = 1; i < words.size(); ++i)
+            text.replace(u'%' + QString::number(i), words.at(i));
+        throw KAccountingError(text);
+    }
+    const QString what = words.value(1, words.first());
+    throw KAccountingError(QStringLiteral("نوشتن فایل مالیات ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید.\n%1").arg(what));
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/FolderChoice.h"
+
+#include <QFileDialog>
+#include <QStandardPaths>
+
+QString ShowBrowseForFolder(QWidget *parent, const QString &prompt)
+{
+    QFileDialog dialog(parent, prompt);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+#include "suite/utility/TzUtilityExport.h"
+
+class QWidget;
+
+// Asks for an existing folder, with the prompt as the window's title; begins in the
+// documents. Empty: given up.
+TZUTILITY_EXPORT QString ShowBrowseForFolder(QWidget *parent, const QString &prompt);
