@@ -51,9 +51,9 @@ public:
     // Rule: "Foroosh_Fasly_1404_2.mdb" for the sales of the second season.
     static QString fileName(Kind kind, const QString &year, int season);
 
-    static QString templateFileName();
-
 private:
+    void write(const QString &path, const ReportProgress &progress) const;
+
     Report m_report;
     QString m_folder;
 };

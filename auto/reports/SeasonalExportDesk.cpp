@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/reports/SeasonalExportDesk.h"
+
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/utility/FolderChoice.h"
+#include "suite/utility/KProcess.h"
+#include "suite/utility/KWaitCursor.h"
+
+namespace {
+
+QString warningText(SeasonalExport::Outcome outcome)
+{
+    switch (outcome) {
+    case SeasonalExport::Outcome::TemplateMissing:
+        return QStringLiteral("فایل اکسس مالیات موجود نیست : TTMS.mdb");
+    case SeasonalExport::Outcome::CompanyEmpty:
+        return QStringLiteral("ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید.");
+    case SeasonalExport::Outcome::CopyFailed:
+        return QStringLiteral("امکان کپی فایل نیست.");
+    case SeasonalExport::Outcome::Cancelled:
+    case SeasonalExport::Outcome::Done:
+        break;
+    }
+    return {};
+}
+
+// Tells what went wrong, if anything did; stopping is what the person wanted.
+bool isDone(SeasonalExport::Outcome outcome, QWidget *parent)
+{
+    const QString text = warningText(outcome);
+    if (!text.isEmpty())
+        g_pDlgWarning->Show(text, parent);
+    return outcome == SeasonalExport::Outcome::Done;
+}
+
+}
+
+bool exportSeasonWithDialogs(QWidget *parent, const SeasonalExport::Report &report, const QString &moduleFolder)
+{
+    const SeasonalExport task(report, moduleFolder);
+    if (!isDone(task.check(), parent))
+        return false;
+    const QString folder = ShowBrowseForFolder(parent, QStringLiteral(": پوشه مورد نظر خود را انتخاب نمایید"));
+    if (folder.isEmpty())
+        return false;
+    SeasonalExport::Outcome outcome = SeasonalExport::Outcome::Done;
+    {
+        const KWaitCursor wait;
+        ReportProgressWindow progress(QStringLiteral("در حال نوشتن فایل مالیات ..."), parent);
+        outcome = task.run(folder, progress.callback());
+    }
+    if (!isDone(outcome, parent))
+        return false;
+    g_pDlgMessage->Show(QStringLiteral("انجام شد."), parent);
+    KProcess::Execute(QStringLiteral("Explorer"), folder);
+    return true;
+}
