@@ -3,6 +3,7 @@
 
 #include "auto/reports/SeasonalExportRow.h"
 
+#include "auto/reports/SeasonalRow.h"
 #include "suite/utility/Money.h"
 
 #include <cmath>
@@ -10,32 +11,7 @@
 
 namespace {
 
-// Cells of the list.
-enum Column {
-    Sequence = 1,
-    Description = 2,
-    Returned = 3,
-    Amount = 4,
-    Tax = 5,
-    PersonKind = 6,
-    PostalCode = 7,
-    AreaCode = 8,
-    Telephone = 9,
-    Address = 10,
-    Name = 11,
-    Family = 12,
-    EconomicCode = 13,
-    NationalCode = 14,
-    PartyKind = 15,
-    ProvinceCode = 17,
-    CityCode = 18,
-    Discount = 20,
-    ContractCode = 22,
-    ContractDate = 23,
-    Duties = 24,
-    DocumentDate = 28,
-    GoodsKind = 29
-};
+using Row = SeasonalRow;
 
 double number(const QString &cell)
 {
@@ -67,23 +43,23 @@ std::optional<int> personKind(const QString &cell)
 // What only a row of its own has.
 void setOwnValues(SeasonalExportRow &row, const QStringList &cells)
 {
-    const int sequence = wholeNumber(cells.value(Sequence));
-    row.goodsKind = wholeNumber(cells.value(GoodsKind));
+    const int sequence = wholeNumber(cells.value(Row::Serial));
+    row.goodsKind = wholeNumber(cells.value(Row::GoodsKind));
     row.sequence = sequence > SeasonalExportRow::highestSequence ? 0 : sequence;
-    row.personKind = personKind(cells.value(PersonKind));
-    row.postalCode = cells.value(PostalCode);
-    row.areaCode = cells.value(AreaCode);
-    row.telephone = cells.value(Telephone);
-    row.address = cells.value(Address);
-    row.name = cells.value(Name);
-    row.economicCode = cells.value(EconomicCode);
-    row.nationalCode = cells.value(NationalCode);
-    row.partyKind = wholeNumber(cells.value(PartyKind));
-    row.provinceCode = wholeNumber(cells.value(ProvinceCode));
-    row.cityCode = wholeNumber(cells.value(CityCode));
-    row.contractCode = numberText(cells.value(ContractCode));
-    row.contractDate = cells.value(ContractDate);
-    row.documentDate = cells.value(DocumentDate);
+    row.personKind = personKind(cells.value(Row::PersonKind));
+    row.postalCode = cells.value(Row::PostalCode);
+    row.areaCode = cells.value(Row::AreaCode);
+    row.telephone = cells.value(Row::Telephone);
+    row.address = cells.value(Row::Address);
+    row.name = cells.value(Row::Name);
+    row.economicCode = cells.value(Row::EconomicCode);
+    row.nationalCode = cells.value(Row::NationalCode);
+    row.partyKind = wholeNumber(cells.value(Row::PartyKind));
+    row.provinceCode = wholeNumber(cells.value(Row::ProvinceCode));
+    row.cityCode = wholeNumber(cells.value(Row::CityCode));
+    row.contractCode = numberText(cells.value(Row::Code));
+    row.contractDate = cells.value(Row::Date);
+    row.documentDate = cells.value(Row::DocumentDate);
 }
 
 }
@@ -91,14 +67,14 @@ void setOwnValues(SeasonalExportRow &row, const QStringList &cells)
 SeasonalExportRow SeasonalExportRow::fromCells(const QStringList &cells)
 {
     SeasonalExportRow row;
-    row.description = cells.value(Description);
-    row.isReturned = cells.value(Returned) == QStringLiteral("بلی");
-    row.amount = numberText(cells.value(Amount));
-    row.tax = numberText(cells.value(Tax));
-    row.duties = numberText(cells.value(Duties));
-    row.discount = numberText(cells.value(Discount));
-    row.family = cells.value(Family);
-    if (!cells.value(Sequence).isEmpty())
+    row.description = cells.value(Row::Description);
+    row.isReturned = cells.value(Row::Returned) == QStringLiteral("بلی");
+    row.amount = numberText(cells.value(Row::Amount));
+    row.tax = numberText(cells.value(Row::Tax));
+    row.duties = numberText(cells.value(Row::Duties));
+    row.discount = numberText(cells.value(Row::Discount));
+    row.family = cells.value(Row::Family);
+    if (!cells.value(Row::Serial).isEmpty())
         setOwnValues(row, cells);
     return row;
 }
