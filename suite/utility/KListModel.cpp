@@ -6,6 +6,7 @@
 #include <QBrush>
 #include <QFont>
 #include <QGuiApplication>
+#include <QPalette>
 
 #include <utility>
 
@@ -13,6 +14,9 @@
 #include "suite/utility/ListRoles.h"
 
 namespace {
+
+// More than a screen shows.
+constexpr int keptRows = 512;
 
 // A run of digits with a sign, a slash or a separator would be turned round inside a line that reads from the right.
 bool readsLeftToRight(const QVariant &value)
@@ -29,10 +33,34 @@ bool readsLeftToRight(const QVariant &value)
     }
 }
 
+// How a cell stands out, if it does.
+QVariant look(const KListModel::Row &row, int column, int role)
+{
+    constexpr QRgb mustBeMended = qRgb(200, 0, 0);
+    if (role == Qt::FontRole) {
+        if (!row.warning && !row.heading)
+            return {};
+        QFont bold;
+        bold.setBold(true);
+        return bold;
+    }
+    const QPalette palette = QGuiApplication::palette();
+    if (column == row.markedCell)
+        return QBrush(role == Qt::BackgroundRole ? QColor(mustBeMended) : QColor(Qt::white));
+    if (role == Qt::ForegroundRole && row.warning)
+        return QBrush(warningColor(palette));
+    if (role == Qt::BackgroundRole && row.heading)
+        return palette.brush(QPalette::Button);
+    return {};
 }
 
+}
+
+KListModel::Source::~Source() = default;
+
 KListModel::KListModel(QObject *parent)
-    : QAbstractTableModel(parent) { }
+    : QAbstractTableModel(parent)
+    , m_madeRows(keptRows) { }
 
 void KListModel::setColumns(const QVector<Column> &columns)
 {
@@ -52,8 +80,49 @@ void KListModel::setColumnTitle(int column, const QString &title)
 void KListModel::setRows(QVector<Row> rows)
 {
     beginResetModel();
+    m_source.reset();
+    m_sourceRows = 0;
+    m_madeRows.clear();
     m_rows = std::move(rows);
     endResetModel();
+}
+
+QVector<KListModel::Row> KListModel::rows() const
+{
+    if (!m_source)
+        return m_rows;
+    QVector<Row> rows;
+    rows.reserve(m_sourceRows);
+    for (int row = 0; row < m_sourceRows; ++row)
+        rows.append(m_source->row(row));
+    return rows;
+}
+
+void KListModel::setSource(std::shared_ptr<const Source> source)
+{
+    beginResetModel();
+    m_rows.clear();
+    m_madeRows.clear();
+    m_source = std::move(source);
+    m_sourceRows = m_source ? m_source->count() : 0;
+    endResetModel();
+}
+
+void KListModel::sourceGrew()
+{
+    const int count = m_source ? m_source->count() : 0;
+    if (count <= m_sourceRows)
+        return;
+    beginInsertRows({}, m_sourceRows, count - 1);
+    m_sourceRows = count;
+    endInsertRows();
+}
+
+void KListModel::sourceChanged()
+{
+    m_madeRows.clear();
+    if (m_sourceRows > 0)
+        Q_EMIT dataChanged(index(0, 0), index(m_sourceRows - 1, columnCount() - 1));
 }
 
 void KListModel::appendRow(Row row)
@@ -82,13 +151,13 @@ void KListModel::clear()
 
 int KListModel::keyAt(int row) const
 {
-    return row >= 0 && row < m_rows.size() ? m_rows[row].key : 0;
+    return row >= 0 && row < rowCount() ? rowAt(row).key : 0;
 }
 
 int KListModel::rowOfKey(int key) const
 {
-    for (int row = 0; row < m_rows.size(); ++row) {
-        if (m_rows[row].key == key)
+    for (int row = 0; row < rowCount(); ++row) {
+        if (rowAt(row).key == key)
             return row;
     }
     return -1;
@@ -96,7 +165,9 @@ int KListModel::rowOfKey(int key) const
 
 int KListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    if (parent.isValid())
+        return 0;
+    return m_source ? m_sourceRows : int(m_rows.size());
 }
 
 int KListModel::columnCount(const QModelIndex &parent) const
@@ -104,20 +175,25 @@ int KListModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : int(m_columns.size());
 }
 
-const KListModel::Cell *KListModel::cellAt(const QModelIndex &index) const
+// Valid until the next call.
+const KListModel::Row &KListModel::rowAt(int row) const
 {
-    if (!index.isValid() || index.row() >= m_rows.size())
-        return nullptr;
-    const QVector<Cell> &cells = m_rows[index.row()].cells;
-    return index.column() < cells.size() ? &cells[index.column()] : nullptr;
+    if (!m_source)
+        return m_rows[row];
+    if (const Row *made = m_madeRows.object(row))
+        return *made;
+    auto *made = new Row(m_source->row(row));
+    m_madeRows.insert(row, made);
+    return *made;
 }
 
 QVariant KListModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_rows.size() || index.column() >= m_columns.size())
+    if (!index.isValid() || index.row() >= rowCount() || index.column() >= m_columns.size())
         return {};
     const Column &column = m_columns[index.column()];
-    const Cell *cell = cellAt(index);
+    const Row &row = rowAt(index.row());
+    const Cell *cell = index.column() < row.cells.size() ? &row.cells[index.column()] : nullptr;
     switch (role) {
     case Qt::DisplayRole:
         return cell ? cell->text : QString();
@@ -127,16 +203,11 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
         return !cell ? QVariant() : cell->value.isValid() ? cell->value
                                                           : QVariant(cell->text);
     case KeyRole:
-        return keyAt(index.row());
+        return row.key;
     case Qt::ForegroundRole:
-        return m_rows[index.row()].warning ? QVariant(QBrush(warningColor(QGuiApplication::palette()))) : QVariant();
-    case Qt::FontRole: {
-        if (!m_rows[index.row()].warning)
-            return {};
-        QFont bold;
-        bold.setBold(true);
-        return bold;
-    }
+    case Qt::BackgroundRole:
+    case Qt::FontRole:
+        return look(row, index.column(), role);
     case LeftToRightRole:
         return column.isDate || (cell && readsLeftToRight(cell->value));
     default:

@@ -4,9 +4,12 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QCache>
 #include <QString>
 #include <QVariant>
 #include <QVector>
+
+#include <memory>
 
 #include "suite/utility/TzUtilityExport.h"
 
@@ -42,6 +45,17 @@ public:
         int key = 0;
         QVector<Cell> cells;
         bool warning = false; // stands out, as what is overdue
+        bool heading = false; // stands out, as the title or the total of the rows around it
+        int markedCell = -1;  // column of a cell that must be mended, painted white on dark red
+    };
+
+    // Makes the rows of a list that is too long to hold every cell of it.
+    class Source
+    {
+    public:
+        virtual ~Source();
+        virtual int count() const = 0;
+        virtual Row row(int row) const = 0;
     };
 
     explicit KListModel(QObject *parent = nullptr);
@@ -57,7 +71,16 @@ public:
     // False when no row has the key.
     bool removeKey(int key);
     void clear();
-    const QVector<Row> &rows() const { return m_rows; }
+    // A list with a source makes all its rows for this.
+    QVector<Row> rows() const;
+
+    // Shows the rows of the source instead of rows of its own, until rows are set; null: none. The rows are made when they are
+    // shown, and again after sourceChanged.
+    void setSource(std::shared_ptr<const Source> source);
+    // The source has more rows behind those it had.
+    void sourceGrew();
+    // What the source gives for the rows is another; their number is not.
+    void sourceChanged();
 
     // 0 when there is no such row.
     int keyAt(int row) const;
@@ -70,8 +93,11 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    const Cell *cellAt(const QModelIndex &index) const;
+    const Row &rowAt(int row) const;
 
     QVector<Column> m_columns;
     QVector<Row> m_rows;
+    std::shared_ptr<const Source> m_source;
+    int m_sourceRows = 0;                // of the source, as far as views know
+    mutable QCache<int, Row> m_madeRows; // of the source, those asked for last
 };

@@ -39,6 +39,9 @@ private Q_SLOTS:
     void titles();
     void indexesOutside();
     void tenThousandRowsFillAtOnce();
+    void rowsOfASourceAreMadeWhenTheyAreShown();
+    void sourceKeepsTheRulesOfAModel();
+    void rowsThatStandOut();
 };
 
 void TestKListModel::keepsTheRulesOfAModel()
@@ -169,5 +172,86 @@ void TestKListModel::tenThousandRowsFillAtOnce()
     QCOMPARE(model.rowOfKey(10000), 9999);
 }
 
-QTEST_GUILESS_MAIN(TestKListModel)
+namespace {
+
+class Numbers : public KListModel::Source
+{
+public:
+    int count() const override { return rows; }
+    KListModel::Row row(int number) const override
+    {
+        ++made;
+        return ::row(number + 1, name, number);
+    }
+
+    int rows = 0;
+    QString name = QStringLiteral("الف");
+    mutable int made = 0;
+};
+
+}
+
+void TestKListModel::rowsOfASourceAreMadeWhenTheyAreShown()
+{
+    const auto source = std::make_shared<Numbers>();
+    source->rows = 400'000;
+    KListModel model;
+    model.setColumns(columns);
+    model.setSource(source);
+    QCOMPARE(model.rowCount(), 400'000);
+    QCOMPARE(source->made, 0);
+    for (int column = 0; column < 3; ++column)
+        QVERIFY(model.index(399'999, column).data().isValid());
+    QCOMPARE(source->made, 1);
+    QCOMPARE(model.keyAt(5), 6);
+    QCOMPARE(source->made, 2);
+    source->name = QStringLiteral("ب");
+    QCOMPARE(model.index(5, 1).data().toString(), QStringLiteral("الف"));
+    model.sourceChanged();
+    QCOMPARE(model.index(5, 1).data().toString(), QStringLiteral("ب"));
+    source->rows = 400'002;
+    QCOMPARE(model.rowCount(), 400'000);
+    model.sourceGrew();
+    QCOMPARE(model.rowCount(), 400'002);
+    QCOMPARE(model.rows().size(), 400'002);
+    QCOMPARE(model.rows().constLast().key, 400'002);
+}
+
+void TestKListModel::sourceKeepsTheRulesOfAModel()
+{
+    KListModel model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const auto source = std::make_shared<Numbers>();
+    model.setColumns(columns);
+    model.setSource(source);
+    source->rows = 3;
+    model.sourceGrew();
+    model.sourceGrew();
+    model.sourceChanged();
+    model.setRows({row(1, QStringLiteral("د"), 4)});
+    model.sourceGrew(); // the list has rows of its own again
+    QCOMPARE(model.rowCount(), 1);
+    model.setSource(nullptr);
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void TestKListModel::rowsThatStandOut()
+{
+    KListModel model;
+    model.setColumns(columns);
+    KListModel::Row heading = row(0, QStringLiteral("درآمدها"), 0);
+    heading.heading = true;
+    KListModel::Row marked = row(1, QStringLiteral("نشانی"), 0);
+    marked.markedCell = 1;
+    model.setRows({heading, marked, row(2, QStringLiteral("ساده"), 0)});
+    QVERIFY(model.index(0, 0).data(Qt::FontRole).value<QFont>().bold());
+    QVERIFY(model.index(0, 0).data(Qt::BackgroundRole).isValid());
+    QCOMPARE(model.index(1, 1).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));
+    QCOMPARE(model.index(1, 1).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
+    QVERIFY(!model.index(1, 0).data(Qt::BackgroundRole).isValid());
+    QVERIFY(!model.index(2, 1).data(Qt::FontRole).isValid());
+    QVERIFY(!model.index(2, 1).data(Qt::ForegroundRole).isValid());
+}
+
+QTEST_MAIN(TestKListModel)
 #include "TestKListModel.moc"
