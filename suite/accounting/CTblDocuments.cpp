@@ -123,6 +123,18 @@ void CTblDocuments::DeleteDoc(int num, int fiscalYear, int kind, int userID, con
     transaction.commit();
 }
 
+void CTblDocuments::VoidDoc(int num, int fiscalYear, int database)
+{
+    if (num < 1)
+        return;
+    KTransaction transaction(database);
+    EmptyDoc(num, fiscalYear, database);
+    CTblTemp temp(database);
+    temp.Open(false, false, true);
+    temp.FormatAndExecuteQuery("UPDATE Documents SET iStatus=1 WHERE iNum=%d AND iFiscalYear=%d", num, fiscalYear);
+    transaction.commit();
+}
+
 void CTblDocuments::RequireBalanced(int num, int fiscalYear, int database)
 {
     if (num < 1)

@@ -29,6 +29,8 @@ public:
     // Deletes the document with its rows. kind and userID, when not 0, must be those of the header, else nothing is
     // deleted; a reason that is not empty is written to the log.
     static void DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database = 0);
+    // Takes the rows off and makes the document void; it keeps its number, and no balance counts it.
+    static void VoidDoc(int num, int fiscalYear, int database = 0);
     // Throws KAccountingError unless debit and credit of the rows are equal (IsEquals) and every row stands on an account
     // of the chart. To be called before the transaction that wrote the rows is committed.
     static void RequireBalanced(int num, int fiscalYear, int database = 0);
@@ -40,7 +42,7 @@ public:
     QDateTime m_date;
     QString m_sDesc;
     qint32 m_iUserID = 0;
-    qint32 m_iStatus = 0;
+    qint32 m_iStatus = 0; // 0 valid, 1 void
 
 protected:
     void DoFieldExchange() override;

@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/Invoice.h"
+
+#include "suite/utility/Money.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr int percentDecimals = 4;
+
+double rounded(double value, int decimals)
+{
+    const double unit = std::pow(10.0, decimals);
+    // A product such as 1.005 * 100 lies a hair below the half it stands for.
+    return std::round(value * unit * (1 + 4e-16)) / unit;
+}
+
+double percentOf(double base, double percent, int decimals)
+{
+    return rounded(base * percent / 100.0, decimals);
+}
+
+double percentFor(double amount, double base)
+{
+    return base > 0 ? rounded(amount * 100.0 / base, percentDecimals) : 0;
+}
+
+bool isAbove(double value, double bound)
+{
+    return value > bound && !IsEquals(value, bound);
+}
+
+}
+
+void InvoiceLevy::setPercent(double value, double base, int decimals)
+{
+    percent = value;
+    typed = false;
+    baseChanged(base, decimals);
+}
+
+void InvoiceLevy::setAmount(double value, double base)
+{
+    amount = value;
+    typed = true;
+    percent = percentFor(amount, base);
+}
+
+void InvoiceLevy::baseChanged(double base, int decimals)
+{
+    if (typed)
+        percent = percentFor(amount, base);
+    else
+        amount = base > 0 ? percentOf(base, percent, decimals) : 0;
+}
+
+InvoiceLevy InvoiceLevy::fromAmount(double amount, double base, int decimals)
+{
+    InvoiceLevy levy;
+    levy.setAmount(amount, base);
+    // The roundest percentage that gives the amount is the one that was meant.
+    for (int places = 0; places <= percentDecimals && base > 0; ++places) {
+        const double percent = rounded(amount * 100.0 / base, places);
+        if (!IsEquals(percentOf(base, percent, decimals), amount))
+            continue;
+        levy.percent = percent;
+        levy.typed = false;
+        break;
+    }
+    return levy;
+}
+
+InvoiceFigures::InvoiceFigures(int decimals)
+    : m_decimals(decimals)
+{
+}
+
+double InvoiceFigures::lineAmount(double count, double price, int decimals)
+{
+    return rounded(count * price, decimals);
+}
+
+void InvoiceFigures::recompute()
+{
+    m_tax.baseChanged(base(), m_decimals);
+    m_duty.baseChanged(base(), m_decimals);
+}
+
+void InvoiceFigures::setLines(const QList<InvoiceLine> &lines)
+{
+    m_sum = 0;
+    for (const InvoiceLine &line : lines)
+        m_sum += lineAmount(line.count, line.price, m_decimals);
+    recompute();
+}
+
+void InvoiceFigures::setDiscount(double discount)
+{
+    m_discount = discount;
+    recompute();
+}
+
+void InvoiceFigures::setTaxPercent(double percent)
+{
+    m_tax.setPercent(percent, base(), m_decimals);
+}
+
+void InvoiceFigures::setTax(double amount)
+{
+    m_tax.setAmount(amount, base());
+}
+
+void InvoiceFigures::setDutyPercent(double percent)
+{
+    m_duty.setPercent(percent, base(), m_decimals);
+}
+
+void InvoiceFigures::setDuty(double amount)
+{
+    m_duty.setAmount(amount, base());
+}
+
+void InvoiceFigures::load(const QList<InvoiceLine> &lines, double discount, double tax, double duty)
+{
+    m_discount = discount;
+    setLines(lines);
+    m_tax = InvoiceLevy::fromAmount(tax, base(), m_decimals);
+    m_duty = InvoiceLevy::fromAmount(duty, base(), m_decimals);
+}
+
+double InvoiceFigures::total() const
+{
+    return base() + m_tax.amount + m_duty.amount;
+}
+
+double Invoice::sum(int decimals) const
+{
+    double sum = 0;
+    for (const InvoiceLine &line : lines)
+        sum += InvoiceFigures::lineAmount(line.count, line.price, decimals);
+    return sum;
+}
+
+QList<Invoice::Problem> Invoice::problems(int decimals) const
+{
+    using What = Problem::What;
+    QList<Problem> found;
+    if (personID < 1)
+        found.append({What::NoPerson});
+    if (!date.isValid())
+        found.append({What::NoDate});
+    if (lines.isEmpty())
+        found.append({What::NoLines});
+    for (int index = 0; index < lines.size(); ++index) {
+        const InvoiceLine &line = lines.at(index);
+        if (line.serviceID < 1 && line.desc.trimmed().isEmpty())
+            found.append({What::LineOfNothing, index});
+        if (!isAbove(line.count, 0))
+            found.append({What::LineWithoutCount, index});
+        if (!isAbove(InvoiceFigures::lineAmount(line.count, line.price, decimals), 0) && isAbove(line.count, 0))
+            found.append({What::LineWithoutPrice, index});
+    }
+    if (discount < 0 || tax < 0 || duty < 0)
+        found.append({What::NegativeFigure});
+    if (!lines.isEmpty() && isAbove(discount, sum(decimals)))
+        found.append({What::DiscountAboveSum});
+    return found;
+}
+
+QString Invoice::message(const Problem &problem)
+{
+    using What = Problem::What;
+    const QString line = QString::number(problem.line + 1);
+    switch (problem.what) {
+    case What::NoPerson:
+        return QStringLiteral("لطفا شخص را انتخاب نمایید.");
+    case What::NoDate:
+        return QStringLiteral("لطفا تاریخ را وارد نمایید.");
+    case What::NoLines:
+        return QStringLiteral("لطفا دست‌کم یک ردیف وارد نمایید.");
+    case What::LineOfNothing:
+        return QStringLiteral("لطفا خدمت یا شرح ردیف %1 را وارد نمایید.").arg(line);
+    case What::LineWithoutCount:
+        return QStringLiteral("لطفا تعداد ردیف %1 را وارد نمایید.").arg(line);
+    case What::LineWithoutPrice:
+        return QStringLiteral("لطفا قیمت ردیف %1 را وارد نمایید.").arg(line);
+    case What::DiscountAboveSum:
+        return QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است.");
+    case What::NegativeFigure:
+        return QStringLiteral("تخفیف، مالیات و عوارض منفی نمی‌شوند.");
+    }
+    Q_UNREACHABLE();
+}

@@ -1,0 +1,233 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/InvoicePosting.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KLookup.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/CTblFactorStuffs.h"
+#include "suite/accounting/InvoiceDocumentRows.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+const QString keyColumn = QStringLiteral("iID");
+
+// What does not change while the invoice is written, so that a replay reads it once.
+struct Frame
+{
+    int database;
+    int decimals;
+    int fiscalYear;
+    int departmentID;
+};
+
+void requireSavable(const Invoice &invoice, const Frame &frame)
+{
+    GetDBSetting()->RequireOpenDB();
+    const QList<Invoice::Problem> problems = invoice.problems(frame.decimals);
+    if (!problems.isEmpty())
+        throw KAccountingError(Invoice::message(problems.constFirst()));
+    if (invoice.date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
+        throw KAccountingError(QStringLiteral("تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."));
+}
+
+QString refusalOf(const CTblFactors &invoice, int fiscalYear)
+{
+    if (invoice.m_iStatus != CTblFactors::valid)
+        return QStringLiteral("فاکتور شماره %1 باطل شده است و تغییر نمی‌کند.").arg(invoice.m_iID);
+    if (invoice.m_iFiscalYear != fiscalYear)
+        return QStringLiteral("فاکتور شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند.")
+            .arg(invoice.m_iID)
+            .arg(invoice.m_iFiscalYear)
+            .arg(fiscalYear);
+    return {};
+}
+
+QString goneText()
+{
+    return QStringLiteral("این فاکتور دیگر وجود ندارد.");
+}
+
+// Loads the invoice for a change and keeps others from changing it until the transaction ends.
+void lockForChange(CTblFactors &record, int num, const Frame &frame)
+{
+    CTblTemp lock(frame.database);
+    lock.Open(false, false, true);
+    lock.FormatAndExecuteQuery("SELECT iID FROM Factors WHERE iID=%d FOR UPDATE", num);
+    if (!record.IsRecordExist(keyColumn, num))
+        throw KAccountingError(goneText());
+    const QString refusal = refusalOf(record, frame.fiscalYear);
+    if (!refusal.isEmpty())
+        throw KAccountingError(refusal);
+}
+
+// Locked, so that nobody deletes a service between the look and the line that names it.
+void requireServices(const Invoice &invoice, const Frame &frame)
+{
+    CTblTemp query(frame.database);
+    query.Open(false, false, true);
+    for (int index = 0; index < invoice.lines.size(); ++index) {
+        const int service = invoice.lines.at(index).serviceID;
+        if (service < 1)
+            continue;
+        query.FormatAndExecuteQuery("SELECT iID FROM Services WHERE iID=%d LOCK IN SHARE MODE", service);
+        if (!query.HasResultRow())
+            throw KAccountingError(QStringLiteral("خدمت ردیف %1 دیگر وجود ندارد.").arg(index + 1));
+    }
+}
+
+void writeLines(const Invoice &invoice, const CTblFactors &owner, const Frame &frame)
+{
+    CTblTemp statement(frame.database);
+    statement.Open(false, false, true);
+    statement.FormatAndExecuteQuery("DELETE FROM FactorStuffs WHERE iFactorNum=%d", owner.m_iID);
+    for (const InvoiceLine &line : invoice.lines) {
+        CTblFactorStuffs record(frame.database);
+        record.AddNew();
+        record.m_iFactorNum = owner.m_iID;
+        record.m_iType = owner.m_iType;
+        record.m_iKind = CTblFactorStuffs::kindOf(owner.m_iType, invoice.returned);
+        record.m_iServiceID = line.serviceID;
+        record.m_sDesc = ConvertToStandard(line.desc);
+        record.m_dCount = line.count;
+        record.m_dPrice = line.price;
+        record.m_dAmount = InvoiceFigures::lineAmount(line.count, line.price, frame.decimals);
+        record.m_iDepartmentID = owner.m_iDepartmentID;
+        record.Update(true);
+    }
+}
+
+InvoiceForDocument forDocument(const CTblFactors &record, bool returned, const QString &personName)
+{
+    return {record.m_iType, returned, record.m_iID, record.m_iPersonID, personName, record.m_dAmount, record.m_dDiscount,
+            record.m_dTax, record.m_dImposition};
+}
+
+// Puts the header in place and leaves it without rows.
+void writeHeader(CTblFactors &record, bool returned, const Frame &frame)
+{
+    const QString description = invoiceDocumentDescription(record.m_iType, returned, record.m_iID);
+    if (CTblDocuments::EditDoc(record.m_iDocNum, record.m_iFiscalYear, record.m_date, description, frame.database)) {
+        CTblDocuments::EmptyDoc(record.m_iDocNum, record.m_iFiscalYear, frame.database);
+        return;
+    }
+    const int kind = record.m_iType == CTblFactors::purchase ? Accounts::documentKindPurchase : Accounts::documentKindSale;
+    const int docNum = CTblDocuments::AddDoc(kind, record.m_date, description, frame.fiscalYear, frame.database);
+    if (docNum == 0)
+        throw KAccountingError(QStringLiteral("سند فاکتور ایجاد نشد."));
+    record.Edit();
+    record.m_iDocNum = docNum;
+    record.m_iFiscalYear = frame.fiscalYear;
+    record.Update(true);
+}
+
+void fill(CTblFactors &record, const Invoice &invoice, const Frame &frame)
+{
+    record.m_iPersonID = invoice.personID;
+    record.m_date = invoice.date;
+    record.m_sDesc = ConvertToStandard(invoice.desc);
+    record.m_dAmount = invoice.sum(frame.decimals);
+    record.m_dDiscount = invoice.discount;
+    record.m_dTax = invoice.tax;
+    record.m_dImposition = invoice.duty;
+}
+
+InvoicePosting::Saved write(const Invoice &invoice, const Frame &frame)
+{
+    CTblFactors record(frame.database);
+    // The lock comes before any other reading: what is read first fixes what this transaction sees.
+    if (invoice.num != 0) {
+        lockForChange(record, invoice.num, frame);
+        record.Edit();
+    } else {
+        record.AddNew();
+        record.m_iType = invoice.type;
+        record.m_iDepartmentID = frame.departmentID;
+        record.m_iUserID = GetDBSetting()->GetUserID();
+        record.m_iFiscalYear = frame.fiscalYear;
+    }
+    const QString person = KLookup::name(QStringLiteral("Persons"), keyColumn, QStringLiteral("sName2"), invoice.personID,
+                                         frame.database);
+    if (person.isEmpty())
+        throw KAccountingError(QStringLiteral("این شخص دیگر وجود ندارد."));
+    requireServices(invoice, frame);
+    fill(record, invoice, frame);
+    record.Update(true);
+    writeLines(invoice, record, frame);
+    writeHeader(record, invoice.returned, frame);
+    DocumentEntries::write(record.m_iDocNum, record.m_iFiscalYear,
+                           invoiceDocumentRows(forDocument(record, invoice.returned, person)), frame.database);
+    return {record.m_iID, record.m_iDocNum, record.m_iFiscalYear};
+}
+
+Frame currentFrame(int database)
+{
+    const CDBSetting *setting = GetDBSetting();
+    return {database, setting->MoneyDecimals(), setting->FiscalYear(), setting->GetDepartmentID()};
+}
+
+}
+
+InvoicePosting::Saved InvoicePosting::save(const Invoice &invoice, int database)
+{
+    const Frame frame = currentFrame(database);
+    requireSavable(invoice, frame);
+    Saved saved;
+    KTransaction::runReplayable([&] { saved = write(invoice, frame); }, database);
+    return saved;
+}
+
+void InvoicePosting::makeVoid(int num, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    const Frame frame = currentFrame(database);
+    KTransaction::runReplayable(
+        [&] {
+            CTblFactors record(frame.database);
+            lockForChange(record, num, frame);
+            record.Edit();
+            record.m_iStatus = CTblFactors::voided;
+            record.Update(true);
+            CTblDocuments::VoidDoc(record.m_iDocNum, record.m_iFiscalYear, frame.database);
+        },
+        database);
+}
+
+Invoice InvoicePosting::load(int num, int database)
+{
+    Invoice invoice;
+    CTblFactors record(database);
+    if (!record.IsRecordExist(keyColumn, num))
+        return invoice;
+    invoice.num = record.m_iID;
+    invoice.type = record.m_iType;
+    invoice.personID = record.m_iPersonID;
+    invoice.date = record.m_date;
+    invoice.desc = record.m_sDesc;
+    invoice.discount = record.m_dDiscount;
+    invoice.tax = record.m_dTax;
+    invoice.duty = record.m_dImposition;
+    CTblFactorStuffs lines(database);
+    lines.m_filter = QStringLiteral("iFactorNum=%1").arg(num);
+    lines.m_sort = keyColumn;
+    for (lines.Open(true, true, true); !lines.IsEOF(); lines.MoveNext()) {
+        invoice.returned = invoice.returned || CTblFactorStuffs::isReturned(lines.m_iKind);
+        invoice.lines.append({lines.m_iServiceID, lines.m_sDesc, lines.m_dCount, lines.m_dPrice});
+    }
+    return invoice;
+}
+
+QString InvoicePosting::changeRefusal(int num, int database)
+{
+    CTblFactors record(database);
+    if (!record.IsRecordExist(keyColumn, num))
+        return goneText();
+    return refusalOf(record, GetDBSetting()->FiscalYear());
+}

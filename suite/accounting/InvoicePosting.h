@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/Invoice.h"
+
+// Saves invoices, each with its lines and its accounting document in one transaction.
+namespace InvoicePosting {
+
+struct Saved
+{
+    int num = 0;
+    int docNum = 0;
+    int fiscalYear = 0;
+};
+
+// Writes the invoice; num 0 adds a new one in the current fiscal year and department, another number changes that one: its
+// type stays, its lines are written anew, its document keeps number and year and gets new rows. Throws KAccountingError, with nothing changed,
+// for a problem of the invoice, a date before the opening of the fiscal year, a closed database, a person or service that is
+// gone, and when the invoice that is to be changed is gone, void, or of another fiscal year.
+Saved TZACCOUNTING_EXPORT save(const Invoice &invoice, int database = 0);
+
+// Makes the invoice void: it keeps its number and lines, its document keeps its number, loses its rows and is void too.
+// Throws as save does for one that is gone, void already, or of another fiscal year.
+void TZACCOUNTING_EXPORT makeVoid(int num, int database = 0);
+
+// A stored invoice; num stays 0 when there is none.
+TZACCOUNTING_EXPORT Invoice load(int num, int database = 0);
+
+// Why the invoice may not be changed or made void, in words for the user; empty when it may.
+TZACCOUNTING_EXPORT QString changeRefusal(int num, int database = 0);
+
+}

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/ManualDocument.h"
+
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KLookup.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/DocumentKinds.h"
+#include "suite/accounting/DocumentRows.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/TextStandard.h"
+
+namespace {
+
+bool findHeader(CTblDocuments &header, int num, int fiscalYear)
+{
+    return num > 0
+        && header.IsRecordExist(QStringLiteral("iNum"), num, 0, QStringLiteral(" AND iFiscalYear=%1").arg(fiscalYear));
+}
+
+void requireChangeable(int num, int fiscalYear, int database)
+{
+    CTblTemp lock(database);
+    lock.Open(false, false, true);
+    lock.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d FOR UPDATE", num, fiscalYear);
+    const QString refusal = ManualDocument::changeRefusal(num, fiscalYear, database);
+    if (!refusal.isEmpty())
+        throw KAccountingError(refusal);
+}
+
+void requirePersons(const QList<DocumentEntry> &rows, int database)
+{
+    QList<int> persons;
+    for (const DocumentEntry &row : rows)
+        persons.append(row.personID);
+    const QHash<int, QString> known = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
+                                                     QStringLiteral("sName2"), persons, database);
+    for (int index = 0; index < rows.size(); ++index) {
+        const int person = rows.at(index).personID;
+        if (person > 0 && !known.contains(person))
+            throw KAccountingError(QStringLiteral("شخص ردیف %1 دیگر وجود ندارد.").arg(index + 1));
+    }
+}
+
+}
+
+double ManualDocument::debit() const
+{
+    double sum = 0;
+    for (const DocumentEntry &row : rows)
+        sum += row.debit;
+    return sum;
+}
+
+double ManualDocument::credit() const
+{
+    double sum = 0;
+    for (const DocumentEntry &row : rows)
+        sum += row.credit;
+    return sum;
+}
+
+QList<ManualDocument::Problem> ManualDocument::problems(const QSet<int> &accounts) const
+{
+    using What = Problem::What;
+    QList<Problem> found;
+    if (!date.isValid())
+        found.append({What::NoDate});
+    if (rows.isEmpty())
+        found.append({What::NoRows});
+    for (int index = 0; index < rows.size(); ++index) {
+        const DocumentEntry &row = rows.at(index);
+        const bool onPersons = row.account == Accounts::persons;
+        const bool isDebit = row.debit > 0 && !IsEquals(row.debit, 0);
+        const bool isCredit = row.credit > 0 && !IsEquals(row.credit, 0);
+        if (!accounts.contains(row.account))
+            found.append({What::NoAccount, index});
+        if (onPersons && row.personID < 1)
+            found.append({What::NoPerson, index});
+        if (!onPersons && row.personID > 0)
+            found.append({What::NeedlessPerson, index});
+        if (!isDebit && !isCredit)
+            found.append({What::NoAmount, index});
+        if (isDebit && isCredit)
+            found.append({What::BothSides, index});
+    }
+    if (!rows.isEmpty() && !IsEquals(debit(), credit()))
+        found.append({What::NotBalanced});
+    return found;
+}
+
+QString ManualDocument::message(const Problem &problem) const
+{
+    using What = Problem::What;
+    const QString row = QString::number(problem.row + 1);
+    switch (problem.what) {
+    case What::NoDate:
+        return QStringLiteral("لطفا تاریخ را وارد نمایید.");
+    case What::NoRows:
+        return QStringLiteral("لطفا ردیف‌های سند را وارد نمایید.");
+    case What::NoAccount:
+        return QStringLiteral("لطفا حساب ردیف %1 را انتخاب نمایید.").arg(row);
+    case What::NoPerson:
+        return QStringLiteral("لطفا شخص ردیف %1 را انتخاب نمایید.").arg(row);
+    case What::NeedlessPerson:
+        return QStringLiteral("ردیف %1 روی حساب اشخاص نیست و شخص نمی‌گیرد.").arg(row);
+    case What::NoAmount:
+        return QStringLiteral("لطفا بدهکار یا بستانکار ردیف %1 را وارد نمایید.").arg(row);
+    case What::BothSides:
+        return QStringLiteral("ردیف %1 یا بدهکار است یا بستانکار.").arg(row);
+    case What::NotBalanced:
+        return QStringLiteral("سند تراز نیست: بدهکار %1، بستانکار %2.").arg(DToMoney(debit()), DToMoney(credit()));
+    }
+    Q_UNREACHABLE();
+}
+
+void ManualDocument::save(int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    QSet<int> accounts;
+    for (const AccountChart::Account &account : AccountChart::postable(database))
+        accounts.insert(account.code);
+    const QList<Problem> found = problems(accounts);
+    if (!found.isEmpty())
+        throw KAccountingError(message(found.constFirst()));
+    if (date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
+        throw KAccountingError(QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."));
+    const int year = GetDBSetting()->FiscalYear();
+    const QString kept = ConvertToStandard(desc);
+    int written = num;
+    KTransaction::runReplayable(
+        [&] {
+            written = num;
+            if (num == 0) {
+                written = CTblDocuments::AddDoc(Accounts::documentKindManual, date, kept, year, database);
+                if (written == 0)
+                    throw KAccountingError(QStringLiteral("سند ایجاد نشد."));
+            } else {
+                requireChangeable(num, fiscalYear, database);
+                if (!CTblDocuments::EditDoc(num, fiscalYear, date, kept, database))
+                    throw KAccountingError(QStringLiteral("سند تغییر نکرد."));
+                CTblDocuments::EmptyDoc(num, fiscalYear, database);
+            }
+            requirePersons(rows, database);
+            DocumentEntries::write(written, num == 0 ? year : fiscalYear, rows, database);
+        },
+        database);
+    if (num == 0)
+        fiscalYear = year;
+    num = written;
+}
+
+ManualDocument ManualDocument::load(int num, int fiscalYear, int database)
+{
+    ManualDocument document;
+    CTblDocuments header(database);
+    if (!findHeader(header, num, fiscalYear))
+        return document;
+    document.num = header.m_iNum;
+    document.fiscalYear = header.m_iFiscalYear;
+    document.date = header.m_date;
+    document.desc = header.m_sDesc;
+    for (const DocumentRows::Row &row : DocumentRows::read(num, fiscalYear, database))
+        document.rows.append({row.account, row.personID, row.debit, row.credit, row.description});
+    return document;
+}
+
+void ManualDocument::remove(int num, int fiscalYear, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    KTransaction transaction(database);
+    requireChangeable(num, fiscalYear, database);
+    CTblDocuments::DeleteDoc(num, fiscalYear, Accounts::documentKindManual, 0, QStringLiteral("by hand"), database);
+    transaction.commit();
+}
+
+QString ManualDocument::changeRefusal(int num, int fiscalYear, int database)
+{
+    CTblDocuments header(database);
+    if (!findHeader(header, num, fiscalYear))
+        return QStringLiteral("این سند دیگر وجود ندارد.");
+    const QString ofKind = DocumentKinds::refusal(header.m_iKind);
+    if (!ofKind.isEmpty())
+        return ofKind;
+    const int year = GetDBSetting()->FiscalYear();
+    if (fiscalYear != year)
+        return QStringLiteral("سند شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند.")
+            .arg(num)
+            .arg(fiscalYear)
+            .arg(year);
+    return {};
+}

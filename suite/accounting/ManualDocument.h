@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/DocumentEntry.h"
+
+#include <QDateTime>
+#include <QSet>
+
+// A document that is written by hand: its rules, and its saving.
+struct TZACCOUNTING_EXPORT ManualDocument
+{
+    int num = 0; // 0: a new one
+    int fiscalYear = 0;
+    QDateTime date;
+    QString desc;
+    QList<DocumentEntry> rows;
+
+    struct Problem
+    {
+        enum class What {
+            NoDate,
+            NoRows,
+            NoAccount,      // none, or one that no row may stand on
+            NoPerson,       // a row on the persons account
+            NeedlessPerson, // a row on any other account
+            NoAmount,
+            BothSides,
+            NotBalanced
+        };
+        What what;
+        int row = -1; // the row it is about, from 0
+    };
+
+    double debit() const;
+    double credit() const;
+    // What keeps it from being saved, in the order of the window's fields. accounts: what rows may stand on.
+    QList<Problem> problems(const QSet<int> &accounts) const;
+    QString message(const Problem &problem) const;
+
+    // Writes header and rows in one transaction; a new document gets the next number of the current fiscal year, which is
+    // kept here. Throws KAccountingError, with nothing changed, for a problem, a date before the opening of the fiscal year, a
+    // closed database, a person who is gone, and when the document to be changed is gone, was not written by hand or is of
+    // another fiscal year.
+    void save(int database = 0);
+    // A stored document of any kind; num stays 0 when there is none.
+    static ManualDocument load(int num, int fiscalYear, int database = 0);
+    // Throws as save does.
+    static void remove(int num, int fiscalYear, int database = 0);
+    // Why the document may not be changed or deleted by hand, in words for the user; empty when it may.
+    static QString changeRefusal(int num, int fiscalYear, int database = 0);
+};
