@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/AccountChart.h"
+
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/KAccountingError.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QtTest>
+
+#include <functional>
+
+class TestAccountChart : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void accountsAreAddedOnEveryLevel();
+    void additionsThatAreRefused_data();
+    void additionsThatAreRefused();
+    void noDetailBelowAnAccountWithRowsOfItsOwn();
+    void rename();
+    void renameThatIsRefused_data();
+    void renameThatIsRefused();
+    void accountThatTheProgramPostsToStaysActive();
+    void accountAboveAnActiveOneStaysActive();
+    void accountBelowAnInactiveOneStaysInactive();
+    void postableAccountsAreTheDeepest();
+    void closedDatabaseIsRefused();
+    void nameOfEveryLevel();
+
+private:
+    static QString refusalOf(const std::function<void()> &work);
+    QString value(const QString &statement) { return m_office.database.value(statement); }
+    static QList<int> postableCodes();
+
+    TestOffice m_office;
+};
+
+namespace {
+
+constexpr AccountLevel kol = AccountLevel::Kol;
+constexpr AccountLevel moeen = AccountLevel::Moeen;
+constexpr AccountLevel tafsily = AccountLevel::Tafsily;
+
+const QString rentName = QStringLiteral("اجاره");
+
+}
+
+void TestAccountChart::init()
+{
+    GetDBSetting()->SetClosedDB(false);
+    for (const char *statement : {"DELETE FROM Docs", "DELETE FROM Documents", "DELETE FROM HesabTafsily",
+                                  "DELETE FROM HesabMoeen WHERE iHesabKolCode=6201", "DELETE FROM HesabKol WHERE iCode=6201"})
+        m_office.database.run(QString::fromLatin1(statement));
+    AccountChart::add(kol, 6201, QStringLiteral("هزینه‌های اداری"), 0);
+    AccountChart::add(moeen, 620101, rentName, 6201);
+    AccountChart::add(tafsily, 620101001, QStringLiteral("انبار"), 620101);
+}
+
+QString TestAccountChart::refusalOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const KAccountingError &error) {
+        return error.userMessage();
+    }
+    return {};
+}
+
+QList<int> TestAccountChart::postableCodes()
+{
+    QList<int> codes;
+    for (const AccountChart::Account &account : AccountChart::postable())
+        codes.append(account.code);
+    return codes;
+}
+
+void TestAccountChart::accountsAreAddedOnEveryLevel()
+{
+    QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',iCode,sName,iStatus) FROM HesabKol WHERE iCode=6201")),
+             QStringLiteral("6201/هزینه‌های اداری/0"));
+    QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',iCode,sName,iStatus,iHesabKolCode) FROM HesabMoeen WHERE iCode=620101")),
+             QStringLiteral("620101/اجاره/0/6201"));
+    QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',iCode,sName,iStatus,iHesabMoeenCode) FROM HesabTafsily")),
+             QStringLiteral("620101001/انبار/0/620101"));
+}
+
+void TestAccountChart::additionsThatAreRefused_data()
+{
+    QTest::addColumn<int>("level");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("parent");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *what, AccountLevel level, int code, const QString &name, int parent, const QString &message) {
+        QTest::newRow(what) << static_cast<int>(level) << code << name << parent << message;
+    };
+    const QString name = QStringLiteral("تازه");
+    row("no name", kol, 6202, QStringLiteral("  "), 0, QStringLiteral("لطفا نام حساب را وارد نمایید."));
+    row("general of three digits", kol, 620, name, 0, QStringLiteral("کد حساب کل باید چهار رقم باشد."));
+    row("subsidiary of seven digits", moeen, 6201011, name, 6201, QStringLiteral("کد حساب معین باید شش رقم باشد."));
+    row("detail of six digits", tafsily, 620101, name, 620101, QStringLiteral("کد حساب تفصیلی باید هفت تا نه رقم باشد."));
+    row("not under its parent", moeen, 620201, name, 6201, QStringLiteral("کد حساب باید با 6201 آغاز شود."));
+    row("code is taken", moeen, 620101, name, 6201, QStringLiteral("حساب 620101 وجود دارد."));
+    row("no such parent", moeen, 990101, name, 9901, QStringLiteral("حساب بالاتر وجود ندارد."));
+    row("name is taken beside it", moeen, 620102, QStringLiteral("اجاره "), 6201, QStringLiteral("حساب 620101 همین نام را دارد."));
+    row("name is taken in another spelling", moeen, 620102, QStringLiteral("إجاره"), 6201,
+        QStringLiteral("حساب 620101 همین نام را دارد."));
+    row("below an account that the program posts to", tafsily, 410202001, name, 410202,
+        QStringLiteral("برنامه خودش روی حساب «درآمد کمیسیون» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود."));
+}
+
+void TestAccountChart::additionsThatAreRefused()
+{
+    QFETCH(int, level);
+    QFETCH(int, code);
+    QFETCH(QString, name);
+    QFETCH(int, parent);
+    const QString counts = QStringLiteral("SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM HesabKol),(SELECT COUNT(*) FROM "
+                                          "HesabMoeen),(SELECT COUNT(*) FROM HesabTafsily))");
+    const QString before = value(counts);
+    QTEST(refusalOf([&] { AccountChart::add(static_cast<AccountLevel>(level), code, name, parent); }), "message");
+    QCOMPARE(value(counts), before);
+}
+
+void TestAccountChart::noDetailBelowAnAccountWithRowsOfItsOwn()
+{
+    AccountChart::add(moeen, 620102, QStringLiteral("آب و برق"), 6201);
+    const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
+    CTblDocs::AddRecord({.docNum = num, .fiscalYear = 1405, .hesabKol = 6201, .hesabMoeen = 620102, .bed = 5});
+    QCOMPARE(refusalOf([] { AccountChart::add(tafsily, 620102001, QStringLiteral("آب"), 620102); }),
+             QStringLiteral("حساب «آب و برق» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."));
+    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
+    AccountChart::add(tafsily, 620102001, QStringLiteral("آب"), 620102);
+}
+
+void TestAccountChart::rename()
+{
+    AccountChart::rename(620101, QStringLiteral("اجاره‌ي  دفتر"));
+    QCOMPARE(AccountChart::nameOf(620101), QStringLiteral("اجاره‌ی دفتر"));
+    AccountChart::rename(620101, QStringLiteral("اجاره‌ی دفتر"));
+    // The program goes by the code; the name is the office's.
+    AccountChart::rename(Accounts::cash, QStringLiteral("صندوق مرکزی"));
+    QCOMPARE(AccountChart::nameOf(Accounts::cash), QStringLiteral("صندوق مرکزی"));
+    AccountChart::rename(Accounts::cash, QStringLiteral("صندوق"));
+}
+
+void TestAccountChart::renameThatIsRefused_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("no name") << 620101 << QString() << QStringLiteral("لطفا نام حساب را وارد نمایید.");
+    QTest::newRow("account is gone") << 620199 << rentName << QStringLiteral("این حساب دیگر وجود ندارد.");
+    QTest::newRow("name of its neighbour") << int(Accounts::dutyPayable) << QStringLiteral("مالیات ارزش افزوده پرداختنی")
+                                           << QStringLiteral("حساب 210501 همین نام را دارد.");
+}
+
+void TestAccountChart::renameThatIsRefused()
+{
+    QFETCH(int, code);
+    QFETCH(QString, name);
+    QTEST(refusalOf([&] { AccountChart::rename(code, name); }), "message");
+}
+
+void TestAccountChart::accountThatTheProgramPostsToStaysActive()
+{
+    for (const int code : {int(Accounts::commissionIncome), int(Accounts::incomeKol), int(Accounts::persons)}) {
+        QCOMPARE(refusalOf([code] { AccountChart::setActive(code, false); }),
+                 QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."));
+    }
+    QCOMPARE(value(QStringLiteral("SELECT (SELECT SUM(iStatus) FROM HesabMoeen)+(SELECT SUM(iStatus) FROM HesabKol)")),
+             QStringLiteral("0"));
+}
+
+void TestAccountChart::accountAboveAnActiveOneStaysActive()
+{
+    QCOMPARE(refusalOf([] { AccountChart::setActive(6201, false); }),
+             QStringLiteral("ابتدا حساب «اجاره» را که زیر این حساب است غیرفعال نمایید."));
+    AccountChart::setActive(620101001, false);
+    AccountChart::setActive(620101, false);
+    AccountChart::setActive(6201, false);
+    QCOMPARE(value(QStringLiteral("SELECT CONCAT((SELECT iStatus FROM HesabKol WHERE iCode=6201),(SELECT iStatus FROM HesabMoeen "
+                                  "WHERE iCode=620101),(SELECT iStatus FROM HesabTafsily))")),
+             QStringLiteral("111"));
+}
+
+void TestAccountChart::accountBelowAnInactiveOneStaysInactive()
+{
+    for (const int code : {620101001, 620101, 6201})
+        AccountChart::setActive(code, false);
+    QCOMPARE(refusalOf([] { AccountChart::setActive(620101, true); }), QStringLiteral("ابتدا حساب «هزینه‌های اداری» را فعال نمایید."));
+    QCOMPARE(refusalOf([] { AccountChart::add(moeen, 620105, QStringLiteral("تازه"), 6201); }),
+             QStringLiteral("حساب «هزینه‌های اداری» غیرفعال است."));
+    AccountChart::setActive(6201, true);
+    AccountChart::setActive(620101, true);
+    QVERIFY(postableCodes().contains(620101));
+}
+
+void TestAccountChart::postableAccountsAreTheDeepest()
+{
+    QVERIFY(postableCodes().contains(620101001));
+    QVERIFY(!postableCodes().contains(620101));
+    QVERIFY(postableCodes().contains(Accounts::cash));
+    QVERIFY(!postableCodes().contains(6201));
+    AccountChart::setActive(620101001, false);
+    QVERIFY(postableCodes().contains(620101));
+    QVERIFY(!postableCodes().contains(620101001));
+    AccountChart::setActive(620101, false);
+    QVERIFY(!postableCodes().contains(620101));
+    AccountChart::setActive(620101, true);
+    m_office.database.run(QStringLiteral("UPDATE HesabKol SET iStatus=1 WHERE iCode=6201"));
+    QVERIFY(!postableCodes().contains(620101));
+}
+
+void TestAccountChart::closedDatabaseIsRefused()
+{
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY(!refusalOf([] { AccountChart::add(kol, 6202, QStringLiteral("تازه"), 0); }).isEmpty());
+    QVERIFY(!refusalOf([] { AccountChart::rename(6201, QStringLiteral("دیگر")); }).isEmpty());
+    QVERIFY(!refusalOf([] { AccountChart::setActive(620101001, false); }).isEmpty());
+    GetDBSetting()->SetClosedDB(false);
+    QCOMPARE(AccountChart::nameOf(6201), QStringLiteral("هزینه‌های اداری"));
+}
+
+void TestAccountChart::nameOfEveryLevel()
+{
+    QCOMPARE(AccountChart::nameOf(6201), QStringLiteral("هزینه‌های اداری"));
+    QCOMPARE(AccountChart::nameOf(620101), rentName);
+    QCOMPARE(AccountChart::nameOf(620101001), QStringLiteral("انبار"));
+    QVERIFY(AccountChart::nameOf(9999).isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestAccountChart)
+#include "TestAccountChart.moc"

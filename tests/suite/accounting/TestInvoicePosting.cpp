@@ -1,0 +1,342 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/InvoicePosting.h"
+
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/CTblServices.h"
+#include "suite/accounting/KAccountingError.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QtTest>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+class TestInvoicePosting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void saleIsWrittenWithItsLinesAndItsDocument();
+    void purchaseStandsOnTheExpenseAccounts();
+    void returnedLinesTurnTheDocumentRound_data();
+    void returnedLinesTurnTheDocumentRound();
+    void loadGivesBackWhatWasSaved();
+    void changeRewritesLinesAndDocument();
+    void changeKeepsTheType();
+    void voidInvoiceKeepsItsNumberAndLosesItsAmounts();
+    void voidInvoiceCannotBeChanged();
+    void invoiceOfAnotherFiscalYearCannotBeChanged();
+    void missingInvoiceCannotBeChanged();
+    void refusals_data();
+    void refusals();
+    void closedDatabaseIsRefused();
+    void refusedDocumentLeavesNoInvoice();
+    void invoiceThatIsMadeVoidMeanwhileIsNotChanged();
+    void amountsHaveTheDecimalsOfTheMoneyUnit();
+
+private:
+    Invoice sale();
+    QString refusalOf(const std::function<void()> &work);
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+    QString documentRows()
+    {
+        return value("SELECT GROUP_CONCAT(CONCAT_WS('/',iHesabKolCode,iHesabMoeenCode,iPersonID,dBed,dBes) ORDER BY iID "
+                     "SEPARATOR ' ') FROM Docs");
+    }
+
+    TestOffice m_office;
+    int m_person = 0;
+    int m_service = 0;
+};
+
+namespace {
+
+constexpr int year = 1405;
+const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
+
+}
+
+void TestInvoicePosting::init()
+{
+    for (const char *table : {"Factors", "FactorStuffs", "Services", "Documents", "Docs", "Persons"})
+        m_office.database.run(QStringLiteral("TRUNCATE TABLE ") + QLatin1String(table));
+    GetDBSetting()->SetClosedDB(false);
+    GetDBSetting()->SetMoneyDecimals(0);
+    GetDBSetting()->SetFiscalYear(year);
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC));
+    m_person = m_office.addPerson(QStringLiteral("علی رضایی"));
+    m_service = CTblServices::add(11, QStringLiteral("کارشناسی خودرو"));
+}
+
+Invoice TestInvoicePosting::sale()
+{
+    Invoice invoice;
+    invoice.personID = m_person;
+    invoice.date = day;
+    invoice.desc = QStringLiteral("بابت اردیبهشت");
+    invoice.lines = {{m_service, {}, 2, 400}, {0, QStringLiteral("کرایه"), 1, 200}};
+    invoice.discount = 100;
+    invoice.tax = 54;
+    invoice.duty = 36;
+    return invoice;
+}
+
+QString TestInvoicePosting::refusalOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const KAccountingError &error) {
+        return error.userMessage();
+    }
+    return {};
+}
+
+void TestInvoicePosting::saleIsWrittenWithItsLinesAndItsDocument()
+{
+    const InvoicePosting::Saved saved = InvoicePosting::save(sale());
+    QCOMPARE(saved.num, 1);
+    QCOMPARE(saved.docNum, 1);
+    QCOMPARE(saved.fiscalYear, year);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iID,iType,iStatus,iPersonID,iDepartmentID,DATE(date),sDesc,dAmount,dDiscount,dTax,"
+                   "dImposition,iDocNum,iFiscalYear,iUserID) FROM Factors"),
+             QStringLiteral("1/7/0/%1/1/2026-05-01/بابت اردیبهشت/1000/100/54/36/1/1405/%2").arg(m_person).arg(m_office.admin));
+    QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iFactorNum,iType,iKind,iServiceID,IFNULL(sDesc,''),dCount,dPrice,dAmount,"
+                   "iDepartmentID) ORDER BY iID SEPARATOR ' ') FROM FactorStuffs"),
+             QStringLiteral("1/7/0/%1//2/400/800/1 1/7/0/0/کرایه/1/200/200/1").arg(m_service));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,DATE(date),sDesc,iStatus) FROM Documents"),
+             QStringLiteral("1/1405/7/2026-05-01/فاکتور فروش ش :1/0"));
+    QCOMPARE(documentRows(), QStringLiteral("1103/110301/%1/990/0 4101/410102/0/100/0 4101/410101/0/0/1000 2105/210501/0/0/54 "
+                                            "2105/210502/0/0/36")
+                                 .arg(m_person));
+}
+
+void TestInvoicePosting::purchaseStandsOnTheExpenseAccounts()
+{
+    Invoice invoice = sale();
+    invoice.type = CTblFactors::purchase;
+    InvoicePosting::save(invoice);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iType,iKind) FROM FactorStuffs LIMIT 1"), QStringLiteral("8/0"));
+    QCOMPARE(value("SELECT iKind FROM Documents"), QString::number(Accounts::documentKindPurchase));
+    QCOMPARE(CTblDocs::GetBedBesHesabMoeen1(Accounts::serviceExpense).bed, 1000.0);
+    QCOMPARE(CTblDocs::GetBedBesHesabMoeen1(Accounts::persons).bes, 990.0);
+    QCOMPARE(CTblDocs::GetBedBesHesabKol1(Accounts::taxExpenseKol).bed, 90.0);
+}
+
+void TestInvoicePosting::returnedLinesTurnTheDocumentRound_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("kinds");
+    QTest::addColumn<double>("personBed");
+    QTest::addColumn<double>("personBes");
+    QTest::newRow("sale") << int(CTblFactors::sale) << "3" << 0.0 << 990.0;
+    QTest::newRow("purchase") << int(CTblFactors::purchase) << "4" << 990.0 << 0.0;
+}
+
+void TestInvoicePosting::returnedLinesTurnTheDocumentRound()
+{
+    QFETCH(int, type);
+    Invoice invoice = sale();
+    invoice.type = type;
+    invoice.returned = true;
+    const int num = InvoicePosting::save(invoice).num;
+    QTEST(value("SELECT GROUP_CONCAT(DISTINCT iKind) FROM FactorStuffs"), "kinds");
+    const AccountBalance person = CTblDocs::GetBedBesHesabMoeen1(Accounts::persons);
+    QTEST(person.bed, "personBed");
+    QTEST(person.bes, "personBes");
+    QVERIFY(InvoicePosting::load(num).returned);
+}
+
+void TestInvoicePosting::loadGivesBackWhatWasSaved()
+{
+    const Invoice before = sale();
+    const Invoice after = InvoicePosting::load(InvoicePosting::save(before).num);
+    QCOMPARE(after.num, 1);
+    QCOMPARE(after.type, before.type);
+    QVERIFY(!after.returned);
+    QCOMPARE(after.personID, before.personID);
+    QCOMPARE(after.date, before.date);
+    QCOMPARE(after.desc, before.desc);
+    QCOMPARE(after.lines, before.lines);
+    QCOMPARE(after.discount, before.discount);
+    QCOMPARE(after.tax, before.tax);
+    QCOMPARE(after.duty, before.duty);
+    QCOMPARE(InvoicePosting::load(2).num, 0);
+}
+
+void TestInvoicePosting::changeRewritesLinesAndDocument()
+{
+    Invoice invoice = sale();
+    invoice.num = InvoicePosting::save(invoice).num;
+    InvoicePosting::save(sale());
+    invoice.lines = {{m_service, {}, 1, 5000}};
+    invoice.discount = invoice.tax = invoice.duty = 0;
+    invoice.date = day.addDays(3);
+    const InvoicePosting::Saved saved = InvoicePosting::save(invoice);
+    QCOMPARE(saved.num, 1);
+    QCOMPARE(saved.docNum, 1);
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("2"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(dAmount) FROM FactorStuffs WHERE iFactorNum=1"), QStringLiteral("5000"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes) FROM Docs WHERE iDocNum=1"), QStringLiteral("5000,5000"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("5"));
+    QCOMPARE(value("SELECT DATE(date) FROM Documents WHERE iNum=1"), QStringLiteral("2026-05-04"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("2"));
+}
+
+void TestInvoicePosting::changeKeepsTheType()
+{
+    Invoice invoice = sale();
+    invoice.num = InvoicePosting::save(invoice).num;
+    invoice.type = CTblFactors::purchase;
+    InvoicePosting::save(invoice);
+    QCOMPARE(value("SELECT CONCAT_WS('/',f.iType,s.iType) FROM Factors f JOIN FactorStuffs s ON s.iFactorNum=f.iID LIMIT 1"),
+             QStringLiteral("7/7"));
+    QVERIFY(CTblDocs::GetBedBesHesabMoeen1(Accounts::serviceIncome).bes > 0);
+}
+
+void TestInvoicePosting::voidInvoiceKeepsItsNumberAndLosesItsAmounts()
+{
+    InvoicePosting::save(sale());
+    InvoicePosting::makeVoid(1);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iID,iStatus,dAmount,iDocNum) FROM Factors"), QStringLiteral("1/1/1000/1"));
+    QCOMPARE(value("SELECT COUNT(*) FROM FactorStuffs"), QStringLiteral("2"));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iStatus) FROM Documents"), QStringLiteral("1/1"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QVERIFY(CTblDocs::balances(AccountLevel::Moeen).isEmpty());
+    // Its number is not given again.
+    QCOMPARE(InvoicePosting::save(sale()).num, 2);
+    QCOMPARE(value("SELECT MAX(iNum) FROM Documents"), QStringLiteral("2"));
+}
+
+void TestInvoicePosting::voidInvoiceCannotBeChanged()
+{
+    Invoice invoice = sale();
+    invoice.num = InvoicePosting::save(invoice).num;
+    QVERIFY(InvoicePosting::changeRefusal(1).isEmpty());
+    InvoicePosting::makeVoid(1);
+    const QString refusal = QStringLiteral("فاکتور شماره 1 باطل شده است و تغییر نمی‌کند.");
+    QCOMPARE(InvoicePosting::changeRefusal(1), refusal);
+    QCOMPARE(refusalOf([&] { InvoicePosting::save(invoice); }), refusal);
+    QCOMPARE(refusalOf([] { InvoicePosting::makeVoid(1); }), refusal);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+}
+
+void TestInvoicePosting::invoiceOfAnotherFiscalYearCannotBeChanged()
+{
+    Invoice invoice = sale();
+    invoice.num = InvoicePosting::save(invoice).num;
+    GetDBSetting()->SetFiscalYear(year + 1);
+    QVERIFY(refusalOf([&] { InvoicePosting::save(invoice); }).contains(QStringLiteral("1406")));
+    QVERIFY(refusalOf([] { InvoicePosting::makeVoid(1); }).contains(QStringLiteral("1405")));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iStatus,iFiscalYear) FROM Factors"), QStringLiteral("0/1405"));
+}
+
+void TestInvoicePosting::missingInvoiceCannotBeChanged()
+{
+    Invoice invoice = sale();
+    invoice.num = 77;
+    const QString refusal = QStringLiteral("این فاکتور دیگر وجود ندارد.");
+    QCOMPARE(refusalOf([&] { InvoicePosting::save(invoice); }), refusal);
+    QCOMPARE(refusalOf([] { InvoicePosting::makeVoid(77); }), refusal);
+    QCOMPARE(InvoicePosting::changeRefusal(77), refusal);
+    QCOMPARE(value("SELECT COUNT(*) FROM FactorStuffs"), QStringLiteral("0"));
+}
+
+void TestInvoicePosting::refusals_data()
+{
+    QTest::addColumn<std::function<void(Invoice &)>>("spoil");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *name, const std::function<void(Invoice &)> &spoil, const QString &message) {
+        QTest::newRow(name) << spoil << message;
+    };
+    row(
+        "nobody", [](Invoice &i) { i.personID = 0; }, QStringLiteral("لطفا شخص را انتخاب نمایید."));
+    row(
+        "person is gone", [](Invoice &i) { i.personID = 999; }, QStringLiteral("این شخص دیگر وجود ندارد."));
+    row(
+        "no lines", [](Invoice &i) { i.lines.clear(); }, QStringLiteral("لطفا دست‌کم یک ردیف وارد نمایید."));
+    row(
+        "service is gone", [](Invoice &i) { i.lines[1].serviceID = 999; }, QStringLiteral("خدمت ردیف 2 دیگر وجود ندارد."));
+    row(
+        "before the fiscal year", [](Invoice &i) { i.date = QDateTime(QDate(2026, 3, 20), QTime(0, 0), Qt::UTC); },
+        QStringLiteral("تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."));
+    row(
+        "discount above the sum", [](Invoice &i) { i.discount = 1001; }, QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است."));
+}
+
+void TestInvoicePosting::refusals()
+{
+    QFETCH(std::function<void(Invoice &)>, spoil);
+    Invoice invoice = sale();
+    spoil(invoice);
+    QTEST(refusalOf([&] { InvoicePosting::save(invoice); }), "message");
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Factors)+(SELECT COUNT(*) FROM FactorStuffs)+(SELECT COUNT(*) FROM Documents)"),
+             QStringLiteral("0"));
+}
+
+void TestInvoicePosting::closedDatabaseIsRefused()
+{
+    InvoicePosting::save(sale());
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY(!refusalOf([this] { InvoicePosting::save(sale()); }).isEmpty());
+    QVERIFY(!refusalOf([] { InvoicePosting::makeVoid(1); }).isEmpty());
+    QCOMPARE(value("SELECT GROUP_CONCAT(iStatus) FROM Factors"), QStringLiteral("0"));
+}
+
+void TestInvoicePosting::refusedDocumentLeavesNoInvoice()
+{
+    m_office.database.run(QStringLiteral("UPDATE HesabMoeen SET iCode=410199 WHERE iCode=410101"));
+    const QString refusal = refusalOf([this] { InvoicePosting::save(sale()); });
+    m_office.database.run(QStringLiteral("UPDATE HesabMoeen SET iCode=410101 WHERE iCode=410199"));
+    QVERIFY(!refusal.isEmpty());
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Factors)+(SELECT COUNT(*) FROM FactorStuffs)+(SELECT COUNT(*) FROM Documents)"),
+             QStringLiteral("0"));
+}
+
+// The other user's change is committed while this one waits for the lock; what is read afterwards must be the new state.
+void TestInvoicePosting::invoiceThatIsMadeVoidMeanwhileIsNotChanged()
+{
+    Invoice invoice = sale();
+    invoice.num = InvoicePosting::save(invoice).num;
+    QString refusal;
+    std::atomic<bool> done{false};
+    std::thread other;
+    {
+        KTransaction transaction;
+        InvoicePosting::makeVoid(1);
+        other = std::thread([&] {
+            refusal = refusalOf([&] { InvoicePosting::save(invoice); });
+            done = true;
+        });
+        QTest::qWait(300);
+        QVERIFY(!done);
+        transaction.commit();
+    }
+    other.join();
+    QCOMPARE(refusal, QStringLiteral("فاکتور شماره 1 باطل شده است و تغییر نمی‌کند."));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+}
+
+void TestInvoicePosting::amountsHaveTheDecimalsOfTheMoneyUnit()
+{
+    Invoice invoice = sale();
+    invoice.lines = {{m_service, {}, 1.5, 33.33}};
+    invoice.discount = invoice.tax = invoice.duty = 0;
+    InvoicePosting::save(invoice);
+    GetDBSetting()->SetMoneyDecimals(2);
+    InvoicePosting::save(invoice);
+    QCOMPARE(value("SELECT GROUP_CONCAT(dAmount ORDER BY iID SEPARATOR '/') FROM Factors"), QStringLiteral("50/50"));
+    invoice.lines = {{m_service, {}, 3, 33.33}};
+    InvoicePosting::save(invoice);
+    QCOMPARE(value("SELECT dAmount FROM Factors WHERE iID=3"), QStringLiteral("99.99"));
+}
+
+QTEST_GUILESS_MAIN(TestInvoicePosting)
+#include "TestInvoicePosting.moc"

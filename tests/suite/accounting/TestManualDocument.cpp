@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/ManualDocument.h"
+
+#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/KAccountingError.h"
+#include "tests/suite/accounting/TestOffice.h"
+
+#include <QtTest>
+
+#include <functional>
+
+using What = ManualDocument::Problem::What;
+
+class TestManualDocument : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void problems_data();
+    void problems();
+    void newDocumentGetsTheNextNumber();
+    void detailAccountStandsWithThoseAboveIt();
+    void changeKeepsTheNumberAndRewritesTheRows();
+    void refusals_data();
+    void refusals();
+    void documentsOfTheProgramRefuse_data();
+    void documentsOfTheProgramRefuse();
+    void documentOfAnotherFiscalYearRefuses();
+    void missingDocumentRefuses();
+    void removeTakesHeaderAndRows();
+    void closedDatabaseIsRefused();
+
+private:
+    ManualDocument good() const;
+    static QString refusalOf(const std::function<void()> &work);
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+
+    TestOffice m_office;
+    int m_person = 0;
+};
+
+namespace {
+
+constexpr int year = 1405;
+constexpr int water = 620101001;
+const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
+const QSet<int> accounts{Accounts::cash, Accounts::persons, water};
+
+}
+
+void TestManualDocument::initTestCase()
+{
+    m_person = m_office.addPerson(QStringLiteral("علی رضایی"));
+    AccountChart::add(AccountLevel::Kol, 6201, QStringLiteral("هزینه‌های اداری"), 0);
+    AccountChart::add(AccountLevel::Moeen, 620101, QStringLiteral("قبض‌ها"), 6201);
+    AccountChart::add(AccountLevel::Tafsily, water, QStringLiteral("آب"), 620101);
+}
+
+void TestManualDocument::init()
+{
+    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
+    m_office.database.run(QStringLiteral("DELETE FROM Documents"));
+    GetDBSetting()->SetClosedDB(false);
+    GetDBSetting()->SetFiscalYear(year);
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC));
+}
+
+ManualDocument TestManualDocument::good() const
+{
+    ManualDocument document;
+    document.date = day;
+    document.desc = QStringLiteral("پرداخت قبض");
+    document.rows = {{water, 0, 300, 0, QStringLiteral("قبض آب")},
+                     {Accounts::cash, 0, 0, 100, QStringLiteral("نقد")},
+                     {Accounts::persons, m_person, 0, 200, QStringLiteral("از طرف علی")}};
+    return document;
+}
+
+QString TestManualDocument::refusalOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const KAccountingError &error) {
+        return error.userMessage();
+    }
+    return {};
+}
+
+void TestManualDocument::problems_data()
+{
+    QTest::addColumn<std::function<void(ManualDocument &)>>("spoil");
+    QTest::addColumn<int>("what");
+    QTest::addColumn<int>("row");
+    const auto row = [](const char *name, const std::function<void(ManualDocument &)> &spoil, What what, int at = -1) {
+        QTest::newRow(name) << spoil << static_cast<int>(what) << at;
+    };
+    row(
+        "no date", [](ManualDocument &d) { d.date = {}; }, What::NoDate);
+    row(
+        "no rows", [](ManualDocument &d) { d.rows.clear(); }, What::NoRows);
+    row(
+        "no account", [](ManualDocument &d) { d.rows[1].account = 0; }, What::NoAccount, 1);
+    row(
+        "account that is divided", [](ManualDocument &d) { d.rows[0].account = 620101; }, What::NoAccount, 0);
+    row(
+        "nobody on the persons account", [](ManualDocument &d) { d.rows[2].personID = 0; }, What::NoPerson, 2);
+    row(
+        "a person on another account", [](ManualDocument &d) { d.rows[1].personID = 5; }, What::NeedlessPerson, 1);
+    row(
+        "no amount", [](ManualDocument &d) { d.rows.append({Accounts::cash, 0, 0, 0, {}}); }, What::NoAmount, 3);
+    row(
+        "both sides", [](ManualDocument &d) { d.rows[0].credit = d.rows[1].credit = 50; d.rows[2].credit = 200; },
+        What::BothSides, 0);
+    row(
+        "does not balance", [](ManualDocument &d) { d.rows[0].debit = 301; }, What::NotBalanced);
+}
+
+void TestManualDocument::problems()
+{
+    QFETCH(std::function<void(ManualDocument &)>, spoil);
+    ManualDocument document = good();
+    QVERIFY(document.problems(accounts).isEmpty());
+    spoil(document);
+    const QList<ManualDocument::Problem> found = document.problems(accounts);
+    QCOMPARE(found.size(), 1);
+    QTEST(static_cast<int>(found.constFirst().what), "what");
+    QTEST(found.constFirst().row, "row");
+    QVERIFY(!document.message(found.constFirst()).isEmpty());
+}
+
+void TestManualDocument::newDocumentGetsTheNextNumber()
+{
+    ManualDocument first = good();
+    first.save();
+    ManualDocument second = good();
+    second.save();
+    QCOMPARE(first.num, 1);
+    QCOMPARE(second.num, 2);
+    QCOMPARE(second.fiscalYear, year);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,DATE(date),sDesc,iUserID) FROM Documents WHERE iNum=1"),
+             QStringLiteral("1/1405/1/2026-05-01/پرداخت قبض/%1").arg(m_office.admin));
+    const ManualDocument loaded = ManualDocument::load(1, year);
+    QCOMPARE(loaded.rows, first.rows);
+    QCOMPARE(loaded.desc, first.desc);
+    QCOMPARE(loaded.date, first.date);
+    QCOMPARE(ManualDocument::load(3, year).num, 0);
+}
+
+void TestManualDocument::detailAccountStandsWithThoseAboveIt()
+{
+    good().save();
+    QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes) "
+                   "ORDER BY iID SEPARATOR ' ') FROM Docs"),
+             QStringLiteral("6201/620101/620101001/0/300/0 1101/110101/0/0/0/100 1103/110301/0/%1/0/200").arg(m_person));
+}
+
+void TestManualDocument::changeKeepsTheNumberAndRewritesTheRows()
+{
+    ManualDocument document = good();
+    document.save();
+    good().save();
+    document.rows = {{Accounts::cash, 0, 70, 0, {}}, {water, 0, 0, 70, {}}};
+    document.desc = QStringLiteral("اصلاح");
+    document.date = day.addDays(2);
+    document.save();
+    QCOMPARE(document.num, 1);
+    QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',dBed,dBes) ORDER BY iID SEPARATOR ' ') FROM Docs WHERE iDocNum=1"),
+             QStringLiteral("70/0 0/70"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("3"));
+    QCOMPARE(value("SELECT CONCAT_WS('/',sDesc,DATE(date)) FROM Documents WHERE iNum=1"), QStringLiteral("اصلاح/2026-05-03"));
+}
+
+void TestManualDocument::refusals_data()
+{
+    QTest::addColumn<std::function<void(ManualDocument &)>>("spoil");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *name, const std::function<void(ManualDocument &)> &spoil, const QString &message) {
+        QTest::newRow(name) << spoil << message;
+    };
+    row(
+        "does not balance", [](ManualDocument &d) { d.rows[0].debit = 301; },
+        QStringLiteral("سند تراز نیست: بدهکار 301، بستانکار 300."));
+    row(
+        "account that is not in the chart", [](ManualDocument &d) { d.rows[0].account = 999901; },
+        QStringLiteral("لطفا حساب ردیف 1 را انتخاب نمایید."));
+    row(
+        "person is gone", [](ManualDocument &d) { d.rows[2].personID = 999; }, QStringLiteral("شخص ردیف 3 دیگر وجود ندارد."));
+    row(
+        "before the fiscal year", [](ManualDocument &d) { d.date = QDateTime(QDate(2026, 3, 20), QTime(0, 0), Qt::UTC); },
+        QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."));
+}
+
+void TestManualDocument::refusals()
+{
+    QFETCH(std::function<void(ManualDocument &)>, spoil);
+    ManualDocument document = good();
+    spoil(document);
+    QTEST(refusalOf([&] { document.save(); }), "message");
+    QCOMPARE(document.num, 0);
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Docs)+(SELECT COUNT(*) FROM Documents)"), QStringLiteral("0"));
+}
+
+void TestManualDocument::documentsOfTheProgramRefuse_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("contract") << int(Accounts::documentKindContract) << QStringLiteral("«قرارداد»");
+    QTest::newRow("receipt") << int(Accounts::documentKindReceipt) << QStringLiteral("«دریافت نقدی»");
+    QTest::newRow("sale") << int(Accounts::documentKindSale) << QStringLiteral("«فاکتور فروش»");
+    QTest::newRow("purchase") << int(Accounts::documentKindPurchase) << QStringLiteral("«فاکتور خرید»");
+    QTest::newRow("another program's") << 55 << QStringLiteral("برنامه");
+}
+
+void TestManualDocument::documentsOfTheProgramRefuse()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, word);
+    const int num = CTblDocuments::AddDoc(kind, day, QStringLiteral("سند"), year);
+    ManualDocument document = good();
+    document.num = num;
+    document.fiscalYear = year;
+    const QString refusal = ManualDocument::changeRefusal(num, year);
+    QVERIFY2(refusal.contains(word), qPrintable(refusal));
+    QCOMPARE(refusalOf([&] { document.save(); }), refusal);
+    QCOMPARE(refusalOf([&] { ManualDocument::remove(num, year); }), refusal);
+    QCOMPARE(value("SELECT CONCAT((SELECT COUNT(*) FROM Docs),(SELECT sDesc FROM Documents))"), QStringLiteral("0سند"));
+}
+
+void TestManualDocument::documentOfAnotherFiscalYearRefuses()
+{
+    ManualDocument document = good();
+    document.save();
+    GetDBSetting()->SetFiscalYear(year + 1);
+    document.rows[0].debit = document.rows[1].credit = 0;
+    document.rows = {{Accounts::cash, 0, 70, 0, {}}, {water, 0, 0, 70, {}}};
+    QVERIFY(refusalOf([&] { document.save(); }).contains(QStringLiteral("1405")));
+    QVERIFY(refusalOf([] { ManualDocument::remove(1, year); }).contains(QStringLiteral("1406")));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("3"));
+}
+
+void TestManualDocument::missingDocumentRefuses()
+{
+    ManualDocument document = good();
+    document.num = 9;
+    document.fiscalYear = year;
+    QCOMPARE(refusalOf([&] { document.save(); }), QStringLiteral("این سند دیگر وجود ندارد."));
+    QCOMPARE(refusalOf([] { ManualDocument::remove(9, year); }), QStringLiteral("این سند دیگر وجود ندارد."));
+}
+
+void TestManualDocument::removeTakesHeaderAndRows()
+{
+    good().save();
+    good().save();
+    ManualDocument::remove(1, year);
+    QCOMPARE(value("SELECT GROUP_CONCAT(iNum) FROM Documents"), QStringLiteral("2"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=1"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("3"));
+}
+
+void TestManualDocument::closedDatabaseIsRefused()
+{
+    good().save();
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY(!refusalOf([this] { good().save(); }).isEmpty());
+    QVERIFY(!refusalOf([] { ManualDocument::remove(1, year); }).isEmpty());
+    GetDBSetting()->SetClosedDB(false);
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("1"));
+}
+
+QTEST_GUILESS_MAIN(TestManualDocument)
+#include "TestManualDocument.moc"
