@@ -12,7 +12,7 @@ set -euo pipefail
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 program=$root/build/release/bin/tzhost
 
-sections=(run build font)
+sections=(run build font java)
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     sections+=(test)
 fi

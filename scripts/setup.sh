@@ -83,6 +83,9 @@ for section in "$@"; do
             continue
         fi
     fi
+    if [ "$section" = java ] && command -v mvn >/dev/null && command -v javac >/dev/null; then
+        continue
+    fi
     mapfile -t -O "${#wanted[@]}" wanted <<<"$listed"
 done
 

@@ -21,6 +21,9 @@ icons-dev
 compiler
 [font]
 npm
+[java]
+jdk
+maven
 END
 printf '{ "dependencies": {\n "vazirmatn": "33.0.3"\n} }\n' >"$tree/package.json"
 
@@ -91,6 +94,17 @@ expect_status 0 'font fetched' setup run font
 called 'npm ci --ignore-scripts' || fault "font: $(cat "$calls")"
 expect_status 0 'font is there' setup run font
 [ ! -s "$calls" ] || fault "font is there, and still called: $(cat "$calls")"
+
+# Java may have come in another way than by packages: its commands are what counts.
+expect_status 0 'no Java' setup run java
+called 'apt-get install -y -q --no-install-recommends jdk maven' || fault "no Java: $(cat "$calls")"
+tool javac true
+expect_status 0 'Java without Maven' setup run java
+called 'apt-get install -y -q --no-install-recommends jdk maven' || fault "Java without Maven: $(cat "$calls")"
+tool mvn true
+expect_status 0 'Java and Maven' setup run java
+[ ! -s "$calls" ] || fault "Java and Maven are there, and still called: $(cat "$calls")"
+expect_output 'Java and Maven' 'All 2 packages are there'
 
 expect_status 2 'unknown section' setup runn
 expect_output 'unknown section' 'no section [runn]'
