@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/reports/SeasonalExportDesk.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "tests/auto/reports/ExportedSeason.h"
+#include "tests/support/AccessFileReader.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <QUrl>
+
+using ExportedSeason::builtFolder;
+using ExportedSeason::ownRow;
+using ExportedSeason::report;
+using Kind = SeasonalExport::Kind;
+
+namespace {
+
+const QString fileName = QStringLiteral("Foroosh_Fasly_1404_2.mdb");
+
+}
+
+// The steps with their messages to the letter, and the desktop that opens the folder in the end.
+class TestSeasonalExportDesk : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QList<QUrl> m_opened;
+
+    // Answers the choice of a folder.
+    void choose(const QString &folder)
+    {
+        TestOffice::whenModal("QFileDialog", [folder](QWidget *window) {
+            auto *dialog = static_cast<QFileDialog *>(window);
+            dialog->setDirectory(folder);
+            dialog->selectFile(folder);
+            static_cast<QDialog *>(dialog)->accept();
+        });
+    }
+
+public Q_SLOTS:
+    void open(const QUrl &url) { m_opened.append(url); }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+
+    void init()
+    {
+        m_office->clear();
+        ExportedSeason::giveCompany();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_opened.clear();
+        for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
+            dialog->takeShown();
+        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+    }
+
+    void cleanup() { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    void writesTheFileSaysSoAndOpensTheFolder()
+    {
+        QString prompt;
+        bool folders = false;
+        const QString path = m_folder->path();
+        TestOffice::whenModal("QFileDialog", [&](QWidget *window) {
+            auto *dialog = static_cast<QFileDialog *>(window);
+            prompt = dialog->windowTitle();
+            folders = dialog->fileMode() == QFileDialog::Directory;
+            dialog->setDirectory(path);
+            dialog->selectFile(path);
+            static_cast<QDialog *>(dialog)->accept();
+        });
+        QVERIFY(exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
+        QCOMPARE(prompt, QStringLiteral(": پوشه مورد نظر خود را انتخاب نمایید"));
+        QVERIFY(folders);
+        QCOMPARE(AccessFileReader(m_folder->filePath(fileName)).count(QStringLiteral("Foroush_Detail")), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("انجام شد.")});
+        QCOMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(path)});
+    }
+
+    void cancelledChoiceOfTheFolderEndsSilently()
+    {
+        TestOffice::whenModal("QFileDialog", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void missingTemplateWarns()
+    {
+        QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), m_folder->path()));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فایل اکسس مالیات موجود نیست : TTMS.mdb")});
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void emptyCompanyWarns()
+    {
+        CompanyDetails().write();
+        QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید.")});
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void failedCopyWarns()
+    {
+        QVERIFY(QDir().mkpath(m_folder->filePath(fileName)));
+        choose(m_folder->path());
+        QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("امکان کپی فایل نیست.")});
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(m_opened.isEmpty());
+    }
+
+    void stoppedByItsButton()
+    {
+        choose(m_folder->path());
+        bool sawProgress = false;
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, this, [&] {
+            auto *window = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+            if (!window || sawProgress)
+                return;
+            sawProgress = true;
+            for (QPushButton *button : window->findChildren<QPushButton *>()) {
+                if (button->accessibleName() == QStringLiteral("انصراف"))
+                    button->click();
+            }
+        });
+        poll.start(10);
+        // More than will ever be written.
+        SeasonalExport::Report endless = report(Kind::Sales, {ownRow(1)});
+        endless.rowCount = 50'000'000;
+        endless.cells = [](int) { return ownRow(1); };
+        QVERIFY(!exportSeasonWithDialogs(nullptr, endless, builtFolder));
+        QVERIFY(sawProgress);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(m_opened.isEmpty());
+        QVERIFY(QDir(m_folder->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestSeasonalExportDesk>(argc, argv);
+}
+#include "TestSeasonalExportDesk.moc"
