@@ -10,6 +10,7 @@
 #include "auto/contracts/ContractSettlement.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/KLookup.h"
+#include "auto/reports/CDlgAutoFullReport.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
@@ -91,7 +92,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, QStringLiteral(":/icons/receipt.svg")},
         {QStringLiteral("تسويه با خريدار"), onRow, [this] { settle(Side::Buyer); }, {}, QStringLiteral(":/icons/receipt.svg")},
         {QStringLiteral("تنظيمات"), C::StartsGroup, [this] { editSettings(); }, {}, QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("گزارش جامع"), C::NotAvailable, {}},
+        {QStringLiteral("گزارش جامع"), 0, [this] { CDlgAutoFullReport::Show(this); }, {}, QStringLiteral(":/icons/money.svg")},
     };
 }
 

@@ -391,7 +391,7 @@ void KListPage::updateCommands()
     const bool rowSelected = m_list->currentRow() >= 0;
     for (const Command &entry : m_commands) {
         const int options = entry.command.options;
-        const bool enabled = !(options & KListCommand::NotAvailable) && (rowSelected || !(options & KListCommand::NeedsRow));
+        const bool enabled = rowSelected || !(options & KListCommand::NeedsRow);
         if (!enabled && focusWidget() == entry.button)
             m_list->setFocus(Qt::OtherFocusReason);
         entry.button->setEnabled(enabled);

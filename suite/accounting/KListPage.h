@@ -32,7 +32,6 @@ struct KListCommand
         HiddenInReadOnly = 2, // not shown in read-only mode and on a closed database
         HiddenInSelect = 4,   // not shown in select mode
         NotDisplayed = 8,     // exists, but is never shown
-        NotAvailable = 16,    // stands in its place, always disabled
         StartsGroup = 32,     // a gap before it
         PrintsList = 64,      // the button has a menu beside it: the other ways to take the list out
         BesideSearch = 128    // stands beside the search button, not among the commands below the list

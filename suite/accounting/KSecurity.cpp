@@ -47,6 +47,7 @@ const QList<KSecurity::Form> &KSecurity::forms()
         {QStringLiteral("AutomobilInformations"), QStringLiteral("گالری اتومبیل"), false},
         {QStringLiteral("AutomobilInformationArchive"), QStringLiteral("بایگانی گالری اتومبیل"), true},
         {QStringLiteral("AutomobilReportSeasons"), QStringLiteral("گزارش فصلی"), false},
+        {QStringLiteral("AutoFullReport"), QStringLiteral("گزارش جامع"), false},
         {QStringLiteral("CarsAll"), QStringLiteral("نام خودرو"), false},
         {QStringLiteral("InputParameters"), QStringLiteral("پارامترهای ورودی"), false},
         {QStringLiteral("AutomobilTariffs"), QStringLiteral("هزینه های تعرفه های محضر"), false},

@@ -712,17 +712,6 @@ private Q_SLOTS:
         QVERIFY(!readOnly.button(QStringLiteral("چاپ"))->isHidden());
     }
 
-    void commandsOfLaterVersionsStandDisabled()
-    {
-        addNamed(QStringLiteral("a"));
-        CDlgAutomobilContracts page;
-        page.open();
-        for (const QString &caption : {QStringLiteral("گزارش جامع")}) {
-            QVERIFY(!page.button(caption)->isHidden());
-            QVERIFY(!page.button(caption)->isEnabled());
-        }
-    }
-
     void listReadsInThreeStatementsAtMostWhateverItsLength()
     {
         for (int i = 0; i < 20; ++i) {

@@ -1,0 +1,328 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/reports/CDlgAutoFullReport.h"
+
+#include "auto/reports/IncomeChart.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <utility>
+
+namespace {
+
+const QString section = QStringLiteral("AutoFullReport");
+const QString printCaption = QStringLiteral("چاپ");
+const QString chartPrintCaption = QStringLiteral("چاپ نمودار");
+
+struct SortKey
+{
+    const char16_t *name; // as it is kept in the settings
+    IncomeAndExpenses::Order order;
+};
+
+// By the columns of the list.
+constexpr SortKey sortKeys[] = {
+    {u"iCode", IncomeAndExpenses::Order::Code},
+    {u"sName", IncomeAndExpenses::Order::Name},
+    {u"dAmount", IncomeAndExpenses::Order::Amount},
+    {u"sNature", IncomeAndExpenses::Order::Nature},
+};
+constexpr int columnCount = std::size(sortKeys);
+
+QVector<KListModel::Column> listColumns()
+{
+    return {
+        {QStringLiteral("گروه"), Qt::AlignHCenter, 60, QString::fromUtf16(sortKeys[0].name)},
+        {QStringLiteral("نام حساب"), Qt::AlignRight, 140, QString::fromUtf16(sortKeys[1].name)},
+        {QStringLiteral("مبلغ"), Qt::AlignRight, 90, QString::fromUtf16(sortKeys[2].name)},
+        {QStringLiteral("تشخیص"), Qt::AlignHCenter, 45, QString::fromUtf16(sortKeys[3].name)},
+    };
+}
+
+KListModel::Row headingRow(const QString &name)
+{
+    return {.key = 0, .cells = {{}, {name}, {}, {}}, .heading = true};
+}
+
+KListModel::Row amountRow(int code, const QString &name, const AccountBalance &balance)
+{
+    const double amount = std::abs(balance.net());
+    const KListModel::Cell codeCell = code == 0 ? KListModel::Cell{} : KListModel::Cell{QString::number(code), code};
+    return {.key = code, .cells = {codeCell, {name}, {DToMoney(amount), amount}, {balance.nature()}}};
+}
+
+KListModel::Row totalRow(const QString &name, const AccountBalance &balance)
+{
+    KListModel::Row row = amountRow(0, name, balance);
+    row.heading = true;
+    return row;
+}
+
+void addDate(QHBoxLayout *line, const QString &caption, const QString &accessibleName, KDateEdit *edit)
+{
+    auto *label = new QLabel(caption);
+    label->setBuddy(edit);
+    edit->setAccessibleName(accessibleName);
+    line->addWidget(label);
+    line->addWidget(edit);
+}
+
+}
+
+CDlgAutoFullReport::CDlgAutoFullReport(QWidget *parent)
+    : KDialog(parent)
+    , m_from(new KDateEdit)
+    , m_to(new KDateEdit)
+    , m_list(new KExtListCtrl)
+    , m_chart(new IncomeChart)
+    , m_count(new QLabel(QStringLiteral("تعداد : -")))
+{
+    SetFormName(QStringLiteral("AutoFullReport"));
+    CheckSecurity();
+    setWindowTitle(QStringLiteral("گزارش جامع"));
+    SetSettingName(section);
+    m_list->setAccessibleName(windowTitle());
+    m_list->setColumns(listColumns());
+    m_list->SetSettingName(section + QLatin1String("\\List"));
+    connect(m_list, &KExtListCtrl::columnClicked, this, &CDlgAutoFullReport::sortBy);
+    connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAutoFullReport::activated);
+
+    auto *both = new QSplitter;
+    both->addWidget(m_list);
+    both->addWidget(m_chart);
+    both->setChildrenCollapsible(false);
+    both->setStretchFactor(0, 1);
+    both->setStretchFactor(1, 1);
+    both->setSizes({620, 480});
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildFilter());
+    layout->addWidget(both, 1);
+    layout->addWidget(buildFoot());
+    resize(1100, 640);
+
+    const int fiscalYear = GetDBSetting()->FiscalYear();
+    m_from->setDateTime(GetDBSetting()->FiscalYearOpeningDate());
+    m_to->setDate(ConvertToMiladi(fiscalYear, 12, shamsiDaysInMonth(fiscalYear, 12)));
+    setChoiceMode(false);
+    readSettings();
+    search();
+    m_list->setFocus();
+}
+
+CDlgAutoFullReport::~CDlgAutoFullReport() = default;
+
+void CDlgAutoFullReport::Show(QWidget *parent)
+{
+    KSecurity security;
+    security.SetFormName(QStringLiteral("AutoFullReport"));
+    security.CheckSecurity();
+    if (security.CheckAccessSecurity())
+        CDlgAutoFullReport(parent).exec();
+}
+
+QWidget *CDlgAutoFullReport::buildFilter()
+{
+    auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"));
+    auto *line = new QHBoxLayout(box);
+    addDate(line, QStringLiteral("تاريخ :"), QStringLiteral("تاريخ :"), m_from);
+    addDate(line, QStringLiteral("تا :"), QStringLiteral("تاريخ تا :"), m_to);
+    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"));
+    search->setAutoDefault(false);
+    connect(search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
+    for (KDateEdit *edit : {m_from, m_to})
+        connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
+    connect(new QShortcut(QKeySequence(QKeySequence::Find), this), &QShortcut::activated, m_from,
+            [this] { m_from->setFocus(Qt::ShortcutFocusReason); });
+    line->addWidget(search);
+    line->addStretch(1);
+    return box;
+}
+
+QWidget *CDlgAutoFullReport::buildFoot()
+{
+    auto *foot = new QWidget;
+    auto *line = new QHBoxLayout(foot);
+    line->setContentsMargins(0, 0, 0, 0);
+    const auto addPrint = [this, line](const QString &caption) {
+        auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/print.svg")), caption);
+        button->setAutoDefault(false);
+        line->addWidget(button);
+        return button;
+    };
+    QPushButton *printButton = addPrint(printCaption);
+    connect(printButton, &QPushButton::clicked, this, &CDlgAutoFullReport::print);
+    connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
+    connect(addPrint(chartPrintCaption), &QPushButton::clicked, this, &CDlgAutoFullReport::printChart);
+    line->addWidget(m_count);
+    line->addStretch(1);
+    QDialogButtonBox *buttons = createButtons(QStringLiteral("بازگشت"), QStringLiteral("انصراف"));
+    m_ok = buttons->findChildren<QPushButton *>().constFirst();
+    line->addWidget(buttons);
+    return foot;
+}
+
+void CDlgAutoFullReport::setChoiceMode(bool on)
+{
+    m_choiceMode = on;
+    m_ok->setText(on ? QStringLiteral("انتخاب") : QStringLiteral("بازگشت"));
+    m_ok->setAccessibleName(m_ok->text());
+}
+
+void CDlgAutoFullReport::readSettings()
+{
+    m_lastColumn = ReadSetting(section, QStringLiteral("iLastCol"), 0);
+    if (m_lastColumn < 0 || m_lastColumn >= columnCount)
+        m_lastColumn = 0;
+    m_descending = ReadSetting(section, QStringLiteral("Sort"), QString()).endsWith(QLatin1String(" DESC"));
+    m_list->setColumnTitle(m_lastColumn, listColumns().at(m_lastColumn).title + u'*');
+}
+
+void CDlgAutoFullReport::done(int result)
+{
+    WriteSetting(section, QStringLiteral("iLastCol"), m_lastColumn);
+    WriteSetting(section, QStringLiteral("Sort"),
+                 listColumns().at(m_lastColumn).sortKey + (m_descending ? QLatin1String(" DESC") : QLatin1String()));
+    KDialog::done(result);
+}
+
+bool CDlgAutoFullReport::warn(const QString &text, QWidget *field)
+{
+    g_pDlgWarning->Show(text, this);
+    field->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void CDlgAutoFullReport::search()
+{
+    for (KDateEdit *edit : {m_from, m_to}) {
+        if (!edit->isEntryValid()) {
+            warn(edit->accessibleName() + u' ' + edit->entryError(), edit);
+            return;
+        }
+    }
+    const KWaitCursor wait;
+    m_report = ComprehensiveReport::read(m_from->dateTime(), m_to->dateTime());
+    m_chart->setReport(m_report);
+    showRows();
+}
+
+void CDlgAutoFullReport::showRows()
+{
+    const int selected = m_list->currentKey();
+    QVector<KListModel::Row> rows;
+    const auto addSide = [&](IncomeAndExpenses::Side side, const QString &heading, const QString &total) {
+        rows.append(headingRow(heading));
+        IncomeAndExpenses::sort(side.accounts, sortKeys[m_lastColumn].order, m_descending);
+        for (const IncomeAndExpenses::Account &account : std::as_const(side.accounts))
+            rows.append(amountRow(account.code, account.name, account.balance));
+        rows.append(totalRow(total, side.total));
+    };
+    addSide(m_report.income, QStringLiteral("درآمد ها"), QStringLiteral("جمع درآمدها"));
+    addSide(m_report.expenses, QStringLiteral("هزینه ها"), QStringLiteral("جمع هزینه ها"));
+    rows.append(totalRow(QStringLiteral("مابه التفاوت درآمدها با هزینه ها"),
+                         IncomeAndExpenses::difference(m_report.income, m_report.expenses)));
+    m_list->setRows(std::move(rows));
+    if (selected == 0 || !m_list->selectKey(selected))
+        m_list->selectRow(0);
+    m_count->setText(SuiteMessages::count(m_report.income.accounts.size() + m_report.expenses.accounts.size()));
+}
+
+void CDlgAutoFullReport::sortBy(int column)
+{
+    if (column < 0 || column >= columnCount)
+        return;
+    m_descending = column == m_lastColumn && !m_descending;
+    m_list->setColumnTitle(m_lastColumn, listColumns().at(m_lastColumn).title);
+    m_lastColumn = column;
+    m_list->setColumnTitle(m_lastColumn, listColumns().at(m_lastColumn).title + u'*');
+    showRows();
+}
+
+const IncomeAndExpenses::Account *CDlgAutoFullReport::account(int key) const
+{
+    for (const IncomeAndExpenses::Side *side : {&m_report.income, &m_report.expenses}) {
+        for (const IncomeAndExpenses::Account &account : side->accounts) {
+            if (account.code == key)
+                return &account;
+        }
+    }
+    return nullptr;
+}
+
+void CDlgAutoFullReport::activated(int key)
+{
+    if (m_choiceMode) {
+        accept();
+        return;
+    }
+    if (const IncomeAndExpenses::Account *found = account(key))
+        CDlgAccountDocs::Show(found->level, found->code, m_from->dateTime(), m_to->dateTime(), this);
+}
+
+bool CDlgAutoFullReport::OnOK()
+{
+    if (!m_choiceMode)
+        return true;
+    m_chosenCode = m_list->currentKey();
+    return m_chosenCode != 0 || warn(QStringLiteral("لطفا یک حساب را انتخاب نمایید."), m_list);
+}
+
+ListReport CDlgAutoFullReport::listReport() const
+{
+    ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست گزارش جامع"));
+    report.setText(QStringLiteral("RightTop"), QStringLiteral("گالری اتومبیل"));
+    const QString from = shamsiText(m_from->date());
+    const QString to = shamsiText(m_to->date());
+    report.setText(QStringLiteral("RightCenter"), from.isEmpty() ? QString() : QStringLiteral("تاريخ : ") + from);
+    report.setText(QStringLiteral("RightBottom"), to.isEmpty() ? QString() : QStringLiteral("تا : ") + to);
+    report.setText(QStringLiteral("LeftBottom"),
+                   QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+    report.setText(QStringLiteral("Count"), m_count->text());
+    report.setTable(QStringLiteral("List"), m_list);
+    if (!report.loadLayout())
+        report.buildStandard(QStringLiteral("لیست گزارش جامع"));
+    return report;
+}
+
+void CDlgAutoFullReport::print()
+{
+    if (CheckPrintListSecurity())
+        CDlgReportGenerator(listReport(), this).ShowReport();
+}
+
+void CDlgAutoFullReport::printChart()
+{
+    if (!CheckPrintListSecurity())
+        return;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    QPainter painter(&printer);
+    m_chart->draw(painter, QRectF(painter.viewport()));
+}

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/reports/ComprehensiveReport.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/ListReport.h"
+#include "suite/utility/KDialog.h"
+#include "suite/utility/KListModel.h"
+
+class IncomeChart;
+class KDateEdit;
+class KExtListCtrl;
+class QLabel;
+class QPushButton;
+
+// The comprehensive report ("گزارش جامع"): income and expenses by account within a range of days, their totals and their
+// difference, as a list and as a chart. Activating an account opens its documents, or picks it in choice mode.
+class CDlgAutoFullReport : public KDialog, private KSecurity
+{
+    Q_OBJECT
+
+public:
+    // Opens on the current fiscal year.
+    explicit CDlgAutoFullReport(QWidget *parent = nullptr);
+    ~CDlgAutoFullReport() override;
+
+    // Opens it modally for a user who has access to it; tells one who has not.
+    static void Show(QWidget *parent);
+
+    // For picking an account; to be called before the window is shown.
+    void setChoiceMode(bool on);
+    // The account that was picked; 0 before and without one.
+    int chosenCode() const { return m_chosenCode; }
+
+    KExtListCtrl *list() const { return m_list; }
+    KDateEdit *fromDate() const { return m_from; }
+    KDateEdit *toDate() const { return m_to; }
+    IncomeChart *chart() const { return m_chart; }
+    // The list as it goes on paper.
+    ListReport listReport() const;
+
+public Q_SLOTS:
+    // Reads the range as it stands; an entry that is no date is told and keeps the rows. Throws CMySQLException.
+    void search();
+    void print();
+    void printChart();
+
+protected:
+    bool OnOK() override;
+    void done(int result) override;
+
+private:
+    QWidget *buildFilter();
+    QWidget *buildFoot();
+    void readSettings();
+    void showRows();
+    void sortBy(int column);
+    void activated(int key);
+    const IncomeAndExpenses::Account *account(int key) const;
+    bool warn(const QString &text, QWidget *field);
+
+    ComprehensiveReport m_report;
+    bool m_choiceMode = false;
+    int m_chosenCode = 0;
+    int m_lastColumn = 0;
+    bool m_descending = false;
+    KDateEdit *m_from;
+    KDateEdit *m_to;
+    KExtListCtrl *m_list;
+    IncomeChart *m_chart;
+    QLabel *m_count;
+    QPushButton *m_ok = nullptr;
+};

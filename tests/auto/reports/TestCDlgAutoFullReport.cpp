@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/reports/CDlgAutoFullReport.h"
+#include "auto/reports/IncomeChart.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/auto/ObservedStatements.h"
+#include "tests/office/TestOffice.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+
+namespace {
+
+constexpr int year = 1405;
+
+QStringList column(const CDlgAutoFullReport &report, int column)
+{
+    QStringList texts;
+    for (int row = 0; row < report.list()->count(); ++row)
+        texts.append(report.list()->cellText(row, column));
+    return texts;
+}
+
+}
+
+class TestCDlgAutoFullReport : public QObject
+{
+    Q_OBJECT
+
+    TestOffice m_office;
+
+    static void post(int bedAccount, int besAccount, double amount, const QDate &day = ConvertToMiladi(year, 5, 1))
+    {
+        const int number = CTblDocuments::AddDoc(1, QDateTime(day, QTime(12, 0), Qt::UTC), QStringLiteral("سند"), year);
+        const auto row = [&](int account, double bed, double bes) {
+            DocRow row;
+            row.docNum = number;
+            row.fiscalYear = year;
+            row.hesabKol = account / 100;
+            row.hesabMoeen = account;
+            row.bed = bed;
+            row.bes = bes;
+            CTblDocs::AddRecord(row);
+        };
+        row(bedAccount, amount, 0);
+        row(besAccount, 0, amount);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_office.clear();
+        GetDBSetting()->SetFiscalYear(year);
+        m_office.setFiscalYearOpening(ConvertToMiladi(year, 1, 1));
+        m_office.database().run(QStringLiteral("DELETE FROM HesabTafsily"));
+    }
+
+    void rowsStandInTheirOrder()
+    {
+        post(110101, 410202, 5000); // commission earned
+        post(610502, 110101, 700);
+        post(610503, 110101, 90);
+        const CDlgAutoFullReport report;
+        QCOMPARE(report.windowTitle(), QStringLiteral("گزارش جامع"));
+        QCOMPARE(column(report, 0), (QStringList{{}, QStringLiteral("410202"), {}, {}, QStringLiteral("610502"), QStringLiteral("610503"), {}, {}}));
+        const QStringList names = column(report, 1);
+        QCOMPARE(names.at(0), QStringLiteral("درآمد ها"));
+        QCOMPARE(names.at(2), QStringLiteral("جمع درآمدها"));
+        QCOMPARE(names.at(3), QStringLiteral("هزینه ها"));
+        QCOMPARE(names.at(6), QStringLiteral("جمع هزینه ها"));
+        QCOMPARE(names.at(7), QStringLiteral("مابه التفاوت درآمدها با هزینه ها"));
+        QCOMPARE(column(report, 2), (QStringList{{}, QStringLiteral("5,000"), QStringLiteral("5,000"), {}, QStringLiteral("700"), QStringLiteral("90"), QStringLiteral("790"), QStringLiteral("4,210")}));
+        const QString debit = QStringLiteral("بد");
+        const QString credit = QStringLiteral("بس");
+        QCOMPARE(column(report, 3), (QStringList{{}, credit, credit, {}, debit, debit, debit, credit}));
+        const QVector<KListModel::Row> rows = report.list()->listModel()->rows();
+        for (const int row : {0, 2, 3, 6, 7})
+            QVERIFY(rows.at(row).heading);
+        QVERIFY(!rows.at(1).heading);
+    }
+
+    void anEmptyGroupGivesOnlyItsHeadingAndAZeroTotal()
+    {
+        const CDlgAutoFullReport report;
+        QCOMPARE(column(report, 2), (QStringList{{}, QStringLiteral("0"), {}, QStringLiteral("0"), QStringLiteral("0")}));
+        QCOMPARE(column(report, 3), (QStringList{{}, QStringLiteral("-"), {}, QStringLiteral("-"), QStringLiteral("-")}));
+    }
+
+    void equalIncomeAndExpenseTotalsGiveADifferenceOfZero()
+    {
+        post(610502, 410202, 300);
+        const CDlgAutoFullReport report;
+        QCOMPARE(column(report, 2).constLast(), QStringLiteral("0"));
+        QCOMPARE(column(report, 3).constLast(), QStringLiteral("-"));
+    }
+
+    void opensOnTheCurrentFiscalYear()
+    {
+        post(110101, 410202, 1, ConvertToMiladi(year, 1, 1).addDays(-1));
+        post(110101, 410202, 20, ConvertToMiladi(year, 1, 1));
+        post(110101, 410202, 300, ConvertToMiladi(year, 12, 29));
+        post(110101, 410202, 4000, ConvertToMiladi(year + 1, 1, 1));
+        CDlgAutoFullReport report;
+        QCOMPARE(shamsiText(report.fromDate()->date()), QStringLiteral("1405/01/01"));
+        QCOMPARE(shamsiText(report.toDate()->date()), QStringLiteral("1405/12/29"));
+        QCOMPARE(column(report, 2).at(1), QStringLiteral("320"));
+        report.toDate()->setDateTime({});
+        report.search();
+        QCOMPARE(column(report, 2).at(1), QStringLiteral("4,320"));
+    }
+
+    void inactiveAccountsAreLeftOut()
+    {
+        post(110101, 410202, 5000);
+        m_office.database().run(QStringLiteral("UPDATE HesabMoeen SET iStatus=1 WHERE iCode=410202"));
+        const CDlgAutoFullReport report;
+        m_office.database().run(QStringLiteral("UPDATE HesabMoeen SET iStatus=0 WHERE iCode=410202"));
+        QVERIFY(!column(report, 0).contains(QStringLiteral("410202")));
+    }
+
+    void noStatementPerAccount()
+    {
+        for (int i = 1; i <= 50; ++i) {
+            m_office.database().run(
+                QStringLiteral("INSERT INTO HesabTafsily(iCode,sName,iStatus,iHesabMoeenCode) VALUES(%1,'شعبه',0,410202)").arg(41020200 + i));
+        }
+        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ComprehensiveReport report = ComprehensiveReport::read({}, {});
+        // Three groups of three levels, each with its accounts and its balances.
+        QCOMPARE(observed.taken().size(), 3 * 3 * 2);
+        QVERIFY(report.income.accounts.isEmpty());
+    }
+
+    void aClickOnATitleSortsTheAccountsWithinTheirSide()
+    {
+        post(610502, 110101, 90);
+        post(610503, 110101, 700);
+        {
+            CDlgAutoFullReport report;
+            const auto click = [&report](int column) { Q_EMIT report.list()->columnClicked(column); };
+            click(2);
+            QCOMPARE(column(report, 2).mid(3, 2), (QStringList{QStringLiteral("90"), QStringLiteral("700")}));
+            click(2);
+            QCOMPARE(column(report, 2).mid(3, 2), (QStringList{QStringLiteral("700"), QStringLiteral("90")}));
+            QCOMPARE(column(report, 1).constLast(), QStringLiteral("مابه التفاوت درآمدها با هزینه ها"));
+            report.reject();
+        }
+        const CDlgAutoFullReport again;
+        QCOMPARE(column(again, 2).mid(3, 2), (QStringList{QStringLiteral("700"), QStringLiteral("90")}));
+        QCOMPARE(again.list()->listModel()->columns().at(2).title, QStringLiteral("مبلغ*"));
+    }
+
+    void activatingAnAccountOpensItsDocuments()
+    {
+        post(110101, 410202, 5000);
+        CDlgAutoFullReport report;
+        report.show();
+        bool opened = false;
+        TestOffice::whenModal("CDlgAccountDocs", [&opened](QWidget *window) {
+            opened = window->windowTitle().contains(QStringLiteral("410202"));
+            window->close();
+        });
+        Q_EMIT report.list()->rowActivated(410202);
+        QVERIFY(opened);
+        Q_EMIT report.list()->rowActivated(0); // a heading opens nothing
+    }
+
+    void choiceModeGivesTheAccount()
+    {
+        post(110101, 410202, 5000);
+        CDlgAutoFullReport report;
+        const auto hasButton = [&report](const QString &caption) {
+            const QList<QPushButton *> buttons = report.findChildren<QPushButton *>();
+            return std::any_of(buttons.cbegin(), buttons.cend(), [&](const QPushButton *button) { return button->text() == caption; });
+        };
+        QVERIFY(hasButton(QStringLiteral("بازگشت")));
+        report.setChoiceMode(true);
+        QVERIFY(hasButton(QStringLiteral("انتخاب")));
+        QVERIFY(!hasButton(QStringLiteral("بازگشت")));
+        QVERIFY(hasButton(QStringLiteral("انصراف")));
+        report.list()->selectRow(0);
+        report.accept();
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(report.result(), 0);
+        report.list()->selectKey(410202);
+        report.accept();
+        QCOMPARE(report.result(), int(QDialog::Accepted));
+        QCOMPARE(report.chosenCode(), 410202);
+    }
+
+    void aWrongDateIsTold()
+    {
+        post(110101, 410202, 5000);
+        CDlgAutoFullReport report;
+        report.show();
+        report.fromDate()->setText(QStringLiteral("1405/13/01"));
+        report.search();
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(column(report, 2).at(1), QStringLiteral("5,000"));
+    }
+
+    void chartShowsTheSameFigures()
+    {
+        post(110101, 410202, 5000);
+        post(610502, 110101, 700);
+        CDlgAutoFullReport report;
+        QCOMPARE(report.chart()->categories().size(), 2);
+        QVERIFY(report.chart()->categories().at(0).contains(QStringLiteral("410202")));
+        QVERIFY(report.chart()->categories().at(1).contains(QStringLiteral("610502")));
+        report.show();
+        QImage paper(800, 500, QImage::Format_RGB32);
+        paper.fill(Qt::yellow);
+        {
+            QPainter painter(&paper);
+            report.chart()->draw(painter, QRectF(paper.rect()));
+        }
+        const QImage mostly = paper.scaled(200, 125);
+        QSet<QRgb> colors;
+        for (int y = 0; y < mostly.height(); ++y) {
+            for (int x = 0; x < mostly.width(); ++x)
+                colors.insert(mostly.pixel(x, y));
+        }
+        QVERIFY(colors.contains(qRgb(0x2e, 0x8b, 0x57))); // a bar of income
+        QVERIFY(colors.contains(qRgb(255, 255, 255)));    // white paper
+    }
+
+    void manyAccountsBecomeOneBarAtTheEnd()
+    {
+        ComprehensiveReport report;
+        for (int i = 0; i < 12; ++i)
+            report.income.accounts.append({AccountLevel::Moeen, 410101 + i, QStringLiteral("حساب"), {0, 100.0 + i}});
+        IncomeChart chart;
+        chart.setReport(report);
+        QCOMPARE(chart.categories().size(), IncomeChart::barsOfASide + 1);
+        QCOMPARE(chart.categories().constLast(), QStringLiteral("سایر درآمدها"));
+    }
+
+    void reportOnPaper()
+    {
+        post(110101, 410202, 5000);
+        const CDlgAutoFullReport report;
+        const ListReport paper = report.listReport();
+        QCOMPARE(paper.shownTitle(), QStringLiteral("لیست گزارش جامع"));
+        QVERIFY(paper.text(QStringLiteral("LeftBottom")).startsWith(QStringLiteral("تاریخ چاپ : ")));
+        QCOMPARE(paper.text(QStringLiteral("Count")), QStringLiteral("تعداد : 1"));
+        QCOMPARE(paper.rows().size(), report.list()->count());
+    }
+
+    void withoutTheRightItDoesNotOpen()
+    {
+        m_office.logInAs(QStringLiteral("reza"), QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+        CDlgAutoFullReport::Show(nullptr);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutoFullReport"), KSecurity::Access)});
+    }
+
+    void theContractListOpensIt()
+    {
+        CDlgAutomobilContracts contracts;
+        contracts.show();
+        bool opened = false;
+        TestOffice::whenModal("CDlgAutoFullReport", [&opened](QWidget *window) {
+            opened = true;
+            window->close();
+        });
+        QVERIFY(contracts.runCommand(QStringLiteral("گزارش جامع")));
+        QVERIFY(opened);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgAutoFullReport>(argc, argv);
+}
+
+#include "TestCDlgAutoFullReport.moc"
