@@ -9,6 +9,7 @@
 #include "suite/accounting/SuiteSchema.h"
 #include "suite/utility/KSettings.h"
 
+#include <QDir>
 #include <QFile>
 
 #ifdef __GLIBC__
@@ -29,16 +30,22 @@ BenchOffice::BenchOffice(int contracts)
 
 namespace {
 
-long statusValue(const QByteArray &name)
+// The rest of the line of that name; empty when the process is gone.
+QByteArray statusText(const QByteArray &name, const QString &process)
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(QStringLiteral("/proc/%1/status").arg(process));
     if (!status.open(QIODevice::ReadOnly))
-        return 0;
+        return {};
     for (const QByteArray &line : status.readAll().split('\n')) {
         if (line.startsWith(name))
-            return line.mid(name.size()).simplified().split(' ').first().toLong();
+            return line.mid(name.size()).simplified();
     }
-    return 0;
+    return {};
+}
+
+long statusValue(const QByteArray &name, const QString &process = QStringLiteral("self"))
+{
+    return statusText(name, process).split(' ').first().toLong();
 }
 
 }
@@ -51,6 +58,30 @@ long currentMemory()
 long peakMemory()
 {
     return statusValue("VmHWM:");
+}
+
+long peakMemoryOf(qint64 process)
+{
+    return statusValue("VmHWM:", QString::number(process));
+}
+
+QString processName(qint64 process)
+{
+    return QString::fromUtf8(statusText("Name:", QString::number(process)));
+}
+
+QList<qint64> childProcesses()
+{
+    QList<qint64> children;
+    const QDir threads(QStringLiteral("/proc/self/task"));
+    for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile list(threads.filePath(thread + QStringLiteral("/children")));
+        if (!list.open(QIODevice::ReadOnly))
+            continue;
+        for (const QByteArray &child : list.readAll().simplified().split(' '))
+            children.append(child.toLongLong());
+    }
+    return children;
 }
 
 void releaseFreeMemory()

@@ -5,6 +5,7 @@
 
 #include "tests/support/TestDatabase.h"
 
+#include <QList>
 #include <QTemporaryDir>
 
 // A made-up office with that many contracts on a private server of the benchmark's own; its user is logged in.
@@ -22,5 +23,9 @@ private:
 long currentMemory();
 long peakMemory();
 void resetPeakMemory();
+// The same of another process, 0 when it is gone.
+long peakMemoryOf(qint64 process);
+QString processName(qint64 process);
+QList<qint64> childProcesses();
 // Gives what earlier work has freed back to the system, where the library can: it would hide what the next one needs.
 void releaseFreeMemory();
