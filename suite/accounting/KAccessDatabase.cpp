@@ -46,7 +46,7 @@ void prepare(QProcess &helper, const QString &java, const QString &jar)
     helper.setProcessEnvironment(environment);
     helper.setProgram(java);
     helper.setArguments({QStringLiteral("-XX:+UseSerialGC"), QStringLiteral("-XX:TieredStopAtLevel=1"),
-                         QStringLiteral("-Xshare:auto"), QStringLiteral("-Xmx256m"), QStringLiteral("-jar"), jar});
+                         QStringLiteral("-Xshare:auto"), QStringLiteral("-Xmx96m"), QStringLiteral("-jar"), jar});
 }
 
 struct Trouble

@@ -23,6 +23,8 @@ import java.util.function.IntConsumer;
 final class RecordWriter implements Commands {
     /** Records that go into the file in one piece; also how often progress is told. */
     private static final int BATCH = 1000;
+    /** And never more text than this, so that a few large records need no more memory than many small ones. */
+    private static final int BATCH_CHARACTERS = 1 << 20;
 
     private final Database database;
     private final IntConsumer progress;
@@ -32,6 +34,7 @@ final class RecordWriter implements Commands {
     private int[] positions;
     private Object[] emptyRow;
     private int record;
+    private int batchCharacters;
     private int saved;
 
     RecordWriter(File file, IntConsumer progress) throws IOException {
@@ -98,7 +101,10 @@ final class RecordWriter implements Commands {
 
     private void add(List<String> words) throws IOException, Refusal {
         batch.add(row(words, emptyRow));
-        if (batch.size() == BATCH) {
+        for (String word : words) {
+            batchCharacters += word == null ? 0 : word.length();
+        }
+        if (batch.size() == BATCH || batchCharacters >= BATCH_CHARACTERS) {
             writeBatch();
         }
     }
@@ -150,6 +156,7 @@ final class RecordWriter implements Commands {
         table.addRows(batch);
         saved += batch.size();
         batch.clear();
+        batchCharacters = 0;
         progress.accept(saved);
     }
 
