@@ -1,0 +1,354 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CForoush.h"
+#include "suite/accounting/CForoush_Detail.h"
+#include "suite/accounting/CKharid.h"
+#include "suite/accounting/KAccessDatabase.h"
+#include "tests/support/AccessFileReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+const QString modules = QStringLiteral(TZ_BUILT_MODULES);
+const QString heads = QStringLiteral("Foroush");
+
+// Sends the signal; false when there is no such process.
+bool signalled(qint64 process, const QString &signal)
+{
+    QProcess kill;
+    kill.start(QStringLiteral("kill"), {u'-' + signal, QString::number(process)});
+    return kill.waitForFinished() && kill.exitCode() == 0;
+}
+
+QString messageOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const KAccountingError &error) {
+        return error.userMessage();
+    }
+    return {};
+}
+
+}
+
+// Records through the helper, read back by another program.
+class TestKRecordset : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+
+    QString path() const { return m_folder->filePath(QStringLiteral("file.mdb")); }
+
+    // The module's folder with a mapping changed by replacing a text in it.
+    QString changedModules(const QByteArray &text, const QByteArray &by)
+    {
+        const QString folder = m_folder->filePath(QStringLiteral("modules"));
+        QFile original(modules + QStringLiteral("/TTMS.mapping.json"));
+        QFile changed(folder + QStringLiteral("/TTMS.mapping.json"));
+        if (!QDir().mkpath(folder) || !QFile::link(modules + QStringLiteral("/taxfile"), folder + QStringLiteral("/taxfile"))
+            || !original.open(QIODevice::ReadOnly) || !changed.open(QIODevice::WriteOnly))
+            qFatal("no folder");
+        const QByteArray content = original.readAll();
+        if (!content.contains(text) || changed.write(QByteArray(content).replace(text, by)) < 1)
+            qFatal("nothing to change");
+        return folder;
+    }
+
+    static void addHead(SeasonalHead &head, const QString &guid, int season)
+    {
+        head.AddNew();
+        head.m_sGuid = guid;
+        head.m_iSeason = season;
+        head.Update();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(QFile::copy(modules + QStringLiteral("/TTMS.mdb"), path()));
+    }
+
+    void openStartsTheHelperAndCloseEndsIt()
+    {
+        KAccessDatabase database(modules);
+        QVERIFY(!database.IsOpen());
+        QCOMPARE(database.helperProcess(), 0);
+        database.Open(path());
+        QVERIFY(database.IsOpen());
+        QVERIFY(database.helperProcess() > 0);
+        database.Close();
+        QVERIFY(!database.IsOpen());
+        QCOMPARE(database.helperProcess(), 0);
+        database.Close();
+    }
+
+    void addedRecordsStandInTheFile()
+    {
+        KAccessDatabase database(modules);
+        CForoush head(&database);
+        head.SetFilePath(path());
+        head.Open(); // opens the database as well
+        QVERIFY(head.IsOpen() && database.IsOpen());
+        addHead(head, QStringLiteral("یک"), 1);
+        head.Update(); // nothing was begun
+        addHead(head, QStringLiteral("دو"), 2);
+        head.Close();
+        QVERIFY(!head.IsOpen());
+        database.Close();
+        const QVector<QJsonObject> records = AccessFileReader(path()).records(heads);
+        QCOMPARE(records.size(), 2);
+        QCOMPARE(records.at(0).value(QStringLiteral("ID")).toString(), QStringLiteral("یک"));
+        QCOMPARE(records.at(1).value(QStringLiteral("Season")).toInt(), 2);
+        QVERIFY(!records.at(0).contains(QStringLiteral("Year")));
+    }
+
+    void newRecordBeginsWithoutTheValuesOfTheLast()
+    {
+        KAccessDatabase database(modules);
+        database.Open(path());
+        CForoush head(&database);
+        head.Open();
+        addHead(head, QStringLiteral("a"), 3);
+        head.AddNew();
+        QVERIFY(!head.m_iSeason && !head.m_sGuid);
+        head.m_sGuid = QStringLiteral("b");
+        head.Update();
+        database.Close();
+        QVERIFY(!AccessFileReader(path()).records(heads).at(1).contains(QStringLiteral("Season")));
+    }
+
+    void deleteAllTakesWhatWasThereAndWhatWasAdded()
+    {
+        for (const int expected : {2, 1}) {
+            KAccessDatabase database(modules);
+            database.Open(path());
+            CForoush head(&database);
+            head.Open();
+            if (expected == 1) {
+                addHead(head, QStringLiteral("c"), 1);
+                head.DeleteAllRecords();
+                addHead(head, QStringLiteral("d"), 1);
+            } else {
+                addHead(head, QStringLiteral("a"), 1);
+                addHead(head, QStringLiteral("b"), 1);
+            }
+            database.Close();
+            QCOMPARE(AccessFileReader(path()).count(heads), expected);
+        }
+        QCOMPARE(AccessFileReader(path()).records(heads).first().value(QStringLiteral("ID")).toString(), QStringLiteral("d"));
+    }
+
+    void editChangesTheFirstRecordAndKeepsWhatItIsNotGiven()
+    {
+        KAccessDatabase database(modules);
+        database.Open(path());
+        CForoush head(&database);
+        head.Open();
+        head.Edit(); // of an empty table: adds
+        head.m_sGuid = QStringLiteral("a");
+        head.m_iSeason = 1;
+        head.m_iYear = 1404;
+        head.Update();
+        addHead(head, QStringLiteral("b"), 2);
+        head.Edit();
+        head.m_iSeason = 4;
+        head.Update();
+        database.Close();
+        const QVector<QJsonObject> records = AccessFileReader(path()).records(heads);
+        QCOMPARE(records.size(), 2);
+        QCOMPARE(records.at(0), (QJsonObject{{QStringLiteral("ID"), QStringLiteral("a")}, {QStringLiteral("Season"), 4}, {QStringLiteral("Year"), 1404}}));
+        QCOMPARE(records.at(1).value(QStringLiteral("Season")).toInt(), 2);
+    }
+
+    void tablesMayBeFilledInTurns()
+    {
+        KAccessDatabase database(modules);
+        database.Open(path());
+        CForoush sales(&database);
+        CKharid purchases(&database);
+        sales.Open();
+        purchases.Open();
+        for (int season = 1; season <= 3; ++season) {
+            addHead(sales, QStringLiteral("s"), season);
+            addHead(purchases, QStringLiteral("p"), 4);
+        }
+        database.Close();
+        const AccessFileReader file(path());
+        QCOMPARE(file.count(heads), 3);
+        QCOMPARE(file.count(QStringLiteral("Kharid")), 3);
+        QCOMPARE(file.records(heads).at(2).value(QStringLiteral("Season")).toInt(), 3);
+    }
+
+    void textOfAnyKindComesBack_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("Persian") << QStringLiteral("نشانیِ می‌شود، ۱۲۳ «گ»");
+        QTest::newRow("Arabic letters") << QStringLiteral("كاراي");
+        QTest::newRow("tab and lines") << QStringLiteral("a\tb\nc\r\nd");
+        QTest::newRow("backslashes") << QStringLiteral("\\N \\t \\\\ \\");
+        QTest::newRow("the sign for nothing") << QStringLiteral("\\N");
+        QTest::newRow("quotes") << QStringLiteral("' \" ` ; --");
+        QTest::newRow("longest") << QString(255, u'ی');
+    }
+
+    void textOfAnyKindComesBack()
+    {
+        QFETCH(QString, text);
+        KAccessDatabase database(modules);
+        database.Open(path());
+        CForoush_Detail detail(&database);
+        detail.Open();
+        detail.AddNew();
+        detail.m_sAddress = text;
+        detail.Update();
+        database.Close();
+        const QVector<QJsonObject> records = AccessFileReader(path()).records(QStringLiteral("Foroush_Detail"));
+        QCOMPARE(records.size(), 1);
+        QCOMPARE(records.first().value(QStringLiteral("Address")).toString(), text);
+    }
+
+    // The file of the authority calls things otherwise, and has less.
+    void mappingNamesTablesAndFields()
+    {
+        const QString own = changedModules("{ \"role\": \"Foroush\", \"name\": \"Foroush\"",
+                                           "{ \"role\": \"Foroush\", \"name\": \"kharid\"");
+        // The other table would then stand twice.
+        KAccessDatabase twice(own);
+        QVERIFY(messageOf([&] { twice.Open(path()); }).contains(QStringLiteral("Kharid")));
+    }
+
+    void valueWithoutAFieldIsNotWritten()
+    {
+        KAccessDatabase database(changedModules("{ \"value\": \"goodsKind\", \"name\": \"GoodsKind\", \"type\": \"long\" },", ""));
+        database.Open(path());
+        CForoush_Detail detail(&database);
+        detail.Open();
+        detail.AddNew();
+        detail.m_iGoodsKind = 12;
+        detail.m_sName = QStringLiteral("علی");
+        detail.Update();
+        database.Close();
+        const QJsonObject record = AccessFileReader(path()).records(QStringLiteral("Foroush_Detail")).value(0);
+        QVERIFY(!record.contains(QStringLiteral("GoodsKind")));
+        QCOMPARE(record.value(QStringLiteral("FirstName")).toString(), QStringLiteral("علی"));
+    }
+
+    void fieldOfAnotherNameIsFound()
+    {
+        KAccessDatabase database(changedModules("\"value\": \"season\", \"name\": \"Season\"",
+                                                "\"value\": \"season\", \"name\": \"SEASON\""));
+        database.Open(path());
+        CForoush head(&database);
+        head.Open();
+        addHead(head, QStringLiteral("a"), 3);
+        database.Close();
+        QCOMPARE(AccessFileReader(path()).records(heads).first().value(QStringLiteral("Season")).toInt(), 3);
+    }
+
+    void whatTheFileDoesNotHaveIsNamed_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QByteArray>("by");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("table") << QByteArray("\"role\": \"Foroush\", \"name\": \"Foroush\"")
+                               << QByteArray("\"role\": \"Foroush\", \"name\": \"گم\"") << QStringLiteral("جدول «گم» را ندارد");
+        QTest::newRow("field") << QByteArray("\"value\": \"season\", \"name\": \"Season\"")
+                               << QByteArray("\"value\": \"season\", \"name\": \"گم\"")
+                               << QStringLiteral("جدول «Foroush» از فایل مالیات ستون «گم» را ندارد");
+        QTest::newRow("value") << QByteArray("\"value\": \"season\"") << QByteArray("\"value\": \"saeson\"")
+                               << QStringLiteral("«saeson»");
+    }
+
+    void whatTheFileDoesNotHaveIsNamed()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(QByteArray, by);
+        QFETCH(QString, words);
+        KAccessDatabase database(changedModules(text, by));
+        const QString message = messageOf([&] {
+            database.Open(path());
+            CForoush head(&database);
+            head.Open();
+            addHead(head, QStringLiteral("a"), 1);
+            database.Close();
+        });
+        QVERIFY2(message.contains(words), qPrintable(message));
+    }
+
+    void otherFileThanTheDatabasesIsRefused()
+    {
+        KAccessDatabase database(modules);
+        database.Open(path());
+        CForoush head(&database);
+        head.SetFilePath(m_folder->filePath(QStringLiteral("other.mdb")));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, head.Open());
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, head.DeleteAllRecords());
+    }
+
+    void missingFileIsAnError()
+    {
+        KAccessDatabase database(modules);
+        QVERIFY(!messageOf([&] {
+                     database.Open(m_folder->filePath(QStringLiteral("none.mdb")));
+                     database.Close();
+                 }).isEmpty());
+        QVERIFY(!database.IsOpen());
+    }
+
+    // Ended from outside, as by an exhausted machine.
+    void helperThatDiesIsAnError()
+    {
+        KAccessDatabase database(modules);
+        database.Open(path());
+        CForoush_Detail detail(&database);
+        detail.Open();
+        const QString message = messageOf([&] {
+            for (int i = 0; i < 100'000; ++i) {
+                if (i == 20'000)
+                    QVERIFY(signalled(database.helperProcess(), QStringLiteral("9")));
+                detail.AddNew();
+                detail.m_sName = QString(100, u'ن');
+                detail.Update();
+            }
+            database.Close();
+        });
+        QVERIFY2(message.contains(QStringLiteral("نوشتن فایل مالیات ممکن نشد")), qPrintable(message));
+        QVERIFY(!database.IsOpen());
+    }
+
+    void stoppedByProgress()
+    {
+        KAccessDatabase database(modules);
+        database.setProgress([](int) { return false; });
+        QVERIFY_THROWS_EXCEPTION(KAccessCancelled, {
+            database.Open(path());
+            database.Close();
+        });
+        QVERIFY(!database.IsOpen());
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, CForoush(&database).DeleteAllRecords());
+    }
+
+    void abandonedDatabaseEndsItsHelper()
+    {
+        qint64 helper = 0;
+        {
+            KAccessDatabase database(modules);
+            database.Open(path());
+            helper = database.helperProcess();
+            QVERIFY(signalled(helper, QStringLiteral("0")));
+        }
+        QVERIFY(!signalled(helper, QStringLiteral("0")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestKRecordset)
+#include "TestKRecordset.moc"
