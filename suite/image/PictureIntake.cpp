@@ -54,9 +54,11 @@ bool isTooLarge(const QSize &size)
 // A long thin strip keeps a pixel in its thin direction.
 QSize keptSize(const QSize &size)
 {
-    if (std::max(size.width(), size.height()) <= PictureIntake::maxSide)
+    const int longer = std::max(size.width(), size.height());
+    if (longer <= PictureIntake::maxSide)
         return size;
-    return size.scaled(PictureIntake::maxSide, PictureIntake::maxSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QSizeF scaled = QSizeF(size) * PictureIntake::maxSide / longer;
+    return scaled.toSize().expandedTo(QSize(1, 1));
 }
 
 // Upright pixels, scaled down by the decoder, which need not hold the whole picture for it.
