@@ -279,8 +279,8 @@ void KListPage::firstFill()
         if (error.category() != CMySQLException::Category::BadStatement || m_sort == defaultSort())
             throw;
         m_sort = defaultSort();
-        KErrorBoundary::report(std::current_exception(), this);
         refill();
+        KErrorBoundary::report(std::current_exception(), this);
     }
 }
 
