@@ -74,7 +74,13 @@ struct Place
 class Level
 {
 public:
-    void know(const KnownEntry &entry) { m_places.insert(address({entry.parent}, entry.name), {entry.key}); }
+    // Where a name stands twice, the first one counts.
+    void know(const KnownEntry &entry)
+    {
+        const QString where = address({entry.parent}, entry.name);
+        if (!m_places.contains(where))
+            m_places.insert(where, {entry.key});
+    }
 
     // The entry's place; one that is not there yet is added to the plan.
     Place find(const Place &parent, const QString &name, QVector<NewEntry> *planned)
