@@ -172,6 +172,7 @@ void MainWindow::buildStatusBar()
     }
     statusBar()->addPermanentWidget(m_reminders);
     connect(m_reminders, &ReminderBadge::clicked, this, &MainWindow::openReminders);
+    m_clock.setObjectName(QStringLiteral("clock"));
     m_clock.setInterval(60 * 1000);
     connect(&m_clock, &QTimer::timeout, this, &MainWindow::showDate);
     connect(&m_clock, &QTimer::timeout, m_reminders, &ReminderBadge::tick);

@@ -87,6 +87,6 @@ private:
     QLabel *m_date;
     QLabel *m_closedMark;
     ReminderBadge *m_reminders;
-    QTimer m_clock;
+    QTimer m_clock{this};
     bool m_switchingUser = false;
 };
