@@ -113,10 +113,13 @@ void TestCDlgAlarms::dueOnesComeFirstAndDoneOnesOnRequestLast()
     const QStringList open{QStringLiteral("اول"), QStringLiteral("دوم"), QStringLiteral("آینده")};
     QCOMPARE(column(page, 4), open);
     QCOMPARE(page.countText(), SuiteMessages::count(3));
+    const auto standsOut = [&page](int row) { return page.list()->listModel()->rows().at(row).warning; };
+    QVERIFY(standsOut(0) && standsOut(1) && !standsOut(2));
     auto *done = page.findChild<QCheckBox *>();
     QCOMPARE(done->accessibleName(), QStringLiteral("نمايش انجام شده ها"));
     done->setChecked(true);
     QCOMPARE(column(page, 4), open + QStringList{QStringLiteral("انجام شده")});
+    QVERIFY(!standsOut(3));
 }
 
 void TestCDlgAlarms::rowTellsStateTimeAndRecord()

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void wideColoursBecomeThoseOfAScreen();
     void opaqueBecomesJpegAndAlphaBecomesPng();
     void alphaChannelWithoutTransparencyBecomesJpeg();
+    void whatAServerWouldRefuseIsMadeSmaller();
     void headerOfABombIsRefusedBeforeItIsDecoded_data();
     void headerOfABombIsRefusedBeforeItIsDecoded();
     void brokenPicturesAreRefused_data();
@@ -210,6 +211,24 @@ void TestPictureIntake::alphaChannelWithoutTransparencyBecomesJpeg()
     const QImage opaque = PictureFiles::redAndBlue(30, 30).convertToFormat(QImage::Format_ARGB32);
     QVERIFY(opaque.hasAlphaChannel());
     QVERIFY(PictureIntake::fromData(PictureFiles::written(opaque, "png")).bytes.startsWith("\xFF\xD8\xFF"));
+}
+
+void TestPictureIntake::whatAServerWouldRefuseIsMadeSmaller()
+{
+    // Noise: no picture is harder to pack.
+    QImage noise(1600, 800, QImage::Format_ARGB32);
+    quint32 seed = 1;
+    for (int y = 0; y < noise.height(); ++y)
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, seed = seed * 1664525 + 1013904223);
+    QVERIFY(PictureFiles::written(noise, "png").size() > PictureIntake::maxKeptBytes);
+    const auto result = PictureIntake::fromImage(noise);
+    QCOMPARE(result.refusal, Refusal::None);
+    QVERIFY(result.bytes.startsWith("\x89PNG"));
+    QVERIFY(result.bytes.size() <= PictureIntake::maxKeptBytes);
+    QCOMPARE(QImage::fromData(result.bytes).size(), result.image.size());
+    QCOMPARE(result.image.width(), 2 * result.image.height());
+    QVERIFY(result.image.width() > 600);
 }
 
 void TestPictureIntake::headerOfABombIsRefusedBeforeItIsDecoded_data()
