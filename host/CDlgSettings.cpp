@@ -39,7 +39,7 @@ CDlgSettings::CDlgSettings(QWidget *parent)
 {
     setWindowTitle(QStringLiteral("تنظیمات"));
     auto *column = new QVBoxLayout(this);
-    for (QGroupBox *box : {buildCompany(), buildMoney(), buildFiscalYear()}) {
+    for (QGroupBox *box : {buildCompany(), buildMoney(), buildFiscalYear(), buildCatalog()}) {
         box->setEnabled(!m_wasClosed);
         column->addWidget(box);
     }
@@ -94,6 +94,16 @@ QGroupBox *CDlgSettings::buildFiscalYear()
     return box;
 }
 
+QGroupBox *CDlgSettings::buildCatalog()
+{
+    auto *box = new QGroupBox(QStringLiteral("نام خودرو"), this);
+    m_catalogLocked = new QCheckBox(QStringLiteral("فهرست خودروها قفل است (فقط انتخاب)"), box);
+    m_catalogLocked->setAccessibleName(m_catalogLocked->text());
+    auto *column = new QVBoxLayout(box);
+    column->addWidget(m_catalogLocked);
+    return box;
+}
+
 QGroupBox *CDlgSettings::buildDatabase()
 {
     auto *box = new QGroupBox(QStringLiteral("پایگاه داده"), this);
@@ -114,6 +124,7 @@ void CDlgSettings::load()
     m_decimals->setCurrentIndex(setting->MoneyDecimals());
     m_fiscalYear->setNumber(setting->FiscalYear());
     m_opening->setDateTime(setting->FiscalYearOpeningDate());
+    m_catalogLocked->setChecked(setting->IsCatalogLocked());
     m_closed->setChecked(m_wasClosed);
 }
 
@@ -144,6 +155,7 @@ void CDlgSettings::store()
         setting->SetMoneyDecimals(m_decimals->currentIndex());
         setting->SetFiscalYear(m_fiscalYear->integer());
         setting->SetFiscalYearOpeningDate(m_opening->dateTime());
+        setting->SetCatalogLocked(m_catalogLocked->isChecked());
     }
     setting->SetClosedDB(m_closed->isChecked());
     transaction.commit();

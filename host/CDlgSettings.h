@@ -11,8 +11,8 @@ class QCheckBox;
 class QComboBox;
 class QGroupBox;
 
-// What all users of the database share: the dealership's details, the money unit, the fiscal year, and whether the
-// database is closed. Of a closed database only that last one can be changed.
+// What all users of the database share: the dealership's details, the money unit, the fiscal year, whether the car catalog
+// may be edited, and whether the database is closed. Of a closed database only that last one can be changed.
 class CDlgSettings : public KDialog
 {
     Q_OBJECT
@@ -27,6 +27,7 @@ private:
     QGroupBox *buildCompany();
     QGroupBox *buildMoney();
     QGroupBox *buildFiscalYear();
+    QGroupBox *buildCatalog();
     QGroupBox *buildDatabase();
     void load();
     bool validate();
@@ -38,5 +39,6 @@ private:
     QComboBox *m_decimals = nullptr;
     KEdit *m_fiscalYear = nullptr;
     KDateEdit *m_opening = nullptr;
+    QCheckBox *m_catalogLocked = nullptr;
     QCheckBox *m_closed = nullptr;
 };

@@ -236,6 +236,7 @@ void HostProgram::work()
     connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
     m_window = &window;
     window.show();
+    QMetaObject::invokeMethod(&window, &MainWindow::tellDueReminders, Qt::QueuedConnection);
     loop.exec();
     m_switchUser = window.isSwitchingUser();
     m_window = nullptr;

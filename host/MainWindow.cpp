@@ -11,11 +11,14 @@
 #include "host/CDlgSettings.h"
 #include "host/CDlgUsers.h"
 #include "host/DatabaseInfo.h"
+#include "host/ReminderBadge.h"
 #include "host/StartPage.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
+#include "suite/crm/CDlgAlarms.h"
+#include "suite/crm/CDlgDueAlarms.h"
 #include "suite/crm/CDlgPersons.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/KSettings.h"
@@ -52,6 +55,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     , m_fiscalYear(new QLabel(this))
     , m_date(new QLabel(this))
     , m_closedMark(new QLabel(this))
+    , m_reminders(new ReminderBadge(this))
 {
     menuBar()->setAccessibleName(QStringLiteral("منو"));
     buildMenus();
@@ -134,6 +138,8 @@ void MainWindow::buildMenus()
                  control(Qt::Key_2), Command::OnStartPage},
                 {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"), [this] { openOnce<CDlgDocuments>(); },
                  control(Qt::Key_3), Command::OnStartPage},
+                {QStringLiteral("یادآوری ها"), QStringLiteral("reminder"), [this] { openReminders(); },
+                 control(Qt::Key_R)},
             });
     addMenu(QStringLiteral("مدیریت"),
             {
@@ -164,8 +170,12 @@ void MainWindow::buildStatusBar()
         label->setContentsMargins(8, 0, 8, 0);
         statusBar()->addPermanentWidget(label);
     }
+    statusBar()->addPermanentWidget(m_reminders);
+    connect(m_reminders, &ReminderBadge::clicked, this, &MainWindow::openReminders);
+    m_clock.setObjectName(QStringLiteral("clock"));
     m_clock.setInterval(60 * 1000);
     connect(&m_clock, &QTimer::timeout, this, &MainWindow::showDate);
+    connect(&m_clock, &QTimer::timeout, m_reminders, &ReminderBadge::tick);
     m_clock.start();
 }
 
@@ -182,6 +192,7 @@ void MainWindow::refresh()
     m_closedMark->setText(closed ? QStringLiteral("پایگاه داده بسته است") : QString());
     m_closedMark->setVisible(closed);
     showDate();
+    m_reminders->refresh();
     m_startPage->setGreeting(QStringLiteral("سلام %1").arg(setting->GetUserFullName()),
                              office.isEmpty() ? longDate(QDate::currentDate())
                                               : office + QStringLiteral("، ") + longDate(QDate::currentDate()));
@@ -191,6 +202,25 @@ void MainWindow::showNote(const QString &text)
 {
     constexpr int shownMilliseconds = 15000;
     statusBar()->showMessage(text, shownMilliseconds);
+}
+
+void MainWindow::tellDueReminders()
+{
+    if (CDlgDueAlarms::ShowAtLogin(this))
+        m_reminders->refresh();
+}
+
+void MainWindow::openReminders()
+{
+    if (!m_workArea->showExisting<CDlgAlarms>()) {
+        auto *page = new CDlgAlarms;
+        connect(page, &CDlgAlarms::alarmsChanged, m_reminders, &ReminderBadge::refresh);
+        GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+    } else {
+        // Some may have fallen due, or been added elsewhere, since the page was filled.
+        static_cast<CDlgAlarms *>(m_workArea->currentPage())->refill();
+    }
+    m_reminders->refresh();
 }
 
 void MainWindow::showDate()

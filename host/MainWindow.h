@@ -13,6 +13,7 @@
 
 class CAutoDBSetting;
 class QLabel;
+class ReminderBadge;
 class StartPage;
 class WorkArea;
 
@@ -33,6 +34,8 @@ public:
     void refresh();
     // A short note in the status line.
     void showNote(const QString &text);
+    // Shows the user's due reminders, if there are any; once after a login.
+    void tellDueReminders();
 
 Q_SIGNALS:
     void closed();
@@ -69,6 +72,7 @@ private:
     void editSettings();
     void takeBackup();
     void switchUser();
+    void openReminders();
     void showDate();
     void restoreWindow();
 
@@ -82,6 +86,7 @@ private:
     QLabel *m_fiscalYear;
     QLabel *m_date;
     QLabel *m_closedMark;
-    QTimer m_clock;
+    ReminderBadge *m_reminders;
+    QTimer m_clock{this};
     bool m_switchingUser = false;
 };

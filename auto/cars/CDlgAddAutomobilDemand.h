@@ -3,11 +3,13 @@
 
 #pragma once
 
-#include "suite/utility/KDialog.h"
+#include "auto/CDlgRecordEditor.h"
+
+class CDlgAddAutomobilDemandBase;
 
 // The window in which one customer's demand is written, changed or shown: a row of tabs over its pages. One save writes the
 // demand's row.
-class CDlgAddAutomobilDemand final : public KDialog
+class CDlgAddAutomobilDemand final : public CDlgRecordEditor
 {
     Q_OBJECT
 
@@ -16,9 +18,27 @@ public:
     // deleted again then, with what was attached to it on the way. Throws when the database is closed.
     static int NewDemand(QWidget *parent);
     // Opens a demand that is already in the table. True when the user confirmed. False also when there is no such demand.
-    // Throws when the database is closed.
-    static bool EditDemand(int demandID, QWidget *parent);
-    // Opens the demand read-only. changed is set when the demand was taken out of the archive on the way. A key below 1 does
-    // nothing.
-    static void ShowDemand(int demandID, bool &changed, QWidget *parent);
+    // Throws when the database is closed. refresh is set when the demand was taken out of the archive on the way.
+    static bool EditDemand(int demandID, bool &refresh, QWidget *parent);
+    // Opens the demand read-only. A key below 1 does nothing.
+    static void ShowDemand(int demandID, bool &refresh, QWidget *parent);
+
+    // The row that a new demand starts as; its key. Part of NewDemand.
+    static int addPlaceholder();
+
+    CDlgAddAutomobilDemand(int demandID, EditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilDemand() override;
+
+    // Builds the pages and fills them. False when the demand does not exist; the window must not be shown then.
+    [[nodiscard]] bool load();
+
+    CDlgAddAutomobilDemandBase *basePage() const { return m_base; }
+
+protected:
+    [[nodiscard]] bool validatePages() override;
+    [[nodiscard]] bool save() override;
+    [[nodiscard]] bool takeOutOfArchive() override;
+
+private:
+    CDlgAddAutomobilDemandBase *m_base = nullptr;
 };

@@ -3,7 +3,9 @@
 
 #pragma once
 
-class QWidget;
+#include "auto/cars/CDlgMatches.h"
+
+struct DemandWishes;
 
 // "خودروهای مناسب": the cars, not sold, not archived and active, that fit a demand, best first.
 class CDlgMatchingCars
@@ -11,4 +13,8 @@ class CDlgMatchingCars
 public:
     // Modal. Does nothing for a demand that is gone, and tells a user who may not open the register of cars.
     static void Show(int demandID, QWidget *parent);
+
+    static MatchTable table(int demandID);
+    // What a demand asks for, as one line says it; parts that ask nothing are left out.
+    static QString wishesText(const DemandWishes &wishes, const QString &type, const QString &color);
 };

@@ -3,7 +3,7 @@
 
 #pragma once
 
-class QWidget;
+#include "auto/cars/CDlgMatches.h"
 
 // "متقاضیان": the demands, not archived and active, that a car fits, best first.
 class CDlgMatchingDemands
@@ -11,4 +11,6 @@ class CDlgMatchingDemands
 public:
     // Modal. Does nothing for a car that is gone, and tells a user who may not open the list of demands.
     static void Show(int carID, QWidget *parent);
+
+    static MatchTable table(int carID);
 };

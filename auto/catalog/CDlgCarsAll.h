@@ -3,15 +3,26 @@
 
 #pragma once
 
+#include "auto/catalog/CatalogLevel.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/KDialog.h"
+
+#include <array>
+#include <functional>
+
+class CatalogPanel;
+class QDialogButtonBox;
+class QPushButton;
 
 // The car catalog: brands, the models of the selected brand and the classes of the selected model, side by side. A window
 // to keep the catalog in, or, in pick mode, to choose an entry of it.
 //
-// Opening it needs the access right of form "CarsAll"; each command its own right and an open database.
+// Opening it needs the access right of form "CarsAll"; each command its own right, an open database and a catalog that the
+// office has not locked.
 class CDlgCarsAll : public KDialog, private KSecurity
 {
+    Q_OBJECT
+
 public:
     explicit CDlgCarsAll(QWidget *parent = nullptr);
     ~CDlgCarsAll() override;
@@ -32,7 +43,48 @@ public:
     // A class was added, or a set of entries imported.
     bool isChanged() const { return m_changed; }
 
+    // Fills the window; done by itself when it is first shown.
+    void open();
+    // Rejected at once, and nothing shown, without the access right.
+    int exec() override;
+
+    // The commands behind the buttons of a level. Each asks its right (a refusal is told) and does nothing where nothing
+    // may be changed, without the selection that it needs, or, deleting, in pick mode.
+    void addEntry(CatalogLevel level);
+    void editEntry(CatalogLevel level);
+    // Asks first; what a car record uses stays, with a warning.
+    void deleteEntry(CatalogLevel level);
+    // Lets the user choose a file of brands, models and classes and adds what is not there yet.
+    void importEntries();
+
+    CatalogPanel *panel(CatalogLevel level) const { return m_panels[static_cast<size_t>(level)]; }
+    QPushButton *importButton() const { return m_import; }
+
+protected:
+    bool OnOK() override;
+    void showEvent(QShowEvent *event) override;
+
 private:
+    void build();
+    void connectPanel(CatalogLevel level);
+    bool isChangeBlocked() const;
+    void applyMode();
+    void fill(CatalogLevel level);
+    void clearBelow(CatalogLevel level);
+    void selectPath(int brand, int model, int carClass);
+    void selectNew(CatalogLevel level, int key);
+    void selectionChanged(CatalogLevel level, int key);
+    void activated(CatalogLevel level);
+    int selectedKey(CatalogLevel level) const;
+    int parentKey(CatalogLevel level) const;
+    bool hasParent(CatalogLevel level) const;
+    void guarded(const std::function<void()> &work);
+
+    std::array<CatalogPanel *, 3> m_panels{};
+    QDialogButtonBox *m_buttons = nullptr;
+    QPushButton *m_accept = nullptr;
+    QPushButton *m_import = nullptr;
+    bool m_opened = false;
     bool m_pickMode = false;
     int m_chosenBrand = 0;
     int m_chosenModel = 0;

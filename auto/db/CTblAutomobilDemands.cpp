@@ -4,6 +4,9 @@
 #include "auto/db/CTblAutomobilDemands.h"
 
 #include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CTblFileDocs.h"
+#include "suite/crm/CTblAlarm.h"
 
 CTblAutomobilDemands::CTblAutomobilDemands(int database)
     : KMySQL(database)
@@ -15,6 +18,17 @@ CTblAutomobilDemands::~CTblAutomobilDemands() = default;
 QString CTblAutomobilDemands::GetTableName() const
 {
     return QStringLiteral("AutomobilDemands");
+}
+
+bool CTblAutomobilDemands::Delete()
+{
+    requireRow("Delete");
+    KTransaction transaction(database());
+    CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
+    CTblAlarm::DeleteAllRelatedRecords(recordKind, m_iID, database());
+    const bool deleted = KMySQL::Delete();
+    transaction.commit();
+    return deleted;
 }
 
 qint32 CTblAutomobilDemands::nextCode(int database)
@@ -40,6 +54,13 @@ void CTblAutomobilDemands::unarchive(qint32 code, int database)
     statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=%d", code);
 }
 
+void CTblAutomobilDemands::setAlarm(qint32 id, qint32 alarmID, int database)
+{
+    CTblTemp statement(database);
+    statement.Open(false, false, true);
+    statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iAlarmID=%d WHERE iID=%d", alarmID, id);
+}
+
 void CTblAutomobilDemands::DoFieldExchange()
 {
     RFX_Long(u"iID", m_iID, {});
@@ -61,6 +82,6 @@ void CTblAutomobilDemands::DoFieldExchange()
     RFX_Long(u"iStatus", m_iStatus, {});
     RFX_Long(u"iArchiveUserID", m_iArchiveUserID, u"بایگانی");
     RFX_Date(u"dateArchive", m_dateArchive, u"تاریخ بایگانی");
-    RFX_Long(u"iUserID", m_iUserID, u"کاربر");
+    RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     RFX_Long(u"iAlarmID", m_iAlarmID, u"یادآوری");
 }

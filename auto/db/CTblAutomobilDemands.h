@@ -17,6 +17,8 @@ public:
     explicit CTblAutomobilDemands(int database = 0);
     ~CTblAutomobilDemands() override;
     QString GetTableName() const override;
+    // Also deletes the demand's attached files and its reminders; all of it or nothing.
+    bool Delete() override;
 
     // Number under which the suite keeps what belongs to a demand: attached files, the reminder.
     static constexpr int recordKind = 70;
@@ -26,6 +28,8 @@ public:
     // By code, not by key.
     static void archive(qint32 code, qint32 userID, int database = 0);
     static void unarchive(qint32 code, int database = 0);
+    // Which reminder is the demand's, by the demand's key.
+    static void setAlarm(qint32 id, qint32 alarmID, int database = 0);
 
     qint32 m_iID = 0;
     qint32 m_iCode = 0;

@@ -92,6 +92,6 @@ void CTblAutomobilInformationJoins::DoFieldExchange()
     RFX_Text(u"ai.sCountry", m_sCountry, {});
     RFX_Long(u"ai.iArchiveUserID", m_iArchiveUserID, u"بايگاني");
     RFX_Date(u"ai.dateArchive", m_dateArchive, u"تاريخ بايگاني");
-    RFX_Text(u"cm.sName", m_sModelName, {});
-    RFX_Text(u"cc.sName", m_sClassName, {});
+    RFX_Text(u"cm.sName", m_sModelName, u"مدل");
+    RFX_Text(u"cc.sName", m_sClassName, u"تیپ");
 }

@@ -93,6 +93,16 @@ void CDBSetting::RequireOpenDB() const
         throw KAccountingError(closedMessage());
 }
 
+bool CDBSetting::IsCatalogLocked() const
+{
+    return CTblProperties::DBReadSettingInt(databaseSection, QStringLiteral("bCatalogLocked"), 0) != 0;
+}
+
+void CDBSetting::SetCatalogLocked(bool locked)
+{
+    CTblProperties::DBWriteSettingInt(databaseSection, QStringLiteral("bCatalogLocked"), locked ? 1 : 0);
+}
+
 QDateTime CDBSetting::GetDBServerDate() const
 {
     CTblTemp temp;

@@ -56,6 +56,9 @@ public:
     void SetClosedDB(bool closed);
     // Throws KAccountingError when the database is closed.
     void RequireOpenDB() const;
+    // The office can take the editing of the car catalog away from everybody: it is then only read and chosen from.
+    bool IsCatalogLocked() const;
+    void SetCatalogLocked(bool locked);
 
     // Now, by the server's clock. Wall-clock time held in Qt::UTC, as record sets hold it.
     QDateTime GetDBServerDate() const;

@@ -279,8 +279,8 @@ void KListPage::firstFill()
         if (error.category() != CMySQLException::Category::BadStatement || m_sort == defaultSort())
             throw;
         m_sort = defaultSort();
-        KErrorBoundary::report(std::current_exception(), this);
         refill();
+        KErrorBoundary::report(std::current_exception(), this);
     }
 }
 
@@ -357,11 +357,12 @@ bool KListPage::isSortable() const
 
 bool KListPage::isKnownSort(const QString &sort) const
 {
-    const QString plain = sort.endsWith(descendingSuffix) ? sort.chopped(descendingSuffix.size()) : sort;
-    if (plain.isEmpty())
-        return false;
-    return plain == defaultSort() || plain == m_traits.emptySort
-        || std::any_of(m_columns.cbegin(), m_columns.cend(), [&](const auto &column) { return column.sortKey == plain; });
+    QStringList known = {defaultSort(), m_traits.emptySort};
+    for (const KListModel::Column &column : m_columns)
+        known << column.sortKey;
+    known.removeAll(QString());
+    return known.contains(sort)
+        || (sort.endsWith(descendingSuffix) && known.contains(sort.chopped(descendingSuffix.size())));
 }
 
 void KListPage::applyMode()

@@ -62,12 +62,12 @@ QVector<KListModel::Column> CDlgAlarms::listColumns() const
 {
     return {
         {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 55, QStringLiteral("iStatus,date")},
-        {QStringLiteral("تاریخ"), Qt::AlignHCenter, 55, QStringLiteral("date"), true},
-        {QStringLiteral("ساعت"), Qt::AlignHCenter, 40, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 220, QStringLiteral("sDesc")},
-        {QStringLiteral("مربوط به"), Qt::AlignRight, 110, QStringLiteral("iTable,iRecordID2")},
-        {QStringLiteral("تکرار"), Qt::AlignHCenter, 40, QStringLiteral("bRepeat")},
+        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 45, QStringLiteral("iStatus,date")},
+        {QStringLiteral("تاریخ"), Qt::AlignHCenter, 50, QStringLiteral("date"), true},
+        {QStringLiteral("ساعت"), Qt::AlignHCenter, 35, {}},
+        {QStringLiteral("شرح"), Qt::AlignRight, 190, QStringLiteral("sDesc")},
+        {QStringLiteral("مربوط به"), Qt::AlignRight, 100, QStringLiteral("iTable,iRecordID2")},
+        {QStringLiteral("تکرار"), Qt::AlignHCenter, 35, QStringLiteral("bRepeat")},
     };
 }
 
@@ -129,7 +129,8 @@ KListModel::Row CDlgAlarms::makeRow(KMySQL &record, int number)
                 {alarm.m_sDesc},
                 {recordOf(alarm)},
                 {alarm.m_bRepeat ? QStringLiteral("بلی") : QStringLiteral("-"), alarm.m_bRepeat},
-            }};
+            },
+            alarm.isDue(m_now)};
 }
 
 QWidget *CDlgAlarms::firstFilterControl() const

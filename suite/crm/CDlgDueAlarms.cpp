@@ -49,9 +49,9 @@ void CDlgDueAlarms::build()
     auto *heading = new QLabel(QStringLiteral("زمان این یادآوری ها رسیده است :"));
     heading->setBuddy(m_list);
     m_list->setAccessibleName(heading->text());
-    m_list->setColumns({{QStringLiteral("تاریخ"), Qt::AlignHCenter, 55, {}, true},
-                        {QStringLiteral("ساعت"), Qt::AlignHCenter, 40, {}},
-                        {QStringLiteral("شرح"), Qt::AlignRight, 260, {}}});
+    m_list->setColumns({{QStringLiteral("تاریخ"), Qt::AlignHCenter, 50, {}, true},
+                        {QStringLiteral("ساعت"), Qt::AlignHCenter, 35, {}},
+                        {QStringLiteral("شرح"), Qt::AlignRight, 220, {}}});
     m_list->SetSettingName(QStringLiteral("DueAlarms\\List"));
 
     QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بستن"));
@@ -59,6 +59,8 @@ void CDlgDueAlarms::build()
         auto *button = buttons->addButton(caption, QDialogButtonBox::ActionRole);
         button->setIcon(QIcon(icon));
         button->setAccessibleName(caption);
+        // Closing is what the window proposes.
+        button->setAutoDefault(false);
         return button;
     };
     m_done = addButton(QStringLiteral("انجام شد"), QStringLiteral(":/icons/reminder.svg"));

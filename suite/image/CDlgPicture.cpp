@@ -28,6 +28,9 @@ CDlgPicture::CDlgPicture(const QImage &image, const QString &title, QWidget *par
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setMinimumSize(smallest);
+    // It has nothing else that could have the keys.
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
     const QSize available = (parent ? parent->screen() : screen())->availableSize() * 9 / 10;
     QSize wanted = m_image.size();
     if (wanted.width() > available.width() || wanted.height() > available.height())

@@ -342,19 +342,22 @@ void KStaticImage::paintPicture(QPainter &painter, const QRect &area)
     painter.drawImage(target.topLeft(), m_shown);
 }
 
+// A box too small for the words shows the sign alone; the tool tip has them.
 void KStaticImage::paintText(QPainter &painter, const QRect &area)
 {
-    const QFontMetrics metrics(font());
     const int flags = Qt::AlignHCenter | Qt::TextWordWrap;
-    QRect text = metrics.boundingRect(QRect(0, 0, area.width(), area.height()), flags, stateText());
-    const int icon = qBound(0, (area.height() - text.height()) / 2, largestIcon);
-    const int top = area.top() + qMax(0, (area.height() - text.height() - icon) / 2);
+    int words = QFontMetrics(font()).boundingRect(QRect(0, 0, area.width(), area.height()), flags, stateText()).height();
+    if (words > area.height())
+        words = 0;
+    const int icon = qBound(0, area.height() - words, largestIcon);
+    const int top = area.top() + (area.height() - words - icon) / 2;
     if (icon >= largestIcon / 2)
         QIcon(QStringLiteral(":/icons/picture.svg"))
             .paint(&painter, QRect(area.center().x() - icon / 2, top, icon, icon));
-    painter.setPen(isBroken() ? palette().color(QPalette::Text) : palette().color(QPalette::PlaceholderText));
-    text = QRect(area.left(), top + icon, area.width(), area.bottom() - top - icon + 1);
-    painter.drawText(text, flags, stateText());
+    if (words == 0)
+        return;
+    painter.setPen(palette().color(isBroken() ? QPalette::Text : QPalette::PlaceholderText));
+    painter.drawText(QRect(area.left(), top + icon, area.width(), words), flags, stateText());
 }
 
 void SaveKStaticImageToLongBinary(const KStaticImage &image, KLongBinary &value)

@@ -54,9 +54,11 @@ bool isTooLarge(const QSize &size)
 // A long thin strip keeps a pixel in its thin direction.
 QSize keptSize(const QSize &size)
 {
-    if (std::max(size.width(), size.height()) <= PictureIntake::maxSide)
+    const int longer = std::max(size.width(), size.height());
+    if (longer <= PictureIntake::maxSide)
         return size;
-    return size.scaled(PictureIntake::maxSide, PictureIntake::maxSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QSizeF scaled = QSizeF(size) * PictureIntake::maxSide / longer;
+    return scaled.toSize().expandedTo(QSize(1, 1));
 }
 
 // Upright pixels, scaled down by the decoder, which need not hold the whole picture for it.
@@ -114,16 +116,28 @@ QImage bare(const QImage &source)
     return QImage(image.constBits(), image.width(), image.height(), image.bytesPerLine(), image.format()).copy();
 }
 
+QByteArray encoded(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, image.hasAlphaChannel() ? "png" : "jpeg");
+    if (!image.hasAlphaChannel())
+        writer.setQuality(jpegQuality);
+    return writer.write(image) ? bytes : QByteArray();
+}
+
 PictureIntake::Result written(const QImage &source)
 {
     PictureIntake::Result result;
     result.image = bare(source);
-    QBuffer buffer(&result.bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, result.image.hasAlphaChannel() ? "png" : "jpeg");
-    if (!result.image.hasAlphaChannel())
-        writer.setQuality(jpegQuality);
-    return !result.image.isNull() && writer.write(result.image) ? result : refused(Refusal::Broken);
+    result.bytes = encoded(result.image);
+    while (result.bytes.size() > PictureIntake::maxKeptBytes) {
+        const QSize smaller = result.image.size() * 3 / 4;
+        result.image = bare(result.image.scaled(smaller, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        result.bytes = encoded(result.image);
+    }
+    return result.bytes.isEmpty() ? refused(Refusal::Broken) : result;
 }
 
 }

@@ -36,6 +36,9 @@ public:
     static constexpr qint64 maxPixels = 50 * 1000 * 1000;
     // Longer side of what is kept, in pixels. Smaller pictures stay as large as they are.
     static constexpr int maxSide = 1600;
+    // Most bytes that are kept, so that every office server takes them in one statement: a photograph with a see-through part
+    // that would need more is made smaller.
+    static constexpr qint64 maxKeptBytes = 3 * 1024 * 1024;
 
     // A whole file's contents, turned upright, scaled down and written anew.
     static Result fromData(const QByteArray &data);

@@ -15,6 +15,9 @@ KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent, const QStrin
     setWindowTitle(page->title());
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(page, 1);
+    // The window's own margins are enough, and the page stands in line with the buttons.
+    if (page->layout())
+        page->layout()->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(createButtons(okCaption, cancelCaption));
     connect(page, &KDialogTabPage::titleChanged, this, &QWidget::setWindowTitle);
     connect(page, &KDialogTabPage::okRequested, this, &KDialogHolder::accept);

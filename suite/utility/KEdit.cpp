@@ -3,12 +3,15 @@
 
 #include "suite/utility/KEdit.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 
 #include <cmath>
 #include <limits>
 
+#include "suite/utility/CodeText.h"
 #include "suite/utility/EntryMark.h"
 #include "suite/utility/Money.h"
 #include "suite/utility/TextStandard.h"
@@ -46,11 +49,12 @@ void KEdit::setKind(Kind kind)
     m_minimum = 0;
     m_maximum = kind == Kind::Percent ? 100 : kind == Kind::Integer ? std::numeric_limits<int>::max()
                                                                     : largestMoney;
-    if (isNumberKind()) {
+    if (readsLeftToRight()) {
         setLayoutDirection(Qt::LeftToRight);
         setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        setInputMethodHints(Qt::ImhFormattedNumbersOnly);
-        clear();
+        setInputMethodHints(isNumberKind() ? Qt::ImhFormattedNumbersOnly : Qt::ImhNone);
+        if (isNumberKind())
+            clear();
     } else {
         unsetLayoutDirection();
         alignText();
@@ -70,7 +74,7 @@ void KEdit::alignText()
 void KEdit::changeEvent(QEvent *event)
 {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::LayoutDirectionChange && !isNumberKind())
+    if (event->type() == QEvent::LayoutDirectionChange && !readsLeftToRight())
         alignText();
     else if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::ApplicationPaletteChange)
         setPalette(entryPalette(isReadOnly()));
@@ -147,7 +151,11 @@ QString KEdit::queryText() const
 
 void KEdit::takeText(const QString &text)
 {
-    if (m_showing || !isNumberKind())
+    if (m_showing)
+        return;
+    if (m_kind == Kind::Code)
+        takeCode();
+    if (!isNumberKind())
         return;
     TypedNumber typed = readTyped(text, cursorPosition(), {decimals(), m_minimum < 0});
     const double entered = typed.value();
@@ -161,6 +169,31 @@ void KEdit::takeText(const QString &text)
     m_number = taken;
     Q_EMIT numberChanged(taken);
     Q_EMIT numberEdited(taken);
+}
+
+QString KEdit::plainText() const
+{
+    return m_kind == Kind::Code ? CodeText::plain(text()) : text();
+}
+
+void KEdit::setCodeLength(int length)
+{
+    m_codeLength = length;
+}
+
+void KEdit::takeCode()
+{
+    QString code = CodeText::plain(text());
+    qsizetype caret = CodeText::plain(text().left(cursorPosition())).size();
+    if (const qsizetype excess = code.size() - m_codeLength; m_codeLength > 0 && excess > 0) {
+        // What came last does not fit any more.
+        const qsizetype from = qMax(0, caret - excess);
+        code.remove(from, excess);
+        caret = from;
+    }
+    const QString shown = CodeText::shown(toAsciiDigits(code), &caret);
+    if (shown != text())
+        showText(shown, int(caret));
 }
 
 // A finished entry is shown as setNumber would show it.
@@ -210,27 +243,33 @@ bool KEdit::isRefusedKey(const QKeyEvent *event) const
     return !isPoint || decimals() == 0 || behind > decimals() || (text().contains(u'.') && !hasSelectedText());
 }
 
-// A separator is not the user's: deleting meets the digit on its other side.
-void KEdit::stepOverSeparator(int key)
+// A separator or mark is not the user's: deleting and moving meet the character on its other side.
+void KEdit::stepOverInserted(int key)
 {
+    const QChar inserted = m_kind == Kind::Code ? CodeText::mark : QChar(u',');
     const int at = cursorPosition();
     if (hasSelectedText())
         return;
-    if (key == Qt::Key_Backspace && at > 0 && text()[at - 1] == u',')
+    if ((key == Qt::Key_Backspace || (key == Qt::Key_Left && m_kind == Kind::Code)) && at > 0 && text()[at - 1] == inserted)
         setCursorPosition(at - 1);
-    else if (key == Qt::Key_Delete && at < text().size() && text()[at] == u',')
+    else if ((key == Qt::Key_Delete || (key == Qt::Key_Right && m_kind == Kind::Code)) && at < text().size()
+             && text()[at] == inserted)
         setCursorPosition(at + 1);
 }
 
 void KEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (isNumberKind() && !isReadOnly()) {
-        if (isRefusedKey(event)) {
-            event->accept();
-            return;
-        }
-        stepOverSeparator(event->key());
+    if (isNumberKind() && !isReadOnly() && isRefusedKey(event)) {
+        event->accept();
+        return;
     }
+    if (event->matches(QKeySequence::Copy) && m_kind == Kind::Code && hasSelectedText()) {
+        QGuiApplication::clipboard()->setText(CodeText::plain(selectedText()));
+        event->accept();
+        return;
+    }
+    if (readsLeftToRight() && !isReadOnly())
+        stepOverInserted(event->key());
     QLineEdit::keyPressEvent(event);
 }
 

@@ -13,6 +13,9 @@
 // The number kinds read left to right inside a box aligned right, take Persian, Arabic and ASCII digits, drop what
 // cannot belong to a number, and show an amount grouped by three while it is typed. What is out of range stays as typed
 // and is marked; entryError tells why.
+//
+// A code (a plate, a chassis number) reads left to right too, its Persian letters among the rest: "12 ب 345 ایران 67" stands
+// as it does on the car.
 class TZUTILITY_EXPORT KEdit : public QLineEdit
 {
     Q_OBJECT
@@ -23,7 +26,8 @@ public:
         QueryText, // free text for a statement's LIKE: use queryText
         Money,     // 0 and above unless setRange says otherwise, in the decimals of the office's money unit
         Percent,   // 0 to 100, at most four decimals
-        Integer    // whole number, 0 and above unless setRange says otherwise
+        Integer,   // whole number, 0 and above unless setRange says otherwise
+        Code       // read left to right; take it by plainText and limit it by setCodeLength
     };
 
     explicit KEdit(QWidget *parent = nullptr);
@@ -45,6 +49,11 @@ public:
     int integer() const;
     // Shows the number; not an edit, so numberEdited stays silent.
     void setNumber(double number);
+
+    // The text as it is stored: a code's line holds marks that only order what is seen.
+    QString plainText() const;
+    // Characters that a code may have; 0, as at the start: any number.
+    void setCodeLength(int length);
 
     // The text for use inside '...' after LIKE: quote, backslash, % and _ stand for themselves.
     QString queryText() const;
@@ -70,20 +79,23 @@ protected:
 
 private:
     bool isNumberKind() const;
+    bool readsLeftToRight() const { return isNumberKind() || m_kind == Kind::Code; }
     void alignText();
     int decimals() const;
     QString displayText(double number) const;
     void takeText(const QString &text);
+    void takeCode();
     void normalize();
     void showText(const QString &text, int caret);
     void checkRange(double entered);
     bool isRefusedKey(const QKeyEvent *event) const;
-    void stepOverSeparator(int key);
+    void stepOverInserted(int key);
 
     Kind m_kind = Kind::Text;
     double m_minimum = 0;
     double m_maximum = 0;
     int m_decimals = -1;
+    int m_codeLength = 0;
     double m_number = 0;
     QString m_error;
     bool m_showing = false;

@@ -49,6 +49,16 @@ QVector<int> parted(const QString &text)
     return numbers;
 }
 
+// -1 when none is shown.
+int lastShownSection(const QHeaderView &header)
+{
+    for (int visual = header.count() - 1; visual >= 0; --visual) {
+        if (const int section = header.logicalIndex(visual); !header.isSectionHidden(section))
+            return section;
+    }
+    return -1;
+}
+
 // Whether the numbers are 0 to count - 1 in any order.
 bool isOrder(QVector<int> numbers, int count)
 {
@@ -98,7 +108,12 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
         if (!m_settingName.isEmpty())
             m_saveTimer.start();
     };
-    connect(header(), &QHeaderView::sectionResized, this, layoutChanged);
+    connect(header(), &QHeaderView::sectionResized, this, [this, layoutChanged](int section) {
+        // The last column stretches by itself, and the header does so when it pleases: with the list, or because rows came
+        // and a scroll bar with them. That is no act of the user.
+        if (section != lastShownSection(*header()))
+            layoutChanged();
+    });
     connect(header(), &QHeaderView::sectionMoved, this, layoutChanged);
     // A reset drops the selection without a word of its own.
     connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);

@@ -7,6 +7,7 @@
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KTextArea.h"
+#include "suite/utility/KStepArrows.h"
 #include "suite/utility/Money.h"
 
 #include <QCheckBox>
@@ -14,8 +15,10 @@
 #include <QCompleter>
 #include <QEvent>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 namespace {
 
@@ -113,6 +116,10 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
     }
     if (field.inWords)
         addWords(item, page);
+    if (field.hasButton)
+        addButton(item, page);
+    if (field.hasArrows)
+        item.arrows = new KStepArrows(qobject_cast<KEdit *>(item.control), page);
     applyDisplayed(item);
     applyReadOnly(item);
     return item;
@@ -134,6 +141,9 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         combo->setFocusPolicy(Qt::StrongFocus);
         combo->installEventFilter(this);
         combo->addItems(field.choices);
+        Q_ASSERT(field.keys.isEmpty() || field.keys.size() == field.choices.size());
+        for (int i = 0; i < field.keys.size(); ++i)
+            combo->setItemData(i, field.keys.at(i));
         if (field.kind == KFormField::Kind::EditableChoice) {
             combo->setEditable(true);
             combo->setInsertPolicy(QComboBox::NoInsert);
@@ -148,9 +158,12 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
     default:
         break;
     }
-    auto *edit = new KEdit(editKind(field.kind), page);
+    auto *edit = new KEdit(field.leftToRight ? KEdit::Kind::Code : editKind(field.kind), page);
     if (field.kind == KFormField::Kind::Text) {
-        if (const int limit = textLimit(field, record); limit > 0)
+        const int limit = textLimit(field, record);
+        if (field.leftToRight)
+            edit->setCodeLength(limit);
+        else if (limit > 0)
             edit->setMaxLength(limit);
     } else if (field.minimum != 0 || field.maximum != 0) {
         edit->setRange(field.minimum, field.maximum);
@@ -170,6 +183,15 @@ void KForm::addWords(Item &item, QWidget *page)
         words->setText(IsEquals(amount, 0) ? QString() : amountInWords(amount));
     });
     item.words = words;
+}
+
+void KForm::addButton(Item &item, QWidget *page)
+{
+    const QString caption = QStringLiteral("...");
+    item.button = new QPushButton(caption, page);
+    item.button->setAccessibleName(item.control->accessibleName() + u' ' + caption);
+    item.button->setAutoDefault(false);
+    item.button->setMaximumWidth(item.button->fontMetrics().averageCharWidth() * 6);
 }
 
 // Who scrolls the page must not choose something else in a drop-down that comes below the pointer on the way.
@@ -239,6 +261,16 @@ QLabel *KForm::label(const QString &column) const
     return item(column).label;
 }
 
+KStepArrows *KForm::arrows(const QString &column) const
+{
+    return item(column).arrows;
+}
+
+QPushButton *KForm::button(const QString &column) const
+{
+    return item(column).button;
+}
+
 void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span)
 {
     const Item &placed = item(column);
@@ -247,7 +279,18 @@ void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &col
         const bool isTall = placed.field.kind == KFormField::Kind::LongText;
         grid->addWidget(placed.label, row, gridColumn, isTall ? Qt::AlignTop : Qt::Alignment());
     }
-    grid->addWidget(placed.control, row, gridColumn + 1, 1, span);
+    if (placed.button || placed.arrows) {
+        auto *line = new QHBoxLayout;
+        line->setSpacing(2);
+        line->addWidget(placed.control, 1);
+        for (QWidget *companion : {static_cast<QWidget *>(placed.arrows), static_cast<QWidget *>(placed.button)}) {
+            if (companion)
+                line->addWidget(companion);
+        }
+        grid->addLayout(line, row, gridColumn + 1, 1, span);
+    } else {
+        grid->addWidget(placed.control, row, gridColumn + 1, 1, span);
+    }
     if (placed.words)
         grid->addWidget(placed.words, row + 1, gridColumn + 1, 1, span);
 }
@@ -264,11 +307,22 @@ bool KForm::isUsed(const QString &column) const
     return item(column).used;
 }
 
-void KForm::applyDisplayed(const Item &item)
+void KForm::applyDisplayed(const Item &item) const
 {
+    const bool shown = item.used && item.field.displayed;
     for (QWidget *widget : {item.control, static_cast<QWidget *>(item.label), static_cast<QWidget *>(item.words)}) {
         if (widget)
-            widget->setVisible(item.used && item.field.displayed);
+            widget->setVisible(shown);
+    }
+    showCompanions(item);
+}
+
+void KForm::showCompanions(const Item &item) const
+{
+    const bool shown = item.used && item.field.displayed;
+    for (QWidget *companion : {static_cast<QWidget *>(item.button), static_cast<QWidget *>(item.arrows)}) {
+        if (companion)
+            companion->setVisible(shown && !isReadOnly(item));
     }
 }
 
@@ -372,7 +426,7 @@ void KForm::store(KMySQL &record) const
             value = qobject_cast<KTextArea *>(item.control)->text();
             break;
         case KFormField::Kind::Text:
-            value = qobject_cast<KEdit *>(item.control)->text();
+            value = qobject_cast<KEdit *>(item.control)->plainText();
             break;
         default:
             value = qobject_cast<KEdit *>(item.control)->number();
@@ -397,13 +451,14 @@ void KForm::setReadOnly(const QString &column, bool readOnly)
 
 void KForm::applyReadOnly(const Item &item)
 {
-    const bool readOnly = m_showMode || item.readOnly;
+    const bool readOnly = isReadOnly(item);
     if (auto *line = qobject_cast<QLineEdit *>(item.control))
         line->setReadOnly(readOnly);
     else if (auto *area = qobject_cast<KTextArea *>(item.control))
         area->setReadOnly(readOnly);
     else
         item.control->setEnabled(!readOnly);
+    showCompanions(item);
 }
 
 std::optional<KForm::Problem> KForm::firstInvalid() const

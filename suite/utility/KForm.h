@@ -16,11 +16,13 @@
 class KDateEdit;
 class KEdit;
 class KMySQL;
+class KStepArrows;
 class KTextArea;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;
+class QPushButton;
 class QWidget;
 
 // One field of an editor page: a column of the record and the control that shows it.
@@ -35,7 +37,8 @@ struct KFormField
         Date,           // Shamsi date; empty is the empty date
         Choice,         // drop-down; the position is stored
         EditableChoice, // drop-down with free text; the text is stored
-        Lookup,         // drop-down that the page fills; the entry's data is stored, a key; 0 when nothing is chosen
+        Lookup,         // drop-down that the page fills, or of choices and their keys; the entry's data is stored, a key;
+                        // 0 when nothing is chosen
         Flag            // check box, stored as 0 or 1; the label is its caption
     };
 
@@ -46,10 +49,14 @@ struct KFormField
     QStringList choices = {};
     int maxLength = 0; // characters; 0: as many as the column holds
     double minimum = 0;
-    double maximum = 0;    // a range of Integer; both 0: the kind's own
-    bool readOnly = false; // never editable
-    bool displayed = true; // false: the control exists and keeps its value, but is not shown
-    bool inWords = false;  // Money: the amount in words stands below the control
+    double maximum = 0;       // a range of Integer; both 0: the kind's own
+    bool readOnly = false;    // never editable
+    bool displayed = true;    // false: the control exists and keeps its value, but is not shown
+    bool inWords = false;     // Money: the amount in words stands below the control
+    QList<int> keys = {};     // Lookup: the key of each of the choices; empty where the page fills the drop-down
+    bool leftToRight = false; // Text: a code, read from left to right
+    bool hasButton = false;   // a button "..." stands behind the control, for as long as the field can be edited
+    bool hasArrows = false;   // Integer: buttons that step up and down, as the arrow keys then do
 };
 
 // A page of an editor as a table: builds the controls of its fields with label and buddy, loads them from a record, stores
@@ -78,6 +85,9 @@ public:
     QCheckBox *checkBox(const QString &column) const;
     KTextArea *longText(const QString &column) const;
     QLabel *label(const QString &column) const;
+    // Its "..." and its arrows; null for a field without them.
+    QPushButton *button(const QString &column) const;
+    KStepArrows *arrows(const QString &column) const;
 
     // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
     // the field has one, goes into the row below.
@@ -120,6 +130,8 @@ private:
         QWidget *control = nullptr;
         QLabel *label = nullptr;
         QLabel *words = nullptr;
+        QPushButton *button = nullptr;
+        KStepArrows *arrows = nullptr;
         bool readOnly = false;
         bool used = true;
     };
@@ -127,10 +139,13 @@ private:
     Item makeItem(const KFormField &field, KMySQL &record, QWidget *page);
     QWidget *makeControl(const KFormField &field, KMySQL &record, QWidget *page);
     void addWords(Item &item, QWidget *page);
+    static void addButton(Item &item, QWidget *page);
     const Item &item(const QString &column) const;
     Item &item(const QString &column);
     void applyReadOnly(const Item &item);
-    static void applyDisplayed(const Item &item);
+    void applyDisplayed(const Item &item) const;
+    void showCompanions(const Item &item) const;
+    bool isReadOnly(const Item &item) const { return m_showMode || item.readOnly; }
 
     QList<KFormField> m_fields;
     QList<Item> m_items;

@@ -90,9 +90,11 @@ void KTextArea::offerCompletions()
         m_completer->popup()->hide();
         return;
     }
-    QRect below = cursorRect();
-    below.setLeft(0);
-    below.setWidth(viewport()->width());
+    // Under the line that is typed, as wide as the field. From right to left the completer lays the left edge of the offers
+    // where the rectangle ends.
+    QRect below(viewport()->x(), viewport()->y() + cursorRect().y(), viewport()->width(), cursorRect().height());
+    if (isRightToLeft())
+        below.moveRight(viewport()->x());
     m_completer->complete(below);
 }
 

@@ -9,6 +9,9 @@
 KTimeEdit::KTimeEdit(QWidget *parent)
     : QTimeEdit(parent)
 {
+    // Right to left the base class would put the minutes in front of the hours.
+    setLayoutDirection(Qt::LeftToRight);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     // Digits are ASCII in memory; the font draws them.
     setLocale(QLocale::c());
     setDisplayFormat(QStringLiteral("HH:mm"));

@@ -66,6 +66,11 @@ ShamsiDate GetShamsi(const QDate &date)
     return {year, month, dayOfYear - daysBeforeMonth(month) + 1};
 }
 
+int GetShamsiYearOfToday()
+{
+    return GetShamsi(QDate::currentDate()).year;
+}
+
 QDate ConvertToMiladi(int year, int month, int day)
 {
     if (day < 1 || day > shamsiDaysInMonth(year, month))

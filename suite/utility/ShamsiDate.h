@@ -29,6 +29,9 @@ inline constexpr int lastShamsiYear = 1498;
 // No date for an invalid day or one outside the years above.
 TZUTILITY_EXPORT ShamsiDate GetShamsi(const QDate &date);
 
+// The year of this computer's date.
+TZUTILITY_EXPORT int GetShamsiYearOfToday();
+
 // Invalid when the calendar has no such day (30 Esfand of an ordinary year, month 13).
 TZUTILITY_EXPORT QDate ConvertToMiladi(int year, int month, int day);
 

@@ -42,6 +42,7 @@ struct Settings
         , decimals(HostTestOffice::named<QComboBox>(dialog, QStringLiteral("رقم‌های اعشار :")))
         , year(HostTestOffice::named<KEdit>(dialog, QStringLiteral("سال مالی :")))
         , opening(HostTestOffice::named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :")))
+        , catalogLocked(HostTestOffice::named<QCheckBox>(dialog, QStringLiteral("فهرست خودروها قفل است (فقط انتخاب)")))
         , closed(HostTestOffice::named<QCheckBox>(dialog, QStringLiteral("پایگاه داده بسته است (فقط مشاهده)")))
     {
     }
@@ -51,6 +52,7 @@ struct Settings
     QComboBox *decimals;
     KEdit *year;
     KDateEdit *opening;
+    QCheckBox *catalogLocked;
     QCheckBox *closed;
 };
 
@@ -62,12 +64,14 @@ void TestCDlgSettings::showsWhatIsStored()
     setting->SetMoneyUnitName(QStringLiteral("تومان"));
     setting->SetMoneyDecimals(2);
     setting->SetFiscalYear(1403);
+    setting->SetCatalogLocked(true);
     setting->SetFiscalYearOpeningDate(QDateTime(ConvertToMiladi(1403, 1, 5), QTime(0, 0), Qt::UTC));
     const Settings settings;
     QCOMPARE(settings.unit->text(), QStringLiteral("تومان"));
     QCOMPARE(settings.decimals->currentText(), QStringLiteral("2"));
     QCOMPARE(settings.year->integer(), 1403);
     QCOMPARE(settings.opening->text(), QStringLiteral("1403/01/05"));
+    QVERIFY(settings.catalogLocked->isChecked());
     QVERIFY(!settings.closed->isChecked());
 }
 
@@ -78,6 +82,7 @@ void TestCDlgSettings::storesEverything()
     settings.decimals->setCurrentIndex(3);
     settings.year->setNumber(1404);
     settings.opening->setDate(ConvertToMiladi(1404, 1, 2));
+    settings.catalogLocked->setChecked(true);
     settings.closed->setChecked(true);
     settings.dialog.accept();
     QCOMPARE(settings.dialog.result(), int(QDialog::Accepted));
@@ -87,6 +92,7 @@ void TestCDlgSettings::storesEverything()
     QCOMPARE(DToMoney(1), QStringLiteral("1.000"));
     QCOMPARE(setting->FiscalYear(), 1404);
     QCOMPARE(setting->FiscalYearOpeningDate().date(), ConvertToMiladi(1404, 1, 2));
+    QVERIFY(setting->IsCatalogLocked());
     QVERIFY(setting->IsClosedDB());
 }
 
@@ -143,7 +149,8 @@ void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()
     QVERIFY(settings.closed->isChecked());
     QVERIFY(settings.closed->isEnabled());
     for (const QWidget *field : {static_cast<QWidget *>(settings.unit), static_cast<QWidget *>(settings.decimals),
-                                 static_cast<QWidget *>(settings.year), static_cast<QWidget *>(settings.opening)})
+                                 static_cast<QWidget *>(settings.year), static_cast<QWidget *>(settings.opening),
+                                 static_cast<QWidget *>(settings.catalogLocked)})
         QVERIFY(!field->isEnabled());
     settings.unit->setText(QStringLiteral("تومان"));
     settings.closed->setChecked(false);

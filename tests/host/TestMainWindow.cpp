@@ -5,12 +5,17 @@
 
 #include "host/AutoModule.h"
 #include "host/DatabaseUpgrade.h"
+#include "host/ReminderBadge.h"
 #include "host/StartButton.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CompanyDetails.h"
+#include "suite/crm/CDlgAlarms.h"
 #include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/suite/crm/Alarms.h"
+#include "tests/suite/crm/Hand.h"
 
 #include <QAction>
 #include <QLabel>
@@ -43,8 +48,15 @@ private Q_SLOTS:
     void geometryIsRemembered();
     void closingEndsEveryPageAndTellsIt();
     void switchingUserIsTold();
+    void remindersOpenOnceForEverybody();
+    void badgeCountsTheUsersDueReminders();
+    void badgeIsRefreshedByTheClock();
+    void badgeOpensTheListAndFollowsIt();
+    void badgeStaysQuietWhenTheDatabaseDoesNotAnswer();
+    void dueRemindersAreToldOnceAtLogin();
 
 private:
+    static ReminderBadge *badge(const MainWindow &window) { return window.findChild<ReminderBadge *>(); }
     static QAction *action(const MainWindow &window, const QString &text);
     static QStringList statusTexts(const MainWindow &window);
 
@@ -262,6 +274,114 @@ void TestMainWindow::switchingUserIsTold()
     action(window, QStringLiteral("ورود با کاربر دیگر"))->trigger();
     QCOMPARE(closed.count(), 1);
     QVERIFY(window.isSwitchingUser());
+}
+
+void TestMainWindow::remindersOpenOnceForEverybody()
+{
+    m_office.loginClerk();
+    const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    QAction *entry = action(window, QStringLiteral("یادآوری ها"));
+    QVERIFY(entry);
+    QVERIFY(window.menuBar()->actions().at(1)->menu()->actions().contains(entry));
+    entry->trigger();
+    QCOMPARE(window.workArea()->count(), 1);
+    auto *page = qobject_cast<CDlgAlarms *>(window.workArea()->currentPage());
+    QVERIFY(page);
+    page->open();
+    QCOMPARE(page->list()->count(), 0);
+    // What came meanwhile is there when one looks again.
+    Alarms::add(GetDBSetting()->GetUserID(), -1, QStringLiteral("تازه"));
+    entry->trigger();
+    QCOMPARE(window.workArea()->count(), 1);
+    QCOMPARE(page->list()->count(), 1);
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestMainWindow::badgeCountsTheUsersDueReminders()
+{
+    const int clerk = CTblUsers::create(QStringLiteral("other"), QStringLiteral("other1"), {}, false);
+    Alarms::add(clerk, -60, QStringLiteral("مال دیگری"));
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    QVERIFY(badge(window)->isHidden());
+    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
+    Alarms::add(m_office.admin, -1, QStringLiteral("دوم"));
+    Alarms::add(m_office.admin, 60, QStringLiteral("آینده"));
+    window.refresh();
+    QVERIFY(!badge(window)->isHidden());
+    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 2"));
+    QCOMPARE(badge(window)->accessibleName(), badge(window)->text());
+    QVERIFY(badge(window)->focusPolicy() & Qt::TabFocus);
+}
+
+void TestMainWindow::badgeIsRefreshedByTheClock()
+{
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    Alarms::add(m_office.admin, -1, QStringLiteral("کار"));
+    QVERIFY(badge(window)->isHidden());
+    auto *clock = window.findChild<QTimer *>(QStringLiteral("clock"));
+    QVERIFY(clock && clock->isActive());
+    QCOMPARE(clock->interval(), 60 * 1000);
+    // Minutes that pass at once.
+    clock->setInterval(1);
+    QTRY_VERIFY(!badge(window)->isHidden());
+    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 1"));
+}
+
+void TestMainWindow::badgeOpensTheListAndFollowsIt()
+{
+    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    badge(window)->setFocus();
+    QTest::keyClick(badge(window), Qt::Key_Space);
+    auto *page = qobject_cast<CDlgAlarms *>(window.workArea()->currentPage());
+    QVERIFY(page);
+    page->list()->selectRow(0);
+    QVERIFY(page->runCommand(QStringLiteral("انجام شد")));
+    QVERIFY(badge(window)->isHidden());
+    Alarms::add(m_office.admin, -60, QStringLiteral("دوم"));
+    window.refresh();
+    QTest::mouseClick(badge(window), Qt::LeftButton);
+    QCOMPARE(window.workArea()->count(), 1);
+    QCOMPARE(page->list()->count(), 1);
+}
+
+void TestMainWindow::badgeStaysQuietWhenTheDatabaseDoesNotAnswer()
+{
+    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    QVERIFY(!badge(window)->isHidden());
+    m_office.database.run(QStringLiteral("RENAME TABLE Alarms TO AlarmsAway"));
+    badge(window)->tick();
+    QVERIFY(badge(window)->isHidden());
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    m_office.database.run(QStringLiteral("RENAME TABLE AlarmsAway TO Alarms"));
+    // It does not ask again every minute, but it does ask again.
+    badge(window)->tick();
+    QVERIFY(badge(window)->isHidden());
+    for (int minute = 0; minute < 10; ++minute)
+        badge(window)->tick();
+    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 1"));
+    QVERIFY(!badge(window)->isHidden());
+}
+
+void TestMainWindow::dueRemindersAreToldOnceAtLogin()
+{
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.show();
+    // Without any no window comes, or this would wait for somebody.
+    window.tellDueReminders();
+    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
+    Alarms::add(m_office.admin, -50, QStringLiteral("هر بار"), Alarms::repeats);
+    QList<int> rows;
+    const auto count = [&rows](QDialog *dialog) { rows.append(dialog->findChild<KExtListCtrl *>()->count()); };
+    for (int login = 0; login < 2; ++login) {
+        Hand::inNextWindow(count);
+        window.tellDueReminders();
+    }
+    QCOMPARE(rows, (QList<int>{2, 1}));
+    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 2"));
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -5,7 +5,13 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblCarBrands.h"
+#include "auto/db/CTblCarClasses.h"
+#include "auto/db/CTblCarModels.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblItems.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
@@ -21,6 +27,21 @@
 #include <QTimer>
 
 #include <memory>
+
+namespace {
+
+template <class Record, class Set>
+int add(const Set &set)
+{
+    Record record;
+    record.Open(false, false, true);
+    record.AddNew();
+    set(record);
+    record.Update(true);
+    return static_cast<int>(record.GetLastInsertedID());
+}
+
+}
 
 TestOffice::TestOffice()
 {
@@ -43,8 +64,10 @@ TestOffice::~TestOffice()
 
 void TestOffice::clear()
 {
-    for (const char *table : {"AutomobilContracts", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords",
-                              "Factors", "FactorStuffs", "Services"})
+    for (const char *table :
+         {"AutomobilContracts", "AutomobilPayments", "AutomobilInformations", "AutomobilDemands", "AutomobilTariffs", "CarBrands",
+          "CarModels", "CarClasses", "Items", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords",
+          "Factors", "FactorStuffs", "Services"})
         m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
     m_database.run(QStringLiteral("DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"));
     const QString file = m_settings.filePath(QStringLiteral("user.ini"));
@@ -107,6 +130,53 @@ int TestOffice::addContract(const std::function<void(CTblAutomobilContracts &)> 
         set(contract);
     contract.Update(true);
     return static_cast<int>(contract.GetLastInsertedID());
+}
+
+int TestOffice::addCar(const std::function<void(CTblAutomobilInformations &)> &set)
+{
+    return add<CTblAutomobilInformations>([&](CTblAutomobilInformations &car) {
+        car.m_iCode = CTblAutomobilInformations::nextCode();
+        if (set)
+            set(car);
+    });
+}
+
+int TestOffice::addDemand(const std::function<void(CTblAutomobilDemands &)> &set)
+{
+    return add<CTblAutomobilDemands>([&](CTblAutomobilDemands &demand) {
+        demand.m_iCode = CTblAutomobilDemands::nextCode();
+        if (set)
+            set(demand);
+    });
+}
+
+int TestOffice::addBrand(const QString &name)
+{
+    return add<CTblCarBrands>([&](CTblCarBrands &brand) { brand.m_sName = name; });
+}
+
+int TestOffice::addModel(int brand, const QString &name)
+{
+    return add<CTblCarModels>([&](CTblCarModels &model) {
+        model.m_iClassID = brand;
+        model.m_sName = name;
+    });
+}
+
+int TestOffice::addClass(int model, const QString &name)
+{
+    return add<CTblCarClasses>([&](CTblCarClasses &carClass) {
+        carClass.m_iBrandID = model;
+        carClass.m_sName = name;
+    });
+}
+
+int TestOffice::addItem(int type, const QString &name)
+{
+    return add<CTblItems>([&](CTblItems &item) {
+        item.m_iType = type;
+        item.m_sName = name;
+    });
 }
 
 void TestOffice::setFiscalYearOpening(const QDate &date)

@@ -12,6 +12,8 @@
 #include <functional>
 
 class CTblAutomobilContracts;
+class CTblAutomobilDemands;
+class CTblAutomobilInformations;
 class CTblPersons;
 class QWidget;
 
@@ -25,7 +27,8 @@ public:
 
     TestDatabase &database() { return m_database; }
 
-    // Takes every contract, person and document out again, and the settings back to none.
+    // Takes everything out again that a test can have put in: contracts, cars, demands, the catalog, tariffs, items, persons,
+    // documents; and the settings back to none.
     void clear();
     int adminID() const { return m_adminID; }
     // An ordinary user with these bits of KSecurity::Right on the form, logged in.
@@ -34,6 +37,14 @@ public:
 
     int addPerson(const QString &name, const QString &family, const std::function<void(CTblPersons &)> &more = {});
     int addContract(const std::function<void(CTblAutomobilContracts &)> &set = {});
+    // With the next code; all else as it is constructed.
+    int addCar(const std::function<void(CTblAutomobilInformations &)> &set = {});
+    int addDemand(const std::function<void(CTblAutomobilDemands &)> &set = {});
+    // Of the catalog's three levels and the suite's items; their keys.
+    int addBrand(const QString &name);
+    int addModel(int brand, const QString &name);
+    int addClass(int model, const QString &name);
+    int addItem(int type, const QString &name);
     void setFiscalYearOpening(const QDate &date);
 
     // Runs work while a modal window is open: called once when the active modal window is of the class, then again for

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QDateTime>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QStyledItemDelegate>
@@ -71,6 +72,7 @@ private Q_SLOTS:
     void layoutOfOtherColumnsIsNotTaken_data();
     void layoutOfOtherColumnsIsNotTaken();
     void untouchedColumnsShareTheListsWidth();
+    void aScrollBarThatComesWithTheRowsIsNoActOfTheUser();
     void columnOfNoWidthIsNotShown();
     void nothingIsKeptWithoutAName();
     void copiedTextIsPlain();
@@ -339,6 +341,18 @@ void TestKExtListCtrl::untouchedColumnsShareTheListsWidth()
     m_list->resize(natural * 2, 300);
     QCoreApplication::processEvents();
     QCOMPARE(m_list->header()->sectionSize(1), 77);
+}
+
+void TestKExtListCtrl::aScrollBarThatComesWithTheRowsIsNoActOfTheUser()
+{
+    const QString setting = QStringLiteral("Brands\\List");
+    m_list->SetSettingName(setting);
+    m_list->setRows(rows(100));
+    QTRY_VERIFY(m_list->verticalScrollBar()->isVisible());
+    QTRY_COMPARE(m_list->header()->length(), m_list->viewport()->width());
+    QVERIFY(!m_list->horizontalScrollBar()->isVisible());
+    m_list.reset();
+    QVERIFY(ReadSetting(setting, QStringLiteral("sWidths"), QString()).isEmpty());
 }
 
 // Nor after its width was kept, nor in what is copied; the cell is there all the same.

@@ -183,6 +183,30 @@ private Q_SLOTS:
         QCOMPARE(dialog.area->text(), QStringLiteral("کارتخوان"));
     }
 
+    void offersStandUnderTheFieldInBothDirections_data()
+    {
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::newRow("right to left") << Qt::RightToLeft;
+        QTest::newRow("left to right") << Qt::LeftToRight;
+    }
+
+    void offersStandUnderTheFieldInBothDirections()
+    {
+        QFETCH(Qt::LayoutDirection, direction);
+        SampleDialog dialog;
+        dialog.setLayoutDirection(direction);
+        dialog.area->setCompletions(stored);
+        dialog.showActive();
+        type(dialog.area, QStringLiteral("پلاک"));
+        const QWidget *offers = dialog.area->completer()->popup();
+        QTRY_VERIFY(offers->isVisible());
+        const QRect field(dialog.area->mapToGlobal(QPoint()), dialog.area->size());
+        QVERIFY(offers->x() >= field.left());
+        QVERIFY(offers->geometry().right() <= field.right());
+        QVERIFY(offers->y() > field.top());
+        QVERIFY(offers->y() < field.bottom());
+    }
+
     void lettersFromAnInputMethodOfferToo()
     {
         SampleDialog dialog;

@@ -93,6 +93,7 @@ class TestShamsiDate : public QObject
 private Q_SLOTS:
     void newYearsDay_data();
     void newYearsDay();
+    void theYearOfTodayIsThatOfTheClock();
     void leapYears_data();
     void leapYears();
     void everyDayOfTheTableGoesBothWays();
@@ -126,6 +127,16 @@ void TestShamsiDate::newYearsDay()
     QCOMPARE(newYear, newYearBySky(year));
     QCOMPARE(newYear, newYearByIcu(year));
     QCOMPARE(GetShamsi(newYear), (ShamsiDate{year, 1, 1}));
+}
+
+void TestShamsiDate::theYearOfTodayIsThatOfTheClock()
+{
+    // Midnight may pass between the two readings.
+    const int before = GetShamsi(QDate::currentDate()).year;
+    const int year = GetShamsiYearOfToday();
+    const int after = GetShamsi(QDate::currentDate()).year;
+    QVERIFY(year == before || year == after);
+    QVERIFY(year >= 1405);
 }
 
 void TestShamsiDate::leapYears_data()

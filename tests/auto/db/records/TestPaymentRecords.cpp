@@ -4,9 +4,9 @@
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/auto/db/records/ColumnTable.h"
 #include "tests/support/TestDatabase.h"
 
-#include <QFile>
 #include <QTest>
 
 class TestPaymentRecords : public QObject
@@ -17,23 +17,7 @@ class TestPaymentRecords : public QObject
 
     static void compareBindings(KMySQL &record, const QString &file)
     {
-        QFile table(QStringLiteral(TZ_TEST_SOURCE "/") + file);
-        QVERIFY(table.open(QIODevice::ReadOnly));
-        static const QHash<KMySQL::ColumnKind, QString> kinds{
-            {KMySQL::ColumnKind::Long, QStringLiteral("long")},
-            {KMySQL::ColumnKind::Text, QStringLiteral("text")},
-            {KMySQL::ColumnKind::Date, QStringLiteral("date")},
-            {KMySQL::ColumnKind::Double, QStringLiteral("double")},
-            {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
-        };
-        QStringList bound;
-        for (const KMySQL::Column &column : record.columns())
-            bound << QStringList{column.name, kinds.value(column.kind), column.caption, column.lookupTable, column.lookupKey,
-                                 column.lookupDisplay}
-                         .join(u'\t');
-        QStringList wanted = QString::fromUtf8(table.readAll()).split(u'\n', Qt::SkipEmptyParts);
-        wanted.removeIf([](const QString &line) { return line.startsWith(u'#'); });
-        QCOMPARE(bound, wanted);
+        QCOMPARE(ColumnTable::bound(record), ColumnTable::wanted(QStringLiteral(TZ_TEST_SOURCE "/") + file));
     }
 
 private Q_SLOTS:

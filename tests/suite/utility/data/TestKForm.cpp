@@ -3,8 +3,9 @@
 
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/KTextArea.h"
 #include "suite/utility/KForm.h"
+#include "suite/utility/KStepArrows.h"
+#include "suite/utility/KTextArea.h"
 #include "suite/utility/TabOrder.h"
 #include "tests/auto/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
@@ -14,7 +15,10 @@
 #include <QCompleter>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 
@@ -141,6 +145,110 @@ private Q_SLOTS:
         form.comboBox(user)->setCurrentIndex(-1);
         form.store(record);
         QCOMPARE(record.m_iUserID, 0);
+    }
+
+    void lookupOfChoicesAndKeysStoresTheKeyOfTheChoice()
+    {
+        SampleRecord record;
+        QWidget page;
+        KFormField fuel{user, QStringLiteral("سوخت :"), Kind::Lookup};
+        fuel.choices = {QStringLiteral("گاز"), QStringLiteral("گازوئیل")};
+        fuel.keys = {4, 3};
+        KForm form({fuel}, record, &page);
+        form.load(record);
+        QCOMPARE(form.comboBox(user)->currentIndex(), -1);
+        form.comboBox(user)->setCurrentIndex(1);
+        form.store(record);
+        QCOMPARE(record.m_iUserID, 3);
+        record.m_iUserID = 4;
+        form.load(record);
+        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("گاز"));
+    }
+
+    void buttonStandsBehindItsControlAndGoesWithTheRightToEdit()
+    {
+        SampleRecord record;
+        QWidget page;
+        KFormField text{note, QStringLiteral("امکانات :")};
+        text.hasButton = true;
+        KForm form({{name, QStringLiteral("نام :")}, text}, record, &page);
+        auto *grid = new QGridLayout(&page);
+        form.place(grid, 0, 0, name);
+        form.place(grid, 1, 0, note);
+        QVERIFY(!form.button(name));
+        QPushButton *button = form.button(note);
+        QCOMPARE(button->text(), QStringLiteral("..."));
+        QCOMPARE(button->accessibleName(), QStringLiteral("امکانات : ..."));
+        page.setLayoutDirection(Qt::RightToLeft);
+        page.show();
+        QVERIFY(button->isVisible());
+        QVERIFY(button->x() < form.control(note)->x());
+        form.setReadOnly(note, true);
+        QVERIFY(!button->isVisible());
+        form.setReadOnly(note, false);
+        QVERIFY(button->isVisible());
+        form.setShowMode(true);
+        QVERIFY(!button->isVisible());
+        form.setShowMode(false);
+        form.setUsed(note, false);
+        QVERIFY(!button->isVisible());
+    }
+
+    void arrowsStepAWholeNumberWithinItsRange()
+    {
+        SampleRecord record;
+        QWidget page;
+        KFormField year{user, QStringLiteral("سال توليد :"), Kind::Integer};
+        year.maximum = 9999;
+        year.hasArrows = true;
+        KForm form({year}, record, &page);
+        auto *grid = new QGridLayout(&page);
+        form.place(grid, 0, 0, user);
+        page.show();
+        KEdit *edit = form.edit(user);
+        form.arrows(user)->setStart(1405);
+        const QList<QToolButton *> arrows = form.arrows(user)->findChildren<QToolButton *>();
+        QCOMPARE(arrows.size(), 2);
+        QSignalSpy edited(edit, &KEdit::numberEdited);
+        arrows.at(0)->click();
+        QCOMPARE(edit->integer(), 1405);
+        QCOMPARE(edited.size(), 1);
+        arrows.at(0)->click();
+        QCOMPARE(edit->integer(), 1406);
+        arrows.at(1)->click();
+        arrows.at(1)->click();
+        QCOMPARE(edit->integer(), 1404);
+        QTest::keyClick(edit, Qt::Key_Up);
+        QCOMPARE(edit->integer(), 1405);
+        QTest::keyClick(edit, Qt::Key_Down);
+        QCOMPARE(edit->integer(), 1404);
+        edit->setNumber(9999);
+        arrows.at(0)->click();
+        QCOMPARE(edit->integer(), 9999);
+        form.setShowMode(true);
+        QVERIFY(!form.arrows(user)->isVisible());
+        QTest::keyClick(edit, Qt::Key_Down);
+        QCOMPARE(edit->integer(), 9999);
+    }
+
+    void codeIsStoredWithoutTheMarksThatItIsShownWith()
+    {
+        SampleRecord record;
+        QWidget page;
+        KFormField plate{name, QStringLiteral("شماره پلاک :")};
+        plate.leftToRight = true;
+        KForm form({plate}, record, &page);
+        record.m_sName = QStringLiteral("12ب345-67");
+        form.load(record);
+        QCOMPARE(form.edit(name)->layoutDirection(), Qt::LeftToRight);
+        SampleRecord other;
+        form.store(other);
+        QCOMPARE(other.m_sName, record.m_sName);
+        // The column holds ten characters, whatever marks are shown.
+        form.edit(name)->clear();
+        form.edit(name)->setText(QStringLiteral("12ب345-6789"));
+        form.store(other);
+        QCOMPARE(other.m_sName, QStringLiteral("12ب345-678"));
     }
 
     void lookupKeepsAKeyThatItDoesNotOffer()

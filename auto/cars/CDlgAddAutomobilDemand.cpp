@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgAddAutomobilDemand.h"
+
+#include "auto/cars/CDlgAddAutomobilDemandBase.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KTabPageButtons.h"
+
+namespace {
+
+QString titleOf(EditorMode mode)
+{
+    switch (mode) {
+    case EditorMode::New:
+        return QStringLiteral("تقاضا - جدید");
+    case EditorMode::Edit:
+        return QStringLiteral("تقاضا - ویرایش");
+    case EditorMode::Show:
+        break;
+    }
+    return QStringLiteral("تقاضا - نمایش");
+}
+
+}
+
+int CDlgAddAutomobilDemand::addPlaceholder()
+{
+    CTblAutomobilDemands demand;
+    demand.Open(true, false, true);
+    demand.AddNew();
+    demand.m_iCode = CTblAutomobilDemands::nextCode();
+    demand.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    demand.Update(true);
+    return static_cast<int>(demand.GetLastInsertedID());
+}
+
+int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)
+{
+    GetDBSetting()->RequireOpenDB();
+    const int key = addPlaceholder();
+    bool confirmed = false;
+    std::exception_ptr error;
+    try {
+        CDlgAddAutomobilDemand dialog(key, EditorMode::New, parent);
+        confirmed = dialog.load() && dialog.exec() == QDialog::Accepted;
+    } catch (...) {
+        // The placeholder goes whatever ended the window.
+        error = std::current_exception();
+    }
+    if (!confirmed) {
+        CTblAutomobilDemands demand;
+        if (demand.IsRecordExist(QStringLiteral("iID"), key))
+            demand.Delete();
+    }
+    if (error)
+        std::rethrow_exception(error);
+    return confirmed ? key : 0;
+}
+
+bool CDlgAddAutomobilDemand::EditDemand(int demandID, bool &refresh, QWidget *parent)
+{
+    refresh = false;
+    GetDBSetting()->RequireOpenDB();
+    CDlgAddAutomobilDemand dialog(demandID, EditorMode::Edit, parent);
+    if (!dialog.load())
+        return false;
+    const bool confirmed = dialog.exec() == QDialog::Accepted;
+    refresh = dialog.refreshNeeded();
+    return confirmed;
+}
+
+void CDlgAddAutomobilDemand::ShowDemand(int demandID, bool &refresh, QWidget *parent)
+{
+    refresh = false;
+    if (demandID < 1)
+        return;
+    CDlgAddAutomobilDemand dialog(demandID, EditorMode::Show, parent);
+    if (!dialog.load())
+        return;
+    dialog.exec();
+    refresh = dialog.refreshNeeded();
+}
+
+CDlgAddAutomobilDemand::CDlgAddAutomobilDemand(int demandID, EditorMode mode, QWidget *parent)
+    : CDlgRecordEditor(demandID, mode, parent)
+{
+    SetSettingName(QStringLiteral("AutomobilDemands\\Editor"));
+    setWindowTitle(titleOf(mode));
+    resize(QSize(900, 620).boundedTo(size()));
+}
+
+CDlgAddAutomobilDemand::~CDlgAddAutomobilDemand() = default;
+
+bool CDlgAddAutomobilDemand::load()
+{
+    CTblAutomobilDemands demand;
+    if (!loadRecord(demand))
+        return false;
+    m_base = new CDlgAddAutomobilDemandBase(mode(), tabs());
+    addPage(m_base, m_base->title());
+    addFilesPage(CTblFileDocs::General, CTblAutomobilDemands::recordKind, QStringLiteral("پرونده های عمومی"));
+    addFilesPage(CTblFileDocs::Personal, CTblAutomobilDemands::recordKind, QStringLiteral("پرونده های شخصی"));
+    tabs()->setCurrentIndex(0);
+    m_base->fill(demand);
+    showState(demand.m_iStatus, demand.m_iArchiveUserID);
+    return true;
+}
+
+bool CDlgAddAutomobilDemand::validatePages()
+{
+    return m_base->validate();
+}
+
+bool CDlgAddAutomobilDemand::save()
+{
+    return saveRecord<CTblAutomobilDemands>({m_base});
+}
+
+bool CDlgAddAutomobilDemand::takeOutOfArchive()
+{
+    if (!KSecurity::IsGranted(QStringLiteral("AutomobilDemandArchive"), KSecurity::Access)) {
+        g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
+        return false;
+    }
+    GetDBSetting()->RequireOpenDB();
+    CTblAutomobilDemands demand;
+    if (loadRecord(demand))
+        CTblAutomobilDemands::unarchive(demand.m_iCode);
+    g_pDlgMessage->Show(QStringLiteral("این نامه از حالت بایگانی خارج شد."), this);
+    return true;
+}

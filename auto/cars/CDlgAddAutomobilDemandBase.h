@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/EditorPage.h"
+
+class ArchiveLine;
+class CTblAutomobilDemands;
+class DemandReminder;
+class KEdit;
+class PersonGroup;
+class QHBoxLayout;
+
+// The page of the demand editor: who asks, for what, and when to remind of it.
+class CDlgAddAutomobilDemandBase final : public EditorPage<CTblAutomobilDemands>
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddAutomobilDemandBase(EditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilDemandBase() override;
+
+    void fill(CTblAutomobilDemands &demand) override;
+    [[nodiscard]] bool validate() override;
+    void write(CTblAutomobilDemands &demand) override;
+
+    KForm *form() const { return m_form; }
+    PersonGroup *person() const { return m_person; }
+    DemandReminder *reminder() const { return m_reminder; }
+    ArchiveLine *archiveLine() const { return m_archiveLine; }
+
+private:
+    void build();
+    QLayout *buildIdentity(QWidget *content);
+    QWidget *buildWishes(QWidget *content);
+    QWidget *buildTexts(QWidget *content);
+    KEdit *addShown(QHBoxLayout *row, const QString &label, QWidget *parent);
+    // Fills a drop-down with the values of the type, and lets the button behind it open their picker.
+    void offerPicker(const QString &column, int itemType, const QString &title);
+    void pickValue(const QString &column, int itemType, const QString &title);
+    QString proposedReminder() const;
+
+    KForm *m_form = nullptr;
+    PersonGroup *m_person = nullptr;
+    DemandReminder *m_reminder = nullptr;
+    ArchiveLine *m_archiveLine = nullptr;
+    KEdit *m_created = nullptr;
+    KEdit *m_user = nullptr;
+};

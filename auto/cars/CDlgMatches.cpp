@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgMatches.h"
+
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+CDlgMatches::CDlgMatches(MatchTable table, QWidget *parent)
+    : KDialog(parent)
+    , m_table(std::move(table))
+    , m_subject(new QLabel(this))
+    , m_list(new KExtListCtrl(this))
+    , m_nothing(new QLabel(m_table.nothing, this))
+    , m_count(new QLabel(this))
+{
+    setWindowTitle(m_table.title);
+    SetSettingName(m_table.section);
+    SetFormName(m_table.form);
+    CheckSecurity();
+    build();
+    resize(900, 520);
+}
+
+CDlgMatches::~CDlgMatches() = default;
+
+void CDlgMatches::Run(MatchTable table, QWidget *parent)
+{
+    CDlgMatches window(std::move(table), parent);
+    if (window.CheckAccessSecurity() && window.load())
+        window.exec();
+}
+
+void CDlgMatches::build()
+{
+    m_subject->setTextFormat(Qt::PlainText);
+    m_subject->setWordWrap(true);
+    m_nothing->setAlignment(Qt::AlignCenter);
+    m_nothing->setForegroundRole(QPalette::PlaceholderText);
+    m_list->setAccessibleName(m_table.title);
+    m_list->setColumns(m_table.columns);
+    m_list->SetSettingName(m_table.section + QStringLiteral("\\List"));
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, [this](int key) { m_show->setEnabled(key > 0); });
+    connect(m_list, &KExtListCtrl::rowActivated, this, [this] { showSelected(); });
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(m_subject);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_nothing);
+    layout->addWidget(buildButtons());
+    m_list->setFocus();
+}
+
+QWidget *CDlgMatches::buildButtons()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](const QString &caption, const char *icon, void (CDlgMatches::*run)()) {
+        auto *button = new QPushButton(QIcon(QString::fromLatin1(icon)), caption, box);
+        button->setAccessibleName(caption);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, run);
+        row->addWidget(button);
+        return button;
+    };
+    m_show = add(QStringLiteral("نمايش"), ":/icons/show.svg", &CDlgMatches::showSelected);
+    QPushButton *printButton = add(QStringLiteral("چاپ"), ":/icons/print.svg", &CDlgMatches::print);
+    auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
+    connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
+    printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
+    row->addStretch(1);
+    row->addWidget(m_count);
+    row->addSpacing(12);
+    auto *back = new QPushButton(QStringLiteral("بازگشت"), box);
+    back->setAccessibleName(back->text());
+    back->setAutoDefault(false);
+    connect(back, &QPushButton::clicked, this, &CDlgMatches::reject);
+    row->addWidget(back);
+    return box;
+}
+
+bool CDlgMatches::load()
+{
+    const KWaitCursor wait;
+    const int selected = m_list->currentKey();
+    std::optional<MatchTable::Contents> contents = m_table.read();
+    if (!contents)
+        return false;
+    m_subject->setText(contents->subject);
+    m_list->setRows(std::move(contents->rows));
+    if (selected <= 0 || !m_list->selectKey(selected))
+        m_list->selectRow(0);
+    m_count->setText(SuiteMessages::count(m_list->count()));
+    m_nothing->setVisible(m_list->count() == 0);
+    m_show->setEnabled(m_list->currentKey() > 0);
+    return true;
+}
+
+QString CDlgMatches::subject() const
+{
+    return m_subject->text();
+}
+
+QString CDlgMatches::countText() const
+{
+    return m_count->text();
+}
+
+void CDlgMatches::showSelected()
+{
+    try {
+        const int key = m_list->currentKey();
+        if (key <= 0 || !CheckReadSecurity() || !m_table.show(key, this))
+            return;
+        if (!load())
+            reject();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+ListReport CDlgMatches::report() const
+{
+    ListReport report(m_table.report.group, m_table.report.report);
+    report.setText(QStringLiteral("RightTop"), m_subject->text());
+    report.setText(QStringLiteral("LeftBottom"), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
+    report.setText(QStringLiteral("Count"), m_count->text());
+    report.setTable(QStringLiteral("List"), m_list);
+    if (!report.loadLayout())
+        report.buildStandard(m_table.report.title);
+    return report;
+}
+
+void CDlgMatches::print()
+{
+    try {
+        if (!CheckPrintListSecurity())
+            return;
+        CDlgReportGenerator generator(report(), this);
+        generator.ShowReport();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}
+
+KListModel::Cell MatchTexts::percent(int percent)
+{
+    return {QString::number(percent) + u'%', percent};
+}
+
+KListModel::Cell MatchTexts::name(const QString &name)
+{
+    return {name.isEmpty() ? QStringLiteral("-") : name};
+}
+
+KListModel::Cell MatchTexts::number(int number)
+{
+    return number == 0 ? KListModel::Cell{} : KListModel::Cell{QString::number(number), number};
+}
+
+KListModel::Cell MatchTexts::money(double amount)
+{
+    return amount == 0 ? KListModel::Cell{} : KListModel::Cell{DToMoney(amount), amount};
+}

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/KListPage.h"
+#include "suite/utility/KDialog.h"
+#include "suite/utility/KListModel.h"
+
+#include <functional>
+#include <optional>
+
+class ListReport;
+
+// What one window of matches lists.
+struct MatchTable
+{
+    struct Contents
+    {
+        QString subject; // what the rows are matched with, in one line
+        QVector<KListModel::Row> rows;
+    };
+
+    QString title;
+    QString form;    // of the rights on what is listed
+    QString section; // of the user's settings
+    QString nothing; // shown when no row fits
+    QVector<KListModel::Column> columns;
+    KListReport report;
+    // None when what the rows are matched with is gone.
+    std::function<std::optional<Contents>()> read;
+    // Shows the record of a row. True when the list is to be read anew.
+    std::function<bool(int key, QWidget *parent)> show;
+};
+
+// What fits something, best first: cars for a demand, demands for a car. A row is opened read-only; the list can be printed.
+class CDlgMatches final : public KDialog, private KSecurity
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgMatches(MatchTable table, QWidget *parent = nullptr);
+    ~CDlgMatches() override;
+
+    // Fills a window over the table and runs it. Does nothing when read gives nothing; a user without access to the form is
+    // told so.
+    static void Run(MatchTable table, QWidget *parent);
+
+    // False when read gives nothing; the window must not be shown then.
+    [[nodiscard]] bool load();
+
+    KExtListCtrl *list() const { return m_list; }
+    QString subject() const;
+    QString countText() const;
+    // The commands behind the buttons.
+    void showSelected();
+    void print();
+    ListReport report() const;
+
+private:
+    void build();
+    QWidget *buildButtons();
+
+    MatchTable m_table;
+    QLabel *m_subject;
+    KExtListCtrl *m_list;
+    QLabel *m_nothing;
+    QLabel *m_count;
+    QPushButton *m_show = nullptr;
+};
+
+// Texts that both windows of matches show.
+namespace MatchTexts {
+
+// "100%", to be drawn left to right.
+KListModel::Cell percent(int percent);
+// The name, "-" for an empty one.
+KListModel::Cell name(const QString &name);
+// Empty for 0.
+KListModel::Cell number(int number);
+KListModel::Cell money(double amount);
+
+}

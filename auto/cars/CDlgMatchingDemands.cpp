@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgMatchingDemands.h"
+
+#include "auto/cars/CDlgAddAutomobilDemand.h"
+#include "auto/cars/MatchingDemands.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+namespace {
+
+QString carText(const MatchingDemands &matching)
+{
+    QStringList parts{matching.type, matching.color};
+    if (matching.offer.year != 0)
+        parts.append(QStringLiteral("سال تولید %1").arg(matching.offer.year));
+    if (matching.offer.amount != 0)
+        parts.append(QStringLiteral("مبلغ ") + DToMoney(matching.offer.amount));
+    parts.removeAll(QString());
+    const QString car = QStringLiteral("خودروی %1").arg(matching.carCode);
+    return parts.isEmpty() ? car : car + QStringLiteral(": ") + parts.join(QStringLiteral("، "));
+}
+
+std::optional<MatchTable::Contents> contents(int carID)
+{
+    using namespace MatchTexts;
+    const std::optional<MatchingDemands> matching = MatchingDemands::of(carID);
+    if (!matching)
+        return std::nullopt;
+    MatchTable::Contents contents;
+    contents.subject = carText(*matching);
+    contents.rows.reserve(static_cast<qsizetype>(matching->demands.size()));
+    for (const MatchingDemands::Demand &demand : matching->demands) {
+        const int row = static_cast<int>(contents.rows.size()) + 1;
+        contents.rows.append({demand.id,
+                              {number(row), percent(demand.match.percent), number(demand.code), name(demand.person), {demand.mobile}, name(demand.type), number(demand.wishes.yearFrom), number(demand.wishes.yearUpTo), name(demand.color), money(demand.wishes.amountFrom), money(demand.wishes.amountUpTo), {shamsiText(demand.referenceDate.date()), demand.referenceDate}, {demand.specialDescription}}});
+    }
+    return contents;
+}
+
+}
+
+MatchTable CDlgMatchingDemands::table(int carID)
+{
+    const QString title = QStringLiteral("متقاضیان");
+    return {
+        title,
+        QStringLiteral("AutomobilDemands"),
+        QStringLiteral("AutomobilDemands\\Matching"),
+        QStringLiteral("تقاضایی که با این خودرو جور باشد پیدا نشد."),
+        {
+            {QStringLiteral("ردیف"), Qt::AlignCenter, 40},
+            {QStringLiteral("تناسب"), Qt::AlignCenter, 50},
+            {QStringLiteral("کد تقاضا"), Qt::AlignCenter, 50},
+            {QStringLiteral("نام متقاضی"), Qt::AlignRight, 110},
+            {QStringLiteral("موبایل"), Qt::AlignCenter, 80},
+            {QStringLiteral("نوع خودرو"), Qt::AlignRight, 70},
+            {QStringLiteral("از مدل"), Qt::AlignCenter, 45},
+            {QStringLiteral("تا مدل"), Qt::AlignCenter, 45},
+            {QStringLiteral("رنگ"), Qt::AlignRight, 50},
+            {QStringLiteral("از مبلغ"), Qt::AlignCenter, 90},
+            {QStringLiteral("تا مبلغ"), Qt::AlignCenter, 90},
+            {QStringLiteral("تاریخ مراجعه"), Qt::AlignCenter, 70, {}, true},
+            {QStringLiteral("توضیحات ویژه"), Qt::AlignRight, 130},
+        },
+        {title, QStringLiteral("گالری اتومبیل"), title},
+        [carID] { return contents(carID); },
+        [](int key, QWidget *parent) {
+            bool changed = false;
+            CDlgAddAutomobilDemand::ShowDemand(key, changed, parent);
+            return changed;
+        },
+    };
+}
+
+void CDlgMatchingDemands::Show(int carID, QWidget *parent)
+{
+    CDlgMatches::Run(table(carID), parent);
+}

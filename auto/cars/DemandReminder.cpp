@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/DemandReminder.h"
+
+#include "auto/db/CTblAutomobilDemands.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/crm/CDlgAddAlarm.h"
+#include "suite/crm/CTblAlarm.h"
+#include "suite/utility/KEdit.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+DemandReminder::DemandReminder(QWidget *parent)
+    : QGroupBox(QStringLiteral("يادآوري"), parent)
+    , m_remind(new QCheckBox(QStringLiteral("يادآوري شود"), this))
+    , m_settings(new QPushButton(QIcon(QStringLiteral(":/icons/reminder.svg")), QStringLiteral("تنظيمات "), this))
+    , m_description(new KEdit(this))
+{
+    m_remind->setAccessibleName(m_remind->text());
+    m_settings->setAccessibleName(m_settings->text());
+    m_settings->setToolTip(QStringLiteral("تاریخ، ساعت و شرح یادآوری"));
+    m_settings->setAutoDefault(false);
+    m_description->setReadOnly(true);
+    m_description->setAccessibleName(QStringLiteral("شرح یادآوری"));
+    auto *row = new QHBoxLayout(this);
+    row->addWidget(m_remind);
+    row->addWidget(m_description, 1);
+    row->addWidget(m_settings);
+    connect(m_remind, &QCheckBox::clicked, this, &DemandReminder::edit);
+    connect(m_settings, &QPushButton::clicked, this, &DemandReminder::edit);
+    hide();
+}
+
+void DemandReminder::bind(int demandID, int demandCode, int alarmID, const std::function<QString()> &proposed)
+{
+    m_demandID = demandID;
+    m_demandCode = demandCode;
+    m_alarmID = alarmID;
+    m_proposed = proposed;
+    showReminder();
+}
+
+void DemandReminder::showFor(bool changeable)
+{
+    m_remind->setEnabled(changeable);
+    m_settings->setVisible(changeable);
+    setVisible(changeable || m_alarmID != 0);
+}
+
+QString DemandReminder::description() const
+{
+    return m_description->text();
+}
+
+void DemandReminder::edit()
+{
+    try {
+        // It may have been deleted in the list of reminders meanwhile.
+        showReminder();
+        if (m_alarmID != 0) {
+            CDlgAddAlarm::Edit(m_alarmID, window());
+        } else if (const int added =
+                       CDlgAddAlarm::Add(m_proposed(), CTblAutomobilDemands::recordKind, m_demandID, m_demandCode, window())) {
+            CTblAutomobilDemands::setAlarm(m_demandID, added);
+            m_alarmID = added;
+        }
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+    showReminder();
+}
+
+void DemandReminder::showReminder()
+{
+    const QString description = CTblAlarm::GetDesc(m_alarmID);
+    if (description.isEmpty())
+        m_alarmID = 0;
+    m_description->setText(description);
+    m_description->setCursorPosition(0);
+    m_remind->setChecked(m_alarmID != 0);
+    m_settings->setEnabled(m_alarmID != 0);
+}

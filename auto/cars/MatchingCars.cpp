@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/MatchingCars.h"
+
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/KLookup.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+// A car that fits, until its names are known.
+struct Found
+{
+    MatchingCars::Car car;
+    int model = 0;
+    int carClass = 0;
+    int owner = 0;
+};
+
+std::vector<Found> fittingCars(const DemandWishes &wishes, int database)
+{
+    CTblAutomobilInformations cars(database);
+    cars.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"),
+                     QStringLiteral("iBrigade"), QStringLiteral("iModel"), QStringLiteral("iColor"),
+                     QStringLiteral("sNumOfPlates"), QStringLiteral("dAmount"), QStringLiteral("iYear")});
+    cars.m_filter = QStringLiteral("bSold=0 AND iArchiveUserID=0 AND iStatus=0");
+    std::vector<Found> found;
+    for (cars.Open(true, true, true); !cars.IsEOF(); cars.MoveNext()) {
+        const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount};
+        const auto match = DemandMatch::of(wishes, offer);
+        if (!match)
+            continue;
+        found.push_back({{cars.m_iID, cars.m_iCode, *match, offer, {}, {}, {}, {}, cars.m_sNumOfPlates, {}},
+                         cars.m_iModel,
+                         cars.m_iBrigade,
+                         cars.m_iPersonID});
+    }
+    std::sort(found.begin(), found.end(), [](const Found &one, const Found &other) {
+        return isBetterMatch(one.car.match, one.car.code, other.car.match, other.car.code);
+    });
+    return found;
+}
+
+// One statement for the names behind one key of all the cars.
+template <class Key>
+QHash<int, QString> namesOf(const std::vector<Found> &found, const QString &table, const QString &column, const Key &key,
+                            int database)
+{
+    QList<int> keys;
+    keys.reserve(static_cast<qsizetype>(found.size()));
+    for (const Found &entry : found)
+        keys.append(key(entry));
+    return KLookup::names(table, QStringLiteral("iID"), column, keys, database);
+}
+
+std::vector<MatchingCars::Car> named(std::vector<Found> found, int database)
+{
+    const QString name = QStringLiteral("sName");
+    const auto types = namesOf(
+        found, QStringLiteral("CarBrands"), name, [](const Found &f) { return f.car.offer.automobilType; }, database);
+    const auto models =
+        namesOf(
+            found, QStringLiteral("CarModels"), name, [](const Found &f) { return f.model; }, database);
+    const auto classes =
+        namesOf(
+            found, QStringLiteral("CarClasses"), name, [](const Found &f) { return f.carClass; }, database);
+    const auto colors =
+        namesOf(
+            found, QStringLiteral("Items"), name, [](const Found &f) { return f.car.offer.color; }, database);
+    const auto owners = namesOf(
+        found, QStringLiteral("Persons"), QStringLiteral("sName2"), [](const Found &f) { return f.owner; }, database);
+    std::vector<MatchingCars::Car> cars;
+    cars.reserve(found.size());
+    for (Found &entry : found) {
+        MatchingCars::Car &car = entry.car;
+        car.type = types.value(car.offer.automobilType);
+        car.model = models.value(entry.model);
+        car.carClass = classes.value(entry.carClass);
+        car.color = colors.value(car.offer.color);
+        car.owner = owners.value(entry.owner);
+        cars.push_back(std::move(car));
+    }
+    return cars;
+}
+
+}
+
+std::optional<MatchingCars> MatchingCars::of(int demandID, int database)
+{
+    CTblAutomobilDemands demand(database);
+    if (!demand.IsRecordExist(QStringLiteral("iID"), demandID))
+        return std::nullopt;
+    const QString key = QStringLiteral("iID");
+    const QString name = QStringLiteral("sName");
+    MatchingCars matching;
+    matching.demandCode = demand.m_iCode;
+    matching.wishes = {demand.m_iAutomobilType, demand.m_iColor, demand.m_iModelFrom,
+                       demand.m_iModelUpTo, demand.m_dAmountFrom, demand.m_dAmountUpTo};
+    matching.person =
+        KLookup::name(QStringLiteral("Persons"), key, QStringLiteral("sName2"), demand.m_iPersonID, database);
+    matching.type = KLookup::name(QStringLiteral("CarBrands"), key, name, demand.m_iAutomobilType, database);
+    matching.color = KLookup::name(QStringLiteral("Items"), key, name, demand.m_iColor, database);
+    matching.cars = named(fittingCars(matching.wishes, database), database);
+    return matching;
+}

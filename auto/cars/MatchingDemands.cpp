@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/MatchingDemands.h"
+
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/KLookup.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+// A demand that the car fits, until its names are known.
+struct Found
+{
+    MatchingDemands::Demand demand;
+    int person = 0;
+};
+
+std::vector<Found> fittingDemands(const OfferedCar &car, int database)
+{
+    CTblAutomobilDemands demands(database);
+    demands.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"),
+                        QStringLiteral("iModelFrom"), QStringLiteral("iModelUpTo"), QStringLiteral("iColor"),
+                        QStringLiteral("dAmountFrom"), QStringLiteral("dAmountUpTo"), QStringLiteral("dateReference"),
+                        QStringLiteral("sDescSpecial")});
+    demands.m_filter = QStringLiteral("iArchiveUserID=0 AND iStatus=0");
+    std::vector<Found> found;
+    for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {
+        const DemandWishes wishes{demands.m_iAutomobilType, demands.m_iColor, demands.m_iModelFrom,
+                                  demands.m_iModelUpTo, demands.m_dAmountFrom, demands.m_dAmountUpTo};
+        const auto match = DemandMatch::of(wishes, car);
+        if (!match)
+            continue;
+        found.push_back({{demands.m_iID, demands.m_iCode, *match, wishes, {}, {}, {}, {}, demands.m_dateReference, demands.m_sDescSpecial},
+                         demands.m_iPersonID});
+    }
+    std::sort(found.begin(), found.end(), [](const Found &one, const Found &other) {
+        return isBetterMatch(one.demand.match, one.demand.code, other.demand.match, other.demand.code);
+    });
+    return found;
+}
+
+std::vector<MatchingDemands::Demand> named(std::vector<Found> found, int database)
+{
+    QList<int> persons;
+    QList<int> types;
+    QList<int> colors;
+    for (const Found &entry : found) {
+        persons.append(entry.person);
+        types.append(entry.demand.wishes.automobilType);
+        colors.append(entry.demand.wishes.color);
+    }
+    const auto names = [database](const char *table, const char *column, const QList<int> &keys) {
+        return KLookup::names(QString::fromLatin1(table), QStringLiteral("iID"), QString::fromLatin1(column), keys, database);
+    };
+    const auto personNames = names("Persons", "sName2", persons);
+    const auto mobiles = names("Persons", "sMobile", persons);
+    const auto typeNames = names("CarBrands", "sName", types);
+    const auto colorNames = names("Items", "sName", colors);
+    std::vector<MatchingDemands::Demand> demands;
+    demands.reserve(found.size());
+    for (Found &entry : found) {
+        if (!personNames.contains(entry.person))
+            continue;
+        MatchingDemands::Demand &demand = entry.demand;
+        demand.person = personNames.value(entry.person);
+        demand.mobile = mobiles.value(entry.person);
+        demand.type = typeNames.value(demand.wishes.automobilType);
+        demand.color = colorNames.value(demand.wishes.color);
+        demands.push_back(std::move(demand));
+    }
+    return demands;
+}
+
+}
+
+std::optional<MatchingDemands> MatchingDemands::of(int carID, int database)
+{
+    CTblAutomobilInformations car(database);
+    car.SetColumns({QStringLiteral("iCode"), QStringLiteral("iAutomobilType"), QStringLiteral("iColor"),
+                    QStringLiteral("dAmount"), QStringLiteral("iYear")});
+    if (!car.IsRecordExist(QStringLiteral("iID"), carID))
+        return std::nullopt;
+    const QString key = QStringLiteral("iID");
+    const QString name = QStringLiteral("sName");
+    MatchingDemands matching;
+    matching.carCode = car.m_iCode;
+    matching.offer = {car.m_iAutomobilType, car.m_iColor, car.m_iYear, car.m_dAmount};
+    matching.type = KLookup::name(QStringLiteral("CarBrands"), key, name, car.m_iAutomobilType, database);
+    matching.color = KLookup::name(QStringLiteral("Items"), key, name, car.m_iColor, database);
+    matching.demands = named(fittingDemands(matching.offer, database), database);
+    return matching;
+}

@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/PersonGroup.h"
+
+#include "suite/crm/CDlgPersons.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KEdit.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+bool isPickKey(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_F4 || event->key() == Qt::Key_Space
+        || (event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier);
+}
+
+}
+
+PersonGroup::PersonGroup(const QString &title, int options, QWidget *parent, const QString &ofWhom)
+    : QGroupBox(title, parent)
+    , m_ofWhom(ofWhom.isEmpty() ? ofWhom : u' ' + ofWhom)
+    , m_code(addLine(QStringLiteral("کد شخص :")))
+    , m_pick(addButton(QStringLiteral("کد شخص : ...") + m_ofWhom, QStringLiteral("انتخاب شخص (F4)")))
+    , m_name(addLine(QStringLiteral("نام و نام خانوادگي :")))
+    , m_telephone(addLine(QStringLiteral("تلفن :")))
+    , m_mobile(addLine(QStringLiteral("موبايل :")))
+{
+    connect(m_pick, &QPushButton::clicked, this, &PersonGroup::pick);
+    if (options & Clearable) {
+        m_clear = addButton(QStringLiteral("کد شخص : حذف") + m_ofWhom, QStringLiteral("خالی کردن"));
+        connect(m_clear, &QPushButton::clicked, this, &PersonGroup::clearByUser);
+    }
+    if (options & WithFather)
+        m_father = addLine(QStringLiteral("نام پدر :"));
+    place(options);
+    m_code->installEventFilter(this);
+    setPersonID(0);
+}
+
+KEdit *PersonGroup::addLine(const QString &label)
+{
+    auto *line = new KEdit(this);
+    line->setReadOnly(true);
+    line->setAccessibleName(label + m_ofWhom);
+    auto *text = new QLabel(label, this);
+    text->setBuddy(line);
+    text->setObjectName(label);
+    return line;
+}
+
+QPushButton *PersonGroup::addButton(const QString &accessibleName, const QString &toolTip)
+{
+    auto *button = new QPushButton(QStringLiteral("..."), this);
+    button->setAccessibleName(accessibleName);
+    button->setToolTip(toolTip);
+    button->setAutoDefault(false);
+    button->setMaximumWidth(button->sizeHint().height() + 4);
+    return button;
+}
+
+// The code and the name first; what else the person's record says below them.
+void PersonGroup::place(int options)
+{
+    auto *grid = new QGridLayout(this);
+    grid->setVerticalSpacing(4);
+    const auto put = [&](int row, int column, QWidget *line, int span = 1) {
+        for (QLabel *label : findChildren<QLabel *>()) {
+            if (label->buddy() == line)
+                grid->addWidget(label, row, column);
+        }
+        if (line != m_code) {
+            grid->addWidget(line, row, column + 1, 1, span);
+            return;
+        }
+        auto *withButtons = new QHBoxLayout;
+        withButtons->addWidget(m_code, 1);
+        withButtons->addWidget(m_pick);
+        if (m_clear)
+            withButtons->addWidget(m_clear);
+        grid->addLayout(withButtons, row, column + 1);
+    };
+    const bool withFather = options & WithFather;
+    put(0, 0, m_code);
+    put(0, 2, m_name, withFather ? 3 : 1);
+    int column = 0;
+    if (withFather) {
+        put(1, column, m_father);
+        column += 2;
+    }
+    put(1, column, m_telephone);
+    put(1, column + 2, m_mobile);
+    for (int i = 1; i <= column + 3; i += 2)
+        grid->setColumnStretch(i, 1);
+}
+
+QString PersonGroup::name() const
+{
+    return m_name->text();
+}
+
+void PersonGroup::setPersonID(int personID)
+{
+    CTblPersons person;
+    const bool found = personID > 0 && person.IsRecordExist(QStringLiteral("iID"), personID);
+    m_personID = personID;
+    m_code->setText(found ? QString::number(person.m_iCode) : QString());
+    const auto show = [](KEdit *line, const QString &text) {
+        line->setText(text);
+        line->setCursorPosition(0);
+    };
+    show(m_name, person.m_sName2);
+    if (m_father)
+        show(m_father, person.m_sFatherName);
+    show(m_telephone, person.m_sTel);
+    show(m_mobile, person.m_sMobile);
+    if (m_clear)
+        m_clear->setEnabled(personID != 0);
+}
+
+void PersonGroup::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    for (QPushButton *button : {m_pick, m_clear}) {
+        if (button)
+            button->setVisible(!readOnly);
+    }
+    m_pick->setEnabled(!readOnly);
+}
+
+void PersonGroup::pick()
+{
+    if (m_readOnly)
+        return;
+    const int chosen = CDlgPersons::SelectPerson(window(), CDlgPersons::modePickOne, m_personID);
+    if (chosen == 0)
+        return;
+    setPersonID(chosen);
+    Q_EMIT changed(chosen);
+}
+
+void PersonGroup::clearByUser()
+{
+    // A disabled button would leave the keyboard nowhere.
+    m_code->setFocus();
+    setPersonID(0);
+    Q_EMIT changed(0);
+}
+
+bool PersonGroup::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_code || event->type() != QEvent::KeyPress || m_readOnly
+        || !isPickKey(static_cast<QKeyEvent *>(event)))
+        return QGroupBox::eventFilter(watched, event);
+    pick();
+    return true;
+}

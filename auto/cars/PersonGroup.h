@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QGroupBox>
+
+class KEdit;
+class QPushButton;
+
+// One person of the suite on an editor's page: the code with the picker beside it, and what the list of persons says. From
+// the code F4, Alt+Down or the space bar open the picker too.
+class PersonGroup final : public QGroupBox
+{
+    Q_OBJECT
+
+public:
+    enum Option {
+        Clearable = 1, // a second "..." button empties the group
+        WithFather = 2
+    };
+
+    // ofWhom goes behind the labels in the accessible names, where a window has two such groups.
+    PersonGroup(const QString &title, int options, QWidget *parent = nullptr, const QString &ofWhom = {});
+
+    // 0 when nobody is chosen.
+    int personID() const { return m_personID; }
+    // Empty when nobody is chosen, and for a person who is gone.
+    QString name() const;
+    // Not an act of the user: changed stays silent.
+    void setPersonID(int personID);
+    // Only shown: the buttons go away.
+    void setReadOnly(bool readOnly);
+    KEdit *codeEdit() const { return m_code; }
+
+public Q_SLOTS:
+    // Opens the picker, as the button does.
+    void pick();
+
+Q_SIGNALS:
+    // The user chose a person, or emptied the group (0).
+    void changed(int personID);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    KEdit *addLine(const QString &label);
+    QPushButton *addButton(const QString &accessibleName, const QString &toolTip);
+    void place(int options);
+    void clearByUser();
+
+    QString m_ofWhom;
+    KEdit *m_code;
+    QPushButton *m_pick;
+    QPushButton *m_clear = nullptr;
+    KEdit *m_name;
+    KEdit *m_father = nullptr;
+    KEdit *m_telephone;
+    KEdit *m_mobile;
+    int m_personID = 0;
+    bool m_readOnly = false;
+};

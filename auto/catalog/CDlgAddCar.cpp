@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CDlgAddCar.h"
+
+#include "auto/catalog/CatalogEntries.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/TextStandard.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int longestName = 50;
+
+}
+
+CDlgAddCar::CDlgAddCar(const QString &heading, QWidget *parent)
+    : KDialog(parent)
+    , m_heading(heading)
+    , m_name(new KEdit)
+{
+    m_name->setMaxLength(longestName);
+    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+    auto *label = new QLabel(QStringLiteral("نام :"));
+    label->setBuddy(m_name);
+    m_name->setAccessibleName(label->text());
+    auto *form = new QFormLayout;
+    form->addRow(label, m_name);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(createButtons());
+    showTitle();
+}
+
+void CDlgAddCar::setEdited(int key, const QString &name)
+{
+    m_editing = true;
+    m_key = key;
+    m_name->setText(name);
+    m_name->selectAll();
+    showTitle();
+}
+
+void CDlgAddCar::showTitle()
+{
+    setWindowTitle(m_heading + (m_editing ? QStringLiteral(" - ویرایش") : QStringLiteral(" - جدید")));
+}
+
+QString CDlgAddCar::name() const
+{
+    return m_name->text();
+}
+
+bool CDlgAddCar::OnOK()
+{
+    const QString typed = m_name->text().trimmed();
+    const QString name = ConvertToStandard(typed);
+    if (name.isEmpty())
+        return refuse(QStringLiteral("لطفا نوع خودرو را مشخص نماید."));
+    if (m_checkDuplicates && CatalogEntries::isNameTaken(m_editing ? m_key : 0, typed, m_parentKey))
+        return refuse(QString());
+    m_name->setText(name);
+    if (!m_save)
+        return true;
+    try {
+        m_save(name);
+        return true;
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+        m_name->setFocus();
+        return false;
+    }
+}
+
+bool CDlgAddCar::refuse(const QString &message)
+{
+    g_pDlgWarning->Show(message, this);
+    m_name->setFocus();
+    return false;
+}

@@ -1,0 +1,352 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CDlgCarsAll.h"
+
+#include "auto/catalog/CDlgAddCar.h"
+#include "auto/catalog/CatalogImportDesk.h"
+#include "auto/catalog/CatalogPanel.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KWaitCursor.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr CatalogLevel levels[] = {CatalogLevel::Brand, CatalogLevel::Model, CatalogLevel::Class};
+
+QString rightsForm()
+{
+    return QStringLiteral("CarsAll");
+}
+
+CatalogPanel *makePanel(CatalogLevel level, QWidget *parent)
+{
+    switch (level) {
+    case CatalogLevel::Brand:
+        return new CatalogPanel(QStringLiteral("نوع خودرو"), QStringLiteral("DlgCarsAll\\List"), parent);
+    case CatalogLevel::Model:
+        return new CatalogPanel(QStringLiteral("مدل خودرو"), QStringLiteral("DlgCarsAll\\List2"), parent);
+    case CatalogLevel::Class:
+        return new CatalogPanel(QStringLiteral("تیپ خودرو"), QStringLiteral("DlgCarsAll\\List3"), parent);
+    }
+    Q_UNREACHABLE();
+}
+
+QString usedText(CatalogLevel level)
+{
+    switch (level) {
+    case CatalogLevel::Brand:
+        return QStringLiteral("شما نمی توانید این نوع خودرو را حذف نمایید زیرا استفاده شده است در گالری اتومبیل.");
+    case CatalogLevel::Model:
+        return QStringLiteral("نمی توانید این مدل را حذف نمایید زیرا استفاده شده است.");
+    case CatalogLevel::Class:
+        return QStringLiteral("نمی توانید این تیپ را حذف نمایید زیرا در گالری اتومبیل استفاده شده است.");
+    }
+    Q_UNREACHABLE();
+}
+
+}
+
+CDlgCarsAll::CDlgCarsAll(QWidget *parent)
+    : KDialog(parent)
+{
+    SetFormName(rightsForm());
+    CheckSecurity();
+    setWindowTitle(formCaption(rightsForm()));
+    resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 34);
+    SetSettingName(QStringLiteral("DlgCarsAll"));
+    build();
+}
+
+CDlgCarsAll::~CDlgCarsAll() = default;
+
+bool CDlgCarsAll::Pick(QWidget *parent, int &brand, int &model, int &carClass)
+{
+    CDlgCarsAll dialog(parent);
+    dialog.setPickMode(true);
+    dialog.setChosen(brand, model, carClass);
+    if (dialog.exec() != Accepted)
+        return false;
+    brand = dialog.chosenBrand();
+    model = dialog.chosenModel();
+    carClass = dialog.chosenClass();
+    return true;
+}
+
+bool CDlgCarsAll::Browse(QWidget *parent)
+{
+    CDlgCarsAll dialog(parent);
+    dialog.exec();
+    return dialog.isChanged();
+}
+
+void CDlgCarsAll::setChosen(int brand, int model, int carClass)
+{
+    m_chosenBrand = brand;
+    m_chosenModel = model;
+    m_chosenClass = carClass;
+}
+
+void CDlgCarsAll::build()
+{
+    auto *lists = new QHBoxLayout;
+    lists->setSpacing(fontMetrics().averageCharWidth() * 2);
+    for (const CatalogLevel level : levels) {
+        m_panels[static_cast<size_t>(level)] = makePanel(level, this);
+        lists->addWidget(panel(level), 1);
+        connectPanel(level);
+    }
+    m_import = new QPushButton(QStringLiteral("ورود فهرست آماده"), this);
+    m_import->setAccessibleName(m_import->text());
+    m_import->setToolTip(QStringLiteral("افزودن نوع‌ها، مدل‌ها و تیپ‌های یک فایل به فهرست"));
+    m_import->setAutoDefault(false);
+    connect(m_import, &QPushButton::clicked, this, [this] { guarded([this] { importEntries(); }); });
+
+    m_buttons = createButtons(QStringLiteral("انتخاب"));
+    for (QAbstractButton *button : m_buttons->buttons()) {
+        if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            m_accept = qobject_cast<QPushButton *>(button);
+    }
+    auto *bottom = new QHBoxLayout;
+    bottom->addWidget(m_import);
+    bottom->addStretch(1);
+    bottom->addWidget(m_buttons);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(lists, 1);
+    layout->addLayout(bottom);
+}
+
+void CDlgCarsAll::connectPanel(CatalogLevel level)
+{
+    const CatalogPanel *source = panel(level);
+    connect(source, &CatalogPanel::filterEdited, this, [this, level] {
+        guarded([&] {
+            if (hasParent(level))
+                fill(level);
+        });
+    });
+    connect(source, &CatalogPanel::addRequested, this, [this, level] { guarded([&] { addEntry(level); }); });
+    connect(source, &CatalogPanel::editRequested, this, [this, level] { guarded([&] { editEntry(level); }); });
+    connect(source, &CatalogPanel::deleteRequested, this, [this, level] { guarded([&] { deleteEntry(level); }); });
+    connect(source, &CatalogPanel::activated, this, [this, level] { guarded([&] { activated(level); }); });
+    connect(source, &CatalogPanel::currentKeyChanged, this,
+            [this, level](int key) { guarded([&] { selectionChanged(level, key); }); });
+}
+
+int CDlgCarsAll::exec()
+{
+    return CheckAccessSecurity() ? KDialog::exec() : int(Rejected);
+}
+
+void CDlgCarsAll::showEvent(QShowEvent *event)
+{
+    KDialog::showEvent(event);
+    guarded([this] { open(); });
+}
+
+void CDlgCarsAll::open()
+{
+    if (m_opened)
+        return;
+    m_opened = true;
+    applyMode();
+    fill(CatalogLevel::Brand);
+    if (m_pickMode && m_chosenBrand != 0)
+        selectPath(m_chosenBrand, m_chosenModel, m_chosenClass);
+    else
+        panel(CatalogLevel::Brand)->list()->selectRow(0);
+    panel(CatalogLevel::Brand)->filter()->setFocus();
+}
+
+bool CDlgCarsAll::isChangeBlocked() const
+{
+    return GetDBSetting()->IsClosedDB() || GetDBSetting()->IsCatalogLocked();
+}
+
+void CDlgCarsAll::applyMode()
+{
+    const bool mayChange = !isChangeBlocked();
+    for (const CatalogLevel level : levels)
+        panel(level)->showCommands(mayChange && !m_pickMode, mayChange);
+    m_import->setVisible(mayChange && !m_pickMode);
+    m_accept->setVisible(m_pickMode);
+    m_accept->setEnabled(false);
+    if (m_pickMode)
+        return;
+    for (QAbstractButton *button : m_buttons->buttons()) {
+        if (button != m_accept)
+            button->setText(QStringLiteral("بازگشت"));
+    }
+}
+
+int CDlgCarsAll::selectedKey(CatalogLevel level) const
+{
+    return panel(level)->list()->currentKey();
+}
+
+int CDlgCarsAll::parentKey(CatalogLevel level) const
+{
+    return level == CatalogLevel::Brand ? 0 : selectedKey(level == CatalogLevel::Model ? CatalogLevel::Brand : CatalogLevel::Model);
+}
+
+bool CDlgCarsAll::hasParent(CatalogLevel level) const
+{
+    return level == CatalogLevel::Brand || parentKey(level) != 0;
+}
+
+// The rows are read first: a list whose reading fails keeps what it shows.
+void CDlgCarsAll::fill(CatalogLevel level)
+{
+    const KWaitCursor waiting;
+    const QVector<CatalogEntries::Entry> entries = CatalogEntries::list(level, parentKey(level), panel(level)->namePart());
+    clearBelow(level);
+    panel(level)->setEntries(entries);
+}
+
+void CDlgCarsAll::clearBelow(CatalogLevel level)
+{
+    for (const CatalogLevel below : levels) {
+        if (below > level)
+            panel(below)->clear();
+    }
+}
+
+// What hangs on the former selection must not stay, should the new one fail to be read.
+void CDlgCarsAll::selectionChanged(CatalogLevel level, int key)
+{
+    clearBelow(level);
+    if (level == CatalogLevel::Brand && m_pickMode)
+        m_accept->setEnabled(key != 0);
+    if (key != 0 && level != CatalogLevel::Class)
+        fill(level == CatalogLevel::Brand ? CatalogLevel::Model : CatalogLevel::Class);
+}
+
+void CDlgCarsAll::selectPath(int brand, int model, int carClass)
+{
+    if (panel(CatalogLevel::Brand)->list()->selectKey(brand) && model != 0
+        && panel(CatalogLevel::Model)->list()->selectKey(model) && carClass != 0)
+        panel(CatalogLevel::Class)->list()->selectKey(carClass);
+}
+
+void CDlgCarsAll::selectNew(CatalogLevel level, int key)
+{
+    fill(level);
+    if (panel(level)->list()->selectKey(key))
+        return;
+    // What was searched for does not find the new name.
+    panel(level)->clearFilter();
+    fill(level);
+    panel(level)->list()->selectKey(key);
+}
+
+void CDlgCarsAll::activated(CatalogLevel level)
+{
+    if (m_pickMode)
+        accept();
+    else if (selectedKey(level) != 0)
+        editEntry(level);
+    else
+        addEntry(level);
+}
+
+bool CDlgCarsAll::OnOK()
+{
+    if (selectedKey(CatalogLevel::Brand) == 0)
+        return false;
+    setChosen(selectedKey(CatalogLevel::Brand), selectedKey(CatalogLevel::Model), selectedKey(CatalogLevel::Class));
+    return true;
+}
+
+void CDlgCarsAll::addEntry(CatalogLevel level)
+{
+    if (!hasParent(level) || !CheckWriteSecurity() || isChangeBlocked())
+        return;
+    int added = 0;
+    CDlgAddCar editor(panel(level)->heading(), this);
+    editor.setParentKey(parentKey(level));
+    editor.setSave([&](const QString &name) {
+        added = CatalogEntries::add(level, parentKey(level), name, GetDBSetting()->GetUserID());
+    });
+    if (editor.exec() != Accepted)
+        return;
+    if (level == CatalogLevel::Class)
+        m_changed = true;
+    selectNew(level, added);
+}
+
+void CDlgCarsAll::editEntry(CatalogLevel level)
+{
+    const int key = selectedKey(level);
+    if (key == 0 || !CheckModifySecurity() || isChangeBlocked())
+        return;
+    const std::optional<QString> name = CatalogEntries::name(level, key);
+    if (!name)
+        return;
+    CDlgAddCar editor(panel(level)->heading(), this);
+    editor.setEdited(key, *name);
+    editor.setSave([&](const QString &typed) { CatalogEntries::rename(level, key, typed); });
+    if (editor.exec() != Accepted)
+        return;
+    const int model = selectedKey(CatalogLevel::Model);
+    const int carClass = selectedKey(CatalogLevel::Class);
+    selectNew(level, key);
+    // The lists below belong to the same entry still.
+    if (level == CatalogLevel::Brand)
+        selectPath(key, model, carClass);
+    else if (level == CatalogLevel::Model)
+        panel(CatalogLevel::Class)->list()->selectKey(carClass);
+}
+
+void CDlgCarsAll::deleteEntry(CatalogLevel level)
+{
+    const int key = selectedKey(level);
+    if (m_pickMode || key == 0 || !CheckDeletionSecurity() || isChangeBlocked())
+        return;
+    if (!CatalogEntries::name(level, key))
+        return;
+    if (CatalogEntries::isUsed(level, key)) {
+        g_pDlgWarning->Show(usedText(level), this);
+        return;
+    }
+    if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+        return;
+    KExtListCtrl *list = panel(level)->list();
+    const int row = list->currentRow();
+    if (!CatalogEntries::remove(level, key))
+        return;
+    fill(level);
+    list->selectRow(qMin(row, list->count() - 1));
+}
+
+void CDlgCarsAll::importEntries()
+{
+    if (m_pickMode || !CheckWriteSecurity() || isChangeBlocked())
+        return;
+    const QString path = CatalogImportDesk::askForFile(this);
+    if (path.isEmpty() || !CatalogImportDesk::importFile(path, this))
+        return;
+    m_changed = true;
+    const int brand = selectedKey(CatalogLevel::Brand);
+    fill(CatalogLevel::Brand);
+    if (!panel(CatalogLevel::Brand)->list()->selectKey(brand))
+        panel(CatalogLevel::Brand)->list()->selectRow(0);
+}
+
+void CDlgCarsAll::guarded(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
+}

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CatalogEntries.h"
+
+#include "auto/catalog/CatalogFilter.h"
+#include "auto/db/CTblCarBrands.h"
+#include "auto/db/CTblCarClasses.h"
+#include "auto/db/CTblCarModels.h"
+#include "auto/db/CTblTemp.h"
+#include "auto/db/KTransaction.h"
+#include "suite/accounting/CDBSetting.h"
+
+#include <memory>
+
+namespace {
+
+const QString keyColumn = QStringLiteral("iID");
+
+std::unique_ptr<KMySQL> makeRecords(CatalogLevel level)
+{
+    switch (level) {
+    case CatalogLevel::Brand:
+        return std::make_unique<CTblCarBrands>();
+    case CatalogLevel::Model:
+        return std::make_unique<CTblCarModels>();
+    case CatalogLevel::Class:
+        return std::make_unique<CTblCarClasses>();
+    }
+    Q_UNREACHABLE();
+}
+
+}
+
+QVector<CatalogEntries::Entry> CatalogEntries::list(CatalogLevel level, int parent, const QString &namePart)
+{
+    const std::unique_ptr<KMySQL> records = makeRecords(level);
+    records->m_filter = CatalogFilter::entries(level, parent, namePart);
+    records->m_sort = QStringLiteral("sName");
+    records->SetColumns({QStringLiteral("sName")});
+    QVector<Entry> entries;
+    for (records->Open(true, true, true); !records->IsEOF(); records->MoveNext())
+        entries.append({records->value(keyColumn).toInt(), records->value(u"sName").toString()});
+    return entries;
+}
+
+int CatalogEntries::add(CatalogLevel level, int parent, const QString &name, int userID)
+{
+    const std::unique_ptr<KMySQL> record = makeRecords(level);
+    record->Open(true, false, true);
+    record->AddNew();
+    record->setValue(u"sName", name);
+    record->setValue(u"iUserID", userID);
+    record->setValue(u"dateCreate", GetDBSetting()->GetDBServerDate());
+    // The columns do not say so, but these are the parents of the tree.
+    if (level == CatalogLevel::Model)
+        record->setValue(u"iClassID", parent);
+    else if (level == CatalogLevel::Class)
+        record->setValue(u"iBrandID", parent);
+    record->Update(true);
+    return static_cast<int>(record->GetLastInsertedID());
+}
+
+std::optional<QString> CatalogEntries::name(CatalogLevel level, int key)
+{
+    const std::unique_ptr<KMySQL> record = makeRecords(level);
+    if (!record->IsRecordExist(keyColumn, key))
+        return {};
+    return record->value(u"sName").toString();
+}
+
+bool CatalogEntries::rename(CatalogLevel level, int key, const QString &name)
+{
+    const std::unique_ptr<KMySQL> record = makeRecords(level);
+    if (!record->IsRecordExist(keyColumn, key))
+        return false;
+    record->Edit();
+    record->setValue(u"sName", name);
+    return record->Update(true);
+}
+
+bool CatalogEntries::isUsed(CatalogLevel level, int key)
+{
+    CTblTemp statement;
+    statement.Open(true, false, true);
+    switch (level) {
+    case CatalogLevel::Brand:
+        statement.FormatAndExecuteQuery("SELECT cb.iID FROM AutomobilInformations ai, CarBrands cb WHERE cb.iID=ai.iAutomobilType AND ai.iAutomobilType=%d LIMIT 1", key);
+        break;
+    case CatalogLevel::Model:
+        statement.FormatAndExecuteQuery("SELECT cm.iID FROM AutomobilInformations ai, CarModels cm WHERE cm.iID=ai.iModel AND ai.iModel=%d LIMIT 1", key);
+        break;
+    case CatalogLevel::Class:
+        statement.FormatAndExecuteQuery("SELECT cc.iID FROM AutomobilInformations ai, CarClasses cc WHERE cc.iID=ai.iBrigade AND ai.iBrigade=%d LIMIT 1", key);
+        break;
+    }
+    return statement.HasResultRow();
+}
+
+bool CatalogEntries::remove(CatalogLevel level, int key)
+{
+    const std::unique_ptr<KMySQL> record = makeRecords(level);
+    if (!record->IsRecordExist(keyColumn, key))
+        return false;
+    KTransaction transaction;
+    const bool deleted = record->Delete();
+    transaction.commit();
+    return deleted;
+}
+
+bool CatalogEntries::isNameTaken(int key, const QString &name, int parent)
+{
+    CTblCarModels models;
+    models.m_filter = CatalogFilter::sameName(key, KConnection::forThread(0).quoted(name), parent);
+    models.Open(true, true, true);
+    return !models.IsEOF();
+}

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/catalog/CatalogLevel.h"
+
+#include <QString>
+#include <QVector>
+
+#include <optional>
+
+// Reads and writes the entries of the car catalog, level by level. Errors are CMySQLExceptions.
+namespace CatalogEntries {
+
+struct Entry
+{
+    int key = 0;
+    QString name;
+};
+
+// Sorted by name; see CatalogFilter::entries for parent and namePart.
+QVector<Entry> list(CatalogLevel level, int parent, const QString &namePart);
+
+// Gives the new key. A brand of a name that is there already is refused: CMySQLException::Category::DuplicateKey.
+int add(CatalogLevel level, int parent, const QString &name, int userID);
+// Nothing when the entry is gone.
+std::optional<QString> name(CatalogLevel level, int key);
+// False when the entry is gone.
+bool rename(CatalogLevel level, int key, const QString &name);
+
+// Whether any car record refers to the entry.
+bool isUsed(CatalogLevel level, int key);
+// Deletes the entry with what its record class takes along. False when it is gone already.
+bool remove(CatalogLevel level, int key);
+
+// The name editor's check, which looks among the models whatever level is edited; see CatalogFilter::sameName.
+bool isNameTaken(int key, const QString &name, int parent);
+
+}

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CatalogImporter.h"
+
+#include "auto/catalog/CatalogEntries.h"
+#include "auto/db/CTblCarBrands.h"
+#include "auto/db/CTblCarClasses.h"
+#include "auto/db/CTblCarModels.h"
+#include "auto/db/KTransaction.h"
+
+namespace {
+
+template <class Records>
+QVector<CatalogImport::KnownEntry> knownOf(qint32 Records::*parent, const QString &parentColumn)
+{
+    QVector<CatalogImport::KnownEntry> entries;
+    Records records;
+    QStringList columns{QStringLiteral("sName")};
+    if (!parentColumn.isEmpty())
+        columns.append(parentColumn);
+    records.SetColumns(columns);
+    // Where a name stands twice, what is new belongs to the older one.
+    records.m_sort = QStringLiteral("iID");
+    for (records.Open(true, true, true); !records.IsEOF(); records.MoveNext())
+        entries.append({records.m_iID, parent ? records.*parent : 0, records.m_sName});
+    return entries;
+}
+
+// The keys of the entries, in their order.
+QVector<int> addLevel(CatalogLevel level, const QVector<CatalogImport::NewEntry> &entries, const QVector<int> &newParents,
+                      int userID)
+{
+    QVector<int> keys;
+    for (const CatalogImport::NewEntry &entry : entries) {
+        const int parent = entry.newParent < 0 ? entry.parentKey : newParents[entry.newParent];
+        keys.append(CatalogEntries::add(level, parent, entry.name, userID));
+    }
+    return keys;
+}
+
+}
+
+CatalogImport::Known CatalogImporter::known()
+{
+    return {knownOf<CTblCarBrands>(nullptr, {}),
+            knownOf(&CTblCarModels::m_iClassID, QStringLiteral("iClassID")),
+            knownOf(&CTblCarClasses::m_iBrandID, QStringLiteral("iBrandID"))};
+}
+
+CatalogImport::Plan CatalogImporter::add(const QVector<CatalogImport::Entry> &entries, int userID)
+{
+    CatalogImport::Plan plan;
+    KTransaction::runReplayable([&] {
+        plan = CatalogImport::plan(entries, known());
+        const QVector<int> brands = addLevel(CatalogLevel::Brand, plan.brands, {}, userID);
+        const QVector<int> models = addLevel(CatalogLevel::Model, plan.models, brands, userID);
+        addLevel(CatalogLevel::Class, plan.classes, models, userID);
+    });
+    return plan;
+}

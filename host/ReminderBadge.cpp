@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/ReminderBadge.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/crm/CTblAlarm.h"
+
+#include <QIcon>
+#include <QLoggingCategory>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcReminders, "tz.host.reminders")
+
+// A server that is away keeps everybody waiting who asks it.
+constexpr int ticksAfterAnError = 10;
+
+}
+
+ReminderBadge::ReminderBadge(QWidget *parent)
+    : QToolButton(parent)
+{
+    setIcon(QIcon(QStringLiteral(":/icons/reminder.svg")));
+    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    setAutoRaise(true);
+    setFocusPolicy(Qt::TabFocus);
+    setToolTip(QStringLiteral("یادآوری های سررسیده"));
+    hide();
+}
+
+void ReminderBadge::refresh()
+{
+    try {
+        showCount(GetDBSetting()->IsLoggedIn() ? CTblAlarm::dueCount(GetDBSetting()->GetUserID()) : 0);
+        m_ticksToSkip = 0;
+    } catch (const CMySQLException &) {
+        qCWarning(lcReminders).noquote() << KErrorBoundary::logText(std::current_exception());
+        m_ticksToSkip = ticksAfterAnError;
+        showCount(0);
+    }
+}
+
+void ReminderBadge::tick()
+{
+    if (m_ticksToSkip > 0)
+        --m_ticksToSkip;
+    else
+        refresh();
+}
+
+void ReminderBadge::showCount(int due)
+{
+    setText(QStringLiteral("یادآوری : %1").arg(due));
+    setAccessibleName(text());
+    setVisible(due > 0);
+}

@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CarFilter.h"
+#include "auto/db/CTblAutomobilInformationJoins.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/CTblItems.h"
+#include "tests/auto/ModuleTables.h"
+
+#include <QTest>
+
+namespace {
+
+using Car = CTblAutomobilInformations;
+
+QDateTime day(int year, int month, int dayOfMonth, int hour = 0)
+{
+    return QDateTime(QDate(year, month, dayOfMonth), QTime(hour, 0), Qt::UTC);
+}
+
+// Keys that a car may name. The join matches an item by the key of the type as well as by that of the colour.
+constexpr int typeAndItem = 801;
+constexpr int otherType = 802;
+constexpr int red = 901;
+constexpr int deletedKey = 999;
+
+}
+
+Q_DECLARE_METATYPE(CarCriteria)
+
+// What the clauses select of real rows.
+class TestCarFilterRows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void rows_data();
+    void rows();
+    void carWhoseTypeAndColorBothNameItemsIsListedOnce();
+    void carWhoseModelOrClassWasDeletedIsListedWithEmptyNames();
+    void typedQuoteReachesTheStatement();
+    void everySortKeyOfTheListIsTakenByTheJoin_data();
+    void everySortKeyOfTheListIsTakenByTheJoin();
+
+private:
+    static QList<int> codes(const CarCriteria &criteria, const QString &sort = QStringLiteral("ai.iCode"));
+
+    TestDatabase m_database;
+};
+
+void TestCarFilterRows::initTestCase()
+{
+    prepareModuleTables(m_database);
+    m_database.run(QStringLiteral("INSERT INTO Items (iID,iType,sName,sTitle) VALUES (%1,808,'a','z'),(%2,808,'b','y'),(903,808,'c','x')")
+                       .arg(typeAndItem)
+                       .arg(red));
+    m_database.run(QStringLiteral("INSERT INTO CarModels (iID,sName,iClassID) VALUES (31,'پراید 111',%1)").arg(typeAndItem));
+    m_database.run(QStringLiteral("INSERT INTO CarClasses (iID,sName,iBrandID) VALUES (41,'SE',31)"));
+    const auto add = [](qint32 code, const auto &fill) {
+        Car car;
+        car.AddNew();
+        car.m_iCode = code;
+        fill(car);
+        car.Update(true);
+    };
+    add(1, [](Car &c) { c.m_iAutomobilType = typeAndItem; c.m_iColor = red; c.m_iModel = 31; c.m_iBrigade = 41; c.m_iYear = 1385; c.m_dAmount = 100; });
+    add(2, [](Car &c) { c.m_iAutomobilType = otherType; c.m_iColor = 903; c.m_iYear = 1386; c.m_dAmount = 200.5; c.m_iFuel = 3; });
+    add(3, [](Car &c) { c.m_iModel = deletedKey; c.m_iBrigade = deletedKey; c.m_iYear = 1390; c.m_dAmount = 300; c.m_iFuel = 4; });
+    add(4, [](Car &c) { c.m_iStatus = 1; c.m_iYear = 1385; c.m_iColor = red; });
+    add(5, [](Car &c) { c.m_iArchiveUserID = 7; c.m_iPersonID = 21; c.m_dateIntroduction = day(2026, 5, 1); });
+    add(6, [](Car &c) { c.m_iArchiveUserID = 8; c.m_iPersonBuyerID = 21; c.m_dateIntroduction = day(2026, 5, 2, 15); });
+    add(7, [](Car &c) { c.m_sDocumentsDeficit = QStringLiteral("برگ سبز، بیمه"); c.m_dateIntroduction = day(2026, 5, 3); });
+    add(8, [](Car &c) { c.m_sFractionalParts = QStringLiteral("زاپاس"); c.m_dateIntroduction = day(2026, 5, 3, 1); });
+    add(9, [](Car &c) { c.m_sChassisNum = QStringLiteral("NAS411100"); c.m_iYear = 1395; });
+}
+
+QList<int> TestCarFilterRows::codes(const CarCriteria &criteria, const QString &sort)
+{
+    CTblAutomobilInformationJoins cars;
+    cars.m_filter = carFilter(criteria);
+    cars.m_sort = sort;
+    cars.Open(true, true, true);
+    QList<int> result;
+    for (; !cars.IsEOF(); cars.MoveNext())
+        result.append(cars.m_iCode);
+    return result;
+}
+
+void TestCarFilterRows::rows_data()
+{
+    QTest::addColumn<CarCriteria>("criteria");
+    QTest::addColumn<QList<int>>("expected");
+    const auto row = [](const char *name, const CarCriteria &criteria, const QList<int> &expected) {
+        QTest::newRow(name) << criteria << expected;
+    };
+    row("nothing asked lists what is active", {}, {1, 2, 3, 5, 6, 7, 8, 9});
+    row("with inactive ones", {.withInactive = true}, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+    row("not archived", {.archiveState = 1, .currentUserID = 7}, {1, 2, 3, 7, 8, 9});
+    row("archived by oneself", {.archiveState = 2, .currentUserID = 7}, {5});
+    row("archived by others", {.archiveState = 3, .currentUserID = 7}, {6});
+    row("car type", {.automobilType = typeAndItem}, {1});
+    row("car type that no item names", {.automobilType = otherType}, {2});
+    row("colour", {.color = red}, {1});
+    row("colour, inactive ones too", {.withInactive = true, .color = red}, {1, 4});
+    row("fuel 3", {.fuel = 3}, {2});
+    row("fuel 4", {.fuel = 4}, {3});
+    row("introduced from", {.introductionFrom = day(2026, 5, 2)}, {6, 7, 8});
+    row("introduced to: all of the day is in, and the next day's first moment", {.introductionTo = day(2026, 5, 2)}, {5, 6, 7});
+    row("documents lacking", {.documentsDeficitPart = QStringLiteral("بیمه")}, {7});
+    row("parts lacking", {.partsDeficitPart = QStringLiteral("زاپاس")}, {8});
+    row("amount from", {.amountFrom = 200.5}, {2, 3});
+    row("amount to also takes cars without a price", {.amountTo = 100}, {1, 5, 6, 7, 8, 9});
+    row("amount between", {.amountFrom = 101, .amountTo = 299}, {2});
+    row("an amount range from 0 to 0 lists every amount", {.amountFrom = 0, .amountTo = 0}, {1, 2, 3, 5, 6, 7, 8, 9});
+    row("year from 1385 and to 1390 lists exactly the cars of year 1385", {.yearFrom = 1385, .yearTo = 1390}, {1});
+    row("year from 1395 and to 1390 lists none", {.yearFrom = 1395, .yearTo = 1390}, {});
+    row("year from alone is that year", {.yearFrom = 1386}, {2});
+    row("year to bounds from above", {.yearTo = 1386}, {1, 2, 5, 6, 7, 8});
+    row("buyer", {.buyerID = 21}, {6});
+    row("owner", {.ownerID = 21}, {5});
+    row("chassis number", {.chassisPart = QStringLiteral("s4111")}, {9});
+    row("contradiction", {.color = red, .fuel = 3}, {});
+}
+
+void TestCarFilterRows::rows()
+{
+    QFETCH(CarCriteria, criteria);
+    QFETCH(QList<int>, expected);
+    QCOMPARE(codes(criteria), expected);
+}
+
+void TestCarFilterRows::carWhoseTypeAndColorBothNameItemsIsListedOnce()
+{
+    CTblAutomobilInformationJoins cars;
+    const QString filter = carFilter({.automobilType = typeAndItem});
+    cars.m_filter = filter;
+    cars.Open(true, true, true);
+    QCOMPARE(cars.GetRecordsCount(), 1);
+    // The grouping is what does it.
+    cars.m_filter = filter.left(filter.indexOf(QStringLiteral(" GROUP BY")));
+    cars.Open(true, true, true);
+    QCOMPARE(cars.GetRecordsCount(), 2);
+}
+
+void TestCarFilterRows::carWhoseModelOrClassWasDeletedIsListedWithEmptyNames()
+{
+    CTblAutomobilInformationJoins cars;
+    cars.m_filter = carFilter({});
+    cars.m_sort = QStringLiteral("ai.iCode");
+    cars.Open(true, true, true);
+    QCOMPARE(cars.m_iCode, 1);
+    QCOMPARE(cars.m_sModelName, QStringLiteral("پراید 111"));
+    QCOMPARE(cars.m_sClassName, QStringLiteral("SE"));
+    cars.MoveNext();
+    cars.MoveNext();
+    QCOMPARE(cars.m_iCode, 3);
+    QCOMPARE(cars.m_sModelName, QString());
+    QCOMPARE(cars.m_sClassName, QString());
+}
+
+// It is refused whole, and no second statement can hang on it.
+void TestCarFilterRows::typedQuoteReachesTheStatement()
+{
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({.chassisPart = QStringLiteral("a'b")}));
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({.chassisPart = QStringLiteral("'; DELETE FROM AutomobilInformations; -- ")}));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("9"));
+    // A sign of the pattern is one here.
+    QCOMPARE(codes({.chassisPart = QStringLiteral("4_11")}), QList<int>{9});
+}
+
+void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin_data()
+{
+    QTest::addColumn<QString>("key");
+    for (const char *key : {"ai.iCode", "iPersonBuyerID", "bSold", "iPersonID", "iAutomobilType", "iModel", "iBrigade", "sNumOfPlates",
+                            "iYear", "dateIntroduction", "iUsageType", "iColor", "iFuel", "dAmount", "sDocumentsDeficit",
+                            "sFractionalParts", "iArchiveUserID"})
+        QTest::newRow(key) << QString::fromLatin1(key);
+    // The title of an item: a column of the join, though none of the list.
+    QTest::newRow("sTitle, the order of an empty setting") << QStringLiteral("sTitle");
+}
+
+void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin()
+{
+    QFETCH(QString, key);
+    QCOMPARE(codes({}, key).size(), 8);
+    QCOMPARE(codes({}, key + QStringLiteral(" DESC")).size(), 8);
+}
+
+QTEST_GUILESS_MAIN(TestCarFilterRows)
+#include "TestCarFilterRows.moc"

@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/DemandFilter.h"
+#include "auto/db/CTblAutomobilDemandJoins.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "suite/accounting/CTblItems.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KEdit.h"
+#include "tests/auto/ModuleTables.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+
+QDateTime day(int year, int month, int dayOfMonth, int hour = 0)
+{
+    return QDateTime(QDate(year, month, dayOfMonth), QTime(hour, 0), Qt::UTC);
+}
+
+}
+
+Q_DECLARE_METATYPE(DemandCriteria)
+
+// What the clauses select of real rows.
+class TestDemandFilterRows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void rows_data();
+    void rows();
+    void demandOfADeletedPersonIsNotListed();
+    void typedTextIsTakenLiterally_data();
+    void typedTextIsTakenLiterally();
+    void rowLimitOfZeroSetsNone();
+
+private:
+    QList<int> codes(const QString &filter, int limit = 0);
+    int addPerson();
+    int addItem(int type);
+
+    TestDatabase m_database;
+    int m_person = 0;
+    int m_other = 0;
+};
+
+int TestDemandFilterRows::addPerson()
+{
+    CTblPersons person;
+    person.AddNew();
+    person.m_sName2 = QStringLiteral("a");
+    person.Update(true);
+    return static_cast<int>(person.GetLastInsertedID());
+}
+
+int TestDemandFilterRows::addItem(int type)
+{
+    CTblItems item;
+    item.AddNew();
+    item.m_iType = type;
+    item.m_sName = QStringLiteral("a");
+    item.Update(true);
+    return static_cast<int>(item.GetLastInsertedID());
+}
+
+void TestDemandFilterRows::initTestCase()
+{
+    prepareModuleTables(m_database);
+    m_person = addPerson();
+    m_other = addPerson();
+    using Demand = CTblAutomobilDemands;
+    const auto add = [this](qint32 code, const auto &fill) {
+        Demand demand;
+        demand.AddNew();
+        demand.m_iCode = code;
+        demand.m_iPersonID = m_person;
+        fill(demand);
+        demand.Update(true);
+    };
+    add(1, [](Demand &d) { d.m_iModelFrom = 1386; d.m_iModelUpTo = 1389; d.m_dateReference = day(2026, 5, 1); });
+    add(2, [](Demand &d) { d.m_iModelFrom = 1384; d.m_iModelUpTo = 1389; d.m_dateReference = day(2026, 5, 2, 15); });
+    add(3, [](Demand &d) { d.m_iStatus = 1; d.m_dateReference = day(2026, 5, 3); });
+    add(4, [](Demand &d) { d.m_iArchiveUserID = 7; d.m_dateReference = day(2026, 5, 4); });
+    add(5, [](Demand &d) { d.m_iArchiveUserID = 8; });
+    // A type and a colour that each meet a row of Items.
+    const int type = addItem(1);
+    const int color = addItem(CTblItems::typeColor);
+    add(6, [&](Demand &d) { d.m_iAutomobilType = type; d.m_iColor = color; });
+    add(7, [this](Demand &d) { d.m_iPersonID = m_other; d.m_dAmountFrom = 500; d.m_dAmountUpTo = 900; });
+    add(8, [](Demand &d) { d.m_sDescSpecial = QStringLiteral("تخفیف 50% 'نقد'"); });
+    add(9, [](Demand &d) { d.m_sDescSpecial = QStringLiteral("a_b 500"); });
+    add(10, [](Demand &d) { d.m_iPersonID = 999999; });
+}
+
+QList<int> TestDemandFilterRows::codes(const QString &filter, int limit)
+{
+    CTblAutomobilDemandJoins demands;
+    demands.m_filter = filter;
+    demands.m_sort = QStringLiteral("ad.iCode");
+    demands.SetLimit(limit);
+    QList<int> result;
+    for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext())
+        result.append(demands.m_iCode);
+    return result;
+}
+
+void TestDemandFilterRows::rows_data()
+{
+    QTest::addColumn<DemandCriteria>("criteria");
+    QTest::addColumn<QList<int>>("expected");
+    const auto row = [](const char *name, const DemandCriteria &criteria, const QList<int> &expected) {
+        QTest::newRow(name) << criteria << expected;
+    };
+    row("active ones; type and colour both set are listed once", {}, {1, 2, 4, 5, 6, 7, 8, 9});
+    row("with inactive ones", {.withInactive = true}, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+    row("not archived", {.archiveState = 1, .currentUserID = 7}, {1, 2, 6, 7, 8, 9});
+    row("archived means by oneself", {.archiveState = 2, .currentUserID = 7}, {4});
+    row("archived by others", {.archiveState = 3, .currentUserID = 7}, {5});
+    row("years 1385 to 1390 find the demand for 1386 to 1389 and not the one for 1384 to 1389",
+        {.yearFrom = 1385, .yearTo = 1390}, {1});
+    row("years up to only: a demand without years has 0", {.yearTo = 1388}, {4, 5, 6, 7, 8, 9});
+    row("amounts bound the demand's own range", {.amountFrom = 400, .amountTo = 1000}, {7});
+    row("a narrower range of amounts", {.amountFrom = 600, .amountTo = 1000}, {});
+    row("reference date from", {.referenceFrom = day(2026, 5, 2)}, {2, 4});
+    row("reference date to takes all of its day", {.referenceTo = day(2026, 5, 2)}, {1, 2});
+    row("who asks", {.personID = 2}, {7});
+    row("special description", {.specialDescriptionPart = QStringLiteral("نقد")}, {8});
+    row("another type", {.automobilType = 999}, {});
+}
+
+void TestDemandFilterRows::rows()
+{
+    QFETCH(DemandCriteria, criteria);
+    QTEST(codes(demandFilter(criteria)), "expected");
+}
+
+void TestDemandFilterRows::demandOfADeletedPersonIsNotListed()
+{
+    QVERIFY(!codes(demandFilter({.withInactive = true})).contains(10));
+    m_database.run(QStringLiteral("UPDATE AutomobilDemands SET iPersonID=%1 WHERE iCode=10").arg(m_person));
+    QVERIFY(codes(demandFilter({})).contains(10));
+    m_database.run(QStringLiteral("UPDATE AutomobilDemands SET iPersonID=999999 WHERE iCode=10"));
+}
+
+void TestDemandFilterRows::typedTextIsTakenLiterally_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QList<int>>("expected");
+    QTest::newRow("percent sign") << QStringLiteral("50%") << QList<int>{8};
+    QTest::newRow("underscore") << QStringLiteral("a_b") << QList<int>{9};
+    QTest::newRow("quote") << QStringLiteral("'نقد'") << QList<int>{8};
+    QTest::newRow("a statement") << QStringLiteral("' OR '1'='1") << QList<int>{};
+}
+
+void TestDemandFilterRows::typedTextIsTakenLiterally()
+{
+    QFETCH(QString, typed);
+    KEdit edit(KEdit::Kind::QueryText);
+    edit.setText(typed);
+    QTEST(codes(demandFilter({.specialDescriptionPart = edit.queryText()})), "expected");
+}
+
+void TestDemandFilterRows::rowLimitOfZeroSetsNone()
+{
+    QCOMPARE(codes(demandFilter({}), 3).size(), 3);
+    QCOMPARE(codes(demandFilter({}), 0).size(), 8);
+}
+
+QTEST_MAIN(TestDemandFilterRows)
+#include "TestDemandFilterRows.moc"

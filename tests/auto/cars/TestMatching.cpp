@@ -1,0 +1,230 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/MatchingCars.h"
+#include "auto/cars/MatchingDemands.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblCarBrands.h"
+#include "auto/db/CTblCarModels.h"
+#include "suite/accounting/CTblItems.h"
+#include "suite/crm/CTblPersons.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/auto/ObservedStatements.h"
+
+#include <QTest>
+
+namespace {
+
+using Car = CTblAutomobilInformations;
+using Demand = CTblAutomobilDemands;
+
+template <class Record, class Set>
+int add(const Set &set)
+{
+    Record record;
+    record.AddNew();
+    set(record);
+    record.Update(true);
+    return static_cast<int>(record.GetLastInsertedID());
+}
+
+QList<int> codesOf(const MatchingCars &matching)
+{
+    QList<int> codes;
+    for (const MatchingCars::Car &car : matching.cars)
+        codes.append(car.code);
+    return codes;
+}
+
+QList<int> codesOf(const MatchingDemands &matching)
+{
+    QList<int> codes;
+    for (const MatchingDemands::Demand &demand : matching.demands)
+        codes.append(demand.code);
+    return codes;
+}
+
+}
+
+// Cars for a demand and demands for a car, out of real rows.
+class TestMatching : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+    int m_peugeot = 0;
+    int m_saipa = 0;
+    int m_model = 0;
+    int m_white = 0;
+    int m_black = 0;
+    int m_person = 0;
+
+    int addCar(int code, const std::function<void(Car &)> &set = {})
+    {
+        return add<Car>([&](Car &car) {
+            car.m_iCode = code;
+            car.m_iAutomobilType = m_peugeot;
+            car.m_iColor = m_white;
+            car.m_iYear = 1398;
+            car.m_dAmount = 1000;
+            if (set)
+                set(car);
+        });
+    }
+
+    int addDemand(int code, const std::function<void(Demand &)> &set = {})
+    {
+        return add<Demand>([&](Demand &demand) {
+            demand.m_iCode = code;
+            demand.m_iPersonID = m_person;
+            demand.m_iAutomobilType = m_peugeot;
+            demand.m_iColor = m_white;
+            demand.m_iModelFrom = 1395;
+            demand.m_iModelUpTo = 1400;
+            demand.m_dAmountFrom = 900;
+            demand.m_dAmountUpTo = 1100;
+            if (set)
+                set(demand);
+        });
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        prepareModuleTables(m_database);
+        m_peugeot = add<CTblCarBrands>([](CTblCarBrands &b) { b.m_sName = QStringLiteral("پژو"); });
+        m_saipa = add<CTblCarBrands>([](CTblCarBrands &b) { b.m_sName = QStringLiteral("سایپا"); });
+        m_model = add<CTblCarModels>([](CTblCarModels &m) { m.m_sName = QStringLiteral("پارس"); });
+        m_white = add<CTblItems>([](CTblItems &i) { i.m_iType = CTblItems::typeColor; i.m_sName = QStringLiteral("سفید"); });
+        m_black = add<CTblItems>([](CTblItems &i) { i.m_iType = CTblItems::typeColor; i.m_sName = QStringLiteral("سیاه"); });
+        m_person = add<CTblPersons>([](CTblPersons &p) {
+            p.m_sName2 = QStringLiteral("سارا کریمی");
+            p.m_sMobile = QStringLiteral("09121234567");
+        });
+    }
+
+    void init()
+    {
+        m_database.run(QStringLiteral("DELETE FROM AutomobilInformations"));
+        m_database.run(QStringLiteral("DELETE FROM AutomobilDemands"));
+    }
+
+    void carsAreListedBestFirstAndTiesByCode()
+    {
+        const int demand = addDemand(1);
+        addCar(5, [this](Car &car) { car.m_iColor = m_black; });
+        addCar(4);
+        addCar(3, [](Car &car) { car.m_iYear = 1394; });
+        addCar(2);
+        addCar(6, [this](Car &car) { car.m_iAutomobilType = m_saipa; });
+        const auto matching = MatchingCars::of(demand);
+        QVERIFY(matching);
+        QCOMPARE(codesOf(*matching), (QList<int>{2, 4, 3, 5}));
+        QCOMPARE(matching->cars.at(0).match.percent, 100);
+        QCOMPARE(matching->cars.at(2).match.percent, 93);
+        QCOMPARE(matching->cars.at(3).match.percent, 90);
+    }
+
+    void soldArchivedAndInactiveCarsAreNotOffered()
+    {
+        const int demand = addDemand(1);
+        addCar(1, [](Car &car) { car.m_bSold = 1; });
+        addCar(2, [](Car &car) { car.m_iArchiveUserID = 4; });
+        addCar(3, [](Car &car) { car.m_iStatus = 1; });
+        addCar(4);
+        QCOMPARE(codesOf(*MatchingCars::of(demand)), QList<int>{4});
+    }
+
+    void carsComeWithTheirNames()
+    {
+        const int demand = addDemand(7);
+        const int key = addCar(1, [this](Car &car) {
+            car.m_iModel = m_model;
+            car.m_iPersonID = m_person;
+            car.m_sNumOfPlates = QStringLiteral("12 ب 345");
+        });
+        const auto matching = MatchingCars::of(demand);
+        QCOMPARE(matching->demandCode, 7);
+        QCOMPARE(matching->person, QStringLiteral("سارا کریمی"));
+        QCOMPARE(matching->type, QStringLiteral("پژو"));
+        QCOMPARE(matching->color, QStringLiteral("سفید"));
+        const MatchingCars::Car &car = matching->cars.at(0);
+        QCOMPARE(car.id, key);
+        QCOMPARE(car.type, QStringLiteral("پژو"));
+        QCOMPARE(car.model, QStringLiteral("پارس"));
+        QCOMPARE(car.carClass, QString());
+        QCOMPARE(car.color, QStringLiteral("سفید"));
+        QCOMPARE(car.owner, QStringLiteral("سارا کریمی"));
+        QCOMPARE(car.plate, QStringLiteral("12 ب 345"));
+    }
+
+    void aDemandThatIsGoneHasNoMatches()
+    {
+        QVERIFY(!MatchingCars::of(4711));
+        QVERIFY(!MatchingDemands::of(4711));
+    }
+
+    // One statement however many cars there are, and none that reads pictures.
+    void carsAreReadByOneStatement()
+    {
+        const int demand = addDemand(1);
+        addCar(1);
+        const auto statementsFor = [demand] {
+            const ObservedStatements statements({QStringLiteral("SELECT")});
+            [[maybe_unused]] const auto matching = MatchingCars::of(demand);
+            return statements.taken();
+        };
+        const qsizetype few = statementsFor().size();
+        for (int code = 2; code < 60; ++code)
+            addCar(code);
+        const QStringList all = statementsFor();
+        QCOMPARE(all.size(), few);
+        QCOMPARE(all.filter(QStringLiteral("FROM AutomobilInformations")).size(), 1);
+        QVERIFY(all.filter(QStringLiteral("oPicture")).isEmpty());
+    }
+
+    void demandsAreListedBestFirstAndTheMoreSpecificBeforeTheVaguer()
+    {
+        const int car = addCar(1);
+        addDemand(1, [this](Demand &demand) { demand.m_iColor = m_black; });
+        addDemand(2, [](Demand &demand) {
+            demand.m_iColor = demand.m_iModelFrom = demand.m_iModelUpTo = 0;
+            demand.m_dAmountFrom = demand.m_dAmountUpTo = 0;
+        });
+        addDemand(3);
+        addDemand(4, [](Demand &demand) { demand.m_iModelFrom = demand.m_iModelUpTo = 1402; });
+        const auto matching = MatchingDemands::of(car);
+        QVERIFY(matching);
+        QCOMPARE(codesOf(*matching), (QList<int>{3, 2, 1}));
+        const MatchingDemands::Demand &best = matching->demands.at(0);
+        QCOMPARE(best.match.percent, 100);
+        QCOMPARE(best.person, QStringLiteral("سارا کریمی"));
+        QCOMPARE(best.mobile, QStringLiteral("09121234567"));
+        QCOMPARE(best.type, QStringLiteral("پژو"));
+        QCOMPARE(best.color, QStringLiteral("سفید"));
+        QCOMPARE(best.wishes, (DemandWishes{m_peugeot, m_white, 1395, 1400, 900, 1100}));
+    }
+
+    void archivedAndInactiveDemandsAndThoseOfNobodyAreNotListed()
+    {
+        const int car = addCar(1);
+        addDemand(1, [](Demand &demand) { demand.m_iArchiveUserID = 4; });
+        addDemand(2, [](Demand &demand) { demand.m_iStatus = 1; });
+        addDemand(3, [](Demand &demand) { demand.m_iPersonID = 999999; });
+        addDemand(4, [](Demand &demand) { demand.m_iPersonID = 0; });
+        addDemand(5);
+        QCOMPARE(codesOf(*MatchingDemands::of(car)), QList<int>{5});
+    }
+
+    // The car may be sold by now: the clerk asks who else wanted one like it.
+    void demandsAreListedForASoldCarToo()
+    {
+        const int car = addCar(1, [](Car &car) { car.m_bSold = 1; });
+        addDemand(1);
+        QCOMPARE(codesOf(*MatchingDemands::of(car)), QList<int>{1});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMatching)
+#include "TestMatching.moc"

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/db/KMySQL.h"
+
+#include <QFile>
+#include <QHash>
+#include <QStringList>
+
+// The bindings of a record class beside the table of them that lies with the tests: one line per column, in order, with
+// kind, caption, lookup table, lookup key and lookup display.
+namespace ColumnTable {
+
+inline QStringList bound(KMySQL &record)
+{
+    static const QHash<KMySQL::ColumnKind, QString> kinds{
+        {KMySQL::ColumnKind::Long, QStringLiteral("long")},
+        {KMySQL::ColumnKind::Text, QStringLiteral("text")},
+        {KMySQL::ColumnKind::Date, QStringLiteral("date")},
+        {KMySQL::ColumnKind::Double, QStringLiteral("double")},
+        {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
+        {KMySQL::ColumnKind::LongBlob, QStringLiteral("blob")},
+    };
+    QStringList lines;
+    for (const KMySQL::Column &column : record.columns())
+        lines << QStringList{column.name, kinds.value(column.kind), column.caption, column.lookupTable, column.lookupKey,
+                             column.lookupDisplay}
+                     .join(u'\t');
+    return lines;
+}
+
+// Empty when the file cannot be read, which equals no record class.
+inline QStringList wanted(const QString &path)
+{
+    QFile table(path);
+    if (!table.open(QIODevice::ReadOnly))
+        return {};
+    QStringList lines = QString::fromUtf8(table.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    lines.removeIf([](const QString &line) { return line.startsWith(u'#'); });
+    return lines;
+}
+
+}

@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgAlarms.h"
+
+#include "suite/accounting/RecordKinds.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "tests/suite/crm/Alarms.h"
+#include "tests/suite/crm/Hand.h"
+#include "tests/suite/crm/Office.h"
+
+#include <QCheckBox>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+class TestCDlgAlarms : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setLayoutDirection(Qt::RightToLeft); }
+    void init();
+    void everybodySeesTheirOwnAndNoOthers();
+    void dueOnesComeFirstAndDoneOnesOnRequestLast();
+    void rowTellsStateTimeAndRecord();
+    void searchedTextIsFound();
+    void doneIsTakenOffAndTold();
+    void postponedThroughTheMenu();
+    void menuLeftWithoutAChoiceChangesNothing();
+    void deletedAfterTheQuestion();
+    void keysAddAndEdit();
+    void vanishedOneIsTakenOff();
+    void closedDatabaseOnlyShows();
+
+private:
+    int me() const { return GetDBSetting()->GetUserID(); }
+    QStringList column(const CDlgAlarms &page, int column) const;
+    static void show(CDlgAlarms &page);
+    static void chooseInMenu(const QString &beginning);
+
+    Office m_office;
+};
+
+void TestCDlgAlarms::init()
+{
+    m_office.reset();
+    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+}
+
+QStringList TestCDlgAlarms::column(const CDlgAlarms &page, int column) const
+{
+    QStringList texts;
+    for (int row = 0; row < page.list()->count(); ++row)
+        texts.append(page.list()->cellText(row, column));
+    return texts;
+}
+
+void TestCDlgAlarms::show(CDlgAlarms &page)
+{
+    page.resize(900, 500);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+}
+
+// Chooses the entry that begins so in the menu that opens next; an empty text leaves it.
+void TestCDlgAlarms::chooseInMenu(const QString &beginning)
+{
+    auto *timer = new QTimer(qApp);
+    connect(timer, &QTimer::timeout, qApp, [timer, beginning] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        timer->deleteLater();
+        timer->stop();
+        for (QAction *action : menu->actions()) {
+            if (!beginning.isEmpty() && action->text().startsWith(beginning)) {
+                menu->setActiveAction(action);
+                QTest::keyClick(menu, Qt::Key_Return);
+                return;
+            }
+        }
+        menu->close();
+    });
+    timer->start(10);
+}
+
+void TestCDlgAlarms::everybodySeesTheirOwnAndNoOthers()
+{
+    Alarms::add(me(), -5, QStringLiteral("مال مدیر"));
+    Alarms::add(m_office.clerk(), -5, QStringLiteral("مال کارمند"));
+    // No right has been given to the clerk at all.
+    m_office.loginClerk();
+    CDlgAlarms page;
+    QVERIFY(page.OnAccess());
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    page.open();
+    QCOMPARE(column(page, 4), QStringList{QStringLiteral("مال کارمند")});
+    QVERIFY(!page.button(QStringLiteral("جديد"))->isHidden());
+}
+
+void TestCDlgAlarms::dueOnesComeFirstAndDoneOnesOnRequestLast()
+{
+    Alarms::add(me(), 500, QStringLiteral("آینده"));
+    Alarms::add(me(), -5, QStringLiteral("دوم"));
+    Alarms::add(me(), -900, QStringLiteral("انجام شده"), [](CTblAlarm &alarm) { alarm.m_iStatus = CTblAlarm::statusDone; });
+    Alarms::add(me(), -500, QStringLiteral("اول"));
+    CDlgAlarms page;
+    page.open();
+    const QStringList open{QStringLiteral("اول"), QStringLiteral("دوم"), QStringLiteral("آینده")};
+    QCOMPARE(column(page, 4), open);
+    QCOMPARE(page.countText(), SuiteMessages::count(3));
+    const auto standsOut = [&page](int row) { return page.list()->listModel()->rows().at(row).warning; };
+    QVERIFY(standsOut(0) && standsOut(1) && !standsOut(2));
+    auto *done = page.findChild<QCheckBox *>();
+    QCOMPARE(done->accessibleName(), QStringLiteral("نمايش انجام شده ها"));
+    done->setChecked(true);
+    QCOMPARE(column(page, 4), open + QStringList{QStringLiteral("انجام شده")});
+    QVERIFY(!standsOut(3));
+}
+
+void TestCDlgAlarms::rowTellsStateTimeAndRecord()
+{
+    Alarms::add(me(), 0, QStringLiteral("تماس"), [](CTblAlarm &alarm) {
+        alarm.m_date = QDateTime(QDate(2024, 3, 20), QTime(8, 30), Qt::UTC);
+        alarm.m_iTable = RecordKind::AutomobilDemandReminder;
+        alarm.m_iRecordID = 3;
+        alarm.m_iRecordID2 = 15;
+        alarm.m_bRepeat = 1;
+    });
+    Alarms::add(me(), 500, QStringLiteral("آزاد"));
+    CDlgAlarms page;
+    page.open();
+    const auto row = [&page](int row) {
+        QStringList cells;
+        for (int column = 0; column < 7; ++column)
+            cells.append(page.list()->cellText(row, column));
+        return cells;
+    };
+    QCOMPARE(row(0), (QStringList{QStringLiteral("1"), QStringLiteral("سررسیده"), QStringLiteral("1403/01/01"), QStringLiteral("08:30"), QStringLiteral("تماس"), QStringLiteral("یادآوری تقاضای اتومبیل 15"), QStringLiteral("بلی")}));
+    QCOMPARE(row(1).at(1), QStringLiteral("در انتظار"));
+    QCOMPARE(row(1).at(5), QString());
+    QCOMPARE(row(1).at(6), QStringLiteral("-"));
+}
+
+void TestCDlgAlarms::searchedTextIsFound()
+{
+    Alarms::add(me(), -5, QStringLiteral("تماس با خریدار"));
+    Alarms::add(me(), -5, QStringLiteral("100% پرداخت"));
+    CDlgAlarms page;
+    show(page);
+    auto *text = Hand::named<KEdit>(&page, QStringLiteral("شرح :"));
+    text->setText(QStringLiteral("0%"));
+    QTest::keyClick(text, Qt::Key_Return);
+    QCOMPARE(column(page, 4), QStringList{QStringLiteral("100% پرداخت")});
+}
+
+void TestCDlgAlarms::doneIsTakenOffAndTold()
+{
+    Alarms::add(me(), -50, QStringLiteral("اول"));
+    Alarms::add(me(), -5, QStringLiteral("دوم"));
+    CDlgAlarms page;
+    show(page);
+    QSignalSpy changed(&page, &CDlgAlarms::alarmsChanged);
+    page.list()->selectRow(0);
+    QTest::keyClick(page.list(), Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(column(page, 4), QStringList{QStringLiteral("دوم")});
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+}
+
+void TestCDlgAlarms::postponedThroughTheMenu()
+{
+    const int id = Alarms::add(me(), -50, QStringLiteral("اول"));
+    CDlgAlarms page;
+    show(page);
+    QSignalSpy changed(&page, &CDlgAlarms::alarmsChanged);
+    page.list()->selectRow(0);
+    chooseInMenu(QStringLiteral("فردا"));
+    QTest::keyClick(page.list(), Qt::Key_F4);
+    QCOMPARE(column(page, 1), QStringList{QStringLiteral("در انتظار")});
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+    QCOMPARE(m_office.db.value(QStringLiteral("SELECT DATEDIFF(date,NOW()) FROM Alarms")), QStringLiteral("1"));
+    QCOMPARE(page.list()->currentKey(), id);
+}
+
+void TestCDlgAlarms::menuLeftWithoutAChoiceChangesNothing()
+{
+    Alarms::add(me(), -50, QStringLiteral("اول"));
+    CDlgAlarms page;
+    show(page);
+    page.list()->selectRow(0);
+    chooseInMenu({});
+    QVERIFY(page.runCommand(QStringLiteral("تعویق")));
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+}
+
+void TestCDlgAlarms::deletedAfterTheQuestion()
+{
+    Alarms::add(me(), -50, QStringLiteral("اول"));
+    CDlgAlarms page;
+    show(page);
+    page.list()->selectRow(0);
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    QTest::keyClick(page.list(), Qt::Key_Delete);
+    QCOMPARE(page.list()->count(), 1);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    QTest::keyClick(page.list(), Qt::Key_Delete);
+    QCOMPARE(page.list()->count(), 0);
+    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Alarms")), QStringLiteral("0"));
+    QCOMPARE(g_pDlgYesNo->takeShown(), (QStringList{SuiteMessages::deleteQuestion(), SuiteMessages::deleteQuestion()}));
+}
+
+void TestCDlgAlarms::keysAddAndEdit()
+{
+    CDlgAlarms page;
+    show(page);
+    Hand::inNextWindow([](QDialog *dialog) {
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("یادآوری - جدید"));
+        Hand::named<KEdit>(dialog, QStringLiteral("شرح :"))->setText(QStringLiteral("تازه"));
+        dialog->accept();
+    });
+    QTest::keyClick(page.list(), Qt::Key_Insert);
+    QCOMPARE(column(page, 4), QStringList{QStringLiteral("تازه")});
+    QVERIFY(page.list()->currentKey() > 0);
+    // There is no window manager here that would do it.
+    page.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    Hand::inNextWindow([](QDialog *dialog) {
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("یادآوری - ویرایش"));
+        Hand::named<KEdit>(dialog, QStringLiteral("شرح :"))->setText(QStringLiteral("تازه تر"));
+        dialog->accept();
+    });
+    QTest::keyClick(page.list(), Qt::Key_F2);
+    QCOMPARE(column(page, 4), QStringList{QStringLiteral("تازه تر")});
+}
+
+void TestCDlgAlarms::vanishedOneIsTakenOff()
+{
+    Alarms::add(me(), -50, QStringLiteral("اول"));
+    CDlgAlarms page;
+    show(page);
+    page.list()->selectRow(0);
+    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+    QTest::keyClick(page.list(), Qt::Key_F2);
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(page.list()->count(), 0);
+}
+
+void TestCDlgAlarms::closedDatabaseOnlyShows()
+{
+    Alarms::add(me(), -50, QStringLiteral("اول"));
+    GetDBSetting()->SetClosedDB(true);
+    CDlgAlarms page;
+    show(page);
+    QCOMPARE(page.list()->count(), 1);
+    for (const char *caption : {"جديد", "ويرايش", "انجام شد", "تعویق", "حذف"})
+        QVERIFY2(page.button(QString::fromUtf8(caption))->isHidden(), caption);
+    page.list()->selectRow(0);
+    QTest::keyClick(page.list(), Qt::Key_Delete);
+    QCOMPARE(page.list()->count(), 1);
+}
+
+QTEST_MAIN(TestCDlgAlarms)
+#include "TestCDlgAlarms.moc"

@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CDlgDueAlarms.h"
+
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "tests/suite/crm/Alarms.h"
+#include "tests/suite/crm/Hand.h"
+#include "tests/suite/crm/Office.h"
+
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+
+class TestCDlgDueAlarms : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setLayoutDirection(Qt::RightToLeft); }
+    void init();
+    void withoutDueOnesNoWindowComes();
+    void whatDoesNotRepeatComesAtOneLoginOnly();
+    void whatRepeatsComesUntilItIsDone();
+    void loginOfAnotherUserShowsTheirs();
+    void lastOneDoneClosesTheWindow();
+    void postponedOneGoes();
+    void editedOneGoesOnceItIsNotDue();
+    void closedDatabaseOnlyShows();
+    void escCloses();
+
+private:
+    int me() const { return GetDBSetting()->GetUserID(); }
+    static KExtListCtrl *list(QDialog *dialog) { return dialog->findChild<KExtListCtrl *>(); }
+    static QPushButton *button(QDialog *dialog, const QString &caption);
+
+    Office m_office;
+};
+
+void TestCDlgDueAlarms::init()
+{
+    m_office.reset();
+    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+}
+
+QPushButton *TestCDlgDueAlarms::button(QDialog *dialog, const QString &caption)
+{
+    for (QPushButton *candidate : dialog->findChildren<QPushButton *>())
+        if (candidate->text() == caption)
+            return candidate;
+    return nullptr;
+}
+
+void TestCDlgDueAlarms::withoutDueOnesNoWindowComes()
+{
+    QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
+    Alarms::add(me(), 60, QStringLiteral("آینده"));
+    QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
+}
+
+void TestCDlgDueAlarms::whatDoesNotRepeatComesAtOneLoginOnly()
+{
+    Alarms::add(me(), -60, QStringLiteral("یک بار"));
+    QString shown;
+    Hand::inNextWindow([&](QDialog *dialog) {
+        shown = list(dialog)->cellText(0, 2);
+        QVERIFY(list(dialog)->hasFocus());
+        QCOMPARE(list(dialog)->currentRow(), 0);
+    });
+    QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
+    QCOMPARE(shown, QStringLiteral("یک بار"));
+    QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
+}
+
+void TestCDlgDueAlarms::whatRepeatsComesUntilItIsDone()
+{
+    Alarms::add(me(), -60, QStringLiteral("هر بار"), Alarms::repeats);
+    for (int login = 0; login < 2; ++login) {
+        Hand::inNextWindow([](QDialog *) {});
+        QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
+    }
+    Hand::inNextWindow([](QDialog *dialog) { button(dialog, QStringLiteral("انجام شد"))->click(); });
+    QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
+    QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
+}
+
+void TestCDlgDueAlarms::loginOfAnotherUserShowsTheirs()
+{
+    Alarms::add(m_office.clerk(), -60, QStringLiteral("مال کارمند"));
+    QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
+    m_office.loginClerk();
+    int rows = 0;
+    Hand::inNextWindow([&](QDialog *dialog) { rows = list(dialog)->count(); });
+    QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
+    QCOMPARE(rows, 1);
+}
+
+void TestCDlgDueAlarms::lastOneDoneClosesTheWindow()
+{
+    Alarms::add(me(), -60, QStringLiteral("اول"));
+    Alarms::add(me(), -50, QStringLiteral("دوم"));
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    button(&dialog, QStringLiteral("انجام شد"))->click();
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(list(&dialog)->cellText(0, 2), QStringLiteral("دوم"));
+    QCOMPARE(list(&dialog)->currentRow(), 0);
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+    button(&dialog, QStringLiteral("انجام شد"))->click();
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+}
+
+void TestCDlgDueAlarms::postponedOneGoes()
+{
+    Alarms::add(me(), -60, QStringLiteral("اول"));
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    QTimer::singleShot(0, &dialog, [] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QCOMPARE(menu->actions().size(), 4);
+        menu->setActiveAction(menu->actions().constFirst());
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    button(&dialog, QStringLiteral("تعویق"))->click();
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+    QVERIFY(m_office.db.value(QStringLiteral("SELECT TIMESTAMPDIFF(MINUTE,NOW(),date) FROM Alarms")).toInt() >= 58);
+}
+
+void TestCDlgDueAlarms::editedOneGoesOnceItIsNotDue()
+{
+    Alarms::add(me(), -60, QStringLiteral("اول"));
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    const auto setDesc = [](QDialog *editor, const QString &text) {
+        Hand::named<KEdit>(editor, QStringLiteral("شرح :"))->setText(text);
+    };
+    Hand::inNextWindow([&](QDialog *editor) { setDesc(editor, QStringLiteral("دیگر")), editor->accept(); });
+    QTest::keyClick(list(&dialog), Qt::Key_Return);
+    QCOMPARE(list(&dialog)->cellText(0, 2), QStringLiteral("دیگر"));
+    Hand::inNextWindow([&](QDialog *editor) {
+        Hand::named<QLineEdit>(editor, QStringLiteral("تاریخ :"))->setText(QStringLiteral("1490/01/01"));
+        editor->accept();
+    });
+    QTest::keyClick(list(&dialog), Qt::Key_Return);
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+}
+
+void TestCDlgDueAlarms::closedDatabaseOnlyShows()
+{
+    Alarms::add(me(), -60, QStringLiteral("اول"));
+    GetDBSetting()->SetClosedDB(true);
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    QVERIFY(button(&dialog, QStringLiteral("انجام شد"))->isHidden());
+    QVERIFY(button(&dialog, QStringLiteral("تعویق"))->isHidden());
+    QVERIFY(!button(&dialog, QStringLiteral("بستن"))->isHidden());
+}
+
+void TestCDlgDueAlarms::escCloses()
+{
+    Alarms::add(me(), -60, QStringLiteral("اول"));
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    QTest::keyClick(list(&dialog), Qt::Key_Escape);
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+}
+
+QTEST_MAIN(TestCDlgDueAlarms)
+#include "TestCDlgDueAlarms.moc"

@@ -1,0 +1,212 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/CTblAlarm.h"
+
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/RecordKinds.h"
+#include "tests/auto/ObservedStatements.h"
+#include "tests/suite/crm/Alarms.h"
+#include "tests/suite/crm/Office.h"
+
+#include <QTest>
+
+class TestCTblAlarm : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void descriptionForTheForm();
+    void descriptionOfNoneIsEmpty();
+    void dueAreTheUsersOpenOnesOfThePast();
+    void loginTellsWhatDoesNotRepeatOnce();
+    void loginTellsWhatRepeatsUntilDone();
+    void loginTellsTheOldestFirst();
+    void dueOnesOfALoginAreOneStatement();
+    void toldInAClosedDatabaseIsNotWritten();
+    void postponedIsToldAnew();
+    void anotherUsersReminderIsNotTouched();
+    void doneTwiceStaysDone();
+    void closedDatabaseRefusesChanges();
+    void remindersOfADeletedRecordGoWithIt();
+    void isDueByTheMinute();
+
+private:
+    int me() const { return GetDBSetting()->GetUserID(); }
+    QStringList told();
+
+    Office m_office;
+};
+
+void TestCTblAlarm::init()
+{
+    m_office.reset();
+    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+}
+
+// What a login tells, which is then told.
+QStringList TestCTblAlarm::told()
+{
+    const QList<CTblAlarm::Due> due = CTblAlarm::dueAtLogin(me());
+    CTblAlarm::markTold(due);
+    QStringList texts;
+    for (const CTblAlarm::Due &one : due)
+        texts.append(one.desc);
+    return texts;
+}
+
+void TestCTblAlarm::descriptionForTheForm()
+{
+    const int id = Alarms::add(me(), 0, QStringLiteral("تماس با خریدار"), [](CTblAlarm &alarm) {
+        alarm.m_date = QDateTime(QDate(2026, 11, 20), QTime(9, 5), Qt::UTC);
+    });
+    QCOMPARE(CTblAlarm::GetDesc(id), QStringLiteral("1405/08/29 ساعت 09:05 - تماس با خریدار"));
+    QVERIFY(CTblAlarm::setDone(id, me()));
+    QCOMPARE(CTblAlarm::GetDesc(id), QStringLiteral("1405/08/29 ساعت 09:05 - تماس با خریدار (انجام شد)"));
+}
+
+void TestCTblAlarm::descriptionOfNoneIsEmpty()
+{
+    QCOMPARE(CTblAlarm::GetDesc(0), QString());
+    QCOMPARE(CTblAlarm::GetDesc(-1), QString());
+    const int id = Alarms::add(me(), 5, QStringLiteral("رفت"));
+    QVERIFY(CTblAlarm::deleteAlarm(id, me()));
+    QCOMPARE(CTblAlarm::GetDesc(id), QString());
+}
+
+void TestCTblAlarm::dueAreTheUsersOpenOnesOfThePast()
+{
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+    Alarms::add(me(), -60, QStringLiteral("گذشته"));
+    Alarms::add(me(), 60, QStringLiteral("آینده"));
+    Alarms::add(m_office.clerk(), -60, QStringLiteral("دیگری"));
+    Alarms::add(me(), -60, QStringLiteral("انجام شده"), [](CTblAlarm &alarm) { alarm.m_iStatus = CTblAlarm::statusDone; });
+    Alarms::add(me(), 0, QStringLiteral("بی تاریخ"), [](CTblAlarm &alarm) { alarm.m_date = {}; });
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+    QCOMPARE(CTblAlarm::dueCount(m_office.clerk()), 1);
+    QCOMPARE(told(), QStringList{QStringLiteral("گذشته")});
+}
+
+void TestCTblAlarm::loginTellsWhatDoesNotRepeatOnce()
+{
+    Alarms::add(me(), -1, QStringLiteral("یک بار"));
+    QCOMPARE(told(), QStringList{QStringLiteral("یک بار")});
+    QCOMPARE(told(), QStringList());
+    // It is still to be done.
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+}
+
+void TestCTblAlarm::loginTellsWhatRepeatsUntilDone()
+{
+    const int id = Alarms::add(me(), -1, QStringLiteral("هر بار"), Alarms::repeats);
+    QCOMPARE(told(), QStringList{QStringLiteral("هر بار")});
+    QCOMPARE(told(), QStringList{QStringLiteral("هر بار")});
+    QVERIFY(CTblAlarm::setDone(id, me()));
+    QCOMPARE(told(), QStringList());
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+}
+
+void TestCTblAlarm::loginTellsTheOldestFirst()
+{
+    Alarms::add(me(), -5, QStringLiteral("دوم"));
+    Alarms::add(me(), -500, QStringLiteral("اول"), Alarms::repeats);
+    Alarms::add(me(), -1, QStringLiteral("سوم"));
+    QCOMPARE(told(), (QStringList{QStringLiteral("اول"), QStringLiteral("دوم"), QStringLiteral("سوم")}));
+}
+
+void TestCTblAlarm::dueOnesOfALoginAreOneStatement()
+{
+    for (int minute = 1; minute <= 20; ++minute)
+        Alarms::add(me(), -minute, QStringLiteral("کار"));
+    const ObservedStatements observed({QStringLiteral("SELECT"), QStringLiteral("UPDATE")});
+    const QList<CTblAlarm::Due> due = CTblAlarm::dueAtLogin(me());
+    QCOMPARE(due.size(), 20);
+    QCOMPARE(observed.taken().size(), 1);
+    CTblAlarm::markTold(due);
+    QCOMPARE(observed.taken().filter(QStringLiteral("UPDATE")).size(), 1);
+    QCOMPARE(CTblAlarm::dueCount(me()), 20);
+    QCOMPARE(observed.taken().filter(QStringLiteral("COUNT(*)")).size(), 1);
+}
+
+void TestCTblAlarm::toldInAClosedDatabaseIsNotWritten()
+{
+    Alarms::add(me(), -1, QStringLiteral("بسته"));
+    GetDBSetting()->SetClosedDB(true);
+    QCOMPARE(told(), QStringList{QStringLiteral("بسته")});
+    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Alarms WHERE dateTold IS NOT NULL")), QStringLiteral("0"));
+}
+
+void TestCTblAlarm::postponedIsToldAnew()
+{
+    const int id = Alarms::add(me(), -60, QStringLiteral("بعدا"));
+    QCOMPARE(told().size(), 1);
+    const QDateTime now = GetDBSetting()->GetDBServerDate();
+    QVERIFY(CTblAlarm::postpone(id, me(), now.addSecs(3600)));
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+    QVERIFY(CTblAlarm::postpone(id, me(), now.addSecs(-1)));
+    QCOMPARE(told(), QStringList{QStringLiteral("بعدا")});
+}
+
+void TestCTblAlarm::anotherUsersReminderIsNotTouched()
+{
+    const int id = Alarms::add(m_office.clerk(), -60, QStringLiteral("کار دیگری"));
+    QVERIFY(!CTblAlarm::setDone(id, me()));
+    QVERIFY(!CTblAlarm::postpone(id, me(), GetDBSetting()->GetDBServerDate().addDays(1)));
+    QVERIFY(!CTblAlarm::deleteAlarm(id, me()));
+    QCOMPARE(CTblAlarm::dueCount(m_office.clerk()), 1);
+    QVERIFY(CTblAlarm::deleteAlarm(id, m_office.clerk()));
+    QVERIFY(!CTblAlarm::setDone(id, m_office.clerk()));
+}
+
+void TestCTblAlarm::doneTwiceStaysDone()
+{
+    const int id = Alarms::add(me(), -60, QStringLiteral("کار"));
+    QVERIFY(CTblAlarm::setDone(id, me()));
+    QVERIFY(CTblAlarm::setDone(id, me()));
+    QCOMPARE(CTblAlarm::dueCount(me()), 0);
+}
+
+void TestCTblAlarm::closedDatabaseRefusesChanges()
+{
+    const int id = Alarms::add(me(), -60, QStringLiteral("کار"));
+    GetDBSetting()->SetClosedDB(true);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblAlarm::setDone(id, me()));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblAlarm::postpone(id, me(), QDateTime(QDate(2030, 1, 1), QTime(), Qt::UTC)));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblAlarm::deleteAlarm(id, me()));
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+}
+
+void TestCTblAlarm::remindersOfADeletedRecordGoWithIt()
+{
+    const auto of = [](int kind, int key) {
+        return [kind, key](CTblAlarm &alarm) {
+            alarm.m_iTable = kind;
+            alarm.m_iRecordID = key;
+        };
+    };
+    const int mine = Alarms::add(me(), 5, QStringLiteral("تقاضا"), of(RecordKind::AutomobilDemandReminder, 12));
+    const int clerks =
+        Alarms::add(m_office.clerk(), 5, QStringLiteral("تقاضا"), of(RecordKind::AutomobilDemandReminder, 12));
+    const int neighbour = Alarms::add(me(), 5, QStringLiteral("تقاضا"), of(RecordKind::AutomobilDemandReminder, 13));
+    const int otherKind = Alarms::add(me(), 5, QStringLiteral("قرارداد"), of(RecordKind::AutomobilContract, 12));
+    CTblAlarm::DeleteAllRelatedRecords(RecordKind::AutomobilDemandReminder, 12);
+    QVERIFY(CTblAlarm::GetDesc(mine).isEmpty() && CTblAlarm::GetDesc(clerks).isEmpty());
+    QVERIFY(!CTblAlarm::GetDesc(neighbour).isEmpty() && !CTblAlarm::GetDesc(otherKind).isEmpty());
+}
+
+void TestCTblAlarm::isDueByTheMinute()
+{
+    CTblAlarm alarm;
+    alarm.m_date = QDateTime(QDate(2026, 1, 1), QTime(10, 0), Qt::UTC);
+    QVERIFY(!alarm.isDue(alarm.m_date.addSecs(-1)));
+    QVERIFY(alarm.isDue(alarm.m_date));
+    alarm.m_iStatus = CTblAlarm::statusDone;
+    QVERIFY(!alarm.isDue(alarm.m_date));
+    alarm.m_iStatus = CTblAlarm::statusOpen;
+    alarm.m_date = {};
+    QVERIFY(!alarm.isDue(QDateTime(QDate(2026, 1, 1), QTime(10, 0), Qt::UTC)));
+}
+
+QTEST_MAIN(TestCTblAlarm)
+#include "TestCTblAlarm.moc"

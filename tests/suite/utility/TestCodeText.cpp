@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/CodeText.h"
+#include "suite/utility/KEdit.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QTest>
+
+namespace {
+
+// The mark, where a reader sees it.
+QString marked(const char *text)
+{
+    return QString::fromUtf8(text).replace(u'|', CodeText::mark);
+}
+
+// As from a keyboard of any language.
+void typeText(KEdit &edit, const QString &text)
+{
+    for (const QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(&edit, &press);
+    }
+}
+
+}
+
+class TestCodeText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void markStandsBehindEachRunOfPersianLetters_data()
+    {
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("shown");
+        auto row = [](const char *name, const char *shown) {
+            QTest::newRow(name) << QString::fromUtf8(shown).remove(u'|') << marked(shown);
+        };
+        row("empty", "");
+        row("Latin alone", "NAAM01CA2CR123456");
+        row("plate", "12 ب| 345 ایران| 67");
+        row("plate without blanks", "12ب|345-67");
+        row("letter at the end", "345 ب");
+        row("blank at the end", "345 ب ");
+        row("two words are one run", "تهران بزرگ| 12");
+        row("Persian alone", "ایران");
+    }
+
+    void markStandsBehindEachRunOfPersianLetters()
+    {
+        QFETCH(QString, code);
+        QFETCH(QString, shown);
+        QCOMPARE(CodeText::shown(code), shown);
+        QCOMPARE(CodeText::plain(shown), code);
+        // What is shown already is shown as before.
+        QCOMPARE(CodeText::shown(CodeText::plain(shown)), shown);
+    }
+
+    void caretStaysBehindTheCharacterThatItStoodBehind_data()
+    {
+        QTest::addColumn<int>("inCode");
+        QTest::addColumn<int>("inShown");
+        // 12ب|345
+        QTest::newRow("start") << 0 << 0;
+        QTest::newRow("before the letter") << 2 << 2;
+        QTest::newRow("behind the letter and its mark") << 3 << 4;
+        QTest::newRow("end") << 6 << 7;
+    }
+
+    void caretStaysBehindTheCharacterThatItStoodBehind()
+    {
+        QFETCH(int, inCode);
+        QFETCH(int, inShown);
+        qsizetype caret = inCode;
+        CodeText::shown(QStringLiteral("12ب345"), &caret);
+        QCOMPARE(caret, inShown);
+    }
+
+    void plateIsTypedAndCorrectedAsIfThereWereNoMarks()
+    {
+        KEdit edit(KEdit::Kind::Code);
+        typeText(edit, QStringLiteral("۱۲ب345"));
+        QCOMPARE(edit.plainText(), QStringLiteral("12ب345"));
+        QCOMPARE(edit.text(), marked("12ب|345"));
+        QTest::keyClick(&edit, Qt::Key_Backspace);
+        QTest::keyClick(&edit, Qt::Key_Backspace);
+        QTest::keyClick(&edit, Qt::Key_Backspace);
+        QTest::keyClick(&edit, Qt::Key_Backspace);
+        QCOMPARE(edit.plainText(), QStringLiteral("12"));
+        typeText(edit, QStringLiteral("ج678"));
+        edit.setCursorPosition(4);
+        QTest::keyClick(&edit, Qt::Key_Backspace);
+        QCOMPARE(edit.plainText(), QStringLiteral("12678"));
+        edit.setText(QStringLiteral("12ب345"));
+        edit.setCursorPosition(3);
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        QCOMPARE(edit.plainText(), QStringLiteral("12ب45"));
+    }
+
+    void codeIsLimitedByItsOwnCharacters()
+    {
+        KEdit edit(KEdit::Kind::Code);
+        edit.setCodeLength(6);
+        typeText(edit, QStringLiteral("12ب3456"));
+        QCOMPARE(edit.plainText(), QStringLiteral("12ب345"));
+        edit.setCursorPosition(0);
+        typeText(edit, QStringLiteral("9"));
+        QCOMPARE(edit.plainText(), QStringLiteral("12ب345"));
+        QCOMPARE(edit.cursorPosition(), 0);
+    }
+
+    void copiedCodeHoldsNoMarks()
+    {
+        KEdit edit(KEdit::Kind::Code);
+        edit.setText(QStringLiteral("12 ب 345"));
+        edit.selectAll();
+        QTest::keyClick(&edit, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("12 ب 345"));
+    }
+
+    void codeReadsFromTheLeftInsideAPageThatReadsFromTheRight()
+    {
+        QWidget page;
+        page.setLayoutDirection(Qt::RightToLeft);
+        KEdit edit(KEdit::Kind::Code, &page);
+        QCOMPARE(edit.layoutDirection(), Qt::LeftToRight);
+        QVERIFY(edit.alignment() & Qt::AlignRight);
+    }
+};
+
+QTEST_MAIN(TestCodeText)
+
+#include "TestCodeText.moc"
