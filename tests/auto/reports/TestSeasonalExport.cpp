@@ -5,6 +5,7 @@
 #include "suite/accounting/KAccountingError.h"
 #include "tests/auto/reports/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
+#include "tests/support/OrdinaryRights.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -433,6 +434,21 @@ private Q_SLOTS:
         QCOMPARE(task.check(), Outcome::CompanyEmpty);
         QCOMPARE(task.run(m_folder->path()), Outcome::CompanyEmpty);
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
+    }
+
+    void folderThatMayNotBeWritten()
+    {
+        const QString folder = m_folder->filePath(QStringLiteral("closed"));
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+        const SeasonalExport task(report(Kind::Sales, {ownRow(1)}), ExportedSeason::builtFolder);
+        Outcome outcome = Outcome::Done;
+        {
+            const OrdinaryRights ordinary;
+            outcome = task.run(folder);
+        }
+        QCOMPARE(outcome, Outcome::CopyFailed);
+        QCOMPARE(everythingIn(folder), QStringList());
     }
 
     void folderThatTakesNoCopy_data()
