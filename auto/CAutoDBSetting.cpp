@@ -6,6 +6,7 @@
 #include "auto/SchemaUpgrade.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CMySQLException.h"
+#include "auto/reports/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
@@ -80,11 +81,9 @@ void CAutoDBSetting::ShowAutomobilDemandsDlg()
 
 void CAutoDBSetting::ShowAutomobilReportSeasonsDlg()
 {
-    KSecurity security;
-    security.SetFormName(QStringLiteral("AutomobilReportSeasons"));
-    security.CheckSecurity();
-    // This version holds no seasonal report to run once the right is granted.
-    static_cast<void>(security.CheckAccessSecurity(1));
+    CDlgAutomobilReportSeasons report;
+    if (report.CheckAccessSecurity(1))
+        report.exec();
 }
 
 void CAutoDBSetting::Archives() { }

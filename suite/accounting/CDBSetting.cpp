@@ -26,6 +26,7 @@ Q_LOGGING_CATEGORY(lcSetting, "tz.setting")
 
 const QString databaseSection = QStringLiteral("Database");
 const QString moneySection = QStringLiteral("Money");
+const QString personsSection = QStringLiteral("Persons");
 const QString yearSection = QStringLiteral("FiscalYear");
 
 constexpr int mostDecimals = 4;
@@ -131,6 +132,16 @@ void CDBSetting::SetMoneyDecimals(int decimals)
     const int kept = std::clamp(decimals, 0, mostDecimals);
     CTblProperties::DBWriteSettingInt(moneySection, QStringLiteral("iDecimals"), kept);
     setDefaultMoneyDecimals(kept);
+}
+
+bool CDBSetting::NaturalPersonByMark() const
+{
+    return CTblProperties::DBReadSettingInt(personsSection, QStringLiteral("bNaturalByMark"), 0) != 0;
+}
+
+void CDBSetting::SetNaturalPersonByMark(bool on)
+{
+    CTblProperties::DBWriteSettingInt(personsSection, QStringLiteral("bNaturalByMark"), on ? 1 : 0);
 }
 
 int CDBSetting::FiscalYear() const

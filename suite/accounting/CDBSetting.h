@@ -70,6 +70,10 @@ public:
     int MoneyDecimals() const;
     void SetMoneyDecimals(int decimals);
 
+    // Whether a person's own mark (Persons.bNatural) tells the tax authority that it is a natural one, and not its kind.
+    bool NaturalPersonByMark() const;
+    void SetNaturalPersonByMark(bool on);
+
     // The Shamsi year whose documents are written now; the current Shamsi year until one is set.
     int FiscalYear() const;
     void SetFiscalYear(int shamsiYear);

@@ -72,6 +72,19 @@ void ListReport::setTable(const QString &element, const QVector<KListModel::Colu
     }
 }
 
+void ListReport::addFooter(const QVector<FooterCell> &cells)
+{
+    KListModel::Row titles;
+    titles.heading = true;
+    titles.cells.resize(m_columns.size());
+    KListModel::Row sums = titles;
+    for (const FooterCell &cell : cells) {
+        titles.cells[cell.column].text = cell.title;
+        sums.cells[cell.column].text = cell.sum;
+    }
+    m_rows << titles << sums;
+}
+
 bool ListReport::loadLayout(const QString &name)
 {
     const std::optional<ReportLayout> stored = CTblReportLayouts::load(m_group, m_report, name);

@@ -30,6 +30,15 @@ public:
     // has hidden. The rows are shared with the list, not copied.
     void setTable(const QString &element, const KExtListCtrl *list);
     void setTable(const QString &element, const QVector<KListModel::Column> &columns, const QVector<KListModel::Row> &rows);
+    // A sum under one column of the table.
+    struct FooterCell
+    {
+        int column = 0;
+        QString title;
+        QString sum;
+    };
+    // Two rows more at the end of the table: the titles, and the sums below them. After setTable.
+    void addFooter(const QVector<FooterCell> &cells);
     // All columns of the table in its own order, titles without the sort mark.
     const QVector<KListModel::Column> &columns() const { return m_columns; }
     const QVector<KListModel::Row> &rows() const { return m_rows; }

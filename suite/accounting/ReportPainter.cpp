@@ -130,10 +130,11 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
         if (progress && row % rowsPerReport == 0 && !progress(row, static_cast<int>(rows.size()) * 2))
             return false;
         const QVector<KListModel::Cell> &cells = rows.at(row).cells;
+        const QFontMetricsF &own = rows.at(row).heading ? bold : metrics;
         for (size_t i = 0; i < needs.size(); ++i) {
             const int column = m_columns.at(static_cast<int>(i)).column;
             const QString text = column < cells.size() ? cells.at(column).text : QString();
-            const double advance = text.isEmpty() ? 0 : metrics.horizontalAdvance(text);
+            const double advance = text.isEmpty() ? 0 : own.horizontalAdvance(text);
             m_advances.push_back(static_cast<float>(advance));
             needs[i].wanted = std::max(needs[i].wanted, advance);
             needs[i].least = std::max(needs[i].least, advance * longestWord(text));
@@ -145,6 +146,11 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
     }
     m_widths = ReportGeometry::fitColumns(needs, m_area.width());
     return true;
+}
+
+const QFont &ReportPainter::fontOf(const KListModel::Row &row) const
+{
+    return row.heading ? m_boldFont : m_font;
 }
 
 bool ReportPainter::countLines(const ReportProgress &progress)
@@ -164,7 +170,8 @@ bool ReportPainter::countLines(const ReportProgress &progress)
             const double width = m_widths[i] - 2 * cellPadding;
             const QString &text = cells.at(column).text;
             if (m_advances[cell] > width || text.contains(u'\n'))
-                lines = std::max(lines, linesOf(text, m_font, width, ListReport::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
+                lines = std::max(lines, linesOf(text, fontOf(rows.at(row)), width,
+                                                ListReport::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
         }
     }
     return true;
@@ -282,7 +289,8 @@ double ReportPainter::paintRows(QPainter &painter, const ReportGeometry::Page &p
 
 void ReportPainter::paintSlice(QPainter &painter, const ReportGeometry::Slice &slice, double y) const
 {
-    const QVector<KListModel::Cell> &cells = m_report.rows().at(slice.row).cells;
+    const KListModel::Row &row = m_report.rows().at(slice.row);
+    const QVector<KListModel::Cell> &cells = row.cells;
     const double height = slice.lineCount * m_line;
     double right = m_area.right();
     for (size_t i = 0; i < m_widths.size(); ++i) {
@@ -290,13 +298,13 @@ void ReportPainter::paintSlice(QPainter &painter, const ReportGeometry::Slice &s
         const QRectF box(right - m_widths[i], y, m_widths[i], height);
         right -= m_widths[i];
         painter.setPen(QPen(gridColor, hairline));
-        painter.setBrush(slice.row % 2 == 1 ? QBrush(bandColor) : QBrush(Qt::NoBrush));
+        painter.setBrush(row.heading || slice.row % 2 == 1 ? QBrush(bandColor) : QBrush(Qt::NoBrush));
         painter.drawRect(box);
         if (column >= cells.size())
             continue;
         const KListModel::Column &shown = m_report.columns().at(column);
         painter.setPen(Qt::black);
-        drawText(painter, box.adjusted(cellPadding, 0, -cellPadding, 0), cells.at(column).text, m_font,
+        drawText(painter, box.adjusted(cellPadding, 0, -cellPadding, 0), cells.at(column).text, fontOf(row),
                  shown.alignment & Qt::AlignHorizontal_Mask, ListReport::readsLeftToRight(shown, cells.at(column)),
                  slice.firstLine, slice.lineCount);
     }

@@ -45,6 +45,7 @@ public:
 
 private:
     bool measureColumns(const ReportProgress &progress);
+    const QFont &fontOf(const KListModel::Row &row) const;
     bool countLines(const ReportProgress &progress);
     void placeHead();
     int linesOf(const QString &text, const QFont &font, double width, bool leftToRight) const;

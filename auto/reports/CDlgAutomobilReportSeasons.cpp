@@ -1,0 +1,447 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/reports/CDlgAutomobilReportSeasons.h"
+
+#include "auto/reports/CDlgPaymentAmount.h"
+#include "auto/reports/SeasonBounds.h"
+#include "auto/reports/SeasonalColumns.h"
+#include "auto/reports/SeasonalExportDesk.h"
+#include "auto/reports/SeasonalList.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CDlgAddCompanyProps.h"
+#include "suite/crm/CDlgAddPerson.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QShortcut>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString section = QStringLiteral("DlgAutomobilReportSeasons");
+const QString minimumKey = QStringLiteral("dMinAmount");
+const QString showCaption = QStringLiteral("نمايش");
+
+// A row of options of which one is chosen; their numbers count from 0.
+QButtonGroup *addOptions(QHBoxLayout *line, const QStringList &captions, QObject *parent)
+{
+    auto *group = new QButtonGroup(parent);
+    for (const QString &caption : captions) {
+        auto *option = new QRadioButton(caption);
+        group->addButton(option, int(group->buttons().size()));
+        line->addWidget(option);
+    }
+    group->button(0)->setChecked(true);
+    return group;
+}
+
+QLabel *addLabel(QHBoxLayout *line, const QString &text, QWidget *buddy = nullptr)
+{
+    auto *label = new QLabel(text);
+    label->setBuddy(buddy);
+    line->addWidget(label);
+    return label;
+}
+
+QPushButton *addCommand(QHBoxLayout *line, const QString &caption, const QString &icon)
+{
+    auto *button = new QPushButton(QIcon(icon), caption);
+    button->setAutoDefault(false);
+    line->addWidget(button);
+    return button;
+}
+
+}
+
+CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
+    : KDialog(parent)
+    , m_year(new QSpinBox)
+    , m_minimumAmount(new KEdit(KEdit::Kind::Money))
+    , m_list(new KExtListCtrl)
+{
+    SetFormName(QStringLiteral("AutomobilReportSeasons"));
+    CheckSecurity();
+    setWindowTitle(QStringLiteral("گزارش فصلي"));
+    SetSettingName(section);
+    m_list->setAccessibleName(windowTitle());
+    m_list->SetSettingName(section + QStringLiteral("\\List"));
+    connect(m_list, &KExtListCtrl::columnClicked, this, &CDlgAutomobilReportSeasons::sortBy);
+    connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAutomobilReportSeasons::editParty);
+    connect(&m_task, &SeasonalTask::rowsArrived, this, &CDlgAutomobilReportSeasons::takeRows);
+    connect(&m_task, &SeasonalTask::ended, this, &CDlgAutomobilReportSeasons::finish);
+    connect(&m_task, &SeasonalTask::failed, this, &CDlgAutomobilReportSeasons::fail);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildChoices());
+    layout->addWidget(m_list, 1);
+    layout->addWidget(buildProgress());
+    layout->addWidget(buildTotals());
+    layout->addWidget(buildCommands());
+    setMinimumSize(900, 480);
+    resize(1180, 660);
+    m_minimumAmount->setText(ReadSetting(section, minimumKey, DToStr(highestMinimumAmount)));
+}
+
+CDlgAutomobilReportSeasons::~CDlgAutomobilReportSeasons() = default;
+
+QWidget *CDlgAutomobilReportSeasons::buildChoices()
+{
+    auto *box = new QWidget;
+    auto *lines = new QVBoxLayout(box);
+    lines->setContentsMargins(0, 0, 0, 0);
+    auto *first = new QHBoxLayout;
+    m_seasons = addOptions(first, {QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان")}, this);
+    first->addSpacing(24);
+    const QString yearLabel = QStringLiteral("سال :");
+    addLabel(first, yearLabel, m_year);
+    m_year->setAccessibleName(yearLabel);
+    m_year->setRange(firstShamsiYear, lastShamsiYear);
+    m_year->setAlignment(Qt::AlignCenter);
+    m_year->setMinimumWidth(90);
+    first->addWidget(m_year);
+    first->addSpacing(24);
+    m_kinds = addOptions(first, {QStringLiteral("فروش"), QStringLiteral("خريد")}, this);
+    first->addStretch(1);
+
+    auto *second = new QHBoxLayout;
+    const QString before = QStringLiteral("مبالغ کمتر از ");
+    addLabel(second, before, m_minimumAmount);
+    m_minimumAmount->setAccessibleName(before);
+    m_minimumAmount->setRange(0, highestMinimumAmount);
+    m_minimumAmount->setMinimumWidth(150);
+    second->addWidget(m_minimumAmount);
+    addLabel(second, QStringLiteral("ريال مجموعاً در يک رديف بيايند"));
+    second->addSpacing(24);
+    m_show = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), showCaption);
+    m_show->setDefault(true);
+    connect(m_show, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::refresh);
+    second->addWidget(m_show);
+    second->addStretch(1);
+    lines->addLayout(first);
+    lines->addLayout(second);
+    return box;
+}
+
+QWidget *CDlgAutomobilReportSeasons::buildProgress()
+{
+    m_progress = new QWidget;
+    QSizePolicy policy = m_progress->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // the list does not jump
+    m_progress->setSizePolicy(policy);
+    auto *line = new QHBoxLayout(m_progress);
+    line->setContentsMargins(0, 0, 0, 0);
+    m_progressText = addLabel(line, {});
+    auto *bar = new QProgressBar;
+    bar->setRange(0, 0);
+    bar->setTextVisible(false);
+    bar->setAccessibleName(QStringLiteral("پیشرفت"));
+    line->addWidget(bar, 1);
+    QPushButton *stop = addCommand(line, QStringLiteral("توقف"), QStringLiteral(":/icons/close.svg"));
+    connect(stop, &QPushButton::clicked, this, [this] { m_task.cancel(); });
+    m_progress->hide();
+    return m_progress;
+}
+
+QWidget *CDlgAutomobilReportSeasons::buildTotals()
+{
+    auto *box = new QWidget;
+    auto *line = new QHBoxLayout(box);
+    line->setContentsMargins(0, 0, 0, 0);
+    const std::array<QString, TotalCount> labels{QStringLiteral("مبلغ :"), QStringLiteral("ارزش افزوده :"), QStringLiteral("عوارض :"),
+                                                 QStringLiteral("تخفيف :"), QStringLiteral("جمع :")};
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        auto *edit = new KEdit(KEdit::Kind::Money);
+        edit->setAccessibleName(labels[i]);
+        edit->setReadOnly(true);
+        QLabel *label = addLabel(line, labels[i], edit);
+        line->addWidget(edit, 1);
+        m_totals[i] = edit;
+        // The duties are part of the tax column already.
+        label->setVisible(i != Duties);
+        edit->setVisible(i != Duties);
+    }
+    return box;
+}
+
+QWidget *CDlgAutomobilReportSeasons::buildCommands()
+{
+    auto *box = new QWidget;
+    auto *line = new QHBoxLayout(box);
+    line->setContentsMargins(0, 0, 0, 0);
+    QPushButton *company = addCommand(line, QStringLiteral("مشخصات شرکت/فروشگاه"), QStringLiteral(":/icons/settings.svg"));
+    connect(company, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::editCompany);
+    m_export = addCommand(line, QStringLiteral("تهيه فايل خروجي اداره ماليات"), QStringLiteral(":/icons/save.svg"));
+    connect(m_export, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::exportSeason);
+    m_print = addCommand(line, QStringLiteral("چاپ"), QStringLiteral(":/icons/print.svg"));
+    connect(m_print, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::print);
+    connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, m_print, &QPushButton::click);
+    QPushButton *payable = addCommand(line, QStringLiteral("مبلغ قابل پرداخت"), QStringLiteral(":/icons/money.svg"));
+    connect(payable, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::showPayable);
+    line->addStretch(1);
+    QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بازگشت"));
+    m_close = buttons->findChildren<QPushButton *>().constFirst();
+    m_close->setAutoDefault(false);
+    line->addWidget(buttons);
+    return box;
+}
+
+// The stored minimum amount gives way to the highest one each time the window opens.
+void CDlgAutomobilReportSeasons::openOnToday()
+{
+    const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
+    m_minimumAmount->setNumber(highestMinimumAmount);
+    m_seasons->button(Season::ofMonth(today.month))->setChecked(true);
+    m_year->setValue(today.year);
+    m_list->setColumns(seasonalColumns(query().kind));
+    startGathering();
+}
+
+void CDlgAutomobilReportSeasons::showEvent(QShowEvent *event)
+{
+    KDialog::showEvent(event);
+    if (m_opened)
+        return;
+    m_opened = true;
+    openOnToday();
+    m_list->setFocus();
+}
+
+SeasonalGathering::Query CDlgAutomobilReportSeasons::query() const
+{
+    SeasonalGathering::Query query;
+    query.kind = m_kinds->checkedId() == 0 ? SeasonalGathering::Kind::Sales : SeasonalGathering::Kind::Purchases;
+    query.season = m_seasons->checkedId();
+    query.shamsiYear = m_year->value();
+    query.minimumAmount = m_minimumAmount->number();
+    query.departmentID = GetDBSetting()->GetDepartmentID();
+    query.kindFromMark = GetDBSetting()->NaturalPersonByMark();
+    query.company = CompanyDetails::read();
+    return query;
+}
+
+bool CDlgAutomobilReportSeasons::isEntryGood()
+{
+    m_year->interpretText();
+    if (m_minimumAmount->isEntryValid())
+        return true;
+    g_pDlgWarning->Show(m_minimumAmount->accessibleName() + m_minimumAmount->entryError(), this);
+    m_minimumAmount->setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+void CDlgAutomobilReportSeasons::refresh()
+{
+    if (!isBusy() && isEntryGood())
+        startGathering();
+}
+
+void CDlgAutomobilReportSeasons::startGathering()
+{
+    m_gathered = query();
+    m_rows = std::make_shared<SeasonalList>();
+    m_shownRows = 0;
+    m_list->listModel()->setSource(m_rows);
+    if (m_sortedColumn >= 0)
+        m_list->setColumnTitle(m_sortedColumn, m_list->listModel()->columns().at(m_sortedColumn).title.chopped(1));
+    m_sortedColumn = -1;
+    showTotals({});
+    m_task.start(m_gathered);
+    setBusy(true);
+}
+
+void CDlgAutomobilReportSeasons::setBusy(bool busy)
+{
+    m_show->setText(busy ? QStringLiteral("لطفا صبر کنید...") : QStringLiteral("نمایش"));
+    for (QPushButton *button : {m_show, m_print, m_close, m_export})
+        button->setDisabled(busy);
+    m_progressText->setText(QStringLiteral("در حال گردآوری"));
+    m_progress->setVisible(busy);
+    setCursor(busy ? Qt::BusyCursor : Qt::ArrowCursor);
+    if (!busy) {
+        m_list->setFocus();
+        Q_EMIT idle();
+    }
+}
+
+// The list lays itself out anew as a whole each time it grows, so it is told in steps that grow with it.
+void CDlgAutomobilReportSeasons::takeRows(const QVector<SeasonalRow> &rows)
+{
+    m_rows->append(rows);
+    m_progressText->setText(QStringLiteral("در حال گردآوری : %1 ردیف").arg(m_rows->count()));
+    if (m_rows->count() < 2 * m_shownRows)
+        return;
+    m_shownRows = m_rows->count();
+    m_list->listModel()->sourceGrew();
+}
+
+void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcome)
+{
+    if (outcome.cancelled) {
+        // Part of a season is no report of it.
+        m_rows = std::make_shared<SeasonalList>();
+        m_list->listModel()->setSource(m_rows);
+        setBusy(false);
+        return;
+    }
+    m_list->listModel()->sourceGrew();
+    m_list->selectRow(0);
+    showTotals(outcome.totals);
+    setBusy(false);
+    if (outcome.tooLongAddresses > 0) {
+        g_pDlgWarning->Show(QStringLiteral("%1 آدرس دارای طول بیش از %2 کاراکتر می باشند، لطفا اصلاح بفرمایید.")
+                                .arg(outcome.tooLongAddresses)
+                                .arg(TaxParty::longestAddress),
+                            this);
+    }
+}
+
+void CDlgAutomobilReportSeasons::fail(const std::exception_ptr &error)
+{
+    m_rows = std::make_shared<SeasonalList>();
+    m_list->listModel()->setSource(m_rows);
+    setBusy(false);
+    KErrorBoundary::report(error, this);
+}
+
+void CDlgAutomobilReportSeasons::showTotals(const SeasonalTotals &totals)
+{
+    m_totals[Amount]->setNumber(totals.amount);
+    m_totals[Tax]->setNumber(totals.tax);
+    m_totals[Duties]->setNumber(0);
+    m_totals[Discount]->setNumber(totals.discount);
+    m_totals[FinalAmount]->setNumber(totals.total);
+}
+
+void CDlgAutomobilReportSeasons::sortBy(int column)
+{
+    if (isBusy() || !m_rows || column < 0 || column >= SeasonalRow::ColumnCount)
+        return;
+    const KWaitCursor wait;
+    KListModel *model = m_list->listModel();
+    const int selected = m_list->currentKey();
+    m_descending = column == m_sortedColumn && !m_descending;
+    if (m_sortedColumn >= 0)
+        m_list->setColumnTitle(m_sortedColumn, model->columns().at(m_sortedColumn).title.chopped(1));
+    m_sortedColumn = column;
+    m_list->setColumnTitle(column, model->columns().at(column).title + u'*');
+    m_rows->sort(column, m_descending);
+    model->sourceChanged();
+    m_list->selectKey(selected);
+}
+
+// The party of the row is mended in the list of persons, and every row that names it follows.
+void CDlgAutomobilReportSeasons::editParty(int key)
+{
+    const SeasonalRow *row = m_rows ? m_rows->find(key) : nullptr;
+    if (isBusy() || !row || !row->party || row->party->personID == 0)
+        return;
+    const int personID = row->party->personID;
+    KSecurity persons;
+    persons.SetFormName(QStringLiteral("Persons"));
+    if (persons.CheckModifySecurity(0) && !GetDBSetting()->IsClosedDB())
+        CDlgAddPerson::Edit(this, personID);
+    else if (persons.CheckReadSecurity())
+        CDlgAddPerson::Show(this, personID);
+    CTblPersons person;
+    if (!person.IsRecordExist(QStringLiteral("iID"), personID))
+        return;
+    m_rows->setParty(personID, SeasonalGathering::partyOf(person, m_gathered.kindFromMark));
+    m_list->listModel()->sourceChanged();
+}
+
+void CDlgAutomobilReportSeasons::editCompany()
+{
+    CDlgAddCompanyProps(this).exec();
+}
+
+void CDlgAutomobilReportSeasons::showPayable()
+{
+    if (isEntryGood())
+        CDlgPaymentAmount(m_seasons->checkedId(), quint16(m_year->value()), this).exec();
+}
+
+// What the file says of itself comes from the fields; rows of another season must not go under it unnoticed.
+bool CDlgAutomobilReportSeasons::stillAsGathered()
+{
+    const SeasonalGathering::Query now = query();
+    if (now.kind == m_gathered.kind && now.season == m_gathered.season && now.shamsiYear == m_gathered.shamsiYear)
+        return true;
+    return g_pDlgYesNo->Ask(QStringLiteral("فصل، سال یا نوع گزارش پس از آخرین نمایش تغییر کرده است و ردیف های لیست با آن یکی نیست. "
+                                           "آیا فایل با همین ردیف ها تهیه شود؟"),
+                            this)
+        == KMessageDialog::Yes;
+}
+
+void CDlgAutomobilReportSeasons::exportSeason()
+{
+    if (isBusy() || !m_rows || !isEntryGood() || !stillAsGathered())
+        return;
+    SeasonalExport::Report report;
+    report.kind = m_kinds->checkedId() == 0 ? SeasonalExport::Kind::Sales : SeasonalExport::Kind::Purchases;
+    report.season = m_seasons->checkedId();
+    report.year = QString::number(m_year->value());
+    report.rowCount = m_rows->count();
+    report.cells = [rows = m_rows](int row) { return rows->at(row).texts(); };
+    exportSeasonWithDialogs(this, report);
+}
+
+ListReport CDlgAutomobilReportSeasons::listReport() const
+{
+    const QString title = QStringLiteral("گزارشات");
+    const QStringList seasons{QStringLiteral(" بهار "), QStringLiteral(" تابستان "), QStringLiteral(" پاییز "), QStringLiteral(" زمستان ")};
+    ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("گزارش فصلي"));
+    report.setText(QStringLiteral("RightTop"), CompanyDetails::read().name());
+    report.setText(QStringLiteral("RightCenter"), seasons.value(m_gathered.season) + QStringLiteral(" سال : ") + QString::number(m_gathered.shamsiYear));
+    report.setText(QStringLiteral("RightBottom"), m_kinds->button(int(m_gathered.kind))->text());
+    report.setText(QStringLiteral("LeftBottom"),
+                   QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+    const auto total = [this](Total which) { return m_totals[which]->text(); };
+    report.setText(QStringLiteral("Count"), QStringLiteral("تعداد ردیف : %1").arg(m_list->count()));
+    report.setText(QStringLiteral("Amount"), QStringLiteral("مبلغ : %1").arg(total(Amount)));
+    report.setText(QStringLiteral("Tax"), QStringLiteral("مالیات : %1").arg(total(Tax)));
+    report.setText(QStringLiteral("Discount"), QStringLiteral("تخفیف : %1").arg(total(Discount)));
+    report.setText(QStringLiteral("FinalAmount"), QStringLiteral("جمع : %1").arg(total(FinalAmount)));
+
+    report.setTable(QStringLiteral("List"), m_list);
+    report.addFooter({{SeasonalRow::Amount, QStringLiteral("جمع مبلغ"), total(Amount)},
+                      {SeasonalRow::Tax, QStringLiteral("جمع مالیات"), total(Tax)},
+                      {SeasonalRow::Discount, QStringLiteral("جمع تخفیف"), total(Discount)},
+                      {SeasonalRow::Total, QStringLiteral("جمع کل"), total(FinalAmount)}});
+    if (!report.loadLayout())
+        report.buildStandard(title);
+    return report;
+}
+
+void CDlgAutomobilReportSeasons::print()
+{
+    if (!isBusy() && CheckPrintListSecurity())
+        CDlgReportGenerator(listReport(), this).ShowReport();
+}
+
+// While the rows are gathered the window stays.
+void CDlgAutomobilReportSeasons::done(int result)
+{
+    if (isBusy())
+        return;
+    WriteSetting(section, minimumKey, DToStr(m_minimumAmount->number()));
+    KDialog::done(result);
+}

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/reports/SeasonalGathering.h"
+#include "auto/reports/SeasonalTask.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/ListReport.h"
+#include "suite/utility/KDialog.h"
+
+#include <array>
+#include <memory>
+
+class KEdit;
+class KExtListCtrl;
+class QButtonGroup;
+class QLabel;
+class QPushButton;
+class QSpinBox;
+class QWidget;
+class SeasonalList;
+
+// The seasonal tax report ("گزارش فصلي"): what the dealership sold or bought in a season, party by party, to be looked at,
+// mended, printed and written into the tax authority's file. The rows are gathered on a thread of their own.
+class CDlgAutomobilReportSeasons : public KDialog, private KSecurity
+{
+    Q_OBJECT
+
+public:
+    // The highest amount that small contracts may be summed below, and what the window opens with; in the money unit.
+    static constexpr double highestMinimumAmount = 16'400'000;
+
+    explicit CDlgAutomobilReportSeasons(QWidget *parent = nullptr);
+    ~CDlgAutomobilReportSeasons() override;
+
+    // Whether the user may open it; tells one who may not.
+    using KSecurity::CheckAccessSecurity;
+
+    // What the controls ask for now.
+    SeasonalGathering::Query query() const;
+    // Gathers the rows anew, on the other thread; nothing while it does so already.
+    void refresh();
+    bool isBusy() const { return m_task.isRunning(); }
+
+    KExtListCtrl *list() const { return m_list; }
+    QSpinBox *year() const { return m_year; }
+    KEdit *minimumAmount() const { return m_minimumAmount; }
+    QButtonGroup *seasons() const { return m_seasons; }
+    QButtonGroup *kinds() const { return m_kinds; }
+    // The list as it goes on paper.
+    ListReport listReport() const;
+
+Q_SIGNALS:
+    // The gathering ended, well or not, and the window is idle again.
+    void idle();
+
+public Q_SLOTS:
+    void print();
+    void exportSeason();
+    void showPayable();
+    void editCompany();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void done(int result) override;
+
+private:
+    enum Total {
+        Amount,
+        Tax,
+        Duties,
+        Discount,
+        FinalAmount,
+        TotalCount
+    };
+
+    QWidget *buildChoices();
+    QWidget *buildTotals();
+    QWidget *buildProgress();
+    QWidget *buildCommands();
+    void openOnToday();
+    void startGathering();
+    void takeRows(const QVector<SeasonalRow> &rows);
+    void finish(const SeasonalGathering::Outcome &outcome);
+    void fail(const std::exception_ptr &error);
+    void setBusy(bool busy);
+    void showTotals(const SeasonalTotals &totals);
+    void sortBy(int column);
+    void editParty(int key);
+    bool isEntryGood();
+    bool stillAsGathered();
+
+    SeasonalTask m_task;
+    std::shared_ptr<SeasonalList> m_rows;
+    SeasonalGathering::Query m_gathered; // what the rows were gathered by
+    int m_shownRows = 0;                 // of them, as far as the list was told
+    int m_sortedColumn = -1;
+    bool m_descending = false;
+    bool m_opened = false;
+    QButtonGroup *m_seasons;
+    QButtonGroup *m_kinds;
+    QSpinBox *m_year;
+    KEdit *m_minimumAmount;
+    KExtListCtrl *m_list;
+    std::array<KEdit *, TotalCount> m_totals{};
+    QWidget *m_progress = nullptr;
+    QLabel *m_progressText = nullptr;
+    QPushButton *m_show = nullptr;
+    QPushButton *m_print = nullptr;
+    QPushButton *m_close = nullptr;
+    QPushButton *m_export = nullptr;
+};

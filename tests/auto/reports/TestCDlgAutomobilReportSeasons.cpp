@@ -1,0 +1,427 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/CAutoDBSetting.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/reports/CDlgAutomobilReportSeasons.h"
+#include "auto/reports/SeasonalColumns.h"
+#include "auto/reports/SeasonalList.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/office/TestOffice.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+
+using Contract = CTblAutomobilContracts;
+using Window = CDlgAutomobilReportSeasons;
+
+namespace {
+
+constexpr int waitMilliseconds = 20'000;
+
+QPushButton *button(const QWidget &window, const QString &caption)
+{
+    const QList<QPushButton *> buttons = window.findChildren<QPushButton *>();
+    const auto found =
+        std::find_if(buttons.cbegin(), buttons.cend(), [&](const QPushButton *candidate) { return candidate->text() == caption; });
+    return found == buttons.cend() ? nullptr : *found;
+}
+
+QString total(const QWidget &window, const QString &label)
+{
+    const QList<KEdit *> edits = window.findChildren<KEdit *>();
+    for (const KEdit *edit : edits) {
+        if (edit->accessibleName() == label)
+            return edit->text();
+    }
+    return QStringLiteral("there is no ") + label;
+}
+
+void waitUntilIdle(Window &window)
+{
+    QTRY_VERIFY_WITH_TIMEOUT(!window.isBusy(), waitMilliseconds);
+}
+
+}
+
+class TestCDlgAutomobilReportSeasons : public QObject
+{
+    Q_OBJECT
+
+    TestOffice m_office;
+
+    // In the season and the year that the window opens on.
+    static QDateTime thisSeason()
+    {
+        const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
+        const int season = qMax(0, today.month / 3 - 1);
+        return QDateTime(ConvertToMiladi(today.year, season * 3 + 1, 5), QTime(10, 0), Qt::UTC);
+    }
+
+    void addContract(double commission, const std::function<void(Contract &)> &set = {})
+    {
+        m_office.addContract([&](Contract &contract) {
+            contract.m_dateContract = thisSeason();
+            contract.m_dCommission = commission;
+            if (set)
+                set(contract);
+        });
+    }
+
+private Q_SLOTS:
+    void init() { m_office.clear(); }
+
+    void opensOnTodayAndGathersOnce()
+    {
+        addContract(20'000'000);
+        addContract(100);
+        WriteSetting(QStringLiteral("DlgAutomobilReportSeasons"), QStringLiteral("dMinAmount"), QStringLiteral("5000"));
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
+        QCOMPARE(window.windowTitle(), QStringLiteral("گزارش فصلي"));
+        QCOMPARE(window.year()->value(), today.year);
+        QCOMPARE(window.seasons()->checkedId(), qMax(0, today.month / 3 - 1));
+        QCOMPARE(window.kinds()->checkedId(), 0);
+        // Over the stored one.
+        QCOMPARE(window.minimumAmount()->number(), 16'400'000.0);
+        QCOMPARE(window.list()->count(), 3);
+        QCOMPARE(total(window, QStringLiteral("مبلغ :")), QStringLiteral("40,000,200"));
+        QCOMPARE(total(window, QStringLiteral("جمع :")), QStringLiteral("40,000,200"));
+        QCOMPARE(total(window, QStringLiteral("تخفيف :")), QStringLiteral("0"));
+        QCOMPARE(total(window, QStringLiteral("ارزش افزوده :")), QStringLiteral("0"));
+    }
+
+    void captionsOfTheControls()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        for (const char *caption : {"مشخصات شرکت/فروشگاه", "تهيه فايل خروجي اداره ماليات", "چاپ", "مبلغ قابل پرداخت", "بازگشت", "نمایش"})
+            QVERIFY2(button(window, QString::fromUtf8(caption)), caption);
+        QStringList options;
+        for (const QButtonGroup *group : {window.seasons(), window.kinds()}) {
+            for (const QAbstractButton *option : group->buttons())
+                options.append(option->text());
+        }
+        QCOMPARE(options, (QStringList{QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان"), QStringLiteral("فروش"), QStringLiteral("خريد")}));
+        QStringList labels;
+        for (const QLabel *label : window.findChildren<QLabel *>())
+            labels.append(label->text());
+        for (const char *label : {"سال :", "مبالغ کمتر از ", "ريال مجموعاً در يک رديف بيايند", "مبلغ :", "ارزش افزوده :", "تخفيف :", "جمع :"})
+            QVERIFY2(labels.contains(QString::fromUtf8(label)), label);
+        // The duties exist and are hidden.
+        QCOMPARE(total(window, QStringLiteral("عوارض :")), QStringLiteral("0"));
+        for (const QLabel *label : window.findChildren<QLabel *>())
+            QCOMPARE(label->text() == QStringLiteral("عوارض :"), label->text() == QStringLiteral("عوارض :") && label->isHidden());
+    }
+
+    void titlesStayThoseOfTheKindThatTheWindowOpenedWith()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        QCOMPARE(window.list()->listModel()->columnCount(), 30);
+        window.kinds()->button(1)->setChecked(true);
+        window.refresh();
+        waitUntilIdle(window);
+        QCOMPARE(window.list()->listModel()->columns().at(11).title, QStringLiteral("نام خریدار"));
+        const QVector<KListModel::Column> purchases = seasonalColumns(SeasonalGathering::Kind::Purchases);
+        QCOMPARE(purchases.at(1).title, QStringLiteral("کد خدمت"));
+        QCOMPARE(purchases.at(2).title, QStringLiteral("نام خدمت"));
+        QCOMPARE(purchases.at(11).title, QStringLiteral("نام فروشنده"));
+        QCOMPARE(purchases.at(15).title, QStringLiteral("نوع فروشنده"));
+    }
+
+    void whileBusyTheWindowCannotBeClosed()
+    {
+        addContract(20'000'000);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        const QSignalSpy idle(&window, &Window::idle);
+        QPushButton *show = button(window, QStringLiteral("نمایش"));
+        window.refresh();
+        QVERIFY(window.isBusy());
+        QCOMPARE(show->text(), QStringLiteral("لطفا صبر کنید..."));
+        QVERIFY(!show->isEnabled());
+        QVERIFY(!button(window, QStringLiteral("چاپ"))->isEnabled());
+        QVERIFY(!button(window, QStringLiteral("بازگشت"))->isEnabled());
+        window.reject();
+        window.close();
+        QVERIFY(window.isVisible());
+        window.refresh(); // a second one does not start
+        waitUntilIdle(window);
+        QCOMPARE(idle.count(), 1);
+        QCOMPARE(show->text(), QStringLiteral("نمایش"));
+        for (const QString &caption : {QStringLiteral("نمایش"), QStringLiteral("چاپ"), QStringLiteral("بازگشت")})
+            QVERIFY(button(window, caption)->isEnabled());
+        QCOMPARE(window.list()->count(), 2);
+        window.reject();
+        QVERIFY(!window.isVisible());
+    }
+
+    void aStoppedGatheringLeavesNoPartOfASeason()
+    {
+        for (int i = 0; i < 6000; ++i) {
+            m_office.database().run(QStringLiteral("INSERT INTO AutomobilContracts SET dateContract='%1', iCode=%2, dCommission=20000000")
+                                        .arg(thisSeason().date().toString(Qt::ISODate))
+                                        .arg(i));
+        }
+        Window window;
+        window.show();
+        QVERIFY(window.isBusy());
+        button(window, QStringLiteral("توقف"))->click();
+        waitUntilIdle(window);
+        QCOMPARE(window.list()->count(), 0);
+        window.refresh();
+        waitUntilIdle(window);
+        QCOMPARE(window.list()->count(), 12'000);
+    }
+
+    void anErrorOfTheDatabaseIsToldOnce()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        m_office.database().run(QStringLiteral("RENAME TABLE FactorStuffs TO Away, Factors TO AwayToo"));
+        window.refresh();
+        waitUntilIdle(window);
+        m_office.database().run(QStringLiteral("RENAME TABLE Away TO FactorStuffs, AwayToo TO Factors"));
+        QCOMPARE((g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown()).size(), 1);
+        QVERIFY(button(window, QStringLiteral("نمایش"))->isEnabled());
+        window.refresh();
+        waitUntilIdle(window);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void tooLongAddressesAreToldAndMarked()
+    {
+        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"), [](CTblPersons &record) {
+            record.m_sAddress = QString(81, u'ن');
+        });
+        addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonSecondID = person; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("1 آدرس دارای طول بیش از 80 کاراکتر می باشند، لطفا اصلاح بفرمایید.")});
+        const KListModel *model = window.list()->listModel();
+        QCOMPARE(model->index(1, 10).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));
+        QCOMPARE(model->index(1, 10).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
+        QVERIFY(!model->index(0, 10).data(Qt::BackgroundRole).isValid());
+    }
+
+    void activatingARowMendsItsParty()
+    {
+        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"),
+                                              [](CTblPersons &record) { record.m_sAddress = QString(90, u'ن'); });
+        addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = person; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        TestOffice::whenModal("CDlgAddPerson", [](QWidget *editor) {
+            const QList<QLineEdit *> edits = editor->findChildren<QLineEdit *>();
+            for (QLineEdit *edit : edits) {
+                if (edit->text().size() == 90)
+                    edit->setText(QStringLiteral("تهران"));
+            }
+            static_cast<QDialog *>(editor)->accept();
+        });
+        Q_EMIT window.list()->rowActivated(1);
+        for (const int row : {0, 1}) {
+            QCOMPARE(window.list()->cellText(row, 10), QStringLiteral("تهران"));
+            QVERIFY(!window.list()->listModel()->index(row, 10).data(Qt::BackgroundRole).isValid());
+        }
+    }
+
+    void activatingARowOfNobodyOpensNothing()
+    {
+        addContract(20'000'000);
+        addContract(1);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        for (int key = 1; key <= 3; ++key)
+            Q_EMIT window.list()->rowActivated(key);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void aPersonDeletedMeanwhileLeavesTheCells()
+    {
+        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = person; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        m_office.database().run(QStringLiteral("DELETE FROM Persons"));
+        Q_EMIT window.list()->rowActivated(1);
+        QCOMPARE(window.list()->cellText(0, 11), QStringLiteral("علی"));
+    }
+
+    void columnsOfNumbersSortAsNumbers()
+    {
+        for (const double commission : {20'000'000., 100'000'000., 3'000'000'000.})
+            addContract(commission);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        const auto amounts = [&window] {
+            QStringList texts;
+            for (int row = 0; row < window.list()->count(); row += 2)
+                texts.append(window.list()->cellText(row, 4));
+            return texts;
+        };
+        const QStringList up{QStringLiteral("20,000,000"), QStringLiteral("100,000,000"), QStringLiteral("3,000,000,000")};
+        Q_EMIT window.list()->columnClicked(4);
+        QCOMPARE(amounts(), up);
+        QCOMPARE(window.list()->listModel()->columns().at(4).title, QStringLiteral("مبلغ*"));
+        Q_EMIT window.list()->columnClicked(4);
+        QCOMPARE(amounts(), QStringList(up.crbegin(), up.crend()));
+        Q_EMIT window.list()->columnClicked(11);
+        QCOMPARE(window.list()->listModel()->columns().at(4).title, QStringLiteral("مبلغ"));
+        window.refresh();
+        waitUntilIdle(window);
+        QCOMPARE(window.list()->listModel()->columns().at(11).title, QStringLiteral("نام خریدار"));
+    }
+
+    void aMinimumAmountAboveTheHighestIsRefused()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        window.minimumAmount()->setText(QStringLiteral("16400001"));
+        window.refresh();
+        QVERIFY(!window.isBusy());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        window.minimumAmount()->setText(QStringLiteral("7000"));
+        window.reject();
+        QCOMPARE(ReadSetting(QStringLiteral("DlgAutomobilReportSeasons"), QStringLiteral("dMinAmount"), QString()), QStringLiteral("7000"));
+    }
+
+    void payableAmountIsOfTheChosenSeason()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        addContract(500);
+        QString sales;
+        TestOffice::whenModal("CDlgPaymentAmount", [&sales](QWidget *dialog) {
+            sales = total(*dialog, QStringLiteral("جمع فروش :"));
+            dialog->close();
+        });
+        button(window, QStringLiteral("مبلغ قابل پرداخت"))->click();
+        QCOMPARE(sales, QStringLiteral("1,000"));
+    }
+
+    void companyDetailsOpen()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        bool opened = false;
+        TestOffice::whenModal("CDlgAddCompanyProps", [&opened](QWidget *dialog) {
+            opened = true;
+            dialog->close();
+        });
+        button(window, QStringLiteral("مشخصات شرکت/فروشگاه"))->click();
+        QVERIFY(opened);
+    }
+
+    void reportOnPaper()
+    {
+        addContract(20'000'000, [](Contract &contract) {
+            contract.m_dTax = 5;
+            contract.m_dDiscountFirst = 7;
+        });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        const ListReport report = window.listReport();
+        QCOMPARE(report.shownTitle(), QStringLiteral("گزارشات"));
+        QVERIFY(report.text(QStringLiteral("RightCenter")).endsWith(QStringLiteral(" سال : %1").arg(window.year()->value())));
+        QVERIFY(report.text(QStringLiteral("LeftBottom")).startsWith(QStringLiteral("تاریخ چاپ : ")));
+        QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد ردیف : 2"));
+        QCOMPARE(report.text(QStringLiteral("Amount")), QStringLiteral("مبلغ : 40,000,000"));
+        QCOMPARE(report.text(QStringLiteral("Tax")), QStringLiteral("مالیات : 5"));
+        QCOMPARE(report.text(QStringLiteral("Discount")), QStringLiteral("تخفیف : 7"));
+        QCOMPARE(report.text(QStringLiteral("FinalAmount")), QStringLiteral("جمع : 39,999,998"));
+        QCOMPARE(report.rows().size(), 2 + 2);
+        const QVector<KListModel::Cell> titles = report.rows().at(2).cells;
+        const QVector<KListModel::Cell> sums = report.rows().at(3).cells;
+        QCOMPARE(titles.at(4).text, QStringLiteral("جمع مبلغ"));
+        QCOMPARE(titles.at(5).text, QStringLiteral("جمع مالیات"));
+        QCOMPARE(titles.at(20).text, QStringLiteral("جمع تخفیف"));
+        QCOMPARE(titles.at(21).text, QStringLiteral("جمع کل"));
+        QCOMPARE(sums.at(21).text, QStringLiteral("39,999,998"));
+    }
+
+    void exportAsksWhenTheFieldsAreNotThoseOfTheRows()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        window.kinds()->button(1)->setChecked(true);
+        window.exportSeason();
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        window.kinds()->button(0)->setChecked(true);
+        // Without the dealership's own details the export goes no further; the question is not asked.
+        window.exportSeason();
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 0);
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    }
+
+    void entryOpensItModallyForWhoMay()
+    {
+        bool opened = false;
+        TestOffice::whenModal("CDlgAutomobilReportSeasons", [&opened](QWidget *widget) {
+            auto *window = static_cast<Window *>(widget);
+            waitUntilIdle(*window);
+            opened = true;
+            window->reject();
+        });
+        GetAutoDBSetting()->ShowAutomobilReportSeasonsDlg();
+        QVERIFY(opened);
+    }
+
+    void withoutAccessNothingOpens()
+    {
+        m_office.logInAs(QStringLiteral("reza"), QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+        GetAutoDBSetting()->ShowAutomobilReportSeasonsDlg();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::Access)});
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void printingNeedsItsRight()
+    {
+        m_office.logInAs(QStringLiteral("reza"), QStringLiteral("AutomobilReportSeasons"), KSecurity::Access);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        window.print();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::PrintList)});
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgAutomobilReportSeasons>(argc, argv);
+}
+
+#include "TestCDlgAutomobilReportSeasons.moc"
