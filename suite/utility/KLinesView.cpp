@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KLinesView.h"
+
+#include <QComboBox>
+#include <QCompleter>
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <functional>
+
+#include "suite/utility/KEdit.h"
+#include "suite/utility/ListRoles.h"
+#include "suite/utility/Money.h"
+
+namespace {
+
+constexpr double largestCount = 999999999;
+constexpr int countDecimals = 4;
+
+bool isEnter(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
+
+bool isPlain(const QKeyEvent *event)
+{
+    return (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+class LineDelegate : public QStyledItemDelegate
+{
+public:
+    LineDelegate(KLinesView *view, std::function<void()> stepOn)
+        : QStyledItemDelegate(view)
+        , m_view(view)
+        , m_stepOn(std::move(stepOn))
+    {
+    }
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &index) const override
+    {
+        const KLinesModel::Column &column = m_view->linesModel()->columns().at(index.column());
+        QWidget *editor = column.kind == KLinesModel::Kind::Choice ? makeChoice(column, parent) : makeEdit(column, parent);
+        editor->setAccessibleName(column.title);
+        return editor;
+    }
+
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override
+    {
+        if (auto *combo = qobject_cast<QComboBox *>(editor)) {
+            combo->setCurrentIndex(combo->findData(index.data(KLinesModel::KeyRole)));
+            combo->setEditText(index.data(Qt::EditRole).toString());
+            combo->lineEdit()->selectAll();
+            return;
+        }
+        auto *edit = static_cast<KEdit *>(editor);
+        if (edit->kind() == KEdit::Kind::Text)
+            edit->setText(index.data(Qt::EditRole).toString());
+        else if (const double number = index.data(Qt::EditRole).toDouble(); !IsEquals(number, 0))
+            edit->setNumber(number);
+        edit->selectAll();
+    }
+
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override
+    {
+        if (const auto *combo = qobject_cast<QComboBox *>(editor)) {
+            model->setData(index, combo->currentText());
+            return;
+        }
+        const auto *edit = static_cast<KEdit *>(editor);
+        if (edit->kind() == KEdit::Kind::Text)
+            model->setData(index, edit->text());
+        else
+            model->setData(index, edit->number());
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *editor = qobject_cast<QWidget *>(watched);
+        if (editor && event->type() == QEvent::KeyPress) {
+            const auto *key = static_cast<QKeyEvent *>(event);
+            if (isEnter(key) && isPlain(key)) {
+                take(editor);
+                m_stepOn();
+                return true;
+            }
+            if (isEnter(key)) {
+                // Ctrl+Enter is the window's, but what was typed belongs to what it saves.
+                take(editor);
+                QCoreApplication::postEvent(m_view, new QKeyEvent(QEvent::KeyPress, key->key(), key->modifiers()));
+                return true;
+            }
+        }
+        return QStyledItemDelegate::eventFilter(watched, event);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.data(LeftToRightRole).toBool())
+            option->direction = Qt::LeftToRight;
+    }
+
+private:
+    void take(QWidget *editor)
+    {
+        Q_EMIT commitData(editor);
+        Q_EMIT closeEditor(editor, NoHint);
+    }
+
+    QWidget *makeEdit(const KLinesModel::Column &column, QWidget *parent) const
+    {
+        auto *edit = new KEdit(column.kind == KLinesModel::Kind::Text ? KEdit::Kind::Text : KEdit::Kind::Money, parent);
+        edit->setFrame(false);
+        if (column.kind == KLinesModel::Kind::Text && column.maxLength > 0)
+            edit->setMaxLength(column.maxLength);
+        if (column.kind == KLinesModel::Kind::Number) {
+            // A quantity: as percentages are shown, without needless decimals, but without their bound.
+            edit->setKind(KEdit::Kind::Percent);
+            edit->setDecimals(countDecimals);
+            edit->setRange(0, largestCount);
+        }
+        return edit;
+    }
+
+    QWidget *makeChoice(const KLinesModel::Column &column, QWidget *parent) const
+    {
+        auto *combo = new QComboBox(parent);
+        combo->setEditable(true);
+        combo->setInsertPolicy(QComboBox::NoInsert);
+        combo->setFrame(false);
+        for (const KLinesModel::Choice &choice : column.choices)
+            combo->addItem(choice.text, choice.key);
+        combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
+        combo->completer()->setFilterMode(Qt::MatchContains);
+        combo->lineEdit()->setAccessibleName(column.title);
+        return combo;
+    }
+
+    KLinesView *m_view;
+    std::function<void()> m_stepOn;
+};
+
+}
+
+KLinesView::KLinesView(KLinesModel *lines, QWidget *parent)
+    : QTableView(parent)
+    , m_lines(lines)
+{
+    setLayoutDirection(Qt::RightToLeft);
+    setModel(lines);
+    setItemDelegate(new LineDelegate(this, [this] { stepOn(); }));
+    setSelectionMode(SingleSelection);
+    setAlternatingRowColors(true);
+    setTabKeyNavigation(false);
+    setEditTriggers(DoubleClicked | SelectedClicked | EditKeyPressed | AnyKeyPressed);
+    setVerticalScrollMode(ScrollPerPixel);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 12);
+}
+
+bool KLinesView::isEntryCell(int column) const
+{
+    return m_lines->columns().at(column).kind != KLinesModel::Kind::Computed;
+}
+
+void KLinesView::finishEntry()
+{
+    if (state() != EditingState)
+        return;
+    // Leaving the entry line is what takes its entry.
+    setFocus(Qt::OtherFocusReason);
+    if (QWidget *editor = indexWidget(currentIndex())) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+void KLinesView::goTo(int row, int column)
+{
+    const QModelIndex index = m_lines->index(row, column);
+    setCurrentIndex(index);
+    scrollTo(index);
+    setFocus(Qt::OtherFocusReason);
+}
+
+void KLinesView::addLine()
+{
+    if (m_lines->isReadOnly())
+        return;
+    finishEntry();
+    const int row = currentIndex().isValid() ? currentIndex().row() + 1 : m_lines->rowCount();
+    m_lines->insertLine(row);
+    goTo(row, 0);
+}
+
+void KLinesView::removeCurrentLine()
+{
+    const QModelIndex current = currentIndex();
+    if (m_lines->isReadOnly() || !current.isValid())
+        return;
+    finishEntry();
+    m_lines->removeLine(current.row());
+    // There is always a line to write into.
+    if (m_lines->rowCount() == 0)
+        m_lines->insertLine(0);
+    goTo(qMin(current.row(), m_lines->rowCount() - 1), 0);
+}
+
+void KLinesView::stepOn()
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid()) {
+        leave();
+        return;
+    }
+    const int row = current.row();
+    const bool isLast = row == m_lines->rowCount() - 1;
+    if (isLast && m_lines->isLineEmpty(row) && row > 0) {
+        leave();
+        return;
+    }
+    for (int column = current.column() + 1; column < m_lines->columnCount(); ++column) {
+        if (isEntryCell(column)) {
+            goTo(row, column);
+            return;
+        }
+    }
+    if (isLast && (m_lines->isReadOnly() || m_lines->isLineEmpty(row))) {
+        leave();
+        return;
+    }
+    if (isLast)
+        m_lines->insertLine(row + 1);
+    goTo(row + 1, 0);
+}
+
+// As Enter does in any field of a form: the window knows where to go.
+void KLinesView::leave()
+{
+    setFocus(Qt::OtherFocusReason);
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(parentWidget(), &enter);
+}
+
+void KLinesView::keyPressEvent(QKeyEvent *event)
+{
+    const QModelIndex current = currentIndex();
+    if (isEnter(event)) {
+        if (isPlain(event))
+            stepOn();
+        else
+            event->ignore();
+    } else if (event->key() == Qt::Key_Insert && isPlain(event)) {
+        addLine();
+    } else if (event->key() == Qt::Key_Delete && isPlain(event)) {
+        removeCurrentLine();
+    } else if (event->key() == Qt::Key_Backspace && current.isValid() && !m_lines->isReadOnly()) {
+        if (isEntryCell(current.column()))
+            m_lines->setCell(current.row(), current.column(), {});
+    } else if (event->key() == Qt::Key_F4 && current.isValid()) {
+        edit(current, EditKeyPressed, event);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+bool KLinesView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool onPick = index.isValid() && m_lines->columns().at(index.column()).kind == KLinesModel::Kind::Pick;
+    if (!onPick)
+        return QTableView::edit(index, trigger, event);
+    if (m_lines->isReadOnly())
+        return false;
+    bool wanted = trigger == DoubleClicked || trigger == EditKeyPressed;
+    if (trigger == AnyKeyPressed && event && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        wanted = key == Qt::Key_F4 || key == Qt::Key_Space;
+    }
+    if (wanted) {
+        // Opened when the key or click is over: another window comes up.
+        QMetaObject::invokeMethod(
+            this, [this, row = index.row(), column = index.column()] { Q_EMIT pickRequested(row, column); },
+            Qt::QueuedConnection);
+    }
+    return wanted;
+}
+
+void KLinesView::focusInEvent(QFocusEvent *event)
+{
+    QTableView::focusInEvent(event);
+    if (!currentIndex().isValid() && m_lines->rowCount() > 0)
+        setCurrentIndex(m_lines->index(0, 0));
+}
+
+void KLinesView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+// The columns share the width in the proportion of their own, as long as that leaves them readable.
+void KLinesView::fitColumns()
+{
+    constexpr double narrowest = 0.7;
+    const double unit = fontMetrics().averageCharWidth() / 4.0;
+    double total = 0;
+    for (const KLinesModel::Column &column : m_lines->columns())
+        total += column.width * unit;
+    const double share = total > 0 ? std::max(viewport()->width() / total, narrowest) : 1;
+    for (int i = 0; i < m_lines->columnCount(); ++i)
+        setColumnWidth(i, static_cast<int>(m_lines->columns().at(i).width * unit * share));
+}

@@ -1,0 +1,358 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/KLinesView.h"
+
+#include "suite/utility/KDialog.h"
+#include "suite/utility/KEdit.h"
+
+#include <QAbstractItemModelTester>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <memory>
+
+class TestKLinesView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void typedChoiceMeansAnEntry_data();
+    void typedChoiceMeansAnEntry();
+    void unknownChoiceKeepsItsTextAndIsMarked();
+    void computedCellFollowsTheLine();
+    void numbersAreTakenAsTheyAreTyped_data();
+    void numbersAreTakenAsTheyAreTyped();
+    void emptyLinesAreLeftOut();
+    void enterGoesThroughTheCellsIntoANewLine();
+    void enterOnAnEmptyLastLineLeavesTheGrid();
+    void controlEnterTakesTheEntryFirst();
+    void insertAddsAndDeleteRemovesALine();
+    void deleteInsideAnEntryIsTheEntrys();
+    void lastLineThatIsDeletedLeavesAnEmptyOne();
+    void backspaceEmptiesACell();
+    void escapeDropsTheEntry();
+    void pickedCellAsksForItsWindow_data();
+    void pickedCellAsksForItsWindow();
+    void readOnlyGridTakesNothing();
+    void finishEntryTakesWhatIsTyped();
+    void entryLinesHaveTheirColumnsName();
+
+private:
+    void type(const QString &text, Qt::Key then = Qt::Key_Return);
+    QString shown(int row, int column) const { return m_model->index(row, column).data().toString(); }
+
+    std::unique_ptr<KDialog> m_window;
+    KLinesModel *m_model = nullptr;
+    KLinesView *m_view = nullptr;
+    QLineEdit *m_after = nullptr;
+};
+
+namespace {
+
+enum Column {
+    Service,
+    Person,
+    Text,
+    Count,
+    Price,
+    Amount
+};
+
+QVector<KLinesModel::Column> columns()
+{
+    using Kind = KLinesModel::Kind;
+    return {
+        {QStringLiteral("خدمت"), Kind::Choice, 100, 0, {{1, QStringLiteral("10 کارشناسی خودرو")}, {2, QStringLiteral("20 انتقال سند")}, {3, QStringLiteral("100 کارشناسی موتور")}}},
+        {QStringLiteral("شخص"), Kind::Pick, 80},
+        {QStringLiteral("شرح"), Kind::Text, 100, 5},
+        {QStringLiteral("تعداد"), Kind::Number, 50},
+        {QStringLiteral("قیمت"), Kind::Money, 80},
+        {QStringLiteral("مبلغ"), Kind::Computed, 80, 0, {}, [](const KLinesModel::Line &line) { return line.at(Count).number * line.at(Price).number; }},
+    };
+}
+
+}
+
+void TestKLinesView::init()
+{
+    m_window = std::make_unique<KDialog>();
+    m_model = new KLinesModel(columns(), m_window.get());
+    m_model->insertLine(0);
+    m_view = new KLinesView(m_model, m_window.get());
+    m_view->setAccessibleName(QStringLiteral("ردیف‌ها"));
+    m_after = new QLineEdit(m_window.get());
+    auto *layout = new QVBoxLayout(m_window.get());
+    layout->addWidget(m_view);
+    layout->addWidget(m_after);
+    m_window->resize(800, 400);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_view->setFocus();
+}
+
+void TestKLinesView::cleanup()
+{
+    m_window.reset();
+}
+
+// Into the cell that is current, as a person types: the first character opens the entry.
+void TestKLinesView::type(const QString &text, Qt::Key then)
+{
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
+    if (QWidget *popup = QApplication::activePopupWidget())
+        popup->hide();
+    QTest::keyClick(QApplication::focusWidget(), then);
+}
+
+void TestKLinesView::typedChoiceMeansAnEntry_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("key");
+    QTest::newRow("its text") << QStringLiteral("20 انتقال سند") << 2;
+    QTest::newRow("its text in another spelling") << QStringLiteral(" 20 انتقال  سند") << 2;
+    QTest::newRow("its code") << QStringLiteral("20") << 2;
+    QTest::newRow("a code that begins another one") << QStringLiteral("10") << 1;
+    QTest::newRow("its code in Persian digits") << QStringLiteral("۱۰۰") << 3;
+    QTest::newRow("a part that only it holds") << QStringLiteral("موتور") << 3;
+    QTest::newRow("a part that two hold") << QStringLiteral("کارشناسی") << 0;
+    QTest::newRow("nothing of the list") << QStringLiteral("رنگ") << 0;
+    QTest::newRow("nothing") << QString() << 0;
+}
+
+void TestKLinesView::typedChoiceMeansAnEntry()
+{
+    QFETCH(QString, typed);
+    QTEST(m_model->choiceFor(Service, typed).key, "key");
+}
+
+void TestKLinesView::unknownChoiceKeepsItsTextAndIsMarked()
+{
+    const QModelIndex cell = m_model->index(0, Service);
+    QVERIFY(m_model->setData(cell, QStringLiteral("رنگ")));
+    QCOMPARE(shown(0, Service), QStringLiteral("رنگ"));
+    QCOMPARE(cell.data(KLinesModel::KeyRole).toInt(), 0);
+    QVERIFY(cell.data(Qt::ForegroundRole).isValid());
+    m_model->setData(cell, QStringLiteral("20"));
+    QVERIFY(!cell.data(Qt::ForegroundRole).isValid());
+}
+
+void TestKLinesView::computedCellFollowsTheLine()
+{
+    const QAbstractItemModelTester tester(m_model);
+    QSignalSpy edited(m_model, &KLinesModel::edited);
+    m_model->setData(m_model->index(0, Count), 2.5);
+    m_model->setData(m_model->index(0, Price), 1000.0);
+    QCOMPARE(edited.count(), 2);
+    QCOMPARE(shown(0, Amount), QStringLiteral("2,500"));
+    QCOMPARE(m_model->index(0, Amount).data(KLinesModel::NumberRole).toDouble(), 2500.0);
+    QVERIFY(!m_model->setData(m_model->index(0, Amount), 7.0));
+    m_model->setData(m_model->index(0, Price), 1000.0);
+    QCOMPARE(edited.count(), 2);
+}
+
+void TestKLinesView::numbersAreTakenAsTheyAreTyped_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<double>("number");
+    QTest::newRow("money in Persian digits") << int(Price) << QStringLiteral("۱۲۵۰۰۰") << QStringLiteral("125,000") << 125000.0;
+    QTest::newRow("count with a fraction") << int(Count) << QStringLiteral("1.5") << QStringLiteral("1.5") << 1.5;
+    QTest::newRow("count above a hundred") << int(Count) << QStringLiteral("250") << QStringLiteral("250") << 250.0;
+    QTest::newRow("letters are dropped") << int(Price) << QStringLiteral("12x0") << QStringLiteral("120") << 120.0;
+}
+
+void TestKLinesView::numbersAreTakenAsTheyAreTyped()
+{
+    QFETCH(int, column);
+    QFETCH(QString, typed);
+    m_view->goTo(0, column);
+    type(typed);
+    QTEST(shown(0, column), "shown");
+    QTEST(m_model->line(0).at(column).number, "number");
+}
+
+void TestKLinesView::emptyLinesAreLeftOut()
+{
+    m_model->insertLine(1);
+    m_model->insertLine(2);
+    m_model->setData(m_model->index(2, Text), QStringLiteral("رنگ"));
+    QVector<int> positions;
+    QCOMPARE(m_model->lines(&positions).size(), 1);
+    QCOMPARE(positions, QVector<int>{2});
+    QVERIFY(m_model->isLineEmpty(0));
+}
+
+void TestKLinesView::enterGoesThroughTheCellsIntoANewLine()
+{
+    m_view->goTo(0, Service);
+    type(QStringLiteral("20"));
+    QCOMPARE(m_view->currentIndex(), m_model->index(0, Person));
+    type({});
+    type(QStringLiteral("فوری"));
+    type(QStringLiteral("2"));
+    QCOMPARE(m_view->currentIndex(), m_model->index(0, Price));
+    type(QStringLiteral("500"));
+    QCOMPARE(m_model->rowCount(), 2);
+    QCOMPARE(m_view->currentIndex(), m_model->index(1, Service));
+    QCOMPARE(shown(0, Service), QStringLiteral("20 انتقال سند"));
+    QCOMPARE(shown(0, Amount), QStringLiteral("1,000"));
+    QVERIFY(m_view->hasFocus());
+}
+
+void TestKLinesView::enterOnAnEmptyLastLineLeavesTheGrid()
+{
+    m_model->setData(m_model->index(0, Text), QStringLiteral("رنگ"));
+    m_view->goTo(0, Price);
+    type(QStringLiteral("5"));
+    QCOMPARE(m_view->currentIndex().row(), 1);
+    QTest::keyClick(m_view, Qt::Key_Return);
+    QVERIFY(m_after->hasFocus());
+    QCOMPARE(m_model->rowCount(), 2);
+}
+
+void TestKLinesView::controlEnterTakesTheEntryFirst()
+{
+    m_view->goTo(0, Price);
+    QTest::keyClick(m_view, Qt::Key_7);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(shown(0, Price), QStringLiteral("7"));
+    QCOMPARE(m_model->rowCount(), 1);
+}
+
+void TestKLinesView::insertAddsAndDeleteRemovesALine()
+{
+    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_view->goTo(0, Text);
+    QTest::keyClick(m_view, Qt::Key_Insert);
+    QCOMPARE(m_model->rowCount(), 2);
+    QCOMPARE(m_view->currentIndex(), m_model->index(1, 0));
+    m_view->goTo(0, Text);
+    QTest::keyClick(m_view, Qt::Key_Insert);
+    QCOMPARE(m_model->rowCount(), 3);
+    QVERIFY(m_model->isLineEmpty(1));
+    m_view->goTo(0, Text);
+    QTest::keyClick(m_view, Qt::Key_Delete);
+    QCOMPARE(m_model->rowCount(), 2);
+    QVERIFY(m_model->isLineEmpty(0));
+    QCOMPARE(m_view->currentIndex().row(), 0);
+}
+
+void TestKLinesView::deleteInsideAnEntryIsTheEntrys()
+{
+    m_view->goTo(0, Text);
+    QTest::keyClick(m_view, Qt::Key_A);
+    auto *edit = qobject_cast<KEdit *>(QApplication::focusWidget());
+    QVERIFY(edit);
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Delete);
+    QCOMPARE(m_model->rowCount(), 1);
+    QVERIFY(edit->text().isEmpty());
+}
+
+void TestKLinesView::lastLineThatIsDeletedLeavesAnEmptyOne()
+{
+    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_view->goTo(0, Text);
+    m_view->removeCurrentLine();
+    QCOMPARE(m_model->rowCount(), 1);
+    QVERIFY(m_model->isLineEmpty(0));
+}
+
+void TestKLinesView::backspaceEmptiesACell()
+{
+    m_model->setCell(0, Person, {QStringLiteral("علی"), 0, 7});
+    m_view->goTo(0, Person);
+    QTest::keyClick(m_view, Qt::Key_Backspace);
+    QCOMPARE(m_model->line(0).at(Person).key, 0);
+    QVERIFY(shown(0, Person).isEmpty());
+    m_model->setData(m_model->index(0, Count), 2.0);
+    m_model->setData(m_model->index(0, Price), 2.0);
+    m_view->goTo(0, Amount);
+    QTest::keyClick(m_view, Qt::Key_Backspace);
+    QCOMPARE(shown(0, Amount), QStringLiteral("4"));
+}
+
+void TestKLinesView::escapeDropsTheEntry()
+{
+    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_view->goTo(0, Text);
+    QTest::keyClick(m_view, Qt::Key_A);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QCOMPARE(shown(0, Text), QStringLiteral("یک"));
+    QVERIFY(m_window->isVisible());
+    QVERIFY(m_view->hasFocus());
+}
+
+void TestKLinesView::pickedCellAsksForItsWindow_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("asks");
+    QTest::newRow("F4") << int(Qt::Key_F4) << true;
+    QTest::newRow("F2") << int(Qt::Key_F2) << true;
+    QTest::newRow("space") << int(Qt::Key_Space) << true;
+    QTest::newRow("a letter") << int(Qt::Key_A) << false;
+}
+
+void TestKLinesView::pickedCellAsksForItsWindow()
+{
+    QFETCH(int, key);
+    QFETCH(bool, asks);
+    QSignalSpy picks(m_view, &KLinesView::pickRequested);
+    m_view->goTo(0, Person);
+    QTest::keyClick(m_view, static_cast<Qt::Key>(key));
+    QCoreApplication::processEvents();
+    QCOMPARE(picks.count(), asks ? 1 : 0);
+    if (asks)
+        QCOMPARE(picks.first(), (QVariantList{0, int(Person)}));
+    picks.clear();
+    m_model->setReadOnly(true);
+    QTest::keyClick(m_view, static_cast<Qt::Key>(key));
+    QCoreApplication::processEvents();
+    QCOMPARE(picks.count(), 0);
+}
+
+void TestKLinesView::readOnlyGridTakesNothing()
+{
+    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_model->setReadOnly(true);
+    m_view->goTo(0, Text);
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_Insert, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_F2, Qt::Key_F4})
+        QTest::keyClick(m_view, key);
+    QVERIFY(m_view->hasFocus());
+    QCOMPARE(m_model->rowCount(), 1);
+    QCOMPARE(shown(0, Text), QStringLiteral("یک"));
+}
+
+void TestKLinesView::finishEntryTakesWhatIsTyped()
+{
+    m_view->goTo(0, Price);
+    QTest::keyClick(m_view, Qt::Key_9);
+    QVERIFY(qobject_cast<KEdit *>(QApplication::focusWidget()));
+    m_view->finishEntry();
+    QCOMPARE(shown(0, Price), QStringLiteral("9"));
+    m_view->finishEntry();
+    QCOMPARE(shown(0, Price), QStringLiteral("9"));
+}
+
+void TestKLinesView::entryLinesHaveTheirColumnsName()
+{
+    for (const int column : {int(Service), int(Text), int(Count), int(Price)}) {
+        m_view->goTo(0, column);
+        QTest::keyClick(m_view, Qt::Key_F2);
+        QWidget *editor = QApplication::focusWidget();
+        QVERIFY(editor != m_view);
+        QCOMPARE(editor->accessibleName(), columns().at(column).title);
+        QTest::keyClick(editor, Qt::Key_Escape);
+    }
+}
+
+QTEST_MAIN(TestKLinesView)
+#include "TestKLinesView.moc"
