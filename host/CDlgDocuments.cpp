@@ -5,9 +5,12 @@
 
 #include "auto/db/KLookup.h"
 #include "host/DocumentFilter.h"
+#include "host/books/CDlgAddDocument.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/DocumentKinds.h"
 #include "suite/accounting/DocumentRowsPane.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
@@ -47,7 +50,6 @@ KListModel::Cell moneyCell(double amount)
 CDlgDocuments::CDlgDocuments(QWidget *parent)
     : KListPage(QStringLiteral("اسناد حسابداری"), QStringLiteral("Documents"), QStringLiteral("Documents"), parent)
 {
-    setReadOnlyMode(true);
     build();
     buildRowsPane();
     connect(list(), &KExtListCtrl::currentKeyChanged, this, [this](int key) { guarded([&] { showRows(key); }); });
@@ -69,7 +71,17 @@ QVector<KListModel::Column> CDlgDocuments::listColumns() const
 
 std::vector<KListCommand> CDlgDocuments::commands()
 {
-    return {};
+    using C = KListCommand;
+    constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
+    return {
+        {QStringLiteral("سند جدید"), C::HiddenInReadOnly, [this] { addDocument(); }, QKeySequence(Qt::Key_Insert),
+         QStringLiteral(":/icons/new.svg")},
+        {QStringLiteral("ویرایش"), onRow, [this] { editDocument(); }, QKeySequence(Qt::Key_F2),
+         QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("حذف"), onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
+         QStringLiteral(":/icons/delete.svg")},
+        printCommand(C::StartsGroup),
+    };
 }
 
 void CDlgDocuments::buildFilters(QGridLayout *grid)
@@ -114,6 +126,7 @@ void CDlgDocuments::beginRows()
 KListModel::Row CDlgDocuments::makeRow(KMySQL &record, int number)
 {
     const auto &document = static_cast<const CTblDocuments &>(record);
+    const bool voided = document.m_iStatus != 0;
     m_keys.append({document.m_iFiscalYear, document.m_iNum});
     m_userIDs.append(document.m_iUserID);
     return {document.m_iID,
@@ -122,7 +135,8 @@ KListModel::Row CDlgDocuments::makeRow(KMySQL &record, int number)
                 numberCell(document.m_iNum),
                 numberCell(document.m_iFiscalYear),
                 {shamsiText(document.m_date.date()), document.m_date},
-                {DocumentKinds::name(document.m_iKind)},
+                {voided ? DocumentKinds::name(document.m_iKind) + QStringLiteral(" (باطل)")
+                        : DocumentKinds::name(document.m_iKind)},
                 {document.m_sDesc},
                 {},
                 {},
@@ -146,6 +160,16 @@ void CDlgDocuments::activated(int key)
     m_rows->setFocus();
 }
 
+void CDlgDocuments::emptyAreaActivated()
+{
+    runCommand(QStringLiteral("سند جدید"));
+}
+
+KListReport CDlgDocuments::reportSpec() const
+{
+    return {QStringLiteral("اسناد حسابداری"), QStringLiteral("Documents"), QStringLiteral("List")};
+}
+
 QWidget *CDlgDocuments::firstFilterControl() const
 {
     return m_year;
@@ -163,8 +187,7 @@ void CDlgDocuments::buildRowsPane()
 
 void CDlgDocuments::showRows(int key)
 {
-    const int row = list()->listModel()->rowOfKey(key);
-    const DocumentRows::DocumentKey document = m_keys.value(row);
+    const DocumentRows::DocumentKey document = m_keys.value(list()->listModel()->rowOfKey(key));
     m_rows->showDocument(document.second, document.first);
 }
 
@@ -176,4 +199,61 @@ KExtListCtrl *CDlgDocuments::rowsList() const
 QString CDlgDocuments::totalsText() const
 {
     return m_rows->totalsText();
+}
+
+DocumentRows::DocumentKey CDlgDocuments::currentDocument() const
+{
+    return m_keys.value(list()->currentRow());
+}
+
+void CDlgDocuments::selectDocument(int num, int fiscalYear)
+{
+    const qsizetype row = m_keys.indexOf(DocumentRows::DocumentKey{fiscalYear, num});
+    if (row >= 0)
+        list()->selectRow(static_cast<int>(row));
+}
+
+void CDlgDocuments::addDocument()
+{
+    if (isChangeBlocked() || !CheckWriteSecurity())
+        return;
+    CDlgAddDocument dialog({}, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    refill();
+    selectDocument(dialog.num(), dialog.fiscalYear());
+}
+
+void CDlgDocuments::editDocument()
+{
+    const auto [fiscalYear, num] = currentDocument();
+    if (isChangeBlocked() || !CheckModifySecurity())
+        return;
+    const QString refusal = ManualDocument::changeRefusal(num, fiscalYear);
+    if (!refusal.isEmpty()) {
+        g_pDlgWarning->Show(refusal, this);
+        return;
+    }
+    CDlgAddDocument dialog(ManualDocument::load(num, fiscalYear), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    refill();
+    selectDocument(num, fiscalYear);
+    m_rows->showDocument(num, fiscalYear);
+}
+
+void CDlgDocuments::deleteDocument()
+{
+    const auto [fiscalYear, num] = currentDocument();
+    if (isChangeBlocked() || !CheckDeletionSecurity())
+        return;
+    const QString refusal = ManualDocument::changeRefusal(num, fiscalYear);
+    if (!refusal.isEmpty()) {
+        g_pDlgWarning->Show(refusal, this);
+        return;
+    }
+    if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+        return;
+    ManualDocument::remove(num, fiscalYear);
+    refill();
 }

@@ -10,8 +10,8 @@ class DocumentRowsPane;
 class KDateEdit;
 class QComboBox;
 
-// The accounting documents with the rows of the selected one; nothing can be changed here, because every document belongs
-// to the record that made it.
+// The accounting documents with the rows of the selected one. Documents are written by hand here; one that a contract, a
+// receipt or an invoice made belongs to that and is only changed there.
 class CDlgDocuments : public KListPage
 {
     Q_OBJECT
@@ -34,10 +34,18 @@ protected:
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;
+    void emptyAreaActivated() override;
+    KListReport reportSpec() const override;
     QWidget *firstFilterControl() const override;
 
 private:
     void buildRowsPane();
+    void addDocument();
+    void editDocument();
+    void deleteDocument();
+    void selectDocument(int num, int fiscalYear);
+    // Of the selected row; number 0 without one.
+    DocumentRows::DocumentKey currentDocument() const;
     void showRows(int key);
 
     QComboBox *m_year = nullptr;

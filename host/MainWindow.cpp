@@ -14,6 +14,9 @@
 #include "host/ReminderBadge.h"
 #include "host/StartPage.h"
 #include "host/WorkArea.h"
+#include "host/books/CDlgChartOfAccounts.h"
+#include "host/books/CDlgFactors.h"
+#include "host/books/CDlgServices.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
@@ -138,8 +141,13 @@ void MainWindow::buildMenus()
                  control(Qt::Key_2), Command::OnStartPage},
                 {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"), [this] { openOnce<CDlgDocuments>(); },
                  control(Qt::Key_3), Command::OnStartPage},
+                {QStringLiteral("فاکتورها"), QStringLiteral("receipt"), [this] { openOnce<CDlgFactors>(); },
+                 control(Qt::Key_6), Command::OnStartPage},
+                {QStringLiteral("خدمات"), QStringLiteral("edit"), [this] { openOnce<CDlgServices>(); }, {}, Command::StartsGroup},
+                {QStringLiteral("سرفصل حساب‌ها"), QStringLiteral("database"),
+                 [this] { openOnce<CDlgChartOfAccounts>(); }},
                 {QStringLiteral("یادآوری ها"), QStringLiteral("reminder"), [this] { openReminders(); },
-                 control(Qt::Key_R)},
+                 control(Qt::Key_R), Command::StartsGroup},
             });
     addMenu(QStringLiteral("مدیریت"),
             {

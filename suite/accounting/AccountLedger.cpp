@@ -10,19 +10,6 @@
 
 namespace {
 
-AccountBalance balanceUntil(AccountLevel level, int code, const QDateTime &day, int database)
-{
-    switch (level) {
-    case AccountLevel::Kol:
-        return CTblDocs::GetBedBesHesabKol1(code, {}, day, database);
-    case AccountLevel::Moeen:
-        return CTblDocs::GetBedBesHesabMoeen1(code, {}, day, database);
-    case AccountLevel::Tafsily:
-        return CTblDocs::GetBedBes2(code, {}, day, database);
-    }
-    Q_UNREACHABLE();
-}
-
 QString rowsStatement(AccountLevel level, int code, const QDateTime &from, const QDateTime &to)
 {
     QString statement = QStringLiteral("SELECT d.iID,d.iDocNum,d.iFiscalYear,h.date,p.sName2,d.sDesc,d.dBed,d.dBes FROM Docs d "
@@ -39,21 +26,34 @@ QString rowsStatement(AccountLevel level, int code, const QDateTime &from, const
 
 }
 
+AccountBalance AccountLedger::balance(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return CTblDocs::GetBedBesHesabKol1(code, from, to, database);
+    case AccountLevel::Moeen:
+        return CTblDocs::GetBedBesHesabMoeen1(code, from, to, database);
+    case AccountLevel::Tafsily:
+        return CTblDocs::GetBedBes2(code, from, to, database);
+    }
+    Q_UNREACHABLE();
+}
+
 AccountLedger::Sheet AccountLedger::read(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database)
 {
     Sheet sheet;
     if (from.isValid())
-        sheet.before = balanceUntil(level, code, from.addDays(-1), database);
+        sheet.before = balance(level, code, {}, from.addDays(-1), database);
     CTblTemp query(database);
     query.Open(true, false, true);
     query.ExecuteQuery(rowsStatement(level, code, from, to));
-    double balance = sheet.before.net();
+    double running = sheet.before.net();
     for (; query.HasResultRow(); query.MoveNextResult()) {
         Row row{query.GetLongFieldValue(0), query.GetLongFieldValue(1), query.GetLongFieldValue(2),
                 query.GetDateFieldValue(3), query.GetTextFieldValue(4), query.GetTextFieldValue(5),
                 query.GetDoubleFieldValue(6), query.GetDoubleFieldValue(7)};
-        balance += row.bed - row.bes;
-        row.balance = balance;
+        running += row.bed - row.bes;
+        row.balance = running;
         sheet.sum += {row.bed, row.bes};
         sheet.rows.append(row);
     }

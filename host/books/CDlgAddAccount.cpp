@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgAddAccount.h"
+
+#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/AccountCode.h"
+#include "suite/accounting/CTblHesabMoeen.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/utility/KEdit.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int longestCode = 9;
+
+QString levelName(AccountLevel level)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return QStringLiteral("حساب کل");
+    case AccountLevel::Moeen:
+        return QStringLiteral("حساب معین");
+    case AccountLevel::Tafsily:
+        return QStringLiteral("حساب تفصیلی");
+    }
+    Q_UNREACHABLE();
+}
+
+int proposedCode(AccountLevel level, int parent)
+{
+    QList<int> taken;
+    for (const AccountChart::Account &account : AccountChart::read(level))
+        taken.append(account.code);
+    return AccountCode::proposed(level, parent, taken);
+}
+
+QString accountText(int code)
+{
+    return code == 0 ? QString() : QStringLiteral("%1 - %2").arg(code).arg(AccountChart::nameOf(code));
+}
+
+}
+
+CDlgAddAccount::CDlgAddAccount(AccountLevel level, int parentCode, QWidget *parent)
+    : KDialog(parent)
+    , m_level(level)
+    , m_parent(parentCode)
+    , m_code(0)
+    , m_codeEdit(new KEdit(this))
+    , m_name(new KEdit(this))
+{
+    build(levelName(level) + QStringLiteral(" جدید"), accountText(parentCode));
+    if (const int proposed = proposedCode(level, parentCode); proposed > 0) {
+        m_codeEdit->setText(QString::number(proposed));
+        m_name->setFocus();
+    } else {
+        m_codeEdit->setFocus();
+    }
+}
+
+CDlgAddAccount::CDlgAddAccount(int code, QWidget *parent)
+    : KDialog(parent)
+    , m_level(AccountCode::levelOf(code))
+    , m_parent(AccountCode::parentOf(code))
+    , m_code(code)
+    , m_codeEdit(new KEdit(this))
+    , m_name(new KEdit(this))
+{
+    build(QStringLiteral("تغییر نام ") + levelName(m_level), accountText(m_parent));
+    m_codeEdit->setText(QString::number(code));
+    m_codeEdit->setReadOnly(true);
+    m_name->setText(AccountChart::nameOf(code));
+    m_name->setFocus();
+}
+
+void CDlgAddAccount::build(const QString &title, const QString &above)
+{
+    setWindowTitle(title);
+    // A code is a name made of digits: it is not grouped as an amount.
+    m_codeEdit->setMaxLength(longestCode);
+    m_codeEdit->setInputMethodHints(Qt::ImhDigitsOnly);
+    m_name->setMaxLength(CTblHesabMoeen().textLength(u"sName"));
+    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+    auto *form = new QFormLayout;
+    if (!above.isEmpty())
+        form->addRow(QStringLiteral("زیر حساب :"), new QLabel(above, this));
+    const auto addRow = [form](const QString &caption, KEdit *edit) {
+        edit->setAccessibleName(caption);
+        form->addRow(caption, edit);
+    };
+    addRow(QStringLiteral("کد :"), m_codeEdit);
+    addRow(QStringLiteral("نام :"), m_name);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(form);
+    column->addWidget(createButtons());
+}
+
+bool CDlgAddAccount::OnOK()
+{
+    try {
+        if (m_code != 0) {
+            AccountChart::rename(m_code, m_name->text());
+            return true;
+        }
+        bool isNumber = false;
+        const int code = m_codeEdit->text().trimmed().toInt(&isNumber);
+        AccountChart::add(m_level, isNumber ? code : 0, m_name->text(), m_parent);
+        m_code = code;
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        (m_name->text().trimmed().isEmpty() || m_codeEdit->isReadOnly() ? m_name : m_codeEdit)->setFocus();
+        return false;
+    }
+    return true;
+}

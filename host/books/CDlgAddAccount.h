@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/AccountBalance.h"
+#include "suite/utility/KDialog.h"
+
+class KEdit;
+
+// Adds an account to the chart, or renames one.
+class CDlgAddAccount : public KDialog
+{
+    Q_OBJECT
+
+public:
+    // A new account of the level below that parent (0 for a general account); its code is proposed.
+    CDlgAddAccount(AccountLevel level, int parentCode, QWidget *parent = nullptr);
+    // An account that is there: its name can be changed, its code cannot.
+    explicit CDlgAddAccount(int code, QWidget *parent = nullptr);
+
+    // Code of the account, of a new one after OK.
+    int code() const { return m_code; }
+
+    bool OnOK() override;
+
+private:
+    void build(const QString &title, const QString &above);
+
+    AccountLevel m_level;
+    int m_parent;
+    int m_code;
+    KEdit *m_codeEdit;
+    KEdit *m_name;
+};

@@ -1,0 +1,293 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgAddDocument.h"
+
+#include "auto/db/KLookup.h"
+#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/CDlgPersons.h"
+#include "suite/crm/CTblPersonsMini.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KLinesView.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/TabOrder.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace {
+
+enum RowColumn {
+    AccountColumn,
+    PersonColumn,
+    DescColumn,
+    DebitColumn,
+    CreditColumn
+};
+
+constexpr int longestDescription = 500;
+
+QVector<KLinesModel::Choice> accounts()
+{
+    QVector<KLinesModel::Choice> choices;
+    for (const AccountChart::Account &account : AccountChart::postable())
+        choices.append({account.code, QStringLiteral("%1 %2").arg(account.code).arg(account.name)});
+    return choices;
+}
+
+QVector<KLinesModel::Column> rowColumns()
+{
+    using Kind = KLinesModel::Kind;
+    return {
+        {QStringLiteral("حساب"), Kind::Choice, 130, 0, accounts()},
+        {QStringLiteral("شخص"), Kind::Pick, 110},
+        {QStringLiteral("شرح"), Kind::Text, 150, longestDescription},
+        {QStringLiteral("بدهکار"), Kind::Money, 80},
+        {QStringLiteral("بستانکار"), Kind::Money, 80},
+    };
+}
+
+void addField(QGridLayout *grid, int row, int column, const QString &caption, QWidget *field)
+{
+    auto *label = new QLabel(caption, grid->parentWidget());
+    label->setBuddy(field);
+    field->setAccessibleName(caption);
+    grid->addWidget(label, row, column);
+    grid->addWidget(field, row, column + 1);
+}
+
+}
+
+CDlgAddDocument::CDlgAddDocument(const ManualDocument &document, QWidget *parent)
+    : KDialog(parent)
+    , m_num(document.num)
+    , m_fiscalYear(document.fiscalYear)
+{
+    setWindowTitle(m_num == 0 ? QStringLiteral("سند جدید")
+                              : QStringLiteral("سند شماره %1 سال مالی %2").arg(m_num).arg(m_fiscalYear));
+    SetSettingName(QStringLiteral("AddDocument"));
+    build();
+    load(document);
+    resize(QSize(900, 520));
+    m_date->setFocus();
+}
+
+CDlgAddDocument::~CDlgAddDocument() = default;
+
+void CDlgAddDocument::build()
+{
+    m_rows = new KLinesModel(rowColumns(), this);
+    for (const KLinesModel::Choice &choice : m_rows->columns().at(AccountColumn).choices)
+        m_accounts.insert(choice.key);
+    m_rowsView = new KLinesView(m_rows, this);
+    m_rowsView->setAccessibleName(QStringLiteral("ردیف‌های سند"));
+    m_totals = new QLabel(this);
+    m_totals->setObjectName(QStringLiteral("totals"));
+    connect(m_rows, &KLinesModel::edited, this, &CDlgAddDocument::showTotals);
+    connect(m_rowsView, &KLinesView::pickRequested, this, &CDlgAddDocument::pickPerson);
+
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(buildHead());
+    column->addWidget(m_rowsView, 1);
+    column->addWidget(buildRowCommands());
+    column->addWidget(m_totals);
+    column->addWidget(createButtons());
+    tabInLayoutOrder(this);
+}
+
+QWidget *CDlgAddDocument::buildHead()
+{
+    auto *box = new QWidget(this);
+    auto *grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    m_date = new KDateEdit(box);
+    m_desc = new KEdit(box);
+    m_desc->setMaxLength(CTblDocuments().textLength(u"sDesc"));
+    addField(grid, 0, 0, QStringLiteral("تاریخ :"), m_date);
+    addField(grid, 0, 2, QStringLiteral("شرح سند :"), m_desc);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+QWidget *CDlgAddDocument::buildRowCommands()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto add = [&](const QString &caption, const QString &icon, const QString &hint) {
+        auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, box);
+        button->setAccessibleName(caption);
+        button->setAutoDefault(false);
+        button->setToolTip(hint);
+        row->addWidget(button);
+        return button;
+    };
+    connect(add(QStringLiteral("ردیف جدید"), QStringLiteral("new"), QStringLiteral("Insert")), &QPushButton::clicked, m_rowsView,
+            &KLinesView::addLine);
+    connect(add(QStringLiteral("حذف ردیف"), QStringLiteral("delete"), QStringLiteral("Delete")), &QPushButton::clicked,
+            m_rowsView, &KLinesView::removeCurrentLine);
+    connect(add(QStringLiteral("تراز در این ردیف"), QStringLiteral("money"),
+                QStringLiteral("اختلاف دو طرف را در ردیف انتخاب‌شده می‌گذارد.")),
+            &QPushButton::clicked, this, &CDlgAddDocument::balanceHere);
+    row->addStretch(1);
+    return box;
+}
+
+void CDlgAddDocument::load(const ManualDocument &document)
+{
+    m_date->setDateTime(document.date.isValid() ? document.date
+                                                : QDateTime(GetDBSetting()->GetDBServerDate().date(), QTime(0, 0), Qt::UTC));
+    m_desc->setText(document.desc);
+    QList<int> persons;
+    for (const DocumentEntry &entry : document.rows)
+        persons.append(entry.personID);
+    const QHash<int, QString> names = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2"),
+                                                     persons);
+    QVector<KLinesModel::Line> lines;
+    for (const DocumentEntry &entry : document.rows) {
+        KLinesModel::Line line = m_rows->emptyLine();
+        line[AccountColumn] = m_rows->choiceFor(AccountColumn, QString::number(entry.account));
+        line[PersonColumn] = {names.value(entry.personID), 0, entry.personID};
+        line[DescColumn].text = entry.desc;
+        line[DebitColumn].number = entry.debit;
+        line[CreditColumn].number = entry.credit;
+        lines.append(line);
+    }
+    // A document has two sides at least.
+    while (lines.size() < 2)
+        lines.append(m_rows->emptyLine());
+    m_rows->setLines(lines);
+    showTotals();
+}
+
+void CDlgAddDocument::pickPerson(int row, int column)
+{
+    const int chosen = CDlgPersons::SelectPerson(this, CDlgPersons::modePickOne, m_rows->line(row).at(column).key);
+    if (chosen > 0)
+        m_rows->setCell(row, column, {CTblPersonsMini::GetName(chosen), 0, chosen});
+    m_rowsView->goTo(row, column);
+}
+
+void CDlgAddDocument::balanceHere()
+{
+    m_rowsView->finishEntry();
+    const QModelIndex current = m_rowsView->currentIndex();
+    if (!current.isValid())
+        return;
+    const KLinesModel::Line &line = m_rows->line(current.row());
+    const ManualDocument shown = document();
+    // Without what the row itself holds now.
+    const double missing = shown.credit() - line.at(CreditColumn).number - shown.debit() + line.at(DebitColumn).number;
+    m_rows->setCell(current.row(), DebitColumn, {{}, missing > 0 ? missing : 0});
+    m_rows->setCell(current.row(), CreditColumn, {{}, missing < 0 ? -missing : 0});
+    m_rowsView->goTo(current.row(), missing < 0 ? CreditColumn : DebitColumn);
+}
+
+void CDlgAddDocument::showTotals()
+{
+    const ManualDocument shown = document();
+    const double difference = shown.debit() - shown.credit();
+    m_totals->setText(QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2     %3")
+                          .arg(DToMoney(shown.debit()), DToMoney(shown.credit()),
+                               IsEquals(difference, 0) ? QStringLiteral("تراز")
+                                                       : QStringLiteral("اختلاف : ") + DToMoney(std::abs(difference))));
+}
+
+QString CDlgAddDocument::totalsText() const
+{
+    return m_totals->text();
+}
+
+ManualDocument CDlgAddDocument::document() const
+{
+    ManualDocument document;
+    document.num = m_num;
+    document.fiscalYear = m_fiscalYear;
+    document.date = m_date->dateTime();
+    document.desc = m_desc->text();
+    for (const KLinesModel::Line &line : m_rows->lines())
+        document.rows.append({line.at(AccountColumn).key, line.at(PersonColumn).key, line.at(DebitColumn).number,
+                              line.at(CreditColumn).number, line.at(DescColumn).text});
+    return document;
+}
+
+bool CDlgAddDocument::refuseInvalidEntry()
+{
+    if (!m_date->isEntryValid()) {
+        g_pDlgWarning->Show(m_date->entryError(), this);
+        m_date->setFocus();
+        return false;
+    }
+    QVector<int> positions;
+    const QVector<KLinesModel::Line> lines = m_rows->lines(&positions);
+    for (int index = 0; index < lines.size(); ++index) {
+        const KLinesModel::Cell &account = lines.at(index).at(AccountColumn);
+        if (account.key != 0 || account.text.isEmpty())
+            continue;
+        g_pDlgWarning->Show(QStringLiteral("حساب «%1» در لیست حساب‌ها نیست.").arg(account.text), this);
+        m_rowsView->goTo(positions.at(index), AccountColumn);
+        return false;
+    }
+    return true;
+}
+
+void CDlgAddDocument::goTo(const ManualDocument::Problem &problem)
+{
+    using What = ManualDocument::Problem::What;
+    QVector<int> positions;
+    m_rows->lines(&positions);
+    const int row = positions.value(problem.row, 0);
+    switch (problem.what) {
+    case What::NoDate:
+        return m_date->setFocus();
+    case What::NoRows:
+    case What::NoAccount:
+        return m_rowsView->goTo(row, AccountColumn);
+    case What::NoPerson:
+    case What::NeedlessPerson:
+        return m_rowsView->goTo(row, PersonColumn);
+    case What::NoAmount:
+        return m_rowsView->goTo(row, DebitColumn);
+    case What::BothSides:
+        return m_rowsView->goTo(row, CreditColumn);
+    case What::NotBalanced:
+        return m_rowsView->goTo(positions.isEmpty() ? 0 : positions.constLast(), DebitColumn);
+    }
+}
+
+bool CDlgAddDocument::OnOK()
+{
+    m_rowsView->finishEntry();
+    if (!refuseInvalidEntry())
+        return false;
+    ManualDocument wanted = document();
+    const QList<ManualDocument::Problem> problems = wanted.problems(m_accounts);
+    if (!problems.isEmpty()) {
+        g_pDlgWarning->Show(wanted.message(problems.constFirst()), this);
+        goTo(problems.constFirst());
+        return false;
+    }
+    try {
+        const KWaitCursor wait;
+        wanted.save();
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        m_date->setFocus();
+        return false;
+    }
+    m_num = wanted.num;
+    m_fiscalYear = wanted.fiscalYear;
+    return true;
+}

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/ManualDocument.h"
+#include "suite/utility/KDialog.h"
+
+class KDateEdit;
+class KEdit;
+class KLinesModel;
+class KLinesView;
+class QLabel;
+
+// Editor of an accounting document that is written by hand.
+class CDlgAddDocument : public KDialog
+{
+    Q_OBJECT
+
+public:
+    // num 0: a new one.
+    CDlgAddDocument(const ManualDocument &document, QWidget *parent = nullptr);
+    ~CDlgAddDocument() override;
+
+    // Of a new document after OK.
+    int num() const { return m_num; }
+    int fiscalYear() const { return m_fiscalYear; }
+    // What the window shows, as it would be saved.
+    ManualDocument document() const;
+    KLinesView *rowsView() const { return m_rowsView; }
+    QString totalsText() const;
+
+    bool OnOK() override;
+
+private:
+    void build();
+    QWidget *buildHead();
+    QWidget *buildRowCommands();
+    void load(const ManualDocument &document);
+    void pickPerson(int row, int column);
+    // Puts what the rows lack on one side into the current row.
+    void balanceHere();
+    void showTotals();
+    bool refuseInvalidEntry();
+    void goTo(const ManualDocument::Problem &problem);
+
+    int m_num;
+    int m_fiscalYear;
+    QSet<int> m_accounts;
+    KLinesModel *m_rows = nullptr;
+    KLinesView *m_rowsView = nullptr;
+    KDateEdit *m_date = nullptr;
+    KEdit *m_desc = nullptr;
+    QLabel *m_totals = nullptr;
+};

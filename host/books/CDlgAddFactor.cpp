@@ -1,0 +1,417 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgAddFactor.h"
+
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/CTblServices.h"
+#include "suite/accounting/InvoicePosting.h"
+#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/LevyRates.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KLinesView.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/TabOrder.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+enum LineColumn {
+    ServiceColumn,
+    DescColumn,
+    CountColumn,
+    PriceColumn,
+    AmountColumn
+};
+
+constexpr int longestDescription = 500;
+
+QString serviceText(int code, const QString &name)
+{
+    return QStringLiteral("%1 %2").arg(code).arg(name);
+}
+
+QVector<KLinesModel::Choice> services()
+{
+    CTblServices set;
+    set.m_sort = QStringLiteral("iCode");
+    QVector<KLinesModel::Choice> choices;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        choices.append({set.m_iID, serviceText(set.m_iCode, set.m_sName)});
+    return choices;
+}
+
+QVector<KLinesModel::Column> lineColumns(int decimals)
+{
+    using Kind = KLinesModel::Kind;
+    return {
+        {QStringLiteral("خدمت"), Kind::Choice, 130, 0, services()},
+        {QStringLiteral("شرح"), Kind::Text, 150, longestDescription},
+        {QStringLiteral("تعداد"), Kind::Number, 45},
+        {QStringLiteral("قیمت"), Kind::Money, 80},
+        {QStringLiteral("مبلغ"), Kind::Computed, 85, 0, {}, [decimals](const KLinesModel::Line &line) {
+             return InvoiceFigures::lineAmount(line.at(CountColumn).number, line.at(PriceColumn).number, decimals);
+         }},
+    };
+}
+
+QString titleOf(const Invoice &invoice)
+{
+    const QString kind = invoice.type == CTblFactors::purchase ? QStringLiteral("فاکتور خرید") : QStringLiteral("فاکتور فروش");
+    return invoice.num == 0 ? kind + QStringLiteral(" جدید") : kind + QStringLiteral(" شماره %1").arg(invoice.num);
+}
+
+void addField(QGridLayout *grid, int row, int column, const QString &caption, QWidget *field, int span = 1)
+{
+    auto *label = new QLabel(caption, grid->parentWidget());
+    label->setBuddy(field);
+    if (field->accessibleName().isEmpty())
+        field->setAccessibleName(caption);
+    grid->addWidget(label, row, column);
+    grid->addWidget(field, row, column + 1, 1, span);
+}
+
+QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *parent)
+{
+    auto *button = new QPushButton(QIcon(icon), caption, parent);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    return button;
+}
+
+}
+
+CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent)
+    : KDialog(parent)
+    , m_num(invoice.num)
+    , m_type(invoice.type)
+    , m_showOnly(showOnly)
+    , m_decimals(GetDBSetting()->MoneyDecimals())
+    , m_figures(m_decimals)
+{
+    setWindowTitle(titleOf(invoice));
+    SetSettingName(QStringLiteral("AddFactor"));
+    build();
+    load(invoice);
+    applyShowMode();
+    resize(QSize(900, 600));
+    if (m_showOnly)
+        m_linesView->setFocus();
+    else
+        m_person->nameEdit()->setFocus();
+}
+
+CDlgAddFactor::~CDlgAddFactor() = default;
+
+void CDlgAddFactor::build()
+{
+    m_lines = new KLinesModel(lineColumns(m_decimals), this);
+    m_linesView = new KLinesView(m_lines, this);
+    m_linesView->setAccessibleName(QStringLiteral("ردیف‌های فاکتور"));
+    connect(m_lines, &KLinesModel::edited, this, &CDlgAddFactor::recompute);
+
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(buildHead());
+    column->addWidget(m_linesView, 1);
+    column->addWidget(buildLineCommands());
+    column->addWidget(buildFigures());
+    column->addWidget(buildFoot());
+    tabInLayoutOrder(this);
+}
+
+QWidget *CDlgAddFactor::buildHead()
+{
+    auto *box = new QWidget(this);
+    auto *grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    m_person = new KPersonField(QStringLiteral("شخص :"), box);
+    m_date = new KDateEdit(box);
+    m_desc = new KEdit(box);
+    m_desc->setMaxLength(longestDescription);
+    m_returned = new QCheckBox(QStringLiteral("برگشتی"), box);
+    m_returned->setAccessibleName(m_returned->text());
+    m_returned->setToolTip(QStringLiteral("همه ردیف‌های این فاکتور برگشت داده شده‌اند و سند آن برعکس است."));
+    addField(grid, 0, 0, QStringLiteral("شخص :"), m_person);
+    addField(grid, 0, 2, QStringLiteral("تاریخ :"), m_date);
+    grid->addWidget(m_returned, 0, 4);
+    addField(grid, 1, 0, QStringLiteral("شرح :"), m_desc, 4);
+    grid->setColumnStretch(1, 1);
+    return box;
+}
+
+QWidget *CDlgAddFactor::buildLineCommands()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    QPushButton *add = makeButton(QStringLiteral("ردیف جدید"), QStringLiteral(":/icons/new.svg"), box);
+    QPushButton *remove = makeButton(QStringLiteral("حذف ردیف"), QStringLiteral(":/icons/delete.svg"), box);
+    add->setToolTip(QStringLiteral("Insert"));
+    remove->setToolTip(QStringLiteral("Delete"));
+    connect(add, &QPushButton::clicked, m_linesView, &KLinesView::addLine);
+    connect(remove, &QPushButton::clicked, m_linesView, &KLinesView::removeCurrentLine);
+    row->addWidget(add);
+    row->addWidget(remove);
+    row->addStretch(1);
+    box->setVisible(!m_showOnly);
+    return box;
+}
+
+KEdit *CDlgAddFactor::addFigure(QGridLayout *grid, int row, int column, const QString &caption, bool percent, bool readOnly)
+{
+    auto *edit = new KEdit(percent ? KEdit::Kind::Percent : KEdit::Kind::Money, grid->parentWidget());
+    edit->setReadOnly(readOnly);
+    if (percent)
+        edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 12);
+    addField(grid, row, column, caption, edit);
+    return edit;
+}
+
+QWidget *CDlgAddFactor::buildFigures()
+{
+    auto *box = new QWidget(this);
+    auto *grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    m_sum = addFigure(grid, 0, 0, QStringLiteral("جمع ردیف‌ها :"), false, true);
+    m_discount = addFigure(grid, 1, 0, QStringLiteral("تخفیف :"), false, false);
+    m_taxPercent = addFigure(grid, 0, 2, QStringLiteral("درصد مالیات :"), true, false);
+    m_tax = addFigure(grid, 0, 4, QStringLiteral("مالیات :"), false, false);
+    m_dutyPercent = addFigure(grid, 1, 2, QStringLiteral("درصد عوارض :"), true, false);
+    m_duty = addFigure(grid, 1, 4, QStringLiteral("عوارض :"), false, false);
+    m_total = addFigure(grid, 2, 4, QStringLiteral("قابل پرداخت :"), false, true);
+    QFont bold = m_total->font();
+    bold.setBold(true);
+    m_total->setFont(bold);
+    m_words = new QLabel(box);
+    m_words->setWordWrap(true);
+    m_words->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(m_words, 2, 0, 1, 4);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(5, 1);
+
+    const auto follow = [this](KEdit *edit, void (InvoiceFigures::*set)(double)) {
+        connect(edit, &KEdit::numberEdited, this, [this, set](double number) {
+            (m_figures.*set)(number);
+            showFigures();
+        });
+    };
+    follow(m_discount, &InvoiceFigures::setDiscount);
+    follow(m_taxPercent, &InvoiceFigures::setTaxPercent);
+    follow(m_tax, &InvoiceFigures::setTax);
+    follow(m_dutyPercent, &InvoiceFigures::setDutyPercent);
+    follow(m_duty, &InvoiceFigures::setDuty);
+    return box;
+}
+
+QWidget *CDlgAddFactor::buildFoot()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    m_document = new QLabel(box);
+    m_showDocument = makeButton(QStringLiteral("نمایش سند"), QStringLiteral(":/icons/document.svg"), box);
+    connect(m_showDocument, &QPushButton::clicked, this,
+            [this] { CDlgShowDocument::Show(m_docNum, m_fiscalYear, this); });
+    row->addWidget(m_document);
+    row->addWidget(m_showDocument);
+    row->addStretch(1);
+    row->addWidget(m_showOnly ? createButtons(QString(), QStringLiteral("بازگشت")) : createButtons());
+    return box;
+}
+
+void CDlgAddFactor::load(const Invoice &invoice)
+{
+    m_person->setPersonID(invoice.personID);
+    m_date->setDateTime(invoice.date.isValid() ? invoice.date
+                                               : QDateTime(GetDBSetting()->GetDBServerDate().date(), QTime(0, 0), Qt::UTC));
+    m_desc->setText(invoice.desc);
+    m_returned->setChecked(invoice.returned);
+
+    const QVector<KLinesModel::Choice> known = m_lines->columns().at(ServiceColumn).choices;
+    QVector<KLinesModel::Line> lines;
+    for (const InvoiceLine &entry : invoice.lines) {
+        const auto service = std::find_if(known.cbegin(), known.cend(),
+                                          [&entry](const auto &choice) { return choice.key == entry.serviceID; });
+        KLinesModel::Line line = m_lines->emptyLine();
+        if (service != known.cend())
+            line[ServiceColumn] = {service->text, 0, service->key};
+        line[DescColumn].text = entry.desc;
+        line[CountColumn].number = entry.count;
+        line[PriceColumn].number = entry.price;
+        lines.append(line);
+    }
+    if (lines.isEmpty())
+        lines.append(m_lines->emptyLine());
+    m_lines->setLines(lines);
+
+    if (m_num == 0) {
+        const LevyRates rates = LevyRates::load();
+        m_figures.setTaxPercent(rates.tax);
+        m_figures.setDutyPercent(rates.duty);
+    } else {
+        m_figures.load(invoice.lines, invoice.discount, invoice.tax, invoice.duty);
+    }
+    showFigures();
+
+    CTblFactors record;
+    if (m_num != 0 && record.IsRecordExist(QStringLiteral("iID"), m_num)) {
+        m_docNum = record.m_iDocNum;
+        m_fiscalYear = record.m_iFiscalYear;
+        const QString state = record.m_iStatus == CTblFactors::voided ? QStringLiteral("باطل شده - ") : QString();
+        m_document->setText(state + QStringLiteral("سند حسابداری شماره %1 سال مالی %2").arg(m_docNum).arg(m_fiscalYear));
+    }
+    m_document->setVisible(m_docNum != 0);
+    m_showDocument->setVisible(m_docNum != 0);
+}
+
+void CDlgAddFactor::applyShowMode()
+{
+    if (!m_showOnly)
+        return;
+    m_lines->setReadOnly(true);
+    m_person->setButtonsVisible(false);
+    m_date->setReadOnly(true);
+    m_returned->setEnabled(false);
+    for (KEdit *edit : {m_desc, m_discount, m_taxPercent, m_tax, m_dutyPercent, m_duty})
+        edit->setReadOnly(true);
+}
+
+void CDlgAddFactor::recompute()
+{
+    m_figures.setLines(invoice().lines);
+    showFigures();
+}
+
+// A line that is being typed into keeps what it shows.
+void CDlgAddFactor::showFigures()
+{
+    const auto show = [](KEdit *edit, double number) {
+        if (!(edit->hasFocus() && !edit->isReadOnly()) && !IsEquals(edit->number(), number))
+            edit->setNumber(number);
+    };
+    show(m_sum, m_figures.sum());
+    show(m_discount, m_figures.discount());
+    show(m_taxPercent, m_figures.tax().percent);
+    show(m_tax, m_figures.tax().amount);
+    show(m_dutyPercent, m_figures.duty().percent);
+    show(m_duty, m_figures.duty().amount);
+    // A discount above the sum is told at OK; until then the total is shown as it would be.
+    m_total->setRange(-1e15, 1e15);
+    m_total->setNumber(m_figures.total());
+    showWords();
+}
+
+void CDlgAddFactor::showWords()
+{
+    const double total = m_figures.total();
+    m_words->setText(total > 0 ? amountInWords(total) + u' ' + GetDBSetting()->MoneyUnitName() : QString());
+}
+
+Invoice CDlgAddFactor::invoice() const
+{
+    Invoice invoice;
+    invoice.num = m_num;
+    invoice.type = m_type;
+    invoice.returned = m_returned->isChecked();
+    invoice.personID = m_person->personID();
+    invoice.date = m_date->dateTime();
+    invoice.desc = m_desc->text();
+    for (const KLinesModel::Line &line : m_lines->lines())
+        invoice.lines.append({line.at(ServiceColumn).key, line.at(DescColumn).text, line.at(CountColumn).number,
+                              line.at(PriceColumn).number});
+    invoice.discount = m_figures.discount();
+    invoice.tax = m_figures.tax().amount;
+    invoice.duty = m_figures.duty().amount;
+    return invoice;
+}
+
+bool CDlgAddFactor::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus(Qt::TabFocusReason);
+    return false;
+}
+
+// What is no date, number or service of the list would be saved as something else than the window shows.
+bool CDlgAddFactor::refuseInvalidEntry()
+{
+    if (!m_date->isEntryValid())
+        return refuse(m_date->entryError(), m_date);
+    QVector<int> positions;
+    const QVector<KLinesModel::Line> lines = m_lines->lines(&positions);
+    for (int index = 0; index < lines.size(); ++index) {
+        const KLinesModel::Cell &service = lines.at(index).at(ServiceColumn);
+        if (service.key != 0 || service.text.isEmpty())
+            continue;
+        g_pDlgWarning->Show(QStringLiteral("خدمت «%1» در لیست خدمات نیست.").arg(service.text), this);
+        m_linesView->goTo(positions.at(index), ServiceColumn);
+        return false;
+    }
+    for (KEdit *edit : {m_discount, m_taxPercent, m_tax, m_dutyPercent, m_duty}) {
+        if (!edit->isEntryValid())
+            return refuse(edit->accessibleName() + u' ' + edit->entryError(), edit);
+    }
+    return true;
+}
+
+void CDlgAddFactor::goTo(const Invoice::Problem &problem)
+{
+    using What = Invoice::Problem::What;
+    QVector<int> positions;
+    m_lines->lines(&positions);
+    const int row = positions.value(problem.line, 0);
+    switch (problem.what) {
+    case What::NoPerson:
+        return m_person->nameEdit()->setFocus();
+    case What::NoDate:
+        return m_date->setFocus();
+    case What::NoLines:
+    case What::LineOfNothing:
+        return m_linesView->goTo(row, ServiceColumn);
+    case What::LineWithoutCount:
+        return m_linesView->goTo(row, CountColumn);
+    case What::LineWithoutPrice:
+        return m_linesView->goTo(row, PriceColumn);
+    case What::DiscountAboveSum:
+    case What::NegativeFigure:
+        return m_discount->setFocus();
+    }
+}
+
+bool CDlgAddFactor::OnOK()
+{
+    m_linesView->finishEntry();
+    if (m_showOnly)
+        return true;
+    if (!refuseInvalidEntry())
+        return false;
+    const Invoice wanted = invoice();
+    const QList<Invoice::Problem> problems = wanted.problems(m_decimals);
+    if (!problems.isEmpty()) {
+        g_pDlgWarning->Show(Invoice::message(problems.constFirst()), this);
+        goTo(problems.constFirst());
+        return false;
+    }
+    try {
+        const KWaitCursor wait;
+        m_num = InvoicePosting::save(wanted).num;
+    } catch (const KAccountingError &error) {
+        return refuse(error.userMessage(), m_date);
+    }
+    return true;
+}

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/Invoice.h"
+#include "suite/utility/KDialog.h"
+
+class KDateEdit;
+class KEdit;
+class KLinesModel;
+class KLinesView;
+class KPersonField;
+class QCheckBox;
+class QGridLayout;
+class QLabel;
+class QPushButton;
+
+// Editor of an invoice of services: person, date, lines, what they sum up to, and the accounting document.
+class CDlgAddFactor : public KDialog
+{
+    Q_OBJECT
+
+public:
+    // The invoice to begin with: a stored one, or a new one (num 0) of its type. showOnly: nothing can be changed.
+    CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent = nullptr);
+    ~CDlgAddFactor() override;
+
+    // Number of the invoice, of a new one after OK.
+    int num() const { return m_num; }
+    // What the window shows, as it would be saved.
+    Invoice invoice() const;
+    KLinesView *linesView() const { return m_linesView; }
+
+    bool OnOK() override;
+
+private:
+    void build();
+    QWidget *buildHead();
+    QWidget *buildLineCommands();
+    QWidget *buildFigures();
+    QWidget *buildFoot();
+    KEdit *addFigure(QGridLayout *grid, int row, int column, const QString &caption, bool percent, bool readOnly);
+    void load(const Invoice &invoice);
+    void applyShowMode();
+    void recompute();
+    void showFigures();
+    void showWords();
+    bool refuse(const QString &message, QWidget *field);
+    bool refuseInvalidEntry();
+    void goTo(const Invoice::Problem &problem);
+
+    int m_num;
+    int m_type;
+    bool m_showOnly;
+    int m_decimals;
+    InvoiceFigures m_figures;
+    KLinesModel *m_lines = nullptr;
+    KLinesView *m_linesView = nullptr;
+    KPersonField *m_person = nullptr;
+    KDateEdit *m_date = nullptr;
+    KEdit *m_desc = nullptr;
+    QCheckBox *m_returned = nullptr;
+    KEdit *m_sum = nullptr;
+    KEdit *m_discount = nullptr;
+    KEdit *m_taxPercent = nullptr;
+    KEdit *m_tax = nullptr;
+    KEdit *m_dutyPercent = nullptr;
+    KEdit *m_duty = nullptr;
+    KEdit *m_total = nullptr;
+    QLabel *m_words = nullptr;
+    QLabel *m_document = nullptr;
+    QPushButton *m_showDocument = nullptr;
+    int m_docNum = 0;
+    int m_fiscalYear = 0;
+};

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/utility/KDialog.h"
+
+class KEdit;
+
+// Editor of a service; key 0 for a new one.
+class CDlgAddService : public KDialog
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddService(int serviceID, QWidget *parent = nullptr);
+
+    // The key of the service, also of a new one after OK.
+    int serviceID() const { return m_serviceID; }
+
+    bool OnOK() override;
+
+private:
+    int m_serviceID;
+    KEdit *m_code;
+    KEdit *m_name;
+};

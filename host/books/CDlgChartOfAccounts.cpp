@@ -1,0 +1,425 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgChartOfAccounts.h"
+
+#include "host/books/CDlgAddAccount.h"
+#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/AccountLedger.h"
+#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/SuiteMessages.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TabOrder.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStandardItemModel>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+enum Column {
+    CodeColumn,
+    NameColumn,
+    DebitColumn,
+    CreditColumn,
+    BalanceColumn,
+    NatureColumn,
+    StateColumn
+};
+
+constexpr int codeRole = Qt::UserRole;
+
+QVector<KListModel::Column> columns()
+{
+    return {
+        {QStringLiteral("کد حساب"), Qt::AlignRight, 110},
+        {QStringLiteral("نام حساب"), Qt::AlignRight, 200},
+        {QStringLiteral("بدهکار"), Qt::AlignRight, 90},
+        {QStringLiteral("بستانکار"), Qt::AlignRight, 90},
+        {QStringLiteral("مانده"), Qt::AlignRight, 90},
+        {QStringLiteral("تشخیص"), Qt::AlignHCenter, 45},
+        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 55},
+    };
+}
+
+KListModel::Cell sideCell(double amount)
+{
+    return {IsEquals(amount, 0) ? QString() : DToMoney(amount), amount};
+}
+
+KListModel::Row rowCells(const ChartRows::Row &row)
+{
+    return {row.code,
+            {{QString::number(row.code), row.code},
+             {row.name},
+             sideCell(row.balance.bed),
+             sideCell(row.balance.bes),
+             {DToMoney(std::abs(row.balance.net())), row.balance.net()},
+             {row.balance.nature()},
+             {row.active ? QStringLiteral("فعال") : QStringLiteral("غیرفعال")}}};
+}
+
+QList<QStandardItem *> makeItems(const ChartRows::Row &row)
+{
+    const KListModel::Row cells = rowCells(row);
+    const QVector<KListModel::Column> titles = columns();
+    QList<QStandardItem *> items;
+    for (int column = 0; column < titles.size(); ++column) {
+        auto *item = new QStandardItem(cells.cells.at(column).text);
+        item->setEditable(false);
+        item->setData(row.code, codeRole);
+        item->setTextAlignment(titles.at(column).alignment | Qt::AlignVCenter | Qt::AlignAbsolute);
+        QFont font;
+        font.setBold(row.level == AccountLevel::Kol);
+        font.setItalic(!row.active);
+        item->setFont(font);
+        items.append(item);
+    }
+    return items;
+}
+
+}
+
+CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
+    : KDialogTabPage(parent)
+    , m_tree(new QTreeView(this))
+    , m_model(new QStandardItemModel(this))
+{
+    setTitle(QStringLiteral("سرفصل حساب‌ها"));
+    SetFormName(QStringLiteral("ChartOfAccounts"));
+    CheckSecurity();
+    m_tree->setModel(m_model);
+    m_tree->setAccessibleName(title());
+    m_tree->setLayoutDirection(Qt::RightToLeft);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setAllColumnsShowFocus(true);
+    m_tree->setAlternatingRowColors(true);
+    m_tree->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_tree->setExpandsOnDoubleClick(false);
+    m_tree->header()->setSectionsMovable(false);
+    m_tree->installEventFilter(this);
+    connect(m_tree, &QTreeView::doubleClicked, this, &CDlgChartOfAccounts::showDocuments);
+    connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &CDlgChartOfAccounts::updateCommands);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(buildFilter());
+    layout->addWidget(m_tree, 1);
+    layout->addWidget(buildCommands());
+    tabInLayoutOrder(this);
+}
+
+CDlgChartOfAccounts::~CDlgChartOfAccounts() = default;
+
+bool CDlgChartOfAccounts::OnAccess()
+{
+    return CheckAccessSecurity(1);
+}
+
+QWidget *CDlgChartOfAccounts::buildFilter()
+{
+    auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"), this);
+    auto *row = new QHBoxLayout(box);
+    m_text = new KEdit(box);
+    m_from = new KDateEdit(box);
+    m_to = new KDateEdit(box);
+    const auto add = [box, row](const QString &caption, QWidget *field) {
+        auto *label = new QLabel(caption, box);
+        label->setBuddy(field);
+        field->setAccessibleName(caption);
+        row->addWidget(label);
+        row->addWidget(field);
+    };
+    add(QStringLiteral("کد یا نام :"), m_text);
+    add(QStringLiteral("مانده از تاریخ :"), m_from);
+    add(QStringLiteral("تا تاریخ :"), m_to);
+    m_inactive = new QCheckBox(QStringLiteral("نمایش غیرفعال‌ها"), box);
+    m_inactive->setAccessibleName(m_inactive->text());
+    m_inactive->setChecked(true);
+    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), box);
+    search->setAccessibleName(search->text());
+    search->setAutoDefault(true);
+    row->addWidget(m_inactive);
+    row->addStretch(1);
+    row->addWidget(search);
+    connect(search, &QPushButton::clicked, this, &CDlgChartOfAccounts::refill);
+    for (QLineEdit *edit : {static_cast<QLineEdit *>(m_text), static_cast<QLineEdit *>(m_from), static_cast<QLineEdit *>(m_to)})
+        connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
+    auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(find, &QShortcut::activated, this, [this] { m_text->setFocus(Qt::ShortcutFocusReason); });
+    auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(refresh, &QShortcut::activated, search, &QPushButton::click);
+    return box;
+}
+
+QPushButton *CDlgChartOfAccounts::addCommand(QHBoxLayout *row, const QString &caption, const QString &icon,
+                                             const QKeySequence &shortcut, void (CDlgChartOfAccounts::*run)(), bool changes)
+{
+    auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, row->parentWidget());
+    button->setAccessibleName(caption);
+    button->setAutoDefault(true);
+    connect(button, &QPushButton::clicked, this, run);
+    if (!shortcut.isEmpty()) {
+        auto *key = new QShortcut(shortcut, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        connect(key, &QShortcut::activated, button, [button] {
+            if (!button->isHidden())
+                button->click();
+        });
+        button->setToolTip(shortcut.toString(QKeySequence::NativeText));
+    }
+    if (changes)
+        m_changing.append(button);
+    row->addWidget(button);
+    return button;
+}
+
+QWidget *CDlgChartOfAccounts::buildCommands()
+{
+    auto *box = new QWidget(this);
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+    addCommand(row, QStringLiteral("حساب کل جدید"), QStringLiteral("new"), QKeySequence(Qt::SHIFT | Qt::Key_Insert),
+               &CDlgChartOfAccounts::addGeneral, true);
+    m_addBelow = addCommand(row, QStringLiteral("زیرحساب جدید"), QStringLiteral("new"), QKeySequence(Qt::Key_Insert),
+                            &CDlgChartOfAccounts::addBelow, true);
+    m_rename = addCommand(row, QStringLiteral("تغییر نام"), QStringLiteral("edit"), QKeySequence(Qt::Key_F2),
+                          &CDlgChartOfAccounts::rename, true);
+    m_toggle = addCommand(row, QStringLiteral("فعال / غیرفعال"), QStringLiteral("archive"), {},
+                          &CDlgChartOfAccounts::toggleActive, true);
+    row->addSpacing(12);
+    m_documents = addCommand(row, QStringLiteral("گردش حساب"), QStringLiteral("document"), {},
+                             &CDlgChartOfAccounts::showDocuments, false);
+    addCommand(row, QStringLiteral("چاپ"), QStringLiteral("print"), QKeySequence(QKeySequence::Print),
+               &CDlgChartOfAccounts::print, false);
+    row->addStretch(1);
+    m_count = new QLabel(box);
+    row->addWidget(m_count);
+    return box;
+}
+
+void CDlgChartOfAccounts::showEvent(QShowEvent *event)
+{
+    KDialogTabPage::showEvent(event);
+    if (m_opened)
+        return;
+    m_opened = true;
+    refill();
+    m_tree->setFocus(Qt::OtherFocusReason);
+}
+
+void CDlgChartOfAccounts::focusInEvent(QFocusEvent *event)
+{
+    m_tree->setFocus(event->reason());
+}
+
+// Enter opens the account's sheet, as a double click does.
+bool CDlgChartOfAccounts::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_tree && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (isEnter && (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && currentCode() != 0) {
+            showDocuments();
+            return true;
+        }
+    }
+    return KDialogTabPage::eventFilter(watched, event);
+}
+
+void CDlgChartOfAccounts::refill()
+{
+    for (KDateEdit *edit : {m_from, m_to}) {
+        if (edit->isEntryValid())
+            continue;
+        g_pDlgWarning->Show(edit->accessibleName() + u' ' + edit->entryError(), this);
+        edit->setFocus(Qt::TabFocusReason);
+        return;
+    }
+    const KWaitCursor wait;
+    m_rows = ChartRows::read(m_from->dateTime(), m_to->dateTime());
+    showRows();
+}
+
+void CDlgChartOfAccounts::showRows()
+{
+    const int remembered = currentCode();
+    m_shown = ChartRows::filtered(m_rows, m_text->text(), m_inactive->isChecked());
+    m_model->clear();
+    QStringList titles;
+    for (const KListModel::Column &column : columns())
+        titles.append(column.title);
+    m_model->setHorizontalHeaderLabels(titles);
+    QHash<int, QStandardItem *> shown;
+    for (const ChartRows::Row &row : std::as_const(m_shown)) {
+        const QList<QStandardItem *> items = makeItems(row);
+        if (QStandardItem *above = shown.value(row.parent))
+            above->appendRow(items);
+        else
+            m_model->appendRow(items);
+        shown.insert(row.code, items.constFirst());
+    }
+    const int unit = fontMetrics().averageCharWidth();
+    for (int column = 0; column < titles.size(); ++column)
+        m_tree->header()->resizeSection(column, columns().at(column).width * unit / 3);
+    m_tree->expandAll();
+    if (!selectCode(remembered) && !m_shown.isEmpty())
+        selectCode(m_shown.constFirst().code);
+    m_count->setText(SuiteMessages::count(m_shown.size()));
+    updateCommands();
+}
+
+QStandardItem *CDlgChartOfAccounts::findItem(int code) const
+{
+    const QModelIndex first = m_model->index(0, CodeColumn);
+    const QModelIndexList found =
+        m_model->match(first, codeRole, code, 1, Qt::MatchExactly | Qt::MatchRecursive | Qt::MatchWrap);
+    return found.isEmpty() ? nullptr : m_model->itemFromIndex(found.constFirst());
+}
+
+int CDlgChartOfAccounts::currentCode() const
+{
+    return m_tree->currentIndex().data(codeRole).toInt();
+}
+
+bool CDlgChartOfAccounts::selectCode(int code)
+{
+    const QStandardItem *item = code == 0 ? nullptr : findItem(code);
+    if (!item)
+        return false;
+    m_tree->setCurrentIndex(item->index());
+    m_tree->scrollTo(item->index());
+    return true;
+}
+
+QString CDlgChartOfAccounts::cellText(int code, int column) const
+{
+    const QStandardItem *item = findItem(code);
+    return item ? item->index().siblingAtColumn(column).data().toString() : QString();
+}
+
+QString CDlgChartOfAccounts::countText() const
+{
+    return m_count->text();
+}
+
+const ChartRows::Row *CDlgChartOfAccounts::currentRow() const
+{
+    const int code = currentCode();
+    const auto found = std::find_if(m_shown.cbegin(), m_shown.cend(), [code](const auto &row) { return row.code == code; });
+    return found == m_shown.cend() ? nullptr : &*found;
+}
+
+void CDlgChartOfAccounts::updateCommands()
+{
+    const bool blocked = GetDBSetting()->IsClosedDB();
+    for (QPushButton *button : std::as_const(m_changing))
+        button->setVisible(!blocked);
+    const ChartRows::Row *row = currentRow();
+    m_addBelow->setEnabled(row && row->level != AccountLevel::Tafsily);
+    m_rename->setEnabled(row);
+    m_toggle->setEnabled(row);
+    m_documents->setEnabled(row);
+}
+
+bool CDlgChartOfAccounts::mayChange() const
+{
+    return !GetDBSetting()->IsClosedDB() && CheckModifySecurity();
+}
+
+void CDlgChartOfAccounts::addGeneral()
+{
+    if (GetDBSetting()->IsClosedDB() || !CheckWriteSecurity())
+        return;
+    CDlgAddAccount dialog(AccountLevel::Kol, 0, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    refill();
+    selectCode(dialog.code());
+}
+
+void CDlgChartOfAccounts::addBelow()
+{
+    const ChartRows::Row *row = currentRow();
+    if (!row || row->level == AccountLevel::Tafsily || GetDBSetting()->IsClosedDB() || !CheckWriteSecurity())
+        return;
+    const AccountLevel level = row->level == AccountLevel::Kol ? AccountLevel::Moeen : AccountLevel::Tafsily;
+    CDlgAddAccount dialog(level, row->code, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    refill();
+    selectCode(dialog.code());
+}
+
+void CDlgChartOfAccounts::rename()
+{
+    const int code = currentCode();
+    if (code == 0 || !mayChange())
+        return;
+    CDlgAddAccount dialog(code, this);
+    if (dialog.exec() == QDialog::Accepted)
+        refill();
+}
+
+void CDlgChartOfAccounts::toggleActive()
+{
+    const ChartRows::Row *row = currentRow();
+    if (!row || !mayChange())
+        return;
+    const int code = row->code;
+    const bool deactivates = row->active;
+    // What is in use can be put aside, but not by mistake: reports leave inactive accounts out.
+    const AccountBalance whole = AccountLedger::balance(row->level, code, {}, {});
+    if (deactivates && !whole.isBalanced()
+        && g_pDlgYesNo->Ask(QStringLiteral("این حساب %1 %2 مانده دارد و با غیرفعال شدن در گزارش‌ها نمی‌آید. ادامه می‌دهید؟")
+                                .arg(DToMoney(std::abs(whole.net())), whole.nature()),
+                            this)
+            == KMessageDialog::No)
+        return;
+    AccountChart::setActive(code, !deactivates);
+    refill();
+}
+
+void CDlgChartOfAccounts::showDocuments()
+{
+    const ChartRows::Row *row = currentRow();
+    if (!row)
+        return;
+    const AccountLevel level = row->level;
+    const int code = row->code;
+    CDlgAccountDocs::Show(level, code, m_from->dateTime(), m_to->dateTime(), this);
+}
+
+void CDlgChartOfAccounts::print()
+{
+    if (!CheckPrintListSecurity())
+        return;
+    QVector<KListModel::Row> rows;
+    for (const ChartRows::Row &row : std::as_const(m_shown))
+        rows.append(rowCells(row));
+    CDlgReportGenerator generator(QStringLiteral("ChartOfAccounts"), QStringLiteral("List"), this);
+    generator.SetText(QStringLiteral("Title"), title());
+    generator.SetText(QStringLiteral("LeftBottom"), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
+    generator.SetText(QStringLiteral("Count"), countText());
+    generator.SetTable(QStringLiteral("List"), columns(), rows);
+    if (!generator.LoadLayout())
+        generator.BuildListReport(title());
+    generator.ShowReport();
+}
