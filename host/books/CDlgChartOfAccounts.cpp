@@ -33,6 +33,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -116,6 +117,9 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     m_tree->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tree->setExpandsOnDoubleClick(false);
     m_tree->header()->setSectionsMovable(false);
+    m_tree->header()->setDefaultAlignment(Qt::AlignCenter);
+    // Always there, so that the columns keep their place when accounts are opened and closed.
+    m_tree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_tree->installEventFilter(this);
     connect(m_tree, &QTreeView::doubleClicked, this, &CDlgChartOfAccounts::showDocuments);
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &CDlgChartOfAccounts::updateCommands);
@@ -276,14 +280,29 @@ void CDlgChartOfAccounts::showRows()
             m_model->appendRow(items);
         shown.insert(row.code, items.constFirst());
     }
-    const int unit = fontMetrics().averageCharWidth();
-    for (int column = 0; column < titles.size(); ++column)
-        m_tree->header()->resizeSection(column, columns().at(column).width * unit / 3);
+    fitColumns();
     m_tree->expandAll();
     if (!selectCode(remembered) && !m_shown.isEmpty())
         selectCode(m_shown.constFirst().code);
     m_count->setText(SuiteMessages::count(m_shown.size()));
     updateCommands();
+}
+
+// The columns share the width in the proportion of their own.
+void CDlgChartOfAccounts::fitColumns()
+{
+    const QVector<KListModel::Column> shares = columns();
+    const int total = std::accumulate(shares.cbegin(), shares.cend(), 0,
+                                      [](int sum, const KListModel::Column &column) { return sum + column.width; });
+    // All of them are laid out only once the tree has its titles.
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        m_tree->header()->resizeSection(column, m_tree->viewport()->width() * shares.at(column).width / total);
+}
+
+void CDlgChartOfAccounts::resizeEvent(QResizeEvent *event)
+{
+    KDialogTabPage::resizeEvent(event);
+    fitColumns();
 }
 
 QStandardItem *CDlgChartOfAccounts::findItem(int code) const

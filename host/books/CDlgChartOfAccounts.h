@@ -54,6 +54,7 @@ public Q_SLOTS:
 protected:
     void showEvent(QShowEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -62,6 +63,7 @@ private:
     QPushButton *addCommand(QHBoxLayout *row, const QString &caption, const QString &icon, const QKeySequence &shortcut,
                             void (CDlgChartOfAccounts::*run)(), bool changes);
     void showRows();
+    void fitColumns();
     void updateCommands();
     const ChartRows::Row *currentRow() const;
     QStandardItem *findItem(int code) const;

@@ -102,14 +102,14 @@ void CDlgAccountDocs::build()
 
     m_list->setAccessibleName(QStringLiteral("گردش حساب"));
     m_list->setColumns({
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("شماره سند"), Qt::AlignHCenter, 45, {}},
+        {QStringLiteral("ردیف"), Qt::AlignHCenter, 26, {}},
+        {QStringLiteral("شماره سند"), Qt::AlignHCenter, 44, {}},
         {QStringLiteral("تاریخ سند"), Qt::AlignHCenter, 55, {}, true},
-        {QStringLiteral("شخص"), Qt::AlignRight, 100, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 150, {}},
-        {QStringLiteral("بدهکار"), Qt::AlignRight, 75, {}},
-        {QStringLiteral("بستانکار"), Qt::AlignRight, 75, {}},
-        {QStringLiteral("مانده"), Qt::AlignRight, 75, {}},
+        {QStringLiteral("شخص"), Qt::AlignRight, 80, {}},
+        {QStringLiteral("شرح"), Qt::AlignRight, 110, {}},
+        {QStringLiteral("بدهکار"), Qt::AlignRight, 66, {}},
+        {QStringLiteral("بستانکار"), Qt::AlignRight, 66, {}},
+        {QStringLiteral("مانده"), Qt::AlignRight, 66, {}},
         {QStringLiteral("تشخیص"), Qt::AlignHCenter, 35, {}},
     });
     m_list->SetSettingName(QStringLiteral("AccountDocs\\List"));
