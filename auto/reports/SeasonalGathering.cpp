@@ -14,8 +14,10 @@
 #include "suite/crm/CTblPersons.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -25,9 +27,14 @@ using Party = std::shared_ptr<const TaxParty>;
 
 constexpr qsizetype batchSize = 4096;
 
-QString subselect(const char *column, const char *table, const QString &condition)
+// Keys and numbers of records as "(1,2,3)"; none of them is 0.
+QString listed(const QSet<int> &numbers)
 {
-    return QStringLiteral("(SELECT %1 FROM %2 WHERE %3)").arg(QLatin1String(column), QLatin1String(table), condition);
+    QStringList texts{QStringLiteral("0")};
+    texts.reserve(numbers.size() + 1);
+    for (const int number : numbers)
+        texts.append(QString::number(number));
+    return QStringLiteral("(%1)").arg(texts.join(u','));
 }
 
 // One gathering: what is looked up for all rows at once, and the rows on their way to the caller.
@@ -59,21 +66,34 @@ public:
     }
 
 private:
+    struct Contract
+    {
+        int code = 0;
+        int type = 0;
+        int firstID = 0;
+        int secondID = 0;
+        QDate date;
+        int documentNumber = 0;
+        int fiscalYear = 0;
+        SeasonalRules::Contract figures;
+    };
     void addContracts();
-    void addContract(const CTblAutomobilContracts &contract);
+    QVector<Contract> readContracts();
+    void addContract(const Contract &contract);
 
     struct Invoice
     {
         int number = 0;
-        Party party;
+        int personID = 0;
         QDate date;
         int documentNumber = 0;
-        QDate documentDate;
+        int fiscalYear = 0;
         SeasonalRules::Invoice figures;
     };
     struct Line
     {
         qsizetype invoice = 0; // position of its invoice
+        int id = 0;
         bool returned = false;
         int serviceID = 0;
         QString description;
@@ -86,13 +106,13 @@ private:
         QString name;
     };
     void addInvoices();
-    QVector<Invoice> readInvoices(const QString &condition);
-    QVector<Line> readLines(const QVector<Invoice> &invoices, const QString &condition) const;
+    QVector<Invoice> readInvoices(const QString &ofType);
+    QVector<Line> readLines(const QVector<Invoice> &invoices, const QString &ofType) const;
     void addLine(const Invoice &invoice, const Line &line, const QHash<int, Service> &services);
     QString departmentClause() const;
 
-    void readPersons(const QString &keys);
-    void readDocuments(const QString &numbers);
+    void readPersons(const QSet<int> &keys);
+    void readDocuments(const QSet<int> &numbers);
     Party partyFor(int personID) const;
     QDate documentDate(int number, int fiscalYear) const;
 
@@ -124,7 +144,7 @@ private:
     Outcome m_outcome;
 };
 
-void Gatherer::readPersons(const QString &keys)
+void Gatherer::readPersons(const QSet<int> &keys)
 {
     CTblPersons persons;
     persons.SetColumns({QStringLiteral("sName"), QStringLiteral("sFamily"), QStringLiteral("sNationalCode"),
@@ -132,16 +152,16 @@ void Gatherer::readPersons(const QString &keys)
                         QStringLiteral("sTel"), QStringLiteral("sAddress"), QStringLiteral("iKind"), QStringLiteral("bNatural"),
                         QStringLiteral("iTaxKind"), QStringLiteral("iTaxZone"), QStringLiteral("iProvinceCode"),
                         QStringLiteral("iCityCode")});
-    persons.m_filter = QStringLiteral("iID IN ") + keys;
+    persons.m_filter = QStringLiteral("iID IN ") + listed(keys);
     for (persons.Open(true, true, true); !persons.IsEOF(); persons.MoveNext())
         m_persons.insert(persons.m_iID, std::make_shared<const TaxParty>(partyOf(persons, m_query.kindFromMark)));
 }
 
-void Gatherer::readDocuments(const QString &numbers)
+void Gatherer::readDocuments(const QSet<int> &numbers)
 {
     CTblDocuments documents;
     documents.SetColumns({QStringLiteral("iNum"), QStringLiteral("iFiscalYear"), QStringLiteral("date")});
-    documents.m_filter = QStringLiteral("iNum IN ") + numbers;
+    documents.m_filter = QStringLiteral("iNum IN ") + listed(numbers);
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         m_documents.insert({documents.m_iNum, documents.m_iFiscalYear}, documents.m_date.date());
 }
@@ -159,50 +179,67 @@ QDate Gatherer::documentDate(int number, int fiscalYear) const
 
 void Gatherer::addContracts()
 {
-    const QString condition = Season::condition(QStringLiteral("dateContract"), m_bounds) + QLatin1String(" AND iStatus=0");
-    const char *table = "AutomobilContracts";
-    readPersons(subselect("iPersonFirstID", table, condition));
-    readPersons(subselect("iPersonSecondID", table, condition));
-    readDocuments(subselect("iDocNum", table, condition));
-
-    CTblAutomobilContracts contracts;
-    contracts.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonFirstID"), QStringLiteral("iPersonSecondID"),
-                          QStringLiteral("dateContract"), QStringLiteral("iContractType"), QStringLiteral("dCommission"),
-                          QStringLiteral("dDiscountFirst"), QStringLiteral("dDiscountSecond"), QStringLiteral("dTax"),
-                          QStringLiteral("dImposition"), QStringLiteral("iDocNum"), QStringLiteral("iPersonContract1"),
-                          QStringLiteral("iPersonContract2"), QStringLiteral("bReturn"), QStringLiteral("dTax2"),
-                          QStringLiteral("dImposition2"), QStringLiteral("iFiscalYear")});
-    contracts.m_filter = condition;
-    contracts.m_sort = QStringLiteral("dateContract");
-    for (contracts.Open(true, true, true); !contracts.IsEOF() && !m_outcome.cancelled; contracts.MoveNext())
-        addContract(contracts);
+    const QVector<Contract> contracts = readContracts();
+    QSet<int> persons;
+    QSet<int> documents;
+    for (const Contract &contract : contracts) {
+        persons << contract.firstID << contract.secondID;
+        documents << contract.documentNumber;
+    }
+    readPersons(persons);
+    readDocuments(documents);
+    for (const Contract &contract : contracts) {
+        if (m_outcome.cancelled)
+            return;
+        addContract(contract);
+    }
 }
 
-void Gatherer::addContract(const CTblAutomobilContracts &contract)
+// In the order of their dates, without the small ones, which are summed on the way.
+QVector<Gatherer::Contract> Gatherer::readContracts()
 {
-    const SeasonalRules::Contract figures{
-        contract.m_dCommission,
-        contract.m_bReturn != 0,
-        {contract.m_iPersonContract1, contract.m_dTax, contract.m_dImposition, contract.m_dDiscountFirst},
-        {contract.m_iPersonContract2, contract.m_dTax2, contract.m_dImposition2, contract.m_dDiscountSecond}};
-    if (SeasonalRules::isSmall(figures.commission, m_query.minimumAmount)) {
-        m_small.add(figures);
-        return;
+    QVector<Contract> contracts;
+    CTblAutomobilContracts record;
+    record.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonFirstID"), QStringLiteral("iPersonSecondID"),
+                       QStringLiteral("dateContract"), QStringLiteral("iContractType"), QStringLiteral("dCommission"),
+                       QStringLiteral("dDiscountFirst"), QStringLiteral("dDiscountSecond"), QStringLiteral("dTax"),
+                       QStringLiteral("dImposition"), QStringLiteral("iDocNum"), QStringLiteral("iPersonContract1"),
+                       QStringLiteral("iPersonContract2"), QStringLiteral("bReturn"), QStringLiteral("dTax2"),
+                       QStringLiteral("dImposition2"), QStringLiteral("iFiscalYear")});
+    record.m_filter = Season::condition(QStringLiteral("dateContract"), m_bounds) + QLatin1String(" AND iStatus=0");
+    record.m_sort = QStringLiteral("dateContract");
+    for (record.Open(true, true, true); !record.IsEOF(); record.MoveNext()) {
+        const SeasonalRules::Contract figures{
+            record.m_dCommission,
+            record.m_bReturn != 0,
+            {record.m_iPersonContract1, record.m_dTax, record.m_dImposition, record.m_dDiscountFirst},
+            {record.m_iPersonContract2, record.m_dTax2, record.m_dImposition2, record.m_dDiscountSecond}};
+        if (SeasonalRules::isSmall(figures.commission, m_query.minimumAmount)) {
+            m_small.add(figures);
+            continue;
+        }
+        contracts.append({record.m_iCode, record.m_iContractType, record.m_iPersonFirstID, record.m_iPersonSecondID,
+                          record.m_dateContract.date(), record.m_iDocNum, record.m_iFiscalYear, figures});
     }
+    return contracts;
+}
+
+void Gatherer::addContract(const Contract &contract)
+{
     SeasonalRow row;
-    row.returned = figures.returned;
-    row.description = WordLists::textAt(WordLists::contractTypes(), contract.m_iContractType);
-    row.code = contract.m_iCode;
-    row.date = contract.m_dateContract.date();
-    row.documentNumber = contract.m_iDocNum;
-    row.documentDate = documentDate(contract.m_iDocNum, contract.m_iFiscalYear);
+    row.returned = contract.figures.returned;
+    row.description = WordLists::textAt(WordLists::contractTypes(), contract.type);
+    row.code = contract.code;
+    row.date = contract.date;
+    row.documentNumber = contract.documentNumber;
+    row.documentDate = documentDate(contract.documentNumber, contract.fiscalYear);
     const auto addParty = [&](int personID, const SeasonalRules::ContractParty &party) {
         row.party = partyFor(personID);
-        SeasonalRules::setFigures(row, figures.commission, party);
+        SeasonalRules::setFigures(row, contract.figures.commission, party);
         add(row);
     };
-    addParty(contract.m_iPersonFirstID, figures.first);
-    addParty(contract.m_iPersonSecondID, figures.second);
+    addParty(contract.firstID, contract.figures.first);
+    addParty(contract.secondID, contract.figures.second);
 }
 
 QString Gatherer::departmentClause() const
@@ -214,18 +251,23 @@ void Gatherer::addInvoices()
 {
     const int type = m_query.kind == Kind::Sales ? CTblFactors::sale : CTblFactors::purchase;
     const QString ofType = QStringLiteral(" AND iType=%1").arg(type) + departmentClause();
-    const QString condition =
-        Season::condition(QStringLiteral("date"), m_bounds) + QLatin1String(" AND iStatus=0") + ofType;
-    const QVector<Invoice> invoices = readInvoices(condition);
+    const QVector<Invoice> invoices = readInvoices(ofType);
     if (invoices.isEmpty())
         return;
-    const QVector<Line> lines =
-        readLines(invoices, QLatin1String("iFactorNum IN ") + subselect("iID", "Factors", condition) + ofType);
+    QSet<int> persons;
+    QSet<int> documents;
+    for (const Invoice &invoice : invoices) {
+        persons << invoice.personID;
+        documents << invoice.documentNumber;
+    }
+    readPersons(persons);
+    readDocuments(documents);
 
     QHash<int, Service> services;
     CTblServices service;
     for (service.Open(true, true, true); !service.IsEOF(); service.MoveNext())
         services.insert(service.m_iID, {service.m_iCode, service.m_sName});
+    const QVector<Line> lines = readLines(invoices, ofType);
     for (const Line &line : lines) {
         if (m_outcome.cancelled)
             return;
@@ -233,44 +275,49 @@ void Gatherer::addInvoices()
     }
 }
 
-// In the order of their dates; those without a person in the list are left out.
-QVector<Gatherer::Invoice> Gatherer::readInvoices(const QString &condition)
+// In the order of their dates.
+QVector<Gatherer::Invoice> Gatherer::readInvoices(const QString &ofType)
 {
-    const char *table = "Factors";
-    readPersons(subselect("iPersonID", table, condition));
-    readDocuments(subselect("iDocNum", table, condition));
     QVector<Invoice> invoices;
     CTblFactors invoice;
-    invoice.m_filter = condition;
+    invoice.SetColumns({QStringLiteral("iPersonID"), QStringLiteral("date"), QStringLiteral("dAmount"), QStringLiteral("dDiscount"),
+                        QStringLiteral("dTax"), QStringLiteral("dImposition"), QStringLiteral("iDocNum"), QStringLiteral("iFiscalYear")});
+    invoice.m_filter = Season::condition(QStringLiteral("date"), m_bounds) + QLatin1String(" AND iStatus=0") + ofType;
     invoice.m_sort = QStringLiteral("date");
     for (invoice.Open(true, true, true); !invoice.IsEOF(); invoice.MoveNext()) {
-        const Party party = m_persons.value(invoice.m_iPersonID);
-        if (party)
-            invoices.append({invoice.m_iID, party, invoice.m_date.date(), invoice.m_iDocNum, documentDate(invoice.m_iDocNum, invoice.m_iFiscalYear), {invoice.m_dAmount, invoice.m_dDiscount, invoice.m_dTax, invoice.m_dImposition}});
+        invoices.append({invoice.m_iID, invoice.m_iPersonID, invoice.m_date.date(), invoice.m_iDocNum, invoice.m_iFiscalYear, {invoice.m_dAmount, invoice.m_dDiscount, invoice.m_dTax, invoice.m_dImposition}});
     }
     return invoices;
 }
 
-// All lines of the season in one statement, in the order of their invoices and within one as they were entered.
-QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, const QString &condition) const
+// The lines of all invoices in one statement: the season's numbers lie together, and the few of other days between them are
+// passed over here. In the order of their invoices, and within one as they were entered; those of nobody's are left out.
+QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, const QString &ofType) const
 {
     QHash<int, qsizetype> positions;
     positions.reserve(invoices.size());
-    for (qsizetype i = 0; i < invoices.size(); ++i)
-        positions.insert(invoices.at(i).number, i);
+    int lowest = invoices.constFirst().number;
+    int highest = lowest;
+    for (qsizetype i = 0; i < invoices.size(); ++i) {
+        const int number = invoices.at(i).number;
+        lowest = std::min(lowest, number);
+        highest = std::max(highest, number);
+        if (m_persons.contains(invoices.at(i).personID))
+            positions.insert(number, i);
+    }
     QVector<Line> lines;
     CTblFactorStuffs line;
     line.SetColumns({QStringLiteral("iFactorNum"), QStringLiteral("iKind"), QStringLiteral("iServiceID"), QStringLiteral("sDesc"),
                      QStringLiteral("dCount"), QStringLiteral("dPrice")});
-    line.m_filter = condition;
-    line.m_sort = QStringLiteral("iID");
+    line.m_filter = QStringLiteral("iFactorNum BETWEEN %1 AND %2").arg(lowest).arg(highest) + ofType;
     for (line.Open(true, true, true); !line.IsEOF(); line.MoveNext()) {
         const auto position = positions.constFind(line.m_iFactorNum);
         if (position != positions.cend() && SeasonalRules::isLineListed(line.m_dCount, line.m_dPrice, m_query.minimumAmount))
-            lines.append({*position, CTblFactorStuffs::isReturned(line.m_iKind), line.m_iServiceID, line.m_sDesc, line.m_dCount,
-                          line.m_dPrice});
+            lines.append({*position, line.m_iID, CTblFactorStuffs::isReturned(line.m_iKind), line.m_iServiceID, line.m_sDesc,
+                          line.m_dCount, line.m_dPrice});
     }
-    std::stable_sort(lines.begin(), lines.end(), [](const Line &a, const Line &b) { return a.invoice < b.invoice; });
+    std::sort(lines.begin(), lines.end(),
+              [](const Line &a, const Line &b) { return std::tie(a.invoice, a.id) < std::tie(b.invoice, b.id); });
     return lines;
 }
 
@@ -289,8 +336,8 @@ void Gatherer::addLine(const Invoice &invoice, const Line &line, const QHash<int
     row.code = invoice.number;
     row.date = invoice.date;
     row.documentNumber = invoice.documentNumber;
-    row.documentDate = invoice.documentDate;
-    row.party = invoice.party;
+    row.documentDate = documentDate(invoice.documentNumber, invoice.fiscalYear);
+    row.party = partyFor(invoice.personID);
     SeasonalRules::setFigures(row, line.count, line.price, invoice.figures);
     add(std::move(row));
 }

@@ -163,6 +163,17 @@ int KListModel::rowOfKey(int key) const
     return -1;
 }
 
+QModelIndex KListModel::index(int row, int column, const QModelIndex &parent) const
+{
+    const bool there = row >= 0 && column >= 0 && !parent.isValid() && row < KListModel::rowCount() && column < m_columns.size();
+    return there ? createIndex(row, column) : QModelIndex();
+}
+
+Qt::ItemFlags KListModel::flags(const QModelIndex &index) const
+{
+    return index.isValid() ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren : Qt::ItemFlags();
+}
+
 int KListModel::rowCount(const QModelIndex &parent) const
 {
     if (parent.isValid())

@@ -87,6 +87,9 @@ public:
     // -1 when no row has the key.
     int rowOfKey(int key) const;
 
+    // A view asks these two for every row of a long list at once.
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
