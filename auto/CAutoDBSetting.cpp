@@ -4,6 +4,7 @@
 #include "auto/CAutoDBSetting.h"
 
 #include "auto/SchemaUpgrade.h"
+#include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CMySQLException.h"
 #include "suite/accounting/CDBSetting.h"
@@ -65,7 +66,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
 
 void CAutoDBSetting::ShowAutomobilInformationsDlg()
 {
-    openNoPage();
+    openPage<CDlgAutomobilInformations>();
 }
 
 void CAutoDBSetting::ShowAutomobilContractDlg()
