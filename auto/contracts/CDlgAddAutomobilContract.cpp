@@ -22,7 +22,6 @@
 #include "suite/utility/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
 
-#include <QDialogButtonBox>
 #include <QPushButton>
 
 namespace {
@@ -142,15 +141,7 @@ void CDlgAddAutomobilContract::applyMode()
 {
     if (!isShowMode())
         return;
-    for (QAbstractButton *button : buttons()->buttons()) {
-        if (buttons()->buttonRole(button) != QDialogButtonBox::AcceptRole) {
-            button->setText(QStringLiteral("بازگشت"));
-            continue;
-        }
-        // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.
-        buttons()->removeButton(button);
-        delete button;
-    }
+    leaveOnlyWayBack();
     m_copyCar->hide();
 }
 
