@@ -4,6 +4,7 @@
 #include "auto/CAutoDBSetting.h"
 
 #include "auto/SchemaUpgrade.h"
+#include "auto/cars/CDlgAutomobilDemands.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CMySQLException.h"
@@ -28,12 +29,6 @@ void openPage()
         page = nullptr;
     }
     GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
-}
-
-// For a list whose window this version does not hold.
-void openNoPage()
-{
-    GetDBSetting()->AddDialogToTabPage_(nullptr, 1, 0);
 }
 
 }
@@ -76,7 +71,7 @@ void CAutoDBSetting::ShowAutomobilContractDlg()
 
 void CAutoDBSetting::ShowAutomobilDemandsDlg()
 {
-    openNoPage();
+    openPage<CDlgAutomobilDemands>();
 }
 
 void CAutoDBSetting::ShowAutomobilReportSeasonsDlg()

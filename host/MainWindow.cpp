@@ -120,6 +120,7 @@ void MainWindow::buildMenus()
 {
     constexpr auto control = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
     const auto contracts = [this] { m_module->ShowAutomobilContractDlg(); };
+    const auto demands = [this] { m_module->ShowAutomobilDemandsDlg(); };
     const auto cars = [this] { m_module->ShowAutomobilInformationsDlg(); };
     const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
     const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
@@ -129,7 +130,8 @@ void MainWindow::buildMenus()
             {
                 {QStringLiteral("قرارداد"), QStringLiteral("contract"), contracts, control(Qt::Key_1),
                  Command::OnStartPage | Command::NeedsModule},
-                {QStringLiteral("تقاضا"), QStringLiteral("search"), {}},
+                {QStringLiteral("تقاضا"), QStringLiteral("search"), demands, control(Qt::Key_6),
+                 Command::OnStartPage | Command::NeedsModule},
                 {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), cars, control(Qt::Key_7),
                  Command::OnStartPage | Command::NeedsModule},
                 {QStringLiteral("گزارش فصلي"), QStringLiteral("receipt"), {}},

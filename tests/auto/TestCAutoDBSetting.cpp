@@ -49,7 +49,6 @@ private Q_SLOTS:
     void listOpenedTwiceIsTwoIndependentPages();
     void listWithoutTheAccessRightIsNotShown_data();
     void listWithoutTheAccessRightIsNotShown();
-    void listsWithoutAWindowShowNothing();
     void seasonalReportWithoutTheAccessRightOpensNothing();
 
 private:
@@ -127,6 +126,8 @@ void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages_data()
     QTest::addColumn<QString>("title");
     QTest::newRow("contracts") << Operation(&CAutoDBSetting::ShowAutomobilContractDlg) << QStringLiteral("AutomobilContracts")
                                << QStringLiteral("قرارداد");
+    QTest::newRow("demands") << Operation(&CAutoDBSetting::ShowAutomobilDemandsDlg) << QStringLiteral("AutomobilDemands")
+                             << QStringLiteral("تقاضا");
     QTest::newRow("cars") << Operation(&CAutoDBSetting::ShowAutomobilInformationsDlg) << QStringLiteral("AutomobilInformations")
                           << QStringLiteral("گالري اتومبيل");
 }
@@ -160,17 +161,6 @@ void TestCAutoDBSetting::listWithoutTheAccessRightIsNotShown()
     GetDBSetting()->SetTabHost(&host);
     (GetAutoDBSetting()->*open)();
     QVERIFY(host.pages().isEmpty());
-}
-
-void TestCAutoDBSetting::listsWithoutAWindowShowNothing()
-{
-    logIn(true);
-    TabHost host;
-    GetDBSetting()->SetTabHost(&host);
-    GetAutoDBSetting()->ShowAutomobilDemandsDlg();
-    QVERIFY(host.pages().isEmpty());
-    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-    QVERIFY(g_pDlgMessage->takeShown().isEmpty());
 }
 
 void TestCAutoDBSetting::seasonalReportWithoutTheAccessRightOpensNothing()
