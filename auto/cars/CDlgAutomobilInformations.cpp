@@ -3,6 +3,7 @@
 
 #include "auto/cars/CDlgAutomobilInformations.h"
 
+#include "auto/WordLists.h"
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/CarChoices.h"
@@ -210,7 +211,7 @@ void CDlgAutomobilInformations::buildHiddenFilters(QWidget *box)
     m_partsDeficit = new KEdit(box);
     m_partsDeficit->setAccessibleName(QStringLiteral("کسري لوازم :"));
     m_usage = new QComboBox(box);
-    m_usage->addItems(WordLists::texts(CarChoices::usageTypes()));
+    m_usage->addItems(WordLists::texts(WordLists::usageTypes()));
     m_usage->setAccessibleName(QStringLiteral("کاربري :"));
     for (QWidget *control : {static_cast<QWidget *>(m_documentsDeficit), static_cast<QWidget *>(m_partsDeficit),
                              static_cast<QWidget *>(m_usage)})
@@ -282,7 +283,7 @@ KListModel::Row CDlgAutomobilInformations::makeRow(KMySQL &record, int number)
 {
     const auto &car = static_cast<const CTblAutomobilInformationJoins &>(record);
     m_keys.append({car.m_iPersonBuyerID, car.m_iPersonID, car.m_iAutomobilType, car.m_iColor});
-    const QString usage = WordLists::textAt(CarChoices::usageTypes(), car.m_iUsageType);
+    const QString usage = WordLists::textAt(WordLists::usageTypes(), car.m_iUsageType);
     return {car.m_iID,
             {{QString::number(number), number},
              {},
@@ -410,8 +411,8 @@ void CDlgAutomobilInformations::editCar()
     if (isSelectMode() || isChangeBlocked() || !CheckModifySecurity() || !loadSelected(car))
         return;
     // Taken out of the archive on the way, a car is another one also for who then cancelled.
-    const bool wasArchived = car.m_iArchiveUserID != 0;
-    if (CDlgAddAutomobilInformation::EditCar(car.m_iID, false, this) || wasArchived)
+    bool changed = false;
+    if (CDlgAddAutomobilInformation::EditCar(car.m_iID, false, this, &changed) || changed)
         refill();
 }
 

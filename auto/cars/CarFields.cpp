@@ -3,6 +3,7 @@
 
 #include "auto/cars/CarFields.h"
 
+#include "auto/WordLists.h"
 #include "suite/utility/ShamsiDate.h"
 
 namespace {
@@ -113,8 +114,7 @@ QList<KFormField> CarFields::base()
         withButton(QStringLiteral("iVolumCylinders"), QStringLiteral("حجم سيلندر :"), Kind::Lookup),
         withButton(QStringLiteral("iCapacity"), QStringLiteral("ظرفيت :"), Kind::Integer),
         {QStringLiteral("iNumOFAxles"), QStringLiteral("تعداد محور :"), Kind::Integer},
-        list(QStringLiteral("iUsageType"), QStringLiteral("کاربري :"), {QStringLiteral("سواری"), QStringLiteral("سنگین")},
-             {1, 2}),
+        list(QStringLiteral("iUsageType"), QStringLiteral("کاربري :"), WordLists::texts(WordLists::usageTypes().subspan(1)), {1, 2}),
         withButton(QStringLiteral("iBodyStatus"), QStringLiteral("وضعيت بدنه :"), Kind::Lookup),
         withButton(QStringLiteral("sAccessories"), QStringLiteral("لوازم جانبي :"), Kind::Text),
         withButton(QStringLiteral("sFacilities"), QStringLiteral("امکانات :"), Kind::Text),

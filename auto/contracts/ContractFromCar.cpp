@@ -13,14 +13,13 @@ namespace {
 
 using Text = std::optional<QString>;
 
-// The words of a contract, which are not those of the car list.
-constexpr QStringView vehicleKinds[] = {{}, u"سواری", u"سنگین"};
-constexpr QStringView fuels[] = {{}, u"بنزین", u"دوگانه سوز", u"گاز", u"گازوئیل", u"سایر"};
+// The words of a contract, which are not those of the car list. As there, the first stands for nothing chosen.
+constexpr QStringView fuels[] = {u"-", u"بنزین", u"دوگانه سوز", u"گاز", u"گازوئیل", u"سایر"};
 
 Text word(WordLists::List words, int code)
 {
     const QString text = WordLists::textAt(words, code);
-    return text.isEmpty() ? Text() : Text(text);
+    return code == 0 || text.isEmpty() ? Text() : Text(text);
 }
 
 QString stated(int number)
@@ -44,7 +43,7 @@ struct Pair
 
 constexpr Pair pairs[] = {
     {"sAutomobilName", [](const CarForContract &car) { return Text(nameOf(car)); }},
-    {"sAutomobilType", [](const CarForContract &car) { return word(vehicleKinds, car.usageType); }},
+    {"sAutomobilType", [](const CarForContract &car) { return word(WordLists::usageTypes(), car.usageType); }},
     {"sSystem", [](const CarForContract &car) { return Text(car.system); }},
     {"sBrigade", [](const CarForContract &car) { return Text(car.carClass); }},
     {"sModel", [](const CarForContract &car) { return Text(stated(car.year)); }},
