@@ -13,8 +13,10 @@
 #include "host/DatabaseInfo.h"
 #include "host/ReminderBadge.h"
 #include "host/StartPage.h"
+#include "host/StartupClock.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CDlgAlarms.h"
@@ -210,8 +212,12 @@ void MainWindow::showNote(const QString &text)
 
 void MainWindow::tellDueReminders()
 {
-    if (CDlgDueAlarms::ShowAtLogin(this))
-        m_reminders->refresh();
+    try {
+        if (CDlgDueAlarms::ShowAtLogin(this))
+            m_reminders->refresh();
+    } catch (const CMySQLException &) {
+        qCWarning(lcHost).noquote() << "reminders:" << KErrorBoundary::logText(std::current_exception());
+    }
 }
 
 void MainWindow::openReminders()
