@@ -8,6 +8,7 @@
 #include "host/demo/DemoCars.h"
 #include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"
+#include "host/demo/DemoDemands.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/CTblUsers.h"
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int currentYear = 1405;
 constexpr int fewestPersons = 20;
+constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
 constexpr int daysOfTheRegister = 300; // the oldest car came so long ago
 
@@ -95,6 +97,7 @@ void fill(int contracts, int database)
     const DemoCatalog catalog(office.userID, QDateTime(office.firstDay, QTime(9, 0), Qt::UTC), database);
     const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
+    DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
     CTblProperties::DBWriteSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), contracts, database);
     transaction.commit();
 }

@@ -3,10 +3,13 @@
 
 #include "host/demo/DemoData.h"
 
+#include "auto/cars/DemandYears.h"
+#include "auto/cars/MatchingCars.h"
 #include "auto/cars/VehicleIdentification.h"
 #include "auto/catalog/InputParameters.h"
 #include "auto/contracts/ContractPosting.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblTemp.h"
 #include "auto/db/KTransaction.h"
@@ -43,6 +46,7 @@ private Q_SLOTS:
     void soldCarsAreWhatTheEditorWouldSave();
     void carsHavePicturesThatCanBeShown();
     void everyKindOfInputParameterHasValues();
+    void demandsAreOfTheCatalogAndSomeHaveFittingCars();
     void userCanLogIn();
     void editorContinuesTheCodes();
     void aDatabaseWithDataIsLeftAlone();
@@ -70,7 +74,7 @@ QString TestDemoData::checksum()
 {
     QString all;
     for (const char *table : {"Persons", "AutomobilContracts", "Documents", "Docs", "Properties", "UserRights", "CarBrands",
-                              "CarModels", "CarClasses", "Items", "AutomobilTariffs", "AutomobilInformations"}) {
+                              "CarModels", "CarClasses", "Items", "AutomobilTariffs", "AutomobilInformations", "AutomobilDemands"}) {
         CTblTemp query;
         query.Open(false, false, true);
         query.ExecuteQuery(QStringLiteral("CHECKSUM TABLE ") + QString::fromLatin1(table));
@@ -103,9 +107,11 @@ void TestDemoData::sizesFollowTheContracts()
                                              "FROM AutomobilContracts")),
              QStringLiteral("1"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("100"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("60"));
     fill(1);
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("12"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("10"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("20"));
     fill(300);
 }
@@ -264,6 +270,23 @@ void TestDemoData::everyKindOfInputParameterHasValues()
     }
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM Items GROUP BY iType,sName HAVING COUNT(*)>1) twice")),
              QStringLiteral("0"));
+}
+
+void TestDemoData::demandsAreOfTheCatalogAndSomeHaveFittingCars()
+{
+    QCOMPARE(m_database.value(QStringLiteral(
+                 "SELECT COUNT(*) FROM AutomobilDemands ad JOIN Persons p ON p.iID=ad.iPersonID LEFT JOIN CarBrands cb ON "
+                 "cb.iID=ad.iAutomobilType LEFT JOIN Items color ON color.iID=ad.iColor AND color.iType=808 LEFT JOIN Items f ON "
+                 "f.iID=ad.iFacilities AND f.iType=811 WHERE (ad.iAutomobilType=0 OR cb.iID>0) AND (ad.iColor=0 OR color.iID>0) "
+                 "AND (ad.iFacilities=0 OR f.iID>0) AND ad.dAmountFrom<=ad.dAmountUpTo")),
+             QStringLiteral("60"));
+    int withCars = 0;
+    CTblAutomobilDemands demand;
+    for (demand.Open(true, true, true); !demand.IsEOF(); demand.MoveNext()) {
+        QVERIFY(areDemandYears(demand.m_iModelFrom, demand.m_iModelUpTo));
+        withCars += MatchingCars::of(demand.m_iID)->cars.empty() ? 0 : 1;
+    }
+    QVERIFY2(withCars > 15 && withCars < 60, qPrintable(QString::number(withCars)));
 }
 
 void TestDemoData::userCanLogIn()
