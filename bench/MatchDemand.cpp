@@ -10,6 +10,7 @@
 #include "auto/cars/MatchingCars.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblTemp.h"
 #include "host/demo/DemoRandom.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/KApplication.h"
@@ -27,8 +28,12 @@ constexpr int colors = 8;
 int demandID = 0;
 QByteArray carStatement;
 
+// The office's own few cars would only blur the figures.
 void addCars()
 {
+    CTblTemp statement;
+    statement.Open(false, false, true);
+    statement.ExecuteQuery(QStringLiteral("DELETE FROM AutomobilInformations"));
     CTblAutomobilInformations car;
     RecordBulkInsert cars(car, {QStringLiteral("iCode"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"), QStringLiteral("iBrigade"), QStringLiteral("iModel"), QStringLiteral("iColor"), QStringLiteral("sNumOfPlates"), QStringLiteral("dAmount"), QStringLiteral("iYear")});
     DemoRandom random(carCount);
