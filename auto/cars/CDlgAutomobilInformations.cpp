@@ -222,6 +222,7 @@ KListTraits CDlgAutomobilInformations::traits() const
 {
     KListTraits traits;
     traits.emptySort = QStringLiteral("sTitle");
+    traits.searchColumn = 4; // behind the state and the check box, so that the list keeps the height of a line
     return traits;
 }
 
