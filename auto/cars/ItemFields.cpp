@@ -86,8 +86,7 @@ void ItemFields::pickValue(const QString &column, int option)
     const int chosen = CDlgInputParameters::Select(m_page, option, before);
     // Values may have been added or renamed whether or not one was chosen.
     fill();
-    // In the window another kind can be looked at, and a value of that one is none of this list.
-    if (chosen != 0 && m_form.comboBox(column)->findData(chosen) >= 0)
+    if (chosen != 0)
         m_form.setKey(column, chosen);
 }
 
