@@ -7,6 +7,7 @@
 #include "suite/image/CDlgPicture.h"
 #include "suite/image/PictureBoxReader.h"
 #include "suite/image/PictureOffer.h"
+#include "suite/utility/KDialog.h"
 #include "suite/utility/KWaitCursor.h"
 
 #include <QApplication>
@@ -55,6 +56,7 @@ KStaticImage::KStaticImage(QWidget *parent)
 {
     PictureBoxReader::install();
     setFocusPolicy(Qt::StrongFocus);
+    setProperty(KDialog::actsOnEnter, true);
     setAcceptDrops(true);
     setAccessibleName(QStringLiteral("تصویر"));
     setAccessibleDescription(stateText());

@@ -667,7 +667,8 @@ private Q_SLOTS:
             // On the last field Enter confirms.
             if (!m_dialog->isVisible())
                 break;
-            met << m_dialog->focusWidget()->objectName();
+            const QWidget *now = m_dialog->focusWidget();
+            met << (now->objectName().isEmpty() ? now->accessibleName() : now->objectName());
         }
         QStringList expected;
         for (const char *name :
