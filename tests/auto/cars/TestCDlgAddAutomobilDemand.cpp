@@ -525,6 +525,16 @@ private Q_SLOTS:
         QCOMPARE(load(demand, key).m_iAlarmID, reminder->alarmID());
     }
 
+    // As a screen reader ticks it: without a click.
+    void aBoxThatIsToggledAsksForTheReminderToo()
+    {
+        const auto dialog = opened(addDemand(), EditorMode::Edit);
+        confirmReminder();
+        dialog->basePage()->reminder()->remindBox()->toggle();
+        QVERIFY(dialog->basePage()->reminder()->alarmID() > 0);
+        QVERIFY(dialog->basePage()->reminder()->remindBox()->isChecked());
+    }
+
     void cancelledReminderLeavesNone()
     {
         const auto dialog = opened(addDemand(), EditorMode::Edit);
