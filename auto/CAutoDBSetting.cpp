@@ -4,6 +4,8 @@
 #include "auto/CAutoDBSetting.h"
 
 #include "auto/SchemaUpgrade.h"
+#include "auto/cars/CDlgAutomobilDemands.h"
+#include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CMySQLException.h"
 #include "auto/reports/CDlgAutomobilReportSeasons.h"
@@ -28,12 +30,6 @@ void openPage()
         page = nullptr;
     }
     GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
-}
-
-// For a list whose window this version does not hold.
-void openNoPage()
-{
-    GetDBSetting()->AddDialogToTabPage_(nullptr, 1, 0);
 }
 
 }
@@ -66,7 +62,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
 
 void CAutoDBSetting::ShowAutomobilInformationsDlg()
 {
-    openNoPage();
+    openPage<CDlgAutomobilInformations>();
 }
 
 void CAutoDBSetting::ShowAutomobilContractDlg()
@@ -76,7 +72,7 @@ void CAutoDBSetting::ShowAutomobilContractDlg()
 
 void CAutoDBSetting::ShowAutomobilDemandsDlg()
 {
-    openNoPage();
+    openPage<CDlgAutomobilDemands>();
 }
 
 void CAutoDBSetting::ShowAutomobilReportSeasonsDlg()

@@ -83,6 +83,19 @@ void CDlgRecordEditor::addFilesPage(CTblFileDocs::Scope scope, int recordKind, c
     addPage(files, title);
 }
 
+void CDlgRecordEditor::leaveOnlyWayBack()
+{
+    for (QAbstractButton *button : m_buttons->buttons()) {
+        if (m_buttons->buttonRole(button) != QDialogButtonBox::AcceptRole) {
+            button->setText(QStringLiteral("بازگشت"));
+            continue;
+        }
+        // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.
+        m_buttons->removeButton(button);
+        delete button;
+    }
+}
+
 void CDlgRecordEditor::showState(int status, int archiveUserID)
 {
     m_active->setChecked(status == 0);

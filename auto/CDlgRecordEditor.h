@@ -49,6 +49,8 @@ protected:
     int addPage(KDialogTabPage *page, const QString &title);
     void addFilesPage(CTblFileDocs::Scope scope, int recordKind, const QString &title);
     QDialogButtonBox *buttons() const { return m_buttons; }
+    // Takes "تاييد" away and calls the other button "بازگشت", where a record is only shown.
+    void leaveOnlyWayBack();
     // Sets "فعال" and "برگشت از بايگاني" by the record's state.
     void showState(int status, int archiveUserID);
     int chosenStatus() const;

@@ -23,7 +23,6 @@ public:
     EditorMode mode() const { return m_mode; }
     bool isShowMode() const { return m_mode == EditorMode::Show; }
 
-protected:
     // Comes to the front, tells it, goes to the field, and gives false.
     bool refuse(const QString &message, QWidget *field);
     // The same for an entry of the form; the message begins with the field's name.

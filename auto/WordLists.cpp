@@ -37,6 +37,12 @@ constexpr QStringView fuelTypesTexts[] = {
     u"سایر",
 };
 
+constexpr QStringView usageTypesTexts[] = {
+    u"-",
+    u"سواری",
+    u"سنگین",
+};
+
 constexpr QStringView sendingStatesTexts[] = {
     u"نباید ارسال شود",
     u"ارسال نشده",
@@ -152,6 +158,11 @@ List returnStates()
 List fuelTypes()
 {
     return fuelTypesTexts;
+}
+
+List usageTypes()
+{
+    return usageTypesTexts;
 }
 
 List sendingStates()

@@ -22,6 +22,7 @@ List contractTypes();        // the same without the "all" entry: positions are 
 List archiveStates();        // archive filter: all, not archived, archived (by oneself), archived by other users
 List returnStates();         // return filter: all, not returned, returned
 List fuelTypes();
+List usageTypes();    // what a vehicle is for; positions are iUsageType
 List sendingStates(); // of a record on its way to the tax authority's system
 List paymentStates(); // of an instalment
 List inputParameterTypes();

@@ -21,6 +21,7 @@
 
 #include <QEventLoop>
 #include <QLocale>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -235,8 +236,12 @@ void HostProgram::work()
     QEventLoop loop;
     connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
     m_window = &window;
+    // The window is seen first.
+    QTimer shown;
+    shown.setSingleShot(true);
+    connect(&shown, &QTimer::timeout, &window, &MainWindow::tellDueReminders);
     window.show();
-    QMetaObject::invokeMethod(&window, &MainWindow::tellDueReminders, Qt::QueuedConnection);
+    shown.start(0);
     loop.exec();
     m_switchUser = window.isSwitchingUser();
     m_window = nullptr;

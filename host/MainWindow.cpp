@@ -13,11 +13,13 @@
 #include "host/DatabaseInfo.h"
 #include "host/ReminderBadge.h"
 #include "host/StartPage.h"
+#include "host/StartupClock.h"
 #include "host/WorkArea.h"
 #include "host/books/CDlgChartOfAccounts.h"
 #include "host/books/CDlgFactors.h"
 #include "host/books/CDlgServices.h"
 #include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CDlgAlarms.h"
@@ -123,6 +125,8 @@ void MainWindow::buildMenus()
 {
     constexpr auto control = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
     const auto contracts = [this] { m_module->ShowAutomobilContractDlg(); };
+    const auto demands = [this] { m_module->ShowAutomobilDemandsDlg(); };
+    const auto cars = [this] { m_module->ShowAutomobilInformationsDlg(); };
     const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
     const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
     const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
@@ -131,8 +135,10 @@ void MainWindow::buildMenus()
             {
                 {QStringLiteral("قرارداد"), QStringLiteral("contract"), contracts, control(Qt::Key_1),
                  Command::OnStartPage | Command::NeedsModule},
-                {QStringLiteral("تقاضا"), QStringLiteral("search"), {}},
-                {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), {}},
+                {QStringLiteral("تقاضا"), QStringLiteral("search"), demands, control(Qt::Key_6),
+                 Command::OnStartPage | Command::NeedsModule},
+                {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), cars, control(Qt::Key_7),
+                 Command::OnStartPage | Command::NeedsModule},
                 {QStringLiteral("گزارش فصلي"), QStringLiteral("receipt"), {}},
             });
     addMenu(QStringLiteral("اشخاص و اسناد"),
@@ -214,8 +220,12 @@ void MainWindow::showNote(const QString &text)
 
 void MainWindow::tellDueReminders()
 {
-    if (CDlgDueAlarms::ShowAtLogin(this))
-        m_reminders->refresh();
+    try {
+        if (CDlgDueAlarms::ShowAtLogin(this))
+            m_reminders->refresh();
+    } catch (const CMySQLException &) {
+        qCWarning(lcHost).noquote() << "reminders:" << KErrorBoundary::logText(std::current_exception());
+    }
 }
 
 void MainWindow::openReminders()

@@ -34,7 +34,8 @@ public:
     void refresh();
     // A short note in the status line.
     void showNote(const QString &text);
-    // Shows the user's due reminders, if there are any; once after a login.
+    // Shows the user's due reminders, if there are any; once after a login. A database that does not answer is logged only:
+    // whatever the user does next tells it.
     void tellDueReminders();
 
 Q_SIGNALS:

@@ -104,6 +104,8 @@ bool CDlgAddAutomobilDemand::load()
     addFilesPage(CTblFileDocs::General, CTblAutomobilDemands::recordKind, QStringLiteral("پرونده های عمومی"));
     addFilesPage(CTblFileDocs::Personal, CTblAutomobilDemands::recordKind, QStringLiteral("پرونده های شخصی"));
     tabs()->setCurrentIndex(0);
+    if (isShowMode())
+        leaveOnlyWayBack();
     m_base->fill(demand);
     showState(demand.m_iStatus, demand.m_iArchiveUserID);
     return true;

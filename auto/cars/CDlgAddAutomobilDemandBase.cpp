@@ -187,7 +187,9 @@ void CDlgAddAutomobilDemandBase::fill(CTblAutomobilDemands &demand)
     if (mode() == EditorMode::New && !demand.m_dateReference.isValid())
         m_form->dateEdit(referenceColumn)->setDate(GetDBSetting()->GetDBServerDate().date());
     m_created->setText(shamsiText(demand.m_dateCreate.date()));
-    m_user->setText(CTblUsers::GetName(demand.m_iUserID));
+    // Saving makes a new demand the current user's.
+    const bool isNew = mode() == EditorMode::New && demand.m_iUserID == 0;
+    m_user->setText(CTblUsers::GetName(isNew ? GetDBSetting()->GetUserID() : demand.m_iUserID));
     m_person->setPersonID(demand.m_iPersonID);
     m_person->setReadOnly(isShowMode());
     m_reminder->bind(demand.m_iID, demand.m_iCode, demand.m_iAlarmID, [this] { return proposedReminder(); });

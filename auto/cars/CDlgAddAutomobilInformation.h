@@ -3,19 +3,48 @@
 
 #pragma once
 
-#include "suite/utility/KDialog.h"
+#include "auto/CDlgRecordEditor.h"
+
+class CDlgAddAutomobilInformationBase;
+class CDlgAddAutomobilInformationSales;
 
 // The window in which one car of the register is written, changed or shown: a row of tabs over its pages. One save writes
 // all pages into the car's row.
-class CDlgAddAutomobilInformation final : public KDialog
+class CDlgAddAutomobilInformation final : public CDlgRecordEditor
 {
     Q_OBJECT
 
 public:
     // Opens a car that is already in the table; isNew only makes the pages start as those of a new car. True when the user
-    // confirmed. False also when there is no such car. Throws when the database is closed.
-    static bool EditCar(int carID, bool isNew, QWidget *parent);
+    // confirmed. False also when there is no such car. changed, if given, is set when the car was taken out of the archive on
+    // the way, which closes the window as cancelled. Throws when the database is closed.
+    static bool EditCar(int carID, bool isNew, QWidget *parent, bool *changed = nullptr);
     // Opens the car read-only. changed is set when the car was taken out of the archive on the way. A key below 1 does
     // nothing.
     static void ShowCar(int carID, bool &changed, QWidget *parent);
+
+    CDlgAddAutomobilInformation(int carID, EditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilInformation() override;
+
+    // Builds the pages and fills them. False when the car does not exist; the window must not be shown then.
+    [[nodiscard]] bool load();
+
+    CDlgAddAutomobilInformationBase *basePage() const { return m_base; }
+    CDlgAddAutomobilInformationSales *salePage() const { return m_sale; }
+    QPushButton *demandsButton() const { return m_demands; }
+
+protected:
+    bool OnOK() override;
+    [[nodiscard]] bool validatePages() override;
+    [[nodiscard]] bool save() override;
+    [[nodiscard]] bool takeOutOfArchive() override;
+
+private:
+    // False after the user has been told: entries that are no values, and a buyer who is the owner.
+    bool checkEntries();
+    bool checkParties();
+
+    CDlgAddAutomobilInformationBase *m_base = nullptr;
+    CDlgAddAutomobilInformationSales *m_sale = nullptr;
+    QPushButton *m_demands = nullptr;
 };

@@ -14,6 +14,8 @@ class QComboBox;
 // The list of customers' demands, and from it everything that is done with one, the cars that fit it among them.
 class CDlgAutomobilDemands final : public KListPage
 {
+    Q_OBJECT
+
 public:
     explicit CDlgAutomobilDemands(QWidget *parent = nullptr);
     ~CDlgAutomobilDemands() override;
@@ -41,17 +43,34 @@ protected:
     QVector<KListModel::Column> listColumns() const override;
     std::vector<KListCommand> commands() override;
     void buildFilters(QGridLayout *grid) override;
+    KListTraits traits() const override;
     std::unique_ptr<KMySQL> makeRecords() const override;
+    std::unique_ptr<KMySQL> makeRecord() const override;
     QStringList fetchedColumns() const override;
     QString filterClauses() const override;
     KListModel::Row makeRow(KMySQL &record, int number) override;
+    void beginRows() override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
+    QString defaultSort() const override { return QStringLiteral("ad.iCode"); }
+    void recordDeleted(int key) override;
     void activated(int key) override;
     void emptyAreaActivated() override;
     KListReport reportSpec() const override;
     QWidget *firstFilterControl() const override;
-    QString defaultSort() const override { return QStringLiteral("ad.iCode"); }
 
 private:
+    void addDemand();
+    void editDemand();
+    void showDemand(int key);
+    void archiveDemand();
+
+    // Of the rows being read, until their names are known.
+    struct Keys
+    {
+        int person = 0;
+        int type = 0;
+    };
+    QVector<Keys> m_keys;
     KPersonField *m_person = nullptr;
     QComboBox *m_archive = nullptr;
     QComboBox *m_type = nullptr;

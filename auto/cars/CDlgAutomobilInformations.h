@@ -15,6 +15,8 @@ class QComboBox;
 // it. The search may begin with the wishes of a customer's demand.
 class CDlgAutomobilInformations final : public KListPage
 {
+    Q_OBJECT
+
 public:
     explicit CDlgAutomobilInformations(QWidget *parent = nullptr);
     ~CDlgAutomobilInformations() override;
@@ -23,6 +25,9 @@ public:
     static int SelectCar(QWidget *parent, int preselected = 0);
     // Opens the list as a page of the host's work area, searching for what the demand wishes.
     static void ShowForDemand(int demandID);
+
+    // The row that a new car starts as; its key. Part of the command "جديد".
+    static int addPlaceholder();
 
     // The demand whose wishes the search begins with, 0 for none; to be set before the page is first shown. A demand that
     // does not exist changes nothing.
@@ -49,7 +54,50 @@ public:
     KEdit *partsDeficitFilter() const { return m_partsDeficit; }
     QCheckBox *inactiveFilter() const { return m_inactive; }
 
+    // Nothing asked but what is not archived; the list is emptied.
+    void resetFilter();
+
+protected:
+    QVector<KListModel::Column> listColumns() const override;
+    std::vector<KListCommand> commands() override;
+    void buildFilters(QGridLayout *grid) override;
+    KListTraits traits() const override;
+    std::unique_ptr<KMySQL> makeRecords() const override;
+    std::unique_ptr<KMySQL> makeRecord() const override;
+    QStringList fetchedColumns() const override;
+    QString filterClauses() const override;
+    KListModel::Row makeRow(KMySQL &record, int number) override;
+    void beginRows() override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
+    QString defaultSort() const override;
+    void recordDeleted(int key) override;
+    void modeApplied() override;
+    void activated(int key) override;
+    KListReport reportSpec() const override;
+    QWidget *firstFilterControl() const override;
+
 private:
+    void buildHiddenFilters(QWidget *box);
+    void presetFromDemand();
+    void addCar();
+    void editCar();
+    void showSelected();
+    void showCar(int key);
+    void archiveCar();
+    void showMatchingDemands();
+    void browseCatalog();
+    void editInputParameters();
+
+    // What the cells of a row name by key.
+    struct Keys
+    {
+        int buyer = 0;
+        int owner = 0;
+        int type = 0;
+        int color = 0;
+    };
+
+    QVector<Keys> m_keys; // of the rows being read, until their names are known
     int m_demandID = 0;
     KPersonField *m_owner = nullptr;
     KPersonField *m_buyer = nullptr;

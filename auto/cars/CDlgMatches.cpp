@@ -15,6 +15,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -31,7 +32,7 @@ CDlgMatches::CDlgMatches(MatchTable table, QWidget *parent)
     SetFormName(m_table.form);
     CheckSecurity();
     build();
-    resize(900, 520);
+    resize(QSize(1180, 620).boundedTo(screen()->availableSize() - QSize(40, 60)));
 }
 
 CDlgMatches::~CDlgMatches() = default;

@@ -11,12 +11,6 @@
 
 namespace {
 
-constexpr QStringView usageTypesTexts[] = {
-    u"-",
-    u"سواری",
-    u"سنگین",
-};
-
 // Exchanges the entries; the one chosen before stays chosen where it still is.
 template <class Fill>
 void refill(QComboBox *combo, const Fill &fill)
@@ -27,11 +21,6 @@ void refill(QComboBox *combo, const Fill &fill)
     CarChoices::choose(combo, chosen);
 }
 
-}
-
-WordLists::List CarChoices::usageTypes()
-{
-    return usageTypesTexts;
 }
 
 void CarChoices::fillTypes(QComboBox *combo)

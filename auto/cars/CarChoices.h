@@ -3,15 +3,10 @@
 
 #pragma once
 
-#include "auto/WordLists.h"
-
 class QComboBox;
 
-// The choices that the car and demand lists search by and their rows read as.
+// The choices that the car and demand lists search by.
 namespace CarChoices {
-
-// Positions are iUsageType; the first, "-", is nothing chosen.
-WordLists::List usageTypes();
 
 // Fill a filter's drop-down: "همه" with the key 0 first, then the brands of the catalog in the order of their keys, or the
 // colours of the suite's items by name. Entry data is the key. What was chosen before stays chosen where it still is.

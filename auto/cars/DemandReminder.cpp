@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QSignalBlocker>
 
 DemandReminder::DemandReminder(QWidget *parent)
     : QGroupBox(QStringLiteral("يادآوري"), parent)
@@ -29,7 +30,8 @@ DemandReminder::DemandReminder(QWidget *parent)
     row->addWidget(m_remind);
     row->addWidget(m_description, 1);
     row->addWidget(m_settings);
-    connect(m_remind, &QCheckBox::clicked, this, &DemandReminder::edit);
+    // A screen reader toggles without a click.
+    connect(m_remind, &QCheckBox::toggled, this, &DemandReminder::edit);
     connect(m_settings, &QPushButton::clicked, this, &DemandReminder::edit);
     hide();
 }
@@ -80,6 +82,9 @@ void DemandReminder::showReminder()
         m_alarmID = 0;
     m_description->setText(description);
     m_description->setCursorPosition(0);
-    m_remind->setChecked(m_alarmID != 0);
+    {
+        const QSignalBlocker shownOnly(m_remind);
+        m_remind->setChecked(m_alarmID != 0);
+    }
     m_settings->setEnabled(m_alarmID != 0);
 }

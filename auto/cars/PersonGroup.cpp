@@ -5,6 +5,7 @@
 
 #include "suite/crm/CDlgPersons.h"
 #include "suite/crm/CTblPersons.h"
+#include "suite/crm/IdentityHints.h"
 #include "suite/utility/KEdit.h"
 
 #include <QGridLayout>
@@ -39,6 +40,11 @@ PersonGroup::PersonGroup(const QString &title, int options, QWidget *parent, con
     }
     if (options & WithFather)
         m_father = addLine(QStringLiteral("نام پدر :"));
+    if (options & WithNationalCode) {
+        m_nationalCode = addLine(QStringLiteral("کد ملي :"));
+        m_nationalCode->setKind(KEdit::Kind::Code);
+        m_nationalHint = IdentityHints::createLabel(this);
+    }
     place(options);
     m_code->installEventFilter(this);
     setPersonID(0);
@@ -96,7 +102,13 @@ void PersonGroup::place(int options)
     }
     put(1, column, m_telephone);
     put(1, column + 2, m_mobile);
-    for (int i = 1; i <= column + 3; i += 2)
+    column += 4;
+    if (m_nationalCode) {
+        put(0, column, m_nationalCode);
+        grid->addWidget(m_nationalHint, 1, column, 1, 2);
+        column += 2;
+    }
+    for (int i = 1; i < column; i += 2)
         grid->setColumnStretch(i, 1);
 }
 
@@ -120,8 +132,13 @@ void PersonGroup::setPersonID(int personID)
         show(m_father, person.m_sFatherName);
     show(m_telephone, person.m_sTel);
     show(m_mobile, person.m_sMobile);
+    if (m_nationalCode) {
+        show(m_nationalCode, person.m_sNationalCode);
+        IdentityHints::show(found ? IdentityHints::nationalCode(person.m_sNationalCode, person.m_iKind) : QString(),
+                            m_nationalHint, m_nationalCode);
+    }
     if (m_clear)
-        m_clear->setEnabled(personID != 0);
+        m_clear->setEnabled(found);
 }
 
 void PersonGroup::setReadOnly(bool readOnly)

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 
 class KEdit;
+class QLabel;
 class QPushButton;
 
 // One person of the suite on an editor's page: the code with the picker beside it, and what the list of persons says. From
@@ -17,7 +18,8 @@ class PersonGroup final : public QGroupBox
 public:
     enum Option {
         Clearable = 1, // a second "..." button empties the group
-        WithFather = 2
+        WithFather = 2,
+        WithNationalCode = 4 // and a hint when it looks wrong
     };
 
     // ofWhom goes behind the labels in the accessible names, where a window has two such groups.
@@ -27,11 +29,14 @@ public:
     int personID() const { return m_personID; }
     // Empty when nobody is chosen, and for a person who is gone.
     QString name() const;
-    // Not an act of the user: changed stays silent.
+    // Not an act of the user: changed stays silent. The key of a person who is gone stays, though nothing is shown of it, and
+    // only another choice replaces it.
     void setPersonID(int personID);
     // Only shown: the buttons go away.
     void setReadOnly(bool readOnly);
     KEdit *codeEdit() const { return m_code; }
+    // Null where the group shows none.
+    KEdit *nationalCodeEdit() const { return m_nationalCode; }
 
 public Q_SLOTS:
     // Opens the picker, as the button does.
@@ -58,6 +63,8 @@ private:
     KEdit *m_father = nullptr;
     KEdit *m_telephone;
     KEdit *m_mobile;
+    KEdit *m_nationalCode = nullptr;
+    QLabel *m_nationalHint = nullptr;
     int m_personID = 0;
     bool m_readOnly = false;
 };

@@ -151,14 +151,14 @@ int CDlgCarsAll::exec()
 void CDlgCarsAll::showEvent(QShowEvent *event)
 {
     KDialog::showEvent(event);
-    guarded([this] { open(); });
+    guarded([this] { start(); });
 }
 
-void CDlgCarsAll::open()
+void CDlgCarsAll::start()
 {
-    if (m_opened)
+    if (m_started)
         return;
-    m_opened = true;
+    m_started = true;
     applyMode();
     fill(CatalogLevel::Brand);
     if (m_pickMode && m_chosenBrand != 0)

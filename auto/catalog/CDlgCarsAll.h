@@ -44,7 +44,7 @@ public:
     bool isChanged() const { return m_changed; }
 
     // Fills the window; done by itself when it is first shown.
-    void open();
+    void start();
     // Rejected at once, and nothing shown, without the access right.
     int exec() override;
 
@@ -84,7 +84,7 @@ private:
     QDialogButtonBox *m_buttons = nullptr;
     QPushButton *m_accept = nullptr;
     QPushButton *m_import = nullptr;
-    bool m_opened = false;
+    bool m_started = false;
     bool m_pickMode = false;
     int m_chosenBrand = 0;
     int m_chosenModel = 0;

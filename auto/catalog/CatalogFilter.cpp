@@ -6,7 +6,7 @@
 QString CatalogFilter::entries(CatalogLevel level, int parent, const QString &namePart)
 {
     // A typed % is no placeholder: the text is joined, never formatted.
-    const QString named = namePart.isEmpty() ? QString() : QStringLiteral(" sName LIKE '%") + namePart + QStringLiteral("%'");
+    QString named = namePart.isEmpty() ? QString() : QStringLiteral(" sName LIKE '%") + namePart + QStringLiteral("%'");
     if (level == CatalogLevel::Brand)
         return named;
     const char *below = level == CatalogLevel::Model ? "iClassID=%d" : "iBrandID=%d";

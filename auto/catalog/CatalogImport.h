@@ -14,7 +14,7 @@
 // It comes from outside, so everything about it is bounded.
 namespace CatalogImport {
 
-inline constexpr qsizetype maxBytes = 1024 * 1024;
+inline constexpr qsizetype maxBytes = 1024LL * 1024;
 inline constexpr int maxLines = 20000;
 inline constexpr int longestName = 50;
 

@@ -3,12 +3,14 @@
 
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 
+#include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/CDlgCalcPayment.h"
 #include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractSettings.h"
 #include "auto/contracts/ContractTitle.h"
+#include "auto/contracts/LoadCarForContract.h"
 #include "auto/contracts/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDBSetting.h"
@@ -20,7 +22,6 @@
 #include "suite/utility/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
 
-#include <QDialogButtonBox>
 #include <QPushButton>
 
 namespace {
@@ -95,9 +96,7 @@ CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode m
     : CDlgRecordEditor(key, mode, parent)
 {
     SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
-    // Copying from a car record comes with the register of cars.
-    m_copyCar = addCommand(QStringLiteral("گالري اتومبيل"), [] {});
-    m_copyCar->setEnabled(false);
+    m_copyCar = addCommand(QStringLiteral("گالري اتومبيل"), [this] { copyCar(); });
 }
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;
@@ -142,15 +141,7 @@ void CDlgAddAutomobilContract::applyMode()
 {
     if (!isShowMode())
         return;
-    for (QAbstractButton *button : buttons()->buttons()) {
-        if (buttons()->buttonRole(button) != QDialogButtonBox::AcceptRole) {
-            button->setText(QStringLiteral("بازگشت"));
-            continue;
-        }
-        // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.
-        buttons()->removeButton(button);
-        delete button;
-    }
+    leaveOnlyWayBack();
     m_copyCar->hide();
 }
 
@@ -206,4 +197,21 @@ bool CDlgAddAutomobilContract::takeOutOfArchive()
         CTblAutomobilContracts::unarchive(contract.m_iCode);
     g_pDlgWarning->Show(QStringLiteral("این قرارداد از حالت بایگانی خارج شد."), this);
     return true;
+}
+
+void CDlgAddAutomobilContract::copyCar()
+{
+    const int chosen = CDlgAutomobilInformations::SelectCar(this, m_chosenCar);
+    if (chosen == 0)
+        return;
+    const auto car = loadCarForContract(chosen);
+    if (!car)
+        return;
+    m_chosenCar = chosen;
+    m_matter->takeVehicle(contractFromCar(*car));
+    if (car->ownerID == 0)
+        return;
+    // Who comes from the list of persons is an ordinary party.
+    m_base->firstParty()->setKind(PartyKind::Ordinary);
+    m_base->firstParty()->takePerson(car->ownerID);
 }

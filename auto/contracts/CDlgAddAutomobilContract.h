@@ -50,10 +50,12 @@ private:
     void applyMode();
     void showContractType(int contractType);
     void showInstalments();
+    void copyCar();
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;
 
     int m_contractType = 0;
+    int m_chosenCar = 0; // key of the car last copied in
     int m_matterTab = -1;
     CDlgAddAutomobilContractBase *m_base = nullptr;
     CDlgAddAutomobilContractMatter *m_matter = nullptr;

@@ -151,6 +151,12 @@ void CDlgAddAutomobilContractMatter::offerCities()
         city->clearEditText();
 }
 
+void CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFieldText> &fields)
+{
+    for (const auto &[name, text] : fields)
+        m_form->edit(name)->setText(text);
+}
+
 double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const
 {
     const double paid = m_form->edit(column("dFixAmount"))->number() + m_form->edit(column("dAgreeAmount"))->number();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "auto/contracts/ContractEditorPage.h"
+#include "auto/contracts/ContractFromCar.h"
 
 class KForm;
 class QGroupBox;
@@ -30,6 +31,8 @@ public:
     // What of an instalment sale's amount is neither paid in cash nor by cheque, and so is split into instalments; never
     // below 0. In the suite's money unit.
     double amountLeftOf(double contractAmount) const;
+    // Shows these texts in their fields; the others stay as they are.
+    void takeVehicle(const QList<ContractFieldText> &fields);
 
     KForm *form() const { return m_form; }
     QPushButton *instalmentsButton() const { return m_instalments; }

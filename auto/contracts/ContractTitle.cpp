@@ -3,22 +3,15 @@
 
 #include "auto/contracts/ContractTitle.h"
 
+#include "auto/EditorTitle.h"
+
 #include <QStringList>
 
 QString contractEditorTitle(int contractType, ContractEditorMode mode)
 {
     static const QStringList typeNames = {QStringLiteral("مبایعه نامه"), QStringLiteral("اجاره"),
                                           QStringLiteral("فروش اقساطی"), QStringLiteral("نامه")};
-    QString title = QStringLiteral("قرارداد ") + typeNames.value(contractType);
-    switch (mode) {
-    case ContractEditorMode::New:
-        return title + QStringLiteral("- جدید");
-    case ContractEditorMode::Edit:
-        return title + QStringLiteral("- ویرایش");
-    case ContractEditorMode::Show:
-        return title + QStringLiteral(" - نمایش");
-    }
-    Q_UNREACHABLE();
+    return editorTitle(QStringLiteral("قرارداد ") + typeNames.value(contractType), mode);
 }
 
 bool hasMatterPage(int contractType)

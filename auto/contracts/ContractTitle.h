@@ -7,8 +7,7 @@
 
 #include <QString>
 
-// Title of the contract editor: "قرارداد ", the type's name and the mode's suffix. The suffixes of new and edit follow the
-// name without a blank, the one of show with one. An unknown type has no name.
+// Title of the contract editor: "قرارداد ", the type's name and the mode's suffix. An unknown type has no name.
 QString contractEditorTitle(int contractType, ContractEditorMode mode);
 
 // Whether a contract of that type has a vehicle page: a letter contract has none.

@@ -5,7 +5,10 @@
 
 #include "auto/db/CTblTemp.h"
 #include "auto/db/KTransaction.h"
+#include "host/demo/DemoCars.h"
+#include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"
+#include "host/demo/DemoDemands.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/CTblUsers.h"
@@ -16,6 +19,9 @@ namespace {
 
 constexpr int currentYear = 1405;
 constexpr int fewestPersons = 20;
+constexpr int fewestDemands = 10;
+constexpr int fewestCars = 12;
+constexpr int daysOfTheRegister = 300; // the oldest car came so long ago
 
 // Fixed days, so that the office is the same whenever it is made.
 QDate firstDay()
@@ -32,7 +38,9 @@ void requireEmpty(int database)
     CTblTemp query(database);
     query.Open(true, false, true);
     query.ExecuteQuery(QStringLiteral("SELECT EXISTS(SELECT 1 FROM Users) OR EXISTS(SELECT 1 FROM Persons) "
-                                      "OR EXISTS(SELECT 1 FROM AutomobilContracts) OR EXISTS(SELECT 1 FROM Documents)"));
+                                      "OR EXISTS(SELECT 1 FROM AutomobilContracts) OR EXISTS(SELECT 1 FROM Documents) "
+                                      "OR EXISTS(SELECT 1 FROM AutomobilInformations) OR EXISTS(SELECT 1 FROM CarBrands) "
+                                      "OR EXISTS(SELECT 1 FROM Items)"));
     if (query.GetLongFieldValue(0) != 0)
         throw KAccountingError(QStringLiteral("دفتر نمونه فقط در یک پایگاه داده خالی ساخته می‌شود."));
 }
@@ -86,6 +94,10 @@ void fill(int contracts, int database)
     const int persons = qMax(fewestPersons, contracts * 2 / 3);
     const QList<DemoPersons::Person> people = DemoPersons::write(persons, random, database);
     DemoContracts(office, people, random, database).write(contracts);
+    const DemoCatalog catalog(office.userID, QDateTime(office.firstDay, QTime(9, 0), Qt::UTC), database);
+    const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
+    DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
+    DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
     CTblProperties::DBWriteSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), contracts, database);
     transaction.commit();
 }

@@ -4,7 +4,8 @@
 #pragma once
 
 // Fills a database that has the schema and nobody's data with a made-up office: company, settings, a user "demo" with the
-// password "demo", persons, contracts over two years with their documents.
+// password "demo", persons, contracts over two years with their documents, the car catalog, input parameters and tariffs, and
+// a car of the register for every third contract.
 namespace DemoData {
 
 // Largest number of contracts that makes sense to ask for.

@@ -37,8 +37,10 @@ QByteArray RecordBulkInsert::literal(const KMySQL::Column &column) const
         const QDateTime &date = *static_cast<const QDateTime *>(column.member);
         return date.isValid() ? date.toString(QStringLiteral("''yyyy-MM-dd HH:mm:ss''")).toLatin1() : QByteArrayLiteral("NULL");
     }
-    case KMySQL::ColumnKind::LongBlob:
-        return connection.quoted(static_cast<const KLongBinary *>(column.member)->data);
+    case KMySQL::ColumnKind::LongBlob: {
+        const auto *binary = static_cast<const KLongBinary *>(column.member);
+        return binary->isEmpty() ? QByteArrayLiteral("NULL") : connection.quoted(binary->data);
+    }
     }
     Q_UNREACHABLE();
 }

@@ -16,6 +16,7 @@ public:
     // Item types (stored in iType), by the numbers that databases hold.
     static constexpr int typeSystem = 802;
     static constexpr int typeSource = 803;
+    static constexpr int typeCountry = 804; // where a car comes from
     static constexpr int typeEngineVolume = 806;
     static constexpr int typeColor = 808;
     static constexpr int typeClearanceCustoms = 809;

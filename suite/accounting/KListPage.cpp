@@ -128,7 +128,8 @@ void KListPage::buildSearchRow(QGridLayout *grid)
         for (QLineEdit *edit : m_filterBox->findChildren<QLineEdit *>())
             connect(edit, &QLineEdit::returnPressed, button, &QPushButton::click);
     }
-    grid->addLayout(last, grid->rowCount(), 0, 1, -1);
+    const bool ownLine = m_traits.searchColumn == 0;
+    grid->addLayout(last, grid->rowCount() - (ownLine ? 0 : 1), m_traits.searchColumn, 1, -1);
 }
 
 void KListPage::search()

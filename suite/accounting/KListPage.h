@@ -70,6 +70,7 @@ struct KListTraits
     bool hasRowLimit = true;     // false: every row is fetched and no limit is kept
     int lowestRowLimit = 1;      // 0: that many means without a limit
     bool hasSearchButton = true; // false: the filter's own controls refill the list
+    int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
     QString filterTitle = QStringLiteral("فيلتر جستجو");
     bool sortsWithoutRows = false; // true: a title's click asks the database for its order even while the list is empty
     bool deletesInSelectMode = false;

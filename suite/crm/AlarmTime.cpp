@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr qint64 secondsOfAnHour = 3600;
+
 QDateTime at(const QDate &day, const QTime &time)
 {
     return QDateTime(day, QTime(time.hour(), time.minute()), Qt::UTC);
@@ -33,7 +35,7 @@ QDateTime AlarmTime::postponed(const QDateTime &date, const QDateTime &now, Dela
 {
     switch (delay) {
     case Delay::OneHour: {
-        const QDateTime later = now.addSecs(60 * 60);
+        const QDateTime later = now.addSecs(secondsOfAnHour);
         return at(later.date(), later.time());
     }
     case Delay::Tomorrow:

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/crm/TzCRMExport.h"
+
 #include <QString>
 
 class QLabel;
@@ -12,12 +14,12 @@ class QWidget;
 namespace IdentityHints {
 
 // Empty when there is nothing to say. The kind is that of CTblPersons::m_iKind.
-QString nationalCode(const QString &code, int personKind);
-QString mobile(const QString &number);
+TZCRM_EXPORT QString nationalCode(const QString &code, int personKind);
+TZCRM_EXPORT QString mobile(const QString &number);
 
 // A label for a hint, in the look that all hints share; it stays in the layout when it is empty.
-QLabel *createLabel(QWidget *parent);
+TZCRM_EXPORT QLabel *createLabel(QWidget *parent);
 // Shows the hint, and tells it to a screen reader as the control's description.
-void show(const QString &hint, QLabel *label, QWidget *control);
+TZCRM_EXPORT void show(const QString &hint, QLabel *label, QWidget *control);
 
 }

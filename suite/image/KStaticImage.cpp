@@ -7,6 +7,7 @@
 #include "suite/image/CDlgPicture.h"
 #include "suite/image/PictureBoxReader.h"
 #include "suite/image/PictureOffer.h"
+#include "suite/utility/KDialog.h"
 #include "suite/utility/KWaitCursor.h"
 
 #include <QApplication>
@@ -24,6 +25,8 @@ namespace {
 constexpr int frameRadius = 4;
 constexpr int inset = 6;
 constexpr int largestIcon = 48;
+constexpr qint64 mebibyte = 1 << 20;
+constexpr qint64 megapixel = 1000000;
 
 QString textOf(PictureIntake::Refusal refusal)
 {
@@ -32,12 +35,12 @@ QString textOf(PictureIntake::Refusal refusal)
         return QStringLiteral("فایل تصویر خوانده نشد.");
     case PictureIntake::Refusal::TooManyBytes:
         return QStringLiteral("اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد.")
-            .arg(PictureIntake::maxBytes / (1024 * 1024));
+            .arg(PictureIntake::maxBytes / mebibyte);
     case PictureIntake::Refusal::WrongKind:
         return QStringLiteral("این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید.");
     case PictureIntake::Refusal::TooManyPixels:
         return QStringLiteral("ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل).")
-            .arg(PictureIntake::maxPixels / (1000 * 1000));
+            .arg(PictureIntake::maxPixels / megapixel);
     case PictureIntake::Refusal::Broken:
         return QStringLiteral("این تصویر خراب است و خوانده نشد.");
     case PictureIntake::Refusal::None:
@@ -53,6 +56,7 @@ KStaticImage::KStaticImage(QWidget *parent)
 {
     PictureBoxReader::install();
     setFocusPolicy(Qt::StrongFocus);
+    setProperty(KDialog::actsOnEnter, true);
     setAcceptDrops(true);
     setAccessibleName(QStringLiteral("تصویر"));
     setAccessibleDescription(stateText());

@@ -55,6 +55,8 @@ public Q_SLOTS:
     void copy();
     // In a window of its own, as large as it fits.
     void showLarge();
+    // What Enter and a double click do.
+    void activate();
 
 Q_SIGNALS:
     // The user took another picture or emptied the box.
@@ -63,8 +65,6 @@ Q_SIGNALS:
 public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    // What Enter and a double click do.
-    void activate();
     // What the box shows or asks for, in words.
     QString stateText() const;
 

@@ -29,7 +29,7 @@ public:
             QAccessibleWidget::doAction(name);
         else if (box()->isEnabled())
             // Later: whoever presses waits for this to return, and a window opens.
-            QMetaObject::invokeMethod(box(), &KStaticImage::activate, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(box(), "activate", Qt::QueuedConnection);
     }
 
 private:

@@ -21,7 +21,8 @@ using Refusal = PictureIntake::Refusal;
 // Good enough for a second look at a scratch, at a few hundred kilobytes a picture.
 constexpr int jpegQuality = 85;
 // Deeper colours take eight bytes a pixel while they are decoded.
-constexpr int largestAllocationMiB = static_cast<int>(PictureIntake::maxPixels * 8 / (1024 * 1024)) + 1;
+constexpr qint64 mebibyte = 1 << 20;
+constexpr int largestAllocationMiB = static_cast<int>(PictureIntake::maxPixels * 8 / mebibyte) + 1;
 
 PictureIntake::Result refused(Refusal why)
 {

@@ -31,14 +31,14 @@ public:
     };
 
     // Largest file that is taken: 20 MiB.
-    static constexpr qint64 maxBytes = 20 * 1024 * 1024;
+    static constexpr qint64 maxBytes = qint64(20) * 1024 * 1024;
     // Most pixels that are decoded: what the cameras of telephones take.
-    static constexpr qint64 maxPixels = 50 * 1000 * 1000;
+    static constexpr qint64 maxPixels = qint64(50) * 1000 * 1000;
     // Longer side of what is kept, in pixels. Smaller pictures stay as large as they are.
     static constexpr int maxSide = 1600;
     // Most bytes that are kept, so that every office server takes them in one statement: a photograph with a see-through part
     // that would need more is made smaller.
-    static constexpr qint64 maxKeptBytes = 3 * 1024 * 1024;
+    static constexpr qint64 maxKeptBytes = qint64(3) * 1024 * 1024;
 
     // A whole file's contents, turned upright, scaled down and written anew.
     static Result fromData(const QByteArray &data);

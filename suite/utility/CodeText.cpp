@@ -3,6 +3,8 @@
 
 #include "suite/utility/CodeText.h"
 
+#include <algorithm>
+
 namespace {
 
 bool runsFromTheRight(QChar c)
@@ -27,6 +29,11 @@ QString CodeText::shown(const QString &code, qsizetype *caret)
 {
     QString text;
     const qsizetype before = caret ? *caret : 0;
+    if (std::any_of(code.cbegin(), code.cend(), runsFromTheRight)) {
+        text.append(mark);
+        if (before > 0)
+            ++*caret;
+    }
     for (qsizetype at = 0; at < code.size(); ++at) {
         text.append(code.at(at));
         if (!endsRun(code, at))

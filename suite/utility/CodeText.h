@@ -13,8 +13,9 @@ namespace CodeText {
 
 inline constexpr QChar mark = QChar(0x200E);
 
-// The code with a mark behind each run of letters that run from the right; between words of one run stands none. The caret,
-// if given, goes from its place in the code to its place in what is shown.
+// The code with a mark behind each run of letters that run from the right, and one in front, as a line goes by its first
+// letter; between words of one run stands none. The caret, if given, goes from its place in the code to its place in what
+// is shown.
 TZUTILITY_EXPORT QString shown(const QString &code, qsizetype *caret = nullptr);
 // The code without marks.
 TZUTILITY_EXPORT QString plain(const QString &shown);

@@ -29,7 +29,7 @@ bool isField(const QWidget *widget)
 {
     if (!(widget->focusPolicy() & Qt::TabFocus) || !widget->isEnabled() || widget->focusProxy())
         return false;
-    if (isPressedByEnter(widget) || qobject_cast<const QScrollArea *>(widget))
+    if (isPressedByEnter(widget) || widget->property(KDialog::actsOnEnter).toBool() || qobject_cast<const QScrollArea *>(widget))
         return false;
     if (qobject_cast<const QLineEdit *>(widget->parentWidget()))
         return false;

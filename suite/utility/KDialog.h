@@ -13,12 +13,15 @@ class QDialogButtonBox;
 // Base of the modal windows: right to left, keyboard-friendly, keeps its size.
 //
 // Enter goes to the next field and on the last field presses the default button; Ctrl+Enter presses it from anywhere;
-// on a button Enter presses that button. Esc cancels. Push buttons between the fields are reached with Tab.
+// on a button Enter presses that button. Esc cancels. Push buttons between the fields are reached with Tab, and so is a
+// widget with the property actsOnEnter, which does something of its own on Enter.
 class TZUTILITY_EXPORT KDialog : public QDialog
 {
     Q_OBJECT
 
 public:
+    static constexpr char actsOnEnter[] = "actsOnEnter";
+
     explicit KDialog(QWidget *parent = nullptr);
     ~KDialog() override;
 

@@ -30,6 +30,10 @@ private:
 
 }
 
+using Operation = void (CAutoDBSetting::*)();
+
+Q_DECLARE_METATYPE(Operation)
+
 class TestCAutoDBSetting : public QObject
 {
     Q_OBJECT
@@ -41,9 +45,10 @@ private Q_SLOTS:
     void assignmentGivesBackThisObject();
     void archivesHasNoEffectAlsoBeforeUpdateDB();
     void isAClosedDBTellsTheSuitesFlag();
-    void contractListOpenedTwiceIsTwoIndependentPages();
-    void contractListWithoutTheAccessRightIsNotShown();
-    void listsWithoutAWindowShowNothing();
+    void listOpenedTwiceIsTwoIndependentPages_data();
+    void listOpenedTwiceIsTwoIndependentPages();
+    void listWithoutTheAccessRightIsNotShown_data();
+    void listWithoutTheAccessRightIsNotShown();
     void seasonalReportWithoutTheAccessRightOpensNothing();
 
 private:
@@ -114,38 +119,48 @@ void TestCAutoDBSetting::isAClosedDBTellsTheSuitesFlag()
     QCOMPARE(GetAutoDBSetting()->IsAClosedDB(), 0);
 }
 
-void TestCAutoDBSetting::contractListOpenedTwiceIsTwoIndependentPages()
+void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages_data()
 {
-    logIn(false, QStringLiteral("AutomobilContracts"));
-    TabHost host;
-    GetDBSetting()->SetTabHost(&host);
-    GetAutoDBSetting()->ShowAutomobilContractDlg();
-    GetAutoDBSetting()->ShowAutomobilContractDlg();
-    QCOMPARE(host.pages().size(), 2);
-    QVERIFY(host.pages()[0] != host.pages()[1]);
-    QCOMPARE(host.pages()[0]->title(), QStringLiteral("قرارداد"));
-    QCOMPARE(host.pages()[1]->title(), QStringLiteral("قرارداد"));
+    QTest::addColumn<Operation>("open");
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("contracts") << Operation(&CAutoDBSetting::ShowAutomobilContractDlg) << QStringLiteral("AutomobilContracts")
+                               << QStringLiteral("قرارداد");
+    QTest::newRow("demands") << Operation(&CAutoDBSetting::ShowAutomobilDemandsDlg) << QStringLiteral("AutomobilDemands")
+                             << QStringLiteral("تقاضا");
+    QTest::newRow("cars") << Operation(&CAutoDBSetting::ShowAutomobilInformationsDlg) << QStringLiteral("AutomobilInformations")
+                          << QStringLiteral("گالري اتومبيل");
 }
 
-void TestCAutoDBSetting::contractListWithoutTheAccessRightIsNotShown()
+void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages()
 {
+    QFETCH(Operation, open);
+    QFETCH(QString, form);
+    QFETCH(QString, title);
+    logIn(false, form);
+    TabHost host;
+    GetDBSetting()->SetTabHost(&host);
+    (GetAutoDBSetting()->*open)();
+    (GetAutoDBSetting()->*open)();
+    QCOMPARE(host.pages().size(), 2);
+    QVERIFY(host.pages()[0] != host.pages()[1]);
+    QCOMPARE(host.pages()[0]->title(), title);
+    QCOMPARE(host.pages()[1]->title(), title);
+}
+
+void TestCAutoDBSetting::listWithoutTheAccessRightIsNotShown_data()
+{
+    listOpenedTwiceIsTwoIndependentPages_data();
+}
+
+void TestCAutoDBSetting::listWithoutTheAccessRightIsNotShown()
+{
+    QFETCH(Operation, open);
     logIn(false);
     TabHost host;
     GetDBSetting()->SetTabHost(&host);
-    GetAutoDBSetting()->ShowAutomobilContractDlg();
+    (GetAutoDBSetting()->*open)();
     QVERIFY(host.pages().isEmpty());
-}
-
-void TestCAutoDBSetting::listsWithoutAWindowShowNothing()
-{
-    logIn(true);
-    TabHost host;
-    GetDBSetting()->SetTabHost(&host);
-    GetAutoDBSetting()->ShowAutomobilInformationsDlg();
-    GetAutoDBSetting()->ShowAutomobilDemandsDlg();
-    QVERIFY(host.pages().isEmpty());
-    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-    QVERIFY(g_pDlgMessage->takeShown().isEmpty());
 }
 
 void TestCAutoDBSetting::seasonalReportWithoutTheAccessRightOpensNothing()

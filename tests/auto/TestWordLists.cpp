@@ -22,6 +22,7 @@ constexpr NamedList namedLists[] = {
     {"archiveStates", WordLists::archiveStates},
     {"returnStates", WordLists::returnStates},
     {"fuelTypes", WordLists::fuelTypes},
+    {"usageTypes", WordLists::usageTypes},
     {"sendingStates", WordLists::sendingStates},
     {"paymentStates", WordLists::paymentStates},
     {"inputParameterTypes", WordLists::inputParameterTypes},

@@ -35,7 +35,8 @@ private Q_SLOTS:
     void menuOfTheModuleStandsToTheLetter();
     void laterEntriesSayThatTheyComeLater();
     void withoutTheModuleTheWindowWorks();
-    void contractsOpenAsATabEachTime();
+    void listsOfTheModuleOpenAsATabEachTime_data();
+    void listsOfTheModuleOpenAsATabEachTime();
     void hostPagesOpenOnce_data();
     void hostPagesOpenOnce();
     void withoutRightsNothingOpens_data();
@@ -117,11 +118,11 @@ void TestMainWindow::laterEntriesSayThatTheyComeLater()
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     const QList<QAction *> entries = window.menuBar()->actions().constFirst()->menu()->actions();
     QVERIFY(entries.at(0)->isEnabled());
-    for (int later = 1; later < 4; ++later) {
-        QVERIFY(!entries.at(later)->isEnabled());
-        QVERIFY(entries.at(later)->toolTip().contains(QStringLiteral("نسخه‌های بعدی")));
-        QCOMPARE(entries.at(later)->statusTip(), entries.at(later)->toolTip());
-    }
+    QVERIFY(entries.at(1)->isEnabled());
+    QVERIFY(entries.at(2)->isEnabled());
+    QVERIFY(!entries.at(3)->isEnabled());
+    QVERIFY(entries.at(3)->toolTip().contains(QStringLiteral("نسخه‌های بعدی")));
+    QCOMPARE(entries.at(3)->statusTip(), entries.at(3)->toolTip());
     QVERIFY(window.menuBar()->actions().constFirst()->menu()->toolTipsVisible());
 }
 
@@ -134,12 +135,22 @@ void TestMainWindow::withoutTheModuleTheWindowWorks()
     QCOMPARE(window.workArea()->count(), 1);
 }
 
-void TestMainWindow::contractsOpenAsATabEachTime()
+void TestMainWindow::listsOfTheModuleOpenAsATabEachTime_data()
 {
+    QTest::addColumn<QString>("entry");
+    QTest::newRow("contracts") << QStringLiteral("قرارداد");
+    QTest::newRow("demands") << QStringLiteral("تقاضا");
+    QTest::newRow("cars") << QStringLiteral("گالري اتومبيل");
+}
+
+void TestMainWindow::listsOfTheModuleOpenAsATabEachTime()
+{
+    QFETCH(QString, entry);
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    action(window, QStringLiteral("قرارداد"))->trigger();
-    action(window, QStringLiteral("قرارداد"))->trigger();
+    action(window, entry)->trigger();
+    action(window, entry)->trigger();
     QCOMPARE(window.workArea()->count(), 2);
+    QCOMPARE(window.workArea()->currentPage()->title(), entry);
 }
 
 void TestMainWindow::hostPagesOpenOnce_data()
@@ -170,6 +181,10 @@ void TestMainWindow::withoutRightsNothingOpens_data()
     hostPagesOpenOnce_data();
     QTest::newRow("contracts") << "قرارداد"
                                << "AutomobilContracts";
+    QTest::newRow("demands") << "تقاضا"
+                             << "AutomobilDemands";
+    QTest::newRow("cars") << "گالري اتومبيل"
+                          << "AutomobilInformations";
 }
 
 void TestMainWindow::withoutRightsNothingOpens()
@@ -204,7 +219,7 @@ void TestMainWindow::startPageHasTheCommandsOfADay()
         QCOMPARE(button->accessibleName(), button->text());
         captions.append(button->text());
     }
-    QCOMPARE(captions.size(), 6);
+    QCOMPARE(captions.size(), 8);
     QCOMPARE(captions.constFirst(), QStringLiteral("قرارداد"));
     QVERIFY(buttons.constFirst()->hasFocus());
     QTest::keyClick(buttons.constFirst(), Qt::Key_Space);
@@ -355,6 +370,7 @@ void TestMainWindow::badgeStaysQuietWhenTheDatabaseDoesNotAnswer()
     m_office.database.run(QStringLiteral("RENAME TABLE Alarms TO AlarmsAway"));
     badge(window)->tick();
     QVERIFY(badge(window)->isHidden());
+    window.tellDueReminders();
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     m_office.database.run(QStringLiteral("RENAME TABLE AlarmsAway TO Alarms"));
     // It does not ask again every minute, but it does ask again.

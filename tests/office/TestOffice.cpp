@@ -66,7 +66,7 @@ void TestOffice::clear()
 {
     for (const char *table :
          {"AutomobilContracts", "AutomobilPayments", "AutomobilInformations", "AutomobilDemands", "AutomobilTariffs", "CarBrands",
-          "CarModels", "CarClasses", "Items", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords",
+          "CarModels", "CarClasses", "Items", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords", "Alarms",
           "Factors", "FactorStuffs", "Services"})
         m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
     m_database.run(QStringLiteral("DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"));

@@ -268,6 +268,41 @@ private Q_SLOTS:
         QCOMPARE(dialog->basePage()->form()->dateEdit(QStringLiteral("dateReference"))->date(),
                  GetDBSetting()->GetDBServerDate().date());
         QVERIFY(!dialog->basePage()->form()->dateEdit(QStringLiteral("dateMaxTimeNeed"))->date().isValid());
+        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("کاربر :"))->text(), QStringLiteral("مدیر"));
+    }
+
+    // --- Keyboard ---
+
+    void tabGoesThroughThePageAsItIsLaidOut()
+    {
+        const auto dialog = opened(addDemand(), EditorMode::Edit);
+        dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+        QCOMPARE(dialog->focusWidget(), dialog->basePage()->person()->codeEdit());
+        QStringList met;
+        for (int i = 0; i < 40 && !met.contains(QStringLiteral("يادآوري شود")); ++i) {
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+            met << dialog->focusWidget()->accessibleName();
+        }
+        const QStringList expected = {QStringLiteral("خودرو درخواستي :"), QStringLiteral("سال توليد از :"), QStringLiteral("سال توليد تا :"), QStringLiteral("رنگ :"), QStringLiteral("رنگ : ..."), QStringLiteral("مبلغ از :"), QStringLiteral("تا مبلغ :"), QStringLiteral("امکانات :"), QStringLiteral("امکانات : ..."), QStringLiteral("تاريخ مراجعه :"), QStringLiteral("تاريخ حداکثر زمان نياز :"), QStringLiteral("نحوه آشنايي :"), QStringLiteral("توضيحات ويژه :"), QStringLiteral("توضيحات :"), QStringLiteral("يادآوري شود")};
+        QStringList order;
+        for (const QString &name : std::as_const(met)) {
+            if (expected.contains(name))
+                order << name;
+        }
+        QVERIFY2(order == expected, qPrintable(met.join(QStringLiteral(" | "))));
+    }
+
+    void personIsPickedFromTheKeyboard()
+    {
+        const auto dialog = opened(Dialog::addPlaceholder(), EditorMode::New);
+        bool came = false;
+        TestOffice::whenModal("KDialogHolder", [&came](QWidget *window) {
+            came = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        QTest::keyClick(dialog->basePage()->person()->codeEdit(), Qt::Key_F4);
+        QVERIFY(came);
     }
 
     // --- Validation ---
@@ -488,6 +523,16 @@ private Q_SLOTS:
         QVERIFY(reminder->alarmID() > 0);
         dialog->accept();
         QCOMPARE(load(demand, key).m_iAlarmID, reminder->alarmID());
+    }
+
+    // As a screen reader ticks it: without a click.
+    void aBoxThatIsToggledAsksForTheReminderToo()
+    {
+        const auto dialog = opened(addDemand(), EditorMode::Edit);
+        confirmReminder();
+        dialog->basePage()->reminder()->remindBox()->toggle();
+        QVERIFY(dialog->basePage()->reminder()->alarmID() > 0);
+        QVERIFY(dialog->basePage()->reminder()->remindBox()->isChecked());
     }
 
     void cancelledReminderLeavesNone()

@@ -3,8 +3,14 @@
 
 #include "host/demo/DemoData.h"
 
+#include "auto/cars/DemandYears.h"
+#include "auto/cars/MatchingCars.h"
+#include "auto/cars/VehicleIdentification.h"
+#include "auto/catalog/InputParameters.h"
 #include "auto/contracts/ContractPosting.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblTemp.h"
 #include "auto/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
@@ -14,6 +20,7 @@
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/NationalCode.h"
 #include "suite/crm/CTblPersons.h"
+#include "suite/image/PictureIntake.h"
 #include "suite/utility/ShamsiDate.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/TestDatabase.h"
@@ -35,6 +42,11 @@ private Q_SLOTS:
     void figuresAreWhatTheEditorWouldCompute();
     void officeLooksAlive();
     void personsAreValid();
+    void carsAreOfTheCatalogAndTheRegisterLooksAlive();
+    void soldCarsAreWhatTheEditorWouldSave();
+    void carsHavePicturesThatCanBeShown();
+    void everyKindOfInputParameterHasValues();
+    void demandsAreOfTheCatalogAndSomeHaveFittingCars();
     void userCanLogIn();
     void editorContinuesTheCodes();
     void aDatabaseWithDataIsLeftAlone();
@@ -61,7 +73,8 @@ void TestDemoData::fill(int contracts)
 QString TestDemoData::checksum()
 {
     QString all;
-    for (const char *table : {"Persons", "AutomobilContracts", "Documents", "Docs", "Properties", "UserRights"}) {
+    for (const char *table : {"Persons", "AutomobilContracts", "Documents", "Docs", "Properties", "UserRights", "CarBrands",
+                              "CarModels", "CarClasses", "Items", "AutomobilTariffs", "AutomobilInformations", "AutomobilDemands"}) {
         CTblTemp query;
         query.Open(false, false, true);
         query.ExecuteQuery(QStringLiteral("CHECKSUM TABLE ") + QString::fromLatin1(table));
@@ -93,8 +106,12 @@ void TestDemoData::sizesFollowTheContracts()
     QCOMPARE(m_database.value(QStringLiteral("SELECT DATEDIFF(MAX(dateContract),MIN(dateContract)) BETWEEN 700 AND 731 "
                                              "FROM AutomobilContracts")),
              QStringLiteral("1"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("100"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("60"));
     fill(1);
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("12"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("10"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("20"));
     fill(300);
 }
@@ -197,6 +214,81 @@ void TestDemoData::personsAreValid()
     QVERIFY(legal > 0);
 }
 
+void TestDemoData::carsAreOfTheCatalogAndTheRegisterLooksAlive()
+{
+    // What a car refers to is there, a class belongs to its model and the model to its brand.
+    QCOMPARE(m_database.value(QStringLiteral(
+                 "SELECT COUNT(*) FROM AutomobilInformations ai JOIN CarClasses cc ON cc.iID=ai.iBrigade JOIN CarModels cm "
+                 "ON cm.iID=ai.iModel AND cc.iBrandID=cm.iID JOIN CarBrands cb ON cb.iID=ai.iAutomobilType AND cm.iClassID=cb.iID "
+                 "JOIN Persons p ON p.iID=ai.iPersonID JOIN Items color ON color.iID=ai.iColor AND color.iType=808 "
+                 "JOIN Items sys ON sys.iID=ai.iSystem AND sys.iType=802 JOIN Items body ON body.iID=ai.iBodyStatus AND "
+                 "body.iType=815 JOIN Items country ON country.iID=ai.iCountry AND country.iType=804")),
+             QStringLiteral("100"));
+    for (const char *condition : {"bSold=1", "bSold=0 AND iStatus=0 AND iArchiveUserID=0", "iArchiveUserID>0", "iStatus=1",
+                                  "iUsageType=2", "iFuel=2", "sDocumentsDeficit<>''", "sFractionalParts<>''", "oPicture IS NULL",
+                                  "dRemainingContract>0"}) {
+        const int count = m_database
+                              .value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations WHERE ") + QString::fromLatin1(condition))
+                              .toInt();
+        QVERIFY2(count > 0 && count < 100, condition);
+    }
+    CTblAutomobilInformations car;
+    car.SetColumns({QStringLiteral("sVIN")});
+    for (car.Open(true, true, true); !car.IsEOF(); car.MoveNext())
+        QCOMPARE(VehicleIdentification::check(car.m_sVIN), VehicleIdentification::State::Good);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs WHERE dAmount>0 AND sTitle<>''")),
+             QStringLiteral("6"));
+}
+
+void TestDemoData::soldCarsAreWhatTheEditorWouldSave()
+{
+    QCOMPARE(m_database.value(QStringLiteral(
+                 "SELECT COUNT(*) FROM AutomobilInformations WHERE IF(bSold=1,iPersonBuyerID IN (0,iPersonID) OR dateBuy<dateIntroduction "
+                 "OR dSoldAmount<=0,iPersonBuyerID<>0 OR dSoldAmount<>0) OR ABS(dProfitAndLoss-(dSoldAmount-dPurchasePriceOfOwner"
+                 "-dAutomobilExpenses-dAmountPresence-dRemainingPresence))>0.001 OR (iArchiveUserID>0 AND bSold=0)")),
+             QStringLiteral("0"));
+}
+
+void TestDemoData::carsHavePicturesThatCanBeShown()
+{
+    CTblAutomobilInformations car;
+    car.m_filter = QStringLiteral("oPicture IS NOT NULL");
+    car.SetColumns({QStringLiteral("oPicture")});
+    int pictures = 0;
+    for (car.Open(true, true, true); !car.IsEOF(); car.MoveNext(), ++pictures) {
+        const QImage image = PictureIntake::decode(car.m_oPicture.data);
+        QCOMPARE(image.size(), QSize(640, 420));
+    }
+    QVERIFY(pictures > 50);
+}
+
+void TestDemoData::everyKindOfInputParameterHasValues()
+{
+    for (int option = 0; option < InputParameters::optionCount; ++option) {
+        const QString count = m_database.value(QStringLiteral("SELECT COUNT(*) FROM Items WHERE ") + InputParameters::valuesFilter(option));
+        QVERIFY2(count.toInt() >= 2, qPrintable(InputParameters::caption(option)));
+    }
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM Items GROUP BY iType,sName HAVING COUNT(*)>1) twice")),
+             QStringLiteral("0"));
+}
+
+void TestDemoData::demandsAreOfTheCatalogAndSomeHaveFittingCars()
+{
+    QCOMPARE(m_database.value(QStringLiteral(
+                 "SELECT COUNT(*) FROM AutomobilDemands ad JOIN Persons p ON p.iID=ad.iPersonID LEFT JOIN CarBrands cb ON "
+                 "cb.iID=ad.iAutomobilType LEFT JOIN Items color ON color.iID=ad.iColor AND color.iType=808 LEFT JOIN Items f ON "
+                 "f.iID=ad.iFacilities AND f.iType=811 WHERE (ad.iAutomobilType=0 OR cb.iID>0) AND (ad.iColor=0 OR color.iID>0) "
+                 "AND (ad.iFacilities=0 OR f.iID>0) AND ad.dAmountFrom<=ad.dAmountUpTo")),
+             QStringLiteral("60"));
+    int withCars = 0;
+    CTblAutomobilDemands demand;
+    for (demand.Open(true, true, true); !demand.IsEOF(); demand.MoveNext()) {
+        QVERIFY(areDemandYears(demand.m_iModelFrom, demand.m_iModelUpTo));
+        withCars += MatchingCars::of(demand.m_iID)->cars.empty() ? 0 : 1;
+    }
+    QVERIFY2(withCars > 15 && withCars < 60, qPrintable(QString::number(withCars)));
+}
+
 void TestDemoData::userCanLogIn()
 {
     const std::optional<int> user = CTblUsers::verify(QStringLiteral("demo"), QStringLiteral("demo"));
@@ -210,6 +302,7 @@ void TestDemoData::editorContinuesTheCodes()
 {
     QCOMPARE(CTblAutomobilContracts::nextCode(), 301);
     QCOMPARE(CTblPersons::nextCode(), 201);
+    QCOMPARE(CTblAutomobilInformations::nextCode(), 101);
 }
 
 void TestDemoData::aDatabaseWithDataIsLeftAlone()

@@ -28,12 +28,14 @@ public:
     {
         auto *layout = new QVBoxLayout(this);
         for (QWidget *widget :
-             std::initializer_list<QWidget *>{first, pick, readOnly, date, disabled, combo, check, last})
+             std::initializer_list<QWidget *>{first, pick, readOnly, date, acting, disabled, combo, check, last})
             layout->addWidget(widget);
         readOnly->setReadOnly(true);
         disabled->setEnabled(false);
         date->setCheckable(true);
         pick->setFocusPolicy(Qt::TabFocus);
+        acting->setFocusPolicy(Qt::StrongFocus);
+        acting->setProperty(actsOnEnter, true);
         buttons = createButtons();
         layout->addWidget(buttons);
     }
@@ -58,6 +60,7 @@ public:
     QToolButton *pick = new QToolButton(this);
     QLineEdit *readOnly = new QLineEdit(this);
     KDateEdit *date = new KDateEdit(this);
+    QWidget *acting = new QWidget(this);
     QLineEdit *disabled = new QLineEdit(this);
     QComboBox *combo = new QComboBox(this);
     QCheckBox *check = new QCheckBox(this);

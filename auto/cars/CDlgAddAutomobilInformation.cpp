@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgAddAutomobilInformation.h"
+
+#include "auto/EditorTitle.h"
+#include "auto/cars/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/CDlgAddAutomobilInformationSales.h"
+#include "auto/cars/CDlgMatchingDemands.h"
+#include "auto/cars/PersonGroup.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KTabPageButtons.h"
+
+#include <QPushButton>
+
+bool CDlgAddAutomobilInformation::EditCar(int carID, bool isNew, QWidget *parent, bool *changed)
+{
+    GetDBSetting()->RequireOpenDB();
+    CDlgAddAutomobilInformation dialog(carID, isNew ? EditorMode::New : EditorMode::Edit, parent);
+    const bool confirmed = dialog.load() && dialog.exec() == QDialog::Accepted;
+    if (changed)
+        *changed = dialog.refreshNeeded();
+    return confirmed;
+}
+
+void CDlgAddAutomobilInformation::ShowCar(int carID, bool &changed, QWidget *parent)
+{
+    changed = false;
+    if (carID < 1)
+        return;
+    CDlgAddAutomobilInformation dialog(carID, EditorMode::Show, parent);
+    if (!dialog.load())
+        return;
+    dialog.exec();
+    changed = dialog.refreshNeeded();
+}
+
+CDlgAddAutomobilInformation::CDlgAddAutomobilInformation(int carID, EditorMode mode, QWidget *parent)
+    : CDlgRecordEditor(carID, mode, parent)
+{
+    SetSettingName(QStringLiteral("AutomobilInformations\\Editor"));
+    setWindowTitle(editorTitle(QStringLiteral("گالري اتومبيل"), mode));
+    m_demands = addCommand(QStringLiteral("تقاضا"), [this] { CDlgMatchingDemands::Show(key(), this); });
+}
+
+CDlgAddAutomobilInformation::~CDlgAddAutomobilInformation() = default;
+
+bool CDlgAddAutomobilInformation::load()
+{
+    CTblAutomobilInformations car;
+    if (!loadRecord(car))
+        return false;
+    m_base = new CDlgAddAutomobilInformationBase(mode(), tabs());
+    addPage(m_base, m_base->title());
+    m_sale = new CDlgAddAutomobilInformationSales(mode(), tabs());
+    addPage(m_sale, m_sale->title());
+    addFilesPage(CTblFileDocs::Personal, CTblAutomobilInformations::recordKind, QStringLiteral("پرونده های شخصی"));
+    tabs()->setCurrentIndex(0);
+    m_base->fill(car);
+    m_sale->fill(car);
+    showState(car.m_iStatus, car.m_iArchiveUserID);
+    return true;
+}
+
+bool CDlgAddAutomobilInformation::OnOK()
+{
+    if (!isShowMode())
+        return CDlgRecordEditor::OnOK();
+    reject();
+    return false;
+}
+
+bool CDlgAddAutomobilInformation::validatePages()
+{
+    return validateInOrder<CTblAutomobilInformations>({m_base, m_sale}) && checkEntries();
+}
+
+bool CDlgAddAutomobilInformation::checkEntries()
+{
+    for (const auto &[page, form] : {std::pair<CarEditorPage *, KForm *>(m_base, m_base->form()),
+                                     std::pair<CarEditorPage *, KForm *>(m_sale, m_sale->form())}) {
+        if (const auto problem = form->firstInvalid())
+            return page->refuseEntry(*problem);
+    }
+    return true;
+}
+
+bool CDlgAddAutomobilInformation::checkParties()
+{
+    if (m_base->owner()->personID() != m_sale->buyer()->personID())
+        return true;
+    return m_sale->refuse(QStringLiteral("شخص مالک و خریدار یکی است لطفا اصلاح کنید."), m_sale->buyer()->codeEdit());
+}
+
+bool CDlgAddAutomobilInformation::save()
+{
+    CTblAutomobilInformations car;
+    return loadRecord(car) && checkParties() && saveRecord<CTblAutomobilInformations>({m_base, m_sale});
+}
+
+bool CDlgAddAutomobilInformation::takeOutOfArchive()
+{
+    KSecurity archive;
+    archive.SetFormName(QStringLiteral("AutomobilInformationArchive"));
+    if (!archive.CheckWriteSecurity())
+        return false;
+    GetDBSetting()->RequireOpenDB();
+    CTblAutomobilInformations car;
+    if (loadRecord(car))
+        CTblAutomobilInformations::unarchive(car.m_iCode);
+    g_pDlgMessage->Show(QStringLiteral("این نامه از حالت بایگانی خارج شد."), this);
+    return true;
+}

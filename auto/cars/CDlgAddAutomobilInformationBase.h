@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/cars/CarEditorPage.h"
+
+class ArchiveLine;
+class CatalogFields;
+class ItemFields;
+class KStaticImage;
+class PersonGroup;
+class QHBoxLayout;
+class QLabel;
+
+// First page of the car editor: the owner, the vehicle with its numbers, insurance, equipment and papers, and its picture.
+class CDlgAddAutomobilInformationBase final : public CarEditorPage
+{
+    Q_OBJECT
+
+public:
+    explicit CDlgAddAutomobilInformationBase(EditorMode mode, QWidget *parent = nullptr);
+    ~CDlgAddAutomobilInformationBase() override;
+
+    void fill(CTblAutomobilInformations &car) override;
+    // A car has an owner. Without one the picker of persons opens behind the warning.
+    [[nodiscard]] bool validate() override;
+    void write(CTblAutomobilInformations &car) override;
+
+    KForm *form() const { return m_form; }
+    PersonGroup *owner() const { return m_owner; }
+    KStaticImage *picture() const { return m_picture; }
+    // What stands beside a VIN that looks wrong; empty otherwise.
+    QString vinHint() const;
+
+private:
+    void build();
+    QHBoxLayout *buildTop(QWidget *content);
+    QWidget *buildVehicle(QWidget *content);
+    QWidget *buildNumbers(QWidget *content);
+    QWidget *buildEquipment(QWidget *content);
+    void wireItems();
+    void showVinHint();
+
+    KForm *m_form = nullptr;
+    PersonGroup *m_owner = nullptr;
+    KStaticImage *m_picture = nullptr;
+    CatalogFields *m_catalog = nullptr;
+    ItemFields *m_items = nullptr;
+    ArchiveLine *m_archiveLine = nullptr;
+    QLabel *m_vinHint = nullptr;
+};

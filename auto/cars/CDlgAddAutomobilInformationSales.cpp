@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgAddAutomobilInformationSales.h"
+
+#include "auto/FormLines.h"
+#include "auto/cars/CarFields.h"
+#include "auto/cars/ItemFields.h"
+#include "auto/cars/PersonGroup.h"
+#include "auto/cars/ProfitAndLoss.h"
+#include "auto/catalog/CDlgAutomobilTariffs.h"
+#include "auto/catalog/InputParameters.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblAutomobilTariffs.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/ScrolledPage.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace {
+
+const QString notaryCostColumn = QStringLiteral("dAmountPresence");
+const QString profitColumn = QStringLiteral("dProfitAndLoss");
+
+// Where the amounts of the rule stand.
+const std::pair<QString, double SaleAmounts::*> inputs[] = {
+    {QStringLiteral("dSoldAmount"), &SaleAmounts::sold},
+    {QStringLiteral("dPurchasePriceOfOwner"), &SaleAmounts::purchase},
+    {QStringLiteral("dAutomobilExpenses"), &SaleAmounts::expenses},
+    {notaryCostColumn, &SaleAmounts::notaryCost},
+    {QStringLiteral("dRemainingPresence"), &SaleAmounts::notaryRemaining},
+};
+
+}
+
+CDlgAddAutomobilInformationSales::CDlgAddAutomobilInformationSales(EditorMode mode, QWidget *parent)
+    : CarEditorPage(mode, QStringLiteral("مشخصات فروش"), parent)
+{
+    build();
+    m_items->addList(QStringLiteral("iCustomsClearance"), InputParameters::ClearanceCustoms);
+    for (const auto &[column, amount] : inputs)
+        connect(m_form->edit(column), &KEdit::numberEdited, this, &CDlgAddAutomobilInformationSales::recompute);
+    QPushButton *tariffs = m_form->button(notaryCostColumn);
+    tariffs->setToolTip(QStringLiteral("انتخاب از هزینه های تعرفه های محضر"));
+    connect(tariffs, &QPushButton::clicked, this, &CDlgAddAutomobilInformationSales::pickTariff);
+}
+
+CDlgAddAutomobilInformationSales::~CDlgAddAutomobilInformationSales() = default;
+
+void CDlgAddAutomobilInformationSales::build()
+{
+    auto *content = new QWidget(this);
+    CTblAutomobilInformations columns;
+    m_form = new KForm(CarFields::sale(), columns, content);
+    m_items = new ItemFields(*m_form, this);
+    m_buyer = new PersonGroup(QStringLiteral("مشخصات خريدار"), PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
+                              QStringLiteral("خريدار"));
+
+    auto *layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_form->checkBox(QStringLiteral("bSold")));
+    layout->addWidget(m_buyer);
+    layout->addWidget(buildTransfer(content));
+    layout->addWidget(buildAmounts(content));
+    layout->addWidget(buildResult(content));
+    layout->addWidget(buildClearance(content));
+    layout->addStretch(1);
+    fillWithScrolled(this, content);
+}
+
+QWidget *CDlgAddAutomobilInformationSales::buildTransfer(QWidget *content)
+{
+    auto *box = new QGroupBox(QStringLiteral("انتقال سند"), content);
+    FormLines::grid(*m_form, box,
+                    {
+                        {{"dateBuy"}, {"dateDelivery"}, {"dateJawPlate"}, {"dateObtainingCopies"}},
+                        {{"sRegistryNum"}, {"sAddress", 3}},
+                        {{"dateLegalDocument"}, {"sNumLegalDocument"}, {"datefinalDocument"}, {"sReplacementCenter"}},
+                    });
+    return box;
+}
+
+QWidget *CDlgAddAutomobilInformationSales::buildAmounts(QWidget *content)
+{
+    auto *box = new QGroupBox(QStringLiteral("قرارداد و کميسيون"), content);
+    FormLines::grid(*m_form, box,
+                    {
+                        {{"dMbayhAutomobilContract"}},
+                        {{"dAmountContract"}, {"dPaidContract"}, {"dRemainingContract"}},
+                        {{"dAmountCommission"}, {"dPaidComission"}, {"dRemainingComission"}},
+                    });
+    return box;
+}
+
+QWidget *CDlgAddAutomobilInformationSales::buildResult(QWidget *content)
+{
+    auto *box = new QGroupBox(QStringLiteral("نتيجه فروش"), content);
+    FormLines::grid(*m_form, box,
+                    {
+                        {{"dSoldAmount"}, {"dPurchasePriceOfOwner"}, {"dAutomobilExpenses"}},
+                        {{"dAmountPresence"}, {"dRemainingPresence"}, {"dProfitAndLoss"}},
+                    });
+    return box;
+}
+
+QWidget *CDlgAddAutomobilInformationSales::buildClearance(QWidget *content)
+{
+    auto *box = new QGroupBox(QStringLiteral("ترخيص"), content);
+    FormLines::grid(*m_form, box, {{{"dateClearance"}, {"iCustomsClearance"}, {"sLicense"}}});
+    return box;
+}
+
+void CDlgAddAutomobilInformationSales::fill(CTblAutomobilInformations &car)
+{
+    m_form->setShowMode(isShowMode());
+    m_items->fill();
+    m_form->load(car);
+    takeTariff();
+    recompute();
+    m_buyer->setPersonID(car.m_iPersonBuyerID);
+    m_buyer->setReadOnly(isShowMode());
+}
+
+bool CDlgAddAutomobilInformationSales::validate()
+{
+    return true;
+}
+
+void CDlgAddAutomobilInformationSales::write(CTblAutomobilInformations &car)
+{
+    recompute();
+    m_form->store(car);
+    car.m_iPersonBuyerID = m_buyer->personID();
+}
+
+void CDlgAddAutomobilInformationSales::pickTariff()
+{
+    const int chosen = CDlgAutomobilTariffs::Select(this, m_tariffID);
+    CTblAutomobilTariffs tariff;
+    if (chosen == 0 || !tariff.IsRecordExist(QStringLiteral("iID"), chosen))
+        return;
+    m_tariffID = chosen;
+    takeTariff();
+    recompute();
+}
+
+void CDlgAddAutomobilInformationSales::takeTariff()
+{
+    CTblAutomobilTariffs tariff;
+    if (m_tariffID != 0 && tariff.IsRecordExist(QStringLiteral("iID"), m_tariffID))
+        m_form->edit(notaryCostColumn)->setNumber(tariff.m_dAmount);
+}
+
+void CDlgAddAutomobilInformationSales::recompute()
+{
+    SaleAmounts amounts;
+    for (const auto &[column, amount] : inputs)
+        amounts.*amount = m_form->edit(column)->number();
+    m_form->edit(profitColumn)->setNumber(profitAndLoss(amounts));
+}
+
+void CDlgAddAutomobilInformationSales::showEvent(QShowEvent *event)
+{
+    recompute();
+    CarEditorPage::showEvent(event);
+}

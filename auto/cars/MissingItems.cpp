@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/MissingItems.h"
+
+#include "suite/utility/TextStandard.h"
+
+#include <QSet>
+
+QStringList missingItems(const QStringList &all, const QString &chosen, const QString &separator)
+{
+    QSet<QString> there;
+    // Typed by hand, a text may lack the blank of the separator.
+    for (const QString &name : chosen.split(separator.trimmed(), Qt::SkipEmptyParts))
+        there.insert(searchKey(name));
+    QStringList missing;
+    for (const QString &name : all) {
+        if (!there.contains(searchKey(name)))
+            missing.append(name);
+    }
+    return missing;
+}

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/LoadCarForContract.h"
+
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/KLookup.h"
+#include "suite/crm/CTblPersons.h"
+
+namespace {
+
+QString column(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+}
+
+std::optional<CarForContract> loadCarForContract(int carID, int database)
+{
+    CTblAutomobilInformations car(database);
+    car.SetColumns({column("iPersonID"), column("iAutomobilType"), column("iModel"), column("iBrigade"), column("iSystem"),
+                    column("iColor"), column("sNumOfEngines"), column("sChassisNum"), column("sVIN"), column("sNumOfPlates"),
+                    column("sDocumentsDelivered"), column("sDesc"), column("iYear"), column("iNumOFAxles"), column("iNumOfWheels"),
+                    column("iUsageType"), column("iFuel")});
+    if (!car.IsRecordExist(column("iID"), carID))
+        return std::nullopt;
+    const auto name = [database](const char *table, int key) {
+        return KLookup::name(column(table), column("iID"), column("sName"), key, database);
+    };
+    CarForContract result;
+    result.brand = name("CarBrands", car.m_iAutomobilType);
+    result.model = name("CarModels", car.m_iModel);
+    result.carClass = name("CarClasses", car.m_iBrigade);
+    result.system = name("Items", car.m_iSystem);
+    result.color = name("Items", car.m_iColor);
+    result.engineNumber = car.m_sNumOfEngines;
+    result.chassisNumber = car.m_sChassisNum;
+    result.vin = car.m_sVIN;
+    result.plate = car.m_sNumOfPlates;
+    result.documentsDelivered = car.m_sDocumentsDelivered;
+    result.description = car.m_sDesc;
+    result.year = car.m_iYear;
+    result.axles = car.m_iNumOFAxles;
+    result.wheels = car.m_iNumOfWheels;
+    result.usageType = car.m_iUsageType;
+    result.fuel = car.m_iFuel;
+    CTblPersons owner(database);
+    if (owner.IsRecordExist(column("iID"), car.m_iPersonID))
+        result.ownerID = car.m_iPersonID;
+    return result;
+}

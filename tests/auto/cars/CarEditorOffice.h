@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "auto/cars/CDlgAddAutomobilInformation.h"
+#include "auto/cars/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/CDlgAddAutomobilInformationSales.h"
+#include "auto/cars/PersonGroup.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/crm/CTblPersons.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KTabPageButtons.h"
+#include "tests/office/TestOffice.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include <memory>
+
+// An office with a car that has an owner, and the editor over it.
+class CarEditorOffice : public TestOffice
+{
+public:
+    using Car = CTblAutomobilInformations;
+    using Dialog = CDlgAddAutomobilInformation;
+
+    void begin()
+    {
+        clear();
+        owner = addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
+            person.m_sNationalCode = QStringLiteral("0012345679");
+            person.m_sTel = QStringLiteral("02188776655");
+            person.m_sMobile = QStringLiteral("09121234567");
+        });
+        buyer = addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
+        peugeot = addBrand(QStringLiteral("پژو"));
+        saipa = addBrand(QStringLiteral("سایپا"));
+        model206 = addModel(peugeot, QStringLiteral("206"));
+        modelPars = addModel(peugeot, QStringLiteral("پارس"));
+        pride = addModel(saipa, QStringLiteral("پراید"));
+        type2 = addClass(model206, QStringLiteral("تیپ 2"));
+        type5 = addClass(model206, QStringLiteral("تیپ 5"));
+    }
+
+    int addOwnedCar(const std::function<void(Car &)> &set = {})
+    {
+        return addCar([&](Car &car) {
+            car.m_iPersonID = owner;
+            if (set)
+                set(car);
+        });
+    }
+
+    static Car &load(Car &car, int key)
+    {
+        if (!car.IsRecordExist(QStringLiteral("iID"), key))
+            qFatal("the car is gone");
+        return car;
+    }
+
+    static std::unique_ptr<Dialog> opened(int key, EditorMode mode = EditorMode::Edit)
+    {
+        auto dialog = std::make_unique<Dialog>(key, mode);
+        if (!dialog->load())
+            return nullptr;
+        dialog->show();
+        return dialog;
+    }
+
+    // The accessible names of what can be met with the keyboard or read, of one kind of widget.
+    template <class Widget>
+    static Widget *named(const QWidget &within, const QString &name)
+    {
+        for (Widget *widget : within.findChildren<Widget *>()) {
+            if (widget->accessibleName() == name)
+                return widget;
+        }
+        return nullptr;
+    }
+
+    static QStringList entries(const QComboBox *combo)
+    {
+        QStringList texts;
+        for (int i = 0; i < combo->count(); ++i)
+            texts << combo->itemText(i);
+        return texts;
+    }
+
+    int owner = 0;
+    int buyer = 0;
+    int peugeot = 0;
+    int saipa = 0;
+    int model206 = 0;
+    int modelPars = 0;
+    int pride = 0;
+    int type2 = 0;
+    int type5 = 0;
+};
+
+// The rows of car_labels.tsv of a page: column and label.
+inline QList<QPair<QString, QString>> carLabels(const QString &page)
+{
+    QFile file(QStringLiteral(TZ_TEST_SOURCE "/car_labels.tsv"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("the labels could not be read");
+    QList<QPair<QString, QString>> labels;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+        const QStringList cells = line.split(u'\t');
+        if (cells.size() == 3 && cells.at(0) == page)
+            labels.append({cells.at(1), cells.at(2).sliced(1, cells.at(2).size() - 2)});
+    }
+    return labels;
+}
+
+// Checks that the label of every field is to the letter the table's, and that what has no field stands on the page.
+inline void compareLabels(const QString &page, KForm &form, const QWidget &widget)
+{
+    QStringList texts;
+    for (const QLabel *label : widget.findChildren<QLabel *>())
+        texts << label->text();
+    for (const QGroupBox *box : widget.findChildren<QGroupBox *>())
+        texts << box->title();
+    int compared = 0;
+    for (const auto &[column, label] : carLabels(page)) {
+        const auto field = std::find_if(form.fields().cbegin(), form.fields().cend(),
+                                        [&name = column](const KFormField &candidate) { return candidate.column == name; });
+        if (field != form.fields().cend()) {
+            QCOMPARE(field->label, label);
+            QVERIFY2(form.control(column)->accessibleName().startsWith(label), qPrintable(column));
+            ++compared;
+        } else {
+            QVERIFY2(texts.contains(label), qPrintable(label));
+        }
+    }
+    // No field is on the page that is not in the table.
+    QCOMPARE(compared, form.fields().size());
+}

@@ -1,0 +1,646 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/auto/cars/CarEditorOffice.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/KAccountingError.h"
+#include "tests/auto/ObservedStatements.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QDialogButtonBox>
+#include <QTemporaryDir>
+
+namespace {
+
+using Car = CTblAutomobilInformations;
+using Dialog = CDlgAddAutomobilInformation;
+
+const QString archiveForm = QStringLiteral("AutomobilInformationArchive");
+
+QString column(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+// A value that is in the range of the column and unlike every other one's.
+void enterInto(KForm &form, const KFormField &field, int number)
+{
+    using Kind = KFormField::Kind;
+    switch (field.kind) {
+    case Kind::Text:
+        form.edit(field.column)->setText(QStringLiteral("متن %1").arg(number));
+        break;
+    case Kind::Date:
+        form.dateEdit(field.column)->setDate(QDate(2026, 1, 1).addDays(number));
+        break;
+    case Kind::Flag:
+        form.checkBox(field.column)->setChecked(true);
+        break;
+    case Kind::EditableChoice:
+        form.comboBox(field.column)->setEditText(QStringLiteral("بیمه %1").arg(number));
+        break;
+    case Kind::Lookup: {
+        QComboBox *combo = form.comboBox(field.column);
+        combo->setCurrentIndex(combo->count() - 1);
+        break;
+    }
+    default:
+        if (!field.readOnly)
+            form.edit(field.column)->setNumber(1000 + number);
+    }
+}
+
+int roleOf(const QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget))->role();
+}
+
+QVariant shownBy(const KForm &form, const KFormField &field)
+{
+    using Kind = KFormField::Kind;
+    switch (field.kind) {
+    case Kind::Text:
+        return form.edit(field.column)->plainText();
+    case Kind::Date:
+        return form.dateEdit(field.column)->dateTime();
+    case Kind::Flag:
+        return form.checkBox(field.column)->isChecked() ? 1 : 0;
+    case Kind::EditableChoice:
+        return form.comboBox(field.column)->currentText();
+    case Kind::Lookup:
+        return form.key(field.column);
+    default:
+        return form.edit(field.column)->number();
+    }
+}
+
+}
+
+// The editor of a car as a whole: modes, what confirming does, the archive.
+class TestCDlgAddAutomobilInformation : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<CarEditorOffice> m_office;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+    QString carColumn(const char *name, int key)
+    {
+        return value(QStringLiteral("SELECT %1 FROM AutomobilInformations WHERE iID=%2").arg(column(name)).arg(key));
+    }
+    // The whole row but its picture, to see that it was left alone.
+    QString row(int key)
+    {
+        Car car;
+        CarEditorOffice::load(car, key);
+        QStringList values;
+        for (const KMySQL::Column &one : car.columns()) {
+            if (one.kind != KMySQL::ColumnKind::LongBlob)
+                values << one.name + u'=' + car.value(one.name).toString();
+        }
+        return values.join(u'|');
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<CarEditorOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+    void init() { m_office->begin(); }
+
+    // --- Opening ---
+
+    void titleTellsTheMode_data()
+    {
+        QTest::addColumn<EditorMode>("mode");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("new") << EditorMode::New << QStringLiteral("گالري اتومبيل- جدید");
+        QTest::newRow("edit") << EditorMode::Edit << QStringLiteral("گالري اتومبيل- ویرایش");
+        QTest::newRow("show") << EditorMode::Show << QStringLiteral("گالري اتومبيل - نمایش");
+    }
+
+    void titleTellsTheMode()
+    {
+        QFETCH(EditorMode, mode);
+        QFETCH(QString, title);
+        auto dialog = m_office->opened(m_office->addOwnedCar(), mode);
+        QCOMPARE(dialog->windowTitle(), title);
+    }
+
+    void pagesStandInTheirOrder()
+    {
+        auto dialog = m_office->opened(m_office->addOwnedCar());
+        QStringList titles;
+        for (int i = 0; i < dialog->tabs()->count(); ++i)
+            titles << dialog->tabs()->button(i)->text();
+        QCOMPARE(titles, (QStringList{QStringLiteral("اطلاعات پایه"), QStringLiteral("مشخصات فروش"), QStringLiteral("پرونده های شخصی")}));
+        QCOMPARE(dialog->tabs()->currentIndex(), 0);
+    }
+
+    void buttonsAndBoxAreToTheLetter()
+    {
+        auto dialog = m_office->opened(m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 7; }));
+        QCOMPARE(dialog->activeBox()->text(), QStringLiteral("فعال"));
+        QCOMPARE(dialog->unarchiveButton()->text(), QStringLiteral("برگشت از بايگاني"));
+        QCOMPARE(dialog->demandsButton()->text(), QStringLiteral("تقاضا"));
+        QStringList captions;
+        for (const QAbstractButton *button : dialog->findChild<QDialogButtonBox *>()->buttons())
+            captions << button->text();
+        captions.sort();
+        QStringList expected{QStringLiteral("تاييد"), QStringLiteral("انصراف")};
+        expected.sort();
+        QCOMPARE(captions, expected);
+    }
+
+    void noTwoWidgetsOfOneRoleBearOneName()
+    {
+        auto dialog = m_office->opened(m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 7; }));
+        QStringList names;
+        for (const QWidget *widget : dialog->findChildren<QWidget *>()) {
+            if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy() && !widget->accessibleName().isEmpty()
+                && !qobject_cast<const QComboBox *>(widget->parentWidget()))
+                names << QString::number(roleOf(widget)) + u' ' + widget->accessibleName();
+        }
+        QVERIFY(names.size() > 80);
+        names.sort();
+        for (qsizetype i = 1; i < names.size(); ++i)
+            QVERIFY2(names.at(i) != names.at(i - 1), qPrintable(names.at(i)));
+    }
+
+    void carThatIsNotThereDoesNotOpen()
+    {
+        QVERIFY(!m_office->opened(4711));
+        QVERIFY(!Dialog::EditCar(4711, false, nullptr));
+        bool changed = true;
+        Dialog::ShowCar(4711, changed, nullptr);
+        QVERIFY(!changed);
+    }
+
+    void keyBelowOneShowsNothing()
+    {
+        bool changed = true;
+        Dialog::ShowCar(0, changed, nullptr);
+        QVERIFY(!changed);
+        changed = true;
+        Dialog::ShowCar(-1, changed, nullptr);
+        QVERIFY(!changed);
+    }
+
+    void newCarBeginsAtItsOwnerAndAnOldOneAtItsType()
+    {
+        auto created = m_office->opened(m_office->addCar(), EditorMode::New);
+        QCOMPARE(created->focusWidget(), created->basePage()->owner()->codeEdit());
+        auto old = m_office->opened(m_office->addOwnedCar());
+        QCOMPARE(old->focusWidget(), old->basePage()->form()->control(column("iAutomobilType")));
+    }
+
+    // --- Confirming ---
+
+    void everyFieldOfBothPagesIsStoredAndShownAgain()
+    {
+        for (const int type : {CTblItems::typeSystem, CTblItems::typeEngineVolume, CTblItems::typeBodyStatus, CTblItems::typeColor,
+                               CTblItems::typeSource, CTblItems::typeCountry, CTblItems::typeClearanceCustoms})
+            m_office->addItem(type, QStringLiteral("مقدار %1").arg(type));
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        // The catalog's columns follow each other, so they are entered in that order.
+        KForm *base = dialog->basePage()->form();
+        base->setKey(column("iAutomobilType"), m_office->peugeot);
+        base->setKey(column("iModel"), m_office->model206);
+        base->setKey(column("iBrigade"), m_office->type5);
+        int number = 0;
+        for (KForm *form : {base, dialog->salePage()->form()}) {
+            for (const KFormField &field : form->fields()) {
+                if (field.column != column("iAutomobilType") && field.column != column("iModel")
+                    && field.column != column("iBrigade"))
+                    enterInto(*form, field, ++number);
+            }
+        }
+        dialog->salePage()->buyer()->setPersonID(m_office->buyer);
+        dialog->accept();
+        QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+
+        Car car;
+        m_office->load(car, key);
+        auto again = m_office->opened(key);
+        for (const auto &[form, entered] : {std::pair(again->basePage()->form(), base),
+                                            std::pair(again->salePage()->form(), dialog->salePage()->form())}) {
+            for (const KFormField &field : form->fields()) {
+                QVERIFY2(!field.readOnly ? shownBy(*entered, field) != QVariant(0) : true, qPrintable(field.column));
+                QCOMPARE(shownBy(*form, field), shownBy(*entered, field));
+                QVERIFY2(car.value(field.column).toString() == shownBy(*entered, field).toString(), qPrintable(field.column));
+            }
+        }
+        QCOMPARE(car.m_iPersonID, m_office->owner);
+        QCOMPARE(car.m_iPersonBuyerID, m_office->buyer);
+        QCOMPARE(car.m_bSold, 1);
+        QCOMPARE(car.m_iAutomobilType, m_office->peugeot);
+        QCOMPARE(car.m_iModel, m_office->model206);
+        QCOMPARE(car.m_iBrigade, m_office->type5);
+    }
+
+    void savingWithoutAChangeChangesNothing()
+    {
+        const int key = m_office->addOwnedCar([this](Car &car) {
+            car.m_iUserID = 3;
+            car.m_iPersonBuyerID = m_office->buyer;
+            car.m_iAutomobilType = m_office->peugeot;
+            car.m_iModel = 901; // of a model, a class and items that are gone
+            car.m_iBrigade = 902;
+            car.m_iColor = 903;
+            car.m_iSystem = 904;
+            car.m_iCountry = 905;
+            car.m_iCustomsClearance = 906;
+            car.m_iFuel = 9; // codes that no list has
+            car.m_iUsageType = 8;
+            car.m_iTypeDocument = 7;
+            car.m_iMonth = 13;
+            car.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 30, 15), Qt::UTC);
+            car.m_sNumOfPlates = QStringLiteral("12 ب 345 ایران 67");
+            car.m_sVIN = QStringLiteral("wrong");
+            car.m_sCountry = QStringLiteral("ژاپن");
+            car.m_sNameInsurance = QStringLiteral("بیمه ایران");
+            car.m_dSoldAmount = 10;
+            car.m_dProfitAndLoss = 10;
+            car.m_iStatus = 1;
+        });
+        const QString before = row(key);
+        auto dialog = m_office->opened(key);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(row(key), before);
+    }
+
+    void confirmingWithoutAnOwnerWarnsAndOpensThePersonPicker()
+    {
+        const int key = m_office->addCar();
+        auto dialog = m_office->opened(key, EditorMode::New);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->tabs()->setCurrentIndex(1);
+        bool picked = false;
+        TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
+            picked = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        const QString before = row(key);
+        dialog->accept();
+        QVERIFY(picked);
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام مالک را وارد نمائید.")});
+        QCOMPARE(dialog->tabs()->currentIndex(), 0);
+        QCOMPARE(row(key), before);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sDesc"))->text(), QStringLiteral("چیزی"));
+    }
+
+    void ownerThatIsGoneCountsAsNone()
+    {
+        const int key = m_office->addCar([](Car &car) { car.m_iPersonID = 4711; });
+        auto dialog = m_office->opened(key);
+        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(carColumn("iPersonID", key), QStringLiteral("4711"));
+    }
+
+    void ownerEqualToBuyerWarnsAndWritesNothingAndCorrectingEitherLetsTheSavePass_data()
+    {
+        QTest::addColumn<bool>("correctsOwner");
+        QTest::newRow("the owner is corrected") << true;
+        QTest::newRow("the buyer is corrected") << false;
+    }
+
+    void ownerEqualToBuyerWarnsAndWritesNothingAndCorrectingEitherLetsTheSavePass()
+    {
+        QFETCH(bool, correctsOwner);
+        const int key = m_office->addOwnedCar();
+        const QString before = row(key);
+        auto dialog = m_office->opened(key);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->salePage()->buyer()->setPersonID(m_office->owner);
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شخص مالک و خریدار یکی است لطفا اصلاح کنید.")});
+        QCOMPARE(row(key), before);
+        (correctsOwner ? dialog->basePage()->owner() : dialog->salePage()->buyer())->setPersonID(m_office->buyer);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+        QCOMPARE(carColumn("iPersonID", key).toInt(), correctsOwner ? m_office->buyer : m_office->owner);
+        QCOMPARE(carColumn("iPersonBuyerID", key).toInt(), correctsOwner ? m_office->owner : m_office->buyer);
+    }
+
+    void carWithoutABuyerIsSaved()
+    {
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void buyerDeletedFromThePersonsIsKeptAndSavedAgain()
+    {
+        const int key = m_office->addOwnedCar([](Car &car) { car.m_iPersonBuyerID = 4711; });
+        auto dialog = m_office->opened(key);
+        QCOMPARE(dialog->salePage()->buyer()->name(), QString());
+        QCOMPARE(dialog->salePage()->buyer()->codeEdit()->text(), QString());
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(carColumn("iPersonBuyerID", key), QStringLiteral("4711"));
+        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+    }
+
+    void carThatVanishedStopsTheSaveWithoutAMessage()
+    {
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        // Even where it would be told that both parties are one person.
+        dialog->salePage()->buyer()->setPersonID(m_office->owner);
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("0"));
+    }
+
+    void carFirstSavedByAUserKeepsThatUserOnLaterSavesByOthers()
+    {
+        const int key = m_office->addOwnedCar();
+        QCOMPARE(carColumn("iUserID", key), QStringLiteral("0"));
+        m_office->opened(key)->accept();
+        QCOMPARE(carColumn("iUserID", key).toInt(), m_office->adminID());
+        const int clerk = m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilInformations"), KSecurity::allRights);
+        QVERIFY(clerk != m_office->adminID());
+        auto dialog = m_office->opened(key);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->accept();
+        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+        QCOMPARE(carColumn("iUserID", key).toInt(), m_office->adminID());
+    }
+
+    void uncheckingActiveMakesTheCarInactiveAndCheckingActiveAgain()
+    {
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        QVERIFY(dialog->activeBox()->isChecked());
+        dialog->activeBox()->setChecked(false);
+        dialog->accept();
+        QCOMPARE(carColumn("iStatus", key), QStringLiteral("1"));
+        auto again = m_office->opened(key);
+        QVERIFY(!again->activeBox()->isChecked());
+        again->activeBox()->setChecked(true);
+        again->accept();
+        QCOMPARE(carColumn("iStatus", key), QStringLiteral("0"));
+    }
+
+    void entryThatIsNoValueIsToldAndKept_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("date");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("base page") << 0 << column("dateInsurance") << QStringLiteral("تاريخ بيمه :");
+        QTest::newRow("sale page") << 1 << column("dateBuy") << QStringLiteral("تاريخ خريد :");
+    }
+
+    void entryThatIsNoValueIsToldAndKept()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, date);
+        QFETCH(QString, label);
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        dialog->tabs()->setCurrentIndex(2);
+        KForm *form = page == 0 ? dialog->basePage()->form() : dialog->salePage()->form();
+        form->dateEdit(date)->setText(QStringLiteral("1405/13/40"));
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        const QStringList told = g_pDlgWarning->takeShown();
+        QCOMPARE(told.size(), 1);
+        QVERIFY(told.constFirst().startsWith(label));
+        QCOMPARE(dialog->tabs()->currentIndex(), page);
+        QCOMPARE(dialog->focusWidget(), form->dateEdit(date));
+        QCOMPARE(form->dateEdit(date)->text(), QStringLiteral("1405/13/40"));
+    }
+
+    void ownerIsAskedForBeforeAnythingElseIsFoundWrong()
+    {
+        auto dialog = m_office->opened(m_office->addCar(), EditorMode::New);
+        dialog->basePage()->form()->dateEdit(column("dateInsurance"))->setText(QStringLiteral("1405/13/40"));
+        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        dialog->accept();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام مالک را وارد نمائید.")});
+    }
+
+    void failedSaveKeepsWhatWasTypedAndTheRow()
+    {
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilInformations TO CarsAway"));
+        dialog->accept();
+        m_office->database().run(QStringLiteral("RENAME TABLE CarsAway TO AutomobilInformations"));
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sDesc"))->text(), QStringLiteral("چیزی"));
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+    }
+
+    void cancellingWritesNothing()
+    {
+        const int key = m_office->addOwnedCar();
+        const QString before = row(key);
+        auto dialog = m_office->opened(key);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->activeBox()->setChecked(false);
+        QTest::keyClick(dialog.get(), Qt::Key_Escape);
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(row(key), before);
+    }
+
+    void closedDatabaseRefusesToEditAndToSave()
+    {
+        const int key = m_office->addOwnedCar();
+        auto dialog = m_office->opened(key);
+        GetDBSetting()->SetClosedDB(true);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->accept();
+        const bool stayed = dialog->isVisible();
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, (void)Dialog::EditCar(key, false, nullptr));
+        GetDBSetting()->SetClosedDB(false);
+        QVERIFY(stayed);
+        QCOMPARE(carColumn("sDesc", key), QString());
+    }
+
+    void editCarTellsWhetherTheUserConfirmed()
+    {
+        const int key = m_office->addOwnedCar();
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        QVERIFY(Dialog::EditCar(key, false, nullptr));
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) {
+            QCOMPARE(window->windowTitle(), QStringLiteral("گالري اتومبيل- جدید"));
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(!Dialog::EditCar(key, true, nullptr));
+    }
+
+    // --- Showing ---
+
+    void viewingNeverWritesWhateverIsTyped()
+    {
+        const int key = m_office->addOwnedCar([](Car &car) { car.m_sDesc = QStringLiteral("پیش"); });
+        const QString before = row(key);
+        auto dialog = m_office->opened(key, EditorMode::Show);
+        for (KForm *form : {dialog->basePage()->form(), dialog->salePage()->form()}) {
+            for (const KFormField &field : form->fields()) {
+                const auto *line = qobject_cast<QLineEdit *>(form->control(field.column));
+                QVERIFY2(line ? line->isReadOnly() : !form->control(field.column)->isEnabled(), qPrintable(field.column));
+                if (QPushButton *button = form->button(field.column))
+                    QVERIFY2(!button->isVisibleTo(dialog.get()), qPrintable(field.column));
+            }
+        }
+        QTest::keyClicks(dialog->basePage()->form()->edit(column("sDesc")), QStringLiteral("more"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("دیگر"));
+        QVERIFY(!dialog->activeBox()->isEnabled());
+        ObservedStatements written({QStringLiteral("UPDATE"), QStringLiteral("INSERT"), QStringLiteral("DELETE")});
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(dialog->result(), int(QDialog::Rejected));
+        QVERIFY2(written.taken().isEmpty(), qPrintable(written.taken().join(u'\n')));
+        QCOMPARE(row(key), before);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void showCarComesBackUnchanged()
+    {
+        const int key = m_office->addOwnedCar();
+        bool changed = true;
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        Dialog::ShowCar(key, changed, nullptr);
+        QVERIFY(!changed);
+    }
+
+    // --- Archive ---
+
+    void backFromTheArchiveIsOfferedForAnArchivedCarOnly()
+    {
+        auto plain = m_office->opened(m_office->addOwnedCar());
+        QVERIFY(!plain->unarchiveButton()->isVisible());
+        const int key = m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 5; });
+        auto archived = m_office->opened(key);
+        QVERIFY(archived->unarchiveButton()->isVisible());
+        GetDBSetting()->SetClosedDB(true);
+        auto closed = m_office->opened(key, EditorMode::Show);
+        const bool offered = closed->unarchiveButton()->isVisible();
+        GetDBSetting()->SetClosedDB(false);
+        QVERIFY(!offered);
+    }
+
+    void backFromTheArchiveWritesByCodeTellsAndCloses()
+    {
+        const QDateTime day(QDate(2026, 4, 4), QTime(8, 0), Qt::UTC);
+        const int key = m_office->addOwnedCar([&](Car &car) {
+            car.m_iArchiveUserID = 5;
+            car.m_dateArchive = day;
+        });
+        bool changed = false;
+        QStringList statements;
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [&](QWidget *window) {
+            const ObservedStatements written({QStringLiteral("UPDATE")});
+            auto *dialog = static_cast<Dialog *>(window);
+            dialog->unarchiveButton()->click();
+            statements = written.taken();
+            QVERIFY(!dialog->isVisible());
+            QCOMPARE(dialog->result(), int(QDialog::Rejected));
+        });
+        Dialog::ShowCar(key, changed, nullptr);
+        QVERIFY(changed);
+        QCOMPARE(statements, (QStringList{QStringLiteral("UPDATE AutomobilInformations SET iArchiveUserID=0 WHERE iCode=%1 LIMIT 1").arg(carColumn("iCode", key))}));
+        QCOMPARE(carColumn("iArchiveUserID", key), QStringLiteral("0"));
+        QVERIFY(!carColumn("dateArchive", key).isEmpty());
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("این نامه از حالت بایگانی خارج شد.")});
+    }
+
+    void backFromTheArchiveWhileEditingTellsTheListToo()
+    {
+        const int key = m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 5; });
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) {
+            auto *dialog = static_cast<Dialog *>(window);
+            dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+            dialog->unarchive();
+        });
+        bool changed = false;
+        QVERIFY(!Dialog::EditCar(key, false, nullptr, &changed));
+        QVERIFY(changed);
+        QCOMPARE(carColumn("sDesc", key), QString());
+    }
+
+    void backFromTheArchiveWithoutItsRightDoesNothing()
+    {
+        const int key = m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 5; });
+        m_office->logInAs(QStringLiteral("stranger"), archiveForm, 0);
+        auto dialog = m_office->opened(key);
+        dialog->unarchiveButton()->click();
+        QVERIFY(dialog->isVisible());
+        QVERIFY(!dialog->refreshNeeded());
+        QCOMPARE(carColumn("iArchiveUserID", key), QStringLiteral("5"));
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(archiveForm, KSecurity::Write)});
+        m_office->logInAs(QStringLiteral("archivist"), archiveForm, KSecurity::Access);
+        auto allowed = m_office->opened(key);
+        allowed->unarchiveButton()->click();
+        QCOMPARE(carColumn("iArchiveUserID", key), QStringLiteral("0"));
+    }
+
+    // --- The window's other commands ---
+
+    void demandButtonListsTheDemandsThatTheCarFits_data()
+    {
+        QTest::addColumn<EditorMode>("mode");
+        QTest::newRow("edit") << EditorMode::Edit;
+        QTest::newRow("show") << EditorMode::Show;
+    }
+
+    void demandButtonListsTheDemandsThatTheCarFits()
+    {
+        QFETCH(EditorMode, mode);
+        auto dialog = m_office->opened(m_office->addOwnedCar(), mode);
+        QString title;
+        TestOffice::whenModal("CDlgMatches", [&](QWidget *window) {
+            title = window->windowTitle();
+            static_cast<QDialog *>(window)->reject();
+        });
+        dialog->demandsButton()->click();
+        QCOMPARE(title, QStringLiteral("متقاضیان"));
+        QVERIFY(dialog->isVisible());
+    }
+
+    void personalFilesAreThoseOfTheCar()
+    {
+        const int key = m_office->addOwnedCar();
+        QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("سند.txt")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("a");
+        file.close();
+        auto dialog = m_office->opened(key);
+        dialog->tabs()->setCurrentIndex(2);
+        auto *files = qobject_cast<CDlgFileDocs *>(dialog->tabs()->currentPage());
+        QVERIFY(files);
+        QVERIFY(files->addFile(file.fileName()));
+        QCOMPARE(value(QStringLiteral("SELECT CONCAT(iTable,'|',iRecordID,'|',iScope,'|',iUserID) FROM FileDocs")),
+                 QStringLiteral("68|%1|1|%2").arg(key).arg(m_office->adminID()));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgAddAutomobilInformation>(argc, argv);
+}
+
+#include "TestCDlgAddAutomobilInformation.moc"

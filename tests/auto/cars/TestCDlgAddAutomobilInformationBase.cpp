@@ -1,0 +1,691 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/catalog/CDlgCarsAll.h"
+#include "auto/catalog/CDlgInputParameters.h"
+#include "auto/catalog/CatalogEntries.h"
+#include "auto/catalog/CatalogPanel.h"
+#include "suite/accounting/CDlgMultiItems.h"
+#include "suite/image/KStaticImage.h"
+#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/auto/cars/CarEditorOffice.h"
+
+#include <QBuffer>
+#include <QTemporaryDir>
+
+namespace {
+
+using Car = CTblAutomobilInformations;
+using Dialog = CDlgAddAutomobilInformation;
+using Parameters = InputParameters::Option;
+
+const QString brand = QStringLiteral("iAutomobilType");
+const QString model = QStringLiteral("iModel");
+const QString carClass = QStringLiteral("iBrigade");
+const QString color = QStringLiteral("iColor");
+const QString country = QStringLiteral("iCountry");
+const QString dash = QStringLiteral("-");
+
+QByteArray picture()
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPEG");
+    return buffer.data();
+}
+
+}
+
+class TestCDlgAddAutomobilInformationBase : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<CarEditorOffice> m_office;
+    std::unique_ptr<Dialog> m_dialog;
+
+    Dialog &open(const std::function<void(Car &)> &set = {}, EditorMode mode = EditorMode::Edit)
+    {
+        m_dialog = m_office->opened(m_office->addOwnedCar(set), mode);
+        return *m_dialog;
+    }
+
+    KForm &form() { return *m_dialog->basePage()->form(); }
+    QStringList offered(const QString &column) { return m_office->entries(form().comboBox(column)); }
+
+    Car &saved(Car &car)
+    {
+        m_dialog->accept();
+        if (m_dialog->isVisible())
+            qFatal("not saved: %s", qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+        return m_office->load(car, m_dialog->key());
+    }
+
+    // Opens the input parameters by a field's button, works in them, and presses one of the window's buttons.
+    void inParameters(const QString &column, const QString &button, const std::function<void(CDlgInputParameters &)> &work)
+    {
+        TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
+            auto *page = qobject_cast<CDlgInputParameters *>(static_cast<KDialogHolder *>(window)->page());
+            QVERIFY(page);
+            work(*page);
+            for (QPushButton *candidate : window->findChildren<QPushButton *>()) {
+                if (candidate->text() == button)
+                    candidate->click();
+            }
+        });
+        form().button(column)->click();
+    }
+
+    void inCatalog(const QString &column, const std::function<void(CDlgCarsAll &)> &work)
+    {
+        TestOffice::whenModal("CDlgCarsAll", [&](QWidget *window) { work(static_cast<CDlgCarsAll &>(*window)); });
+        form().button(column)->click();
+    }
+
+    void inMultiItems(const QString &column, const std::function<void(CDlgMultiItems &)> &work)
+    {
+        TestOffice::whenModal("CDlgMultiItems", [&](QWidget *window) { work(static_cast<CDlgMultiItems &>(*window)); });
+        form().button(column)->click();
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<CarEditorOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+    void init() { m_office->begin(); }
+    void cleanup() { m_dialog.reset(); }
+
+    // --- Texts ---
+
+    void everyLabelIsToTheLetter()
+    {
+        open();
+        compareLabels(QStringLiteral("base"), form(), *m_dialog->basePage());
+    }
+
+    void fixedListsAreToTheLetterAndStoreTheirCodes_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<int>("position");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("code");
+        const auto rows = [](const QString &column, const QList<std::pair<QString, int>> &entries) {
+            for (qsizetype i = 0; i < entries.size(); ++i)
+                QTest::addRow("%s %d", qPrintable(column), int(i)) << column << int(i) << entries.at(i).first << entries.at(i).second;
+        };
+        rows(QStringLiteral("iFuel"), {{QStringLiteral("بنزین"), 1}, {QStringLiteral("دوگانه سوز"), 2}, {QStringLiteral("گاز"), 4}, {QStringLiteral("گازوئیل"), 3}, {QStringLiteral("سایر"), 5}});
+        rows(QStringLiteral("iUsageType"), {{QStringLiteral("سواری"), 1}, {QStringLiteral("سنگین"), 2}});
+        rows(QStringLiteral("iTypeDocument"), {{QStringLiteral("قولنامه ای"), 0}, {QStringLiteral("اجاره ای "), 1}});
+        QList<std::pair<QString, int>> months{{QStringLiteral("تمام ماه ها"), 0}};
+        for (int month = 1; month <= 12; ++month)
+            months.append({shamsiMonthName(month), month});
+        rows(QStringLiteral("iMonth"), months);
+    }
+
+    void fixedListsAreToTheLetterAndStoreTheirCodes()
+    {
+        QFETCH(QString, column);
+        QFETCH(int, position);
+        QFETCH(QString, text);
+        QFETCH(int, code);
+        open();
+        QCOMPARE(form().comboBox(column)->itemText(position), text);
+        form().comboBox(column)->setCurrentIndex(position);
+        Car car;
+        QCOMPARE(saved(car).value(column).toInt(), code);
+        m_dialog = m_office->opened(m_dialog->key());
+        QCOMPARE(form().comboBox(column)->currentText(), text);
+    }
+
+    void fixedListsHaveNoFurtherEntries()
+    {
+        open();
+        QCOMPARE(form().comboBox(QStringLiteral("iFuel"))->count(), 5);
+        QCOMPARE(form().comboBox(QStringLiteral("iUsageType"))->count(), 2);
+        QCOMPARE(form().comboBox(QStringLiteral("iTypeDocument"))->count(), 2);
+        QCOMPARE(form().comboBox(QStringLiteral("iMonth"))->count(), 13);
+    }
+
+    void codeIsShownAndKept()
+    {
+        open([](Car &car) { car.m_iCode = 77; });
+        KEdit *code = form().edit(QStringLiteral("iCode"));
+        QVERIFY(code->isReadOnly());
+        QCOMPARE(code->integer(), 77);
+        Car car;
+        QCOMPARE(saved(car).m_iCode, 77);
+    }
+
+    // --- Owner ---
+
+    void ownerIsShownFromThePersons()
+    {
+        open();
+        const PersonGroup &owner = *m_dialog->basePage()->owner();
+        const auto text = [&owner](const QString &label) {
+            return CarEditorOffice::named<KEdit>(owner, label + QStringLiteral(" مالک"))->plainText();
+        };
+        QCOMPARE(text(QStringLiteral("کد شخص :")), QStringLiteral("1"));
+        QCOMPARE(text(QStringLiteral("نام و نام خانوادگي :")), QStringLiteral("سارا کریمی"));
+        QCOMPARE(text(QStringLiteral("تلفن :")), QStringLiteral("02188776655"));
+        QCOMPARE(text(QStringLiteral("موبايل :")), QStringLiteral("09121234567"));
+        QCOMPARE(text(QStringLiteral("کد ملي :")), QStringLiteral("0012345679"));
+        QCOMPARE(owner.nationalCodeEdit()->layoutDirection(), Qt::LeftToRight);
+    }
+
+    void wrongNationalCodeGivesAHintAndNoRefusal()
+    {
+        const int wrong = m_office->addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"),
+                                              [](CTblPersons &person) { person.m_sNationalCode = QStringLiteral("0012345678"); });
+        open();
+        PersonGroup *owner = m_dialog->basePage()->owner();
+        QCOMPARE(owner->nationalCodeEdit()->accessibleDescription(), QString());
+        owner->setPersonID(wrong);
+        QCOMPARE(owner->nationalCodeEdit()->accessibleDescription(), QStringLiteral("رقم کنترل درست نیست."));
+        Car car;
+        QCOMPARE(saved(car).m_iPersonID, wrong);
+    }
+
+    void secondButtonEmptiesTheOwnerAndDisablesItself()
+    {
+        open();
+        PersonGroup *owner = m_dialog->basePage()->owner();
+        QList<QPushButton *> buttons = owner->findChildren<QPushButton *>();
+        QCOMPARE(buttons.size(), 2);
+        for (const QPushButton *button : std::as_const(buttons))
+            QCOMPARE(button->text(), QStringLiteral("..."));
+        QPushButton *clear = CarEditorOffice::named<QPushButton>(*owner, QStringLiteral("کد شخص : حذف مالک"));
+        QVERIFY(clear->isEnabled());
+        clear->click();
+        QVERIFY(!clear->isEnabled());
+        QCOMPARE(owner->personID(), 0);
+        QCOMPARE(owner->name(), QString());
+    }
+
+    // --- Catalog ---
+
+    void storedCarIsShownInTheCatalogsLists()
+    {
+        open([this](Car &car) {
+            car.m_iAutomobilType = m_office->peugeot;
+            car.m_iModel = m_office->model206;
+            car.m_iBrigade = m_office->type5;
+        });
+        QCOMPARE(form().comboBox(brand)->currentText(), QStringLiteral("پژو"));
+        QCOMPARE(form().comboBox(model)->currentText(), QStringLiteral("206"));
+        QCOMPARE(form().comboBox(carClass)->currentText(), QStringLiteral("تیپ 5"));
+        QCOMPARE(offered(brand), (QStringList{dash, QStringLiteral("پژو"), QStringLiteral("سایپا")}));
+        QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("206"), QStringLiteral("پارس")}));
+        QCOMPARE(offered(carClass), (QStringList{dash, QStringLiteral("تیپ 2"), QStringLiteral("تیپ 5")}));
+    }
+
+    void choosingABrandNarrowsTheModelsAndAModelTheClasses()
+    {
+        open();
+        QCOMPARE(offered(model), QStringList{dash});
+        QCOMPARE(offered(carClass), QStringList{dash});
+        form().setKey(brand, m_office->peugeot);
+        QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("206"), QStringLiteral("پارس")}));
+        QCOMPARE(offered(carClass), QStringList{dash});
+        form().setKey(model, m_office->model206);
+        QCOMPARE(offered(carClass), (QStringList{dash, QStringLiteral("تیپ 2"), QStringLiteral("تیپ 5")}));
+        form().setKey(carClass, m_office->type2);
+        form().setKey(model, m_office->modelPars);
+        QCOMPARE(offered(carClass), QStringList{dash});
+        QCOMPARE(form().key(carClass), 0);
+        form().setKey(brand, m_office->saipa);
+        QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("پراید")}));
+        QCOMPARE(form().key(model), 0);
+        Car car;
+        saved(car);
+        QCOMPARE(car.m_iAutomobilType, m_office->saipa);
+        QCOMPARE(car.m_iModel, 0);
+        QCOMPARE(car.m_iBrigade, 0);
+    }
+
+    void choiceCanBeTakenBack()
+    {
+        open([this](Car &car) {
+            car.m_iAutomobilType = m_office->peugeot;
+            car.m_iModel = m_office->model206;
+        });
+        form().comboBox(brand)->setCurrentIndex(0);
+        Car car;
+        saved(car);
+        QCOMPARE(car.m_iAutomobilType, 0);
+        QCOMPARE(car.m_iModel, 0);
+    }
+
+    void keyWhoseRowIsGoneStaysUntilSomethingElseIsChosen_data()
+    {
+        QTest::addColumn<QString>("column");
+        for (const QString &column : {brand, model, carClass, color, country, QStringLiteral("iSystem"), QStringLiteral("iSource"),
+                                      QStringLiteral("iBodyStatus"), QStringLiteral("iVolumCylinders")})
+            QTest::newRow(qPrintable(column)) << column;
+    }
+
+    void keyWhoseRowIsGoneStaysUntilSomethingElseIsChosen()
+    {
+        QFETCH(QString, column);
+        open([&](Car &car) {
+            car.m_iAutomobilType = m_office->peugeot;
+            car.m_iModel = m_office->model206;
+            car.setValue(column, 4711);
+        });
+        Car car;
+        QCOMPARE(saved(car).value(column).toInt(), 4711);
+        m_dialog = m_office->opened(m_dialog->key());
+        QCOMPARE(form().comboBox(column)->currentText(), QStringLiteral("حذف شده"));
+        form().comboBox(column)->setCurrentIndex(0);
+        QCOMPARE(saved(car).value(column).toInt(), 0);
+    }
+
+    void everyCatalogButtonOpensTheCatalogAtWhatIsChosenAndTakesTheChoice_data()
+    {
+        QTest::addColumn<QString>("column");
+        for (const QString &column : {brand, model, carClass})
+            QTest::newRow(qPrintable(column)) << column;
+    }
+
+    void everyCatalogButtonOpensTheCatalogAtWhatIsChosenAndTakesTheChoice()
+    {
+        QFETCH(QString, column);
+        open([this](Car &car) {
+            car.m_iAutomobilType = m_office->peugeot;
+            car.m_iModel = m_office->model206;
+            car.m_iBrigade = m_office->type2;
+        });
+        QList<int> preselected;
+        inCatalog(column, [&](CDlgCarsAll &catalog) {
+            for (const CatalogLevel level : {CatalogLevel::Brand, CatalogLevel::Model, CatalogLevel::Class})
+                preselected << catalog.panel(level)->list()->currentKey();
+            catalog.panel(CatalogLevel::Brand)->list()->selectKey(m_office->saipa);
+            catalog.panel(CatalogLevel::Model)->list()->selectKey(m_office->pride);
+            catalog.accept();
+        });
+        QCOMPARE(preselected, (QList<int>{m_office->peugeot, m_office->model206, m_office->type2}));
+        QCOMPARE(form().comboBox(brand)->currentText(), QStringLiteral("سایپا"));
+        QCOMPARE(form().comboBox(model)->currentText(), QStringLiteral("پراید"));
+        QCOMPARE(form().key(carClass), 0);
+    }
+
+    void cancelledCatalogKeepsTheChoiceUnderItsNewName()
+    {
+        open([this](Car &car) {
+            car.m_iAutomobilType = m_office->peugeot;
+            car.m_iModel = m_office->model206;
+            car.m_iBrigade = m_office->type2;
+        });
+        inCatalog(model, [this](CDlgCarsAll &catalog) {
+            QVERIFY(CatalogEntries::rename(CatalogLevel::Model, m_office->model206, QStringLiteral("206 جدید")));
+            catalog.reject();
+        });
+        QCOMPARE(form().key(brand), m_office->peugeot);
+        QCOMPARE(form().comboBox(model)->currentText(), QStringLiteral("206 جدید"));
+        QCOMPARE(form().comboBox(carClass)->currentText(), QStringLiteral("تیپ 2"));
+    }
+
+    // --- Input parameters ---
+
+    void everyListButtonOpensItsKindOfParameters_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<int>("option");
+        QTest::newRow("system") << QStringLiteral("iSystem") << int(Parameters::System);
+        QTest::newRow("volume") << QStringLiteral("iVolumCylinders") << int(Parameters::EngineVolume);
+        QTest::newRow("body") << QStringLiteral("iBodyStatus") << int(Parameters::BodyStatus);
+        QTest::newRow("colour") << color << int(Parameters::Color);
+        QTest::newRow("source") << QStringLiteral("iSource") << int(Parameters::Source);
+    }
+
+    void everyListButtonOpensItsKindOfParameters()
+    {
+        QFETCH(QString, column);
+        QFETCH(int, option);
+        const int one = m_office->addItem(InputParameters::itemType(option), QStringLiteral("یک"));
+        const int two = m_office->addItem(InputParameters::itemType(option), QStringLiteral("دو"));
+        m_office->addItem(999, QStringLiteral("بیگانه"));
+        open([&](Car &car) { car.setValue(column, one); });
+        QCOMPARE(form().comboBox(column)->currentText(), QStringLiteral("یک"));
+        QCOMPARE(offered(column), (QStringList{dash, QStringLiteral("دو"), QStringLiteral("یک")}));
+        int shown = -1;
+        int preselected = 0;
+        inParameters(column, QStringLiteral("انتخاب"), [&](CDlgInputParameters &page) {
+            shown = page.option();
+            preselected = page.list()->currentKey();
+            page.list()->selectKey(two);
+        });
+        QCOMPARE(shown, option);
+        QCOMPARE(preselected, one);
+        QCOMPARE(form().key(column), two);
+        Car car;
+        QCOMPARE(saved(car).value(column).toInt(), two);
+    }
+
+    void valueAddedInTheParametersIsOfferedThoughNoneWasChosen()
+    {
+        open();
+        inParameters(color, QStringLiteral("انصراف"),
+                     [this](CDlgInputParameters &) { m_office->addItem(CTblItems::typeColor, QStringLiteral("نقره ای")); });
+        QCOMPARE(offered(color), (QStringList{dash, QStringLiteral("نقره ای")}));
+        QCOMPARE(form().key(color), 0);
+    }
+
+    void numberButtonTakesTheNumberOfTheValue_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<int>("option");
+        QTest::newRow("wheels") << QStringLiteral("iNumOfWheels") << int(Parameters::WheelCount);
+        QTest::newRow("cylinders") << QStringLiteral("iNumOfCylinders") << int(Parameters::CylinderCount);
+        QTest::newRow("capacity") << QStringLiteral("iCapacity") << int(Parameters::Capacity);
+    }
+
+    void numberButtonTakesTheNumberOfTheValue()
+    {
+        QFETCH(QString, column);
+        QFETCH(int, option);
+        const int six = m_office->addItem(InputParameters::itemType(option), QStringLiteral("6 عدد"));
+        const int many = m_office->addItem(InputParameters::itemType(option), QStringLiteral("چند"));
+        open();
+        int shown = -1;
+        inParameters(column, QStringLiteral("انتخاب"), [&](CDlgInputParameters &page) {
+            shown = page.option();
+            page.list()->selectKey(six);
+        });
+        QCOMPARE(shown, option);
+        QCOMPARE(form().edit(column)->integer(), 6);
+        // A value without a number is told and changes nothing.
+        inParameters(column, QStringLiteral("انتخاب"), [&](CDlgInputParameters &page) { page.list()->selectKey(many); });
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        Car car;
+        QCOMPARE(saved(car).value(column).toInt(), 6);
+    }
+
+    void countryIsOneOfAListThatGrowsOnTheSpot()
+    {
+        const int iran = m_office->addItem(CTblItems::typeCountry, QStringLiteral("ایران"));
+        open([&](Car &car) { car.m_iCountry = iran; });
+        inMultiItems(country, [](CDlgMultiItems &picker) {
+            QCOMPARE(picker.windowTitle(), QStringLiteral("کشور"));
+            QCOMPARE(picker.selectedNames(), QStringList{QStringLiteral("ایران")});
+            CarEditorOffice::named<KEdit>(picker, QStringLiteral("نام :"))->setText(QStringLiteral("ژاپن"));
+            picker.addValue();
+            picker.setSelectedNames({QStringLiteral("ژاپن")});
+            picker.accept();
+        });
+        QCOMPARE(form().comboBox(country)->currentText(), QStringLiteral("ژاپن"));
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        inMultiItems(country, [](CDlgMultiItems &picker) {
+            picker.setSelectedNames({QStringLiteral("ایران"), QStringLiteral("ژاپن")});
+            picker.accept();
+        });
+        // Of several the new one counts, and the user is told so.
+        QCOMPARE(form().comboBox(country)->currentText(), QStringLiteral("ایران"));
+        QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
+        inMultiItems(country, [](CDlgMultiItems &picker) {
+            picker.setSelectedNames({});
+            picker.reject();
+        });
+        Car car;
+        QCOMPARE(saved(car).m_iCountry, iran);
+    }
+
+    // --- Several values ---
+
+    void severalValuesAreTickedAndStoredAsText_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("accessories") << QStringLiteral("sAccessories") << CTblItems::typeAccessory << QStringLiteral("لوازم جانبی");
+        QTest::newRow("features") << QStringLiteral("sFacilities") << CTblItems::typeFeature << QStringLiteral("امکانات");
+        QTest::newRow("documents") << QStringLiteral("sDocumentsDelivered") << CTblItems::typeDeliveredDocument
+                                   << QStringLiteral("مدرک تحویلی");
+    }
+
+    void severalValuesAreTickedAndStoredAsText()
+    {
+        QFETCH(QString, column);
+        QFETCH(int, type);
+        QFETCH(QString, title);
+        for (const char *name : {"a", "b", "c"})
+            m_office->addItem(type, QString::fromLatin1(name));
+        open([&](Car &car) { car.setValue(column, QStringLiteral("b، old")); });
+        QStringList ticked;
+        QString shownTitle;
+        inMultiItems(column, [&](CDlgMultiItems &picker) {
+            shownTitle = picker.windowTitle();
+            ticked = picker.selectedNames();
+            picker.setSelectedNames({QStringLiteral("a"), QStringLiteral("c")});
+            picker.accept();
+        });
+        QCOMPARE(shownTitle, title);
+        QCOMPARE(ticked, QStringList{QStringLiteral("b")});
+        inMultiItems(column, [](CDlgMultiItems &picker) { picker.reject(); });
+        Car car;
+        QCOMPARE(saved(car).value(column).toString(), QStringLiteral("old، a، c"));
+    }
+
+    void moreValuesThanTheColumnHoldsAreRefusedAndNothingIsLost()
+    {
+        for (int i = 0; i < 6; ++i)
+            m_office->addItem(CTblItems::typeFeature, QString(49, QChar(u'a' + i)));
+        open([](Car &car) { car.m_sFacilities = QStringLiteral("old"); });
+        inMultiItems(QStringLiteral("sFacilities"), [](CDlgMultiItems &picker) {
+            QStringList all;
+            for (int i = 0; i < 6; ++i)
+                all << QString(49, QChar(u'a' + i));
+            picker.setSelectedNames(all);
+            picker.accept();
+        });
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(form().edit(QStringLiteral("sFacilities"))->text(), QStringLiteral("old"));
+        QCOMPARE(m_dialog->focusWidget(), form().edit(QStringLiteral("sFacilities")));
+    }
+
+    void deficitButtonListsTheValuesThatAreNotChosen_data()
+    {
+        QTest::addColumn<QString>("deficit");
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<int>("type");
+        QTest::newRow("documents") << QStringLiteral("sDocumentsDeficit") << QStringLiteral("sDocumentsDelivered")
+                                   << CTblItems::typeDeliveredDocument;
+        QTest::newRow("parts") << QStringLiteral("sFractionalParts") << QStringLiteral("sAccessories") << CTblItems::typeAccessory;
+    }
+
+    void deficitButtonListsTheValuesThatAreNotChosen()
+    {
+        QFETCH(QString, deficit);
+        QFETCH(QString, chosen);
+        QFETCH(int, type);
+        for (const char *name : {"a", "b", "c"})
+            m_office->addItem(type, QString::fromLatin1(name));
+        m_office->addItem(CTblItems::typeColor, QStringLiteral("d"));
+        open([&](Car &car) { car.setValue(chosen, QStringLiteral("b")); });
+        form().button(deficit)->click();
+        QCOMPARE(form().edit(deficit)->text(), QStringLiteral("a، c"));
+        // What was there before comes back.
+        form().edit(deficit)->undo();
+        QCOMPARE(form().edit(deficit)->text(), QString());
+        form().edit(chosen)->setText(QStringLiteral("a، b، c"));
+        form().edit(deficit)->setText(QStringLiteral("a"));
+        form().button(deficit)->click();
+        Car car;
+        saved(car);
+        QCOMPARE(car.value(deficit).toString(), QString());
+        QCOMPARE(car.value(chosen).toString(), QStringLiteral("a، b، c"));
+    }
+
+    void deficitWithoutAnyValuesIsToldAndKept()
+    {
+        open([](Car &car) { car.m_sDocumentsDeficit = QStringLiteral("سند"); });
+        form().button(QStringLiteral("sDocumentsDeficit"))->click();
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(form().edit(QStringLiteral("sDocumentsDeficit"))->text(), QStringLiteral("سند"));
+    }
+
+    // --- Numbers ---
+
+    void yearIsSteppedByArrows()
+    {
+        open();
+        KEdit *year = form().edit(QStringLiteral("iYear"));
+        QTest::keyClick(year, Qt::Key_Up);
+        QCOMPARE(year->integer(), GetShamsiYearOfToday());
+        QTest::keyClick(year, Qt::Key_Down);
+        Car car;
+        QCOMPARE(saved(car).m_iYear, GetShamsiYearOfToday() - 1);
+    }
+
+    void numbersOfTheVehicleReadFromTheLeft_data()
+    {
+        QTest::addColumn<QString>("column");
+        for (const char *name : {"sNumOfPlates", "sVIN", "sChassisNum", "sNumOfEngines", "sNumOfBodies"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void numbersOfTheVehicleReadFromTheLeft()
+    {
+        QFETCH(QString, column);
+        const QString plate = QStringLiteral("12 ب 345 ایران 67");
+        open([&](Car &car) { car.setValue(column, plate); });
+        KEdit *edit = form().edit(column);
+        QCOMPARE(edit->layoutDirection(), Qt::LeftToRight);
+        QVERIFY(!edit->text().isRightToLeft());
+        QCOMPARE(edit->plainText(), plate);
+        Car car;
+        QCOMPARE(saved(car).value(column).toString(), plate);
+    }
+
+    void wrongVinGivesAHintBesideTheFieldAndNoRefusal()
+    {
+        open();
+        KEdit *vin = form().edit(QStringLiteral("sVIN"));
+        QCOMPARE(m_dialog->basePage()->vinHint(), QString());
+        vin->setText(QStringLiteral("1HGCM82643A004352"));
+        QCOMPARE(m_dialog->basePage()->vinHint(), QStringLiteral("رقم کنترل درست نیست."));
+        QCOMPARE(vin->accessibleDescription(), m_dialog->basePage()->vinHint());
+        vin->setText(QStringLiteral("1HGCM82633A004352"));
+        QCOMPARE(m_dialog->basePage()->vinHint(), QString());
+        vin->setText(QStringLiteral("1HGCM"));
+        QCOMPARE(m_dialog->basePage()->vinHint(), QStringLiteral("VIN هفده نویسه دارد."));
+        vin->setText(QStringLiteral("1HGCO"));
+        QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
+        Car car;
+        QCOMPARE(saved(car).m_sVIN, QStringLiteral("1HGCO"));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        // The hint stands there when the car is opened again.
+        m_dialog = m_office->opened(m_dialog->key());
+        QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
+    }
+
+    // --- Insurance ---
+
+    void nameOfTheInsuranceIsTextAndOfferedToTheNextCar()
+    {
+        open();
+        QComboBox *name = form().comboBox(QStringLiteral("sNameInsurance"));
+        name->setEditText(QStringLiteral("بیمه ایران"));
+        Car car;
+        QCOMPARE(saved(car).m_sNameInsurance, QStringLiteral("بیمه ایران"));
+        open();
+        QCOMPARE(offered(QStringLiteral("sNameInsurance")), QStringList{QStringLiteral("بیمه ایران")});
+        QCOMPARE(form().comboBox(QStringLiteral("sNameInsurance"))->currentText(), QString());
+    }
+
+    // --- Picture ---
+
+    void pictureIsShownExchangedAndTakenAway()
+    {
+        QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("car.jpg")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(picture());
+        file.close();
+        open();
+        QVERIFY(m_dialog->basePage()->picture()->isEmpty());
+        QVERIFY(m_dialog->basePage()->picture()->takeFile(file.fileName()));
+        Car car;
+        const QByteArray stored = saved(car).m_oPicture.data;
+        QVERIFY(!stored.isEmpty());
+        m_dialog = m_office->opened(m_dialog->key());
+        KStaticImage *box = m_dialog->basePage()->picture();
+        QCOMPARE(box->image().size(), QSize(40, 30));
+        QCOMPARE(box->bytes(), stored);
+        QVERIFY(box->clear());
+        QVERIFY(saved(car).m_oPicture.isEmpty());
+    }
+
+    void pictureThatCannotBeDecodedIsKept()
+    {
+        const QByteArray broken("no picture at all");
+        open([&](Car &car) { car.m_oPicture.data = broken; });
+        QVERIFY(m_dialog->basePage()->picture()->isBroken());
+        form().edit(QStringLiteral("sDesc"))->setText(QStringLiteral("چیزی"));
+        Car car;
+        QCOMPARE(saved(car).m_oPicture.data, broken);
+        QCOMPARE(car.m_sDesc, QStringLiteral("چیزی"));
+    }
+
+    void pictureIsOnlyLookedAtWhileTheCarIsShown()
+    {
+        open([](Car &car) { car.m_oPicture.data = picture(); }, EditorMode::Show);
+        QVERIFY(m_dialog->basePage()->picture()->isReadOnly());
+        QVERIFY(!m_dialog->basePage()->picture()->image().isNull());
+    }
+
+    // --- Archive ---
+
+    void archivedCarTellsByWhomAndWhen()
+    {
+        open([this](Car &car) {
+            car.m_iArchiveUserID = m_office->adminID();
+            car.m_dateArchive = QDateTime(QDate(2026, 5, 1), QTime(9, 0), Qt::UTC);
+        });
+        QStringList texts;
+        for (const QLabel *label : m_dialog->basePage()->findChildren<QLabel *>()) {
+            if (label->isVisibleTo(m_dialog.get()))
+                texts << label->text();
+        }
+        for (const QString &text : {QStringLiteral("کاربر بايگاني کننده :"), QStringLiteral("مدیر"),
+                                    QStringLiteral("تاريخ بايگاني :"), shamsiText(QDate(2026, 5, 1))})
+            QVERIFY2(texts.contains(text), qPrintable(text));
+    }
+
+    // --- Keys ---
+
+    void enterGoesThroughTheFieldsInTheirOrder()
+    {
+        open();
+        QStringList met;
+        QWidget *first = form().control(QStringLiteral("dateCreate"));
+        first->setFocus();
+        for (int i = 0; i < 80; ++i) {
+            QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Return);
+            // On the last field Enter confirms.
+            if (!m_dialog->isVisible())
+                break;
+            const QWidget *now = m_dialog->focusWidget();
+            met << (now->objectName().isEmpty() ? now->accessibleName() : now->objectName());
+        }
+        QStringList expected;
+        for (const char *name :
+             {"dateIntroduction", "iSource", "iAutomobilType", "iModel", "iBrigade", "iSystem", "iYear", "iMonth", "iColor", "iFuel",
+              "iUsageType", "iCountry", "iBodyStatus", "iVolumCylinders", "iNumOfWheels", "iNumOfCylinders", "iCapacity",
+              "iNumOFAxles", "sNumOfPlates", "sChassisNum", "sNumOfEngines", "sNumOfBodies", "sVIN", "iFunction", "dAmount",
+              "iTypeDocument", "dateInsurance", "sDiscountYears", "sNameInsurance", "sInsuranceStatus", "sAccessories",
+              "sFractionalParts", "sDocumentsDelivered", "sDocumentsDeficit", "sFacilities", "sDesc", "sDescSpecial"})
+            expected << QString::fromLatin1(name);
+        QCOMPARE(met, expected);
+        QVERIFY(!m_dialog->isVisible());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgAddAutomobilInformationBase>(argc, argv);
+}
+
+#include "TestCDlgAddAutomobilInformationBase.moc"

@@ -1,0 +1,655 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgAutomobilDemands.h"
+
+#include "auto/cars/CDlgAddAutomobilDemand.h"
+#include "auto/cars/CDlgAddAutomobilDemandBase.h"
+#include "auto/cars/CDlgMatches.h"
+#include "auto/cars/PersonGroup.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/auto/ObservedStatements.h"
+#include "tests/auto/cars/CarTestRecords.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+
+using Demand = CTblAutomobilDemands;
+using Page = CDlgAutomobilDemands;
+
+const QString section = QStringLiteral("AutomobilDemands");
+const QString rightsForm = QStringLiteral("AutomobilDemands");
+const QString archiveForm = QStringLiteral("AutomobilDemandArchive");
+const QString newCaption = QStringLiteral("جديد");
+const QString editCaption = QStringLiteral("ويرايش");
+const QString showCaption = QStringLiteral("نمايش");
+const QString deleteCaption = QStringLiteral("حذف");
+const QString archiveCaption = QStringLiteral("بايگاني شد");
+const QString printCaption = QStringLiteral("چاپ ليست");
+const QString carsCaption = QStringLiteral("خودروهای مناسب");
+const QString galleryCaption = QStringLiteral("گالري اتومبيل");
+const QStringList changing = {newCaption, editCaption, showCaption, deleteCaption, archiveCaption};
+
+QDateTime day(int year, int month, int dayOfMonth)
+{
+    return QDateTime(QDate(year, month, dayOfMonth), QTime(0, 0), Qt::UTC);
+}
+
+QString headerText(const Page &page, int column)
+{
+    return page.list()->model()->headerData(column, Qt::Horizontal).toString();
+}
+
+QStringList column(const Page &page, int column)
+{
+    QStringList texts;
+    for (int row = 0; row < page.list()->count(); ++row)
+        texts << page.list()->cellText(row, column);
+    return texts;
+}
+
+// The codes of the listed demands.
+QStringList codes(const Page &page)
+{
+    return column(page, 1);
+}
+
+// Takes the pages as the host's tabbed work area does.
+class TabHost : public KTabHost
+{
+public:
+    TabHost() { GetDBSetting()->SetTabHost(this); }
+    ~TabHost() override
+    {
+        GetDBSetting()->SetTabHost(nullptr);
+        qDeleteAll(m_pages);
+    }
+    void addPage(KDialogTabPage *page) override { m_pages.append(page); }
+    QList<KDialogTabPage *> pages() const { return m_pages; }
+
+private:
+    QList<KDialogTabPage *> m_pages;
+};
+
+}
+
+class TestCDlgAutomobilDemands : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    int m_person = 0;
+    int m_brand = 0;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+
+    int addDemand(const std::function<void(Demand &)> &set = {})
+    {
+        return CarTestRecords::addDemand([&](Demand &demand) {
+            demand.m_iPersonID = m_person;
+            if (set)
+                set(demand);
+        });
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+    void init()
+    {
+        CarTestRecords::clear(*m_office);
+        m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
+    }
+
+    // --- Texts ---
+
+    void everyLabelAndTitleIsToTheLetter()
+    {
+        Page page;
+        page.open();
+        QCOMPARE(page.title(), QStringLiteral("تقاضا"));
+        QStringList labels;
+        for (const QLabel *label : page.findChildren<QLabel *>())
+            labels << label->text();
+        for (const QString &text :
+             {QStringLiteral("متقاضي :"), QStringLiteral("مبلغ از :"), QStringLiteral("سال توليد از :"),
+              QStringLiteral("وضعيت بايگاني :"), QStringLiteral("توضيحات ويژه :"), QStringLiteral("نوع خودرو :"),
+              QStringLiteral("تاريخ مراجعه از :"), QStringLiteral("رنگ :"), QStringLiteral("تعداد نمايش :")})
+            QVERIFY2(labels.contains(text), qPrintable(text));
+        QCOMPARE(labels.count(QStringLiteral("تا :")), 3);
+        QCOMPARE(page.inactiveFilter()->text(), QStringLiteral("نمايش غير فعال ها"));
+        QStringList captions;
+        for (const QPushButton *button : page.findChildren<QPushButton *>())
+            captions << button->text();
+        for (const QString &text : changing + QStringList{QStringLiteral("جستجو"), QStringLiteral("پيش فرض"), printCaption, carsCaption})
+            QVERIFY2(captions.contains(text), qPrintable(text));
+        QStringList titles;
+        for (int i = 0; i < 11; ++i)
+            titles << headerText(page, i);
+        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("کد تقاضا*"), QStringLiteral("نام متقاضی"), QStringLiteral("نوع خودرو"), QStringLiteral("از مدل"), QStringLiteral("تا مدل"), QStringLiteral("از مبلغ"), QStringLiteral("تا مبلغ"), QStringLiteral("تاریخ مراجعه"), QStringLiteral("توضیحات ویژه"), QStringLiteral("وضعیت بایگانی")}));
+    }
+
+    void columnsHaveTheirWidthsAlignmentsAndSortKeys()
+    {
+        Page page;
+        const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
+        QStringList lines;
+        for (const KListModel::Column &column : columns)
+            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : QStringLiteral("c")).arg(column.sortKey);
+        QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 c ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
+    }
+
+    void noTwoControlsHaveOneName()
+    {
+        Page page;
+        page.open();
+        QSet<QString> names;
+        for (const QWidget *widget : page.findChildren<QWidget *>()) {
+            if (widget->accessibleName().isEmpty() || !(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy())
+                continue;
+            QVERIFY2(!names.contains(widget->accessibleName()), qPrintable(widget->accessibleName()));
+            names.insert(widget->accessibleName());
+        }
+        QVERIFY(names.size() > 20);
+    }
+
+    // --- Rows ---
+
+    void aRowShowsTheDemand()
+    {
+        const int key = addDemand([this](Demand &d) {
+            d.m_iCode = 12;
+            d.m_iAutomobilType = m_brand;
+            d.m_iModelFrom = 1390;
+            d.m_iModelUpTo = 1395;
+            d.m_dAmountFrom = 4500000000;
+            d.m_dAmountUpTo = 5000000000;
+            d.m_dateReference = day(2026, 3, 21);
+            d.m_sDescSpecial = QStringLiteral("فوری");
+        });
+        Page page;
+        page.open();
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(page.list()->currentKey(), key);
+        QStringList cells;
+        for (int i = 0; i < 11; ++i)
+            cells << page.list()->cellText(0, i);
+        QCOMPARE(cells, (QStringList{QStringLiteral("1"), QStringLiteral("12"), QStringLiteral("سارا کریمی"), QStringLiteral("پژو"), QStringLiteral("1390"), QStringLiteral("1395"), DToMoney(4500000000), DToMoney(5000000000), QStringLiteral("1405/01/01"), QStringLiteral("فوری"), QStringLiteral("-")}));
+        QCOMPARE(page.countText(), QStringLiteral("تعداد : 1"));
+    }
+
+    void demandWhosePersonWasDeletedIsNotListed()
+    {
+        addDemand();
+        addDemand([](Demand &d) { d.m_iPersonID = 999999; });
+        Page page;
+        page.open();
+        QCOMPARE(codes(page), QStringList{QStringLiteral("1")});
+    }
+
+    void demandWhoseTypeWasDeletedShowsADashAsItsType()
+    {
+        addDemand([](Demand &d) { d.m_iAutomobilType = 4711; });
+        addDemand();
+        Page page;
+        page.open();
+        QCOMPARE(column(page, 3), (QStringList{QStringLiteral("-"), QStringLiteral("-")}));
+    }
+
+    void archivedDemandReadsYes()
+    {
+        addDemand([this](Demand &d) { d.m_iArchiveUserID = m_office->adminID(); });
+        Page page;
+        page.open();
+        QCOMPARE(page.list()->count(), 0);
+        page.archiveFilter()->setCurrentIndex(0);
+        page.refill();
+        QCOMPARE(page.list()->cellText(0, 10), QStringLiteral("بلی"));
+    }
+
+    void namesAreLookedUpOnceForTheWholeList()
+    {
+        const auto statementsOf = [](Page &page) {
+            const ObservedStatements statements({QStringLiteral("SELECT")});
+            page.refill();
+            return statements.taken().size();
+        };
+        addDemand([this](Demand &d) { d.m_iAutomobilType = m_brand; });
+        Page page;
+        page.open();
+        const qsizetype few = statementsOf(page);
+        for (int i = 0; i < 40; ++i) {
+            const int person = m_office->addPerson(QStringLiteral("a"), QString::number(i));
+            const int brand = CarTestRecords::addBrand(QString::number(i));
+            addDemand([&](Demand &d) { d.m_iPersonID = person; d.m_iAutomobilType = brand; });
+        }
+        QCOMPARE(statementsOf(page), few);
+        QCOMPARE(page.list()->count(), 41);
+        QCOMPARE(page.list()->cellText(40, 3), QStringLiteral("39"));
+    }
+
+    // --- Filter ---
+
+    void everyFilterControlGoesIntoTheCriteria()
+    {
+        const int color = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
+        Page page;
+        page.open();
+        page.inactiveFilter()->setChecked(true);
+        page.archiveFilter()->setCurrentIndex(3);
+        page.typeFilter()->setCurrentIndex(page.typeFilter()->findData(m_brand));
+        page.colorFilter()->setCurrentIndex(page.colorFilter()->findData(color));
+        page.referenceFromFilter()->setText(QStringLiteral("1405/01/01"));
+        page.referenceToFilter()->setText(QStringLiteral("1405/01/02"));
+        page.specialDescriptionFilter()->setText(QStringLiteral("50%"));
+        page.personFilter()->setPersonID(m_person);
+        page.yearFromFilter()->setText(QStringLiteral("1385"));
+        page.yearToFilter()->setText(QStringLiteral("۱۳۹۰"));
+        page.amountFromFilter()->setText(QStringLiteral("1,000"));
+        page.amountToFilter()->setText(QStringLiteral("2000"));
+        const DemandCriteria criteria = page.criteria();
+        QVERIFY(criteria.withInactive);
+        QCOMPARE(criteria.archiveState, 3);
+        QCOMPARE(criteria.currentUserID, m_office->adminID());
+        QCOMPARE(criteria.automobilType, m_brand);
+        QCOMPARE(criteria.color, color);
+        QCOMPARE(criteria.referenceFrom.date(), QDate(2026, 3, 21));
+        QCOMPARE(criteria.referenceTo.date(), QDate(2026, 3, 22));
+        QCOMPARE(criteria.specialDescriptionPart, QStringLiteral("50\\%"));
+        QCOMPARE(criteria.personID, m_person);
+        QCOMPARE(criteria.yearFrom, 1385);
+        QCOMPARE(criteria.yearTo, 1390);
+        QCOMPARE(criteria.amountFrom, 1000.0);
+        QCOMPARE(criteria.amountTo, 2000.0);
+    }
+
+    void filterStartsAndResetsWithDemandsNotArchivedAndAllTypes()
+    {
+        addDemand();
+        Page page;
+        page.open();
+        const auto isDefault = [&page] {
+            const DemandCriteria c = page.criteria();
+            return !c.withInactive && c.archiveState == 1 && c.automobilType == 0 && c.color == 0 && !c.referenceFrom.isValid()
+                && !c.referenceTo.isValid() && c.specialDescriptionPart.isEmpty() && c.personID == 0 && c.yearFrom == 0
+                && c.yearTo == 0 && c.amountFrom == 0 && c.amountTo == 0;
+        };
+        QVERIFY(isDefault());
+        QCOMPARE(page.typeFilter()->itemText(0), QStringLiteral("همه"));
+        QCOMPARE(page.list()->count(), 1);
+        page.inactiveFilter()->setChecked(true);
+        page.archiveFilter()->setCurrentIndex(2);
+        page.typeFilter()->setCurrentIndex(1);
+        page.referenceFromFilter()->setText(QStringLiteral("1405/01/01"));
+        page.specialDescriptionFilter()->setText(QStringLiteral("x"));
+        page.personFilter()->setPersonID(m_person);
+        page.yearFromFilter()->setText(QStringLiteral("1385"));
+        page.amountToFilter()->setText(QStringLiteral("5"));
+        QVERIFY(!isDefault());
+        // A brand that was added meanwhile is offered too.
+        CarTestRecords::addBrand(QStringLiteral("سایپا"));
+        QVERIFY(page.runCommand(QStringLiteral("پيش فرض")));
+        QVERIFY(isDefault());
+        QCOMPARE(page.typeFilter()->count(), 3);
+        QCOMPARE(page.list()->count(), 0);
+        QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
+        QVERIFY(!page.button(editCaption)->isEnabled());
+    }
+
+    void yearsOfTheSearchBoundTheDemandsOwnRange()
+    {
+        addDemand([](Demand &d) { d.m_iModelFrom = 1386; d.m_iModelUpTo = 1389; });
+        addDemand([](Demand &d) { d.m_iModelFrom = 1384; d.m_iModelUpTo = 1389; });
+        Page page;
+        page.open();
+        page.yearFromFilter()->setText(QStringLiteral("1385"));
+        page.yearToFilter()->setText(QStringLiteral("1390"));
+        page.refill();
+        QCOMPARE(codes(page), QStringList{QStringLiteral("1")});
+    }
+
+    // --- Settings ---
+
+    void settingsAreWrittenBackAndReadAgain()
+    {
+        {
+            Page page;
+            page.open();
+            QCOMPARE(page.rowLimit(), 1000);
+            QCOMPARE(page.sortExpression(), QStringLiteral("ad.iCode"));
+            page.setRowLimit(25);
+            addDemand();
+            page.refill();
+            Q_EMIT page.list()->columnClicked(9);
+            Q_EMIT page.list()->columnClicked(9);
+            page.OnClosing();
+        }
+        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 25);
+        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), 0), 9);
+        QCOMPARE(ReadSetting(section, QStringLiteral("Sort"), QString()), QStringLiteral("ad.sDescSpecial DESC"));
+        Page page;
+        page.open();
+        QCOMPARE(page.rowLimit(), 25);
+        QCOMPARE(page.sortExpression(), QStringLiteral("ad.sDescSpecial DESC"));
+        QCOMPARE(headerText(page, 9), QStringLiteral("توضیحات ویژه*"));
+    }
+
+    void emptyStoredSortIsByCode()
+    {
+        WriteSetting(section, QStringLiteral("Sort"), QString());
+        addDemand([](Demand &d) { d.m_iCode = 9; });
+        addDemand([](Demand &d) { d.m_iCode = 2; });
+        Page page;
+        page.open();
+        QCOMPARE(codes(page), (QStringList{QStringLiteral("2"), QStringLiteral("9")}));
+    }
+
+    void rowLimit_data()
+    {
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<int>("listed");
+        QTest::newRow("above 0") << 3 << 3;
+        QTest::newRow("0 sets none") << 0 << 6;
+        QTest::newRow("less sets none") << -5 << 6;
+    }
+
+    void rowLimit()
+    {
+        QFETCH(int, limit);
+        for (int i = 0; i < 6; ++i)
+            addDemand();
+        WriteSetting(section, QStringLiteral("iMaxRows"), limit);
+        const ObservedStatements statements({QStringLiteral("SELECT ad.")});
+        Page page;
+        page.open();
+        QTEST(page.list()->count(), "listed");
+        QCOMPARE(statements.taken().size(), 1);
+        QCOMPARE(statements.taken().first().contains(QStringLiteral(" LIMIT ")), limit > 0);
+        QVERIFY(statements.taken().first().contains(QStringLiteral(" GROUP BY ad.iID ORDER BY ad.iCode")));
+    }
+
+    void everySortableColumnSorts()
+    {
+        addDemand();
+        addDemand();
+        Page page;
+        page.open();
+        const QVector<KListModel::Column> columns = page.list()->listModel()->columns();
+        for (int i = 0; i < columns.size(); ++i) {
+            const QString before = page.sortExpression();
+            Q_EMIT page.list()->columnClicked(i);
+            const QString key = columns.at(i).sortKey;
+            QVERIFY(key.isEmpty() ? page.sortExpression() == before : page.sortExpression().startsWith(key));
+            QCOMPARE(page.list()->count(), 2);
+        }
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    // --- Commands ---
+
+    void commandsOnARowNeedOne()
+    {
+        Page page;
+        page.open();
+        const QStringList onRow = {editCaption, deleteCaption, archiveCaption, showCaption, carsCaption, galleryCaption};
+        for (const QString &caption : onRow)
+            QVERIFY2(!page.button(caption)->isEnabled(), qPrintable(caption));
+        addDemand();
+        page.refill();
+        for (const QString &caption : onRow)
+            QVERIFY2(page.button(caption)->isEnabled(), qPrintable(caption));
+    }
+
+    void closedDatabaseHidesWhatChanges()
+    {
+        addDemand();
+        GetDBSetting()->SetClosedDB(true);
+        Page page;
+        page.open();
+        for (const QString &caption : changing) {
+            QVERIFY2(page.button(caption)->isHidden(), qPrintable(caption));
+            QVERIFY(!page.runCommand(caption));
+        }
+        Q_EMIT page.list()->emptyAreaActivated();
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
+        QVERIFY(!page.button(carsCaption)->isHidden());
+    }
+
+    void newDemandIsListedAndSelected()
+    {
+        addDemand();
+        Page page;
+        page.open();
+        TestOffice::whenModal("CDlgAddAutomobilDemand", [this](QWidget *window) {
+            auto *dialog = static_cast<CDlgAddAutomobilDemand *>(window);
+            QCOMPARE(dialog->windowTitle(), QStringLiteral("تقاضا - جدید"));
+            dialog->basePage()->person()->setPersonID(m_person);
+            dialog->accept();
+        });
+        QVERIFY(page.runCommand(newCaption));
+        QCOMPARE(codes(page), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+        QCOMPARE(page.list()->currentRow(), 1);
+    }
+
+    void cancelledNewDemandLeavesNoRow()
+    {
+        Page page;
+        page.open();
+        TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        QVERIFY(page.runCommand(newCaption));
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("0"));
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    void editedDemandIsReadAnew()
+    {
+        addDemand();
+        Page page;
+        page.open();
+        TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
+            auto *dialog = static_cast<CDlgAddAutomobilDemand *>(window);
+            QCOMPARE(dialog->windowTitle(), QStringLiteral("تقاضا - ویرایش"));
+            dialog->basePage()->form()->edit(QStringLiteral("sDescSpecial"))->setText(QStringLiteral("فوری"));
+            dialog->accept();
+        });
+        QVERIFY(page.runCommand(editCaption));
+        QCOMPARE(page.list()->cellText(0, 9), QStringLiteral("فوری"));
+    }
+
+    void commandOnAVanishedDemandDoesNothing()
+    {
+        addDemand();
+        Page page;
+        page.open();
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilDemands"));
+        for (const QString &caption : {editCaption, showCaption, deleteCaption, archiveCaption, carsCaption})
+            QVERIFY2(page.runCommand(caption), qPrintable(caption));
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void shownDemandOpensReadOnlyByCommandAndByRow()
+    {
+        addDemand();
+        Page page;
+        page.open();
+        const auto expectShown = [] {
+            TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
+                QCOMPARE(window->windowTitle(), QStringLiteral("تقاضا - نمایش"));
+                static_cast<QDialog *>(window)->reject();
+            });
+        };
+        expectShown();
+        QVERIFY(page.runCommand(showCaption));
+        expectShown();
+        Q_EMIT page.list()->rowActivated(page.list()->currentKey());
+    }
+
+    void deletingAsksAndTakesFilesAndRemindersAlong()
+    {
+        const int key = addDemand();
+        addDemand();
+        m_office->database().run(QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a')").arg(key));
+        m_office->database().run(QStringLiteral("INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a')").arg(key));
+        Page page;
+        page.open();
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        QVERIFY(page.runCommand(deleteCaption));
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟")});
+        QCOMPARE(page.list()->count(), 2);
+        QVERIFY(page.runCommand(deleteCaption));
+        QCOMPARE(codes(page), QStringList{QStringLiteral("2")});
+        QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("1"));
+        QCOMPARE(page.list()->currentRow(), 0);
+        QCOMPARE(value(QStringLiteral("SELECT (SELECT COUNT(*) FROM FileDocs)+(SELECT COUNT(*) FROM Alarms)")), QStringLiteral("0"));
+    }
+
+    void afterDeletingTheLastRowTheNewLastIsSelected()
+    {
+        addDemand();
+        addDemand();
+        Page page;
+        page.open();
+        page.list()->selectRow(1);
+        QVERIFY(page.runCommand(deleteCaption));
+        QCOMPARE(page.list()->currentRow(), 0);
+        QVERIFY(page.runCommand(deleteCaption));
+        QCOMPARE(page.list()->count(), 0);
+        QVERIFY(!page.button(deleteCaption)->isEnabled());
+    }
+
+    void archivingStampsTheUserAndSearchesAgain()
+    {
+        const int key = addDemand([](Demand &d) { d.m_iCode = 30; });
+        Page page;
+        page.open();
+        QVERIFY(page.runCommand(archiveCaption));
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
+        QCOMPARE(page.list()->count(), 0);
+        QCOMPARE(value(QStringLiteral("SELECT CONCAT(iArchiveUserID,',',dateArchive IS NOT NULL) FROM AutomobilDemands WHERE iID=%1").arg(key)),
+                 QStringLiteral("%1,1").arg(m_office->adminID()));
+    }
+
+    void archivingAnArchivedDemandWarnsAndWritesNothing()
+    {
+        addDemand([](Demand &d) { d.m_iArchiveUserID = 4711; });
+        Page page;
+        page.open();
+        page.archiveFilter()->setCurrentIndex(0);
+        page.refill();
+        const ObservedStatements statements({QStringLiteral("UPDATE")});
+        QVERIFY(page.runCommand(archiveCaption));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این تقاضا قبلا بایگانی شده است.")});
+        QVERIFY(statements.taken().isEmpty());
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("4711"));
+    }
+
+    void archivingNeedsItsRight()
+    {
+        addDemand();
+        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights);
+        Page page;
+        page.open();
+        QVERIFY(page.runCommand(archiveCaption));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید.")});
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("0"));
+        m_office->logInAs(QStringLiteral("clerk"), archiveForm, KSecurity::Access);
+        QVERIFY(page.runCommand(archiveCaption));
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
+    }
+
+    void everyCommandAsksForItsRight_data()
+    {
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<int>("right");
+        QTest::newRow("new") << newCaption << int(KSecurity::Write);
+        QTest::newRow("edit") << editCaption << int(KSecurity::Modify);
+        QTest::newRow("show") << showCaption << int(KSecurity::Read);
+        QTest::newRow("delete") << deleteCaption << int(KSecurity::Delete);
+        QTest::newRow("print") << printCaption << int(KSecurity::PrintList);
+    }
+
+    void everyCommandAsksForItsRight()
+    {
+        QFETCH(QString, caption);
+        QFETCH(int, right);
+        addDemand();
+        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~right);
+        Page page;
+        page.open();
+        QVERIFY(page.runCommand(caption));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::Right(right))});
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
+    }
+
+    void listIsPrintedWithItsTitleDateAndCount()
+    {
+        addDemand();
+        Page page;
+        page.open();
+        bool shown = false;
+        TestOffice::whenModal("CDlgReportGenerator", [&shown](QWidget *window) {
+            const ListReport report = static_cast<CDlgReportGenerator *>(window)->report();
+            QCOMPARE(report.shownTitle(), QStringLiteral("لیست تقاضاها"));
+            QCOMPARE(report.group(), QStringLiteral("گالری اتومبیل"));
+            QCOMPARE(report.text(QStringLiteral("RightTop")), QStringLiteral("گالری اتومبیل"));
+            QCOMPARE(report.text(QStringLiteral("LeftBottom")), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
+            QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 1"));
+            QCOMPARE(report.rows().size(), 1);
+            shown = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(printCaption));
+        QVERIFY(shown);
+    }
+
+    void fittingCarsOfTheSelectedDemandAreListed()
+    {
+        addDemand([this](Demand &d) { d.m_iAutomobilType = m_brand; });
+        CarTestRecords::addCar([this](CTblAutomobilInformations &car) { car.m_iAutomobilType = m_brand; });
+        CarTestRecords::addCar([](CTblAutomobilInformations &) {});
+        Page page;
+        page.open();
+        TestOffice::whenModal("CDlgMatches", [](QWidget *window) {
+            QCOMPARE(window->windowTitle(), QStringLiteral("خودروهای مناسب"));
+            QCOMPARE(static_cast<CDlgMatches *>(window)->list()->count(), 1);
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(carsCaption));
+    }
+
+    void carListOpensForTheSelectedDemand()
+    {
+        addDemand();
+        TabHost host;
+        Page page;
+        page.open();
+        QVERIFY(page.runCommand(galleryCaption));
+        QCOMPARE(host.pages().size(), 1);
+        QCOMPARE(host.pages().constFirst()->title(), QStringLiteral("گالري اتومبيل"));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCDlgAutomobilDemands>(argc, argv);
+}
+#include "TestCDlgAutomobilDemands.moc"

@@ -1,0 +1,315 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/CDlgAddAutomobilInformation.h"
+#include "auto/cars/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/CarChoices.h"
+#include "auto/cars/PersonGroup.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/KMessageDialog.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KForm.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/auto/ObservedStatements.h"
+#include "tests/office/TestOffice.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+using Car = CTblAutomobilInformations;
+using Page = CDlgAutomobilInformations;
+using Editor = CDlgAddAutomobilInformation;
+
+constexpr int plateColumn = 7;
+
+}
+
+// The car list as its users work in it all day: keys, focus, what each command leaves behind.
+class TestCarListAtWork : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<QWidget> m_window;
+    int m_owner = 0;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+
+    int addNamed(const QString &plate, const std::function<void(Car &)> &set = {})
+    {
+        return m_office->addCar([&](Car &car) {
+            car.m_iPersonID = m_owner;
+            car.m_sNumOfPlates = plate;
+            if (set)
+                set(car);
+        });
+    }
+
+    Page &shownPage()
+    {
+        m_window = std::make_unique<QWidget>();
+        auto *page = new Page(m_window.get());
+        auto *layout = new QVBoxLayout(m_window.get());
+        layout->addWidget(page);
+        m_window->show();
+        page->setFocus();
+        m_window->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_window.get()))
+            qFatal("the page did not become active");
+        return *page;
+    }
+
+    // Fills in and confirms the editor that comes up, with that plate.
+    void whenEditor(const QString &plate)
+    {
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [this, plate](QWidget *window) {
+            auto &editor = static_cast<Editor &>(*window);
+            editor.basePage()->owner()->setPersonID(m_owner);
+            editor.basePage()->form()->edit(QStringLiteral("sNumOfPlates"))->setText(plate);
+            editor.accept();
+            if (editor.isVisible()) {
+                QTest::qFail(qPrintable(g_pDlgWarning->takeShown().join(u'|')), __FILE__, __LINE__);
+                editor.reject();
+            }
+        });
+    }
+
+    static void whenEditorCancels(const std::function<void(Editor &)> &look = {})
+    {
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [look](QWidget *window) {
+            if (look)
+                look(static_cast<Editor &>(*window));
+            static_cast<QDialog *>(window)->reject();
+        });
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+    void init()
+    {
+        m_office->clear();
+        m_owner = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+    }
+    void cleanup() { m_window.reset(); }
+
+    // --- New ---
+
+    void newCarBeginsAsAPlaceholderWithTheNextCodeTheServersDateAndTheYear()
+    {
+        addNamed(QStringLiteral("old"), [](Car &c) { c.m_iCode = 40; });
+        auto &page = shownPage();
+        QString row;
+        whenEditorCancels([&](Editor &editor) {
+            QCOMPARE(editor.windowTitle(), QStringLiteral("گالري اتومبيل- جدید"));
+            row = value(QStringLiteral("SELECT CONCAT_WS('|',iCode,DATE(dateCreate)=DATE(NOW()),iYear,iUserID,iPersonID,dAmount,iStatus)"
+                                       " FROM AutomobilInformations ORDER BY iID DESC LIMIT 1"));
+        });
+        QTest::keyClick(page.list(), Qt::Key_Insert);
+        QCOMPARE(row, QStringLiteral("41|1|%1|0|0|0|0").arg(GetShamsiYearOfToday()));
+    }
+
+    void cancellingANewCarLeavesNoRowBehind()
+    {
+        auto &page = shownPage();
+        whenEditorCancels([this](Editor &) {
+            const QString key = value(QStringLiteral("SELECT MAX(iID) FROM AutomobilInformations"));
+            m_office->database().run(
+                QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')").arg(key));
+            m_office->database().run(
+                QStringLiteral("INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')").arg(key));
+        });
+        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iTable) FROM FileDocs")), QStringLiteral("69"));
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CustomFieldRecords")), QStringLiteral("0"));
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    void placeholderThatSomebodyElseDeletedIsNoTrouble()
+    {
+        auto &page = shownPage();
+        whenEditorCancels([this](Editor &) { m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations")); });
+        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void confirmingANewCarKeepsTheCodeTakenAtCreation()
+    {
+        addNamed(QStringLiteral("old"));
+        auto &page = shownPage();
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [this](QWidget *window) {
+            auto &editor = static_cast<Editor &>(*window);
+            // Somebody else adds one meanwhile.
+            addNamed(QStringLiteral("theirs"), [](Car &c) { c.m_iCode = 90; });
+            editor.basePage()->owner()->setPersonID(m_owner);
+            editor.basePage()->form()->edit(QStringLiteral("sNumOfPlates"))->setText(QStringLiteral("mine"));
+            editor.accept();
+        });
+        QTest::keyClick(page.list(), Qt::Key_Insert);
+        QCOMPARE(value(QStringLiteral("SELECT iCode FROM AutomobilInformations WHERE sNumOfPlates='mine'")), QStringLiteral("2"));
+        QCOMPARE(page.list()->count(), 3);
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), plateColumn), QStringLiteral("mine"));
+    }
+
+    // Unlike a contract, a car may be entered by whoever may open the list.
+    void newCarAsksNoRightBeyondTheOpenDatabase()
+    {
+        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilInformations"), KSecurity::Access);
+        auto &page = shownPage();
+        whenEditor(QStringLiteral("new"));
+        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QCOMPARE(page.list()->count(), 1);
+    }
+
+    // --- Edit and show ---
+
+    void editedCarIsListedAsItWasSaved()
+    {
+        addNamed(QStringLiteral("before"));
+        auto &page = shownPage();
+        whenEditor(QStringLiteral("after"));
+        QTest::keyClick(page.list(), Qt::Key_F2);
+        QCOMPARE(page.list()->cellText(0, plateColumn), QStringLiteral("after"));
+        QCOMPARE(page.list()->currentRow(), 0);
+    }
+
+    void enterOnARowShowsTheCar()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        QString title;
+        whenEditorCancels([&title](Editor &editor) { title = editor.windowTitle(); });
+        QTest::keyClick(page.list(), Qt::Key_Return);
+        QCOMPARE(title, QStringLiteral("گالري اتومبيل - نمایش"));
+        whenEditorCancels([&title](Editor &editor) { title = editor.windowTitle() + u'!'; });
+        QVERIFY(page.runCommand(QStringLiteral("نمايش")));
+        QCOMPARE(title, QStringLiteral("گالري اتومبيل - نمایش!"));
+    }
+
+    void carTakenOutOfTheArchiveInTheEditorLeavesTheListOfArchivedOnes_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::newRow("edit") << QStringLiteral("ويرايش");
+        QTest::newRow("show") << QStringLiteral("نمايش");
+    }
+
+    void carTakenOutOfTheArchiveInTheEditorLeavesTheListOfArchivedOnes()
+    {
+        QFETCH(QString, command);
+        addNamed(QStringLiteral("a"), [this](Car &c) { c.m_iArchiveUserID = m_office->adminID(); });
+        auto &page = shownPage();
+        page.archiveFilter()->setCurrentIndex(2);
+        page.refill();
+        QCOMPARE(page.list()->count(), 1);
+        TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) { static_cast<Editor *>(window)->unarchive(); });
+        QVERIFY(page.runCommand(command));
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    void cancelledEditDoesNotSearchAgain()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        whenEditorCancels();
+        addNamed(QStringLiteral("b"));
+        QVERIFY(page.runCommand(QStringLiteral("ويرايش")));
+        QCOMPARE(page.list()->count(), 1);
+    }
+
+    // --- Windows that open from the list ---
+
+    void newBrandAndColorAreOfferedWhenTheirWindowsClose()
+    {
+        auto &page = shownPage();
+        TestOffice::whenModal("CDlgCarsAll", [this](QWidget *window) {
+            m_office->addBrand(QStringLiteral("پژو"));
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(QStringLiteral("نام خودرو")));
+        QCOMPARE(page.typeFilter()->count(), 2);
+        QCOMPARE(page.typeFilter()->itemText(1), QStringLiteral("پژو"));
+        TestOffice::whenModal("KDialogHolder", [this](QWidget *window) {
+            m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(QStringLiteral("پارامترهاي ورودي")));
+        QCOMPARE(page.colorFilter()->count(), 2);
+    }
+
+    void chosenTypeStaysChosenWhenTheTypesAreReadAnew()
+    {
+        m_office->addBrand(QStringLiteral("پژو"));
+        const int brand = m_office->addBrand(QStringLiteral("سمند"));
+        auto &page = shownPage();
+        CarChoices::choose(page.typeFilter(), brand);
+        CarChoices::fillTypes(page.typeFilter());
+        QCOMPARE(CarChoices::chosenKey(page.typeFilter()), brand);
+        m_office->database().run(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(brand));
+        CarChoices::fillTypes(page.typeFilter());
+        QCOMPARE(page.typeFilter()->currentIndex(), 0);
+    }
+
+    void customersOfACarOpenForTheSelectedOne()
+    {
+        addNamed(QStringLiteral("a"));
+        auto &page = shownPage();
+        QVERIFY(page.button(QStringLiteral("متقاضیان"))->isEnabled());
+        TestOffice::whenModal("CDlgMatches", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
+        QVERIFY(page.runCommand(QStringLiteral("متقاضیان")));
+    }
+
+    // --- Keys ---
+
+    void keysReachFilterSearchAndCommands()
+    {
+        addNamed(QStringLiteral("a"), [](Car &c) { c.m_sChassisNum = QStringLiteral("NAS1"); });
+        addNamed(QStringLiteral("b"));
+        auto &page = shownPage();
+        QCOMPARE(page.list()->count(), 2);
+        QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(page.chassisFilter()->hasFocus());
+        QTest::keyClicks(page.chassisFilter(), QStringLiteral("NAS"));
+        QTest::keyClick(page.chassisFilter(), Qt::Key_Return);
+        QCOMPARE(page.list()->count(), 1);
+        page.chassisFilter()->clear();
+        QTest::keyClick(page.chassisFilter(), Qt::Key_F5);
+        QCOMPARE(page.list()->count(), 2);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        page.list()->setFocus();
+        QTest::keyClick(page.list(), Qt::Key_Delete);
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+    }
+
+    void defaultsStandBesideTheSearchButton()
+    {
+        auto &page = shownPage();
+        const QPushButton *defaults = page.button(QStringLiteral("پيش فرض"));
+        const QPushButton *search = nullptr;
+        for (const QPushButton *button : page.findChildren<QPushButton *>()) {
+            if (button->text() == QStringLiteral("جستجو"))
+                search = button;
+        }
+        QVERIFY(search && defaults->isVisible());
+        QCOMPARE(defaults->parentWidget(), search->parentWidget());
+        QCOMPARE(defaults->y(), search->y());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestCarListAtWork>(argc, argv);
+}
+#include "TestCarListAtWork.moc"

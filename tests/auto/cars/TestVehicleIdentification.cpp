@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/VehicleIdentification.h"
+
+#include <QTest>
+
+using VehicleIdentification::State;
+
+Q_DECLARE_METATYPE(VehicleIdentification::State)
+
+class TestVehicleIdentification : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void numberIsChecked_data()
+    {
+        QTest::addColumn<QString>("number");
+        QTest::addColumn<State>("state");
+        QTest::newRow("empty") << QString() << State::Empty;
+        QTest::newRow("blanks") << QStringLiteral("   ") << State::Empty;
+        QTest::newRow("check digit") << QStringLiteral("1HGCM82633A004352") << State::Good;
+        QTest::newRow("check digit X") << QStringLiteral("1M8GDM9AXKP042788") << State::Good;
+        QTest::newRow("ones") << QStringLiteral("11111111111111111") << State::Good;
+        QTest::newRow("small letters") << QStringLiteral("1m8gdm9axkp042788") << State::Good;
+        QTest::newRow("blanks around") << QStringLiteral(" 1M8GDM9AXKP042788 ") << State::Good;
+        QTest::newRow("Persian digits") << QStringLiteral("۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱") << State::Good;
+        QTest::newRow("wrong check digit") << QStringLiteral("1HGCM82643A004352") << State::WrongCheckDigit;
+        QTest::newRow("letter where the check digit stands") << QStringLiteral("1HGCM826A3A004352") << State::WrongCheckDigit;
+        QTest::newRow("one digit exchanged") << QStringLiteral("1HGCM82633A004353") << State::WrongCheckDigit;
+        QTest::newRow("two neighbours exchanged") << QStringLiteral("1HGCM82633A003452") << State::WrongCheckDigit;
+        QTest::newRow("sixteen characters") << QStringLiteral("1HGCM82633A00435") << State::WrongLength;
+        QTest::newRow("eighteen characters") << QStringLiteral("1HGCM82633A0043522") << State::WrongLength;
+        QTest::newRow("letter I") << QStringLiteral("1HGCM82633A00435I") << State::WrongCharacter;
+        QTest::newRow("letter O") << QStringLiteral("1HGCM82633AOO4352") << State::WrongCharacter;
+        QTest::newRow("letter Q") << QStringLiteral("QHGCM82633A004352") << State::WrongCharacter;
+        QTest::newRow("Persian letter") << QStringLiteral("1HGCM82633A00435ب") << State::WrongCharacter;
+        QTest::newRow("hyphen") << QStringLiteral("1HGCM-82633A004352") << State::WrongCharacter;
+        QTest::newRow("blank inside") << QStringLiteral("1HGCM 82633A004352") << State::WrongCharacter;
+    }
+
+    void numberIsChecked()
+    {
+        QFETCH(QString, number);
+        QFETCH(State, state);
+        QCOMPARE(VehicleIdentification::check(number), state);
+    }
+
+    // One of each letter's value, in the one place that counts double.
+    void everyLetterHasItsValue_data()
+    {
+        QTest::addColumn<QChar>("letter");
+        QTest::addColumn<int>("value");
+        const QString letters = QStringLiteral("ABCDEFGHJKLMNPRSTUVWXYZ");
+        const QString values = QStringLiteral("12345678123457923456789");
+        QCOMPARE(letters.size(), values.size());
+        for (int i = 0; i < letters.size(); ++i)
+            QTest::newRow(qPrintable(QString(letters.at(i)))) << letters.at(i) << values.at(i).digitValue();
+    }
+
+    void everyLetterHasItsValue()
+    {
+        QFETCH(QChar, letter);
+        QFETCH(int, value);
+        // All zeros but the last place, whose weight is 2.
+        QString number(17, u'0');
+        number[16] = letter;
+        const int rest = 2 * value % 11;
+        number[8] = rest == 10 ? QChar(u'X') : QChar(u'0' + rest);
+        QCOMPARE(VehicleIdentification::check(number), State::Good);
+        number[8] = rest == 1 ? QChar(u'2') : QChar(u'1');
+        QCOMPARE(VehicleIdentification::check(number), State::WrongCheckDigit);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestVehicleIdentification)
+
+#include "TestVehicleIdentification.moc"

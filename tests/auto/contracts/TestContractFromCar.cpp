@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/ContractFromCar.h"
+#include "auto/contracts/MatterFields.h"
+
+#include <QTest>
+
+#include <optional>
+
+namespace {
+
+std::optional<QString> textFor(const CarForContract &car, const QString &column)
+{
+    for (const auto &[name, text] : contractFromCar(car)) {
+        if (name == column)
+            return text;
+    }
+    return std::nullopt;
+}
+
+}
+
+Q_DECLARE_METATYPE(CarForContract)
+Q_DECLARE_METATYPE(std::optional<QString>)
+
+class TestContractFromCar : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pair_data();
+    void pair();
+    void everyPairNamesAFieldOfTheMatterPageOnce();
+};
+
+void TestContractFromCar::pair_data()
+{
+    QTest::addColumn<CarForContract>("car");
+    QTest::addColumn<QString>("column");
+    QTest::addColumn<std::optional<QString>>("text");
+    using Text = std::optional<QString>;
+    const auto row = [](const char *name, const CarForContract &car, const char *column, const Text &text) {
+        QTest::newRow(name) << car << QString::fromLatin1(column) << text;
+    };
+    const QString value = QStringLiteral("متن 12");
+    row("brand and model are the car's name", {.brand = QStringLiteral("پژو"), .model = QStringLiteral("206")}, "sAutomobilName",
+        QStringLiteral("پژو 206"));
+    row("brand alone", {.brand = QStringLiteral("پژو")}, "sAutomobilName", QStringLiteral("پژو"));
+    row("model alone", {.model = QStringLiteral("206")}, "sAutomobilName", QStringLiteral("206"));
+    row("neither", {}, "sAutomobilName", QString());
+    row("class", {.carClass = value}, "sBrigade", value);
+    row("system", {.system = value}, "sSystem", value);
+    row("colour", {.color = value}, "sColor", value);
+    row("plate", {.plate = value}, "sNumOfPlates", value);
+    row("chassis number", {.chassisNumber = value}, "sChassisNum", value);
+    row("engine number", {.engineNumber = value}, "sNumOfEngines", value);
+    row("VIN", {.vin = value}, "sVIN", value);
+    row("delivered documents", {.documentsDelivered = value}, "sDocumentsDelivered", value);
+    row("production year", {.year = 1402}, "sModel", QStringLiteral("1402"));
+    row("no year", {}, "sModel", QString());
+    row("axles", {.axles = 2}, "sNumOFAxles", QStringLiteral("2"));
+    row("no axles", {}, "sNumOFAxles", QString());
+    row("wheels", {.wheels = 4}, "sNumOfWheels", QStringLiteral("4"));
+    row("no wheels", {}, "sNumOfWheels", QString());
+    row("a colour that is not there empties the field", {}, "sColor", QString());
+    row("description", {.description = value}, "sDescMatter", value);
+    row("no description leaves the field", {}, "sDescMatter", std::nullopt);
+
+    row("vehicle kind 0 leaves the field", {.usageType = 0}, "sAutomobilType", std::nullopt);
+    row("vehicle kind 1", {.usageType = 1}, "sAutomobilType", QStringLiteral("سواری"));
+    row("vehicle kind 2", {.usageType = 2}, "sAutomobilType", QStringLiteral("سنگین"));
+    row("vehicle kind 3 leaves the field", {.usageType = 3}, "sAutomobilType", std::nullopt);
+    row("fuel 0 leaves the field", {.fuel = 0}, "sFuel", std::nullopt);
+    row("fuel 1", {.fuel = 1}, "sFuel", QStringLiteral("بنزین"));
+    row("fuel 2", {.fuel = 2}, "sFuel", QStringLiteral("دوگانه سوز"));
+    row("fuel 3", {.fuel = 3}, "sFuel", QStringLiteral("گاز"));
+    row("fuel 4", {.fuel = 4}, "sFuel", QStringLiteral("گازوئیل"));
+    row("fuel 5", {.fuel = 5}, "sFuel", QStringLiteral("سایر"));
+    row("fuel 6 leaves the field", {.fuel = 6}, "sFuel", std::nullopt);
+    row("fuel -1 leaves the field", {.fuel = -1}, "sFuel", std::nullopt);
+    row("the share is no matter of the car", {}, "sDengue", std::nullopt);
+}
+
+void TestContractFromCar::pair()
+{
+    QFETCH(CarForContract, car);
+    QFETCH(QString, column);
+    QFETCH(std::optional<QString>, text);
+    QCOMPARE(textFor(car, column), text);
+}
+
+void TestContractFromCar::everyPairNamesAFieldOfTheMatterPageOnce()
+{
+    QStringList known;
+    for (const KFormField &field : matterFields())
+        known << field.column;
+    QStringList named;
+    for (const auto &[column, text] :
+         contractFromCar({.description = QStringLiteral("d"), .usageType = 1, .fuel = 1})) {
+        QVERIFY2(known.contains(column), qPrintable(column));
+        QVERIFY2(!named.contains(column), qPrintable(column));
+        named << column;
+    }
+    QCOMPARE(named.size(), 15);
+}
+
+QTEST_APPLESS_MAIN(TestContractFromCar)
+#include "TestContractFromCar.moc"

@@ -1,0 +1,354 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/db/CMySQLException.h"
+#include "auto/db/CTblCarBrands.h"
+#include "auto/db/CTblCarClasses.h"
+#include "auto/db/CTblCarModels.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/auto/ObservedStatements.h"
+#include "tests/auto/db/records/ColumnTable.h"
+
+#include <QComboBox>
+#include <QTest>
+
+namespace {
+
+std::unique_ptr<KMySQL> makeRecord(const QString &table)
+{
+    if (table == QStringLiteral("CarBrands"))
+        return std::make_unique<CTblCarBrands>();
+    if (table == QStringLiteral("CarModels"))
+        return std::make_unique<CTblCarModels>();
+    return std::make_unique<CTblCarClasses>();
+}
+
+QStringList texts(const QComboBox &combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo.count(); ++i)
+        texts << combo.itemText(i);
+    return texts;
+}
+
+}
+
+class TestCatalogRecords : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+
+    template <class Record>
+    static int add(const std::function<void(Record &)> &set)
+    {
+        Record record;
+        record.Open(true, false, true);
+        record.AddNew();
+        set(record);
+        record.Update(true);
+        return static_cast<int>(record.GetLastInsertedID());
+    }
+    static int addBrand(const QString &name)
+    {
+        return add<CTblCarBrands>([&](CTblCarBrands &brand) { brand.m_sName = name; });
+    }
+    static int addModel(int brand, const QString &name)
+    {
+        return add<CTblCarModels>([&](CTblCarModels &model) {
+            model.m_iClassID = brand;
+            model.m_sName = name;
+        });
+    }
+    static int addClass(int model, const QString &name)
+    {
+        return add<CTblCarClasses>([&](CTblCarClasses &carClass) {
+            carClass.m_iBrandID = model;
+            carClass.m_sName = name;
+        });
+    }
+
+    // The names that are left of a table, in the order of their keys.
+    QString left(const char *table)
+    {
+        return m_database.value(QStringLiteral("SELECT GROUP_CONCAT(sName ORDER BY iID) FROM ") + QLatin1String(table));
+    }
+
+    static void tables()
+    {
+        QTest::addColumn<QString>("table");
+        for (const char *table : {"CarBrands", "CarModels", "CarClasses"})
+            QTest::newRow(table) << QString::fromLatin1(table);
+    }
+
+private Q_SLOTS:
+    void init() { prepareModuleTables(m_database); }
+
+    void bindingsStandInOrderWithCaptionsAndLookups_data() { tables(); }
+    void bindingsStandInOrderWithCaptionsAndLookups()
+    {
+        QFETCH(QString, table);
+        const std::unique_ptr<KMySQL> record = makeRecord(table);
+        QCOMPARE(record->GetTableName(), table);
+        QCOMPARE(ColumnTable::bound(*record),
+                 ColumnTable::wanted(QStringLiteral(TZ_TEST_SOURCE "/") + table + QStringLiteral("_columns.tsv")));
+    }
+
+    void everyColumnOfTheTableIsBound_data() { tables(); }
+    void everyColumnOfTheTableIsBound()
+    {
+        QFETCH(QString, table);
+        QStringList bound;
+        const std::unique_ptr<KMySQL> record = makeRecord(table);
+        for (const KMySQL::Column &column : record->columns())
+            bound << column.name;
+        bound.sort();
+        QStringList stored = m_database
+                                 .value(QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME) FROM information_schema.COLUMNS "
+                                                       "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1'")
+                                            .arg(table))
+                                 .split(u',');
+        stored.sort();
+        QCOMPARE(bound, stored);
+    }
+
+    void everyMemberIsStoredAndReadBack_data() { tables(); }
+    void everyMemberIsStoredAndReadBack()
+    {
+        QFETCH(QString, table);
+        const std::unique_ptr<KMySQL> written = makeRecord(table);
+        QHash<QString, QVariant> expected;
+        int number = 0;
+        written->AddNew();
+        for (const KMySQL::Column &column : written->columns()) {
+            ++number;
+            if (column.name == QStringLiteral("iID"))
+                continue;
+            QVariant value = number;
+            if (column.kind == KMySQL::ColumnKind::Text)
+                value = QStringLiteral("متن %1").arg(number);
+            else if (column.kind == KMySQL::ColumnKind::Date)
+                value = QDateTime(QDate(2026, 1, number), QTime(1, 2, 3), Qt::UTC);
+            else if (column.kind == KMySQL::ColumnKind::Bool)
+                value = 1;
+            written->setValue(column.name, value);
+            expected.insert(column.name, value);
+        }
+        written->Update(true);
+        const std::unique_ptr<KMySQL> read = makeRecord(table);
+        QVERIFY(read->IsRecordExist(QStringLiteral("iID"), qint32(written->GetLastInsertedID())));
+        for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+            QVERIFY2(read->value(it.key()) == it.value(), qPrintable(it.key()));
+    }
+
+    void constructionSetsZeroAndEmpty_data() { tables(); }
+    void constructionSetsZeroAndEmpty()
+    {
+        QFETCH(QString, table);
+        const std::unique_ptr<KMySQL> record = makeRecord(table);
+        for (const KMySQL::Column &column : record->columns()) {
+            const QVariant value = record->value(column.name);
+            QVERIFY2(column.kind == KMySQL::ColumnKind::Text       ? value.toString().isEmpty()
+                         : column.kind == KMySQL::ColumnKind::Date ? !value.toDateTime().isValid()
+                                                                   : value.toDouble() == 0,
+                     qPrintable(column.name));
+        }
+    }
+
+    void liveObjectsAreCounted()
+    {
+        const int brands = CTblCarBrands::liveCount();
+        const int models = CTblCarModels::liveCount();
+        const int classes = CTblCarClasses::liveCount();
+        {
+            const CTblCarBrands brand;
+            const CTblCarModels model;
+            const CTblCarClasses one;
+            const CTblCarClasses other;
+            QCOMPARE(CTblCarBrands::liveCount(), brands + 1);
+            QCOMPARE(CTblCarModels::liveCount(), models + 1);
+            QCOMPARE(CTblCarClasses::liveCount(), classes + 2);
+        }
+        QCOMPARE(CTblCarClasses::liveCount(), classes);
+    }
+
+    void deletingABrandWithoutModelsDeletesOnlyTheBrandRow()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        const int other = addBrand(QStringLiteral("B"));
+        addClass(addModel(other, QStringLiteral("b1")), QStringLiteral("b1x"));
+        CTblCarBrands record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(record.Delete());
+        QCOMPARE(left("CarBrands"), QStringLiteral("B"));
+        QCOMPARE(left("CarModels"), QStringLiteral("b1"));
+        QCOMPARE(left("CarClasses"), QStringLiteral("b1x"));
+    }
+
+    void deletingABrandWhoseModelsAllHaveClassesDeletesTheBrandItsModelsAndTheirClasses()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        const int one = addModel(brand, QStringLiteral("a1"));
+        const int two = addModel(brand, QStringLiteral("a2"));
+        addClass(one, QStringLiteral("a1x"));
+        addClass(one, QStringLiteral("a1y"));
+        addClass(two, QStringLiteral("a2x"));
+        const int other = addBrand(QStringLiteral("B"));
+        addClass(addModel(other, QStringLiteral("b1")), QStringLiteral("b1x"));
+        CTblCarBrands record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(record.Delete());
+        QCOMPARE(left("CarBrands"), QStringLiteral("B"));
+        QCOMPARE(left("CarModels"), QStringLiteral("b1"));
+        QCOMPARE(left("CarClasses"), QStringLiteral("b1x"));
+    }
+
+    void deletingABrandThatHasAModelWithoutClassesLeavesThatModelInTheTable()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        addClass(addModel(brand, QStringLiteral("a1")), QStringLiteral("a1x"));
+        addModel(brand, QStringLiteral("a2"));
+        CTblCarBrands record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(record.Delete());
+        QCOMPARE(left("CarBrands"), QString());
+        QCOMPARE(left("CarModels"), QStringLiteral("a2"));
+        QCOMPARE(left("CarClasses"), QString());
+    }
+
+    void deletingAModelDeletesTheModelRowEvenWhenItHasNoClass()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        const int model = addModel(brand, QStringLiteral("a1"));
+        addClass(addModel(brand, QStringLiteral("a2")), QStringLiteral("a2x"));
+        CTblCarModels record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), model));
+        QVERIFY(record.Delete());
+        QCOMPARE(left("CarBrands"), QStringLiteral("A"));
+        QCOMPARE(left("CarModels"), QStringLiteral("a2"));
+        QCOMPARE(left("CarClasses"), QStringLiteral("a2x"));
+    }
+
+    void deletingAModelTakesItsClassesAlong()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        const int model = addModel(brand, QStringLiteral("a1"));
+        addClass(model, QStringLiteral("a1x"));
+        addClass(model, QStringLiteral("a1y"));
+        addClass(addModel(brand, QStringLiteral("a2")), QStringLiteral("a2x"));
+        CTblCarModels record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), model));
+        QVERIFY(record.Delete());
+        QCOMPARE(left("CarModels"), QStringLiteral("a2"));
+        QCOMPARE(left("CarClasses"), QStringLiteral("a2x"));
+    }
+
+    void deletingAClassRemovesOnlyItsOwnRow()
+    {
+        const int model = addModel(addBrand(QStringLiteral("A")), QStringLiteral("a1"));
+        const int carClass = addClass(model, QStringLiteral("a1x"));
+        addClass(model, QStringLiteral("a1y"));
+        CTblCarClasses record;
+        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), carClass));
+        const ObservedStatements observed({QStringLiteral("DELETE")});
+        QVERIFY(record.Delete());
+        QCOMPARE(observed.taken().size(), 1);
+        QCOMPARE(left("CarClasses"), QStringLiteral("a1y"));
+        QCOMPARE(left("CarModels"), QStringLiteral("a1"));
+    }
+
+    void theJoinedDeletionsAreToTheLetter()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        const int model = addModel(brand, QStringLiteral("a1"));
+        CTblCarModels models;
+        QVERIFY(models.IsRecordExist(QStringLiteral("iID"), model));
+        CTblCarBrands brands;
+        QVERIFY(brands.IsRecordExist(QStringLiteral("iID"), brand));
+        const ObservedStatements observed({QStringLiteral("DELETE")});
+        QVERIFY(models.Delete());
+        QVERIFY(brands.Delete());
+        const QStringList taken = observed.taken();
+        QCOMPARE(taken.size(), 4);
+        QCOMPARE(taken[0], QStringLiteral("DELETE cm, cc FROM CarModels cm INNER JOIN CarClasses cc\tWHERE cc.iBrandID=cm.iID AND cc.iBrandID=%1").arg(model));
+        QVERIFY(taken[1].startsWith(QStringLiteral("DELETE FROM CarModels WHERE iID=%1").arg(model)));
+        QCOMPARE(taken[2], QStringLiteral("DELETE cm, cb, cc FROM CarModels cm INNER JOIN CarBrands cb INNER JOIN CarClasses cc WHERE cc.iBrandID=cm.iID AND cb.iID=cm.iClassID AND cm.iClassID=%1").arg(brand));
+        QVERIFY(taken[3].startsWith(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(brand)));
+    }
+
+    void anErrorOfTheJoinedDeletionLeavesTheRow()
+    {
+        const int brand = addBrand(QStringLiteral("A"));
+        const int model = addModel(brand, QStringLiteral("a1"));
+        CTblCarBrands brands;
+        QVERIFY(brands.IsRecordExist(QStringLiteral("iID"), brand));
+        CTblCarModels models;
+        QVERIFY(models.IsRecordExist(QStringLiteral("iID"), model));
+        m_database.run(QStringLiteral("RENAME TABLE CarClasses TO CarClassesAway"));
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, brands.Delete());
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, models.Delete());
+        QCOMPARE(left("CarBrands"), QStringLiteral("A"));
+        QCOMPARE(left("CarModels"), QStringLiteral("a1"));
+    }
+
+    void withoutARowNothingIsDeleted()
+    {
+        addClass(addModel(0, QStringLiteral("orphan")), QStringLiteral("x"));
+        CTblCarBrands brands;
+        CTblCarModels models;
+        const ObservedStatements observed({QStringLiteral("DELETE")});
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, brands.Delete());
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, models.Delete());
+        QCOMPARE(observed.taken(), QStringList());
+    }
+
+    void theBrandComboBoxListsBrandsInKeyOrderNotByNameAndHasNoSelectionAfterwards()
+    {
+        const int second = addBrand(QStringLiteral("Z"));
+        const int third = addBrand(QStringLiteral("A"));
+        QComboBox combo;
+        combo.addItem(QStringLiteral("before"));
+        QCOMPARE(CTblCarBrands::FillComboBox(&combo), 1);
+        QCOMPARE(texts(combo), (QStringList{QStringLiteral("Z"), QStringLiteral("A")}));
+        QCOMPARE(combo.itemData(0).toInt(), second);
+        QCOMPARE(combo.itemData(1).toInt(), third);
+        QCOMPARE(combo.currentIndex(), -1);
+    }
+
+    void theClassComboBoxForAModelWithoutClassesIsEmpty()
+    {
+        const int model = addModel(addBrand(QStringLiteral("A")), QStringLiteral("a1"));
+        addClass(model + 1, QStringLiteral("of another"));
+        QComboBox combo;
+        combo.addItem(QStringLiteral("before"));
+        QCOMPARE(CTblCarClasses::FillComboBox(&combo, model, 3), 1);
+        QCOMPARE(combo.count(), 0);
+    }
+
+    void theClassComboBoxStandsOnTheAskedClass_data()
+    {
+        QTest::addColumn<int>("asked"); // position; -1: a key that no class has
+        QTest::addColumn<int>("index");
+        QTest::newRow("the first") << 0 << 0;
+        QTest::newRow("the second") << 1 << 1;
+        QTest::newRow("of another model") << 2 << -1;
+        QTest::newRow("none") << -1 << -1;
+    }
+
+    void theClassComboBoxStandsOnTheAskedClass()
+    {
+        QFETCH(int, asked);
+        const int brand = addBrand(QStringLiteral("A"));
+        const int model = addModel(brand, QStringLiteral("a1"));
+        const QList<int> keys{addClass(model, QStringLiteral("z")), addClass(model, QStringLiteral("a")),
+                              addClass(addModel(brand, QStringLiteral("a2")), QStringLiteral("other"))};
+        QComboBox combo;
+        QCOMPARE(CTblCarClasses::FillComboBox(&combo, model, keys.value(asked, 0)), 1);
+        QCOMPARE(texts(combo), (QStringList{QStringLiteral("z"), QStringLiteral("a")}));
+        QCOMPARE(combo.itemData(1).toInt(), keys[1]);
+        QTEST(combo.currentIndex(), "index");
+    }
+};
+
+QTEST_MAIN(TestCatalogRecords)
+#include "TestCatalogRecords.moc"
