@@ -71,6 +71,25 @@ QString plainNumber(const QString &text)
     return plain;
 }
 
+// The usual case by itself, as lists hold it: ASCII digits with commas between, few enough to be exact.
+bool readWholeNumber(QStringView text, double *amount)
+{
+    constexpr qsizetype mostCharacters = 19; // fifteen digits in groups of three
+    if (text.isEmpty() || text.size() > mostCharacters || text.front() == u',')
+        return false;
+    qint64 number = 0;
+    int digits = 0;
+    for (const QChar c : text) {
+        if (c == u',')
+            continue;
+        if (c < u'0' || c > u'9' || ++digits > 15)
+            return false;
+        number = 10 * number + (c.unicode() - u'0');
+    }
+    *amount = static_cast<double>(number);
+    return true;
+}
+
 }
 
 bool IsEquals(double first, double second)
@@ -100,6 +119,8 @@ QString DToMoney(double amount, int decimals)
 
 bool parseMoney(QStringView text, double *amount)
 {
+    if (readWholeNumber(text, amount))
+        return true;
     const QString plain = plainNumber(toAsciiDigits(text.trimmed().toString()));
     bool ok = false;
     const double value = plain.toDouble(&ok);
