@@ -37,16 +37,16 @@ QString javaProgram()
         "تهیه این فایل به جاوا نیاز دارد که روی این رایانه پیدا نشد. لطفا بسته default-jre-headless را نصب نمایید."));
 }
 
-// The helper reads file names as the environment's locale says, so that must know all letters; and it lives shortly, so that
-// starting quickly counts more than running fast.
+// The helper reads file names as the environment's locale says, so that must know all letters. It lives shortly and holds
+// little at a time: the simple collector starts soonest.
 void prepare(QProcess &helper, const QString &java, const QString &jar)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     helper.setProcessEnvironment(environment);
     helper.setProgram(java);
-    helper.setArguments({QStringLiteral("-XX:+UseSerialGC"), QStringLiteral("-XX:TieredStopAtLevel=1"),
-                         QStringLiteral("-Xshare:auto"), QStringLiteral("-Xmx96m"), QStringLiteral("-jar"), jar});
+    helper.setArguments({QStringLiteral("-XX:+UseSerialGC"), QStringLiteral("-Xshare:auto"), QStringLiteral("-Xmx96m"),
+                         QStringLiteral("-jar"), jar});
 }
 
 struct Trouble

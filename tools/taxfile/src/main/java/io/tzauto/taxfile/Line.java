@@ -15,10 +15,13 @@ final class Line {
 
     static List<String> parse(String text) throws Refusal {
         List<String> words = new ArrayList<>(32);
+        // Hardly any line has one; looked for once, not in every word.
+        boolean escaped = text.indexOf('\\') >= 0;
         int from = 0;
         while (true) {
             int to = text.indexOf('\t', from);
-            words.add(unescape(text, from, to < 0 ? text.length() : to));
+            int end = to < 0 ? text.length() : to;
+            words.add(escaped ? unescape(text.substring(from, end)) : text.substring(from, end));
             if (to < 0) {
                 return words;
             }
@@ -37,19 +40,19 @@ final class Line {
         return line.toString();
     }
 
-    private static String unescape(String text, int from, int to) throws Refusal {
-        int escape = text.indexOf('\\', from);
-        if (escape < 0 || escape >= to) {
-            return text.substring(from, to);
+    private static String unescape(String text) throws Refusal {
+        int escape = text.indexOf('\\');
+        if (escape < 0) {
+            return text;
         }
-        if (to - from == 2 && text.charAt(from + 1) == 'N') {
+        if (text.equals("\\N")) {
             return null;
         }
-        StringBuilder word = new StringBuilder(to - from);
-        int at = from;
-        while (escape >= 0 && escape < to) {
+        StringBuilder word = new StringBuilder(text.length());
+        int at = 0;
+        while (escape >= 0) {
             word.append(text, at, escape);
-            if (escape + 1 == to) {
+            if (escape + 1 == text.length()) {
                 throw new Refusal(Refusal.INPUT, "bad-input", "a word ends in a backslash");
             }
             switch (text.charAt(escape + 1)) {
@@ -62,7 +65,7 @@ final class Line {
             at = escape + 2;
             escape = text.indexOf('\\', at);
         }
-        return word.append(text, at, to).toString();
+        return word.append(text, at, text.length()).toString();
     }
 
     private static void escape(String word, StringBuilder line) {

@@ -79,6 +79,9 @@ final class Values {
         if (text.length() > 64) {
             throw new NumberFormatException("a number of that length");
         }
+        if (type == DataType.LONG) {
+            return Integer.valueOf(text);
+        }
         BigDecimal number = new BigDecimal(text);
         // An exponent could ask for more digits than there is memory.
         if (number.signum() != 0 && Math.abs((long) number.precision() - number.scale()) > 64) {
@@ -93,7 +96,6 @@ final class Values {
                 return (byte) value;
             }
             case INT: return number.shortValueExact();
-            case LONG: return number.intValueExact();
             case FLOAT: return number.floatValue();
             case DOUBLE: return number.doubleValue();
             case MONEY: return number.setScale(4, RoundingMode.UNNECESSARY);
