@@ -92,17 +92,13 @@ QAction *MainWindow::makeAction(const Command &command)
 {
     auto *action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(command.icon)), command.text, this);
     action->setShortcut(command.shortcut);
-    QString hindrance;
-    if (!command.run)
-        hindrance = QStringLiteral("«%1» در نسخه‌های بعدی برنامه می‌آید.").arg(command.text);
-    else if ((command.options & Command::NeedsModule) && !m_module)
-        hindrance = QStringLiteral("افزونه گالری اتومبیل بارگذاری نشده است.");
-    else
-        connect(action, &QAction::triggered, this, command.run);
-    if (!hindrance.isEmpty()) {
+    if ((command.options & Command::NeedsModule) && !m_module) {
+        const QString hindrance = QStringLiteral("افزونه گالری اتومبیل بارگذاری نشده است.");
         action->setEnabled(false);
         action->setToolTip(hindrance);
         action->setStatusTip(hindrance);
+    } else {
+        connect(action, &QAction::triggered, this, command.run);
     }
     return action;
 }
@@ -127,6 +123,7 @@ void MainWindow::buildMenus()
     const auto contracts = [this] { m_module->ShowAutomobilContractDlg(); };
     const auto demands = [this] { m_module->ShowAutomobilDemandsDlg(); };
     const auto cars = [this] { m_module->ShowAutomobilInformationsDlg(); };
+    const auto seasons = [this] { m_module->ShowAutomobilReportSeasonsDlg(); };
     const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
     const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
     const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
@@ -139,7 +136,8 @@ void MainWindow::buildMenus()
                  Command::OnStartPage | Command::NeedsModule},
                 {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), cars, control(Qt::Key_7),
                  Command::OnStartPage | Command::NeedsModule},
-                {QStringLiteral("گزارش فصلي"), QStringLiteral("receipt"), {}},
+                {QStringLiteral("گزارش فصلي"), QStringLiteral("money"), seasons, control(Qt::Key_9),
+                 Command::OnStartPage | Command::NeedsModule},
             });
     addMenu(QStringLiteral("اشخاص و اسناد"),
             {
@@ -148,7 +146,7 @@ void MainWindow::buildMenus()
                 {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"), [this] { openOnce<CDlgDocuments>(); },
                  control(Qt::Key_3), Command::OnStartPage},
                 {QStringLiteral("فاکتورها"), QStringLiteral("receipt"), [this] { openOnce<CDlgFactors>(); },
-                 control(Qt::Key_6), Command::OnStartPage},
+                 control(Qt::Key_8), Command::OnStartPage},
                 {QStringLiteral("خدمات"), QStringLiteral("edit"), [this] { openOnce<CDlgServices>(); }, {}, Command::StartsGroup},
                 {QStringLiteral("سرفصل حساب‌ها"), QStringLiteral("database"),
                  [this] { openOnce<CDlgChartOfAccounts>(); }},
