@@ -369,12 +369,17 @@ TaxParty SeasonalGathering::partyOf(const CompanyDetails &company)
     TaxParty party;
     party.natural = company.kind == CompanyDetails::kindNatural;
     party.postalCode = company.postalCode;
+    party.areaCode = company.areaCode;
     party.telephone = company.telephone;
     party.address = company.address;
     party.name = company.name1;
     party.family = company.name2;
     party.economicCode = company.economicCode;
     party.nationalCode = company.nationalCode;
+    party.kindCode = company.taxKind.toInt();
+    party.zone = company.taxZone.toInt();
+    party.provinceCode = company.provinceCode.toInt();
+    party.cityCode = company.cityCode.toInt();
     return party;
 }
 

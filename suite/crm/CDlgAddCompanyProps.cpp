@@ -39,9 +39,14 @@ constexpr std::array fields{
     Field{u"موبایل :", &CompanyDetails::mobile, 20, 4, 0, 1},
     Field{u"تلفن :", &CompanyDetails::telephone, 50, 5, 0, 1},
     Field{u"کد پستی :", &CompanyDetails::postalCode, 20, 5, 2, 1},
-    Field{u"استان :", &CompanyDetails::province, 50, 6, 0, 1},
-    Field{u"شهر :", &CompanyDetails::city, 50, 6, 2, 1},
-    Field{u"آدرس :", &CompanyDetails::address, 250, 7, 0, 3},
+    Field{u"پیش شماره تلفن :", &CompanyDetails::areaCode, 8, 6, 0, 1},
+    Field{u"کد نوع مودی :", &CompanyDetails::taxKind, 1, 6, 2, 1},
+    Field{u"استان :", &CompanyDetails::province, 50, 7, 0, 1},
+    Field{u"شهر :", &CompanyDetails::city, 50, 7, 2, 1},
+    Field{u"کد استان :", &CompanyDetails::provinceCode, 4, 8, 0, 1},
+    Field{u"کد شهر :", &CompanyDetails::cityCode, 6, 8, 2, 1},
+    Field{u"حوزه مالیاتی :", &CompanyDetails::taxZone, 9, 9, 0, 1},
+    Field{u"آدرس :", &CompanyDetails::address, 250, 10, 0, 3},
 };
 
 constexpr std::array kinds{CompanyDetails::kindNatural, CompanyDetails::kindLegal};

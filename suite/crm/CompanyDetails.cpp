@@ -30,6 +30,11 @@ constexpr std::array parts{
     Part{u"city", &CompanyDetails::city},
     Part{u"address", &CompanyDetails::address},
     Part{u"postalCode", &CompanyDetails::postalCode},
+    Part{u"areaCode", &CompanyDetails::areaCode},
+    Part{u"taxKind", &CompanyDetails::taxKind},
+    Part{u"taxZone", &CompanyDetails::taxZone},
+    Part{u"provinceCode", &CompanyDetails::provinceCode},
+    Part{u"cityCode", &CompanyDetails::cityCode},
 };
 
 QString section()

@@ -27,6 +27,12 @@ struct TZCRM_EXPORT CompanyDetails
     QString city;
     QString address;
     QString postalCode;
+    QString areaCode; // of the telephone
+    // Numbers of the tax authority, as typed.
+    QString taxKind; // 5 to 8
+    QString taxZone;
+    QString provinceCode;
+    QString cityCode;
 
     static CompanyDetails read(int database = 0);
     // Writes every part, all or none.

@@ -232,7 +232,7 @@ void TestMainWindow::startPageHasTheCommandsOfADay()
         QCOMPARE(button->accessibleName(), button->text());
         captions.append(button->text());
     }
-    QCOMPARE(captions.size(), 8);
+    QCOMPARE(captions.size(), 10);
     QCOMPARE(captions.constFirst(), QStringLiteral("قرارداد"));
     QVERIFY(buttons.constFirst()->hasFocus());
     QTest::keyClick(buttons.constFirst(), Qt::Key_Space);

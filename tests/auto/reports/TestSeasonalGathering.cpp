@@ -215,6 +215,11 @@ private Q_SLOTS:
         asked.company.economicCode = QStringLiteral("411");
         asked.company.nationalCode = QStringLiteral("222");
         asked.company.telephone = QStringLiteral("333");
+        asked.company.areaCode = QStringLiteral("021");
+        asked.company.taxKind = QStringLiteral("6");
+        asked.company.taxZone = QStringLiteral("77");
+        asked.company.provinceCode = QStringLiteral("23");
+        asked.company.cityCode = QStringLiteral("1");
         const Gathered all = gathered(asked);
         for (const SeasonalRow &row : all.rows) {
             QCOMPARE(row.party->personID, 0);
@@ -226,6 +231,11 @@ private Q_SLOTS:
             QCOMPARE(row.text(SeasonalRow::EconomicCode), QStringLiteral("411"));
             QCOMPARE(row.text(SeasonalRow::NationalCode), QStringLiteral("222"));
             QCOMPARE(row.text(SeasonalRow::Telephone), QStringLiteral("333"));
+            QCOMPARE(row.text(SeasonalRow::AreaCode), QStringLiteral("021"));
+            QCOMPARE(row.text(SeasonalRow::PartyKind), QStringLiteral("6"));
+            QCOMPARE(row.text(SeasonalRow::Zone), QStringLiteral("77"));
+            QCOMPARE(row.text(SeasonalRow::ProvinceCode), QStringLiteral("23"));
+            QCOMPARE(row.text(SeasonalRow::CityCode), QStringLiteral("1"));
         }
         QCOMPARE(all.rows.size(), 2);
     }

@@ -43,6 +43,11 @@ CompanyDetails TestCompanyDetails::sample()
     details.city = QStringLiteral("ری");
     details.address = QStringLiteral("خیابان آزادی، پلاک 1");
     details.postalCode = QStringLiteral("1234567890");
+    details.areaCode = QStringLiteral("021");
+    details.taxKind = QStringLiteral("6");
+    details.taxZone = QStringLiteral("2107");
+    details.provinceCode = QStringLiteral("23");
+    details.cityCode = QStringLiteral("1");
     return details;
 }
 
@@ -63,7 +68,7 @@ void TestCompanyDetails::partsAreInTheSectionCompanyUnderTheirNames()
 {
     sample().write();
     const QHash<QString, QString> stored = CTblProperties::DBReadSection(QStringLiteral("Company"));
-    QCOMPARE(stored.size(), 13);
+    QCOMPARE(stored.size(), 18);
     QCOMPARE(stored.value(QStringLiteral("name1")), QStringLiteral("نمایشگاه اتومبیل"));
     QCOMPARE(stored.value(QStringLiteral("name2")), QStringLiteral("البرز"));
     QCOMPARE(stored.value(QStringLiteral("telephone")), QStringLiteral("02188776655"));
