@@ -132,6 +132,12 @@ void CDlgAddFactor::build()
     column->addWidget(buildFigures());
     column->addWidget(buildFoot());
     tabInLayoutOrder(this);
+    // The discount first: the levies follow from it.
+    QWidget *before = m_sum;
+    for (KEdit *edit : {m_discount, m_taxPercent, m_tax, m_dutyPercent, m_duty, m_total}) {
+        setTabOrder(before, edit);
+        before = edit;
+    }
 }
 
 QWidget *CDlgAddFactor::buildHead()
@@ -259,7 +265,7 @@ void CDlgAddFactor::load(const Invoice &invoice)
         lines.append(m_lines->emptyLine());
     m_lines->setLines(lines);
 
-    if (m_num == 0) {
+    if (m_num == 0 && invoice.lines.isEmpty()) {
         const LevyRates rates = LevyRates::load();
         m_figures.setTaxPercent(rates.tax);
         m_figures.setDutyPercent(rates.duty);

@@ -9,6 +9,7 @@
 #include "suite/accounting/AccountLedger.h"
 #include "suite/accounting/CDlgAccountDocs.h"
 #include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KDateEdit.h"
@@ -121,7 +122,7 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     // Always there, so that the columns keep their place when accounts are opened and closed.
     m_tree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_tree->installEventFilter(this);
-    connect(m_tree, &QTreeView::doubleClicked, this, &CDlgChartOfAccounts::showDocuments);
+    connect(m_tree, &QTreeView::doubleClicked, this, [this] { guarded(&CDlgChartOfAccounts::showDocuments); });
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &CDlgChartOfAccounts::updateCommands);
 
     auto *layout = new QVBoxLayout(this);
@@ -164,7 +165,7 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     row->addWidget(m_inactive);
     row->addStretch(1);
     row->addWidget(search);
-    connect(search, &QPushButton::clicked, this, &CDlgChartOfAccounts::refill);
+    connect(search, &QPushButton::clicked, this, [this] { guarded(&CDlgChartOfAccounts::refill); });
     for (QLineEdit *edit : {static_cast<QLineEdit *>(m_text), static_cast<QLineEdit *>(m_from), static_cast<QLineEdit *>(m_to)})
         connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
     auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
@@ -180,7 +181,7 @@ QPushButton *CDlgChartOfAccounts::addCommand(QHBoxLayout *row, const QString &ca
     auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, row->parentWidget());
     button->setAccessibleName(caption);
     button->setAutoDefault(true);
-    connect(button, &QPushButton::clicked, this, run);
+    connect(button, &QPushButton::clicked, this, [this, run] { guarded(run); });
     if (!shortcut.isEmpty()) {
         auto *key = new QShortcut(shortcut, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
         connect(key, &QShortcut::activated, button, [button] {
@@ -225,7 +226,7 @@ void CDlgChartOfAccounts::showEvent(QShowEvent *event)
     if (m_opened)
         return;
     m_opened = true;
-    refill();
+    guarded(&CDlgChartOfAccounts::refill);
     m_tree->setFocus(Qt::OtherFocusReason);
 }
 
@@ -241,11 +242,20 @@ bool CDlgChartOfAccounts::eventFilter(QObject *watched, QEvent *event)
         const auto *key = static_cast<QKeyEvent *>(event);
         const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
         if (isEnter && (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && currentCode() != 0) {
-            showDocuments();
+            guarded(&CDlgChartOfAccounts::showDocuments);
             return true;
         }
     }
     return KDialogTabPage::eventFilter(watched, event);
+}
+
+void CDlgChartOfAccounts::guarded(void (CDlgChartOfAccounts::*command)())
+{
+    try {
+        (this->*command)();
+    } catch (...) {
+        KErrorBoundary::report(std::current_exception(), this);
+    }
 }
 
 void CDlgChartOfAccounts::refill()

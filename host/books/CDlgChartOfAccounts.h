@@ -62,6 +62,8 @@ private:
     QWidget *buildCommands();
     QPushButton *addCommand(QHBoxLayout *row, const QString &caption, const QString &icon, const QKeySequence &shortcut,
                             void (CDlgChartOfAccounts::*run)(), bool changes);
+    // Runs a command; an error that it lets through is reported once and the page stays as it is.
+    void guarded(void (CDlgChartOfAccounts::*command)());
     void showRows();
     void fitColumns();
     void updateCommands();

@@ -141,6 +141,8 @@ private:
         combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
         combo->completer()->setFilterMode(Qt::MatchContains);
         combo->lineEdit()->setAccessibleName(column.title);
+        // At the cell's side also while it is empty.
+        combo->lineEdit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
         return combo;
     }
 

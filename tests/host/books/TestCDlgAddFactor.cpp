@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgAddFactor.h"
+
+#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/DocumentRowsPane.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KLinesView.h"
+#include "tests/host/books/BooksOffice.h"
+#include "tests/suite/crm/Hand.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QSet>
+#include <QTest>
+
+class TestCDlgAddFactor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void newInvoiceTakesTheOfficesRates();
+    void totalsFollowWhatIsTyped();
+    void typedTaxStays();
+    void wholeInvoiceIsEnteredByKeyboard();
+    void savedInvoiceIsShownAgain();
+    void refusals_data();
+    void refusals();
+    void serviceThatIsNotInTheListIsRefused();
+    void entryThatIsNoDateIsRefused();
+    void refusalOfTheBooksKeepsWhatWasTyped();
+    void changeIsSaved();
+    void cancelSavesNothing();
+    void returnedInvoiceIsMarked();
+    void showOnlyTakesNothing();
+    void documentIsShown();
+    void everyControlHasANameOfItsOwn();
+
+private:
+    static KLinesModel *lines(const CDlgAddFactor &window) { return window.linesView()->linesModel(); }
+    static KEdit *figure(const CDlgAddFactor &window, const QString &name) { return HostTestOffice::named<KEdit>(window, name); }
+    static void enter(const CDlgAddFactor &window, int row, int column, const QVariant &value)
+    {
+        lines(window)->setData(lines(window)->index(row, column), value);
+    }
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+
+    BooksOffice m_office;
+};
+
+namespace {
+
+enum Column {
+    Service,
+    Desc,
+    Count,
+    Price,
+    Amount
+};
+
+const QString tax = QStringLiteral("مالیات :");
+const QString taxPercent = QStringLiteral("درصد مالیات :");
+const QString duty = QStringLiteral("عوارض :");
+const QString discount = QStringLiteral("تخفیف :");
+const QString sum = QStringLiteral("جمع ردیف‌ها :");
+const QString total = QStringLiteral("قابل پرداخت :");
+
+}
+
+void TestCDlgAddFactor::init()
+{
+    m_office.open();
+}
+
+void TestCDlgAddFactor::newInvoiceTakesTheOfficesRates()
+{
+    CDlgAddFactor window(Invoice{}, false);
+    QCOMPARE(window.windowTitle(), QStringLiteral("فاکتور فروش جدید"));
+    QCOMPARE(figure(window, taxPercent)->number(), 6.0);
+    QCOMPARE(figure(window, QStringLiteral("درصد عوارض :"))->number(), 4.0);
+    QVERIFY(HostTestOffice::named<KDateEdit>(window, QStringLiteral("تاریخ :"))->date().isValid());
+    enter(window, 0, Count, 2.0);
+    enter(window, 0, Price, 500.0);
+    QCOMPARE(figure(window, sum)->number(), 1000.0);
+    QCOMPARE(figure(window, tax)->number(), 60.0);
+    QCOMPARE(figure(window, duty)->number(), 40.0);
+    QCOMPARE(figure(window, total)->number(), 1100.0);
+}
+
+void TestCDlgAddFactor::totalsFollowWhatIsTyped()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    figure(window, discount)->setText(QStringLiteral("500"));
+    QCOMPARE(figure(window, tax)->number(), 30.0);
+    QCOMPARE(figure(window, total)->number(), 550.0);
+    figure(window, taxPercent)->setText(QStringLiteral("9"));
+    QCOMPARE(figure(window, tax)->number(), 45.0);
+    lines(window)->removeLine(1);
+    QCOMPARE(figure(window, sum)->number(), 800.0);
+    QCOMPARE(figure(window, tax)->number(), 27.0);
+}
+
+void TestCDlgAddFactor::typedTaxStays()
+{
+    CDlgAddFactor window(Invoice{}, false);
+    enter(window, 0, Count, 1.0);
+    enter(window, 0, Price, 1000.0);
+    figure(window, tax)->setText(QStringLiteral("85"));
+    QCOMPARE(figure(window, taxPercent)->number(), 8.5);
+    enter(window, 0, Price, 2000.0);
+    QCOMPARE(figure(window, tax)->number(), 85.0);
+    QCOMPARE(figure(window, taxPercent)->number(), 4.25);
+    QCOMPARE(figure(window, total)->number(), 2165.0);
+}
+
+// Without a mouse, from the person to OK; the person is picked in the window that F4 opens.
+void TestCDlgAddFactor::wholeInvoiceIsEnteredByKeyboard()
+{
+    CDlgAddFactor window(Invoice{}, false);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(window.findChild<KPersonField *>()->isAncestorOf(Hand::focus()));
+    window.findChild<KPersonField *>()->setPersonID(BooksOffice::ali);
+    Hand::press(Qt::Key_Return);
+    HostTestOffice::named<KDateEdit>(window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(2, 3).date());
+    for (int steps = 0; !window.linesView()->hasFocus() && steps < 6; ++steps)
+        Hand::press(Qt::Key_Return);
+    QVERIFY(window.linesView()->hasFocus());
+    const auto type = [](const QString &text) {
+        Hand::type(text);
+        if (QWidget *popup = QApplication::activePopupWidget())
+            popup->hide();
+        Hand::press(Qt::Key_Return);
+    };
+    type(QStringLiteral("101"));
+    type(QString());
+    type(QStringLiteral("2"));
+    type(QStringLiteral("400"));
+    // Past the service: Enter on an empty last line would leave the grid.
+    Hand::press(Qt::Key_Left);
+    type(QStringLiteral("کرایه"));
+    type(QStringLiteral("1"));
+    type(QStringLiteral("200"));
+    // Out of the grid through its empty last line, over the figures.
+    Hand::press(Qt::Key_Return);
+    QCOMPARE(Hand::focus()->accessibleName(), discount);
+    Hand::type(QStringLiteral("100"));
+    Hand::press(Qt::Key_Return);
+    QCOMPARE(Hand::focus()->accessibleName(), taxPercent);
+    Hand::press(Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    QVERIFY(!window.isVisible());
+    QCOMPARE(value("SELECT CONCAT_WS('/',iPersonID,DATE(date),dAmount,dDiscount,dTax,dImposition) FROM Factors"),
+             QStringLiteral("1/%1/1000/100/54/36").arg(BooksOffice::day(2, 3).date().toString(Qt::ISODate)));
+    QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iServiceID,IFNULL(sDesc,''),dAmount) ORDER BY iID SEPARATOR ' ') FROM "
+                   "FactorStuffs"),
+             QStringLiteral("%1//800 0/کرایه/200").arg(m_office.inspection));
+}
+
+void TestCDlgAddFactor::savedInvoiceIsShownAgain()
+{
+    const int num = InvoicePosting::save(m_office.invoice(CTblFactors::purchase, BooksOffice::pars)).num;
+    CDlgAddFactor window(InvoicePosting::load(num), false);
+    QCOMPARE(window.windowTitle(), QStringLiteral("فاکتور خرید شماره 1"));
+    QCOMPARE(window.findChild<KPersonField *>()->name(), QStringLiteral("پارس خودرو"));
+    QCOMPARE(lines(window)->index(0, Service).data().toString(), QStringLiteral("101 کارشناسی خودرو"));
+    QCOMPARE(lines(window)->index(0, Amount).data().toString(), QStringLiteral("800"));
+    QCOMPARE(figure(window, taxPercent)->number(), 6.0);
+    QCOMPARE(figure(window, total)->number(), 990.0);
+    const Invoice shown = window.invoice();
+    QCOMPARE(shown.lines, m_office.invoice().lines);
+    QCOMPARE(shown.type, int(CTblFactors::purchase));
+}
+
+void TestCDlgAddFactor::refusals_data()
+{
+    QTest::addColumn<std::function<void(Invoice &)>>("spoil");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("focus");
+    QTest::addColumn<QPoint>("cell"); // row and column, where the grid has the focus
+    const auto row = [](const char *name, const std::function<void(Invoice &)> &spoil, const QString &message,
+                        const QString &focus, QPoint cell = {}) { QTest::newRow(name) << spoil << message << focus << cell; };
+    const QString grid = QStringLiteral("ردیف‌های فاکتور");
+    row(
+        "nobody", [](Invoice &i) { i.personID = 0; }, QStringLiteral("لطفا شخص را انتخاب نمایید."), QStringLiteral("شخص :"));
+    row("no lines", [](Invoice &i) { i.lines.clear(); }, QStringLiteral("لطفا دست‌کم یک ردیف وارد نمایید."), grid, {0, Service});
+    row("a line of nothing", [](Invoice &i) { i.lines[1].desc.clear(); },
+        QStringLiteral("لطفا خدمت یا شرح ردیف 2 را وارد نمایید."), grid, {1, Service});
+    row("no count", [](Invoice &i) { i.lines[1].count = 0; }, QStringLiteral("لطفا تعداد ردیف 2 را وارد نمایید."), grid, {1, Count});
+    row("no price", [](Invoice &i) { i.lines[0].price = 0; }, QStringLiteral("لطفا قیمت ردیف 1 را وارد نمایید."), grid, {0, Price});
+    row(
+        "discount above the sum", [](Invoice &i) { i.discount = 2000; }, QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است."), discount);
+}
+
+void TestCDlgAddFactor::refusals()
+{
+    QFETCH(std::function<void(Invoice &)>, spoil);
+    QFETCH(QString, focus);
+    QFETCH(QPoint, cell);
+    Invoice invoice = m_office.invoice();
+    invoice.num = InvoicePosting::save(invoice).num;
+    spoil(invoice);
+    CDlgAddFactor window(invoice, false);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.accept();
+    QVERIFY(window.isVisible());
+    QTEST(g_pDlgWarning->takeShown().value(0), "message");
+    QCOMPARE(Hand::focus()->accessibleName(), focus);
+    if (window.linesView()->hasFocus())
+        QCOMPARE(window.linesView()->currentIndex(), lines(window)->index(cell.x(), cell.y()));
+    QCOMPARE(value("SELECT dAmount FROM Factors"), QStringLiteral("1000"));
+}
+
+void TestCDlgAddFactor::serviceThatIsNotInTheListIsRefused()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    enter(window, 1, Service, QStringLiteral("رنگ"));
+    QVERIFY(!window.OnOK());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("خدمت «رنگ» در لیست خدمات نیست.")});
+    QCOMPARE(window.linesView()->currentIndex(), lines(window)->index(1, Service));
+    QCOMPARE(lines(window)->index(1, Service).data().toString(), QStringLiteral("رنگ"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("0"));
+}
+
+void TestCDlgAddFactor::entryThatIsNoDateIsRefused()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    auto *date = HostTestOffice::named<KDateEdit>(window, QStringLiteral("تاریخ :"));
+    date->setText(QStringLiteral("1405/13/1"));
+    QVERIFY(!window.OnOK());
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    date->setText(QString());
+    QVERIFY(!window.OnOK());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا تاریخ را وارد نمایید.")});
+}
+
+void TestCDlgAddFactor::refusalOfTheBooksKeepsWhatWasTyped()
+{
+    Invoice early = m_office.invoice();
+    early.date = BooksOffice::day(1, 1).addDays(-1);
+    CDlgAddFactor window(early, false);
+    QVERIFY(!window.OnOK());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است.")});
+    QCOMPARE(window.invoice().lines, early.lines);
+    QCOMPARE(window.num(), 0);
+}
+
+void TestCDlgAddFactor::changeIsSaved()
+{
+    const int num = InvoicePosting::save(m_office.invoice()).num;
+    CDlgAddFactor window(InvoicePosting::load(num), false);
+    enter(window, 0, Count, 3.0);
+    enter(window, 0, Service, QStringLiteral("102"));
+    QVERIFY(window.OnOK());
+    QCOMPARE(value("SELECT CONCAT_WS('/',dAmount,dTax,iDocNum) FROM Factors"), QStringLiteral("1400/78/1"));
+    QCOMPARE(value("SELECT iServiceID FROM FactorStuffs ORDER BY iID LIMIT 1"), QString::number(m_office.transfer));
+    QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=110301"), QStringLiteral("1430"));
+}
+
+void TestCDlgAddFactor::cancelSavesNothing()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    window.show();
+    window.reject();
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("0"));
+}
+
+void TestCDlgAddFactor::returnedInvoiceIsMarked()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    window.findChild<QCheckBox *>()->setChecked(true);
+    QVERIFY(window.OnOK());
+    QCOMPARE(value("SELECT GROUP_CONCAT(DISTINCT iKind) FROM FactorStuffs"), QStringLiteral("3"));
+    const CDlgAddFactor again(InvoicePosting::load(window.num()), false);
+    QVERIFY(again.findChild<QCheckBox *>()->isChecked());
+}
+
+void TestCDlgAddFactor::showOnlyTakesNothing()
+{
+    const int num = InvoicePosting::save(m_office.invoice()).num;
+    InvoicePosting::makeVoid(num);
+    CDlgAddFactor window(InvoicePosting::load(num), true);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    for (const KEdit *edit : window.findChildren<KEdit *>())
+        QVERIFY2(edit->isReadOnly(), qPrintable(edit->accessibleName()));
+    QVERIFY(lines(window)->isReadOnly());
+    QVERIFY(!window.findChild<QCheckBox *>()->isEnabled());
+    QStringList buttons;
+    for (const QPushButton *button : window.findChildren<QPushButton *>()) {
+        if (button->isVisible())
+            buttons.append(button->text());
+    }
+    QCOMPARE(buttons, (QStringList{QStringLiteral("نمایش سند"), QStringLiteral("بازگشت")}));
+    window.accept();
+    QCOMPARE(value("SELECT iStatus FROM Factors"), QStringLiteral("1"));
+}
+
+void TestCDlgAddFactor::documentIsShown()
+{
+    const int num = InvoicePosting::save(m_office.invoice()).num;
+    CDlgAddFactor window(InvoicePosting::load(num), false);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    int rows = 0;
+    Hand::inNextWindow([&rows](QDialog *dialog) {
+        if (const auto *shown = qobject_cast<CDlgShowDocument *>(dialog))
+            rows = shown->rows()->list()->count();
+        dialog->reject();
+    });
+    HostTestOffice::named<QPushButton>(window, QStringLiteral("نمایش سند"))->click();
+    QCOMPARE(rows, 5);
+}
+
+void TestCDlgAddFactor::everyControlHasANameOfItsOwn()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    QSet<QString> names;
+    for (QWidget *widget : window.findChildren<QWidget *>()) {
+        const bool isControl = qobject_cast<KEdit *>(widget) || qobject_cast<KDateEdit *>(widget)
+            || qobject_cast<QPushButton *>(widget) || qobject_cast<QCheckBox *>(widget) || qobject_cast<KLinesView *>(widget);
+        if (!isControl || qobject_cast<QLineEdit *>(widget->parentWidget()))
+            continue;
+        const auto *button = qobject_cast<QPushButton *>(widget);
+        const QString name = widget->accessibleName().isEmpty() && button ? button->text() : widget->accessibleName();
+        QVERIFY(!name.isEmpty());
+        QVERIFY2(!names.contains(name), qPrintable(name));
+        names.insert(name);
+    }
+}
+
+QTEST_MAIN(TestCDlgAddFactor)
+#include "TestCDlgAddFactor.moc"

@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgFactors.h"
+
+#include "host/books/CDlgAddFactor.h"
+#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/crm/KPersonField.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KLinesView.h"
+#include "tests/host/books/BooksOffice.h"
+#include "tests/suite/crm/Hand.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+
+class TestCDlgFactors : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void latestInvoiceStandsFirst();
+    void rowTellsTheInvoice();
+    void filters_data();
+    void filters();
+    void voidOnesAreShownOnRequest();
+    void withoutTheRightThePageIsRefused();
+    void rightsOfEachCommand_data();
+    void rightsOfEachCommand();
+    void closedDatabaseHidesTheCommands();
+    void newInvoiceIsOfItsKind_data();
+    void newInvoiceIsOfItsKind();
+    void editOpensTheSelectedOne();
+    void voidIsAskedFor();
+    void voidOneIsNeitherEditedNorVoidedAgain();
+    void showOpensReadOnly();
+    void documentOfTheSelectedOne();
+    void listGoesOnPaper();
+
+private:
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+    static void showPage(CDlgFactors &page);
+
+    BooksOffice m_office;
+};
+
+namespace {
+
+enum Column {
+    Number = 1,
+    Kind = 2,
+    Date = 3,
+    Person = 4,
+    Sum = 6,
+    Total = 10,
+    Document = 11,
+    State = 12
+};
+
+const QString edit = QStringLiteral("ویرایش");
+const QString makeVoid = QStringLiteral("ابطال");
+
+}
+
+void TestCDlgFactors::init()
+{
+    m_office.open();
+    Invoice invoice = m_office.invoice();
+    InvoicePosting::save(invoice);
+    invoice = m_office.invoice(CTblFactors::purchase, BooksOffice::pars);
+    invoice.date = BooksOffice::day(2, 20);
+    InvoicePosting::save(invoice);
+    invoice = m_office.invoice();
+    invoice.date = BooksOffice::day(3, 5);
+    InvoicePosting::makeVoid(InvoicePosting::save(invoice).num);
+}
+
+void TestCDlgFactors::showPage(CDlgFactors &page)
+{
+    page.resize(1000, 500);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+}
+
+void TestCDlgFactors::latestInvoiceStandsFirst()
+{
+    CDlgFactors page;
+    page.open();
+    QCOMPARE(page.list()->count(), 2);
+    QCOMPARE(page.list()->cellText(0, Number), QStringLiteral("2"));
+    QCOMPARE(page.list()->cellText(1, Number), QStringLiteral("1"));
+}
+
+void TestCDlgFactors::rowTellsTheInvoice()
+{
+    CDlgFactors page;
+    page.open();
+    QCOMPARE(page.list()->cellText(0, Kind), QStringLiteral("خرید"));
+    QCOMPARE(page.list()->cellText(0, Date), QStringLiteral("1405/02/20"));
+    QCOMPARE(page.list()->cellText(0, Person), QStringLiteral("پارس خودرو"));
+    QCOMPARE(page.list()->cellText(0, Sum), QStringLiteral("1,000"));
+    QCOMPARE(page.list()->cellText(0, Total), QStringLiteral("990"));
+    QCOMPARE(page.list()->cellText(0, Document), QStringLiteral("2"));
+    QCOMPARE(page.list()->cellText(0, State), QStringLiteral("معتبر"));
+    QCOMPARE(page.list()->cellText(1, Kind), QStringLiteral("فروش"));
+}
+
+void TestCDlgFactors::filters_data()
+{
+    QTest::addColumn<std::function<void(CDlgFactors &)>>("ask");
+    QTest::addColumn<QString>("numbers");
+    const auto row = [](const char *name, const std::function<void(CDlgFactors &)> &ask, const char *numbers) {
+        QTest::newRow(name) << ask << QString::fromLatin1(numbers);
+    };
+    const auto setDate = [](CDlgFactors &page, const QString &label, int month, int day) {
+        HostTestOffice::named<KDateEdit>(page, label)->setDate(BooksOffice::day(month, day).date());
+    };
+    row(
+        "nothing asked", [](CDlgFactors &) {}, "2 1");
+    row(
+        "person", [](CDlgFactors &page) { page.findChild<KPersonField *>()->setPersonID(BooksOffice::ali); }, "1");
+    row(
+        "sales", [](CDlgFactors &page) { HostTestOffice::named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(1); }, "1");
+    row(
+        "purchases", [](CDlgFactors &page) { HostTestOffice::named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(2); },
+        "2");
+    row(
+        "from its own day", [=](CDlgFactors &page) { setDate(page, QStringLiteral("از تاریخ :"), 2, 20); }, "2");
+    row(
+        "to its own day", [=](CDlgFactors &page) { setDate(page, QStringLiteral("تا تاریخ :"), 2, 20); }, "2 1");
+    row(
+        "to the day before", [=](CDlgFactors &page) { setDate(page, QStringLiteral("تا تاریخ :"), 2, 19); }, "1");
+}
+
+void TestCDlgFactors::filters()
+{
+    QFETCH(std::function<void(CDlgFactors &)>, ask);
+    CDlgFactors page;
+    page.open();
+    ask(page);
+    page.refill();
+    QStringList numbers;
+    for (int row = 0; row < page.list()->count(); ++row)
+        numbers.append(page.list()->cellText(row, Number));
+    QTEST(numbers.join(u' '), "numbers");
+}
+
+void TestCDlgFactors::voidOnesAreShownOnRequest()
+{
+    CDlgFactors page;
+    page.open();
+    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
+    page.refill();
+    QCOMPARE(page.list()->count(), 3);
+    QCOMPARE(page.list()->cellText(0, State), QStringLiteral("باطل"));
+    QVERIFY(page.list()->listModel()->rows().at(0).warning);
+}
+
+void TestCDlgFactors::withoutTheRightThePageIsRefused()
+{
+    m_office.loginClerk();
+    CDlgFactors page;
+    QVERIFY(!page.OnAccess());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Factors"), KSecurity::Access)});
+}
+
+void TestCDlgFactors::rightsOfEachCommand_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("right");
+    QTest::newRow("new sale") << QStringLiteral("فروش جدید") << int(KSecurity::Write);
+    QTest::newRow("new purchase") << QStringLiteral("خرید جدید") << int(KSecurity::Write);
+    QTest::newRow("edit") << edit << int(KSecurity::Modify);
+    QTest::newRow("void") << makeVoid << int(KSecurity::Delete);
+    QTest::newRow("show") << QStringLiteral("نمایش") << int(KSecurity::Read);
+    QTest::newRow("print") << QStringLiteral("چاپ") << int(KSecurity::PrintList);
+}
+
+void TestCDlgFactors::rightsOfEachCommand()
+{
+    QFETCH(QString, command);
+    QFETCH(int, right);
+    const int clerk = m_office.loginClerk();
+    KSecurity::setRights(clerk, QStringLiteral("Factors"), KSecurity::allRights & ~right);
+    CDlgFactors page;
+    QVERIFY(page.OnAccess());
+    page.open();
+    QVERIFY(page.runCommand(command));
+    QCOMPARE(g_pDlgWarning->takeShown(),
+             QStringList{KSecurity::refusalText(QStringLiteral("Factors"), static_cast<KSecurity::Right>(right))});
+    QCOMPARE(value("SELECT GROUP_CONCAT(iStatus ORDER BY iID) FROM Factors"), QStringLiteral("0,0,1"));
+}
+
+void TestCDlgFactors::closedDatabaseHidesTheCommands()
+{
+    GetDBSetting()->SetClosedDB(true);
+    CDlgFactors page;
+    page.open();
+    for (const QString &command : {QStringLiteral("فروش جدید"), QStringLiteral("خرید جدید"), edit, makeVoid})
+        QVERIFY2(page.button(command)->isHidden(), qPrintable(command));
+    QVERIFY(!page.button(QStringLiteral("نمایش"))->isHidden());
+}
+
+void TestCDlgFactors::newInvoiceIsOfItsKind_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("type");
+    QTest::newRow("sale") << QStringLiteral("فروش جدید") << int(CTblFactors::sale);
+    QTest::newRow("purchase") << QStringLiteral("خرید جدید") << int(CTblFactors::purchase);
+}
+
+void TestCDlgFactors::newInvoiceIsOfItsKind()
+{
+    QFETCH(QString, command);
+    QFETCH(int, type);
+    CDlgFactors page;
+    showPage(page);
+    Hand::inNextWindow([&](QDialog *dialog) {
+        auto *window = qobject_cast<CDlgAddFactor *>(dialog);
+        QVERIFY(window);
+        window->findChild<KPersonField *>()->setPersonID(BooksOffice::pars);
+        HostTestOffice::named<KDateEdit>(*window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(4, 1).date());
+        KLinesModel *lines = window->linesView()->linesModel();
+        lines->setData(lines->index(0, 0), QStringLiteral("102"));
+        lines->setData(lines->index(0, 2), 1.0);
+        lines->setData(lines->index(0, 3), 700.0);
+        window->accept();
+    });
+    QVERIFY(page.runCommand(command));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iID,iType,dAmount) FROM Factors ORDER BY iID DESC LIMIT 1"),
+             QStringLiteral("4/%1/700").arg(type));
+    QCOMPARE(page.list()->currentKey(), 4);
+    QCOMPARE(page.list()->cellText(page.list()->currentRow(), Total), QStringLiteral("770"));
+}
+
+void TestCDlgFactors::editOpensTheSelectedOne()
+{
+    CDlgFactors page;
+    showPage(page);
+    page.list()->selectKey(1);
+    Hand::inNextWindow([](QDialog *dialog) {
+        auto *window = qobject_cast<CDlgAddFactor *>(dialog);
+        QVERIFY(window);
+        QCOMPARE(window->num(), 1);
+        KLinesModel *lines = window->linesView()->linesModel();
+        lines->setData(lines->index(0, 3), 900.0);
+        window->accept();
+    });
+    Q_EMIT page.list()->rowActivated(1);
+    QCOMPARE(page.list()->cellText(1, Sum), QStringLiteral("2,000"));
+    QCOMPARE(page.list()->currentKey(), 1);
+}
+
+void TestCDlgFactors::voidIsAskedFor()
+{
+    CDlgFactors page;
+    page.open();
+    page.list()->selectKey(1);
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    page.runCommand(makeVoid);
+    QCOMPARE(page.list()->count(), 2);
+    QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(QStringLiteral("1")));
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    page.runCommand(makeVoid);
+    QCOMPARE(page.list()->count(), 1);
+    QCOMPARE(value("SELECT CONCAT_WS('/',f.iStatus,d.iStatus) FROM Factors f JOIN Documents d ON d.iNum=f.iDocNum WHERE f.iID=1"),
+             QStringLiteral("1/1"));
+}
+
+void TestCDlgFactors::voidOneIsNeitherEditedNorVoidedAgain()
+{
+    CDlgFactors page;
+    page.open();
+    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
+    page.refill();
+    page.list()->selectKey(3);
+    for (const QString &command : {edit, makeVoid}) {
+        page.runCommand(command);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فاکتور شماره 3 باطل شده است و تغییر نمی‌کند.")});
+    }
+    QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+}
+
+void TestCDlgFactors::showOpensReadOnly()
+{
+    CDlgFactors page;
+    showPage(page);
+    page.list()->selectKey(1);
+    bool readOnly = false;
+    Hand::inNextWindow([&readOnly](QDialog *dialog) {
+        const auto *window = qobject_cast<CDlgAddFactor *>(dialog);
+        readOnly = window && window->linesView()->linesModel()->isReadOnly();
+    });
+    page.runCommand(QStringLiteral("نمایش"));
+    QVERIFY(readOnly);
+}
+
+void TestCDlgFactors::documentOfTheSelectedOne()
+{
+    CDlgFactors page;
+    showPage(page);
+    page.list()->selectKey(2);
+    QString title;
+    Hand::inNextWindow([&title](QDialog *dialog) { title = dialog->windowTitle(); });
+    page.runCommand(QStringLiteral("نمایش سند"));
+    QCOMPARE(title, QStringLiteral("سند حسابداری شماره 2 سال مالی 1405"));
+}
+
+void TestCDlgFactors::listGoesOnPaper()
+{
+    CDlgFactors page;
+    showPage(page);
+    QString shown;
+    Hand::inNextWindow([&shown](QDialog *dialog) { shown = QString::fromLatin1(dialog->metaObject()->className()); });
+    page.runCommand(QStringLiteral("چاپ"));
+    QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
+}
+
+QTEST_MAIN(TestCDlgFactors)
+#include "TestCDlgFactors.moc"

@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgServices.h"
+
+#include "host/books/CDlgAddService.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "tests/host/books/BooksOffice.h"
+#include "tests/suite/crm/Hand.h"
+
+#include <QPushButton>
+#include <QTest>
+
+class TestCDlgServices : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_office.open(); }
+    void servicesStandByTheirCodes();
+    void namesAreSearched();
+    void newServiceGetsTheNextCode();
+    void refusedEntryKeepsTheWindow_data();
+    void refusedEntryKeepsTheWindow();
+    void renameKeepsTheCode();
+    void deletionIsAskedFor();
+    void serviceOnAnInvoiceStays();
+    void rightsOfEachCommand_data();
+    void rightsOfEachCommand();
+    void closedDatabaseHidesTheCommands();
+
+private:
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+    static void inEditor(const std::function<void(CDlgAddService &)> &act);
+    static KEdit *field(const CDlgAddService &window, const QString &name) { return HostTestOffice::named<KEdit>(window, name); }
+
+    BooksOffice m_office;
+};
+
+namespace {
+
+const QString code = QStringLiteral("کد :");
+const QString name = QStringLiteral("نام :");
+const QString addCaption = QStringLiteral("جدید");
+const QString editCaption = QStringLiteral("ویرایش");
+const QString deleteCaption = QStringLiteral("حذف");
+
+}
+
+void TestCDlgServices::inEditor(const std::function<void(CDlgAddService &)> &act)
+{
+    Hand::inNextWindow([act](QDialog *dialog) {
+        auto *window = qobject_cast<CDlgAddService *>(dialog);
+        QVERIFY(window);
+        act(*window);
+    });
+}
+
+void TestCDlgServices::servicesStandByTheirCodes()
+{
+    CTblServices::add(7, QStringLiteral("بیمه"));
+    CDlgServices page;
+    page.open();
+    QCOMPARE(page.list()->count(), 3);
+    QCOMPARE(page.list()->cellText(0, 1), QStringLiteral("7"));
+    QCOMPARE(page.list()->cellText(1, 2), QStringLiteral("کارشناسی خودرو"));
+}
+
+void TestCDlgServices::namesAreSearched()
+{
+    CDlgServices page;
+    page.open();
+    HostTestOffice::named<KEdit>(page, name)->setText(QStringLiteral("سند"));
+    page.refill();
+    QCOMPARE(page.list()->count(), 1);
+    HostTestOffice::named<KEdit>(page, name)->setText(QStringLiteral("'%"));
+    page.refill();
+    QCOMPARE(page.list()->count(), 0);
+}
+
+void TestCDlgServices::newServiceGetsTheNextCode()
+{
+    CDlgServices page;
+    page.resize(700, 400);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    inEditor([](CDlgAddService &window) {
+        QCOMPARE(field(window, code)->integer(), 103);
+        Hand::type(QStringLiteral("بیمه"));
+        Hand::press(Qt::Key_Return, Qt::ControlModifier);
+    });
+    QVERIFY(page.runCommand(addCaption));
+    QCOMPARE(page.list()->count(), 3);
+    QCOMPARE(page.list()->cellText(page.list()->currentRow(), 2), QStringLiteral("بیمه"));
+}
+
+void TestCDlgServices::refusedEntryKeepsTheWindow_data()
+{
+    QTest::addColumn<QString>("typedCode");
+    QTest::addColumn<QString>("typedName");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("focus");
+    QTest::newRow("no name") << QStringLiteral("200") << QString() << QStringLiteral("لطفا نام خدمت را وارد نمایید.") << name;
+    QTest::newRow("code is taken") << QStringLiteral("101") << QStringLiteral("بیمه")
+                                   << QStringLiteral("کد 101 از آن خدمت «کارشناسی خودرو» است.") << code;
+    QTest::newRow("no code") << QString() << QStringLiteral("بیمه") << QStringLiteral("لطفا کد خدمت را وارد نمایید.") << code;
+}
+
+void TestCDlgServices::refusedEntryKeepsTheWindow()
+{
+    QFETCH(QString, typedCode);
+    QFETCH(QString, typedName);
+    QFETCH(QString, focus);
+    CDlgAddService window(0);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    field(window, code)->setText(typedCode);
+    field(window, name)->setText(typedName);
+    window.accept();
+    QVERIFY(window.isVisible());
+    QTEST(g_pDlgWarning->takeShown().value(0), "message");
+    QCOMPARE(Hand::focus()->accessibleName(), focus);
+    QCOMPARE(field(window, name)->text(), typedName);
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
+}
+
+void TestCDlgServices::renameKeepsTheCode()
+{
+    CDlgServices page;
+    page.resize(700, 400);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    page.list()->selectKey(m_office.transfer);
+    inEditor([](CDlgAddService &window) {
+        field(window, name)->setText(QStringLiteral("انتقال سند خودرو"));
+        window.accept();
+    });
+    QVERIFY(page.runCommand(editCaption));
+    QCOMPARE(value("SELECT CONCAT(iCode,' ',sName) FROM Services WHERE iCode=102"), QStringLiteral("102 انتقال سند خودرو"));
+    QCOMPARE(page.list()->cellText(1, 2), QStringLiteral("انتقال سند خودرو"));
+}
+
+void TestCDlgServices::deletionIsAskedFor()
+{
+    CDlgServices page;
+    page.open();
+    page.list()->selectKey(m_office.transfer);
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    page.runCommand(deleteCaption);
+    QCOMPARE(page.list()->count(), 2);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    page.runCommand(deleteCaption);
+    QCOMPARE(page.list()->count(), 1);
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("1"));
+}
+
+void TestCDlgServices::serviceOnAnInvoiceStays()
+{
+    InvoicePosting::save(m_office.invoice());
+    CDlgServices page;
+    page.open();
+    page.list()->selectKey(m_office.inspection);
+    page.runCommand(deleteCaption);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این خدمت در فاکتور شماره 1 به کار رفته است و حذف نمی‌شود.")});
+    QCOMPARE(page.list()->count(), 2);
+}
+
+void TestCDlgServices::rightsOfEachCommand_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("right");
+    QTest::newRow("add") << addCaption << int(KSecurity::Write);
+    QTest::newRow("edit") << editCaption << int(KSecurity::Modify);
+    QTest::newRow("delete") << deleteCaption << int(KSecurity::Delete);
+}
+
+void TestCDlgServices::rightsOfEachCommand()
+{
+    QFETCH(QString, command);
+    QFETCH(int, right);
+    const int clerk = m_office.loginClerk();
+    KSecurity::setRights(clerk, QStringLiteral("Services"), KSecurity::allRights & ~right);
+    CDlgServices page;
+    page.open();
+    page.runCommand(command);
+    QCOMPARE(g_pDlgWarning->takeShown(),
+             QStringList{KSecurity::refusalText(QStringLiteral("Services"), static_cast<KSecurity::Right>(right))});
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
+}
+
+void TestCDlgServices::closedDatabaseHidesTheCommands()
+{
+    CDlgAddService window(0);
+    field(window, name)->setText(QStringLiteral("بیمه"));
+    GetDBSetting()->SetClosedDB(true);
+    CDlgServices page;
+    page.open();
+    for (const QString &command : {addCaption, editCaption, deleteCaption})
+        QVERIFY(page.button(command)->isHidden());
+    // Also for a window that was open by then.
+    QVERIFY(!window.OnOK());
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
+}
+
+QTEST_MAIN(TestCDlgServices)
+#include "TestCDlgServices.moc"
