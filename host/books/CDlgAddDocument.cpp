@@ -158,7 +158,9 @@ void CDlgAddDocument::load(const ManualDocument &document)
     QVector<KLinesModel::Line> lines;
     for (const DocumentEntry &entry : document.rows) {
         KLinesModel::Line line = m_rows->emptyLine();
-        line[AccountColumn] = m_rows->choiceFor(AccountColumn, QString::number(entry.account));
+        // An account that takes no rows any more keeps its code, marked.
+        if (entry.account != 0)
+            line[AccountColumn] = m_rows->choiceFor(AccountColumn, QString::number(entry.account));
         line[PersonColumn] = {names.value(entry.personID), 0, entry.personID};
         line[DescColumn].text = entry.desc;
         line[DebitColumn].number = entry.debit;

@@ -4,15 +4,19 @@
 #include "host/CDlgDocuments.h"
 
 #include "auto/db/KTransaction.h"
+#include "host/books/CDlgAddDocument.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/KSecurity.h"
+#include "suite/accounting/ManualDocument.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KLinesView.h"
 #include "suite/utility/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/suite/crm/Hand.h"
 
 #include <QComboBox>
 #include <QPushButton>
@@ -33,10 +37,20 @@ private Q_SLOTS:
     void lastDayOfTheFilterCountsWhole();
     void anEmptyListShowsNoRows();
     void withoutTheRightThePageIsRefused();
-    void nothingCanBeChanged();
+    void newDocumentIsWrittenByHand();
+    void documentWrittenByHandIsChanged();
+    void documentWrittenByHandIsDeleted();
+    void documentsOfTheProgramAreNotChangedHere_data();
+    void documentsOfTheProgramAreNotChangedHere();
+    void voidDocumentSaysSo();
+    void rightsOfEachCommand_data();
+    void rightsOfEachCommand();
+    void closedDatabaseHidesTheCommands();
     void doubleClickGoesToTheRows();
 
 private:
+    static void writeByHand();
+    static void showPage(CDlgDocuments &page);
     static void post(int year, int month, int day, int kind, const QString &desc, double amount);
 
     HostTestOffice m_office;
@@ -54,6 +68,10 @@ enum Column {
     User = 7
 };
 
+const QString addCaption = QStringLiteral("سند جدید");
+const QString editCaption = QStringLiteral("ویرایش");
+const QString deleteCaption = QStringLiteral("حذف");
+
 }
 
 void TestCDlgDocuments::post(int year, int month, int day, int kind, const QString &desc, double amount)
@@ -65,6 +83,22 @@ void TestCDlgDocuments::post(int year, int month, int day, int kind, const QStri
     CTblDocs::AddRecord({num, year, Accounts::incomeKol, Accounts::commissionIncome, 0, 0, 0, amount, QStringLiteral("درآمد")});
     CTblDocuments::RequireBalanced(num, year);
     transaction.commit();
+}
+
+void TestCDlgDocuments::writeByHand()
+{
+    GetDBSetting()->SetFiscalYear(1405);
+    ManualDocument document;
+    document.date = QDateTime(ConvertToMiladi(1405, 3, 1), QTime(0, 0), Qt::UTC);
+    document.rows = {{Accounts::cash, 0, 50, 0, {}}, {Accounts::bank, 0, 0, 50, {}}};
+    document.save();
+}
+
+void TestCDlgDocuments::showPage(CDlgDocuments &page)
+{
+    page.resize(1000, 600);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
 }
 
 void TestCDlgDocuments::init()
@@ -198,12 +232,127 @@ void TestCDlgDocuments::withoutTheRightThePageIsRefused()
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Documents"), KSecurity::Access)});
 }
 
-void TestCDlgDocuments::nothingCanBeChanged()
+void TestCDlgDocuments::newDocumentIsWrittenByHand()
 {
+    GetDBSetting()->SetFiscalYear(1405);
+    CDlgDocuments page;
+    showPage(page);
+    Hand::inNextWindow([](QDialog *dialog) {
+        auto *window = qobject_cast<CDlgAddDocument *>(dialog);
+        QVERIFY(window);
+        KLinesModel *rows = window->rowsView()->linesModel();
+        rows->setData(rows->index(0, 0), QStringLiteral("110101"));
+        rows->setData(rows->index(0, 3), 70.0);
+        rows->setData(rows->index(1, 0), QStringLiteral("110201"));
+        rows->setData(rows->index(1, 4), 70.0);
+        window->accept();
+    });
+    QVERIFY(page.runCommand(addCaption));
+    QCOMPARE(page.list()->count(), 4);
+    const int row = page.list()->currentRow();
+    QCOMPARE(page.list()->cellText(row, Number), QStringLiteral("3"));
+    QCOMPARE(page.list()->cellText(row, Kind), QStringLiteral("دستی"));
+    QCOMPARE(page.list()->cellText(row, Amount), QStringLiteral("70"));
+    QCOMPARE(page.rowsList()->count(), 2);
+}
+
+void TestCDlgDocuments::documentWrittenByHandIsChanged()
+{
+    writeByHand();
+    CDlgDocuments page;
+    showPage(page);
+    Hand::inNextWindow([](QDialog *dialog) {
+        auto *window = qobject_cast<CDlgAddDocument *>(dialog);
+        QVERIFY(window);
+        KLinesModel *rows = window->rowsView()->linesModel();
+        rows->setData(rows->index(0, 3), 90.0);
+        rows->setData(rows->index(1, 4), 90.0);
+        window->accept();
+    });
+    QVERIFY(page.runCommand(editCaption));
+    QCOMPARE(page.list()->cellText(0, Number), QStringLiteral("3"));
+    QCOMPARE(page.list()->cellText(0, Amount), QStringLiteral("90"));
+    QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("90"));
+}
+
+void TestCDlgDocuments::documentWrittenByHandIsDeleted()
+{
+    writeByHand();
     CDlgDocuments page;
     page.open();
-    for (const QPushButton *button : page.findChildren<QPushButton *>())
-        QCOMPARE(button->text(), QStringLiteral("جستجو"));
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    page.runCommand(deleteCaption);
+    QCOMPARE(page.list()->count(), 4);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    page.runCommand(deleteCaption);
+    QCOMPARE(page.list()->count(), 3);
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Docs WHERE iDocNum=3")), QStringLiteral("0"));
+}
+
+void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("owner");
+    QTest::newRow("receipt") << 0 << QStringLiteral("دریافت نقدی");
+    QTest::newRow("contract") << 1 << QStringLiteral("قرارداد");
+}
+
+void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere()
+{
+    QFETCH(int, row);
+    QFETCH(QString, owner);
+    CDlgDocuments page;
+    page.open();
+    page.list()->selectRow(row);
+    for (const QString &command : {editCaption, deleteCaption}) {
+        page.runCommand(command);
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("این سند از «%1» ثبت شده است و فقط از همان‌جا تغییر می‌کند.").arg(owner)});
+    }
+    QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Docs")), QStringLiteral("6"));
+}
+
+void TestCDlgDocuments::voidDocumentSaysSo()
+{
+    CTblDocuments::VoidDoc(2, 1405);
+    CDlgDocuments page;
+    page.open();
+    QCOMPARE(page.list()->cellText(0, Kind), QStringLiteral("دریافت نقدی (باطل)"));
+    QCOMPARE(page.rowsList()->count(), 0);
+}
+
+void TestCDlgDocuments::rightsOfEachCommand_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("right");
+    QTest::newRow("add") << addCaption << int(KSecurity::Write);
+    QTest::newRow("edit") << editCaption << int(KSecurity::Modify);
+    QTest::newRow("delete") << deleteCaption << int(KSecurity::Delete);
+}
+
+void TestCDlgDocuments::rightsOfEachCommand()
+{
+    QFETCH(QString, command);
+    QFETCH(int, right);
+    writeByHand();
+    const int clerk = m_office.loginClerk();
+    KSecurity::setRights(clerk, QStringLiteral("Documents"), KSecurity::allRights & ~right);
+    CDlgDocuments page;
+    page.open();
+    page.runCommand(command);
+    QCOMPARE(g_pDlgWarning->takeShown(),
+             QStringList{KSecurity::refusalText(QStringLiteral("Documents"), static_cast<KSecurity::Right>(right))});
+    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("4"));
+}
+
+void TestCDlgDocuments::closedDatabaseHidesTheCommands()
+{
+    GetDBSetting()->SetClosedDB(true);
+    CDlgDocuments page;
+    page.open();
+    for (const QString &command : {addCaption, editCaption, deleteCaption})
+        QVERIFY(page.button(command)->isHidden());
 }
 
 void TestCDlgDocuments::doubleClickGoesToTheRows()

@@ -3,11 +3,13 @@
 
 #include "host/DocumentFilter.h"
 #include "host/UserFilter.h"
+#include "host/books/InvoiceFilter.h"
 
 #include <QTest>
 
 Q_DECLARE_METATYPE(DocumentCriteria)
 Q_DECLARE_METATYPE(UserCriteria)
+Q_DECLARE_METATYPE(InvoiceCriteria)
 
 class TestListFilters : public QObject
 {
@@ -18,6 +20,8 @@ private Q_SLOTS:
     void documents();
     void users_data();
     void users();
+    void invoices_data();
+    void invoices();
 };
 
 namespace {
@@ -65,6 +69,26 @@ void TestListFilters::users()
 {
     QFETCH(UserCriteria, criteria);
     QTEST(userFilter(criteria), "clauses");
+}
+
+void TestListFilters::invoices_data()
+{
+    QTest::addColumn<InvoiceCriteria>("criteria");
+    QTest::addColumn<QString>("clauses");
+    QTest::newRow("nothing asked") << InvoiceCriteria{} << "";
+    QTest::newRow("valid ones") << InvoiceCriteria{true, 0, 0, {}, {}} << " AND iStatus=0";
+    QTest::newRow("person") << InvoiceCriteria{false, 7, 0, {}, {}} << " AND iPersonID=7";
+    QTest::newRow("kind") << InvoiceCriteria{false, 0, 8, {}, {}} << " AND iType=8";
+    QTest::newRow("from a day on") << InvoiceCriteria{false, 0, 0, day(2026, 3, 21), {}} << " AND date>='2026-03-21'";
+    QTest::newRow("the whole last day") << InvoiceCriteria{false, 0, 0, {}, day(2026, 2, 28)} << " AND date<'2026-03-01'";
+    QTest::newRow("all") << InvoiceCriteria{true, 7, 7, day(2026, 3, 21), day(2026, 3, 31)}
+                         << " AND iStatus=0 AND iPersonID=7 AND iType=7 AND date>='2026-03-21' AND date<'2026-04-01'";
+}
+
+void TestListFilters::invoices()
+{
+    QFETCH(InvoiceCriteria, criteria);
+    QTEST(invoiceFilter(criteria), "clauses");
 }
 
 QTEST_GUILESS_MAIN(TestListFilters)

@@ -1,0 +1,412 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/books/CDlgChartOfAccounts.h"
+
+#include "host/books/CDlgAddAccount.h"
+#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "tests/host/books/BooksOffice.h"
+#include "tests/suite/crm/Hand.h"
+
+#include <QAbstractItemModel>
+#include <QCheckBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+class TestCDlgChartOfAccounts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void threeLevelsStandUnderEachOther();
+    void balanceOfEachLevelWithItsNature_data();
+    void balanceOfEachLevelWithItsNature();
+    void balancesOfARange();
+    void searchKeepsTheAccountsAbove_data();
+    void searchKeepsTheAccountsAbove();
+    void inactiveOnesAreLeftOutOnRequest();
+    void entryThatIsNoDateIsRefused();
+    void withoutTheRightThePageIsRefused();
+    void rightsOfEachCommand_data();
+    void rightsOfEachCommand();
+    void closedDatabaseHidesTheCommands();
+    void accountIsAddedBelowTheSelectedOne();
+    void generalAccountIsAdded();
+    void detailAccountsHaveNothingBelow();
+    void refusedEntryKeepsTheWindow_data();
+    void refusedEntryKeepsTheWindow();
+    void rename();
+    void deactivationIsUndone();
+    void accountWithABalanceIsAskedAbout();
+    void accountThatTheProgramPostsToStaysActive();
+    void enterShowsTheSheetOfTheAccount();
+    void treeGoesOnPaper();
+
+private:
+    static QPushButton *button(const CDlgChartOfAccounts &page, const QString &caption)
+    {
+        return HostTestOffice::named<QPushButton>(page, caption);
+    }
+    static void showPage(CDlgChartOfAccounts &page);
+    static QStringList shownCodes(const CDlgChartOfAccounts &page);
+    QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
+
+    BooksOffice m_office;
+};
+
+namespace {
+
+enum Column {
+    Code,
+    Name,
+    Debit,
+    Credit,
+    Balance,
+    Nature,
+    State
+};
+
+const QString addGeneral = QStringLiteral("حساب کل جدید");
+const QString addBelow = QStringLiteral("زیرحساب جدید");
+const QString renameCaption = QStringLiteral("تغییر نام");
+const QString toggle = QStringLiteral("فعال / غیرفعال");
+const QString sheet = QStringLiteral("گردش حساب");
+const QString print = QStringLiteral("چاپ");
+const QString codeLabel = QStringLiteral("کد :");
+const QString nameLabel = QStringLiteral("نام :");
+
+void collectCodes(const QAbstractItemModel &model, const QModelIndex &parent, QStringList &codes)
+{
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        codes.append(index.data().toString());
+        collectCodes(model, index, codes);
+    }
+}
+
+}
+
+void TestCDlgChartOfAccounts::init()
+{
+    m_office.open();
+    InvoicePosting::save(m_office.invoice());
+    BooksOffice::document(300).save();
+}
+
+void TestCDlgChartOfAccounts::showPage(CDlgChartOfAccounts &page)
+{
+    page.resize(1000, 600);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+}
+
+QStringList TestCDlgChartOfAccounts::shownCodes(const CDlgChartOfAccounts &page)
+{
+    QStringList codes;
+    collectCodes(*page.tree()->model(), {}, codes);
+    return codes;
+}
+
+void TestCDlgChartOfAccounts::threeLevelsStandUnderEachOther()
+{
+    CDlgChartOfAccounts page;
+    page.refill();
+    const QStringList codes = shownCodes(page);
+    QCOMPARE(codes.mid(codes.indexOf(QStringLiteral("6201"))),
+             (QStringList{QStringLiteral("6201"), QStringLiteral("620101"), QStringLiteral("620101001")}));
+    QVERIFY(page.selectCode(BooksOffice::water));
+    const QModelIndex detail = page.tree()->currentIndex();
+    QCOMPARE(detail.parent().data().toString(), QStringLiteral("620101"));
+    QCOMPARE(detail.parent().parent().data().toString(), QStringLiteral("6201"));
+    QVERIFY(!detail.parent().parent().parent().isValid());
+    QVERIFY(page.tree()->isExpanded(detail.parent()));
+}
+
+void TestCDlgChartOfAccounts::balanceOfEachLevelWithItsNature_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("cells");
+    QTest::newRow("general, credit") << 4101 << QStringLiteral("درآمد خدمات|100|1,000|900|بس|فعال");
+    QTest::newRow("subsidiary, debit") << int(Accounts::saleDiscount) << QStringLiteral("تخفیف فروش خدمات|100||100|بد|فعال");
+    QTest::newRow("detail") << int(BooksOffice::water) << QStringLiteral("آب|300||300|بد|فعال");
+    QTest::newRow("nothing") << int(Accounts::bank) << QStringLiteral("بانک|||0|-|فعال");
+}
+
+void TestCDlgChartOfAccounts::balanceOfEachLevelWithItsNature()
+{
+    QFETCH(int, code);
+    CDlgChartOfAccounts page;
+    page.refill();
+    QStringList cells;
+    for (int column = Name; column <= State; ++column)
+        cells.append(page.cellText(code, column));
+    QTEST(cells.join(u'|'), "cells");
+}
+
+void TestCDlgChartOfAccounts::balancesOfARange()
+{
+    CDlgChartOfAccounts page;
+    HostTestOffice::named<KDateEdit>(page, QStringLiteral("مانده از تاریخ :"))->setDate(BooksOffice::day(2, 4).date());
+    page.refill();
+    QCOMPARE(page.cellText(4101, Credit), QString());
+    QCOMPARE(page.cellText(6201, Debit), QStringLiteral("300"));
+    HostTestOffice::named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(BooksOffice::day(2, 30).date());
+    page.refill();
+    QCOMPARE(page.cellText(6201, Debit), QString());
+}
+
+void TestCDlgChartOfAccounts::searchKeepsTheAccountsAbove_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("codes");
+    QTest::newRow("a name of the third level") << QStringLiteral("آب") << QStringLiteral("6201 620101 620101001");
+    QTest::newRow("the beginning of a code") << QStringLiteral("2105") << QStringLiteral("2105 210501 210502");
+    QTest::newRow("a code in Persian digits") << QStringLiteral("۴۱۰۲۰۲") << QStringLiteral("4102 410202");
+    QTest::newRow("another spelling") << QStringLiteral("كميسيون") << QStringLiteral("4102 410202");
+    QTest::newRow("nothing of the chart") << QStringLiteral("کشتی") << QString();
+}
+
+void TestCDlgChartOfAccounts::searchKeepsTheAccountsAbove()
+{
+    QFETCH(QString, text);
+    CDlgChartOfAccounts page;
+    HostTestOffice::named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(text);
+    page.refill();
+    QTEST(shownCodes(page).join(u' '), "codes");
+    QCOMPARE(page.countText(), QStringLiteral("تعداد : %1").arg(shownCodes(page).size()));
+}
+
+void TestCDlgChartOfAccounts::inactiveOnesAreLeftOutOnRequest()
+{
+    AccountChart::add(AccountLevel::Moeen, 620105, QStringLiteral("قدیمی"), 6201);
+    AccountChart::setActive(620105, false);
+    CDlgChartOfAccounts page;
+    page.refill();
+    QCOMPARE(page.cellText(620105, State), QStringLiteral("غیرفعال"));
+    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
+    page.refill();
+    QVERIFY(!page.selectCode(620105));
+    QVERIFY(page.selectCode(6201));
+}
+
+void TestCDlgChartOfAccounts::entryThatIsNoDateIsRefused()
+{
+    CDlgChartOfAccounts page;
+    page.refill();
+    const QStringList before = shownCodes(page);
+    HostTestOffice::named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setText(QStringLiteral("1405/13/1"));
+    HostTestOffice::named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(QStringLiteral("آب"));
+    page.refill();
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(shownCodes(page), before);
+}
+
+void TestCDlgChartOfAccounts::withoutTheRightThePageIsRefused()
+{
+    m_office.loginClerk();
+    CDlgChartOfAccounts page;
+    QVERIFY(!page.OnAccess());
+    QCOMPARE(g_pDlgWarning->takeShown(),
+             QStringList{KSecurity::refusalText(QStringLiteral("ChartOfAccounts"), KSecurity::Access)});
+}
+
+void TestCDlgChartOfAccounts::rightsOfEachCommand_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<int>("right");
+    const QString chart = QStringLiteral("ChartOfAccounts");
+    QTest::newRow("general") << addGeneral << chart << int(KSecurity::Write);
+    QTest::newRow("below") << addBelow << chart << int(KSecurity::Write);
+    QTest::newRow("rename") << renameCaption << chart << int(KSecurity::Modify);
+    QTest::newRow("toggle") << toggle << chart << int(KSecurity::Modify);
+    QTest::newRow("print") << print << chart << int(KSecurity::PrintList);
+    QTest::newRow("documents") << sheet << QStringLiteral("Documents") << int(KSecurity::Read);
+}
+
+void TestCDlgChartOfAccounts::rightsOfEachCommand()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, form);
+    QFETCH(int, right);
+    const int clerk = m_office.loginClerk();
+    KSecurity::setRights(clerk, QStringLiteral("ChartOfAccounts"), KSecurity::allRights & ~right);
+    CDlgChartOfAccounts page;
+    page.refill();
+    page.selectCode(620101);
+    button(page, command)->click();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, static_cast<KSecurity::Right>(right))});
+}
+
+void TestCDlgChartOfAccounts::closedDatabaseHidesTheCommands()
+{
+    GetDBSetting()->SetClosedDB(true);
+    CDlgChartOfAccounts page;
+    page.refill();
+    for (const QString &command : {addGeneral, addBelow, renameCaption, toggle})
+        QVERIFY(button(page, command)->isHidden());
+    QVERIFY(!button(page, sheet)->isHidden());
+}
+
+void TestCDlgChartOfAccounts::accountIsAddedBelowTheSelectedOne()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(6201);
+    Hand::inNextWindow([](QDialog *dialog) {
+        QCOMPARE(HostTestOffice::named<KEdit>(*dialog, codeLabel)->text(), QStringLiteral("620102"));
+        Hand::type(QStringLiteral("اجاره"));
+        Hand::press(Qt::Key_Return, Qt::ControlModifier);
+    });
+    QTest::keyClick(page.tree(), Qt::Key_Insert);
+    QCOMPARE(page.currentCode(), 620102);
+    QCOMPARE(page.cellText(620102, Name), QStringLiteral("اجاره"));
+    QCOMPARE(page.tree()->currentIndex().parent().data().toString(), QStringLiteral("6201"));
+}
+
+void TestCDlgChartOfAccounts::generalAccountIsAdded()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    Hand::inNextWindow([](QDialog *dialog) {
+        QVERIFY(HostTestOffice::named<KEdit>(*dialog, codeLabel)->hasFocus());
+        Hand::type(QStringLiteral("6202"));
+        Hand::press(Qt::Key_Return);
+        Hand::type(QStringLiteral("هزینه‌های فروش"));
+        Hand::press(Qt::Key_Return);
+    });
+    button(page, addGeneral)->click();
+    QCOMPARE(page.currentCode(), 6202);
+    QCOMPARE(value("SELECT sName FROM HesabKol WHERE iCode=6202"), QStringLiteral("هزینه‌های فروش"));
+}
+
+void TestCDlgChartOfAccounts::detailAccountsHaveNothingBelow()
+{
+    CDlgChartOfAccounts page;
+    page.refill();
+    page.selectCode(BooksOffice::water);
+    QVERIFY(!button(page, addBelow)->isEnabled());
+    page.selectCode(620101);
+    QVERIFY(button(page, addBelow)->isEnabled());
+}
+
+void TestCDlgChartOfAccounts::refusedEntryKeepsTheWindow_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("focus");
+    QTest::newRow("no name") << QStringLiteral("620102") << QString() << QStringLiteral("لطفا نام حساب را وارد نمایید.") << nameLabel;
+    QTest::newRow("no code") << QString() << QStringLiteral("اجاره") << QStringLiteral("کد حساب معین باید شش رقم باشد.") << codeLabel;
+    QTest::newRow("letters") << QStringLiteral("6201x2") << QStringLiteral("اجاره")
+                             << QStringLiteral("کد حساب معین باید شش رقم باشد.") << codeLabel;
+    QTest::newRow("another parent") << QStringLiteral("410299") << QStringLiteral("اجاره")
+                                    << QStringLiteral("کد حساب باید با 6201 آغاز شود.") << codeLabel;
+    QTest::newRow("code is taken") << QStringLiteral("620101") << QStringLiteral("اجاره")
+                                   << QStringLiteral("حساب 620101 وجود دارد.") << codeLabel;
+}
+
+void TestCDlgChartOfAccounts::refusedEntryKeepsTheWindow()
+{
+    QFETCH(QString, code);
+    QFETCH(QString, name);
+    QFETCH(QString, focus);
+    CDlgAddAccount window(AccountLevel::Moeen, 6201);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    HostTestOffice::named<KEdit>(window, codeLabel)->setText(code);
+    HostTestOffice::named<KEdit>(window, nameLabel)->setText(name);
+    window.accept();
+    QVERIFY(window.isVisible());
+    QTEST(g_pDlgWarning->takeShown().value(0), "message");
+    QCOMPARE(Hand::focus()->accessibleName(), focus);
+    QCOMPARE(HostTestOffice::named<KEdit>(window, nameLabel)->text(), name);
+    QCOMPARE(value("SELECT COUNT(*) FROM HesabMoeen WHERE iHesabKolCode=6201"), QStringLiteral("1"));
+}
+
+void TestCDlgChartOfAccounts::rename()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(BooksOffice::water);
+    Hand::inNextWindow([](QDialog *dialog) {
+        QVERIFY(HostTestOffice::named<KEdit>(*dialog, codeLabel)->isReadOnly());
+        HostTestOffice::named<KEdit>(*dialog, nameLabel)->setText(QStringLiteral("آب و فاضلاب"));
+        dialog->accept();
+    });
+    QTest::keyClick(page.tree(), Qt::Key_F2);
+    QCOMPARE(page.cellText(BooksOffice::water, Name), QStringLiteral("آب و فاضلاب"));
+    QCOMPARE(page.currentCode(), int(BooksOffice::water));
+}
+
+void TestCDlgChartOfAccounts::deactivationIsUndone()
+{
+    AccountChart::add(AccountLevel::Moeen, 620105, QStringLiteral("قدیمی"), 6201);
+    CDlgChartOfAccounts page;
+    page.refill();
+    page.selectCode(620105);
+    button(page, toggle)->click();
+    QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    QCOMPARE(value("SELECT iStatus FROM HesabMoeen WHERE iCode=620105"), QStringLiteral("1"));
+    QCOMPARE(page.cellText(620105, State), QStringLiteral("غیرفعال"));
+    QCOMPARE(page.currentCode(), 620105);
+    button(page, toggle)->click();
+    QCOMPARE(value("SELECT iStatus FROM HesabMoeen WHERE iCode=620105"), QStringLiteral("0"));
+}
+
+void TestCDlgChartOfAccounts::accountWithABalanceIsAskedAbout()
+{
+    CDlgChartOfAccounts page;
+    page.refill();
+    page.selectCode(BooksOffice::water);
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    button(page, toggle)->click();
+    QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(QStringLiteral("300 بد")));
+    QCOMPARE(value("SELECT iStatus FROM HesabTafsily"), QStringLiteral("0"));
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    button(page, toggle)->click();
+    QCOMPARE(value("SELECT iStatus FROM HesabTafsily"), QStringLiteral("1"));
+}
+
+void TestCDlgChartOfAccounts::accountThatTheProgramPostsToStaysActive()
+{
+    CDlgChartOfAccounts page;
+    page.refill();
+    page.selectCode(Accounts::bank);
+    button(page, toggle)->click();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود.")});
+    QCOMPARE(page.cellText(Accounts::bank, State), QStringLiteral("فعال"));
+}
+
+void TestCDlgChartOfAccounts::enterShowsTheSheetOfTheAccount()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(Accounts::persons);
+    int rows = 0;
+    Hand::inNextWindow([&rows](QDialog *dialog) {
+        if (const auto *window = qobject_cast<CDlgAccountDocs *>(dialog))
+            rows = window->list()->count();
+    });
+    QTest::keyClick(page.tree(), Qt::Key_Return);
+    QCOMPARE(rows, 1);
+}
+
+void TestCDlgChartOfAccounts::treeGoesOnPaper()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    QString shown;
+    Hand::inNextWindow([&shown](QDialog *dialog) { shown = QString::fromLatin1(dialog->metaObject()->className()); });
+    button(page, print)->click();
+    QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
+}
+
+QTEST_MAIN(TestCDlgChartOfAccounts)
+#include "TestCDlgChartOfAccounts.moc"

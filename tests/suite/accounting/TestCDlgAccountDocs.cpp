@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/CDlgAccountDocs.h"
+
+#include "suite/accounting/Accounts.h"
+#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/DocumentRowsPane.h"
+#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/ManualDocument.h"
+#include "suite/utility/KDateEdit.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/ShamsiDate.h"
+#include "tests/suite/accounting/FormDriver.h"
+#include "tests/suite/accounting/TestOffice.h"
+#include "tests/suite/crm/Hand.h"
+
+#include <QLabel>
+#include <QtTest>
+
+class TestCDlgAccountDocs : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void rowsWithTheRunningBalance();
+    void balanceBeforeTheRangeIsBroughtForward();
+    void withoutRowsTheSheetIsEmpty();
+    void rangeIsChangedInTheWindow();
+    void entryThatIsNoDateIsRefused();
+    void rowShowsItsDocument();
+    void broughtForwardRowShowsNothing();
+    void rights();
+    void documentThatIsGoneIsTold();
+    void documentIsShownWithItsHead();
+    void everyInputHasAName();
+
+private:
+    static void write(int month, int dayOfMonth, double amount, bool receives);
+
+    TestOffice m_office;
+};
+
+namespace {
+
+enum Column {
+    Number,
+    Document,
+    Date,
+    Person,
+    Desc,
+    Debit,
+    Credit,
+    Balance,
+    Nature
+};
+
+QDateTime day(int month, int dayOfMonth)
+{
+    return QDateTime(ConvertToMiladi(1405, month, dayOfMonth), QTime(0, 0), Qt::UTC);
+}
+
+QString rowText(const CDlgAccountDocs &window, int row)
+{
+    QStringList cells;
+    for (int column = Number; column <= Nature; ++column)
+        cells.append(window.list()->cellText(row, column));
+    return cells.join(u'|');
+}
+
+}
+
+// Money that comes into the cash box, or goes out of it, against the bank.
+void TestCDlgAccountDocs::write(int month, int dayOfMonth, double amount, bool receives)
+{
+    ManualDocument document;
+    document.date = day(month, dayOfMonth);
+    document.desc = QStringLiteral("انتقال");
+    document.rows = {{Accounts::cash, 0, receives ? amount : 0, receives ? 0 : amount, QStringLiteral("صندوق %1").arg(amount)},
+                     {Accounts::bank, 0, receives ? 0 : amount, receives ? amount : 0, QStringLiteral("بانک")}};
+    document.save();
+}
+
+void TestCDlgAccountDocs::initTestCase()
+{
+    GetDBSetting()->SetFiscalYear(1405);
+    write(2, 1, 1000, true);
+    write(2, 10, 1500, false);
+    write(3, 1, 200, true);
+}
+
+void TestCDlgAccountDocs::init()
+{
+    GetDBSetting()->Login(m_office.admin);
+    g_pDlgWarning->takeShown();
+}
+
+void TestCDlgAccountDocs::rowsWithTheRunningBalance()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    QCOMPARE(window.windowTitle(), QStringLiteral("گردش حساب 110101 - صندوق"));
+    QCOMPARE(window.list()->count(), 3);
+    QCOMPARE(rowText(window, 0), QStringLiteral("1|1|1405/02/01||صندوق 1000|1,000||1,000|بد"));
+    QCOMPARE(rowText(window, 1), QStringLiteral("2|2|1405/02/10||صندوق 1500||1,500|500|بس"));
+    QCOMPARE(rowText(window, 2), QStringLiteral("3|3|1405/03/01||صندوق 200|200||300|بس"));
+    QCOMPARE(window.totalsText(), QStringLiteral("تعداد : 3     جمع بدهکار : 1,200     جمع بستانکار : 1,500     مانده : 300 بس"));
+}
+
+void TestCDlgAccountDocs::balanceBeforeTheRangeIsBroughtForward()
+{
+    CDlgAccountDocs window(AccountLevel::Kol, Accounts::cashKol, day(2, 10), day(2, 10));
+    QCOMPARE(window.list()->count(), 2);
+    QCOMPARE(rowText(window, 0), QStringLiteral("||||مانده از قبل|||1,000|بد"));
+    QCOMPARE(rowText(window, 1), QStringLiteral("1|2|1405/02/10||صندوق 1500||1,500|500|بس"));
+    QVERIFY(window.totalsText().endsWith(QStringLiteral("مانده : 500 بس")));
+}
+
+void TestCDlgAccountDocs::withoutRowsTheSheetIsEmpty()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::dutyExpense, {}, {});
+    QCOMPARE(window.list()->count(), 0);
+    QVERIFY(window.totalsText().endsWith(QStringLiteral("مانده : 0 -")));
+}
+
+void TestCDlgAccountDocs::rangeIsChangedInTheWindow()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    FormDriver::field<KDateEdit>(&window, QStringLiteral("تا تاریخ :"))->setDate(day(2, 1).date());
+    window.show();
+    FormDriver::click(&window, QStringLiteral("جستجو"));
+    QCOMPARE(window.list()->count(), 1);
+}
+
+void TestCDlgAccountDocs::entryThatIsNoDateIsRefused()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    FormDriver::field<KDateEdit>(&window, QStringLiteral("از تاریخ :"))->setText(QStringLiteral("1405/13/1"));
+    window.refill();
+    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(QStringLiteral("از تاریخ :")));
+    QCOMPARE(window.list()->count(), 3);
+}
+
+void TestCDlgAccountDocs::rowShowsItsDocument()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.list()->selectRow(1);
+    QString title;
+    int rows = 0;
+    Hand::inNextWindow([&](QDialog *dialog) {
+        title = dialog->windowTitle();
+        if (const auto *shown = qobject_cast<CDlgShowDocument *>(dialog))
+            rows = shown->rows()->list()->count();
+    });
+    QTest::keyClick(window.list(), Qt::Key_Return);
+    QCOMPARE(title, QStringLiteral("سند حسابداری شماره 2 سال مالی 1405"));
+    QCOMPARE(rows, 2);
+}
+
+void TestCDlgAccountDocs::broughtForwardRowShowsNothing()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, day(2, 10), {});
+    window.list()->selectRow(0);
+    Q_EMIT window.list()->rowActivated(window.list()->currentKey());
+    QVERIFY(!QApplication::activeModalWidget());
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestCDlgAccountDocs::rights()
+{
+    GetDBSetting()->Login(m_office.clerk);
+    const QString form = QStringLiteral("Documents");
+    CDlgAccountDocs::Show(AccountLevel::Moeen, Accounts::cash, {}, {}, nullptr);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, KSecurity::Read)});
+    CDlgShowDocument::Show(1, 1405, nullptr);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, KSecurity::Read)});
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    window.print();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, KSecurity::PrintList)});
+}
+
+void TestCDlgAccountDocs::documentThatIsGoneIsTold()
+{
+    for (const int num : {0, 77}) {
+        CDlgShowDocument::Show(num, 1405, nullptr);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سند حسابداری وجود ندارد.")});
+    }
+}
+
+void TestCDlgAccountDocs::documentIsShownWithItsHead()
+{
+    const CDlgShowDocument window(1, 1405);
+    QCOMPARE(window.findChild<QLabel *>(QStringLiteral("documentHead"))->text(),
+             QStringLiteral("تاریخ : 1405/02/01     نوع : دستی     شرح : انتقال"));
+    QCOMPARE(window.rows()->totalsText(), QStringLiteral("جمع بدهکار : 1,000     جمع بستانکار : 1,000"));
+}
+
+void TestCDlgAccountDocs::everyInputHasAName()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    QVERIFY(FormDriver::everyInputHasAName(&window));
+}
+
+QTEST_MAIN(TestCDlgAccountDocs)
+#include "TestCDlgAccountDocs.moc"
