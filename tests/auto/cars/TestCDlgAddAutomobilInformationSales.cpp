@@ -46,13 +46,7 @@ class TestCDlgAddAutomobilInformationSales : public QObject
         QTest::keyClicks(form().edit(column), QString::fromLatin1(text));
     }
 
-    Car &saved(Car &car)
-    {
-        m_dialog->accept();
-        if (m_dialog->isVisible())
-            qFatal("not saved: %s", qPrintable(g_pDlgWarning->takeShown().join(u'|')));
-        return m_office->load(car, m_dialog->key());
-    }
+    Car &saved(Car &car) { return m_office->saved(*m_dialog, car); }
 
     int addTariff(const QString &title, double amount)
     {
