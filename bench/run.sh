@@ -10,7 +10,7 @@ cmake --preset bench
 cmake --build build/bench
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen} LC_ALL=C.UTF-8
 failed=0
-for program in ReadContracts ContractList FillContract ReportOfContracts MatchDemand; do
+for program in ReadContracts ContractList CarList FillContract ReportOfContracts MatchDemand; do
     "build/bench/bench/$program" --benchmark_enable_random_interleaving=true "$@" || failed=1
 done
 "$root/bench/startup.py" build/bench/bin/tzhost || failed=1
