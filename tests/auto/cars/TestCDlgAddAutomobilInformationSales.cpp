@@ -160,6 +160,17 @@ private Q_SLOTS:
         QCOMPARE(car.m_dRemainingComission, 0.0);
     }
 
+    void moreCanBePaidThanWasDue()
+    {
+        open([](Car &car) { car.m_dRemainingComission = -7; });
+        type(QStringLiteral("dRemainingPresence"), "-10");
+        QCOMPARE(shown(profit), 10.0);
+        Car car;
+        saved(car);
+        QCOMPARE(car.m_dRemainingPresence, -10.0);
+        QCOMPARE(car.m_dRemainingComission, -7.0);
+    }
+
     void storedProfitThatDoesNotFollowIsComputedBeforeSaving()
     {
         m_dialog = m_office->opened(m_office->addOwnedCar([](Car &car) {
