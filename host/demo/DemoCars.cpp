@@ -66,7 +66,7 @@ double rounded(double amount)
 QString vehicleIdentification(const QString &maker, const QString &serial)
 {
     for (const QChar digit : QStringLiteral("0123456789X")) {
-        const QString number = maker + digit + serial;
+        QString number = maker + digit + serial;
         if (VehicleIdentification::check(number) == VehicleIdentification::State::Good)
             return number;
     }
