@@ -16,6 +16,7 @@ for program in \
         FillContract \
         ReportOfContracts \
         MatchDemand \
+        CarList \
         ExportSeason \
         GatherSeason; do
     "build/bench/bench/$program" --benchmark_enable_random_interleaving=true "$@" || failed=1

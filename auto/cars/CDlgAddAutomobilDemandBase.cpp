@@ -7,17 +7,13 @@
 #include "auto/FormLines.h"
 #include "auto/cars/DemandReminder.h"
 #include "auto/cars/DemandYears.h"
+#include "auto/cars/ItemFields.h"
 #include "auto/cars/PersonGroup.h"
-#include "auto/cars/TickedChoice.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblCarBrands.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KErrorBoundary.h"
-#include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/ScrolledPage.h"
@@ -138,8 +134,10 @@ QWidget *CDlgAddAutomobilDemandBase::buildWishes(QWidget *content)
                         {{"iFacilities"}, {"dateReference"}, {"dateMaxTimeNeed"}},
                     });
     fillTypes(m_form->comboBox(typeColumn));
-    offerPicker(colorColumn, CTblItems::typeColor, QStringLiteral("رنگ"));
-    offerPicker(facilitiesColumn, CTblItems::typeFeature, QStringLiteral("امکانات"));
+    auto *items = new ItemFields(*m_form, this);
+    items->addPickedList(colorColumn, CTblItems::typeColor, QStringLiteral("رنگ"));
+    items->addPickedList(facilitiesColumn, CTblItems::typeFeature, QStringLiteral("امکانات"));
+    items->fill();
     return box;
 }
 
@@ -148,34 +146,6 @@ QWidget *CDlgAddAutomobilDemandBase::buildTexts(QWidget *content)
     auto *box = new QWidget(content);
     FormLines::grid(*m_form, box, {{{"sAcquaintances"}, {"sDescSpecial", 2}}, {{"sDesc", 3}}});
     return box;
-}
-
-void CDlgAddAutomobilDemandBase::offerPicker(const QString &column, int itemType, const QString &title)
-{
-    CTblMultiItems::FillComboBox(m_form->comboBox(column), itemType);
-    connect(m_form->button(column), &QPushButton::clicked, this,
-            [this, column, itemType, title] { pickValue(column, itemType, title); });
-}
-
-void CDlgAddAutomobilDemandBase::pickValue(const QString &column, int itemType, const QString &title)
-{
-    try {
-        const int before = m_form->key(column);
-        QComboBox *combo = m_form->comboBox(column);
-        CDlgMultiItems picker(itemType, title, this);
-        if (before != 0)
-            picker.setSelectedNames({combo->currentText()});
-        const bool confirmed = picker.exec() == QDialog::Accepted;
-        const QList<int> ticked = picker.selectedIDs();
-        const int chosen = confirmed ? choiceOfTicked(ticked, before) : before;
-        // Values may have been added, renamed or deleted whether or not it was confirmed.
-        CTblMultiItems::FillComboBox(combo, itemType);
-        m_form->setKey(column, chosen);
-        if (confirmed && ticked.size() > 1)
-            g_pDlgMessage->Show(QStringLiteral("تقاضا یک مقدار را نگه می‌دارد: «%1» انتخاب شد.").arg(combo->currentText()), this);
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
 }
 
 void CDlgAddAutomobilDemandBase::fill(CTblAutomobilDemands &demand)

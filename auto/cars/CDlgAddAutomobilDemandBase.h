@@ -37,8 +37,6 @@ private:
     QWidget *buildTexts(QWidget *content);
     KEdit *addShown(QHBoxLayout *row, const QString &label, QWidget *parent);
     // Fills a drop-down with the values of the type, and lets the button behind it open their picker.
-    void offerPicker(const QString &column, int itemType, const QString &title);
-    void pickValue(const QString &column, int itemType, const QString &title);
     QString proposedReminder() const;
 
     KForm *m_form = nullptr;

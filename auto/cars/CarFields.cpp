@@ -72,9 +72,9 @@ KFormField amountOf(const QString &column, const QString &label, const QString &
     return {column, label, Kind::Money, label + u' ' + ofWhat};
 }
 
-KFormField profit()
+// A loss, or more paid than was due.
+KFormField signedAmount(KFormField field)
 {
-    KFormField field = shown(QStringLiteral("dProfitAndLoss"), QStringLiteral("سود و زيان :"), Kind::Money);
     field.minimum = -greatestAmount;
     field.maximum = greatestAmount;
     return field;
@@ -152,17 +152,17 @@ QList<KFormField> CarFields::sale()
         {QStringLiteral("dMbayhAutomobilContract"), QStringLiteral("مبايعه نامه :"), Kind::Money},
         {QStringLiteral("dAmountContract"), QStringLiteral("مبلغ قرارداد :"), Kind::Money},
         amountOf(QStringLiteral("dPaidContract"), paid, contract),
-        amountOf(QStringLiteral("dRemainingContract"), remaining, contract),
+        signedAmount(amountOf(QStringLiteral("dRemainingContract"), remaining, contract)),
         {QStringLiteral("dAmountCommission"), QStringLiteral("مبلغ کميسيون :"), Kind::Money},
         amountOf(QStringLiteral("dPaidComission"), paid, commission),
-        amountOf(QStringLiteral("dRemainingComission"), remaining, commission),
+        signedAmount(amountOf(QStringLiteral("dRemainingComission"), remaining, commission)),
         {QStringLiteral("sReplacementCenter"), QStringLiteral("مرکز تعويض :")},
         {QStringLiteral("dPurchasePriceOfOwner"), QStringLiteral("مبلغ خريد از مالک :"), Kind::Money},
         {QStringLiteral("dSoldAmount"), QStringLiteral("مبلغ فروخته شده :"), Kind::Money},
         {QStringLiteral("dAutomobilExpenses"), QStringLiteral("مخارج اتومبيل :"), Kind::Money},
         withButton(QStringLiteral("dAmountPresence"), QStringLiteral("هزينه محضر :"), Kind::Money),
-        {QStringLiteral("dRemainingPresence"), QStringLiteral("مانده محضر :"), Kind::Money},
-        profit(),
+        signedAmount({QStringLiteral("dRemainingPresence"), QStringLiteral("مانده محضر :"), Kind::Money}),
+        signedAmount(shown(QStringLiteral("dProfitAndLoss"), QStringLiteral("سود و زيان :"), Kind::Money)),
         {QStringLiteral("dateClearance"), QStringLiteral("تاريخ ترخيص :"), Kind::Date},
         withButton(QStringLiteral("iCustomsClearance"), QStringLiteral("گمرک ترخيصي :"), Kind::Lookup),
         {QStringLiteral("sLicense"), QStringLiteral("شماره پروانه :")},

@@ -66,7 +66,7 @@ double rounded(double amount)
 QString vehicleIdentification(const QString &maker, const QString &serial)
 {
     for (const QChar digit : QStringLiteral("0123456789X")) {
-        const QString number = maker + digit + serial;
+        QString number = maker + digit + serial;
         if (VehicleIdentification::check(number) == VehicleIdentification::State::Good)
             return number;
     }
@@ -114,7 +114,9 @@ void DemoCars::makeCar(int code, const QDate &day)
     m_car.m_iUserID = m_office.userID;
     m_car.m_dateCreate = QDateTime(day, QTime(9, 0).addSecs(m_random.below(9 * 3600)), Qt::UTC);
     m_car.m_dateIntroduction = midnight(day);
-    m_car.m_iPersonID = personOtherThan(0);
+    const DemoPersons::Person &owner = anybodyBut(0);
+    m_car.m_iPersonID = owner.id;
+    m_ownerName = owner.name;
     m_car.m_iStatus = m_random.chance(3) ? 1 : 0;
     setVehicle(model, day);
     setNumbers();
@@ -128,13 +130,13 @@ void DemoCars::makeCar(int code, const QDate &day)
     setPicture(model, code);
 }
 
-int DemoCars::personOtherThan(int person)
+const DemoPersons::Person &DemoCars::anybodyBut(int person)
 {
-    int chosen = 0;
-    do {
-        chosen = m_persons.at(m_random.below(static_cast<int>(m_persons.size()))).id;
-    } while (chosen == person);
-    return chosen;
+    for (;;) {
+        const DemoPersons::Person &chosen = m_persons.at(m_random.below(static_cast<int>(m_persons.size())));
+        if (chosen.id != person)
+            return chosen;
+    }
 }
 
 int DemoCars::item(int type)
@@ -207,6 +209,7 @@ void DemoCars::setInsurance(const QDate &day)
 {
     const bool insured = m_random.chance(85);
     m_car.m_dateInsurance = insured ? midnight(day.addDays(m_random.between(20, 340))) : QDateTime();
+    m_car.m_sNameInsurance = insured ? m_ownerName : QString();
     m_car.m_sDiscountYears = insured ? QString::number(m_random.below(8)) : QString();
     m_car.m_sInsuranceStatus = insured ? QStringLiteral("شخص ثالث") : QStringLiteral("فاقد بیمه");
 }
@@ -228,7 +231,7 @@ void DemoCars::clearSale()
 void DemoCars::setSale(const QDate &day)
 {
     m_car.m_bSold = 1;
-    m_car.m_iPersonBuyerID = personOtherThan(m_car.m_iPersonID);
+    m_car.m_iPersonBuyerID = anybodyBut(m_car.m_iPersonID).id;
     m_car.m_dateBuy = m_car.m_dateDelivery = midnight(day);
     const bool transferred = m_random.chance(80);
     m_car.m_datefinalDocument = transferred ? midnight(day.addDays(m_random.between(2, 15))) : QDateTime();

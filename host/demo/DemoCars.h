@@ -41,7 +41,7 @@ private:
     void setSale(const QDate &day);
     void clearSale();
     void setPicture(const DemoCatalog::Model &model, int code);
-    int personOtherThan(int person);
+    const DemoPersons::Person &anybodyBut(int person);
     int item(int type);
     // Some of the values of a type, the others in the second text; both as the editor writes them.
     std::pair<QString, QString> chosenAndMissing(int type, int chosenPercent);
@@ -53,4 +53,5 @@ private:
     CTblAutomobilInformations m_car;
     QHash<QString, QByteArray> m_pictures; // by body and paint
     QString m_colorName;
+    QString m_ownerName;
 };

@@ -30,7 +30,7 @@ public:
     };
 
     // Largest file that is kept: 25 MiB.
-    static constexpr qint64 maxFileBytes = 25 * 1024 * 1024;
+    static constexpr qint64 maxFileBytes = qint64{25} * 1024 * 1024;
 
     explicit CTblFileDocs(int database = 0);
     ~CTblFileDocs() override;

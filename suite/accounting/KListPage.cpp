@@ -34,6 +34,7 @@ namespace {
 const QString sortMark = QStringLiteral("*");
 const QString descendingSuffix = QStringLiteral(" DESC");
 const QString clauseStart = QStringLiteral(" AND ");
+constexpr int groupGap = 12;
 constexpr int defaultRowLimit = 1000;
 constexpr int highestRowLimit = 10000;
 
@@ -152,8 +153,9 @@ void KListPage::buildCommands()
         button->setAutoDefault(true);
         if (command.options & KListCommand::NotDisplayed)
             button->hide();
+        QSpacerItem *gap = nullptr;
         if (command.options & KListCommand::StartsGroup)
-            place->addSpacing(12);
+            place->addSpacerItem(gap = new QSpacerItem(groupGap, 0));
         place->addWidget(button);
         QWidget *menu = command.options & KListCommand::PrintsList ? buildPrintMenu() : nullptr;
         if (menu)
@@ -161,7 +163,7 @@ void KListPage::buildCommands()
         connect(button, &QPushButton::clicked, this, [this, run = command.run] { guarded(run); });
         if (!command.shortcut.isEmpty())
             addShortcut(command, button);
-        m_commands.push_back({std::move(command), button, menu});
+        m_commands.push_back({std::move(command), button, menu, gap});
     }
     row->addStretch(1);
     m_count = new QLabel(QStringLiteral("تعداد : -"), m_commandRow);
@@ -369,6 +371,7 @@ bool KListPage::isKnownSort(const QString &sort) const
 void KListPage::applyMode()
 {
     const bool blocked = isChangeBlocked();
+    bool isFirst = true;
     for (const Command &entry : m_commands) {
         const int options = entry.command.options;
         const bool hidden = (options & KListCommand::NotDisplayed) || (blocked && (options & KListCommand::HiddenInReadOnly))
@@ -376,7 +379,12 @@ void KListPage::applyMode()
         entry.button->setVisible(!hidden);
         if (entry.menu)
             entry.menu->setVisible(!hidden);
+        // A gap parts two groups: there is none before the first that is shown.
+        if (entry.gap)
+            entry.gap->changeSize(hidden || isFirst ? 0 : groupGap, 0);
+        isFirst = isFirst && hidden;
     }
+    m_commandRow->layout()->invalidate();
     modeApplied();
 }
 

@@ -23,6 +23,7 @@ class QGridLayout;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class QSpacerItem;
 
 // A button of a list page.
 struct KListCommand
@@ -211,7 +212,8 @@ private:
     {
         KListCommand command;
         QPushButton *button = nullptr;
-        QWidget *menu = nullptr; // the arrow beside it
+        QWidget *menu = nullptr;    // the arrow beside it
+        QSpacerItem *gap = nullptr; // before it, where a group starts
     };
 
     QString m_section;

@@ -42,13 +42,17 @@ QAccessibleInterface *makeReader(const QString &, QObject *object)
     return box ? new Reader(box) : nullptr;
 }
 
+// The module is unloaded before the program's last window goes, and must not be asked about that one.
+struct Installation
+{
+    Installation() { QAccessible::installFactory(makeReader); }
+    ~Installation() { QAccessible::removeFactory(makeReader); }
+    Q_DISABLE_COPY_MOVE(Installation)
+};
+
 }
 
 void PictureBoxReader::install()
 {
-    static const bool installed = [] {
-        QAccessible::installFactory(makeReader);
-        return true;
-    }();
-    Q_UNUSED(installed)
+    static const Installation untilUnloaded;
 }

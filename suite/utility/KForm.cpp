@@ -10,6 +10,7 @@
 #include "suite/utility/KStepArrows.h"
 #include "suite/utility/Money.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
@@ -68,6 +69,15 @@ void setComboKey(QComboBox &combo, int key)
     if (position < 0 && key != 0)
         combo.addItem(QStringLiteral("حذف شده"), key);
     combo.setCurrentIndex(position < 0 && key != 0 ? combo.count() - 1 : position);
+}
+
+// A drop-down that only shows its value is greyed by its frame and arrow, but its text is there to be read.
+void keepTextReadable(QComboBox &combo)
+{
+    QPalette palette = QApplication::palette(&combo);
+    for (const QPalette::ColorRole role : {QPalette::ButtonText, QPalette::Text})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    combo.setPalette(palette);
 }
 
 // No more lines than the page gives: a text of several lines is read by scrolling.
@@ -140,6 +150,7 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         auto *combo = new QComboBox(page);
         combo->setFocusPolicy(Qt::StrongFocus);
         combo->installEventFilter(this);
+        keepTextReadable(*combo);
         combo->addItems(field.choices);
         Q_ASSERT(field.keys.isEmpty() || field.keys.size() == field.choices.size());
         for (int i = 0; i < field.keys.size(); ++i)
@@ -197,7 +208,9 @@ void KForm::addButton(Item &item, QWidget *page)
 // Who scrolls the page must not choose something else in a drop-down that comes below the pointer on the way.
 bool KForm::eventFilter(QObject *watched, QEvent *event)
 {
-    const auto *combo = qobject_cast<QComboBox *>(watched);
+    auto *combo = qobject_cast<QComboBox *>(watched);
+    if (combo && event->type() == QEvent::ApplicationPaletteChange)
+        keepTextReadable(*combo);
     if (!combo || event->type() != QEvent::Wheel || combo->hasFocus())
         return QObject::eventFilter(watched, event);
     event->ignore();

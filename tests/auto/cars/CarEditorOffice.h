@@ -76,7 +76,16 @@ public:
         return dialog;
     }
 
-    // The accessible names of what can be met with the keyboard or read, of one kind of widget.
+    // The car as it is stored once the window is confirmed.
+    static Car &saved(Dialog &dialog, Car &car)
+    {
+        dialog.accept();
+        if (dialog.isVisible())
+            qFatal("not saved: %s", qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+        return load(car, dialog.key());
+    }
+
+    // The widget of that accessible name; null when there is none.
     template <class Widget>
     static Widget *named(const QWidget &within, const QString &name)
     {

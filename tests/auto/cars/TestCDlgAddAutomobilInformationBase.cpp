@@ -56,13 +56,7 @@ class TestCDlgAddAutomobilInformationBase : public QObject
     KForm &form() { return *m_dialog->basePage()->form(); }
     QStringList offered(const QString &column) { return m_office->entries(form().comboBox(column)); }
 
-    Car &saved(Car &car)
-    {
-        m_dialog->accept();
-        if (m_dialog->isVisible())
-            qFatal("not saved: %s", qPrintable(g_pDlgWarning->takeShown().join(u'|')));
-        return m_office->load(car, m_dialog->key());
-    }
+    Car &saved(Car &car) { return m_office->saved(*m_dialog, car); }
 
     // Opens the input parameters by a field's button, works in them, and presses one of the window's buttons.
     void inParameters(const QString &column, const QString &button, const std::function<void(CDlgInputParameters &)> &work)

@@ -46,13 +46,7 @@ class TestCDlgAddAutomobilInformationSales : public QObject
         QTest::keyClicks(form().edit(column), QString::fromLatin1(text));
     }
 
-    Car &saved(Car &car)
-    {
-        m_dialog->accept();
-        if (m_dialog->isVisible())
-            qFatal("not saved: %s", qPrintable(g_pDlgWarning->takeShown().join(u'|')));
-        return m_office->load(car, m_dialog->key());
-    }
+    Car &saved(Car &car) { return m_office->saved(*m_dialog, car); }
 
     int addTariff(const QString &title, double amount)
     {
@@ -164,6 +158,17 @@ private Q_SLOTS:
         QCOMPARE(car.m_dRemainingContract, 3.0);
         QCOMPARE(car.m_dPaidContract, 7.0);
         QCOMPARE(car.m_dRemainingComission, 0.0);
+    }
+
+    void moreCanBePaidThanWasDue()
+    {
+        open([](Car &car) { car.m_dRemainingComission = -7; });
+        type(QStringLiteral("dRemainingPresence"), "-10");
+        QCOMPARE(shown(profit), 10.0);
+        Car car;
+        saved(car);
+        QCOMPARE(car.m_dRemainingPresence, -10.0);
+        QCOMPARE(car.m_dRemainingComission, -7.0);
     }
 
     void storedProfitThatDoesNotFollowIsComputedBeforeSaving()

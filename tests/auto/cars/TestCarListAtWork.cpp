@@ -293,6 +293,24 @@ private Q_SLOTS:
         QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
     }
 
+    void firstShownCommandBeginsAtTheEdgeInSelectModeToo()
+    {
+        for (const bool select : {false, true}) {
+            QWidget window;
+            auto *page = new Page(&window);
+            page->setSelectMode(select);
+            auto *layout = new QVBoxLayout(&window);
+            layout->addWidget(page);
+            window.resize(1300, 700);
+            window.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&window));
+            const QPushButton *first = page->button(select ? QStringLiteral("چاپ") : QStringLiteral("جديد"));
+            const QRect row = first->parentWidget()->rect();
+            const bool mirrored = first->layoutDirection() == Qt::RightToLeft;
+            QCOMPARE(mirrored ? row.right() - first->geometry().right() : first->x(), 0);
+        }
+    }
+
     void defaultsStandBesideTheSearchButton()
     {
         auto &page = shownPage();

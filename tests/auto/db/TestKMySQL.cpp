@@ -756,6 +756,14 @@ private Q_SLOTS:
         QCOMPARE(temp.GetTextFieldValue(1), QStringLiteral("utf8mb4"));
         QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
     }
+
+    void sessionJoinsWithoutABufferWhereTheServerHasOne()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT @@SESSION.join_cache_level", true, true);
+        QCOMPARE(temp.GetLongFieldValue(0), 0);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestKMySQL)

@@ -10,6 +10,7 @@
 #include "tests/auto/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
@@ -286,6 +287,31 @@ private Q_SLOTS:
         QVERIFY(!form.firstInvalid());
         form.setShowMode(true);
         QVERIFY(form.longText(name)->isReadOnly());
+    }
+
+    void dropDownThatOnlyShowsItsValueStaysReadable()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        form.setShowMode(true);
+        const auto isReadable = [&form] {
+            const QPalette palette = form.comboBox(user)->palette();
+            return palette.color(QPalette::Disabled, QPalette::ButtonText) == palette.color(QPalette::Active, QPalette::ButtonText);
+        };
+        QVERIFY(isReadable());
+        // Also once the user has changed from a light look to a dark one.
+        const QPalette before = QApplication::palette();
+        QPalette dark(Qt::black);
+        QApplication::setPalette(dark);
+        // What a running program sends to every widget then.
+        QEvent changed(QEvent::ApplicationPaletteChange);
+        QApplication::sendEvent(form.comboBox(user), &changed);
+        const bool readable = isReadable();
+        const QColor text = form.comboBox(user)->palette().color(QPalette::Disabled, QPalette::ButtonText);
+        QApplication::setPalette(before);
+        QVERIFY(readable);
+        QCOMPARE(text, dark.color(QPalette::Active, QPalette::ButtonText));
     }
 
     void showModeMakesEveryControlReadOnlyAndEndsAsTheFieldsSay()

@@ -1,0 +1,247 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The car list with 10,000 cars, a picture stored with each, from the search button to the painted list, names included:
+// against one JOIN of the shown columns plus a bare model on the same view. Counts what the server sends for one fill, beside
+// the bytes of the pictures that it must not send.
+
+#include "bench/BenchOffice.h"
+#include "bench/RatioReporter.h"
+
+#include "auto/WordLists.h"
+#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/db/CTblTemp.h"
+#include "suite/accounting/KApplication.h"
+#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/KSettings.h"
+#include "suite/utility/Money.h"
+#include "suite/utility/ShamsiDate.h"
+
+#include <QAbstractTableModel>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QTreeView>
+
+#include <mysql.h>
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+constexpr int carCount = 10'000;
+constexpr int contractsOfTheOffice = 3'000; // a third as many cars, two thirds as many persons
+constexpr int copies = 10;
+constexpr int shownColumns = 17;
+constexpr int plateColumn = 7;
+
+class BareModel : public QAbstractTableModel
+{
+public:
+    using Row = std::array<QString, shownColumns>;
+
+    void setRows(std::vector<Row> rows)
+    {
+        beginResetModel();
+        m_rows = std::move(rows);
+        endResetModel();
+    }
+    int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : static_cast<int>(m_rows.size()); }
+    int columnCount(const QModelIndex & = {}) const override { return shownColumns; }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        if (role != Qt::DisplayRole)
+            return {};
+        return m_rows[static_cast<size_t>(index.row())][static_cast<size_t>(index.column())];
+    }
+
+private:
+    std::vector<Row> m_rows;
+};
+
+CDlgAutomobilInformations *page = nullptr;
+QTreeView *bareView = nullptr;
+BareModel *bareModel = nullptr;
+
+void run(const QString &statement)
+{
+    CTblTemp temp;
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(statement);
+}
+
+qint64 value(const QString &statement, int column = 0)
+{
+    CTblTemp temp;
+    temp.Open(true, false, true);
+    temp.ExecuteQuery(statement);
+    return temp.GetTextFieldValue(column).toLongLong();
+}
+
+// The office's cars ten times over, each with a picture.
+void multiplyCars()
+{
+    CTblTemp columns;
+    columns.Open(true, false, true);
+    columns.ExecuteQuery(QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS WHERE"
+                                        " TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilInformations' AND COLUMN_NAME NOT IN"
+                                        " ('iID','iCode')"));
+    const QString names = columns.GetTextFieldValue(0);
+    run(QStringLiteral("UPDATE AutomobilInformations SET oPicture=(SELECT p FROM (SELECT oPicture p FROM AutomobilInformations WHERE"
+                       " oPicture IS NOT NULL LIMIT 1) one) WHERE oPicture IS NULL"));
+    const qint64 cars = value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations"));
+    for (int copy = 1; copy < copies; ++copy)
+        run(QStringLiteral("INSERT INTO AutomobilInformations (iCode,%1) SELECT iCode+%2,%1 FROM AutomobilInformations WHERE iCode<=%3")
+                .arg(names)
+                .arg(copy * cars)
+                .arg(cars));
+}
+
+QString text(const char *cell)
+{
+    return QString::fromUtf8(cell);
+}
+
+QString orDash(const char *cell)
+{
+    return cell ? QString::fromUtf8(cell) : QStringLiteral("-");
+}
+
+BareModel::Row shownRow(size_t number, MYSQL_ROW row)
+{
+    return {QString::number(number),
+            orDash(row[0]),
+            row[1][0] == '0' ? QStringLiteral("-") : QStringLiteral("فروخته شده"),
+            orDash(row[2]),
+            orDash(row[3]),
+            text(row[4]),
+            text(row[5]),
+            text(row[6]),
+            text(row[7]),
+            row[8] ? shamsiText(QDate::fromString(QString::fromLatin1(row[8], 10), Qt::ISODate)) : QString(),
+            WordLists::textAt(WordLists::usageTypes(), QByteArray(row[9]).toInt()),
+            orDash(row[10]),
+            WordLists::textAt(WordLists::fuelTypes(), QByteArray(row[11]).toInt()),
+            DToMoney(QByteArray(row[12]).toDouble()),
+            text(row[13]),
+            text(row[14]),
+            row[15][0] == '0' ? QStringLiteral("-") : QStringLiteral("بلی")};
+}
+
+void carList(benchmark::State &state)
+{
+    for (auto _ : state) {
+        page->refill();
+        page->list()->viewport()->repaint();
+        QCoreApplication::processEvents();
+        if (page->list()->count() != carCount)
+            state.SkipWithError("wrong number of rows");
+    }
+}
+
+void joinAndBareModel(benchmark::State &state)
+{
+    static const QByteArray statement =
+        "SELECT b.sName2,ai.bSold,o.sName2,cb.sName,cm.sName,cc.sName,ai.sNumOfPlates,ai.iYear,ai.dateIntroduction,ai.iUsageType,"
+        "it.sName,ai.iFuel,ai.dAmount,ai.sDocumentsDeficit,ai.sFractionalParts,ai.iArchiveUserID FROM AutomobilInformations ai "
+        "LEFT JOIN Persons b ON b.iID=ai.iPersonBuyerID LEFT JOIN Persons o ON o.iID=ai.iPersonID "
+        "LEFT JOIN CarBrands cb ON cb.iID=ai.iAutomobilType LEFT JOIN CarModels cm ON cm.iID=ai.iModel "
+        "LEFT JOIN CarClasses cc ON cc.iID=ai.iBrigade LEFT JOIN Items it ON it.iID=ai.iColor ORDER BY ai.iCode LIMIT 10000";
+    MYSQL *connection = KConnection::forThread().handle();
+    for (auto _ : state) {
+        if (mysql_real_query(connection, statement.constData(), static_cast<unsigned long>(statement.size())) != 0)
+            state.SkipWithError(mysql_error(connection));
+        MYSQL_RES *result = mysql_store_result(connection);
+        std::vector<BareModel::Row> rows;
+        rows.reserve(carCount);
+        while (MYSQL_ROW row = mysql_fetch_row(result))
+            rows.push_back(shownRow(rows.size() + 1, row));
+        mysql_free_result(result);
+        bareModel->setRows(std::move(rows));
+        bareView->viewport()->repaint();
+        QCoreApplication::processEvents();
+        if (bareModel->rowCount() != carCount)
+            state.SkipWithError("wrong number of rows");
+    }
+}
+
+void showAll(QWidget *window)
+{
+    window->resize(1366, 700);
+    window->show();
+    QCoreApplication::processEvents();
+}
+
+struct Fill
+{
+    int statements = 0;
+    int namingPictures = 0;
+    qint64 bytesSent = 0; // by the server, over this connection
+};
+
+Fill observedFill()
+{
+    const QString sent = QStringLiteral("SHOW SESSION STATUS LIKE 'Bytes_sent'");
+    Fill fill;
+    const qint64 before = value(sent, 1);
+    KConnection::setStatementObserver([&fill](const QString &statement) {
+        ++fill.statements;
+        fill.namingPictures += statement.contains(QStringLiteral("oPicture")) ? 1 : 0;
+    });
+    page->refill();
+    KConnection::setStatementObserver({});
+    fill.bytesSent = value(sent, 1) - before;
+    return fill;
+}
+
+bool reportPictures()
+{
+    const Fill fill = observedFill();
+    const qint64 pictured = value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations WHERE OCTET_LENGTH(oPicture)>0"));
+    const qint64 pictures = value(QStringLiteral("SELECT SUM(OCTET_LENGTH(oPicture)) FROM AutomobilInformations"));
+    std::printf("statements of one fill: %d (at most 5), of which %d name pictures\n", fill.statements, fill.namingPictures);
+    std::printf("bytes the server sent for it: %.2f MiB; bytes of the %lld pictures stored: %.2f MiB\n",
+                static_cast<double>(fill.bytesSent) / 1024 / 1024, static_cast<long long>(pictured),
+                static_cast<double>(pictures) / 1024 / 1024);
+    return fill.statements <= 5 && fill.namingPictures == 0 && pictured == carCount && fill.bytesSent < carCount * 500LL
+        && pictures > 10 * fill.bytesSent;
+}
+
+}
+
+BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+BENCHMARK(carList)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+
+int main(int argc, char **argv)
+{
+    KApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    const BenchOffice office(contractsOfTheOffice);
+    multiplyCars();
+
+    WriteSetting(QStringLiteral("AutomobilInformations"), QStringLiteral("iMaxRows"), 1);
+    CDlgAutomobilInformations cars;
+    page = &cars;
+    showAll(page);
+    cars.archiveFilter()->setCurrentIndex(0);
+    cars.inactiveFilter()->setChecked(true);
+    cars.setRowLimit(carCount);
+
+    BareModel model;
+    QTreeView view;
+    view.setUniformRowHeights(true);
+    view.setRootIsDecorated(false);
+    view.setAlternatingRowColors(true);
+    view.setModel(&model);
+    view.setColumnHidden(plateColumn, true);
+    bareModel = &model;
+    bareView = &view;
+    showAll(&view);
+
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    const bool fast = reporter.printRatio("car list of 10,000 cars, search to painted / one JOIN and a bare model", "carList",
+                                          "joinAndBareModel", 2);
+    return reportPictures() && fast ? 0 : 1;
+}
