@@ -9,6 +9,7 @@
 #include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"
 #include "host/demo/DemoDemands.h"
+#include "host/demo/DemoInvoices.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/CTblUsers.h"
@@ -21,6 +22,8 @@ constexpr int currentYear = 1405;
 constexpr int fewestPersons = 20;
 constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
+constexpr int fewestSales = 12;
+constexpr int mostSales = 120;
 constexpr int daysOfTheRegister = 300; // the oldest car came so long ago
 
 // Fixed days, so that the office is the same whenever it is made.
@@ -31,6 +34,27 @@ QDate firstDay()
 QDate lastDay()
 {
     return ConvertToMiladi(currentYear, 8, 20);
+}
+
+// Services are sold and bought since the summer, so that the season's tax return has both.
+QDate firstInvoiceDay()
+{
+    return ConvertToMiladi(currentYear, 4, 1);
+}
+
+// Invoices are written in the name of the user at work.
+void writeInvoices(const DemoContracts::Office &office, const QList<DemoPersons::Person> &people, DemoRandom &random, int sales,
+                   int database)
+{
+    CDBSetting *setting = GetDBSetting();
+    const int before = setting->GetUserID();
+    if (!setting->Login(office.userID))
+        throw KAccountingError(QStringLiteral("کاربر دفتر نمونه وارد نشد."));
+    DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
+                 database)
+        .write(sales);
+    if (before == 0 || !setting->Login(before))
+        setting->Logout();
 }
 
 void requireEmpty(int database)
@@ -98,6 +122,7 @@ void fill(int contracts, int database)
     const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
+    writeInvoices(office, people, random, qBound(fewestSales, contracts / 10, mostSales), database);
     CTblProperties::DBWriteSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), contracts, database);
     transaction.commit();
 }

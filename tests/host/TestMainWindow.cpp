@@ -174,6 +174,12 @@ void TestMainWindow::hostPagesOpenOnce_data()
                              << "Persons";
     QTest::newRow("documents") << "اسناد حسابداری"
                                << "Documents";
+    QTest::newRow("invoices") << "فاکتورها"
+                              << "Factors";
+    QTest::newRow("services") << "خدمات"
+                              << "Services";
+    QTest::newRow("chart of accounts") << "سرفصل حساب‌ها"
+                                       << "ChartOfAccounts";
     QTest::newRow("users") << "کاربران و دسترسی‌ها"
                            << "Users";
 }

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void carsHavePicturesThatCanBeShown();
     void everyKindOfInputParameterHasValues();
     void demandsAreOfTheCatalogAndSomeHaveFittingCars();
+    void invoicesOfTheSeasonAreWhatTheEditorWouldSave();
     void userCanLogIn();
     void editorContinuesTheCodes();
     void aDatabaseWithDataIsLeftAlone();
@@ -74,7 +75,8 @@ QString TestDemoData::checksum()
 {
     QString all;
     for (const char *table : {"Persons", "AutomobilContracts", "Documents", "Docs", "Properties", "UserRights", "CarBrands",
-                              "CarModels", "CarClasses", "Items", "AutomobilTariffs", "AutomobilInformations", "AutomobilDemands"}) {
+                              "CarModels", "CarClasses", "Items", "AutomobilTariffs", "AutomobilInformations", "AutomobilDemands", "Services",
+                              "Factors", "FactorStuffs"}) {
         CTblTemp query;
         query.Open(false, false, true);
         query.ExecuteQuery(QStringLiteral("CHECKSUM TABLE ") + QString::fromLatin1(table));
@@ -102,7 +104,8 @@ void TestDemoData::sizesFollowTheContracts()
 {
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("300"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("200"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("300"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents WHERE iKind=28")), QStringLiteral("300"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT CONCAT(SUM(iType=7),'/',SUM(iType=8)) FROM Factors")), QStringLiteral("30/15"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT DATEDIFF(MAX(dateContract),MIN(dateContract)) BETWEEN 700 AND 731 "
                                              "FROM AutomobilContracts")),
              QStringLiteral("1"));
@@ -118,7 +121,7 @@ void TestDemoData::sizesFollowTheContracts()
 
 void TestDemoData::everyDocumentBalances()
 {
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(DISTINCT iFiscalYear,iDocNum) FROM Docs")), QStringLiteral("300"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(DISTINCT iFiscalYear,iDocNum) FROM Docs")), QStringLiteral("344"));
     CTblDocuments documents;
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         CTblDocuments::RequireBalanced(documents.m_iNum, documents.m_iFiscalYear);
@@ -130,7 +133,7 @@ void TestDemoData::numbersRunThroughEachFiscalYear()
                                              "HAVING MIN(iNum)<>1 OR MAX(iNum)<>COUNT(*)) gaps")),
              QStringLiteral("0"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents a JOIN Documents b ON b.iFiscalYear=a.iFiscalYear "
-                                             "AND b.iNum=a.iNum+1 WHERE b.date<a.date")),
+                                             "AND b.iNum=a.iNum+1 AND b.iKind=a.iKind WHERE b.date<a.date AND a.iKind=28")),
              QStringLiteral("0"));
     CTblDocuments documents;
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
@@ -287,6 +290,28 @@ void TestDemoData::demandsAreOfTheCatalogAndSomeHaveFittingCars()
         withCars += MatchingCars::of(demand.m_iID)->cars.empty() ? 0 : 1;
     }
     QVERIFY2(withCars > 15 && withCars < 60, qPrintable(QString::number(withCars)));
+}
+
+void TestDemoData::invoicesOfTheSeasonAreWhatTheEditorWouldSave()
+{
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Factors f WHERE ABS(dAmount-(SELECT SUM(dCount*dPrice) FROM "
+                                             "FactorStuffs s WHERE s.iFactorNum=f.iID AND s.iType=f.iType))>0.001 OR "
+                                             "ABS(dTax-(dAmount-dDiscount)*6/100)>0.5 OR ABS(dImposition-(dAmount-dDiscount)*4/100)>0.5")),
+             QStringLiteral("0"));
+    // What each valid one asks for stands on the person's account.
+    QCOMPARE(m_database.value(QStringLiteral(
+                 "SELECT COUNT(*) FROM Factors f JOIN Docs d ON d.iDocNum=f.iDocNum AND d.iFiscalYear=f.iFiscalYear AND "
+                 "d.iHesabMoeenCode=110301 AND d.iPersonID=f.iPersonID AND ABS(d.dBed+d.dBes-(f.dAmount-f.dDiscount+f.dTax+"
+                 "f.dImposition))<0.001 WHERE f.iStatus=0")),
+             QStringLiteral("44"));
+    const QString summer = QStringLiteral("SELECT COUNT(*) FROM Factors WHERE iType=%1 AND iStatus=0 AND date<'%2'");
+    const QString autumn = ConvertToMiladi(1405, 7, 1).toString(Qt::ISODate);
+    QVERIFY(m_database.value(summer.arg(7).arg(autumn)).toInt() >= 10);
+    QVERIFY(m_database.value(summer.arg(8).arg(autumn)).toInt() >= 5);
+    QCOMPARE(m_database.value(QStringLiteral("SELECT CONCAT(SUM(iStatus),'/',(SELECT COUNT(DISTINCT iFactorNum) FROM FactorStuffs "
+                                             "WHERE iKind IN (3,4)),'/',COUNT(DISTINCT iUserID)) FROM Factors")),
+             QStringLiteral("1/1/1"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Services")), QStringLiteral("9"));
 }
 
 void TestDemoData::userCanLogIn()
