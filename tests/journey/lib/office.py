@@ -16,6 +16,9 @@ ADMINISTRATOR = "مدیر نمونه"
 ADMINISTRATOR_USER = "modir"
 # For an office that lasts as long as a journey; typed into fields only.
 PASSWORD = "rahe-abi-1405"
+# The made-up office that the program fills by itself.
+DEMO_COMPANY = "نمایشگاه اتومبیل آریا"
+DEMO_USER = "demo"
 
 
 class Office:
@@ -28,16 +31,17 @@ class Office:
         self.pictures = pictures
         self.input = Input(desktop.environment)
         self._kind_of_hands = hands
+        self._company = COMPANY
         self._process = None
         self.tree = None
         self.hands = None
         self.main = None
         connect()
 
-    def start(self):
+    def start(self, *options):
         """Starts the program; its first window is not awaited here."""
         self._process = self.desktop.processes.start(
-            [self.program, "--data-dir", self.data_folder], log=self.desktop.log("program"),
+            [self.program, "--data-dir", self.data_folder, *options], log=self.desktop.log("program"),
             environment=self.desktop.environment)
         self.tree = Tree(self._process.pid)
         self.hands = HANDS[self._kind_of_hands](self.tree, self.input)
@@ -62,8 +66,13 @@ class Office:
         if picture:
             self.pictures.take(*picture)
         self.hands.press(labels.ENTER, window)
-        self.main = self.tree.window(COMPANY, seconds=30)
+        self.main = self.tree.window(self._company, seconds=30)
         return self.main
+
+    def log_in_demo(self):
+        """Into the made-up office, as its manager."""
+        self._company = DEMO_COMPANY
+        return self.log_in(DEMO_USER, DEMO_USER)
 
     def leave(self):
         """Closes the program by its menu and waits until it and its database server are gone."""
