@@ -3,6 +3,7 @@
 
 #include "suite/utility/KLinesView.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
 #include <QCoreApplication>
@@ -22,6 +23,7 @@ namespace {
 
 constexpr double largestCount = 999999999;
 constexpr int countDecimals = 4;
+constexpr char listOfChoice[] = "listOfChoice"; // the entry cell that a list of what fits belongs to
 
 bool isEnter(const QKeyEvent *event)
 {
@@ -82,6 +84,8 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
+        if (watched->property(listOfChoice).isValid())
+            return eventOfList(watched, event);
         auto *editor = qobject_cast<QWidget *>(watched);
         if (editor && event->type() == QEvent::KeyPress) {
             const auto *key = static_cast<QKeyEvent *>(event);
@@ -109,6 +113,25 @@ protected:
     }
 
 private:
+    // Enter in the list of what fits takes over what is marked there, and goes on as Enter in the entry line does.
+    bool eventOfList(QObject *list, QEvent *event)
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const auto *key = static_cast<QKeyEvent *>(event);
+            auto *editor = list->property(listOfChoice).value<QWidget *>();
+            if (isEnter(key) && isPlain(key)) {
+                QMetaObject::invokeMethod(
+                    editor,
+                    [this, editor] {
+                        take(editor);
+                        m_stepOn();
+                    },
+                    Qt::QueuedConnection);
+            }
+        }
+        return false;
+    }
+
     void take(QWidget *editor)
     {
         Q_EMIT commitData(editor);
@@ -140,6 +163,9 @@ private:
             combo->addItem(choice.text, choice.key);
         combo->completer()->setCompletionMode(QCompleter::PopupCompletion);
         combo->completer()->setFilterMode(Qt::MatchContains);
+        QAbstractItemView *list = combo->completer()->popup();
+        list->setProperty(listOfChoice, QVariant::fromValue<QWidget *>(combo));
+        list->installEventFilter(const_cast<LineDelegate *>(this));
         combo->lineEdit()->setAccessibleName(column.title);
         // At the cell's side also while it is empty.
         combo->lineEdit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void cleanup();
     void typedChoiceMeansAnEntry_data();
     void typedChoiceMeansAnEntry();
+    void enterInTheListOfWhatFitsGoesOn_data();
+    void enterInTheListOfWhatFitsGoesOn();
     void unknownChoiceKeepsItsTextAndIsMarked();
     void computedCellFollowsTheLine();
     void numbersAreTakenAsTheyAreTyped_data();
@@ -130,6 +132,33 @@ void TestKLinesView::typedChoiceMeansAnEntry()
 {
     QFETCH(QString, typed);
     QTEST(m_model->choiceFor(Service, typed).key, "key");
+}
+
+void TestKLinesView::enterInTheListOfWhatFitsGoesOn_data()
+{
+    QTest::addColumn<int>("stepsDown");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("key");
+    QTest::newRow("nothing marked") << 0 << QStringLiteral("موتور") << 3;
+    QTest::newRow("the first marked") << 1 << QStringLiteral("کارشناسی") << 1;
+    QTest::newRow("the second marked") << 2 << QStringLiteral("کارشناسی") << 3;
+}
+
+void TestKLinesView::enterInTheListOfWhatFitsGoesOn()
+{
+    QFETCH(int, stepsDown);
+    QFETCH(QString, typed);
+    QFETCH(int, key);
+    m_view->goTo(0, Service);
+    for (const QChar c : typed)
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    for (int step = 0; step < stepsDown; ++step)
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    QTRY_COMPARE(m_view->currentIndex().column(), int(Service) + 1);
+    QCOMPARE(m_model->index(0, Service).data(KLinesModel::KeyRole).toInt(), key);
+    QVERIFY(!QApplication::activePopupWidget());
 }
 
 void TestKLinesView::unknownChoiceKeepsItsTextAndIsMarked()
