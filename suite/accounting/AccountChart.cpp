@@ -73,7 +73,7 @@ void requireOpen(int database)
 
 QString requireName(const QList<Account> &accounts, const QString &name, int parent, int ownCode)
 {
-    const QString kept = ConvertToStandard(name);
+    QString kept = ConvertToStandard(name);
     if (kept.isEmpty())
         throw KAccountingError(QStringLiteral("لطفا نام حساب را وارد نمایید."));
     for (const Account &other : accounts) {
@@ -111,7 +111,7 @@ void requireParent(AccountLevel level, int parent, int database)
         throw KAccountingError(QStringLiteral("حساب «%1» غیرفعال است.").arg(account->name));
     if (level != AccountLevel::Tafsily)
         return;
-    if (AccountCode::isFixed(parent))
+    if (AccountCode::isUndivided(parent))
         throw KAccountingError(
             QStringLiteral("برنامه خودش روی حساب «%1» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
     CTblTemp query(database);

@@ -114,3 +114,9 @@ bool AccountCode::isFixed(int code)
     return std::any_of(fixedAccounts.cbegin(), fixedAccounts.cend(),
                        [code](int account) { return account == code || parentOf(account) == code; });
 }
+
+bool AccountCode::isUndivided(int moeen)
+{
+    const int kol = parentOf(moeen);
+    return isFixed(moeen) || kol == Accounts::cashKol || kol == Accounts::bankKol;
+}

@@ -28,5 +28,8 @@ TZACCOUNTING_EXPORT Problem check(AccountLevel level, int code, int parent);
 TZACCOUNTING_EXPORT int proposed(AccountLevel level, int parent, const QList<int> &taken);
 // Whether the program itself writes documents on the account or on one below it.
 TZACCOUNTING_EXPORT bool isFixed(int code);
+// Whether the program writes rows on the subsidiary account itself, so that none may be opened below it: the fixed ones, and
+// every cash box and bank account, which receipts go to.
+TZACCOUNTING_EXPORT bool isUndivided(int moeen);
 
 }

@@ -13,7 +13,7 @@ namespace {
 // The name in standard form. Stands inside the transaction that writes it.
 QString requireGood(int code, const QString &name, int ownID, int database)
 {
-    const QString kept = ConvertToStandard(name);
+    QString kept = ConvertToStandard(name);
     if (kept.isEmpty())
         throw KAccountingError(QStringLiteral("لطفا نام خدمت را وارد نمایید."));
     if (code < 1)

@@ -185,7 +185,7 @@ QString ManualDocument::changeRefusal(int num, int fiscalYear, int database)
     CTblDocuments header(database);
     if (!findHeader(header, num, fiscalYear))
         return QStringLiteral("این سند دیگر وجود ندارد.");
-    const QString ofKind = DocumentKinds::refusal(header.m_iKind);
+    QString ofKind = DocumentKinds::refusal(header.m_iKind);
     if (!ofKind.isEmpty())
         return ofKind;
     const int year = GetDBSetting()->FiscalYear();

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyledItemDelegate>
+#include <QTimer>
 
 #include <algorithm>
 #include <functional>
@@ -318,9 +319,7 @@ bool KLinesView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *eve
     }
     if (wanted) {
         // Opened when the key or click is over: another window comes up.
-        QMetaObject::invokeMethod(
-            this, [this, row = index.row(), column = index.column()] { Q_EMIT pickRequested(row, column); },
-            Qt::QueuedConnection);
+        QTimer::singleShot(0, this, [this, row = index.row(), column = index.column()] { Q_EMIT pickRequested(row, column); });
     }
     return wanted;
 }

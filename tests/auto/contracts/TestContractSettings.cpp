@@ -3,6 +3,8 @@
 
 #include "auto/contracts/ContractSettings.h"
 
+#include "suite/accounting/LevyRates.h"
+
 #include "suite/accounting/SuiteSchema.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/support/TestDatabase.h"
@@ -20,6 +22,7 @@ private Q_SLOTS:
     void missingSettingsAreZero();
     void everySettingIsWrittenUnderItsKeyAndReadBack();
     void failedSaveWritesNothing();
+    void invoicesStartFromTheSameRates();
 
 private:
     TestDatabase m_database;
@@ -135,6 +138,16 @@ void TestContractSettings::failedSaveWritesNothing()
     QVERIFY_THROWS_EXCEPTION(CMySQLException, settings.save());
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'")),
              QStringLiteral("0"));
+}
+
+void TestContractSettings::invoicesStartFromTheSameRates()
+{
+    ContractSettings settings;
+    settings.taxPercent = 6.5;
+    settings.dutyPercent = 3.25;
+    settings.save();
+    QCOMPARE(LevyRates::load().tax, 6.5);
+    QCOMPARE(LevyRates::load().duty, 3.25);
 }
 
 QTEST_GUILESS_MAIN(TestContractSettings)

@@ -110,6 +110,10 @@ void TestAccountCode::everyAccountThatTheProgramPostsToIsFixed()
     QVERIFY(!AccountCode::isFixed(110202));
     QVERIFY(!AccountCode::isFixed(6201));
     QVERIFY(!AccountCode::isFixed(0));
+    // A further bank account is the office's to rename or put aside, but receipts go to it.
+    QVERIFY(AccountCode::isUndivided(110202));
+    QVERIFY(AccountCode::isUndivided(Accounts::commissionIncome));
+    QVERIFY(!AccountCode::isUndivided(620101));
 }
 
 void TestAccountCode::natureOfABalance_data()

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void freshDatabaseHoldsTheAccounts_data();
     void freshDatabaseHoldsTheAccounts();
     void everyAccountStandsUnderAGeneralOne();
+    void balancesHaveTheirKeys();
     void runTwiceChangesNothing();
     void stepThatStoppedHalfwayIsRunAgain();
     void databaseOfANewerProgramIsRefused();
@@ -126,6 +127,16 @@ void TestSuiteSchema::everyAccountStandsUnderAGeneralOne()
                                              "WHERE m.iCode DIV 100=k.iCode")),
              QStringLiteral("12"));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
+}
+
+void TestSuiteSchema::balancesHaveTheirKeys()
+{
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(CONCAT(TABLE_NAME,'.',COLUMN_NAME) ORDER BY 1) FROM "
+                                             "information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND SEQ_IN_INDEX=1 AND "
+                                             "CONCAT(TABLE_NAME,'.',COLUMN_NAME) IN ('Docs.iHesabKolCode','Docs.iHesabMoeenCode',"
+                                             "'Docs.iHesabTafsilyCode','Documents.date')")),
+             QStringLiteral("Docs.iHesabKolCode,Docs.iHesabMoeenCode,Docs.iHesabTafsilyCode,Documents.date"));
 }
 
 void TestSuiteSchema::runTwiceChangesNothing()
