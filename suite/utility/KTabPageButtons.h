@@ -47,10 +47,10 @@ Q_SIGNALS:
     void currentChanged(int index);
 
 protected:
-    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void addKeys(QKeyCombination keys, void (KTabPageButtons::*work)());
     void placeInTabOrder(QWidget *button, int index);
     void step(int direction);
 

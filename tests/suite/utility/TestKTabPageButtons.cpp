@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -23,6 +24,8 @@ private Q_SLOTS:
     void aClickOnTheCurrentButtonKeepsItPressed();
     void keys_data();
     void keys();
+    void keysFromADropDown_data() { keys_data(); }
+    void keysFromADropDown();
     void arrowsOnTheButtons();
     void disabledPagesArePassedOver();
     void disablingTheCurrentPageLeavesIt();
@@ -121,6 +124,22 @@ void TestKTabPageButtons::keys()
     QTest::keyClick(m_fields[from], key, modifiers);
     QTEST(m_tabs->currentIndex(), "to");
     QVERIFY(m_tabs->button(m_tabs->currentIndex())->isChecked());
+}
+
+// A drop-down takes each of these keys for itself, to search its entries or to go through them.
+void TestKTabPageButtons::keysFromADropDown()
+{
+    QFETCH(int, from);
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    m_tabs->setCurrentIndex(from);
+    auto *choice = new QComboBox(m_tabs->page(from));
+    choice->addItems({QStringLiteral("پژو"), QStringLiteral("سمند")});
+    choice->show();
+    choice->setFocus();
+    QTest::keyClick(choice, key, modifiers);
+    QTEST(m_tabs->currentIndex(), "to");
+    QCOMPARE(choice->currentIndex(), modifiers == Qt::NoModifier ? 1 : 0);
 }
 
 void TestKTabPageButtons::arrowsOnTheButtons()
