@@ -48,10 +48,11 @@ KTabPageButtons::KTabPageButtons(QWidget *parent)
         addKeys(keys, &KTabPageButtons::previousPage);
 }
 
-// Shortcuts, because a drop-down takes every key that reaches it, to search its entries or to go through them.
+// Shortcuts of the window, because a drop-down takes every key that reaches it, to search its entries or to go through
+// them, and because the window's own buttons stand beside the pages.
 void KTabPageButtons::addKeys(QKeyCombination keys, void (KTabPageButtons::*work)())
 {
-    auto *shortcut = new QShortcut(QKeySequence(keys), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    auto *shortcut = new QShortcut(QKeySequence(keys), this, nullptr, nullptr, Qt::WindowShortcut);
     connect(shortcut, &QShortcut::activated, this, work);
 }
 

@@ -7,6 +7,8 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void keys();
     void keysFromADropDown_data() { keys_data(); }
     void keysFromADropDown();
+    void keysFromBesideThePages();
     void arrowsOnTheButtons();
     void disabledPagesArePassedOver();
     void disablingTheCurrentPageLeavesIt();
@@ -140,6 +143,25 @@ void TestKTabPageButtons::keysFromADropDown()
     QTest::keyClick(choice, key, modifiers);
     QTEST(m_tabs->currentIndex(), "to");
     QCOMPARE(choice->currentIndex(), modifiers == Qt::NoModifier ? 1 : 0);
+}
+
+void TestKTabPageButtons::keysFromBesideThePages()
+{
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(m_tabs.get());
+    const auto takenBack = qScopeGuard([this] { m_tabs->setParent(nullptr); });
+    auto *confirm = new QPushButton(QStringLiteral("تاييد"));
+    layout->addWidget(confirm);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    confirm->setFocus();
+    QTest::keyClick(confirm, Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(m_tabs->currentIndex(), 1);
+    QTest::keyClick(confirm, Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    QVERIFY(confirm->hasFocus());
 }
 
 void TestKTabPageButtons::arrowsOnTheButtons()
