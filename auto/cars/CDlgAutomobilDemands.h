@@ -44,6 +44,7 @@ protected:
     std::vector<KListCommand> commands() override;
     void buildFilters(QGridLayout *grid) override;
     KListTraits traits() const override;
+    void opening() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     std::unique_ptr<KMySQL> makeRecord() const override;
     QStringList fetchedColumns() const override;

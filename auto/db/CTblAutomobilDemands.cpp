@@ -54,6 +54,15 @@ void CTblAutomobilDemands::unarchive(qint32 code, int database)
     statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=%d", code);
 }
 
+int CTblAutomobilDemands::archiveOlderThan(int days, qint32 userID, int database)
+{
+    CTblTemp statement(database);
+    statement.Open(false, false, true);
+    return statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=%d, dateArchive=NOW() "
+                                           "WHERE iStatus=0 AND iArchiveUserID=0 AND DATEDIFF(NOW(), dateCreate)>%d",
+                                           userID, days);
+}
+
 void CTblAutomobilDemands::setAlarm(qint32 id, qint32 alarmID, int database)
 {
     CTblTemp statement(database);

@@ -28,6 +28,9 @@ public:
     // By code, not by key.
     static void archive(qint32 code, qint32 userID, int database = 0);
     static void unarchive(qint32 code, int database = 0);
+    // Archives the active demands not archived yet that were created more than that many days before today, by the server's
+    // clock; the time of day does not count. One statement; how many there were.
+    static int archiveOlderThan(int days, qint32 userID, int database = 0);
     // Which reminder is the demand's, by the demand's key.
     static void setAlarm(qint32 id, qint32 alarmID, int database = 0);
 

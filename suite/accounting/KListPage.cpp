@@ -266,6 +266,7 @@ void KListPage::open()
     readSettings();
     applyMode();
     updateCommands();
+    opening();
     firstFill();
     if (m_selectMode)
         selectListed(m_chosenKey);

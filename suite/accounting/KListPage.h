@@ -144,6 +144,7 @@ protected:
     // A selected record is gone from the table. The list takes its row off; one that is to be read anew calls refill().
     virtual void recordDeleted(int key);
     virtual void activated(int key) = 0;  // double click or Enter on a row, outside select mode
+    virtual void opening() { }            // once, before the first fill; what it throws keeps the list from being filled
     virtual void modeApplied() { }        // the mode is known: shows and hides the list's own controls
     virtual void emptyAreaActivated() { } // double click beside the rows, outside select mode
     virtual void rightClicked(int) { }

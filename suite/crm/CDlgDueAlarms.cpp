@@ -11,6 +11,7 @@
 #include "suite/utility/ShamsiDate.h"
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
@@ -54,22 +55,25 @@ void CDlgDueAlarms::build()
                         {QStringLiteral("شرح"), Qt::AlignRight, 220, {}}});
     m_list->SetSettingName(QStringLiteral("DueAlarms\\List"));
 
-    QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بستن"));
-    auto addButton = [buttons](const QString &caption, const QString &icon) {
-        auto *button = buttons->addButton(caption, QDialogButtonBox::ActionRole);
-        button->setIcon(QIcon(icon));
+    // A row of its own: buttons that are added to those of the window would break the order of Tab.
+    auto *row = new QHBoxLayout;
+    auto addButton = [this, row](const QString &caption, const QString &icon) {
+        auto *button = new QPushButton(QIcon(icon), caption, this);
         button->setAccessibleName(caption);
         // Closing is what the window proposes.
         button->setAutoDefault(false);
+        row->addWidget(button);
         return button;
     };
     m_done = addButton(QStringLiteral("انجام شد"), QStringLiteral(":/icons/reminder.svg"));
     m_postpone = addButton(QStringLiteral("تعویق"), QStringLiteral(":/icons/calendar.svg"));
+    row->addStretch(1);
+    row->addWidget(createButtons({}, QStringLiteral("بستن")));
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(heading);
     layout->addWidget(m_list, 1);
-    layout->addWidget(buttons);
+    layout->addLayout(row);
     connect(m_done, &QPushButton::clicked, this, &CDlgDueAlarms::finish);
     connect(m_postpone, &QPushButton::clicked, this, &CDlgDueAlarms::postpone);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgDueAlarms::updateButtons);

@@ -7,6 +7,7 @@
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -14,18 +15,15 @@
 
 namespace {
 
-bool isNextKey(const QKeyEvent *event)
-{
-    return event->modifiers() == Qt::ControlModifier
-        && (event->key() == Qt::Key_Tab || event->key() == Qt::Key_PageDown);
-}
-
-bool isPreviousKey(const QKeyEvent *event)
-{
-    const bool backTab = event->key() == Qt::Key_Backtab || event->key() == Qt::Key_Tab;
-    return (event->modifiers() == Qt::ControlModifier && event->key() == Qt::Key_PageUp)
-        || (event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier) && backTab);
-}
+constexpr QKeyCombination nextKeys[] = {
+    Qt::CTRL | Qt::Key_Tab,
+    Qt::CTRL | Qt::Key_PageDown,
+};
+constexpr QKeyCombination previousKeys[] = {
+    Qt::CTRL | Qt::SHIFT | Qt::Key_Tab,
+    Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab,
+    Qt::CTRL | Qt::Key_PageUp,
+};
 
 }
 
@@ -44,6 +42,18 @@ KTabPageButtons::KTabPageButtons(QWidget *parent)
     layout->addWidget(m_bar);
     layout->addWidget(m_pages, 1);
     connect(m_buttons, &QButtonGroup::idClicked, this, &KTabPageButtons::setCurrentIndex);
+    for (const QKeyCombination keys : nextKeys)
+        addKeys(keys, &KTabPageButtons::nextPage);
+    for (const QKeyCombination keys : previousKeys)
+        addKeys(keys, &KTabPageButtons::previousPage);
+}
+
+// Shortcuts of the window, because a drop-down takes every key that reaches it, to search its entries or to go through
+// them, and because the window's own buttons stand beside the pages.
+void KTabPageButtons::addKeys(QKeyCombination keys, void (KTabPageButtons::*work)())
+{
+    auto *shortcut = new QShortcut(QKeySequence(keys), this, nullptr, nullptr, Qt::WindowShortcut);
+    connect(shortcut, &QShortcut::activated, this, work);
 }
 
 int KTabPageButtons::addPage(QWidget *page, const QString &title)
@@ -154,20 +164,6 @@ void KTabPageButtons::step(int direction)
             return;
         }
     }
-}
-
-// Key presses that the focused field leaves alone rise through here, before the focus would move on.
-bool KTabPageButtons::event(QEvent *event)
-{
-    if (event->type() == QEvent::KeyPress) {
-        const auto *key = static_cast<QKeyEvent *>(event);
-        if (isNextKey(key) || isPreviousKey(key)) {
-            step(isNextKey(key) ? 1 : -1);
-            event->accept();
-            return true;
-        }
-    }
-    return QWidget::event(event);
 }
 
 bool KTabPageButtons::eventFilter(QObject *watched, QEvent *event)

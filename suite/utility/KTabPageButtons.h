@@ -14,7 +14,7 @@ class QHBoxLayout;
 class QStackedWidget;
 
 // A row of buttons over a stack of pages, one of them pressed. Ctrl+Tab and Ctrl+PageDown go to the next page,
-// Ctrl+Shift+Tab and Ctrl+PageUp to the one before, from anywhere inside; on the buttons the arrow keys do.
+// Ctrl+Shift+Tab and Ctrl+PageUp to the one before, from anywhere in the window; on the buttons the arrow keys do.
 class TZUTILITY_EXPORT KTabPageButtons : public QWidget
 {
     Q_OBJECT
@@ -47,10 +47,10 @@ Q_SIGNALS:
     void currentChanged(int index);
 
 protected:
-    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void addKeys(QKeyCombination keys, void (KTabPageButtons::*work)());
     void placeInTabOrder(QWidget *button, int index);
     void step(int direction);
 

@@ -7,6 +7,7 @@
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/CDlgMatches.h"
 #include "auto/cars/PersonGroup.h"
+#include "auto/contracts/ContractSettings.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/KMessageDialog.h"
@@ -25,6 +26,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 
 namespace {
@@ -107,12 +109,26 @@ class TestCDlgAutomobilDemands : public QObject
         });
     }
 
+    static void archiveDemandsAfter(int days)
+    {
+        ContractSettings settings;
+        settings.archiveDemands = true;
+        settings.demandDays = days;
+        settings.save();
+    }
+
+    int addOldDemand()
+    {
+        return addDemand([](Demand &demand) { demand.m_dateCreate = day(2019, 3, 21); });
+    }
+
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
     void cleanupTestCase() { m_office.reset(); }
     void init()
     {
         CarTestRecords::clear(*m_office);
+        ContractSettings().save();
         m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
         m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
     }
@@ -560,6 +576,69 @@ private Q_SLOTS:
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این تقاضا قبلا بایگانی شده است.")});
         QVERIFY(statements.taken().isEmpty());
         QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("4711"));
+    }
+
+    // --- Archiving what is old ---
+
+    void oldDemandsAreArchivedQuietlyBeforeTheFirstSearch()
+    {
+        archiveDemandsAfter(30);
+        addOldDemand();
+        const int young = addDemand([](Demand &d) { d.m_dateCreate = GetDBSetting()->GetDBServerDate(); });
+        Page page;
+        page.open();
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(page.list()->currentKey(), young);
+        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iArchiveUserID ORDER BY iID) FROM AutomobilDemands")),
+                 QStringLiteral("%1,0").arg(m_office->adminID()));
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+        // An open list leaves alone what the user took out of the archive.
+        m_office->database().run(QStringLiteral("UPDATE AutomobilDemands SET iArchiveUserID=0"));
+        page.refill();
+        QCOMPARE(page.list()->count(), 2);
+    }
+
+    void openingArchivesNothingWithoutTheRight()
+    {
+        archiveDemandsAfter(30);
+        addOldDemand();
+        m_office->logInAs(QStringLiteral("keeper"), rightsForm, KSecurity::allRights);
+        Page page;
+        page.open();
+        QCOMPARE(page.list()->count(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        m_office->logInAs(QStringLiteral("keeper"), archiveForm, KSecurity::Access);
+        Page next;
+        next.open();
+        QCOMPARE(next.list()->count(), 0);
+    }
+
+    void openingArchivesNothingInAClosedDatabase()
+    {
+        archiveDemandsAfter(30);
+        addOldDemand();
+        GetDBSetting()->SetClosedDB(true);
+        Page page;
+        page.open();
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("0"));
+    }
+
+    void demandsThatCannotBeArchivedAreListedAllTheSame()
+    {
+        archiveDemandsAfter(30);
+        addOldDemand();
+        m_office->database().run(QStringLiteral("CREATE TRIGGER keepDemands BEFORE UPDATE ON AutomobilDemands FOR EACH ROW"
+                                                " SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='not now'"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("not now")));
+        Page page;
+        page.open();
+        m_office->database().run(QStringLiteral("DROP TRIGGER keepDemands"));
+        QCOMPARE(page.list()->count(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
     void archivingNeedsItsRight()

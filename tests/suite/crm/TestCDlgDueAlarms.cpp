@@ -28,6 +28,7 @@ private Q_SLOTS:
     void postponedOneGoes();
     void editedOneGoesOnceItIsNotDue();
     void closedDatabaseOnlyShows();
+    void tabGoesRoundListAndButtons();
     void escCloses();
 
 private:
@@ -160,6 +161,21 @@ void TestCDlgDueAlarms::closedDatabaseOnlyShows()
     QVERIFY(button(&dialog, QStringLiteral("انجام شد"))->isHidden());
     QVERIFY(button(&dialog, QStringLiteral("تعویق"))->isHidden());
     QVERIFY(!button(&dialog, QStringLiteral("بستن"))->isHidden());
+}
+
+void TestCDlgDueAlarms::tabGoesRoundListAndButtons()
+{
+    Alarms::add(me(), -60, QStringLiteral("اول"));
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QStringList met;
+    for (int i = 0; i < 4; ++i) {
+        Hand::press(Qt::Key_Tab);
+        met.append(Hand::focus() == list(&dialog) ? QStringLiteral("list") : qobject_cast<QPushButton *>(Hand::focus())->text());
+    }
+    const QStringList wanted{QStringLiteral("انجام شد"), QStringLiteral("تعویق"), QStringLiteral("بستن"), QStringLiteral("list")};
+    QCOMPARE(met, wanted);
 }
 
 void TestCDlgDueAlarms::escCloses()

@@ -5,7 +5,10 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -23,6 +26,9 @@ private Q_SLOTS:
     void aClickOnTheCurrentButtonKeepsItPressed();
     void keys_data();
     void keys();
+    void keysFromADropDown_data() { keys_data(); }
+    void keysFromADropDown();
+    void keysFromBesideThePages();
     void arrowsOnTheButtons();
     void disabledPagesArePassedOver();
     void disablingTheCurrentPageLeavesIt();
@@ -121,6 +127,41 @@ void TestKTabPageButtons::keys()
     QTest::keyClick(m_fields[from], key, modifiers);
     QTEST(m_tabs->currentIndex(), "to");
     QVERIFY(m_tabs->button(m_tabs->currentIndex())->isChecked());
+}
+
+// A drop-down takes each of these keys for itself, to search its entries or to go through them.
+void TestKTabPageButtons::keysFromADropDown()
+{
+    QFETCH(int, from);
+    QFETCH(Qt::Key, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    m_tabs->setCurrentIndex(from);
+    auto *choice = new QComboBox(m_tabs->page(from));
+    choice->addItems({QStringLiteral("پژو"), QStringLiteral("سمند")});
+    choice->show();
+    choice->setFocus();
+    QTest::keyClick(choice, key, modifiers);
+    QTEST(m_tabs->currentIndex(), "to");
+    QCOMPARE(choice->currentIndex(), modifiers == Qt::NoModifier ? 1 : 0);
+}
+
+void TestKTabPageButtons::keysFromBesideThePages()
+{
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    layout->addWidget(m_tabs.get());
+    const auto takenBack = qScopeGuard([this] { m_tabs->setParent(nullptr); });
+    auto *confirm = new QPushButton(QStringLiteral("تاييد"));
+    layout->addWidget(confirm);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    confirm->setFocus();
+    QTest::keyClick(confirm, Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(m_tabs->currentIndex(), 1);
+    QTest::keyClick(confirm, Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(m_tabs->currentIndex(), 0);
+    QVERIFY(confirm->hasFocus());
 }
 
 void TestKTabPageButtons::arrowsOnTheButtons()

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/cars/DemandArchiving.h"
+
+#include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/KTransaction.h"
+
+int DemandArchiving::archiveOldOnes(int userID, int database)
+{
+    const ContractSettings settings = ContractSettings::load(database);
+    if (!settings.archiveDemands || settings.demandDays <= 0)
+        return 0;
+    int archived = 0;
+    // Demands are saved elsewhere meanwhile.
+    KTransaction::runReplayable(
+        [&] { archived = CTblAutomobilDemands::archiveOlderThan(settings.demandDays, userID, database); }, database);
+    return archived;
+}
