@@ -99,6 +99,14 @@ void requireCode(AccountLevel level, const QList<Account> &accounts, int code, i
         throw KAccountingError(QStringLiteral("حساب %1 وجود دارد.").arg(codeText(code)));
 }
 
+bool hasRowsOfItsOwn(int moeen, int database)
+{
+    CTblTemp query(database);
+    query.Open(false, false, true);
+    query.FormatAndExecuteQuery("SELECT 1 FROM Docs WHERE iHesabMoeenCode=%d AND iHesabTafsilyCode=0 LIMIT 1", moeen);
+    return query.HasResultRow();
+}
+
 void requireParent(AccountLevel level, int parent, int database)
 {
     if (level == AccountLevel::Kol)
@@ -114,12 +122,38 @@ void requireParent(AccountLevel level, int parent, int database)
     if (AccountCode::isUndivided(parent))
         throw KAccountingError(
             QStringLiteral("برنامه خودش روی حساب «%1» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
-    CTblTemp query(database);
-    query.Open(false, false, true);
-    query.FormatAndExecuteQuery("SELECT 1 FROM Docs WHERE iHesabMoeenCode=%d AND iHesabTafsilyCode=0 LIMIT 1", parent);
-    if (query.HasResultRow())
+    if (hasRowsOfItsOwn(parent, database))
         throw KAccountingError(
             QStringLiteral("حساب «%1» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
+}
+
+void requireDeactivatable(AccountLevel level, int code, int database)
+{
+    if (AccountCode::isFixed(code))
+        throw KAccountingError(QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."));
+    if (level == AccountLevel::Tafsily)
+        return;
+    const AccountLevel below = level == AccountLevel::Kol ? AccountLevel::Moeen : AccountLevel::Tafsily;
+    for (const Account &account : AccountChart::read(below, database)) {
+        if (account.parent == code && account.active)
+            throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را که زیر این حساب است غیرفعال نمایید.").arg(account.name));
+    }
+}
+
+void requireActivatable(AccountLevel level, int code, int database)
+{
+    if (level == AccountLevel::Kol)
+        return;
+    const QList<Account> above = AccountChart::read(levelAbove(level), database);
+    const Account *parent = find(above, AccountCode::parentOf(code));
+    if (!parent)
+        return;
+    if (!parent->active)
+        throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را فعال نمایید.").arg(parent->name));
+    // Rows went to it while none of its detail accounts was active.
+    if (level == AccountLevel::Tafsily && hasRowsOfItsOwn(parent->code, database))
+        throw KAccountingError(
+            QStringLiteral("حساب «%1» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود.").arg(parent->name));
 }
 
 }
@@ -224,24 +258,13 @@ void AccountChart::setActive(int code, bool active, int database)
     requireOpen(database);
     KTransaction transaction(database);
     const AccountLevel level = AccountCode::levelOf(code);
-    if (!active && AccountCode::isFixed(code))
-        throw KAccountingError(QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."));
-    if (!active && level != AccountLevel::Tafsily) {
-        const AccountLevel below = level == AccountLevel::Kol ? AccountLevel::Moeen : AccountLevel::Tafsily;
-        for (const Account &account : read(below, database)) {
-            if (account.parent == code && account.active)
-                throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را که زیر این حساب است غیرفعال نمایید.").arg(account.name));
-        }
-    }
-    if (active && level != AccountLevel::Kol) {
-        const QList<Account> above = read(levelAbove(level), database);
-        const Account *parent = find(above, AccountCode::parentOf(code));
-        if (parent && !parent->active)
-            throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را فعال نمایید.").arg(parent->name));
-    }
     const std::unique_ptr<KMySQL> set = records(level, database);
     if (!set->IsRecordExist(QStringLiteral("iCode"), code))
         throw KAccountingError(QStringLiteral("این حساب دیگر وجود ندارد."));
+    if (active)
+        requireActivatable(level, code, database);
+    else
+        requireDeactivatable(level, code, database);
     set->Edit();
     set->setValue(u"iStatus", active ? 0 : inactive);
     set->Update(true);

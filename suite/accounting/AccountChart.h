@@ -37,7 +37,7 @@ TZACCOUNTING_EXPORT QList<Account> postable(int database = 0);
 TZACCOUNTING_EXPORT void add(AccountLevel level, int code, const QString &name, int parent, int database = 0);
 TZACCOUNTING_EXPORT void rename(int code, const QString &name, int database = 0);
 // An account that the program posts to stays active, and so does one above an active account. Below an inactive account none
-// becomes active.
+// becomes active, and no detail account below one that has got rows of its own meanwhile.
 TZACCOUNTING_EXPORT void setActive(int code, bool active, int database = 0);
 
 }

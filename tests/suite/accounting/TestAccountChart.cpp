@@ -23,6 +23,7 @@ private Q_SLOTS:
     void additionsThatAreRefused_data();
     void additionsThatAreRefused();
     void noDetailBelowAnAccountWithRowsOfItsOwn();
+    void noDetailBecomesActiveAgainBelowAnAccountWithRowsOfItsOwn();
     void rename();
     void renameThatIsRefused_data();
     void renameThatIsRefused();
@@ -138,6 +139,20 @@ void TestAccountChart::noDetailBelowAnAccountWithRowsOfItsOwn()
              QStringLiteral("حساب «آب و برق» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."));
     m_office.database.run(QStringLiteral("DELETE FROM Docs"));
     AccountChart::add(tafsily, 620102001, QStringLiteral("آب"), 620102);
+}
+
+// While no detail account is active, rows go to the subsidiary one; the report would lose them behind the detail account.
+void TestAccountChart::noDetailBecomesActiveAgainBelowAnAccountWithRowsOfItsOwn()
+{
+    AccountChart::setActive(620101001, false);
+    const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
+    CTblDocs::AddRecord({.docNum = num, .fiscalYear = 1405, .hesabKol = 6201, .hesabMoeen = 620101, .bed = 5});
+    QCOMPARE(refusalOf([] { AccountChart::setActive(620101001, true); }),
+             QStringLiteral("حساب «اجاره» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود."));
+    QCOMPARE(value(QStringLiteral("SELECT iStatus FROM HesabTafsily")), QStringLiteral("1"));
+    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
+    AccountChart::setActive(620101001, true);
 }
 
 void TestAccountChart::rename()
