@@ -72,6 +72,7 @@ void addField(QGridLayout *grid, int row, int column, const QString &caption, QW
 
 CDlgAddDocument::CDlgAddDocument(const ManualDocument &document, QWidget *parent)
     : KDialog(parent)
+    , m_seen(document)
     , m_num(document.num)
     , m_fiscalYear(document.fiscalYear)
 {
@@ -283,7 +284,7 @@ bool CDlgAddDocument::OnOK()
     }
     try {
         const KWaitCursor wait;
-        wanted.save();
+        wanted.save(m_seen);
     } catch (const KAccountingError &error) {
         g_pDlgWarning->Show(error.userMessage(), this);
         m_date->setFocus();

@@ -44,6 +44,7 @@ private:
     bool refuseInvalidEntry();
     void goTo(const ManualDocument::Problem &problem);
 
+    ManualDocument m_seen; // what the user began with
     int m_num;
     int m_fiscalYear;
     QSet<int> m_accounts;

@@ -98,6 +98,7 @@ QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *pa
 
 CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent)
     : KDialog(parent)
+    , m_seen(invoice)
     , m_num(invoice.num)
     , m_type(invoice.type)
     , m_showOnly(showOnly)
@@ -415,7 +416,7 @@ bool CDlgAddFactor::OnOK()
     }
     try {
         const KWaitCursor wait;
-        m_num = InvoicePosting::save(wanted).num;
+        m_num = InvoicePosting::save(wanted, m_seen).num;
     } catch (const KAccountingError &error) {
         return refuse(error.userMessage(), m_date);
     }

@@ -50,6 +50,7 @@ private:
     bool refuseInvalidEntry();
     void goTo(const Invoice::Problem &problem);
 
+    Invoice m_seen; // what the user began with
     int m_num;
     int m_type;
     bool m_showOnly;

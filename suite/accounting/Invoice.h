@@ -107,4 +107,6 @@ struct TZACCOUNTING_EXPORT Invoice
     // The first thing that keeps it from being saved, in the order of the window's fields; the sentence for the user beside it.
     QList<Problem> problems(int decimals) const;
     static QString message(const Problem &problem);
+
+    bool operator==(const Invoice &) const = default;
 };

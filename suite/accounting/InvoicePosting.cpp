@@ -68,6 +68,14 @@ void lockForChange(CTblFactors &record, int num, const Frame &frame)
         throw KAccountingError(refusal);
 }
 
+void requireUnchanged(const Invoice &seen, const Frame &frame)
+{
+    if (InvoicePosting::load(seen.num, frame.database) != seen)
+        throw KAccountingError(QStringLiteral("فاکتور شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این "
+                                              "پنجره را ببندید و فاکتور را دوباره باز نمایید.")
+                                   .arg(seen.num));
+}
+
 // Locked, so that nobody deletes a service between the look and the line that names it.
 void requireServices(const Invoice &invoice, const Frame &frame)
 {
@@ -139,12 +147,14 @@ void fill(CTblFactors &record, const Invoice &invoice, const Frame &frame)
     record.m_dImposition = invoice.duty;
 }
 
-InvoicePosting::Saved write(const Invoice &invoice, const Frame &frame)
+InvoicePosting::Saved write(const Invoice &invoice, const Invoice *seen, const Frame &frame)
 {
     CTblFactors record(frame.database);
     // The lock comes before any other reading: what is read first fixes what this transaction sees.
     if (invoice.num != 0) {
         lockForChange(record, invoice.num, frame);
+        if (seen)
+            requireUnchanged(*seen, frame);
         record.Edit();
     } else {
         record.AddNew();
@@ -173,15 +183,26 @@ Frame currentFrame(int database)
     return {database, setting->MoneyDecimals(), setting->FiscalYear(), setting->GetDepartmentID()};
 }
 
+// seen: nullptr when nobody looks at a stored state.
+InvoicePosting::Saved saveWhole(const Invoice &invoice, const Invoice *seen, int database)
+{
+    const Frame frame = currentFrame(database);
+    requireSavable(invoice, frame);
+    InvoicePosting::Saved saved;
+    KTransaction::runReplayable([&] { saved = write(invoice, seen, frame); }, database);
+    return saved;
+}
+
 }
 
 InvoicePosting::Saved InvoicePosting::save(const Invoice &invoice, int database)
 {
-    const Frame frame = currentFrame(database);
-    requireSavable(invoice, frame);
-    Saved saved;
-    KTransaction::runReplayable([&] { saved = write(invoice, frame); }, database);
-    return saved;
+    return saveWhole(invoice, nullptr, database);
+}
+
+InvoicePosting::Saved InvoicePosting::save(const Invoice &invoice, const Invoice &seen, int database)
+{
+    return saveWhole(invoice, &seen, database);
 }
 
 void InvoicePosting::makeVoid(int num, int database)

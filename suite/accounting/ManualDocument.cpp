@@ -34,6 +34,14 @@ void requireChangeable(int num, int fiscalYear, int database)
         throw KAccountingError(refusal);
 }
 
+void requireUnchanged(const ManualDocument &seen, int database)
+{
+    if (ManualDocument::load(seen.num, seen.fiscalYear, database) != seen)
+        throw KAccountingError(QStringLiteral("سند شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این پنجره "
+                                              "را ببندید و سند را دوباره باز نمایید.")
+                                   .arg(seen.num));
+}
+
 void requirePersons(const QList<DocumentEntry> &rows, int database)
 {
     QList<int> persons;
@@ -122,6 +130,16 @@ QString ManualDocument::message(const Problem &problem) const
 
 void ManualDocument::save(int database)
 {
+    saveWhole(nullptr, database);
+}
+
+void ManualDocument::save(const ManualDocument &seen, int database)
+{
+    saveWhole(&seen, database);
+}
+
+void ManualDocument::saveWhole(const ManualDocument *seen, int database)
+{
     GetDBSetting()->RequireOpenDB();
     QSet<int> accounts;
     for (const AccountChart::Account &account : AccountChart::postable(database))
@@ -131,29 +149,35 @@ void ManualDocument::save(int database)
         throw KAccountingError(message(found.constFirst()));
     if (date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
         throw KAccountingError(QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."));
-    const int year = GetDBSetting()->FiscalYear();
-    const QString kept = ConvertToStandard(desc);
-    int written = num;
+    ManualDocument written = *this;
+    if (num == 0)
+        written.fiscalYear = GetDBSetting()->FiscalYear();
     KTransaction::runReplayable(
         [&] {
-            written = num;
-            if (num == 0) {
-                written = CTblDocuments::AddDoc(Accounts::documentKindManual, date, kept, year, database);
-                if (written == 0)
-                    throw KAccountingError(QStringLiteral("سند ایجاد نشد."));
-            } else {
-                requireChangeable(num, fiscalYear, database);
-                if (!CTblDocuments::EditDoc(num, fiscalYear, date, kept, database))
-                    throw KAccountingError(QStringLiteral("سند تغییر نکرد."));
-                CTblDocuments::EmptyDoc(num, fiscalYear, database);
-            }
-            requirePersons(rows, database);
-            DocumentEntries::write(written, num == 0 ? year : fiscalYear, rows, database);
+            written.num = num;
+            written.write(seen, database);
         },
         database);
-    if (num == 0)
-        fiscalYear = year;
-    num = written;
+    *this = written;
+}
+
+void ManualDocument::write(const ManualDocument *seen, int database)
+{
+    const QString kept = ConvertToStandard(desc);
+    if (num == 0) {
+        num = CTblDocuments::AddDoc(Accounts::documentKindManual, date, kept, fiscalYear, database);
+        if (num == 0)
+            throw KAccountingError(QStringLiteral("سند ایجاد نشد."));
+    } else {
+        requireChangeable(num, fiscalYear, database);
+        if (seen)
+            requireUnchanged(*seen, database);
+        if (!CTblDocuments::EditDoc(num, fiscalYear, date, kept, database))
+            throw KAccountingError(QStringLiteral("سند تغییر نکرد."));
+        CTblDocuments::EmptyDoc(num, fiscalYear, database);
+    }
+    requirePersons(rows, database);
+    DocumentEntries::write(num, fiscalYear, rows, database);
 }
 
 ManualDocument ManualDocument::load(int num, int fiscalYear, int database)

@@ -44,10 +44,19 @@ struct TZACCOUNTING_EXPORT ManualDocument
     // closed database, a person who is gone, and when the document to be changed is gone, was not written by hand or is of
     // another fiscal year.
     void save(int database = 0);
+    // For a user who has had the document before them: seen is what they began with. Throws as well when a stored document no
+    // longer stands so, because another user has changed it meanwhile.
+    void save(const ManualDocument &seen, int database = 0);
     // A stored document of any kind; num stays 0 when there is none.
     static ManualDocument load(int num, int fiscalYear, int database = 0);
     // Throws as save does.
     static void remove(int num, int fiscalYear, int database = 0);
     // Why the document may not be changed or deleted by hand, in words for the user; empty when it may.
     static QString changeRefusal(int num, int fiscalYear, int database = 0);
+
+    bool operator==(const ManualDocument &) const = default;
+
+private:
+    void write(const ManualDocument *seen, int database);
+    void saveWhole(const ManualDocument *seen, int database);
 };

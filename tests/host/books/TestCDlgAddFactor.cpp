@@ -35,6 +35,7 @@ private Q_SLOTS:
     void entryThatIsNoDateIsRefused();
     void refusalOfTheBooksKeepsWhatWasTyped();
     void changeIsSaved();
+    void changeOfAnotherUserIsTold();
     void cancelSavesNothing();
     void returnedInvoiceIsMarked();
     void showOnlyTakesNothing();
@@ -261,6 +262,20 @@ void TestCDlgAddFactor::changeIsSaved()
     QCOMPARE(value("SELECT CONCAT_WS('/',dAmount,dTax,iDocNum) FROM Factors"), QStringLiteral("1400/78/1"));
     QCOMPARE(value("SELECT iServiceID FROM FactorStuffs ORDER BY iID LIMIT 1"), QString::number(m_office.transfer));
     QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=110301"), QStringLiteral("1430"));
+}
+
+void TestCDlgAddFactor::changeOfAnotherUserIsTold()
+{
+    const int num = InvoicePosting::save(m_office.invoice()).num;
+    CDlgAddFactor window(InvoicePosting::load(num), false);
+    Invoice theirs = InvoicePosting::load(num);
+    theirs.lines[0].price = 500;
+    InvoicePosting::save(theirs);
+    enter(window, 0, Count, 3.0);
+    QVERIFY(!window.OnOK());
+    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(QStringLiteral("فاکتور شماره 1 را کاربر دیگری")));
+    QCOMPARE(value("SELECT dAmount FROM Factors"), QStringLiteral("1200"));
+    QCOMPARE(window.invoice().lines.at(0).count, 3.0);
 }
 
 void TestCDlgAddFactor::cancelSavesNothing()

@@ -40,6 +40,9 @@ private Q_SLOTS:
     void closedDatabaseIsRefused();
     void refusedDocumentLeavesNoInvoice();
     void invoiceThatIsMadeVoidMeanwhileIsNotChanged();
+    void changeOfAnotherUserIsNotOverwritten_data();
+    void changeOfAnotherUserIsNotOverwritten();
+    void invoiceThatNobodyElseChangedIsChangedAgain();
     void amountsHaveTheDecimalsOfTheMoneyUnit();
 
 private:
@@ -322,6 +325,47 @@ void TestInvoicePosting::invoiceThatIsMadeVoidMeanwhileIsNotChanged()
     other.join();
     QCOMPARE(refusal, QStringLiteral("فاکتور شماره 1 باطل شده است و تغییر نمی‌کند."));
     QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+}
+
+void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten_data()
+{
+    QTest::addColumn<std::function<void(Invoice &)>>("change");
+    const auto row = [](const char *name, const std::function<void(Invoice &)> &change) { QTest::newRow(name) << change; };
+    row("another price", [](Invoice &i) { i.lines[0].price = 500; });
+    row("another description of a line", [](Invoice &i) { i.lines[1].desc = QStringLiteral("اجاره"); });
+    row("a line more", [](Invoice &i) { i.lines.append({0, QStringLiteral("حمل"), 1, 70}); });
+    row("another discount", [](Invoice &i) { i.discount = 0; });
+    row("another day", [](Invoice &i) { i.date = i.date.addDays(1); });
+    row("returned", [](Invoice &i) { i.returned = true; });
+}
+
+// Both opened the invoice; the one who saves later is told instead of taking the other's change back.
+void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten()
+{
+    QFETCH(std::function<void(Invoice &)>, change);
+    const int num = InvoicePosting::save(sale()).num;
+    const Invoice seen = InvoicePosting::load(num);
+    Invoice theirs = seen;
+    change(theirs);
+    InvoicePosting::save(theirs, seen);
+    const QString after = documentRows();
+    Invoice mine = seen;
+    mine.lines[0].count = 7;
+    QVERIFY(refusalOf([&] { InvoicePosting::save(mine, seen); }).contains(QStringLiteral("کاربر دیگری")));
+    QCOMPARE(InvoicePosting::load(num), theirs);
+    QCOMPARE(documentRows(), after);
+}
+
+void TestInvoicePosting::invoiceThatNobodyElseChangedIsChangedAgain()
+{
+    const int num = InvoicePosting::save(sale()).num;
+    for (const double count : {3.0, 4.0}) {
+        const Invoice seen = InvoicePosting::load(num);
+        Invoice changed = seen;
+        changed.lines[0].count = count;
+        InvoicePosting::save(changed, seen);
+        QCOMPARE(InvoicePosting::load(num), changed);
+    }
 }
 
 void TestInvoicePosting::amountsHaveTheDecimalsOfTheMoneyUnit()

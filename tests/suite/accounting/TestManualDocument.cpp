@@ -28,6 +28,7 @@ private Q_SLOTS:
     void newDocumentGetsTheNextNumber();
     void detailAccountStandsWithThoseAboveIt();
     void changeKeepsTheNumberAndRewritesTheRows();
+    void changeOfAnotherUserIsNotOverwritten();
     void refusals_data();
     void refusals();
     void documentsOfTheProgramRefuse_data();
@@ -175,6 +176,22 @@ void TestManualDocument::changeKeepsTheNumberAndRewritesTheRows()
              QStringLiteral("70/0 0/70"));
     QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("3"));
     QCOMPARE(value("SELECT CONCAT_WS('/',sDesc,DATE(date)) FROM Documents WHERE iNum=1"), QStringLiteral("اصلاح/2026-05-03"));
+}
+
+// Both opened the document; the one who saves later is told instead of taking the other's change back.
+void TestManualDocument::changeOfAnotherUserIsNotOverwritten()
+{
+    good().save();
+    const ManualDocument seen = ManualDocument::load(1, year);
+    ManualDocument theirs = seen;
+    theirs.rows[0].desc = QStringLiteral("قبض برق");
+    theirs.save(seen);
+    ManualDocument mine = seen;
+    mine.desc = QStringLiteral("پرداخت دو قبض");
+    QVERIFY(refusalOf([&] { mine.save(seen); }).contains(QStringLiteral("کاربر دیگری")));
+    QCOMPARE(ManualDocument::load(1, year), theirs);
+    mine.save(theirs);
+    QCOMPARE(ManualDocument::load(1, year), mine);
 }
 
 void TestManualDocument::refusals_data()
