@@ -39,6 +39,7 @@ namespace {
 
 const QString section = QStringLiteral("DlgAutomobilReportSeasons");
 const QString minimumKey = QStringLiteral("dMinAmount");
+const QString busyCaption = QStringLiteral("لطفا صبر کنید...");
 const QString showCaption = QStringLiteral("نمايش");
 
 // A row of options of which one is chosen; their numbers count from 0.
@@ -270,7 +271,7 @@ void CDlgAutomobilReportSeasons::startGathering()
 
 void CDlgAutomobilReportSeasons::setBusy(bool busy)
 {
-    m_show->setText(busy ? QStringLiteral("لطفا صبر کنید...") : QStringLiteral("نمایش"));
+    m_show->setText(busy ? busyCaption : showCaption);
     for (QPushButton *button : {m_show, m_print, m_close, m_export})
         button->setDisabled(busy);
     m_progressText->setText(QStringLiteral("در حال گردآوری"));
