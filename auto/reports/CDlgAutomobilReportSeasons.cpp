@@ -18,6 +18,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KSettings.h"
+#include "suite/utility/KStepArrows.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/Money.h"
 #include "suite/utility/ShamsiDate.h"
@@ -32,7 +33,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace {
@@ -63,6 +63,13 @@ QLabel *addLabel(QHBoxLayout *line, const QString &text, QWidget *buddy = nullpt
     return label;
 }
 
+// The field, a colon and what is wrong with it; its label may have the colon, or a blank at its end.
+QString namedError(const KEdit &edit)
+{
+    const QString name = edit.accessibleName().trimmed();
+    return name + (name.endsWith(u':') ? QStringLiteral(" ") : QStringLiteral(" : ")) + edit.entryError();
+}
+
 QPushButton *addCommand(QHBoxLayout *line, const QString &caption, const QString &icon)
 {
     auto *button = new QPushButton(QIcon(icon), caption);
@@ -75,7 +82,7 @@ QPushButton *addCommand(QHBoxLayout *line, const QString &caption, const QString
 
 CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     : KDialog(parent)
-    , m_year(new QSpinBox)
+    , m_year(new KEdit(KEdit::Kind::Integer))
     , m_minimumAmount(new KEdit(KEdit::Kind::Money))
     , m_list(new KExtListCtrl)
 {
@@ -116,9 +123,12 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     addLabel(first, yearLabel, m_year);
     m_year->setAccessibleName(yearLabel);
     m_year->setRange(firstShamsiYear, lastShamsiYear);
-    m_year->setAlignment(Qt::AlignCenter);
-    m_year->setMinimumWidth(90);
-    first->addWidget(m_year);
+    m_year->setMaximumWidth(90);
+    auto *year = new QHBoxLayout;
+    year->setSpacing(2);
+    year->addWidget(m_year);
+    year->addWidget(new KStepArrows(m_year, this));
+    first->addLayout(year);
     first->addSpacing(24);
     m_kinds = addOptions(first, {QStringLiteral("فروش"), QStringLiteral("خريد")}, this);
     first->addStretch(1);
@@ -211,7 +221,7 @@ void CDlgAutomobilReportSeasons::openOnToday()
     const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
     m_minimumAmount->setNumber(highestMinimumAmount);
     m_seasons->button(Season::ofMonth(today.month))->setChecked(true);
-    m_year->setValue(today.year);
+    m_year->setNumber(today.year);
     m_list->setColumns(seasonalColumns(query().kind));
     startGathering();
 }
@@ -231,7 +241,7 @@ SeasonalGathering::Query CDlgAutomobilReportSeasons::query() const
     SeasonalGathering::Query query;
     query.kind = m_kinds->checkedId() == 0 ? SeasonalGathering::Kind::Sales : SeasonalGathering::Kind::Purchases;
     query.season = m_seasons->checkedId();
-    query.shamsiYear = m_year->value();
+    query.shamsiYear = m_year->integer();
     query.minimumAmount = m_minimumAmount->number();
     query.departmentID = GetDBSetting()->GetDepartmentID();
     query.kindFromMark = GetDBSetting()->NaturalPersonByMark();
@@ -241,12 +251,14 @@ SeasonalGathering::Query CDlgAutomobilReportSeasons::query() const
 
 bool CDlgAutomobilReportSeasons::isEntryGood()
 {
-    m_year->interpretText();
-    if (m_minimumAmount->isEntryValid())
-        return true;
-    g_pDlgWarning->Show(m_minimumAmount->accessibleName() + m_minimumAmount->entryError(), this);
-    m_minimumAmount->setFocus(Qt::OtherFocusReason);
-    return false;
+    for (KEdit *edit : {m_year, m_minimumAmount}) {
+        if (edit->isEntryValid())
+            continue;
+        g_pDlgWarning->Show(namedError(*edit), this);
+        edit->setFocus(Qt::OtherFocusReason);
+        return false;
+    }
+    return true;
 }
 
 void CDlgAutomobilReportSeasons::refresh()
@@ -377,7 +389,7 @@ void CDlgAutomobilReportSeasons::editCompany()
 void CDlgAutomobilReportSeasons::showPayable()
 {
     if (isEntryGood())
-        CDlgPaymentAmount(m_seasons->checkedId(), quint16(m_year->value()), this).exec();
+        CDlgPaymentAmount(m_seasons->checkedId(), quint16(m_year->integer()), this).exec();
 }
 
 // What the file says of itself comes from the fields; rows of another season must not go under it unnoticed.
@@ -399,7 +411,7 @@ void CDlgAutomobilReportSeasons::exportSeason()
     SeasonalExport::Report report;
     report.kind = m_kinds->checkedId() == 0 ? SeasonalExport::Kind::Sales : SeasonalExport::Kind::Purchases;
     report.season = m_seasons->checkedId();
-    report.year = QString::number(m_year->value());
+    report.year = m_year->text();
     report.rowCount = m_rows->count();
     report.cells = [rows = m_rows](int row) { return rows->at(row).texts(); };
     exportSeasonWithDialogs(this, report);

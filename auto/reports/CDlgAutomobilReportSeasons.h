@@ -17,7 +17,6 @@ class KExtListCtrl;
 class QButtonGroup;
 class QLabel;
 class QPushButton;
-class QSpinBox;
 class QWidget;
 class SeasonalList;
 
@@ -44,7 +43,7 @@ public:
     bool isBusy() const { return m_task.isRunning(); }
 
     KExtListCtrl *list() const { return m_list; }
-    QSpinBox *year() const { return m_year; }
+    KEdit *year() const { return m_year; }
     KEdit *minimumAmount() const { return m_minimumAmount; }
     QButtonGroup *seasons() const { return m_seasons; }
     QButtonGroup *kinds() const { return m_kinds; }
@@ -100,7 +99,7 @@ private:
     bool m_opened = false;
     QButtonGroup *m_seasons;
     QButtonGroup *m_kinds;
-    QSpinBox *m_year;
+    KEdit *m_year;
     KEdit *m_minimumAmount;
     KExtListCtrl *m_list;
     std::array<KEdit *, TotalCount> m_totals{};

@@ -23,7 +23,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QSpinBox>
 
 using Contract = CTblAutomobilContracts;
 using Window = CDlgAutomobilReportSeasons;
@@ -94,7 +93,7 @@ private Q_SLOTS:
         waitUntilIdle(window);
         const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
         QCOMPARE(window.windowTitle(), QStringLiteral("گزارش فصلي"));
-        QCOMPARE(window.year()->value(), today.year);
+        QCOMPARE(window.year()->integer(), today.year);
         QCOMPARE(window.seasons()->checkedId(), qMax(0, today.month / 3 - 1));
         QCOMPARE(window.kinds()->checkedId(), 0);
         // Over the stored one.
@@ -299,6 +298,48 @@ private Q_SLOTS:
         QCOMPARE(window.list()->listModel()->columns().at(11).title, QStringLiteral("نام خریدار"));
     }
 
+    void theYearIsTypedInDigitsOfAnyScriptAndSteppedByKeys()
+    {
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        window.year()->selectAll();
+        for (const QChar digit : QStringLiteral("۱۴۰۳")) {
+            QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(digit));
+            QCoreApplication::sendEvent(window.year(), &key);
+        }
+        QCOMPARE(window.query().shamsiYear, 1403);
+        QTest::keyClick(window.year(), Qt::Key_Up);
+        QCOMPARE(window.query().shamsiYear, 1404);
+        QTest::keyClick(window.year(), Qt::Key_Down);
+        QCOMPARE(window.query().shamsiYear, 1403);
+    }
+
+    void aYearThatIsNoneIsRefusedAndStays_data()
+    {
+        QTest::addColumn<QString>("typed");
+        for (const char *typed : {"", "9", "14", "1205", "1499", "14044"})
+            QTest::addRow("'%s'", typed) << QString::fromLatin1(typed);
+    }
+
+    void aYearThatIsNoneIsRefusedAndStays()
+    {
+        QFETCH(QString, typed);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        window.year()->setText(typed);
+        window.refresh();
+        QVERIFY(!window.isBusy());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سال : مقدار باید بین 1206 و 1498 باشد.")});
+        QCOMPARE(window.year()->text(), typed);
+        QCOMPARE(window.focusWidget(), window.year());
+        // Neither does it go anywhere else.
+        window.showPayable();
+        window.exportSeason();
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 2);
+    }
+
     void aMinimumAmountAboveTheHighestIsRefused()
     {
         Window window;
@@ -307,7 +348,8 @@ private Q_SLOTS:
         window.minimumAmount()->setText(QStringLiteral("16400001"));
         window.refresh();
         QVERIFY(!window.isBusy());
-        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("مبالغ کمتر از : مقدار باید بین 0 و 16,400,000 باشد.")});
+        QCOMPARE(window.focusWidget(), window.minimumAmount());
         window.minimumAmount()->setText(QStringLiteral("7000"));
         window.reject();
         QCOMPARE(ReadSetting(QStringLiteral("DlgAutomobilReportSeasons"), QStringLiteral("dMinAmount"), QString()), QStringLiteral("7000"));
@@ -353,7 +395,7 @@ private Q_SLOTS:
         waitUntilIdle(window);
         const ListReport report = window.listReport();
         QCOMPARE(report.shownTitle(), QStringLiteral("گزارشات"));
-        QVERIFY(report.text(QStringLiteral("RightCenter")).endsWith(QStringLiteral(" سال : %1").arg(window.year()->value())));
+        QVERIFY(report.text(QStringLiteral("RightCenter")).endsWith(QStringLiteral(" سال : %1").arg(window.year()->integer())));
         QVERIFY(report.text(QStringLiteral("LeftBottom")).startsWith(QStringLiteral("تاریخ چاپ : ")));
         QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد ردیف : 2"));
         QCOMPARE(report.text(QStringLiteral("Amount")), QStringLiteral("مبلغ : 40,000,000"));
