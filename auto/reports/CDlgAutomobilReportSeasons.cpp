@@ -101,7 +101,6 @@ CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(buildChoices());
     layout->addWidget(m_list, 1);
-    layout->addWidget(buildProgress());
     layout->addWidget(buildTotals());
     layout->addWidget(buildCommands());
     setMinimumSize(900, 480);
@@ -145,8 +144,15 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     m_show = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), showCaption);
     m_show->setDefault(true);
     connect(m_show, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::refresh);
+    // Its other caption is longer; the window does not jump.
+    m_show->setText(busyCaption);
+    m_show->setMinimumWidth(m_show->sizeHint().width());
+    m_show->setText(showCaption);
+    // Queued: Enter goes on to the next field first, and a wrong entry must have the focus in the end.
+    connect(m_minimumAmount, &QLineEdit::returnPressed, this, &CDlgAutomobilReportSeasons::refresh, Qt::QueuedConnection);
     second->addWidget(m_show);
-    second->addStretch(1);
+    second->addSpacing(24);
+    second->addWidget(buildProgress(), 1);
     lines->addLayout(first);
     lines->addLayout(second);
     return box;
@@ -156,7 +162,7 @@ QWidget *CDlgAutomobilReportSeasons::buildProgress()
 {
     m_progress = new QWidget;
     QSizePolicy policy = m_progress->sizePolicy();
-    policy.setRetainSizeWhenHidden(true); // the list does not jump
+    policy.setRetainSizeWhenHidden(true);
     m_progress->setSizePolicy(policy);
     auto *line = new QHBoxLayout(m_progress);
     line->setContentsMargins(0, 0, 0, 0);
@@ -283,16 +289,17 @@ void CDlgAutomobilReportSeasons::startGathering()
 
 void CDlgAutomobilReportSeasons::setBusy(bool busy)
 {
+    // What is disabled or hidden loses the focus to its neighbour; whoever types in a field meanwhile keeps it.
+    if (qobject_cast<QPushButton *>(focusWidget()))
+        m_list->setFocus();
     m_show->setText(busy ? busyCaption : showCaption);
     for (QPushButton *button : {m_show, m_print, m_close, m_export})
         button->setDisabled(busy);
     m_progressText->setText(QStringLiteral("در حال گردآوری"));
     m_progress->setVisible(busy);
     setCursor(busy ? Qt::BusyCursor : Qt::ArrowCursor);
-    if (!busy) {
-        m_list->setFocus();
+    if (!busy)
         Q_EMIT idle();
-    }
 }
 
 // The list lays itself out anew as a whole each time it grows, so it is told in steps that grow with it.

@@ -355,6 +355,41 @@ private Q_SLOTS:
         QCOMPARE(ReadSetting(QStringLiteral("DlgAutomobilReportSeasons"), QStringLiteral("dMinAmount"), QString()), QStringLiteral("7000"));
     }
 
+    void enterInTheMinimumAmountGathers()
+    {
+        addContract(20'000'000);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        addContract(30'000'000);
+        window.minimumAmount()->setFocus();
+        QTest::keyClick(window.minimumAmount(), Qt::Key_Return);
+        QTRY_COMPARE_WITH_TIMEOUT(window.list()->count(), 4, waitMilliseconds);
+        QCOMPARE(window.focusWidget(), window.list());
+        waitUntilIdle(window);
+        window.minimumAmount()->setText(QStringLiteral("16400001"));
+        window.minimumAmount()->setFocus();
+        QTest::keyClick(window.minimumAmount(), Qt::Key_Return);
+        QTRY_COMPARE(window.focusWidget(), window.minimumAmount());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    }
+
+    void whoTypesWhileItGathersKeepsTheFocus()
+    {
+        addContract(20'000'000);
+        Window window;
+        window.show();
+        QVERIFY(window.isBusy());
+        window.year()->setFocus();
+        waitUntilIdle(window);
+        QCOMPARE(window.focusWidget(), window.year());
+        button(window, QStringLiteral("نمايش"))->setFocus();
+        window.refresh();
+        QVERIFY(window.isBusy());
+        waitUntilIdle(window);
+        QCOMPARE(window.focusWidget(), window.list());
+    }
+
     void payableAmountIsOfTheChosenSeason()
     {
         Window window;
