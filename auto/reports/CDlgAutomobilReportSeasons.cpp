@@ -37,6 +37,7 @@
 
 namespace {
 
+constexpr double highestTotal = 1e15;
 const QString section = QStringLiteral("DlgAutomobilReportSeasons");
 const QString minimumKey = QStringLiteral("dMinAmount");
 const QString busyCaption = QStringLiteral("لطفا صبر کنید...");
@@ -189,6 +190,7 @@ QWidget *CDlgAutomobilReportSeasons::buildTotals()
         auto *edit = new KEdit(KEdit::Kind::Money);
         edit->setAccessibleName(labels[i]);
         edit->setReadOnly(true);
+        edit->setRange(-highestTotal, highestTotal); // discounts can be more than amounts
         QLabel *label = addLabel(line, labels[i], edit);
         line->addWidget(edit, 1);
         m_totals[i] = edit;

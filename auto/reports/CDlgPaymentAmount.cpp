@@ -14,6 +14,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr double highestAmount = 1e15;
+
+}
+
 CDlgPaymentAmount::CDlgPaymentAmount(int season, quint16 shamsiYear, QWidget *parent)
     : KDialog(parent)
 {
@@ -48,6 +54,7 @@ KEdit *CDlgPaymentAmount::addAmount(QGridLayout *grid, const QString &label, dou
     auto *edit = new KEdit(KEdit::Kind::Money);
     edit->setAccessibleName(label);
     edit->setReadOnly(true);
+    edit->setRange(-highestAmount, highestAmount); // purchases can be more than sales
     edit->setMinimumWidth(200);
     edit->setNumber(amount);
     caption->setBuddy(edit);

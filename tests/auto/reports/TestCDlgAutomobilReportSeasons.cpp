@@ -105,6 +105,18 @@ private Q_SLOTS:
         QCOMPARE(total(window, QStringLiteral("ارزش افزوده :")), QStringLiteral("0"));
     }
 
+    void totalsBelowZeroAreNoWrongEntries()
+    {
+        addContract(20'000'000, [](Contract &contract) { contract.m_dDiscountFirst = 50'000'000; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        QCOMPARE(total(window, QStringLiteral("جمع :")), QStringLiteral("-10,000,000"));
+        const QList<KEdit *> edits = window.findChildren<KEdit *>();
+        for (const KEdit *edit : edits)
+            QVERIFY2(edit->isEntryValid(), qPrintable(edit->accessibleName()));
+    }
+
     void captionsOfTheControls()
     {
         Window window;
