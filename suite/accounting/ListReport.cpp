@@ -16,6 +16,8 @@ const QString countElement = QStringLiteral("Count");
 constexpr QChar sortMark = u'*';
 // Beyond so many columns a list reads better on the paper's long side.
 constexpr qsizetype widestUpright = 7;
+// Of more columns than these only the smallest letters leave the words whole.
+constexpr qsizetype mostInPlainSize = 20;
 
 }
 
@@ -107,6 +109,8 @@ void ListReport::buildStandard(const QString &title)
     for (const int column : std::as_const(m_order))
         m_layout.columns.append({m_columns.at(column).title, 0});
     m_layout.landscape = m_layout.columns.size() > widestUpright;
+    if (m_layout.columns.size() > mostInPlainSize)
+        m_layout.fontSize = ReportLayout::lowestFontSize;
 }
 
 QString ListReport::shownTitle() const

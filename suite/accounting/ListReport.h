@@ -45,7 +45,8 @@ public:
 
     // Takes the stored layout of that name, or the default one. False when there is none that fits the table.
     bool loadLayout(const QString &name = {});
-    // The layout of a report that nobody has arranged: every column, fitted; landscape for a wide table.
+    // The layout of a report that nobody has arranged: every column, fitted; landscape for a wide table, and in the smallest
+    // letters for a very wide one.
     void buildStandard(const QString &title);
     void setLayout(const ReportLayout &layout) { m_layout = layout; }
     const ReportLayout &layout() const { return m_layout; }

@@ -15,7 +15,9 @@ namespace {
 
 constexpr double dotsPerPoint = ReportPainter::resolution / 72.0;
 constexpr double margin = 12 / 25.4 * ReportPainter::resolution;
-constexpr double cellPadding = 5 * dotsPerPoint; // right and left of a cell's text
+// Right and left of a cell's text; all of it together takes no more than its share of the paper from the texts.
+constexpr double widestPadding = 5 * dotsPerPoint;
+constexpr double paddingShare = 0.12;
 // A measured text and the same text broken into lines differ by a dot or two.
 constexpr double slack = 6;
 constexpr double gap = 6 * dotsPerPoint;
@@ -83,6 +85,7 @@ ReportPainter::ReportPainter(const ListReport &report, const QFont &font)
     m_summary = report.shownSummary().join(QString(6, QChar(QChar::Nbsp)));
     m_area = QRectF({}, paperSize()).adjusted(margin, margin, -margin, -margin);
     m_line = lineHeight(m_font);
+    m_padding = std::min(widestPadding, m_area.width() * paddingShare / 2 / std::max(1, static_cast<int>(m_columns.size())));
 }
 
 QPageLayout ReportPainter::paper() const
@@ -141,8 +144,8 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
         }
     }
     for (auto &need : needs) {
-        need.wanted = std::min(need.wanted, m_area.width() * widestColumn) + 2 * cellPadding + slack;
-        need.least = std::min({need.least, m_area.width() * widestWord, need.wanted}) + 2 * cellPadding + slack;
+        need.wanted = std::min(need.wanted, m_area.width() * widestColumn) + 2 * m_padding + slack;
+        need.least = std::min({need.least, m_area.width() * widestWord, need.wanted}) + 2 * m_padding + slack;
     }
     m_widths = ReportGeometry::fitColumns(needs, m_area.width());
     return true;
@@ -167,11 +170,10 @@ bool ReportPainter::countLines(const ReportProgress &progress)
             const int column = m_columns.at(static_cast<int>(i)).column;
             if (column >= cells.size())
                 continue;
-            const double width = m_widths[i] - 2 * cellPadding;
+            const double width = m_widths[i] - 2 * m_padding;
             const QString &text = cells.at(column).text;
             if (m_advances[cell] > width || text.contains(u'\n'))
-                lines = std::max(lines, linesOf(text, fontOf(rows.at(row)), width,
-                                                ListReport::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
+                lines = std::max(lines, linesOf(text, fontOf(rows.at(row)), width, ListReport::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
         }
     }
     return true;
@@ -199,7 +201,7 @@ void ReportPainter::placeHead()
     int lines = 1;
     for (size_t i = 0; i < m_widths.size(); ++i) {
         const QString &text = m_report.columns().at(m_columns.at(static_cast<int>(i)).column).title;
-        lines = std::max(lines, linesOf(text, m_boldFont, m_widths[i] - 2 * cellPadding, false));
+        lines = std::max(lines, linesOf(text, m_boldFont, m_widths[i] - 2 * m_padding, false));
     }
     m_titlesHeight = lines * m_line + gap / 2;
 }
@@ -270,8 +272,8 @@ void ReportPainter::paintTitles(QPainter &painter, double y) const
         painter.setBrush(titlesColor);
         painter.drawRect(cell);
         const QString &text = m_report.columns().at(m_columns.at(static_cast<int>(i)).column).title;
-        const double height = linesOf(text, m_boldFont, m_widths[i] - 2 * cellPadding, false) * m_line;
-        const QRectF inner = cell.adjusted(cellPadding, (m_titlesHeight - height) / 2, -cellPadding, 0);
+        const double height = linesOf(text, m_boldFont, m_widths[i] - 2 * m_padding, false) * m_line;
+        const QRectF inner = cell.adjusted(m_padding, (m_titlesHeight - height) / 2, -m_padding, 0);
         painter.setPen(Qt::black);
         drawText(painter, inner, text, m_boldFont, Qt::AlignHCenter);
         right -= m_widths[i];
@@ -304,7 +306,7 @@ void ReportPainter::paintSlice(QPainter &painter, const ReportGeometry::Slice &s
             continue;
         const KListModel::Column &shown = m_report.columns().at(column);
         painter.setPen(Qt::black);
-        drawText(painter, box.adjusted(cellPadding, 0, -cellPadding, 0), cells.at(column).text, fontOf(row),
+        drawText(painter, box.adjusted(m_padding, 0, -m_padding, 0), cells.at(column).text, fontOf(row),
                  shown.alignment & Qt::AlignHorizontal_Mask, ListReport::readsLeftToRight(shown, cells.at(column)),
                  slice.firstLine, slice.lineCount);
     }

@@ -69,6 +69,7 @@ private:
     std::vector<int> m_lines; // of every row
     std::vector<ReportGeometry::Page> m_pages;
     double m_line = 0; // height of a line of the table
+    double m_padding = 0;
     double m_headHeight = 0;
     double m_titlesHeight = 0;
 };

@@ -9,6 +9,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
+#include "suite/accounting/ReportPainter.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
@@ -457,6 +458,38 @@ private Q_SLOTS:
         QCOMPARE(titles.at(20).text, QStringLiteral("جمع تخفیف"));
         QCOMPARE(titles.at(21).text, QStringLiteral("جمع کل"));
         QCOMPARE(sums.at(21).text, QStringLiteral("39,999,998"));
+    }
+
+    // Amounts, codes and dates must not be parted by the edge of their column, nor one row fill a page.
+    void thirtyColumnsStayReadableOnPaper()
+    {
+        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"), [](CTblPersons &record) {
+            record.m_sPostalCode = QStringLiteral("1234567890");
+            record.m_sAreaCode = QStringLiteral("021");
+            record.m_sTel = QStringLiteral("22334455");
+            record.m_sNationalCode = QStringLiteral("0012345679");
+            record.m_sEconomicCode = QStringLiteral("411122223333");
+            record.m_sAddress = QStringLiteral("تهران، خیابان ولی عصر، بالاتر از میدان ونک، کوچه گل، پلاک ۱۲، طبقه سوم");
+            record.m_iTaxKind = 6;
+        });
+        for (int i = 0; i < 10; ++i)
+            addContract(345'678'901, [person](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = person; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        const ListReport report = window.listReport();
+        QCOMPARE(report.shownColumns().size(), 30);
+        ReportPainter painter(report);
+        QVERIFY(painter.layOut());
+        QVERIFY2(painter.pageCount() * 2 < report.rows().size(), qPrintable(QString::number(painter.pageCount())));
+        QFont font = QApplication::font();
+        font.setPixelSize(qRound(report.layout().fontSize * ReportPainter::resolution / 72));
+        const QFontMetricsF metrics(font);
+        for (const int column : {4, 5, 7, 8, 9, 13, 14, 15, 20, 21, 22, 23}) {
+            const QString text = report.rows().constFirst().cells.at(column).text;
+            QVERIFY(!text.isEmpty());
+            QVERIFY2(painter.columnWidths().at(std::size_t(column)) > metrics.horizontalAdvance(text), qPrintable(text));
+        }
     }
 
     void exportAsksWhenTheFieldsAreNotThoseOfTheRows()

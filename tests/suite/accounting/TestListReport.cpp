@@ -69,6 +69,26 @@ private Q_SLOTS:
         QVERIFY(report.layout().landscape);
     }
 
+    void letters_data()
+    {
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<double>("size");
+        QTest::newRow("in their plain size") << 20 << 9.0;
+        QTest::newRow("the smallest of a very wide table") << 21 << ReportLayout::lowestFontSize;
+    }
+
+    void letters()
+    {
+        QFETCH(int, columns);
+        ListReport report(group, name);
+        QVector<KListModel::Column> titles;
+        for (int i = 0; i < columns; ++i)
+            titles.append({QString::number(i)});
+        report.setTable(QStringLiteral("List"), titles, {});
+        report.buildStandard(name);
+        QTEST(report.layout().fontSize, "size");
+    }
+
     void listGivesItsColumnsAsTheUserLeftThem()
     {
         KExtListCtrl list;
