@@ -19,7 +19,6 @@
 
 namespace {
 
-constexpr double largestMoney = 999999999999999.0;
 constexpr int percentDecimals = 4;
 
 }

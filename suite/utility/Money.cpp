@@ -17,21 +17,10 @@ constexpr int mostDecimals = 4;
 
 // Above this a double no longer tells whole numbers apart.
 constexpr double largestExact = 9007199254740992.0;
+// Above this its neighbours lie a quarter and more apart.
+constexpr double largestFine = 1125899906842624.0;
 
 int g_defaultDecimals = 0;
-
-// The product with a power of ten may fall just short of the half that the decimal digits say (1.005 * 100), hence the
-// step to the neighbouring double before rounding.
-double roundedTo(double value, int decimals)
-{
-    constexpr std::array<double, mostDecimals + 1> powers{1, 10, 100, 1000, 10000};
-    const double power = powers[size_t(decimals)];
-    const double scaled = value * power;
-    if (std::abs(scaled) >= largestExact)
-        return value;
-    const double rounded = std::round(std::nextafter(scaled, std::copysign(INFINITY, scaled)));
-    return rounded == 0 ? 0 : rounded / power;
-}
 
 void group(QString &digits)
 {
@@ -107,12 +96,29 @@ void setDefaultMoneyDecimals(int decimals)
     g_defaultDecimals = qBound(0, decimals, mostDecimals);
 }
 
+double roundToDecimals(double value, int decimals)
+{
+    constexpr std::array<double, mostDecimals + 1> powers{1, 10, 100, 1000, 10000};
+    const double power = powers[size_t(qBound(0, decimals, mostDecimals))];
+    double scaled = value * power;
+    if (!(std::abs(scaled) < largestExact))
+        return value;
+    // A computed amount may fall just short of the half that the decimal digits say (1.005 * 100, 4.35% of 10): one
+    // rounding each in two multiplications.
+    if (std::abs(scaled) < largestFine) {
+        const double away = std::copysign(INFINITY, scaled);
+        scaled = std::nextafter(std::nextafter(scaled, away), away);
+    }
+    const double rounded = std::round(scaled);
+    return rounded == 0 ? 0 : rounded / power;
+}
+
 QString DToMoney(double amount, int decimals)
 {
     if (!std::isfinite(amount))
         return {};
     const int shown = qBound(0, decimals, mostDecimals);
-    QString text = QString::number(roundedTo(amount, shown), 'f', shown);
+    QString text = QString::number(roundToDecimals(amount, shown), 'f', shown);
     group(text);
     return text;
 }
@@ -143,7 +149,7 @@ QString DToStr(double value)
 {
     if (!std::isfinite(value))
         return {};
-    QString text = QString::number(roundedTo(value, mostDecimals), 'f', mostDecimals);
+    QString text = QString::number(roundToDecimals(value, mostDecimals), 'f', mostDecimals);
     while (text.endsWith(u'0'))
         text.chop(1);
     if (text.endsWith(u'.'))
@@ -164,6 +170,6 @@ QString amountInWords(double amount)
     if (!speller)
         return {};
     icu::UnicodeString words;
-    speller->format(roundedTo(amount, g_defaultDecimals), words);
+    speller->format(roundToDecimals(amount, g_defaultDecimals), words);
     return ConvertToStandard(QString(reinterpret_cast<const QChar *>(words.getBuffer()), words.length()));
 }

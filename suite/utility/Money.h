@@ -10,6 +10,9 @@
 
 // Amounts are doubles in the office's money unit.
 
+// The largest amount that is entered: what a double holds whole numbers up to, and a little less.
+inline constexpr double largestMoney = 999999999999999.0;
+
 // Equal to within less than 0.0001.
 TZUTILITY_EXPORT bool IsEquals(double first, double second);
 
@@ -17,6 +20,9 @@ TZUTILITY_EXPORT bool IsEquals(double first, double second);
 // bound.
 TZUTILITY_EXPORT int defaultMoneyDecimals();
 TZUTILITY_EXPORT void setDefaultMoneyDecimals(int decimals);
+
+// To that many decimals, 0 to 4; halves go away from zero, those too that a product of two numbers misses by a hair.
+TZUTILITY_EXPORT double roundToDecimals(double value, int decimals);
 
 // "-1,250,000" or "1,250.50": grouped by three, ASCII digits, always that many decimals, rounded half away from zero.
 // Empty for a value that is no number.
