@@ -91,23 +91,25 @@ KLinesModel::Cell KLinesModel::choiceFor(int column, const QString &typed) const
     const QString key = searchKey(text);
     if (key.isEmpty())
         return {};
+    QVector<const Choice *> named;
+    QVector<const Choice *> holding;
     const Choice *byCode = nullptr;
-    const Choice *byPart = nullptr;
-    int parts = 0;
     for (const Choice &choice : m_columns.at(column).choices) {
         if (searchKey(choice.text) == key)
             return {choice.text, 0, choice.key};
         if (choice.text.startsWith(text + u' '))
             byCode = &choice;
-        if (searchKey(choice.text).contains(key)) {
-            byPart = &choice;
-            ++parts;
-        }
+        if (searchKey(choice.text.section(u' ', 1)) == key)
+            named.append(&choice);
+        if (searchKey(choice.text).contains(key))
+            holding.append(&choice);
     }
     if (byCode)
         return {byCode->text, 0, byCode->key};
-    if (parts == 1)
-        return {byPart->text, 0, byPart->key};
+    for (const QVector<const Choice *> &found : {named, holding}) {
+        if (found.size() == 1)
+            return {found.constFirst()->text, 0, found.constFirst()->key};
+    }
     return {text, 0, 0};
 }
 

@@ -74,8 +74,8 @@ public:
     void insertLine(int row);
     void removeLine(int row);
     void setCell(int row, int column, const Cell &cell);
-    // The choice that a typed text means: the one of that text, the one that begins with it as its code, or the only one that
-    // holds it. Key 0 with the text as typed when there is none.
+    // The choice that a typed text means: the one of that text, the one that begins with it as its code, the only one that has
+    // it as the name behind its code, or the only one that holds it. Key 0 with the text as typed when there is none.
     Cell choiceFor(int column, const QString &typed) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;

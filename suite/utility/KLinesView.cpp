@@ -77,7 +77,8 @@ public:
             return;
         }
         const auto *edit = static_cast<KEdit *>(editor);
-        if (edit->kind() == KEdit::Kind::Text)
+        // What is out of range stays as it was typed: the window tells, and makes no other number of it.
+        if (edit->kind() == KEdit::Kind::Text || !edit->isEntryValid())
             model->setData(index, edit->text());
         else
             model->setData(index, edit->number());

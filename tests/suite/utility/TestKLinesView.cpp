@@ -70,7 +70,7 @@ QVector<KLinesModel::Column> columns()
 {
     using Kind = KLinesModel::Kind;
     return {
-        {QStringLiteral("خدمت"), Kind::Choice, 100, 0, {{1, QStringLiteral("10 کارشناسی خودرو")}, {2, QStringLiteral("20 انتقال سند")}, {3, QStringLiteral("100 کارشناسی موتور")}}},
+        {QStringLiteral("خدمت"), Kind::Choice, 100, 0, {{1, QStringLiteral("10 کارشناسی خودرو")}, {2, QStringLiteral("20 انتقال سند")}, {3, QStringLiteral("100 کارشناسی موتور")}, {4, QStringLiteral("30 انتقال")}}},
         {QStringLiteral("شخص"), Kind::Pick, 80},
         {QStringLiteral("شرح"), Kind::Text, 100, 5},
         {QStringLiteral("تعداد"), Kind::Number, 50},
@@ -123,6 +123,7 @@ void TestKLinesView::typedChoiceMeansAnEntry_data()
     QTest::newRow("a code that begins another one") << QStringLiteral("10") << 1;
     QTest::newRow("its code in Persian digits") << QStringLiteral("۱۰۰") << 3;
     QTest::newRow("a part that only it holds") << QStringLiteral("موتور") << 3;
+    QTest::newRow("a name that another one begins with") << QStringLiteral("انتقال") << 4;
     QTest::newRow("a part that two hold") << QStringLiteral("کارشناسی") << 0;
     QTest::newRow("nothing of the list") << QStringLiteral("رنگ") << 0;
     QTest::newRow("nothing") << QString() << 0;
@@ -195,6 +196,11 @@ void TestKLinesView::numbersAreTakenAsTheyAreTyped_data()
     QTest::newRow("money in Persian digits") << int(Price) << QStringLiteral("۱۲۵۰۰۰") << QStringLiteral("125,000") << 125000.0;
     QTest::newRow("count with a fraction") << int(Count) << QStringLiteral("1.5") << QStringLiteral("1.5") << 1.5;
     QTest::newRow("count above a hundred") << int(Count) << QStringLiteral("250") << QStringLiteral("250") << 250.0;
+    // What to do about it is the window's, but nothing is made of it that was not typed.
+    QTest::newRow("count above what the entry line takes")
+        << int(Count) << QStringLiteral("12345678901") << QStringLiteral("12345678901") << 12345678901.0;
+    QTest::newRow("money above what the entry line takes")
+        << int(Price) << QStringLiteral("2000000000000000") << QStringLiteral("2,000,000,000,000,000") << 2e15;
     QTest::newRow("letters are dropped") << int(Price) << QStringLiteral("12x0") << QStringLiteral("120") << 120.0;
 }
 
