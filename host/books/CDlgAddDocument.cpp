@@ -262,6 +262,7 @@ void CDlgAddDocument::goTo(const ManualDocument::Problem &problem)
     case What::NeedlessPerson:
         return m_rowsView->goTo(row, PersonColumn);
     case What::NoAmount:
+    case What::AmountTooLarge:
         return m_rowsView->goTo(row, DebitColumn);
     case What::BothSides:
         return m_rowsView->goTo(row, CreditColumn);

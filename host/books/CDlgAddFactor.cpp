@@ -393,6 +393,7 @@ void CDlgAddFactor::goTo(const Invoice::Problem &problem)
     case What::LineWithoutCount:
         return m_linesView->goTo(row, CountColumn);
     case What::LineWithoutPrice:
+    case What::AmountTooLarge:
         return m_linesView->goTo(row, PriceColumn);
     case What::DiscountAboveSum:
     case What::NegativeFigure:

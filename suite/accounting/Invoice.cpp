@@ -5,32 +5,37 @@
 
 #include "suite/utility/Money.h"
 
-#include <cmath>
-
 namespace {
 
 constexpr int percentDecimals = 4;
 
-double rounded(double value, int decimals)
-{
-    const double unit = std::pow(10.0, decimals);
-    // A product such as 1.005 * 100 lies a hair below the half it stands for.
-    return std::round(value * unit * (1 + 4e-16)) / unit;
-}
-
 double percentOf(double base, double percent, int decimals)
 {
-    return rounded(base * percent / 100.0, decimals);
+    return roundToDecimals(base * percent / 100.0, decimals);
 }
 
 double percentFor(double amount, double base)
 {
-    return base > 0 ? rounded(amount * 100.0 / base, percentDecimals) : 0;
+    return base > 0 ? roundToDecimals(amount * 100.0 / base, percentDecimals) : 0;
 }
 
 bool isAbove(double value, double bound)
 {
     return value > bound && !IsEquals(value, bound);
+}
+
+void appendLineProblems(QList<Invoice::Problem> &found, const InvoiceLine &line, int index, int decimals)
+{
+    using What = Invoice::Problem::What;
+    const double amount = InvoiceFigures::lineAmount(line.count, line.price, decimals);
+    if (line.serviceID < 1 && line.desc.trimmed().isEmpty())
+        found.append({What::LineOfNothing, index});
+    if (!isAbove(line.count, 0))
+        found.append({What::LineWithoutCount, index});
+    else if (!isAbove(amount, 0))
+        found.append({What::LineWithoutPrice, index});
+    else if (amount > InvoiceFigures::largestAmount(decimals))
+        found.append({What::AmountTooLarge, index});
 }
 
 }
@@ -63,7 +68,7 @@ InvoiceLevy InvoiceLevy::fromAmount(double amount, double base, int decimals)
     levy.setAmount(amount, base);
     // The roundest percentage that gives the amount is the one that was meant.
     for (int places = 0; places <= percentDecimals && base > 0; ++places) {
-        const double percent = rounded(amount * 100.0 / base, places);
+        const double percent = roundToDecimals(amount * 100.0 / base, places);
         if (!IsEquals(percentOf(base, percent, decimals), amount))
             continue;
         levy.percent = percent;
@@ -78,9 +83,15 @@ InvoiceFigures::InvoiceFigures(int decimals)
 {
 }
 
+double InvoiceFigures::largestAmount(int decimals)
+{
+    constexpr double withDecimals = 99999999999.0;
+    return decimals == 0 ? largestMoney : withDecimals;
+}
+
 double InvoiceFigures::lineAmount(double count, double price, int decimals)
 {
-    return rounded(count * price, decimals);
+    return roundToDecimals(count * price, decimals);
 }
 
 void InvoiceFigures::recompute()
@@ -154,18 +165,15 @@ QList<Invoice::Problem> Invoice::problems(int decimals) const
         found.append({What::NoDate});
     if (lines.isEmpty())
         found.append({What::NoLines});
-    for (int index = 0; index < lines.size(); ++index) {
-        const InvoiceLine &line = lines.at(index);
-        if (line.serviceID < 1 && line.desc.trimmed().isEmpty())
-            found.append({What::LineOfNothing, index});
-        if (!isAbove(line.count, 0))
-            found.append({What::LineWithoutCount, index});
-        if (!isAbove(InvoiceFigures::lineAmount(line.count, line.price, decimals), 0) && isAbove(line.count, 0))
-            found.append({What::LineWithoutPrice, index});
-    }
+    for (int index = 0; index < lines.size(); ++index)
+        appendLineProblems(found, lines.at(index), index, decimals);
+    const double largest = InvoiceFigures::largestAmount(decimals);
+    const double whole = sum(decimals);
     if (discount < 0 || tax < 0 || duty < 0)
         found.append({What::NegativeFigure});
-    if (!lines.isEmpty() && isAbove(discount, sum(decimals)))
+    if (found.isEmpty() && (whole > largest || whole + tax + duty > largest))
+        found.append({What::AmountTooLarge});
+    if (!lines.isEmpty() && isAbove(discount, whole))
         found.append({What::DiscountAboveSum});
     return found;
 }
@@ -187,6 +195,9 @@ QString Invoice::message(const Problem &problem)
         return QStringLiteral("لطفا تعداد ردیف %1 را وارد نمایید.").arg(line);
     case What::LineWithoutPrice:
         return QStringLiteral("لطفا قیمت ردیف %1 را وارد نمایید.").arg(line);
+    case What::AmountTooLarge:
+        return problem.line < 0 ? QStringLiteral("مبلغ فاکتور بیش از اندازه بزرگ است.")
+                                : QStringLiteral("مبلغ ردیف %1 بیش از اندازه بزرگ است.").arg(line);
     case What::DiscountAboveSum:
         return QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است.");
     case What::NegativeFigure:

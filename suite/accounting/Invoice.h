@@ -43,6 +43,9 @@ public:
     // decimals: those of the office's money unit, to which every figure is rounded.
     explicit InvoiceFigures(int decimals);
 
+    // What an invoice may come to. With decimals it is less: debit and credit are compared within 0.0001, which a double tells
+    // apart up to there only.
+    static double largestAmount(int decimals);
     static double lineAmount(double count, double price, int decimals);
 
     // New lines keep the discount; what follows from the base is computed again.
@@ -96,8 +99,9 @@ struct TZACCOUNTING_EXPORT Invoice
             LineOfNothing, // neither service nor description
             LineWithoutCount,
             LineWithoutPrice,
-            DiscountAboveSum,
-            NegativeFigure
+            NegativeFigure,
+            AmountTooLarge, // of a line, or without one of the whole
+            DiscountAboveSum
         };
         What what;
         int line = -1; // the line it is about, from 0

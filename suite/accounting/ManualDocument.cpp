@@ -56,6 +56,26 @@ void requirePersons(const QList<DocumentEntry> &rows, int database)
     }
 }
 
+void appendRowProblems(QList<ManualDocument::Problem> &found, const DocumentEntry &row, int index, const QSet<int> &accounts)
+{
+    using What = ManualDocument::Problem::What;
+    const bool onPersons = row.account == Accounts::persons;
+    const bool isDebit = row.debit > 0 && !IsEquals(row.debit, 0);
+    const bool isCredit = row.credit > 0 && !IsEquals(row.credit, 0);
+    if (!accounts.contains(row.account))
+        found.append({What::NoAccount, index});
+    if (onPersons && row.personID < 1)
+        found.append({What::NoPerson, index});
+    if (!onPersons && row.personID > 0)
+        found.append({What::NeedlessPerson, index});
+    if (!isDebit && !isCredit)
+        found.append({What::NoAmount, index});
+    if (isDebit && isCredit)
+        found.append({What::BothSides, index});
+    if (row.debit > largestMoney || row.credit > largestMoney)
+        found.append({What::AmountTooLarge, index});
+}
+
 }
 
 double ManualDocument::debit() const
@@ -82,22 +102,8 @@ QList<ManualDocument::Problem> ManualDocument::problems(const QSet<int> &account
         found.append({What::NoDate});
     if (rows.isEmpty())
         found.append({What::NoRows});
-    for (int index = 0; index < rows.size(); ++index) {
-        const DocumentEntry &row = rows.at(index);
-        const bool onPersons = row.account == Accounts::persons;
-        const bool isDebit = row.debit > 0 && !IsEquals(row.debit, 0);
-        const bool isCredit = row.credit > 0 && !IsEquals(row.credit, 0);
-        if (!accounts.contains(row.account))
-            found.append({What::NoAccount, index});
-        if (onPersons && row.personID < 1)
-            found.append({What::NoPerson, index});
-        if (!onPersons && row.personID > 0)
-            found.append({What::NeedlessPerson, index});
-        if (!isDebit && !isCredit)
-            found.append({What::NoAmount, index});
-        if (isDebit && isCredit)
-            found.append({What::BothSides, index});
-    }
+    for (int index = 0; index < rows.size(); ++index)
+        appendRowProblems(found, rows.at(index), index, accounts);
     if (!rows.isEmpty() && !IsEquals(debit(), credit()))
         found.append({What::NotBalanced});
     return found;
@@ -122,6 +128,8 @@ QString ManualDocument::message(const Problem &problem) const
         return QStringLiteral("لطفا بدهکار یا بستانکار ردیف %1 را وارد نمایید.").arg(row);
     case What::BothSides:
         return QStringLiteral("ردیف %1 یا بدهکار است یا بستانکار.").arg(row);
+    case What::AmountTooLarge:
+        return QStringLiteral("مبلغ ردیف %1 بیش از اندازه بزرگ است.").arg(row);
     case What::NotBalanced:
         return QStringLiteral("سند تراز نیست: بدهکار %1، بستانکار %2.").arg(DToMoney(debit()), DToMoney(credit()));
     }

@@ -27,6 +27,7 @@ struct TZACCOUNTING_EXPORT ManualDocument
             NeedlessPerson, // a row on any other account
             NoAmount,
             BothSides,
+            AmountTooLarge,
             NotBalanced
         };
         What what;

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void withoutABaseThereIsNoLevy();
     void problems_data();
     void problems();
+    void largestAmountDependsOnTheDecimals_data();
+    void largestAmountDependsOnTheDecimals();
     void problemsComeInTheOrderOfTheWindow();
     void documentRows_data();
     void documentRows();
@@ -66,6 +68,7 @@ void TestInvoice::lineAmountIsRoundedToTheMoneyUnit_data()
     QTest::newRow("half that binary cannot hold") << 1.0 << 1.005 << 2 << 1.01;
     QTest::newRow("two decimals") << 3.0 << 1.115 << 2 << 3.35;
     QTest::newRow("nothing") << 0.0 << 1500.0 << 0 << 0.0;
+    QTest::newRow("the largest") << 1.0 << 999999999999999.0 << 0 << 999999999999999.0;
     QTest::newRow("large") << 1000.0 << 999999999999.0 << 0 << 999999999999000.0;
 }
 
@@ -197,6 +200,11 @@ void TestInvoice::problems_data()
     row(
         "a price below the money unit", [](Invoice &i) { i.lines[1].price = 0.4; }, What::LineWithoutPrice, 1);
     row(
+        "an amount that the books cannot hold", [](Invoice &i) { i.lines[1].count = 1e9; i.lines[1].price = 1e6; },
+        What::AmountTooLarge, 1);
+    row(
+        "a total that the books cannot hold", [](Invoice &i) { i.tax = 999999999999999.0; }, What::AmountTooLarge);
+    row(
         "a discount above the sum", [](Invoice &i) { i.discount = 1250001; }, What::DiscountAboveSum);
     row(
         "a negative tax", [](Invoice &i) { i.tax = -1; }, What::NegativeFigure);
@@ -213,6 +221,27 @@ void TestInvoice::problems()
     QTEST(static_cast<int>(found.constFirst().what), "what");
     QTEST(found.constFirst().line, "line");
     QVERIFY(!Invoice::message(found.constFirst()).isEmpty());
+}
+
+void TestInvoice::largestAmountDependsOnTheDecimals_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<double>("price");
+    QTest::addColumn<int>("problems");
+    QTest::newRow("whole, the largest") << 0 << 999999999999999.0 << 0;
+    QTest::newRow("whole, above it") << 0 << 1e15 << 1;
+    QTest::newRow("with decimals, the largest") << 2 << 99999999999.0 << 0;
+    QTest::newRow("with decimals, above it") << 2 << 1e11 << 1;
+}
+
+void TestInvoice::largestAmountDependsOnTheDecimals()
+{
+    QFETCH(int, decimals);
+    QFETCH(double, price);
+    Invoice invoice = goodInvoice();
+    invoice.lines = {{0, QStringLiteral("برج"), 1, price}};
+    invoice.discount = invoice.tax = invoice.duty = 0;
+    QTEST(static_cast<int>(invoice.problems(decimals).size()), "problems");
 }
 
 void TestInvoice::problemsComeInTheOrderOfTheWindow()

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void changeOfAnotherUserIsNotOverwritten();
     void invoiceThatNobodyElseChangedIsChangedAgain();
     void amountsHaveTheDecimalsOfTheMoneyUnit();
+    void largestAmountsBalance_data();
+    void largestAmountsBalance();
 
 private:
     Invoice sale();
@@ -380,6 +382,30 @@ void TestInvoicePosting::amountsHaveTheDecimalsOfTheMoneyUnit()
     invoice.lines = {{m_service, {}, 3, 33.33}};
     InvoicePosting::save(invoice);
     QCOMPARE(value("SELECT dAmount FROM Factors WHERE iID=3"), QStringLiteral("99.99"));
+}
+
+void TestInvoicePosting::largestAmountsBalance_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<double>("price");
+    QTest::addColumn<double>("levy");
+    QTest::newRow("whole") << 0 << 890000000000000.0 << 33333333333333.0;
+    QTest::newRow("with decimals") << 2 << 88999999999.37 << 3333333333.11;
+}
+
+void TestInvoicePosting::largestAmountsBalance()
+{
+    QFETCH(int, decimals);
+    QFETCH(double, price);
+    QFETCH(double, levy);
+    GetDBSetting()->SetMoneyDecimals(decimals);
+    Invoice invoice = sale();
+    invoice.lines = {{m_service, {}, 1, price}, {m_service, {}, 3, 0.33 + 1}, {m_service, {}, 1, 1.01}};
+    invoice.discount = levy;
+    invoice.tax = levy;
+    invoice.duty = 2 * levy;
+    const int num = InvoicePosting::save(invoice).num;
+    QCOMPARE(InvoicePosting::load(num).lines.at(0).price, price);
 }
 
 QTEST_GUILESS_MAIN(TestInvoicePosting)

@@ -120,7 +120,15 @@ void TestManualDocument::problems_data()
         "both sides", [](ManualDocument &d) { d.rows[0].credit = d.rows[1].credit = 50; d.rows[2].credit = 200; },
         What::BothSides, 0);
     row(
+        "a negative amount, though it balances", [](ManualDocument &d) { d.rows[1].credit = -100; d.rows[2].credit = 400; },
+        What::NoAmount, 1);
+    row(
+        "an amount that the books cannot hold", [](ManualDocument &d) { d.rows[0].debit = 1.2e15; d.rows[1].credit = d.rows[2].credit = 6e14; },
+        What::AmountTooLarge, 0);
+    row(
         "does not balance", [](ManualDocument &d) { d.rows[0].debit = 301; }, What::NotBalanced);
+    row(
+        "one row alone", [](ManualDocument &d) { d.rows.resize(1); }, What::NotBalanced);
 }
 
 void TestManualDocument::problems()
