@@ -23,6 +23,7 @@ private Q_SLOTS:
     void balancesHaveTheirKeys();
     void runTwiceChangesNothing();
     void stepThatStoppedHalfwayIsRunAgain();
+    void officeOfAnEarlierProgramKeepsItsRows();
     void databaseOfANewerProgramIsRefused();
     void moduleVersionIsKept();
     void fiscalYearIsAddedToContractsOnce();
@@ -162,6 +163,44 @@ void TestSuiteSchema::stepThatStoppedHalfwayIsRunAgain()
     // What the office has changed since stays.
     QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM HesabKol WHERE iCode=1101")), QStringLiteral("صندوق مرکزی"));
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+}
+
+// As the program left it that knew neither reminders nor invoices: step 6, in use.
+void TestSuiteSchema::officeOfAnEarlierProgramKeepsItsRows()
+{
+    SuiteSchema::upgrade();
+    for (const char *statement :
+         {"DROP TABLE Alarms", "DROP TABLE Services", "DROP TABLE Factors", "DROP TABLE FactorStuffs",
+          "DELETE FROM HesabMoeen WHERE iCode IN (410101,410102,610101,610102)", "DELETE FROM HesabKol WHERE iCode IN (4101,6101)",
+          "ALTER TABLE Docs DROP KEY kol, DROP KEY tafsily", "ALTER TABLE Documents DROP KEY date",
+          "UPDATE Properties SET sValue='6' WHERE sSection='Schema' AND sKey='Suite'",
+          "INSERT INTO Persons(iID,iCode,sName2) VALUES(3,1,'علی رضایی')",
+          "INSERT INTO Documents(iID,iNum,iFiscalYear,iKind,date,sDesc) VALUES(5,1,1405,3,'2026-05-01','دریافت')",
+          "INSERT INTO Docs(iID,iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed,dBes) "
+          "VALUES(8,1,1405,1101,110101,300.5,0),(9,1,1405,1103,110301,0,300.5)",
+          "INSERT INTO ReportLayouts(iID,sGroup,sReport,sName,sLayout) VALUES(2,'Documents','List','اداره','{}')",
+          // An account that the office has opened itself under a number that the program brings now keeps its name.
+          "INSERT INTO HesabKol(iID,iCode,sName) VALUES(90,4101,'فروش کارت')",
+          "INSERT INTO HesabMoeen(iID,iCode,sName,iHesabKolCode) VALUES(91,410101,'کارت',4101)"})
+        m_database.run(QString::fromUtf8(statement));
+    const QString rows = QStringLiteral(
+        "SELECT CONCAT_WS('|',(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName2)) FROM Persons),(SELECT GROUP_CONCAT("
+        "CONCAT_WS('/',iID,iNum,iFiscalYear,iKind,date,sDesc,iStatus)) FROM Documents),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,"
+        "iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed,dBes) ORDER BY iID) FROM Docs),(SELECT GROUP_CONCAT(CONCAT_WS("
+        "'/',iID,sName,sLayout)) FROM ReportLayouts),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName)) FROM HesabKol WHERE "
+        "iCode IN (1101,4101)),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName)) FROM HesabMoeen WHERE iCode=410101))");
+    const QString before = m_database.value(rows);
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(rows), before);
+    QVERIFY(before.contains(QStringLiteral("90/4101/فروش کارت")));
+    QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE "
+                                             "TABLE_SCHEMA=DATABASE() AND TABLE_NAME IN ('Alarms','Services','Factors','FactorStuffs')")),
+             QStringLiteral("Alarms,Factors,FactorStuffs,Services"));
+    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
+                                             "CONCAT(TABLE_NAME,'.',INDEX_NAME) IN ('Docs.kol','Docs.tafsily','Documents.date')")),
+             QStringLiteral("3"));
 }
 
 void TestSuiteSchema::databaseOfANewerProgramIsRefused()
