@@ -38,7 +38,7 @@ public:
     double m_dDiscount = 0;
     double m_dTax = 0;
     double m_dImposition = 0;
-    qint32 m_iDocNum = 0; // 0: no document (a void invoice)
+    qint32 m_iDocNum = 0; // stays with a void invoice, whose document is void too
     qint32 m_iFiscalYear = 0;
     qint32 m_iUserID = 0;
 
