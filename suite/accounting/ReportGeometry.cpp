@@ -4,10 +4,38 @@
 #include "suite/accounting/ReportGeometry.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace ReportGeometry {
 
 namespace {
+
+// On a sheet of its own a column may be as wide as its text, but a long text still breaks into lines of this share.
+constexpr double readableShare = 0.06;
+
+double readable(const ColumnNeed &column, double width)
+{
+    return std::min(column.wanted, std::max(column.least, width * readableShare));
+}
+
+// From the first column on, as many on each sheet as room allows.
+std::vector<std::vector<int>> fillSheets(std::span<const ColumnNeed> columns, double width, double room)
+{
+    std::vector<std::vector<int>> sheets(1);
+    double used = 0;
+    for (int position = 0; position < static_cast<int>(columns.size()); ++position) {
+        const double needed = readable(columns[static_cast<size_t>(position)], width);
+        const size_t always = sheets.size() == 1 ? 0 : 1;
+        if (used + needed > room && sheets.back().size() > always) {
+            sheets.push_back({0});
+            used = readable(columns.front(), width);
+        }
+        sheets.back().push_back(position);
+        used += needed;
+    }
+    return sheets;
+}
 
 // The width of one column by its contents, when all such columns together have room of width.
 double fitted(const ColumnNeed &column, double width, double wanted, double least)
@@ -40,6 +68,26 @@ std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width
     for (const ColumnNeed &column : columns)
         widths.push_back(column.share > 0 ? column.share * unit : fitted(column, width - taken, wanted, least));
     return widths;
+}
+
+std::vector<std::vector<int>> partColumns(std::span<const ColumnNeed> columns, double width)
+{
+    constexpr int steps = 50;
+    double least = 0;
+    bool arranged = false;
+    for (const ColumnNeed &column : columns) {
+        least += column.least;
+        arranged = arranged || column.share > 0;
+    }
+    std::vector<std::vector<int>> sheets = fillSheets(columns, width, least > width && !arranged ? width : HUGE_VAL);
+    // The narrowest room in which so many sheets do is the one that they share most evenly.
+    for (int step = steps; step > 0 && sheets.size() > 1; --step) {
+        std::vector<std::vector<int>> narrower = fillSheets(columns, width, width * step / steps);
+        if (narrower.size() > sheets.size())
+            break;
+        sheets = std::move(narrower);
+    }
+    return sheets;
 }
 
 std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines)

@@ -23,6 +23,11 @@ struct ColumnNeed
 // where not even the words fit, in proportion to them. Empty for no columns.
 [[nodiscard]] TZACCOUNTING_EXPORT std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width);
 
+// The columns, given by their positions, that stand together on one sheet. A table whose words do not fit across the paper
+// goes on over several sheets, each about as full as the others and each beginning with the table's first column, by which
+// its rows are found again. Columns that the user gave a share of the paper stay on one sheet.
+[[nodiscard]] TZACCOUNTING_EXPORT std::vector<std::vector<int>> partColumns(std::span<const ColumnNeed> columns, double width);
+
 // A run of lines of one row on one page.
 struct Slice
 {

@@ -117,6 +117,14 @@ bool ReportPainter::layOut(const ReportProgress &progress)
     return true;
 }
 
+int ReportPainter::pageCount() const
+{
+    const auto sheets = m_pages.size() * m_sheets.size();
+    // A summary that stands alone needs no second sheet beside it.
+    const bool summaryAlone = m_pages.size() > 1 && m_pages.back().empty();
+    return static_cast<int>(summaryAlone ? sheets - m_sheets.size() + 1 : sheets);
+}
+
 bool ReportPainter::measureColumns(const ReportProgress &progress)
 {
     const QFontMetricsF metrics(m_font), bold(m_boldFont);
@@ -147,8 +155,27 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
         need.wanted = std::min(need.wanted, m_area.width() * widestColumn) + 2 * m_padding + slack;
         need.least = std::min({need.least, m_area.width() * widestWord, need.wanted}) + 2 * m_padding + slack;
     }
-    m_widths = ReportGeometry::fitColumns(needs, m_area.width());
+    placeColumns(needs);
     return true;
+}
+
+void ReportPainter::placeColumns(std::span<const ReportGeometry::ColumnNeed> needs)
+{
+    m_sheets.clear();
+    m_widths.assign(needs.size(), 0);
+    for (const std::vector<int> &positions : ReportGeometry::partColumns(needs, m_area.width())) {
+        std::vector<ReportGeometry::ColumnNeed> own;
+        for (const int position : positions)
+            own.push_back(needs[static_cast<size_t>(position)]);
+        const std::vector<double> widths = ReportGeometry::fitColumns(own, m_area.width());
+        Sheet sheet;
+        for (size_t i = 0; i < widths.size(); ++i) {
+            sheet.push_back({positions[i], widths[i]});
+            double &first = m_widths[static_cast<size_t>(positions[i])];
+            first = first > 0 ? first : widths[i];
+        }
+        m_sheets.push_back(std::move(sheet));
+    }
 }
 
 const QFont &ReportPainter::fontOf(const KListModel::Row &row) const
@@ -158,25 +185,33 @@ const QFont &ReportPainter::fontOf(const KListModel::Row &row) const
 
 bool ReportPainter::countLines(const ReportProgress &progress)
 {
-    const QVector<KListModel::Row> &rows = m_report.rows();
-    m_lines.assign(static_cast<size_t>(rows.size()), 1);
-    size_t cell = 0;
-    for (int row = 0; row < rows.size(); ++row) {
-        if (progress && row % rowsPerReport == 0 && !progress(static_cast<int>(rows.size()) + row, static_cast<int>(rows.size()) * 2))
+    const int rows = static_cast<int>(m_report.rows().size());
+    m_lines.assign(static_cast<size_t>(rows), 1);
+    for (int row = 0; row < rows; ++row) {
+        if (progress && row % rowsPerReport == 0 && !progress(rows + row, rows * 2))
             return false;
-        const QVector<KListModel::Cell> &cells = rows.at(row).cells;
-        int &lines = m_lines[static_cast<size_t>(row)];
-        for (size_t i = 0; i < m_widths.size(); ++i, ++cell) {
-            const int column = m_columns.at(static_cast<int>(i)).column;
-            if (column >= cells.size())
-                continue;
-            const double width = m_widths[i] - 2 * m_padding;
-            const QString &text = cells.at(column).text;
-            if (m_advances[cell] > width || text.contains(u'\n'))
-                lines = std::max(lines, linesOf(text, fontOf(rows.at(row)), width, ListReport::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
-        }
+        m_lines[static_cast<size_t>(row)] = linesOfRow(row, static_cast<size_t>(row) * m_widths.size());
     }
     return true;
+}
+
+// Of the highest cell on any sheet.
+int ReportPainter::linesOfRow(int row, size_t firstAdvance) const
+{
+    const KListModel::Row &source = m_report.rows().at(row);
+    int lines = 1;
+    for (const Sheet &sheet : m_sheets) {
+        for (const PlacedColumn &placed : sheet) {
+            const int column = m_columns.at(placed.position).column;
+            if (column >= source.cells.size())
+                continue;
+            const double width = placed.width - 2 * m_padding;
+            const KListModel::Cell &cell = source.cells.at(column);
+            if (m_advances[firstAdvance + static_cast<size_t>(placed.position)] > width || cell.text.contains(u'\n'))
+                lines = std::max(lines, linesOf(cell.text, fontOf(source), width, ListReport::readsLeftToRight(m_report.columns().at(column), cell)));
+        }
+    }
+    return lines;
 }
 
 // Heights of what stands above the rows of every page.
@@ -199,9 +234,11 @@ void ReportPainter::placeHead()
     m_headHeight = std::max(any ? corners : 0, title) + gap;
 
     int lines = 1;
-    for (size_t i = 0; i < m_widths.size(); ++i) {
-        const QString &text = m_report.columns().at(m_columns.at(static_cast<int>(i)).column).title;
-        lines = std::max(lines, linesOf(text, m_boldFont, m_widths[i] - 2 * m_padding, false));
+    for (const Sheet &sheet : m_sheets) {
+        for (const PlacedColumn &placed : sheet) {
+            const QString &text = m_report.columns().at(m_columns.at(placed.position).column).title;
+            lines = std::max(lines, linesOf(text, m_boldFont, placed.width - 2 * m_padding, false));
+        }
     }
     m_titlesHeight = lines * m_line + gap / 2;
 }
@@ -234,10 +271,11 @@ void ReportPainter::drawText(QPainter &painter, const QRectF &box, const QString
 
 void ReportPainter::paint(QPainter &painter, int page) const
 {
-    const ReportGeometry::Page &slices = m_pages.at(static_cast<size_t>(page));
+    const ReportGeometry::Page &slices = m_pages.at(static_cast<size_t>(page) / m_sheets.size());
+    const Sheet &sheet = m_sheets.at(static_cast<size_t>(page) % m_sheets.size());
     paintHead(painter);
-    paintTitles(painter, m_area.top() + m_headHeight);
-    const double end = paintRows(painter, slices, m_area.top() + m_headHeight + m_titlesHeight);
+    paintTitles(painter, sheet, m_area.top() + m_headHeight);
+    const double end = paintRows(painter, sheet, slices, m_area.top() + m_headHeight + m_titlesHeight);
     painter.setPen(Qt::black);
     if (page == pageCount() - 1) {
         const QRectF below(m_area.left(), end + m_line / 2, m_area.width(), m_line);
@@ -263,42 +301,42 @@ void ReportPainter::paintHead(QPainter &painter) const
     }
 }
 
-void ReportPainter::paintTitles(QPainter &painter, double y) const
+void ReportPainter::paintTitles(QPainter &painter, const Sheet &sheet, double y) const
 {
     double right = m_area.right();
-    for (size_t i = 0; i < m_widths.size(); ++i) {
-        const QRectF cell(right - m_widths[i], y, m_widths[i], m_titlesHeight);
+    for (const PlacedColumn &placed : sheet) {
+        const QRectF cell(right - placed.width, y, placed.width, m_titlesHeight);
         painter.setPen(QPen(gridColor, hairline));
         painter.setBrush(titlesColor);
         painter.drawRect(cell);
-        const QString &text = m_report.columns().at(m_columns.at(static_cast<int>(i)).column).title;
-        const double height = linesOf(text, m_boldFont, m_widths[i] - 2 * m_padding, false) * m_line;
+        const QString &text = m_report.columns().at(m_columns.at(placed.position).column).title;
+        const double height = linesOf(text, m_boldFont, placed.width - 2 * m_padding, false) * m_line;
         const QRectF inner = cell.adjusted(m_padding, (m_titlesHeight - height) / 2, -m_padding, 0);
         painter.setPen(Qt::black);
         drawText(painter, inner, text, m_boldFont, Qt::AlignHCenter);
-        right -= m_widths[i];
+        right -= placed.width;
     }
 }
 
-double ReportPainter::paintRows(QPainter &painter, const ReportGeometry::Page &page, double y) const
+double ReportPainter::paintRows(QPainter &painter, const Sheet &sheet, const ReportGeometry::Page &page, double y) const
 {
     for (const ReportGeometry::Slice &slice : page) {
-        paintSlice(painter, slice, y);
+        paintSlice(painter, sheet, slice, y);
         y += slice.lineCount * m_line;
     }
     return y;
 }
 
-void ReportPainter::paintSlice(QPainter &painter, const ReportGeometry::Slice &slice, double y) const
+void ReportPainter::paintSlice(QPainter &painter, const Sheet &sheet, const ReportGeometry::Slice &slice, double y) const
 {
     const KListModel::Row &row = m_report.rows().at(slice.row);
     const QVector<KListModel::Cell> &cells = row.cells;
     const double height = slice.lineCount * m_line;
     double right = m_area.right();
-    for (size_t i = 0; i < m_widths.size(); ++i) {
-        const int column = m_columns.at(static_cast<int>(i)).column;
-        const QRectF box(right - m_widths[i], y, m_widths[i], height);
-        right -= m_widths[i];
+    for (const PlacedColumn &placed : sheet) {
+        const int column = m_columns.at(placed.position).column;
+        const QRectF box(right - placed.width, y, placed.width, height);
+        right -= placed.width;
         painter.setPen(QPen(gridColor, hairline));
         painter.setBrush(row.heading || slice.row % 2 == 1 ? QBrush(bandColor) : QBrush(Qt::NoBrush));
         painter.drawRect(box);

@@ -12,6 +12,7 @@
 #include <QPageLayout>
 
 #include <functional>
+#include <span>
 
 class QPainter;
 
@@ -19,7 +20,8 @@ class QPainter;
 using ReportProgress = std::function<bool(int done, int total)>;
 
 // Lays a list report out on A4 pages and paints any one of them: corners and title, the table with its header row on every
-// page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page.
+// page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page. Where not
+// even the words of all columns fit across the paper, the rows of a page go on over the sheets that follow it.
 //
 // Lengths are dots of 1/600 inch whatever is painted on, so that screen, printer and PDF break lines and pages alike.
 class TZACCOUNTING_EXPORT ReportPainter
@@ -32,9 +34,8 @@ public:
 
     // To be called first. False when progress asked to stop; there are no pages then.
     [[nodiscard]] bool layOut(const ReportProgress &progress = {});
-    int pageCount() const { return static_cast<int>(m_pages.size()); }
-    const std::vector<ReportGeometry::Page> &pages() const { return m_pages; }
-    // Of the columns from the right, in dots.
+    int pageCount() const;
+    // Of the columns from the right, in dots; of those that stand on more than one sheet, on the first.
     const std::vector<double> &columnWidths() const { return m_widths; }
 
     // The paper, without margins: the painter keeps its own.
@@ -45,16 +46,25 @@ public:
 
 private:
     bool measureColumns(const ReportProgress &progress);
+    void placeColumns(std::span<const ReportGeometry::ColumnNeed> needs);
     const QFont &fontOf(const KListModel::Row &row) const;
+    int linesOfRow(int row, size_t firstAdvance) const;
     bool countLines(const ReportProgress &progress);
     void placeHead();
     int linesOf(const QString &text, const QFont &font, double width, bool leftToRight) const;
     void drawText(QPainter &painter, const QRectF &box, const QString &text, const QFont &font, Qt::Alignment alignment,
                   bool leftToRight = false, int firstLine = 0, int lineCount = -1) const;
     void paintHead(QPainter &painter) const;
-    void paintTitles(QPainter &painter, double y) const;
-    double paintRows(QPainter &painter, const ReportGeometry::Page &page, double y) const;
-    void paintSlice(QPainter &painter, const ReportGeometry::Slice &slice, double y) const;
+    // A column on one sheet: its position among those shown, and its width there.
+    struct PlacedColumn
+    {
+        int position = 0;
+        double width = 0;
+    };
+    using Sheet = std::vector<PlacedColumn>;
+    void paintTitles(QPainter &painter, const Sheet &sheet, double y) const;
+    double paintRows(QPainter &painter, const Sheet &sheet, const ReportGeometry::Page &page, double y) const;
+    void paintSlice(QPainter &painter, const Sheet &sheet, const ReportGeometry::Slice &slice, double y) const;
     double lineHeight(const QFont &font) const;
 
     const ListReport &m_report;
@@ -66,8 +76,9 @@ private:
     QRectF m_area;                 // inside the margins
     std::vector<float> m_advances; // of every shown cell on one line, row by row
     std::vector<double> m_widths;
-    std::vector<int> m_lines; // of every row
-    std::vector<ReportGeometry::Page> m_pages;
+    std::vector<int> m_lines;                  // of every row
+    std::vector<ReportGeometry::Page> m_pages; // of rows; each takes all the sheets
+    std::vector<Sheet> m_sheets;
     double m_line = 0; // height of a line of the table
     double m_padding = 0;
     double m_headHeight = 0;

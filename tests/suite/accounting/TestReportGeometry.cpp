@@ -52,6 +52,43 @@ private Q_SLOTS:
 
     void noColumnsGiveNoWidths() { QVERIFY(fitColumns({}, 100).empty()); }
 
+    void tableThatIsTooWideGoesOnOverSeveralSheets_data()
+    {
+        QTest::addColumn<QList<double>>("wanted");
+        QTest::addColumn<QList<double>>("least");
+        QTest::addColumn<double>("shareOfFirst");
+        QTest::addColumn<QList<QList<int>>>("sheets");
+        using L = QList<double>;
+        using S = QList<QList<int>>;
+        QTest::newRow("no columns") << L{} << L{} << 0.0 << S{{}};
+        QTest::newRow("the words fit: one sheet") << L{90, 90} << L{50, 50} << 0.0 << S{{0, 1}};
+        QTest::newRow("two sheets, the first column on both")
+            << L{10, 40, 40, 40, 40} << L{10, 40, 40, 40, 40} << 0.0 << S{{0, 1, 2}, {0, 3, 4}};
+        QTest::newRow("evenly") << L{10, 20, 20, 20, 20, 20, 20} << L{10, 20, 20, 20, 20, 20, 20} << 0.0
+                                << S{{0, 1, 2, 3}, {0, 4, 5, 6}};
+        QTest::newRow("a long text takes no sheet from the others")
+            << L{10, 900, 40, 40, 40} << L{10, 10, 40, 40, 40} << 0.0 << S{{0, 1, 2}, {0, 3, 4}};
+        QTest::newRow("a column wider than the paper has a sheet")
+            << L{10, 200, 30} << L{10, 200, 30} << 0.0 << S{{0}, {0, 1}, {0, 2}};
+        QTest::newRow("arranged by the user: one sheet")
+            << L{10, 40, 40, 40, 40} << L{10, 40, 40, 40, 40} << 20.0 << S{{0, 1, 2, 3, 4}};
+    }
+
+    void tableThatIsTooWideGoesOnOverSeveralSheets()
+    {
+        QFETCH(QList<double>, wanted);
+        QFETCH(QList<double>, least);
+        QFETCH(double, shareOfFirst);
+        QFETCH(QList<QList<int>>, sheets);
+        std::vector<ColumnNeed> needs;
+        for (qsizetype i = 0; i < wanted.size(); ++i)
+            needs.push_back({wanted[i], least[i], i == 0 ? shareOfFirst : 0});
+        QList<QList<int>> parted;
+        for (const std::vector<int> &sheet : partColumns(needs, 100))
+            parted.append(QList<int>(sheet.begin(), sheet.end()));
+        QCOMPARE(parted, sheets);
+    }
+
     void rowsArePartedAmongPages_data()
     {
         QTest::addColumn<QList<int>>("lines");

@@ -90,6 +90,35 @@ ReportProgress stopAt(int call, int *calls)
 {
     return [call, calls](int, int) { return ++*calls < call; };
 }
+
+constexpr int wideColumns = 30;
+
+// Eight digits that no other cell has.
+QString wideCell(int row, int column)
+{
+    return QStringLiteral("%1%2").arg(column, 2, 10, QChar(u'0')).arg(row, 6, 10, QChar(u'0'));
+}
+
+// More columns than fit across a paper.
+ListReport wideReport(int rowCount)
+{
+    QVector<KListModel::Column> columns{{QStringLiteral("ردیف"), Qt::AlignCenter, 40}};
+    for (int column = 1; column < wideColumns; ++column)
+        columns.append({QStringLiteral("ستون %1").arg(column), Qt::AlignRight, 80});
+    QVector<KListModel::Row> rows;
+    for (int row = 1; row <= rowCount; ++row) {
+        KListModel::Row cells{row, {{QString::number(row), row}}};
+        for (int column = 1; column < wideColumns; ++column)
+            cells.cells.append({wideCell(row, column)});
+        rows.append(cells);
+    }
+    ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("پهن"));
+    report.setText(QStringLiteral("Count"), QStringLiteral("تعداد : %1").arg(rowCount));
+    report.setTable(QStringLiteral("List"), columns, rows);
+    report.buildStandard(QStringLiteral("پهن"));
+    return report;
+}
+
 }
 
 class TestReportOutput : public QObject
@@ -157,6 +186,48 @@ private Q_SLOTS:
         const QString text = pdfPages(path(QStringLiteral("a.pdf"))).join(u' ');
         for (const QString &word : std::as_const(words))
             QVERIFY2(text.contains(QRegularExpression(QStringLiteral("\\b%1\\b").arg(word))), qPrintable(word));
+    }
+
+    void tableThatIsTooWideGoesOnOverTheNextSheet()
+    {
+        constexpr int rowCount = 60;
+        const ListReport report = wideReport(rowCount);
+        ReportPainter painter(report);
+        QVERIFY(painter.layOut());
+        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
+        const QStringList pages = pdfPages(path(QStringLiteral("a.pdf")));
+        QCOMPARE(pages.size(), painter.pageCount());
+        for (int row = 1; row <= rowCount; ++row) {
+            QList<qsizetype> first;
+            for (qsizetype page = 0; page < pages.size(); ++page) {
+                if (pages.at(page).contains(wideCell(row, 1)))
+                    first.append(page);
+            }
+            QCOMPARE(first.size(), 1);
+            // The rest of the row stands whole there and on the sheets that follow.
+            const QString rest = pages.mid(first.first()).join(u'\n');
+            for (int column = 2; column < wideColumns; ++column)
+                QVERIFY2(rest.contains(wideCell(row, column)), qPrintable(wideCell(row, column)));
+        }
+        for (const QString &page : pages)
+            QVERIFY2(holds(page, QStringLiteral("ردیف")), qPrintable(page));
+    }
+
+    void noSheetOfAWideTableIsEmpty()
+    {
+        bool summaryStoodAlone = false;
+        for (int rowCount = 20; rowCount < 60; ++rowCount) {
+            QVERIFY(ReportOutput::writePdf(wideReport(rowCount), path(QStringLiteral("a.pdf"))));
+            const QStringList pages = pdfPages(path(QStringLiteral("a.pdf")));
+            for (const QString &page : pages) {
+                const bool hasRows = page.contains(QRegularExpression(QStringLiteral("\\b[0-9]{8}\\b")));
+                const bool hasSummary = holds(page, QStringLiteral("تعداد : %1").arg(rowCount));
+                QVERIFY2(hasRows || hasSummary, qPrintable(QStringLiteral("%1 rows:\n%2").arg(rowCount).arg(page)));
+                QCOMPARE(hasSummary, &page == &pages.last());
+                summaryStoodAlone = summaryStoodAlone || !hasRows;
+            }
+        }
+        QVERIFY(summaryStoodAlone);
     }
 
     void columnsStandFromTheRightAndFillThePaper()
