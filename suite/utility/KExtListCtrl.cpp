@@ -30,6 +30,13 @@ protected:
         QStyledItemDelegate::initStyleOption(option, index);
         if (index.data(LeftToRightRole).toBool())
             option->direction = Qt::LeftToRight;
+        // A cell with colours of its own keeps them in the selected row.
+        const QVariant mark = index.data(Qt::BackgroundRole);
+        const QVariant text = index.data(Qt::ForegroundRole);
+        if (mark.isValid() && text.isValid()) {
+            option->palette.setBrush(QPalette::Highlight, mark.value<QBrush>());
+            option->palette.setBrush(QPalette::HighlightedText, text.value<QBrush>());
+        }
     }
 };
 
@@ -247,6 +254,15 @@ bool KExtListCtrl::selectKey(int key)
     const int row = m_model->rowOfKey(key);
     selectRow(row);
     return row >= 0;
+}
+
+void KExtListCtrl::selectCell(int row, int column)
+{
+    selectRow(row);
+    if (const QModelIndex index = m_model->index(row, column); index.isValid()) {
+        setCurrentIndex(index);
+        scrollTo(index);
+    }
 }
 
 QString KExtListCtrl::cellText(int row, int column) const

@@ -37,6 +37,8 @@ public:
     // Selects and scrolls to the row; a row or key that does not exist clears the selection.
     void selectRow(int row);
     bool selectKey(int key);
+    // Selects the row and brings that cell of it into view.
+    void selectCell(int row, int column);
 
     // The shown text of a cell.
     QString cellText(int row, int column) const;

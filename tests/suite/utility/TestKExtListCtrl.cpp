@@ -67,6 +67,8 @@ private Q_SLOTS:
     void rightClickLeftOnAnotherRow();
     void aClickOnATitleTellsItsColumn();
     void titlesCarryTheMark();
+    void markedCellKeepsItsColourInTheSelectedRow();
+    void cellIsBroughtIntoView();
     void widthsAndOrderAreKept();
     void widthsAreWrittenWhenTheListGoes();
     void layoutOfOtherColumnsIsNotTaken_data();
@@ -249,6 +251,37 @@ void TestKExtListCtrl::titlesCarryTheMark()
 {
     m_list->setColumnTitle(2, QStringLiteral("تاریخ عقد*"));
     QCOMPARE(m_list->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("تاریخ عقد*"));
+}
+
+void TestKExtListCtrl::markedCellKeepsItsColourInTheSelectedRow()
+{
+    QVector<KListModel::Row> marked = rows(2);
+    marked[1].markedCell = 1;
+    m_list->setRows(marked);
+    m_list->selectRow(1);
+    // A style may blend the colour of a selection into it.
+    const auto isRed = [this](int column) {
+        const QRect cell = m_list->visualRect(m_list->listModel()->index(1, column));
+        const QColor ground = m_list->viewport()->grab().toImage().pixelColor(cell.left() + 10, cell.center().y());
+        return ground.red() > 150 && ground.green() < 60 && ground.blue() < 60;
+    };
+    QVERIFY(isRed(1));
+    QVERIFY(!isRed(0));
+}
+
+void TestKExtListCtrl::cellIsBroughtIntoView()
+{
+    m_list->setRows(rows(200));
+    m_list->header()->resizeSection(1, 4 * m_list->width());
+    const auto isInView = [this](int row, int column) {
+        return m_list->viewport()->rect().intersects(m_list->visualRect(m_list->listModel()->index(row, column)));
+    };
+    QVERIFY(!isInView(150, 3));
+    m_list->selectCell(150, 3);
+    QVERIFY(isInView(150, 3));
+    QCOMPARE(m_list->currentRow(), 150);
+    m_list->selectCell(200, 0);
+    QCOMPARE(m_list->currentRow(), -1);
 }
 
 void TestKExtListCtrl::widthsAndOrderAreKept()
