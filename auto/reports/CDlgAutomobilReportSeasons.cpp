@@ -333,7 +333,15 @@ void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcom
                                 .arg(outcome.tooLongAddresses)
                                 .arg(TaxParty::longestAddress),
                             this);
+        showTooLongAddress();
     }
+}
+
+// The address column lies beyond the window's edge as it opens.
+void CDlgAutomobilReportSeasons::showTooLongAddress()
+{
+    if (const int row = m_rows->firstTooLongAddress(); row >= 0)
+        m_list->selectCell(row, SeasonalRow::Address);
 }
 
 void CDlgAutomobilReportSeasons::fail(const std::exception_ptr &error)

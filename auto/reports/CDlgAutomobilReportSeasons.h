@@ -84,6 +84,7 @@ private:
     void finish(const SeasonalGathering::Outcome &outcome);
     void fail(const std::exception_ptr &error);
     void setBusy(bool busy);
+    void showTooLongAddress();
     void showTotals(const SeasonalTotals &totals);
     void sortBy(int column);
     void editParty(int key);

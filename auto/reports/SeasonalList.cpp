@@ -93,12 +93,9 @@ void SeasonalList::setParty(int personID, const TaxParty &party)
     }
 }
 
-int SeasonalList::tooLongAddresses() const
+int SeasonalList::firstTooLongAddress() const
 {
-    int tooLong = 0;
-    for (const QVector<SeasonalRow> &batch : m_batches) {
-        tooLong += int(std::count_if(batch.cbegin(), batch.cend(),
-                                     [](const SeasonalRow &row) { return row.isAddressTooLong(); }));
-    }
-    return tooLong;
+    const auto found = std::find_if(m_order.cbegin(), m_order.cend(),
+                                    [this](int position) { return rowOf(position).isAddressTooLong(); });
+    return found == m_order.cend() ? -1 : int(found - m_order.cbegin());
 }

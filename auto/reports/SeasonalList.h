@@ -24,7 +24,8 @@ public:
     void sort(int column, bool descending);
     // Every row of that person names the party from now on.
     void setParty(int personID, const TaxParty &party);
-    int tooLongAddresses() const;
+    // As the rows stand now; -1 when there is none.
+    int firstTooLongAddress() const;
 
 private:
     const SeasonalRow &rowOf(int position) const;

@@ -236,6 +236,27 @@ private Q_SLOTS:
         QCOMPARE(model->index(1, 10).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));
         QCOMPARE(model->index(1, 10).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
         QVERIFY(!model->index(0, 10).data(Qt::BackgroundRole).isValid());
+        // It is where the user is taken, though its column lies beyond the window's edge.
+        QCOMPARE(window.list()->currentRow(), 1);
+        const QRect cell = window.list()->visualRect(model->index(1, 10));
+        QVERIFY(window.list()->viewport()->rect().contains(cell));
+    }
+
+    void theFirstTooLongAddressFollowsTheOrder()
+    {
+        SeasonalList list;
+        QCOMPARE(list.firstTooLongAddress(), -1);
+        QVector<SeasonalRow> rows(3);
+        for (int i = 0; i < rows.size(); ++i) {
+            TaxParty party;
+            party.address = QString(i == 0 ? 80 : 81, u'ن');
+            rows[i].number = i + 1;
+            rows[i].party = std::make_shared<const TaxParty>(party);
+        }
+        list.append(rows);
+        QCOMPARE(list.firstTooLongAddress(), 1);
+        list.sort(SeasonalRow::RowNumber, true);
+        QCOMPARE(list.firstTooLongAddress(), 0);
     }
 
     void activatingARowMendsItsParty()
