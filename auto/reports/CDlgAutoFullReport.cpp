@@ -8,6 +8,7 @@
 #include "suite/accounting/CDlgAccountDocs.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/ReportOutput.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
@@ -111,6 +112,7 @@ CDlgAutoFullReport::CDlgAutoFullReport(QWidget *parent)
     connect(m_list, &KExtListCtrl::columnClicked, this, &CDlgAutoFullReport::sortBy);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAutoFullReport::activated);
 
+    m_list->setMinimumWidth(300);
     auto *both = new QSplitter;
     both->addWidget(m_list);
     both->addWidget(m_chart);
@@ -153,8 +155,9 @@ QWidget *CDlgAutoFullReport::buildFilter()
     auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"));
     search->setAutoDefault(false);
     connect(search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
+    // Queued: Enter goes on to the next field first, and a wrong entry must have the focus in the end.
     for (KDateEdit *edit : {m_from, m_to})
-        connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
+        connect(edit, &QLineEdit::returnPressed, this, &CDlgAutoFullReport::search, Qt::QueuedConnection);
     connect(new QShortcut(QKeySequence(QKeySequence::Find), this), &QShortcut::activated, m_from,
             [this] { m_from->setFocus(Qt::ShortcutFocusReason); });
     line->addWidget(search);
@@ -226,6 +229,8 @@ void CDlgAutoFullReport::search()
     }
     const KWaitCursor wait;
     m_report = ComprehensiveReport::read(m_from->dateTime(), m_to->dateTime());
+    m_rangeStart = m_from->dateTime();
+    m_rangeEnd = m_to->dateTime();
     m_chart->setReport(m_report);
     showRows();
 }
@@ -280,7 +285,7 @@ void CDlgAutoFullReport::activated(int key)
         return;
     }
     if (const IncomeAndExpenses::Account *found = account(key))
-        CDlgAccountDocs::Show(found->level, found->code, m_from->dateTime(), m_to->dateTime(), this);
+        CDlgAccountDocs::Show(found->level, found->code, m_rangeStart, m_rangeEnd, this);
 }
 
 bool CDlgAutoFullReport::OnOK()
@@ -291,14 +296,24 @@ bool CDlgAutoFullReport::OnOK()
     return m_chosenCode != 0 || warn(QStringLiteral("لطفا یک حساب را انتخاب نمایید."), m_list);
 }
 
+QString CDlgAutoFullReport::fromText() const
+{
+    const QString from = shamsiText(m_rangeStart.date());
+    return from.isEmpty() ? QString() : QStringLiteral("تاريخ : ") + from;
+}
+
+QString CDlgAutoFullReport::toText() const
+{
+    const QString to = shamsiText(m_rangeEnd.date());
+    return to.isEmpty() ? QString() : QStringLiteral("تا : ") + to;
+}
+
 ListReport CDlgAutoFullReport::listReport() const
 {
     ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست گزارش جامع"));
     report.setText(QStringLiteral("RightTop"), QStringLiteral("گالری اتومبیل"));
-    const QString from = shamsiText(m_from->date());
-    const QString to = shamsiText(m_to->date());
-    report.setText(QStringLiteral("RightCenter"), from.isEmpty() ? QString() : QStringLiteral("تاريخ : ") + from);
-    report.setText(QStringLiteral("RightBottom"), to.isEmpty() ? QString() : QStringLiteral("تا : ") + to);
+    report.setText(QStringLiteral("RightCenter"), fromText());
+    report.setText(QStringLiteral("RightBottom"), toText());
     report.setText(QStringLiteral("LeftBottom"),
                    QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
     report.setText(QStringLiteral("Count"), m_count->text());
@@ -323,6 +338,9 @@ void CDlgAutoFullReport::printChart()
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    QPainter painter(&printer);
-    m_chart->draw(painter, QRectF(painter.viewport()));
+    printer.setDocName(windowTitle());
+    QPainter painter;
+    ReportOutput::begin(painter, printer);
+    const QString range = fromText() + u' ' + toText();
+    m_chart->draw(painter, QRectF(painter.viewport()), windowTitle() + u' ' + range.trimmed());
 }

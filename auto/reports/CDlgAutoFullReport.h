@@ -60,8 +60,13 @@ private:
     void activated(int key);
     const IncomeAndExpenses::Account *account(int key) const;
     bool warn(const QString &text, QWidget *field);
+    // The range of the rows, in words; an open end is empty.
+    QString fromText() const;
+    QString toText() const;
 
     ComprehensiveReport m_report;
+    QDateTime m_rangeStart; // what the rows were read by; the fields may have moved on
+    QDateTime m_rangeEnd;
     bool m_choiceMode = false;
     int m_chosenCode = 0;
     int m_lastColumn = 0;

@@ -8,70 +8,148 @@
 
 #include <QBarCategoryAxis>
 #include <QBarSet>
+#include <QCategoryAxis>
 #include <QChart>
 #include <QChartView>
 #include <QEvent>
+#include <QFontInfo>
 #include <QGraphicsLayout>
 #include <QHorizontalStackedBarSeries>
+#include <QLegend>
 #include <QToolTip>
 #include <QVBoxLayout>
-#include <QValueAxis>
 
 #include <algorithm>
-#include <cmath>
-#include <utility>
+#include <memory>
 
 namespace {
 
-using IncomeAndExpenses::Account;
-
-struct Bar
-{
-    QString name;
-    double amount = 0; // on its own side: income in credit and expenses in debit are above 0
-};
-
-// The side's largest accounts, and the rest of it as one.
-QList<Bar> largest(QList<Account> accounts, double sign, const QString &rest)
-{
-    IncomeAndExpenses::sort(accounts, IncomeAndExpenses::Order::Amount, true);
-    QList<Bar> bars;
-    double others = 0;
-    for (const Account &account : std::as_const(accounts)) {
-        const double amount = sign * account.balance.net();
-        if (bars.size() < IncomeChart::barsOfASide)
-            bars.append({QStringLiteral("%1 - %2").arg(account.code).arg(account.name), amount});
-        else
-            others += amount;
-    }
-    if (accounts.size() > IncomeChart::barsOfASide)
-        bars.append({rest, others});
-    return bars;
-}
-
-// Long amounts are shown in millions: an axis has no room for a dozen digits.
-double unitFor(const QList<Bar> &bars)
-{
-    constexpr double million = 1'000'000;
-    double highest = 0;
-    for (const Bar &bar : bars)
-        highest = std::max(highest, std::abs(bar.amount));
-    return highest >= 10 * million ? million : 1;
-}
-
-// Holds 0, and is never empty.
-std::pair<double, double> rangeOf(const QList<Bar> &bars)
-{
-    std::pair<double, double> range(0, 0);
-    for (const Bar &bar : bars) {
-        range.first = std::min(range.first, bar.amount);
-        range.second = std::max(range.second, bar.amount);
-    }
-    return range.first == range.second ? std::pair(0.0, 1.0) : range;
-}
-
 const QColor incomeColor(0x2e, 0x8b, 0x57);
 const QColor expenseColor(0xc0, 0x5a, 0x2b);
+
+struct Look
+{
+    QColor text;
+    QBrush background;
+    QFont font;
+};
+
+QBarSet *addSet(QAbstractBarSeries *series, const QString &name, const QColor &color)
+{
+    auto *set = new QBarSet(name);
+    set->setColor(color);
+    set->setBorderColor(Qt::transparent);
+    series->append(set);
+    return set;
+}
+
+// A stack of which only one part is ever there: so each bar has its side's colour and all of them one width.
+QHorizontalStackedBarSeries *makeSeries(const IncomeBars &bars)
+{
+    auto *series = new QHorizontalStackedBarSeries;
+    QBarSet *income = addSet(series, QStringLiteral("درآمد ها"), incomeColor);
+    QBarSet *expenses = addSet(series, QStringLiteral("هزینه ها"), expenseColor);
+    // A category axis counts from below.
+    for (auto bar = bars.bars.crbegin(); bar != bars.bars.crend(); ++bar) {
+        const double amount = bar->amount / bars.unit;
+        income->append(bar->isIncome ? amount : 0);
+        expenses->append(bar->isIncome ? 0 : amount);
+    }
+    return series;
+}
+
+QBarCategoryAxis *makeNames(const IncomeBars &bars)
+{
+    auto *names = new QBarCategoryAxis;
+    QStringList fromBelow;
+    for (const IncomeBars::Bar &bar : bars.bars)
+        fromBelow.prepend(bar.name);
+    names->append(fromBelow);
+    names->setGridLineVisible(false);
+    return names;
+}
+
+// Grows from the right. Its labels are texts, which alone can be grouped as amounts are everywhere.
+QCategoryAxis *makeAmounts(const IncomeBars &bars)
+{
+    auto *amounts = new QCategoryAxis;
+    amounts->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+    amounts->setReverse(true);
+    amounts->setStartValue(bars.lowest);
+    const int steps = qRound((bars.highest - bars.lowest) / bars.step);
+    for (int i = 0; i <= steps; ++i) {
+        const double amount = bars.lowest + i * bars.step;
+        amounts->append(DToMoney(amount, 0), amount);
+    }
+    // Room for the last label, which is not shown where half of it would stand outside.
+    amounts->setRange(bars.lowest, bars.highest + bars.step / 2);
+    amounts->setLabelsVisible(!bars.bars.isEmpty());
+    return amounts;
+}
+
+void setLook(QChart &chart, const Look &look)
+{
+    QColor grid = look.text;
+    grid.setAlphaF(0.2F);
+    chart.setBackgroundBrush(look.background);
+    chart.setTitleFont(look.font);
+    chart.setTitleBrush(look.text);
+    chart.legend()->setLabelColor(look.text);
+    chart.legend()->setFont(look.font);
+    const QList<QAbstractAxis *> axes = chart.axes();
+    for (QAbstractAxis *axis : axes) {
+        axis->setLabelsFont(look.font);
+        axis->setLabelsColor(look.text);
+        axis->setLinePenColor(grid);
+        axis->setGridLineColor(grid);
+    }
+}
+
+// A name that is higher than its bar's room would be shown as three dots: many bars have smaller letters.
+void fitNames(QChart &chart, const QFont &font, qsizetype bars)
+{
+    constexpr int smallest = 7;
+    constexpr double paddingOfANameInItsRoom = 9; // of the library, above and below together
+    const QList<QAbstractAxis *> axes = chart.axes(Qt::Vertical);
+    if (axes.isEmpty() || bars == 0)
+        return;
+    const double room = chart.plotArea().height() / double(bars) - paddingOfANameInItsRoom;
+    QFont fitting = font;
+    for (int pixels = QFontInfo(font).pixelSize(); pixels >= smallest; --pixels) {
+        fitting.setPixelSize(pixels);
+        if (QFontMetricsF(fitting).height() <= room)
+            break;
+    }
+    if (axes.constFirst()->labelsFont() != fitting)
+        axes.constFirst()->setLabelsFont(fitting);
+}
+
+std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const Look &look)
+{
+    auto chart = std::make_unique<QChart>();
+    QHorizontalStackedBarSeries *series = makeSeries(bars);
+    chart->addSeries(series);
+    chart->setLayoutDirection(Qt::RightToLeft);
+    chart->setLocalizeNumbers(false);
+    chart->layout()->setContentsMargins(0, 0, 0, 0);
+    chart->setMargins({10, 10, 10, 10});
+    chart->setBackgroundRoundness(0);
+    chart->legend()->setAlignment(Qt::AlignBottom);
+    chart->legend()->setReverseMarkers(true); // income first, which is on the right
+    const QString money = GetDBSetting()->MoneyUnitName();
+    chart->setTitle(bars.unit > 1 ? QStringLiteral("درآمد ها و هزینه ها (میلیون %1)").arg(money)
+                                  : QStringLiteral("درآمد ها و هزینه ها (%1)").arg(money));
+    QBarCategoryAxis *names = makeNames(bars);
+    QCategoryAxis *amounts = makeAmounts(bars);
+    chart->addAxis(names, Qt::AlignRight);
+    chart->addAxis(amounts, Qt::AlignBottom);
+    series->attachAxis(names);
+    series->attachAxis(amounts);
+    setLook(*chart, look);
+    QObject::connect(chart.get(), &QChart::plotAreaChanged, chart.get(),
+                     [chart = chart.get(), font = look.font, count = bars.bars.size()] { fitNames(*chart, font, count); });
+    return chart;
+}
 
 }
 
@@ -82,7 +160,7 @@ IncomeChart::IncomeChart(QWidget *parent)
     m_view->setRenderHint(QPainter::Antialiasing);
     m_view->setAccessibleName(QStringLiteral("نمودار درآمدها و هزینه ها"));
     m_view->setFrameShape(QFrame::NoFrame);
-    m_view->setMinimumSize(360, 260);
+    m_view->setMinimumSize(360, 400);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
@@ -91,105 +169,58 @@ IncomeChart::IncomeChart(QWidget *parent)
 
 void IncomeChart::setReport(const ComprehensiveReport &report)
 {
-    m_report = report;
+    m_bars = IncomeBars::of(report, QStringLiteral("سایر درآمدها"), QStringLiteral("سایر هزینه ها"));
     rebuild();
+}
+
+QStringList IncomeChart::categories() const
+{
+    QStringList names;
+    for (const IncomeBars::Bar &bar : m_bars.bars)
+        names.append(bar.name);
+    return names;
+}
+
+const QChart *IncomeChart::chart() const
+{
+    return m_view->chart();
 }
 
 void IncomeChart::rebuild()
 {
-    const QList<Bar> income = largest(m_report.income.accounts, -1, QStringLiteral("سایر درآمدها"));
-    const QList<Bar> expenses = largest(m_report.expenses.accounts, 1, QStringLiteral("سایر هزینه ها"));
-    QList<Bar> bars = income + expenses;
-    const double unit = unitFor(bars);
-    auto *incomeSet = new QBarSet(QStringLiteral("درآمد ها"));
-    auto *expenseSet = new QBarSet(QStringLiteral("هزینه ها"));
-    m_categories.clear();
-    // A category axis counts from below.
-    for (qsizetype i = bars.size() - 1; i >= 0; --i) {
-        const double amount = bars.at(i).amount / unit;
-        incomeSet->append(i < income.size() ? amount : 0);
-        expenseSet->append(i < income.size() ? 0 : amount);
-        m_categories.prepend(bars.at(i).name);
-    }
-    auto *series = new QHorizontalStackedBarSeries;
-    series->append(incomeSet);
-    series->append(expenseSet);
-    const auto tell = [this, bars](bool over, int index) {
-        const qsizetype position = bars.size() - 1 - index;
-        const bool shown = over && position >= 0 && position < bars.size();
-        QToolTip::showText(QCursor::pos(),
-                           shown ? bars.at(position).name + QLatin1String(" : ") + DToMoney(bars.at(position).amount) : QString(), this);
-    };
-    connect(series, &QAbstractBarSeries::hovered, this, tell);
-
-    auto *chart = new QChart;
-    chart->addSeries(series);
-    chart->setLayoutDirection(Qt::RightToLeft);
-    chart->setLocalizeNumbers(false);
-    chart->layout()->setContentsMargins(0, 0, 0, 0);
-    chart->setBackgroundRoundness(0);
-    chart->legend()->setAlignment(Qt::AlignBottom);
-    const QString money = GetDBSetting()->MoneyUnitName();
-    chart->setTitle(unit > 1 ? QStringLiteral("درآمد ها و هزینه ها (میلیون %1)").arg(money)
-                             : QStringLiteral("درآمد ها و هزینه ها (%1)").arg(money));
-    auto *names = new QBarCategoryAxis;
-    names->append(QStringList(m_categories.crbegin(), m_categories.crend()));
-    names->setGridLineVisible(false);
-    auto *amounts = new QValueAxis;
-    amounts->setReverse(true); // grows from the right
-    amounts->setLabelFormat(QStringLiteral("%.0f"));
-    chart->addAxis(names, Qt::AlignRight);
-    chart->addAxis(amounts, Qt::AlignBottom);
-    series->attachAxis(names);
-    series->attachAxis(amounts);
-    const auto [lowest, highest] = rangeOf(bars);
-    amounts->setRange(lowest / unit, highest / unit);
-    amounts->applyNiceNumbers();
-
+    const Look look{palette().color(QPalette::WindowText), palette().brush(QPalette::Base), font()};
     const std::unique_ptr<QChart> before(m_view->chart());
-    m_view->setChart(chart);
-    applyColors(false);
+    m_view->setChart(makeChart(m_bars, look).release());
+    auto *series = static_cast<QAbstractBarSeries *>(m_view->chart()->series().constFirst());
+    connect(series, &QAbstractBarSeries::hovered, this, &IncomeChart::tell);
 }
 
-void IncomeChart::applyColors(bool forPaper)
+// The whole amount of the bar under the mouse.
+void IncomeChart::tell(bool over, int index)
 {
-    QChart *chart = m_view->chart();
-    const QColor text = forPaper ? QColor(Qt::black) : palette().color(QPalette::WindowText);
-    QColor grid = text;
-    grid.setAlphaF(0.2F);
-    chart->setBackgroundBrush(forPaper ? QBrush(Qt::white) : palette().brush(QPalette::Base));
-    chart->setFont(font());
-    chart->setTitleFont(font());
-    chart->setTitleBrush(text);
-    chart->legend()->setLabelColor(text);
-    chart->legend()->setFont(font());
-    const QList<QAbstractAxis *> axes = chart->axes();
-    for (QAbstractAxis *axis : axes) {
-        axis->setLabelsFont(font());
-        axis->setLabelsColor(text);
-        axis->setLinePenColor(grid);
-        axis->setGridLineColor(grid);
-    }
-    const auto *series = qobject_cast<QAbstractBarSeries *>(chart->series().value(0));
-    if (!series)
-        return;
-    const QList<QBarSet *> sets = series->barSets();
-    sets.at(0)->setColor(incomeColor);
-    sets.at(1)->setColor(expenseColor);
-    for (QBarSet *set : sets)
-        set->setBorderColor(Qt::transparent);
+    const qsizetype position = m_bars.bars.size() - 1 - index;
+    const bool shown = over && position >= 0 && position < m_bars.bars.size();
+    const IncomeBars::Bar bar = m_bars.bars.value(position);
+    QToolTip::showText(QCursor::pos(), shown ? bar.name + QLatin1String(" : ") + DToMoney(bar.amount) : QString(), this);
 }
 
-void IncomeChart::draw(QPainter &painter, const QRectF &rectangle)
+void IncomeChart::draw(QPainter &painter, const QRectF &rectangle, const QString &heading) const
 {
-    applyColors(true);
-    m_view->scene()->render(&painter, rectangle, m_view->scene()->sceneRect(), Qt::KeepAspectRatio);
-    applyColors(false);
+    // About what a screen shows on the width of a sheet.
+    constexpr double width = 1000;
+    const QSizeF size(width, width * rectangle.height() / rectangle.width());
+    QGraphicsScene scene;
+    const Look look{Qt::black, QBrush(Qt::white), font()};
+    std::unique_ptr<QChart> chart = makeChart(m_bars, look);
+    chart->setTitle(heading.toHtmlEscaped() + QStringLiteral("<br>") + chart->title());
+    chart->resize(size);
+    scene.addItem(chart.release());
+    scene.render(&painter, rectangle, QRectF({}, size));
 }
 
 void IncomeChart::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
-        applyColors(false);
+        rebuild();
 }

@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include "auto/reports/ComprehensiveReport.h"
+#include "auto/reports/IncomeBars.h"
 
 #include <QWidget>
 
+class QChart;
 class QChartView;
 class QPainter;
 
@@ -17,23 +18,23 @@ class IncomeChart : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int barsOfASide = 8;
-
     explicit IncomeChart(QWidget *parent = nullptr);
 
     void setReport(const ComprehensiveReport &report);
-    // Draws the chart with its title into the rectangle, in dark on light.
-    void draw(QPainter &painter, const QRectF &rectangle);
-    QStringList categories() const { return m_categories; }
+    // Draws the chart over the whole rectangle, the heading above its title, in dark on light, whatever the window's size and
+    // colours.
+    void draw(QPainter &painter, const QRectF &rectangle, const QString &heading) const;
+    // Names of the bars, from the top.
+    QStringList categories() const;
+    const QChart *chart() const;
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
     void rebuild();
-    void applyColors(bool forPaper);
+    void tell(bool over, int index);
 
-    ComprehensiveReport m_report;
-    QStringList m_categories; // from the top
+    IncomeBars m_bars;
     QChartView *m_view;
 };

@@ -25,9 +25,8 @@ namespace {
 bool paintPages(const ReportPainter &pages, QPagedPaintDevice &device, double resolution, int first, int last,
                 const ReportProgress &progress)
 {
-    QPainter painter(&device);
-    if (!painter.isActive())
-        throw KAccountingError(QStringLiteral("چاپ ممکن نشد. لطفا چاپگر را بررسی نمایید."));
+    QPainter painter;
+    ReportOutput::begin(painter, device);
     const double scale = resolution / ReportPainter::resolution;
     for (int page = first; page <= last; ++page) {
         if (progress && !progress(page - first, last - first + 1))
@@ -42,6 +41,12 @@ bool paintPages(const ReportPainter &pages, QPagedPaintDevice &device, double re
     return true;
 }
 
+}
+
+void ReportOutput::begin(QPainter &painter, QPaintDevice &device)
+{
+    if (!painter.begin(&device))
+        throw KAccountingError(QStringLiteral("چاپ ممکن نشد. لطفا چاپگر را بررسی نمایید."));
 }
 
 bool ReportOutput::writePdf(const ListReport &report, const QString &path, const ReportProgress &progress)

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/ReportPainter.h"
 
+class QPaintDevice;
 class QPrinter;
 
 // A list report to where it goes. A file is written aside and takes its place when it is whole; until then, and for ever when
@@ -17,6 +18,9 @@ namespace ReportOutput {
 // stands twice: as the Shamsi text of the list, and in a column of its own behind the others as a date to calculate with.
 [[nodiscard]] TZACCOUNTING_EXPORT bool writeSpreadsheet(const ListReport &report, const QString &path,
                                                         const ReportProgress &progress = {});
+
+// Starts painting on a printer or page; throws KAccountingError when the device takes nothing.
+TZACCOUNTING_EXPORT void begin(QPainter &painter, QPaintDevice &device);
 
 // The printer's own range of pages is respected.
 [[nodiscard]] TZACCOUNTING_EXPORT bool print(const ListReport &report, QPrinter &printer, const ReportProgress &progress = {});

@@ -15,6 +15,10 @@
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 
+#include <QAbstractAxis>
+#include <QChart>
+#include <QGraphicsScene>
+#include <QGraphicsTextItem>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -198,6 +202,46 @@ private Q_SLOTS:
         QCOMPARE(report.chosenCode(), 410202);
     }
 
+    void whatIsOpenedAndPrintedIsOfTheRangeThatWasSearched()
+    {
+        post(110101, 410202, 5000);
+        CDlgAutoFullReport report;
+        report.show();
+        report.fromDate()->setText(QStringLiteral("1405/09/01"));
+        QString from;
+        TestOffice::whenModal("CDlgAccountDocs", [&from](QWidget *window) {
+            from = window->findChild<KDateEdit *>()->text();
+            window->close();
+        });
+        Q_EMIT report.list()->rowActivated(410202);
+        QCOMPARE(from, QStringLiteral("1405/01/01"));
+        QCOMPARE(report.listReport().text(QStringLiteral("RightCenter")), QStringLiteral("تاريخ : 1405/01/01"));
+        report.search();
+        QCOMPARE(report.listReport().text(QStringLiteral("RightCenter")), QStringLiteral("تاريخ : 1405/09/01"));
+        report.fromDate()->setDateTime({});
+        report.toDate()->setDateTime({});
+        report.search();
+        QCOMPARE(report.listReport().text(QStringLiteral("RightCenter")), QString());
+        QCOMPARE(report.listReport().text(QStringLiteral("RightBottom")), QString());
+    }
+
+    void enterInADateSearchesAndAWrongOneKeepsTheFocus()
+    {
+        post(110101, 410202, 5000);
+        CDlgAutoFullReport report;
+        report.show();
+        report.toDate()->setFocus();
+        report.toDate()->setText(QStringLiteral("1405/02/01"));
+        QTest::keyClick(report.toDate(), Qt::Key_Return);
+        QTRY_COMPARE(report.list()->count(), 5);
+        QVERIFY(report.isVisible());
+        report.fromDate()->setFocus();
+        report.fromDate()->setText(QStringLiteral("1405/13/01"));
+        QTest::keyClick(report.fromDate(), Qt::Key_Return);
+        QTRY_COMPARE(report.focusWidget(), report.fromDate());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    }
+
     void aWrongDateIsTold()
     {
         post(110101, 410202, 5000);
@@ -217,21 +261,61 @@ private Q_SLOTS:
         QCOMPARE(report.chart()->categories().size(), 2);
         QVERIFY(report.chart()->categories().at(0).contains(QStringLiteral("410202")));
         QVERIFY(report.chart()->categories().at(1).contains(QStringLiteral("610502")));
-        report.show();
-        QImage paper(800, 500, QImage::Format_RGB32);
-        paper.fill(Qt::yellow);
-        {
-            QPainter painter(&paper);
-            report.chart()->draw(painter, QRectF(paper.rect()));
+    }
+
+    // Whatever the window's size was and is.
+    void theChartFillsItsPaper()
+    {
+        post(110101, 410202, 5000);
+        post(610502, 110101, 700);
+        CDlgAutoFullReport report;
+        for (const QSize &size : {QSize(1300, 700), QSize(800, 560)}) {
+            report.resize(size);
+            report.show();
+            QCoreApplication::processEvents();
+            QImage paper(800, 500, QImage::Format_RGB32);
+            paper.fill(Qt::yellow);
+            {
+                QPainter painter(&paper);
+                report.chart()->draw(painter, QRectF(paper.rect()), QStringLiteral("1405"));
+            }
+            const QRgb income = qRgb(0x2e, 0x8b, 0x57);
+            QRect bar;
+            for (int y = 0; y < paper.height(); ++y) {
+                for (int x = 0; x < paper.width(); ++x) {
+                    QVERIFY(paper.pixel(x, y) != qRgb(255, 255, 0)); // no paper is left out
+                    if (paper.pixel(x, y) == income && y < 400)      // above the legend
+                        bar |= QRect(x, y, 1, 1);
+                }
+            }
+            QVERIFY2(bar.width() > 400 && bar.height() > 50, qPrintable(QStringLiteral("%1 x %2").arg(bar.width()).arg(bar.height())));
         }
-        const QImage mostly = paper.scaled(200, 125);
-        QSet<QRgb> colors;
-        for (int y = 0; y < mostly.height(); ++y) {
-            for (int x = 0; x < mostly.width(); ++x)
-                colors.insert(mostly.pixel(x, y));
+    }
+
+    // Many bars have smaller names; without room for one the library would show three dots in its place.
+    void namesFitTheirBars()
+    {
+        ComprehensiveReport report;
+        for (int i = 0; i < IncomeBars::mostOfASide; ++i) {
+            report.income.accounts.append({AccountLevel::Moeen, 410101 + i, QStringLiteral("حساب"), {0, 100.0 + i}});
+            report.expenses.accounts.append({AccountLevel::Moeen, 610101 + i, QStringLiteral("حساب"), {100.0 + i, 0}});
         }
-        QVERIFY(colors.contains(qRgb(0x2e, 0x8b, 0x57))); // a bar of income
-        QVERIFY(colors.contains(qRgb(255, 255, 255)));    // white paper
+        IncomeChart chart;
+        chart.resize(700, 400);
+        chart.setReport(report);
+        chart.show();
+        QCoreApplication::processEvents();
+        const QFont names = chart.chart()->axes(Qt::Vertical).constFirst()->labelsFont();
+        const double room = chart.chart()->plotArea().height() / double(chart.categories().size());
+        QVERIFY(QFontMetricsF(names).height() < room);
+        QVERIFY(QFontInfo(names).pixelSize() < QFontInfo(chart.font()).pixelSize());
+        int shown = 0;
+        const QList<QGraphicsItem *> items = chart.chart()->scene()->items();
+        for (const QGraphicsItem *item : items) {
+            const auto *text = qgraphicsitem_cast<const QGraphicsTextItem *>(item);
+            shown += text && text->isVisible() && text->toPlainText().endsWith(QStringLiteral("- حساب"));
+        }
+        QCOMPARE(shown, chart.categories().size());
     }
 
     void manyAccountsBecomeOneBarAtTheEnd()
@@ -241,7 +325,7 @@ private Q_SLOTS:
             report.income.accounts.append({AccountLevel::Moeen, 410101 + i, QStringLiteral("حساب"), {0, 100.0 + i}});
         IncomeChart chart;
         chart.setReport(report);
-        QCOMPARE(chart.categories().size(), IncomeChart::barsOfASide + 1);
+        QCOMPARE(chart.categories().size(), IncomeBars::mostOfASide + 1);
         QCOMPARE(chart.categories().constLast(), QStringLiteral("سایر درآمدها"));
     }
 
