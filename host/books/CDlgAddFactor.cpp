@@ -325,8 +325,8 @@ void CDlgAddFactor::showFigures()
 
 void CDlgAddFactor::showWords()
 {
-    const double total = m_figures.total();
-    m_words->setText(total > 0 ? amountInWords(total) + u' ' + GetDBSetting()->MoneyUnitName() : QString());
+    const QString words = m_figures.total() > 0 ? amountInWords(m_figures.total()) : QString();
+    m_words->setText(words.isEmpty() ? QString() : words + u' ' + GetDBSetting()->MoneyUnitName());
 }
 
 Invoice CDlgAddFactor::invoice() const
@@ -354,7 +354,7 @@ bool CDlgAddFactor::refuse(const QString &message, QWidget *field)
     return false;
 }
 
-// What is no date, number or service of the list would be saved as something else than the window shows.
+// What is no date or service of the list would be saved as something else than the window shows.
 bool CDlgAddFactor::refuseInvalidEntry()
 {
     if (!m_date->isEntryValid())
@@ -369,6 +369,11 @@ bool CDlgAddFactor::refuseInvalidEntry()
         m_linesView->goTo(positions.at(index), ServiceColumn);
         return false;
     }
+    return true;
+}
+
+bool CDlgAddFactor::refuseInvalidFigure()
+{
     for (KEdit *edit : {m_discount, m_taxPercent, m_tax, m_dutyPercent, m_duty}) {
         if (!edit->isEntryValid())
             return refuse(edit->accessibleName() + u' ' + edit->entryError(), edit);
@@ -415,6 +420,9 @@ bool CDlgAddFactor::OnOK()
         goTo(problems.constFirst());
         return false;
     }
+    // Behind the lines: a line that is too large makes the levies so too.
+    if (!refuseInvalidFigure())
+        return false;
     try {
         const KWaitCursor wait;
         m_num = InvoicePosting::save(wanted, m_seen).num;

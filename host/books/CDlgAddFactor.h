@@ -48,6 +48,7 @@ private:
     void showWords();
     bool refuse(const QString &message, QWidget *field);
     bool refuseInvalidEntry();
+    bool refuseInvalidFigure();
     void goTo(const Invoice::Problem &problem);
 
     Invoice m_seen; // what the user began with

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void savedInvoiceIsShownAgain();
     void refusals_data();
     void refusals();
+    void lineThatIsTooLargeIsToldBeforeItsLevies();
     void serviceThatIsNotInTheListIsRefused();
     void entryThatIsNoDateIsRefused();
     void refusalOfTheBooksKeepsWhatWasTyped();
@@ -194,6 +195,8 @@ void TestCDlgAddFactor::refusals_data()
         QStringLiteral("لطفا خدمت یا شرح ردیف 2 را وارد نمایید."), grid, {1, Service});
     row("no count", [](Invoice &i) { i.lines[1].count = 0; }, QStringLiteral("لطفا تعداد ردیف 2 را وارد نمایید."), grid, {1, Count});
     row("no price", [](Invoice &i) { i.lines[0].price = 0; }, QStringLiteral("لطفا قیمت ردیف 1 را وارد نمایید."), grid, {0, Price});
+    row("an amount that the books cannot hold", [](Invoice &i) { i.lines[1].price = 1e17; },
+        QStringLiteral("مبلغ ردیف 2 بیش از اندازه بزرگ است."), grid, {1, Price});
     row(
         "discount above the sum", [](Invoice &i) { i.discount = 2000; }, QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است."), discount);
 }
@@ -216,6 +219,20 @@ void TestCDlgAddFactor::refusals()
     if (window.linesView()->hasFocus())
         QCOMPARE(window.linesView()->currentIndex(), lines(window)->index(cell.x(), cell.y()));
     QCOMPARE(value("SELECT dAmount FROM Factors"), QStringLiteral("1000"));
+}
+
+void TestCDlgAddFactor::lineThatIsTooLargeIsToldBeforeItsLevies()
+{
+    CDlgAddFactor window(m_office.invoice(), false);
+    enter(window, 1, Price, QStringLiteral("99999999999999999"));
+    QVERIFY(!figure(window, tax)->isEntryValid());
+    QVERIFY(!window.OnOK());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("مبلغ ردیف 2 بیش از اندازه بزرگ است.")});
+    enter(window, 1, Price, QStringLiteral("200"));
+    figure(window, duty)->setText(QStringLiteral("9999999999999999"));
+    QVERIFY(!window.OnOK());
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("0"));
 }
 
 void TestCDlgAddFactor::serviceThatIsNotInTheListIsRefused()
