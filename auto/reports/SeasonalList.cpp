@@ -45,6 +45,12 @@ KListModel::Row SeasonalList::row(int row) const
     return shown;
 }
 
+int SeasonalList::rowOfKey(int key) const
+{
+    const auto found = std::find(m_order.cbegin(), m_order.cend(), key - 1);
+    return found == m_order.cend() ? -1 : int(found - m_order.cbegin());
+}
+
 // Numbers count from 1 in the order of arrival.
 const SeasonalRow *SeasonalList::find(int key) const
 {

@@ -12,6 +12,7 @@ class SeasonalList : public KListModel::Source
 public:
     int count() const override { return int(m_order.size()); }
     KListModel::Row row(int row) const override;
+    int rowOfKey(int key) const override;
 
     const SeasonalRow &at(int row) const { return rowOf(m_order[std::size_t(row)]); }
     // Null when no row has the key.

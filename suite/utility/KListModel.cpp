@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <algorithm>
 #include <utility>
 
 #include "suite/utility/EntryMark.h"
@@ -156,11 +157,13 @@ int KListModel::keyAt(int row) const
 
 int KListModel::rowOfKey(int key) const
 {
-    for (int row = 0; row < rowCount(); ++row) {
-        if (rowAt(row).key == key)
-            return row;
+    if (m_source) {
+        // What it has more views do not know yet.
+        const int row = m_source->rowOfKey(key);
+        return row < m_sourceRows ? row : -1;
     }
-    return -1;
+    const auto found = std::find_if(m_rows.cbegin(), m_rows.cend(), [key](const Row &row) { return row.key == key; });
+    return found == m_rows.cend() ? -1 : int(found - m_rows.cbegin());
 }
 
 QModelIndex KListModel::index(int row, int column, const QModelIndex &parent) const

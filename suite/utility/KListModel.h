@@ -56,6 +56,8 @@ public:
         virtual ~Source();
         virtual int count() const = 0;
         virtual Row row(int row) const = 0;
+        // -1 when no row has the key. A source that makes every row to find one is slow.
+        virtual int rowOfKey(int key) const = 0;
     };
 
     explicit KListModel(QObject *parent = nullptr);

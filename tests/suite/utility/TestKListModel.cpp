@@ -183,6 +183,7 @@ public:
         ++made;
         return ::row(number + 1, name, number);
     }
+    int rowOfKey(int key) const override { return key >= 1 && key <= rows ? key - 1 : -1; }
 
     int rows = 0;
     QString name = QStringLiteral("الف");
@@ -209,8 +210,13 @@ void TestKListModel::rowsOfASourceAreMadeWhenTheyAreShown()
     QCOMPARE(model.index(5, 1).data().toString(), QStringLiteral("الف"));
     model.sourceChanged();
     QCOMPARE(model.index(5, 1).data().toString(), QStringLiteral("ب"));
+    const int made = source->made;
+    QCOMPARE(model.rowOfKey(400'000), 399'999);
+    QCOMPARE(model.rowOfKey(0), -1);
+    QCOMPARE(source->made, made);
     source->rows = 400'002;
     QCOMPARE(model.rowCount(), 400'000);
+    QCOMPARE(model.rowOfKey(400'001), -1); // not told of yet
     model.sourceGrew();
     QCOMPARE(model.rowCount(), 400'002);
     QCOMPARE(model.rows().size(), 400'002);
