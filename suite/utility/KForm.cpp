@@ -4,6 +4,7 @@
 #include "suite/utility/KForm.h"
 
 #include "auto/db/KMySQL.h"
+#include "suite/utility/ComboWidth.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KTextArea.h"
@@ -151,6 +152,8 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         combo->setFocusPolicy(Qt::StrongFocus);
         combo->installEventFilter(this);
         keepTextReadable(*combo);
+        if (field.kind == KFormField::Kind::Lookup && field.choices.isEmpty())
+            keepComboWidth(*combo);
         combo->addItems(field.choices);
         Q_ASSERT(field.keys.isEmpty() || field.keys.size() == field.choices.size());
         for (int i = 0; i < field.keys.size(); ++i)

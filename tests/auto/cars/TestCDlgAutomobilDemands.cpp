@@ -10,6 +10,7 @@
 #include "auto/contracts/ContractSettings.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/CTblItems.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
@@ -326,6 +327,16 @@ private Q_SLOTS:
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
         QVERIFY(!page.button(editCaption)->isEnabled());
+    }
+
+    void longNamesOfTypesAndColoursDoNotWidenThePage()
+    {
+        const int width = Page().minimumSizeHint().width();
+        CarTestRecords::addBrand(QString(50, u'س'));
+        CTblMultiItems::addValue(CTblItems::typeColor, QString(250, u'س'));
+        const Page page;
+        QCOMPARE(page.colorFilter()->count(), 2);
+        QCOMPARE(page.minimumSizeHint().width(), width);
     }
 
     void yearsOfTheSearchBoundTheDemandsOwnRange()

@@ -70,6 +70,19 @@ private Q_SLOTS:
         QCOMPARE(form.comboBox(user)->count(), 3);
     }
 
+    void aLongNameDoesNotWidenADropDownOfNames()
+    {
+        const auto widthWith = [](const QString &entry) {
+            SampleRecord record;
+            QWidget page;
+            KForm form({{user, QStringLiteral("کاربر :"), Kind::Lookup}}, record, &page);
+            form.comboBox(user)->addItem(entry, 1);
+            page.show();
+            return form.comboBox(user)->sizeHint().width();
+        };
+        QCOMPARE(widthWith(QString(250, u'س')), widthWith(QStringLiteral("سارا")));
+    }
+
     void whatIsLoadedIsStoredBackUnchanged()
     {
         SampleRecord record;
