@@ -478,7 +478,9 @@ void CDlgAutomobilInformations::editInputParameters()
 
 KListReport CDlgAutomobilInformations::reportSpec() const
 {
-    return {QStringLiteral("لیست گالری اتومبیل"), QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست گالری اتومبیل")};
+    const QString title = QStringLiteral("لیست گالری اتومبیل");
+    const QString group = QStringLiteral("گالری اتومبیل");
+    return {title, group, title, {{QStringLiteral("RightTop"), group}}};
 }
 
 QWidget *CDlgAutomobilInformations::firstFilterControl() const
