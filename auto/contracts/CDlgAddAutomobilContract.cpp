@@ -208,10 +208,15 @@ void CDlgAddAutomobilContract::copyCar()
     if (!car)
         return;
     m_chosenCar = chosen;
-    m_matter->takeVehicle(contractFromCar(*car));
-    if (car->ownerID == 0)
-        return;
-    // Who comes from the list of persons is an ordinary party.
-    m_base->firstParty()->setKind(PartyKind::Ordinary);
-    m_base->firstParty()->takePerson(car->ownerID);
+    const QStringList shortened = m_matter->takeVehicle(contractFromCar(*car));
+    if (car->ownerID != 0) {
+        // Who comes from the list of persons is an ordinary party.
+        m_base->firstParty()->setKind(PartyKind::Ordinary);
+        m_base->firstParty()->takePerson(car->ownerID);
+    }
+    // Half a name must not go into a contract unnoticed.
+    if (!shortened.isEmpty())
+        g_pDlgWarning->Show(
+            QStringLiteral("متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: ") + shortened.join(QStringLiteral("، ")),
+            this);
 }
