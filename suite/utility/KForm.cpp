@@ -155,6 +155,9 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         if (field.kind == KFormField::Kind::Lookup && field.choices.isEmpty())
             keepComboWidth(*combo);
         combo->addItems(field.choices);
+        // As the drop-downs of records show that nothing is chosen.
+        if (!field.keys.isEmpty())
+            combo->setPlaceholderText(QStringLiteral("-"));
         Q_ASSERT(field.keys.isEmpty() || field.keys.size() == field.choices.size());
         for (int i = 0; i < field.keys.size(); ++i)
             combo->setItemData(i, field.keys.at(i));
