@@ -11,8 +11,10 @@ from lib.hands import KeyboardHands
 from lib.journey import check, run, step
 from lib.waiting import wait_for
 
-SELLER = "سعید رضایی"
-BUYER = "مریم کریمی"
+from prepare_office import PERSONS
+
+# As in the prepared office, so that what is played on that one can follow here too.
+SELLER, BUYER = PERSONS
 SELLER_DISCOUNT = 10
 FIRST_AMOUNT = 800_000_000
 AMOUNT = 1_200_000_000

@@ -6,7 +6,7 @@
 from lib import labels, rights, work
 from lib.journey import run, step
 
-PERSONS = ("حسین محمدی", "زهرا احمدی")
+PERSONS = ("سعید رضایی", "مریم کریمی")
 
 
 def prepare(office):
