@@ -10,6 +10,7 @@
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblItems.h"
+#include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CDlgAddAlarm.h"
@@ -577,6 +578,24 @@ private Q_SLOTS:
         QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(QStringLiteral("SELECT iID FROM Alarms")));
     }
 
+    void aReminderDeletedWhileItsDemandIsOpenIsAddedAnewToo()
+    {
+        const int key = addDemand();
+        const auto dialog = opened(key, EditorMode::Edit);
+        confirmReminder();
+        dialog->basePage()->reminder()->remindBox()->click();
+        m_office->database().run(QStringLiteral("DELETE FROM Alarms"));
+        bool isNew = false;
+        TestOffice::whenModal("CDlgAddAlarm", [&isNew](QWidget *window) {
+            isNew = window->windowTitle().endsWith(QStringLiteral("جدید"));
+            static_cast<QDialog *>(window)->accept();
+        });
+        dialog->basePage()->reminder()->settingsButton()->click();
+        QVERIFY(isNew);
+        Demand demand;
+        QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(QStringLiteral("SELECT iID FROM Alarms")));
+    }
+
     void cancelledEditLeavesTheReminderWithItsDemandAndNoneWithout()
     {
         const int key = addDemand();
@@ -653,6 +672,22 @@ private Q_SLOTS:
         QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilDemands")), QString::number(other));
         QCOMPARE(count("FileDocs"), QStringLiteral("0"));
         QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM Alarms")), QString::number(other));
+    }
+
+    void noneIsAddedOrChangedInAClosedDatabase()
+    {
+        const int key = addDemand([](Demand &d) { d.m_iArchiveUserID = 3; });
+        const auto dialog = opened(key, EditorMode::Show);
+        GetDBSetting()->SetClosedDB(true);
+        bool changed = false;
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::NewDemand(nullptr));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::EditDemand(key, changed, nullptr));
+        dialog->unarchiveButton()->click();
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iArchiveUserID) FROM AutomobilDemands")), QStringLiteral("3"));
     }
 
     void filePagesAreBoundToTheDemand()

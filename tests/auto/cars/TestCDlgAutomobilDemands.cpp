@@ -168,8 +168,8 @@ private Q_SLOTS:
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
         QStringList lines;
         for (const KListModel::Column &column : columns)
-            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : QStringLiteral("c")).arg(column.sortKey);
-        QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 c ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
+            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : column.isDate ? QStringLiteral("date") : QStringLiteral("c")).arg(column.sortKey);
+        QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 date ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
     }
 
     void noTwoControlsHaveOneName()
@@ -299,6 +299,7 @@ private Q_SLOTS:
     void filterStartsAndResetsWithDemandsNotArchivedAndAllTypes()
     {
         addDemand();
+        CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
         Page page;
         page.open();
         const auto isDefault = [&page] {
@@ -313,12 +314,17 @@ private Q_SLOTS:
         page.inactiveFilter()->setChecked(true);
         page.archiveFilter()->setCurrentIndex(2);
         page.typeFilter()->setCurrentIndex(1);
-        page.referenceFromFilter()->setText(QStringLiteral("1405/01/01"));
-        page.specialDescriptionFilter()->setText(QStringLiteral("x"));
+        page.colorFilter()->setCurrentIndex(1);
         page.personFilter()->setPersonID(m_person);
-        page.yearFromFilter()->setText(QStringLiteral("1385"));
-        page.amountToFilter()->setText(QStringLiteral("5"));
-        QVERIFY(!isDefault());
+        page.specialDescriptionFilter()->setText(QStringLiteral("x"));
+        for (KDateEdit *edit : {page.referenceFromFilter(), page.referenceToFilter()})
+            edit->setText(QStringLiteral("1405/01/01"));
+        for (KEdit *edit : {page.yearFromFilter(), page.yearToFilter(), page.amountFromFilter(), page.amountToFilter()})
+            edit->setText(QStringLiteral("1385"));
+        const DemandCriteria c = page.criteria();
+        QVERIFY(c.withInactive && c.archiveState == 2 && c.automobilType != 0 && c.color != 0 && c.referenceFrom.isValid()
+                && c.referenceTo.isValid() && !c.specialDescriptionPart.isEmpty() && c.personID != 0 && c.yearFrom != 0
+                && c.yearTo != 0 && c.amountFrom != 0 && c.amountTo != 0);
         // A brand that was added meanwhile is offered too.
         CarTestRecords::addBrand(QStringLiteral("سایپا"));
         QVERIFY(page.runCommand(QStringLiteral("پيش فرض")));
@@ -528,6 +534,29 @@ private Q_SLOTS:
         QVERIFY(page.runCommand(showCaption));
         expectShown();
         Q_EMIT page.list()->rowActivated(page.list()->currentKey());
+    }
+
+    void demandTakenOutOfTheArchiveIsReadAnew_data()
+    {
+        QTest::addColumn<QString>("caption");
+        QTest::newRow("from the editor") << editCaption;
+        QTest::newRow("while it is shown") << showCaption;
+    }
+
+    void demandTakenOutOfTheArchiveIsReadAnew()
+    {
+        QFETCH(QString, caption);
+        addDemand([this](Demand &d) { d.m_iArchiveUserID = m_office->adminID(); });
+        Page page;
+        page.open();
+        page.archiveFilter()->setCurrentIndex(2);
+        page.refill();
+        QCOMPARE(page.list()->count(), 1);
+        TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
+            static_cast<CDlgAddAutomobilDemand *>(window)->unarchiveButton()->click();
+        });
+        QVERIFY(page.runCommand(caption));
+        QCOMPARE(page.list()->count(), 0);
     }
 
     void deletingAsksAndTakesFilesAndRemindersAlong()

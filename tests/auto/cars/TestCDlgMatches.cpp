@@ -178,7 +178,7 @@ private Q_SLOTS:
                  QStringList{KSecurity::refusalText(QStringLiteral("AutomobilInformations"), KSecurity::Access)});
     }
 
-    void activationOpensTheDemandReadOnlyAndTheListFollowsWhatChanged()
+    void activationOpensTheDemandReadOnly()
     {
         const int car = addCar();
         const int demand = addDemand();
@@ -190,6 +190,27 @@ private Q_SLOTS:
         });
         Q_EMIT window.list()->rowActivated(demand);
         QCOMPARE(window.list()->currentKey(), demand);
+    }
+
+    void listFollowsWhatChangedAndClosesWhenItsSubjectIsGone()
+    {
+        const int car = addCar();
+        const int demand = addDemand();
+        MatchTable table = CDlgMatchingDemands::table(car);
+        bool changed = false;
+        table.show = [&changed](int, QWidget *) { return changed; };
+        CDlgMatches window(table);
+        QVERIFY(window.load());
+        window.show();
+        m_office->database().run(QStringLiteral("UPDATE AutomobilDemands SET sDescSpecial='x'"));
+        Q_EMIT window.list()->rowActivated(demand);
+        QVERIFY(!row(window, 0).contains(QStringLiteral("x")));
+        changed = true;
+        Q_EMIT window.list()->rowActivated(demand);
+        QVERIFY(row(window, 0).contains(QStringLiteral("x")));
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+        Q_EMIT window.list()->rowActivated(demand);
+        QVERIFY(!window.isVisible());
     }
 
     void activationNeedsTheRightToRead()
