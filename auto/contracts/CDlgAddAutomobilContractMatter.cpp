@@ -157,6 +157,7 @@ QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFiel
     for (const auto &[name, text] : fields) {
         KEdit *edit = m_form->edit(name);
         edit->setText(text);
+        edit->setCursorPosition(0);
         if (edit->plainText().size() < text.size())
             shortened.append(edit->accessibleName().remove(QStringLiteral(" :")));
     }

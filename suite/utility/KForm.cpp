@@ -52,11 +52,19 @@ QString readFromTheRight(const QString &label)
     return label.isRightToLeft() ? label : QChar(0x200F) + label;
 }
 
+// Of a text that is longer than its line the beginning is in sight.
+void showText(KEdit &edit, const QString &text)
+{
+    edit.setText(text);
+    edit.setCursorPosition(0);
+}
+
 // The entry of that text is the current one, so that the arrow keys go on from it.
 void setComboText(QComboBox &combo, const QString &text)
 {
     combo.setCurrentIndex(combo.findText(text));
     combo.setEditText(text);
+    combo.lineEdit()->setCursorPosition(0);
 }
 
 int comboKey(const QComboBox &combo)
@@ -411,7 +419,7 @@ void KForm::load(KMySQL &record)
             qobject_cast<KTextArea *>(item.control)->setText(value.toString());
             break;
         case KFormField::Kind::Text:
-            qobject_cast<KEdit *>(item.control)->setText(value.toString());
+            showText(*qobject_cast<KEdit *>(item.control), value.toString());
             break;
         default:
             qobject_cast<KEdit *>(item.control)->setNumber(value.toDouble());

@@ -16,6 +16,7 @@
 #include <QCompleter>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -103,6 +104,21 @@ private Q_SLOTS:
         QCOMPARE(other.m_dAmount, record.m_dAmount);
         QCOMPARE(other.m_bFlag, 1);
         QCOMPARE(other.m_iUserID, 2);
+    }
+
+    void textLongerThanItsLineShowsItsBeginning()
+    {
+        SampleRecord record;
+        record.m_sName = QStringLiteral("0123456789");
+        record.m_sNote = QStringLiteral("یادداشتی که از خط خود بلندتر است");
+        QWidget page;
+        KForm form({{name, QStringLiteral("نام :")}, {note, QStringLiteral("یادداشت :"), Kind::EditableChoice}}, record, &page);
+        form.load(record);
+        QCOMPARE(form.edit(name)->cursorPosition(), 0);
+        QCOMPARE(form.comboBox(note)->lineEdit()->cursorPosition(), 0);
+        // Also when the entries are exchanged under it.
+        form.setChoices(note, {QStringLiteral("یک")});
+        QCOMPARE(form.comboBox(note)->lineEdit()->cursorPosition(), 0);
     }
 
     void storedTextsAreOfferedWhateverPartOfThemIsTyped()
