@@ -6,10 +6,12 @@
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/DemandReminder.h"
 #include "auto/cars/PersonGroup.h"
+#include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblItems.h"
+#include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
@@ -20,7 +22,7 @@
 #include "suite/utility/KTabPageButtons.h"
 #include "suite/utility/KTextArea.h"
 #include "suite/utility/ShamsiDate.h"
-#include "tests/auto/cars/CarTestRecords.h"
+#include "tests/office/TestOffice.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -74,7 +76,8 @@ class TestCDlgAddAutomobilDemand : public QObject
 
     int addDemand(const std::function<void(Demand &)> &set = {})
     {
-        return CarTestRecords::addDemand([&](Demand &demand) {
+        return m_office->addDemand([&](Demand &demand) {
+            demand.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 0), Qt::UTC);
             demand.m_iPersonID = m_person;
             if (set)
                 set(demand);
@@ -124,13 +127,13 @@ private Q_SLOTS:
 
     void init()
     {
-        CarTestRecords::clear(*m_office);
+        m_office->clear();
         m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
             person.m_sFatherName = QStringLiteral("علی");
             person.m_sTel = QStringLiteral("02188776655");
             person.m_sMobile = QStringLiteral("09121234567");
         });
-        m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
+        m_brand = m_office->addBrand(QStringLiteral("پژو"));
         m_white = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
         m_black = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سیاه"));
         m_abs = CTblMultiItems::addValue(CTblItems::typeFeature, QStringLiteral("ترمز ABS"));

@@ -8,9 +8,12 @@
 #include "auto/cars/CDlgMatches.h"
 #include "auto/cars/PersonGroup.h"
 #include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CTblItems.h"
+#include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
@@ -20,7 +23,7 @@
 #include "suite/utility/Money.h"
 #include "suite/utility/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"
-#include "tests/auto/cars/CarTestRecords.h"
+#include "tests/office/TestOffice.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -103,7 +106,8 @@ class TestCDlgAutomobilDemands : public QObject
 
     int addDemand(const std::function<void(Demand &)> &set = {})
     {
-        return CarTestRecords::addDemand([&](Demand &demand) {
+        return m_office->addDemand([&](Demand &demand) {
+            demand.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 0), Qt::UTC);
             demand.m_iPersonID = m_person;
             if (set)
                 set(demand);
@@ -128,10 +132,9 @@ private Q_SLOTS:
     void cleanupTestCase() { m_office.reset(); }
     void init()
     {
-        CarTestRecords::clear(*m_office);
-        ContractSettings().save();
+        m_office->clear();
         m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
+        m_brand = m_office->addBrand(QStringLiteral("پژو"));
     }
 
     // --- Texts ---
@@ -253,7 +256,7 @@ private Q_SLOTS:
         const qsizetype few = statementsOf(page);
         for (int i = 0; i < 40; ++i) {
             const int person = m_office->addPerson(QStringLiteral("a"), QString::number(i));
-            const int brand = CarTestRecords::addBrand(QString::number(i));
+            const int brand = m_office->addBrand(QString::number(i));
             addDemand([&](Demand &d) { d.m_iPersonID = person; d.m_iAutomobilType = brand; });
         }
         QCOMPARE(statementsOf(page), few);
@@ -326,7 +329,7 @@ private Q_SLOTS:
                 && c.referenceTo.isValid() && !c.specialDescriptionPart.isEmpty() && c.personID != 0 && c.yearFrom != 0
                 && c.yearTo != 0 && c.amountFrom != 0 && c.amountTo != 0);
         // A brand that was added meanwhile is offered too.
-        CarTestRecords::addBrand(QStringLiteral("سایپا"));
+        m_office->addBrand(QStringLiteral("سایپا"));
         QVERIFY(page.runCommand(QStringLiteral("پيش فرض")));
         QVERIFY(isDefault());
         QCOMPARE(page.typeFilter()->count(), 3);
@@ -338,7 +341,7 @@ private Q_SLOTS:
     void longNamesOfTypesAndColoursDoNotWidenThePage()
     {
         const int width = Page().minimumSizeHint().width();
-        CarTestRecords::addBrand(QString(50, u'س'));
+        m_office->addBrand(QString(50, u'س'));
         CTblMultiItems::addValue(CTblItems::typeColor, QString(250, u'س'));
         const Page page;
         QCOMPARE(page.colorFilter()->count(), 2);
@@ -743,8 +746,8 @@ private Q_SLOTS:
     void fittingCarsOfTheSelectedDemandAreListed()
     {
         addDemand([this](Demand &d) { d.m_iAutomobilType = m_brand; });
-        CarTestRecords::addCar([this](CTblAutomobilInformations &car) { car.m_iAutomobilType = m_brand; });
-        CarTestRecords::addCar([](CTblAutomobilInformations &) {});
+        m_office->addCar([this](CTblAutomobilInformations &car) { car.m_iAutomobilType = m_brand; });
+        m_office->addCar();
         Page page;
         page.open();
         TestOffice::whenModal("CDlgMatches", [](QWidget *window) {
