@@ -241,17 +241,30 @@ class KeyboardHands(Hands):
             wait_for(lambda: node.name != before, f"the drop-down to go on to {text!r}", seconds=3)
 
     def open_menu(self, menu, window):
-        # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left.
+        # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left. A window that has
+        # just come may take the focus back from the bar; a person begins again.
         item = self.tree.find("menu item", menu, window)
         bar = Node(item.accessible.get_parent()).children
-        self._enter_menu_bar(window, bar)
+        for seconds in (2, 5):
+            self._enter_menu_bar(window, bar)
+            try:
+                self._go_to_menu(item, bar)
+                self.input.keys("Down")
+                wait_for(lambda: any(entry.showing for popup in item.children for entry in popup.children),
+                         f"the menu {menu!r} to open", seconds=seconds)
+                return
+            except TimeRanOut:
+                continue
+        raise AssertionError(f"the keys do not open the menu {menu!r}")
+
+    def _go_to_menu(self, item, bar):
         for _ in bar:
-            current = wait_for(lambda: next((node for node in bar if node.focused), None), "the menu bar's focus")
+            current = wait_for(lambda: next((node for node in bar if node.focused), None), "the menu bar's focus",
+                               seconds=3)
             if current == item:
-                break
+                return
             self.input.keys("Left")
-            wait_for(lambda: not current.focused, "the next menu")
-        self.input.keys("Down")
+            wait_for(lambda: not current.focused, "the next menu", seconds=3)
 
     def _enter_menu_bar(self, window, bar):
         # A window that has just come may still be taking the focus, and a menu bar forgets an Alt that meets that; a
