@@ -4,6 +4,7 @@
 #include "auto/cars/CDlgAutomobilInformations.h"
 
 #include "auto/FilterControls.h"
+#include "auto/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/CarChoices.h"
@@ -59,11 +60,6 @@ QString column(const char *name)
 QString orDash(const QString &text)
 {
     return text.isEmpty() ? QStringLiteral("-") : text;
-}
-
-bool loadCar(CTblAutomobilInformations &car, int key)
-{
-    return car.IsRecordExist(QStringLiteral("iID"), key);
 }
 
 }
@@ -224,7 +220,11 @@ std::unique_ptr<KMySQL> CDlgAutomobilInformations::makeRecord() const
 
 QStringList CDlgAutomobilInformations::fetchedColumns() const
 {
-    return {column("ai.iPersonBuyerID"), column("ai.bSold"), column("ai.iPersonID"), column("ai.iAutomobilType"), column("cm.sName"), column("cc.sName"), column("ai.sNumOfPlates"), column("ai.iYear"), column("ai.dateIntroduction"), column("ai.iUsageType"), column("ai.iColor"), column("ai.iFuel"), column("ai.dAmount"), column("ai.sDocumentsDeficit"), column("ai.sFractionalParts"), column("ai.iArchiveUserID")};
+    return {column("ai.iPersonBuyerID"), column("ai.bSold"), column("ai.iPersonID"), column("ai.iAutomobilType"),
+            column("cm.sName"), column("cc.sName"), column("ai.sNumOfPlates"), column("ai.iYear"),
+            column("ai.dateIntroduction"), column("ai.iUsageType"), column("ai.iColor"), column("ai.iFuel"),
+            column("ai.dAmount"), column("ai.sDocumentsDeficit"), column("ai.sFractionalParts"),
+            column("ai.iArchiveUserID")};
 }
 
 CarCriteria CDlgAutomobilInformations::criteria() const
@@ -369,19 +369,8 @@ void CDlgAutomobilInformations::addCar()
     if (isSelectMode() || isChangeBlocked())
         return;
     const int key = addPlaceholder();
-    bool confirmed = false;
-    std::exception_ptr error;
-    try {
-        confirmed = CDlgAddAutomobilInformation::EditCar(key, true, this);
-    } catch (...) {
-        // The placeholder goes whatever ended the window.
-        error = std::current_exception();
-    }
-    CTblAutomobilInformations car;
-    if (!confirmed && loadCar(car, key))
-        car.Delete();
-    if (error)
-        std::rethrow_exception(error);
+    const bool confirmed = NewRecord::keptByEditor<CTblAutomobilInformations>(
+        key, [&] { return CDlgAddAutomobilInformation::EditCar(key, true, this); });
     refill();
     if (confirmed)
         selectListed(key);
