@@ -3,9 +3,11 @@
 
 #include "host/HostStyle.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
 
 namespace {
 
@@ -46,6 +48,20 @@ void HostStyle::drawControl(ControlElement element, const QStyleOption *option, 
         drawLabelRightToLeft(*this, *button, *painter);
     else
         QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                                   const QWidget *widget) const
+{
+    const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+    if (control != CC_ComboBox || !combo || combo->state & State_Enabled) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    // The text is drawn afterwards and may have been kept readable; the arrow still tells that no list will open.
+    QStyleOptionComboBox greyed(*combo);
+    greyed.palette.setColor(QPalette::ButtonText, QApplication::palette(widget).color(QPalette::Disabled, QPalette::ButtonText));
+    QProxyStyle::drawComplexControl(control, &greyed, painter, widget);
 }
 
 QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size, const QWidget *widget) const

@@ -3,6 +3,7 @@
 
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 
+#include "auto/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/KMessageDialog.h"
@@ -41,22 +42,10 @@ int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)
 {
     GetDBSetting()->RequireOpenDB();
     const int key = addPlaceholder();
-    bool confirmed = false;
-    std::exception_ptr error;
-    try {
+    const bool confirmed = NewRecord::keptByEditor<CTblAutomobilDemands>(key, [&] {
         CDlgAddAutomobilDemand dialog(key, EditorMode::New, parent);
-        confirmed = dialog.load() && dialog.exec() == QDialog::Accepted;
-    } catch (...) {
-        // The placeholder goes whatever ended the window.
-        error = std::current_exception();
-    }
-    if (!confirmed) {
-        CTblAutomobilDemands demand;
-        if (demand.IsRecordExist(QStringLiteral("iID"), key))
-            demand.Delete();
-    }
-    if (error)
-        std::rethrow_exception(error);
+        return dialog.load() && dialog.exec() == QDialog::Accepted;
+    });
     return confirmed ? key : 0;
 }
 

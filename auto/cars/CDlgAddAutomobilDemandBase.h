@@ -36,7 +36,7 @@ private:
     QWidget *buildWishes(QWidget *content);
     QWidget *buildTexts(QWidget *content);
     KEdit *addShown(QHBoxLayout *row, const QString &label, QWidget *parent);
-    // Fills a drop-down with the values of the type, and lets the button behind it open their picker.
+    // What the description of a new reminder begins with: the demand, who asks and for which car.
     QString proposedReminder() const;
 
     KForm *m_form = nullptr;

@@ -43,7 +43,7 @@ CDlgAddAutomobilInformation::CDlgAddAutomobilInformation(int carID, EditorMode m
 {
     SetSettingName(QStringLiteral("AutomobilInformations\\Editor"));
     setWindowTitle(editorTitle(QStringLiteral("گالري اتومبيل"), mode));
-    m_demands = addCommand(QStringLiteral("تقاضا"), [this] { CDlgMatchingDemands::Show(key(), this); });
+    m_demands = addCommand(QStringLiteral("تقاضا"), [this] { CDlgMatchingDemands::Show(m_base->offered(), m_base->code(), this); });
 }
 
 CDlgAddAutomobilInformation::~CDlgAddAutomobilInformation() = default;

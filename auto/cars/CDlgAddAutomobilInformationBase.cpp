@@ -196,6 +196,17 @@ void CDlgAddAutomobilInformationBase::write(CTblAutomobilInformations &car)
     SaveKStaticImageToLongBinary(*m_picture, car.m_oPicture);
 }
 
+OfferedCar CDlgAddAutomobilInformationBase::offered() const
+{
+    return {m_form->key(QStringLiteral("iAutomobilType")), m_form->key(QStringLiteral("iColor")),
+            m_form->edit(QStringLiteral("iYear"))->integer(), m_form->edit(QStringLiteral("dAmount"))->number()};
+}
+
+int CDlgAddAutomobilInformationBase::code() const
+{
+    return m_form->edit(QStringLiteral("iCode"))->integer();
+}
+
 QString CDlgAddAutomobilInformationBase::vinHint() const
 {
     return m_vinHint->text();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "auto/cars/CarEditorPage.h"
+#include "auto/cars/DemandMatch.h"
 
 class ArchiveLine;
 class CatalogFields;
@@ -26,6 +27,10 @@ public:
     // A car has an owner. Without one the picker of persons opens behind the warning.
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilInformations &car) override;
+
+    // The car as it stands on the page, saved or not.
+    OfferedCar offered() const;
+    int code() const;
 
     KForm *form() const { return m_form; }
     PersonGroup *owner() const { return m_owner; }

@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAutomobilDemands.h"
 
-#include "auto/WordLists.h"
+#include "auto/FilterControls.h"
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/cars/CDlgMatchingCars.h"
@@ -116,23 +116,13 @@ std::vector<KListCommand> CDlgAutomobilDemands::commands()
 void CDlgAutomobilDemands::buildFilters(QGridLayout *grid)
 {
     QWidget *box = grid->parentWidget();
-    const auto number = [box](KEdit::Kind kind, const QString &name) {
-        auto *edit = new KEdit(kind, box);
-        edit->setAccessibleName(name);
-        return edit;
-    };
-    const auto date = [box](const QString &name) {
-        auto *edit = new KDateEdit(box);
-        edit->setCheckable(true);
-        edit->setAccessibleName(name);
-        return edit;
-    };
+    using namespace FilterControls;
     const QString to = QStringLiteral("تا :");
 
     m_person = new KPersonField(QStringLiteral("متقاضي :"), box);
     m_type = new QComboBox(box);
-    m_amountFrom = number(KEdit::Kind::Money, QStringLiteral("مبلغ از :"));
-    m_amountTo = number(KEdit::Kind::Money, QStringLiteral("مبلغ تا :"));
+    m_amountFrom = number(KEdit::Kind::Money, QStringLiteral("مبلغ از :"), box);
+    m_amountTo = number(KEdit::Kind::Money, QStringLiteral("مبلغ تا :"), box);
     addFilter(grid, 0, 0, QStringLiteral("متقاضي :"), m_person);
     addFilter(grid, 0, 2, QStringLiteral("نوع خودرو :"), m_type);
     addFilter(grid, 0, 4, QStringLiteral("مبلغ از :"), m_amountFrom);
@@ -141,26 +131,24 @@ void CDlgAutomobilDemands::buildFilters(QGridLayout *grid)
     m_specialDescription = new KEdit(KEdit::Kind::QueryText, box);
     m_specialDescription->setMaxLength(255);
     m_color = new QComboBox(box);
-    m_yearFrom = number(KEdit::Kind::Integer, QStringLiteral("سال توليد از :"));
-    m_yearTo = number(KEdit::Kind::Integer, QStringLiteral("سال توليد تا :"));
+    m_yearFrom = number(KEdit::Kind::Integer, QStringLiteral("سال توليد از :"), box);
+    m_yearTo = number(KEdit::Kind::Integer, QStringLiteral("سال توليد تا :"), box);
     addFilter(grid, 1, 0, QStringLiteral("توضيحات ويژه :"), m_specialDescription);
     addFilter(grid, 1, 2, QStringLiteral("رنگ :"), m_color);
     addFilter(grid, 1, 4, QStringLiteral("سال توليد از :"), m_yearFrom);
     addFilter(grid, 1, 6, to, m_yearTo);
 
-    m_archive = new QComboBox(box);
-    m_archive->addItems(WordLists::texts(WordLists::archiveStates()));
+    m_archive = words(WordLists::archiveStates(), notArchivedState, box);
     m_inactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), box);
     m_inactive->setAccessibleName(m_inactive->text());
-    m_referenceFrom = date(QStringLiteral("تاريخ مراجعه از :"));
-    m_referenceTo = date(QStringLiteral("تاريخ مراجعه تا :"));
+    m_referenceFrom = date(QStringLiteral("تاريخ مراجعه از :"), box);
+    m_referenceTo = date(QStringLiteral("تاريخ مراجعه تا :"), box);
     addFilter(grid, 2, 0, QStringLiteral("وضعيت بايگاني :"), m_archive);
     grid->addWidget(m_inactive, 2, 2, 1, 2);
     addFilter(grid, 2, 4, QStringLiteral("تاريخ مراجعه از :"), m_referenceFrom);
     addFilter(grid, 2, 6, to, m_referenceTo);
     for (const int column : {1, 3, 5, 7})
         grid->setColumnStretch(column, column == 1 ? 3 : 2);
-    m_archive->setCurrentIndex(notArchivedState);
     CarChoices::fillTypes(m_type);
     CarChoices::fillColors(m_color);
 }

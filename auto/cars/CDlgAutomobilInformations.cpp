@@ -3,7 +3,8 @@
 
 #include "auto/cars/CDlgAutomobilInformations.h"
 
-#include "auto/WordLists.h"
+#include "auto/FilterControls.h"
+#include "auto/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/CarChoices.h"
@@ -59,11 +60,6 @@ QString column(const char *name)
 QString orDash(const QString &text)
 {
     return text.isEmpty() ? QStringLiteral("-") : text;
-}
-
-bool loadCar(CTblAutomobilInformations &car, int key)
-{
-    return car.IsRecordExist(QStringLiteral("iID"), key);
 }
 
 }
@@ -140,39 +136,24 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
 void CDlgAutomobilInformations::buildFilters(QGridLayout *grid)
 {
     QWidget *box = grid->parentWidget();
-    auto comboBox = [box](WordLists::List list = {}) {
-        auto *combo = new QComboBox(box);
-        combo->addItems(WordLists::texts(list));
-        return combo;
-    };
-    auto numberEdit = [box](KEdit::Kind kind, const QString &accessibleName) {
-        auto *edit = new KEdit(kind, box);
-        edit->setAccessibleName(accessibleName);
-        return edit;
-    };
-    auto dateEdit = [box](const QString &accessibleName) {
-        auto *edit = new KDateEdit(box);
-        edit->setCheckable(true);
-        edit->setAccessibleName(accessibleName);
-        return edit;
-    };
+    using namespace FilterControls;
     const QString ownerLabel = QStringLiteral("نام مالک :");
     const QString buyerLabel = QStringLiteral("نام خريدار :");
     const QString to = QStringLiteral("تا :");
 
     m_owner = new KPersonField(ownerLabel, box);
-    m_type = comboBox();
-    m_amountFrom = numberEdit(KEdit::Kind::Money, QStringLiteral("مبلغ از :"));
-    m_amountTo = numberEdit(KEdit::Kind::Money, QStringLiteral("مبلغ تا :"));
+    m_type = new QComboBox(box);
+    m_amountFrom = number(KEdit::Kind::Money, QStringLiteral("مبلغ از :"), box);
+    m_amountTo = number(KEdit::Kind::Money, QStringLiteral("مبلغ تا :"), box);
     addFilter(grid, 0, 0, ownerLabel, m_owner);
     addFilter(grid, 0, 2, QStringLiteral("نوع خودرو :"), m_type);
     addFilter(grid, 0, 4, QStringLiteral("مبلغ از :"), m_amountFrom);
     addFilter(grid, 0, 6, to, m_amountTo);
 
     m_buyer = new KPersonField(buyerLabel, box);
-    m_color = comboBox();
-    m_yearFrom = numberEdit(KEdit::Kind::Integer, QStringLiteral("سال توليد از :"));
-    m_yearTo = numberEdit(KEdit::Kind::Integer, QStringLiteral("سال توليد تا :"));
+    m_color = new QComboBox(box);
+    m_yearFrom = number(KEdit::Kind::Integer, QStringLiteral("سال توليد از :"), box);
+    m_yearTo = number(KEdit::Kind::Integer, QStringLiteral("سال توليد تا :"), box);
     addFilter(grid, 1, 0, buyerLabel, m_buyer);
     addFilter(grid, 1, 2, QStringLiteral("رنگ :"), m_color);
     addFilter(grid, 1, 4, QStringLiteral("سال توليد از :"), m_yearFrom);
@@ -180,23 +161,20 @@ void CDlgAutomobilInformations::buildFilters(QGridLayout *grid)
 
     m_chassis = new KEdit(box);
     m_chassis->setMaxLength(chassisLength);
-    m_fuel = comboBox(WordLists::fuelTypes());
-    m_introductionFrom = dateEdit(QStringLiteral("تاريخ معرفي از :"));
-    m_introductionTo = dateEdit(QStringLiteral("تاريخ معرفي تا :"));
+    m_fuel = words(WordLists::fuelTypes(), 0, box);
+    m_introductionFrom = date(QStringLiteral("تاريخ معرفي از :"), box);
+    m_introductionTo = date(QStringLiteral("تاريخ معرفي تا :"), box);
     addFilter(grid, 2, 0, QStringLiteral("شماره شاسي :"), m_chassis);
     addFilter(grid, 2, 2, QStringLiteral("سوخت :"), m_fuel);
     addFilter(grid, 2, 4, QStringLiteral("تاريخ معرفي از :"), m_introductionFrom);
     addFilter(grid, 2, 6, to, m_introductionTo);
 
-    m_archive = comboBox(WordLists::archiveStates());
-    m_archive->setCurrentIndex(notArchivedState);
+    m_archive = words(WordLists::archiveStates(), notArchivedState, box);
     m_inactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), box);
     addFilter(grid, 3, 0, QStringLiteral("وضعيت بايگاني :"), m_archive);
     grid->addWidget(m_inactive, 3, 2, 1, 2);
-    grid->setColumnStretch(1, 3);
-    grid->setColumnStretch(3, 2);
-    grid->setColumnStretch(5, 2);
-    grid->setColumnStretch(7, 2);
+    for (const int column : {1, 3, 5, 7})
+        grid->setColumnStretch(column, column == 1 ? 3 : 2);
 
     buildHiddenFilters(box);
     CarChoices::fillTypes(m_type);
@@ -210,8 +188,7 @@ void CDlgAutomobilInformations::buildHiddenFilters(QWidget *box)
     m_documentsDeficit->setAccessibleName(QStringLiteral("کسري مدارک :"));
     m_partsDeficit = new KEdit(box);
     m_partsDeficit->setAccessibleName(QStringLiteral("کسري لوازم :"));
-    m_usage = new QComboBox(box);
-    m_usage->addItems(WordLists::texts(WordLists::usageTypes()));
+    m_usage = FilterControls::words(WordLists::usageTypes(), 0, box);
     m_usage->setAccessibleName(QStringLiteral("کاربري :"));
     for (QWidget *control : {static_cast<QWidget *>(m_documentsDeficit), static_cast<QWidget *>(m_partsDeficit),
                              static_cast<QWidget *>(m_usage)})
@@ -243,7 +220,11 @@ std::unique_ptr<KMySQL> CDlgAutomobilInformations::makeRecord() const
 
 QStringList CDlgAutomobilInformations::fetchedColumns() const
 {
-    return {column("ai.iPersonBuyerID"), column("ai.bSold"), column("ai.iPersonID"), column("ai.iAutomobilType"), column("cm.sName"), column("cc.sName"), column("ai.sNumOfPlates"), column("ai.iYear"), column("ai.dateIntroduction"), column("ai.iUsageType"), column("ai.iColor"), column("ai.iFuel"), column("ai.dAmount"), column("ai.sDocumentsDeficit"), column("ai.sFractionalParts"), column("ai.iArchiveUserID")};
+    return {column("ai.iPersonBuyerID"), column("ai.bSold"), column("ai.iPersonID"), column("ai.iAutomobilType"),
+            column("cm.sName"), column("cc.sName"), column("ai.sNumOfPlates"), column("ai.iYear"),
+            column("ai.dateIntroduction"), column("ai.iUsageType"), column("ai.iColor"), column("ai.iFuel"),
+            column("ai.dAmount"), column("ai.sDocumentsDeficit"), column("ai.sFractionalParts"),
+            column("ai.iArchiveUserID")};
 }
 
 CarCriteria CDlgAutomobilInformations::criteria() const
@@ -388,19 +369,8 @@ void CDlgAutomobilInformations::addCar()
     if (isSelectMode() || isChangeBlocked())
         return;
     const int key = addPlaceholder();
-    bool confirmed = false;
-    std::exception_ptr error;
-    try {
-        confirmed = CDlgAddAutomobilInformation::EditCar(key, true, this);
-    } catch (...) {
-        // The placeholder goes whatever ended the window.
-        error = std::current_exception();
-    }
-    CTblAutomobilInformations car;
-    if (!confirmed && loadCar(car, key))
-        car.Delete();
-    if (error)
-        std::rethrow_exception(error);
+    const bool confirmed = NewRecord::keptByEditor<CTblAutomobilInformations>(
+        key, [&] { return CDlgAddAutomobilInformation::EditCar(key, true, this); });
     refill();
     if (confirmed)
         selectListed(key);
@@ -478,7 +448,9 @@ void CDlgAutomobilInformations::editInputParameters()
 
 KListReport CDlgAutomobilInformations::reportSpec() const
 {
-    return {QStringLiteral("لیست گالری اتومبیل"), QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست گالری اتومبیل")};
+    const QString title = QStringLiteral("لیست گالری اتومبیل");
+    const QString group = QStringLiteral("گالری اتومبیل");
+    return {title, group, title, {{QStringLiteral("RightTop"), group}}};
 }
 
 QWidget *CDlgAutomobilInformations::firstFilterControl() const

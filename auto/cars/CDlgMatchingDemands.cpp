@@ -22,16 +22,13 @@ QString carText(const MatchingDemands &matching)
     return parts.isEmpty() ? car : car + QStringLiteral(": ") + parts.join(QStringLiteral("، "));
 }
 
-std::optional<MatchTable::Contents> contents(int carID)
+MatchTable::Contents contents(const MatchingDemands &matching)
 {
     using namespace MatchTexts;
-    const std::optional<MatchingDemands> matching = MatchingDemands::of(carID);
-    if (!matching)
-        return std::nullopt;
     MatchTable::Contents contents;
-    contents.subject = carText(*matching);
-    contents.rows.reserve(static_cast<qsizetype>(matching->demands.size()));
-    for (const MatchingDemands::Demand &demand : matching->demands) {
+    contents.subject = carText(matching);
+    contents.rows.reserve(static_cast<qsizetype>(matching.demands.size()));
+    for (const MatchingDemands::Demand &demand : matching.demands) {
         const int row = static_cast<int>(contents.rows.size()) + 1;
         contents.rows.append({demand.id,
                               {number(row), percent(demand.match.percent), number(demand.code), name(demand.person), {demand.mobile}, name(demand.type), number(demand.wishes.yearFrom), number(demand.wishes.yearUpTo), name(demand.color), money(demand.wishes.amountFrom), money(demand.wishes.amountUpTo), {shamsiText(demand.referenceDate.date()), demand.referenceDate}, {demand.specialDescription}}});
@@ -39,9 +36,7 @@ std::optional<MatchTable::Contents> contents(int carID)
     return contents;
 }
 
-}
-
-MatchTable CDlgMatchingDemands::table(int carID)
+MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
 {
     const QString title = QStringLiteral("متقاضیان");
     return {
@@ -52,26 +47,41 @@ MatchTable CDlgMatchingDemands::table(int carID)
         {
             {QStringLiteral("ردیف"), Qt::AlignCenter, 35},
             {QStringLiteral("تناسب"), Qt::AlignCenter, 45},
-            {QStringLiteral("کد تقاضا"), Qt::AlignCenter, 50},
+            {QStringLiteral("کد تقاضا"), Qt::AlignCenter, 45},
             {QStringLiteral("نام متقاضی"), Qt::AlignRight, 100},
             {QStringLiteral("موبایل"), Qt::AlignCenter, 70},
             {QStringLiteral("نوع خودرو"), Qt::AlignRight, 60},
             {QStringLiteral("از مدل"), Qt::AlignCenter, 42},
             {QStringLiteral("تا مدل"), Qt::AlignCenter, 42},
-            {QStringLiteral("رنگ"), Qt::AlignRight, 45},
+            {QStringLiteral("رنگ"), Qt::AlignRight, 60},
             {QStringLiteral("از مبلغ"), Qt::AlignCenter, 78},
             {QStringLiteral("تا مبلغ"), Qt::AlignCenter, 78},
             {QStringLiteral("تاریخ مراجعه"), Qt::AlignCenter, 65, {}, true},
-            {QStringLiteral("توضیحات ویژه"), Qt::AlignRight, 110},
+            {QStringLiteral("توضیحات ویژه"), Qt::AlignRight, 100},
         },
         {title, QStringLiteral("گالری اتومبیل"), title},
-        [carID] { return contents(carID); },
+        [find]() -> std::optional<MatchTable::Contents> {
+            const std::optional<MatchingDemands> matching = find();
+            return matching ? std::optional(contents(*matching)) : std::nullopt;
+        },
         [](int key, QWidget *parent) {
             bool changed = false;
             CDlgAddAutomobilDemand::ShowDemand(key, changed, parent);
             return changed;
         },
     };
+}
+
+}
+
+MatchTable CDlgMatchingDemands::table(int carID)
+{
+    return tableOf([carID] { return MatchingDemands::of(carID); });
+}
+
+void CDlgMatchingDemands::Show(const OfferedCar &offer, int carCode, QWidget *parent)
+{
+    CDlgMatches::Run(tableOf([offer, carCode] { return MatchingDemands::of(offer, carCode); }), parent);
 }
 
 void CDlgMatchingDemands::Show(int carID, QWidget *parent)

@@ -6,6 +6,7 @@
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblCarBrands.h"
 #include "suite/accounting/CTblItems.h"
+#include "suite/utility/ComboWidth.h"
 
 #include <QComboBox>
 
@@ -15,6 +16,7 @@ namespace {
 template <class Fill>
 void refill(QComboBox *combo, const Fill &fill)
 {
+    keepComboWidth(*combo);
     const int chosen = CarChoices::chosenKey(combo);
     fill();
     combo->insertItem(0, QStringLiteral("همه"), 0);

@@ -18,6 +18,7 @@ enum Weight {
 
 constexpr int farthestYears = 2;
 constexpr double farthestShare = 0.1;
+constexpr double roundingFault = 1e-9; // of a percent that is whole, so that cutting it does not take one off
 constexpr int firstOrdinaryYear = 1700;
 constexpr int shamsiBehindOrdinary = 621;
 
@@ -78,7 +79,10 @@ public:
         ++m_wishes;
     }
 
-    DemandMatch match() const { return {m_asked == 0 ? 0 : static_cast<int>(100 * m_met / m_asked), m_wishes}; }
+    DemandMatch match() const
+    {
+        return {m_asked == 0 ? 0 : static_cast<int>(100 * m_met / m_asked + roundingFault), m_wishes};
+    }
 
 private:
     double m_met = 0;

@@ -86,13 +86,18 @@ std::optional<MatchingDemands> MatchingDemands::of(int carID, int database)
                     QStringLiteral("dAmount"), QStringLiteral("iYear")});
     if (!car.IsRecordExist(QStringLiteral("iID"), carID))
         return std::nullopt;
+    return of({car.m_iAutomobilType, car.m_iColor, car.m_iYear, car.m_dAmount}, car.m_iCode, database);
+}
+
+MatchingDemands MatchingDemands::of(const OfferedCar &offer, int carCode, int database)
+{
     const QString key = QStringLiteral("iID");
     const QString name = QStringLiteral("sName");
     MatchingDemands matching;
-    matching.carCode = car.m_iCode;
-    matching.offer = {car.m_iAutomobilType, car.m_iColor, car.m_iYear, car.m_dAmount};
-    matching.type = KLookup::name(QStringLiteral("CarBrands"), key, name, car.m_iAutomobilType, database);
-    matching.color = KLookup::name(QStringLiteral("Items"), key, name, car.m_iColor, database);
+    matching.carCode = carCode;
+    matching.offer = offer;
+    matching.type = KLookup::name(QStringLiteral("CarBrands"), key, name, offer.automobilType, database);
+    matching.color = KLookup::name(QStringLiteral("Items"), key, name, offer.color, database);
     matching.demands = named(fittingDemands(matching.offer, database), database);
     return matching;
 }

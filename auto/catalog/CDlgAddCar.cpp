@@ -63,7 +63,7 @@ bool CDlgAddCar::OnOK()
     const QString name = ConvertToStandard(typed);
     if (name.isEmpty())
         return refuse(QStringLiteral("لطفا نوع خودرو را مشخص نماید."));
-    if (m_checkDuplicates && CatalogEntries::isNameTaken(m_editing ? m_key : 0, typed, m_parentKey))
+    if (m_checkDuplicates && CatalogEntries::isNameTaken(m_key, typed, m_parentKey))
         return refuse(QString());
     m_name->setText(name);
     if (!m_save)

@@ -37,7 +37,7 @@ private:
 
     QString m_heading;
     bool m_editing = false;
-    int m_key = 0;
+    int m_key = 0; // of the entry that is edited
     int m_parentKey = 0;
     bool m_checkDuplicates = false;
     std::function<void(const QString &)> m_save;

@@ -30,7 +30,8 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     auto *label = new QLabel(QStringLiteral("نام :"), this);
     label->setBuddy(m_name);
     m_name->setAccessibleName(label->text());
-    m_name->setMaxLength(longestName);
+    // A longer one, as the pickers of several values take it, is not cut.
+    m_name->setMaxLength(qMax(longestName, static_cast<int>(name.size())));
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_name->setText(name);
     m_name->selectAll();

@@ -42,6 +42,18 @@ CatalogPanel *makePanel(CatalogLevel level, QWidget *parent)
     Q_UNREACHABLE();
 }
 
+// Of a model or a class.
+CatalogLevel levelAbove(CatalogLevel level)
+{
+    return level == CatalogLevel::Model ? CatalogLevel::Brand : CatalogLevel::Model;
+}
+
+// Somebody else may have deleted what the list still shows.
+bool isParentThere(CatalogLevel level, int parent)
+{
+    return level == CatalogLevel::Brand || CatalogEntries::name(levelAbove(level), parent).has_value();
+}
+
 QString usedText(CatalogLevel level)
 {
     switch (level) {
@@ -196,7 +208,7 @@ int CDlgCarsAll::selectedKey(CatalogLevel level) const
 
 int CDlgCarsAll::parentKey(CatalogLevel level) const
 {
-    return level == CatalogLevel::Brand ? 0 : selectedKey(level == CatalogLevel::Model ? CatalogLevel::Brand : CatalogLevel::Model);
+    return level == CatalogLevel::Brand ? 0 : selectedKey(levelAbove(level));
 }
 
 bool CDlgCarsAll::hasParent(CatalogLevel level) const
@@ -249,6 +261,15 @@ void CDlgCarsAll::selectNew(CatalogLevel level, int key)
     panel(level)->list()->selectKey(key);
 }
 
+// An entry is gone: the selection stays at its place.
+void CDlgCarsAll::refill(CatalogLevel level)
+{
+    KExtListCtrl *list = panel(level)->list();
+    const int row = list->currentRow();
+    fill(level);
+    list->selectRow(qMin(row, list->count() - 1));
+}
+
 void CDlgCarsAll::activated(CatalogLevel level)
 {
     if (m_pickMode)
@@ -275,10 +296,15 @@ void CDlgCarsAll::addEntry(CatalogLevel level)
     CDlgAddCar editor(panel(level)->heading(), this);
     editor.setParentKey(parentKey(level));
     editor.setSave([&](const QString &name) {
-        added = CatalogEntries::add(level, parentKey(level), name, GetDBSetting()->GetUserID());
+        if (isParentThere(level, parentKey(level)))
+            added = CatalogEntries::add(level, parentKey(level), name, GetDBSetting()->GetUserID());
     });
     if (editor.exec() != Accepted)
         return;
+    if (added == 0) {
+        refill(levelAbove(level));
+        return;
+    }
     if (level == CatalogLevel::Class)
         m_changed = true;
     selectNew(level, added);
@@ -320,12 +346,8 @@ void CDlgCarsAll::deleteEntry(CatalogLevel level)
     }
     if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
         return;
-    KExtListCtrl *list = panel(level)->list();
-    const int row = list->currentRow();
-    if (!CatalogEntries::remove(level, key))
-        return;
-    fill(level);
-    list->selectRow(qMin(row, list->count() - 1));
+    if (CatalogEntries::remove(level, key))
+        refill(level);
 }
 
 void CDlgCarsAll::importEntries()

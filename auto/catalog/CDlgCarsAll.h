@@ -49,7 +49,7 @@ public:
     int exec() override;
 
     // The commands behind the buttons of a level. Each asks its right (a refusal is told) and does nothing where nothing
-    // may be changed, without the selection that it needs, or, deleting, in pick mode.
+    // may be changed, without the selection that it needs, when that is gone, or, deleting, in pick mode.
     void addEntry(CatalogLevel level);
     void editEntry(CatalogLevel level);
     // Asks first; what a car record uses stays, with a warning.
@@ -70,6 +70,7 @@ private:
     bool isChangeBlocked() const;
     void applyMode();
     void fill(CatalogLevel level);
+    void refill(CatalogLevel level);
     void clearBelow(CatalogLevel level);
     void selectPath(int brand, int model, int carClass);
     void selectNew(CatalogLevel level, int key);

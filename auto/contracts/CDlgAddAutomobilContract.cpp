@@ -3,6 +3,7 @@
 
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 
+#include "auto/NewRecord.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"
@@ -24,15 +25,6 @@
 
 #include <QPushButton>
 
-namespace {
-
-bool loadContract(CTblAutomobilContracts &contract, int key)
-{
-    return contract.IsRecordExist(QStringLiteral("iID"), key, 0, QString());
-}
-
-}
-
 int CDlgAddAutomobilContract::addPlaceholder()
 {
     const ContractSettings settings = ContractSettings::load();
@@ -52,24 +44,9 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
 {
     GetDBSetting()->RequireOpenDB();
     const int key = addPlaceholder();
-    bool confirmed = false;
-    std::exception_ptr error;
-    try {
-        confirmed = EditContract(key, true, parent);
-    } catch (...) {
-        // The placeholder goes whatever ended the window.
-        error = std::current_exception();
-    }
-    if (!confirmed) {
-        CTblAutomobilContracts contract;
-        if (loadContract(contract, key)) {
-            // A plan that was stored on the way would be left without its contract.
-            StoredInstalments::remove(key);
-            contract.Delete();
-        }
-    }
-    if (error)
-        std::rethrow_exception(error);
+    // A plan that was stored on the way would be left without its contract.
+    const bool confirmed = NewRecord::keptByEditor<CTblAutomobilContracts>(
+        key, [&] { return EditContract(key, true, parent); }, [key] { StoredInstalments::remove(key); });
     return confirmed ? key : 0;
 }
 
@@ -208,10 +185,15 @@ void CDlgAddAutomobilContract::copyCar()
     if (!car)
         return;
     m_chosenCar = chosen;
-    m_matter->takeVehicle(contractFromCar(*car));
-    if (car->ownerID == 0)
-        return;
-    // Who comes from the list of persons is an ordinary party.
-    m_base->firstParty()->setKind(PartyKind::Ordinary);
-    m_base->firstParty()->takePerson(car->ownerID);
+    const QStringList shortened = m_matter->takeVehicle(contractFromCar(*car));
+    if (car->ownerID != 0) {
+        // Who comes from the list of persons is an ordinary party.
+        m_base->firstParty()->setKind(PartyKind::Ordinary);
+        m_base->firstParty()->takePerson(car->ownerID);
+    }
+    // Half a name must not go into a contract unnoticed.
+    if (!shortened.isEmpty())
+        g_pDlgWarning->Show(
+            QStringLiteral("متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: ") + shortened.join(QStringLiteral("، ")),
+            this);
 }

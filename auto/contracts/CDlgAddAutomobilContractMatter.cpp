@@ -151,10 +151,17 @@ void CDlgAddAutomobilContractMatter::offerCities()
         city->clearEditText();
 }
 
-void CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFieldText> &fields)
+QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFieldText> &fields)
 {
-    for (const auto &[name, text] : fields)
-        m_form->edit(name)->setText(text);
+    QStringList shortened;
+    for (const auto &[name, text] : fields) {
+        KEdit *edit = m_form->edit(name);
+        edit->setText(text);
+        edit->setCursorPosition(0);
+        if (edit->plainText().size() < text.size())
+            shortened.append(edit->accessibleName().remove(QStringLiteral(" :")));
+    }
+    return shortened;
 }
 
 double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 
-#include "auto/WordLists.h"
+#include "auto/FilterControls.h"
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/ContractPrintingDesk.h"
@@ -99,18 +99,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
 void CDlgAutomobilContracts::buildFilters(QGridLayout *grid)
 {
     QWidget *box = grid->parentWidget();
-    auto comboBox = [box](WordLists::List list, int position) {
-        auto *combo = new QComboBox(box);
-        combo->addItems(WordLists::texts(list));
-        combo->setCurrentIndex(position);
-        return combo;
-    };
-    auto dateEdit = [box](const QString &accessibleName) {
-        auto *edit = new KDateEdit(box);
-        edit->setCheckable(true);
-        edit->setAccessibleName(accessibleName);
-        return edit;
-    };
+    using namespace FilterControls;
     auto queryEdit = [box](int length) {
         auto *edit = new KEdit(KEdit::Kind::QueryText, box);
         edit->setMaxLength(length);
@@ -120,18 +109,18 @@ void CDlgAutomobilContracts::buildFilters(QGridLayout *grid)
     const QString clearCaption = QStringLiteral("...");
 
     m_seller = new KPersonField(QStringLiteral("فروشنده :"), clearCaption, box);
-    m_archive = comboBox(WordLists::archiveStates(), notArchivedState);
-    m_contractFrom = dateEdit(QStringLiteral("تاريخ عقد از :"));
-    m_contractTo = dateEdit(QStringLiteral("تاريخ عقد تا :"));
+    m_archive = words(WordLists::archiveStates(), notArchivedState, box);
+    m_contractFrom = date(QStringLiteral("تاريخ عقد از :"), box);
+    m_contractTo = date(QStringLiteral("تاريخ عقد تا :"), box);
     addFilter(grid, 0, 0, QStringLiteral("فروشنده :"), m_seller);
     addFilter(grid, 0, 2, QStringLiteral("وضعيت بايگاني :"), m_archive);
     addFilter(grid, 0, 4, QStringLiteral("تاريخ عقد از :"), m_contractFrom);
     addFilter(grid, 0, 6, to, m_contractTo);
 
     m_buyer = new KPersonField(QStringLiteral("خريدار :"), clearCaption, box);
-    m_returned = comboBox(WordLists::returnStates(), notReturnedState);
-    m_expirationFrom = dateEdit(QStringLiteral("تاريخ انقضاء از :"));
-    m_expirationTo = dateEdit(QStringLiteral("تاريخ انقضاء تا :"));
+    m_returned = words(WordLists::returnStates(), notReturnedState, box);
+    m_expirationFrom = date(QStringLiteral("تاريخ انقضاء از :"), box);
+    m_expirationTo = date(QStringLiteral("تاريخ انقضاء تا :"), box);
     addFilter(grid, 1, 0, QStringLiteral("خريدار :"), m_buyer);
     addFilter(grid, 1, 2, QStringLiteral("برگشتي :"), m_returned);
     addFilter(grid, 1, 4, QStringLiteral("تاريخ انقضاء از :"), m_expirationFrom);
@@ -147,7 +136,7 @@ void CDlgAutomobilContracts::buildFilters(QGridLayout *grid)
     grid->setColumnStretch(3, 2);
 
     // Kept for the filter's sake, not shown: the type is seen in the list.
-    m_type = comboBox(WordLists::contractTypesWithAll(), 0);
+    m_type = words(WordLists::contractTypesWithAll(), 0, box);
     m_type->setAccessibleName(QStringLiteral("نوع قرارداد :"));
     m_type->hide();
 }

@@ -21,6 +21,13 @@ KFormField money(const char *name, const QString &label)
     return field;
 }
 
+KFormField code(const char *name, const QString &label)
+{
+    KFormField field{column(name), label};
+    field.leftToRight = true;
+    return field;
+}
+
 KFormField place(const char *name, const QString &label, const QStringList &choices)
 {
     KFormField field{column(name), label, Kind::EditableChoice};
@@ -47,12 +54,12 @@ QList<KFormField> matterFields()
         {column("sSystem"), QStringLiteral("سيستم :")},
         {column("sModel"), QStringLiteral("سال توليد :")},
         {column("sBrigade"), QStringLiteral("تيپ :")},
-        {column("sNumOfEngines"), QStringLiteral("شماره موتور :")},
+        code("sNumOfEngines", QStringLiteral("شماره موتور :")),
         {column("sFuel"), QStringLiteral("نوع سوخت :")},
         {column("sNumOFAxles"), QStringLiteral("تعداد محور :")},
-        {column("sVIN"), QStringLiteral("VIN :")},
-        {column("sNumOfPlates"), QStringLiteral("شماره پلاک :")},
-        {column("sChassisNum"), QStringLiteral("شماره شاسي :")},
+        code("sVIN", QStringLiteral("VIN :")),
+        code("sNumOfPlates", QStringLiteral("شماره پلاک :")),
+        code("sChassisNum", QStringLiteral("شماره شاسي :")),
         {column("sNumOfWheels"), QStringLiteral("تعداد چرخ :")},
         {column("sDengue"), QStringLiteral("دانگ :")},
         {column("sDescMatter"), QStringLiteral("توضيحات :")},

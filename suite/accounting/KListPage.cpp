@@ -351,6 +351,7 @@ void KListPage::readOrder()
     // The expression goes into the statement, so one that no column of this list gives is not taken from a file.
     if (!isKnownSort(m_sort))
         m_sort = defaultSort();
+    m_descending = m_sort.endsWith(descendingSuffix);
     markColumn(m_lastColumn, true);
 }
 

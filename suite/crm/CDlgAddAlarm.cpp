@@ -164,12 +164,20 @@ bool CDlgAddAlarm::OnOK()
         return refuse(QStringLiteral("لطفا شرح یادآوری را وارد نمایید."), m_desc);
     if (m_user->currentIndex() < 0)
         return refuse(QStringLiteral("لطفا کاربر یادآوری را انتخاب نمایید."), m_user);
-    if (moved)
+    store(moved);
+    return m_alarm.Update(true);
+}
+
+// Who has it new is told of it, and what is open again is told again.
+void CDlgAddAlarm::store(bool moved)
+{
+    const int user = m_user->currentData().toInt();
+    const bool opened = m_alarm.isDone() && !m_done->isChecked();
+    if (moved || opened || user != m_alarm.m_iUserID)
         m_alarm.m_dateTold = {};
     m_alarm.m_date = entered();
     m_alarm.m_sDesc = m_desc->text().trimmed();
-    m_alarm.m_iUserID = m_user->currentData().toInt();
+    m_alarm.m_iUserID = user;
     m_alarm.m_bRepeat = m_repeat->isChecked() ? 1 : 0;
     m_alarm.m_iStatus = m_done->isChecked() ? CTblAlarm::statusDone : CTblAlarm::statusOpen;
-    return m_alarm.Update(true);
 }

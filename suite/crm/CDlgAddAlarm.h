@@ -36,6 +36,7 @@ private:
     void build();
     void load();
     QDateTime entered() const;
+    void store(bool moved);
     bool refuse(const QString &why, QWidget *field);
 
     CTblAlarm &m_alarm; // opened by AddNew or Edit

@@ -4,6 +4,7 @@
 #include "suite/utility/KForm.h"
 
 #include "auto/db/KMySQL.h"
+#include "suite/utility/ComboWidth.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KTextArea.h"
@@ -51,11 +52,19 @@ QString readFromTheRight(const QString &label)
     return label.isRightToLeft() ? label : QChar(0x200F) + label;
 }
 
+// Of a text that is longer than its line the beginning is in sight.
+void showText(KEdit &edit, const QString &text)
+{
+    edit.setText(text);
+    edit.setCursorPosition(0);
+}
+
 // The entry of that text is the current one, so that the arrow keys go on from it.
 void setComboText(QComboBox &combo, const QString &text)
 {
     combo.setCurrentIndex(combo.findText(text));
     combo.setEditText(text);
+    combo.lineEdit()->setCursorPosition(0);
 }
 
 int comboKey(const QComboBox &combo)
@@ -151,7 +160,12 @@ QWidget *KForm::makeControl(const KFormField &field, KMySQL &record, QWidget *pa
         combo->setFocusPolicy(Qt::StrongFocus);
         combo->installEventFilter(this);
         keepTextReadable(*combo);
+        if (field.kind == KFormField::Kind::Lookup && field.choices.isEmpty())
+            keepComboWidth(*combo);
         combo->addItems(field.choices);
+        // As the drop-downs of records show that nothing is chosen.
+        if (!field.keys.isEmpty())
+            combo->setPlaceholderText(QStringLiteral("-"));
         Q_ASSERT(field.keys.isEmpty() || field.keys.size() == field.choices.size());
         for (int i = 0; i < field.keys.size(); ++i)
             combo->setItemData(i, field.keys.at(i));
@@ -405,7 +419,7 @@ void KForm::load(KMySQL &record)
             qobject_cast<KTextArea *>(item.control)->setText(value.toString());
             break;
         case KFormField::Kind::Text:
-            qobject_cast<KEdit *>(item.control)->setText(value.toString());
+            showText(*qobject_cast<KEdit *>(item.control), value.toString());
             break;
         default:
             qobject_cast<KEdit *>(item.control)->setNumber(value.toDouble());

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QStandardItemModel>
+#include <QTextOption>
 
 #include <cmath>
 
@@ -35,6 +36,16 @@ KTextArea::KTextArea(QWidget *parent)
     setTabChangesFocus(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(this, &QPlainTextEdit::textChanged, this, &KTextArea::checkLength);
+    readInWindowsDirection();
+}
+
+// The toolkit takes the alignment of plain text for an absolute one, also in a window that is read from the right.
+void KTextArea::readInWindowsDirection()
+{
+    QTextOption option = document()->defaultTextOption();
+    option.setTextDirection(layoutDirection());
+    option.setAlignment(isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+    document()->setDefaultTextOption(option);
 }
 
 void KTextArea::setMaxLength(int characters)
@@ -126,6 +137,8 @@ void KTextArea::offeringAfter(const std::function<void()> &typing)
 void KTextArea::changeEvent(QEvent *event)
 {
     QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange)
+        readInWindowsDirection();
     if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::ApplicationPaletteChange)
         setPalette(entryPalette(isReadOnly()));
 }

@@ -50,6 +50,7 @@ private:
     void offeringAfter(const std::function<void()> &typing);
     QSize sizeOfLines(int lines) const;
     void checkLength();
+    void readInWindowsDirection();
     void offerCompletions();
 
     int m_maxLength = 0;

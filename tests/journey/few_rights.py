@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Who may not enter the contracts sees no page; who may only read sees contracts but adds, changes and deletes none."""
+"""Who may not enter contracts, cars or demands sees no page; who may only read adds, changes and deletes nothing."""
 
-from lib import labels, rights
+from lib import car_labels, labels, rights
 from lib.journey import check, run, step
 from lib.waiting import wait_for
 
@@ -12,17 +12,14 @@ def few_rights(office):
     office.start()
     step("no right at all: no page")
     office.log_in(rights.NOBODY, rights.PASSWORD)
-    office.hands.open_menu(labels.AUTO_MENU, office.main)
-    office.hands.menu_entry(labels.CONTRACTS, office.main)
-    office.message(labels.WARNING, labels.NOT_ALLOWED,
-                   picture=("no-access", "Without the right the page does not open"))
-    check(not office.tree.shows("tree", labels.CONTRACTS, office.main), "the contract page is not shown")
-    check(not office.tree.shows("page tab", labels.CONTRACTS, office.main), "no tab is left behind")
+    for page in (labels.CONTRACTS, car_labels.CARS, car_labels.DEMANDS):
+        refused_page(office, page, ("no-access", "Without the right the page does not open"))
 
     step("the right to read: the page, and nothing more")
     rights.change_user(office, rights.READER, rights.PASSWORD)
     table = office.open_contracts()
     wait_for(lambda: table.row_count == 1, "the contract in the list")
+    refused_page(office, car_labels.CARS, ("no-cars", "The right to contracts is none to the cars"))
     before = contracts(office)
     office.command(labels.NEW)
     office.message(labels.WARNING, labels.NOT_ALLOWED, picture=("cannot-add", "Who may only read cannot add"))
@@ -40,6 +37,14 @@ def few_rights(office):
     office.hands.press(labels.BACK, window)
     office.tree.no_window(labels.EDITOR_SHOW)
     office.leave()
+
+
+def refused_page(office, page, picture):
+    office.hands.open_menu(labels.AUTO_MENU, office.main)
+    office.hands.menu_entry(page, office.main)
+    office.message(labels.WARNING, labels.NOT_ALLOWED, picture=picture)
+    check(not office.tree.shows("tree", page, office.main), f"the page {page!r} is not shown")
+    check(not office.tree.shows("page tab", page, office.main), "no tab is left behind")
 
 
 def contracts(office):

@@ -98,7 +98,7 @@ def begin_contract(office):
     office.hands.choose(labels.CONTRACT_TYPE, labels.INSTALMENT_SALE, editor)
     office.tree.window(labels.INSTALMENTS_NEW)
     for side, name in enumerate(PERSONS):
-        work.pick_person(office, editor, side, name, name.split(" ")[1])
+        work.pick_person(office, editor, work.party(side), name, name.split(" ")[1])
     office.hands.enter(labels.AMOUNT, str(AMOUNT), editor)
     work.check_figures(office, editor, AMOUNT, (0, 0))
     office.hands.enter(labels.EXPLANATION, EXPLANATION, editor)
@@ -215,7 +215,7 @@ def print_plan(office, plan, papers):
     preview = office.tree.window(labels.PREVIEW)
     check(BUYER in preview.name, f"the plan's title names the buyer: {preview.name!r}")
     office.pictures.take("plan-preview", "The plan on paper, before it is printed")
-    pdf = save_file(office, preview, labels.SAVE_PDF, os.path.join(papers, "plan.pdf"))
+    pdf = work.save_file(office, preview, labels.SAVE_PDF, os.path.join(papers, "plan.pdf"))
     pages = documents.pdf_pages(pdf)
     check(len(pages) == 1, f"twelve instalments take one page, not {len(pages)}")
     for month in range(1, COUNT + 1):
@@ -272,14 +272,14 @@ def print_list(office, papers):
     office.command(labels.PRINT)
     preview = office.tree.window(labels.PREVIEW)
     office.pictures.take("list-preview", "The list of contracts, before it is printed")
-    pdf = save_file(office, preview, labels.SAVE_PDF, os.path.join(papers, "list.pdf"), ("save-pdf", "Saved as PDF"))
+    pdf = work.save_file(office, preview, labels.SAVE_PDF, os.path.join(papers, "list.pdf"), ("save-pdf", "Saved as PDF"))
     pages = documents.pdf_pages(pdf)
     check(len(pages) == 1, f"two contracts take one page, not {len(pages)}")
     for name in PERSONS:
         check(documents.line_holds(pages[0], f"{name} {EXPLANATION}"), f"{name} stands in the list:\n{pages[0]}")
     office.pictures.take_pages("list", "The list of contracts as a PDF document", pdf)
 
-    path = save_file(office, preview, labels.SAVE_SPREADSHEET, os.path.join(papers, "list.xlsx"),
+    path = work.save_file(office, preview, labels.SAVE_SPREADSHEET, os.path.join(papers, "list.xlsx"),
                      ("save-spreadsheet", "Saved as a spreadsheet"))
     from_the_right, rows = documents.sheet(path)
     check(from_the_right, "the sheet reads from the right")
@@ -290,23 +290,6 @@ def print_list(office, papers):
     check(float(sale(office)["iDocNum"]) in listed, f"the number of the document is a number: {listed}")
     office.hands.press(labels.BACK, preview)
     office.tree.no_window(labels.PREVIEW)
-
-
-def save_file(office, preview, command, path, picture=None):
-    """Answers the window that asks for the file; gives the path of the whole file."""
-    office.hands.press(command, preview)
-    dialog = office.tree.window(labels.SAVE_FILE)
-    office.hands.ready(dialog)
-    name = wait_for(lambda: next((node for node in dialog.descendants() if node.role == "text" and node.focused), None),
-                    "the entry line for the file's name")
-    name.set_text(path)
-    if picture:
-        office.pictures.take(*picture)
-    office.hands.keys(dialog, "Return")
-    office.tree.no_window(labels.SAVE_FILE)
-    wait_for(lambda: os.path.getsize(path) > 0, f"{os.path.basename(path)} to be written")
-    office.hands.ready(preview)
-    return path
 
 
 if __name__ == "__main__":

@@ -11,8 +11,10 @@ from lib.hands import KeyboardHands
 from lib.journey import check, run, step
 from lib.waiting import wait_for
 
-SELLER = "سعید رضایی"
-BUYER = "مریم کریمی"
+from prepare_office import PERSONS
+
+# As in the prepared office, so that what is played on that one can follow here too.
+SELLER, BUYER = PERSONS
 SELLER_DISCOUNT = 10
 FIRST_AMOUNT = 800_000_000
 AMOUNT = 1_200_000_000
@@ -77,7 +79,7 @@ def write_contract(office):
     check(float(placeholder["dPercentTax"]) == work.SETTINGS.tax, "the placeholder has the tax of the settings")
 
     add_seller_from_picker(office, editor)
-    work.pick_person(office, editor, 1, BUYER, BUYER.split(" ")[1],
+    work.pick_person(office, editor, work.party(1), BUYER, BUYER.split(" ")[1],
                      ("picker-search", "The second party is searched as one types"))
 
     office.hands.enter(labels.AMOUNT, work.typed(FIRST_AMOUNT, office), editor)
@@ -100,7 +102,7 @@ def write_contract(office):
 
 
 def add_seller_from_picker(office, editor):
-    picker = work.open_picker(office, editor, 0)
+    picker = work.open_picker(office, editor, work.party(0))
     office.pictures.take("picker", "The first party is picked from the persons")
     if isinstance(office.hands, KeyboardHands):
         office.hands.keys(picker, "Insert")
@@ -109,7 +111,7 @@ def add_seller_from_picker(office, editor):
     work.add_person(office, picker, *SELLER.split(" "), discount_percent=str(SELLER_DISCOUNT))
     table = office.tree.find("tree", labels.PERSONS, picker)
     office.pictures.take("picker-added", "The person added on the way stands selected in the picker")
-    work.confirm_picker(office, picker, table, editor, 0, SELLER)
+    work.confirm_picker(office, picker, table, editor, work.party(0), SELLER)
 
 
 def check_list(office, table):

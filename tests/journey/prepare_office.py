@@ -6,7 +6,7 @@
 from lib import labels, rights, work
 from lib.journey import run, step
 
-PERSONS = ("حسین محمدی", "زهرا احمدی")
+PERSONS = ("سعید رضایی", "مریم کریمی")
 
 
 def prepare(office):
@@ -19,10 +19,11 @@ def prepare(office):
     work.write_settings(office)
     editor = work.new_contract(office)
     for side, name in enumerate(PERSONS):
-        picker = work.open_picker(office, editor, side)
+        picker = work.open_picker(office, editor, work.party(side))
         office.hands.press(labels.NEW, picker)
         work.add_person(office, picker, *name.split(" "))
-        work.confirm_picker(office, picker, office.tree.find("tree", labels.PERSONS, picker), editor, side, name)
+        work.confirm_picker(office, picker, office.tree.find("tree", labels.PERSONS, picker), editor,
+                            work.party(side), name)
     office.hands.enter(labels.AMOUNT, "500000000", editor)
     work.check_figures(office, editor, 500_000_000, (0, 0))
     work.write_car(office, editor)

@@ -25,7 +25,7 @@ def refused_and_cancelled(office):
 
     step("refused: the same person on both sides")
     for side in (0, 1):
-        work.pick_person(office, editor, side, PERSONS[0], PERSONS[0].split(" ")[1])
+        work.pick_person(office, editor, work.party(side), PERSONS[0], PERSONS[0].split(" ")[1])
     office.hands.enter(labels.AMOUNT, str(AMOUNT), editor)
     office.hands.enter(labels.EXPLANATION, EXPLANATION, editor)
     figures = work.check_figures(office, editor, AMOUNT, (0, 0))

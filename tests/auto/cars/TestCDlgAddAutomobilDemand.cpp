@@ -6,10 +6,13 @@
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/DemandReminder.h"
 #include "auto/cars/PersonGroup.h"
+#include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblItems.h"
+#include "suite/accounting/CTblMultiItems.h"
+#include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CDlgAddAlarm.h"
@@ -19,7 +22,7 @@
 #include "suite/utility/KTabPageButtons.h"
 #include "suite/utility/KTextArea.h"
 #include "suite/utility/ShamsiDate.h"
-#include "tests/auto/cars/CarTestRecords.h"
+#include "tests/office/TestOffice.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -73,7 +76,8 @@ class TestCDlgAddAutomobilDemand : public QObject
 
     int addDemand(const std::function<void(Demand &)> &set = {})
     {
-        return CarTestRecords::addDemand([&](Demand &demand) {
+        return m_office->addDemand([&](Demand &demand) {
+            demand.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 0), Qt::UTC);
             demand.m_iPersonID = m_person;
             if (set)
                 set(demand);
@@ -123,13 +127,13 @@ private Q_SLOTS:
 
     void init()
     {
-        CarTestRecords::clear(*m_office);
+        m_office->clear();
         m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
             person.m_sFatherName = QStringLiteral("علی");
             person.m_sTel = QStringLiteral("02188776655");
             person.m_sMobile = QStringLiteral("09121234567");
         });
-        m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
+        m_brand = m_office->addBrand(QStringLiteral("پژو"));
         m_white = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
         m_black = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سیاه"));
         m_abs = CTblMultiItems::addValue(CTblItems::typeFeature, QStringLiteral("ترمز ABS"));
@@ -577,6 +581,24 @@ private Q_SLOTS:
         QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(QStringLiteral("SELECT iID FROM Alarms")));
     }
 
+    void aReminderDeletedWhileItsDemandIsOpenIsAddedAnewToo()
+    {
+        const int key = addDemand();
+        const auto dialog = opened(key, EditorMode::Edit);
+        confirmReminder();
+        dialog->basePage()->reminder()->remindBox()->click();
+        m_office->database().run(QStringLiteral("DELETE FROM Alarms"));
+        bool isNew = false;
+        TestOffice::whenModal("CDlgAddAlarm", [&isNew](QWidget *window) {
+            isNew = window->windowTitle().endsWith(QStringLiteral("جدید"));
+            static_cast<QDialog *>(window)->accept();
+        });
+        dialog->basePage()->reminder()->settingsButton()->click();
+        QVERIFY(isNew);
+        Demand demand;
+        QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(QStringLiteral("SELECT iID FROM Alarms")));
+    }
+
     void cancelledEditLeavesTheReminderWithItsDemandAndNoneWithout()
     {
         const int key = addDemand();
@@ -653,6 +675,22 @@ private Q_SLOTS:
         QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilDemands")), QString::number(other));
         QCOMPARE(count("FileDocs"), QStringLiteral("0"));
         QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM Alarms")), QString::number(other));
+    }
+
+    void noneIsAddedOrChangedInAClosedDatabase()
+    {
+        const int key = addDemand([](Demand &d) { d.m_iArchiveUserID = 3; });
+        const auto dialog = opened(key, EditorMode::Show);
+        GetDBSetting()->SetClosedDB(true);
+        bool changed = false;
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::NewDemand(nullptr));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::EditDemand(key, changed, nullptr));
+        dialog->unarchiveButton()->click();
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iArchiveUserID) FROM AutomobilDemands")), QStringLiteral("3"));
     }
 
     void filePagesAreBoundToTheDemand()

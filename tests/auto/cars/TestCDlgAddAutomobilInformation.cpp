@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/auto/cars/CarEditorOffice.h"
+#include "auto/cars/CDlgMatches.h"
+#include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/KAccountingError.h"
+#include "suite/utility/KExtListCtrl.h"
 #include "tests/auto/ObservedStatements.h"
+#include "tests/auto/cars/CarEditorOffice.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -618,6 +621,44 @@ private Q_SLOTS:
         dialog->demandsButton()->click();
         QCOMPARE(title, QStringLiteral("متقاضیان"));
         QVERIFY(dialog->isVisible());
+    }
+
+    // Whoever enters a new car asks at once who wants it.
+    void demandsAreMatchedWithWhatIsEnteredAndNotYetSaved()
+    {
+        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        m_office->addDemand([&](CTblAutomobilDemands &demand) {
+            demand.m_iPersonID = m_office->buyer;
+            demand.m_iAutomobilType = m_office->peugeot;
+            demand.m_iColor = white;
+            demand.m_iModelFrom = demand.m_iModelUpTo = 1400;
+            demand.m_dAmountFrom = 500;
+        });
+        m_office->addDemand([&](CTblAutomobilDemands &demand) {
+            demand.m_iPersonID = m_office->buyer;
+            demand.m_iAutomobilType = m_office->saipa;
+        });
+        const int key = m_office->addOwnedCar([&](Car &car) { car.m_iAutomobilType = m_office->saipa; });
+        auto dialog = m_office->opened(key);
+        KForm &form = *dialog->basePage()->form();
+        form.setKey(QStringLiteral("iAutomobilType"), m_office->peugeot);
+        form.setKey(QStringLiteral("iColor"), white);
+        form.edit(QStringLiteral("iYear"))->setText(QStringLiteral("1400"));
+        form.edit(QStringLiteral("dAmount"))->setText(QStringLiteral("600"));
+        QString subject;
+        QStringList fits;
+        TestOffice::whenModal("CDlgMatches", [&](QWidget *window) {
+            auto *matches = static_cast<CDlgMatches *>(window);
+            subject = matches->subject();
+            for (int row = 0; row < matches->list()->count(); ++row)
+                fits << matches->list()->cellText(row, 1) + u' ' + matches->list()->cellText(row, 5);
+            matches->reject();
+        });
+        dialog->demandsButton()->click();
+        QCOMPARE(fits, QStringList{QStringLiteral("100% پژو")});
+        QCOMPARE(subject, QStringLiteral("خودروی 1: پژو، سفید، سال تولید 1400، مبلغ 600"));
+        // Asking saves nothing.
+        QCOMPARE(carColumn("iAutomobilType", key), QString::number(m_office->saipa));
     }
 
     void personalFilesAreThoseOfTheCar()

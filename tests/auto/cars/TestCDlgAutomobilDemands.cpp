@@ -8,8 +8,12 @@
 #include "auto/cars/CDlgMatches.h"
 #include "auto/cars/PersonGroup.h"
 #include "auto/contracts/ContractSettings.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
@@ -19,7 +23,7 @@
 #include "suite/utility/Money.h"
 #include "suite/utility/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"
-#include "tests/auto/cars/CarTestRecords.h"
+#include "tests/office/TestOffice.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -102,7 +106,8 @@ class TestCDlgAutomobilDemands : public QObject
 
     int addDemand(const std::function<void(Demand &)> &set = {})
     {
-        return CarTestRecords::addDemand([&](Demand &demand) {
+        return m_office->addDemand([&](Demand &demand) {
+            demand.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 0), Qt::UTC);
             demand.m_iPersonID = m_person;
             if (set)
                 set(demand);
@@ -127,10 +132,9 @@ private Q_SLOTS:
     void cleanupTestCase() { m_office.reset(); }
     void init()
     {
-        CarTestRecords::clear(*m_office);
-        ContractSettings().save();
+        m_office->clear();
         m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
+        m_brand = m_office->addBrand(QStringLiteral("پژو"));
     }
 
     // --- Texts ---
@@ -167,8 +171,8 @@ private Q_SLOTS:
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
         QStringList lines;
         for (const KListModel::Column &column : columns)
-            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : QStringLiteral("c")).arg(column.sortKey);
-        QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 c ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
+            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : column.isDate ? QStringLiteral("date") : QStringLiteral("c")).arg(column.sortKey);
+        QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 date ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
     }
 
     void noTwoControlsHaveOneName()
@@ -252,7 +256,7 @@ private Q_SLOTS:
         const qsizetype few = statementsOf(page);
         for (int i = 0; i < 40; ++i) {
             const int person = m_office->addPerson(QStringLiteral("a"), QString::number(i));
-            const int brand = CarTestRecords::addBrand(QString::number(i));
+            const int brand = m_office->addBrand(QString::number(i));
             addDemand([&](Demand &d) { d.m_iPersonID = person; d.m_iAutomobilType = brand; });
         }
         QCOMPARE(statementsOf(page), few);
@@ -298,6 +302,7 @@ private Q_SLOTS:
     void filterStartsAndResetsWithDemandsNotArchivedAndAllTypes()
     {
         addDemand();
+        CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
         Page page;
         page.open();
         const auto isDefault = [&page] {
@@ -312,20 +317,35 @@ private Q_SLOTS:
         page.inactiveFilter()->setChecked(true);
         page.archiveFilter()->setCurrentIndex(2);
         page.typeFilter()->setCurrentIndex(1);
-        page.referenceFromFilter()->setText(QStringLiteral("1405/01/01"));
-        page.specialDescriptionFilter()->setText(QStringLiteral("x"));
+        page.colorFilter()->setCurrentIndex(1);
         page.personFilter()->setPersonID(m_person);
-        page.yearFromFilter()->setText(QStringLiteral("1385"));
-        page.amountToFilter()->setText(QStringLiteral("5"));
-        QVERIFY(!isDefault());
+        page.specialDescriptionFilter()->setText(QStringLiteral("x"));
+        for (KDateEdit *edit : {page.referenceFromFilter(), page.referenceToFilter()})
+            edit->setText(QStringLiteral("1405/01/01"));
+        for (KEdit *edit : {page.yearFromFilter(), page.yearToFilter(), page.amountFromFilter(), page.amountToFilter()})
+            edit->setText(QStringLiteral("1385"));
+        const DemandCriteria c = page.criteria();
+        QVERIFY(c.withInactive && c.archiveState == 2 && c.automobilType != 0 && c.color != 0 && c.referenceFrom.isValid()
+                && c.referenceTo.isValid() && !c.specialDescriptionPart.isEmpty() && c.personID != 0 && c.yearFrom != 0
+                && c.yearTo != 0 && c.amountFrom != 0 && c.amountTo != 0);
         // A brand that was added meanwhile is offered too.
-        CarTestRecords::addBrand(QStringLiteral("سایپا"));
+        m_office->addBrand(QStringLiteral("سایپا"));
         QVERIFY(page.runCommand(QStringLiteral("پيش فرض")));
         QVERIFY(isDefault());
         QCOMPARE(page.typeFilter()->count(), 3);
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
         QVERIFY(!page.button(editCaption)->isEnabled());
+    }
+
+    void longNamesOfTypesAndColoursDoNotWidenThePage()
+    {
+        const int width = Page().minimumSizeHint().width();
+        m_office->addBrand(QString(50, u'س'));
+        CTblMultiItems::addValue(CTblItems::typeColor, QString(250, u'س'));
+        const Page page;
+        QCOMPARE(page.colorFilter()->count(), 2);
+        QCOMPARE(page.minimumSizeHint().width(), width);
     }
 
     void yearsOfTheSearchBoundTheDemandsOwnRange()
@@ -519,6 +539,29 @@ private Q_SLOTS:
         Q_EMIT page.list()->rowActivated(page.list()->currentKey());
     }
 
+    void demandTakenOutOfTheArchiveIsReadAnew_data()
+    {
+        QTest::addColumn<QString>("caption");
+        QTest::newRow("from the editor") << editCaption;
+        QTest::newRow("while it is shown") << showCaption;
+    }
+
+    void demandTakenOutOfTheArchiveIsReadAnew()
+    {
+        QFETCH(QString, caption);
+        addDemand([this](Demand &d) { d.m_iArchiveUserID = m_office->adminID(); });
+        Page page;
+        page.open();
+        page.archiveFilter()->setCurrentIndex(2);
+        page.refill();
+        QCOMPARE(page.list()->count(), 1);
+        TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
+            static_cast<CDlgAddAutomobilDemand *>(window)->unarchiveButton()->click();
+        });
+        QVERIFY(page.runCommand(caption));
+        QCOMPARE(page.list()->count(), 0);
+    }
+
     void deletingAsksAndTakesFilesAndRemindersAlong()
     {
         const int key = addDemand();
@@ -703,8 +746,8 @@ private Q_SLOTS:
     void fittingCarsOfTheSelectedDemandAreListed()
     {
         addDemand([this](Demand &d) { d.m_iAutomobilType = m_brand; });
-        CarTestRecords::addCar([this](CTblAutomobilInformations &car) { car.m_iAutomobilType = m_brand; });
-        CarTestRecords::addCar([](CTblAutomobilInformations &) {});
+        m_office->addCar([this](CTblAutomobilInformations &car) { car.m_iAutomobilType = m_brand; });
+        m_office->addCar();
         Page page;
         page.open();
         TestOffice::whenModal("CDlgMatches", [](QWidget *window) {

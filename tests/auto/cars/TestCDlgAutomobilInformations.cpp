@@ -885,6 +885,7 @@ private Q_SLOTS:
             shown = true;
             QCOMPARE(report.group(), QStringLiteral("گالری اتومبیل"));
             QCOMPARE(report.shownTitle(), QStringLiteral("لیست گالری اتومبیل"));
+            QCOMPARE(report.text(QStringLiteral("RightTop")), QStringLiteral("گالری اتومبیل"));
             QCOMPARE(report.text(QStringLiteral("LeftBottom")), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
             QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 2"));
             QCOMPARE(report.rows().size(), 2);

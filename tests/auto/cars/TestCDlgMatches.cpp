@@ -5,13 +5,16 @@
 #include "auto/cars/CDlgMatchingCars.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/DemandMatch.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CTblItems.h"
+#include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/Money.h"
-#include "tests/auto/cars/CarTestRecords.h"
+#include "tests/office/TestOffice.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -53,7 +56,8 @@ class TestCDlgMatches : public QObject
 
     int addDemand(const std::function<void(Demand &)> &set = {})
     {
-        return CarTestRecords::addDemand([&](Demand &demand) {
+        return m_office->addDemand([&](Demand &demand) {
+            demand.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 0), Qt::UTC);
             demand.m_iPersonID = m_person;
             demand.m_iAutomobilType = m_brand;
             demand.m_iColor = m_white;
@@ -69,7 +73,7 @@ class TestCDlgMatches : public QObject
 
     int addCar(const std::function<void(Car &)> &set = {})
     {
-        return CarTestRecords::addCar([&](Car &car) {
+        return m_office->addCar([&](Car &car) {
             car.m_iAutomobilType = m_brand;
             car.m_iColor = m_white;
             car.m_iYear = 1398;
@@ -85,10 +89,10 @@ private Q_SLOTS:
     void cleanupTestCase() { m_office.reset(); }
     void init()
     {
-        CarTestRecords::clear(*m_office);
+        m_office->clear();
         m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"),
                                        [](CTblPersons &person) { person.m_sMobile = QStringLiteral("09121234567"); });
-        m_brand = CarTestRecords::addBrand(QStringLiteral("پژو"));
+        m_brand = m_office->addBrand(QStringLiteral("پژو"));
         m_white = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
     }
 
@@ -178,7 +182,7 @@ private Q_SLOTS:
                  QStringList{KSecurity::refusalText(QStringLiteral("AutomobilInformations"), KSecurity::Access)});
     }
 
-    void activationOpensTheDemandReadOnlyAndTheListFollowsWhatChanged()
+    void activationOpensTheDemandReadOnly()
     {
         const int car = addCar();
         const int demand = addDemand();
@@ -190,6 +194,27 @@ private Q_SLOTS:
         });
         Q_EMIT window.list()->rowActivated(demand);
         QCOMPARE(window.list()->currentKey(), demand);
+    }
+
+    void listFollowsWhatChangedAndClosesWhenItsSubjectIsGone()
+    {
+        const int car = addCar();
+        const int demand = addDemand();
+        MatchTable table = CDlgMatchingDemands::table(car);
+        bool changed = false;
+        table.show = [&changed](int, QWidget *) { return changed; };
+        CDlgMatches window(table);
+        QVERIFY(window.load());
+        window.show();
+        m_office->database().run(QStringLiteral("UPDATE AutomobilDemands SET sDescSpecial='x'"));
+        Q_EMIT window.list()->rowActivated(demand);
+        QVERIFY(!row(window, 0).contains(QStringLiteral("x")));
+        changed = true;
+        Q_EMIT window.list()->rowActivated(demand);
+        QVERIFY(row(window, 0).contains(QStringLiteral("x")));
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+        Q_EMIT window.list()->rowActivated(demand);
+        QVERIFY(!window.isVisible());
     }
 
     void activationNeedsTheRightToRead()

@@ -79,6 +79,7 @@ void TestDemandMatch::percent_data()
     row("more than a tenth below is excluded", {.amountFrom = 1000, .amountUpTo = 2000}, {peugeot, white, 1398, 899}, excluded);
     row("only up to: every cheaper car fits", {.amountUpTo = 1000}, {peugeot, white, 1398, 1}, 100);
     row("only from: every dearer car fits", {.amountFrom = 1000}, {peugeot, white, 1398, 5e10}, 100);
+    row("seven hundredths above: no rounding fault takes one off", {.amountUpTo = 1000}, {peugeot, white, 1398, 1070}, 30);
     row("price not known of the car", {.amountFrom = 900, .amountUpTo = 1100}, {peugeot, white, 1398, 0}, 0);
     row("amounts the wrong way round", {.amountFrom = 1100, .amountUpTo = 900}, car, 100);
     row("hardly above the bound is not all that is asked for", {.amountUpTo = 999.9}, car, 99);

@@ -423,6 +423,12 @@ private Q_SLOTS:
         QVERIFY(page.runCommand(editCaption));
         QCOMPARE(titles(page), (QStringList{QStringLiteral("a"), QStringLiteral("changed"), QStringLiteral("c")}));
         QCOMPARE(page.list()->currentKey(), key);
+        // Also where it stands in another place, because somebody else deleted the one before it.
+        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs WHERE sTitle='a'"));
+        whenEditor(QStringLiteral("again"), QStringLiteral("5"));
+        QVERIFY(page.runCommand(editCaption));
+        QCOMPARE(titles(page), (QStringList{QStringLiteral("again"), QStringLiteral("c")}));
+        QCOMPARE(page.list()->currentKey(), key);
     }
 
     void editingATariffThatAnotherUserDeletedChangesNothing()

@@ -475,6 +475,28 @@ private Q_SLOTS:
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
+    void nothingIsAddedBelowAnEntryThatHasVanished()
+    {
+        CDlgCarsAll dialog;
+        show(dialog);
+        QCOMPARE(selected(dialog, brandLevel), m_kia);
+        m_office->database().run(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(m_kia));
+        typeName(QStringLiteral("Sorento"));
+        dialog.addEntry(modelLevel);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarModels WHERE sName='Sorento'")), QStringLiteral("0"));
+        // The lists show what is there.
+        QCOMPARE(dialog.panel(brandLevel)->list()->count(), 1);
+        QCOMPARE(selected(dialog, brandLevel), m_peugeot);
+        dialog.panel(modelLevel)->list()->selectKey(m_model206);
+        m_office->database().run(QStringLiteral("DELETE FROM CarModels WHERE iID=%1").arg(m_model206));
+        typeName(QStringLiteral("Type 9"));
+        dialog.addEntry(classLevel);
+        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarClasses WHERE sName='Type 9'")), QStringLiteral("0"));
+        QVERIFY(!dialog.isChanged());
+        QCOMPARE(selected(dialog, brandLevel), m_peugeot);
+        QVERIFY(!dialog.panel(modelLevel)->list()->selectKey(m_model206));
+    }
+
     void aBrandUsedByAnyCarRecordCannotBeDeletedAndTheWarningNamesTheCarGallery()
     {
         usedEntryStays(

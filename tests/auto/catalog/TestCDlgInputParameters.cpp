@@ -420,6 +420,20 @@ private Q_SLOTS:
         QVERIFY(pushButton(editor, QStringLiteral("انصراف")));
     }
 
+    // The pickers of several values take longer ones.
+    void aLongerStoredNameIsNotCutByOpeningIt()
+    {
+        const QString longer(200, u'س');
+        const int key = add(Parameters::Color, longer);
+        CDlgAddInputParameter editor(key, CTblItems::typeColor, longer, QStringLiteral("رنگ"));
+        editor.show();
+        QCOMPARE(nameEdit(editor)->text(), longer);
+        editor.accept();
+        QCOMPARE(nameOf(key), longer);
+        // It may be made shorter, not longer.
+        QCOMPARE(nameEdit(editor)->maxLength(), 200);
+    }
+
     void aDatabaseClosedMeanwhileRefusesAndKeepsWhatWasTyped()
     {
         CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), QStringLiteral("رنگ"));

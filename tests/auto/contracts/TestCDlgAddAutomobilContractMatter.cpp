@@ -262,7 +262,7 @@ private Q_SLOTS:
         QFETCH(int, contractType);
         const int key = fullContract(contractType);
         auto dialog = opened(key, Mode::Edit);
-        QCOMPARE(form(*dialog).edit(column("sVIN"))->text(), stored(key)->m_sVIN);
+        QCOMPARE(form(*dialog).edit(column("sVIN"))->plainText(), stored(key)->m_sVIN);
         QCOMPARE(form(*dialog).comboBox(column("sCity"))->currentText(), stored(key)->m_sCity);
         QCOMPARE(form(*dialog).edit(column("dDamageAmount"))->number(), stored(key)->m_dDamageAmount);
         dialog->accept();
@@ -384,6 +384,28 @@ private Q_SLOTS:
         QCOMPARE(dialog->focusWidget(), form(*dialog).control(focus));
         QVERIFY(stored(key)->m_sVIN != QStringLiteral("IR1"));
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
+    }
+
+    void numbersOfTheVehicleReadFromTheLeft_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"sNumOfPlates", "sVIN", "sChassisNum", "sNumOfEngines"})
+            QTest::newRow(name) << column(name);
+    }
+
+    void numbersOfTheVehicleReadFromTheLeft()
+    {
+        QFETCH(QString, name);
+        const QString plate = QStringLiteral("12 ب 345 ایران 67");
+        const int key = fullContract(sale);
+        auto dialog = opened(key, Mode::Edit);
+        KEdit *edit = form(*dialog).edit(name);
+        edit->setText(plate);
+        QCOMPARE(edit->layoutDirection(), Qt::LeftToRight);
+        QVERIFY(!edit->text().isRightToLeft());
+        dialog->accept();
+        QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+        QCOMPARE(stored(key)->value(name).toString(), plate);
     }
 
     void yearOf999Or3001IsRefused1000And3000AreAccepted_data()

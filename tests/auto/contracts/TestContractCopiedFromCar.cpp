@@ -31,7 +31,7 @@ using Car = CTblAutomobilInformations;
 
 QString matter(const Dialog &dialog, const char *column)
 {
-    return dialog.matterPage()->form()->edit(QString::fromLatin1(column))->text();
+    return dialog.matterPage()->form()->edit(QString::fromLatin1(column))->plainText();
 }
 
 QString firstParty(const Dialog &dialog, const QString &label)
@@ -254,6 +254,32 @@ private Q_SLOTS:
         // Kinds and fuels without a word leave what is there.
         QCOMPARE(matter(*dialog, "sFuel"), QStringLiteral("گازوئیل"));
         QCOMPARE(matter(*dialog, "sAutomobilType"), QStringLiteral("سنگین"));
+    }
+
+    // A name of the catalog and a value of the parameters can be longer than the contract's columns.
+    void textThatTheContractDoesNotHoldWholeIsToldAndItsBeginningTaken()
+    {
+        const QString longName(45, QChar(u'ن'));
+        const int brand = m_office->addBrand(longName);
+        const int model = m_office->addModel(brand, longName);
+        const int color = m_office->addItem(CTblItems::typeColor, QString(60, QChar(u'ر')));
+        const int car = m_office->addCar([=, this](Car &c) {
+            c.m_iPersonID = m_owner;
+            c.m_iAutomobilType = brand;
+            c.m_iModel = model;
+            c.m_iColor = color;
+            c.m_sNumOfPlates = QStringLiteral("۱۲ ب ۳۴۵");
+        });
+        auto dialog = opened(m_office->addContract());
+        pick(*dialog, car);
+        QCOMPARE(matter(*dialog, "sAutomobilName"), longName + u' ' + longName.left(4));
+        QCOMPARE(matter(*dialog, "sColor"), QString(50, QChar(u'ر')));
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{QStringLiteral("متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: نام اتومبيل، رنگ")});
+        QCOMPARE(dialog->basePage()->firstParty()->personField()->personID(), m_owner);
+        // What fits is nothing to speak of.
+        pick(*dialog, fullCar());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
     void carIsReadWithoutItsPicture()

@@ -58,11 +58,32 @@ class Hands:
         wait_for(lambda: node.enabled, f"the button {label!r} to be enabled")
         self._press(node)
 
+    def toggle(self, label, window):
+        """Presses a check box; what comes of it is not awaited here. Gives the box."""
+        node = self.tree.find("check box", label, window)
+        self._toggle(node)
+        return node
+
     def check(self, label, window, on=True):
         node = self.tree.find("check box", label, window)
         if node.checked != on:
             self._toggle(node)
             wait_for(lambda: node.checked == on, f"{label!r} to be {'checked' if on else 'unchecked'}")
+
+    def option(self, label, window):
+        """Picks one of several options."""
+        node = self.tree.find("radio button", label, window)
+        if not node.checked:
+            self._option(node)
+        wait_for(lambda: node.checked, f"the option {label!r} to be picked")
+
+    def tick(self, name, box, window):
+        """Ticks an entry of the list that is called box."""
+        node = wait_for(lambda: next((item for item in self.tree.find("list", box, window).children
+                                      if item.name == name), None), f"the entry {name!r} of {box!r}")
+        if not node.checked:
+            self._tick(node, box, window)
+            wait_for(lambda: node.checked, f"{name!r} to be ticked")
 
     def choose(self, label, text, window):
         """Sets a drop-down."""
@@ -102,12 +123,20 @@ class TreeHands(Hands):
     def _toggle(self, node):
         node.act("Toggle")
 
+    def _option(self, node):
+        node.act("Toggle")
+
+    def _tick(self, node, box, window):
+        # The toolkit's own operation selects the entry and leaves its tick alone; a listener's user presses the keys.
+        KeyboardHands(self.tree, self.input).tick(node.name, box, window)
+
     def _choose(self, node, text, window):
         # The toolkit opens the list through the interface, but takes no entry over; a listener's user goes through the
         # opened list with the arrow keys and hears each.
         node.act("ShowMenu")
         item = wait_for(lambda: _item(node, text), f"the entry {text!r}")
-        self.input.keys("Home")
+        # A list that shows nothing chosen yet takes no notice of a step to the entry that it stands on.
+        self.input.keys("End", "Home")
         for entry in Node(item.accessible.get_parent()).children:
             wait_for(lambda entry=entry: entry.has(State.SELECTED), f"{entry!r} to be selected")
             if entry == item:
@@ -148,12 +177,17 @@ class KeyboardHands(Hands):
         self.ready(window)
         self._watch.listen()
         met = []
+        inner = None
         while not node.focused:
             moves = self._watch.listen()
             self.input.keys("Tab")
             try:
                 wait_for(lambda: self._watch.listen() > moves or node.focused, "the focus to move", seconds=2)
             except TimeRanOut:
+                if self._watch.node and self._watch.node.role == "spin button" and self._watch.node != inner:
+                    # A time of day is gone through part by part.
+                    inner = self._watch.node
+                    continue
                 raise AssertionError(f"Tab stays on {self._watch.node!r} and does not reach {node!r}") from None
             if len(met) > 2 and met[0] == self._watch.node:
                 raise AssertionError(f"Tab does not reach {node!r}, only {met}")
@@ -174,6 +208,28 @@ class KeyboardHands(Hands):
     def _toggle(self, node):
         self._press(node)
 
+    def _option(self, node):
+        # Tab comes to the picked option; the arrow keys go from there to the others, by where they stand.
+        window = self.window_of(node)
+        options = [other for other in Node(node.accessible.get_parent()).children if other.role == node.role]
+        current = next(option for option in options if option.checked)
+        self.focus(current, window)
+        for _ in options:
+            if current == node:
+                return
+            (x, y, _, _), (wanted_x, wanted_y, _, _) = current.extents, node.extents
+            below, left = wanted_y > y, wanted_x < x
+            self.input.keys(("Down" if below else "Up") if wanted_y != y else ("Left" if left else "Right"))
+            before = current
+            current = wait_for(lambda before=before: next((option for option in options
+                                                           if option.checked and option != before), None),
+                               "the next option to be picked")
+
+    def _tick(self, node, box, window):
+        entries = self.tree.find("list", box, window)
+        self.focus(entries, window)
+        self.input.keys("Home", *["Down"] * entries.children.index(node), "space")
+
     def _choose(self, node, text, window):
         self.focus(node, window)
         self.input.keys("Home")
@@ -185,17 +241,30 @@ class KeyboardHands(Hands):
             wait_for(lambda: node.name != before, f"the drop-down to go on to {text!r}", seconds=3)
 
     def open_menu(self, menu, window):
-        # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left.
+        # Alt alone goes to the menu bar's first menu; from right to left the next one lies on the left. A window that has
+        # just come may take the focus back from the bar; a person begins again.
         item = self.tree.find("menu item", menu, window)
         bar = Node(item.accessible.get_parent()).children
-        self._enter_menu_bar(window, bar)
+        for seconds in (2, 5):
+            self._enter_menu_bar(window, bar)
+            try:
+                self._go_to_menu(item, bar)
+                self.input.keys("Down")
+                wait_for(lambda: any(entry.showing for popup in item.children for entry in popup.children),
+                         f"the menu {menu!r} to open", seconds=seconds)
+                return
+            except TimeRanOut:
+                continue
+        raise AssertionError(f"the keys do not open the menu {menu!r}")
+
+    def _go_to_menu(self, item, bar):
         for _ in bar:
-            current = wait_for(lambda: next((node for node in bar if node.focused), None), "the menu bar's focus")
+            current = wait_for(lambda: next((node for node in bar if node.focused), None), "the menu bar's focus",
+                               seconds=3)
             if current == item:
-                break
+                return
             self.input.keys("Left")
-            wait_for(lambda: not current.focused, "the next menu")
-        self.input.keys("Down")
+            wait_for(lambda: not current.focused, "the next menu", seconds=3)
 
     def _enter_menu_bar(self, window, bar):
         # A window that has just come may still be taking the focus, and a menu bar forgets an Alt that meets that; a
@@ -276,6 +345,14 @@ class MouseHands(Hands):
 
     def _toggle(self, node):
         self.click(node)
+
+    def _option(self, node):
+        self.click(node)
+
+    def _tick(self, node, box, window):
+        # The box stands before the entry's name: from right to left at its right end.
+        x, y, width, height = node.extents
+        self.input.click(x + width - height // 2, y + height // 2)
 
     def _choose(self, node, text, window):
         self.click(node)

@@ -25,6 +25,8 @@ def _arguments(description):
     parser = argparse.ArgumentParser(description=description)
     parser.add_argument("program", help="the built tzhost")
     parser.add_argument("--pictures", metavar="FOLDER", help="take a numbered picture of every step")
+    parser.add_argument("--go-on", action="store_true",
+                        help="keep the pictures that are in the folder, and go on with their numbers")
     parser.add_argument("--hands", choices=("tree", "keyboard", "mouse"), default="tree",
                         help="how everything is done (accessibility interface, keys alone, mouse)")
     parser.add_argument("--seconds", type=int, default=160, help="the longest that the journey may take")
@@ -64,7 +66,7 @@ def _play(desktop, arguments, steps):
     if arguments.office:
         shutil.copytree(arguments.office, folder)
     office = Office(desktop, os.path.abspath(arguments.program), folder,
-                    Pictures(arguments.pictures, desktop.environment), arguments.hands)
+                    Pictures(arguments.pictures, desktop.environment, arguments.go_on), arguments.hands)
     try:
         steps(office)
         if arguments.keep:

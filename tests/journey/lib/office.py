@@ -102,15 +102,16 @@ class Office:
 
     def open_contracts(self, picture=None):
         """The contract list, opened from the menu; gives its table."""
+        return self.open_list(labels.CONTRACTS, picture)
+
+    def open_list(self, title, picture=None):
+        """A list of the gallery, opened from the menu; gives its table."""
         self.hands.open_menu(labels.AUTO_MENU, self.main)
-        wait_for(lambda: self.tree.shows("menu item", labels.CONTRACTS, self.main), "the menu to open")
+        wait_for(lambda: self.tree.shows("menu item", title, self.main), "the menu to open")
         if picture:
             self.pictures.take(*picture)
-        self.hands.menu_entry(labels.CONTRACTS, self.main)
-        return self.contract_table()
-
-    def contract_table(self):
-        return self.tree.find("tree", labels.CONTRACTS, self.main)
+        self.hands.menu_entry(title, self.main)
+        return self.tree.find("tree", title, self.main)
 
     def command(self, caption):
         """A button of the list that shows in the main window."""

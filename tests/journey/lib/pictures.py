@@ -8,20 +8,21 @@ import subprocess
 
 
 class Pictures:
-    """Without a folder nothing is taken."""
+    """Without a folder nothing is taken. go_on keeps the pictures that are there, and their numbers go on."""
 
-    def __init__(self, folder, environment):
+    def __init__(self, folder, environment, go_on=False):
         self._folder = folder
         self._environment = environment
         self._count = 0
         if folder:
             os.makedirs(folder, exist_ok=True)
-            self._remove_old()
-
-    def _remove_old(self):
-        for name in os.listdir(self._folder):
-            if re.fullmatch(r"\d\d-.*\.png|captions\.txt|tree-on-failure\.txt", name):
-                os.remove(os.path.join(self._folder, name))
+            old = [name for name in os.listdir(folder)
+                   if re.fullmatch(r"\d\d-.*\.png|captions\.txt|tree-on-failure\.txt", name)]
+            if go_on:
+                self._count = max((int(name[:2]) for name in old if name[0].isdigit()), default=0)
+            else:
+                for name in old:
+                    os.remove(os.path.join(folder, name))
 
     def take(self, name, caption):
         """One picture of the whole screen; name is its file's name, caption tells what is to be seen."""

@@ -17,6 +17,8 @@ warnings.filterwarnings("ignore", category=DeprecationWarning)
 
 WINDOW_ROLES = ("frame", "dialog", "alert", "window")
 _TABLE_ROLES = ("tree", "table", "tree table", "list")
+_USED_ROLES = (*_TABLE_ROLES, "text", "password text", "combo box", "check box", "radio button", "push button",
+               "spin button", "page tab")
 # A slot that opens a window answers only when that window is gone; nobody waits for that.
 _ANSWER_MS = 3000
 
@@ -101,9 +103,9 @@ class Node:
 
     @property
     def text(self):
-        """What an entry line holds, what a drop-down shows, what a label says."""
+        """What an entry line holds, what a drop-down shows, what a label says; without marks of direction."""
         if "Text" in self.accessible.get_interfaces():
-            return Atspi.Text.get_text(self.accessible, 0, -1)
+            return Atspi.Text.get_text(self.accessible, 0, -1).replace("\u200e", "")
         return self.name
 
     @property
@@ -255,6 +257,16 @@ class Tree:
     def shows(self, role, name, window):
         return bool(self.look(role, name, window))
 
+    def check_names(self, window):
+        """Every widget that shows and can be used must have a name of its own, or a listener cannot tell it."""
+        roles = {}
+        for node in _used(window):
+            roles.setdefault((node.role, node.label), []).append(node)
+        wrong = [f"{len(nodes)} times {role} {name!r}" for (role, name), nodes in roles.items()
+                 if not name.strip() or len(nodes) > 1]
+        if wrong:
+            raise AssertionError(f"{window!r} has {', '.join(wrong)}")
+
     def dump(self):
         """The whole tree as text, for the day when a journey fails."""
         lines = []
@@ -285,6 +297,17 @@ class FocusWatch:
         while GLib.MainContext.default().iteration(False):
             pass
         return self.moves
+
+
+def _used(node):
+    """The widgets below a node that a person acts on; the parts of a compound one belong to it."""
+    for child in node.children:
+        if not child.showing:
+            continue
+        if child.role in _USED_ROLES:
+            yield child
+        elif child.role not in _TABLE_ROLES:
+            yield from _used(child)
 
 
 def _dump(node, depth, lines):

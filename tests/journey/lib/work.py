@@ -2,6 +2,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The steps of an office's daily work, each done with the hands that the journey chose."""
 
+import os
+from dataclasses import dataclass
+
 from . import labels
 from .figures import Settings, expected, same
 from .hands import KeyboardHands
@@ -45,29 +48,46 @@ def write_settings(office, settings=SETTINGS, picture=None):
     office.tree.no_window(labels.SETTINGS)
 
 
-def open_picker(office, editor, side):
-    """The window in which a party of the contract is picked. side is 0 for the first party, 1 for the second."""
+@dataclass(frozen=True)
+class PersonField:
+    """Where a person is picked into: the line that F4 works in, the button beside it, and the line that shows the name."""
+    line: str
+    button: str
+    name: str
+
+
+def party(side):
+    """A party of the contract: 0 for the first, 1 for the second."""
     field = labels.PERSON + labels.SIDES[side]
+    return PersonField(field, field + " ...", field)
+
+
+def open_picker(office, window, field):
+    """The window in which a person is picked."""
     if isinstance(office.hands, KeyboardHands):
-        office.hands.focus(office.tree.find("text", field, editor), editor)
+        office.hands.focus(office.tree.find("text", field.line, window), window)
         office.input.keys("F4")
     else:
-        office.hands.press(field + " ...", editor)
+        office.hands.press(field.button, window)
     return office.tree.window(labels.PICK_PERSON)
 
 
-def pick_person(office, editor, side, name, search, picture=None):
+def pick_person(office, window, field, name, search, picture=None):
     """Picks a person that the list knows."""
-    picker = open_picker(office, editor, side)
+    take_person(office, open_picker(office, window, field), window, field, name, search, picture)
+
+
+def take_person(office, picker, window, field, name, search, picture=None):
+    """Searches and takes a person in a picker that is open already."""
     office.hands.enter(labels.SEARCH_PERSON, search, picker)
     table = office.tree.find("tree", labels.PERSONS, picker)
     wait_for(lambda: [row[labels.COLUMN_PERSON] for row in table.rows()] == [name], f"the search to find {name!r}")
     if picture:
         office.pictures.take(*picture)
-    confirm_picker(office, picker, table, editor, side, name)
+    confirm_picker(office, picker, table, window, field, name)
 
 
-def confirm_picker(office, picker, table, editor, side, name):
+def confirm_picker(office, picker, table, window, field, name):
     row = next(i for i, row in enumerate(table.rows()) if row[labels.COLUMN_PERSON] == name)
     if isinstance(office.hands, KeyboardHands):
         # The search line keeps the focus; Return takes the selected row over.
@@ -77,8 +97,8 @@ def confirm_picker(office, picker, table, editor, side, name):
         office.hands.select_row(table, row)
         office.hands.press(labels.OK, picker)
     office.tree.no_window(labels.PICK_PERSON)
-    shown = office.tree.find("text", labels.PERSON + labels.SIDES[side], editor)
-    wait_for(lambda: shown.text == name, f"the party to be {name!r}")
+    shown = office.tree.find("text", field.name, window)
+    wait_for(lambda: shown.text == name, f"{field.name!r} to be {name!r}")
 
 
 def new_contract(office, title=labels.EDITOR_NEW):
@@ -149,3 +169,25 @@ def search_archive(office, state):
     """Fills the list with the contracts of an archive state."""
     office.hands.choose(labels.ARCHIVE_STATE, state, office.main)
     office.command(labels.SEARCH)
+
+
+def answer_file_window(office, title, path, picture=None):
+    """Names a file in the window that asks for one."""
+    dialog = office.tree.window(title)
+    office.hands.ready(dialog)
+    name = wait_for(lambda: next((node for node in dialog.descendants() if node.role == "text" and node.focused), None),
+                    "the entry line for the file's name")
+    name.set_text(path)
+    if picture:
+        office.pictures.take(*picture)
+    office.hands.keys(dialog, "Return")
+    office.tree.no_window(title)
+
+
+def save_file(office, window, command, path, picture=None):
+    """Lets the window store a file; gives the path of the whole file."""
+    office.hands.press(command, window)
+    answer_file_window(office, labels.SAVE_FILE, path, picture)
+    wait_for(lambda: os.path.getsize(path) > 0, f"{os.path.basename(path)} to be written")
+    office.hands.ready(window)
+    return path

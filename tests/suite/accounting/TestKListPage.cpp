@@ -183,6 +183,19 @@ private Q_SLOTS:
         QCOMPARE(names(again), names(page));
     }
 
+    // The next click on the title turns the order round, as it would have before the list was closed.
+    void aStoredDescendingOrderIsTurnedRoundByTheNextClick()
+    {
+        WriteSetting(section, QStringLiteral("iLastCol"), 1);
+        WriteSetting(section, QStringLiteral("Sort"), QStringLiteral("it.sName DESC"));
+        SampleList page;
+        page.open();
+        QCOMPARE(names(page), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a")}));
+        Q_EMIT page.list()->columnClicked(1);
+        QCOMPARE(page.sortExpression(), QStringLiteral("it.sName"));
+        QCOMPARE(names(page), (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+    }
+
     void anEmptyStoredOrderIsTheListsOwn_data()
     {
         QTest::addColumn<QString>("emptySort");

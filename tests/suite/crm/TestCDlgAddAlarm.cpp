@@ -33,7 +33,10 @@ private Q_SLOTS:
     void oldReminderKeepsItsPastTime();
     void movedReminderIsToldAnew();
     void reminderIsEndedInItsEditor();
+    void pastTimeIsTakenOfAReminderThatIsDone();
     void reminderIsGivenToAnotherUser();
+    void reminderGivenToAnotherUserOrOpenedAgainIsToldAnew_data();
+    void reminderGivenToAnotherUserOrOpenedAgainIsToldAnew();
     void inactiveUserStaysTheOneOfTheirReminder();
     void vanishedReminderIsTold();
     void closedDatabaseIsTold();
@@ -217,6 +220,19 @@ void TestCDlgAddAlarm::reminderIsEndedInItsEditor()
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
 }
 
+void TestCDlgAddAlarm::pastTimeIsTakenOfAReminderThatIsDone()
+{
+    const int id = Alarms::add(me(), 600, QStringLiteral("کار"));
+    Hand::inNextWindow([](QDialog *dialog) {
+        const Fields fields(dialog);
+        fields.date->setText(QStringLiteral("1404/01/01"));
+        fields.done->setChecked(true);
+        dialog->accept();
+    });
+    QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
 void TestCDlgAddAlarm::reminderIsGivenToAnotherUser()
 {
     const int id = Alarms::add(me(), -600, QStringLiteral("کار"));
@@ -229,6 +245,38 @@ void TestCDlgAddAlarm::reminderIsGivenToAnotherUser()
     QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
     QCOMPARE(CTblAlarm::dueCount(m_office.clerk()), 1);
+}
+
+void TestCDlgAddAlarm::reminderGivenToAnotherUserOrOpenedAgainIsToldAnew_data()
+{
+    QTest::addColumn<int>("statusBefore");
+    QTest::addColumn<QString>("user");
+    QTest::addColumn<bool>("toldAnew");
+    QTest::newRow("another description is told already") << int(CTblAlarm::statusOpen) << QStringLiteral("مدیر") << false;
+    QTest::newRow("another user was told nothing yet") << int(CTblAlarm::statusOpen) << QStringLiteral("کارمند") << true;
+    QTest::newRow("what is open again is told again") << int(CTblAlarm::statusDone) << QStringLiteral("مدیر") << true;
+}
+
+void TestCDlgAddAlarm::reminderGivenToAnotherUserOrOpenedAgainIsToldAnew()
+{
+    QFETCH(int, statusBefore);
+    QFETCH(QString, user);
+    QFETCH(bool, toldAnew);
+    const int id = Alarms::add(me(), -600, QStringLiteral("کار"), [&](CTblAlarm &alarm) {
+        alarm.m_dateTold = alarm.m_date;
+        alarm.m_iStatus = statusBefore;
+    });
+    Hand::inNextWindow([&](QDialog *dialog) {
+        const Fields fields(dialog);
+        fields.user->setCurrentText(user);
+        fields.desc->setText(QStringLiteral("کار دیگر"));
+        fields.done->setChecked(false);
+        dialog->accept();
+    });
+    QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
+    const int owner = user == QStringLiteral("مدیر") ? me() : m_office.clerk();
+    QCOMPARE(CTblAlarm::dueAtLogin(owner).size(), toldAnew ? 1 : 0);
+    QCOMPARE(CTblAlarm::dueCount(owner), 1);
 }
 
 void TestCDlgAddAlarm::inactiveUserStaysTheOneOfTheirReminder()

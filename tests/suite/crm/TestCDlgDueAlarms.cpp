@@ -9,6 +9,7 @@
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"
 
+#include <QComboBox>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void lastOneDoneClosesTheWindow();
     void postponedOneGoes();
     void editedOneGoesOnceItIsNotDue();
+    void oneGivenToAnotherUserGoes();
     void closedDatabaseOnlyShows();
     void tabGoesRoundListAndButtons();
     void escCloses();
@@ -150,6 +152,23 @@ void TestCDlgDueAlarms::editedOneGoesOnceItIsNotDue()
     QTest::keyClick(list(&dialog), Qt::Key_Return);
     QVERIFY(!dialog.isVisible());
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
+}
+
+void TestCDlgDueAlarms::oneGivenToAnotherUserGoes()
+{
+    const int given = Alarms::add(me(), -60, QStringLiteral("اول"));
+    const int kept = Alarms::add(me(), -30, QStringLiteral("دوم"));
+    CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QCOMPARE(list(&dialog)->currentKey(), given);
+    Hand::inNextWindow([](QDialog *editor) {
+        Hand::named<QComboBox>(editor, QStringLiteral("برای کاربر :"))->setCurrentText(QStringLiteral("کارمند"));
+        editor->accept();
+    });
+    QTest::keyClick(list(&dialog), Qt::Key_Return);
+    QCOMPARE(list(&dialog)->count(), 1);
+    QCOMPARE(list(&dialog)->currentKey(), kept);
 }
 
 void TestCDlgDueAlarms::closedDatabaseOnlyShows()

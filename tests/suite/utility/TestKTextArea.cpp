@@ -147,6 +147,28 @@ private Q_SLOTS:
         QCOMPARE(area.palette().color(QPalette::Base), open);
     }
 
+    void textBeginsWhereItsWindowBegins_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("Persian") << QStringLiteral("تعرفه");
+        QTest::newRow("Latin") << QStringLiteral("ELX");
+    }
+
+    // Read from the right, whatever letters the first line begins with.
+    void textBeginsWhereItsWindowBegins()
+    {
+        QFETCH(QString, text);
+        SampleDialog dialog;
+        dialog.setLayoutDirection(Qt::RightToLeft);
+        dialog.area->setText(text);
+        dialog.resize(600, 200);
+        dialog.showActive();
+        dialog.area->moveCursor(QTextCursor::Start);
+        QVERIFY(dialog.area->cursorRect().x() > dialog.area->viewport()->width() / 2);
+        dialog.area->moveCursor(QTextCursor::End);
+        QVERIFY(dialog.area->cursorRect().x() > dialog.area->viewport()->width() / 2);
+    }
+
     void typingAPartOffersTheStoredTextsThatHoldIt()
     {
         SampleDialog dialog;

@@ -16,6 +16,7 @@
 #include <QCompleter>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -70,6 +71,19 @@ private Q_SLOTS:
         QCOMPARE(form.comboBox(user)->count(), 3);
     }
 
+    void aLongNameDoesNotWidenADropDownOfNames()
+    {
+        const auto widthWith = [](const QString &entry) {
+            SampleRecord record;
+            QWidget page;
+            KForm form({{user, QStringLiteral("کاربر :"), Kind::Lookup}}, record, &page);
+            form.comboBox(user)->addItem(entry, 1);
+            page.show();
+            return form.comboBox(user)->sizeHint().width();
+        };
+        QCOMPARE(widthWith(QString(250, u'س')), widthWith(QStringLiteral("سارا")));
+    }
+
     void whatIsLoadedIsStoredBackUnchanged()
     {
         SampleRecord record;
@@ -90,6 +104,21 @@ private Q_SLOTS:
         QCOMPARE(other.m_dAmount, record.m_dAmount);
         QCOMPARE(other.m_bFlag, 1);
         QCOMPARE(other.m_iUserID, 2);
+    }
+
+    void textLongerThanItsLineShowsItsBeginning()
+    {
+        SampleRecord record;
+        record.m_sName = QStringLiteral("0123456789");
+        record.m_sNote = QStringLiteral("یادداشتی که از خط خود بلندتر است");
+        QWidget page;
+        KForm form({{name, QStringLiteral("نام :")}, {note, QStringLiteral("یادداشت :"), Kind::EditableChoice}}, record, &page);
+        form.load(record);
+        QCOMPARE(form.edit(name)->cursorPosition(), 0);
+        QCOMPARE(form.comboBox(note)->lineEdit()->cursorPosition(), 0);
+        // Also when the entries are exchanged under it.
+        form.setChoices(note, {QStringLiteral("یک")});
+        QCOMPARE(form.comboBox(note)->lineEdit()->cursorPosition(), 0);
     }
 
     void storedTextsAreOfferedWhateverPartOfThemIsTyped()

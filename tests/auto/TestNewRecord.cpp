@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/NewRecord.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "tests/office/TestOffice.h"
+
+#include <stdexcept>
+
+class TestNewRecord : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+
+    QString rows() { return m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")); }
+
+    // Whether the record was kept, and whether what else goes was taken away.
+    std::pair<bool, bool> edited(const std::function<bool()> &edit)
+    {
+        bool removed = false;
+        const bool kept = NewRecord::keptByEditor<CTblAutomobilInformations>(m_key, edit, [&] { removed = true; });
+        return {kept, removed};
+    }
+
+    int m_key = 0;
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase() { m_office.reset(); }
+    void init()
+    {
+        m_office->clear();
+        m_key = m_office->addCar();
+    }
+
+    void confirmedRecordStays()
+    {
+        QCOMPARE(edited([] { return true; }), std::pair(true, false));
+        QCOMPARE(rows(), QStringLiteral("1"));
+    }
+
+    void cancelledRecordGoesWithWhatBelongsToIt()
+    {
+        m_office->addCar();
+        QCOMPARE(edited([] { return false; }), std::pair(false, true));
+        QCOMPARE(rows(), QStringLiteral("1"));
+        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations WHERE iID=%1").arg(m_key)),
+                 QStringLiteral("0"));
+    }
+
+    void recordGoesAlsoWhenTheEditorFailsAndTheErrorIsPassedOn()
+    {
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, edited([]() -> bool { throw std::runtime_error("the editor failed"); }));
+        QCOMPARE(rows(), QStringLiteral("0"));
+    }
+
+    void recordThatSomebodyElseDeletedIsNoTrouble()
+    {
+        const auto deleting = [this] {
+            m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+            return false;
+        };
+        QCOMPARE(edited(deleting), std::pair(false, false));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return runOfficeTest<TestNewRecord>(argc, argv);
+}
+#include "TestNewRecord.moc"
