@@ -278,9 +278,8 @@ void CDlgAutomobilReportSeasons::refresh()
 void CDlgAutomobilReportSeasons::startGathering()
 {
     m_gathered = query();
-    m_rows = std::make_shared<SeasonalList>();
-    m_shownRows = 0;
-    m_list->listModel()->setSource(m_rows);
+    m_whole = false;
+    dropRows();
     if (m_sortedColumn >= 0)
         m_list->setColumnTitle(m_sortedColumn, m_list->listModel()->columns().at(m_sortedColumn).title.chopped(1));
     m_sortedColumn = -1;
@@ -318,12 +317,11 @@ void CDlgAutomobilReportSeasons::takeRows(const QVector<SeasonalRow> &rows)
 void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcome)
 {
     if (outcome.cancelled) {
-        // Part of a season is no report of it.
-        m_rows = std::make_shared<SeasonalList>();
-        m_list->listModel()->setSource(m_rows);
+        dropRows();
         setBusy(false);
         return;
     }
+    m_whole = true;
     m_list->listModel()->sourceGrew();
     m_list->selectRow(0);
     showTotals(outcome.totals);
@@ -346,10 +344,17 @@ void CDlgAutomobilReportSeasons::showTooLongAddress()
 
 void CDlgAutomobilReportSeasons::fail(const std::exception_ptr &error)
 {
-    m_rows = std::make_shared<SeasonalList>();
-    m_list->listModel()->setSource(m_rows);
+    dropRows();
     setBusy(false);
     KErrorBoundary::report(error, this);
+}
+
+// Part of a season is no report of it.
+void CDlgAutomobilReportSeasons::dropRows()
+{
+    m_rows = std::make_shared<SeasonalList>();
+    m_shownRows = 0;
+    m_list->listModel()->setSource(m_rows);
 }
 
 void CDlgAutomobilReportSeasons::showTotals(const SeasonalTotals &totals)
@@ -409,16 +414,18 @@ void CDlgAutomobilReportSeasons::showPayable()
         CDlgPaymentAmount(m_seasons->checkedId(), quint16(m_year->integer()), this).exec();
 }
 
-// What the file says of itself comes from the fields; rows of another season must not go under it unnoticed.
+// What the file says of itself comes from the fields; rows of another season, or none because somebody stopped their
+// gathering, must not go under it unnoticed.
 bool CDlgAutomobilReportSeasons::stillAsGathered()
 {
     const SeasonalGathering::Query now = query();
-    if (now.kind == m_gathered.kind && now.season == m_gathered.season && now.shamsiYear == m_gathered.shamsiYear)
-        return true;
-    return g_pDlgYesNo->Ask(QStringLiteral("فصل، سال یا نوع گزارش پس از آخرین نمایش تغییر کرده است و ردیف های لیست با آن یکی نیست. "
-                                           "آیا فایل با همین ردیف ها تهیه شود؟"),
-                            this)
-        == KMessageDialog::Yes;
+    QString question;
+    if (!m_whole)
+        question = QStringLiteral("گردآوری ردیف ها به پایان نرسیده و لیست خالی است. آیا فایل بدون ردیف تهیه شود؟");
+    else if (now.kind != m_gathered.kind || now.season != m_gathered.season || now.shamsiYear != m_gathered.shamsiYear)
+        question = QStringLiteral("فصل، سال یا نوع گزارش پس از آخرین نمایش تغییر کرده است و ردیف های لیست با آن یکی نیست. "
+                                  "آیا فایل با همین ردیف ها تهیه شود؟");
+    return question.isEmpty() || g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes;
 }
 
 void CDlgAutomobilReportSeasons::exportSeason()

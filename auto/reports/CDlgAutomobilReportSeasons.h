@@ -90,11 +90,13 @@ private:
     void editParty(int key);
     bool isEntryGood();
     bool stillAsGathered();
+    void dropRows();
 
     SeasonalTask m_task;
     std::shared_ptr<SeasonalList> m_rows;
     SeasonalGathering::Query m_gathered; // what the rows were gathered by
     int m_shownRows = 0;                 // of them, as far as the list was told
+    bool m_whole = false;                // the gathering came to its end
     int m_sortedColumn = -1;
     bool m_descending = false;
     bool m_opened = false;

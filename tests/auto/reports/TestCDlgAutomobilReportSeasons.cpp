@@ -200,6 +200,11 @@ private Q_SLOTS:
         button(window, QStringLiteral("توقف"))->click();
         waitUntilIdle(window);
         QCOMPARE(window.list()->count(), 0);
+        // Nor is it exported as a season without rows, unless somebody wants that.
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        window.exportSeason();
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         window.refresh();
         waitUntilIdle(window);
         QCOMPARE(window.list()->count(), 12'000);
@@ -292,6 +297,65 @@ private Q_SLOTS:
         for (int key = 1; key <= 3; ++key)
             Q_EMIT window.list()->rowActivated(key);
         QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void aClosedDatabaseOnlyShowsTheParty()
+    {
+        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = person; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        GetDBSetting()->SetClosedDB(true);
+        QString title;
+        TestOffice::whenModal("CDlgAddPerson", [&title](QWidget *editor) {
+            title = editor->windowTitle();
+            editor->close();
+        });
+        Q_EMIT window.list()->rowActivated(1);
+        GetDBSetting()->SetClosedDB(false);
+        QVERIFY2(title.contains(QStringLiteral("نمایش")), qPrintable(title));
+    }
+
+    void whoMayNotSeePersonsIsToldSo()
+    {
+        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = person; });
+        m_office.logInAs(QStringLiteral("sara"), QStringLiteral("AutomobilReportSeasons"), KSecurity::allRights);
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        Q_EMIT window.list()->rowActivated(1);
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Persons"), KSecurity::Read)});
+    }
+
+    // The row that is activated is the one that is seen, and the file has the rows as they are seen.
+    void activatingARowOfASortedListMendsThatRowsParty()
+    {
+        const int first = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        const int second = m_office.addPerson(QStringLiteral("مریم"), QStringLiteral("کاظمی"));
+        addContract(20'000'000, [first](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = first; });
+        addContract(90'000'000, [second](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = second; });
+        Window window;
+        window.show();
+        waitUntilIdle(window);
+        Q_EMIT window.list()->columnClicked(4);
+        Q_EMIT window.list()->columnClicked(4);
+        QCOMPARE(window.list()->cellText(0, 11), QStringLiteral("مریم"));
+        QString family;
+        TestOffice::whenModal("CDlgAddPerson", [&family](QWidget *editor) {
+            const QList<QLineEdit *> edits = editor->findChildren<QLineEdit *>();
+            for (const QLineEdit *edit : edits)
+                family += edit->text() + u'|';
+            editor->close();
+        });
+        const QModelIndex index = window.list()->model()->index(0, 11);
+        window.list()->scrollTo(index);
+        const QPoint place = window.list()->visualRect(index).center();
+        QTest::mouseClick(window.list()->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(window.list()->viewport(), Qt::LeftButton, {}, place);
+        QVERIFY2(family.contains(QStringLiteral("کاظمی")), qPrintable(family));
     }
 
     void aPersonDeletedMeanwhileLeavesTheCells()
