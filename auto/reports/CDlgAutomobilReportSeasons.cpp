@@ -40,6 +40,8 @@ namespace {
 constexpr double highestTotal = 1e15;
 const QString section = QStringLiteral("DlgAutomobilReportSeasons");
 const QString minimumKey = QStringLiteral("dMinAmount");
+// Once the rows have been gathered the caption is written with the other letter yeh; it is so on purpose.
+const QString idleCaption = QStringLiteral("نمایش");
 const QString busyCaption = QStringLiteral("لطفا صبر کنید...");
 const QString showCaption = QStringLiteral("نمايش");
 
@@ -293,7 +295,7 @@ void CDlgAutomobilReportSeasons::setBusy(bool busy)
     // What is disabled or hidden loses the focus to its neighbour; whoever types in a field meanwhile keeps it.
     if (qobject_cast<QPushButton *>(focusWidget()))
         m_list->setFocus();
-    m_show->setText(busy ? busyCaption : showCaption);
+    m_show->setText(busy ? busyCaption : idleCaption);
     for (QPushButton *button : {m_show, m_print, m_close, m_export})
         button->setDisabled(busy);
     m_progressText->setText(QStringLiteral("در حال گردآوری"));

@@ -123,7 +123,7 @@ private Q_SLOTS:
         Window window;
         window.show();
         waitUntilIdle(window);
-        for (const char *caption : {"مشخصات شرکت/فروشگاه", "تهيه فايل خروجي اداره ماليات", "چاپ", "مبلغ قابل پرداخت", "بازگشت", "نمايش"})
+        for (const char *caption : {"مشخصات شرکت/فروشگاه", "تهيه فايل خروجي اداره ماليات", "چاپ", "مبلغ قابل پرداخت", "بازگشت", "نمایش"})
             QVERIFY2(button(window, QString::fromUtf8(caption)), caption);
         QStringList options;
         for (const QButtonGroup *group : {window.seasons(), window.kinds()}) {
@@ -166,7 +166,7 @@ private Q_SLOTS:
         window.show();
         waitUntilIdle(window);
         const QSignalSpy idle(&window, &Window::idle);
-        QPushButton *show = button(window, QStringLiteral("نمايش"));
+        QPushButton *show = button(window, QStringLiteral("نمایش"));
         window.refresh();
         QVERIFY(window.isBusy());
         QCOMPARE(show->text(), QStringLiteral("لطفا صبر کنید..."));
@@ -179,8 +179,8 @@ private Q_SLOTS:
         window.refresh(); // a second one does not start
         waitUntilIdle(window);
         QCOMPARE(idle.count(), 1);
-        QCOMPARE(show->text(), QStringLiteral("نمايش"));
-        for (const QString &caption : {QStringLiteral("نمايش"), QStringLiteral("چاپ"), QStringLiteral("بازگشت")})
+        QCOMPARE(show->text(), QStringLiteral("نمایش"));
+        for (const QString &caption : {QStringLiteral("نمایش"), QStringLiteral("چاپ"), QStringLiteral("بازگشت")})
             QVERIFY(button(window, caption)->isEnabled());
         QCOMPARE(window.list()->count(), 2);
         window.reject();
@@ -220,7 +220,7 @@ private Q_SLOTS:
         waitUntilIdle(window);
         m_office.database().run(QStringLiteral("RENAME TABLE Away TO FactorStuffs, AwayToo TO Factors"));
         QCOMPARE((g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown()).size(), 1);
-        QVERIFY(button(window, QStringLiteral("نمايش"))->isEnabled());
+        QVERIFY(button(window, QStringLiteral("نمایش"))->isEnabled());
         window.refresh();
         waitUntilIdle(window);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -481,7 +481,7 @@ private Q_SLOTS:
         window.year()->setFocus();
         waitUntilIdle(window);
         QCOMPARE(window.focusWidget(), window.year());
-        button(window, QStringLiteral("نمايش"))->setFocus();
+        button(window, QStringLiteral("نمایش"))->setFocus();
         window.refresh();
         QVERIFY(window.isBusy());
         waitUntilIdle(window);
