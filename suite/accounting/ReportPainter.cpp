@@ -3,6 +3,8 @@
 
 #include "suite/accounting/ReportPainter.h"
 
+#include "suite/utility/CodeText.h"
+
 #include <QApplication>
 #include <QPageSize>
 #include <QPainter>
@@ -64,9 +66,10 @@ void breakLines(QTextLayout &layout, double width, Qt::Alignment alignment, bool
     layout.endLayout();
 }
 
-QString inLines(QString text)
+QString inLines(QString text, bool leftToRight)
 {
-    return text.remove(u'\r').replace(u'\n', QChar(QChar::LineSeparator));
+    text = text.remove(u'\r').replace(u'\n', QChar(QChar::LineSeparator));
+    return leftToRight ? CodeText::shown(text) : text;
 }
 
 }
@@ -164,7 +167,7 @@ bool ReportPainter::countLines(const ReportProgress &progress)
             const double width = m_widths[i] - 2 * cellPadding;
             const QString &text = cells.at(column).text;
             if (m_advances[cell] > width || text.contains(u'\n'))
-                lines = std::max(lines, linesOf(text, m_font, width, ListReport::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
+                lines = std::max(lines, linesOf(text, m_font, width, KListModel::readsLeftToRight(m_report.columns().at(column), cells.at(column))));
         }
     }
     return true;
@@ -201,7 +204,7 @@ int ReportPainter::linesOf(const QString &text, const QFont &font, double width,
 {
     if (text.isEmpty())
         return 1;
-    QTextLayout layout(inLines(text), font);
+    QTextLayout layout(inLines(text, leftToRight), font);
     breakLines(layout, width, Qt::AlignRight, leftToRight);
     return std::max(1, layout.lineCount());
 }
@@ -211,7 +214,7 @@ void ReportPainter::drawText(QPainter &painter, const QRectF &box, const QString
 {
     if (text.isEmpty())
         return;
-    QTextLayout layout(inLines(text), font);
+    QTextLayout layout(inLines(text, leftToRight), font);
     breakLines(layout, box.width(), alignment, leftToRight);
     const int last = lineCount < 0 ? layout.lineCount() : std::min(layout.lineCount(), firstLine + lineCount);
     const double height = lineHeight(font);
@@ -297,7 +300,7 @@ void ReportPainter::paintSlice(QPainter &painter, const ReportGeometry::Slice &s
         const KListModel::Column &shown = m_report.columns().at(column);
         painter.setPen(Qt::black);
         drawText(painter, box.adjusted(cellPadding, 0, -cellPadding, 0), cells.at(column).text, m_font,
-                 shown.alignment & Qt::AlignHorizontal_Mask, ListReport::readsLeftToRight(shown, cells.at(column)),
+                 shown.alignment & Qt::AlignHorizontal_Mask, KListModel::readsLeftToRight(shown, cells.at(column)),
                  slice.firstLine, slice.lineCount);
     }
 }

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "suite/utility/CodeText.h"
 #include "suite/utility/KSettings.h"
 #include "suite/utility/ListRoles.h"
 
@@ -28,8 +29,10 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (index.data(LeftToRightRole).toBool())
-            option->direction = Qt::LeftToRight;
+        if (!index.data(LeftToRightRole).toBool())
+            return;
+        option->direction = Qt::LeftToRight;
+        option->text = CodeText::shown(option->text);
     }
 };
 

@@ -12,12 +12,13 @@
 #include "suite/utility/EntryMark.h"
 #include "suite/utility/ListRoles.h"
 
-namespace {
+KListModel::KListModel(QObject *parent)
+    : QAbstractTableModel(parent) { }
 
 // A run of digits with a sign, a slash or a separator would be turned round inside a line that reads from the right.
-bool readsLeftToRight(const QVariant &value)
+bool KListModel::readsLeftToRight(const Column &column, const Cell &cell)
 {
-    switch (value.typeId()) {
+    switch (cell.value.typeId()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
     case QMetaType::Double:
@@ -25,14 +26,9 @@ bool readsLeftToRight(const QVariant &value)
     case QMetaType::QDateTime:
         return true;
     default:
-        return false;
+        return column.isDate || column.isCode;
     }
 }
-
-}
-
-KListModel::KListModel(QObject *parent)
-    : QAbstractTableModel(parent) { }
 
 void KListModel::setColumns(const QVector<Column> &columns)
 {
@@ -138,7 +134,7 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
         return bold;
     }
     case LeftToRightRole:
-        return column.isDate || (cell && readsLeftToRight(cell->value));
+        return readsLeftToRight(column, cell ? *cell : Cell());
     default:
         return {};
     }
