@@ -154,7 +154,7 @@ void CDlgAddAutomobilDemandBase::fill(CTblAutomobilDemands &demand)
     m_form->load(demand);
     for (const QString &column : {colorColumn, facilitiesColumn})
         m_form->button(column)->setEnabled(!isShowMode());
-    if (mode() == EditorMode::New && !demand.m_dateReference.isValid())
+    if (mode() == EditorMode::New)
         m_form->dateEdit(referenceColumn)->setDate(GetDBSetting()->GetDBServerDate().date());
     m_created->setText(shamsiText(demand.m_dateCreate.date()));
     // Saving makes a new demand the current user's.
@@ -183,8 +183,6 @@ QString CDlgAddAutomobilDemandBase::proposedReminder() const
 
 bool CDlgAddAutomobilDemandBase::validate()
 {
-    if (isShowMode())
-        return true;
     if (m_person->name().trimmed().isEmpty()) {
         refuse(QStringLiteral("لطفا نام متقاضی را وارد نمایید."), m_person->codeEdit());
         m_person->pick();

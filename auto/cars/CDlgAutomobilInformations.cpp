@@ -100,7 +100,7 @@ QVector<KListModel::Column> CDlgAutomobilInformations::listColumns() const
         {QStringLiteral("نوع خودرو"), Qt::AlignCenter, 80, column("iAutomobilType")},
         {QStringLiteral("مدل"), Qt::AlignCenter, 50, column("iModel")},
         {QStringLiteral("تیپ"), Qt::AlignCenter, 50, column("iBrigade")},
-        {QStringLiteral("پلاک"), Qt::AlignCenter, 0, column("sNumOfPlates")},
+        {QStringLiteral("پلاک"), Qt::AlignCenter, 0, column("sNumOfPlates"), false, true},
         {QStringLiteral("سال تولید"), Qt::AlignCenter, 50, column("iYear")},
         {QStringLiteral("تاریخ معرفی"), Qt::AlignCenter, 80, column("dateIntroduction"), true},
         {QStringLiteral("کاربری"), Qt::AlignRight, 80, column("iUsageType")},

@@ -69,7 +69,7 @@ MatchTable CDlgMatchingCars::table(int demandID)
             {QStringLiteral("سال تولید"), Qt::AlignCenter, 50},
             {QStringLiteral("رنگ"), Qt::AlignRight, 55},
             {QStringLiteral("مبلغ"), Qt::AlignCenter, 85},
-            {QStringLiteral("پلاک"), Qt::AlignCenter, 95},
+            {QStringLiteral("پلاک"), Qt::AlignCenter, 95, {}, false, true},
             {QStringLiteral("نام مالک"), Qt::AlignRight, 110},
         },
         {title, QStringLiteral("گالری اتومبیل"), title},

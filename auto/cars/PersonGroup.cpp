@@ -156,10 +156,10 @@ void PersonGroup::pick()
     if (m_readOnly)
         return;
     const int chosen = CDlgPersons::SelectPerson(window(), CDlgPersons::modePickOne, m_personID);
-    if (chosen == 0)
-        return;
-    setPersonID(chosen);
-    Q_EMIT changed(chosen);
+    // Nobody picked, the one who is shown may have been changed there.
+    setPersonID(chosen == 0 ? m_personID : chosen);
+    if (chosen != 0)
+        Q_EMIT changed(chosen);
 }
 
 void PersonGroup::clearByUser()
@@ -172,9 +172,14 @@ void PersonGroup::clearByUser()
 
 bool PersonGroup::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_code || event->type() != QEvent::KeyPress || m_readOnly
-        || !isPickKey(static_cast<QKeyEvent *>(event)))
+    if (watched != m_code || event->type() != QEvent::KeyPress || m_readOnly)
         return QGroupBox::eventFilter(watched, event);
-    pick();
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (isPickKey(key))
+        pick();
+    else if (key->key() == Qt::Key_Delete && m_clear && m_clear->isEnabled())
+        clearByUser();
+    else
+        return QGroupBox::eventFilter(watched, event);
     return true;
 }

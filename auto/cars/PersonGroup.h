@@ -10,7 +10,7 @@ class QLabel;
 class QPushButton;
 
 // One person of the suite on an editor's page: the code with the picker beside it, and what the list of persons says. From
-// the code F4, Alt+Down or the space bar open the picker too.
+// the code F4, Alt+Down or the space bar open the picker too, and Delete empties the group.
 class PersonGroup final : public QGroupBox
 {
     Q_OBJECT

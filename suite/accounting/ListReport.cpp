@@ -157,17 +157,3 @@ int ListReport::columnOf(const QString &title) const
     }
     return -1;
 }
-
-bool ListReport::readsLeftToRight(const KListModel::Column &column, const KListModel::Cell &cell)
-{
-    switch (cell.value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-    case QMetaType::Double:
-    case QMetaType::QDate:
-    case QMetaType::QDateTime:
-        return true;
-    default:
-        return column.isDate;
-    }
-}

@@ -63,8 +63,6 @@ public:
         double share;
     };
     QVector<ShownColumn> shownColumns() const;
-    // Whether the cell reads from left to right: numbers and dates.
-    static bool readsLeftToRight(const KListModel::Column &column, const KListModel::Cell &cell);
 
 private:
     int columnOf(const QString &title) const;

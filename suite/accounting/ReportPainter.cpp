@@ -3,6 +3,8 @@
 
 #include "suite/accounting/ReportPainter.h"
 
+#include "suite/utility/CodeText.h"
+
 #include <QApplication>
 #include <QPageSize>
 #include <QPainter>
@@ -66,9 +68,10 @@ void breakLines(QTextLayout &layout, double width, Qt::Alignment alignment, bool
     layout.endLayout();
 }
 
-QString inLines(QString text)
+QString inLines(QString text, bool leftToRight)
 {
-    return text.remove(u'\r').replace(u'\n', QChar(QChar::LineSeparator));
+    text = text.remove(u'\r').replace(u'\n', QChar(QChar::LineSeparator));
+    return leftToRight ? CodeText::shown(text) : text;
 }
 
 }
@@ -208,7 +211,7 @@ int ReportPainter::linesOfRow(int row, size_t firstAdvance) const
             const double width = placed.width - 2 * m_padding;
             const KListModel::Cell &cell = source.cells.at(column);
             if (m_advances[firstAdvance + static_cast<size_t>(placed.position)] > width || cell.text.contains(u'\n'))
-                lines = std::max(lines, linesOf(cell.text, fontOf(source), width, ListReport::readsLeftToRight(m_report.columns().at(column), cell)));
+                lines = std::max(lines, linesOf(cell.text, fontOf(source), width, KListModel::readsLeftToRight(m_report.columns().at(column), cell)));
         }
     }
     return lines;
@@ -247,7 +250,7 @@ int ReportPainter::linesOf(const QString &text, const QFont &font, double width,
 {
     if (text.isEmpty())
         return 1;
-    QTextLayout layout(inLines(text), font);
+    QTextLayout layout(inLines(text, leftToRight), font);
     breakLines(layout, width, Qt::AlignRight, leftToRight);
     return std::max(1, layout.lineCount());
 }
@@ -257,7 +260,7 @@ void ReportPainter::drawText(QPainter &painter, const QRectF &box, const QString
 {
     if (text.isEmpty())
         return;
-    QTextLayout layout(inLines(text), font);
+    QTextLayout layout(inLines(text, leftToRight), font);
     breakLines(layout, box.width(), alignment, leftToRight);
     const int last = lineCount < 0 ? layout.lineCount() : std::min(layout.lineCount(), firstLine + lineCount);
     const double height = lineHeight(font);
@@ -345,7 +348,7 @@ void ReportPainter::paintSlice(QPainter &painter, const Sheet &sheet, const Repo
         const KListModel::Column &shown = m_report.columns().at(column);
         painter.setPen(Qt::black);
         drawText(painter, box.adjusted(m_padding, 0, -m_padding, 0), cells.at(column).text, fontOf(row),
-                 shown.alignment & Qt::AlignHorizontal_Mask, ListReport::readsLeftToRight(shown, cells.at(column)),
+                 shown.alignment & Qt::AlignHorizontal_Mask, KListModel::readsLeftToRight(shown, cells.at(column)),
                  slice.firstLine, slice.lineCount);
     }
 }

@@ -4,9 +4,11 @@
 #include "suite/utility/KEdit.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 
 #include <cmath>
 #include <limits>
@@ -262,14 +264,34 @@ void KEdit::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    if (event->matches(QKeySequence::Copy) && m_kind == Kind::Code && hasSelectedText()) {
-        QGuiApplication::clipboard()->setText(CodeText::plain(selectedText()));
-        event->accept();
-        return;
-    }
     if (readsLeftToRight() && !isReadOnly())
         stepOverInserted(event->key());
+    const QString selected = selectedText();
     QLineEdit::keyPressEvent(event);
+    if (m_kind == Kind::Code && (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)))
+        takeMarksOffClipboard(selected);
+}
+
+void KEdit::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (m_kind != Kind::Code) {
+        QLineEdit::contextMenuEvent(event);
+        return;
+    }
+    QMenu *menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // The menu tells before the line has done it.
+    connect(
+        menu, &QMenu::triggered, this, [selected = selectedText()] { takeMarksOffClipboard(selected); }, Qt::QueuedConnection);
+    menu->popup(event->globalPos());
+}
+
+// Where a copied code goes, a mark that nobody sees makes it another one.
+void KEdit::takeMarksOffClipboard(const QString &copied)
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    if (!copied.isEmpty() && clipboard->text() == copied)
+        clipboard->setText(CodeText::plain(copied));
 }
 
 void KEdit::focusInEvent(QFocusEvent *event)

@@ -71,6 +71,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -90,6 +91,7 @@ private:
     void checkRange(double entered);
     bool isRefusedKey(const QKeyEvent *event) const;
     void stepOverInserted(int key);
+    static void takeMarksOffClipboard(const QString &copied);
 
     Kind m_kind = Kind::Text;
     double m_minimum = 0;

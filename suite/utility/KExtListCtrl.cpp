@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "suite/utility/CodeText.h"
 #include "suite/utility/KSettings.h"
 #include "suite/utility/ListRoles.h"
 
@@ -28,8 +29,6 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (index.data(LeftToRightRole).toBool())
-            option->direction = Qt::LeftToRight;
         // A cell with colours of its own keeps them in the selected row.
         const QVariant mark = index.data(Qt::BackgroundRole);
         const QVariant text = index.data(Qt::ForegroundRole);
@@ -37,6 +36,10 @@ protected:
             option->palette.setBrush(QPalette::Highlight, mark.value<QBrush>());
             option->palette.setBrush(QPalette::HighlightedText, text.value<QBrush>());
         }
+        if (!index.data(LeftToRightRole).toBool())
+            return;
+        option->direction = Qt::LeftToRight;
+        option->text = CodeText::shown(option->text);
     }
 };
 

@@ -19,21 +19,6 @@ namespace {
 // More than a screen shows.
 constexpr int keptRows = 512;
 
-// A run of digits with a sign, a slash or a separator would be turned round inside a line that reads from the right.
-bool readsLeftToRight(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-    case QMetaType::Double:
-    case QMetaType::QDate:
-    case QMetaType::QDateTime:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // How a cell stands out, if it does.
 QVariant look(const KListModel::Row &row, int column, int role)
 {
@@ -62,6 +47,21 @@ KListModel::Source::~Source() = default;
 KListModel::KListModel(QObject *parent)
     : QAbstractTableModel(parent)
     , m_madeRows(keptRows) { }
+
+// A run of digits with a sign, a slash or a separator would be turned round inside a line that reads from the right.
+bool KListModel::readsLeftToRight(const Column &column, const Cell &cell)
+{
+    switch (cell.value.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::Double:
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return true;
+    default:
+        return column.isDate || column.isCode;
+    }
+}
 
 void KListModel::setColumns(const QVector<Column> &columns)
 {
@@ -223,7 +223,7 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
     case Qt::FontRole:
         return look(row, index.column(), role);
     case LeftToRightRole:
-        return column.isDate || (cell && readsLeftToRight(cell->value));
+        return readsLeftToRight(column, cell ? *cell : Cell());
     default:
         return {};
     }

@@ -31,6 +31,7 @@ public:
         int width = 80;                           // dialog units: quarters of the font's average character; 0: not shown
         QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
+        bool isCode = false; // a plate, a chassis number: drawn from left to right, its letters too
     };
 
     // The value may stay empty. Dates and numbers given as value are drawn left to right.
@@ -61,6 +62,9 @@ public:
     };
 
     explicit KListModel(QObject *parent = nullptr);
+
+    // Whether the cell's text is drawn from left to right, on the screen and on paper.
+    static bool readsLeftToRight(const Column &column, const Cell &cell);
 
     void setColumns(const QVector<Column> &columns);
     const QVector<Column> &columns() const { return m_columns; }

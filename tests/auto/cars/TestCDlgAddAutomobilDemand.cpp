@@ -529,6 +529,25 @@ private Q_SLOTS:
         QCOMPARE(load(demand, key).m_iAlarmID, reminder->alarmID());
     }
 
+    void aReminderIsProposedWithWhatIsKnownOfTheDemand()
+    {
+        const auto dialog = opened(Dialog::addPlaceholder(), EditorMode::New);
+        const auto proposed = [&dialog] {
+            QString description;
+            TestOffice::whenModal("CDlgAddAlarm", [&description](QWidget *window) {
+                description = named<KEdit>(*window, QStringLiteral("شرح :"))->text();
+                static_cast<QDialog *>(window)->reject();
+            });
+            dialog->basePage()->reminder()->remindBox()->click();
+            return description;
+        };
+        QCOMPARE(proposed(), QStringLiteral("تقاضای 1"));
+        dialog->basePage()->form()->setKey(QStringLiteral("iAutomobilType"), m_brand);
+        QCOMPARE(proposed(), QStringLiteral("تقاضای 1 - پژو"));
+        dialog->basePage()->person()->setPersonID(m_person);
+        QCOMPARE(proposed(), QStringLiteral("تقاضای 1 - سارا کریمی، پژو"));
+    }
+
     // As a screen reader ticks it: without a click.
     void aBoxThatIsToggledAsksForTheReminderToo()
     {
@@ -656,6 +675,20 @@ private Q_SLOTS:
         QCOMPARE(demand.m_iCode, 1);
         QCOMPARE(demand.m_iPersonID, m_person);
         QCOMPARE(demand.m_iUserID, m_office->adminID());
+    }
+
+    void aNewDemandThatCannotBeOpenedLeavesNoRowAndItsError()
+    {
+        m_office->database().run(QStringLiteral("RENAME TABLE CarBrands TO CarBrandsAway"));
+        bool thrown = false;
+        try {
+            Dialog::NewDemand(nullptr);
+        } catch (const CMySQLException &) {
+            thrown = true;
+        }
+        m_office->database().run(QStringLiteral("RENAME TABLE CarBrandsAway TO CarBrands"));
+        QVERIFY(thrown);
+        QCOMPARE(count("AutomobilDemands"), QStringLiteral("0"));
     }
 
     void cancelledNewDemandLeavesNoRowFileOrReminder()

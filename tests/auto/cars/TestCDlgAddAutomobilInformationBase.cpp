@@ -13,6 +13,7 @@
 #include "tests/auto/cars/CarEditorOffice.h"
 
 #include <QBuffer>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 namespace {
@@ -196,6 +197,45 @@ private Q_SLOTS:
         QVERIFY(!clear->isEnabled());
         QCOMPARE(owner->personID(), 0);
         QCOMPARE(owner->name(), QString());
+    }
+
+    void deleteEmptiesTheOwnerFromTheKeyboard()
+    {
+        open();
+        PersonGroup *owner = m_dialog->basePage()->owner();
+        owner->setReadOnly(true);
+        QTest::keyClick(owner->codeEdit(), Qt::Key_Delete);
+        QCOMPARE(owner->personID(), m_office->owner);
+        owner->setReadOnly(false);
+        QTest::keyClick(owner->codeEdit(), Qt::Key_Delete);
+        QCOMPARE(owner->personID(), 0);
+        QCOMPARE(owner->name(), QString());
+    }
+
+    // In the list of persons one can be changed and deleted, too.
+    void ownerChangedOrDeletedInThePickerIsShownSoThoughNobodyWasPicked_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("changed") << QStringLiteral("UPDATE Persons SET sName2='سارا رستمی' WHERE iID=%1") << QStringLiteral("سارا رستمی");
+        QTest::newRow("deleted") << QStringLiteral("DELETE FROM Persons WHERE iID=%1") << QString();
+    }
+
+    void ownerChangedOrDeletedInThePickerIsShownSoThoughNobodyWasPicked()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, name);
+        open();
+        PersonGroup *owner = m_dialog->basePage()->owner();
+        QSignalSpy changed(owner, &PersonGroup::changed);
+        TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
+            m_office->database().run(statement.arg(m_office->owner));
+            static_cast<QDialog *>(window)->reject();
+        });
+        owner->pick();
+        QCOMPARE(owner->name(), name);
+        QCOMPARE(owner->personID(), m_office->owner);
+        QVERIFY(changed.isEmpty());
     }
 
     // --- Catalog ---

@@ -328,11 +328,13 @@ private Q_SLOTS:
         QVERIFY(c.withInactive && c.archiveState == 2 && c.automobilType != 0 && c.color != 0 && c.referenceFrom.isValid()
                 && c.referenceTo.isValid() && !c.specialDescriptionPart.isEmpty() && c.personID != 0 && c.yearFrom != 0
                 && c.yearTo != 0 && c.amountFrom != 0 && c.amountTo != 0);
-        // A brand that was added meanwhile is offered too.
+        // A brand and a colour that were added meanwhile are offered too.
         m_office->addBrand(QStringLiteral("سایپا"));
+        CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سیاه"));
         QVERIFY(page.runCommand(QStringLiteral("پيش فرض")));
         QVERIFY(isDefault());
         QCOMPARE(page.typeFilter()->count(), 3);
+        QCOMPARE(page.colorFilter()->count(), 3);
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
         QVERIFY(!page.button(editCaption)->isEnabled());

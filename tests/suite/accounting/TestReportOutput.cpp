@@ -3,9 +3,11 @@
 
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/ReportOutput.h"
+#include "suite/accounting/ReportPainter.h"
 #include "tests/suite/accounting/SampleReport.h"
 
 #include <QDir>
+#include <QPainter>
 #include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -49,6 +51,20 @@ bool holds(const QString &page, const QString &text)
         }
         return true;
     });
+}
+
+QImage firstPageOf(const ListReport &report)
+{
+    constexpr double scale = 0.2;
+    ReportPainter painter(report);
+    if (!painter.layOut())
+        return {};
+    QImage image((painter.paperSize() * scale).toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter onto(&image);
+    onto.scale(scale, scale);
+    painter.paint(onto, 0);
+    return image;
 }
 
 struct SheetCell
@@ -249,6 +265,20 @@ private Q_SLOTS:
         QVERIFY2(page.contains(titles), qPrintable(page));
         QVERIFY(page.contains(QRegularExpression(QStringLiteral("خریدار.* تحویل"))));
         QVERIFY(!page.contains(QStringLiteral("مبلغ")));
+    }
+
+    void codesReadFromLeftToRightLettersToo()
+    {
+        const QString plate = QStringLiteral("12 ب 345 ایران 67");
+        const auto firstPage = [](bool isCode, const QString &text) {
+            ListReport report(QStringLiteral("g"), QStringLiteral("r"));
+            report.setTable(QStringLiteral("List"), {{QStringLiteral("پلاک"), Qt::AlignCenter, 80, {}, false, isCode}}, {{1, {{text}}}});
+            report.buildStandard(QStringLiteral("عنوان"));
+            return firstPageOf(report);
+        };
+        // As a text that is turned round by hand.
+        QCOMPARE(firstPage(true, plate), firstPage(false, QStringLiteral("67 ایران 345 ب 12")));
+        QVERIFY(firstPage(true, plate) != firstPage(false, plate));
     }
 
     void wordsOfCrowdedColumnsStayWhole()

@@ -79,12 +79,14 @@ private Q_SLOTS:
     void nothingIsKeptWithoutAName();
     void copiedTextIsPlain();
     void datesAndNumbersAreDrawnLeftToRight();
+    void codesAreDrawnLeftToRightLettersToo();
     void rowsAreReadable();
     void tenThousandRows();
 
 private:
     QPoint placeOf(int row) const;
     QPoint placeBesideRows() const;
+    QImage drawn(int column, Qt::LayoutDirection direction) const;
 
     QTemporaryDir m_folder;
     std::unique_ptr<KExtListCtrl> m_list;
@@ -426,27 +428,43 @@ void TestKExtListCtrl::copiedTextIsPlain()
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("1\tشخص 1\t1405/08/30\t-1"));
 }
 
+// A cell of the first row, drawn alone.
+QImage TestKExtListCtrl::drawn(int column, Qt::LayoutDirection direction) const
+{
+    QStyleOptionViewItem option;
+    option.initFrom(m_list.get());
+    option.direction = direction;
+    option.rect = QRect(0, 0, 150, 24);
+    option.font = m_list->font();
+    QImage image(150, 24, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    m_list->itemDelegate()->paint(&painter, option, m_list->listModel()->index(0, column));
+    return image;
+}
+
 void TestKExtListCtrl::datesAndNumbersAreDrawnLeftToRight()
 {
-    // Drawn alone, a cell of either kind must look as it does in a list that reads from the left.
+    // A cell of either kind must look as it does in a list that reads from the left.
+    QImage blank(150, 24, QImage::Format_RGB32);
+    blank.fill(Qt::white);
     for (int column : {2, 3}) {
-        QImage images[2];
-        for (int i = 0; i < 2; ++i) {
-            QStyleOptionViewItem option;
-            option.initFrom(m_list.get());
-            option.direction = i == 0 ? Qt::RightToLeft : Qt::LeftToRight;
-            option.rect = QRect(0, 0, 150, 24);
-            option.font = m_list->font();
-            images[i] = QImage(150, 24, QImage::Format_RGB32);
-            images[i].fill(Qt::white);
-            QPainter painter(&images[i]);
-            m_list->itemDelegate()->paint(&painter, option, m_list->listModel()->index(0, column));
-        }
-        QCOMPARE(images[0], images[1]);
-        QImage blank(150, 24, QImage::Format_RGB32);
-        blank.fill(Qt::white);
-        QVERIFY(images[0] != blank);
+        QCOMPARE(drawn(column, Qt::RightToLeft), drawn(column, Qt::LeftToRight));
+        QVERIFY(drawn(column, Qt::RightToLeft) != blank);
     }
+}
+
+void TestKExtListCtrl::codesAreDrawnLeftToRightLettersToo()
+{
+    const QString plate = QStringLiteral("12 ب 345 ایران 67");
+    // The same turned round by hand, and the other way.
+    const QString turned = QStringLiteral("67 ایران 345 ب 12");
+    const auto align = Qt::AlignCenter;
+    m_list->setColumns({{QStringLiteral("a"), align, 80, {}, false, true}, {QStringLiteral("b"), align}, {QStringLiteral("c"), align}});
+    m_list->setRows({{1, {{plate}, {turned}, {plate}}}});
+    QCOMPARE(drawn(0, Qt::RightToLeft), drawn(1, Qt::RightToLeft));
+    QVERIFY(drawn(0, Qt::RightToLeft) != drawn(2, Qt::RightToLeft));
+    QCOMPARE(m_list->cellText(0, 0), plate);
 }
 
 void TestKExtListCtrl::rowsAreReadable()
