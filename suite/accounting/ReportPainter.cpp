@@ -135,8 +135,11 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
     std::vector<ReportGeometry::ColumnNeed> needs;
     for (const auto &shown : m_columns) {
         const QString &title = m_report.columns().at(shown.column).title;
-        const double advance = bold.horizontalAdvance(title);
-        needs.push_back({advance, advance * longestWord(title), shown.share});
+        // Titles are few, so that their words can be measured one by one.
+        double word = 0;
+        for (const QString &part : title.split(u' '))
+            word = std::max(word, bold.horizontalAdvance(part));
+        needs.push_back({bold.horizontalAdvance(title), word, shown.share});
     }
     m_advances.clear();
     m_advances.reserve(static_cast<size_t>(rows.size() * m_columns.size()));
