@@ -11,7 +11,9 @@
 
 namespace {
 
-constexpr int buttonsPerRow = 3;
+// The window is never higher than a small screen: many buttons stand in wider rows rather than in more of them.
+constexpr qsizetype mostRows = 3;
+constexpr qsizetype fewestPerRow = 3;
 
 }
 
@@ -32,6 +34,7 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
 
     auto *grid = new QGridLayout;
     grid->setSpacing(16);
+    const int buttonsPerRow = static_cast<int>(qMax(fewestPerRow, (actions.size() + mostRows - 1) / mostRows));
     for (QAction *action : actions) {
         const int place = static_cast<int>(m_buttons.size());
         m_buttons.append(new StartButton(action, this));
