@@ -30,6 +30,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -250,9 +251,12 @@ void CDlgAutoFullReport::showRows()
     addSide(m_report.expenses, QStringLiteral("هزینه ها"), QStringLiteral("جمع هزینه ها"));
     rows.append(totalRow(QStringLiteral("مابه التفاوت درآمدها با هزینه ها"),
                          IncomeAndExpenses::difference(m_report.income, m_report.expenses)));
+    // Enter opens an account, so an account is what is selected at first.
+    const auto account = std::find_if(rows.cbegin(), rows.cend(), [](const KListModel::Row &row) { return row.key != 0; });
+    const int first = account == rows.cend() ? 0 : int(account - rows.cbegin());
     m_list->setRows(std::move(rows));
     if (selected == 0 || !m_list->selectKey(selected))
-        m_list->selectRow(0);
+        m_list->selectRow(first);
     m_count->setText(SuiteMessages::count(m_report.income.accounts.size() + m_report.expenses.accounts.size()));
 }
 

@@ -91,11 +91,21 @@ private Q_SLOTS:
         for (const int row : {0, 2, 3, 6, 7})
             QVERIFY(rows.at(row).heading);
         QVERIFY(!rows.at(1).heading);
+        // Enter opens it.
+        QCOMPARE(report.list()->currentKey(), 410202);
+    }
+
+    void theFirstAccountIsSelectedAlsoWhereThereIsNoIncome()
+    {
+        post(610502, 110101, 700);
+        const CDlgAutoFullReport report;
+        QCOMPARE(report.list()->currentKey(), 610502);
     }
 
     void anEmptyGroupGivesOnlyItsHeadingAndAZeroTotal()
     {
         const CDlgAutoFullReport report;
+        QCOMPARE(report.list()->currentRow(), 0);
         QCOMPARE(column(report, 2), (QStringList{{}, QStringLiteral("0"), {}, QStringLiteral("0"), QStringLiteral("0")}));
         QCOMPARE(column(report, 3), (QStringList{{}, QStringLiteral("-"), {}, QStringLiteral("-"), QStringLiteral("-")}));
     }
