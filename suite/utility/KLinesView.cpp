@@ -122,16 +122,20 @@ private:
             const auto *key = static_cast<QKeyEvent *>(event);
             auto *editor = list->property(listOfChoice).value<QWidget *>();
             if (isEnter(key) && isPlain(key)) {
-                QMetaObject::invokeMethod(
-                    editor,
-                    [this, editor] {
-                        take(editor);
-                        m_stepOn();
-                    },
-                    Qt::QueuedConnection);
+                takeMarked(static_cast<QAbstractItemView *>(list), static_cast<QComboBox *>(editor));
+                take(editor);
+                m_stepOn();
+                return true;
             }
         }
         return false;
+    }
+
+    void takeMarked(QAbstractItemView *list, QComboBox *editor)
+    {
+        if (const QModelIndex marked = list->currentIndex(); marked.isValid())
+            editor->setEditText(marked.data().toString());
+        list->hide();
     }
 
     void take(QWidget *editor)

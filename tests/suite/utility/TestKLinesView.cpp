@@ -157,7 +157,8 @@ void TestKLinesView::enterInTheListOfWhatFitsGoesOn()
     for (int step = 0; step < stepsDown; ++step)
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
-    QTRY_COMPARE(m_view->currentIndex().column(), int(Service) + 1);
+    // At once: the next key of somebody who types ahead is the next cell's.
+    QCOMPARE(m_view->currentIndex().column(), int(Service) + 1);
     QCOMPARE(m_model->index(0, Service).data(KLinesModel::KeyRole).toInt(), key);
     QVERIFY(!QApplication::activePopupWidget());
 }
