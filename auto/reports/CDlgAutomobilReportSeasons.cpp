@@ -22,6 +22,7 @@
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/Money.h"
 #include "suite/utility/ShamsiDate.h"
+#include "suite/utility/TabOrder.h"
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>
@@ -46,15 +47,21 @@ const QString busyCaption = QStringLiteral("لطفا صبر کنید...");
 const QString showCaption = QStringLiteral("نمايش");
 
 // A row of options of which one is chosen; their numbers count from 0.
-QButtonGroup *addOptions(QHBoxLayout *line, const QStringList &captions, QObject *parent)
+QButtonGroup *addOptions(QHBoxLayout *line, const QString &name, const QStringList &captions, QObject *parent)
 {
+    auto *box = new QWidget;
+    box->setAccessibleName(name);
+    auto *options = new QHBoxLayout(box);
+    options->setContentsMargins(0, 0, 0, 0);
     auto *group = new QButtonGroup(parent);
     for (const QString &caption : captions) {
         auto *option = new QRadioButton(caption);
         group->addButton(option, int(group->buttons().size()));
-        line->addWidget(option);
+        options->addWidget(option);
     }
     group->button(0)->setChecked(true);
+    tabToPickedOption(group);
+    line->addWidget(box);
     return group;
 }
 
@@ -119,7 +126,7 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     auto *lines = new QVBoxLayout(box);
     lines->setContentsMargins(0, 0, 0, 0);
     auto *first = new QHBoxLayout;
-    m_seasons = addOptions(first, {QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان")}, this);
+    m_seasons = addOptions(first, QStringLiteral("فصل"), {QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان")}, this);
     first->addSpacing(24);
     const QString yearLabel = QStringLiteral("سال :");
     addLabel(first, yearLabel, m_year);
@@ -132,7 +139,7 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     year->addWidget(new KStepArrows(m_year, this));
     first->addLayout(year);
     first->addSpacing(24);
-    m_kinds = addOptions(first, {QStringLiteral("فروش"), QStringLiteral("خريد")}, this);
+    m_kinds = addOptions(first, QStringLiteral("نوع گزارش"), {QStringLiteral("فروش"), QStringLiteral("خريد")}, this);
     first->addStretch(1);
 
     auto *second = new QHBoxLayout;

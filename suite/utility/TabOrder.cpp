@@ -3,6 +3,8 @@
 
 #include "suite/utility/TabOrder.h"
 
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QGridLayout>
 #include <QList>
 #include <QWidget>
@@ -71,4 +73,15 @@ void tabInLayoutOrder(QWidget *container)
     collect(container->layout(), controls);
     for (qsizetype i = 1; i < controls.size(); ++i)
         QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
+}
+
+void tabToPickedOption(QButtonGroup *group)
+{
+    const auto follow = [group] {
+        const QList<QAbstractButton *> options = group->buttons();
+        for (QAbstractButton *option : options)
+            option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    };
+    QObject::connect(group, &QButtonGroup::buttonToggled, group, follow);
+    follow();
 }
