@@ -115,19 +115,21 @@ void CDlgAccountDocs::build()
     m_list->SetSettingName(QStringLiteral("AccountDocs\\List"));
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAccountDocs::showDocument);
 
-    auto *buttons = createButtons(QString(), QStringLiteral("بازگشت"));
-    auto *printButton = new QPushButton(QIcon(QStringLiteral(":/icons/print.svg")), QStringLiteral("چاپ"), buttons);
+    auto *printButton = new QPushButton(QIcon(QStringLiteral(":/icons/print.svg")), QStringLiteral("چاپ"));
     printButton->setAccessibleName(printButton->text());
     printButton->setAutoDefault(false);
-    buttons->addButton(printButton, QDialogButtonBox::ActionRole);
     connect(printButton, &QPushButton::clicked, this, &CDlgAccountDocs::print);
     connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
+    auto *foot = new QHBoxLayout;
+    foot->addWidget(printButton);
+    foot->addStretch(1);
+    foot->addWidget(createButtons(QString(), QStringLiteral("بازگشت")));
 
     auto *column = new QVBoxLayout(this);
     column->addLayout(filter);
     column->addWidget(m_list, 1);
     column->addWidget(m_totals);
-    column->addWidget(buttons);
+    column->addLayout(foot);
 }
 
 void CDlgAccountDocs::refill()

@@ -16,6 +16,7 @@
 #include "tests/suite/crm/Hand.h"
 
 #include <QLabel>
+#include <QPushButton>
 #include <QtTest>
 
 class TestCDlgAccountDocs : public QObject
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void documentThatIsGoneIsTold();
     void documentIsShownWithItsHead();
     void everyInputHasAName();
+    void tabGoesThroughTheWindowAsItIsRead();
 
 private:
     static void write(int month, int dayOfMonth, double amount, bool receives);
@@ -202,6 +204,21 @@ void TestCDlgAccountDocs::everyInputHasAName()
 {
     CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
     QVERIFY(FormDriver::everyInputHasAName(&window));
+}
+
+void TestCDlgAccountDocs::tabGoesThroughTheWindowAsItIsRead()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(window.list()->hasFocus());
+    QStringList met;
+    do {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const auto *button = qobject_cast<QPushButton *>(QApplication::focusWidget());
+        met.append(button ? button->text() : QApplication::focusWidget()->accessibleName());
+    } while (!window.list()->hasFocus() && met.size() < 20);
+    QCOMPARE(met, (QStringList{QStringLiteral("چاپ"), QStringLiteral("بازگشت"), QStringLiteral("از تاریخ :"), QStringLiteral("تا تاریخ :"), QStringLiteral("جستجو"), QStringLiteral("گردش حساب")}));
 }
 
 QTEST_MAIN(TestCDlgAccountDocs)
