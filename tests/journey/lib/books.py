@@ -8,6 +8,11 @@ from . import labels, report_labels
 from .figures import same
 from .hands import KeyboardHands
 from .waiting import wait_for
+from .work import PersonField
+
+
+INVOICE_PERSON = PersonField(report_labels.INVOICE_PERSON, report_labels.INVOICE_PERSON + " ...",
+                             report_labels.INVOICE_PERSON)
 
 
 @dataclass(frozen=True)
@@ -65,6 +70,23 @@ def enter_lines(office, editor, lines):
         wait_for(lambda row=row, line=line: same(_number(grid, row, 4), line.amount),
                  lambda row=row: f"line {row + 1} to come to its amount, not {_line(grid, row)}")
     return grid
+
+
+def enter_document_rows(office, editor, rows):
+    """Types the rows of a document by hand, each an account's code, what it owes and what it is owed."""
+    grid = office.tree.find("table", report_labels.DOCUMENT_ROWS, editor)
+    KeyboardHands(office.tree, office.input).focus(grid, editor)
+    office.input.keys("ctrl+Home")
+    for row, (account, debit, credit) in enumerate(rows):
+        wait_for(lambda row=row: grid.row_count > row, f"row {row + 1} to write into")
+        # Person and description stay empty.
+        for text in (account, "", "", str(debit or ""), str(credit or "")):
+            if text:
+                office.input.type(text)
+            office.input.keys("Return")
+        wait_for(lambda row=row, account=account: grid.cell(row, 0).name.startswith(f"{account} ")
+                 and same(_number(grid, row, 3) + _number(grid, row, 4), rows[row][1] + rows[row][2]),
+                 lambda row=row: f"row {row + 1} to be taken, not {_line(grid, row)}")
 
 
 def _line(grid, row):

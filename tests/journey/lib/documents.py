@@ -33,13 +33,17 @@ class Opener:
 
     def opened(self):
         """The one path that it was asked to open."""
-        def look():
-            with open(self._asked, encoding="utf-8") as file:
-                return file.read().splitlines()
-        asked = wait_for(look, "the document to be opened")
+        asked = wait_for(self.asked, "the document to be opened")
         if len(asked) != 1:
             raise AssertionError(f"opened more than once: {asked}")
-        return urllib.parse.unquote(asked[0].removeprefix("file://"))
+        return asked[0]
+
+    def asked(self):
+        """All paths that it was asked to open up to now."""
+        if not os.path.exists(self._asked):
+            return []
+        with open(self._asked, encoding="utf-8") as file:
+            return [urllib.parse.unquote(line.removeprefix("file://")) for line in file.read().splitlines()]
 
 
 def _parts(path, pattern):

@@ -29,6 +29,18 @@ COLUMN_INVOICE_PERSON = "شخص"
 COLUMN_INVOICE_NUMBER = "شماره"
 COLUMN_INVOICE_TOTAL = "قابل پرداخت"
 
+# The chart of accounts and documents by hand.
+CHART = "سرفصل حساب‌ها"
+NEW_GENERAL, NEW_BELOW = "حساب کل جدید", "زیرحساب جدید"
+GENERAL_WINDOW, SUBSIDIARY_WINDOW = "حساب کل جدید", "حساب معین جدید"
+ACCOUNT_CODE = "کد :"
+ACCOUNT_NAME = "نام :"
+DOCUMENTS = "اسناد حسابداری"
+NEW_DOCUMENT = "سند جدید"
+DOCUMENT_DATE = "تاریخ :"
+DOCUMENT_DESCRIPTION = "شرح سند :"
+DOCUMENT_ROWS = "ردیف‌های سند"
+
 # The person editor.
 PERSON_EDIT = "ویرایش شخص"
 AREA_CODE = "پیش شماره :"
@@ -48,7 +60,7 @@ SEASONS = ("بهار", "تابستان", "پاييز", "زمستان")
 YEAR = "سال :"
 MINIMUM = "مبالغ کمتر از "
 SALES, PURCHASES = "فروش", "خريد"
-GATHER, GATHER_AGAIN = "نمايش", "نمایش"
+GATHER = "نمايش"
 TOTALS = ("مبلغ :", "ارزش افزوده :", "تخفيف :", "جمع :")
 COMPANY = "مشخصات شرکت/فروشگاه"
 EXPORT = "تهيه فايل خروجي اداره ماليات"

@@ -7,7 +7,7 @@ from dataclasses import dataclass
 
 from . import labels
 from .figures import Settings, expected, same
-from .hands import KeyboardHands
+from .hands import KeyboardHands, MouseHands
 from .tree import State
 from .waiting import TimeRanOut, wait_for
 
@@ -99,6 +99,16 @@ def confirm_picker(office, picker, table, window, field, name):
     office.tree.no_window(labels.PICK_PERSON)
     shown = office.tree.find("text", field.name, window)
     wait_for(lambda: shown.text == name, f"{field.name!r} to be {name!r}")
+
+
+def open_row(office, table, row, window, column=1):
+    """Opens a row of a list: Return, or a double-click on a cell that is in view."""
+    if isinstance(office.hands, MouseHands):
+        office.hands.click(table.cell(row, column), times=2)
+    else:
+        office.hands.select_row(table, row)
+        KeyboardHands(office.tree, office.input).focus(table, window)
+        office.input.keys("Return")
 
 
 def new_contract(office, title=labels.EDITOR_NEW):
