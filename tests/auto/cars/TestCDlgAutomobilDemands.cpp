@@ -171,7 +171,9 @@ private Q_SLOTS:
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
         QStringList lines;
         for (const KListModel::Column &column : columns)
-            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : column.isDate ? QStringLiteral("date") : QStringLiteral("c")).arg(column.sortKey);
+            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : column.isDate ? QStringLiteral("date")
+                                                                                                                                               : QStringLiteral("c"))
+                         .arg(column.sortKey);
         QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 date ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
     }
 
