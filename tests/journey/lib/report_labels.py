@@ -60,7 +60,8 @@ SEASONS = ("بهار", "تابستان", "پاييز", "زمستان")
 YEAR = "سال :"
 MINIMUM = "مبالغ کمتر از "
 SALES, PURCHASES = "فروش", "خريد"
-GATHER = "نمايش"
+# Once rows were gathered; before that the caption has the other yeh.
+GATHER = "نمایش"
 TOTALS = ("مبلغ :", "ارزش افزوده :", "تخفيف :", "جمع :")
 COMPANY = "مشخصات شرکت/فروشگاه"
 EXPORT = "تهيه فايل خروجي اداره ماليات"
