@@ -777,6 +777,18 @@ private Q_SLOTS:
         QCOMPARE(carClass, m_type5);
     }
 
+    void nothingIsPickedWhereNothingIsSelected()
+    {
+        m_office->clear();
+        CDlgCarsAll dialog;
+        dialog.setPickMode(true);
+        show(dialog);
+        for (const CatalogLevel level : {brandLevel, modelLevel, classLevel})
+            doubleClick(dialog.panel(level)->list(), -1);
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(counts(), QStringLiteral("0,0,0"));
+    }
+
     void aCancelledPickLeavesTheKeysAsTheyWere()
     {
         int brand = m_peugeot;
