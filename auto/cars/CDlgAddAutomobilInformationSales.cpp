@@ -163,9 +163,3 @@ void CDlgAddAutomobilInformationSales::recompute()
         amounts.*amount = m_form->edit(column)->number();
     m_form->edit(profitColumn)->setNumber(profitAndLoss(amounts));
 }
-
-void CDlgAddAutomobilInformationSales::showEvent(QShowEvent *event)
-{
-    recompute();
-    CarEditorPage::showEvent(event);
-}

@@ -31,9 +31,6 @@ public:
     // Lets the user choose a notary tariff, whose amount is then the notary's cost.
     void pickTariff();
 
-protected:
-    void showEvent(QShowEvent *event) override;
-
 private:
     void build();
     QWidget *buildTransfer(QWidget *content);

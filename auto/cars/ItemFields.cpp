@@ -74,8 +74,6 @@ void ItemFields::fill()
 
 void ItemFields::fillList(const List &list, int key)
 {
-    // A list that is only filled anew chooses nothing.
-    const QSignalBlocker blocker(m_form.comboBox(list.column));
     CTblMultiItems::FillComboBox(m_form.comboBox(list.column), list.itemType);
     m_form.setKey(list.column, key);
 }

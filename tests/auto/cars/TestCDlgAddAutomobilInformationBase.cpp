@@ -269,7 +269,11 @@ private Q_SLOTS:
         form().setKey(model, m_office->modelPars);
         QCOMPARE(offered(carClass), QStringList{dash});
         QCOMPARE(form().key(carClass), 0);
+        // Another brand takes the class along as well.
+        form().setKey(model, m_office->model206);
+        form().setKey(carClass, m_office->type2);
         form().setKey(brand, m_office->saipa);
+        QCOMPARE(offered(carClass), QStringList{dash});
         QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("پراید")}));
         QCOMPARE(form().key(model), 0);
         Car car;
