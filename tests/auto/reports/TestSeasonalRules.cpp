@@ -131,19 +131,24 @@ void TestSeasonalRules::listedLine_data()
 {
     QTest::addColumn<double>("count");
     QTest::addColumn<double>("price");
+    QTest::addColumn<double>("minimum");
     QTest::addColumn<bool>("listed");
-    QTest::newRow("as much as the minimum amount") << 2. << 500. << true;
-    QTest::newRow("below it the line is left out") << 2. << 499.9 << false;
-    QTest::newRow("a negative quantity is skipped") << -2. << 5000. << false;
-    QTest::newRow("a negative price is skipped") << 2. << -5000. << false;
-    QTest::newRow("both negative are skipped, though their product is not") << -2. << -5000. << false;
+    QTest::newRow("a negative price of nothing") << 0. << -5. << 0. << false;
+    QTest::newRow("a negative quantity of nothing") << -5. << 0. << 0. << false;
+    QTest::newRow("nothing at all") << 0. << 0. << 0. << true;
+    QTest::newRow("as much as the minimum amount") << 2. << 500. << 1000. << true;
+    QTest::newRow("below it the line is left out") << 2. << 499.9 << 1000. << false;
+    QTest::newRow("a negative quantity is skipped") << -2. << 5000. << 1000. << false;
+    QTest::newRow("a negative price is skipped") << 2. << -5000. << 1000. << false;
+    QTest::newRow("both negative are skipped, though their product is not") << -2. << -5000. << 1000. << false;
 }
 
 void TestSeasonalRules::listedLine()
 {
     QFETCH(double, count);
     QFETCH(double, price);
-    QTEST(isLineListed(count, price, 1000), "listed");
+    QFETCH(double, minimum);
+    QTEST(isLineListed(count, price, minimum), "listed");
 }
 
 void TestSeasonalRules::shareOfALine_data()
