@@ -19,9 +19,18 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 set(TZ_LIBRARY_DIR lib/tzauto)
 set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${TZ_LIBRARY_DIR}")
 
+# A precompiled header is found in the cache only where it may not be looked into for dates and macros.
 find_program(TZ_CCACHE ccache)
 if(TZ_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${TZ_CCACHE}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_SLOPPINESS=pch_defines,time_macros" "${TZ_CCACHE}")
+endif()
+
+# Programs are compiled as libraries are, so that both can use one precompiled header.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
+
+# Debug information stays beside the objects, compressed, so that linking and the linked programs do without it.
+if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+    add_compile_options(-gsplit-dwarf -gz)
 endif()
 
 add_library(tz_options INTERFACE)
@@ -45,6 +54,31 @@ if(TZ_COVERAGE)
     target_link_options(tz_options INTERFACE --coverage)
 endif()
 
+# The headers that most sources begin with, compiled once per floor of Qt: TzCorePch for what has no windows, TzWindowsPch for
+# the rest. A source still includes what it uses: CMAKE_DISABLE_PRECOMPILE_HEADERS builds without them.
+file(WRITE "${CMAKE_BINARY_DIR}/pch.cpp.new" "// Only its precompiled header is used.\n")
+file(COPY_FILE "${CMAKE_BINARY_DIR}/pch.cpp.new" "${CMAKE_BINARY_DIR}/pch.cpp" ONLY_IF_DIFFERENT)
+function(tz_pch name qt)
+    add_library(${name} OBJECT "${CMAKE_BINARY_DIR}/pch.cpp")
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+    target_link_libraries(${name} PRIVATE tz_options ${qt})
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+endfunction()
+
+set(standard_headers <algorithm> <array> <cmath> <functional> <memory> <optional> <vector>)
+set(core_headers ${standard_headers} <QDateTime> <QDir> <QHash> <QLoggingCategory> <QProcess> <QSet> <QStringList> <QTimer>
+    <QVariant>)
+set(window_headers ${core_headers} <QAbstractItemModel> <QApplication> <QButtonGroup> <QCheckBox> <QComboBox>
+    <QDialogButtonBox> <QFormLayout> <QGridLayout> <QGroupBox> <QHeaderView> <QIcon> <QKeyEvent> <QLabel> <QLineEdit> <QMenu>
+    <QPainter> <QPushButton> <QShortcut> <QTreeView> <QVBoxLayout>)
+tz_pch(TzCorePch Qt6::Core ${core_headers})
+tz_pch(TzWindowsPch Qt6::Widgets ${window_headers})
+
+# tz_use_pch(NAME PCH)
+function(tz_use_pch name pch)
+    target_precompile_headers(${name} REUSE_FROM ${pch})
+endfunction()
+
 # tz_link_all(NAME): a name that no linked library has is an error here and not at a click; so a link list is a whole one.
 function(tz_link_all name)
     if(NOT TZ_SANITIZE)
@@ -52,18 +86,22 @@ function(tz_link_all name)
     endif()
 endfunction()
 
-# tz_suite_library(NAME SOURCES... LINK ...): a shared library of the suite. Its sources are all files of the folder
-# unless they are given, so that a new class needs no line here.
+# tz_suite_library(NAME [PCH PCH] SOURCES... LINK ...): a shared library of the suite. Its sources are all files of the folder
+# and those below it unless they are given, so that a new class needs no line here.
 function(tz_suite_library name)
-    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(arg "" "PCH" "SOURCES;LINK" ${ARGN})
+    if(NOT arg_PCH)
+        set(arg_PCH TzWindowsPch)
+    endif()
     if(NOT arg_SOURCES)
-        file(GLOB arg_SOURCES CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+        file(GLOB_RECURSE arg_SOURCES CONFIGURE_DEPENDS *.cpp *.h *.qrc)
     endif()
     add_library(${name} SHARED ${arg_SOURCES})
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
     string(TOUPPER ${name} upper)
     target_compile_definitions(${name} PRIVATE ${upper}_BUILDING)
     target_link_libraries(${name} PUBLIC tz_options ${arg_LINK})
+    tz_use_pch(${name} ${arg_PCH})
     tz_link_all(${name})
     install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
@@ -76,7 +114,8 @@ function(tz_tests)
         get_filename_component(name "${source}" NAME_WE)
         add_executable(${name} "${source}")
         set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
-        target_link_libraries(${name} PRIVATE tz_options ${arg_LINK} Qt6::Test)
+        target_link_libraries(${name} PRIVATE tz_options ${arg_LINK} tz_qtest)
+        tz_use_pch(${name} TzTestPch)
         add_test(NAME ${name} COMMAND ${name})
         set_tests_properties(${name} PROPERTIES
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QT_LOGGING_RULES=qt.qpa.*=false"
