@@ -3,7 +3,7 @@
 
 #include "auto/ArchiveLine.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/utility/ShamsiDate.h"
 
 #include <QHBoxLayout>

@@ -7,7 +7,7 @@
 #include "auto/cars/CDlgAutomobilDemands.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 #include "auto/reports/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"

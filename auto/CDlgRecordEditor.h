@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/EditorPage.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblFileDocs.h"
 #include "suite/utility/KDialog.h"

@@ -4,8 +4,8 @@
 #include "auto/SchemaUpgrade.h"
 
 #include "auto/SchemaTables.h"
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTableSchema.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTableSchema.h"
 
 #include <optional>
 

@@ -3,7 +3,7 @@
 
 #include "auto/StoredTexts.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "auto/WordLists.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/KApplication.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KSettings.h"

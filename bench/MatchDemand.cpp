@@ -10,7 +10,7 @@
 #include "auto/cars/MatchingCars.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "host/demo/DemoRandom.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/KApplication.h"

@@ -3,7 +3,7 @@
 
 #include "host/CDlgDocuments.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "host/DocumentFilter.h"
 #include "host/books/CDlgAddDocument.h"
 #include "suite/accounting/CTblDocuments.h"

@@ -3,7 +3,7 @@
 
 #include "host/CDlgFirstStart.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"

@@ -3,7 +3,7 @@
 
 #include "host/CDlgSettings.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CDlgAddCompanyProps.h"

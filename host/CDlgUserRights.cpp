@@ -3,7 +3,7 @@
 
 #include "host/CDlgUserRights.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "host/RightsGridModel.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KSecurity.h"

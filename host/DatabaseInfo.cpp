@@ -3,7 +3,7 @@
 
 #include "host/DatabaseInfo.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 
 namespace DatabaseInfo {
 

@@ -4,8 +4,8 @@
 #include "host/DatabaseUpgrade.h"
 
 #include "auto/CAutoDBSetting.h"
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTableSchema.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTableSchema.h"
 #include "host/StartupClock.h"
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/CTblProperties.h"

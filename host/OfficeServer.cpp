@@ -3,7 +3,7 @@
 
 #include "host/OfficeServer.h"
 
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 #include "host/CDlgServerPassword.h"
 #include "host/HostOptions.h"
 #include "host/StartupClock.h"

@@ -11,7 +11,7 @@
 #include "auto/cars/DemandArchiving.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/crm/CTblPersonsMini.h"

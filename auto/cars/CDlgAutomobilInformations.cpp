@@ -13,7 +13,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"

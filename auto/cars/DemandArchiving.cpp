@@ -5,7 +5,7 @@
 
 #include "auto/contracts/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 
 int DemandArchiving::archiveOldOnes(int userID, int database)
 {

@@ -7,7 +7,7 @@
 #include "auto/cars/ParameterNumber.h"
 #include "auto/cars/TickedChoice.h"
 #include "auto/catalog/CDlgInputParameters.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KMessageDialog.h"

@@ -5,7 +5,7 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 
 #include <QHash>
 #include <QStringList>

@@ -7,8 +7,8 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 
 #include <memory>

@@ -7,7 +7,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 
 namespace {
 

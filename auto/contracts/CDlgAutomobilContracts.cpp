@@ -9,7 +9,7 @@
 #include "auto/contracts/ContractPrintingDesk.h"
 #include "auto/contracts/ContractSettlement.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "auto/reports/CDlgAutoFullReport.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractSettings.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/utility/Money.h"
 

@@ -4,7 +4,7 @@
 #include "auto/contracts/LoadCarForContract.h"
 
 #include "auto/db/CTblAutomobilInformations.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/crm/CTblPersons.h"
 
 namespace {

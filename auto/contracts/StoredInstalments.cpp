@@ -4,7 +4,7 @@
 #include "auto/contracts/StoredInstalments.h"
 
 #include "auto/db/CTblAutomobilPayments.h"
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/utility/ShamsiDate.h"
 

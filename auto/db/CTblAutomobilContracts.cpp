@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/CTblFileDocs.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 
 // Read-only source of the demand list. Columns are named with their table's alias ("ad.iCode"). A demand whose person is
 // gone is not in it. A demand meets an item row for its type and another for its colour, so every filter ends with

@@ -3,8 +3,8 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CTblFileDocs.h"
 #include "suite/crm/CTblAlarm.h"
 

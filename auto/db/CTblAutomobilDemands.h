@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 
 // One row per demand: who asks for which car. Members carry the names of their columns. Amounts are in the suite's money
 // unit, model years Shamsi or ordinary as typed, keys 0 when nothing is referred to; iAutomobilType is the key of a brand

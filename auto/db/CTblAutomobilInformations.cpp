@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblAutomobilInformations.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblFileDocs.h"
 #include "suite/accounting/KErrorBoundary.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 
 // One row per notary tariff: a titled cost.
 class CTblAutomobilTariffs : public KMySQL, private KLiveCount<CTblAutomobilTariffs>

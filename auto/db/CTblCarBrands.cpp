@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblCarBrands.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 
 #include <QComboBox>
 

@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblCarModels.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 
 CTblCarModels::CTblCarModels(int database)
     : KMySQL(database)

@@ -3,7 +3,7 @@
 
 #include "auto/reports/PayableAmount.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "auto/reports/SeasonBounds.h"
 #include "suite/accounting/CTblFactors.h"
 

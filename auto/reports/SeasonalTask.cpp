@@ -3,7 +3,7 @@
 
 #include "auto/reports/SeasonalTask.h"
 
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 
 SeasonalTask::SeasonalTask(QObject *parent)
     : QObject(parent) { }

@@ -3,7 +3,7 @@
 
 #include "host/books/CDlgAddDocument.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblDocuments.h"

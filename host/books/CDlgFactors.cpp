@@ -3,7 +3,7 @@
 
 #include "host/books/CDlgFactors.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "host/books/CDlgAddFactor.h"
 #include "host/books/InvoiceFilter.h"
 #include "suite/accounting/CDlgShowDocument.h"

@@ -3,8 +3,8 @@
 
 #include "host/demo/DemoData.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "host/demo/DemoCars.h"
 #include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/db/KMySQL.h"
+#include "suite/db/KMySQL.h"
 
 #include <QByteArray>
 #include <QStringList>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 #include "host/server/ServerError.h"
 #include "host/server/ServerPrograms.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/AccountLedger.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/utility/ShamsiDate.h"

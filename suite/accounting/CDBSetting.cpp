@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDBSetting.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDlgCashFromPerson.h"
 #include "suite/accounting/CTblDepartments.h"
 #include "suite/accounting/CTblProperties.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgCashFromPerson.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblHesabMoeen.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgFileDocs.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/AttachmentCopy.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KAccountingError.h"

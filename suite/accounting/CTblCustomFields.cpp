@@ -3,8 +3,8 @@
 
 #include "suite/accounting/CTblCustomFields.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/utility/TextStandard.h"
 

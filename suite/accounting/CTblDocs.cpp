@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblDocs.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/KAccountingError.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 // Headers of the accounting documents. A document is known by its number within its fiscal year; number 0 means no

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblFileDocs.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KAccountingError.h"
 

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KLongBinary.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KLongBinary.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QList>

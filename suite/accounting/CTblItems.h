@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 // Named values of every kind that forms offer for choice; iType separates the kinds.

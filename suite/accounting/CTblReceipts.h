@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 // Money received from persons. A receipt stands on its own accounting document (iDocNum of iFiscalYear): debit cash or bank,

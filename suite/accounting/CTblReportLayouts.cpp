@@ -3,9 +3,9 @@
 
 #include "suite/accounting/CTblReportLayouts.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KConnection.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KConnection.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/utility/TextStandard.h"
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 // What the office sells and buys on invoices. A service is known by its code, which is given once and printed on tax

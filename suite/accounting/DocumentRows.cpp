@@ -3,8 +3,8 @@
 
 #include "suite/accounting/DocumentRows.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KLookup.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KLookup.h"
 #include "suite/accounting/CTblDocs.h"
 
 namespace DocumentRows {

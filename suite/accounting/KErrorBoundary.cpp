@@ -3,7 +3,7 @@
 
 #include "suite/accounting/KErrorBoundary.h"
 
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/KListPage.h"
 
-#include "auto/db/KMySQL.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/KErrorBoundary.h"

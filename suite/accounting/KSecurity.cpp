@@ -3,8 +3,8 @@
 
 #include "suite/accounting/KSecurity.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUserRights.h"
 #include "suite/accounting/KMessageDialog.h"

@@ -3,9 +3,9 @@
 
 #include "suite/accounting/ManualDocument.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KLookup.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KLookup.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CDBSetting.h"

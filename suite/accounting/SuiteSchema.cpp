@@ -3,8 +3,8 @@
 
 #include "suite/accounting/SuiteSchema.h"
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KTableSchema.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTableSchema.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/KAccountingError.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CTblAlarm.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/crm/AlarmTime.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CTblPersons.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "suite/utility/TextStandard.h"
 
 namespace {

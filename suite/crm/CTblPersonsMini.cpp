@@ -3,7 +3,7 @@
 
 #include "suite/crm/CTblPersonsMini.h"
 
-#include "auto/db/KLookup.h"
+#include "suite/db/KLookup.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CompanyDetails.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/utility/TextStandard.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/utility/KForm.h"
 
-#include "auto/db/KMySQL.h"
+#include "suite/db/KMySQL.h"
 #include "suite/utility/ComboWidth.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"

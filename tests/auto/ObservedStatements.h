@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 
 #include <QStringList>
 

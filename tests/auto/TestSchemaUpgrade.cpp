@@ -3,8 +3,8 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "auto/SchemaUpgrade.h"
-#include "auto/db/CMySQLException.h"
-#include "auto/db/KTableSchema.h"
+#include "suite/db/CMySQLException.h"
+#include "suite/db/KTableSchema.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/support/TestDatabase.h"

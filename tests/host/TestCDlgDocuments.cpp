@@ -3,7 +3,7 @@
 
 #include "host/CDlgDocuments.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "host/books/CDlgAddDocument.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblDocs.h"

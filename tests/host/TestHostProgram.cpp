@@ -3,7 +3,7 @@
 
 #include "host/HostProgram.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "host/CDlgFirstStart.h"
 #include "host/CDlgLogin.h"
 #include "host/HostLog.h"

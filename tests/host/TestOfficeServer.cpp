@@ -3,7 +3,7 @@
 
 #include "host/OfficeServer.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "host/HostOptions.h"
 #include "host/server/EmbeddedServer.h"
 #include "suite/accounting/KMessageDialog.h"

@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CDlgAddCar.h"
 
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KEdit.h"
 #include "tests/office/TestOffice.h"

@@ -7,7 +7,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 #include "suite/accounting/CDBSetting.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"

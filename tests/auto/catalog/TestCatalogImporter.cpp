@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CatalogImporter.h"
 
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 #include "tests/office/TestOffice.h"
 
 #include <QFile>

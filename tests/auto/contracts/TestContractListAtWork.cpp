@@ -7,7 +7,7 @@
 #include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"

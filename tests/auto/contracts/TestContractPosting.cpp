@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractPosting.h"
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KAccountingError.h"

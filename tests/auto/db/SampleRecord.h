@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "auto/db/CTblTemp.h"
-#include "auto/db/KLiveCount.h"
-#include "auto/db/KMySQL.h"
-#include "auto/db/KTableSchema.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
+#include "suite/db/KTableSchema.h"
 
 // A small table with a column of every kind, for the tests of the record-set base.
 class SampleRecord : public KMySQL, public KLiveCount<SampleRecord>

@@ -4,8 +4,8 @@
 #include "tests/auto/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
 
-#include "auto/db/KLookup.h"
-#include "auto/db/KTransaction.h"
+#include "suite/db/KLookup.h"
+#include "suite/db/KTransaction.h"
 
 #include <QTest>
 

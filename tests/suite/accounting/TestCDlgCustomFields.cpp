@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/CDlgCustomFields.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"

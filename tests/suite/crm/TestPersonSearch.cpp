@@ -3,7 +3,7 @@
 
 #include "suite/crm/PersonSearch.h"
 
-#include "auto/db/CTblTemp.h"
+#include "suite/db/CTblTemp.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/ObservedStatements.h"
 

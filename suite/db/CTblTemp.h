@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/db/KMySQL.h"
+#include "suite/db/KMySQL.h"
 
 // Record set on no table: runs free statements and reads single values.
 class TZDB_EXPORT CTblTemp : public KMySQL

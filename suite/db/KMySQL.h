@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "auto/db/CMySQLException.h"
-#include "auto/db/KConnection.h"
-#include "auto/db/KLongBinary.h"
+#include "suite/db/CMySQLException.h"
+#include "suite/db/KConnection.h"
+#include "suite/db/KLongBinary.h"
 
 #include <QDateTime>
 #include <QStringList>

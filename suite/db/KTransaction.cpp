@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/db/KTransaction.h"
+#include "suite/db/KTransaction.h"
 
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 
 namespace {
 constexpr int mostReplays = 5;

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/db/KMySQL.h"
+#include "suite/db/KMySQL.h"
 
-#include "auto/db/KTableSchema.h"
+#include "suite/db/KTableSchema.h"
 
 #include <QLoggingCategory>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/db/KTableSchema.h"
+#include "suite/db/KTableSchema.h"
 
-#include "auto/db/KConnection.h"
+#include "suite/db/KConnection.h"
 
 #include <QMutex>
 

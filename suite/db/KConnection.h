@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/db/CMySQLException.h"
+#include "suite/db/CMySQLException.h"
 
 #include <QElapsedTimer>
 

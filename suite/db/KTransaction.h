@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/db/TzDBExport.h"
+#include "suite/db/TzDBExport.h"
 
 #include <functional>
 
