@@ -4,7 +4,7 @@
 #include "auto/ArchiveLine.h"
 
 #include "suite/db/KLookup.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

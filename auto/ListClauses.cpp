@@ -3,7 +3,7 @@
 
 #include "auto/ListClauses.h"
 
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "host/demo/DemoData.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/SuiteSchema.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QDir>
 #include <QFile>

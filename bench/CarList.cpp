@@ -13,9 +13,9 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/KApplication.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QAbstractTableModel>
 #include <QCheckBox>

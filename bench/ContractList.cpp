@@ -11,8 +11,8 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/accounting/KApplication.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QAbstractTableModel>
 #include <QCheckBox>

@@ -10,7 +10,7 @@
 #include "auto/reports/SeasonalExport.h"
 #include "auto/reports/SeasonalRow.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/AccessFileReader.h"
 
 #include <QCoreApplication>

@@ -14,7 +14,7 @@
 #include "suite/accounting/KApplication.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QButtonGroup>
 #include <QAbstractButton>

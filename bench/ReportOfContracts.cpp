@@ -11,7 +11,7 @@
 #include "suite/accounting/KApplication.h"
 #include "suite/accounting/ReportOutput.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -6,7 +6,7 @@
 #include "host/StartupClock.h"
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KProcess.h"
+#include "suite/utility/values/KProcess.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -10,7 +10,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

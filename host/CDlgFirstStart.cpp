@@ -11,8 +11,8 @@
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/ShamsiDate.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/ShamsiDate.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>
 #include <QEvent>

@@ -9,8 +9,8 @@
 #include "suite/crm/CDlgAddCompanyProps.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/ShamsiDate.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/ShamsiDate.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
 #include <QComboBox>

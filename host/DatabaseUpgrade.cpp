@@ -10,7 +10,7 @@
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/SuiteSchema.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "host/DocumentFilter.h"
 
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 QString documentFilter(const DocumentCriteria &criteria)
 {

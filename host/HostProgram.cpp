@@ -17,7 +17,7 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QEventLoop>
 #include <QLocale>

@@ -26,8 +26,8 @@
 #include "suite/crm/CDlgDueAlarms.h"
 #include "suite/crm/CDlgPersons.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/KSettings.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

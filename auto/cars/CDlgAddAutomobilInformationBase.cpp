@@ -19,7 +19,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KStepArrows.h"
 #include "suite/utility/ScrolledPage.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QComboBox>
 #include <QGridLayout>

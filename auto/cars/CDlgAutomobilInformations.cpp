@@ -20,8 +20,8 @@
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>
 #include <QComboBox>

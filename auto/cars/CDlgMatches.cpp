@@ -8,8 +8,8 @@
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QHBoxLayout>
 #include <QIcon>

@@ -5,7 +5,7 @@
 
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/MatchingCars.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/MatchingDemands.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "auto/cars/CarFields.h"
 
 #include "auto/WordLists.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

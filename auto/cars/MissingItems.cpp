@@ -3,7 +3,7 @@
 
 #include "auto/cars/MissingItems.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QSet>
 

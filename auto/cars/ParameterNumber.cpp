@@ -3,7 +3,7 @@
 
 #include "auto/cars/ParameterNumber.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QRegularExpression>
 

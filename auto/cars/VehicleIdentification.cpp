@@ -3,7 +3,7 @@
 
 #include "auto/cars/VehicleIdentification.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <array>
 

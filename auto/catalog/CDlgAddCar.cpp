@@ -7,7 +7,7 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

@@ -8,7 +8,7 @@
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

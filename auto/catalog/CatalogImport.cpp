@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CatalogImport.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QHash>
 #include <QStringDecoder>

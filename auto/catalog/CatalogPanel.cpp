@@ -6,7 +6,7 @@
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>

@@ -11,9 +11,9 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
-#include "suite/utility/Provinces.h"
+#include "suite/utility/values/Provinces.h"
 #include "suite/utility/ScrolledPage.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>
 #include <QGridLayout>

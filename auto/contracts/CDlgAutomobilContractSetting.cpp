@@ -6,7 +6,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/Commission.h"
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

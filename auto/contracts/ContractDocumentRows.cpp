@@ -4,7 +4,7 @@
 #include "auto/contracts/ContractDocumentRows.h"
 
 #include "suite/accounting/Accounts.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

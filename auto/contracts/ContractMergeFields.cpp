@@ -4,8 +4,8 @@
 #include "auto/contracts/ContractMergeFields.h"
 
 #include "auto/contracts/Commission.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <vector>
 

@@ -9,7 +9,7 @@
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QComboBox>
 #include <QGridLayout>

@@ -10,7 +10,7 @@
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/KMSWord.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -4,7 +4,7 @@
 #include "auto/contracts/ContractPrintingDesk.h"
 
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KProcess.h"
+#include "suite/utility/values/KProcess.h"
 
 #include <QFileDialog>
 #include <QStandardPaths>

@@ -5,7 +5,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/CTblProperties.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/MatterFields.h"
 
-#include "suite/utility/Provinces.h"
+#include "suite/utility/values/Provinces.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "auto/db/CTblAutomobilPayments.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QSet>
 

@@ -17,11 +17,11 @@
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "suite/utility/KStepArrows.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/TabOrder.h"
 
 #include <QButtonGroup>

@@ -4,7 +4,7 @@
 #include "auto/reports/IncomeChart.h"
 
 #include "suite/accounting/CDBSetting.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QBarCategoryAxis>
 #include <QBarSet>

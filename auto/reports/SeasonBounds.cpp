@@ -3,7 +3,7 @@
 
 #include "auto/reports/SeasonBounds.h"
 
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <algorithm>
 

@@ -12,7 +12,7 @@
 #include "suite/accounting/CMoshakhasat.h"
 #include "suite/accounting/KAccessDatabase.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QDir>
 #include <QFile>

@@ -6,7 +6,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/ReportProgressWindow.h"
 #include "suite/utility/FolderChoice.h"
-#include "suite/utility/KProcess.h"
+#include "suite/utility/values/KProcess.h"
 #include "suite/utility/KWaitCursor.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include "auto/reports/SeasonalExportRow.h"
 
 #include "auto/reports/SeasonalRow.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <cmath>
 #include <limits>

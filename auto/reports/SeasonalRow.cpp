@@ -3,8 +3,8 @@
 
 #include "auto/reports/SeasonalRow.h"
 
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

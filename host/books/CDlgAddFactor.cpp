@@ -16,7 +16,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KLinesView.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/TabOrder.h"
 
 #include <QCheckBox>

@@ -12,8 +12,8 @@
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/CTblDocs.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QHash>
 #include <QSet>

@@ -3,7 +3,7 @@
 
 #include "host/books/InvoiceFilter.h"
 
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 QString invoiceFilter(const InvoiceCriteria &criteria)
 {

@@ -8,7 +8,7 @@
 #include "host/demo/DemoPictures.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <iterator>
 

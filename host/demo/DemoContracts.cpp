@@ -7,9 +7,9 @@
 #include "auto/contracts/ContractDocumentRows.h"
 #include "host/demo/DemoNames.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/Provinces.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/Provinces.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

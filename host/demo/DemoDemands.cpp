@@ -6,7 +6,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

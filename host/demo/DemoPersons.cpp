@@ -6,7 +6,7 @@
 #include "host/demo/DemoNames.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/AccountBalance.h"
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 bool AccountBalance::isBalanced() const
 {

@@ -12,7 +12,7 @@
 #include "suite/accounting/CTblHesabMoeen.h"
 #include "suite/accounting/CTblHesabTafsily.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QSet>
 

@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/CTblDocs.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

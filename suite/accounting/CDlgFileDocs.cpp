@@ -11,9 +11,9 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KProcess.h"
+#include "suite/utility/values/KProcess.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QDir>
 #include <QFileDialog>

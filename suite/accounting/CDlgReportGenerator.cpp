@@ -9,7 +9,7 @@
 #include "suite/accounting/KWndReportGen.h"
 #include "suite/accounting/ReportOutput.h"
 #include "suite/accounting/ReportProgressWindow.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QComboBox>
 #include <QDir>

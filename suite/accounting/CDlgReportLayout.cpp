@@ -9,7 +9,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/ReportColumnsModel.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -7,7 +7,7 @@
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <cmath>
 

@@ -9,7 +9,7 @@
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

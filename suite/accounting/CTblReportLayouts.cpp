@@ -7,7 +7,7 @@
 #include "suite/db/KConnection.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

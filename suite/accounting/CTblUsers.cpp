@@ -4,7 +4,7 @@
 #include "suite/accounting/CTblUsers.h"
 
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QLoggingCategory>
 #include <QMutex>

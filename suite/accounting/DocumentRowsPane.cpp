@@ -5,7 +5,7 @@
 
 #include "suite/accounting/DocumentRows.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

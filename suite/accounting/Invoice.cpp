@@ -3,7 +3,7 @@
 
 #include "suite/accounting/Invoice.h"
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/InvoiceDocumentRows.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

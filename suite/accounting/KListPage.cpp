@@ -12,9 +12,9 @@
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "suite/utility/KWaitCursor.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/TabOrder.h"
 
 #include <QGridLayout>

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/CTblReportLayouts.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QHeaderView>
 

@@ -13,8 +13,8 @@
 #include "suite/accounting/DocumentKinds.h"
 #include "suite/accounting/DocumentRows.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/ReportPainter.h"
 
-#include "suite/utility/CodeText.h"
+#include "suite/utility/values/CodeText.h"
 
 #include <QApplication>
 #include <QPageSize>

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/ReportSheet.h"
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -10,7 +10,7 @@
 #include "suite/crm/MobileNumber.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KForm.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

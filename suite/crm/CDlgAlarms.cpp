@@ -14,7 +14,7 @@
 #include "suite/crm/PostponeMenu.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -8,7 +8,7 @@
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/PostponeMenu.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

@@ -9,8 +9,8 @@
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

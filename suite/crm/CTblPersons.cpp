@@ -4,7 +4,7 @@
 #include "suite/crm/CTblPersons.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

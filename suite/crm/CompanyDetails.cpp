@@ -5,7 +5,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/CTblProperties.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <array>
 

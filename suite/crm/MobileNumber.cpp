@@ -3,7 +3,7 @@
 
 #include "suite/crm/MobileNumber.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <QStringList>
 

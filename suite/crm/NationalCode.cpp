@@ -3,7 +3,7 @@
 
 #include "suite/crm/NationalCode.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 
 #include "suite/crm/PersonSearch.h"
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 
 #include "suite/utility/EntryMark.h"
 #include "suite/utility/KMonthPopup.h"
-#include "suite/utility/ShamsiDate.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/ShamsiDate.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

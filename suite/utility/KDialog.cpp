@@ -14,7 +14,7 @@
 #include <QScreen>
 #include <QScrollArea>
 
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 namespace {
 

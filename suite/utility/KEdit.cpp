@@ -13,11 +13,11 @@
 #include <cmath>
 #include <limits>
 
-#include "suite/utility/CodeText.h"
+#include "suite/utility/values/CodeText.h"
 #include "suite/utility/EntryMark.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/TextStandard.h"
-#include "suite/utility/TypedNumber.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/TextStandard.h"
+#include "suite/utility/values/TypedNumber.h"
 
 namespace {
 

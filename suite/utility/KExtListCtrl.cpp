@@ -12,8 +12,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "suite/utility/CodeText.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/CodeText.h"
+#include "suite/utility/values/KSettings.h"
 #include "suite/utility/ListRoles.h"
 
 namespace {

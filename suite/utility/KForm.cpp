@@ -9,7 +9,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KTextArea.h"
 #include "suite/utility/KStepArrows.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -10,8 +10,8 @@
 
 #include "suite/utility/EntryMark.h"
 #include "suite/utility/ListRoles.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 

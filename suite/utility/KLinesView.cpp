@@ -18,7 +18,7 @@
 
 #include "suite/utility/KEdit.h"
 #include "suite/utility/ListRoles.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

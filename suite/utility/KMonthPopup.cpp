@@ -17,7 +17,7 @@
 #include <cstdlib>
 
 #include "suite/utility/EntryMark.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KLinesView.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/suite/crm/Hand.h"
 

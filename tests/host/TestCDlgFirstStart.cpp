@@ -6,7 +6,7 @@
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 
 #include <QPushButton>

@@ -5,8 +5,8 @@
 
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 
 #include <QCheckBox>

@@ -17,7 +17,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/SuiteSchema.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

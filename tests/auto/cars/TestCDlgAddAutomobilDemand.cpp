@@ -21,7 +21,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KTabPageButtons.h"
 #include "suite/utility/KTextArea.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 
 #include <QAbstractButton>

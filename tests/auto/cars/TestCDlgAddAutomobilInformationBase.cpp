@@ -9,7 +9,7 @@
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/cars/CarEditorOffice.h"
 
 #include <QBuffer>

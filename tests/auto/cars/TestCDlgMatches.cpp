@@ -13,7 +13,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 #include "tests/office/TestOffice.h"
 
 #include <QLabel>

@@ -14,7 +14,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KForm.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 

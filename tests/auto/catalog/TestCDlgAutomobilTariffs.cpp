@@ -12,10 +12,10 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KForm.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "suite/utility/KTextArea.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 

@@ -11,7 +11,7 @@
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "tests/office/TestOffice.h"
 
 #include <QHeaderView>

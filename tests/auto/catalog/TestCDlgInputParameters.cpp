@@ -11,7 +11,7 @@
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 

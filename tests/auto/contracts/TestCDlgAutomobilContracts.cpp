@@ -14,8 +14,8 @@
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KSettings.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>

@@ -8,7 +8,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 
 #include <QComboBox>

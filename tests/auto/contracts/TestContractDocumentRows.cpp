@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractDocumentRows.h"
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QTest>
 

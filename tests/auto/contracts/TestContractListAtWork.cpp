@@ -16,7 +16,7 @@
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KForm.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
 

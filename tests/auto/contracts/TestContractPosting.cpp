@@ -7,7 +7,7 @@
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"
 
 #include <QTest>

@@ -9,7 +9,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KModuleLoader.h"
 #include "suite/accounting/SuiteSchema.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QDesktopServices>

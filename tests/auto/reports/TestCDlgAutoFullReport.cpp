@@ -11,7 +11,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 

@@ -8,7 +8,7 @@
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 
 #include <QLabel>

@@ -9,7 +9,7 @@
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 
 #include <QThread>

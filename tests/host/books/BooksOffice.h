@@ -9,7 +9,7 @@
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/InvoicePosting.h"
 #include "suite/accounting/ManualDocument.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 
 // An office with two persons, two services and an expense account of its own, in the fiscal year 1405.

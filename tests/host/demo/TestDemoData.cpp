@@ -21,7 +21,7 @@
 #include "suite/crm/NationalCode.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/image/PictureIntake.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/TestDatabase.h"
 

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "suite/accounting/ListReport.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 // A report of that many made-up rows, in its standard layout: number, name, amount, date, remark.
 inline ListReport sampleReport(int rows)

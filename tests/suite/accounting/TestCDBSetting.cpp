@@ -7,8 +7,8 @@
 #include "suite/accounting/RecordKinds.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KDialogTabPage.h"
-#include "suite/utility/Money.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QPointer>

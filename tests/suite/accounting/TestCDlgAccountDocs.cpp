@@ -10,7 +10,7 @@
 #include "suite/accounting/ManualDocument.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/suite/crm/Hand.h"

@@ -8,7 +8,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 

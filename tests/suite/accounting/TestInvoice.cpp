@@ -6,7 +6,7 @@
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/InvoiceDocumentRows.h"
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <QtTest>
 

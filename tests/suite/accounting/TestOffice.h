@@ -7,7 +7,7 @@
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteSchema.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTemporaryDir>

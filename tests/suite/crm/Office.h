@@ -8,7 +8,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteSchema.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTemporaryDir>

@@ -8,7 +8,7 @@
 #include "suite/utility/KDateEdit.h"
 #include "suite/utility/KEdit.h"
 #include "suite/utility/KTimeEdit.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/crm/Alarms.h"
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"

@@ -17,7 +17,7 @@
 #include <QVBoxLayout>
 
 #include "suite/utility/KDateEdit.h"
-#include "suite/utility/KSettings.h"
+#include "suite/utility/values/KSettings.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 namespace {
 

@@ -17,8 +17,8 @@
 
 #include <numeric>
 
-#include "suite/utility/KSettings.h"
-#include "suite/utility/ShamsiDate.h"
+#include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/Money.h"
+#include "suite/utility/values/Money.h"
 
 #include <array>
 #include <cmath>
@@ -9,7 +9,7 @@
 #include <unicode/rbnf.h>
 #include <unicode/unistr.h>
 
-#include "suite/utility/TextStandard.h"
+#include "suite/utility/values/TextStandard.h"
 
 namespace {
 
