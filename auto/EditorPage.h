@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/utility/KDialogTabPage.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KForm.h"
 
 enum class EditorMode {
     New,

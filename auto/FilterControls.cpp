@@ -3,7 +3,7 @@
 
 #include "auto/FilterControls.h"
 
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 
 #include <QComboBox>
 

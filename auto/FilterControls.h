@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/WordLists.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 class KDateEdit;
 class QComboBox;

@@ -3,7 +3,7 @@
 
 #include "auto/FormLines.h"
 
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KForm.h"
 
 #include <QGridLayout>
 #include <QVBoxLayout>

@@ -12,7 +12,7 @@
 #include "auto/reports/SeasonalGathering.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KApplication.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 

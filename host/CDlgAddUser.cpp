@@ -8,7 +8,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/values/TextStandard.h"
 

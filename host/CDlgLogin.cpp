@@ -5,7 +5,7 @@
 
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/KWaitCursor.h"
 

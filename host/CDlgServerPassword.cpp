@@ -4,7 +4,7 @@
 #include "host/CDlgServerPassword.h"
 
 #include "host/HostOptions.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

@@ -7,8 +7,8 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CDlgAddCompanyProps.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 

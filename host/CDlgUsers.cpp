@@ -9,7 +9,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 
 #include <QCheckBox>

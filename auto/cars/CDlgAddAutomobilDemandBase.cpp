@@ -14,8 +14,8 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/ScrolledPage.h"
 #include "suite/utility/values/ShamsiDate.h"
 

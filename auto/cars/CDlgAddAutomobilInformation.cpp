@@ -11,7 +11,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KTabPageButtons.h"
 
 #include <QPushButton>

@@ -16,8 +16,8 @@
 #include "suite/accounting/CTblItems.h"
 #include "suite/crm/IdentityHints.h"
 #include "suite/image/KStaticImage.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KStepArrows.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/ScrolledPage.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -12,7 +12,7 @@
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilTariffs.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/ScrolledPage.h"
 
 #include <QCheckBox>

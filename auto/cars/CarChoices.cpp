@@ -6,7 +6,7 @@
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblCarBrands.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/utility/ComboWidth.h"
+#include "suite/utility/entries/ComboWidth.h"
 
 #include <QComboBox>
 

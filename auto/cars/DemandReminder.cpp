@@ -7,7 +7,7 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/CTblAlarm.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -11,8 +11,8 @@
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KForm.h"
 
 #include <QComboBox>
 #include <QPushButton>

@@ -6,7 +6,7 @@
 #include "suite/crm/CDlgPersons.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/IdentityHints.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -6,8 +6,8 @@
 #include "auto/catalog/TariffTexts.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KForm.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -6,7 +6,7 @@
 #include "auto/catalog/CatalogEntries.h"
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>

@@ -6,7 +6,7 @@
 #include "auto/catalog/InputParameterValues.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

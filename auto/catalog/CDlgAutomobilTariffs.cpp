@@ -6,7 +6,7 @@
 #include "auto/catalog/CDlgAddAutomobilTariff.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/KDialogHolder.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 

@@ -4,7 +4,7 @@
 #include "auto/catalog/CatalogPanel.h"
 
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/TextStandard.h"
 

@@ -19,8 +19,8 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/KPersonField.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KForm.h"
 #include "suite/utility/KTabPageButtons.h"
 
 #include <QPushButton>

@@ -5,7 +5,7 @@
 
 #include "auto/contracts/Commission.h"
 #include "auto/contracts/ContractEditorPage.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KForm.h"
 
 #include <QList>
 #include <QStringList>

@@ -7,8 +7,8 @@
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/KPersonField.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
 
 #include <QComboBox>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/Commission.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KForm.h"
 
 #include <QGroupBox>
 

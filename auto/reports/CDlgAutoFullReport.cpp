@@ -10,7 +10,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/ReportOutput.h"
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/KWaitCursor.h"

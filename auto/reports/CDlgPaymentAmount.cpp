@@ -5,7 +5,7 @@
 
 #include "auto/reports/PayableAmount.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

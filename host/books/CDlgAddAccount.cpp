@@ -8,7 +8,7 @@
 #include "suite/accounting/CTblHesabMoeen.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

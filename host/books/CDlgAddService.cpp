@@ -7,7 +7,7 @@
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>

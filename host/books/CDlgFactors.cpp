@@ -10,7 +10,7 @@
 #include "suite/accounting/InvoicePosting.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -7,7 +7,7 @@
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 
 #include <QGridLayout>

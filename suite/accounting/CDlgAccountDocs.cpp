@@ -8,7 +8,7 @@
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/values/Money.h"

@@ -10,8 +10,8 @@
 #include "suite/accounting/CTblReceipts.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
 
 #include <QComboBox>

@@ -6,7 +6,7 @@
 #include "suite/accounting/CTblCustomFields.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 
 #include <QComboBox>

@@ -8,7 +8,7 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/ReportColumnsModel.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>

@@ -4,8 +4,8 @@
 #include "suite/accounting/CustomFieldInput.h"
 
 #include "suite/accounting/CTblCustomFields.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QCheckBox>
 

@@ -9,9 +9,9 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/AlarmTime.h"
 #include "suite/crm/CTblAlarm.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KTimeEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KTimeEdit.h"
 
 #include <QCheckBox>
 #include <QComboBox>

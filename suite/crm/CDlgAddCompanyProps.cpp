@@ -7,7 +7,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/IdentityHints.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -8,8 +8,8 @@
 #include "suite/crm/CTblPersonsMini.h"
 #include "suite/crm/IdentityHints.h"
 #include "suite/crm/MobileNumber.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>

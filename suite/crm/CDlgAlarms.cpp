@@ -12,7 +12,7 @@
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/CTblAlarm.h"
 #include "suite/crm/PostponeMenu.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -5,7 +5,7 @@
 
 #include "suite/crm/CDlgPersons.h"
 #include "suite/crm/CTblPersonsMini.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "suite/utility/EntryMark.h"
+#include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/ListRoles.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"

@@ -16,7 +16,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/ListRoles.h"
 #include "suite/utility/values/Money.h"
 

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "suite/utility/EntryMark.h"
+#include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/ListRoles.h"
 
 namespace {

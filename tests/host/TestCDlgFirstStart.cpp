@@ -4,8 +4,8 @@
 #include "host/CDlgFirstStart.h"
 
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 

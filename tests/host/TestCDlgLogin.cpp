@@ -3,7 +3,7 @@
 
 #include "host/CDlgLogin.h"
 
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/host/HostTestOffice.h"
 
 #include <QFile>

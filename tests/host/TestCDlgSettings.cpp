@@ -3,8 +3,8 @@
 
 #include "host/CDlgSettings.h"
 
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"

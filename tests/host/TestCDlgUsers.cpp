@@ -6,7 +6,7 @@
 #include "host/CDlgAddUser.h"
 #include "host/CDlgChangePassword.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 

@@ -11,7 +11,7 @@
 #include "host/WorkArea.h"
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QAction>
 #include <QApplication>

@@ -12,8 +12,8 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KTabPageButtons.h"
 #include "tests/office/TestOffice.h"
 

@@ -17,10 +17,10 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KTabPageButtons.h"
-#include "suite/utility/KTextArea.h"
+#include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 

@@ -6,7 +6,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
 
 #include <QApplication>

@@ -6,10 +6,10 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KForm.h"
-#include "suite/utility/KTextArea.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KForm.h"
+#include "suite/utility/entries/KTextArea.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>

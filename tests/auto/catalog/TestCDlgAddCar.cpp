@@ -5,7 +5,7 @@
 
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/office/TestOffice.h"
 
 #include <QPushButton>

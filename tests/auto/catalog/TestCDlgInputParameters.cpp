@@ -9,7 +9,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KDialogHolder.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/auto/ObservedStatements.h"

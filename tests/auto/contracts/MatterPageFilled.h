@@ -4,8 +4,8 @@
 #pragma once
 
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KForm.h"
 
 // Enters what a contract's vehicle cannot be saved without.
 inline void fillMatterPage(CDlgAddAutomobilContractMatter &page)

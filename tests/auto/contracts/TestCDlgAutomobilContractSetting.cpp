@@ -7,7 +7,7 @@
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteSchema.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QCheckBox>

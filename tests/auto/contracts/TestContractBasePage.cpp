@@ -12,9 +12,9 @@
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/KPersonField.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KForm.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
 

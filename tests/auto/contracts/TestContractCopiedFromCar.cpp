@@ -13,10 +13,10 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/KPersonField.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KForm.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractFilter.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
 
 #include <QApplication>

@@ -9,7 +9,7 @@
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"

@@ -11,7 +11,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ReportPainter.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"

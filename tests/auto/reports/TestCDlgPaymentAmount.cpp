@@ -7,7 +7,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/CTblFactors.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 

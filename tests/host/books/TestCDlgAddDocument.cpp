@@ -3,8 +3,8 @@
 
 #include "host/books/CDlgAddDocument.h"
 
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/suite/crm/Hand.h"

@@ -7,7 +7,7 @@
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/KPersonField.h"
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"

@@ -5,7 +5,7 @@
 
 #include "host/books/CDlgAddService.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/suite/crm/Hand.h"

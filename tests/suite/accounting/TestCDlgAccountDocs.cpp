@@ -8,7 +8,7 @@
 #include "suite/accounting/DocumentRowsPane.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ManualDocument.h"
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/FormDriver.h"

@@ -5,7 +5,7 @@
 #include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 

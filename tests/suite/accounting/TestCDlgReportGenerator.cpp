@@ -8,7 +8,7 @@
 #include "suite/accounting/ReportColumnsModel.h"
 #include "suite/accounting/ReportOutput.h"
 #include "suite/accounting/ReportProgressWindow.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"

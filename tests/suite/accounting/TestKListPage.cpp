@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/KListPage.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "tests/suite/accounting/TestOffice.h"
 

@@ -5,9 +5,9 @@
 
 #include "suite/accounting/RecordKinds.h"
 #include "suite/crm/AlarmTime.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KTimeEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KTimeEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/crm/Alarms.h"
 #include "tests/suite/crm/Hand.h"

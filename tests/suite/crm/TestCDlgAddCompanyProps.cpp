@@ -4,7 +4,7 @@
 #include "suite/crm/CDlgAddCompanyProps.h"
 
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CDlgDueAlarms.h"
 
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "tests/suite/crm/Alarms.h"
 #include "tests/suite/crm/Hand.h"

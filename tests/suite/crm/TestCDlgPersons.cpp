@@ -4,7 +4,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/crm/CDlgPersons.h"
 #include "suite/utility/KDialogHolder.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"

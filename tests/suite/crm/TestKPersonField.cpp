@@ -3,7 +3,7 @@
 
 #include "suite/crm/KPersonField.h"
 
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/KExtListCtrl.h"
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"

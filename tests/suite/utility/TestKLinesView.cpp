@@ -4,7 +4,7 @@
 #include "suite/utility/KLinesView.h"
 
 #include "suite/utility/KDialog.h"
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>

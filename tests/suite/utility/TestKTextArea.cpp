@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/KDialog.h"
-#include "suite/utility/KTextArea.h"
+#include "suite/utility/entries/KTextArea.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

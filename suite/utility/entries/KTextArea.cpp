@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KTextArea.h"
+#include "suite/utility/entries/KTextArea.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -13,7 +13,7 @@
 
 #include <cmath>
 
-#include "suite/utility/EntryMark.h"
+#include "suite/utility/entries/EntryMark.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KForm.h"
+#include "suite/utility/entries/KForm.h"
 
 #include "suite/db/KMySQL.h"
-#include "suite/utility/ComboWidth.h"
-#include "suite/utility/KDateEdit.h"
-#include "suite/utility/KEdit.h"
-#include "suite/utility/KTextArea.h"
-#include "suite/utility/KStepArrows.h"
+#include "suite/utility/entries/ComboWidth.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KTextArea.h"
+#include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/values/Money.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KDateEdit.h"
+#include "suite/utility/entries/KDateEdit.h"
 
 #include <QCheckBox>
 #include <QHelpEvent>
@@ -11,8 +11,8 @@
 
 #include <utility>
 
-#include "suite/utility/EntryMark.h"
-#include "suite/utility/KMonthPopup.h"
+#include "suite/utility/entries/EntryMark.h"
+#include "suite/utility/entries/KMonthPopup.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 

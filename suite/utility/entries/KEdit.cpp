@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KEdit.h"
+#include "suite/utility/entries/KEdit.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -14,7 +14,7 @@
 #include <limits>
 
 #include "suite/utility/values/CodeText.h"
-#include "suite/utility/EntryMark.h"
+#include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 #include "suite/utility/values/TypedNumber.h"

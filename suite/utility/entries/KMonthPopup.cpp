@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KMonthPopup.h"
+#include "suite/utility/entries/KMonthPopup.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -16,7 +16,7 @@
 
 #include <cstdlib>
 
-#include "suite/utility/EntryMark.h"
+#include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 namespace {
