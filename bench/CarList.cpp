@@ -12,7 +12,7 @@
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/KApplication.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

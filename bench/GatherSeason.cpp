@@ -13,7 +13,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KApplication.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QButtonGroup>

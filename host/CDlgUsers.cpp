@@ -10,7 +10,7 @@
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -18,7 +18,7 @@
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

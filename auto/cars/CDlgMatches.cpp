@@ -6,7 +6,7 @@
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

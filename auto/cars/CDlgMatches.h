@@ -5,7 +5,7 @@
 
 #include "suite/accounting/KListPage.h"
 #include "suite/utility/KDialog.h"
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 #include <functional>
 #include <optional>

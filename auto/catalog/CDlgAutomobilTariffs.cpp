@@ -7,7 +7,7 @@
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 
 #include <QCheckBox>

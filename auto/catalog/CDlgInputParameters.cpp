@@ -6,7 +6,7 @@
 #include "auto/catalog/CDlgAddInputParameter.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/utility/KDialogHolder.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCoreApplication>

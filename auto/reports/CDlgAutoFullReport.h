@@ -7,7 +7,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ListReport.h"
 #include "suite/utility/KDialog.h"
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 class IncomeChart;
 class KDateEdit;

@@ -16,7 +16,7 @@
 #include "suite/crm/CDlgAddPerson.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/KWaitCursor.h"

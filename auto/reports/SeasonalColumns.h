@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/reports/SeasonalGathering.h"
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 // The thirty columns of the seasonal report; four titles depend on whether it lists sales or purchases.
 QVector<KListModel::Column> seasonalColumns(SeasonalGathering::Kind kind);

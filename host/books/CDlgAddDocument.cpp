@@ -13,7 +13,7 @@
 #include "suite/crm/CTblPersonsMini.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KLinesView.h"
+#include "suite/utility/lists/KLinesView.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/TabOrder.h"

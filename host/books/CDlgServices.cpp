@@ -8,7 +8,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QGridLayout>
 

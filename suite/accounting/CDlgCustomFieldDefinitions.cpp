@@ -7,7 +7,7 @@
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

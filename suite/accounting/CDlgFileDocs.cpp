@@ -10,7 +10,7 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KProcess.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -8,7 +8,7 @@
 #include "suite/accounting/DocumentRowsPane.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>

@@ -4,7 +4,7 @@
 #include "suite/accounting/DocumentRowsPane.h"
 
 #include "suite/accounting/DocumentRows.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 
 #include <QLabel>

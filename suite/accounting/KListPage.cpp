@@ -11,7 +11,7 @@
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/KWaitCursor.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -7,7 +7,7 @@
 #include "suite/accounting/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/KDialogTabPage.h"
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 #include <QKeySequence>
 

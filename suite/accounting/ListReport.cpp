@@ -4,7 +4,7 @@
 #include "suite/accounting/ListReport.h"
 
 #include "suite/accounting/CTblReportLayouts.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QHeaderView>

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/ReportLayout.h"
 #include "suite/accounting/TzAccountingExport.h"
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 class KExtListCtrl;
 

@@ -13,7 +13,7 @@
 #include "suite/crm/CTblAlarm.h"
 #include "suite/crm/PostponeMenu.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>

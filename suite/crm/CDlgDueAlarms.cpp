@@ -7,7 +7,7 @@
 #include "suite/crm/AlarmTime.h"
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/PostponeMenu.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>

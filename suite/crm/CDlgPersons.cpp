@@ -8,7 +8,7 @@
 #include "suite/crm/PersonSearch.h"
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 

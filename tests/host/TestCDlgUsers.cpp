@@ -7,7 +7,7 @@
 #include "host/CDlgChangePassword.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 
 #include <QCheckBox>

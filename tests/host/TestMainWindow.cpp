@@ -12,7 +12,7 @@
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/CDlgAlarms.h"
 #include "suite/utility/KDialogTabPage.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/suite/crm/Alarms.h"
 #include "tests/suite/crm/Hand.h"

@@ -6,7 +6,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/auto/cars/CarEditorOffice.h"
 

@@ -6,7 +6,7 @@
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/crm/CDlgPersons.h"
 #include "suite/utility/KDialogHolder.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/cars/CarEditorOffice.h"
 
 namespace {

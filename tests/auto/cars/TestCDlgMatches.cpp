@@ -12,7 +12,7 @@
 #include "suite/accounting/CTblMultiItems.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "tests/office/TestOffice.h"
 

@@ -12,7 +12,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ObservedStatements.h"

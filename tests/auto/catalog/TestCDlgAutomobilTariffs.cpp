@@ -10,7 +10,7 @@
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/entries/KTextArea.h"

@@ -13,7 +13,7 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"

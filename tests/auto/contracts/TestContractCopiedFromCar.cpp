@@ -15,7 +15,7 @@
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/entries/KForm.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"

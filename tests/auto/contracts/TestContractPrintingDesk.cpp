@@ -5,7 +5,7 @@
 #include "auto/contracts/ContractPrintingDesk.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/PrintedContracts.h"
 
 #include <QDesktopServices>

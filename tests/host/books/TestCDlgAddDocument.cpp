@@ -5,7 +5,7 @@
 
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KLinesView.h"
+#include "suite/utility/lists/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/suite/crm/Hand.h"
 

@@ -8,7 +8,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/suite/crm/Hand.h"
 

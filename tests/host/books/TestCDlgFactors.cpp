@@ -8,8 +8,8 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/KExtListCtrl.h"
-#include "suite/utility/KLinesView.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/suite/crm/Hand.h"
 

@@ -9,7 +9,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ManualDocument.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"

@@ -10,7 +10,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 

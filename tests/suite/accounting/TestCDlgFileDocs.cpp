@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/CDlgFileDocs.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 

@@ -4,7 +4,7 @@
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/KListPage.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QGridLayout>

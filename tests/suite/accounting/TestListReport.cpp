@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblReportLayouts.h"
 #include "suite/accounting/KAccountingError.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
 

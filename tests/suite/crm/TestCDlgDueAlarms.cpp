@@ -4,7 +4,7 @@
 #include "suite/crm/CDlgDueAlarms.h"
 
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/crm/Alarms.h"
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KLinesView.h"
+#include "suite/utility/lists/KLinesView.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -17,7 +17,7 @@
 #include <functional>
 
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/ListRoles.h"
+#include "suite/utility/lists/ListRoles.h"
 #include "suite/utility/values/Money.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KExtListCtrl.h"
+#include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -14,7 +14,7 @@
 
 #include "suite/utility/values/CodeText.h"
 #include "suite/utility/values/KSettings.h"
-#include "suite/utility/ListRoles.h"
+#include "suite/utility/lists/ListRoles.h"
 
 namespace {
 

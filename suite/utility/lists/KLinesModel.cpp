@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KLinesModel.h"
+#include "suite/utility/lists/KLinesModel.h"
 
 #include <QBrush>
 #include <QGuiApplication>
@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "suite/utility/entries/EntryMark.h"
-#include "suite/utility/ListRoles.h"
+#include "suite/utility/lists/ListRoles.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 

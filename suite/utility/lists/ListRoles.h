@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 // Between the list and its model only: whether a cell's text is drawn from left to right.
 inline constexpr int LeftToRightRole = KListModel::KeyRole + 1;

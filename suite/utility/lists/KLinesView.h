@@ -5,7 +5,7 @@
 
 #include <QTableView>
 
-#include "suite/utility/KLinesModel.h"
+#include "suite/utility/lists/KLinesModel.h"
 
 // The grid of lines, wholly usable by keyboard: typing edits the cell, Enter takes the entry and goes on to the next cell and
 // from the last one into a new line, Insert adds a line, Delete takes the current one away, F2, F4 or the space bar open what a

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 
 #include <QBrush>
 #include <QFont>
@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "suite/utility/entries/EntryMark.h"
-#include "suite/utility/ListRoles.h"
+#include "suite/utility/lists/ListRoles.h"
 
 namespace {
 

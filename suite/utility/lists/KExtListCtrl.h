@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include "suite/utility/KListModel.h"
+#include "suite/utility/lists/KListModel.h"
 #include "suite/utility/TzUtilityExport.h"
 
 // The suite's list: columns that the user sizes and orders, rows known by their record's key, one row selected at most.
