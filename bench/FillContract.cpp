@@ -8,7 +8,7 @@
 #include "bench/RatioReporter.h"
 
 #include "auto/contracts/ContractMergeFields.h"
-#include "suite/utility/KMSWord.h"
+#include "suite/utility/documents/KMSWord.h"
 
 #include <QCoreApplication>
 #include <QDate>

@@ -9,7 +9,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/KMSWord.h"
+#include "suite/utility/documents/KMSWord.h"
 #include "suite/utility/values/Money.h"
 
 #include <QDateTime>

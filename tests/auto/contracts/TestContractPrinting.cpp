@@ -5,7 +5,7 @@
 #include "auto/contracts/ContractPrinting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/utility/KMSWord.h"
+#include "suite/utility/documents/KMSWord.h"
 #include "tests/auto/contracts/DocxParts.h"
 #include "tests/auto/contracts/PrintedContracts.h"
 #include "tests/support/OrdinaryRights.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KMSWord.h"
+#include "suite/utility/documents/KMSWord.h"
 
 #include "tests/suite/utility/documents/DocxMaker.h"
 

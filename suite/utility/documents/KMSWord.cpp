@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KMSWord.h"
-#include "suite/utility/DocxPackage.h"
-#include "suite/utility/FieldStory.h"
-#include "suite/utility/MailMergeSource.h"
+#include "suite/utility/documents/KMSWord.h"
+#include "suite/utility/documents/DocxPackage.h"
+#include "suite/utility/documents/FieldStory.h"
+#include "suite/utility/documents/MailMergeSource.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/DocxPackage.h"
-#include "suite/utility/WordXml.h"
+#include "suite/utility/documents/DocxPackage.h"
+#include "suite/utility/documents/WordXml.h"
 
 #include <QHash>
 #include <QSet>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/FieldInstruction.h"
+#include "suite/utility/documents/FieldInstruction.h"
 
 #include <QString>
 #include <QStringList>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/Fields.h"
+#include "suite/utility/documents/Fields.h"
 #include "suite/utility/TzUtilityExport.h"
 
 #include <QString>
