@@ -5,7 +5,7 @@
 
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/KErrorBoundary.h"
-#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

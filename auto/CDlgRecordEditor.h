@@ -7,8 +7,8 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblFileDocs.h"
-#include "suite/utility/KDialog.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KDialog.h"
+#include "suite/utility/frame/KWaitCursor.h"
 
 #include <QList>
 

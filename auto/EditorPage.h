@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/entries/KForm.h"
 
 enum class EditorMode {

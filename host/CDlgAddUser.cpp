@@ -9,7 +9,7 @@
 #include "suite/accounting/CTblUsers.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>

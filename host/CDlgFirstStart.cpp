@@ -10,7 +10,7 @@
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 

@@ -7,7 +7,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/KSettings.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>

@@ -4,7 +4,7 @@
 #include "host/WorkArea.h"
 
 #include "suite/accounting/KErrorBoundary.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 
 #include <QShortcut>
 #include <QTabBar>

@@ -8,7 +8,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/frame/KTabPageButtons.h"
 
 namespace {
 

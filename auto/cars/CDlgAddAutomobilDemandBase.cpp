@@ -16,7 +16,7 @@
 #include "suite/accounting/CTblUsers.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/ScrolledPage.h"
+#include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QComboBox>

@@ -12,7 +12,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QPushButton>
 

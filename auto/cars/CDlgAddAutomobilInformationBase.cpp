@@ -18,7 +18,7 @@
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KStepArrows.h"
-#include "suite/utility/ScrolledPage.h"
+#include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QComboBox>

@@ -13,7 +13,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/ScrolledPage.h"
+#include "suite/utility/frame/ScrolledPage.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

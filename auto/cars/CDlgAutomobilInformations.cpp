@@ -17,7 +17,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"

@@ -7,7 +7,7 @@
 #include "suite/accounting/KErrorBoundary.h"
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/KListPage.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
 
 #include <functional>

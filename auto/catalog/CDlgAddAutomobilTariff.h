@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/db/CTblAutomobilTariffs.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;
 class KForm;

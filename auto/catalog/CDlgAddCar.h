@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <functional>
 

@@ -5,7 +5,7 @@
 
 #include "auto/catalog/CDlgAddAutomobilTariff.h"
 #include "auto/db/CTblAutomobilTariffs.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"

@@ -5,7 +5,7 @@
 
 #include "auto/catalog/CatalogLevel.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <array>
 #include <functional>

@@ -5,7 +5,7 @@
 
 #include "auto/catalog/CDlgAddInputParameter.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QButtonGroup>

@@ -7,7 +7,7 @@
 #include "auto/catalog/CatalogImporter.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/KMessageDialog.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 
 #include <QDir>
 #include <QFile>

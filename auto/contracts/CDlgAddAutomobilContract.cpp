@@ -21,7 +21,7 @@
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
-#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QPushButton>
 

@@ -21,7 +21,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/Money.h"
-#include "suite/utility/ScrolledPage.h"
+#include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>

@@ -12,7 +12,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/Provinces.h"
-#include "suite/utility/ScrolledPage.h"
+#include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>

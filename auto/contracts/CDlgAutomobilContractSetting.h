@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/ContractSettings.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <array>
 

@@ -15,10 +15,10 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/frame/TabOrder.h"
 
 #include <QComboBox>
 #include <QGridLayout>

@@ -6,7 +6,7 @@
 #include "auto/contracts/InstalmentPlan.h"
 #include "auto/contracts/StoredInstalments.h"
 #include "suite/accounting/ListReport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <optional>
 

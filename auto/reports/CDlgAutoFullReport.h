@@ -6,7 +6,7 @@
 #include "auto/reports/ComprehensiveReport.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ListReport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
 
 class IncomeChart;

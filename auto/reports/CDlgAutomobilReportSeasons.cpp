@@ -19,10 +19,10 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/entries/KStepArrows.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/frame/TabOrder.h"
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>

@@ -7,7 +7,7 @@
 #include "auto/reports/SeasonalTask.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ListReport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <array>
 #include <memory>

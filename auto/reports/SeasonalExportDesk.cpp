@@ -5,9 +5,9 @@
 
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/ReportProgressWindow.h"
-#include "suite/utility/FolderChoice.h"
+#include "suite/utility/frame/FolderChoice.h"
 #include "suite/utility/values/KProcess.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 
 namespace {
 

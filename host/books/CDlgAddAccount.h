@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/AccountBalance.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 class KEdit;
 

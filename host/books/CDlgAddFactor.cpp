@@ -15,9 +15,9 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KLinesView.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/frame/TabOrder.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -5,7 +5,7 @@
 
 #include "host/books/ChartRows.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 
 #include <QKeySequence>
 

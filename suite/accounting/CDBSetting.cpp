@@ -11,7 +11,7 @@
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

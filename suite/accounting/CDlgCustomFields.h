@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 
 #include <memory>
 #include <vector>

@@ -12,7 +12,7 @@
 #include "suite/accounting/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KProcess.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDir>

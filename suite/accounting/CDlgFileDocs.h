@@ -5,7 +5,7 @@
 
 #include "suite/accounting/CTblFileDocs.h"
 #include "suite/accounting/TzAccountingExport.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 
 class KExtListCtrl;
 class QLabel;

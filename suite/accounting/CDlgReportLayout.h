@@ -5,7 +5,7 @@
 
 #include "suite/accounting/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <QMap>
 

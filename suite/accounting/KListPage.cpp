@@ -13,9 +13,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/frame/TabOrder.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -6,7 +6,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/lists/KListModel.h"
 
 #include <QKeySequence>

@@ -5,7 +5,7 @@
 
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/TzCRMExport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <QList>
 

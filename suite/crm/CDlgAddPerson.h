@@ -5,7 +5,7 @@
 
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/TzCRMExport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <span>
 

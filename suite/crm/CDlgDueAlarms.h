@@ -5,7 +5,7 @@
 
 #include "suite/crm/CTblAlarm.h"
 #include "suite/crm/TzCRMExport.h"
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 class KExtListCtrl;
 class QPushButton;

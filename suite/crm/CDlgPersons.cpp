@@ -6,7 +6,7 @@
 #include "suite/crm/CDlgAddPerson.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/PersonSearch.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"

@@ -7,8 +7,8 @@
 #include "suite/image/CDlgPicture.h"
 #include "suite/image/PictureBoxReader.h"
 #include "suite/image/PictureOffer.h"
-#include "suite/utility/KDialog.h"
-#include "suite/utility/KWaitCursor.h"
+#include "suite/utility/frame/KDialog.h"
+#include "suite/utility/frame/KWaitCursor.h"
 
 #include <QApplication>
 #include <QClipboard>

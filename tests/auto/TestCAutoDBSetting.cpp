@@ -8,7 +8,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/SuiteSchema.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QApplication>

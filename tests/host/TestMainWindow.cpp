@@ -11,7 +11,7 @@
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/CDlgAlarms.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/suite/crm/Alarms.h"

@@ -14,7 +14,7 @@
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/frame/KTabPageButtons.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>

@@ -7,7 +7,7 @@
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/image/KStaticImage.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/cars/CarEditorOffice.h"

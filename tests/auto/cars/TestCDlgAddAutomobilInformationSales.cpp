@@ -5,7 +5,7 @@
 #include "auto/catalog/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/crm/CDlgPersons.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/cars/CarEditorOffice.h"
 

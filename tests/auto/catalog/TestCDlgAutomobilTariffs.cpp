@@ -8,7 +8,7 @@
 #include "suite/accounting/KMessageDialog.h"
 #include "suite/accounting/KWndReportGen.h"
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/entries/KForm.h"

@@ -6,7 +6,7 @@
 #include "suite/accounting/KAccountingError.h"
 #include "suite/accounting/RecordKinds.h"
 #include "suite/accounting/SuiteMessages.h"
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/TestOffice.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/crm/CDlgPersons.h"
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/crm/Hand.h"

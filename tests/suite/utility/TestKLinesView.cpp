@@ -3,7 +3,7 @@
 
 #include "suite/utility/lists/KLinesView.h"
 
-#include "suite/utility/KDialog.h"
+#include "suite/utility/frame/KDialog.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QAbstractItemModelTester>

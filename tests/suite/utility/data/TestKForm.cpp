@@ -6,7 +6,7 @@
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/entries/KTextArea.h"
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/frame/TabOrder.h"
 #include "tests/auto/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/ScrolledPage.h"
+#include "suite/utility/frame/ScrolledPage.h"
 
-#include "suite/utility/TabOrder.h"
+#include "suite/utility/frame/TabOrder.h"
 
 #include <QScrollArea>
 #include <QScrollBar>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KDialogHolder.h"
+#include "suite/utility/frame/KDialogHolder.h"
 
 #include <QDialogButtonBox>
 #include <QVBoxLayout>
 
-#include "suite/utility/KDialogTabPage.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 
 KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent, const QString &okCaption, const QString &cancelCaption)
     : KDialog(parent)

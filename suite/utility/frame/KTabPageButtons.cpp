@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/KTabPageButtons.h"
+#include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -11,7 +11,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include "suite/utility/KTabButton.h"
+#include "suite/utility/frame/KTabButton.h"
 
 namespace {
 
