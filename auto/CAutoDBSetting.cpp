@@ -10,7 +10,7 @@
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 
 #include <new>

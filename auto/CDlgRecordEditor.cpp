@@ -4,7 +4,7 @@
 #include "auto/CDlgRecordEditor.h"
 
 #include "suite/accounting/CDlgFileDocs.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QCheckBox>

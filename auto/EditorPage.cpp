@@ -3,7 +3,7 @@
 
 #include "auto/EditorPage.h"
 
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 
 EditorTabPage::EditorTabPage(EditorMode mode, const QString &title, QWidget *parent)
     : KDialogTabPage(parent)

@@ -12,7 +12,7 @@
 // unless it opens with the word for "all": then it serves as a filter, position 0 filters nothing and the stored value is
 // the position less one. A first entry "-" stands for nothing chosen. Views of static text: valid for the program's life.
 //
-// The suite's list of record kinds is the suite's own: suite/accounting/RecordKinds.h.
+// The suite's list of record kinds is the suite's own: suite/accounting/frame/RecordKinds.h.
 namespace WordLists {
 
 using List = std::span<const QStringView>;

@@ -11,7 +11,7 @@
 #include "auto/WordLists.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/Money.h"

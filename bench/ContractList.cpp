@@ -9,7 +9,7 @@
 
 #include "auto/WordLists.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"

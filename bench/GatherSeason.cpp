@@ -11,7 +11,7 @@
 #include "auto/reports/SeasonBounds.h"
 #include "auto/reports/SeasonalGathering.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -13,7 +13,7 @@
 #include "suite/db/CTblTemp.h"
 #include "host/demo/DemoRandom.h"
 #include "host/demo/RecordBulkInsert.h"
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 
 #include <mysql.h>
 

@@ -7,7 +7,7 @@
 #include "bench/RatioReporter.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 
 #include <mysql.h>
 

@@ -8,7 +8,7 @@
 #include "bench/RatioReporter.h"
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/ReportOutput.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KModuleLoader.h"
+#include "suite/accounting/frame/KModuleLoader.h"
 
 class CAutoDBSetting;
 

@@ -5,7 +5,7 @@
 
 #include "host/StartupClock.h"
 #include "host/server/DatabaseDump.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/values/KProcess.h"
 
 #include <QCoreApplication>

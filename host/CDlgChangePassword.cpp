@@ -6,7 +6,7 @@
 #include "host/CDlgFirstStart.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
 

@@ -6,7 +6,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

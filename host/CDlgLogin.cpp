@@ -4,7 +4,7 @@
 #include "host/CDlgLogin.h"
 
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/frame/KWaitCursor.h"

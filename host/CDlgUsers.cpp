@@ -8,7 +8,7 @@
 #include "host/UserFilter.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 

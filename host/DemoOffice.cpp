@@ -5,7 +5,7 @@
 
 #include "host/StartupClock.h"
 #include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 
 #include <QCoreApplication>
 #include <QProcess>

@@ -13,9 +13,9 @@
 #include "host/OfficeServer.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KApplication.h"
-#include "suite/accounting/KErrorBoundary.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/values/KSettings.h"
 

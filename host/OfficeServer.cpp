@@ -8,7 +8,7 @@
 #include "host/HostOptions.h"
 #include "host/StartupClock.h"
 #include "host/server/ServerError.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 
 #include <QFile>
 

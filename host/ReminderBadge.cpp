@@ -4,7 +4,7 @@
 #include "host/ReminderBadge.h"
 
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/crm/CTblAlarm.h"
 
 #include <QIcon>

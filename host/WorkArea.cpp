@@ -3,7 +3,7 @@
 
 #include "host/WorkArea.h"
 
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
 #include <QShortcut>

@@ -6,7 +6,7 @@
 #include "auto/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/db/CTblAutomobilDemands.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 

@@ -9,7 +9,7 @@
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"

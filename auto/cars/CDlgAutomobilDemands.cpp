@@ -13,7 +13,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/crm/CTblPersonsMini.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"

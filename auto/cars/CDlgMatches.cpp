@@ -4,8 +4,8 @@
 #include "auto/cars/CDlgMatches.h"
 
 #include "suite/accounting/CDlgReportGenerator.h"
-#include "suite/accounting/KErrorBoundary.h"
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"

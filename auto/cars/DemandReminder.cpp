@@ -4,7 +4,7 @@
 #include "auto/cars/DemandReminder.h"
 
 #include "auto/db/CTblAutomobilDemands.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/CTblAlarm.h"
 #include "suite/utility/entries/KEdit.h"

@@ -10,7 +10,7 @@
 #include "suite/db/KLookup.h"
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblMultiItems.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 

@@ -5,7 +5,7 @@
 
 #include "auto/catalog/TariffTexts.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KForm.h"
 

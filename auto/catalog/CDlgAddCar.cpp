@@ -4,8 +4,8 @@
 #include "auto/catalog/CDlgAddCar.h"
 
 #include "auto/catalog/CatalogEntries.h"
-#include "suite/accounting/KErrorBoundary.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"
 

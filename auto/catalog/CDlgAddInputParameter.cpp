@@ -5,7 +5,7 @@
 
 #include "auto/catalog/InputParameterValues.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>

@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CatalogPanel.h"
 
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/TextStandard.h"

@@ -16,7 +16,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgCustomFields.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"

@@ -8,7 +8,7 @@
 #include "auto/contracts/MatterVisibility.h"
 #include "auto/contracts/ModelYear.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/Provinces.h"

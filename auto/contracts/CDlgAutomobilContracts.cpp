@@ -12,7 +12,7 @@
 #include "suite/db/KLookup.h"
 #include "auto/reports/CDlgAutoFullReport.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractPrintingDesk.h"
 
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/values/KProcess.h"
 
 #include <QFileDialog>

@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblFileDocs.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 
 #include <QLoggingCategory>
 

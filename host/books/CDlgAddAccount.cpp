@@ -6,8 +6,8 @@
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/AccountCode.h"
 #include "suite/accounting/CTblHesabMoeen.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>

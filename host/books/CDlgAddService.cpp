@@ -5,8 +5,8 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblServices.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>

@@ -8,7 +8,7 @@
 #include "host/books/InvoiceFilter.h"
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/InvoicePosting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

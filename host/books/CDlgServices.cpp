@@ -5,8 +5,8 @@
 
 #include "host/books/CDlgAddService.h"
 #include "suite/accounting/CTblServices.h"
-#include "suite/accounting/KMessageDialog.h"
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 

@@ -13,7 +13,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblProperties.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "host/demo/ClientConfig.h"
 #include "host/demo/DemoData.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

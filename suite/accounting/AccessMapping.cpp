@@ -3,7 +3,7 @@
 
 #include "suite/accounting/AccessMapping.h"
 
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 
 #include <QFile>
 #include <QFileInfo>

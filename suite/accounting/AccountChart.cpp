@@ -11,7 +11,7 @@
 #include "suite/accounting/CTblHesabKol.h"
 #include "suite/accounting/CTblHesabMoeen.h"
 #include "suite/accounting/CTblHesabTafsily.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QSet>

@@ -6,7 +6,7 @@
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CDlgShowDocument.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

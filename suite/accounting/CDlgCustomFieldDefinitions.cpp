@@ -4,8 +4,8 @@
 #include "suite/accounting/CDlgCustomFieldDefinitions.h"
 
 #include "suite/accounting/CTblCustomFields.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 

@@ -8,8 +8,8 @@
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblCustomFields.h"
 #include "suite/accounting/CustomFieldInput.h"
-#include "suite/accounting/KErrorBoundary.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 
 #include <QFormLayout>

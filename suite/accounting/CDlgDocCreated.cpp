@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgDocCreated.h"
 
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 
 QString CDlgDocCreated::text(int docNum, int fiscalYear)
 {

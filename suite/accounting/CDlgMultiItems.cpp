@@ -5,10 +5,10 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblMultiItems.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>

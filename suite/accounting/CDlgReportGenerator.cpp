@@ -5,7 +5,7 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgReportLayout.h"
-#include "suite/accounting/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/KWndReportGen.h"
 #include "suite/accounting/ReportOutput.h"
 #include "suite/accounting/ReportProgressWindow.h"

@@ -4,9 +4,9 @@
 #include "suite/accounting/CDlgReportLayout.h"
 
 #include "suite/accounting/CTblReportLayouts.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/KErrorBoundary.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/ReportColumnsModel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"

@@ -6,7 +6,7 @@
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/DocumentKinds.h"
 #include "suite/accounting/DocumentRowsPane.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <cmath>

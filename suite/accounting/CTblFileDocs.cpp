@@ -5,7 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 
 #include <QFile>
 #include <QFileInfo>

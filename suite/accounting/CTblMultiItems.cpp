@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblMultiItems.h"
 
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>

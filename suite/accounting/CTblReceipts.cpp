@@ -8,7 +8,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
 namespace {

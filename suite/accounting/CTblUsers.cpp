@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblUsers.h"
 
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QLoggingCategory>

@@ -12,7 +12,7 @@
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/InvoiceDocumentRows.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
 namespace {

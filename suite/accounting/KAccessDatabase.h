@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/AccessMapping.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 
 #include <QByteArray>
 #include <QElapsedTimer>

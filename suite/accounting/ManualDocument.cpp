@@ -12,7 +12,7 @@
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/DocumentKinds.h"
 #include "suite/accounting/DocumentRows.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/ReportOutput.h"
 
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/ReportSheet.h"
 
 #include <QPainter>

@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 
 #include <QLoggingCategory>
 

@@ -5,8 +5,8 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/AlarmTime.h"
 #include "suite/crm/CTblAlarm.h"
 #include "suite/utility/entries/KDateEdit.h"

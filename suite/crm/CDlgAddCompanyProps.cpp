@@ -4,7 +4,7 @@
 #include "suite/crm/CDlgAddCompanyProps.h"
 
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/IdentityHints.h"
 #include "suite/utility/entries/KEdit.h"

@@ -4,7 +4,7 @@
 #include "suite/crm/CDlgAddPerson.h"
 
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CTblPersonsMini.h"
 #include "suite/crm/IdentityHints.h"
 #include "suite/crm/MobileNumber.h"

@@ -4,9 +4,9 @@
 #include "suite/crm/CDlgAlarms.h"
 
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
-#include "suite/accounting/RecordKinds.h"
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/frame/RecordKinds.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/crm/AlarmFilter.h"
 #include "suite/crm/AlarmTime.h"
 #include "suite/crm/CDlgAddAlarm.h"

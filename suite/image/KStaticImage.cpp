@@ -3,7 +3,7 @@
 
 #include "suite/image/KStaticImage.h"
 
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/image/CDlgPicture.h"
 #include "suite/image/PictureBoxReader.h"
 #include "suite/image/PictureOffer.h"

@@ -5,7 +5,7 @@
 #include "auto/SchemaUpgrade.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/db/KTableSchema.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/support/TestDatabase.h"
 

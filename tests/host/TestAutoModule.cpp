@@ -3,7 +3,7 @@
 
 #include "host/AutoModule.h"
 
-#include "suite/accounting/KExtensionModules.h"
+#include "suite/accounting/frame/KExtensionModules.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -6,7 +6,7 @@
 #include "auto/CAutoDBSetting.h"
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/SuiteSchema.h"
 #include "tests/support/TestDatabase.h"
 

@@ -10,7 +10,7 @@
 #include "host/MainWindow.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QAction>

@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "host/HostOptions.h"
 #include "host/server/EmbeddedServer.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 
 #include <QFile>
 #include <QProcess>

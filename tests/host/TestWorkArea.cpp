@@ -3,7 +3,7 @@
 
 #include "host/WorkArea.h"
 
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
 #include <QLabel>

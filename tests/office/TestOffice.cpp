@@ -13,7 +13,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/SuiteSchema.h"
 #include "suite/crm/CTblPersons.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KApplication.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTemporaryDir>

@@ -9,7 +9,7 @@
 #include "auto/cars/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/entries/KDateEdit.h"

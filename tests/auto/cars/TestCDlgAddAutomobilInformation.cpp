@@ -5,7 +5,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgFileDocs.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/auto/cars/CarEditorOffice.h"

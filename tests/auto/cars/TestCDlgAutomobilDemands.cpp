@@ -14,7 +14,7 @@
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/CTblMultiItems.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -10,7 +10,7 @@
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CTblItems.h"
 #include "suite/accounting/CTblMultiItems.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"

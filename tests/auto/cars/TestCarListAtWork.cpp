@@ -9,7 +9,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -4,7 +4,7 @@
 #include "auto/catalog/CDlgAddCar.h"
 
 #include "suite/db/CMySQLException.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/office/TestOffice.h"
 

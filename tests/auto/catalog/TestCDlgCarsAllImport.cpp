@@ -5,7 +5,7 @@
 
 #include "auto/catalog/CatalogImportDesk.h"
 #include "auto/catalog/CatalogPanel.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/office/TestOffice.h"
 

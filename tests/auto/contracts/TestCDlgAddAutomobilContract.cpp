@@ -7,7 +7,7 @@
 #include "auto/contracts/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/CompanyDetails.h"

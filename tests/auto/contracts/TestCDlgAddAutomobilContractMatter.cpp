@@ -10,7 +10,7 @@
 #include "auto/contracts/MatterFields.h"
 #include "auto/contracts/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"

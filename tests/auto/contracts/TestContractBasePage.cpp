@@ -8,7 +8,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/CDlgFileDocs.h"
 #include "suite/accounting/CTblFileDocs.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/KPersonField.h"

@@ -10,7 +10,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/CTblItems.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"

@@ -9,7 +9,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/KConnection.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/KDialogHolder.h"

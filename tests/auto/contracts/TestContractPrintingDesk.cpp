@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/contracts/ContractPrintingDesk.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/PrintedContracts.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/CAutoDBSetting.h"
-#include "suite/accounting/KExtensionModules.h"
-#include "suite/accounting/KMessageDialog.h"
-#include "suite/accounting/KModuleLoader.h"
+#include "suite/accounting/frame/KExtensionModules.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/frame/KModuleLoader.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QFileInfo>

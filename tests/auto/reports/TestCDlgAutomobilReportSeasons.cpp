@@ -7,7 +7,7 @@
 #include "auto/reports/SeasonalColumns.h"
 #include "auto/reports/SeasonalList.h"
 #include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/accounting/ReportPainter.h"
 #include "suite/crm/CTblPersons.h"

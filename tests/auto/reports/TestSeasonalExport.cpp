@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/reports/SeasonalExport.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "tests/auto/reports/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
 #include "tests/support/OrdinaryRights.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/reports/SeasonalExportDesk.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/auto/reports/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
 

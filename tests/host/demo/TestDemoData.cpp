@@ -16,7 +16,7 @@
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/NationalCode.h"
 #include "suite/crm/CTblPersons.h"

@@ -6,7 +6,7 @@
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QtTest>

@@ -3,9 +3,9 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CDlgDocCreated.h"
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/RecordKinds.h"
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/RecordKinds.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

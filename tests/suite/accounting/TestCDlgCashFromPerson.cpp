@@ -4,7 +4,7 @@
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CDlgCashFromPerson.h"
 #include "suite/accounting/CTblReceipts.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

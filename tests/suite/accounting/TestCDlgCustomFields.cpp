@@ -6,7 +6,7 @@
 #include "suite/accounting/CDlgCustomFields.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblCustomFields.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgMultiItems.h"
 #include "suite/accounting/CTblMultiItems.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"

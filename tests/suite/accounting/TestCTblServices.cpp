@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CTblServices.h"
 
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QtTest>

@@ -9,7 +9,7 @@
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QtTest>

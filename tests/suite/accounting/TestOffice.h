@@ -5,7 +5,7 @@
 
 #include "suite/accounting/CDBSetting.h"
 #include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KMessageDialog.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/SuiteSchema.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/TestDatabase.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/SuiteSchema.h"
 #include "tests/support/TestDatabase.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CDlgAddAlarm.h"
 
-#include "suite/accounting/RecordKinds.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/crm/AlarmTime.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CDlgAddCompanyProps.h"
 
-#include "suite/accounting/KAccountingError.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/suite/crm/Hand.h"
 #include "tests/suite/crm/Office.h"

@@ -3,8 +3,8 @@
 
 #include "suite/crm/CDlgAlarms.h"
 
-#include "suite/accounting/RecordKinds.h"
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/RecordKinds.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/crm/Alarms.h"

@@ -3,8 +3,8 @@
 
 #include "suite/crm/CTblAlarm.h"
 
-#include "suite/accounting/KAccountingError.h"
-#include "suite/accounting/RecordKinds.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/suite/crm/Alarms.h"
 #include "tests/suite/crm/Office.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/SuiteMessages.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 
 QString SuiteMessages::count(qint64 rows)
 {

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/KModuleLoader.h"
+#include "suite/accounting/frame/KModuleLoader.h"
 
-#include "suite/accounting/KExtensionModules.h"
+#include "suite/accounting/frame/KExtensionModules.h"
 
 #include <QLoggingCategory>
 
