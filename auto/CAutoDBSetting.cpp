@@ -9,9 +9,9 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/CDlgAutomobilReportSeasons.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 
 #include <new>
 

@@ -5,8 +5,8 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/demo/DemoData.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/KSettings.h"
 
 #include <QDir>

@@ -10,7 +10,7 @@
 #include "auto/reports/CDlgAutomobilReportSeasons.h"
 #include "auto/reports/SeasonBounds.h"
 #include "auto/reports/SeasonalGathering.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

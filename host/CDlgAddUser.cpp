@@ -5,8 +5,8 @@
 
 #include "suite/db/KTransaction.h"
 #include "host/CDlgFirstStart.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"

@@ -4,8 +4,8 @@
 #include "host/CDlgChangePassword.h"
 
 #include "host/CDlgFirstStart.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"

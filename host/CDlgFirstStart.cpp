@@ -4,8 +4,8 @@
 #include "host/CDlgFirstStart.h"
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/entries/KDateEdit.h"

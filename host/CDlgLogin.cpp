@@ -3,7 +3,7 @@
 
 #include "host/CDlgLogin.h"
 
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/KSettings.h"

@@ -4,7 +4,7 @@
 #include "host/CDlgSettings.h"
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CDlgAddCompanyProps.h"
 #include "suite/utility/entries/KDateEdit.h"

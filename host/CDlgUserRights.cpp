@@ -5,8 +5,8 @@
 
 #include "suite/db/KTransaction.h"
 #include "host/RightsGridModel.h"
-#include "suite/accounting/CTblUsers.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/KSecurity.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

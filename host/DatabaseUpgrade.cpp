@@ -8,8 +8,8 @@
 #include "suite/db/KTableSchema.h"
 #include "host/StartupClock.h"
 #include "host/server/DatabaseDump.h"
-#include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/Money.h"
 
 namespace {

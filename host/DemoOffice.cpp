@@ -4,7 +4,7 @@
 #include "host/DemoOffice.h"
 
 #include "host/StartupClock.h"
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 #include <QCoreApplication>

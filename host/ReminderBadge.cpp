@@ -3,7 +3,7 @@
 
 #include "host/ReminderBadge.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/crm/CTblAlarm.h"
 

@@ -3,7 +3,7 @@
 
 #include "host/RightsGridModel.h"
 
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 
 #include <array>
 

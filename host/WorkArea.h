@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 
 #include <QStackedWidget>
 

@@ -7,7 +7,7 @@
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "auto/cars/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 

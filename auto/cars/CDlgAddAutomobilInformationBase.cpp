@@ -13,7 +13,7 @@
 #include "auto/cars/VehicleIdentification.h"
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/crm/IdentityHints.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/entries/KEdit.h"

@@ -12,7 +12,7 @@
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/db/KLookup.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/crm/CTblPersonsMini.h"
 #include "suite/crm/KPersonField.h"

@@ -14,7 +14,7 @@
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/db/KLookup.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/KDialogHolder.h"

@@ -5,7 +5,7 @@
 
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblCarBrands.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/entries/ComboWidth.h"
 
 #include <QComboBox>

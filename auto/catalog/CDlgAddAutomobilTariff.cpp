@@ -4,7 +4,7 @@
 #include "auto/catalog/CDlgAddAutomobilTariff.h"
 
 #include "auto/catalog/TariffTexts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KForm.h"

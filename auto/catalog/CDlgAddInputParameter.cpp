@@ -4,7 +4,7 @@
 #include "auto/catalog/CDlgAddInputParameter.h"
 
 #include "auto/catalog/InputParameterValues.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 

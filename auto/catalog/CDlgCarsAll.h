@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/catalog/CatalogLevel.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <array>

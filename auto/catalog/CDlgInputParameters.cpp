@@ -4,7 +4,7 @@
 #include "auto/catalog/CDlgInputParameters.h"
 
 #include "auto/catalog/CDlgAddInputParameter.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 

@@ -9,7 +9,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 
 #include <memory>
 

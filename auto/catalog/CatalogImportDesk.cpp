@@ -5,7 +5,7 @@
 
 #include "auto/ModulePlatform.h"
 #include "auto/catalog/CatalogImporter.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KWaitCursor.h"
 

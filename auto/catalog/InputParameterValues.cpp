@@ -3,7 +3,7 @@
 
 #include "auto/catalog/InputParameterValues.h"
 
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 
 namespace InputParameterValues {
 

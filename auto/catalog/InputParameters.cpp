@@ -4,7 +4,7 @@
 #include "auto/catalog/InputParameters.h"
 
 #include "auto/WordLists.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 
 #include <array>
 

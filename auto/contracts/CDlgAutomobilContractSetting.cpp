@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"

@@ -11,7 +11,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/KLookup.h"
 #include "auto/reports/CDlgAutoFullReport.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"

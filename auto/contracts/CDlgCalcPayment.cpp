@@ -5,11 +5,11 @@
 
 #include "auto/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/crm/CTblPersonsMini.h"
 #include "suite/utility/entries/KDateEdit.h"

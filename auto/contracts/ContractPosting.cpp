@@ -5,7 +5,7 @@
 
 #include "auto/contracts/ContractDocumentRows.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
 

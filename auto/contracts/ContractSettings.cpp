@@ -4,7 +4,7 @@
 #include "auto/contracts/ContractSettings.h"
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 #include "suite/utility/values/Money.h"
 
 namespace {

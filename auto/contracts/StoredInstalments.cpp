@@ -5,7 +5,7 @@
 
 #include "auto/db/CTblAutomobilPayments.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QSet>

@@ -4,7 +4,7 @@
 #include "auto/reports/CDlgAutoFullReport.h"
 
 #include "auto/reports/IncomeChart.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgAccountDocs.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/reports/ComprehensiveReport.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"

@@ -8,7 +8,7 @@
 #include "auto/reports/SeasonalColumns.h"
 #include "auto/reports/SeasonalExportDesk.h"
 #include "auto/reports/SeasonalList.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"

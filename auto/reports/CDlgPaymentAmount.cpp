@@ -4,7 +4,7 @@
 #include "auto/reports/CDlgPaymentAmount.h"
 
 #include "auto/reports/PayableAmount.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>

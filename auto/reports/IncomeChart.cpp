@@ -3,7 +3,7 @@
 
 #include "auto/reports/IncomeChart.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/values/Money.h"
 
 #include <QBarCategoryAxis>

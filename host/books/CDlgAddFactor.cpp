@@ -3,14 +3,14 @@
 
 #include "host/books/CDlgAddFactor.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/InvoicePosting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/LevyRates.h"
+#include "suite/accounting/office/LevyRates.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -5,7 +5,7 @@
 
 #include "host/books/CDlgAddAccount.h"
 #include "suite/accounting/AccountChart.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/AccountLedger.h"
 #include "suite/accounting/CDlgAccountDocs.h"
 #include "suite/accounting/CDlgReportGenerator.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/books/ChartRows.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
 #include <QKeySequence>

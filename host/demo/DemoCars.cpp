@@ -7,7 +7,7 @@
 #include "auto/cars/VehicleIdentification.h"
 #include "host/demo/DemoPictures.h"
 #include "host/demo/RecordBulkInsert.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <iterator>

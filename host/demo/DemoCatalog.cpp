@@ -9,7 +9,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "host/demo/DemoNames.h"
 #include "host/demo/RecordBulkInsert.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 
 #include <initializer_list>
 

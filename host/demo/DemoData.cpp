@@ -10,9 +10,9 @@
 #include "host/demo/DemoContracts.h"
 #include "host/demo/DemoDemands.h"
 #include "host/demo/DemoInvoices.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -5,7 +5,7 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "host/demo/RecordBulkInsert.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 namespace {

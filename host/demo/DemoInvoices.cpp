@@ -3,7 +3,7 @@
 
 #include "host/demo/DemoInvoices.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/InvoicePosting.h"

@@ -7,7 +7,7 @@
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/AccountCode.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblHesabKol.h"
 #include "suite/accounting/CTblHesabMoeen.h"
 #include "suite/accounting/CTblHesabTafsily.h"

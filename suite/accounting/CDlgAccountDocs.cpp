@@ -7,7 +7,7 @@
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KWaitCursor.h"

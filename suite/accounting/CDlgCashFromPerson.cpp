@@ -5,7 +5,7 @@
 
 #include "suite/db/KLookup.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblHesabMoeen.h"
 #include "suite/accounting/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"

@@ -3,14 +3,14 @@
 
 #include "suite/accounting/CDlgCustomFields.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblCustomFields.h"
 #include "suite/accounting/CustomFieldInput.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

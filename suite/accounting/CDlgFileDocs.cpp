@@ -5,7 +5,7 @@
 
 #include "suite/db/KLookup.h"
 #include "suite/accounting/AttachmentCopy.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"

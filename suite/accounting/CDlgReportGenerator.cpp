@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgReportGenerator.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgReportLayout.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/KWndReportGen.h"

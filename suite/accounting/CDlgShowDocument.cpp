@@ -7,7 +7,7 @@
 #include "suite/accounting/DocumentKinds.h"
 #include "suite/accounting/DocumentRowsPane.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CMoshakhasat.h"
 
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 
 const std::array<CMoshakhasat::Part, 12> CMoshakhasat::parts{{
     {u"name1", &CMoshakhasat::m_sName1},

@@ -5,7 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 

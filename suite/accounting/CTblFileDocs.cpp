@@ -4,7 +4,7 @@
 #include "suite/accounting/CTblFileDocs.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 #include <QFile>

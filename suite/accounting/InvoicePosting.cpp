@@ -7,7 +7,7 @@
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblFactorStuffs.h"

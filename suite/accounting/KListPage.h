@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialogTabPage.h"

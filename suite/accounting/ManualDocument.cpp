@@ -8,7 +8,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/AccountChart.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/DocumentKinds.h"
 #include "suite/accounting/DocumentRows.h"

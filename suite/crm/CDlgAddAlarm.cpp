@@ -3,8 +3,8 @@
 
 #include "suite/crm/CDlgAddAlarm.h"
 
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/AlarmTime.h"

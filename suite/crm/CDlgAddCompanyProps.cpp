@@ -3,7 +3,7 @@
 
 #include "suite/crm/CDlgAddCompanyProps.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/crm/IdentityHints.h"

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CDlgAlarms.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/frame/SuiteMessages.h"

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CDlgDueAlarms.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/AlarmTime.h"
 #include "suite/crm/CDlgAddAlarm.h"
 #include "suite/crm/PostponeMenu.h"

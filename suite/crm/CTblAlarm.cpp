@@ -4,7 +4,7 @@
 #include "suite/crm/CTblAlarm.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/AlarmTime.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include "suite/crm/CompanyDetails.h"
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <array>

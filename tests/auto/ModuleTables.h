@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/SchemaUpgrade.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/TestDatabase.h"
 
 // A fresh database with the tables of the suite and the module, as the host prepares it.

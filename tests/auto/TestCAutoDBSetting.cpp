@@ -3,11 +3,11 @@
 
 #include "auto/CAutoDBSetting.h"
 
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "tests/support/TestDatabase.h"
 

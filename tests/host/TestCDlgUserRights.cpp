@@ -4,7 +4,7 @@
 #include "host/CDlgUserRights.h"
 
 #include "host/RightsGridModel.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "tests/host/HostTestOffice.h"
 
 #include <QAbstractItemModelTester>

@@ -5,7 +5,7 @@
 
 #include "host/CDlgAddUser.h"
 #include "host/CDlgChangePassword.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"

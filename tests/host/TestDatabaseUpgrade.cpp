@@ -5,9 +5,9 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/server/DatabaseDump.h"
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QDir>

@@ -9,7 +9,7 @@
 #include "host/HostLog.h"
 #include "host/MainWindow.h"
 #include "host/WorkArea.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 

@@ -8,7 +8,7 @@
 #include "host/ReminderBadge.h"
 #include "host/StartButton.h"
 #include "host/WorkArea.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/crm/CDlgAlarms.h"
 #include "suite/utility/frame/KDialogTabPage.h"

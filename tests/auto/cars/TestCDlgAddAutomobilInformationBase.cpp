@@ -5,7 +5,7 @@
 #include "auto/catalog/CDlgInputParameters.h"
 #include "auto/catalog/CatalogEntries.h"
 #include "auto/catalog/CatalogPanel.h"
-#include "suite/accounting/CDlgMultiItems.h"
+#include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"

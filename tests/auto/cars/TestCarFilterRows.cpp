@@ -4,7 +4,7 @@
 #include "auto/cars/CarFilter.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "tests/auto/ModuleTables.h"
 
 #include <QTest>

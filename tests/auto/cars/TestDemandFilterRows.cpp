@@ -4,7 +4,7 @@
 #include "auto/cars/DemandFilter.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"

@@ -7,7 +7,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarModels.h"
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/crm/CTblPersons.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/ObservedStatements.h"

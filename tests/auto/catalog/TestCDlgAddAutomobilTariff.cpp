@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/TariffTexts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"

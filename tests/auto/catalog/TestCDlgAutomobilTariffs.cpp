@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/CDlgAutomobilTariffs.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/KWndReportGen.h"

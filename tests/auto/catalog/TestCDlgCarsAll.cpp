@@ -6,7 +6,7 @@
 #include "auto/catalog/CDlgAddCar.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"

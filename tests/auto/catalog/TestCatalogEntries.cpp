@@ -8,7 +8,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/db/CMySQLException.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 

@@ -3,10 +3,10 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/TestDatabase.h"
 

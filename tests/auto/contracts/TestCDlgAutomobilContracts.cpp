@@ -4,7 +4,7 @@
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CTblReportLayouts.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -5,7 +5,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/Accounts.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"

@@ -4,7 +4,7 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/contracts/ContractPrintingDesk.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/PrintedContracts.h"
 

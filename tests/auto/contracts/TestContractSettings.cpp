@@ -3,9 +3,9 @@
 
 #include "auto/contracts/ContractSettings.h"
 
-#include "suite/accounting/LevyRates.h"
+#include "suite/accounting/office/LevyRates.h"
 
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/support/TestDatabase.h"
 

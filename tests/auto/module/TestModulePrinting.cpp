@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/CAutoDBSetting.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/KListPage.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/KModuleLoader.h"
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/TestDatabase.h"
 

@@ -4,7 +4,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/CDlgPaymentAmount.h"
 #include "auto/reports/PayableAmount.h"
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/utility/entries/KEdit.h"

@@ -5,7 +5,7 @@
 
 #include "host/books/CDlgAddAccount.h"
 #include "suite/accounting/CDlgAccountDocs.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

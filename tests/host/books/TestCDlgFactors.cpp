@@ -5,7 +5,7 @@
 
 #include "host/books/CDlgAddFactor.h"
 #include "suite/accounting/CDlgShowDocument.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -4,7 +4,7 @@
 #include "host/books/CDlgServices.h"
 
 #include "host/books/CDlgAddService.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"

@@ -6,7 +6,7 @@
 #include "suite/accounting/Accounts.h"
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/DocumentRowsPane.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/ManualDocument.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -5,7 +5,7 @@
 #include "suite/accounting/CDlgCashFromPerson.h"
 #include "suite/accounting/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"

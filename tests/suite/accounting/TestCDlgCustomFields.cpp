@@ -7,7 +7,7 @@
 #include "suite/accounting/CTblCustomFieldRecords.h"
 #include "suite/accounting/CTblCustomFields.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -3,7 +3,7 @@
 
 #include "suite/crm/CompanyDetails.h"
 
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QTest>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/SuiteSchema.h"
+#include "suite/accounting/office/SuiteSchema.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTableSchema.h"
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 #include <QLoggingCategory>

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgMultiItems.h"
+#include "suite/accounting/office/CDlgMultiItems.h"
 
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblMultiItems.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"
 

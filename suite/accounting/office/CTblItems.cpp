@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 
 CTblItems::CTblItems(int database)
     : KMySQL(database)

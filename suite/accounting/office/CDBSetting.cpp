@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDBSetting.h"
+#include "suite/accounting/office/CDBSetting.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/CDlgCashFromPerson.h"
-#include "suite/accounting/CTblDepartments.h"
-#include "suite/accounting/CTblProperties.h"
-#include "suite/accounting/CTblUsers.h"
+#include "suite/accounting/office/CTblDepartments.h"
+#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/LevyRates.h"
+#include "suite/accounting/office/LevyRates.h"
 
-#include "suite/accounting/CTblProperties.h"
+#include "suite/accounting/office/CTblProperties.h"
 
 LevyRates LevyRates::load(int database)
 {

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/KSecurity.h"
+#include "suite/accounting/office/KSecurity.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CDBSetting.h"
-#include "suite/accounting/CTblUserRights.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUserRights.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/CTblItems.h"
+#include "suite/accounting/office/CTblItems.h"
 
 #include <QList>
 
