@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractDocumentRows.h"
 
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"
 
 namespace {

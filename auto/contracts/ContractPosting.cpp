@@ -4,7 +4,7 @@
 #include "auto/contracts/ContractPosting.h"
 
 #include "auto/contracts/ContractDocumentRows.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"

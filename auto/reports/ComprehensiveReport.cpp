@@ -4,9 +4,9 @@
 #include "auto/reports/ComprehensiveReport.h"
 
 #include "suite/accounting/CTblDocs.h"
-#include "suite/accounting/CTblHesabKol.h"
-#include "suite/accounting/CTblHesabMoeen.h"
-#include "suite/accounting/CTblHesabTafsily.h"
+#include "suite/accounting/books/chart/CTblHesabKol.h"
+#include "suite/accounting/books/chart/CTblHesabMoeen.h"
+#include "suite/accounting/books/chart/CTblHesabTafsily.h"
 
 namespace {
 

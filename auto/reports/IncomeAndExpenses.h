@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/AccountBalance.h"
+#include "suite/accounting/books/chart/AccountBalance.h"
 
 #include <QHash>
 #include <QList>

@@ -3,9 +3,9 @@
 
 #include "host/books/CDlgAddAccount.h"
 
-#include "suite/accounting/AccountChart.h"
-#include "suite/accounting/AccountCode.h"
-#include "suite/accounting/CTblHesabMoeen.h"
+#include "suite/accounting/books/chart/AccountChart.h"
+#include "suite/accounting/books/chart/AccountCode.h"
+#include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"

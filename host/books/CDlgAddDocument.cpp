@@ -4,7 +4,7 @@
 #include "host/books/CDlgAddDocument.h"
 
 #include "suite/db/KLookup.h"
-#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"

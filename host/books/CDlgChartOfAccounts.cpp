@@ -4,7 +4,7 @@
 #include "host/books/CDlgChartOfAccounts.h"
 
 #include "host/books/CDlgAddAccount.h"
-#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/AccountLedger.h"
 #include "suite/accounting/CDlgAccountDocs.h"

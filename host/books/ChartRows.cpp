@@ -3,7 +3,7 @@
 
 #include "host/books/ChartRows.h"
 
-#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/utility/values/TextStandard.h"
 

@@ -6,7 +6,7 @@
 #include "auto/WordLists.h"
 #include "auto/contracts/ContractDocumentRows.h"
 #include "host/demo/DemoNames.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/Provinces.h"
 #include "suite/utility/values/ShamsiDate.h"

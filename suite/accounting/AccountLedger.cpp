@@ -4,7 +4,7 @@
 #include "suite/accounting/AccountLedger.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgAccountDocs.h"
 
-#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"

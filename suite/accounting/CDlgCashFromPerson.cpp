@@ -4,9 +4,9 @@
 #include "suite/accounting/CDlgCashFromPerson.h"
 
 #include "suite/db/KLookup.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblHesabMoeen.h"
+#include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -4,8 +4,8 @@
 #include "suite/accounting/CTblDocs.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/AccountChart.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/AccountChart.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -5,7 +5,7 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/AccountBalance.h"
+#include "suite/accounting/books/chart/AccountBalance.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QHash>

@@ -4,7 +4,7 @@
 #include "suite/accounting/CTblReceipts.h"
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/DocumentEntry.h"
 
-#include "suite/accounting/AccountCode.h"
+#include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/DocumentKinds.h"
 
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 
 namespace {
 

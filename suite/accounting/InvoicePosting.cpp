@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/CTblFactors.h"

@@ -5,7 +5,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "host/books/CDlgAddDocument.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/office/KSecurity.h"

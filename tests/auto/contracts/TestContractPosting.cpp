@@ -4,7 +4,7 @@
 #include "auto/contracts/ContractPosting.h"
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/accounting/AccountChart.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/AccountChart.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/InvoicePosting.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/CDlgAccountDocs.h"
 
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/CDlgShowDocument.h"
 #include "suite/accounting/DocumentRowsPane.h"
 #include "suite/accounting/office/KSecurity.h"

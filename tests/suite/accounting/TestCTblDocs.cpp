@@ -4,7 +4,7 @@
 #include "suite/accounting/CTblDocs.h"
 
 #include "suite/accounting/AccountLedger.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "tests/suite/accounting/TestOffice.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/Invoice.h"
 
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/InvoiceDocumentRows.h"
 #include "suite/utility/values/Money.h"

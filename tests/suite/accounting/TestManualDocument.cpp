@@ -3,8 +3,8 @@
 
 #include "suite/accounting/ManualDocument.h"
 
-#include "suite/accounting/AccountChart.h"
-#include "suite/accounting/Accounts.h"
+#include "suite/accounting/books/chart/AccountChart.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/CTblDocs.h"
 #include "suite/accounting/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"

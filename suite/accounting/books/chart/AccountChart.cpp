@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/AccountChart.h"
+#include "suite/accounting/books/chart/AccountChart.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/AccountCode.h"
+#include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblHesabKol.h"
-#include "suite/accounting/CTblHesabMoeen.h"
-#include "suite/accounting/CTblHesabTafsily.h"
+#include "suite/accounting/books/chart/CTblHesabKol.h"
+#include "suite/accounting/books/chart/CTblHesabMoeen.h"
+#include "suite/accounting/books/chart/CTblHesabTafsily.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
