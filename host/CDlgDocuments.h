@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/DocumentRows.h"
+#include "suite/accounting/books/DocumentRows.h"
 #include "suite/accounting/KListPage.h"
 
 class DocumentRowsPane;

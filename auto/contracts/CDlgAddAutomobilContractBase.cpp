@@ -11,7 +11,7 @@
 #include "auto/contracts/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgDocCreated.h"
+#include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KAccountingError.h"

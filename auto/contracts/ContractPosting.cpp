@@ -6,8 +6,8 @@
 #include "auto/contracts/ContractDocumentRows.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblDocs.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/CTblDocuments.h"
 
 namespace {
 

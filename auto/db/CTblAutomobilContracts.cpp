@@ -5,7 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/CTblCustomFieldRecords.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/CTblFileDocs.h"
 
 CTblAutomobilContracts::CTblAutomobilContracts(int database)

@@ -5,7 +5,7 @@
 
 #include "auto/reports/IncomeChart.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/ReportOutput.h"

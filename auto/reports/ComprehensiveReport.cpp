@@ -3,7 +3,7 @@
 
 #include "auto/reports/ComprehensiveReport.h"
 
-#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/chart/CTblHesabKol.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/books/chart/CTblHesabTafsily.h"

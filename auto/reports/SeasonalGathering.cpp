@@ -7,7 +7,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/SeasonBounds.h"
 #include "auto/reports/SeasonalRules.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"

@@ -6,7 +6,7 @@
 #include "suite/db/KLookup.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CDlgPersons.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/ManualDocument.h"
+#include "suite/accounting/books/ManualDocument.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;

@@ -4,7 +4,7 @@
 #include "host/books/CDlgAddFactor.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/InvoicePosting.h"

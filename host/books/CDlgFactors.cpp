@@ -6,7 +6,7 @@
 #include "suite/db/KLookup.h"
 #include "host/books/CDlgAddFactor.h"
 #include "host/books/InvoiceFilter.h"
-#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/InvoicePosting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"

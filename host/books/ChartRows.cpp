@@ -4,7 +4,7 @@
 #include "host/books/ChartRows.h"
 
 #include "suite/accounting/books/chart/AccountChart.h"
-#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/books/CTblDocs.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QHash>

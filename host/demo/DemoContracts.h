@@ -8,8 +8,8 @@
 #include "host/demo/DemoPersons.h"
 #include "host/demo/DemoRandom.h"
 #include "host/demo/RecordBulkInsert.h"
-#include "suite/accounting/CTblDocs.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/crm/CompanyDetails.h"
 
 #include <QHash>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/DocumentEntry.h"
+#include "suite/accounting/books/DocumentEntry.h"
 
 // Rules of an invoice's accounting document: its header text and its rows.
 

@@ -8,7 +8,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/InvoiceDocumentRows.h"

@@ -4,7 +4,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/CDlgCashFromPerson.h"
+#include "suite/accounting/books/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"

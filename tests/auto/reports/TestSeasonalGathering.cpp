@@ -4,7 +4,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/SeasonBounds.h"
 #include "auto/reports/SeasonalGathering.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/CTblFactorStuffs.h"
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"

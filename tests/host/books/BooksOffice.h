@@ -8,7 +8,7 @@
 #include "suite/accounting/CTblFactors.h"
 #include "suite/accounting/CTblServices.h"
 #include "suite/accounting/InvoicePosting.h"
-#include "suite/accounting/ManualDocument.h"
+#include "suite/accounting/books/ManualDocument.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 

@@ -3,8 +3,8 @@
 
 #include "host/books/CDlgAddFactor.h"
 
-#include "suite/accounting/CDlgShowDocument.h"
-#include "suite/accounting/DocumentRowsPane.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

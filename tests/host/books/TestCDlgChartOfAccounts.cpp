@@ -4,7 +4,7 @@
 #include "host/books/CDlgChartOfAccounts.h"
 
 #include "host/books/CDlgAddAccount.h"
-#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -4,7 +4,7 @@
 #include "host/books/CDlgFactors.h"
 
 #include "host/books/CDlgAddFactor.h"
-#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"

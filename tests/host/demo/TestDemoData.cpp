@@ -14,7 +14,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/crm/CompanyDetails.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgDocCreated.h"
+#include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/frame/SuiteMessages.h"

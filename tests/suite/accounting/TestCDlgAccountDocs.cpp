@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/books/CDlgAccountDocs.h"
 
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/CDlgShowDocument.h"
-#include "suite/accounting/DocumentRowsPane.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/ManualDocument.h"
+#include "suite/accounting/books/ManualDocument.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/CDlgCashFromPerson.h"
-#include "suite/accounting/CTblReceipts.h"
+#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/accounting/books/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"

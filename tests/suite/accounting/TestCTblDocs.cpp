@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/books/CTblDocs.h"
 
-#include "suite/accounting/AccountLedger.h"
+#include "suite/accounting/books/AccountLedger.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QtTest>

@@ -3,8 +3,8 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/CTblDocs.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 

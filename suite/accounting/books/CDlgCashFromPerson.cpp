@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgCashFromPerson.h"
+#include "suite/accounting/books/CDlgCashFromPerson.h"
 
 #include "suite/db/KLookup.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
-#include "suite/accounting/CTblReceipts.h"
+#include "suite/accounting/books/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
 
-#include "suite/accounting/CTblDocuments.h"
-#include "suite/accounting/DocumentKinds.h"
-#include "suite/accounting/DocumentRowsPane.h"
+#include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/books/DocumentKinds.h"
+#include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/DocumentEntry.h"
+#include "suite/accounting/books/DocumentEntry.h"
 
 #include "suite/accounting/books/chart/AccountCode.h"
-#include "suite/accounting/CTblDocs.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/CTblDocuments.h"
 
 void DocumentEntries::write(int docNum, int fiscalYear, const QList<DocumentEntry> &entries, int database)
 {

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CTblReceipts.h"
+#include "suite/accounting/books/CTblReceipts.h"
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblDocs.h"
-#include "suite/accounting/CTblDocuments.h"
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 

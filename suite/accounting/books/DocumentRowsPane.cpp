@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/DocumentRowsPane.h"
+#include "suite/accounting/books/DocumentRowsPane.h"
 
-#include "suite/accounting/DocumentRows.h"
+#include "suite/accounting/books/DocumentRows.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 

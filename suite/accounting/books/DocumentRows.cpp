@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/DocumentRows.h"
+#include "suite/accounting/books/DocumentRows.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KLookup.h"
-#include "suite/accounting/CTblDocs.h"
+#include "suite/accounting/books/CTblDocs.h"
 
 namespace DocumentRows {
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/DocumentEntry.h"
+#include "suite/accounting/books/DocumentEntry.h"
 
 #include <QDateTime>
 #include <QSet>

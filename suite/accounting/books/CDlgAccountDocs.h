@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/AccountLedger.h"
+#include "suite/accounting/books/AccountLedger.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/ManualDocument.h"
+#include "suite/accounting/books/ManualDocument.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KLookup.h"
@@ -9,9 +9,9 @@
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblDocuments.h"
-#include "suite/accounting/DocumentKinds.h"
-#include "suite/accounting/DocumentRows.h"
+#include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/books/DocumentKinds.h"
+#include "suite/accounting/books/DocumentRows.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"

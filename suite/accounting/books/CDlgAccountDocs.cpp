@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgAccountDocs.h"
+#include "suite/accounting/books/CDlgAccountDocs.h"
 
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/CDlgReportGenerator.h"
-#include "suite/accounting/CDlgShowDocument.h"
+#include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
