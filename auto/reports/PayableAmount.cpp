@@ -5,7 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "auto/reports/SeasonBounds.h"
-#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/invoices/CTblFactors.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include "auto/reports/SeasonBounds.h"
 #include "auto/reports/SeasonalRules.h"
 #include "suite/accounting/books/CTblDocuments.h"
-#include "suite/accounting/CTblFactorStuffs.h"
-#include "suite/accounting/CTblFactors.h"
-#include "suite/accounting/CTblServices.h"
+#include "suite/accounting/invoices/CTblFactorStuffs.h"
+#include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/CTblServices.h"
 #include "suite/crm/CTblPersons.h"
 
 #include <QHash>

@@ -5,9 +5,9 @@
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
-#include "suite/accounting/CTblFactors.h"
-#include "suite/accounting/CTblServices.h"
-#include "suite/accounting/InvoicePosting.h"
+#include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/CTblServices.h"
+#include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/LevyRates.h"

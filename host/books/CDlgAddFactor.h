@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/Invoice.h"
+#include "suite/accounting/invoices/Invoice.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;

@@ -7,7 +7,7 @@
 #include "host/books/CDlgAddFactor.h"
 #include "host/books/InvoiceFilter.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
-#include "suite/accounting/InvoicePosting.h"
+#include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"

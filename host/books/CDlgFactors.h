@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/KListPage.h"
 
 class KDateEdit;

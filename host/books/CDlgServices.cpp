@@ -4,7 +4,7 @@
 #include "host/books/CDlgServices.h"
 
 #include "host/books/CDlgAddService.h"
-#include "suite/accounting/CTblServices.h"
+#include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/KEdit.h"

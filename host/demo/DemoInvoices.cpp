@@ -4,9 +4,9 @@
 #include "host/demo/DemoInvoices.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblFactors.h"
-#include "suite/accounting/CTblServices.h"
-#include "suite/accounting/InvoicePosting.h"
+#include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/CTblServices.h"
+#include "suite/accounting/invoices/InvoicePosting.h"
 
 #include <span>
 

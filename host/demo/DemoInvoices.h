@@ -5,7 +5,7 @@
 
 #include "host/demo/DemoPersons.h"
 #include "host/demo/DemoRandom.h"
-#include "suite/accounting/Invoice.h"
+#include "suite/accounting/invoices/Invoice.h"
 
 #include <QDate>
 

@@ -5,9 +5,9 @@
 
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/CTblFactors.h"
-#include "suite/accounting/CTblServices.h"
-#include "suite/accounting/InvoicePosting.h"
+#include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/CTblServices.h"
+#include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/books/ManualDocument.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"

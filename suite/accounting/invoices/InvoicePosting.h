@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/Invoice.h"
+#include "suite/accounting/invoices/Invoice.h"
 
 // Saves invoices, each with its lines and its accounting document in one transaction.
 namespace InvoicePosting {

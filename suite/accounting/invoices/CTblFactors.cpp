@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/invoices/CTblFactors.h"
 
 CTblFactors::CTblFactors(int database)
     : KMySQL(database)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/InvoicePosting.h"
+#include "suite/accounting/invoices/InvoicePosting.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KLookup.h"
@@ -9,9 +9,9 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocuments.h"
-#include "suite/accounting/CTblFactors.h"
-#include "suite/accounting/CTblFactorStuffs.h"
-#include "suite/accounting/InvoiceDocumentRows.h"
+#include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/CTblFactorStuffs.h"
+#include "suite/accounting/invoices/InvoiceDocumentRows.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 

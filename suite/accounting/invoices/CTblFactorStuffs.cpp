@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CTblFactorStuffs.h"
+#include "suite/accounting/invoices/CTblFactorStuffs.h"
 
-#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/invoices/CTblFactors.h"
 
 CTblFactorStuffs::CTblFactorStuffs(int database)
     : KMySQL(database)

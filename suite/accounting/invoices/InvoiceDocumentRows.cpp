@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/InvoiceDocumentRows.h"
+#include "suite/accounting/invoices/InvoiceDocumentRows.h"
 
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/CTblFactors.h"
+#include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/utility/values/Money.h"
 
 #include <algorithm>
