@@ -3,7 +3,7 @@
 
 #include "auto/CDlgRecordEditor.h"
 
-#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 

@@ -6,7 +6,7 @@
 #include "auto/EditorPage.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/frame/KWaitCursor.h"
 

@@ -15,7 +15,7 @@
 #include "auto/contracts/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgCustomFields.h"
+#include "suite/accounting/attachments/CDlgCustomFields.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/KPersonField.h"

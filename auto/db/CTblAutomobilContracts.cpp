@@ -4,9 +4,9 @@
 #include "auto/db/CTblAutomobilContracts.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/CTblCustomFieldRecords.h"
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/books/CTblDocuments.h"
-#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 
 CTblAutomobilContracts::CTblAutomobilContracts(int database)
     : KMySQL(database)

@@ -5,7 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/crm/CTblAlarm.h"
 
 CTblAutomobilDemands::CTblAutomobilDemands(int database)

@@ -4,8 +4,8 @@
 #include "auto/db/CTblAutomobilInformations.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/CTblCustomFieldRecords.h"
-#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 
 #include <QLoggingCategory>

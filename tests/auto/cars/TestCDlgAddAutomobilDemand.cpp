@@ -8,7 +8,7 @@
 #include "auto/cars/PersonGroup.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblMultiItems.h"

@@ -4,7 +4,7 @@
 #include "auto/cars/CDlgMatches.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/ObservedStatements.h"

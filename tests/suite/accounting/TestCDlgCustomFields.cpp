@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/CDlgCustomFieldDefinitions.h"
-#include "suite/accounting/CDlgCustomFields.h"
-#include "suite/accounting/CTblCustomFieldRecords.h"
-#include "suite/accounting/CTblCustomFields.h"
+#include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
+#include "suite/accounting/attachments/CDlgCustomFields.h"
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
+#include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgFileDocs.h"
+#include "suite/accounting/attachments/CDlgFileDocs.h"
 
 #include "suite/db/KLookup.h"
-#include "suite/accounting/AttachmentCopy.h"
+#include "suite/accounting/attachments/AttachmentCopy.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/AttachmentCopy.h"
+#include "suite/accounting/attachments/AttachmentCopy.h"
 
-#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 
 #include <QDir>
 #include <QFile>

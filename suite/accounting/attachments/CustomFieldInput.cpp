@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CustomFieldInput.h"
+#include "suite/accounting/attachments/CustomFieldInput.h"
 
-#include "suite/accounting/CTblCustomFields.h"
+#include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 

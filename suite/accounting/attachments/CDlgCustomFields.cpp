@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgCustomFields.h"
+#include "suite/accounting/attachments/CDlgCustomFields.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgCustomFieldDefinitions.h"
-#include "suite/accounting/CTblCustomFieldRecords.h"
-#include "suite/accounting/CTblCustomFields.h"
-#include "suite/accounting/CustomFieldInput.h"
+#include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
+#include "suite/accounting/attachments/CTblCustomFields.h"
+#include "suite/accounting/attachments/CustomFieldInput.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

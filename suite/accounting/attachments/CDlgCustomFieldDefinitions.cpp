@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgCustomFieldDefinitions.h"
+#include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 
-#include "suite/accounting/CTblCustomFields.h"
+#include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
