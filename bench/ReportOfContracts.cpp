@@ -9,7 +9,7 @@
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/accounting/ReportOutput.h"
+#include "suite/accounting/reports/ReportOutput.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 

@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgMatches.h"
 
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -6,7 +6,7 @@
 #include "auto/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

@@ -5,7 +5,7 @@
 
 #include "auto/contracts/InstalmentPlan.h"
 #include "auto/contracts/StoredInstalments.h"
-#include "suite/accounting/ListReport.h"
+#include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <optional>

@@ -5,7 +5,7 @@
 
 #include "auto/reports/ComprehensiveReport.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/ListReport.h"
+#include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
 

@@ -9,7 +9,7 @@
 #include "auto/reports/SeasonalExportDesk.h"
 #include "auto/reports/SeasonalList.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/CDlgAddCompanyProps.h"

@@ -6,7 +6,7 @@
 #include "auto/reports/SeasonalGathering.h"
 #include "auto/reports/SeasonalTask.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/ListReport.h"
+#include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <array>

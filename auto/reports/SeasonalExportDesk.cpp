@@ -4,7 +4,7 @@
 #include "auto/reports/SeasonalExportDesk.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/frame/FolderChoice.h"
 #include "suite/utility/values/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"

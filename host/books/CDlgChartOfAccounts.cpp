@@ -8,7 +8,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/AccountLedger.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"

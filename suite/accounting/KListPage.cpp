@@ -5,7 +5,7 @@
 
 #include "suite/db/KMySQL.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"

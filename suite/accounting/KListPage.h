@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/ListReport.h"
+#include "suite/accounting/reports/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/lists/KListModel.h"

@@ -4,7 +4,7 @@
 #include "suite/accounting/books/CDlgAccountDocs.h"
 
 #include "suite/accounting/books/chart/AccountChart.h"
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

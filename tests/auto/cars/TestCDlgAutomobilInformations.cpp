@@ -7,7 +7,7 @@
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/KPersonField.h"

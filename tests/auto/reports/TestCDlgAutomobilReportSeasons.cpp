@@ -9,7 +9,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/ReportPainter.h"
+#include "suite/accounting/reports/ReportPainter.h"
 #include "suite/crm/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

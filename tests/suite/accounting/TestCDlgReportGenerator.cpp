@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgReportGenerator.h"
-#include "suite/accounting/CDlgReportLayout.h"
-#include "suite/accounting/CTblReportLayouts.h"
-#include "suite/accounting/KWndReportGen.h"
-#include "suite/accounting/ReportColumnsModel.h"
-#include "suite/accounting/ReportOutput.h"
-#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportLayout.h"
+#include "suite/accounting/reports/CTblReportLayouts.h"
+#include "suite/accounting/reports/KWndReportGen.h"
+#include "suite/accounting/reports/ReportColumnsModel.h"
+#include "suite/accounting/reports/ReportOutput.h"
+#include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/SampleReport.h"

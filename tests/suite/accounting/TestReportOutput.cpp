@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/accounting/ReportOutput.h"
-#include "suite/accounting/ReportPainter.h"
+#include "suite/accounting/reports/ReportOutput.h"
+#include "suite/accounting/reports/ReportPainter.h"
 #include "tests/suite/accounting/SampleReport.h"
 
 #include <QDir>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/ListReport.h"
+#include "suite/accounting/reports/ListReport.h"
 
-#include "suite/accounting/CTblReportLayouts.h"
+#include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 

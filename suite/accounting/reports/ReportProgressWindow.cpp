@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/accounting/reports/ReportProgressWindow.h"
 
 #include <QPushButton>
 

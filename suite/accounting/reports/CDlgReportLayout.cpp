@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgReportLayout.h"
+#include "suite/accounting/reports/CDlgReportLayout.h"
 
-#include "suite/accounting/CTblReportLayouts.h"
+#include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/ReportColumnsModel.h"
+#include "suite/accounting/reports/ReportColumnsModel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"
 

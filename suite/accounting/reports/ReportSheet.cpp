@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/ReportSheet.h"
+#include "suite/accounting/reports/ReportSheet.h"
 
 #include "suite/utility/values/Money.h"
 

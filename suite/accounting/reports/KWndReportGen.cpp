@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/KWndReportGen.h"
+#include "suite/accounting/reports/KWndReportGen.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -5,7 +5,7 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/ReportLayout.h"
+#include "suite/accounting/reports/ReportLayout.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 // The layouts that an office keeps for its reports, each under a name; at most one of a report is its default.

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/ReportPainter.h"
+#include "suite/accounting/reports/ReportPainter.h"
 
 #include <memory>
 #include <vector>

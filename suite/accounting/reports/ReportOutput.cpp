@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/ReportOutput.h"
+#include "suite/accounting/reports/ReportOutput.h"
 
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/accounting/ReportSheet.h"
+#include "suite/accounting/reports/ReportSheet.h"
 
 #include <QPainter>
 #include <QPdfWriter>

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CDlgReportGenerator.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/CDlgReportLayout.h"
+#include "suite/accounting/reports/CDlgReportLayout.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
-#include "suite/accounting/KWndReportGen.h"
-#include "suite/accounting/ReportOutput.h"
-#include "suite/accounting/ReportProgressWindow.h"
+#include "suite/accounting/reports/KWndReportGen.h"
+#include "suite/accounting/reports/ReportOutput.h"
+#include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/values/KSettings.h"
 
 #include <QComboBox>

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/accounting/ListReport.h"
-#include "suite/accounting/ReportGeometry.h"
+#include "suite/accounting/reports/ListReport.h"
+#include "suite/accounting/reports/ReportGeometry.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QFont>

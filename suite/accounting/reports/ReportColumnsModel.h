@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/ListReport.h"
+#include "suite/accounting/reports/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QAbstractTableModel>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/ReportLayout.h"
+#include "suite/accounting/reports/ReportLayout.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/lists/KListModel.h"
 
