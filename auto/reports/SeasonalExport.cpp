@@ -5,12 +5,12 @@
 
 #include "auto/ModulePlatform.h"
 #include "auto/reports/SeasonalExportRow.h"
-#include "suite/accounting/CForoush.h"
-#include "suite/accounting/CForoush_Detail.h"
-#include "suite/accounting/CKharid.h"
-#include "suite/accounting/CKharid_Detail.h"
-#include "suite/accounting/CMoshakhasat.h"
-#include "suite/accounting/KAccessDatabase.h"
+#include "suite/accounting/taxfile/CForoush.h"
+#include "suite/accounting/taxfile/CForoush_Detail.h"
+#include "suite/accounting/taxfile/CKharid.h"
+#include "suite/accounting/taxfile/CKharid_Detail.h"
+#include "suite/accounting/taxfile/CMoshakhasat.h"
+#include "suite/accounting/taxfile/KAccessDatabase.h"
 #include "suite/crm/CompanyDetails.h"
 #include "suite/utility/values/Money.h"
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CForoush.h"
-#include "suite/accounting/CForoush_Detail.h"
-#include "suite/accounting/CKharid.h"
-#include "suite/accounting/KAccessDatabase.h"
+#include "suite/accounting/taxfile/CForoush.h"
+#include "suite/accounting/taxfile/CForoush_Detail.h"
+#include "suite/accounting/taxfile/CKharid.h"
+#include "suite/accounting/taxfile/KAccessDatabase.h"
 #include "tests/support/AccessFileReader.h"
 
 #include <QDir>

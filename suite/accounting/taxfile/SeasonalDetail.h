@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KRecordset.h"
+#include "suite/accounting/taxfile/KRecordset.h"
 
 // One line of a season's return in the tax file: a counter-party's transaction, or a sum of small ones. The texts of numbers
 // are plain: no grouping, ASCII digits.

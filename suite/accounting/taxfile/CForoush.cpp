@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CForoush.h"
+#include "suite/accounting/taxfile/CForoush.h"
 
 CForoush::CForoush(KAccessDatabase *database)
     : SeasonalHead(database, QStringLiteral("Foroush"))

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/SeasonalDetail.h"
+#include "suite/accounting/taxfile/SeasonalDetail.h"
 
 // A line of the season's sales return.
 class TZACCOUNTING_EXPORT CForoush_Detail final : public SeasonalDetail

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/SeasonalDetail.h"
+#include "suite/accounting/taxfile/SeasonalDetail.h"
 
 SeasonalDetail::SeasonalDetail(KAccessDatabase *database, const QString &role)
     : KRecordset(database, role)

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/KRecordset.h"
+#include "suite/accounting/taxfile/KRecordset.h"
 
-#include "suite/accounting/AccessLine.h"
-#include "suite/accounting/KAccessDatabase.h"
+#include "suite/accounting/taxfile/AccessLine.h"
+#include "suite/accounting/taxfile/KAccessDatabase.h"
 
 #include <QFileInfo>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KRecordset.h"
+#include "suite/accounting/taxfile/KRecordset.h"
 
 // Head of a season's return in the tax file: which season its detail records belong to.
 class TZACCOUNTING_EXPORT SeasonalHead : public KRecordset

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/SeasonalHead.h"
+#include "suite/accounting/taxfile/SeasonalHead.h"
 
 SeasonalHead::SeasonalHead(KAccessDatabase *database, const QString &role)
     : KRecordset(database, role)

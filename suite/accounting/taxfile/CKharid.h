@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/SeasonalHead.h"
+#include "suite/accounting/taxfile/SeasonalHead.h"
 
 // Head of the season's purchases return.
 class TZACCOUNTING_EXPORT CKharid final : public SeasonalHead

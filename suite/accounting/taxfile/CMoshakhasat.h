@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KRecordset.h"
+#include "suite/accounting/taxfile/KRecordset.h"
 
 #include <array>
 

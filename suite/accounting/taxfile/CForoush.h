@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/SeasonalHead.h"
+#include "suite/accounting/taxfile/SeasonalHead.h"
 
 // Head of the season's sales return.
 class TZACCOUNTING_EXPORT CForoush final : public SeasonalHead

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/AccessMapping.h"
+#include "suite/accounting/taxfile/AccessMapping.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 #include <QByteArray>

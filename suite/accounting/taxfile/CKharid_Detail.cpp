@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CKharid_Detail.h"
+#include "suite/accounting/taxfile/CKharid_Detail.h"
 
 CKharid_Detail::CKharid_Detail(KAccessDatabase *database)
     : SeasonalDetail(database, QStringLiteral("Kharid_Detail"))

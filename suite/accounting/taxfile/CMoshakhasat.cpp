@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/CMoshakhasat.h"
+#include "suite/accounting/taxfile/CMoshakhasat.h"
 
 #include "suite/accounting/office/CTblProperties.h"
 
