@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/books/DocumentRows.h"
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 
 class DocumentRowsPane;
 class KDateEdit;

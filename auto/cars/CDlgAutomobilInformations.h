@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/cars/CarFilter.h"
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 
 class KDateEdit;
 class KPersonField;

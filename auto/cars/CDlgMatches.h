@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/catalog/TariffFilter.h"
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 
 class KEdit;
 class QCheckBox;

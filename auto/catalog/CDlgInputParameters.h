@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/catalog/InputParameters.h"
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 
 class QButtonGroup;
 class QRadioButton;

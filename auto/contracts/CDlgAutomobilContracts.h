@@ -5,7 +5,7 @@
 
 #include "auto/contracts/ContractFilter.h"
 #include "auto/contracts/ContractPrinting.h"
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 
 class CTblAutomobilContracts;
 class KDateEdit;

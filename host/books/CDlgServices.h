@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 
 // The services that stand on invoices.
 class CDlgServices : public KListPage

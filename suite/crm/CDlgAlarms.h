@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 #include "suite/crm/TzCRMExport.h"
 
 #include <QDateTime>

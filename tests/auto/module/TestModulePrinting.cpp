@@ -5,7 +5,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/accounting/KListPage.h"
+#include "suite/accounting/lists/KListPage.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/KModuleLoader.h"
 #include "suite/accounting/office/SuiteSchema.h"
