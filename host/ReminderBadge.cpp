@@ -5,7 +5,7 @@
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 
 #include <QIcon>
 #include <QLoggingCategory>

@@ -5,8 +5,8 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
-#include "suite/crm/CDlgAddAlarm.h"
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CDlgAddAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QCheckBox>

@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 
 CTblAutomobilDemands::CTblAutomobilDemands(int database)
     : KMySQL(database)

@@ -10,7 +10,7 @@
 #include "host/WorkArea.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/CompanyDetails.h"
-#include "suite/crm/CDlgAlarms.h"
+#include "suite/crm/reminders/CDlgAlarms.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 
 #include <functional>
 

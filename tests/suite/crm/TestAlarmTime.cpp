@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/AlarmFilter.h"
-#include "suite/crm/AlarmTime.h"
+#include "suite/crm/reminders/AlarmFilter.h"
+#include "suite/crm/reminders/AlarmTime.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgAlarms.h"
+#include "suite/crm/reminders/CDlgAlarms.h"
 
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/frame/SuiteMessages.h"

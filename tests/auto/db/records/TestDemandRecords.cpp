@@ -4,7 +4,7 @@
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/ObservedStatements.h"
 #include "tests/auto/db/records/ColumnTable.h"

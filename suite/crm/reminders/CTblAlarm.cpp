@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/crm/AlarmTime.h"
+#include "suite/crm/reminders/AlarmTime.h"
 
 namespace {
 

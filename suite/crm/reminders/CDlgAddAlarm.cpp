@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgAddAlarm.h"
+#include "suite/crm/reminders/CDlgAddAlarm.h"
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/AlarmTime.h"
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/AlarmTime.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KTimeEdit.h"

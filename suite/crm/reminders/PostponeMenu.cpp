@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/PostponeMenu.h"
+#include "suite/crm/reminders/PostponeMenu.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/crm/AlarmTime.h"
+#include "suite/crm/reminders/AlarmTime.h"
 
 #include <QMenu>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgDueAlarms.h"
+#include "suite/crm/reminders/CDlgDueAlarms.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/crm/AlarmTime.h"
-#include "suite/crm/CDlgAddAlarm.h"
-#include "suite/crm/PostponeMenu.h"
+#include "suite/crm/reminders/AlarmTime.h"
+#include "suite/crm/reminders/CDlgAddAlarm.h"
+#include "suite/crm/reminders/PostponeMenu.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/CTblAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
 

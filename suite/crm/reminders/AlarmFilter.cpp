@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/AlarmFilter.h"
+#include "suite/crm/reminders/AlarmFilter.h"
 
 QString alarmFilter(const AlarmFilter &filter)
 {

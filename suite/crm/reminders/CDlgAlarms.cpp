@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgAlarms.h"
+#include "suite/crm/reminders/CDlgAlarms.h"
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/frame/SuiteMessages.h"
-#include "suite/crm/AlarmFilter.h"
-#include "suite/crm/AlarmTime.h"
-#include "suite/crm/CDlgAddAlarm.h"
-#include "suite/crm/CTblAlarm.h"
-#include "suite/crm/PostponeMenu.h"
+#include "suite/crm/reminders/AlarmFilter.h"
+#include "suite/crm/reminders/AlarmTime.h"
+#include "suite/crm/reminders/CDlgAddAlarm.h"
+#include "suite/crm/reminders/CTblAlarm.h"
+#include "suite/crm/reminders/PostponeMenu.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
