@@ -9,7 +9,7 @@
 
 #include "auto/reports/SeasonalExport.h"
 #include "auto/reports/SeasonalRow.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/AccessFileReader.h"
 

@@ -7,7 +7,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"

@@ -6,7 +6,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/CDlgAddCompanyProps.h"
+#include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"

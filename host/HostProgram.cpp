@@ -16,7 +16,7 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/KSettings.h"
 
 #include <QEventLoop>

@@ -24,8 +24,8 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
-#include "suite/crm/CDlgPersons.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CDlgPersons.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -14,7 +14,7 @@
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/crm/IdentityHints.h"
+#include "suite/crm/persons/IdentityHints.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KStepArrows.h"

@@ -15,7 +15,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"

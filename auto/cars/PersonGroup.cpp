@@ -3,9 +3,9 @@
 
 #include "auto/cars/PersonGroup.h"
 
-#include "suite/crm/CDlgPersons.h"
-#include "suite/crm/CTblPersons.h"
-#include "suite/crm/IdentityHints.h"
+#include "suite/crm/persons/CDlgPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/IdentityHints.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QGridLayout>

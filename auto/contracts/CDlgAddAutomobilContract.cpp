@@ -18,7 +18,7 @@
 #include "suite/accounting/attachments/CDlgCustomFields.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"

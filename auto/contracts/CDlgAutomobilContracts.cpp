@@ -13,7 +13,7 @@
 #include "auto/reports/CDlgAutoFullReport.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -11,7 +11,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/SuiteMessages.h"
-#include "suite/crm/CTblPersonsMini.h"
+#include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -4,9 +4,9 @@
 #include "auto/contracts/ContractPartyGroup.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/crm/CTblPersons.h"
-#include "suite/crm/CompanyDetails.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/CompanyDetails.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"

@@ -7,8 +7,8 @@
 #include "auto/contracts/ContractMergeFields.h"
 #include "auto/contracts/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/crm/CTblPersons.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "suite/utility/values/Money.h"
 

@@ -5,7 +5,7 @@
 
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/db/KLookup.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "suite/accounting/taxfile/CKharid_Detail.h"
 #include "suite/accounting/taxfile/CMoshakhasat.h"
 #include "suite/accounting/taxfile/KAccessDatabase.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/Money.h"
 
 #include <QDir>

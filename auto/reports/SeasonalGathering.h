@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/reports/SeasonalRow.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 
 #include <QVector>
 

@@ -11,7 +11,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/LevyRates.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KLinesView.h"

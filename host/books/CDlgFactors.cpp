@@ -9,7 +9,7 @@
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"

@@ -10,7 +10,7 @@
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 
 #include <QHash>
 

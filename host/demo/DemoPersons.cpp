@@ -5,7 +5,7 @@
 
 #include "host/demo/DemoNames.h"
 #include "host/demo/RecordBulkInsert.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/values/TextStandard.h"
 
 namespace {

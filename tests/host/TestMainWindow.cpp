@@ -9,7 +9,7 @@
 #include "host/StartButton.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"

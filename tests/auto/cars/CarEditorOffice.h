@@ -11,7 +11,7 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"

@@ -16,7 +16,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/reminders/CDlgAddAlarm.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"

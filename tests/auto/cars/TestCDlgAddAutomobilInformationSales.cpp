@@ -4,7 +4,7 @@
 #include "auto/catalog/CDlgAutomobilTariffs.h"
 #include "auto/catalog/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilTariffs.h"
-#include "suite/crm/CDlgPersons.h"
+#include "suite/crm/persons/CDlgPersons.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/cars/CarEditorOffice.h"

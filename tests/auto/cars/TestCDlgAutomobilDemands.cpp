@@ -15,7 +15,7 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

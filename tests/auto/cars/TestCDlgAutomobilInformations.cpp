@@ -10,7 +10,7 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"

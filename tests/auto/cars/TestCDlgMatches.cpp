@@ -11,7 +11,7 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "tests/office/TestOffice.h"

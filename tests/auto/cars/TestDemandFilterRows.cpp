@@ -5,7 +5,7 @@
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
 

@@ -8,7 +8,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/ObservedStatements.h"
 

@@ -4,7 +4,7 @@
 #include "tests/auto/contracts/PrintedContracts.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 
 namespace {
 

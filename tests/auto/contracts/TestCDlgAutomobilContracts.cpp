@@ -9,7 +9,7 @@
 #include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/KWndReportGen.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"

@@ -4,7 +4,7 @@
 #include "auto/contracts/ContractMergeFields.h"
 #include "auto/contracts/ContractPrinting.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "tests/auto/contracts/DocxParts.h"
 #include "tests/auto/contracts/PrintedContracts.h"

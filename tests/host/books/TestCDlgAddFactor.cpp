@@ -5,7 +5,7 @@
 
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/books/DocumentRowsPane.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

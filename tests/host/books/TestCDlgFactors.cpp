@@ -6,7 +6,7 @@
 #include "host/books/CDlgAddFactor.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KLinesView.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgAddPerson.h"
+#include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/entries/KEdit.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CTblPersonsMini.h"
+#include "suite/crm/persons/CTblPersonsMini.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QTest>

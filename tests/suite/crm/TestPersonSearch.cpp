@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/PersonSearch.h"
+#include "suite/crm/persons/PersonSearch.h"
 
 #include "suite/db/CTblTemp.h"
 #include "tests/suite/crm/Office.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/CTblPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
 

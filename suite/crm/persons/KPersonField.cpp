@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/KPersonField.h"
+#include "suite/crm/persons/KPersonField.h"
 
-#include "suite/crm/CDlgPersons.h"
-#include "suite/crm/CTblPersonsMini.h"
+#include "suite/crm/persons/CDlgPersons.h"
+#include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QHBoxLayout>

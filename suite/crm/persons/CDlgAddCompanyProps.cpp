@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgAddCompanyProps.h"
+#include "suite/crm/persons/CDlgAddCompanyProps.h"
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/CTblPersons.h"
-#include "suite/crm/IdentityHints.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/IdentityHints.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QComboBox>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/IdentityHints.h"
+#include "suite/crm/persons/IdentityHints.h"
 
-#include "suite/crm/CTblPersons.h"
-#include "suite/crm/MobileNumber.h"
-#include "suite/crm/NationalCode.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/MobileNumber.h"
+#include "suite/crm/persons/NationalCode.h"
 
 #include <QLabel>
 

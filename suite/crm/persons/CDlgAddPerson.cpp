@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgAddPerson.h"
+#include "suite/crm/persons/CDlgAddPerson.h"
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/CTblPersonsMini.h"
-#include "suite/crm/IdentityHints.h"
-#include "suite/crm/MobileNumber.h"
+#include "suite/crm/persons/CTblPersonsMini.h"
+#include "suite/crm/persons/IdentityHints.h"
+#include "suite/crm/persons/MobileNumber.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/values/TextStandard.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/CompanyDetails.h"
+#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/crm/CDlgPersons.h"
+#include "suite/crm/persons/CDlgPersons.h"
 
-#include "suite/crm/CDlgAddPerson.h"
-#include "suite/crm/CTblPersons.h"
-#include "suite/crm/PersonSearch.h"
+#include "suite/crm/persons/CDlgAddPerson.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/PersonSearch.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
