@@ -3,7 +3,7 @@
 
 #include "host/Backup.h"
 
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/values/KProcess.h"

@@ -4,7 +4,7 @@
 #include "host/CDlgAbout.h"
 
 #include "host/DatabaseInfo.h"
-#include "host/HostOptions.h"
+#include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
 
 #include <QDialogButtonBox>

@@ -3,7 +3,7 @@
 
 #include "host/CDlgServerPassword.h"
 
-#include "host/HostOptions.h"
+#include "host/frame/HostOptions.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>

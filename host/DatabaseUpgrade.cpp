@@ -6,7 +6,7 @@
 #include "auto/CAutoDBSetting.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTableSchema.h"
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/SuiteSchema.h"

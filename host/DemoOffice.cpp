@@ -3,7 +3,7 @@
 
 #include "host/DemoOffice.h"
 
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KAccountingError.h"
 

@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "host/AutoModule.h"
-#include "host/HostOptions.h"
+#include "host/frame/AutoModule.h"
+#include "host/frame/HostOptions.h"
 #include "host/SplashWindow.h"
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 #include "host/server/DataFolder.h"
 #include "host/server/EmbeddedServer.h"
 #include "host/server/InstanceLock.h"

@@ -13,7 +13,7 @@
 #include "host/DatabaseInfo.h"
 #include "host/ReminderBadge.h"
 #include "host/StartPage.h"
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 #include "host/WorkArea.h"
 #include "host/books/CDlgChartOfAccounts.h"
 #include "host/books/CDlgFactors.h"

@@ -5,8 +5,8 @@
 
 #include "suite/db/KConnection.h"
 #include "host/CDlgServerPassword.h"
-#include "host/HostOptions.h"
-#include "host/StartupClock.h"
+#include "host/frame/HostOptions.h"
+#include "host/frame/StartupClock.h"
 #include "host/server/ServerError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 

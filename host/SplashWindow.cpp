@@ -3,7 +3,7 @@
 
 #include "host/SplashWindow.h"
 
-#include "host/HostOptions.h"
+#include "host/frame/HostOptions.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/HostLog.h"
+#include "host/frame/HostLog.h"
 
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 
 #include <QFile>
 #include <QRegularExpression>

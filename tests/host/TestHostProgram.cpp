@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "host/CDlgFirstStart.h"
 #include "host/CDlgLogin.h"
-#include "host/HostLog.h"
+#include "host/frame/HostLog.h"
 #include "host/MainWindow.h"
 #include "host/WorkArea.h"
 #include "suite/accounting/office/CTblUsers.h"

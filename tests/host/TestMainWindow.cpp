@@ -3,7 +3,7 @@
 
 #include "host/MainWindow.h"
 
-#include "host/AutoModule.h"
+#include "host/frame/AutoModule.h"
 #include "host/DatabaseUpgrade.h"
 #include "host/ReminderBadge.h"
 #include "host/StartButton.h"

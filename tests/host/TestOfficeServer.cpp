@@ -4,7 +4,7 @@
 #include "host/OfficeServer.h"
 
 #include "suite/db/CTblTemp.h"
-#include "host/HostOptions.h"
+#include "host/frame/HostOptions.h"
 #include "host/server/EmbeddedServer.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/AutoModule.h"
+#include "host/frame/AutoModule.h"
 
-#include "host/StartupClock.h"
+#include "host/frame/StartupClock.h"
 
 #include <QCoreApplication>
 #include <QDir>

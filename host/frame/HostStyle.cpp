@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/HostStyle.h"
+#include "host/frame/HostStyle.h"
 
 #include <QApplication>
 #include <QPainter>

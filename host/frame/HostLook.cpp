@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/HostLook.h"
+#include "host/frame/HostLook.h"
 
-#include "host/HostStyle.h"
+#include "host/frame/HostStyle.h"
 
 #include <QApplication>
 #include <QDir>
