@@ -3,7 +3,7 @@
 
 #include "host/CDlgAbout.h"
 
-#include "host/DatabaseInfo.h"
+#include "host/start/DatabaseInfo.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
 

@@ -4,7 +4,7 @@
 #include "host/CDlgAddUser.h"
 
 #include "suite/db/KTransaction.h"
-#include "host/CDlgFirstStart.h"
+#include "host/start/CDlgFirstStart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"

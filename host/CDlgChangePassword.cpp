@@ -3,7 +3,7 @@
 
 #include "host/CDlgChangePassword.h"
 
-#include "host/CDlgFirstStart.h"
+#include "host/start/CDlgFirstStart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -5,7 +5,7 @@
 
 #include "host/frame/AutoModule.h"
 #include "host/frame/HostOptions.h"
-#include "host/SplashWindow.h"
+#include "host/start/SplashWindow.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/DataFolder.h"
 #include "host/server/EmbeddedServer.h"

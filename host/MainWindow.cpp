@@ -10,7 +10,7 @@
 #include "host/CDlgDocuments.h"
 #include "host/CDlgSettings.h"
 #include "host/CDlgUsers.h"
-#include "host/DatabaseInfo.h"
+#include "host/start/DatabaseInfo.h"
 #include "host/ReminderBadge.h"
 #include "host/StartPage.h"
 #include "host/frame/StartupClock.h"

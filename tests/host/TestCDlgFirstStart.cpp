@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgFirstStart.h"
+#include "host/start/CDlgFirstStart.h"
 
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/entries/KDateEdit.h"

@@ -4,8 +4,8 @@
 #include "host/HostProgram.h"
 
 #include "suite/db/CTblTemp.h"
-#include "host/CDlgFirstStart.h"
-#include "host/CDlgLogin.h"
+#include "host/start/CDlgFirstStart.h"
+#include "host/start/CDlgLogin.h"
 #include "host/frame/HostLog.h"
 #include "host/MainWindow.h"
 #include "host/WorkArea.h"

@@ -4,7 +4,7 @@
 #include "host/MainWindow.h"
 
 #include "host/frame/AutoModule.h"
-#include "host/DatabaseUpgrade.h"
+#include "host/start/DatabaseUpgrade.h"
 #include "host/ReminderBadge.h"
 #include "host/StartButton.h"
 #include "host/WorkArea.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgServerPassword.h"
+#include "host/start/CDlgServerPassword.h"
 
 #include "host/frame/HostOptions.h"
 #include "suite/utility/entries/KEdit.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/OfficeServer.h"
+#include "host/start/OfficeServer.h"
 
 #include "suite/db/KConnection.h"
-#include "host/CDlgServerPassword.h"
+#include "host/start/CDlgServerPassword.h"
 #include "host/frame/HostOptions.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/ServerError.h"

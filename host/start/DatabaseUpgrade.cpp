@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/DatabaseUpgrade.h"
+#include "host/start/DatabaseUpgrade.h"
 
 #include "auto/CAutoDBSetting.h"
 #include "suite/db/CTblTemp.h"

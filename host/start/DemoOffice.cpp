@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/DemoOffice.h"
+#include "host/start/DemoOffice.h"
 
 #include "host/frame/StartupClock.h"
 #include "suite/accounting/office/CTblProperties.h"
