@@ -9,7 +9,7 @@
 #include "host/start/DemoOffice.h"
 #include "host/frame/HostLog.h"
 #include "host/frame/HostLook.h"
-#include "host/MainWindow.h"
+#include "host/desk/MainWindow.h"
 #include "host/start/OfficeServer.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/MainWindow.h"
+#include "host/desk/MainWindow.h"
 
 #include "host/frame/AutoModule.h"
 #include "host/start/DatabaseUpgrade.h"
-#include "host/ReminderBadge.h"
-#include "host/StartButton.h"
-#include "host/WorkArea.h"
+#include "host/desk/ReminderBadge.h"
+#include "host/desk/StartButton.h"
+#include "host/desk/WorkArea.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/reminders/CDlgAlarms.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/WorkArea.h"
+#include "host/desk/WorkArea.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KDialogTabPage.h"

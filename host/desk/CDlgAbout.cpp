@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgAbout.h"
+#include "host/desk/CDlgAbout.h"
 
 #include "host/start/DatabaseInfo.h"
 #include "host/frame/HostOptions.h"

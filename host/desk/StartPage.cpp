@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/StartPage.h"
+#include "host/desk/StartPage.h"
 
-#include "host/StartButton.h"
+#include "host/desk/StartButton.h"
 
 #include <QGridLayout>
 #include <QLabel>

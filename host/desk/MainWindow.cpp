@@ -1,20 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/MainWindow.h"
+#include "host/desk/MainWindow.h"
 
 #include "auto/CAutoDBSetting.h"
 #include "host/Backup.h"
-#include "host/CDlgAbout.h"
+#include "host/desk/CDlgAbout.h"
 #include "host/CDlgChangePassword.h"
 #include "host/CDlgDocuments.h"
 #include "host/CDlgSettings.h"
 #include "host/CDlgUsers.h"
 #include "host/start/DatabaseInfo.h"
-#include "host/ReminderBadge.h"
-#include "host/StartPage.h"
+#include "host/desk/ReminderBadge.h"
+#include "host/desk/StartPage.h"
 #include "host/frame/StartupClock.h"
-#include "host/WorkArea.h"
+#include "host/desk/WorkArea.h"
 #include "host/books/CDlgChartOfAccounts.h"
 #include "host/books/CDlgFactors.h"
 #include "host/books/CDlgServices.h"
