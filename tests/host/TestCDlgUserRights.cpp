@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgUserRights.h"
+#include "host/administration/CDlgUserRights.h"
 
-#include "host/RightsGridModel.h"
+#include "host/administration/RightsGridModel.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "tests/host/HostTestOffice.h"
 

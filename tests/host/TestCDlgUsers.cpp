@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgUsers.h"
+#include "host/administration/CDlgUsers.h"
 
-#include "host/CDlgAddUser.h"
-#include "host/CDlgChangePassword.h"
+#include "host/administration/CDlgAddUser.h"
+#include "host/administration/CDlgChangePassword.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "host/DocumentFilter.h"
-#include "host/UserFilter.h"
+#include "host/administration/UserFilter.h"
 #include "host/books/InvoiceFilter.h"
 
 #include <QTest>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgUsers.h"
+#include "host/administration/CDlgUsers.h"
 
-#include "host/CDlgAddUser.h"
-#include "host/CDlgUserRights.h"
-#include "host/UserFilter.h"
+#include "host/administration/CDlgAddUser.h"
+#include "host/administration/CDlgUserRights.h"
+#include "host/administration/UserFilter.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"

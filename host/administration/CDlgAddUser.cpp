@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgAddUser.h"
+#include "host/administration/CDlgAddUser.h"
 
 #include "suite/db/KTransaction.h"
 #include "host/start/CDlgFirstStart.h"

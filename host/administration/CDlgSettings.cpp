@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgSettings.h"
+#include "host/administration/CDlgSettings.h"
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgUserRights.h"
+#include "host/administration/CDlgUserRights.h"
 
 #include "suite/db/KTransaction.h"
-#include "host/RightsGridModel.h"
+#include "host/administration/RightsGridModel.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
 

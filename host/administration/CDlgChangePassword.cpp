@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgChangePassword.h"
+#include "host/administration/CDlgChangePassword.h"
 
 #include "host/start/CDlgFirstStart.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/Backup.h"
+#include "host/administration/Backup.h"
 
 #include "host/frame/StartupClock.h"
 #include "host/server/DatabaseDump.h"
