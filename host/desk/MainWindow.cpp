@@ -7,7 +7,7 @@
 #include "host/administration/Backup.h"
 #include "host/desk/CDlgAbout.h"
 #include "host/administration/CDlgChangePassword.h"
-#include "host/CDlgDocuments.h"
+#include "host/books/CDlgDocuments.h"
 #include "host/administration/CDlgSettings.h"
 #include "host/administration/CDlgUsers.h"
 #include "host/start/DatabaseInfo.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgDocuments.h"
+#include "host/books/CDlgDocuments.h"
 
 #include "suite/db/KTransaction.h"
 #include "host/books/CDlgAddDocument.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/DocumentFilter.h"
+#include "host/books/DocumentFilter.h"
 #include "host/administration/UserFilter.h"
 #include "host/books/InvoiceFilter.h"
 

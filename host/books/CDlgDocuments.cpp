@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/CDlgDocuments.h"
+#include "host/books/CDlgDocuments.h"
 
 #include "suite/db/KLookup.h"
-#include "host/DocumentFilter.h"
+#include "host/books/DocumentFilter.h"
 #include "host/books/CDlgAddDocument.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
