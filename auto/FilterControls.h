@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "suite/utility/entries/KEdit.h"
 
 class KDateEdit;

@@ -8,7 +8,7 @@
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/frame/KApplication.h"

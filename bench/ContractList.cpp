@@ -7,7 +7,7 @@
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -5,7 +5,7 @@
 
 #include "auto/ArchiveLine.h"
 #include "auto/FormLines.h"
-#include "auto/StoredTexts.h"
+#include "auto/words/StoredTexts.h"
 #include "auto/cars/CarFields.h"
 #include "auto/cars/CatalogFields.h"
 #include "auto/cars/ItemFields.h"

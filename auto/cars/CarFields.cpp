@@ -3,7 +3,7 @@
 
 #include "auto/cars/CarFields.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "auto/catalog/InputParameters.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "suite/accounting/office/CTblItems.h"
 
 #include <array>

@@ -3,7 +3,7 @@
 
 #include "auto/catalog/TariffTexts.h"
 
-#include "auto/StoredTexts.h"
+#include "auto/words/StoredTexts.h"
 
 namespace TariffTexts {
 

@@ -4,7 +4,7 @@
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 
 #include "auto/ArchiveLine.h"
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "auto/contracts/ContractNotes.h"
 #include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractPosting.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgCalcPayment.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"

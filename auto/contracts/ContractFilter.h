@@ -6,7 +6,7 @@
 #include <QDateTime>
 #include <QString>
 
-// What the contract list asks for. Defaults: every contract. Positions are those of the filter lists in auto/WordLists.h,
+// What the contract list asks for. Defaults: every contract. Positions are those of the filter lists in auto/words/WordLists.h,
 // 0 meaning all.
 struct ContractCriteria
 {

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractFromCar.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 
 #include <QStringList>
 

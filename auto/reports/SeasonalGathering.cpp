@@ -3,7 +3,7 @@
 
 #include "auto/reports/SeasonalGathering.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/SeasonBounds.h"
 #include "auto/reports/SeasonalRules.h"

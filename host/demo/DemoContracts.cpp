@@ -3,7 +3,7 @@
 
 #include "host/demo/DemoContracts.h"
 
-#include "auto/WordLists.h"
+#include "auto/words/WordLists.h"
 #include "auto/contracts/ContractDocumentRows.h"
 #include "host/demo/DemoNames.h"
 #include "suite/accounting/books/chart/Accounts.h"
