@@ -3,7 +3,7 @@
 
 #include "auto/CAutoDBSetting.h"
 
-#include "auto/SchemaUpgrade.h"
+#include "auto/schema/SchemaUpgrade.h"
 #include "auto/cars/CDlgAutomobilDemands.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"

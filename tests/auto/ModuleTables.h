@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/SchemaUpgrade.h"
+#include "auto/schema/SchemaUpgrade.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/TestDatabase.h"
 

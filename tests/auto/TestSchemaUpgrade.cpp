@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/CAutoDBSetting.h"
-#include "auto/SchemaUpgrade.h"
+#include "auto/schema/SchemaUpgrade.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/accounting/frame/KMessageDialog.h"

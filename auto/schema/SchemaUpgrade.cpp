@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/SchemaUpgrade.h"
+#include "auto/schema/SchemaUpgrade.h"
 
-#include "auto/SchemaTables.h"
+#include "auto/schema/SchemaTables.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTableSchema.h"
 
