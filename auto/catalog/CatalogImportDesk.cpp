@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CatalogImportDesk.h"
 
-#include "auto/ModulePlatform.h"
+#include "auto/platform/ModulePlatform.h"
 #include "auto/catalog/CatalogImporter.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"

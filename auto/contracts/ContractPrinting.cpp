@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractPrinting.h"
 
-#include "auto/ModulePlatform.h"
+#include "auto/platform/ModulePlatform.h"
 #include "auto/contracts/ContractMergeFields.h"
 #include "auto/contracts/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"

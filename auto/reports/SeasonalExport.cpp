@@ -3,7 +3,7 @@
 
 #include "auto/reports/SeasonalExport.h"
 
-#include "auto/ModulePlatform.h"
+#include "auto/platform/ModulePlatform.h"
 #include "auto/reports/SeasonalExportRow.h"
 #include "suite/accounting/taxfile/CForoush.h"
 #include "suite/accounting/taxfile/CForoush_Detail.h"
