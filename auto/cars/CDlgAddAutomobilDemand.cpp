@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 
-#include "auto/NewRecord.h"
+#include "auto/editor/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/CDlgRecordEditor.h"
+#include "auto/editor/CDlgRecordEditor.h"
 
 class CDlgAddAutomobilDemandBase;
 

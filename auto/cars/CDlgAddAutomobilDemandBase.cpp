@@ -3,8 +3,8 @@
 
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 
-#include "auto/ArchiveLine.h"
-#include "auto/FormLines.h"
+#include "auto/editor/ArchiveLine.h"
+#include "auto/editor/FormLines.h"
 #include "auto/cars/DemandReminder.h"
 #include "auto/cars/DemandYears.h"
 #include "auto/cars/ItemFields.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/EditorPage.h"
+#include "auto/editor/EditorPage.h"
 
 class ArchiveLine;
 class CTblAutomobilDemands;

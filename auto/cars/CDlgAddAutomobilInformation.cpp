@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 
-#include "auto/EditorTitle.h"
+#include "auto/editor/EditorTitle.h"
 #include "auto/cars/CDlgAddAutomobilInformationBase.h"
 #include "auto/cars/CDlgAddAutomobilInformationSales.h"
 #include "auto/cars/CDlgMatchingDemands.h"

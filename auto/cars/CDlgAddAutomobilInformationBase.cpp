@@ -3,8 +3,8 @@
 
 #include "auto/cars/CDlgAddAutomobilInformationBase.h"
 
-#include "auto/ArchiveLine.h"
-#include "auto/FormLines.h"
+#include "auto/editor/ArchiveLine.h"
+#include "auto/editor/FormLines.h"
 #include "auto/words/StoredTexts.h"
 #include "auto/cars/CarFields.h"
 #include "auto/cars/CatalogFields.h"

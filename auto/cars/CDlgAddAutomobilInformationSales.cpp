@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAddAutomobilInformationSales.h"
 
-#include "auto/FormLines.h"
+#include "auto/editor/FormLines.h"
 #include "auto/cars/CarFields.h"
 #include "auto/cars/ItemFields.h"
 #include "auto/cars/PersonGroup.h"

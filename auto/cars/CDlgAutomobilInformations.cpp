@@ -4,7 +4,7 @@
 #include "auto/cars/CDlgAutomobilInformations.h"
 
 #include "auto/FilterControls.h"
-#include "auto/NewRecord.h"
+#include "auto/editor/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/CarChoices.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 
-#include "auto/NewRecord.h"
+#include "auto/editor/NewRecord.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 
-#include "auto/ArchiveLine.h"
+#include "auto/editor/ArchiveLine.h"
 #include "auto/words/WordLists.h"
 #include "auto/contracts/ContractNotes.h"
 #include "auto/contracts/ContractPartyGroup.h"

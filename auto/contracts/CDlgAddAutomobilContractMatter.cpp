@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"
 
-#include "auto/FormLines.h"
+#include "auto/editor/FormLines.h"
 #include "auto/contracts/MatterFields.h"
 #include "auto/contracts/MatterVisibility.h"
 #include "auto/contracts/ModelYear.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractTitle.h"
 
-#include "auto/EditorTitle.h"
+#include "auto/editor/EditorTitle.h"
 
 #include <QStringList>
 

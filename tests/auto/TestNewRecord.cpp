@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/NewRecord.h"
+#include "auto/editor/NewRecord.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "tests/office/TestOffice.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/EditorPage.h"
+#include "auto/editor/EditorPage.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
 

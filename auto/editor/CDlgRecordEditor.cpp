@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/CDlgRecordEditor.h"
+#include "auto/editor/CDlgRecordEditor.h"
 
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/frame/KErrorBoundary.h"

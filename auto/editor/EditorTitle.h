@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/EditorPage.h"
+#include "auto/editor/EditorPage.h"
 
 // Title of an editor: what is edited and the mode's suffix. The suffixes of new and edit follow the name without a blank, the
 // one of show with one.

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/EditorPage.h"
+#include "auto/editor/EditorPage.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
