@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAutomobilDemands.h"
 
-#include "auto/FilterControls.h"
+#include "auto/lists/FilterControls.h"
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/cars/CDlgMatchingCars.h"

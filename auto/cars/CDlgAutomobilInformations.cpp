@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAutomobilInformations.h"
 
-#include "auto/FilterControls.h"
+#include "auto/lists/FilterControls.h"
 #include "auto/editor/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgMatchingDemands.h"

@@ -3,7 +3,7 @@
 
 #include "auto/cars/CarFilter.h"
 
-#include "auto/ListClauses.h"
+#include "auto/lists/ListClauses.h"
 
 QString carFilter(const CarCriteria &criteria)
 {

@@ -3,7 +3,7 @@
 
 #include "auto/cars/DemandFilter.h"
 
-#include "auto/ListClauses.h"
+#include "auto/lists/ListClauses.h"
 
 QString demandFilter(const DemandCriteria &criteria)
 {

@@ -3,7 +3,7 @@
 
 #include "auto/catalog/TariffFilter.h"
 
-#include "auto/ListClauses.h"
+#include "auto/lists/ListClauses.h"
 
 QString tariffFilter(const TariffCriteria &criteria)
 {

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 
-#include "auto/FilterControls.h"
+#include "auto/lists/FilterControls.h"
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/ContractPrintingDesk.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractFilter.h"
 
-#include "auto/ListClauses.h"
+#include "auto/lists/ListClauses.h"
 
 QString contractFilter(const ContractCriteria &criteria)
 {
