@@ -3,7 +3,7 @@
 
 #include "auto/cars/DemandArchiving.h"
 
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/db/KTransaction.h"
 

@@ -9,7 +9,7 @@
 #include "auto/contracts/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/CDlgCalcPayment.h"
 #include "auto/contracts/ContractPartyGroup.h"
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "auto/contracts/ContractTitle.h"
 #include "auto/contracts/LoadCarForContract.h"
 #include "auto/contracts/StoredInstalments.h"

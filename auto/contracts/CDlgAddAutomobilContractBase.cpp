@@ -8,7 +8,7 @@
 #include "auto/contracts/ContractNotes.h"
 #include "auto/contracts/ContractPartyGroup.h"
 #include "auto/contracts/ContractPosting.h"
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CDlgDocCreated.h"

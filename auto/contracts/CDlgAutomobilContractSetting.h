@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <array>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "host/demo/DemoPersons.h"
 #include "host/demo/DemoRandom.h"

@@ -7,7 +7,7 @@
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/CDlgMatches.h"
 #include "auto/cars/PersonGroup.h"
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -3,7 +3,7 @@
 
 #include "auto/cars/DemandArchiving.h"
 
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/ObservedStatements.h"
 

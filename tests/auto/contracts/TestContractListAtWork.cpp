@@ -5,7 +5,7 @@
 #include "auto/contracts/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/contracts/ContractPartyGroup.h"
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/KConnection.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractSettings.h"
+#include "auto/settings/ContractSettings.h"
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CTblProperties.h"
