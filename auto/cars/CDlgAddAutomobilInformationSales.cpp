@@ -8,7 +8,7 @@
 #include "auto/cars/ItemFields.h"
 #include "auto/cars/PersonGroup.h"
 #include "auto/cars/ProfitAndLoss.h"
-#include "auto/catalog/CDlgAutomobilTariffs.h"
+#include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "auto/catalog/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilTariffs.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CDlgAutomobilTariffs.h"
+#include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "auto/catalog/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/crm/persons/CDlgPersons.h"

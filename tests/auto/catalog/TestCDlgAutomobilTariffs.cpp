@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CDlgAddAutomobilTariff.h"
-#include "auto/catalog/CDlgAutomobilTariffs.h"
+#include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
+#include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CDlgAddAutomobilTariff.h"
+#include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 
-#include "auto/catalog/TariffTexts.h"
+#include "auto/catalog/tariffs/TariffTexts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CDlgAutomobilTariffs.h"
+#include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 
-#include "auto/catalog/CDlgAddAutomobilTariff.h"
+#include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/catalog/TariffFilter.h"
+#include "auto/catalog/tariffs/TariffFilter.h"
 #include "suite/accounting/lists/KListPage.h"
 
 class KEdit;
