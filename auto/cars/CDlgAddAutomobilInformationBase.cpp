@@ -11,7 +11,7 @@
 #include "auto/cars/ItemFields.h"
 #include "auto/cars/PersonGroup.h"
 #include "auto/cars/VehicleIdentification.h"
-#include "auto/catalog/InputParameters.h"
+#include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/crm/persons/IdentityHints.h"

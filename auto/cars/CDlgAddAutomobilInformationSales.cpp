@@ -9,7 +9,7 @@
 #include "auto/cars/PersonGroup.h"
 #include "auto/cars/ProfitAndLoss.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
-#include "auto/catalog/InputParameters.h"
+#include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/entries/KEdit.h"

@@ -9,7 +9,7 @@
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/CarChoices.h"
 #include "auto/catalog/CDlgCarsAll.h"
-#include "auto/catalog/CDlgInputParameters.h"
+#include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"

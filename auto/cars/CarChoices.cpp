@@ -3,7 +3,7 @@
 
 #include "auto/cars/CarChoices.h"
 
-#include "auto/catalog/InputParameters.h"
+#include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblCarBrands.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/entries/ComboWidth.h"

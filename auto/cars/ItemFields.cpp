@@ -6,7 +6,7 @@
 #include "auto/cars/MissingItems.h"
 #include "auto/cars/ParameterNumber.h"
 #include "auto/cars/TickedChoice.h"
-#include "auto/catalog/CDlgInputParameters.h"
+#include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblMultiItems.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/catalog/CDlgCarsAll.h"
-#include "auto/catalog/CDlgInputParameters.h"
+#include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/catalog/CatalogEntries.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/office/CDlgMultiItems.h"

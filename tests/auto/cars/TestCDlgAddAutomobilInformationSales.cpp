@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
-#include "auto/catalog/CDlgInputParameters.h"
+#include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/utility/frame/KDialogHolder.h"

@@ -6,7 +6,7 @@
 #include "auto/cars/DemandYears.h"
 #include "auto/cars/MatchingCars.h"
 #include "auto/cars/VehicleIdentification.h"
-#include "auto/catalog/InputParameters.h"
+#include "auto/catalog/parameters/InputParameters.h"
 #include "auto/contracts/ContractPosting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"

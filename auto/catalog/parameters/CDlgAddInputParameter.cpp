@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CDlgAddInputParameter.h"
+#include "auto/catalog/parameters/CDlgAddInputParameter.h"
 
-#include "auto/catalog/InputParameterValues.h"
+#include "auto/catalog/parameters/InputParameterValues.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/catalog/InputParameters.h"
+#include "auto/catalog/parameters/InputParameters.h"
 #include "suite/accounting/lists/KListPage.h"
 
 class QButtonGroup;

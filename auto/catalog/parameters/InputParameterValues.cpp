@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/InputParameterValues.h"
+#include "auto/catalog/parameters/InputParameterValues.h"
 
 #include "suite/accounting/office/CTblItems.h"
 

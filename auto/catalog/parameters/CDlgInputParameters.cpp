@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CDlgInputParameters.h"
+#include "auto/catalog/parameters/CDlgInputParameters.h"
 
-#include "auto/catalog/CDlgAddInputParameter.h"
+#include "auto/catalog/parameters/CDlgAddInputParameter.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
