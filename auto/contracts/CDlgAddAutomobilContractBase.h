@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/Commission.h"
+#include "auto/contracts/figures/Commission.h"
 #include "auto/contracts/ContractEditorPage.h"
 #include "suite/utility/entries/KForm.h"
 

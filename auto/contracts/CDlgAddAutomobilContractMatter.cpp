@@ -6,7 +6,7 @@
 #include "auto/editor/FormLines.h"
 #include "auto/contracts/MatterFields.h"
 #include "auto/contracts/MatterVisibility.h"
-#include "auto/contracts/ModelYear.h"
+#include "auto/contracts/figures/ModelYear.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"

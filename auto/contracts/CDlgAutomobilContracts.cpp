@@ -7,7 +7,7 @@
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/ContractPrintingDesk.h"
-#include "auto/contracts/ContractSettlement.h"
+#include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/KLookup.h"
 #include "auto/reports/CDlgAutoFullReport.h"

@@ -3,7 +3,7 @@
 
 #include "auto/contracts/ContractMergeFields.h"
 
-#include "auto/contracts/Commission.h"
+#include "auto/contracts/figures/Commission.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/Commission.h"
+#include "auto/contracts/figures/Commission.h"
 #include "suite/utility/entries/KForm.h"
 
 #include <QGroupBox>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/Commission.h"
+#include "auto/contracts/figures/Commission.h"
 
 // Settings of the contract pages, shared by all users of the database (section "AutomobilContracts").
 struct ContractSettings

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/ContractNotes.h"
-#include "auto/contracts/ContractSettlement.h"
+#include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/contracts/ContractTitle.h"
 #include "auto/db/CTblAutomobilContracts.h"
 

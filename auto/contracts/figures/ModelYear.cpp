@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ModelYear.h"
+#include "auto/contracts/figures/ModelYear.h"
 
 #include "suite/utility/values/TextStandard.h"
 
