@@ -7,7 +7,7 @@
 #include "auto/words/WordLists.h"
 #include "auto/contracts/ContractNotes.h"
 #include "auto/contracts/ContractPartyGroup.h"
-#include "auto/contracts/ContractPosting.h"
+#include "auto/contracts/document/ContractPosting.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -4,7 +4,7 @@
 #include "host/demo/DemoContracts.h"
 
 #include "auto/words/WordLists.h"
-#include "auto/contracts/ContractDocumentRows.h"
+#include "auto/contracts/document/ContractDocumentRows.h"
 #include "host/demo/DemoNames.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractPosting.h"
+#include "auto/contracts/document/ContractPosting.h"
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"

@@ -7,7 +7,7 @@
 #include "auto/cars/MatchingCars.h"
 #include "auto/cars/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"
-#include "auto/contracts/ContractPosting.h"
+#include "auto/contracts/document/ContractPosting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractDocumentRows.h"
+#include "auto/contracts/document/ContractDocumentRows.h"
 
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractPosting.h"
+#include "auto/contracts/document/ContractPosting.h"
 
-#include "auto/contracts/ContractDocumentRows.h"
+#include "auto/contracts/document/ContractDocumentRows.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocs.h"
