@@ -7,7 +7,7 @@
 
 #include "bench/RatioReporter.h"
 
-#include "auto/contracts/ContractMergeFields.h"
+#include "auto/contracts/printing/ContractMergeFields.h"
 #include "suite/utility/documents/KMSWord.h"
 
 #include <QCoreApplication>

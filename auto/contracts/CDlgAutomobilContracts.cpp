@@ -6,7 +6,7 @@
 #include "auto/lists/FilterControls.h"
 #include "auto/contracts/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
-#include "auto/contracts/ContractPrintingDesk.h"
+#include "auto/contracts/printing/ContractPrintingDesk.h"
 #include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/KLookup.h"

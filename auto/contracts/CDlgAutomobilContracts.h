@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/ContractFilter.h"
-#include "auto/contracts/ContractPrinting.h"
+#include "auto/contracts/printing/ContractPrinting.h"
 #include "suite/accounting/lists/KListPage.h"
 
 class CTblAutomobilContracts;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractMergeFields.h"
+#include "auto/contracts/printing/ContractMergeFields.h"
 
 #include <QDateTime>
 #include <QHash>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractMergeFields.h"
-#include "auto/contracts/ContractPrinting.h"
+#include "auto/contracts/printing/ContractMergeFields.h"
+#include "auto/contracts/printing/ContractPrinting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
-#include "auto/contracts/ContractPrintingDesk.h"
+#include "auto/contracts/printing/ContractPrintingDesk.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"

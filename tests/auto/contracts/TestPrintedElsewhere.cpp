@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractPrinting.h"
+#include "auto/contracts/printing/ContractPrinting.h"
 #include "tests/auto/contracts/DocxParts.h"
 #include "tests/auto/contracts/PrintedContracts.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractPrintingDesk.h"
+#include "auto/contracts/printing/ContractPrintingDesk.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/values/KProcess.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractPrinting.h"
+#include "auto/contracts/printing/ContractPrinting.h"
 
 #include "auto/platform/ModulePlatform.h"
-#include "auto/contracts/ContractMergeFields.h"
-#include "auto/contracts/KeptTemplate.h"
+#include "auto/contracts/printing/ContractMergeFields.h"
+#include "auto/contracts/printing/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/ContractPrinting.h"
+#include "auto/contracts/printing/ContractPrinting.h"
 
 class QWidget;
 
