@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/InstalmentPlan.h"
+#include "auto/contracts/instalments/InstalmentPlan.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/InstalmentPlan.h"
+#include "auto/contracts/instalments/InstalmentPlan.h"
 
 #include <QDateTime>
 #include <QString>

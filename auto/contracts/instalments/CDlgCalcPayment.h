@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/contracts/InstalmentPlan.h"
-#include "auto/contracts/StoredInstalments.h"
+#include "auto/contracts/instalments/InstalmentPlan.h"
+#include "auto/contracts/instalments/StoredInstalments.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/StoredInstalments.h"
+#include "auto/contracts/instalments/StoredInstalments.h"
 
 #include "auto/db/CTblAutomobilPayments.h"
 #include "suite/db/CTblTemp.h"
