@@ -4,7 +4,7 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 
 #include "auto/lists/FilterControls.h"
-#include "auto/contracts/CDlgAddAutomobilContract.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/printing/ContractPrintingDesk.h"
 #include "auto/contracts/figures/ContractSettlement.h"

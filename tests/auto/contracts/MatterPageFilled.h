@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/CDlgAddAutomobilContractMatter.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KForm.h"
 

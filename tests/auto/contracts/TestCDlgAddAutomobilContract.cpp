@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/CDlgAddAutomobilContract.h"
-#include "auto/contracts/CDlgAddAutomobilContractBase.h"
-#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"

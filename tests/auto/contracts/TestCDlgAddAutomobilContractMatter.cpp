@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/CDlgAddAutomobilContract.h"
-#include "auto/contracts/CDlgAddAutomobilContractBase.h"
-#include "auto/contracts/CDlgAddAutomobilContractMatter.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
-#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/contracts/instalments/InstalmentPlan.h"
-#include "auto/contracts/MatterFields.h"
+#include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/CDlgAddAutomobilContract.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"

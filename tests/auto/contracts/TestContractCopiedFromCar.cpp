@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/CDlgAutomobilInformations.h"
-#include "auto/contracts/CDlgAddAutomobilContract.h"
-#include "auto/contracts/CDlgAddAutomobilContractBase.h"
-#include "auto/contracts/CDlgAddAutomobilContractMatter.h"
-#include "auto/contracts/ContractPartyGroup.h"
-#include "auto/contracts/LoadCarForContract.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
+#include "auto/contracts/editor/ContractPartyGroup.h"
+#include "auto/contracts/editor/LoadCarForContract.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"

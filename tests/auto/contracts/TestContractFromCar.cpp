@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractFromCar.h"
-#include "auto/contracts/MatterFields.h"
+#include "auto/contracts/editor/ContractFromCar.h"
+#include "auto/contracts/editor/MatterFields.h"
 
 #include <QTest>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractNotes.h"
+#include "auto/contracts/editor/ContractNotes.h"
 #include "auto/contracts/figures/ContractSettlement.h"
-#include "auto/contracts/ContractTitle.h"
+#include "auto/contracts/editor/ContractTitle.h"
 #include "auto/db/CTblAutomobilContracts.h"
 
 #include <QTest>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/MatterFields.h"
-#include "auto/contracts/MatterVisibility.h"
+#include "auto/contracts/editor/MatterFields.h"
+#include "auto/contracts/editor/MatterVisibility.h"
 
 #include <QSet>
 #include <QTest>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/editor/ContractPartyGroup.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/persons/CTblPersons.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/figures/Commission.h"
-#include "auto/contracts/ContractEditorPage.h"
+#include "auto/contracts/editor/ContractEditorPage.h"
 #include "suite/utility/entries/KForm.h"
 
 #include <QList>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/CDlgAddAutomobilContractMatter.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 
 #include "auto/editor/FormLines.h"
-#include "auto/contracts/MatterFields.h"
-#include "auto/contracts/MatterVisibility.h"
+#include "auto/contracts/editor/MatterFields.h"
+#include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/contracts/figures/ModelYear.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/ContractEditorPage.h"
+#include "auto/contracts/editor/ContractEditorPage.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/contracts/ContractFromCar.h"
+#include "auto/contracts/editor/ContractFromCar.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractNotes.h"
+#include "auto/contracts/editor/ContractNotes.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
 

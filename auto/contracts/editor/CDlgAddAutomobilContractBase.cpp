@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/CDlgAddAutomobilContractBase.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 
 #include "auto/editor/ArchiveLine.h"
 #include "auto/words/WordLists.h"
-#include "auto/contracts/ContractNotes.h"
-#include "auto/contracts/ContractPartyGroup.h"
+#include "auto/contracts/editor/ContractNotes.h"
+#include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/contracts/document/ContractPosting.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/MatterVisibility.h"
+#include "auto/contracts/editor/MatterVisibility.h"
 
-#include "auto/contracts/ContractTitle.h"
+#include "auto/contracts/editor/ContractTitle.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/ContractTitle.h"
+#include "auto/contracts/editor/ContractTitle.h"
 
 #include "auto/editor/EditorTitle.h"
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/contracts/ContractEditorPage.h"
-#include "auto/contracts/ContractFromCar.h"
+#include "auto/contracts/editor/ContractEditorPage.h"
+#include "auto/contracts/editor/ContractFromCar.h"
 
 class KForm;
 class QGroupBox;

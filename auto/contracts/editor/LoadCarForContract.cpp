@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/LoadCarForContract.h"
+#include "auto/contracts/editor/LoadCarForContract.h"
 
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/db/KLookup.h"

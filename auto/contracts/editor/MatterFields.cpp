@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/MatterFields.h"
+#include "auto/contracts/editor/MatterFields.h"
 
 #include "suite/utility/values/Provinces.h"
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/editor/CDlgRecordEditor.h"
-#include "auto/contracts/ContractEditorPage.h"
+#include "auto/contracts/editor/ContractEditorPage.h"
 
 class CDlgAddAutomobilContractBase;
 class CDlgAddAutomobilContractMatter;
