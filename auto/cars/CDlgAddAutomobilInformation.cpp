@@ -7,7 +7,7 @@
 #include "auto/cars/CDlgAddAutomobilInformationBase.h"
 #include "auto/cars/CDlgAddAutomobilInformationSales.h"
 #include "auto/cars/CDlgMatchingDemands.h"
-#include "auto/cars/PersonGroup.h"
+#include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

@@ -5,8 +5,8 @@
 
 #include "auto/editor/FormLines.h"
 #include "auto/cars/CarFields.h"
-#include "auto/cars/ItemFields.h"
-#include "auto/cars/PersonGroup.h"
+#include "auto/cars/fields/ItemFields.h"
+#include "auto/cars/fields/PersonGroup.h"
 #include "auto/cars/ProfitAndLoss.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "auto/catalog/parameters/InputParameters.h"

@@ -7,7 +7,7 @@
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/CDlgAutomobilInformations.h"
 #include "auto/cars/CDlgMatchingCars.h"
-#include "auto/cars/CarChoices.h"
+#include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/DemandArchiving.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"

@@ -7,7 +7,7 @@
 #include "auto/editor/NewRecord.h"
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgMatchingDemands.h"
-#include "auto/cars/CarChoices.h"
+#include "auto/cars/fields/CarChoices.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilDemands.h"

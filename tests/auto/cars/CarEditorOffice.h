@@ -6,7 +6,7 @@
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgAddAutomobilInformationBase.h"
 #include "auto/cars/CDlgAddAutomobilInformationSales.h"
-#include "auto/cars/PersonGroup.h"
+#include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -5,7 +5,7 @@
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/DemandReminder.h"
-#include "auto/cars/PersonGroup.h"
+#include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgFileDocs.h"

@@ -6,7 +6,7 @@
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/CDlgMatches.h"
-#include "auto/cars/PersonGroup.h"
+#include "auto/cars/fields/PersonGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/CDlgAutomobilInformations.h"
-#include "auto/cars/CarChoices.h"
+#include "auto/cars/fields/CarChoices.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/MissingItems.h"
-#include "auto/cars/ParameterNumber.h"
+#include "auto/cars/fields/MissingItems.h"
+#include "auto/cars/fields/ParameterNumber.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CarChoices.h"
+#include "auto/cars/fields/CarChoices.h"
 
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblCarBrands.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/PersonGroup.h"
+#include "auto/cars/fields/PersonGroup.h"
 
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CTblPersons.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CatalogFields.h"
+#include "auto/cars/fields/CatalogFields.h"
 
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/CatalogEntries.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/ItemFields.h"
+#include "auto/cars/fields/ItemFields.h"
 
-#include "auto/cars/MissingItems.h"
-#include "auto/cars/ParameterNumber.h"
-#include "auto/cars/TickedChoice.h"
+#include "auto/cars/fields/MissingItems.h"
+#include "auto/cars/fields/ParameterNumber.h"
+#include "auto/cars/fields/TickedChoice.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
