@@ -5,7 +5,7 @@
 
 #include "auto/schema/SchemaUpgrade.h"
 #include "auto/cars/CDlgAutomobilDemands.h"
-#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/CDlgAutomobilReportSeasons.h"

@@ -9,7 +9,7 @@
 #include "bench/RatioReporter.h"
 
 #include "auto/words/WordLists.h"
-#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -5,7 +5,7 @@
 
 #include "auto/lists/FilterControls.h"
 #include "auto/cars/CDlgAddAutomobilDemand.h"
-#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/CDlgMatchingCars.h"
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/DemandArchiving.h"

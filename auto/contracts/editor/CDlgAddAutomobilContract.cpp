@@ -4,7 +4,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 
 #include "auto/editor/NewRecord.h"
-#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"

@@ -3,7 +3,7 @@
 
 #include "auto/cars/CDlgAddAutomobilInformation.h"
 #include "auto/cars/CDlgAddAutomobilInformationBase.h"
-#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAutomobilInformations.h"
+#include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"

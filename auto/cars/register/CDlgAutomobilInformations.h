@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/cars/CarFilter.h"
+#include "auto/cars/register/CarFilter.h"
 #include "suite/accounting/lists/KListPage.h"
 
 class KDateEdit;
