@@ -6,7 +6,7 @@
 #include "auto/lists/FilterControls.h"
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
-#include "auto/cars/CDlgMatchingCars.h"
+#include "auto/cars/register/editor/CDlgMatchingCars.h"
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/DemandArchiving.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"

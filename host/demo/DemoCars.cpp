@@ -3,8 +3,8 @@
 
 #include "host/demo/DemoCars.h"
 
-#include "auto/cars/ProfitAndLoss.h"
-#include "auto/cars/VehicleIdentification.h"
+#include "auto/cars/register/editor/ProfitAndLoss.h"
+#include "auto/cars/register/editor/VehicleIdentification.h"
 #include "host/demo/DemoPictures.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/office/CTblItems.h"

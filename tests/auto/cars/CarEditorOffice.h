@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "auto/cars/CDlgAddAutomobilInformation.h"
-#include "auto/cars/CDlgAddAutomobilInformationBase.h"
-#include "auto/cars/CDlgAddAutomobilInformationSales.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationSales.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"

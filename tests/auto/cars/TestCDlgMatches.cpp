@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/CDlgAddAutomobilDemand.h"
-#include "auto/cars/CDlgMatchingCars.h"
+#include "auto/cars/register/editor/CDlgMatchingCars.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/DemandMatch.h"
 #include "auto/db/CTblAutomobilDemands.h"

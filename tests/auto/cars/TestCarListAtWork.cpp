@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilInformation.h"
-#include "auto/cars/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/fields/PersonGroup.h"

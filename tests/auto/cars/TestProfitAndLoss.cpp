@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/ProfitAndLoss.h"
+#include "auto/cars/register/editor/ProfitAndLoss.h"
 
 #include <QTest>
 

@@ -5,7 +5,7 @@
 
 #include "auto/cars/DemandYears.h"
 #include "auto/cars/MatchingCars.h"
-#include "auto/cars/VehicleIdentification.h"
+#include "auto/cars/register/editor/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/contracts/document/ContractPosting.h"
 #include "auto/db/CTblAutomobilContracts.h"

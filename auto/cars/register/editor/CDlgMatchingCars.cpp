@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgMatchingCars.h"
+#include "auto/cars/register/editor/CDlgMatchingCars.h"
 
-#include "auto/cars/CDlgAddAutomobilInformation.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/cars/MatchingCars.h"
 #include "suite/utility/values/Money.h"
 

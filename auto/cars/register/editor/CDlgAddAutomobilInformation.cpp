@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilInformation.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 
 #include "auto/editor/EditorTitle.h"
-#include "auto/cars/CDlgAddAutomobilInformationBase.h"
-#include "auto/cars/CDlgAddAutomobilInformationSales.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationSales.h"
 #include "auto/cars/CDlgMatchingDemands.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"

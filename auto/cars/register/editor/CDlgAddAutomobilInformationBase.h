@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/cars/CarEditorPage.h"
+#include "auto/cars/register/editor/CarEditorPage.h"
 #include "auto/cars/DemandMatch.h"
 
 class ArchiveLine;

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilInformationSales.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationSales.h"
 
 #include "auto/editor/FormLines.h"
-#include "auto/cars/CarFields.h"
+#include "auto/cars/register/editor/CarFields.h"
 #include "auto/cars/fields/ItemFields.h"
 #include "auto/cars/fields/PersonGroup.h"
-#include "auto/cars/ProfitAndLoss.h"
+#include "auto/cars/register/editor/ProfitAndLoss.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"

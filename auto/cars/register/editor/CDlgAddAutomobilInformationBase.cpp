@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
 
 #include "auto/editor/ArchiveLine.h"
 #include "auto/editor/FormLines.h"
 #include "auto/words/StoredTexts.h"
-#include "auto/cars/CarFields.h"
+#include "auto/cars/register/editor/CarFields.h"
 #include "auto/cars/fields/CatalogFields.h"
 #include "auto/cars/fields/ItemFields.h"
 #include "auto/cars/fields/PersonGroup.h"
-#include "auto/cars/VehicleIdentification.h"
+#include "auto/cars/register/editor/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
