@@ -4,7 +4,7 @@
 #include "auto/CAutoDBSetting.h"
 
 #include "auto/schema/SchemaUpgrade.h"
-#include "auto/cars/CDlgAutomobilDemands.h"
+#include "auto/cars/demands/CDlgAutomobilDemands.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/db/CMySQLException.h"

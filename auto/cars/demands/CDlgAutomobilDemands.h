@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/cars/DemandFilter.h"
+#include "auto/cars/demands/DemandFilter.h"
 #include "suite/accounting/lists/KListPage.h"
 
 class KDateEdit;

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAutomobilDemands.h"
+#include "auto/cars/demands/CDlgAutomobilDemands.h"
 
 #include "auto/lists/FilterControls.h"
 #include "auto/cars/CDlgAddAutomobilDemand.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
 #include "auto/cars/fields/CarChoices.h"
-#include "auto/cars/DemandArchiving.h"
+#include "auto/cars/demands/DemandArchiving.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/db/KLookup.h"
