@@ -4,7 +4,7 @@
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 
 #include "auto/lists/FilterControls.h"
-#include "auto/cars/CDlgAddAutomobilDemand.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
 #include "auto/cars/fields/CarChoices.h"

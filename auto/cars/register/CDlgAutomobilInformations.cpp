@@ -6,7 +6,7 @@
 #include "auto/lists/FilterControls.h"
 #include "auto/editor/NewRecord.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
-#include "auto/cars/CDlgMatchingDemands.h"
+#include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"

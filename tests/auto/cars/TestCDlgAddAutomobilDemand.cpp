@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/editor/ArchiveLine.h"
-#include "auto/cars/CDlgAddAutomobilDemand.h"
-#include "auto/cars/CDlgAddAutomobilDemandBase.h"
-#include "auto/cars/DemandReminder.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
+#include "auto/cars/demands/editor/DemandReminder.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -3,8 +3,8 @@
 
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 
-#include "auto/cars/CDlgAddAutomobilDemand.h"
-#include "auto/cars/CDlgAddAutomobilDemandBase.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
 #include "auto/cars/CDlgMatches.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/settings/ContractSettings.h"

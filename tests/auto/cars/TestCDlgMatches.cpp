@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilDemand.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
-#include "auto/cars/CDlgMatchingDemands.h"
+#include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 #include "auto/cars/DemandMatch.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"

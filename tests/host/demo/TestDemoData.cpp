@@ -3,7 +3,7 @@
 
 #include "host/demo/DemoData.h"
 
-#include "auto/cars/DemandYears.h"
+#include "auto/cars/demands/editor/DemandYears.h"
 #include "auto/cars/MatchingCars.h"
 #include "auto/cars/register/editor/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"

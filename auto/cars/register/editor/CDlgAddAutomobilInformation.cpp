@@ -6,7 +6,7 @@
 #include "auto/editor/EditorTitle.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationSales.h"
-#include "auto/cars/CDlgMatchingDemands.h"
+#include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/DemandReminder.h"
+#include "auto/cars/demands/editor/DemandReminder.h"
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KErrorBoundary.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgMatchingDemands.h"
+#include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 
-#include "auto/cars/CDlgAddAutomobilDemand.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 #include "auto/cars/MatchingDemands.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilDemandBase.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
 
 #include "auto/editor/ArchiveLine.h"
 #include "auto/editor/FormLines.h"
-#include "auto/cars/DemandReminder.h"
-#include "auto/cars/DemandYears.h"
+#include "auto/cars/demands/editor/DemandReminder.h"
+#include "auto/cars/demands/editor/DemandYears.h"
 #include "auto/cars/fields/ItemFields.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilDemands.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgAddAutomobilDemand.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 
 #include "auto/editor/NewRecord.h"
-#include "auto/cars/CDlgAddAutomobilDemandBase.h"
+#include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
