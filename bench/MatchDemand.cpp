@@ -7,7 +7,7 @@
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
 
-#include "auto/cars/MatchingCars.h"
+#include "auto/cars/matching/MatchingCars.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/db/CTblTemp.h"

@@ -5,7 +5,7 @@
 
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
-#include "auto/cars/CDlgMatches.h"
+#include "auto/cars/matching/CDlgMatches.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"

@@ -4,7 +4,7 @@
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
 #include "auto/cars/demands/editor/CDlgMatchingDemands.h"
-#include "auto/cars/DemandMatch.h"
+#include "auto/cars/matching/DemandMatch.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"

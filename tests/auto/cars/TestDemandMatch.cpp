@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/DemandMatch.h"
+#include "auto/cars/matching/DemandMatch.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/MatchingCars.h"
-#include "auto/cars/MatchingDemands.h"
+#include "auto/cars/matching/MatchingCars.h"
+#include "auto/cars/matching/MatchingDemands.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblCarBrands.h"

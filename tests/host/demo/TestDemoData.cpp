@@ -4,7 +4,7 @@
 #include "host/demo/DemoData.h"
 
 #include "auto/cars/demands/editor/DemandYears.h"
-#include "auto/cars/MatchingCars.h"
+#include "auto/cars/matching/MatchingCars.h"
 #include "auto/cars/register/editor/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/contracts/document/ContractPosting.h"

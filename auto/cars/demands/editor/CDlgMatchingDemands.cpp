@@ -4,7 +4,7 @@
 #include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
-#include "auto/cars/MatchingDemands.h"
+#include "auto/cars/matching/MatchingDemands.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/cars/CDlgMatches.h"
-#include "auto/cars/DemandMatch.h"
+#include "auto/cars/matching/CDlgMatches.h"
+#include "auto/cars/matching/DemandMatch.h"
 
 // "متقاضیان": the demands, not archived and active, that a car fits, best first.
 class CDlgMatchingDemands

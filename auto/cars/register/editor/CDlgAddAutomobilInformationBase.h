@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/cars/register/editor/CarEditorPage.h"
-#include "auto/cars/DemandMatch.h"
+#include "auto/cars/matching/DemandMatch.h"
 
 class ArchiveLine;
 class CatalogFields;

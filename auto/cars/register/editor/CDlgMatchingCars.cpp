@@ -4,7 +4,7 @@
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
 
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
-#include "auto/cars/MatchingCars.h"
+#include "auto/cars/matching/MatchingCars.h"
 #include "suite/utility/values/Money.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/cars/CDlgMatches.h"
+#include "auto/cars/matching/CDlgMatches.h"
 
 struct DemandWishes;
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/CDlgMatches.h"
+#include "auto/cars/matching/CDlgMatches.h"
 
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"

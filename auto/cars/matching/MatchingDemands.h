@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/cars/DemandMatch.h"
+#include "auto/cars/matching/DemandMatch.h"
 
 #include <QDateTime>
 #include <QString>

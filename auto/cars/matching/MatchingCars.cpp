@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/MatchingCars.h"
+#include "auto/cars/matching/MatchingCars.h"
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
