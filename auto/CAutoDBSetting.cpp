@@ -8,7 +8,7 @@
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/db/CMySQLException.h"
-#include "auto/reports/CDlgAutomobilReportSeasons.h"
+#include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

@@ -7,8 +7,8 @@
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
 
-#include "auto/reports/SeasonalExport.h"
-#include "auto/reports/SeasonalRow.h"
+#include "auto/reports/season/SeasonalExport.h"
+#include "auto/reports/season/SeasonalRow.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/AccessFileReader.h"

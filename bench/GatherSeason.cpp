@@ -7,9 +7,9 @@
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
 
-#include "auto/reports/CDlgAutomobilReportSeasons.h"
-#include "auto/reports/SeasonBounds.h"
-#include "auto/reports/SeasonalGathering.h"
+#include "auto/reports/season/CDlgAutomobilReportSeasons.h"
+#include "auto/reports/season/SeasonBounds.h"
+#include "auto/reports/season/SeasonalGathering.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/SeasonalExport.h"
+#include "auto/reports/season/SeasonalExport.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "tests/office/TestOffice.h"
 

@@ -3,9 +3,9 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/reports/CDlgAutomobilReportSeasons.h"
-#include "auto/reports/SeasonalColumns.h"
-#include "auto/reports/SeasonalList.h"
+#include "auto/reports/season/CDlgAutomobilReportSeasons.h"
+#include "auto/reports/season/SeasonalColumns.h"
+#include "auto/reports/season/SeasonalList.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/reports/CDlgPaymentAmount.h"
-#include "auto/reports/PayableAmount.h"
+#include "auto/reports/season/CDlgPaymentAmount.h"
+#include "auto/reports/season/PayableAmount.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/CTblFactors.h"

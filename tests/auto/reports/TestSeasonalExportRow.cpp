@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/SeasonalExportRow.h"
-#include "auto/reports/SeasonalExport.h"
-#include "auto/reports/SeasonalRow.h"
+#include "auto/reports/season/SeasonalExportRow.h"
+#include "auto/reports/season/SeasonalExport.h"
+#include "auto/reports/season/SeasonalRow.h"
 
 #include <QTest>
 

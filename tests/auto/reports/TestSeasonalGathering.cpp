@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/reports/SeasonBounds.h"
-#include "auto/reports/SeasonalGathering.h"
+#include "auto/reports/season/SeasonBounds.h"
+#include "auto/reports/season/SeasonalGathering.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/CTblFactors.h"

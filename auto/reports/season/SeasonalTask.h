@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/SeasonalGathering.h"
+#include "auto/reports/season/SeasonalGathering.h"
 
 #include <QObject>
 #include <QThread>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/SeasonalGathering.h"
+#include "auto/reports/season/SeasonalGathering.h"
 #include "suite/utility/lists/KListModel.h"
 
 // The thirty columns of the seasonal report; four titles depend on whether it lists sales or purchases.

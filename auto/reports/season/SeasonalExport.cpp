@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/SeasonalExport.h"
+#include "auto/reports/season/SeasonalExport.h"
 
 #include "auto/platform/ModulePlatform.h"
-#include "auto/reports/SeasonalExportRow.h"
+#include "auto/reports/season/SeasonalExportRow.h"
 #include "suite/accounting/taxfile/CForoush.h"
 #include "suite/accounting/taxfile/CForoush_Detail.h"
 #include "suite/accounting/taxfile/CKharid.h"

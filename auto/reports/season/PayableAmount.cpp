@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/PayableAmount.h"
+#include "auto/reports/season/PayableAmount.h"
 
 #include "suite/db/CTblTemp.h"
-#include "auto/reports/SeasonBounds.h"
+#include "auto/reports/season/SeasonBounds.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/SeasonalRow.h"
+#include "auto/reports/season/SeasonalRow.h"
 
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

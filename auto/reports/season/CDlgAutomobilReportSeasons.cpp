@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/CDlgAutomobilReportSeasons.h"
+#include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 
-#include "auto/reports/CDlgPaymentAmount.h"
-#include "auto/reports/SeasonBounds.h"
-#include "auto/reports/SeasonalColumns.h"
-#include "auto/reports/SeasonalExportDesk.h"
-#include "auto/reports/SeasonalList.h"
+#include "auto/reports/season/CDlgPaymentAmount.h"
+#include "auto/reports/season/SeasonBounds.h"
+#include "auto/reports/season/SeasonalColumns.h"
+#include "auto/reports/season/SeasonalExportDesk.h"
+#include "auto/reports/season/SeasonalList.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/SeasonalList.h"
+#include "auto/reports/season/SeasonalList.h"
 
 #include <QCollator>
 

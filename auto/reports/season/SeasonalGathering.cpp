@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/SeasonalGathering.h"
+#include "auto/reports/season/SeasonalGathering.h"
 
 #include "auto/words/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/reports/SeasonBounds.h"
-#include "auto/reports/SeasonalRules.h"
+#include "auto/reports/season/SeasonBounds.h"
+#include "auto/reports/season/SeasonalRules.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/CTblFactors.h"

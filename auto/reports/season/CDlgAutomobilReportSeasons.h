@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "auto/reports/SeasonalGathering.h"
-#include "auto/reports/SeasonalTask.h"
+#include "auto/reports/season/SeasonalGathering.h"
+#include "auto/reports/season/SeasonalTask.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/SeasonalRow.h"
+#include "auto/reports/season/SeasonalRow.h"
 #include "suite/crm/persons/CompanyDetails.h"
 
 #include <QVector>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/CDlgPaymentAmount.h"
+#include "auto/reports/season/CDlgPaymentAmount.h"
 
-#include "auto/reports/PayableAmount.h"
+#include "auto/reports/season/PayableAmount.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/entries/KEdit.h"
 

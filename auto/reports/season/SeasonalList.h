@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/SeasonalRow.h"
+#include "auto/reports/season/SeasonalRow.h"
 #include "suite/utility/lists/KListModel.h"
 
 // The gathered rows as the list shows them, in an order of their own. A row's key is its number.
