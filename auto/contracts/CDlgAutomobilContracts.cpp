@@ -10,7 +10,7 @@
 #include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/KLookup.h"
-#include "auto/reports/CDlgAutoFullReport.h"
+#include "auto/reports/income/CDlgAutoFullReport.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/KPersonField.h"

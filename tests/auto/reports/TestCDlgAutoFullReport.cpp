@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
-#include "auto/reports/CDlgAutoFullReport.h"
-#include "auto/reports/IncomeChart.h"
+#include "auto/reports/income/CDlgAutoFullReport.h"
+#include "auto/reports/income/IncomeChart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/IncomeAndExpenses.h"
+#include "auto/reports/income/IncomeAndExpenses.h"
 
 #include <QTest>
 

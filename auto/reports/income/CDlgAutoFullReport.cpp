@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/CDlgAutoFullReport.h"
+#include "auto/reports/income/CDlgAutoFullReport.h"
 
-#include "auto/reports/IncomeChart.h"
+#include "auto/reports/income/IncomeChart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"

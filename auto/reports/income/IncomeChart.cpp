@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/IncomeChart.h"
+#include "auto/reports/income/IncomeChart.h"
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/values/Money.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/ComprehensiveReport.h"
+#include "auto/reports/income/ComprehensiveReport.h"
 
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/chart/CTblHesabKol.h"

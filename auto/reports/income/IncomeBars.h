@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/ComprehensiveReport.h"
+#include "auto/reports/income/ComprehensiveReport.h"
 
 #include <QList>
 #include <QString>

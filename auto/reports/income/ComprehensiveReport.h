@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/IncomeAndExpenses.h"
+#include "auto/reports/income/IncomeAndExpenses.h"
 
 #include <QDateTime>
 

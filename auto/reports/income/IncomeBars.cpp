@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/IncomeBars.h"
+#include "auto/reports/income/IncomeBars.h"
 
 #include <algorithm>
 #include <cmath>

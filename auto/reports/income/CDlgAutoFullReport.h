@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/ComprehensiveReport.h"
+#include "auto/reports/income/ComprehensiveReport.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"

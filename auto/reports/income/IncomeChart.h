@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "auto/reports/IncomeBars.h"
+#include "auto/reports/income/IncomeBars.h"
 
 #include <QWidget>
 
