@@ -60,7 +60,8 @@ file(WRITE "${CMAKE_BINARY_DIR}/pch.cpp.new" "// Only its precompiled header is 
 file(COPY_FILE "${CMAKE_BINARY_DIR}/pch.cpp.new" "${CMAKE_BINARY_DIR}/pch.cpp" ONLY_IF_DIFFERENT)
 function(tz_pch name qt)
     add_library(${name} OBJECT "${CMAKE_BINARY_DIR}/pch.cpp")
-    set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+    # Qt's own types are visible in every target, also in the module's objects, which the tests reach.
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF CXX_VISIBILITY_PRESET default)
     target_link_libraries(${name} PRIVATE tz_options ${qt})
     target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
