@@ -107,15 +107,28 @@ function(tz_suite_library name)
     install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
 
-# tz_tests(LINK ... [LABELS ...]): every Test*.cpp of the folder becomes one test program of its own name.
+# tz_tests([SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every Test*.cpp of the folder, or
+# those given, becomes one test program of its own name. All of them share the helpers, the definitions and what has to be
+# built before them. Called again, it takes what the calls before it have left.
 function(tz_tests)
-    cmake_parse_arguments(arg "" "" "LINK;LABELS" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS Test*.cpp)
-    foreach(source IN LISTS sources)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
+    get_property(taken DIRECTORY PROPERTY TZ_TAKEN_TESTS)
+    if(arg_SOURCES)
+        list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+    else()
+        file(GLOB arg_SOURCES CONFIGURE_DEPENDS Test*.cpp)
+        list(REMOVE_ITEM arg_SOURCES ${taken})
+    endif()
+    set_property(DIRECTORY APPEND PROPERTY TZ_TAKEN_TESTS ${arg_SOURCES})
+    foreach(source IN LISTS arg_SOURCES)
         get_filename_component(name "${source}" NAME_WE)
-        add_executable(${name} "${source}")
+        add_executable(${name} "${source}" ${arg_HELPERS})
         set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
         target_link_libraries(${name} PRIVATE tz_options ${arg_LINK} tz_qtest)
+        target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
+        if(arg_DEPENDS)
+            add_dependencies(${name} ${arg_DEPENDS})
+        endif()
         tz_use_pch(${name} TzTestPch)
         add_test(NAME ${name} COMMAND ${name})
         set_tests_properties(${name} PROPERTIES
@@ -125,4 +138,9 @@ function(tz_tests)
             set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED private_server)
         endif()
     endforeach()
+endfunction()
+
+# tz_rule_tests(TestA ...): tests that need no database, whatever their folder needs otherwise.
+function(tz_rule_tests)
+    set_tests_properties(${ARGN} PROPERTIES LABELS rules FIXTURES_REQUIRED "")
 endfunction()
