@@ -7,7 +7,7 @@
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/TabOrder.h"
-#include "tests/auto/db/SampleRecord.h"
+#include "tests/suite/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QApplication>

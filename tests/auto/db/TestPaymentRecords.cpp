@@ -4,7 +4,7 @@
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/db/records/ColumnTable.h"
+#include "tests/auto/db/ColumnTable.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTest>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/auto/db/SampleRecord.h"
+#include "tests/suite/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
 
 #include "suite/db/KLookup.h"

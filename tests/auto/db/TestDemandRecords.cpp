@@ -7,7 +7,7 @@
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/ObservedStatements.h"
-#include "tests/auto/db/records/ColumnTable.h"
+#include "tests/auto/db/ColumnTable.h"
 
 #include <QTest>
 
