@@ -4,7 +4,7 @@
 #include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/suite/accounting/SampleReport.h"
+#include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QHeaderView>

@@ -10,7 +10,7 @@
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"
-#include "tests/suite/accounting/SampleReport.h"
+#include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
 
 #include <QAbstractItemModelTester>

@@ -4,7 +4,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportPainter.h"
-#include "tests/suite/accounting/SampleReport.h"
+#include "tests/suite/accounting/reports/SampleReport.h"
 
 #include <QDir>
 #include <QPainter>
