@@ -6,7 +6,7 @@
 #include "suite/db/CMySQLException.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QFile>

@@ -16,7 +16,7 @@
 #include "suite/utility/lists/KLinesView.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/support/Hand.h"
 
 #include <QComboBox>
 #include <QPushButton>

@@ -14,8 +14,8 @@
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
-#include "tests/suite/crm/Alarms.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/suite/crm/reminders/Alarms.h"
+#include "tests/support/Hand.h"
 
 #include <QAction>
 #include <QHash>

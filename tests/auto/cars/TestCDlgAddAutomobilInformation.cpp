@@ -7,7 +7,7 @@
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/auto/cars/CarEditorOffice.h"
 
 #include <QAbstractButton>

@@ -22,7 +22,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 
 #include <QCheckBox>

@@ -5,7 +5,7 @@
 
 #include "auto/settings/ContractSettings.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 
 #include <QTest>
 

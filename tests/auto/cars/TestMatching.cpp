@@ -10,7 +10,7 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 
 #include <QTest>
 

@@ -12,7 +12,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 
 #include <QHeaderView>

@@ -9,7 +9,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 
 namespace {

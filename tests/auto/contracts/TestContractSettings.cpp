@@ -6,7 +6,7 @@
 #include "suite/accounting/office/LevyRates.h"
 
 #include "suite/accounting/office/SuiteSchema.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTest>

@@ -5,7 +5,7 @@
 
 #include "suite/db/CMySQLException.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 
 #include <QFile>
 #include <QTest>

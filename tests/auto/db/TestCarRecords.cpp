@@ -5,7 +5,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/auto/db/ColumnTable.h"
 
 #include <QTest>

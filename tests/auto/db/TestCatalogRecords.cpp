@@ -6,7 +6,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/auto/db/ColumnTable.h"
 
 #include <QComboBox>

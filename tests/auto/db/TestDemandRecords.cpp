@@ -6,7 +6,7 @@
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "tests/auto/ModuleTables.h"
-#include "tests/auto/ObservedStatements.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/auto/db/ColumnTable.h"
 
 #include <QTest>

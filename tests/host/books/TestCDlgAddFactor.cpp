@@ -11,7 +11,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/support/Hand.h"
 
 #include <QCheckBox>
 #include <QPushButton>

@@ -8,7 +8,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/support/Hand.h"
 
 #include <QPushButton>
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/image/KStaticImage.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/support/Hand.h"
 #include "tests/suite/image/PictureFiles.h"
 
 #include <QAccessible>

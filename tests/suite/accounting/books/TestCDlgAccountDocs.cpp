@@ -13,7 +13,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/support/Hand.h"
 
 #include <QLabel>
 #include <QPushButton>

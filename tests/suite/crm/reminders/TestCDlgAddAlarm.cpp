@@ -9,8 +9,8 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KTimeEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "tests/suite/crm/Alarms.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/suite/crm/reminders/Alarms.h"
+#include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QCheckBox>

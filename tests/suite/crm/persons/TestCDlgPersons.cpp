@@ -6,7 +6,7 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QAbstractItemModelTester>

@@ -5,8 +5,8 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/RecordKinds.h"
-#include "tests/auto/ObservedStatements.h"
-#include "tests/suite/crm/Alarms.h"
+#include "tests/support/ObservedStatements.h"
+#include "tests/suite/crm/reminders/Alarms.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QTest>

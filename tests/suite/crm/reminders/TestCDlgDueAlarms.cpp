@@ -5,8 +5,8 @@
 
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/suite/crm/Alarms.h"
-#include "tests/suite/crm/Hand.h"
+#include "tests/suite/crm/reminders/Alarms.h"
+#include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
 
 #include <QComboBox>
