@@ -8,7 +8,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/support/ObservedStatements.h"
-#include "tests/auto/cars/CarEditorOffice.h"
+#include "tests/auto/cars/register/editor/CarEditorOffice.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

@@ -10,7 +10,7 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "tests/auto/cars/CarEditorOffice.h"
+#include "tests/auto/cars/register/editor/CarEditorOffice.h"
 
 #include <QBuffer>
 #include <QSignalSpy>

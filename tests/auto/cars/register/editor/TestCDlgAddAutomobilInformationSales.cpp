@@ -7,7 +7,7 @@
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/auto/cars/CarEditorOffice.h"
+#include "tests/auto/cars/register/editor/CarEditorOffice.h"
 
 namespace {
 
