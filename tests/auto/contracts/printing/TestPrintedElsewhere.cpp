@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/printing/ContractPrinting.h"
-#include "tests/auto/contracts/DocxParts.h"
-#include "tests/auto/contracts/PrintedContracts.h"
+#include "tests/auto/contracts/printing/DocxParts.h"
+#include "tests/auto/contracts/printing/PrintedContracts.h"
 
 #include <QFileInfo>
 #include <QProcess>

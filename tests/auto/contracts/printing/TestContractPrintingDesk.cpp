@@ -6,7 +6,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/auto/contracts/PrintedContracts.h"
+#include "tests/auto/contracts/printing/PrintedContracts.h"
 
 #include <QDesktopServices>
 #include <QDir>

@@ -6,8 +6,8 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"
-#include "tests/auto/contracts/DocxParts.h"
-#include "tests/auto/contracts/PrintedContracts.h"
+#include "tests/auto/contracts/printing/DocxParts.h"
+#include "tests/auto/contracts/printing/PrintedContracts.h"
 #include "tests/support/OrdinaryRights.h"
 
 #include <QDirIterator>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/auto/contracts/DocxParts.h"
+#include "tests/auto/contracts/printing/DocxParts.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
