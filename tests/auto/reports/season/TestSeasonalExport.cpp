@@ -3,7 +3,7 @@
 
 #include "auto/reports/season/SeasonalExport.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "tests/auto/reports/ExportedSeason.h"
+#include "tests/auto/reports/season/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
 #include "tests/support/OrdinaryRights.h"
 

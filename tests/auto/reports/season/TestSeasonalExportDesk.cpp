@@ -3,7 +3,7 @@
 
 #include "auto/reports/season/SeasonalExportDesk.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "tests/auto/reports/ExportedSeason.h"
+#include "tests/auto/reports/season/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
 
 #include <QDesktopServices>
