@@ -5,6 +5,7 @@
 
 #include "suite/db/KMySQL.h"
 #include "suite/utility/entries/ComboWidth.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KTextArea.h"
@@ -44,12 +45,6 @@ int textLimit(const KFormField &field, KMySQL &record)
     if (field.maxLength > 0 && columnLength > 0)
         return qMin(field.maxLength, columnLength);
     return field.maxLength > 0 ? field.maxLength : columnLength;
-}
-
-// A label in Latin letters would be read from left to right, with its colon on the wrong side, away from the control.
-QString readFromTheRight(const QString &label)
-{
-    return label.isRightToLeft() ? label : QChar(0x200F) + label;
 }
 
 // Of a text that is longer than its line the beginning is in sight.
@@ -98,15 +93,6 @@ KTextArea *makeLongText(int limit, QWidget *page)
     return area;
 }
 
-// An editable drop-down hands the focus to its own entry line, so a screen reader says that one's name.
-void nameControl(QWidget *control, const QString &name)
-{
-    control->setAccessibleName(name);
-    const auto *combo = qobject_cast<QComboBox *>(control);
-    if (combo && combo->isEditable())
-        combo->lineEdit()->setAccessibleName(name);
-}
-
 }
 
 KForm::KForm(QList<KFormField> fields, KMySQL &record, QWidget *page)
@@ -128,11 +114,10 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
     item.readOnly = field.readOnly;
     item.control = makeControl(field, record, page);
     item.control->setObjectName(field.column);
-    nameControl(item.control, field.accessibleName.isEmpty() ? field.label : field.accessibleName);
-    if (field.kind != KFormField::Kind::Flag) {
-        item.label = new QLabel(readFromTheRight(field.label), page);
-        item.label->setBuddy(item.control);
-    }
+    if (field.kind == KFormField::Kind::Flag)
+        nameControl(item.control, field.accessibleName.isEmpty() ? field.label : field.accessibleName);
+    else
+        item.label = labelFor(field.label, item.control, field.accessibleName);
     if (field.inWords)
         addWords(item, page);
     if (field.hasButton)
@@ -357,7 +342,7 @@ void KForm::setLabel(const QString &column, const QString &label)
 {
     const Item &changed = item(column);
     const QString shown = label.isEmpty() ? changed.field.label : label;
-    changed.label->setText(readFromTheRight(shown));
+    changed.label->setText(labelText(shown));
     nameControl(changed.control,
                 label.isEmpty() && !changed.field.accessibleName.isEmpty() ? changed.field.accessibleName : shown);
 }
