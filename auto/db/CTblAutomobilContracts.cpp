@@ -62,7 +62,9 @@ void CTblAutomobilContracts::DoFieldExchange()
     RFX_Long(u"iID", m_iID, {});
     RFX_Long(u"iCode", m_iCode, u"کد");
     RFX_Long(u"iPersonFirstID", m_iPersonFirstID, {});
+    namesFrom(u"iPersonFirstID", u"Persons", u"iID", u"sName2");
     RFX_Long(u"iPersonSecondID", m_iPersonSecondID, {});
+    namesFrom(u"iPersonSecondID", u"Persons", u"iID", u"sName2");
     RFX_Text(u"sSerial", m_sSerial, u"سريال");
     RFX_Date(u"dateContract", m_dateContract, u"تاريخ قرارداد");
     RFX_Text(u"sTrackingCode", m_sTrackingCode, u"کد رهگيري");
@@ -175,6 +177,7 @@ void CTblAutomobilContracts::DoFieldExchange()
     RFX_Text(u"sSampleDescTwo", m_sSampleDescTwo, u"توضيحات نمونه 2");
     RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     RFX_Long(u"iArchiveUserID", m_iArchiveUserID, u"بايگاني");
+    namesFrom(u"iArchiveUserID", u"Users", u"iID", u"sUser");
     RFX_Date(u"dateArchive", m_dateArchive, u"تاريخ بايگاني");
     RFX_Text(u"sNumOfMonths", m_sNumOfMonths, u"تعداد ماه");
     RFX_Text(u"sNumOfInstallment", m_sNumOfInstallment, u"تعداد اقساط");

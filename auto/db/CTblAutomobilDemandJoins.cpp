@@ -26,12 +26,15 @@ void CTblAutomobilDemandJoins::DoFieldExchange()
     RFX_Long(u"ad.iID", m_iID, {});
     RFX_Long(u"ad.iCode", m_iCode, {});
     RFX_Long(u"ad.iPersonID", m_iPersonID, {});
+    namesFrom(u"ad.iPersonID", u"Persons", u"iID", u"sName2");
     RFX_Date(u"ad.dateCreate", m_dateCreate, u"تاريخ ايجاد");
     RFX_Text(u"ad.sAcquaintances", m_sAcquaintances, u"نحوه آشنايي");
     RFX_Long(u"ad.iAutomobilType", m_iAutomobilType, u"نوع خودرو");
+    namesFrom(u"ad.iAutomobilType", u"CarBrands", u"iID", u"sName");
     RFX_Long(u"ad.iModelFrom", m_iModelFrom, u"مدل از");
     RFX_Long(u"ad.iModelUpTo", m_iModelUpTo, u" تا مدل");
     RFX_Long(u"ad.iColor", m_iColor, u"رنگ");
+    namesFrom(u"ad.iColor", u"Items", u"iID", u"sName");
     RFX_Double(u"ad.dAmountFrom", m_dAmountFrom, u"مبلغ از");
     RFX_Double(u"ad.dAmountUpTo", m_dAmountUpTo, u" تا مبلغ");
     RFX_Text(u"ad.sDesc", m_sDesc, u"توضيحات");
@@ -42,5 +45,6 @@ void CTblAutomobilDemandJoins::DoFieldExchange()
     RFX_Long(u"ad.iStatus", m_iStatus, {});
     RFX_Long(u"ad.iUserID", m_iUserID, u"کاربر");
     RFX_Long(u"ad.iArchiveUserID", m_iArchiveUserID, u"بايگاني");
+    namesFrom(u"ad.iArchiveUserID", u"Users", u"iID", u"sUser");
     RFX_Date(u"ad.dateArchive", m_dateArchive, u"تاريخ بايگاني");
 }

@@ -75,12 +75,15 @@ void CTblAutomobilDemands::DoFieldExchange()
     RFX_Long(u"iID", m_iID, {});
     RFX_Long(u"iCode", m_iCode, {});
     RFX_Long(u"iPersonID", m_iPersonID, {});
+    namesFrom(u"iPersonID", u"Persons", u"iID", u"sName2");
     RFX_Date(u"dateCreate", m_dateCreate, u"تاریخ ایجاد");
     RFX_Text(u"sAcquaintances", m_sAcquaintances, u"نحوه آشنایی");
     RFX_Long(u"iAutomobilType", m_iAutomobilType, u"نوع خودرو");
+    namesFrom(u"iAutomobilType", u"CarBrands", u"iID", u"sName");
     RFX_Long(u"iModelFrom", m_iModelFrom, u"مدل از");
     RFX_Long(u"iModelUpTo", m_iModelUpTo, u" تا مدل");
     RFX_Long(u"iColor", m_iColor, u"رنگ");
+    namesFrom(u"iColor", u"Items", u"iID", u"sName");
     RFX_Double(u"dAmountFrom", m_dAmountFrom, u"مبلغ از");
     RFX_Double(u"dAmountUpTo", m_dAmountUpTo, u" تا مبلغ");
     RFX_Text(u"sDesc", m_sDesc, u"توضیحات");
@@ -90,6 +93,7 @@ void CTblAutomobilDemands::DoFieldExchange()
     RFX_Date(u"dateMaxTimeNeed", m_dateMaxTimeNeed, u"تاریخ حداکثر زمان نیاز");
     RFX_Long(u"iStatus", m_iStatus, {});
     RFX_Long(u"iArchiveUserID", m_iArchiveUserID, u"بایگانی");
+    namesFrom(u"iArchiveUserID", u"Users", u"iID", u"sUser");
     RFX_Date(u"dateArchive", m_dateArchive, u"تاریخ بایگانی");
     RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     RFX_Long(u"iAlarmID", m_iAlarmID, u"یادآوری");

@@ -3,14 +3,24 @@
 
 #include "suite/db/KLookup.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/KMySQL.h"
 
 #include <mysql.h>
 
 #include <algorithm>
 
-QHash<int, QString> KLookup::names(const QString &table, const QString &keyColumn, const QString &displayColumn,
-                                   const QList<int> &keys, int database)
+namespace {
+
+KLookup::Source sourceOf(KMySQL &record, QStringView column)
+{
+    const KLookup::Source source = record.nameSource(column);
+    Q_ASSERT_X(!source.table.isEmpty(), "KLookup", "no names behind this column");
+    return source;
+}
+
+}
+
+QHash<int, QString> KLookup::names(const Source &source, const QList<int> &keys, int database)
 {
     QList<int> wanted = keys;
     std::sort(wanted.begin(), wanted.end());
@@ -20,8 +30,9 @@ QHash<int, QString> KLookup::names(const QString &table, const QString &keyColum
     if (wanted.isEmpty())
         return found;
 
-    QByteArray statement = "SELECT " + keyColumn.toUtf8() + ',' + displayColumn.toUtf8() + " FROM " + table.toUtf8()
-        + " WHERE " + keyColumn.toUtf8() + " IN (";
+    const QByteArray keyColumn = source.key.toUtf8();
+    QByteArray statement = "SELECT " + keyColumn + ',' + source.display.toUtf8() + " FROM " + source.table.toUtf8() + " WHERE "
+        + keyColumn + " IN (";
     for (int key : std::as_const(wanted))
         statement += QByteArray::number(key) + ',';
     statement.back() = ')';
@@ -33,7 +44,22 @@ QHash<int, QString> KLookup::names(const QString &table, const QString &keyColum
     return found;
 }
 
-QString KLookup::name(const QString &table, const QString &keyColumn, const QString &displayColumn, int key, int database)
+QString KLookup::name(const Source &source, int key, int database)
 {
-    return names(table, keyColumn, displayColumn, {key}, database).value(key);
+    return names(source, {key}, database).value(key);
+}
+
+QHash<int, QString> KLookup::names(KMySQL &record, QStringView column, const QList<int> &keys)
+{
+    return names(sourceOf(record, column), keys, record.database());
+}
+
+QString KLookup::name(KMySQL &record, QStringView column, int key)
+{
+    return name(sourceOf(record, column), key, record.database());
+}
+
+QString KLookup::name(KMySQL &record, QStringView column)
+{
+    return name(record, column, record.value(column).toInt());
 }

@@ -329,6 +329,11 @@ void KMySQL::bind(QStringView column, ColumnKind kind, void *member, QStringView
                          lookupKey.toString(), lookupDisplay.toString()});
 }
 
+void KMySQL::namesFrom(QStringView column, QStringView table, QStringView key, QStringView display)
+{
+    m_nameSources.emplace_back(column.toString(), KLookup::Source{table.toString(), key.toString(), display.toString()});
+}
+
 void KMySQL::ensureBound()
 {
     if (m_columns.empty())
@@ -688,6 +693,18 @@ const KMySQL::Column *KMySQL::column(QStringView name)
             return &column;
     }
     return nullptr;
+}
+
+KLookup::Source KMySQL::nameSource(QStringView name)
+{
+    const Column *bound = column(name);
+    if (bound && !bound->lookupTable.isEmpty())
+        return {bound->lookupTable, bound->lookupKey, bound->lookupDisplay};
+    for (const auto &[column, source] : m_nameSources) {
+        if (column == name)
+            return source;
+    }
+    return {};
 }
 
 QVariant KMySQL::value(QStringView name)

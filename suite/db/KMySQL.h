@@ -6,6 +6,7 @@
 #include "suite/db/CMySQLException.h"
 #include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
+#include "suite/db/KLookup.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -99,6 +100,10 @@ protected:
     // What stands after FROM; a derived class that reads a joined view overrides it.
     virtual QString fromClause() const;
 
+    // Where the names behind a column's keys stand, for a column whose binding offers no lookup: KLookup finds them by it,
+    // while forms, captions and statements stay as without it. In DoFieldExchange, beside the binding of the column.
+    void namesFrom(QStringView column, QStringView table, QStringView key, QStringView display);
+
     // Throws NoCurrentRow unless the members hold a row of the table; for operations of derived classes.
     void requireRow(const char *operation) const;
 
@@ -140,6 +145,9 @@ public:
     void SetColumns(const QStringList &columns);
     const std::vector<Column> &columns();
     const Column *column(QStringView name);
+    // Where the names behind a column's keys stand: the lookup of its binding, else what namesFrom says; its parts are empty
+    // when neither does.
+    KLookup::Source nameSource(QStringView column);
     // A column's member by name, for forms and tables; an unknown name is an error of the program and asserts.
     QVariant value(QStringView column);
     void setValue(QStringView column, const QVariant &value);
@@ -177,6 +185,7 @@ private:
 
     int m_database;
     std::vector<Column> m_columns;
+    std::vector<std::pair<QString, KLookup::Source>> m_nameSources; // what namesFrom said, by column
     std::vector<int> m_selected; // positions in m_columns, in the order of the result
     QStringList m_subset;
     KConnection::Result m_rows; // rows of Open and Requery

@@ -45,6 +45,8 @@ protected:
         RFX_Date(u"date", m_date, u"تاريخ");
         RFX_Double(u"dAmount", m_dAmount, u"مبلغ");
         RFX_Bool(u"bFlag", m_bFlag, u"پرچم");
+        // So that a key of this very table can stand in it.
+        namesFrom(u"bFlag", u"Samples", u"iID", u"sName");
         RFX_LongBlob(u"oPicture", m_oPicture, u"");
         RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     }

@@ -646,6 +646,29 @@ private Q_SLOTS:
         QVERIFY(observed([] { KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {0}); }).isEmpty());
     }
 
+    void namesBehindAColumnComeFromItsDeclaration()
+    {
+        const int a = addSample(QStringLiteral("a"));
+        SampleRecord record;
+        QCOMPARE(record.nameSource(u"iUserID").table, QStringLiteral("Users"));
+        QCOMPARE(record.nameSource(u"iUserID").display, QStringLiteral("sUser"));
+        QVERIFY(record.nameSource(u"sName").table.isEmpty());
+        QVERIFY(record.nameSource(u"unknown").table.isEmpty());
+        // Said beside the binding, which itself offers no lookup.
+        QVERIFY(record.column(u"bFlag")->lookupTable.isEmpty());
+        const QStringList statements = observed([&] {
+            QCOMPARE(KLookup::names(record, u"bFlag", {a, 0, 999}), (QHash<int, QString>{{a, QStringLiteral("a")}}));
+            QCOMPARE(KLookup::names<SampleRecord>(u"bFlag", {a}), (QHash<int, QString>{{a, QStringLiteral("a")}}));
+            QCOMPARE(KLookup::name(record, u"bFlag", a), QStringLiteral("a"));
+            QCOMPARE(KLookup::name<SampleRecord>(u"bFlag", 999), QString());
+            QCOMPARE(KLookup::name(record, u"bFlag"), QString());
+            record.m_bFlag = a;
+            QCOMPARE(KLookup::name(record, u"bFlag"), QStringLiteral("a"));
+        });
+        const QString one = QStringLiteral("SELECT iID,sName FROM Samples WHERE iID IN (%1)");
+        QCOMPARE(statements, (QStringList{one.arg(QStringLiteral("%1,999").arg(a)), one.arg(a), one.arg(a), one.arg(999), one.arg(a)}));
+    }
+
     void valueOutOfItsColumnsRangeIsRefusedWithTheCaption_data()
     {
         QTest::addColumn<QString>("column");
