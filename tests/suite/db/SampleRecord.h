@@ -12,6 +12,8 @@
 class SampleRecord : public KMySQL, public KLiveCount<SampleRecord>
 {
 public:
+    using KMySQL::KMySQL;
+
     qint32 m_iID = 0;
     QString m_sName;
     QString m_sNote;
