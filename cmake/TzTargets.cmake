@@ -87,16 +87,27 @@ function(tz_link_all name)
     endif()
 endfunction()
 
-# tz_suite_library(NAME [PCH PCH] SOURCES... LINK ...): a shared library of the suite. Its sources are all files of the folder
-# and those below it unless they are given, so that a new class needs no line here.
+# tz_sources(VARIABLE ROOM...): all sources of these folders and of those below them, so that a new class needs no line.
+function(tz_sources variable)
+    set(patterns ${ARGN})
+    list(TRANSFORM patterns APPEND "/*.cpp")
+    set(headers ${ARGN})
+    list(TRANSFORM headers APPEND "/*.h")
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${patterns} ${headers})
+    set(${variable} "${found}" PARENT_SCOPE)
+endfunction()
+
+# tz_suite_library(NAME [PCH PCH] [ROOMS ROOM...] LINK ...): a shared library of the suite. Its sources are those of its rooms,
+# without any those of its folder.
 function(tz_suite_library name)
-    cmake_parse_arguments(arg "" "PCH" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(arg "" "PCH" "ROOMS;LINK" ${ARGN})
     if(NOT arg_PCH)
         set(arg_PCH TzWindowsPch)
     endif()
-    if(NOT arg_SOURCES)
-        file(GLOB_RECURSE arg_SOURCES CONFIGURE_DEPENDS *.cpp *.h *.qrc)
+    if(NOT arg_ROOMS)
+        set(arg_ROOMS ".")
     endif()
+    tz_sources(arg_SOURCES ${arg_ROOMS})
     add_library(${name} SHARED ${arg_SOURCES})
     set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
     string(TOUPPER ${name} upper)

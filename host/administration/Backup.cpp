@@ -6,7 +6,7 @@
 #include "host/frame/StartupClock.h"
 #include "host/server/DatabaseDump.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/utility/values/KProcess.h"
+#include "suite/utility/frame/KProcess.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -4,7 +4,7 @@
 #include "auto/contracts/printing/ContractPrintingDesk.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/utility/values/KProcess.h"
+#include "suite/utility/frame/KProcess.h"
 
 #include <QFileDialog>
 #include <QStandardPaths>

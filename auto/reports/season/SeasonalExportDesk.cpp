@@ -6,7 +6,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/frame/FolderChoice.h"
-#include "suite/utility/values/KProcess.h"
+#include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"
 
 namespace {

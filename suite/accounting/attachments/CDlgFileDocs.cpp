@@ -11,7 +11,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/KProcess.h"
+#include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,14 +3,14 @@
 
 #pragma once
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/documents/TzDocumentsExport.h"
 
 #include <QString>
 #include <QStringList>
 
 // The merge fields of an open document by name, as they stood when KMSWord::GetFields was asked: body first, then headers,
 // footers and notes, each in reading order. A name that stands several times is listed as often.
-class TZUTILITY_EXPORT Fields
+class TZDOCUMENTS_EXPORT Fields
 {
 public:
     Fields() = default;

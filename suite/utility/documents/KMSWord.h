@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/utility/documents/Fields.h"
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/documents/TzDocumentsExport.h"
 
 #include <QString>
 #include <QStringList>
@@ -24,7 +24,7 @@
 //     const QString saved = word.FullName();
 //     word.Close();
 //     word.Quit();
-class TZUTILITY_EXPORT KMSWord
+class TZDOCUMENTS_EXPORT KMSWord
 {
 public:
     KMSWord();

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/values/TzValuesExport.h"
 
 #include <QString>
 
@@ -16,8 +16,8 @@ inline constexpr QChar mark = QChar(0x200E);
 // The code with a mark behind each run of letters that run from the right, and one in front, as a line goes by its first
 // letter; between words of one run stands none. The caret, if given, goes from its place in the code to its place in what
 // is shown.
-TZUTILITY_EXPORT QString shown(const QString &code, qsizetype *caret = nullptr);
+TZVALUES_EXPORT QString shown(const QString &code, qsizetype *caret = nullptr);
 // The code without marks.
-TZUTILITY_EXPORT QString plain(const QString &shown);
+TZVALUES_EXPORT QString plain(const QString &shown);
 
 }

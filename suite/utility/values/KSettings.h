@@ -6,21 +6,21 @@
 #include <QByteArray>
 #include <QString>
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/values/TzValuesExport.h"
 
 // Settings of one user on one machine, kept in an INI file. Sections and keys may hold backslashes, which part levels
 // as in a path ("AutomobilContracts\\List"). What is written can be read at once, by every part of the program.
 
 // Where the settings are kept from now on; without a call, in the user's configuration folder. An empty path goes back
 // to that folder.
-TZUTILITY_EXPORT void setSettingsFile(const QString &iniPath);
-TZUTILITY_EXPORT QString settingsFile();
+TZVALUES_EXPORT void setSettingsFile(const QString &iniPath);
+TZVALUES_EXPORT QString settingsFile();
 
 // The default comes back when nothing is stored, or what is stored is not of the asked kind.
-TZUTILITY_EXPORT QString ReadSetting(const QString &section, const QString &key, const QString &defaultValue);
-TZUTILITY_EXPORT int ReadSetting(const QString &section, const QString &key, int defaultValue);
-TZUTILITY_EXPORT QByteArray ReadSetting(const QString &section, const QString &key, const QByteArray &defaultValue);
+TZVALUES_EXPORT QString ReadSetting(const QString &section, const QString &key, const QString &defaultValue);
+TZVALUES_EXPORT int ReadSetting(const QString &section, const QString &key, int defaultValue);
+TZVALUES_EXPORT QByteArray ReadSetting(const QString &section, const QString &key, const QByteArray &defaultValue);
 
-TZUTILITY_EXPORT void WriteSetting(const QString &section, const QString &key, const QString &value);
-TZUTILITY_EXPORT void WriteSetting(const QString &section, const QString &key, int value);
-TZUTILITY_EXPORT void WriteSetting(const QString &section, const QString &key, const QByteArray &value);
+TZVALUES_EXPORT void WriteSetting(const QString &section, const QString &key, const QString &value);
+TZVALUES_EXPORT void WriteSetting(const QString &section, const QString &key, int value);
+TZVALUES_EXPORT void WriteSetting(const QString &section, const QString &key, const QByteArray &value);

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringView>
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/values/TzValuesExport.h"
 
 // Amounts are doubles in the office's money unit.
 
@@ -14,30 +14,30 @@
 inline constexpr double largestMoney = 999999999999999.0;
 
 // Equal to within less than 0.0001.
-TZUTILITY_EXPORT bool IsEquals(double first, double second);
+TZVALUES_EXPORT bool IsEquals(double first, double second);
 
 // Decimals that the office's money unit is shown with, 0 (at start) to 4. Values outside are brought to the nearest
 // bound.
-TZUTILITY_EXPORT int defaultMoneyDecimals();
-TZUTILITY_EXPORT void setDefaultMoneyDecimals(int decimals);
+TZVALUES_EXPORT int defaultMoneyDecimals();
+TZVALUES_EXPORT void setDefaultMoneyDecimals(int decimals);
 
 // To that many decimals, 0 to 4; halves go away from zero, those too that a product of two numbers misses by a hair.
-TZUTILITY_EXPORT double roundToDecimals(double value, int decimals);
+TZVALUES_EXPORT double roundToDecimals(double value, int decimals);
 
 // "-1,250,000" or "1,250.50": grouped by three, ASCII digits, always that many decimals, rounded half away from zero.
 // Empty for a value that is no number.
-TZUTILITY_EXPORT QString DToMoney(double amount, int decimals = defaultMoneyDecimals());
+TZVALUES_EXPORT QString DToMoney(double amount, int decimals = defaultMoneyDecimals());
 
 // Reads an amount as people type it: Persian, Arabic or ASCII digits; groups parted by , ، ٬ ' or blanks; decimals
 // after . / or ٫; a sign in front. False, with *amount untouched, for an empty text and for anything else.
-[[nodiscard]] TZUTILITY_EXPORT bool parseMoney(QStringView text, double *amount);
+[[nodiscard]] TZVALUES_EXPORT bool parseMoney(QStringView text, double *amount);
 
-TZUTILITY_EXPORT QString LToStr(qint64 value);
-TZUTILITY_EXPORT QString IToStr(int value);
+TZVALUES_EXPORT QString LToStr(qint64 value);
+TZVALUES_EXPORT QString IToStr(int value);
 
 // The shortest plain form with at most four decimals: "9", "4.5", "-0.25"; never with an exponent.
-TZUTILITY_EXPORT QString DToStr(double value);
+TZVALUES_EXPORT QString DToStr(double value);
 
 // The amount in Persian words, rounded to the decimals of the office's money unit; empty for a value that is no number
 // or too large to be exact.
-TZUTILITY_EXPORT QString amountInWords(double amount);
+TZVALUES_EXPORT QString amountInWords(double amount);

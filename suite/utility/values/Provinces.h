@@ -6,18 +6,18 @@
 #include <QString>
 #include <QStringList>
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/values/TzValuesExport.h"
 
 // The provinces of Iran and their main cities, as lists to choose from. A place that is not among them may still be typed
 // where they are offered.
 namespace Provinces {
 
 // By the alphabet.
-TZUTILITY_EXPORT QStringList names();
+TZVALUES_EXPORT QStringList names();
 // The province's capital first. A name is found however its letters were typed (Arabic or Persian yeh and kaf); empty for
 // one that is no province.
-TZUTILITY_EXPORT QStringList cities(const QString &province);
+TZVALUES_EXPORT QStringList cities(const QString &province);
 // Whether the city is one of any province's.
-TZUTILITY_EXPORT bool isCity(const QString &city);
+TZVALUES_EXPORT bool isCity(const QString &city);
 
 }

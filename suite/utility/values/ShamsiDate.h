@@ -8,7 +8,7 @@
 #include <QString>
 #include <QStringView>
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/values/TzValuesExport.h"
 
 // A day of the Iranian solar calendar. All zero means no date.
 struct ShamsiDate
@@ -27,38 +27,38 @@ inline constexpr int firstShamsiYear = 1206;
 inline constexpr int lastShamsiYear = 1498;
 
 // No date for an invalid day or one outside the years above.
-TZUTILITY_EXPORT ShamsiDate GetShamsi(const QDate &date);
+TZVALUES_EXPORT ShamsiDate GetShamsi(const QDate &date);
 
 // The year of this computer's date.
-TZUTILITY_EXPORT int GetShamsiYearOfToday();
+TZVALUES_EXPORT int GetShamsiYearOfToday();
 
 // Invalid when the calendar has no such day (30 Esfand of an ordinary year, month 13).
-TZUTILITY_EXPORT QDate ConvertToMiladi(int year, int month, int day);
+TZVALUES_EXPORT QDate ConvertToMiladi(int year, int month, int day);
 
-TZUTILITY_EXPORT bool IsShamsiLeapYear(int year);
+TZVALUES_EXPORT bool IsShamsiLeapYear(int year);
 
 // 0 when the year or the month does not exist.
-TZUTILITY_EXPORT int shamsiDaysInMonth(int year, int month);
+TZVALUES_EXPORT int shamsiDaysInMonth(int year, int month);
 
 // The same day of the month that many months later or earlier, or that month's last day when it is shorter.
 // Invalid when that leaves the calendar's years.
-TZUTILITY_EXPORT QDate addShamsiMonths(const QDate &date, int months);
+TZVALUES_EXPORT QDate addShamsiMonths(const QDate &date, int months);
 
 // "1405/08/29" in ASCII digits; empty for no date.
-TZUTILITY_EXPORT QString shamsiText(const QDate &date);
+TZVALUES_EXPORT QString shamsiText(const QDate &date);
 
 // Reads 1405/08/29, 1405/8/29, 14050829, also with - or . between the parts, in Persian, Arabic or ASCII digits, with
 // blanks around. Anything else, and a day that does not exist, gives an invalid date.
-TZUTILITY_EXPORT QDate parseShamsi(QStringView text);
+TZVALUES_EXPORT QDate parseShamsi(QStringView text);
 
 // Month 1 to 12; empty otherwise.
-TZUTILITY_EXPORT QString shamsiMonthName(int month);
+TZVALUES_EXPORT QString shamsiMonthName(int month);
 
 // 0 (Saturday) to 6 (Friday), the order of an Iranian week; -1 for no date.
-TZUTILITY_EXPORT int shamsiDayOfWeek(const QDate &date);
+TZVALUES_EXPORT int shamsiDayOfWeek(const QDate &date);
 
 // Day 0 (Saturday) to 6 (Friday); empty otherwise.
-TZUTILITY_EXPORT QString shamsiDayName(int dayOfWeek);
+TZVALUES_EXPORT QString shamsiDayName(int dayOfWeek);
 
 // The day as a literal of a statement, quotes included: '2026-11-20'. NULL (without quotes) for no date.
-TZUTILITY_EXPORT QString DateToSQL(const QDateTime &dateTime);
+TZVALUES_EXPORT QString DateToSQL(const QDateTime &dateTime);

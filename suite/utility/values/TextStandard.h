@@ -6,17 +6,17 @@
 #include <QString>
 #include <QStringView>
 
-#include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/values/TzValuesExport.h"
 
 // The one form that names and texts are kept in: Arabic yeh and kaf become Persian, Persian and Arabic digits become
 // ASCII, kashida and direction marks go, runs of blanks become one, blanks at the ends go, and a zero-width non-joiner
 // stays only between two letters.
-TZUTILITY_EXPORT QString ConvertToStandard(const QString &text);
+TZVALUES_EXPORT QString ConvertToStandard(const QString &text);
 
 // A key under which two spellings of one name meet: the standard form without blanks, zero-width non-joiners and vowel
 // signs, with the forms of alef, heh and hamza folded and Latin letters in lower case. For comparing only, never
 // stored.
-TZUTILITY_EXPORT QString searchKey(const QString &text);
+TZVALUES_EXPORT QString searchKey(const QString &text);
 
 // Persian and Arabic digits become ASCII; nothing else changes, the length included.
-TZUTILITY_EXPORT QString toAsciiDigits(const QString &text);
+TZVALUES_EXPORT QString toAsciiDigits(const QString &text);

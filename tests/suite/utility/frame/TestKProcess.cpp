@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/utility/values/KProcess.h"
+#include "suite/utility/frame/KProcess.h"
 
 #include <QDesktopServices>
 #include <QDir>
