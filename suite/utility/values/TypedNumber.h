@@ -3,9 +3,11 @@
 
 #pragma once
 
+#include "suite/utility/values/TzValuesExport.h"
+
 #include <QString>
 
-// Shaping of a number while it is typed. Inside the library only.
+// Shaping of a number while it is typed.
 
 struct TypedNumber
 {
@@ -22,7 +24,7 @@ struct TypingRules
 
 // What of a text can belong to a number: digits of any script, one decimal point (. / or ٫), a sign in front. Group
 // separators, letters and blanks go, and decimals beyond the allowed ones. Two points or more part groups.
-TypedNumber readTyped(const QString &text, int caret, const TypingRules &rules);
+TZVALUES_EXPORT TypedNumber readTyped(const QString &text, int caret, const TypingRules &rules);
 
 // The text to show, grouped by three when asked; moves the caret to where it belongs in it.
-QString groupTyped(TypedNumber &number, bool grouped);
+TZVALUES_EXPORT QString groupTyped(TypedNumber &number, bool grouped);
