@@ -118,11 +118,11 @@ function(tz_suite_library name)
     install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
 
-# tz_tests([SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every Test*.cpp of the folder, or
-# those given, becomes one test program of its own name. All of them share the helpers, the definitions and what has to be
-# built before them. Called again, it takes what the calls before it have left.
+# tz_tests([NAME name] [SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every Test*.cpp of the
+# folder, or those given, go into one test program of the folder; ctest starts it once for each test class, which has the name
+# of its file. LABELS are those of each test. Called again, with a name, it takes what the calls before it have left.
 function(tz_tests)
-    cmake_parse_arguments(arg "" "" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
+    cmake_parse_arguments(arg "" "NAME" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
     get_property(taken DIRECTORY PROPERTY TZ_TAKEN_TESTS)
     if(arg_SOURCES)
         list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
@@ -131,24 +131,35 @@ function(tz_tests)
         list(REMOVE_ITEM arg_SOURCES ${taken})
     endif()
     set_property(DIRECTORY APPEND PROPERTY TZ_TAKEN_TESTS ${arg_SOURCES})
+
+    file(RELATIVE_PATH program "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+    string(REPLACE "/" "_" program "${program}")
+    if(arg_NAME)
+        string(APPEND program "_${arg_NAME}")
+    endif()
+    add_executable(${program} ${arg_SOURCES} ${arg_HELPERS})
+    set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+    target_link_libraries(${program} PRIVATE tz_options TzTestMain ${arg_LINK} tz_qtest)
+    target_compile_definitions(${program} PRIVATE ${arg_DEFINITIONS})
+    if(arg_DEPENDS)
+        add_dependencies(${program} ${arg_DEPENDS})
+    endif()
+    tz_use_pch(${program} TzTestPch)
+
+    set(names "")
     foreach(source IN LISTS arg_SOURCES)
         get_filename_component(name "${source}" NAME_WE)
-        add_executable(${name} "${source}" ${arg_HELPERS})
-        set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
-        target_link_libraries(${name} PRIVATE tz_options ${arg_LINK} tz_qtest)
-        target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
-        if(arg_DEPENDS)
-            add_dependencies(${name} ${arg_DEPENDS})
-        endif()
-        tz_use_pch(${name} TzTestPch)
-        add_test(NAME ${name} COMMAND ${name})
-        set_tests_properties(${name} PROPERTIES
-            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QT_LOGGING_RULES=qt.qpa.*=false"
-            TIMEOUT 300 LABELS "${arg_LABELS}")
-        if("data" IN_LIST arg_LABELS)
-            set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED private_server)
-        endif()
+        list(APPEND names ${name})
+        add_custom_target(${name} DEPENDS ${program})
+        add_test(NAME ${name} COMMAND ${program} ${name})
     endforeach()
+    add_custom_command(TARGET ${program} POST_BUILD COMMAND ${program} --holds ${names} VERBATIM)
+    set_tests_properties(${names} PROPERTIES
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;QT_LOGGING_RULES=qt.qpa.*=false"
+        TIMEOUT 300 LABELS "${arg_LABELS}")
+    if("data" IN_LIST arg_LABELS)
+        set_tests_properties(${names} PROPERTIES FIXTURES_REQUIRED private_server)
+    endif()
 endfunction()
 
 # tz_rule_tests(TestA ...): tests that need no database, whatever their folder needs otherwise.

@@ -9,6 +9,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/frame/KDialogTabPage.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QApplication>
@@ -173,5 +174,5 @@ void TestCAutoDBSetting::seasonalReportWithoutTheAccessRightOpensNothing()
     QCOMPARE(shown, QStringList(KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::Access)));
 }
 
-QTEST_MAIN(TestCAutoDBSetting)
+static const RegisteredTest<TestCAutoDBSetting, QApplication> registered;
 #include "TestCAutoDBSetting.moc"

@@ -12,6 +12,7 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAction>
 #include <QApplication>
@@ -380,5 +381,5 @@ void TestHostProgram::folderThatCannotBeUsedIsTold()
     QVERIFY2(shown.constFirst().contains(m_options.dataDir), qPrintable(shown.constFirst()));
 }
 
-QTEST_MAIN(TestHostProgram)
+static const RegisteredTest<TestHostProgram, QApplication> registered;
 #include "TestHostProgram.moc"

@@ -4,7 +4,9 @@
 #include "host/books/DocumentFilter.h"
 #include "host/administration/UserFilter.h"
 #include "host/books/InvoiceFilter.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 Q_DECLARE_METATYPE(DocumentCriteria)
@@ -91,5 +93,5 @@ void TestListFilters::invoices()
     QTEST(invoiceFilter(criteria), "clauses");
 }
 
-QTEST_GUILESS_MAIN(TestListFilters)
+static const RegisteredTest<TestListFilters, QCoreApplication> registered;
 #include "TestListFilters.moc"

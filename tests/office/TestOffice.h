@@ -3,11 +3,9 @@
 
 #pragma once
 
-#include "suite/accounting/frame/KApplication.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <functional>
 
@@ -56,13 +54,3 @@ private:
     QTemporaryDir m_settings;
     int m_adminID = 0;
 };
-
-// main of a test of windows: under the program's own application object, whose error boundary catches what a slot lets
-// through.
-template <class Test>
-int runOfficeTest(int argc, char **argv)
-{
-    KApplication application(argc, argv);
-    Test test;
-    return QTest::qExec(&test, argc, argv);
-}

@@ -13,12 +13,12 @@
 
 namespace {
 
-// Test programs run side by side, and one program may have several databases.
+// Tests run side by side, and one test may have several databases.
 QString freshName()
 {
     static std::atomic<int> counter{0};
-    const QString program = QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName().left(30);
-    return QStringLiteral("%1_%2_%3").arg(program).arg(QCoreApplication::applicationPid()).arg(++counter);
+    const QString test = QFileInfo(QCoreApplication::arguments().value(0)).completeBaseName().left(30);
+    return QStringLiteral("%1_%2_%3").arg(test).arg(QCoreApplication::applicationPid()).arg(++counter);
 }
 
 QByteArray quotedName(const QString &name)

@@ -3,10 +3,12 @@
 
 #include "auto/catalog/CDlgAddCar.h"
 
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QPushButton>
 
@@ -159,8 +161,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddCar>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddCar, KApplication> registered;
 #include "TestCDlgAddCar.moc"

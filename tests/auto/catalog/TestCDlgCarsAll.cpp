@@ -6,6 +6,7 @@
 #include "auto/catalog/CDlgAddCar.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
@@ -13,6 +14,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -850,8 +852,5 @@ private:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgCarsAll>(argc, argv);
-}
+static const RegisteredTest<TestCDlgCarsAll, KApplication> registered;
 #include "TestCDlgCarsAll.moc"

@@ -5,9 +5,11 @@
 
 #include "auto/catalog/CatalogImportDesk.h"
 #include "auto/catalog/CatalogPanel.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -172,8 +174,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgCarsAllImport>(argc, argv);
-}
+static const RegisteredTest<TestCDlgCarsAllImport, KApplication> registered;
 #include "TestCDlgCarsAllImport.moc"

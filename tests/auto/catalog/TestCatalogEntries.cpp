@@ -7,10 +7,12 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -172,8 +174,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCatalogEntries>(argc, argv);
-}
+static const RegisteredTest<TestCatalogEntries, KApplication> registered;
 #include "TestCatalogEntries.moc"

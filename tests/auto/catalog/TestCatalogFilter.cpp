@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/catalog/CatalogFilter.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -56,5 +57,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestCatalogFilter)
+static const RegisteredTest<TestCatalogFilter> registered;
 #include "TestCatalogFilter.moc"

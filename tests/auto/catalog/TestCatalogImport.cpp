@@ -4,6 +4,7 @@
 #include "auto/catalog/CatalogImport.h"
 
 #include "suite/utility/values/TextStandard.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QFile>
 #include <QSet>
@@ -221,5 +222,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestCatalogImport)
+static const RegisteredTest<TestCatalogImport> registered;
 #include "TestCatalogImport.moc"

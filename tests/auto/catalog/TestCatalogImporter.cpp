@@ -3,8 +3,10 @@
 
 #include "auto/catalog/CatalogImporter.h"
 
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QFile>
 
@@ -87,8 +89,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCatalogImporter>(argc, argv);
-}
+static const RegisteredTest<TestCatalogImporter, KApplication> registered;
 #include "TestCatalogImporter.moc"

@@ -8,8 +8,10 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/entries/KEdit.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -258,5 +260,5 @@ void TestCDlgAutomobilContractSetting::everyAmountShowsTheMoneyUnit()
     QCOMPARE(std::count_if(labels.begin(), labels.end(), [](QLabel *label) { return label->text() == QStringLiteral("تومان"); }), 6);
 }
 
-QTEST_MAIN(TestCDlgAutomobilContractSetting)
+static const RegisteredTest<TestCDlgAutomobilContractSetting, QApplication> registered;
 #include "TestCDlgAutomobilContractSetting.moc"

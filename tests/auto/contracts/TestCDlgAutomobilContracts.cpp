@@ -4,6 +4,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/reports/CTblReportLayouts.h"
@@ -17,6 +18,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -759,9 +761,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAutomobilContracts>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAutomobilContracts, KApplication> registered;
 
 #include "TestCDlgAutomobilContracts.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/ContractFilter.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -93,5 +94,5 @@ void TestContractFilter::clausesStandInTheirOrder()
                             " AND dateExpiration>='2026-01-03' AND dateExpiration <= '2026-01-05'"));
 }
 
-QTEST_APPLESS_MAIN(TestContractFilter)
+static const RegisteredTest<TestContractFilter> registered;
 #include "TestContractFilter.moc"

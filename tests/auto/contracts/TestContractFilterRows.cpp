@@ -5,6 +5,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
 #include <QTest>
@@ -129,5 +130,5 @@ void TestContractFilterRows::typedTextIsTakenLiterally()
     QCOMPARE(codes(criteria), expected);
 }
 
-QTEST_MAIN(TestContractFilterRows)
+static const RegisteredTest<TestContractFilterRows, QApplication> registered;
 #include "TestContractFilterRows.moc"

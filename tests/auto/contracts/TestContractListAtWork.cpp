@@ -7,6 +7,7 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/db/KConnection.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -19,6 +20,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -595,9 +597,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestContractListAtWork>(argc, argv);
-}
+static const RegisteredTest<TestContractListAtWork, KApplication> registered;
 
 #include "TestContractListAtWork.moc"

@@ -6,7 +6,9 @@
 #include "suite/db/CMySQLException.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTest>
 
@@ -294,5 +296,5 @@ void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()
              QStringLiteral("0"));
 }
 
-QTEST_GUILESS_MAIN(TestCTblAutomobilContracts)
+static const RegisteredTest<TestCTblAutomobilContracts, QCoreApplication> registered;
 #include "TestCTblAutomobilContracts.moc"

@@ -7,7 +7,9 @@
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/auto/db/ColumnTable.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace {
@@ -228,5 +230,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCarRecords)
+static const RegisteredTest<TestCarRecords, QCoreApplication> registered;
 #include "TestCarRecords.moc"

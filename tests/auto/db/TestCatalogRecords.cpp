@@ -8,7 +8,9 @@
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/auto/db/ColumnTable.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QTest>
 
@@ -350,5 +352,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestCatalogRecords)
+static const RegisteredTest<TestCatalogRecords, QApplication> registered;
 #include "TestCatalogRecords.moc"

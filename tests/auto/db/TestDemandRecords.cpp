@@ -8,7 +8,9 @@
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/auto/db/ColumnTable.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace {
@@ -212,5 +214,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDemandRecords)
+static const RegisteredTest<TestDemandRecords, QCoreApplication> registered;
 #include "TestDemandRecords.moc"

@@ -5,8 +5,10 @@
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/auto/db/ColumnTable.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestPaymentRecords : public QObject
@@ -88,5 +90,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPaymentRecords)
+static const RegisteredTest<TestPaymentRecords, QCoreApplication> registered;
 #include "TestPaymentRecords.moc"

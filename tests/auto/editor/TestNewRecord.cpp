@@ -3,7 +3,9 @@
 
 #include "auto/editor/NewRecord.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <stdexcept>
 
@@ -65,8 +67,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestNewRecord>(argc, argv);
-}
+static const RegisteredTest<TestNewRecord, KApplication> registered;
 #include "TestNewRecord.moc"

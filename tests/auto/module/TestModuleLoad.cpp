@@ -5,8 +5,10 @@
 #include "suite/accounting/frame/KExtensionModules.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/KModuleLoader.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
 #include <QTest>
@@ -190,5 +192,5 @@ void TestModuleLoad::nothingButTheEntryIsExported()
     }
 }
 
-QTEST_GUILESS_MAIN(TestModuleLoad)
+static const RegisteredTest<TestModuleLoad, QCoreApplication> registered;
 #include "TestModuleLoad.moc"

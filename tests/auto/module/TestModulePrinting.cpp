@@ -10,6 +10,7 @@
 #include "suite/accounting/frame/KModuleLoader.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/KSettings.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QDesktopServices>
@@ -97,11 +98,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    KApplication application(argc, argv);
-    TestModulePrinting test;
-    return QTest::qExec(&test, argc, argv);
-}
+static const RegisteredTest<TestModulePrinting, KApplication> registered;
 
 #include "TestModulePrinting.moc"

@@ -7,8 +7,10 @@
 #include "suite/db/KTableSchema.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTest>
 
@@ -321,5 +323,5 @@ void TestSchemaUpgrade::columnLengthsAreReadAnewAfterwards()
     QCOMPARE(KTableSchema::textLength(QStringLiteral("AutomobilInformations"), QStringLiteral("sLicense")), 20);
 }
 
-QTEST_GUILESS_MAIN(TestSchemaUpgrade)
+static const RegisteredTest<TestSchemaUpgrade, QCoreApplication> registered;
 #include "TestSchemaUpgrade.moc"

@@ -7,8 +7,10 @@
 
 #include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestContractSettings : public QObject
@@ -150,5 +152,5 @@ void TestContractSettings::invoicesStartFromTheSameRates()
     QCOMPARE(LevyRates::load().duty, 3.25);
 }
 
-QTEST_GUILESS_MAIN(TestContractSettings)
+static const RegisteredTest<TestContractSettings, QCoreApplication> registered;
 #include "TestContractSettings.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/words/WordLists.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QFile>
 #include <QTest>
@@ -112,5 +113,5 @@ void TestWordLists::positionOutsideTheListIsEmpty()
     QCOMPARE(WordLists::textAt(WordLists::fuelTypes(), 0), QStringLiteral("-"));
 }
 
-QTEST_APPLESS_MAIN(TestWordLists)
+static const RegisteredTest<TestWordLists> registered;
 #include "TestWordLists.moc"

@@ -8,7 +8,9 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
@@ -159,5 +161,5 @@ void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()
     QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("ریال"));
 }
 
-QTEST_MAIN(TestCDlgSettings)
+static const RegisteredTest<TestCDlgSettings, QApplication> registered;
 #include "TestCDlgSettings.moc"

@@ -6,8 +6,10 @@
 #include "host/administration/RightsGridModel.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QComboBox>
 #include <QPushButton>
 #include <QTableView>
@@ -189,5 +191,5 @@ void TestCDlgUserRights::formsThatTheGridDoesNotShowAreKept()
     QCOMPARE(KSecurity::storedRights(m_clerk).value(QStringLiteral("OfAnotherModule")), int(KSecurity::Access));
 }
 
-QTEST_MAIN(TestCDlgUserRights)
+static const RegisteredTest<TestCDlgUserRights, QApplication> registered;
 #include "TestCDlgUserRights.moc"

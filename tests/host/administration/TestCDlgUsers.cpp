@@ -9,7 +9,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QTest>
@@ -286,5 +288,5 @@ void TestCDlgUsers::ownPasswordNeedsTheOldOne()
     QVERIFY(CTblUsers::verify(QStringLiteral("admin"), QStringLiteral("secret")));
 }
 
-QTEST_MAIN(TestCDlgUsers)
+static const RegisteredTest<TestCDlgUsers, QApplication> registered;
 #include "TestCDlgUsers.moc"

@@ -8,7 +8,9 @@
 #include "suite/utility/lists/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTest>
 
@@ -250,5 +252,5 @@ void TestCDlgAddDocument::cancelSavesNothing()
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
 }
 
-QTEST_MAIN(TestCDlgAddDocument)
+static const RegisteredTest<TestCDlgAddDocument, QApplication> registered;
 #include "TestCDlgAddDocument.moc"

@@ -12,7 +12,9 @@
 #include "suite/utility/lists/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QSet>
@@ -367,5 +369,5 @@ void TestCDlgAddFactor::everyControlHasANameOfItsOwn()
     }
 }
 
-QTEST_MAIN(TestCDlgAddFactor)
+static const RegisteredTest<TestCDlgAddFactor, QApplication> registered;
 #include "TestCDlgAddFactor.moc"

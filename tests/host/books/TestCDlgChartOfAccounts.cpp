@@ -11,8 +11,10 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModel>
+#include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QTest>
@@ -408,5 +410,5 @@ void TestCDlgChartOfAccounts::treeGoesOnPaper()
     QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
 }
 
-QTEST_MAIN(TestCDlgChartOfAccounts)
+static const RegisteredTest<TestCDlgChartOfAccounts, QApplication> registered;
 #include "TestCDlgChartOfAccounts.moc"

@@ -17,7 +17,9 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QPushButton>
 #include <QTest>
@@ -366,5 +368,5 @@ void TestCDlgDocuments::doubleClickGoesToTheRows()
     QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("2,500,000"));
 }
 
-QTEST_MAIN(TestCDlgDocuments)
+static const RegisteredTest<TestCDlgDocuments, QApplication> registered;
 #include "TestCDlgDocuments.moc"

@@ -12,7 +12,9 @@
 #include "suite/utility/lists/KLinesView.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
@@ -321,5 +323,5 @@ void TestCDlgFactors::listGoesOnPaper()
     QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
 }
 
-QTEST_MAIN(TestCDlgFactors)
+static const RegisteredTest<TestCDlgFactors, QApplication> registered;
 #include "TestCDlgFactors.moc"

@@ -9,7 +9,9 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTest>
 
@@ -204,5 +206,5 @@ void TestCDlgServices::closedDatabaseHidesTheCommands()
     QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
 }
 
-QTEST_MAIN(TestCDlgServices)
+static const RegisteredTest<TestCDlgServices, QApplication> registered;
 #include "TestCDlgServices.moc"

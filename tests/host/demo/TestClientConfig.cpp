@@ -4,7 +4,9 @@
 #include "host/demo/ClientConfig.h"
 
 #include "host/server/ServerConfig.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestClientConfig : public QObject
@@ -58,5 +60,5 @@ void TestClientConfig::missingFileIsTold()
     QVERIFY(!ClientConfig::read(QStringLiteral("/nowhere/client.cnf")));
 }
 
-QTEST_GUILESS_MAIN(TestClientConfig)
+static const RegisteredTest<TestClientConfig, QCoreApplication> registered;
 #include "TestClientConfig.moc"

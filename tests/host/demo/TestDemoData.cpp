@@ -23,8 +23,10 @@
 #include "suite/image/PictureIntake.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestDemoData : public QObject
@@ -337,5 +339,5 @@ void TestDemoData::aDatabaseWithDataIsLeftAlone()
     QCOMPARE(checksum(), before);
 }
 
-QTEST_GUILESS_MAIN(TestDemoData)
+static const RegisteredTest<TestDemoData, QCoreApplication> registered;
 #include "TestDemoData.moc"

@@ -16,8 +16,10 @@
 #include "tests/host/HostTestOffice.h"
 #include "tests/suite/crm/reminders/Alarms.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHash>
 #include <QLabel>
 #include <QMenuBar>
@@ -423,5 +425,5 @@ void TestMainWindow::dueRemindersAreToldOnceAtLogin()
     QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 2"));
 }
 
-QTEST_MAIN(TestMainWindow)
+static const RegisteredTest<TestMainWindow, QApplication> registered;
 #include "TestMainWindow.moc"

@@ -5,7 +5,9 @@
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KDialogTabPage.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -189,5 +191,5 @@ void TestWorkArea::pageOfATypeIsFoundAgain()
     QVERIFY(qobject_cast<OtherPage *>(area.currentPage()));
 }
 
-QTEST_MAIN(TestWorkArea)
+static const RegisteredTest<TestWorkArea, QApplication> registered;
 #include "TestWorkArea.moc"

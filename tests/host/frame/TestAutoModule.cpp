@@ -4,7 +4,9 @@
 #include "host/frame/AutoModule.h"
 
 #include "suite/accounting/frame/KExtensionModules.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -72,5 +74,5 @@ void TestAutoModule::fileThatIsNoLibraryIsToldInOneSentence()
     QVERIFY(!module.errorText().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestAutoModule)
+static const RegisteredTest<TestAutoModule, QCoreApplication> registered;
 #include "TestAutoModule.moc"

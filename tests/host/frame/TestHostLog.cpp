@@ -4,7 +4,9 @@
 #include "host/frame/HostLog.h"
 
 #include "host/frame/StartupClock.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -95,5 +97,5 @@ void TestHostLog::aFolderThatCannotBeWrittenIsTold()
     QVERIFY(!HostLog::start(folder.filePath(QStringLiteral("not there"))));
 }
 
-QTEST_GUILESS_MAIN(TestHostLog)
+static const RegisteredTest<TestHostLog, QCoreApplication> registered;
 #include "TestHostLog.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "host/frame/HostOptions.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestHostOptions : public QObject
@@ -165,5 +167,5 @@ void TestHostOptions::helpNamesEveryOptionInBothLanguages()
     QVERIFY(HostOptions::helpText(true).contains(QStringLiteral("کاربرد")));
 }
 
-QTEST_GUILESS_MAIN(TestHostOptions)
+static const RegisteredTest<TestHostOptions, QCoreApplication> registered;
 #include "TestHostOptions.moc"

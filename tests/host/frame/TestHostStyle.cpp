@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "host/frame/HostStyle.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QStyleOptionComboBox>
 #include <QTest>
@@ -79,5 +81,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestHostStyle)
+static const RegisteredTest<TestHostStyle, QApplication> registered;
 #include "TestHostStyle.moc"

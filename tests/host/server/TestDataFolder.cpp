@@ -5,7 +5,9 @@
 #include "host/server/Platform.h"
 #include "host/server/ServerError.h"
 #include "tests/support/OrdinaryRights.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -149,5 +151,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDataFolder)
+static const RegisteredTest<TestDataFolder, QCoreApplication> registered;
 #include "TestDataFolder.moc"

@@ -3,8 +3,10 @@
 
 #include "host/server/DatabaseDump.h"
 #include "tests/support/OrdinaryRights.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -237,5 +239,5 @@ void TestDatabaseDump::aDatabaseThatIsNotThereLeavesNothing()
     QCOMPARE(files(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(TestDatabaseDump)
+static const RegisteredTest<TestDatabaseDump, QCoreApplication> registered;
 #include "TestDatabaseDump.moc"

@@ -5,7 +5,9 @@
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerState.h"
 #include "tests/support/PrivateTestServer.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -499,5 +501,5 @@ void TestEmbeddedServer::theLogsOfTheLastTwoStartsAreKept()
     QCOMPARE(QDir(folder().logsPath()).entryList(QDir::Files).size(), 2);
 }
 
-QTEST_GUILESS_MAIN(TestEmbeddedServer)
+static const RegisteredTest<TestEmbeddedServer, QCoreApplication> registered;
 #include "TestEmbeddedServer.moc"

@@ -3,7 +3,9 @@
 
 #include "host/server/InstanceLock.h"
 #include "host/server/ServerError.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -91,5 +93,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestInstanceLock)
+static const RegisteredTest<TestInstanceLock, QCoreApplication> registered;
 #include "TestInstanceLock.moc"

@@ -6,7 +6,9 @@
 #include "host/server/ServerState.h"
 #include "host/server/ToolProcess.h"
 #include "tests/support/PrivateTestServer.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -168,5 +170,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestServerConfig)
+static const RegisteredTest<TestServerConfig, QCoreApplication> registered;
 #include "TestServerConfig.moc"

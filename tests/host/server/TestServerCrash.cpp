@@ -4,7 +4,9 @@
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
 #include "tests/support/PrivateTestServer.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QSignalSpy>
@@ -176,5 +178,5 @@ void TestServerCrash::aStartRightAfterTheProgramWasKilledIsClean()
     QVERIFY(!platform::isAlive(left));
 }
 
-QTEST_GUILESS_MAIN(TestServerCrash)
+static const RegisteredTest<TestServerCrash, QCoreApplication> registered;
 #include "TestServerCrash.moc"

@@ -5,7 +5,9 @@
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerState.h"
 #include "tests/support/PrivateTestServer.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -218,5 +220,5 @@ void TestServerUpgrade::thePasswordIsNeitherInTheProcessListNorInTheLogs()
         QVERIFY2(!contentOf(log.filePath()).contains(password), qPrintable(log.filePath()));
 }
 
-QTEST_GUILESS_MAIN(TestServerUpgrade)
+static const RegisteredTest<TestServerUpgrade, QCoreApplication> registered;
 #include "TestServerUpgrade.moc"

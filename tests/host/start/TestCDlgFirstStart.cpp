@@ -8,7 +8,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QTest>
 
@@ -183,5 +185,5 @@ void TestCDlgFirstStart::cancelLeavesNothingBehind()
     QVERIFY(CompanyDetails::read().isEmpty());
 }
 
-QTEST_MAIN(TestCDlgFirstStart)
+static const RegisteredTest<TestCDlgFirstStart, QApplication> registered;
 #include "TestCDlgFirstStart.moc"

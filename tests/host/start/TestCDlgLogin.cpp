@@ -5,7 +5,9 @@
 
 #include "suite/utility/entries/KEdit.h"
 #include "tests/host/HostTestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -203,5 +205,5 @@ void TestCDlgLogin::saysWhenItIsOnTheScreen()
     QCOMPARE(painted.count(), 1);
 }
 
-QTEST_MAIN(TestCDlgLogin)
+static const RegisteredTest<TestCDlgLogin, QApplication> registered;
 #include "TestCDlgLogin.moc"

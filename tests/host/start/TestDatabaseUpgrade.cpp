@@ -8,8 +8,10 @@
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/SuiteSchema.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -257,5 +259,5 @@ void TestDatabaseUpgrade::contractsGetTheirFiscalYear()
     QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts")), QStringLiteral("0"));
 }
 
-QTEST_MAIN(TestDatabaseUpgrade)
+static const RegisteredTest<TestDatabaseUpgrade, QApplication> registered;
 #include "TestDatabaseUpgrade.moc"

@@ -7,7 +7,9 @@
 #include "host/frame/HostOptions.h"
 #include "host/server/EmbeddedServer.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QProcess>
 #include <QTcpServer>
@@ -284,5 +286,5 @@ void TestOfficeServer::aServerThatIsNotThereIsToldOnce()
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
-QTEST_MAIN(TestOfficeServer)
+static const RegisteredTest<TestOfficeServer, QApplication> registered;
 #include "TestOfficeServer.moc"

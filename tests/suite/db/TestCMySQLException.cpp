@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/db/CMySQLException.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QSet>
 #include <QTest>
@@ -88,5 +89,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestCMySQLException)
+static const RegisteredTest<TestCMySQLException> registered;
 #include "TestCMySQLException.moc"

@@ -6,7 +6,9 @@
 
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 #include <future>
@@ -789,5 +791,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestKMySQL)
+static const RegisteredTest<TestKMySQL, QCoreApplication> registered;
 #include "TestKMySQL.moc"

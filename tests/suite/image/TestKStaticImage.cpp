@@ -5,6 +5,7 @@
 #include "suite/image/KStaticImage.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/image/PictureFiles.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -485,5 +486,5 @@ void TestKStaticImage::smallPictureIsNotBlownUp()
     QCOMPARE(shown.pixelColor(60, 100), shown.pixelColor(140, 100));
 }
 
-QTEST_MAIN(TestKStaticImage)
+static const RegisteredTest<TestKStaticImage, QApplication> registered;
 #include "TestKStaticImage.moc"

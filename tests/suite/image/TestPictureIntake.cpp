@@ -3,8 +3,10 @@
 
 #include "suite/image/PictureIntake.h"
 #include "tests/suite/image/PictureFiles.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QColorSpace>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QImageReader>
@@ -345,5 +347,5 @@ void TestPictureIntake::storedRubbishGivesNoPicture()
     QVERIFY(PictureIntake::decode(PictureFiles::jpeg(300, 200).left(400)).isNull());
 }
 
-QTEST_GUILESS_MAIN(TestPictureIntake)
+static const RegisteredTest<TestPictureIntake, QCoreApplication> registered;
 #include "TestPictureIntake.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tests/support/AccessFileReader.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -176,5 +178,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTaxFileHelper)
+static const RegisteredTest<TestTaxFileHelper, QCoreApplication> registered;
 #include "TestTaxFileHelper.moc"

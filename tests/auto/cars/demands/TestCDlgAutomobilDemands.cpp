@@ -10,6 +10,7 @@
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/office/CTblItems.h"
@@ -24,6 +25,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -774,8 +776,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAutomobilDemands>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAutomobilDemands, KApplication> registered;
 #include "TestCDlgAutomobilDemands.moc"

@@ -6,7 +6,9 @@
 #include "auto/settings/ContractSettings.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace {
@@ -127,5 +129,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDemandArchiving)
+static const RegisteredTest<TestDemandArchiving, QCoreApplication> registered;
 #include "TestDemandArchiving.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/demands/DemandFilter.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -90,5 +91,5 @@ void TestDemandFilter::clausesStandInTheirOrder()
                             " AND ad.dAmountUpTo <= 20.000000 GROUP BY ad.iID"));
 }
 
-QTEST_APPLESS_MAIN(TestDemandFilter)
+static const RegisteredTest<TestDemandFilter> registered;
 #include "TestDemandFilter.moc"

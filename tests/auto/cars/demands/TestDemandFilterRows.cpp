@@ -8,6 +8,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
 #include <QTest>
@@ -169,5 +170,5 @@ void TestDemandFilterRows::rowLimitOfZeroSetsNone()
     QCOMPARE(codes(demandFilter({}), 0).size(), 8);
 }
 
-QTEST_MAIN(TestDemandFilterRows)
+static const RegisteredTest<TestDemandFilterRows, QApplication> registered;
 #include "TestDemandFilterRows.moc"

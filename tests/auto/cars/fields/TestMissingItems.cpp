@@ -3,7 +3,9 @@
 
 #include "auto/cars/fields/MissingItems.h"
 #include "auto/cars/fields/ParameterNumber.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 #include <optional>
@@ -64,6 +66,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMissingItems)
+static const RegisteredTest<TestMissingItems, QCoreApplication> registered;
 
 #include "TestMissingItems.moc"

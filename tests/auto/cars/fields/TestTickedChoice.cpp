@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/fields/TickedChoice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -36,5 +37,5 @@ void TestTickedChoice::choice()
     QTEST(choiceOfTicked(ticked, before), "chosen");
 }
 
-QTEST_APPLESS_MAIN(TestTickedChoice)
+static const RegisteredTest<TestTickedChoice> registered;
 #include "TestTickedChoice.moc"

@@ -7,6 +7,7 @@
 #include "auto/cars/matching/DemandMatch.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblMultiItems.h"
@@ -15,6 +16,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -258,8 +260,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgMatches>(argc, argv);
-}
+static const RegisteredTest<TestCDlgMatches, KApplication> registered;
 #include "TestCDlgMatches.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/matching/DemandMatch.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -125,5 +126,5 @@ void TestDemandMatch::betterMatch()
     QTEST(isBetterMatch({one.at(0), one.at(1)}, one.at(2), {other.at(0), other.at(1)}, other.at(2)), "better");
 }
 
-QTEST_APPLESS_MAIN(TestDemandMatch)
+static const RegisteredTest<TestDemandMatch> registered;
 #include "TestDemandMatch.moc"

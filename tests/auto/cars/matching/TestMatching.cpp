@@ -11,7 +11,9 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace {
@@ -226,5 +228,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestMatching)
+static const RegisteredTest<TestMatching, QCoreApplication> registered;
 #include "TestMatching.moc"

@@ -6,6 +6,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/office/CTblItems.h"
@@ -19,6 +20,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -898,8 +900,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAutomobilInformations>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAutomobilInformations, KApplication> registered;
 #include "TestCDlgAutomobilInformations.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/register/CarFilter.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -103,5 +104,5 @@ void TestCarFilter::clausesStandInTheirOrder()
                             " AND ai.iPersonID=8 AND ai.sChassisNum LIKE '%c%' GROUP BY ai.iID"));
 }
 
-QTEST_APPLESS_MAIN(TestCarFilter)
+static const RegisteredTest<TestCarFilter> registered;
 #include "TestCarFilter.moc"

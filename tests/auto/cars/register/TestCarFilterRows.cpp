@@ -6,7 +6,9 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace {
@@ -187,5 +189,5 @@ void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin()
     QCOMPARE(codes({}, key + QStringLiteral(" DESC")).size(), 8);
 }
 
-QTEST_GUILESS_MAIN(TestCarFilterRows)
+static const RegisteredTest<TestCarFilterRows, QCoreApplication> registered;
 #include "TestCarFilterRows.moc"

@@ -7,6 +7,7 @@
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -17,6 +18,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -326,8 +328,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCarListAtWork>(argc, argv);
-}
+static const RegisteredTest<TestCarListAtWork, KApplication> registered;
 #include "TestCarListAtWork.moc"

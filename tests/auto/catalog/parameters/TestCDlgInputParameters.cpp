@@ -4,6 +4,7 @@
 #include "auto/catalog/parameters/CDlgAddInputParameter.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/catalog/parameters/InputParameterValues.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -14,6 +15,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -671,9 +673,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgInputParameters>(argc, argv);
-}
+static const RegisteredTest<TestCDlgInputParameters, KApplication> registered;
 
 #include "TestCDlgInputParameters.moc"

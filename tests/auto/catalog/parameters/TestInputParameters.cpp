@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/catalog/parameters/InputParameters.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 #include <limits>
@@ -65,5 +67,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestInputParameters)
+static const RegisteredTest<TestInputParameters, QCoreApplication> registered;
 #include "TestInputParameters.moc"

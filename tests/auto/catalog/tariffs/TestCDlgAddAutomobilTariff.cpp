@@ -3,6 +3,7 @@
 
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/tariffs/TariffTexts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -11,6 +12,7 @@
 #include "suite/utility/entries/KForm.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QCompleter>
@@ -320,9 +322,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilTariff>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilTariff, KApplication> registered;
 
 #include "TestCDlgAddAutomobilTariff.moc"

@@ -3,6 +3,7 @@
 
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -18,6 +19,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -723,9 +725,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAutomobilTariffs>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAutomobilTariffs, KApplication> registered;
 
 #include "TestCDlgAutomobilTariffs.moc"

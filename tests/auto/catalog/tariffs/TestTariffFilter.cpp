@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/catalog/tariffs/TariffFilter.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestTariffFilter : public QObject
@@ -36,5 +38,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTariffFilter)
+static const RegisteredTest<TestTariffFilter, QCoreApplication> registered;
 #include "TestTariffFilter.moc"

@@ -4,6 +4,7 @@
 #include "auto/contracts/document/ContractDocumentRows.h"
 
 #include "suite/utility/values/Money.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -227,5 +228,5 @@ void TestContractDocumentRows::everyCombinationBalances()
         QVERIFY(rows[i].debit > 0 && rows[i].credit == 0 && rows[i + 1].credit == rows[i].debit && rows[i + 1].debit == 0);
 }
 
-QTEST_APPLESS_MAIN(TestContractDocumentRows)
+static const RegisteredTest<TestContractDocumentRows> registered;
 #include "TestContractDocumentRows.moc"

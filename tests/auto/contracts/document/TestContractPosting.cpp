@@ -9,7 +9,9 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestContractPosting : public QObject
@@ -198,5 +200,5 @@ void TestContractPosting::rollbackLeavesNeitherRowNorDocument()
     QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
 }
 
-QTEST_GUILESS_MAIN(TestContractPosting)
+static const RegisteredTest<TestContractPosting, QCoreApplication> registered;
 #include "TestContractPosting.moc"

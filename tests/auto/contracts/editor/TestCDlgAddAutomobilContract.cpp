@@ -6,6 +6,7 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -18,6 +19,7 @@
 #include "suite/utility/frame/KTabPageButtons.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -588,9 +590,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilContract>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilContract, KApplication> registered;
 
 #include "TestCDlgAddAutomobilContract.moc"

@@ -10,6 +10,7 @@
 #include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -17,6 +18,7 @@
 #include "suite/utility/frame/KTabPageButtons.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -652,9 +654,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilContractMatter>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilContractMatter, KApplication> registered;
 
 #include "TestCDlgAddAutomobilContractMatter.moc"

@@ -8,6 +8,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
@@ -17,6 +18,7 @@
 #include "suite/utility/entries/KForm.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -403,9 +405,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestContractBasePage>(argc, argv);
-}
+static const RegisteredTest<TestContractBasePage, KApplication> registered;
 
 #include "TestContractBasePage.moc"

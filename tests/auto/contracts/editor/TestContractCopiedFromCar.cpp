@@ -9,6 +9,7 @@
 #include "auto/contracts/editor/LoadCarForContract.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersons.h"
@@ -19,6 +20,7 @@
 #include "suite/utility/entries/KForm.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -292,8 +294,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestContractCopiedFromCar>(argc, argv);
-}
+static const RegisteredTest<TestContractCopiedFromCar, KApplication> registered;
 #include "TestContractCopiedFromCar.moc"

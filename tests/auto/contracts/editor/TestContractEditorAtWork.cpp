@@ -6,6 +6,7 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
 #include "suite/accounting/attachments/CDlgFileDocs.h"
@@ -23,6 +24,7 @@
 #include "suite/utility/frame/KTabPageButtons.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -600,9 +602,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestContractEditorAtWork>(argc, argv);
-}
+static const RegisteredTest<TestContractEditorAtWork, KApplication> registered;
 
 #include "TestContractEditorAtWork.moc"

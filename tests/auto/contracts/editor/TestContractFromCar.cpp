@@ -3,6 +3,7 @@
 
 #include "auto/contracts/editor/ContractFromCar.h"
 #include "auto/contracts/editor/MatterFields.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -105,5 +106,5 @@ void TestContractFromCar::everyPairNamesAFieldOfTheMatterPageOnce()
     QCOMPARE(named.size(), 15);
 }
 
-QTEST_APPLESS_MAIN(TestContractFromCar)
+static const RegisteredTest<TestContractFromCar> registered;
 #include "TestContractFromCar.moc"

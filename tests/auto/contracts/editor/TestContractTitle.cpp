@@ -5,6 +5,7 @@
 #include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/contracts/editor/ContractTitle.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -68,5 +69,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestContractTitle)
+static const RegisteredTest<TestContractTitle> registered;
 #include "TestContractTitle.moc"

@@ -3,6 +3,7 @@
 
 #include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/editor/MatterVisibility.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QSet>
 #include <QTest>
@@ -81,6 +82,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestMatterVisibility)
+static const RegisteredTest<TestMatterVisibility> registered;
 
 #include "TestMatterVisibility.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/figures/Commission.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -440,5 +441,5 @@ void TestCommission::paymentHasNoDependants()
     QVERIFY(change(fields, Field::SecondPays, 1).isEmpty());
 }
 
-QTEST_APPLESS_MAIN(TestCommission)
+static const RegisteredTest<TestCommission> registered;
 #include "TestCommission.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/figures/ModelYear.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -42,6 +43,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestModelYear)
+static const RegisteredTest<TestModelYear> registered;
 
 #include "TestModelYear.moc"

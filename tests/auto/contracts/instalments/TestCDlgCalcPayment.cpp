@@ -3,6 +3,7 @@
 
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -10,6 +11,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -401,9 +403,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgCalcPayment>(argc, argv);
-}
+static const RegisteredTest<TestCDlgCalcPayment, KApplication> registered;
 
 #include "TestCDlgCalcPayment.moc"

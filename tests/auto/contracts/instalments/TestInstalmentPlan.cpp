@@ -3,6 +3,7 @@
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -125,5 +126,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestInstalmentPlan)
+static const RegisteredTest<TestInstalmentPlan> registered;
 #include "TestInstalmentPlan.moc"

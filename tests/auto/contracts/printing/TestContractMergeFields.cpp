@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/printing/ContractMergeFields.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -335,5 +336,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestContractMergeFields)
+static const RegisteredTest<TestContractMergeFields> registered;
 #include "TestContractMergeFields.moc"

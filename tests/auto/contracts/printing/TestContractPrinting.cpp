@@ -4,11 +4,13 @@
 #include "auto/contracts/printing/ContractMergeFields.h"
 #include "auto/contracts/printing/ContractPrinting.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "tests/auto/contracts/printing/DocxParts.h"
 #include "tests/auto/contracts/printing/PrintedContracts.h"
 #include "tests/support/OrdinaryRights.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -485,9 +487,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestContractPrinting>(argc, argv);
-}
+static const RegisteredTest<TestContractPrinting, KApplication> registered;
 
 #include "TestContractPrinting.moc"

@@ -3,10 +3,12 @@
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/contracts/printing/ContractPrintingDesk.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/printing/PrintedContracts.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -171,9 +173,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestContractPrintingDesk>(argc, argv);
-}
+static const RegisteredTest<TestContractPrintingDesk, KApplication> registered;
 
 #include "TestContractPrintingDesk.moc"

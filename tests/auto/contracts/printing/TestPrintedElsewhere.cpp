@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/printing/ContractPrinting.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "tests/auto/contracts/printing/DocxParts.h"
 #include "tests/auto/contracts/printing/PrintedContracts.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -85,9 +87,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestPrintedElsewhere>(argc, argv);
-}
+static const RegisteredTest<TestPrintedElsewhere, KApplication> registered;
 
 #include "TestPrintedElsewhere.moc"

@@ -4,6 +4,7 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/reports/income/CDlgAutoFullReport.h"
 #include "auto/reports/income/IncomeChart.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
@@ -14,6 +15,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractAxis>
 #include <QChart>
@@ -371,9 +373,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAutoFullReport>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAutoFullReport, KApplication> registered;
 
 #include "TestCDlgAutoFullReport.moc"

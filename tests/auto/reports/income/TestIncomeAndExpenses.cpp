@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/reports/income/IncomeAndExpenses.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -146,5 +147,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestIncomeAndExpenses)
+static const RegisteredTest<TestIncomeAndExpenses> registered;
 #include "TestIncomeAndExpenses.moc"

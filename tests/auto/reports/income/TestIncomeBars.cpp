@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/reports/income/IncomeBars.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -100,5 +101,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestIncomeBars)
+static const RegisteredTest<TestIncomeBars> registered;
 #include "TestIncomeBars.moc"

@@ -6,6 +6,7 @@
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "auto/reports/season/SeasonalColumns.h"
 #include "auto/reports/season/SeasonalList.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -16,6 +17,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -626,9 +628,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAutomobilReportSeasons>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAutomobilReportSeasons, KApplication> registered;
 
 #include "TestCDlgAutomobilReportSeasons.moc"

@@ -4,12 +4,14 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
 #include "auto/reports/season/PayableAmount.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -177,9 +179,6 @@ private Q_SLOTS:
 
 Q_DECLARE_METATYPE(Line)
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgPaymentAmount>(argc, argv);
-}
+static const RegisteredTest<TestCDlgPaymentAmount, KApplication> registered;
 
 #include "TestCDlgPaymentAmount.moc"

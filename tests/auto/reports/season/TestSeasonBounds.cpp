@@ -3,6 +3,7 @@
 
 #include "auto/reports/season/SeasonBounds.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -112,5 +113,5 @@ void TestSeasonBounds::conditionOfNoSeason()
     QCOMPARE(Season::condition(QStringLiteral("f.date"), Season::bounds(4, 1405)), QStringLiteral("f.date>=NULL AND f.date<NULL"));
 }
 
-QTEST_APPLESS_MAIN(TestSeasonBounds)
+static const RegisteredTest<TestSeasonBounds> registered;
 #include "TestSeasonBounds.moc"

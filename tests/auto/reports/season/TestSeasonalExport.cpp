@@ -3,9 +3,11 @@
 
 #include "auto/reports/season/SeasonalExport.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "tests/auto/reports/season/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
 #include "tests/support/OrdinaryRights.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -475,8 +477,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestSeasonalExport>(argc, argv);
-}
+static const RegisteredTest<TestSeasonalExport, KApplication> registered;
 #include "TestSeasonalExport.moc"

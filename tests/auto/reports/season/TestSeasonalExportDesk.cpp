@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/reports/season/SeasonalExportDesk.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/auto/reports/season/ExportedSeason.h"
 #include "tests/support/AccessFileReader.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -154,8 +156,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestSeasonalExportDesk>(argc, argv);
-}
+static const RegisteredTest<TestSeasonalExportDesk, KApplication> registered;
 #include "TestSeasonalExportDesk.moc"

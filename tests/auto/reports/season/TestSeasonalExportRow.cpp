@@ -4,6 +4,7 @@
 #include "auto/reports/season/SeasonalExportRow.h"
 #include "auto/reports/season/SeasonalExport.h"
 #include "auto/reports/season/SeasonalRow.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -295,5 +296,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestSeasonalExportRow)
+static const RegisteredTest<TestSeasonalExportRow> registered;
 #include "TestSeasonalExportRow.moc"

@@ -5,12 +5,14 @@
 #include "auto/reports/season/SeasonBounds.h"
 #include "auto/reports/season/SeasonalGathering.h"
 #include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QThread>
 
@@ -501,9 +503,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestSeasonalGathering>(argc, argv);
-}
+static const RegisteredTest<TestSeasonalGathering, KApplication> registered;
 
 #include "TestSeasonalGathering.moc"

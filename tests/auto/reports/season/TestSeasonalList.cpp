@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/reports/season/SeasonalList.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -142,5 +143,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestSeasonalList)
+static const RegisteredTest<TestSeasonalList> registered;
 #include "TestSeasonalList.moc"

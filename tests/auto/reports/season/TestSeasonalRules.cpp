@@ -3,6 +3,7 @@
 
 #include "auto/reports/season/SeasonalRules.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -302,5 +303,5 @@ void TestSeasonalRules::addressLength()
     QTEST(row.isAddressTooLong(), "tooLong");
 }
 
-QTEST_APPLESS_MAIN(TestSeasonalRules)
+static const RegisteredTest<TestSeasonalRules> registered;
 #include "TestSeasonalRules.moc"

@@ -13,7 +13,9 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QTimer>
@@ -282,5 +284,5 @@ void TestCDlgCustomFields::definingKeepsWhatWasTyped()
     QCOMPARE(field<KEdit>(one.get(), QStringLiteral("معرف :"))->text(), QStringLiteral("نیمه کاره"));
 }
 
-QTEST_MAIN(TestCDlgCustomFields)
+static const RegisteredTest<TestCDlgCustomFields, QApplication> registered;
 #include "TestCDlgCustomFields.moc"

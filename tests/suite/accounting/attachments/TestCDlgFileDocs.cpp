@@ -5,7 +5,9 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QtTest>
@@ -203,5 +205,5 @@ void TestCDlgFileDocs::everyInputHasItsName()
     QVERIFY(FormDriver::everyInputHasAName(page().get()));
 }
 
-QTEST_MAIN(TestCDlgFileDocs)
+static const RegisteredTest<TestCDlgFileDocs, QApplication> registered;
 #include "TestCDlgFileDocs.moc"

@@ -4,7 +4,9 @@
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QtTest>
 
@@ -233,5 +235,5 @@ void TestCTblFileDocs::safeNameHoldsNothingHarmful()
     QCOMPARE(CTblFileDocs::safeFileName(name), safe);
 }
 
-QTEST_GUILESS_MAIN(TestCTblFileDocs)
+static const RegisteredTest<TestCTblFileDocs, QCoreApplication> registered;
 #include "TestCTblFileDocs.moc"

@@ -14,7 +14,9 @@
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest>
@@ -221,5 +223,5 @@ void TestCDlgAccountDocs::tabGoesThroughTheWindowAsItIsRead()
     QCOMPARE(met, (QStringList{QStringLiteral("چاپ"), QStringLiteral("بازگشت"), QStringLiteral("از تاریخ :"), QStringLiteral("تا تاریخ :"), QStringLiteral("جستجو"), QStringLiteral("گردش حساب")}));
 }
 
-QTEST_MAIN(TestCDlgAccountDocs)
+static const RegisteredTest<TestCDlgAccountDocs, QApplication> registered;
 #include "TestCDlgAccountDocs.moc"

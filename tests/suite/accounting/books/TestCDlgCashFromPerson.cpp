@@ -11,7 +11,9 @@
 #include "suite/utility/values/Money.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QTimer>
@@ -253,5 +255,5 @@ void TestCDlgCashFromPerson::everyInputHasItsLabelAsName()
     QVERIFY(FormDriver::everyInputHasAName(&dialog));
 }
 
-QTEST_MAIN(TestCDlgCashFromPerson)
+static const RegisteredTest<TestCDlgCashFromPerson, QApplication> registered;
 #include "TestCDlgCashFromPerson.moc"

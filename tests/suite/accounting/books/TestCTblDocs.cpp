@@ -7,7 +7,9 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 class TestCTblDocs : public QObject
@@ -227,5 +229,5 @@ void TestCTblDocs::sheetOfADetailAccountHoldsItsRowsOnly()
     QCOMPARE(persons.rows.at(0).fiscalYear, 1405);
 }
 
-QTEST_GUILESS_MAIN(TestCTblDocs)
+static const RegisteredTest<TestCTblDocs, QCoreApplication> registered;
 #include "TestCTblDocs.moc"

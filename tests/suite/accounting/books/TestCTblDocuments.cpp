@@ -7,7 +7,9 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QSet>
 #include <QtTest>
 
@@ -327,5 +329,5 @@ void TestCTblDocuments::refusedDocumentLeavesNothingBehind()
     QCOMPARE(count("Docs"), QStringLiteral("0"));
 }
 
-QTEST_GUILESS_MAIN(TestCTblDocuments)
+static const RegisteredTest<TestCTblDocuments, QCoreApplication> registered;
 #include "TestCTblDocuments.moc"

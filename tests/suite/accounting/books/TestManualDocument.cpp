@@ -9,7 +9,9 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 #include <functional>
@@ -299,5 +301,5 @@ void TestManualDocument::closedDatabaseIsRefused()
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("1"));
 }
 
-QTEST_GUILESS_MAIN(TestManualDocument)
+static const RegisteredTest<TestManualDocument, QCoreApplication> registered;
 #include "TestManualDocument.moc"

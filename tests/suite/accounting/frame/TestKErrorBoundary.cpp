@@ -5,6 +5,7 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QPushButton>
@@ -185,10 +186,5 @@ void TestKErrorBoundary::applicationIsRightToLeftAndFusion()
 }
 
 // The program's own application class is what is tested.
-int main(int argc, char **argv)
-{
-    KApplication application(argc, argv);
-    TestKErrorBoundary test;
-    return QTest::qExec(&test, argc, argv);
-}
+static const RegisteredTest<TestKErrorBoundary, KApplication> registered;
 #include "TestKErrorBoundary.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -159,5 +161,5 @@ void TestKMessageDialog::markupIsShownAsTyped()
     QVERIFY(plain);
 }
 
-QTEST_MAIN(TestKMessageDialog)
+static const RegisteredTest<TestKMessageDialog, QApplication> registered;
 #include "TestKMessageDialog.moc"

@@ -5,7 +5,9 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 #include <functional>
@@ -113,5 +115,5 @@ void TestCTblServices::unusedServiceIsDeleted()
     QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM Services")), QStringLiteral("2"));
 }
 
-QTEST_GUILESS_MAIN(TestCTblServices)
+static const RegisteredTest<TestCTblServices, QCoreApplication> registered;
 #include "TestCTblServices.moc"

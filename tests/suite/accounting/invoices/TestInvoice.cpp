@@ -7,7 +7,9 @@
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/InvoiceDocumentRows.h"
 #include "suite/utility/values/Money.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 using What = Invoice::Problem::What;
@@ -317,5 +319,5 @@ void TestInvoice::documentTextNamesKindAndNumber()
     QCOMPARE(rows.at(2).desc, QStringLiteral("مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"));
 }
 
-QTEST_GUILESS_MAIN(TestInvoice)
+static const RegisteredTest<TestInvoice, QCoreApplication> registered;
 #include "TestInvoice.moc"

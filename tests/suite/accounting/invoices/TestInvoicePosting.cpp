@@ -11,7 +11,9 @@
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 #include <atomic>
@@ -408,5 +410,5 @@ void TestInvoicePosting::largestAmountsBalance()
     QCOMPARE(InvoicePosting::load(num).lines.at(0).price, price);
 }
 
-QTEST_GUILESS_MAIN(TestInvoicePosting)
+static const RegisteredTest<TestInvoicePosting, QCoreApplication> registered;
 #include "TestInvoicePosting.moc"

@@ -6,7 +6,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -376,5 +378,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestKListPage)
+static const RegisteredTest<TestKListPage, QApplication> registered;
 #include "TestKListPage.moc"

@@ -10,7 +10,9 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QtTest>
 
@@ -218,5 +220,5 @@ void TestCDBSetting::documentNotice()
     QVERIFY(shown.constFirst().contains(QStringLiteral("17")));
 }
 
-QTEST_MAIN(TestCDBSetting)
+static const RegisteredTest<TestCDBSetting, QApplication> registered;
 #include "TestCDBSetting.moc"

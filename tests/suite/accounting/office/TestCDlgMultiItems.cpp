@@ -8,7 +8,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QListView>
 #include <QTimer>
@@ -218,5 +220,5 @@ void TestCDlgMultiItems::everyInputHasItsName()
     QVERIFY(FormDriver::everyInputHasAName(&dialog));
 }
 
-QTEST_MAIN(TestCDlgMultiItems)
+static const RegisteredTest<TestCDlgMultiItems, QApplication> registered;
 #include "TestCDlgMultiItems.moc"

@@ -3,7 +3,9 @@
 
 #include "suite/accounting/office/CTblProperties.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 #include <limits>
@@ -114,5 +116,5 @@ void TestCTblProperties::liveObjectsAreCounted()
     QCOMPARE(CTblProperties::liveCount(), before);
 }
 
-QTEST_GUILESS_MAIN(TestCTblProperties)
+static const RegisteredTest<TestCTblProperties, QCoreApplication> registered;
 #include "TestCTblProperties.moc"

@@ -4,7 +4,9 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 #include <ctime>
@@ -190,5 +192,5 @@ void TestCTblUsers::lastAdministratorIsKnown()
     QVERIFY(!CTblUsers::hasOtherAdmin(m_office.admin));
 }
 
-QTEST_GUILESS_MAIN(TestCTblUsers)
+static const RegisteredTest<TestCTblUsers, QCoreApplication> registered;
 #include "TestCTblUsers.moc"

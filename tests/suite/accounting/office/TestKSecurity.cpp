@@ -3,7 +3,9 @@
 
 #include "suite/accounting/office/KSecurity.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 namespace {
@@ -198,5 +200,5 @@ void TestKSecurity::everyFormHasACaptionAndStandsOnce()
         QVERIFY2(names.contains(QString::fromLatin1(needed)), needed);
 }
 
-QTEST_GUILESS_MAIN(TestKSecurity)
+static const RegisteredTest<TestKSecurity, QCoreApplication> registered;
 #include "TestKSecurity.moc"

@@ -5,8 +5,10 @@
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/SuiteSchema.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 class TestSuiteSchema : public QObject
@@ -241,5 +243,5 @@ void TestSuiteSchema::tablesAreUtf8()
              QStringLiteral("0"));
 }
 
-QTEST_GUILESS_MAIN(TestSuiteSchema)
+static const RegisteredTest<TestSuiteSchema, QCoreApplication> registered;
 #include "TestSuiteSchema.moc"

@@ -12,8 +12,10 @@
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -307,5 +309,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestCDlgReportGenerator)
+static const RegisteredTest<TestCDlgReportGenerator, QApplication> registered;
 #include "TestCDlgReportGenerator.moc"

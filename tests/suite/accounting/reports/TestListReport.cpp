@@ -6,7 +6,9 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QtTest>
 
@@ -213,5 +215,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestListReport)
+static const RegisteredTest<TestListReport, QApplication> registered;
 #include "TestListReport.moc"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/reports/ReportGeometry.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QtTest>
 
@@ -142,5 +143,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestReportGeometry)
+static const RegisteredTest<TestReportGeometry> registered;
 #include "TestReportGeometry.moc"

@@ -5,7 +5,9 @@
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportPainter.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QPainter>
 #include <QPrinter>
@@ -437,5 +439,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestReportOutput)
+static const RegisteredTest<TestReportOutput, QApplication> registered;
 #include "TestReportOutput.moc"

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/taxfile/AccessMapping.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QDir>
 #include <QFile>
@@ -89,5 +90,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestAccessMapping)
+static const RegisteredTest<TestAccessMapping> registered;
 #include "TestAccessMapping.moc"

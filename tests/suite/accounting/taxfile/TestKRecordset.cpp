@@ -6,7 +6,9 @@
 #include "suite/accounting/taxfile/CKharid.h"
 #include "suite/accounting/taxfile/KAccessDatabase.h"
 #include "tests/support/AccessFileReader.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -350,5 +352,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestKRecordset)
+static const RegisteredTest<TestKRecordset, QCoreApplication> registered;
 #include "TestKRecordset.moc"

@@ -7,7 +7,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 
 class TestCDlgAddCompanyProps : public QObject
@@ -121,5 +123,5 @@ void TestCDlgAddCompanyProps::closedDatabaseRefuses()
     QVERIFY(CompanyDetails::read().isEmpty());
 }
 
-QTEST_MAIN(TestCDlgAddCompanyProps)
+static const RegisteredTest<TestCDlgAddCompanyProps, QApplication> registered;
 #include "TestCDlgAddCompanyProps.moc"

@@ -7,7 +7,9 @@
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -400,5 +402,5 @@ void TestCDlgAddPerson::enterWalksThroughTheForm()
     QCOMPARE(walked, expected);
 }
 
-QTEST_MAIN(TestCDlgAddPerson)
+static const RegisteredTest<TestCDlgAddPerson, QApplication> registered;
 #include "TestCDlgAddPerson.moc"

@@ -8,8 +8,10 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
@@ -413,5 +415,5 @@ void TestCDlgPersons::everyControlHasAName()
         QVERIFY(Hand::named<QPushButton>(&page, caption));
 }
 
-QTEST_MAIN(TestCDlgPersons)
+static const RegisteredTest<TestCDlgPersons, QApplication> registered;
 #include "TestCDlgPersons.moc"

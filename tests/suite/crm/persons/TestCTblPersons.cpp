@@ -3,7 +3,9 @@
 
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestCTblPersons : public QObject
@@ -218,5 +220,5 @@ void TestCTblPersons::aNewPersonIsANaturalOne()
     QCOMPARE(m_office.db.value(QStringLiteral("SELECT CONCAT(iKind,bNatural,iStatus) FROM Persons")), QStringLiteral("010"));
 }
 
-QTEST_GUILESS_MAIN(TestCTblPersons)
+static const RegisteredTest<TestCTblPersons, QCoreApplication> registered;
 #include "TestCTblPersons.moc"

@@ -5,7 +5,9 @@
 
 #include "suite/accounting/office/CTblProperties.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestCompanyDetails : public QObject
@@ -106,5 +108,5 @@ void TestCompanyDetails::name()
     QTEST(details.name(), "name");
 }
 
-QTEST_GUILESS_MAIN(TestCompanyDetails)
+static const RegisteredTest<TestCompanyDetails, QCoreApplication> registered;
 #include "TestCompanyDetails.moc"

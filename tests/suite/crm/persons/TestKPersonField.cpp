@@ -7,7 +7,9 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -203,5 +205,5 @@ void TestKPersonField::deleteKeyEmpties()
     QCOMPARE(changed.size(), 1);
 }
 
-QTEST_MAIN(TestKPersonField)
+static const RegisteredTest<TestKPersonField, QApplication> registered;
 #include "TestKPersonField.moc"

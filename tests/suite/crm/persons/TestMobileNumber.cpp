@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/crm/persons/MobileNumber.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestMobileNumber : public QObject
@@ -40,5 +42,5 @@ void TestMobileNumber::form()
     QTEST(MobileNumber::isGood(number), "good");
 }
 
-QTEST_GUILESS_MAIN(TestMobileNumber)
+static const RegisteredTest<TestMobileNumber, QCoreApplication> registered;
 #include "TestMobileNumber.moc"

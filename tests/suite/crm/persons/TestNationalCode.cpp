@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/crm/persons/NationalCode.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 using NationalCode::State;
@@ -105,5 +107,5 @@ void TestNationalCode::foreigner()
     QTEST(NationalCode::checkForeigner(code), "expected");
 }
 
-QTEST_GUILESS_MAIN(TestNationalCode)
+static const RegisteredTest<TestNationalCode, QCoreApplication> registered;
 #include "TestNationalCode.moc"

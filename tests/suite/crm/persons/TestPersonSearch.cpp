@@ -5,7 +5,9 @@
 
 #include "suite/db/CTblTemp.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 // The conditions run against the database, with rows as other programs may have written them: no standard form.
@@ -174,5 +176,5 @@ void TestPersonSearch::fiftyThousandPersonsAreSearchedUpToTheLimit()
     QCOMPARE(rows, 1000);
 }
 
-QTEST_GUILESS_MAIN(TestPersonSearch)
+static const RegisteredTest<TestPersonSearch, QCoreApplication> registered;
 #include "TestPersonSearch.moc"

@@ -3,7 +3,9 @@
 
 #include "suite/crm/reminders/AlarmFilter.h"
 #include "suite/crm/reminders/AlarmTime.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 Q_DECLARE_METATYPE(AlarmTime::Delay)
@@ -82,5 +84,5 @@ void TestAlarmTime::filterOfAUser()
     QTEST(alarmFilter({7, text, withDone}), "clauses");
 }
 
-QTEST_GUILESS_MAIN(TestAlarmTime)
+static const RegisteredTest<TestAlarmTime, QCoreApplication> registered;
 #include "TestAlarmTime.moc"

@@ -12,7 +12,9 @@
 #include "tests/suite/crm/reminders/Alarms.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QTest>
@@ -316,5 +318,5 @@ void TestCDlgAddAlarm::longDescriptionIsCutToItsColumn()
     QCOMPARE(m_office.db.value(QStringLiteral("SELECT CHAR_LENGTH(sDesc) FROM Alarms")), QStringLiteral("500"));
 }
 
-QTEST_MAIN(TestCDlgAddAlarm)
+static const RegisteredTest<TestCDlgAddAlarm, QApplication> registered;
 #include "TestCDlgAddAlarm.moc"

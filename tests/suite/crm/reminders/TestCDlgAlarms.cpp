@@ -10,7 +10,9 @@
 #include "tests/suite/crm/reminders/Alarms.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QMenu>
 #include <QPushButton>
@@ -265,5 +267,5 @@ void TestCDlgAlarms::closedDatabaseOnlyShows()
     QCOMPARE(page.list()->count(), 1);
 }
 
-QTEST_MAIN(TestCDlgAlarms)
+static const RegisteredTest<TestCDlgAlarms, QApplication> registered;
 #include "TestCDlgAlarms.moc"

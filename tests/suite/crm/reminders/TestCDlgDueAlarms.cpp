@@ -8,7 +8,9 @@
 #include "tests/suite/crm/reminders/Alarms.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QMenu>
 #include <QPushButton>
@@ -207,5 +209,5 @@ void TestCDlgDueAlarms::escCloses()
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
 }
 
-QTEST_MAIN(TestCDlgDueAlarms)
+static const RegisteredTest<TestCDlgDueAlarms, QApplication> registered;
 #include "TestCDlgDueAlarms.moc"

@@ -8,7 +8,9 @@
 #include "tests/support/ObservedStatements.h"
 #include "tests/suite/crm/reminders/Alarms.h"
 #include "tests/suite/crm/Office.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QTest>
 
 class TestCTblAlarm : public QObject
@@ -208,5 +210,5 @@ void TestCTblAlarm::isDueByTheMinute()
     QVERIFY(!alarm.isDue(QDateTime(QDate(2026, 1, 1), QTime(10, 0), Qt::UTC)));
 }
 
-QTEST_MAIN(TestCTblAlarm)
+static const RegisteredTest<TestCTblAlarm, QApplication> registered;
 #include "TestCTblAlarm.moc"

@@ -4,7 +4,9 @@
 #include "suite/utility/documents/KMSWord.h"
 
 #include "tests/suite/utility/documents/DocxMaker.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -87,5 +89,5 @@ void TestFilledElsewhere::documentWithSplitInstructions()
     QVERIFY2(text.contains(QStringLiteral("Plates IR-77\n12-345 end")), qUtf8Printable(text));
 }
 
-QTEST_GUILESS_MAIN(TestFilledElsewhere)
+static const RegisteredTest<TestFilledElsewhere, QCoreApplication> registered;
 #include "TestFilledElsewhere.moc"

@@ -4,7 +4,9 @@
 #include "suite/utility/documents/KMSWord.h"
 
 #include "tests/suite/utility/documents/DocxMaker.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -443,5 +445,5 @@ void TestKMSWord::mailMergeSourceGoes()
     QVERIFY(saved("[Content_Types].xml").contains("settings+xml"));
 }
 
-QTEST_GUILESS_MAIN(TestKMSWord)
+static const RegisteredTest<TestKMSWord, QCoreApplication> registered;
 #include "TestKMSWord.moc"

@@ -4,7 +4,9 @@
 #include "suite/utility/documents/KMSWord.h"
 
 #include "tests/suite/utility/documents/DocxMaker.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
@@ -216,5 +218,5 @@ void TestKMSWordRefusals::aRefusalClosesWhatWasOpen()
     QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("result.docx"))));
 }
 
-QTEST_GUILESS_MAIN(TestKMSWordRefusals)
+static const RegisteredTest<TestKMSWordRefusals, QCoreApplication> registered;
 #include "TestKMSWordRefusals.moc"

@@ -4,7 +4,9 @@
 #include "suite/utility/documents/KMSWord.h"
 
 #include "tests/suite/utility/documents/DocxMaker.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -164,5 +166,5 @@ void TestKMSWordSaving::savedTwice()
     QCOMPARE(D::part(m_out + QStringLiteral("/a.docx"), "word/document.xml"), D::part(m_out + QStringLiteral("/b.docx"), "word/document.xml"));
 }
 
-QTEST_GUILESS_MAIN(TestKMSWordSaving)
+static const RegisteredTest<TestKMSWordSaving, QCoreApplication> registered;
 #include "TestKMSWordSaving.moc"

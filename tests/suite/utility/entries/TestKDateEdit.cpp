@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -531,5 +532,5 @@ void TestKDateEdit::digitsReadLeftToRight()
         QVERIFY(c.unicode() < 128);
 }
 
-QTEST_MAIN(TestKDateEdit)
+static const RegisteredTest<TestKDateEdit, QApplication> registered;
 #include "TestKDateEdit.moc"

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "suite/utility/values/Money.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -524,5 +525,5 @@ void TestKEdit::textStandsAtTheFormsSideWhateverItIs()
         QVERIFY2(ends(text).first < 20, qPrintable(text));
 }
 
-QTEST_MAIN(TestKEdit)
+static const RegisteredTest<TestKEdit, QApplication> registered;
 #include "TestKEdit.moc"

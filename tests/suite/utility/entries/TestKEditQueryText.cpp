@@ -3,8 +3,10 @@
 
 #include "suite/utility/entries/KEdit.h"
 
+#include <QApplication>
 #include <QTest>
 
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
 // What the server makes of a database query field, asked of the server itself.
@@ -64,5 +66,5 @@ void TestKEditQueryText::findsExactlyWhatWasTyped()
           "found");
 }
 
-QTEST_MAIN(TestKEditQueryText)
+static const RegisteredTest<TestKEditQueryText, QApplication> registered;
 #include "TestKEditQueryText.moc"

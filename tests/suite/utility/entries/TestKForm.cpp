@@ -8,6 +8,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "tests/suite/db/SampleRecord.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QApplication>
@@ -428,5 +429,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestKForm)
+static const RegisteredTest<TestKForm, QApplication> registered;
 #include "TestKForm.moc"

@@ -6,9 +6,11 @@
 #include "suite/db/KMySQL.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QGridLayout>
@@ -257,6 +259,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestKFormInUse)
+static const RegisteredTest<TestKFormInUse, QApplication> registered;
 
 #include "TestKFormInUse.moc"

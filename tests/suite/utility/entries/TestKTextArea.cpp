@@ -3,6 +3,7 @@
 
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/entries/KTextArea.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -251,5 +252,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestKTextArea)
+static const RegisteredTest<TestKTextArea, QApplication> registered;
 #include "TestKTextArea.moc"

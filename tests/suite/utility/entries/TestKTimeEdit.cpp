@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/entries/KTimeEdit.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -86,5 +87,5 @@ void TestKTimeEdit::wheelCountsOnlyWithTheFocus()
     QCOMPARE(edit.time(), QTime(10, 5));
 }
 
-QTEST_MAIN(TestKTimeEdit)
+static const RegisteredTest<TestKTimeEdit, QApplication> registered;
 #include "TestKTimeEdit.moc"

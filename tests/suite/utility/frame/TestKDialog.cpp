@@ -3,6 +3,7 @@
 
 #include "suite/utility/frame/KDialog.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -18,6 +19,7 @@
 
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/values/KSettings.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -328,5 +330,5 @@ void TestKDialog::nothingIsKeptWithoutAName()
     QCOMPARE(ReadSetting(QString(), QStringLiteral("iWidth"), -1), -1);
 }
 
-QTEST_MAIN(TestKDialog)
+static const RegisteredTest<TestKDialog, QApplication> registered;
 #include "TestKDialog.moc"

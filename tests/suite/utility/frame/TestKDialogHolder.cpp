@@ -3,6 +3,7 @@
 
 #include "suite/utility/frame/KDialogHolder.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -10,6 +11,7 @@
 #include <QTimer>
 
 #include "suite/utility/frame/KDialogTabPage.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -138,5 +140,5 @@ void TestKDialogHolder::aPageAllowsEverythingAtFirst()
     QCOMPARE(page.title(), QString());
 }
 
-QTEST_MAIN(TestKDialogHolder)
+static const RegisteredTest<TestKDialogHolder, QApplication> registered;
 #include "TestKDialogHolder.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/frame/KProcess.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -76,5 +78,5 @@ void TestKProcess::aProgramThatIsNotThere()
     QVERIFY(!KProcess::Execute(m_folder.filePath(QStringLiteral("no-such-program")), QStringLiteral("x")));
 }
 
-QTEST_MAIN(TestKProcess)
+static const RegisteredTest<TestKProcess, QApplication> registered;
 #include "TestKProcess.moc"

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/frame/KTabPageButtons.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -264,5 +266,5 @@ void TestKTabPageButtons::buttonsComeBeforeThePagesWithTab()
     QVERIFY(m_tabs->button(1)->hasFocus());
 }
 
-QTEST_MAIN(TestKTabPageButtons)
+static const RegisteredTest<TestKTabPageButtons, QApplication> registered;
 #include "TestKTabPageButtons.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/frame/KWaitCursor.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QTest>
@@ -49,5 +51,5 @@ void TestKWaitCursor::goesWithAnException()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
-QTEST_MAIN(TestKWaitCursor)
+static const RegisteredTest<TestKWaitCursor, QApplication> registered;
 #include "TestKWaitCursor.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/frame/TabOrder.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -56,5 +58,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestTabOrder)
+static const RegisteredTest<TestTabOrder, QApplication> registered;
 #include "TestTabOrder.moc"

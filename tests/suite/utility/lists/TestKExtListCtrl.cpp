@@ -19,6 +19,7 @@
 
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -491,5 +492,5 @@ void TestKExtListCtrl::tenThousandRows()
     QVERIFY(m_list->viewport()->rect().intersects(m_list->visualRect(m_list->listModel()->index(9999, 0))));
 }
 
-QTEST_MAIN(TestKExtListCtrl)
+static const RegisteredTest<TestKExtListCtrl, QApplication> registered;
 #include "TestKExtListCtrl.moc"

@@ -5,8 +5,10 @@
 
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/entries/KEdit.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -390,5 +392,5 @@ void TestKLinesView::entryLinesHaveTheirColumnsName()
     }
 }
 
-QTEST_MAIN(TestKLinesView)
+static const RegisteredTest<TestKLinesView, QApplication> registered;
 #include "TestKLinesView.moc"

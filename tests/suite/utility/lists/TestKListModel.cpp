@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/lists/KListModel.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QDate>
 #include <QSignalSpy>
 #include <QSortFilterProxyModel>
@@ -259,5 +261,5 @@ void TestKListModel::rowsThatStandOut()
     QVERIFY(!model.index(2, 1).data(Qt::ForegroundRole).isValid());
 }
 
-QTEST_MAIN(TestKListModel)
+static const RegisteredTest<TestKListModel, QApplication> registered;
 #include "TestKListModel.moc"

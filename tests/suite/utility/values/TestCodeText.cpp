@@ -3,6 +3,7 @@
 
 #include "suite/utility/values/CodeText.h"
 #include "suite/utility/entries/KEdit.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -174,6 +175,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestCodeText)
+static const RegisteredTest<TestCodeText, QApplication> registered;
 
 #include "TestCodeText.moc"

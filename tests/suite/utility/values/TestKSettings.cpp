@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/values/KSettings.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -154,5 +156,5 @@ void TestKSettings::anEmptyPathIsTheUsersOwnFile()
     QVERIFY(settingsFile().startsWith(folder));
 }
 
-QTEST_GUILESS_MAIN(TestKSettings)
+static const RegisteredTest<TestKSettings, QCoreApplication> registered;
 #include "TestKSettings.moc"

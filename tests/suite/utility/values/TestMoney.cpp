@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/values/Money.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 #include <limits>
@@ -248,5 +250,5 @@ void TestMoney::nothingInWords()
     QCOMPARE(amountInWords(amount), QString());
 }
 
-QTEST_GUILESS_MAIN(TestMoney)
+static const RegisteredTest<TestMoney, QCoreApplication> registered;
 #include "TestMoney.moc"

@@ -4,7 +4,9 @@
 #include "suite/utility/values/Provinces.h"
 
 #include "suite/utility/values/TextStandard.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QSet>
 #include <QTest>
 
@@ -70,6 +72,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestProvinces)
+static const RegisteredTest<TestProvinces, QApplication> registered;
 
 #include "TestProvinces.moc"

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 #include <cmath>
@@ -340,5 +342,5 @@ void TestShamsiDate::dateToSql()
     QCOMPARE(inPersian, sql);
 }
 
-QTEST_GUILESS_MAIN(TestShamsiDate)
+static const RegisteredTest<TestShamsiDate, QCoreApplication> registered;
 #include "TestShamsiDate.moc"

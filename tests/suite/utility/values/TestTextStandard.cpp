@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/values/TextStandard.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestTextStandard : public QObject
@@ -117,5 +119,5 @@ void TestTextStandard::digits()
     QCOMPARE(toAsciiDigits(QStringLiteral("۰۱۲۳۴۵۶۷۸۹٠١٢٣٤٥٦٧٨٩")), QStringLiteral("01234567890123456789"));
 }
 
-QTEST_GUILESS_MAIN(TestTextStandard)
+static const RegisteredTest<TestTextStandard, QCoreApplication> registered;
 #include "TestTextStandard.moc"

@@ -7,6 +7,7 @@
 #include "auto/cars/demands/editor/DemandReminder.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilDemands.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
@@ -23,6 +24,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -776,8 +778,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilDemand>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilDemand, KApplication> registered;
 #include "TestCDlgAddAutomobilDemand.moc"

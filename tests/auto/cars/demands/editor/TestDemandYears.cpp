@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/demands/editor/DemandYears.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -41,5 +42,5 @@ void TestDemandYears::years()
     QTEST(areDemandYears(from, upTo), "accepted");
 }
 
-QTEST_APPLESS_MAIN(TestDemandYears)
+static const RegisteredTest<TestDemandYears> registered;
 #include "TestDemandYears.moc"

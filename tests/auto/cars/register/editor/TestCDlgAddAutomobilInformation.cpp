@@ -3,12 +3,14 @@
 
 #include "auto/cars/matching/CDlgMatches.h"
 #include "auto/db/CTblAutomobilDemands.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/auto/cars/register/editor/CarEditorOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -679,9 +681,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilInformation>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilInformation, KApplication> registered;
 
 #include "TestCDlgAddAutomobilInformation.moc"

@@ -5,12 +5,14 @@
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/catalog/CatalogEntries.h"
 #include "auto/catalog/CatalogPanel.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/cars/register/editor/CarEditorOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QBuffer>
 #include <QSignalSpy>
@@ -721,9 +723,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilInformationBase>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilInformationBase, KApplication> registered;
 
 #include "TestCDlgAddAutomobilInformationBase.moc"

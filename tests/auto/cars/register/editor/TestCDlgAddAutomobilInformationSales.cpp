@@ -4,10 +4,12 @@
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilTariffs.h"
+#include "suite/accounting/frame/KApplication.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/cars/register/editor/CarEditorOffice.h"
+#include "tests/support/RegisteredTest.h"
 
 namespace {
 
@@ -342,9 +344,6 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    return runOfficeTest<TestCDlgAddAutomobilInformationSales>(argc, argv);
-}
+static const RegisteredTest<TestCDlgAddAutomobilInformationSales, KApplication> registered;
 
 #include "TestCDlgAddAutomobilInformationSales.moc"

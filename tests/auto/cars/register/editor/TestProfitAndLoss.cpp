@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/register/editor/ProfitAndLoss.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 class TestProfitAndLoss : public QObject
@@ -42,6 +44,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProfitAndLoss)
+static const RegisteredTest<TestProfitAndLoss, QCoreApplication> registered;
 
 #include "TestProfitAndLoss.moc"

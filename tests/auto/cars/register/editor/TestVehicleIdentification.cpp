@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/register/editor/VehicleIdentification.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 using VehicleIdentification::State;
@@ -74,6 +76,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestVehicleIdentification)
+static const RegisteredTest<TestVehicleIdentification, QCoreApplication> registered;
 
 #include "TestVehicleIdentification.moc"

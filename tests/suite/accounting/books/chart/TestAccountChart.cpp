@@ -8,7 +8,9 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 #include <functional>
@@ -252,5 +254,5 @@ void TestAccountChart::nameOfEveryLevel()
     QVERIFY(AccountChart::nameOf(9999).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestAccountChart)
+static const RegisteredTest<TestAccountChart, QCoreApplication> registered;
 #include "TestAccountChart.moc"

@@ -4,7 +4,9 @@
 #include "suite/accounting/books/chart/AccountCode.h"
 
 #include "suite/accounting/books/chart/Accounts.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 class TestAccountCode : public QObject
@@ -134,5 +136,5 @@ void TestAccountCode::natureOfABalance()
     QTEST((AccountBalance{bed, bes}.nature()), "nature");
 }
 
-QTEST_GUILESS_MAIN(TestAccountCode)
+static const RegisteredTest<TestAccountCode, QCoreApplication> registered;
 #include "TestAccountCode.moc"
