@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/entries/FieldLabel.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -94,5 +96,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(TestFieldLabel)
+static const RegisteredTest<TestFieldLabel, QApplication> registered;
 #include "TestFieldLabel.moc"
