@@ -118,11 +118,12 @@ function(tz_suite_library name)
     install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
 
-# tz_tests([NAME name] [SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every Test*.cpp of the
-# folder, or those given, go into one test program of the folder; ctest starts it once for each test class, which has the name
-# of its file. LABELS are those of each test. Called again, with a name, it takes what the calls before it have left.
+# tz_tests([NAME name] [PCH PCH] [SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every
+# Test*.cpp of the folder, or those given, go into one test program of the folder; ctest starts it once for each test class,
+# which has the name of its file. LABELS are those of each test. Called again, with a name, it takes what the calls before it
+# have left. What links no windows says PCH TzCoreTestPch.
 function(tz_tests)
-    cmake_parse_arguments(arg "" "NAME" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
+    cmake_parse_arguments(arg "" "NAME;PCH" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
     get_property(taken GLOBAL PROPERTY TZ_TAKEN_TESTS)
     if(arg_SOURCES)
         list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
@@ -144,7 +145,10 @@ function(tz_tests)
     if(arg_DEPENDS)
         add_dependencies(${program} ${arg_DEPENDS})
     endif()
-    tz_use_pch(${program} TzTestPch)
+    if(NOT arg_PCH)
+        set(arg_PCH TzTestPch)
+    endif()
+    tz_use_pch(${program} ${arg_PCH})
 
     set(names "")
     foreach(source IN LISTS arg_SOURCES)
