@@ -22,27 +22,10 @@ RecordBulkInsert::~RecordBulkInsert() = default;
 
 QByteArray RecordBulkInsert::literal(const KMySQL::Column &column) const
 {
-    KConnection &connection = KConnection::forThread(m_record.database());
-    switch (column.kind) {
-    case KMySQL::ColumnKind::Long:
-    case KMySQL::ColumnKind::Bool:
-        return QByteArray::number(*static_cast<const qint32 *>(column.member));
-    case KMySQL::ColumnKind::Double:
-        return QByteArray::number(*static_cast<const double *>(column.member), 'g', 17);
-    case KMySQL::ColumnKind::Text: {
-        const QString &text = *static_cast<const QString *>(column.member);
-        return text.isEmpty() ? QByteArrayLiteral("NULL") : connection.quoted(text);
-    }
-    case KMySQL::ColumnKind::Date: {
-        const QDateTime &date = *static_cast<const QDateTime *>(column.member);
-        return date.isValid() ? date.toString(QStringLiteral("''yyyy-MM-dd HH:mm:ss''")).toLatin1() : QByteArrayLiteral("NULL");
-    }
-    case KMySQL::ColumnKind::LongBlob: {
-        const auto *binary = static_cast<const KLongBinary *>(column.member);
-        return binary->isEmpty() ? QByteArrayLiteral("NULL") : connection.quoted(binary->data);
-    }
-    }
-    Q_UNREACHABLE();
+    const bool isNumber = std::holds_alternative<qint32 *>(column.member) || std::holds_alternative<double *>(column.member);
+    if (!isNumber && column.isEmpty())
+        return QByteArrayLiteral("NULL");
+    return column.literal(KConnection::forThread(m_record.database()));
 }
 
 void RecordBulkInsert::add()

@@ -4,9 +4,11 @@
 #pragma once
 
 #include "suite/db/CMySQLException.h"
+#include "suite/db/KColumns.h"
 #include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
 #include "suite/db/KLookup.h"
+#include "suite/db/KStatementResult.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -25,26 +27,8 @@
 class TZDB_EXPORT KMySQL
 {
 public:
-    enum class ColumnKind {
-        Long,
-        Text,
-        Date,
-        Double,
-        Bool,
-        LongBlob
-    };
-
-    // A column as DoFieldExchange declared it. Names are compared exactly.
-    struct Column
-    {
-        QString name;
-        ColumnKind kind;
-        void *member;
-        QString caption;
-        QString lookupTable;
-        QString lookupKey;
-        QString lookupDisplay;
-    };
+    using Column = KColumn;
+    using ColumnKind = KColumn::Kind;
 
     // Condition after WHERE, without that word; empty: all rows. Columns after ORDER BY; empty: no order.
     // Both are read by Open and Requery.
@@ -100,6 +84,8 @@ protected:
     // What stands after FROM; a derived class that reads a joined view overrides it.
     virtual QString fromClause() const;
 
+    // The bindings that follow are of this alias of the FROM clause: "ai" makes "ai.iCode" of iCode. Empty: no alias.
+    void setAlias(QStringView alias);
     // Where the names behind a column's keys stand, for a column whose binding offers no lookup: KLookup finds them by it,
     // while forms, captions and statements stay as without it. In DoFieldExchange, beside the binding of the column.
     void namesFrom(QStringView column, QStringView table, QStringView key, QStringView display);
@@ -162,7 +148,7 @@ private:
         Add,
         Edit
     };
-    void bind(QStringView column, ColumnKind kind, void *member, QStringView caption, QStringView lookupTable,
+    void bind(QStringView column, ColumnKind kind, Column::Member member, QStringView caption, QStringView lookupTable,
               QStringView lookupKey, QStringView lookupDisplay);
     void ensureBound();
     KConnection &connection() const;
@@ -170,24 +156,14 @@ private:
     void select(const QByteArray &statement);
     bool fetchRow();
     void resetMembers();
-    std::vector<QVariant> snapshot() const;
-    void restore(const std::vector<QVariant> &values);
-    void checkText(const Column &column, const QString &text) const;
-    [[noreturn]] static void refuse(const Column &column, CMySQLException::Category category, const char *why);
     QByteArray literal(const Column &column) const;
     void insertRow();
     void updateRow();
-    qint32 currentKey() const;
     int keepResult(KConnection::Result result);
-    void fetchResultRow();
-    const char *resultCell(int column, unsigned long *length) const;
     [[noreturn]] void raiseNoRow(const char *operation) const;
 
     int m_database;
-    std::vector<Column> m_columns;
-    std::vector<std::pair<QString, KLookup::Source>> m_nameSources; // what namesFrom said, by column
-    std::vector<int> m_selected; // positions in m_columns, in the order of the result
-    QStringList m_subset;
+    KColumns m_columns;
     KConnection::Result m_rows; // rows of Open and Requery
     qint64 m_count = 0;
     bool m_atEnd = true;
@@ -197,7 +173,5 @@ private:
     bool m_hadValues = false;       // m_hasValues at that time
     qint64 m_limit = 0;
     quint64 m_lastInsertedId = 0;
-    KConnection::Result m_result; // rows of the last free statement
-    char **m_resultRow = nullptr;
-    const unsigned long *m_resultLengths = nullptr;
+    KStatementResult m_result; // of the last free statement
 };

@@ -75,10 +75,8 @@ bool CTblPersons::Update(bool bThrow)
 void CTblPersons::standardize()
 {
     for (const Column &column : columns()) {
-        if (column.kind == ColumnKind::Text) {
-            auto *text = static_cast<QString *>(column.member);
-            *text = ConvertToStandard(*text);
-        }
+        if (auto *const *text = std::get_if<QString *>(&column.member))
+            **text = ConvertToStandard(**text);
     }
     if (const QString composed = displayName(m_sName, m_sFamily); !composed.isEmpty())
         m_sName2 = composed;
