@@ -32,7 +32,9 @@ KTransaction::~KTransaction()
     }
     try {
         // After a lost connection the server has rolled back already. After a deadlock of its own it has too, but an error
-        // of that number can also be raised by a trigger, and then it has not.
+        // of that number can also be raised by a trigger, and then it has not. Either way this one statement is let through
+        // and the session lives on: a replay finds in it what it had.
+        m_connection.m_rolledBack = false;
         if (m_connection.m_handle)
             m_connection.run(QByteArrayLiteral("ROLLBACK"));
     } catch (const CMySQLException &) {
