@@ -12,9 +12,6 @@
 
 namespace {
 
-// A connection that stood idle this long is asked whether it still answers before a person's next operation.
-constexpr qint64 idleMilliseconds = 30'000;
-
 struct Profile
 {
     KConnectionSettings settings;
@@ -192,7 +189,7 @@ st_mysql *KConnection::handle()
 
 void KConnection::verify()
 {
-    if (!m_handle || inTransaction() || m_idle.elapsed() < idleMilliseconds)
+    if (!m_handle || inTransaction() || m_idle.elapsed() < qint64{1000} * m_settings.idleSeconds)
         return;
     if (mysql_ping(m_handle) != 0)
         close();

@@ -25,6 +25,7 @@ struct KConnectionSettings
     bool useTls = false; // with host: refuse a server that does not prove who it is
     QString caFile;      // certificate authority for useTls; empty: the system's
     int connectTimeoutSeconds = 10;
+    int idleSeconds = 30; // verify() asks a connection that stood idle this long
 };
 
 // One connection to the server, used by one thread. The session is set up at connect: utf8mb4 on the wire, strict

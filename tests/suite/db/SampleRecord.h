@@ -8,6 +8,8 @@
 #include "suite/db/KMySQL.h"
 #include "suite/db/KTableSchema.h"
 
+#include <thread>
+
 // A small table with a column of every kind, for the tests of the record-set base.
 class SampleRecord : public KMySQL, public KLiveCount<SampleRecord>
 {
@@ -53,3 +55,33 @@ protected:
         RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     }
 };
+
+inline qint32 addSample(const QString &name, double amount = 0)
+{
+    SampleRecord record;
+    record.Open(true, false, true);
+    record.AddNew();
+    record.m_sName = name;
+    record.m_dAmount = amount;
+    record.Update(true);
+    return static_cast<qint32>(record.GetLastInsertedID());
+}
+
+// Of the calling thread's connection.
+inline int connectionId()
+{
+    CTblTemp temp;
+    temp.Open(false, false, true);
+    temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
+    return temp.GetLongFieldValue(0);
+}
+
+// From another connection; the client learns of it with its next statement.
+inline void killConnection(int id)
+{
+    std::thread([id] {
+        CTblTemp killer;
+        killer.Open(false, false, true);
+        killer.FormatAndExecuteQuery("KILL %d", id);
+    }).join();
+}

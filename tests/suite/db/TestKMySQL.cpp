@@ -1,51 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tests/suite/db/RaisedCategory.h"
 #include "tests/suite/db/SampleRecord.h"
 #include "tests/support/TestDatabase.h"
 
 #include "suite/db/KLookup.h"
-#include "suite/db/KTransaction.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCoreApplication>
 #include <QTest>
 
-#include <future>
 #include <limits>
 #include <mysql.h>
 #include <thread>
 
-using Category = CMySQLException::Category;
-
 namespace {
-
-// The category that work raises; nothing when it raises nothing, so that a wanted category is never met by accident.
-template <class Work>
-std::optional<Category> raisedCategory(Work work, QString *caption = nullptr, QString *message = nullptr)
-{
-    try {
-        work();
-    } catch (const CMySQLException &error) {
-        if (caption)
-            *caption = error.columnCaption();
-        if (message)
-            *message = error.userMessage();
-        return error.category();
-    }
-    return std::nullopt;
-}
-
-qint32 addSample(const QString &name, double amount = 0)
-{
-    SampleRecord record;
-    record.Open(true, false, true);
-    record.AddNew();
-    record.m_sName = name;
-    record.m_dAmount = amount;
-    record.Update(true);
-    return static_cast<qint32>(record.GetLastInsertedID());
-}
 
 QStringList observed(const std::function<void()> &work)
 {
@@ -385,168 +355,6 @@ private Q_SLOTS:
         QVERIFY(record.Update(true));
     }
 
-    void lostConnectionEndsTheOperationAndTheNextOneConnectsAnew()
-    {
-        addSample(QStringLiteral("a"));
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
-        const int id = temp.GetLongFieldValue(0);
-        std::thread([id] {
-            CTblTemp killer;
-            killer.Open(false, false, true);
-            killer.FormatAndExecuteQuery("KILL %d", id);
-        }).join();
-        SampleRecord record;
-        QCOMPARE(raisedCategory([&] { record.Open(false, true, true); }), Category::ConnectionLost);
-        QVERIFY(record.Open(false, true, true));
-        QCOMPARE(record.GetRecordsCount(), 1);
-    }
-
-    void connectionLostWithinATransactionDoesNotComeBackInTheMiddle()
-    {
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
-        const int id = temp.GetLongFieldValue(0);
-        {
-            KTransaction transaction;
-            addSample(QStringLiteral("first"));
-            std::thread([id] {
-                CTblTemp killer;
-                killer.Open(false, false, true);
-                killer.FormatAndExecuteQuery("KILL %d", id);
-            }).join();
-            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("second")); }), Category::ConnectionLost);
-            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("third")); }), Category::ConnectionLost);
-            QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::ConnectionLost);
-        }
-        SampleRecord record;
-        record.Open(true, true, true);
-        QCOMPARE(record.GetRecordsCount(), 0);
-    }
-
-    void lockConflictHasItsCategory()
-    {
-        const qint32 key = addSample(QStringLiteral("a"));
-        KTransaction holder;
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", key);
-        std::optional<Category> category;
-        std::thread([&] {
-            category = raisedCategory([&] {
-                CTblTemp other;
-                other.Open(false, false, true);
-                other.ExecuteQuery("SET SESSION innodb_lock_wait_timeout=1", true, true);
-                other.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", key);
-            });
-        }).join();
-        QCOMPARE(category, Category::LockConflict);
-    }
-
-    // The server itself rolls a deadlock's victim back, whole. What ran after it would be saved on its own.
-    void deadlockEndsTheTransactionAlsoForWhoeverPassesOverIt()
-    {
-        const qint32 mine = addSample(QStringLiteral("mine"));
-        const qint32 theirs = addSample(QStringLiteral("theirs"));
-        KTransaction transaction;
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", mine);
-        std::promise<void> locked;
-        std::thread other([&] {
-            KTransaction heavier;
-            CTblTemp statement;
-            statement.Open(false, false, true);
-            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", theirs);
-            // Who has written less is the victim.
-            statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
-            locked.set_value();
-            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", mine);
-            heavier.commit();
-        });
-        locked.get_future().wait();
-        const auto category =
-            raisedCategory([&] { temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", theirs); });
-        other.join();
-        QCOMPARE(category, Category::LockConflict);
-        QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("after")); }), Category::LockConflict);
-        QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::LockConflict);
-        SampleRecord record;
-        record.m_filter = QStringLiteral("sName='after'");
-        std::thread([&] {
-            record.Open(true, true, true);
-            KConnection::closeThreadConnections();
-        }).join();
-        QCOMPARE(record.GetRecordsCount(), 0);
-    }
-
-    void transactionRollsBackUnlessCommitted()
-    {
-        {
-            KTransaction transaction;
-            addSample(QStringLiteral("a"));
-        }
-        {
-            KTransaction transaction;
-            addSample(QStringLiteral("b"));
-            transaction.commit();
-        }
-        SampleRecord record;
-        record.Open(true, true, true);
-        QCOMPARE(record.GetRecordsCount(), 1);
-        QCOMPARE(record.m_sName, QStringLiteral("b"));
-    }
-
-    void innerGuardThatIsNotCommittedDoomsTheWhole()
-    {
-        {
-            KTransaction outer;
-            addSample(QStringLiteral("a"));
-            {
-                KTransaction inner;
-                addSample(QStringLiteral("b"));
-            }
-            QVERIFY(raisedCategory([&] { outer.commit(); }).has_value());
-        }
-        SampleRecord record;
-        record.Open(true, true, true);
-        QCOMPARE(record.GetRecordsCount(), 0);
-    }
-
-    void replayableWorkRunsAgainAfterALockConflictFiveTimesAtMost_data()
-    {
-        QTest::addColumn<int>("conflicts");
-        QTest::addColumn<int>("runs");
-        QTest::addColumn<bool>("done");
-        QTest::newRow("none") << 0 << 1 << true;
-        QTest::newRow("two") << 2 << 3 << true;
-        QTest::newRow("five") << 5 << 6 << true;
-        QTest::newRow("six are too many") << 6 << 6 << false;
-    }
-
-    void replayableWorkRunsAgainAfterALockConflictFiveTimesAtMost()
-    {
-        QFETCH(int, conflicts);
-        QFETCH(int, runs);
-        QFETCH(bool, done);
-        int run = 0;
-        const auto category = raisedCategory([&] {
-            KTransaction::runReplayable([&] {
-                ++run;
-                addSample(QStringLiteral("a"));
-                if (run <= conflicts)
-                    throw CMySQLException(Category::LockConflict, 1213, QStringLiteral("deadlock"));
-            });
-        });
-        QCOMPARE(run, runs);
-        QCOMPARE(!category.has_value(), done);
-        SampleRecord record;
-        record.Open(true, true, true);
-        QCOMPARE(record.GetRecordsCount(), done ? 1 : 0);
-    }
-
     void badStatementHasItsCategory()
     {
         CTblTemp temp;
@@ -556,17 +364,6 @@ private Q_SLOTS:
         SampleRecord record;
         record.m_filter = QStringLiteral("noColumn=1");
         QVERIFY(!record.Open(true, true, false));
-    }
-
-    void secondStatementAfterASemicolonIsNeverRun()
-    {
-        addSample(QStringLiteral("a"));
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT 1; DELETE FROM Samples", true, true); }), Category::BadStatement);
-        SampleRecord record;
-        record.Open(true, true, true);
-        QCOMPARE(record.GetRecordsCount(), 1);
     }
 
     void schemaAlreadySoIsPassedOverOnlyWithTheFirstFlagFalse()
@@ -742,52 +539,6 @@ private Q_SLOTS:
         record.AddNew();
         record.m_dAmount = std::numeric_limits<double>::infinity();
         QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::ValueTooLong);
-    }
-
-    void eachThreadHasItsOwnConnection()
-    {
-        auto connectionId = [] {
-            CTblTemp temp;
-            temp.Open(false, false, true);
-            temp.ExecuteQuery("SELECT CONNECTION_ID()", true, true);
-            return temp.GetLongFieldValue(0);
-        };
-        const int mine = connectionId();
-        int theirs = 0;
-        std::thread([&] { theirs = connectionId(); }).join();
-        QVERIFY(theirs != 0);
-        QVERIFY(mine != theirs);
-        QCOMPARE(connectionId(), mine);
-    }
-
-    void connectionNeitherComesBackByItselfNorReadsLocalFiles()
-    {
-        MYSQL *handle = KConnection::forThread(0).handle();
-        my_bool reconnects = 1;
-        unsigned int readsFiles = 1;
-        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_RECONNECT, &reconnects), 0);
-        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_LOCAL_INFILE, &readsFiles), 0);
-        QCOMPARE(int(reconnects), 0);
-        QCOMPARE(readsFiles, 0U);
-    }
-
-    void sessionIsStrictAndSpeaksUtf8mb4()
-    {
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.ExecuteQuery("SELECT @@SESSION.sql_mode,@@SESSION.character_set_client,@@SESSION.character_set_results", true, true);
-        QVERIFY(temp.GetTextFieldValue(0).contains(QStringLiteral("STRICT_TRANS_TABLES")));
-        QVERIFY(!temp.GetTextFieldValue(0).contains(QStringLiteral("ONLY_FULL_GROUP_BY")));
-        QCOMPARE(temp.GetTextFieldValue(1), QStringLiteral("utf8mb4"));
-        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
-    }
-
-    void sessionJoinsWithoutABufferWhereTheServerHasOne()
-    {
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.ExecuteQuery("SELECT @@SESSION.join_cache_level", true, true);
-        QCOMPARE(temp.GetLongFieldValue(0), 0);
     }
 };
 

@@ -1,0 +1,270 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/suite/db/RaisedCategory.h"
+#include "tests/suite/db/SampleRecord.h"
+#include "tests/support/RegisteredTest.h"
+#include "tests/support/TestDatabase.h"
+
+#include "suite/db/KTransaction.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include <future>
+#include <mysql.h>
+#include <thread>
+
+class TestKConnection : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+
+private Q_SLOTS:
+    void init() { SampleRecord::createTable(); }
+    void cleanup() { KConnection::configure(0, m_database.settings()); }
+
+    void lostConnectionEndsTheOperationAndTheNextOneConnectsAnew()
+    {
+        addSample(QStringLiteral("a"));
+        killConnection(connectionId());
+        SampleRecord record;
+        QCOMPARE(raisedCategory([&] { record.Open(false, true, true); }), Category::ConnectionLost);
+        QVERIFY(record.Open(false, true, true));
+        QCOMPARE(record.GetRecordsCount(), 1);
+    }
+
+    void secondStatementAfterASemicolonIsNeverRun()
+    {
+        addSample(QStringLiteral("a"));
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT 1; DELETE FROM Samples", true, true); }), Category::BadStatement);
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 1);
+    }
+
+    void eachThreadHasItsOwnConnection()
+    {
+        const int mine = connectionId();
+        int theirs = 0;
+        std::thread([&] { theirs = connectionId(); }).join();
+        QVERIFY(theirs != 0);
+        QVERIFY(mine != theirs);
+        QCOMPARE(connectionId(), mine);
+    }
+
+    void connectionNeitherComesBackByItselfNorReadsLocalFiles()
+    {
+        MYSQL *handle = KConnection::forThread(0).handle();
+        my_bool reconnects = 1;
+        unsigned int readsFiles = 1;
+        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_RECONNECT, &reconnects), 0);
+        QCOMPARE(mysql_get_optionv(handle, MYSQL_OPT_LOCAL_INFILE, &readsFiles), 0);
+        QCOMPARE(int(reconnects), 0);
+        QCOMPARE(readsFiles, 0U);
+    }
+
+    void sessionIsStrictAndSpeaksUtf8mb4()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT @@SESSION.sql_mode,@@SESSION.character_set_client,@@SESSION.character_set_results", true, true);
+        QVERIFY(temp.GetTextFieldValue(0).contains(QStringLiteral("STRICT_TRANS_TABLES")));
+        QVERIFY(!temp.GetTextFieldValue(0).contains(QStringLiteral("ONLY_FULL_GROUP_BY")));
+        QCOMPARE(temp.GetTextFieldValue(1), QStringLiteral("utf8mb4"));
+        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
+    }
+
+    void sessionJoinsWithoutABufferWhereTheServerHasOne()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery("SELECT @@SESSION.join_cache_level", true, true);
+        QCOMPARE(temp.GetLongFieldValue(0), 0);
+    }
+
+    void quotedTextComesBackAsItWas_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("quotes") << QStringLiteral(R"('a' "b" `c`)");
+        QTest::newRow("backslashes") << QStringLiteral(R"(\ \\ \n \')");
+        QTest::newRow("line ends") << QStringLiteral("a\r\nb\n");
+        QTest::newRow("a zero and the end of file") << QStringLiteral("a") + QChar(0) + QStringLiteral("b") + QChar(26);
+        QTest::newRow("percent and underscore") << QStringLiteral("50% _");
+        QTest::newRow("a condition") << QStringLiteral("' OR '1'='1");
+        QTest::newRow("persian") << QStringLiteral("پژو ۲۰۶، «صندوق‌دار»");
+        QTest::newRow("above the basic plane") << QStringLiteral("خودرو 🚗");
+    }
+
+    void quotedTextComesBackAsItWas()
+    {
+        QFETCH(QString, text);
+        const KConnection &connection = KConnection::forThread();
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery(QStringLiteral("SELECT ") + QString::fromUtf8(connection.quoted(text)));
+        QCOMPARE(temp.GetTextFieldValue(0), text);
+    }
+
+    void quotingNeedsNoServer()
+    {
+        const KConnection nowhere({});
+        QCOMPARE(nowhere.quoted(QStringLiteral("a'b\\")), QByteArray(R"('a\'b\\')"));
+    }
+
+    void connectionThatStoodIdleIsAskedBeforeAPersonsOperation_data()
+    {
+        QTest::addColumn<int>("idleSeconds");
+        QTest::addColumn<bool>("verify");
+        QTest::addColumn<bool>("goesOn");
+        QTest::newRow("idle, asked") << 0 << true << true;
+        QTest::newRow("idle, not asked") << 0 << false << false;
+        QTest::newRow("used just now") << 30 << true << false;
+    }
+
+    void connectionThatStoodIdleIsAskedBeforeAPersonsOperation()
+    {
+        QFETCH(int, idleSeconds);
+        QFETCH(bool, verify);
+        QFETCH(bool, goesOn);
+        KConnectionSettings settings = m_database.settings();
+        settings.idleSeconds = idleSeconds;
+        KConnection::configure(0, settings);
+        const int killed = connectionId();
+        killConnection(killed);
+        SampleRecord record;
+        const auto category = raisedCategory([&] { record.Open(verify, true, true); });
+        QCOMPARE(category, goesOn ? std::nullopt : std::make_optional(Category::ConnectionLost));
+        QVERIFY(connectionId() != killed);
+    }
+
+    void connectionThatAnswersIsKept()
+    {
+        KConnectionSettings settings = m_database.settings();
+        settings.idleSeconds = 0;
+        KConnection::configure(0, settings);
+        const int id = connectionId();
+        KConnection::forThread().verify();
+        QCOMPARE(connectionId(), id);
+    }
+
+    void verifyingWithinATransactionNeverConnectsAnew()
+    {
+        KConnectionSettings settings = m_database.settings();
+        settings.idleSeconds = 0;
+        KConnection::configure(0, settings);
+        KTransaction transaction;
+        killConnection(connectionId());
+        KConnection::forThread().verify();
+        QCOMPARE(raisedCategory([] { connectionId(); }), Category::ConnectionLost);
+        QCOMPARE(raisedCategory([] { connectionId(); }), Category::ConnectionLost);
+    }
+
+    void textsTravelAsUtf8mb4()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.ExecuteQuery(QStringLiteral("SELECT CHAR_LENGTH('پژو 🚗'),LENGTH('پژو 🚗'),CHARSET('پژو')"));
+        QCOMPARE(temp.GetLongFieldValue(0), 5);
+        QCOMPARE(temp.GetLongFieldValue(1), 11);
+        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
+    }
+
+    void whatAColumnCannotHoldIsRefusedAndNeverCut_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<int>("category");
+        const auto row = [](const char *name, const char *values, Category category) {
+            QTest::newRow(name) << QStringLiteral("INSERT INTO Samples(%1)").arg(QString::fromUtf8(values)) << int(category);
+        };
+        row("text of eleven letters", "sName) VALUES('12345678901'", Category::ValueTooLong);
+        row("flag above a byte", "bFlag) VALUES(300", Category::ValueTooLong);
+        row("character outside the table's set", "sName) VALUES('🚗'", Category::BadCharacter);
+        row("no date", "date) VALUES('2021-02-30'", Category::Other);
+        row("text as a number", "iUserID) VALUES('five'", Category::BadCharacter);
+        row("division by zero", "dAmount) VALUES(1/0", Category::Other);
+    }
+
+    void whatAColumnCannotHoldIsRefusedAndNeverCut()
+    {
+        QFETCH(QString, statement);
+        QFETCH(int, category);
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        QCOMPARE(raisedCategory([&] { temp.ExecuteQuery(statement); }), Category(category));
+        QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Samples")), QStringLiteral("0"));
+    }
+
+    void engineThatTheServerLacksIsAnError()
+    {
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        QVERIFY(raisedCategory([&] { temp.ExecuteQuery("CREATE TABLE Away(iID INT) ENGINE=NoSuchEngine", true, false); }));
+    }
+
+    void columnOutsideTheGroupMayBeSelected()
+    {
+        addSample(QStringLiteral("a"), 3);
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        QCOMPARE(temp.ExecuteQuery("SELECT sName,MAX(dAmount) FROM Samples GROUP BY bFlag", true, true), 1);
+        QCOMPARE(temp.GetTextFieldValue(0), QStringLiteral("a"));
+    }
+
+    void databaseWithoutSettingsIsAClearError()
+    {
+        QVERIFY(!KConnection::isConfigured(99));
+        QCOMPARE(raisedCategory([] { KConnection::forThread(99); }), Category::ConnectionLost);
+    }
+
+    void serverThatIsNotThereIsALostConnection()
+    {
+        KConnectionSettings settings = m_database.settings();
+        settings.socketPath += QStringLiteral(".gone");
+        KConnection::configure(0, settings);
+        QCOMPARE(raisedCategory([] { connectionId(); }), Category::ConnectionLost);
+        KConnection::configure(0, m_database.settings());
+        QVERIFY(connectionId() > 0);
+    }
+
+    void newSettingsReplaceTheConnectionsOfEveryThread()
+    {
+        std::promise<int> before;
+        std::promise<void> configured;
+        int after = 0;
+        std::thread other([&] {
+            before.set_value(connectionId());
+            configured.get_future().wait();
+            after = connectionId();
+        });
+        const int theirs = before.get_future().get();
+        const int mine = connectionId();
+        KConnection::configure(0, m_database.settings());
+        configured.set_value();
+        other.join();
+        QVERIFY(after != theirs);
+        QVERIFY(connectionId() != mine);
+    }
+
+    void streamedRowsComeOneByOne()
+    {
+        for (const char *name : {"a", "b", "c"})
+            addSample(QString::fromLatin1(name));
+        QByteArray names;
+        {
+            const KConnection::Result rows = KConnection::forThread().runStreaming("SELECT sName FROM Samples ORDER BY iID");
+            while (MYSQL_ROW row = mysql_fetch_row(rows.get()))
+                names += row[0];
+        }
+        QCOMPARE(names, QByteArray("abc"));
+        QVERIFY(connectionId() > 0);
+    }
+};
+
+static const RegisteredTest<TestKConnection, QCoreApplication> registered;
+
+#include "TestKConnection.moc"

@@ -1,0 +1,344 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/suite/db/RaisedCategory.h"
+#include "tests/suite/db/SampleRecord.h"
+#include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
+#include "tests/support/TestDatabase.h"
+
+#include "suite/db/KTransaction.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include <functional>
+#include <future>
+#include <stdexcept>
+#include <thread>
+
+class TestKTransaction : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+
+    static void setAmount(int key, int amount)
+    {
+        CTblTemp statement;
+        statement.Open(false, false, true);
+        statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=%d WHERE iID=%d", amount, key);
+    }
+
+    int rows() { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM Samples")).toInt(); }
+
+    // What the conflicting side does: it holds one row, then asks for the other, until it is told to let go.
+    struct Rival
+    {
+        std::promise<void> holds;
+        std::promise<void> released;
+        std::thread thread;
+
+        void hold(int key, int then)
+        {
+            thread = std::thread([this, key, then] {
+                KTransaction transaction;
+                setAmount(key, 2);
+                // Who has written less is the victim of a deadlock.
+                CTblTemp statement;
+                statement.Open(false, false, true);
+                statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
+                holds.set_value();
+                if (then != 0)
+                    setAmount(then, 2);
+                else
+                    released.get_future().wait();
+                transaction.commit();
+            });
+            holds.get_future().wait();
+        }
+        ~Rival()
+        {
+            if (thread.joinable())
+                thread.join();
+        }
+    };
+
+private Q_SLOTS:
+    void init() { SampleRecord::createTable(); }
+    void cleanup() { KConnection::closeThreadConnections(); }
+
+    void connectionLostWithinATransactionDoesNotComeBackInTheMiddle()
+    {
+        const int id = connectionId();
+        {
+            KTransaction transaction;
+            addSample(QStringLiteral("first"));
+            killConnection(id);
+            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("second")); }), Category::ConnectionLost);
+            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("third")); }), Category::ConnectionLost);
+            QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::ConnectionLost);
+        }
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 0);
+    }
+
+    void lockConflictHasItsCategory()
+    {
+        const qint32 key = addSample(QStringLiteral("a"));
+        KTransaction holder;
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", key);
+        std::optional<Category> category;
+        std::thread([&] {
+            category = raisedCategory([&] {
+                CTblTemp other;
+                other.Open(false, false, true);
+                other.ExecuteQuery("SET SESSION innodb_lock_wait_timeout=1", true, true);
+                other.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", key);
+            });
+        }).join();
+        QCOMPARE(category, Category::LockConflict);
+    }
+
+    // The server itself rolls a deadlock's victim back, whole. What ran after it would be saved on its own.
+    void deadlockEndsTheTransactionAlsoForWhoeverPassesOverIt()
+    {
+        const qint32 mine = addSample(QStringLiteral("mine"));
+        const qint32 theirs = addSample(QStringLiteral("theirs"));
+        KTransaction transaction;
+        CTblTemp temp;
+        temp.Open(false, false, true);
+        temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", mine);
+        std::promise<void> locked;
+        std::thread other([&] {
+            KTransaction heavier;
+            CTblTemp statement;
+            statement.Open(false, false, true);
+            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", theirs);
+            // Who has written less is the victim.
+            statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
+            locked.set_value();
+            statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", mine);
+            heavier.commit();
+        });
+        locked.get_future().wait();
+        const auto category =
+            raisedCategory([&] { temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", theirs); });
+        other.join();
+        QCOMPARE(category, Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("after")); }), Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::LockConflict);
+        SampleRecord record;
+        record.m_filter = QStringLiteral("sName='after'");
+        std::thread([&] {
+            record.Open(true, true, true);
+            KConnection::closeThreadConnections();
+        }).join();
+        QCOMPARE(record.GetRecordsCount(), 0);
+    }
+
+    void transactionRollsBackUnlessCommitted()
+    {
+        {
+            KTransaction transaction;
+            addSample(QStringLiteral("a"));
+        }
+        {
+            KTransaction transaction;
+            addSample(QStringLiteral("b"));
+            transaction.commit();
+        }
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 1);
+        QCOMPARE(record.m_sName, QStringLiteral("b"));
+    }
+
+    void innerGuardThatIsNotCommittedDoomsTheWhole()
+    {
+        {
+            KTransaction outer;
+            addSample(QStringLiteral("a"));
+            {
+                KTransaction inner;
+                addSample(QStringLiteral("b"));
+            }
+            QVERIFY(raisedCategory([&] { outer.commit(); }).has_value());
+        }
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), 0);
+    }
+
+    void innerGuardJoinsTheOuterOne()
+    {
+        const ObservedStatements statements({QStringLiteral("START"), QStringLiteral("COMMIT"), QStringLiteral("ROLLBACK")});
+        {
+            KTransaction outer;
+            {
+                KTransaction inner;
+                addSample(QStringLiteral("a"));
+                inner.commit();
+            }
+            QVERIFY(KConnection::forThread().inTransaction());
+            outer.commit();
+        }
+        QVERIFY(!KConnection::forThread().inTransaction());
+        QCOMPARE(statements.taken(), (QStringList{QStringLiteral("START TRANSACTION"), QStringLiteral("COMMIT")}));
+        QCOMPARE(rows(), 1);
+    }
+
+    void outerGuardThatIsNotCommittedTakesTheInnerOneBack()
+    {
+        {
+            KTransaction outer;
+            {
+                KTransaction inner;
+                addSample(QStringLiteral("a"));
+                inner.commit();
+            }
+        }
+        QCOMPARE(rows(), 0);
+        KTransaction next;
+        addSample(QStringLiteral("b"));
+        next.commit();
+        QCOMPARE(rows(), 1);
+    }
+
+    void replayKeepsItsConnection_data()
+    {
+        QTest::addColumn<bool>("deadlock");
+        QTest::addColumn<int>("code");
+        QTest::newRow("after a deadlock") << true << 1213;
+        QTest::newRow("after a lock wait") << false << 1205;
+    }
+
+    // What a session holds (locks by name, variables, its settings) is still there in the replay.
+    void replayKeepsItsConnection()
+    {
+        QFETCH(bool, deadlock);
+        QFETCH(int, code);
+        const qint32 mine = addSample(QStringLiteral("mine"));
+        const qint32 theirs = addSample(QStringLiteral("theirs"));
+        CTblTemp session;
+        session.Open(false, false, true);
+        session.ExecuteQuery("SET SESSION innodb_lock_wait_timeout=1", true, true);
+        session.ExecuteQuery("SET @mark=7", true, true);
+        const int connection = connectionId();
+        QList<int> connections;
+        QList<int> codes;
+        Rival rival;
+        KTransaction::runReplayable([&] {
+            connections << connectionId();
+            if (connections.size() == 2 && !deadlock)
+                rival.released.set_value();
+            try {
+                if (connections.size() == 1) {
+                    setAmount(mine, 1);
+                    rival.hold(theirs, deadlock ? mine : 0);
+                } else {
+                    // Until the rival is done, so that the replay meets no conflict.
+                    rival.thread.join();
+                }
+                setAmount(theirs, 1);
+            } catch (const CMySQLException &error) {
+                codes << int(error.serverCode());
+                throw;
+            }
+        });
+        QCOMPARE(codes, QList<int>{code});
+        QCOMPARE(connections, (QList<int>{connection, connection}));
+        session.ExecuteQuery("SELECT @mark", true, true);
+        QCOMPARE(session.GetLongFieldValue(0), 7);
+        QCOMPARE(m_database.value(QStringLiteral("SELECT dAmount FROM Samples WHERE iID=%1").arg(theirs)), QStringLiteral("1"));
+    }
+
+    void onlyALockConflictIsReplayed_data()
+    {
+        QTest::addColumn<std::function<void()>>("failure");
+        QTest::newRow("duplicate key") << std::function<void()>([] { addSample(QStringLiteral("a")); });
+        QTest::newRow("bad statement") << std::function<void()>([] { CTblTemp().ExecuteQuery("SELEKT 1", true, true); });
+        QTest::newRow("lost connection") << std::function<void()>([] {
+            killConnection(connectionId());
+            addSample(QStringLiteral("b"));
+        });
+        QTest::newRow("an error of the work itself") << std::function<void()>([] { throw std::runtime_error("no"); });
+    }
+
+    void onlyALockConflictIsReplayed()
+    {
+        QFETCH(std::function<void()>, failure);
+        int runs = 0;
+        bool raised = false;
+        try {
+            KTransaction::runReplayable([&] {
+                ++runs;
+                addSample(QStringLiteral("a"));
+                failure();
+            });
+        } catch (const std::exception &) {
+            raised = true;
+        }
+        QVERIFY(raised);
+        QCOMPARE(runs, 1);
+        QCOMPARE(rows(), 0);
+        QVERIFY(!KConnection::forThread().inTransaction());
+    }
+
+    void withinAnOuterTransactionWorkRunsOnce()
+    {
+        int inner = 0;
+        int outer = 0;
+        KTransaction::runReplayable([&] {
+            ++outer;
+            KTransaction::runReplayable([&] {
+                ++inner;
+                addSample(QStringLiteral("a"));
+                if (outer == 1)
+                    throw CMySQLException(Category::LockConflict, 1213, QStringLiteral("deadlock"));
+            });
+        });
+        QCOMPARE(outer, 2);
+        QCOMPARE(inner, 2);
+        QCOMPARE(rows(), 1);
+    }
+
+    void replayableWorkRunsAgainAfterALockConflictFiveTimesAtMost_data()
+    {
+        QTest::addColumn<int>("conflicts");
+        QTest::addColumn<int>("runs");
+        QTest::addColumn<bool>("done");
+        QTest::newRow("none") << 0 << 1 << true;
+        QTest::newRow("two") << 2 << 3 << true;
+        QTest::newRow("five") << 5 << 6 << true;
+        QTest::newRow("six are too many") << 6 << 6 << false;
+    }
+
+    void replayableWorkRunsAgainAfterALockConflictFiveTimesAtMost()
+    {
+        QFETCH(int, conflicts);
+        QFETCH(int, runs);
+        QFETCH(bool, done);
+        int run = 0;
+        const auto category = raisedCategory([&] {
+            KTransaction::runReplayable([&] {
+                ++run;
+                addSample(QStringLiteral("a"));
+                if (run <= conflicts)
+                    throw CMySQLException(Category::LockConflict, 1213, QStringLiteral("deadlock"));
+            });
+        });
+        QCOMPARE(run, runs);
+        QCOMPARE(!category.has_value(), done);
+        SampleRecord record;
+        record.Open(true, true, true);
+        QCOMPARE(record.GetRecordsCount(), done ? 1 : 0);
+    }
+};
+
+static const RegisteredTest<TestKTransaction, QCoreApplication> registered;
+
+#include "TestKTransaction.moc"
