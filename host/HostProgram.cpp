@@ -11,6 +11,7 @@
 #include "host/frame/HostLook.h"
 #include "host/desk/MainWindow.h"
 #include "host/start/OfficeServer.h"
+#include "suite/accounting/books/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -95,6 +96,7 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     , m_lock(m_folder)
 {
     connect(&m_lock, &InstanceLock::raiseRequested, this, &HostProgram::raiseWindow);
+    GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
 }
 
 HostProgram::~HostProgram()

@@ -10,6 +10,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
+#include "suite/accounting/books/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -52,6 +53,7 @@ TestOffice::TestOffice()
         qFatal("the module's tables could not be created");
     SuiteSchema::setModuleVersion(reached);
     SuiteSchema::afterModuleUpgrade();
+    GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     m_adminID = CTblUsers::create(QStringLiteral("مدیر"), QStringLiteral("secret"), QStringLiteral("مدیر دفتر"), true);
     clear();
 }

@@ -63,6 +63,11 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
 
 CDlgCashFromPerson::~CDlgCashFromPerson() = default;
 
+bool CDlgCashFromPerson::receive(int personID, double amount, const QString &desc, QWidget *parent)
+{
+    return CDlgCashFromPerson(personID, amount, desc, parent).exec() == Accepted;
+}
+
 void CDlgCashFromPerson::build()
 {
     m_person->setReadOnly(true);

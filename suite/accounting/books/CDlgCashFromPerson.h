@@ -20,6 +20,9 @@ public:
     CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent = nullptr);
     ~CDlgCashFromPerson() override;
 
+    // Opens the window and waits for its end. True when a receipt was saved.
+    static bool receive(int personID, double amount, const QString &desc, QWidget *parent);
+
     // Number of the document that was written; 0 until then.
     int docNum() const { return m_docNum; }
 

@@ -4,14 +4,13 @@
 #include "suite/accounting/office/CDBSetting.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/books/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/utility/frame/KDialogTabPage.h"
+#include "suite/utility/frame/KTabPage.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -38,8 +37,6 @@ QString closedMessage()
 
 }
 
-KTabHost::~KTabHost() = default;
-
 CDBSetting::CDBSetting() = default;
 
 CDBSetting::~CDBSetting() = default;
@@ -59,7 +56,7 @@ bool CDBSetting::Login(int userID)
     m_userName = user.m_sUser;
     m_userFullName = user.m_sName.isEmpty() ? user.m_sUser : user.m_sName;
     m_admin = user.m_bAdmin != 0;
-    KSecurity::forgetRights();
+    KSecurity::setUser(m_userID, m_admin);
     setDefaultMoneyDecimals(MoneyDecimals());
     return true;
 }
@@ -70,7 +67,7 @@ void CDBSetting::Logout()
     m_userName.clear();
     m_userFullName.clear();
     m_admin = false;
-    KSecurity::forgetRights();
+    KSecurity::setUser(m_userID, m_admin);
 }
 
 bool CDBSetting::IsClosedDB() const
@@ -185,16 +182,16 @@ int CDBSetting::GetDepartmentID() const
     return departments.isEmpty() ? 0 : departments.constFirst().id;
 }
 
-void CDBSetting::AddDialogToTabPage_(KDialogTabPage *page, int, int)
+void CDBSetting::AddDialogToTabPage_(KTabPage *page, int, int)
 {
-    std::unique_ptr<KDialogTabPage> owned(page);
+    std::unique_ptr<KTabPage> owned(page);
     if (!owned || !owned->OnAccess())
         return;
     if (!m_tabHost) {
         qCWarning(lcSetting) << "a page was opened, but there is no place for tab pages";
         return;
     }
-    m_tabHost->addPage(owned.release());
+    owned.release()->showIn(*m_tabHost);
 }
 
 bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent)
@@ -207,6 +204,9 @@ bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString 
         g_pDlgWarning->Show(closedMessage(), parent);
         return false;
     }
-    CDlgCashFromPerson dialog(personID, amount, desc, parent);
-    return dialog.exec() == QDialog::Accepted;
+    if (!m_receiptWindow) {
+        qCWarning(lcSetting) << "an amount was to be received, but there is no window for it";
+        return false;
+    }
+    return m_receiptWindow(personID, amount, desc, parent);
 }

@@ -4,22 +4,16 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/frame/KTabHost.h"
 
 #include <QDateTime>
 #include <QList>
 #include <QString>
 
-class KDialogTabPage;
-class QWidget;
+#include <functional>
 
-// Where tab pages go: the host's tabbed work area.
-class TZACCOUNTING_EXPORT KTabHost
-{
-public:
-    virtual ~KTabHost();
-    // Takes ownership of the page and shows it as a tab.
-    virtual void addPage(KDialogTabPage *page) = 0;
-};
+class KTabPage;
+class QWidget;
 
 // The open database as the windows see it: who works, in which fiscal year, in which money, and whether changes are allowed.
 // What every user of the database shares is read from Properties, so that a change of another user counts at once.
@@ -90,9 +84,14 @@ public:
     // Shows the page as a tab of the host, which owns it from then on. A null page shows nothing. A page whose OnAccess
     // refuses, or for which there is no host, is destroyed without being shown. The two numbers are kept for callers
     // that tell them apart; this suite opens every page the same way.
-    void AddDialogToTabPage_(KDialogTabPage *page, int kind, int reserved);
+    void AddDialogToTabPage_(KTabPage *page, int kind, int reserved);
 
-    // Opens the window that receives an amount from a person in cash or to a bank account. True when a receipt was saved.
+    // The window that receives an amount from a person in cash or to a bank account; true when a receipt was saved.
+    using ReceiptWindow = std::function<bool(int personID, double amount, const QString &desc, QWidget *parent)>;
+    // The host hands it in, once for the program.
+    void SetReceiptWindow(const ReceiptWindow &window) { m_receiptWindow = window; }
+    // Opens that window. False without the right to write receipts or in a closed database, of which the user is told, and
+    // where no window was handed in.
     bool CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent);
 
 private:
@@ -101,6 +100,7 @@ private:
     QString m_userFullName;
     bool m_admin = false;
     KTabHost *m_tabHost = nullptr;
+    ReceiptWindow m_receiptWindow;
 };
 
 // The one object of the program.

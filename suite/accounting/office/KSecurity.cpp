@@ -5,7 +5,6 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUserRights.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 
@@ -14,11 +13,17 @@
 
 namespace {
 
-// Rights of the user who works; empty until they are asked for.
-std::optional<QHash<QString, int>> &cachedRights()
+struct Worker
 {
-    static std::optional<QHash<QString, int>> rights;
-    return rights;
+    int userID = 0;
+    bool admin = false;
+    std::optional<QHash<QString, int>> rights; // empty until they are asked for
+};
+
+Worker &worker()
+{
+    static Worker instance;
+    return instance;
 }
 
 const KSecurity::Form *findForm(const QString &name)
@@ -102,17 +107,16 @@ bool KSecurity::CheckSecurity()
 
 bool KSecurity::IsGranted(const QString &form, Right right)
 {
-    const CDBSetting *setting = GetDBSetting();
-    if (!setting->IsLoggedIn())
+    Worker &user = worker();
+    if (user.userID == 0)
         return false;
-    if (setting->IsAdmin())
+    if (user.admin)
         return true;
-    std::optional<QHash<QString, int>> &rights = cachedRights();
-    if (!rights)
-        rights = storedRights(setting->GetUserID());
+    if (!user.rights)
+        user.rights = storedRights(user.userID);
     const Form *known = findForm(form);
     const int asked = known && known->single ? Access : right;
-    return (rights->value(form) & asked) != 0;
+    return (user.rights->value(form) & asked) != 0;
 }
 
 bool KSecurity::check(Right right, int notice) const
@@ -200,7 +204,12 @@ void KSecurity::copyRights(int fromUserID, int toUserID)
     forgetRights();
 }
 
+void KSecurity::setUser(int userID, bool admin)
+{
+    worker() = {userID, admin, {}};
+}
+
 void KSecurity::forgetRights()
 {
-    cachedRights().reset();
+    worker().rights.reset();
 }

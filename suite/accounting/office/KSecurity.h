@@ -64,6 +64,8 @@ public:
     static void setRights(int userID, const QString &form, int rights);
     // Makes the second user's rights those of the first, in one transaction.
     static void copyRights(int fromUserID, int toUserID);
+    // Who works from now on; 0: nobody, to whom everything is refused. CDBSetting says so at every login and logout.
+    static void setUser(int userID, bool admin);
     // The rights of the user who works are read again at the next question.
     static void forgetRights();
 

@@ -3,6 +3,8 @@
 
 #include "suite/utility/frame/KDialogTabPage.h"
 
+#include "suite/utility/frame/KTabHost.h"
+
 KDialogTabPage::KDialogTabPage(QWidget *parent)
     : QWidget(parent)
 {
@@ -20,6 +22,11 @@ void KDialogTabPage::setTitle(const QString &title)
 bool KDialogTabPage::OnAccess()
 {
     return true;
+}
+
+void KDialogTabPage::showIn(KTabHost &host)
+{
+    host.addPage(this);
 }
 
 bool KDialogTabPage::OnOK()

@@ -7,13 +7,14 @@
 #include <QWidget>
 
 #include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/frame/KTabPage.h"
 
 // Base of a page of the tabbed work area. The same page can be shown in a KDialogHolder when another window picks a row
 // of it.
 //
 // Who shows a page asks OnAccess first, destroys a page that refuses without showing it, and calls OnClosing once
 // before it destroys a page that was shown.
-class TZUTILITY_EXPORT KDialogTabPage : public QWidget
+class TZUTILITY_EXPORT KDialogTabPage : public QWidget, public KTabPage
 {
     Q_OBJECT
 
@@ -23,8 +24,9 @@ public:
     QString title() const { return m_title; }
     void setTitle(const QString &title);
 
-    // Whether the user may see the page; a refusal has told the user why.
-    virtual bool OnAccess();
+    // Everybody may see it, unless the page says otherwise.
+    bool OnAccess() override;
+    void showIn(KTabHost &host) override;
     // The page's OK step when a window holds it. False keeps that window open.
     virtual bool OnOK();
     // The page is about to go: the place to write its settings.

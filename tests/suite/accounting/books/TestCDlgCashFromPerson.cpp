@@ -54,6 +54,7 @@ private:
 
 void TestCDlgCashFromPerson::initTestCase()
 {
+    GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     GetDBSetting()->SetFiscalYear(1405);
     GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
     m_person = m_office.addPerson(QStringLiteral("مریم احمدی"));

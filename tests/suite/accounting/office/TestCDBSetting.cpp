@@ -52,6 +52,8 @@ private Q_SLOTS:
     void refusedPageIsDestroyedAndNotShown();
     void grantedPageGoesToTheHost();
     void pageWithoutAHostIsDestroyed();
+    void withoutAReceiptWindowNothingIsReceived();
+    void receiptWindowGetsWhatIsToBeReceived();
     void closedFlagIsSeenByEveryUser();
     void closedDatabaseIsRefused();
     void serverDateIsNow();
@@ -112,6 +114,26 @@ void TestCDBSetting::pageWithoutAHostIsDestroyed()
     const QPointer<Page> page = new Page(true);
     GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
     QVERIFY(page.isNull());
+}
+
+void TestCDBSetting::withoutAReceiptWindowNothingIsReceived()
+{
+    QTest::ignoreMessage(QtWarningMsg, "an amount was to be received, but there is no window for it");
+    QVERIFY(!GetDBSetting()->CashFromPersonMulti(7, 1250000, QStringLiteral("کمسیون"), nullptr));
+}
+
+void TestCDBSetting::receiptWindowGetsWhatIsToBeReceived()
+{
+    QStringList received;
+    const auto window = [&received](int personID, double amount, const QString &desc, QWidget *) {
+        received.append(QStringLiteral("%1 %2 %3").arg(personID).arg(amount).arg(desc));
+        return amount > 1;
+    };
+    GetDBSetting()->SetReceiptWindow(window);
+    QVERIFY(GetDBSetting()->CashFromPersonMulti(7, 50, QStringLiteral("کمسیون"), nullptr));
+    QVERIFY(!GetDBSetting()->CashFromPersonMulti(8, 1, QString(), nullptr));
+    GetDBSetting()->SetReceiptWindow({});
+    QCOMPARE(received, (QStringList{QStringLiteral("7 50 کمسیون"), QStringLiteral("8 1 ")}));
 }
 
 void TestCDBSetting::closedFlagIsSeenByEveryUser()
