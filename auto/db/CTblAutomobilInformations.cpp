@@ -6,7 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
-#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 
 #include <QLoggingCategory>
 
@@ -21,7 +21,7 @@ void deleteRelated(const Work &work)
     try {
         work();
     } catch (const CMySQLException &) {
-        qCWarning(lcCars).noquote() << KErrorBoundary::logText(std::current_exception());
+        qCWarning(lcCars).noquote() << KErrorText::logText(std::current_exception());
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include "host/demo/ClientConfig.h"
 #include "host/demo/DemoData.h"
-#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -42,7 +42,7 @@ int main(int argc, char **argv)
         DemoData::fill(contracts);
     } catch (...) {
         const std::exception_ptr error = std::current_exception();
-        std::fprintf(stderr, "tz-demo-data: %s\n", qUtf8Printable(KErrorBoundary::logText(error)));
+        std::fprintf(stderr, "tz-demo-data: %s\n", qUtf8Printable(KErrorText::logText(error)));
         return exitFailed;
     }
     return 0;

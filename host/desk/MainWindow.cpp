@@ -19,7 +19,7 @@
 #include "host/books/CDlgFactors.h"
 #include "host/books/CDlgServices.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
@@ -222,7 +222,7 @@ void MainWindow::tellDueReminders()
         if (CDlgDueAlarms::ShowAtLogin(this))
             m_reminders->refresh();
     } catch (const CMySQLException &) {
-        qCWarning(lcHost).noquote() << "reminders:" << KErrorBoundary::logText(std::current_exception());
+        qCWarning(lcHost).noquote() << "reminders:" << KErrorText::logText(std::current_exception());
     }
 }
 

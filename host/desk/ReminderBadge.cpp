@@ -4,7 +4,7 @@
 #include "host/desk/ReminderBadge.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 
 #include <QIcon>
@@ -36,7 +36,7 @@ void ReminderBadge::refresh()
         showCount(GetDBSetting()->IsLoggedIn() ? CTblAlarm::dueCount(GetDBSetting()->GetUserID()) : 0);
         m_ticksToSkip = 0;
     } catch (const CMySQLException &) {
-        qCWarning(lcReminders).noquote() << KErrorBoundary::logText(std::current_exception());
+        qCWarning(lcReminders).noquote() << KErrorText::logText(std::current_exception());
         m_ticksToSkip = ticksAfterAnError;
         showCount(0);
     }

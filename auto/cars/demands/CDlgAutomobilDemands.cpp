@@ -13,7 +13,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -168,7 +168,7 @@ void CDlgAutomobilDemands::opening()
     try {
         DemandArchiving::archiveOldOnes(GetDBSetting()->GetUserID());
     } catch (const CMySQLException &) {
-        qCWarning(lcDemands).noquote() << KErrorBoundary::logText(std::current_exception());
+        qCWarning(lcDemands).noquote() << KErrorText::logText(std::current_exception());
     }
 }
 

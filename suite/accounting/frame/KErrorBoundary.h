@@ -5,9 +5,8 @@
 
 #include "suite/accounting/TzAccountingExport.h"
 
-#include <QString>
-
 #include <exception>
+#include <functional>
 
 class QWidget;
 
@@ -16,13 +15,9 @@ class QWidget;
 class TZACCOUNTING_EXPORT KErrorBoundary
 {
 public:
+    // Does the work and reports the error that it lets through. Whether it came to its end.
+    static bool guarded(QWidget *parent, const std::function<void()> &work) noexcept;
+
     // Never throws. An error that arrives while the message of another one is shown is logged only.
     static void report(std::exception_ptr error, QWidget *parent) noexcept;
-
-    // The sentence for the user.
-    static QString userMessage(const std::exception_ptr &error);
-    // What the log gets: category, server code and message; the statement with every value in it masked.
-    static QString logText(const std::exception_ptr &error);
-    // The statement with its quoted texts and numbers replaced by "?".
-    static QString maskedStatement(const QString &statement);
 };

@@ -3,10 +3,8 @@
 
 #include "suite/accounting/frame/KMessageDialog.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QLoggingCategory>
-#include <QMessageBox>
-#include <QPushButton>
 
 #include <utility>
 
@@ -18,67 +16,18 @@ KMessageDialog warningDialog(KMessageDialog::Kind::Warning);
 KMessageDialog messageDialog(KMessageDialog::Kind::Message);
 KMessageDialog questionDialog(KMessageDialog::Kind::Question);
 
-struct Look
-{
-    QMessageBox::Icon icon;
-    QString title;
-};
+// Constant from the beginning, so that a library may hand its box in while it is loaded.
+constinit KMessageDialog::Box installedBox = nullptr;
 
-Look lookOf(KMessageDialog::Kind kind)
+bool hasWindows()
 {
-    switch (kind) {
-    case KMessageDialog::Kind::Warning:
-        return {QMessageBox::Warning, QStringLiteral("هشدار")};
-    case KMessageDialog::Kind::Message:
-        return {QMessageBox::Information, QStringLiteral("پیام")};
-    case KMessageDialog::Kind::Question:
-        return {QMessageBox::Question, QStringLiteral("پرسش")};
-    }
-    Q_UNREACHABLE();
+    const QCoreApplication *application = QCoreApplication::instance();
+    return application && application->inherits("QApplication");
 }
 
-// A message may appear while a long operation shows the wait cursor; its buttons are to be clicked all the same.
-class NormalCursor
+KMessageDialog::Answer closed(KMessageDialog::Buttons buttons)
 {
-public:
-    NormalCursor()
-        : m_set(QApplication::overrideCursor() != nullptr)
-    {
-        if (m_set)
-            QApplication::setOverrideCursor(Qt::ArrowCursor);
-    }
-    ~NormalCursor()
-    {
-        if (m_set)
-            QApplication::restoreOverrideCursor();
-    }
-    NormalCursor(const NormalCursor &) = delete;
-    NormalCursor &operator=(const NormalCursor &) = delete;
-
-private:
-    bool m_set;
-};
-
-void dress(QMessageBox &box, KMessageDialog::Kind kind, const QString &text)
-{
-    const Look look = lookOf(kind);
-    box.setLayoutDirection(Qt::RightToLeft);
-    box.setIcon(look.icon);
-    box.setWindowTitle(look.title);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(text);
-}
-
-QPushButton *addButton(QMessageBox &box, const QString &caption, QMessageBox::ButtonRole role)
-{
-    QPushButton *button = box.addButton(caption, role);
-    button->setAccessibleName(caption);
-    return button;
-}
-
-QWidget *parentOr(QWidget *parent)
-{
-    return parent ? parent : QApplication::activeWindow();
+    return buttons == KMessageDialog::Buttons::YesNoCancel ? KMessageDialog::Cancel : KMessageDialog::No;
 }
 
 }
@@ -92,54 +41,37 @@ KMessageDialog::KMessageDialog(Kind kind)
 {
 }
 
+void KMessageDialog::setBox(Box box)
+{
+    installedBox = box;
+}
+
 void KMessageDialog::Show(const QString &text, QWidget *parent)
 {
-    m_shown.append(text);
-    if (m_answerAll)
-        return;
-    if (!qobject_cast<QApplication *>(QCoreApplication::instance())) {
-        qCWarning(lcMessage).noquote() << text;
-        return;
-    }
-    const NormalCursor cursor;
-    QMessageBox box(parentOr(parent));
-    dress(box, m_kind, text);
-    QPushButton *ok = addButton(box, QStringLiteral("باشه"), QMessageBox::AcceptRole);
-    box.setDefaultButton(ok);
-    box.setEscapeButton(ok);
-    box.exec();
+    run(text, Buttons::Ok, parent);
 }
 
 KMessageDialog::Answer KMessageDialog::Ask(const QString &text, QWidget *parent)
 {
-    return run(text, parent, false);
+    return run(text, Buttons::YesNo, parent);
 }
 
 KMessageDialog::Answer KMessageDialog::AskOrCancel(const QString &text, QWidget *parent)
 {
-    return run(text, parent, true);
+    return run(text, Buttons::YesNoCancel, parent);
 }
 
-KMessageDialog::Answer KMessageDialog::run(const QString &text, QWidget *parent, bool withCancel)
+KMessageDialog::Answer KMessageDialog::run(const QString &text, Buttons buttons, QWidget *parent)
 {
     m_shown.append(text);
-    if (!m_answers.isEmpty())
+    if (buttons != Buttons::Ok && !m_answers.isEmpty())
         return m_answers.dequeue();
     if (m_answerAll)
         return Yes;
-    const NormalCursor cursor;
-    QMessageBox box(parentOr(parent));
-    dress(box, m_kind, text);
-    const QPushButton *yes = addButton(box, QStringLiteral("بله"), QMessageBox::YesRole);
-    QPushButton *no = addButton(box, QStringLiteral("خیر"), QMessageBox::NoRole);
-    QPushButton *cancel =
-        withCancel ? addButton(box, QStringLiteral("انصراف"), QMessageBox::RejectRole) : nullptr;
-    box.setDefaultButton(no);
-    box.setEscapeButton(cancel ? cancel : no);
-    box.exec();
-    if (box.clickedButton() == yes)
-        return Yes;
-    return cancel && box.clickedButton() == cancel ? Cancel : No;
+    if (installedBox && hasWindows())
+        return installedBox(m_kind, text, buttons, parent);
+    qCWarning(lcMessage).noquote() << text;
+    return closed(buttons);
 }
 
 void KMessageDialog::answerNext(Answer answer)

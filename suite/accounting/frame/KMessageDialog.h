@@ -12,7 +12,8 @@
 class QWidget;
 
 // A modal message to the user, right to left, with Persian buttons. It can be answered in advance: then no box appears, what
-// would have been shown is kept, and questions get the answers laid out for them.
+// would have been shown is kept, and questions get the answers laid out for them. The box itself is handed in, so that records
+// and rights may warn and yet know no window.
 class TZACCOUNTING_EXPORT KMessageDialog
 {
 public:
@@ -26,6 +27,17 @@ public:
         No,
         Cancel
     };
+
+    enum class Buttons {
+        Ok,
+        YesNo,
+        YesNoCancel
+    };
+    // Shows the text until the user has pressed one of the buttons; closing the box is the last of them.
+    using Box = Answer (*)(Kind kind, const QString &text, Buttons buttons, QWidget *parent);
+    // What all messages of the program are shown in. Without one, and in a program without windows, a message goes to the log
+    // and a question is answered as if its box had been closed.
+    static void setBox(Box box);
 
     explicit KMessageDialog(Kind kind);
     KMessageDialog(const KMessageDialog &) = delete;
@@ -47,7 +59,7 @@ public:
     QStringList takeShown();
 
 private:
-    Answer run(const QString &text, QWidget *parent, bool withCancel);
+    Answer run(const QString &text, Buttons buttons, QWidget *parent);
 
     Kind m_kind;
     bool m_answerAll = false;

@@ -4,6 +4,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void init();
     void eachErrorGivesOneMessage_data();
     void eachErrorGivesOneMessage();
+    void guardedWorkThatThrowsIsReportedAndHasNotSucceeded();
     void slotThatThrowsLeavesTheProgramRunning();
     void failedStatementReachesTheBoundaryWithItsCategory();
     void secondErrorDuringTheMessageIsLoggedOnly();
@@ -69,6 +71,19 @@ void TestKErrorBoundary::eachErrorGivesOneMessage()
         QCOMPARE(shown.constFirst(), message);
     // The message is for a person: Persian, without the technical words.
     QVERIFY(!shown.constFirst().contains(QRegularExpression(QStringLiteral("[A-Za-z]{3}"))));
+}
+
+void TestKErrorBoundary::guardedWorkThatThrowsIsReportedAndHasNotSucceeded()
+{
+    int steps = 0;
+    QVERIFY(KErrorBoundary::guarded(nullptr, [&] { ++steps; }));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    QVERIFY(!KErrorBoundary::guarded(nullptr, [&] {
+        ++steps;
+        throw KAccountingError(QStringLiteral("سند تراز نیست."));
+    }));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سند تراز نیست.")});
+    QCOMPARE(steps, 2);
 }
 
 void TestKErrorBoundary::slotThatThrowsLeavesTheProgramRunning()
@@ -150,9 +165,9 @@ void TestKErrorBoundary::logHoldsNoValues()
 {
     QFETCH(QString, statement);
     QFETCH(QString, masked);
-    QCOMPARE(KErrorBoundary::maskedStatement(statement), masked);
+    QCOMPARE(KErrorText::maskedStatement(statement), masked);
     const CMySQLException error(CMySQLException::Category::DuplicateKey, 1062, QStringLiteral("Duplicate entry 'ali'"), statement);
-    const QString log = KErrorBoundary::logText(std::make_exception_ptr(error));
+    const QString log = KErrorText::logText(std::make_exception_ptr(error));
     QVERIFY(log.contains(masked));
     QVERIFY(log.contains(QStringLiteral("1062")));
     QVERIFY(!log.contains(QStringLiteral("ali'")));
@@ -176,7 +191,7 @@ void TestKErrorBoundary::serverMessageHoldsNoValues()
     QFETCH(QString, message);
     QFETCH(QString, masked);
     const CMySQLException error(CMySQLException::Category::Other, 1, message);
-    QCOMPARE(KErrorBoundary::logText(std::make_exception_ptr(error)), QStringLiteral("database, other (1): ") + masked);
+    QCOMPARE(KErrorText::logText(std::make_exception_ptr(error)), QStringLiteral("database, other (1): ") + masked);
 }
 
 void TestKErrorBoundary::applicationIsRightToLeftAndFusion()

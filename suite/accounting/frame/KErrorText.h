@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+#include <QString>
+
+#include <exception>
+
+// What an error is in words: one sentence for the user, and the technical text for the log.
+class TZACCOUNTING_EXPORT KErrorText
+{
+public:
+    // The sentence for the user.
+    static QString userMessage(const std::exception_ptr &error);
+    // What the log gets: category, server code and message; the statement with every value in it masked.
+    static QString logText(const std::exception_ptr &error);
+    // The statement with its quoted texts and numbers replaced by "?".
+    static QString maskedStatement(const QString &statement);
+};

@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/frame/KMessageDialog.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+// The box that messages are shown in. It hands itself in when the library of the windows is loaded, which the use of any of
+// them does, so that a program has it whatever its application object is.
+
+namespace {
+
+using Buttons = KMessageDialog::Buttons;
+
+struct Look
+{
+    QMessageBox::Icon icon;
+    QString title;
+};
+
+Look lookOf(KMessageDialog::Kind kind)
+{
+    switch (kind) {
+    case KMessageDialog::Kind::Warning:
+        return {QMessageBox::Warning, QStringLiteral("هشدار")};
+    case KMessageDialog::Kind::Message:
+        return {QMessageBox::Information, QStringLiteral("پیام")};
+    case KMessageDialog::Kind::Question:
+        return {QMessageBox::Question, QStringLiteral("پرسش")};
+    }
+    Q_UNREACHABLE();
+}
+
+// A message may appear while a long operation shows the wait cursor; its buttons are to be clicked all the same.
+class NormalCursor
+{
+public:
+    NormalCursor()
+        : m_set(QApplication::overrideCursor() != nullptr)
+    {
+        if (m_set)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~NormalCursor()
+    {
+        if (m_set)
+            QApplication::restoreOverrideCursor();
+    }
+    NormalCursor(const NormalCursor &) = delete;
+    NormalCursor &operator=(const NormalCursor &) = delete;
+
+private:
+    bool m_set;
+};
+
+void dress(QMessageBox &box, KMessageDialog::Kind kind, const QString &text)
+{
+    const Look look = lookOf(kind);
+    box.setLayoutDirection(Qt::RightToLeft);
+    box.setIcon(look.icon);
+    box.setWindowTitle(look.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+}
+
+QPushButton *addButton(QMessageBox &box, const QString &caption, QMessageBox::ButtonRole role)
+{
+    QPushButton *button = box.addButton(caption, role);
+    button->setAccessibleName(caption);
+    return button;
+}
+
+KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Buttons buttons, QWidget *parent)
+{
+    const NormalCursor cursor;
+    QMessageBox box(parent ? parent : QApplication::activeWindow());
+    dress(box, kind, text);
+    if (buttons == Buttons::Ok) {
+        QPushButton *ok = addButton(box, QStringLiteral("باشه"), QMessageBox::AcceptRole);
+        box.setDefaultButton(ok);
+        box.setEscapeButton(ok);
+        box.exec();
+        return KMessageDialog::Yes;
+    }
+    const QPushButton *yes = addButton(box, QStringLiteral("بله"), QMessageBox::YesRole);
+    QPushButton *no = addButton(box, QStringLiteral("خیر"), QMessageBox::NoRole);
+    QPushButton *cancel =
+        buttons == Buttons::YesNoCancel ? addButton(box, QStringLiteral("انصراف"), QMessageBox::RejectRole) : nullptr;
+    box.setDefaultButton(no);
+    box.setEscapeButton(cancel ? cancel : no);
+    box.exec();
+    if (box.clickedButton() == yes)
+        return KMessageDialog::Yes;
+    return cancel && box.clickedButton() == cancel ? KMessageDialog::Cancel : KMessageDialog::No;
+}
+
+const struct Installation
+{
+    Installation() { KMessageDialog::setBox(&show); }
+} whenLoaded;
+
+}

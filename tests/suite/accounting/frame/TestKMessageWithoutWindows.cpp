@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QTest>
+
+// A program that has no windows, such as the one that fills the demo office.
+class TestKMessageWithoutWindows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aMessageGoesToTheLog()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "سند تراز نیست.");
+        g_pDlgWarning->Show(QStringLiteral("سند تراز نیست."));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سند تراز نیست.")});
+    }
+
+    void aQuestionIsAnsweredAsIfItsBoxHadBeenClosed()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "حذف شود؟");
+        QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("حذف شود؟")), KMessageDialog::No);
+        QTest::ignoreMessage(QtWarningMsg, "ذخیره شود؟");
+        QCOMPARE(g_pDlgYesNo->AskOrCancel(QStringLiteral("ذخیره شود؟")), KMessageDialog::Cancel);
+    }
+
+    void aPreparedAnswerIsGivenAllTheSame()
+    {
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("حذف شود؟")), KMessageDialog::Yes);
+    }
+};
+
+static const RegisteredTest<TestKMessageWithoutWindows, QCoreApplication> registered;
+#include "TestKMessageWithoutWindows.moc"
