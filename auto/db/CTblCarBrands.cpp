@@ -5,8 +5,6 @@
 
 #include "suite/db/CTblTemp.h"
 
-#include <QComboBox>
-
 CTblCarBrands::CTblCarBrands(int database)
     : KMySQL(database)
 {
@@ -28,22 +26,6 @@ bool CTblCarBrands::Delete()
                                     "WHERE cc.iBrandID=cm.iID AND cb.iID=cm.iClassID AND cm.iClassID=%d",
                                     m_iID);
     return KMySQL::Delete();
-}
-
-int CTblCarBrands::FillComboBox(QComboBox *combo, int database)
-{
-    combo->clear();
-    CTblCarBrands rows(database);
-    rows.m_sort = QStringLiteral("iID");
-    rows.SetColumns({QStringLiteral("sName")});
-    int chosen = -1;
-    for (rows.Open(true, true, true); !rows.IsEOF(); rows.MoveNext()) {
-        combo->addItem(rows.m_sName, rows.m_iID);
-        if (rows.m_iID == 0)
-            chosen = combo->count() - 1;
-    }
-    combo->setCurrentIndex(chosen);
-    return 1;
 }
 
 void CTblCarBrands::DoFieldExchange()

@@ -3,10 +3,9 @@
 
 #pragma once
 
+#include "auto/db/ComboRows.h"
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-
-class QComboBox;
 
 // Makers of the car catalog, its first level.
 class CTblCarBrands : public KMySQL, private KLiveCount<CTblCarBrands>
@@ -22,7 +21,13 @@ public:
     bool Delete() override;
 
     // Fills the drop-down with all brands in the order of their keys (entry data: the key); nothing is chosen. Gives 1.
-    static int FillComboBox(QComboBox *combo, int database = 0);
+    template <class ComboBox>
+    static int FillComboBox(ComboBox *combo, int database = 0)
+    {
+        CTblCarBrands rows(database);
+        rows.m_sort = QStringLiteral("iID");
+        return fillComboBox(combo, rows, 0);
+    }
 
     qint32 m_iID = 0;
     QString m_sName;

@@ -3,8 +3,6 @@
 
 #include "auto/db/CTblCarClasses.h"
 
-#include <QComboBox>
-
 CTblCarClasses::CTblCarClasses(int database)
     : KMySQL(database)
 {
@@ -15,23 +13,6 @@ CTblCarClasses::~CTblCarClasses() = default;
 QString CTblCarClasses::GetTableName() const
 {
     return QStringLiteral("CarClasses");
-}
-
-int CTblCarClasses::FillComboBox(QComboBox *combo, int modelID, int current, int database)
-{
-    combo->clear();
-    CTblCarClasses rows(database);
-    rows.m_filter = QString::asprintf("iBrandID=%d", modelID);
-    rows.m_sort = QStringLiteral("iID");
-    rows.SetColumns({QStringLiteral("sName")});
-    int chosen = -1;
-    for (rows.Open(true, true, true); !rows.IsEOF(); rows.MoveNext()) {
-        combo->addItem(rows.m_sName, rows.m_iID);
-        if (rows.m_iID == current)
-            chosen = combo->count() - 1;
-    }
-    combo->setCurrentIndex(chosen);
-    return 1;
 }
 
 void CTblCarClasses::DoFieldExchange()

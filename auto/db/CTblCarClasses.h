@@ -3,10 +3,9 @@
 
 #pragma once
 
+#include "auto/db/ComboRows.h"
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-
-class QComboBox;
 
 // Classes (trims) of the car catalog; iBrandID is the key of the class's model.
 class CTblCarClasses : public KMySQL, private KLiveCount<CTblCarClasses>
@@ -20,7 +19,14 @@ public:
 
     // Fills the drop-down with the model's classes in the order of their keys (entry data: the key) and stands on the one
     // with key current; nothing is chosen when there is none. Gives 1.
-    static int FillComboBox(QComboBox *combo, int modelID, int current, int database = 0);
+    template <class ComboBox>
+    static int FillComboBox(ComboBox *combo, int modelID, int current, int database = 0)
+    {
+        CTblCarClasses rows(database);
+        rows.m_filter = QString::asprintf("iBrandID=%d", modelID);
+        rows.m_sort = QStringLiteral("iID");
+        return fillComboBox(combo, rows, current);
+    }
 
     qint32 m_iID = 0;
     QString m_sName;

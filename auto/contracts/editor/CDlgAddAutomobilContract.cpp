@@ -12,6 +12,7 @@
 #include "auto/settings/ContractSettings.h"
 #include "auto/contracts/editor/ContractTitle.h"
 #include "auto/contracts/editor/LoadCarForContract.h"
+#include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -127,7 +128,7 @@ void CDlgAddAutomobilContract::showContractType(int contractType)
     m_contractType = contractType;
     setWindowTitle(contractEditorTitle(contractType, mode()));
     m_matter->showContractType(contractType);
-    tabs()->setPageShown(m_matterTab, hasMatterPage(contractType));
+    tabs()->setPageShown(m_matterTab, MatterVisibility::hasPage(contractType));
 }
 
 void CDlgAddAutomobilContract::showInstalments()
@@ -141,7 +142,7 @@ void CDlgAddAutomobilContract::showInstalments()
 QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const
 {
     QList<ContractEditorPage *> pages{m_base};
-    if (hasMatterPage(m_contractType))
+    if (MatterVisibility::hasPage(m_contractType))
         pages.append(m_matter);
     return pages;
 }

@@ -13,8 +13,3 @@ QString contractEditorTitle(int contractType, ContractEditorMode mode)
                                           QStringLiteral("فروش اقساطی"), QStringLiteral("نامه")};
     return editorTitle(QStringLiteral("قرارداد ") + typeNames.value(contractType), mode);
 }
-
-bool hasMatterPage(int contractType)
-{
-    return contractType >= 0 && contractType <= 2;
-}

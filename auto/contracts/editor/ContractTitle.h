@@ -9,6 +9,3 @@
 
 // Title of the contract editor: "قرارداد ", the type's name and the mode's suffix. An unknown type has no name.
 QString contractEditorTitle(int contractType, ContractEditorMode mode);
-
-// Whether a contract of that type has a vehicle page: a letter contract has none.
-bool hasMatterPage(int contractType);

@@ -3,8 +3,6 @@
 
 #include "auto/contracts/editor/MatterVisibility.h"
 
-#include "auto/contracts/editor/ContractTitle.h"
-
 #include <algorithm>
 
 namespace {
@@ -43,15 +41,20 @@ constexpr Rule rules[] = {
 
 bool isIn(int contractType, unsigned types)
 {
-    return hasMatterPage(contractType) && (types & (1U << contractType)) != 0;
+    return MatterVisibility::hasPage(contractType) && (types & (1U << contractType)) != 0;
 }
 
+}
+
+bool MatterVisibility::hasPage(int contractType)
+{
+    return contractType >= 0 && contractType <= 2;
 }
 
 bool MatterVisibility::isUsed(int contractType, QStringView column)
 {
     const auto *rule = std::ranges::find(rules, column, &Rule::column);
-    return rule == std::ranges::end(rules) ? hasMatterPage(contractType) : isIn(contractType, rule->types);
+    return rule == std::ranges::end(rules) ? hasPage(contractType) : isIn(contractType, rule->types);
 }
 
 bool MatterVisibility::hasTerms(int contractType)

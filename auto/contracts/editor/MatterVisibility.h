@@ -9,6 +9,9 @@
 // unknown type have no matter at all.
 namespace MatterVisibility {
 
+// A contract of that type has a vehicle page.
+bool hasPage(int contractType);
+
 // The column's field is shown, validated and written. True for a column that the rule does not name, in a type that has a
 // matter.
 bool isUsed(int contractType, QStringView column);

@@ -6,8 +6,6 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
-#include <QComboBox>
-
 namespace {
 
 // A name in its stored form that the type does not have yet; exceptID: the value that may keep its own name.
@@ -45,16 +43,6 @@ QList<CTblMultiItems::Value> CTblMultiItems::values(int itemType, int database)
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         found.append({set.m_iID, set.m_sName});
     return found;
-}
-
-void CTblMultiItems::FillComboBox(QComboBox *combo, int itemType, int current)
-{
-    const QList<Value> found = values(itemType);
-    combo->clear();
-    combo->addItem(QStringLiteral("-"), 0);
-    for (const Value &value : found)
-        combo->addItem(value.name, value.id);
-    combo->setCurrentIndex(qMax(0, combo->findData(current)));
 }
 
 int CTblMultiItems::addValue(int itemType, const QString &name, int database)

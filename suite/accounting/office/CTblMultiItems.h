@@ -7,8 +7,6 @@
 
 #include <QList>
 
-class QComboBox;
-
 // The values of one item type, as drop-downs and the multi-item picker use them. They are rows of Items, so a value that is
 // added here is offered wherever that type is.
 class TZACCOUNTING_EXPORT CTblMultiItems : public CTblItems
@@ -26,7 +24,16 @@ public:
 
     static QList<Value> values(int itemType, int database = 0);
     // Fills the drop-down with "-" (data 0) and the type's values (data: their keys) and stands on current.
-    static void FillComboBox(QComboBox *combo, int itemType, int current = 0);
+    template <class ComboBox>
+    static void FillComboBox(ComboBox *combo, int itemType, int current = 0)
+    {
+        const QList<Value> found = values(itemType);
+        combo->clear();
+        combo->addItem(QStringLiteral("-"), 0);
+        for (const Value &value : found)
+            combo->addItem(value.name, value.id);
+        combo->setCurrentIndex(qMax(0, combo->findData(current)));
+    }
 
     // Adds a value, the key of its row. Throws KAccountingError for an empty name or one that the type already has.
     static int addValue(int itemType, const QString &name, int database = 0);

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/accounting/reports/ReportGeometry.h"
+#include "suite/accounting/reports/ReportProgress.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QFont>
@@ -15,9 +16,6 @@
 #include <span>
 
 class QPainter;
-
-// How far a long work is; false asks it to stop.
-using ReportProgress = std::function<bool(int done, int total)>;
 
 // Lays a list report out on A4 pages and paints any one of them: corners and title, the table with its header row on every
 // page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page. Where not

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/reports/ReportPainter.h"
+#include "suite/accounting/reports/ReportProgress.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QElapsedTimer>

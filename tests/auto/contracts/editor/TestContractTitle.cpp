@@ -4,6 +4,7 @@
 #include "auto/contracts/editor/ContractNotes.h"
 #include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/contracts/editor/ContractTitle.h"
+#include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -40,11 +41,11 @@ private Q_SLOTS:
 
     void letterContractHasNoMatterPage()
     {
-        QVERIFY(hasMatterPage(0));
-        QVERIFY(hasMatterPage(1));
-        QVERIFY(hasMatterPage(2));
-        QVERIFY(!hasMatterPage(3));
-        QVERIFY(!hasMatterPage(-1));
+        QVERIFY(MatterVisibility::hasPage(0));
+        QVERIFY(MatterVisibility::hasPage(1));
+        QVERIFY(MatterVisibility::hasPage(2));
+        QVERIFY(!MatterVisibility::hasPage(3));
+        QVERIFY(!MatterVisibility::hasPage(-1));
     }
 
     void notesTakeOneColumnEachInOrder()

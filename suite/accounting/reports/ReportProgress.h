@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <functional>
+
+// How far a long work is; false asks it to stop.
+using ReportProgress = std::function<bool(int done, int total)>;
