@@ -66,16 +66,10 @@ bool CDlgAddCar::OnOK()
     if (m_checkDuplicates && CatalogEntries::isNameTaken(m_key, typed, m_parentKey))
         return refuse(QString());
     m_name->setText(name);
-    if (!m_save)
+    if (!m_save || KErrorBoundary::guarded(this, [&] { m_save(name); }))
         return true;
-    try {
-        m_save(name);
-        return true;
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-        m_name->setFocus();
-        return false;
-    }
+    m_name->setFocus();
+    return false;
 }
 
 bool CDlgAddCar::refuse(const QString &message)

@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 namespace {
 
 constexpr CatalogLevel levels[] = {CatalogLevel::Brand, CatalogLevel::Model, CatalogLevel::Class};
@@ -122,7 +124,7 @@ void CDlgCarsAll::build()
     m_import->setAccessibleName(m_import->text());
     m_import->setToolTip(QStringLiteral("افزودن نوع‌ها، مدل‌ها و تیپ‌های یک فایل به فهرست"));
     m_import->setAutoDefault(false);
-    connect(m_import, &QPushButton::clicked, this, [this] { guarded([this] { importEntries(); }); });
+    connect(m_import, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { importEntries(); }); });
 
     m_buttons = createButtons(QStringLiteral("انتخاب"));
     for (QAbstractButton *button : m_buttons->buttons()) {
@@ -142,17 +144,20 @@ void CDlgCarsAll::connectPanel(CatalogLevel level)
 {
     const CatalogPanel *source = panel(level);
     connect(source, &CatalogPanel::filterEdited, this, [this, level] {
-        guarded([&] {
+        KErrorBoundary::guarded(this, [&] {
             if (hasParent(level))
                 fill(level);
         });
     });
-    connect(source, &CatalogPanel::addRequested, this, [this, level] { guarded([&] { addEntry(level); }); });
-    connect(source, &CatalogPanel::editRequested, this, [this, level] { guarded([&] { editEntry(level); }); });
-    connect(source, &CatalogPanel::deleteRequested, this, [this, level] { guarded([&] { deleteEntry(level); }); });
-    connect(source, &CatalogPanel::activated, this, [this, level] { guarded([&] { activated(level); }); });
+    const auto guard = [this, level](void (CDlgCarsAll::*command)(CatalogLevel)) {
+        return [this, level, command] { KErrorBoundary::guarded(this, std::bind_front(command, this, level)); };
+    };
+    connect(source, &CatalogPanel::addRequested, this, guard(&CDlgCarsAll::addEntry));
+    connect(source, &CatalogPanel::editRequested, this, guard(&CDlgCarsAll::editEntry));
+    connect(source, &CatalogPanel::deleteRequested, this, guard(&CDlgCarsAll::deleteEntry));
+    connect(source, &CatalogPanel::activated, this, guard(&CDlgCarsAll::activated));
     connect(source, &CatalogPanel::currentKeyChanged, this,
-            [this, level](int key) { guarded([&] { selectionChanged(level, key); }); });
+            [this, level](int key) { KErrorBoundary::guarded(this, [&] { selectionChanged(level, key); }); });
 }
 
 int CDlgCarsAll::exec()
@@ -163,7 +168,7 @@ int CDlgCarsAll::exec()
 void CDlgCarsAll::showEvent(QShowEvent *event)
 {
     KDialog::showEvent(event);
-    guarded([this] { start(); });
+    KErrorBoundary::guarded(this, [this] { start(); });
 }
 
 void CDlgCarsAll::start()
@@ -362,13 +367,4 @@ void CDlgCarsAll::importEntries()
     fill(CatalogLevel::Brand);
     if (!panel(CatalogLevel::Brand)->list()->selectKey(brand))
         panel(CatalogLevel::Brand)->list()->selectRow(0);
-}
-
-void CDlgCarsAll::guarded(const std::function<void()> &work)
-{
-    try {
-        work();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
 }

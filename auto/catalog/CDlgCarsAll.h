@@ -8,7 +8,6 @@
 #include "suite/utility/frame/KDialog.h"
 
 #include <array>
-#include <functional>
 
 class CatalogPanel;
 class QDialogButtonBox;
@@ -79,7 +78,6 @@ private:
     int selectedKey(CatalogLevel level) const;
     int parentKey(CatalogLevel level) const;
     bool hasParent(CatalogLevel level) const;
-    void guarded(const std::function<void()> &work);
 
     std::array<CatalogPanel *, 3> m_panels{};
     QDialogButtonBox *m_buttons = nullptr;

@@ -51,21 +51,12 @@ QPushButton *CDlgRecordEditor::addCommand(const QString &caption, const std::fun
     auto *button = new QPushButton(caption, this);
     button->setAccessibleName(caption);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, [this, work] { run(work); });
+    connect(button, &QPushButton::clicked, this, [this, work] { KErrorBoundary::guarded(this, work); });
     // "برگشت از بايگاني", which most records do not show, stays behind the window's own.
     m_commands->insertWidget(qMax(0, m_commands->count() - 1), button);
     setTabOrder(m_lastCommand, button);
     m_lastCommand = button;
     return button;
-}
-
-void CDlgRecordEditor::run(const std::function<void()> &work)
-{
-    try {
-        work();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
 }
 
 int CDlgRecordEditor::addPage(KDialogTabPage *page, const QString &title)
@@ -113,7 +104,7 @@ bool CDlgRecordEditor::OnOK()
         return false;
     bool done = false;
     // Whatever goes wrong, what was typed stays in the window.
-    run([&] {
+    KErrorBoundary::guarded(this, [&] {
         GetDBSetting()->RequireOpenDB();
         done = validatePages() && save();
     });

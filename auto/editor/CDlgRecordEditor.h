@@ -54,8 +54,6 @@ protected:
     // Sets "فعال" and "برگشت از بايگاني" by the record's state.
     void showState(int status, int archiveUserID);
     int chosenStatus() const;
-    // Runs what a button or signal asks for; an error is shown and the window stays.
-    void run(const std::function<void()> &work);
 
     bool OnOK() override;
     // False after the user has been told why.

@@ -34,6 +34,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numeric>
 
 namespace {
@@ -251,11 +252,7 @@ bool CDlgChartOfAccounts::eventFilter(QObject *watched, QEvent *event)
 
 void CDlgChartOfAccounts::guarded(void (CDlgChartOfAccounts::*command)())
 {
-    try {
-        (this->*command)();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    KErrorBoundary::guarded(this, std::bind_front(command, this));
 }
 
 void CDlgChartOfAccounts::refill()

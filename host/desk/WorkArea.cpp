@@ -15,11 +15,7 @@ namespace {
 // A page that cannot store its settings must still be closable.
 void tellClosing(KDialogTabPage *page)
 {
-    try {
-        page->OnClosing();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), page->window());
-    }
+    KErrorBoundary::guarded(page->window(), [page] { page->OnClosing(); });
 }
 
 }

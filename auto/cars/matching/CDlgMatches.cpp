@@ -122,15 +122,13 @@ QString CDlgMatches::countText() const
 
 void CDlgMatches::showSelected()
 {
-    try {
+    KErrorBoundary::guarded(this, [this] {
         const int key = m_list->currentKey();
         if (key <= 0 || !CheckReadSecurity() || !m_table.show(key, this))
             return;
         if (!load())
             reject();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    });
 }
 
 ListReport CDlgMatches::report() const
@@ -147,14 +145,12 @@ ListReport CDlgMatches::report() const
 
 void CDlgMatches::print()
 {
-    try {
+    KErrorBoundary::guarded(this, [this] {
         if (!CheckPrintListSecurity())
             return;
         CDlgReportGenerator generator(report(), this);
         generator.ShowReport();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    });
 }
 
 KListModel::Cell MatchTexts::percent(int percent)

@@ -17,6 +17,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
@@ -104,7 +105,7 @@ void CDlgAddAutomobilContract::addPages()
     m_matter = new CDlgAddAutomobilContractMatter(mode(), tabs());
     m_matterTab = addPage(m_matter, m_matter->title());
     connect(m_matter, &CDlgAddAutomobilContractMatter::instalmentsRequested, this,
-            [this] { run([this] { showInstalments(); }); });
+            [this] { KErrorBoundary::guarded(this, [this] { showInstalments(); }); });
 
     m_customFields = new CDlgCustomFields(tabs());
     m_customFields->bind(CTblAutomobilContracts::recordKind, key());

@@ -28,6 +28,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 namespace {
 
 const QString calculateCaption = QStringLiteral("محاسبه اقساط");
@@ -215,11 +217,7 @@ QWidget *CDlgCalcPayment::buildButtons()
 
 void CDlgCalcPayment::guarded(void (CDlgCalcPayment::*command)())
 {
-    try {
-        (this->*command)();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    KErrorBoundary::guarded(this, std::bind_front(command, this));
 }
 
 QPushButton *CDlgCalcPayment::button(const QString &caption) const

@@ -71,11 +71,7 @@ void CDlgCustomFields::showEvent(QShowEvent *event)
 {
     if (!m_opened) {
         // An error must not leave a show event: the window would stay half shown.
-        try {
-            load();
-        } catch (...) {
-            KErrorBoundary::report(std::current_exception(), this);
-        }
+        KErrorBoundary::guarded(this, [this] { load(); });
     }
     KDialogTabPage::showEvent(event);
 }

@@ -115,11 +115,7 @@ void CDlgFileDocs::setReadOnly(bool readOnly)
 void CDlgFileDocs::showEvent(QShowEvent *event)
 {
     // An error must not leave a show event: the window would stay half shown.
-    try {
-        fill();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    KErrorBoundary::guarded(this, [this] { fill(); });
     KDialogTabPage::showEvent(event);
 }
 

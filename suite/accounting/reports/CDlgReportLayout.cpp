@@ -224,13 +224,11 @@ void CDlgReportLayout::fillNames(const QString &current)
 
 void CDlgReportLayout::loadNamed(const QString &name)
 {
-    try {
+    KErrorBoundary::guarded(this, [&] {
         if (const auto layout = CTblReportLayouts::load(m_report.group(), m_report.report(), name))
             setFields(*layout);
         m_default->setChecked(m_name->currentData().toBool());
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    });
 }
 
 bool CDlgReportLayout::hasColumns()

@@ -59,7 +59,7 @@ QString DemandReminder::description() const
 
 void DemandReminder::edit()
 {
-    try {
+    KErrorBoundary::guarded(this, [this] {
         // It may have been deleted in the list of reminders meanwhile.
         showReminder();
         if (m_alarmID != 0) {
@@ -69,9 +69,7 @@ void DemandReminder::edit()
             CTblAutomobilDemands::setAlarm(m_demandID, added);
             m_alarmID = added;
         }
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    });
     showReminder();
 }
 
