@@ -4,6 +4,8 @@
 #include "host/server/DatabaseBootstrap.h"
 
 #include "host/server/Platform.h"
+#include "host/server/ServerConfig.h"
+#include "host/server/ServerError.h"
 #include "host/server/ServerLog.h"
 
 #include <QCryptographicHash>
@@ -25,14 +27,14 @@ QByteArray storedHash(const QString &password)
 // makes an account.
 QByteArray accountStatement(const QString &password)
 {
-    return "REPLACE INTO mysql.global_priv VALUES ('localhost','" + EmbeddedServer::databaseName().toLatin1()
+    return "REPLACE INTO mysql.global_priv VALUES ('localhost','" + ServerOptions::databaseName().toLatin1()
         + "','{\"access\":18446744073709551615,\"plugin\":\"mysql_native_password\",\"authentication_string\":\""
         + storedHash(password) + "\"}');\n";
 }
 
 }
 
-DatabaseBootstrap::DatabaseBootstrap(const DataFolder &folder, const EmbeddedServer::Options &options)
+DatabaseBootstrap::DatabaseBootstrap(const DataFolder &folder, const ServerOptions &options)
     : m_folder(folder)
     , m_options(options)
 {
@@ -61,7 +63,7 @@ void DatabaseBootstrap::create(const QString &password, const ToolProcess::Pulse
         throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable, aside + QStringLiteral(": ") + reason);
     run(aside,
         "create database mysql;\nuse mysql;\n" + systemTables() + accountStatement(password) + "create database "
-            + EmbeddedServer::databaseName().toLatin1() + ";\n",
+            + ServerOptions::databaseName().toLatin1() + ";\n",
         pulse);
     // An empty folder of that name does not stand in the way.
     QDir().rmdir(m_folder.databasePath());

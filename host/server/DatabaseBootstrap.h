@@ -3,14 +3,15 @@
 
 #pragma once
 
-#include "host/server/ServerConfig.h"
+#include "host/server/DataFolder.h"
+#include "host/server/ServerOptions.h"
 #include "host/server/ToolProcess.h"
 
 // Makes the server's system tables and its one account, while no server runs.
 class DatabaseBootstrap
 {
 public:
-    DatabaseBootstrap(const DataFolder &folder, const EmbeddedServer::Options &options);
+    DatabaseBootstrap(const DataFolder &folder, const ServerOptions &options);
 
     // A whole database lies in the folder. Throws ServerError Damaged when something else does.
     bool exists() const;
@@ -25,5 +26,5 @@ private:
     QByteArray systemTables() const;
 
     DataFolder m_folder;
-    EmbeddedServer::Options m_options;
+    ServerOptions m_options;
 };

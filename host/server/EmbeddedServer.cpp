@@ -110,8 +110,8 @@ void EmbeddedServer::prepare(const Progress &progress)
 
     m_settings = {};
     m_settings.socketPath = m_folder.socketPath(QStringLiteral("db"));
-    m_settings.user = databaseName();
-    m_settings.database = databaseName();
+    m_settings.user = ServerOptions::databaseName();
+    m_settings.database = ServerOptions::databaseName();
     endLeftovers(progress);
     requireRoom(m_options.freeMiBToStart);
     ServerLog(m_folder).begin();

@@ -6,7 +6,7 @@
 #include "suite/db/KConnection.h"
 #include "host/server/DataFolder.h"
 #include "host/server/ServerError.h"
-#include "host/server/ServerPrograms.h"
+#include "host/server/ServerOptions.h"
 
 #include <QObject>
 #include <QProcess>
@@ -25,18 +25,7 @@ class EmbeddedServer final : public QObject
     Q_OBJECT
 
 public:
-    struct Options
-    {
-        ServerPrograms programs = ServerPrograms::installed();
-        int startLimitMilliseconds = 30000;
-        int bufferPoolMiB = 64;
-        int redoLogMiB = 96;
-        // Room that the folder's disk must have. With less a server may start but break off at its first larger write.
-        int freeMiBForNewDatabase = 300;
-        int freeMiBToStart = 32;
-        // For tests only: nothing is forced to the disk, a power failure may lose everything.
-        bool unsafeButFast = false;
-    };
+    using Options = ServerOptions;
 
     // Called with the Persian text of what is being waited for, at once and then about twenty times a second while it
     // lasts, so that a splash can be repainted. What it throws passes through start or stop, which leave no
@@ -66,9 +55,6 @@ public:
     const DataFolder &folder() const { return m_folder; }
     // As the running server tells it, such as "10.11.14-MariaDB-0+deb12u2".
     QString version() const { return m_version; }
-
-    // Name of the database and of the account in client.cnf.
-    static QString databaseName() { return QStringLiteral("tzauto"); }
 
 Q_SIGNALS:
     // The running server ended without stop having been called. message is one Persian sentence, detail is for the log.

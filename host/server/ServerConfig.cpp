@@ -4,6 +4,7 @@
 #include "host/server/ServerConfig.h"
 
 #include "host/server/Platform.h"
+#include "host/server/ServerError.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -14,7 +15,7 @@ const QByteArray passwordKey = QByteArrayLiteral("password=");
 
 }
 
-ServerConfig::ServerConfig(const DataFolder &folder, const EmbeddedServer::Options &options)
+ServerConfig::ServerConfig(const DataFolder &folder, const ServerOptions &options)
     : m_folder(folder)
     , m_options(options)
 {
@@ -110,12 +111,12 @@ void ServerConfig::writeClientOptions(const QString &socketPath, const QString &
 {
     KConnectionSettings settings;
     settings.socketPath = socketPath;
-    settings.user = EmbeddedServer::databaseName();
+    settings.user = ServerOptions::databaseName();
     settings.password = password;
     QByteArray text(
         "# The account of this folder's private database server; whoever can read it can read everything.\n");
     text += clientOptions(settings);
-    text += "[mysql]\ndatabase=" + quoted(EmbeddedServer::databaseName()) + '\n';
+    text += "[mysql]\ndatabase=" + quoted(ServerOptions::databaseName()) + '\n';
     write(m_folder.clientConfigPath(), text);
 }
 

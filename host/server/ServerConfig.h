@@ -3,13 +3,15 @@
 
 #pragma once
 
-#include "host/server/EmbeddedServer.h"
+#include "suite/db/KConnection.h"
+#include "host/server/DataFolder.h"
+#include "host/server/ServerOptions.h"
 
 // The options files of a data folder. Both are written anew at every start, so that a folder may be moved.
 class ServerConfig
 {
 public:
-    ServerConfig(const DataFolder &folder, const EmbeddedServer::Options &options);
+    ServerConfig(const DataFolder &folder, const ServerOptions &options);
 
     // Throws ServerError FolderNotWritable or DiskFull.
     void writeServerOptions(const QString &socketPath) const;
@@ -30,5 +32,5 @@ private:
     void write(const QString &path, const QByteArray &content) const;
 
     DataFolder m_folder;
-    EmbeddedServer::Options m_options;
+    ServerOptions m_options;
 };

@@ -28,7 +28,7 @@ void KColumns::add(KColumn column)
     m_columns.push_back(std::move(column));
 }
 
-void KColumns::addNameSource(QStringView column, KLookup::Source source)
+void KColumns::addNameSource(QStringView column, KNameSource source)
 {
     m_nameSources.emplace_back(qualified(column), std::move(source));
 }
@@ -42,7 +42,7 @@ const KColumn *KColumns::find(QStringView name) const
     return nullptr;
 }
 
-KLookup::Source KColumns::nameSource(QStringView name) const
+KNameSource KColumns::nameSource(QStringView name) const
 {
     const KColumn *column = find(name);
     if (column && !column->lookupTable.isEmpty())

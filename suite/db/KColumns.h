@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/db/KColumn.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/KNameSource.h"
 
 #include <QStringList>
 
@@ -18,13 +18,13 @@ public:
     void setAlias(QStringView alias) { m_alias = alias.toString(); }
     // The column is named without the alias here.
     void add(KColumn column);
-    void addNameSource(QStringView column, KLookup::Source source);
+    void addNameSource(QStringView column, KNameSource source);
 
     const std::vector<KColumn> &all() const { return m_columns; }
     // Null when there is none of that name.
     const KColumn *find(QStringView name) const;
     // The lookup of the column, else its name source; empty parts when it has neither.
-    KLookup::Source nameSource(QStringView column) const;
+    KNameSource nameSource(QStringView column) const;
 
     // What is read: these columns and the key; empty: all.
     void setSubset(const QStringList &names) { m_subset = names; }
@@ -47,7 +47,7 @@ private:
 
     QString m_alias;
     std::vector<KColumn> m_columns;
-    std::vector<std::pair<QString, KLookup::Source>> m_nameSources;
+    std::vector<std::pair<QString, KNameSource>> m_nameSources;
     QStringList m_subset;
     std::vector<KColumn::Member> m_read; // in the order of the select list
 };

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/db/KNameSource.h"
 #include "suite/db/TzDBExport.h"
 
 #include <QHash>
@@ -15,13 +16,7 @@ class KMySQL;
 // stand is said once, by the record that has the column.
 namespace KLookup {
 
-// A table, the column that holds the keys and the column that is shown.
-struct Source
-{
-    QString table;
-    QString key;
-    QString display;
-};
+using Source = KNameSource;
 
 // Display text per key; keys that are 0 or not in the table are left out. Keys may repeat.
 TZDB_EXPORT QHash<int, QString> names(const Source &source, const QList<int> &keys, int database = 0);

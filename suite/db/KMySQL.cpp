@@ -427,7 +427,7 @@ const KMySQL::Column *KMySQL::column(QStringView name)
     return m_columns.find(name);
 }
 
-KLookup::Source KMySQL::nameSource(QStringView name)
+KNameSource KMySQL::nameSource(QStringView name)
 {
     ensureBound();
     return m_columns.nameSource(name);

@@ -7,7 +7,6 @@
 #include "suite/db/KColumns.h"
 #include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
-#include "suite/db/KLookup.h"
 #include "suite/db/KStatementResult.h"
 
 #include <QDateTime>
@@ -133,7 +132,7 @@ public:
     const Column *column(QStringView name);
     // Where the names behind a column's keys stand: the lookup of its binding, else what namesFrom says; its parts are empty
     // when neither does.
-    KLookup::Source nameSource(QStringView column);
+    KNameSource nameSource(QStringView column);
     // A column's member by name, for forms and tables; an unknown name is an error of the program and asserts.
     QVariant value(QStringView column);
     void setValue(QStringView column, const QVariant &value);

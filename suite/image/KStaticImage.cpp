@@ -49,12 +49,26 @@ QString textOf(PictureIntake::Refusal refusal)
     return {};
 }
 
+QAccessibleInterface *makeReader(const QString &, QObject *object)
+{
+    auto *box = qobject_cast<KStaticImage *>(object);
+    return box ? new PictureBoxReader(box) : nullptr;
+}
+
+// The module is unloaded before the program's last window goes, and must not be asked about that one.
+struct ReaderInstallation
+{
+    ReaderInstallation() { QAccessible::installFactory(makeReader); }
+    ~ReaderInstallation() { QAccessible::removeFactory(makeReader); }
+    Q_DISABLE_COPY_MOVE(ReaderInstallation)
+};
+
 }
 
 KStaticImage::KStaticImage(QWidget *parent)
     : QWidget(parent)
 {
-    PictureBoxReader::install();
+    static const ReaderInstallation untilUnloaded;
     setFocusPolicy(Qt::StrongFocus);
     setProperty(KDialog::actsOnEnter, true);
     setAcceptDrops(true);

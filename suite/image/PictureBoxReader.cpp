@@ -3,56 +3,24 @@
 
 #include "suite/image/PictureBoxReader.h"
 
-#include "suite/image/KStaticImage.h"
-
-#include <QAccessibleWidget>
-
-namespace {
-
-class Reader : public QAccessibleWidget
+PictureBoxReader::PictureBoxReader(QWidget *box)
+    : QAccessibleWidget(box, QAccessible::Graphic)
 {
-public:
-    explicit Reader(KStaticImage *box)
-        : QAccessibleWidget(box, QAccessible::Graphic) { }
-
-    QStringList actionNames() const override
-    {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (box()->isEnabled())
-            names.prepend(pressAction());
-        return names;
-    }
-
-    void doAction(const QString &name) override
-    {
-        if (name != pressAction())
-            QAccessibleWidget::doAction(name);
-        else if (box()->isEnabled())
-            // Later: whoever presses waits for this to return, and a window opens.
-            QMetaObject::invokeMethod(box(), "activate", Qt::QueuedConnection);
-    }
-
-private:
-    KStaticImage *box() const { return static_cast<KStaticImage *>(widget()); }
-};
-
-QAccessibleInterface *makeReader(const QString &, QObject *object)
-{
-    auto *box = qobject_cast<KStaticImage *>(object);
-    return box ? new Reader(box) : nullptr;
 }
 
-// The module is unloaded before the program's last window goes, and must not be asked about that one.
-struct Installation
+QStringList PictureBoxReader::actionNames() const
 {
-    Installation() { QAccessible::installFactory(makeReader); }
-    ~Installation() { QAccessible::removeFactory(makeReader); }
-    Q_DISABLE_COPY_MOVE(Installation)
-};
-
+    QStringList names = QAccessibleWidget::actionNames();
+    if (widget()->isEnabled())
+        names.prepend(pressAction());
+    return names;
 }
 
-void PictureBoxReader::install()
+void PictureBoxReader::doAction(const QString &name)
 {
-    static const Installation untilUnloaded;
+    if (name != pressAction())
+        QAccessibleWidget::doAction(name);
+    else if (widget()->isEnabled())
+        // Later: whoever presses waits for this to return, and a window opens.
+        QMetaObject::invokeMethod(widget(), "activate", Qt::QueuedConnection);
 }

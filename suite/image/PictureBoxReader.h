@@ -3,11 +3,15 @@
 
 #pragma once
 
-// What a screen reader learns of a picture box: that it is a picture, what it shows, and that it can be pressed. Inside the
-// library only.
-namespace PictureBoxReader {
+#include <QAccessibleWidget>
 
-// Once for the program; further calls do nothing.
-void install();
+// What a screen reader learns of a picture box: that it is a picture, what it shows, and that it can be pressed, which is the
+// box's slot activate. Inside the library only.
+class PictureBoxReader : public QAccessibleWidget
+{
+public:
+    explicit PictureBoxReader(QWidget *box);
 
-}
+    QStringList actionNames() const override;
+    void doAction(const QString &name) override;
+};

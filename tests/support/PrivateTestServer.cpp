@@ -77,7 +77,7 @@ std::optional<KConnectionSettings> PrivateTestServer::ofThisRun()
     const DataFolder folder(path);
     KConnectionSettings settings;
     settings.socketPath = folder.socketPath(QStringLiteral("db"));
-    settings.user = EmbeddedServer::databaseName();
+    settings.user = EmbeddedServer::Options::databaseName();
     settings.password = ServerConfig(folder, options()).storedPassword();
     try {
         KConnection(settings).run(QByteArrayLiteral("SELECT 1"));

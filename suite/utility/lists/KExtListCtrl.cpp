@@ -14,7 +14,7 @@
 
 #include "suite/utility/values/CodeText.h"
 #include "suite/utility/values/KSettings.h"
-#include "suite/utility/lists/ListRoles.h"
+#include "suite/utility/lists/KListModel.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ protected:
             option->palette.setBrush(QPalette::Highlight, mark.value<QBrush>());
             option->palette.setBrush(QPalette::HighlightedText, text.value<QBrush>());
         }
-        if (!index.data(LeftToRightRole).toBool())
+        if (!index.data(KListModel::LeftToRightRole).toBool())
             return;
         option->direction = Qt::LeftToRight;
         option->text = CodeText::shown(option->text);

@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "suite/utility/entries/EntryMark.h"
-#include "suite/utility/lists/ListRoles.h"
+#include "suite/utility/lists/KListModel.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -172,7 +172,7 @@ QVariant KLinesModel::data(const QModelIndex &index, int role) const
         return isUnknownChoice(index) ? QVariant(QBrush(warningColor(QGuiApplication::palette()))) : QVariant();
     case Qt::ToolTipRole:
         return isUnknownChoice(index) ? QStringLiteral("در لیست نیست") : QString();
-    case LeftToRightRole:
+    case KListModel::LeftToRightRole:
         return isNumeric(kind);
     default:
         return {};

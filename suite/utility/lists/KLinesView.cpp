@@ -17,7 +17,7 @@
 #include <functional>
 
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/lists/ListRoles.h"
+#include "suite/utility/lists/KListModel.h"
 #include "suite/utility/values/Money.h"
 
 namespace {
@@ -110,7 +110,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (index.data(LeftToRightRole).toBool())
+        if (index.data(KListModel::LeftToRightRole).toBool())
             option->direction = Qt::LeftToRight;
     }
 

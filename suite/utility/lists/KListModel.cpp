@@ -12,7 +12,6 @@
 #include <utility>
 
 #include "suite/utility/entries/EntryMark.h"
-#include "suite/utility/lists/ListRoles.h"
 
 namespace {
 

@@ -21,7 +21,8 @@ class TZUTILITY_EXPORT KListModel : public QAbstractTableModel
 public:
     enum Role {
         SortRole = Qt::UserRole, // the raw value; the text when the cell has none
-        KeyRole                  // the row's key
+        KeyRole,                 // the row's key
+        LeftToRightRole          // between the list and its model only: whether the cell's text is drawn from left to right
     };
 
     struct Column

@@ -147,8 +147,8 @@ void TestServerCrash::killingTheProgramEndsTheServerAndTheNextStartIsClean()
     startHolder(holder, &left);
     KConnectionSettings settings;
     settings.socketPath = folder().socketPath(QStringLiteral("db"));
-    settings.user = EmbeddedServer::databaseName();
-    settings.database = EmbeddedServer::databaseName();
+    settings.user = EmbeddedServer::Options::databaseName();
+    settings.database = EmbeddedServer::Options::databaseName();
     settings.password = ServerConfig(folder(), m_options).storedPassword();
     KConnection::configure(0, settings);
     keepTwoRows();

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/server/ServerPrograms.h"
+
+// What the server of a data folder is started with.
+struct ServerOptions
+{
+    ServerPrograms programs = ServerPrograms::installed();
+    int startLimitMilliseconds = 30000;
+    int bufferPoolMiB = 64;
+    int redoLogMiB = 96;
+    // Room that the folder's disk must have. With less a server may start but break off at its first larger write.
+    int freeMiBForNewDatabase = 300;
+    int freeMiBToStart = 32;
+    // For tests only: nothing is forced to the disk, a power failure may lose everything.
+    bool unsafeButFast = false;
+
+    // Name of the database and of the account in client.cnf.
+    static QString databaseName() { return QStringLiteral("tzauto"); }
+};
