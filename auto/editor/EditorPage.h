@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/utility/frame/KDialogTabPage.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 enum class EditorMode {
     New,

@@ -3,7 +3,7 @@
 
 #include "auto/editor/FormLines.h"
 
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 #include <QGridLayout>
 #include <QVBoxLayout>

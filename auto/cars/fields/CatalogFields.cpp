@@ -7,7 +7,7 @@
 #include "auto/catalog/CatalogEntries.h"
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 #include <QComboBox>
 #include <QPushButton>

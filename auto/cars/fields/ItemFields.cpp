@@ -12,7 +12,7 @@
 #include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 #include <QComboBox>
 #include <QPushButton>

@@ -7,7 +7,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -22,7 +22,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QPushButton>

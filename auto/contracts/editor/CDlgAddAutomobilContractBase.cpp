@@ -19,7 +19,7 @@
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -5,7 +5,7 @@
 
 #include "auto/contracts/figures/Commission.h"
 #include "auto/contracts/editor/ContractEditorPage.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 #include <QList>
 #include <QStringList>

@@ -10,7 +10,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/Provinces.h"
 #include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/values/TextStandard.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/figures/Commission.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 #include <QGroupBox>
 

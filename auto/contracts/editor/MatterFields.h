@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 // The form table of the matter page: the vehicle, payment, registry, rent and instalment columns of a contract.
 QList<KFormField> matterFields();

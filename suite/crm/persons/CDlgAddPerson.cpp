@@ -9,7 +9,7 @@
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/crm/persons/MobileNumber.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>

@@ -5,7 +5,7 @@
 
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 // Enters what a contract's vehicle cannot be saved without.
 inline void fillMatterPage(CDlgAddAutomobilContractMatter &page)

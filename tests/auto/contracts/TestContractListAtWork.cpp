@@ -16,7 +16,7 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 
 // The form tables of the car editor's pages, over the columns of AutomobilInformations.
 namespace CarFields {

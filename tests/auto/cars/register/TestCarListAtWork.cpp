@@ -14,7 +14,7 @@
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"

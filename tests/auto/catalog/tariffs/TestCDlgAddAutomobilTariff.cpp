@@ -9,7 +9,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"

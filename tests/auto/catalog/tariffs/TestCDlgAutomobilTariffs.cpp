@@ -12,7 +12,7 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/values/Money.h"

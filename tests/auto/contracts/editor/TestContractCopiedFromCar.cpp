@@ -17,7 +17,7 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"

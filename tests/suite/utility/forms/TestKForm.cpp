@@ -3,7 +3,7 @@
 
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/entries/KForm.h"
+#include "suite/utility/forms/KForm.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/TabOrder.h"

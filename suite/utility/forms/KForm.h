@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/forms/KFormField.h"
 
 #include <QHash>
 #include <QList>
@@ -11,8 +12,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
+#include <vector>
 
+class FieldCompanions;
+class FormControl;
 class KDateEdit;
 class KEdit;
 class KMySQL;
@@ -24,40 +29,6 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 class QWidget;
-
-// One field of an editor page: a column of the record and the control that shows it.
-struct KFormField
-{
-    enum class Kind {
-        Text,           // limited to its column's length unless maxLength says less
-        LongText,       // the same over several lines
-        Money,          // unsigned money
-        Percent,        // 0 to 100
-        Integer,        // whole number, 0 and above unless a range is given
-        Date,           // Shamsi date; empty is the empty date
-        Choice,         // drop-down; the position is stored
-        EditableChoice, // drop-down with free text; the text is stored
-        Lookup,         // drop-down that the page fills, or of choices and their keys; the entry's data is stored, a key;
-                        // 0 when nothing is chosen
-        Flag            // check box, stored as 0 or 1; the label is its caption
-    };
-
-    QString column;
-    QString label; // shown before the control and its accessible name
-    Kind kind = Kind::Text;
-    QString accessibleName = {}; // where the label alone does not tell the field from its neighbours
-    QStringList choices = {};
-    int maxLength = 0; // characters; 0: as many as the column holds
-    double minimum = 0;
-    double maximum = 0;       // a range of Integer; both 0: the kind's own
-    bool readOnly = false;    // never editable
-    bool displayed = true;    // false: the control exists and keeps its value, but is not shown
-    bool inWords = false;     // Money: the amount in words stands below the control
-    QList<int> keys = {};     // Lookup: the key of each of the choices; empty where the page fills the drop-down
-    bool leftToRight = false; // Text: a code, read from left to right
-    bool hasButton = false;   // a button "..." stands behind the control, for as long as the field can be edited
-    bool hasArrows = false;   // Integer: buttons that step up and down, as the arrow keys then do
-};
 
 // A page of an editor as a table: builds the controls of its fields with label and buddy, loads them from a record, stores
 // them into it, sets show mode, and finds the first entry that cannot be stored. The page places them and wires its rules.
@@ -74,6 +45,7 @@ public:
 
     // The record tells the columns' lengths; it is not kept. The controls become children of the page.
     KForm(QList<KFormField> fields, KMySQL &record, QWidget *page);
+    ~KForm() override;
 
     const QList<KFormField> &fields() const { return m_fields; }
 
@@ -120,35 +92,27 @@ public:
 
     std::optional<Problem> firstInvalid() const;
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     struct Item
     {
         KFormField field;
-        QWidget *control = nullptr;
+        std::unique_ptr<FormControl> control;
         QLabel *label = nullptr;
-        QLabel *words = nullptr;
-        QPushButton *button = nullptr;
-        KStepArrows *arrows = nullptr;
+        std::unique_ptr<FieldCompanions> companions;
         bool readOnly = false;
         bool used = true;
     };
 
     Item makeItem(const KFormField &field, KMySQL &record, QWidget *page);
-    QWidget *makeControl(const KFormField &field, KMySQL &record, QWidget *page);
-    void addWords(Item &item, QWidget *page);
-    static void addButton(Item &item, QWidget *page);
     const Item &item(const QString &column) const;
     Item &item(const QString &column);
-    void applyReadOnly(const Item &item);
+    void applyReadOnly(const Item &item) const;
     void applyDisplayed(const Item &item) const;
-    void showCompanions(const Item &item) const;
+    static bool isShown(const Item &item) { return item.used && item.field.displayed; }
     bool isReadOnly(const Item &item) const { return m_showMode || item.readOnly; }
 
     QList<KFormField> m_fields;
-    QList<Item> m_items;
-    QHash<QString, qsizetype> m_positions;
+    std::vector<Item> m_items;
+    QHash<QString, std::size_t> m_positions;
     bool m_showMode = false;
 };
