@@ -6,12 +6,12 @@
 #include "auto/catalog/CatalogEntries.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
@@ -27,11 +27,8 @@ CDlgAddCar::CDlgAddCar(const QString &heading, QWidget *parent)
 {
     m_name->setMaxLength(longestName);
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    auto *label = new QLabel(QStringLiteral("نام :"));
-    label->setBuddy(m_name);
-    m_name->setAccessibleName(label->text());
     auto *form = new QFormLayout;
-    form->addRow(label, m_name);
+    addLabelled(form, QStringLiteral("نام :"), m_name);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(createButtons());

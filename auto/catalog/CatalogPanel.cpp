@@ -4,6 +4,7 @@
 #include "auto/catalog/CatalogPanel.h"
 
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/TextStandard.h"
@@ -34,17 +35,13 @@ CatalogPanel::CatalogPanel(const QString &heading, const QString &section, QWidg
     m_filter->setClearButtonEnabled(true);
     m_filter->setPlaceholderText(QStringLiteral("جستجو در نام"));
     m_filter->installEventFilter(this);
-    auto *label = new QLabel(heading + QStringLiteral(" :"), this);
-    label->setBuddy(m_filter);
-    m_filter->setAccessibleName(label->text());
 
     m_list->setAccessibleName(heading);
     m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40}, {heading, Qt::AlignRight, 170}});
     m_list->SetSettingName(section);
 
     auto *search = new QHBoxLayout;
-    search->addWidget(label);
-    search->addWidget(m_filter, 1);
+    addLabelled(search, heading + QStringLiteral(" :"), m_filter, 1);
     auto *commands = new QHBoxLayout;
     m_add = makeButton(QStringLiteral("جديد"), QKeySequence(Qt::Key_Insert), this, commands);
     m_edit = makeButton(QStringLiteral("ويرايش"), QKeySequence(Qt::Key_F2), this, commands);

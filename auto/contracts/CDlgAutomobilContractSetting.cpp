@@ -5,6 +5,7 @@
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
 
@@ -73,11 +74,8 @@ QWidget *CDlgAutomobilContractSetting::createTaxGroup()
     auto *group = new QGroupBox(QStringLiteral("ماليات و عوارض"));
     auto *line = new QHBoxLayout(group);
     const auto addPercent = [line](const QString &text) {
-        auto *label = new QLabel(text);
         KEdit *edit = createPercent(text, {});
-        label->setBuddy(edit);
-        line->addWidget(label);
-        line->addWidget(edit);
+        addLabelled(line, text, edit);
         line->addWidget(new QLabel(QStringLiteral("%")));
         return edit;
     };
@@ -118,13 +116,9 @@ void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, co
         heading = m_thirdInUse = new QCheckBox(fromText);
         m_thirdInUse->setAccessibleName(fromText);
     } else {
-        auto *label = new QLabel(fromText);
-        label->setBuddy(row.lowerBound);
-        heading = label;
+        heading = labelFor(fromText, row.lowerBound);
     }
-    auto *toLabel = new QLabel(toText);
-    toLabel->setBuddy(row.ceiling);
-    row.widgets = {row.lowerBound, new QLabel(moneyUnit), toLabel, row.ceiling, new QLabel(moneyUnit), row.percent,
+    row.widgets = {row.lowerBound, new QLabel(moneyUnit), labelFor(toText, row.ceiling), row.ceiling, new QLabel(moneyUnit), row.percent,
                    new QLabel(QStringLiteral("%"))};
     grid->addWidget(heading, tier, 0);
     for (int column = 0; column < row.widgets.size(); ++column)
@@ -138,12 +132,9 @@ QLayout *CDlgAutomobilContractSetting::createDemandLine()
     m_archiveDemands->setAccessibleName(m_archiveDemands->text());
     m_demandDays = new KEdit(KEdit::Kind::Integer);
     m_demandDays->setMaximumWidth(90);
-    auto *label = new QLabel(QStringLiteral("روز را بايگاني نمايد."));
-    label->setBuddy(m_demandDays);
-    m_demandDays->setAccessibleName(label->text());
     line->addWidget(m_archiveDemands);
     line->addWidget(m_demandDays);
-    line->addWidget(label);
+    line->addWidget(labelFor(QStringLiteral("روز را بايگاني نمايد."), m_demandDays));
     line->addStretch();
     return line;
 }

@@ -8,6 +8,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/TextStandard.h"
@@ -50,9 +51,8 @@ KEdit *CDlgAddUser::addEdit(QFormLayout *form, const QString &caption, int maxLe
 {
     auto *edit = new KEdit(this);
     edit->setMaxLength(maxLength);
-    edit->setAccessibleName(caption);
     edit->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
-    form->addRow(caption, edit);
+    addLabelled(form, caption, edit);
     return edit;
 }
 

@@ -7,6 +7,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
 
@@ -33,9 +34,8 @@ KEdit *CDlgChangePassword::addPassword(QFormLayout *form, const QString &caption
     auto *edit = new KEdit(this);
     edit->setEchoMode(QLineEdit::Password);
     edit->setMaxLength(200);
-    edit->setAccessibleName(caption);
     edit->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
-    form->addRow(caption, edit);
+    addLabelled(form, caption, edit);
     return edit;
 }
 

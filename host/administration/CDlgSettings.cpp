@@ -7,6 +7,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -24,12 +25,6 @@
 namespace {
 
 constexpr int mostDecimals = 4;
-
-void addRow(QFormLayout *form, const QString &caption, QWidget *field)
-{
-    field->setAccessibleName(caption);
-    form->addRow(caption, field);
-}
 
 }
 
@@ -71,8 +66,8 @@ QGroupBox *CDlgSettings::buildMoney()
     m_decimals = new QComboBox(box);
     for (int decimals = 0; decimals <= mostDecimals; ++decimals)
         m_decimals->addItem(QString::number(decimals));
-    addRow(form, QStringLiteral("نام واحد پول :"), m_unit);
-    addRow(form, QStringLiteral("رقم‌های اعشار :"), m_decimals);
+    addLabelled(form, QStringLiteral("نام واحد پول :"), m_unit);
+    addLabelled(form, QStringLiteral("رقم‌های اعشار :"), m_decimals);
     return box;
 }
 
@@ -89,8 +84,8 @@ QGroupBox *CDlgSettings::buildFiscalYear()
         if (const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1); first.isValid())
             m_opening->setDate(first);
     });
-    addRow(form, QStringLiteral("سال مالی :"), m_fiscalYear);
-    addRow(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
+    addLabelled(form, QStringLiteral("سال مالی :"), m_fiscalYear);
+    addLabelled(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
     return box;
 }
 

@@ -7,6 +7,7 @@
 #include "host/administration/RightsGridModel.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/entries/FieldLabel.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -67,9 +68,6 @@ QLayout *CDlgUserRights::buildCopyRow()
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         m_source->addItem(users.m_sUser, users.m_iID);
 
-    auto *label = new QLabel(QStringLiteral("کپی از کاربر :"), this);
-    label->setBuddy(m_source);
-    m_source->setAccessibleName(label->text());
     m_source->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     auto *row = new QHBoxLayout;
     const auto addButton = [this, row](const QString &caption, auto action) {
@@ -80,8 +78,7 @@ QLayout *CDlgUserRights::buildCopyRow()
         row->addWidget(button);
         return button;
     };
-    row->addWidget(label);
-    row->addWidget(m_source);
+    addLabelled(row, QStringLiteral("کپی از کاربر :"), m_source);
     QPushButton *copy = addButton(QStringLiteral("کپی"), [this] { takeOver(); });
     copy->setEnabled(m_source->count() > 0);
     m_source->setEnabled(m_source->count() > 0);

@@ -8,6 +8,7 @@
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
@@ -90,12 +91,8 @@ void CDlgAddAccount::build(const QString &title, const QString &above)
     auto *form = new QFormLayout;
     if (!above.isEmpty())
         form->addRow(QStringLiteral("زیر حساب :"), new QLabel(above, this));
-    const auto addRow = [form](const QString &caption, KEdit *edit) {
-        edit->setAccessibleName(caption);
-        form->addRow(caption, edit);
-    };
-    addRow(QStringLiteral("کد :"), m_codeEdit);
-    addRow(QStringLiteral("نام :"), m_name);
+    addLabelled(form, QStringLiteral("کد :"), m_codeEdit);
+    addLabelled(form, QStringLiteral("نام :"), m_name);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons());

@@ -11,6 +11,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KLinesView.h"
@@ -57,15 +58,6 @@ QVector<KLinesModel::Column> rowColumns()
         {QStringLiteral("بدهکار"), Kind::Money, 80},
         {QStringLiteral("بستانکار"), Kind::Money, 80},
     };
-}
-
-void addField(QGridLayout *grid, int row, int column, const QString &caption, QWidget *field)
-{
-    auto *label = new QLabel(caption, grid->parentWidget());
-    label->setBuddy(field);
-    field->setAccessibleName(caption);
-    grid->addWidget(label, row, column);
-    grid->addWidget(field, row, column + 1);
 }
 
 }
@@ -116,8 +108,8 @@ QWidget *CDlgAddDocument::buildHead()
     m_date = new KDateEdit(box);
     m_desc = new KEdit(box);
     m_desc->setMaxLength(CTblDocuments().textLength(u"sDesc"));
-    addField(grid, 0, 0, QStringLiteral("تاریخ :"), m_date);
-    addField(grid, 0, 2, QStringLiteral("شرح سند :"), m_desc);
+    addLabelled(grid, 0, 0, QStringLiteral("تاریخ :"), m_date);
+    addLabelled(grid, 0, 2, QStringLiteral("شرح سند :"), m_desc);
     grid->setColumnStretch(3, 1);
     return box;
 }

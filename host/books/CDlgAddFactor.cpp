@@ -12,6 +12,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/LevyRates.h"
 #include "suite/crm/persons/KPersonField.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KLinesView.h"
@@ -74,16 +75,6 @@ QString titleOf(const Invoice &invoice)
 {
     const QString kind = invoice.type == CTblFactors::purchase ? QStringLiteral("فاکتور خرید") : QStringLiteral("فاکتور فروش");
     return invoice.num == 0 ? kind + QStringLiteral(" جدید") : kind + QStringLiteral(" شماره %1").arg(invoice.num);
-}
-
-void addField(QGridLayout *grid, int row, int column, const QString &caption, QWidget *field, int span = 1)
-{
-    auto *label = new QLabel(caption, grid->parentWidget());
-    label->setBuddy(field);
-    if (field->accessibleName().isEmpty())
-        field->setAccessibleName(caption);
-    grid->addWidget(label, row, column);
-    grid->addWidget(field, row, column + 1, 1, span);
 }
 
 QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *parent)
@@ -153,10 +144,10 @@ QWidget *CDlgAddFactor::buildHead()
     m_returned = new QCheckBox(QStringLiteral("برگشتی"), box);
     m_returned->setAccessibleName(m_returned->text());
     m_returned->setToolTip(QStringLiteral("همه ردیف‌های این فاکتور برگشت داده شده‌اند و سند آن برعکس است."));
-    addField(grid, 0, 0, QStringLiteral("شخص :"), m_person);
-    addField(grid, 0, 2, QStringLiteral("تاریخ :"), m_date);
+    addLabelled(grid, 0, 0, QStringLiteral("شخص :"), m_person);
+    addLabelled(grid, 0, 2, QStringLiteral("تاریخ :"), m_date);
     grid->addWidget(m_returned, 0, 4);
-    addField(grid, 1, 0, QStringLiteral("شرح :"), m_desc, 4);
+    addLabelled(grid, 1, 0, QStringLiteral("شرح :"), m_desc, 4);
     grid->setColumnStretch(1, 1);
     return box;
 }
@@ -185,7 +176,7 @@ KEdit *CDlgAddFactor::addFigure(QGridLayout *grid, int row, int column, const QS
     edit->setReadOnly(readOnly);
     if (percent)
         edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 12);
-    addField(grid, row, column, caption, edit);
+    addLabelled(grid, row, column, caption, edit);
     return edit;
 }
 

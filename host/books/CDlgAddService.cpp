@@ -7,6 +7,7 @@
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
@@ -28,12 +29,8 @@ CDlgAddService::CDlgAddService(int serviceID, QWidget *parent)
     m_name->setText(service.m_sName);
 
     auto *form = new QFormLayout;
-    const auto addRow = [form](const QString &caption, KEdit *edit) {
-        edit->setAccessibleName(caption);
-        form->addRow(caption, edit);
-    };
-    addRow(QStringLiteral("کد :"), m_code);
-    addRow(QStringLiteral("نام :"), m_name);
+    addLabelled(form, QStringLiteral("کد :"), m_code);
+    addLabelled(form, QStringLiteral("نام :"), m_name);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons());

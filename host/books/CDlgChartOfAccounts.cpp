@@ -12,6 +12,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -147,16 +148,9 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     m_text = new KEdit(box);
     m_from = new KDateEdit(box);
     m_to = new KDateEdit(box);
-    const auto add = [box, row](const QString &caption, QWidget *field) {
-        auto *label = new QLabel(caption, box);
-        label->setBuddy(field);
-        field->setAccessibleName(caption);
-        row->addWidget(label);
-        row->addWidget(field);
-    };
-    add(QStringLiteral("کد یا نام :"), m_text);
-    add(QStringLiteral("مانده از تاریخ :"), m_from);
-    add(QStringLiteral("تا تاریخ :"), m_to);
+    addLabelled(row, QStringLiteral("کد یا نام :"), m_text);
+    addLabelled(row, QStringLiteral("مانده از تاریخ :"), m_from);
+    addLabelled(row, QStringLiteral("تا تاریخ :"), m_to);
     m_inactive = new QCheckBox(QStringLiteral("نمایش غیرفعال‌ها"), box);
     m_inactive->setAccessibleName(m_inactive->text());
     m_inactive->setChecked(true);

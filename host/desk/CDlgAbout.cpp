@@ -6,6 +6,7 @@
 #include "host/start/DatabaseInfo.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
+#include "suite/utility/entries/FieldLabel.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -27,8 +28,7 @@ void addLine(QFormLayout *form, const QString &caption, const QString &value)
     label->setWordWrap(true);
     // The program's own font would draw the digits of these Latin texts in Persian shape.
     label->setFont(QFontDatabase::systemFont(QFontDatabase::GeneralFont));
-    label->setAccessibleName(caption + u' ' + value);
-    form->addRow(caption, label);
+    form->addRow(labelFor(caption, label, caption + u' ' + value), label);
 }
 
 }

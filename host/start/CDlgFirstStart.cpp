@@ -8,6 +8,7 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -51,9 +52,8 @@ KEdit *CDlgFirstStart::addEdit(QFormLayout *form, const QString &caption, int ma
 {
     auto *edit = new KEdit(this);
     edit->setMaxLength(maxLength);
-    edit->setAccessibleName(caption);
     edit->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
-    form->addRow(caption, edit);
+    addLabelled(form, caption, edit);
     return edit;
 }
 
@@ -94,9 +94,8 @@ QGroupBox *CDlgFirstStart::buildFiscalYear()
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
     m_fiscalYear->setNumber(year);
     m_opening = new KDateEdit(box);
-    m_opening->setAccessibleName(QStringLiteral("تاریخ افتتاح :"));
     m_opening->setDate(ConvertToMiladi(year, 1, 1));
-    form->addRow(QStringLiteral("تاریخ افتتاح :"), m_opening);
+    addLabelled(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
     // A year's books open on its first day unless the office says otherwise.
     connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
         const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1);

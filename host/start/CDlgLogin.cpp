@@ -5,6 +5,7 @@
 
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -22,16 +23,6 @@ namespace {
 
 const QString section = QStringLiteral("Login");
 const QString lastUserKey = QStringLiteral("sLastUser");
-
-QLabel *addField(QGridLayout *grid, int row, const QString &caption, KEdit *edit)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(edit);
-    edit->setAccessibleName(caption);
-    grid->addWidget(label, row, 0);
-    grid->addWidget(edit, row, 1);
-    return label;
-}
 
 }
 
@@ -66,8 +57,8 @@ void CDlgLogin::build(const QString &officeName)
     m_user->setMaxLength(50);
     auto *fields = new QGridLayout;
     fields->setVerticalSpacing(10);
-    addField(fields, 0, QStringLiteral("نام کاربری :"), m_user);
-    addField(fields, 1, QStringLiteral("کلمه عبور :"), m_password);
+    addLabelled(fields, 0, 0, QStringLiteral("نام کاربری :"), m_user);
+    addLabelled(fields, 1, 0, QStringLiteral("کلمه عبور :"), m_password);
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setMinimumHeight(m_hint->fontMetrics().lineSpacing());
 

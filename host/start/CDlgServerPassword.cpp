@@ -4,6 +4,7 @@
 #include "host/start/CDlgServerPassword.h"
 
 #include "host/frame/HostOptions.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
@@ -16,15 +17,13 @@ CDlgServerPassword::CDlgServerPassword(const HostOptions &options, QWidget *pare
     , m_password(new KEdit(this))
 {
     setWindowTitle(QStringLiteral("اتصال به سرور دفتر"));
-    const QString caption = QStringLiteral("کلمه عبور پایگاه داده :");
     m_password->setEchoMode(QLineEdit::Password);
-    m_password->setAccessibleName(caption);
     m_password->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
 
     auto *form = new QFormLayout;
     form->addRow(QStringLiteral("سرور :"), new QLabel(options.host + u'/' + options.database, this));
     form->addRow(QStringLiteral("حساب :"), new QLabel(options.user, this));
-    form->addRow(caption, m_password);
+    addLabelled(form, QStringLiteral("کلمه عبور پایگاه داده :"), m_password);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons(QStringLiteral("اتصال")));

@@ -6,6 +6,7 @@
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/IdentityHints.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QGridLayout>
@@ -54,10 +55,7 @@ KEdit *PersonGroup::addLine(const QString &label)
 {
     auto *line = new KEdit(this);
     line->setReadOnly(true);
-    line->setAccessibleName(label + m_ofWhom);
-    auto *text = new QLabel(label, this);
-    text->setBuddy(line);
-    text->setObjectName(label);
+    labelFor(label, line, label + m_ofWhom)->setObjectName(label);
     return line;
 }
 

@@ -6,6 +6,7 @@
 #include "auto/catalog/parameters/InputParameterValues.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
@@ -27,9 +28,6 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     , m_name(new KEdit(this))
 {
     setWindowTitle(caption + (itemID == 0 ? QStringLiteral(" - جدید") : QStringLiteral(" - ویرایش")));
-    auto *label = new QLabel(QStringLiteral("نام :"), this);
-    label->setBuddy(m_name);
-    m_name->setAccessibleName(label->text());
     // A longer one, as the pickers of several values take it, is not cut.
     m_name->setMaxLength(qMax(longestName, static_cast<int>(name.size())));
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
@@ -37,8 +35,7 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     m_name->selectAll();
 
     auto *line = new QHBoxLayout;
-    line->addWidget(label);
-    line->addWidget(m_name, 1);
+    addLabelled(line, QStringLiteral("نام :"), m_name, 1);
     line->addWidget(new QLabel(QStringLiteral("*"), this));
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(line);

@@ -17,6 +17,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/KPersonField.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
@@ -166,7 +167,6 @@ QWidget *CDlgAddAutomobilContractBase::buildTexts()
     const QString label = QStringLiteral("تبصره ها :");
     m_notesLine = new KEdit(box);
     m_notesLine->setReadOnly(true);
-    m_notesLine->setAccessibleName(label);
     m_notesButton = new QPushButton(QStringLiteral("..."), box);
     m_notesButton->setAccessibleName(label + QStringLiteral(" ..."));
     m_notesButton->setAutoDefault(false);
@@ -176,9 +176,7 @@ QWidget *CDlgAddAutomobilContractBase::buildTexts()
     auto *row = new QHBoxLayout;
     row->addWidget(m_notesLine, 1);
     row->addWidget(m_notesButton);
-    auto *text = new QLabel(label, box);
-    text->setBuddy(m_notesLine);
-    grid->addWidget(text, 2, 2);
+    grid->addWidget(labelFor(label, m_notesLine), 2, 2);
     grid->addLayout(row, 2, 3);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);

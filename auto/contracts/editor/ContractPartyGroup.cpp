@@ -7,6 +7,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/KPersonField.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
@@ -118,11 +119,7 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
 void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
 {
     auto place = [&](int row, int column, const QString &label, QWidget *control, int span = 1) {
-        auto *text = new QLabel(label, this);
-        text->setBuddy(control);
-        if (control->accessibleName().isEmpty())
-            control->setAccessibleName(ofSide(label, m_side.number));
-        grid->addWidget(text, row, column);
+        grid->addWidget(labelFor(label, control, ofSide(label, m_side.number)), row, column);
         grid->addWidget(control, row, column + 1, 1, span);
     };
     m_person->nameEdit()->setMaxLength(100);

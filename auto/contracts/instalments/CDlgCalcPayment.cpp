@@ -12,6 +12,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -121,13 +122,6 @@ QWidget *CDlgCalcPayment::buildTerms(double principal)
     auto *box = new QWidget(this);
     auto *grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
-    auto place = [&](int row, int column, const QString &text, QWidget *control) {
-        auto *label = new QLabel(text, box);
-        label->setBuddy(control);
-        control->setAccessibleName(text);
-        grid->addWidget(label, row, column);
-        grid->addWidget(control, row, column + 1);
-    };
     auto units = [&](const QString &name, const QStringList &texts, int current, int row) {
         auto *combo = new QComboBox(box);
         combo->addItems(texts);
@@ -138,19 +132,19 @@ QWidget *CDlgCalcPayment::buildTerms(double principal)
     };
     m_principal = new KEdit(KEdit::Kind::Money, box);
     m_principal->setNumber(principal);
-    place(0, 0, QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), m_principal);
+    addLabelled(grid, 0, 0, QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), m_principal);
     m_start = new KDateEdit(box);
     m_start->setDate(GetDBSetting()->GetDBServerDate().date());
-    place(1, 0, QStringLiteral(" شروع تاريخ :"), m_start);
+    addLabelled(grid, 1, 0, QStringLiteral(" شروع تاريخ :"), m_start);
     m_rate = new KEdit(KEdit::Kind::Percent, box);
-    place(2, 0, QStringLiteral("درصد بهره :"), m_rate);
+    addLabelled(grid, 2, 0, QStringLiteral("درصد بهره :"), m_rate);
     m_rateUnit = units(QStringLiteral("واحد درصد بهره"), {QStringLiteral("ماهانه"), QStringLiteral("سالانه")}, 0, 2);
     m_count = new KEdit(KEdit::Kind::Integer, box);
     m_count->setRange(0, 1200);
-    place(3, 0, QStringLiteral("تعداد اقساط :"), m_count);
+    addLabelled(grid, 3, 0, QStringLiteral("تعداد اقساط :"), m_count);
     m_interval = new KEdit(KEdit::Kind::Integer, box);
     m_interval->setRange(0, 3650);
-    place(4, 0, QStringLiteral("فاصله اقساط :"), m_interval);
+    addLabelled(grid, 4, 0, QStringLiteral("فاصله اقساط :"), m_interval);
     m_intervalUnit =
         units(QStringLiteral("واحد فاصله اقساط"), {QStringLiteral("روز"), QStringLiteral("ماه")}, monthsPosition, 4);
 
@@ -172,15 +166,10 @@ QWidget *CDlgCalcPayment::buildSums()
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     auto sum = [&](const QString &text, bool displayed) {
-        auto *label = new QLabel(text, box);
         auto *edit = new KEdit(KEdit::Kind::Money, box);
         edit->setReadOnly(true);
-        edit->setAccessibleName(text);
-        label->setBuddy(edit);
-        label->setVisible(displayed);
+        addLabelled(row, text, edit, 1)->setVisible(displayed);
         edit->setVisible(displayed);
-        row->addWidget(label);
-        row->addWidget(edit, 1);
         return edit;
     };
     m_total = sum(QStringLiteral("جمع اقساط :"), true);

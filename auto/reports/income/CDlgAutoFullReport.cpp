@@ -10,6 +10,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
@@ -84,15 +85,6 @@ KListModel::Row totalRow(const QString &name, const AccountBalance &balance)
     return row;
 }
 
-void addDate(QHBoxLayout *line, const QString &caption, const QString &accessibleName, KDateEdit *edit)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(edit);
-    edit->setAccessibleName(accessibleName);
-    line->addWidget(label);
-    line->addWidget(edit);
-}
-
 }
 
 CDlgAutoFullReport::CDlgAutoFullReport(QWidget *parent)
@@ -151,8 +143,9 @@ QWidget *CDlgAutoFullReport::buildFilter()
 {
     auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"));
     auto *line = new QHBoxLayout(box);
-    addDate(line, QStringLiteral("تاريخ :"), QStringLiteral("تاريخ :"), m_from);
-    addDate(line, QStringLiteral("تا :"), QStringLiteral("تاريخ تا :"), m_to);
+    addLabelled(line, QStringLiteral("تاريخ :"), m_from);
+    nameControl(m_to, QStringLiteral("تاريخ تا :"));
+    addLabelled(line, QStringLiteral("تا :"), m_to);
     auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"));
     search->setAutoDefault(false);
     connect(search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);

@@ -15,6 +15,7 @@
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/crm/persons/CTblPersons.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
@@ -63,14 +64,6 @@ QButtonGroup *addOptions(QHBoxLayout *line, const QString &name, const QStringLi
     tabToPickedOption(group);
     line->addWidget(box);
     return group;
-}
-
-QLabel *addLabel(QHBoxLayout *line, const QString &text, QWidget *buddy = nullptr)
-{
-    auto *label = new QLabel(text);
-    label->setBuddy(buddy);
-    line->addWidget(label);
-    return label;
 }
 
 // The field, a colon and what is wrong with it; its label may have the colon, or a blank at its end.
@@ -128,9 +121,7 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     auto *first = new QHBoxLayout;
     m_seasons = addOptions(first, QStringLiteral("فصل"), {QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان")}, this);
     first->addSpacing(24);
-    const QString yearLabel = QStringLiteral("سال :");
-    addLabel(first, yearLabel, m_year);
-    m_year->setAccessibleName(yearLabel);
+    first->addWidget(labelFor(QStringLiteral("سال :"), m_year));
     m_year->setRange(firstShamsiYear, lastShamsiYear);
     m_year->setMaximumWidth(90);
     auto *year = new QHBoxLayout;
@@ -143,13 +134,10 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     first->addStretch(1);
 
     auto *second = new QHBoxLayout;
-    const QString before = QStringLiteral("مبالغ کمتر از ");
-    addLabel(second, before, m_minimumAmount);
-    m_minimumAmount->setAccessibleName(before);
     m_minimumAmount->setRange(0, highestMinimumAmount);
     m_minimumAmount->setMinimumWidth(150);
-    second->addWidget(m_minimumAmount);
-    addLabel(second, QStringLiteral("ريال مجموعاً در يک رديف بيايند"));
+    addLabelled(second, QStringLiteral("مبالغ کمتر از "), m_minimumAmount);
+    second->addWidget(new QLabel(QStringLiteral("ريال مجموعاً در يک رديف بيايند")));
     second->addSpacing(24);
     m_show = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), showCaption);
     m_show->setDefault(true);
@@ -176,7 +164,8 @@ QWidget *CDlgAutomobilReportSeasons::buildProgress()
     m_progress->setSizePolicy(policy);
     auto *line = new QHBoxLayout(m_progress);
     line->setContentsMargins(0, 0, 0, 0);
-    m_progressText = addLabel(line, {});
+    m_progressText = new QLabel;
+    line->addWidget(m_progressText);
     auto *bar = new QProgressBar;
     bar->setRange(0, 0);
     bar->setTextVisible(false);
@@ -197,11 +186,9 @@ QWidget *CDlgAutomobilReportSeasons::buildTotals()
                                                  QStringLiteral("تخفيف :"), QStringLiteral("جمع :")};
     for (std::size_t i = 0; i < labels.size(); ++i) {
         auto *edit = new KEdit(KEdit::Kind::Money);
-        edit->setAccessibleName(labels[i]);
         edit->setReadOnly(true);
         edit->setRange(-highestTotal, highestTotal); // discounts can be more than amounts
-        QLabel *label = addLabel(line, labels[i], edit);
-        line->addWidget(edit, 1);
+        QLabel *label = addLabelled(line, labels[i], edit, 1);
         m_totals[i] = edit;
         // The duties are part of the tax column already.
         label->setVisible(i != Duties);

@@ -5,6 +5,7 @@
 
 #include "auto/reports/season/PayableAmount.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
@@ -50,17 +51,13 @@ CDlgPaymentAmount::CDlgPaymentAmount(int season, quint16 shamsiYear, QWidget *pa
 
 KEdit *CDlgPaymentAmount::addAmount(QGridLayout *grid, const QString &label, double amount)
 {
-    auto *caption = new QLabel(label);
     auto *edit = new KEdit(KEdit::Kind::Money);
-    edit->setAccessibleName(label);
     edit->setReadOnly(true);
     edit->setRange(-highestAmount, highestAmount); // purchases can be more than sales
     edit->setMinimumWidth(200);
     edit->setNumber(amount);
-    caption->setBuddy(edit);
     const int row = grid->rowCount();
-    grid->addWidget(caption, row, 0);
-    grid->addWidget(edit, row, 1);
+    addLabelled(grid, row, 0, label, edit);
     grid->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()), row, 2);
     grid->setColumnStretch(1, 1);
     return edit;

@@ -6,6 +6,7 @@
 #include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
@@ -13,7 +14,6 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -24,14 +24,6 @@ enum Column {
     NameColumn,
     TypeColumn
 };
-
-void addRow(QFormLayout *form, const QString &caption, QWidget *field)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(field);
-    field->setAccessibleName(caption);
-    form->addRow(label, field);
-}
 
 QPushButton *addButton(QHBoxLayout *row, const QString &caption)
 {
@@ -65,8 +57,8 @@ void CDlgCustomFieldDefinitions::build()
     m_name->setMaxLength(100);
     m_type->addItems(CTblCustomFields::typeNames());
     auto *form = new QFormLayout;
-    addRow(form, QStringLiteral("نام :"), m_name);
-    addRow(form, QStringLiteral("نوع :"), m_type);
+    addLabelled(form, QStringLiteral("نام :"), m_name);
+    addLabelled(form, QStringLiteral("نوع :"), m_type);
 
     auto *commands = new QHBoxLayout;
     QPushButton *add = addButton(commands, QStringLiteral("افزودن"));

@@ -11,6 +11,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/entries/FieldLabel.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -94,10 +95,14 @@ void CDlgCustomFields::load()
     for (; !fields.IsEOF(); fields.MoveNext()) {
         auto input = CustomFieldInput::create(fields.m_iID, fields.m_sName, fields.m_iType, m_fields);
         const QString caption = fields.m_sName + QStringLiteral(" :");
-        input->widget()->setAccessibleName(caption);
         input->setValue(values.value(fields.m_iID));
         input->setReadOnly(m_readOnly);
-        m_form->addRow(fields.m_iType == CTblCustomFields::YesNo ? QString() : caption, input->widget());
+        if (fields.m_iType == CTblCustomFields::YesNo) {
+            nameControl(input->widget(), caption);
+            m_form->addRow(QString(), input->widget());
+        } else {
+            addLabelled(m_form, caption, input->widget());
+        }
         m_inputs.push_back(std::move(input));
     }
     m_empty->setVisible(m_inputs.empty());

@@ -8,6 +8,7 @@
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -51,15 +52,6 @@ QString natureOf(double balance)
     return AccountBalance{std::max(balance, 0.0), std::max(-balance, 0.0)}.nature();
 }
 
-void addDate(QHBoxLayout *line, const QString &caption, KDateEdit *edit)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(edit);
-    edit->setAccessibleName(caption);
-    line->addWidget(label);
-    line->addWidget(edit);
-}
-
 }
 
 CDlgAccountDocs::CDlgAccountDocs(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, QWidget *parent)
@@ -95,8 +87,8 @@ void CDlgAccountDocs::build()
     for (KDateEdit *edit : {m_from, m_to})
         connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
     auto *filter = new QHBoxLayout;
-    addDate(filter, QStringLiteral("از تاریخ :"), m_from);
-    addDate(filter, QStringLiteral("تا تاریخ :"), m_to);
+    addLabelled(filter, QStringLiteral("از تاریخ :"), m_from);
+    addLabelled(filter, QStringLiteral("تا تاریخ :"), m_to);
     filter->addWidget(search);
     filter->addStretch(1);
 

@@ -10,6 +10,7 @@
 #include "suite/accounting/books/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
@@ -24,17 +25,6 @@
 namespace {
 
 constexpr int longestDescription = 500;
-
-void addRow(QFormLayout *form, const QString &caption, QWidget *field, QLayout *around = nullptr)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(field);
-    field->setAccessibleName(caption);
-    if (around)
-        form->addRow(label, around);
-    else
-        form->addRow(label, field);
-}
 
 }
 
@@ -81,12 +71,12 @@ void CDlgCashFromPerson::build()
     amountLine->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()));
 
     auto *form = new QFormLayout;
-    addRow(form, QStringLiteral("شخص :"), m_person);
-    addRow(form, QStringLiteral("مبلغ :"), m_amount, amountLine);
+    addLabelled(form, QStringLiteral("شخص :"), m_person);
+    form->addRow(labelFor(QStringLiteral("مبلغ :"), m_amount), amountLine);
     form->addRow(QString(), m_words);
-    addRow(form, QStringLiteral("شرح :"), m_desc);
-    addRow(form, QStringLiteral("تاریخ :"), m_date);
-    addRow(form, QStringLiteral("دریافت در :"), m_account);
+    addLabelled(form, QStringLiteral("شرح :"), m_desc);
+    addLabelled(form, QStringLiteral("تاریخ :"), m_date);
+    addLabelled(form, QStringLiteral("دریافت در :"), m_account);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);

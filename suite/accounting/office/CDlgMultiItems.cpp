@@ -9,6 +9,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QDialogButtonBox>
@@ -16,7 +17,6 @@
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QListView>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -62,13 +62,9 @@ CDlgMultiItems::~CDlgMultiItems() = default;
 
 void CDlgMultiItems::build()
 {
-    const QString caption = QStringLiteral("نام :");
     m_name->setMaxLength(longestName);
-    m_name->setAccessibleName(caption);
-    auto *label = new QLabel(caption);
-    label->setBuddy(m_name);
     auto *form = new QFormLayout;
-    form->addRow(label, m_name);
+    addLabelled(form, QStringLiteral("نام :"), m_name);
 
     auto *commands = new QHBoxLayout;
     QPushButton *add = addButton(commands, QStringLiteral("جديد"));

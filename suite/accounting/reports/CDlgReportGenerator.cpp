@@ -9,6 +9,7 @@
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/values/KSettings.h"
 
 #include <QComboBox>
@@ -18,7 +19,6 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -118,28 +118,19 @@ QHBoxLayout *CDlgReportGenerator::buildNavigation()
     auto *row = new QHBoxLayout;
     m_first = addButton(row, QStringLiteral("ابتدا"));
     m_previous = addButton(row, QStringLiteral("قبلی"));
-    auto *label = new QLabel(QStringLiteral("صفحه"));
     m_page = new QSpinBox;
-    m_page->setAccessibleName(label->text());
-    m_page->findChild<QLineEdit *>()->setAccessibleName(label->text());
     m_page->setKeyboardTracking(false);
-    label->setBuddy(m_page);
     m_pageCount = new QLabel;
-    row->addWidget(label);
-    row->addWidget(m_page);
+    addLabelled(row, QStringLiteral("صفحه"), m_page);
     row->addWidget(m_pageCount);
     m_next = addButton(row, QStringLiteral("بعدی"));
     m_last = addButton(row, QStringLiteral("انتها"));
     row->addStretch(1);
-    auto *zoomLabel = new QLabel(QStringLiteral("بزرگنمایی :"));
     m_zoom = new QComboBox;
-    m_zoom->setAccessibleName(zoomLabel->text());
     m_zoom->addItems({QStringLiteral("عرض صفحه"), QStringLiteral("تمام صفحه")});
     for (const double scale : scales)
         m_zoom->addItem(QStringLiteral("%1%").arg(qRound(scale * 100)));
-    zoomLabel->setBuddy(m_zoom);
-    row->addWidget(zoomLabel);
-    row->addWidget(m_zoom);
+    addLabelled(row, QStringLiteral("بزرگنمایی :"), m_zoom);
 
     connect(m_first, &QPushButton::clicked, this, [this] { m_pages->showPage(0); });
     connect(m_previous, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->currentPage() - 1); });

@@ -8,6 +8,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportColumnsModel.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -34,17 +35,6 @@ constexpr int longestText = 200;
 // In the order of ReportLayout::corners().
 const std::array cornerCaptions{QStringLiteral("راست بالا :"), QStringLiteral("راست وسط :"), QStringLiteral("راست پایین :"),
                                 QStringLiteral("چپ بالا :"), QStringLiteral("چپ وسط :"), QStringLiteral("چپ پایین :")};
-
-QLabel *labelFor(const QString &caption, QWidget *field)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(field);
-    field->setAccessibleName(caption);
-    // The entry line of a spin box or an editable list is what has the focus.
-    if (auto *line = field->findChild<QLineEdit *>())
-        line->setAccessibleName(caption);
-    return label;
-}
 
 QPushButton *addButton(QBoxLayout *row, const QString &caption)
 {
@@ -118,8 +108,7 @@ QGroupBox *CDlgReportLayout::buildColumns()
     QPushButton *up = addButton(commands, QStringLiteral("بالا"));
     QPushButton *down = addButton(commands, QStringLiteral("پایین"));
     commands->addStretch(1);
-    commands->addWidget(labelFor(QStringLiteral("پهنا (درصد) :"), m_share));
-    commands->addWidget(m_share);
+    addLabelled(commands, QStringLiteral("پهنا (درصد) :"), m_share);
     auto *layout = new QVBoxLayout(box);
     layout->addWidget(m_columnList, 1);
     layout->addLayout(commands);
@@ -137,7 +126,7 @@ QGroupBox *CDlgReportLayout::buildTexts()
     auto addEdit = [form](const QString &caption) {
         auto *edit = new KEdit(KEdit::Kind::Text);
         edit->setMaxLength(longestText);
-        form->addRow(labelFor(caption, edit), edit);
+        addLabelled(form, caption, edit);
         return edit;
     };
     m_title = addEdit(QStringLiteral("عنوان :"));
@@ -157,8 +146,8 @@ void CDlgReportLayout::buildPaper(QFormLayout *form)
     m_orientation->addItems({QStringLiteral("عمودی"), QStringLiteral("افقی")});
     m_fontSize = new QSpinBox;
     m_fontSize->setRange(static_cast<int>(ReportLayout::lowestFontSize), static_cast<int>(ReportLayout::highestFontSize));
-    form->addRow(labelFor(QStringLiteral("جهت کاغذ :"), m_orientation), m_orientation);
-    form->addRow(labelFor(QStringLiteral("اندازه قلم :"), m_fontSize), m_fontSize);
+    addLabelled(form, QStringLiteral("جهت کاغذ :"), m_orientation);
+    addLabelled(form, QStringLiteral("اندازه قلم :"), m_fontSize);
 }
 
 void CDlgReportLayout::setFields(const ReportLayout &layout)

@@ -7,12 +7,12 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/IdentityHints.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QLabel>
 
 #include <array>
 
@@ -79,20 +79,12 @@ void CDlgAddCompanyProps::build()
     for (const Field &field : fields) {
         auto *edit = new KEdit(this);
         edit->setMaxLength(field.maxLength);
-        edit->setAccessibleName(QString::fromUtf16(field.label));
-        auto *label = new QLabel(edit->accessibleName(), this);
-        label->setBuddy(edit);
-        grid->addWidget(label, field.row, field.gridColumn);
-        grid->addWidget(edit, field.row, field.gridColumn + 1, 1, field.span);
+        addLabelled(grid, field.row, field.gridColumn, QString::fromUtf16(field.label), edit, field.span);
         connect(edit, &KEdit::textChanged, this, &CDlgAddCompanyProps::updateHints);
         m_edits.append(edit);
     }
     m_kind->addItems({QStringLiteral("حقیقی"), QStringLiteral("حقوقی")});
-    m_kind->setAccessibleName(QStringLiteral("نوع شخص :"));
-    auto *kindLabel = new QLabel(m_kind->accessibleName(), this);
-    kindLabel->setBuddy(m_kind);
-    grid->addWidget(kindLabel, 1, 0);
-    grid->addWidget(m_kind, 1, 1);
+    addLabelled(grid, 1, 0, QStringLiteral("نوع شخص :"), m_kind);
     setTabOrder(m_edits.at(1), m_kind);
     setTabOrder(m_kind, m_edits.at(2));
     m_nationalHint = IdentityHints::createLabel(this);

@@ -8,6 +8,7 @@
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/crm/persons/MobileNumber.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/TextStandard.h"
@@ -141,7 +142,6 @@ void CDlgAddPerson::build()
     setWindowTitle(titles.at(static_cast<int>(m_mode)));
     m_form = new KForm(formFields(), m_record, this);
     m_taxKind = new QComboBox(this);
-    m_taxKind->setAccessibleName(QStringLiteral("کد نوع مودی :"));
     m_taxKind->addItem(QStringLiteral("-"), 0);
     for (int kind = firstTaxKind; kind <= lastTaxKind; ++kind)
         m_taxKind->addItem(QString::number(kind), kind);
@@ -233,10 +233,7 @@ QWidget *CDlgAddPerson::buildTax()
         {u"iCityCode", u"dPercentDiscount"},
     };
     QGridLayout *grid = placeRows(group, rows);
-    auto *label = new QLabel(m_taxKind->accessibleName(), group);
-    label->setBuddy(m_taxKind);
-    grid->addWidget(label, 0, 2);
-    grid->addWidget(m_taxKind, 0, 3);
+    addLabelled(grid, 0, 2, QStringLiteral("کد نوع مودی :"), m_taxKind);
     m_form->place(grid, 3, 0, QStringLiteral("iStatus"));
     return group;
 }
@@ -271,10 +268,7 @@ void CDlgAddPerson::applyKind()
 {
     const bool legal = m_form->comboBox(QStringLiteral("iKind"))->currentIndex() == CTblPersons::kindLegal;
     for (const LegalLabel &label : legalLabels) {
-        const QString column = QString::fromUtf16(label.column);
-        const QString text = QString::fromUtf16(legal ? label.legal : label.natural);
-        m_form->label(column)->setText(text);
-        m_form->control(column)->setAccessibleName(text);
+        m_form->setLabel(QString::fromUtf16(label.column), QString::fromUtf16(legal ? label.legal : label.natural));
     }
     for (const char16_t *name : naturalOnly) {
         const QString column = QString::fromUtf16(name);

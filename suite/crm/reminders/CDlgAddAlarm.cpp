@@ -9,6 +9,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/reminders/AlarmTime.h"
 #include "suite/crm/reminders/CTblAlarm.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KTimeEdit.h"
@@ -17,18 +18,9 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
-
-void addRow(QFormLayout *form, const QString &caption, QWidget *field)
-{
-    auto *label = new QLabel(caption);
-    label->setBuddy(field);
-    field->setAccessibleName(caption);
-    form->addRow(label, field);
-}
 
 QCheckBox *addCheck(QFormLayout *form, const QString &caption)
 {
@@ -116,10 +108,10 @@ void CDlgAddAlarm::build()
     m_desc->setMaxLength(CTblAlarm::longestDesc);
     m_desc->setMinimumWidth(360);
     auto *form = new QFormLayout;
-    addRow(form, QStringLiteral("تاریخ :"), m_date);
-    addRow(form, QStringLiteral("ساعت :"), m_time);
-    addRow(form, QStringLiteral("شرح :"), m_desc);
-    addRow(form, QStringLiteral("برای کاربر :"), m_user);
+    addLabelled(form, QStringLiteral("تاریخ :"), m_date);
+    addLabelled(form, QStringLiteral("ساعت :"), m_time);
+    addLabelled(form, QStringLiteral("شرح :"), m_desc);
+    addLabelled(form, QStringLiteral("برای کاربر :"), m_user);
     m_repeat = addCheck(form, QStringLiteral("یادآوری تا انجام شدن تکرار شود"));
     m_done = addCheck(form, QStringLiteral("انجام شد"));
     auto *layout = new QVBoxLayout(this);

@@ -7,6 +7,7 @@
 #include "suite/crm/reminders/AlarmTime.h"
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/crm/reminders/PostponeMenu.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -47,9 +48,7 @@ bool CDlgDueAlarms::ShowAtLogin(QWidget *parent)
 
 void CDlgDueAlarms::build()
 {
-    auto *heading = new QLabel(QStringLiteral("زمان این یادآوری ها رسیده است :"));
-    heading->setBuddy(m_list);
-    m_list->setAccessibleName(heading->text());
+    QLabel *heading = labelFor(QStringLiteral("زمان این یادآوری ها رسیده است :"), m_list);
     m_list->setColumns({{QStringLiteral("تاریخ"), Qt::AlignHCenter, 50, {}, true},
                         {QStringLiteral("ساعت"), Qt::AlignHCenter, 35, {}},
                         {QStringLiteral("شرح"), Qt::AlignRight, 220, {}}});

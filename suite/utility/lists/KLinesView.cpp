@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/values/Money.h"
@@ -50,7 +51,7 @@ public:
     {
         const KLinesModel::Column &column = m_view->linesModel()->columns().at(index.column());
         QWidget *editor = column.kind == KLinesModel::Kind::Choice ? makeChoice(column, parent) : makeEdit(column, parent);
-        editor->setAccessibleName(column.title);
+        nameControl(editor, column.title);
         return editor;
     }
 
@@ -172,7 +173,6 @@ private:
         QAbstractItemView *list = combo->completer()->popup();
         list->setProperty(listOfChoice, QVariant::fromValue<QWidget *>(combo));
         list->installEventFilter(const_cast<LineDelegate *>(this));
-        combo->lineEdit()->setAccessibleName(column.title);
         // At the cell's side also while it is empty.
         combo->lineEdit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
         return combo;

@@ -14,6 +14,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/ScrolledPage.h"
@@ -22,7 +23,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -115,12 +115,8 @@ KEdit *CDlgAddAutomobilDemandBase::addShown(QHBoxLayout *row, const QString &lab
 {
     auto *line = new KEdit(parent);
     line->setReadOnly(true);
-    line->setAccessibleName(label);
-    auto *text = new QLabel(label, parent);
-    text->setBuddy(line);
     row->addSpacing(12);
-    row->addWidget(text);
-    row->addWidget(line, 1);
+    addLabelled(row, label, line, 1);
     return line;
 }
 
