@@ -144,18 +144,18 @@ void CDlgAddDocument::load(const ManualDocument &document)
                                                 : QDateTime(GetDBSetting()->GetDBServerDate().date(), QTime(0, 0), Qt::UTC));
     m_desc->setText(document.desc);
     QList<int> persons;
-    for (const DocumentEntry &entry : document.rows)
+    for (const DocumentRow &entry : document.rows)
         persons.append(entry.personID);
     const QHash<int, QString> names = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2"),
                                                      persons);
     QVector<KLinesModel::Line> lines;
-    for (const DocumentEntry &entry : document.rows) {
+    for (const DocumentRow &entry : document.rows) {
         KLinesModel::Line line = m_rows->emptyLine();
         // An account that takes no rows any more keeps its code, marked.
         if (entry.account != 0)
             line[AccountColumn] = m_rows->choiceFor(AccountColumn, QString::number(entry.account));
         line[PersonColumn] = {names.value(entry.personID), 0, entry.personID};
-        line[DescColumn].text = entry.desc;
+        line[DescColumn].text = entry.description;
         line[DebitColumn].number = entry.debit;
         line[CreditColumn].number = entry.credit;
         lines.append(line);
@@ -182,9 +182,9 @@ void CDlgAddDocument::balanceHere()
     if (!current.isValid())
         return;
     const KLinesModel::Line &line = m_rows->line(current.row());
-    const ManualDocument shown = document();
+    const AccountBalance shown = documentSum(document().rows);
     // Without what the row itself holds now.
-    const double missing = shown.credit() - line.at(CreditColumn).number - shown.debit() + line.at(DebitColumn).number;
+    const double missing = shown.bes - line.at(CreditColumn).number - shown.bed + line.at(DebitColumn).number;
     m_rows->setCell(current.row(), DebitColumn, {{}, missing > 0 ? missing : 0});
     m_rows->setCell(current.row(), CreditColumn, {{}, missing < 0 ? -missing : 0});
     m_rowsView->goTo(current.row(), missing < 0 ? CreditColumn : DebitColumn);
@@ -192,12 +192,11 @@ void CDlgAddDocument::balanceHere()
 
 void CDlgAddDocument::showTotals()
 {
-    const ManualDocument shown = document();
-    const double difference = shown.debit() - shown.credit();
+    const AccountBalance shown = documentSum(document().rows);
     m_totals->setText(QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2     %3")
-                          .arg(DToMoney(shown.debit()), DToMoney(shown.credit()),
-                               IsEquals(difference, 0) ? QStringLiteral("تراز")
-                                                       : QStringLiteral("اختلاف : ") + DToMoney(std::abs(difference))));
+                          .arg(DToMoney(shown.bed), DToMoney(shown.bes),
+                               shown.isBalanced() ? QStringLiteral("تراز")
+                                                  : QStringLiteral("اختلاف : ") + DToMoney(std::abs(shown.net()))));
 }
 
 QString CDlgAddDocument::totalsText() const

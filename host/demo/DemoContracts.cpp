@@ -4,7 +4,7 @@
 #include "host/demo/DemoContracts.h"
 
 #include "auto/words/WordLists.h"
-#include "auto/contracts/document/ContractDocumentRows.h"
+#include "auto/contracts/document/ContractPosting.h"
 #include "host/demo/DemoNames.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"
@@ -51,11 +51,6 @@ QDateTime midnight(const QDate &day)
     return QDateTime(day, QTime(0, 0), Qt::UTC);
 }
 
-ContractDocumentParty documentParty(PartyKind kind, const DemoPersons::Person &person, const CommissionParty &figures)
-{
-    return {person.id, person.name, kind, figures.discount, figures.taxPercent, figures.tax, figures.dutyPercent, figures.duty};
-}
-
 }
 
 DemoContracts::DemoContracts(const Office &office, const QList<DemoPersons::Person> &persons, DemoRandom &random, int database)
@@ -97,7 +92,7 @@ void DemoContracts::makeContract(int code, const QDate &day)
     setPayment();
     setTerms(day);
     setState(day);
-    postDocument(first, second);
+    postDocument();
     m_contracts.add();
 }
 
@@ -281,41 +276,23 @@ void DemoContracts::setState(const QDate &day)
     m_contract.m_sDesc = m_contract.m_bReturn ? QStringLiteral("با توافق دو طرف برگشت داده شد.") : QString();
 }
 
-void DemoContracts::postDocument(const Party &first, const Party &second)
+void DemoContracts::postDocument()
 {
     const int year = GetShamsi(m_contract.m_dateContract.date()).year;
     const int number = ++m_lastNumbers[year];
     m_contract.m_iFiscalYear = year;
     m_contract.m_iDocNum = number;
 
+    const DocumentContent content = ContractPosting::documentOf(m_contract);
     m_document.m_iNum = number;
     m_document.m_iFiscalYear = year;
     m_document.m_iKind = Accounts::documentKindContract;
-    m_document.m_date = m_contract.m_dateContract;
-    m_document.m_sDesc = contractDocumentDescription(m_contract.m_iContractType, m_contract.m_iCode);
+    m_document.m_date = content.date;
+    m_document.m_sDesc = content.description;
     m_document.m_iUserID = m_office.userID;
     m_documents.add();
-
-    ContractForDocument contract;
-    contract.contractType = m_contract.m_iContractType;
-    contract.number = m_contract.m_iCode;
-    contract.commission = m_contract.m_dCommission;
-    contract.first = documentParty(first.kind, first.person,
-                                   {first.kind, m_contract.m_dPercentTax, m_contract.m_dTax, m_contract.m_dPercentImpsition,
-                                    m_contract.m_dImposition, 0, m_contract.m_dDiscountFirst, 0});
-    contract.second = documentParty(second.kind, second.person,
-                                    {second.kind, m_contract.m_dPercentTax2, m_contract.m_dTax2,
-                                     m_contract.m_dPercentImposition2, m_contract.m_dImposition2, 0,
-                                     m_contract.m_dDiscountSecond, 0});
-    for (const ContractDocumentRow &row : contractDocumentRows(contract)) {
-        m_row.m_iDocNum = number;
-        m_row.m_iFiscalYear = year;
-        m_row.m_iHesabKolCode = Accounts::kolOf(row.account);
-        m_row.m_iHesabMoeenCode = row.account;
-        m_row.m_iPersonID = row.personID;
-        m_row.m_dBed = row.debit;
-        m_row.m_dBes = row.credit;
-        m_row.m_sDesc = row.description;
+    for (const DocumentRow &row : content.rows) {
+        m_row.setRow(number, year, row);
         m_rows.add();
     }
 }

@@ -50,7 +50,7 @@ private:
     void setPayment();
     void setTerms(const QDate &day);
     void setState(const QDate &day);
-    void postDocument(const Party &first, const Party &second);
+    void postDocument();
 
     const Office &m_office;
     const QList<DemoPersons::Person> &m_persons;

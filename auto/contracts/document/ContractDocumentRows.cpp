@@ -39,7 +39,7 @@ public:
              {Accounts::dutyPayable, Accounts::dutyExpense});
     }
 
-    std::vector<ContractDocumentRow> take() { return std::move(m_rows); }
+    QList<DocumentRow> take() { return std::move(m_rows); }
 
 private:
     struct Side
@@ -69,11 +69,11 @@ private:
     {
         if (amount <= 0 || IsEquals(amount, 0))
             return;
-        m_rows.push_back({debit.account, debit.personID, amount, 0, debit.description});
-        m_rows.push_back({credit.account, credit.personID, 0, amount, credit.description});
+        m_rows.append({debit.account, debit.personID, amount, 0, debit.description});
+        m_rows.append({credit.account, credit.personID, 0, amount, credit.description});
     }
 
-    std::vector<ContractDocumentRow> m_rows;
+    QList<DocumentRow> m_rows;
 };
 
 // As documents name the types: the last one shorter than in the list of types.
@@ -95,7 +95,7 @@ QString contractDocumentDescription(int contractType, int number)
     return typeName(contractType) + QStringLiteral(" ش :") + IToStr(number);
 }
 
-std::vector<ContractDocumentRow> contractDocumentRows(const ContractForDocument &contract)
+QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract)
 {
     RowBuilder rows;
     rows.commission(contract.first, contract.commission);

@@ -4,10 +4,7 @@
 #pragma once
 
 #include "auto/contracts/figures/Commission.h"
-
-#include <QString>
-
-#include <vector>
+#include "suite/accounting/books/DocumentRow.h"
 
 // Rules of a contract's accounting document: its header text and its rows.
 
@@ -26,23 +23,9 @@ struct ContractDocumentParty
 
 struct ContractForDocument
 {
-    int contractType = 0;
-    int number = 0;
     double commission = 0;
     ContractDocumentParty first;
     ContractDocumentParty second;
-};
-
-// A row without its place in a document.
-struct ContractDocumentRow
-{
-    int account = 0;  // subsidiary account (six digits); its general account follows from it
-    int personID = 0; // on the persons account only, 0 for a party that is no person of the suite
-    double debit = 0;
-    double credit = 0;
-    QString description;
-
-    bool operator==(const ContractDocumentRow &) const = default;
 };
 
 // Header text: the type's name and the contract's number.
@@ -55,4 +38,4 @@ QString contractDocumentDescription(int contractType, int number);
 //   tax, duty   of every party: party / payable account
 //   tax, duty   of a party that is the dealership itself, again: expense account / party, which clears what the pair
 //               before charged, so that the dealership bears its own tax and duty as an expense
-std::vector<ContractDocumentRow> contractDocumentRows(const ContractForDocument &contract);
+QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract);

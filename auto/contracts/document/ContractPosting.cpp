@@ -6,8 +6,6 @@
 #include "auto/contracts/document/ContractDocumentRows.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/books/CTblDocs.h"
-#include "suite/accounting/books/CTblDocuments.h"
 
 namespace {
 
@@ -30,38 +28,23 @@ ContractForDocument forDocument(const CTblAutomobilContracts &contract)
     return document;
 }
 
-// Puts the header in place and leaves it without rows.
-bool writeHeader(CTblAutomobilContracts &contract)
-{
-    const int number = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
-    const QString description = contractDocumentDescription(contract.m_iContractType, number);
-    if (contract.m_iDocNum != 0
-        && CTblDocuments::EditDoc(contract.m_iDocNum, contract.m_iFiscalYear, contract.m_dateContract, description,
-                                  contract.database())) {
-        CTblDocuments::EmptyDoc(contract.m_iDocNum, contract.m_iFiscalYear, contract.database());
-        return true;
-    }
-    const int fiscalYear = GetDBSetting()->FiscalYear();
-    const int added = CTblDocuments::AddDoc(Accounts::documentKindContract, contract.m_dateContract, description,
-                                            fiscalYear, contract.database());
-    if (added == 0)
-        return false;
-    contract.m_iDocNum = added;
-    contract.m_iFiscalYear = fiscalYear;
-    return true;
 }
 
+DocumentContent ContractPosting::documentOf(const CTblAutomobilContracts &contract)
+{
+    const int number = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
+    return {contract.m_dateContract, contractDocumentDescription(contract.m_iContractType, number),
+            contractDocumentRows(forDocument(contract))};
 }
 
 bool ContractPosting::post(CTblAutomobilContracts &contract)
 {
-    if (!writeHeader(contract))
+    DocumentWriter document(documentOf(contract), contract.database());
+    if (!document.rewrite(contract.m_iDocNum, contract.m_iFiscalYear)
+        && !document.add(Accounts::documentKindContract, GetDBSetting()->FiscalYear()))
         return false;
-    for (const ContractDocumentRow &row : contractDocumentRows(forDocument(contract))) {
-        CTblDocs::AddRecord({contract.m_iDocNum, contract.m_iFiscalYear, Accounts::kolOf(row.account), row.account, 0,
-                             row.personID, row.debit, row.credit, row.description},
-                            contract.database());
-    }
-    CTblDocuments::RequireBalanced(contract.m_iDocNum, contract.m_iFiscalYear, contract.database());
+    document.writeRows();
+    contract.m_iDocNum = document.num();
+    contract.m_iFiscalYear = document.fiscalYear();
     return true;
 }

@@ -5,6 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/books/chart/AccountChart.h"
+#include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -18,10 +19,11 @@ bool isAmount(double value)
     return std::isfinite(value) && value >= 0;
 }
 
-bool mayStand(const DocRow &row)
+bool mayStand(const CTblDocs &row)
 {
-    return row.docNum > 0 && row.fiscalYear > 0 && isAmount(row.bed) && isAmount(row.bes) && (row.bed == 0 || row.bes == 0)
-        && row.hesabMoeen > 0 && Accounts::kolOf(row.hesabMoeen) == row.hesabKol;
+    return row.m_iDocNum > 0 && row.m_iFiscalYear > 0 && isAmount(row.m_dBed) && isAmount(row.m_dBes)
+        && (row.m_dBed == 0 || row.m_dBes == 0) && row.m_iHesabMoeenCode > 0
+        && Accounts::kolOf(row.m_iHesabMoeenCode) == row.m_iHesabKolCode;
 }
 
 QString validRows(const QDateTime &from, const QDateTime &to)
@@ -72,21 +74,27 @@ void CTblDocs::DoFieldExchange()
     RFX_Text(u"sDesc", m_sDesc, u"شرح");
 }
 
-int CTblDocs::AddRecord(const DocRow &row, int database)
+void CTblDocs::setRow(int docNum, int fiscalYear, const DocumentRow &row)
 {
-    if (!mayStand(row))
+    const bool isDetail = AccountCode::levelOf(row.account) == AccountLevel::Tafsily;
+    m_iDocNum = docNum;
+    m_iFiscalYear = fiscalYear;
+    m_iHesabMoeenCode = isDetail ? AccountCode::parentOf(row.account) : row.account;
+    m_iHesabKolCode = AccountCode::parentOf(m_iHesabMoeenCode);
+    m_iHesabTafsilyCode = isDetail ? row.account : 0;
+    m_iPersonID = row.personID;
+    m_dBed = row.debit;
+    m_dBes = row.credit;
+    m_sDesc = row.description;
+    if (!mayStand(*this))
         throw KAccountingError(QStringLiteral("ردیف سند حسابداری درست نیست و سند ثبت نشد."));
+}
+
+int CTblDocs::AddRecord(int docNum, int fiscalYear, const DocumentRow &row, int database)
+{
     CTblDocs set(database);
     set.AddNew();
-    set.m_iDocNum = row.docNum;
-    set.m_iFiscalYear = row.fiscalYear;
-    set.m_iHesabKolCode = row.hesabKol;
-    set.m_iHesabMoeenCode = row.hesabMoeen;
-    set.m_iHesabTafsilyCode = row.hesabTafsily;
-    set.m_iPersonID = row.personID;
-    set.m_dBed = row.bed;
-    set.m_dBes = row.bes;
-    set.m_sDesc = row.desc;
+    set.setRow(docNum, fiscalYear, row);
     set.Update(true);
     return static_cast<int>(set.GetLastInsertedID());
 }

@@ -5,24 +5,9 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/books/chart/AccountBalance.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/books/DocumentRow.h"
 
 #include <QHash>
-
-// A row to be added to an accounting document. Amounts are in the money unit, never negative, and only one of them is above 0.
-struct DocRow
-{
-    int docNum = 0;
-    int fiscalYear = 0;
-    int hesabKol = 0;
-    int hesabMoeen = 0;
-    int hesabTafsily = 0; // 0: none
-    int personID = 0;     // 0: none
-    double bed = 0;       // debit
-    double bes = 0;       // credit
-    QString desc;
-};
 
 // Rows of the accounting documents.
 class TZACCOUNTING_EXPORT CTblDocs : public KMySQL, private KLiveCount<CTblDocs>
@@ -34,9 +19,11 @@ public:
     ~CTblDocs() override;
     QString GetTableName() const override;
 
-    // Adds the row; the key of it. Joins the caller's transaction. Throws KAccountingError for a row that no document may
-    // hold: no document number, a negative amount, amounts on both sides, a subsidiary account under another general one.
-    static int AddRecord(const DocRow &row, int database = 0);
+    // Adds the row to the document and returns its key. Joins the caller's transaction. Throws KAccountingError as setRow does.
+    static int AddRecord(int docNum, int fiscalYear, const DocumentRow &row, int database = 0);
+    // Sets every column but the key. Throws KAccountingError for a row that no document may hold: no document number, a
+    // negative amount, amounts on both sides, no account that rows stand on.
+    void setRow(int docNum, int fiscalYear, const DocumentRow &row);
 
     // Debit and credit of a general, a subsidiary and a detail account, each by one statement. The dates are those of the
     // documents; a range holds its last day whole, and an invalid end is open. Rows of void documents do not count.

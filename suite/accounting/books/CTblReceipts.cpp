@@ -6,8 +6,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/books/CTblDocs.h"
-#include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 
@@ -30,26 +29,15 @@ void requireReceivable(const CTblReceipts::Receipt &receipt)
 
 int writeDocument(const CTblReceipts::Receipt &receipt, int fiscalYear, int database)
 {
-    const int num = CTblDocuments::AddDoc(Accounts::documentKindReceipt, receipt.date, receipt.desc, fiscalYear, database);
-    if (num == 0)
+    DocumentWriter document({receipt.date,
+                             receipt.desc,
+                             {{receipt.moeen, 0, receipt.amount, 0, receipt.desc},
+                              {Accounts::persons, receipt.personID, 0, receipt.amount, receipt.desc}}},
+                            database);
+    if (!document.add(Accounts::documentKindReceipt, fiscalYear))
         throw KAccountingError(QStringLiteral("سند دریافت ایجاد نشد."));
-    CTblDocs::AddRecord({.docNum = num,
-                         .fiscalYear = fiscalYear,
-                         .hesabKol = Accounts::kolOf(receipt.moeen),
-                         .hesabMoeen = receipt.moeen,
-                         .bed = receipt.amount,
-                         .desc = receipt.desc},
-                        database);
-    CTblDocs::AddRecord({.docNum = num,
-                         .fiscalYear = fiscalYear,
-                         .hesabKol = Accounts::personsKol,
-                         .hesabMoeen = Accounts::persons,
-                         .personID = receipt.personID,
-                         .bes = receipt.amount,
-                         .desc = receipt.desc},
-                        database);
-    CTblDocuments::RequireBalanced(num, fiscalYear, database);
-    return num;
+    document.writeRows();
+    return document.num();
 }
 
 }

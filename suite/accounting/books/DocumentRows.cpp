@@ -9,19 +9,19 @@
 
 namespace DocumentRows {
 
-QList<Row> read(int num, int fiscalYear, int database)
+QList<Named> read(int num, int fiscalYear, int database)
 {
     CTblDocs docs(database);
     docs.m_filter = QStringLiteral("iDocNum=%1 AND iFiscalYear=%2").arg(num).arg(fiscalYear);
     docs.m_sort = QStringLiteral("iID");
-    QList<Row> rows;
+    QList<Named> rows;
     QList<int> subsidiary;
     QList<int> detail;
     QList<int> persons;
     for (docs.Open(true, true, true); !docs.IsEOF(); docs.MoveNext()) {
         const bool isDetail = docs.m_iHesabTafsilyCode > 0;
         const int account = isDetail ? docs.m_iHesabTafsilyCode : docs.m_iHesabMoeenCode;
-        rows.append({docs.m_iID, account, {}, docs.m_iPersonID, {}, docs.m_sDesc, docs.m_dBed, docs.m_dBes});
+        rows.append({docs.m_iID, {account, docs.m_iPersonID, docs.m_dBed, docs.m_dBes, docs.m_sDesc}, {}, {}});
         (isDetail ? detail : subsidiary).append(account);
         persons.append(docs.m_iPersonID);
     }
@@ -32,21 +32,11 @@ QList<Row> read(int num, int fiscalYear, int database)
     accountNames.insert(KLookup::names(QStringLiteral("HesabTafsily"), code, name, detail, database));
     const QHash<int, QString> personNames = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
                                                            QStringLiteral("sName2"), persons, database);
-    for (Row &row : rows) {
-        row.accountName = accountNames.value(row.account);
-        row.person = personNames.value(row.personID);
+    for (Named &named : rows) {
+        named.accountName = accountNames.value(named.row.account);
+        named.person = personNames.value(named.row.personID);
     }
     return rows;
-}
-
-Totals totals(const QList<Row> &rows)
-{
-    Totals sum;
-    for (const Row &row : rows) {
-        sum.debit += row.debit;
-        sum.credit += row.credit;
-    }
-    return sum;
 }
 
 QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int database)

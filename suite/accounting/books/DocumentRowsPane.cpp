@@ -50,24 +50,26 @@ DocumentRowsPane::DocumentRowsPane(const QString &settingName, QWidget *parent)
 
 void DocumentRowsPane::showDocument(int num, int fiscalYear)
 {
-    const QList<DocumentRows::Row> found = num > 0 ? DocumentRows::read(num, fiscalYear) : QList<DocumentRows::Row>();
+    const QList<DocumentRows::Named> found = num > 0 ? DocumentRows::read(num, fiscalYear) : QList<DocumentRows::Named>();
     QVector<KListModel::Row> rows;
-    for (const DocumentRows::Row &entry : found)
-        rows.append({entry.id,
+    AccountBalance sum;
+    for (const auto &[id, row, accountName, person] : found) {
+        rows.append({id,
                      {
                          numberCell(static_cast<int>(rows.size()) + 1),
-                         numberCell(entry.account),
-                         {entry.accountName},
-                         {entry.person},
-                         {entry.description},
-                         sideCell(entry.debit),
-                         sideCell(entry.credit),
+                         numberCell(row.account),
+                         {accountName},
+                         {person},
+                         {row.description},
+                         sideCell(row.debit),
+                         sideCell(row.credit),
                      }});
+        sum += {row.debit, row.credit};
+    }
     m_list->setRows(std::move(rows));
-    const DocumentRows::Totals sum = DocumentRows::totals(found);
     m_totals->setText(found.isEmpty() ? QString()
                                       : QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2")
-                                            .arg(DToMoney(sum.debit), DToMoney(sum.credit)));
+                                            .arg(DToMoney(sum.bed), DToMoney(sum.bes)));
 }
 
 QString DocumentRowsPane::totalsText() const

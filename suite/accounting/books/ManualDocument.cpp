@@ -12,6 +12,7 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
 #include "suite/accounting/books/DocumentRows.h"
+#include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
@@ -42,10 +43,10 @@ void requireUnchanged(const ManualDocument &seen, int database)
                                    .arg(seen.num));
 }
 
-void requirePersons(const QList<DocumentEntry> &rows, int database)
+void requirePersons(const QList<DocumentRow> &rows, int database)
 {
     QList<int> persons;
-    for (const DocumentEntry &row : rows)
+    for (const DocumentRow &row : rows)
         persons.append(row.personID);
     const QHash<int, QString> known = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
                                                      QStringLiteral("sName2"), persons, database);
@@ -56,7 +57,7 @@ void requirePersons(const QList<DocumentEntry> &rows, int database)
     }
 }
 
-void appendRowProblems(QList<ManualDocument::Problem> &found, const DocumentEntry &row, int index, const QSet<int> &accounts)
+void appendRowProblems(QList<ManualDocument::Problem> &found, const DocumentRow &row, int index, const QSet<int> &accounts)
 {
     using What = ManualDocument::Problem::What;
     const bool onPersons = row.account == Accounts::persons;
@@ -78,22 +79,6 @@ void appendRowProblems(QList<ManualDocument::Problem> &found, const DocumentEntr
 
 }
 
-double ManualDocument::debit() const
-{
-    double sum = 0;
-    for (const DocumentEntry &row : rows)
-        sum += row.debit;
-    return sum;
-}
-
-double ManualDocument::credit() const
-{
-    double sum = 0;
-    for (const DocumentEntry &row : rows)
-        sum += row.credit;
-    return sum;
-}
-
 QList<ManualDocument::Problem> ManualDocument::problems(const QSet<int> &accounts) const
 {
     using What = Problem::What;
@@ -104,7 +89,7 @@ QList<ManualDocument::Problem> ManualDocument::problems(const QSet<int> &account
         found.append({What::NoRows});
     for (int index = 0; index < rows.size(); ++index)
         appendRowProblems(found, rows.at(index), index, accounts);
-    if (!rows.isEmpty() && !IsEquals(debit(), credit()))
+    if (!documentSum(rows).isBalanced())
         found.append({What::NotBalanced});
     return found;
 }
@@ -131,7 +116,7 @@ QString ManualDocument::message(const Problem &problem) const
     case What::AmountTooLarge:
         return QStringLiteral("مبلغ ردیف %1 بیش از اندازه بزرگ است.").arg(row);
     case What::NotBalanced:
-        return QStringLiteral("سند تراز نیست: بدهکار %1، بستانکار %2.").arg(DToMoney(debit()), DToMoney(credit()));
+        return DocumentWriter::imbalance(rows);
     }
     Q_UNREACHABLE();
 }
@@ -171,21 +156,20 @@ void ManualDocument::saveWhole(const ManualDocument *seen, int database)
 
 void ManualDocument::write(const ManualDocument *seen, int database)
 {
-    const QString kept = ConvertToStandard(desc);
+    DocumentWriter writer({date, ConvertToStandard(desc), rows}, database);
     if (num == 0) {
-        num = CTblDocuments::AddDoc(Accounts::documentKindManual, date, kept, fiscalYear, database);
-        if (num == 0)
+        if (!writer.add(Accounts::documentKindManual, fiscalYear))
             throw KAccountingError(QStringLiteral("سند ایجاد نشد."));
+        num = writer.num();
     } else {
         requireChangeable(num, fiscalYear, database);
         if (seen)
             requireUnchanged(*seen, database);
-        if (!CTblDocuments::EditDoc(num, fiscalYear, date, kept, database))
+        if (!writer.rewrite(num, fiscalYear))
             throw KAccountingError(QStringLiteral("سند تغییر نکرد."));
-        CTblDocuments::EmptyDoc(num, fiscalYear, database);
     }
     requirePersons(rows, database);
-    DocumentEntries::write(num, fiscalYear, rows, database);
+    writer.writeRows();
 }
 
 ManualDocument ManualDocument::load(int num, int fiscalYear, int database)
@@ -198,8 +182,8 @@ ManualDocument ManualDocument::load(int num, int fiscalYear, int database)
     document.fiscalYear = header.m_iFiscalYear;
     document.date = header.m_date;
     document.desc = header.m_sDesc;
-    for (const DocumentRows::Row &row : DocumentRows::read(num, fiscalYear, database))
-        document.rows.append({row.account, row.personID, row.debit, row.credit, row.description});
+    for (const DocumentRows::Named &stored : DocumentRows::read(num, fiscalYear, database))
+        document.rows.append(stored.row);
     return document;
 }
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/books/DocumentEntry.h"
+#include "suite/accounting/books/DocumentRow.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -15,7 +15,7 @@ struct TZACCOUNTING_EXPORT ManualDocument
     int fiscalYear = 0;
     QDateTime date;
     QString desc;
-    QList<DocumentEntry> rows;
+    QList<DocumentRow> rows;
 
     struct Problem
     {
@@ -34,8 +34,6 @@ struct TZACCOUNTING_EXPORT ManualDocument
         int row = -1; // the row it is about, from 0
     };
 
-    double debit() const;
-    double credit() const;
     // What keeps it from being saved, in the order of the window's fields. accounts: what rows may stand on.
     QList<Problem> problems(const QSet<int> &accounts) const;
     QString message(const Problem &problem) const;

@@ -5,7 +5,7 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/invoices/Invoice.h"
 
 // Invoices of services. The key is the invoice's number; sales and purchases share one run of numbers. Written by
 // InvoicePosting, which keeps an invoice, its lines (CTblFactorStuffs) and its accounting document together.
@@ -15,8 +15,8 @@ public:
     using KLiveCount<CTblFactors>::liveCount;
 
     // iType
-    static constexpr int sale = 7;
-    static constexpr int purchase = 8;
+    static constexpr int sale = Invoice::sale;
+    static constexpr int purchase = Invoice::purchase;
     // iStatus
     static constexpr int valid = 0;
     static constexpr int voided = 1;

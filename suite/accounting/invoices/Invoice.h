@@ -79,8 +79,12 @@ private:
 // An invoice as it is to be saved.
 struct TZACCOUNTING_EXPORT Invoice
 {
-    int num = 0;           // 0: a new one
-    int type = 7;          // CTblFactors::sale or purchase
+    // Types of an invoice, as Factors.iType keeps them.
+    static constexpr int sale = 7;
+    static constexpr int purchase = 8;
+
+    int num = 0; // 0: a new one
+    int type = sale;
     bool returned = false; // a return: every line is a returned one, and the document runs the other way round
     int personID = 0;
     QDateTime date;

@@ -4,7 +4,6 @@
 #include "suite/accounting/invoices/InvoiceDocumentRows.h"
 
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/utility/values/Money.h"
 
 #include <algorithm>
@@ -31,19 +30,19 @@ constexpr InvoiceAccounts purchaseAccounts{Accounts::serviceExpense, Accounts::p
 
 QString invoiceDocumentDescription(int type, bool returned, int num)
 {
-    const bool isPurchase = type == CTblFactors::purchase;
+    const bool isPurchase = type == Invoice::purchase;
     const QString name = returned ? (isPurchase ? QStringLiteral("برگشت از خرید") : QStringLiteral("برگشت از فروش"))
                                   : (isPurchase ? QStringLiteral("فاکتور خرید") : QStringLiteral("فاکتور فروش"));
     return name + QStringLiteral(" ش :") + IToStr(num);
 }
 
-QList<DocumentEntry> invoiceDocumentRows(const InvoiceForDocument &invoice)
+QList<DocumentRow> invoiceDocumentRows(const InvoiceForDocument &invoice)
 {
-    const InvoiceAccounts &accounts = invoice.type == CTblFactors::purchase ? purchaseAccounts : saleAccounts;
+    const InvoiceAccounts &accounts = invoice.type == Invoice::purchase ? purchaseAccounts : saleAccounts;
     const bool personDebit = accounts.personOwes != invoice.returned;
     const QString text = invoiceDocumentDescription(invoice.type, invoice.returned, invoice.num);
     const QString full = text + u' ' + invoice.personName;
-    QList<DocumentEntry> rows;
+    QList<DocumentRow> rows;
     const auto add = [&rows](int account, int personID, bool debit, double amount, const QString &desc) {
         if (amount > 0 && !IsEquals(amount, 0))
             rows.append({account, personID, debit ? amount : 0, debit ? 0 : amount, desc});
@@ -53,6 +52,6 @@ QList<DocumentEntry> invoiceDocumentRows(const InvoiceForDocument &invoice)
     add(accounts.subject, 0, !personDebit, invoice.sum, full);
     add(accounts.tax, 0, !personDebit, invoice.tax, QStringLiteral("مالیات ارزش افزوده ") + full);
     add(accounts.duty, 0, !personDebit, invoice.duty, QStringLiteral("عوارض ") + full);
-    std::stable_partition(rows.begin(), rows.end(), [](const DocumentEntry &row) { return row.debit > 0; });
+    std::stable_partition(rows.begin(), rows.end(), [](const DocumentRow &row) { return row.debit > 0; });
     return rows;
 }

@@ -3,14 +3,15 @@
 
 #pragma once
 
-#include "suite/accounting/books/DocumentEntry.h"
+#include "suite/accounting/books/DocumentRow.h"
+#include "suite/accounting/invoices/Invoice.h"
 
 // Rules of an invoice's accounting document: its header text and its rows.
 
 // An invoice as its document sees it. Amounts in the money unit.
 struct InvoiceForDocument
 {
-    int type = 7; // CTblFactors::sale or purchase
+    int type = Invoice::sale;
     bool returned = false;
     int num = 0;
     int personID = 0;
@@ -28,4 +29,4 @@ TZACCOUNTING_EXPORT QString invoiceDocumentDescription(int type, bool returned, 
 //   sale      person (what is owed), discount on sales / service income (the lines' sum), tax payable, duty payable
 //   purchase  service expense (the lines' sum), tax expense, duty expense / person (what is owed), discount on purchases
 //   a return  the same with both sides changed
-TZACCOUNTING_EXPORT QList<DocumentEntry> invoiceDocumentRows(const InvoiceForDocument &invoice);
+TZACCOUNTING_EXPORT QList<DocumentRow> invoiceDocumentRows(const InvoiceForDocument &invoice);

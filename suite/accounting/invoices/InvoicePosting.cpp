@@ -9,6 +9,7 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/InvoiceDocumentRows.h"
@@ -112,28 +113,27 @@ void writeLines(const Invoice &invoice, const CTblFactors &owner, const Frame &f
     }
 }
 
-InvoiceForDocument forDocument(const CTblFactors &record, bool returned, const QString &personName)
+DocumentContent documentOf(const CTblFactors &record, bool returned, const QString &personName)
 {
-    return {record.m_iType, returned, record.m_iID, record.m_iPersonID, personName, record.m_dAmount, record.m_dDiscount,
-            record.m_dTax, record.m_dImposition};
+    return {record.m_date, invoiceDocumentDescription(record.m_iType, returned, record.m_iID),
+            invoiceDocumentRows({record.m_iType, returned, record.m_iID, record.m_iPersonID, personName, record.m_dAmount,
+                                 record.m_dDiscount, record.m_dTax, record.m_dImposition})};
 }
 
-// Puts the header in place and leaves it without rows.
-void writeHeader(CTblFactors &record, bool returned, const Frame &frame)
+// A new document's number is stored with the invoice before the rows are written.
+void writeDocument(CTblFactors &record, const DocumentContent &content, const Frame &frame)
 {
-    const QString description = invoiceDocumentDescription(record.m_iType, returned, record.m_iID);
-    if (CTblDocuments::EditDoc(record.m_iDocNum, record.m_iFiscalYear, record.m_date, description, frame.database)) {
-        CTblDocuments::EmptyDoc(record.m_iDocNum, record.m_iFiscalYear, frame.database);
-        return;
+    DocumentWriter document(content, frame.database);
+    if (!document.rewrite(record.m_iDocNum, record.m_iFiscalYear)) {
+        const int kind = record.m_iType == CTblFactors::purchase ? Accounts::documentKindPurchase : Accounts::documentKindSale;
+        if (!document.add(kind, frame.fiscalYear))
+            throw KAccountingError(QStringLiteral("سند فاکتور ایجاد نشد."));
+        record.Edit();
+        record.m_iDocNum = document.num();
+        record.m_iFiscalYear = document.fiscalYear();
+        record.Update(true);
     }
-    const int kind = record.m_iType == CTblFactors::purchase ? Accounts::documentKindPurchase : Accounts::documentKindSale;
-    const int docNum = CTblDocuments::AddDoc(kind, record.m_date, description, frame.fiscalYear, frame.database);
-    if (docNum == 0)
-        throw KAccountingError(QStringLiteral("سند فاکتور ایجاد نشد."));
-    record.Edit();
-    record.m_iDocNum = docNum;
-    record.m_iFiscalYear = frame.fiscalYear;
-    record.Update(true);
+    document.writeRows();
 }
 
 void fill(CTblFactors &record, const Invoice &invoice, const Frame &frame)
@@ -171,9 +171,7 @@ InvoicePosting::Saved write(const Invoice &invoice, const Invoice *seen, const F
     fill(record, invoice, frame);
     record.Update(true);
     writeLines(invoice, record, frame);
-    writeHeader(record, invoice.returned, frame);
-    DocumentEntries::write(record.m_iDocNum, record.m_iFiscalYear,
-                           invoiceDocumentRows(forDocument(record, invoice.returned, person)), frame.database);
+    writeDocument(record, documentOf(record, invoice.returned, person), frame);
     return {record.m_iID, record.m_iDocNum, record.m_iFiscalYear};
 }
 

@@ -81,8 +81,8 @@ void TestCDlgDocuments::post(int year, int month, int day, int kind, const QStri
     KTransaction transaction;
     const QDateTime date(ConvertToMiladi(year, month, day), QTime(10, 30), Qt::UTC);
     const int num = CTblDocuments::AddDoc(kind, date, desc, year);
-    CTblDocs::AddRecord({num, year, Accounts::personsKol, Accounts::persons, 0, 1, amount, 0, QStringLiteral("بدهی")});
-    CTblDocs::AddRecord({num, year, Accounts::incomeKol, Accounts::commissionIncome, 0, 0, 0, amount, QStringLiteral("درآمد")});
+    CTblDocs::AddRecord(num, year, {Accounts::persons, 1, amount, 0, QStringLiteral("بدهی")});
+    CTblDocs::AddRecord(num, year, {Accounts::commissionIncome, 0, 0, amount, QStringLiteral("درآمد")});
     CTblDocuments::RequireBalanced(num, year);
     transaction.commit();
 }

@@ -13,6 +13,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -24,6 +25,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/BooksAgree.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QCoreApplication>
@@ -127,6 +129,7 @@ void TestDemoData::everyDocumentBalances()
     CTblDocuments documents;
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         CTblDocuments::RequireBalanced(documents.m_iNum, documents.m_iFiscalYear);
+    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), QStringLiteral("300/0/0"));
 }
 
 void TestDemoData::numbersRunThroughEachFiscalYear()

@@ -20,10 +20,10 @@ ContractForDocument taxedContract()
 }
 
 // "account/person debit credit [description]" per row.
-QStringList lines(const std::vector<ContractDocumentRow> &rows)
+QStringList lines(const QList<DocumentRow> &rows)
 {
     QStringList result;
-    for (const ContractDocumentRow &row : rows) {
+    for (const DocumentRow &row : rows) {
         result.append(QStringLiteral("%1/%2 %3 %4 [%5]")
                           .arg(row.account)
                           .arg(row.personID)
@@ -34,11 +34,11 @@ QStringList lines(const std::vector<ContractDocumentRow> &rows)
     return result;
 }
 
-bool balances(const std::vector<ContractDocumentRow> &rows)
+bool balances(const QList<DocumentRow> &rows)
 {
     double debit = 0;
     double credit = 0;
-    for (const ContractDocumentRow &row : rows) {
+    for (const DocumentRow &row : rows) {
         debit += row.debit;
         credit += row.credit;
     }
@@ -180,7 +180,7 @@ void TestContractDocumentRows::percentageStandsWithoutTrailingZeros()
     ContractForDocument contract;
     contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 0, 0, percent, 7};
     const auto rows = contractDocumentRows(contract);
-    QCOMPARE(rows.size(), size_t(2));
+    QCOMPARE(rows.size(), qsizetype(2));
     QCOMPARE(rows[0].description, start + QStringLiteral("علی"));
     QCOMPARE(rows[1].description, start + QStringLiteral("7از علی"));
 }
@@ -224,7 +224,7 @@ void TestContractDocumentRows::everyCombinationBalances()
     QVERIFY(!rows.empty());
     QVERIFY(rows.size() % 2 == 0);
     QVERIFY(balances(rows));
-    for (size_t i = 0; i < rows.size(); i += 2)
+    for (qsizetype i = 0; i < rows.size(); i += 2)
         QVERIFY(rows[i].debit > 0 && rows[i].credit == 0 && rows[i + 1].credit == rows[i].debit && rows[i + 1].debit == 0);
 }
 

@@ -10,6 +10,7 @@
 #include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/BooksAgree.h"
 
 #include <QCoreApplication>
 #include <QTest>
@@ -91,6 +92,7 @@ void TestContractPosting::documentBalances()
     contract.m_iPersonFirstID = 0;
     QVERIFY(ContractPosting::post(contract));
     QVERIFY(IsEquals(value("SELECT SUM(dBed) FROM Docs").toDouble(), value("SELECT SUM(dBes) FROM Docs").toDouble()));
+    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), QStringLiteral("1/0/0"));
     QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=610502"), QStringLiteral("90"));
     QCOMPARE(value("SELECT SUM(dBed)-SUM(dBes) FROM Docs WHERE iHesabMoeenCode=110301 AND iPersonID=0"), QStringLiteral("0"));
 }

@@ -4,6 +4,7 @@
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -12,6 +13,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/BooksAgree.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -292,6 +294,11 @@ private Q_SLOTS:
         TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
         dialog.receiveSelected();
         QCOMPARE(value(QStringLiteral("SELECT dAmount FROM Receipts")).toDouble(), 112.0);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), QStringLiteral("1/0/0"));
+        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',h.iKind,SUM(d.dBed),SUM(d.dBes)) FROM Receipts r JOIN Documents h "
+                                      "ON h.iNum=r.iDocNum AND h.iFiscalYear=r.iFiscalYear JOIN Docs d ON d.iDocNum=h.iNum "
+                                      "AND d.iFiscalYear=h.iFiscalYear GROUP BY r.iID")),
+                 QStringLiteral("3/112/112"));
         QCOMPARE(value(QStringLiteral("SELECT iStatus FROM AutomobilPayments WHERE iNum=2")), QStringLiteral("1"));
         QCOMPARE(dialog.list()->cellText(1, 4), QStringLiteral("پرداخت شده"));
         QVERIFY(dialog.isNoteShown());

@@ -49,14 +49,7 @@ class TestCDlgAutoFullReport : public QObject
     {
         const int number = CTblDocuments::AddDoc(1, QDateTime(day, QTime(12, 0), Qt::UTC), QStringLiteral("سند"), year);
         const auto row = [&](int account, double bed, double bes) {
-            DocRow row;
-            row.docNum = number;
-            row.fiscalYear = year;
-            row.hesabKol = account / 100;
-            row.hesabMoeen = account;
-            row.bed = bed;
-            row.bes = bes;
-            CTblDocs::AddRecord(row);
+            CTblDocs::AddRecord(number, year, {account, 0, bed, bes, {}});
         };
         row(bedAccount, amount, 0);
         row(besAccount, 0, amount);

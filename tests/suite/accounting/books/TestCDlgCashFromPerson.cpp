@@ -12,6 +12,7 @@
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/BooksAgree.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -121,6 +122,7 @@ void TestCDlgCashFromPerson::okSavesReceiptAndBalancedDocument()
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('|',iHesabKolCode,iHesabMoeenCode,iPersonID,dBed,dBes) ORDER BY iID SEPARATOR "
                    "' ') FROM Docs WHERE iDocNum=1 AND iFiscalYear=1405"),
              QStringLiteral("1101|110101|0|1250000|0 1103|110301|%1|0|1250000").arg(m_person));
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindReceipt)), QStringLiteral("1/0/0"));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 

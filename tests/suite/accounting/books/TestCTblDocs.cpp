@@ -55,9 +55,10 @@ void TestCTblDocs::post(const QDateTime &date, int account, int detail, double a
 {
     constexpr int year = 1405;
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, date, QStringLiteral("سند"), year);
-    CTblDocs::AddRecord({num, year, Accounts::kolOf(account), account, detail, account == Accounts::persons ? m_person : 0,
-                         debit ? amount : 0, debit ? 0 : amount, QStringLiteral("شرح %1").arg(num)});
-    CTblDocs::AddRecord({num, year, Accounts::bankKol, Accounts::bank, 0, 0, debit ? 0 : amount, debit ? amount : 0, {}});
+    CTblDocs::AddRecord(num, year,
+                        {detail > 0 ? detail : account, account == Accounts::persons ? m_person : 0, debit ? amount : 0,
+                         debit ? 0 : amount, QStringLiteral("شرح %1").arg(num)});
+    CTblDocs::AddRecord(num, year, {Accounts::bank, 0, debit ? 0 : amount, debit ? amount : 0, {}});
 }
 
 void TestCTblDocs::initTestCase()

@@ -24,16 +24,9 @@ constexpr int year = 1405;
 
 const QDateTime day(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
 
-DocRow rowOf(int num, double bed, double bes)
+DocumentRow rowOf(double bed, double bes)
 {
-    return {.docNum = num,
-            .fiscalYear = year,
-            .hesabKol = Accounts::personsKol,
-            .hesabMoeen = Accounts::persons,
-            .personID = 1,
-            .bed = bed,
-            .bes = bes,
-            .desc = QStringLiteral("شرح")};
+    return {Accounts::persons, 1, bed, bes, QStringLiteral("شرح")};
 }
 
 }
@@ -81,8 +74,8 @@ void TestCTblDocuments::init()
 int TestCTblDocuments::addDocument(double bed, double bes)
 {
     const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, QStringLiteral("سند"), year);
-    CTblDocs::AddRecord(rowOf(num, bed, 0));
-    CTblDocs::AddRecord(rowOf(num, 0, bes));
+    CTblDocs::AddRecord(num, year, rowOf(bed, 0));
+    CTblDocs::AddRecord(num, year, rowOf(0, bes));
     return num;
 }
 
@@ -132,8 +125,8 @@ void TestCTblDocuments::twoConnectionsDrawDifferentNumbers()
                 {
                     KTransaction transaction;
                     num = CTblDocuments::AddDoc(28, day, QString(), year);
-                    CTblDocs::AddRecord(rowOf(num, 1, 0));
-                    CTblDocs::AddRecord(rowOf(num, 0, 1));
+                    CTblDocs::AddRecord(num, year, rowOf(1, 0));
+                    CTblDocs::AddRecord(num, year, rowOf(0, 1));
                     transaction.commit();
                 }
                 const std::lock_guard lock(mutex);
@@ -281,10 +274,9 @@ void TestCTblDocuments::rowOnAnAccountOutsideTheChartIsRefused()
     const int num = addDocument(5, 5);
     CTblDocuments::RequireBalanced(num, year);
     for (const bool debit : {true, false}) {
-        DocRow row = rowOf(num, debit ? 1 : 0, debit ? 0 : 1);
-        row.hesabKol = 9999;
-        row.hesabMoeen = 999901;
-        CTblDocs::AddRecord(row);
+        DocumentRow row = rowOf(debit ? 1 : 0, debit ? 0 : 1);
+        row.account = 999901;
+        CTblDocs::AddRecord(num, year, row);
     }
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocuments::RequireBalanced(num, year));
 }
@@ -292,7 +284,7 @@ void TestCTblDocuments::rowOnAnAccountOutsideTheChartIsRefused()
 void TestCTblDocuments::rowThatMayNotStandIsRefused_data()
 {
     QTest::addColumn<int>("num");
-    QTest::addColumn<int>("moeen");
+    QTest::addColumn<int>("account");
     QTest::addColumn<double>("bed");
     QTest::addColumn<double>("bes");
     QTest::newRow("no document") << 0 << Accounts::persons << 1.0 << 0.0;
@@ -301,19 +293,19 @@ void TestCTblDocuments::rowThatMayNotStandIsRefused_data()
     QTest::newRow("both sides") << 1 << Accounts::persons << 1.0 << 1.0;
     QTest::newRow("no number") << 1 << Accounts::persons << std::numeric_limits<double>::quiet_NaN() << 0.0;
     QTest::newRow("infinite") << 1 << Accounts::persons << 0.0 << std::numeric_limits<double>::infinity();
-    QTest::newRow("account under another general one") << 1 << Accounts::bank << 1.0 << 0.0;
+    QTest::newRow("account that is no subsidiary one") << 1 << Accounts::personsKol << 1.0 << 0.0;
     QTest::newRow("no account") << 1 << 0 << 1.0 << 0.0;
 }
 
 void TestCTblDocuments::rowThatMayNotStandIsRefused()
 {
     QFETCH(int, num);
-    QFETCH(int, moeen);
+    QFETCH(int, account);
     QFETCH(double, bed);
     QFETCH(double, bes);
-    DocRow row = rowOf(num, bed, bes);
-    row.hesabMoeen = moeen;
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocs::AddRecord(row));
+    DocumentRow row = rowOf(bed, bes);
+    row.account = account;
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocs::AddRecord(num, year, row));
     QCOMPARE(count("Docs"), QStringLiteral("0"));
 }
 

@@ -10,6 +10,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/BooksAgree.h"
 
 #include <QCoreApplication>
 #include <QtTest>
@@ -185,6 +186,7 @@ void TestManualDocument::changeKeepsTheNumberAndRewritesTheRows()
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',dBed,dBes) ORDER BY iID SEPARATOR ' ') FROM Docs WHERE iDocNum=1"),
              QStringLiteral("70/0 0/70"));
     QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("3"));
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindManual)), QStringLiteral("2/0/0"));
     QCOMPARE(value("SELECT CONCAT_WS('/',sDesc,DATE(date)) FROM Documents WHERE iNum=1"), QStringLiteral("اصلاح/2026-05-03"));
 }
 
@@ -194,7 +196,7 @@ void TestManualDocument::changeOfAnotherUserIsNotOverwritten()
     good().save();
     const ManualDocument seen = ManualDocument::load(1, year);
     ManualDocument theirs = seen;
-    theirs.rows[0].desc = QStringLiteral("قبض برق");
+    theirs.rows[0].description = QStringLiteral("قبض برق");
     theirs.save(seen);
     ManualDocument mine = seen;
     mine.desc = QStringLiteral("پرداخت دو قبض");

@@ -277,7 +277,7 @@ void TestInvoice::documentRows()
     QFETCH(int, type);
     QFETCH(bool, returned);
     QStringList rows;
-    for (const DocumentEntry &row :
+    for (const DocumentRow &row :
          invoiceDocumentRows({type, returned, 12, 7, QStringLiteral("علی رضایی"), 1000, 100, 108, 72}))
         rows.append(QStringLiteral("%1/%2/%3/%4").arg(row.account).arg(row.personID).arg(row.debit).arg(row.credit));
     QTEST(rows.join(u' '), "rows");
@@ -297,11 +297,11 @@ void TestInvoice::documentBalances_data()
 void TestInvoice::documentBalances()
 {
     QFETCH(InvoiceForDocument, invoice);
-    const QList<DocumentEntry> rows = invoiceDocumentRows(invoice);
+    const QList<DocumentRow> rows = invoiceDocumentRows(invoice);
     QTEST(int(rows.size()), "rows");
     double debit = 0;
     double credit = 0;
-    for (const DocumentEntry &row : rows) {
+    for (const DocumentRow &row : rows) {
         debit += row.debit;
         credit += row.credit;
         QVERIFY((row.debit > 0) != (row.credit > 0));
@@ -314,7 +314,7 @@ void TestInvoice::documentTextNamesKindAndNumber()
 {
     QCOMPARE(invoiceDocumentDescription(CTblFactors::sale, false, 12), QStringLiteral("فاکتور فروش ش :12"));
     QCOMPARE(invoiceDocumentDescription(CTblFactors::purchase, true, 3), QStringLiteral("برگشت از خرید ش :3"));
-    const QList<DocumentEntry> rows = invoiceDocumentRows({7, false, 12, 7, QStringLiteral("علی رضایی"), 1000, 0, 90, 0});
+    const QList<DocumentRow> rows = invoiceDocumentRows({7, false, 12, 7, QStringLiteral("علی رضایی"), 1000, 0, 90, 0});
     QCOMPARE(rows.at(0).desc, QStringLiteral("فاکتور فروش ش :12"));
     QCOMPARE(rows.at(2).desc, QStringLiteral("مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"));
 }

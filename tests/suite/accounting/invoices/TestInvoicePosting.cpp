@@ -12,6 +12,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/BooksAgree.h"
 
 #include <QCoreApplication>
 #include <QtTest>
@@ -130,6 +131,7 @@ void TestInvoicePosting::purchaseStandsOnTheExpenseAccounts()
     Invoice invoice = sale();
     invoice.type = CTblFactors::purchase;
     InvoicePosting::save(invoice);
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindPurchase)), QStringLiteral("1/0/0"));
     QCOMPARE(value("SELECT CONCAT_WS('/',iType,iKind) FROM FactorStuffs LIMIT 1"), QStringLiteral("8/0"));
     QCOMPARE(value("SELECT iKind FROM Documents"), QString::number(Accounts::documentKindPurchase));
     QCOMPARE(CTblDocs::GetBedBesHesabMoeen1(Accounts::serviceExpense).bed, 1000.0);
@@ -195,6 +197,7 @@ void TestInvoicePosting::changeRewritesLinesAndDocument()
     QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("5"));
     QCOMPARE(value("SELECT DATE(date) FROM Documents WHERE iNum=1"), QStringLiteral("2026-05-04"));
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("2"));
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindSale)), QStringLiteral("2/0/0"));
 }
 
 void TestInvoicePosting::changeKeepsTheType()

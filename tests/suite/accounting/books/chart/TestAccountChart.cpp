@@ -136,7 +136,7 @@ void TestAccountChart::noDetailBelowAnAccountWithRowsOfItsOwn()
     AccountChart::add(moeen, 620102, QStringLiteral("آب و برق"), 6201);
     const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
-    CTblDocs::AddRecord({.docNum = num, .fiscalYear = 1405, .hesabKol = 6201, .hesabMoeen = 620102, .bed = 5});
+    CTblDocs::AddRecord(num, 1405, {.account = 620102, .debit = 5});
     QCOMPARE(refusalOf([] { AccountChart::add(tafsily, 620102001, QStringLiteral("آب"), 620102); }),
              QStringLiteral("حساب «آب و برق» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."));
     m_office.database.run(QStringLiteral("DELETE FROM Docs"));
@@ -149,7 +149,7 @@ void TestAccountChart::noDetailBecomesActiveAgainBelowAnAccountWithRowsOfItsOwn(
     AccountChart::setActive(620101001, false);
     const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
-    CTblDocs::AddRecord({.docNum = num, .fiscalYear = 1405, .hesabKol = 6201, .hesabMoeen = 620101, .bed = 5});
+    CTblDocs::AddRecord(num, 1405, {.account = 620101, .debit = 5});
     QCOMPARE(refusalOf([] { AccountChart::setActive(620101001, true); }),
              QStringLiteral("حساب «اجاره» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود."));
     QCOMPARE(value(QStringLiteral("SELECT iStatus FROM HesabTafsily")), QStringLiteral("1"));

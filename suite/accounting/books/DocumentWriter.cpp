@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/books/DocumentWriter.h"
+
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/utility/values/Money.h"
+
+QString DocumentWriter::imbalance(const QList<DocumentRow> &rows)
+{
+    const AccountBalance sum = documentSum(rows);
+    if (sum.isBalanced())
+        return {};
+    return QStringLiteral("سند تراز نیست: بدهکار %1، بستانکار %2.").arg(DToMoney(sum.bed), DToMoney(sum.bes));
+}
+
+DocumentWriter::DocumentWriter(DocumentContent content, int database)
+    : m_content(std::move(content))
+    , m_database(database)
+{
+    if (const QString refusal = imbalance(m_content.rows); !refusal.isEmpty())
+        throw KAccountingError(refusal);
+}
+
+bool DocumentWriter::add(int kind, int fiscalYear)
+{
+    m_num = CTblDocuments::AddDoc(kind, m_content.date, m_content.description, fiscalYear, m_database);
+    m_fiscalYear = fiscalYear;
+    return m_num != 0;
+}
+
+bool DocumentWriter::rewrite(int num, int fiscalYear)
+{
+    if (!CTblDocuments::EditDoc(num, fiscalYear, m_content.date, m_content.description, m_database))
+        return false;
+    CTblDocuments::EmptyDoc(num, fiscalYear, m_database);
+    m_num = num;
+    m_fiscalYear = fiscalYear;
+    return true;
+}
+
+void DocumentWriter::writeRows() const
+{
+    for (const DocumentRow &row : m_content.rows)
+        CTblDocs::AddRecord(m_num, m_fiscalYear, row, m_database);
+    CTblDocuments::RequireBalanced(m_num, m_fiscalYear, m_database);
+}
