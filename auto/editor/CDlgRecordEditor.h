@@ -3,9 +3,8 @@
 
 #pragma once
 
+#include "auto/db/RecordSaving.h"
 #include "auto/editor/EditorPage.h"
-#include "suite/db/KTransaction.h"
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -23,7 +22,7 @@ class QPushButton;
 
 // Base of the windows in which one record of the module is written, changed or shown: a row of tabs over the record's
 // pages, and below them "فعال", the window's own commands, "برگشت از بايگاني", "تاييد" and "انصراف". A derived window
-// names its pages, says how the record leaves the archive, and saves by saveRecord.
+// names its pages, says how the record leaves the archive, and saves by saveRecord, or by a unit that takes its decision.
 class CDlgRecordEditor : public KDialog
 {
     Q_OBJECT
@@ -77,30 +76,22 @@ protected:
         return std::ranges::all_of(pages, [](EditorPage<Record> *page) { return page->validate(); });
     }
 
-    // Lets the pages write the record as it is now, in one transaction, with what more belongs to it. A record that nobody
-    // has saved yet becomes the current user's. False when it is gone.
+    // What the user has decided in the window: the state, and the columns of the pages.
     template <class Record>
-    [[nodiscard]] bool saveRecord(const QList<EditorPage<Record> *> &pages, const std::function<void()> &more = {})
+    [[nodiscard]] RecordSaving::Decision<Record> decision(const QList<EditorPage<Record> *> &pages) const
+    {
+        return {m_key, chosenStatus(), [pages](Record &record) {
+                    for (EditorPage<Record> *page : pages)
+                        page->write(record);
+                }};
+    }
+
+    // Saves a record to which nothing more belongs. False when it is gone.
+    template <class Record>
+    [[nodiscard]] bool saveRecord(const QList<EditorPage<Record> *> &pages) const
     {
         const KWaitCursor wait;
-        bool saved = false;
-        KTransaction::runReplayable([&] {
-            saved = false;
-            Record record;
-            if (!loadRecord(record))
-                return;
-            record.Edit();
-            if (record.m_iUserID == 0)
-                record.m_iUserID = GetDBSetting()->GetUserID();
-            record.m_iStatus = chosenStatus();
-            for (EditorPage<Record> *page : pages)
-                page->write(record);
-            record.Update(true);
-            if (more)
-                more();
-            saved = true;
-        });
-        return saved;
+        return RecordSaving::save(decision(pages));
     }
 
 private:

@@ -46,6 +46,4 @@ public:
     // Sets the page's own columns of a record that is open for editing, inside the transaction that saves it; may run again
     // when that is replayed. What it throws ends the save, and nothing of it is kept.
     virtual void write(Record &record) = 0;
-    // The record is saved for good.
-    virtual void saved() { }
 };

@@ -18,6 +18,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
@@ -155,13 +156,16 @@ bool CDlgAddAutomobilContract::validatePages()
 
 bool CDlgAddAutomobilContract::save()
 {
-    return saveRecord(pages(), [this] { m_customFields->save(key()); });
+    const KWaitCursor wait;
+    const auto posted = ContractSaving::save(decision(pages()), m_customFields->enteredValues());
+    if (posted)
+        m_posted = *posted;
+    return posted.has_value();
 }
 
 void CDlgAddAutomobilContract::saved()
 {
-    for (ContractEditorPage *page : pages())
-        page->saved();
+    CDlgDocCreated::Show(m_posted.docNum, m_posted.fiscalYear, this);
 }
 
 bool CDlgAddAutomobilContract::takeOutOfArchive()

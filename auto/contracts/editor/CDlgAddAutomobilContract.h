@@ -4,6 +4,7 @@
 #pragma once
 
 #include "auto/editor/CDlgRecordEditor.h"
+#include "auto/contracts/document/ContractSaving.h"
 #include "auto/contracts/editor/ContractEditorPage.h"
 
 class CDlgAddAutomobilContractBase;
@@ -11,8 +12,8 @@ class CDlgAddAutomobilContractMatter;
 class CDlgCustomFields;
 class QPushButton;
 
-// The window in which one contract is written, changed or shown: a row of tabs over its pages. One save writes all pages
-// and posts the accounting document in one transaction.
+// The window in which one contract is written, changed or shown: a row of tabs over its pages, which ContractSaving
+// saves together with the accounting document.
 class CDlgAddAutomobilContract final : public CDlgRecordEditor
 {
     Q_OBJECT
@@ -54,6 +55,7 @@ private:
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;
 
+    ContractSaving::Posted m_posted;
     int m_contractType = 0;
     int m_chosenCar = 0; // key of the car last copied in
     int m_matterTab = -1;

@@ -7,14 +7,11 @@
 #include "auto/words/WordLists.h"
 #include "auto/contracts/editor/ContractNotes.h"
 #include "auto/contracts/editor/ContractPartyGroup.h"
-#include "auto/contracts/document/ContractPosting.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -354,13 +351,4 @@ void CDlgAddAutomobilContractBase::write(CTblAutomobilContracts &contract)
     m_first->write(contract);
     m_second->write(contract);
     ContractNotes::setNotes(contract, m_notes);
-    if (!ContractPosting::post(contract))
-        throw KAccountingError(QStringLiteral("سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."));
-    m_postedDocument = contract.m_iDocNum;
-    m_postedYear = contract.m_iFiscalYear;
-}
-
-void CDlgAddAutomobilContractBase::saved()
-{
-    CDlgDocCreated::Show(m_postedDocument, m_postedYear, this);
 }

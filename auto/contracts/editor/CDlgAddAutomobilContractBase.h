@@ -20,7 +20,7 @@ class QGridLayout;
 class QPushButton;
 
 // First page of the contract editor: identity, parties, amount and commission. The figures follow each other live by the
-// rules of Commission.h; writing the page posts the contract's accounting document.
+// rules of Commission.h.
 class CDlgAddAutomobilContractBase final : public ContractEditorPage
 {
     Q_OBJECT
@@ -32,7 +32,6 @@ public:
     void fill(CTblAutomobilContracts &contract) override;
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilContracts &contract) override;
-    void saved() override;
 
     KForm *form() const { return m_form; }
     ContractPartyGroup *firstParty() const { return m_first; }
@@ -68,6 +67,4 @@ private:
     CommissionTiers m_tiers;
     CommissionFields m_figures;
     QList<std::pair<CommissionField, QString>> m_figureColumns;
-    int m_postedDocument = 0;
-    int m_postedYear = 0;
 };

@@ -131,10 +131,11 @@ bool CDlgCustomFields::validate()
     return true;
 }
 
-void CDlgCustomFields::save(int recordID)
+std::optional<QHash<int, QString>> CDlgCustomFields::enteredValues() const
 {
-    if (m_opened && !m_readOnly)
-        CTblCustomFieldRecords::setValues(m_table, recordID, typedValues());
+    if (!m_opened || m_readOnly)
+        return std::nullopt;
+    return typedValues();
 }
 
 void CDlgCustomFields::defineFields()

@@ -6,7 +6,10 @@
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
+#include <QHash>
+
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CustomFieldInput;
@@ -35,8 +38,8 @@ public:
     void load();
     // False after showing a message about the first invalid field, which then has the focus. True for a page never shown.
     [[nodiscard]] bool validate();
-    // Writes the values for the record inside the caller's transaction; nothing for a page never shown or read-only.
-    void save(int recordID);
+    // Value per field key, to be stored by CTblCustomFieldRecords::setValues; nothing for a page never shown or read-only.
+    std::optional<QHash<int, QString>> enteredValues() const;
 
     // Opens the definition of the record kind's fields, then loads the page again; what was typed stays. Refused without
     // the right to modify form "CustomFields" and in a closed database.

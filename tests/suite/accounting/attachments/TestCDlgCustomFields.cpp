@@ -26,6 +26,12 @@ using FormDriver::field;
 namespace {
 constexpr int contracts = 69;
 constexpr int record = 12;
+
+void store(const CDlgCustomFields &page)
+{
+    if (const auto values = page.enteredValues())
+        CTblCustomFieldRecords::setValues(contracts, record, *values);
+}
 }
 
 class TestCDlgCustomFields : public QObject
@@ -90,7 +96,7 @@ void TestCDlgCustomFields::valuesOfEveryTypeComeBack()
         field<KDateEdit>(first.get(), QStringLiteral("بیمه تا :"))->setText(QStringLiteral("1405/08/29"));
         field<QCheckBox>(first.get(), QStringLiteral("کارشناسی شده :"))->setChecked(true);
         QVERIFY(first->validate());
-        first->save(record);
+        store(*first);
     }
     const auto second = page();
     QCOMPARE(field<KEdit>(second.get(), QStringLiteral("معرف :"))->text(), QStringLiteral("علی 'رضا'"));
@@ -105,7 +111,7 @@ void TestCDlgCustomFields::valuesAreStoredInTheirOwnForm()
     field<KEdit>(one.get(), QStringLiteral("کارکرد :"))->setNumber(1234.5);
     field<KDateEdit>(one.get(), QStringLiteral("بیمه تا :"))->setDate(QDate(2026, 11, 20));
     field<QCheckBox>(one.get(), QStringLiteral("کارشناسی شده :"))->setChecked(true);
-    one->save(record);
+    store(*one);
     const QHash<int, QString> stored = CTblCustomFieldRecords::values(contracts, record);
     QCOMPARE(stored.size(), 3);
     QCOMPARE(stored.value(m_number), QStringLiteral("1234.5"));
@@ -119,7 +125,7 @@ void TestCDlgCustomFields::emptyValueHasNoRow()
     const auto one = page();
     field<KEdit>(one.get(), QStringLiteral("معرف :"))->clear();
     field<QCheckBox>(one.get(), QStringLiteral("کارشناسی شده :"))->setChecked(false);
-    one->save(record);
+    store(*one);
     QCOMPARE(value("SELECT COUNT(*) FROM CustomFieldRecords"), QStringLiteral("0"));
 }
 
@@ -131,7 +137,7 @@ void TestCDlgCustomFields::pageNeverShownReadsAndSavesNothing()
     CDlgCustomFields hidden;
     hidden.bind(contracts, record);
     QVERIFY(hidden.validate());
-    hidden.save(record);
+    store(hidden);
     KConnection::setStatementObserver({});
     QCOMPARE(statements, 0);
     QVERIFY(!hidden.isOpened());
@@ -166,12 +172,12 @@ void TestCDlgCustomFields::savingJoinsTheCallersTransaction()
     field<KEdit>(one.get(), QStringLiteral("معرف :"))->setText(QStringLiteral("الف"));
     {
         KTransaction transaction;
-        one->save(record);
+        store(*one);
     }
     QVERIFY(CTblCustomFieldRecords::values(contracts, record).isEmpty());
     {
         KTransaction transaction;
-        one->save(record);
+        store(*one);
         transaction.commit();
     }
     QCOMPARE(CTblCustomFieldRecords::values(contracts, record).size(), 1);
@@ -182,7 +188,7 @@ void TestCDlgCustomFields::otherRecordsKeepTheirValues()
     CTblCustomFieldRecords::setValues(contracts, record + 1, {{m_text, QStringLiteral("دیگری")}});
     const auto one = page();
     QVERIFY(field<KEdit>(one.get(), QStringLiteral("معرف :"))->text().isEmpty());
-    one->save(record);
+    store(*one);
     QCOMPARE(CTblCustomFieldRecords::values(contracts, record + 1).value(m_text), QStringLiteral("دیگری"));
 }
 
@@ -198,7 +204,7 @@ void TestCDlgCustomFields::readOnlyPageSavesNothing()
     QVERIFY(!field<QCheckBox>(one.get(), QStringLiteral("کارشناسی شده :"))->isEnabled());
     QVERIFY(!FormDriver::button(one.get(), QStringLiteral("تعریف فیلدها"))->isVisible());
     text->setText(QStringLiteral("ب"));
-    one->save(record);
+    store(*one);
     QCOMPARE(CTblCustomFieldRecords::values(contracts, record).value(m_text), QStringLiteral("الف"));
 }
 

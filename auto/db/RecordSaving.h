@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/db/KTransaction.h"
+#include "suite/accounting/office/CDBSetting.h"
+
+#include <QString>
+
+#include <functional>
+
+// Saves a record that a user has written or changed, in one transaction with what belongs to it.
+namespace RecordSaving {
+
+// What the user decided about a stored record.
+template <class Record>
+struct Decision
+{
+    int key = 0;
+    int status = 0; // 0 active, 1 not
+    // Sets the columns of the record, which is open for editing; may run again when the transaction is replayed.
+    std::function<void(Record &)> write;
+};
+
+template <class Record>
+using Step = std::function<void(Record &)>;
+
+// Writes the record as it is now with what was decided. A record that nobody has saved yet becomes the current user's.
+// beforeRow runs between the decision and the row, and may set columns too; afterRow runs behind the row. What a step throws
+// ends the save, and nothing of it is kept. False when the record is gone.
+template <class Record>
+[[nodiscard]] bool save(const Decision<Record> &decision, const Step<Record> &beforeRow = {}, const Step<Record> &afterRow = {})
+{
+    bool saved = false;
+    KTransaction::runReplayable([&] {
+        saved = false;
+        Record record;
+        if (!record.IsRecordExist(QStringLiteral("iID"), decision.key, 0, QString()))
+            return;
+        record.Edit();
+        if (record.m_iUserID == 0)
+            record.m_iUserID = GetDBSetting()->GetUserID();
+        record.m_iStatus = decision.status;
+        decision.write(record);
+        if (beforeRow)
+            beforeRow(record);
+        record.Update(true);
+        if (afterRow)
+            afterRow(record);
+        saved = true;
+    });
+    return saved;
+}
+
+}
