@@ -19,7 +19,13 @@ never() {
 folder=$1
 [ -n "$(needed "$folder" TzDB)" ] || fault "no link list could be read in $folder"
 never TzDB '^(Qt6(Gui|Widgets|Network|Svg)|Tz)'
+never TzValues '^(Qt6(Gui|Widgets|Network|Svg)|Tz|mariadb)'
+never TzDocuments '^(Qt6(Gui|Widgets|Network|Svg)|Tz|mariadb)'
 never TzUtility '^(Tz(Accounting|CRM|Image|Auto)|sodium)'
+never TzAccountingData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image|Auto)$)'
+never TzCRMData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image|Auto)$)'
+never TzAutoRules '^(Qt6(Gui|Widgets|Svg)|TzUtility|TzDB|Tz(Accounting|CRM|Image|Auto)$|mariadb)'
+never TzAutoData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image|Auto)$|mariadb)'
 never TzAccounting '^Tz(CRM|Image|Auto)'
 never TzCRM '^(TzAuto|TzImage|mariadb|icu)'
 never TzImage '^(TzAuto|TzCRM|mariadb|icu)'

@@ -7,8 +7,8 @@
     include_graph.py [ROOT]
 
 A header and the source of the same name are one unit: whoever includes the header links the source, so what the source
-includes counts too. Four things are faults: an include that goes up a floor, a circle among folders, a circle among units,
-and a unit that is no window but reaches one of Qt's window classes.
+includes counts too. Five things are faults: an include that goes up a floor, a circle among folders, a circle among units,
+a unit that is no window but reaches one of Qt's window classes, and a rule that reaches the database.
 """
 
 import argparse
@@ -40,39 +40,10 @@ MODULE_ENTRY = "auto/CAutoDBSetting"
 HOST = "host"
 DEMO = "host/demo"
 
-# Which units are windows, or make, fill or paint what a window shows: those that are named CDlg..., and these ("*": all of the
-# folder). All others are records, rules, values and work on data, and reach none of them.
-WINDOWS = {
-    "auto": "CAutoDBSetting",
-    "auto/cars/demands/editor": "DemandReminder",
-    "auto/cars/fields": "CarChoices CatalogFields ItemFields PersonGroup",
-    "auto/cars/register/editor": "CarEditorPage CarFields",
-    "auto/catalog": "CatalogImportDesk CatalogPanel",
-    "auto/contracts/editor": "ContractEditorPage ContractPartyGroup ContractTitle MatterFields",
-    "auto/contracts/printing": "ContractPrintingDesk",
-    "auto/editor": "ArchiveLine EditorPage EditorTitle FormLines",
-    "auto/lists": "FilterControls",
-    "auto/reports/income": "IncomeChart",
-    "auto/reports/season": "SeasonalColumns SeasonalExportDesk SeasonalList",
-    "host": "HostProgram main",
-    "host/administration": "Backup",
-    "host/demo": "DemoCars DemoData DemoPictures main",
-    "host/desk": "*",
-    "host/frame": "HostLook HostStyle",
-    "host/start": "OfficeServer SplashWindow",
-    "suite/accounting/attachments": "CustomFieldInput",
-    "suite/accounting/books": "DocumentRowsPane",
-    "suite/accounting/frame": "KApplication KMessageBox",
-    "suite/accounting/lists": "*",
-    "suite/accounting/reports": "KWndReportGen ListReport ReportColumnsModel ReportOutput ReportPainter ReportProgressWindow"
-                               " ReportSheet",
-    "suite/crm/persons": "IdentityHints KPersonField",
-    "suite/crm/reminders": "PostponeMenu",
-    "suite/image": "KStaticImage PictureBoxReader PictureIntake PictureOffer",
-    "suite/utility/entries": "*",
-    "suite/utility/frame": "*",
-    "suite/utility/lists": "*",
-}
+# Which units are windows and which are rules, by folder; "*" is all of the folder. The build makes its libraries by the same
+# table. All others are records, values and work on data.
+KINDS = "cmake/kinds.txt"
+DATABASE = "suite/db"
 WINDOW_NAME = re.compile(r"CDlg")
 
 # Qt's headers that show nothing: every other one counts as a window's.
@@ -110,16 +81,16 @@ def floor_of(unit):
     return max(found)[1] if found else -1
 
 
-def is_window(unit):
-    folder, name = folder_of(unit), PurePosixPath(unit).name
-    named = WINDOWS.get(folder, "").split()
-    return bool(WINDOW_NAME.match(name)) or name in named or "*" in named
-
-
 class Graph:
-    """arrows: per unit, the units it includes, each with the file that does so. shown: per unit, Qt's window headers."""
+    """arrows: per unit, the units it includes, each with the file that does so. shown: per unit, Qt's window headers.
+    kinds: per kind, its names per folder."""
 
     def __init__(self, root):
+        self.kinds = {"window": {}, "rule": {}}
+        for line in (root / KINDS).read_text(encoding="utf-8").splitlines():
+            if line and not line.startswith("#"):
+                kind, folder, *names = line.split()
+                self.kinds[kind][folder] = names
         self.files = sorted(str(path.relative_to(root)) for top in ("auto", "suite", "host")
                             for path in (root / top).rglob("*") if path.suffix in (".h", ".cpp"))
         self.units = sorted({unit_of(file) for file in self.files})
@@ -139,6 +110,13 @@ class Graph:
                         self.arrows[unit_of(file)].setdefault(unit_of(ours), file)
                 elif not ours.endswith(GENERATED):
                     self.missing.append(f"{file} includes {ours}, which is not there")
+
+    def is_of(self, kind, unit):
+        names = self.kinds[kind].get(folder_of(unit), ())
+        return PurePosixPath(unit).name in names or "*" in names
+
+    def is_window(self, unit):
+        return bool(WINDOW_NAME.match(PurePosixPath(unit).name)) or self.is_of("window", unit)
 
 
 def up_a_floor(graph):
@@ -225,40 +203,51 @@ def reached_windows(graph):
     arrows = linked(graph)
     shows = graph.shown.__contains__
     for unit in graph.units:
-        if is_window(unit):
+        if graph.is_window(unit):
             continue
         # What only goes through another unit that is no window is told there.
         ways = [[unit]] if shows(unit) else [
             [unit, target] if shows(target) else [unit, *(shortest_way(arrows, target, shows) or [])]
-            for target in sorted(arrows.get(unit, ())) if is_window(target)]
+            for target in sorted(arrows.get(unit, ())) if graph.is_window(target)]
         way = min((way for way in ways if shows(way[-1])), key=len, default=None)
         if not way:
             continue
         header, last = min(graph.shown[way[-1]].items())
         chain = [arrows[a][b] for a, b in zip(way, way[1:])] + [last, header]
-        others = [user for user in users_of(arrows, unit) if not is_window(user)]
+        others = [user for user in users_of(arrows, unit) if not graph.is_window(user)]
         more = f" (and with it {len(others)} more, such as {others[0]})" if others else ""
         yield f"{unit} is no window and reaches one: {' -> '.join(chain)}{more}"
+
+
+def rules_with_a_database(graph):
+    for unit in graph.units:
+        if not graph.is_of("rule", unit):
+            continue
+        way = shortest_way(graph.arrows, unit, lambda target: within(target, DATABASE))
+        if way:
+            chain = [graph.arrows[a][b] for a, b in zip(way, way[1:])] + [way[-1]]
+            yield f"{unit} is a rule and reaches the database: {' -> '.join(chain)}"
 
 
 def stale_names(graph):
     arrows = linked(graph)
     shows = graph.shown.__contains__
-    for unit in (f"{folder}/{name}" for folder, names in WINDOWS.items() for name in names.split()):
-        if unit.endswith("/*"):
-            if not any(folder_of(other) == unit[:-2] for other in graph.units):
-                yield f"{unit} stands in the table of windows and holds no source"
-        elif unit not in graph.units:
-            yield f"{unit} stands in the table of windows and is not there"
-        elif not shows(unit) and not shortest_way(arrows, unit, shows):
-            yield f"{unit} stands in the table of windows and reaches none"
+    for kind, folders in graph.kinds.items():
+        for unit in (f"{folder}/{name}" for folder, names in folders.items() for name in names):
+            if unit.endswith("/*"):
+                if not any(folder_of(other) == unit[:-2] for other in graph.units):
+                    yield f"{unit} stands among the {kind}s and holds no source"
+            elif unit not in graph.units:
+                yield f"{unit} stands among the {kind}s and is not there"
+            elif kind == "window" and not shows(unit) and not shortest_way(arrows, unit, shows):
+                yield f"{unit} stands among the windows and reaches none"
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("root", type=Path, nargs="?", default=Path(__file__).resolve().parents[2])
     graph = Graph(parser.parse_args().root)
-    checks = (up_a_floor, folder_circles, unit_circles, reached_windows, stale_names)
+    checks = (up_a_floor, folder_circles, unit_circles, reached_windows, rules_with_a_database, stale_names)
     faults = graph.missing + [fault for check in checks for fault in check(graph)]
     if not graph.files:
         faults.append("no source was found")

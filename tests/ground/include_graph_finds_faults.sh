@@ -10,7 +10,8 @@ set -euo pipefail
 
 tree="$work/tree"
 mkdir "$tree"
-(cd "$source_root" && find auto suite host \( -name '*.h' -o -name '*.cpp' \) -exec cp --parents -t "$tree" {} +)
+(cd "$source_root" && cp --parents -t "$tree" cmake/kinds.txt &&
+    find auto suite host \( -name '*.h' -o -name '*.cpp' \) -exec cp --parents -t "$tree" {} +)
 
 check() { python3 -B "$source_root/tests/ground/include_graph.py" "$tree"; }
 
@@ -55,6 +56,13 @@ plant suite/crm/shown/CDlgPlanted.cpp '#include "suite/crm/shown/CDlgShown.h"'
 plant suite/crm/shown/CDlgShown.h '#include <QMessageBox>'
 plant auto/db/CTblShown.cpp '#include <QtWidgets/QComboBox>' '#include "auto/db/CTblGone.h"'
 
+# A rule that reads a row.
+echo 'rule suite/crm/ruled Planted' >>"$tree/cmake/kinds.txt"
+plant suite/crm/ruled/Planted.h
+plant suite/crm/ruled/Planted.cpp '#include "suite/crm/ruled/Rows.h"'
+plant suite/crm/ruled/Rows.h
+plant suite/crm/ruled/Rows.cpp '#include "suite/db/PlantedRecord.h"'
+
 expect_status 1 'a fault of each kind' check
 for said in \
     'suite/db/PlantedBelow.h includes suite/utility/frame/PlantedAbove.h: up a floor' \
@@ -66,18 +74,19 @@ for said in \
     'circle of files: suite/crm/round/One.cpp -> suite/crm/round/Two.h -> suite/crm/round/Three.cpp -> suite/crm/round/One' \
     'suite/crm/shown/Rule is no window and reaches one: suite/crm/shown/Rule.h -> suite/crm/shown/CDlgPlanted.cpp -> suite/crm/shown/CDlgShown.h -> <QMessageBox> (and with it 1 more, such as auto/db/CTblPlanted)' \
     'auto/db/CTblShown is no window and reaches one: auto/db/CTblShown.cpp -> <QtWidgets/QComboBox>' \
+    'suite/crm/ruled/Planted is a rule and reaches the database: suite/crm/ruled/Planted.cpp -> suite/crm/ruled/Rows.cpp -> suite/db/PlantedRecord' \
     'auto/db/CTblShown.cpp includes auto/db/CTblGone.h, which is not there'; do
     expect_output 'a fault of each kind' "$said"
 done
 # Those, and the circle of folders that the first two close.
-expect_output 'a fault of each kind' '11 fault(s) in'
+expect_output 'a fault of each kind' '12 fault(s) in'
 
 # The table of windows names what is there and is a window.
 plant host/HostProgram.h
 plant host/HostProgram.cpp
 expect_status 1 'a name of the table that is no window any more' check
-expect_output 'a name of the table that is no window any more' 'host/HostProgram stands in the table of windows and reaches none'
+expect_output 'a name of the table that is no window any more' 'host/HostProgram stands among the windows and reaches none'
 rm "$tree"/host/HostProgram.*
 expect_status 1 'a name of the table that went' check
-expect_output 'a name of the table that went' 'host/HostProgram stands in the table of windows and is not there'
+expect_output 'a name of the table that went' 'host/HostProgram stands among the windows and is not there'
 finish

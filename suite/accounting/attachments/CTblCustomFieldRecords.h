@@ -5,13 +5,13 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QHash>
 
 // Values of custom fields, one row per field and record. A value is a text whatever the field's type is: numbers as
 // "1234.5", dates as "2026-11-20", yes as "1". A field without a value, and a no, has no row.
-class TZACCOUNTING_EXPORT CTblCustomFieldRecords : public KMySQL, private KLiveCount<CTblCustomFieldRecords>
+class TZACCOUNTINGDATA_EXPORT CTblCustomFieldRecords : public KMySQL, private KLiveCount<CTblCustomFieldRecords>
 {
 public:
     using KLiveCount<CTblCustomFieldRecords>::liveCount;

@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Fields that an office adds to the records of one kind.
-class TZACCOUNTING_EXPORT CTblCustomFields : public KMySQL, private KLiveCount<CTblCustomFields>
+class TZACCOUNTINGDATA_EXPORT CTblCustomFields : public KMySQL, private KLiveCount<CTblCustomFields>
 {
 public:
     using KLiveCount<CTblCustomFields>::liveCount;

@@ -6,12 +6,12 @@
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KLongBinary.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QList>
 
 // Files attached to records. General files are everybody's, personal ones only the user's who attached them.
-class TZACCOUNTING_EXPORT CTblFileDocs : public KMySQL, private KLiveCount<CTblFileDocs>
+class TZACCOUNTINGDATA_EXPORT CTblFileDocs : public KMySQL, private KLiveCount<CTblFileDocs>
 {
 public:
     using KLiveCount<CTblFileDocs>::liveCount;

@@ -32,10 +32,10 @@ struct Sheet
 };
 
 // The balance of an account of any level; see CTblDocs for the range.
-TZACCOUNTING_EXPORT AccountBalance balance(AccountLevel level, int code, const QDateTime &from, const QDateTime &to,
+TZACCOUNTINGDATA_EXPORT AccountBalance balance(AccountLevel level, int code, const QDateTime &from, const QDateTime &to,
                                            int database = 0);
 
 // Rows of valid documents from a day to a day, both whole; an invalid end is open.
-TZACCOUNTING_EXPORT Sheet read(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database = 0);
+TZACCOUNTINGDATA_EXPORT Sheet read(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database = 0);
 
 }

@@ -10,7 +10,7 @@
 #include <QHash>
 
 // Rows of the accounting documents.
-class TZACCOUNTING_EXPORT CTblDocs : public KMySQL, private KLiveCount<CTblDocs>
+class TZACCOUNTINGDATA_EXPORT CTblDocs : public KMySQL, private KLiveCount<CTblDocs>
 {
 public:
     using KLiveCount<CTblDocs>::liveCount;

@@ -5,11 +5,11 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Headers of the accounting documents. A document is known by its number within its fiscal year; number 0 means no
 // document, and every operation here accepts it and then does nothing.
-class TZACCOUNTING_EXPORT CTblDocuments : public KMySQL, private KLiveCount<CTblDocuments>
+class TZACCOUNTINGDATA_EXPORT CTblDocuments : public KMySQL, private KLiveCount<CTblDocuments>
 {
 public:
     using KLiveCount<CTblDocuments>::liveCount;

@@ -5,11 +5,11 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Money received from persons. A receipt stands on its own accounting document (iDocNum of iFiscalYear): debit cash or bank,
 // credit the person.
-class TZACCOUNTING_EXPORT CTblReceipts : public KMySQL, private KLiveCount<CTblReceipts>
+class TZACCOUNTINGDATA_EXPORT CTblReceipts : public KMySQL, private KLiveCount<CTblReceipts>
 {
 public:
     using KLiveCount<CTblReceipts>::liveCount;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 
@@ -11,8 +11,8 @@
 namespace DocumentKinds {
 
 // For lists; one name for every kind that this program does not know.
-TZACCOUNTING_EXPORT QString name(int kind);
+TZACCOUNTINGDATA_EXPORT QString name(int kind);
 // Empty for a document that was written by hand; for any other the sentence why it cannot be changed by hand.
-TZACCOUNTING_EXPORT QString refusal(int kind);
+TZACCOUNTINGDATA_EXPORT QString refusal(int kind);
 
 }

@@ -22,4 +22,4 @@ struct DocumentRow
 };
 
 // What the two sides of the rows sum up to; a document balances when they are equal.
-TZACCOUNTING_EXPORT AccountBalance documentSum(const QList<DocumentRow> &rows);
+TZACCOUNTINGDATA_EXPORT AccountBalance documentSum(const QList<DocumentRow> &rows);

@@ -24,10 +24,10 @@ struct Named
 using DocumentKey = QPair<int, int>;
 
 // In the order in which they were written.
-TZACCOUNTING_EXPORT QList<Named> read(int num, int fiscalYear, int database = 0);
+TZACCOUNTINGDATA_EXPORT QList<Named> read(int num, int fiscalYear, int database = 0);
 // Sum of the debit side of each document, in one statement; documents without rows are left out.
-TZACCOUNTING_EXPORT QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int database = 0);
+TZACCOUNTINGDATA_EXPORT QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int database = 0);
 // Fiscal years that hold documents, the latest first.
-TZACCOUNTING_EXPORT QList<int> fiscalYears(int database = 0);
+TZACCOUNTINGDATA_EXPORT QList<int> fiscalYears(int database = 0);
 
 }

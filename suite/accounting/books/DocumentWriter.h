@@ -17,7 +17,7 @@ struct DocumentContent
 
 // Writes one accounting document: its header by add or by rewrite, then its rows. What the owner of the document stores of
 // its number may be stored in between. Joins the caller's transaction. Throws CMySQLException.
-class TZACCOUNTING_EXPORT DocumentWriter
+class TZACCOUNTINGDATA_EXPORT DocumentWriter
 {
 public:
     // Throws KAccountingError unless the rows balance; nothing is written then.

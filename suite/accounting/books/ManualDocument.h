@@ -9,7 +9,7 @@
 #include <QSet>
 
 // A document that is written by hand: its rules, and its saving.
-struct TZACCOUNTING_EXPORT ManualDocument
+struct TZACCOUNTINGDATA_EXPORT ManualDocument
 {
     int num = 0; // 0: a new one
     int fiscalYear = 0;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 
@@ -11,7 +11,7 @@
 
 // A rule of the books that an operation would have broken (a document that does not balance, a change of a closed database).
 // Its text is one Persian sentence for the person at the screen; KErrorBoundary shows it as it stands.
-class TZACCOUNTING_EXPORT KAccountingError : public std::exception
+class TZACCOUNTINGDATA_EXPORT KAccountingError : public std::exception
 {
 public:
     explicit KAccountingError(const QString &userMessage);

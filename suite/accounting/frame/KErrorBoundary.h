@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <exception>
 #include <functional>
@@ -12,7 +12,7 @@ class QWidget;
 
 // The one place where an error that an operation let through ends: the technical text goes to the log, one Persian message
 // to the user, and the program goes on.
-class TZACCOUNTING_EXPORT KErrorBoundary
+class TZACCOUNTINGDATA_EXPORT KErrorBoundary
 {
 public:
     // Does the work and reports the error that it lets through. Whether it came to its end.

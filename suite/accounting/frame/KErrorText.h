@@ -3,14 +3,14 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 
 #include <exception>
 
 // What an error is in words: one sentence for the user, and the technical text for the log.
-class TZACCOUNTING_EXPORT KErrorText
+class TZACCOUNTINGDATA_EXPORT KErrorText
 {
 public:
     // The sentence for the user.

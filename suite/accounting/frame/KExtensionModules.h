@@ -3,14 +3,14 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 #include <QStringList>
 
 // The host's chain of extension modules. A module enters itself when its library is loaded (a static object of it calls
 // attach) and takes itself off when the library is unloaded, so a record never outlives the code behind it.
-class TZACCOUNTING_EXPORT KExtensionModules
+class TZACCOUNTINGDATA_EXPORT KExtensionModules
 {
 public:
     // Version of the framework that a module is built for: raised when a module built before no longer fits.

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QQueue>
 #include <QString>
@@ -14,7 +14,7 @@ class QWidget;
 // A modal message to the user, right to left, with Persian buttons. It can be answered in advance: then no box appears, what
 // would have been shown is kept, and questions get the answers laid out for them. The box itself is handed in, so that records
 // and rights may warn and yet know no window.
-class TZACCOUNTING_EXPORT KMessageDialog
+class TZACCOUNTINGDATA_EXPORT KMessageDialog
 {
 public:
     enum class Kind {
@@ -67,6 +67,6 @@ private:
     QStringList m_shown;
 };
 
-TZACCOUNTING_EXPORT extern KMessageDialog *const g_pDlgWarning;
-TZACCOUNTING_EXPORT extern KMessageDialog *const g_pDlgMessage;
-TZACCOUNTING_EXPORT extern KMessageDialog *const g_pDlgYesNo;
+TZACCOUNTINGDATA_EXPORT extern KMessageDialog *const g_pDlgWarning;
+TZACCOUNTINGDATA_EXPORT extern KMessageDialog *const g_pDlgMessage;
+TZACCOUNTINGDATA_EXPORT extern KMessageDialog *const g_pDlgYesNo;

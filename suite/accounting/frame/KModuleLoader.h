@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QFunctionPointer>
 #include <QLibrary>
@@ -14,7 +14,7 @@
 //
 // The destructor leaves the module loaded: its classes' meta objects and texts may still be in use anywhere. Unload only
 // a module of which no window, record set or other object is alive any more.
-class TZACCOUNTING_EXPORT KModuleLoader
+class TZACCOUNTINGDATA_EXPORT KModuleLoader
 {
 public:
     // The name under which the module enters itself.

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 
@@ -37,6 +37,6 @@ enum : int {
 inline constexpr int count = 79;
 
 // Persian name per kind, by position; empty where the suite has no such area.
-TZACCOUNTING_EXPORT const std::array<QString, count> &names();
+TZACCOUNTINGDATA_EXPORT const std::array<QString, count> &names();
 
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 
@@ -11,8 +11,8 @@
 namespace SuiteMessages {
 
 // 100072: "تعداد : " and the number of rows.
-TZACCOUNTING_EXPORT QString count(qint64 rows);
+TZACCOUNTINGDATA_EXPORT QString count(qint64 rows);
 // 100073: the question before a record is deleted.
-TZACCOUNTING_EXPORT QString deleteQuestion();
+TZACCOUNTINGDATA_EXPORT QString deleteQuestion();
 
 }

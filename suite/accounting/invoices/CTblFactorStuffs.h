@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Lines of the invoices.
-class TZACCOUNTING_EXPORT CTblFactorStuffs : public KMySQL, private KLiveCount<CTblFactorStuffs>
+class TZACCOUNTINGDATA_EXPORT CTblFactorStuffs : public KMySQL, private KLiveCount<CTblFactorStuffs>
 {
 public:
     using KLiveCount<CTblFactorStuffs>::liveCount;

@@ -9,7 +9,7 @@
 
 // Invoices of services. The key is the invoice's number; sales and purchases share one run of numbers. Written by
 // InvoicePosting, which keeps an invoice, its lines (CTblFactorStuffs) and its accounting document together.
-class TZACCOUNTING_EXPORT CTblFactors : public KMySQL, private KLiveCount<CTblFactors>
+class TZACCOUNTINGDATA_EXPORT CTblFactors : public KMySQL, private KLiveCount<CTblFactors>
 {
 public:
     using KLiveCount<CTblFactors>::liveCount;

@@ -5,11 +5,11 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // What the office sells and buys on invoices. A service is known by its code, which is given once and printed on tax
 // returns.
-class TZACCOUNTING_EXPORT CTblServices : public KMySQL, private KLiveCount<CTblServices>
+class TZACCOUNTINGDATA_EXPORT CTblServices : public KMySQL, private KLiveCount<CTblServices>
 {
 public:
     using KLiveCount<CTblServices>::liveCount;

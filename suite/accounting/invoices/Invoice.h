@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QDateTime>
 #include <QList>
@@ -22,7 +22,7 @@ struct InvoiceLine
 };
 
 // A percentage and the amount that follows from it, or an amount that was typed.
-struct TZACCOUNTING_EXPORT InvoiceLevy
+struct TZACCOUNTINGDATA_EXPORT InvoiceLevy
 {
     double percent = 0;
     double amount = 0;
@@ -37,7 +37,7 @@ struct TZACCOUNTING_EXPORT InvoiceLevy
 };
 
 // The figures below the lines. The base of tax and duty is the lines' sum less the discount.
-class TZACCOUNTING_EXPORT InvoiceFigures
+class TZACCOUNTINGDATA_EXPORT InvoiceFigures
 {
 public:
     // decimals: those of the office's money unit, to which every figure is rounded.
@@ -77,7 +77,7 @@ private:
 };
 
 // An invoice as it is to be saved.
-struct TZACCOUNTING_EXPORT Invoice
+struct TZACCOUNTINGDATA_EXPORT Invoice
 {
     // Types of an invoice, as Factors.iType keeps them.
     static constexpr int sale = 7;

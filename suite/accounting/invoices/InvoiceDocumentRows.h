@@ -23,10 +23,10 @@ struct InvoiceForDocument
 };
 
 // "فاکتور فروش ش :12", or that a sale or purchase was returned.
-TZACCOUNTING_EXPORT QString invoiceDocumentDescription(int type, bool returned, int num);
+TZACCOUNTINGDATA_EXPORT QString invoiceDocumentDescription(int type, bool returned, int num);
 
 // The rows, debit before credit; zero amounts give no row.
 //   sale      person (what is owed), discount on sales / service income (the lines' sum), tax payable, duty payable
 //   purchase  service expense (the lines' sum), tax expense, duty expense / person (what is owed), discount on purchases
 //   a return  the same with both sides changed
-TZACCOUNTING_EXPORT QList<DocumentRow> invoiceDocumentRows(const InvoiceForDocument &invoice);
+TZACCOUNTINGDATA_EXPORT QList<DocumentRow> invoiceDocumentRows(const InvoiceForDocument &invoice);

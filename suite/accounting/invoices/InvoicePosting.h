@@ -19,19 +19,19 @@ struct Saved
 // type stays, its lines are written anew, its document keeps number and year and gets new rows. Throws KAccountingError, with nothing changed,
 // for a problem of the invoice, a date before the opening of the fiscal year, a closed database, a person or service that is
 // gone, and when the invoice that is to be changed is gone, void, or of another fiscal year.
-Saved TZACCOUNTING_EXPORT save(const Invoice &invoice, int database = 0);
+Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, int database = 0);
 // For a user who has had the invoice before them: seen is what they began with. Throws as well when a stored invoice no
 // longer stands so, because another user has changed it meanwhile.
-Saved TZACCOUNTING_EXPORT save(const Invoice &invoice, const Invoice &seen, int database = 0);
+Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, const Invoice &seen, int database = 0);
 
 // Makes the invoice void: it keeps its number and lines, its document keeps its number, loses its rows and is void too.
 // Throws as save does for one that is gone, void already, or of another fiscal year.
-void TZACCOUNTING_EXPORT makeVoid(int num, int database = 0);
+void TZACCOUNTINGDATA_EXPORT makeVoid(int num, int database = 0);
 
 // A stored invoice; num stays 0 when there is none.
-TZACCOUNTING_EXPORT Invoice load(int num, int database = 0);
+TZACCOUNTINGDATA_EXPORT Invoice load(int num, int database = 0);
 
 // Why the invoice may not be changed or made void, in words for the user; empty when it may.
-TZACCOUNTING_EXPORT QString changeRefusal(int num, int database = 0);
+TZACCOUNTINGDATA_EXPORT QString changeRefusal(int num, int database = 0);
 
 }

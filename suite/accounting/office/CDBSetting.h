@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 #include "suite/utility/frame/KTabHost.h"
 
 #include <QDateTime>
@@ -18,7 +18,7 @@ class QWidget;
 // The open database as the windows see it: who works, in which fiscal year, in which money, and whether changes are allowed.
 // What every user of the database shares is read from Properties, so that a change of another user counts at once.
 // Used on the user-interface thread.
-class TZACCOUNTING_EXPORT CDBSetting
+class TZACCOUNTINGDATA_EXPORT CDBSetting
 {
 public:
     struct Department
@@ -104,4 +104,4 @@ private:
 };
 
 // The one object of the program.
-TZACCOUNTING_EXPORT CDBSetting *GetDBSetting();
+TZACCOUNTINGDATA_EXPORT CDBSetting *GetDBSetting();

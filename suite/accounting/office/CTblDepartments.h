@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Branches of the office.
-class TZACCOUNTING_EXPORT CTblDepartments : public KMySQL, private KLiveCount<CTblDepartments>
+class TZACCOUNTINGDATA_EXPORT CTblDepartments : public KMySQL, private KLiveCount<CTblDepartments>
 {
 public:
     using KLiveCount<CTblDepartments>::liveCount;

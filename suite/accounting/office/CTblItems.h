@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Named values of every kind that forms offer for choice; iType separates the kinds.
-class TZACCOUNTING_EXPORT CTblItems : public KMySQL, private KLiveCount<CTblItems>
+class TZACCOUNTINGDATA_EXPORT CTblItems : public KMySQL, private KLiveCount<CTblItems>
 {
 public:
     using KLiveCount<CTblItems>::liveCount;

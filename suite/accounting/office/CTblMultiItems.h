@@ -9,7 +9,7 @@
 
 // The values of one item type, as drop-downs and the multi-item picker use them. They are rows of Items, so a value that is
 // added here is offered wherever that type is.
-class TZACCOUNTING_EXPORT CTblMultiItems : public CTblItems
+class TZACCOUNTINGDATA_EXPORT CTblMultiItems : public CTblItems
 {
 public:
     struct Value

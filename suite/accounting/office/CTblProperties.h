@@ -5,13 +5,13 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QHash>
 
 // Settings that all users of the database share: a value per section and key. Both are compared letter by letter, case
 // included.
-class TZACCOUNTING_EXPORT CTblProperties : public KMySQL, private KLiveCount<CTblProperties>
+class TZACCOUNTINGDATA_EXPORT CTblProperties : public KMySQL, private KLiveCount<CTblProperties>
 {
 public:
     using KLiveCount<CTblProperties>::liveCount;

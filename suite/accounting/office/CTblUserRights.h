@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // What a user may do on a form: one row per user and form, read through KSecurity.
-class TZACCOUNTING_EXPORT CTblUserRights : public KMySQL, private KLiveCount<CTblUserRights>
+class TZACCOUNTINGDATA_EXPORT CTblUserRights : public KMySQL, private KLiveCount<CTblUserRights>
 {
 public:
     using KLiveCount<CTblUserRights>::liveCount;

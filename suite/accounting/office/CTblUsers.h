@@ -5,12 +5,12 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <optional>
 
 // The people who may log in. Passwords are kept as Argon2id hashes and never leave this class.
-class TZACCOUNTING_EXPORT CTblUsers : public KMySQL, private KLiveCount<CTblUsers>
+class TZACCOUNTINGDATA_EXPORT CTblUsers : public KMySQL, private KLiveCount<CTblUsers>
 {
 public:
     using KLiveCount<CTblUsers>::liveCount;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QHash>
 #include <QList>
@@ -12,7 +12,7 @@
 // The rights of the user who works, form by form. A window derives from it (non-publicly), names its form, and asks before
 // each command. Without a login everything is refused; an administrator has every right on every form; a form that no rights
 // are stored for is refused to everybody else.
-class TZACCOUNTING_EXPORT KSecurity
+class TZACCOUNTINGDATA_EXPORT KSecurity
 {
 public:
     // Bits of UserRights.iRights.

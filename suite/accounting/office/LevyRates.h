@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // The office's rates of value-added tax and duty, as the settings of the contracts keep them for everybody. Percent, 0 to 100.
-struct TZACCOUNTING_EXPORT LevyRates
+struct TZACCOUNTINGDATA_EXPORT LevyRates
 {
     double tax = 0;
     double duty = 0;

@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // The suite's own tables, created and upgraded by numbered steps. The number reached stands in Properties (section "Schema",
 // key "Suite"), beside the version that the dealership module reached (key "TzAuto").
-class TZACCOUNTING_EXPORT SuiteSchema
+class TZACCOUNTINGDATA_EXPORT SuiteSchema
 {
 public:
     // Runs every step that the database has not had, in order; a step that fails is run again next time. Safe to call

@@ -6,10 +6,10 @@
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
 #include "suite/accounting/reports/ReportLayout.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // The layouts that an office keeps for its reports, each under a name; at most one of a report is its default.
-class TZACCOUNTING_EXPORT CTblReportLayouts : public KMySQL, private KLiveCount<CTblReportLayouts>
+class TZACCOUNTINGDATA_EXPORT CTblReportLayouts : public KMySQL, private KLiveCount<CTblReportLayouts>
 {
 public:
     using KLiveCount<CTblReportLayouts>::liveCount;

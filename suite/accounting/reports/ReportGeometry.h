@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <span>
 #include <vector>
@@ -21,12 +21,12 @@ struct ColumnNeed
 // Widths that fill the paper's width exactly. Columns with a share get it, the others part what is left: where it is more
 // than they want, in proportion to what they want; where it is less, each between its longest word and its longest text;
 // where not even the words fit, in proportion to them. Empty for no columns.
-[[nodiscard]] TZACCOUNTING_EXPORT std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width);
+[[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width);
 
 // The columns, given by their positions, that stand together on one sheet. A table whose words do not fit across the paper
 // goes on over several sheets, each about as full as the others and each beginning with the table's first column, by which
 // its rows are found again. Columns that the user gave a share of the paper stay on one sheet.
-[[nodiscard]] TZACCOUNTING_EXPORT std::vector<std::vector<int>> partColumns(std::span<const ColumnNeed> columns, double width);
+[[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<std::vector<int>> partColumns(std::span<const ColumnNeed> columns, double width);
 
 // A run of lines of one row on one page.
 struct Slice
@@ -41,6 +41,6 @@ using Page = std::vector<Slice>;
 // Parts rows, given by their numbers of lines, among pages of linesPerPage lines each. A row stays whole on one page unless
 // it is longer than a page; then it goes on from page to page. What stands below the last row (tailLines, no more than a
 // page) comes on a page of its own, without rows, when it does not fit any more. Always at least one page.
-[[nodiscard]] TZACCOUNTING_EXPORT std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines);
+[[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines);
 
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QByteArray>
 #include <QMap>
@@ -14,7 +14,7 @@
 #include <optional>
 
 // How a list stands on paper: what an office may arrange and keep under a name.
-struct TZACCOUNTING_EXPORT ReportLayout
+struct TZACCOUNTINGDATA_EXPORT ReportLayout
 {
     struct Column
     {

@@ -6,7 +6,7 @@
 #include "suite/accounting/taxfile/SeasonalHead.h"
 
 // Head of the season's sales return.
-class TZACCOUNTING_EXPORT CForoush final : public SeasonalHead
+class TZACCOUNTINGDATA_EXPORT CForoush final : public SeasonalHead
 {
 public:
     explicit CForoush(KAccessDatabase *database);

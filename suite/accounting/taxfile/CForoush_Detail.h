@@ -6,7 +6,7 @@
 #include "suite/accounting/taxfile/SeasonalDetail.h"
 
 // A line of the season's sales return.
-class TZACCOUNTING_EXPORT CForoush_Detail final : public SeasonalDetail
+class TZACCOUNTINGDATA_EXPORT CForoush_Detail final : public SeasonalDetail
 {
 public:
     explicit CForoush_Detail(KAccessDatabase *database);

@@ -6,7 +6,7 @@
 #include "suite/accounting/taxfile/SeasonalHead.h"
 
 // Head of the season's purchases return.
-class TZACCOUNTING_EXPORT CKharid final : public SeasonalHead
+class TZACCOUNTINGDATA_EXPORT CKharid final : public SeasonalHead
 {
 public:
     explicit CKharid(KAccessDatabase *database);

@@ -6,7 +6,7 @@
 #include "suite/accounting/taxfile/SeasonalDetail.h"
 
 // A line of the season's purchases return.
-class TZACCOUNTING_EXPORT CKharid_Detail final : public SeasonalDetail
+class TZACCOUNTINGDATA_EXPORT CKharid_Detail final : public SeasonalDetail
 {
 public:
     explicit CKharid_Detail(KAccessDatabase *database);

@@ -8,7 +8,7 @@
 #include <array>
 
 // The dealership's own details in the tax file: one record.
-class TZACCOUNTING_EXPORT CMoshakhasat final : public KRecordset
+class TZACCOUNTINGDATA_EXPORT CMoshakhasat final : public KRecordset
 {
 public:
     explicit CMoshakhasat(KAccessDatabase *database);

@@ -16,7 +16,7 @@
 class KRecordset;
 
 // What ends the work when the person at the screen stopped it.
-class TZACCOUNTING_EXPORT KAccessCancelled : public KAccountingError
+class TZACCOUNTINGDATA_EXPORT KAccessCancelled : public KAccountingError
 {
 public:
     KAccessCancelled();
@@ -30,7 +30,7 @@ public:
 // Every function throws KAccountingError: with the name of the package to install when there is no Java, with the name of
 // the file when the helper is not there, and with what the helper said when it could not go on. After any error the file is
 // not whole and must be thrown away; Close or the destructor ends the helper at once.
-class TZACCOUNTING_EXPORT KAccessDatabase
+class TZACCOUNTINGDATA_EXPORT KAccessDatabase
 {
 public:
     // The folder that holds the helper and the mapping: of the module.

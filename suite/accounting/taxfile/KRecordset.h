@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 #include <QVector>
@@ -17,7 +17,7 @@ class KAccessDatabase;
 // of the mapping; which table and fields these are, the mapping tells. A value that the mapping gives no field is not written.
 //
 // Every function may throw KAccountingError, see KAccessDatabase.
-class TZACCOUNTING_EXPORT KRecordset
+class TZACCOUNTINGDATA_EXPORT KRecordset
 {
 public:
     virtual ~KRecordset();

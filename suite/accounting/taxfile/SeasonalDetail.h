@@ -7,7 +7,7 @@
 
 // One line of a season's return in the tax file: a counter-party's transaction, or a sum of small ones. The texts of numbers
 // are plain: no grouping, ASCII digits.
-class TZACCOUNTING_EXPORT SeasonalDetail : public KRecordset
+class TZACCOUNTINGDATA_EXPORT SeasonalDetail : public KRecordset
 {
 public:
     Text m_sGuid; // of the head record that this line belongs to

@@ -6,7 +6,7 @@
 #include "suite/accounting/taxfile/KRecordset.h"
 
 // Head of a season's return in the tax file: which season its detail records belong to.
-class TZACCOUNTING_EXPORT SeasonalHead : public KRecordset
+class TZACCOUNTINGDATA_EXPORT SeasonalHead : public KRecordset
 {
 public:
     Text m_sGuid;     // 36 characters, as "01234567-89ab-cdef-0123-456789abcdef"

@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 // Everybody whom the office deals with: people and companies.
-class TZCRM_EXPORT CTblPersons : public KMySQL, private KLiveCount<CTblPersons>
+class TZCRMDATA_EXPORT CTblPersons : public KMySQL, private KLiveCount<CTblPersons>
 {
 public:
     using KLiveCount<CTblPersons>::liveCount;

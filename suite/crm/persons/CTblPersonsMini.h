@@ -5,13 +5,13 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QHash>
 #include <QList>
 
 // Persons as lists need them: key, code and shown name.
-class TZCRM_EXPORT CTblPersonsMini : public KMySQL, private KLiveCount<CTblPersonsMini>
+class TZCRMDATA_EXPORT CTblPersonsMini : public KMySQL, private KLiveCount<CTblPersonsMini>
 {
 public:
     using KLiveCount<CTblPersonsMini>::liveCount;

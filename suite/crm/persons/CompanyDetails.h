@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QString>
 
 // The dealership itself, as contracts and reports name it. Kept in Properties, section "Company", each part under its
 // member's name. A part that was never stored is empty.
-struct TZCRM_EXPORT CompanyDetails
+struct TZCRMDATA_EXPORT CompanyDetails
 {
     static constexpr int kindNatural = 1; // values of kind: the office of one person, or a company
     static constexpr int kindLegal = 2;

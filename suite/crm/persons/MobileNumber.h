@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QStringView>
 
@@ -11,6 +11,6 @@ namespace MobileNumber {
 
 // 09 and nine digits more, also written as +989..., 00989... or 989...; digits of any form, blanks and hyphens between
 // them do not count.
-TZCRM_EXPORT bool isGood(QStringView number);
+TZCRMDATA_EXPORT bool isGood(QStringView number);
 
 }

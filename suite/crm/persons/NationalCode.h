@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QStringView>
 
@@ -20,13 +20,13 @@ enum class State {
 
 // National code of a person, ten digits. The last is the check digit: the others by weights 10 to 2, summed, modulo 11;
 // a rest r below 2 is the check digit itself, any other gives 11 - r.
-TZCRM_EXPORT State checkPerson(QStringView code);
+TZCRMDATA_EXPORT State checkPerson(QStringView code);
 
 // National identifier of a company, eleven digits. With t the tenth digit plus 2, the first ten digits, each plus t, are
 // weighted by 29, 27, 23, 19, 17 twice over and summed; modulo 11, with 10 taken as 0, gives the last digit.
-TZCRM_EXPORT State checkCompany(QStringView code);
+TZCRMDATA_EXPORT State checkCompany(QStringView code);
 
 // Comprehensive code of a foreign person: any eight to sixteen digits, there is no public check digit.
-TZCRM_EXPORT State checkForeigner(QStringView code);
+TZCRMDATA_EXPORT State checkForeigner(QStringView code);
 
 }

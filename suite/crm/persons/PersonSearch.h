@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QString>
 #include <QStringList>
@@ -14,16 +14,16 @@ namespace PersonSearch {
 // A condition that holds for a person when every typed word stands somewhere in the shown name, the code, the national
 // code, the mobile or the telephone; empty when nothing to search for was typed. Both sides meet whatever forms of yeh,
 // kaf, alef, heh and digits they are written in, and with or without blanks, joiners, vowel signs and hyphens inside.
-TZCRM_EXPORT QString condition(const QString &typed);
+TZCRMDATA_EXPORT QString condition(const QString &typed);
 
 // One word as a regular expression over every way of writing it; empty when it holds no letter or digit.
-TZCRM_EXPORT QString pattern(const QString &word);
+TZCRMDATA_EXPORT QString pattern(const QString &word);
 
 // The columns that a search looks in.
-TZCRM_EXPORT QStringList columns();
+TZCRMDATA_EXPORT QStringList columns();
 
 // A text column as a term of ORDER BY that follows the Persian alphabet. The table's own collation follows the code points,
 // which puts the Persian letters behind the Arabic ones.
-TZCRM_EXPORT QString alphabetical(const QString &column);
+TZCRMDATA_EXPORT QString alphabetical(const QString &column);
 
 }

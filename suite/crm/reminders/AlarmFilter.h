@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QString>
 
@@ -15,4 +15,4 @@ struct AlarmFilter
 };
 
 // The run of clauses for a list of reminders, each beginning with " AND ".
-TZCRM_EXPORT QString alarmFilter(const AlarmFilter &filter);
+TZCRMDATA_EXPORT QString alarmFilter(const AlarmFilter &filter);

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QDateTime>
 #include <QString>
@@ -19,13 +19,13 @@ enum class Delay {
 };
 
 // "1405/08/29 ساعت 10:30"; empty for no date.
-TZCRM_EXPORT QString text(const QDateTime &date);
+TZCRMDATA_EXPORT QString text(const QDateTime &date);
 // "10:30"; empty for no date.
-TZCRM_EXPORT QString timeOfDay(const QDateTime &date);
+TZCRMDATA_EXPORT QString timeOfDay(const QDateTime &date);
 
 // What a new reminder is set to: the next day at nine, when an office has opened.
-TZCRM_EXPORT QDateTime proposed(const QDateTime &now);
+TZCRMDATA_EXPORT QDateTime proposed(const QDateTime &now);
 // An hour counts from now, to the minute; days count from today and keep the reminder's own time of day.
-TZCRM_EXPORT QDateTime postponed(const QDateTime &date, const QDateTime &now, Delay delay);
+TZCRMDATA_EXPORT QDateTime postponed(const QDateTime &date, const QDateTime &now, Delay delay);
 
 }

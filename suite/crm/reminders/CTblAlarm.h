@@ -5,7 +5,7 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/crm/TzCRMExport.h"
+#include "suite/crm/TzCRMDataExport.h"
 
 #include <QList>
 
@@ -14,7 +14,7 @@
 //
 // An open reminder is due from its date on, until it is done. What repeats is told at each login while it is due; what does
 // not is told at one login only, and stays in the list until it is done.
-class TZCRM_EXPORT CTblAlarm : public KMySQL, private KLiveCount<CTblAlarm>
+class TZCRMDATA_EXPORT CTblAlarm : public KMySQL, private KLiveCount<CTblAlarm>
 {
 public:
     using KLiveCount<CTblAlarm>::liveCount;

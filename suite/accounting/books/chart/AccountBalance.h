@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QString>
 
@@ -16,7 +16,7 @@ enum class AccountLevel {
 };
 
 // What the rows on an account sum up to, in the money unit.
-struct TZACCOUNTING_EXPORT AccountBalance
+struct TZACCOUNTINGDATA_EXPORT AccountBalance
 {
     double bed = 0; // debit
     double bes = 0; // credit

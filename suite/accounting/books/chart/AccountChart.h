@@ -19,25 +19,25 @@ struct Account
 };
 
 // Where a level is kept: its table, and its column in the rows of documents.
-TZACCOUNTING_EXPORT QString table(AccountLevel level);
-TZACCOUNTING_EXPORT QString docsColumn(AccountLevel level);
+TZACCOUNTINGDATA_EXPORT QString table(AccountLevel level);
+TZACCOUNTINGDATA_EXPORT QString docsColumn(AccountLevel level);
 
 // In the order of the codes.
-TZACCOUNTING_EXPORT QList<Account> read(AccountLevel level, int database = 0);
+TZACCOUNTINGDATA_EXPORT QList<Account> read(AccountLevel level, int database = 0);
 // Empty for a code that the chart does not have.
-TZACCOUNTING_EXPORT QString nameOf(int code, int database = 0);
+TZACCOUNTINGDATA_EXPORT QString nameOf(int code, int database = 0);
 // What a document's row may stand on: active accounts at the deepest level that is there, that is detail accounts, and
 // subsidiary ones without active detail accounts. In the order of the codes.
-TZACCOUNTING_EXPORT QList<Account> postable(int database = 0);
+TZACCOUNTINGDATA_EXPORT QList<Account> postable(int database = 0);
 
 // Each throws KAccountingError, with nothing changed, when the chart would not be right afterwards or the database is closed.
 //
 // Balances are taken at the deepest level, so no detail account is added below an account that the program posts to or
 // that has rows of its own.
-TZACCOUNTING_EXPORT void add(AccountLevel level, int code, const QString &name, int parent, int database = 0);
-TZACCOUNTING_EXPORT void rename(int code, const QString &name, int database = 0);
+TZACCOUNTINGDATA_EXPORT void add(AccountLevel level, int code, const QString &name, int parent, int database = 0);
+TZACCOUNTINGDATA_EXPORT void rename(int code, const QString &name, int database = 0);
 // An account that the program posts to stays active, and so does one above an active account. Below an inactive account none
 // becomes active, and no detail account below one that has got rows of its own meanwhile.
-TZACCOUNTING_EXPORT void setActive(int code, bool active, int database = 0);
+TZACCOUNTINGDATA_EXPORT void setActive(int code, bool active, int database = 0);
 
 }

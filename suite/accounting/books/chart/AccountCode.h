@@ -18,18 +18,18 @@ enum class Problem {
 };
 
 // The level of a code; a code of another length counts as the nearest level below.
-TZACCOUNTING_EXPORT AccountLevel levelOf(int code);
+TZACCOUNTINGDATA_EXPORT AccountLevel levelOf(int code);
 // Of the account above; 0 for a general account.
-TZACCOUNTING_EXPORT int parentOf(int code);
+TZACCOUNTINGDATA_EXPORT int parentOf(int code);
 // Whether a new account of the level may have the code under that parent (0 for a general account).
-TZACCOUNTING_EXPORT Problem check(AccountLevel level, int code, int parent);
+TZACCOUNTINGDATA_EXPORT Problem check(AccountLevel level, int code, int parent);
 // A code to propose for the next account under the parent: behind the highest of those taken. 0 when none is left, and for a
 // general account, whose group the office chooses.
-TZACCOUNTING_EXPORT int proposed(AccountLevel level, int parent, const QList<int> &taken);
+TZACCOUNTINGDATA_EXPORT int proposed(AccountLevel level, int parent, const QList<int> &taken);
 // Whether the program itself writes documents on the account or on one below it.
-TZACCOUNTING_EXPORT bool isFixed(int code);
+TZACCOUNTINGDATA_EXPORT bool isFixed(int code);
 // Whether the program writes rows on the subsidiary account itself, so that none may be opened below it: the fixed ones, and
 // every cash box and bank account, which receipts go to.
-TZACCOUNTING_EXPORT bool isUndivided(int moeen);
+TZACCOUNTINGDATA_EXPORT bool isUndivided(int moeen);
 
 }

@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // General accounts (four digits).
-class TZACCOUNTING_EXPORT CTblHesabKol : public KMySQL, private KLiveCount<CTblHesabKol>
+class TZACCOUNTINGDATA_EXPORT CTblHesabKol : public KMySQL, private KLiveCount<CTblHesabKol>
 {
 public:
     using KLiveCount<CTblHesabKol>::liveCount;

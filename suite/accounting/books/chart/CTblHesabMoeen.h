@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Subsidiary accounts (six digits) under a general one.
-class TZACCOUNTING_EXPORT CTblHesabMoeen : public KMySQL, private KLiveCount<CTblHesabMoeen>
+class TZACCOUNTINGDATA_EXPORT CTblHesabMoeen : public KMySQL, private KLiveCount<CTblHesabMoeen>
 {
 public:
     using KLiveCount<CTblHesabMoeen>::liveCount;

@@ -5,10 +5,10 @@
 
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
-#include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/TzAccountingDataExport.h"
 
 // Detail accounts under a subsidiary one.
-class TZACCOUNTING_EXPORT CTblHesabTafsily : public KMySQL, private KLiveCount<CTblHesabTafsily>
+class TZACCOUNTINGDATA_EXPORT CTblHesabTafsily : public KMySQL, private KLiveCount<CTblHesabTafsily>
 {
 public:
     using KLiveCount<CTblHesabTafsily>::liveCount;
