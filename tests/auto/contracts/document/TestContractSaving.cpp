@@ -12,7 +12,9 @@
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/BooksAgree.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
@@ -126,5 +128,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestContractSaving)
+static const RegisteredTest<TestContractSaving, QCoreApplication> registered;
 #include "TestContractSaving.moc"

@@ -6,6 +6,7 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/books/DocumentWriter.h"
 #include "suite/utility/values/Money.h"
+#include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
@@ -50,5 +51,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(TestDocumentRow)
+static const RegisteredTest<TestDocumentRow> registered;
 #include "TestDocumentRow.moc"

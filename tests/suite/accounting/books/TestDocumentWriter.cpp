@@ -9,7 +9,9 @@
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/BooksAgree.h"
 #include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
 
+#include <QCoreApplication>
 #include <QtTest>
 
 class TestDocumentWriter : public QObject
@@ -217,5 +219,5 @@ void TestDocumentWriter::rowsThatStoodInTheDocumentCount()
     QVERIFY_THROWS_EXCEPTION(KAccountingError, writer.writeRows());
 }
 
-QTEST_GUILESS_MAIN(TestDocumentWriter)
+static const RegisteredTest<TestDocumentWriter, QCoreApplication> registered;
 #include "TestDocumentWriter.moc"
