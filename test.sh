@@ -10,7 +10,7 @@ set -euo pipefail
 
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 
-"$root/scripts/setup.sh" run build font java test
+"$root/scripts/setup.sh" run build font java test bench
 cd "$root"
 cmake --preset dev
 cmake --build --preset dev --parallel "$(nproc)"

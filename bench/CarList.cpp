@@ -7,6 +7,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/words/WordLists.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
@@ -30,8 +31,8 @@
 
 namespace {
 
-constexpr int carCount = 10'000;
-constexpr int contractsOfTheOffice = 3'000; // a third as many cars, two thirds as many persons
+const int carCount = Trial::size(10'000);
+const int contractsOfTheOffice = Trial::size(3'000); // a third as many cars, two thirds as many persons
 constexpr int copies = 10;
 constexpr int shownColumns = 17;
 constexpr int plateColumn = 7;
@@ -210,8 +211,8 @@ bool reportPictures()
 
 }
 
-BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
-BENCHMARK(carList)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
+BENCHMARK(carList)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
 
 int main(int argc, char **argv)
 {

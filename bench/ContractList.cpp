@@ -6,6 +6,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/words/WordLists.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
@@ -26,7 +27,7 @@
 
 namespace {
 
-constexpr int contractCount = 10'000;
+const int contractCount = Trial::size(10'000);
 constexpr int shownColumns = 10;
 
 class BareModel : public QAbstractTableModel
@@ -118,8 +119,8 @@ int statementsOfOneFill()
 
 }
 
-BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
-BENCHMARK(contractList)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
+BENCHMARK(contractList)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
 
 int main(int argc, char **argv)
 {

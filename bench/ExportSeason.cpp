@@ -6,6 +6,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/reports/season/SeasonalExport.h"
 #include "auto/reports/season/SeasonalRow.h"
@@ -24,7 +25,7 @@
 
 namespace {
 
-constexpr int rowCount = 100'000;
+const int rowCount = Trial::size(100'000);
 const QString modules = QStringLiteral(TZ_BUILT_MODULES);
 const QString table = QStringLiteral("Foroush_Detail");
 QString folder;
@@ -136,8 +137,8 @@ void measureMemory()
 
 }
 
-BENCHMARK(bareAddRows)->Unit(benchmark::kMillisecond)->Repetitions(7)->Iterations(1)->UseRealTime();
-BENCHMARK(exportSeason)->Unit(benchmark::kMillisecond)->Repetitions(7)->Iterations(1)->UseRealTime();
+BENCHMARK(bareAddRows)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(7))->Iterations(1)->UseRealTime();
+BENCHMARK(exportSeason)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(7))->Iterations(1)->UseRealTime();
 
 int main(int argc, char **argv)
 {

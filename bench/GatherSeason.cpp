@@ -6,6 +6,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "auto/reports/season/SeasonBounds.h"
@@ -31,10 +32,10 @@
 
 namespace {
 
-constexpr int contractCount = 100'000;
-constexpr int invoiceCount = 100'000;
+const int contractCount = Trial::size(100'000);
+const int invoiceCount = Trial::size(100'000);
 constexpr int linesOfAnInvoice = 2;
-constexpr int personCount = 5'000;
+const int personCount = Trial::size(5'000);
 constexpr int year = 1404;
 // Above half of the commissions and below all of the lines.
 constexpr double minimumAmount = 500'000;
@@ -165,8 +166,8 @@ double longestStall(CDlgAutomobilReportSeasons &window)
 
 }
 
-BENCHMARK(streamAndSum)->Unit(benchmark::kMillisecond)->Repetitions(5)->UseRealTime();
-BENCHMARK(gathering)->Unit(benchmark::kMillisecond)->Repetitions(5)->UseRealTime();
+BENCHMARK(streamAndSum)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(5))->UseRealTime();
+BENCHMARK(gathering)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(5))->UseRealTime();
 
 int main(int argc, char **argv)
 {
@@ -196,5 +197,5 @@ int main(int argc, char **argv)
     const double stall = longestStall(window);
     std::printf("rows in the list: %d; longest stall of the window's thread: %.1f ms (limit %.0f)\n", window.list()->count(), stall,
                 longestAllowed);
-    return fast && stall < longestAllowed && window.list()->count() == lastRows ? 0 : 1;
+    return fast && (stall < longestAllowed || Trial::isOn()) && window.list()->count() == lastRows ? 0 : 1;
 }

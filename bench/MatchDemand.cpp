@@ -6,6 +6,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/cars/matching/MatchingCars.h"
 #include "auto/db/CTblAutomobilDemands.h"
@@ -21,7 +22,7 @@
 
 namespace {
 
-constexpr int carCount = 10'000;
+const int carCount = Trial::size(10'000);
 constexpr int brands = 12;
 constexpr int colors = 8;
 
@@ -111,8 +112,8 @@ void bareSelect(benchmark::State &state)
 
 }
 
-BENCHMARK(bareSelect)->Unit(benchmark::kMillisecond)->Repetitions(15)->UseRealTime();
-BENCHMARK(matchDemand)->Unit(benchmark::kMillisecond)->Repetitions(15)->UseRealTime();
+BENCHMARK(bareSelect)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(15))->UseRealTime();
+BENCHMARK(matchDemand)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(15))->UseRealTime();
 
 int main(int argc, char **argv)
 {

@@ -14,7 +14,8 @@ class RatioReporter : public benchmark::ConsoleReporter
 {
 public:
     void ReportRuns(const std::vector<Run> &runs) override;
-    // "name: a / b = ratio (limit)"; false when a benchmark did not run or the ratio is above the limit.
+    // "name: a / b = ratio (limit)"; false when a benchmark did not run or the ratio is above the limit, which a trial does
+    // not judge.
     bool printRatio(const char *name, const std::string &ours, const std::string &bare, double limit) const;
 
 private:

@@ -5,6 +5,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -13,7 +14,7 @@
 
 namespace {
 
-constexpr int contractCount = 10'000;
+const int contractCount = Trial::size(10'000);
 
 void recordClass(benchmark::State &state)
 {
@@ -63,8 +64,8 @@ void bareLoop(benchmark::State &state)
 
 }
 
-BENCHMARK(bareLoop)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
-BENCHMARK(recordClass)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
+BENCHMARK(bareLoop)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
+BENCHMARK(recordClass)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
 
 int main(int argc, char **argv)
 {

@@ -6,6 +6,7 @@
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
+#include "bench/Trial.h"
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -25,7 +26,7 @@
 
 namespace {
 
-constexpr int contractCount = 10'000;
+const int contractCount = Trial::size(10'000);
 
 // A cell as the library takes it.
 struct BareCell
@@ -149,9 +150,9 @@ void measure(const char *name, const QString &path, bool (*write)(const ListRepo
 
 }
 
-BENCHMARK(bareSheet)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
-BENCHMARK(reportSheet)->Unit(benchmark::kMillisecond)->Repetitions(9)->UseRealTime();
-BENCHMARK(reportPdf)->Unit(benchmark::kMillisecond)->Repetitions(3)->UseRealTime();
+BENCHMARK(bareSheet)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
+BENCHMARK(reportSheet)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
+BENCHMARK(reportPdf)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(3))->UseRealTime();
 
 int main(int argc, char **argv)
 {

@@ -2,9 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Builds and runs every benchmark; each prints the ratio to its bare loop.
+# Installs what is missing, builds and runs every benchmark; each prints the ratio to its bare loop.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+"$root/scripts/setup.sh" run build font java bench
 cd "$root"
 cmake --preset bench
 cmake --build build/bench
