@@ -14,4 +14,4 @@ root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 cd "$root"
 cmake --preset dev
 cmake --build --preset dev --parallel "$(nproc)"
-exec ctest --preset dev "$@" </dev/null
+exec ctest --preset dev --parallel "$(nproc)" "$@" </dev/null
