@@ -4,7 +4,9 @@
 
 import os
 import re
+import struct
 import subprocess
+import zlib
 
 
 class Pictures:
@@ -43,11 +45,12 @@ class Pictures:
             if now == before:
                 break
             before = now
-        return now
+        return _png(now)
 
     def _screen(self):
-        return subprocess.run(["import", "-silent", "-window", "root", "-strip",
-                               "-define", "png:exclude-chunks=date,time", "png:-"], env=self._environment, check=True, capture_output=True, timeout=30).stdout
+        """The bare points, which are quickly taken and compared."""
+        return subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"], env=self._environment,
+                              check=True, capture_output=True, timeout=30).stdout
 
     def take_pages(self, name, caption, document):
         """A picture of every page of a PDF document."""
@@ -64,3 +67,17 @@ class Pictures:
         if self._folder:
             with open(os.path.join(self._folder, name), "w", encoding="utf-8") as file:
                 file.write(text)
+
+
+def _png(points):
+    """A picture of bare points (a binary PPM) in the format that is kept."""
+    header = re.match(rb"P6\s+(\d+)\s+(\d+)\s+255\s", points)
+    width, height = int(header[1]), int(header[2])
+    line = 3 * width
+    lines = b"".join(b"\0" + points[at:at + line] for at in range(header.end(), header.end() + height * line, line))
+    return (b"\x89PNG\r\n\x1a\n" + _chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0))
+            + _chunk(b"IDAT", zlib.compress(lines)) + _chunk(b"IEND", b""))
+
+
+def _chunk(kind, content):
+    return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
