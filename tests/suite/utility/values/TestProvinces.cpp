@@ -6,7 +6,7 @@
 #include "suite/utility/values/TextStandard.h"
 #include "tests/support/RegisteredTest.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QSet>
 #include <QTest>
 
@@ -72,6 +72,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestProvinces, QApplication> registered;
+static const RegisteredTest<TestProvinces, QCoreApplication> registered;
 
 #include "TestProvinces.moc"
