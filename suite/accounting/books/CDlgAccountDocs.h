@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/TzAccountingExport.h"
 #include "suite/accounting/books/AccountLedger.h"
 #include "suite/utility/frame/KDialog.h"
 
