@@ -9,16 +9,11 @@
 #include "suite/crm/reminders/CTblAlarm.h"
 
 CTblAutomobilDemands::CTblAutomobilDemands(int database)
-    : KMySQL(database)
+    : AutomobilDemandColumns(database)
 {
 }
 
 CTblAutomobilDemands::~CTblAutomobilDemands() = default;
-
-QString CTblAutomobilDemands::GetTableName() const
-{
-    return QStringLiteral("AutomobilDemands");
-}
 
 bool CTblAutomobilDemands::Delete()
 {
@@ -72,29 +67,8 @@ void CTblAutomobilDemands::setAlarm(qint32 id, qint32 alarmID, int database)
 
 void CTblAutomobilDemands::DoFieldExchange()
 {
-    RFX_Long(u"iID", m_iID, {});
-    RFX_Long(u"iCode", m_iCode, {});
-    RFX_Long(u"iPersonID", m_iPersonID, {});
-    namesFrom(u"iPersonID", u"Persons", u"iID", u"sName2");
-    RFX_Date(u"dateCreate", m_dateCreate, u"تاریخ ایجاد");
-    RFX_Text(u"sAcquaintances", m_sAcquaintances, u"نحوه آشنایی");
-    RFX_Long(u"iAutomobilType", m_iAutomobilType, u"نوع خودرو");
-    namesFrom(u"iAutomobilType", u"CarBrands", u"iID", u"sName");
-    RFX_Long(u"iModelFrom", m_iModelFrom, u"مدل از");
-    RFX_Long(u"iModelUpTo", m_iModelUpTo, u" تا مدل");
-    RFX_Long(u"iColor", m_iColor, u"رنگ");
-    namesFrom(u"iColor", u"Items", u"iID", u"sName");
-    RFX_Double(u"dAmountFrom", m_dAmountFrom, u"مبلغ از");
-    RFX_Double(u"dAmountUpTo", m_dAmountUpTo, u" تا مبلغ");
-    RFX_Text(u"sDesc", m_sDesc, u"توضیحات");
-    RFX_Text(u"sDescSpecial", m_sDescSpecial, u"توضیحات ویز");
-    RFX_Date(u"dateReference", m_dateReference, u"تاریخ مراجعه");
-    RFX_Long(u"iFacilities", m_iFacilities, u"امکانات");
-    RFX_Date(u"dateMaxTimeNeed", m_dateMaxTimeNeed, u"تاریخ حداکثر زمان نیاز");
-    RFX_Long(u"iStatus", m_iStatus, {});
-    RFX_Long(u"iArchiveUserID", m_iArchiveUserID, u"بایگانی");
-    namesFrom(u"iArchiveUserID", u"Users", u"iID", u"sUser");
-    RFX_Date(u"dateArchive", m_dateArchive, u"تاریخ بایگانی");
+    bindDemand();
+    bindArchive();
     RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     RFX_Long(u"iAlarmID", m_iAlarmID, u"یادآوری");
 }

@@ -3,20 +3,19 @@
 
 #pragma once
 
+#include "auto/db/AutomobilDemandColumns.h"
 #include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
 
 // One row per demand: who asks for which car. Members carry the names of their columns. Amounts are in the suite's money
 // unit, model years Shamsi or ordinary as typed, keys 0 when nothing is referred to; iAutomobilType is the key of a brand
 // of the catalog, iColor of an item, iAlarmID of a reminder.
-class CTblAutomobilDemands : public KMySQL, private KLiveCount<CTblAutomobilDemands>
+class CTblAutomobilDemands : public AutomobilDemandColumns, private KLiveCount<CTblAutomobilDemands>
 {
 public:
     using KLiveCount<CTblAutomobilDemands>::liveCount;
 
     explicit CTblAutomobilDemands(int database = 0);
     ~CTblAutomobilDemands() override;
-    QString GetTableName() const override;
     // Also deletes the demand's attached files and its reminders; all of it or nothing.
     bool Delete() override;
 
@@ -34,26 +33,6 @@ public:
     // Which reminder is the demand's, by the demand's key.
     static void setAlarm(qint32 id, qint32 alarmID, int database = 0);
 
-    qint32 m_iID = 0;
-    qint32 m_iCode = 0;
-    qint32 m_iPersonID = 0;
-    QDateTime m_dateCreate;
-    QString m_sAcquaintances;
-    qint32 m_iAutomobilType = 0;
-    qint32 m_iModelFrom = 0;
-    qint32 m_iModelUpTo = 0;
-    qint32 m_iColor = 0;
-    double m_dAmountFrom = 0;
-    double m_dAmountUpTo = 0;
-    QString m_sDesc;
-    QString m_sDescSpecial;
-    QDateTime m_dateReference;
-    qint32 m_iFacilities = 0;
-    QDateTime m_dateMaxTimeNeed;
-    qint32 m_iStatus = 0;
-    qint32 m_iArchiveUserID = 0;
-    QDateTime m_dateArchive;
-    qint32 m_iUserID = 0;
     qint32 m_iAlarmID = 0;
 
 protected:
