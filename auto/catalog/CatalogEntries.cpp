@@ -46,12 +46,17 @@ QVector<CatalogEntries::Entry> CatalogEntries::list(CatalogLevel level, int pare
 
 int CatalogEntries::add(CatalogLevel level, int parent, const QString &name, int userID)
 {
+    return add(level, parent, name, userID, GetDBSetting()->GetDBServerDate());
+}
+
+int CatalogEntries::add(CatalogLevel level, int parent, const QString &name, int userID, const QDateTime &created)
+{
     const std::unique_ptr<KMySQL> record = makeRecords(level);
     record->Open(true, false, true);
     record->AddNew();
     record->setValue(u"sName", name);
     record->setValue(u"iUserID", userID);
-    record->setValue(u"dateCreate", GetDBSetting()->GetDBServerDate());
+    record->setValue(u"dateCreate", created);
     // The columns do not say so, but these are the parents of the tree.
     if (level == CatalogLevel::Model)
         record->setValue(u"iClassID", parent);

@@ -5,6 +5,7 @@
 
 #include "auto/catalog/CatalogLevel.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QVector>
 
@@ -24,6 +25,8 @@ QVector<Entry> list(CatalogLevel level, int parent, const QString &namePart);
 
 // Gives the new key. A brand of a name that is there already is refused: CMySQLException::Category::DuplicateKey.
 int add(CatalogLevel level, int parent, const QString &name, int userID);
+// The same for one of many entries: created is the server's date and time, asked once for all of them.
+int add(CatalogLevel level, int parent, const QString &name, int userID, const QDateTime &created);
 // Nothing when the entry is gone.
 std::optional<QString> name(CatalogLevel level, int key);
 // False when the entry is gone.

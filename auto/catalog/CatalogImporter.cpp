@@ -7,6 +7,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KTransaction.h"
 
 namespace {
@@ -29,12 +30,12 @@ QVector<CatalogImport::KnownEntry> knownOf(qint32 Records::*parent, const QStrin
 
 // The keys of the entries, in their order.
 QVector<int> addLevel(CatalogLevel level, const QVector<CatalogImport::NewEntry> &entries, const QVector<int> &newParents,
-                      int userID)
+                      int userID, const QDateTime &created)
 {
     QVector<int> keys;
     for (const CatalogImport::NewEntry &entry : entries) {
         const int parent = entry.newParent < 0 ? entry.parentKey : newParents[entry.newParent];
-        keys.append(CatalogEntries::add(level, parent, entry.name, userID));
+        keys.append(CatalogEntries::add(level, parent, entry.name, userID, created));
     }
     return keys;
 }
@@ -53,9 +54,12 @@ CatalogImport::Plan CatalogImporter::add(const QVector<CatalogImport::Entry> &en
     CatalogImport::Plan plan;
     KTransaction::runReplayable([&] {
         plan = CatalogImport::plan(entries, known());
-        const QVector<int> brands = addLevel(CatalogLevel::Brand, plan.brands, {}, userID);
-        const QVector<int> models = addLevel(CatalogLevel::Model, plan.models, brands, userID);
-        addLevel(CatalogLevel::Class, plan.classes, models, userID);
+        if (plan.isEmpty())
+            return;
+        const QDateTime created = GetDBSetting()->GetDBServerDate();
+        const QVector<int> brands = addLevel(CatalogLevel::Brand, plan.brands, {}, userID, created);
+        const QVector<int> models = addLevel(CatalogLevel::Model, plan.models, brands, userID, created);
+        addLevel(CatalogLevel::Class, plan.classes, models, userID, created);
     });
     return plan;
 }

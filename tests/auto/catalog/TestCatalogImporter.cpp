@@ -6,6 +6,7 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QFile>
@@ -51,6 +52,21 @@ private Q_SLOTS:
             QVERIFY2(found == QStringLiteral("1"), qPrintable(entry.brand + u'/' + entry.model + u'/' + entry.carClass));
         }
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarClasses WHERE iUserID<>5 OR dateCreate IS NULL")),
+                 QStringLiteral("0"));
+    }
+
+    void theServersTimeIsAskedOncePerHundredEntriesAtMost()
+    {
+        const QVector<CatalogImport::Entry> entries = startingSet();
+        QVERIFY(entries.size() > 500);
+        const ObservedStatements statements({QStringLiteral("SELECT NOW()"), QStringLiteral("INSERT")});
+        const CatalogImport::Plan added = CatalogImporter::add(entries, 1);
+        const qsizetype rows = added.brands.size() + added.models.size() + added.classes.size();
+        const qsizetype questions = statements.taken().count(QStringLiteral("SELECT NOW()"));
+        QVERIFY2(questions >= 1 && questions <= rows / 100, qPrintable(QString::number(questions)));
+        QCOMPARE(statements.taken().size(), rows + questions);
+        QCOMPARE(m_office->database().value(QStringLiteral(
+                     "SELECT COUNT(*) FROM CarBrands WHERE dateCreate IS NULL OR ABS(TIMESTAMPDIFF(SECOND,dateCreate,NOW()))>60")),
                  QStringLiteral("0"));
     }
 
