@@ -3,7 +3,7 @@
 
 #include "auto/editor/ArchiveLine.h"
 
-#include "suite/db/KLookup.h"
+#include "suite/db/KMySQL.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QHBoxLayout>
@@ -24,8 +24,9 @@ ArchiveLine::ArchiveLine(QWidget *parent)
     row->addStretch(1);
 }
 
-void ArchiveLine::showArchived(int userID, const QDateTime &date)
+void ArchiveLine::showArchived(KMySQL &record)
 {
-    m_user->setText(KLookup::name(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"), userID));
-    m_date->setText(userID != 0 ? shamsiText(date.date()) : QString());
+    const bool archived = record.value(u"iArchiveUserID").toInt() != 0;
+    m_user->setText(KLookup::name(record, u"iArchiveUserID"));
+    m_date->setText(archived ? shamsiText(record.value(u"dateArchive").toDate()) : QString());
 }

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-class QDateTime;
+class KMySQL;
 class QLabel;
 
 // The line of an editor's page that tells who archived the record, and when; empty for one that is not archived.
@@ -16,8 +16,8 @@ class ArchiveLine final : public QWidget
 public:
     explicit ArchiveLine(QWidget *parent = nullptr);
 
-    // The key of a user, 0 for none.
-    void showArchived(int userID, const QDateTime &date);
+    // A record with the columns iArchiveUserID and dateArchive.
+    void showArchived(KMySQL &record);
 
 private:
     QLabel *m_user;

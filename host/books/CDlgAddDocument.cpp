@@ -6,6 +6,7 @@
 #include "suite/db/KLookup.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -146,8 +147,7 @@ void CDlgAddDocument::load(const ManualDocument &document)
     QList<int> persons;
     for (const DocumentRow &entry : document.rows)
         persons.append(entry.personID);
-    const QHash<int, QString> names = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2"),
-                                                     persons);
+    const QHash<int, QString> names = KLookup::names<CTblDocs>(u"iPersonID", persons);
     QVector<KLinesModel::Line> lines;
     for (const DocumentRow &entry : document.rows) {
         KLinesModel::Line line = m_rows->emptyLine();

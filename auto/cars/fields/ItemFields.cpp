@@ -111,7 +111,7 @@ void ItemFields::pickNumber(const QString &column, int option)
     fill();
     if (chosen == 0)
         return;
-    const QString name = KLookup::name(QStringLiteral("Items"), QStringLiteral("iID"), QStringLiteral("sName"), chosen);
+    const QString name = KLookup::name({QStringLiteral("Items"), QStringLiteral("iID"), QStringLiteral("sName")}, chosen);
     const std::optional<int> number = parameterNumber(name);
     if (number)
         m_form.edit(column)->setText(QString::number(*number));

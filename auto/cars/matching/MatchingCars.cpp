@@ -47,34 +47,25 @@ std::vector<Found> fittingCars(const DemandWishes &wishes, int database)
     return found;
 }
 
-// One statement for the names behind one key of all the cars.
+// One statement for the names behind one column of all the cars.
 template <class Key>
-QHash<int, QString> namesOf(const std::vector<Found> &found, const QString &table, const QString &column, const Key &key,
-                            int database)
+QHash<int, QString> namesOf(const std::vector<Found> &found, CTblAutomobilInformations &record, QStringView column, const Key &key)
 {
     QList<int> keys;
     keys.reserve(static_cast<qsizetype>(found.size()));
     for (const Found &entry : found)
         keys.append(key(entry));
-    return KLookup::names(table, QStringLiteral("iID"), column, keys, database);
+    return KLookup::names(record, column, keys);
 }
 
 std::vector<MatchingCars::Car> named(std::vector<Found> found, int database)
 {
-    const QString name = QStringLiteral("sName");
-    const auto types = namesOf(
-        found, QStringLiteral("CarBrands"), name, [](const Found &f) { return f.car.offer.automobilType; }, database);
-    const auto models =
-        namesOf(
-            found, QStringLiteral("CarModels"), name, [](const Found &f) { return f.model; }, database);
-    const auto classes =
-        namesOf(
-            found, QStringLiteral("CarClasses"), name, [](const Found &f) { return f.carClass; }, database);
-    const auto colors =
-        namesOf(
-            found, QStringLiteral("Items"), name, [](const Found &f) { return f.car.offer.color; }, database);
-    const auto owners = namesOf(
-        found, QStringLiteral("Persons"), QStringLiteral("sName2"), [](const Found &f) { return f.owner; }, database);
+    CTblAutomobilInformations record(database);
+    const auto types = namesOf(found, record, u"iAutomobilType", [](const Found &f) { return f.car.offer.automobilType; });
+    const auto models = namesOf(found, record, u"iModel", [](const Found &f) { return f.model; });
+    const auto classes = namesOf(found, record, u"iBrigade", [](const Found &f) { return f.carClass; });
+    const auto colors = namesOf(found, record, u"iColor", [](const Found &f) { return f.car.offer.color; });
+    const auto owners = namesOf(found, record, u"iPersonID", [](const Found &f) { return f.owner; });
     std::vector<MatchingCars::Car> cars;
     cars.reserve(found.size());
     for (Found &entry : found) {
@@ -96,16 +87,13 @@ std::optional<MatchingCars> MatchingCars::of(int demandID, int database)
     CTblAutomobilDemands demand(database);
     if (!demand.IsRecordExist(QStringLiteral("iID"), demandID))
         return std::nullopt;
-    const QString key = QStringLiteral("iID");
-    const QString name = QStringLiteral("sName");
     MatchingCars matching;
     matching.demandCode = demand.m_iCode;
     matching.wishes = {demand.m_iAutomobilType, demand.m_iColor, demand.m_iModelFrom,
                        demand.m_iModelUpTo, demand.m_dAmountFrom, demand.m_dAmountUpTo};
-    matching.person =
-        KLookup::name(QStringLiteral("Persons"), key, QStringLiteral("sName2"), demand.m_iPersonID, database);
-    matching.type = KLookup::name(QStringLiteral("CarBrands"), key, name, demand.m_iAutomobilType, database);
-    matching.color = KLookup::name(QStringLiteral("Items"), key, name, demand.m_iColor, database);
+    matching.person = KLookup::name(demand, u"iPersonID");
+    matching.type = KLookup::name(demand, u"iAutomobilType");
+    matching.color = KLookup::name(demand, u"iColor");
     matching.cars = named(fittingCars(matching.wishes, database), database);
     return matching;
 }

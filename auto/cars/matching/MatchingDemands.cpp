@@ -55,13 +55,13 @@ std::vector<MatchingDemands::Demand> named(std::vector<Found> found, int databas
         types.append(entry.demand.wishes.automobilType);
         colors.append(entry.demand.wishes.color);
     }
-    const auto names = [database](const char *table, const char *column, const QList<int> &keys) {
-        return KLookup::names(QString::fromLatin1(table), QStringLiteral("iID"), QString::fromLatin1(column), keys, database);
-    };
-    const auto personNames = names("Persons", "sName2", persons);
-    const auto mobiles = names("Persons", "sMobile", persons);
-    const auto typeNames = names("CarBrands", "sName", types);
-    const auto colorNames = names("Items", "sName", colors);
+    CTblAutomobilDemands record(database);
+    const auto personNames = KLookup::names(record, u"iPersonID", persons);
+    KLookup::Source mobile = record.nameSource(u"iPersonID");
+    mobile.display = QStringLiteral("sMobile");
+    const auto mobiles = KLookup::names(mobile, persons, database);
+    const auto typeNames = KLookup::names(record, u"iAutomobilType", types);
+    const auto colorNames = KLookup::names(record, u"iColor", colors);
     std::vector<MatchingDemands::Demand> demands;
     demands.reserve(found.size());
     for (Found &entry : found) {
@@ -91,13 +91,12 @@ std::optional<MatchingDemands> MatchingDemands::of(int carID, int database)
 
 MatchingDemands MatchingDemands::of(const OfferedCar &offer, int carCode, int database)
 {
-    const QString key = QStringLiteral("iID");
-    const QString name = QStringLiteral("sName");
+    CTblAutomobilInformations car(database);
     MatchingDemands matching;
     matching.carCode = carCode;
     matching.offer = offer;
-    matching.type = KLookup::name(QStringLiteral("CarBrands"), key, name, offer.automobilType, database);
-    matching.color = KLookup::name(QStringLiteral("Items"), key, name, offer.color, database);
+    matching.type = KLookup::name(car, u"iAutomobilType", offer.automobilType);
+    matching.color = KLookup::name(car, u"iColor", offer.color);
     matching.demands = named(fittingDemands(matching.offer, database), database);
     return matching;
 }

@@ -264,7 +264,7 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     m_notes = ContractNotes::notes(contract);
     showNotes();
     nameGroups(contract.m_iContractType);
-    m_archiveLine->showArchived(contract.m_iArchiveUserID, contract.m_dateArchive);
+    m_archiveLine->showArchived(contract);
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
         m_form->control(mode() == ContractEditorMode::New ? column("dAmount") : column("iCode"))->setFocus(Qt::TabFocusReason);

@@ -25,15 +25,12 @@ std::optional<CarForContract> loadCarForContract(int carID, int database)
                     column("iUsageType"), column("iFuel")});
     if (!car.IsRecordExist(column("iID"), carID))
         return std::nullopt;
-    const auto name = [database](const char *table, int key) {
-        return KLookup::name(column(table), column("iID"), column("sName"), key, database);
-    };
     CarForContract result;
-    result.brand = name("CarBrands", car.m_iAutomobilType);
-    result.model = name("CarModels", car.m_iModel);
-    result.carClass = name("CarClasses", car.m_iBrigade);
-    result.system = name("Items", car.m_iSystem);
-    result.color = name("Items", car.m_iColor);
+    result.brand = KLookup::name(car, u"iAutomobilType");
+    result.model = KLookup::name(car, u"iModel");
+    result.carClass = KLookup::name(car, u"iBrigade");
+    result.system = KLookup::name(car, u"iSystem");
+    result.color = KLookup::name(car, u"iColor");
     result.engineNumber = car.m_sNumOfEngines;
     result.chassisNumber = car.m_sChassisNum;
     result.vin = car.m_sVIN;

@@ -44,8 +44,7 @@ QVector<KListModel::Row> rowsOf(const QList<CTblFileDocs::FileInfo> &files)
     QList<int> users;
     for (const CTblFileDocs::FileInfo &file : files)
         users.append(file.userID);
-    const QHash<int, QString> names =
-        KLookup::names(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"), users);
+    const QHash<int, QString> names = KLookup::names<CTblFileDocs>(u"iUserID", users);
     QVector<KListModel::Row> rows;
     for (const CTblFileDocs::FileInfo &file : files) {
         const int number = static_cast<int>(rows.size()) + 1;

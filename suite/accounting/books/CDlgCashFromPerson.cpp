@@ -41,7 +41,7 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
     setWindowTitle(QStringLiteral("دریافت نقدی"));
     SetSettingName(QStringLiteral("CashFromPerson"));
     build();
-    m_person->setText(KLookup::name(QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2"), personID));
+    m_person->setText(KLookup::name<CTblReceipts>(u"iPersonID", personID));
     m_person->setCursorPosition(0);
     m_amount->setNumber(amount);
     m_desc->setText(desc);

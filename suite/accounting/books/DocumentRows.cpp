@@ -25,13 +25,10 @@ QList<Named> read(int num, int fiscalYear, int database)
         (isDetail ? detail : subsidiary).append(account);
         persons.append(docs.m_iPersonID);
     }
-    const QString code = QStringLiteral("iCode");
-    const QString name = QStringLiteral("sName");
     // A code tells its level by its length, so the names of both can lie in one hash.
-    QHash<int, QString> accountNames = KLookup::names(QStringLiteral("HesabMoeen"), code, name, subsidiary, database);
-    accountNames.insert(KLookup::names(QStringLiteral("HesabTafsily"), code, name, detail, database));
-    const QHash<int, QString> personNames = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
-                                                           QStringLiteral("sName2"), persons, database);
+    QHash<int, QString> accountNames = KLookup::names(docs, u"iHesabMoeenCode", subsidiary);
+    accountNames.insert(KLookup::names(docs, u"iHesabTafsilyCode", detail));
+    const QHash<int, QString> personNames = KLookup::names(docs, u"iPersonID", persons);
     for (Named &named : rows) {
         named.accountName = accountNames.value(named.row.account);
         named.person = personNames.value(named.row.personID);

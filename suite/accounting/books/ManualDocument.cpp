@@ -9,6 +9,7 @@
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
 #include "suite/accounting/books/DocumentRows.h"
@@ -48,8 +49,7 @@ void requirePersons(const QList<DocumentRow> &rows, int database)
     QList<int> persons;
     for (const DocumentRow &row : rows)
         persons.append(row.personID);
-    const QHash<int, QString> known = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
-                                                     QStringLiteral("sName2"), persons, database);
+    const QHash<int, QString> known = KLookup::names<CTblDocs>(u"iPersonID", persons, database);
     for (int index = 0; index < rows.size(); ++index) {
         const int person = rows.at(index).personID;
         if (person > 0 && !known.contains(person))

@@ -163,8 +163,7 @@ InvoicePosting::Saved write(const Invoice &invoice, const Invoice *seen, const F
         record.m_iUserID = GetDBSetting()->GetUserID();
         record.m_iFiscalYear = frame.fiscalYear;
     }
-    const QString person = KLookup::name(QStringLiteral("Persons"), keyColumn, QStringLiteral("sName2"), invoice.personID,
-                                         frame.database);
+    const QString person = KLookup::name(record, u"iPersonID", invoice.personID);
     if (person.isEmpty())
         throw KAccountingError(QStringLiteral("این شخص دیگر وجود ندارد."));
     requireServices(invoice, frame);

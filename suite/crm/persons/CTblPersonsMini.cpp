@@ -7,19 +7,9 @@
 
 namespace {
 
-QString personsTable()
+KLookup::Source shownNames()
 {
-    return QStringLiteral("Persons");
-}
-
-QString keyColumn()
-{
-    return QStringLiteral("iID");
-}
-
-QString nameColumn()
-{
-    return QStringLiteral("sName2");
+    return {QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2")};
 }
 
 }
@@ -33,7 +23,7 @@ CTblPersonsMini::~CTblPersonsMini() = default;
 
 QString CTblPersonsMini::GetTableName() const
 {
-    return personsTable();
+    return shownNames().table;
 }
 
 void CTblPersonsMini::DoFieldExchange()
@@ -45,10 +35,10 @@ void CTblPersonsMini::DoFieldExchange()
 
 QString CTblPersonsMini::GetName(int id, int database)
 {
-    return id > 0 ? KLookup::name(personsTable(), keyColumn(), nameColumn(), id, database) : QString();
+    return id > 0 ? KLookup::name(shownNames(), id, database) : QString();
 }
 
 QHash<int, QString> CTblPersonsMini::GetNames(const QList<int> &ids, int database)
 {
-    return KLookup::names(personsTable(), keyColumn(), nameColumn(), ids, database);
+    return KLookup::names(shownNames(), ids, database);
 }

@@ -160,7 +160,7 @@ void CDlgAddAutomobilDemandBase::fill(CTblAutomobilDemands &demand)
     m_person->setReadOnly(isShowMode());
     m_reminder->bind(demand.m_iID, demand.m_iCode, demand.m_iAlarmID, [this] { return proposedReminder(); });
     m_reminder->showFor(!isShowMode());
-    m_archiveLine->showArchived(demand.m_iArchiveUserID, demand.m_dateArchive);
+    m_archiveLine->showArchived(demand);
     m_archiveLine->setVisible(demand.m_iArchiveUserID != 0);
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())

@@ -171,7 +171,7 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
     m_owner->setReadOnly(isShowMode());
     LoadKStaticImageFromLongBinary(*m_picture, car.m_oPicture);
     m_picture->setReadOnly(isShowMode());
-    m_archiveLine->showArchived(car.m_iArchiveUserID, car.m_dateArchive);
+    m_archiveLine->showArchived(car);
     m_archiveLine->setVisible(car.m_iArchiveUserID != 0);
     showVinHint();
     // Otherwise the window would open on its confirm button.

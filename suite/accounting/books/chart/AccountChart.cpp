@@ -191,7 +191,7 @@ QList<Account> AccountChart::read(AccountLevel level, int database)
 
 QString AccountChart::nameOf(int code, int database)
 {
-    return KLookup::name(table(AccountCode::levelOf(code)), QStringLiteral("iCode"), QStringLiteral("sName"), code, database);
+    return KLookup::name({table(AccountCode::levelOf(code)), QStringLiteral("iCode"), QStringLiteral("sName")}, code, database);
 }
 
 QList<Account> AccountChart::postable(int database)
