@@ -5,11 +5,11 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/values/Money.h"
 
 namespace {
 
-const QString section = QStringLiteral("AutomobilContracts");
 const QString dutyKey = QStringLiteral("dPercentImposition");
 const QString taxKey = QStringLiteral("dPrecentTax"); // stored under this spelling in every database
 const QString thirdInUseKey = QStringLiteral("bTransactionAmount");
@@ -35,33 +35,45 @@ bool isAbove(double first, double second)
 
 }
 
+QString ContractSettings::section()
+{
+    return QStringLiteral("AutomobilContracts");
+}
+
+ContractSettings ContractSettings::of(const OfficeSettings &settings)
+{
+    const auto number = [&settings](const QString &key) { return settings.number(section(), key, 0); };
+    const auto integer = [&settings](const QString &key) { return settings.integer(section(), key, 0); };
+    ContractSettings found;
+    found.dutyPercent = number(dutyKey);
+    found.taxPercent = number(taxKey);
+    for (std::size_t tier = 0; tier < tierKeys.size(); ++tier) {
+        found.tiers.ceilings[tier] = number(tierKeys[tier].ceiling);
+        found.tiers.percents[tier] = number(tierKeys[tier].percent);
+    }
+    found.tiers.thirdInUse = integer(thirdInUseKey) != 0;
+    found.archiveDemands = integer(demandsKey) != 0;
+    found.demandDays = integer(daysKey);
+    return found;
+}
+
 ContractSettings ContractSettings::load(int database)
 {
-    ContractSettings settings;
-    settings.dutyPercent = CTblProperties::DBReadSetting(section, dutyKey, 0.0, database);
-    settings.taxPercent = CTblProperties::DBReadSetting(section, taxKey, 0.0, database);
-    for (std::size_t tier = 0; tier < tierKeys.size(); ++tier) {
-        settings.tiers.ceilings[tier] = CTblProperties::DBReadSetting(section, tierKeys[tier].ceiling, 0.0, database);
-        settings.tiers.percents[tier] = CTblProperties::DBReadSetting(section, tierKeys[tier].percent, 0.0, database);
-    }
-    settings.tiers.thirdInUse = CTblProperties::DBReadSettingInt(section, thirdInUseKey, 0, database) != 0;
-    settings.archiveDemands = CTblProperties::DBReadSettingInt(section, demandsKey, 0, database) != 0;
-    settings.demandDays = CTblProperties::DBReadSettingInt(section, daysKey, 0, database);
-    return settings;
+    return of(OfficeSettings::read({section()}, database));
 }
 
 void ContractSettings::save(int database) const
 {
     KTransaction transaction(database);
-    CTblProperties::DBWriteSetting(section, dutyKey, dutyPercent, database);
-    CTblProperties::DBWriteSetting(section, taxKey, taxPercent, database);
+    CTblProperties::DBWriteSetting(section(), dutyKey, dutyPercent, database);
+    CTblProperties::DBWriteSetting(section(), taxKey, taxPercent, database);
     for (std::size_t tier = 0; tier < tierKeys.size(); ++tier)
-        CTblProperties::DBWriteSetting(section, tierKeys[tier].ceiling, tiers.ceilings[tier], database);
+        CTblProperties::DBWriteSetting(section(), tierKeys[tier].ceiling, tiers.ceilings[tier], database);
     for (std::size_t tier = 0; tier < tierKeys.size(); ++tier)
-        CTblProperties::DBWriteSetting(section, tierKeys[tier].percent, tiers.percents[tier], database);
-    CTblProperties::DBWriteSettingInt(section, daysKey, demandDays, database);
-    CTblProperties::DBWriteSettingInt(section, thirdInUseKey, tiers.thirdInUse ? 1 : 0, database);
-    CTblProperties::DBWriteSettingInt(section, demandsKey, archiveDemands ? 1 : 0, database);
+        CTblProperties::DBWriteSetting(section(), tierKeys[tier].percent, tiers.percents[tier], database);
+    CTblProperties::DBWriteSettingInt(section(), daysKey, demandDays, database);
+    CTblProperties::DBWriteSettingInt(section(), thirdInUseKey, tiers.thirdInUse ? 1 : 0, database);
+    CTblProperties::DBWriteSettingInt(section(), demandsKey, archiveDemands ? 1 : 0, database);
     transaction.commit();
 }
 

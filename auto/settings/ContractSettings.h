@@ -5,6 +5,10 @@
 
 #include "auto/contracts/figures/Commission.h"
 
+#include <QString>
+
+class OfficeSettings;
+
 // Settings of the contract pages, shared by all users of the database (section "AutomobilContracts").
 struct ContractSettings
 {
@@ -21,7 +25,11 @@ struct ContractSettings
     bool archiveDemands = false; // demands older than demandDays are archived
     int demandDays = 0;
 
-    // Missing settings are 0. Throw CMySQLException.
+    // Where they stand in Properties.
+    static QString section();
+    // Of settings that were read with that section. Missing ones are 0.
+    static ContractSettings of(const OfficeSettings &settings);
+    // Throws CMySQLException.
     static ContractSettings load(int database = 0);
     // Writes all of them or none.
     void save(int database = 0) const;

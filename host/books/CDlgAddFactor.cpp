@@ -89,11 +89,12 @@ QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *pa
 
 CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent)
     : KDialog(parent)
+    , m_settings(OfficeSettings::read({LevyRates::section()}))
     , m_seen(invoice)
     , m_num(invoice.num)
     , m_type(invoice.type)
     , m_showOnly(showOnly)
-    , m_decimals(GetDBSetting()->MoneyDecimals())
+    , m_decimals(m_settings.moneyDecimals())
     , m_figures(m_decimals)
 {
     setWindowTitle(titleOf(invoice));
@@ -236,7 +237,7 @@ void CDlgAddFactor::load(const Invoice &invoice)
 {
     m_person->setPersonID(invoice.personID);
     m_date->setDateTime(invoice.date.isValid() ? invoice.date
-                                               : QDateTime(GetDBSetting()->GetDBServerDate().date(), QTime(0, 0), Qt::UTC));
+                                               : QDateTime(m_settings.serverTime().date(), QTime(0, 0), Qt::UTC));
     m_desc->setText(invoice.desc);
     m_returned->setChecked(invoice.returned);
 
@@ -258,7 +259,7 @@ void CDlgAddFactor::load(const Invoice &invoice)
     m_lines->setLines(lines);
 
     if (m_num == 0 && invoice.lines.isEmpty()) {
-        const LevyRates rates = LevyRates::load();
+        const LevyRates rates = LevyRates::of(m_settings);
         m_figures.setTaxPercent(rates.tax);
         m_figures.setDutyPercent(rates.duty);
     } else {
@@ -317,7 +318,7 @@ void CDlgAddFactor::showFigures()
 void CDlgAddFactor::showWords()
 {
     const QString words = m_figures.total() > 0 ? amountInWords(m_figures.total()) : QString();
-    m_words->setText(words.isEmpty() ? QString() : words + u' ' + GetDBSetting()->MoneyUnitName());
+    m_words->setText(words.isEmpty() ? QString() : words + u' ' + m_settings.moneyUnitName());
 }
 
 Invoice CDlgAddFactor::invoice() const

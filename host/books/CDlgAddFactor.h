@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/invoices/Invoice.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;
@@ -51,6 +52,7 @@ private:
     bool refuseInvalidFigure();
     void goTo(const Invoice::Problem &problem);
 
+    const OfficeSettings m_settings; // as the window's opening found them
     Invoice m_seen; // what the user began with
     int m_num;
     int m_type;

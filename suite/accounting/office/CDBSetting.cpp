@@ -7,12 +7,11 @@
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KTabPage.h"
 #include "suite/utility/values/Money.h"
-#include "suite/utility/values/ShamsiDate.h"
 
 #include <QLoggingCategory>
 
@@ -23,16 +22,14 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcSetting, "tz.setting")
 
-const QString databaseSection = QStringLiteral("Database");
-const QString moneySection = QStringLiteral("Money");
-const QString personsSection = QStringLiteral("Persons");
-const QString yearSection = QStringLiteral("FiscalYear");
-
-constexpr int mostDecimals = 4;
-
-QString closedMessage()
+void write(const OfficeSettings::Key &key, int value)
 {
-    return QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.");
+    CTblProperties::DBWriteSettingInt(key.section.toString(), key.key.toString(), value);
+}
+
+void write(const OfficeSettings::Key &key, const QString &value)
+{
+    CTblProperties::DBWriteSetting(key.section.toString(), key.key.toString(), value);
 }
 
 }
@@ -77,28 +74,27 @@ bool CDBSetting::IsClosedDB() const
 
 bool CDBSetting::IsClosed(int database)
 {
-    return CTblProperties::DBReadSettingInt(databaseSection, QStringLiteral("bClosed"), 0, database) != 0;
+    return OfficeSettings::read({}, database).isClosed();
 }
 
 void CDBSetting::SetClosedDB(bool closed)
 {
-    CTblProperties::DBWriteSettingInt(databaseSection, QStringLiteral("bClosed"), closed ? 1 : 0);
+    write(OfficeSettings::closed, closed ? 1 : 0);
 }
 
 void CDBSetting::RequireOpenDB() const
 {
-    if (IsClosedDB())
-        throw KAccountingError(closedMessage());
+    OfficeSettings::read().requireOpen();
 }
 
 bool CDBSetting::IsCatalogLocked() const
 {
-    return CTblProperties::DBReadSettingInt(databaseSection, QStringLiteral("bCatalogLocked"), 0) != 0;
+    return OfficeSettings::read().isCatalogLocked();
 }
 
 void CDBSetting::SetCatalogLocked(bool locked)
 {
-    CTblProperties::DBWriteSettingInt(databaseSection, QStringLiteral("bCatalogLocked"), locked ? 1 : 0);
+    write(OfficeSettings::catalogLocked, locked ? 1 : 0);
 }
 
 QDateTime CDBSetting::GetDBServerDate() const
@@ -111,59 +107,54 @@ QDateTime CDBSetting::GetDBServerDate() const
 
 QString CDBSetting::MoneyUnitName() const
 {
-    return CTblProperties::DBReadSetting(moneySection, QStringLiteral("sUnit"), QStringLiteral("ریال"));
+    return OfficeSettings::read().moneyUnitName();
 }
 
 void CDBSetting::SetMoneyUnitName(const QString &name)
 {
-    CTblProperties::DBWriteSetting(moneySection, QStringLiteral("sUnit"), name);
+    write(OfficeSettings::moneyUnit, name);
 }
 
 int CDBSetting::MoneyDecimals() const
 {
-    return std::clamp(CTblProperties::DBReadSettingInt(moneySection, QStringLiteral("iDecimals"), 0), 0, mostDecimals);
+    return OfficeSettings::read().moneyDecimals();
 }
 
 void CDBSetting::SetMoneyDecimals(int decimals)
 {
-    const int kept = std::clamp(decimals, 0, mostDecimals);
-    CTblProperties::DBWriteSettingInt(moneySection, QStringLiteral("iDecimals"), kept);
+    const int kept = std::clamp(decimals, 0, OfficeSettings::mostDecimals);
+    write(OfficeSettings::decimals, kept);
     setDefaultMoneyDecimals(kept);
 }
 
 bool CDBSetting::NaturalPersonByMark() const
 {
-    return CTblProperties::DBReadSettingInt(personsSection, QStringLiteral("bNaturalByMark"), 0) != 0;
+    return OfficeSettings::read().isNaturalPersonByMark();
 }
 
 void CDBSetting::SetNaturalPersonByMark(bool on)
 {
-    CTblProperties::DBWriteSettingInt(personsSection, QStringLiteral("bNaturalByMark"), on ? 1 : 0);
+    write(OfficeSettings::naturalByMark, on ? 1 : 0);
 }
 
 int CDBSetting::FiscalYear() const
 {
-    const int stored = CTblProperties::DBReadSettingInt(yearSection, QStringLiteral("iFiscalYear"), 0);
-    return stored > 0 ? stored : GetShamsi(GetDBServerDate().date()).year;
+    return OfficeSettings::read().fiscalYear();
 }
 
 void CDBSetting::SetFiscalYear(int shamsiYear)
 {
-    CTblProperties::DBWriteSettingInt(yearSection, QStringLiteral("iFiscalYear"), shamsiYear);
+    write(OfficeSettings::year, shamsiYear);
 }
 
 QDateTime CDBSetting::FiscalYearOpeningDate() const
 {
-    const QString stored = CTblProperties::DBReadSetting(yearSection, QStringLiteral("dateOpening"), QString());
-    QDate day = QDate::fromString(stored, Qt::ISODate);
-    if (!day.isValid())
-        day = ConvertToMiladi(FiscalYear(), 1, 1);
-    return QDateTime(day, QTime(0, 0), Qt::UTC);
+    return OfficeSettings::read().fiscalYearOpeningDate();
 }
 
 void CDBSetting::SetFiscalYearOpeningDate(const QDateTime &date)
 {
-    CTblProperties::DBWriteSetting(yearSection, QStringLiteral("dateOpening"), date.date().toString(Qt::ISODate));
+    write(OfficeSettings::opening, date.date().toString(Qt::ISODate));
 }
 
 QList<CDBSetting::Department> CDBSetting::Departments() const
@@ -201,7 +192,7 @@ bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString 
     if (!security.CheckWriteSecurity())
         return false;
     if (IsClosedDB()) {
-        g_pDlgWarning->Show(closedMessage(), parent);
+        g_pDlgWarning->Show(OfficeSettings::closedMessage(), parent);
         return false;
     }
     if (!m_receiptWindow) {

@@ -16,8 +16,8 @@ class KTabPage;
 class QWidget;
 
 // The open database as the windows see it: who works, in which fiscal year, in which money, and whether changes are allowed.
-// What every user of the database shares is read from Properties, so that a change of another user counts at once.
-// Used on the user-interface thread.
+// What all users of it share is read at each question, so that a change of another user counts at once; a window that has
+// several to ask when it is opened reads OfficeSettings instead. Used on the user-interface thread.
 class TZACCOUNTINGDATA_EXPORT CDBSetting
 {
 public:

@@ -3,12 +3,16 @@
 
 #include "suite/accounting/office/LevyRates.h"
 
-#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/OfficeSettings.h"
 
-LevyRates LevyRates::load(int database)
+QString LevyRates::section()
 {
-    const QString section = QStringLiteral("AutomobilContracts");
+    return QStringLiteral("AutomobilContracts");
+}
+
+LevyRates LevyRates::of(const OfficeSettings &settings)
+{
     // Stored under this spelling in every database.
-    return {CTblProperties::DBReadSetting(section, QStringLiteral("dPrecentTax"), 0.0, database),
-            CTblProperties::DBReadSetting(section, QStringLiteral("dPercentImposition"), 0.0, database)};
+    return {settings.number(section(), QStringLiteral("dPrecentTax"), 0),
+            settings.number(section(), QStringLiteral("dPercentImposition"), 0)};
 }

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/office/LevyRates.h"
 
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
@@ -148,8 +149,9 @@ void TestContractSettings::invoicesStartFromTheSameRates()
     settings.taxPercent = 6.5;
     settings.dutyPercent = 3.25;
     settings.save();
-    QCOMPARE(LevyRates::load().tax, 6.5);
-    QCOMPARE(LevyRates::load().duty, 3.25);
+    const LevyRates rates = LevyRates::of(OfficeSettings::read({LevyRates::section()}));
+    QCOMPARE(rates.tax, 6.5);
+    QCOMPARE(rates.duty, 3.25);
 }
 
 static const RegisteredTest<TestContractSettings, QCoreApplication> registered;

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/office/OfficeSettings.h"
+
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KConnection.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/utility/values/ShamsiDate.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+OfficeSettings OfficeSettings::read(const QStringList &furtherSections, int database)
+{
+    QStringList sections;
+    for (const Key &key : {closed, moneyUnit, naturalByMark, year})
+        sections.append(key.section.toString());
+    sections += furtherSections;
+    CTblTemp temp(database);
+    temp.Open(true, false, true);
+    const KConnection &connection = KConnection::forThread(database);
+    for (QString &section : sections)
+        section = QString::fromUtf8(connection.quoted(section));
+    // Joined to a single row, so that the clock comes along even where nothing is stored.
+    temp.ExecuteQuery(u"SELECT NOW(),sSection,sKey,sValue FROM (SELECT 1) AS clock LEFT JOIN Properties ON sSection IN ("_s
+                      + sections.join(u',') + u')');
+    OfficeSettings settings;
+    settings.m_serverTime = temp.GetDateFieldValue(0);
+    for (; temp.HasResultRow(); temp.MoveNextResult())
+        settings.m_values.insert({temp.GetTextFieldValue(1), temp.GetTextFieldValue(2)}, temp.GetTextFieldValue(3));
+    return settings;
+}
+
+QString OfficeSettings::stored(const Key &key) const
+{
+    return text(key.section.toString(), key.key.toString(), {});
+}
+
+bool OfficeSettings::isOn(const Key &key) const
+{
+    return stored(key).toInt() != 0;
+}
+
+bool OfficeSettings::isClosed() const
+{
+    return isOn(closed);
+}
+
+void OfficeSettings::requireOpen() const
+{
+    if (isClosed())
+        throw KAccountingError(closedMessage());
+}
+
+QString OfficeSettings::closedMessage()
+{
+    return u"این پایگاه داده بسته شده است و تغییر آن ممکن نیست."_s;
+}
+
+bool OfficeSettings::isCatalogLocked() const
+{
+    return isOn(catalogLocked);
+}
+
+QString OfficeSettings::moneyUnitName() const
+{
+    return text(moneyUnit.section.toString(), moneyUnit.key.toString(), u"ریال"_s);
+}
+
+int OfficeSettings::moneyDecimals() const
+{
+    return std::clamp(stored(decimals).toInt(), 0, mostDecimals);
+}
+
+bool OfficeSettings::isNaturalPersonByMark() const
+{
+    return isOn(naturalByMark);
+}
+
+int OfficeSettings::fiscalYear() const
+{
+    const int stored = this->stored(year).toInt();
+    return stored > 0 ? stored : GetShamsi(m_serverTime.date()).year;
+}
+
+QDateTime OfficeSettings::fiscalYearOpeningDate() const
+{
+    QDate day = QDate::fromString(stored(opening), Qt::ISODate);
+    if (!day.isValid())
+        day = ConvertToMiladi(fiscalYear(), 1, 1);
+    return QDateTime(day, QTime(0, 0), Qt::UTC);
+}
+
+double OfficeSettings::number(const QString &section, const QString &key, double defaultValue) const
+{
+    bool isNumber = false;
+    const double value = text(section, key, {}).toDouble(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+int OfficeSettings::integer(const QString &section, const QString &key, int defaultValue) const
+{
+    bool isNumber = false;
+    const int value = text(section, key, {}).toInt(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+QString OfficeSettings::text(const QString &section, const QString &key, const QString &defaultValue) const
+{
+    return m_values.value({section, key}, defaultValue);
+}
