@@ -245,6 +245,7 @@ void CDlgAutomobilContracts::addContract()
 void CDlgAutomobilContracts::editContract()
 {
     CTblAutomobilContracts contract;
+    contract.SetColumns({QStringLiteral("iArchiveUserID")});
     if (isChangeBlocked() || !CheckModifySecurity() || !loadSelected(contract))
         return;
     if (contract.m_iArchiveUserID != 0)

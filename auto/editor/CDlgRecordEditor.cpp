@@ -89,8 +89,13 @@ void CDlgRecordEditor::leaveOnlyWayBack()
 
 void CDlgRecordEditor::showState(int status, int archiveUserID)
 {
+    showState(status, archiveUserID, archiveUserID != 0 && GetDBSetting()->IsClosedDB());
+}
+
+void CDlgRecordEditor::showState(int status, int archiveUserID, bool closed)
+{
     m_active->setChecked(status == 0);
-    m_unarchive->setVisible(archiveUserID != 0 && !GetDBSetting()->IsClosedDB());
+    m_unarchive->setVisible(archiveUserID != 0 && !closed);
 }
 
 int CDlgRecordEditor::chosenStatus() const

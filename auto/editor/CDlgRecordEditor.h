@@ -50,8 +50,10 @@ protected:
     QDialogButtonBox *buttons() const { return m_buttons; }
     // Takes "تاييد" away and calls the other button "بازگشت", where a record is only shown.
     void leaveOnlyWayBack();
-    // Sets "فعال" and "برگشت از بايگاني" by the record's state.
+    // Sets "فعال" and "برگشت از بايگاني" by the record's state. closed: the database, where the caller knows; otherwise it is
+    // asked.
     void showState(int status, int archiveUserID);
+    void showState(int status, int archiveUserID, bool closed);
     int chosenStatus() const;
 
     bool OnOK() override;

@@ -28,36 +28,48 @@
 
 #include <QPushButton>
 
-int CDlgAddAutomobilContract::addPlaceholder()
+OfficeSettings CDlgAddAutomobilContract::readSettings()
 {
-    const ContractSettings settings = ContractSettings::load();
+    return OfficeSettings::read({ContractSettings::section()});
+}
+
+int CDlgAddAutomobilContract::addPlaceholder(const OfficeSettings &settings)
+{
+    const ContractSettings rates = ContractSettings::of(settings);
     CTblAutomobilContracts contract;
     contract.Open(true, false, true);
     contract.AddNew();
     contract.m_iCode = CTblAutomobilContracts::nextCode();
-    contract.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    contract.m_dateCreate = settings.serverTime();
     contract.m_iUserID = GetDBSetting()->GetUserID();
-    contract.m_dPercentTax = contract.m_dPercentTax2 = settings.taxPercent;
-    contract.m_dPercentImpsition = contract.m_dPercentImposition2 = settings.dutyPercent;
+    contract.m_dPercentTax = contract.m_dPercentTax2 = rates.taxPercent;
+    contract.m_dPercentImpsition = contract.m_dPercentImposition2 = rates.dutyPercent;
     contract.Update(true);
     return static_cast<int>(contract.GetLastInsertedID());
 }
 
 int CDlgAddAutomobilContract::NewContract(QWidget *parent)
 {
-    GetDBSetting()->RequireOpenDB();
-    const int key = addPlaceholder();
+    const OfficeSettings settings = readSettings();
+    settings.requireOpen();
+    const int key = addPlaceholder(settings);
     // A plan that was stored on the way would be left without its contract.
     const bool confirmed = NewRecord::keptByEditor<CTblAutomobilContracts>(
-        key, [&] { return EditContract(key, true, parent); }, [key] { StoredInstalments::remove(key); });
+        key, [&] { return edit(key, ContractEditorMode::New, settings, parent); }, [key] { StoredInstalments::remove(key); });
     return confirmed ? key : 0;
 }
 
 bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)
 {
-    GetDBSetting()->RequireOpenDB();
-    CDlgAddAutomobilContract dialog(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, parent);
-    return dialog.load() && dialog.exec() == QDialog::Accepted;
+    const OfficeSettings settings = readSettings();
+    settings.requireOpen();
+    return edit(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, settings, parent);
+}
+
+bool CDlgAddAutomobilContract::edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent)
+{
+    CDlgAddAutomobilContract dialog(key, mode, parent);
+    return dialog.load(settings) && dialog.exec() == QDialog::Accepted;
 }
 
 void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *parent)
@@ -81,26 +93,23 @@ CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode m
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;
 
-bool CDlgAddAutomobilContract::load()
+bool CDlgAddAutomobilContract::load(const OfficeSettings &settings)
 {
     CTblAutomobilContracts contract;
     if (!loadRecord(contract))
         return false;
-    addPages();
+    addPages(settings);
     applyMode();
-    // The row is read again, as it is now that the pages stand.
-    if (!loadRecord(contract))
-        return false;
     m_base->fill(contract);
     m_matter->fill(contract);
-    showState(contract.m_iStatus, contract.m_iArchiveUserID);
+    showState(contract.m_iStatus, contract.m_iArchiveUserID, settings.isClosed());
     showContractType(contract.m_iContractType);
     return true;
 }
 
-void CDlgAddAutomobilContract::addPages()
+void CDlgAddAutomobilContract::addPages(const OfficeSettings &settings)
 {
-    m_base = new CDlgAddAutomobilContractBase(mode(), tabs());
+    m_base = new CDlgAddAutomobilContractBase(mode(), settings, tabs());
     addPage(m_base, m_base->title());
     connect(m_base, &CDlgAddAutomobilContractBase::contractTypeChanged, this, &CDlgAddAutomobilContract::showContractType);
     m_matter = new CDlgAddAutomobilContractMatter(mode(), tabs());

@@ -6,6 +6,7 @@
 #include "auto/editor/CDlgRecordEditor.h"
 #include "auto/contracts/document/ContractSaving.h"
 #include "auto/contracts/editor/ContractEditorPage.h"
+#include "suite/accounting/office/OfficeSettings.h"
 
 class CDlgAddAutomobilContractBase;
 class CDlgAddAutomobilContractMatter;
@@ -27,14 +28,16 @@ public:
     // refresh is set when the contract was changed on the way (taken out of the archive). A key below 1 does nothing.
     static void ShowContract(int key, bool &refresh, QWidget *parent);
 
+    // What an opening asks of the settings, in one statement.
+    static OfficeSettings readSettings();
     // The row that a new contract starts as; its key. Part of NewContract.
-    static int addPlaceholder();
+    static int addPlaceholder(const OfficeSettings &settings = readSettings());
 
     CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent = nullptr);
     ~CDlgAddAutomobilContract() override;
 
     // Builds the pages and fills them. False when the contract does not exist; the window must not be shown then.
-    [[nodiscard]] bool load();
+    [[nodiscard]] bool load(const OfficeSettings &settings = readSettings());
 
     CDlgAddAutomobilContractBase *basePage() const { return m_base; }
     CDlgAddAutomobilContractMatter *matterPage() const { return m_matter; }
@@ -47,7 +50,8 @@ protected:
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
-    void addPages();
+    static bool edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent);
+    void addPages(const OfficeSettings &settings);
     void applyMode();
     void showContractType(int contractType);
     void showInstalments();

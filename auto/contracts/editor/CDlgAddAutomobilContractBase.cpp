@@ -12,7 +12,9 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -89,9 +91,11 @@ QList<KFormField> formFields()
 
 }
 
-CDlgAddAutomobilContractBase::CDlgAddAutomobilContractBase(ContractEditorMode mode, QWidget *parent)
+CDlgAddAutomobilContractBase::CDlgAddAutomobilContractBase(ContractEditorMode mode, const OfficeSettings &settings,
+                                                           QWidget *parent)
     : ContractEditorPage(mode, QStringLiteral("اطلاعات پایه"), parent)
-    , m_tiers(ContractSettings::load().tiers)
+    , m_tiers(ContractSettings::of(settings).tiers)
+    , m_today(settings.serverTime().date())
 {
     build();
     wireFigures();
@@ -251,6 +255,7 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
         m_form->edit(column("iDocNum"))->clear();
     m_first->fill(contract);
     m_second->fill(contract);
+    showPersons();
     for (const auto &[field, name] : std::as_const(m_figureColumns))
         setCommissionValue(m_figures, field, contract.value(name).toDouble());
     m_figures.first.kind = m_first->kind();
@@ -259,7 +264,7 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     m_second->setShowMode(isShowMode());
 
     if (mode() == ContractEditorMode::New && !contract.m_dateContract.isValid())
-        m_form->dateEdit(column("dateContract"))->setDate(GetDBSetting()->GetDBServerDate().date());
+        m_form->dateEdit(column("dateContract"))->setDate(m_today);
     m_form->control(column("bReturn"))->setVisible(mode() != ContractEditorMode::New);
     m_notes = ContractNotes::notes(contract);
     showNotes();
@@ -268,6 +273,26 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
         m_form->control(mode() == ContractEditorMode::New ? column("dAmount") : column("iCode"))->setFocus(Qt::TabFocusReason);
+}
+
+// Both by one statement.
+void CDlgAddAutomobilContractBase::showPersons()
+{
+    QStringList keys;
+    for (const ContractPartyGroup *group : {m_first, m_second}) {
+        if (const int key = group->personField()->personID(); key > 0)
+            keys.append(QString::number(key));
+    }
+    if (keys.isEmpty())
+        return;
+    CTblPersons person;
+    person.m_filter = QStringLiteral("iID IN (%1)").arg(keys.join(u','));
+    for (person.Open(true, true, true); !person.IsEOF(); person.MoveNext()) {
+        for (ContractPartyGroup *group : {m_first, m_second}) {
+            if (group->personField()->personID() == person.m_iID)
+                group->showPerson(person);
+        }
+    }
 }
 
 void CDlgAddAutomobilContractBase::nameGroups(int contractType)

@@ -7,6 +7,7 @@
 #include "auto/contracts/editor/ContractEditorPage.h"
 #include "suite/utility/forms/KForm.h"
 
+#include <QDate>
 #include <QList>
 #include <QStringList>
 
@@ -16,6 +17,7 @@
 class ArchiveLine;
 class ContractPartyGroup;
 class KEdit;
+class OfficeSettings;
 class QGridLayout;
 class QPushButton;
 
@@ -26,7 +28,8 @@ class CDlgAddAutomobilContractBase final : public ContractEditorPage
     Q_OBJECT
 
 public:
-    explicit CDlgAddAutomobilContractBase(ContractEditorMode mode, QWidget *parent = nullptr);
+    // Settings that were read with the section of the contracts.
+    CDlgAddAutomobilContractBase(ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent = nullptr);
     ~CDlgAddAutomobilContractBase() override;
 
     void fill(CTblAutomobilContracts &contract) override;
@@ -51,6 +54,7 @@ private:
     void wireFigures();
     void recompute(CommissionField changed);
     void showFigures(const CommissionChanges &changes);
+    void showPersons();
     void nameGroups(int contractType);
     void showNotes();
     bool validateAmountAndParties();
@@ -64,7 +68,8 @@ private:
     KEdit *m_notesLine = nullptr;
     QPushButton *m_notesButton = nullptr;
     QStringList m_notes;
-    CommissionTiers m_tiers;
+    const CommissionTiers m_tiers;
+    const QDate m_today; // by the server's clock
     CommissionFields m_figures;
     QList<std::pair<CommissionField, QString>> m_figureColumns;
 };

@@ -17,6 +17,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <algorithm>
+
 namespace {
 
 using Kind = KFormField::Kind;
@@ -171,13 +173,15 @@ void ContractPartyGroup::fill(const CTblAutomobilContracts &contract)
     // The form has set the kind; here the rest follows it without emptying what the contract keeps.
     applyKind();
     const int personID = contract.*(m_side.personID);
-    const QString name = contract.*(m_side.name);
-    if (personID > 0)
-        m_person->setPersonID(personID, name);
-    else
-        m_person->setName(name);
-    showPersonalData(personID);
+    m_person->setPerson(std::max(personID, 0), contract.*(m_side.name));
+    showPersonalData(CTblPersons());
     m_filling = false;
+}
+
+void ContractPartyGroup::showPerson(const CTblPersons &person)
+{
+    m_person->setPerson(person.m_iID, person.m_sName2.isEmpty() ? m_person->name() : person.m_sName2);
+    showPersonalData(person);
 }
 
 void ContractPartyGroup::write(CTblAutomobilContracts &contract) const
@@ -226,7 +230,7 @@ void ContractPartyGroup::kindChosen()
 void ContractPartyGroup::clearPerson()
 {
     m_person->clear();
-    showPersonalData(0);
+    showPersonalData(CTblPersons());
     for (const QString &column : {m_side.nationalId, m_side.address, m_side.tel, m_side.mobile})
         m_form.edit(column)->clear();
 }
@@ -236,8 +240,8 @@ void ContractPartyGroup::takePerson(int personID)
     CTblPersons person;
     if (!person.IsRecordExist(QStringLiteral("iID"), personID))
         return;
-    m_person->setPersonID(personID);
-    showPersonalData(personID);
+    m_person->setPerson(personID, person.m_sName2);
+    showPersonalData(person);
     m_form.edit(m_side.nationalId)->setText(person.m_sNationalCode);
     m_form.edit(m_side.address)->setText(person.m_sAddress);
     m_form.edit(m_side.tel)->setText(person.m_sTel);
@@ -245,11 +249,8 @@ void ContractPartyGroup::takePerson(int personID)
     Q_EMIT personDiscountFound(person.m_dPercentDiscount);
 }
 
-void ContractPartyGroup::showPersonalData(int personID)
+void ContractPartyGroup::showPersonalData(const CTblPersons &person)
 {
-    CTblPersons person;
-    if (personID > 0)
-        person.IsRecordExist(QStringLiteral("iID"), personID);
     m_father->setText(person.m_sFatherName);
     m_identityCity->setText(person.m_sIdentityCity);
     m_identityNumber->setText(person.m_sIdentityNum);

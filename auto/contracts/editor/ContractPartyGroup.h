@@ -13,6 +13,7 @@
 #include <utility>
 
 class CTblAutomobilContracts;
+class CTblPersons;
 class KDateEdit;
 class KEdit;
 class KPersonField;
@@ -59,7 +60,10 @@ public:
     // The form holds the side's fields already.
     ContractPartyGroup(const ContractPartySide &side, KForm &form, QWidget *parent);
 
+    // The contract's own columns; what the record of a person of the list says is added by showPerson.
     void fill(const CTblAutomobilContracts &contract);
+    // Name and personal data of the person whose key the contract keeps.
+    void showPerson(const CTblPersons &person);
     void write(CTblAutomobilContracts &contract) const;
     void setShowMode(bool show);
 
@@ -86,7 +90,7 @@ private:
     void buildPersonRows(class QGridLayout *grid);
     void buildFigureRows(class QGridLayout *grid);
     void kindChosen();
-    void showPersonalData(int personID);
+    void showPersonalData(const CTblPersons &person);
     void clearPerson();
     void takeCompany();
     void applyKind();

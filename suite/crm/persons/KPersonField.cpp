@@ -67,8 +67,13 @@ KPersonField::KPersonField(const QString &label, const QString &clearCaption, QW
 void KPersonField::setPersonID(int id, const QString &nameIfGone)
 {
     const QString name = CTblPersonsMini::GetName(id);
+    setPerson(id, name.isEmpty() ? nameIfGone : name);
+}
+
+void KPersonField::setPerson(int id, const QString &name)
+{
     m_personID = id;
-    m_name->setText(name.isEmpty() ? nameIfGone : name);
+    m_name->setText(name);
     m_name->setCursorPosition(0);
     enableButtons();
 }
@@ -87,10 +92,7 @@ QString KPersonField::name() const
 
 void KPersonField::setName(const QString &name)
 {
-    m_personID = 0;
-    m_name->setText(name);
-    m_name->setCursorPosition(0);
-    enableButtons();
+    setPerson(0, name);
 }
 
 void KPersonField::setNameEditable(bool editable)

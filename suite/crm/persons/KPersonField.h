@@ -27,6 +27,8 @@ public:
     int personID() const { return m_personID; }
     // Shows the person's name; when the person is gone, the name given instead. Not an act of the user: changed stays silent.
     void setPersonID(int id, const QString &nameIfGone = {});
+    // The same with the name as given, where the person has been read; 0 shows a name that is nobody's.
+    void setPerson(int id, const QString &name);
     // Nobody and no name; changed stays silent.
     void clear();
 
