@@ -259,6 +259,7 @@ void CDlgChartOfAccounts::refill()
         return;
     }
     const KWaitCursor wait;
+    m_closed = GetDBSetting()->IsClosedDB();
     m_rows = ChartRows::read(m_from->dateTime(), m_to->dateTime());
     showRows();
 }
@@ -349,9 +350,8 @@ const ChartRows::Row *CDlgChartOfAccounts::currentRow() const
 
 void CDlgChartOfAccounts::updateCommands()
 {
-    const bool blocked = GetDBSetting()->IsClosedDB();
     for (QPushButton *button : std::as_const(m_changing))
-        button->setVisible(!blocked);
+        button->setVisible(!m_closed);
     const ChartRows::Row *row = currentRow();
     m_addBelow->setEnabled(row && row->level != AccountLevel::Tafsily);
     m_rename->setEnabled(row);

@@ -66,6 +66,7 @@ private:
     void guarded(void (CDlgChartOfAccounts::*command)());
     void showRows();
     void fitColumns();
+    // Asks the database nothing: it follows the cursor.
     void updateCommands();
     const ChartRows::Row *currentRow() const;
     QStandardItem *findItem(int code) const;
@@ -86,4 +87,5 @@ private:
     QPushButton *m_documents = nullptr;
     QList<QPushButton *> m_changing;
     bool m_opened = false;
+    bool m_closed = false; // the database, when the accounts were read
 };

@@ -53,7 +53,8 @@ QVector<KListModel::Column> listColumns()
             {QStringLiteral("وضعیت"), Qt::AlignCenter, 80}};
 }
 
-KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, double amount, bool paid)
+KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, double amount, bool paid,
+                        const QDate &today)
 {
     KListModel::Row row{key,
                         {{QString::number(number), number},
@@ -61,7 +62,7 @@ KListModel::Row listRow(int key, int number, const QDate &due, const QString &de
                          {description},
                          {DToMoney(amount), amount},
                          {WordLists::textAt(WordLists::paymentStates(), paid ? 1 : 0)}}};
-    row.warning = key > 0 && !paid && due < GetDBSetting()->GetDBServerDate().date();
+    row.warning = key > 0 && !paid && due < today;
     return row;
 }
 
@@ -69,6 +70,7 @@ KListModel::Row listRow(int key, int number, const QDate &due, const QString &de
 
 CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal, QWidget *parent)
     : KDialog(parent)
+    , m_settings(OfficeSettings::read())
     , m_contractID(contractID)
     , m_personID(personID)
 {
@@ -134,7 +136,7 @@ QWidget *CDlgCalcPayment::buildTerms(double principal)
     m_principal->setNumber(principal);
     addLabelled(grid, 0, 0, QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), m_principal);
     m_start = new KDateEdit(box);
-    m_start->setDate(GetDBSetting()->GetDBServerDate().date());
+    m_start->setDate(m_settings.serverTime().date());
     addLabelled(grid, 1, 0, QStringLiteral(" شروع تاريخ :"), m_start);
     m_rate = new KEdit(KEdit::Kind::Percent, box);
     addLabelled(grid, 2, 0, QStringLiteral("درصد بهره :"), m_rate);
@@ -236,13 +238,13 @@ bool CDlgCalcPayment::changesAllowed() const
 
 void CDlgCalcPayment::updateButtons()
 {
-    const bool changes = changesAllowed();
+    const bool changes = !m_readOnly && !m_anyPaid && !m_settings.isClosed();
     for (const QString &caption : {calculateCaption, saveCaption, deleteCaption})
         button(caption)->setEnabled(changes);
     const int key = m_list->currentKey();
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &row) { return row.id == key; });
     // A contract that was never confirmed can still be cancelled, and a receipt would outlive it.
-    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !GetDBSetting()->IsClosedDB() && key > 0 && selected != m_stored.cend() && !selected->paid);
+    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !m_settings.isClosed() && key > 0 && selected != m_stored.cend() && !selected->paid);
 }
 
 InstalmentTerms CDlgCalcPayment::terms() const
@@ -312,11 +314,12 @@ void CDlgCalcPayment::calculate()
 
 void CDlgCalcPayment::showPlan()
 {
+    const QDate today = m_settings.serverTime().date();
     QVector<KListModel::Row> rows;
     int number = 0;
     for (const Instalment &instalment : m_plan->instalments) {
         ++number;
-        rows.append(listRow(-number, number, instalment.due, QString(), instalment.amount, false));
+        rows.append(listRow(-number, number, instalment.due, QString(), instalment.amount, false, today));
     }
     m_list->setRows(std::move(rows));
     m_total->setNumber(m_plan->total);
@@ -336,11 +339,12 @@ void CDlgCalcPayment::loadPlan()
 
 void CDlgCalcPayment::showStored(const std::vector<StoredInstalments::Row> &stored)
 {
+    const QDate today = m_settings.serverTime().date();
     QVector<KListModel::Row> rows;
     double total = 0;
     double interest = 0;
     for (const StoredInstalments::Row &row : stored) {
-        rows.append(listRow(row.id, static_cast<int>(rows.size()) + 1, row.due.date(), row.description, row.amount, row.paid));
+        rows.append(listRow(row.id, static_cast<int>(rows.size()) + 1, row.due.date(), row.description, row.amount, row.paid, today));
         total += row.amount;
         interest += row.interest;
     }

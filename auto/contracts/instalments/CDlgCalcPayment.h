@@ -5,6 +5,7 @@
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -61,8 +62,10 @@ private:
     void updateButtons();
     bool refuse(const QString &message, QWidget *field);
     void guarded(void (CDlgCalcPayment::*command)());
+    // Asks the database: for a command that is about to change the plan.
     bool changesAllowed() const;
 
+    const OfficeSettings m_settings; // as the window's opening found them
     int m_contractID;
     int m_personID;
     int m_contractCode = 0;

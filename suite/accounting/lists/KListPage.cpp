@@ -190,7 +190,7 @@ QWidget *KListPage::buildPrintMenu()
     QAction *arrange = add(QStringLiteral("چیدمان گزارش"), QStringLiteral(":/icons/settings.svg"),
                            [this](ListReport &report) { CDlgReportGenerator::arrange(report, this); });
     // A layout is data of the office.
-    connect(menu, &QMenu::aboutToShow, arrange, [arrange] { arrange->setVisible(!GetDBSetting()->IsClosedDB()); });
+    connect(menu, &QMenu::aboutToShow, arrange, [this, arrange] { arrange->setVisible(!m_closed); });
     // Not set as the button's menu: the style would draw a second arrow.
     connect(arrow, &QToolButton::clicked, menu,
             [arrow, menu] { menu->popup(arrow->mapToGlobal(QPoint(0, -menu->sizeHint().height()))); });
@@ -264,6 +264,7 @@ void KListPage::open()
         return;
     m_opened = true;
     readSettings();
+    m_closed = GetDBSetting()->IsClosedDB();
     applyMode();
     updateCommands();
     opening();
@@ -372,7 +373,7 @@ bool KListPage::isKnownSort(const QString &sort) const
 
 void KListPage::applyMode()
 {
-    const bool blocked = isChangeBlocked();
+    const bool blocked = isReadOnly();
     bool isFirst = true;
     for (const Command &entry : m_commands) {
         const int options = entry.command.options;

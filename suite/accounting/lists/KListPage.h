@@ -156,9 +156,10 @@ protected:
 
     // --- What the base offers to it ---
     void build();
-    // Read-only mode or a closed database: nothing may be changed.
+    // Read-only mode, or a database that was closed when the page was opened: nothing to change is offered.
+    bool isReadOnly() const { return m_readOnlyMode || m_closed; }
+    // Read-only mode, or a database that is closed now, which is asked: for a command that is about to change something.
     bool isChangeBlocked() const;
-    bool isReadOnlyMode() const { return m_readOnlyMode; }
     bool isOpened() const { return m_opened; }
     // Loads the selected row by its key; false without a selection or when the row has vanished.
     bool loadSelected(KMySQL &record) const;
@@ -220,6 +221,7 @@ private:
     QString m_section;
     KListTraits m_traits;
     bool m_readOnlyMode = false;
+    bool m_closed = false; // the database, when the page was opened
     bool m_selectMode = false;
     bool m_opened = false;
     bool m_exchangingRows = false;

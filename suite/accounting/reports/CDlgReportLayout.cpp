@@ -4,6 +4,7 @@
 #include "suite/accounting/reports/CDlgReportLayout.h"
 
 #include "suite/accounting/reports/CTblReportLayouts.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -237,14 +238,9 @@ void CDlgReportLayout::saveLayout()
     if (m_name->findText(name) >= 0
         && g_pDlgYesNo->Ask(QStringLiteral("قالبی با این نام ذخیره شده است. آیا جایگزین شود؟"), this) == KMessageDialog::No)
         return;
-    try {
+    changeStored(name, [&] {
         CTblReportLayouts::save(m_report.group(), m_report.report(), name, layoutOfFields(), m_default->isChecked());
-        m_storedChanged = true;
-        fillNames(name);
-    } catch (const KAccountingError &error) {
-        g_pDlgWarning->Show(error.userMessage(), this);
-        m_name->setFocus();
-    }
+    });
 }
 
 void CDlgReportLayout::deleteLayout()
@@ -253,9 +249,20 @@ void CDlgReportLayout::deleteLayout()
     if (m_name->findText(name) < 0
         || g_pDlgYesNo->Ask(QStringLiteral("آیا از حذف این قالب اطمینان دارید؟"), this) == KMessageDialog::No)
         return;
-    CTblReportLayouts::remove(m_report.group(), m_report.report(), name);
-    m_storedChanged = true;
-    fillNames({});
+    changeStored({}, [&] { CTblReportLayouts::remove(m_report.group(), m_report.report(), name); });
+}
+
+void CDlgReportLayout::changeStored(const QString &nameAfterwards, const std::function<void()> &work)
+{
+    try {
+        GetDBSetting()->RequireOpenDB();
+        work();
+        m_storedChanged = true;
+        fillNames(nameAfterwards);
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+        m_name->setFocus();
+    }
 }
 
 bool CDlgReportLayout::OnOK()

@@ -9,6 +9,8 @@
 
 #include <QMap>
 
+#include <functional>
+
 class KEdit;
 class QCheckBox;
 class QComboBox;
@@ -54,6 +56,8 @@ private:
     void moveColumn(int places);
     int currentRow() const;
     bool hasColumns();
+    // Runs work on the stored layouts, which a closed database refuses, and offers their names anew.
+    void changeStored(const QString &nameAfterwards, const std::function<void()> &work);
 
     ListReport m_report;
     bool m_storedChanged = false;

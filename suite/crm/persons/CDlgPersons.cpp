@@ -199,8 +199,8 @@ void CDlgPersons::notice(qsizetype rows)
     if (rows >= rowLimit())
         text = QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید.");
     else if (rows == 0 && !m_search->text().trimmed().isEmpty())
-        text = isChangeBlocked() ? QStringLiteral("کسی پیدا نشد.")
-                                 : QStringLiteral("کسی پیدا نشد؛ با «جديد» شخص تازه ای اضافه کنید.");
+        text = isReadOnly() ? QStringLiteral("کسی پیدا نشد.")
+                            : QStringLiteral("کسی پیدا نشد؛ با «جديد» شخص تازه ای اضافه کنید.");
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
 }

@@ -22,6 +22,7 @@
 
 CDlgDueAlarms::CDlgDueAlarms(const QList<CTblAlarm::Due> &due, QWidget *parent)
     : KDialog(parent)
+    , m_closed(GetDBSetting()->IsClosedDB())
     , m_list(new KExtListCtrl(this))
 {
     setWindowTitle(QStringLiteral("یادآوری ها"));
@@ -92,10 +93,9 @@ void CDlgDueAlarms::fill(const QList<CTblAlarm::Due> &due)
 // Nothing is changed in a closed database; its reminders are only read.
 void CDlgDueAlarms::updateButtons()
 {
-    const bool closed = GetDBSetting()->IsClosedDB();
     const bool selected = m_list->currentKey() > 0;
     for (QPushButton *button : {m_done, m_postpone}) {
-        button->setHidden(closed);
+        button->setHidden(m_closed);
         button->setEnabled(selected);
     }
 }

@@ -32,6 +32,7 @@ private:
     void edit(int key);
     void takeOff(int key);
 
+    const bool m_closed; // the database, when the window was opened
     QList<CTblAlarm::Due> m_due;
     KExtListCtrl *m_list;
     QPushButton *m_done = nullptr;

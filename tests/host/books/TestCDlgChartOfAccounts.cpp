@@ -11,6 +11,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModel>
@@ -38,6 +39,8 @@ private Q_SLOTS:
     void rightsOfEachCommand_data();
     void rightsOfEachCommand();
     void closedDatabaseHidesTheCommands();
+    void databaseClosedWhileThePageIsOpenIsNotChanged();
+    void movingTheCursorAsksTheServerNothing();
     void accountIsAddedBelowTheSelectedOne();
     void generalAccountIsAdded();
     void detailAccountsHaveNothingBelow();
@@ -254,6 +257,38 @@ void TestCDlgChartOfAccounts::closedDatabaseHidesTheCommands()
     for (const QString &command : {addGeneral, addBelow, renameCaption, toggle})
         QVERIFY(button(page, command)->isHidden());
     QVERIFY(!button(page, sheet)->isHidden());
+}
+
+void TestCDlgChartOfAccounts::databaseClosedWhileThePageIsOpenIsNotChanged()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(6201);
+    GetDBSetting()->SetClosedDB(true);
+    const QString before = value("SELECT GROUP_CONCAT(iCode,sName,iStatus) FROM HesabMoeen");
+    for (const QString &command : {addGeneral, addBelow, renameCaption, toggle})
+        button(page, command)->click();
+    QVERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(value("SELECT GROUP_CONCAT(iCode,sName,iStatus) FROM HesabMoeen"), before);
+    // The next reading takes the commands away.
+    page.refill();
+    QVERIFY(button(page, addGeneral)->isHidden());
+}
+
+void TestCDlgChartOfAccounts::movingTheCursorAsksTheServerNothing()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    QVERIFY(page.selectCode(6201));
+    const ObservedStatements observed({QString()});
+    QTest::keyClick(page.tree(), Qt::Key_Down);
+    QCOMPARE(page.currentCode(), 620101);
+    QTest::keyClick(page.tree(), Qt::Key_Down);
+    QCOMPARE(page.currentCode(), int(BooksOffice::water));
+    QVERIFY(!button(page, addBelow)->isEnabled());
+    QTest::keyClick(page.tree(), Qt::Key_Home);
+    QVERIFY(button(page, addBelow)->isEnabled());
+    QCOMPARE(observed.taken(), QStringList());
 }
 
 void TestCDlgChartOfAccounts::accountIsAddedBelowTheSelectedOne()

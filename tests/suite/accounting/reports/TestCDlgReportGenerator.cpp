@@ -279,6 +279,23 @@ private Q_SLOTS:
         QVERIFY(!button(&generator, QStringLiteral("ذخیره PDF"))->isHidden());
     }
 
+    void databaseClosedMeanwhileKeepsItsLayouts()
+    {
+        CTblReportLayouts::save(group, name, QStringLiteral("درشت"), sampleReport(1).layout(), false);
+        CDlgReportLayout dialog(sampleReport(1));
+        GetDBSetting()->SetClosedDB(true);
+        auto *names = field<QComboBox>(&dialog, QStringLiteral("نام قالب :"));
+        names->setEditText(QStringLiteral("تازه"));
+        click(&dialog, QStringLiteral("ذخیره"));
+        names->setEditText(QStringLiteral("درشت"));
+        click(&dialog, QStringLiteral("حذف"));
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList(2, QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.")));
+        QVERIFY(!dialog.storedChanged());
+        QCOMPARE(CTblReportLayouts::entries(group, name).size(), 1);
+    }
+
     void longWorkIsStoppedByItsButtonAndLeavesNoFile()
     {
         const ListReport report = sampleReport(5'000);
