@@ -7,6 +7,7 @@
 #include "auto/catalog/CatalogImportDesk.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
@@ -187,7 +188,8 @@ void CDlgCarsAll::start()
 
 bool CDlgCarsAll::isChangeBlocked() const
 {
-    return GetDBSetting()->IsClosedDB() || GetDBSetting()->IsCatalogLocked();
+    const OfficeSettings settings = OfficeSettings::read();
+    return settings.isClosed() || settings.isCatalogLocked();
 }
 
 void CDlgCarsAll::applyMode()

@@ -4,6 +4,7 @@
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
@@ -60,13 +61,14 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
 {
     setWindowTitle(QStringLiteral("تنظيمات"));
     SetSettingName(QStringLiteral("AutomobilContractSetting"));
+    const OfficeSettings settings = OfficeSettings::read({ContractSettings::section()});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(createTaxGroup());
-    layout->addWidget(createTierGroup());
+    layout->addWidget(createTierGroup(settings.moneyUnitName()));
     layout->addLayout(createDemandLine());
     layout->addStretch();
     layout->addWidget(createButtons());
-    showSettings(ContractSettings::load());
+    showSettings(ContractSettings::of(settings));
 }
 
 QWidget *CDlgAutomobilContractSetting::createTaxGroup()
@@ -86,11 +88,10 @@ QWidget *CDlgAutomobilContractSetting::createTaxGroup()
     return group;
 }
 
-QWidget *CDlgAutomobilContractSetting::createTierGroup()
+QWidget *CDlgAutomobilContractSetting::createTierGroup(const QString &moneyUnit)
 {
     auto *group = new QGroupBox;
     auto *grid = new QGridLayout(group);
-    const QString moneyUnit = GetDBSetting()->MoneyUnitName();
     for (int tier = 0; tier < int(m_tiers.size()); ++tier)
         createTierRow(grid, tier, moneyUnit);
     connect(m_thirdInUse, &QCheckBox::toggled, this, &CDlgAutomobilContractSetting::showThirdTier);

@@ -35,7 +35,7 @@ private:
     };
 
     QWidget *createTaxGroup();
-    QWidget *createTierGroup();
+    QWidget *createTierGroup(const QString &moneyUnit);
     QLayout *createDemandLine();
     void createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit);
     void showSettings(const ContractSettings &settings);

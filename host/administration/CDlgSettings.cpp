@@ -5,6 +5,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -22,15 +23,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
-
-constexpr int mostDecimals = 4;
-
+CDlgSettings::CDlgSettings(QWidget *parent)
+    : CDlgSettings(OfficeSettings::read(), parent)
+{
 }
 
-CDlgSettings::CDlgSettings(QWidget *parent)
+CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
-    , m_wasClosed(GetDBSetting()->IsClosedDB())
+    , m_wasClosed(settings.isClosed())
 {
     setWindowTitle(QStringLiteral("تنظیمات"));
     auto *column = new QVBoxLayout(this);
@@ -41,7 +41,7 @@ CDlgSettings::CDlgSettings(QWidget *parent)
     column->addWidget(buildDatabase());
     column->addWidget(createButtons());
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
-    load();
+    load(settings);
 }
 
 QGroupBox *CDlgSettings::buildCompany()
@@ -64,7 +64,7 @@ QGroupBox *CDlgSettings::buildMoney()
     m_unit = new KEdit(box);
     m_unit->setMaxLength(20);
     m_decimals = new QComboBox(box);
-    for (int decimals = 0; decimals <= mostDecimals; ++decimals)
+    for (int decimals = 0; decimals <= OfficeSettings::mostDecimals; ++decimals)
         m_decimals->addItem(QString::number(decimals));
     addLabelled(form, QStringLiteral("نام واحد پول :"), m_unit);
     addLabelled(form, QStringLiteral("رقم‌های اعشار :"), m_decimals);
@@ -112,14 +112,13 @@ QGroupBox *CDlgSettings::buildDatabase()
     return box;
 }
 
-void CDlgSettings::load()
+void CDlgSettings::load(const OfficeSettings &settings)
 {
-    const CDBSetting *setting = GetDBSetting();
-    m_unit->setText(setting->MoneyUnitName());
-    m_decimals->setCurrentIndex(setting->MoneyDecimals());
-    m_fiscalYear->setNumber(setting->FiscalYear());
-    m_opening->setDateTime(setting->FiscalYearOpeningDate());
-    m_catalogLocked->setChecked(setting->IsCatalogLocked());
+    m_unit->setText(settings.moneyUnitName());
+    m_decimals->setCurrentIndex(settings.moneyDecimals());
+    m_fiscalYear->setNumber(settings.fiscalYear());
+    m_opening->setDateTime(settings.fiscalYearOpeningDate());
+    m_catalogLocked->setChecked(settings.isCatalogLocked());
     m_closed->setChecked(m_wasClosed);
 }
 

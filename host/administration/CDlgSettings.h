@@ -7,6 +7,7 @@
 
 class KDateEdit;
 class KEdit;
+class OfficeSettings;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -24,12 +25,13 @@ protected:
     bool OnOK() override;
 
 private:
+    CDlgSettings(const OfficeSettings &settings, QWidget *parent);
     QGroupBox *buildCompany();
     QGroupBox *buildMoney();
     QGroupBox *buildFiscalYear();
     QGroupBox *buildCatalog();
     QGroupBox *buildDatabase();
-    void load();
+    void load(const OfficeSettings &settings);
     bool validate();
     bool refuse(const QString &message, QWidget *field);
     void store();

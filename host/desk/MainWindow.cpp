@@ -19,6 +19,7 @@
 #include "host/books/CDlgFactors.h"
 #include "host/books/CDlgServices.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -194,15 +195,15 @@ void MainWindow::buildStatusBar()
 void MainWindow::refresh()
 {
     const CDBSetting *setting = GetDBSetting();
+    const OfficeSettings shared = OfficeSettings::read();
     const QString office = CompanyDetails::read().name();
     const QString program = QStringLiteral("گالری اتومبیل");
     setWindowTitle(office.isEmpty() ? program : office + QStringLiteral(" - ") + program);
     m_user->setText(QStringLiteral("کاربر : %1").arg(setting->GetUserFullName()));
     m_database->setText(QStringLiteral("پایگاه داده : %1").arg(DatabaseInfo::name()));
-    m_fiscalYear->setText(QStringLiteral("سال مالی : %1").arg(setting->FiscalYear()));
-    const bool closed = setting->IsClosedDB();
-    m_closedMark->setText(closed ? QStringLiteral("پایگاه داده بسته است") : QString());
-    m_closedMark->setVisible(closed);
+    m_fiscalYear->setText(QStringLiteral("سال مالی : %1").arg(shared.fiscalYear()));
+    m_closedMark->setText(shared.isClosed() ? QStringLiteral("پایگاه داده بسته است") : QString());
+    m_closedMark->setVisible(shared.isClosed());
     showDate();
     m_reminders->refresh();
     m_startPage->setGreeting(QStringLiteral("سلام %1").arg(setting->GetUserFullName()),

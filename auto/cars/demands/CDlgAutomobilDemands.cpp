@@ -163,7 +163,7 @@ KListTraits CDlgAutomobilDemands::traits() const
 // Nobody asked for it now: who may not archive is told nothing, and what fails is done at the next opening.
 void CDlgAutomobilDemands::opening()
 {
-    if (isChangeBlocked() || !KSecurity::IsGranted(archiveRights(), KSecurity::Access))
+    if (isReadOnly() || !KSecurity::IsGranted(archiveRights(), KSecurity::Access))
         return;
     try {
         DemandArchiving::archiveOldOnes(GetDBSetting()->GetUserID());
@@ -286,11 +286,11 @@ void CDlgAutomobilDemands::addDemand()
 
 void CDlgAutomobilDemands::editDemand()
 {
-    CTblAutomobilDemands demand;
-    if (isChangeBlocked() || isSelectMode() || !CheckModifySecurity() || !loadSelected(demand))
+    const int key = list()->currentKey();
+    if (key <= 0 || isChangeBlocked() || isSelectMode() || !CheckModifySecurity())
         return;
     bool changed = false;
-    if (CDlgAddAutomobilDemand::EditDemand(demand.m_iID, changed, this) || changed)
+    if (CDlgAddAutomobilDemand::EditDemand(key, changed, this) || changed)
         refill();
 }
 

@@ -378,12 +378,12 @@ void CDlgAutomobilInformations::addCar()
 
 void CDlgAutomobilInformations::editCar()
 {
-    CTblAutomobilInformations car;
-    if (isSelectMode() || isChangeBlocked() || !CheckModifySecurity() || !loadSelected(car))
+    const int key = list()->currentKey();
+    if (key <= 0 || isSelectMode() || isChangeBlocked() || !CheckModifySecurity())
         return;
     // Taken out of the archive on the way, a car is another one also for who then cancelled.
     bool changed = false;
-    if (CDlgAddAutomobilInformation::EditCar(car.m_iID, false, this, &changed) || changed)
+    if (CDlgAddAutomobilInformation::EditCar(key, false, this, &changed) || changed)
         refill();
 }
 

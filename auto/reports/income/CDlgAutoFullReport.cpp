@@ -5,6 +5,7 @@
 
 #include "auto/reports/income/IncomeChart.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -88,11 +89,16 @@ KListModel::Row totalRow(const QString &name, const AccountBalance &balance)
 }
 
 CDlgAutoFullReport::CDlgAutoFullReport(QWidget *parent)
+    : CDlgAutoFullReport(OfficeSettings::read(), parent)
+{
+}
+
+CDlgAutoFullReport::CDlgAutoFullReport(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
     , m_from(new KDateEdit)
     , m_to(new KDateEdit)
     , m_list(new KExtListCtrl)
-    , m_chart(new IncomeChart)
+    , m_chart(new IncomeChart(settings.moneyUnitName()))
     , m_count(new QLabel(QStringLiteral("تعداد : -")))
 {
     SetFormName(QStringLiteral("AutoFullReport"));
@@ -119,8 +125,8 @@ CDlgAutoFullReport::CDlgAutoFullReport(QWidget *parent)
     layout->addWidget(buildFoot());
     resize(1100, 640);
 
-    const int fiscalYear = GetDBSetting()->FiscalYear();
-    m_from->setDateTime(GetDBSetting()->FiscalYearOpeningDate());
+    const int fiscalYear = settings.fiscalYear();
+    m_from->setDateTime(settings.fiscalYearOpeningDate());
     m_to->setDate(ConvertToMiladi(fiscalYear, 12, shamsiDaysInMonth(fiscalYear, 12)));
     setChoiceMode(false);
     readSettings();

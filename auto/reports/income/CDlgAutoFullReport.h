@@ -12,6 +12,7 @@
 class IncomeChart;
 class KDateEdit;
 class KExtListCtrl;
+class OfficeSettings;
 class QLabel;
 class QPushButton;
 
@@ -52,6 +53,7 @@ protected:
     void done(int result) override;
 
 private:
+    CDlgAutoFullReport(const OfficeSettings &settings, QWidget *parent);
     QWidget *buildFilter();
     QWidget *buildFoot();
     void readSettings();

@@ -3,7 +3,6 @@
 
 #include "auto/reports/income/IncomeChart.h"
 
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/values/Money.h"
 
 #include <QBarCategoryAxis>
@@ -124,7 +123,7 @@ void fitNames(QChart &chart, const QFont &font, qsizetype bars)
         axes.constFirst()->setLabelsFont(fitting);
 }
 
-std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const Look &look)
+std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, const Look &look)
 {
     auto chart = std::make_unique<QChart>();
     QHorizontalStackedBarSeries *series = makeSeries(bars);
@@ -136,7 +135,6 @@ std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const Look &look)
     chart->setBackgroundRoundness(0);
     chart->legend()->setAlignment(Qt::AlignBottom);
     chart->legend()->setReverseMarkers(true); // income first, which is on the right
-    const QString money = GetDBSetting()->MoneyUnitName();
     chart->setTitle(bars.unit > 1 ? QStringLiteral("درآمد ها و هزینه ها (میلیون %1)").arg(money)
                                   : QStringLiteral("درآمد ها و هزینه ها (%1)").arg(money));
     QBarCategoryAxis *names = makeNames(bars);
@@ -153,8 +151,9 @@ std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const Look &look)
 
 }
 
-IncomeChart::IncomeChart(QWidget *parent)
+IncomeChart::IncomeChart(const QString &moneyUnit, QWidget *parent)
     : QWidget(parent)
+    , m_moneyUnit(moneyUnit)
     , m_view(new QChartView)
 {
     m_view->setRenderHint(QPainter::Antialiasing);
@@ -190,7 +189,7 @@ void IncomeChart::rebuild()
 {
     const Look look{palette().color(QPalette::WindowText), palette().brush(QPalette::Base), font()};
     const std::unique_ptr<QChart> before(m_view->chart());
-    m_view->setChart(makeChart(m_bars, look).release());
+    m_view->setChart(makeChart(m_bars, m_moneyUnit, look).release());
     auto *series = static_cast<QAbstractBarSeries *>(m_view->chart()->series().constFirst());
     connect(series, &QAbstractBarSeries::hovered, this, &IncomeChart::tell);
 }
@@ -211,7 +210,7 @@ void IncomeChart::draw(QPainter &painter, const QRectF &rectangle, const QString
     const QSizeF size(width, width * rectangle.height() / rectangle.width());
     QGraphicsScene scene;
     const Look look{Qt::black, QBrush(Qt::white), font()};
-    std::unique_ptr<QChart> chart = makeChart(m_bars, look);
+    std::unique_ptr<QChart> chart = makeChart(m_bars, m_moneyUnit, look);
     chart->setTitle(heading.toHtmlEscaped() + QStringLiteral("<br>") + chart->title());
     chart->resize(size);
     scene.addItem(chart.release());

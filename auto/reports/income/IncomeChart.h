@@ -18,7 +18,7 @@ class IncomeChart : public QWidget
     Q_OBJECT
 
 public:
-    explicit IncomeChart(QWidget *parent = nullptr);
+    explicit IncomeChart(const QString &moneyUnit, QWidget *parent = nullptr);
 
     void setReport(const ComprehensiveReport &report);
     // Draws the chart over the whole rectangle, the heading above its title, in dark on light, whatever the window's size and
@@ -35,6 +35,7 @@ private:
     void rebuild();
     void tell(bool over, int index);
 
+    const QString m_moneyUnit;
     IncomeBars m_bars;
     QChartView *m_view;
 };

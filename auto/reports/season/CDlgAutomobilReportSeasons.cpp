@@ -226,7 +226,7 @@ void CDlgAutomobilReportSeasons::openOnToday()
     m_minimumAmount->setNumber(highestMinimumAmount);
     m_seasons->button(Season::ofMonth(today.month))->setChecked(true);
     m_year->setNumber(today.year);
-    m_list->setColumns(seasonalColumns(query().kind));
+    m_list->setColumns(seasonalColumns(chosenKind()));
     startGathering();
 }
 
@@ -240,10 +240,15 @@ void CDlgAutomobilReportSeasons::showEvent(QShowEvent *event)
     m_list->setFocus();
 }
 
+SeasonalGathering::Kind CDlgAutomobilReportSeasons::chosenKind() const
+{
+    return m_kinds->checkedId() == 0 ? SeasonalGathering::Kind::Sales : SeasonalGathering::Kind::Purchases;
+}
+
 SeasonalGathering::Query CDlgAutomobilReportSeasons::query() const
 {
     SeasonalGathering::Query query;
-    query.kind = m_kinds->checkedId() == 0 ? SeasonalGathering::Kind::Sales : SeasonalGathering::Kind::Purchases;
+    query.kind = chosenKind();
     query.season = m_seasons->checkedId();
     query.shamsiYear = m_year->integer();
     query.minimumAmount = m_minimumAmount->number();

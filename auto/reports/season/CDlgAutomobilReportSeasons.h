@@ -78,6 +78,7 @@ private:
     QWidget *buildTotals();
     QWidget *buildProgress();
     QWidget *buildCommands();
+    SeasonalGathering::Kind chosenKind() const;
     void openOnToday();
     void startGathering();
     void takeRows(const QVector<SeasonalRow> &rows);

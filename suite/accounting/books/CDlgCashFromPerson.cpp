@@ -30,6 +30,7 @@ constexpr int longestDescription = 500;
 
 CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent)
     : KDialog(parent)
+    , m_settings(OfficeSettings::read())
     , m_personID(personID)
     , m_person(new KEdit)
     , m_amount(new KEdit(KEdit::Kind::Money))
@@ -45,7 +46,7 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
     m_person->setCursorPosition(0);
     m_amount->setNumber(amount);
     m_desc->setText(desc);
-    m_date->setDate(GetDBSetting()->GetDBServerDate().date());
+    m_date->setDate(m_settings.serverTime().date());
     fillAccounts();
     showWords(amount);
     m_amount->setFocus();
@@ -68,7 +69,7 @@ void CDlgCashFromPerson::build()
 
     auto *amountLine = new QHBoxLayout;
     amountLine->addWidget(m_amount, 1);
-    amountLine->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()));
+    amountLine->addWidget(new QLabel(m_settings.moneyUnitName()));
 
     auto *form = new QFormLayout;
     addLabelled(form, QStringLiteral("شخص :"), m_person);
@@ -96,7 +97,7 @@ void CDlgCashFromPerson::fillAccounts()
 void CDlgCashFromPerson::showWords(double amount)
 {
     m_words->setText(IsEquals(amount, 0) ? QString()
-                                         : QStringLiteral("%1 %2").arg(amountInWords(amount), GetDBSetting()->MoneyUnitName()));
+                                         : QStringLiteral("%1 %2").arg(amountInWords(amount), m_settings.moneyUnitName()));
 }
 
 bool CDlgCashFromPerson::OnOK()

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;
@@ -33,6 +34,7 @@ private:
     void fillAccounts();
     void showWords(double amount);
 
+    const OfficeSettings m_settings; // as the window's opening found them
     int m_personID;
     int m_docNum = 0;
     KEdit *m_person;

@@ -8,6 +8,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 namespace {
@@ -27,21 +28,22 @@ QString titleOf(EditorMode mode)
 
 }
 
-int CDlgAddAutomobilDemand::addPlaceholder()
+int CDlgAddAutomobilDemand::addPlaceholder(const QDateTime &now)
 {
     CTblAutomobilDemands demand;
     demand.Open(true, false, true);
     demand.AddNew();
     demand.m_iCode = CTblAutomobilDemands::nextCode();
-    demand.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    demand.m_dateCreate = now;
     demand.Update(true);
     return static_cast<int>(demand.GetLastInsertedID());
 }
 
 int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)
 {
-    GetDBSetting()->RequireOpenDB();
-    const int key = addPlaceholder();
+    const OfficeSettings settings = OfficeSettings::read();
+    settings.requireOpen();
+    const int key = addPlaceholder(settings.serverTime());
     const bool confirmed = NewRecord::keptByEditor<CTblAutomobilDemands>(key, [&] {
         CDlgAddAutomobilDemand dialog(key, EditorMode::New, parent);
         return dialog.load() && dialog.exec() == QDialog::Accepted;

@@ -24,7 +24,7 @@ public:
     static void ShowDemand(int demandID, bool &refresh, QWidget *parent);
 
     // The row that a new demand starts as; its key. Part of NewDemand.
-    static int addPlaceholder();
+    static int addPlaceholder(const QDateTime &now = GetDBSetting()->GetDBServerDate());
 
     CDlgAddAutomobilDemand(int demandID, EditorMode mode, QWidget *parent = nullptr);
     ~CDlgAddAutomobilDemand() override;

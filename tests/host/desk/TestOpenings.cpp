@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/desk/MainWindow.h"
+
+#include "auto/CAutoDBSetting.h"
+#include "auto/reports/season/CDlgAutomobilReportSeasons.h"
+#include "host/demo/DemoData.h"
+#include "host/desk/WorkArea.h"
+#include "host/start/CDlgLogin.h"
+#include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/lists/KListPage.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/values/KSettings.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/support/Hand.h"
+#include "tests/support/ObservedStatements.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+// Entries of the menu, commands of the lists.
+const QString contracts = QStringLiteral("قرارداد");
+const QString demands = QStringLiteral("تقاضا");
+const QString cars = QStringLiteral("گالري اتومبيل");
+const QString persons = QStringLiteral("اشخاص");
+const QString documents = QStringLiteral("اسناد حسابداری");
+const QString invoices = QStringLiteral("فاکتورها");
+const QString create = QStringLiteral("جديد");
+const QString edit = QStringLiteral("ويرايش");
+const QString show = QStringLiteral("نمايش");
+
+}
+
+// What opening a window costs: in a demo office, from the command to the painted window, the statements that read. No window
+// may ask the same thing twice on the way.
+class TestOpenings : public QObject
+{
+    Q_OBJECT
+
+    TestDatabase m_database;
+    QTemporaryDir m_folder;
+    std::unique_ptr<MainWindow> m_window;
+
+    QAction *action(const QString &text) const
+    {
+        for (QAction *candidate : m_window->findChildren<QAction *>()) {
+            if (candidate->text() == text && !candidate->menu())
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    // What the command reads until the window that it opens is painted; a modal one is closed again then.
+    static QStringList readBy(const std::function<void()> &command, bool isModal)
+    {
+        QStringList taken;
+        const ObservedStatements observed({QStringLiteral("SELECT")});
+        if (isModal) {
+            Hand::inNextWindow([&](QDialog *dialog) {
+                QVERIFY(QTest::qWaitForWindowExposed(dialog));
+                QCoreApplication::processEvents();
+                if (const auto *report = qobject_cast<CDlgAutomobilReportSeasons *>(dialog))
+                    QTRY_VERIFY_WITH_TIMEOUT(!report->isBusy(), 20'000);
+                taken = observed.taken();
+            });
+        }
+        command();
+        QCoreApplication::processEvents();
+        return isModal ? taken : observed.taken();
+    }
+
+    // The list of that entry with its first row selected.
+    KListPage *openedList(const QString &entry) const
+    {
+        action(entry)->trigger();
+        QCoreApplication::processEvents();
+        auto *page = qobject_cast<KListPage *>(m_window->workArea()->currentPage());
+        page->list()->selectRow(0);
+        return page;
+    }
+
+    // Whether the database is closed is asked by the list, which refuses quietly, and by an editor for whoever else opens it.
+    static QStringList twice(const QStringList &statements)
+    {
+        QStringList repeated;
+        for (const QString &statement : statements) {
+            const int allowed = statement.contains(QStringLiteral("sSection IN ('Database','")) ? 2 : 1;
+            if (statements.count(statement) > allowed && !repeated.contains(statement))
+                repeated.append(statement);
+        }
+        return repeated;
+    }
+
+    static void judge(const QStringList &taken, int most)
+    {
+        qInfo("%lld SELECTs", static_cast<long long>(taken.size()));
+        for (const QString &statement : taken)
+            qDebug("    %s", qPrintable(statement.left(160)));
+        QVERIFY(!taken.isEmpty());
+        QVERIFY2(twice(taken).isEmpty(), qPrintable(twice(taken).join(u'\n')));
+        QVERIFY2(taken.size() <= most, qPrintable(taken.join(u'\n')));
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        CTblUsers::setHashCost(CTblUsers::leastCost());
+        prepareModuleTables(m_database);
+        DemoData::fill(60);
+        setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+        for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
+            dialog->answerAll(true);
+        // What the tables look like is read once in the life of the program, by whatever is opened first.
+        logIn();
+        m_window = std::make_unique<MainWindow>(DataFolder(m_folder.path()), GetAutoDBSetting());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        for (const QString &entry : {contracts, demands, cars, persons, documents, invoices}) {
+            KListPage *page = openedList(entry);
+            if (page->button(edit))
+                readBy([&] { page->runCommand(edit); }, true);
+        }
+    }
+
+    void cleanupTestCase() { m_window.reset(); }
+
+    void cleanup()
+    {
+        if (m_window)
+            m_window->workArea()->closeAll();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    }
+
+    void logIn()
+    {
+        CDlgLogin dialog(QStringLiteral("نمایشگاه"));
+        const QList<KEdit *> entries = dialog.findChildren<KEdit *>();
+        QCOMPARE(entries.size(), 2);
+        for (KEdit *entry : entries)
+            entry->setText(QStringLiteral("demo"));
+        const ObservedStatements observed({QStringLiteral("SELECT")});
+        dialog.accept();
+        QVERIFY(GetDBSetting()->Login(dialog.userID()));
+        judge(observed.taken(), 5);
+    }
+
+    void mainWindow()
+    {
+        const ObservedStatements observed({QStringLiteral("SELECT")});
+        MainWindow window(DataFolder(m_folder.path()), GetAutoDBSetting());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        judge(observed.taken(), 5);
+        GetDBSetting()->SetTabHost(m_window->workArea());
+    }
+
+    void windowOfTheMenu_data()
+    {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<bool>("isModal");
+        QTest::addColumn<int>("most");
+        QTest::newRow("contracts") << contracts << false << 99;
+        QTest::newRow("demands") << demands << false << 99;
+        QTest::newRow("cars") << cars << false << 99;
+        QTest::newRow("seasonal report") << QStringLiteral("گزارش فصلي") << true << 99;
+        QTest::newRow("persons") << persons << false << 99;
+        QTest::newRow("documents") << documents << false << 99;
+        QTest::newRow("invoices") << invoices << false << 99;
+        QTest::newRow("services") << QStringLiteral("خدمات") << false << 99;
+        QTest::newRow("chart of accounts") << QStringLiteral("سرفصل حساب‌ها") << false << 99;
+        QTest::newRow("reminders") << QStringLiteral("یادآوری ها") << false << 99;
+        QTest::newRow("users") << QStringLiteral("کاربران و دسترسی‌ها") << false << 99;
+        QTest::newRow("settings") << QStringLiteral("تنظیمات") << true << 99;
+    }
+
+    void windowOfTheMenu()
+    {
+        QFETCH(QString, entry);
+        QFETCH(bool, isModal);
+        QFETCH(int, most);
+        judge(readBy([&] { action(entry)->trigger(); }, isModal), most);
+    }
+
+    void windowOfAList_data()
+    {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("most");
+        QTest::newRow("contract, new") << contracts << create << 99;
+        QTest::newRow("contract, edit") << contracts << edit << 99;
+        QTest::newRow("contract, show") << contracts << show << 99;
+        QTest::newRow("settings of the contracts") << contracts << QStringLiteral("تنظيمات") << 99;
+        QTest::newRow("comprehensive report") << contracts << QStringLiteral("گزارش جامع") << 99;
+        QTest::newRow("demand, new") << demands << create << 99;
+        QTest::newRow("demand, edit") << demands << edit << 99;
+        QTest::newRow("demand, show") << demands << show << 99;
+        QTest::newRow("car, new") << cars << create << 99;
+        QTest::newRow("car, edit") << cars << edit << 99;
+        QTest::newRow("car, show") << cars << show << 99;
+        QTest::newRow("person, new") << persons << create << 99;
+        QTest::newRow("person, edit") << persons << edit << 99;
+        QTest::newRow("document, new") << documents << QStringLiteral("سند جدید") << 99;
+        QTest::newRow("invoice, edit") << invoices << QStringLiteral("ویرایش") << 99;
+    }
+
+    void windowOfAList()
+    {
+        QFETCH(QString, entry);
+        QFETCH(QString, command);
+        QFETCH(int, most);
+        KListPage *page = openedList(entry);
+        judge(readBy([&] { QVERIFY(page->runCommand(command)); }, true), most);
+    }
+};
+
+static const RegisteredTest<TestOpenings, KApplication> registered;
+
+#include "TestOpenings.moc"
