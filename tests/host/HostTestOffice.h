@@ -8,6 +8,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/KSettings.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QTemporaryDir>
@@ -48,16 +49,6 @@ public:
         const int clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("clerk1"), {}, false);
         GetDBSetting()->Login(clerk);
         return clerk;
-    }
-
-    // The one control of that accessible name.
-    template <class Widget>
-    static Widget *named(const QWidget &window, const QString &name)
-    {
-        for (Widget *widget : window.findChildren<Widget *>())
-            if (widget->accessibleName() == name)
-                return widget;
-        return nullptr;
     }
 
     TestDatabase database;

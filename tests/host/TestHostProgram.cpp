@@ -12,6 +12,7 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAction>
@@ -63,14 +64,6 @@ private:
 namespace {
 
 constexpr int longestRunMilliseconds = 120000;
-
-KEdit *edit(const QWidget &window, const QString &label)
-{
-    for (KEdit *candidate : window.findChildren<KEdit *>())
-        if (candidate->accessibleName() == label)
-            return candidate;
-    return nullptr;
-}
 
 QByteArray output(const QStringList &arguments, int *exitCode)
 {
@@ -141,16 +134,16 @@ int TestHostProgram::drive(const std::function<void(QWidget *)> &step)
 
 void TestHostProgram::fillFirstStart(const CDlgFirstStart &dialog)
 {
-    edit(dialog, QStringLiteral("نام کاربری :"))->setText(QStringLiteral("sara"));
-    edit(dialog, QStringLiteral("کلمه عبور :"))->setText(QStringLiteral("gallery7"));
-    edit(dialog, QStringLiteral("تکرار کلمه عبور :"))->setText(QStringLiteral("gallery7"));
-    edit(dialog, QStringLiteral("نام نمایشگاه :"))->setText(QStringLiteral("نمایشگاه آریا"));
+    named<KEdit>(dialog, QStringLiteral("نام کاربری :"))->setText(QStringLiteral("sara"));
+    named<KEdit>(dialog, QStringLiteral("کلمه عبور :"))->setText(QStringLiteral("gallery7"));
+    named<KEdit>(dialog, QStringLiteral("تکرار کلمه عبور :"))->setText(QStringLiteral("gallery7"));
+    named<KEdit>(dialog, QStringLiteral("نام نمایشگاه :"))->setText(QStringLiteral("نمایشگاه آریا"));
 }
 
 void TestHostProgram::logIn(const CDlgLogin &dialog, const QString &user, const QString &password)
 {
-    edit(dialog, QStringLiteral("نام کاربری :"))->setText(user);
-    edit(dialog, QStringLiteral("کلمه عبور :"))->setText(password);
+    named<KEdit>(dialog, QStringLiteral("نام کاربری :"))->setText(user);
+    named<KEdit>(dialog, QStringLiteral("کلمه عبور :"))->setText(password);
 }
 
 void TestHostProgram::makeOffice()
@@ -206,7 +199,7 @@ void TestHostProgram::newOfficeGoesFromFirstStartToWork()
             fillFirstStart(*first);
             first->accept();
         } else if (auto *login = qobject_cast<CDlgLogin *>(window)) {
-            proposed = edit(*login, QStringLiteral("نام کاربری :"))->text();
+            proposed = named<KEdit>(*login, QStringLiteral("نام کاربری :"))->text();
             logIn(*login, proposed, QStringLiteral("gallery7"));
             login->accept();
         } else {

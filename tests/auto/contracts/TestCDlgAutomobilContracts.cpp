@@ -18,6 +18,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/Day.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
@@ -36,11 +37,6 @@ using Contract = CTblAutomobilContracts;
 const QString section = QStringLiteral("AutomobilContracts");
 const QString rightsForm = QStringLiteral("AutomobilContracts");
 const QString archiveForm = QStringLiteral("AutomobilContractArchive");
-
-QDateTime day(int year, int month, int dayOfMonth)
-{
-    return QDateTime(QDate(year, month, dayOfMonth), QTime(0, 0), Qt::UTC);
-}
 
 QStringList explanations(const CDlgAutomobilContracts &page)
 {

@@ -2,18 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/ContractFilter.h"
+#include "tests/support/Day.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QTest>
-
-namespace {
-
-QDateTime day(int year, int month, int dayOfMonth, int hour = 0)
-{
-    return QDateTime(QDate(year, month, dayOfMonth), QTime(hour, 0), Qt::UTC);
-}
-
-}
 
 Q_DECLARE_METATYPE(ContractCriteria)
 

@@ -40,12 +40,12 @@ namespace {
 struct Settings
 {
     Settings()
-        : unit(HostTestOffice::named<KEdit>(dialog, QStringLiteral("نام واحد پول :")))
-        , decimals(HostTestOffice::named<QComboBox>(dialog, QStringLiteral("رقم‌های اعشار :")))
-        , year(HostTestOffice::named<KEdit>(dialog, QStringLiteral("سال مالی :")))
-        , opening(HostTestOffice::named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :")))
-        , catalogLocked(HostTestOffice::named<QCheckBox>(dialog, QStringLiteral("فهرست خودروها قفل است (فقط انتخاب)")))
-        , closed(HostTestOffice::named<QCheckBox>(dialog, QStringLiteral("پایگاه داده بسته است (فقط مشاهده)")))
+        : unit(named<KEdit>(dialog, QStringLiteral("نام واحد پول :")))
+        , decimals(named<QComboBox>(dialog, QStringLiteral("رقم‌های اعشار :")))
+        , year(named<KEdit>(dialog, QStringLiteral("سال مالی :")))
+        , opening(named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :")))
+        , catalogLocked(named<QCheckBox>(dialog, QStringLiteral("فهرست خودروها قفل است (فقط انتخاب)")))
+        , closed(named<QCheckBox>(dialog, QStringLiteral("پایگاه داده بسته است (فقط مشاهده)")))
     {
     }
 
@@ -120,7 +120,7 @@ void TestCDlgSettings::refused()
     QFETCH(QString, value);
     Settings settings;
     settings.closed->setChecked(true);
-    HostTestOffice::named<QLineEdit>(settings.dialog, label)->setText(value);
+    named<QLineEdit>(settings.dialog, label)->setText(value);
     settings.dialog.accept();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(settings.dialog.result(), int(QDialog::Rejected));

@@ -126,7 +126,7 @@ void TestCDlgUserRights::everyBoxIsNamedForAScreenReader()
 void TestCDlgUserRights::spaceTicksTheCurrentBox()
 {
     CDlgUserRights dialog(m_clerk);
-    auto *view = HostTestOffice::named<QTableView>(dialog, QStringLiteral("جدول دسترسی‌ها"));
+    auto *view = named<QTableView>(dialog, QStringLiteral("جدول دسترسی‌ها"));
     QVERIFY(view);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
@@ -160,10 +160,10 @@ void TestCDlgUserRights::cancelStoresNothing()
 void TestCDlgUserRights::allAndNone()
 {
     CDlgUserRights dialog(m_clerk);
-    HostTestOffice::named<QPushButton>(dialog, QStringLiteral("انتخاب همه"))->click();
+    named<QPushButton>(dialog, QStringLiteral("انتخاب همه"))->click();
     for (const KSecurity::Form &form : KSecurity::forms())
         QCOMPARE(dialog.grid()->rights().value(form.name), form.single ? int(KSecurity::Access) : KSecurity::allRights);
-    HostTestOffice::named<QPushButton>(dialog, QStringLiteral("هیچ کدام"))->click();
+    named<QPushButton>(dialog, QStringLiteral("هیچ کدام"))->click();
     dialog.accept();
     QVERIFY(KSecurity::storedRights(m_clerk).isEmpty());
 }
@@ -174,10 +174,10 @@ void TestCDlgUserRights::copyFromAnotherUser()
     KSecurity::setRights(seller, QStringLiteral("AutomobilContracts"), KSecurity::Access | KSecurity::Write);
     KSecurity::setRights(m_clerk, QStringLiteral("Persons"), KSecurity::allRights);
     CDlgUserRights dialog(m_clerk);
-    auto *source = HostTestOffice::named<QComboBox>(dialog, QStringLiteral("کپی از کاربر :"));
+    auto *source = named<QComboBox>(dialog, QStringLiteral("کپی از کاربر :"));
     QCOMPARE(source->findText(QStringLiteral("clerk")), -1);
     source->setCurrentIndex(source->findText(QStringLiteral("seller")));
-    HostTestOffice::named<QPushButton>(dialog, QStringLiteral("کپی"))->click();
+    named<QPushButton>(dialog, QStringLiteral("کپی"))->click();
     dialog.accept();
     QCOMPARE(KSecurity::storedRights(m_clerk), KSecurity::storedRights(seller));
 }

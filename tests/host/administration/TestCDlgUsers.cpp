@@ -52,7 +52,7 @@ const QString toggle = QStringLiteral("فعال / غیرفعال");
 template <class Dialog>
 KEdit *edit(const Dialog &dialog, const QString &label)
 {
-    return HostTestOffice::named<KEdit>(dialog, label);
+    return named<KEdit>(dialog, label);
 }
 
 QCheckBox *check(const CDlgAddUser &dialog, const QString &caption)
@@ -103,7 +103,7 @@ void TestCDlgUsers::namesAreSearchedAndInactiveOnesLeftOut()
     QCOMPARE(page.list()->count(), 0);
     edit(page, QStringLiteral("نام :"))->clear();
     m_office.database.run(QStringLiteral("UPDATE Users SET iStatus=1 WHERE iID=%1").arg(m_clerk));
-    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
+    named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
     page.refill();
     QCOMPARE(page.list()->count(), 1);
     QCOMPARE(page.list()->currentKey(), m_office.admin);

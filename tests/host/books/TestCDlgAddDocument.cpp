@@ -78,7 +78,7 @@ void TestCDlgAddDocument::wholeDocumentIsEnteredByKeyboard()
     CDlgAddDocument window({});
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    HostTestOffice::named<KDateEdit>(window, dateLabel)->setDate(BooksOffice::day(3, 1).date());
+    named<KDateEdit>(window, dateLabel)->setDate(BooksOffice::day(3, 1).date());
     Hand::press(Qt::Key_Return);
     Hand::type(QStringLiteral("قبض آب"));
     Hand::press(Qt::Key_Return);
@@ -129,7 +129,7 @@ void TestCDlgAddDocument::missingAmountIsPutIntoTheRow()
     document.rows[1].credit = 7;
     CDlgAddDocument window(document);
     window.rowsView()->goTo(1, Desc);
-    HostTestOffice::named<QPushButton>(window, QStringLiteral("تراز در این ردیف"))->click();
+    named<QPushButton>(window, QStringLiteral("تراز در این ردیف"))->click();
     QTEST(shown(window, 1, Debit) + u'|' + shown(window, 1, Credit), "cells");
 }
 
@@ -238,7 +238,7 @@ void TestCDlgAddDocument::refusalOfTheBooksKeepsWhatWasTyped()
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است.")});
     QCOMPARE(window.document().rows, early.rows);
-    HostTestOffice::named<KDateEdit>(window, dateLabel)->setText(QStringLiteral("1405/13/1"));
+    named<KDateEdit>(window, dateLabel)->setText(QStringLiteral("1405/13/1"));
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(window.num(), 0);

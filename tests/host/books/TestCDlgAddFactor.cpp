@@ -47,7 +47,7 @@ private Q_SLOTS:
 
 private:
     static KLinesModel *lines(const CDlgAddFactor &window) { return window.linesView()->linesModel(); }
-    static KEdit *figure(const CDlgAddFactor &window, const QString &name) { return HostTestOffice::named<KEdit>(window, name); }
+    static KEdit *figure(const CDlgAddFactor &window, const QString &name) { return named<KEdit>(window, name); }
     static void enter(const CDlgAddFactor &window, int row, int column, const QVariant &value)
     {
         lines(window)->setData(lines(window)->index(row, column), value);
@@ -87,7 +87,7 @@ void TestCDlgAddFactor::newInvoiceTakesTheOfficesRates()
     QCOMPARE(window.windowTitle(), QStringLiteral("فاکتور فروش جدید"));
     QCOMPARE(figure(window, taxPercent)->number(), 6.0);
     QCOMPARE(figure(window, QStringLiteral("درصد عوارض :"))->number(), 4.0);
-    QVERIFY(HostTestOffice::named<KDateEdit>(window, QStringLiteral("تاریخ :"))->date().isValid());
+    QVERIFY(named<KDateEdit>(window, QStringLiteral("تاریخ :"))->date().isValid());
     enter(window, 0, Count, 2.0);
     enter(window, 0, Price, 500.0);
     QCOMPARE(figure(window, sum)->number(), 1000.0);
@@ -131,7 +131,7 @@ void TestCDlgAddFactor::wholeInvoiceIsEnteredByKeyboard()
     QVERIFY(window.findChild<KPersonField *>()->isAncestorOf(Hand::focus()));
     window.findChild<KPersonField *>()->setPersonID(BooksOffice::ali);
     Hand::press(Qt::Key_Return);
-    HostTestOffice::named<KDateEdit>(window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(2, 3).date());
+    named<KDateEdit>(window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(2, 3).date());
     for (int steps = 0; !window.linesView()->hasFocus() && steps < 6; ++steps)
         Hand::press(Qt::Key_Return);
     QVERIFY(window.linesView()->hasFocus());
@@ -251,7 +251,7 @@ void TestCDlgAddFactor::serviceThatIsNotInTheListIsRefused()
 void TestCDlgAddFactor::entryThatIsNoDateIsRefused()
 {
     CDlgAddFactor window(m_office.invoice(), false);
-    auto *date = HostTestOffice::named<KDateEdit>(window, QStringLiteral("تاریخ :"));
+    auto *date = named<KDateEdit>(window, QStringLiteral("تاریخ :"));
     date->setText(QStringLiteral("1405/13/1"));
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
@@ -348,7 +348,7 @@ void TestCDlgAddFactor::documentIsShown()
             rows = shown->rows()->list()->count();
         dialog->reject();
     });
-    HostTestOffice::named<QPushButton>(window, QStringLiteral("نمایش سند"))->click();
+    named<QPushButton>(window, QStringLiteral("نمایش سند"))->click();
     QCOMPARE(rows, 5);
 }
 

@@ -56,7 +56,7 @@ private Q_SLOTS:
 private:
     static QPushButton *button(const CDlgChartOfAccounts &page, const QString &caption)
     {
-        return HostTestOffice::named<QPushButton>(page, caption);
+        return named<QPushButton>(page, caption);
     }
     static void showPage(CDlgChartOfAccounts &page);
     static QStringList shownCodes(const CDlgChartOfAccounts &page);
@@ -157,11 +157,11 @@ void TestCDlgChartOfAccounts::balanceOfEachLevelWithItsNature()
 void TestCDlgChartOfAccounts::balancesOfARange()
 {
     CDlgChartOfAccounts page;
-    HostTestOffice::named<KDateEdit>(page, QStringLiteral("مانده از تاریخ :"))->setDate(BooksOffice::day(2, 4).date());
+    named<KDateEdit>(page, QStringLiteral("مانده از تاریخ :"))->setDate(BooksOffice::day(2, 4).date());
     page.refill();
     QCOMPARE(page.cellText(4101, Credit), QString());
     QCOMPARE(page.cellText(6201, Debit), QStringLiteral("300"));
-    HostTestOffice::named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(BooksOffice::day(2, 30).date());
+    named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(BooksOffice::day(2, 30).date());
     page.refill();
     QCOMPARE(page.cellText(6201, Debit), QString());
 }
@@ -181,7 +181,7 @@ void TestCDlgChartOfAccounts::searchKeepsTheAccountsAbove()
 {
     QFETCH(QString, text);
     CDlgChartOfAccounts page;
-    HostTestOffice::named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(text);
+    named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(text);
     page.refill();
     QTEST(shownCodes(page).join(u' '), "codes");
     QCOMPARE(page.countText(), QStringLiteral("تعداد : %1").arg(shownCodes(page).size()));
@@ -194,7 +194,7 @@ void TestCDlgChartOfAccounts::inactiveOnesAreLeftOutOnRequest()
     CDlgChartOfAccounts page;
     page.refill();
     QCOMPARE(page.cellText(620105, State), QStringLiteral("غیرفعال"));
-    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
+    named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
     page.refill();
     QVERIFY(!page.selectCode(620105));
     QVERIFY(page.selectCode(6201));
@@ -205,8 +205,8 @@ void TestCDlgChartOfAccounts::entryThatIsNoDateIsRefused()
     CDlgChartOfAccounts page;
     page.refill();
     const QStringList before = shownCodes(page);
-    HostTestOffice::named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setText(QStringLiteral("1405/13/1"));
-    HostTestOffice::named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(QStringLiteral("آب"));
+    named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setText(QStringLiteral("1405/13/1"));
+    named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(QStringLiteral("آب"));
     page.refill();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(shownCodes(page), before);
@@ -297,7 +297,7 @@ void TestCDlgChartOfAccounts::accountIsAddedBelowTheSelectedOne()
     showPage(page);
     page.selectCode(6201);
     Hand::inNextWindow([](QDialog *dialog) {
-        QCOMPARE(HostTestOffice::named<KEdit>(*dialog, codeLabel)->text(), QStringLiteral("620102"));
+        QCOMPARE(named<KEdit>(*dialog, codeLabel)->text(), QStringLiteral("620102"));
         Hand::type(QStringLiteral("اجاره"));
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
@@ -312,7 +312,7 @@ void TestCDlgChartOfAccounts::generalAccountIsAdded()
     CDlgChartOfAccounts page;
     showPage(page);
     Hand::inNextWindow([](QDialog *dialog) {
-        QVERIFY(HostTestOffice::named<KEdit>(*dialog, codeLabel)->hasFocus());
+        QVERIFY(named<KEdit>(*dialog, codeLabel)->hasFocus());
         Hand::type(QStringLiteral("6202"));
         Hand::press(Qt::Key_Return);
         Hand::type(QStringLiteral("هزینه‌های فروش"));
@@ -357,13 +357,13 @@ void TestCDlgChartOfAccounts::refusedEntryKeepsTheWindow()
     CDlgAddAccount window(AccountLevel::Moeen, 6201);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    HostTestOffice::named<KEdit>(window, codeLabel)->setText(code);
-    HostTestOffice::named<KEdit>(window, nameLabel)->setText(name);
+    named<KEdit>(window, codeLabel)->setText(code);
+    named<KEdit>(window, nameLabel)->setText(name);
     window.accept();
     QVERIFY(window.isVisible());
     QTEST(g_pDlgWarning->takeShown().value(0), "message");
     QCOMPARE(Hand::focus()->accessibleName(), focus);
-    QCOMPARE(HostTestOffice::named<KEdit>(window, nameLabel)->text(), name);
+    QCOMPARE(named<KEdit>(window, nameLabel)->text(), name);
     QCOMPARE(value("SELECT COUNT(*) FROM HesabMoeen WHERE iHesabKolCode=6201"), QStringLiteral("1"));
 }
 
@@ -373,8 +373,8 @@ void TestCDlgChartOfAccounts::rename()
     showPage(page);
     page.selectCode(BooksOffice::water);
     Hand::inNextWindow([](QDialog *dialog) {
-        QVERIFY(HostTestOffice::named<KEdit>(*dialog, codeLabel)->isReadOnly());
-        HostTestOffice::named<KEdit>(*dialog, nameLabel)->setText(QStringLiteral("آب و فاضلاب"));
+        QVERIFY(named<KEdit>(*dialog, codeLabel)->isReadOnly());
+        named<KEdit>(*dialog, nameLabel)->setText(QStringLiteral("آب و فاضلاب"));
         dialog->accept();
     });
     QTest::keyClick(page.tree(), Qt::Key_F2);

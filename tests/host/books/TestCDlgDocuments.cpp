@@ -193,13 +193,13 @@ void TestCDlgDocuments::filters()
     QFETCH(QString, value);
     CDlgDocuments page;
     page.open();
-    auto *field = HostTestOffice::named<QLineEdit>(page, label);
+    auto *field = named<QLineEdit>(page, label);
     QVERIFY(field);
     field->setText(value);
     page.refill();
     QTEST(page.list()->count(), "found");
 
-    auto *year = HostTestOffice::named<QComboBox>(page, QStringLiteral("سال مالی :"));
+    auto *year = named<QComboBox>(page, QStringLiteral("سال مالی :"));
     field->clear();
     year->setCurrentIndex(year->findText(QStringLiteral("1404")));
     page.refill();
@@ -210,7 +210,7 @@ void TestCDlgDocuments::lastDayOfTheFilterCountsWhole()
 {
     CDlgDocuments page;
     page.open();
-    HostTestOffice::named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(ConvertToMiladi(1405, 1, 20));
+    named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(ConvertToMiladi(1405, 1, 20));
     page.refill();
     QCOMPARE(page.list()->count(), 2);
 }
@@ -219,7 +219,7 @@ void TestCDlgDocuments::anEmptyListShowsNoRows()
 {
     CDlgDocuments page;
     page.open();
-    HostTestOffice::named<KEdit>(page, QStringLiteral("شماره سند :"))->setNumber(77);
+    named<KEdit>(page, QStringLiteral("شماره سند :"))->setNumber(77);
     page.refill();
     QCOMPARE(page.list()->count(), 0);
     QCOMPARE(page.rowsList()->count(), 0);

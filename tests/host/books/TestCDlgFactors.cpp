@@ -120,16 +120,16 @@ void TestCDlgFactors::filters_data()
         QTest::newRow(name) << ask << QString::fromLatin1(numbers);
     };
     const auto setDate = [](CDlgFactors &page, const QString &label, int month, int day) {
-        HostTestOffice::named<KDateEdit>(page, label)->setDate(BooksOffice::day(month, day).date());
+        named<KDateEdit>(page, label)->setDate(BooksOffice::day(month, day).date());
     };
     row(
         "nothing asked", [](CDlgFactors &) {}, "2 1");
     row(
         "person", [](CDlgFactors &page) { page.findChild<KPersonField *>()->setPersonID(BooksOffice::ali); }, "1");
     row(
-        "sales", [](CDlgFactors &page) { HostTestOffice::named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(1); }, "1");
+        "sales", [](CDlgFactors &page) { named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(1); }, "1");
     row(
-        "purchases", [](CDlgFactors &page) { HostTestOffice::named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(2); },
+        "purchases", [](CDlgFactors &page) { named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(2); },
         "2");
     row(
         "from its own day", [=](CDlgFactors &page) { setDate(page, QStringLiteral("از تاریخ :"), 2, 20); }, "2");
@@ -156,7 +156,7 @@ void TestCDlgFactors::voidOnesAreShownOnRequest()
 {
     CDlgFactors page;
     page.open();
-    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
+    named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
     page.refill();
     QCOMPARE(page.list()->count(), 3);
     QCOMPARE(page.list()->cellText(0, State), QStringLiteral("باطل"));
@@ -226,7 +226,7 @@ void TestCDlgFactors::newInvoiceIsOfItsKind()
         auto *window = qobject_cast<CDlgAddFactor *>(dialog);
         QVERIFY(window);
         window->findChild<KPersonField *>()->setPersonID(BooksOffice::pars);
-        HostTestOffice::named<KDateEdit>(*window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(4, 1).date());
+        named<KDateEdit>(*window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(4, 1).date());
         KLinesModel *lines = window->linesView()->linesModel();
         lines->setData(lines->index(0, 0), QStringLiteral("102"));
         lines->setData(lines->index(0, 2), 1.0);
@@ -278,7 +278,7 @@ void TestCDlgFactors::voidOneIsNeitherEditedNorVoidedAgain()
 {
     CDlgFactors page;
     page.open();
-    HostTestOffice::named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
+    named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
     page.refill();
     page.list()->selectKey(3);
     for (const QString &command : {edit, makeVoid}) {

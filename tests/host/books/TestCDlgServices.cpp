@@ -36,7 +36,7 @@ private Q_SLOTS:
 private:
     QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
     static void inEditor(const std::function<void(CDlgAddService &)> &act);
-    static KEdit *field(const CDlgAddService &window, const QString &name) { return HostTestOffice::named<KEdit>(window, name); }
+    static KEdit *field(const CDlgAddService &window, const QString &name) { return named<KEdit>(window, name); }
 
     BooksOffice m_office;
 };
@@ -74,10 +74,10 @@ void TestCDlgServices::namesAreSearched()
 {
     CDlgServices page;
     page.open();
-    HostTestOffice::named<KEdit>(page, name)->setText(QStringLiteral("سند"));
+    named<KEdit>(page, name)->setText(QStringLiteral("سند"));
     page.refill();
     QCOMPARE(page.list()->count(), 1);
-    HostTestOffice::named<KEdit>(page, name)->setText(QStringLiteral("'%"));
+    named<KEdit>(page, name)->setText(QStringLiteral("'%"));
     page.refill();
     QCOMPARE(page.list()->count(), 0);
 }

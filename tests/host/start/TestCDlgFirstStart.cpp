@@ -37,7 +37,7 @@ namespace {
 
 KEdit *edit(const CDlgFirstStart &dialog, const QString &label)
 {
-    KEdit *found = HostTestOffice::named<KEdit>(dialog, label);
+    KEdit *found = named<KEdit>(dialog, label);
     Q_ASSERT(found);
     return found;
 }
@@ -75,7 +75,7 @@ void TestCDlgFirstStart::fiscalYearIsProposed()
     const CDlgFirstStart dialog;
     const int year = GetShamsi(GetDBSetting()->GetDBServerDate().date()).year;
     QCOMPARE(edit(dialog, QStringLiteral("سال مالی :"))->integer(), year);
-    QCOMPARE(HostTestOffice::named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->date(), ConvertToMiladi(year, 1, 1));
+    QCOMPARE(named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->date(), ConvertToMiladi(year, 1, 1));
 }
 
 void TestCDlgFirstStart::openingDayFollowsTheYear()
@@ -84,7 +84,7 @@ void TestCDlgFirstStart::openingDayFollowsTheYear()
     KEdit *year = edit(dialog, QStringLiteral("سال مالی :"));
     year->clear();
     QTest::keyClicks(year, QStringLiteral("1403"));
-    QCOMPARE(HostTestOffice::named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->date(), ConvertToMiladi(1403, 1, 1));
+    QCOMPARE(named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->date(), ConvertToMiladi(1403, 1, 1));
 }
 
 void TestCDlgFirstStart::refused_data()
@@ -135,7 +135,7 @@ void TestCDlgFirstStart::everythingIsStored()
     CDlgFirstStart dialog;
     fill(dialog);
     edit(dialog, QStringLiteral("سال مالی :"))->setNumber(1404);
-    HostTestOffice::named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->setDate(ConvertToMiladi(1404, 2, 3));
+    named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->setDate(ConvertToMiladi(1404, 2, 3));
     dialog.accept();
     QVERIFY2(g_pDlgWarning->takeShown().isEmpty(), "nothing was refused");
     QCOMPARE(dialog.result(), int(QDialog::Accepted));

@@ -42,9 +42,9 @@ struct Login
 {
     explicit Login(const QString &officeName = {})
         : dialog(officeName)
-        , user(HostTestOffice::named<KEdit>(dialog, QStringLiteral("نام کاربری :")))
-        , password(HostTestOffice::named<KEdit>(dialog, QStringLiteral("کلمه عبور :")))
-        , ok(HostTestOffice::named<QPushButton>(dialog, QStringLiteral("ورود")))
+        , user(named<KEdit>(dialog, QStringLiteral("نام کاربری :")))
+        , password(named<KEdit>(dialog, QStringLiteral("کلمه عبور :")))
+        , ok(named<QPushButton>(dialog, QStringLiteral("ورود")))
     {
         if (!ok) // a button's caption is its accessible name unless it has one of its own
             for (QPushButton *button : dialog.findChildren<QPushButton *>())

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "tests/support/NamedWidget.h"
+
 #include <QAbstractButton>
 #include <QWidget>
 #include <QtTest>
@@ -13,11 +15,7 @@ namespace FormDriver {
 template <class Control>
 Control *field(QWidget *window, const QString &name)
 {
-    for (Control *control : window->findChildren<Control *>()) {
-        if (control->accessibleName() == name)
-            return control;
-    }
-    return nullptr;
+    return named<Control>(*window, name);
 }
 
 inline QAbstractButton *button(QWidget *window, const QString &caption)

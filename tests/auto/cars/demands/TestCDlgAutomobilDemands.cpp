@@ -23,6 +23,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/Day.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -52,11 +53,6 @@ const QString printCaption = QStringLiteral("چاپ ليست");
 const QString carsCaption = QStringLiteral("خودروهای مناسب");
 const QString galleryCaption = QStringLiteral("گالري اتومبيل");
 const QStringList changing = {newCaption, editCaption, showCaption, deleteCaption, archiveCaption};
-
-QDateTime day(int year, int month, int dayOfMonth)
-{
-    return QDateTime(QDate(year, month, dayOfMonth), QTime(0, 0), Qt::UTC);
-}
 
 QString headerText(const Page &page, int column)
 {

@@ -8,19 +8,11 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/Day.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
 #include <QTest>
-
-namespace {
-
-QDateTime day(int year, int month, int dayOfMonth, int hour = 0)
-{
-    return QDateTime(QDate(year, month, dayOfMonth), QTime(hour, 0), Qt::UTC);
-}
-
-}
 
 Q_DECLARE_METATYPE(DemandCriteria)
 

@@ -18,6 +18,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/Day.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -40,11 +41,6 @@ const QString rightsForm = QStringLiteral("AutomobilInformations");
 const QString archiveForm = QStringLiteral("AutomobilInformationArchive");
 constexpr int columnCount = 17;
 constexpr int chassisIsInPlate = 7; // the hidden column tells the cars of a test apart
-
-QDateTime day(int year, int month, int dayOfMonth)
-{
-    return QDateTime(QDate(year, month, dayOfMonth), QTime(0, 0), Qt::UTC);
-}
 
 QStringList cells(const Page &page, int column)
 {

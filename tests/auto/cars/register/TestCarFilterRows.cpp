@@ -6,6 +6,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/Day.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCoreApplication>
@@ -14,11 +15,6 @@
 namespace {
 
 using Car = CTblAutomobilInformations;
-
-QDateTime day(int year, int month, int dayOfMonth, int hour = 0)
-{
-    return QDateTime(QDate(year, month, dayOfMonth), QTime(hour, 0), Qt::UTC);
-}
 
 // Keys that a car may name. The join matches an item by the key of the type as well as by that of the colour.
 constexpr int typeAndItem = 801;

@@ -1,24 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
-#include "auto/contracts/editor/ContractPartyGroup.h"
-#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
-#include "suite/utility/forms/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"
-#include "tests/auto/contracts/MatterPageFilled.h"
-#include "tests/office/TestOffice.h"
+#include "tests/auto/contracts/editor/ContractEditorTest.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
@@ -29,88 +21,17 @@
 #include <QPushButton>
 #include <QTest>
 
-namespace {
-
-using Dialog = CDlgAddAutomobilContract;
-using Mode = ContractEditorMode;
-
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
-
-double shown(const Dialog &dialog, const char *name)
-{
-    return dialog.basePage()->form()->edit(column(name))->number();
-}
-
-// Types a number as a person would, so that what follows from it follows.
-void type(Dialog &dialog, const char *name, const char *text)
-{
-    KEdit *edit = dialog.basePage()->form()->edit(column(name));
-    edit->selectAll();
-    QTest::keyClicks(edit, QString::fromLatin1(text));
-}
-
-}
-
-class TestCDlgAddAutomobilContract : public QObject
+class TestCDlgAddAutomobilContract : public ContractEditorTest
 {
     Q_OBJECT
 
-    std::unique_ptr<TestOffice> m_office;
-    int m_seller = 0;
-    int m_buyer = 0;
-
-    QString value(const QString &statement) { return m_office->database().value(statement); }
     int contracts() { return value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")).toInt(); }
-
-    std::unique_ptr<Dialog> opened(int key, Mode mode)
-    {
-        auto dialog = std::make_unique<Dialog>(key, mode);
-        if (!dialog->load())
-            return nullptr;
-        return dialog;
-    }
-
-    // A new contract with both persons and an amount, ready to be saved.
-    std::unique_ptr<Dialog> filledNew()
-    {
-        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
-        dialog->basePage()->firstParty()->takePerson(m_seller);
-        dialog->basePage()->secondParty()->takePerson(m_buyer);
-        type(*dialog, "dAmount", "1000000");
-        fillMatterPage(*dialog->matterPage());
-        return dialog;
-    }
 
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
     void cleanupTestCase() { m_office.reset(); }
 
-    void init()
-    {
-        m_office->clear();
-        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
-            person.m_sFatherName = QStringLiteral("حسن");
-            person.m_sNationalCode = QStringLiteral("0012345679");
-            person.m_sMobile = QStringLiteral("09121234567");
-            person.m_sTel = QStringLiteral("02188776655");
-            person.m_sAddress = QStringLiteral("تهران، خیابان آزادی");
-            person.m_sIdentityNum = QStringLiteral("1234");
-            person.m_sIdentityCity = QStringLiteral("تهران");
-            person.m_dateBirth = QDateTime(QDate(1985, 3, 21), QTime(0, 0), Qt::UTC);
-        });
-        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
-                                      [](CTblPersons &person) { person.m_dPercentDiscount = 10; });
-        m_office->setFiscalYearOpening(QDate(2020, 1, 1));
-        ContractSettings settings;
-        settings.taxPercent = 6;
-        settings.dutyPercent = 3;
-        settings.tiers.ceilings = {1'000'000, 5'000'000, 0};
-        settings.tiers.percents = {2, 1, 0};
-        settings.save();
-    }
+    void init() { begin(); }
 
     void newContractStartsWithTheNextCodeAndTheSettingsPercentages()
     {

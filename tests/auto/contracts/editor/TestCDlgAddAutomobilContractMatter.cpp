@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
-#include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
@@ -13,11 +10,8 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
-#include "suite/utility/forms/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"
-#include "tests/auto/contracts/MatterPageFilled.h"
-#include "tests/office/TestOffice.h"
+#include "tests/auto/contracts/editor/ContractEditorTest.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
@@ -29,18 +23,10 @@
 
 namespace {
 
-using Dialog = CDlgAddAutomobilContract;
-using Mode = ContractEditorMode;
-
 constexpr int sale = 0;
 constexpr int rent = 1;
 constexpr int instalments = 2;
 constexpr int letter = 3;
-
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
 
 QDateTime at(const QDate &date, const QTime &time = QTime(0, 0))
 {
@@ -62,13 +48,9 @@ QVariant sampleValue(const KFormField &field, int number)
 
 }
 
-class TestCDlgAddAutomobilContractMatter : public QObject
+class TestCDlgAddAutomobilContractMatter : public ContractEditorTest
 {
     Q_OBJECT
-
-    std::unique_ptr<TestOffice> m_office;
-    int m_seller = 0;
-    int m_buyer = 0;
 
     // A saved contract of the type with both parties, whose matter columns all hold a value of their own.
     int fullContract(int contractType)
@@ -84,14 +66,6 @@ class TestCDlgAddAutomobilContractMatter : public QObject
             for (const KFormField &field : matterFields())
                 contract.setValue(field.column, sampleValue(field, ++number));
         });
-    }
-
-    static std::unique_ptr<Dialog> opened(int key, Mode mode)
-    {
-        auto dialog = std::make_unique<Dialog>(key, mode);
-        if (!dialog->load())
-            return nullptr;
-        return dialog;
     }
 
     static KForm &form(const Dialog &dialog) { return *dialog.matterPage()->form(); }
@@ -117,11 +91,8 @@ private Q_SLOTS:
 
     void init()
     {
-        m_office->clear();
+        begin();
         m_office->database().run(QStringLiteral("DELETE FROM AutomobilPayments"));
-        m_office->setFiscalYearOpening(QDate(2020, 1, 1));
-        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
     }
 
     void labelsAreThoseOfTheForm_data()

@@ -1,23 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
-#include "auto/contracts/editor/ContractPartyGroup.h"
-#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
-#include "suite/utility/forms/KForm.h"
-#include "tests/auto/contracts/MatterPageFilled.h"
-#include "tests/office/TestOffice.h"
+#include "tests/auto/contracts/editor/ContractEditorTest.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
@@ -26,95 +19,16 @@
 #include <QTemporaryFile>
 #include <QTest>
 
-namespace {
-
-using Dialog = CDlgAddAutomobilContract;
-using Mode = ContractEditorMode;
-
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
-
-KEdit *edit(const Dialog &dialog, const char *name)
-{
-    return dialog.basePage()->form()->edit(column(name));
-}
-
-double shown(const Dialog &dialog, const char *name)
-{
-    return edit(dialog, name)->number();
-}
-
-void type(Dialog &dialog, const char *name, const char *text)
-{
-    edit(dialog, name)->selectAll();
-    QTest::keyClicks(edit(dialog, name), QString::fromLatin1(text));
-}
-
-const QLineEdit *line(const QWidget &within, const QString &name)
-{
-    for (const QLineEdit *candidate : within.findChildren<QLineEdit *>()) {
-        if (candidate->accessibleName() == name)
-            return candidate;
-    }
-    return nullptr;
-}
-
-}
-
 // The contract editor's first page: which field keeps which column, and a contract that is opened again.
-class TestContractBasePage : public QObject
+class TestContractBasePage : public ContractEditorTest
 {
     Q_OBJECT
-
-    std::unique_ptr<TestOffice> m_office;
-    int m_seller = 0;
-    int m_buyer = 0;
-
-    QString value(const QString &statement) { return m_office->database().value(statement); }
-    int key() { return value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(); }
-
-    std::unique_ptr<Dialog> opened(int key, Mode mode)
-    {
-        auto dialog = std::make_unique<Dialog>(key, mode);
-        if (!dialog->load())
-            return nullptr;
-        dialog->show();
-        return dialog;
-    }
-
-    std::unique_ptr<Dialog> filledNew()
-    {
-        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
-        dialog->basePage()->firstParty()->takePerson(m_seller);
-        dialog->basePage()->secondParty()->takePerson(m_buyer);
-        type(*dialog, "dAmount", "1000000");
-        fillMatterPage(*dialog->matterPage());
-        return dialog;
-    }
 
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
     void cleanupTestCase() { m_office.reset(); }
 
-    void init()
-    {
-        m_office->clear();
-        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
-            person.m_sFatherName = QStringLiteral("حسن");
-            person.m_dateBirth = QDateTime(QDate(1985, 3, 21), QTime(0, 0), Qt::UTC);
-        });
-        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
-                                      [](CTblPersons &person) { person.m_dPercentDiscount = 10; });
-        m_office->setFiscalYearOpening(QDate(2020, 1, 1));
-        ContractSettings settings;
-        settings.taxPercent = 6;
-        settings.dutyPercent = 3;
-        settings.tiers.ceilings = {1'000'000, 5'000'000, 0};
-        settings.tiers.percents = {2, 1, 0};
-        settings.save();
-    }
+    void init() { begin(); }
 
     // --- Fields and columns ---
 
@@ -331,8 +245,8 @@ private Q_SLOTS:
     {
         filledNew()->accept();
         auto dialog = opened(key(), Mode::Edit);
-        QCOMPARE(line(*dialog, QStringLiteral("نام پدر : طرف اول"))->text(), QStringLiteral("حسن"));
-        QCOMPARE(line(*dialog, QStringLiteral("تاريخ تولد : طرف اول"))->text(), QStringLiteral("1364/01/01"));
+        QCOMPARE(named<QLineEdit>(*dialog, QStringLiteral("نام پدر : طرف اول"))->text(), QStringLiteral("حسن"));
+        QCOMPARE(named<QLineEdit>(*dialog, QStringLiteral("تاريخ تولد : طرف اول"))->text(), QStringLiteral("1364/01/01"));
     }
 
     // They come from the person record, unless the party is typed by hand.
@@ -349,13 +263,13 @@ private Q_SLOTS:
         QFETCH(QString, label);
         auto dialog = filledNew();
         ContractPartyGroup *party = dialog->basePage()->secondParty();
-        QVERIFY(line(*party, label) && line(*party, label)->isReadOnly());
+        QVERIFY(named<QLineEdit>(*party, label) && named<QLineEdit>(*party, label)->isReadOnly());
         party->setKind(PartyKind::Other);
-        QVERIFY(!line(*party, label)->isReadOnly());
+        QVERIFY(!named<QLineEdit>(*party, label)->isReadOnly());
         party->setKind(PartyKind::Showroom);
-        QVERIFY(line(*party, label)->isReadOnly());
+        QVERIFY(named<QLineEdit>(*party, label)->isReadOnly());
         party->setKind(PartyKind::Ordinary);
-        QVERIFY(line(*party, label)->isReadOnly());
+        QVERIFY(named<QLineEdit>(*party, label)->isReadOnly());
     }
 
     void personWhoIsGoneKeepsTheNameInTheContract()

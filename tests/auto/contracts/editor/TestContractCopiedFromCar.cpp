@@ -2,24 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/register/CDlgAutomobilInformations.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
-#include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/contracts/editor/LoadCarForContract.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/forms/KForm.h"
+#include "tests/auto/contracts/editor/ContractEditorTest.h"
 #include "tests/support/ObservedStatements.h"
-#include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QPushButton>
@@ -27,16 +21,14 @@
 
 namespace {
 
-using Dialog = CDlgAddAutomobilContract;
-using Mode = ContractEditorMode;
 using Car = CTblAutomobilInformations;
 
-QString matter(const Dialog &dialog, const char *column)
+QString matter(const CDlgAddAutomobilContract &dialog, const char *column)
 {
     return dialog.matterPage()->form()->edit(QString::fromLatin1(column))->plainText();
 }
 
-QString firstParty(const Dialog &dialog, const QString &label)
+QString firstParty(const CDlgAddAutomobilContract &dialog, const QString &label)
 {
     for (const QLineEdit *edit : dialog.basePage()->firstParty()->findChildren<QLineEdit *>()) {
         if (edit->accessibleName() == label + QStringLiteral(" طرف اول"))
@@ -48,21 +40,11 @@ QString firstParty(const Dialog &dialog, const QString &label)
 }
 
 // The command "گالري اتومبيل" of the contract editor.
-class TestContractCopiedFromCar : public QObject
+class TestContractCopiedFromCar : public ContractEditorTest
 {
     Q_OBJECT
 
-    std::unique_ptr<TestOffice> m_office;
     int m_owner = 0;
-
-    std::unique_ptr<Dialog> opened(int key, Mode mode = Mode::Edit)
-    {
-        auto dialog = std::make_unique<Dialog>(key, mode);
-        if (!dialog->load())
-            return nullptr;
-        dialog->show();
-        return dialog;
-    }
 
     // Presses the button and picks that car in the list that opens; 0 cancels. The key that was preselected.
     static int pick(Dialog &dialog, int car)

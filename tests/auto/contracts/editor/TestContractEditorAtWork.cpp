@@ -1,10 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
-#include "auto/contracts/editor/ContractPartyGroup.h"
-#include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -16,14 +12,11 @@
 #include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
-#include "suite/utility/forms/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"
-#include "tests/auto/contracts/MatterPageFilled.h"
-#include "tests/office/TestOffice.h"
+#include "tests/auto/contracts/editor/ContractEditorTest.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
@@ -35,42 +28,7 @@
 
 namespace {
 
-using Dialog = CDlgAddAutomobilContract;
-using Mode = ContractEditorMode;
-
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
-
-KEdit *edit(const Dialog &dialog, const char *name)
-{
-    return dialog.basePage()->form()->edit(column(name));
-}
-
-double shown(const Dialog &dialog, const char *name)
-{
-    return edit(dialog, name)->number();
-}
-
-// Types a number as a person would, so that what follows from it follows.
-void type(Dialog &dialog, const char *name, const char *text)
-{
-    edit(dialog, name)->selectAll();
-    QTest::keyClicks(edit(dialog, name), QString::fromLatin1(text));
-}
-
-template <class Widget>
-Widget *named(const QWidget &within, const QString &name)
-{
-    for (Widget *widget : within.findChildren<Widget *>()) {
-        if (widget->accessibleName() == name)
-            return widget;
-    }
-    return nullptr;
-}
-
-int tabOf(const Dialog &dialog, const QString &title)
+int tabOf(const CDlgAddAutomobilContract &dialog, const QString &title)
 {
     for (int i = 0; i < dialog.tabs()->count(); ++i) {
         if (dialog.tabs()->button(i)->text() == title)
@@ -82,36 +40,9 @@ int tabOf(const Dialog &dialog, const QString &title)
 }
 
 // The contract editor as its users meet it: where the focus is, what a refusal says and where it leads, what stays.
-class TestContractEditorAtWork : public QObject
+class TestContractEditorAtWork : public ContractEditorTest
 {
     Q_OBJECT
-
-    std::unique_ptr<TestOffice> m_office;
-    int m_seller = 0;
-    int m_buyer = 0;
-
-    QString value(const QString &statement) { return m_office->database().value(statement); }
-    int key() { return value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(); }
-
-    std::unique_ptr<Dialog> opened(int key, Mode mode)
-    {
-        auto dialog = std::make_unique<Dialog>(key, mode);
-        if (!dialog->load())
-            return nullptr;
-        dialog->show();
-        return dialog;
-    }
-
-    // A new contract with both persons and an amount, ready to be saved.
-    std::unique_ptr<Dialog> filledNew()
-    {
-        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
-        dialog->basePage()->firstParty()->takePerson(m_seller);
-        dialog->basePage()->secondParty()->takePerson(m_buyer);
-        type(*dialog, "dAmount", "1000000");
-        fillMatterPage(*dialog->matterPage());
-        return dialog;
-    }
 
     // Ticks these notes in the picker, which has them to offer.
     void pickNotes(Dialog &dialog, const QStringList &notes)
@@ -132,20 +63,9 @@ private Q_SLOTS:
 
     void init()
     {
-        m_office->clear();
+        begin([](CTblPersons &person) { person.m_sMobile = QStringLiteral("0912"); });
         m_office->database().run(QStringLiteral("DELETE FROM Items"));
         m_office->database().run(QStringLiteral("DELETE FROM CustomFields"));
-        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"),
-                                       [](CTblPersons &person) { person.m_sMobile = QStringLiteral("0912"); });
-        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
-                                      [](CTblPersons &person) { person.m_dPercentDiscount = 10; });
-        m_office->setFiscalYearOpening(QDate(2020, 1, 1));
-        ContractSettings settings;
-        settings.taxPercent = 6;
-        settings.dutyPercent = 3;
-        settings.tiers.ceilings = {1'000'000, 5'000'000, 0};
-        settings.tiers.percents = {2, 1, 0};
-        settings.save();
     }
 
     // --- Texts ---

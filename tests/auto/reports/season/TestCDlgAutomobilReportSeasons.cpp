@@ -17,6 +17,7 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
@@ -44,12 +45,8 @@ QPushButton *button(const QWidget &window, const QString &caption)
 
 QString total(const QWidget &window, const QString &label)
 {
-    const QList<KEdit *> edits = window.findChildren<KEdit *>();
-    for (const KEdit *edit : edits) {
-        if (edit->accessibleName() == label)
-            return edit->text();
-    }
-    return QStringLiteral("there is no ") + label;
+    const KEdit *edit = named<KEdit>(window, label);
+    return edit ? edit->text() : QStringLiteral("there is no ") + label;
 }
 
 void waitUntilIdle(Window &window)

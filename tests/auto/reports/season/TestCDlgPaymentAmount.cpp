@@ -11,6 +11,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QLabel>
@@ -55,16 +56,6 @@ void addInvoice(const Line &line)
     stuff.Update(true);
 }
 
-KEdit *amountField(const QWidget &dialog, const QString &label)
-{
-    const QList<KEdit *> edits = dialog.findChildren<KEdit *>();
-    for (KEdit *edit : edits) {
-        if (edit->accessibleName() == label)
-            return edit;
-    }
-    return nullptr;
-}
-
 }
 
 class TestCDlgPaymentAmount : public QObject
@@ -89,7 +80,7 @@ private Q_SLOTS:
     {
         const CDlgPaymentAmount dialog(0, year);
         for (const char *label : {"جمع فروش :", "جمع خريد :", "نتيجه :"}) {
-            const KEdit *edit = amountField(dialog, QString::fromUtf8(label));
+            const KEdit *edit = named<KEdit>(dialog, QString::fromUtf8(label));
             QVERIFY2(edit, label);
             QCOMPARE(edit->text(), QStringLiteral("0"));
             QVERIFY(edit->isReadOnly());
@@ -124,7 +115,7 @@ private Q_SLOTS:
     {
         addInvoice({.type = CTblFactors::sale, .amount = 1234567});
         const CDlgPaymentAmount dialog(0, year);
-        const KEdit *result = amountField(dialog, QStringLiteral("نتيجه :"));
+        const KEdit *result = named<KEdit>(dialog, QStringLiteral("نتيجه :"));
         QCOMPARE(result->text(), QStringLiteral("-1,234,567"));
         QVERIFY(result->isEntryValid()); // and not marked as a wrong entry
     }

@@ -24,6 +24,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractButton>
@@ -44,16 +45,6 @@ using Dialog = CDlgAddAutomobilDemand;
 KEdit *edit(const Dialog &dialog, const char *column)
 {
     return dialog.basePage()->form()->edit(QString::fromLatin1(column));
-}
-
-template <class Widget>
-Widget *named(const QWidget &within, const QString &name)
-{
-    for (Widget *widget : within.findChildren<Widget *>()) {
-        if (widget->accessibleName() == name)
-            return widget;
-    }
-    return nullptr;
 }
 
 }

@@ -16,6 +16,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/NamedWidget.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -83,17 +84,6 @@ public:
         if (dialog.isVisible())
             qFatal("not saved: %s", qPrintable(g_pDlgWarning->takeShown().join(u'|')));
         return load(car, dialog.key());
-    }
-
-    // The widget of that accessible name; null when there is none.
-    template <class Widget>
-    static Widget *named(const QWidget &within, const QString &name)
-    {
-        for (Widget *widget : within.findChildren<Widget *>()) {
-            if (widget->accessibleName() == name)
-                return widget;
-        }
-        return nullptr;
     }
 
     static QStringList entries(const QComboBox *combo)

@@ -162,7 +162,7 @@ private Q_SLOTS:
         open();
         const PersonGroup &owner = *m_dialog->basePage()->owner();
         const auto text = [&owner](const QString &label) {
-            return CarEditorOffice::named<KEdit>(owner, label + QStringLiteral(" مالک"))->plainText();
+            return named<KEdit>(owner, label + QStringLiteral(" مالک"))->plainText();
         };
         QCOMPARE(text(QStringLiteral("کد شخص :")), QStringLiteral("1"));
         QCOMPARE(text(QStringLiteral("نام و نام خانوادگي :")), QStringLiteral("سارا کریمی"));
@@ -193,7 +193,7 @@ private Q_SLOTS:
         QCOMPARE(buttons.size(), 2);
         for (const QPushButton *button : std::as_const(buttons))
             QCOMPARE(button->text(), QStringLiteral("..."));
-        QPushButton *clear = CarEditorOffice::named<QPushButton>(*owner, QStringLiteral("کد شخص : حذف مالک"));
+        QPushButton *clear = named<QPushButton>(*owner, QStringLiteral("کد شخص : حذف مالک"));
         QVERIFY(clear->isEnabled());
         clear->click();
         QVERIFY(!clear->isEnabled());
@@ -450,7 +450,7 @@ private Q_SLOTS:
         inMultiItems(country, [](CDlgMultiItems &picker) {
             QCOMPARE(picker.windowTitle(), QStringLiteral("کشور"));
             QCOMPARE(picker.selectedNames(), QStringList{QStringLiteral("ایران")});
-            CarEditorOffice::named<KEdit>(picker, QStringLiteral("نام :"))->setText(QStringLiteral("ژاپن"));
+            named<KEdit>(picker, QStringLiteral("نام :"))->setText(QStringLiteral("ژاپن"));
             picker.addValue();
             picker.setSelectedNames({QStringLiteral("ژاپن")});
             picker.accept();

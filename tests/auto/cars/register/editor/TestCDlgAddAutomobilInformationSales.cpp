@@ -269,7 +269,7 @@ private Q_SLOTS:
         PersonGroup *buyer = m_dialog->salePage()->buyer();
         QCOMPARE(buyer->name(), QStringLiteral("رضا احمدی"));
         QCOMPARE(buyer->codeEdit()->text(), QStringLiteral("2"));
-        QPushButton *clear = CarEditorOffice::named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"));
+        QPushButton *clear = named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"));
         QVERIFY(clear->isEnabled());
         clear->click();
         QVERIFY(!clear->isEnabled());
@@ -281,14 +281,14 @@ private Q_SLOTS:
     {
         open();
         PersonGroup *buyer = m_dialog->salePage()->buyer();
-        QVERIFY(!CarEditorOffice::named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"))->isEnabled());
+        QVERIFY(!named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"))->isEnabled());
         TestOffice::whenModal("KDialogHolder", [this](QWidget *window) {
             auto *page = static_cast<KDialogHolder *>(window)->page();
             QVERIFY(qobject_cast<CDlgPersons *>(page));
             page->findChild<KExtListCtrl *>()->selectKey(m_office->buyer);
             Q_EMIT page->findChild<KExtListCtrl *>()->rowActivated(m_office->buyer);
         });
-        CarEditorOffice::named<QPushButton>(*buyer, QStringLiteral("کد شخص : ... خريدار"))->click();
+        named<QPushButton>(*buyer, QStringLiteral("کد شخص : ... خريدار"))->click();
         QCOMPARE(buyer->name(), QStringLiteral("رضا احمدی"));
         Car car;
         QCOMPARE(saved(car).m_iPersonBuyerID, m_office->buyer);
@@ -300,7 +300,7 @@ private Q_SLOTS:
         PersonGroup *buyer = m_dialog->salePage()->buyer();
         for (const KEdit *line : buyer->findChildren<KEdit *>())
             QCOMPARE(line->text(), QString());
-        QVERIFY(!CarEditorOffice::named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"))->isEnabled());
+        QVERIFY(!named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"))->isEnabled());
         Car car;
         QCOMPARE(saved(car).m_iPersonBuyerID, 4711);
     }
