@@ -197,18 +197,17 @@ void CDlgAutoFullReport::setChoiceMode(bool on)
 
 void CDlgAutoFullReport::readSettings()
 {
-    m_lastColumn = ReadSetting(section, QStringLiteral("iLastCol"), 0);
-    if (m_lastColumn < 0 || m_lastColumn >= columnCount)
-        m_lastColumn = 0;
-    m_descending = ReadSetting(section, QStringLiteral("Sort"), QString()).endsWith(QLatin1String(" DESC"));
-    m_list->setColumnTitle(m_lastColumn, listColumns().at(m_lastColumn).title + u'*');
+    m_order.column = ReadSetting(section, QStringLiteral("iLastCol"), 0);
+    if (m_order.column < 0 || m_order.column >= columnCount)
+        m_order.column = 0;
+    m_order.descending = KSortOrder::isDescending(ReadSetting(section, QStringLiteral("Sort"), QString()));
+    m_list->setSortMark(m_order.column);
 }
 
 void CDlgAutoFullReport::done(int result)
 {
-    WriteSetting(section, QStringLiteral("iLastCol"), m_lastColumn);
-    WriteSetting(section, QStringLiteral("Sort"),
-                 listColumns().at(m_lastColumn).sortKey + (m_descending ? QLatin1String(" DESC") : QLatin1String()));
+    WriteSetting(section, QStringLiteral("iLastCol"), m_order.column);
+    WriteSetting(section, QStringLiteral("Sort"), m_order.expression(listColumns().at(m_order.column).sortKey));
     KDialog::done(result);
 }
 
@@ -241,7 +240,7 @@ void CDlgAutoFullReport::showRows()
     QVector<KListModel::Row> rows;
     const auto addSide = [&](IncomeAndExpenses::Side side, const QString &heading, const QString &total) {
         rows.append(headingRow(heading));
-        IncomeAndExpenses::sort(side.accounts, sortKeys[m_lastColumn].order, m_descending);
+        IncomeAndExpenses::sort(side.accounts, sortKeys[m_order.column].order, m_order.descending);
         for (const IncomeAndExpenses::Account &account : std::as_const(side.accounts))
             rows.append(amountRow(account.code, account.name, account.balance));
         rows.append(totalRow(total, side.total));
@@ -263,10 +262,8 @@ void CDlgAutoFullReport::sortBy(int column)
 {
     if (column < 0 || column >= columnCount)
         return;
-    m_descending = column == m_lastColumn && !m_descending;
-    m_list->setColumnTitle(m_lastColumn, listColumns().at(m_lastColumn).title);
-    m_lastColumn = column;
-    m_list->setColumnTitle(m_lastColumn, listColumns().at(m_lastColumn).title + u'*');
+    m_order = m_order.clicked(column);
+    m_list->setSortMark(column);
     showRows();
 }
 

@@ -8,6 +8,7 @@
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
+#include "suite/utility/lists/KSortOrder.h"
 
 class IncomeChart;
 class KDateEdit;
@@ -71,8 +72,7 @@ private:
     QDateTime m_rangeEnd;
     bool m_choiceMode = false;
     int m_chosenCode = 0;
-    int m_lastColumn = 0;
-    bool m_descending = false;
+    KSortOrder m_order;
     KDateEdit *m_from;
     KDateEdit *m_to;
     KExtListCtrl *m_list;

@@ -281,9 +281,8 @@ void CDlgAutomobilReportSeasons::startGathering()
     m_gathered = query();
     m_whole = false;
     dropRows();
-    if (m_sortedColumn >= 0)
-        m_list->setColumnTitle(m_sortedColumn, m_list->listModel()->columns().at(m_sortedColumn).title.chopped(1));
-    m_sortedColumn = -1;
+    m_order = {};
+    m_list->setSortMark(m_order.column);
     showTotals({});
     m_task.start(m_gathered);
     setBusy(true);
@@ -374,12 +373,9 @@ void CDlgAutomobilReportSeasons::sortBy(int column)
     const KWaitCursor wait;
     KListModel *model = m_list->listModel();
     const int selected = m_list->currentKey();
-    m_descending = column == m_sortedColumn && !m_descending;
-    if (m_sortedColumn >= 0)
-        m_list->setColumnTitle(m_sortedColumn, model->columns().at(m_sortedColumn).title.chopped(1));
-    m_sortedColumn = column;
-    m_list->setColumnTitle(column, model->columns().at(column).title + u'*');
-    m_rows->sort(column, m_descending);
+    m_order = m_order.clicked(column);
+    m_list->setSortMark(column);
+    m_rows->sort(column, m_order.descending);
     model->sourceChanged();
     m_list->selectKey(selected);
 }

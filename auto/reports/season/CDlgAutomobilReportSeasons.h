@@ -8,6 +8,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
+#include "suite/utility/lists/KSortOrder.h"
 
 #include <array>
 #include <memory>
@@ -98,8 +99,7 @@ private:
     SeasonalGathering::Query m_gathered; // what the rows were gathered by
     int m_shownRows = 0;                 // of them, as far as the list was told
     bool m_whole = false;                // the gathering came to its end
-    int m_sortedColumn = -1;
-    bool m_descending = false;
+    KSortOrder m_order;
     bool m_opened = false;
     QButtonGroup *m_seasons;
     QButtonGroup *m_kinds;

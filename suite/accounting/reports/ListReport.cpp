@@ -13,7 +13,6 @@ namespace {
 
 const QString titleElement = QStringLiteral("Title");
 const QString countElement = QStringLiteral("Count");
-constexpr QChar sortMark = u'*';
 // Beyond so many columns a list reads better on the paper's long side.
 constexpr qsizetype widestUpright = 7;
 // Of more columns than these only the smallest letters leave the words whole.
@@ -66,12 +65,8 @@ void ListReport::setTable(const QString &element, const QVector<KListModel::Colu
     m_columns = columns;
     m_rows = rows;
     m_order.clear();
-    for (int column = 0; column < m_columns.size(); ++column) {
-        QString &title = m_columns[column].title;
-        if (title.endsWith(sortMark))
-            title.chop(1);
+    for (int column = 0; column < m_columns.size(); ++column)
         m_order.append(column);
-    }
 }
 
 void ListReport::addFooter(const QVector<FooterCell> &cells)

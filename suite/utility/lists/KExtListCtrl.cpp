@@ -273,9 +273,21 @@ QString KExtListCtrl::cellText(int row, int column) const
     return m_model->index(row, column).data().toString();
 }
 
-void KExtListCtrl::setColumnTitle(int column, const QString &title)
+QString KExtListCtrl::cellText(int row, QStringView column) const
 {
-    m_model->setColumnTitle(column, title);
+    const int found = columnOf(column);
+    Q_ASSERT_X(found >= 0, "KExtListCtrl", "no such column");
+    return cellText(row, found);
+}
+
+int KExtListCtrl::columnOf(QStringView key) const
+{
+    return m_model->columnOf(key);
+}
+
+void KExtListCtrl::setSortMark(int column)
+{
+    m_model->setSortMark(column);
 }
 
 void KExtListCtrl::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)

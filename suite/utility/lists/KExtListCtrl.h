@@ -40,9 +40,13 @@ public:
     // Selects the row and brings that cell of it into view.
     void selectCell(int row, int column);
 
-    // The shown text of a cell.
+    // The shown text of a cell; a column by its key must be there.
     QString cellText(int row, int column) const;
-    void setColumnTitle(int column, const QString &title);
+    QString cellText(int row, QStringView column) const;
+    // -1 when no column has the key.
+    int columnOf(QStringView key) const;
+    // See KListModel::setSortMark.
+    void setSortMark(int column);
 
 Q_SIGNALS:
     // Double click or Enter on a row.

@@ -17,6 +17,7 @@ namespace {
 
 // More than a screen shows.
 constexpr int keptRows = 512;
+constexpr QChar sortMark = u'*';
 
 // How a cell stands out, if it does.
 QVariant look(const KListModel::Row &row, int column, int role)
@@ -69,12 +70,21 @@ void KListModel::setColumns(const QVector<Column> &columns)
     endResetModel();
 }
 
-void KListModel::setColumnTitle(int column, const QString &title)
+int KListModel::columnOf(QStringView key) const
 {
-    if (column < 0 || column >= m_columns.size() || m_columns[column].title == title)
+    const auto found = std::find_if(m_columns.cbegin(), m_columns.cend(), [key](const Column &column) { return column.key == key; });
+    return found == m_columns.cend() ? -1 : int(found - m_columns.cbegin());
+}
+
+void KListModel::setSortMark(int column)
+{
+    const int before = std::exchange(m_markedColumn, column);
+    if (before == column)
         return;
-    m_columns[column].title = title;
-    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+    for (const int changed : {before, column}) {
+        if (changed >= 0 && changed < m_columns.size())
+            Q_EMIT headerDataChanged(Qt::Horizontal, changed, changed);
+    }
 }
 
 void KListModel::setRows(QVector<Row> rows)
@@ -233,7 +243,7 @@ QVariant KListModel::headerData(int section, Qt::Orientation orientation, int ro
     if (orientation != Qt::Horizontal || section < 0 || section >= m_columns.size())
         return {};
     if (role == Qt::DisplayRole)
-        return m_columns[section].title;
+        return section == m_markedColumn ? m_columns[section].title + sortMark : m_columns[section].title;
     if (role == Qt::TextAlignmentRole)
         return int(Qt::AlignCenter);
     return {};

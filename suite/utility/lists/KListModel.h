@@ -33,6 +33,7 @@ public:
         QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
         bool isCode = false; // a plate, a chassis number: drawn from left to right, its letters too
+        QString key = {};    // plain English, by which code and tests name the column
     };
 
     // The value may stay empty. Dates and numbers given as value are drawn left to right.
@@ -69,7 +70,10 @@ public:
 
     void setColumns(const QVector<Column> &columns);
     const QVector<Column> &columns() const { return m_columns; }
-    void setColumnTitle(int column, const QString &title);
+    // -1 when no column has the key.
+    int columnOf(QStringView key) const;
+    // The column whose title carries the mark "*": the rows stand in its order. -1: none, as at first.
+    void setSortMark(int column);
 
     // All rows at once, with one reset; the way to fill a list. A row with fewer cells than columns is empty at its
     // end.
@@ -106,6 +110,7 @@ private:
     const Row &rowAt(int row) const;
 
     QVector<Column> m_columns;
+    int m_markedColumn = -1;
     QVector<Row> m_rows;
     std::shared_ptr<const Source> m_source;
     int m_sourceRows = 0;                // of the source, as far as views know
