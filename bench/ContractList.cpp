@@ -132,9 +132,9 @@ int main(int argc, char **argv)
     CDlgAutomobilContracts contracts;
     page = &contracts;
     showAll(page);
-    contracts.archiveFilter()->setCurrentIndex(0);
-    contracts.returnFilter()->setCurrentIndex(0);
-    contracts.inactiveFilter()->setChecked(true);
+    contracts.filters().set(u"archive", 0);
+    contracts.filters().set(u"returned", 0);
+    contracts.filters().set(u"inactive", true);
 
     const long idle = currentMemory();
     resetPeakMemory();

@@ -164,9 +164,9 @@ int main(int argc, char **argv)
 
     WriteSetting(QStringLiteral("AutomobilContracts"), QStringLiteral("iMaxRows"), contractCount);
     CDlgAutomobilContracts contracts;
-    contracts.archiveFilter()->setCurrentIndex(0);
-    contracts.returnFilter()->setCurrentIndex(0);
-    contracts.inactiveFilter()->setChecked(true);
+    contracts.filters().set(u"archive", 0);
+    contracts.filters().set(u"returned", 0);
+    contracts.filters().set(u"inactive", true);
     contracts.open();
     if (contracts.list()->count() != contractCount)
         qFatal("wrong number of rows");

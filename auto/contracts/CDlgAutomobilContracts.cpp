@@ -3,51 +3,20 @@
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 
-#include "auto/lists/FilterControls.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
-#include "auto/contracts/printing/ContractPrintingDesk.h"
+#include "auto/contracts/ContractFilter.h"
+#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/figures/ContractSettlement.h"
+#include "auto/contracts/printing/ContractPrintingDesk.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/db/KLookup.h"
+#include "auto/lists/WordCells.h"
 #include "auto/reports/income/CDlgAutoFullReport.h"
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/persons/KPersonField.h"
-#include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/crm/persons/PersonFilter.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/Money.h"
-#include "suite/utility/values/ShamsiDate.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGridLayout>
-
-namespace {
-
-enum Column {
-    RowNumber,
-    Type,
-    Seller,
-    Buyer,
-    DocumentNumber,
-    Explanation,
-    ContractDate,
-    ExpirationDate,
-    Description,
-    Archived
-};
-
-constexpr int notArchivedState = 1;
-constexpr int notReturnedState = 1;
-
-KListModel::Cell dateCell(const QDateTime &date)
-{
-    return {shamsiText(date.date()), date};
-}
-
-}
+using namespace Qt::StringLiterals;
 
 CDlgAutomobilContracts::CDlgAutomobilContracts(QWidget *parent)
     : KListPage(QStringLiteral("قرارداد"), QStringLiteral("AutomobilContracts"), QStringLiteral("AutomobilContracts"), parent)
@@ -58,20 +27,38 @@ CDlgAutomobilContracts::CDlgAutomobilContracts(QWidget *parent)
 
 CDlgAutomobilContracts::~CDlgAutomobilContracts() = default;
 
-QVector<KListModel::Column> CDlgAutomobilContracts::listColumns() const
+QList<KListColumn> CDlgAutomobilContracts::columnTable() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignCenter, 40, {}},
-        {QStringLiteral("نوع قرارداد"), Qt::AlignCenter, 80, QStringLiteral("iContractType")},
-        {QStringLiteral("فروشنده"), Qt::AlignRight, 80, {}},
-        {QStringLiteral("خریدار"), Qt::AlignRight, 80, {}},
-        {QStringLiteral("شماره سند"), Qt::AlignCenter, 80, QStringLiteral("iDocNum")},
-        {QStringLiteral("شرح قرارداد"), Qt::AlignRight, 150, QStringLiteral("sExplain")},
-        {QStringLiteral("تاریخ عقد"), Qt::AlignCenter, 80, QStringLiteral("dateContract"), true},
-        {QStringLiteral("تاریخ انقضاء"), Qt::AlignCenter, 80, QStringLiteral("dateExpiration"), true},
-        {QStringLiteral("توضیحات"), Qt::AlignRight, 150, QStringLiteral("sDesc")},
-        {QStringLiteral("وضعیت بایگانی"), Qt::AlignRight, 50, QStringLiteral("iArchiveUserID")},
+        KListColumn::rowNumber(),
+        {.key = u"type"_s, .title = u"نوع قرارداد"_s, .sortKey = u"iContractType"_s, .column = u"iContractType"_s,
+         .show = wordCells(WordLists::contractTypes())},
+        // A party that is none of the persons stands by the name that the contract has.
+        {.key = u"seller"_s, .title = u"فروشنده"_s, .alignment = Qt::AlignRight, .column = u"sName1"_s, .lookup = u"iPersonFirstID"_s},
+        {.key = u"buyer"_s, .title = u"خریدار"_s, .alignment = Qt::AlignRight, .column = u"sName2"_s, .lookup = u"iPersonSecondID"_s},
+        {.key = u"document"_s, .title = u"شماره سند"_s, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
+        {.key = u"explanation"_s, .title = u"شرح قرارداد"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sExplain"_s,
+         .column = u"sExplain"_s},
+        {.key = u"contractDate"_s, .title = u"تاریخ عقد"_s, .sortKey = u"dateContract"_s, .column = u"dateContract"_s},
+        {.key = u"expirationDate"_s, .title = u"تاریخ انقضاء"_s, .sortKey = u"dateExpiration"_s, .column = u"dateExpiration"_s},
+        {.key = u"description"_s, .title = u"توضیحات"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
+         .column = u"sDesc"_s},
+        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"iArchiveUserID"_s,
+         .column = u"iArchiveUserID"_s, .show = KListColumn::yesOrDash},
     };
+}
+
+QList<KListFilter> CDlgAutomobilContracts::filterTable() const
+{
+    return contractFilters();
+}
+
+KListTraits CDlgAutomobilContracts::traits() const
+{
+    KListTraits traits;
+    traits.makePerson = personFilter(u"..."_s);
+    traits.filterStretches = {{1, 3}, {3, 2}};
+    return traits;
 }
 
 std::vector<KListCommand> CDlgAutomobilContracts::commands()
@@ -79,156 +66,26 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("پيش فرض"), C::NotDisplayed, [this] { resetFilter(); }},
-        {QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addContract(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("reset"), QStringLiteral("پيش فرض"), C::NotDisplayed, [this] { resetFilter(); }},
+        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addContract(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("ويرايش"), onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("edit"), QStringLiteral("ويرايش"), onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("نمايش"), onRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("بايگاني شد"), onRow, [this] { archiveContract(); }, {}, QStringLiteral(":/icons/archive.svg")},
+        {QStringLiteral("show"), QStringLiteral("نمايش"), onRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
+        {QStringLiteral("archive"), QStringLiteral("بايگاني شد"), onRow, [this] { archiveContract(); }, {}, QStringLiteral(":/icons/archive.svg")},
         printCommand(C::HiddenInSelect | C::StartsGroup),
-        {QStringLiteral("چاپ قرارداد "), onRow, [this] { printContract(); }, {}, QStringLiteral(":/icons/print.svg")},
-        {QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, QStringLiteral(":/icons/receipt.svg")},
-        {QStringLiteral("تسويه با خريدار"), onRow, [this] { settle(Side::Buyer); }, {}, QStringLiteral(":/icons/receipt.svg")},
-        {QStringLiteral("تنظيمات"), C::StartsGroup, [this] { editSettings(); }, {}, QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("گزارش جامع"), 0, [this] { CDlgAutoFullReport::Show(this); }, {}, QStringLiteral(":/icons/money.svg")},
+        {QStringLiteral("printContract"), QStringLiteral("چاپ قرارداد "), onRow, [this] { printContract(); }, {}, QStringLiteral(":/icons/print.svg")},
+        {QStringLiteral("settleSeller"), QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, QStringLiteral(":/icons/receipt.svg")},
+        {QStringLiteral("settleBuyer"), QStringLiteral("تسويه با خريدار"), onRow, [this] { settle(Side::Buyer); }, {}, QStringLiteral(":/icons/receipt.svg")},
+        {QStringLiteral("settings"), QStringLiteral("تنظيمات"), C::StartsGroup, [this] { editSettings(); }, {}, QStringLiteral(":/icons/settings.svg")},
+        {QStringLiteral("fullReport"), QStringLiteral("گزارش جامع"), 0, [this] { CDlgAutoFullReport::Show(this); }, {}, QStringLiteral(":/icons/money.svg")},
     };
-}
-
-void CDlgAutomobilContracts::buildFilters(QGridLayout *grid)
-{
-    QWidget *box = grid->parentWidget();
-    using namespace FilterControls;
-    auto queryEdit = [box](int length) {
-        auto *edit = new KEdit(KEdit::Kind::QueryText, box);
-        edit->setMaxLength(length);
-        return edit;
-    };
-    const QString to = QStringLiteral("تا :");
-    const QString clearCaption = QStringLiteral("...");
-
-    m_seller = new KPersonField(QStringLiteral("فروشنده :"), clearCaption, box);
-    m_archive = words(WordLists::archiveStates(), notArchivedState, box);
-    m_contractFrom = date(QStringLiteral("تاريخ عقد از :"), box);
-    m_contractTo = date(QStringLiteral("تاريخ عقد تا :"), box);
-    addFilter(grid, 0, 0, QStringLiteral("فروشنده :"), m_seller);
-    addFilter(grid, 0, 2, QStringLiteral("وضعيت بايگاني :"), m_archive);
-    addFilter(grid, 0, 4, QStringLiteral("تاريخ عقد از :"), m_contractFrom);
-    addFilter(grid, 0, 6, to, m_contractTo);
-
-    m_buyer = new KPersonField(QStringLiteral("خريدار :"), clearCaption, box);
-    m_returned = words(WordLists::returnStates(), notReturnedState, box);
-    m_expirationFrom = date(QStringLiteral("تاريخ انقضاء از :"), box);
-    m_expirationTo = date(QStringLiteral("تاريخ انقضاء تا :"), box);
-    addFilter(grid, 1, 0, QStringLiteral("خريدار :"), m_buyer);
-    addFilter(grid, 1, 2, QStringLiteral("برگشتي :"), m_returned);
-    addFilter(grid, 1, 4, QStringLiteral("تاريخ انقضاء از :"), m_expirationFrom);
-    addFilter(grid, 1, 6, to, m_expirationTo);
-
-    m_description = queryEdit(50);
-    m_explanation = queryEdit(250);
-    m_inactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), box);
-    addFilter(grid, 2, 0, QStringLiteral("توضيحات :"), m_description);
-    addFilter(grid, 2, 2, QStringLiteral("شرح قرارداد :"), m_explanation);
-    grid->addWidget(m_inactive, 2, 4, 1, 2);
-    grid->setColumnStretch(1, 3);
-    grid->setColumnStretch(3, 2);
-
-    // Kept for the filter's sake, not shown: the type is seen in the list.
-    m_type = words(WordLists::contractTypesWithAll(), 0, box);
-    m_type->setAccessibleName(QStringLiteral("نوع قرارداد :"));
-    m_type->hide();
 }
 
 std::unique_ptr<KMySQL> CDlgAutomobilContracts::makeRecords() const
 {
     return std::make_unique<CTblAutomobilContracts>();
-}
-
-QStringList CDlgAutomobilContracts::fetchedColumns() const
-{
-    return {QStringLiteral("iContractType"), QStringLiteral("iPersonFirstID"), QStringLiteral("iPersonSecondID"),
-            QStringLiteral("sName1"), QStringLiteral("sName2"), QStringLiteral("iDocNum"), QStringLiteral("sExplain"),
-            QStringLiteral("dateContract"), QStringLiteral("dateExpiration"), QStringLiteral("sDesc"),
-            QStringLiteral("iArchiveUserID")};
-}
-
-ContractCriteria CDlgAutomobilContracts::criteria() const
-{
-    auto chosen = [](const KDateEdit *edit) { return edit->isChecked() ? edit->dateTime() : QDateTime(); };
-    ContractCriteria criteria;
-    criteria.activeOnly = isSelectMode() || !m_inactive->isChecked();
-    criteria.firstPersonID = m_seller->personID();
-    criteria.secondPersonID = m_buyer->personID();
-    criteria.returnState = m_returned->currentIndex();
-    criteria.archiveState = m_archive->currentIndex();
-    criteria.currentUserID = GetDBSetting()->GetUserID();
-    criteria.contractType = m_type->currentIndex();
-    criteria.contractFrom = chosen(m_contractFrom);
-    criteria.contractTo = chosen(m_contractTo);
-    criteria.expirationFrom = chosen(m_expirationFrom);
-    criteria.expirationTo = chosen(m_expirationTo);
-    criteria.descriptionPart = m_description->queryText();
-    criteria.explanationPart = m_explanation->queryText();
-    return criteria;
-}
-
-QString CDlgAutomobilContracts::filterClauses() const
-{
-    return contractFilter(criteria());
-}
-
-void CDlgAutomobilContracts::beginRows()
-{
-    m_parties.clear();
-}
-
-KListModel::Row CDlgAutomobilContracts::makeRow(KMySQL &record, int number)
-{
-    const auto &contract = static_cast<const CTblAutomobilContracts &>(record);
-    m_parties.append({contract.m_iPersonFirstID, contract.m_iPersonSecondID});
-    return {contract.m_iID,
-            {{QString::number(number), number},
-             {WordLists::textAt(WordLists::contractTypes(), contract.m_iContractType)},
-             {contract.m_sName1},
-             {contract.m_sName2},
-             {QString::number(contract.m_iDocNum), contract.m_iDocNum},
-             {contract.m_sExplain},
-             dateCell(contract.m_dateContract),
-             dateCell(contract.m_dateExpiration),
-             {contract.m_sDesc},
-             {contract.m_iArchiveUserID != 0 ? QStringLiteral("بلی") : QStringLiteral("-")}}};
-}
-
-void CDlgAutomobilContracts::completeRows(QVector<KListModel::Row> &rows)
-{
-    QList<int> keys;
-    keys.reserve(m_parties.size() * 2);
-    for (const Parties &parties : std::as_const(m_parties))
-        keys << parties.first << parties.second;
-    const QHash<int, QString> names =
-        KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2"), keys);
-    auto name = [&names](int person, KListModel::Cell &cell) {
-        if (const auto found = names.constFind(person); found != names.cend())
-            cell.text = *found;
-    };
-    for (qsizetype i = 0; i < rows.size(); ++i) {
-        name(m_parties.at(i).first, rows[i].cells[Seller]);
-        name(m_parties.at(i).second, rows[i].cells[Buyer]);
-    }
-    m_parties.clear();
-}
-
-void CDlgAutomobilContracts::resetFilter()
-{
-    m_explanation->clear();
-    for (KDateEdit *edit : {m_contractFrom, m_contractTo, m_expirationFrom, m_expirationTo})
-        edit->setChecked(false);
-    m_seller->clear();
-    m_buyer->clear();
-    m_description->clear();
-    m_type->setCurrentIndex(0);
 }
 
 void CDlgAutomobilContracts::addContract()
@@ -309,12 +166,6 @@ void CDlgAutomobilContracts::editSettings()
     dialog.exec();
 }
 
-void CDlgAutomobilContracts::modeApplied()
-{
-    // Only active contracts can be picked.
-    m_inactive->setVisible(!isSelectMode());
-}
-
 void CDlgAutomobilContracts::activated(int key)
 {
     if (CheckReadSecurity())
@@ -339,11 +190,6 @@ KListReport CDlgAutomobilContracts::reportSpec() const
 
 void CDlgAutomobilContracts::chose(int row)
 {
-    m_chosenNumber = list()->cellText(row, Type).toInt();
-    m_chosenName = list()->cellText(row, Seller);
-}
-
-QWidget *CDlgAutomobilContracts::firstFilterControl() const
-{
-    return m_description;
+    m_chosenNumber = list()->cellText(row, u"type").toInt();
+    m_chosenName = list()->cellText(row, u"seller");
 }

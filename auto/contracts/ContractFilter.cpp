@@ -4,25 +4,48 @@
 #include "auto/contracts/ContractFilter.h"
 
 #include "auto/lists/ListClauses.h"
+#include "auto/lists/WordChoices.h"
+#include "suite/accounting/lists/FilterClauses.h"
 
-QString contractFilter(const ContractCriteria &criteria)
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int notArchivedState = 1;
+constexpr int notReturnedState = 1;
+
+}
+
+QList<KListFilter> contractFilters()
 {
-    using namespace ListClauses;
-    QString clauses;
-    if (criteria.activeOnly)
-        clauses += QString::asprintf(" AND iStatus = %d", 0);
-    clauses += number(" AND iPersonFirstID=", criteria.firstPersonID);
-    if (criteria.returnState > 0)
-        clauses += QString::asprintf(" AND bReturn=%d", criteria.returnState - 1);
-    clauses += archive(criteria.archiveState, criteria.currentUserID, "iArchiveUserID", "iArchiveUserID");
-    clauses += number(" AND iPersonSecondID=", criteria.secondPersonID);
-    if (criteria.contractType > 0)
-        clauses += QString::asprintf(" AND iContractType = %d", criteria.contractType - 1);
-    clauses += from(" AND dateContract>=", criteria.contractFrom);
-    clauses += upTo(" AND dateContract<=", criteria.contractTo);
-    clauses += part("sDesc", criteria.descriptionPart);
-    clauses += part("sExplain", criteria.explanationPart);
-    clauses += from(" AND dateExpiration>=", criteria.expirationFrom);
-    clauses += upTo(" AND dateExpiration <= ", criteria.expirationTo);
-    return condition(clauses);
+    using namespace FilterClauses;
+    using F = KListFilter;
+    using K = KListFilter::Kind;
+    const QString to = u"تا :"_s;
+    return {
+        // Only active contracts can be picked.
+        {.key = u"inactive"_s, .label = u"نمايش غير فعال ها"_s, .kind = K::Flag, .place = {2, 4, 2},
+         .clause = flag("", " AND iStatus = 0"), .initial = false, .options = F::KeptByReset | F::HiddenInSelect},
+        {.key = u"seller"_s, .label = u"فروشنده :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND iPersonFirstID=")},
+        {.key = u"returned"_s, .label = u"برگشتي :"_s, .kind = K::Choice, .place = {1, 2}, .clause = position(" AND bReturn="),
+         .initial = notReturnedState, .choices = wordChoices(WordLists::returnStates()), .options = F::KeptByReset},
+        {.key = u"archive"_s, .label = u"وضعيت بايگاني :"_s, .kind = K::Choice, .place = {0, 2},
+         .clause = ListClauses::archive("iArchiveUserID", "iArchiveUserID"), .initial = notArchivedState,
+         .choices = wordChoices(WordLists::archiveStates()), .options = F::KeptByReset},
+        {.key = u"buyer"_s, .label = u"خريدار :"_s, .kind = K::Person, .place = {1, 0}, .clause = number(" AND iPersonSecondID=")},
+        // Kept for the filter's sake, not shown: the type is seen in the list.
+        {.key = u"type"_s, .label = u"نوع قرارداد :"_s, .kind = K::Choice, .clause = position(" AND iContractType = "),
+         .choices = wordChoices(WordLists::contractTypesWithAll())},
+        {.key = u"contractFrom"_s, .label = u"تاريخ عقد از :"_s, .kind = K::Date, .place = {0, 4}, .clause = from(" AND dateContract>=")},
+        {.key = u"contractTo"_s, .label = to, .kind = K::Date, .place = {0, 6}, .clause = upTo(" AND dateContract<="),
+         .accessibleName = u"تاريخ عقد تا :"_s},
+        {.key = u"description"_s, .label = u"توضيحات :"_s, .kind = K::QueryText, .place = {2, 0}, .clause = part("sDesc"),
+         .maxLength = 50, .options = F::FindGoesHere},
+        {.key = u"explanation"_s, .label = u"شرح قرارداد :"_s, .kind = K::QueryText, .place = {2, 2}, .clause = part("sExplain"),
+         .maxLength = 250},
+        {.key = u"expirationFrom"_s, .label = u"تاريخ انقضاء از :"_s, .kind = K::Date, .place = {1, 4},
+         .clause = from(" AND dateExpiration>=")},
+        {.key = u"expirationTo"_s, .label = to, .kind = K::Date, .place = {1, 6}, .clause = upTo(" AND dateExpiration <= "),
+         .accessibleName = u"تاريخ انقضاء تا :"_s},
+    };
 }

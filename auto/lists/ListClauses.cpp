@@ -30,6 +30,11 @@ QString ListClauses::archive(int state, int currentUserID, const char *notArchiv
     }
 }
 
+KListFilter::Clause ListClauses::archive(const char *notArchived, const char *column)
+{
+    return [notArchived, column](const QVariant &state, int userID) { return archive(state.toInt(), userID, notArchived, column); };
+}
+
 QString ListClauses::from(const char *start, const QDateTime &date)
 {
     return date.isValid() ? QLatin1String(start) + DateToSQL(date) : QString();

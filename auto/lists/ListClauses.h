@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/lists/KListFilter.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -12,6 +14,7 @@ namespace ListClauses {
 
 // state: position in WordLists::archiveStates. Without an alias for "not archived", where a list's filter has none there.
 QString archive(int state, int currentUserID, const char *notArchived, const char *column);
+KListFilter::Clause archive(const char *notArchived, const char *column);
 // The day as SQL text; an invalid date asks nothing. upTo is one day later, so that all of the chosen day is in.
 QString from(const char *start, const QDateTime &date);
 QString upTo(const char *start, const QDateTime &date);

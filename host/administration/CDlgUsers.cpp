@@ -43,12 +43,12 @@ std::vector<KListCommand> CDlgUsers::commands()
 {
     constexpr int onRow = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly;
     return {
-        {QStringLiteral("جدید"), KListCommand::HiddenInReadOnly, [this] { addUser(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("new"), QStringLiteral("جدید"), KListCommand::HiddenInReadOnly, [this] { addUser(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("ویرایش"), onRow, [this] { editUser(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("دسترسی‌ها"), onRow | KListCommand::StartsGroup, [this] { editRights(); }, QKeySequence(Qt::Key_F4),
+        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editUser(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("rights"), QStringLiteral("دسترسی‌ها"), onRow | KListCommand::StartsGroup, [this] { editRights(); }, QKeySequence(Qt::Key_F4),
          QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("فعال / غیرفعال"), onRow, [this] { toggleActive(); }, {}, QStringLiteral(":/icons/user.svg")},
+        {QStringLiteral("toggleActive"), QStringLiteral("فعال / غیرفعال"), onRow, [this] { toggleActive(); }, {}, QStringLiteral(":/icons/user.svg")},
     };
 }
 

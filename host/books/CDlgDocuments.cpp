@@ -74,11 +74,11 @@ std::vector<KListCommand> CDlgDocuments::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("سند جدید"), C::HiddenInReadOnly, [this] { addDocument(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("new"), QStringLiteral("سند جدید"), C::HiddenInReadOnly, [this] { addDocument(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("ویرایش"), onRow, [this] { editDocument(); }, QKeySequence(Qt::Key_F2),
+        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editDocument(); }, QKeySequence(Qt::Key_F2),
          QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("حذف"), onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
         printCommand(C::StartsGroup),
     };

@@ -79,15 +79,15 @@ std::vector<KListCommand> CDlgFactors::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {newSaleCaption, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("newSale"), newSaleCaption, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("خرید جدید"), C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::purchase); },
+        {QStringLiteral("newPurchase"), QStringLiteral("خرید جدید"), C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::purchase); },
          QKeySequence(Qt::SHIFT | Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {editCaption, onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("ابطال"), onRow, [this] { voidInvoice(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("edit"), editCaption, onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("void"), QStringLiteral("ابطال"), onRow, [this] { voidInvoice(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
-        {showCaption, C::NeedsRow, [this] { showInvoice(); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("نمایش سند"), C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, QStringLiteral(":/icons/document.svg")},
+        {QStringLiteral("show"), showCaption, C::NeedsRow, [this] { showInvoice(); }, {}, QStringLiteral(":/icons/show.svg")},
+        {QStringLiteral("showDocument"), QStringLiteral("نمایش سند"), C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, QStringLiteral(":/icons/document.svg")},
         printCommand(C::StartsGroup),
     };
 }

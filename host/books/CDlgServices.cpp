@@ -32,10 +32,10 @@ std::vector<KListCommand> CDlgServices::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("جدید"), C::HiddenInReadOnly, [this] { addService(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("new"), QStringLiteral("جدید"), C::HiddenInReadOnly, [this] { addService(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("ویرایش"), onRow, [this] { editService(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("حذف"), onRow, [this] { deleteService(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editService(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteService(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
         printCommand(C::StartsGroup),
     };

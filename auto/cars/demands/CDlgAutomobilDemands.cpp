@@ -97,19 +97,19 @@ std::vector<KListCommand> CDlgAutomobilDemands::commands()
     KListCommand print = printCommand(C::HiddenInSelect | C::StartsGroup);
     print.caption = QStringLiteral("چاپ ليست");
     return {
-        {QStringLiteral("پيش فرض"), C::BesideSearch, [this] { resetFilter(); }, {}, QStringLiteral(":/icons/refresh.svg")},
-        {QStringLiteral("جديد"), C::HiddenInReadOnly | C::HiddenInSelect, [this] { addDemand(); },
+        {QStringLiteral("reset"), QStringLiteral("پيش فرض"), C::BesideSearch, [this] { resetFilter(); }, {}, QStringLiteral(":/icons/refresh.svg")},
+        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly | C::HiddenInSelect, [this] { addDemand(); },
          QKeySequence(Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("ويرايش"), onRow, [this] { editDemand(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("نمايش"), onRow, [this] { showDemand(list()->currentKey()); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("edit"), QStringLiteral("ويرايش"), onRow, [this] { editDemand(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("show"), QStringLiteral("نمايش"), onRow, [this] { showDemand(list()->currentKey()); }, {}, QStringLiteral(":/icons/show.svg")},
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("بايگاني شد"), onRow, [this] { archiveDemand(); }, {}, QStringLiteral(":/icons/archive.svg")},
+        {QStringLiteral("archive"), QStringLiteral("بايگاني شد"), onRow, [this] { archiveDemand(); }, {}, QStringLiteral(":/icons/archive.svg")},
         print,
-        {QStringLiteral("خودروهای مناسب"), C::NeedsRow | C::StartsGroup,
+        {QStringLiteral("matchingCars"), QStringLiteral("خودروهای مناسب"), C::NeedsRow | C::StartsGroup,
          [this] { CDlgMatchingCars::Show(list()->currentKey(), this); }, QKeySequence(Qt::CTRL | Qt::Key_M),
          QStringLiteral(":/icons/search.svg")},
-        {QStringLiteral("گالري اتومبيل"), C::NeedsRow | C::HiddenInSelect, [this] { CDlgAutomobilInformations::ShowForDemand(list()->currentKey()); }, {}, QStringLiteral(":/icons/car.svg")},
+        {QStringLiteral("carList"), QStringLiteral("گالري اتومبيل"), C::NeedsRow | C::HiddenInSelect, [this] { CDlgAutomobilInformations::ShowForDemand(list()->currentKey()); }, {}, QStringLiteral(":/icons/car.svg")},
     };
 }
 

@@ -37,7 +37,7 @@ public:
     QCheckBox *inactiveFilter() const { return m_inactive; }
 
     // The filter as a new window has it; the list is emptied.
-    void resetFilter();
+    void resetFilter() override;
 
 protected:
     QVector<KListModel::Column> listColumns() const override;

@@ -118,18 +118,18 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
     using C = KListCommand;
     constexpr int change = C::HiddenInReadOnly | C::HiddenInSelect;
     return {
-        {QStringLiteral("جديد"), change, [this] { addCar(); }, QKeySequence(Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("ويرايش"), change | C::NeedsRow, [this] { editCar(); }, QKeySequence(Qt::Key_F2),
+        {QStringLiteral("new"), QStringLiteral("جديد"), change, [this] { addCar(); }, QKeySequence(Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
+        {QStringLiteral("edit"), QStringLiteral("ويرايش"), change | C::NeedsRow, [this] { editCar(); }, QKeySequence(Qt::Key_F2),
          QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("حذف"), change | C::NeedsRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("delete"), QStringLiteral("حذف"), change | C::NeedsRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("نمايش"), change | C::NeedsRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("بايگاني شد"), change | C::NeedsRow, [this] { archiveCar(); }, {}, QStringLiteral(":/icons/archive.svg")},
-        {QStringLiteral("متقاضیان"), C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, QStringLiteral(":/icons/users.svg")},
+        {QStringLiteral("show"), QStringLiteral("نمايش"), change | C::NeedsRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
+        {QStringLiteral("archive"), QStringLiteral("بايگاني شد"), change | C::NeedsRow, [this] { archiveCar(); }, {}, QStringLiteral(":/icons/archive.svg")},
+        {QStringLiteral("matchingDemands"), QStringLiteral("متقاضیان"), C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, QStringLiteral(":/icons/users.svg")},
         printCommand(C::StartsGroup),
-        {QStringLiteral("نام خودرو"), C::StartsGroup, [this] { browseCatalog(); }, {}, QStringLiteral(":/icons/car.svg")},
-        {QStringLiteral("پارامترهاي ورودي"), 0, [this] { editInputParameters(); }, {}, QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("پيش فرض"), C::BesideSearch, [this] { resetFilter(); }, {}, QStringLiteral(":/icons/refresh.svg")},
+        {QStringLiteral("catalog"), QStringLiteral("نام خودرو"), C::StartsGroup, [this] { browseCatalog(); }, {}, QStringLiteral(":/icons/car.svg")},
+        {QStringLiteral("inputParameters"), QStringLiteral("پارامترهاي ورودي"), 0, [this] { editInputParameters(); }, {}, QStringLiteral(":/icons/settings.svg")},
+        {QStringLiteral("reset"), QStringLiteral("پيش فرض"), C::BesideSearch, [this] { resetFilter(); }, {}, QStringLiteral(":/icons/refresh.svg")},
     };
 }
 

@@ -55,7 +55,7 @@ public:
     QCheckBox *inactiveFilter() const { return m_inactive; }
 
     // Nothing asked but what is not archived; the list is emptied.
-    void resetFilter();
+    void resetFilter() override;
 
 protected:
     QVector<KListModel::Column> listColumns() const override;

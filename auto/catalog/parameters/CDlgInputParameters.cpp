@@ -96,10 +96,10 @@ std::vector<KListCommand> CDlgInputParameters::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {editCaption(), onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("حذف"), onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("edit"), editCaption(), onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
     };
 }

@@ -86,10 +86,10 @@ std::vector<KListCommand> CDlgAutomobilTariffs::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addTariff(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addTariff(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {editCaption(), onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+        {QStringLiteral("edit"), editCaption(), onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
         printCommand(C::StartsGroup),
     };

@@ -3,56 +3,24 @@
 
 #pragma once
 
+#include "suite/accounting/lists/KFilterForm.h"
+#include "suite/accounting/lists/KListColumn.h"
+#include "suite/accounting/lists/KListCommands.h"
+#include "suite/accounting/lists/KListFilterBox.h"
+#include "suite/accounting/lists/KListOrder.h"
+#include "suite/accounting/lists/KListPrinting.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/reports/ListReport.h"
-#include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialogTabPage.h"
-#include "suite/utility/lists/KListModel.h"
-
-#include <QKeySequence>
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
-class KEdit;
 class KExtListCtrl;
 class KMySQL;
 class QGridLayout;
-class QHBoxLayout;
 class QLabel;
 class QPushButton;
-class QSpacerItem;
-
-// A button of a list page.
-struct KListCommand
-{
-    enum Option {
-        NeedsRow = 1,         // enabled exactly while a row is selected
-        HiddenInReadOnly = 2, // not shown in read-only mode and on a closed database
-        HiddenInSelect = 4,   // not shown in select mode
-        NotDisplayed = 8,     // exists, but is never shown
-        StartsGroup = 32,     // a gap before it
-        PrintsList = 64,      // the button has a menu beside it: the other ways to take the list out
-        BesideSearch = 128    // stands beside the search button, not among the commands below the list
-    };
-
-    QString caption; // also its accessible name
-    int options = 0;
-    std::function<void()> run;
-    QKeySequence shortcut = {};
-    QString icon = {}; // resource path
-};
-
-// How a list goes on paper.
-struct KListReport
-{
-    QString title;
-    QString group; // the office keeps its layouts under group and report; no report: the list is not printed
-    QString report;
-    QVector<std::pair<QString, QString>> texts = {}; // further text elements by name; see ListReport
-};
 
 // What the archive command of a list says and asks for.
 struct KArchiveTexts
@@ -63,24 +31,10 @@ struct KArchiveTexts
     QString done;
 };
 
-// Where a list differs from most. What stands here is how most lists are.
-struct KListTraits
-{
-    QString layoutSetting = {};  // settings section of the columns' widths and order; empty: the list's section + "\\List"
-    QString emptySort = {};      // order while the stored one is an empty text; empty: defaultSort()
-    bool hasRowLimit = true;     // false: every row is fetched and no limit is kept
-    int lowestRowLimit = 1;      // 0: that many means without a limit
-    bool hasSearchButton = true; // false: the filter's own controls refill the list
-    int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
-    QString filterTitle = QStringLiteral("فيلتر جستجو");
-    bool sortsWithoutRows = false; // true: a title's click asks the database for its order even while the list is empty
-    bool deletesInSelectMode = false;
-};
-
-// Base page of the lists: filter, rows of one record set, commands. It owns what all lists share: the settings (row limit,
-// last column, sort), the sort mark and direction, keeping the selection, the count label, which commands are shown and
-// enabled, archiving and deleting. A list derives from it with its tables (columns, commands) and its few own steps, and
-// calls build() at the end of its constructor.
+// Base page of the lists: filter, rows of one record set, commands. A list derives from it with three tables (columns, filters,
+// commands) and its few own steps, and calls build() at the end of its constructor. Code and tests name a column, a filter and
+// a command by its key. The page owns what all lists share: the settings (row limit, last column, sort), the sort mark and
+// direction, keeping the selection, the count label, which commands are shown and enabled, archiving and deleting.
 //
 // Modes are set before the page is first shown. A closed database acts like read-only mode.
 class TZACCOUNTING_EXPORT KListPage : public KDialogTabPage, protected KSecurity
@@ -103,17 +57,20 @@ public:
     void open();
     // Reads the rows anew with the filter as it stands. Throws CMySQLException: the list then keeps the rows it had.
     void refill();
-    // Runs the command with that caption as its button would, if it may run now. False when it may not.
-    bool runCommand(const QString &caption);
+    // The filter as a new page has it, but for what its table keeps.
+    virtual void resetFilter() { filters().reset(); }
+    // Runs the command with that id as its button would, if it may run now. False when it may not.
+    bool runCommand(QStringView id) { return m_commands->run(id); }
 
     KExtListCtrl *list() const { return m_list; }
-    QPushButton *button(const QString &caption) const;
+    KFilterForm &filters() const { return m_filterBox->filters(); }
+    QPushButton *button(QStringView id) const { return m_commands->button(id); }
     QString countText() const;
-    QString sortExpression() const { return m_sort; }
+    QString sortExpression() const { return m_order.sort(); }
     // 0: no limit.
-    int rowLimit() const;
+    int rowLimit() const { return m_filterBox->rowLimit(); }
     // Of the next fill, up to 10000, as the user would type it.
-    void setRowLimit(int rows);
+    void setRowLimit(int rows) { m_filterBox->setRowLimit(rows); }
 
     bool OnAccess() override;
     bool OnOK() override;
@@ -121,22 +78,22 @@ public:
 
 protected:
     // --- What a list is made of ---
-    virtual QVector<KListModel::Column> listColumns() const = 0;
+    virtual QList<KListColumn> columnTable() const { return {}; }
+    virtual QList<KListFilter> filterTable() const { return {}; }
     virtual std::vector<KListCommand> commands() = 0;
-    // The filter's controls, in the grid of its group box; the base adds the row limit and the search button behind them.
-    virtual void buildFilters(QGridLayout *grid) = 0;
     virtual KListTraits traits() const { return {}; }
     // What the list reads.
     virtual std::unique_ptr<KMySQL> makeRecords() const = 0;
     // What deleting and archiving work on, loaded by its key: a list over a joined view gives the table's own class.
     virtual std::unique_ptr<KMySQL> makeRecord() const;
-    // Columns that the rows need; empty fetches all.
-    virtual QStringList fetchedColumns() const { return {}; }
-    // The run of clauses, each beginning with " AND "; the base takes the first " AND " off.
-    virtual QString filterClauses() const = 0;
-    // The row of the record that the set stands on; numbers count from 1.
-    virtual KListModel::Row makeRow(KMySQL &record, int number) = 0;
-    // Called before the first makeRow and after the last, for names looked up for the whole list at once.
+    // What the list shows besides its filters' controls in the grid of the filter box; the row limit and the search button come
+    // behind it.
+    virtual void buildFilters(QGridLayout *) { }
+    // The condition of the rows; a run of clauses may begin with " AND ".
+    virtual QString filterClauses() const;
+    // A row that stands out: what is overdue or void.
+    virtual bool isWarning(KMySQL &) const { return false; }
+    // Called before the first row is made and after the last has its names, for what a list adds to all rows at once.
     virtual void beginRows() { }
     virtual void completeRows(QVector<KListModel::Row> &) { }
     virtual QString defaultSort() const { return QStringLiteral("iID"); }
@@ -152,10 +109,19 @@ protected:
     virtual KListReport reportSpec() const { return {}; }
     // Select mode: takes what the caller wants to know of the row besides its key.
     virtual void chose(int) { }
-    virtual QWidget *firstFilterControl() const = 0;
+    // Where Ctrl+F goes.
+    virtual QWidget *firstFilterControl() const { return filters().findControl(); }
+
+    // --- The same for a list whose columns are no table yet; only of use while columnTable() is empty ---
+    virtual QVector<KListModel::Column> listColumns() const { return {}; }
+    virtual KListModel::Row makeRow(KMySQL &, int) { return {}; }
 
     // --- What the base offers to it ---
     void build();
+    // The record columns that the column table reads.
+    virtual QStringList fetchedColumns() const;
+    // The row of a record besides those that are listed, with its names.
+    KListModel::Row rowOf(KMySQL &record, int number) const;
     // Read-only mode, or a database that was closed when the page was opened: nothing to change is offered.
     bool isReadOnly() const { return m_readOnlyMode || m_closed; }
     // Read-only mode, or a database that is closed now, which is asked: for a command that is about to change something.
@@ -168,10 +134,9 @@ protected:
     void deleteSelected();
     // Runs the statement on the selected record unless it is archived already; statement takes the loaded record.
     void archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive);
-    // "چاپ" (Ctrl+P): the list as it stands, in the report's window; in the menu beside it PDF, spreadsheet and layout.
+    // "print": "چاپ" (Ctrl+P), the list as it stands in the report's window; in the menu beside it PDF, spreadsheet and layout.
     KListCommand printCommand(int options = KListCommand::HiddenInSelect);
-    // The report of the list as it stands: its rows and columns, the texts of reportSpec(), the print date ("LeftBottom") and
-    // the count ("Count"), in the stored layout when there is one.
+    // The report of the list as it stands.
     ListReport listReport() const;
     // Runs work; an error it lets through is reported once and the page stays as it is.
     void guarded(const std::function<void()> &work);
@@ -188,35 +153,19 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void connectList();
     void buildFilterBox();
-    void buildSearchRow(QGridLayout *grid);
     void buildCommands();
-    QWidget *buildPrintMenu();
-    void printList();
     void withReport(const std::function<void(ListReport &)> &work);
-    void addShortcut(const KListCommand &command, QPushButton *button);
-    void applyMode();
-    bool checkFilter();
     void search();
-    void readSettings();
-    void readOrder();
-    bool isSortable() const;
     void firstFill();
     void updateCommands();
     void sortBy(int column);
-    bool isKnownSort(const QString &sort) const;
-    void markColumn(int column, bool marked);
-    QVector<KListModel::Row> readRows(const QString &sort);
+    KMySQL &records();
+    QVector<KListModel::Row> readRows();
+    QVector<KListModel::Row> makeRows(KMySQL &records);
     void restoreSelection(int rememberedRow);
     void updateCount();
-
-    struct Command
-    {
-        KListCommand command;
-        QPushButton *button = nullptr;
-        QWidget *menu = nullptr;    // the arrow beside it
-        QSpacerItem *gap = nullptr; // before it, where a group starts
-    };
 
     QString m_section;
     KListTraits m_traits;
@@ -226,16 +175,12 @@ private:
     bool m_opened = false;
     bool m_exchangingRows = false;
     int m_chosenKey = 0;
-    int m_lastColumn = 1;
-    bool m_descending = false;
-    QString m_sort;
+    KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
-    QVector<KListModel::Column> m_columns;
-    std::vector<Command> m_commands;
+    QList<KListColumn> m_columnTable;
+    KListPrinting m_printing;
     KExtListCtrl *m_list = nullptr;
-    KEdit *m_rowLimit = nullptr;
+    KListFilterBox *m_filterBox = nullptr;
+    KListCommands *m_commands = nullptr;
     QLabel *m_count = nullptr;
-    QWidget *m_filterBox = nullptr;
-    QHBoxLayout *m_searchRow = nullptr;
-    QWidget *m_commandRow = nullptr;
 };

@@ -123,9 +123,9 @@ KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
 std::vector<KListCommand> CDlgPersons::commands()
 {
     return {
-        {.caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = QStringLiteral(":/icons/new.svg")},
-        {.caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = QStringLiteral(":/icons/edit.svg")},
-        {.caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = QStringLiteral(":/icons/show.svg")},
+        {.id = QStringLiteral("new"), .caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = QStringLiteral(":/icons/new.svg")},
+        {.id = QStringLiteral("edit"), .caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = QStringLiteral(":/icons/edit.svg")},
+        {.id = QStringLiteral("show"), .caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = QStringLiteral(":/icons/show.svg")},
         printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
     };
 }

@@ -75,14 +75,14 @@ std::vector<KListCommand> CDlgAlarms::commands()
 {
     constexpr int onRow = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly;
     return {
-        {newCaption, KListCommand::HiddenInReadOnly, [this] { addAlarm(); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("new"), newCaption, KListCommand::HiddenInReadOnly, [this] { addAlarm(); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
-        {editCaption, onRow, [this] { editAlarm(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("انجام شد"), onRow | KListCommand::StartsGroup, [this] { finishAlarm(); },
+        {QStringLiteral("edit"), editCaption, onRow, [this] { editAlarm(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("done"), QStringLiteral("انجام شد"), onRow | KListCommand::StartsGroup, [this] { finishAlarm(); },
          QKeySequence(Qt::CTRL | Qt::Key_D), QStringLiteral(":/icons/reminder.svg")},
-        {postponeCaption, onRow, [this] { postponeAlarm(); }, QKeySequence(Qt::Key_F4),
+        {QStringLiteral("postpone"), postponeCaption, onRow, [this] { postponeAlarm(); }, QKeySequence(Qt::Key_F4),
          QStringLiteral(":/icons/calendar.svg")},
-        {QStringLiteral("حذف"), onRow | KListCommand::StartsGroup, [this] { deleteAlarm(); },
+        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow | KListCommand::StartsGroup, [this] { deleteAlarm(); },
          QKeySequence(QKeySequence::Delete), QStringLiteral(":/icons/delete.svg")},
     };
 }

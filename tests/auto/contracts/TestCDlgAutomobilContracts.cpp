@@ -30,6 +30,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Contract = CTblAutomobilContracts;
@@ -42,7 +44,7 @@ QStringList explanations(const CDlgAutomobilContracts &page)
 {
     QStringList texts;
     for (int row = 0; row < page.list()->count(); ++row)
-        texts << page.list()->cellText(row, 5);
+        texts << page.list()->cellText(row, u"explanation");
     return texts;
 }
 
@@ -51,9 +53,12 @@ QString headerText(const CDlgAutomobilContracts &page, int column)
     return page.list()->model()->headerData(column, Qt::Horizontal).toString();
 }
 
-const QStringList rowCommands = {QStringLiteral("ويرايش"), QStringLiteral("حذف"), QStringLiteral("نمايش"),
-                                 QStringLiteral("بايگاني شد"), QStringLiteral("چاپ قرارداد "),
-                                 QStringLiteral("تسويه با فروشنده"), QStringLiteral("تسويه با خريدار")};
+QString headerText(const CDlgAutomobilContracts &page, QStringView column)
+{
+    return headerText(page, page.list()->columnOf(column));
+}
+
+const QStringList rowCommands = {u"edit"_s, u"delete"_s, u"show"_s, u"archive"_s, u"printContract"_s, u"settleSeller"_s, u"settleBuyer"_s};
 
 }
 
@@ -125,10 +130,10 @@ private Q_SLOTS:
         CDlgAutomobilContracts page;
         page.open();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("plain")});
-        page.inactiveFilter()->setChecked(true);
+        page.filters().set(u"inactive", true);
         page.refill();
         QCOMPARE(explanations(page), (QStringList{QStringLiteral("plain"), QStringLiteral("void")}));
-        page.returnFilter()->setCurrentIndex(2);
+        page.filters().set(u"returned", 2);
         page.refill();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("returned")});
     }
@@ -142,17 +147,17 @@ private Q_SLOTS:
         addNamed(QStringLiteral("none"));
         CDlgAutomobilContracts page;
         page.open();
-        page.archiveFilter()->setCurrentIndex(2);
+        page.filters().set(u"archive", 2);
         page.refill();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("mine")});
-        page.archiveFilter()->setCurrentIndex(3);
+        page.filters().set(u"archive", 3);
         page.refill();
         QCOMPARE(explanations(page), (QStringList{QStringLiteral("other"), QStringLiteral("third")}));
-        page.archiveFilter()->setCurrentIndex(0);
+        page.filters().set(u"archive", 0);
         page.refill();
         QCOMPARE(page.list()->count(), 4);
-        QCOMPARE(page.list()->cellText(0, 9), QStringLiteral("بلی"));
-        QCOMPARE(page.list()->cellText(3, 9), QStringLiteral("-"));
+        QCOMPARE(page.list()->cellText(0, u"archived"), QStringLiteral("بلی"));
+        QCOMPARE(page.list()->cellText(3, u"archived"), QStringLiteral("-"));
     }
 
     void toDateOfAGivenDayAlsoListsContractsDatedOnTheNextDay()
@@ -162,12 +167,10 @@ private Q_SLOTS:
         addNamed(QStringLiteral("after"), [](Contract &c) { c.m_dateContract = day(2026, 5, 12); });
         CDlgAutomobilContracts page;
         page.open();
-        page.contractToFilter()->setDate(QDate(2026, 5, 10));
-        page.contractToFilter()->setChecked(true);
+        page.filters().set(u"contractTo", QDate(2026, 5, 10));
         page.refill();
         QCOMPARE(explanations(page), (QStringList{QStringLiteral("day"), QStringLiteral("next")}));
-        page.contractFromFilter()->setDate(QDate(2026, 5, 11));
-        page.contractFromFilter()->setChecked(true);
+        page.filters().set(u"contractFrom", QDate(2026, 5, 11));
         page.refill();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("next")});
     }
@@ -177,10 +180,10 @@ private Q_SLOTS:
         addNamed(QStringLiteral("a"));
         CDlgAutomobilContracts page;
         page.open();
-        page.contractFromFilter()->setDate(QDate(2030, 1, 1));
+        page.filters().control<KDateEdit>(u"contractFrom")->setDate(QDate(2030, 1, 1));
         page.refill();
         QCOMPARE(page.list()->count(), 1);
-        QVERIFY(!page.criteria().contractFrom.isValid());
+        QVERIFY(!page.filters().value(u"contractFrom").toDateTime().isValid());
     }
 
     void namesComeFromThePersonsAndElseFromTheContract()
@@ -194,8 +197,8 @@ private Q_SLOTS:
         });
         CDlgAutomobilContracts page;
         page.open();
-        QCOMPARE(page.list()->cellText(0, 2), QStringLiteral("سارا کریمی"));
-        QCOMPARE(page.list()->cellText(0, 3), QStringLiteral("نام دستی"));
+        QCOMPARE(page.list()->cellText(0, u"seller"), QStringLiteral("سارا کریمی"));
+        QCOMPARE(page.list()->cellText(0, u"buyer"), QStringLiteral("نام دستی"));
     }
 
     void personFilterAndTextFiltersNarrowTheList()
@@ -205,15 +208,15 @@ private Q_SLOTS:
         addNamed(QStringLiteral("100 پراید"), [person](Contract &c) { c.m_iPersonSecondID = person; });
         CDlgAutomobilContracts page;
         page.open();
-        page.sellerFilter()->setPersonID(person);
+        page.filters().set(u"seller", person);
         page.refill();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("100% پراید")});
         page.resetFilter();
-        page.buyerFilter()->setPersonID(person);
+        page.filters().set(u"buyer", person);
         page.refill();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("100 پراید")});
         page.resetFilter();
-        page.explanationFilter()->setText(QStringLiteral("0%"));
+        page.filters().set(u"explanation", QStringLiteral("0%"));
         page.refill();
         QCOMPARE(explanations(page), QStringList{QStringLiteral("100% پراید")});
     }
@@ -222,35 +225,35 @@ private Q_SLOTS:
     {
         CDlgAutomobilContracts page;
         page.open();
-        page.archiveFilter()->setCurrentIndex(3);
-        page.returnFilter()->setCurrentIndex(2);
-        page.typeFilter()->setCurrentIndex(2);
-        page.descriptionFilter()->setText(QStringLiteral("x"));
-        page.contractFromFilter()->setChecked(true);
+        page.filters().set(u"archive", 3);
+        page.filters().set(u"returned", 2);
+        page.filters().set(u"type", 2);
+        page.filters().set(u"description", QStringLiteral("x"));
+        page.filters().control<KDateEdit>(u"contractFrom")->setChecked(true);
         page.resetFilter();
-        QCOMPARE(page.archiveFilter()->currentIndex(), 3);
-        QCOMPARE(page.returnFilter()->currentIndex(), 2);
-        QCOMPARE(page.typeFilter()->currentIndex(), 0);
-        QVERIFY(page.descriptionFilter()->text().isEmpty());
-        QVERIFY(!page.contractFromFilter()->isChecked());
+        QCOMPARE(page.filters().control<QComboBox>(u"archive")->currentIndex(), 3);
+        QCOMPARE(page.filters().control<QComboBox>(u"returned")->currentIndex(), 2);
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->currentIndex(), 0);
+        QVERIFY(page.filters().control<KEdit>(u"description")->text().isEmpty());
+        QVERIFY(!page.filters().control<KDateEdit>(u"contractFrom")->isChecked());
     }
 
     void clickOnNumberSellerOrBuyerDoesNotChangeTheOrder_data()
     {
-        QTest::addColumn<int>("column");
-        QTest::newRow("ردیف") << 0;
-        QTest::newRow("فروشنده") << 2;
-        QTest::newRow("خریدار") << 3;
+        QTest::addColumn<QString>("column");
+        QTest::newRow("ردیف") << u"row"_s;
+        QTest::newRow("فروشنده") << u"seller"_s;
+        QTest::newRow("خریدار") << u"buyer"_s;
     }
 
     void clickOnNumberSellerOrBuyerDoesNotChangeTheOrder()
     {
-        QFETCH(int, column);
+        QFETCH(QString, column);
         addNamed(QStringLiteral("b"));
         addNamed(QStringLiteral("a"));
         CDlgAutomobilContracts page;
         page.open();
-        Q_EMIT page.list()->columnClicked(column);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(column));
         QCOMPARE(page.sortExpression(), QStringLiteral("iCode"));
         QCOMPARE(explanations(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
         QVERIFY(!headerText(page, column).endsWith(u'*'));
@@ -262,12 +265,12 @@ private Q_SLOTS:
         addNamed(QStringLiteral("a"));
         CDlgAutomobilContracts page;
         page.open();
-        const int column = 5;
+        const int column = page.list()->columnOf(u"explanation");
         Q_EMIT page.list()->columnClicked(column);
         QCOMPARE(page.sortExpression(), QStringLiteral("sExplain"));
         QCOMPARE(explanations(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
         QCOMPARE(headerText(page, column), QStringLiteral("شرح قرارداد*"));
-        QCOMPARE(headerText(page, 1), QStringLiteral("نوع قرارداد"));
+        QCOMPARE(headerText(page, u"type"), QStringLiteral("نوع قرارداد"));
         Q_EMIT page.list()->columnClicked(column);
         QCOMPARE(page.sortExpression(), QStringLiteral("sExplain DESC"));
         QCOMPARE(explanations(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
@@ -306,8 +309,8 @@ private Q_SLOTS:
             page.open();
             addNamed(QStringLiteral("a"));
             page.refill();
-            Q_EMIT page.list()->columnClicked(6);
-            Q_EMIT page.list()->columnClicked(6);
+            Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"contractDate"));
+            Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"contractDate"));
             for (KEdit *edit : page.findChildren<KEdit *>()) {
                 if (edit->accessibleName() == QStringLiteral("تعداد نمايش :"))
                     edit->setNumber(25);
@@ -321,7 +324,7 @@ private Q_SLOTS:
         page.open();
         QCOMPARE(page.rowLimit(), 25);
         QCOMPARE(page.sortExpression(), QStringLiteral("dateContract DESC"));
-        QCOMPARE(headerText(page, 6), QStringLiteral("تاریخ عقد*"));
+        QCOMPARE(headerText(page, u"contractDate"), QStringLiteral("تاریخ عقد*"));
     }
 
     void storedSortThatNoColumnGivesIsNotTaken()
@@ -347,16 +350,16 @@ private Q_SLOTS:
     {
         CDlgAutomobilContracts page;
         page.open();
-        for (const QString &caption : rowCommands)
-            QVERIFY2(!page.button(caption)->isEnabled(), qPrintable(caption));
+        for (const QString &command : rowCommands)
+            QVERIFY2(!page.button(command)->isEnabled(), qPrintable(command));
         addNamed(QStringLiteral("a"));
         page.refill();
         QCOMPARE(page.list()->currentRow(), 0);
-        for (const QString &caption : rowCommands)
-            QVERIFY2(page.button(caption)->isEnabled(), qPrintable(caption));
+        for (const QString &command : rowCommands)
+            QVERIFY2(page.button(command)->isEnabled(), qPrintable(command));
         page.list()->selectRow(-1);
-        for (const QString &caption : rowCommands)
-            QVERIFY2(!page.button(caption)->isEnabled(), qPrintable(caption));
+        for (const QString &command : rowCommands)
+            QVERIFY2(!page.button(command)->isEnabled(), qPrintable(command));
     }
 
     void readOnlyModeAndAClosedDatabaseHideTheSameEightButtons_data()
@@ -385,8 +388,8 @@ private Q_SLOTS:
         expected << QStringLiteral("جديد");
         expected.sort();
         QCOMPARE(hidden, expected);
-        for (const QString &caption : {QStringLiteral("جديد"), QStringLiteral("ويرايش"), QStringLiteral("بايگاني شد")})
-            QVERIFY(!page.runCommand(caption));
+        for (const QString &command : {u"new"_s, u"edit"_s, u"archive"_s})
+            QVERIFY(!page.runCommand(command));
         Q_EMIT page.list()->emptyAreaActivated();
         Q_EMIT page.list()->rowRightClicked(page.list()->currentKey());
         GetDBSetting()->SetClosedDB(false);
@@ -403,8 +406,8 @@ private Q_SLOTS:
         page.open();
         QCOMPARE(page.list()->count(), 2);
         QCOMPARE(page.list()->currentKey(), second);
-        QVERIFY(page.button(QStringLiteral("چاپ"))->isHidden());
-        QVERIFY(page.inactiveFilter()->isHidden());
+        QVERIFY(page.button(u"print")->isHidden());
+        QVERIFY(page.filters().control<QCheckBox>(u"inactive")->isHidden());
         page.list()->selectKey(first);
         QVERIFY(page.OnOK());
         QCOMPARE(page.chosenKey(), first);
@@ -439,11 +442,11 @@ private Q_SLOTS:
         CDlgAutomobilContracts page;
         page.open();
         g_pDlgYesNo->answerNext(KMessageDialog::No);
-        QVERIFY(page.runCommand(QStringLiteral("حذف")));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟")});
         QCOMPARE(page.list()->count(), 2);
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-        QVERIFY(page.runCommand(QStringLiteral("حذف")));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(explanations(page), QStringList{QStringLiteral("b")});
         QCOMPARE(page.countText(), QStringLiteral("تعداد : 1"));
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
@@ -458,7 +461,7 @@ private Q_SLOTS:
         Q_EMIT page.list()->rowRightClicked(key);
         QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
         QCOMPARE(page.list()->count(), 0);
-        QVERIFY(!page.button(QStringLiteral("حذف"))->isEnabled());
+        QVERIFY(!page.button(u"delete")->isEnabled());
     }
 
     void contractThatVanishedIsSkippedWithoutAMessage()
@@ -467,8 +470,8 @@ private Q_SLOTS:
         CDlgAutomobilContracts page;
         page.open();
         m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts WHERE iID=%1").arg(key));
-        for (const QString &caption : rowCommands)
-            page.runCommand(caption);
+        for (const QString &command : rowCommands)
+            page.runCommand(command);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
@@ -482,7 +485,7 @@ private Q_SLOTS:
         KSecurity::forgetRights();
         CDlgAutomobilContracts page;
         page.open();
-        page.runCommand(QStringLiteral("بايگاني شد"));
+        page.runCommand(u"archive");
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید.")});
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts WHERE iID=%1").arg(key)),
                  QStringLiteral("0"));
@@ -493,15 +496,15 @@ private Q_SLOTS:
         const int key = addNamed(QStringLiteral("a"));
         CDlgAutomobilContracts page;
         page.open();
-        page.runCommand(QStringLiteral("بايگاني شد"));
+        page.runCommand(u"archive");
         QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts WHERE iID=%1").arg(key)),
                  QString::number(m_office->adminID()));
         QVERIFY(!m_office->database().value(QStringLiteral("SELECT dateArchive FROM AutomobilContracts")).isEmpty());
-        page.archiveFilter()->setCurrentIndex(0);
+        page.filters().set(u"archive", 0);
         page.refill();
-        page.runCommand(QStringLiteral("بايگاني شد"));
+        page.runCommand(u"archive");
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این تقاضا قبلا بایگانی شده است.")});
     }
 
@@ -510,14 +513,14 @@ private Q_SLOTS:
         addNamed(QStringLiteral("a"), [](Contract &c) { c.m_iArchiveUserID = 1; });
         CDlgAutomobilContracts page;
         page.open();
-        page.archiveFilter()->setCurrentIndex(0);
+        page.filters().set(u"archive", 0);
         page.refill();
         QString title;
         TestOffice::whenModal("CDlgAddAutomobilContract", [&title](QWidget *window) {
             title = window->windowTitle();
             static_cast<QDialog *>(window)->reject();
         });
-        QVERIFY(page.runCommand(QStringLiteral("ويرايش")));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(title, QStringLiteral("قرارداد مبایعه نامه - نمایش"));
     }
 
@@ -531,9 +534,9 @@ private Q_SLOTS:
         });
         CDlgAutomobilContracts page;
         page.open();
-        page.inactiveFilter()->setChecked(true);
+        page.filters().set(u"inactive", true);
         page.refill();
-        page.runCommand(QStringLiteral("تسويه با فروشنده"));
+        page.runCommand(u"settleSeller");
         QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("این قرارداد باطل شده است.")});
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
     }
@@ -542,8 +545,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("command");
         QTest::addColumn<double>("amount");
-        QTest::newRow("seller") << QStringLiteral("تسويه با فروشنده") << 119.0;
-        QTest::newRow("buyer") << QStringLiteral("تسويه با خريدار") << 227.0;
+        QTest::newRow("seller") << u"settleSeller"_s << 119.0;
+        QTest::newRow("buyer") << u"settleBuyer"_s << 227.0;
     }
 
     void settlementReceivesPaymentTaxAndDutyOfThatSide()
@@ -578,7 +581,7 @@ private Q_SLOTS:
         addNamed(QStringLiteral("a"), [](Contract &c) { c.m_dPayFirst = 100; });
         CDlgAutomobilContracts page;
         page.open();
-        QVERIFY(page.runCommand(QStringLiteral("تسويه با فروشنده")));
+        QVERIFY(page.runCommand(u"settleSeller"));
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
     }
@@ -587,10 +590,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("command");
         QTest::addColumn<int>("missing");
-        QTest::newRow("new") << QStringLiteral("جديد") << int(KSecurity::Write);
-        QTest::newRow("edit") << QStringLiteral("ويرايش") << int(KSecurity::Modify);
-        QTest::newRow("delete") << QStringLiteral("حذف") << int(KSecurity::Delete);
-        QTest::newRow("show") << QStringLiteral("نمايش") << int(KSecurity::Read);
+        QTest::newRow("new") << u"new"_s << int(KSecurity::Write);
+        QTest::newRow("edit") << u"edit"_s << int(KSecurity::Modify);
+        QTest::newRow("delete") << u"delete"_s << int(KSecurity::Delete);
+        QTest::newRow("show") << u"show"_s << int(KSecurity::Read);
     }
 
     void everyCommandAsksItsOwnRight()
@@ -644,7 +647,7 @@ private Q_SLOTS:
             QCOMPARE(generator->pages()->pageCount(), 1);
             window->close();
         });
-        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        QVERIFY(page.runCommand(u"print"));
         QVERIFY(shown);
     }
 
@@ -665,7 +668,7 @@ private Q_SLOTS:
             columns = static_cast<CDlgReportGenerator *>(window)->report().shownColumns().size();
             window->close();
         });
-        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        QVERIFY(page.runCommand(u"print"));
         m_office->database().run(QStringLiteral("DELETE FROM ReportLayouts"));
         QCOMPARE(title, QStringLiteral("قراردادهای ما"));
         QCOMPARE(columns, 1);
@@ -682,7 +685,7 @@ private Q_SLOTS:
         QVERIFY(menu);
         g_pDlgWarning->takeShown();
         g_pDlgMessage->takeShown();
-        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        QVERIFY(page.runCommand(u"print"));
         for (QAction *action : menu->actions())
             action->trigger();
         QStringList told = g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown();
@@ -699,7 +702,7 @@ private Q_SLOTS:
         for (const QAction *action : page.findChild<QMenu *>()->actions())
             captions << action->text();
         QCOMPARE(captions, (QStringList{QStringLiteral("پیش نمایش چاپ"), QStringLiteral("ذخیره PDF"), QStringLiteral("صفحه گسترده"), QStringLiteral("چیدمان گزارش")}));
-        QCOMPARE(page.button(QStringLiteral("چاپ"))->toolTip(), QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText));
+        QCOMPARE(page.button(u"print")->toolTip(), QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText));
         CDlgAutomobilContracts picker;
         picker.setSelectMode(true);
         picker.open();
@@ -707,7 +710,7 @@ private Q_SLOTS:
         CDlgAutomobilContracts readOnly;
         readOnly.setReadOnlyMode(true);
         readOnly.open();
-        QVERIFY(!readOnly.button(QStringLiteral("چاپ"))->isHidden());
+        QVERIFY(!readOnly.button(u"print")->isHidden());
     }
 
     void listReadsInThreeStatementsAtMostWhateverItsLength()

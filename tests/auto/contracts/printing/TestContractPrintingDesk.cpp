@@ -21,7 +21,7 @@
 namespace {
 
 const QString builtTemplates = QStringLiteral(TZ_TEMPLATES);
-const QString command = QStringLiteral("چاپ قرارداد ");
+const QString command = QStringLiteral("printContract");
 const QString missingText = QStringLiteral("فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید.");
 
 }

@@ -361,7 +361,7 @@ private Q_SLOTS:
             opened = true;
             window->close();
         });
-        QVERIFY(contracts.runCommand(QStringLiteral("گزارش جامع")));
+        QVERIFY(contracts.runCommand(u"fullReport"));
         QVERIFY(opened);
     }
 };

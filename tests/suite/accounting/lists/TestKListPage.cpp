@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -9,11 +10,12 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -55,42 +57,36 @@ public:
     void deleteCurrent() { deleteSelected(); }
 
 protected:
-    QVector<KListModel::Column> listColumns() const override
+    QList<KListColumn> columnTable() const override
     {
-        return {{QStringLiteral("ردیف"), Qt::AlignCenter, 40, {}},
-                {QStringLiteral("نام"), Qt::AlignRight, 80, QStringLiteral("it.sName")},
-                {QStringLiteral("عنوان"), Qt::AlignRight, 80, QStringLiteral("sTitle")}};
+        return {KListColumn::rowNumber(),
+                {.key = u"name"_s, .title = u"نام"_s, .alignment = Qt::AlignRight, .sortKey = u"it.sName"_s, .column = u"it.sName"_s},
+                {.key = u"title"_s, .title = u"عنوان"_s, .alignment = Qt::AlignRight, .sortKey = u"sTitle"_s}};
+    }
+    QList<KListFilter> filterTable() const override
+    {
+        using namespace FilterClauses;
+        return {{.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .options = KListFilter::FindGoesHere},
+                {.key = u"itemType"_s, .clause = always(" AND it.iType=7")},
+                {.key = u"grouping"_s, .clause = always(" GROUP BY it.iID")}};
     }
     std::vector<KListCommand> commands() override { return {}; }
     KListTraits traits() const override { return m_traits; }
-    void buildFilters(QGridLayout *grid) override
-    {
-        m_name = new KEdit(grid->parentWidget());
-        addFilter(grid, 0, 0, QStringLiteral("نام :"), m_name);
-    }
     std::unique_ptr<KMySQL> makeRecords() const override { return std::make_unique<ItemsJoined>(); }
     std::unique_ptr<KMySQL> makeRecord() const override { return std::make_unique<CTblItems>(); }
-    QString filterClauses() const override { return QStringLiteral(" AND it.iType=7 GROUP BY it.iID"); }
-    KListModel::Row makeRow(KMySQL &record, int number) override
-    {
-        const auto &item = static_cast<const ItemsJoined &>(record);
-        return {item.m_iID, {{QString::number(number), number}, {item.m_sName}}};
-    }
     void beginRows() override { ++searches; }
     QString defaultSort() const override { return QStringLiteral("it.iID"); }
     void activated(int) override { }
-    QWidget *firstFilterControl() const override { return m_name; }
 
 private:
     KListTraits m_traits;
-    KEdit *m_name = nullptr;
 };
 
 QStringList names(const SampleList &page)
 {
     QStringList texts;
     for (int row = 0; row < page.list()->count(); ++row)
-        texts << page.list()->cellText(row, 1);
+        texts << page.list()->cellText(row, u"name");
     return texts;
 }
 
@@ -176,7 +172,7 @@ private Q_SLOTS:
     {
         SampleList page;
         page.open();
-        Q_EMIT page.list()->columnClicked(2);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"title"));
         QCOMPARE(names(page), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a")}));
         page.OnClosing();
         SampleList again;
@@ -193,7 +189,7 @@ private Q_SLOTS:
         SampleList page;
         page.open();
         QCOMPARE(names(page), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a")}));
-        Q_EMIT page.list()->columnClicked(1);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"name"));
         QCOMPARE(page.sortExpression(), QStringLiteral("it.sName"));
         QCOMPARE(names(page), (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
     }
@@ -337,7 +333,7 @@ private Q_SLOTS:
         traits.sortsWithoutRows = sortsWithoutRows;
         SampleList page(traits);
         page.open();
-        Q_EMIT page.list()->columnClicked(2);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"title"));
         QCOMPARE(page.searches, searches);
         QCOMPARE(page.sortExpression(), QStringLiteral("sTitle"));
     }

@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/lists/KFilterForm.h"
+
+#include "suite/utility/entries/FieldLabel.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QWidget>
+
+#include <algorithm>
+#include <numeric>
+#include <tuple>
+
+namespace {
+
+bool isShown(const KListFilter &filter)
+{
+    return filter.place.row >= 0;
+}
+
+// As the controls are seen, those not shown last.
+std::vector<qsizetype> inPlaces(const QList<KListFilter> &filters)
+{
+    std::vector<qsizetype> order(static_cast<size_t>(filters.size()));
+    std::iota(order.begin(), order.end(), qsizetype(0));
+    const auto place = [&filters](qsizetype index) {
+        const KListFilter &filter = filters.at(index);
+        return std::tuple(!isShown(filter), filter.place.row, filter.place.column);
+    };
+    std::stable_sort(order.begin(), order.end(), [&place](qsizetype left, qsizetype right) { return place(left) < place(right); });
+    return order;
+}
+
+}
+
+KFilterForm::KFilterForm(QList<KListFilter> filters, const KFilterControl::Maker &makePerson, QGridLayout *grid, QObject *parent)
+    : QObject(parent)
+    , m_filters(std::move(filters))
+    , m_items(static_cast<size_t>(m_filters.size()))
+{
+    for (const qsizetype index : inPlaces(m_filters))
+        add(index, makePerson, grid);
+}
+
+void KFilterForm::add(qsizetype index, const KFilterControl::Maker &makePerson, QGridLayout *grid)
+{
+    const KListFilter &filter = m_filters.at(index);
+    Item &item = m_items[static_cast<size_t>(index)];
+    if (filter.kind == KListFilter::Kind::Always)
+        return;
+    const bool isPerson = filter.kind == KListFilter::Kind::Person;
+    Q_ASSERT_X(!isPerson || makePerson, "KFilterForm", "the list's traits make no person field");
+    item.control = isPerson ? makePerson(filter, grid->parentWidget()) : KFilterControl::make(filter, grid->parentWidget());
+    QWidget *control = item.control.widget;
+    nameControl(control, filter.accessibleName.isEmpty() ? filter.label : filter.accessibleName);
+    if (filter.initial.isValid())
+        item.control.set(filter.initial);
+    if (!isShown(filter))
+        control->hide();
+    else if (filter.kind == KListFilter::Kind::Flag)
+        grid->addWidget(control, filter.place.row, filter.place.column, 1, filter.place.span);
+    else
+        item.label = addLabelled(grid, filter.place.row, filter.place.column, filter.label, control, filter.place.span);
+}
+
+qsizetype KFilterForm::indexOf(QStringView key) const
+{
+    const auto found =
+        std::find_if(m_filters.cbegin(), m_filters.cend(), [key](const KListFilter &filter) { return filter.key == key; });
+    Q_ASSERT_X(found != m_filters.cend(), "KFilterForm", "no such filter");
+    return found - m_filters.cbegin();
+}
+
+QVariant KFilterForm::valueAt(qsizetype index) const
+{
+    const KListFilter &filter = m_filters.at(index);
+    const KFilterControl &control = m_items[static_cast<size_t>(index)].control;
+    const bool asksAsAtFirst = !control.widget || (m_selectMode && (filter.options & KListFilter::HiddenInSelect));
+    return asksAsAtFirst ? filter.initial : control.value();
+}
+
+QVariant KFilterForm::value(QStringView key) const
+{
+    return valueAt(indexOf(key));
+}
+
+KFilterValues KFilterForm::values() const
+{
+    KFilterValues values;
+    for (qsizetype i = 0; i < m_filters.size(); ++i)
+        values.insert(m_filters.at(i).key, valueAt(i));
+    return values;
+}
+
+void KFilterForm::set(QStringView key, const QVariant &value)
+{
+    const KFilterControl &control = m_items[static_cast<size_t>(indexOf(key))].control;
+    Q_ASSERT_X(control.widget, "KFilterForm", "a filter without a control");
+    control.set(value);
+}
+
+void KFilterForm::reset()
+{
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        const KListFilter &filter = m_filters.at(i);
+        const KFilterControl &control = m_items[static_cast<size_t>(i)].control;
+        if (!control.widget || (filter.options & KListFilter::KeptByReset))
+            continue;
+        if (filter.options & KListFilter::ReadByReset)
+            control.readChoices();
+        control.set(filter.initial);
+    }
+}
+
+void KFilterForm::readChoices(QStringView key)
+{
+    m_items[static_cast<size_t>(indexOf(key))].control.readChoices();
+}
+
+void KFilterForm::setSelectMode(bool on)
+{
+    m_selectMode = on;
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        if (!isShown(m_filters.at(i)) || !(m_filters.at(i).options & KListFilter::HiddenInSelect))
+            continue;
+        const Item &item = m_items[static_cast<size_t>(i)];
+        item.control.widget->setVisible(!on);
+        if (item.label)
+            item.label->setVisible(!on);
+    }
+}
+
+QString KFilterForm::condition(int userID) const
+{
+    return KListFilter::condition(m_filters, values(), userID);
+}
+
+QWidget *KFilterForm::control(QStringView key) const
+{
+    return m_items[static_cast<size_t>(indexOf(key))].control.widget;
+}
+
+QWidget *KFilterForm::findControl() const
+{
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        if (m_filters.at(i).options & KListFilter::FindGoesHere)
+            return m_items[static_cast<size_t>(i)].control.widget;
+    }
+    return nullptr;
+}

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/lists/KFilterControl.h"
+
+#include <QObject>
+
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+
+// The filters of a list as a table: builds their controls with label, buddy and accessible name at their places, hands out and
+// takes their values by key, resets them, and makes the condition of what they ask.
+class TZACCOUNTING_EXPORT KFilterForm : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The controls are added to the grid of the filter box in the order of their places.
+    KFilterForm(QList<KListFilter> filters, const KFilterControl::Maker &makePerson, QGridLayout *grid, QObject *parent);
+
+    const QList<KListFilter> &filters() const { return m_filters; }
+
+    // What the filter asks for now, as its kind says. An unknown key is an error of the program and asserts.
+    QVariant value(QStringView key) const;
+    KFilterValues values() const;
+    // Sets the control as a person would: a date (QDate or QDateTime) is ticked too, an invalid one unticks it; a choice that
+    // is not there means the first; a text is not escaped yet.
+    void set(QStringView key, const QVariant &value);
+    void reset();
+    // Reads the choices anew; the one chosen before stays chosen where it still is.
+    void readChoices(QStringView key);
+    void setSelectMode(bool on);
+    QString condition(int userID) const;
+
+    // Null for a filter that has none.
+    QWidget *control(QStringView key) const;
+    // The same as the class that the filter's kind has.
+    template <class Control>
+    Control *control(QStringView key) const
+    {
+        auto *found = qobject_cast<Control *>(control(key));
+        Q_ASSERT(found);
+        return found;
+    }
+    // Where Ctrl+F goes; null when no filter says so.
+    QWidget *findControl() const;
+
+private:
+    struct Item
+    {
+        KFilterControl control;
+        QLabel *label = nullptr;
+    };
+
+    void add(qsizetype index, const KFilterControl::Maker &makePerson, QGridLayout *grid);
+    qsizetype indexOf(QStringView key) const;
+    QVariant valueAt(qsizetype index) const;
+
+    QList<KListFilter> m_filters;
+    std::vector<Item> m_items; // as m_filters
+    bool m_selectMode = false;
+};

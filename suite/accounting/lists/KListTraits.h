@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/lists/KFilterControl.h"
+
+#include <utility>
+
+// Where a list differs from most. What stands here is how most lists are.
+struct KListTraits
+{
+    QString layoutSetting = {};  // settings section of the columns' widths and order; empty: the list's section + "\\List"
+    QString emptySort = {};      // order while the stored one is an empty text; empty: defaultSort()
+    bool hasRowLimit = true;     // false: every row is fetched and no limit is kept
+    int lowestRowLimit = 1;      // 0: that many means without a limit
+    bool hasSearchButton = true; // false: the filter's own controls refill the list
+    int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
+    QString filterTitle = QStringLiteral("فيلتر جستجو");
+    bool sortsWithoutRows = false; // true: a title's click asks the database for its order even while the list is empty
+    bool deletesInSelectMode = false;
+    bool readsWholeRecords = false;                  // true: every column of the record is fetched, not only those that the table reads
+    KFilterControl::Maker makePerson = {};           // the field of a person filter; a list that has one sets it
+    QList<std::pair<int, int>> filterStretches = {}; // columns of the filter's grid that take the room left, with their shares
+};

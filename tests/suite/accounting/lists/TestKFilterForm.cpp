@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/lists/FilterClauses.h"
+#include "suite/accounting/lists/KFilterForm.h"
+#include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KEdit.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using F = KListFilter;
+using K = KListFilter::Kind;
+
+// The colours that a drop-down offers next.
+QList<F::Choice> offered;
+
+QList<KListFilter> filters()
+{
+    using namespace FilterClauses;
+    return {
+        {.key = u"inactive"_s, .label = u"Inactive"_s, .kind = K::Flag, .place = {1, 0, 2},
+         .clause = flag("", " AND iStatus=0"), .initial = false, .options = F::KeptByReset | F::HiddenInSelect},
+        {.key = u"owner"_s, .clause = [](const QVariant &, int user) { return u" AND iUserID=%1"_s.arg(user); }},
+        {.key = u"color"_s, .label = u"Color :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND iColor="),
+         .choices = [] { return offered; }, .options = F::ReadByReset},
+        {.key = u"from"_s, .label = u"From :"_s, .kind = K::Date, .place = {2, 0}, .clause = from(" AND date>=")},
+        {.key = u"to"_s, .label = u"To :"_s, .kind = K::PlainDate, .place = {2, 2}, .clause = upTo(" AND date<"),
+         .accessibleName = u"Day to :"_s},
+        {.key = u"part"_s, .label = u"Part :"_s, .kind = K::QueryText, .place = {0, 0}, .clause = part("sName"), .maxLength = 5,
+         .options = F::FindGoesHere},
+        {.key = u"typed"_s, .label = u"Typed :"_s, .kind = K::Text, .clause = part("sTyped")},
+        {.key = u"number"_s, .label = u"Number :"_s, .kind = K::Number, .place = {3, 0}, .clause = number(" AND iNum="), .initial = 7},
+        {.key = u"amount"_s, .label = u"Amount :"_s, .kind = K::Amount, .place = {3, 2}, .clause = amount(" AND dAmount>=")},
+    };
+}
+
+struct Form
+{
+    QWidget box;
+    QGridLayout *grid = new QGridLayout(&box);
+    KFilterForm form{filters(), {}, grid, &box};
+};
+
+}
+
+// The filters of a list as a table, with one of each kind that needs no other library.
+class TestKFilterForm : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { offered = {{u"all"_s, 0}, {u"red"_s, 4}, {u"blue"_s, 9}}; }
+
+    void eachFilterAsksItsClauseInTheOrderOfTheTable()
+    {
+        Form f;
+        QCOMPARE(f.form.condition(3), u"iStatus=0 AND iUserID=3 AND iNum=7"_s);
+        f.form.set(u"inactive", true);
+        f.form.set(u"color", 9);
+        f.form.set(u"from", QDate(2026, 5, 1));
+        f.form.set(u"to", QDate(2026, 5, 2));
+        f.form.set(u"part", u"5%"_s);
+        f.form.set(u"typed", u"5%"_s);
+        f.form.set(u"number", 0);
+        f.form.set(u"amount", 2.5);
+        QCOMPARE(f.form.condition(3),
+                 u"iUserID=3 AND iColor=9 AND date>='2026-05-01' AND date<'2026-05-03' AND sName LIKE '%5\\%%'"
+                 u" AND sTyped LIKE '%5%%' AND dAmount>=2.500000"_s);
+    }
+
+    void aDateAsksWhileItIsTickedOrWithoutABoxWhileItIsThere()
+    {
+        Form f;
+        f.form.control<KDateEdit>(u"from")->setDate(QDate(2026, 5, 1));
+        QVERIFY(!f.form.value(u"from").toDateTime().isValid());
+        f.form.control<KDateEdit>(u"from")->setChecked(true);
+        QCOMPARE(f.form.value(u"from").toDateTime().date(), QDate(2026, 5, 1));
+        f.form.set(u"from", {});
+        QVERIFY(!f.form.value(u"from").toDateTime().isValid());
+        QCOMPARE(f.form.control<KDateEdit>(u"from")->date(), QDate(2026, 5, 1));
+        QVERIFY(!f.form.control<KDateEdit>(u"to")->isCheckable());
+        f.form.set(u"to", QDate(2026, 5, 1));
+        QVERIFY(f.form.value(u"to").toDateTime().isValid());
+        f.form.set(u"to", {});
+        QVERIFY(f.form.control<KDateEdit>(u"to")->text().isEmpty());
+    }
+
+    void aChoiceThatIsNotThereMeansTheFirst()
+    {
+        Form f;
+        f.form.set(u"color", 5);
+        QCOMPARE(f.form.value(u"color").toInt(), 0);
+        QCOMPARE(f.form.control<QComboBox>(u"color")->currentIndex(), 0);
+    }
+
+    void choicesReadAnewKeepTheChosenOneWhereItStillIs()
+    {
+        Form f;
+        f.form.set(u"color", 9);
+        offered = {{u"all"_s, 0}, {u"blue"_s, 9}, {u"green"_s, 2}};
+        f.form.readChoices(u"color");
+        QCOMPARE(f.form.value(u"color").toInt(), 9);
+        QCOMPARE(f.form.control<QComboBox>(u"color")->count(), 3);
+        offered = {{u"all"_s, 0}};
+        f.form.readChoices(u"color");
+        QCOMPARE(f.form.value(u"color").toInt(), 0);
+    }
+
+    void aResetKeepsWhatTheTableKeepsAndReadsWhatItReads()
+    {
+        Form f;
+        for (const QString &key : {u"inactive"_s, u"color"_s, u"number"_s, u"amount"_s})
+            f.form.set(key, 9);
+        f.form.set(u"part", u"x"_s);
+        offered = {{u"all"_s, 0}};
+        f.form.reset();
+        QVERIFY(f.form.value(u"inactive").toBool());
+        QCOMPARE(f.form.control<QComboBox>(u"color")->count(), 1);
+        QCOMPARE(f.form.value(u"number").toInt(), 7);
+        QCOMPARE(f.form.value(u"amount").toDouble(), 0.0);
+        QVERIFY(f.form.value(u"part").toString().isEmpty());
+    }
+
+    void inSelectModeAFilterMayAskWhatItAsksAtFirst()
+    {
+        Form f;
+        f.form.set(u"inactive", true);
+        f.form.setSelectMode(true);
+        QVERIFY(f.form.control(u"inactive")->isHidden());
+        QVERIFY(!f.form.value(u"inactive").toBool());
+        f.form.setSelectMode(false);
+        QVERIFY(!f.form.control(u"inactive")->isHidden());
+        QVERIFY(f.form.value(u"inactive").toBool());
+    }
+
+    void controlsStandAtTheirPlacesWithTheirNames()
+    {
+        Form f;
+        QCOMPARE(f.grid->itemAtPosition(0, 1)->widget(), f.form.control(u"part"));
+        QCOMPARE(f.grid->itemAtPosition(1, 0)->widget(), f.form.control(u"inactive"));
+        QCOMPARE(f.grid->itemAtPosition(1, 1)->widget(), f.form.control(u"inactive"));
+        QCOMPARE(f.grid->itemAtPosition(2, 3)->widget(), f.form.control(u"to"));
+        auto *label = qobject_cast<QLabel *>(f.grid->itemAtPosition(2, 2)->widget());
+        QVERIFY(label);
+        QCOMPARE(label->buddy(), f.form.control(u"to"));
+        QCOMPARE(f.form.control(u"to")->accessibleName(), u"Day to :"_s);
+        QCOMPARE(f.form.control(u"from")->accessibleName(), u"From :"_s);
+        QVERIFY(f.form.control(u"typed")->isHidden());
+        QCOMPARE(f.grid->indexOf(f.form.control(u"typed")), -1);
+        QVERIFY(!f.form.control(u"owner"));
+        QCOMPARE(f.form.control<KEdit>(u"part")->maxLength(), 5);
+        QCOMPARE(f.form.findControl(), f.form.control(u"part"));
+    }
+};
+
+static const RegisteredTest<TestKFilterForm, QApplication> registered;
+#include "TestKFilterForm.moc"
