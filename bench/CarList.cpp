@@ -225,8 +225,8 @@ int main(int argc, char **argv)
     CDlgAutomobilInformations cars;
     page = &cars;
     showAll(page);
-    cars.archiveFilter()->setCurrentIndex(0);
-    cars.inactiveFilter()->setChecked(true);
+    cars.filters().set(u"archive", 0);
+    cars.filters().set(u"inactive", true);
     cars.setRowLimit(carCount);
 
     BareModel model;

@@ -3,64 +3,30 @@
 
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 
-#include "auto/lists/FilterControls.h"
+#include "auto/cars/demands/DemandArchiving.h"
+#include "auto/cars/demands/DemandFilter.h"
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
+#include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
-#include "auto/cars/fields/CarChoices.h"
-#include "auto/cars/demands/DemandArchiving.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
-#include "suite/db/KLookup.h"
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorText.h"
-#include "suite/crm/persons/CTblPersonsMini.h"
-#include "suite/crm/persons/KPersonField.h"
-#include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/crm/persons/PersonFilter.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/Money.h"
-#include "suite/utility/values/ShamsiDate.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGridLayout>
 #include <QLoggingCategory>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 Q_LOGGING_CATEGORY(lcDemands, "tz.auto.demands")
 
-enum Column {
-    RowNumber,
-    Code,
-    Person,
-    Type,
-    YearFrom,
-    YearTo,
-    AmountFrom,
-    AmountTo,
-    ReferenceDate,
-    SpecialDescription,
-    Archived
-};
-
-constexpr int notArchivedState = 1;
-const QString noName = QStringLiteral("-");
-
 QString archiveRights()
 {
     return QStringLiteral("AutomobilDemandArchive");
-}
-
-KListModel::Cell numberCell(int number)
-{
-    return {QString::number(number), number};
-}
-
-KListModel::Cell moneyCell(double amount)
-{
-    return {DToMoney(amount), amount};
 }
 
 }
@@ -73,21 +39,35 @@ CDlgAutomobilDemands::CDlgAutomobilDemands(QWidget *parent)
 
 CDlgAutomobilDemands::~CDlgAutomobilDemands() = default;
 
-QVector<KListModel::Column> CDlgAutomobilDemands::listColumns() const
+QList<KListColumn> CDlgAutomobilDemands::columnTable() const
 {
+    const auto noName = [](KMySQL &, int) { return KListColumn::Cell{u"-"_s}; };
     return {
-        {QStringLiteral("ردیف"), Qt::AlignCenter, 40, {}},
-        {QStringLiteral("کد تقاضا"), Qt::AlignCenter, 40, QStringLiteral("ad.iCode")},
-        {QStringLiteral("نام متقاضی"), Qt::AlignRight, 80, QStringLiteral("ad.iPersonID")},
-        {QStringLiteral("نوع خودرو"), Qt::AlignRight, 80, QStringLiteral("ad.iAutomobilType")},
-        {QStringLiteral("از مدل"), Qt::AlignRight, 50, QStringLiteral("ad.iModelFrom")},
-        {QStringLiteral("تا مدل"), Qt::AlignRight, 50, QStringLiteral("ad.iModelUpTo")},
-        {QStringLiteral("از مبلغ"), Qt::AlignCenter, 50, QStringLiteral("ad.dAmountFrom")},
-        {QStringLiteral("تا مبلغ"), Qt::AlignCenter, 50, QStringLiteral("ad.dAmountUpTo")},
-        {QStringLiteral("تاریخ مراجعه"), Qt::AlignCenter, 80, QStringLiteral("ad.dateReference"), true},
-        {QStringLiteral("توضیحات ویژه"), Qt::AlignRight, 150, QStringLiteral("ad.sDescSpecial")},
-        {QStringLiteral("وضعیت بایگانی"), Qt::AlignRight, 50, QStringLiteral("ad.iArchiveUserID")},
+        KListColumn::rowNumber(),
+        {.key = u"code"_s, .title = u"کد تقاضا"_s, .width = 40, .sortKey = u"ad.iCode"_s, .column = u"ad.iCode"_s},
+        {.key = u"person"_s, .title = u"نام متقاضی"_s, .alignment = Qt::AlignRight, .sortKey = u"ad.iPersonID"_s,
+         .cell = noName, .lookup = u"ad.iPersonID"_s},
+        {.key = u"type"_s, .title = u"نوع خودرو"_s, .alignment = Qt::AlignRight, .sortKey = u"ad.iAutomobilType"_s,
+         .cell = noName, .lookup = u"ad.iAutomobilType"_s},
+        {.key = u"yearFrom"_s, .title = u"از مدل"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iModelFrom"_s,
+         .column = u"ad.iModelFrom"_s},
+        {.key = u"yearTo"_s, .title = u"تا مدل"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iModelUpTo"_s,
+         .column = u"ad.iModelUpTo"_s},
+        {.key = u"amountFrom"_s, .title = u"از مبلغ"_s, .width = 50, .sortKey = u"ad.dAmountFrom"_s,
+         .column = u"ad.dAmountFrom"_s},
+        {.key = u"amountTo"_s, .title = u"تا مبلغ"_s, .width = 50, .sortKey = u"ad.dAmountUpTo"_s, .column = u"ad.dAmountUpTo"_s},
+        {.key = u"referenceDate"_s, .title = u"تاریخ مراجعه"_s, .sortKey = u"ad.dateReference"_s,
+         .column = u"ad.dateReference"_s},
+        {.key = u"specialDescription"_s, .title = u"توضیحات ویژه"_s, .width = 150, .alignment = Qt::AlignRight,
+         .sortKey = u"ad.sDescSpecial"_s, .column = u"ad.sDescSpecial"_s},
+        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight,
+         .sortKey = u"ad.iArchiveUserID"_s, .column = u"ad.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
     };
+}
+
+QList<KListFilter> CDlgAutomobilDemands::filterTable() const
+{
+    return demandFilters(CarChoices::types, CarChoices::colors);
 }
 
 std::vector<KListCommand> CDlgAutomobilDemands::commands()
@@ -113,50 +93,12 @@ std::vector<KListCommand> CDlgAutomobilDemands::commands()
     };
 }
 
-void CDlgAutomobilDemands::buildFilters(QGridLayout *grid)
-{
-    QWidget *box = grid->parentWidget();
-    using namespace FilterControls;
-    const QString to = QStringLiteral("تا :");
-
-    m_person = new KPersonField(QStringLiteral("متقاضي :"), box);
-    m_type = new QComboBox(box);
-    m_amountFrom = number(KEdit::Kind::Money, QStringLiteral("مبلغ از :"), box);
-    m_amountTo = number(KEdit::Kind::Money, QStringLiteral("مبلغ تا :"), box);
-    addFilter(grid, 0, 0, QStringLiteral("متقاضي :"), m_person);
-    addFilter(grid, 0, 2, QStringLiteral("نوع خودرو :"), m_type);
-    addFilter(grid, 0, 4, QStringLiteral("مبلغ از :"), m_amountFrom);
-    addFilter(grid, 0, 6, to, m_amountTo);
-
-    m_specialDescription = new KEdit(KEdit::Kind::QueryText, box);
-    m_specialDescription->setMaxLength(255);
-    m_color = new QComboBox(box);
-    m_yearFrom = number(KEdit::Kind::Integer, QStringLiteral("سال توليد از :"), box);
-    m_yearTo = number(KEdit::Kind::Integer, QStringLiteral("سال توليد تا :"), box);
-    addFilter(grid, 1, 0, QStringLiteral("توضيحات ويژه :"), m_specialDescription);
-    addFilter(grid, 1, 2, QStringLiteral("رنگ :"), m_color);
-    addFilter(grid, 1, 4, QStringLiteral("سال توليد از :"), m_yearFrom);
-    addFilter(grid, 1, 6, to, m_yearTo);
-
-    m_archive = words(WordLists::archiveStates(), notArchivedState, box);
-    m_inactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), box);
-    m_inactive->setAccessibleName(m_inactive->text());
-    m_referenceFrom = date(QStringLiteral("تاريخ مراجعه از :"), box);
-    m_referenceTo = date(QStringLiteral("تاريخ مراجعه تا :"), box);
-    addFilter(grid, 2, 0, QStringLiteral("وضعيت بايگاني :"), m_archive);
-    grid->addWidget(m_inactive, 2, 2, 1, 2);
-    addFilter(grid, 2, 4, QStringLiteral("تاريخ مراجعه از :"), m_referenceFrom);
-    addFilter(grid, 2, 6, to, m_referenceTo);
-    for (const int column : {1, 3, 5, 7})
-        grid->setColumnStretch(column, column == 1 ? 3 : 2);
-    CarChoices::fillTypes(m_type);
-    CarChoices::fillColors(m_color);
-}
-
 KListTraits CDlgAutomobilDemands::traits() const
 {
     KListTraits traits;
     traits.lowestRowLimit = 0;
+    traits.makePerson = personFilter();
+    traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
     return traits;
 }
 
@@ -182,96 +124,10 @@ std::unique_ptr<KMySQL> CDlgAutomobilDemands::makeRecord() const
     return std::make_unique<CTblAutomobilDemands>();
 }
 
-QStringList CDlgAutomobilDemands::fetchedColumns() const
-{
-    return {QStringLiteral("ad.iID"), QStringLiteral("ad.iCode"), QStringLiteral("ad.iPersonID"),
-            QStringLiteral("ad.iAutomobilType"), QStringLiteral("ad.iModelFrom"), QStringLiteral("ad.iModelUpTo"),
-            QStringLiteral("ad.dAmountFrom"), QStringLiteral("ad.dAmountUpTo"), QStringLiteral("ad.sDescSpecial"),
-            QStringLiteral("ad.dateReference"), QStringLiteral("ad.iArchiveUserID")};
-}
-
-DemandCriteria CDlgAutomobilDemands::criteria() const
-{
-    const auto chosen = [](const KDateEdit *edit) { return edit->isChecked() ? edit->dateTime() : QDateTime(); };
-    DemandCriteria criteria;
-    criteria.withInactive = m_inactive->isChecked();
-    criteria.archiveState = m_archive->currentIndex();
-    criteria.currentUserID = GetDBSetting()->GetUserID();
-    criteria.automobilType = CarChoices::chosenKey(m_type);
-    criteria.color = CarChoices::chosenKey(m_color);
-    criteria.referenceFrom = chosen(m_referenceFrom);
-    criteria.referenceTo = chosen(m_referenceTo);
-    criteria.specialDescriptionPart = m_specialDescription->queryText();
-    criteria.personID = m_person->personID();
-    criteria.yearFrom = m_yearFrom->integer();
-    criteria.yearTo = m_yearTo->integer();
-    criteria.amountFrom = m_amountFrom->number();
-    criteria.amountTo = m_amountTo->number();
-    return criteria;
-}
-
-QString CDlgAutomobilDemands::filterClauses() const
-{
-    return demandFilter(criteria());
-}
-
-void CDlgAutomobilDemands::beginRows()
-{
-    m_keys.clear();
-}
-
-KListModel::Row CDlgAutomobilDemands::makeRow(KMySQL &record, int number)
-{
-    const auto &demand = static_cast<const CTblAutomobilDemandJoins &>(record);
-    m_keys.append({demand.m_iPersonID, demand.m_iAutomobilType});
-    return {demand.m_iID,
-            {numberCell(number),
-             numberCell(demand.m_iCode),
-             {noName},
-             {noName},
-             numberCell(demand.m_iModelFrom),
-             numberCell(demand.m_iModelUpTo),
-             moneyCell(demand.m_dAmountFrom),
-             moneyCell(demand.m_dAmountUpTo),
-             {shamsiText(demand.m_dateReference.date()), demand.m_dateReference},
-             {demand.m_sDescSpecial},
-             {demand.m_iArchiveUserID != 0 ? QStringLiteral("بلی") : QStringLiteral("-")}}};
-}
-
-void CDlgAutomobilDemands::completeRows(QVector<KListModel::Row> &rows)
-{
-    QList<int> persons;
-    QList<int> types;
-    for (const Keys &keys : std::as_const(m_keys)) {
-        persons.append(keys.person);
-        types.append(keys.type);
-    }
-    const QHash<int, QString> personNames = CTblPersonsMini::GetNames(persons);
-    const QHash<int, QString> typeNames =
-        KLookup::names(QStringLiteral("CarBrands"), QStringLiteral("iID"), QStringLiteral("sName"), types);
-    for (qsizetype i = 0; i < rows.size(); ++i) {
-        rows[i].cells[Person].text = personNames.value(m_keys.at(i).person, noName);
-        rows[i].cells[Type].text = typeNames.value(m_keys.at(i).type, noName);
-    }
-    m_keys.clear();
-}
-
 void CDlgAutomobilDemands::resetFilter()
 {
     emptyList();
-    // Brands and colours may have been added since.
-    CarChoices::fillTypes(m_type);
-    CarChoices::fillColors(m_color);
-    m_type->setCurrentIndex(0);
-    m_color->setCurrentIndex(0);
-    m_archive->setCurrentIndex(notArchivedState);
-    m_inactive->setChecked(false);
-    for (KDateEdit *edit : {m_referenceFrom, m_referenceTo})
-        edit->setChecked(false);
-    for (KEdit *edit : {m_amountFrom, m_amountTo, m_yearFrom, m_yearTo})
-        edit->setNumber(0);
-    m_specialDescription->clear();
-    m_person->clear();
+    KListPage::resetFilter();
 }
 
 void CDlgAutomobilDemands::addDemand()
@@ -336,9 +192,4 @@ KListReport CDlgAutomobilDemands::reportSpec() const
     const QString title = QStringLiteral("لیست تقاضاها");
     const QString group = QStringLiteral("گالری اتومبیل");
     return {title, group, title, {{QStringLiteral("RightTop"), group}}};
-}
-
-QWidget *CDlgAutomobilDemands::firstFilterControl() const
-{
-    return m_specialDescription;
 }

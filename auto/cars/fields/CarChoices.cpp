@@ -6,50 +6,32 @@
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblCarBrands.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/utility/entries/ComboWidth.h"
 
-#include <QComboBox>
+using namespace Qt::StringLiterals;
 
 namespace {
 
-// Exchanges the entries; the one chosen before stays chosen where it still is.
-template <class Fill>
-void refill(QComboBox *combo, const Fill &fill)
+template <class Record>
+QList<KListFilter::Choice> readNames(const QString &filter, const QString &sort)
 {
-    keepComboWidth(*combo);
-    const int chosen = CarChoices::chosenKey(combo);
-    fill();
-    combo->insertItem(0, QStringLiteral("همه"), 0);
-    CarChoices::choose(combo, chosen);
+    Record rows;
+    rows.m_filter = filter;
+    rows.m_sort = sort;
+    rows.SetColumns({u"sName"_s});
+    QList<KListFilter::Choice> choices = {{u"همه"_s, 0}};
+    for (rows.Open(true, true, true); !rows.IsEOF(); rows.MoveNext())
+        choices.append({rows.m_sName, rows.m_iID});
+    return choices;
 }
 
 }
 
-void CarChoices::fillTypes(QComboBox *combo)
+QList<KListFilter::Choice> CarChoices::types()
 {
-    refill(combo, [combo] { CTblCarBrands::FillComboBox(combo); });
+    return readNames<CTblCarBrands>({}, u"iID"_s);
 }
 
-void CarChoices::fillColors(QComboBox *combo)
+QList<KListFilter::Choice> CarChoices::colors()
 {
-    refill(combo, [combo] {
-        CTblItems colors;
-        colors.m_filter = InputParameters::valuesFilter(InputParameters::Color);
-        colors.m_sort = QStringLiteral("sName");
-        colors.SetColumns({QStringLiteral("sName")});
-        colors.Open(true, true, true);
-        combo->clear();
-        for (; !colors.IsEOF(); colors.MoveNext())
-            combo->addItem(colors.m_sName, colors.m_iID);
-    });
-}
-
-int CarChoices::chosenKey(const QComboBox *combo)
-{
-    return combo->currentData().toInt();
-}
-
-void CarChoices::choose(QComboBox *combo, int key)
-{
-    combo->setCurrentIndex(qMax(0, combo->findData(key)));
+    return readNames<CTblItems>(InputParameters::valuesFilter(InputParameters::Color), u"sName"_s);
 }

@@ -36,6 +36,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Demand = CTblAutomobilDemands;
@@ -44,22 +46,19 @@ using Page = CDlgAutomobilDemands;
 const QString section = QStringLiteral("AutomobilDemands");
 const QString rightsForm = QStringLiteral("AutomobilDemands");
 const QString archiveForm = QStringLiteral("AutomobilDemandArchive");
-const QString newCaption = QStringLiteral("جديد");
-const QString editCaption = QStringLiteral("ويرايش");
-const QString showCaption = QStringLiteral("نمايش");
-const QString deleteCaption = QStringLiteral("حذف");
-const QString archiveCaption = QStringLiteral("بايگاني شد");
-const QString printCaption = QStringLiteral("چاپ ليست");
-const QString carsCaption = QStringLiteral("خودروهای مناسب");
-const QString galleryCaption = QStringLiteral("گالري اتومبيل");
-const QStringList changing = {newCaption, editCaption, showCaption, deleteCaption, archiveCaption};
+const QStringList changing = {u"new"_s, u"edit"_s, u"show"_s, u"delete"_s, u"archive"_s};
 
 QString headerText(const Page &page, int column)
 {
     return page.list()->model()->headerData(column, Qt::Horizontal).toString();
 }
 
-QStringList column(const Page &page, int column)
+QString headerText(const Page &page, QStringView column)
+{
+    return headerText(page, page.list()->columnOf(column));
+}
+
+QStringList column(const Page &page, QStringView column)
 {
     QStringList texts;
     for (int row = 0; row < page.list()->count(); ++row)
@@ -70,7 +69,7 @@ QStringList column(const Page &page, int column)
 // The codes of the listed demands.
 QStringList codes(const Page &page)
 {
-    return column(page, 1);
+    return column(page, u"code");
 }
 
 // Takes the pages as the host's tabbed work area does.
@@ -151,11 +150,11 @@ private Q_SLOTS:
               QStringLiteral("تاريخ مراجعه از :"), QStringLiteral("رنگ :"), QStringLiteral("تعداد نمايش :")})
             QVERIFY2(labels.contains(text), qPrintable(text));
         QCOMPARE(labels.count(QStringLiteral("تا :")), 3);
-        QCOMPARE(page.inactiveFilter()->text(), QStringLiteral("نمايش غير فعال ها"));
+        QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), QStringLiteral("نمايش غير فعال ها"));
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
-        for (const QString &text : changing + QStringList{QStringLiteral("جستجو"), QStringLiteral("پيش فرض"), printCaption, carsCaption})
+        for (const QString &text : {QStringLiteral("جديد"), QStringLiteral("ويرايش"), QStringLiteral("نمايش"), QStringLiteral("حذف"), QStringLiteral("بايگاني شد"), QStringLiteral("جستجو"), QStringLiteral("پيش فرض"), QStringLiteral("چاپ ليست"), QStringLiteral("خودروهای مناسب")})
             QVERIFY2(captions.contains(text), qPrintable(text));
         QStringList titles;
         for (int i = 0; i < 11; ++i)
@@ -229,7 +228,7 @@ private Q_SLOTS:
         addDemand();
         Page page;
         page.open();
-        QCOMPARE(column(page, 3), (QStringList{QStringLiteral("-"), QStringLiteral("-")}));
+        QCOMPARE(column(page, u"type"), (QStringList{QStringLiteral("-"), QStringLiteral("-")}));
     }
 
     void archivedDemandReadsYes()
@@ -238,9 +237,9 @@ private Q_SLOTS:
         Page page;
         page.open();
         QCOMPARE(page.list()->count(), 0);
-        page.archiveFilter()->setCurrentIndex(0);
+        page.filters().set(u"archive", 0);
         page.refill();
-        QCOMPARE(page.list()->cellText(0, 10), QStringLiteral("بلی"));
+        QCOMPARE(page.list()->cellText(0, u"archived"), QStringLiteral("بلی"));
     }
 
     void namesAreLookedUpOnceForTheWholeList()
@@ -261,7 +260,7 @@ private Q_SLOTS:
         }
         QCOMPARE(statementsOf(page), few);
         QCOMPARE(page.list()->count(), 41);
-        QCOMPARE(page.list()->cellText(40, 3), QStringLiteral("39"));
+        QCOMPARE(page.list()->cellText(40, u"type"), QStringLiteral("39"));
     }
 
     // --- Filter ---
@@ -271,32 +270,34 @@ private Q_SLOTS:
         const int color = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
         Page page;
         page.open();
-        page.inactiveFilter()->setChecked(true);
-        page.archiveFilter()->setCurrentIndex(3);
-        page.typeFilter()->setCurrentIndex(page.typeFilter()->findData(m_brand));
-        page.colorFilter()->setCurrentIndex(page.colorFilter()->findData(color));
-        page.referenceFromFilter()->setText(QStringLiteral("1405/01/01"));
-        page.referenceToFilter()->setText(QStringLiteral("1405/01/02"));
-        page.specialDescriptionFilter()->setText(QStringLiteral("50%"));
-        page.personFilter()->setPersonID(m_person);
-        page.yearFromFilter()->setText(QStringLiteral("1385"));
-        page.yearToFilter()->setText(QStringLiteral("۱۳۹۰"));
-        page.amountFromFilter()->setText(QStringLiteral("1,000"));
-        page.amountToFilter()->setText(QStringLiteral("2000"));
-        const DemandCriteria criteria = page.criteria();
-        QVERIFY(criteria.withInactive);
-        QCOMPARE(criteria.archiveState, 3);
-        QCOMPARE(criteria.currentUserID, m_office->adminID());
-        QCOMPARE(criteria.automobilType, m_brand);
-        QCOMPARE(criteria.color, color);
-        QCOMPARE(criteria.referenceFrom.date(), QDate(2026, 3, 21));
-        QCOMPARE(criteria.referenceTo.date(), QDate(2026, 3, 22));
-        QCOMPARE(criteria.specialDescriptionPart, QStringLiteral("50\\%"));
-        QCOMPARE(criteria.personID, m_person);
-        QCOMPARE(criteria.yearFrom, 1385);
-        QCOMPARE(criteria.yearTo, 1390);
-        QCOMPARE(criteria.amountFrom, 1000.0);
-        QCOMPARE(criteria.amountTo, 2000.0);
+        page.filters().set(u"inactive", true);
+        page.filters().set(u"archive", 3);
+        page.filters().set(u"type", m_brand);
+        page.filters().set(u"color", color);
+        page.filters().control<KDateEdit>(u"referenceFrom")->setText(QStringLiteral("1405/01/01"));
+        page.filters().control<KDateEdit>(u"referenceTo")->setText(QStringLiteral("1405/01/02"));
+        page.filters().set(u"specialDescription", QStringLiteral("50%"));
+        page.filters().set(u"person", m_person);
+        page.filters().control<KEdit>(u"yearFrom")->setText(QStringLiteral("1385"));
+        page.filters().control<KEdit>(u"yearTo")->setText(QStringLiteral("۱۳۹۰"));
+        page.filters().control<KEdit>(u"amountFrom")->setText(QStringLiteral("1,000"));
+        page.filters().control<KEdit>(u"amountTo")->setText(QStringLiteral("2000"));
+        const KFilterValues asked = page.filters().values();
+        QVERIFY(asked[u"inactive"_s].toBool());
+        QCOMPARE(asked[u"archive"_s].toInt(), 3);
+        QCOMPARE(asked[u"type"_s].toInt(), m_brand);
+        QCOMPARE(asked[u"color"_s].toInt(), color);
+        QCOMPARE(asked[u"referenceFrom"_s].toDateTime().date(), QDate(2026, 3, 21));
+        QCOMPARE(asked[u"referenceTo"_s].toDateTime().date(), QDate(2026, 3, 22));
+        QCOMPARE(asked[u"specialDescription"_s].toString(), QStringLiteral("50\\%"));
+        QCOMPARE(asked[u"person"_s].toInt(), m_person);
+        QCOMPARE(asked[u"yearFrom"_s].toInt(), 1385);
+        QCOMPARE(asked[u"yearTo"_s].toInt(), 1390);
+        QCOMPARE(asked[u"amountFrom"_s].toDouble(), 1000.0);
+        QCOMPARE(asked[u"amountTo"_s].toDouble(), 2000.0);
+        const ObservedStatements statements({QStringLiteral("SELECT ad.")});
+        page.refill();
+        QVERIFY(statements.taken().constFirst().contains(QStringLiteral("ad.iArchiveUserID<>%1").arg(m_office->adminID())));
     }
 
     void filterStartsAndResetsWithDemandsNotArchivedAndAllTypes()
@@ -305,39 +306,45 @@ private Q_SLOTS:
         CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
         Page page;
         page.open();
-        const auto isDefault = [&page] {
-            const DemandCriteria c = page.criteria();
-            return !c.withInactive && c.archiveState == 1 && c.automobilType == 0 && c.color == 0 && !c.referenceFrom.isValid()
-                && !c.referenceTo.isValid() && c.specialDescriptionPart.isEmpty() && c.personID == 0 && c.yearFrom == 0
-                && c.yearTo == 0 && c.amountFrom == 0 && c.amountTo == 0;
+        const QStringList numbers = {u"type"_s, u"color"_s, u"person"_s, u"yearFrom"_s, u"yearTo"_s, u"amountFrom"_s, u"amountTo"_s};
+        const QStringList dates = {u"referenceFrom"_s, u"referenceTo"_s};
+        const auto isDefault = [&] {
+            const KFilterValues asked = page.filters().values();
+            return !asked[u"inactive"_s].toBool() && asked[u"archive"_s].toInt() == 1 && asked[u"specialDescription"_s].toString().isEmpty()
+                && std::all_of(numbers.cbegin(), numbers.cend(), [&](const QString &key) { return asked[key].toDouble() == 0; })
+                && std::none_of(dates.cbegin(), dates.cend(), [&](const QString &key) { return asked[key].toDateTime().isValid(); });
         };
         QVERIFY(isDefault());
-        QCOMPARE(page.typeFilter()->itemText(0), QStringLiteral("همه"));
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->itemText(0), QStringLiteral("همه"));
         QCOMPARE(page.list()->count(), 1);
-        page.inactiveFilter()->setChecked(true);
-        page.archiveFilter()->setCurrentIndex(2);
-        page.typeFilter()->setCurrentIndex(1);
-        page.colorFilter()->setCurrentIndex(1);
-        page.personFilter()->setPersonID(m_person);
-        page.specialDescriptionFilter()->setText(QStringLiteral("x"));
-        for (KDateEdit *edit : {page.referenceFromFilter(), page.referenceToFilter()})
-            edit->setText(QStringLiteral("1405/01/01"));
-        for (KEdit *edit : {page.yearFromFilter(), page.yearToFilter(), page.amountFromFilter(), page.amountToFilter()})
-            edit->setText(QStringLiteral("1385"));
-        const DemandCriteria c = page.criteria();
-        QVERIFY(c.withInactive && c.archiveState == 2 && c.automobilType != 0 && c.color != 0 && c.referenceFrom.isValid()
-                && c.referenceTo.isValid() && !c.specialDescriptionPart.isEmpty() && c.personID != 0 && c.yearFrom != 0
-                && c.yearTo != 0 && c.amountFrom != 0 && c.amountTo != 0);
+        page.filters().set(u"inactive", true);
+        page.filters().set(u"archive", 2);
+        page.filters().control<QComboBox>(u"type")->setCurrentIndex(1);
+        page.filters().control<QComboBox>(u"color")->setCurrentIndex(1);
+        page.filters().set(u"person", m_person);
+        page.filters().set(u"specialDescription", QStringLiteral("x"));
+        for (const QString &key : {u"referenceFrom"_s, u"referenceTo"_s})
+            page.filters().control<KDateEdit>(key)->setText(QStringLiteral("1405/01/01"));
+        for (const QString &key : {u"yearFrom"_s, u"yearTo"_s, u"amountFrom"_s, u"amountTo"_s})
+            page.filters().control<KEdit>(key)->setText(QStringLiteral("1385"));
+        const KFilterValues asked = page.filters().values();
+        QVERIFY(asked[u"inactive"_s].toBool());
+        QCOMPARE(asked[u"archive"_s].toInt(), 2);
+        QVERIFY(!asked[u"specialDescription"_s].toString().isEmpty());
+        for (const QString &key : numbers)
+            QVERIFY2(asked[key].toDouble() != 0, qPrintable(key));
+        for (const QString &key : dates)
+            QVERIFY2(asked[key].toDateTime().isValid(), qPrintable(key));
         // A brand and a colour that were added meanwhile are offered too.
         m_office->addBrand(QStringLiteral("سایپا"));
         CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سیاه"));
-        QVERIFY(page.runCommand(QStringLiteral("پيش فرض")));
+        QVERIFY(page.runCommand(u"reset"));
         QVERIFY(isDefault());
-        QCOMPARE(page.typeFilter()->count(), 3);
-        QCOMPARE(page.colorFilter()->count(), 3);
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->count(), 3);
+        QCOMPARE(page.filters().control<QComboBox>(u"color")->count(), 3);
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
-        QVERIFY(!page.button(editCaption)->isEnabled());
+        QVERIFY(!page.button(u"edit")->isEnabled());
     }
 
     void longNamesOfTypesAndColoursDoNotWidenThePage()
@@ -346,7 +353,7 @@ private Q_SLOTS:
         m_office->addBrand(QString(50, u'س'));
         CTblMultiItems::addValue(CTblItems::typeColor, QString(250, u'س'));
         const Page page;
-        QCOMPARE(page.colorFilter()->count(), 2);
+        QCOMPARE(page.filters().control<QComboBox>(u"color")->count(), 2);
         QCOMPARE(page.minimumSizeHint().width(), width);
     }
 
@@ -356,8 +363,8 @@ private Q_SLOTS:
         addDemand([](Demand &d) { d.m_iModelFrom = 1384; d.m_iModelUpTo = 1389; });
         Page page;
         page.open();
-        page.yearFromFilter()->setText(QStringLiteral("1385"));
-        page.yearToFilter()->setText(QStringLiteral("1390"));
+        page.filters().control<KEdit>(u"yearFrom")->setText(QStringLiteral("1385"));
+        page.filters().control<KEdit>(u"yearTo")->setText(QStringLiteral("1390"));
         page.refill();
         QCOMPARE(codes(page), QStringList{QStringLiteral("1")});
     }
@@ -374,8 +381,8 @@ private Q_SLOTS:
             page.setRowLimit(25);
             addDemand();
             page.refill();
-            Q_EMIT page.list()->columnClicked(9);
-            Q_EMIT page.list()->columnClicked(9);
+            Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"specialDescription"));
+            Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"specialDescription"));
             page.OnClosing();
         }
         QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 25);
@@ -385,7 +392,7 @@ private Q_SLOTS:
         page.open();
         QCOMPARE(page.rowLimit(), 25);
         QCOMPARE(page.sortExpression(), QStringLiteral("ad.sDescSpecial DESC"));
-        QCOMPARE(headerText(page, 9), QStringLiteral("توضیحات ویژه*"));
+        QCOMPARE(headerText(page, u"specialDescription"), QStringLiteral("توضیحات ویژه*"));
     }
 
     void emptyStoredSortIsByCode()
@@ -445,13 +452,13 @@ private Q_SLOTS:
     {
         Page page;
         page.open();
-        const QStringList onRow = {editCaption, deleteCaption, archiveCaption, showCaption, carsCaption, galleryCaption};
-        for (const QString &caption : onRow)
-            QVERIFY2(!page.button(caption)->isEnabled(), qPrintable(caption));
+        const QStringList onRow = {u"edit"_s, u"delete"_s, u"archive"_s, u"show"_s, u"matchingCars"_s, u"carList"_s};
+        for (const QString &command : onRow)
+            QVERIFY2(!page.button(command)->isEnabled(), qPrintable(command));
         addDemand();
         page.refill();
-        for (const QString &caption : onRow)
-            QVERIFY2(page.button(caption)->isEnabled(), qPrintable(caption));
+        for (const QString &command : onRow)
+            QVERIFY2(page.button(command)->isEnabled(), qPrintable(command));
     }
 
     void closedDatabaseHidesWhatChanges()
@@ -460,14 +467,14 @@ private Q_SLOTS:
         GetDBSetting()->SetClosedDB(true);
         Page page;
         page.open();
-        for (const QString &caption : changing) {
-            QVERIFY2(page.button(caption)->isHidden(), qPrintable(caption));
-            QVERIFY(!page.runCommand(caption));
+        for (const QString &command : changing) {
+            QVERIFY2(page.button(command)->isHidden(), qPrintable(command));
+            QVERIFY(!page.runCommand(command));
         }
         Q_EMIT page.list()->emptyAreaActivated();
         GetDBSetting()->SetClosedDB(false);
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
-        QVERIFY(!page.button(carsCaption)->isHidden());
+        QVERIFY(!page.button(u"matchingCars")->isHidden());
     }
 
     void newDemandIsListedAndSelected()
@@ -481,7 +488,7 @@ private Q_SLOTS:
             dialog->basePage()->person()->setPersonID(m_person);
             dialog->accept();
         });
-        QVERIFY(page.runCommand(newCaption));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(codes(page), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
         QCOMPARE(page.list()->currentRow(), 1);
     }
@@ -491,7 +498,7 @@ private Q_SLOTS:
         Page page;
         page.open();
         TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
-        QVERIFY(page.runCommand(newCaption));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("0"));
         QCOMPARE(page.list()->count(), 0);
     }
@@ -507,8 +514,8 @@ private Q_SLOTS:
             dialog->basePage()->form()->edit(QStringLiteral("sDescSpecial"))->setText(QStringLiteral("فوری"));
             dialog->accept();
         });
-        QVERIFY(page.runCommand(editCaption));
-        QCOMPARE(page.list()->cellText(0, 9), QStringLiteral("فوری"));
+        QVERIFY(page.runCommand(u"edit"));
+        QCOMPARE(page.list()->cellText(0, u"specialDescription"), QStringLiteral("فوری"));
     }
 
     void commandOnAVanishedDemandDoesNothing()
@@ -517,8 +524,8 @@ private Q_SLOTS:
         Page page;
         page.open();
         m_office->database().run(QStringLiteral("DELETE FROM AutomobilDemands"));
-        for (const QString &caption : {editCaption, showCaption, deleteCaption, archiveCaption, carsCaption})
-            QVERIFY2(page.runCommand(caption), qPrintable(caption));
+        for (const QString &command : {u"edit"_s, u"show"_s, u"delete"_s, u"archive"_s, u"matchingCars"_s})
+            QVERIFY2(page.runCommand(command), qPrintable(command));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -536,31 +543,31 @@ private Q_SLOTS:
             });
         };
         expectShown();
-        QVERIFY(page.runCommand(showCaption));
+        QVERIFY(page.runCommand(u"show"));
         expectShown();
         Q_EMIT page.list()->rowActivated(page.list()->currentKey());
     }
 
     void demandTakenOutOfTheArchiveIsReadAnew_data()
     {
-        QTest::addColumn<QString>("caption");
-        QTest::newRow("from the editor") << editCaption;
-        QTest::newRow("while it is shown") << showCaption;
+        QTest::addColumn<QString>("command");
+        QTest::newRow("from the editor") << u"edit"_s;
+        QTest::newRow("while it is shown") << u"show"_s;
     }
 
     void demandTakenOutOfTheArchiveIsReadAnew()
     {
-        QFETCH(QString, caption);
+        QFETCH(QString, command);
         addDemand([this](Demand &d) { d.m_iArchiveUserID = m_office->adminID(); });
         Page page;
         page.open();
-        page.archiveFilter()->setCurrentIndex(2);
+        page.filters().set(u"archive", 2);
         page.refill();
         QCOMPARE(page.list()->count(), 1);
         TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
             static_cast<CDlgAddAutomobilDemand *>(window)->unarchiveButton()->click();
         });
-        QVERIFY(page.runCommand(caption));
+        QVERIFY(page.runCommand(command));
         QCOMPARE(page.list()->count(), 0);
     }
 
@@ -573,12 +580,12 @@ private Q_SLOTS:
         Page page;
         page.open();
         g_pDlgYesNo->answerNext(KMessageDialog::No);
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟")});
         QCOMPARE(page.list()->count(), 2);
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(codes(page), QStringList{QStringLiteral("2")});
-        QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("1"));
+        QCOMPARE(page.list()->cellText(0, u"row"), QStringLiteral("1"));
         QCOMPARE(page.list()->currentRow(), 0);
         QCOMPARE(value(QStringLiteral("SELECT (SELECT COUNT(*) FROM FileDocs)+(SELECT COUNT(*) FROM Alarms)")), QStringLiteral("0"));
     }
@@ -590,11 +597,11 @@ private Q_SLOTS:
         Page page;
         page.open();
         page.list()->selectRow(1);
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(page.list()->currentRow(), 0);
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(page.list()->count(), 0);
-        QVERIFY(!page.button(deleteCaption)->isEnabled());
+        QVERIFY(!page.button(u"delete")->isEnabled());
     }
 
     void archivingStampsTheUserAndSearchesAgain()
@@ -602,7 +609,7 @@ private Q_SLOTS:
         const int key = addDemand([](Demand &d) { d.m_iCode = 30; });
         Page page;
         page.open();
-        QVERIFY(page.runCommand(archiveCaption));
+        QVERIFY(page.runCommand(u"archive"));
         QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(value(QStringLiteral("SELECT CONCAT(iArchiveUserID,',',dateArchive IS NOT NULL) FROM AutomobilDemands WHERE iID=%1").arg(key)),
@@ -614,10 +621,10 @@ private Q_SLOTS:
         addDemand([](Demand &d) { d.m_iArchiveUserID = 4711; });
         Page page;
         page.open();
-        page.archiveFilter()->setCurrentIndex(0);
+        page.filters().set(u"archive", 0);
         page.refill();
         const ObservedStatements statements({QStringLiteral("UPDATE")});
-        QVERIFY(page.runCommand(archiveCaption));
+        QVERIFY(page.runCommand(u"archive"));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این تقاضا قبلا بایگانی شده است.")});
         QVERIFY(statements.taken().isEmpty());
         QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("4711"));
@@ -692,34 +699,34 @@ private Q_SLOTS:
         m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights);
         Page page;
         page.open();
-        QVERIFY(page.runCommand(archiveCaption));
+        QVERIFY(page.runCommand(u"archive"));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید.")});
         QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("0"));
         m_office->logInAs(QStringLiteral("clerk"), archiveForm, KSecurity::Access);
-        QVERIFY(page.runCommand(archiveCaption));
+        QVERIFY(page.runCommand(u"archive"));
         QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
     }
 
     void everyCommandAsksForItsRight_data()
     {
-        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("command");
         QTest::addColumn<int>("right");
-        QTest::newRow("new") << newCaption << int(KSecurity::Write);
-        QTest::newRow("edit") << editCaption << int(KSecurity::Modify);
-        QTest::newRow("show") << showCaption << int(KSecurity::Read);
-        QTest::newRow("delete") << deleteCaption << int(KSecurity::Delete);
-        QTest::newRow("print") << printCaption << int(KSecurity::PrintList);
+        QTest::newRow("new") << u"new"_s << int(KSecurity::Write);
+        QTest::newRow("edit") << u"edit"_s << int(KSecurity::Modify);
+        QTest::newRow("show") << u"show"_s << int(KSecurity::Read);
+        QTest::newRow("delete") << u"delete"_s << int(KSecurity::Delete);
+        QTest::newRow("print") << u"print"_s << int(KSecurity::PrintList);
     }
 
     void everyCommandAsksForItsRight()
     {
-        QFETCH(QString, caption);
+        QFETCH(QString, command);
         QFETCH(int, right);
         addDemand();
         m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~right);
         Page page;
         page.open();
-        QVERIFY(page.runCommand(caption));
+        QVERIFY(page.runCommand(command));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::Right(right))});
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
     }
@@ -741,7 +748,7 @@ private Q_SLOTS:
             shown = true;
             static_cast<QDialog *>(window)->reject();
         });
-        QVERIFY(page.runCommand(printCaption));
+        QVERIFY(page.runCommand(u"print"));
         QVERIFY(shown);
     }
 
@@ -757,7 +764,7 @@ private Q_SLOTS:
             QCOMPARE(static_cast<CDlgMatches *>(window)->list()->count(), 1);
             static_cast<QDialog *>(window)->reject();
         });
-        QVERIFY(page.runCommand(carsCaption));
+        QVERIFY(page.runCommand(u"matchingCars"));
     }
 
     void carListOpensForTheSelectedDemand()
@@ -766,7 +773,7 @@ private Q_SLOTS:
         TabHost host;
         Page page;
         page.open();
-        QVERIFY(page.runCommand(galleryCaption));
+        QVERIFY(page.runCommand(u"carList"));
         QCOMPARE(host.pages().size(), 1);
         QCOMPARE(host.pages().constFirst()->title(), QStringLiteral("گالري اتومبيل"));
     }

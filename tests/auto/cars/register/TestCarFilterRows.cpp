@@ -10,7 +10,10 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,8 +26,6 @@ constexpr int red = 901;
 constexpr int deletedKey = 999;
 
 }
-
-Q_DECLARE_METATYPE(CarCriteria)
 
 // What the clauses select of real rows.
 class TestCarFilterRows : public QObject
@@ -42,7 +43,7 @@ private Q_SLOTS:
     void everySortKeyOfTheListIsTakenByTheJoin();
 
 private:
-    static QList<int> codes(const CarCriteria &criteria, const QString &sort = QStringLiteral("ai.iCode"));
+    static QList<int> codes(const KFilterValues &values, const QString &sort = u"ai.iCode"_s, int user = 0);
 
     TestDatabase m_database;
 };
@@ -73,10 +74,10 @@ void TestCarFilterRows::initTestCase()
     add(9, [](Car &c) { c.m_sChassisNum = QStringLiteral("NAS411100"); c.m_iYear = 1395; });
 }
 
-QList<int> TestCarFilterRows::codes(const CarCriteria &criteria, const QString &sort)
+QList<int> TestCarFilterRows::codes(const KFilterValues &values, const QString &sort, int user)
 {
     CTblAutomobilInformationJoins cars;
-    cars.m_filter = carFilter(criteria);
+    cars.m_filter = KListFilter::condition(carFilters(), values, user);
     cars.m_sort = sort;
     cars.Open(true, true, true);
     QList<int> result;
@@ -87,51 +88,53 @@ QList<int> TestCarFilterRows::codes(const CarCriteria &criteria, const QString &
 
 void TestCarFilterRows::rows_data()
 {
-    QTest::addColumn<CarCriteria>("criteria");
+    QTest::addColumn<KFilterValues>("values");
     QTest::addColumn<QList<int>>("expected");
-    const auto row = [](const char *name, const CarCriteria &criteria, const QList<int> &expected) {
-        QTest::newRow(name) << criteria << expected;
+    QTest::addColumn<int>("user");
+    const auto row = [](const char *name, const KFilterValues &values, const QList<int> &expected, int user = 0) {
+        QTest::newRow(name) << values << expected << user;
     };
     row("nothing asked lists what is active", {}, {1, 2, 3, 5, 6, 7, 8, 9});
-    row("with inactive ones", {.withInactive = true}, {1, 2, 3, 4, 5, 6, 7, 8, 9});
-    row("not archived", {.archiveState = 1, .currentUserID = 7}, {1, 2, 3, 7, 8, 9});
-    row("archived by oneself", {.archiveState = 2, .currentUserID = 7}, {5});
-    row("archived by others", {.archiveState = 3, .currentUserID = 7}, {6});
-    row("car type", {.automobilType = typeAndItem}, {1});
-    row("car type that no item names", {.automobilType = otherType}, {2});
-    row("colour", {.color = red}, {1});
-    row("colour, inactive ones too", {.withInactive = true, .color = red}, {1, 4});
-    row("fuel 3", {.fuel = 3}, {2});
-    row("fuel 4", {.fuel = 4}, {3});
-    row("introduced from", {.introductionFrom = day(2026, 5, 2)}, {6, 7, 8});
-    row("introduced to: all of the day is in, and the next day's first moment", {.introductionTo = day(2026, 5, 2)}, {5, 6, 7});
-    row("documents lacking", {.documentsDeficitPart = QStringLiteral("بیمه")}, {7});
-    row("parts lacking", {.partsDeficitPart = QStringLiteral("زاپاس")}, {8});
-    row("amount from", {.amountFrom = 200.5}, {2, 3});
-    row("amount to also takes cars without a price", {.amountTo = 100}, {1, 5, 6, 7, 8, 9});
-    row("amount between", {.amountFrom = 101, .amountTo = 299}, {2});
-    row("an amount range from 0 to 0 lists every amount", {.amountFrom = 0, .amountTo = 0}, {1, 2, 3, 5, 6, 7, 8, 9});
-    row("year from 1385 and to 1390 lists exactly the cars of year 1385", {.yearFrom = 1385, .yearTo = 1390}, {1});
-    row("year from 1395 and to 1390 lists none", {.yearFrom = 1395, .yearTo = 1390}, {});
-    row("year from alone is that year", {.yearFrom = 1386}, {2});
-    row("year to bounds from above", {.yearTo = 1386}, {1, 2, 5, 6, 7, 8});
-    row("buyer", {.buyerID = 21}, {6});
-    row("owner", {.ownerID = 21}, {5});
-    row("chassis number", {.chassisPart = QStringLiteral("s4111")}, {9});
-    row("contradiction", {.color = red, .fuel = 3}, {});
+    row("with inactive ones", {{u"inactive"_s, true}}, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+    row("not archived", {{u"archive"_s, 1}}, {1, 2, 3, 7, 8, 9}, 7);
+    row("archived by oneself", {{u"archive"_s, 2}}, {5}, 7);
+    row("archived by others", {{u"archive"_s, 3}}, {6}, 7);
+    row("car type", {{u"type"_s, typeAndItem}}, {1});
+    row("car type that no item names", {{u"type"_s, otherType}}, {2});
+    row("colour", {{u"color"_s, red}}, {1});
+    row("colour, inactive ones too", {{u"inactive"_s, true}, {u"color"_s, red}}, {1, 4});
+    row("fuel 3", {{u"fuel"_s, 3}}, {2});
+    row("fuel 4", {{u"fuel"_s, 4}}, {3});
+    row("introduced from", {{u"introductionFrom"_s, day(2026, 5, 2)}}, {6, 7, 8});
+    row("introduced to: all of the day is in, and the next day's first moment", {{u"introductionTo"_s, day(2026, 5, 2)}}, {5, 6, 7});
+    row("documents lacking", {{u"documentsDeficit"_s, u"بیمه"_s}}, {7});
+    row("parts lacking", {{u"partsDeficit"_s, u"زاپاس"_s}}, {8});
+    row("amount from", {{u"amountFrom"_s, 200.5}}, {2, 3});
+    row("amount to also takes cars without a price", {{u"amountTo"_s, 100}}, {1, 5, 6, 7, 8, 9});
+    row("amount between", {{u"amountFrom"_s, 101}, {u"amountTo"_s, 299}}, {2});
+    row("an amount range from 0 to 0 lists every amount", {{u"amountFrom"_s, 0}, {u"amountTo"_s, 0}}, {1, 2, 3, 5, 6, 7, 8, 9});
+    row("year from 1385 and to 1390 lists exactly the cars of year 1385", {{u"yearFrom"_s, 1385}, {u"yearTo"_s, 1390}}, {1});
+    row("year from 1395 and to 1390 lists none", {{u"yearFrom"_s, 1395}, {u"yearTo"_s, 1390}}, {});
+    row("year from alone is that year", {{u"yearFrom"_s, 1386}}, {2});
+    row("year to bounds from above", {{u"yearTo"_s, 1386}}, {1, 2, 5, 6, 7, 8});
+    row("buyer", {{u"buyer"_s, 21}}, {6});
+    row("owner", {{u"owner"_s, 21}}, {5});
+    row("chassis number", {{u"chassis"_s, u"s4111"_s}}, {9});
+    row("contradiction", {{u"color"_s, red}, {u"fuel"_s, 3}}, {});
 }
 
 void TestCarFilterRows::rows()
 {
-    QFETCH(CarCriteria, criteria);
+    QFETCH(KFilterValues, values);
     QFETCH(QList<int>, expected);
-    QCOMPARE(codes(criteria), expected);
+    QFETCH(int, user);
+    QCOMPARE(codes(values, u"ai.iCode"_s, user), expected);
 }
 
 void TestCarFilterRows::carWhoseTypeAndColorBothNameItemsIsListedOnce()
 {
     CTblAutomobilInformationJoins cars;
-    const QString filter = carFilter({.automobilType = typeAndItem});
+    const QString filter = KListFilter::condition(carFilters(), {{u"type"_s, typeAndItem}}, 0);
     cars.m_filter = filter;
     cars.Open(true, true, true);
     QCOMPARE(cars.GetRecordsCount(), 1);
@@ -144,7 +147,7 @@ void TestCarFilterRows::carWhoseTypeAndColorBothNameItemsIsListedOnce()
 void TestCarFilterRows::carWhoseModelOrClassWasDeletedIsListedWithEmptyNames()
 {
     CTblAutomobilInformationJoins cars;
-    cars.m_filter = carFilter({});
+    cars.m_filter = KListFilter::condition(carFilters(), {}, 0);
     cars.m_sort = QStringLiteral("ai.iCode");
     cars.Open(true, true, true);
     QCOMPARE(cars.m_iCode, 1);
@@ -160,11 +163,11 @@ void TestCarFilterRows::carWhoseModelOrClassWasDeletedIsListedWithEmptyNames()
 // It is refused whole, and no second statement can hang on it.
 void TestCarFilterRows::typedQuoteReachesTheStatement()
 {
-    QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({.chassisPart = QStringLiteral("a'b")}));
-    QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({.chassisPart = QStringLiteral("'; DELETE FROM AutomobilInformations; -- ")}));
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({{u"chassis"_s, u"a'b"_s}}));
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({{u"chassis"_s, u"'; DELETE FROM AutomobilInformations; -- "_s}}));
     QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("9"));
     // A sign of the pattern is one here.
-    QCOMPARE(codes({.chassisPart = QStringLiteral("4_11")}), QList<int>{9});
+    QCOMPARE(codes({{u"chassis"_s, u"4_11"_s}}), QList<int>{9});
 }
 
 void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin_data()

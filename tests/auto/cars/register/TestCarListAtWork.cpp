@@ -4,7 +4,6 @@
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
-#include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -26,13 +25,15 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
 using Page = CDlgAutomobilInformations;
 using Editor = CDlgAddAutomobilInformation;
 
-constexpr int plateColumn = 7;
+constexpr QStringView plateColumn = u"plate";
 
 }
 
@@ -131,7 +132,7 @@ private Q_SLOTS:
             m_office->database().run(
                 QStringLiteral("INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')").arg(key));
         });
-        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("0"));
         QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iTable) FROM FileDocs")), QStringLiteral("69"));
         QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CustomFieldRecords")), QStringLiteral("0"));
@@ -142,7 +143,7 @@ private Q_SLOTS:
     {
         auto &page = shownPage();
         whenEditorCancels([this](Editor &) { m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations")); });
-        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QVERIFY(page.runCommand(u"new"));
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
@@ -170,7 +171,7 @@ private Q_SLOTS:
         m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilInformations"), KSecurity::Access);
         auto &page = shownPage();
         whenEditor(QStringLiteral("new"));
-        QVERIFY(page.runCommand(QStringLiteral("جديد")));
+        QVERIFY(page.runCommand(u"new"));
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QCOMPARE(page.list()->count(), 1);
     }
@@ -196,15 +197,15 @@ private Q_SLOTS:
         QTest::keyClick(page.list(), Qt::Key_Return);
         QCOMPARE(title, QStringLiteral("گالري اتومبيل - نمایش"));
         whenEditorCancels([&title](Editor &editor) { title = editor.windowTitle() + u'!'; });
-        QVERIFY(page.runCommand(QStringLiteral("نمايش")));
+        QVERIFY(page.runCommand(u"show"));
         QCOMPARE(title, QStringLiteral("گالري اتومبيل - نمایش!"));
     }
 
     void carTakenOutOfTheArchiveInTheEditorLeavesTheListOfArchivedOnes_data()
     {
         QTest::addColumn<QString>("command");
-        QTest::newRow("edit") << QStringLiteral("ويرايش");
-        QTest::newRow("show") << QStringLiteral("نمايش");
+        QTest::newRow("edit") << u"edit"_s;
+        QTest::newRow("show") << u"show"_s;
     }
 
     void carTakenOutOfTheArchiveInTheEditorLeavesTheListOfArchivedOnes()
@@ -212,7 +213,7 @@ private Q_SLOTS:
         QFETCH(QString, command);
         addNamed(QStringLiteral("a"), [this](Car &c) { c.m_iArchiveUserID = m_office->adminID(); });
         auto &page = shownPage();
-        page.archiveFilter()->setCurrentIndex(2);
+        page.filters().set(u"archive", 2);
         page.refill();
         QCOMPARE(page.list()->count(), 1);
         TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) { static_cast<Editor *>(window)->unarchive(); });
@@ -227,7 +228,7 @@ private Q_SLOTS:
         auto &page = shownPage();
         whenEditorCancels();
         addNamed(QStringLiteral("b"));
-        QVERIFY(page.runCommand(QStringLiteral("ويرايش")));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(page.list()->count(), 1);
     }
 
@@ -240,15 +241,15 @@ private Q_SLOTS:
             m_office->addBrand(QStringLiteral("پژو"));
             static_cast<QDialog *>(window)->reject();
         });
-        QVERIFY(page.runCommand(QStringLiteral("نام خودرو")));
-        QCOMPARE(page.typeFilter()->count(), 2);
-        QCOMPARE(page.typeFilter()->itemText(1), QStringLiteral("پژو"));
+        QVERIFY(page.runCommand(u"catalog"));
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->count(), 2);
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->itemText(1), QStringLiteral("پژو"));
         TestOffice::whenModal("KDialogHolder", [this](QWidget *window) {
             m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
             static_cast<QDialog *>(window)->reject();
         });
-        QVERIFY(page.runCommand(QStringLiteral("پارامترهاي ورودي")));
-        QCOMPARE(page.colorFilter()->count(), 2);
+        QVERIFY(page.runCommand(u"inputParameters"));
+        QCOMPARE(page.filters().control<QComboBox>(u"color")->count(), 2);
     }
 
     void chosenTypeStaysChosenWhenTheTypesAreReadAnew()
@@ -256,21 +257,21 @@ private Q_SLOTS:
         m_office->addBrand(QStringLiteral("پژو"));
         const int brand = m_office->addBrand(QStringLiteral("سمند"));
         auto &page = shownPage();
-        CarChoices::choose(page.typeFilter(), brand);
-        CarChoices::fillTypes(page.typeFilter());
-        QCOMPARE(CarChoices::chosenKey(page.typeFilter()), brand);
+        page.filters().set(u"type", brand);
+        page.filters().readChoices(u"type");
+        QCOMPARE(page.filters().value(u"type").toInt(), brand);
         m_office->database().run(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(brand));
-        CarChoices::fillTypes(page.typeFilter());
-        QCOMPARE(page.typeFilter()->currentIndex(), 0);
+        page.filters().readChoices(u"type");
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->currentIndex(), 0);
     }
 
     void customersOfACarOpenForTheSelectedOne()
     {
         addNamed(QStringLiteral("a"));
         auto &page = shownPage();
-        QVERIFY(page.button(QStringLiteral("متقاضیان"))->isEnabled());
+        QVERIFY(page.button(u"matchingDemands")->isEnabled());
         TestOffice::whenModal("CDlgMatches", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
-        QVERIFY(page.runCommand(QStringLiteral("متقاضیان")));
+        QVERIFY(page.runCommand(u"matchingDemands"));
     }
 
     // --- Keys ---
@@ -282,12 +283,12 @@ private Q_SLOTS:
         auto &page = shownPage();
         QCOMPARE(page.list()->count(), 2);
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
-        QVERIFY(page.chassisFilter()->hasFocus());
-        QTest::keyClicks(page.chassisFilter(), QStringLiteral("NAS"));
-        QTest::keyClick(page.chassisFilter(), Qt::Key_Return);
+        QVERIFY(page.filters().control<KEdit>(u"chassis")->hasFocus());
+        QTest::keyClicks(page.filters().control<KEdit>(u"chassis"), QStringLiteral("NAS"));
+        QTest::keyClick(page.filters().control<KEdit>(u"chassis"), Qt::Key_Return);
         QCOMPARE(page.list()->count(), 1);
-        page.chassisFilter()->clear();
-        QTest::keyClick(page.chassisFilter(), Qt::Key_F5);
+        page.filters().control<KEdit>(u"chassis")->clear();
+        QTest::keyClick(page.filters().control<KEdit>(u"chassis"), Qt::Key_F5);
         QCOMPARE(page.list()->count(), 2);
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         page.list()->setFocus();
@@ -306,7 +307,7 @@ private Q_SLOTS:
             window.resize(1300, 700);
             window.show();
             QVERIFY(QTest::qWaitForWindowExposed(&window));
-            const QPushButton *first = page->button(select ? QStringLiteral("چاپ") : QStringLiteral("جديد"));
+            const QPushButton *first = page->button(select ? u"print" : u"new");
             const QRect row = first->parentWidget()->rect();
             const bool mirrored = first->layoutDirection() == Qt::RightToLeft;
             QCOMPARE(mirrored ? row.right() - first->geometry().right() : first->x(), 0);
@@ -316,7 +317,7 @@ private Q_SLOTS:
     void defaultsStandBesideTheSearchButton()
     {
         auto &page = shownPage();
-        const QPushButton *defaults = page.button(QStringLiteral("پيش فرض"));
+        const QPushButton *defaults = page.button(u"reset");
         const QPushButton *search = nullptr;
         for (const QPushButton *button : page.findChildren<QPushButton *>()) {
             if (button->text() == QStringLiteral("جستجو"))
