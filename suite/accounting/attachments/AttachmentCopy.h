@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/TzAccountingDataExport.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -11,8 +13,8 @@
 namespace AttachmentCopy {
 
 // Whether opening a file of that name would run it.
-bool isProgram(const QString &name);
+TZACCOUNTINGDATA_EXPORT bool isProgram(const QString &name);
 // Where the copy lies, read-only, so that nobody takes it for the stored file; empty when it could not be written.
-QString write(int id, const QString &name, const QByteArray &data);
+TZACCOUNTINGDATA_EXPORT QString write(int id, const QString &name, const QByteArray &data);
 
 }
