@@ -3,6 +3,7 @@
 
 #include "auto/editor/ArchiveLine.h"
 
+#include "suite/db/KLookup.h"
 #include "suite/db/KMySQL.h"
 #include "suite/utility/values/ShamsiDate.h"
 
