@@ -19,8 +19,10 @@ private Q_SLOTS:
 
     void sumIsTakenOfEachSide()
     {
-        const AccountBalance sum = documentSum({{Accounts::cash, 0, 300, 0, {}}, {Accounts::persons, 7, 0, 100, {}},
-                                                {Accounts::bank, 0, 0, 250, {}}, {Accounts::bank, 0, 20, 0, {}}});
+        const AccountBalance sum = documentSum({{Accounts::cash, 0, 300, 0, {}},
+                                                {Accounts::persons, 7, 0, 100, {}},
+                                                {Accounts::bank, 0, 0, 250, {}},
+                                                {Accounts::bank, 0, 20, 0, {}}});
         QCOMPARE(sum.bed, 320.0);
         QCOMPARE(sum.bes, 350.0);
     }

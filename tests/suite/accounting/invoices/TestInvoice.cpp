@@ -315,8 +315,8 @@ void TestInvoice::documentTextNamesKindAndNumber()
     QCOMPARE(invoiceDocumentDescription(CTblFactors::sale, false, 12), QStringLiteral("فاکتور فروش ش :12"));
     QCOMPARE(invoiceDocumentDescription(CTblFactors::purchase, true, 3), QStringLiteral("برگشت از خرید ش :3"));
     const QList<DocumentRow> rows = invoiceDocumentRows({7, false, 12, 7, QStringLiteral("علی رضایی"), 1000, 0, 90, 0});
-    QCOMPARE(rows.at(0).desc, QStringLiteral("فاکتور فروش ش :12"));
-    QCOMPARE(rows.at(2).desc, QStringLiteral("مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"));
+    QCOMPARE(rows.at(0).description, QStringLiteral("فاکتور فروش ش :12"));
+    QCOMPARE(rows.at(2).description, QStringLiteral("مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"));
 }
 
 static const RegisteredTest<TestInvoice, QCoreApplication> registered;
