@@ -190,7 +190,7 @@ int main(int argc, char **argv)
     QObject::connect(&window, &CDlgAutomobilReportSeasons::idle, &opened, &QEventLoop::quit);
     window.show();
     opened.exec();
-    window.year()->setValue(year);
+    window.year()->setNumber(year);
     window.seasons()->button(0)->setChecked(true);
     window.minimumAmount()->setNumber(minimumAmount);
     constexpr double longestAllowed = 50;
