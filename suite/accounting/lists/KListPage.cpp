@@ -376,11 +376,7 @@ void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<
 
 void KListPage::guarded(const std::function<void()> &work)
 {
-    try {
-        work();
-    } catch (...) {
-        KErrorBoundary::report(std::current_exception(), this);
-    }
+    KErrorBoundary::guarded(this, work);
 }
 
 QString KListPage::countText() const
