@@ -436,13 +436,14 @@ private Q_SLOTS:
     {
         const int a = addSample(QStringLiteral("a"));
         const int b = addSample(QStringLiteral("b"));
+        const KLookup::Source source{QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName")};
         QHash<int, QString> names;
         const QStringList statements = observed([&] {
-            names = KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {b, a, b, 0, 999});
+            names = KLookup::names(source, {b, a, b, 0, 999});
         });
         QCOMPARE(statements.size(), 1);
         QCOMPARE(names, (QHash<int, QString>{{a, QStringLiteral("a")}, {b, QStringLiteral("b")}}));
-        QVERIFY(observed([] { KLookup::names(QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName"), {0}); }).isEmpty());
+        QVERIFY(observed([&] { KLookup::names(source, {0}); }).isEmpty());
     }
 
     void namesBehindAColumnComeFromItsDeclaration()
