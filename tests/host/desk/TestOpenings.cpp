@@ -39,9 +39,9 @@ const QString cars = QStringLiteral("گالري اتومبيل");
 const QString persons = QStringLiteral("اشخاص");
 const QString documents = QStringLiteral("اسناد حسابداری");
 const QString invoices = QStringLiteral("فاکتورها");
-const QString create = QStringLiteral("جديد");
-const QString edit = QStringLiteral("ويرايش");
-const QString show = QStringLiteral("نمايش");
+const QString create = QStringLiteral("new");
+const QString edit = QStringLiteral("edit");
+const QString show = QStringLiteral("show");
 
 }
 
@@ -203,8 +203,8 @@ private Q_SLOTS:
         QTest::newRow("contract, new") << contracts << create << 99;
         QTest::newRow("contract, edit") << contracts << edit << 99;
         QTest::newRow("contract, show") << contracts << show << 99;
-        QTest::newRow("settings of the contracts") << contracts << QStringLiteral("تنظيمات") << 99;
-        QTest::newRow("comprehensive report") << contracts << QStringLiteral("گزارش جامع") << 99;
+        QTest::newRow("settings of the contracts") << contracts << QStringLiteral("settings") << 99;
+        QTest::newRow("comprehensive report") << contracts << QStringLiteral("fullReport") << 99;
         QTest::newRow("demand, new") << demands << create << 99;
         QTest::newRow("demand, edit") << demands << edit << 99;
         QTest::newRow("demand, show") << demands << show << 99;
@@ -213,8 +213,8 @@ private Q_SLOTS:
         QTest::newRow("car, show") << cars << show << 99;
         QTest::newRow("person, new") << persons << create << 99;
         QTest::newRow("person, edit") << persons << edit << 99;
-        QTest::newRow("document, new") << documents << QStringLiteral("سند جدید") << 99;
-        QTest::newRow("invoice, edit") << invoices << QStringLiteral("ویرایش") << 99;
+        QTest::newRow("document, new") << documents << create << 99;
+        QTest::newRow("invoice, edit") << invoices << edit << 99;
     }
 
     void windowOfAList()

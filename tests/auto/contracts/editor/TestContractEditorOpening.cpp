@@ -106,8 +106,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("command");
         QTest::addColumn<bool>("archived");
         QTest::addColumn<int>("most");
-        const QString change = QStringLiteral("ويرايش");
-        const QString show = QStringLiteral("نمايش");
+        const QString change = QStringLiteral("edit");
+        const QString show = QStringLiteral("show");
         QTest::newRow("edited") << change << false << 5;
         QTest::newRow("shown") << show << false << 3;
         QTest::newRow("edited, which shows an archived one") << change << true << 6;
