@@ -7,10 +7,10 @@
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
-#include "suite/utility/entries/KEdit.h"
+#include "suite/accounting/lists/FilterClauses.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
-#include <QGridLayout>
+using namespace Qt::StringLiterals;
 
 CDlgServices::CDlgServices(QWidget *parent)
     : KListPage(QStringLiteral("خدمات"), QStringLiteral("Services"), QStringLiteral("Services"), parent)
@@ -18,13 +18,27 @@ CDlgServices::CDlgServices(QWidget *parent)
     build();
 }
 
-QVector<KListModel::Column> CDlgServices::listColumns() const
+QList<KListColumn> CDlgServices::columnTable() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("کد خدمت"), Qt::AlignHCenter, 50, QStringLiteral("iCode")},
-        {QStringLiteral("نام خدمت"), Qt::AlignRight, 300, QStringLiteral("sName")},
+        KListColumn::rowNumber(30),
+        {.key = u"code"_s, .title = u"کد خدمت"_s, .width = 50, .sortKey = u"iCode"_s, .column = u"iCode"_s},
+        {.key = u"name"_s, .title = u"نام خدمت"_s, .width = 300, .alignment = Qt::AlignRight, .sortKey = u"sName"_s,
+         .column = u"sName"_s},
     };
+}
+
+QList<KListFilter> CDlgServices::filterTable() const
+{
+    return {
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::QueryText, .place = {0, 0},
+         .clause = FilterClauses::part("sName"), .options = KListFilter::FindGoesHere},
+    };
+}
+
+KListTraits CDlgServices::traits() const
+{
+    return {.readsWholeRecords = true};
 }
 
 std::vector<KListCommand> CDlgServices::commands()
@@ -41,27 +55,9 @@ std::vector<KListCommand> CDlgServices::commands()
     };
 }
 
-void CDlgServices::buildFilters(QGridLayout *grid)
-{
-    m_name = new KEdit(KEdit::Kind::QueryText, this);
-    addFilter(grid, 0, 0, QStringLiteral("نام :"), m_name);
-}
-
 std::unique_ptr<KMySQL> CDlgServices::makeRecords() const
 {
     return std::make_unique<CTblServices>();
-}
-
-QString CDlgServices::filterClauses() const
-{
-    return m_name->text().isEmpty() ? QString() : QStringLiteral(" AND sName LIKE '%") + m_name->queryText() + QStringLiteral("%'");
-}
-
-KListModel::Row CDlgServices::makeRow(KMySQL &record, int number)
-{
-    const auto &service = static_cast<const CTblServices &>(record);
-    return {service.m_iID,
-            {{QString::number(number), number}, {QString::number(service.m_iCode), service.m_iCode}, {service.m_sName}}};
 }
 
 QString CDlgServices::defaultSort() const
@@ -71,22 +67,17 @@ QString CDlgServices::defaultSort() const
 
 void CDlgServices::activated(int)
 {
-    runCommand(QStringLiteral("ویرایش"));
+    runCommand(u"edit");
 }
 
 void CDlgServices::emptyAreaActivated()
 {
-    runCommand(QStringLiteral("جدید"));
+    runCommand(u"new");
 }
 
 KListReport CDlgServices::reportSpec() const
 {
     return {QStringLiteral("خدمات"), QStringLiteral("Services"), QStringLiteral("List")};
-}
-
-QWidget *CDlgServices::firstFilterControl() const
-{
-    return m_name;
 }
 
 void CDlgServices::addService()

@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgServices : public QObject
 {
     Q_OBJECT
@@ -45,9 +47,6 @@ namespace {
 
 const QString code = QStringLiteral("کد :");
 const QString name = QStringLiteral("نام :");
-const QString addCaption = QStringLiteral("جدید");
-const QString editCaption = QStringLiteral("ویرایش");
-const QString deleteCaption = QStringLiteral("حذف");
 
 }
 
@@ -66,18 +65,18 @@ void TestCDlgServices::servicesStandByTheirCodes()
     CDlgServices page;
     page.open();
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(0, 1), QStringLiteral("7"));
-    QCOMPARE(page.list()->cellText(1, 2), QStringLiteral("کارشناسی خودرو"));
+    QCOMPARE(page.list()->cellText(0, u"code"), QStringLiteral("7"));
+    QCOMPARE(page.list()->cellText(1, u"name"), QStringLiteral("کارشناسی خودرو"));
 }
 
 void TestCDlgServices::namesAreSearched()
 {
     CDlgServices page;
     page.open();
-    named<KEdit>(page, name)->setText(QStringLiteral("سند"));
+    page.filters().set(u"name", QStringLiteral("سند"));
     page.refill();
     QCOMPARE(page.list()->count(), 1);
-    named<KEdit>(page, name)->setText(QStringLiteral("'%"));
+    page.filters().set(u"name", QStringLiteral("'%"));
     page.refill();
     QCOMPARE(page.list()->count(), 0);
 }
@@ -93,9 +92,9 @@ void TestCDlgServices::newServiceGetsTheNextCode()
         Hand::type(QStringLiteral("بیمه"));
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
-    QVERIFY(page.runCommand(addCaption));
+    QVERIFY(page.runCommand(u"new"));
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(page.list()->currentRow(), 2), QStringLiteral("بیمه"));
+    QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"name"), QStringLiteral("بیمه"));
 }
 
 void TestCDlgServices::refusedEntryKeepsTheWindow_data()
@@ -139,9 +138,9 @@ void TestCDlgServices::renameKeepsTheCode()
         field(window, name)->setText(QStringLiteral("انتقال سند خودرو"));
         window.accept();
     });
-    QVERIFY(page.runCommand(editCaption));
+    QVERIFY(page.runCommand(u"edit"));
     QCOMPARE(value("SELECT CONCAT(iCode,' ',sName) FROM Services WHERE iCode=102"), QStringLiteral("102 انتقال سند خودرو"));
-    QCOMPARE(page.list()->cellText(1, 2), QStringLiteral("انتقال سند خودرو"));
+    QCOMPARE(page.list()->cellText(1, u"name"), QStringLiteral("انتقال سند خودرو"));
 }
 
 void TestCDlgServices::deletionIsAskedFor()
@@ -150,10 +149,10 @@ void TestCDlgServices::deletionIsAskedFor()
     page.open();
     page.list()->selectKey(m_office.transfer);
     g_pDlgYesNo->answerNext(KMessageDialog::No);
-    page.runCommand(deleteCaption);
+    page.runCommand(u"delete");
     QCOMPARE(page.list()->count(), 2);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    page.runCommand(deleteCaption);
+    page.runCommand(u"delete");
     QCOMPARE(page.list()->count(), 1);
     QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("1"));
 }
@@ -164,7 +163,7 @@ void TestCDlgServices::serviceOnAnInvoiceStays()
     CDlgServices page;
     page.open();
     page.list()->selectKey(m_office.inspection);
-    page.runCommand(deleteCaption);
+    page.runCommand(u"delete");
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این خدمت در فاکتور شماره 1 به کار رفته است و حذف نمی‌شود.")});
     QCOMPARE(page.list()->count(), 2);
 }
@@ -173,9 +172,9 @@ void TestCDlgServices::rightsOfEachCommand_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("right");
-    QTest::newRow("add") << addCaption << int(KSecurity::Write);
-    QTest::newRow("edit") << editCaption << int(KSecurity::Modify);
-    QTest::newRow("delete") << deleteCaption << int(KSecurity::Delete);
+    QTest::newRow("add") << u"new"_s << int(KSecurity::Write);
+    QTest::newRow("edit") << u"edit"_s << int(KSecurity::Modify);
+    QTest::newRow("delete") << u"delete"_s << int(KSecurity::Delete);
 }
 
 void TestCDlgServices::rightsOfEachCommand()
@@ -199,7 +198,7 @@ void TestCDlgServices::closedDatabaseHidesTheCommands()
     GetDBSetting()->SetClosedDB(true);
     CDlgServices page;
     page.open();
-    for (const QString &command : {addCaption, editCaption, deleteCaption})
+    for (const QString &command : {u"new"_s, u"edit"_s, u"delete"_s})
         QVERIFY(page.button(command)->isHidden());
     // Also for a window that was open by then.
     QVERIFY(!window.OnOK());
