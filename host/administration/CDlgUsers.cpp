@@ -9,16 +9,24 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int statusActive = 0;
 constexpr int statusInactive = 1;
+
+KListColumn::Cell adminCell(const QVariant &value)
+{
+    return {value.toInt() != 0 ? u"بله"_s : u"خیر"_s, value};
+}
+
+KListColumn::Cell statusCell(const QVariant &value)
+{
+    return {value.toInt() == statusActive ? u"فعال"_s : u"غیرفعال"_s, value};
+}
 
 }
 
@@ -28,15 +36,23 @@ CDlgUsers::CDlgUsers(QWidget *parent)
     build();
 }
 
-QVector<KListModel::Column> CDlgUsers::listColumns() const
+QList<KListColumn> CDlgUsers::columnTable() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("نام کاربری"), Qt::AlignRight, 100, QStringLiteral("sUser")},
-        {QStringLiteral("نام"), Qt::AlignRight, 160, QStringLiteral("sName")},
-        {QStringLiteral("مدیر"), Qt::AlignHCenter, 50, QStringLiteral("bAdmin")},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 60, QStringLiteral("iStatus")},
+        KListColumn::rowNumber(30),
+        {.key = u"user"_s, .title = u"نام کاربری"_s, .width = 100, .alignment = Qt::AlignRight, .sortKey = u"sUser"_s,
+         .column = u"sUser"_s},
+        {.key = u"name"_s, .title = u"نام"_s, .width = 160, .alignment = Qt::AlignRight, .sortKey = u"sName"_s,
+         .column = u"sName"_s},
+        {.key = u"admin"_s, .title = u"مدیر"_s, .width = 50, .sortKey = u"bAdmin"_s, .column = u"bAdmin"_s, .show = adminCell},
+        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 60, .sortKey = u"iStatus"_s, .column = u"iStatus"_s,
+         .show = statusCell},
     };
+}
+
+QList<KListFilter> CDlgUsers::filterTable() const
+{
+    return userFilters();
 }
 
 std::vector<KListCommand> CDlgUsers::commands()
@@ -52,55 +68,19 @@ std::vector<KListCommand> CDlgUsers::commands()
     };
 }
 
-void CDlgUsers::buildFilters(QGridLayout *grid)
-{
-    m_name = new KEdit(KEdit::Kind::QueryText, this);
-    m_inactive = new QCheckBox(QStringLiteral("نمایش غیرفعال‌ها"), this);
-    m_inactive->setAccessibleName(m_inactive->text());
-    m_inactive->setChecked(true);
-    addFilter(grid, 0, 0, QStringLiteral("نام :"), m_name);
-    grid->addWidget(m_inactive, 0, 2);
-}
-
 std::unique_ptr<KMySQL> CDlgUsers::makeRecords() const
 {
     return std::make_unique<CTblUsers>();
 }
 
-QStringList CDlgUsers::fetchedColumns() const
-{
-    return {QStringLiteral("sUser"), QStringLiteral("sName"), QStringLiteral("iStatus"), QStringLiteral("bAdmin")};
-}
-
-QString CDlgUsers::filterClauses() const
-{
-    return userFilter({m_name->queryText(), !m_inactive->isChecked()});
-}
-
-KListModel::Row CDlgUsers::makeRow(KMySQL &record, int number)
-{
-    const auto &user = static_cast<const CTblUsers &>(record);
-    return {user.m_iID,
-            {{QString::number(number), number},
-             {user.m_sUser},
-             {user.m_sName},
-             {user.m_bAdmin ? QStringLiteral("بله") : QStringLiteral("خیر"), user.m_bAdmin},
-             {user.m_iStatus == statusActive ? QStringLiteral("فعال") : QStringLiteral("غیرفعال"), user.m_iStatus}}};
-}
-
 void CDlgUsers::activated(int)
 {
-    runCommand(QStringLiteral("ویرایش"));
+    runCommand(u"edit");
 }
 
 void CDlgUsers::emptyAreaActivated()
 {
-    runCommand(QStringLiteral("جدید"));
-}
-
-QWidget *CDlgUsers::firstFilterControl() const
-{
-    return m_name;
+    runCommand(u"new");
 }
 
 void CDlgUsers::addUser()

@@ -5,8 +5,6 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
-class QCheckBox;
-
 // The people who may log in, and what each of them may do.
 class CDlgUsers : public KListPage
 {
@@ -16,16 +14,12 @@ public:
     explicit CDlgUsers(QWidget *parent = nullptr);
 
 protected:
-    QVector<KListModel::Column> listColumns() const override;
+    QList<KListColumn> columnTable() const override;
+    QList<KListFilter> filterTable() const override;
     std::vector<KListCommand> commands() override;
-    void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QStringList fetchedColumns() const override;
-    QString filterClauses() const override;
-    KListModel::Row makeRow(KMySQL &record, int number) override;
     void activated(int key) override;
     void emptyAreaActivated() override;
-    QWidget *firstFilterControl() const override;
 
 private:
     void addUser();
@@ -34,7 +28,4 @@ private:
     void editUser();
     void editRights();
     void toggleActive();
-
-    KEdit *m_name = nullptr;
-    QCheckBox *m_inactive = nullptr;
 };

@@ -3,14 +3,30 @@
 
 #include "host/administration/UserFilter.h"
 
-QString userFilter(const UserCriteria &criteria)
+#include "suite/accounting/lists/FilterClauses.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString eitherName(const QVariant &value, int)
 {
-    QString clauses;
-    if (!criteria.namePart.isEmpty()) {
-        const QString like = QStringLiteral(" LIKE '%") + criteria.namePart + QStringLiteral("%'");
-        clauses += QStringLiteral(" AND (sUser") + like + QStringLiteral(" OR sName") + like + u')';
-    }
-    if (criteria.activeOnly)
-        clauses += QStringLiteral(" AND iStatus=0");
-    return clauses;
+    const QString part = value.toString();
+    if (part.isEmpty())
+        return {};
+    const QString like = u" LIKE '%"_s + part + u"%'"_s;
+    return u" AND (sUser"_s + like + u" OR sName"_s + like + u')';
+}
+
+}
+
+QList<KListFilter> userFilters()
+{
+    using K = KListFilter::Kind;
+    return {
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = K::QueryText, .place = {0, 0}, .clause = eitherName,
+         .options = KListFilter::FindGoesHere},
+        {.key = u"inactive"_s, .label = u"نمایش غیرفعال‌ها"_s, .kind = K::Flag, .place = {0, 2},
+         .clause = FilterClauses::flag("", " AND iStatus=0"), .initial = true},
+    };
 }

@@ -3,14 +3,8 @@
 
 #pragma once
 
-#include <QString>
+#include "suite/accounting/lists/KListFilter.h"
 
-// What the list of users asks for. Defaults: everybody.
-struct UserCriteria
-{
-    QString namePart; // of the login name or the person's; already escaped for a LIKE literal; empty: any
-    bool activeOnly = false;
-};
-
-// A run of clauses, each beginning with " AND "; empty when nothing is asked.
-QString userFilter(const UserCriteria &criteria);
+// What the list of users can be asked for: a part of the login name or of the person's, and whether those who may not log in
+// are among them.
+QList<KListFilter> userFilters();

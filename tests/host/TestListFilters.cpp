@@ -9,8 +9,9 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 Q_DECLARE_METATYPE(DocumentCriteria)
-Q_DECLARE_METATYPE(UserCriteria)
 Q_DECLARE_METATYPE(InvoiceCriteria)
 
 class TestListFilters : public QObject
@@ -58,19 +59,20 @@ void TestListFilters::documents()
 
 void TestListFilters::users_data()
 {
-    QTest::addColumn<UserCriteria>("criteria");
-    QTest::addColumn<QString>("clauses");
-    QTest::newRow("nothing asked") << UserCriteria{} << "";
-    QTest::newRow("name") << UserCriteria{QStringLiteral("sa"), false} << " AND (sUser LIKE '%sa%' OR sName LIKE '%sa%')";
-    QTest::newRow("active") << UserCriteria{{}, true} << " AND iStatus=0";
-    QTest::newRow("both") << UserCriteria{QStringLiteral("sa"), true}
-                          << " AND (sUser LIKE '%sa%' OR sName LIKE '%sa%') AND iStatus=0";
+    QTest::addColumn<KFilterValues>("values");
+    QTest::addColumn<QString>("condition");
+    QTest::newRow("nothing asked") << KFilterValues{{u"inactive"_s, true}} << "";
+    QTest::newRow("name") << KFilterValues{{u"name"_s, u"sa"_s}, {u"inactive"_s, true}}
+                          << "(sUser LIKE '%sa%' OR sName LIKE '%sa%')";
+    QTest::newRow("active") << KFilterValues{{u"inactive"_s, false}} << "iStatus=0";
+    QTest::newRow("both") << KFilterValues{{u"name"_s, u"sa"_s}, {u"inactive"_s, false}}
+                          << "(sUser LIKE '%sa%' OR sName LIKE '%sa%') AND iStatus=0";
 }
 
 void TestListFilters::users()
 {
-    QFETCH(UserCriteria, criteria);
-    QTEST(userFilter(criteria), "clauses");
+    QFETCH(KFilterValues, values);
+    QTEST(KListFilter::condition(userFilters(), values, 0), "condition");
 }
 
 void TestListFilters::invoices_data()

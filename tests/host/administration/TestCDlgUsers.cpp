@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgUsers : public QObject
 {
     Q_OBJECT
@@ -46,8 +48,6 @@ private:
 };
 
 namespace {
-
-const QString toggle = QStringLiteral("فعال / غیرفعال");
 
 template <class Dialog>
 KEdit *edit(const Dialog &dialog, const QString &label)
@@ -84,26 +84,26 @@ void TestCDlgUsers::listShowsEverybodyWithState()
     page.open();
     QCOMPARE(page.list()->count(), 2);
     const int row = page.list()->listModel()->rowOfKey(m_clerk);
-    QCOMPARE(page.list()->cellText(row, 1), QStringLiteral("clerk"));
-    QCOMPARE(page.list()->cellText(row, 2), QStringLiteral("کارمند"));
-    QCOMPARE(page.list()->cellText(row, 3), QStringLiteral("خیر"));
-    QCOMPARE(page.list()->cellText(row, 4), QStringLiteral("فعال"));
-    QCOMPARE(page.list()->cellText(page.list()->listModel()->rowOfKey(m_office.admin), 3), QStringLiteral("بله"));
+    QCOMPARE(page.list()->cellText(row, u"user"), QStringLiteral("clerk"));
+    QCOMPARE(page.list()->cellText(row, u"name"), QStringLiteral("کارمند"));
+    QCOMPARE(page.list()->cellText(row, u"admin"), QStringLiteral("خیر"));
+    QCOMPARE(page.list()->cellText(row, u"status"), QStringLiteral("فعال"));
+    QCOMPARE(page.list()->cellText(page.list()->listModel()->rowOfKey(m_office.admin), u"admin"), QStringLiteral("بله"));
 }
 
 void TestCDlgUsers::namesAreSearchedAndInactiveOnesLeftOut()
 {
     CDlgUsers page;
     page.open();
-    edit(page, QStringLiteral("نام :"))->setText(QStringLiteral("کارم"));
+    page.filters().set(u"name", QStringLiteral("کارم"));
     page.refill();
     QCOMPARE(page.list()->count(), 1);
-    edit(page, QStringLiteral("نام :"))->setText(QStringLiteral("%"));
+    page.filters().set(u"name", QStringLiteral("%"));
     page.refill();
     QCOMPARE(page.list()->count(), 0);
-    edit(page, QStringLiteral("نام :"))->clear();
+    page.filters().set(u"name", QString());
     m_office.database.run(QStringLiteral("UPDATE Users SET iStatus=1 WHERE iID=%1").arg(m_clerk));
-    named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
+    page.filters().set(u"inactive", false);
     page.refill();
     QCOMPARE(page.list()->count(), 1);
     QCOMPARE(page.list()->currentKey(), m_office.admin);
@@ -126,11 +126,11 @@ void TestCDlgUsers::nobodyMakesThemselvesAdministrator()
     const QStringList refusal{QStringLiteral("این کار فقط برای مدیر برنامه مجاز است.")};
     // Rights, also their own, and an administrator's account.
     page.list()->selectKey(m_clerk);
-    QVERIFY(page.runCommand(QStringLiteral("دسترسی‌ها")));
+    QVERIFY(page.runCommand(u"rights"));
     QCOMPARE(g_pDlgWarning->takeShown(), refusal);
     page.list()->selectKey(m_office.admin);
-    for (const QString &caption : {QStringLiteral("ویرایش"), toggle}) {
-        QVERIFY2(page.runCommand(caption), qPrintable(caption));
+    for (const QString &command : {u"edit"_s, u"toggleActive"_s}) {
+        QVERIFY2(page.runCommand(command), qPrintable(command));
         QCOMPARE(g_pDlgWarning->takeShown(), refusal);
     }
     CDlgAddUser own(m_clerk);
@@ -147,8 +147,8 @@ void TestCDlgUsers::readersChangeNothing()
     QVERIFY(page.OnAccess());
     page.open();
     page.list()->selectKey(m_office.admin);
-    for (const QString &caption : {QStringLiteral("جدید"), QStringLiteral("ویرایش"), QStringLiteral("دسترسی‌ها"), toggle}) {
-        QVERIFY2(page.runCommand(caption), qPrintable(caption));
+    for (const QString &command : {u"new"_s, u"edit"_s, u"rights"_s, u"toggleActive"_s}) {
+        QVERIFY2(page.runCommand(command), qPrintable(command));
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     }
     QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Users WHERE iStatus=0")), QStringLiteral("2"));
@@ -159,8 +159,8 @@ void TestCDlgUsers::closedDatabaseHidesTheCommands()
     GetDBSetting()->SetClosedDB(true);
     CDlgUsers page;
     page.open();
-    QVERIFY(!page.runCommand(QStringLiteral("جدید")));
-    QVERIFY(!page.runCommand(toggle));
+    QVERIFY(!page.runCommand(u"new"));
+    QVERIFY(!page.runCommand(u"toggleActive"));
 }
 
 void TestCDlgUsers::newUserIsAdded()
@@ -248,7 +248,7 @@ void TestCDlgUsers::oneDoesNotLockOneselfOut()
     CDlgUsers page;
     page.open();
     page.list()->selectKey(m_office.admin);
-    QVERIFY(page.runCommand(toggle));
+    QVERIFY(page.runCommand(u"toggleActive"));
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد.")});
     QCOMPARE(m_office.database.value(QStringLiteral("SELECT iStatus FROM Users WHERE iID=%1").arg(m_office.admin)),
              QStringLiteral("0"));
@@ -259,10 +259,10 @@ void TestCDlgUsers::userIsSwitchedOffAndOn()
     CDlgUsers page;
     page.open();
     page.list()->selectKey(m_clerk);
-    QVERIFY(page.runCommand(toggle));
+    QVERIFY(page.runCommand(u"toggleActive"));
     QVERIFY(!CTblUsers::verify(QStringLiteral("clerk"), QStringLiteral("clerk1")));
     page.list()->selectKey(m_clerk);
-    QVERIFY(page.runCommand(toggle));
+    QVERIFY(page.runCommand(u"toggleActive"));
     QVERIFY(CTblUsers::verify(QStringLiteral("clerk"), QStringLiteral("clerk1")));
 }
 
