@@ -3,48 +3,45 @@
 
 #include "host/books/CDlgFactors.h"
 
-#include "suite/db/KLookup.h"
 #include "host/books/CDlgAddFactor.h"
 #include "host/books/InvoiceFilter.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/persons/KPersonField.h"
-#include "suite/utility/entries/KDateEdit.h"
+#include "suite/crm/persons/PersonFilter.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/Money.h"
-#include "suite/utility/values/ShamsiDate.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGridLayout>
+using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int personColumn = 4;
-
-const QString newSaleCaption = QStringLiteral("فروش جدید");
-const QString editCaption = QStringLiteral("ویرایش");
-const QString showCaption = QStringLiteral("نمایش");
 
 QString typeName(int type)
 {
     return type == CTblFactors::purchase ? QStringLiteral("خرید") : QStringLiteral("فروش");
 }
 
-KListModel::Cell numberCell(int value)
+KListColumn::Cell typeCell(const QVariant &type)
 {
-    return {QString::number(value), value};
+    return {typeName(type.toInt())};
 }
 
-KListModel::Cell moneyCell(double amount)
+KListColumn::Cell statusCell(const QVariant &status)
 {
-    return {DToMoney(amount), amount};
+    return {status.toInt() == CTblFactors::voided ? u"باطل"_s : u"معتبر"_s, status};
 }
 
-double owed(const CTblFactors &invoice)
+QList<KListFilter::Choice> typeChoices()
 {
-    return invoice.m_dAmount - invoice.m_dDiscount + invoice.m_dTax + invoice.m_dImposition;
+    QList<KListFilter::Choice> choices = {{u"همه"_s, 0}};
+    for (const int type : {CTblFactors::sale, CTblFactors::purchase})
+        choices.append({typeName(type), type});
+    return choices;
+}
+
+KListColumn::Cell owedCell(const CTblFactors &invoice)
+{
+    return KListColumn::money(invoice.m_dAmount - invoice.m_dDiscount + invoice.m_dTax + invoice.m_dImposition);
 }
 
 }
@@ -55,23 +52,40 @@ CDlgFactors::CDlgFactors(QWidget *parent)
     build();
 }
 
-QVector<KListModel::Column> CDlgFactors::listColumns() const
+QList<KListColumn> CDlgFactors::columnTable() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("شماره"), Qt::AlignHCenter, 45, QStringLiteral("iID")},
-        {QStringLiteral("نوع"), Qt::AlignHCenter, 40, QStringLiteral("iType")},
-        {QStringLiteral("تاریخ"), Qt::AlignHCenter, 55, QStringLiteral("date"), true},
-        {QStringLiteral("شخص"), Qt::AlignRight, 110, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 110, QStringLiteral("sDesc")},
-        {QStringLiteral("مبلغ"), Qt::AlignRight, 70, QStringLiteral("dAmount")},
-        {QStringLiteral("تخفیف"), Qt::AlignRight, 55, QStringLiteral("dDiscount")},
-        {QStringLiteral("مالیات"), Qt::AlignRight, 55, QStringLiteral("dTax")},
-        {QStringLiteral("عوارض"), Qt::AlignRight, 55, QStringLiteral("dImposition")},
-        {QStringLiteral("قابل پرداخت"), Qt::AlignRight, 75, QStringLiteral("dAmount-dDiscount+dTax+dImposition")},
-        {QStringLiteral("شماره سند"), Qt::AlignHCenter, 45, QStringLiteral("iDocNum")},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 40, QStringLiteral("iStatus")},
+        KListColumn::rowNumber(30),
+        {.key = u"number"_s, .title = u"شماره"_s, .width = 45, .sortKey = u"iID"_s, .column = u"iID"_s},
+        {.key = u"type"_s, .title = u"نوع"_s, .width = 40, .sortKey = u"iType"_s, .column = u"iType"_s, .show = typeCell},
+        {.key = u"date"_s, .title = u"تاریخ"_s, .width = 55, .sortKey = u"date"_s, .column = u"date"_s},
+        {.key = u"person"_s, .title = u"شخص"_s, .width = 110, .alignment = Qt::AlignRight, .lookup = u"iPersonID"_s},
+        {.key = u"description"_s, .title = u"شرح"_s, .width = 110, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
+         .column = u"sDesc"_s},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 70, .alignment = Qt::AlignRight, .sortKey = u"dAmount"_s,
+         .column = u"dAmount"_s},
+        {.key = u"discount"_s, .title = u"تخفیف"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dDiscount"_s,
+         .column = u"dDiscount"_s},
+        {.key = u"tax"_s, .title = u"مالیات"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dTax"_s,
+         .column = u"dTax"_s},
+        {.key = u"duty"_s, .title = u"عوارض"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dImposition"_s,
+         .column = u"dImposition"_s},
+        {.key = u"owed"_s, .title = u"قابل پرداخت"_s, .width = 75, .alignment = Qt::AlignRight,
+         .sortKey = u"dAmount-dDiscount+dTax+dImposition"_s, .cell = KListColumn::of<CTblFactors>(owedCell)},
+        {.key = u"document"_s, .title = u"شماره سند"_s, .width = 45, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
+        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s,
+         .show = statusCell},
     };
+}
+
+QList<KListFilter> CDlgFactors::filterTable() const
+{
+    return invoiceFilters(typeChoices);
+}
+
+KListTraits CDlgFactors::traits() const
+{
+    return {.readsWholeRecords = true, .makePerson = personFilter(), .filterStretches = {{1, 1}}};
 }
 
 std::vector<KListCommand> CDlgFactors::commands()
@@ -79,36 +93,17 @@ std::vector<KListCommand> CDlgFactors::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("newSale"), newSaleCaption, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
+        {QStringLiteral("newSale"), QStringLiteral("فروش جدید"), C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
          QStringLiteral(":/icons/new.svg")},
         {QStringLiteral("newPurchase"), QStringLiteral("خرید جدید"), C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::purchase); },
          QKeySequence(Qt::SHIFT | Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), editCaption, onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
+        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
         {QStringLiteral("void"), QStringLiteral("ابطال"), onRow, [this] { voidInvoice(); }, QKeySequence(Qt::Key_Delete),
          QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("show"), showCaption, C::NeedsRow, [this] { showInvoice(); }, {}, QStringLiteral(":/icons/show.svg")},
+        {QStringLiteral("show"), QStringLiteral("نمایش"), C::NeedsRow, [this] { showInvoice(); }, {}, QStringLiteral(":/icons/show.svg")},
         {QStringLiteral("showDocument"), QStringLiteral("نمایش سند"), C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, QStringLiteral(":/icons/document.svg")},
         printCommand(C::StartsGroup),
     };
-}
-
-void CDlgFactors::buildFilters(QGridLayout *grid)
-{
-    m_person = new KPersonField(QStringLiteral("شخص :"), this);
-    m_type = new QComboBox(this);
-    m_type->addItem(QStringLiteral("همه"), 0);
-    for (const int type : {CTblFactors::sale, CTblFactors::purchase})
-        m_type->addItem(typeName(type), type);
-    m_from = new KDateEdit(this);
-    m_to = new KDateEdit(this);
-    m_voided = new QCheckBox(QStringLiteral("نمایش باطل شده‌ها"), this);
-    m_voided->setAccessibleName(m_voided->text());
-    addFilter(grid, 0, 0, QStringLiteral("شخص :"), m_person);
-    addFilter(grid, 0, 2, QStringLiteral("نوع :"), m_type);
-    addFilter(grid, 0, 4, QStringLiteral("از تاریخ :"), m_from);
-    addFilter(grid, 0, 6, QStringLiteral("تا تاریخ :"), m_to);
-    grid->addWidget(m_voided, 0, 8);
-    grid->setColumnStretch(1, 1);
 }
 
 std::unique_ptr<KMySQL> CDlgFactors::makeRecords() const
@@ -116,10 +111,9 @@ std::unique_ptr<KMySQL> CDlgFactors::makeRecords() const
     return std::make_unique<CTblFactors>();
 }
 
-QString CDlgFactors::filterClauses() const
+bool CDlgFactors::isWarning(KMySQL &record) const
 {
-    return invoiceFilter({!m_voided->isChecked(), m_person->personID(), m_type->currentData().toInt(), m_from->dateTime(),
-                          m_to->dateTime()});
+    return static_cast<const CTblFactors &>(record).m_iStatus == CTblFactors::voided;
 }
 
 QString CDlgFactors::defaultSort() const
@@ -127,57 +121,15 @@ QString CDlgFactors::defaultSort() const
     return QStringLiteral("iID DESC");
 }
 
-void CDlgFactors::beginRows()
-{
-    m_personIDs.clear();
-}
-
-KListModel::Row CDlgFactors::makeRow(KMySQL &record, int number)
-{
-    const auto &invoice = static_cast<const CTblFactors &>(record);
-    const bool voided = invoice.m_iStatus == CTblFactors::voided;
-    m_personIDs.append(invoice.m_iPersonID);
-    return {invoice.m_iID,
-            {
-                numberCell(number),
-                numberCell(invoice.m_iID),
-                {typeName(invoice.m_iType)},
-                {shamsiText(invoice.m_date.date()), invoice.m_date},
-                {},
-                {invoice.m_sDesc},
-                moneyCell(invoice.m_dAmount),
-                moneyCell(invoice.m_dDiscount),
-                moneyCell(invoice.m_dTax),
-                moneyCell(invoice.m_dImposition),
-                moneyCell(owed(invoice)),
-                numberCell(invoice.m_iDocNum),
-                {voided ? QStringLiteral("باطل") : QStringLiteral("معتبر"), invoice.m_iStatus},
-            },
-            voided};
-}
-
-void CDlgFactors::completeRows(QVector<KListModel::Row> &rows)
-{
-    const QHash<int, QString> persons = KLookup::names(QStringLiteral("Persons"), QStringLiteral("iID"),
-                                                       QStringLiteral("sName2"), m_personIDs);
-    for (qsizetype index = 0; index < rows.size(); ++index)
-        rows[index].cells[personColumn] = {persons.value(m_personIDs.at(index))};
-}
-
 void CDlgFactors::activated(int)
 {
-    if (!runCommand(editCaption))
-        runCommand(showCaption);
+    if (!runCommand(u"edit"))
+        runCommand(u"show");
 }
 
 void CDlgFactors::emptyAreaActivated()
 {
-    runCommand(newSaleCaption);
-}
-
-QWidget *CDlgFactors::firstFilterControl() const
-{
-    return m_person;
+    runCommand(u"newSale");
 }
 
 KListReport CDlgFactors::reportSpec() const

@@ -3,20 +3,20 @@
 
 #include "host/books/InvoiceFilter.h"
 
-#include "suite/utility/values/ShamsiDate.h"
+#include "suite/accounting/lists/FilterClauses.h"
 
-QString invoiceFilter(const InvoiceCriteria &criteria)
+using namespace Qt::StringLiterals;
+
+QList<KListFilter> invoiceFilters(const KListFilter::Choices &types)
 {
-    QString clauses;
-    if (criteria.validOnly)
-        clauses += QStringLiteral(" AND iStatus=0");
-    if (criteria.personID > 0)
-        clauses += QStringLiteral(" AND iPersonID=%1").arg(criteria.personID);
-    if (criteria.type > 0)
-        clauses += QStringLiteral(" AND iType=%1").arg(criteria.type);
-    if (criteria.from.isValid())
-        clauses += QStringLiteral(" AND date>=") + DateToSQL(criteria.from);
-    if (criteria.to.isValid())
-        clauses += QStringLiteral(" AND date<") + DateToSQL(criteria.to.addDays(1));
-    return clauses;
+    using namespace FilterClauses;
+    using K = KListFilter::Kind;
+    return {
+        {.key = u"voided"_s, .label = u"نمایش باطل شده‌ها"_s, .kind = K::Flag, .place = {0, 8}, .clause = flag("", " AND iStatus=0")},
+        {.key = u"person"_s, .label = u"شخص :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND iPersonID="),
+         .options = KListFilter::FindGoesHere},
+        {.key = u"type"_s, .label = u"نوع :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND iType="), .choices = types},
+        {.key = u"from"_s, .label = u"از تاریخ :"_s, .kind = K::PlainDate, .place = {0, 4}, .clause = from(" AND date>=")},
+        {.key = u"to"_s, .label = u"تا تاریخ :"_s, .kind = K::PlainDate, .place = {0, 6}, .clause = upTo(" AND date<")},
+    };
 }

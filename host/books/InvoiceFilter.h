@@ -3,18 +3,9 @@
 
 #pragma once
 
-#include <QDateTime>
-#include <QString>
+#include "suite/accounting/lists/KListFilter.h"
 
-// What the list of invoices asks for. Defaults: every invoice.
-struct InvoiceCriteria
-{
-    bool validOnly = false; // leave void invoices out
-    int personID = 0;       // 0: anybody
-    int type = 0;           // CTblFactors::sale or purchase; 0: both
-    QDateTime from;         // invalid: open; the time of day does not count
-    QDateTime to;           // the whole day is in
-};
-
-// A run of clauses, each beginning with " AND "; empty when nothing is asked.
-QString invoiceFilter(const InvoiceCriteria &criteria);
+// What the list of invoices can be asked for. Void ones are left out unless they are asked for; of the last day the whole is in.
+//
+// The types are what the drop-down offers.
+QList<KListFilter> invoiceFilters(const KListFilter::Choices &types = {});

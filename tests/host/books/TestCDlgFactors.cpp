@@ -15,10 +15,10 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QPushButton>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 class TestCDlgFactors : public QObject
 {
@@ -51,24 +51,6 @@ private:
     BooksOffice m_office;
 };
 
-namespace {
-
-enum Column {
-    Number = 1,
-    Kind = 2,
-    Date = 3,
-    Person = 4,
-    Sum = 6,
-    Total = 10,
-    Document = 11,
-    State = 12
-};
-
-const QString edit = QStringLiteral("ویرایش");
-const QString makeVoid = QStringLiteral("ابطال");
-
-}
-
 void TestCDlgFactors::init()
 {
     m_office.open();
@@ -94,22 +76,22 @@ void TestCDlgFactors::latestInvoiceStandsFirst()
     CDlgFactors page;
     page.open();
     QCOMPARE(page.list()->count(), 2);
-    QCOMPARE(page.list()->cellText(0, Number), QStringLiteral("2"));
-    QCOMPARE(page.list()->cellText(1, Number), QStringLiteral("1"));
+    QCOMPARE(page.list()->cellText(0, u"number"), QStringLiteral("2"));
+    QCOMPARE(page.list()->cellText(1, u"number"), QStringLiteral("1"));
 }
 
 void TestCDlgFactors::rowTellsTheInvoice()
 {
     CDlgFactors page;
     page.open();
-    QCOMPARE(page.list()->cellText(0, Kind), QStringLiteral("خرید"));
-    QCOMPARE(page.list()->cellText(0, Date), QStringLiteral("1405/02/20"));
-    QCOMPARE(page.list()->cellText(0, Person), QStringLiteral("پارس خودرو"));
-    QCOMPARE(page.list()->cellText(0, Sum), QStringLiteral("1,000"));
-    QCOMPARE(page.list()->cellText(0, Total), QStringLiteral("990"));
-    QCOMPARE(page.list()->cellText(0, Document), QStringLiteral("2"));
-    QCOMPARE(page.list()->cellText(0, State), QStringLiteral("معتبر"));
-    QCOMPARE(page.list()->cellText(1, Kind), QStringLiteral("فروش"));
+    QCOMPARE(page.list()->cellText(0, u"type"), QStringLiteral("خرید"));
+    QCOMPARE(page.list()->cellText(0, u"date"), QStringLiteral("1405/02/20"));
+    QCOMPARE(page.list()->cellText(0, u"person"), QStringLiteral("پارس خودرو"));
+    QCOMPARE(page.list()->cellText(0, u"amount"), QStringLiteral("1,000"));
+    QCOMPARE(page.list()->cellText(0, u"owed"), QStringLiteral("990"));
+    QCOMPARE(page.list()->cellText(0, u"document"), QStringLiteral("2"));
+    QCOMPARE(page.list()->cellText(0, u"status"), QStringLiteral("معتبر"));
+    QCOMPARE(page.list()->cellText(1, u"type"), QStringLiteral("فروش"));
 }
 
 void TestCDlgFactors::filters_data()
@@ -119,24 +101,23 @@ void TestCDlgFactors::filters_data()
     const auto row = [](const char *name, const std::function<void(CDlgFactors &)> &ask, const char *numbers) {
         QTest::newRow(name) << ask << QString::fromLatin1(numbers);
     };
-    const auto setDate = [](CDlgFactors &page, const QString &label, int month, int day) {
-        named<KDateEdit>(page, label)->setDate(BooksOffice::day(month, day).date());
+    const auto setDate = [](CDlgFactors &page, QStringView filter, int month, int day) {
+        page.filters().set(filter, BooksOffice::day(month, day).date());
     };
     row(
         "nothing asked", [](CDlgFactors &) {}, "2 1");
     row(
-        "person", [](CDlgFactors &page) { page.findChild<KPersonField *>()->setPersonID(BooksOffice::ali); }, "1");
+        "person", [](CDlgFactors &page) { page.filters().set(u"person", BooksOffice::ali); }, "1");
     row(
-        "sales", [](CDlgFactors &page) { named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(1); }, "1");
+        "sales", [](CDlgFactors &page) { page.filters().set(u"type", CTblFactors::sale); }, "1");
     row(
-        "purchases", [](CDlgFactors &page) { named<QComboBox>(page, QStringLiteral("نوع :"))->setCurrentIndex(2); },
-        "2");
+        "purchases", [](CDlgFactors &page) { page.filters().set(u"type", CTblFactors::purchase); }, "2");
     row(
-        "from its own day", [=](CDlgFactors &page) { setDate(page, QStringLiteral("از تاریخ :"), 2, 20); }, "2");
+        "from its own day", [=](CDlgFactors &page) { setDate(page, u"from", 2, 20); }, "2");
     row(
-        "to its own day", [=](CDlgFactors &page) { setDate(page, QStringLiteral("تا تاریخ :"), 2, 20); }, "2 1");
+        "to its own day", [=](CDlgFactors &page) { setDate(page, u"to", 2, 20); }, "2 1");
     row(
-        "to the day before", [=](CDlgFactors &page) { setDate(page, QStringLiteral("تا تاریخ :"), 2, 19); }, "1");
+        "to the day before", [=](CDlgFactors &page) { setDate(page, u"to", 2, 19); }, "1");
 }
 
 void TestCDlgFactors::filters()
@@ -148,7 +129,7 @@ void TestCDlgFactors::filters()
     page.refill();
     QStringList numbers;
     for (int row = 0; row < page.list()->count(); ++row)
-        numbers.append(page.list()->cellText(row, Number));
+        numbers.append(page.list()->cellText(row, u"number"));
     QTEST(numbers.join(u' '), "numbers");
 }
 
@@ -156,10 +137,10 @@ void TestCDlgFactors::voidOnesAreShownOnRequest()
 {
     CDlgFactors page;
     page.open();
-    named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
+    page.filters().set(u"voided", true);
     page.refill();
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(0, State), QStringLiteral("باطل"));
+    QCOMPARE(page.list()->cellText(0, u"status"), QStringLiteral("باطل"));
     QVERIFY(page.list()->listModel()->rows().at(0).warning);
 }
 
@@ -175,12 +156,12 @@ void TestCDlgFactors::rightsOfEachCommand_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("right");
-    QTest::newRow("new sale") << QStringLiteral("فروش جدید") << int(KSecurity::Write);
-    QTest::newRow("new purchase") << QStringLiteral("خرید جدید") << int(KSecurity::Write);
-    QTest::newRow("edit") << edit << int(KSecurity::Modify);
-    QTest::newRow("void") << makeVoid << int(KSecurity::Delete);
-    QTest::newRow("show") << QStringLiteral("نمایش") << int(KSecurity::Read);
-    QTest::newRow("print") << QStringLiteral("چاپ") << int(KSecurity::PrintList);
+    QTest::newRow("new sale") << u"newSale"_s << int(KSecurity::Write);
+    QTest::newRow("new purchase") << u"newPurchase"_s << int(KSecurity::Write);
+    QTest::newRow("edit") << u"edit"_s << int(KSecurity::Modify);
+    QTest::newRow("void") << u"void"_s << int(KSecurity::Delete);
+    QTest::newRow("show") << u"show"_s << int(KSecurity::Read);
+    QTest::newRow("print") << u"print"_s << int(KSecurity::PrintList);
 }
 
 void TestCDlgFactors::rightsOfEachCommand()
@@ -203,17 +184,17 @@ void TestCDlgFactors::closedDatabaseHidesTheCommands()
     GetDBSetting()->SetClosedDB(true);
     CDlgFactors page;
     page.open();
-    for (const QString &command : {QStringLiteral("فروش جدید"), QStringLiteral("خرید جدید"), edit, makeVoid})
+    for (const QString &command : {u"newSale"_s, u"newPurchase"_s, u"edit"_s, u"void"_s})
         QVERIFY2(page.button(command)->isHidden(), qPrintable(command));
-    QVERIFY(!page.button(QStringLiteral("نمایش"))->isHidden());
+    QVERIFY(!page.button(u"show")->isHidden());
 }
 
 void TestCDlgFactors::newInvoiceIsOfItsKind_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("type");
-    QTest::newRow("sale") << QStringLiteral("فروش جدید") << int(CTblFactors::sale);
-    QTest::newRow("purchase") << QStringLiteral("خرید جدید") << int(CTblFactors::purchase);
+    QTest::newRow("sale") << u"newSale"_s << int(CTblFactors::sale);
+    QTest::newRow("purchase") << u"newPurchase"_s << int(CTblFactors::purchase);
 }
 
 void TestCDlgFactors::newInvoiceIsOfItsKind()
@@ -237,7 +218,7 @@ void TestCDlgFactors::newInvoiceIsOfItsKind()
     QCOMPARE(value("SELECT CONCAT_WS('/',iID,iType,dAmount) FROM Factors ORDER BY iID DESC LIMIT 1"),
              QStringLiteral("4/%1/700").arg(type));
     QCOMPARE(page.list()->currentKey(), 4);
-    QCOMPARE(page.list()->cellText(page.list()->currentRow(), Total), QStringLiteral("770"));
+    QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"owed"), QStringLiteral("770"));
 }
 
 void TestCDlgFactors::editOpensTheSelectedOne()
@@ -254,7 +235,7 @@ void TestCDlgFactors::editOpensTheSelectedOne()
         window->accept();
     });
     Q_EMIT page.list()->rowActivated(1);
-    QCOMPARE(page.list()->cellText(1, Sum), QStringLiteral("2,000"));
+    QCOMPARE(page.list()->cellText(1, u"amount"), QStringLiteral("2,000"));
     QCOMPARE(page.list()->currentKey(), 1);
 }
 
@@ -264,11 +245,11 @@ void TestCDlgFactors::voidIsAskedFor()
     page.open();
     page.list()->selectKey(1);
     g_pDlgYesNo->answerNext(KMessageDialog::No);
-    page.runCommand(makeVoid);
+    page.runCommand(u"void");
     QCOMPARE(page.list()->count(), 2);
     QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(QStringLiteral("1")));
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    page.runCommand(makeVoid);
+    page.runCommand(u"void");
     QCOMPARE(page.list()->count(), 1);
     QCOMPARE(value("SELECT CONCAT_WS('/',f.iStatus,d.iStatus) FROM Factors f JOIN Documents d ON d.iNum=f.iDocNum WHERE f.iID=1"),
              QStringLiteral("1/1"));
@@ -278,10 +259,10 @@ void TestCDlgFactors::voidOneIsNeitherEditedNorVoidedAgain()
 {
     CDlgFactors page;
     page.open();
-    named<QCheckBox>(page, QStringLiteral("نمایش باطل شده‌ها"))->setChecked(true);
+    page.filters().set(u"voided", true);
     page.refill();
     page.list()->selectKey(3);
-    for (const QString &command : {edit, makeVoid}) {
+    for (const QString &command : {u"edit"_s, u"void"_s}) {
         page.runCommand(command);
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فاکتور شماره 3 باطل شده است و تغییر نمی‌کند.")});
     }
@@ -298,7 +279,7 @@ void TestCDlgFactors::showOpensReadOnly()
         const auto *window = qobject_cast<CDlgAddFactor *>(dialog);
         readOnly = window && window->linesView()->linesModel()->isReadOnly();
     });
-    page.runCommand(QStringLiteral("نمایش"));
+    page.runCommand(u"show");
     QVERIFY(readOnly);
 }
 
@@ -309,7 +290,7 @@ void TestCDlgFactors::documentOfTheSelectedOne()
     page.list()->selectKey(2);
     QString title;
     Hand::inNextWindow([&title](QDialog *dialog) { title = dialog->windowTitle(); });
-    page.runCommand(QStringLiteral("نمایش سند"));
+    page.runCommand(u"showDocument");
     QCOMPARE(title, QStringLiteral("سند حسابداری شماره 2 سال مالی 1405"));
 }
 
@@ -319,7 +300,7 @@ void TestCDlgFactors::listGoesOnPaper()
     showPage(page);
     QString shown;
     Hand::inNextWindow([&shown](QDialog *dialog) { shown = QString::fromLatin1(dialog->metaObject()->className()); });
-    page.runCommand(QStringLiteral("چاپ"));
+    page.runCommand(u"print");
     QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
 }
 
