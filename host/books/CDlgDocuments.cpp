@@ -3,46 +3,34 @@
 
 #include "host/books/CDlgDocuments.h"
 
-#include "suite/db/KLookup.h"
-#include "host/books/DocumentFilter.h"
 #include "host/books/CDlgAddDocument.h"
+#include "host/books/DocumentFilter.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
 #include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
-#include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/Money.h"
-#include "suite/utility/values/ShamsiDate.h"
 
-#include <QComboBox>
-#include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-enum ListColumn {
-    NumberColumn,
-    DocumentColumn,
-    YearColumn,
-    DateColumn,
-    KindColumn,
-    DescriptionColumn,
-    AmountColumn,
-    UserColumn
-};
-
-KListModel::Cell numberCell(int value)
+KListColumn::Cell kindCell(const CTblDocuments &document)
 {
-    return {QString::number(value), value};
+    const QString name = DocumentKinds::name(document.m_iKind);
+    return {document.m_iStatus != 0 ? name + u" (باطل)"_s : name};
 }
 
-KListModel::Cell moneyCell(double amount)
+QList<KListFilter::Choice> fiscalYearChoices()
 {
-    return {DToMoney(amount), amount};
+    QList<KListFilter::Choice> choices = {{u"همه"_s, 0}};
+    for (const int year : DocumentRows::fiscalYears())
+        choices.append({QString::number(year), year});
+    return choices;
 }
 
 }
@@ -55,18 +43,32 @@ CDlgDocuments::CDlgDocuments(QWidget *parent)
     connect(list(), &KExtListCtrl::currentKeyChanged, this, [this](int key) { guarded([&] { showRows(key); }); });
 }
 
-QVector<KListModel::Column> CDlgDocuments::listColumns() const
+QList<KListColumn> CDlgDocuments::columnTable() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("شماره سند"), Qt::AlignHCenter, 50, QStringLiteral("iNum")},
-        {QStringLiteral("سال مالی"), Qt::AlignHCenter, 45, QStringLiteral("iFiscalYear")},
-        {QStringLiteral("تاریخ سند"), Qt::AlignHCenter, 55, QStringLiteral("date"), true},
-        {QStringLiteral("نوع سند"), Qt::AlignRight, 60, QStringLiteral("iKind")},
-        {QStringLiteral("شرح سند"), Qt::AlignRight, 200, QStringLiteral("sDesc")},
-        {QStringLiteral("مبلغ"), Qt::AlignRight, 80, {}},
-        {QStringLiteral("کاربر"), Qt::AlignRight, 60, QStringLiteral("iUserID")},
+        KListColumn::rowNumber(30),
+        {.key = u"number"_s, .title = u"شماره سند"_s, .width = 50, .sortKey = u"iNum"_s, .column = u"iNum"_s},
+        {.key = u"year"_s, .title = u"سال مالی"_s, .width = 45, .sortKey = u"iFiscalYear"_s, .column = u"iFiscalYear"_s},
+        {.key = u"date"_s, .title = u"تاریخ سند"_s, .width = 55, .sortKey = u"date"_s, .column = u"date"_s},
+        {.key = u"kind"_s, .title = u"نوع سند"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iKind"_s,
+         .cell = KListColumn::of<CTblDocuments>(kindCell)},
+        {.key = u"description"_s, .title = u"شرح سند"_s, .width = 200, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
+         .column = u"sDesc"_s},
+        // The sum of the document's rows, which is asked for all documents at once.
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .alignment = Qt::AlignRight},
+        {.key = u"user"_s, .title = u"کاربر"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iUserID"_s,
+         .lookup = u"iUserID"_s},
     };
+}
+
+QList<KListFilter> CDlgDocuments::filterTable() const
+{
+    return documentFilters(fiscalYearChoices);
+}
+
+KListTraits CDlgDocuments::traits() const
+{
+    return {.readsWholeRecords = true};
 }
 
 std::vector<KListCommand> CDlgDocuments::commands()
@@ -84,32 +86,9 @@ std::vector<KListCommand> CDlgDocuments::commands()
     };
 }
 
-void CDlgDocuments::buildFilters(QGridLayout *grid)
-{
-    m_year = new QComboBox(this);
-    m_year->addItem(QStringLiteral("همه"), 0);
-    for (int year : DocumentRows::fiscalYears())
-        m_year->addItem(QString::number(year), year);
-    m_number = new KEdit(KEdit::Kind::Integer, this);
-    m_text = new KEdit(KEdit::Kind::QueryText, this);
-    m_from = new KDateEdit(this);
-    m_to = new KDateEdit(this);
-    addFilter(grid, 0, 0, QStringLiteral("سال مالی :"), m_year);
-    addFilter(grid, 0, 2, QStringLiteral("شماره سند :"), m_number);
-    addFilter(grid, 0, 4, QStringLiteral("از تاریخ :"), m_from);
-    addFilter(grid, 0, 6, QStringLiteral("تا تاریخ :"), m_to);
-    addFilter(grid, 1, 0, QStringLiteral("شرح سند :"), m_text, 7);
-}
-
 std::unique_ptr<KMySQL> CDlgDocuments::makeRecords() const
 {
     return std::make_unique<CTblDocuments>();
-}
-
-QString CDlgDocuments::filterClauses() const
-{
-    return documentFilter({m_year->currentData().toInt(), m_number->integer(), m_from->dateTime(), m_to->dateTime(),
-                           m_text->queryText()});
 }
 
 QString CDlgDocuments::defaultSort() const
@@ -117,41 +96,19 @@ QString CDlgDocuments::defaultSort() const
     return QStringLiteral("iFiscalYear DESC,iNum DESC");
 }
 
-void CDlgDocuments::beginRows()
-{
-    m_keys.clear();
-    m_userIDs.clear();
-}
-
-KListModel::Row CDlgDocuments::makeRow(KMySQL &record, int number)
-{
-    const auto &document = static_cast<const CTblDocuments &>(record);
-    const bool voided = document.m_iStatus != 0;
-    m_keys.append({document.m_iFiscalYear, document.m_iNum});
-    m_userIDs.append(document.m_iUserID);
-    return {document.m_iID,
-            {
-                numberCell(number),
-                numberCell(document.m_iNum),
-                numberCell(document.m_iFiscalYear),
-                {shamsiText(document.m_date.date()), document.m_date},
-                {voided ? DocumentKinds::name(document.m_iKind) + QStringLiteral(" (باطل)")
-                        : DocumentKinds::name(document.m_iKind)},
-                {document.m_sDesc},
-                {},
-                {},
-            }};
-}
-
 void CDlgDocuments::completeRows(QVector<KListModel::Row> &rows)
 {
-    const QHash<DocumentRows::DocumentKey, double> amounts = DocumentRows::amounts(m_keys);
-    const QHash<int, QString> users = KLookup::names(QStringLiteral("Users"), QStringLiteral("iID"), QStringLiteral("sUser"),
-                                                     m_userIDs);
-    for (qsizetype index = 0; index < rows.size(); ++index) {
-        rows[index].cells[AmountColumn] = moneyCell(amounts.value(m_keys.at(index)));
-        rows[index].cells[UserColumn] = {users.value(m_userIDs.at(index))};
-    }
+    const int year = list()->columnOf(u"year");
+    const int number = list()->columnOf(u"number");
+    const int amount = list()->columnOf(u"amount");
+    QList<DocumentRows::DocumentKey> keys;
+    for (const KListModel::Row &row : rows)
+        keys.append({row.cells.at(year).value.toInt(), row.cells.at(number).value.toInt()});
+    const QHash<DocumentRows::DocumentKey, double> amounts = DocumentRows::amounts(keys);
+    for (qsizetype index = 0; index < rows.size(); ++index)
+        rows[index].cells[amount] = KListColumn::money(amounts.value(keys.at(index)));
+    // An error above leaves the list, and what belongs to it, as it was.
+    m_keys = std::move(keys);
 }
 
 void CDlgDocuments::activated(int key)
@@ -162,17 +119,12 @@ void CDlgDocuments::activated(int key)
 
 void CDlgDocuments::emptyAreaActivated()
 {
-    runCommand(QStringLiteral("سند جدید"));
+    runCommand(u"new");
 }
 
 KListReport CDlgDocuments::reportSpec() const
 {
     return {QStringLiteral("اسناد حسابداری"), QStringLiteral("Documents"), QStringLiteral("List")};
-}
-
-QWidget *CDlgDocuments::firstFilterControl() const
-{
-    return m_year;
 }
 
 void CDlgDocuments::buildRowsPane()

@@ -7,8 +7,6 @@
 #include "suite/accounting/lists/KListPage.h"
 
 class DocumentRowsPane;
-class KDateEdit;
-class QComboBox;
 
 // The accounting documents with the rows of the selected one. Documents are written by hand here; one that a contract, a
 // receipt or an invoice made belongs to that and is only changed there.
@@ -24,19 +22,16 @@ public:
     QString totalsText() const;
 
 protected:
-    QVector<KListModel::Column> listColumns() const override;
+    QList<KListColumn> columnTable() const override;
+    QList<KListFilter> filterTable() const override;
+    KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
-    void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QString filterClauses() const override;
-    KListModel::Row makeRow(KMySQL &record, int number) override;
-    void beginRows() override;
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;
     void emptyAreaActivated() override;
     KListReport reportSpec() const override;
-    QWidget *firstFilterControl() const override;
 
 private:
     void buildRowsPane();
@@ -48,12 +43,6 @@ private:
     DocumentRows::DocumentKey currentDocument() const;
     void showRows(int key);
 
-    QComboBox *m_year = nullptr;
-    KEdit *m_number = nullptr;
-    KEdit *m_text = nullptr;
-    KDateEdit *m_from = nullptr;
-    KDateEdit *m_to = nullptr;
     DocumentRowsPane *m_rows = nullptr;
-    QList<DocumentRows::DocumentKey> m_keys;
-    QList<int> m_userIDs;
+    QList<DocumentRows::DocumentKey> m_keys; // of the rows of the list
 };

@@ -3,20 +3,20 @@
 
 #include "host/books/DocumentFilter.h"
 
-#include "suite/utility/values/ShamsiDate.h"
+#include "suite/accounting/lists/FilterClauses.h"
 
-QString documentFilter(const DocumentCriteria &criteria)
+using namespace Qt::StringLiterals;
+
+QList<KListFilter> documentFilters(const KListFilter::Choices &years)
 {
-    QString clauses;
-    if (criteria.fiscalYear > 0)
-        clauses += QStringLiteral(" AND iFiscalYear=%1").arg(criteria.fiscalYear);
-    if (criteria.number > 0)
-        clauses += QStringLiteral(" AND iNum=%1").arg(criteria.number);
-    if (criteria.from.isValid())
-        clauses += QStringLiteral(" AND date>=%1").arg(DateToSQL(criteria.from));
-    if (criteria.to.isValid())
-        clauses += QStringLiteral(" AND date<%1").arg(DateToSQL(criteria.to.addDays(1)));
-    if (!criteria.descriptionPart.isEmpty())
-        clauses += QStringLiteral(" AND sDesc LIKE '%") + criteria.descriptionPart + QStringLiteral("%'");
-    return clauses;
+    using namespace FilterClauses;
+    using K = KListFilter::Kind;
+    return {
+        {.key = u"year"_s, .label = u"سال مالی :"_s, .kind = K::Choice, .place = {0, 0}, .clause = number(" AND iFiscalYear="),
+         .choices = years, .options = KListFilter::FindGoesHere},
+        {.key = u"number"_s, .label = u"شماره سند :"_s, .kind = K::Number, .place = {0, 2}, .clause = number(" AND iNum=")},
+        {.key = u"from"_s, .label = u"از تاریخ :"_s, .kind = K::PlainDate, .place = {0, 4}, .clause = from(" AND date>=")},
+        {.key = u"to"_s, .label = u"تا تاریخ :"_s, .kind = K::PlainDate, .place = {0, 6}, .clause = upTo(" AND date<")},
+        {.key = u"description"_s, .label = u"شرح سند :"_s, .kind = K::QueryText, .place = {1, 0, 7}, .clause = part("sDesc")},
+    };
 }

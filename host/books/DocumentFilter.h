@@ -3,18 +3,9 @@
 
 #pragma once
 
-#include <QDateTime>
-#include <QString>
+#include "suite/accounting/lists/KListFilter.h"
 
-// What the list of accounting documents asks for. Defaults: every document.
-struct DocumentCriteria
-{
-    int fiscalYear = 0;      // 0: any
-    int number = 0;          // 0: any
-    QDateTime from;          // invalid: open; the time of day does not count
-    QDateTime to;            // the whole day is in
-    QString descriptionPart; // already escaped for a LIKE literal (KEdit::queryText); empty: any
-};
-
-// A run of clauses, each beginning with " AND "; empty when nothing is asked.
-QString documentFilter(const DocumentCriteria &criteria);
+// What the list of accounting documents can be asked for; of the last day the whole is in.
+//
+// The years are what the drop-down offers.
+QList<KListFilter> documentFilters(const KListFilter::Choices &years = {});

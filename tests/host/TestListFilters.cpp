@@ -12,8 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(DocumentCriteria)
-
 class TestListFilters : public QObject
 {
     Q_OBJECT
@@ -38,23 +36,24 @@ QDateTime day(int year, int month, int dayOfMonth)
 
 void TestListFilters::documents_data()
 {
-    QTest::addColumn<DocumentCriteria>("criteria");
-    QTest::addColumn<QString>("clauses");
-    QTest::newRow("nothing asked") << DocumentCriteria{} << "";
-    QTest::newRow("year") << DocumentCriteria{1405, 0, {}, {}, {}} << " AND iFiscalYear=1405";
-    QTest::newRow("number") << DocumentCriteria{0, 12, {}, {}, {}} << " AND iNum=12";
-    QTest::newRow("from a day on") << DocumentCriteria{0, 0, day(2026, 3, 21), {}, {}} << " AND date>='2026-03-21'";
-    QTest::newRow("the whole last day") << DocumentCriteria{0, 0, {}, day(2026, 2, 28), {}} << " AND date<'2026-03-01'";
-    QTest::newRow("words") << DocumentCriteria{0, 0, {}, {}, QStringLiteral("نامه")} << " AND sDesc LIKE '%نامه%'";
+    QTest::addColumn<KFilterValues>("values");
+    QTest::addColumn<QString>("condition");
+    QTest::newRow("nothing asked") << KFilterValues{} << "";
+    QTest::newRow("year") << KFilterValues{{u"year"_s, 1405}} << "iFiscalYear=1405";
+    QTest::newRow("number") << KFilterValues{{u"number"_s, 12}} << "iNum=12";
+    QTest::newRow("from a day on") << KFilterValues{{u"from"_s, day(2026, 3, 21)}} << "date>='2026-03-21'";
+    QTest::newRow("the whole last day") << KFilterValues{{u"to"_s, day(2026, 2, 28)}} << "date<'2026-03-01'";
+    QTest::newRow("words") << KFilterValues{{u"description"_s, u"نامه"_s}} << "sDesc LIKE '%نامه%'";
     QTest::newRow("all together")
-        << DocumentCriteria{1404, 3, day(2025, 4, 1), day(2025, 4, 2), QStringLiteral("a")}
-        << " AND iFiscalYear=1404 AND iNum=3 AND date>='2025-04-01' AND date<'2025-04-03' AND sDesc LIKE '%a%'";
+        << KFilterValues{{u"year"_s, 1404}, {u"number"_s, 3}, {u"from"_s, day(2025, 4, 1)}, {u"to"_s, day(2025, 4, 2)},
+                         {u"description"_s, u"a"_s}}
+        << "iFiscalYear=1404 AND iNum=3 AND date>='2025-04-01' AND date<'2025-04-03' AND sDesc LIKE '%a%'";
 }
 
 void TestListFilters::documents()
 {
-    QFETCH(DocumentCriteria, criteria);
-    QTEST(documentFilter(criteria), "clauses");
+    QFETCH(KFilterValues, values);
+    QTEST(KListFilter::condition(documentFilters(), values, 0), "condition");
 }
 
 void TestListFilters::users_data()

@@ -10,8 +10,6 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/books/ManualDocument.h"
-#include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KLinesView.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -20,9 +18,11 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
-#include <QComboBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 class TestCDlgDocuments : public QObject
 {
@@ -57,24 +57,6 @@ private:
 
     HostTestOffice m_office;
 };
-
-namespace {
-
-enum Column {
-    Number = 1,
-    Year = 2,
-    Date = 3,
-    Kind = 4,
-    Description = 5,
-    Amount = 6,
-    User = 7
-};
-
-const QString addCaption = QStringLiteral("سند جدید");
-const QString editCaption = QStringLiteral("ویرایش");
-const QString deleteCaption = QStringLiteral("حذف");
-
-}
 
 void TestCDlgDocuments::post(int year, int month, int day, int kind, const QString &desc, double amount)
 {
@@ -117,22 +99,22 @@ void TestCDlgDocuments::latestDocumentStandsFirst()
     CDlgDocuments page;
     page.open();
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(0, Year), QStringLiteral("1405"));
-    QCOMPARE(page.list()->cellText(0, Number), QStringLiteral("2"));
-    QCOMPARE(page.list()->cellText(1, Number), QStringLiteral("1"));
-    QCOMPARE(page.list()->cellText(2, Year), QStringLiteral("1404"));
+    QCOMPARE(page.list()->cellText(0, u"year"), QStringLiteral("1405"));
+    QCOMPARE(page.list()->cellText(0, u"number"), QStringLiteral("2"));
+    QCOMPARE(page.list()->cellText(1, u"number"), QStringLiteral("1"));
+    QCOMPARE(page.list()->cellText(2, u"year"), QStringLiteral("1404"));
 }
 
 void TestCDlgDocuments::columnsTellTheDocument()
 {
     CDlgDocuments page;
     page.open();
-    QCOMPARE(page.list()->cellText(1, Date), QStringLiteral("1405/01/20"));
-    QCOMPARE(page.list()->cellText(1, Kind), QStringLiteral("قرارداد"));
-    QCOMPARE(page.list()->cellText(1, Description), QStringLiteral("مبایعه نامه ش :2"));
-    QCOMPARE(page.list()->cellText(1, Amount), QStringLiteral("2,500,000"));
-    QCOMPARE(page.list()->cellText(1, User), QStringLiteral("admin"));
-    QCOMPARE(page.list()->cellText(0, Kind), QStringLiteral("دریافت نقدی"));
+    QCOMPARE(page.list()->cellText(1, u"date"), QStringLiteral("1405/01/20"));
+    QCOMPARE(page.list()->cellText(1, u"kind"), QStringLiteral("قرارداد"));
+    QCOMPARE(page.list()->cellText(1, u"description"), QStringLiteral("مبایعه نامه ش :2"));
+    QCOMPARE(page.list()->cellText(1, u"amount"), QStringLiteral("2,500,000"));
+    QCOMPARE(page.list()->cellText(1, u"user"), QStringLiteral("admin"));
+    QCOMPARE(page.list()->cellText(0, u"kind"), QStringLiteral("دریافت نقدی"));
 }
 
 void TestCDlgDocuments::rowsOfTheSelectedDocumentAreShown()
@@ -165,43 +147,36 @@ void TestCDlgDocuments::sameNumberOfAnotherYearIsAnotherDocument()
     page.list()->selectRow(2);
     QCOMPARE(page.rowsList()->count(), 2);
     QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("1,000,000"));
-    QCOMPARE(page.list()->cellText(2, Amount), QStringLiteral("1,000,000"));
+    QCOMPARE(page.list()->cellText(2, u"amount"), QStringLiteral("1,000,000"));
 }
 
 void TestCDlgDocuments::filters_data()
 {
-    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("filter");
     QTest::addColumn<QString>("value");
     QTest::addColumn<int>("found");
-    QTest::newRow("number") << "شماره سند :"
-                            << "1" << 2;
-    QTest::newRow("words") << "شرح سند :"
-                           << "نامه" << 2;
-    QTest::newRow("percent sign is itself") << "شرح سند :"
-                                            << "%" << 1;
-    QTest::newRow("quote") << "شرح سند :"
-                           << "'" << 0;
-    QTest::newRow("from a day") << "از تاریخ :"
-                                << "1405/01/20" << 2;
-    QTest::newRow("to a day") << "تا تاریخ :"
-                              << "1405/01/19" << 1;
+    QTest::newRow("number") << u"number"_s << "1" << 2;
+    QTest::newRow("words") << u"description"_s << "نامه" << 2;
+    QTest::newRow("percent sign is itself") << u"description"_s << "%" << 1;
+    QTest::newRow("quote") << u"description"_s << "'" << 0;
+    QTest::newRow("from a day") << u"from"_s << "1405/01/20" << 2;
+    QTest::newRow("to a day") << u"to"_s << "1405/01/19" << 1;
 }
 
 void TestCDlgDocuments::filters()
 {
-    QFETCH(QString, label);
+    QFETCH(QString, filter);
     QFETCH(QString, value);
     CDlgDocuments page;
     page.open();
-    auto *field = named<QLineEdit>(page, label);
+    auto *field = page.filters().control<QLineEdit>(filter);
     QVERIFY(field);
     field->setText(value);
     page.refill();
     QTEST(page.list()->count(), "found");
 
-    auto *year = named<QComboBox>(page, QStringLiteral("سال مالی :"));
     field->clear();
-    year->setCurrentIndex(year->findText(QStringLiteral("1404")));
+    page.filters().set(u"year", 1404);
     page.refill();
     QCOMPARE(page.list()->count(), 1);
 }
@@ -210,7 +185,7 @@ void TestCDlgDocuments::lastDayOfTheFilterCountsWhole()
 {
     CDlgDocuments page;
     page.open();
-    named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(ConvertToMiladi(1405, 1, 20));
+    page.filters().set(u"to", ConvertToMiladi(1405, 1, 20));
     page.refill();
     QCOMPARE(page.list()->count(), 2);
 }
@@ -219,7 +194,7 @@ void TestCDlgDocuments::anEmptyListShowsNoRows()
 {
     CDlgDocuments page;
     page.open();
-    named<KEdit>(page, QStringLiteral("شماره سند :"))->setNumber(77);
+    page.filters().set(u"number", 77);
     page.refill();
     QCOMPARE(page.list()->count(), 0);
     QCOMPARE(page.rowsList()->count(), 0);
@@ -249,12 +224,12 @@ void TestCDlgDocuments::newDocumentIsWrittenByHand()
         rows->setData(rows->index(1, 4), 70.0);
         window->accept();
     });
-    QVERIFY(page.runCommand(addCaption));
+    QVERIFY(page.runCommand(u"new"));
     QCOMPARE(page.list()->count(), 4);
     const int row = page.list()->currentRow();
-    QCOMPARE(page.list()->cellText(row, Number), QStringLiteral("3"));
-    QCOMPARE(page.list()->cellText(row, Kind), QStringLiteral("دستی"));
-    QCOMPARE(page.list()->cellText(row, Amount), QStringLiteral("70"));
+    QCOMPARE(page.list()->cellText(row, u"number"), QStringLiteral("3"));
+    QCOMPARE(page.list()->cellText(row, u"kind"), QStringLiteral("دستی"));
+    QCOMPARE(page.list()->cellText(row, u"amount"), QStringLiteral("70"));
     QCOMPARE(page.rowsList()->count(), 2);
 }
 
@@ -271,9 +246,9 @@ void TestCDlgDocuments::documentWrittenByHandIsChanged()
         rows->setData(rows->index(1, 4), 90.0);
         window->accept();
     });
-    QVERIFY(page.runCommand(editCaption));
-    QCOMPARE(page.list()->cellText(0, Number), QStringLiteral("3"));
-    QCOMPARE(page.list()->cellText(0, Amount), QStringLiteral("90"));
+    QVERIFY(page.runCommand(u"edit"));
+    QCOMPARE(page.list()->cellText(0, u"number"), QStringLiteral("3"));
+    QCOMPARE(page.list()->cellText(0, u"amount"), QStringLiteral("90"));
     QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("90"));
 }
 
@@ -283,10 +258,10 @@ void TestCDlgDocuments::documentWrittenByHandIsDeleted()
     CDlgDocuments page;
     page.open();
     g_pDlgYesNo->answerNext(KMessageDialog::No);
-    page.runCommand(deleteCaption);
+    page.runCommand(u"delete");
     QCOMPARE(page.list()->count(), 4);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    page.runCommand(deleteCaption);
+    page.runCommand(u"delete");
     QCOMPARE(page.list()->count(), 3);
     QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Docs WHERE iDocNum=3")), QStringLiteral("0"));
 }
@@ -306,7 +281,7 @@ void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere()
     CDlgDocuments page;
     page.open();
     page.list()->selectRow(row);
-    for (const QString &command : {editCaption, deleteCaption}) {
+    for (const QString &command : {u"edit"_s, u"delete"_s}) {
         page.runCommand(command);
         QCOMPARE(g_pDlgWarning->takeShown(),
                  QStringList{QStringLiteral("این سند از «%1» ثبت شده است و فقط از همان‌جا تغییر می‌کند.").arg(owner)});
@@ -320,7 +295,7 @@ void TestCDlgDocuments::voidDocumentSaysSo()
     CTblDocuments::VoidDoc(2, 1405);
     CDlgDocuments page;
     page.open();
-    QCOMPARE(page.list()->cellText(0, Kind), QStringLiteral("دریافت نقدی (باطل)"));
+    QCOMPARE(page.list()->cellText(0, u"kind"), QStringLiteral("دریافت نقدی (باطل)"));
     QCOMPARE(page.rowsList()->count(), 0);
 }
 
@@ -328,9 +303,9 @@ void TestCDlgDocuments::rightsOfEachCommand_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("right");
-    QTest::newRow("add") << addCaption << int(KSecurity::Write);
-    QTest::newRow("edit") << editCaption << int(KSecurity::Modify);
-    QTest::newRow("delete") << deleteCaption << int(KSecurity::Delete);
+    QTest::newRow("add") << u"new"_s << int(KSecurity::Write);
+    QTest::newRow("edit") << u"edit"_s << int(KSecurity::Modify);
+    QTest::newRow("delete") << u"delete"_s << int(KSecurity::Delete);
 }
 
 void TestCDlgDocuments::rightsOfEachCommand()
@@ -353,7 +328,7 @@ void TestCDlgDocuments::closedDatabaseHidesTheCommands()
     GetDBSetting()->SetClosedDB(true);
     CDlgDocuments page;
     page.open();
-    for (const QString &command : {addCaption, editCaption, deleteCaption})
+    for (const QString &command : {u"new"_s, u"edit"_s, u"delete"_s})
         QVERIFY(page.button(command)->isHidden());
 }
 
