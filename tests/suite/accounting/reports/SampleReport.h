@@ -11,7 +11,7 @@
 inline ListReport sampleReport(int rows)
 {
     const QVector<KListModel::Column> columns{{QStringLiteral("ردیف"), Qt::AlignCenter, 40},
-                                              {QStringLiteral("نام*"), Qt::AlignRight, 80},
+                                              {QStringLiteral("نام"), Qt::AlignRight, 80},
                                               {QStringLiteral("مبلغ"), Qt::AlignCenter, 80},
                                               {QStringLiteral("تاریخ"), Qt::AlignCenter, 80, {}, true},
                                               {QStringLiteral("توضیحات"), Qt::AlignRight, 150}};
