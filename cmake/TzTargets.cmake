@@ -179,6 +179,8 @@ function(tz_tests)
     # The module's types are visible here too: what a class counts of its objects is then one number for both.
     set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests" CXX_VISIBILITY_PRESET default)
     target_link_libraries(${program} PRIVATE tz_options TzTestMain ${arg_LINK} tz_qtest)
+    # Also with a library that it calls nothing of: the message box comes with the windows' one.
+    target_link_options(${program} PRIVATE LINKER:--no-as-needed)
     target_compile_definitions(${program} PRIVATE ${arg_DEFINITIONS})
     if(arg_DEPENDS)
         add_dependencies(${program} ${arg_DEPENDS})
