@@ -3,6 +3,8 @@
 
 #include "suite/accounting/frame/KExtensionModules.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Lives as long as the library is loaded: enters the module into the host's chain, and takes it off at unload. A refused
@@ -25,7 +27,7 @@ public:
     ModuleRecord &operator=(const ModuleRecord &) = delete;
 
 private:
-    static QString name() { return QStringLiteral("TzAuto"); }
+    static QString name() { return u"TzAuto"_s; }
 
     bool m_attached;
 };

@@ -16,16 +16,18 @@
 #include <malloc.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 BenchOffice::BenchOffice(int contracts)
 {
-    setSettingsFile(m_settings.filePath(QStringLiteral("user.ini")));
+    setSettingsFile(m_settings.filePath(u"user.ini"_s));
     SuiteSchema::upgrade();
     double reached = 0;
     if (GetAutoDBSetting()->UpdateDB(0, 0, reached, false) != 1)
         qFatal("the module's tables could not be created");
     SuiteSchema::afterModuleUpgrade();
     DemoData::fill(contracts);
-    GetDBSetting()->Login(m_database.value(QStringLiteral("SELECT iID FROM Users")).toInt());
+    GetDBSetting()->Login(m_database.value(u"SELECT iID FROM Users"_s).toInt());
 }
 
 namespace {
@@ -33,7 +35,7 @@ namespace {
 // The rest of the line of that name; empty when the process is gone.
 QByteArray statusText(const QByteArray &name, const QString &process)
 {
-    QFile status(QStringLiteral("/proc/%1/status").arg(process));
+    QFile status(u"/proc/%1/status"_s.arg(process));
     if (!status.open(QIODevice::ReadOnly))
         return {};
     for (const QByteArray &line : status.readAll().split('\n')) {
@@ -43,7 +45,7 @@ QByteArray statusText(const QByteArray &name, const QString &process)
     return {};
 }
 
-long statusValue(const QByteArray &name, const QString &process = QStringLiteral("self"))
+long statusValue(const QByteArray &name, const QString &process = u"self"_s)
 {
     return statusText(name, process).split(' ').first().toLong();
 }
@@ -73,9 +75,9 @@ QString processName(qint64 process)
 QList<qint64> childProcesses()
 {
     QList<qint64> children;
-    const QDir threads(QStringLiteral("/proc/self/task"));
+    const QDir threads(u"/proc/self/task"_s);
     for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile list(threads.filePath(thread + QStringLiteral("/children")));
+        QFile list(threads.filePath(thread + u"/children"_s));
         if (!list.open(QIODevice::ReadOnly))
             continue;
         for (const QByteArray &child : list.readAll().simplified().split(' '))
@@ -93,7 +95,7 @@ void releaseFreeMemory()
 
 void resetPeakMemory()
 {
-    QFile file(QStringLiteral("/proc/self/clear_refs"));
+    QFile file(u"/proc/self/clear_refs"_s);
     if (file.open(QIODevice::WriteOnly))
         file.write("5");
 }

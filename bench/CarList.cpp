@@ -29,6 +29,8 @@
 #include <array>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const int carCount = Trial::size(10'000);
@@ -85,15 +87,15 @@ void multiplyCars()
 {
     CTblTemp columns;
     columns.Open(true, false, true);
-    columns.ExecuteQuery(QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS WHERE"
-                                        " TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilInformations' AND COLUMN_NAME NOT IN"
-                                        " ('iID','iCode')"));
+    columns.ExecuteQuery(u"SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS WHERE"
+                         " TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilInformations' AND COLUMN_NAME NOT IN"
+                         " ('iID','iCode')"_s);
     const QString names = columns.GetTextFieldValue(0);
-    run(QStringLiteral("UPDATE AutomobilInformations SET oPicture=(SELECT p FROM (SELECT oPicture p FROM AutomobilInformations WHERE"
-                       " oPicture IS NOT NULL LIMIT 1) one) WHERE oPicture IS NULL"));
-    const qint64 cars = value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations"));
+    run(u"UPDATE AutomobilInformations SET oPicture=(SELECT p FROM (SELECT oPicture p FROM AutomobilInformations WHERE"
+        " oPicture IS NOT NULL LIMIT 1) one) WHERE oPicture IS NULL"_s);
+    const qint64 cars = value(u"SELECT COUNT(*) FROM AutomobilInformations"_s);
     for (int copy = 1; copy < copies; ++copy)
-        run(QStringLiteral("INSERT INTO AutomobilInformations (iCode,%1) SELECT iCode+%2,%1 FROM AutomobilInformations WHERE iCode<=%3")
+        run(u"INSERT INTO AutomobilInformations (iCode,%1) SELECT iCode+%2,%1 FROM AutomobilInformations WHERE iCode<=%3"_s
                 .arg(names)
                 .arg(copy * cars)
                 .arg(cars));
@@ -106,14 +108,14 @@ QString text(const char *cell)
 
 QString orDash(const char *cell)
 {
-    return cell ? QString::fromUtf8(cell) : QStringLiteral("-");
+    return cell ? QString::fromUtf8(cell) : u"-"_s;
 }
 
 BareModel::Row shownRow(size_t number, MYSQL_ROW row)
 {
     return {QString::number(number),
             orDash(row[0]),
-            row[1][0] == '0' ? QStringLiteral("-") : QStringLiteral("فروخته شده"),
+            row[1][0] == '0' ? u"-"_s : u"فروخته شده"_s,
             orDash(row[2]),
             orDash(row[3]),
             text(row[4]),
@@ -127,7 +129,7 @@ BareModel::Row shownRow(size_t number, MYSQL_ROW row)
             DToMoney(QByteArray(row[12]).toDouble()),
             text(row[13]),
             text(row[14]),
-            row[15][0] == '0' ? QStringLiteral("-") : QStringLiteral("بلی")};
+            row[15][0] == '0' ? u"-"_s : u"بلی"_s};
 }
 
 void carList(benchmark::State &state)
@@ -183,12 +185,12 @@ struct Fill
 
 Fill observedFill()
 {
-    const QString sent = QStringLiteral("SHOW SESSION STATUS LIKE 'Bytes_sent'");
+    const QString sent = u"SHOW SESSION STATUS LIKE 'Bytes_sent'"_s;
     Fill fill;
     const qint64 before = value(sent, 1);
     KConnection::setStatementObserver([&fill](const QString &statement) {
         ++fill.statements;
-        fill.namingPictures += statement.contains(QStringLiteral("oPicture")) ? 1 : 0;
+        fill.namingPictures += statement.contains(u"oPicture"_s) ? 1 : 0;
     });
     page->refill();
     KConnection::setStatementObserver({});
@@ -199,8 +201,8 @@ Fill observedFill()
 bool reportPictures()
 {
     const Fill fill = observedFill();
-    const qint64 pictured = value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations WHERE OCTET_LENGTH(oPicture)>0"));
-    const qint64 pictures = value(QStringLiteral("SELECT SUM(OCTET_LENGTH(oPicture)) FROM AutomobilInformations"));
+    const qint64 pictured = value(u"SELECT COUNT(*) FROM AutomobilInformations WHERE OCTET_LENGTH(oPicture)>0"_s);
+    const qint64 pictures = value(u"SELECT SUM(OCTET_LENGTH(oPicture)) FROM AutomobilInformations"_s);
     std::printf("statements of one fill: %d (at most 5), of which %d name pictures\n", fill.statements, fill.namingPictures);
     std::printf("bytes the server sent for it: %.2f MiB; bytes of the %lld pictures stored: %.2f MiB\n",
                 static_cast<double>(fill.bytesSent) / 1024 / 1024, static_cast<long long>(pictured),
@@ -221,7 +223,7 @@ int main(int argc, char **argv)
     const BenchOffice office(contractsOfTheOffice);
     multiplyCars();
 
-    WriteSetting(QStringLiteral("AutomobilInformations"), QStringLiteral("iMaxRows"), 1);
+    WriteSetting(u"AutomobilInformations"_s, u"iMaxRows"_s, 1);
     CDlgAutomobilInformations cars;
     page = &cars;
     showAll(page);

@@ -25,6 +25,8 @@
 #include <array>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const int contractCount = Trial::size(10'000);
@@ -92,7 +94,7 @@ void joinAndBareModel(benchmark::State &state)
                             WordLists::textAt(WordLists::contractTypes(), QByteArray(row[0]).toInt()),
                             QString::fromUtf8(row[1]), QString::fromUtf8(row[2]), QString::fromUtf8(row[3]),
                             QString::fromUtf8(row[4]), dateText(row[5]), dateText(row[6]), QString::fromUtf8(row[7]),
-                            row[8][0] == '0' ? QStringLiteral("-") : QStringLiteral("بلی")});
+                            row[8][0] == '0' ? u"-"_s : u"بلی"_s});
         }
         mysql_free_result(result);
         bareModel->setRows(std::move(rows));
@@ -128,7 +130,7 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     const BenchOffice office(contractCount);
 
-    WriteSetting(QStringLiteral("AutomobilContracts"), QStringLiteral("iMaxRows"), 1);
+    WriteSetting(u"AutomobilContracts"_s, u"iMaxRows"_s, 1);
     CDlgAutomobilContracts contracts;
     page = &contracts;
     showAll(page);

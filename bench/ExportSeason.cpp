@@ -23,11 +23,13 @@
 #include <algorithm>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const int rowCount = Trial::size(100'000);
-const QString modules = QStringLiteral(TZ_BUILT_MODULES);
-const QString table = QStringLiteral("Foroush_Detail");
+const QString modules = u"" TZ_BUILT_MODULES ""_s;
+const QString table = u"Foroush_Detail"_s;
 QString folder;
 QString guid;
 
@@ -36,12 +38,12 @@ SeasonalRow rowOf(int i)
 {
     auto party = std::make_shared<TaxParty>();
     party->postalCode = QString::number(1'000'000'000 + i);
-    party->areaCode = QStringLiteral("021");
+    party->areaCode = u"021"_s;
     party->telephone = QString::number(22'000'000 + i);
-    party->address = QStringLiteral("تهران، خیابان شماره ") + QString::number(i);
-    party->name = QStringLiteral("نام ") + QString::number(i % 500);
-    party->family = QStringLiteral("نام خانوادگی ") + QString::number(i % 700);
-    party->economicCode = QStringLiteral("4111") + QString::number(i);
+    party->address = u"تهران، خیابان شماره "_s + QString::number(i);
+    party->name = u"نام "_s + QString::number(i % 500);
+    party->family = u"نام خانوادگی "_s + QString::number(i % 700);
+    party->economicCode = u"4111"_s + QString::number(i);
     party->nationalCode = QString::number(1'200'000'000 + i);
     party->kindCode = 5;
     party->provinceCode = 23;
@@ -49,7 +51,7 @@ SeasonalRow rowOf(int i)
     SeasonalRow row;
     row.returned = i % 7 == 0;
     row.number = i;
-    row.description = QStringLiteral("مبایعه نامه");
+    row.description = u"مبایعه نامه"_s;
     row.amount = 1'000'000 + i * 13;
     row.tax = 90'000 + i;
     row.discount = i % 1000;
@@ -61,29 +63,29 @@ SeasonalRow rowOf(int i)
 
 SeasonalExport seasonalExport()
 {
-    return SeasonalExport({SeasonalExport::Kind::Sales, 1, QStringLiteral("1404"), rowCount,
+    return SeasonalExport({SeasonalExport::Kind::Sales, 1, u"1404"_s, rowCount,
                            [](int row) { return rowOf(row + 1).texts(); }},
                           modules);
 }
 
 QString exportedPath()
 {
-    return QDir(folder).filePath(SeasonalExport::fileName(SeasonalExport::Kind::Sales, QStringLiteral("1404"), 1));
+    return QDir(folder).filePath(SeasonalExport::fileName(SeasonalExport::Kind::Sales, u"1404"_s, 1));
 }
 
 QString barePath()
 {
-    return QDir(folder).filePath(QStringLiteral("bare.mdb"));
+    return QDir(folder).filePath(u"bare.mdb"_s);
 }
 
 // Runs the bare program; looks at it from time to time when asked.
 bool runBare(const std::function<void(qint64)> &look = {})
 {
     QFile::remove(barePath());
-    if (!QFile::copy(modules + QStringLiteral("/TTMS.mdb"), barePath()))
+    if (!QFile::copy(modules + u"/TTMS.mdb"_s, barePath()))
         return false;
     QProcess java;
-    java.start(QStringLiteral("java"), {QStringLiteral("-cp"), QStringLiteral(TZ_BARE_CLASS_PATH), QStringLiteral("io.tzauto.taxfile.BareRows"), barePath(), guid, QString::number(rowCount)});
+    java.start(u"java"_s, {u"-cp"_s, u"" TZ_BARE_CLASS_PATH ""_s, u"io.tzauto.taxfile.BareRows"_s, barePath(), guid, QString::number(rowCount)});
     while (!java.waitForFinished(look ? 20 : 600'000) && java.state() != QProcess::NotRunning) {
         if (look)
             look(java.processId());
@@ -112,7 +114,7 @@ bool compareFiles()
 {
     if (seasonalExport().run(folder) != SeasonalExport::Outcome::Done)
         return false;
-    guid = AccessFileReader(exportedPath()).records(QStringLiteral("Foroush")).value(0).value(QStringLiteral("ID")).toString();
+    guid = AccessFileReader(exportedPath()).records(u"Foroush"_s).value(0).value(u"ID"_s).toString();
     return runBare() && AccessFileReader(exportedPath()).count(table) == rowCount
         && AccessFileReader(exportedPath()).records(table) == AccessFileReader(barePath()).records(table);
 }
@@ -125,7 +127,7 @@ void measureMemory()
     resetPeakMemory();
     static_cast<void>(seasonalExport().run(folder, [&helper](int, int) {
         for (const qint64 child : childProcesses())
-            if (processName(child) == QStringLiteral("java"))
+            if (processName(child) == u"java"_s)
                 helper = std::max(helper, peakMemoryOf(child));
         return true;
     }));
@@ -148,7 +150,7 @@ int main(int argc, char **argv)
     const QTemporaryDir files;
     folder = files.path();
     CompanyDetails company;
-    company.name1 = QStringLiteral("نمایشگاه");
+    company.name1 = u"نمایشگاه"_s;
     company.write();
     if (!compareFiles()) {
         std::printf("the two files differ\n");

@@ -21,15 +21,17 @@
 
 #include <deque>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int fieldCount = 87;
 
-const QString templatePath = QStringLiteral(TZ_BENCH_TEMPLATES "/AutoInstallment.docx");
+const QString templatePath = u"" TZ_BENCH_TEMPLATES "/AutoInstallment.docx"_s;
 
 QString outputPath(const QTemporaryDir &folder)
 {
-    return folder.filePath(QStringLiteral("contract.docx"));
+    return folder.filePath(u"contract.docx"_s);
 }
 
 // The office's own list of fields with a value of ordinary length in each.
@@ -39,7 +41,7 @@ ContractMergeBatches batches()
     ContractMergeBatches made = contractMergeFields({nobody, nobody, nobody, 0});
     for (MergeBatch &batch : made)
         for (MergeField &field : batch)
-            field.value = QStringLiteral("تهران، خیابان آزادی، 12,500,000");
+            field.value = u"تهران، خیابان آزادی، 12,500,000"_s;
     return made;
 }
 
@@ -61,7 +63,7 @@ void fill(benchmark::State &state)
             filled += word.SetFieldsValue(names, texts, static_cast<int>(names.size()));
         }
         // The heading, which belongs to no batch.
-        static_cast<void>(word.SetFieldsValue({QStringLiteral("Dealership")}, {QStringLiteral("نمایشگاه آریا")}, 1));
+        static_cast<void>(word.SetFieldsValue({u"Dealership"_s}, {u"نمایشگاه آریا"_s}, 1));
         done = done && word.GetFields().GetCount() == 0 && word.SaveAs(outputPath(folder));
         if (!done || given != fieldCount || filled == 0)
             state.SkipWithError("the contract was not filled");

@@ -30,6 +30,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const int contractCount = Trial::size(100'000);
@@ -46,25 +48,25 @@ void fillSeason()
     const auto run = [&connection](const QString &statement) { connection.run(statement); };
     const QString first = Season::bounds(0, year).first.toString(Qt::ISODate);
     for (const char *table : {"AutomobilContracts", "Factors", "FactorStuffs", "Services", "Persons"})
-        run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
-    run(QStringLiteral("INSERT INTO Persons (iID,sName,sFamily,sName2,sAddress,sTel,sNationalCode,sPostalCode,iTaxKind) SELECT seq,"
-                       "CONCAT('نام',seq),'خانوادگی','نام کامل','تهران خیابان آزادی پلاک ده','02122334455','0012345679','1234567890',5 "
-                       "FROM seq_1_to_%1")
+        run(u"DELETE FROM "_s + QLatin1String(table));
+    run(u"INSERT INTO Persons (iID,sName,sFamily,sName2,sAddress,sTel,sNationalCode,sPostalCode,iTaxKind) SELECT seq,"
+        "CONCAT('نام',seq),'خانوادگی','نام کامل','تهران خیابان آزادی پلاک ده','02122334455','0012345679','1234567890',5 "
+        "FROM seq_1_to_%1"_s
             .arg(personCount));
-    run(QStringLiteral("INSERT INTO Services (iID,iCode,sName) SELECT seq,seq,CONCAT('خدمت ',seq) FROM seq_1_to_20"));
-    run(QStringLiteral("INSERT INTO AutomobilContracts (iCode,iPersonFirstID,iPersonSecondID,dateContract,iContractType,dCommission,"
-                       "dTax,dTax2,dImposition,dImposition2,dDiscountFirst,dDiscountSecond,bReturn,iDocNum,iFiscalYear) SELECT seq,"
-                       "1+MOD(seq,%1),1+MOD(seq*7,%1),'%2'+INTERVAL MOD(seq,90) DAY,MOD(seq,4),MOD(seq*7919,1000000),MOD(seq,100),"
-                       "MOD(seq,50),MOD(seq,30),MOD(seq,20),MOD(seq,10),MOD(seq,5),MOD(seq,9)=0,0,1404 FROM seq_1_to_%3")
+    run(u"INSERT INTO Services (iID,iCode,sName) SELECT seq,seq,CONCAT('خدمت ',seq) FROM seq_1_to_20"_s);
+    run(u"INSERT INTO AutomobilContracts (iCode,iPersonFirstID,iPersonSecondID,dateContract,iContractType,dCommission,"
+        "dTax,dTax2,dImposition,dImposition2,dDiscountFirst,dDiscountSecond,bReturn,iDocNum,iFiscalYear) SELECT seq,"
+        "1+MOD(seq,%1),1+MOD(seq*7,%1),'%2'+INTERVAL MOD(seq,90) DAY,MOD(seq,4),MOD(seq*7919,1000000),MOD(seq,100),"
+        "MOD(seq,50),MOD(seq,30),MOD(seq,20),MOD(seq,10),MOD(seq,5),MOD(seq,9)=0,0,1404 FROM seq_1_to_%3"_s
             .arg(QString::number(personCount), first, QString::number(contractCount)));
-    run(QStringLiteral("INSERT INTO Factors (iID,iType,iPersonID,date,dAmount,dDiscount,dTax,dImposition) SELECT seq,7,1+MOD(seq,%1),"
-                       "'%2'+INTERVAL MOD(seq,90) DAY,2000000,MOD(seq,1000),180000,20000 FROM seq_1_to_%3")
+    run(u"INSERT INTO Factors (iID,iType,iPersonID,date,dAmount,dDiscount,dTax,dImposition) SELECT seq,7,1+MOD(seq,%1),"
+        "'%2'+INTERVAL MOD(seq,90) DAY,2000000,MOD(seq,1000),180000,20000 FROM seq_1_to_%3"_s
             .arg(QString::number(personCount), first, QString::number(invoiceCount)));
-    run(QStringLiteral("INSERT INTO FactorStuffs (iFactorNum,iType,iServiceID,dCount,dPrice,dAmount) SELECT 1+(seq-1) DIV 2,7,"
-                       "1+MOD(seq,20),2,500000,1000000 FROM seq_1_to_%1")
+    run(u"INSERT INTO FactorStuffs (iFactorNum,iType,iServiceID,dCount,dPrice,dAmount) SELECT 1+(seq-1) DIV 2,7,"
+        "1+MOD(seq,20),2,500000,1000000 FROM seq_1_to_%1"_s
             .arg(invoiceCount * linesOfAnInvoice));
     for (const char *table : {"Factors", "FactorStuffs"})
-        run(QStringLiteral("UPDATE %1 SET iDepartmentID=%2").arg(QLatin1String(table)).arg(GetDBSetting()->GetDepartmentID()));
+        run(u"UPDATE %1 SET iDepartmentID=%2"_s.arg(QLatin1String(table)).arg(GetDBSetting()->GetDepartmentID()));
 }
 
 SeasonalGathering::Query query()
@@ -112,24 +114,24 @@ double number(const char *cell)
 
 void streamAndSum(benchmark::State &state)
 {
-    const QString contractsIn = Season::condition(QStringLiteral("dateContract"), Season::bounds(0, year)) + QLatin1String(" AND iStatus=0");
-    const QString invoicesIn = Season::condition(QStringLiteral("f.date"), Season::bounds(0, year)) + QLatin1String(" AND f.iStatus=0 AND f.iType=7");
+    const QString contractsIn = Season::condition(u"dateContract"_s, Season::bounds(0, year)) + QLatin1String(" AND iStatus=0");
+    const QString invoicesIn = Season::condition(u"f.date"_s, Season::bounds(0, year)) + QLatin1String(" AND f.iStatus=0 AND f.iType=7");
     for (auto _ : state) {
         double total = 0;
         size_t touched = 0;
-        stream(QStringLiteral("SELECT sName,sFamily,sNationalCode,sEconomicCode,sPostalCode,sAreaCode,sTel,sAddress,iKind,bNatural,"
-                              "iTaxKind,iTaxZone,iProvinceCode,iCityCode FROM Persons"),
+        stream(u"SELECT sName,sFamily,sNationalCode,sEconomicCode,sPostalCode,sAreaCode,sTel,sAddress,iKind,bNatural,"
+               "iTaxKind,iTaxZone,iProvinceCode,iCityCode FROM Persons"_s,
                [&touched](MYSQL_ROW cells) { touched += size_t(cells[7][0]); });
-        stream(QStringLiteral("SELECT iCode,iPersonFirstID,iPersonSecondID,dateContract,iContractType,dCommission,dDiscountFirst,"
-                              "dDiscountSecond,dTax,dImposition,iDocNum,iPersonContract1,iPersonContract2,bReturn,dTax2,dImposition2,"
-                              "iFiscalYear FROM AutomobilContracts WHERE ")
+        stream(u"SELECT iCode,iPersonFirstID,iPersonSecondID,dateContract,iContractType,dCommission,dDiscountFirst,"
+               "dDiscountSecond,dTax,dImposition,iDocNum,iPersonContract1,iPersonContract2,bReturn,dTax2,dImposition2,"
+               "iFiscalYear FROM AutomobilContracts WHERE "_s
                    + contractsIn + QLatin1String(" ORDER BY dateContract"),
                [&total](MYSQL_ROW cells) {
                    total += 2 * number(cells[5]) + number(cells[8]) + number(cells[9]) + number(cells[14]) + number(cells[15])
                        - number(cells[6]) - number(cells[7]);
                });
-        stream(QStringLiteral("SELECT f.iID,f.iPersonID,f.date,f.dAmount,f.dDiscount,f.dTax,f.dImposition,f.iDocNum,s.iKind,s.iServiceID,"
-                              "s.sDesc,s.dCount,s.dPrice FROM Factors f JOIN FactorStuffs s ON s.iFactorNum=f.iID WHERE ")
+        stream(u"SELECT f.iID,f.iPersonID,f.date,f.dAmount,f.dDiscount,f.dTax,f.dImposition,f.iDocNum,s.iKind,s.iServiceID,"
+               "s.sDesc,s.dCount,s.dPrice FROM Factors f JOIN FactorStuffs s ON s.iFactorNum=f.iID WHERE "_s
                    + invoicesIn + QLatin1String(" ORDER BY f.date"),
                [&total](MYSQL_ROW cells) {
                    const double amount = number(cells[11]) * number(cells[12]);

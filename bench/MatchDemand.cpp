@@ -20,6 +20,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const int carCount = Trial::size(10'000);
@@ -34,9 +36,9 @@ void addCars()
 {
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery(QStringLiteral("DELETE FROM AutomobilInformations"));
+    statement.ExecuteQuery(u"DELETE FROM AutomobilInformations"_s);
     CTblAutomobilInformations car;
-    RecordBulkInsert cars(car, {QStringLiteral("iCode"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"), QStringLiteral("iBrigade"), QStringLiteral("iModel"), QStringLiteral("iColor"), QStringLiteral("sNumOfPlates"), QStringLiteral("dAmount"), QStringLiteral("iYear")});
+    RecordBulkInsert cars(car, {u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s, u"iBrigade"_s, u"iModel"_s, u"iColor"_s, u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s});
     DemoRandom random(carCount);
     for (int code = 1; code <= carCount; ++code) {
         car.m_iCode = code;
@@ -47,7 +49,7 @@ void addCars()
         car.m_iColor = random.between(1, colors);
         car.m_iYear = random.between(1385, 1405);
         car.m_dAmount = random.between(300, 3000) * 1e7;
-        car.m_sNumOfPlates = QStringLiteral("%1 ب %2 ایران 10").arg(random.between(11, 99)).arg(random.between(111, 999));
+        car.m_sNumOfPlates = u"%1 ب %2 ایران 10"_s.arg(random.between(11, 99)).arg(random.between(111, 999));
         cars.add();
     }
     cars.flush();
@@ -74,7 +76,7 @@ QByteArray statementOfTheCars()
 {
     QByteArray statement;
     KConnection::setStatementObserver([&statement](const QString &text) {
-        if (text.contains(QStringLiteral(" FROM AutomobilInformations ")))
+        if (text.contains(u" FROM AutomobilInformations "_s))
             statement = text.toUtf8();
     });
     [[maybe_unused]] const auto matching = MatchingCars::of(demandID);

@@ -24,6 +24,8 @@
 #include <cstdio>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const int contractCount = Trial::size(10'000);
@@ -48,12 +50,12 @@ QString folder;
 
 QString pdfPath()
 {
-    return folder + QStringLiteral("/list.pdf");
+    return folder + u"/list.pdf"_s;
 }
 
 QString sheetPath()
 {
-    return folder + QStringLiteral("/list.xlsx");
+    return folder + u"/list.xlsx"_s;
 }
 
 BareCell bareCell(const KListModel::Cell &cell)
@@ -92,7 +94,7 @@ void prepareBareRows()
 
 void bareSheet(benchmark::State &state)
 {
-    const QByteArray path = (folder + QStringLiteral("/bare.xlsx")).toLocal8Bit();
+    const QByteArray path = (folder + u"/bare.xlsx"_s).toLocal8Bit();
     for (auto _ : state) {
         lxw_workbook_options options{};
         options.constant_memory = LXW_TRUE;
@@ -162,7 +164,7 @@ int main(int argc, char **argv)
     const QTemporaryDir files;
     folder = files.path();
 
-    WriteSetting(QStringLiteral("AutomobilContracts"), QStringLiteral("iMaxRows"), contractCount);
+    WriteSetting(u"AutomobilContracts"_s, u"iMaxRows"_s, contractCount);
     CDlgAutomobilContracts contracts;
     contracts.filters().set(u"archive", 0);
     contracts.filters().set(u"returned", 0);
@@ -170,9 +172,9 @@ int main(int argc, char **argv)
     contracts.open();
     if (contracts.list()->count() != contractCount)
         qFatal("wrong number of rows");
-    ListReport list(QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست قراردادها"));
-    list.setTable(QStringLiteral("List"), contracts.list());
-    list.buildStandard(QStringLiteral("لیست قراردادها"));
+    ListReport list(u"گالری اتومبیل"_s, u"لیست قراردادها"_s);
+    list.setTable(u"List"_s, contracts.list());
+    list.buildStandard(u"لیست قراردادها"_s);
     report = &list;
 
     measure("PDF", pdfPath(), &ReportOutput::writePdf);

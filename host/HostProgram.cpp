@@ -26,6 +26,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int exitFailed = 1;
@@ -77,9 +79,9 @@ int HostProgram::start(int argc, char **argv)
 
     HostLog::collect();
     KApplication application(argc, argv);
-    KApplication::setApplicationName(QStringLiteral("tzhost"));
-    KApplication::setApplicationVersion(QStringLiteral(TZ_VERSION));
-    KApplication::setDesktopFileName(QStringLiteral("tzhost"));
+    KApplication::setApplicationName(u"tzhost"_s);
+    KApplication::setApplicationVersion(u"" TZ_VERSION ""_s);
+    KApplication::setDesktopFileName(u"tzhost"_s);
     // Dialogs come and go before the main window; only its end is the end of the program.
     KApplication::setQuitOnLastWindowClosed(false);
     HostLook::apply(application);
@@ -146,7 +148,7 @@ bool HostProgram::takeFolder()
 bool HostProgram::startDatabase()
 {
     if (m_options.connect) {
-        m_splash.showWaiting(QStringLiteral("اتصال به سرور دفتر"));
+        m_splash.showWaiting(u"اتصال به سرور دفتر"_s);
         return OfficeServer::connect(m_options, &m_splash);
     }
     startPrivateServer();
@@ -167,7 +169,7 @@ void HostProgram::prepareSchema()
     upgrade.upgradeSuite();
     m_clock.reached("suite-schema");
     if (!m_module.load(m_options.moduleDir)) {
-        g_pDlgWarning->Show(m_module.errorText() + QStringLiteral("\nبرنامه بدون آن ادامه می‌یابد."), &m_splash);
+        g_pDlgWarning->Show(m_module.errorText() + u"\nبرنامه بدون آن ادامه می‌یابد."_s, &m_splash);
         return;
     }
     m_clock.reached("module");
@@ -200,9 +202,9 @@ void HostProgram::fillDemo()
 {
     if (DemoOffice::isFilled())
         return;
-    m_splash.showWaiting(QStringLiteral("ساختن دفتر نمونه"));
+    m_splash.showWaiting(u"ساختن دفتر نمونه"_s);
     DemoOffice::fill(m_options.demoSize, m_server->folder().clientConfigPath(),
-                     [this] { m_splash.showWaiting(QStringLiteral("ساختن دفتر نمونه")); });
+                     [this] { m_splash.showWaiting(u"ساختن دفتر نمونه"_s); });
     m_proposedUser = DemoOffice::userName();
     m_clock.reached("demo");
 }
@@ -276,7 +278,7 @@ bool HostProgram::restartServer()
         } catch (const ServerError &error) {
             m_splash.hide();
             qCCritical(lcHost).noquote() << "restart:" << error.detail();
-            const QString question = error.userMessage() + QStringLiteral("\nدوباره تلاش شود؟");
+            const QString question = error.userMessage() + u"\nدوباره تلاش شود؟"_s;
             if (g_pDlgYesNo->Ask(question, m_window) != KMessageDialog::Yes)
                 return false;
         }

@@ -14,6 +14,8 @@
 #include <QFormLayout>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestName = 50;
@@ -28,7 +30,7 @@ CDlgAddCar::CDlgAddCar(const QString &heading, QWidget *parent)
     m_name->setMaxLength(longestName);
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     auto *form = new QFormLayout;
-    addLabelled(form, QStringLiteral("نام :"), m_name);
+    addLabelled(form, u"نام :"_s, m_name);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(createButtons());
@@ -46,7 +48,7 @@ void CDlgAddCar::setEdited(int key, const QString &name)
 
 void CDlgAddCar::showTitle()
 {
-    setWindowTitle(m_heading + (m_editing ? QStringLiteral(" - ویرایش") : QStringLiteral(" - جدید")));
+    setWindowTitle(m_heading + (m_editing ? u" - ویرایش"_s : u" - جدید"_s));
 }
 
 QString CDlgAddCar::name() const
@@ -59,7 +61,7 @@ bool CDlgAddCar::OnOK()
     const QString typed = m_name->text().trimmed();
     const QString name = ConvertToStandard(typed);
     if (name.isEmpty())
-        return refuse(QStringLiteral("لطفا نوع خودرو را مشخص نماید."));
+        return refuse(u"لطفا نوع خودرو را مشخص نماید."_s);
     if (m_checkDuplicates && CatalogEntries::isNameTaken(m_key, typed, m_parentKey))
         return refuse(QString());
     m_name->setText(name);

@@ -23,24 +23,26 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr CatalogLevel levels[] = {CatalogLevel::Brand, CatalogLevel::Model, CatalogLevel::Class};
 
 QString rightsForm()
 {
-    return QStringLiteral("CarsAll");
+    return u"CarsAll"_s;
 }
 
 CatalogPanel *makePanel(CatalogLevel level, QWidget *parent)
 {
     switch (level) {
     case CatalogLevel::Brand:
-        return new CatalogPanel(QStringLiteral("نوع خودرو"), QStringLiteral("DlgCarsAll\\List"), parent);
+        return new CatalogPanel(u"نوع خودرو"_s, u"DlgCarsAll\\List"_s, parent);
     case CatalogLevel::Model:
-        return new CatalogPanel(QStringLiteral("مدل خودرو"), QStringLiteral("DlgCarsAll\\List2"), parent);
+        return new CatalogPanel(u"مدل خودرو"_s, u"DlgCarsAll\\List2"_s, parent);
     case CatalogLevel::Class:
-        return new CatalogPanel(QStringLiteral("تیپ خودرو"), QStringLiteral("DlgCarsAll\\List3"), parent);
+        return new CatalogPanel(u"تیپ خودرو"_s, u"DlgCarsAll\\List3"_s, parent);
     }
     Q_UNREACHABLE();
 }
@@ -61,11 +63,11 @@ QString usedText(CatalogLevel level)
 {
     switch (level) {
     case CatalogLevel::Brand:
-        return QStringLiteral("شما نمی توانید این نوع خودرو را حذف نمایید زیرا استفاده شده است در گالری اتومبیل.");
+        return u"شما نمی توانید این نوع خودرو را حذف نمایید زیرا استفاده شده است در گالری اتومبیل."_s;
     case CatalogLevel::Model:
-        return QStringLiteral("نمی توانید این مدل را حذف نمایید زیرا استفاده شده است.");
+        return u"نمی توانید این مدل را حذف نمایید زیرا استفاده شده است."_s;
     case CatalogLevel::Class:
-        return QStringLiteral("نمی توانید این تیپ را حذف نمایید زیرا در گالری اتومبیل استفاده شده است.");
+        return u"نمی توانید این تیپ را حذف نمایید زیرا در گالری اتومبیل استفاده شده است."_s;
     }
     Q_UNREACHABLE();
 }
@@ -79,7 +81,7 @@ CDlgCarsAll::CDlgCarsAll(QWidget *parent)
     CheckSecurity();
     setWindowTitle(formCaption(rightsForm()));
     resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 34);
-    SetSettingName(QStringLiteral("DlgCarsAll"));
+    SetSettingName(u"DlgCarsAll"_s);
     build();
 }
 
@@ -121,13 +123,13 @@ void CDlgCarsAll::build()
         lists->addWidget(panel(level), 1);
         connectPanel(level);
     }
-    m_import = new QPushButton(QStringLiteral("ورود فهرست آماده"), this);
+    m_import = new QPushButton(u"ورود فهرست آماده"_s, this);
     m_import->setAccessibleName(m_import->text());
-    m_import->setToolTip(QStringLiteral("افزودن نوع‌ها، مدل‌ها و تیپ‌های یک فایل به فهرست"));
+    m_import->setToolTip(u"افزودن نوع‌ها، مدل‌ها و تیپ‌های یک فایل به فهرست"_s);
     m_import->setAutoDefault(false);
     connect(m_import, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { importEntries(); }); });
 
-    m_buttons = createButtons(QStringLiteral("انتخاب"));
+    m_buttons = createButtons(u"انتخاب"_s);
     for (QAbstractButton *button : m_buttons->buttons()) {
         if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             m_accept = qobject_cast<QPushButton *>(button);
@@ -204,7 +206,7 @@ void CDlgCarsAll::applyMode()
         return;
     for (QAbstractButton *button : m_buttons->buttons()) {
         if (button != m_accept)
-            button->setText(QStringLiteral("بازگشت"));
+            button->setText(u"بازگشت"_s);
     }
 }
 

@@ -13,9 +13,11 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString keyColumn = QStringLiteral("iID");
+const QString keyColumn = u"iID"_s;
 
 std::unique_ptr<KMySQL> makeRecords(CatalogLevel level)
 {
@@ -36,8 +38,8 @@ QVector<CatalogEntries::Entry> CatalogEntries::list(CatalogLevel level, int pare
 {
     const std::unique_ptr<KMySQL> records = makeRecords(level);
     records->m_filter = CatalogFilter::entries(level, parent, namePart);
-    records->m_sort = QStringLiteral("sName");
-    records->SetColumns({QStringLiteral("sName")});
+    records->m_sort = u"sName"_s;
+    records->SetColumns({u"sName"_s});
     QVector<Entry> entries;
     for (records->Open(true, true, true); !records->IsEOF(); records->MoveNext())
         entries.append({records->value(keyColumn).toInt(), records->value(u"sName").toString()});

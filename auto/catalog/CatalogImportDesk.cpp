@@ -14,6 +14,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using CatalogImport::Trouble;
@@ -22,21 +24,21 @@ QString troubleText(Trouble trouble)
 {
     switch (trouble) {
     case Trouble::TooLarge:
-        return QStringLiteral("این فایل بزرگ‌تر از اندازه مجاز (یک مگابایت) است.");
+        return u"این فایل بزرگ‌تر از اندازه مجاز (یک مگابایت) است."_s;
     case Trouble::TooManyLines:
-        return QStringLiteral("این فایل بیش از %1 سطر دارد.").arg(CatalogImport::maxLines);
+        return u"این فایل بیش از %1 سطر دارد."_s.arg(CatalogImport::maxLines);
     case Trouble::NoEntries:
-        return QStringLiteral("در این فایل هیچ نوع خودرویی نیست.");
+        return u"در این فایل هیچ نوع خودرویی نیست."_s;
     case Trouble::NotText:
-        return QStringLiteral("این سطر متن خوانا (UTF-8) نیست.");
+        return u"این سطر متن خوانا (UTF-8) نیست."_s;
     case Trouble::TooManyColumns:
-        return QStringLiteral("این سطر بیش از سه ستون (نوع، مدل و تیپ) دارد.");
+        return u"این سطر بیش از سه ستون (نوع، مدل و تیپ) دارد."_s;
     case Trouble::BrandMissing:
-        return QStringLiteral("نوع خودرو در این سطر خالی است.");
+        return u"نوع خودرو در این سطر خالی است."_s;
     case Trouble::ModelMissing:
-        return QStringLiteral("این سطر تیپ دارد، اما مدل ندارد.");
+        return u"این سطر تیپ دارد، اما مدل ندارد."_s;
     case Trouble::NameTooLong:
-        return QStringLiteral("نامی در این سطر بیش از %1 حرف دارد.").arg(CatalogImport::longestName);
+        return u"نامی در این سطر بیش از %1 حرف دارد."_s.arg(CatalogImport::longestName);
     case Trouble::None:
         break;
     }
@@ -45,8 +47,8 @@ QString troubleText(Trouble trouble)
 
 QString warningText(const CatalogImport::Parsed &parsed)
 {
-    const QString text = QStringLiteral("فهرست خوانده نشد و چیزی اضافه نشد.\n") + troubleText(parsed.trouble);
-    return parsed.line == 0 ? text : text + QStringLiteral("\nسطر : %1").arg(parsed.line);
+    const QString text = u"فهرست خوانده نشد و چیزی اضافه نشد.\n"_s + troubleText(parsed.trouble);
+    return parsed.line == 0 ? text : text + u"\nسطر : %1"_s.arg(parsed.line);
 }
 
 // Devices, pipes and folders are no lists; never more than the bound is taken in.
@@ -61,7 +63,7 @@ bool readBounded(const QString &path, QByteArray *data)
 
 QString countsText(const CatalogImport::Plan &plan)
 {
-    return QStringLiteral("%1 نوع خودرو، %2 مدل و %3 تیپ").arg(plan.brands.size()).arg(plan.models.size()).arg(plan.classes.size());
+    return u"%1 نوع خودرو، %2 مدل و %3 تیپ"_s.arg(plan.brands.size()).arg(plan.models.size()).arg(plan.classes.size());
 }
 
 CatalogImport::Plan planNow(const CatalogImport::Parsed &parsed)
@@ -74,15 +76,15 @@ CatalogImport::Plan planNow(const CatalogImport::Parsed &parsed)
 
 QString CatalogImportDesk::startingSetFolder()
 {
-    return QDir(ModulePlatform::moduleFolder()).filePath(QStringLiteral("CarCatalog"));
+    return QDir(ModulePlatform::moduleFolder()).filePath(u"CarCatalog"_s);
 }
 
 QString CatalogImportDesk::askForFile(QWidget *parent)
 {
-    QFileDialog dialog(parent, QStringLiteral("فایل فهرست خودروها را انتخاب کنید"));
+    QFileDialog dialog(parent, u"فایل فهرست خودروها را انتخاب کنید"_s);
     dialog.setDirectory(startingSetFolder());
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters({QStringLiteral("فهرست خودروها (*.tsv *.txt)"), QStringLiteral("همه فایل‌ها (*)")});
+    dialog.setNameFilters({u"فهرست خودروها (*.tsv *.txt)"_s, u"همه فایل‌ها (*)"_s});
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -90,7 +92,7 @@ bool CatalogImportDesk::importFile(const QString &path, QWidget *parent)
 {
     QByteArray data;
     if (!readBounded(path, &data)) {
-        g_pDlgWarning->Show(QStringLiteral("فایل فهرست خودروها باز نشد."), parent);
+        g_pDlgWarning->Show(u"فایل فهرست خودروها باز نشد."_s, parent);
         return false;
     }
     const CatalogImport::Parsed parsed = CatalogImport::parse(data);
@@ -100,16 +102,16 @@ bool CatalogImportDesk::importFile(const QString &path, QWidget *parent)
     }
     const CatalogImport::Plan plan = planNow(parsed);
     if (plan.isEmpty()) {
-        g_pDlgMessage->Show(QStringLiteral("همه نام‌های این فایل از پیش در فهرست هست."), parent);
+        g_pDlgMessage->Show(u"همه نام‌های این فایل از پیش در فهرست هست."_s, parent);
         return false;
     }
-    const QString question = QStringLiteral("در این فایل %1 تازه هست. به فهرست اضافه شوند؟").arg(countsText(plan));
+    const QString question = u"در این فایل %1 تازه هست. به فهرست اضافه شوند؟"_s.arg(countsText(plan));
     if (g_pDlgYesNo->Ask(question, parent) == KMessageDialog::No)
         return false;
     const CatalogImport::Plan added = [&] {
         const KWaitCursor waiting;
         return CatalogImporter::add(parsed.entries, GetDBSetting()->GetUserID());
     }();
-    g_pDlgMessage->Show(countsText(added) + QStringLiteral(" اضافه شد."), parent);
+    g_pDlgMessage->Show(countsText(added) + u" اضافه شد."_s, parent);
     return !added.isEmpty();
 }

@@ -10,6 +10,8 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KTransaction.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <class Records>
@@ -17,12 +19,12 @@ QVector<CatalogImport::KnownEntry> knownOf(qint32 Records::*parent, const QStrin
 {
     QVector<CatalogImport::KnownEntry> entries;
     Records records;
-    QStringList columns{QStringLiteral("sName")};
+    QStringList columns{u"sName"_s};
     if (!parentColumn.isEmpty())
         columns.append(parentColumn);
     records.SetColumns(columns);
     // Where a name stands twice, what is new belongs to the older one.
-    records.m_sort = QStringLiteral("iID");
+    records.m_sort = u"iID"_s;
     for (records.Open(true, true, true); !records.IsEOF(); records.MoveNext())
         entries.append({records.m_iID, parent ? records.*parent : 0, records.m_sName});
     return entries;
@@ -45,8 +47,8 @@ QVector<int> addLevel(CatalogLevel level, const QVector<CatalogImport::NewEntry>
 CatalogImport::Known CatalogImporter::known()
 {
     return {knownOf<CTblCarBrands>(nullptr, {}),
-            knownOf(&CTblCarModels::m_iClassID, QStringLiteral("iClassID")),
-            knownOf(&CTblCarClasses::m_iBrandID, QStringLiteral("iBrandID"))};
+            knownOf(&CTblCarModels::m_iClassID, u"iClassID"_s),
+            knownOf(&CTblCarClasses::m_iBrandID, u"iBrandID"_s)};
 }
 
 CatalogImport::Plan CatalogImporter::add(const QVector<CatalogImport::Entry> &entries, int userID)

@@ -18,6 +18,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestFilter = 50;
@@ -33,20 +35,20 @@ CatalogPanel::CatalogPanel(const QString &heading, const QString &section, QWidg
 {
     m_filter->setMaxLength(longestFilter);
     m_filter->setClearButtonEnabled(true);
-    m_filter->setPlaceholderText(QStringLiteral("جستجو در نام"));
+    m_filter->setPlaceholderText(u"جستجو در نام"_s);
     m_filter->installEventFilter(this);
 
     m_list->setAccessibleName(heading);
-    m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40}, {heading, Qt::AlignRight, 170}});
+    m_list->setColumns({{u"ردیف"_s, Qt::AlignHCenter, 40}, {heading, Qt::AlignRight, 170}});
     m_list->SetSettingName(section);
 
     auto *search = new QHBoxLayout;
-    addLabelled(search, heading + QStringLiteral(" :"), m_filter, 1);
+    addLabelled(search, heading + u" :"_s, m_filter, 1);
     auto *commands = new QHBoxLayout;
-    m_add = makeButton(QStringLiteral("جديد"), QKeySequence(Qt::Key_Insert), this, commands);
-    m_edit = makeButton(QStringLiteral("ويرايش"), QKeySequence(Qt::Key_F2), this, commands);
+    m_add = makeButton(u"جديد"_s, QKeySequence(Qt::Key_Insert), this, commands);
+    m_edit = makeButton(u"ويرايش"_s, QKeySequence(Qt::Key_F2), this, commands);
     // Delete belongs to the entry line while that has the focus.
-    m_delete = makeButton(QStringLiteral("حذف"), QKeySequence(QKeySequence::Delete), m_list, commands);
+    m_delete = makeButton(u"حذف"_s, QKeySequence(QKeySequence::Delete), m_list, commands);
     commands->addStretch(1);
     commands->addWidget(m_count);
     auto *layout = new QVBoxLayout(this);
@@ -129,9 +131,9 @@ void CatalogPanel::showCommands(bool addAndDelete, bool edit)
         button->setVisible(shown);
         button->setIcon(shown ? QIcon(icon) : QIcon());
     };
-    show(m_add, addAndDelete, QStringLiteral(":/icons/new.svg"));
-    show(m_edit, edit, QStringLiteral(":/icons/edit.svg"));
-    show(m_delete, addAndDelete, QStringLiteral(":/icons/delete.svg"));
+    show(m_add, addAndDelete, u":/icons/new.svg"_s);
+    show(m_edit, edit, u":/icons/edit.svg"_s);
+    show(m_delete, addAndDelete, u":/icons/delete.svg"_s);
 }
 
 // From the filter Up and Down move in what it found.

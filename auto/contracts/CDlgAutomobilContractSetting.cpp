@@ -19,6 +19,8 @@
 #include <QPalette>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::size_t thirdTier = 2;
@@ -50,7 +52,7 @@ KEdit *createLowerBound(const QString &name, const QString &description)
     QPalette palette = edit->palette();
     palette.setColor(QPalette::Base, palette.color(QPalette::Window));
     edit->setPalette(palette);
-    edit->setText(QStringLiteral("0"));
+    edit->setText(u"0"_s);
     return edit;
 }
 
@@ -59,8 +61,8 @@ KEdit *createLowerBound(const QString &name, const QString &description)
 CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
     : KDialog(parent)
 {
-    setWindowTitle(QStringLiteral("تنظيمات"));
-    SetSettingName(QStringLiteral("AutomobilContractSetting"));
+    setWindowTitle(u"تنظيمات"_s);
+    SetSettingName(u"AutomobilContractSetting"_s);
     const OfficeSettings settings = OfficeSettings::read({ContractSettings::section()});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(createTaxGroup());
@@ -73,17 +75,17 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
 
 QWidget *CDlgAutomobilContractSetting::createTaxGroup()
 {
-    auto *group = new QGroupBox(QStringLiteral("ماليات و عوارض"));
+    auto *group = new QGroupBox(u"ماليات و عوارض"_s);
     auto *line = new QHBoxLayout(group);
     const auto addPercent = [line](const QString &text) {
         KEdit *edit = createPercent(text, {});
         addLabelled(line, text, edit);
-        line->addWidget(new QLabel(QStringLiteral("%")));
+        line->addWidget(new QLabel(u"%"_s));
         return edit;
     };
-    m_taxPercent = addPercent(QStringLiteral("ماليات :"));
+    m_taxPercent = addPercent(u"ماليات :"_s);
     line->addSpacing(24);
-    m_dutyPercent = addPercent(QStringLiteral("عوارض :"));
+    m_dutyPercent = addPercent(u"عوارض :"_s);
     line->addStretch();
     return group;
 }
@@ -104,13 +106,13 @@ QWidget *CDlgAutomobilContractSetting::createTierGroup(const QString &moneyUnit)
 
 void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit)
 {
-    const QString fromText = QStringLiteral("مبلغ معامله از :");
-    const QString toText = QStringLiteral("تا :");
-    const QString description = QStringLiteral("پله %1 کمیسیون").arg(tier + 1);
+    const QString fromText = u"مبلغ معامله از :"_s;
+    const QString toText = u"تا :"_s;
+    const QString description = u"پله %1 کمیسیون"_s.arg(tier + 1);
     TierRow &row = m_tiers[std::size_t(tier)];
     row.lowerBound = createLowerBound(fromText, description);
     row.ceiling = createAmount(toText, description);
-    row.percent = createPercent(QStringLiteral("%"), description);
+    row.percent = createPercent(u"%"_s, description);
 
     QWidget *heading = nullptr;
     if (std::size_t(tier) == thirdTier) {
@@ -120,7 +122,7 @@ void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, co
         heading = labelFor(fromText, row.lowerBound);
     }
     row.widgets = {row.lowerBound, new QLabel(moneyUnit), labelFor(toText, row.ceiling), row.ceiling, new QLabel(moneyUnit), row.percent,
-                   new QLabel(QStringLiteral("%"))};
+                   new QLabel(u"%"_s)};
     grid->addWidget(heading, tier, 0);
     for (int column = 0; column < row.widgets.size(); ++column)
         grid->addWidget(row.widgets[column], tier, column + 1);
@@ -129,13 +131,13 @@ void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, co
 QLayout *CDlgAutomobilContractSetting::createDemandLine()
 {
     auto *line = new QHBoxLayout;
-    m_archiveDemands = new QCheckBox(QStringLiteral("تقاضاهاي بيشتر از "));
+    m_archiveDemands = new QCheckBox(u"تقاضاهاي بيشتر از "_s);
     m_archiveDemands->setAccessibleName(m_archiveDemands->text());
     m_demandDays = new KEdit(KEdit::Kind::Integer);
     m_demandDays->setMaximumWidth(90);
     line->addWidget(m_archiveDemands);
     line->addWidget(m_demandDays);
-    line->addWidget(labelFor(QStringLiteral("روز را بايگاني نمايد."), m_demandDays));
+    line->addWidget(labelFor(u"روز را بايگاني نمايد."_s, m_demandDays));
     line->addStretch();
     return line;
 }
@@ -193,9 +195,9 @@ bool CDlgAutomobilContractSetting::OnOK()
     const ContractSettings settings = shownSettings();
     switch (settings.check()) {
     case ContractSettings::Problem::SecondTierBelowFirst:
-        return warn(QStringLiteral("لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید."), m_tiers[1].ceiling);
+        return warn(u"لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید."_s, m_tiers[1].ceiling);
     case ContractSettings::Problem::ThirdTierBelowOthers:
-        return warn(QStringLiteral("لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید."),
+        return warn(u"لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید."_s,
                     settings.tiers.thirdInUse ? static_cast<QWidget *>(m_tiers[thirdTier].ceiling) : m_thirdInUse);
     case ContractSettings::Problem::None:
         break;

@@ -19,7 +19,7 @@
 using namespace Qt::StringLiterals;
 
 CDlgAutomobilContracts::CDlgAutomobilContracts(QWidget *parent)
-    : KListPage(QStringLiteral("قرارداد"), QStringLiteral("AutomobilContracts"), QStringLiteral("AutomobilContracts"), parent)
+    : KListPage(u"قرارداد"_s, u"AutomobilContracts"_s, u"AutomobilContracts"_s, parent)
     , m_printing(contractPrintingDesk(this))
 {
     build();
@@ -31,20 +31,16 @@ QList<KListColumn> CDlgAutomobilContracts::columnTable() const
 {
     return {
         KListColumn::rowNumber(),
-        {.key = u"type"_s, .title = u"نوع قرارداد"_s, .sortKey = u"iContractType"_s, .column = u"iContractType"_s,
-         .show = wordCells(WordLists::contractTypes())},
+        {.key = u"type"_s, .title = u"نوع قرارداد"_s, .sortKey = u"iContractType"_s, .column = u"iContractType"_s, .show = wordCells(WordLists::contractTypes())},
         // A party that is none of the persons stands by the name that the contract has.
         {.key = u"seller"_s, .title = u"فروشنده"_s, .alignment = Qt::AlignRight, .column = u"sName1"_s, .lookup = u"iPersonFirstID"_s},
         {.key = u"buyer"_s, .title = u"خریدار"_s, .alignment = Qt::AlignRight, .column = u"sName2"_s, .lookup = u"iPersonSecondID"_s},
         {.key = u"document"_s, .title = u"شماره سند"_s, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
-        {.key = u"explanation"_s, .title = u"شرح قرارداد"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sExplain"_s,
-         .column = u"sExplain"_s},
+        {.key = u"explanation"_s, .title = u"شرح قرارداد"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sExplain"_s, .column = u"sExplain"_s},
         {.key = u"contractDate"_s, .title = u"تاریخ عقد"_s, .sortKey = u"dateContract"_s, .column = u"dateContract"_s},
         {.key = u"expirationDate"_s, .title = u"تاریخ انقضاء"_s, .sortKey = u"dateExpiration"_s, .column = u"dateExpiration"_s},
-        {.key = u"description"_s, .title = u"توضیحات"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
-         .column = u"sDesc"_s},
-        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"iArchiveUserID"_s,
-         .column = u"iArchiveUserID"_s, .show = KListColumn::yesOrDash},
+        {.key = u"description"_s, .title = u"توضیحات"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
+        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"iArchiveUserID"_s, .column = u"iArchiveUserID"_s, .show = KListColumn::yesOrDash},
     };
 }
 
@@ -66,20 +62,20 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("reset"), QStringLiteral("پيش فرض"), C::NotDisplayed, [this] { resetFilter(); }},
-        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addContract(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ويرايش"), onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("show"), QStringLiteral("نمايش"), onRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("archive"), QStringLiteral("بايگاني شد"), onRow, [this] { archiveContract(); }, {}, QStringLiteral(":/icons/archive.svg")},
+        {u"reset"_s, u"پيش فرض"_s, C::NotDisplayed, [this] { resetFilter(); }},
+        {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addContract(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
+        {u"show"_s, u"نمايش"_s, onRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s},
+        {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveContract(); }, {}, u":/icons/archive.svg"_s},
         printCommand(C::HiddenInSelect | C::StartsGroup),
-        {QStringLiteral("printContract"), QStringLiteral("چاپ قرارداد "), onRow, [this] { printContract(); }, {}, QStringLiteral(":/icons/print.svg")},
-        {QStringLiteral("settleSeller"), QStringLiteral("تسويه با فروشنده"), onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, QStringLiteral(":/icons/receipt.svg")},
-        {QStringLiteral("settleBuyer"), QStringLiteral("تسويه با خريدار"), onRow, [this] { settle(Side::Buyer); }, {}, QStringLiteral(":/icons/receipt.svg")},
-        {QStringLiteral("settings"), QStringLiteral("تنظيمات"), C::StartsGroup, [this] { editSettings(); }, {}, QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("fullReport"), QStringLiteral("گزارش جامع"), 0, [this] { CDlgAutoFullReport::Show(this); }, {}, QStringLiteral(":/icons/money.svg")},
+        {u"printContract"_s, u"چاپ قرارداد "_s, onRow, [this] { printContract(); }, {}, u":/icons/print.svg"_s},
+        {u"settleSeller"_s, u"تسويه با فروشنده"_s, onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, u":/icons/receipt.svg"_s},
+        {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(Side::Buyer); }, {}, u":/icons/receipt.svg"_s},
+        {u"settings"_s, u"تنظيمات"_s, C::StartsGroup, [this] { editSettings(); }, {}, u":/icons/settings.svg"_s},
+        {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s},
     };
 }
 
@@ -102,7 +98,7 @@ void CDlgAutomobilContracts::addContract()
 void CDlgAutomobilContracts::editContract()
 {
     CTblAutomobilContracts contract;
-    contract.SetColumns({QStringLiteral("iArchiveUserID")});
+    contract.SetColumns({u"iArchiveUserID"_s});
     if (isChangeBlocked() || !CheckModifySecurity() || !loadSelected(contract))
         return;
     if (contract.m_iArchiveUserID != 0)
@@ -127,8 +123,8 @@ void CDlgAutomobilContracts::showContract(int key)
 
 void CDlgAutomobilContracts::archiveContract()
 {
-    archiveSelected({QStringLiteral("AutomobilContractArchive"), QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید."),
-                     QStringLiteral("این تقاضا قبلا بایگانی شده است."), QStringLiteral("بایگانی شد.")},
+    archiveSelected({u"AutomobilContractArchive"_s, u"شما اجازه بایگانی کردن تقاضا را ندارید."_s,
+                     u"این تقاضا قبلا بایگانی شده است."_s, u"بایگانی شد."_s},
                     [](KMySQL &record) {
                         CTblAutomobilContracts::archive(static_cast<CTblAutomobilContracts &>(record).m_iCode,
                                                         GetDBSetting()->GetUserID());
@@ -153,11 +149,11 @@ void CDlgAutomobilContracts::settle(Side side)
     if (due.personID == 0)
         return;
     if (contract.m_iStatus == 1) {
-        g_pDlgMessage->Show(QStringLiteral("این قرارداد باطل شده است."), this);
+        g_pDlgMessage->Show(u"این قرارداد باطل شده است."_s, this);
         return;
     }
     GetDBSetting()->CashFromPersonMulti(due.personID, due.amount,
-                                        QStringLiteral("بابت کمسیون قرارداد شماره %1").arg(contract.m_iNum), this);
+                                        u"بابت کمسیون قرارداد شماره %1"_s.arg(contract.m_iNum), this);
 }
 
 void CDlgAutomobilContracts::editSettings()
@@ -185,7 +181,7 @@ void CDlgAutomobilContracts::rightClicked(int)
 
 KListReport CDlgAutomobilContracts::reportSpec() const
 {
-    return {QStringLiteral("لیست قراردادها"), QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست قراردادها")};
+    return {u"لیست قراردادها"_s, u"گالری اتومبیل"_s, u"لیست قراردادها"_s};
 }
 
 void CDlgAutomobilContracts::chose(int row)

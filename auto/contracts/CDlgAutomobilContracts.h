@@ -6,6 +6,8 @@
 #include "auto/contracts/printing/ContractPrinting.h"
 #include "suite/accounting/lists/KListPage.h"
 
+using namespace Qt::StringLiterals;
+
 // The list of contracts, and from it everything that is done with one. In select mode another window picks an active
 // contract by it.
 class CDlgAutomobilContracts final : public KListPage
@@ -29,7 +31,7 @@ protected:
     KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QString defaultSort() const override { return QStringLiteral("iCode"); }
+    QString defaultSort() const override { return u"iCode"_s; }
     void activated(int key) override;
     void emptyAreaActivated() override;
     void rightClicked(int key) override;

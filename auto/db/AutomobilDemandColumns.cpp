@@ -3,6 +3,8 @@
 
 #include "auto/db/AutomobilDemandColumns.h"
 
+using namespace Qt::StringLiterals;
+
 AutomobilDemandColumns::AutomobilDemandColumns(int database, Yeh yeh)
     : KMySQL(database)
     , m_yeh(yeh)
@@ -13,7 +15,7 @@ AutomobilDemandColumns::~AutomobilDemandColumns() = default;
 
 QString AutomobilDemandColumns::GetTableName() const
 {
-    return QStringLiteral("AutomobilDemands");
+    return u"AutomobilDemands"_s;
 }
 
 QString AutomobilDemandColumns::spelled(QStringView persian) const

@@ -3,6 +3,8 @@
 
 #include "auto/db/AutomobilInformationColumns.h"
 
+using namespace Qt::StringLiterals;
+
 AutomobilInformationColumns::AutomobilInformationColumns(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ AutomobilInformationColumns::~AutomobilInformationColumns() = default;
 
 QString AutomobilInformationColumns::GetTableName() const
 {
-    return QStringLiteral("AutomobilInformations");
+    return u"AutomobilInformations"_s;
 }
 
 void AutomobilInformationColumns::bindOffer()

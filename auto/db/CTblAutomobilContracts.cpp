@@ -8,6 +8,8 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 
+using namespace Qt::StringLiterals;
+
 CTblAutomobilContracts::CTblAutomobilContracts(int database)
     : KMySQL(database)
 {
@@ -17,7 +19,7 @@ CTblAutomobilContracts::~CTblAutomobilContracts() = default;
 
 QString CTblAutomobilContracts::GetTableName() const
 {
-    return QStringLiteral("AutomobilContracts");
+    return u"AutomobilContracts"_s;
 }
 
 bool CTblAutomobilContracts::Delete()

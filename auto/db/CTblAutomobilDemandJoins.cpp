@@ -3,6 +3,8 @@
 
 #include "auto/db/CTblAutomobilDemandJoins.h"
 
+using namespace Qt::StringLiterals;
+
 CTblAutomobilDemandJoins::CTblAutomobilDemandJoins(int database)
     : AutomobilDemandColumns(database, Yeh::Arabic)
 {
@@ -12,8 +14,8 @@ CTblAutomobilDemandJoins::~CTblAutomobilDemandJoins() = default;
 
 QString CTblAutomobilDemandJoins::fromClause() const
 {
-    return QStringLiteral("AutomobilDemands ad INNER JOIN Persons p ON ad.iPersonID=p.iID LEFT OUTER JOIN Items it ON "
-                          "(ad.iAutomobilType=it.iID OR ad.iColor=it.iID)");
+    return u"AutomobilDemands ad INNER JOIN Persons p ON ad.iPersonID=p.iID LEFT OUTER JOIN Items it ON "
+           "(ad.iAutomobilType=it.iID OR ad.iColor=it.iID)"_s;
 }
 
 void CTblAutomobilDemandJoins::DoFieldExchange()

@@ -3,6 +3,8 @@
 
 #include "auto/db/CTblAutomobilInformationJoins.h"
 
+using namespace Qt::StringLiterals;
+
 CTblAutomobilInformationJoins::CTblAutomobilInformationJoins(int database)
     : AutomobilInformationColumns(database)
 {
@@ -12,8 +14,8 @@ CTblAutomobilInformationJoins::~CTblAutomobilInformationJoins() = default;
 
 QString CTblAutomobilInformationJoins::fromClause() const
 {
-    return QStringLiteral("AutomobilInformations ai LEFT OUTER JOIN Items it ON (ai.iAutomobilType=it.iID OR ai.iColor=it.iID) LEFT OUTER"
-                          " JOIN CarModels cm ON ai.iModel=cm.iID LEFT OUTER JOIN CarClasses cc ON ai.iBrigade=cc.iID");
+    return u"AutomobilInformations ai LEFT OUTER JOIN Items it ON (ai.iAutomobilType=it.iID OR ai.iColor=it.iID) LEFT OUTER"
+           " JOIN CarModels cm ON ai.iModel=cm.iID LEFT OUTER JOIN CarClasses cc ON ai.iBrigade=cc.iID"_s;
 }
 
 void CTblAutomobilInformationJoins::DoFieldExchange()

@@ -3,6 +3,8 @@
 
 #include "auto/db/CTblAutomobilPayments.h"
 
+using namespace Qt::StringLiterals;
+
 CTblAutomobilPayments::CTblAutomobilPayments(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblAutomobilPayments::~CTblAutomobilPayments() = default;
 
 QString CTblAutomobilPayments::GetTableName() const
 {
-    return QStringLiteral("AutomobilPayments");
+    return u"AutomobilPayments"_s;
 }
 
 void CTblAutomobilPayments::DoFieldExchange()

@@ -3,6 +3,8 @@
 
 #include "auto/db/CTblAutomobilTariffs.h"
 
+using namespace Qt::StringLiterals;
+
 CTblAutomobilTariffs::CTblAutomobilTariffs(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblAutomobilTariffs::~CTblAutomobilTariffs() = default;
 
 QString CTblAutomobilTariffs::GetTableName() const
 {
-    return QStringLiteral("AutomobilTariffs");
+    return u"AutomobilTariffs"_s;
 }
 
 void CTblAutomobilTariffs::DoFieldExchange()

@@ -5,6 +5,8 @@
 
 #include "suite/db/CTblTemp.h"
 
+using namespace Qt::StringLiterals;
+
 CTblCarBrands::CTblCarBrands(int database)
     : KMySQL(database)
 {
@@ -14,7 +16,7 @@ CTblCarBrands::~CTblCarBrands() = default;
 
 QString CTblCarBrands::GetTableName() const
 {
-    return QStringLiteral("CarBrands");
+    return u"CarBrands"_s;
 }
 
 bool CTblCarBrands::Delete()

@@ -7,6 +7,8 @@
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
 
+using namespace Qt::StringLiterals;
+
 // Makers of the car catalog, its first level.
 class CTblCarBrands : public KMySQL, private KLiveCount<CTblCarBrands>
 {
@@ -25,7 +27,7 @@ public:
     static int FillComboBox(ComboBox *combo, int database = 0)
     {
         CTblCarBrands rows(database);
-        rows.m_sort = QStringLiteral("iID");
+        rows.m_sort = u"iID"_s;
         return fillComboBox(combo, rows, 0);
     }
 

@@ -3,6 +3,8 @@
 
 #include "auto/db/CTblCarClasses.h"
 
+using namespace Qt::StringLiterals;
+
 CTblCarClasses::CTblCarClasses(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblCarClasses::~CTblCarClasses() = default;
 
 QString CTblCarClasses::GetTableName() const
 {
-    return QStringLiteral("CarClasses");
+    return u"CarClasses"_s;
 }
 
 void CTblCarClasses::DoFieldExchange()

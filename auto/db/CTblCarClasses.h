@@ -7,6 +7,8 @@
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
 
+using namespace Qt::StringLiterals;
+
 // Classes (trims) of the car catalog; iBrandID is the key of the class's model.
 class CTblCarClasses : public KMySQL, private KLiveCount<CTblCarClasses>
 {
@@ -24,7 +26,7 @@ public:
     {
         CTblCarClasses rows(database);
         rows.m_filter = QString::asprintf("iBrandID=%d", modelID);
-        rows.m_sort = QStringLiteral("iID");
+        rows.m_sort = u"iID"_s;
         return fillComboBox(combo, rows, current);
     }
 

@@ -5,6 +5,8 @@
 
 #include "suite/db/CTblTemp.h"
 
+using namespace Qt::StringLiterals;
+
 CTblCarModels::CTblCarModels(int database)
     : KMySQL(database)
 {
@@ -14,7 +16,7 @@ CTblCarModels::~CTblCarModels() = default;
 
 QString CTblCarModels::GetTableName() const
 {
-    return QStringLiteral("CarModels");
+    return u"CarModels"_s;
 }
 
 bool CTblCarModels::Delete()

@@ -5,13 +5,15 @@
 
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 // Fills a drop-down of any kind with the rows of the set in its order: the shown text is the row's name, the data its key.
 // Stands on the row with key current, on none when there is no such row. Gives 1.
 template <class Rows, class ComboBox>
 int fillComboBox(ComboBox *combo, Rows &rows, int current)
 {
     combo->clear();
-    rows.SetColumns({QStringLiteral("sName")});
+    rows.SetColumns({u"sName"_s});
     int chosen = -1;
     for (rows.Open(true, true, true); !rows.IsEOF(); rows.MoveNext()) {
         combo->addItem(rows.m_sName, rows.m_iID);

@@ -10,6 +10,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 // Saves a record that a user has written or changed, in one transaction with what belongs to it.
 namespace RecordSaving {
 
@@ -36,7 +38,7 @@ template <class Record>
     KTransaction::runReplayable([&] {
         saved = false;
         Record record;
-        if (!record.IsRecordExist(QStringLiteral("iID"), decision.key, 0, QString()))
+        if (!record.IsRecordExist(u"iID"_s, decision.key, 0, QString()))
             return;
         record.Edit();
         if (record.m_iUserID == 0)

@@ -10,6 +10,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+using namespace Qt::StringLiterals;
+
 ArchiveLine::ArchiveLine(QWidget *parent)
     : QWidget(parent)
     , m_user(new QLabel(this))
@@ -17,10 +19,10 @@ ArchiveLine::ArchiveLine(QWidget *parent)
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(new QLabel(QStringLiteral("کاربر بايگاني کننده :"), this));
+    row->addWidget(new QLabel(u"کاربر بايگاني کننده :"_s, this));
     row->addWidget(m_user);
     row->addSpacing(24);
-    row->addWidget(new QLabel(QStringLiteral("تاريخ بايگاني :"), this));
+    row->addWidget(new QLabel(u"تاريخ بايگاني :"_s, this));
     row->addWidget(m_date);
     row->addStretch(1);
 }

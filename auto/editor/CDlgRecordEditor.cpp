@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgRecordEditor::CDlgRecordEditor(int key, EditorMode mode, QWidget *parent)
     : KDialog(parent)
     , m_key(key)
@@ -27,7 +29,7 @@ CDlgRecordEditor::CDlgRecordEditor(int key, EditorMode mode, QWidget *parent)
 void CDlgRecordEditor::buildFrame()
 {
     m_tabs = new KTabPageButtons(this);
-    m_active = new QCheckBox(QStringLiteral("فعال"), this);
+    m_active = new QCheckBox(u"فعال"_s, this);
     m_active->setEnabled(!isShowMode());
     m_buttons = createButtons();
 
@@ -39,7 +41,7 @@ void CDlgRecordEditor::buildFrame()
     bottom->addStretch(1);
     bottom->addWidget(m_buttons);
     m_lastCommand = m_active;
-    m_unarchive = addCommand(QStringLiteral("برگشت از بايگاني"), [this] { unarchive(); });
+    m_unarchive = addCommand(u"برگشت از بايگاني"_s, [this] { unarchive(); });
     m_lastCommand = m_active;
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs, 1);
@@ -78,7 +80,7 @@ void CDlgRecordEditor::leaveOnlyWayBack()
 {
     for (QAbstractButton *button : m_buttons->buttons()) {
         if (m_buttons->buttonRole(button) != QDialogButtonBox::AcceptRole) {
-            button->setText(QStringLiteral("بازگشت"));
+            button->setText(u"بازگشت"_s);
             continue;
         }
         // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.

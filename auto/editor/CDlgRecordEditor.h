@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 class KTabPageButtons;
 class QCheckBox;
 class QDialogButtonBox;
@@ -69,7 +71,7 @@ protected:
     template <class Record>
     [[nodiscard]] bool loadRecord(Record &record) const
     {
-        return record.IsRecordExist(QStringLiteral("iID"), m_key, 0, QString());
+        return record.IsRecordExist(u"iID"_s, m_key, 0, QString());
     }
 
     template <class Record>

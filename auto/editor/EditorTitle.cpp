@@ -3,15 +3,17 @@
 
 #include "auto/editor/EditorTitle.h"
 
+using namespace Qt::StringLiterals;
+
 QString editorTitle(const QString &name, EditorMode mode)
 {
     switch (mode) {
     case EditorMode::New:
-        return name + QStringLiteral("- جدید");
+        return name + u"- جدید"_s;
     case EditorMode::Edit:
-        return name + QStringLiteral("- ویرایش");
+        return name + u"- ویرایش"_s;
     case EditorMode::Show:
-        return name + QStringLiteral(" - نمایش");
+        return name + u" - نمایش"_s;
     }
     Q_UNREACHABLE();
 }

@@ -8,6 +8,8 @@
 #include <exception>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 // A record that an editor begins with is in its table before the user has entered anything.
 namespace NewRecord {
 
@@ -24,7 +26,7 @@ template <class Record>
         error = std::current_exception();
     }
     Record record;
-    if (!confirmed && record.IsRecordExist(QStringLiteral("iID"), key)) {
+    if (!confirmed && record.IsRecordExist(u"iID"_s, key)) {
         if (before)
             before();
         record.Delete();

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace SchemaTables {
 
 namespace {
@@ -377,7 +379,7 @@ QString definition(const Column &column)
     case ColumnType::Key: return name + QLatin1String(" INT NOT NULL AUTO_INCREMENT");
     case ColumnType::Integer: return name + QLatin1String(" INT DEFAULT 0");
     case ColumnType::Decimal: return name + QLatin1String(" DOUBLE DEFAULT 0");
-    case ColumnType::Text: return name + QStringLiteral(" VARCHAR(%1) DEFAULT NULL").arg(column.length);
+    case ColumnType::Text: return name + u" VARCHAR(%1) DEFAULT NULL"_s.arg(column.length);
     case ColumnType::DateTime: return name + QLatin1String(" DATETIME DEFAULT NULL");
     case ColumnType::Flag: return name + QLatin1String(" TINYINT DEFAULT 0");
     }
@@ -386,7 +388,7 @@ QString definition(const Column &column)
 
 QString definition(const Index &index)
 {
-    return QStringLiteral("%1 %2 (%3)")
+    return u"%1 %2 (%3)"_s
         .arg(QLatin1String(index.kind), QLatin1String(index.name), QLatin1String(index.column));
 }
 
@@ -412,10 +414,10 @@ QString createStatement(const Table &table)
     QStringList definitions;
     for (const Column &column : table.columns)
         definitions.append(definition(column));
-    definitions.append(QStringLiteral("PRIMARY KEY (iID)"));
+    definitions.append(u"PRIMARY KEY (iID)"_s);
     for (const Index &index : table.indexes)
         definitions.append(definition(index));
-    return QStringLiteral("CREATE TABLE %1(%2)ENGINE = InnoDB CHARSET=utf8")
+    return u"CREATE TABLE %1(%2)ENGINE = InnoDB CHARSET=utf8"_s
         .arg(QLatin1String(table.name), definitions.join(QLatin1Char(',')));
 }
 

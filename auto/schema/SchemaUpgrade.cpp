@@ -9,6 +9,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char contractsGainSecondParty[] =
@@ -107,7 +109,7 @@ public:
     ~LenientSession()
     {
         try {
-            m_session.ExecuteQuery(QStringLiteral("SET SESSION sql_mode='%1'").arg(m_before));
+            m_session.ExecuteQuery(u"SET SESSION sql_mode='%1'"_s.arg(m_before));
         } catch (const CMySQLException &) {
             // Only a lost connection refuses this; the next one sets its session up by itself.
         }
@@ -129,8 +131,8 @@ struct SchemaMemory
 
 bool isRenamed(const RenamedColumn &renamed, CTblTemp &session)
 {
-    session.ExecuteQuery(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
-                                        " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'")
+    session.ExecuteQuery(u"SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
+                         " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'"_s
                              .arg(QLatin1String(renamed.table), QLatin1String(renamed.column)));
     return session.GetLongFieldValue(0) > 0;
 }

@@ -8,13 +8,15 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString dutyKey = QStringLiteral("dPercentImposition");
-const QString taxKey = QStringLiteral("dPrecentTax"); // stored under this spelling in every database
-const QString thirdInUseKey = QStringLiteral("bTransactionAmount");
-const QString demandsKey = QStringLiteral("bDemands");
-const QString daysKey = QStringLiteral("iDay");
+const QString dutyKey = u"dPercentImposition"_s;
+const QString taxKey = u"dPrecentTax"_s; // stored under this spelling in every database
+const QString thirdInUseKey = u"bTransactionAmount"_s;
+const QString demandsKey = u"bDemands"_s;
+const QString daysKey = u"iDay"_s;
 
 struct TierKeys
 {
@@ -23,9 +25,9 @@ struct TierKeys
 };
 
 const std::array<TierKeys, 3> tierKeys{{
-    {QStringLiteral("dTransactionAmount"), QStringLiteral("dPercentCommission")},
-    {QStringLiteral("dTransactionAmount2"), QStringLiteral("dPercentCommission2")},
-    {QStringLiteral("dTransactionAmount3"), QStringLiteral("dPercentCommission3")},
+    {u"dTransactionAmount"_s, u"dPercentCommission"_s},
+    {u"dTransactionAmount2"_s, u"dPercentCommission2"_s},
+    {u"dTransactionAmount3"_s, u"dPercentCommission3"_s},
 }};
 
 bool isAbove(double first, double second)
@@ -37,7 +39,7 @@ bool isAbove(double first, double second)
 
 QString ContractSettings::section()
 {
-    return QStringLiteral("AutomobilContracts");
+    return u"AutomobilContracts"_s;
 }
 
 ContractSettings ContractSettings::of(const OfficeSettings &settings)

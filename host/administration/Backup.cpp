@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QProgressDialog>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The bar counts in thousandths, because a database may have more bytes than an int holds.
@@ -31,8 +33,8 @@ namespace Backup {
 
 QString takeNow(const QString &folder, QWidget *parent)
 {
-    QProgressDialog window(QStringLiteral("در حال پشتیبان‌گیری از پایگاه داده …"), QStringLiteral("انصراف"), 0, wholeBar, parent);
-    window.setWindowTitle(QStringLiteral("پشتیبان‌گیری"));
+    QProgressDialog window(u"در حال پشتیبان‌گیری از پایگاه داده …"_s, u"انصراف"_s, 0, wholeBar, parent);
+    window.setWindowTitle(u"پشتیبان‌گیری"_s);
     window.setWindowModality(Qt::ApplicationModal);
     window.setAutoClose(false);
     window.setAutoReset(false);
@@ -41,7 +43,7 @@ QString takeNow(const QString &folder, QWidget *parent)
         const DatabaseDump dump(KConnection::settings(0), folder);
         QString path = dump.take([&](qint64 done, qint64 expected) { return showProgress(window, done, expected); });
         window.hide();
-        g_pDlgMessage->Show(QStringLiteral("پشتیبان پایگاه داده ساخته شد:\n%1").arg(ServerError::shownPath(path)), parent);
+        g_pDlgMessage->Show(u"پشتیبان پایگاه داده ساخته شد:\n%1"_s.arg(ServerError::shownPath(path)), parent);
         return path;
     } catch (const ServerError &error) {
         window.hide();
@@ -55,8 +57,8 @@ QString takeNow(const QString &folder, QWidget *parent)
 void showFolder(const QString &folder, QWidget *parent)
 {
     QDir().mkpath(folder);
-    if (!KProcess::Execute(QStringLiteral("Explorer"), folder))
-        g_pDlgMessage->Show(QStringLiteral("پشتیبان‌ها در این پوشه هستند:\n%1").arg(ServerError::shownPath(folder)), parent);
+    if (!KProcess::Execute(u"Explorer"_s, folder))
+        g_pDlgMessage->Show(u"پشتیبان‌ها در این پوشه هستند:\n%1"_s.arg(ServerError::shownPath(folder)), parent);
 }
 
 }

@@ -18,22 +18,24 @@
 #include <QFormLayout>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
     : KDialog(parent)
     , m_userID(userID)
-    , m_admin(new QCheckBox(QStringLiteral("مدیر برنامه (همه دسترسی‌ها)"), this))
-    , m_active(new QCheckBox(QStringLiteral("فعال"), this))
+    , m_admin(new QCheckBox(u"مدیر برنامه (همه دسترسی‌ها)"_s, this))
+    , m_active(new QCheckBox(u"فعال"_s, this))
 {
-    setWindowTitle(userID == 0 ? QStringLiteral("کاربر جدید") : QStringLiteral("ویرایش کاربر"));
+    setWindowTitle(userID == 0 ? u"کاربر جدید"_s : u"ویرایش کاربر"_s);
     auto *form = new QFormLayout;
-    m_user = addEdit(form, QStringLiteral("نام کاربری :"), 50);
-    m_name = addEdit(form, QStringLiteral("نام :"), 100);
-    m_password = addEdit(form, QStringLiteral("کلمه عبور :"), 200);
-    m_repeated = addEdit(form, QStringLiteral("تکرار کلمه عبور :"), 200);
+    m_user = addEdit(form, u"نام کاربری :"_s, 50);
+    m_name = addEdit(form, u"نام :"_s, 100);
+    m_password = addEdit(form, u"کلمه عبور :"_s, 200);
+    m_repeated = addEdit(form, u"تکرار کلمه عبور :"_s, 200);
     for (KEdit *edit : {m_password, m_repeated}) {
         edit->setEchoMode(QLineEdit::Password);
         if (userID != 0)
-            edit->setPlaceholderText(QStringLiteral("بدون تغییر"));
+            edit->setPlaceholderText(u"بدون تغییر"_s);
     }
     form->addRow(QString(), m_admin);
     form->addRow(QString(), m_active);
@@ -59,7 +61,7 @@ KEdit *CDlgAddUser::addEdit(QFormLayout *form, const QString &caption, int maxLe
 void CDlgAddUser::load()
 {
     CTblUsers user;
-    if (m_userID == 0 || !user.IsRecordExist(QStringLiteral("iID"), m_userID))
+    if (m_userID == 0 || !user.IsRecordExist(u"iID"_s, m_userID))
         return;
     m_user->setText(user.m_sUser);
     m_name->setText(user.m_sName);
@@ -77,7 +79,7 @@ bool CDlgAddUser::refuse(const QString &message, QWidget *field)
 bool CDlgAddUser::validate()
 {
     if (ConvertToStandard(m_user->text()).isEmpty())
-        return refuse(QStringLiteral("لطفا نام کاربری را وارد نمایید."), m_user);
+        return refuse(u"لطفا نام کاربری را وارد نمایید."_s, m_user);
     const bool keepsPassword = m_userID != 0 && m_password->text().isEmpty() && m_repeated->text().isEmpty();
     const QString problem = keepsPassword ? QString() : CDlgFirstStart::passwordProblem(m_password->text(), m_repeated->text());
     if (!problem.isEmpty())
@@ -85,9 +87,9 @@ bool CDlgAddUser::validate()
     if (m_userID == 0)
         return true;
     if (m_userID == GetDBSetting()->GetUserID() && !m_active->isChecked())
-        return refuse(QStringLiteral("کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."), m_active);
+        return refuse(u"کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."_s, m_active);
     if ((!m_admin->isChecked() || !m_active->isChecked()) && !CTblUsers::hasOtherAdmin(m_userID))
-        return refuse(QStringLiteral("برنامه باید دست‌کم یک مدیر فعال داشته باشد."), m_admin);
+        return refuse(u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s, m_admin);
     return true;
 }
 
@@ -99,7 +101,7 @@ void CDlgAddUser::store()
     else if (!m_password->text().isEmpty())
         CTblUsers::setPassword(m_userID, m_password->text());
     CTblUsers user;
-    if (user.IsRecordExist(QStringLiteral("iID"), m_userID)) {
+    if (user.IsRecordExist(u"iID"_s, m_userID)) {
         user.Edit();
         user.m_sUser = ConvertToStandard(m_user->text());
         user.m_sName = ConvertToStandard(m_name->text());

@@ -15,14 +15,16 @@
 #include <QFormLayout>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgChangePassword::CDlgChangePassword(QWidget *parent)
     : KDialog(parent)
 {
-    setWindowTitle(QStringLiteral("تغییر کلمه عبور"));
+    setWindowTitle(u"تغییر کلمه عبور"_s);
     auto *form = new QFormLayout;
-    m_old = addPassword(form, QStringLiteral("کلمه عبور کنونی :"));
-    m_new = addPassword(form, QStringLiteral("کلمه عبور جدید :"));
-    m_repeated = addPassword(form, QStringLiteral("تکرار کلمه عبور جدید :"));
+    m_old = addPassword(form, u"کلمه عبور کنونی :"_s);
+    m_new = addPassword(form, u"کلمه عبور جدید :"_s);
+    m_repeated = addPassword(form, u"تکرار کلمه عبور جدید :"_s);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons());
@@ -50,7 +52,7 @@ bool CDlgChangePassword::OnOK()
     const KWaitCursor wait;
     const CDBSetting *setting = GetDBSetting();
     if (CTblUsers::verify(setting->GetUserName(), m_old->text()) != setting->GetUserID()) {
-        g_pDlgWarning->Show(QStringLiteral("کلمه عبور کنونی درست نیست."), this);
+        g_pDlgWarning->Show(u"کلمه عبور کنونی درست نیست."_s, this);
         m_old->selectAll();
         m_old->setFocus();
         return false;

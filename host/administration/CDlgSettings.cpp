@@ -23,6 +23,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgSettings::CDlgSettings(QWidget *parent)
     : CDlgSettings(OfficeSettings::read(), parent)
 {
@@ -32,7 +34,7 @@ CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
     , m_wasClosed(settings.isClosed())
 {
-    setWindowTitle(QStringLiteral("تنظیمات"));
+    setWindowTitle(u"تنظیمات"_s);
     auto *column = new QVBoxLayout(this);
     for (QGroupBox *box : {buildCompany(), buildMoney(), buildFiscalYear(), buildCatalog()}) {
         box->setEnabled(!m_wasClosed);
@@ -46,8 +48,8 @@ CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
 
 QGroupBox *CDlgSettings::buildCompany()
 {
-    auto *box = new QGroupBox(QStringLiteral("نمایشگاه"), this);
-    auto *button = new QPushButton(QStringLiteral("مشخصات نمایشگاه"), box);
+    auto *box = new QGroupBox(u"نمایشگاه"_s, this);
+    auto *button = new QPushButton(u"مشخصات نمایشگاه"_s, box);
     button->setAccessibleName(button->text());
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this] { CDlgAddCompanyProps(this).exec(); });
@@ -59,21 +61,21 @@ QGroupBox *CDlgSettings::buildCompany()
 
 QGroupBox *CDlgSettings::buildMoney()
 {
-    auto *box = new QGroupBox(QStringLiteral("واحد پول"), this);
+    auto *box = new QGroupBox(u"واحد پول"_s, this);
     auto *form = new QFormLayout(box);
     m_unit = new KEdit(box);
     m_unit->setMaxLength(20);
     m_decimals = new QComboBox(box);
     for (int decimals = 0; decimals <= OfficeSettings::mostDecimals; ++decimals)
         m_decimals->addItem(QString::number(decimals));
-    addLabelled(form, QStringLiteral("نام واحد پول :"), m_unit);
-    addLabelled(form, QStringLiteral("رقم‌های اعشار :"), m_decimals);
+    addLabelled(form, u"نام واحد پول :"_s, m_unit);
+    addLabelled(form, u"رقم‌های اعشار :"_s, m_decimals);
     return box;
 }
 
 QGroupBox *CDlgSettings::buildFiscalYear()
 {
-    auto *box = new QGroupBox(QStringLiteral("سال مالی"), this);
+    auto *box = new QGroupBox(u"سال مالی"_s, this);
     auto *form = new QFormLayout(box);
     m_fiscalYear = new KEdit(KEdit::Kind::Integer, box);
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
@@ -84,15 +86,15 @@ QGroupBox *CDlgSettings::buildFiscalYear()
         if (const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1); first.isValid())
             m_opening->setDate(first);
     });
-    addLabelled(form, QStringLiteral("سال مالی :"), m_fiscalYear);
-    addLabelled(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
+    addLabelled(form, u"سال مالی :"_s, m_fiscalYear);
+    addLabelled(form, u"تاریخ افتتاح :"_s, m_opening);
     return box;
 }
 
 QGroupBox *CDlgSettings::buildCatalog()
 {
-    auto *box = new QGroupBox(QStringLiteral("نام خودرو"), this);
-    m_catalogLocked = new QCheckBox(QStringLiteral("فهرست خودروها قفل است (فقط انتخاب)"), box);
+    auto *box = new QGroupBox(u"نام خودرو"_s, this);
+    m_catalogLocked = new QCheckBox(u"فهرست خودروها قفل است (فقط انتخاب)"_s, box);
     m_catalogLocked->setAccessibleName(m_catalogLocked->text());
     auto *column = new QVBoxLayout(box);
     column->addWidget(m_catalogLocked);
@@ -101,10 +103,10 @@ QGroupBox *CDlgSettings::buildCatalog()
 
 QGroupBox *CDlgSettings::buildDatabase()
 {
-    auto *box = new QGroupBox(QStringLiteral("پایگاه داده"), this);
-    m_closed = new QCheckBox(QStringLiteral("پایگاه داده بسته است (فقط مشاهده)"), box);
+    auto *box = new QGroupBox(u"پایگاه داده"_s, this);
+    m_closed = new QCheckBox(u"پایگاه داده بسته است (فقط مشاهده)"_s, box);
     m_closed->setAccessibleName(m_closed->text());
-    auto *note = new QLabel(QStringLiteral("در پایگاه داده بسته هیچ ثبت، ویرایش یا حذفی انجام نمی‌شود."), box);
+    auto *note = new QLabel(u"در پایگاه داده بسته هیچ ثبت، ویرایش یا حذفی انجام نمی‌شود."_s, box);
     note->setWordWrap(true);
     auto *column = new QVBoxLayout(box);
     column->addWidget(m_closed);
@@ -132,11 +134,11 @@ bool CDlgSettings::refuse(const QString &message, QWidget *field)
 bool CDlgSettings::validate()
 {
     if (ConvertToStandard(m_unit->text()).isEmpty())
-        return refuse(QStringLiteral("لطفا نام واحد پول را وارد نمایید."), m_unit);
+        return refuse(u"لطفا نام واحد پول را وارد نمایید."_s, m_unit);
     if (!m_fiscalYear->isEntryValid() || m_fiscalYear->text().isEmpty())
-        return refuse(QStringLiteral("لطفا سال مالی را درست وارد نمایید."), m_fiscalYear);
+        return refuse(u"لطفا سال مالی را درست وارد نمایید."_s, m_fiscalYear);
     if (!m_opening->isEntryValid() || !m_opening->dateTime().isValid())
-        return refuse(QStringLiteral("لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."), m_opening);
+        return refuse(u"لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."_s, m_opening);
     return true;
 }
 

@@ -17,6 +17,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     : KDialog(parent)
     , m_userID(userID)
@@ -25,14 +27,14 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     , m_source(new QComboBox(this))
 {
     CTblUsers user;
-    user.IsRecordExist(QStringLiteral("iID"), userID);
-    setWindowTitle(QStringLiteral("دسترسی‌های %1").arg(user.m_sName.isEmpty() ? user.m_sUser : user.m_sName));
-    SetSettingName(QStringLiteral("UserRights"));
+    user.IsRecordExist(u"iID"_s, userID);
+    setWindowTitle(u"دسترسی‌های %1"_s.arg(user.m_sName.isEmpty() ? user.m_sUser : user.m_sName));
+    SetSettingName(u"UserRights"_s);
     buildView();
 
     auto *column = new QVBoxLayout(this);
     if (user.m_bAdmin != 0) {
-        auto *note = new QLabel(QStringLiteral("این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."),
+        auto *note = new QLabel(u"این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."_s,
                                 this);
         note->setWordWrap(true);
         column->addWidget(note);
@@ -48,7 +50,7 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
 void CDlgUserRights::buildView()
 {
     m_view->setModel(m_grid);
-    m_view->setAccessibleName(QStringLiteral("جدول دسترسی‌ها"));
+    m_view->setAccessibleName(u"جدول دسترسی‌ها"_s);
     m_view->setAlternatingRowColors(true);
     m_view->setSelectionMode(QAbstractItemView::SingleSelection);
     // Tab leaves the grid, the arrow keys move in it, the space bar ticks.
@@ -63,8 +65,8 @@ void CDlgUserRights::buildView()
 QLayout *CDlgUserRights::buildCopyRow()
 {
     CTblUsers users;
-    users.m_filter = QStringLiteral("iID<>%1").arg(m_userID);
-    users.m_sort = QStringLiteral("sUser");
+    users.m_filter = u"iID<>%1"_s.arg(m_userID);
+    users.m_sort = u"sUser"_s;
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         m_source->addItem(users.m_sUser, users.m_iID);
 
@@ -78,13 +80,13 @@ QLayout *CDlgUserRights::buildCopyRow()
         row->addWidget(button);
         return button;
     };
-    addLabelled(row, QStringLiteral("کپی از کاربر :"), m_source);
-    QPushButton *copy = addButton(QStringLiteral("کپی"), [this] { takeOver(); });
+    addLabelled(row, u"کپی از کاربر :"_s, m_source);
+    QPushButton *copy = addButton(u"کپی"_s, [this] { takeOver(); });
     copy->setEnabled(m_source->count() > 0);
     m_source->setEnabled(m_source->count() > 0);
     row->addStretch();
-    addButton(QStringLiteral("انتخاب همه"), [this] { m_grid->setAll(true); });
-    addButton(QStringLiteral("هیچ کدام"), [this] { m_grid->setAll(false); });
+    addButton(u"انتخاب همه"_s, [this] { m_grid->setAll(true); });
+    addButton(u"هیچ کدام"_s, [this] { m_grid->setAll(false); });
     return row;
 }
 

@@ -31,7 +31,7 @@ KListColumn::Cell statusCell(const QVariant &value)
 }
 
 CDlgUsers::CDlgUsers(QWidget *parent)
-    : KListPage(QStringLiteral("کاربران و دسترسی‌ها"), QStringLiteral("Users"), QStringLiteral("Users"), parent)
+    : KListPage(u"کاربران و دسترسی‌ها"_s, u"Users"_s, u"Users"_s, parent)
 {
     build();
 }
@@ -40,13 +40,10 @@ QList<KListColumn> CDlgUsers::columnTable() const
 {
     return {
         KListColumn::rowNumber(30),
-        {.key = u"user"_s, .title = u"نام کاربری"_s, .width = 100, .alignment = Qt::AlignRight, .sortKey = u"sUser"_s,
-         .column = u"sUser"_s},
-        {.key = u"name"_s, .title = u"نام"_s, .width = 160, .alignment = Qt::AlignRight, .sortKey = u"sName"_s,
-         .column = u"sName"_s},
+        {.key = u"user"_s, .title = u"نام کاربری"_s, .width = 100, .alignment = Qt::AlignRight, .sortKey = u"sUser"_s, .column = u"sUser"_s},
+        {.key = u"name"_s, .title = u"نام"_s, .width = 160, .alignment = Qt::AlignRight, .sortKey = u"sName"_s, .column = u"sName"_s},
         {.key = u"admin"_s, .title = u"مدیر"_s, .width = 50, .sortKey = u"bAdmin"_s, .column = u"bAdmin"_s, .show = adminCell},
-        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 60, .sortKey = u"iStatus"_s, .column = u"iStatus"_s,
-         .show = statusCell},
+        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 60, .sortKey = u"iStatus"_s, .column = u"iStatus"_s, .show = statusCell},
     };
 }
 
@@ -59,12 +56,12 @@ std::vector<KListCommand> CDlgUsers::commands()
 {
     constexpr int onRow = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly;
     return {
-        {QStringLiteral("new"), QStringLiteral("جدید"), KListCommand::HiddenInReadOnly, [this] { addUser(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editUser(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("rights"), QStringLiteral("دسترسی‌ها"), onRow | KListCommand::StartsGroup, [this] { editRights(); }, QKeySequence(Qt::Key_F4),
-         QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("toggleActive"), QStringLiteral("فعال / غیرفعال"), onRow, [this] { toggleActive(); }, {}, QStringLiteral(":/icons/user.svg")},
+        {u"new"_s, u"جدید"_s, KListCommand::HiddenInReadOnly, [this] { addUser(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editUser(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"rights"_s, u"دسترسی‌ها"_s, onRow | KListCommand::StartsGroup, [this] { editRights(); }, QKeySequence(Qt::Key_F4),
+         u":/icons/settings.svg"_s},
+        {u"toggleActive"_s, u"فعال / غیرفعال"_s, onRow, [this] { toggleActive(); }, {}, u":/icons/user.svg"_s},
     };
 }
 
@@ -98,7 +95,7 @@ bool CDlgUsers::mayTouch(bool needsAdmin)
 {
     if (!needsAdmin || GetDBSetting()->IsAdmin())
         return true;
-    g_pDlgWarning->Show(QStringLiteral("این کار فقط برای مدیر برنامه مجاز است."), this);
+    g_pDlgWarning->Show(u"این کار فقط برای مدیر برنامه مجاز است."_s, this);
     return false;
 }
 
@@ -127,11 +124,11 @@ void CDlgUsers::toggleActive()
         return;
     const bool deactivates = user.m_iStatus == statusActive;
     if (deactivates && user.m_iID == GetDBSetting()->GetUserID()) {
-        g_pDlgWarning->Show(QStringLiteral("کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."), this);
+        g_pDlgWarning->Show(u"کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."_s, this);
         return;
     }
     if (deactivates && user.m_bAdmin && !CTblUsers::hasOtherAdmin(user.m_iID)) {
-        g_pDlgWarning->Show(QStringLiteral("برنامه باید دست‌کم یک مدیر فعال داشته باشد."), this);
+        g_pDlgWarning->Show(u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s, this);
         return;
     }
     user.Edit();

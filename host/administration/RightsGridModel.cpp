@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array columnRights{KSecurity::Access, KSecurity::Read, KSecurity::Write,
@@ -69,7 +71,7 @@ QVariant RightsGridModel::data(const QModelIndex &index, int role) const
     if (role == Qt::CheckStateRole)
         return m_rights.value(form.name) & right ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
-        return form.caption + QStringLiteral(" - ") + KSecurity::rightCaption(right);
+        return form.caption + u" - "_s + KSecurity::rightCaption(right);
     return {};
 }
 

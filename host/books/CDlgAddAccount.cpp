@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestCode = 9;
@@ -24,11 +26,11 @@ QString levelName(AccountLevel level)
 {
     switch (level) {
     case AccountLevel::Kol:
-        return QStringLiteral("حساب کل");
+        return u"حساب کل"_s;
     case AccountLevel::Moeen:
-        return QStringLiteral("حساب معین");
+        return u"حساب معین"_s;
     case AccountLevel::Tafsily:
-        return QStringLiteral("حساب تفصیلی");
+        return u"حساب تفصیلی"_s;
     }
     Q_UNREACHABLE();
 }
@@ -43,7 +45,7 @@ int proposedCode(AccountLevel level, int parent)
 
 QString accountText(int code)
 {
-    return code == 0 ? QString() : QStringLiteral("%1 - %2").arg(code).arg(AccountChart::nameOf(code));
+    return code == 0 ? QString() : u"%1 - %2"_s.arg(code).arg(AccountChart::nameOf(code));
 }
 
 }
@@ -56,7 +58,7 @@ CDlgAddAccount::CDlgAddAccount(AccountLevel level, int parentCode, QWidget *pare
     , m_codeEdit(new KEdit(this))
     , m_name(new KEdit(this))
 {
-    build(levelName(level) + QStringLiteral(" جدید"), accountText(parentCode));
+    build(levelName(level) + u" جدید"_s, accountText(parentCode));
     if (const int proposed = proposedCode(level, parentCode); proposed > 0) {
         m_codeEdit->setText(QString::number(proposed));
         m_name->setFocus();
@@ -73,7 +75,7 @@ CDlgAddAccount::CDlgAddAccount(int code, QWidget *parent)
     , m_codeEdit(new KEdit(this))
     , m_name(new KEdit(this))
 {
-    build(QStringLiteral("تغییر نام ") + levelName(m_level), accountText(m_parent));
+    build(u"تغییر نام "_s + levelName(m_level), accountText(m_parent));
     m_codeEdit->setText(QString::number(code));
     m_codeEdit->setReadOnly(true);
     m_name->setText(AccountChart::nameOf(code));
@@ -90,9 +92,9 @@ void CDlgAddAccount::build(const QString &title, const QString &above)
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     auto *form = new QFormLayout;
     if (!above.isEmpty())
-        form->addRow(QStringLiteral("زیر حساب :"), new QLabel(above, this));
-    addLabelled(form, QStringLiteral("کد :"), m_codeEdit);
-    addLabelled(form, QStringLiteral("نام :"), m_name);
+        form->addRow(u"زیر حساب :"_s, new QLabel(above, this));
+    addLabelled(form, u"کد :"_s, m_codeEdit);
+    addLabelled(form, u"نام :"_s, m_name);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons());

@@ -29,6 +29,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum RowColumn {
@@ -45,7 +47,7 @@ QVector<KLinesModel::Choice> accounts()
 {
     QVector<KLinesModel::Choice> choices;
     for (const AccountChart::Account &account : AccountChart::postable())
-        choices.append({account.code, QStringLiteral("%1 %2").arg(account.code).arg(account.name)});
+        choices.append({account.code, u"%1 %2"_s.arg(account.code).arg(account.name)});
     return choices;
 }
 
@@ -53,11 +55,11 @@ QVector<KLinesModel::Column> rowColumns()
 {
     using Kind = KLinesModel::Kind;
     return {
-        {QStringLiteral("حساب"), Kind::Choice, 130, 0, accounts()},
-        {QStringLiteral("شخص"), Kind::Pick, 110},
-        {QStringLiteral("شرح"), Kind::Text, 150, longestDescription},
-        {QStringLiteral("بدهکار"), Kind::Money, 80},
-        {QStringLiteral("بستانکار"), Kind::Money, 80},
+        {u"حساب"_s, Kind::Choice, 130, 0, accounts()},
+        {u"شخص"_s, Kind::Pick, 110},
+        {u"شرح"_s, Kind::Text, 150, longestDescription},
+        {u"بدهکار"_s, Kind::Money, 80},
+        {u"بستانکار"_s, Kind::Money, 80},
     };
 }
 
@@ -69,9 +71,9 @@ CDlgAddDocument::CDlgAddDocument(const ManualDocument &document, QWidget *parent
     , m_num(document.num)
     , m_fiscalYear(document.fiscalYear)
 {
-    setWindowTitle(m_num == 0 ? QStringLiteral("سند جدید")
-                              : QStringLiteral("سند شماره %1 سال مالی %2").arg(m_num).arg(m_fiscalYear));
-    SetSettingName(QStringLiteral("AddDocument"));
+    setWindowTitle(m_num == 0 ? u"سند جدید"_s
+                              : u"سند شماره %1 سال مالی %2"_s.arg(m_num).arg(m_fiscalYear));
+    SetSettingName(u"AddDocument"_s);
     build();
     load(document);
     resize(QSize(900, 520));
@@ -86,9 +88,9 @@ void CDlgAddDocument::build()
     for (const KLinesModel::Choice &choice : m_rows->columns().at(AccountColumn).choices)
         m_accounts.insert(choice.key);
     m_rowsView = new KLinesView(m_rows, this);
-    m_rowsView->setAccessibleName(QStringLiteral("ردیف‌های سند"));
+    m_rowsView->setAccessibleName(u"ردیف‌های سند"_s);
     m_totals = new QLabel(this);
-    m_totals->setObjectName(QStringLiteral("totals"));
+    m_totals->setObjectName(u"totals"_s);
     connect(m_rows, &KLinesModel::edited, this, &CDlgAddDocument::showTotals);
     connect(m_rowsView, &KLinesView::pickRequested, this, &CDlgAddDocument::pickPerson);
 
@@ -109,8 +111,8 @@ QWidget *CDlgAddDocument::buildHead()
     m_date = new KDateEdit(box);
     m_desc = new KEdit(box);
     m_desc->setMaxLength(CTblDocuments().textLength(u"sDesc"));
-    addLabelled(grid, 0, 0, QStringLiteral("تاریخ :"), m_date);
-    addLabelled(grid, 0, 2, QStringLiteral("شرح سند :"), m_desc);
+    addLabelled(grid, 0, 0, u"تاریخ :"_s, m_date);
+    addLabelled(grid, 0, 2, u"شرح سند :"_s, m_desc);
     grid->setColumnStretch(3, 1);
     return box;
 }
@@ -121,19 +123,19 @@ QWidget *CDlgAddDocument::buildRowCommands()
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const QString &caption, const QString &icon, const QString &hint) {
-        auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, box);
+        auto *button = new QPushButton(QIcon(u":/icons/%1.svg"_s.arg(icon)), caption, box);
         button->setAccessibleName(caption);
         button->setAutoDefault(false);
         button->setToolTip(hint);
         row->addWidget(button);
         return button;
     };
-    connect(add(QStringLiteral("ردیف جدید"), QStringLiteral("new"), QStringLiteral("Insert")), &QPushButton::clicked, m_rowsView,
+    connect(add(u"ردیف جدید"_s, u"new"_s, u"Insert"_s), &QPushButton::clicked, m_rowsView,
             &KLinesView::addLine);
-    connect(add(QStringLiteral("حذف ردیف"), QStringLiteral("delete"), QStringLiteral("Delete")), &QPushButton::clicked,
+    connect(add(u"حذف ردیف"_s, u"delete"_s, u"Delete"_s), &QPushButton::clicked,
             m_rowsView, &KLinesView::removeCurrentLine);
-    connect(add(QStringLiteral("تراز در این ردیف"), QStringLiteral("money"),
-                QStringLiteral("اختلاف دو طرف را در ردیف انتخاب‌شده می‌گذارد.")),
+    connect(add(u"تراز در این ردیف"_s, u"money"_s,
+                u"اختلاف دو طرف را در ردیف انتخاب‌شده می‌گذارد."_s),
             &QPushButton::clicked, this, &CDlgAddDocument::balanceHere);
     row->addStretch(1);
     return box;
@@ -193,10 +195,10 @@ void CDlgAddDocument::balanceHere()
 void CDlgAddDocument::showTotals()
 {
     const AccountBalance shown = documentSum(document().rows);
-    m_totals->setText(QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2     %3")
+    m_totals->setText(u"جمع بدهکار : %1     جمع بستانکار : %2     %3"_s
                           .arg(DToMoney(shown.bed), DToMoney(shown.bes),
-                               shown.isBalanced() ? QStringLiteral("تراز")
-                                                  : QStringLiteral("اختلاف : ") + DToMoney(std::abs(shown.net()))));
+                               shown.isBalanced() ? u"تراز"_s
+                                                  : u"اختلاف : "_s + DToMoney(std::abs(shown.net()))));
 }
 
 QString CDlgAddDocument::totalsText() const
@@ -230,7 +232,7 @@ bool CDlgAddDocument::refuseInvalidEntry()
         const KLinesModel::Cell &account = lines.at(index).at(AccountColumn);
         if (account.key != 0 || account.text.isEmpty())
             continue;
-        g_pDlgWarning->Show(QStringLiteral("حساب «%1» در لیست حساب‌ها نیست.").arg(account.text), this);
+        g_pDlgWarning->Show(u"حساب «%1» در لیست حساب‌ها نیست."_s.arg(account.text), this);
         m_rowsView->goTo(positions.at(index), AccountColumn);
         return false;
     }

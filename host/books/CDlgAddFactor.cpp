@@ -30,6 +30,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum LineColumn {
@@ -44,13 +46,13 @@ constexpr int longestDescription = 500;
 
 QString serviceText(int code, const QString &name)
 {
-    return QStringLiteral("%1 %2").arg(code).arg(name);
+    return u"%1 %2"_s.arg(code).arg(name);
 }
 
 QVector<KLinesModel::Choice> services()
 {
     CTblServices set;
-    set.m_sort = QStringLiteral("iCode");
+    set.m_sort = u"iCode"_s;
     QVector<KLinesModel::Choice> choices;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         choices.append({set.m_iID, serviceText(set.m_iCode, set.m_sName)});
@@ -61,11 +63,11 @@ QVector<KLinesModel::Column> lineColumns(int decimals)
 {
     using Kind = KLinesModel::Kind;
     return {
-        {QStringLiteral("خدمت"), Kind::Choice, 130, 0, services()},
-        {QStringLiteral("شرح"), Kind::Text, 150, longestDescription},
-        {QStringLiteral("تعداد"), Kind::Number, 45},
-        {QStringLiteral("قیمت"), Kind::Money, 80},
-        {QStringLiteral("مبلغ"), Kind::Computed, 85, 0, {}, [decimals](const KLinesModel::Line &line) {
+        {u"خدمت"_s, Kind::Choice, 130, 0, services()},
+        {u"شرح"_s, Kind::Text, 150, longestDescription},
+        {u"تعداد"_s, Kind::Number, 45},
+        {u"قیمت"_s, Kind::Money, 80},
+        {u"مبلغ"_s, Kind::Computed, 85, 0, {}, [decimals](const KLinesModel::Line &line) {
              return InvoiceFigures::lineAmount(line.at(CountColumn).number, line.at(PriceColumn).number, decimals);
          }},
     };
@@ -73,8 +75,8 @@ QVector<KLinesModel::Column> lineColumns(int decimals)
 
 QString titleOf(const Invoice &invoice)
 {
-    const QString kind = invoice.type == CTblFactors::purchase ? QStringLiteral("فاکتور خرید") : QStringLiteral("فاکتور فروش");
-    return invoice.num == 0 ? kind + QStringLiteral(" جدید") : kind + QStringLiteral(" شماره %1").arg(invoice.num);
+    const QString kind = invoice.type == CTblFactors::purchase ? u"فاکتور خرید"_s : u"فاکتور فروش"_s;
+    return invoice.num == 0 ? kind + u" جدید"_s : kind + u" شماره %1"_s.arg(invoice.num);
 }
 
 QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *parent)
@@ -98,7 +100,7 @@ CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *par
     , m_figures(m_decimals)
 {
     setWindowTitle(titleOf(invoice));
-    SetSettingName(QStringLiteral("AddFactor"));
+    SetSettingName(u"AddFactor"_s);
     build();
     load(invoice);
     applyShowMode();
@@ -115,7 +117,7 @@ void CDlgAddFactor::build()
 {
     m_lines = new KLinesModel(lineColumns(m_decimals), this);
     m_linesView = new KLinesView(m_lines, this);
-    m_linesView->setAccessibleName(QStringLiteral("ردیف‌های فاکتور"));
+    m_linesView->setAccessibleName(u"ردیف‌های فاکتور"_s);
     connect(m_lines, &KLinesModel::edited, this, &CDlgAddFactor::recompute);
 
     auto *column = new QVBoxLayout(this);
@@ -138,17 +140,17 @@ QWidget *CDlgAddFactor::buildHead()
     auto *box = new QWidget(this);
     auto *grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
-    m_person = new KPersonField(QStringLiteral("شخص :"), box);
+    m_person = new KPersonField(u"شخص :"_s, box);
     m_date = new KDateEdit(box);
     m_desc = new KEdit(box);
     m_desc->setMaxLength(longestDescription);
-    m_returned = new QCheckBox(QStringLiteral("برگشتی"), box);
+    m_returned = new QCheckBox(u"برگشتی"_s, box);
     m_returned->setAccessibleName(m_returned->text());
-    m_returned->setToolTip(QStringLiteral("همه ردیف‌های این فاکتور برگشت داده شده‌اند و سند آن برعکس است."));
-    addLabelled(grid, 0, 0, QStringLiteral("شخص :"), m_person);
-    addLabelled(grid, 0, 2, QStringLiteral("تاریخ :"), m_date);
+    m_returned->setToolTip(u"همه ردیف‌های این فاکتور برگشت داده شده‌اند و سند آن برعکس است."_s);
+    addLabelled(grid, 0, 0, u"شخص :"_s, m_person);
+    addLabelled(grid, 0, 2, u"تاریخ :"_s, m_date);
     grid->addWidget(m_returned, 0, 4);
-    addLabelled(grid, 1, 0, QStringLiteral("شرح :"), m_desc, 4);
+    addLabelled(grid, 1, 0, u"شرح :"_s, m_desc, 4);
     grid->setColumnStretch(1, 1);
     return box;
 }
@@ -158,10 +160,10 @@ QWidget *CDlgAddFactor::buildLineCommands()
     auto *box = new QWidget(this);
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
-    QPushButton *add = makeButton(QStringLiteral("ردیف جدید"), QStringLiteral(":/icons/new.svg"), box);
-    QPushButton *remove = makeButton(QStringLiteral("حذف ردیف"), QStringLiteral(":/icons/delete.svg"), box);
-    add->setToolTip(QStringLiteral("Insert"));
-    remove->setToolTip(QStringLiteral("Delete"));
+    QPushButton *add = makeButton(u"ردیف جدید"_s, u":/icons/new.svg"_s, box);
+    QPushButton *remove = makeButton(u"حذف ردیف"_s, u":/icons/delete.svg"_s, box);
+    add->setToolTip(u"Insert"_s);
+    remove->setToolTip(u"Delete"_s);
     connect(add, &QPushButton::clicked, m_linesView, &KLinesView::addLine);
     connect(remove, &QPushButton::clicked, m_linesView, &KLinesView::removeCurrentLine);
     row->addWidget(add);
@@ -186,13 +188,13 @@ QWidget *CDlgAddFactor::buildFigures()
     auto *box = new QWidget(this);
     auto *grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
-    m_sum = addFigure(grid, 0, 0, QStringLiteral("جمع ردیف‌ها :"), false, true);
-    m_discount = addFigure(grid, 1, 0, QStringLiteral("تخفیف :"), false, false);
-    m_taxPercent = addFigure(grid, 0, 2, QStringLiteral("درصد مالیات :"), true, false);
-    m_tax = addFigure(grid, 0, 4, QStringLiteral("مالیات :"), false, false);
-    m_dutyPercent = addFigure(grid, 1, 2, QStringLiteral("درصد عوارض :"), true, false);
-    m_duty = addFigure(grid, 1, 4, QStringLiteral("عوارض :"), false, false);
-    m_total = addFigure(grid, 2, 4, QStringLiteral("قابل پرداخت :"), false, true);
+    m_sum = addFigure(grid, 0, 0, u"جمع ردیف‌ها :"_s, false, true);
+    m_discount = addFigure(grid, 1, 0, u"تخفیف :"_s, false, false);
+    m_taxPercent = addFigure(grid, 0, 2, u"درصد مالیات :"_s, true, false);
+    m_tax = addFigure(grid, 0, 4, u"مالیات :"_s, false, false);
+    m_dutyPercent = addFigure(grid, 1, 2, u"درصد عوارض :"_s, true, false);
+    m_duty = addFigure(grid, 1, 4, u"عوارض :"_s, false, false);
+    m_total = addFigure(grid, 2, 4, u"قابل پرداخت :"_s, false, true);
     QFont bold = m_total->font();
     bold.setBold(true);
     m_total->setFont(bold);
@@ -223,13 +225,13 @@ QWidget *CDlgAddFactor::buildFoot()
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     m_document = new QLabel(box);
-    m_showDocument = makeButton(QStringLiteral("نمایش سند"), QStringLiteral(":/icons/document.svg"), box);
+    m_showDocument = makeButton(u"نمایش سند"_s, u":/icons/document.svg"_s, box);
     connect(m_showDocument, &QPushButton::clicked, this,
             [this] { CDlgShowDocument::Show(m_docNum, m_fiscalYear, this); });
     row->addWidget(m_document);
     row->addWidget(m_showDocument);
     row->addStretch(1);
-    row->addWidget(m_showOnly ? createButtons(QString(), QStringLiteral("بازگشت")) : createButtons());
+    row->addWidget(m_showOnly ? createButtons(QString(), u"بازگشت"_s) : createButtons());
     return box;
 }
 
@@ -268,11 +270,11 @@ void CDlgAddFactor::load(const Invoice &invoice)
     showFigures();
 
     CTblFactors record;
-    if (m_num != 0 && record.IsRecordExist(QStringLiteral("iID"), m_num)) {
+    if (m_num != 0 && record.IsRecordExist(u"iID"_s, m_num)) {
         m_docNum = record.m_iDocNum;
         m_fiscalYear = record.m_iFiscalYear;
-        const QString state = record.m_iStatus == CTblFactors::voided ? QStringLiteral("باطل شده - ") : QString();
-        m_document->setText(state + QStringLiteral("سند حسابداری شماره %1 سال مالی %2").arg(m_docNum).arg(m_fiscalYear));
+        const QString state = record.m_iStatus == CTblFactors::voided ? u"باطل شده - "_s : QString();
+        m_document->setText(state + u"سند حسابداری شماره %1 سال مالی %2"_s.arg(m_docNum).arg(m_fiscalYear));
     }
     m_document->setVisible(m_docNum != 0);
     m_showDocument->setVisible(m_docNum != 0);
@@ -357,7 +359,7 @@ bool CDlgAddFactor::refuseInvalidEntry()
         const KLinesModel::Cell &service = lines.at(index).at(ServiceColumn);
         if (service.key != 0 || service.text.isEmpty())
             continue;
-        g_pDlgWarning->Show(QStringLiteral("خدمت «%1» در لیست خدمات نیست.").arg(service.text), this);
+        g_pDlgWarning->Show(u"خدمت «%1» در لیست خدمات نیست."_s.arg(service.text), this);
         m_linesView->goTo(positions.at(index), ServiceColumn);
         return false;
     }

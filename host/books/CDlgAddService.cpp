@@ -14,23 +14,25 @@
 #include <QFormLayout>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgAddService::CDlgAddService(int serviceID, QWidget *parent)
     : KDialog(parent)
     , m_serviceID(serviceID)
     , m_code(new KEdit(KEdit::Kind::Integer, this))
     , m_name(new KEdit(this))
 {
-    setWindowTitle(serviceID == 0 ? QStringLiteral("خدمت جدید") : QStringLiteral("ویرایش خدمت"));
+    setWindowTitle(serviceID == 0 ? u"خدمت جدید"_s : u"ویرایش خدمت"_s);
     CTblServices service;
-    const bool known = serviceID != 0 && service.IsRecordExist(QStringLiteral("iID"), serviceID);
+    const bool known = serviceID != 0 && service.IsRecordExist(u"iID"_s, serviceID);
     m_name->setMaxLength(service.textLength(u"sName"));
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_code->setNumber(known ? service.m_iCode : CTblServices::nextCode());
     m_name->setText(service.m_sName);
 
     auto *form = new QFormLayout;
-    addLabelled(form, QStringLiteral("کد :"), m_code);
-    addLabelled(form, QStringLiteral("نام :"), m_name);
+    addLabelled(form, u"کد :"_s, m_code);
+    addLabelled(form, u"نام :"_s, m_name);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons());

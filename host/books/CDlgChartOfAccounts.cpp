@@ -38,6 +38,8 @@
 #include <functional>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Column {
@@ -55,13 +57,13 @@ constexpr int codeRole = Qt::UserRole;
 QVector<KListModel::Column> columns()
 {
     return {
-        {QStringLiteral("کد حساب"), Qt::AlignRight, 110},
-        {QStringLiteral("نام حساب"), Qt::AlignRight, 200},
-        {QStringLiteral("بدهکار"), Qt::AlignRight, 90},
-        {QStringLiteral("بستانکار"), Qt::AlignRight, 90},
-        {QStringLiteral("مانده"), Qt::AlignRight, 90},
-        {QStringLiteral("تشخیص"), Qt::AlignHCenter, 45},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 55},
+        {u"کد حساب"_s, Qt::AlignRight, 110},
+        {u"نام حساب"_s, Qt::AlignRight, 200},
+        {u"بدهکار"_s, Qt::AlignRight, 90},
+        {u"بستانکار"_s, Qt::AlignRight, 90},
+        {u"مانده"_s, Qt::AlignRight, 90},
+        {u"تشخیص"_s, Qt::AlignHCenter, 45},
+        {u"وضعیت"_s, Qt::AlignHCenter, 55},
     };
 }
 
@@ -79,7 +81,7 @@ KListModel::Row rowCells(const ChartRows::Row &row)
              sideCell(row.balance.bes),
              {DToMoney(std::abs(row.balance.net())), row.balance.net()},
              {row.balance.nature()},
-             {row.active ? QStringLiteral("فعال") : QStringLiteral("غیرفعال")}}};
+             {row.active ? u"فعال"_s : u"غیرفعال"_s}}};
 }
 
 QList<QStandardItem *> makeItems(const ChartRows::Row &row)
@@ -108,8 +110,8 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     , m_tree(new QTreeView(this))
     , m_model(new QStandardItemModel(this))
 {
-    setTitle(QStringLiteral("سرفصل حساب‌ها"));
-    SetFormName(QStringLiteral("ChartOfAccounts"));
+    setTitle(u"سرفصل حساب‌ها"_s);
+    SetFormName(u"ChartOfAccounts"_s);
     CheckSecurity();
     m_tree->setModel(m_model);
     m_tree->setAccessibleName(title());
@@ -143,18 +145,18 @@ bool CDlgChartOfAccounts::OnAccess()
 
 QWidget *CDlgChartOfAccounts::buildFilter()
 {
-    auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"), this);
+    auto *box = new QGroupBox(u"فيلتر جستجو"_s, this);
     auto *row = new QHBoxLayout(box);
     m_text = new KEdit(box);
     m_from = new KDateEdit(box);
     m_to = new KDateEdit(box);
-    addLabelled(row, QStringLiteral("کد یا نام :"), m_text);
-    addLabelled(row, QStringLiteral("مانده از تاریخ :"), m_from);
-    addLabelled(row, QStringLiteral("تا تاریخ :"), m_to);
-    m_inactive = new QCheckBox(QStringLiteral("نمایش غیرفعال‌ها"), box);
+    addLabelled(row, u"کد یا نام :"_s, m_text);
+    addLabelled(row, u"مانده از تاریخ :"_s, m_from);
+    addLabelled(row, u"تا تاریخ :"_s, m_to);
+    m_inactive = new QCheckBox(u"نمایش غیرفعال‌ها"_s, box);
     m_inactive->setAccessibleName(m_inactive->text());
     m_inactive->setChecked(true);
-    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"), box);
+    auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s, box);
     search->setAccessibleName(search->text());
     search->setAutoDefault(true);
     row->addWidget(m_inactive);
@@ -173,7 +175,7 @@ QWidget *CDlgChartOfAccounts::buildFilter()
 QPushButton *CDlgChartOfAccounts::addCommand(QHBoxLayout *row, const QString &caption, const QString &icon,
                                              const QKeySequence &shortcut, void (CDlgChartOfAccounts::*run)(), bool changes)
 {
-    auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/%1.svg").arg(icon)), caption, row->parentWidget());
+    auto *button = new QPushButton(QIcon(u":/icons/%1.svg"_s.arg(icon)), caption, row->parentWidget());
     button->setAccessibleName(caption);
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, [this, run] { guarded(run); });
@@ -196,18 +198,18 @@ QWidget *CDlgChartOfAccounts::buildCommands()
     auto *box = new QWidget(this);
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
-    addCommand(row, QStringLiteral("حساب کل جدید"), QStringLiteral("new"), QKeySequence(Qt::SHIFT | Qt::Key_Insert),
+    addCommand(row, u"حساب کل جدید"_s, u"new"_s, QKeySequence(Qt::SHIFT | Qt::Key_Insert),
                &CDlgChartOfAccounts::addGeneral, true);
-    m_addBelow = addCommand(row, QStringLiteral("زیرحساب جدید"), QStringLiteral("new"), QKeySequence(Qt::Key_Insert),
+    m_addBelow = addCommand(row, u"زیرحساب جدید"_s, u"new"_s, QKeySequence(Qt::Key_Insert),
                             &CDlgChartOfAccounts::addBelow, true);
-    m_rename = addCommand(row, QStringLiteral("تغییر نام"), QStringLiteral("edit"), QKeySequence(Qt::Key_F2),
+    m_rename = addCommand(row, u"تغییر نام"_s, u"edit"_s, QKeySequence(Qt::Key_F2),
                           &CDlgChartOfAccounts::rename, true);
-    m_toggle = addCommand(row, QStringLiteral("فعال / غیرفعال"), QStringLiteral("archive"), {},
+    m_toggle = addCommand(row, u"فعال / غیرفعال"_s, u"archive"_s, {},
                           &CDlgChartOfAccounts::toggleActive, true);
     row->addSpacing(12);
-    m_documents = addCommand(row, QStringLiteral("گردش حساب"), QStringLiteral("document"), {},
+    m_documents = addCommand(row, u"گردش حساب"_s, u"document"_s, {},
                              &CDlgChartOfAccounts::showDocuments, false);
-    addCommand(row, QStringLiteral("چاپ"), QStringLiteral("print"), QKeySequence(QKeySequence::Print),
+    addCommand(row, u"چاپ"_s, u"print"_s, QKeySequence(QKeySequence::Print),
                &CDlgChartOfAccounts::print, false);
     row->addStretch(1);
     m_count = new QLabel(box);
@@ -408,7 +410,7 @@ void CDlgChartOfAccounts::toggleActive()
     // What is in use can be put aside, but not by mistake: reports leave inactive accounts out.
     const AccountBalance whole = AccountLedger::balance(row->level, code, {}, {});
     if (deactivates && !whole.isBalanced()
-        && g_pDlgYesNo->Ask(QStringLiteral("این حساب %1 %2 مانده دارد و با غیرفعال شدن در گزارش‌ها نمی‌آید. ادامه می‌دهید؟")
+        && g_pDlgYesNo->Ask(u"این حساب %1 %2 مانده دارد و با غیرفعال شدن در گزارش‌ها نمی‌آید. ادامه می‌دهید؟"_s
                                 .arg(DToMoney(std::abs(whole.net())), whole.nature()),
                             this)
             == KMessageDialog::No)
@@ -434,11 +436,11 @@ void CDlgChartOfAccounts::print()
     QVector<KListModel::Row> rows;
     for (const ChartRows::Row &row : std::as_const(m_shown))
         rows.append(rowCells(row));
-    CDlgReportGenerator generator(QStringLiteral("ChartOfAccounts"), QStringLiteral("List"), this);
-    generator.SetText(QStringLiteral("Title"), title());
-    generator.SetText(QStringLiteral("LeftBottom"), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-    generator.SetText(QStringLiteral("Count"), countText());
-    generator.SetTable(QStringLiteral("List"), columns(), rows);
+    CDlgReportGenerator generator(u"ChartOfAccounts"_s, u"List"_s, this);
+    generator.SetText(u"Title"_s, title());
+    generator.SetText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+    generator.SetText(u"Count"_s, countText());
+    generator.SetTable(u"List"_s, columns(), rows);
     if (!generator.LoadLayout())
         generator.BuildListReport(title());
     generator.ShowReport();

@@ -36,7 +36,7 @@ QList<KListFilter::Choice> fiscalYearChoices()
 }
 
 CDlgDocuments::CDlgDocuments(QWidget *parent)
-    : KListPage(QStringLiteral("اسناد حسابداری"), QStringLiteral("Documents"), QStringLiteral("Documents"), parent)
+    : KListPage(u"اسناد حسابداری"_s, u"Documents"_s, u"Documents"_s, parent)
 {
     build();
     buildRowsPane();
@@ -50,14 +50,11 @@ QList<KListColumn> CDlgDocuments::columnTable() const
         {.key = u"number"_s, .title = u"شماره سند"_s, .width = 50, .sortKey = u"iNum"_s, .column = u"iNum"_s},
         {.key = u"year"_s, .title = u"سال مالی"_s, .width = 45, .sortKey = u"iFiscalYear"_s, .column = u"iFiscalYear"_s},
         {.key = u"date"_s, .title = u"تاریخ سند"_s, .width = 55, .sortKey = u"date"_s, .column = u"date"_s},
-        {.key = u"kind"_s, .title = u"نوع سند"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iKind"_s,
-         .cell = KListColumn::of<CTblDocuments>(kindCell)},
-        {.key = u"description"_s, .title = u"شرح سند"_s, .width = 200, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
-         .column = u"sDesc"_s},
+        {.key = u"kind"_s, .title = u"نوع سند"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iKind"_s, .cell = KListColumn::of<CTblDocuments>(kindCell)},
+        {.key = u"description"_s, .title = u"شرح سند"_s, .width = 200, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
         // The sum of the document's rows, which is asked for all documents at once.
         {.key = u"amount"_s, .title = u"مبلغ"_s, .alignment = Qt::AlignRight},
-        {.key = u"user"_s, .title = u"کاربر"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iUserID"_s,
-         .lookup = u"iUserID"_s},
+        {.key = u"user"_s, .title = u"کاربر"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iUserID"_s, .lookup = u"iUserID"_s},
     };
 }
 
@@ -76,12 +73,12 @@ std::vector<KListCommand> CDlgDocuments::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("new"), QStringLiteral("سند جدید"), C::HiddenInReadOnly, [this] { addDocument(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editDocument(); }, QKeySequence(Qt::Key_F2),
-         QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
+        {u"new"_s, u"سند جدید"_s, C::HiddenInReadOnly, [this] { addDocument(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editDocument(); }, QKeySequence(Qt::Key_F2),
+         u":/icons/edit.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
         printCommand(C::StartsGroup),
     };
 }
@@ -93,7 +90,7 @@ std::unique_ptr<KMySQL> CDlgDocuments::makeRecords() const
 
 QString CDlgDocuments::defaultSort() const
 {
-    return QStringLiteral("iFiscalYear DESC,iNum DESC");
+    return u"iFiscalYear DESC,iNum DESC"_s;
 }
 
 void CDlgDocuments::completeRows(QVector<KListModel::Row> &rows)
@@ -124,13 +121,13 @@ void CDlgDocuments::emptyAreaActivated()
 
 KListReport CDlgDocuments::reportSpec() const
 {
-    return {QStringLiteral("اسناد حسابداری"), QStringLiteral("Documents"), QStringLiteral("List")};
+    return {u"اسناد حسابداری"_s, u"Documents"_s, u"List"_s};
 }
 
 void CDlgDocuments::buildRowsPane()
 {
-    m_rows = new DocumentRowsPane(QStringLiteral("Documents\\Rows"), this);
-    auto *title = new QLabel(QStringLiteral("ردیف‌های سند انتخاب‌شده"), this);
+    m_rows = new DocumentRowsPane(u"Documents\\Rows"_s, this);
+    auto *title = new QLabel(u"ردیف‌های سند انتخاب‌شده"_s, this);
     title->setBuddy(m_rows->list());
     auto *column = static_cast<QVBoxLayout *>(layout());
     column->addWidget(title);

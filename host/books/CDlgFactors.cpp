@@ -18,7 +18,7 @@ namespace {
 
 QString typeName(int type)
 {
-    return type == CTblFactors::purchase ? QStringLiteral("خرید") : QStringLiteral("فروش");
+    return type == CTblFactors::purchase ? u"خرید"_s : u"فروش"_s;
 }
 
 KListColumn::Cell typeCell(const QVariant &type)
@@ -47,7 +47,7 @@ KListColumn::Cell owedCell(const CTblFactors &invoice)
 }
 
 CDlgFactors::CDlgFactors(QWidget *parent)
-    : KListPage(QStringLiteral("فاکتورها"), QStringLiteral("Factors"), QStringLiteral("Factors"), parent)
+    : KListPage(u"فاکتورها"_s, u"Factors"_s, u"Factors"_s, parent)
 {
     build();
 }
@@ -60,21 +60,14 @@ QList<KListColumn> CDlgFactors::columnTable() const
         {.key = u"type"_s, .title = u"نوع"_s, .width = 40, .sortKey = u"iType"_s, .column = u"iType"_s, .show = typeCell},
         {.key = u"date"_s, .title = u"تاریخ"_s, .width = 55, .sortKey = u"date"_s, .column = u"date"_s},
         {.key = u"person"_s, .title = u"شخص"_s, .width = 110, .alignment = Qt::AlignRight, .lookup = u"iPersonID"_s},
-        {.key = u"description"_s, .title = u"شرح"_s, .width = 110, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
-         .column = u"sDesc"_s},
-        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 70, .alignment = Qt::AlignRight, .sortKey = u"dAmount"_s,
-         .column = u"dAmount"_s},
-        {.key = u"discount"_s, .title = u"تخفیف"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dDiscount"_s,
-         .column = u"dDiscount"_s},
-        {.key = u"tax"_s, .title = u"مالیات"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dTax"_s,
-         .column = u"dTax"_s},
-        {.key = u"duty"_s, .title = u"عوارض"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dImposition"_s,
-         .column = u"dImposition"_s},
-        {.key = u"owed"_s, .title = u"قابل پرداخت"_s, .width = 75, .alignment = Qt::AlignRight,
-         .sortKey = u"dAmount-dDiscount+dTax+dImposition"_s, .cell = KListColumn::of<CTblFactors>(owedCell)},
+        {.key = u"description"_s, .title = u"شرح"_s, .width = 110, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 70, .alignment = Qt::AlignRight, .sortKey = u"dAmount"_s, .column = u"dAmount"_s},
+        {.key = u"discount"_s, .title = u"تخفیف"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dDiscount"_s, .column = u"dDiscount"_s},
+        {.key = u"tax"_s, .title = u"مالیات"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dTax"_s, .column = u"dTax"_s},
+        {.key = u"duty"_s, .title = u"عوارض"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dImposition"_s, .column = u"dImposition"_s},
+        {.key = u"owed"_s, .title = u"قابل پرداخت"_s, .width = 75, .alignment = Qt::AlignRight, .sortKey = u"dAmount-dDiscount+dTax+dImposition"_s, .cell = KListColumn::of<CTblFactors>(owedCell)},
         {.key = u"document"_s, .title = u"شماره سند"_s, .width = 45, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
-        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s,
-         .show = statusCell},
+        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s, .show = statusCell},
     };
 }
 
@@ -93,15 +86,15 @@ std::vector<KListCommand> CDlgFactors::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("newSale"), QStringLiteral("فروش جدید"), C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("newPurchase"), QStringLiteral("خرید جدید"), C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::purchase); },
-         QKeySequence(Qt::SHIFT | Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("void"), QStringLiteral("ابطال"), onRow, [this] { voidInvoice(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("show"), QStringLiteral("نمایش"), C::NeedsRow, [this] { showInvoice(); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("showDocument"), QStringLiteral("نمایش سند"), C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, QStringLiteral(":/icons/document.svg")},
+        {u"newSale"_s, u"فروش جدید"_s, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"newPurchase"_s, u"خرید جدید"_s, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::purchase); },
+         QKeySequence(Qt::SHIFT | Qt::Key_Insert), u":/icons/new.svg"_s},
+        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"void"_s, u"ابطال"_s, onRow, [this] { voidInvoice(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
+        {u"show"_s, u"نمایش"_s, C::NeedsRow, [this] { showInvoice(); }, {}, u":/icons/show.svg"_s},
+        {u"showDocument"_s, u"نمایش سند"_s, C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, u":/icons/document.svg"_s},
         printCommand(C::StartsGroup),
     };
 }
@@ -118,7 +111,7 @@ bool CDlgFactors::isWarning(KMySQL &record) const
 
 QString CDlgFactors::defaultSort() const
 {
-    return QStringLiteral("iID DESC");
+    return u"iID DESC"_s;
 }
 
 void CDlgFactors::activated(int)
@@ -134,7 +127,7 @@ void CDlgFactors::emptyAreaActivated()
 
 KListReport CDlgFactors::reportSpec() const
 {
-    return {QStringLiteral("فاکتورها"), QStringLiteral("Factors"), QStringLiteral("List")};
+    return {u"فاکتورها"_s, u"Factors"_s, u"List"_s};
 }
 
 void CDlgFactors::addInvoice(int type)
@@ -188,7 +181,7 @@ void CDlgFactors::voidInvoice()
         return;
     }
     const QString question =
-        QStringLiteral("فاکتور شماره %1 باطل می‌شود، سند آن خالی می‌شود و دیگر تغییر نمی‌کند. ادامه می‌دهید؟").arg(num);
+        u"فاکتور شماره %1 باطل می‌شود، سند آن خالی می‌شود و دیگر تغییر نمی‌کند. ادامه می‌دهید؟"_s.arg(num);
     if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::No)
         return;
     InvoicePosting::makeVoid(num);

@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 CDlgServices::CDlgServices(QWidget *parent)
-    : KListPage(QStringLiteral("خدمات"), QStringLiteral("Services"), QStringLiteral("Services"), parent)
+    : KListPage(u"خدمات"_s, u"Services"_s, u"Services"_s, parent)
 {
     build();
 }
@@ -23,16 +23,14 @@ QList<KListColumn> CDlgServices::columnTable() const
     return {
         KListColumn::rowNumber(30),
         {.key = u"code"_s, .title = u"کد خدمت"_s, .width = 50, .sortKey = u"iCode"_s, .column = u"iCode"_s},
-        {.key = u"name"_s, .title = u"نام خدمت"_s, .width = 300, .alignment = Qt::AlignRight, .sortKey = u"sName"_s,
-         .column = u"sName"_s},
+        {.key = u"name"_s, .title = u"نام خدمت"_s, .width = 300, .alignment = Qt::AlignRight, .sortKey = u"sName"_s, .column = u"sName"_s},
     };
 }
 
 QList<KListFilter> CDlgServices::filterTable() const
 {
     return {
-        {.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::QueryText, .place = {0, 0},
-         .clause = FilterClauses::part("sName"), .options = KListFilter::FindGoesHere},
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::QueryText, .place = {0, 0}, .clause = FilterClauses::part("sName"), .options = KListFilter::FindGoesHere},
     };
 }
 
@@ -46,11 +44,11 @@ std::vector<KListCommand> CDlgServices::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("new"), QStringLiteral("جدید"), C::HiddenInReadOnly, [this] { addService(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ویرایش"), onRow, [this] { editService(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteService(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
+        {u"new"_s, u"جدید"_s, C::HiddenInReadOnly, [this] { addService(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editService(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteService(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
         printCommand(C::StartsGroup),
     };
 }
@@ -62,7 +60,7 @@ std::unique_ptr<KMySQL> CDlgServices::makeRecords() const
 
 QString CDlgServices::defaultSort() const
 {
-    return QStringLiteral("iCode");
+    return u"iCode"_s;
 }
 
 void CDlgServices::activated(int)
@@ -77,7 +75,7 @@ void CDlgServices::emptyAreaActivated()
 
 KListReport CDlgServices::reportSpec() const
 {
-    return {QStringLiteral("خدمات"), QStringLiteral("Services"), QStringLiteral("List")};
+    return {u"خدمات"_s, u"Services"_s, u"List"_s};
 }
 
 void CDlgServices::addService()

@@ -12,6 +12,8 @@
 
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum UsageType {
@@ -41,13 +43,13 @@ constexpr Paint paints[] = {
     {u"بژ", 0xd3c6a6},
 };
 
-const QString separator = QStringLiteral("، ");
+const QString separator = u"، "_s;
 
 QStringList allColumns(KMySQL &record)
 {
     QStringList names;
     for (const KMySQL::Column &column : record.columns())
-        if (column.name != QStringLiteral("iID"))
+        if (column.name != u"iID"_s)
             names.append(column.name);
     return names;
 }
@@ -65,7 +67,7 @@ double rounded(double amount)
 // The one check digit that fits the others.
 QString vehicleIdentification(const QString &maker, const QString &serial)
 {
-    for (const QChar digit : QStringLiteral("0123456789X")) {
+    for (const QChar digit : u"0123456789X"_s) {
         QString number = maker + digit + serial;
         if (VehicleIdentification::check(number) == VehicleIdentification::State::Good)
             return number;
@@ -175,12 +177,12 @@ void DemoCars::setVehicle(const DemoCatalog::Model &model, const QDate &day)
 
 void DemoCars::setNumbers()
 {
-    m_car.m_sChassisNum = QStringLiteral("NAA%1").arg(m_random.between(10000000, 99999999));
-    m_car.m_sNumOfEngines = QStringLiteral("1%1").arg(m_random.between(1000000, 9999999));
-    m_car.m_sNumOfBodies = QStringLiteral("B%1").arg(m_random.between(100000, 999999));
-    m_car.m_sVIN = vehicleIdentification(QStringLiteral("NAA%1").arg(m_random.between(10000, 99999)),
+    m_car.m_sChassisNum = u"NAA%1"_s.arg(m_random.between(10000000, 99999999));
+    m_car.m_sNumOfEngines = u"1%1"_s.arg(m_random.between(1000000, 9999999));
+    m_car.m_sNumOfBodies = u"B%1"_s.arg(m_random.between(100000, 999999));
+    m_car.m_sVIN = vehicleIdentification(u"NAA%1"_s.arg(m_random.between(10000, 99999)),
                                          QString::number(m_random.between(10000000, 99999999)));
-    m_car.m_sNumOfPlates = QStringLiteral("%1 ب %2 ایران %3")
+    m_car.m_sNumOfPlates = u"%1 ب %2 ایران %3"_s
                                .arg(QString::number(m_random.between(11, 99)), QString::number(m_random.between(111, 999)),
                                     QString::number(m_random.between(10, 99)));
 }
@@ -201,8 +203,8 @@ void DemoCars::setEquipment()
     m_car.m_sFacilities = chosenAndMissing(CTblItems::typeFeature, 45).first;
     m_car.m_bDocumentDeficit = m_car.m_sDocumentsDeficit.isEmpty() ? 0 : 1;
     m_car.m_bFractionalParts = m_car.m_sFractionalParts.isEmpty() ? 0 : 1;
-    m_car.m_sDesc = m_random.chance(30) ? QStringLiteral("تک برگ، آماده انتقال") : QString();
-    m_car.m_sDescSpecial = m_random.chance(15) ? QStringLiteral("مالک عجله دارد") : QString();
+    m_car.m_sDesc = m_random.chance(30) ? u"تک برگ، آماده انتقال"_s : QString();
+    m_car.m_sDescSpecial = m_random.chance(15) ? u"مالک عجله دارد"_s : QString();
 }
 
 void DemoCars::setInsurance(const QDate &day)
@@ -211,7 +213,7 @@ void DemoCars::setInsurance(const QDate &day)
     m_car.m_dateInsurance = insured ? midnight(day.addDays(m_random.between(20, 340))) : QDateTime();
     m_car.m_sNameInsurance = insured ? m_ownerName : QString();
     m_car.m_sDiscountYears = insured ? QString::number(m_random.below(8)) : QString();
-    m_car.m_sInsuranceStatus = insured ? QStringLiteral("شخص ثالث") : QStringLiteral("فاقد بیمه");
+    m_car.m_sInsuranceStatus = insured ? u"شخص ثالث"_s : u"فاقد بیمه"_s;
 }
 
 void DemoCars::clearSale()
@@ -262,7 +264,7 @@ void DemoCars::setPicture(const DemoCatalog::Model &model, int code)
     if (code > mostPictures || !m_random.chance(80))
         return;
     const DemoPictures::Body body = bodyOf(model);
-    QByteArray &picture = m_pictures[QStringLiteral("%1 %2").arg(static_cast<int>(body)).arg(m_colorName)];
+    QByteArray &picture = m_pictures[u"%1 %2"_s.arg(static_cast<int>(body)).arg(m_colorName)];
     if (picture.isEmpty()) {
         const auto *paint = std::find_if(std::begin(paints), std::end(paints), [this](const Paint &p) { return p.name == m_colorName; });
         picture = DemoPictures::car(body, QColor(paint == std::end(paints) ? QRgb(0xb9bdc2) : paint->color));

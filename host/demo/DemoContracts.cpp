@@ -11,6 +11,8 @@
 #include "suite/utility/values/Provinces.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum ContractType {
@@ -24,7 +26,7 @@ QStringList allColumns(KMySQL &record)
 {
     QStringList names;
     for (const KMySQL::Column &column : record.columns())
-        if (column.name != QStringLiteral("iID"))
+        if (column.name != u"iID"_s)
             names.append(column.name);
     return names;
 }
@@ -190,34 +192,34 @@ void DemoContracts::setFigures(const Party &first, const Party &second, double a
 void DemoContracts::setCar()
 {
     const QString color = m_random.oneOf(DemoNames::colors()).toString();
-    m_contract.m_sAutomobilType = QStringLiteral("سواری");
+    m_contract.m_sAutomobilType = u"سواری"_s;
     m_contract.m_sColor = color;
     m_contract.m_sFuel = WordLists::textAt(WordLists::fuelTypes(), 1);
-    m_contract.m_sCapacity = QStringLiteral("5");
-    m_contract.m_sNumOFAxles = QStringLiteral("2");
-    m_contract.m_sNumOfWheels = QStringLiteral("4");
-    m_contract.m_sChassisNum = QStringLiteral("NAA%1").arg(m_random.between(10000000, 99999999));
-    m_contract.m_sNumOfEngines = QStringLiteral("1%1").arg(m_random.between(1000000, 9999999));
-    m_contract.m_sVIN = QStringLiteral("IR%1%2").arg(m_random.between(1000000, 9999999)).arg(m_random.between(10000000, 99999999));
-    m_contract.m_sNumOfPlates = QStringLiteral("%1 ب %2 ایران %3")
+    m_contract.m_sCapacity = u"5"_s;
+    m_contract.m_sNumOFAxles = u"2"_s;
+    m_contract.m_sNumOfWheels = u"4"_s;
+    m_contract.m_sChassisNum = u"NAA%1"_s.arg(m_random.between(10000000, 99999999));
+    m_contract.m_sNumOfEngines = u"1%1"_s.arg(m_random.between(1000000, 9999999));
+    m_contract.m_sVIN = u"IR%1%2"_s.arg(m_random.between(1000000, 9999999)).arg(m_random.between(10000000, 99999999));
+    m_contract.m_sNumOfPlates = u"%1 ب %2 ایران %3"_s
                                     .arg(QString::number(m_random.between(11, 99)), QString::number(m_random.between(111, 999)),
                                          QString::number(m_random.between(10, 99)));
-    m_contract.m_sDeal = QStringLiteral("یک دستگاه %1 %2 مدل %3 رنگ %4")
+    m_contract.m_sDeal = u"یک دستگاه %1 %2 مدل %3 رنگ %4"_s
                              .arg(m_contract.m_sSystem, m_contract.m_sAutomobilName, m_contract.m_sModel, color);
-    m_contract.m_sExplain = QStringLiteral("%1 %2 %3، %4")
+    m_contract.m_sExplain = u"%1 %2 %3، %4"_s
                                 .arg(m_contract.m_sSystem, m_contract.m_sAutomobilName, color,
                                      m_random.oneOf(DemoNames::deliveries()).toString());
     m_contract.m_sTrackingCode = QString::number(m_random.between(100000000, 999999999));
-    m_contract.m_sSerial = QStringLiteral("آ/%1").arg(100000 + m_contract.m_iCode);
+    m_contract.m_sSerial = u"آ/%1"_s.arg(100000 + m_contract.m_iCode);
 }
 
 void DemoContracts::setRegistry(const QDate &day)
 {
     m_contract.m_sCity = m_random.oneOf(DemoNames::cities()).name.toString();
     m_contract.m_sState = provinceOf(m_contract.m_sCity);
-    m_contract.m_sDengue = QStringLiteral("شش دانگ");
-    m_contract.m_sBrigade = QStringLiteral("تیپ %1").arg(m_random.between(1, 5));
-    m_contract.m_sDocumentsDelivered = QStringLiteral("سند، کارت خودرو، بیمه نامه، زاپاس و جک");
+    m_contract.m_sDengue = u"شش دانگ"_s;
+    m_contract.m_sBrigade = u"تیپ %1"_s.arg(m_random.between(1, 5));
+    m_contract.m_sDocumentsDelivered = u"سند، کارت خودرو، بیمه نامه، زاپاس و جک"_s;
     m_contract.m_sRegistryNum = QString::number(m_random.between(1, 980));
     m_contract.m_sLicense = QString::number(m_random.between(10000, 99999));
     m_contract.m_dateDeal = QDateTime(day, QTime(9, 0).addSecs(m_random.below(9 * 3600)), Qt::UTC);
@@ -239,11 +241,11 @@ void DemoContracts::setPayment()
     m_contract.m_sCheckCount = paid ? QString::number(cheques) : QString();
     m_contract.m_dAgreeAmount = byCheque;
     m_contract.m_sCheckNum = paid ? QString::number(m_random.between(100000, 999999)) : QString();
-    m_contract.m_sBankName = paid ? QStringLiteral("ملت") : QString();
-    m_contract.m_sBranchName = paid ? QStringLiteral("میدان آزادی") : QString();
+    m_contract.m_sBankName = paid ? u"ملت"_s : QString();
+    m_contract.m_sBranchName = paid ? u"میدان آزادی"_s : QString();
     m_contract.m_sBranchCode = paid ? QString::number(m_random.between(1000, 9999)) : QString();
     m_contract.m_dRemainingAmount = rest ? m_contract.m_dAmount - byCheque : 0;
-    m_contract.m_sDescRemainingAmount = rest ? QStringLiteral("هنگام تنظیم سند در دفترخانه") : QString();
+    m_contract.m_sDescRemainingAmount = rest ? u"هنگام تنظیم سند در دفترخانه"_s : QString();
     m_contract.m_dDamageAmount = paid ? qRound64(m_contract.m_dAmount / 100 / 1e6) * 1e6 : 0;
 }
 
@@ -252,14 +254,14 @@ void DemoContracts::setTerms(const QDate &day)
     const bool rent = m_contract.m_iContractType == Rent;
     const bool instalments = m_contract.m_iContractType == Instalments;
     const bool lasts = rent || instalments;
-    m_contract.m_sRentTime = lasts ? QStringLiteral("یک سال") : QString();
+    m_contract.m_sRentTime = lasts ? u"یک سال"_s : QString();
     m_contract.m_dateRent = lasts ? midnight(day) : QDateTime();
     m_contract.m_dateRentExpire = lasts ? midnight(addShamsiMonths(day, 12)) : QDateTime();
     m_contract.m_dAmountRent = rent ? m_contract.m_dAmount / 12 : 0;
-    m_contract.m_sNumOfMonths = rent ? QStringLiteral("12") : QString();
-    m_contract.m_sDescCheck = rent ? QStringLiteral("یک فقره سفته بابت حسن انجام تعهدات") : QString();
-    m_contract.m_sNumOfInstallment = instalments ? QStringLiteral("12") : QString();
-    m_contract.m_sUsanceNum = instalments ? QStringLiteral("1 تا 12") : QString();
+    m_contract.m_sNumOfMonths = rent ? u"12"_s : QString();
+    m_contract.m_sDescCheck = rent ? u"یک فقره سفته بابت حسن انجام تعهدات"_s : QString();
+    m_contract.m_sNumOfInstallment = instalments ? u"12"_s : QString();
+    m_contract.m_sUsanceNum = instalments ? u"1 تا 12"_s : QString();
     m_contract.m_dDelayAmount = instalments ? qRound64(m_contract.m_dAmount / 1000 / 1e4) * 1e4 : 0;
 }
 
@@ -273,7 +275,7 @@ void DemoContracts::setState(const QDate &day)
     const bool archived = old && m_random.chance(60);
     m_contract.m_iArchiveUserID = archived ? m_office.userID : 0;
     m_contract.m_dateArchive = archived ? midnight(day.addDays(200 + m_random.below(160))) : QDateTime();
-    m_contract.m_sDesc = m_contract.m_bReturn ? QStringLiteral("با توافق دو طرف برگشت داده شد.") : QString();
+    m_contract.m_sDesc = m_contract.m_bReturn ? u"با توافق دو طرف برگشت داده شد."_s : QString();
 }
 
 void DemoContracts::postDocument()

@@ -16,6 +16,8 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int currentYear = 1405;
@@ -49,7 +51,7 @@ void writeInvoices(const DemoContracts::Office &office, const QList<DemoPersons:
     CDBSetting *setting = GetDBSetting();
     const int before = setting->GetUserID();
     if (!setting->Login(office.userID))
-        throw KAccountingError(QStringLiteral("کاربر دفتر نمونه وارد نشد."));
+        throw KAccountingError(u"کاربر دفتر نمونه وارد نشد."_s);
     DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
                  database)
         .write(sales);
@@ -61,29 +63,29 @@ void requireEmpty(int database)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT EXISTS(SELECT 1 FROM Users) OR EXISTS(SELECT 1 FROM Persons) "
-                                      "OR EXISTS(SELECT 1 FROM AutomobilContracts) OR EXISTS(SELECT 1 FROM Documents) "
-                                      "OR EXISTS(SELECT 1 FROM AutomobilInformations) OR EXISTS(SELECT 1 FROM CarBrands) "
-                                      "OR EXISTS(SELECT 1 FROM Items)"));
+    query.ExecuteQuery(u"SELECT EXISTS(SELECT 1 FROM Users) OR EXISTS(SELECT 1 FROM Persons) "
+                       "OR EXISTS(SELECT 1 FROM AutomobilContracts) OR EXISTS(SELECT 1 FROM Documents) "
+                       "OR EXISTS(SELECT 1 FROM AutomobilInformations) OR EXISTS(SELECT 1 FROM CarBrands) "
+                       "OR EXISTS(SELECT 1 FROM Items)"_s);
     if (query.GetLongFieldValue(0) != 0)
-        throw KAccountingError(QStringLiteral("دفتر نمونه فقط در یک پایگاه داده خالی ساخته می‌شود."));
+        throw KAccountingError(u"دفتر نمونه فقط در یک پایگاه داده خالی ساخته می‌شود."_s);
 }
 
 CompanyDetails company()
 {
     CompanyDetails details;
-    details.name1 = QStringLiteral("نمایشگاه اتومبیل");
-    details.name2 = QStringLiteral("آریا");
+    details.name1 = u"نمایشگاه اتومبیل"_s;
+    details.name2 = u"آریا"_s;
     details.kind = CompanyDetails::kindLegal;
-    details.nationalCode = QStringLiteral("10100000006");
-    details.economicCode = QStringLiteral("411100000001");
-    details.manager = QStringLiteral("سارا احمدی");
-    details.telephone = QStringLiteral("02144556677");
-    details.mobile = QStringLiteral("09121234567");
-    details.province = QStringLiteral("تهران");
-    details.city = QStringLiteral("تهران");
-    details.address = QStringLiteral("تهران، خیابان آزادی، پلاک 100");
-    details.postalCode = QStringLiteral("1345678901");
+    details.nationalCode = u"10100000006"_s;
+    details.economicCode = u"411100000001"_s;
+    details.manager = u"سارا احمدی"_s;
+    details.telephone = u"02144556677"_s;
+    details.mobile = u"09121234567"_s;
+    details.province = u"تهران"_s;
+    details.city = u"تهران"_s;
+    details.address = u"تهران، خیابان آزادی، پلاک 100"_s;
+    details.postalCode = u"1345678901"_s;
     return details;
 }
 
@@ -108,7 +110,7 @@ void fill(int contracts, int database)
     requireEmpty(database);
     DemoRandom random(static_cast<unsigned int>(contracts));
     const DemoContracts::Office office{
-        CTblUsers::create(QStringLiteral("demo"), QStringLiteral("demo"), QStringLiteral("سارا احمدی"), true, database),
+        CTblUsers::create(u"demo"_s, u"demo"_s, u"سارا احمدی"_s, true, database),
         company(), contractSettings(), firstDay(), lastDay()};
     office.company.write(database);
     office.settings.save(database);
@@ -123,7 +125,7 @@ void fill(int contracts, int database)
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
     writeInvoices(office, people, random, qBound(fewestSales, contracts / 10, mostSales), database);
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), contracts, database);
+    CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
 }
 

@@ -8,6 +8,8 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int months = 8;
@@ -50,7 +52,7 @@ void DemoDemands::write(int count, int database)
     CTblAutomobilDemands demand(database);
     QStringList columns;
     for (const KMySQL::Column &column : demand.columns()) {
-        if (column.name != QStringLiteral("iID"))
+        if (column.name != u"iID"_s)
             columns.append(column.name);
     }
     RecordBulkInsert demands(demand, columns);

@@ -8,12 +8,14 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Nine digits that no two persons share, and the check digit (see NationalCode.h).
 QString nationalCode(int id, DemoRandom &random)
 {
-    const QString nine = QStringLiteral("%1%2").arg(random.between(1, 4)).arg(10000000 + id * 7, 8, 10, QLatin1Char('0'));
+    const QString nine = u"%1%2"_s.arg(random.between(1, 4)).arg(10000000 + id * 7, 8, 10, QLatin1Char('0'));
     int sum = 0;
     for (int place = 0; place < 9; ++place)
         sum += nine.at(place).digitValue() * (10 - place);
@@ -24,7 +26,7 @@ QString nationalCode(int id, DemoRandom &random)
 // Eleven digits with the check digit of a company (see NationalCode.h).
 QString companyCode(int id)
 {
-    const QString ten = QStringLiteral("10%1").arg(10000000 + id * 3, 8, 10, QLatin1Char('0'));
+    const QString ten = u"10%1"_s.arg(10000000 + id * 3, 8, 10, QLatin1Char('0'));
     constexpr int weights[] = {29, 27, 23, 19, 17};
     const int raise = ten.at(9).digitValue() + 2;
     int sum = 0;
@@ -53,13 +55,13 @@ void makeLegal(CTblPersons &person, int id, DemoRandom &random)
     person.m_iKind = CTblPersons::kindLegal;
     person.m_bNatural = 0;
     person.m_iSex = CTblPersons::sexMan;
-    person.m_sName = random.oneOf(DemoNames::companies()).toString() + QStringLiteral(" %1").arg(id);
+    person.m_sName = random.oneOf(DemoNames::companies()).toString() + u" %1"_s.arg(id);
     person.m_sFamily.clear();
     person.m_sFatherName.clear();
     person.m_dateBirth = QDateTime(QDate(1990, 3, 21).addDays(random.below(10000)), QTime(0, 0), Qt::UTC);
     person.m_sIdentityNum = QString::number(random.between(10000, 99999));
     person.m_sNationalCode = companyCode(id);
-    person.m_sEconomicCode = QStringLiteral("411%1").arg(100000000 + id, 9, 10, QLatin1Char('0'));
+    person.m_sEconomicCode = u"411%1"_s.arg(100000000 + id, 9, 10, QLatin1Char('0'));
 }
 
 }
@@ -79,9 +81,9 @@ void make(CTblPersons &person, int id, DemoRandom &random)
     person.m_sIdentityCity = city.name.toString();
     person.m_sAreaCode = city.areaCode.toString();
     person.m_sTel = QString::number(random.between(22000000, 88999999));
-    person.m_sMobile = QStringLiteral("0912%1").arg(1000000 + (id * 37) % 9000000, 7, 10, QLatin1Char('0'));
+    person.m_sMobile = u"0912%1"_s.arg(1000000 + (id * 37) % 9000000, 7, 10, QLatin1Char('0'));
     person.m_sPostalCode = QString::number(1000000000LL + random.below(899999999));
-    person.m_sAddress = QStringLiteral("%1، %2، پلاک %3")
+    person.m_sAddress = u"%1، %2، پلاک %3"_s
                             .arg(city.name, random.oneOf(DemoNames::streets()), QString::number(random.between(1, 320)));
     person.m_dPercentDiscount = random.chance(12) ? 5.0 * random.between(1, 4) : 0.0;
     person.m_iStatus = random.chance(2) ? CTblPersons::statusInactive : CTblPersons::statusActive;

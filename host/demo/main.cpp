@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int exitFailed = 1;
@@ -22,15 +24,15 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOptions({{QStringLiteral("client-config"), QStringLiteral("options file that tells how to reach the database"),
-                        QStringLiteral("FILE")},
-                       {QStringLiteral("contracts"), QStringLiteral("number of contracts"), QStringLiteral("N"),
-                        QStringLiteral("300")}});
+    parser.addOptions({{u"client-config"_s, u"options file that tells how to reach the database"_s,
+                        u"FILE"_s},
+                       {u"contracts"_s, u"number of contracts"_s, u"N"_s,
+                        u"300"_s}});
     parser.addHelpOption();
     parser.process(application);
 
-    const auto settings = ClientConfig::read(parser.value(QStringLiteral("client-config")));
-    const int contracts = parser.value(QStringLiteral("contracts")).toInt();
+    const auto settings = ClientConfig::read(parser.value(u"client-config"_s));
+    const int contracts = parser.value(u"contracts"_s).toInt();
     if (!settings || contracts < 1 || contracts > DemoData::largest) {
         std::fputs(settings ? "tz-demo-data: --contracts takes a number from 1\n"
                             : "tz-demo-data: --client-config names no file that can be read\n",

@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void addLine(QFormLayout *form, const QString &caption, const QString &value)
@@ -36,18 +38,18 @@ void addLine(QFormLayout *form, const QString &caption, const QString &value)
 CDlgAbout::CDlgAbout(const DataFolder &folder, QWidget *parent)
     : KDialog(parent)
 {
-    setWindowTitle(QStringLiteral("درباره برنامه"));
+    setWindowTitle(u"درباره برنامه"_s);
     auto *picture = new QLabel(this);
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/tzauto.svg")).pixmap(80, 80));
+    picture->setPixmap(QIcon(u":/icons/tzauto.svg"_s).pixmap(80, 80));
     picture->setAlignment(Qt::AlignCenter);
-    auto *name = new QLabel(QStringLiteral("گالری اتومبیل\nحسابداری نمایشگاه اتومبیل"), this);
+    auto *name = new QLabel(u"گالری اتومبیل\nحسابداری نمایشگاه اتومبیل"_s, this);
     name->setAlignment(Qt::AlignCenter);
 
     auto *form = new QFormLayout;
-    addLine(form, QStringLiteral("نسخه برنامه :"), QStringLiteral(TZ_VERSION));
-    addLine(form, QStringLiteral("پایگاه داده :"), DatabaseInfo::serverVersion());
-    addLine(form, QStringLiteral("پوشه داده‌ها :"), QDir::toNativeSeparators(folder.path()));
-    addLine(form, QStringLiteral("مجوز :"), QStringLiteral("GPL-3.0-or-later"));
+    addLine(form, u"نسخه برنامه :"_s, u"" TZ_VERSION ""_s);
+    addLine(form, u"پایگاه داده :"_s, DatabaseInfo::serverVersion());
+    addLine(form, u"پوشه داده‌ها :"_s, QDir::toNativeSeparators(folder.path()));
+    addLine(form, u"مجوز :"_s, u"GPL-3.0-or-later"_s);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 16);
@@ -55,6 +57,6 @@ CDlgAbout::CDlgAbout(const DataFolder &folder, QWidget *parent)
     column->addWidget(picture);
     column->addWidget(name);
     column->addLayout(form);
-    column->addWidget(createButtons(QStringLiteral("بستن"), QString()));
+    column->addWidget(createButtons(u"بستن"_s, QString()));
     setMinimumWidth(fontMetrics().averageCharWidth() * 64);
 }

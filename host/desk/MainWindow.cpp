@@ -38,14 +38,16 @@
 #include <QScreen>
 #include <QStatusBar>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString windowSection = QStringLiteral("tzhost\\Window");
+const QString windowSection = u"tzhost\\Window"_s;
 
 QString longDate(const QDate &day)
 {
     const ShamsiDate date = GetShamsi(day);
-    return QStringLiteral("%1 %2 %3 %4")
+    return u"%1 %2 %3 %4"_s
         .arg(shamsiDayName(shamsiDayOfWeek(day)), QString::number(date.day), shamsiMonthName(date.month),
              QString::number(date.year));
 }
@@ -63,7 +65,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     , m_closedMark(new QLabel(this))
     , m_reminders(new ReminderBadge(this))
 {
-    menuBar()->setAccessibleName(QStringLiteral("منو"));
+    menuBar()->setAccessibleName(u"منو"_s);
     buildMenus();
     m_startPage = new StartPage(m_startActions);
     m_workArea = new WorkArea(m_startPage, this);
@@ -91,10 +93,10 @@ void MainWindow::openOnce()
 
 QAction *MainWindow::makeAction(const Command &command)
 {
-    auto *action = new QAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(command.icon)), command.text, this);
+    auto *action = new QAction(QIcon(u":/icons/%1.svg"_s.arg(command.icon)), command.text, this);
     action->setShortcut(command.shortcut);
     if ((command.options & Command::NeedsModule) && !m_module) {
-        const QString hindrance = QStringLiteral("افزونه گالری اتومبیل بارگذاری نشده است.");
+        const QString hindrance = u"افزونه گالری اتومبیل بارگذاری نشده است."_s;
         action->setEnabled(false);
         action->setToolTip(hindrance);
         action->setStatusTip(hindrance);
@@ -129,55 +131,55 @@ void MainWindow::buildMenus()
     const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
     const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
 
-    addMenu(QStringLiteral("گالری اتومبیل"),
+    addMenu(u"گالری اتومبیل"_s,
             {
-                {QStringLiteral("قرارداد"), QStringLiteral("contract"), contracts, control(Qt::Key_1),
+                {u"قرارداد"_s, u"contract"_s, contracts, control(Qt::Key_1),
                  Command::OnStartPage | Command::NeedsModule},
-                {QStringLiteral("تقاضا"), QStringLiteral("search"), demands, control(Qt::Key_6),
+                {u"تقاضا"_s, u"search"_s, demands, control(Qt::Key_6),
                  Command::OnStartPage | Command::NeedsModule},
-                {QStringLiteral("گالري اتومبيل"), QStringLiteral("car"), cars, control(Qt::Key_7),
+                {u"گالري اتومبيل"_s, u"car"_s, cars, control(Qt::Key_7),
                  Command::OnStartPage | Command::NeedsModule},
-                {QStringLiteral("گزارش فصلي"), QStringLiteral("money"), seasons, control(Qt::Key_9),
+                {u"گزارش فصلي"_s, u"money"_s, seasons, control(Qt::Key_9),
                  Command::OnStartPage | Command::NeedsModule},
             });
-    addMenu(QStringLiteral("اشخاص و اسناد"),
+    addMenu(u"اشخاص و اسناد"_s,
             {
-                {QStringLiteral("اشخاص"), QStringLiteral("users"), [this] { openOnce<CDlgPersons>(); },
+                {u"اشخاص"_s, u"users"_s, [this] { openOnce<CDlgPersons>(); },
                  control(Qt::Key_2), Command::OnStartPage},
-                {QStringLiteral("اسناد حسابداری"), QStringLiteral("document"), [this] { openOnce<CDlgDocuments>(); },
+                {u"اسناد حسابداری"_s, u"document"_s, [this] { openOnce<CDlgDocuments>(); },
                  control(Qt::Key_3), Command::OnStartPage},
-                {QStringLiteral("فاکتورها"), QStringLiteral("receipt"), [this] { openOnce<CDlgFactors>(); },
+                {u"فاکتورها"_s, u"receipt"_s, [this] { openOnce<CDlgFactors>(); },
                  control(Qt::Key_8), Command::OnStartPage},
-                {QStringLiteral("خدمات"), QStringLiteral("edit"), [this] { openOnce<CDlgServices>(); }, {}, Command::StartsGroup},
-                {QStringLiteral("سرفصل حساب‌ها"), QStringLiteral("database"),
+                {u"خدمات"_s, u"edit"_s, [this] { openOnce<CDlgServices>(); }, {}, Command::StartsGroup},
+                {u"سرفصل حساب‌ها"_s, u"database"_s,
                  [this] { openOnce<CDlgChartOfAccounts>(); }},
-                {QStringLiteral("یادآوری ها"), QStringLiteral("reminder"), [this] { openReminders(); },
+                {u"یادآوری ها"_s, u"reminder"_s, [this] { openReminders(); },
                  control(Qt::Key_R), Command::StartsGroup},
             });
-    addMenu(QStringLiteral("مدیریت"),
+    addMenu(u"مدیریت"_s,
             {
-                {QStringLiteral("کاربران و دسترسی‌ها"), QStringLiteral("user"), [this] { openOnce<CDlgUsers>(); },
+                {u"کاربران و دسترسی‌ها"_s, u"user"_s, [this] { openOnce<CDlgUsers>(); },
                  control(Qt::Key_4), Command::OnStartPage},
-                {QStringLiteral("تنظیمات"), QStringLiteral("settings"), [this] { editSettings(); },
+                {u"تنظیمات"_s, u"settings"_s, [this] { editSettings(); },
                  control(Qt::Key_5), Command::OnStartPage},
-                {QStringLiteral("پشتیبان‌گیری"), QStringLiteral("save"), [this] { takeBackup(); },
+                {u"پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); },
                  control(Qt::Key_B), Command::OnStartPage | Command::StartsGroup},
-                {QStringLiteral("پوشه پشتیبان‌ها"), QStringLiteral("database"), showBackups},
+                {u"پوشه پشتیبان‌ها"_s, u"database"_s, showBackups},
             });
-    addMenu(QStringLiteral("برنامه"),
+    addMenu(u"برنامه"_s,
             {
-                {QStringLiteral("تغییر کلمه عبور"), QStringLiteral("user"), changePassword},
-                {QStringLiteral("ورود با کاربر دیگر"), QStringLiteral("logout"), [this] { switchUser(); }},
-                {QStringLiteral("درباره برنامه"), QStringLiteral("info"), about, QKeySequence(Qt::Key_F1),
+                {u"تغییر کلمه عبور"_s, u"user"_s, changePassword},
+                {u"ورود با کاربر دیگر"_s, u"logout"_s, [this] { switchUser(); }},
+                {u"درباره برنامه"_s, u"info"_s, about, QKeySequence(Qt::Key_F1),
                  Command::StartsGroup},
-                {QStringLiteral("خروج"), QStringLiteral("close"), [this] { close(); }, control(Qt::Key_Q),
+                {u"خروج"_s, u"close"_s, [this] { close(); }, control(Qt::Key_Q),
                  Command::StartsGroup},
             });
 }
 
 void MainWindow::buildStatusBar()
 {
-    m_closedMark->setStyleSheet(QStringLiteral("font-weight: bold; color: #c0392b"));
+    m_closedMark->setStyleSheet(u"font-weight: bold; color: #c0392b"_s);
     for (QLabel *label : {m_user, m_database, m_fiscalYear, m_date, m_closedMark}) {
         label->setTextFormat(Qt::PlainText);
         label->setContentsMargins(8, 0, 8, 0);
@@ -185,7 +187,7 @@ void MainWindow::buildStatusBar()
     }
     statusBar()->addPermanentWidget(m_reminders);
     connect(m_reminders, &ReminderBadge::clicked, this, &MainWindow::openReminders);
-    m_clock.setObjectName(QStringLiteral("clock"));
+    m_clock.setObjectName(u"clock"_s);
     m_clock.setInterval(60 * 1000);
     connect(&m_clock, &QTimer::timeout, this, &MainWindow::showDate);
     connect(&m_clock, &QTimer::timeout, m_reminders, &ReminderBadge::tick);
@@ -197,18 +199,18 @@ void MainWindow::refresh()
     const CDBSetting *setting = GetDBSetting();
     const OfficeSettings shared = OfficeSettings::read();
     const QString office = CompanyDetails::read().name();
-    const QString program = QStringLiteral("گالری اتومبیل");
-    setWindowTitle(office.isEmpty() ? program : office + QStringLiteral(" - ") + program);
-    m_user->setText(QStringLiteral("کاربر : %1").arg(setting->GetUserFullName()));
-    m_database->setText(QStringLiteral("پایگاه داده : %1").arg(DatabaseInfo::name()));
-    m_fiscalYear->setText(QStringLiteral("سال مالی : %1").arg(shared.fiscalYear()));
-    m_closedMark->setText(shared.isClosed() ? QStringLiteral("پایگاه داده بسته است") : QString());
+    const QString program = u"گالری اتومبیل"_s;
+    setWindowTitle(office.isEmpty() ? program : office + u" - "_s + program);
+    m_user->setText(u"کاربر : %1"_s.arg(setting->GetUserFullName()));
+    m_database->setText(u"پایگاه داده : %1"_s.arg(DatabaseInfo::name()));
+    m_fiscalYear->setText(u"سال مالی : %1"_s.arg(shared.fiscalYear()));
+    m_closedMark->setText(shared.isClosed() ? u"پایگاه داده بسته است"_s : QString());
     m_closedMark->setVisible(shared.isClosed());
     showDate();
     m_reminders->refresh();
-    m_startPage->setGreeting(QStringLiteral("سلام %1").arg(setting->GetUserFullName()),
+    m_startPage->setGreeting(u"سلام %1"_s.arg(setting->GetUserFullName()),
                              office.isEmpty() ? longDate(QDate::currentDate())
-                                              : office + QStringLiteral("، ") + longDate(QDate::currentDate()));
+                                              : office + u"، "_s + longDate(QDate::currentDate()));
 }
 
 void MainWindow::showNote(const QString &text)
@@ -248,7 +250,7 @@ void MainWindow::showDate()
 bool MainWindow::mayManage(bool changes)
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("Settings"));
+    security.SetFormName(u"Settings"_s);
     security.CheckSecurity();
     return security.CheckAccessSecurity() && (!changes || security.CheckModifySecurity());
 }
@@ -274,7 +276,7 @@ void MainWindow::switchUser()
 
 void MainWindow::restoreWindow()
 {
-    const QByteArray geometry = ReadSetting(windowSection, QStringLiteral("geometry"), QByteArray());
+    const QByteArray geometry = ReadSetting(windowSection, u"geometry"_s, QByteArray());
     if (!geometry.isEmpty() && restoreGeometry(geometry))
         return;
     // People work in this window all day: the whole screen, unless they left it otherwise.
@@ -284,7 +286,7 @@ void MainWindow::restoreWindow()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    WriteSetting(windowSection, QStringLiteral("geometry"), saveGeometry());
+    WriteSetting(windowSection, u"geometry"_s, saveGeometry());
     m_workArea->closeAll();
     event->accept();
     Q_EMIT closed();

@@ -10,6 +10,8 @@
 #include <QIcon>
 #include <QLoggingCategory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcReminders, "tz.host.reminders")
@@ -22,11 +24,11 @@ constexpr int ticksAfterAnError = 10;
 ReminderBadge::ReminderBadge(QWidget *parent)
     : QToolButton(parent)
 {
-    setIcon(QIcon(QStringLiteral(":/icons/reminder.svg")));
+    setIcon(QIcon(u":/icons/reminder.svg"_s));
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setAutoRaise(true);
     setFocusPolicy(Qt::TabFocus);
-    setToolTip(QStringLiteral("یادآوری های سررسیده"));
+    setToolTip(u"یادآوری های سررسیده"_s);
     hide();
 }
 
@@ -52,7 +54,7 @@ void ReminderBadge::tick()
 
 void ReminderBadge::showCount(int due)
 {
-    setText(QStringLiteral("یادآوری : %1").arg(due));
+    setText(u"یادآوری : %1"_s.arg(due));
     setAccessibleName(text());
     setVisible(due > 0);
 }

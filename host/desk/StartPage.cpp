@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The window is never higher than a small screen: many buttons stand in wider rows rather than in more of them.
@@ -22,7 +24,7 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     , m_greeting(new QLabel(this))
     , m_line(new QLabel(this))
 {
-    setAccessibleName(QStringLiteral("صفحه شروع"));
+    setAccessibleName(u"صفحه شروع"_s);
     QFont font = m_greeting->font();
     font.setPointSizeF(font.pointSizeF() * 1.7);
     font.setBold(true);

@@ -10,6 +10,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A page that cannot store its settings must still be closable.
@@ -27,8 +29,8 @@ WorkArea::WorkArea(QWidget *startPage, QWidget *parent)
     m_tabs->setTabsClosable(true);
     m_tabs->setMovable(true);
     m_tabs->setDocumentMode(true);
-    m_tabs->setAccessibleName(QStringLiteral("صفحه‌های باز"));
-    m_tabs->tabBar()->setAccessibleName(QStringLiteral("صفحه‌های باز"));
+    m_tabs->setAccessibleName(u"صفحه‌های باز"_s);
+    m_tabs->tabBar()->setAccessibleName(u"صفحه‌های باز"_s);
     addWidget(startPage);
     addWidget(m_tabs);
     connect(m_tabs, &QTabWidget::tabCloseRequested, this, &WorkArea::closePage);

@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 #if defined(Q_OS_WIN)
@@ -23,16 +25,16 @@ QString libraryPath(const QString &folder)
     if (!folder.isEmpty())
         return QDir(folder).absoluteFilePath(name);
     const QString program = QCoreApplication::applicationDirPath();
-    for (const QString &place : {QStringLiteral("/../lib/tzauto/"), QStringLiteral("/../lib/"), QStringLiteral("/")})
+    for (const QString &place : {u"/../lib/tzauto/"_s, u"/../lib/"_s, u"/"_s})
         if (QFileInfo::exists(program + place + name))
             return QDir::cleanPath(program + place + name);
-    return QDir::cleanPath(program + QStringLiteral("/../lib/tzauto/") + name);
+    return QDir::cleanPath(program + u"/../lib/tzauto/"_s + name);
 }
 
 }
 
 AutoModule::AutoModule()
-    : m_loader(QStringLiteral("TzAuto"))
+    : m_loader(u"TzAuto"_s)
 {
 }
 
@@ -47,7 +49,7 @@ bool AutoModule::load(const QString &folder)
     const auto entry = reinterpret_cast<Entry>(m_loader.resolve("GetAutoDBSetting"));
     m_entry = entry ? entry() : nullptr;
     if (!m_entry) {
-        m_errorText = QStringLiteral("بارگذاری افزونه «TzAuto» انجام نشد: پرونده آن از این برنامه نیست.");
+        m_errorText = u"بارگذاری افزونه «TzAuto» انجام نشد: پرونده آن از این برنامه نیست."_s;
         qCWarning(lcHost) << "no entry in" << path;
         m_loader.unload();
         return false;

@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct LogState
@@ -45,7 +47,7 @@ const char *levelName(QtMsgType type)
 
 void write(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    const QByteArray line = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz")).toLatin1() + ' '
+    const QByteArray line = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s).toLatin1() + ' '
         + levelName(type) + ' ' + (context.category ? context.category : "default") + ": " + message.toUtf8() + '\n';
     LogState &log = state();
     const QMutexLocker lock(&log.mutex);
@@ -66,12 +68,12 @@ namespace HostLog {
 
 QString fileName(const QString &logsFolder)
 {
-    return logsFolder + QStringLiteral("/tzhost.log");
+    return logsFolder + u"/tzhost.log"_s;
 }
 
 QString previousFileName(const QString &logsFolder)
 {
-    return logsFolder + QStringLiteral("/tzhost-previous.log");
+    return logsFolder + u"/tzhost-previous.log"_s;
 }
 
 void collect()

@@ -12,13 +12,15 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString familyBesideProgram()
 {
-    const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/tzauto/fonts"));
+    const QDir folder(QCoreApplication::applicationDirPath() + u"/../share/tzauto/fonts"_s);
     QString family;
-    const QStringList files = folder.entryList({QStringLiteral("*.ttf")}, QDir::Files, QDir::Name);
+    const QStringList files = folder.entryList({u"*.ttf"_s}, QDir::Files, QDir::Name);
     for (const QString &file : files) {
         const QStringList families = QFontDatabase::applicationFontFamilies(
             QFontDatabase::addApplicationFont(folder.filePath(file)));
@@ -33,8 +35,8 @@ QString familyBesideProgram()
 QString systemFamily()
 {
     const QStringList installed = QFontDatabase::families(QFontDatabase::Arabic);
-    for (const QString &name : {QStringLiteral("Vazirmatn"), QStringLiteral("Noto Sans Arabic"),
-                                QStringLiteral("Noto Naskh Arabic")})
+    for (const QString &name : {u"Vazirmatn"_s, u"Noto Sans Arabic"_s,
+                                u"Noto Naskh Arabic"_s})
         if (installed.contains(name))
             return name;
     return {};
@@ -57,9 +59,9 @@ void apply(QApplication &application)
         QApplication::setFont(QFont(family, 10));
 
     auto *texts = new QTranslator(&application);
-    if (texts->load(QStringLiteral("qtbase_fa"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (texts->load(u"qtbase_fa"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(texts);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tzauto.svg")));
+    QApplication::setWindowIcon(QIcon(u":/icons/tzauto.svg"_s));
 }
 
 }

@@ -5,6 +5,8 @@
 
 #include <QCommandLineParser>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Option
@@ -18,25 +20,25 @@ struct Option
 const QList<Option> &shownOptions()
 {
     static const QList<Option> options = {
-        {"data-dir", "DIR", QStringLiteral("keep everything of the office in this folder"),
-         QStringLiteral("همه چیز دفتر در این پوشه نگهداری شود")},
-        {"connect", "HOST[:PORT]/DATABASE", QStringLiteral("work on an office server instead of a private one"),
-         QStringLiteral("کار با سرور دفتر به جای پایگاه داده همراه برنامه")},
-        {"user", "NAME", QStringLiteral("account on the office server"), QStringLiteral("حساب کاربری روی سرور دفتر")},
-        {"password-file", "FILE", QStringLiteral("file whose first line is that account's password (asked for otherwise)"),
-         QStringLiteral("پرونده‌ای که سطر نخست آن کلمه عبور آن حساب است (وگرنه پرسیده می‌شود)")},
-        {"tls", nullptr, QStringLiteral("refuse an office server that does not prove who it is"),
-         QStringLiteral("سروری که هویت خود را ثابت نکند پذیرفته نشود")},
-        {"ca", "FILE", QStringLiteral("certificate authority for --tls (the system's otherwise)"),
-         QStringLiteral("گواهی مرجع برای --tls (وگرنه مراجع سیستم)")},
-        {"demo", nullptr, QStringLiteral("open a made-up office; user demo, password demo"),
-         QStringLiteral("باز کردن دفتر نمونه؛ کاربر demo و کلمه عبور demo")},
-        {"demo-size", "N", QStringLiteral("contracts of a new made-up office (300)"),
-         QStringLiteral("شمار قراردادهای دفتر نمونه تازه (300)")},
-        {"module-dir", "DIR", QStringLiteral("folder of the dealership module"),
-         QStringLiteral("پوشه افزونه گالری اتومبیل")},
-        {"help", nullptr, QStringLiteral("show this text"), QStringLiteral("نمایش همین متن")},
-        {"version", nullptr, QStringLiteral("show the version"), QStringLiteral("نمایش نسخه برنامه")},
+        {"data-dir", "DIR", u"keep everything of the office in this folder"_s,
+         u"همه چیز دفتر در این پوشه نگهداری شود"_s},
+        {"connect", "HOST[:PORT]/DATABASE", u"work on an office server instead of a private one"_s,
+         u"کار با سرور دفتر به جای پایگاه داده همراه برنامه"_s},
+        {"user", "NAME", u"account on the office server"_s, u"حساب کاربری روی سرور دفتر"_s},
+        {"password-file", "FILE", u"file whose first line is that account's password (asked for otherwise)"_s,
+         u"پرونده‌ای که سطر نخست آن کلمه عبور آن حساب است (وگرنه پرسیده می‌شود)"_s},
+        {"tls", nullptr, u"refuse an office server that does not prove who it is"_s,
+         u"سروری که هویت خود را ثابت نکند پذیرفته نشود"_s},
+        {"ca", "FILE", u"certificate authority for --tls (the system's otherwise)"_s,
+         u"گواهی مرجع برای --tls (وگرنه مراجع سیستم)"_s},
+        {"demo", nullptr, u"open a made-up office; user demo, password demo"_s,
+         u"باز کردن دفتر نمونه؛ کاربر demo و کلمه عبور demo"_s},
+        {"demo-size", "N", u"contracts of a new made-up office (300)"_s,
+         u"شمار قراردادهای دفتر نمونه تازه (300)"_s},
+        {"module-dir", "DIR", u"folder of the dealership module"_s,
+         u"پوشه افزونه گالری اتومبیل"_s},
+        {"help", nullptr, u"show this text"_s, u"نمایش همین متن"_s},
+        {"version", nullptr, u"show the version"_s, u"نمایش نسخه برنامه"_s},
     };
     return options;
 }
@@ -46,7 +48,7 @@ void declare(QCommandLineParser &parser)
     for (const Option &option : shownOptions())
         parser.addOption(QCommandLineOption(QString::fromLatin1(option.name), option.english,
                                             QString::fromLatin1(option.value ? option.value : "")));
-    parser.addOption(QCommandLineOption(QStringLiteral("quit-after-login-shown")));
+    parser.addOption(QCommandLineOption(u"quit-after-login-shown"_s));
 }
 
 // HOST[:PORT]/DATABASE, an IPv6 address in brackets.
@@ -80,51 +82,51 @@ struct Problem
 Problem contradiction(const QCommandLineParser &parser, const HostOptions &options)
 {
     if (options.connect && options.demo)
-        return {QStringLiteral("--demo fills an office of its own and cannot be used with --connect."),
-                QStringLiteral("--demo دفتر جداگانه خود را می‌سازد و همراه --connect به کار نمی‌رود.")};
+        return {u"--demo fills an office of its own and cannot be used with --connect."_s,
+                u"--demo دفتر جداگانه خود را می‌سازد و همراه --connect به کار نمی‌رود."_s};
     for (const char *name : {"user", "password-file", "tls", "ca"})
         if (!options.connect && parser.isSet(QString::fromLatin1(name)))
-            return {QStringLiteral("--%1 needs --connect.").arg(QString::fromLatin1(name)),
-                    QStringLiteral("--%1 همراه --connect معنا دارد.").arg(QString::fromLatin1(name))};
+            return {u"--%1 needs --connect."_s.arg(QString::fromLatin1(name)),
+                    u"--%1 همراه --connect معنا دارد."_s.arg(QString::fromLatin1(name))};
     if (options.connect && options.user.isEmpty())
-        return {QStringLiteral("--connect needs --user."), QStringLiteral("--connect به --user نیاز دارد.")};
+        return {u"--connect needs --user."_s, u"--connect به --user نیاز دارد."_s};
     if (!options.tls && !options.caFile.isEmpty())
-        return {QStringLiteral("--ca needs --tls."), QStringLiteral("--ca همراه --tls معنا دارد.")};
-    if (!options.demo && parser.isSet(QStringLiteral("demo-size")))
-        return {QStringLiteral("--demo-size needs --demo."), QStringLiteral("--demo-size همراه --demo معنا دارد.")};
+        return {u"--ca needs --tls."_s, u"--ca همراه --tls معنا دارد."_s};
+    if (!options.demo && parser.isSet(u"demo-size"_s))
+        return {u"--demo-size needs --demo."_s, u"--demo-size همراه --demo معنا دارد."_s};
     return {};
 }
 
 void readValues(const QCommandLineParser &parser, HostOptions &options)
 {
-    options.dataDir = parser.value(QStringLiteral("data-dir"));
-    options.moduleDir = parser.value(QStringLiteral("module-dir"));
-    options.connect = parser.isSet(QStringLiteral("connect"));
-    options.user = parser.value(QStringLiteral("user"));
-    options.passwordFile = parser.value(QStringLiteral("password-file"));
-    options.tls = parser.isSet(QStringLiteral("tls"));
-    options.caFile = parser.value(QStringLiteral("ca"));
-    options.demo = parser.isSet(QStringLiteral("demo"));
-    options.help = parser.isSet(QStringLiteral("help"));
-    options.version = parser.isSet(QStringLiteral("version"));
-    options.quitAfterLoginShown = parser.isSet(QStringLiteral("quit-after-login-shown"));
+    options.dataDir = parser.value(u"data-dir"_s);
+    options.moduleDir = parser.value(u"module-dir"_s);
+    options.connect = parser.isSet(u"connect"_s);
+    options.user = parser.value(u"user"_s);
+    options.passwordFile = parser.value(u"password-file"_s);
+    options.tls = parser.isSet(u"tls"_s);
+    options.caFile = parser.value(u"ca"_s);
+    options.demo = parser.isSet(u"demo"_s);
+    options.help = parser.isSet(u"help"_s);
+    options.version = parser.isSet(u"version"_s);
+    options.quitAfterLoginShown = parser.isSet(u"quit-after-login-shown"_s);
 }
 
 Problem firstProblem(const QCommandLineParser &parser, HostOptions &options)
 {
     if (!parser.positionalArguments().isEmpty())
-        return {QStringLiteral("Unexpected argument \"%1\".").arg(parser.positionalArguments().constFirst()),
-                QStringLiteral("آرگومان «%1» شناخته نشد.").arg(parser.positionalArguments().constFirst())};
-    const QString address = parser.value(QStringLiteral("connect"));
+        return {u"Unexpected argument \"%1\"."_s.arg(parser.positionalArguments().constFirst()),
+                u"آرگومان «%1» شناخته نشد."_s.arg(parser.positionalArguments().constFirst())};
+    const QString address = parser.value(u"connect"_s);
     if (options.connect && !readAddress(address, options))
-        return {QStringLiteral("--connect takes HOST[:PORT]/DATABASE, not \"%1\".").arg(address),
-                QStringLiteral("نشانی --connect باید به شکل HOST[:PORT]/DATABASE باشد، نه «%1».").arg(address)};
-    if (parser.isSet(QStringLiteral("demo-size"))) {
+        return {u"--connect takes HOST[:PORT]/DATABASE, not \"%1\"."_s.arg(address),
+                u"نشانی --connect باید به شکل HOST[:PORT]/DATABASE باشد، نه «%1»."_s.arg(address)};
+    if (parser.isSet(u"demo-size"_s)) {
         bool isNumber = false;
-        options.demoSize = parser.value(QStringLiteral("demo-size")).toInt(&isNumber);
+        options.demoSize = parser.value(u"demo-size"_s).toInt(&isNumber);
         if (!isNumber || options.demoSize < 1 || options.demoSize > HostOptions::largestDemo)
-            return {QStringLiteral("--demo-size takes a number from 1 to %1.").arg(HostOptions::largestDemo),
-                    QStringLiteral("--demo-size باید عددی از 1 تا %1 باشد.").arg(HostOptions::largestDemo)};
+            return {u"--demo-size takes a number from 1 to %1."_s.arg(HostOptions::largestDemo),
+                    u"--demo-size باید عددی از 1 تا %1 باشد."_s.arg(HostOptions::largestDemo)};
     }
     return contradiction(parser, options);
 }
@@ -136,11 +138,11 @@ HostOptions HostOptions::parse(const QStringList &arguments, bool persian)
     QCommandLineParser parser;
     declare(parser);
     HostOptions options;
-    if (!parser.parse(QStringList(QStringLiteral("tzhost")) + arguments)) {
+    if (!parser.parse(QStringList(u"tzhost"_s) + arguments)) {
         const QStringList unknown = parser.unknownOptionNames();
         options.error = unknown.isEmpty() ? parser.errorText()
-            : persian                     ? QStringLiteral("گزینه «%1» شناخته نشد.").arg(unknown.constFirst())
-                                          : QStringLiteral("Unknown option \"%1\".").arg(unknown.constFirst());
+            : persian                     ? u"گزینه «%1» شناخته نشد."_s.arg(unknown.constFirst())
+                                          : u"Unknown option \"%1\"."_s.arg(unknown.constFirst());
         return options;
     }
     readValues(parser, options);
@@ -151,19 +153,19 @@ HostOptions HostOptions::parse(const QStringList &arguments, bool persian)
 
 QString HostOptions::helpText(bool persian)
 {
-    QString text = persian ? QStringLiteral("حسابداری نمایشگاه اتومبیل\n\nکاربرد: tzhost [گزینه‌ها]\n\n")
-                           : QStringLiteral("Accounting of a car dealership\n\nUsage: tzhost [options]\n\n");
+    QString text = persian ? u"حسابداری نمایشگاه اتومبیل\n\nکاربرد: tzhost [گزینه‌ها]\n\n"_s
+                           : u"Accounting of a car dealership\n\nUsage: tzhost [options]\n\n"_s;
     for (const Option &option : shownOptions()) {
-        QString form = QStringLiteral("  --") + QString::fromLatin1(option.name);
+        QString form = u"  --"_s + QString::fromLatin1(option.name);
         if (option.value)
             form += u' ' + QString::fromLatin1(option.value);
-        text += form + QStringLiteral("\n        ") + (persian ? option.persian : option.english) + u'\n';
+        text += form + u"\n        "_s + (persian ? option.persian : option.english) + u'\n';
     }
     return text;
 }
 
 QString HostOptions::versionText(bool persian)
 {
-    const QString version = QStringLiteral(TZ_VERSION);
-    return (persian ? QStringLiteral("TzAuto نسخه %1\n") : QStringLiteral("TzAuto %1\n")).arg(version);
+    const QString version = u"" TZ_VERSION ""_s;
+    return (persian ? u"TzAuto نسخه %1\n"_s : u"TzAuto %1\n"_s).arg(version);
 }

@@ -9,6 +9,8 @@
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int iconGap = 6;
@@ -37,7 +39,7 @@ void drawLabelRightToLeft(const QStyle &style, const QStyleOptionButton &button,
 }
 
 HostStyle::HostStyle()
-    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+    : QProxyStyle(QStyleFactory::create(u"Fusion"_s))
 {
 }
 

@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The path with the links of its existing part resolved; the rest is yet to be made.
@@ -30,10 +32,10 @@ QString resolved(const QString &path)
 ServerError notWritable(const QString &folder, const QString &reason)
 {
     return {ServerError::Kind::FolderNotWritable,
-            QStringLiteral("در پوشه %1 نمی‌توان چیزی نوشت؛ اجازه نوشتن در آن را بگیرید یا پوشه دیگری برای اطلاعات "
-                           "انتخاب نمایید.")
+            u"در پوشه %1 نمی‌توان چیزی نوشت؛ اجازه نوشتن در آن را بگیرید یا پوشه دیگری برای اطلاعات "
+            "انتخاب نمایید."_s
                 .arg(ServerError::shownPath(folder)),
-            QStringLiteral("cannot write to %1: %2").arg(folder, reason)};
+            u"cannot write to %1: %2"_s.arg(folder, reason)};
 }
 
 }
@@ -43,12 +45,12 @@ DataFolder::DataFolder(const QString &path)
 
 QString DataFolder::defaultPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tzauto/office");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/tzauto/office"_s;
 }
 
 QString DataFolder::demoPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tzauto/demo");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/tzauto/demo"_s;
 }
 
 void DataFolder::create() const
@@ -56,36 +58,36 @@ void DataFolder::create() const
     for (const QString &folder : {m_path, backupsPath(), logsPath(), settingsPath(), temporaryPath()}) {
         QString reason;
         if (!platform::makePrivateFolder(folder, &reason))
-            throw notWritable(m_path, folder + QStringLiteral(": ") + reason);
-        const QString probe = folder + QStringLiteral("/.write-check");
+            throw notWritable(m_path, folder + u": "_s + reason);
+        const QString probe = folder + u"/.write-check"_s;
         const platform::WriteResult result = platform::writePrivateFile(probe, "tzauto\n", &reason);
         QFile::remove(probe);
         if (result == platform::WriteResult::NoRoom)
-            throw ServerError(ServerError::Kind::DiskFull, diskFullMessage(), folder + QStringLiteral(": ") + reason);
+            throw ServerError(ServerError::Kind::DiskFull, diskFullMessage(), folder + u": "_s + reason);
         if (result == platform::WriteResult::Refused)
-            throw notWritable(m_path, folder + QStringLiteral(": ") + reason);
+            throw notWritable(m_path, folder + u": "_s + reason);
     }
 }
 
 QString DataFolder::socketPath(const QString &purpose) const
 {
     const QByteArray digest = QCryptographicHash::hash(m_path.toUtf8(), QCryptographicHash::Sha256).toHex().left(12);
-    const QString name = QStringLiteral("/%1-%2.sock").arg(QString::fromLatin1(digest), purpose);
+    const QString name = u"/%1-%2.sock"_s.arg(QString::fromLatin1(digest), purpose);
     QString reason;
     for (const QString &folder : platform::runtimeFolders()) {
         QString path = folder + name;
         if (QFile::encodeName(path).size() > platform::longestSocketPath())
-            reason = QStringLiteral("%1 is too long").arg(path);
+            reason = u"%1 is too long"_s.arg(path);
         else if (platform::makePrivateFolder(folder, &reason) && platform::isPrivateFolder(folder))
             return path;
     }
     throw notWritable(platform::runtimeFolders().constLast(),
-                      QStringLiteral("no private folder for sockets: ") + reason);
+                      u"no private folder for sockets: "_s + reason);
 }
 
 QString DataFolder::diskFullMessage() const
 {
-    return QStringLiteral("دیسکی که پوشه %1 در آن است پر شده است؛ فضا آزاد نمایید و دوباره تلاش کنید. اطلاعات ذخیره "
-                          "شده قبلی سالم است.")
-        .arg(ServerError::shownPath(m_path));
+    return u"دیسکی که پوشه %1 در آن است پر شده است؛ فضا آزاد نمایید و دوباره تلاش کنید. اطلاعات ذخیره "
+           "شده قبلی سالم است."_s
+               .arg(ServerError::shownPath(m_path));
 }

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+using namespace Qt::StringLiterals;
+
 // The folder that holds everything of one office:
 //   database/      the server's files            client.cnf   account of the private server, mode 0600
 //   backups/       dumps                         server.cnf   the server's options, written anew at every start
@@ -25,17 +27,17 @@ public:
 
     // Absolute; links of the existing part are resolved, so that one folder has one name.
     QString path() const { return m_path; }
-    QString databasePath() const { return m_path + QStringLiteral("/database"); }
-    QString backupsPath() const { return m_path + QStringLiteral("/backups"); }
-    QString logsPath() const { return m_path + QStringLiteral("/logs"); }
-    QString settingsPath() const { return m_path + QStringLiteral("/settings"); }
-    QString temporaryPath() const { return m_path + QStringLiteral("/temporary"); }
-    QString settingsFile() const { return settingsPath() + QStringLiteral("/tzhost.ini"); }
-    QString clientConfigPath() const { return m_path + QStringLiteral("/client.cnf"); }
-    QString serverConfigPath() const { return m_path + QStringLiteral("/server.cnf"); }
-    QString statePath() const { return m_path + QStringLiteral("/server-state.json"); }
-    QString serverLogPath() const { return logsPath() + QStringLiteral("/server.log"); }
-    QString previousServerLogPath() const { return logsPath() + QStringLiteral("/server-previous.log"); }
+    QString databasePath() const { return m_path + u"/database"_s; }
+    QString backupsPath() const { return m_path + u"/backups"_s; }
+    QString logsPath() const { return m_path + u"/logs"_s; }
+    QString settingsPath() const { return m_path + u"/settings"_s; }
+    QString temporaryPath() const { return m_path + u"/temporary"_s; }
+    QString settingsFile() const { return settingsPath() + u"/tzhost.ini"_s; }
+    QString clientConfigPath() const { return m_path + u"/client.cnf"_s; }
+    QString serverConfigPath() const { return m_path + u"/server.cnf"_s; }
+    QString statePath() const { return m_path + u"/server-state.json"_s; }
+    QString serverLogPath() const { return logsPath() + u"/server.log"_s; }
+    QString previousServerLogPath() const { return logsPath() + u"/server-previous.log"_s; }
 
     // Makes the folder and its parts with mode 0700 where they are missing and checks that they can be written.
     // Throws ServerError FolderNotWritable or DiskFull.

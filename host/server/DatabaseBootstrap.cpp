@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What the server stores for a password. Made here, so that the statement, which the server repeats in its log when it
@@ -45,22 +47,22 @@ bool DatabaseBootstrap::exists() const
     const QDir database(m_folder.databasePath());
     if (!database.exists() || database.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
         return false;
-    if (QFileInfo(database.filePath(QStringLiteral("mysql"))).isDir())
+    if (QFileInfo(database.filePath(u"mysql"_s)).isDir())
         return true;
     throw ServerError(
         ServerError::Kind::Damaged,
-        QStringLiteral("پوشه %1 پایگاه داده کاملی نیست؛ آن را از نسخه پشتیبان بازگردانید یا کنار بگذارید.")
+        u"پوشه %1 پایگاه داده کاملی نیست؛ آن را از نسخه پشتیبان بازگردانید یا کنار بگذارید."_s
             .arg(ServerError::shownPath(m_folder.databasePath())),
-        QStringLiteral("%1 holds no system tables").arg(m_folder.databasePath()));
+        u"%1 holds no system tables"_s.arg(m_folder.databasePath()));
 }
 
 void DatabaseBootstrap::create(const QString &password, const ToolProcess::Pulse &pulse) const
 {
-    const QString aside = m_folder.databasePath() + QStringLiteral(".new");
+    const QString aside = m_folder.databasePath() + u".new"_s;
     QDir(aside).removeRecursively();
     QString reason;
     if (!platform::makePrivateFolder(aside, &reason))
-        throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable, aside + QStringLiteral(": ") + reason);
+        throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable, aside + u": "_s + reason);
     run(aside,
         "create database mysql;\nuse mysql;\n" + systemTables() + accountStatement(password) + "create database "
             + ServerOptions::databaseName().toLatin1() + ";\n",
@@ -69,7 +71,7 @@ void DatabaseBootstrap::create(const QString &password, const ToolProcess::Pulse
     QDir().rmdir(m_folder.databasePath());
     if (!QDir().rename(aside, m_folder.databasePath()))
         throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable,
-                                        QStringLiteral("cannot rename %1").arg(aside));
+                                        u"cannot rename %1"_s.arg(aside));
 }
 
 void DatabaseBootstrap::resetAccount(const QString &password, const ToolProcess::Pulse &pulse) const
@@ -81,12 +83,12 @@ QByteArray DatabaseBootstrap::systemTables() const
 {
     QByteArray all;
     // The accounts that the server's own set-up would add are left out: they have no password.
-    for (const QString &name : {QStringLiteral("system_tables"), QStringLiteral("performance_tables")}) {
-        QFile file(QStringLiteral("%1/mysql_%2.sql").arg(m_options.programs.scripts, name));
+    for (const QString &name : {u"system_tables"_s, u"performance_tables"_s}) {
+        QFile file(u"%1/mysql_%2.sql"_s.arg(m_options.programs.scripts, name));
         if (!file.exists())
-            file.setFileName(QStringLiteral("%1/mariadb_%2.sql").arg(m_options.programs.scripts, name));
+            file.setFileName(u"%1/mariadb_%2.sql"_s.arg(m_options.programs.scripts, name));
         if (!file.open(QIODevice::ReadOnly))
-            throw ToolProcess::missing(m_options.programs.server, QStringLiteral("cannot read %1").arg(file.fileName()));
+            throw ToolProcess::missing(m_options.programs.server, u"cannot read %1"_s.arg(file.fileName()));
         all += file.readAll() + '\n';
     }
     return all;
@@ -97,8 +99,8 @@ void DatabaseBootstrap::run(const QString &databasePath, const QByteArray &state
 {
     ToolProcess server;
     server.program = m_options.programs.server;
-    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), QStringLiteral("--bootstrap"),
-                        QStringLiteral("--datadir=") + databasePath};
+    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), u"--bootstrap"_s,
+                        u"--datadir="_s + databasePath};
     server.input = statements;
     server.errorFile = m_folder.serverLogPath();
     server.limitMilliseconds = m_options.startLimitMilliseconds;
@@ -112,5 +114,5 @@ void DatabaseBootstrap::run(const QString &databasePath, const QByteArray &state
     }
     if (code != 0)
         throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
-                                        QStringLiteral("the bootstrap ended with %1").arg(code));
+                                        u"the bootstrap ended with %1"_s.arg(code));
 }

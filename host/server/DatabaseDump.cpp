@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <mysql.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A file that only this user can read and that is gone with the object; for passwords and for a tool's last words.
@@ -26,14 +28,14 @@ std::unique_ptr<QTemporaryFile> privateFile(const QByteArray &content = {})
     for (const QString &folder : platform::runtimeFolders()) {
         if (!platform::makePrivateFolder(folder) || !platform::isPrivateFolder(folder))
             continue;
-        auto file = std::make_unique<QTemporaryFile>(folder + QStringLiteral("/tool-XXXXXX"));
+        auto file = std::make_unique<QTemporaryFile>(folder + u"/tool-XXXXXX"_s);
         if (file->open() && file->write(content) == content.size() && file->flush())
             return file;
     }
     throw ServerError(ServerError::Kind::DumpFailed,
-                      QStringLiteral("پرونده موقت در %1 ساخته نشد؛ فضا و اجازه نوشتن در آن را بررسی نمایید.")
+                      u"پرونده موقت در %1 ساخته نشد؛ فضا و اجازه نوشتن در آن را بررسی نمایید."_s
                           .arg(ServerError::shownPath(platform::runtimeFolders().constLast())),
-                      QStringLiteral("no private folder for a temporary file"));
+                      u"no private folder for a temporary file"_s);
 }
 
 QString wordsOf(QTemporaryFile &file)
@@ -53,8 +55,8 @@ void continueUnlessCancelled(const DatabaseDump::Progress &progress, qint64 done
 {
     if (progress && !progress(done, expected))
         throw ServerError(ServerError::Kind::Cancelled,
-                          QStringLiteral("کار به درخواست شما متوقف شد و چیزی تغییر نکرد."),
-                          QStringLiteral("cancelled by the user"));
+                          u"کار به درخواست شما متوقف شد و چیزی تغییر نکرد."_s,
+                          u"cancelled by the user"_s);
 }
 
 QByteArray name(const QString &identifier)
@@ -84,16 +86,16 @@ DatabaseDump::DatabaseDump(const KConnectionSettings &settings, const QString &f
 
 QString DatabaseDump::take(const Progress &progress) const
 {
-    const QString userMessage = QStringLiteral("نسخه پشتیبان در پوشه %1 ساخته نشد؛ اجازه نوشتن و فضای آن را بررسی و دوباره تلاش کنید.")
+    const QString userMessage = u"نسخه پشتیبان در پوشه %1 ساخته نشد؛ اجازه نوشتن و فضای آن را بررسی و دوباره تلاش کنید."_s
                                     .arg(ServerError::shownPath(m_folder));
     QString reason;
     if (!platform::makePrivateFolder(m_folder, &reason))
-        throw failed(userMessage, m_folder, m_folder + QStringLiteral(": ") + reason);
+        throw failed(userMessage, m_folder, m_folder + u": "_s + reason);
     QString target = freeFileName();
-    const QString aside = target + QStringLiteral(".part");
+    const QString aside = target + u".part"_s;
     // Made here first, so that it belongs to the user alone from its first byte.
     if (platform::writePrivateFile(aside, {}, &reason) != platform::WriteResult::Written)
-        throw failed(userMessage, m_folder, aside + QStringLiteral(": ") + reason);
+        throw failed(userMessage, m_folder, aside + u": "_s + reason);
     try {
         const auto options = privateFile(ServerConfig::clientOptions(m_settings));
         const auto words = privateFile();
@@ -101,22 +103,22 @@ QString DatabaseDump::take(const Progress &progress) const
         ToolProcess dump;
         dump.program = m_programs.dump;
         dump.arguments = {ServerConfig::fromFile(options->fileName()),
-                          QStringLiteral("--single-transaction"),
-                          QStringLiteral("--quick"),
-                          QStringLiteral("--hex-blob"),
-                          QStringLiteral("--skip-triggers"),
-                          QStringLiteral("--no-tablespaces"),
-                          QStringLiteral("--default-character-set=utf8mb4"),
-                          QStringLiteral("--max-allowed-packet=1G"),
+                          u"--single-transaction"_s,
+                          u"--quick"_s,
+                          u"--hex-blob"_s,
+                          u"--skip-triggers"_s,
+                          u"--no-tablespaces"_s,
+                          u"--default-character-set=utf8mb4"_s,
+                          u"--max-allowed-packet=1G"_s,
                           m_settings.database};
         dump.outputFile = aside;
         dump.errorFile = words->fileName();
         const int code = dump.run([&](qint64) { continueUnlessCancelled(progress, QFileInfo(aside).size(), expected); });
         if (code != 0 || !isWhole(aside))
             throw failed(userMessage, m_folder,
-                         QStringLiteral("%1 ended with %2: %3").arg(dump.program).arg(code).arg(wordsOf(*words)));
+                         u"%1 ended with %2: %3"_s.arg(dump.program).arg(code).arg(wordsOf(*words)));
         if (!QFile::rename(aside, target))
-            throw failed(userMessage, m_folder, QStringLiteral("cannot rename %1").arg(aside));
+            throw failed(userMessage, m_folder, u"cannot rename %1"_s.arg(aside));
     } catch (const CMySQLException &error) {
         QFile::remove(aside);
         throw failed(userMessage, m_folder, error.GetErrorMessage());
@@ -129,12 +131,12 @@ QString DatabaseDump::take(const Progress &progress) const
 
 QString DatabaseDump::freeFileName() const
 {
-    const QString base = QStringLiteral("%1/%2-%3")
+    const QString base = u"%1/%2-%3"_s
                              .arg(m_folder, m_settings.database,
-                                  QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")));
-    QString path = base + QStringLiteral(".sql");
+                                  QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s));
+    QString path = base + u".sql"_s;
     for (int number = 2; QFile::exists(path); ++number)
-        path = QStringLiteral("%1-%2.sql").arg(base).arg(number);
+        path = u"%1-%2.sql"_s.arg(base).arg(number);
     return path;
 }
 
@@ -159,26 +161,26 @@ bool DatabaseDump::isWhole(const QString &file)
 QStringList DatabaseDump::existing() const
 {
     const QRegularExpression pattern(
-        QStringLiteral("^%1-\\d{8}-\\d{6}(-\\d+)?$").arg(QRegularExpression::escape(m_settings.database)));
+        u"^%1-\\d{8}-\\d{6}(-\\d+)?$"_s.arg(QRegularExpression::escape(m_settings.database)));
     QStringList names;
-    const QFileInfoList files = QDir(m_folder).entryInfoList({QStringLiteral("*.sql")}, QDir::Files);
+    const QFileInfoList files = QDir(m_folder).entryInfoList({u"*.sql"_s}, QDir::Files);
     for (const QFileInfo &file : files) {
         if (pattern.match(file.completeBaseName()).hasMatch())
             names << file.completeBaseName();
     }
     std::sort(names.begin(), names.end(), std::greater<>());
     for (QString &each : names)
-        each = QStringLiteral("%1/%2.sql").arg(m_folder, each);
+        each = u"%1/%2.sql"_s.arg(m_folder, each);
     return names;
 }
 
 void DatabaseDump::restore(const QString &file, const Progress &progress) const
 {
-    const QString userMessage = QStringLiteral("پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید.")
+    const QString userMessage = u"پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید."_s
                                     .arg(ServerError::shownPath(file));
     if (!isWhole(file))
-        throw failed(userMessage, m_folder, QStringLiteral("%1 is no whole dump").arg(file));
-    const QString aside = m_settings.database + QStringLiteral("_restoring");
+        throw failed(userMessage, m_folder, u"%1 is no whole dump"_s.arg(file));
+    const QString aside = m_settings.database + u"_restoring"_s;
     KConnectionSettings server = m_settings;
     server.database.clear();
     try {
@@ -205,16 +207,16 @@ void DatabaseDump::load(const QString &file, const QString &database, const Prog
     const qint64 expected = QFileInfo(file).size();
     ToolProcess client;
     client.program = m_programs.client;
-    client.arguments = {ServerConfig::fromFile(options->fileName()), QStringLiteral("--batch"),
-                        QStringLiteral("--default-character-set=utf8mb4"), QStringLiteral("--max-allowed-packet=1G"), database};
+    client.arguments = {ServerConfig::fromFile(options->fileName()), u"--batch"_s,
+                        u"--default-character-set=utf8mb4"_s, u"--max-allowed-packet=1G"_s, database};
     client.inputFile = file;
     client.errorFile = words->fileName();
     const int code = client.run([&](qint64 done) { continueUnlessCancelled(progress, done, expected); });
     if (code != 0)
         throw failed(
-            QStringLiteral("پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید.")
+            u"پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید."_s
                 .arg(ServerError::shownPath(file)),
-            m_folder, QStringLiteral("%1 ended with %2: %3").arg(client.program).arg(code).arg(wordsOf(*words)));
+            m_folder, u"%1 ended with %2: %3"_s.arg(client.program).arg(code).arg(wordsOf(*words)));
 }
 
 // One RENAME moves the old tables out and the new ones in, so that nobody ever sees neither or half.
@@ -223,7 +225,7 @@ void DatabaseDump::exchangeTables(const QString &aside) const
     KConnectionSettings server = m_settings;
     server.database.clear();
     KConnection connection(server);
-    const QByteArray replaced = name(m_settings.database + QStringLiteral("_replaced"));
+    const QByteArray replaced = name(m_settings.database + u"_replaced"_s);
     const QByteArray database = name(m_settings.database);
     connection.run("DROP DATABASE IF EXISTS " + replaced);
     connection.run("CREATE DATABASE " + replaced);

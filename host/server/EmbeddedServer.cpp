@@ -21,6 +21,8 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcServer, "tz.server")
@@ -98,18 +100,18 @@ void EmbeddedServer::restart(const Progress &progress)
 void EmbeddedServer::prepare(const Progress &progress)
 {
     m_folder.create();
-    auto lock = std::make_unique<platform::FileLock>(m_folder.path() + QStringLiteral("/server.lock"));
+    auto lock = std::make_unique<platform::FileLock>(m_folder.path() + u"/server.lock"_s);
     QString reason;
     if (lock->tryLock(&reason) != platform::FileLock::Result::Taken)
         throw ServerError(ServerError::Kind::InUse,
-                          QStringLiteral("پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره "
-                                         "تلاش کنید.")
+                          u"پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره "
+                          "تلاش کنید."_s
                               .arg(ServerError::shownPath(m_folder.path())),
-                          m_folder.path() + QStringLiteral("/server.lock: ") + reason);
+                          m_folder.path() + u"/server.lock: "_s + reason);
     m_lock = std::move(lock);
 
     m_settings = {};
-    m_settings.socketPath = m_folder.socketPath(QStringLiteral("db"));
+    m_settings.socketPath = m_folder.socketPath(u"db"_s);
     m_settings.user = ServerOptions::databaseName();
     m_settings.database = ServerOptions::databaseName();
     endLeftovers(progress);
@@ -133,14 +135,14 @@ void EmbeddedServer::requireRoom(int mebibytes) const
     const quint64 free = space.available;
     if (free < static_cast<quint64>(mebibytes) * 1024 * 1024)
         throw ServerError(ServerError::Kind::DiskFull, m_folder.diskFullMessage(),
-                          QStringLiteral("%1 bytes free, %2 MiB needed").arg(free).arg(mebibytes));
+                          u"%1 bytes free, %2 MiB needed"_s.arg(free).arg(mebibytes));
 }
 
 // A server of this folder that outlived its program, and what it left. We hold the folder's lock, so no living program
 // owns it.
 void EmbeddedServer::endLeftovers(const Progress &progress)
 {
-    const QString waiting = QStringLiteral("در انتظار پایان سرور قبلی پایگاه داده…");
+    const QString waiting = u"در انتظار پایان سرور قبلی پایگاه داده…"_s;
     const QString argument = ServerConfig::fromFile(m_folder.serverConfigPath());
     QElapsedTimer timer;
     timer.start();
@@ -158,11 +160,11 @@ void EmbeddedServer::endLeftovers(const Progress &progress)
                 platform::forceStop(process);
             if (timer.elapsed() > m_options.startLimitMilliseconds + 5000)
                 throw ServerLog(m_folder).error(ServerError::Kind::InUse,
-                                                QStringLiteral("an earlier server does not end"));
+                                                u"an earlier server does not end"_s);
         }
     }
     QFile::remove(m_settings.socketPath);
-    QFile::remove(m_folder.databasePath() + QStringLiteral("/server.pid"));
+    QFile::remove(m_folder.databasePath() + u"/server.pid"_s);
 }
 
 void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
@@ -176,7 +178,7 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
     config.writeClientOptions(m_settings.socketPath, m_settings.password);
     m_isNewDatabase = !bootstrap.exists();
     if (m_isNewDatabase) {
-        const QString waiting = QStringLiteral("ساختن پایگاه داده برای نخستین بار…");
+        const QString waiting = u"ساختن پایگاه داده برای نخستین بار…"_s;
         tell(progress, waiting);
         requireRoom(m_options.freeMiBForNewDatabase);
         QFile::remove(m_folder.statePath());
@@ -190,7 +192,7 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
 // owns the database.
 void EmbeddedServer::makeAccountAnew(const Progress &progress)
 {
-    const QString waiting = QStringLiteral("بازسازی حساب پایگاه داده…");
+    const QString waiting = u"بازسازی حساب پایگاه داده…"_s;
     tell(progress, waiting);
     DatabaseBootstrap(m_folder, m_options).resetAccount(m_settings.password, [&](qint64) {
         tell(progress, waiting);
@@ -206,7 +208,7 @@ void EmbeddedServer::launch(const Progress &progress)
         startProcess(progress);
         if (!waitUntilReady(progress))
             throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
-                                            QStringLiteral("the server refuses its own account"));
+                                            u"the server refuses its own account"_s);
     }
     m_expectedToRun = true;
     qCInfo(lcServer).noquote() << "server" << m_version << "runs in" << m_folder.path() << "process" << processId();
@@ -214,9 +216,9 @@ void EmbeddedServer::launch(const Progress &progress)
 
 void EmbeddedServer::startProcess(const Progress &progress)
 {
-    tell(progress, QStringLiteral("راه‌اندازی سرور پایگاه داده…"));
+    tell(progress, u"راه‌اندازی سرور پایگاه داده…"_s);
     if (m_options.programs.server.isEmpty())
-        throw ToolProcess::missing({}, QStringLiteral("not found"));
+        throw ToolProcess::missing({}, u"not found"_s);
     platform::tieToThisProgram(m_process);
     m_process.setProcessEnvironment(ToolProcess::environment());
     m_process.setWorkingDirectory(m_folder.databasePath());
@@ -233,7 +235,7 @@ bool EmbeddedServer::waitUntilReady(const Progress &progress)
 {
     KConnectionSettings settings = m_settings;
     settings.connectTimeoutSeconds = 2;
-    const QString waiting = QStringLiteral("در انتظار آماده شدن پایگاه داده…");
+    const QString waiting = u"در انتظار آماده شدن پایگاه داده…"_s;
     QElapsedTimer timer;
     QElapsedTimer pulse;
     timer.start();
@@ -254,14 +256,14 @@ bool EmbeddedServer::waitUntilReady(const Progress &progress)
         }
         if (m_process.waitForFinished(readyPollMilliseconds) || m_process.state() == QProcess::NotRunning)
             throw ServerLog(m_folder).error(ServerError::Kind::DidNotStart,
-                                            QStringLiteral("the server ended with %1").arg(m_process.exitCode()));
+                                            u"the server ended with %1"_s.arg(m_process.exitCode()));
         if (pulse.elapsed() >= pulseMilliseconds) {
             tell(progress, waiting);
             pulse.restart();
         }
     }
     throw ServerLog(m_folder).error(ServerError::Kind::Timeout,
-                                    QStringLiteral("the server does not answer: ") + refusal);
+                                    u"the server does not answer: "_s + refusal);
 }
 
 void EmbeddedServer::endProcess(const Progress &progress)
@@ -270,7 +272,7 @@ void EmbeddedServer::endProcess(const Progress &progress)
     m_expectedToRun = false;
     if (m_process.state() == QProcess::NotRunning)
         return;
-    const QString waiting = QStringLiteral("بستن پایگاه داده…");
+    const QString waiting = u"بستن پایگاه داده…"_s;
     tell(progress, waiting);
     platform::askToStop(m_process.processId());
     QElapsedTimer timer;
@@ -295,9 +297,9 @@ void EmbeddedServer::processFinished(int exitCode, QProcess::ExitStatus status)
     if (!m_expectedToRun)
         return;
     m_expectedToRun = false;
-    const QString how = status == QProcess::CrashExit ? QStringLiteral("was killed or crashed")
-                                                      : QStringLiteral("ended with %1").arg(exitCode);
-    const ServerError error = ServerLog(m_folder).error(ServerError::Kind::EndedUnexpectedly, QStringLiteral("the server ") + how);
+    const QString how = status == QProcess::CrashExit ? u"was killed or crashed"_s
+                                                      : u"ended with %1"_s.arg(exitCode);
+    const ServerError error = ServerLog(m_folder).error(ServerError::Kind::EndedUnexpectedly, u"the server "_s + how);
     qCWarning(lcServer).noquote() << error.detail();
     Q_EMIT endedUnexpectedly(error.userMessage(), error.detail());
 }

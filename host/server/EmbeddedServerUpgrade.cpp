@@ -14,6 +14,8 @@
 
 #include <mysql.h>
 
+using namespace Qt::StringLiterals;
+
 // A database that another version of the server used last.
 
 namespace {
@@ -43,8 +45,8 @@ void EmbeddedServer::checkInstalledVersion() const
         return;
     ToolProcess server;
     server.program = m_options.programs.server;
-    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), QStringLiteral("--version")};
-    server.outputFile = m_folder.logsPath() + QStringLiteral("/server-version.txt");
+    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), u"--version"_s};
+    server.outputFile = m_folder.logsPath() + u"/server-version.txt"_s;
     server.errorFile = m_folder.serverLogPath();
     server.limitMilliseconds = m_options.startLimitMilliseconds;
     server.run();
@@ -58,10 +60,10 @@ void EmbeddedServer::checkInstalledVersion() const
     if (!installed.isNull() && series(installed) < series(last))
         throw ServerError(
             ServerError::Kind::OlderServer,
-            QStringLiteral("پایگاه داده پوشه %1 با نسخه %2 سرور به کار رفته و نسخه نصب شده %3 قدیمی‌تر است؛ نسخه "
-                           "تازه‌تر سرور را نصب نمایید.")
+            u"پایگاه داده پوشه %1 با نسخه %2 سرور به کار رفته و نسخه نصب شده %3 قدیمی‌تر است؛ نسخه "
+            "تازه‌تر سرور را نصب نمایید."_s
                 .arg(ServerError::shownPath(m_folder.path()), last.toString(), installed.toString()),
-            QStringLiteral("last used by %1, installed is %2").arg(last.toString(), installed.toString()));
+            u"last used by %1, installed is %2"_s.arg(last.toString(), installed.toString()));
 }
 
 void EmbeddedServer::upgradeIfNeeded(const Progress &progress)
@@ -88,7 +90,7 @@ void EmbeddedServer::upgradeIfNeeded(const Progress &progress)
 
 void EmbeddedServer::runUpgrade(const Progress &progress)
 {
-    const QString saving = QStringLiteral("پشتیبان‌گیری پیش از ارتقای پایگاه داده…");
+    const QString saving = u"پشتیبان‌گیری پیش از ارتقای پایگاه داده…"_s;
     const QStringList databases = databasesOfThePeople(m_settings);
     for (const QString &name : databases) {
         KConnectionSettings settings = m_settings;
@@ -100,11 +102,11 @@ void EmbeddedServer::runUpgrade(const Progress &progress)
         });
         qCInfo(lcUpgrade).noquote() << "dumped before the upgrade:" << dump;
     }
-    const QString upgrading = QStringLiteral("ارتقای پایگاه داده به نسخه تازه سرور…");
+    const QString upgrading = u"ارتقای پایگاه داده به نسخه تازه سرور…"_s;
     ToolProcess upgrade;
     upgrade.program = m_options.programs.upgrade;
     upgrade.arguments = {ServerConfig::fromFile(m_folder.clientConfigPath())};
-    upgrade.outputFile = m_folder.logsPath() + QStringLiteral("/server-upgrade.log");
+    upgrade.outputFile = m_folder.logsPath() + u"/server-upgrade.log"_s;
     upgrade.errorFile = m_folder.serverLogPath();
     upgrade.limitMilliseconds = upgradeLimitMilliseconds;
     const int code = upgrade.run([&](qint64) {
@@ -114,8 +116,8 @@ void EmbeddedServer::runUpgrade(const Progress &progress)
     if (code != 0)
         throw ServerError(
             ServerError::Kind::UpgradeFailed,
-            QStringLiteral("پایگاه داده پوشه %1 به نسخه تازه سرور ارتقا نیافت؛ نسخه پشتیبان در %2 است و گزارش در %3.")
+            u"پایگاه داده پوشه %1 به نسخه تازه سرور ارتقا نیافت؛ نسخه پشتیبان در %2 است و گزارش در %3."_s
                 .arg(ServerError::shownPath(m_folder.path()), ServerError::shownPath(m_folder.backupsPath()),
                      ServerError::shownPath(upgrade.outputFile)),
-            QStringLiteral("mariadb-upgrade ended with %1\n%2").arg(code).arg(ServerLog(m_folder).tail()));
+            u"mariadb-upgrade ended with %1\n%2"_s.arg(code).arg(ServerLog(m_folder).tail()));
 }

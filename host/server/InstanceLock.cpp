@@ -10,6 +10,8 @@
 #include <QLocalSocket>
 #include <QLoggingCategory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcInstance, "tz.instance")
@@ -19,7 +21,7 @@ const QByteArray raiseAnswer = QByteArrayLiteral("raised\n");
 
 QString socketOf(const DataFolder &folder)
 {
-    return folder.socketPath(QStringLiteral("host"));
+    return folder.socketPath(u"host"_s);
 }
 
 }
@@ -32,7 +34,7 @@ InstanceLock::~InstanceLock() = default;
 
 bool InstanceLock::acquire()
 {
-    const QString path = m_folder.path() + QStringLiteral("/program.lock");
+    const QString path = m_folder.path() + u"/program.lock"_s;
     if (!m_lock)
         m_lock = std::make_unique<platform::FileLock>(path);
     QString reason;
@@ -41,10 +43,10 @@ bool InstanceLock::acquire()
         return false;
     case platform::FileLock::Result::Impossible:
         throw ServerError(ServerError::Kind::FolderNotWritable,
-                          QStringLiteral("در پوشه %1 نمی‌توان قفل برنامه را ساخت؛ اجازه نوشتن در آن را "
-                                         "بگیرید.")
+                          u"در پوشه %1 نمی‌توان قفل برنامه را ساخت؛ اجازه نوشتن در آن را "
+                          "بگیرید."_s
                               .arg(ServerError::shownPath(m_folder.path())),
-                          path + QStringLiteral(": ") + reason);
+                          path + u": "_s + reason);
     case platform::FileLock::Result::Taken:
         break;
     }
@@ -93,7 +95,7 @@ bool InstanceLock::raiseOther(int limitMilliseconds)
 
 QString InstanceLock::inUseMessage() const
 {
-    return QStringLiteral("پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره تلاش "
-                          "کنید.")
-        .arg(ServerError::shownPath(m_folder.path()));
+    return u"پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره تلاش "
+           "کنید."_s
+               .arg(ServerError::shownPath(m_folder.path()));
 }

@@ -16,6 +16,8 @@
 #include <system_error>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -80,7 +82,7 @@ bool makePrivateFolder(const QString &path, QString *reason)
 {
     const QString parent = QFileInfo(path).path();
     if (!QFileInfo(parent).isDir() && !QDir().mkpath(parent)) {
-        setReason(reason, QStringLiteral("cannot make %1").arg(parent));
+        setReason(reason, u"cannot make %1"_s.arg(parent));
         return false;
     }
     if (::mkdir(QFile::encodeName(path).constData(), 0700) == 0)
@@ -123,9 +125,9 @@ QStringList runtimeFolders()
     QStringList folders;
     const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (QDir::isAbsolutePath(session) && isPrivateFolder(session))
-        folders << session + QStringLiteral("/tzauto");
-    const QString own = QStringLiteral("/tzauto-%1").arg(::geteuid());
-    folders << QDir::tempPath() + own << QStringLiteral("/tmp") + own;
+        folders << session + u"/tzauto"_s;
+    const QString own = u"/tzauto-%1"_s.arg(::geteuid());
+    folders << QDir::tempPath() + own << u"/tmp"_s + own;
     return folders;
 }
 
@@ -170,7 +172,7 @@ bool isAlive(qint64 processId)
     if (processId <= 0 || (::kill(static_cast<pid_t>(processId), 0) != 0 && errno == ESRCH))
         return false;
     // A process that has ended but that its parent has not yet asked about holds no files any more.
-    QFile status(QStringLiteral("/proc/%1/stat").arg(processId));
+    QFile status(u"/proc/%1/stat"_s.arg(processId));
     if (!status.open(QIODevice::ReadOnly))
         return true;
     const QByteArray line = status.readAll();
@@ -181,11 +183,11 @@ QList<qint64> processesWithArgument(const QString &argument)
 {
     const QByteArray wanted = QFile::encodeName(argument);
     QList<qint64> found;
-    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    const QStringList entries = QDir(u"/proc"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString &entry : entries) {
         bool isProcess = false;
         const qint64 id = entry.toLongLong(&isProcess);
-        QFile commandLine(QStringLiteral("/proc/%1/cmdline").arg(entry));
+        QFile commandLine(u"/proc/%1/cmdline"_s.arg(entry));
         if (isProcess && commandLine.open(QIODevice::ReadOnly) && commandLine.readAll().split('\0').contains(wanted))
             found << id;
     }

@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QRandomGenerator>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QByteArray passwordKey = QByteArrayLiteral("password=");
@@ -31,7 +33,7 @@ QByteArray ServerConfig::quoted(const QString &value)
 
 QString ServerConfig::fromFile(const QString &path)
 {
-    return QStringLiteral("--defaults-file=") + path;
+    return u"--defaults-file="_s + path;
 }
 
 QString ServerConfig::newPassword()
@@ -48,7 +50,7 @@ void ServerConfig::writeServerOptions(const QString &socketPath) const
     const auto add = [&text](const char *line) { text += QByteArray(line) + '\n'; };
     text += "datadir=" + quoted(m_folder.databasePath()) + '\n';
     text += "socket=" + quoted(socketPath) + '\n';
-    text += "pid_file=" + quoted(m_folder.databasePath() + QStringLiteral("/server.pid")) + '\n';
+    text += "pid_file=" + quoted(m_folder.databasePath() + u"/server.pid"_s) + '\n';
     // A server that starts removes all temporary tables of its folder for temporary files, also those that another server is
     // just using: it must have that folder for itself.
     text += "tmpdir=" + quoted(m_folder.temporaryPath()) + '\n';
@@ -142,11 +144,11 @@ void ServerConfig::write(const QString &path, const QByteArray &content) const
         return;
     case platform::WriteResult::NoRoom:
         throw ServerError(ServerError::Kind::DiskFull, m_folder.diskFullMessage(),
-                          path + QStringLiteral(": ") + reason);
+                          path + u": "_s + reason);
     case platform::WriteResult::Refused:
         throw ServerError(
             ServerError::Kind::FolderNotWritable,
-            QStringLiteral("پرونده %1 نوشته نشد؛ اجازه نوشتن در این پوشه را بگیرید.").arg(ServerError::shownPath(path)),
-            path + QStringLiteral(": ") + reason);
+            u"پرونده %1 نوشته نشد؛ اجازه نوشتن در این پوشه را بگیرید."_s.arg(ServerError::shownPath(path)),
+            path + u": "_s + reason);
     }
 }

@@ -3,6 +3,8 @@
 
 #include "host/server/ServerError.h"
 
+using namespace Qt::StringLiterals;
+
 ServerError::ServerError(Kind kind, const QString &userMessage, const QString &detail)
     : m_kind(kind)
     , m_userMessage(userMessage)
@@ -13,5 +15,5 @@ ServerError::ServerError(Kind kind, const QString &userMessage, const QString &d
 
 QString ServerError::shownPath(const QString &path)
 {
-    return QStringLiteral("«\u2068%1\u2069»").arg(path);
+    return u"«\u2068%1\u2069»"_s.arg(path);
 }

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A log that went on for weeks is not read whole.
@@ -19,23 +21,23 @@ QString messageFor(ServerError::Kind kind, const DataFolder &folder)
     case ServerError::Kind::DiskFull:
         return folder.diskFullMessage();
     case ServerError::Kind::InUse:
-        return QStringLiteral("پایگاه داده پوشه %1 در دست سرور دیگری است؛ برنامه دیگر را ببندید و دوباره تلاش کنید.")
+        return u"پایگاه داده پوشه %1 در دست سرور دیگری است؛ برنامه دیگر را ببندید و دوباره تلاش کنید."_s
             .arg(shown);
     case ServerError::Kind::FolderNotWritable:
-        return QStringLiteral("سرور پایگاه داده اجازه خواندن یا نوشتن همه پرونده‌های پوشه %1 را ندارد؛ اجازه آنها را "
-                              "به خود بازگردانید.")
-            .arg(shown);
+        return u"سرور پایگاه داده اجازه خواندن یا نوشتن همه پرونده‌های پوشه %1 را ندارد؛ اجازه آنها را "
+               "به خود بازگردانید."_s
+                   .arg(shown);
     case ServerError::Kind::Timeout:
-        return QStringLiteral("سرور پایگاه داده پوشه %1 در زمان مقرر آماده نشد؛ دوباره تلاش کنید. گزارش آن در %2 است.")
+        return u"سرور پایگاه داده پوشه %1 در زمان مقرر آماده نشد؛ دوباره تلاش کنید. گزارش آن در %2 است."_s
             .arg(shown, log);
     case ServerError::Kind::EndedUnexpectedly:
-        return QStringLiteral("سرور پایگاه داده پوشه %1 ناگهان متوقف شد و دوباره راه‌اندازی می‌شود؛ کار آخر خود را "
-                              "دوباره انجام دهید.")
-            .arg(shown);
+        return u"سرور پایگاه داده پوشه %1 ناگهان متوقف شد و دوباره راه‌اندازی می‌شود؛ کار آخر خود را "
+               "دوباره انجام دهید."_s
+                   .arg(shown);
     default:
-        return QStringLiteral("سرور پایگاه داده پوشه %1 راه‌اندازی نشد؛ دوباره تلاش کنید و اگر باز هم نشد گزارش %2 "
-                              "را برای پشتیبانی بفرستید.")
-            .arg(shown, log);
+        return u"سرور پایگاه داده پوشه %1 راه‌اندازی نشد؛ دوباره تلاش کنید و اگر باز هم نشد گزارش %2 "
+               "را برای پشتیبانی بفرستید."_s
+                   .arg(shown, log);
     }
 }
 
@@ -71,18 +73,18 @@ std::optional<ServerError::Kind> ServerLog::knownFailure(const QString &text)
         ServerError::Kind kind;
     };
     static const Sign signs[] = {
-        {QStringLiteral("No space left on device"), ServerError::Kind::DiskFull},
-        {QStringLiteral("Disk full"), ServerError::Kind::DiskFull},
-        {QStringLiteral("Out of disk space"), ServerError::Kind::DiskFull},
-        {QStringLiteral("failed with error 28"), ServerError::Kind::DiskFull},
-        {QStringLiteral("Errcode: 28"), ServerError::Kind::DiskFull},
-        {QStringLiteral("Error number 28"), ServerError::Kind::DiskFull},
-        {QStringLiteral("errno 28"), ServerError::Kind::DiskFull},
-        {QStringLiteral("errno: 28"), ServerError::Kind::DiskFull},
-        {QStringLiteral("Unable to lock ./ibdata1"), ServerError::Kind::InUse},
-        {QStringLiteral("Can't lock aria control file"), ServerError::Kind::InUse},
-        {QStringLiteral("Permission denied"), ServerError::Kind::FolderNotWritable},
-        {QStringLiteral("Read-only file system"), ServerError::Kind::FolderNotWritable},
+        {u"No space left on device"_s, ServerError::Kind::DiskFull},
+        {u"Disk full"_s, ServerError::Kind::DiskFull},
+        {u"Out of disk space"_s, ServerError::Kind::DiskFull},
+        {u"failed with error 28"_s, ServerError::Kind::DiskFull},
+        {u"Errcode: 28"_s, ServerError::Kind::DiskFull},
+        {u"Error number 28"_s, ServerError::Kind::DiskFull},
+        {u"errno 28"_s, ServerError::Kind::DiskFull},
+        {u"errno: 28"_s, ServerError::Kind::DiskFull},
+        {u"Unable to lock ./ibdata1"_s, ServerError::Kind::InUse},
+        {u"Can't lock aria control file"_s, ServerError::Kind::InUse},
+        {u"Permission denied"_s, ServerError::Kind::FolderNotWritable},
+        {u"Read-only file system"_s, ServerError::Kind::FolderNotWritable},
     };
     for (const Sign &sign : signs) {
         if (text.contains(sign.words, Qt::CaseInsensitive))

@@ -5,6 +5,8 @@
 
 #include "host/server/ServerPrograms.h"
 
+using namespace Qt::StringLiterals;
+
 // What the server of a data folder is started with.
 struct ServerOptions
 {
@@ -19,5 +21,5 @@ struct ServerOptions
     bool unsafeButFast = false;
 
     // Name of the database and of the account in client.cnf.
-    static QString databaseName() { return QStringLiteral("tzauto"); }
+    static QString databaseName() { return u"tzauto"_s; }
 };

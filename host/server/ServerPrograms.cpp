@@ -6,13 +6,15 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The server lies in a folder that is not in an ordinary user's PATH.
 QString find(std::initializer_list<QString> names)
 {
-    static const QStringList folders{QStringLiteral("/usr/sbin"), QStringLiteral("/usr/bin"),
-                                     QStringLiteral("/usr/local/sbin"), QStringLiteral("/usr/local/bin")};
+    static const QStringList folders{u"/usr/sbin"_s, u"/usr/bin"_s,
+                                     u"/usr/local/sbin"_s, u"/usr/local/bin"_s};
     for (const QString &name : names) {
         QString path = QStandardPaths::findExecutable(name, folders);
         if (path.isEmpty())
@@ -27,10 +29,10 @@ QString find(std::initializer_list<QString> names)
 QString findScripts()
 {
     for (const QString &folder :
-         {QStringLiteral("/usr/share/mysql"), QStringLiteral("/usr/share/mariadb"),
-          QStringLiteral("/usr/local/share/mysql"), QStringLiteral("/usr/local/share/mariadb")}) {
+         {u"/usr/share/mysql"_s, u"/usr/share/mariadb"_s,
+          u"/usr/local/share/mysql"_s, u"/usr/local/share/mariadb"_s}) {
         for (const QString &name :
-             {QStringLiteral("/mysql_system_tables.sql"), QStringLiteral("/mariadb_system_tables.sql")}) {
+             {u"/mysql_system_tables.sql"_s, u"/mariadb_system_tables.sql"_s}) {
             if (QFileInfo::exists(folder + name))
                 return folder;
         }
@@ -43,10 +45,10 @@ QString findScripts()
 const ServerPrograms &ServerPrograms::installed()
 {
     static const ServerPrograms programs{
-        find({QStringLiteral("mariadbd"), QStringLiteral("mysqld")}),
-        find({QStringLiteral("mariadb"), QStringLiteral("mysql")}),
-        find({QStringLiteral("mariadb-dump"), QStringLiteral("mysqldump")}),
-        find({QStringLiteral("mariadb-upgrade"), QStringLiteral("mysql_upgrade")}),
+        find({u"mariadbd"_s, u"mysqld"_s}),
+        find({u"mariadb"_s, u"mysql"_s}),
+        find({u"mariadb-dump"_s, u"mysqldump"_s}),
+        find({u"mariadb-upgrade"_s, u"mysql_upgrade"_s}),
         findScripts(),
     };
     return programs;

@@ -11,12 +11,14 @@
 #include <QLoggingCategory>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcServer, "tz.server")
 
-const QString versionKey = QStringLiteral("version");
-const QString cleanKey = QStringLiteral("endedCleanly");
+const QString versionKey = u"version"_s;
+const QString cleanKey = u"endedCleanly"_s;
 
 }
 
@@ -40,7 +42,7 @@ void ServerState::save(const DataFolder &folder) const
 
 QVersionNumber ServerState::versionIn(const QString &text)
 {
-    static const QRegularExpression pattern(QStringLiteral("\\b(\\d+)\\.(\\d+)\\.(\\d+)"));
+    static const QRegularExpression pattern(u"\\b(\\d+)\\.(\\d+)\\.(\\d+)"_s);
     const QRegularExpressionMatch match = pattern.match(text);
     if (!match.hasMatch())
         return {};

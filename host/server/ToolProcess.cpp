@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int pulseMilliseconds = 50;
@@ -54,28 +56,28 @@ QProcessEnvironment ToolProcess::environment()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     const QStringList names = environment.keys();
     for (const QString &name : names) {
-        if (name.startsWith(QStringLiteral("MYSQL_")) || name.startsWith(QStringLiteral("MARIADB_")))
+        if (name.startsWith(u"MYSQL_"_s) || name.startsWith(u"MARIADB_"_s))
             environment.remove(name);
     }
     // The tools' words are for our log and are looked through for known failures.
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    environment.insert(u"LC_ALL"_s, u"C"_s);
     return environment;
 }
 
 ServerError ToolProcess::missing(const QString &program, const QString &detail)
 {
-    const QString shown = program.isEmpty() ? QStringLiteral("mariadbd") : program;
+    const QString shown = program.isEmpty() ? u"mariadbd"_s : program;
     return {ServerError::Kind::ProgramMissing,
-            QStringLiteral("برنامه %1 اجرا نشد؛ بسته‌های mariadb-server-core و mariadb-client را نصب "
-                           "نمایید.")
+            u"برنامه %1 اجرا نشد؛ بسته‌های mariadb-server-core و mariadb-client را نصب "
+            "نمایید."_s
                 .arg(ServerError::shownPath(shown)),
-            QStringLiteral("cannot start %1: %2").arg(shown, detail)};
+            u"cannot start %1: %2"_s.arg(shown, detail)};
 }
 
 int ToolProcess::run(const Pulse &pulse) const
 {
     if (program.isEmpty())
-        throw missing(program, QStringLiteral("not found"));
+        throw missing(program, u"not found"_s);
     QFile file(inputFile);
     QBuffer buffer;
     buffer.setData(input);
@@ -83,8 +85,8 @@ int ToolProcess::run(const Pulse &pulse) const
     if (!source.open(QIODevice::ReadOnly))
         throw ServerError(
             ServerError::Kind::DumpFailed,
-            QStringLiteral("پرونده %1 خوانده نشد؛ پرونده دیگری انتخاب نمایید.").arg(ServerError::shownPath(inputFile)),
-            inputFile + QStringLiteral(": ") + source.errorString());
+            u"پرونده %1 خوانده نشد؛ پرونده دیگری انتخاب نمایید."_s.arg(ServerError::shownPath(inputFile)),
+            inputFile + u": "_s + source.errorString());
 
     platform::ignoreBrokenPipes();
     QProcess process;
@@ -111,9 +113,9 @@ int ToolProcess::run(const Pulse &pulse) const
         }
         if (limitMilliseconds > 0 && total.elapsed() > limitMilliseconds)
             throw ServerError(ServerError::Kind::Timeout,
-                              QStringLiteral("برنامه %1 در زمان مقرر به پایان نرسید؛ دوباره تلاش کنید.")
+                              u"برنامه %1 در زمان مقرر به پایان نرسید؛ دوباره تلاش کنید."_s
                                   .arg(ServerError::shownPath(program)),
-                              QStringLiteral("%1 did not end within %2 ms").arg(program).arg(limitMilliseconds));
+                              u"%1 did not end within %2 ms"_s.arg(program).arg(limitMilliseconds));
     }
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }

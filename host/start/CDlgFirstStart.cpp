@@ -22,12 +22,14 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgFirstStart::CDlgFirstStart(QWidget *parent)
     : KDialog(parent)
 {
-    setWindowTitle(QStringLiteral("راه‌اندازی اولیه"));
-    auto *welcome = new QLabel(QStringLiteral("به برنامه خوش آمدید. با چند مشخصه زیر دفتر شما آماده کار می‌شود؛ "
-                                              "همه آن‌ها بعدا در «تنظیمات» قابل تغییر است."),
+    setWindowTitle(u"راه‌اندازی اولیه"_s);
+    auto *welcome = new QLabel(u"به برنامه خوش آمدید. با چند مشخصه زیر دفتر شما آماده کار می‌شود؛ "
+                               "همه آن‌ها بعدا در «تنظیمات» قابل تغییر است."_s,
                                this);
     welcome->setWordWrap(true);
 
@@ -44,7 +46,7 @@ CDlgFirstStart::CDlgFirstStart(QWidget *parent)
     column->setSpacing(12);
     column->addWidget(welcome);
     column->addLayout(columns);
-    column->addWidget(createButtons(QStringLiteral("شروع به کار"), QStringLiteral("خروج")));
+    column->addWidget(createButtons(u"شروع به کار"_s, u"خروج"_s));
     m_adminName->setFocus();
 }
 
@@ -59,12 +61,12 @@ KEdit *CDlgFirstStart::addEdit(QFormLayout *form, const QString &caption, int ma
 
 QGroupBox *CDlgFirstStart::buildAdministrator()
 {
-    auto *box = new QGroupBox(QStringLiteral("مدیر برنامه"), this);
+    auto *box = new QGroupBox(u"مدیر برنامه"_s, this);
     auto *form = new QFormLayout(box);
-    m_adminName = addEdit(form, QStringLiteral("نام مدیر :"), 100);
-    m_user = addEdit(form, QStringLiteral("نام کاربری :"), 50);
-    m_password = addEdit(form, QStringLiteral("کلمه عبور :"), 200);
-    m_repeated = addEdit(form, QStringLiteral("تکرار کلمه عبور :"), 200);
+    m_adminName = addEdit(form, u"نام مدیر :"_s, 100);
+    m_user = addEdit(form, u"نام کاربری :"_s, 50);
+    m_password = addEdit(form, u"کلمه عبور :"_s, 200);
+    m_repeated = addEdit(form, u"تکرار کلمه عبور :"_s, 200);
     m_password->setEchoMode(QLineEdit::Password);
     m_repeated->setEchoMode(QLineEdit::Password);
     return box;
@@ -72,30 +74,30 @@ QGroupBox *CDlgFirstStart::buildAdministrator()
 
 QGroupBox *CDlgFirstStart::buildCompany()
 {
-    auto *box = new QGroupBox(QStringLiteral("مشخصات نمایشگاه"), this);
+    auto *box = new QGroupBox(u"مشخصات نمایشگاه"_s, this);
     auto *form = new QFormLayout(box);
-    m_company1 = addEdit(form, QStringLiteral("نام نمایشگاه :"), 100);
-    m_company2 = addEdit(form, QStringLiteral("ادامه نام نمایشگاه :"), 100);
-    m_nationalCode = addEdit(form, QStringLiteral("کد ملی :"), 20);
-    m_telephone = addEdit(form, QStringLiteral("تلفن :"), 50);
-    m_mobile = addEdit(form, QStringLiteral("موبایل :"), 50);
-    m_city = addEdit(form, QStringLiteral("شهر :"), 50);
-    m_address = addEdit(form, QStringLiteral("نشانی :"), 250);
+    m_company1 = addEdit(form, u"نام نمایشگاه :"_s, 100);
+    m_company2 = addEdit(form, u"ادامه نام نمایشگاه :"_s, 100);
+    m_nationalCode = addEdit(form, u"کد ملی :"_s, 20);
+    m_telephone = addEdit(form, u"تلفن :"_s, 50);
+    m_mobile = addEdit(form, u"موبایل :"_s, 50);
+    m_city = addEdit(form, u"شهر :"_s, 50);
+    m_address = addEdit(form, u"نشانی :"_s, 250);
     return box;
 }
 
 QGroupBox *CDlgFirstStart::buildFiscalYear()
 {
-    auto *box = new QGroupBox(QStringLiteral("سال مالی"), this);
+    auto *box = new QGroupBox(u"سال مالی"_s, this);
     auto *form = new QFormLayout(box);
     const int year = GetShamsi(GetDBSetting()->GetDBServerDate().date()).year;
-    m_fiscalYear = addEdit(form, QStringLiteral("سال مالی :"), 4);
+    m_fiscalYear = addEdit(form, u"سال مالی :"_s, 4);
     m_fiscalYear->setKind(KEdit::Kind::Integer);
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
     m_fiscalYear->setNumber(year);
     m_opening = new KDateEdit(box);
     m_opening->setDate(ConvertToMiladi(year, 1, 1));
-    addLabelled(form, QStringLiteral("تاریخ افتتاح :"), m_opening);
+    addLabelled(form, u"تاریخ افتتاح :"_s, m_opening);
     // A year's books open on its first day unless the office says otherwise.
     connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
         const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1);
@@ -108,11 +110,11 @@ QGroupBox *CDlgFirstStart::buildFiscalYear()
 QString CDlgFirstStart::passwordProblem(const QString &password, const QString &repeated)
 {
     if (password.isEmpty())
-        return QStringLiteral("لطفا کلمه عبور را وارد نمایید.");
+        return u"لطفا کلمه عبور را وارد نمایید."_s;
     if (password.size() < shortestPassword)
-        return QStringLiteral("کلمه عبور باید دست‌کم %1 نویسه باشد.").arg(shortestPassword);
+        return u"کلمه عبور باید دست‌کم %1 نویسه باشد."_s.arg(shortestPassword);
     if (password != repeated)
-        return QStringLiteral("کلمه عبور و تکرار آن یکسان نیستند.");
+        return u"کلمه عبور و تکرار آن یکسان نیستند."_s;
     return {};
 }
 
@@ -126,16 +128,16 @@ bool CDlgFirstStart::refuse(const QString &message, QWidget *field)
 bool CDlgFirstStart::validate()
 {
     if (ConvertToStandard(m_user->text()).isEmpty())
-        return refuse(QStringLiteral("لطفا نام کاربری را وارد نمایید."), m_user);
+        return refuse(u"لطفا نام کاربری را وارد نمایید."_s, m_user);
     const QString problem = passwordProblem(m_password->text(), m_repeated->text());
     if (!problem.isEmpty())
         return refuse(problem, m_password->text().size() < shortestPassword ? m_password : m_repeated);
     if (ConvertToStandard(m_company1->text()).isEmpty())
-        return refuse(QStringLiteral("لطفا نام نمایشگاه را وارد نمایید."), m_company1);
+        return refuse(u"لطفا نام نمایشگاه را وارد نمایید."_s, m_company1);
     if (!m_fiscalYear->isEntryValid() || m_fiscalYear->text().isEmpty())
-        return refuse(QStringLiteral("لطفا سال مالی را درست وارد نمایید."), m_fiscalYear);
+        return refuse(u"لطفا سال مالی را درست وارد نمایید."_s, m_fiscalYear);
     if (!m_opening->isEntryValid() || !m_opening->dateTime().isValid())
-        return refuse(QStringLiteral("لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."), m_opening);
+        return refuse(u"لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."_s, m_opening);
     return true;
 }
 

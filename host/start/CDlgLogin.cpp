@@ -19,10 +19,12 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString section = QStringLiteral("Login");
-const QString lastUserKey = QStringLiteral("sLastUser");
+const QString section = u"Login"_s;
+const QString lastUserKey = u"sLastUser"_s;
 
 }
 
@@ -32,8 +34,8 @@ CDlgLogin::CDlgLogin(const QString &officeName, QWidget *parent)
     , m_password(new KEdit(this))
     , m_hint(new QLabel(this))
 {
-    setWindowTitle(QStringLiteral("ورود به برنامه"));
-    build(officeName.isEmpty() ? QStringLiteral("گالری اتومبیل") : officeName);
+    setWindowTitle(u"ورود به برنامه"_s);
+    build(officeName.isEmpty() ? u"گالری اتومبیل"_s : officeName);
     m_wait.setInterval(1000);
     connect(&m_wait, &QTimer::timeout, this, &CDlgLogin::showWait);
     setUserName(ReadSetting(section, lastUserKey, QString()));
@@ -42,7 +44,7 @@ CDlgLogin::CDlgLogin(const QString &officeName, QWidget *parent)
 void CDlgLogin::build(const QString &officeName)
 {
     auto *picture = new QLabel(this);
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/tzauto.svg")).pixmap(72, 72));
+    picture->setPixmap(QIcon(u":/icons/tzauto.svg"_s).pixmap(72, 72));
     picture->setAlignment(Qt::AlignCenter);
     auto *title = new QLabel(officeName, this);
     title->setAlignment(Qt::AlignCenter);
@@ -57,12 +59,12 @@ void CDlgLogin::build(const QString &officeName)
     m_user->setMaxLength(50);
     auto *fields = new QGridLayout;
     fields->setVerticalSpacing(10);
-    addLabelled(fields, 0, 0, QStringLiteral("نام کاربری :"), m_user);
-    addLabelled(fields, 1, 0, QStringLiteral("کلمه عبور :"), m_password);
+    addLabelled(fields, 0, 0, u"نام کاربری :"_s, m_user);
+    addLabelled(fields, 1, 0, u"کلمه عبور :"_s, m_password);
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setMinimumHeight(m_hint->fontMetrics().lineSpacing());
 
-    QDialogButtonBox *buttons = createButtons(QStringLiteral("ورود"), QStringLiteral("خروج"));
+    QDialogButtonBox *buttons = createButtons(u"ورود"_s, u"خروج"_s);
     for (QAbstractButton *button : buttons->buttons())
         if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             m_ok = button;
@@ -98,8 +100,8 @@ bool CDlgLogin::OnOK()
     KEdit *const empty = m_user->text().trimmed().isEmpty() ? m_user : m_password->text().isEmpty() ? m_password
                                                                                                     : nullptr;
     if (empty) {
-        g_pDlgWarning->Show(empty == m_user ? QStringLiteral("لطفا نام کاربری را وارد نمایید.")
-                                            : QStringLiteral("لطفا کلمه عبور را وارد نمایید."),
+        g_pDlgWarning->Show(empty == m_user ? u"لطفا نام کاربری را وارد نمایید."_s
+                                            : u"لطفا کلمه عبور را وارد نمایید."_s,
                             this);
         empty->setFocus();
         return false;
@@ -124,11 +126,11 @@ void CDlgLogin::refuse()
     ++m_wrongAttempts;
     m_secondsLeft = waitAfter(m_wrongAttempts);
     m_ok->setEnabled(m_secondsLeft == 0);
-    g_pDlgWarning->Show(QStringLiteral("نام کاربری یا کلمه عبور درست نیست."), this);
+    g_pDlgWarning->Show(u"نام کاربری یا کلمه عبور درست نیست."_s, this);
     m_password->selectAll();
     m_password->setFocus();
     if (m_secondsLeft > 0) {
-        m_hint->setText(QStringLiteral("لطفا %1 ثانیه صبر نمایید.").arg(m_secondsLeft));
+        m_hint->setText(u"لطفا %1 ثانیه صبر نمایید."_s.arg(m_secondsLeft));
         m_wait.start();
     }
 }
@@ -137,7 +139,7 @@ void CDlgLogin::showWait()
 {
     --m_secondsLeft;
     if (m_secondsLeft > 0) {
-        m_hint->setText(QStringLiteral("لطفا %1 ثانیه صبر نمایید.").arg(m_secondsLeft));
+        m_hint->setText(u"لطفا %1 ثانیه صبر نمایید."_s.arg(m_secondsLeft));
         return;
     }
     m_wait.stop();

@@ -12,21 +12,23 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgServerPassword::CDlgServerPassword(const HostOptions &options, QWidget *parent)
     : KDialog(parent)
     , m_password(new KEdit(this))
 {
-    setWindowTitle(QStringLiteral("اتصال به سرور دفتر"));
+    setWindowTitle(u"اتصال به سرور دفتر"_s);
     m_password->setEchoMode(QLineEdit::Password);
     m_password->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
 
     auto *form = new QFormLayout;
-    form->addRow(QStringLiteral("سرور :"), new QLabel(options.host + u'/' + options.database, this));
-    form->addRow(QStringLiteral("حساب :"), new QLabel(options.user, this));
-    addLabelled(form, QStringLiteral("کلمه عبور پایگاه داده :"), m_password);
+    form->addRow(u"سرور :"_s, new QLabel(options.host + u'/' + options.database, this));
+    form->addRow(u"حساب :"_s, new QLabel(options.user, this));
+    addLabelled(form, u"کلمه عبور پایگاه داده :"_s, m_password);
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
-    column->addWidget(createButtons(QStringLiteral("اتصال")));
+    column->addWidget(createButtons(u"اتصال"_s));
     m_password->setFocus();
 }
 

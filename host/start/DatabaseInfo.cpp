@@ -5,19 +5,21 @@
 
 #include "suite/db/CTblTemp.h"
 
+using namespace Qt::StringLiterals;
+
 namespace DatabaseInfo {
 
 QString name()
 {
     const KConnectionSettings settings = KConnection::settings(0);
-    return settings.host.isEmpty() ? settings.database : settings.database + QStringLiteral(" @ ") + settings.host;
+    return settings.host.isEmpty() ? settings.database : settings.database + u" @ "_s + settings.host;
 }
 
 QString serverVersion()
 {
     CTblTemp query;
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT VERSION()"));
+    query.ExecuteQuery(u"SELECT VERSION()"_s);
     return query.GetTextFieldValue(0);
 }
 

@@ -12,14 +12,16 @@
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Tables whose rows people typed. The seeded ones (accounts, settings) are made again by an upgrade.
 const QStringList &dataTables()
 {
-    static const QStringList tables = {QStringLiteral("Users"), QStringLiteral("Persons"), QStringLiteral("Documents"),
-                                       QStringLiteral("AutomobilContracts"), QStringLiteral("AutomobilDemands"),
-                                       QStringLiteral("AutomobilInformations")};
+    static const QStringList tables = {u"Users"_s, u"Persons"_s, u"Documents"_s,
+                                       u"AutomobilContracts"_s, u"AutomobilDemands"_s,
+                                       u"AutomobilInformations"_s};
     return tables;
 }
 
@@ -27,22 +29,22 @@ bool holdsRows()
 {
     CTblTemp query;
     query.Open(false, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_SCHEMA = DATABASE() "
-                                      "AND TABLE_NAME IN ('%1')")
-                           .arg(dataTables().join(QStringLiteral("','"))));
+    query.ExecuteQuery(u"SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_SCHEMA = DATABASE() "
+                       "AND TABLE_NAME IN ('%1')"_s
+                           .arg(dataTables().join(u"','"_s)));
     QStringList present;
     for (; query.HasResultRow(); query.MoveNextResult())
-        present.append(QStringLiteral("EXISTS(SELECT 1 FROM %1)").arg(query.GetTextFieldValue(0)));
+        present.append(u"EXISTS(SELECT 1 FROM %1)"_s.arg(query.GetTextFieldValue(0)));
     if (present.isEmpty())
         return false;
-    query.ExecuteQuery(QStringLiteral("SELECT ") + present.join(QStringLiteral(" OR ")));
+    query.ExecuteQuery(u"SELECT "_s + present.join(u" OR "_s));
     return query.GetLongFieldValue(0) != 0;
 }
 
 bool changesSchema(const QString &statement)
 {
     const QString text = statement.trimmed();
-    for (const QString &verb : {QStringLiteral("ALTER "), QStringLiteral("DROP "), QStringLiteral("CREATE ")})
+    for (const QString &verb : {u"ALTER "_s, u"DROP "_s, u"CREATE "_s})
         if (text.startsWith(verb, Qt::CaseInsensitive))
             return true;
     return false;
@@ -72,8 +74,8 @@ private:
     bool m_done = false;
 };
 
-const QString schemaSection = QStringLiteral("Schema");
-const QString unfinishedKey = QStringLiteral("TzAutoUnfinished");
+const QString schemaSection = u"Schema"_s;
+const QString unfinishedKey = u"TzAutoUnfinished"_s;
 
 }
 
@@ -90,7 +92,7 @@ void DatabaseUpgrade::upgradeSuite()
         return;
     if (stored < SuiteSchema::currentVersion() && holdsRows())
         takeDump();
-    m_progress(QStringLiteral("آماده‌سازی جدول‌های پایگاه داده"));
+    m_progress(u"آماده‌سازی جدول‌های پایگاه داده"_s);
     qCInfo(lcHost) << "suite schema" << stored << "to" << SuiteSchema::currentVersion();
     SuiteSchema::upgrade();
     KTableSchema::forgetAll();
@@ -115,7 +117,7 @@ bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
         changed = true;
         if (dumpIfChanged)
             takeDump();
-        m_progress(QStringLiteral("آماده‌سازی جدول‌های گالری اتومبیل"));
+        m_progress(u"آماده‌سازی جدول‌های گالری اتومبیل"_s);
     });
 
     double reached = stored;
@@ -133,7 +135,7 @@ bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
 
 void DatabaseUpgrade::takeDump()
 {
-    const QString waitingFor = QStringLiteral("پشتیبان‌گیری پیش از ارتقای پایگاه داده");
+    const QString waitingFor = u"پشتیبان‌گیری پیش از ارتقای پایگاه داده"_s;
     m_progress(waitingFor);
     m_dump = DatabaseDump(KConnection::settings(0), m_backupsFolder).take([&](qint64, qint64) {
         m_progress(waitingFor);

@@ -10,24 +10,26 @@
 #include <QCoreApplication>
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace DemoOffice {
 
 QString userName()
 {
-    return QStringLiteral("demo");
+    return u"demo"_s;
 }
 
 bool isFilled()
 {
-    return CTblProperties::DBReadSettingInt(QStringLiteral("Demo"), QStringLiteral("iContracts"), 0) > 0;
+    return CTblProperties::DBReadSettingInt(u"Demo"_s, u"iContracts"_s, 0) > 0;
 }
 
 void fill(int contracts, const QString &clientConfig, const std::function<void()> &waiting)
 {
     QProcess filler;
     filler.setProcessChannelMode(QProcess::ForwardedOutputChannel);
-    filler.start(QCoreApplication::applicationDirPath() + QStringLiteral("/tz-demo-data"),
-                 {QStringLiteral("--client-config"), clientConfig, QStringLiteral("--contracts"), QString::number(contracts)});
+    filler.start(QCoreApplication::applicationDirPath() + u"/tz-demo-data"_s,
+                 {u"--client-config"_s, clientConfig, u"--contracts"_s, QString::number(contracts)});
     while (filler.state() != QProcess::NotRunning) {
         if (!filler.waitForFinished(100))
             waiting();
@@ -36,7 +38,7 @@ void fill(int contracts, const QString &clientConfig, const std::function<void()
     const bool broke = filler.error() == QProcess::FailedToStart || filler.error() == QProcess::Crashed;
     if (broke || filler.exitCode() != 0) {
         qCWarning(lcHost).noquote() << "demo data:" << filler.error() << filler.exitCode() << filler.readAllStandardError();
-        throw KAccountingError(QStringLiteral("ساختن دفتر نمونه انجام نشد. جزئیات در گزارش رویدادها ثبت شد."));
+        throw KAccountingError(u"ساختن دفتر نمونه انجام نشد. جزئیات در گزارش رویدادها ثبت شد."_s);
     }
 }
 

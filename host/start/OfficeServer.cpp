@@ -12,6 +12,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 KConnectionSettings settingsOf(const HostOptions &options)
@@ -46,15 +48,15 @@ QString reason(const CMySQLException &error, const KConnectionSettings &settings
     switch (error.serverCode()) {
     case AccessDenied:
     case AccessDeniedWithoutPassword:
-        return QStringLiteral("سرور «%1» حساب «%2» را با این کلمه عبور نپذیرفت.").arg(settings.host, settings.user);
+        return u"سرور «%1» حساب «%2» را با این کلمه عبور نپذیرفت."_s.arg(settings.host, settings.user);
     case NoAccessToDatabase:
-        return QStringLiteral("حساب «%1» اجازه کار با پایگاه داده «%2» را ندارد.").arg(settings.user, settings.database);
+        return u"حساب «%1» اجازه کار با پایگاه داده «%2» را ندارد."_s.arg(settings.user, settings.database);
     case UnknownDatabase:
-        return QStringLiteral("پایگاه داده «%1» روی سرور «%2» نیست.").arg(settings.database, settings.host);
+        return u"پایگاه داده «%1» روی سرور «%2» نیست."_s.arg(settings.database, settings.host);
     case TlsFailed:
-        return QStringLiteral("سرور «%1» هویت خود را ثابت نکرد؛ اتصال امن برقرار نشد.").arg(settings.host);
+        return u"سرور «%1» هویت خود را ثابت نکرد؛ اتصال امن برقرار نشد."_s.arg(settings.host);
     default:
-        return QStringLiteral("اتصال به سرور «%1» برقرار نشد. روشن بودن سرور و نشانی آن را بررسی نمایید.").arg(settings.host);
+        return u"اتصال به سرور «%1» برقرار نشد. روشن بودن سرور و نشانی آن را بررسی نمایید."_s.arg(settings.host);
     }
 }
 
@@ -81,11 +83,11 @@ std::optional<QString> readPassword(const QString &path, QString *error)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("پرونده کلمه عبور خوانده نشد: %1").arg(ServerError::shownPath(path));
+        *error = u"پرونده کلمه عبور خوانده نشد: %1"_s.arg(ServerError::shownPath(path));
         return std::nullopt;
     }
     if (file.permissions() & (QFile::ReadGroup | QFile::ReadOther)) {
-        *error = QStringLiteral("پرونده کلمه عبور را دیگران هم می‌توانند بخوانند: %1").arg(ServerError::shownPath(path));
+        *error = u"پرونده کلمه عبور را دیگران هم می‌توانند بخوانند: %1"_s.arg(ServerError::shownPath(path));
         return std::nullopt;
     }
     QByteArray line = file.readLine();

@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QLabel *centred(const QString &text, double scale, bool bold, QWidget *parent)
@@ -32,17 +34,17 @@ QLabel *centred(const QString &text, double scale, bool bold, QWidget *parent)
 SplashWindow::SplashWindow(QWidget *parent)
     : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
-    setWindowTitle(QStringLiteral("گالری اتومبیل"));
+    setWindowTitle(u"گالری اتومبیل"_s);
     setAccessibleName(windowTitle());
     auto *picture = new QLabel(this);
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/tzauto.svg")).pixmap(96, 96));
+    picture->setPixmap(QIcon(u":/icons/tzauto.svg"_s).pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
     m_waiting = centred(QString(), 1.0, false, this);
     m_waiting->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
     auto *bar = new QProgressBar(this);
     bar->setRange(0, 0);
     bar->setTextVisible(false);
-    bar->setAccessibleName(QStringLiteral("در حال انجام"));
+    bar->setAccessibleName(u"در حال انجام"_s);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(32, 28, 32, 28);
@@ -59,7 +61,7 @@ void SplashWindow::showWaiting(const QString &waitingFor)
 {
     // Some texts bring their own dots.
     const bool dotted = waitingFor.endsWith(u'.') || waitingFor.endsWith(u'…');
-    const QString text = dotted ? waitingFor : waitingFor + QStringLiteral(" …");
+    const QString text = dotted ? waitingFor : waitingFor + u" …"_s;
     if (m_waiting->text() != text) {
         m_waiting->setText(text);
         m_waiting->setAccessibleName(text);

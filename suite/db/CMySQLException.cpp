@@ -6,6 +6,8 @@
 #include <errmsg.h>
 #include <mysqld_error.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString withColumn(const QString &plain, const QString &named, const QString &caption)
@@ -28,29 +30,29 @@ QString CMySQLException::userMessage() const
 {
     switch (m_category) {
     case Category::ConnectionLost:
-        return QStringLiteral("ارتباط با پایگاه داده قطع شد. چیزی ذخیره نشد؛ لطفا دوباره تلاش نمایید.");
+        return u"ارتباط با پایگاه داده قطع شد. چیزی ذخیره نشد؛ لطفا دوباره تلاش نمایید."_s;
     case Category::DuplicateKey:
-        return QStringLiteral("این مقدار قبلا ثبت شده است و تکرار آن ممکن نیست.");
+        return u"این مقدار قبلا ثبت شده است و تکرار آن ممکن نیست."_s;
     case Category::LockConflict:
-        return QStringLiteral("کاربر دیگری هم‌زمان در حال تغییر همین اطلاعات است. لطفا دوباره تلاش نمایید.");
+        return u"کاربر دیگری هم‌زمان در حال تغییر همین اطلاعات است. لطفا دوباره تلاش نمایید."_s;
     case Category::ValueTooLong:
-        return withColumn(QStringLiteral("مقدار وارد شده بیشتر از اندازه مجاز است."),
-                          QStringLiteral("مقدار «%1» بیشتر از اندازه مجاز است."), m_columnCaption);
+        return withColumn(u"مقدار وارد شده بیشتر از اندازه مجاز است."_s,
+                          u"مقدار «%1» بیشتر از اندازه مجاز است."_s, m_columnCaption);
     case Category::BadCharacter:
-        return withColumn(QStringLiteral("متن وارد شده نویسه‌ای دارد که قابل ذخیره نیست."),
-                          QStringLiteral("متن «%1» نویسه‌ای دارد که قابل ذخیره نیست."), m_columnCaption);
+        return withColumn(u"متن وارد شده نویسه‌ای دارد که قابل ذخیره نیست."_s,
+                          u"متن «%1» نویسه‌ای دارد که قابل ذخیره نیست."_s, m_columnCaption);
     case Category::BadStatement:
-        return QStringLiteral("پایگاه داده این درخواست را نپذیرفت. جزئیات در گزارش رویدادها ثبت شد.");
+        return u"پایگاه داده این درخواست را نپذیرفت. جزئیات در گزارش رویدادها ثبت شد."_s;
     case Category::AlreadySo:
-        return QStringLiteral("ساختار پایگاه داده از قبل به همین شکل است.");
+        return u"ساختار پایگاه داده از قبل به همین شکل است."_s;
     case Category::DiskFull:
-        return QStringLiteral("فضای دیسک پایگاه داده پر شده است. اطلاعات ذخیره شده قبلی سالم است؛ لطفا فضا آزاد نمایید.");
+        return u"فضای دیسک پایگاه داده پر شده است. اطلاعات ذخیره شده قبلی سالم است؛ لطفا فضا آزاد نمایید."_s;
     case Category::NoCurrentRow:
-        return QStringLiteral("این ردیف دیگر وجود ندارد.");
+        return u"این ردیف دیگر وجود ندارد."_s;
     case Category::Other:
         break;
     }
-    return QStringLiteral("خطایی در پایگاه داده رخ داد. جزئیات در گزارش رویدادها ثبت شد.");
+    return u"خطایی در پایگاه داده رخ داد. جزئیات در گزارش رویدادها ثبت شد."_s;
 }
 
 CMySQLException::Category CMySQLException::categoryOf(unsigned int serverCode)

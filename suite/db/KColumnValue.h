@@ -12,6 +12,8 @@
 #include <charconv>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 // The C++ types that a column's member may have, one specialization each: how a value comes out of a result's cell, passes
 // through a QVariant and goes into a statement, which value is the empty one (as constructed; what NULL reads as), and
 // which cannot be written. The cell readers are inline: they run for every cell of every row.
@@ -103,7 +105,7 @@ struct KColumnValue<QDateTime> : KColumnValueParts::Plain<QDateTime>
     }
     static QByteArray literal(const QDateTime &value, const KConnection &connection)
     {
-        return value.isValid() ? connection.quoted(value.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))) : "NULL";
+        return value.isValid() ? connection.quoted(value.toString(u"yyyy-MM-dd HH:mm:ss"_s)) : "NULL";
     }
 };
 

@@ -5,9 +5,11 @@
 
 #include "suite/db/KColumnValue.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString keyColumn = QStringLiteral("iID");
+const QString keyColumn = u"iID"_s;
 
 template <class Value>
 void loadMember(Value *member, const char *cell, unsigned long length)

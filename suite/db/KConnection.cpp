@@ -10,6 +10,8 @@
 #include <mysql.h>
 #include <mysqld_error.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Profile
@@ -99,7 +101,7 @@ KConnection &KConnection::forThread(int database)
         const auto found = registry().profiles.constFind(database);
         if (found == registry().profiles.cend())
             throw CMySQLException(CMySQLException::Category::ConnectionLost, 0,
-                                  QStringLiteral("database %1 has no connection settings").arg(database));
+                                  u"database %1 has no connection settings"_s.arg(database));
         profile = *found;
     }
     std::shared_ptr<KConnection> &connection = threadState().connections[database];
@@ -210,12 +212,12 @@ void KConnection::execute(const QByteArray &utf8Statement)
     // A connection that broke inside a transaction must not come back silently in the middle of it.
     if (!m_handle && inTransaction())
         throw CMySQLException(CMySQLException::Category::ConnectionLost, 0,
-                              QStringLiteral("the connection was lost within a transaction"),
+                              u"the connection was lost within a transaction"_s,
                               QString::fromUtf8(utf8Statement));
     // After a deadlock the server has rolled the whole transaction back and would save each further statement by itself.
     if (m_rolledBack && inTransaction())
         throw CMySQLException(CMySQLException::Category::LockConflict, ER_LOCK_DEADLOCK,
-                              QStringLiteral("the transaction was rolled back after a deadlock"),
+                              u"the transaction was rolled back after a deadlock"_s,
                               QString::fromUtf8(utf8Statement));
     st_mysql *connection = handle();
     m_idle.start();

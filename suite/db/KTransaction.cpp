@@ -5,6 +5,8 @@
 
 #include "suite/db/KConnection.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int mostReplays = 5;
 }
@@ -48,7 +50,7 @@ void KTransaction::commit()
     if (m_outermost) {
         if (m_connection.m_rollbackOnly)
             throw CMySQLException(CMySQLException::Category::Other, 0,
-                                  QStringLiteral("a part of this unit of work was given up, so none of it is kept"));
+                                  u"a part of this unit of work was given up, so none of it is kept"_s);
         m_connection.run(QByteArrayLiteral("COMMIT"));
     }
     --m_connection.m_transactionDepth;

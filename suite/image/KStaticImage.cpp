@@ -20,6 +20,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int frameRadius = 4;
@@ -32,17 +34,17 @@ QString textOf(PictureIntake::Refusal refusal)
 {
     switch (refusal) {
     case PictureIntake::Refusal::Unreadable:
-        return QStringLiteral("فایل تصویر خوانده نشد.");
+        return u"فایل تصویر خوانده نشد."_s;
     case PictureIntake::Refusal::TooManyBytes:
-        return QStringLiteral("اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد.")
+        return u"اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد."_s
             .arg(PictureIntake::maxBytes / mebibyte);
     case PictureIntake::Refusal::WrongKind:
-        return QStringLiteral("این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید.");
+        return u"این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید."_s;
     case PictureIntake::Refusal::TooManyPixels:
-        return QStringLiteral("ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل).")
+        return u"ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل)."_s
             .arg(PictureIntake::maxPixels / megapixel);
     case PictureIntake::Refusal::Broken:
-        return QStringLiteral("این تصویر خراب است و خوانده نشد.");
+        return u"این تصویر خراب است و خوانده نشد."_s;
     case PictureIntake::Refusal::None:
         break;
     }
@@ -72,7 +74,7 @@ KStaticImage::KStaticImage(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setProperty(KDialog::actsOnEnter, true);
     setAcceptDrops(true);
-    setAccessibleName(QStringLiteral("تصویر"));
+    setAccessibleName(u"تصویر"_s);
     setAccessibleDescription(stateText());
     setToolTip(stateText());
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -106,11 +108,11 @@ void KStaticImage::hold(const QByteArray &bytes, const QImage &image, bool modif
 QString KStaticImage::stateText() const
 {
     if (isBroken())
-        return QStringLiteral("تصویر ذخیره شده قابل نمایش نیست");
+        return u"تصویر ذخیره شده قابل نمایش نیست"_s;
     if (!isEmpty())
-        return QStringLiteral("برای نمایش بزرگ دوبار کلیک کنید");
-    return m_readOnly ? QStringLiteral("بدون تصویر")
-                      : QStringLiteral("برای انتخاب تصویر دوبار کلیک کنید، یا آن را بچسبانید یا اینجا رها کنید");
+        return u"برای نمایش بزرگ دوبار کلیک کنید"_s;
+    return m_readOnly ? u"بدون تصویر"_s
+                      : u"برای انتخاب تصویر دوبار کلیک کنید، یا آن را بچسبانید یا اینجا رها کنید"_s;
 }
 
 QString KStaticImage::tryResult(const PictureIntake::Result &result)
@@ -143,11 +145,11 @@ QString KStaticImage::tryMimeData(const QMimeData &mimeData)
         return tryResult(PictureIntake::fromImage(offer.pixels()));
     }
     case PictureOffer::SeveralFiles:
-        return QStringLiteral("هر بار فقط یک تصویر پذیرفته می شود.");
+        return u"هر بار فقط یک تصویر پذیرفته می شود."_s;
     case PictureOffer::None:
         break;
     }
-    return QStringLiteral("تصویری برای چسباندن وجود ندارد.");
+    return u"تصویری برای چسباندن وجود ندارد."_s;
 }
 
 bool KStaticImage::tell(const QString &problem)
@@ -181,8 +183,8 @@ void KStaticImage::chooseFile()
     if (m_readOnly)
         return;
     const QString kinds =
-        QStringLiteral("تصویر (*.jpg *.jpeg *.jfif *.png *.webp *.JPG *.JPEG *.PNG *.WEBP);;همه فایل ها (*)");
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("انتخاب تصویر"), QString(), kinds);
+        u"تصویر (*.jpg *.jpeg *.jfif *.png *.webp *.JPG *.JPEG *.PNG *.WEBP);;همه فایل ها (*)"_s;
+    const QString path = QFileDialog::getOpenFileName(this, u"انتخاب تصویر"_s, QString(), kinds);
     if (!path.isEmpty())
         takeFile(path);
 }
@@ -280,15 +282,15 @@ void KStaticImage::showMenu(const QPoint &globalPosition)
         action->setShortcut(keys);
     };
     const bool shown = !m_image.isNull();
-    add(QStringLiteral(":/icons/show.svg"), QStringLiteral("نمایش بزرگ"), shown, &KStaticImage::showLarge);
-    add({}, QStringLiteral("کپی"), shown, &KStaticImage::copy, QKeySequence::Copy);
+    add(u":/icons/show.svg"_s, u"نمایش بزرگ"_s, shown, &KStaticImage::showLarge);
+    add({}, u"کپی"_s, shown, &KStaticImage::copy, QKeySequence::Copy);
     if (!m_readOnly) {
         menu.addSeparator();
-        add(QStringLiteral(":/icons/picture.svg"), QStringLiteral("انتخاب تصویر از فایل"), true, &KStaticImage::chooseFile);
+        add(u":/icons/picture.svg"_s, u"انتخاب تصویر از فایل"_s, true, &KStaticImage::chooseFile);
         const QMimeData *clipboard = QApplication::clipboard()->mimeData();
-        add({}, QStringLiteral("چسباندن"), clipboard && PictureOffer(*clipboard).kind() != PictureOffer::None,
+        add({}, u"چسباندن"_s, clipboard && PictureOffer(*clipboard).kind() != PictureOffer::None,
             &KStaticImage::paste, QKeySequence::Paste);
-        QAction *remove = menu.addAction(QIcon(QStringLiteral(":/icons/delete.svg")), QStringLiteral("حذف تصویر"), this,
+        QAction *remove = menu.addAction(QIcon(u":/icons/delete.svg"_s), u"حذف تصویر"_s, this,
                                          [this] { clear(); });
         remove->setEnabled(!isEmpty());
         remove->setShortcut(QKeySequence::Delete);
@@ -370,7 +372,7 @@ void KStaticImage::paintText(QPainter &painter, const QRect &area)
     const int icon = qBound(0, area.height() - words, largestIcon);
     const int top = area.top() + (area.height() - words - icon) / 2;
     if (icon >= largestIcon / 2)
-        QIcon(QStringLiteral(":/icons/picture.svg"))
+        QIcon(u":/icons/picture.svg"_s)
             .paint(&painter, QRect(area.center().x() - icon / 2, top, icon, icon));
     if (words == 0)
         return;

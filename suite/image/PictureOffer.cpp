@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 // A file before its picture: file managers offer a small preview beside the file that is meant. Encoded data before pixels:
 // it passes the bounds before anything decodes it.
 PictureOffer::PictureOffer(const QMimeData &mimeData)
@@ -23,7 +25,7 @@ PictureOffer::PictureOffer(const QMimeData &mimeData)
         return;
     }
     for (const QString &format :
-         {QStringLiteral("image/png"), QStringLiteral("image/jpeg"), QStringLiteral("image/webp")}) {
+         {u"image/png"_s, u"image/jpeg"_s, u"image/webp"_s}) {
         if (mimeData.hasFormat(format)) {
             m_kind = Data;
             m_format = format;

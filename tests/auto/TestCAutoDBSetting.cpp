@@ -15,6 +15,8 @@
 #include <QApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Takes the pages as the host's tabbed work area does.
@@ -80,8 +82,8 @@ void TestCAutoDBSetting::logIn(bool admin, const QString &grantedForm)
     double reached = 0;
     QCOMPARE(GetAutoDBSetting()->UpdateDB(0, 0, reached, true), 1);
     SuiteSchema::afterModuleUpgrade();
-    m_database.run(QStringLiteral("INSERT INTO Users (sUser, bAdmin) VALUES ('test', %1)").arg(admin ? 1 : 0));
-    const int user = m_database.value(QStringLiteral("SELECT MAX(iID) FROM Users")).toInt();
+    m_database.run(u"INSERT INTO Users (sUser, bAdmin) VALUES ('test', %1)"_s.arg(admin ? 1 : 0));
+    const int user = m_database.value(u"SELECT MAX(iID) FROM Users"_s).toInt();
     if (!grantedForm.isEmpty())
         KSecurity::setRights(user, grantedForm, KSecurity::Access);
     QVERIFY(GetDBSetting()->Login(user));
@@ -125,12 +127,12 @@ void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages_data()
     QTest::addColumn<Operation>("open");
     QTest::addColumn<QString>("form");
     QTest::addColumn<QString>("title");
-    QTest::newRow("contracts") << Operation(&CAutoDBSetting::ShowAutomobilContractDlg) << QStringLiteral("AutomobilContracts")
-                               << QStringLiteral("قرارداد");
-    QTest::newRow("demands") << Operation(&CAutoDBSetting::ShowAutomobilDemandsDlg) << QStringLiteral("AutomobilDemands")
-                             << QStringLiteral("تقاضا");
-    QTest::newRow("cars") << Operation(&CAutoDBSetting::ShowAutomobilInformationsDlg) << QStringLiteral("AutomobilInformations")
-                          << QStringLiteral("گالري اتومبيل");
+    QTest::newRow("contracts") << Operation(&CAutoDBSetting::ShowAutomobilContractDlg) << u"AutomobilContracts"_s
+                               << u"قرارداد"_s;
+    QTest::newRow("demands") << Operation(&CAutoDBSetting::ShowAutomobilDemandsDlg) << u"AutomobilDemands"_s
+                             << u"تقاضا"_s;
+    QTest::newRow("cars") << Operation(&CAutoDBSetting::ShowAutomobilInformationsDlg) << u"AutomobilInformations"_s
+                          << u"گالري اتومبيل"_s;
 }
 
 void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages()
@@ -171,7 +173,7 @@ void TestCAutoDBSetting::seasonalReportWithoutTheAccessRightOpensNothing()
     QVERIFY(!QApplication::activeModalWidget());
     // The one message is the refusal of the rights service, not of the module.
     const QStringList shown = g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown();
-    QCOMPARE(shown, QStringList(KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::Access)));
+    QCOMPARE(shown, QStringList(KSecurity::refusalText(u"AutomobilReportSeasons"_s, KSecurity::Access)));
 }
 
 static const RegisteredTest<TestCAutoDBSetting, QApplication> registered;

@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 // An office for tests of the host's windows: the suite's tables, the administrator "admin" with the password "secret" at
 // work, settings in a folder of the test's own, and no message box that waits for anybody.
 class HostTestOffice
@@ -36,8 +38,8 @@ public:
         GetDBSetting()->Logout();
         database.recreate();
         SuiteSchema::upgrade();
-        setSettingsFile(settings.filePath(QStringLiteral("settings%1.ini").arg(++m_run)));
-        admin = CTblUsers::create(QStringLiteral("admin"), QStringLiteral("secret"), QStringLiteral("مدیر"), true);
+        setSettingsFile(settings.filePath(u"settings%1.ini"_s.arg(++m_run)));
+        admin = CTblUsers::create(u"admin"_s, u"secret"_s, u"مدیر"_s, true);
         GetDBSetting()->Login(admin);
         silence(false);
         silence(true);
@@ -46,7 +48,7 @@ public:
     // A user without any right, at work from now on.
     int loginClerk()
     {
-        const int clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("clerk1"), {}, false);
+        const int clerk = CTblUsers::create(u"clerk"_s, u"clerk1"_s, {}, false);
         GetDBSetting()->Login(clerk);
         return clerk;
     }

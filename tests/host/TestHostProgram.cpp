@@ -25,6 +25,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 // The program from its start to its end: in this process, so that its windows can be driven, on a server of its own; and
 // as a process where the command line matters.
 class TestHostProgram : public QObject
@@ -71,10 +73,10 @@ QByteArray output(const QStringList &arguments, int *exitCode)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QString::fromLatin1(display));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     program.setProcessEnvironment(environment);
     program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(QStringLiteral(TZ_HOST_PROGRAM), arguments);
+    program.start(u"" TZ_HOST_PROGRAM ""_s, arguments);
     program.waitForFinished();
     *exitCode = program.exitCode();
     return program.readAll();
@@ -86,8 +88,8 @@ void TestHostProgram::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_options = HostOptions();
-    m_options.dataDir = m_folder->filePath(QStringLiteral("office"));
-    m_options.moduleDir = QStringLiteral(TZ_MODULE_DIR);
+    m_options.dataDir = m_folder->filePath(u"office"_s);
+    m_options.moduleDir = u"" TZ_MODULE_DIR ""_s;
     for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
         dialog->answerAll(true);
 }
@@ -134,16 +136,16 @@ int TestHostProgram::drive(const std::function<void(QWidget *)> &step)
 
 void TestHostProgram::fillFirstStart(const CDlgFirstStart &dialog)
 {
-    named<KEdit>(dialog, QStringLiteral("نام کاربری :"))->setText(QStringLiteral("sara"));
-    named<KEdit>(dialog, QStringLiteral("کلمه عبور :"))->setText(QStringLiteral("gallery7"));
-    named<KEdit>(dialog, QStringLiteral("تکرار کلمه عبور :"))->setText(QStringLiteral("gallery7"));
-    named<KEdit>(dialog, QStringLiteral("نام نمایشگاه :"))->setText(QStringLiteral("نمایشگاه آریا"));
+    named<KEdit>(dialog, u"نام کاربری :"_s)->setText(u"sara"_s);
+    named<KEdit>(dialog, u"کلمه عبور :"_s)->setText(u"gallery7"_s);
+    named<KEdit>(dialog, u"تکرار کلمه عبور :"_s)->setText(u"gallery7"_s);
+    named<KEdit>(dialog, u"نام نمایشگاه :"_s)->setText(u"نمایشگاه آریا"_s);
 }
 
 void TestHostProgram::logIn(const CDlgLogin &dialog, const QString &user, const QString &password)
 {
-    named<KEdit>(dialog, QStringLiteral("نام کاربری :"))->setText(user);
-    named<KEdit>(dialog, QStringLiteral("کلمه عبور :"))->setText(password);
+    named<KEdit>(dialog, u"نام کاربری :"_s)->setText(user);
+    named<KEdit>(dialog, u"کلمه عبور :"_s)->setText(password);
 }
 
 void TestHostProgram::makeOffice()
@@ -167,16 +169,16 @@ QString TestHostProgram::logText() const
 
 bool TestHostProgram::serverRuns() const
 {
-    return QFile::exists(DataFolder(m_options.dataDir).databasePath() + QStringLiteral("/server.pid"));
+    return QFile::exists(DataFolder(m_options.dataDir).databasePath() + u"/server.pid"_s);
 }
 
 void TestHostProgram::helpAndVersionNeedNoDisplay()
 {
     int exitCode = -1;
-    const QByteArray help = output({QStringLiteral("--help")}, &exitCode);
+    const QByteArray help = output({u"--help"_s}, &exitCode);
     QCOMPARE(exitCode, 0);
     QVERIFY2(help.contains("--data-dir"), help.constData());
-    const QByteArray version = output({QStringLiteral("--version")}, &exitCode);
+    const QByteArray version = output({u"--version"_s}, &exitCode);
     QCOMPARE(exitCode, 0);
     QCOMPARE(version, QByteArray("TzAuto " TZ_VERSION "\n"));
 }
@@ -184,7 +186,7 @@ void TestHostProgram::helpAndVersionNeedNoDisplay()
 void TestHostProgram::wrongCommandLineIsToldWithItsOwnExitCode()
 {
     int exitCode = -1;
-    const QByteArray words = output({QStringLiteral("--colour")}, &exitCode);
+    const QByteArray words = output({u"--colour"_s}, &exitCode);
     QCOMPARE(exitCode, 2);
     QVERIFY2(words.contains("colour"), words.constData());
 }
@@ -199,8 +201,8 @@ void TestHostProgram::newOfficeGoesFromFirstStartToWork()
             fillFirstStart(*first);
             first->accept();
         } else if (auto *login = qobject_cast<CDlgLogin *>(window)) {
-            proposed = named<KEdit>(*login, QStringLiteral("نام کاربری :"))->text();
-            logIn(*login, proposed, QStringLiteral("gallery7"));
+            proposed = named<KEdit>(*login, u"نام کاربری :"_s)->text();
+            logIn(*login, proposed, u"gallery7"_s);
             login->accept();
         } else {
             window->close();
@@ -208,8 +210,8 @@ void TestHostProgram::newOfficeGoesFromFirstStartToWork()
     });
     QCOMPARE(result, 0);
     windows.removeDuplicates();
-    QCOMPARE(windows, (QStringList{QStringLiteral("CDlgFirstStart"), QStringLiteral("CDlgLogin"), QStringLiteral("MainWindow")}));
-    QCOMPARE(proposed, QStringLiteral("sara"));
+    QCOMPARE(windows, (QStringList{u"CDlgFirstStart"_s, u"CDlgLogin"_s, u"MainWindow"_s}));
+    QCOMPARE(proposed, u"sara"_s);
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
@@ -221,7 +223,7 @@ void TestHostProgram::existingOfficeGoesStraightToTheLogin()
         windows.append(QString::fromLatin1(window->metaObject()->className()));
         window->close();
     });
-    QCOMPARE(windows, QStringList{QStringLiteral("CDlgLogin")});
+    QCOMPARE(windows, QStringList{u"CDlgLogin"_s});
 }
 
 void TestHostProgram::logTellsTheTimeOfEachPhaseAndNoSecret()
@@ -231,16 +233,16 @@ void TestHostProgram::logTellsTheTimeOfEachPhaseAndNoSecret()
     QCOMPARE(drive([](QWidget *) {}), 0);
     const QString log = logText();
     for (const char *phase : {"folder", "server", "suite-schema", "module", "module-schema", "login", "total"}) {
-        const QRegularExpression line(QStringLiteral("startup: %1 \\d+\\n").arg(QString::fromLatin1(phase)));
+        const QRegularExpression line(u"startup: %1 \\d+\\n"_s.arg(QString::fromLatin1(phase)));
         QVERIFY2(log.count(line) == 1, qPrintable(QString::fromLatin1(phase) + u'\n' + log));
     }
     QFile account(DataFolder(m_options.dataDir).clientConfigPath());
     QVERIFY(account.open(QIODevice::ReadOnly));
     const QRegularExpressionMatch secret =
-        QRegularExpression(QStringLiteral("password=\"(.+)\"")).match(QString::fromUtf8(account.readAll()));
+        QRegularExpression(u"password=\"(.+)\""_s).match(QString::fromUtf8(account.readAll()));
     QVERIFY(secret.hasMatch());
     QVERIFY(!log.contains(secret.captured(1)));
-    QVERIFY(!log.contains(QStringLiteral("gallery7")));
+    QVERIFY(!log.contains(u"gallery7"_s));
 }
 
 void TestHostProgram::missingModuleIsToldOnceAndTheProgramGoesOn()
@@ -250,12 +252,12 @@ void TestHostProgram::missingModuleIsToldOnceAndTheProgramGoesOn()
     bool worked = false;
     drive([&](QWidget *window) {
         if (auto *login = qobject_cast<CDlgLogin *>(window)) {
-            logIn(*login, QStringLiteral("sara"), QStringLiteral("gallery7"));
+            logIn(*login, u"sara"_s, u"gallery7"_s);
             login->accept();
             return;
         }
         for (QAction *action : window->findChildren<QAction *>())
-            if (action->text() == QStringLiteral("اشخاص"))
+            if (action->text() == u"اشخاص"_s)
                 action->trigger();
         worked = static_cast<MainWindow *>(window)->workArea()->count() == 1;
         window->close();
@@ -263,7 +265,7 @@ void TestHostProgram::missingModuleIsToldOnceAndTheProgramGoesOn()
     QVERIFY(worked);
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY(shown.constFirst().contains(QStringLiteral("TzAuto")));
+    QVERIFY(shown.constFirst().contains(u"TzAuto"_s));
 }
 
 void TestHostProgram::serverThatDiesIsRestartedWithOneMessage()
@@ -273,24 +275,24 @@ void TestHostProgram::serverThatDiesIsRestartedWithOneMessage()
     QString answer;
     drive([&](QWidget *window) {
         if (auto *login = qobject_cast<CDlgLogin *>(window)) {
-            logIn(*login, QStringLiteral("sara"), QStringLiteral("gallery7"));
+            logIn(*login, u"sara"_s, u"gallery7"_s);
             login->accept();
         } else if (!killed) {
             killed = true;
-            QFile pid(DataFolder(m_options.dataDir).databasePath() + QStringLiteral("/server.pid"));
+            QFile pid(DataFolder(m_options.dataDir).databasePath() + u"/server.pid"_s);
             QVERIFY(pid.open(QIODevice::ReadOnly));
-            QCOMPARE(QProcess::execute(QStringLiteral("kill"),
-                                       {QStringLiteral("-9"), QString::fromLatin1(pid.readAll().trimmed())}),
+            QCOMPARE(QProcess::execute(u"kill"_s,
+                                       {u"-9"_s, QString::fromLatin1(pid.readAll().trimmed())}),
                      0);
-        } else if (logText().contains(QStringLiteral("the server runs again"))) {
+        } else if (logText().contains(u"the server runs again"_s)) {
             CTblTemp query;
             query.Open(true, false, true);
-            query.ExecuteQuery(QStringLiteral("SELECT sUser FROM Users"));
+            query.ExecuteQuery(u"SELECT sUser FROM Users"_s);
             answer = query.GetTextFieldValue(0);
             window->close();
         }
     });
-    QCOMPARE(answer, QStringLiteral("sara"));
+    QCOMPARE(answer, u"sara"_s);
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
@@ -302,7 +304,7 @@ void TestHostProgram::secondStartLeavesTheFolderToTheFirst()
     drive([&](QWidget *window) {
         QProcess program;
         second.start();
-        program.start(QStringLiteral(TZ_HOST_PROGRAM), {QStringLiteral("--data-dir"), m_options.dataDir});
+        program.start(u"" TZ_HOST_PROGRAM ""_s, {u"--data-dir"_s, m_options.dataDir});
         // The first program must answer while the second waits for it.
         while (!program.waitForFinished(10) && second.elapsed() < 20000)
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
@@ -316,27 +318,27 @@ void TestHostProgram::secondStartLeavesTheFolderToTheFirst()
 void TestHostProgram::demoOfficeIsFilledOnce()
 {
     // As a process: what fills the office stands beside the program, not beside this test.
-    const QStringList arguments = {QStringLiteral("--demo"), QStringLiteral("--demo-size"), QStringLiteral("25"),
-                                   QStringLiteral("--data-dir"), m_options.dataDir, QStringLiteral("--quit-after-login-shown")};
+    const QStringList arguments = {u"--demo"_s, u"--demo-size"_s, u"25"_s,
+                                   u"--data-dir"_s, m_options.dataDir, u"--quit-after-login-shown"_s};
     const auto runProgram = [&] {
         QProcess program;
-        program.start(QStringLiteral(TZ_HOST_PROGRAM), arguments);
+        program.start(u"" TZ_HOST_PROGRAM ""_s, arguments);
         return program.waitForFinished(longestRunMilliseconds) && program.exitCode() == 0;
     };
     QVERIFY(runProgram());
-    QVERIFY(logText().contains(QStringLiteral("startup: demo ")));
+    QVERIFY(logText().contains(u"startup: demo "_s));
     QVERIFY(runProgram());
-    QVERIFY(!logText().contains(QStringLiteral("startup: demo ")));
+    QVERIFY(!logText().contains(u"startup: demo "_s));
 
     QString contracts;
     drive([&](QWidget *window) {
         CTblTemp query;
         query.Open(true, false, true);
-        query.ExecuteQuery(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts"));
+        query.ExecuteQuery(u"SELECT COUNT(*) FROM AutomobilContracts"_s);
         contracts = query.GetTextFieldValue(0);
         window->close();
     });
-    QCOMPARE(contracts, QStringLiteral("25"));
+    QCOMPARE(contracts, u"25"_s);
 }
 
 void TestHostProgram::anotherUserCanLogIn()
@@ -351,16 +353,16 @@ void TestHostProgram::anotherUserCanLogIn()
                 login->reject();
                 return;
             }
-            logIn(*login, QStringLiteral("sara"), QStringLiteral("gallery7"));
+            logIn(*login, u"sara"_s, u"gallery7"_s);
             login->accept();
             return;
         }
         switched = true;
         for (QAction *action : window->findChildren<QAction *>())
-            if (action->text() == QStringLiteral("ورود با کاربر دیگر"))
+            if (action->text() == u"ورود با کاربر دیگر"_s)
                 action->trigger();
     });
-    QCOMPARE(windows, (QStringList{QStringLiteral("CDlgLogin"), QStringLiteral("MainWindow"), QStringLiteral("CDlgLogin")}));
+    QCOMPARE(windows, (QStringList{u"CDlgLogin"_s, u"MainWindow"_s, u"CDlgLogin"_s}));
 }
 
 void TestHostProgram::folderThatCannotBeUsedIsTold()

@@ -29,6 +29,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <class Record, class Set>
@@ -54,7 +56,7 @@ TestOffice::TestOffice()
     SuiteSchema::setModuleVersion(reached);
     SuiteSchema::afterModuleUpgrade();
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
-    m_adminID = CTblUsers::create(QStringLiteral("مدیر"), QStringLiteral("secret"), QStringLiteral("مدیر دفتر"), true);
+    m_adminID = CTblUsers::create(u"مدیر"_s, u"secret"_s, u"مدیر دفتر"_s, true);
     clear();
 }
 
@@ -70,9 +72,9 @@ void TestOffice::clear()
          {"AutomobilContracts", "AutomobilPayments", "AutomobilInformations", "AutomobilDemands", "AutomobilTariffs", "CarBrands",
           "CarModels", "CarClasses", "Items", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords", "Alarms",
           "Factors", "FactorStuffs", "Services"})
-        m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
-    m_database.run(QStringLiteral("DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"));
-    const QString file = m_settings.filePath(QStringLiteral("user.ini"));
+        m_database.run(u"DELETE FROM "_s + QLatin1String(table));
+    m_database.run(u"DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"_s);
+    const QString file = m_settings.filePath(u"user.ini"_s);
     setSettingsFile({});
     QFile::remove(file);
     setSettingsFile(file);
@@ -93,8 +95,8 @@ void TestOffice::logInAsAdmin()
 int TestOffice::logInAs(const QString &user, const QString &form, int rights)
 {
     const QString known =
-        m_database.value(QStringLiteral("SELECT iID FROM Users WHERE sUser='%1'").arg(user));
-    const int id = known.isEmpty() ? CTblUsers::create(user, QStringLiteral("secret"), user, false) : known.toInt();
+        m_database.value(u"SELECT iID FROM Users WHERE sUser='%1'"_s.arg(user));
+    const int id = known.isEmpty() ? CTblUsers::create(user, u"secret"_s, user, false) : known.toInt();
     KSecurity::setRights(id, form, rights);
     if (!GetDBSetting()->Login(id))
         qFatal("the user could not log in");
@@ -124,10 +126,10 @@ int TestOffice::addContract(const std::function<void(CTblAutomobilContracts &)> 
     contract.m_iCode = CTblAutomobilContracts::nextCode();
     contract.m_dateContract = QDateTime(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
     // What a contract on a vehicle cannot be saved without.
-    contract.m_sAutomobilName = QStringLiteral("پراید");
-    contract.m_sModel = QStringLiteral("1400");
-    contract.m_sColor = QStringLiteral("سفید");
-    contract.m_sNumOfPlates = QStringLiteral("12 ب 345 ایران 67");
+    contract.m_sAutomobilName = u"پراید"_s;
+    contract.m_sModel = u"1400"_s;
+    contract.m_sColor = u"سفید"_s;
+    contract.m_sNumOfPlates = u"12 ب 345 ایران 67"_s;
     if (set)
         set(contract);
     contract.Update(true);

@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 AccessFileReader::AccessFileReader(QString path)
     : m_path(std::move(path))
 {
@@ -25,23 +27,23 @@ QByteArray AccessFileReader::run(const QString &tool, const QStringList &argumen
 
 QString AccessFileReader::version() const
 {
-    return QString::fromUtf8(run(QStringLiteral("mdb-ver"), {m_path})).trimmed();
+    return QString::fromUtf8(run(u"mdb-ver"_s, {m_path})).trimmed();
 }
 
 QStringList AccessFileReader::tables() const
 {
-    return QString::fromUtf8(run(QStringLiteral("mdb-tables"), {QStringLiteral("-1"), m_path})).split(u'\n', Qt::SkipEmptyParts);
+    return QString::fromUtf8(run(u"mdb-tables"_s, {u"-1"_s, m_path})).split(u'\n', Qt::SkipEmptyParts);
 }
 
 int AccessFileReader::count(const QString &table) const
 {
-    return run(QStringLiteral("mdb-count"), {m_path, table}).trimmed().toInt();
+    return run(u"mdb-count"_s, {m_path, table}).trimmed().toInt();
 }
 
 QVector<QJsonObject> AccessFileReader::records(const QString &table) const
 {
     QVector<QJsonObject> records;
-    for (const QByteArray &line : run(QStringLiteral("mdb-json"), {m_path, table}).split('\n')) {
+    for (const QByteArray &line : run(u"mdb-json"_s, {m_path, table}).split('\n')) {
         if (line.trimmed().isEmpty())
             continue;
         const QJsonDocument document = QJsonDocument::fromJson(line);

@@ -13,11 +13,13 @@
 #include <QJsonObject>
 #include <QStorageInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString locationFile = QStringLiteral(TZ_TEST_SERVER_FILE);
+const QString locationFile = u"" TZ_TEST_SERVER_FILE ""_s;
 constexpr qint64 roomInMemory = 4LL * 1024 * 1024 * 1024;
-const QString folderKey = QStringLiteral("folder");
+const QString folderKey = u"folder"_s;
 
 }
 
@@ -28,11 +30,11 @@ void removeAbandonedFolders()
 {
     const QFileInfo pattern(PrivateTestServer::folderTemplate());
     const QDir parent(pattern.path());
-    const QStringList folders = parent.entryList({pattern.fileName().replace(QStringLiteral("XXXXXX"), QStringLiteral("*"))},
+    const QStringList folders = parent.entryList({pattern.fileName().replace(u"XXXXXX"_s, u"*"_s)},
                                                  QDir::Dirs);
     for (const QString &folder : folders) {
         const QString path = parent.filePath(folder);
-        const QString lockPath = path + QStringLiteral("/server.lock");
+        const QString lockPath = path + u"/server.lock"_s;
         if (!platform::isPrivateFolder(path) || !QFile::exists(lockPath))
             continue;
         platform::FileLock lock(lockPath);
@@ -55,10 +57,10 @@ PrivateTestServer::~PrivateTestServer() = default;
 
 QString PrivateTestServer::folderTemplate()
 {
-    const QStorageInfo memory(QStringLiteral("/dev/shm"));
-    const bool fits = memory.isValid() && memory.isReady() && memory.rootPath() == QStringLiteral("/dev/shm")
+    const QStorageInfo memory(u"/dev/shm"_s);
+    const bool fits = memory.isValid() && memory.isReady() && memory.rootPath() == u"/dev/shm"_s
         && QFileInfo(memory.rootPath()).isWritable() && memory.bytesAvailable() > roomInMemory;
-    return (fits ? memory.rootPath() : QDir::tempPath()) + QStringLiteral("/tzt-XXXXXX");
+    return (fits ? memory.rootPath() : QDir::tempPath()) + u"/tzt-XXXXXX"_s;
 }
 
 EmbeddedServer::Options PrivateTestServer::options()
@@ -76,7 +78,7 @@ std::optional<KConnectionSettings> PrivateTestServer::ofThisRun()
         return std::nullopt;
     const DataFolder folder(path);
     KConnectionSettings settings;
-    settings.socketPath = folder.socketPath(QStringLiteral("db"));
+    settings.socketPath = folder.socketPath(u"db"_s);
     settings.user = EmbeddedServer::Options::databaseName();
     settings.password = ServerConfig(folder, options()).storedPassword();
     try {

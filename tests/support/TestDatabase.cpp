@@ -11,6 +11,8 @@
 #include <atomic>
 #include <mysql.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Tests run side by side, and one test may have several databases.
@@ -18,7 +20,7 @@ QString freshName()
 {
     static std::atomic<int> counter{0};
     const QString test = QFileInfo(QCoreApplication::arguments().value(0)).completeBaseName().left(30);
-    return QStringLiteral("%1_%2_%3").arg(test).arg(QCoreApplication::applicationPid()).arg(++counter);
+    return u"%1_%2_%3"_s.arg(test).arg(QCoreApplication::applicationPid()).arg(++counter);
 }
 
 QByteArray quotedName(const QString &name)

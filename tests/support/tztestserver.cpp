@@ -14,6 +14,8 @@
 #include <cstdio>
 #include <mysql.h>
 
+using namespace Qt::StringLiterals;
+
 // The private server of one run of the tests: "start" leaves it running and returns when it answers, "stop" ends it. It also
 // ends by itself when its folder or its location file is gone, or when nobody asked it anything for a while.
 
@@ -86,11 +88,11 @@ int start()
     PrivateTestServer::unpublish();
     QProcess process;
     process.setProgram(QCoreApplication::applicationFilePath());
-    process.setArguments({QStringLiteral("serve")});
+    process.setArguments({u"serve"_s});
     // ctest waits for whoever still holds its pipes.
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QStringLiteral(TZ_TEST_SERVER_FILE ".log"));
+    process.setStandardErrorFile(u"" TZ_TEST_SERVER_FILE ".log"_s);
     if (!process.startDetached())
         return complain("cannot start itself");
     QElapsedTimer timer;
@@ -124,11 +126,11 @@ int main(int argumentCount, char **arguments)
     const QCoreApplication application(argumentCount, arguments);
     const QString command = QCoreApplication::arguments().value(1);
     try {
-        if (command == QStringLiteral("start"))
+        if (command == u"start"_s)
             return start();
-        if (command == QStringLiteral("serve"))
+        if (command == u"serve"_s)
             return serve();
-        if (command == QStringLiteral("stop"))
+        if (command == u"stop"_s)
             return stop();
     } catch (const std::exception &error) {
         return complain(error.what());

@@ -26,13 +26,13 @@ Q_LOGGING_CATEGORY(lcDemands, "tz.auto.demands")
 
 QString archiveRights()
 {
-    return QStringLiteral("AutomobilDemandArchive");
+    return u"AutomobilDemandArchive"_s;
 }
 
 }
 
 CDlgAutomobilDemands::CDlgAutomobilDemands(QWidget *parent)
-    : KListPage(QStringLiteral("تقاضا"), QStringLiteral("AutomobilDemands"), QStringLiteral("AutomobilDemands"), parent)
+    : KListPage(u"تقاضا"_s, u"AutomobilDemands"_s, u"AutomobilDemands"_s, parent)
 {
     build();
 }
@@ -45,23 +45,15 @@ QList<KListColumn> CDlgAutomobilDemands::columnTable() const
     return {
         KListColumn::rowNumber(),
         {.key = u"code"_s, .title = u"کد تقاضا"_s, .width = 40, .sortKey = u"ad.iCode"_s, .column = u"ad.iCode"_s},
-        {.key = u"person"_s, .title = u"نام متقاضی"_s, .alignment = Qt::AlignRight, .sortKey = u"ad.iPersonID"_s,
-         .cell = noName, .lookup = u"ad.iPersonID"_s},
-        {.key = u"type"_s, .title = u"نوع خودرو"_s, .alignment = Qt::AlignRight, .sortKey = u"ad.iAutomobilType"_s,
-         .cell = noName, .lookup = u"ad.iAutomobilType"_s},
-        {.key = u"yearFrom"_s, .title = u"از مدل"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iModelFrom"_s,
-         .column = u"ad.iModelFrom"_s},
-        {.key = u"yearTo"_s, .title = u"تا مدل"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iModelUpTo"_s,
-         .column = u"ad.iModelUpTo"_s},
-        {.key = u"amountFrom"_s, .title = u"از مبلغ"_s, .width = 50, .sortKey = u"ad.dAmountFrom"_s,
-         .column = u"ad.dAmountFrom"_s},
+        {.key = u"person"_s, .title = u"نام متقاضی"_s, .alignment = Qt::AlignRight, .sortKey = u"ad.iPersonID"_s, .cell = noName, .lookup = u"ad.iPersonID"_s},
+        {.key = u"type"_s, .title = u"نوع خودرو"_s, .alignment = Qt::AlignRight, .sortKey = u"ad.iAutomobilType"_s, .cell = noName, .lookup = u"ad.iAutomobilType"_s},
+        {.key = u"yearFrom"_s, .title = u"از مدل"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iModelFrom"_s, .column = u"ad.iModelFrom"_s},
+        {.key = u"yearTo"_s, .title = u"تا مدل"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iModelUpTo"_s, .column = u"ad.iModelUpTo"_s},
+        {.key = u"amountFrom"_s, .title = u"از مبلغ"_s, .width = 50, .sortKey = u"ad.dAmountFrom"_s, .column = u"ad.dAmountFrom"_s},
         {.key = u"amountTo"_s, .title = u"تا مبلغ"_s, .width = 50, .sortKey = u"ad.dAmountUpTo"_s, .column = u"ad.dAmountUpTo"_s},
-        {.key = u"referenceDate"_s, .title = u"تاریخ مراجعه"_s, .sortKey = u"ad.dateReference"_s,
-         .column = u"ad.dateReference"_s},
-        {.key = u"specialDescription"_s, .title = u"توضیحات ویژه"_s, .width = 150, .alignment = Qt::AlignRight,
-         .sortKey = u"ad.sDescSpecial"_s, .column = u"ad.sDescSpecial"_s},
-        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight,
-         .sortKey = u"ad.iArchiveUserID"_s, .column = u"ad.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
+        {.key = u"referenceDate"_s, .title = u"تاریخ مراجعه"_s, .sortKey = u"ad.dateReference"_s, .column = u"ad.dateReference"_s},
+        {.key = u"specialDescription"_s, .title = u"توضیحات ویژه"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"ad.sDescSpecial"_s, .column = u"ad.sDescSpecial"_s},
+        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iArchiveUserID"_s, .column = u"ad.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
     };
 }
 
@@ -75,21 +67,21 @@ std::vector<KListCommand> CDlgAutomobilDemands::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly | C::HiddenInSelect;
     KListCommand print = printCommand(C::HiddenInSelect | C::StartsGroup);
-    print.caption = QStringLiteral("چاپ ليست");
+    print.caption = u"چاپ ليست"_s;
     return {
-        {QStringLiteral("reset"), QStringLiteral("پيش فرض"), C::BesideSearch, [this] { resetFilter(); }, {}, QStringLiteral(":/icons/refresh.svg")},
-        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly | C::HiddenInSelect, [this] { addDemand(); },
-         QKeySequence(Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ويرايش"), onRow, [this] { editDemand(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("show"), QStringLiteral("نمايش"), onRow, [this] { showDemand(list()->currentKey()); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("archive"), QStringLiteral("بايگاني شد"), onRow, [this] { archiveDemand(); }, {}, QStringLiteral(":/icons/archive.svg")},
+        {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
+        {u"new"_s, u"جديد"_s, C::HiddenInReadOnly | C::HiddenInSelect, [this] { addDemand(); },
+         QKeySequence(Qt::Key_Insert), u":/icons/new.svg"_s},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editDemand(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"show"_s, u"نمايش"_s, onRow, [this] { showDemand(list()->currentKey()); }, {}, u":/icons/show.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
+        {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveDemand(); }, {}, u":/icons/archive.svg"_s},
         print,
-        {QStringLiteral("matchingCars"), QStringLiteral("خودروهای مناسب"), C::NeedsRow | C::StartsGroup,
+        {u"matchingCars"_s, u"خودروهای مناسب"_s, C::NeedsRow | C::StartsGroup,
          [this] { CDlgMatchingCars::Show(list()->currentKey(), this); }, QKeySequence(Qt::CTRL | Qt::Key_M),
-         QStringLiteral(":/icons/search.svg")},
-        {QStringLiteral("carList"), QStringLiteral("گالري اتومبيل"), C::NeedsRow | C::HiddenInSelect, [this] { CDlgAutomobilInformations::ShowForDemand(list()->currentKey()); }, {}, QStringLiteral(":/icons/car.svg")},
+         u":/icons/search.svg"_s},
+        {u"carList"_s, u"گالري اتومبيل"_s, C::NeedsRow | C::HiddenInSelect, [this] { CDlgAutomobilInformations::ShowForDemand(list()->currentKey()); }, {}, u":/icons/car.svg"_s},
     };
 }
 
@@ -163,8 +155,8 @@ void CDlgAutomobilDemands::showDemand(int key)
 void CDlgAutomobilDemands::archiveDemand()
 {
     static const KArchiveTexts texts{archiveRights(),
-                                     QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید."),
-                                     QStringLiteral("این تقاضا قبلا بایگانی شده است."), QStringLiteral("بایگانی شد.")};
+                                     u"شما اجازه بایگانی کردن تقاضا را ندارید."_s,
+                                     u"این تقاضا قبلا بایگانی شده است."_s, u"بایگانی شد."_s};
     if (isSelectMode())
         return;
     archiveSelected(texts, [](KMySQL &demand) {
@@ -189,7 +181,7 @@ void CDlgAutomobilDemands::emptyAreaActivated()
 
 KListReport CDlgAutomobilDemands::reportSpec() const
 {
-    const QString title = QStringLiteral("لیست تقاضاها");
-    const QString group = QStringLiteral("گالری اتومبیل");
-    return {title, group, title, {{QStringLiteral("RightTop"), group}}};
+    const QString title = u"لیست تقاضاها"_s;
+    const QString group = u"گالری اتومبیل"_s;
+    return {title, group, title, {{u"RightTop"_s, group}}};
 }

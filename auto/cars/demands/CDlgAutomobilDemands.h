@@ -5,6 +5,8 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
+using namespace Qt::StringLiterals;
+
 // The list of customers' demands, and from it everything that is done with one, the cars that fit it among them.
 class CDlgAutomobilDemands final : public KListPage
 {
@@ -25,7 +27,7 @@ protected:
     void opening() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     std::unique_ptr<KMySQL> makeRecord() const override;
-    QString defaultSort() const override { return QStringLiteral("ad.iCode"); }
+    QString defaultSort() const override { return u"ad.iCode"_s; }
     void recordDeleted(int key) override;
     void activated(int key) override;
     void emptyAreaActivated() override;

@@ -13,15 +13,17 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString brandColumn = QStringLiteral("iAutomobilType");
-const QString modelColumn = QStringLiteral("iModel");
-const QString classColumn = QStringLiteral("iBrigade");
+const QString brandColumn = u"iAutomobilType"_s;
+const QString modelColumn = u"iModel"_s;
+const QString classColumn = u"iBrigade"_s;
 
 void offerNothing(QComboBox *combo)
 {
-    combo->insertItem(0, QStringLiteral("-"), 0);
+    combo->insertItem(0, u"-"_s, 0);
 }
 
 }
@@ -32,7 +34,7 @@ CatalogFields::CatalogFields(KForm &form, QWidget *page)
     , m_page(page)
 {
     for (const QString &column : {brandColumn, modelColumn, classColumn}) {
-        m_form.button(column)->setToolTip(QStringLiteral("انتخاب از نام خودروها"));
+        m_form.button(column)->setToolTip(u"انتخاب از نام خودروها"_s);
         connect(m_form.button(column), &QPushButton::clicked, this, &CatalogFields::pick);
     }
     connect(m_form.comboBox(brandColumn), &QComboBox::currentIndexChanged, this, [this] {

@@ -17,11 +17,13 @@
 #include <QComboBox>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString chooseTip()
 {
-    return QStringLiteral("انتخاب یا افزودن مقدار");
+    return u"انتخاب یا افزودن مقدار"_s;
 }
 
 }
@@ -58,7 +60,7 @@ void ItemFields::addNumber(const QString &column, int option)
 
 void ItemFields::addTexts(const QString &column, int option)
 {
-    onButton(column, QStringLiteral("انتخاب چند مقدار"), [this, column, option] { pickTexts(column, option); });
+    onButton(column, u"انتخاب چند مقدار"_s, [this, column, option] { pickTexts(column, option); });
 }
 
 void ItemFields::addMissing(const QString &column, const QString &chosenColumn, int option, const QString &toolTip)
@@ -101,7 +103,7 @@ void ItemFields::pickOne(const QString &column, int itemType, const QString &tit
         return;
     m_form.setKey(column, choiceOfTicked(ticked, before));
     if (ticked.size() > 1)
-        g_pDlgMessage->Show(QStringLiteral("این فیلد یک مقدار را نگه می‌دارد: «%1» انتخاب شد.").arg(m_form.comboBox(column)->currentText()),
+        g_pDlgMessage->Show(u"این فیلد یک مقدار را نگه می‌دارد: «%1» انتخاب شد."_s.arg(m_form.comboBox(column)->currentText()),
                             m_page);
 }
 
@@ -111,12 +113,12 @@ void ItemFields::pickNumber(const QString &column, int option)
     fill();
     if (chosen == 0)
         return;
-    const QString name = KLookup::name({QStringLiteral("Items"), QStringLiteral("iID"), QStringLiteral("sName")}, chosen);
+    const QString name = KLookup::name({u"Items"_s, u"iID"_s, u"sName"_s}, chosen);
     const std::optional<int> number = parameterNumber(name);
     if (number)
         m_form.edit(column)->setText(QString::number(*number));
     else
-        g_pDlgWarning->Show(QStringLiteral("«%1» عدد ندارد.").arg(name), m_page);
+        g_pDlgWarning->Show(u"«%1» عدد ندارد."_s.arg(name), m_page);
 }
 
 void ItemFields::pickTexts(const QString &column, int option)
@@ -132,7 +134,7 @@ void ItemFields::fillMissing(const QString &column, const QString &chosenColumn,
     for (const CTblMultiItems::Value &value : CTblMultiItems::values(InputParameters::itemType(option)))
         all.append(value.name);
     if (all.isEmpty()) {
-        g_pDlgWarning->Show(QStringLiteral("برای «%1» هنوز مقداری تعریف نشده است.").arg(InputParameters::caption(option)), m_page);
+        g_pDlgWarning->Show(u"برای «%1» هنوز مقداری تعریف نشده است."_s.arg(InputParameters::caption(option)), m_page);
         return;
     }
     const QString separator = CDlgMultiItems::separator();
@@ -143,7 +145,7 @@ void ItemFields::enter(const QString &column, const QString &text)
 {
     KEdit *edit = m_form.edit(column);
     if (text.size() > edit->maxLength()) {
-        g_pDlgWarning->Show(QStringLiteral("%1 %2 نویسه می‌شود و حداکثر %3 نویسه قابل ثبت است.")
+        g_pDlgWarning->Show(u"%1 %2 نویسه می‌شود و حداکثر %3 نویسه قابل ثبت است."_s
                                 .arg(edit->accessibleName(), QString::number(text.size()), QString::number(edit->maxLength())),
                             m_page);
         edit->setFocus(Qt::OtherFocusReason);

@@ -7,9 +7,11 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 std::optional<int> parameterNumber(const QString &value)
 {
-    static const QRegularExpression digits(QStringLiteral("[0-9]+"));
+    static const QRegularExpression digits(u"[0-9]+"_s);
     const QRegularExpressionMatch match = digits.match(toAsciiDigits(value));
     bool fits = false;
     const int number = match.captured().toInt(&fits);

@@ -15,6 +15,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isPickKey(const QKeyEvent *event)
@@ -28,21 +30,21 @@ bool isPickKey(const QKeyEvent *event)
 PersonGroup::PersonGroup(const QString &title, int options, QWidget *parent, const QString &ofWhom)
     : QGroupBox(title, parent)
     , m_ofWhom(ofWhom.isEmpty() ? ofWhom : u' ' + ofWhom)
-    , m_code(addLine(QStringLiteral("کد شخص :")))
-    , m_pick(addButton(QStringLiteral("کد شخص : ...") + m_ofWhom, QStringLiteral("انتخاب شخص (F4)")))
-    , m_name(addLine(QStringLiteral("نام و نام خانوادگي :")))
-    , m_telephone(addLine(QStringLiteral("تلفن :")))
-    , m_mobile(addLine(QStringLiteral("موبايل :")))
+    , m_code(addLine(u"کد شخص :"_s))
+    , m_pick(addButton(u"کد شخص : ..."_s + m_ofWhom, u"انتخاب شخص (F4)"_s))
+    , m_name(addLine(u"نام و نام خانوادگي :"_s))
+    , m_telephone(addLine(u"تلفن :"_s))
+    , m_mobile(addLine(u"موبايل :"_s))
 {
     connect(m_pick, &QPushButton::clicked, this, &PersonGroup::pick);
     if (options & Clearable) {
-        m_clear = addButton(QStringLiteral("کد شخص : حذف") + m_ofWhom, QStringLiteral("خالی کردن"));
+        m_clear = addButton(u"کد شخص : حذف"_s + m_ofWhom, u"خالی کردن"_s);
         connect(m_clear, &QPushButton::clicked, this, &PersonGroup::clearByUser);
     }
     if (options & WithFather)
-        m_father = addLine(QStringLiteral("نام پدر :"));
+        m_father = addLine(u"نام پدر :"_s);
     if (options & WithNationalCode) {
-        m_nationalCode = addLine(QStringLiteral("کد ملي :"));
+        m_nationalCode = addLine(u"کد ملي :"_s);
         m_nationalCode->setKind(KEdit::Kind::Code);
         m_nationalHint = IdentityHints::createLabel(this);
     }
@@ -61,7 +63,7 @@ KEdit *PersonGroup::addLine(const QString &label)
 
 QPushButton *PersonGroup::addButton(const QString &accessibleName, const QString &toolTip)
 {
-    auto *button = new QPushButton(QStringLiteral("..."), this);
+    auto *button = new QPushButton(u"..."_s, this);
     button->setAccessibleName(accessibleName);
     button->setToolTip(toolTip);
     button->setAutoDefault(false);
@@ -118,7 +120,7 @@ QString PersonGroup::name() const
 void PersonGroup::setPersonID(int personID)
 {
     CTblPersons person;
-    const bool found = personID > 0 && person.IsRecordExist(QStringLiteral("iID"), personID);
+    const bool found = personID > 0 && person.IsRecordExist(u"iID"_s, personID);
     m_personID = personID;
     m_code->setText(found ? QString::number(person.m_iCode) : QString());
     const auto show = [](KEdit *line, const QString &text) {

@@ -19,6 +19,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgMatches::CDlgMatches(MatchTable table, QWidget *parent)
     : KDialog(parent)
     , m_table(std::move(table))
@@ -52,7 +54,7 @@ void CDlgMatches::build()
     m_nothing->setForegroundRole(QPalette::PlaceholderText);
     m_list->setAccessibleName(m_table.title);
     m_list->setColumns(m_table.columns);
-    m_list->SetSettingName(m_table.section + QStringLiteral("\\List"));
+    m_list->SetSettingName(m_table.section + u"\\List"_s);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, [this](int key) { m_show->setEnabled(key > 0); });
     connect(m_list, &KExtListCtrl::rowActivated, this, [this] { showSelected(); });
 
@@ -77,15 +79,15 @@ QWidget *CDlgMatches::buildButtons()
         row->addWidget(button);
         return button;
     };
-    m_show = add(QStringLiteral("نمايش"), ":/icons/show.svg", &CDlgMatches::showSelected);
-    QPushButton *printButton = add(QStringLiteral("چاپ"), ":/icons/print.svg", &CDlgMatches::print);
+    m_show = add(u"نمايش"_s, ":/icons/show.svg", &CDlgMatches::showSelected);
+    QPushButton *printButton = add(u"چاپ"_s, ":/icons/print.svg", &CDlgMatches::print);
     auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
     connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
     printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
     row->addStretch(1);
     row->addWidget(m_count);
     row->addSpacing(12);
-    auto *back = new QPushButton(QStringLiteral("بازگشت"), box);
+    auto *back = new QPushButton(u"بازگشت"_s, box);
     back->setAccessibleName(back->text());
     back->setAutoDefault(false);
     connect(back, &QPushButton::clicked, this, &CDlgMatches::reject);
@@ -134,10 +136,10 @@ void CDlgMatches::showSelected()
 ListReport CDlgMatches::report() const
 {
     ListReport report(m_table.report.group, m_table.report.report);
-    report.setText(QStringLiteral("RightTop"), m_subject->text());
-    report.setText(QStringLiteral("LeftBottom"), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-    report.setText(QStringLiteral("Count"), m_count->text());
-    report.setTable(QStringLiteral("List"), m_list);
+    report.setText(u"RightTop"_s, m_subject->text());
+    report.setText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+    report.setText(u"Count"_s, m_count->text());
+    report.setTable(u"List"_s, m_list);
     if (!report.loadLayout())
         report.buildStandard(m_table.report.title);
     return report;
@@ -160,7 +162,7 @@ KListModel::Cell MatchTexts::percent(int percent)
 
 KListModel::Cell MatchTexts::name(const QString &name)
 {
-    return {name.isEmpty() ? QStringLiteral("-") : name};
+    return {name.isEmpty() ? u"-"_s : name};
 }
 
 KListModel::Cell MatchTexts::number(int number)

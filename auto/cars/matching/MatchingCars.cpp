@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A car that fits, until its names are known.
@@ -26,10 +28,10 @@ struct Found
 std::vector<Found> fittingCars(const DemandWishes &wishes, int database)
 {
     CTblAutomobilInformations cars(database);
-    cars.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"),
-                     QStringLiteral("iBrigade"), QStringLiteral("iModel"), QStringLiteral("iColor"),
-                     QStringLiteral("sNumOfPlates"), QStringLiteral("dAmount"), QStringLiteral("iYear")});
-    cars.m_filter = QStringLiteral("bSold=0 AND iArchiveUserID=0 AND iStatus=0");
+    cars.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
+                     u"iBrigade"_s, u"iModel"_s, u"iColor"_s,
+                     u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s});
+    cars.m_filter = u"bSold=0 AND iArchiveUserID=0 AND iStatus=0"_s;
     std::vector<Found> found;
     for (cars.Open(true, true, true); !cars.IsEOF(); cars.MoveNext()) {
         const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount};
@@ -85,7 +87,7 @@ std::vector<MatchingCars::Car> named(std::vector<Found> found, int database)
 std::optional<MatchingCars> MatchingCars::of(int demandID, int database)
 {
     CTblAutomobilDemands demand(database);
-    if (!demand.IsRecordExist(QStringLiteral("iID"), demandID))
+    if (!demand.IsRecordExist(u"iID"_s, demandID))
         return std::nullopt;
     MatchingCars matching;
     matching.demandCode = demand.m_iCode;

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A demand that the car fits, until its names are known.
@@ -24,11 +26,11 @@ struct Found
 std::vector<Found> fittingDemands(const OfferedCar &car, int database)
 {
     CTblAutomobilDemands demands(database);
-    demands.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"),
-                        QStringLiteral("iModelFrom"), QStringLiteral("iModelUpTo"), QStringLiteral("iColor"),
-                        QStringLiteral("dAmountFrom"), QStringLiteral("dAmountUpTo"), QStringLiteral("dateReference"),
-                        QStringLiteral("sDescSpecial")});
-    demands.m_filter = QStringLiteral("iArchiveUserID=0 AND iStatus=0");
+    demands.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
+                        u"iModelFrom"_s, u"iModelUpTo"_s, u"iColor"_s,
+                        u"dAmountFrom"_s, u"dAmountUpTo"_s, u"dateReference"_s,
+                        u"sDescSpecial"_s});
+    demands.m_filter = u"iArchiveUserID=0 AND iStatus=0"_s;
     std::vector<Found> found;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {
         const DemandWishes wishes{demands.m_iAutomobilType, demands.m_iColor, demands.m_iModelFrom,
@@ -58,7 +60,7 @@ std::vector<MatchingDemands::Demand> named(std::vector<Found> found, int databas
     CTblAutomobilDemands record(database);
     const auto personNames = KLookup::names(record, u"iPersonID", persons);
     KLookup::Source mobile = record.nameSource(u"iPersonID");
-    mobile.display = QStringLiteral("sMobile");
+    mobile.display = u"sMobile"_s;
     const auto mobiles = KLookup::names(mobile, persons, database);
     const auto typeNames = KLookup::names(record, u"iAutomobilType", types);
     const auto colorNames = KLookup::names(record, u"iColor", colors);
@@ -82,9 +84,9 @@ std::vector<MatchingDemands::Demand> named(std::vector<Found> found, int databas
 std::optional<MatchingDemands> MatchingDemands::of(int carID, int database)
 {
     CTblAutomobilInformations car(database);
-    car.SetColumns({QStringLiteral("iCode"), QStringLiteral("iAutomobilType"), QStringLiteral("iColor"),
-                    QStringLiteral("dAmount"), QStringLiteral("iYear")});
-    if (!car.IsRecordExist(QStringLiteral("iID"), carID))
+    car.SetColumns({u"iCode"_s, u"iAutomobilType"_s, u"iColor"_s,
+                    u"dAmount"_s, u"iYear"_s});
+    if (!car.IsRecordExist(u"iID"_s, carID))
         return std::nullopt;
     return of({car.m_iAutomobilType, car.m_iColor, car.m_iYear, car.m_dAmount}, car.m_iCode, database);
 }

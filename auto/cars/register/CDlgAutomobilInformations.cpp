@@ -26,14 +26,18 @@ namespace {
 
 // What a demand wishes: the filter and the demand's column.
 constexpr std::pair<QStringView, QStringView> wishes[] = {
-    {u"amountFrom", u"dAmountFrom"}, {u"amountTo", u"dAmountUpTo"}, {u"yearFrom", u"iModelFrom"},
-    {u"yearTo", u"iModelUpTo"},      {u"color", u"iColor"},         {u"type", u"iAutomobilType"},
+    {u"amountFrom", u"dAmountFrom"},
+    {u"amountTo", u"dAmountUpTo"},
+    {u"yearFrom", u"iModelFrom"},
+    {u"yearTo", u"iModelUpTo"},
+    {u"color", u"iColor"},
+    {u"type", u"iAutomobilType"},
 };
 
 }
 
 CDlgAutomobilInformations::CDlgAutomobilInformations(QWidget *parent)
-    : KListPage(QStringLiteral("گالري اتومبيل"), QStringLiteral("AutomobilInformations"), QStringLiteral("AutomobilInformations"),
+    : KListPage(u"گالري اتومبيل"_s, u"AutomobilInformations"_s, u"AutomobilInformations"_s,
                 parent)
 {
     build();
@@ -47,7 +51,7 @@ int CDlgAutomobilInformations::SelectCar(QWidget *parent, int preselected)
     page->setSelectMode(true, preselected);
     KDialogHolder holder(page, parent);
     holder.resize(1180, 680);
-    holder.SetSettingName(QStringLiteral("AutomobilInformations\\Select"));
+    holder.SetSettingName(u"AutomobilInformations\\Select"_s);
     return holder.exec() == QDialog::Accepted ? page->chosenKey() : 0;
 }
 
@@ -64,33 +68,22 @@ QList<KListColumn> CDlgAutomobilInformations::columnTable() const
     const auto sold = [](const QVariant &value) { return KListColumn::Cell{value.toInt() != 0 ? u"فروخته شده"_s : u"-"_s}; };
     return {
         KListColumn::rowNumber(),
-        {.key = u"buyer"_s, .title = u"نام خریدار"_s, .width = 120, .sortKey = u"iPersonBuyerID"_s,
-         .lookup = u"ai.iPersonBuyerID"_s, .emptyText = dash},
+        {.key = u"buyer"_s, .title = u"نام خریدار"_s, .width = 120, .sortKey = u"iPersonBuyerID"_s, .lookup = u"ai.iPersonBuyerID"_s, .emptyText = dash},
         {.key = u"sold"_s, .title = u"وضعیت فروش"_s, .width = 70, .sortKey = u"bSold"_s, .column = u"ai.bSold"_s, .show = sold},
-        {.key = u"owner"_s, .title = u"نام مالک"_s, .width = 120, .sortKey = u"iPersonID"_s,
-         .lookup = u"ai.iPersonID"_s, .emptyText = dash},
-        {.key = u"type"_s, .title = u"نوع خودرو"_s, .sortKey = u"iAutomobilType"_s,
-         .lookup = u"ai.iAutomobilType"_s, .emptyText = dash},
+        {.key = u"owner"_s, .title = u"نام مالک"_s, .width = 120, .sortKey = u"iPersonID"_s, .lookup = u"ai.iPersonID"_s, .emptyText = dash},
+        {.key = u"type"_s, .title = u"نوع خودرو"_s, .sortKey = u"iAutomobilType"_s, .lookup = u"ai.iAutomobilType"_s, .emptyText = dash},
         {.key = u"model"_s, .title = u"مدل"_s, .width = 50, .sortKey = u"iModel"_s, .column = u"cm.sName"_s},
         {.key = u"class"_s, .title = u"تیپ"_s, .width = 50, .sortKey = u"iBrigade"_s, .column = u"cc.sName"_s},
-        {.key = u"plate"_s, .title = u"پلاک"_s, .width = 0, .sortKey = u"sNumOfPlates"_s, .column = u"ai.sNumOfPlates"_s,
-         .isCode = true},
+        {.key = u"plate"_s, .title = u"پلاک"_s, .width = 0, .sortKey = u"sNumOfPlates"_s, .column = u"ai.sNumOfPlates"_s, .isCode = true},
         {.key = u"year"_s, .title = u"سال تولید"_s, .width = 50, .sortKey = u"iYear"_s, .column = u"ai.iYear"_s},
-        {.key = u"introduction"_s, .title = u"تاریخ معرفی"_s, .sortKey = u"dateIntroduction"_s,
-         .column = u"ai.dateIntroduction"_s},
-        {.key = u"usage"_s, .title = u"کاربری"_s, .alignment = Qt::AlignRight, .sortKey = u"iUsageType"_s,
-         .column = u"ai.iUsageType"_s, .show = wordCells(WordLists::usageTypes()), .emptyText = dash},
-        {.key = u"color"_s, .title = u"رنگ"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iColor"_s,
-         .lookup = u"ai.iColor"_s, .emptyText = dash},
-        {.key = u"fuel"_s, .title = u"سوخت"_s, .sortKey = u"iFuel"_s, .column = u"ai.iFuel"_s,
-         .show = wordCells(WordLists::fuelTypes())},
+        {.key = u"introduction"_s, .title = u"تاریخ معرفی"_s, .sortKey = u"dateIntroduction"_s, .column = u"ai.dateIntroduction"_s},
+        {.key = u"usage"_s, .title = u"کاربری"_s, .alignment = Qt::AlignRight, .sortKey = u"iUsageType"_s, .column = u"ai.iUsageType"_s, .show = wordCells(WordLists::usageTypes()), .emptyText = dash},
+        {.key = u"color"_s, .title = u"رنگ"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iColor"_s, .lookup = u"ai.iColor"_s, .emptyText = dash},
+        {.key = u"fuel"_s, .title = u"سوخت"_s, .sortKey = u"iFuel"_s, .column = u"ai.iFuel"_s, .show = wordCells(WordLists::fuelTypes())},
         {.key = u"amount"_s, .title = u"مبلغ"_s, .sortKey = u"dAmount"_s, .column = u"ai.dAmount"_s},
-        {.key = u"documentsDeficit"_s, .title = u"کسری مدارک"_s, .alignment = Qt::AlignRight, .sortKey = u"sDocumentsDeficit"_s,
-         .column = u"ai.sDocumentsDeficit"_s},
-        {.key = u"partsDeficit"_s, .title = u"کسری لوازم"_s, .alignment = Qt::AlignRight, .sortKey = u"sFractionalParts"_s,
-         .column = u"ai.sFractionalParts"_s},
-        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .sortKey = u"iArchiveUserID"_s, .column = u"ai.iArchiveUserID"_s,
-         .show = KListColumn::yesOrDash},
+        {.key = u"documentsDeficit"_s, .title = u"کسری مدارک"_s, .alignment = Qt::AlignRight, .sortKey = u"sDocumentsDeficit"_s, .column = u"ai.sDocumentsDeficit"_s},
+        {.key = u"partsDeficit"_s, .title = u"کسری لوازم"_s, .alignment = Qt::AlignRight, .sortKey = u"sFractionalParts"_s, .column = u"ai.sFractionalParts"_s},
+        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .sortKey = u"iArchiveUserID"_s, .column = u"ai.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
     };
 }
 
@@ -104,25 +97,25 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
     using C = KListCommand;
     constexpr int change = C::HiddenInReadOnly | C::HiddenInSelect;
     return {
-        {QStringLiteral("new"), QStringLiteral("جديد"), change, [this] { addCar(); }, QKeySequence(Qt::Key_Insert), QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), QStringLiteral("ويرايش"), change | C::NeedsRow, [this] { editCar(); }, QKeySequence(Qt::Key_F2),
-         QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), change | C::NeedsRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
-        {QStringLiteral("show"), QStringLiteral("نمايش"), change | C::NeedsRow, [this] { showSelected(); }, {}, QStringLiteral(":/icons/show.svg")},
-        {QStringLiteral("archive"), QStringLiteral("بايگاني شد"), change | C::NeedsRow, [this] { archiveCar(); }, {}, QStringLiteral(":/icons/archive.svg")},
-        {QStringLiteral("matchingDemands"), QStringLiteral("متقاضیان"), C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, QStringLiteral(":/icons/users.svg")},
+        {u"new"_s, u"جديد"_s, change, [this] { addCar(); }, QKeySequence(Qt::Key_Insert), u":/icons/new.svg"_s},
+        {u"edit"_s, u"ويرايش"_s, change | C::NeedsRow, [this] { editCar(); }, QKeySequence(Qt::Key_F2),
+         u":/icons/edit.svg"_s},
+        {u"delete"_s, u"حذف"_s, change | C::NeedsRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
+        {u"show"_s, u"نمايش"_s, change | C::NeedsRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s},
+        {u"archive"_s, u"بايگاني شد"_s, change | C::NeedsRow, [this] { archiveCar(); }, {}, u":/icons/archive.svg"_s},
+        {u"matchingDemands"_s, u"متقاضیان"_s, C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, u":/icons/users.svg"_s},
         printCommand(C::StartsGroup),
-        {QStringLiteral("catalog"), QStringLiteral("نام خودرو"), C::StartsGroup, [this] { browseCatalog(); }, {}, QStringLiteral(":/icons/car.svg")},
-        {QStringLiteral("inputParameters"), QStringLiteral("پارامترهاي ورودي"), 0, [this] { editInputParameters(); }, {}, QStringLiteral(":/icons/settings.svg")},
-        {QStringLiteral("reset"), QStringLiteral("پيش فرض"), C::BesideSearch, [this] { resetFilter(); }, {}, QStringLiteral(":/icons/refresh.svg")},
+        {u"catalog"_s, u"نام خودرو"_s, C::StartsGroup, [this] { browseCatalog(); }, {}, u":/icons/car.svg"_s},
+        {u"inputParameters"_s, u"پارامترهاي ورودي"_s, 0, [this] { editInputParameters(); }, {}, u":/icons/settings.svg"_s},
+        {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
     };
 }
 
 KListTraits CDlgAutomobilInformations::traits() const
 {
     KListTraits traits;
-    traits.emptySort = QStringLiteral("sTitle");
+    traits.emptySort = u"sTitle"_s;
     traits.searchColumn = 4; // behind the state and the check box, so that the list keeps the height of a line
     traits.makePerson = personFilter();
     traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
@@ -131,7 +124,7 @@ KListTraits CDlgAutomobilInformations::traits() const
 
 QString CDlgAutomobilInformations::defaultSort() const
 {
-    return QStringLiteral("ai.iCode");
+    return u"ai.iCode"_s;
 }
 
 std::unique_ptr<KMySQL> CDlgAutomobilInformations::makeRecords() const
@@ -160,7 +153,7 @@ void CDlgAutomobilInformations::modeApplied()
 void CDlgAutomobilInformations::presetFromDemand()
 {
     CTblAutomobilDemands demand;
-    if (!demand.IsRecordExist(QStringLiteral("iID"), m_demandID))
+    if (!demand.IsRecordExist(u"iID"_s, m_demandID))
         return;
     for (const auto &[filter, column] : wishes)
         filters().set(filter, demand.value(column));
@@ -230,8 +223,8 @@ void CDlgAutomobilInformations::archiveCar()
 {
     if (isSelectMode())
         return;
-    archiveSelected({QStringLiteral("AutomobilInformationArchive"), QStringLiteral("شما اجازه بایگانی کردن نامه ها را ندارید."),
-                     QStringLiteral("این قرارداد قبلا بایگانی شده است."), QStringLiteral("بایگانی شد.")},
+    archiveSelected({u"AutomobilInformationArchive"_s, u"شما اجازه بایگانی کردن نامه ها را ندارید."_s,
+                     u"این قرارداد قبلا بایگانی شده است."_s, u"بایگانی شد."_s},
                     [](KMySQL &record) {
                         CTblAutomobilInformations::archive(static_cast<CTblAutomobilInformations &>(record).m_iCode,
                                                            GetDBSetting()->GetUserID());
@@ -262,7 +255,7 @@ void CDlgAutomobilInformations::editInputParameters()
 
 KListReport CDlgAutomobilInformations::reportSpec() const
 {
-    const QString title = QStringLiteral("لیست گالری اتومبیل");
-    const QString group = QStringLiteral("گالری اتومبیل");
-    return {title, group, title, {{QStringLiteral("RightTop"), group}}};
+    const QString title = u"لیست گالری اتومبیل"_s;
+    const QString group = u"گالری اتومبیل"_s;
+    return {title, group, title, {{u"RightTop"_s, group}}};
 }

@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestName = 50;
@@ -27,7 +29,7 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     , m_itemType(itemType)
     , m_name(new KEdit(this))
 {
-    setWindowTitle(caption + (itemID == 0 ? QStringLiteral(" - جدید") : QStringLiteral(" - ویرایش")));
+    setWindowTitle(caption + (itemID == 0 ? u" - جدید"_s : u" - ویرایش"_s));
     // A longer one, as the pickers of several values take it, is not cut.
     m_name->setMaxLength(qMax(longestName, static_cast<int>(name.size())));
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
@@ -35,8 +37,8 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     m_name->selectAll();
 
     auto *line = new QHBoxLayout;
-    addLabelled(line, QStringLiteral("نام :"), m_name, 1);
-    line->addWidget(new QLabel(QStringLiteral("*"), this));
+    addLabelled(line, u"نام :"_s, m_name, 1);
+    line->addWidget(new QLabel(u"*"_s, this));
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(line);
     layout->addStretch(1);
@@ -58,10 +60,10 @@ bool CDlgAddInputParameter::refuse(const QString &message)
 bool CDlgAddInputParameter::OnOK()
 {
     if (name().isEmpty())
-        return refuse(QStringLiteral("لطفا نام را وارد نماید."));
+        return refuse(u"لطفا نام را وارد نماید."_s);
     GetDBSetting()->RequireOpenDB();
     if (InputParameterValues::isNameTaken(name(), m_itemID))
-        return refuse(QStringLiteral("این نام قبلا ثبت شده است."));
+        return refuse(u"این نام قبلا ثبت شده است."_s);
     if (m_itemID == 0)
         m_itemID = InputParameterValues::add(m_itemType, name());
     else

@@ -12,26 +12,28 @@
 #include <QGridLayout>
 #include <QRadioButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int optionsPerRow = 5;
 
 QString editCaption()
 {
-    return QStringLiteral("ويرايش");
+    return u"ويرايش"_s;
 }
 
 int run(KDialogHolder &window)
 {
     window.resize(640, 560);
-    window.SetSettingName(QStringLiteral("InputParameters\\Window"));
+    window.SetSettingName(u"InputParameters\\Window"_s);
     return window.exec();
 }
 
 }
 
 CDlgInputParameters::CDlgInputParameters(int option, QWidget *parent)
-    : KListPage(QStringLiteral("پارامترهاي ورودي"), QStringLiteral("InputParameters"), QStringLiteral("InputParameters"), parent)
+    : KListPage(u"پارامترهاي ورودي"_s, u"InputParameters"_s, u"InputParameters"_s, parent)
 {
     build();
     if (QRadioButton *button = optionButton(option))
@@ -48,13 +50,13 @@ int CDlgInputParameters::Select(QWidget *parent, int option, int current)
 {
     auto *page = new CDlgInputParameters(option);
     page->setSelectMode(true, current);
-    KDialogHolder window(page, parent, QStringLiteral("انتخاب"));
+    KDialogHolder window(page, parent, u"انتخاب"_s);
     return run(window) == QDialog::Accepted ? page->chosenKey() : 0;
 }
 
 void CDlgInputParameters::Open(QWidget *parent, int option)
 {
-    KDialogHolder window(new CDlgInputParameters(option), parent, QStringLiteral("بازگشت"));
+    KDialogHolder window(new CDlgInputParameters(option), parent, u"بازگشت"_s);
     run(window);
 }
 
@@ -77,8 +79,8 @@ QRadioButton *CDlgInputParameters::optionButton(int option) const
 QVector<KListModel::Column> CDlgInputParameters::listColumns() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignCenter, 40, {}},
-        {QStringLiteral("نام"), Qt::AlignRight, 170, {}},
+        {u"ردیف"_s, Qt::AlignCenter, 40, {}},
+        {u"نام"_s, Qt::AlignRight, 170, {}},
     };
 }
 
@@ -96,11 +98,11 @@ std::vector<KListCommand> CDlgInputParameters::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), editCaption(), onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
+        {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, editCaption(), onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
     };
 }
 
@@ -121,7 +123,7 @@ std::unique_ptr<KMySQL> CDlgInputParameters::makeRecords() const
 
 QStringList CDlgInputParameters::fetchedColumns() const
 {
-    return {QStringLiteral("sName")};
+    return {u"sName"_s};
 }
 
 QString CDlgInputParameters::filterClauses() const
@@ -138,7 +140,7 @@ KListModel::Row CDlgInputParameters::makeRow(KMySQL &record, int number)
 // As the drop-downs offer them.
 QString CDlgInputParameters::defaultSort() const
 {
-    return QStringLiteral("sName,iID");
+    return u"sName,iID"_s;
 }
 
 // Who was asked for a colour is not to come back with a capacity.

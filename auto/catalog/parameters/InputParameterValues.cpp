@@ -5,12 +5,14 @@
 
 #include "suite/accounting/office/CTblItems.h"
 
+using namespace Qt::StringLiterals;
+
 namespace InputParameterValues {
 
 bool isNameTaken(const QString &name, int exceptID)
 {
     CTblItems items;
-    items.SetColumns({QStringLiteral("iID")});
+    items.SetColumns({u"iID"_s});
     items.m_filter = exceptID != 0 ? QString::asprintf("iID<>%d AND ", exceptID) : QString();
     items.m_filter += QLatin1String("sName=") + QString::fromUtf8(KConnection::forThread(0).quoted(name));
     items.SetLimit(1);
@@ -32,7 +34,7 @@ int add(int itemType, const QString &name)
 bool rename(int id, const QString &name)
 {
     CTblItems item;
-    if (!item.IsRecordExist(QStringLiteral("iID"), id))
+    if (!item.IsRecordExist(u"iID"_s, id))
         return false;
     item.Edit();
     item.m_sName = name;

@@ -14,24 +14,26 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int statusActive = 0;
 constexpr int statusInactive = 1;
 
-const QString keyColumn = QStringLiteral("iID");
-const QString titleColumn = QStringLiteral("sTitle");
-const QString amountColumn = QStringLiteral("dAmount");
-const QString descriptionColumn = QStringLiteral("sDesc");
+const QString keyColumn = u"iID"_s;
+const QString titleColumn = u"sTitle"_s;
+const QString amountColumn = u"dAmount"_s;
+const QString descriptionColumn = u"sDesc"_s;
 
 QList<KFormField> fields()
 {
     using Kind = KFormField::Kind;
-    KFormField title{titleColumn, QStringLiteral("نام :")};
+    KFormField title{titleColumn, u"نام :"_s};
     title.maxLength = 50;
-    KFormField amount{amountColumn, QStringLiteral("هزينه :"), Kind::Money};
+    KFormField amount{amountColumn, u"هزينه :"_s, Kind::Money};
     amount.inWords = true;
-    KFormField description{descriptionColumn, QStringLiteral("توضيحات :"), Kind::LongText};
+    KFormField description{descriptionColumn, u"توضيحات :"_s, Kind::LongText};
     description.maxLength = 250;
     return {title, amount, description};
 }
@@ -43,9 +45,9 @@ CDlgAddAutomobilTariff::CDlgAddAutomobilTariff(int tariffID, bool editMode, bool
     , m_tariffID(tariffID)
     , m_viewMode(viewMode)
 {
-    setWindowTitle(QStringLiteral("هزينه هاي تعرفه هاي محضر")
-                   + (editMode ? QStringLiteral(" - ویرایش") : QStringLiteral(" - جدید")));
-    SetSettingName(QStringLiteral("AutomobilTariff\\Editor"));
+    setWindowTitle(u"هزينه هاي تعرفه هاي محضر"_s
+                   + (editMode ? u" - ویرایش"_s : u" - جدید"_s));
+    SetSettingName(u"AutomobilTariff\\Editor"_s);
     build();
     if (editMode || viewMode)
         load();
@@ -66,11 +68,11 @@ void CDlgAddAutomobilTariff::build()
     m_form->control(titleColumn)->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
 
     // Kept, not shown: every tariff that is entered is active, and its day is the table's own matter.
-    m_active = new QCheckBox(QStringLiteral("فعال"), this);
+    m_active = new QCheckBox(u"فعال"_s, this);
     m_active->setChecked(true);
     m_active->hide();
     m_created = new KDateEdit(this);
-    m_created->setAccessibleName(QStringLiteral("تاريخ ايجاد :"));
+    m_created->setAccessibleName(u"تاريخ ايجاد :"_s);
     m_created->setReadOnly(true);
     m_created->hide();
 

@@ -13,32 +13,34 @@
 #include <QCheckBox>
 #include <QGridLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestName = 50;
 
 QString editCaption()
 {
-    return QStringLiteral("ويرايش");
+    return u"ويرايش"_s;
 }
 
 QString closeCaption()
 {
-    return QStringLiteral("بازگشت");
+    return u"بازگشت"_s;
 }
 
 int run(KDialogHolder &window)
 {
     window.resize(760, 540);
-    window.SetSettingName(QStringLiteral("AutomobilTariffs\\Window"));
+    window.SetSettingName(u"AutomobilTariffs\\Window"_s);
     return window.exec();
 }
 
 }
 
 CDlgAutomobilTariffs::CDlgAutomobilTariffs(QWidget *parent)
-    : KListPage(QStringLiteral("هزينه هاي تعرفه هاي محضر"), QStringLiteral("AutomobilTariffs"),
-                QStringLiteral("AutomobilTariff"), parent)
+    : KListPage(u"هزينه هاي تعرفه هاي محضر"_s, u"AutomobilTariffs"_s,
+                u"AutomobilTariff"_s, parent)
 {
     build();
 }
@@ -49,7 +51,7 @@ int CDlgAutomobilTariffs::Select(QWidget *parent, int current)
 {
     auto *page = new CDlgAutomobilTariffs;
     page->setSelectMode(true, current);
-    KDialogHolder window(page, parent, QStringLiteral("انتخاب"), closeCaption());
+    KDialogHolder window(page, parent, u"انتخاب"_s, closeCaption());
     return run(window) == QDialog::Accepted ? page->chosenKey() : 0;
 }
 
@@ -63,17 +65,17 @@ void CDlgAutomobilTariffs::Open(QWidget *parent)
 QVector<KListModel::Column> CDlgAutomobilTariffs::listColumns() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignCenter, 40, {}},
-        {QStringLiteral("نام"), Qt::AlignCenter, 80, QStringLiteral("iCode")},
-        {QStringLiteral("مبلغ"), Qt::AlignCenter, 80, QStringLiteral("sName")},
-        {QStringLiteral("توضیحات"), Qt::AlignCenter, 100, {}},
+        {u"ردیف"_s, Qt::AlignCenter, 40, {}},
+        {u"نام"_s, Qt::AlignCenter, 80, u"iCode"_s},
+        {u"مبلغ"_s, Qt::AlignCenter, 80, u"sName"_s},
+        {u"توضیحات"_s, Qt::AlignCenter, 100, {}},
     };
 }
 
 KListTraits CDlgAutomobilTariffs::traits() const
 {
     KListTraits traits;
-    traits.layoutSetting = QStringLiteral("AutomobilTariffs\\List");
+    traits.layoutSetting = u"AutomobilTariffs\\List"_s;
     traits.hasRowLimit = false;
     traits.sortsWithoutRows = true;
     // This list is opened mostly to choose, and is kept on that occasion.
@@ -86,11 +88,11 @@ std::vector<KListCommand> CDlgAutomobilTariffs::commands()
     using C = KListCommand;
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
-        {QStringLiteral("new"), QStringLiteral("جديد"), C::HiddenInReadOnly, [this] { addTariff(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), editCaption(), onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         QStringLiteral(":/icons/delete.svg")},
+        {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addTariff(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, editCaption(), onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+         u":/icons/delete.svg"_s},
         printCommand(C::StartsGroup),
     };
 }
@@ -100,9 +102,9 @@ void CDlgAutomobilTariffs::buildFilters(QGridLayout *grid)
     QWidget *box = grid->parentWidget();
     m_name = new KEdit(box);
     m_name->setMaxLength(longestName);
-    addFilter(grid, 0, 0, QStringLiteral("نام :"), m_name);
+    addFilter(grid, 0, 0, u"نام :"_s, m_name);
     // Kept for the filter's sake, not shown: the editor does not show whether a tariff is active either.
-    m_inactive = new QCheckBox(QStringLiteral("غير فعال ها را نيز نمايش بده"), box);
+    m_inactive = new QCheckBox(u"غير فعال ها را نيز نمايش بده"_s, box);
     m_inactive->hide();
 }
 
@@ -166,8 +168,8 @@ void CDlgAutomobilTariffs::activated(int)
 
 KListReport CDlgAutomobilTariffs::reportSpec() const
 {
-    const QString title = QStringLiteral("هزینه های تعرفه های محضر");
-    return {title, QStringLiteral("گالری اتومبیل"), title};
+    const QString title = u"هزینه های تعرفه های محضر"_s;
+    return {title, u"گالری اتومبیل"_s, title};
 }
 
 QWidget *CDlgAutomobilTariffs::firstFilterControl() const

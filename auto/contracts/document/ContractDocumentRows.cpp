@@ -6,6 +6,8 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class RowBuilder
@@ -15,7 +17,7 @@ public:
     {
         if (party.personID == 0)
             return;
-        const QString description = QStringLiteral(" کمیسیون پرداختی ") + party.name;
+        const QString description = u" کمیسیون پرداختی "_s + party.name;
         pair({Accounts::persons, party.personID, description}, {Accounts::commissionIncome, 0, description}, amount);
     }
 
@@ -23,19 +25,19 @@ public:
     {
         if (party.personID == 0)
             return;
-        pair({Accounts::commissionIncome, 0, QStringLiteral(" تخفیف به ") + party.name},
+        pair({Accounts::commissionIncome, 0, u" تخفیف به "_s + party.name},
              {Accounts::persons, party.personID, partyPrefix + party.name}, party.discount);
     }
 
     void tax(const ContractDocumentParty &party)
     {
-        levy(party, QStringLiteral("مالیات ارزش افزوده"), party.taxPercent, party.tax,
+        levy(party, u"مالیات ارزش افزوده"_s, party.taxPercent, party.tax,
              {Accounts::taxPayable, Accounts::taxExpense});
     }
 
     void duty(const ContractDocumentParty &party)
     {
-        levy(party, QStringLiteral("عوارض"), party.dutyPercent, party.duty,
+        levy(party, u"عوارض"_s, party.dutyPercent, party.duty,
              {Accounts::dutyPayable, Accounts::dutyExpense});
     }
 
@@ -57,8 +59,8 @@ private:
     void levy(const ContractDocumentParty &party, const QString &name, double percent, double amount,
               const LevyAccounts &accounts)
     {
-        const QString start = DToStr(percent) + QStringLiteral("% ") + name + QLatin1Char(' ');
-        const QString fromParty = start + DToMoney(amount) + QStringLiteral("از ") + party.name;
+        const QString start = DToStr(percent) + u"% "_s + name + QLatin1Char(' ');
+        const QString fromParty = start + DToMoney(amount) + u"از "_s + party.name;
         const QString ofParty = start + party.name;
         pair({Accounts::persons, party.personID, ofParty}, {accounts.payable, 0, fromParty}, amount);
         if (party.kind == PartyKind::Showroom)
@@ -80,10 +82,10 @@ private:
 QString typeName(int contractType)
 {
     switch (contractType) {
-    case 0: return QStringLiteral("مبایعه نامه");
-    case 1: return QStringLiteral("قرارداد اجاره");
-    case 2: return QStringLiteral("فروش اقساطی");
-    case 3: return QStringLiteral("نامه");
+    case 0: return u"مبایعه نامه"_s;
+    case 1: return u"قرارداد اجاره"_s;
+    case 2: return u"فروش اقساطی"_s;
+    case 3: return u"نامه"_s;
     default: return {};
     }
 }
@@ -92,7 +94,7 @@ QString typeName(int contractType)
 
 QString contractDocumentDescription(int contractType, int number)
 {
-    return typeName(contractType) + QStringLiteral(" ش :") + IToStr(number);
+    return typeName(contractType) + u" ش :"_s + IToStr(number);
 }
 
 QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract)
@@ -100,8 +102,8 @@ QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract)
     RowBuilder rows;
     rows.commission(contract.first, contract.commission);
     rows.commission(contract.second, contract.commission);
-    rows.discount(contract.first, QStringLiteral(" تخفیف  "));
-    rows.discount(contract.second, QStringLiteral(" تخفیف "));
+    rows.discount(contract.first, u" تخفیف  "_s);
+    rows.discount(contract.second, u" تخفیف "_s);
     rows.tax(contract.first);
     rows.tax(contract.second);
     rows.duty(contract.first);

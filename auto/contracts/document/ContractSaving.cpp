@@ -7,13 +7,15 @@
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
+using namespace Qt::StringLiterals;
+
 std::optional<ContractSaving::Posted> ContractSaving::save(const RecordSaving::Decision<CTblAutomobilContracts> &decision,
                                                            const CustomFields &customFields)
 {
     Posted posted;
     const auto post = [&posted](CTblAutomobilContracts &contract) {
         if (!ContractPosting::post(contract))
-            throw KAccountingError(QStringLiteral("سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."));
+            throw KAccountingError(u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
         posted = {contract.m_iDocNum, contract.m_iFiscalYear};
     };
     const auto writeCustomFields = [&customFields](CTblAutomobilContracts &contract) {

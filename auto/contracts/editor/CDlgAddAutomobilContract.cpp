@@ -28,6 +28,8 @@
 
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 OfficeSettings CDlgAddAutomobilContract::readSettings()
 {
     return OfficeSettings::read({ContractSettings::section()});
@@ -87,8 +89,8 @@ void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *par
 CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent)
     : CDlgRecordEditor(key, mode, parent)
 {
-    SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
-    m_copyCar = addCommand(QStringLiteral("گالري اتومبيل"), [this] { copyCar(); });
+    SetSettingName(u"AutomobilContracts\\Editor"_s);
+    m_copyCar = addCommand(u"گالري اتومبيل"_s, [this] { copyCar(); });
 }
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;
@@ -121,8 +123,8 @@ void CDlgAddAutomobilContract::addPages(const OfficeSettings &settings)
     m_customFields->bind(CTblAutomobilContracts::recordKind, key());
     m_customFields->setReadOnly(isShowMode());
     addPage(m_customFields, m_customFields->title());
-    addFilesPage(CTblFileDocs::General, CTblAutomobilContracts::recordKind, QStringLiteral("پرونده های عمومی"));
-    addFilesPage(CTblFileDocs::Personal, CTblAutomobilContracts::recordKind, QStringLiteral("پرونده های شخصی"));
+    addFilesPage(CTblFileDocs::General, CTblAutomobilContracts::recordKind, u"پرونده های عمومی"_s);
+    addFilesPage(CTblFileDocs::Personal, CTblAutomobilContracts::recordKind, u"پرونده های شخصی"_s);
     tabs()->setCurrentIndex(0);
 }
 
@@ -144,7 +146,7 @@ void CDlgAddAutomobilContract::showContractType(int contractType)
 
 void CDlgAddAutomobilContract::showInstalments()
 {
-    const double amount = m_base->form()->edit(QStringLiteral("dAmount"))->number();
+    const double amount = m_base->form()->edit(u"dAmount"_s)->number();
     // Whoever buys pays the instalments.
     CDlgCalcPayment::Run(key(), m_base->secondParty()->personField()->personID(), m_matter->amountLeftOf(amount), this,
                          isShowMode());
@@ -179,15 +181,15 @@ void CDlgAddAutomobilContract::saved()
 
 bool CDlgAddAutomobilContract::takeOutOfArchive()
 {
-    if (!KSecurity::IsGranted(QStringLiteral("AutomobilContractArchive"), KSecurity::Access)) {
-        g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
+    if (!KSecurity::IsGranted(u"AutomobilContractArchive"_s, KSecurity::Access)) {
+        g_pDlgWarning->Show(u"شما اجازه تغییر دادن ندارید."_s, this);
         return false;
     }
     GetDBSetting()->RequireOpenDB();
     CTblAutomobilContracts contract;
     if (loadRecord(contract))
         CTblAutomobilContracts::unarchive(contract.m_iCode);
-    g_pDlgWarning->Show(QStringLiteral("این قرارداد از حالت بایگانی خارج شد."), this);
+    g_pDlgWarning->Show(u"این قرارداد از حالت بایگانی خارج شد."_s, this);
     return true;
 }
 
@@ -209,6 +211,6 @@ void CDlgAddAutomobilContract::copyCar()
     // Half a name must not go into a contract unnoticed.
     if (!shortened.isEmpty())
         g_pDlgWarning->Show(
-            QStringLiteral("متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: ") + shortened.join(QStringLiteral("، ")),
+            u"متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: "_s + shortened.join(u"، "_s),
             this);
 }

@@ -32,6 +32,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
@@ -45,30 +47,30 @@ QString column(const char *name)
 
 QList<KFormField> formFields()
 {
-    KFormField documentNumber{column("iDocNum"), QStringLiteral("شماره سند :"), Kind::Integer};
+    KFormField documentNumber{column("iDocNum"), u"شماره سند :"_s, Kind::Integer};
     documentNumber.readOnly = true;
-    KFormField type{column("iContractType"), QStringLiteral("نوع قرارداد :"), Kind::Choice};
+    KFormField type{column("iContractType"), u"نوع قرارداد :"_s, Kind::Choice};
     type.choices = WordLists::texts(WordLists::contractTypes());
-    KFormField extension{column("dateExtension"), QStringLiteral("تاريخ تمديد :"), Kind::Date};
+    KFormField extension{column("dateExtension"), u"تاريخ تمديد :"_s, Kind::Date};
     extension.displayed = false;
-    KFormField explanation{column("sExplain"), QStringLiteral("شرح قرارداد :")};
+    KFormField explanation{column("sExplain"), u"شرح قرارداد :"_s};
     explanation.maxLength = 250;
-    KFormField amount{column("dAmount"), QStringLiteral("مبلغ قرارداد :"), Kind::Money};
+    KFormField amount{column("dAmount"), u"مبلغ قرارداد :"_s, Kind::Money};
     amount.inWords = true;
-    KFormField commission{column("dCommission"), QStringLiteral("حق کميسيون :"), Kind::Money};
+    KFormField commission{column("dCommission"), u"حق کميسيون :"_s, Kind::Money};
     commission.inWords = true;
-    KFormField perParty{column("dCommissionEveryPerson"), QStringLiteral("کميسيون دريافتي از هر طرفين :"), Kind::Money};
+    KFormField perParty{column("dCommissionEveryPerson"), u"کميسيون دريافتي از هر طرفين :"_s, Kind::Money};
     perParty.displayed = false;
     QList<KFormField> fields = {
-        {column("iCode"), QStringLiteral("کد قرارداد :"), Kind::Integer},
+        {column("iCode"), u"کد قرارداد :"_s, Kind::Integer},
         documentNumber,
         type,
-        {column("bReturn"), QStringLiteral("برگشتي"), Kind::Flag},
-        {column("dateContract"), QStringLiteral("تاريخ عقد :"), Kind::Date},
-        {column("dateExpiration"), QStringLiteral("تاريخ انقضاء :"), Kind::Date},
+        {column("bReturn"), u"برگشتي"_s, Kind::Flag},
+        {column("dateContract"), u"تاريخ عقد :"_s, Kind::Date},
+        {column("dateExpiration"), u"تاريخ انقضاء :"_s, Kind::Date},
         extension,
-        {column("sDomainRegister"), QStringLiteral("حوزه ثبتي :")},
-        {column("sNoAdvice"), QStringLiteral("مشاور خودرو شماره :")},
+        {column("sDomainRegister"), u"حوزه ثبتي :"_s},
+        {column("sNoAdvice"), u"مشاور خودرو شماره :"_s},
         amount,
         commission,
         perParty,
@@ -76,15 +78,15 @@ QList<KFormField> formFields()
     fields += ContractPartySide::first().formFields();
     fields += ContractPartySide::second().formFields();
     fields += QList<KFormField>{
-        {column("sCommitmentFirstHand"), QStringLiteral("تعهدات مربوط به طرف اول :")},
-        {column("sCommitmentsSecondHand"), QStringLiteral("تعهدات مربوط به طرف دوم :")},
-        {column("sDeal"), QStringLiteral("مورد معامله :")},
+        {column("sCommitmentFirstHand"), u"تعهدات مربوط به طرف اول :"_s},
+        {column("sCommitmentsSecondHand"), u"تعهدات مربوط به طرف دوم :"_s},
+        {column("sDeal"), u"مورد معامله :"_s},
         explanation,
-        {column("sDesc"), QStringLiteral("توضيحات :")},
-        {column("sPage"), QStringLiteral("خلاصه اين قرارداد در صفحه :")},
-        {column("sCover"), QStringLiteral("جلد :")},
-        {column("iNum"), QStringLiteral("شماره :"), Kind::Integer},
-        {column("dateSummary"), QStringLiteral("و تاريخ :"), Kind::Date},
+        {column("sDesc"), u"توضيحات :"_s},
+        {column("sPage"), u"خلاصه اين قرارداد در صفحه :"_s},
+        {column("sCover"), u"جلد :"_s},
+        {column("iNum"), u"شماره :"_s, Kind::Integer},
+        {column("dateSummary"), u"و تاريخ :"_s, Kind::Date},
     };
     return fields;
 }
@@ -93,7 +95,7 @@ QList<KFormField> formFields()
 
 CDlgAddAutomobilContractBase::CDlgAddAutomobilContractBase(ContractEditorMode mode, const OfficeSettings &settings,
                                                            QWidget *parent)
-    : ContractEditorPage(mode, QStringLiteral("اطلاعات پایه"), parent)
+    : ContractEditorPage(mode, u"اطلاعات پایه"_s, parent)
     , m_tiers(ContractSettings::of(settings).tiers)
     , m_today(settings.serverTime().date())
 {
@@ -165,11 +167,11 @@ QWidget *CDlgAddAutomobilContractBase::buildTexts()
     m_form->place(grid, 1, 2, column("sExplain"));
     m_form->place(grid, 2, 0, column("sDesc"));
 
-    const QString label = QStringLiteral("تبصره ها :");
+    const QString label = u"تبصره ها :"_s;
     m_notesLine = new KEdit(box);
     m_notesLine->setReadOnly(true);
-    m_notesButton = new QPushButton(QStringLiteral("..."), box);
-    m_notesButton->setAccessibleName(label + QStringLiteral(" ..."));
+    m_notesButton = new QPushButton(u"..."_s, box);
+    m_notesButton->setAccessibleName(label + u" ..."_s);
     m_notesButton->setAutoDefault(false);
     m_notesButton->setMaximumWidth(m_notesButton->fontMetrics().averageCharWidth() * 6);
     m_notesButton->setVisible(!isShowMode());
@@ -193,7 +195,7 @@ QWidget *CDlgAddAutomobilContractBase::buildRegistrySentence()
         row->addWidget(m_form->label(column(name)));
         row->addWidget(m_form->control(column(name)));
     }
-    row->addWidget(new QLabel(QStringLiteral("ثبت گرديده است."), line));
+    row->addWidget(new QLabel(u"ثبت گرديده است."_s, line));
     row->addStretch(1);
     return line;
 }
@@ -286,7 +288,7 @@ void CDlgAddAutomobilContractBase::showPersons()
     if (keys.isEmpty())
         return;
     CTblPersons person;
-    person.m_filter = QStringLiteral("iID IN (%1)").arg(keys.join(u','));
+    person.m_filter = u"iID IN (%1)"_s.arg(keys.join(u','));
     for (person.Open(true, true, true); !person.IsEOF(); person.MoveNext()) {
         for (ContractPartyGroup *group : {m_first, m_second}) {
             if (group->personField()->personID() == person.m_iID)
@@ -298,14 +300,14 @@ void CDlgAddAutomobilContractBase::showPersons()
 void CDlgAddAutomobilContractBase::nameGroups(int contractType)
 {
     const bool rent = contractType == rentContract;
-    m_first->setTitle(rent ? QStringLiteral("اطلاعات موجر") : QStringLiteral("فروشنده/طرف اول"));
-    m_second->setTitle(rent ? QStringLiteral("اطلاعات مستاجر") : QStringLiteral("خریدار/طرف دوم"));
+    m_first->setTitle(rent ? u"اطلاعات موجر"_s : u"فروشنده/طرف اول"_s);
+    m_second->setTitle(rent ? u"اطلاعات مستاجر"_s : u"خریدار/طرف دوم"_s);
 }
 
 void CDlgAddAutomobilContractBase::pickNotes()
 {
     QString text = m_notes.join(CDlgMultiItems::separator());
-    if (!CDlgMultiItems::Select(CTblItems::typeClause, QStringLiteral("تبصره"), &text, this))
+    if (!CDlgMultiItems::Select(CTblItems::typeClause, u"تبصره"_s, &text, this))
         return;
     m_notes = text.split(CDlgMultiItems::separator(), Qt::SkipEmptyParts);
     showNotes();
@@ -328,10 +330,10 @@ bool CDlgAddAutomobilContractBase::validate()
 bool CDlgAddAutomobilContractBase::validateAmountAndParties()
 {
     if (IsEquals(m_form->edit(column("dAmount"))->number(), 0))
-        return refuse(QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید."), m_form->edit(column("dAmount")));
+        return refuse(u"لطفا مبلغ قرارداد را وارد نمایید."_s, m_form->edit(column("dAmount")));
     const std::pair<ContractPartyGroup *, QString> parties[] = {
-        {m_first, QStringLiteral("لطفا شخص اول را انتخاب نمایید.")},
-        {m_second, QStringLiteral("لطفا شخص دوم را انتخاب نمایید.")},
+        {m_first, u"لطفا شخص اول را انتخاب نمایید."_s},
+        {m_second, u"لطفا شخص دوم را انتخاب نمایید."_s},
     };
     for (const auto &[group, message] : parties) {
         if (!group->name().trimmed().isEmpty())
@@ -341,7 +343,7 @@ bool CDlgAddAutomobilContractBase::validateAmountAndParties()
         return false;
     }
     if (m_first->name() == m_second->name())
-        return refuse(QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد."), m_second->personField()->nameEdit());
+        return refuse(u"دو طرف معامله نمی تواند یک شخص باشد."_s, m_second->personField()->nameEdit());
     return true;
 }
 
@@ -351,9 +353,9 @@ bool CDlgAddAutomobilContractBase::validateDate()
     if (!date->isEntryValid())
         return refuseEntry({date, date->entryError()});
     if (!date->dateTime().isValid())
-        return refuse(QStringLiteral("لطفا تاریخ عقد را وارد نمایید."), date);
+        return refuse(u"لطفا تاریخ عقد را وارد نمایید."_s, date);
     if (date->date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        return refuse(QStringLiteral("تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد."), date);
+        return refuse(u"تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد."_s, date);
     return true;
 }
 

@@ -22,6 +22,8 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString column(const char *name)
@@ -34,7 +36,7 @@ constexpr int instalmentSale = 2;
 }
 
 CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent)
-    : ContractEditorPage(mode, QStringLiteral("مشخصات فروش"), parent)
+    : ContractEditorPage(mode, u"مشخصات فروش"_s, parent)
 {
     build();
     connect(m_form->comboBox(column("sState")), &QComboBox::currentTextChanged, this,
@@ -62,7 +64,7 @@ void CDlgAddAutomobilContractMatter::build()
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
 {
-    auto *box = new QGroupBox(QStringLiteral("موضوع مشخصات مورد معامله"), this);
+    auto *box = new QGroupBox(u"موضوع مشخصات مورد معامله"_s, this);
     FormLines::grid(*m_form, box,
                     {{{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}},
                      {{"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}},
@@ -74,7 +76,7 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
 {
-    auto *box = new QGroupBox(QStringLiteral("پرداخت"), this);
+    auto *box = new QGroupBox(u"پرداخت"_s, this);
     auto *lines = FormLines::column(box);
     lines->addLayout(FormLines::line(*m_form, {{"dFixAmount"}}));
     lines->addLayout(FormLines::line(*m_form, {{"sCheckCount"}, {"dAgreeAmount", 2}, {"sCheckNum", 2}}));
@@ -86,7 +88,7 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildRegistry()
 {
-    auto *box = new QGroupBox(QStringLiteral("ثبت و دفترخانه"), this);
+    auto *box = new QGroupBox(u"ثبت و دفترخانه"_s, this);
     auto *lines = FormLines::column(box);
     lines->addLayout(FormLines::line(*m_form, {{"dateDeal"}, {"dateTradeUnit"}, {"sRegistryNum"}, {"sRightTahrir"}}));
     lines->addLayout(FormLines::line(*m_form, {{"dateDocument"}, {"dateOffice"}}));
@@ -99,7 +101,7 @@ QGroupBox *CDlgAddAutomobilContractMatter::buildRegistry()
 QGroupBox *CDlgAddAutomobilContractMatter::buildTerms()
 {
     m_terms = new QGroupBox(this);
-    m_instalments = new QPushButton(QStringLiteral("محاسبه اقساط"), m_terms);
+    m_instalments = new QPushButton(u"محاسبه اقساط"_s, m_terms);
     m_instalments->setAccessibleName(m_instalments->text());
     m_instalments->setAutoDefault(false);
     connect(m_instalments, &QPushButton::clicked, this, &CDlgAddAutomobilContractMatter::instalmentsRequested);
@@ -119,13 +121,13 @@ void CDlgAddAutomobilContractMatter::showContractType(int contractType)
         m_form->setUsed(field.column, MatterVisibility::isUsed(contractType, field.column));
     const bool instalments = MatterVisibility::hasInstalments(contractType);
     const std::pair<const char *, QString> period[] = {
-        {"sRentTime", QStringLiteral("مدت معامله :")},
-        {"dateRent", QStringLiteral("از تاریخ :")},
-        {"dateRentExpire", QStringLiteral("لغایت :")},
+        {"sRentTime", u"مدت معامله :"_s},
+        {"dateRent", u"از تاریخ :"_s},
+        {"dateRentExpire", u"لغایت :"_s},
     };
     for (const auto &[name, label] : period)
         m_form->setLabel(column(name), instalments ? label : QString());
-    m_terms->setTitle(instalments ? QStringLiteral("اقساط") : QStringLiteral("اجاره"));
+    m_terms->setTitle(instalments ? u"اقساط"_s : u"اجاره"_s);
     m_terms->setVisible(MatterVisibility::hasTerms(contractType));
     m_instalments->setVisible(instalments);
 }
@@ -159,7 +161,7 @@ QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFiel
         edit->setText(text);
         edit->setCursorPosition(0);
         if (edit->plainText().size() < text.size())
-            shortened.append(edit->accessibleName().remove(QStringLiteral(" :")));
+            shortened.append(edit->accessibleName().remove(u" :"_s));
     }
     return shortened;
 }
@@ -176,17 +178,17 @@ bool CDlgAddAutomobilContractMatter::validate()
         return true;
     const auto isEmpty = [this](const char *name) { return m_form->edit(column(name))->text().trimmed().isEmpty(); };
     if (isEmpty("sAutomobilName"))
-        return refuse(QStringLiteral("لطفا نام اتومبیل را مشخص کنید."), m_form->edit(column("sAutomobilName")));
+        return refuse(u"لطفا نام اتومبیل را مشخص کنید."_s, m_form->edit(column("sAutomobilName")));
     KEdit *year = m_form->edit(column("sModel"));
     if (!isModelYear(year->text())) {
-        refuse(QStringLiteral("لطفا سال را بزرگتر از سال 1000 وارد کنید."), year);
+        refuse(u"لطفا سال را بزرگتر از سال 1000 وارد کنید."_s, year);
         year->selectAll();
         return false;
     }
     if (isEmpty("sColor"))
-        return refuse(QStringLiteral("لطفا رنگ خودرو را مشخص کنید."), m_form->edit(column("sColor")));
+        return refuse(u"لطفا رنگ خودرو را مشخص کنید."_s, m_form->edit(column("sColor")));
     if (isEmpty("sNumOfPlates"))
-        return refuse(QStringLiteral("لطفا شماره پلاک را وارد کنید."), m_form->edit(column("sNumOfPlates")));
+        return refuse(u"لطفا شماره پلاک را وارد کنید."_s, m_form->edit(column("sNumOfPlates")));
     if (const auto problem = m_form->firstInvalid())
         return refuse(problem->message, problem->widget);
     return true;

@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array<QString CTblAutomobilContracts::*, ContractNotes::most> columns = {
@@ -37,11 +39,11 @@ QStringList ContractNotes::notes(const CTblAutomobilContracts &contract)
 QString ContractNotes::problem(const QStringList &notes)
 {
     if (notes.size() > most)
-        return QStringLiteral("حداکثر %1 تبصره قابل ثبت است.").arg(most);
-    const int longest = CTblAutomobilContracts().textLength(QStringLiteral("sNote1"));
+        return u"حداکثر %1 تبصره قابل ثبت است."_s.arg(most);
+    const int longest = CTblAutomobilContracts().textLength(u"sNote1"_s);
     for (const QString &note : notes) {
         if (note.toUcs4().size() > longest)
-            return QStringLiteral("هر تبصره حداکثر %1 نویسه است و این تبصره بلندتر است : %2").arg(QString::number(longest), note);
+            return u"هر تبصره حداکثر %1 نویسه است و این تبصره بلندتر است : %2"_s.arg(QString::number(longest), note);
     }
     return {};
 }

@@ -19,6 +19,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
@@ -26,7 +28,7 @@ using Kind = KFormField::Kind;
 // A field's accessible name tells the two sides apart.
 QString ofSide(const QString &label, int side)
 {
-    return label + (side == 1 ? QStringLiteral(" طرف اول") : QStringLiteral(" طرف دوم"));
+    return label + (side == 1 ? u" طرف اول"_s : u" طرف دوم"_s);
 }
 
 QHBoxLayout *percentAndAmount(KEdit *percent, QWidget *amount)
@@ -34,7 +36,7 @@ QHBoxLayout *percentAndAmount(KEdit *percent, QWidget *amount)
     auto *row = new QHBoxLayout;
     percent->setFixedWidth(percent->fontMetrics().averageCharWidth() * 9);
     row->addWidget(percent);
-    row->addWidget(new QLabel(QStringLiteral("%"), percent->parentWidget()));
+    row->addWidget(new QLabel(u"%"_s, percent->parentWidget()));
     row->addWidget(amount, 1);
     return row;
 }
@@ -45,7 +47,7 @@ const ContractPartySide &ContractPartySide::first()
 {
     using Field = CommissionField;
     static const ContractPartySide side = {
-        1, &CTblAutomobilContracts::m_iPersonFirstID, &CTblAutomobilContracts::m_sName1, Field::FirstKind, Field::FirstDiscountPercent, QStringLiteral("iPersonContract1"), QStringLiteral("sByVirtueFirst"), QStringLiteral("sFromFirst"), QStringLiteral("sNationalId1"), QStringLiteral("sAddress1"), QStringLiteral("sTel1"), QStringLiteral("sMobile1"), QStringLiteral("dPercentTax"), QStringLiteral("dTax"), QStringLiteral("dPercentImpsition"), QStringLiteral("dImposition"), QStringLiteral("dPercentDiscount"), QStringLiteral("dDiscountFirst"), QStringLiteral("dPayFirst"), {{{Field::FirstTaxPercent, QStringLiteral("dPercentTax")}, {Field::FirstTax, QStringLiteral("dTax")}, {Field::FirstDutyPercent, QStringLiteral("dPercentImpsition")}, {Field::FirstDuty, QStringLiteral("dImposition")}, {Field::FirstDiscountPercent, QStringLiteral("dPercentDiscount")}, {Field::FirstDiscount, QStringLiteral("dDiscountFirst")}, {Field::FirstPays, QStringLiteral("dPayFirst")}}}};
+        1, &CTblAutomobilContracts::m_iPersonFirstID, &CTblAutomobilContracts::m_sName1, Field::FirstKind, Field::FirstDiscountPercent, u"iPersonContract1"_s, u"sByVirtueFirst"_s, u"sFromFirst"_s, u"sNationalId1"_s, u"sAddress1"_s, u"sTel1"_s, u"sMobile1"_s, u"dPercentTax"_s, u"dTax"_s, u"dPercentImpsition"_s, u"dImposition"_s, u"dPercentDiscount"_s, u"dDiscountFirst"_s, u"dPayFirst"_s, {{{Field::FirstTaxPercent, u"dPercentTax"_s}, {Field::FirstTax, u"dTax"_s}, {Field::FirstDutyPercent, u"dPercentImpsition"_s}, {Field::FirstDuty, u"dImposition"_s}, {Field::FirstDiscountPercent, u"dPercentDiscount"_s}, {Field::FirstDiscount, u"dDiscountFirst"_s}, {Field::FirstPays, u"dPayFirst"_s}}}};
     return side;
 }
 
@@ -53,31 +55,31 @@ const ContractPartySide &ContractPartySide::second()
 {
     using Field = CommissionField;
     static const ContractPartySide side = {
-        2, &CTblAutomobilContracts::m_iPersonSecondID, &CTblAutomobilContracts::m_sName2, Field::SecondKind, Field::SecondDiscountPercent, QStringLiteral("iPersonContract2"), QStringLiteral("sByVirtueSecond"), QStringLiteral("sFromSecond"), QStringLiteral("sNationalId2"), QStringLiteral("sAddress2"), QStringLiteral("sTel2"), QStringLiteral("sMobile2"), QStringLiteral("dPercentTax2"), QStringLiteral("dTax2"), QStringLiteral("dPercentImposition2"), QStringLiteral("dImposition2"), QStringLiteral("dPercentDiscount2"), QStringLiteral("dDiscountSecond"), QStringLiteral("dPaySecond"), {{{Field::SecondTaxPercent, QStringLiteral("dPercentTax2")}, {Field::SecondTax, QStringLiteral("dTax2")}, {Field::SecondDutyPercent, QStringLiteral("dPercentImposition2")}, {Field::SecondDuty, QStringLiteral("dImposition2")}, {Field::SecondDiscountPercent, QStringLiteral("dPercentDiscount2")}, {Field::SecondDiscount, QStringLiteral("dDiscountSecond")}, {Field::SecondPays, QStringLiteral("dPaySecond")}}}};
+        2, &CTblAutomobilContracts::m_iPersonSecondID, &CTblAutomobilContracts::m_sName2, Field::SecondKind, Field::SecondDiscountPercent, u"iPersonContract2"_s, u"sByVirtueSecond"_s, u"sFromSecond"_s, u"sNationalId2"_s, u"sAddress2"_s, u"sTel2"_s, u"sMobile2"_s, u"dPercentTax2"_s, u"dTax2"_s, u"dPercentImposition2"_s, u"dImposition2"_s, u"dPercentDiscount2"_s, u"dDiscountSecond"_s, u"dPaySecond"_s, {{{Field::SecondTaxPercent, u"dPercentTax2"_s}, {Field::SecondTax, u"dTax2"_s}, {Field::SecondDutyPercent, u"dPercentImposition2"_s}, {Field::SecondDuty, u"dImposition2"_s}, {Field::SecondDiscountPercent, u"dPercentDiscount2"_s}, {Field::SecondDiscount, u"dDiscountSecond"_s}, {Field::SecondPays, u"dPaySecond"_s}}}};
     return side;
 }
 
 QList<KFormField> ContractPartySide::formFields() const
 {
-    const QString percent = QStringLiteral("درصد ");
-    const QString taxLabel = QStringLiteral("ماليات :");
-    const QString dutyLabel = QStringLiteral("عوارض :");
-    const QString discountLabel = QStringLiteral("تخفيف :");
+    const QString percent = u"درصد "_s;
+    const QString taxLabel = u"ماليات :"_s;
+    const QString dutyLabel = u"عوارض :"_s;
+    const QString discountLabel = u"تخفيف :"_s;
     auto named = [this](const QString &column, const QString &label, Kind kind, const QString &prefix = {}) {
         return KFormField{column, label, kind, ofSide(prefix + label, number)};
     };
-    KFormField kindField = named(kind, QStringLiteral("شخص قرارداد :"), Kind::Choice);
-    kindField.choices = {QStringLiteral("عادی"), QStringLiteral("نمایشگاه"), QStringLiteral("متفرقه")};
-    KFormField paysField = named(pays, QStringLiteral("پرداختي :"), Kind::Money);
+    KFormField kindField = named(kind, u"شخص قرارداد :"_s, Kind::Choice);
+    kindField.choices = {u"عادی"_s, u"نمایشگاه"_s, u"متفرقه"_s};
+    KFormField paysField = named(pays, u"پرداختي :"_s, Kind::Money);
     paysField.inWords = true;
     return {
         kindField,
-        named(byVirtue, QStringLiteral("بموجب :"), Kind::Text),
-        named(from, QStringLiteral("از طرف :"), Kind::Text),
-        named(nationalId, QStringLiteral("کد ملي :"), Kind::Text),
-        named(address, QStringLiteral("آدرس :"), Kind::Text),
-        named(tel, QStringLiteral("تلفن :"), Kind::Text),
-        named(mobile, QStringLiteral("موبايل :"), Kind::Text),
+        named(byVirtue, u"بموجب :"_s, Kind::Text),
+        named(from, u"از طرف :"_s, Kind::Text),
+        named(nationalId, u"کد ملي :"_s, Kind::Text),
+        named(address, u"آدرس :"_s, Kind::Text),
+        named(tel, u"تلفن :"_s, Kind::Text),
+        named(mobile, u"موبايل :"_s, Kind::Text),
         named(taxPercent, taxLabel, Kind::Percent, percent),
         named(tax, taxLabel, Kind::Money),
         named(dutyPercent, dutyLabel, Kind::Percent, percent),
@@ -92,7 +94,7 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
     : QGroupBox(parent)
     , m_side(side)
     , m_form(form)
-    , m_person(new KPersonField(ofSide(QStringLiteral("نام و نام خانوادگي :"), side.number), this))
+    , m_person(new KPersonField(ofSide(u"نام و نام خانوادگي :"_s, side.number), this))
     , m_father(new KEdit(this))
     , m_identityCity(new KEdit(this))
     , m_identityNumber(new KEdit(this))
@@ -127,11 +129,11 @@ void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
     m_person->nameEdit()->setMaxLength(100);
     m_form.place(grid, 0, 0, m_side.kind);
     m_form.place(grid, 0, 2, m_side.nationalId);
-    place(1, 0, QStringLiteral("نام و نام خانوادگي :"), m_person, 3);
-    place(2, 0, QStringLiteral("نام پدر :"), m_father);
-    place(2, 2, QStringLiteral("تاريخ تولد :"), m_birth);
-    place(3, 0, QStringLiteral("محل صدور :"), m_identityCity);
-    place(3, 2, QStringLiteral("شماره شناسنامه :"), m_identityNumber);
+    place(1, 0, u"نام و نام خانوادگي :"_s, m_person, 3);
+    place(2, 0, u"نام پدر :"_s, m_father);
+    place(2, 2, u"تاريخ تولد :"_s, m_birth);
+    place(3, 0, u"محل صدور :"_s, m_identityCity);
+    place(3, 2, u"شماره شناسنامه :"_s, m_identityNumber);
     m_form.place(grid, 4, 0, m_side.tel);
     m_form.place(grid, 4, 2, m_side.mobile);
     m_form.place(grid, 5, 0, m_side.address, 3);
@@ -141,7 +143,7 @@ void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
     // The contract keeps no column for these four: they are the person record's.
     for (QWidget *control : {static_cast<QWidget *>(m_father), static_cast<QWidget *>(m_identityCity),
                              static_cast<QWidget *>(m_identityNumber), static_cast<QWidget *>(m_birth)})
-        control->setToolTip(QStringLiteral("از پرونده شخص نمایش داده می‌شود و در قرارداد ذخیره نمی‌شود."));
+        control->setToolTip(u"از پرونده شخص نمایش داده می‌شود و در قرارداد ذخیره نمی‌شود."_s);
 }
 
 void ContractPartyGroup::buildFigureRows(QGridLayout *grid)
@@ -202,7 +204,7 @@ std::optional<KForm::Problem> ContractPartyGroup::discountProblem() const
     if (pays >= 0 || IsEquals(pays, 0))
         return std::nullopt;
     return KForm::Problem{m_form.edit(m_side.discount),
-                          ofSide(QStringLiteral("تخفیف"), m_side.number) + QStringLiteral(" بیشتر از مبلغی است که باید بپردازد.")};
+                          ofSide(u"تخفیف"_s, m_side.number) + u" بیشتر از مبلغی است که باید بپردازد."_s};
 }
 
 void ContractPartyGroup::askForPerson()
@@ -238,7 +240,7 @@ void ContractPartyGroup::clearPerson()
 void ContractPartyGroup::takePerson(int personID)
 {
     CTblPersons person;
-    if (!person.IsRecordExist(QStringLiteral("iID"), personID))
+    if (!person.IsRecordExist(u"iID"_s, personID))
         return;
     m_person->setPerson(personID, person.m_sName2);
     showPersonalData(person);

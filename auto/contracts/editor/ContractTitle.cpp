@@ -7,9 +7,11 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 QString contractEditorTitle(int contractType, ContractEditorMode mode)
 {
-    static const QStringList typeNames = {QStringLiteral("مبایعه نامه"), QStringLiteral("اجاره"),
-                                          QStringLiteral("فروش اقساطی"), QStringLiteral("نامه")};
-    return editorTitle(QStringLiteral("قرارداد ") + typeNames.value(contractType), mode);
+    static const QStringList typeNames = {u"مبایعه نامه"_s, u"اجاره"_s,
+                                          u"فروش اقساطی"_s, u"نامه"_s};
+    return editorTitle(u"قرارداد "_s + typeNames.value(contractType), mode);
 }

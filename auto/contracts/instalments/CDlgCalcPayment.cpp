@@ -31,14 +31,16 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString calculateCaption = QStringLiteral("محاسبه اقساط");
-const QString saveCaption = QStringLiteral("ذخيره اقساط");
-const QString deleteCaption = QStringLiteral("حذف اقساط");
-const QString receiveCaption = QStringLiteral("دريافت قسط");
-const QString printCaption = QStringLiteral("چاپ");
-const QString closeCaption = QStringLiteral("بازگشت");
+const QString calculateCaption = u"محاسبه اقساط"_s;
+const QString saveCaption = u"ذخيره اقساط"_s;
+const QString deleteCaption = u"حذف اقساط"_s;
+const QString receiveCaption = u"دريافت قسط"_s;
+const QString printCaption = u"چاپ"_s;
+const QString closeCaption = u"بازگشت"_s;
 
 // Positions of the two drop-downs.
 constexpr int yearlyPosition = 1;
@@ -46,11 +48,11 @@ constexpr int monthsPosition = 1;
 
 QVector<KListModel::Column> listColumns()
 {
-    return {{QStringLiteral("ردیف"), Qt::AlignCenter, 40},
-            {QStringLiteral("تاریخ قسط"), Qt::AlignCenter, 80, {}, true},
-            {QStringLiteral("شرح"), Qt::AlignRight, 150},
-            {QStringLiteral("مبلغ قسط"), Qt::AlignCenter, 100},
-            {QStringLiteral("وضعیت"), Qt::AlignCenter, 80}};
+    return {{u"ردیف"_s, Qt::AlignCenter, 40},
+            {u"تاریخ قسط"_s, Qt::AlignCenter, 80, {}, true},
+            {u"شرح"_s, Qt::AlignRight, 150},
+            {u"مبلغ قسط"_s, Qt::AlignCenter, 100},
+            {u"وضعیت"_s, Qt::AlignCenter, 80}};
 }
 
 KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, double amount, bool paid,
@@ -75,9 +77,9 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     , m_personID(personID)
 {
     setWindowTitle(calculateCaption);
-    SetSettingName(QStringLiteral("AutomobilPayments\\Calculator"));
+    SetSettingName(u"AutomobilPayments\\Calculator"_s);
     CTblAutomobilContracts contract;
-    if (contract.IsRecordExist(QStringLiteral("iID"), contractID)) {
+    if (contract.IsRecordExist(u"iID"_s, contractID)) {
         m_contractCode = contract.m_iCode;
         m_confirmed = contract.m_iDocNum > 0;
         m_contractNumber = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
@@ -102,10 +104,10 @@ void CDlgCalcPayment::build(double principal)
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(calculateCaption);
     m_list->setColumns(listColumns());
-    m_list->SetSettingName(QStringLiteral("AutomobilPayments\\List"));
+    m_list->SetSettingName(u"AutomobilPayments\\List"_s);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgCalcPayment::updateButtons);
     m_note = new QLabel(
-        QStringLiteral("به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد."), this);
+        u"به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد."_s, this);
     m_note->setWordWrap(true);
     m_note->hide();
 
@@ -134,25 +136,25 @@ QWidget *CDlgCalcPayment::buildTerms(double principal)
     };
     m_principal = new KEdit(KEdit::Kind::Money, box);
     m_principal->setNumber(principal);
-    addLabelled(grid, 0, 0, QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), m_principal);
+    addLabelled(grid, 0, 0, u"مبلغ مانده فاکتور جهت تقسيط :"_s, m_principal);
     m_start = new KDateEdit(box);
     m_start->setDate(m_settings.serverTime().date());
-    addLabelled(grid, 1, 0, QStringLiteral(" شروع تاريخ :"), m_start);
+    addLabelled(grid, 1, 0, u" شروع تاريخ :"_s, m_start);
     m_rate = new KEdit(KEdit::Kind::Percent, box);
-    addLabelled(grid, 2, 0, QStringLiteral("درصد بهره :"), m_rate);
-    m_rateUnit = units(QStringLiteral("واحد درصد بهره"), {QStringLiteral("ماهانه"), QStringLiteral("سالانه")}, 0, 2);
+    addLabelled(grid, 2, 0, u"درصد بهره :"_s, m_rate);
+    m_rateUnit = units(u"واحد درصد بهره"_s, {u"ماهانه"_s, u"سالانه"_s}, 0, 2);
     m_count = new KEdit(KEdit::Kind::Integer, box);
     m_count->setRange(0, 1200);
-    addLabelled(grid, 3, 0, QStringLiteral("تعداد اقساط :"), m_count);
+    addLabelled(grid, 3, 0, u"تعداد اقساط :"_s, m_count);
     m_interval = new KEdit(KEdit::Kind::Integer, box);
     m_interval->setRange(0, 3650);
-    addLabelled(grid, 4, 0, QStringLiteral("فاصله اقساط :"), m_interval);
+    addLabelled(grid, 4, 0, u"فاصله اقساط :"_s, m_interval);
     m_intervalUnit =
-        units(QStringLiteral("واحد فاصله اقساط"), {QStringLiteral("روز"), QStringLiteral("ماه")}, monthsPosition, 4);
+        units(u"واحد فاصله اقساط"_s, {u"روز"_s, u"ماه"_s}, monthsPosition, 4);
 
-    auto *method = new QGroupBox(QStringLiteral("روش محاسبه بهره"), box);
-    m_declining = new QRadioButton(QStringLiteral("رأس"), method);
-    m_whole = new QRadioButton(QStringLiteral("بازاري"), method);
+    auto *method = new QGroupBox(u"روش محاسبه بهره"_s, box);
+    m_declining = new QRadioButton(u"رأس"_s, method);
+    m_whole = new QRadioButton(u"بازاري"_s, method);
     m_whole->setChecked(true);
     auto *radios = new QVBoxLayout(method);
     radios->addWidget(m_declining);
@@ -174,9 +176,9 @@ QWidget *CDlgCalcPayment::buildSums()
         edit->setVisible(displayed);
         return edit;
     };
-    m_total = sum(QStringLiteral("جمع اقساط :"), true);
-    m_interest = sum(QStringLiteral("بهره اضافه شده :"), true);
-    m_remaining = sum(QStringLiteral("مانده فاکتور قسطي :"), false);
+    m_total = sum(u"جمع اقساط :"_s, true);
+    m_interest = sum(u"بهره اضافه شده :"_s, true);
+    m_remaining = sum(u"مانده فاکتور قسطي :"_s, false);
     return box;
 }
 
@@ -292,19 +294,19 @@ void CDlgCalcPayment::calculate()
     const InstalmentTerms wanted = terms();
     switch (problemOf(wanted)) {
     case InstalmentProblem::NoPrincipal:
-        refuse(QStringLiteral("لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید."), m_principal);
+        refuse(u"لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید."_s, m_principal);
         return;
     case InstalmentProblem::NoCount:
-        refuse(QStringLiteral("لطفا تعداد اقساط را وارد نمایید."), m_count);
+        refuse(u"لطفا تعداد اقساط را وارد نمایید."_s, m_count);
         return;
     case InstalmentProblem::NoInterval:
-        refuse(QStringLiteral("لطفا فاصله اقساط را وارد نمایید."), m_interval);
+        refuse(u"لطفا فاصله اقساط را وارد نمایید."_s, m_interval);
         return;
     case InstalmentProblem::None:
         break;
     }
     if (!wanted.start.isValid()) {
-        refuse(QStringLiteral("لطفا تاریخ شروع را وارد نمایید."), m_start);
+        refuse(u"لطفا تاریخ شروع را وارد نمایید."_s, m_start);
         return;
     }
     m_plannedTerms = wanted;
@@ -361,7 +363,7 @@ void CDlgCalcPayment::savePlan()
     if (!changesAllowed())
         return;
     if (m_list->count() == 0) {
-        refuse(QStringLiteral("ابتدا باید دکمه محاسبه اقساط را بزنید."), button(calculateCaption));
+        refuse(u"ابتدا باید دکمه محاسبه اقساط را بزنید."_s, button(calculateCaption));
         return;
     }
     // Many large amounts are added up: in double alone their rounding would come near the tolerance.
@@ -369,7 +371,7 @@ void CDlgCalcPayment::savePlan()
     for (int row = 0; row < m_list->count(); ++row)
         listed += m_list->model()->index(row, 3).data(KListModel::SortRole).toDouble();
     if (!IsEquals(static_cast<double>(listed), m_principal->number() + m_interest->number())) {
-        refuse(QStringLiteral("مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست."), m_principal);
+        refuse(u"مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست."_s, m_principal);
         return;
     }
     // What the list shows is stored already, unless it was calculated since.
@@ -378,14 +380,14 @@ void CDlgCalcPayment::savePlan()
     const KWaitCursor wait;
     StoredInstalments::save(m_contractID, m_contractCode, m_personID, m_plannedTerms, *m_plan);
     loadPlan();
-    g_pDlgMessage->Show(QStringLiteral("اقساط ذخیره شد."), this);
+    g_pDlgMessage->Show(u"اقساط ذخیره شد."_s, this);
 }
 
 void CDlgCalcPayment::deletePlan()
 {
     if (!changesAllowed() || m_list->count() == 0)
         return;
-    if (g_pDlgYesNo->Ask(QStringLiteral("آیا از حذف اقساط این قرارداد اطمینان دارید؟"), this) == KMessageDialog::No)
+    if (g_pDlgYesNo->Ask(u"آیا از حذف اقساط این قرارداد اطمینان دارید؟"_s, this) == KMessageDialog::No)
         return;
     StoredInstalments::remove(m_contractID);
     loadPlan();
@@ -393,23 +395,23 @@ void CDlgCalcPayment::deletePlan()
 
 ListReport CDlgCalcPayment::planReport() const
 {
-    ListReport report(QStringLiteral("اقساط"), QStringLiteral("اقساط فاکتور"));
-    const QString title = QStringLiteral("اقساط فاکتور ش %1 [%2]").arg(m_contractNumber).arg(CTblPersonsMini::GetName(m_personID));
-    report.setText(QStringLiteral("LeftTop"), QStringLiteral("جمع اقساط : ") + DToMoney(m_total->number()));
-    report.setText(QStringLiteral("LeftBottom"),
-                   QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
-    report.setText(QStringLiteral("Count"), SuiteMessages::count(m_list->count()));
-    report.setTable(QStringLiteral("List"), m_list);
+    ListReport report(u"اقساط"_s, u"اقساط فاکتور"_s);
+    const QString title = u"اقساط فاکتور ش %1 [%2]"_s.arg(m_contractNumber).arg(CTblPersonsMini::GetName(m_personID));
+    report.setText(u"LeftTop"_s, u"جمع اقساط : "_s + DToMoney(m_total->number()));
+    report.setText(u"LeftBottom"_s,
+                   u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+    report.setText(u"Count"_s, SuiteMessages::count(m_list->count()));
+    report.setTable(u"List"_s, m_list);
     if (!report.loadLayout())
         report.buildStandard(title);
-    report.setText(QStringLiteral("Title"), title);
+    report.setText(u"Title"_s, title);
     return report;
 }
 
 void CDlgCalcPayment::printPlan()
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("AutomobilContracts"));
+    security.SetFormName(u"AutomobilContracts"_s);
     if (security.CheckPrintListSecurity())
         CDlgReportGenerator(planReport(), this).ShowReport();
 }
@@ -422,7 +424,7 @@ void CDlgCalcPayment::receiveSelected()
     if (!m_confirmed || key <= 0 || selected == m_stored.cend() || selected->paid)
         return;
     const QString description =
-        QStringLiteral("بابت قسط شماره %1 قرارداد شماره %2").arg(selected->number).arg(m_contractCode);
+        u"بابت قسط شماره %1 قرارداد شماره %2"_s.arg(selected->number).arg(m_contractCode);
     if (!GetDBSetting()->CashFromPersonMulti(m_personID, selected->amount, description, this))
         return;
     StoredInstalments::markPaid(key);

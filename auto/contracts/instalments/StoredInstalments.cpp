@@ -12,6 +12,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The method of a plan, as iLevel of its rows keeps it.
@@ -34,9 +36,9 @@ QDate startBefore(const QDate &firstDue, const InstalmentTerms &terms)
 
 QString ofContract(int contractID)
 {
-    QString condition = QStringLiteral("iAutomobilContractID=%1").arg(contractID);
+    QString condition = u"iAutomobilContractID=%1"_s.arg(contractID);
     if (const int department = GetDBSetting()->GetDepartmentID(); department > 0)
-        condition += QStringLiteral(" AND iDepartmentID=%1").arg(department);
+        condition += u" AND iDepartmentID=%1"_s.arg(department);
     return condition;
 }
 
@@ -45,7 +47,7 @@ QSet<int> paidIDs(int contractID)
     QSet<int> ids;
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery(QStringLiteral("SELECT iID FROM AutomobilPayments WHERE iStatus=1 AND ") + ofContract(contractID));
+    statement.ExecuteQuery(u"SELECT iID FROM AutomobilPayments WHERE iStatus=1 AND "_s + ofContract(contractID));
     while (statement.HasResultRow()) {
         ids.insert(statement.GetLongFieldValue(0));
         statement.MoveNextResult();
@@ -61,7 +63,7 @@ std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
     std::vector<Row> rows;
     CTblAutomobilPayments payments;
     payments.m_filter = ofContract(contractID);
-    payments.m_sort = QStringLiteral("date,iID");
+    payments.m_sort = u"date,iID"_s;
     for (payments.Open(true, true, true); !payments.IsEOF(); payments.MoveNext())
         rows.push_back({payments.m_iID, payments.m_iNum, payments.m_date, payments.m_dAmount, payments.m_dExtra, payments.m_sDesc,
                         paid.contains(payments.m_iID), payments.m_iDays, payments.m_iMonths, payments.m_bPercentMonthly != 0,
@@ -83,7 +85,7 @@ void StoredInstalments::save(int contractID, int contractCode, int personID, con
         payment.m_iPersonID = personID;
         payment.m_iNum = ++number;
         payment.m_date = QDateTime(instalment.due, QTime(0, 0), Qt::UTC);
-        payment.m_sDesc = QStringLiteral("قسط شماره %1 قرارداد %2").arg(number).arg(contractCode);
+        payment.m_sDesc = u"قسط شماره %1 قرارداد %2"_s.arg(number).arg(contractCode);
         payment.m_dAmount = instalment.amount;
         payment.m_dExtra = plan.interest / terms.count;
         payment.m_iUserID = GetDBSetting()->GetUserID();
@@ -121,7 +123,7 @@ void StoredInstalments::remove(int contractID)
 {
     CTblTemp statement;
     statement.Open(true, false, true);
-    statement.ExecuteQuery(QStringLiteral("DELETE FROM AutomobilPayments WHERE ") + ofContract(contractID));
+    statement.ExecuteQuery(u"DELETE FROM AutomobilPayments WHERE "_s + ofContract(contractID));
 }
 
 void StoredInstalments::markPaid(int paymentID)

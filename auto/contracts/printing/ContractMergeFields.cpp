@@ -9,6 +9,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum class Format {
@@ -155,7 +157,7 @@ QString titleText(const std::vector<QStringView> &columns, const RecordValues &p
     constexpr int highestNaturalKind = 1;
     if (person(columns.at(1)).toInt() > highestNaturalKind)
         return {};
-    return person(columns.at(0)).toInt() == man ? QStringLiteral("آقا") : QStringLiteral("خانم");
+    return person(columns.at(0)).toInt() == man ? u"آقا"_s : u"خانم"_s;
 }
 
 QString timeText(const QDateTime &moment)
@@ -198,7 +200,7 @@ MergeBatch filled(const std::vector<Row> &rows, const RecordValues &contract, co
         const bool askPerson = person && !row.personColumns.empty();
         const QString value = askPerson ? text(row, row.personColumns, person, moneyDecimals)
                                         : text(row, row.columns, contract, moneyDecimals);
-        batch.append({row.name.toString(), value.isEmpty() ? QStringLiteral(" ") : value});
+        batch.append({row.name.toString(), value.isEmpty() ? u" "_s : value});
     }
     return batch;
 }
@@ -223,6 +225,6 @@ ContractMergeBatches contractMergeFields(const ContractForPrinting &source)
 
 MergeField dealershipField(const QString &companyName)
 {
-    const QString blankLine = QStringLiteral("نمایشگاه اتومبیل ........................");
-    return {QStringLiteral("Dealership"), companyName.isEmpty() ? blankLine : companyName};
+    const QString blankLine = u"نمایشگاه اتومبیل ........................"_s;
+    return {u"Dealership"_s, companyName.isEmpty() ? blankLine : companyName};
 }

@@ -20,6 +20,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcPrinting, "tzauto.printing")
@@ -37,7 +39,7 @@ ContractMergeBatches mergeBatches(CTblAutomobilContracts &contract)
     CTblPersons first(contract.database());
     CTblPersons second(contract.database());
     const auto found = [](CTblPersons &person, int key) {
-        return key > 0 && person.IsRecordExist(QStringLiteral("iID"), key) ? valuesOf(person) : RecordValues();
+        return key > 0 && person.IsRecordExist(u"iID"_s, key) ? valuesOf(person) : RecordValues();
     };
     return contractMergeFields({valuesOf(contract), found(first, contract.m_iPersonFirstID),
                                 found(second, contract.m_iPersonSecondID), defaultMoneyDecimals()});
@@ -70,7 +72,7 @@ void removeOldPrints(const QString &temporary)
 // Readable by this user alone; stays when the program ends, as its document may still be open. Empty: could not be made.
 QString newPrintFolder(const QString &temporary)
 {
-    QTemporaryDir folder(QDir(temporary).filePath(QString::fromUtf16(printFolderPrefix) + QStringLiteral("XXXXXX")));
+    QTemporaryDir folder(QDir(temporary).filePath(QString::fromUtf16(printFolderPrefix) + u"XXXXXX"_s));
     folder.setAutoRemove(false);
     return folder.isValid() ? folder.path() : QString();
 }
@@ -89,21 +91,21 @@ ContractPrinting::ContractPrinting(Desk desk, Places places)
 
 QString ContractPrinting::templateName(int contractType)
 {
-    static const std::array names = {QStringLiteral("AutoMbayh.docx"), QStringLiteral("AutoRent.docx"),
-                                     QStringLiteral("AutoInstallment.docx")};
+    static const std::array names = {u"AutoMbayh.docx"_s, u"AutoRent.docx"_s,
+                                     u"AutoInstallment.docx"_s};
     const auto position = static_cast<std::size_t>(contractType);
     return contractType >= 0 && position < names.size() ? names[position] : QString();
 }
 
 QString ContractPrinting::defaultTemplateFolder()
 {
-    return QDir(ModulePlatform::moduleFolder()).filePath(QStringLiteral("AutomobileDocx"));
+    return QDir(ModulePlatform::moduleFolder()).filePath(u"AutomobileDocx"_s);
 }
 
 bool ContractPrinting::print(int contractID)
 {
     CTblAutomobilContracts contract;
-    if (contractID <= 0 || !contract.IsRecordExist(QStringLiteral("iID"), contractID))
+    if (contractID <= 0 || !contract.IsRecordExist(u"iID"_s, contractID))
         return false;
     const QString name = templateName(contract.m_iContractType);
     const QString path = name.isEmpty() ? QString() : QDir(m_places.templates).filePath(name);

@@ -9,32 +9,34 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString warningText(ContractPrinting::Trouble trouble)
 {
     switch (trouble) {
     case ContractPrinting::Trouble::TemplateMissing:
-        return QStringLiteral("فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید.");
+        return u"فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید."_s;
     case ContractPrinting::Trouble::ProcessorMissing:
-        return QStringLiteral("امکان مقدار دهی اولیه مایکروسافت ورد وجود ندارد!");
+        return u"امکان مقدار دهی اولیه مایکروسافت ورد وجود ندارد!"_s;
     case ContractPrinting::Trouble::TemplateUnreadable:
-        return QStringLiteral("فایل ورد پیدا نشد.");
+        return u"فایل ورد پیدا نشد."_s;
     case ContractPrinting::Trouble::NotSaved:
-        return QStringLiteral("سند قرارداد در پوشه موقت ذخیره نشد.");
+        return u"سند قرارداد در پوشه موقت ذخیره نشد."_s;
     case ContractPrinting::Trouble::NotOpened:
-        return QStringLiteral("سند قرارداد ساخته شد، اما برنامه‌ای برای باز کردن آن پیدا نشد.");
+        return u"سند قرارداد ساخته شد، اما برنامه‌ای برای باز کردن آن پیدا نشد."_s;
     }
     return {};
 }
 
 QString askForTemplate(QWidget *parent)
 {
-    QFileDialog dialog(parent, QStringLiteral("فایل نامه را انتخاب کنید"));
+    QFileDialog dialog(parent, u"فایل نامه را انتخاب کنید"_s);
     dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setFileMode(QFileDialog::ExistingFile);
     // The pattern that is looked for is the one in the brackets of the text.
-    dialog.setNameFilter(QStringLiteral("فایل میاکروسافت وورد(*.docx)"));
+    dialog.setNameFilter(u"فایل میاکروسافت وورد(*.docx)"_s);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -44,5 +46,5 @@ ContractPrinting::Desk contractPrintingDesk(QWidget *parent)
 {
     return {[parent](ContractPrinting::Trouble trouble) { g_pDlgWarning->Show(warningText(trouble), parent); },
             [parent] { return askForTemplate(parent); },
-            [](const QString &path) { return KProcess::Execute(QStringLiteral("Explorer"), path); }};
+            [](const QString &path) { return KProcess::Execute(u"Explorer"_s, path); }};
 }

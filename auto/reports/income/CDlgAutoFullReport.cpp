@@ -36,11 +36,13 @@
 #include <cmath>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString section = QStringLiteral("AutoFullReport");
-const QString printCaption = QStringLiteral("چاپ");
-const QString chartPrintCaption = QStringLiteral("چاپ نمودار");
+const QString section = u"AutoFullReport"_s;
+const QString printCaption = u"چاپ"_s;
+const QString chartPrintCaption = u"چاپ نمودار"_s;
 
 struct SortKey
 {
@@ -60,10 +62,10 @@ constexpr int columnCount = std::size(sortKeys);
 QVector<KListModel::Column> listColumns()
 {
     return {
-        {QStringLiteral("گروه"), Qt::AlignHCenter, 60, QString::fromUtf16(sortKeys[0].name)},
-        {QStringLiteral("نام حساب"), Qt::AlignRight, 140, QString::fromUtf16(sortKeys[1].name)},
-        {QStringLiteral("مبلغ"), Qt::AlignRight, 90, QString::fromUtf16(sortKeys[2].name)},
-        {QStringLiteral("تشخیص"), Qt::AlignHCenter, 45, QString::fromUtf16(sortKeys[3].name)},
+        {u"گروه"_s, Qt::AlignHCenter, 60, QString::fromUtf16(sortKeys[0].name)},
+        {u"نام حساب"_s, Qt::AlignRight, 140, QString::fromUtf16(sortKeys[1].name)},
+        {u"مبلغ"_s, Qt::AlignRight, 90, QString::fromUtf16(sortKeys[2].name)},
+        {u"تشخیص"_s, Qt::AlignHCenter, 45, QString::fromUtf16(sortKeys[3].name)},
     };
 }
 
@@ -99,11 +101,11 @@ CDlgAutoFullReport::CDlgAutoFullReport(const OfficeSettings &settings, QWidget *
     , m_to(new KDateEdit)
     , m_list(new KExtListCtrl)
     , m_chart(new IncomeChart(settings.moneyUnitName()))
-    , m_count(new QLabel(QStringLiteral("تعداد : -")))
+    , m_count(new QLabel(u"تعداد : -"_s))
 {
-    SetFormName(QStringLiteral("AutoFullReport"));
+    SetFormName(u"AutoFullReport"_s);
     CheckSecurity();
-    setWindowTitle(QStringLiteral("گزارش جامع"));
+    setWindowTitle(u"گزارش جامع"_s);
     SetSettingName(section);
     m_list->setAccessibleName(windowTitle());
     m_list->setColumns(listColumns());
@@ -139,7 +141,7 @@ CDlgAutoFullReport::~CDlgAutoFullReport() = default;
 void CDlgAutoFullReport::Show(QWidget *parent)
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("AutoFullReport"));
+    security.SetFormName(u"AutoFullReport"_s);
     security.CheckSecurity();
     if (security.CheckAccessSecurity())
         CDlgAutoFullReport(parent).exec();
@@ -147,12 +149,12 @@ void CDlgAutoFullReport::Show(QWidget *parent)
 
 QWidget *CDlgAutoFullReport::buildFilter()
 {
-    auto *box = new QGroupBox(QStringLiteral("فيلتر جستجو"));
+    auto *box = new QGroupBox(u"فيلتر جستجو"_s);
     auto *line = new QHBoxLayout(box);
-    addLabelled(line, QStringLiteral("تاريخ :"), m_from);
-    nameControl(m_to, QStringLiteral("تاريخ تا :"));
-    addLabelled(line, QStringLiteral("تا :"), m_to);
-    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"));
+    addLabelled(line, u"تاريخ :"_s, m_from);
+    nameControl(m_to, u"تاريخ تا :"_s);
+    addLabelled(line, u"تا :"_s, m_to);
+    auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s);
     search->setAutoDefault(false);
     connect(search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
     // Queued: Enter goes on to the next field first, and a wrong entry must have the focus in the end.
@@ -171,7 +173,7 @@ QWidget *CDlgAutoFullReport::buildFoot()
     auto *line = new QHBoxLayout(foot);
     line->setContentsMargins(0, 0, 0, 0);
     const auto addPrint = [this, line](const QString &caption) {
-        auto *button = new QPushButton(QIcon(QStringLiteral(":/icons/print.svg")), caption);
+        auto *button = new QPushButton(QIcon(u":/icons/print.svg"_s), caption);
         button->setAutoDefault(false);
         line->addWidget(button);
         return button;
@@ -182,7 +184,7 @@ QWidget *CDlgAutoFullReport::buildFoot()
     connect(addPrint(chartPrintCaption), &QPushButton::clicked, this, &CDlgAutoFullReport::printChart);
     line->addWidget(m_count);
     line->addStretch(1);
-    QDialogButtonBox *buttons = createButtons(QStringLiteral("بازگشت"), QStringLiteral("انصراف"));
+    QDialogButtonBox *buttons = createButtons(u"بازگشت"_s, u"انصراف"_s);
     m_ok = buttons->findChildren<QPushButton *>().constFirst();
     line->addWidget(buttons);
     return foot;
@@ -191,23 +193,23 @@ QWidget *CDlgAutoFullReport::buildFoot()
 void CDlgAutoFullReport::setChoiceMode(bool on)
 {
     m_choiceMode = on;
-    m_ok->setText(on ? QStringLiteral("انتخاب") : QStringLiteral("بازگشت"));
+    m_ok->setText(on ? u"انتخاب"_s : u"بازگشت"_s);
     m_ok->setAccessibleName(m_ok->text());
 }
 
 void CDlgAutoFullReport::readSettings()
 {
-    m_order.column = ReadSetting(section, QStringLiteral("iLastCol"), 0);
+    m_order.column = ReadSetting(section, u"iLastCol"_s, 0);
     if (m_order.column < 0 || m_order.column >= columnCount)
         m_order.column = 0;
-    m_order.descending = KSortOrder::isDescending(ReadSetting(section, QStringLiteral("Sort"), QString()));
+    m_order.descending = KSortOrder::isDescending(ReadSetting(section, u"Sort"_s, QString()));
     m_list->setSortMark(m_order.column);
 }
 
 void CDlgAutoFullReport::done(int result)
 {
-    WriteSetting(section, QStringLiteral("iLastCol"), m_order.column);
-    WriteSetting(section, QStringLiteral("Sort"), m_order.expression(listColumns().at(m_order.column).sortKey));
+    WriteSetting(section, u"iLastCol"_s, m_order.column);
+    WriteSetting(section, u"Sort"_s, m_order.expression(listColumns().at(m_order.column).sortKey));
     KDialog::done(result);
 }
 
@@ -245,9 +247,9 @@ void CDlgAutoFullReport::showRows()
             rows.append(amountRow(account.code, account.name, account.balance));
         rows.append(totalRow(total, side.total));
     };
-    addSide(m_report.income, QStringLiteral("درآمد ها"), QStringLiteral("جمع درآمدها"));
-    addSide(m_report.expenses, QStringLiteral("هزینه ها"), QStringLiteral("جمع هزینه ها"));
-    rows.append(totalRow(QStringLiteral("مابه التفاوت درآمدها با هزینه ها"),
+    addSide(m_report.income, u"درآمد ها"_s, u"جمع درآمدها"_s);
+    addSide(m_report.expenses, u"هزینه ها"_s, u"جمع هزینه ها"_s);
+    rows.append(totalRow(u"مابه التفاوت درآمدها با هزینه ها"_s,
                          IncomeAndExpenses::difference(m_report.income, m_report.expenses)));
     // Enter opens an account, so an account is what is selected at first.
     const auto account = std::find_if(rows.cbegin(), rows.cend(), [](const KListModel::Row &row) { return row.key != 0; });
@@ -293,33 +295,33 @@ bool CDlgAutoFullReport::OnOK()
     if (!m_choiceMode)
         return true;
     m_chosenCode = m_list->currentKey();
-    return m_chosenCode != 0 || warn(QStringLiteral("لطفا یک حساب را انتخاب نمایید."), m_list);
+    return m_chosenCode != 0 || warn(u"لطفا یک حساب را انتخاب نمایید."_s, m_list);
 }
 
 QString CDlgAutoFullReport::fromText() const
 {
     const QString from = shamsiText(m_rangeStart.date());
-    return from.isEmpty() ? QString() : QStringLiteral("تاريخ : ") + from;
+    return from.isEmpty() ? QString() : u"تاريخ : "_s + from;
 }
 
 QString CDlgAutoFullReport::toText() const
 {
     const QString to = shamsiText(m_rangeEnd.date());
-    return to.isEmpty() ? QString() : QStringLiteral("تا : ") + to;
+    return to.isEmpty() ? QString() : u"تا : "_s + to;
 }
 
 ListReport CDlgAutoFullReport::listReport() const
 {
-    ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست گزارش جامع"));
-    report.setText(QStringLiteral("RightTop"), QStringLiteral("گالری اتومبیل"));
-    report.setText(QStringLiteral("RightCenter"), fromText());
-    report.setText(QStringLiteral("RightBottom"), toText());
-    report.setText(QStringLiteral("LeftBottom"),
-                   QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
-    report.setText(QStringLiteral("Count"), m_count->text());
-    report.setTable(QStringLiteral("List"), m_list);
+    ListReport report(u"گالری اتومبیل"_s, u"لیست گزارش جامع"_s);
+    report.setText(u"RightTop"_s, u"گالری اتومبیل"_s);
+    report.setText(u"RightCenter"_s, fromText());
+    report.setText(u"RightBottom"_s, toText());
+    report.setText(u"LeftBottom"_s,
+                   u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+    report.setText(u"Count"_s, m_count->text());
+    report.setTable(u"List"_s, m_list);
     if (!report.loadLayout())
-        report.buildStandard(QStringLiteral("لیست گزارش جامع"));
+        report.buildStandard(u"لیست گزارش جامع"_s);
     return report;
 }
 

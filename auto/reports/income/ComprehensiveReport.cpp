@@ -8,6 +8,8 @@
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/books/chart/CTblHesabTafsily.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace IncomeAndExpenses;
@@ -19,7 +21,7 @@ QList<ChartAccount> accounts(const QString &filter, const Parent &parent)
     QList<ChartAccount> accounts;
     Table table;
     table.m_filter = filter;
-    table.m_sort = QStringLiteral("iCode");
+    table.m_sort = u"iCode"_s;
     for (table.Open(true, true, true); !table.IsEOF(); table.MoveNext())
         accounts.append({table.m_iCode, table.m_sName, parent(table)});
     return accounts;

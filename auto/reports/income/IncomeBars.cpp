@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using IncomeAndExpenses::Account;
@@ -23,7 +25,7 @@ QList<IncomeBars::Bar> barsOf(QList<Account> accounts, bool isIncome, const QStr
     for (const Account &account : std::as_const(accounts)) {
         const double amount = isIncome ? -account.balance.net() : account.balance.net();
         if (bars.size() < IncomeBars::mostOfASide)
-            bars.append({QStringLiteral("%1 - %2").arg(account.code).arg(account.name), amount, isIncome});
+            bars.append({u"%1 - %2"_s.arg(account.code).arg(account.name), amount, isIncome});
         else
             rest.amount += amount;
     }

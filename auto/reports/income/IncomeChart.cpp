@@ -21,6 +21,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QColor incomeColor(0x2e, 0x8b, 0x57);
@@ -46,8 +48,8 @@ QBarSet *addSet(QAbstractBarSeries *series, const QString &name, const QColor &c
 QHorizontalStackedBarSeries *makeSeries(const IncomeBars &bars)
 {
     auto *series = new QHorizontalStackedBarSeries;
-    QBarSet *income = addSet(series, QStringLiteral("درآمد ها"), incomeColor);
-    QBarSet *expenses = addSet(series, QStringLiteral("هزینه ها"), expenseColor);
+    QBarSet *income = addSet(series, u"درآمد ها"_s, incomeColor);
+    QBarSet *expenses = addSet(series, u"هزینه ها"_s, expenseColor);
     // A category axis counts from below.
     for (auto bar = bars.bars.crbegin(); bar != bars.bars.crend(); ++bar) {
         const double amount = bar->amount / bars.unit;
@@ -135,8 +137,8 @@ std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, 
     chart->setBackgroundRoundness(0);
     chart->legend()->setAlignment(Qt::AlignBottom);
     chart->legend()->setReverseMarkers(true); // income first, which is on the right
-    chart->setTitle(bars.unit > 1 ? QStringLiteral("درآمد ها و هزینه ها (میلیون %1)").arg(money)
-                                  : QStringLiteral("درآمد ها و هزینه ها (%1)").arg(money));
+    chart->setTitle(bars.unit > 1 ? u"درآمد ها و هزینه ها (میلیون %1)"_s.arg(money)
+                                  : u"درآمد ها و هزینه ها (%1)"_s.arg(money));
     QBarCategoryAxis *names = makeNames(bars);
     QCategoryAxis *amounts = makeAmounts(bars);
     chart->addAxis(names, Qt::AlignRight);
@@ -157,7 +159,7 @@ IncomeChart::IncomeChart(const QString &moneyUnit, QWidget *parent)
     , m_view(new QChartView)
 {
     m_view->setRenderHint(QPainter::Antialiasing);
-    m_view->setAccessibleName(QStringLiteral("نمودار درآمدها و هزینه ها"));
+    m_view->setAccessibleName(u"نمودار درآمدها و هزینه ها"_s);
     m_view->setFrameShape(QFrame::NoFrame);
     m_view->setMinimumSize(360, 400);
     auto *layout = new QVBoxLayout(this);
@@ -168,7 +170,7 @@ IncomeChart::IncomeChart(const QString &moneyUnit, QWidget *parent)
 
 void IncomeChart::setReport(const ComprehensiveReport &report)
 {
-    m_bars = IncomeBars::of(report, QStringLiteral("سایر درآمدها"), QStringLiteral("سایر هزینه ها"));
+    m_bars = IncomeBars::of(report, u"سایر درآمدها"_s, u"سایر هزینه ها"_s);
     rebuild();
 }
 
@@ -211,7 +213,7 @@ void IncomeChart::draw(QPainter &painter, const QRectF &rectangle, const QString
     QGraphicsScene scene;
     const Look look{Qt::black, QBrush(Qt::white), font()};
     std::unique_ptr<QChart> chart = makeChart(m_bars, m_moneyUnit, look);
-    chart->setTitle(heading.toHtmlEscaped() + QStringLiteral("<br>") + chart->title());
+    chart->setTitle(heading.toHtmlEscaped() + u"<br>"_s + chart->title());
     chart->resize(size);
     scene.addItem(chart.release());
     scene.render(&painter, rectangle, QRectF({}, size));

@@ -37,15 +37,17 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double highestTotal = 1e15;
-const QString section = QStringLiteral("DlgAutomobilReportSeasons");
-const QString minimumKey = QStringLiteral("dMinAmount");
+const QString section = u"DlgAutomobilReportSeasons"_s;
+const QString minimumKey = u"dMinAmount"_s;
 // Once the rows have been gathered the caption is written with the other letter yeh; it is so on purpose.
-const QString idleCaption = QStringLiteral("نمایش");
-const QString busyCaption = QStringLiteral("لطفا صبر کنید...");
-const QString showCaption = QStringLiteral("نمايش");
+const QString idleCaption = u"نمایش"_s;
+const QString busyCaption = u"لطفا صبر کنید..."_s;
+const QString showCaption = u"نمايش"_s;
 
 // A row of options of which one is chosen; their numbers count from 0.
 QButtonGroup *addOptions(QHBoxLayout *line, const QString &name, const QStringList &captions, QObject *parent)
@@ -70,7 +72,7 @@ QButtonGroup *addOptions(QHBoxLayout *line, const QString &name, const QStringLi
 QString namedError(const KEdit &edit)
 {
     const QString name = edit.accessibleName().trimmed();
-    return name + (name.endsWith(u':') ? QStringLiteral(" ") : QStringLiteral(" : ")) + edit.entryError();
+    return name + (name.endsWith(u':') ? u" "_s : u" : "_s) + edit.entryError();
 }
 
 QPushButton *addCommand(QHBoxLayout *line, const QString &caption, const QString &icon)
@@ -89,12 +91,12 @@ CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     , m_minimumAmount(new KEdit(KEdit::Kind::Money))
     , m_list(new KExtListCtrl)
 {
-    SetFormName(QStringLiteral("AutomobilReportSeasons"));
+    SetFormName(u"AutomobilReportSeasons"_s);
     CheckSecurity();
-    setWindowTitle(QStringLiteral("گزارش فصلي"));
+    setWindowTitle(u"گزارش فصلي"_s);
     SetSettingName(section);
     m_list->setAccessibleName(windowTitle());
-    m_list->SetSettingName(section + QStringLiteral("\\List"));
+    m_list->SetSettingName(section + u"\\List"_s);
     connect(m_list, &KExtListCtrl::columnClicked, this, &CDlgAutomobilReportSeasons::sortBy);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAutomobilReportSeasons::editParty);
     connect(&m_task, &SeasonalTask::rowsArrived, this, &CDlgAutomobilReportSeasons::takeRows);
@@ -119,9 +121,9 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     auto *lines = new QVBoxLayout(box);
     lines->setContentsMargins(0, 0, 0, 0);
     auto *first = new QHBoxLayout;
-    m_seasons = addOptions(first, QStringLiteral("فصل"), {QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان")}, this);
+    m_seasons = addOptions(first, u"فصل"_s, {u"بهار"_s, u"تابستان"_s, u"پاييز"_s, u"زمستان"_s}, this);
     first->addSpacing(24);
-    first->addWidget(labelFor(QStringLiteral("سال :"), m_year));
+    first->addWidget(labelFor(u"سال :"_s, m_year));
     m_year->setRange(firstShamsiYear, lastShamsiYear);
     m_year->setMaximumWidth(90);
     auto *year = new QHBoxLayout;
@@ -130,16 +132,16 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     year->addWidget(new KStepArrows(m_year, this));
     first->addLayout(year);
     first->addSpacing(24);
-    m_kinds = addOptions(first, QStringLiteral("نوع گزارش"), {QStringLiteral("فروش"), QStringLiteral("خريد")}, this);
+    m_kinds = addOptions(first, u"نوع گزارش"_s, {u"فروش"_s, u"خريد"_s}, this);
     first->addStretch(1);
 
     auto *second = new QHBoxLayout;
     m_minimumAmount->setRange(0, highestMinimumAmount);
     m_minimumAmount->setMinimumWidth(150);
-    addLabelled(second, QStringLiteral("مبالغ کمتر از "), m_minimumAmount);
-    second->addWidget(new QLabel(QStringLiteral("ريال مجموعاً در يک رديف بيايند")));
+    addLabelled(second, u"مبالغ کمتر از "_s, m_minimumAmount);
+    second->addWidget(new QLabel(u"ريال مجموعاً در يک رديف بيايند"_s));
     second->addSpacing(24);
-    m_show = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), showCaption);
+    m_show = new QPushButton(QIcon(u":/icons/search.svg"_s), showCaption);
     m_show->setDefault(true);
     connect(m_show, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::refresh);
     // Its other caption is longer; the window does not jump.
@@ -169,9 +171,9 @@ QWidget *CDlgAutomobilReportSeasons::buildProgress()
     auto *bar = new QProgressBar;
     bar->setRange(0, 0);
     bar->setTextVisible(false);
-    bar->setAccessibleName(QStringLiteral("پیشرفت"));
+    bar->setAccessibleName(u"پیشرفت"_s);
     line->addWidget(bar, 1);
-    QPushButton *stop = addCommand(line, QStringLiteral("توقف"), QStringLiteral(":/icons/close.svg"));
+    QPushButton *stop = addCommand(line, u"توقف"_s, u":/icons/close.svg"_s);
     connect(stop, &QPushButton::clicked, this, [this] { m_task.cancel(); });
     m_progress->hide();
     return m_progress;
@@ -182,8 +184,8 @@ QWidget *CDlgAutomobilReportSeasons::buildTotals()
     auto *box = new QWidget;
     auto *line = new QHBoxLayout(box);
     line->setContentsMargins(0, 0, 0, 0);
-    const std::array<QString, TotalCount> labels{QStringLiteral("مبلغ :"), QStringLiteral("ارزش افزوده :"), QStringLiteral("عوارض :"),
-                                                 QStringLiteral("تخفيف :"), QStringLiteral("جمع :")};
+    const std::array<QString, TotalCount> labels{u"مبلغ :"_s, u"ارزش افزوده :"_s, u"عوارض :"_s,
+                                                 u"تخفيف :"_s, u"جمع :"_s};
     for (std::size_t i = 0; i < labels.size(); ++i) {
         auto *edit = new KEdit(KEdit::Kind::Money);
         edit->setReadOnly(true);
@@ -202,17 +204,17 @@ QWidget *CDlgAutomobilReportSeasons::buildCommands()
     auto *box = new QWidget;
     auto *line = new QHBoxLayout(box);
     line->setContentsMargins(0, 0, 0, 0);
-    QPushButton *company = addCommand(line, QStringLiteral("مشخصات شرکت/فروشگاه"), QStringLiteral(":/icons/settings.svg"));
+    QPushButton *company = addCommand(line, u"مشخصات شرکت/فروشگاه"_s, u":/icons/settings.svg"_s);
     connect(company, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::editCompany);
-    m_export = addCommand(line, QStringLiteral("تهيه فايل خروجي اداره ماليات"), QStringLiteral(":/icons/save.svg"));
+    m_export = addCommand(line, u"تهيه فايل خروجي اداره ماليات"_s, u":/icons/save.svg"_s);
     connect(m_export, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::exportSeason);
-    m_print = addCommand(line, QStringLiteral("چاپ"), QStringLiteral(":/icons/print.svg"));
+    m_print = addCommand(line, u"چاپ"_s, u":/icons/print.svg"_s);
     connect(m_print, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::print);
     connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, m_print, &QPushButton::click);
-    QPushButton *payable = addCommand(line, QStringLiteral("مبلغ قابل پرداخت"), QStringLiteral(":/icons/money.svg"));
+    QPushButton *payable = addCommand(line, u"مبلغ قابل پرداخت"_s, u":/icons/money.svg"_s);
     connect(payable, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::showPayable);
     line->addStretch(1);
-    QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بازگشت"));
+    QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
     m_close = buttons->findChildren<QPushButton *>().constFirst();
     m_close->setAutoDefault(false);
     line->addWidget(buttons);
@@ -296,7 +298,7 @@ void CDlgAutomobilReportSeasons::setBusy(bool busy)
     m_show->setText(busy ? busyCaption : idleCaption);
     for (QPushButton *button : {m_show, m_print, m_close, m_export})
         button->setDisabled(busy);
-    m_progressText->setText(QStringLiteral("در حال گردآوری"));
+    m_progressText->setText(u"در حال گردآوری"_s);
     m_progress->setVisible(busy);
     setCursor(busy ? Qt::BusyCursor : Qt::ArrowCursor);
     if (!busy)
@@ -307,7 +309,7 @@ void CDlgAutomobilReportSeasons::setBusy(bool busy)
 void CDlgAutomobilReportSeasons::takeRows(const QVector<SeasonalRow> &rows)
 {
     m_rows->append(rows);
-    m_progressText->setText(QStringLiteral("در حال گردآوری : %1 ردیف").arg(m_rows->count()));
+    m_progressText->setText(u"در حال گردآوری : %1 ردیف"_s.arg(m_rows->count()));
     if (m_rows->count() < 2 * m_shownRows)
         return;
     m_shownRows = m_rows->count();
@@ -327,7 +329,7 @@ void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcom
     showTotals(outcome.totals);
     setBusy(false);
     if (outcome.tooLongAddresses > 0) {
-        g_pDlgWarning->Show(QStringLiteral("%1 آدرس دارای طول بیش از %2 کاراکتر می باشند، لطفا اصلاح بفرمایید.")
+        g_pDlgWarning->Show(u"%1 آدرس دارای طول بیش از %2 کاراکتر می باشند، لطفا اصلاح بفرمایید."_s
                                 .arg(outcome.tooLongAddresses)
                                 .arg(TaxParty::longestAddress),
                             this);
@@ -388,13 +390,13 @@ void CDlgAutomobilReportSeasons::editParty(int key)
         return;
     const int personID = row->party->personID;
     KSecurity persons;
-    persons.SetFormName(QStringLiteral("Persons"));
+    persons.SetFormName(u"Persons"_s);
     if (persons.CheckModifySecurity(0) && !GetDBSetting()->IsClosedDB())
         CDlgAddPerson::Edit(this, personID);
     else if (persons.CheckReadSecurity())
         CDlgAddPerson::Show(this, personID);
     CTblPersons person;
-    if (!person.IsRecordExist(QStringLiteral("iID"), personID))
+    if (!person.IsRecordExist(u"iID"_s, personID))
         return;
     m_rows->setParty(personID, SeasonalGathering::partyOf(person, m_gathered.kindFromMark));
     m_list->listModel()->sourceChanged();
@@ -418,10 +420,10 @@ bool CDlgAutomobilReportSeasons::stillAsGathered()
     const SeasonalGathering::Query now = query();
     QString question;
     if (!m_whole)
-        question = QStringLiteral("گردآوری ردیف ها به پایان نرسیده و لیست خالی است. آیا فایل بدون ردیف تهیه شود؟");
+        question = u"گردآوری ردیف ها به پایان نرسیده و لیست خالی است. آیا فایل بدون ردیف تهیه شود؟"_s;
     else if (now.kind != m_gathered.kind || now.season != m_gathered.season || now.shamsiYear != m_gathered.shamsiYear)
-        question = QStringLiteral("فصل، سال یا نوع گزارش پس از آخرین نمایش تغییر کرده است و ردیف های لیست با آن یکی نیست. "
-                                  "آیا فایل با همین ردیف ها تهیه شود؟");
+        question = u"فصل، سال یا نوع گزارش پس از آخرین نمایش تغییر کرده است و ردیف های لیست با آن یکی نیست. "
+                   "آیا فایل با همین ردیف ها تهیه شود؟"_s;
     return question.isEmpty() || g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes;
 }
 
@@ -440,26 +442,26 @@ void CDlgAutomobilReportSeasons::exportSeason()
 
 ListReport CDlgAutomobilReportSeasons::listReport() const
 {
-    const QString title = QStringLiteral("گزارشات");
-    const QStringList seasons{QStringLiteral(" بهار "), QStringLiteral(" تابستان "), QStringLiteral(" پاییز "), QStringLiteral(" زمستان ")};
-    ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("گزارش فصلي"));
-    report.setText(QStringLiteral("RightTop"), CompanyDetails::read().name());
-    report.setText(QStringLiteral("RightCenter"), seasons.value(m_gathered.season) + QStringLiteral(" سال : ") + QString::number(m_gathered.shamsiYear));
-    report.setText(QStringLiteral("RightBottom"), m_kinds->button(int(m_gathered.kind))->text());
-    report.setText(QStringLiteral("LeftBottom"),
-                   QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+    const QString title = u"گزارشات"_s;
+    const QStringList seasons{u" بهار "_s, u" تابستان "_s, u" پاییز "_s, u" زمستان "_s};
+    ListReport report(u"گالری اتومبیل"_s, u"گزارش فصلي"_s);
+    report.setText(u"RightTop"_s, CompanyDetails::read().name());
+    report.setText(u"RightCenter"_s, seasons.value(m_gathered.season) + u" سال : "_s + QString::number(m_gathered.shamsiYear));
+    report.setText(u"RightBottom"_s, m_kinds->button(int(m_gathered.kind))->text());
+    report.setText(u"LeftBottom"_s,
+                   u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
     const auto total = [this](Total which) { return m_totals[which]->text(); };
-    report.setText(QStringLiteral("Count"), QStringLiteral("تعداد ردیف : %1").arg(m_list->count()));
-    report.setText(QStringLiteral("Amount"), QStringLiteral("مبلغ : %1").arg(total(Amount)));
-    report.setText(QStringLiteral("Tax"), QStringLiteral("مالیات : %1").arg(total(Tax)));
-    report.setText(QStringLiteral("Discount"), QStringLiteral("تخفیف : %1").arg(total(Discount)));
-    report.setText(QStringLiteral("FinalAmount"), QStringLiteral("جمع : %1").arg(total(FinalAmount)));
+    report.setText(u"Count"_s, u"تعداد ردیف : %1"_s.arg(m_list->count()));
+    report.setText(u"Amount"_s, u"مبلغ : %1"_s.arg(total(Amount)));
+    report.setText(u"Tax"_s, u"مالیات : %1"_s.arg(total(Tax)));
+    report.setText(u"Discount"_s, u"تخفیف : %1"_s.arg(total(Discount)));
+    report.setText(u"FinalAmount"_s, u"جمع : %1"_s.arg(total(FinalAmount)));
 
-    report.setTable(QStringLiteral("List"), m_list);
-    report.addFooter({{SeasonalRow::Amount, QStringLiteral("جمع مبلغ"), total(Amount)},
-                      {SeasonalRow::Tax, QStringLiteral("جمع مالیات"), total(Tax)},
-                      {SeasonalRow::Discount, QStringLiteral("جمع تخفیف"), total(Discount)},
-                      {SeasonalRow::Total, QStringLiteral("جمع کل"), total(FinalAmount)}});
+    report.setTable(u"List"_s, m_list);
+    report.addFooter({{SeasonalRow::Amount, u"جمع مبلغ"_s, total(Amount)},
+                      {SeasonalRow::Tax, u"جمع مالیات"_s, total(Tax)},
+                      {SeasonalRow::Discount, u"جمع تخفیف"_s, total(Discount)},
+                      {SeasonalRow::Total, u"جمع کل"_s, total(FinalAmount)}});
     if (!report.loadLayout())
         report.buildStandard(title);
     return report;

@@ -15,6 +15,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double highestAmount = 1e15;
@@ -24,23 +26,23 @@ constexpr double highestAmount = 1e15;
 CDlgPaymentAmount::CDlgPaymentAmount(int season, quint16 shamsiYear, QWidget *parent)
     : KDialog(parent)
 {
-    SetFormName(QStringLiteral("AutomobilReportSeasons"));
+    SetFormName(u"AutomobilReportSeasons"_s);
     CheckSecurity();
-    setWindowTitle(QStringLiteral("پرداختي"));
-    SetSettingName(QStringLiteral("PaymentAmount"));
+    setWindowTitle(u"پرداختي"_s);
+    SetSettingName(u"PaymentAmount"_s);
 
     const PayableAmount amount = PayableAmount::ofSeason(season, shamsiYear);
     auto *grid = new QGridLayout;
-    addAmount(grid, QStringLiteral("جمع فروش :"), amount.sales);
-    addAmount(grid, QStringLiteral("جمع خريد :"), amount.purchases);
+    addAmount(grid, u"جمع فروش :"_s, amount.sales);
+    addAmount(grid, u"جمع خريد :"_s, amount.purchases);
     auto *rule = new QLabel(QString(48, u'-'));
     rule->setAlignment(Qt::AlignCenter);
     grid->addWidget(rule, grid->rowCount(), 0, 1, 3);
-    addAmount(grid, QStringLiteral("نتيجه :"), amount.result());
+    addAmount(grid, u"نتيجه :"_s, amount.result());
 
-    QDialogButtonBox *buttons = createButtons({}, QStringLiteral("بازگشت"));
+    QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
     const QList<QAbstractButton *> all = buttons->buttons();
-    all.constFirst()->setIcon(QIcon(QStringLiteral(":/icons/close.svg")));
+    all.constFirst()->setIcon(QIcon(u":/icons/close.svg"_s));
     all.constFirst()->setFocus();
 
     auto *layout = new QVBoxLayout(this);

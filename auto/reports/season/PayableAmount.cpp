@@ -7,14 +7,16 @@
 #include "auto/reports/season/SeasonBounds.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int twiceTheCommission = 2; // column of the contracts' sums
 
 double serviceLines(CTblTemp &statement, const QString &inSeason, int invoiceType)
 {
-    statement.ExecuteQuery(QStringLiteral("SELECT SUM(fs.dAmount) FROM FactorStuffs fs, Factors f WHERE f.iID=fs.iFactorNum AND %1 AND "
-                                          "f.iStatus=0 AND f.iType=%2 AND fs.iServiceID>0 AND f.iPersonID>0")
+    statement.ExecuteQuery(u"SELECT SUM(fs.dAmount) FROM FactorStuffs fs, Factors f WHERE f.iID=fs.iFactorNum AND %1 AND "
+                           "f.iStatus=0 AND f.iType=%2 AND fs.iServiceID>0 AND f.iPersonID>0"_s
                                .arg(inSeason)
                                .arg(invoiceType));
     return statement.GetDoubleFieldValue(0);
@@ -25,13 +27,13 @@ double serviceLines(CTblTemp &statement, const QString &inSeason, int invoiceTyp
 PayableAmount PayableAmount::ofSeason(int season, int shamsiYear)
 {
     const Season::Bounds bounds = Season::bounds(season, shamsiYear);
-    const QString invoicesInSeason = Season::condition(QStringLiteral("f.date"), bounds);
+    const QString invoicesInSeason = Season::condition(u"f.date"_s, bounds);
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery(QStringLiteral("SELECT SUM(dPayFirst), SUM(dPaySecond), SUM(dCommission*2), SUM(dtax), SUM(dtax2), "
-                                          "SUM(dImposition), SUM(dImposition2) FROM AutomobilContracts WHERE %1 AND iStatus=0 "
-                                          "ORDER BY dateContract")
-                               .arg(Season::condition(QStringLiteral("dateContract"), bounds)));
+    statement.ExecuteQuery(u"SELECT SUM(dPayFirst), SUM(dPaySecond), SUM(dCommission*2), SUM(dtax), SUM(dtax2), "
+                           "SUM(dImposition), SUM(dImposition2) FROM AutomobilContracts WHERE %1 AND iStatus=0 "
+                           "ORDER BY dateContract"_s
+                               .arg(Season::condition(u"dateContract"_s, bounds)));
     PayableAmount amount;
     amount.sales = statement.GetDoubleFieldValue(twiceTheCommission);
     // The lines of purchase invoices stand on the side of the sales, those of sales invoices on that of the purchases.

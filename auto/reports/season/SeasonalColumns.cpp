@@ -3,6 +3,8 @@
 
 #include "auto/reports/season/SeasonalColumns.h"
 
+using namespace Qt::StringLiterals;
+
 QVector<KListModel::Column> seasonalColumns(SeasonalGathering::Kind kind)
 {
     const bool sales = kind == SeasonalGathering::Kind::Sales;
@@ -10,36 +12,36 @@ QVector<KListModel::Column> seasonalColumns(SeasonalGathering::Kind kind)
     constexpr Qt::Alignment centre = Qt::AlignCenter;
     constexpr Qt::Alignment right = Qt::AlignRight;
     const QVector<KListModel::Column> columns{
-        {QStringLiteral("ردیف"), centre, 37},
-        {title(QStringLiteral("شماره سریال"), QStringLiteral("کد خدمت")), centre, 80},
-        {title(QStringLiteral("نوع قرارداد "), QStringLiteral("نام خدمت")), centre, 100},
-        {QStringLiteral("برگشت"), centre, 60},
-        {QStringLiteral("مبلغ"), right, 110},
-        {QStringLiteral("ارزش افزوده"), right, 80},
-        {QStringLiteral("نوع شخص"), centre, 90},
-        {QStringLiteral("کد پستی"), centre, 80},
-        {QStringLiteral("پیش شماره تلفن"), centre, 80},
-        {QStringLiteral("تلفن"), centre, 80},
-        {QStringLiteral("آدرس"), centre, 130},
-        {title(QStringLiteral("نام خریدار"), QStringLiteral("نام فروشنده")), centre, 80},
-        {QStringLiteral("نام خانوادگی"), centre, 80},
-        {QStringLiteral("شماره اقتصادی"), centre, 80},
-        {QStringLiteral("کد ملی/ شناسه ملی"), centre, 120},
-        {title(QStringLiteral("نوع خریدار"), QStringLiteral("نوع فروشنده")), centre, 80},
-        {QStringLiteral("حوزه"), centre, 60},
-        {QStringLiteral("کد استان"), centre, 60},
-        {QStringLiteral("کد شهر"), centre, 60},
-        {QStringLiteral("معاملات کمتر از 5% مبلغ حد نصاب"), centre, 60},
-        {QStringLiteral("مبلغ تخفیف"), right, 60},
-        {QStringLiteral("جمع"), right, 90},
-        {QStringLiteral("کد قرارداد"), centre, 80},
-        {QStringLiteral("تاریخ ثبت قرارداد"), centre, 80, {}, true},
-        {QStringLiteral("سایر عوارض"), right, 40},
-        {QStringLiteral("نحوه دریافت وجه"), right, 100},
-        {QStringLiteral("سرفصل حساب"), right, 70},
-        {QStringLiteral("شماره سند"), right, 60},
-        {QStringLiteral("تاریخ سند"), right, 70, {}, true},
-        {QStringLiteral("نوع کالا"), centre, 60},
+        {u"ردیف"_s, centre, 37},
+        {title(u"شماره سریال"_s, u"کد خدمت"_s), centre, 80},
+        {title(u"نوع قرارداد "_s, u"نام خدمت"_s), centre, 100},
+        {u"برگشت"_s, centre, 60},
+        {u"مبلغ"_s, right, 110},
+        {u"ارزش افزوده"_s, right, 80},
+        {u"نوع شخص"_s, centre, 90},
+        {u"کد پستی"_s, centre, 80},
+        {u"پیش شماره تلفن"_s, centre, 80},
+        {u"تلفن"_s, centre, 80},
+        {u"آدرس"_s, centre, 130},
+        {title(u"نام خریدار"_s, u"نام فروشنده"_s), centre, 80},
+        {u"نام خانوادگی"_s, centre, 80},
+        {u"شماره اقتصادی"_s, centre, 80},
+        {u"کد ملی/ شناسه ملی"_s, centre, 120},
+        {title(u"نوع خریدار"_s, u"نوع فروشنده"_s), centre, 80},
+        {u"حوزه"_s, centre, 60},
+        {u"کد استان"_s, centre, 60},
+        {u"کد شهر"_s, centre, 60},
+        {u"معاملات کمتر از 5% مبلغ حد نصاب"_s, centre, 60},
+        {u"مبلغ تخفیف"_s, right, 60},
+        {u"جمع"_s, right, 90},
+        {u"کد قرارداد"_s, centre, 80},
+        {u"تاریخ ثبت قرارداد"_s, centre, 80, {}, true},
+        {u"سایر عوارض"_s, right, 40},
+        {u"نحوه دریافت وجه"_s, right, 100},
+        {u"سرفصل حساب"_s, right, 70},
+        {u"شماره سند"_s, right, 60},
+        {u"تاریخ سند"_s, right, 70, {}, true},
+        {u"نوع کالا"_s, centre, 60},
     };
     Q_ASSERT(columns.size() == SeasonalRow::ColumnCount);
     return columns;

@@ -24,6 +24,8 @@
 #include <filesystem>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Records before those of the list: the company's details and the head.
@@ -102,8 +104,8 @@ SeasonalExport::SeasonalExport(Report report, const QString &moduleFolder)
 
 QString SeasonalExport::fileName(Kind kind, const QString &year, int season)
 {
-    const QString prefix = kind == Kind::Sales ? QStringLiteral("Foroosh_Fasly_") : QStringLiteral("Kharid_Fasly_");
-    return prefix + year + u'_' + IToStr(season + 1) + QStringLiteral(".mdb");
+    const QString prefix = kind == Kind::Sales ? u"Foroosh_Fasly_"_s : u"Kharid_Fasly_"_s;
+    return prefix + year + u'_' + IToStr(season + 1) + u".mdb"_s;
 }
 
 SeasonalExport::Outcome SeasonalExport::check() const
@@ -122,7 +124,7 @@ SeasonalExport::Outcome SeasonalExport::run(const QString &folder, const ReportP
     // A year that would lead out of the folder, and a folder of that name, are found here and not after all the work.
     if (QFileInfo(name).fileName() != name || name.contains(u'\\') || QFileInfo(target).isDir())
         return Outcome::CopyFailed;
-    const QTemporaryDir aside(QDir(folder).filePath(QStringLiteral(".TTMS-XXXXXX")));
+    const QTemporaryDir aside(QDir(folder).filePath(u".TTMS-XXXXXX"_s));
     const QString copy = aside.filePath(name);
     if (!aside.isValid() || !QFile::copy(QDir(m_folder).filePath(KAccessDatabase::templateFileName()), copy))
         return Outcome::CopyFailed;

@@ -9,17 +9,19 @@
 #include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString warningText(SeasonalExport::Outcome outcome)
 {
     switch (outcome) {
     case SeasonalExport::Outcome::TemplateMissing:
-        return QStringLiteral("فایل اکسس مالیات موجود نیست : TTMS.mdb");
+        return u"فایل اکسس مالیات موجود نیست : TTMS.mdb"_s;
     case SeasonalExport::Outcome::CompanyEmpty:
-        return QStringLiteral("ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید.");
+        return u"ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید."_s;
     case SeasonalExport::Outcome::CopyFailed:
-        return QStringLiteral("امکان کپی فایل نیست.");
+        return u"امکان کپی فایل نیست."_s;
     case SeasonalExport::Outcome::Cancelled:
     case SeasonalExport::Outcome::Done:
         break;
@@ -43,18 +45,18 @@ bool exportSeasonWithDialogs(QWidget *parent, const SeasonalExport::Report &repo
     const SeasonalExport task(report, moduleFolder);
     if (!isDone(task.check(), parent))
         return false;
-    const QString folder = ShowBrowseForFolder(parent, QStringLiteral(": پوشه مورد نظر خود را انتخاب نمایید"));
+    const QString folder = ShowBrowseForFolder(parent, u": پوشه مورد نظر خود را انتخاب نمایید"_s);
     if (folder.isEmpty())
         return false;
     SeasonalExport::Outcome outcome = SeasonalExport::Outcome::Done;
     {
         const KWaitCursor wait;
-        ReportProgressWindow progress(QStringLiteral("در حال نوشتن فایل مالیات ..."), parent);
+        ReportProgressWindow progress(u"در حال نوشتن فایل مالیات ..."_s, parent);
         outcome = task.run(folder, progress.callback());
     }
     if (!isDone(outcome, parent))
         return false;
-    g_pDlgMessage->Show(QStringLiteral("انجام شد."), parent);
-    KProcess::Execute(QStringLiteral("Explorer"), folder);
+    g_pDlgMessage->Show(u"انجام شد."_s, parent);
+    KProcess::Execute(u"Explorer"_s, folder);
     return true;
 }

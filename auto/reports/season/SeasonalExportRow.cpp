@@ -9,6 +9,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Row = SeasonalRow;
@@ -33,9 +35,9 @@ QString numberText(const QString &cell)
 
 std::optional<int> personKind(const QString &cell)
 {
-    if (cell == QStringLiteral("حقیقی"))
+    if (cell == u"حقیقی"_s)
         return 1;
-    if (cell == QStringLiteral("حقوقی"))
+    if (cell == u"حقوقی"_s)
         return 2;
     return {};
 }
@@ -68,7 +70,7 @@ SeasonalExportRow SeasonalExportRow::fromCells(const QStringList &cells)
 {
     SeasonalExportRow row;
     row.description = cells.value(Row::Description);
-    row.isReturned = cells.value(Row::Returned) == QStringLiteral("بلی");
+    row.isReturned = cells.value(Row::Returned) == u"بلی"_s;
     row.amount = numberText(cells.value(Row::Amount));
     row.tax = numberText(cells.value(Row::Tax));
     row.duties = numberText(cells.value(Row::Duties));

@@ -20,6 +20,8 @@
 #include <tuple>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace SeasonalGathering;
@@ -30,11 +32,11 @@ constexpr qsizetype batchSize = 4096;
 // Keys and numbers of records as "(1,2,3)"; none of them is 0.
 QString listed(const QSet<int> &numbers)
 {
-    QStringList texts{QStringLiteral("0")};
+    QStringList texts{u"0"_s};
     texts.reserve(numbers.size() + 1);
     for (const int number : numbers)
         texts.append(QString::number(number));
-    return QStringLiteral("(%1)").arg(texts.join(u','));
+    return u"(%1)"_s.arg(texts.join(u','));
 }
 
 // One gathering: what is looked up for all rows at once, and the rows on their way to the caller.
@@ -147,12 +149,12 @@ private:
 void Gatherer::readPersons(const QSet<int> &keys)
 {
     CTblPersons persons;
-    persons.SetColumns({QStringLiteral("sName"), QStringLiteral("sFamily"), QStringLiteral("sNationalCode"),
-                        QStringLiteral("sEconomicCode"), QStringLiteral("sPostalCode"), QStringLiteral("sAreaCode"),
-                        QStringLiteral("sTel"), QStringLiteral("sAddress"), QStringLiteral("iKind"), QStringLiteral("bNatural"),
-                        QStringLiteral("iTaxKind"), QStringLiteral("iTaxZone"), QStringLiteral("iProvinceCode"),
-                        QStringLiteral("iCityCode")});
-    persons.m_filter = QStringLiteral("iID IN ") + listed(keys);
+    persons.SetColumns({u"sName"_s, u"sFamily"_s, u"sNationalCode"_s,
+                        u"sEconomicCode"_s, u"sPostalCode"_s, u"sAreaCode"_s,
+                        u"sTel"_s, u"sAddress"_s, u"iKind"_s, u"bNatural"_s,
+                        u"iTaxKind"_s, u"iTaxZone"_s, u"iProvinceCode"_s,
+                        u"iCityCode"_s});
+    persons.m_filter = u"iID IN "_s + listed(keys);
     for (persons.Open(true, true, true); !persons.IsEOF(); persons.MoveNext())
         m_persons.insert(persons.m_iID, std::make_shared<const TaxParty>(partyOf(persons, m_query.kindFromMark)));
 }
@@ -160,8 +162,8 @@ void Gatherer::readPersons(const QSet<int> &keys)
 void Gatherer::readDocuments(const QSet<int> &numbers)
 {
     CTblDocuments documents;
-    documents.SetColumns({QStringLiteral("iNum"), QStringLiteral("iFiscalYear"), QStringLiteral("date")});
-    documents.m_filter = QStringLiteral("iNum IN ") + listed(numbers);
+    documents.SetColumns({u"iNum"_s, u"iFiscalYear"_s, u"date"_s});
+    documents.m_filter = u"iNum IN "_s + listed(numbers);
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         m_documents.insert({documents.m_iNum, documents.m_iFiscalYear}, documents.m_date.date());
 }
@@ -200,14 +202,14 @@ QVector<Gatherer::Contract> Gatherer::readContracts()
 {
     QVector<Contract> contracts;
     CTblAutomobilContracts record;
-    record.SetColumns({QStringLiteral("iCode"), QStringLiteral("iPersonFirstID"), QStringLiteral("iPersonSecondID"),
-                       QStringLiteral("dateContract"), QStringLiteral("iContractType"), QStringLiteral("dCommission"),
-                       QStringLiteral("dDiscountFirst"), QStringLiteral("dDiscountSecond"), QStringLiteral("dTax"),
-                       QStringLiteral("dImposition"), QStringLiteral("iDocNum"), QStringLiteral("iPersonContract1"),
-                       QStringLiteral("iPersonContract2"), QStringLiteral("bReturn"), QStringLiteral("dTax2"),
-                       QStringLiteral("dImposition2"), QStringLiteral("iFiscalYear")});
-    record.m_filter = Season::condition(QStringLiteral("dateContract"), m_bounds) + QLatin1String(" AND iStatus=0");
-    record.m_sort = QStringLiteral("dateContract");
+    record.SetColumns({u"iCode"_s, u"iPersonFirstID"_s, u"iPersonSecondID"_s,
+                       u"dateContract"_s, u"iContractType"_s, u"dCommission"_s,
+                       u"dDiscountFirst"_s, u"dDiscountSecond"_s, u"dTax"_s,
+                       u"dImposition"_s, u"iDocNum"_s, u"iPersonContract1"_s,
+                       u"iPersonContract2"_s, u"bReturn"_s, u"dTax2"_s,
+                       u"dImposition2"_s, u"iFiscalYear"_s});
+    record.m_filter = Season::condition(u"dateContract"_s, m_bounds) + QLatin1String(" AND iStatus=0");
+    record.m_sort = u"dateContract"_s;
     for (record.Open(true, true, true); !record.IsEOF(); record.MoveNext()) {
         const SeasonalRules::Contract figures{
             record.m_dCommission,
@@ -244,13 +246,13 @@ void Gatherer::addContract(const Contract &contract)
 
 QString Gatherer::departmentClause() const
 {
-    return m_query.departmentID == 0 ? QString() : QStringLiteral(" AND iDepartmentID=%1").arg(m_query.departmentID);
+    return m_query.departmentID == 0 ? QString() : u" AND iDepartmentID=%1"_s.arg(m_query.departmentID);
 }
 
 void Gatherer::addInvoices()
 {
     const int type = m_query.kind == Kind::Sales ? CTblFactors::sale : CTblFactors::purchase;
-    const QString ofType = QStringLiteral(" AND iType=%1").arg(type) + departmentClause();
+    const QString ofType = u" AND iType=%1"_s.arg(type) + departmentClause();
     const QVector<Invoice> invoices = readInvoices(ofType);
     if (invoices.isEmpty())
         return;
@@ -280,10 +282,10 @@ QVector<Gatherer::Invoice> Gatherer::readInvoices(const QString &ofType)
 {
     QVector<Invoice> invoices;
     CTblFactors invoice;
-    invoice.SetColumns({QStringLiteral("iPersonID"), QStringLiteral("date"), QStringLiteral("dAmount"), QStringLiteral("dDiscount"),
-                        QStringLiteral("dTax"), QStringLiteral("dImposition"), QStringLiteral("iDocNum"), QStringLiteral("iFiscalYear")});
-    invoice.m_filter = Season::condition(QStringLiteral("date"), m_bounds) + QLatin1String(" AND iStatus=0") + ofType;
-    invoice.m_sort = QStringLiteral("date");
+    invoice.SetColumns({u"iPersonID"_s, u"date"_s, u"dAmount"_s, u"dDiscount"_s,
+                        u"dTax"_s, u"dImposition"_s, u"iDocNum"_s, u"iFiscalYear"_s});
+    invoice.m_filter = Season::condition(u"date"_s, m_bounds) + QLatin1String(" AND iStatus=0") + ofType;
+    invoice.m_sort = u"date"_s;
     for (invoice.Open(true, true, true); !invoice.IsEOF(); invoice.MoveNext()) {
         invoices.append({invoice.m_iID, invoice.m_iPersonID, invoice.m_date.date(), invoice.m_iDocNum, invoice.m_iFiscalYear, {invoice.m_dAmount, invoice.m_dDiscount, invoice.m_dTax, invoice.m_dImposition}});
     }
@@ -307,9 +309,9 @@ QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, co
     }
     QVector<Line> lines;
     CTblFactorStuffs line;
-    line.SetColumns({QStringLiteral("iFactorNum"), QStringLiteral("iKind"), QStringLiteral("iServiceID"), QStringLiteral("sDesc"),
-                     QStringLiteral("dCount"), QStringLiteral("dPrice")});
-    line.m_filter = QStringLiteral("iFactorNum BETWEEN %1 AND %2").arg(lowest).arg(highest) + ofType;
+    line.SetColumns({u"iFactorNum"_s, u"iKind"_s, u"iServiceID"_s, u"sDesc"_s,
+                     u"dCount"_s, u"dPrice"_s});
+    line.m_filter = u"iFactorNum BETWEEN %1 AND %2"_s.arg(lowest).arg(highest) + ofType;
     for (line.Open(true, true, true); !line.IsEOF(); line.MoveNext()) {
         const auto position = positions.constFind(line.m_iFactorNum);
         if (position != positions.cend() && SeasonalRules::isLineListed(line.m_dCount, line.m_dPrice, m_query.minimumAmount))

@@ -6,11 +6,13 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString yes = QStringLiteral("بلی");
-const QString no = QStringLiteral("خیر");
-const QString blank = QStringLiteral(" ");
+const QString yes = u"بلی"_s;
+const QString no = u"خیر"_s;
+const QString blank = u" "_s;
 
 QString yesOrNo(bool answer)
 {
@@ -39,7 +41,7 @@ QString SeasonalRow::partyText(int column) const
 {
     switch (column) {
     case PersonKind:
-        return party->natural ? QStringLiteral("حقیقی") : QStringLiteral("حقوقی");
+        return party->natural ? u"حقیقی"_s : u"حقوقی"_s;
     case PostalCode:
         return party->postalCode;
     case AreaCode:
@@ -88,7 +90,7 @@ QString SeasonalRow::text(int column) const
     case Tax:
         return DToMoney(tax);
     case PersonKind: // of a sum, as Family, Code and Date below
-        return QStringLiteral("0");
+        return u"0"_s;
     case Family:
         return blank;
     case IsSmallSum:
@@ -102,17 +104,17 @@ QString SeasonalRow::text(int column) const
     case Date:
         return sum ? blank : shamsiText(date);
     case Duties:
-        return source == Source::InvoiceLine ? DToMoney(duties) : QStringLiteral("0");
+        return source == Source::InvoiceLine ? DToMoney(duties) : u"0"_s;
     case Payment:
-        return sum ? QString() : QStringLiteral("نقد");
+        return sum ? QString() : u"نقد"_s;
     case Heading:
-        return sum ? QString() : QStringLiteral("خدمت");
+        return sum ? QString() : u"خدمت"_s;
     case DocumentNumber:
         return codeText(documentNumber);
     case DocumentDate:
         return shamsiText(documentDate);
     case GoodsKind:
-        return sum ? QString() : QStringLiteral("12");
+        return sum ? QString() : u"12"_s;
     default:
         return {};
     }

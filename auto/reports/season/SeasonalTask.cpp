@@ -5,6 +5,8 @@
 
 #include "suite/db/KConnection.h"
 
+using namespace Qt::StringLiterals;
+
 SeasonalTask::SeasonalTask(QObject *parent)
     : QObject(parent) { }
 
@@ -21,7 +23,7 @@ void SeasonalTask::start(const SeasonalGathering::Query &query)
         return;
     m_cancelled = false;
     m_thread.reset(QThread::create([this, query] { run(query); }));
-    m_thread->setObjectName(QStringLiteral("seasonal report"));
+    m_thread->setObjectName(u"seasonal report"_s);
     m_thread->start();
 }
 

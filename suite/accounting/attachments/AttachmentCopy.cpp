@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QTemporaryDir &folder()
@@ -24,8 +26,8 @@ const QTemporaryDir &folder()
 bool AttachmentCopy::isProgram(const QString &name)
 {
     static const QStringList suffixes =
-        QStringLiteral("appimage apk app bash bat cmd com command cpl desktop exe hta jar js jse lnk msc msi msp pif pl ps1 "
-                       "py pyw rb reg run scr scf sh url vb vbe vbs wsf wsh xdg-open zsh")
+        u"appimage apk app bash bat cmd com command cpl desktop exe hta jar js jse lnk msc msi msp pif pl ps1 "
+        "py pyw rb reg run scr scf sh url vb vbe vbs wsf wsh xdg-open zsh"_s
             .split(u' ');
     return suffixes.contains(QFileInfo(CTblFileDocs::safeFileName(name)).suffix().toLower());
 }

@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Column {
@@ -43,8 +45,8 @@ CDlgCustomFieldDefinitions::CDlgCustomFieldDefinitions(int table, QWidget *paren
     , m_type(new QComboBox)
     , m_list(new KExtListCtrl)
 {
-    setWindowTitle(QStringLiteral("تعریف فیلدهای اضافی"));
-    SetSettingName(QStringLiteral("CustomFields"));
+    setWindowTitle(u"تعریف فیلدهای اضافی"_s);
+    SetSettingName(u"CustomFields"_s);
     resize(560, 420);
     build();
     fill(0);
@@ -57,26 +59,26 @@ void CDlgCustomFieldDefinitions::build()
     m_name->setMaxLength(100);
     m_type->addItems(CTblCustomFields::typeNames());
     auto *form = new QFormLayout;
-    addLabelled(form, QStringLiteral("نام :"), m_name);
-    addLabelled(form, QStringLiteral("نوع :"), m_type);
+    addLabelled(form, u"نام :"_s, m_name);
+    addLabelled(form, u"نوع :"_s, m_type);
 
     auto *commands = new QHBoxLayout;
-    QPushButton *add = addButton(commands, QStringLiteral("افزودن"));
-    m_renameButton = addButton(commands, QStringLiteral("تغییر نام"));
-    m_deleteButton = addButton(commands, QStringLiteral("حذف"));
+    QPushButton *add = addButton(commands, u"افزودن"_s);
+    m_renameButton = addButton(commands, u"تغییر نام"_s);
+    m_deleteButton = addButton(commands, u"حذف"_s);
     commands->addStretch();
 
-    m_list->setAccessibleName(QStringLiteral("فیلدها"));
-    m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40},
-                        {QStringLiteral("نام"), Qt::AlignRight, 150},
-                        {QStringLiteral("نوع"), Qt::AlignRight, 80}});
-    m_list->SetSettingName(QStringLiteral("CustomFields\\List"));
+    m_list->setAccessibleName(u"فیلدها"_s);
+    m_list->setColumns({{u"ردیف"_s, Qt::AlignHCenter, 40},
+                        {u"نام"_s, Qt::AlignRight, 150},
+                        {u"نوع"_s, Qt::AlignRight, 80}});
+    m_list->SetSettingName(u"CustomFields\\List"_s);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addLayout(commands);
     layout->addWidget(m_list, 1);
-    layout->addWidget(createButtons(QString(), QStringLiteral("بازگشت")));
+    layout->addWidget(createButtons(QString(), u"بازگشت"_s));
     connect(add, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::addField);
     connect(m_renameButton, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::renameField);
     connect(m_deleteButton, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::deleteField);
@@ -86,8 +88,8 @@ void CDlgCustomFieldDefinitions::build()
 void CDlgCustomFieldDefinitions::fill(int selectedID)
 {
     CTblCustomFields set;
-    set.m_filter = QStringLiteral("iTable=%1").arg(m_table);
-    set.m_sort = QStringLiteral("iID");
+    set.m_filter = u"iTable=%1"_s.arg(m_table);
+    set.m_sort = u"iID"_s;
     QVector<KListModel::Row> rows;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext()) {
         const int number = static_cast<int>(rows.size()) + 1;
@@ -135,7 +137,7 @@ void CDlgCustomFieldDefinitions::deleteField()
 {
     const int fieldID = m_list->currentKey();
     if (fieldID < 1
-        || g_pDlgYesNo->Ask(QStringLiteral("با حذف این فیلد، مقدار آن در همه رکوردها هم حذف می شود. آیا اطمینان دارید؟"), this)
+        || g_pDlgYesNo->Ask(u"با حذف این فیلد، مقدار آن در همه رکوردها هم حذف می شود. آیا اطمینان دارید؟"_s, this)
             == KMessageDialog::No)
         return;
     CTblCustomFields::remove(fieldID);

@@ -20,14 +20,16 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 CDlgCustomFields::CDlgCustomFields(QWidget *parent)
     : KDialogTabPage(parent)
 {
-    setTitle(QStringLiteral("فیلدهای اضافی"));
+    setTitle(u"فیلدهای اضافی"_s);
     m_fields = new QWidget;
     m_form = new QFormLayout(m_fields);
-    m_empty = new QLabel(QStringLiteral("برای این بخش فیلدی تعریف نشده است."));
-    m_defineButton = new QPushButton(QStringLiteral("تعریف فیلدها"));
+    m_empty = new QLabel(u"برای این بخش فیلدی تعریف نشده است."_s);
+    m_defineButton = new QPushButton(u"تعریف فیلدها"_s);
     m_defineButton->setAccessibleName(m_defineButton->text());
     m_defineButton->setAutoDefault(false);
 
@@ -87,14 +89,14 @@ void CDlgCustomFields::clearInputs()
 void CDlgCustomFields::load()
 {
     CTblCustomFields fields;
-    fields.m_filter = QStringLiteral("iTable=%1").arg(m_table);
-    fields.m_sort = QStringLiteral("iID");
+    fields.m_filter = u"iTable=%1"_s.arg(m_table);
+    fields.m_sort = u"iID"_s;
     fields.Open(true, true, true);
     const QHash<int, QString> values = CTblCustomFieldRecords::values(m_table, m_recordID);
     clearInputs();
     for (; !fields.IsEOF(); fields.MoveNext()) {
         auto input = CustomFieldInput::create(fields.m_iID, fields.m_sName, fields.m_iType, m_fields);
-        const QString caption = fields.m_sName + QStringLiteral(" :");
+        const QString caption = fields.m_sName + u" :"_s;
         input->setValue(values.value(fields.m_iID));
         input->setReadOnly(m_readOnly);
         if (fields.m_iType == CTblCustomFields::YesNo) {
@@ -124,7 +126,7 @@ bool CDlgCustomFields::validate()
         if (error.isEmpty())
             continue;
         Q_EMIT frontRequested();
-        g_pDlgWarning->Show(QStringLiteral("%1 %2").arg(input->widget()->accessibleName(), error), this);
+        g_pDlgWarning->Show(u"%1 %2"_s.arg(input->widget()->accessibleName(), error), this);
         input->widget()->setFocus();
         return false;
     }
@@ -141,7 +143,7 @@ std::optional<QHash<int, QString>> CDlgCustomFields::enteredValues() const
 void CDlgCustomFields::defineFields()
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("CustomFields"));
+    security.SetFormName(u"CustomFields"_s);
     if (!security.CheckModifySecurity())
         return;
     GetDBSetting()->RequireOpenDB();

@@ -23,6 +23,8 @@
 #include <QSaveFile>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPushButton *addButton(QHBoxLayout *row, const QString &caption)
@@ -36,7 +38,7 @@ QPushButton *addButton(QHBoxLayout *row, const QString &caption)
 
 QString pageTitle(CTblFileDocs::Scope scope)
 {
-    return scope == CTblFileDocs::Personal ? QStringLiteral("پرونده های شخصی") : QStringLiteral("پرونده های عمومی");
+    return scope == CTblFileDocs::Personal ? u"پرونده های شخصی"_s : u"پرونده های عمومی"_s;
 }
 
 QVector<KListModel::Row> rowsOf(const QList<CTblFileDocs::FileInfo> &files)
@@ -74,16 +76,16 @@ void CDlgFileDocs::build()
 {
     m_list = new KExtListCtrl;
     m_list->setAccessibleName(title());
-    m_list->setColumns({{QStringLiteral("ردیف"), Qt::AlignHCenter, 40},
-                        {QStringLiteral("نام فایل"), Qt::AlignRight, 160},
-                        {QStringLiteral("تاریخ"), Qt::AlignHCenter, 80, QString(), true},
-                        {QStringLiteral("کاربر"), Qt::AlignRight, 80}});
-    m_list->SetSettingName(QStringLiteral("FileDocs\\List"));
+    m_list->setColumns({{u"ردیف"_s, Qt::AlignHCenter, 40},
+                        {u"نام فایل"_s, Qt::AlignRight, 160},
+                        {u"تاریخ"_s, Qt::AlignHCenter, 80, QString(), true},
+                        {u"کاربر"_s, Qt::AlignRight, 80}});
+    m_list->SetSettingName(u"FileDocs\\List"_s);
     auto *commands = new QHBoxLayout;
-    m_addButton = addButton(commands, QStringLiteral("افزودن"));
-    m_openButton = addButton(commands, QStringLiteral("باز کردن"));
-    m_saveButton = addButton(commands, QStringLiteral("ذخیره در"));
-    m_deleteButton = addButton(commands, QStringLiteral("حذف"));
+    m_addButton = addButton(commands, u"افزودن"_s);
+    m_openButton = addButton(commands, u"باز کردن"_s);
+    m_saveButton = addButton(commands, u"ذخیره در"_s);
+    m_deleteButton = addButton(commands, u"حذف"_s);
     commands->addStretch();
     m_count = new QLabel;
     commands->addWidget(m_count);
@@ -180,7 +182,7 @@ bool CDlgFileDocs::saveFileAs(int id, const QString &path)
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit())
         return true;
-    g_pDlgWarning->Show(QStringLiteral("فایل در این مسیر ذخیره نشد: %1").arg(QDir::toNativeSeparators(path)), this);
+    g_pDlgWarning->Show(u"فایل در این مسیر ذخیره نشد: %1"_s.arg(QDir::toNativeSeparators(path)), this);
     return false;
 }
 
@@ -191,17 +193,17 @@ QString CDlgFileDocs::openFile(int id)
     if (!CTblFileDocs::content(id, GetDBSetting()->GetUserID(), &name, &data))
         return {};
     if (AttachmentCopy::isProgram(name)) {
-        g_pDlgWarning->Show(QStringLiteral("این فایل یک برنامه است و از اینجا باز نمی شود. در صورت نیاز آن را ذخیره نمایید."),
+        g_pDlgWarning->Show(u"این فایل یک برنامه است و از اینجا باز نمی شود. در صورت نیاز آن را ذخیره نمایید."_s,
                             this);
         return {};
     }
     const QString path = AttachmentCopy::write(id, name, data);
     if (path.isEmpty()) {
-        g_pDlgWarning->Show(QStringLiteral("نسخه موقت فایل ساخته نشد."), this);
+        g_pDlgWarning->Show(u"نسخه موقت فایل ساخته نشد."_s, this);
         return {};
     }
-    if (!KProcess::Execute(QStringLiteral("Explorer"), path))
-        g_pDlgWarning->Show(QStringLiteral("برنامه ای برای باز کردن این فایل پیدا نشد."), this);
+    if (!KProcess::Execute(u"Explorer"_s, path))
+        g_pDlgWarning->Show(u"برنامه ای برای باز کردن این فایل پیدا نشد."_s, this);
     return path;
 }
 

@@ -6,11 +6,13 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString recordFilter(int table, int recordID)
 {
-    return QStringLiteral("iTable=%1 AND iRecordID=%2").arg(table).arg(recordID);
+    return u"iTable=%1 AND iRecordID=%2"_s.arg(table).arg(recordID);
 }
 
 }
@@ -24,7 +26,7 @@ CTblCustomFieldRecords::~CTblCustomFieldRecords() = default;
 
 QString CTblCustomFieldRecords::GetTableName() const
 {
-    return QStringLiteral("CustomFieldRecords");
+    return u"CustomFieldRecords"_s;
 }
 
 void CTblCustomFieldRecords::DoFieldExchange()
@@ -66,9 +68,9 @@ void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int,
 
 void CTblCustomFieldRecords::DeleteAllRelatedRecords(int table, int recordID, int fieldID, int database)
 {
-    QString statement = QStringLiteral("DELETE FROM CustomFieldRecords WHERE ") + recordFilter(table, recordID);
+    QString statement = u"DELETE FROM CustomFieldRecords WHERE "_s + recordFilter(table, recordID);
     if (fieldID != 0)
-        statement += QStringLiteral(" AND iFieldID=%1").arg(fieldID);
+        statement += u" AND iFieldID=%1"_s.arg(fieldID);
     CTblTemp temp(database);
     temp.Open(true, false, true);
     temp.ExecuteQuery(statement);

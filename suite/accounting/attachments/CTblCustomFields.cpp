@@ -8,13 +8,15 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString requiredName(const QString &name)
 {
     const QString standard = ConvertToStandard(name);
     if (standard.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا نام فیلد را وارد نمایید."));
+        throw KAccountingError(u"لطفا نام فیلد را وارد نمایید."_s);
     return standard;
 }
 
@@ -24,7 +26,7 @@ void write(CTblCustomFields &set)
         set.Update(true);
     } catch (const CMySQLException &error) {
         if (error.category() == CMySQLException::Category::DuplicateKey)
-            throw KAccountingError(QStringLiteral("فیلدی با این نام قبلا تعریف شده است."));
+            throw KAccountingError(u"فیلدی با این نام قبلا تعریف شده است."_s);
         throw;
     }
 }
@@ -40,7 +42,7 @@ CTblCustomFields::~CTblCustomFields() = default;
 
 QString CTblCustomFields::GetTableName() const
 {
-    return QStringLiteral("CustomFields");
+    return u"CustomFields"_s;
 }
 
 void CTblCustomFields::DoFieldExchange()
@@ -53,8 +55,8 @@ void CTblCustomFields::DoFieldExchange()
 
 const QStringList &CTblCustomFields::typeNames()
 {
-    static const QStringList names{QStringLiteral("متن"), QStringLiteral("عدد"), QStringLiteral("تاریخ"),
-                                   QStringLiteral("بلی/خیر")};
+    static const QStringList names{u"متن"_s, u"عدد"_s, u"تاریخ"_s,
+                                   u"بلی/خیر"_s};
     return names;
 }
 
@@ -72,7 +74,7 @@ int CTblCustomFields::define(int table, const QString &name, Type type, int data
 void CTblCustomFields::rename(int fieldID, const QString &name, int database)
 {
     CTblCustomFields set(database);
-    if (!set.IsRecordExist(QStringLiteral("iID"), fieldID))
+    if (!set.IsRecordExist(u"iID"_s, fieldID))
         return;
     set.Edit();
     set.m_sName = requiredName(name);

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 mebibyte = 1024 * 1024;
@@ -17,23 +19,23 @@ constexpr int longestFileName = 200;
 
 QString visibleTo(int userID)
 {
-    return QStringLiteral("(iScope=%1 OR iUserID=%2)").arg(CTblFileDocs::General).arg(userID);
+    return u"(iScope=%1 OR iUserID=%2)"_s.arg(CTblFileDocs::General).arg(userID);
 }
 
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        throw KAccountingError(QStringLiteral("فایل انتخاب شده خوانده نشد."));
+        throw KAccountingError(u"فایل انتخاب شده خوانده نشد."_s);
     // One byte more than allowed tells a file that is too large, also one that grew since it was chosen.
     QByteArray data = file.read(CTblFileDocs::maxFileBytes + 1);
     if (data.size() > CTblFileDocs::maxFileBytes)
-        throw KAccountingError(QStringLiteral("اندازه فایل بیشتر از %1 مگابایت است و اضافه نشد.")
+        throw KAccountingError(u"اندازه فایل بیشتر از %1 مگابایت است و اضافه نشد."_s
                                    .arg(CTblFileDocs::maxFileBytes / mebibyte));
     if (file.error() != QFileDevice::NoError)
-        throw KAccountingError(QStringLiteral("فایل انتخاب شده خوانده نشد."));
+        throw KAccountingError(u"فایل انتخاب شده خوانده نشد."_s);
     if (data.isEmpty())
-        throw KAccountingError(QStringLiteral("فایل انتخاب شده خالی است."));
+        throw KAccountingError(u"فایل انتخاب شده خالی است."_s);
     return data;
 }
 
@@ -46,13 +48,13 @@ void requireServerTakes(const QByteArray &data, int database)
     const auto limit = static_cast<qint64>(temp.GetDoubleFieldValue(0));
     if (KConnection::forThread(database).quoted(data).size() + restOfStatement > limit)
         throw KAccountingError(
-            QStringLiteral("سرور پایگاه داده فایلی به این اندازه را نمی پذیرد (سقف سرور %1 مگابایت است).").arg(limit / mebibyte));
+            u"سرور پایگاه داده فایلی به این اندازه را نمی پذیرد (سقف سرور %1 مگابایت است)."_s.arg(limit / mebibyte));
 }
 
 bool isReservedName(const QString &baseName)
 {
-    static const QStringList devices{QStringLiteral("CON"), QStringLiteral("PRN"), QStringLiteral("AUX"),
-                                     QStringLiteral("NUL")};
+    static const QStringList devices{u"CON"_s, u"PRN"_s, u"AUX"_s,
+                                     u"NUL"_s};
     const QString upper = baseName.toUpper();
     const bool numbered = upper.size() == 4 && upper.at(3).isDigit()
         && (upper.startsWith(QLatin1String("COM")) || upper.startsWith(QLatin1String("LPT")));
@@ -83,7 +85,7 @@ CTblFileDocs::~CTblFileDocs() = default;
 
 QString CTblFileDocs::GetTableName() const
 {
-    return QStringLiteral("FileDocs");
+    return u"FileDocs"_s;
 }
 
 void CTblFileDocs::DoFieldExchange()
@@ -101,11 +103,11 @@ void CTblFileDocs::DoFieldExchange()
 QList<CTblFileDocs::FileInfo> CTblFileDocs::list(int table, int recordID, Scope scope, int userID, int database)
 {
     CTblFileDocs set(database);
-    set.SetColumns({QStringLiteral("sName"), QStringLiteral("dateCreate"), QStringLiteral("iUserID")});
-    set.m_filter = QStringLiteral("iTable=%1 AND iRecordID=%2 AND iScope=%3").arg(table).arg(recordID).arg(scope);
+    set.SetColumns({u"sName"_s, u"dateCreate"_s, u"iUserID"_s});
+    set.m_filter = u"iTable=%1 AND iRecordID=%2 AND iScope=%3"_s.arg(table).arg(recordID).arg(scope);
     if (scope == Personal)
-        set.m_filter += QStringLiteral(" AND iUserID=%1").arg(userID);
-    set.m_sort = QStringLiteral("iID");
+        set.m_filter += u" AND iUserID=%1"_s.arg(userID);
+    set.m_sort = u"iID"_s;
     QList<FileInfo> files;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         files.append({set.m_iID, set.m_sName, set.m_dateCreate, set.m_iUserID});
@@ -133,7 +135,7 @@ int CTblFileDocs::addFile(int table, int recordID, Scope scope, int userID, cons
 bool CTblFileDocs::content(int id, int userID, QString *name, QByteArray *data, int database)
 {
     CTblFileDocs set(database);
-    if (!set.IsRecordExist(QStringLiteral("iID"), id, 0, QStringLiteral(" AND ") + visibleTo(userID)))
+    if (!set.IsRecordExist(u"iID"_s, id, 0, u" AND "_s + visibleTo(userID)))
         return false;
     *name = set.m_sName;
     *data = set.m_oData.data;
@@ -144,14 +146,14 @@ bool CTblFileDocs::deleteFile(int id, int userID, int database)
 {
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    return temp.ExecuteQuery(QStringLiteral("DELETE FROM FileDocs WHERE iID=%1 AND ").arg(id) + visibleTo(userID)) > 0;
+    return temp.ExecuteQuery(u"DELETE FROM FileDocs WHERE iID=%1 AND "_s.arg(id) + visibleTo(userID)) > 0;
 }
 
 void CTblFileDocs::DeleteAllRelatedRecords(int table, int recordID, int userID, int database)
 {
-    QString statement = QStringLiteral("DELETE FROM FileDocs WHERE iTable=%1 AND iRecordID=%2").arg(table).arg(recordID);
+    QString statement = u"DELETE FROM FileDocs WHERE iTable=%1 AND iRecordID=%2"_s.arg(table).arg(recordID);
     if (userID != 0)
-        statement += QStringLiteral(" AND iUserID=%1").arg(userID);
+        statement += u" AND iUserID=%1"_s.arg(userID);
     CTblTemp temp(database);
     temp.Open(true, false, true);
     temp.ExecuteQuery(statement);
@@ -159,7 +161,7 @@ void CTblFileDocs::DeleteAllRelatedRecords(int table, int recordID, int userID, 
 
 QString CTblFileDocs::safeFileName(const QString &name)
 {
-    static const QString forbidden = QStringLiteral("\\/:*?\"<>|");
+    static const QString forbidden = u"\\/:*?\"<>|"_s;
     QString safe;
     for (const QChar c : name) {
         const bool invisible = c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
@@ -171,7 +173,7 @@ QString CTblFileDocs::safeFileName(const QString &name)
     while (!safe.isEmpty() && (safe.endsWith(u'.') || safe.endsWith(u' ')))
         safe.chop(1);
     if (safe.isEmpty())
-        return QStringLiteral("file");
+        return u"file"_s;
     if (isReservedName(safe.section(u'.', 0, 0)))
         safe.prepend(u'_');
     return shortened(safe, 100);

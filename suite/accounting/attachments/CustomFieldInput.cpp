@@ -9,6 +9,8 @@
 
 #include <QCheckBox>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestText = 500;
@@ -92,7 +94,7 @@ public:
     {
     }
     QWidget *widget() const override { return m_box; }
-    QString value() const override { return m_box->isChecked() ? QStringLiteral("1") : QString(); }
+    QString value() const override { return m_box->isChecked() ? u"1"_s : QString(); }
     void setValue(const QString &value) override { m_box->setChecked(value == QLatin1String("1")); }
     QString error() const override { return {}; }
     void setReadOnly(bool readOnly) override { m_box->setEnabled(!readOnly); }

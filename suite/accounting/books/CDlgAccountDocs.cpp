@@ -26,6 +26,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int broughtForwardKey = -1; // no record has it
@@ -33,7 +35,7 @@ constexpr int broughtForwardKey = -1; // no record has it
 KSecurity documentSecurity()
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("Documents"));
+    security.SetFormName(u"Documents"_s);
     return security;
 }
 
@@ -63,8 +65,8 @@ CDlgAccountDocs::CDlgAccountDocs(AccountLevel level, int code, const QDateTime &
     , m_list(new KExtListCtrl)
     , m_totals(new QLabel)
 {
-    setWindowTitle(QStringLiteral("گردش حساب %1 - %2").arg(code).arg(AccountChart::nameOf(code)));
-    SetSettingName(QStringLiteral("AccountDocs"));
+    setWindowTitle(u"گردش حساب %1 - %2"_s.arg(code).arg(AccountChart::nameOf(code)));
+    SetSettingName(u"AccountDocs"_s);
     m_from->setDateTime(from);
     m_to->setDateTime(to);
     build();
@@ -81,33 +83,33 @@ void CDlgAccountDocs::Show(AccountLevel level, int code, const QDateTime &from, 
 
 void CDlgAccountDocs::build()
 {
-    auto *search = new QPushButton(QIcon(QStringLiteral(":/icons/search.svg")), QStringLiteral("جستجو"));
+    auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s);
     search->setAccessibleName(search->text());
     connect(search, &QPushButton::clicked, this, &CDlgAccountDocs::refill);
     for (KDateEdit *edit : {m_from, m_to})
         connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
     auto *filter = new QHBoxLayout;
-    addLabelled(filter, QStringLiteral("از تاریخ :"), m_from);
-    addLabelled(filter, QStringLiteral("تا تاریخ :"), m_to);
+    addLabelled(filter, u"از تاریخ :"_s, m_from);
+    addLabelled(filter, u"تا تاریخ :"_s, m_to);
     filter->addWidget(search);
     filter->addStretch(1);
 
-    m_list->setAccessibleName(QStringLiteral("گردش حساب"));
+    m_list->setAccessibleName(u"گردش حساب"_s);
     m_list->setColumns({
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 26, {}},
-        {QStringLiteral("شماره سند"), Qt::AlignHCenter, 44, {}},
-        {QStringLiteral("تاریخ سند"), Qt::AlignHCenter, 55, {}, true},
-        {QStringLiteral("شخص"), Qt::AlignRight, 80, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 110, {}},
-        {QStringLiteral("بدهکار"), Qt::AlignRight, 66, {}},
-        {QStringLiteral("بستانکار"), Qt::AlignRight, 66, {}},
-        {QStringLiteral("مانده"), Qt::AlignRight, 66, {}},
-        {QStringLiteral("تشخیص"), Qt::AlignHCenter, 35, {}},
+        {u"ردیف"_s, Qt::AlignHCenter, 26, {}},
+        {u"شماره سند"_s, Qt::AlignHCenter, 44, {}},
+        {u"تاریخ سند"_s, Qt::AlignHCenter, 55, {}, true},
+        {u"شخص"_s, Qt::AlignRight, 80, {}},
+        {u"شرح"_s, Qt::AlignRight, 110, {}},
+        {u"بدهکار"_s, Qt::AlignRight, 66, {}},
+        {u"بستانکار"_s, Qt::AlignRight, 66, {}},
+        {u"مانده"_s, Qt::AlignRight, 66, {}},
+        {u"تشخیص"_s, Qt::AlignHCenter, 35, {}},
     });
-    m_list->SetSettingName(QStringLiteral("AccountDocs\\List"));
+    m_list->SetSettingName(u"AccountDocs\\List"_s);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAccountDocs::showDocument);
 
-    auto *printButton = new QPushButton(QIcon(QStringLiteral(":/icons/print.svg")), QStringLiteral("چاپ"));
+    auto *printButton = new QPushButton(QIcon(u":/icons/print.svg"_s), u"چاپ"_s);
     printButton->setAccessibleName(printButton->text());
     printButton->setAutoDefault(false);
     connect(printButton, &QPushButton::clicked, this, &CDlgAccountDocs::print);
@@ -115,7 +117,7 @@ void CDlgAccountDocs::build()
     auto *foot = new QHBoxLayout;
     foot->addWidget(printButton);
     foot->addStretch(1);
-    foot->addWidget(createButtons(QString(), QStringLiteral("بازگشت")));
+    foot->addWidget(createButtons(QString(), u"بازگشت"_s));
 
     auto *column = new QVBoxLayout(this);
     column->addLayout(filter);
@@ -139,7 +141,7 @@ void CDlgAccountDocs::refill()
     rows.reserve(m_sheet.rows.size() + 1);
     if (!m_sheet.before.isBalanced())
         rows.append({broughtForwardKey,
-                     {{}, {}, {}, {}, {QStringLiteral("مانده از قبل")}, {}, {}, balanceCell(m_sheet.before.net()), {m_sheet.before.nature()}}});
+                     {{}, {}, {}, {}, {u"مانده از قبل"_s}, {}, {}, balanceCell(m_sheet.before.net()), {m_sheet.before.nature()}}});
     int number = 0;
     for (const AccountLedger::Row &row : std::as_const(m_sheet.rows)) {
         ++number;
@@ -157,7 +159,7 @@ void CDlgAccountDocs::refill()
     m_list->setRows(std::move(rows));
     m_list->selectRow(0);
     const double last = m_sheet.before.net() + m_sheet.sum.net();
-    m_totals->setText(QStringLiteral("تعداد : %1     جمع بدهکار : %2     جمع بستانکار : %3     مانده : %4 %5")
+    m_totals->setText(u"تعداد : %1     جمع بدهکار : %2     جمع بستانکار : %3     مانده : %4 %5"_s
                           .arg(QString::number(number), DToMoney(m_sheet.sum.bed), DToMoney(m_sheet.sum.bes),
                                DToMoney(std::abs(last)), natureOf(last)));
 }
@@ -179,13 +181,13 @@ void CDlgAccountDocs::print()
 {
     if (!documentSecurity().CheckPrintListSecurity())
         return;
-    CDlgReportGenerator generator(QStringLiteral("AccountDocs"), QStringLiteral("List"), this);
-    generator.SetText(QStringLiteral("Title"), windowTitle());
-    generator.SetText(QStringLiteral("RightTop"), m_from->date().isValid() ? QStringLiteral("از تاریخ : ") + shamsiText(m_from->date()) : QString());
-    generator.SetText(QStringLiteral("RightCenter"), m_to->date().isValid() ? QStringLiteral("تا تاریخ : ") + shamsiText(m_to->date()) : QString());
-    generator.SetText(QStringLiteral("LeftBottom"), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-    generator.SetText(QStringLiteral("Count"), totalsText());
-    generator.SetTable(QStringLiteral("List"), m_list);
+    CDlgReportGenerator generator(u"AccountDocs"_s, u"List"_s, this);
+    generator.SetText(u"Title"_s, windowTitle());
+    generator.SetText(u"RightTop"_s, m_from->date().isValid() ? u"از تاریخ : "_s + shamsiText(m_from->date()) : QString());
+    generator.SetText(u"RightCenter"_s, m_to->date().isValid() ? u"تا تاریخ : "_s + shamsiText(m_to->date()) : QString());
+    generator.SetText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+    generator.SetText(u"Count"_s, totalsText());
+    generator.SetTable(u"List"_s, m_list);
     if (!generator.LoadLayout())
         generator.BuildListReport(windowTitle());
     generator.ShowReport();

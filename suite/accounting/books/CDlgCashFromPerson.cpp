@@ -22,6 +22,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestDescription = 500;
@@ -39,8 +41,8 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
     , m_date(new KDateEdit)
     , m_account(new QComboBox)
 {
-    setWindowTitle(QStringLiteral("دریافت نقدی"));
-    SetSettingName(QStringLiteral("CashFromPerson"));
+    setWindowTitle(u"دریافت نقدی"_s);
+    SetSettingName(u"CashFromPerson"_s);
     build();
     m_person->setText(KLookup::name<CTblReceipts>(u"iPersonID", personID));
     m_person->setCursorPosition(0);
@@ -64,7 +66,7 @@ void CDlgCashFromPerson::build()
     m_person->setReadOnly(true);
     m_person->setMinimumWidth(320);
     m_desc->setMaxLength(longestDescription);
-    m_words->setObjectName(QStringLiteral("amountInWords"));
+    m_words->setObjectName(u"amountInWords"_s);
     m_words->setWordWrap(true);
 
     auto *amountLine = new QHBoxLayout;
@@ -72,12 +74,12 @@ void CDlgCashFromPerson::build()
     amountLine->addWidget(new QLabel(m_settings.moneyUnitName()));
 
     auto *form = new QFormLayout;
-    addLabelled(form, QStringLiteral("شخص :"), m_person);
-    form->addRow(labelFor(QStringLiteral("مبلغ :"), m_amount), amountLine);
+    addLabelled(form, u"شخص :"_s, m_person);
+    form->addRow(labelFor(u"مبلغ :"_s, m_amount), amountLine);
     form->addRow(QString(), m_words);
-    addLabelled(form, QStringLiteral("شرح :"), m_desc);
-    addLabelled(form, QStringLiteral("تاریخ :"), m_date);
-    addLabelled(form, QStringLiteral("دریافت در :"), m_account);
+    addLabelled(form, u"شرح :"_s, m_desc);
+    addLabelled(form, u"تاریخ :"_s, m_date);
+    addLabelled(form, u"دریافت در :"_s, m_account);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
@@ -88,8 +90,8 @@ void CDlgCashFromPerson::build()
 void CDlgCashFromPerson::fillAccounts()
 {
     CTblHesabMoeen set;
-    set.m_filter = QStringLiteral("iStatus=0 AND iHesabKolCode IN (%1,%2)").arg(Accounts::cashKol).arg(Accounts::bankKol);
-    set.m_sort = QStringLiteral("iCode");
+    set.m_filter = u"iStatus=0 AND iHesabKolCode IN (%1,%2)"_s.arg(Accounts::cashKol).arg(Accounts::bankKol);
+    set.m_sort = u"iCode"_s;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         m_account->addItem(set.m_sName, set.m_iCode);
 }
@@ -97,7 +99,7 @@ void CDlgCashFromPerson::fillAccounts()
 void CDlgCashFromPerson::showWords(double amount)
 {
     m_words->setText(IsEquals(amount, 0) ? QString()
-                                         : QStringLiteral("%1 %2").arg(amountInWords(amount), m_settings.moneyUnitName()));
+                                         : u"%1 %2"_s.arg(amountInWords(amount), m_settings.moneyUnitName()));
 }
 
 bool CDlgCashFromPerson::OnOK()
@@ -110,11 +112,11 @@ bool CDlgCashFromPerson::OnOK()
     if (!m_amount->isEntryValid())
         return refuse(m_amount->entryError(), m_amount);
     if (m_amount->number() <= 0 || IsEquals(m_amount->number(), 0))
-        return refuse(QStringLiteral("لطفا مبلغ را وارد نمایید."), m_amount);
+        return refuse(u"لطفا مبلغ را وارد نمایید."_s, m_amount);
     if (!m_date->isEntryValid())
         return refuse(m_date->entryError(), m_date);
     if (!m_date->dateTime().isValid())
-        return refuse(QStringLiteral("لطفا تاریخ را وارد نمایید."), m_date);
+        return refuse(u"لطفا تاریخ را وارد نمایید."_s, m_date);
     try {
         m_docNum = CTblReceipts::receive({.personID = m_personID,
                                           .amount = m_amount->number(),

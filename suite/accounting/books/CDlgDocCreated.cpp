@@ -5,9 +5,11 @@
 
 #include "suite/accounting/frame/KMessageDialog.h"
 
+using namespace Qt::StringLiterals;
+
 QString CDlgDocCreated::text(int docNum, int fiscalYear)
 {
-    return QStringLiteral("سند حسابداری شماره %1 در سال مالی %2 ثبت شد.").arg(docNum).arg(fiscalYear);
+    return u"سند حسابداری شماره %1 در سال مالی %2 ثبت شد."_s.arg(docNum).arg(fiscalYear);
 }
 
 void CDlgDocCreated::Show(int docNum, int fiscalYear, QWidget *parent)

@@ -15,35 +15,37 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool findDocument(CTblDocuments &document, int num, int fiscalYear)
 {
     return num > 0
-        && document.IsRecordExist(QStringLiteral("iNum"), num, 0, QStringLiteral(" AND iFiscalYear=%1").arg(fiscalYear));
+        && document.IsRecordExist(u"iNum"_s, num, 0, u" AND iFiscalYear=%1"_s.arg(fiscalYear));
 }
 
 }
 
 CDlgShowDocument::CDlgShowDocument(int num, int fiscalYear, QWidget *parent)
     : KDialog(parent)
-    , m_rows(new DocumentRowsPane(QStringLiteral("ShowDocument\\Rows"), this))
+    , m_rows(new DocumentRowsPane(u"ShowDocument\\Rows"_s, this))
 {
-    setWindowTitle(QStringLiteral("سند حسابداری شماره %1 سال مالی %2").arg(num).arg(fiscalYear));
-    SetSettingName(QStringLiteral("ShowDocument"));
+    setWindowTitle(u"سند حسابداری شماره %1 سال مالی %2"_s.arg(num).arg(fiscalYear));
+    SetSettingName(u"ShowDocument"_s);
     auto *head = new QLabel(this);
     head->setTextFormat(Qt::PlainText);
     head->setWordWrap(true);
-    head->setObjectName(QStringLiteral("documentHead"));
+    head->setObjectName(u"documentHead"_s);
     CTblDocuments document;
     if (findDocument(document, num, fiscalYear))
-        head->setText(QStringLiteral("تاریخ : %1     نوع : %2     شرح : %3")
+        head->setText(u"تاریخ : %1     نوع : %2     شرح : %3"_s
                           .arg(shamsiText(document.m_date.date()), DocumentKinds::name(document.m_iKind), document.m_sDesc));
     m_rows->showDocument(num, fiscalYear);
     auto *column = new QVBoxLayout(this);
     column->addWidget(head);
     column->addWidget(m_rows, 1);
-    column->addWidget(createButtons(QString(), QStringLiteral("بازگشت")));
+    column->addWidget(createButtons(QString(), u"بازگشت"_s));
     resize(QSize(860, 380));
     m_rows->list()->selectRow(0);
     m_rows->list()->setFocus();
@@ -52,12 +54,12 @@ CDlgShowDocument::CDlgShowDocument(int num, int fiscalYear, QWidget *parent)
 void CDlgShowDocument::Show(int num, int fiscalYear, QWidget *parent)
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("Documents"));
+    security.SetFormName(u"Documents"_s);
     if (!security.CheckReadSecurity())
         return;
     CTblDocuments document;
     if (!findDocument(document, num, fiscalYear)) {
-        g_pDlgWarning->Show(QStringLiteral("سند حسابداری وجود ندارد."), parent);
+        g_pDlgWarning->Show(u"سند حسابداری وجود ندارد."_s, parent);
         return;
     }
     CDlgShowDocument(num, fiscalYear, parent).exec();

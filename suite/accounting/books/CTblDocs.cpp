@@ -12,6 +12,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isAmount(double value)
@@ -28,12 +30,12 @@ bool mayStand(const CTblDocs &row)
 
 QString validRows(const QDateTime &from, const QDateTime &to)
 {
-    QString clauses = QStringLiteral(" FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
-                                     "WHERE h.iStatus=0");
+    QString clauses = u" FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
+                      "WHERE h.iStatus=0"_s;
     if (from.isValid())
-        clauses += QStringLiteral(" AND h.date>=") + DateToSQL(from);
+        clauses += u" AND h.date>="_s + DateToSQL(from);
     if (to.isValid())
-        clauses += QStringLiteral(" AND h.date<") + DateToSQL(to.addDays(1));
+        clauses += u" AND h.date<"_s + DateToSQL(to.addDays(1));
     return clauses;
 }
 
@@ -41,8 +43,8 @@ AccountBalance balanceOf(AccountLevel level, int code, const QDateTime &from, co
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT SUM(d.dBed),SUM(d.dBes)") + validRows(from, to)
-                       + QStringLiteral(" AND d.%1=%2").arg(AccountChart::docsColumn(level)).arg(code));
+    query.ExecuteQuery(u"SELECT SUM(d.dBed),SUM(d.dBes)"_s + validRows(from, to)
+                       + u" AND d.%1=%2"_s.arg(AccountChart::docsColumn(level)).arg(code));
     return {query.GetDoubleFieldValue(0), query.GetDoubleFieldValue(1)};
 }
 
@@ -57,7 +59,7 @@ CTblDocs::~CTblDocs() = default;
 
 QString CTblDocs::GetTableName() const
 {
-    return QStringLiteral("Docs");
+    return u"Docs"_s;
 }
 
 void CTblDocs::DoFieldExchange()
@@ -87,7 +89,7 @@ void CTblDocs::setRow(int docNum, int fiscalYear, const DocumentRow &row)
     m_dBes = row.credit;
     m_sDesc = row.description;
     if (!mayStand(*this))
-        throw KAccountingError(QStringLiteral("ردیف سند حسابداری درست نیست و سند ثبت نشد."));
+        throw KAccountingError(u"ردیف سند حسابداری درست نیست و سند ثبت نشد."_s);
 }
 
 int CTblDocs::AddRecord(int docNum, int fiscalYear, const DocumentRow &row, int database)
@@ -118,16 +120,16 @@ QHash<int, AccountBalance> CTblDocs::balances(AccountLevel level, const QDateTim
                                               int database)
 {
     constexpr int accountsOfGroup = 100;
-    const QString code = QStringLiteral("d.") + AccountChart::docsColumn(level);
-    QString clauses = validRows(from, to) + QStringLiteral(" AND %1>0").arg(code);
+    const QString code = u"d."_s + AccountChart::docsColumn(level);
+    QString clauses = validRows(from, to) + u" AND %1>0"_s.arg(code);
     if (group > 0)
-        clauses += QStringLiteral(" AND d.iHesabKolCode BETWEEN %1 AND %2")
+        clauses += u" AND d.iHesabKolCode BETWEEN %1 AND %2"_s
                        .arg(group * accountsOfGroup)
                        .arg(group * accountsOfGroup + accountsOfGroup - 1);
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT %1,SUM(d.dBed),SUM(d.dBes)").arg(code) + clauses
-                       + QStringLiteral(" GROUP BY ") + code);
+    query.ExecuteQuery(u"SELECT %1,SUM(d.dBed),SUM(d.dBes)"_s.arg(code) + clauses
+                       + u" GROUP BY "_s + code);
     QHash<int, AccountBalance> sums;
     for (; query.HasResultRow(); query.MoveNextResult())
         sums.insert(query.GetLongFieldValue(0), {query.GetDoubleFieldValue(1), query.GetDoubleFieldValue(2)});

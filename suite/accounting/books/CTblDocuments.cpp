@@ -11,13 +11,15 @@
 
 #include <QLoggingCategory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcDocuments, "tz.documents")
 
 QString documentFilter(int num, int fiscalYear)
 {
-    return QStringLiteral("iNum=%1 AND iFiscalYear=%2").arg(num).arg(fiscalYear);
+    return u"iNum=%1 AND iFiscalYear=%2"_s.arg(num).arg(fiscalYear);
 }
 
 // The row that every drawer of a number locks first: whoever holds it until the end of the transaction is alone, also in
@@ -27,7 +29,7 @@ void lockNumbering(CTblTemp &temp)
     temp.ExecuteQuery("SELECT iID FROM Properties WHERE sSection='Documents' AND sKey='Numbering' FOR UPDATE", true, true);
     if (!temp.HasResultRow())
         throw CMySQLException(CMySQLException::Category::Other, 0,
-                              QStringLiteral("Properties: the row that guards document numbers is missing"));
+                              u"Properties: the row that guards document numbers is missing"_s);
 }
 
 }
@@ -41,7 +43,7 @@ CTblDocuments::~CTblDocuments() = default;
 
 QString CTblDocuments::GetTableName() const
 {
-    return QStringLiteral("Documents");
+    return u"Documents"_s;
 }
 
 void CTblDocuments::DoFieldExchange()
@@ -148,8 +150,8 @@ void CTblDocuments::RequireBalanced(int num, int fiscalYear, int database)
     const double debit = temp.GetDoubleFieldValue(0);
     const double credit = temp.GetDoubleFieldValue(1);
     if (temp.GetLongFieldValue(2) > 0)
-        throw KAccountingError(QStringLiteral("سند شماره %1 ردیفی با حساب تعریف نشده دارد و ثبت نشد.").arg(num));
+        throw KAccountingError(u"سند شماره %1 ردیفی با حساب تعریف نشده دارد و ثبت نشد."_s.arg(num));
     if (!IsEquals(debit, credit))
-        throw KAccountingError(QStringLiteral("سند شماره %1 تراز نیست و ثبت نشد: بدهکار %2، بستانکار %3.")
+        throw KAccountingError(u"سند شماره %1 تراز نیست و ثبت نشد: بدهکار %2، بستانکار %3."_s
                                    .arg(QString::number(num), DToMoney(debit), DToMoney(credit)));
 }

@@ -10,21 +10,23 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void requireReceivable(const CTblReceipts::Receipt &receipt)
 {
     GetDBSetting()->RequireOpenDB();
     if (receipt.personID < 1)
-        throw KAccountingError(QStringLiteral("لطفا شخص را انتخاب نمایید."));
+        throw KAccountingError(u"لطفا شخص را انتخاب نمایید."_s);
     if (receipt.amount <= 0 || IsEquals(receipt.amount, 0))
-        throw KAccountingError(QStringLiteral("لطفا مبلغ را وارد نمایید."));
+        throw KAccountingError(u"لطفا مبلغ را وارد نمایید."_s);
     if (receipt.moeen < 1)
-        throw KAccountingError(QStringLiteral("لطفا حساب صندوق یا بانک را انتخاب نمایید."));
+        throw KAccountingError(u"لطفا حساب صندوق یا بانک را انتخاب نمایید."_s);
     if (!receipt.date.isValid())
-        throw KAccountingError(QStringLiteral("لطفا تاریخ را وارد نمایید."));
+        throw KAccountingError(u"لطفا تاریخ را وارد نمایید."_s);
     if (receipt.date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        throw KAccountingError(QStringLiteral("تاریخ دریافت پیش از تاریخ افتتاحیه سال مالی است."));
+        throw KAccountingError(u"تاریخ دریافت پیش از تاریخ افتتاحیه سال مالی است."_s);
 }
 
 int writeDocument(const CTblReceipts::Receipt &receipt, int fiscalYear, int database)
@@ -35,7 +37,7 @@ int writeDocument(const CTblReceipts::Receipt &receipt, int fiscalYear, int data
                               {Accounts::persons, receipt.personID, 0, receipt.amount, receipt.desc}}},
                             database);
     if (!document.add(Accounts::documentKindReceipt, fiscalYear))
-        throw KAccountingError(QStringLiteral("سند دریافت ایجاد نشد."));
+        throw KAccountingError(u"سند دریافت ایجاد نشد."_s);
     document.writeRows();
     return document.num();
 }
@@ -51,7 +53,7 @@ CTblReceipts::~CTblReceipts() = default;
 
 QString CTblReceipts::GetTableName() const
 {
-    return QStringLiteral("Receipts");
+    return u"Receipts"_s;
 }
 
 void CTblReceipts::DoFieldExchange()

@@ -5,6 +5,8 @@
 
 #include "suite/accounting/books/chart/Accounts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Kind
@@ -17,11 +19,11 @@ struct Kind
 const Kind *find(int kind)
 {
     static const Kind kinds[] = {
-        {Accounts::documentKindManual, QStringLiteral("دستی"), {}},
-        {Accounts::documentKindReceipt, QStringLiteral("دریافت نقدی"), QStringLiteral("دریافت نقدی")},
-        {Accounts::documentKindSale, QStringLiteral("فاکتور فروش"), QStringLiteral("فاکتور فروش")},
-        {Accounts::documentKindPurchase, QStringLiteral("فاکتور خرید"), QStringLiteral("فاکتور خرید")},
-        {Accounts::documentKindContract, QStringLiteral("قرارداد"), QStringLiteral("قرارداد")},
+        {Accounts::documentKindManual, u"دستی"_s, {}},
+        {Accounts::documentKindReceipt, u"دریافت نقدی"_s, u"دریافت نقدی"_s},
+        {Accounts::documentKindSale, u"فاکتور فروش"_s, u"فاکتور فروش"_s},
+        {Accounts::documentKindPurchase, u"فاکتور خرید"_s, u"فاکتور خرید"_s},
+        {Accounts::documentKindContract, u"قرارداد"_s, u"قرارداد"_s},
     };
     for (const Kind &known : kinds) {
         if (known.kind == kind)
@@ -35,15 +37,15 @@ const Kind *find(int kind)
 QString DocumentKinds::name(int kind)
 {
     const Kind *known = find(kind);
-    return known ? known->name : QStringLiteral("سایر");
+    return known ? known->name : u"سایر"_s;
 }
 
 QString DocumentKinds::refusal(int kind)
 {
     const Kind *known = find(kind);
     if (!known)
-        return QStringLiteral("این سند را برنامه ثبت کرده است و دستی تغییر نمی‌کند.");
+        return u"این سند را برنامه ثبت کرده است و دستی تغییر نمی‌کند."_s;
     if (known->owner.isEmpty())
         return {};
-    return QStringLiteral("این سند از «%1» ثبت شده است و فقط از همان‌جا تغییر می‌کند.").arg(known->owner);
+    return u"این سند از «%1» ثبت شده است و فقط از همان‌جا تغییر می‌کند."_s.arg(known->owner);
 }

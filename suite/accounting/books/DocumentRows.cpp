@@ -7,13 +7,15 @@
 #include "suite/db/KLookup.h"
 #include "suite/accounting/books/CTblDocs.h"
 
+using namespace Qt::StringLiterals;
+
 namespace DocumentRows {
 
 QList<Named> read(int num, int fiscalYear, int database)
 {
     CTblDocs docs(database);
-    docs.m_filter = QStringLiteral("iDocNum=%1 AND iFiscalYear=%2").arg(num).arg(fiscalYear);
-    docs.m_sort = QStringLiteral("iID");
+    docs.m_filter = u"iDocNum=%1 AND iFiscalYear=%2"_s.arg(num).arg(fiscalYear);
+    docs.m_sort = u"iID"_s;
     QList<Named> rows;
     QList<int> subsidiary;
     QList<int> detail;
@@ -44,11 +46,11 @@ QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int data
     QStringList keys;
     keys.reserve(documents.size());
     for (const DocumentKey &document : documents)
-        keys.append(QStringLiteral("(%1,%2)").arg(document.second).arg(document.first));
+        keys.append(u"(%1,%2)"_s.arg(document.second).arg(document.first));
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT iFiscalYear,iDocNum,SUM(dBed) FROM Docs WHERE (iDocNum,iFiscalYear) IN (%1) "
-                                      "GROUP BY iFiscalYear,iDocNum")
+    query.ExecuteQuery(u"SELECT iFiscalYear,iDocNum,SUM(dBed) FROM Docs WHERE (iDocNum,iFiscalYear) IN (%1) "
+                       "GROUP BY iFiscalYear,iDocNum"_s
                            .arg(keys.join(u',')));
     for (; query.HasResultRow(); query.MoveNextResult())
         sums.insert({query.GetLongFieldValue(0), query.GetLongFieldValue(1)}, query.GetDoubleFieldValue(2));
@@ -59,7 +61,7 @@ QList<int> fiscalYears(int database)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT DISTINCT iFiscalYear FROM Documents ORDER BY iFiscalYear DESC"));
+    query.ExecuteQuery(u"SELECT DISTINCT iFiscalYear FROM Documents ORDER BY iFiscalYear DESC"_s);
     QList<int> years;
     for (; query.HasResultRow(); query.MoveNextResult())
         years.append(query.GetLongFieldValue(0));

@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 KListModel::Cell numberCell(int value)
@@ -30,15 +32,15 @@ DocumentRowsPane::DocumentRowsPane(const QString &settingName, QWidget *parent)
     , m_list(new KExtListCtrl(this))
     , m_totals(new QLabel(this))
 {
-    m_list->setAccessibleName(QStringLiteral("ردیف‌های سند"));
+    m_list->setAccessibleName(u"ردیف‌های سند"_s);
     m_list->setColumns({
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("کد حساب"), Qt::AlignHCenter, 50, {}},
-        {QStringLiteral("نام حساب"), Qt::AlignRight, 110, {}},
-        {QStringLiteral("شخص"), Qt::AlignRight, 110, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 170, {}},
-        {QStringLiteral("بدهکار"), Qt::AlignRight, 75, {}},
-        {QStringLiteral("بستانکار"), Qt::AlignRight, 75, {}},
+        {u"ردیف"_s, Qt::AlignHCenter, 30, {}},
+        {u"کد حساب"_s, Qt::AlignHCenter, 50, {}},
+        {u"نام حساب"_s, Qt::AlignRight, 110, {}},
+        {u"شخص"_s, Qt::AlignRight, 110, {}},
+        {u"شرح"_s, Qt::AlignRight, 170, {}},
+        {u"بدهکار"_s, Qt::AlignRight, 75, {}},
+        {u"بستانکار"_s, Qt::AlignRight, 75, {}},
     });
     m_list->SetSettingName(settingName);
     auto *column = new QVBoxLayout(this);
@@ -68,7 +70,7 @@ void DocumentRowsPane::showDocument(int num, int fiscalYear)
     }
     m_list->setRows(std::move(rows));
     m_totals->setText(found.isEmpty() ? QString()
-                                      : QStringLiteral("جمع بدهکار : %1     جمع بستانکار : %2")
+                                      : u"جمع بدهکار : %1     جمع بستانکار : %2"_s
                                             .arg(DToMoney(sum.bed), DToMoney(sum.bes)));
 }
 

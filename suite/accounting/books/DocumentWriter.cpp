@@ -8,12 +8,14 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 QString DocumentWriter::imbalance(const QList<DocumentRow> &rows)
 {
     const AccountBalance sum = documentSum(rows);
     if (sum.isBalanced())
         return {};
-    return QStringLiteral("سند تراز نیست: بدهکار %1، بستانکار %2.").arg(DToMoney(sum.bed), DToMoney(sum.bes));
+    return u"سند تراز نیست: بدهکار %1، بستانکار %2."_s.arg(DToMoney(sum.bed), DToMoney(sum.bes));
 }
 
 DocumentWriter::DocumentWriter(DocumentContent content, int database)

@@ -18,12 +18,14 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool findHeader(CTblDocuments &header, int num, int fiscalYear)
 {
     return num > 0
-        && header.IsRecordExist(QStringLiteral("iNum"), num, 0, QStringLiteral(" AND iFiscalYear=%1").arg(fiscalYear));
+        && header.IsRecordExist(u"iNum"_s, num, 0, u" AND iFiscalYear=%1"_s.arg(fiscalYear));
 }
 
 void requireChangeable(int num, int fiscalYear, int database)
@@ -39,8 +41,8 @@ void requireChangeable(int num, int fiscalYear, int database)
 void requireUnchanged(const ManualDocument &seen, int database)
 {
     if (ManualDocument::load(seen.num, seen.fiscalYear, database) != seen)
-        throw KAccountingError(QStringLiteral("سند شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این پنجره "
-                                              "را ببندید و سند را دوباره باز نمایید.")
+        throw KAccountingError(u"سند شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این پنجره "
+                               "را ببندید و سند را دوباره باز نمایید."_s
                                    .arg(seen.num));
 }
 
@@ -53,7 +55,7 @@ void requirePersons(const QList<DocumentRow> &rows, int database)
     for (int index = 0; index < rows.size(); ++index) {
         const int person = rows.at(index).personID;
         if (person > 0 && !known.contains(person))
-            throw KAccountingError(QStringLiteral("شخص ردیف %1 دیگر وجود ندارد.").arg(index + 1));
+            throw KAccountingError(u"شخص ردیف %1 دیگر وجود ندارد."_s.arg(index + 1));
     }
 }
 
@@ -100,21 +102,21 @@ QString ManualDocument::message(const Problem &problem) const
     const QString row = QString::number(problem.row + 1);
     switch (problem.what) {
     case What::NoDate:
-        return QStringLiteral("لطفا تاریخ را وارد نمایید.");
+        return u"لطفا تاریخ را وارد نمایید."_s;
     case What::NoRows:
-        return QStringLiteral("لطفا ردیف‌های سند را وارد نمایید.");
+        return u"لطفا ردیف‌های سند را وارد نمایید."_s;
     case What::NoAccount:
-        return QStringLiteral("لطفا حساب ردیف %1 را انتخاب نمایید.").arg(row);
+        return u"لطفا حساب ردیف %1 را انتخاب نمایید."_s.arg(row);
     case What::NoPerson:
-        return QStringLiteral("لطفا شخص ردیف %1 را انتخاب نمایید.").arg(row);
+        return u"لطفا شخص ردیف %1 را انتخاب نمایید."_s.arg(row);
     case What::NeedlessPerson:
-        return QStringLiteral("ردیف %1 روی حساب اشخاص نیست و شخص نمی‌گیرد.").arg(row);
+        return u"ردیف %1 روی حساب اشخاص نیست و شخص نمی‌گیرد."_s.arg(row);
     case What::NoAmount:
-        return QStringLiteral("لطفا بدهکار یا بستانکار ردیف %1 را وارد نمایید.").arg(row);
+        return u"لطفا بدهکار یا بستانکار ردیف %1 را وارد نمایید."_s.arg(row);
     case What::BothSides:
-        return QStringLiteral("ردیف %1 یا بدهکار است یا بستانکار.").arg(row);
+        return u"ردیف %1 یا بدهکار است یا بستانکار."_s.arg(row);
     case What::AmountTooLarge:
-        return QStringLiteral("مبلغ ردیف %1 بیش از اندازه بزرگ است.").arg(row);
+        return u"مبلغ ردیف %1 بیش از اندازه بزرگ است."_s.arg(row);
     case What::NotBalanced:
         return DocumentWriter::imbalance(rows);
     }
@@ -141,7 +143,7 @@ void ManualDocument::saveWhole(const ManualDocument *seen, int database)
     if (!found.isEmpty())
         throw KAccountingError(message(found.constFirst()));
     if (date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        throw KAccountingError(QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."));
+        throw KAccountingError(u"تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."_s);
     ManualDocument written = *this;
     if (num == 0)
         written.fiscalYear = GetDBSetting()->FiscalYear();
@@ -159,14 +161,14 @@ void ManualDocument::write(const ManualDocument *seen, int database)
     DocumentWriter writer({date, ConvertToStandard(desc), rows}, database);
     if (num == 0) {
         if (!writer.add(Accounts::documentKindManual, fiscalYear))
-            throw KAccountingError(QStringLiteral("سند ایجاد نشد."));
+            throw KAccountingError(u"سند ایجاد نشد."_s);
         num = writer.num();
     } else {
         requireChangeable(num, fiscalYear, database);
         if (seen)
             requireUnchanged(*seen, database);
         if (!writer.rewrite(num, fiscalYear))
-            throw KAccountingError(QStringLiteral("سند تغییر نکرد."));
+            throw KAccountingError(u"سند تغییر نکرد."_s);
     }
     requirePersons(rows, database);
     writer.writeRows();
@@ -192,7 +194,7 @@ void ManualDocument::remove(int num, int fiscalYear, int database)
     GetDBSetting()->RequireOpenDB();
     KTransaction transaction(database);
     requireChangeable(num, fiscalYear, database);
-    CTblDocuments::DeleteDoc(num, fiscalYear, Accounts::documentKindManual, 0, QStringLiteral("by hand"), database);
+    CTblDocuments::DeleteDoc(num, fiscalYear, Accounts::documentKindManual, 0, u"by hand"_s, database);
     transaction.commit();
 }
 
@@ -200,13 +202,13 @@ QString ManualDocument::changeRefusal(int num, int fiscalYear, int database)
 {
     CTblDocuments header(database);
     if (!findHeader(header, num, fiscalYear))
-        return QStringLiteral("این سند دیگر وجود ندارد.");
+        return u"این سند دیگر وجود ندارد."_s;
     QString ofKind = DocumentKinds::refusal(header.m_iKind);
     if (!ofKind.isEmpty())
         return ofKind;
     const int year = GetDBSetting()->FiscalYear();
     if (fiscalYear != year)
-        return QStringLiteral("سند شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند.")
+        return u"سند شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند."_s
             .arg(num)
             .arg(fiscalYear)
             .arg(year);

@@ -7,10 +7,12 @@
 
 #include <QStyleFactory>
 
+using namespace Qt::StringLiterals;
+
 KApplication::KApplication(int &argc, char **argv)
     : QApplication(argc, argv)
 {
-    setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    setStyle(QStyleFactory::create(u"Fusion"_s));
     setLayoutDirection(Qt::RightToLeft);
 }
 

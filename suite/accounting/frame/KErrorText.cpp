@@ -10,6 +10,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestLoggedStatement = 500;
@@ -19,44 +21,44 @@ QString categoryName(CMySQLException::Category category)
     using Category = CMySQLException::Category;
     switch (category) {
     case Category::ConnectionLost:
-        return QStringLiteral("connection lost");
+        return u"connection lost"_s;
     case Category::DuplicateKey:
-        return QStringLiteral("duplicate key");
+        return u"duplicate key"_s;
     case Category::LockConflict:
-        return QStringLiteral("lock conflict");
+        return u"lock conflict"_s;
     case Category::ValueTooLong:
-        return QStringLiteral("value too long");
+        return u"value too long"_s;
     case Category::BadCharacter:
-        return QStringLiteral("bad character");
+        return u"bad character"_s;
     case Category::BadStatement:
-        return QStringLiteral("bad statement");
+        return u"bad statement"_s;
     case Category::AlreadySo:
-        return QStringLiteral("already so");
+        return u"already so"_s;
     case Category::DiskFull:
-        return QStringLiteral("disk full");
+        return u"disk full"_s;
     case Category::NoCurrentRow:
-        return QStringLiteral("no current row");
+        return u"no current row"_s;
     case Category::Other:
         break;
     }
-    return QStringLiteral("other");
+    return u"other"_s;
 }
 
 // The server quotes values in its messages too; an apostrophe within a word is none of those quotes.
 QString maskedMessage(QString message)
 {
-    static const QRegularExpression quoted(QStringLiteral(R"((?<!\w)'.*'(?!\w))"),
+    static const QRegularExpression quoted(uR"((?<!\w)'.*'(?!\w))"_s,
                                            QRegularExpression::DotMatchesEverythingOption
                                                | QRegularExpression::UseUnicodePropertiesOption);
-    return message.replace(quoted, QStringLiteral("?")).simplified();
+    return message.replace(quoted, u"?"_s).simplified();
 }
 
 QString databaseLogText(const CMySQLException &error)
 {
-    QString text = QStringLiteral("database, ") + categoryName(error.category())
-        + QStringLiteral(" (%1): ").arg(error.serverCode()) + maskedMessage(error.GetErrorMessage());
+    QString text = u"database, "_s + categoryName(error.category())
+        + u" (%1): "_s.arg(error.serverCode()) + maskedMessage(error.GetErrorMessage());
     if (!error.statement().isEmpty())
-        text += QStringLiteral(" in: ") + KErrorText::maskedStatement(error.statement());
+        text += u" in: "_s + KErrorText::maskedStatement(error.statement());
     return text;
 }
 
@@ -64,12 +66,12 @@ QString databaseLogText(const CMySQLException &error)
 
 QString KErrorText::maskedStatement(const QString &statement)
 {
-    static const QRegularExpression quoted(QStringLiteral(R"('(?:[^'\\]|\\.|'')*(?:'|$)|"(?:[^"\\]|\\.|"")*(?:"|$))"),
+    static const QRegularExpression quoted(uR"('(?:[^'\\]|\\.|'')*(?:'|$)|"(?:[^"\\]|\\.|"")*(?:"|$))"_s,
                                            QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression number(QStringLiteral(R"(\b(?:0x[0-9A-Fa-f]+|\d+(?:\.\d+)?(?:[eE][+-]?\d+)?)\b)"));
+    static const QRegularExpression number(uR"(\b(?:0x[0-9A-Fa-f]+|\d+(?:\.\d+)?(?:[eE][+-]?\d+)?)\b)"_s);
     QString masked = statement.left(20 * longestLoggedStatement);
-    masked.replace(quoted, QStringLiteral("?"));
-    masked.replace(number, QStringLiteral("?"));
+    masked.replace(quoted, u"?"_s);
+    masked.replace(number, u"?"_s);
     return masked.simplified().left(longestLoggedStatement);
 }
 
@@ -82,9 +84,9 @@ QString KErrorText::userMessage(const std::exception_ptr &error)
     } catch (const KAccountingError &known) {
         return known.userMessage();
     } catch (const std::bad_alloc &) {
-        return QStringLiteral("حافظه رایانه برای این کار کافی نبود.");
+        return u"حافظه رایانه برای این کار کافی نبود."_s;
     } catch (...) {
-        return QStringLiteral("خطایی پیش بینی نشده رخ داد و این کار انجام نشد. جزئیات در گزارش رویدادها ثبت شد.");
+        return u"خطایی پیش بینی نشده رخ داد و این کار انجام نشد. جزئیات در گزارش رویدادها ثبت شد."_s;
     }
 }
 
@@ -95,10 +97,10 @@ QString KErrorText::logText(const std::exception_ptr &error)
     } catch (const CMySQLException &known) {
         return databaseLogText(known);
     } catch (const KAccountingError &known) {
-        return QStringLiteral("refused: ") + known.userMessage();
+        return u"refused: "_s + known.userMessage();
     } catch (const std::exception &known) {
-        return QStringLiteral("exception: ") + QString::fromUtf8(known.what());
+        return u"exception: "_s + QString::fromUtf8(known.what());
     } catch (...) {
-        return QStringLiteral("exception of an unknown kind");
+        return u"exception of an unknown kind"_s;
     }
 }

@@ -6,6 +6,8 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Chain
@@ -25,15 +27,15 @@ Chain &chain()
 QString reasonAgainst(const QString &name, int builtForVersion, const QStringList &attached)
 {
     if (name.isEmpty())
-        return QStringLiteral("افزونه نامی ندارد.");
+        return u"افزونه نامی ندارد."_s;
     if (builtForVersion != KExtensionModules::frameworkVersion) {
-        return QStringLiteral("افزونه «%1» برای نسخه دیگری از برنامه ساخته شده است (نسخه %2 به جای %3).")
+        return u"افزونه «%1» برای نسخه دیگری از برنامه ساخته شده است (نسخه %2 به جای %3)."_s
             .arg(name)
             .arg(builtForVersion)
             .arg(KExtensionModules::frameworkVersion);
     }
     if (attached.contains(name))
-        return QStringLiteral("افزونه «%1» پیش از این بارگذاری شده است.").arg(name);
+        return u"افزونه «%1» پیش از این بارگذاری شده است."_s.arg(name);
     return {};
 }
 

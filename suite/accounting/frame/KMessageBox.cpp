@@ -7,6 +7,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 // The box that messages are shown in. It hands itself in when the library of the windows is loaded, which the use of any of
 // them does, so that a program has it whatever its application object is.
 
@@ -24,11 +26,11 @@ Look lookOf(KMessageDialog::Kind kind)
 {
     switch (kind) {
     case KMessageDialog::Kind::Warning:
-        return {QMessageBox::Warning, QStringLiteral("هشدار")};
+        return {QMessageBox::Warning, u"هشدار"_s};
     case KMessageDialog::Kind::Message:
-        return {QMessageBox::Information, QStringLiteral("پیام")};
+        return {QMessageBox::Information, u"پیام"_s};
     case KMessageDialog::Kind::Question:
-        return {QMessageBox::Question, QStringLiteral("پرسش")};
+        return {QMessageBox::Question, u"پرسش"_s};
     }
     Q_UNREACHABLE();
 }
@@ -78,16 +80,16 @@ KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Butt
     QMessageBox box(parent ? parent : QApplication::activeWindow());
     dress(box, kind, text);
     if (buttons == Buttons::Ok) {
-        QPushButton *ok = addButton(box, QStringLiteral("باشه"), QMessageBox::AcceptRole);
+        QPushButton *ok = addButton(box, u"باشه"_s, QMessageBox::AcceptRole);
         box.setDefaultButton(ok);
         box.setEscapeButton(ok);
         box.exec();
         return KMessageDialog::Yes;
     }
-    const QPushButton *yes = addButton(box, QStringLiteral("بله"), QMessageBox::YesRole);
-    QPushButton *no = addButton(box, QStringLiteral("خیر"), QMessageBox::NoRole);
+    const QPushButton *yes = addButton(box, u"بله"_s, QMessageBox::YesRole);
+    QPushButton *no = addButton(box, u"خیر"_s, QMessageBox::NoRole);
     QPushButton *cancel =
-        buttons == Buttons::YesNoCancel ? addButton(box, QStringLiteral("انصراف"), QMessageBox::RejectRole) : nullptr;
+        buttons == Buttons::YesNoCancel ? addButton(box, u"انصراف"_s, QMessageBox::RejectRole) : nullptr;
     box.setDefaultButton(no);
     box.setEscapeButton(cancel ? cancel : no);
     box.exec();

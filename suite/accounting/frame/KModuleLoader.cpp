@@ -7,6 +7,8 @@
 
 #include <QLoggingCategory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcModules, "tz.modules")
@@ -29,11 +31,11 @@ bool KModuleLoader::load(const QString &libraryPath)
     // All symbols at once: a module that lacks one must fail here, not at a click.
     m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint);
     if (!m_library.load())
-        return fail(QStringLiteral("پرونده افزونه باز نشد."), m_library.errorString());
+        return fail(u"پرونده افزونه باز نشد."_s, m_library.errorString());
     if (!KExtensionModules::isAttached(m_name)) {
         const QString refusal = KExtensionModules::refusal();
         m_library.unload();
-        return fail(refusal.isEmpty() ? QStringLiteral("افزونه خود را معرفی نکرد.") : refusal, QString());
+        return fail(refusal.isEmpty() ? u"افزونه خود را معرفی نکرد."_s : refusal, QString());
     }
     m_loaded = true;
     return true;
@@ -54,7 +56,7 @@ QFunctionPointer KModuleLoader::resolve(const char *symbol)
 
 bool KModuleLoader::fail(const QString &reason, const QString &technical)
 {
-    m_errorText = QStringLiteral("بارگذاری افزونه «%1» انجام نشد: %2").arg(m_name, reason);
+    m_errorText = u"بارگذاری افزونه «%1» انجام نشد: %2"_s.arg(m_name, reason);
     m_technicalText = technical;
     qCWarning(lcModules).noquote() << "module" << m_name << "not loaded from" << m_library.fileName() << technical;
     return false;

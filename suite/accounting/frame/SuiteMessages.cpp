@@ -3,12 +3,14 @@
 
 #include "suite/accounting/frame/SuiteMessages.h"
 
+using namespace Qt::StringLiterals;
+
 QString SuiteMessages::count(qint64 rows)
 {
-    return QStringLiteral("تعداد : %1").arg(rows);
+    return u"تعداد : %1"_s.arg(rows);
 }
 
 QString SuiteMessages::deleteQuestion()
 {
-    return QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟");
+    return u"آیا از حذف این رکورد اطمینان دارید؟"_s;
 }

@@ -5,6 +5,8 @@
 
 #include "suite/accounting/invoices/CTblFactors.h"
 
+using namespace Qt::StringLiterals;
+
 CTblFactorStuffs::CTblFactorStuffs(int database)
     : KMySQL(database)
 {
@@ -14,7 +16,7 @@ CTblFactorStuffs::~CTblFactorStuffs() = default;
 
 QString CTblFactorStuffs::GetTableName() const
 {
-    return QStringLiteral("FactorStuffs");
+    return u"FactorStuffs"_s;
 }
 
 void CTblFactorStuffs::DoFieldExchange()

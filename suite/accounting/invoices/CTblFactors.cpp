@@ -3,6 +3,8 @@
 
 #include "suite/accounting/invoices/CTblFactors.h"
 
+using namespace Qt::StringLiterals;
+
 CTblFactors::CTblFactors(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblFactors::~CTblFactors() = default;
 
 QString CTblFactors::GetTableName() const
 {
-    return QStringLiteral("Factors");
+    return u"Factors"_s;
 }
 
 void CTblFactors::DoFieldExchange()

@@ -8,6 +8,8 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The name in standard form. Stands inside the transaction that writes it.
@@ -15,17 +17,17 @@ QString requireGood(int code, const QString &name, int ownID, int database)
 {
     QString kept = ConvertToStandard(name);
     if (kept.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا نام خدمت را وارد نمایید."));
+        throw KAccountingError(u"لطفا نام خدمت را وارد نمایید."_s);
     if (code < 1)
-        throw KAccountingError(QStringLiteral("لطفا کد خدمت را وارد نمایید."));
+        throw KAccountingError(u"لطفا کد خدمت را وارد نمایید."_s);
     CTblServices others(database);
-    others.m_filter = QStringLiteral("iID<>%1").arg(ownID);
+    others.m_filter = u"iID<>%1"_s.arg(ownID);
     const QString key = searchKey(kept);
     for (others.Open(true, true, true); !others.IsEOF(); others.MoveNext()) {
         if (others.m_iCode == code)
-            throw KAccountingError(QStringLiteral("کد %1 از آن خدمت «%2» است.").arg(QString::number(code), others.m_sName));
+            throw KAccountingError(u"کد %1 از آن خدمت «%2» است."_s.arg(QString::number(code), others.m_sName));
         if (searchKey(others.m_sName) == key)
-            throw KAccountingError(QStringLiteral("خدمتی به نام «%1» وجود دارد.").arg(others.m_sName));
+            throw KAccountingError(u"خدمتی به نام «%1» وجود دارد."_s.arg(others.m_sName));
     }
     return kept;
 }
@@ -41,7 +43,7 @@ CTblServices::~CTblServices() = default;
 
 QString CTblServices::GetTableName() const
 {
-    return QStringLiteral("Services");
+    return u"Services"_s;
 }
 
 void CTblServices::DoFieldExchange()
@@ -55,7 +57,7 @@ int CTblServices::nextCode(int database)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT MAX(iCode) FROM Services"));
+    query.ExecuteQuery(u"SELECT MAX(iCode) FROM Services"_s);
     return query.GetLongFieldValue(0) + 1;
 }
 
@@ -75,8 +77,8 @@ void CTblServices::change(int id, int code, const QString &name, int database)
 {
     KTransaction transaction(database);
     CTblServices set(database);
-    if (!set.IsRecordExist(QStringLiteral("iID"), id))
-        throw KAccountingError(QStringLiteral("این خدمت دیگر وجود ندارد."));
+    if (!set.IsRecordExist(u"iID"_s, id))
+        throw KAccountingError(u"این خدمت دیگر وجود ندارد."_s);
     set.Edit();
     set.m_sName = requireGood(code, name, id, database);
     set.m_iCode = code;
@@ -91,7 +93,7 @@ void CTblServices::remove(int id, int database)
     query.Open(false, false, true);
     query.FormatAndExecuteQuery("SELECT iFactorNum FROM FactorStuffs WHERE iServiceID=%d ORDER BY iFactorNum LIMIT 1 FOR UPDATE", id);
     if (query.HasResultRow())
-        throw KAccountingError(QStringLiteral("این خدمت در فاکتور شماره %1 به کار رفته است و حذف نمی‌شود.")
+        throw KAccountingError(u"این خدمت در فاکتور شماره %1 به کار رفته است و حذف نمی‌شود."_s
                                    .arg(query.GetLongFieldValue(0)));
     query.FormatAndExecuteQuery("DELETE FROM Services WHERE iID=%d", id);
     transaction.commit();

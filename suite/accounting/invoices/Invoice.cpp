@@ -5,6 +5,8 @@
 
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int percentDecimals = 4;
@@ -184,24 +186,24 @@ QString Invoice::message(const Problem &problem)
     const QString line = QString::number(problem.line + 1);
     switch (problem.what) {
     case What::NoPerson:
-        return QStringLiteral("لطفا شخص را انتخاب نمایید.");
+        return u"لطفا شخص را انتخاب نمایید."_s;
     case What::NoDate:
-        return QStringLiteral("لطفا تاریخ را وارد نمایید.");
+        return u"لطفا تاریخ را وارد نمایید."_s;
     case What::NoLines:
-        return QStringLiteral("لطفا دست‌کم یک ردیف وارد نمایید.");
+        return u"لطفا دست‌کم یک ردیف وارد نمایید."_s;
     case What::LineOfNothing:
-        return QStringLiteral("لطفا خدمت یا شرح ردیف %1 را وارد نمایید.").arg(line);
+        return u"لطفا خدمت یا شرح ردیف %1 را وارد نمایید."_s.arg(line);
     case What::LineWithoutCount:
-        return QStringLiteral("لطفا تعداد ردیف %1 را وارد نمایید.").arg(line);
+        return u"لطفا تعداد ردیف %1 را وارد نمایید."_s.arg(line);
     case What::LineWithoutPrice:
-        return QStringLiteral("لطفا قیمت ردیف %1 را وارد نمایید.").arg(line);
+        return u"لطفا قیمت ردیف %1 را وارد نمایید."_s.arg(line);
     case What::AmountTooLarge:
-        return problem.line < 0 ? QStringLiteral("مبلغ فاکتور بیش از اندازه بزرگ است.")
-                                : QStringLiteral("مبلغ ردیف %1 بیش از اندازه بزرگ است.").arg(line);
+        return problem.line < 0 ? u"مبلغ فاکتور بیش از اندازه بزرگ است."_s
+                                : u"مبلغ ردیف %1 بیش از اندازه بزرگ است."_s.arg(line);
     case What::DiscountAboveSum:
-        return QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است.");
+        return u"تخفیف از جمع ردیف‌ها بیشتر است."_s;
     case What::NegativeFigure:
-        return QStringLiteral("تخفیف، مالیات و عوارض منفی نمی‌شوند.");
+        return u"تخفیف، مالیات و عوارض منفی نمی‌شوند."_s;
     }
     Q_UNREACHABLE();
 }

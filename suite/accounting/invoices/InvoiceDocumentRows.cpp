@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The accounts of one kind of invoice. On the person's side lie what is owed and the discount, on the other what the
@@ -31,9 +33,9 @@ constexpr InvoiceAccounts purchaseAccounts{Accounts::serviceExpense, Accounts::p
 QString invoiceDocumentDescription(int type, bool returned, int num)
 {
     const bool isPurchase = type == Invoice::purchase;
-    const QString name = returned ? (isPurchase ? QStringLiteral("برگشت از خرید") : QStringLiteral("برگشت از فروش"))
-                                  : (isPurchase ? QStringLiteral("فاکتور خرید") : QStringLiteral("فاکتور فروش"));
-    return name + QStringLiteral(" ش :") + IToStr(num);
+    const QString name = returned ? (isPurchase ? u"برگشت از خرید"_s : u"برگشت از فروش"_s)
+                                  : (isPurchase ? u"فاکتور خرید"_s : u"فاکتور فروش"_s);
+    return name + u" ش :"_s + IToStr(num);
 }
 
 QList<DocumentRow> invoiceDocumentRows(const InvoiceForDocument &invoice)
@@ -48,10 +50,10 @@ QList<DocumentRow> invoiceDocumentRows(const InvoiceForDocument &invoice)
             rows.append({account, personID, debit ? amount : 0, debit ? 0 : amount, desc});
     };
     add(Accounts::persons, invoice.personID, personDebit, invoice.sum - invoice.discount + invoice.tax + invoice.duty, text);
-    add(accounts.discount, 0, personDebit, invoice.discount, QStringLiteral("تخفیف ") + full);
+    add(accounts.discount, 0, personDebit, invoice.discount, u"تخفیف "_s + full);
     add(accounts.subject, 0, !personDebit, invoice.sum, full);
-    add(accounts.tax, 0, !personDebit, invoice.tax, QStringLiteral("مالیات ارزش افزوده ") + full);
-    add(accounts.duty, 0, !personDebit, invoice.duty, QStringLiteral("عوارض ") + full);
+    add(accounts.tax, 0, !personDebit, invoice.tax, u"مالیات ارزش افزوده "_s + full);
+    add(accounts.duty, 0, !personDebit, invoice.duty, u"عوارض "_s + full);
     std::stable_partition(rows.begin(), rows.end(), [](const DocumentRow &row) { return row.debit > 0; });
     return rows;
 }

@@ -16,9 +16,11 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString keyColumn = QStringLiteral("iID");
+const QString keyColumn = u"iID"_s;
 
 // What does not change while the invoice is written, so that a replay reads it once.
 struct Frame
@@ -36,15 +38,15 @@ void requireSavable(const Invoice &invoice, const Frame &frame)
     if (!problems.isEmpty())
         throw KAccountingError(Invoice::message(problems.constFirst()));
     if (invoice.date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        throw KAccountingError(QStringLiteral("تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."));
+        throw KAccountingError(u"تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."_s);
 }
 
 QString refusalOf(const CTblFactors &invoice, int fiscalYear)
 {
     if (invoice.m_iStatus != CTblFactors::valid)
-        return QStringLiteral("فاکتور شماره %1 باطل شده است و تغییر نمی‌کند.").arg(invoice.m_iID);
+        return u"فاکتور شماره %1 باطل شده است و تغییر نمی‌کند."_s.arg(invoice.m_iID);
     if (invoice.m_iFiscalYear != fiscalYear)
-        return QStringLiteral("فاکتور شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند.")
+        return u"فاکتور شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند."_s
             .arg(invoice.m_iID)
             .arg(invoice.m_iFiscalYear)
             .arg(fiscalYear);
@@ -53,7 +55,7 @@ QString refusalOf(const CTblFactors &invoice, int fiscalYear)
 
 QString goneText()
 {
-    return QStringLiteral("این فاکتور دیگر وجود ندارد.");
+    return u"این فاکتور دیگر وجود ندارد."_s;
 }
 
 // Loads the invoice for a change and keeps others from changing it until the transaction ends.
@@ -72,8 +74,8 @@ void lockForChange(CTblFactors &record, int num, const Frame &frame)
 void requireUnchanged(const Invoice &seen, const Frame &frame)
 {
     if (InvoicePosting::load(seen.num, frame.database) != seen)
-        throw KAccountingError(QStringLiteral("فاکتور شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این "
-                                              "پنجره را ببندید و فاکتور را دوباره باز نمایید.")
+        throw KAccountingError(u"فاکتور شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این "
+                               "پنجره را ببندید و فاکتور را دوباره باز نمایید."_s
                                    .arg(seen.num));
 }
 
@@ -88,7 +90,7 @@ void requireServices(const Invoice &invoice, const Frame &frame)
             continue;
         query.FormatAndExecuteQuery("SELECT iID FROM Services WHERE iID=%d LOCK IN SHARE MODE", service);
         if (!query.HasResultRow())
-            throw KAccountingError(QStringLiteral("خدمت ردیف %1 دیگر وجود ندارد.").arg(index + 1));
+            throw KAccountingError(u"خدمت ردیف %1 دیگر وجود ندارد."_s.arg(index + 1));
     }
 }
 
@@ -127,7 +129,7 @@ void writeDocument(CTblFactors &record, const DocumentContent &content, const Fr
     if (!document.rewrite(record.m_iDocNum, record.m_iFiscalYear)) {
         const int kind = record.m_iType == CTblFactors::purchase ? Accounts::documentKindPurchase : Accounts::documentKindSale;
         if (!document.add(kind, frame.fiscalYear))
-            throw KAccountingError(QStringLiteral("سند فاکتور ایجاد نشد."));
+            throw KAccountingError(u"سند فاکتور ایجاد نشد."_s);
         record.Edit();
         record.m_iDocNum = document.num();
         record.m_iFiscalYear = document.fiscalYear();
@@ -165,7 +167,7 @@ InvoicePosting::Saved write(const Invoice &invoice, const Invoice *seen, const F
     }
     const QString person = KLookup::name(record, u"iPersonID", invoice.personID);
     if (person.isEmpty())
-        throw KAccountingError(QStringLiteral("این شخص دیگر وجود ندارد."));
+        throw KAccountingError(u"این شخص دیگر وجود ندارد."_s);
     requireServices(invoice, frame);
     fill(record, invoice, frame);
     record.Update(true);
@@ -233,7 +235,7 @@ Invoice InvoicePosting::load(int num, int database)
     invoice.tax = record.m_dTax;
     invoice.duty = record.m_dImposition;
     CTblFactorStuffs lines(database);
-    lines.m_filter = QStringLiteral("iFactorNum=%1").arg(num);
+    lines.m_filter = u"iFactorNum=%1"_s.arg(num);
     lines.m_sort = keyColumn;
     for (lines.Open(true, true, true); !lines.IsEOF(); lines.MoveNext()) {
         invoice.returned = invoice.returned || CTblFactorStuffs::isReturned(lines.m_iKind);

@@ -18,9 +18,11 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString clauseStart = QStringLiteral(" AND ");
+const QString clauseStart = u" AND "_s;
 
 }
 
@@ -52,7 +54,7 @@ void KListPage::build()
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(title());
     m_list->setColumns(columns);
-    m_list->SetSettingName(m_traits.layoutSetting.isEmpty() ? m_section + QStringLiteral("\\List") : m_traits.layoutSetting);
+    m_list->SetSettingName(m_traits.layoutSetting.isEmpty() ? m_section + u"\\List"_s : m_traits.layoutSetting);
 
     buildFilterBox();
     auto *layout = new QVBoxLayout(this);
@@ -83,7 +85,8 @@ void KListPage::connectList()
 
 void KListPage::buildFilterBox()
 {
-    m_filterBox = new KListFilterBox(m_traits, filterTable(), [this](QGridLayout *grid) { buildFilters(grid); }, this);
+    m_filterBox = new KListFilterBox(
+        m_traits, filterTable(), [this](QGridLayout *grid) { buildFilters(grid); }, this);
     connect(m_filterBox, &KListFilterBox::searchAsked, this, &KListPage::search);
     auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(find, &QShortcut::activated, this, [this] { firstFilterControl()->setFocus(Qt::ShortcutFocusReason); });
@@ -103,14 +106,14 @@ void KListPage::buildCommands()
                                    {m_list, m_filterBox->searchRow(), [this](QWidget *parent) { return m_printing.makeMenu(parent, [this] { return !m_closed; }); },
                                     [this](const std::function<void()> &work) { guarded(work); }},
                                    this);
-    m_count = new QLabel(QStringLiteral("تعداد : -"), m_commands);
+    m_count = new QLabel(u"تعداد : -"_s, m_commands);
     m_commands->addAtEnd(m_count);
 }
 
 KListCommand KListPage::printCommand(int options)
 {
-    return {QStringLiteral("print"), QStringLiteral("چاپ"), options | KListCommand::PrintsList, [this] { m_printing.print(); },
-            QKeySequence(QKeySequence::Print), QStringLiteral(":/icons/print.svg")};
+    return {u"print"_s, u"چاپ"_s, options | KListCommand::PrintsList, [this] { m_printing.print(); },
+            QKeySequence(QKeySequence::Print), u":/icons/print.svg"_s};
 }
 
 ListReport KListPage::listReport() const
@@ -325,7 +328,7 @@ void KListPage::sortBy(int column)
 bool KListPage::loadSelected(KMySQL &record) const
 {
     const int key = m_list->currentKey();
-    return key > 0 && record.IsRecordExist(QStringLiteral("iID"), key, 0, QString());
+    return key > 0 && record.IsRecordExist(u"iID"_s, key, 0, QString());
 }
 
 void KListPage::deleteSelected()

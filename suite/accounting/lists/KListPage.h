@@ -16,6 +16,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 class KExtListCtrl;
 class KMySQL;
 class QGridLayout;
@@ -96,7 +98,7 @@ protected:
     // Called before the first row is made and after the last has its names, for what a list adds to all rows at once.
     virtual void beginRows() { }
     virtual void completeRows(QVector<KListModel::Row> &) { }
-    virtual QString defaultSort() const { return QStringLiteral("iID"); }
+    virtual QString defaultSort() const { return u"iID"_s; }
     virtual int defaultLastColumn() const { return 1; }
     // A selected record is gone from the table. The list takes its row off; one that is to be read anew calls refill().
     virtual void recordDeleted(int key);

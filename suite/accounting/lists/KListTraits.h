@@ -7,6 +7,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 // Where a list differs from most. What stands here is how most lists are.
 struct KListTraits
 {
@@ -16,7 +18,7 @@ struct KListTraits
     int lowestRowLimit = 1;      // 0: that many means without a limit
     bool hasSearchButton = true; // false: the filter's own controls refill the list
     int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
-    QString filterTitle = QStringLiteral("فيلتر جستجو");
+    QString filterTitle = u"فيلتر جستجو"_s;
     bool sortsWithoutRows = false; // true: a title's click asks the database for its order even while the list is empty
     bool deletesInSelectMode = false;
     bool readsWholeRecords = false;                  // true: every column of the record is fetched, not only those that the table reads

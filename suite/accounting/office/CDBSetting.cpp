@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcSetting, "tz.setting")
@@ -47,7 +49,7 @@ CDBSetting *GetDBSetting()
 bool CDBSetting::Login(int userID)
 {
     CTblUsers user;
-    if (!user.IsRecordExist(QStringLiteral("iID"), userID) || user.m_iStatus != 0)
+    if (!user.IsRecordExist(u"iID"_s, userID) || user.m_iStatus != 0)
         return false;
     m_userID = user.m_iID;
     m_userName = user.m_sUser;
@@ -160,7 +162,7 @@ void CDBSetting::SetFiscalYearOpeningDate(const QDateTime &date)
 QList<CDBSetting::Department> CDBSetting::Departments() const
 {
     CTblDepartments set;
-    set.m_sort = QStringLiteral("iID");
+    set.m_sort = u"iID"_s;
     QList<Department> departments;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         departments.append({set.m_iID, set.m_sName});
@@ -188,7 +190,7 @@ void CDBSetting::AddDialogToTabPage_(KTabPage *page, int, int)
 bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent)
 {
     KSecurity security;
-    security.SetFormName(QStringLiteral("Receipts"));
+    security.SetFormName(u"Receipts"_s);
     if (!security.CheckWriteSecurity())
         return false;
     if (IsClosedDB()) {

@@ -22,6 +22,8 @@
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int idRole = Qt::UserRole;
@@ -30,7 +32,7 @@ constexpr int longestName = 250;
 KSecurity security()
 {
     KSecurity itemsSecurity;
-    itemsSecurity.SetFormName(QStringLiteral("InputParameters"));
+    itemsSecurity.SetFormName(u"InputParameters"_s);
     return itemsSecurity;
 }
 
@@ -53,7 +55,7 @@ CDlgMultiItems::CDlgMultiItems(int itemType, const QString &title, QWidget *pare
     , m_model(new QStandardItemModel(this))
 {
     setWindowTitle(title);
-    SetSettingName(QStringLiteral("MultiItems"));
+    SetSettingName(u"MultiItems"_s);
     build();
     fill({}, 0);
 }
@@ -64,12 +66,12 @@ void CDlgMultiItems::build()
 {
     m_name->setMaxLength(longestName);
     auto *form = new QFormLayout;
-    addLabelled(form, QStringLiteral("نام :"), m_name);
+    addLabelled(form, u"نام :"_s, m_name);
 
     auto *commands = new QHBoxLayout;
-    QPushButton *add = addButton(commands, QStringLiteral("جديد"));
-    m_renameButton = addButton(commands, QStringLiteral("ويرايش"));
-    m_deleteButton = addButton(commands, QStringLiteral("حذف"));
+    QPushButton *add = addButton(commands, u"جديد"_s);
+    m_renameButton = addButton(commands, u"ويرايش"_s);
+    m_deleteButton = addButton(commands, u"حذف"_s);
     commands->addStretch();
 
     m_view->setModel(m_model);
@@ -162,7 +164,7 @@ QList<int> CDlgMultiItems::selectedIDs() const
 
 QString CDlgMultiItems::separator()
 {
-    return QStringLiteral("، ");
+    return u"، "_s;
 }
 
 bool CDlgMultiItems::Select(int itemType, const QString &title, QString *text, QWidget *parent)

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/office/CTblDepartments.h"
 
+using namespace Qt::StringLiterals;
+
 CTblDepartments::CTblDepartments(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblDepartments::~CTblDepartments() = default;
 
 QString CTblDepartments::GetTableName() const
 {
-    return QStringLiteral("Departments");
+    return u"Departments"_s;
 }
 
 void CTblDepartments::DoFieldExchange()

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/office/CTblItems.h"
 
+using namespace Qt::StringLiterals;
+
 CTblItems::CTblItems(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblItems::~CTblItems() = default;
 
 QString CTblItems::GetTableName() const
 {
-    return QStringLiteral("Items");
+    return u"Items"_s;
 }
 
 void CTblItems::DoFieldExchange()

@@ -6,6 +6,8 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A name in its stored form that the type does not have yet; exceptID: the value that may keep its own name.
@@ -13,15 +15,15 @@ QString requiredNewName(int itemType, const QString &name, int exceptID, int dat
 {
     const QString standard = ConvertToStandard(name);
     if (standard.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا نام را وارد نماید."));
+        throw KAccountingError(u"لطفا نام را وارد نماید."_s);
     CTblItems set(database);
-    set.SetColumns({QStringLiteral("iID")});
+    set.SetColumns({u"iID"_s});
     set.m_filter =
-        QStringLiteral("iType=%1 AND iID<>%2 AND sName=").arg(itemType).arg(exceptID)
+        u"iType=%1 AND iID<>%2 AND sName="_s.arg(itemType).arg(exceptID)
         + QString::fromUtf8(KConnection::forThread(database).quoted(standard));
     set.Open(true, true, true);
     if (!set.IsEOF())
-        throw KAccountingError(QStringLiteral("این نام قبلا ثبت شده است."));
+        throw KAccountingError(u"این نام قبلا ثبت شده است."_s);
     return standard;
 }
 
@@ -30,8 +32,8 @@ QString requiredNewName(int itemType, const QString &name, int exceptID, int dat
 CTblMultiItems::CTblMultiItems(int itemType, int database)
     : CTblItems(database)
 {
-    m_filter = QStringLiteral("iType=%1 AND iStatus=0").arg(itemType);
-    m_sort = QStringLiteral("sName,iID");
+    m_filter = u"iType=%1 AND iStatus=0"_s.arg(itemType);
+    m_sort = u"sName,iID"_s;
 }
 
 CTblMultiItems::~CTblMultiItems() = default;
@@ -59,7 +61,7 @@ int CTblMultiItems::addValue(int itemType, const QString &name, int database)
 void CTblMultiItems::renameValue(int id, const QString &name, int database)
 {
     CTblItems set(database);
-    if (!set.IsRecordExist(QStringLiteral("iID"), id))
+    if (!set.IsRecordExist(u"iID"_s, id))
         return;
     const QString standard = requiredNewName(set.m_iType, name, id, database);
     set.Edit();
@@ -70,6 +72,6 @@ void CTblMultiItems::renameValue(int id, const QString &name, int database)
 void CTblMultiItems::deleteValue(int id, int database)
 {
     CTblItems set(database);
-    if (set.IsRecordExist(QStringLiteral("iID"), id))
+    if (set.IsRecordExist(u"iID"_s, id))
         set.Delete();
 }

@@ -7,6 +7,8 @@
 
 #include <QList>
 
+using namespace Qt::StringLiterals;
+
 // The values of one item type, as drop-downs and the multi-item picker use them. They are rows of Items, so a value that is
 // added here is offered wherever that type is.
 class TZACCOUNTINGDATA_EXPORT CTblMultiItems : public CTblItems
@@ -29,7 +31,7 @@ public:
     {
         const QList<Value> found = values(itemType);
         combo->clear();
-        combo->addItem(QStringLiteral("-"), 0);
+        combo->addItem(u"-"_s, 0);
         for (const Value &value : found)
             combo->addItem(value.name, value.id);
         combo->setCurrentIndex(qMax(0, combo->findData(current)));

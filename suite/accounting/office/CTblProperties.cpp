@@ -5,13 +5,15 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::optional<QString> stored(const QString &section, const QString &key, int database)
 {
     CTblProperties set(database);
     const KConnection &connection = KConnection::forThread(database);
-    set.m_filter = QStringLiteral("sSection=%1 AND sKey=%2")
+    set.m_filter = u"sSection=%1 AND sKey=%2"_s
                        .arg(QString::fromUtf8(connection.quoted(section)), QString::fromUtf8(connection.quoted(key)));
     set.Open(true, true, true);
     return set.IsEOF() ? std::nullopt : std::optional(set.m_sValue);
@@ -28,7 +30,7 @@ CTblProperties::~CTblProperties() = default;
 
 QString CTblProperties::GetTableName() const
 {
-    return QStringLiteral("Properties");
+    return u"Properties"_s;
 }
 
 void CTblProperties::DoFieldExchange()
@@ -80,7 +82,7 @@ void CTblProperties::DBWriteSettingInt(const QString &section, const QString &ke
 QHash<QString, QString> CTblProperties::DBReadSection(const QString &section, int database)
 {
     CTblProperties set(database);
-    set.m_filter = QStringLiteral("sSection=%1")
+    set.m_filter = u"sSection=%1"_s
                        .arg(QString::fromUtf8(KConnection::forThread(database).quoted(section)));
     QHash<QString, QString> values;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())

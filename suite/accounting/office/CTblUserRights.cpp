@@ -3,6 +3,8 @@
 
 #include "suite/accounting/office/CTblUserRights.h"
 
+using namespace Qt::StringLiterals;
+
 CTblUserRights::CTblUserRights(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblUserRights::~CTblUserRights() = default;
 
 QString CTblUserRights::GetTableName() const
 {
-    return QStringLiteral("UserRights");
+    return u"UserRights"_s;
 }
 
 void CTblUserRights::DoFieldExchange()

@@ -13,6 +13,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcUsers, "tz.users")
@@ -73,7 +75,7 @@ QString nobodysHash()
     QMutexLocker lock(&mutex);
     const CTblUsers::HashCost cost = hashCost();
     if (hash.isEmpty() || madeAt.operations != cost.operations || madeAt.memoryBytes != cost.memoryBytes) {
-        hash = hashed(PasswordBytes(QStringLiteral("nobody")));
+        hash = hashed(PasswordBytes(u"nobody"_s));
         madeAt = cost;
     }
     return hash;
@@ -87,13 +89,13 @@ bool matches(const QString &hash, const PasswordBytes &password)
 
 QString nameFilter(const QString &user, int database)
 {
-    return QStringLiteral("sUser=%1").arg(QString::fromUtf8(KConnection::forThread(database).quoted(ConvertToStandard(user))));
+    return u"sUser=%1"_s.arg(QString::fromUtf8(KConnection::forThread(database).quoted(ConvertToStandard(user))));
 }
 
 void requirePassword(const QString &password)
 {
     if (password.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا کلمه عبور را وارد نمایید."));
+        throw KAccountingError(u"لطفا کلمه عبور را وارد نمایید."_s);
 }
 
 }
@@ -107,7 +109,7 @@ CTblUsers::~CTblUsers() = default;
 
 QString CTblUsers::GetTableName() const
 {
-    return QStringLiteral("Users");
+    return u"Users"_s;
 }
 
 void CTblUsers::DoFieldExchange()
@@ -124,7 +126,7 @@ int CTblUsers::create(const QString &user, const QString &password, const QStrin
 {
     const QString loginName = ConvertToStandard(user);
     if (loginName.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا نام کاربری را وارد نمایید."));
+        throw KAccountingError(u"لطفا نام کاربری را وارد نمایید."_s);
     requirePassword(password);
     CTblUsers set(database);
     set.AddNew();
@@ -136,7 +138,7 @@ int CTblUsers::create(const QString &user, const QString &password, const QStrin
         set.Update(true);
     } catch (const CMySQLException &error) {
         if (error.category() == CMySQLException::Category::DuplicateKey)
-            throw KAccountingError(QStringLiteral("این نام کاربری قبلا ثبت شده است."));
+            throw KAccountingError(u"این نام کاربری قبلا ثبت شده است."_s);
         throw;
     }
     return static_cast<int>(set.GetLastInsertedID());
@@ -170,8 +172,8 @@ void CTblUsers::setPassword(int userID, const QString &password, int database)
 {
     requirePassword(password);
     CTblUsers set(database);
-    if (!set.IsRecordExist(QStringLiteral("iID"), userID))
-        throw KAccountingError(QStringLiteral("این کاربر دیگر وجود ندارد."));
+    if (!set.IsRecordExist(u"iID"_s, userID))
+        throw KAccountingError(u"این کاربر دیگر وجود ندارد."_s);
     set.Edit();
     set.m_sPasswordHash = hashed(PasswordBytes(password));
     set.Update(true);
@@ -180,7 +182,7 @@ void CTblUsers::setPassword(int userID, const QString &password, int database)
 bool CTblUsers::anyUser(int database)
 {
     CTblUsers set(database);
-    set.SetColumns({QStringLiteral("iID")});
+    set.SetColumns({u"iID"_s});
     set.SetLimit(1);
     set.Open(true, true, true);
     return !set.IsEOF();
@@ -189,8 +191,8 @@ bool CTblUsers::anyUser(int database)
 bool CTblUsers::hasOtherAdmin(int userID, int database)
 {
     CTblUsers set(database);
-    set.m_filter = QStringLiteral("bAdmin<>0 AND iStatus=0 AND iID<>%1").arg(userID);
-    set.SetColumns({QStringLiteral("iID")});
+    set.m_filter = u"bAdmin<>0 AND iStatus=0 AND iID<>%1"_s.arg(userID);
+    set.SetColumns({u"iID"_s});
     set.SetLimit(1);
     set.Open(true, true, true);
     return !set.IsEOF();
@@ -199,7 +201,7 @@ bool CTblUsers::hasOtherAdmin(int userID, int database)
 QString CTblUsers::GetName(int userID, int database)
 {
     CTblUsers set(database);
-    return set.IsRecordExist(QStringLiteral("iID"), userID) ? set.m_sUser : QString();
+    return set.IsRecordExist(u"iID"_s, userID) ? set.m_sUser : QString();
 }
 
 CTblUsers::HashCost CTblUsers::officeCost()

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Worker
@@ -36,7 +38,7 @@ const KSecurity::Form *findForm(const QString &name)
 
 QString userAndForm(int userID, const QString &form)
 {
-    return QStringLiteral("iUserID=%1 AND sForm=%2")
+    return u"iUserID=%1 AND sForm=%2"_s
         .arg(QString::number(userID), QString::fromUtf8(KConnection::forThread(0).quoted(form)));
 }
 
@@ -45,26 +47,26 @@ QString userAndForm(int userID, const QString &form)
 const QList<KSecurity::Form> &KSecurity::forms()
 {
     static const QList<Form> list{
-        {QStringLiteral("AutomobilContracts"), QStringLiteral("قرارداد"), false},
-        {QStringLiteral("AutomobilContractArchive"), QStringLiteral("بایگانی قرارداد"), true},
-        {QStringLiteral("AutomobilDemands"), QStringLiteral("تقاضا"), false},
-        {QStringLiteral("AutomobilDemandArchive"), QStringLiteral("بایگانی تقاضا"), true},
-        {QStringLiteral("AutomobilInformations"), QStringLiteral("گالری اتومبیل"), false},
-        {QStringLiteral("AutomobilInformationArchive"), QStringLiteral("بایگانی گالری اتومبیل"), true},
-        {QStringLiteral("AutomobilReportSeasons"), QStringLiteral("گزارش فصلی"), false},
-        {QStringLiteral("AutoFullReport"), QStringLiteral("گزارش جامع"), false},
-        {QStringLiteral("CarsAll"), QStringLiteral("نام خودرو"), false},
-        {QStringLiteral("InputParameters"), QStringLiteral("پارامترهای ورودی"), false},
-        {QStringLiteral("AutomobilTariffs"), QStringLiteral("هزینه های تعرفه های محضر"), false},
-        {QStringLiteral("Persons"), QStringLiteral("اشخاص"), false},
-        {QStringLiteral("Factors"), QStringLiteral("فاکتورها"), false},
-        {QStringLiteral("Services"), QStringLiteral("خدمات"), false},
-        {QStringLiteral("Documents"), QStringLiteral("اسناد حسابداری"), false},
-        {QStringLiteral("ChartOfAccounts"), QStringLiteral("سرفصل حساب‌ها"), false},
-        {QStringLiteral("Receipts"), QStringLiteral("دریافت نقدی"), false},
-        {QStringLiteral("CustomFields"), QStringLiteral("تعریف فیلدهای اضافی"), false},
-        {QStringLiteral("Users"), QStringLiteral("کاربران و دسترسی ها"), false},
-        {QStringLiteral("Settings"), QStringLiteral("تنظیمات"), false},
+        {u"AutomobilContracts"_s, u"قرارداد"_s, false},
+        {u"AutomobilContractArchive"_s, u"بایگانی قرارداد"_s, true},
+        {u"AutomobilDemands"_s, u"تقاضا"_s, false},
+        {u"AutomobilDemandArchive"_s, u"بایگانی تقاضا"_s, true},
+        {u"AutomobilInformations"_s, u"گالری اتومبیل"_s, false},
+        {u"AutomobilInformationArchive"_s, u"بایگانی گالری اتومبیل"_s, true},
+        {u"AutomobilReportSeasons"_s, u"گزارش فصلی"_s, false},
+        {u"AutoFullReport"_s, u"گزارش جامع"_s, false},
+        {u"CarsAll"_s, u"نام خودرو"_s, false},
+        {u"InputParameters"_s, u"پارامترهای ورودی"_s, false},
+        {u"AutomobilTariffs"_s, u"هزینه های تعرفه های محضر"_s, false},
+        {u"Persons"_s, u"اشخاص"_s, false},
+        {u"Factors"_s, u"فاکتورها"_s, false},
+        {u"Services"_s, u"خدمات"_s, false},
+        {u"Documents"_s, u"اسناد حسابداری"_s, false},
+        {u"ChartOfAccounts"_s, u"سرفصل حساب‌ها"_s, false},
+        {u"Receipts"_s, u"دریافت نقدی"_s, false},
+        {u"CustomFields"_s, u"تعریف فیلدهای اضافی"_s, false},
+        {u"Users"_s, u"کاربران و دسترسی ها"_s, false},
+        {u"Settings"_s, u"تنظیمات"_s, false},
     };
     return list;
 }
@@ -79,24 +81,24 @@ QString KSecurity::rightCaption(Right right)
 {
     switch (right) {
     case Access:
-        return QStringLiteral("دسترسی");
+        return u"دسترسی"_s;
     case Read:
-        return QStringLiteral("مشاهده");
+        return u"مشاهده"_s;
     case Write:
-        return QStringLiteral("ثبت");
+        return u"ثبت"_s;
     case Modify:
-        return QStringLiteral("ویرایش");
+        return u"ویرایش"_s;
     case Delete:
-        return QStringLiteral("حذف");
+        return u"حذف"_s;
     case PrintList:
-        return QStringLiteral("چاپ لیست");
+        return u"چاپ لیست"_s;
     }
     Q_UNREACHABLE();
 }
 
 QString KSecurity::refusalText(const QString &form, Right right)
 {
-    return QStringLiteral("شما اجازه «%1» در «%2» را ندارید.").arg(rightCaption(right), formCaption(form));
+    return u"شما اجازه «%1» در «%2» را ندارید."_s.arg(rightCaption(right), formCaption(form));
 }
 
 bool KSecurity::CheckSecurity()
@@ -161,7 +163,7 @@ bool KSecurity::CheckPrintListSecurity(int notice) const
 QHash<QString, int> KSecurity::storedRights(int userID)
 {
     CTblUserRights set;
-    set.m_filter = QStringLiteral("iUserID=%1").arg(userID);
+    set.m_filter = u"iUserID=%1"_s.arg(userID);
     QHash<QString, int> rights;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         rights.insert(set.m_sForm, set.m_iRights & allRights);

@@ -5,14 +5,16 @@
 
 #include "suite/accounting/office/OfficeSettings.h"
 
+using namespace Qt::StringLiterals;
+
 QString LevyRates::section()
 {
-    return QStringLiteral("AutomobilContracts");
+    return u"AutomobilContracts"_s;
 }
 
 LevyRates LevyRates::of(const OfficeSettings &settings)
 {
     // Stored under this spelling in every database.
-    return {settings.number(section(), QStringLiteral("dPrecentTax"), 0),
-            settings.number(section(), QStringLiteral("dPercentImposition"), 0)};
+    return {settings.number(section(), u"dPrecentTax"_s, 0),
+            settings.number(section(), u"dPercentImposition"_s, 0)};
 }

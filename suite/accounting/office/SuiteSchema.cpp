@@ -12,6 +12,8 @@
 
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcSchema, "tz.schema")
@@ -172,9 +174,9 @@ constexpr Step steps[] = {
     {10, balanceKeys},
 };
 
-const QString schemaSection = QStringLiteral("Schema");
-const QString suiteKey = QStringLiteral("Suite");
-const QString moduleKey = QStringLiteral("TzAuto");
+const QString schemaSection = u"Schema"_s;
+const QString suiteKey = u"Suite"_s;
+const QString moduleKey = u"TzAuto"_s;
 
 }
 
@@ -186,7 +188,7 @@ int SuiteSchema::currentVersion()
 int SuiteSchema::storedVersion(int database)
 {
     KTableSchema::forgetAll();
-    if (KTableSchema::of(QStringLiteral("Properties"), database).isEmpty())
+    if (KTableSchema::of(u"Properties"_s, database).isEmpty())
         return 0;
     return CTblProperties::DBReadSettingInt(schemaSection, suiteKey, 0, database);
 }
@@ -199,7 +201,7 @@ void SuiteSchema::upgrade(int database)
     const int reached = storedVersion(database);
     if (reached > currentVersion())
         throw KAccountingError(
-            QStringLiteral("این پایگاه داده با نسخه جدیدتری از برنامه ساخته شده است. لطفا برنامه را به روز نمایید."));
+            u"این پایگاه داده با نسخه جدیدتری از برنامه ساخته شده است. لطفا برنامه را به روز نمایید."_s);
     for (const Step &step : steps) {
         if (step.number <= reached)
             continue;
@@ -214,9 +216,9 @@ void SuiteSchema::upgrade(int database)
 void SuiteSchema::afterModuleUpgrade(int database)
 {
     KTableSchema::forgetAll();
-    const QString contracts = QStringLiteral("AutomobilContracts");
+    const QString contracts = u"AutomobilContracts"_s;
     // Asked first: an ALTER, even one that has nothing to do, waits for everybody who reads the table.
-    if (KTableSchema::of(contracts, database).column(QStringLiteral("iFiscalYear")))
+    if (KTableSchema::of(contracts, database).column(u"iFiscalYear"_s))
         return;
     CTblTemp temp(database);
     temp.Open(true, false, true);

@@ -28,10 +28,12 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString section = QStringLiteral("Reports");
-const QString folderKey = QStringLiteral("Folder");
+const QString section = u"Reports"_s;
+const QString folderKey = u"Folder"_s;
 constexpr std::array scales{0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
 constexpr int fitWidthChoice = 0;
 constexpr int fitPageChoice = 1;
@@ -52,8 +54,8 @@ QString askFile(const ListReport &report, const QString &kind, const QString &su
     const QString folder = ReadSetting(section, folderKey, documents);
     QString name = report.report();
     name.replace(u'/', u'-').replace(u'\\', u'-');
-    QFileDialog dialog(parent, QStringLiteral("ذخیره"), QDir(folder).exists() ? folder : documents,
-                       QStringLiteral("%1 (*.%2)").arg(kind, suffix));
+    QFileDialog dialog(parent, u"ذخیره"_s, QDir(folder).exists() ? folder : documents,
+                       u"%1 (*.%2)"_s.arg(kind, suffix));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
     dialog.selectFile(name + u'.' + suffix);
@@ -75,7 +77,7 @@ CDlgReportGenerator::CDlgReportGenerator(const ListReport &report, QWidget *pare
     : KDialog(parent)
     , m_report(report)
 {
-    SetSettingName(QStringLiteral("ReportGenerator"));
+    SetSettingName(u"ReportGenerator"_s);
     resize(1000, 720);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     build();
@@ -96,12 +98,12 @@ void CDlgReportGenerator::build()
 QHBoxLayout *CDlgReportGenerator::buildCommands()
 {
     auto *row = new QHBoxLayout;
-    QPushButton *print = addButton(row, QStringLiteral("چاپ"), QStringLiteral(":/icons/print.svg"));
-    QPushButton *pdf = addButton(row, QStringLiteral("ذخیره PDF"), QStringLiteral(":/icons/save.svg"));
-    QPushButton *sheet = addButton(row, QStringLiteral("صفحه گسترده"), QStringLiteral(":/icons/document.svg"));
-    QPushButton *arrange = addButton(row, QStringLiteral("چیدمان گزارش"), QStringLiteral(":/icons/settings.svg"));
+    QPushButton *print = addButton(row, u"چاپ"_s, u":/icons/print.svg"_s);
+    QPushButton *pdf = addButton(row, u"ذخیره PDF"_s, u":/icons/save.svg"_s);
+    QPushButton *sheet = addButton(row, u"صفحه گسترده"_s, u":/icons/document.svg"_s);
+    QPushButton *arrange = addButton(row, u"چیدمان گزارش"_s, u":/icons/settings.svg"_s);
     row->addStretch(1);
-    QPushButton *close = addButton(row, QStringLiteral("بازگشت"), QStringLiteral(":/icons/close.svg"));
+    QPushButton *close = addButton(row, u"بازگشت"_s, u":/icons/close.svg"_s);
     print->setShortcut(QKeySequence::Print);
     // A layout is data of the office.
     arrange->setVisible(!GetDBSetting()->IsClosedDB());
@@ -116,21 +118,21 @@ QHBoxLayout *CDlgReportGenerator::buildCommands()
 QHBoxLayout *CDlgReportGenerator::buildNavigation()
 {
     auto *row = new QHBoxLayout;
-    m_first = addButton(row, QStringLiteral("ابتدا"));
-    m_previous = addButton(row, QStringLiteral("قبلی"));
+    m_first = addButton(row, u"ابتدا"_s);
+    m_previous = addButton(row, u"قبلی"_s);
     m_page = new QSpinBox;
     m_page->setKeyboardTracking(false);
     m_pageCount = new QLabel;
-    addLabelled(row, QStringLiteral("صفحه"), m_page);
+    addLabelled(row, u"صفحه"_s, m_page);
     row->addWidget(m_pageCount);
-    m_next = addButton(row, QStringLiteral("بعدی"));
-    m_last = addButton(row, QStringLiteral("انتها"));
+    m_next = addButton(row, u"بعدی"_s);
+    m_last = addButton(row, u"انتها"_s);
     row->addStretch(1);
     m_zoom = new QComboBox;
-    m_zoom->addItems({QStringLiteral("عرض صفحه"), QStringLiteral("تمام صفحه")});
+    m_zoom->addItems({u"عرض صفحه"_s, u"تمام صفحه"_s});
     for (const double scale : scales)
-        m_zoom->addItem(QStringLiteral("%1%").arg(qRound(scale * 100)));
-    addLabelled(row, QStringLiteral("بزرگنمایی :"), m_zoom);
+        m_zoom->addItem(u"%1%"_s.arg(qRound(scale * 100)));
+    addLabelled(row, u"بزرگنمایی :"_s, m_zoom);
 
     connect(m_first, &QPushButton::clicked, this, [this] { m_pages->showPage(0); });
     connect(m_previous, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->currentPage() - 1); });
@@ -153,10 +155,10 @@ void CDlgReportGenerator::applyZoom(int choice)
 
 bool CDlgReportGenerator::layOut()
 {
-    ReportProgressWindow progress(QStringLiteral("در حال صفحه بندی ..."), this);
+    ReportProgressWindow progress(u"در حال صفحه بندی ..."_s, this);
     if (!m_pages->setReport(m_report, progress.callback()))
         return false;
-    setWindowTitle(QStringLiteral("پیش نمایش چاپ - %1").arg(m_report.shownTitle()));
+    setWindowTitle(u"پیش نمایش چاپ - %1"_s.arg(m_report.shownTitle()));
     showPosition();
     return true;
 }
@@ -167,7 +169,7 @@ void CDlgReportGenerator::showPosition()
     const QSignalBlocker quiet(m_page);
     m_page->setRange(1, count);
     m_page->setValue(page + 1);
-    m_pageCount->setText(QStringLiteral("از %1").arg(count));
+    m_pageCount->setText(u"از %1"_s.arg(count));
     m_first->setEnabled(page > 0);
     m_previous->setEnabled(page > 0);
     m_next->setEnabled(page + 1 < count);
@@ -184,32 +186,32 @@ void CDlgReportGenerator::ShowReport()
 
 bool CDlgReportGenerator::savePdf(const ListReport &report, const QString &path, QWidget *parent)
 {
-    ReportProgressWindow progress(QStringLiteral("در حال نوشتن فایل PDF ..."), parent);
+    ReportProgressWindow progress(u"در حال نوشتن فایل PDF ..."_s, parent);
     return ReportOutput::writePdf(report, path, progress.callback());
 }
 
 bool CDlgReportGenerator::saveSpreadsheet(const ListReport &report, const QString &path, QWidget *parent)
 {
-    ReportProgressWindow progress(QStringLiteral("در حال نوشتن صفحه گسترده ..."), parent);
+    ReportProgressWindow progress(u"در حال نوشتن صفحه گسترده ..."_s, parent);
     return ReportOutput::writeSpreadsheet(report, path, progress.callback());
 }
 
 bool CDlgReportGenerator::print(const ListReport &report, QPrinter &printer, QWidget *parent)
 {
-    ReportProgressWindow progress(QStringLiteral("در حال چاپ ..."), parent);
+    ReportProgressWindow progress(u"در حال چاپ ..."_s, parent);
     return ReportOutput::print(report, printer, progress.callback());
 }
 
 void CDlgReportGenerator::askAndSavePdf(const ListReport &report, QWidget *parent)
 {
-    const QString path = askFile(report, QStringLiteral("فایل PDF"), QStringLiteral("pdf"), parent);
+    const QString path = askFile(report, u"فایل PDF"_s, u"pdf"_s, parent);
     if (!path.isEmpty())
         (void)savePdf(report, path, parent);
 }
 
 void CDlgReportGenerator::askAndSaveSpreadsheet(const ListReport &report, QWidget *parent)
 {
-    const QString path = askFile(report, QStringLiteral("صفحه گسترده"), QStringLiteral("xlsx"), parent);
+    const QString path = askFile(report, u"صفحه گسترده"_s, u"xlsx"_s, parent);
     if (!path.isEmpty())
         (void)saveSpreadsheet(report, path, parent);
 }

@@ -29,13 +29,15 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int longestName = 100;
 constexpr int longestText = 200;
 // In the order of ReportLayout::corners().
-const std::array cornerCaptions{QStringLiteral("راست بالا :"), QStringLiteral("راست وسط :"), QStringLiteral("راست پایین :"),
-                                QStringLiteral("چپ بالا :"), QStringLiteral("چپ وسط :"), QStringLiteral("چپ پایین :")};
+const std::array cornerCaptions{u"راست بالا :"_s, u"راست وسط :"_s, u"راست پایین :"_s,
+                                u"چپ بالا :"_s, u"چپ وسط :"_s, u"چپ پایین :"_s};
 
 QPushButton *addButton(QBoxLayout *row, const QString &caption)
 {
@@ -52,8 +54,8 @@ CDlgReportLayout::CDlgReportLayout(const ListReport &report, QWidget *parent)
     : KDialog(parent)
     , m_report(report)
 {
-    setWindowTitle(QStringLiteral("چیدمان گزارش - %1").arg(report.shownTitle()));
-    SetSettingName(QStringLiteral("ReportLayout"));
+    setWindowTitle(u"چیدمان گزارش - %1"_s.arg(report.shownTitle()));
+    SetSettingName(u"ReportLayout"_s);
     resize(860, 560);
     auto *middle = new QHBoxLayout;
     middle->addWidget(buildColumns(), 2);
@@ -70,18 +72,18 @@ CDlgReportLayout::~CDlgReportLayout() = default;
 
 QGroupBox *CDlgReportLayout::buildStored()
 {
-    auto *box = new QGroupBox(QStringLiteral("قالب های ذخیره شده"));
+    auto *box = new QGroupBox(u"قالب های ذخیره شده"_s);
     auto *row = new QHBoxLayout(box);
     m_name = new QComboBox;
     m_name->setEditable(true);
     m_name->setInsertPolicy(QComboBox::NoInsert);
     m_name->lineEdit()->setMaxLength(longestName);
-    m_default = new QCheckBox(QStringLiteral("قالب پیش فرض"));
-    row->addWidget(labelFor(QStringLiteral("نام قالب :"), m_name));
+    m_default = new QCheckBox(u"قالب پیش فرض"_s);
+    row->addWidget(labelFor(u"نام قالب :"_s, m_name));
     row->addWidget(m_name, 1);
     row->addWidget(m_default);
-    QPushButton *save = addButton(row, QStringLiteral("ذخیره"));
-    m_delete = addButton(row, QStringLiteral("حذف"));
+    QPushButton *save = addButton(row, u"ذخیره"_s);
+    m_delete = addButton(row, u"حذف"_s);
     connect(save, &QPushButton::clicked, this, &CDlgReportLayout::saveLayout);
     connect(m_delete, &QPushButton::clicked, this, &CDlgReportLayout::deleteLayout);
     connect(m_name, &QComboBox::textActivated, this, &CDlgReportLayout::loadNamed);
@@ -92,7 +94,7 @@ QGroupBox *CDlgReportLayout::buildStored()
 
 QGroupBox *CDlgReportLayout::buildColumns()
 {
-    auto *box = new QGroupBox(QStringLiteral("ستون ها"));
+    auto *box = new QGroupBox(u"ستون ها"_s);
     m_columns = new ReportColumnsModel(this);
     m_columnList = new QTreeView;
     m_columnList->setAccessibleName(box->title());
@@ -103,13 +105,13 @@ QGroupBox *CDlgReportLayout::buildColumns()
     m_columnList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_share = new QSpinBox;
     m_share->setRange(0, 100);
-    m_share->setSuffix(QStringLiteral(" %"));
-    m_share->setSpecialValueText(QStringLiteral("خودکار"));
+    m_share->setSuffix(u" %"_s);
+    m_share->setSpecialValueText(u"خودکار"_s);
     auto *commands = new QHBoxLayout;
-    QPushButton *up = addButton(commands, QStringLiteral("بالا"));
-    QPushButton *down = addButton(commands, QStringLiteral("پایین"));
+    QPushButton *up = addButton(commands, u"بالا"_s);
+    QPushButton *down = addButton(commands, u"پایین"_s);
     commands->addStretch(1);
-    addLabelled(commands, QStringLiteral("پهنا (درصد) :"), m_share);
+    addLabelled(commands, u"پهنا (درصد) :"_s, m_share);
     auto *layout = new QVBoxLayout(box);
     layout->addWidget(m_columnList, 1);
     layout->addLayout(commands);
@@ -122,7 +124,7 @@ QGroupBox *CDlgReportLayout::buildColumns()
 
 QGroupBox *CDlgReportLayout::buildTexts()
 {
-    auto *box = new QGroupBox(QStringLiteral("متن ها و کاغذ"));
+    auto *box = new QGroupBox(u"متن ها و کاغذ"_s);
     auto *form = new QFormLayout(box);
     auto addEdit = [form](const QString &caption) {
         auto *edit = new KEdit(KEdit::Kind::Text);
@@ -130,10 +132,10 @@ QGroupBox *CDlgReportLayout::buildTexts()
         addLabelled(form, caption, edit);
         return edit;
     };
-    m_title = addEdit(QStringLiteral("عنوان :"));
+    m_title = addEdit(u"عنوان :"_s);
     for (size_t i = 0; i < cornerCaptions.size(); ++i)
         m_corners.insert(ReportLayout::corners().at(static_cast<int>(i)), addEdit(cornerCaptions.at(i)));
-    auto *hint = new QLabel(QStringLiteral("هنگام چاپ، متن خود برنامه به جای %1، تاریخ روز به جای %2 و تعداد ردیف ها به جای %3 می آید.")
+    auto *hint = new QLabel(u"هنگام چاپ، متن خود برنامه به جای %1، تاریخ روز به جای %2 و تعداد ردیف ها به جای %3 می آید."_s
                                 .arg(ReportLayout::ownTextMark(), ReportLayout::dateMark(), ReportLayout::countMark()));
     hint->setWordWrap(true);
     form->addRow(hint);
@@ -144,11 +146,11 @@ QGroupBox *CDlgReportLayout::buildTexts()
 void CDlgReportLayout::buildPaper(QFormLayout *form)
 {
     m_orientation = new QComboBox;
-    m_orientation->addItems({QStringLiteral("عمودی"), QStringLiteral("افقی")});
+    m_orientation->addItems({u"عمودی"_s, u"افقی"_s});
     m_fontSize = new QSpinBox;
     m_fontSize->setRange(static_cast<int>(ReportLayout::lowestFontSize), static_cast<int>(ReportLayout::highestFontSize));
-    addLabelled(form, QStringLiteral("جهت کاغذ :"), m_orientation);
-    addLabelled(form, QStringLiteral("اندازه قلم :"), m_fontSize);
+    addLabelled(form, u"جهت کاغذ :"_s, m_orientation);
+    addLabelled(form, u"اندازه قلم :"_s, m_fontSize);
 }
 
 void CDlgReportLayout::setFields(const ReportLayout &layout)
@@ -225,7 +227,7 @@ bool CDlgReportLayout::hasColumns()
 {
     if (!m_columns->chosen().isEmpty())
         return true;
-    g_pDlgWarning->Show(QStringLiteral("لطفا حداقل یک ستون را انتخاب نمایید."), this);
+    g_pDlgWarning->Show(u"لطفا حداقل یک ستون را انتخاب نمایید."_s, this);
     m_columnList->setFocus();
     return false;
 }
@@ -236,7 +238,7 @@ void CDlgReportLayout::saveLayout()
     if (!hasColumns())
         return;
     if (m_name->findText(name) >= 0
-        && g_pDlgYesNo->Ask(QStringLiteral("قالبی با این نام ذخیره شده است. آیا جایگزین شود؟"), this) == KMessageDialog::No)
+        && g_pDlgYesNo->Ask(u"قالبی با این نام ذخیره شده است. آیا جایگزین شود؟"_s, this) == KMessageDialog::No)
         return;
     changeStored(name, [&] {
         CTblReportLayouts::save(m_report.group(), m_report.report(), name, layoutOfFields(), m_default->isChecked());
@@ -247,7 +249,7 @@ void CDlgReportLayout::deleteLayout()
 {
     const QString name = ConvertToStandard(m_name->currentText());
     if (m_name->findText(name) < 0
-        || g_pDlgYesNo->Ask(QStringLiteral("آیا از حذف این قالب اطمینان دارید؟"), this) == KMessageDialog::No)
+        || g_pDlgYesNo->Ask(u"آیا از حذف این قالب اطمینان دارید؟"_s, this) == KMessageDialog::No)
         return;
     changeStored({}, [&] { CTblReportLayouts::remove(m_report.group(), m_report.report(), name); });
 }

@@ -9,6 +9,8 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString literal(const QString &text)
@@ -18,12 +20,12 @@ QString literal(const QString &text)
 
 QString ofReport(const QString &group, const QString &report)
 {
-    return QStringLiteral("sGroup=%1 AND sReport=%2").arg(literal(group), literal(report));
+    return u"sGroup=%1 AND sReport=%2"_s.arg(literal(group), literal(report));
 }
 
 QString ofName(const QString &group, const QString &report, const QString &name)
 {
-    return ofReport(group, report) + QStringLiteral(" AND sName=") + literal(name);
+    return ofReport(group, report) + u" AND sName="_s + literal(name);
 }
 
 }
@@ -37,7 +39,7 @@ CTblReportLayouts::~CTblReportLayouts() = default;
 
 QString CTblReportLayouts::GetTableName() const
 {
-    return QStringLiteral("ReportLayouts");
+    return u"ReportLayouts"_s;
 }
 
 void CTblReportLayouts::DoFieldExchange()
@@ -54,7 +56,7 @@ QVector<CTblReportLayouts::Entry> CTblReportLayouts::entries(const QString &grou
 {
     CTblReportLayouts set;
     set.m_filter = ofReport(group, report);
-    set.m_sort = QStringLiteral("sName");
+    set.m_sort = u"sName"_s;
     QVector<Entry> entries;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         entries.append({set.m_sName, set.m_bDefault != 0});
@@ -64,7 +66,7 @@ QVector<CTblReportLayouts::Entry> CTblReportLayouts::entries(const QString &grou
 std::optional<ReportLayout> CTblReportLayouts::load(const QString &group, const QString &report, const QString &name)
 {
     CTblReportLayouts set;
-    set.m_filter = name.isEmpty() ? ofReport(group, report) + QStringLiteral(" AND bDefault=1") : ofName(group, report, name);
+    set.m_filter = name.isEmpty() ? ofReport(group, report) + u" AND bDefault=1"_s : ofName(group, report, name);
     set.Open(true, true, true);
     if (set.IsEOF())
         return std::nullopt;
@@ -76,12 +78,12 @@ void CTblReportLayouts::save(const QString &group, const QString &report, const 
 {
     const QString standard = ConvertToStandard(name);
     if (standard.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا نام قالب را وارد نمایید."));
+        throw KAccountingError(u"لطفا نام قالب را وارد نمایید."_s);
     KTransaction transaction;
     if (isDefault) {
         CTblTemp temp;
         temp.Open(false, false, true);
-        temp.ExecuteQuery(QStringLiteral("UPDATE ReportLayouts SET bDefault=0 WHERE ") + ofReport(group, report));
+        temp.ExecuteQuery(u"UPDATE ReportLayouts SET bDefault=0 WHERE "_s + ofReport(group, report));
     }
     CTblReportLayouts set;
     set.m_filter = ofName(group, report, standard);
@@ -104,5 +106,5 @@ void CTblReportLayouts::remove(const QString &group, const QString &report, cons
 {
     CTblTemp temp;
     temp.Open(false, false, true);
-    temp.ExecuteQuery(QStringLiteral("DELETE FROM ReportLayouts WHERE ") + ofName(group, report, name));
+    temp.ExecuteQuery(u"DELETE FROM ReportLayouts WHERE "_s + ofName(group, report, name));
 }

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int border = 16; // of the desk around the paper, in screen dots
@@ -24,7 +26,7 @@ KWndReportGen::KWndReportGen(QWidget *parent)
     : QAbstractScrollArea(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName(QStringLiteral("پیش نمایش"));
+    setAccessibleName(u"پیش نمایش"_s);
     setFrameShape(QFrame::NoFrame);
     // The paper is placed by its own left edge; a mirrored bar would count from the other one.
     setLayoutDirection(Qt::LeftToRight);
@@ -57,7 +59,7 @@ void KWndReportGen::showPage(int page)
     if (nearest == m_page)
         return;
     m_page = nearest;
-    setAccessibleDescription(QStringLiteral("صفحه %1 از %2").arg(m_page + 1).arg(pageCount()));
+    setAccessibleDescription(u"صفحه %1 از %2"_s.arg(m_page + 1).arg(pageCount()));
     verticalScrollBar()->setValue(0);
     viewport()->update();
     Q_EMIT pageChanged(m_page);

@@ -9,10 +9,12 @@
 
 #include <QHeaderView>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString titleElement = QStringLiteral("Title");
-const QString countElement = QStringLiteral("Count");
+const QString titleElement = u"Title"_s;
+const QString countElement = u"Count"_s;
 // Beyond so many columns a list reads better on the paper's long side.
 constexpr qsizetype widestUpright = 7;
 // Of more columns than these only the smallest letters leave the words whole.

@@ -5,6 +5,8 @@
 
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Column {
@@ -95,7 +97,7 @@ QVariant ReportColumnsModel::data(const QModelIndex &index, int role) const
         return {};
     if (index.column() == TitleColumn)
         return entry.column.title;
-    return entry.column.share > 0 ? DToStr(entry.column.share) + u'%' : QStringLiteral("خودکار");
+    return entry.column.share > 0 ? DToStr(entry.column.share) + u'%' : u"خودکار"_s;
 }
 
 bool ReportColumnsModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -111,7 +113,7 @@ QVariant ReportColumnsModel::headerData(int section, Qt::Orientation orientation
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    return section == TitleColumn ? QStringLiteral("ستون") : QStringLiteral("پهنا");
+    return section == TitleColumn ? u"ستون"_s : u"پهنا"_s;
 }
 
 Qt::ItemFlags ReportColumnsModel::flags(const QModelIndex &index) const

@@ -7,37 +7,39 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString titleKey = QStringLiteral("title");
-const QString columnsKey = QStringLiteral("columns");
-const QString shareKey = QStringLiteral("share");
-const QString textsKey = QStringLiteral("texts");
-const QString landscapeKey = QStringLiteral("landscape");
-const QString fontSizeKey = QStringLiteral("fontSize");
+const QString titleKey = u"title"_s;
+const QString columnsKey = u"columns"_s;
+const QString shareKey = u"share"_s;
+const QString textsKey = u"texts"_s;
+const QString landscapeKey = u"landscape"_s;
+const QString fontSizeKey = u"fontSize"_s;
 
 }
 
 const QStringList &ReportLayout::corners()
 {
-    static const QStringList names{QStringLiteral("RightTop"), QStringLiteral("RightCenter"), QStringLiteral("RightBottom"),
-                                   QStringLiteral("LeftTop"), QStringLiteral("LeftCenter"), QStringLiteral("LeftBottom")};
+    static const QStringList names{u"RightTop"_s, u"RightCenter"_s, u"RightBottom"_s,
+                                   u"LeftTop"_s, u"LeftCenter"_s, u"LeftBottom"_s};
     return names;
 }
 
 QString ReportLayout::ownTextMark()
 {
-    return QStringLiteral("[متن گزارش]");
+    return u"[متن گزارش]"_s;
 }
 
 QString ReportLayout::dateMark()
 {
-    return QStringLiteral("[تاریخ]");
+    return u"[تاریخ]"_s;
 }
 
 QString ReportLayout::countMark()
 {
-    return QStringLiteral("[تعداد]");
+    return u"[تعداد]"_s;
 }
 
 QString ReportLayout::filled(const QString &text, const QString &own, const QString &date, const QString &count)

@@ -13,12 +13,14 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 [[noreturn]] void refuse(const QString &path)
 {
     throw KAccountingError(
-        QStringLiteral("نوشتن فایل «%1» ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید.").arg(path));
+        u"نوشتن فایل «%1» ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید."_s.arg(path));
 }
 
 // Pages first to last (from 0) on a device of that resolution.
@@ -46,7 +48,7 @@ bool paintPages(const ReportPainter &pages, QPagedPaintDevice &device, double re
 void ReportOutput::begin(QPainter &painter, QPaintDevice &device)
 {
     if (!painter.begin(&device))
-        throw KAccountingError(QStringLiteral("چاپ ممکن نشد. لطفا چاپگر را بررسی نمایید."));
+        throw KAccountingError(u"چاپ ممکن نشد. لطفا چاپگر را بررسی نمایید."_s);
 }
 
 bool ReportOutput::writePdf(const ListReport &report, const QString &path, const ReportProgress &progress)
@@ -63,7 +65,7 @@ bool ReportOutput::writePdf(const ListReport &report, const QString &path, const
         writer.setResolution(ReportPainter::resolution);
         writer.setPageLayout(pages.paper());
         writer.setTitle(report.shownTitle());
-        writer.setCreator(QStringLiteral("TzAuto"));
+        writer.setCreator(u"TzAuto"_s);
         whole = paintPages(pages, writer, ReportPainter::resolution, 0, pages.pageCount() - 1, progress);
     }
     if (!whole) {

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double dotsPerPoint = ReportPainter::resolution / 72.0;
@@ -288,7 +290,7 @@ void ReportPainter::paint(QPainter &painter, int page) const
         drawText(painter, below, m_summary, m_boldFont, Qt::AlignRight);
     }
     const QRectF foot(m_area.left(), m_area.bottom() - m_line, m_area.width(), m_line);
-    drawText(painter, foot, QStringLiteral("صفحه %1 از %2").arg(page + 1).arg(pageCount()), m_font, Qt::AlignHCenter);
+    drawText(painter, foot, u"صفحه %1 از %2"_s.arg(page + 1).arg(pageCount()), m_font, Qt::AlignHCenter);
 }
 
 void ReportPainter::paintHead(QPainter &painter) const

@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Windows repaint between two reports of this distance, so that repainting does not become the work.
@@ -15,9 +17,9 @@ constexpr int millisecondsBetween = 40;
 ReportProgressWindow::ReportProgressWindow(const QString &text, QWidget *parent, int minimumMilliseconds)
     : m_dialog(text, QString(), 0, 100, parent)
 {
-    m_dialog.setWindowTitle(QStringLiteral("لطفا صبر کنید"));
+    m_dialog.setWindowTitle(u"لطفا صبر کنید"_s);
     m_dialog.setLayoutDirection(Qt::RightToLeft);
-    auto *stop = new QPushButton(QStringLiteral("انصراف"));
+    auto *stop = new QPushButton(u"انصراف"_s);
     stop->setAccessibleName(stop->text());
     m_dialog.setCancelButton(stop);
     m_dialog.setWindowModality(Qt::ApplicationModal);

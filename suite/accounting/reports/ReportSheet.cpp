@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int rowsPerReport = 500;
@@ -29,7 +31,7 @@ const QDate firstSheetDate(1900, 3, 1);
 QByteArray sheetName(QString title)
 {
     for (QChar &character : title) {
-        if (QStringLiteral("[]:*?/\\'").contains(character))
+        if (u"[]:*?/\\'"_s.contains(character))
             character = u' ';
     }
     title = title.simplified().left(longestSheetName).trimmed();
@@ -39,7 +41,7 @@ QByteArray sheetName(QString title)
 // In a page header & begins a command.
 QByteArray headerText(QString title)
 {
-    return QStringLiteral("&C").append(title.left(100).replace(u'&', QStringLiteral("&&"))).toUtf8();
+    return u"&C"_s.append(title.left(100).replace(u'&', u"&&"_s)).toUtf8();
 }
 
 lxw_datetime sheetDate(const QDate &date)
@@ -75,7 +77,7 @@ ReportSheet::ReportSheet(const ListReport &report)
 
 ReportSheet::Result ReportSheet::write(const QString &path, const ReportProgress &progress)
 {
-    const QString aside = path + u'.' + QUuid::createUuid().toString(QUuid::Id128) + QStringLiteral(".part");
+    const QString aside = path + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".part"_s;
     const QByteArray name = QFile::encodeName(aside);
     // Opened once by ourselves: the library tells of a folder that cannot be written only at the very end.
     if (QFile probe(aside); !probe.open(QIODevice::WriteOnly))
@@ -178,7 +180,7 @@ void ReportSheet::writeTitles(lxw_workbook *workbook, lxw_worksheet *sheet)
 QString ReportSheet::titleOf(const SheetColumn &column) const
 {
     const QString &title = m_report.columns().at(column.source).title;
-    return column.dateValue ? title + QStringLiteral(" (میلادی)") : title;
+    return column.dateValue ? title + u" (میلادی)"_s : title;
 }
 
 bool ReportSheet::writeRow(lxw_worksheet *sheet, unsigned row, const KListModel::Row &from)

@@ -12,6 +12,8 @@
 #include <QJsonObject>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 largestFile = 1 << 20;
@@ -19,14 +21,14 @@ constexpr qint64 largestFile = 1 << 20;
 [[noreturn]] void refuse(const QString &path, const QString &what)
 {
     throw KAccountingError(
-        QStringLiteral("فایل «%1» قابل استفاده نیست: %2").arg(QFileInfo(path).fileName(), what));
+        u"فایل «%1» قابل استفاده نیست: %2"_s.arg(QFileInfo(path).fileName(), what));
 }
 
 QString text(const QString &path, const QJsonObject &object, const QString &key)
 {
     const QString text = object.value(key).toString();
     if (text.isEmpty())
-        refuse(path, QStringLiteral("«%1» خالی است.").arg(key));
+        refuse(path, u"«%1» خالی است."_s.arg(key));
     return text;
 }
 
@@ -34,19 +36,19 @@ QString text(const QString &path, const QJsonObject &object, const QString &key)
 void takeOnce(const QString &path, QSet<QString> &taken, const QString &name)
 {
     if (taken.contains(name.toCaseFolded()))
-        refuse(path, QStringLiteral("«%1» دو بار آمده است.").arg(name));
+        refuse(path, u"«%1» دو بار آمده است."_s.arg(name));
     taken.insert(name.toCaseFolded());
 }
 
 AccessMapping::Table readTable(const QString &path, const QJsonObject &object)
 {
-    AccessMapping::Table table{text(path, object, QStringLiteral("role")), text(path, object, QStringLiteral("name")), {}};
+    AccessMapping::Table table{text(path, object, u"role"_s), text(path, object, u"name"_s), {}};
     QSet<QString> values;
     QSet<QString> names;
-    const QJsonArray fields = object.value(QStringLiteral("fields")).toArray();
+    const QJsonArray fields = object.value(u"fields"_s).toArray();
     for (const QJsonValue &entry : fields) {
         const QJsonObject field = entry.toObject();
-        table.fields.append({text(path, field, QStringLiteral("value")), text(path, field, QStringLiteral("name"))});
+        table.fields.append({text(path, field, u"value"_s), text(path, field, u"name"_s)});
         takeOnce(path, values, table.fields.last().value);
         takeOnce(path, names, table.fields.last().name);
     }
@@ -59,17 +61,17 @@ AccessMapping AccessMapping::read(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        refuse(path, QStringLiteral("پیدا نشد یا خوانا نیست."));
+        refuse(path, u"پیدا نشد یا خوانا نیست."_s);
     const QByteArray content = file.read(largestFile + 1);
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(content, &error);
     if (content.size() > largestFile || error.error != QJsonParseError::NoError)
-        refuse(path, QStringLiteral("ساختار آن درست نیست (نویسه %1).").arg(error.offset));
+        refuse(path, u"ساختار آن درست نیست (نویسه %1)."_s.arg(error.offset));
     AccessMapping mapping;
     mapping.m_path = path;
     QSet<QString> roles;
     QSet<QString> names;
-    const QJsonArray tables = document.object().value(QStringLiteral("tables")).toArray();
+    const QJsonArray tables = document.object().value(u"tables"_s).toArray();
     for (const QJsonValue &entry : tables) {
         mapping.m_tables.append(readTable(path, entry.toObject()));
         takeOnce(path, roles, mapping.m_tables.last().role);
@@ -84,10 +86,10 @@ const AccessMapping::Table &AccessMapping::table(const QString &role) const
         if (table.role == role)
             return table;
     }
-    refuse(m_path, QStringLiteral("جدول «%1» در آن نیست.").arg(role));
+    refuse(m_path, u"جدول «%1» در آن نیست."_s.arg(role));
 }
 
 void AccessMapping::refuseValue(const QString &role, const QString &value) const
 {
-    refuse(m_path, QStringLiteral("مقدار «%1» در جدول «%2» شناخته شده نیست.").arg(value, role));
+    refuse(m_path, u"مقدار «%1» در جدول «%2» شناخته شده نیست."_s.arg(value, role));
 }

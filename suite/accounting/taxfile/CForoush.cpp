@@ -3,7 +3,9 @@
 
 #include "suite/accounting/taxfile/CForoush.h"
 
+using namespace Qt::StringLiterals;
+
 CForoush::CForoush(KAccessDatabase *database)
-    : SeasonalHead(database, QStringLiteral("Foroush"))
+    : SeasonalHead(database, u"Foroush"_s)
 {
 }

@@ -3,7 +3,9 @@
 
 #include "suite/accounting/taxfile/CForoush_Detail.h"
 
+using namespace Qt::StringLiterals;
+
 CForoush_Detail::CForoush_Detail(KAccessDatabase *database)
-    : SeasonalDetail(database, QStringLiteral("Foroush_Detail"))
+    : SeasonalDetail(database, u"Foroush_Detail"_s)
 {
 }

@@ -3,7 +3,9 @@
 
 #include "suite/accounting/taxfile/CKharid.h"
 
+using namespace Qt::StringLiterals;
+
 CKharid::CKharid(KAccessDatabase *database)
-    : SeasonalHead(database, QStringLiteral("Kharid"))
+    : SeasonalHead(database, u"Kharid"_s)
 {
 }

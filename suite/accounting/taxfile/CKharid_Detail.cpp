@@ -3,7 +3,9 @@
 
 #include "suite/accounting/taxfile/CKharid_Detail.h"
 
+using namespace Qt::StringLiterals;
+
 CKharid_Detail::CKharid_Detail(KAccessDatabase *database)
-    : SeasonalDetail(database, QStringLiteral("Kharid_Detail"))
+    : SeasonalDetail(database, u"Kharid_Detail"_s)
 {
 }

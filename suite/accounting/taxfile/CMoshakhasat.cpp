@@ -5,6 +5,8 @@
 
 #include "suite/accounting/office/CTblProperties.h"
 
+using namespace Qt::StringLiterals;
+
 const std::array<CMoshakhasat::Part, 12> CMoshakhasat::parts{{
     {u"name1", &CMoshakhasat::m_sName1},
     {u"name2", &CMoshakhasat::m_sName2},
@@ -21,7 +23,7 @@ const std::array<CMoshakhasat::Part, 12> CMoshakhasat::parts{{
 }};
 
 CMoshakhasat::CMoshakhasat(KAccessDatabase *database)
-    : KRecordset(database, QStringLiteral("Moshakhasat"))
+    : KRecordset(database, u"Moshakhasat"_s)
 {
     bind(u"kind", &m_iKind);
     for (const Part &part : parts)
@@ -30,11 +32,11 @@ CMoshakhasat::CMoshakhasat(KAccessDatabase *database)
 
 void CMoshakhasat::FillFromProperties(int database)
 {
-    const QHash<QString, QString> stored = CTblProperties::DBReadSection(QStringLiteral("Company"), database);
+    const QHash<QString, QString> stored = CTblProperties::DBReadSection(u"Company"_s, database);
     Edit();
     // An office that never said otherwise is one person's, as where the details are entered.
-    m_iKind = stored.value(QStringLiteral("kind"), QStringLiteral("1")).toInt();
+    m_iKind = stored.value(u"kind"_s, u"1"_s).toInt();
     for (const Part &part : parts)
-        this->*part.text = stored.value(QString::fromUtf16(part.key), QStringLiteral(""));
+        this->*part.text = stored.value(QString::fromUtf16(part.key), u""_s);
     Update();
 }

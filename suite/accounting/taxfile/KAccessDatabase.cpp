@@ -10,6 +10,8 @@
 #include <QLoggingCategory>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcAccess, "tz.access")
@@ -23,18 +25,17 @@ constexpr qsizetype longestAnswer = 1 << 16;
 
 QString javaProgram()
 {
-    const QString name = QStringLiteral("java");
+    const QString name = u"java"_s;
     const QString found = QStandardPaths::findExecutable(name);
     if (!found.isEmpty())
         return found;
     const QString home = qEnvironmentVariable("JAVA_HOME");
-    return home.isEmpty() ? QString() : QStandardPaths::findExecutable(name, {QDir(home).filePath(QStringLiteral("bin"))});
+    return home.isEmpty() ? QString() : QStandardPaths::findExecutable(name, {QDir(home).filePath(u"bin"_s)});
 }
 
 [[noreturn]] void failWithoutJava()
 {
-    throw KAccountingError(QStringLiteral(
-        "تهیه این فایل به جاوا نیاز دارد که روی این رایانه پیدا نشد. لطفا بسته default-jre-headless را نصب نمایید."));
+    throw KAccountingError(u"تهیه این فایل به جاوا نیاز دارد که روی این رایانه پیدا نشد. لطفا بسته default-jre-headless را نصب نمایید."_s);
 }
 
 // The helper reads file names as the environment's locale says, so that must know all letters. It lives shortly and holds
@@ -42,11 +43,11 @@ QString javaProgram()
 void prepare(QProcess &helper, const QString &java, const QString &jar)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     helper.setProcessEnvironment(environment);
     helper.setProgram(java);
-    helper.setArguments({QStringLiteral("-XX:+UseSerialGC"), QStringLiteral("-Xshare:auto"), QStringLiteral("-Xmx96m"),
-                         QStringLiteral("-jar"), jar});
+    helper.setArguments({u"-XX:+UseSerialGC"_s, u"-Xshare:auto"_s, u"-Xmx96m"_s,
+                         u"-jar"_s, jar});
 }
 
 struct Trouble
@@ -67,7 +68,7 @@ constexpr Trouble troubles[] = {
 }
 
 KAccessCancelled::KAccessCancelled()
-    : KAccountingError(QStringLiteral("نوشتن فایل به درخواست شما متوقف شد."))
+    : KAccountingError(u"نوشتن فایل به درخواست شما متوقف شد."_s)
 {
 }
 
@@ -85,17 +86,17 @@ KAccessDatabase::~KAccessDatabase()
 
 QString KAccessDatabase::helperFileName()
 {
-    return QStringLiteral("taxfile/tztaxfile.jar");
+    return u"taxfile/tztaxfile.jar"_s;
 }
 
 QString KAccessDatabase::mappingFileName()
 {
-    return QStringLiteral("TTMS.mapping.json");
+    return u"TTMS.mapping.json"_s;
 }
 
 QString KAccessDatabase::templateFileName()
 {
-    return QStringLiteral("TTMS.mdb");
+    return u"TTMS.mdb"_s;
 }
 
 void KAccessDatabase::setProgress(Progress progress)
@@ -110,7 +111,7 @@ void KAccessDatabase::Open(const QString &path)
     const QString jar = QDir(m_folder).filePath(helperFileName());
     if (!QFileInfo(jar).isFile())
         throw KAccountingError(
-            QStringLiteral("برنامه نوشتن فایل مالیات (%1) پیدا نشد. لطفا بسته tzauto را دوباره نصب نمایید.").arg(helperFileName()));
+            u"برنامه نوشتن فایل مالیات (%1) پیدا نشد. لطفا بسته tzauto را دوباره نصب نمایید."_s.arg(helperFileName()));
     const QString java = javaProgram();
     if (java.isEmpty())
         failWithoutJava();
@@ -162,7 +163,7 @@ qint64 KAccessDatabase::helperProcess() const
 void KAccessDatabase::send(const QByteArray &line)
 {
     if (!m_helper)
-        throw KAccountingError(QStringLiteral("فایل مالیات باز نیست."));
+        throw KAccountingError(u"فایل مالیات باز نیست."_s);
     m_outgoing.append(line);
     if (m_outgoing.size() >= pieceOfInput)
         drainTo(largestBacklog);
@@ -249,5 +250,5 @@ void KAccessDatabase::failAsTheHelperSaid()
         throw KAccountingError(text);
     }
     const QString what = words.value(1, words.first());
-    throw KAccountingError(QStringLiteral("نوشتن فایل مالیات ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید.\n%1").arg(what));
+    throw KAccountingError(u"نوشتن فایل مالیات ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید.\n%1"_s.arg(what));
 }

@@ -8,11 +8,13 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString otherFileText()
 {
-    return QStringLiteral("این جدول در فایل دیگری است که باز نیست.");
+    return u"این جدول در فایل دیگری است که باز نیست."_s;
 }
 
 }

@@ -16,6 +16,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Field
@@ -65,8 +67,8 @@ CDlgAddCompanyProps::CDlgAddCompanyProps(QWidget *parent)
     : KDialog(parent)
     , m_kind(new QComboBox(this))
 {
-    SetSettingName(QStringLiteral("Company"));
-    setWindowTitle(QStringLiteral("مشخصات نمایشگاه"));
+    SetSettingName(u"Company"_s);
+    setWindowTitle(u"مشخصات نمایشگاه"_s);
     build();
     setDetails(CompanyDetails::read());
 }
@@ -83,8 +85,8 @@ void CDlgAddCompanyProps::build()
         connect(edit, &KEdit::textChanged, this, &CDlgAddCompanyProps::updateHints);
         m_edits.append(edit);
     }
-    m_kind->addItems({QStringLiteral("حقیقی"), QStringLiteral("حقوقی")});
-    addLabelled(grid, 1, 0, QStringLiteral("نوع شخص :"), m_kind);
+    m_kind->addItems({u"حقیقی"_s, u"حقوقی"_s});
+    addLabelled(grid, 1, 0, u"نوع شخص :"_s, m_kind);
     setTabOrder(m_edits.at(1), m_kind);
     setTabOrder(m_kind, m_edits.at(2));
     m_nationalHint = IdentityHints::createLabel(this);
@@ -132,7 +134,7 @@ bool CDlgAddCompanyProps::OnOK()
 {
     const CompanyDetails entered = details();
     if (entered.isEmpty()) {
-        g_pDlgWarning->Show(QStringLiteral("لطفا نام نمایشگاه را وارد نمایید."), this);
+        g_pDlgWarning->Show(u"لطفا نام نمایشگاه را وارد نمایید."_s, this);
         m_edits.front()->setFocus();
         return false;
     }

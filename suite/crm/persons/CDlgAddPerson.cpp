@@ -22,6 +22,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
@@ -29,40 +31,40 @@ using Kind = KFormField::Kind;
 // By the values of CTblPersons.
 QStringList kindNames()
 {
-    return {QStringLiteral("حقیقی"), QStringLiteral("حقیقی (اتباع خارجی)"), QStringLiteral("حقوقی")};
+    return {u"حقیقی"_s, u"حقیقی (اتباع خارجی)"_s, u"حقوقی"_s};
 }
 
 QStringList sexNames()
 {
-    return {QStringLiteral("مرد"), QStringLiteral("زن")};
+    return {u"مرد"_s, u"زن"_s};
 }
 
 // In the order of the keyboard.
 QList<KFormField> formFields()
 {
     return {
-        {.column = QStringLiteral("iKind"), .label = QStringLiteral("نوع شخص :"), .kind = Kind::Choice, .choices = kindNames()},
-        {.column = QStringLiteral("iCode"), .label = QStringLiteral("کد شخص :"), .kind = Kind::Integer},
-        {.column = QStringLiteral("sName"), .label = QStringLiteral("نام :")},
-        {.column = QStringLiteral("sFamily"), .label = QStringLiteral("نام خانوادگی :")},
-        {.column = QStringLiteral("sNationalCode"), .label = QStringLiteral("کد ملی :")},
-        {.column = QStringLiteral("iSex"), .label = QStringLiteral("جنسیت :"), .kind = Kind::Choice, .choices = sexNames()},
-        {.column = QStringLiteral("sFatherName"), .label = QStringLiteral("نام پدر :")},
-        {.column = QStringLiteral("dateBirth"), .label = QStringLiteral("تاریخ تولد :"), .kind = Kind::Date},
-        {.column = QStringLiteral("sBirthCity"), .label = QStringLiteral("محل تولد :")},
-        {.column = QStringLiteral("sIdentityNum"), .label = QStringLiteral("شماره شناسنامه :")},
-        {.column = QStringLiteral("sIdentityCity"), .label = QStringLiteral("محل صدور :")},
-        {.column = QStringLiteral("sMobile"), .label = QStringLiteral("موبایل :")},
-        {.column = QStringLiteral("sAreaCode"), .label = QStringLiteral("پیش شماره :")},
-        {.column = QStringLiteral("sTel"), .label = QStringLiteral("تلفن :")},
-        {.column = QStringLiteral("sPostalCode"), .label = QStringLiteral("کد پستی :")},
-        {.column = QStringLiteral("sAddress"), .label = QStringLiteral("آدرس :")},
-        {.column = QStringLiteral("sEconomicCode"), .label = QStringLiteral("کد اقتصادی :")},
-        {.column = QStringLiteral("iTaxZone"), .label = QStringLiteral("حوزه مالیاتی :"), .kind = Kind::Integer},
-        {.column = QStringLiteral("iProvinceCode"), .label = QStringLiteral("کد استان :"), .kind = Kind::Integer},
-        {.column = QStringLiteral("iCityCode"), .label = QStringLiteral("کد شهر :"), .kind = Kind::Integer},
-        {.column = QStringLiteral("dPercentDiscount"), .label = QStringLiteral("درصد تخفیف :"), .kind = Kind::Percent},
-        {.column = QStringLiteral("iStatus"), .label = QStringLiteral("غیر فعال"), .kind = Kind::Flag},
+        {.column = u"iKind"_s, .label = u"نوع شخص :"_s, .kind = Kind::Choice, .choices = kindNames()},
+        {.column = u"iCode"_s, .label = u"کد شخص :"_s, .kind = Kind::Integer},
+        {.column = u"sName"_s, .label = u"نام :"_s},
+        {.column = u"sFamily"_s, .label = u"نام خانوادگی :"_s},
+        {.column = u"sNationalCode"_s, .label = u"کد ملی :"_s},
+        {.column = u"iSex"_s, .label = u"جنسیت :"_s, .kind = Kind::Choice, .choices = sexNames()},
+        {.column = u"sFatherName"_s, .label = u"نام پدر :"_s},
+        {.column = u"dateBirth"_s, .label = u"تاریخ تولد :"_s, .kind = Kind::Date},
+        {.column = u"sBirthCity"_s, .label = u"محل تولد :"_s},
+        {.column = u"sIdentityNum"_s, .label = u"شماره شناسنامه :"_s},
+        {.column = u"sIdentityCity"_s, .label = u"محل صدور :"_s},
+        {.column = u"sMobile"_s, .label = u"موبایل :"_s},
+        {.column = u"sAreaCode"_s, .label = u"پیش شماره :"_s},
+        {.column = u"sTel"_s, .label = u"تلفن :"_s},
+        {.column = u"sPostalCode"_s, .label = u"کد پستی :"_s},
+        {.column = u"sAddress"_s, .label = u"آدرس :"_s},
+        {.column = u"sEconomicCode"_s, .label = u"کد اقتصادی :"_s},
+        {.column = u"iTaxZone"_s, .label = u"حوزه مالیاتی :"_s, .kind = Kind::Integer},
+        {.column = u"iProvinceCode"_s, .label = u"کد استان :"_s, .kind = Kind::Integer},
+        {.column = u"iCityCode"_s, .label = u"کد شهر :"_s, .kind = Kind::Integer},
+        {.column = u"dPercentDiscount"_s, .label = u"درصد تخفیف :"_s, .kind = Kind::Percent},
+        {.column = u"iStatus"_s, .label = u"غیر فعال"_s, .kind = Kind::Flag},
     };
 }
 
@@ -120,13 +122,13 @@ CDlgAddPerson::CDlgAddPerson(Mode mode, int personID, QWidget *parent)
     , m_mode(mode)
     , m_personID(mode == Mode::Add ? 0 : personID)
 {
-    SetSettingName(QStringLiteral("Persons\\Editor"));
+    SetSettingName(u"Persons\\Editor"_s);
     m_record.Open(true, false, true);
     if (mode == Mode::Add) {
         m_record.m_iCode = CTblPersons::nextCode();
         m_loaded = true;
     } else {
-        m_loaded = m_record.IsRecordExist(QStringLiteral("iID"), m_personID);
+        m_loaded = m_record.IsRecordExist(u"iID"_s, m_personID);
     }
     if (!m_loaded)
         return;
@@ -138,11 +140,11 @@ CDlgAddPerson::~CDlgAddPerson() = default;
 
 void CDlgAddPerson::build()
 {
-    static const QStringList titles{QStringLiteral("شخص جدید"), QStringLiteral("ویرایش شخص"), QStringLiteral("نمایش شخص")};
+    static const QStringList titles{u"شخص جدید"_s, u"ویرایش شخص"_s, u"نمایش شخص"_s};
     setWindowTitle(titles.at(static_cast<int>(m_mode)));
     m_form = new KForm(formFields(), m_record, this);
     m_taxKind = new QComboBox(this);
-    m_taxKind->addItem(QStringLiteral("-"), 0);
+    m_taxKind->addItem(u"-"_s, 0);
     for (int kind = firstTaxKind; kind <= lastTaxKind; ++kind)
         m_taxKind->addItem(QString::number(kind), kind);
     m_nationalHint = IdentityHints::createLabel(this);
@@ -153,15 +155,15 @@ void CDlgAddPerson::build()
     layout->addWidget(buildTax());
     layout->addStretch(1);
     const bool show = m_mode == Mode::Show;
-    layout->addWidget(show ? createButtons({}, QStringLiteral("بستن")) : createButtons());
-    setTabOrder(m_form->control(QStringLiteral("sEconomicCode")), m_taxKind);
-    setTabOrder(m_taxKind, m_form->control(QStringLiteral("iTaxZone")));
+    layout->addWidget(show ? createButtons({}, u"بستن"_s) : createButtons());
+    setTabOrder(m_form->control(u"sEconomicCode"_s), m_taxKind);
+    setTabOrder(m_taxKind, m_form->control(u"iTaxZone"_s));
     m_form->setShowMode(show);
     m_taxKind->setEnabled(!show);
-    connect(m_form->comboBox(QStringLiteral("iKind")), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);
+    connect(m_form->comboBox(u"iKind"_s), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);
     for (const char16_t *column : {u"sNationalCode", u"sMobile"})
         connect(m_form->edit(QString::fromUtf16(column)), &KEdit::textChanged, this, &CDlgAddPerson::updateHints);
-    m_form->control(QStringLiteral("sName"))->setFocus();
+    m_form->control(u"sName"_s)->setFocus();
     alignGroups();
     resize(qMax(sizeHint().width(), 680), sizeHint().height());
 }
@@ -196,7 +198,7 @@ QGridLayout *CDlgAddPerson::placeRows(QGroupBox *group, std::span<const Row> row
 
 QWidget *CDlgAddPerson::buildIdentity()
 {
-    auto *group = new QGroupBox(QStringLiteral("مشخصات"), this);
+    auto *group = new QGroupBox(u"مشخصات"_s, this);
     static constexpr Row rows[] = {
         {u"iKind", u"iCode"},
         {u"sName", u"sFamily"},
@@ -212,7 +214,7 @@ QWidget *CDlgAddPerson::buildIdentity()
 
 QWidget *CDlgAddPerson::buildContact()
 {
-    auto *group = new QGroupBox(QStringLiteral("تماس"), this);
+    auto *group = new QGroupBox(u"تماس"_s, this);
     static constexpr Row rows[] = {
         {u"sMobile", nullptr},
         {u"sAreaCode", u"sTel"},
@@ -220,21 +222,21 @@ QWidget *CDlgAddPerson::buildContact()
     };
     QGridLayout *grid = placeRows(group, rows);
     grid->addWidget(m_mobileHint, 0, 2, 1, 2);
-    m_form->place(grid, 3, 0, QStringLiteral("sAddress"), 3);
+    m_form->place(grid, 3, 0, u"sAddress"_s, 3);
     return group;
 }
 
 QWidget *CDlgAddPerson::buildTax()
 {
-    auto *group = new QGroupBox(QStringLiteral("مالیات و تخفیف"), this);
+    auto *group = new QGroupBox(u"مالیات و تخفیف"_s, this);
     static constexpr Row rows[] = {
         {u"sEconomicCode", nullptr},
         {u"iTaxZone", u"iProvinceCode"},
         {u"iCityCode", u"dPercentDiscount"},
     };
     QGridLayout *grid = placeRows(group, rows);
-    addLabelled(grid, 0, 2, QStringLiteral("کد نوع مودی :"), m_taxKind);
-    m_form->place(grid, 3, 0, QStringLiteral("iStatus"));
+    addLabelled(grid, 0, 2, u"کد نوع مودی :"_s, m_taxKind);
+    m_form->place(grid, 3, 0, u"iStatus"_s);
     return group;
 }
 
@@ -242,7 +244,7 @@ void CDlgAddPerson::loadRecord()
 {
     m_form->load(m_record);
     // Every kind above the named ones is a legal person too.
-    m_form->comboBox(QStringLiteral("iKind"))->setCurrentIndex(m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
+    m_form->comboBox(u"iKind"_s)->setCurrentIndex(m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
     m_taxKind->setCurrentIndex(qMax(m_taxKind->findData(m_record.m_iTaxKind), 0));
     applyKind();
 }
@@ -253,20 +255,20 @@ void CDlgAddPerson::prefill(const QString &searchedFor)
     if (text.isEmpty())
         return;
     if (MobileNumber::isGood(text)) {
-        m_form->edit(QStringLiteral("sMobile"))->setText(text);
+        m_form->edit(u"sMobile"_s)->setText(text);
     } else if (isDigitsOnly(text)) {
         // A short number was a search for a code, which the new person gets from the table.
         if (text.size() >= 8)
-            m_form->edit(QStringLiteral("sNationalCode"))->setText(text);
+            m_form->edit(u"sNationalCode"_s)->setText(text);
     } else {
-        m_form->edit(QStringLiteral("sName"))->setText(text.section(u' ', 0, 0));
-        m_form->edit(QStringLiteral("sFamily"))->setText(text.section(u' ', 1));
+        m_form->edit(u"sName"_s)->setText(text.section(u' ', 0, 0));
+        m_form->edit(u"sFamily"_s)->setText(text.section(u' ', 1));
     }
 }
 
 void CDlgAddPerson::applyKind()
 {
-    const bool legal = m_form->comboBox(QStringLiteral("iKind"))->currentIndex() == CTblPersons::kindLegal;
+    const bool legal = m_form->comboBox(u"iKind"_s)->currentIndex() == CTblPersons::kindLegal;
     for (const LegalLabel &label : legalLabels) {
         m_form->setLabel(QString::fromUtf16(label.column), QString::fromUtf16(legal ? label.legal : label.natural));
     }
@@ -280,9 +282,9 @@ void CDlgAddPerson::applyKind()
 
 void CDlgAddPerson::updateHints()
 {
-    KEdit *national = m_form->edit(QStringLiteral("sNationalCode"));
-    KEdit *mobile = m_form->edit(QStringLiteral("sMobile"));
-    const int kind = m_form->comboBox(QStringLiteral("iKind"))->currentIndex();
+    KEdit *national = m_form->edit(u"sNationalCode"_s);
+    KEdit *mobile = m_form->edit(u"sMobile"_s);
+    const int kind = m_form->comboBox(u"iKind"_s)->currentIndex();
     IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), m_nationalHint, national);
     IdentityHints::show(IdentityHints::mobile(mobile->text()), m_mobileHint, mobile);
 }
@@ -302,30 +304,30 @@ bool CDlgAddPerson::isEntryGood()
         control->setFocus();
         return false;
     };
-    KEdit *name = m_form->edit(QStringLiteral("sName"));
-    const QString family = m_form->edit(QStringLiteral("sFamily"))->text();
+    KEdit *name = m_form->edit(u"sName"_s);
+    const QString family = m_form->edit(u"sFamily"_s)->text();
     if (CTblPersons::displayName(name->text(), family).isEmpty())
-        return refuse(QStringLiteral("لطفا نام شخص را وارد نمایید."), name);
+        return refuse(u"لطفا نام شخص را وارد نمایید."_s, name);
     if (const auto problem = m_form->firstInvalid())
         return refuse(problem->message, problem->widget);
-    KEdit *code = m_form->edit(QStringLiteral("iCode"));
+    KEdit *code = m_form->edit(u"iCode"_s);
     if (code->integer() == m_record.m_iCode && m_mode == Mode::Add) {
         // Proposed, not chosen: somebody else may have been given it since.
         if (CTblPersons::findByCode(code->integer(), 0) != 0)
             code->setNumber(CTblPersons::nextCode());
     } else if (CTblPersons::findByCode(code->integer(), m_personID) != 0) {
-        return refuse(QStringLiteral("این کد به شخص دیگری داده شده است."), code);
+        return refuse(u"این کد به شخص دیگری داده شده است."_s, code);
     }
     return true;
 }
 
 bool CDlgAddPerson::isDuplicateAccepted()
 {
-    KEdit *national = m_form->edit(QStringLiteral("sNationalCode"));
+    KEdit *national = m_form->edit(u"sNationalCode"_s);
     const int other = CTblPersons::findByNationalCode(national->text(), m_personID);
     if (other == 0)
         return true;
-    const QString question = QStringLiteral("%1 %2 برای «%3» ثبت شده است. آیا با این حال ذخیره شود؟")
+    const QString question = u"%1 %2 برای «%3» ثبت شده است. آیا با این حال ذخیره شود؟"_s
                                  .arg(national->accessibleName().chopped(2), ConvertToStandard(national->text()),
                                       CTblPersonsMini::GetName(other));
     if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::No)
@@ -353,10 +355,10 @@ bool CDlgAddPerson::saveRecord()
 {
     if (m_mode == Mode::Add) {
         m_record.AddNew();
-    } else if (m_record.IsRecordExist(QStringLiteral("iID"), m_personID)) {
+    } else if (m_record.IsRecordExist(u"iID"_s, m_personID)) {
         m_record.Edit();
     } else {
-        g_pDlgWarning->Show(QStringLiteral("این شخص دیگر در فهرست نیست."), this);
+        g_pDlgWarning->Show(u"این شخص دیگر در فهرست نیست."_s, this);
         return false;
     }
     storeRecord();

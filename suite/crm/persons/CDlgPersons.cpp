@@ -20,6 +20,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Long enough not to search for every letter of a word typed at speed.
@@ -27,18 +29,18 @@ constexpr int typingPauseMs = 180;
 
 QString section()
 {
-    return QStringLiteral("Persons");
+    return u"Persons"_s;
 }
 
 QString keyColumn()
 {
-    return QStringLiteral("iID");
+    return u"iID"_s;
 }
 
 }
 
 CDlgPersons::CDlgPersons(QWidget *parent)
-    : KListPage(QStringLiteral("اشخاص"), section(), section(), parent)
+    : KListPage(u"اشخاص"_s, section(), section(), parent)
 {
     build();
     list()->installEventFilter(this);
@@ -60,9 +62,9 @@ int CDlgPersons::SelectPerson(QWidget *parent, int mode, int current)
     page->m_leadingKey = current;
     page->m_showInactive->hide();
     KDialogHolder holder(page, parent);
-    holder.setWindowTitle(QStringLiteral("انتخاب شخص"));
+    holder.setWindowTitle(u"انتخاب شخص"_s);
     holder.resize(960, 600);
-    holder.SetSettingName(QStringLiteral("Persons\\Select"));
+    holder.SetSettingName(u"Persons\\Select"_s);
     return holder.exec() == QDialog::Accepted ? page->chosenKey() : 0;
 }
 
@@ -83,23 +85,23 @@ void CDlgPersons::OnClosing()
 QVector<KListModel::Column> CDlgPersons::listColumns() const
 {
     return {
-        {QStringLiteral("کد شخص"), Qt::AlignHCenter, 40, QStringLiteral("iCode")},
-        {QStringLiteral("نام و نام خانوادگی"), Qt::AlignRight, 110, defaultSort()},
-        {QStringLiteral("نام پدر"), Qt::AlignRight, 55, PersonSearch::alphabetical(QStringLiteral("sFatherName"))},
-        {QStringLiteral("کد ملی"), Qt::AlignHCenter, 60, QStringLiteral("sNationalCode")},
-        {QStringLiteral("موبایل"), Qt::AlignHCenter, 60, QStringLiteral("sMobile")},
-        {QStringLiteral("تلفن"), Qt::AlignHCenter, 60, QStringLiteral("sTel")},
-        {QStringLiteral("نوع شخص"), Qt::AlignHCenter, 45, QStringLiteral("iKind")},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 40, QStringLiteral("iStatus")},
-        {QStringLiteral("آدرس"), Qt::AlignRight, 150, PersonSearch::alphabetical(QStringLiteral("sAddress"))},
+        {u"کد شخص"_s, Qt::AlignHCenter, 40, u"iCode"_s},
+        {u"نام و نام خانوادگی"_s, Qt::AlignRight, 110, defaultSort()},
+        {u"نام پدر"_s, Qt::AlignRight, 55, PersonSearch::alphabetical(u"sFatherName"_s)},
+        {u"کد ملی"_s, Qt::AlignHCenter, 60, u"sNationalCode"_s},
+        {u"موبایل"_s, Qt::AlignHCenter, 60, u"sMobile"_s},
+        {u"تلفن"_s, Qt::AlignHCenter, 60, u"sTel"_s},
+        {u"نوع شخص"_s, Qt::AlignHCenter, 45, u"iKind"_s},
+        {u"وضعیت"_s, Qt::AlignHCenter, 40, u"iStatus"_s},
+        {u"آدرس"_s, Qt::AlignRight, 150, PersonSearch::alphabetical(u"sAddress"_s)},
     };
 }
 
 QStringList CDlgPersons::fetchedColumns() const
 {
-    return {keyColumn(), QStringLiteral("iCode"), QStringLiteral("sName2"), QStringLiteral("sFatherName"),
-            QStringLiteral("sNationalCode"), QStringLiteral("sMobile"), QStringLiteral("sTel"),
-            QStringLiteral("iKind"), QStringLiteral("sAddress"), QStringLiteral("iStatus")};
+    return {keyColumn(), u"iCode"_s, u"sName2"_s, u"sFatherName"_s,
+            u"sNationalCode"_s, u"sMobile"_s, u"sTel"_s,
+            u"iKind"_s, u"sAddress"_s, u"iStatus"_s};
 }
 
 KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
@@ -114,8 +116,8 @@ KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
                 {person.m_sNationalCode},
                 {person.m_sMobile},
                 {person.m_sTel},
-                {person.isNatural() ? QStringLiteral("حقیقی") : QStringLiteral("حقوقی")},
-                {active ? QStringLiteral("فعال") : QStringLiteral("غیر فعال")},
+                {person.isNatural() ? u"حقیقی"_s : u"حقوقی"_s},
+                {active ? u"فعال"_s : u"غیر فعال"_s},
                 {person.m_sAddress},
             }};
 }
@@ -123,30 +125,30 @@ KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
 std::vector<KListCommand> CDlgPersons::commands()
 {
     return {
-        {.id = QStringLiteral("new"), .caption = QStringLiteral("جديد"), .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = QStringLiteral(":/icons/new.svg")},
-        {.id = QStringLiteral("edit"), .caption = QStringLiteral("ويرايش"), .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = QStringLiteral(":/icons/edit.svg")},
-        {.id = QStringLiteral("show"), .caption = QStringLiteral("نمايش"), .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = QStringLiteral(":/icons/show.svg")},
+        {.id = u"new"_s, .caption = u"جديد"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = u":/icons/new.svg"_s},
+        {.id = u"edit"_s, .caption = u"ويرايش"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = u":/icons/edit.svg"_s},
+        {.id = u"show"_s, .caption = u"نمايش"_s, .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = u":/icons/show.svg"_s},
         printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
     };
 }
 
 KListReport CDlgPersons::reportSpec() const
 {
-    return {QStringLiteral("لیست اشخاص"), QStringLiteral("اشخاص"), QStringLiteral("لیست اشخاص")};
+    return {u"لیست اشخاص"_s, u"اشخاص"_s, u"لیست اشخاص"_s};
 }
 
 void CDlgPersons::buildFilters(QGridLayout *grid)
 {
     m_search = new KEdit(grid->parentWidget());
-    m_search->setPlaceholderText(QStringLiteral("نام، کد، کد ملی، موبایل یا تلفن"));
+    m_search->setPlaceholderText(u"نام، کد، کد ملی، موبایل یا تلفن"_s);
     m_search->setClearButtonEnabled(true);
     m_search->setMaxLength(100);
     m_search->installEventFilter(this);
-    addFilter(grid, 0, 0, QStringLiteral("جستجو :"), m_search);
-    m_showInactive = new QCheckBox(QStringLiteral("نمايش غير فعال ها"), grid->parentWidget());
+    addFilter(grid, 0, 0, u"جستجو :"_s, m_search);
+    m_showInactive = new QCheckBox(u"نمايش غير فعال ها"_s, grid->parentWidget());
     grid->addWidget(m_showInactive, 0, 2);
     m_notice = new QLabel(grid->parentWidget());
-    m_notice->setObjectName(QStringLiteral("notice"));
+    m_notice->setObjectName(u"notice"_s);
     m_notice->setForegroundRole(QPalette::PlaceholderText);
     m_notice->hide();
     grid->addWidget(m_notice, 1, 1, 1, 2);
@@ -168,15 +170,15 @@ QString CDlgPersons::filterClauses() const
 {
     QString clauses;
     if (!m_showInactive->isChecked())
-        clauses += QStringLiteral(" AND iStatus=0");
+        clauses += u" AND iStatus=0"_s;
     if (const QString searched = PersonSearch::condition(m_search->text()); !searched.isEmpty())
-        clauses += QStringLiteral(" AND ") + searched;
+        clauses += u" AND "_s + searched;
     return clauses;
 }
 
 QString CDlgPersons::defaultSort() const
 {
-    return PersonSearch::alphabetical(QStringLiteral("sName2"));
+    return PersonSearch::alphabetical(u"sName2"_s);
 }
 
 void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
@@ -187,7 +189,7 @@ void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
     person.SetColumns(fetchedColumns());
     bool isCode = false;
     const int code = searched.toInt(&isCode);
-    const bool found = isCode ? person.IsRecordExist(QStringLiteral("iCode"), code, 0, filterClauses())
+    const bool found = isCode ? person.IsRecordExist(u"iCode"_s, code, 0, filterClauses())
                               : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(keyColumn(), m_leadingKey);
     if (found)
         lead(person, rows);
@@ -197,10 +199,10 @@ void CDlgPersons::notice(qsizetype rows)
 {
     QString text;
     if (rows >= rowLimit())
-        text = QStringLiteral("همه در فهرست جا نشدند؛ جستجو را کامل تر کنید.");
+        text = u"همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."_s;
     else if (rows == 0 && !m_search->text().trimmed().isEmpty())
-        text = isReadOnly() ? QStringLiteral("کسی پیدا نشد.")
-                            : QStringLiteral("کسی پیدا نشد؛ با «جديد» شخص تازه ای اضافه کنید.");
+        text = isReadOnly() ? u"کسی پیدا نشد."_s
+                            : u"کسی پیدا نشد؛ با «جديد» شخص تازه ای اضافه کنید."_s;
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
 }

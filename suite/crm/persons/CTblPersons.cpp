@@ -6,13 +6,15 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int findOther(const QString &condition, int exceptID, int database)
 {
     CTblTemp temp(database);
-    temp.ExecuteQuery(QStringLiteral("SELECT iID FROM Persons WHERE ") + condition
-                      + QStringLiteral(" AND iID<>%1 ORDER BY iID LIMIT 1").arg(exceptID));
+    temp.ExecuteQuery(u"SELECT iID FROM Persons WHERE "_s + condition
+                      + u" AND iID<>%1 ORDER BY iID LIMIT 1"_s.arg(exceptID));
     return temp.GetLongFieldValue(0);
 }
 
@@ -27,7 +29,7 @@ CTblPersons::~CTblPersons() = default;
 
 QString CTblPersons::GetTableName() const
 {
-    return QStringLiteral("Persons");
+    return u"Persons"_s;
 }
 
 void CTblPersons::DoFieldExchange()
@@ -85,7 +87,7 @@ void CTblPersons::standardize()
 int CTblPersons::nextCode(int database)
 {
     CTblTemp temp(database);
-    temp.ExecuteQuery(QStringLiteral("SELECT MAX(iCode) FROM Persons"));
+    temp.ExecuteQuery(u"SELECT MAX(iCode) FROM Persons"_s);
     return temp.GetLongFieldValue(0) + 1;
 }
 
@@ -96,7 +98,7 @@ QString CTblPersons::displayName(const QString &name, const QString &family)
 
 int CTblPersons::findByCode(int code, int exceptID, int database)
 {
-    return findOther(QStringLiteral("iCode=%1").arg(code), exceptID, database);
+    return findOther(u"iCode=%1"_s.arg(code), exceptID, database);
 }
 
 int CTblPersons::findByNationalCode(const QString &code, int exceptID, int database)
@@ -105,5 +107,5 @@ int CTblPersons::findByNationalCode(const QString &code, int exceptID, int datab
     if (standard.isEmpty())
         return 0;
     const QByteArray quoted = KConnection::forThread(database).quoted(standard);
-    return findOther(QStringLiteral("sNationalCode=") + QString::fromUtf8(quoted), exceptID, database);
+    return findOther(u"sNationalCode="_s + QString::fromUtf8(quoted), exceptID, database);
 }

@@ -5,11 +5,13 @@
 
 #include "suite/db/KLookup.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 KLookup::Source shownNames()
 {
-    return {QStringLiteral("Persons"), QStringLiteral("iID"), QStringLiteral("sName2")};
+    return {u"Persons"_s, u"iID"_s, u"sName2"_s};
 }
 
 }

@@ -9,6 +9,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Part
@@ -39,12 +41,12 @@ constexpr std::array parts{
 
 QString section()
 {
-    return QStringLiteral("Company");
+    return u"Company"_s;
 }
 
 QString kindKey()
 {
-    return QStringLiteral("kind");
+    return u"kind"_s;
 }
 
 }

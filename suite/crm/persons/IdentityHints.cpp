@@ -9,6 +9,8 @@
 
 #include <QLabel>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 NationalCode::State check(const QString &code, int personKind)
@@ -27,11 +29,11 @@ QString lengthHint(int personKind)
 {
     switch (personKind) {
     case CTblPersons::kindNatural:
-        return QStringLiteral("کد ملی ده رقم دارد.");
+        return u"کد ملی ده رقم دارد."_s;
     case CTblPersons::kindForeigner:
-        return QStringLiteral("کد فراگیر هشت تا شانزده رقم دارد.");
+        return u"کد فراگیر هشت تا شانزده رقم دارد."_s;
     default:
-        return QStringLiteral("شناسه ملی یازده رقم دارد.");
+        return u"شناسه ملی یازده رقم دارد."_s;
     }
 }
 
@@ -41,11 +43,11 @@ QString IdentityHints::nationalCode(const QString &code, int personKind)
 {
     switch (check(code, personKind)) {
     case NationalCode::State::NotANumber:
-        return QStringLiteral("تنها رقم پذیرفته است.");
+        return u"تنها رقم پذیرفته است."_s;
     case NationalCode::State::WrongLength:
         return lengthHint(personKind);
     case NationalCode::State::WrongCheckDigit:
-        return QStringLiteral("رقم کنترل درست نیست.");
+        return u"رقم کنترل درست نیست."_s;
     case NationalCode::State::Empty:
     case NationalCode::State::Good:
         break;
@@ -57,7 +59,7 @@ QString IdentityHints::mobile(const QString &number)
 {
     if (number.trimmed().isEmpty() || MobileNumber::isGood(number))
         return {};
-    return QStringLiteral("شماره موبایل مانند 09121234567 است.");
+    return u"شماره موبایل مانند 09121234567 است."_s;
 }
 
 QLabel *IdentityHints::createLabel(QWidget *parent)

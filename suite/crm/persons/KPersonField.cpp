@@ -11,11 +11,13 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString defaultClearCaption()
 {
-    return QStringLiteral("حذف");
+    return u"حذف"_s;
 }
 
 QPushButton *createButton(const QString &caption, const QString &accessibleName, QWidget *parent)
@@ -44,14 +46,14 @@ KPersonField::KPersonField(const QString &label, QWidget *parent)
 KPersonField::KPersonField(const QString &label, const QString &clearCaption, QWidget *parent)
     : QWidget(parent)
     , m_name(new KEdit(this))
-    , m_pickButton(createButton(QStringLiteral("..."), label + QStringLiteral(" ..."), this))
+    , m_pickButton(createButton(u"..."_s, label + u" ..."_s, this))
     , m_clearButton(createButton(clearCaption, label + u' ' + defaultClearCaption(), this))
 {
     m_name->setReadOnly(true);
     m_name->setAccessibleName(label);
     m_name->installEventFilter(this);
-    m_pickButton->setToolTip(QStringLiteral("انتخاب شخص (F4)"));
-    m_clearButton->setToolTip(QStringLiteral("خالی کردن"));
+    m_pickButton->setToolTip(u"انتخاب شخص (F4)"_s);
+    m_clearButton->setToolTip(u"خالی کردن"_s);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_name, 1);

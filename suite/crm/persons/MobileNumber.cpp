@@ -9,9 +9,11 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 bool MobileNumber::isGood(QStringView number)
 {
-    static const QStringList countryPrefixes{QStringLiteral("+98"), QStringLiteral("0098"), QStringLiteral("98")};
+    static const QStringList countryPrefixes{u"+98"_s, u"0098"_s, u"98"_s};
     QString digits = ConvertToStandard(number.toString());
     digits.removeIf([](QChar c) { return c == u' ' || c == u'-'; });
     for (const QString &prefix : countryPrefixes) {

@@ -5,12 +5,14 @@
 
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What may stand inside a name or number without being typed: blanks, marks, joiners, kashida, vowel signs, a lone hamza.
 QString filler()
 {
-    return QStringLiteral("[ \u00A0[:punct:]\u200C\u0640\u064B-\u0655\u0670\u0621]*");
+    return u"[ \u00A0[:punct:]\u200C\u0640\u064B-\u0655\u0670\u0621]*"_s;
 }
 
 // Every character that a folded character stands for, as the inside of a bracket.
@@ -21,15 +23,15 @@ QString waysOfWriting(QChar folded)
         return QString(folded) + QChar(0x06F0 + (code - u'0')) + QChar(0x0660 + (code - u'0'));
     switch (code) {
     case 0x0627:
-        return QStringLiteral("\u0627\u0622\u0623\u0625\u0671");
+        return u"\u0627\u0622\u0623\u0625\u0671"_s;
     case 0x0648:
-        return QStringLiteral("\u0648\u0624");
+        return u"\u0648\u0624"_s;
     case 0x06CC:
-        return QStringLiteral("\u06CC\u064A\u0649\u0626");
+        return u"\u06CC\u064A\u0649\u0626"_s;
     case 0x06A9:
-        return QStringLiteral("\u06A9\u0643");
+        return u"\u06A9\u0643"_s;
     case 0x0647:
-        return QStringLiteral("\u0647\u0629\u06C0\u06D5");
+        return u"\u0647\u0629\u06C0\u06D5"_s;
     default:
         return folded;
     }
@@ -52,24 +54,24 @@ QString PersonSearch::pattern(const QString &word)
 
 QStringList PersonSearch::columns()
 {
-    return {QStringLiteral("sName2"), QStringLiteral("iCode"), QStringLiteral("sNationalCode"),
-            QStringLiteral("sMobile"), QStringLiteral("sTel")};
+    return {u"sName2"_s, u"iCode"_s, u"sNationalCode"_s,
+            u"sMobile"_s, u"sTel"_s};
 }
 
 QString PersonSearch::condition(const QString &typed)
 {
     // A pattern holds letters and digits in brackets and the filler, so nothing typed can leave the quotes. The line break
     // between the columns is no filler: a match never runs from one column into the next.
-    const QString searched = QStringLiteral("CONCAT_WS(CHAR(10), %1)").arg(columns().join(QStringLiteral(", ")));
+    const QString searched = u"CONCAT_WS(CHAR(10), %1)"_s.arg(columns().join(u", "_s));
     QStringList conditions;
     for (const QString &word : ConvertToStandard(typed).split(u' ', Qt::SkipEmptyParts)) {
         if (const QString expression = pattern(word); !expression.isEmpty())
-            conditions.append(QStringLiteral("%1 RLIKE '%2'").arg(searched, expression));
+            conditions.append(u"%1 RLIKE '%2'"_s.arg(searched, expression));
     }
-    return conditions.join(QStringLiteral(" AND "));
+    return conditions.join(u" AND "_s);
 }
 
 QString PersonSearch::alphabetical(const QString &column)
 {
-    return QStringLiteral("CONVERT(%1 USING utf8mb4) COLLATE utf8mb4_persian_ci").arg(column);
+    return u"CONVERT(%1 USING utf8mb4) COLLATE utf8mb4_persian_ci"_s.arg(column);
 }

@@ -3,12 +3,14 @@
 
 #include "suite/crm/reminders/AlarmFilter.h"
 
+using namespace Qt::StringLiterals;
+
 QString alarmFilter(const AlarmFilter &filter)
 {
-    QString clauses = QStringLiteral(" AND iUserID=%1").arg(filter.userID);
+    QString clauses = u" AND iUserID=%1"_s.arg(filter.userID);
     if (!filter.withDone)
-        clauses += QStringLiteral(" AND iStatus=0");
+        clauses += u" AND iStatus=0"_s;
     if (!filter.text.isEmpty())
-        clauses += QStringLiteral(" AND sDesc LIKE '%") + filter.text + QStringLiteral("%'");
+        clauses += u" AND sDesc LIKE '%"_s + filter.text + u"%'"_s;
     return clauses;
 }

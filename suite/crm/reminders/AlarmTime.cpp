@@ -5,6 +5,8 @@
 
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 secondsOfAnHour = 3600;
@@ -18,12 +20,12 @@ QDateTime at(const QDate &day, const QTime &time)
 
 QString AlarmTime::text(const QDateTime &date)
 {
-    return date.isValid() ? QStringLiteral("%1 ساعت %2").arg(shamsiText(date.date()), timeOfDay(date)) : QString();
+    return date.isValid() ? u"%1 ساعت %2"_s.arg(shamsiText(date.date()), timeOfDay(date)) : QString();
 }
 
 QString AlarmTime::timeOfDay(const QDateTime &date)
 {
-    return date.isValid() ? date.time().toString(QStringLiteral("HH:mm")) : QString();
+    return date.isValid() ? date.time().toString(u"HH:mm"_s) : QString();
 }
 
 QDateTime AlarmTime::proposed(const QDateTime &now)

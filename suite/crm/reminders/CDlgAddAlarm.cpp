@@ -20,6 +20,8 @@
 #include <QFormLayout>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QCheckBox *addCheck(QFormLayout *form, const QString &caption)
@@ -34,8 +36,8 @@ QCheckBox *addCheck(QFormLayout *form, const QString &caption)
 void fillUsers(QComboBox *box, int selected)
 {
     CTblUsers users;
-    users.m_filter = QStringLiteral("iStatus=0 OR iID=%1").arg(selected);
-    users.m_sort = QStringLiteral("sName,sUser");
+    users.m_filter = u"iStatus=0 OR iID=%1"_s.arg(selected);
+    users.m_sort = u"sName,sUser"_s;
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         box->addItem(users.m_sName.isEmpty() ? users.m_sUser : users.m_sName, users.m_iID);
     box->setCurrentIndex(box->findData(selected));
@@ -62,7 +64,7 @@ CDlgAddAlarm::CDlgAddAlarm(CTblAlarm &alarm, QWidget *parent)
     , m_desc(new KEdit)
     , m_user(new QComboBox)
 {
-    SetSettingName(QStringLiteral("AddAlarm"));
+    SetSettingName(u"AddAlarm"_s);
     build();
     load();
     m_date->setFocus();
@@ -83,7 +85,7 @@ int CDlgAddAlarm::Add(const QString &desc, int recordKind, int key1, int key2, Q
     alarm.m_date = AlarmTime::proposed(GetDBSetting()->GetDBServerDate());
     alarm.m_sDesc = desc.left(CTblAlarm::longestDesc);
     CDlgAddAlarm dialog(alarm, parent);
-    dialog.setWindowTitle(QStringLiteral("یادآوری - جدید"));
+    dialog.setWindowTitle(u"یادآوری - جدید"_s);
     dialog.m_done->hide();
     return dialog.exec() == Accepted ? static_cast<int>(alarm.GetLastInsertedID()) : 0;
 }
@@ -93,13 +95,13 @@ bool CDlgAddAlarm::Edit(int id, QWidget *parent)
     if (!mayWrite(parent))
         return false;
     CTblAlarm alarm;
-    if (!alarm.IsRecordExist(QStringLiteral("iID"), id)) {
-        g_pDlgWarning->Show(QStringLiteral("این یادآوری دیگر وجود ندارد."), parent);
+    if (!alarm.IsRecordExist(u"iID"_s, id)) {
+        g_pDlgWarning->Show(u"این یادآوری دیگر وجود ندارد."_s, parent);
         return false;
     }
     alarm.Edit();
     CDlgAddAlarm dialog(alarm, parent);
-    dialog.setWindowTitle(QStringLiteral("یادآوری - ویرایش"));
+    dialog.setWindowTitle(u"یادآوری - ویرایش"_s);
     return dialog.exec() == Accepted;
 }
 
@@ -108,12 +110,12 @@ void CDlgAddAlarm::build()
     m_desc->setMaxLength(CTblAlarm::longestDesc);
     m_desc->setMinimumWidth(360);
     auto *form = new QFormLayout;
-    addLabelled(form, QStringLiteral("تاریخ :"), m_date);
-    addLabelled(form, QStringLiteral("ساعت :"), m_time);
-    addLabelled(form, QStringLiteral("شرح :"), m_desc);
-    addLabelled(form, QStringLiteral("برای کاربر :"), m_user);
-    m_repeat = addCheck(form, QStringLiteral("یادآوری تا انجام شدن تکرار شود"));
-    m_done = addCheck(form, QStringLiteral("انجام شد"));
+    addLabelled(form, u"تاریخ :"_s, m_date);
+    addLabelled(form, u"ساعت :"_s, m_time);
+    addLabelled(form, u"شرح :"_s, m_desc);
+    addLabelled(form, u"برای کاربر :"_s, m_user);
+    m_repeat = addCheck(form, u"یادآوری تا انجام شدن تکرار شود"_s);
+    m_done = addCheck(form, u"انجام شد"_s);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addStretch();
@@ -147,15 +149,15 @@ bool CDlgAddAlarm::OnOK()
     if (!m_date->isEntryValid())
         return refuse(m_date->entryError(), m_date);
     if (!m_date->date().isValid())
-        return refuse(QStringLiteral("لطفا تاریخ یادآوری را وارد نمایید."), m_date);
+        return refuse(u"لطفا تاریخ یادآوری را وارد نمایید."_s, m_date);
     // An old reminder may keep its time; a time that is entered now is to come.
     const bool moved = m_alarm.m_iID == 0 || entered() != m_alarm.m_date;
     if (moved && !m_done->isChecked() && entered() <= GetDBSetting()->GetDBServerDate())
-        return refuse(QStringLiteral("زمان یادآوری گذشته است. لطفا تاریخ و ساعت را اصلاح نمایید."), m_date);
+        return refuse(u"زمان یادآوری گذشته است. لطفا تاریخ و ساعت را اصلاح نمایید."_s, m_date);
     if (m_desc->text().trimmed().isEmpty())
-        return refuse(QStringLiteral("لطفا شرح یادآوری را وارد نمایید."), m_desc);
+        return refuse(u"لطفا شرح یادآوری را وارد نمایید."_s, m_desc);
     if (m_user->currentIndex() < 0)
-        return refuse(QStringLiteral("لطفا کاربر یادآوری را انتخاب نمایید."), m_user);
+        return refuse(u"لطفا کاربر یادآوری را انتخاب نمایید."_s, m_user);
     store(moved);
     return m_alarm.Update(true);
 }

@@ -20,17 +20,19 @@
 #include <QGridLayout>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString newCaption = QStringLiteral("جديد");
-const QString editCaption = QStringLiteral("ويرايش");
-const QString postponeCaption = QStringLiteral("تعویق");
+const QString newCaption = u"جديد"_s;
+const QString editCaption = u"ويرايش"_s;
+const QString postponeCaption = u"تعویق"_s;
 
 QString stateOf(const CTblAlarm &alarm, const QDateTime &now)
 {
     if (alarm.isDone())
-        return QStringLiteral("انجام شد");
-    return alarm.isDue(now) ? QStringLiteral("سررسیده") : QStringLiteral("در انتظار");
+        return u"انجام شد"_s;
+    return alarm.isDue(now) ? u"سررسیده"_s : u"در انتظار"_s;
 }
 
 // The record behind a reminder: its kind, and the code that people know it by.
@@ -39,13 +41,13 @@ QString recordOf(const CTblAlarm &alarm)
     if (alarm.m_iTable <= 0 || alarm.m_iTable >= RecordKind::count)
         return {};
     const QString &kind = RecordKind::names().at(static_cast<std::size_t>(alarm.m_iTable));
-    return alarm.m_iRecordID2 > 0 ? QStringLiteral("%1 %2").arg(kind, QString::number(alarm.m_iRecordID2)) : kind;
+    return alarm.m_iRecordID2 > 0 ? u"%1 %2"_s.arg(kind, QString::number(alarm.m_iRecordID2)) : kind;
 }
 
 }
 
 CDlgAlarms::CDlgAlarms(QWidget *parent)
-    : KListPage(QStringLiteral("یادآوری ها"), {}, QStringLiteral("Alarms"), parent)
+    : KListPage(u"یادآوری ها"_s, {}, u"Alarms"_s, parent)
 {
     build();
     connect(m_showDone, &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
@@ -61,13 +63,13 @@ bool CDlgAlarms::OnAccess()
 QVector<KListModel::Column> CDlgAlarms::listColumns() const
 {
     return {
-        {QStringLiteral("ردیف"), Qt::AlignHCenter, 30, {}},
-        {QStringLiteral("وضعیت"), Qt::AlignHCenter, 45, QStringLiteral("iStatus,date")},
-        {QStringLiteral("تاریخ"), Qt::AlignHCenter, 50, QStringLiteral("date"), true},
-        {QStringLiteral("ساعت"), Qt::AlignHCenter, 35, {}},
-        {QStringLiteral("شرح"), Qt::AlignRight, 190, QStringLiteral("sDesc")},
-        {QStringLiteral("مربوط به"), Qt::AlignRight, 100, QStringLiteral("iTable,iRecordID2")},
-        {QStringLiteral("تکرار"), Qt::AlignHCenter, 35, QStringLiteral("bRepeat")},
+        {u"ردیف"_s, Qt::AlignHCenter, 30, {}},
+        {u"وضعیت"_s, Qt::AlignHCenter, 45, u"iStatus,date"_s},
+        {u"تاریخ"_s, Qt::AlignHCenter, 50, u"date"_s, true},
+        {u"ساعت"_s, Qt::AlignHCenter, 35, {}},
+        {u"شرح"_s, Qt::AlignRight, 190, u"sDesc"_s},
+        {u"مربوط به"_s, Qt::AlignRight, 100, u"iTable,iRecordID2"_s},
+        {u"تکرار"_s, Qt::AlignHCenter, 35, u"bRepeat"_s},
     };
 }
 
@@ -75,24 +77,24 @@ std::vector<KListCommand> CDlgAlarms::commands()
 {
     constexpr int onRow = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly;
     return {
-        {QStringLiteral("new"), newCaption, KListCommand::HiddenInReadOnly, [this] { addAlarm(); }, QKeySequence(Qt::Key_Insert),
-         QStringLiteral(":/icons/new.svg")},
-        {QStringLiteral("edit"), editCaption, onRow, [this] { editAlarm(); }, QKeySequence(Qt::Key_F2), QStringLiteral(":/icons/edit.svg")},
-        {QStringLiteral("done"), QStringLiteral("انجام شد"), onRow | KListCommand::StartsGroup, [this] { finishAlarm(); },
-         QKeySequence(Qt::CTRL | Qt::Key_D), QStringLiteral(":/icons/reminder.svg")},
-        {QStringLiteral("postpone"), postponeCaption, onRow, [this] { postponeAlarm(); }, QKeySequence(Qt::Key_F4),
-         QStringLiteral(":/icons/calendar.svg")},
-        {QStringLiteral("delete"), QStringLiteral("حذف"), onRow | KListCommand::StartsGroup, [this] { deleteAlarm(); },
-         QKeySequence(QKeySequence::Delete), QStringLiteral(":/icons/delete.svg")},
+        {u"new"_s, newCaption, KListCommand::HiddenInReadOnly, [this] { addAlarm(); }, QKeySequence(Qt::Key_Insert),
+         u":/icons/new.svg"_s},
+        {u"edit"_s, editCaption, onRow, [this] { editAlarm(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"done"_s, u"انجام شد"_s, onRow | KListCommand::StartsGroup, [this] { finishAlarm(); },
+         QKeySequence(Qt::CTRL | Qt::Key_D), u":/icons/reminder.svg"_s},
+        {u"postpone"_s, postponeCaption, onRow, [this] { postponeAlarm(); }, QKeySequence(Qt::Key_F4),
+         u":/icons/calendar.svg"_s},
+        {u"delete"_s, u"حذف"_s, onRow | KListCommand::StartsGroup, [this] { deleteAlarm(); },
+         QKeySequence(QKeySequence::Delete), u":/icons/delete.svg"_s},
     };
 }
 
 void CDlgAlarms::buildFilters(QGridLayout *grid)
 {
     m_text = new KEdit(KEdit::Kind::QueryText, this);
-    m_showDone = new QCheckBox(QStringLiteral("نمايش انجام شده ها"), this);
+    m_showDone = new QCheckBox(u"نمايش انجام شده ها"_s, this);
     m_showDone->setAccessibleName(m_showDone->text());
-    addFilter(grid, 0, 0, QStringLiteral("شرح :"), m_text);
+    addFilter(grid, 0, 0, u"شرح :"_s, m_text);
     grid->addWidget(m_showDone, 0, 2);
 }
 
@@ -109,7 +111,7 @@ QString CDlgAlarms::filterClauses() const
 // Open ones by their time, so that the due ones come first and the one that waits longest is on top.
 QString CDlgAlarms::defaultSort() const
 {
-    return QStringLiteral("iStatus,date");
+    return u"iStatus,date"_s;
 }
 
 void CDlgAlarms::beginRows()
@@ -128,7 +130,7 @@ KListModel::Row CDlgAlarms::makeRow(KMySQL &record, int number)
                 {AlarmTime::timeOfDay(alarm.m_date)},
                 {alarm.m_sDesc},
                 {recordOf(alarm)},
-                {alarm.m_bRepeat ? QStringLiteral("بلی") : QStringLiteral("-"), alarm.m_bRepeat},
+                {alarm.m_bRepeat ? u"بلی"_s : u"-"_s, alarm.m_bRepeat},
             },
             alarm.isDue(m_now)};
 }

@@ -20,13 +20,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 CDlgDueAlarms::CDlgDueAlarms(const QList<CTblAlarm::Due> &due, QWidget *parent)
     : KDialog(parent)
     , m_closed(GetDBSetting()->IsClosedDB())
     , m_list(new KExtListCtrl(this))
 {
-    setWindowTitle(QStringLiteral("یادآوری ها"));
-    SetSettingName(QStringLiteral("DueAlarms"));
+    setWindowTitle(u"یادآوری ها"_s);
+    SetSettingName(u"DueAlarms"_s);
     resize(720, 360);
     build();
     fill(due);
@@ -49,11 +51,11 @@ bool CDlgDueAlarms::ShowAtLogin(QWidget *parent)
 
 void CDlgDueAlarms::build()
 {
-    QLabel *heading = labelFor(QStringLiteral("زمان این یادآوری ها رسیده است :"), m_list);
-    m_list->setColumns({{QStringLiteral("تاریخ"), Qt::AlignHCenter, 50, {}, true},
-                        {QStringLiteral("ساعت"), Qt::AlignHCenter, 35, {}},
-                        {QStringLiteral("شرح"), Qt::AlignRight, 220, {}}});
-    m_list->SetSettingName(QStringLiteral("DueAlarms\\List"));
+    QLabel *heading = labelFor(u"زمان این یادآوری ها رسیده است :"_s, m_list);
+    m_list->setColumns({{u"تاریخ"_s, Qt::AlignHCenter, 50, {}, true},
+                        {u"ساعت"_s, Qt::AlignHCenter, 35, {}},
+                        {u"شرح"_s, Qt::AlignRight, 220, {}}});
+    m_list->SetSettingName(u"DueAlarms\\List"_s);
 
     // A row of its own: buttons that are added to those of the window would break the order of Tab.
     auto *row = new QHBoxLayout;
@@ -65,10 +67,10 @@ void CDlgDueAlarms::build()
         row->addWidget(button);
         return button;
     };
-    m_done = addButton(QStringLiteral("انجام شد"), QStringLiteral(":/icons/reminder.svg"));
-    m_postpone = addButton(QStringLiteral("تعویق"), QStringLiteral(":/icons/calendar.svg"));
+    m_done = addButton(u"انجام شد"_s, u":/icons/reminder.svg"_s);
+    m_postpone = addButton(u"تعویق"_s, u":/icons/calendar.svg"_s);
     row->addStretch(1);
-    row->addWidget(createButtons({}, QStringLiteral("بستن")));
+    row->addWidget(createButtons({}, u"بستن"_s));
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(heading);
@@ -138,7 +140,7 @@ void CDlgDueAlarms::edit(int key)
     if (!CDlgAddAlarm::Edit(key, this))
         return;
     CTblAlarm alarm;
-    const bool stays = alarm.IsRecordExist(QStringLiteral("iID"), key) && alarm.isDue(GetDBSetting()->GetDBServerDate())
+    const bool stays = alarm.IsRecordExist(u"iID"_s, key) && alarm.isDue(GetDBSetting()->GetDBServerDate())
         && alarm.m_iUserID == GetDBSetting()->GetUserID();
     if (!stays) {
         takeOff(key);

@@ -7,17 +7,19 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/reminders/AlarmTime.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString ofUser(int userID)
 {
-    return QStringLiteral(" AND iUserID=%1").arg(userID);
+    return u" AND iUserID=%1"_s.arg(userID);
 }
 
 // By the server's clock, which all machines of an office share.
 QString dueCondition(int userID)
 {
-    return QStringLiteral("iStatus=%1 AND date<=NOW()").arg(CTblAlarm::statusOpen) + ofUser(userID);
+    return u"iStatus=%1 AND date<=NOW()"_s.arg(CTblAlarm::statusOpen) + ofUser(userID);
 }
 
 }
@@ -31,7 +33,7 @@ CTblAlarm::~CTblAlarm() = default;
 
 QString CTblAlarm::GetTableName() const
 {
-    return QStringLiteral("Alarms");
+    return u"Alarms"_s;
 }
 
 void CTblAlarm::DoFieldExchange()
@@ -51,11 +53,11 @@ void CTblAlarm::DoFieldExchange()
 QString CTblAlarm::GetDesc(int id, int database)
 {
     CTblAlarm alarm(database);
-    if (id < 1 || !alarm.IsRecordExist(QStringLiteral("iID"), id))
+    if (id < 1 || !alarm.IsRecordExist(u"iID"_s, id))
         return {};
-    QString text = AlarmTime::text(alarm.m_date) + QStringLiteral(" - ") + alarm.m_sDesc;
+    QString text = AlarmTime::text(alarm.m_date) + u" - "_s + alarm.m_sDesc;
     if (alarm.isDone())
-        text += QStringLiteral(" (انجام شد)");
+        text += u" (انجام شد)"_s;
     return text;
 }
 
@@ -63,15 +65,15 @@ int CTblAlarm::dueCount(int userID, int database)
 {
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    temp.ExecuteQuery(QStringLiteral("SELECT COUNT(*) FROM Alarms WHERE ") + dueCondition(userID));
+    temp.ExecuteQuery(u"SELECT COUNT(*) FROM Alarms WHERE "_s + dueCondition(userID));
     return temp.GetLongFieldValue(0);
 }
 
 QList<CTblAlarm::Due> CTblAlarm::dueAtLogin(int userID, int database)
 {
     CTblAlarm alarm(database);
-    alarm.m_filter = dueCondition(userID) + QStringLiteral(" AND (bRepeat<>0 OR dateTold IS NULL)");
-    alarm.m_sort = QStringLiteral("date,iID");
+    alarm.m_filter = dueCondition(userID) + u" AND (bRepeat<>0 OR dateTold IS NULL)"_s;
+    alarm.m_sort = u"date,iID"_s;
     QList<Due> due;
     for (alarm.Open(true, true, true); !alarm.IsEOF(); alarm.MoveNext())
         due.append({alarm.m_iID, alarm.m_date, alarm.m_sDesc});
@@ -87,14 +89,14 @@ void CTblAlarm::markTold(const QList<Due> &told, int database)
         ids.append(QString::number(due.id));
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    temp.ExecuteQuery(QStringLiteral("UPDATE Alarms SET dateTold=NOW() WHERE iID IN (%1)").arg(ids.join(u',')));
+    temp.ExecuteQuery(u"UPDATE Alarms SET dateTold=NOW() WHERE iID IN (%1)"_s.arg(ids.join(u',')));
 }
 
 bool CTblAlarm::setDone(int id, int userID, int database)
 {
     GetDBSetting()->RequireOpenDB();
     CTblAlarm alarm(database);
-    if (!alarm.IsRecordExist(QStringLiteral("iID"), id, 0, ofUser(userID)))
+    if (!alarm.IsRecordExist(u"iID"_s, id, 0, ofUser(userID)))
         return false;
     alarm.Edit();
     alarm.m_iStatus = statusDone;
@@ -105,7 +107,7 @@ bool CTblAlarm::postpone(int id, int userID, const QDateTime &until, int databas
 {
     GetDBSetting()->RequireOpenDB();
     CTblAlarm alarm(database);
-    if (!alarm.IsRecordExist(QStringLiteral("iID"), id, 0, ofUser(userID)))
+    if (!alarm.IsRecordExist(u"iID"_s, id, 0, ofUser(userID)))
         return false;
     alarm.Edit();
     alarm.m_date = until;
@@ -118,7 +120,7 @@ bool CTblAlarm::deleteAlarm(int id, int userID, int database)
     GetDBSetting()->RequireOpenDB();
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    return temp.ExecuteQuery(QStringLiteral("DELETE FROM Alarms WHERE iID=%1").arg(id) + ofUser(userID)) > 0;
+    return temp.ExecuteQuery(u"DELETE FROM Alarms WHERE iID=%1"_s.arg(id) + ofUser(userID)) > 0;
 }
 
 void CTblAlarm::DeleteAllRelatedRecords(int kind, int key, int database)

@@ -8,20 +8,22 @@
 
 #include <QMenu>
 
+using namespace Qt::StringLiterals;
+
 std::optional<QDateTime> PostponeMenu::ask(const QDateTime &date, QWidget *button)
 {
     static const std::pair<AlarmTime::Delay, QString> delays[]{
-        {AlarmTime::Delay::OneHour, QStringLiteral("یک ساعت دیگر")},
-        {AlarmTime::Delay::Tomorrow, QStringLiteral("فردا")},
-        {AlarmTime::Delay::ThreeDays, QStringLiteral("سه روز دیگر")},
-        {AlarmTime::Delay::OneWeek, QStringLiteral("یک هفته دیگر")},
+        {AlarmTime::Delay::OneHour, u"یک ساعت دیگر"_s},
+        {AlarmTime::Delay::Tomorrow, u"فردا"_s},
+        {AlarmTime::Delay::ThreeDays, u"سه روز دیگر"_s},
+        {AlarmTime::Delay::OneWeek, u"یک هفته دیگر"_s},
     };
     const QDateTime now = GetDBSetting()->GetDBServerDate();
     QMenu menu(button);
-    menu.setAccessibleName(QStringLiteral("تعویق"));
+    menu.setAccessibleName(u"تعویق"_s);
     for (const auto &[delay, caption] : delays) {
         const QDateTime until = AlarmTime::postponed(date, now, delay);
-        menu.addAction(QStringLiteral("%1 (%2)").arg(caption, AlarmTime::text(until)))->setData(until);
+        menu.addAction(u"%1 (%2)"_s.arg(caption, AlarmTime::text(until)))->setData(until);
     }
     const QAction *chosen = menu.exec(button->mapToGlobal(QPoint(0, -menu.sizeHint().height())));
     return chosen ? std::optional(chosen->data().toDateTime()) : std::nullopt;

@@ -14,9 +14,11 @@
 #include <cstring>
 #include <deque>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString contentTypesPart = QStringLiteral("[Content_Types].xml");
+const QString contentTypesPart = u"[Content_Types].xml"_s;
 
 bool sameName(const QString &a, const QString &b)
 {
@@ -31,33 +33,33 @@ bool isSafeName(const QString &name)
     if (std::any_of(name.cbegin(), name.cend(), [](QChar c) { return c.unicode() < 0x20; }))
         return false;
     const QStringList steps = name.split(u'/');
-    return !steps.contains(QStringLiteral("..")) && !steps.contains(QStringLiteral("."));
+    return !steps.contains(u".."_s) && !steps.contains(u"."_s);
 }
 
 bool isMacroName(const QString &name)
 {
     const QString file = name.section(u'/', -1);
-    return sameName(file, QStringLiteral("vbaProject.bin")) || sameName(file, QStringLiteral("vbaData.xml"));
+    return sameName(file, u"vbaProject.bin"_s) || sameName(file, u"vbaData.xml"_s);
 }
 
 bool isMacroType(const QString &type)
 {
-    return type.contains(QStringLiteral("macroEnabled"), Qt::CaseInsensitive)
-        || type.contains(QStringLiteral("vbaProject"), Qt::CaseInsensitive)
-        || type.contains(QStringLiteral("vbaData"), Qt::CaseInsensitive);
+    return type.contains(u"macroEnabled"_s, Qt::CaseInsensitive)
+        || type.contains(u"vbaProject"_s, Qt::CaseInsensitive)
+        || type.contains(u"vbaData"_s, Qt::CaseInsensitive);
 }
 
 bool isXmlName(const QString &name)
 {
-    return name.endsWith(QStringLiteral(".xml"), Qt::CaseInsensitive)
-        || name.endsWith(QStringLiteral(".rels"), Qt::CaseInsensitive)
-        || name.endsWith(QStringLiteral(".vml"), Qt::CaseInsensitive);
+    return name.endsWith(u".xml"_s, Qt::CaseInsensitive)
+        || name.endsWith(u".rels"_s, Qt::CaseInsensitive)
+        || name.endsWith(u".vml"_s, Qt::CaseInsensitive);
 }
 
 bool isXmlType(const QString &type)
 {
-    return type.endsWith(QStringLiteral("+xml"), Qt::CaseInsensitive)
-        || type.endsWith(QStringLiteral("/xml"), Qt::CaseInsensitive);
+    return type.endsWith(u"+xml"_s, Qt::CaseInsensitive)
+        || type.endsWith(u"/xml"_s, Qt::CaseInsensitive);
 }
 
 // Walks without recursion, as the depth is the question.
@@ -258,11 +260,11 @@ void DocxPackage::findMainPart()
     const QString relationships = relationshipsOf({});
     if (const pugi::xml_document *root = xml(relationships)) {
         for (const pugi::xml_node node : root->document_element().children())
-            if (WordXml::attribute(node, "Type").endsWith(QStringLiteral("/officeDocument")))
+            if (WordXml::attribute(node, "Type").endsWith(u"/officeDocument"_s))
                 m_mainPart = targetOf({}, WordXml::attribute(node, "Target"));
     }
     const Part *part = find(m_mainPart);
-    if (!part || !part->xml || !part->contentType.endsWith(QStringLiteral("wordprocessingml.document.main+xml")))
+    if (!part || !part->xml || !part->contentType.endsWith(u"wordprocessingml.document.main+xml"_s))
         throw DocxError("no word-processor document in the file");
     m_mainPart = part->name;
 }
@@ -337,7 +339,7 @@ void DocxPackage::removePart(const QString &part)
 QString DocxPackage::relationshipsOf(const QString &part)
 {
     const QString folder = part.left(part.lastIndexOf(u'/') + 1);
-    return folder + QStringLiteral("_rels/") + part.mid(folder.size()) + QStringLiteral(".rels");
+    return folder + u"_rels/"_s + part.mid(folder.size()) + u".rels"_s;
 }
 
 QString DocxPackage::targetOf(const QString &part, const QString &target)
@@ -346,9 +348,9 @@ QString DocxPackage::targetOf(const QString &part, const QString &target)
     const bool fromRoot = target.startsWith(u'/');
     const QString whole = fromRoot ? target : part.left(part.lastIndexOf(u'/') + 1) + target;
     for (const QString &step : whole.split(u'/', Qt::SkipEmptyParts)) {
-        if (step == QStringLiteral("..") && !steps.isEmpty())
+        if (step == u".."_s && !steps.isEmpty())
             steps.removeLast();
-        else if (step != QStringLiteral(".") && step != QStringLiteral(".."))
+        else if (step != u"."_s && step != u".."_s)
             steps.append(step);
     }
     return steps.join(u'/');

@@ -5,6 +5,8 @@
 
 #include <QList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Word
@@ -75,7 +77,7 @@ FieldInstruction FieldInstruction::parse(const QString &instruction)
 {
     const QList<Word> words = wordsOf(instruction);
     FieldInstruction parsed;
-    if (words.size() < 2 || words.first().isSwitch || words.first().text.compare(QStringLiteral("MERGEFIELD"), Qt::CaseInsensitive) != 0
+    if (words.size() < 2 || words.first().isSwitch || words.first().text.compare(u"MERGEFIELD"_s, Qt::CaseInsensitive) != 0
         || words.at(1).isSwitch)
         return parsed;
     parsed.name = words.at(1).text.trimmed();
@@ -84,20 +86,20 @@ FieldInstruction FieldInstruction::parse(const QString &instruction)
             continue;
         const QString name = words.at(i).text;
         const QString argument = words.at(i + 1).text;
-        const QString format = name == QStringLiteral("*") ? argument.toLower() : QString();
-        if (name == QStringLiteral("b"))
+        const QString format = name == u"*"_s ? argument.toLower() : QString();
+        if (name == u"b"_s)
             parsed.before = argument;
-        else if (name == QStringLiteral("f"))
+        else if (name == u"f"_s)
             parsed.after = argument;
-        else if (format == QStringLiteral("upper"))
+        else if (format == u"upper"_s)
             parsed.letterCase = LetterCase::Upper;
-        else if (format == QStringLiteral("lower"))
+        else if (format == u"lower"_s)
             parsed.letterCase = LetterCase::Lower;
-        else if (format == QStringLiteral("firstcap"))
+        else if (format == u"firstcap"_s)
             parsed.letterCase = LetterCase::FirstLetter;
-        else if (format == QStringLiteral("caps"))
+        else if (format == u"caps"_s)
             parsed.letterCase = LetterCase::EveryWord;
-        else if (format == QStringLiteral("charformat"))
+        else if (format == u"charformat"_s)
             parsed.lookOfInstruction = true;
     }
     return parsed;

@@ -12,6 +12,8 @@
 #include <string_view>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <std::size_t n>
@@ -319,7 +321,7 @@ void FieldStory::openField(pugi::xml_node begin, bool simple)
         field.outer = m_open.back();
         const Field &outer = m_fields[static_cast<std::size_t>(field.outer)];
         field.inInstruction = !outer.separated;
-        field.quoted = (outer.instruction.count(u'"') - outer.instruction.count(QStringLiteral("\\\""))) % 2 != 0;
+        field.quoted = (outer.instruction.count(u'"') - outer.instruction.count(u"\\\""_s)) % 2 != 0;
     }
     m_open.push_back(static_cast<int>(m_fields.size()));
     m_fields.push_back(field);
@@ -440,7 +442,7 @@ void FieldStory::replace(const Field &field, const FieldInstruction &instruction
 void FieldStory::replaceInInstruction(const Field &field, QString text)
 {
     text.replace(u'\n', u' ').replace(u'\t', u' ');
-    text.replace(QStringLiteral("\\"), QStringLiteral("\\\\")).replace(QStringLiteral("\""), QStringLiteral("\\\""));
+    text.replace(u"\\"_s, u"\\\\"_s).replace(u"\""_s, u"\\\""_s);
     if (field.inInstruction && !field.quoted)
         text = u'"' + text + u'"';
     appendText(insertRun(field, field.begin), "instrText", text);

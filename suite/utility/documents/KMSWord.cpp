@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 class KMSWord::Document
 {
 public:
@@ -86,14 +88,14 @@ void KMSWord::SetVisible(int)
 bool KMSWord::Init()
 {
     m_initialised = zip_compression_method_supported(ZIP_CM_DEFLATE, 1) != 0;
-    m_failure = m_initialised ? QString() : QStringLiteral("the zip library cannot deflate");
+    m_failure = m_initialised ? QString() : u"the zip library cannot deflate"_s;
     return m_initialised;
 }
 
 bool KMSWord::OpenDocument(const QString &path, int readOnly)
 {
     Close();
-    m_failure = m_initialised ? QString() : QStringLiteral("not initialised");
+    m_failure = m_initialised ? QString() : u"not initialised"_s;
     if (!m_initialised)
         return false;
     try {
@@ -121,7 +123,7 @@ int KMSWord::SetFieldsValue(const QStringList &names, const QStringList &values,
         if (index < 0)
             return QString();
         const QString &value = values.at(index);
-        return value.isNull() ? QStringLiteral("") : value;
+        return value.isNull() ? u""_s : value;
     };
     int filled = 0;
     for (const QString &part : m_document->storyParts()) {
@@ -135,7 +137,7 @@ int KMSWord::SetFieldsValue(const QStringList &names, const QStringList &values,
 
 bool KMSWord::SaveAs(const QString &path)
 {
-    m_failure = m_document ? QString() : QStringLiteral("no document is open");
+    m_failure = m_document ? QString() : u"no document is open"_s;
     if (!m_document)
         return false;
     try {

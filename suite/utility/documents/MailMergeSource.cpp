@@ -5,13 +5,15 @@
 #include "suite/utility/documents/DocxPackage.h"
 #include "suite/utility/documents/WordXml.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isMailMergeType(const QString &relationshipType)
 {
     const QString kind = relationshipType.section(u'/', -1);
-    return kind.startsWith(QStringLiteral("mailMerge"), Qt::CaseInsensitive)
-        || kind.compare(QStringLiteral("recipientData"), Qt::CaseInsensitive) == 0;
+    return kind.startsWith(u"mailMerge"_s, Qt::CaseInsensitive)
+        || kind.compare(u"recipientData"_s, Qt::CaseInsensitive) == 0;
 }
 
 void removeRelationships(DocxPackage &package, const QString &settings)
@@ -24,7 +26,7 @@ void removeRelationships(DocxPackage &package, const QString &settings)
     for (pugi::xml_node node = root.first_child(); node;) {
         const pugi::xml_node next = node.next_sibling();
         if (isMailMergeType(WordXml::attribute(node, "Type"))) {
-            if (WordXml::attribute(node, "TargetMode") != QStringLiteral("External"))
+            if (WordXml::attribute(node, "TargetMode") != u"External"_s)
                 package.removePart(DocxPackage::targetOf(settings, WordXml::attribute(node, "Target")));
             root.remove_child(node);
             package.setChanged(part);
@@ -37,7 +39,7 @@ void removeRelationships(DocxPackage &package, const QString &settings)
 
 void removeMailMergeSource(DocxPackage &package)
 {
-    for (const QString &settings : package.partsOfType(QStringLiteral("wordprocessingml.settings+xml"))) {
+    for (const QString &settings : package.partsOfType(u"wordprocessingml.settings+xml"_s)) {
         pugi::xml_node root = package.xml(settings)->document_element();
         while (const pugi::xml_node merge = WordXml::child(root, "mailMerge")) {
             root.remove_child(merge);

@@ -11,6 +11,8 @@
 #include <QVariant>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Where a line's own description waits while its error is told instead.
@@ -38,7 +40,7 @@ void tellEntryError(QWidget *edit, const QString &error)
     const QVariant kept = edit->property(ownDescription);
     const QString own = kept.isValid() ? kept.toString() : edit->accessibleDescription();
     edit->setProperty(ownDescription, error.isEmpty() ? QVariant() : QVariant(own));
-    edit->setAccessibleDescription(error.isEmpty() ? own : QStringLiteral("%1 %2").arg(own, error).trimmed());
+    edit->setAccessibleDescription(error.isEmpty() ? own : u"%1 %2"_s.arg(own, error).trimmed());
     edit->update();
     if (error.isEmpty()) {
         QToolTip::hideText();

@@ -16,6 +16,8 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int gap = 4;
@@ -146,7 +148,7 @@ QString KDateEdit::entryError() const
 {
     if (!isChecked() || m_dateTime.isValid() || text().trimmed().isEmpty())
         return {};
-    return QStringLiteral("تاریخ نادرست است. نمونه : 1405/08/29");
+    return u"تاریخ نادرست است. نمونه : 1405/08/29"_s;
 }
 
 void KDateEdit::setState(const QDateTime &dateTime, bool isEdit)
@@ -267,7 +269,7 @@ void KDateEdit::showPopup()
 void KDateEdit::nameChildren()
 {
     const QString name = accessibleName();
-    m_button->setAccessibleName(QStringLiteral("تقویم %1").arg(name).trimmed());
+    m_button->setAccessibleName(u"تقویم %1"_s.arg(name).trimmed());
     if (m_check)
         m_check->setAccessibleName(name);
 }
@@ -315,7 +317,7 @@ void KDateEdit::updateLook()
 QSize KDateEdit::sizeHint() const
 {
     const QSize base = QLineEdit::sizeHint();
-    const int digits = fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00"));
+    const int digits = fontMetrics().horizontalAdvance(u"0000/00/00"_s);
     const int check = m_check ? m_check->sizeHint().width() + gap : 0;
     return {digits + base.height() + check + 6 * gap, base.height()};
 }

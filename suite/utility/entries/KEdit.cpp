@@ -19,6 +19,8 @@
 #include "suite/utility/values/TextStandard.h"
 #include "suite/utility/values/TypedNumber.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int percentDecimals = 4;
@@ -139,9 +141,9 @@ QString KEdit::queryText() const
     QString literal;
     for (const QChar c : text()) {
         if (c == u'\'')
-            literal.append(QStringLiteral("''"));
+            literal.append(u"''"_s);
         else if (c == u'\\')
-            literal.append(QStringLiteral("\\\\\\\\")); // read as an escape twice: by the literal and by LIKE
+            literal.append(u"\\\\\\\\"_s); // read as an escape twice: by the literal and by LIKE
         else if (c == u'%' || c == u'_')
             literal.append(u'\\').append(c);
         else
@@ -219,7 +221,7 @@ void KEdit::checkRange(double entered)
 {
     QString error;
     if (isNumberKind() && (entered < m_minimum || entered > m_maximum)) {
-        error = QStringLiteral("مقدار باید بین %1 و %2 باشد.").arg(displayText(m_minimum), displayText(m_maximum));
+        error = u"مقدار باید بین %1 و %2 باشد."_s.arg(displayText(m_minimum), displayText(m_maximum));
     }
     if (error == m_error)
         return;

@@ -19,6 +19,8 @@
 #include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int daysInWeek = 7;
@@ -66,7 +68,7 @@ private:
 QString spokenDate(const QDate &date)
 {
     const ShamsiDate shamsi = GetShamsi(date);
-    return QStringLiteral("%1 %2 %3 %4")
+    return u"%1 %2 %3 %4"_s
         .arg(shamsiDayName(shamsiDayOfWeek(date)))
         .arg(shamsi.day)
         .arg(shamsiMonthName(shamsi.month))
@@ -94,7 +96,7 @@ void KDayButton::setDay(const QDate &date, bool isSelected)
 
 QSize KDayButton::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(QStringLiteral("00")) + 18, fontMetrics().height() + 10};
+    return {fontMetrics().horizontalAdvance(u"00"_s) + 18, fontMetrics().height() + 10};
 }
 
 void KDayButton::paintEvent(QPaintEvent *)
@@ -150,11 +152,11 @@ void KMonthPopup::addHeader()
     m_title->setFont(bold);
     m_title->setAlignment(Qt::AlignCenter);
     m_title->setForegroundRole(QPalette::Text);
-    row->addWidget(addStepButton(QStringLiteral("سال قبل"), -monthsInYear));
-    row->addWidget(addStepButton(QStringLiteral("ماه قبل"), -1));
+    row->addWidget(addStepButton(u"سال قبل"_s, -monthsInYear));
+    row->addWidget(addStepButton(u"ماه قبل"_s, -1));
     row->addWidget(m_title, 1);
-    row->addWidget(addStepButton(QStringLiteral("ماه بعد"), 1));
-    row->addWidget(addStepButton(QStringLiteral("سال بعد"), monthsInYear));
+    row->addWidget(addStepButton(u"ماه بعد"_s, 1));
+    row->addWidget(addStepButton(u"سال بعد"_s, monthsInYear));
     static_cast<QVBoxLayout *>(layout())->addLayout(row);
 }
 
@@ -193,8 +195,8 @@ void KMonthPopup::addDays()
 void KMonthPopup::addFooter()
 {
     auto *row = new QHBoxLayout;
-    auto *today = new QPushButton(QStringLiteral("امروز"), this);
-    auto *clear = new QPushButton(QStringLiteral("پاک کردن"), this);
+    auto *today = new QPushButton(u"امروز"_s, this);
+    auto *clear = new QPushButton(u"پاک کردن"_s, this);
     for (QPushButton *button : {today, clear}) {
         button->setAutoDefault(false);
         button->setFlat(true);
@@ -231,7 +233,7 @@ void KMonthPopup::select(const QDate &date)
     if (!shamsi.isValid())
         return;
     m_selected = date;
-    m_title->setText(QStringLiteral("%1 %2").arg(shamsiMonthName(shamsi.month)).arg(shamsi.year));
+    m_title->setText(u"%1 %2"_s.arg(shamsiMonthName(shamsi.month)).arg(shamsi.year));
     setAccessibleName(spokenDate(date));
     const QDate first = ConvertToMiladi(shamsi.year, shamsi.month, 1);
     const int before = shamsiDayOfWeek(first);

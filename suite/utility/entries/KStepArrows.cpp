@@ -9,6 +9,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 KStepArrows::KStepArrows(KEdit *edit, QWidget *parent)
     : QWidget(parent)
     , m_edit(edit)
@@ -16,8 +18,8 @@ KStepArrows::KStepArrows(KEdit *edit, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeArrow(Qt::UpArrow, QStringLiteral("بیشتر"), 1));
-    column->addWidget(makeArrow(Qt::DownArrow, QStringLiteral("کمتر"), -1));
+    column->addWidget(makeArrow(Qt::UpArrow, u"بیشتر"_s, 1));
+    column->addWidget(makeArrow(Qt::DownArrow, u"کمتر"_s, -1));
     setFixedHeight(edit->sizeHint().height());
     edit->installEventFilter(this);
 }

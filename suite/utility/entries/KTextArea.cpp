@@ -15,6 +15,8 @@
 
 #include "suite/utility/entries/EntryMark.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int shownLines = 3;
@@ -60,7 +62,7 @@ void KTextArea::checkLength()
     const qsizetype length = text().toUcs4().size();
     QString error;
     if (m_maxLength > 0 && length > m_maxLength)
-        error = QStringLiteral("طولانی است؛ %1 نویسه از %2 نویسه مجاز بیشتر است.").arg(length).arg(m_maxLength);
+        error = u"طولانی است؛ %1 نویسه از %2 نویسه مجاز بیشتر است."_s.arg(length).arg(m_maxLength);
     if (error == m_error)
         return;
     m_error = error;

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QLocale>
 
+using namespace Qt::StringLiterals;
+
 KTimeEdit::KTimeEdit(QWidget *parent)
     : QTimeEdit(parent)
 {
@@ -14,7 +16,7 @@ KTimeEdit::KTimeEdit(QWidget *parent)
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     // Digits are ASCII in memory; the font draws them.
     setLocale(QLocale::c());
-    setDisplayFormat(QStringLiteral("HH:mm"));
+    setDisplayFormat(u"HH:mm"_s);
     setFocusPolicy(Qt::StrongFocus);
 }
 

@@ -9,6 +9,8 @@
 #include <QCompleter>
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 DropDownControl::DropDownControl(const KFormField &field, QWidget *page)
     : m_combo(new KDropDown(page))
 {
@@ -52,7 +54,7 @@ LookupControl::LookupControl(const KFormField &field, KMySQL &, QWidget *page)
         keepComboWidth(*m_combo);
     // As the drop-downs of records show that nothing is chosen.
     if (!field.keys.isEmpty())
-        m_combo->setPlaceholderText(QStringLiteral("-"));
+        m_combo->setPlaceholderText(u"-"_s);
     for (int i = 0; i < field.keys.size(); ++i)
         m_combo->setItemData(i, field.keys.at(i));
 }
@@ -62,6 +64,6 @@ void LookupControl::setKey(int key)
     const int position = m_combo->findData(key);
     const bool isGone = position < 0 && key != 0;
     if (isGone)
-        m_combo->addItem(QStringLiteral("حذف شده"), key);
+        m_combo->addItem(u"حذف شده"_s, key);
     m_combo->setCurrentIndex(isGone ? m_combo->count() - 1 : position);
 }

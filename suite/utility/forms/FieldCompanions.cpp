@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 FieldCompanions::FieldCompanions(const KFormField &field, QWidget *control, QWidget *page)
     : m_control(control)
 {
@@ -39,7 +41,7 @@ void FieldCompanions::addWords(KEdit *amount, QWidget *page)
 
 void FieldCompanions::addButton(QWidget *page)
 {
-    const QString caption = QStringLiteral("...");
+    const QString caption = u"..."_s;
     m_button = new QPushButton(caption, page);
     m_button->setAccessibleName(m_control->accessibleName() + u' ' + caption);
     m_button->setAutoDefault(false);

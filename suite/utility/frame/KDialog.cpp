@@ -16,6 +16,8 @@
 
 #include "suite/utility/values/KSettings.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isPressedByEnter(const QWidget *widget)
@@ -67,12 +69,12 @@ void KDialog::SetSettingName(const QString &name)
 
 QString KDialog::defaultOkCaption()
 {
-    return QStringLiteral("تاييد");
+    return u"تاييد"_s;
 }
 
 QString KDialog::defaultCancelCaption()
 {
-    return QStringLiteral("انصراف");
+    return u"انصراف"_s;
 }
 
 void KDialog::accept()
@@ -90,8 +92,8 @@ void KDialog::reject()
 void KDialog::done(int result)
 {
     if (!m_settingName.isEmpty() && m_sizeRestored && !isMaximized() && !isFullScreen()) {
-        WriteSetting(m_settingName, QStringLiteral("iWidth"), width());
-        WriteSetting(m_settingName, QStringLiteral("iHeight"), height());
+        WriteSetting(m_settingName, u"iWidth"_s, width());
+        WriteSetting(m_settingName, u"iHeight"_s, height());
     }
     QDialog::done(result);
 }
@@ -178,8 +180,8 @@ void KDialog::restoreSize()
     m_sizeRestored = true;
     QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
     if (!m_settingName.isEmpty()) {
-        const QSize stored(ReadSetting(m_settingName, QStringLiteral("iWidth"), 0),
-                           ReadSetting(m_settingName, QStringLiteral("iHeight"), 0));
+        const QSize stored(ReadSetting(m_settingName, u"iWidth"_s, 0),
+                           ReadSetting(m_settingName, u"iHeight"_s, 0));
         if (stored.width() > 0 && stored.height() > 0)
             wanted = stored;
     }

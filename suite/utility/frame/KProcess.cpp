@@ -9,9 +9,11 @@
 #include <QProcess>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 bool KProcess::Execute(const QString &program, const QString &argument)
 {
-    if (program.compare(QStringLiteral("Explorer"), Qt::CaseInsensitive) != 0)
+    if (program.compare(u"Explorer"_s, Qt::CaseInsensitive) != 0)
         return QProcess::startDetached(program, {argument});
     const QFileInfo path(QDir::fromNativeSeparators(argument));
     return path.exists() && QDesktopServices::openUrl(QUrl::fromLocalFile(path.absoluteFilePath()));

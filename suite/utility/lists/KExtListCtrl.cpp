@@ -16,6 +16,8 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/lists/KListModel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int saveDelayMilliseconds = 500;
@@ -187,13 +189,13 @@ void KExtListCtrl::applyLayout()
     if (m_settingName.isEmpty() || columns == 0)
         return;
     m_applyingLayout = true;
-    const QVector<int> widths = parted(ReadSetting(m_settingName, QStringLiteral("sWidths"), QString()));
+    const QVector<int> widths = parted(ReadSetting(m_settingName, u"sWidths"_s, QString()));
     if (widths.size() == columns) {
         m_userLayout = true;
         for (int i = 0; i < columns; ++i)
             header()->resizeSection(i, qMax(widths[i], header()->minimumSectionSize()));
     }
-    const QVector<int> order = parted(ReadSetting(m_settingName, QStringLiteral("sOrder"), QString()));
+    const QVector<int> order = parted(ReadSetting(m_settingName, u"sOrder"_s, QString()));
     if (isOrder(order, columns)) {
         for (int visual = 0; visual < columns; ++visual)
             header()->moveSection(header()->visualIndex(order[visual]), visual);
@@ -210,8 +212,8 @@ void KExtListCtrl::saveLayout()
         widths.append(header()->sectionSize(i));
         order.append(header()->logicalIndex(i));
     }
-    WriteSetting(m_settingName, QStringLiteral("sWidths"), joined(widths));
-    WriteSetting(m_settingName, QStringLiteral("sOrder"), joined(order));
+    WriteSetting(m_settingName, u"sWidths"_s, joined(widths));
+    WriteSetting(m_settingName, u"sOrder"_s, joined(order));
 }
 
 void KExtListCtrl::setRows(QVector<KListModel::Row> rows)

@@ -13,6 +13,8 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isNumeric(KLinesModel::Kind kind)
@@ -171,7 +173,7 @@ QVariant KLinesModel::data(const QModelIndex &index, int role) const
     case Qt::ForegroundRole:
         return isUnknownChoice(index) ? QVariant(QBrush(warningColor(QGuiApplication::palette()))) : QVariant();
     case Qt::ToolTipRole:
-        return isUnknownChoice(index) ? QStringLiteral("در لیست نیست") : QString();
+        return isUnknownChoice(index) ? u"در لیست نیست"_s : QString();
     case KListModel::LeftToRightRole:
         return isNumeric(kind);
     default:

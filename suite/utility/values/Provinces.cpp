@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Province
@@ -19,7 +21,7 @@ struct Province
 
 QList<Province> readProvinces()
 {
-    QFile file(QStringLiteral(":/data/provinces.tsv"));
+    QFile file(u":/data/provinces.tsv"_s);
     QList<Province> provinces;
     if (!file.open(QIODevice::ReadOnly))
         return provinces;

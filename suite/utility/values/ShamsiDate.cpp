@@ -7,6 +7,8 @@
 
 #include "suite/utility/values/TextStandard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A year is leap when (25*year + 11) mod 33 < 8. Summed up, the leap years before a year are (8*year + 21) / 33 but for
@@ -108,7 +110,7 @@ QString shamsiText(const QDate &date)
     const ShamsiDate shamsi = GetShamsi(date);
     if (!shamsi.isValid())
         return {};
-    QString text = QStringLiteral("0000/00/00");
+    QString text = u"0000/00/00"_s;
     const auto put = [&text](int last, int value) {
         for (; value > 0; value /= 10)
             text[last--] = QChar(u'0' + value % 10);
@@ -134,9 +136,9 @@ QDate parseShamsi(QStringView text)
 QString shamsiMonthName(int month)
 {
     static const std::array<QString, 12> names{
-        QStringLiteral("فروردین"), QStringLiteral("اردیبهشت"), QStringLiteral("خرداد"), QStringLiteral("تیر"),
-        QStringLiteral("مرداد"), QStringLiteral("شهریور"), QStringLiteral("مهر"), QStringLiteral("آبان"),
-        QStringLiteral("آذر"), QStringLiteral("دی"), QStringLiteral("بهمن"), QStringLiteral("اسفند")};
+        u"فروردین"_s, u"اردیبهشت"_s, u"خرداد"_s, u"تیر"_s,
+        u"مرداد"_s, u"شهریور"_s, u"مهر"_s, u"آبان"_s,
+        u"آذر"_s, u"دی"_s, u"بهمن"_s, u"اسفند"_s};
     return month >= 1 && month <= 12 ? names[size_t(month - 1)] : QString();
 }
 
@@ -147,16 +149,16 @@ int shamsiDayOfWeek(const QDate &date)
 
 QString shamsiDayName(int dayOfWeek)
 {
-    static const std::array<QString, 7> names{QStringLiteral("شنبه"), QStringLiteral("یکشنبه"),
-                                              QStringLiteral("دوشنبه"), QStringLiteral("سه‌شنبه"),
-                                              QStringLiteral("چهارشنبه"), QStringLiteral("پنجشنبه"),
-                                              QStringLiteral("جمعه")};
+    static const std::array<QString, 7> names{u"شنبه"_s, u"یکشنبه"_s,
+                                              u"دوشنبه"_s, u"سه‌شنبه"_s,
+                                              u"چهارشنبه"_s, u"پنجشنبه"_s,
+                                              u"جمعه"_s};
     return dayOfWeek >= 0 && dayOfWeek < 7 ? names[size_t(dayOfWeek)] : QString();
 }
 
 QString DateToSQL(const QDateTime &dateTime)
 {
     if (!dateTime.isValid())
-        return QStringLiteral("NULL");
-    return dateTime.toString(QStringLiteral("''yyyy-MM-dd''"));
+        return u"NULL"_s;
+    return dateTime.toString(u"''yyyy-MM-dd''"_s);
 }

@@ -12,10 +12,12 @@
 
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString heading = QStringLiteral("مدل خودرو");
-const QString emptyText = QStringLiteral("لطفا نوع خودرو را مشخص نماید.");
+const QString heading = u"مدل خودرو"_s;
+const QString emptyText = u"لطفا نوع خودرو را مشخص نماید."_s;
 
 KEdit *nameOf(const CDlgAddCar &dialog)
 {
@@ -38,19 +40,19 @@ private Q_SLOTS:
     void titleTellsNewAndEdited()
     {
         CDlgAddCar added(heading);
-        QCOMPARE(added.windowTitle(), heading + QStringLiteral(" - جدید"));
+        QCOMPARE(added.windowTitle(), heading + u" - جدید"_s);
         CDlgAddCar edited(heading);
-        edited.setEdited(4, QStringLiteral("206"));
-        QCOMPARE(edited.windowTitle(), heading + QStringLiteral(" - ویرایش"));
-        QCOMPARE(edited.name(), QStringLiteral("206"));
-        QCOMPARE(nameOf(edited)->selectedText(), QStringLiteral("206"));
+        edited.setEdited(4, u"206"_s);
+        QCOMPARE(edited.windowTitle(), heading + u" - ویرایش"_s);
+        QCOMPARE(edited.name(), u"206"_s);
+        QCOMPARE(nameOf(edited)->selectedText(), u"206"_s);
     }
 
     void nameHoldsFiftyCharactersAndHasItsLabel()
     {
         const CDlgAddCar dialog(heading);
         QCOMPARE(nameOf(dialog)->maxLength(), 50);
-        QCOMPARE(nameOf(dialog)->accessibleName(), QStringLiteral("نام :"));
+        QCOMPARE(nameOf(dialog)->accessibleName(), u"نام :"_s);
     }
 
     void anEmptyOrBlankNameIsRefusedWithTheSameMessageAtEveryLevel_data()
@@ -59,8 +61,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         for (const char *level : {"نوع خودرو", "مدل خودرو", "تیپ خودرو"}) {
             QTest::addRow("%s, empty", level) << QString::fromUtf8(level) << QString();
-            QTest::addRow("%s, blank", level) << QString::fromUtf8(level) << QStringLiteral("   ");
-            QTest::addRow("%s, nothing that is seen", level) << QString::fromUtf8(level) << QStringLiteral(" \u200c\u0640 ");
+            QTest::addRow("%s, blank", level) << QString::fromUtf8(level) << u"   "_s;
+            QTest::addRow("%s, nothing that is seen", level) << QString::fromUtf8(level) << u" \u200c\u0640 "_s;
         }
     }
 
@@ -85,11 +87,11 @@ private Q_SLOTS:
         CDlgAddCar dialog(heading);
         QString saved;
         dialog.setSave([&saved](const QString &name) { saved = name; });
-        nameOf(dialog)->setText(QStringLiteral("  كيا  ۲۰۶ "));
+        nameOf(dialog)->setText(u"  كيا  ۲۰۶ "_s);
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(dialog.name(), QStringLiteral("کیا 206"));
-        QCOMPARE(saved, QStringLiteral("کیا 206"));
+        QCOMPARE(dialog.name(), u"کیا 206"_s);
+        QCOMPARE(saved, u"کیا 206"_s);
     }
 
     void enterInTheNameIsOk()
@@ -97,30 +99,30 @@ private Q_SLOTS:
         CDlgAddCar dialog(heading);
         dialog.show();
         nameOf(dialog)->setFocus();
-        QTest::keyClicks(nameOf(dialog), QStringLiteral("206"));
+        QTest::keyClicks(nameOf(dialog), u"206"_s);
         QTest::keyClick(nameOf(dialog), Qt::Key_Return);
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(dialog.name(), QStringLiteral("206"));
+        QCOMPARE(dialog.name(), u"206"_s);
     }
 
     void withoutTheFlagNoDuplicateIsLookedFor()
     {
-        const int model = m_office->addModel(m_office->addBrand(QStringLiteral("پژو")), QStringLiteral("206"));
+        const int model = m_office->addModel(m_office->addBrand(u"پژو"_s), u"206"_s);
         CDlgAddCar dialog(heading);
         dialog.setParentKey(model);
-        nameOf(dialog)->setText(QStringLiteral("206"));
+        nameOf(dialog)->setText(u"206"_s);
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
     }
 
     void theDuplicateCheckFindsAModelWhoseOwnKeyIsTheParent()
     {
-        const int model = m_office->addModel(m_office->addBrand(QStringLiteral("پژو")), QStringLiteral("206"));
+        const int model = m_office->addModel(m_office->addBrand(u"پژو"_s), u"206"_s);
         CDlgAddCar dialog(heading);
         dialog.setCheckDuplicates(true);
         dialog.setParentKey(model);
         dialog.show();
-        nameOf(dialog)->setText(QStringLiteral("206"));
+        nameOf(dialog)->setText(u"206"_s);
         dialog.accept();
         // A warning without a word.
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QString()});
@@ -133,10 +135,10 @@ private Q_SLOTS:
 
     void theDuplicateCheckPassesTheEditedEntryItself()
     {
-        const int model = m_office->addModel(m_office->addBrand(QStringLiteral("پژو")), QStringLiteral("206"));
+        const int model = m_office->addModel(m_office->addBrand(u"پژو"_s), u"206"_s);
         CDlgAddCar dialog(heading);
         dialog.setCheckDuplicates(true);
-        dialog.setEdited(model, QStringLiteral("206"));
+        dialog.setEdited(model, u"206"_s);
         dialog.setParentKey(model);
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
@@ -146,14 +148,14 @@ private Q_SLOTS:
     {
         CDlgAddCar dialog(heading);
         dialog.setSave([](const QString &) {
-            throw CMySQLException(CMySQLException::Category::DuplicateKey, 1062, QStringLiteral("Duplicate entry"));
+            throw CMySQLException(CMySQLException::Category::DuplicateKey, 1062, u"Duplicate entry"_s);
         });
         dialog.show();
-        nameOf(dialog)->setText(QStringLiteral("پژو"));
+        nameOf(dialog)->setText(u"پژو"_s);
         dialog.accept();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QVERIFY(dialog.isVisible());
-        QCOMPARE(nameOf(dialog)->text(), QStringLiteral("پژو"));
+        QCOMPARE(nameOf(dialog)->text(), u"پژو"_s);
         QCOMPARE(dialog.focusWidget(), nameOf(dialog));
         dialog.setSave({});
         dialog.accept();

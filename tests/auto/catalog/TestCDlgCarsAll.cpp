@@ -20,12 +20,14 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr CatalogLevel brandLevel = CatalogLevel::Brand;
 constexpr CatalogLevel modelLevel = CatalogLevel::Model;
 constexpr CatalogLevel classLevel = CatalogLevel::Class;
-const QString rightsForm = QStringLiteral("CarsAll");
+const QString rightsForm = u"CarsAll"_s;
 
 QStringList names(const CDlgCarsAll &dialog, CatalogLevel level)
 {
@@ -57,7 +59,7 @@ QString countText(const CDlgCarsAll &dialog, CatalogLevel level)
         if (!label->buddy())
             return label->text();
     }
-    return QStringLiteral("no label");
+    return u"no label"_s;
 }
 
 void doubleClick(KExtListCtrl *list, int row)
@@ -102,8 +104,8 @@ class TestCDlgCarsAll : public QObject
     QString value(const QString &statement) { return m_office->database().value(statement); }
     QString counts()
     {
-        return value(QStringLiteral("SELECT CONCAT_WS(',',(SELECT COUNT(*) FROM CarBrands),(SELECT COUNT(*) FROM CarModels),"
-                                    "(SELECT COUNT(*) FROM CarClasses))"));
+        return value(u"SELECT CONCAT_WS(',',(SELECT COUNT(*) FROM CarBrands),(SELECT COUNT(*) FROM CarModels),"
+                     "(SELECT COUNT(*) FROM CarClasses))"_s);
     }
 
 private Q_SLOTS:
@@ -112,23 +114,23 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_peugeot = m_office->addBrand(QStringLiteral("Peugeot"));
-        m_kia = m_office->addBrand(QStringLiteral("Kia"));
-        m_model206 = m_office->addModel(m_peugeot, QStringLiteral("206"));
-        m_pars = m_office->addModel(m_peugeot, QStringLiteral("Pars"));
-        m_office->addModel(m_kia, QStringLiteral("Rio"));
-        m_type5 = m_office->addClass(m_model206, QStringLiteral("Type 5"));
-        m_type2 = m_office->addClass(m_model206, QStringLiteral("Type 2"));
+        m_peugeot = m_office->addBrand(u"Peugeot"_s);
+        m_kia = m_office->addBrand(u"Kia"_s);
+        m_model206 = m_office->addModel(m_peugeot, u"206"_s);
+        m_pars = m_office->addModel(m_peugeot, u"Pars"_s);
+        m_office->addModel(m_kia, u"Rio"_s);
+        m_type5 = m_office->addClass(m_model206, u"Type 5"_s);
+        m_type2 = m_office->addClass(m_model206, u"Type 2"_s);
     }
 
     void columnsAreAsEveryOfficeKnowsThem()
     {
         CDlgCarsAll dialog;
-        const QStringList headings{QStringLiteral("نوع خودرو"), QStringLiteral("مدل خودرو"), QStringLiteral("تیپ خودرو")};
+        const QStringList headings{u"نوع خودرو"_s, u"مدل خودرو"_s, u"تیپ خودرو"_s};
         for (const CatalogLevel level : {brandLevel, modelLevel, classLevel}) {
             const QVector<KListModel::Column> columns = dialog.panel(level)->list()->listModel()->columns();
             QCOMPARE(columns.size(), 2);
-            QCOMPARE(columns[0].title, QStringLiteral("ردیف"));
+            QCOMPARE(columns[0].title, u"ردیف"_s);
             QCOMPARE(columns[0].alignment, Qt::Alignment(Qt::AlignHCenter));
             QCOMPARE(columns[0].width, 40);
             QCOMPARE(columns[1].title, headings[int(level)]);
@@ -148,9 +150,9 @@ private Q_SLOTS:
             for (const CatalogLevel level : {brandLevel, modelLevel, classLevel})
                 dialog.panel(level)->list()->header()->resizeSection(0, width += 7);
         }
-        QVERIFY(ReadSetting(QStringLiteral("DlgCarsAll\\List"), QStringLiteral("sWidths"), QString()).startsWith(QStringLiteral("87,")));
-        QVERIFY(ReadSetting(QStringLiteral("DlgCarsAll\\List2"), QStringLiteral("sWidths"), QString()).startsWith(QStringLiteral("94,")));
-        QVERIFY(ReadSetting(QStringLiteral("DlgCarsAll\\List3"), QStringLiteral("sWidths"), QString()).startsWith(QStringLiteral("101,")));
+        QVERIFY(ReadSetting(u"DlgCarsAll\\List"_s, u"sWidths"_s, QString()).startsWith(u"87,"_s));
+        QVERIFY(ReadSetting(u"DlgCarsAll\\List2"_s, u"sWidths"_s, QString()).startsWith(u"94,"_s));
+        QVERIFY(ReadSetting(u"DlgCarsAll\\List3"_s, u"sWidths"_s, QString()).startsWith(u"101,"_s));
     }
 
     void controlsHaveNamesOfTheirOwn()
@@ -168,17 +170,17 @@ private Q_SLOTS:
             QVERIFY2(!seen.contains(name), qPrintable(name));
             seen.insert(name);
         }
-        QVERIFY(seen.contains(QStringLiteral("جديد مدل خودرو")));
+        QVERIFY(seen.contains(u"جديد مدل خودرو"_s));
     }
 
     void browsingBeginsAtTheFirstBrandInTheOrderOfNames()
     {
         CDlgCarsAll dialog;
         show(dialog);
-        QCOMPARE(names(dialog, brandLevel), (QStringList{QStringLiteral("Kia"), QStringLiteral("Peugeot")}));
-        QCOMPARE(dialog.panel(brandLevel)->list()->cellText(1, 0), QStringLiteral("2"));
+        QCOMPARE(names(dialog, brandLevel), (QStringList{u"Kia"_s, u"Peugeot"_s}));
+        QCOMPARE(dialog.panel(brandLevel)->list()->cellText(1, 0), u"2"_s);
         QCOMPARE(selected(dialog, brandLevel), m_kia);
-        QCOMPARE(names(dialog, modelLevel), QStringList{QStringLiteral("Rio")});
+        QCOMPARE(names(dialog, modelLevel), QStringList{u"Rio"_s});
         QCOMPARE(countText(dialog, brandLevel), SuiteMessages::count(2));
         QCOMPARE(countText(dialog, modelLevel), SuiteMessages::count(1));
         QCOMPARE(countText(dialog, classLevel), QString());
@@ -189,12 +191,12 @@ private Q_SLOTS:
         CDlgCarsAll dialog;
         show(dialog);
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
-        QCOMPARE(names(dialog, modelLevel), (QStringList{QStringLiteral("206"), QStringLiteral("Pars")}));
+        QCOMPARE(names(dialog, modelLevel), (QStringList{u"206"_s, u"Pars"_s}));
         QCOMPARE(selected(dialog, modelLevel), 0);
         QVERIFY(!dialog.panel(classLevel)->addButton()->isEnabled());
         QVERIFY(!dialog.panel(modelLevel)->editButton()->isEnabled());
         dialog.panel(modelLevel)->list()->selectKey(m_model206);
-        QCOMPARE(names(dialog, classLevel), (QStringList{QStringLiteral("Type 2"), QStringLiteral("Type 5")}));
+        QCOMPARE(names(dialog, classLevel), (QStringList{u"Type 2"_s, u"Type 5"_s}));
         QCOMPARE(countText(dialog, classLevel), SuiteMessages::count(2));
         QVERIFY(dialog.panel(classLevel)->addButton()->isEnabled());
         dialog.panel(brandLevel)->list()->selectKey(m_kia);
@@ -217,20 +219,20 @@ private Q_SLOTS:
 
     void filteringBrandsByAPartOfANameShowsAllBrandsWhoseNameContainsItAndEmptiesTheOtherLists()
     {
-        m_office->addBrand(QStringLiteral("Skia"));
+        m_office->addBrand(u"Skia"_s);
         CDlgCarsAll dialog;
         show(dialog);
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
         dialog.panel(modelLevel)->list()->selectKey(m_model206);
-        dialog.panel(brandLevel)->filter()->setText(QStringLiteral("kia"));
-        QCOMPARE(names(dialog, brandLevel), (QStringList{QStringLiteral("Kia"), QStringLiteral("Skia")}));
+        dialog.panel(brandLevel)->filter()->setText(u"kia"_s);
+        QCOMPARE(names(dialog, brandLevel), (QStringList{u"Kia"_s, u"Skia"_s}));
         QCOMPARE(countText(dialog, brandLevel), SuiteMessages::count(2));
         QCOMPARE(selected(dialog, brandLevel), 0);
         QCOMPARE(names(dialog, modelLevel), QStringList());
         QCOMPARE(names(dialog, classLevel), QStringList());
         QCOMPARE(countText(dialog, modelLevel), QString());
         dialog.panel(brandLevel)->list()->selectKey(m_kia);
-        QCOMPARE(names(dialog, modelLevel), QStringList{QStringLiteral("Rio")});
+        QCOMPARE(names(dialog, modelLevel), QStringList{u"Rio"_s});
         dialog.panel(brandLevel)->filter()->clear();
         QCOMPARE(names(dialog, brandLevel).size(), 3);
     }
@@ -239,24 +241,24 @@ private Q_SLOTS:
     {
         CDlgCarsAll dialog;
         show(dialog);
-        dialog.panel(modelLevel)->filter()->setText(QStringLiteral("ar"));
+        dialog.panel(modelLevel)->filter()->setText(u"ar"_s);
         QCOMPARE(names(dialog, modelLevel), QStringList());
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
-        QCOMPARE(names(dialog, modelLevel), QStringList{QStringLiteral("Pars")});
-        dialog.panel(modelLevel)->filter()->setText(QStringLiteral("2"));
+        QCOMPARE(names(dialog, modelLevel), QStringList{u"Pars"_s});
+        dialog.panel(modelLevel)->filter()->setText(u"2"_s);
         dialog.panel(modelLevel)->list()->selectKey(m_model206);
-        dialog.panel(classLevel)->filter()->setText(QStringLiteral("5"));
-        QCOMPARE(names(dialog, classLevel), QStringList{QStringLiteral("Type 5")});
+        dialog.panel(classLevel)->filter()->setText(u"5"_s);
+        QCOMPARE(names(dialog, classLevel), QStringList{u"Type 5"_s});
         QCOMPARE(selected(dialog, modelLevel), m_model206);
     }
 
     void aFilterWithoutAParentAsksNothing()
     {
         m_office->clear();
-        m_office->addModel(0, QStringLiteral("Nobody's"));
+        m_office->addModel(0, u"Nobody's"_s);
         CDlgCarsAll dialog;
         show(dialog);
-        dialog.panel(modelLevel)->filter()->setText(QStringLiteral("N"));
+        dialog.panel(modelLevel)->filter()->setText(u"N"_s);
         QCOMPARE(names(dialog, modelLevel), QStringList());
         QVERIFY(!dialog.panel(modelLevel)->addButton()->isEnabled());
     }
@@ -265,13 +267,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QStringList>("found");
-        QTest::newRow("quote") << "'" << QStringList{QStringLiteral("O'Neil")};
-        QTest::newRow("percent") << "%" << QStringList{QStringLiteral("100%")};
+        QTest::newRow("quote") << "'" << QStringList{u"O'Neil"_s};
+        QTest::newRow("percent") << "%" << QStringList{u"100%"_s};
         QTest::newRow("underscore") << "_" << QStringList();
-        QTest::newRow("Arabic letters") << "كيا" << QStringList{QStringLiteral("کیا")};
+        QTest::newRow("Arabic letters") << "كيا" << QStringList{u"کیا"_s};
         QTest::newRow("only a blank") << " "
-                                      << QStringList{QStringLiteral("100%"), QStringLiteral("Kia"), QStringLiteral("O'Neil"),
-                                                     QStringLiteral("Peugeot"), QStringLiteral("کیا")};
+                                      << QStringList{u"100%"_s, u"Kia"_s, u"O'Neil"_s,
+                                                     u"Peugeot"_s, u"کیا"_s};
     }
 
     void quotesAndPlaceholdersInAFilterStandForThemselves()
@@ -292,7 +294,7 @@ private Q_SLOTS:
         show(dialog);
         KEdit *filter = dialog.panel(brandLevel)->filter();
         filter->setFocus();
-        QTest::keyClicks(filter, QStringLiteral("eu"));
+        QTest::keyClicks(filter, u"eu"_s);
         QTest::keyClick(filter, Qt::Key_Down);
         QCOMPARE(selected(dialog, brandLevel), m_peugeot);
         QCOMPARE(dialog.focusWidget(), filter);
@@ -303,13 +305,13 @@ private Q_SLOTS:
         CDlgCarsAll dialog;
         show(dialog);
         QString title;
-        typeName(QStringLiteral(" Benz "), &title);
+        typeName(u" Benz "_s, &title);
         dialog.panel(brandLevel)->list()->setFocus();
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_Insert);
-        QCOMPARE(title, QStringLiteral("نوع خودرو - جدید"));
-        QCOMPARE(names(dialog, brandLevel), (QStringList{QStringLiteral("Benz"), QStringLiteral("Kia"), QStringLiteral("Peugeot")}));
-        QCOMPARE(selected(dialog, brandLevel), value(QStringLiteral("SELECT iID FROM CarBrands WHERE sName='Benz'")).toInt());
-        QCOMPARE(value(QStringLiteral("SELECT iUserID FROM CarBrands WHERE sName='Benz'")).toInt(), m_office->adminID());
+        QCOMPARE(title, u"نوع خودرو - جدید"_s);
+        QCOMPARE(names(dialog, brandLevel), (QStringList{u"Benz"_s, u"Kia"_s, u"Peugeot"_s}));
+        QCOMPARE(selected(dialog, brandLevel), value(u"SELECT iID FROM CarBrands WHERE sName='Benz'"_s).toInt());
+        QCOMPARE(value(u"SELECT iUserID FROM CarBrands WHERE sName='Benz'"_s).toInt(), m_office->adminID());
         QVERIFY(!dialog.isChanged());
     }
 
@@ -319,19 +321,19 @@ private Q_SLOTS:
         show(dialog);
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
         QString title;
-        typeName(QStringLiteral("405"), &title);
+        typeName(u"405"_s, &title);
         dialog.panel(modelLevel)->addButton()->click();
-        QCOMPARE(title, QStringLiteral("مدل خودرو - جدید"));
-        QCOMPARE(value(QStringLiteral("SELECT iClassID FROM CarModels WHERE sName='405'")).toInt(), m_peugeot);
+        QCOMPARE(title, u"مدل خودرو - جدید"_s);
+        QCOMPARE(value(u"SELECT iClassID FROM CarModels WHERE sName='405'"_s).toInt(), m_peugeot);
         QCOMPARE(selected(dialog, brandLevel), m_peugeot);
         QVERIFY(!dialog.isChanged());
         const int model = selected(dialog, modelLevel);
-        QCOMPARE(value(QStringLiteral("SELECT iID FROM CarModels WHERE sName='405'")).toInt(), model);
-        typeName(QStringLiteral("GLX"), &title);
+        QCOMPARE(value(u"SELECT iID FROM CarModels WHERE sName='405'"_s).toInt(), model);
+        typeName(u"GLX"_s, &title);
         dialog.panel(classLevel)->addButton()->click();
-        QCOMPARE(title, QStringLiteral("تیپ خودرو - جدید"));
-        QCOMPARE(value(QStringLiteral("SELECT iBrandID FROM CarClasses WHERE sName='GLX'")).toInt(), model);
-        QCOMPARE(names(dialog, classLevel), QStringList{QStringLiteral("GLX")});
+        QCOMPARE(title, u"تیپ خودرو - جدید"_s);
+        QCOMPARE(value(u"SELECT iBrandID FROM CarClasses WHERE sName='GLX'"_s).toInt(), model);
+        QCOMPARE(names(dialog, classLevel), QStringList{u"GLX"_s});
         QVERIFY(dialog.isChanged());
     }
 
@@ -339,12 +341,12 @@ private Q_SLOTS:
     {
         CDlgCarsAll dialog;
         show(dialog);
-        dialog.panel(brandLevel)->filter()->setText(QStringLiteral("Kia"));
-        typeName(QStringLiteral("Benz"));
+        dialog.panel(brandLevel)->filter()->setText(u"Kia"_s);
+        typeName(u"Benz"_s);
         dialog.panel(brandLevel)->addButton()->click();
         QVERIFY(dialog.panel(brandLevel)->filter()->text().isEmpty());
         QCOMPARE(names(dialog, brandLevel).size(), 3);
-        QCOMPARE(dialog.panel(brandLevel)->list()->cellText(dialog.panel(brandLevel)->list()->currentRow(), 1), QStringLiteral("Benz"));
+        QCOMPARE(dialog.panel(brandLevel)->list()->cellText(dialog.panel(brandLevel)->list()->currentRow(), 1), u"Benz"_s);
     }
 
     void aCancelledNameAddsNothing()
@@ -352,11 +354,11 @@ private Q_SLOTS:
         CDlgCarsAll dialog;
         show(dialog);
         TestOffice::whenModal("CDlgAddCar", [](QWidget *window) {
-            window->findChild<KEdit *>()->setText(QStringLiteral("Benz"));
+            window->findChild<KEdit *>()->setText(u"Benz"_s);
             QTest::keyClick(window, Qt::Key_Escape);
         });
         dialog.panel(brandLevel)->addButton()->click();
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
         QCOMPARE(selected(dialog, brandLevel), m_kia);
     }
 
@@ -369,11 +371,11 @@ private Q_SLOTS:
         QStringList told;
         TestOffice::whenModal("CDlgAddCar", [&](QWidget *window) {
             auto *editor = static_cast<CDlgAddCar *>(window);
-            editor->findChild<KEdit *>()->setText(QStringLiteral("kia"));
+            editor->findChild<KEdit *>()->setText(u"kia"_s);
             editor->accept();
             told = g_pDlgWarning->takeShown();
             QVERIFY(editor->isVisible());
-            QCOMPARE(editor->name(), QStringLiteral("kia"));
+            QCOMPARE(editor->name(), u"kia"_s);
             editor->reject();
         });
         dialog.panel(brandLevel)->addButton()->click();
@@ -383,14 +385,14 @@ private Q_SLOTS:
         QCOMPARE(names(dialog, brandLevel).size(), 2);
         QCOMPARE(selected(dialog, modelLevel), m_model206);
         QCOMPARE(names(dialog, classLevel).size(), 2);
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
     }
 
     void addingAModelWithNoBrandSelectedIsNotOffered()
     {
         CDlgCarsAll dialog;
         show(dialog);
-        dialog.panel(brandLevel)->filter()->setText(QStringLiteral("e"));
+        dialog.panel(brandLevel)->filter()->setText(u"e"_s);
         QCOMPARE(selected(dialog, brandLevel), 0);
         QVERIFY(!dialog.panel(modelLevel)->addButton()->isEnabled());
         doubleClick(dialog.panel(modelLevel)->list(), -1);
@@ -399,7 +401,7 @@ private Q_SLOTS:
         QTest::keyClick(dialog.panel(modelLevel)->list(), Qt::Key_Insert);
         dialog.addEntry(modelLevel);
         dialog.addEntry(classLevel);
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
     }
 
     void doubleClickEditsWhatIsSelectedOrAddsWhereThereIsAParent()
@@ -407,21 +409,21 @@ private Q_SLOTS:
         CDlgCarsAll dialog;
         show(dialog);
         QString title;
-        typeName(QStringLiteral("Kia Motors"), &title);
+        typeName(u"Kia Motors"_s, &title);
         doubleClick(dialog.panel(brandLevel)->list(), 0);
-        QCOMPARE(title, QStringLiteral("نوع خودرو - ویرایش"));
-        QCOMPARE(value(QStringLiteral("SELECT sName FROM CarBrands WHERE iID=%1").arg(m_kia)), QStringLiteral("Kia Motors"));
-        typeName(QStringLiteral("Sorento"), &title);
+        QCOMPARE(title, u"نوع خودرو - ویرایش"_s);
+        QCOMPARE(value(u"SELECT sName FROM CarBrands WHERE iID=%1"_s.arg(m_kia)), u"Kia Motors"_s);
+        typeName(u"Sorento"_s, &title);
         doubleClick(dialog.panel(modelLevel)->list(), -1);
-        QCOMPARE(title, QStringLiteral("مدل خودرو - جدید"));
-        typeName(QStringLiteral("EX"), &title);
+        QCOMPARE(title, u"مدل خودرو - جدید"_s);
+        typeName(u"EX"_s, &title);
         doubleClick(dialog.panel(classLevel)->list(), -1);
-        QCOMPARE(title, QStringLiteral("تیپ خودرو - جدید"));
-        dialog.panel(brandLevel)->filter()->setText(QStringLiteral("o"));
-        typeName(QStringLiteral("Volvo"), &title);
+        QCOMPARE(title, u"تیپ خودرو - جدید"_s);
+        dialog.panel(brandLevel)->filter()->setText(u"o"_s);
+        typeName(u"Volvo"_s, &title);
         doubleClick(dialog.panel(brandLevel)->list(), -1);
-        QCOMPARE(title, QStringLiteral("نوع خودرو - جدید"));
-        QCOMPARE(counts(), QStringLiteral("3,4,3"));
+        QCOMPARE(title, u"نوع خودرو - جدید"_s);
+        QCOMPARE(counts(), u"3,4,3"_s);
     }
 
     void editKeepsWhatIsSelectedBelow()
@@ -432,22 +434,22 @@ private Q_SLOTS:
         dialog.panel(modelLevel)->list()->selectKey(m_model206);
         dialog.panel(classLevel)->list()->selectKey(m_type5);
         QString title;
-        typeName(QStringLiteral("A Peugeot"), &title);
+        typeName(u"A Peugeot"_s, &title);
         dialog.panel(brandLevel)->list()->setFocus();
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_F2);
-        QCOMPARE(title, QStringLiteral("نوع خودرو - ویرایش"));
-        QCOMPARE(names(dialog, brandLevel), (QStringList{QStringLiteral("A Peugeot"), QStringLiteral("Kia")}));
+        QCOMPARE(title, u"نوع خودرو - ویرایش"_s);
+        QCOMPARE(names(dialog, brandLevel), (QStringList{u"A Peugeot"_s, u"Kia"_s}));
         QCOMPARE(selected(dialog, brandLevel), m_peugeot);
         QCOMPARE(selected(dialog, classLevel), m_type5);
-        typeName(QStringLiteral("207"), &title);
+        typeName(u"207"_s, &title);
         dialog.panel(modelLevel)->editButton()->click();
-        QCOMPARE(title, QStringLiteral("مدل خودرو - ویرایش"));
+        QCOMPARE(title, u"مدل خودرو - ویرایش"_s);
         QCOMPARE(selected(dialog, modelLevel), m_model206);
         QCOMPARE(selected(dialog, classLevel), m_type5);
-        typeName(QStringLiteral("Type 6"), &title);
+        typeName(u"Type 6"_s, &title);
         dialog.panel(classLevel)->editButton()->click();
-        QCOMPARE(names(dialog, classLevel), (QStringList{QStringLiteral("Type 2"), QStringLiteral("Type 6")}));
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(names(dialog, classLevel), (QStringList{u"Type 2"_s, u"Type 6"_s}));
+        QCOMPARE(counts(), u"2,3,2"_s);
     }
 
     void renamingABrandToANameThatIsThereIsRefused()
@@ -456,21 +458,21 @@ private Q_SLOTS:
         show(dialog);
         TestOffice::whenModal("CDlgAddCar", [](QWidget *window) {
             auto *editor = static_cast<CDlgAddCar *>(window);
-            QCOMPARE(editor->name(), QStringLiteral("Kia"));
-            editor->findChild<KEdit *>()->setText(QStringLiteral("Peugeot"));
+            QCOMPARE(editor->name(), u"Kia"_s);
+            editor->findChild<KEdit *>()->setText(u"Peugeot"_s);
             editor->accept();
             editor->reject();
         });
         dialog.panel(brandLevel)->editButton()->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(names(dialog, brandLevel), (QStringList{QStringLiteral("Kia"), QStringLiteral("Peugeot")}));
+        QCOMPARE(names(dialog, brandLevel), (QStringList{u"Kia"_s, u"Peugeot"_s}));
     }
 
     void anEntryThatHasVanishedIsNeitherEditedNorDeleted()
     {
         CDlgCarsAll dialog;
         show(dialog);
-        m_office->database().run(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(m_kia));
+        m_office->database().run(u"DELETE FROM CarBrands WHERE iID=%1"_s.arg(m_kia));
         dialog.editEntry(brandLevel);
         dialog.deleteEntry(brandLevel);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
@@ -482,18 +484,18 @@ private Q_SLOTS:
         CDlgCarsAll dialog;
         show(dialog);
         QCOMPARE(selected(dialog, brandLevel), m_kia);
-        m_office->database().run(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(m_kia));
-        typeName(QStringLiteral("Sorento"));
+        m_office->database().run(u"DELETE FROM CarBrands WHERE iID=%1"_s.arg(m_kia));
+        typeName(u"Sorento"_s);
         dialog.addEntry(modelLevel);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarModels WHERE sName='Sorento'")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CarModels WHERE sName='Sorento'"_s), u"0"_s);
         // The lists show what is there.
         QCOMPARE(dialog.panel(brandLevel)->list()->count(), 1);
         QCOMPARE(selected(dialog, brandLevel), m_peugeot);
         dialog.panel(modelLevel)->list()->selectKey(m_model206);
-        m_office->database().run(QStringLiteral("DELETE FROM CarModels WHERE iID=%1").arg(m_model206));
-        typeName(QStringLiteral("Type 9"));
+        m_office->database().run(u"DELETE FROM CarModels WHERE iID=%1"_s.arg(m_model206));
+        typeName(u"Type 9"_s);
         dialog.addEntry(classLevel);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarClasses WHERE sName='Type 9'")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CarClasses WHERE sName='Type 9'"_s), u"0"_s);
         QVERIFY(!dialog.isChanged());
         QCOMPARE(selected(dialog, brandLevel), m_peugeot);
         QVERIFY(!dialog.panel(modelLevel)->list()->selectKey(m_model206));
@@ -503,21 +505,21 @@ private Q_SLOTS:
     {
         usedEntryStays(
             brandLevel, [this](CTblAutomobilInformations &car) { car.m_iAutomobilType = m_peugeot; },
-            QStringLiteral("شما نمی توانید این نوع خودرو را حذف نمایید زیرا استفاده شده است در گالری اتومبیل."));
+            u"شما نمی توانید این نوع خودرو را حذف نمایید زیرا استفاده شده است در گالری اتومبیل."_s);
     }
 
     void aUsedModelStays()
     {
         usedEntryStays(
             modelLevel, [this](CTblAutomobilInformations &car) { car.m_iModel = m_model206; },
-            QStringLiteral("نمی توانید این مدل را حذف نمایید زیرا استفاده شده است."));
+            u"نمی توانید این مدل را حذف نمایید زیرا استفاده شده است."_s);
     }
 
     void aUsedClassStays()
     {
         usedEntryStays(
             classLevel, [this](CTblAutomobilInformations &car) { car.m_iBrigade = m_type5; },
-            QStringLiteral("نمی توانید این تیپ را حذف نمایید زیرا در گالری اتومبیل استفاده شده است."));
+            u"نمی توانید این تیپ را حذف نمایید زیرا در گالری اتومبیل استفاده شده است."_s);
     }
 
     void deletionIsAskedFor()
@@ -527,26 +529,26 @@ private Q_SLOTS:
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         dialog.panel(brandLevel)->deleteButton()->click();
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{SuiteMessages::deleteQuestion()});
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
         QCOMPARE(selected(dialog, brandLevel), m_kia);
         // Any other answer goes on.
         g_pDlgYesNo->answerNext(KMessageDialog::Cancel);
         dialog.panel(brandLevel)->deleteButton()->click();
-        QCOMPARE(names(dialog, brandLevel), QStringList{QStringLiteral("Peugeot")});
+        QCOMPARE(names(dialog, brandLevel), QStringList{u"Peugeot"_s});
         QCOMPARE(selected(dialog, brandLevel), m_peugeot);
         QCOMPARE(names(dialog, modelLevel).size(), 2);
     }
 
     void deletingABrandWhoseModelsHaveClassesTakesThemAlong()
     {
-        m_office->database().run(QStringLiteral("DELETE FROM CarModels WHERE iID=%1").arg(m_pars));
+        m_office->database().run(u"DELETE FROM CarModels WHERE iID=%1"_s.arg(m_pars));
         CDlgCarsAll dialog;
         show(dialog);
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
         dialog.panel(brandLevel)->list()->setFocus();
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_Delete);
-        QCOMPARE(counts(), QStringLiteral("1,1,0"));
-        QCOMPARE(names(dialog, brandLevel), QStringList{QStringLiteral("Kia")});
+        QCOMPARE(counts(), u"1,1,0"_s);
+        QCOMPARE(names(dialog, brandLevel), QStringList{u"Kia"_s});
         QCOMPARE(selected(dialog, brandLevel), m_kia);
     }
 
@@ -558,15 +560,15 @@ private Q_SLOTS:
         dialog.panel(modelLevel)->list()->selectKey(m_model206);
         dialog.panel(classLevel)->list()->selectKey(m_type2);
         dialog.panel(classLevel)->deleteButton()->click();
-        QCOMPARE(names(dialog, classLevel), QStringList{QStringLiteral("Type 5")});
+        QCOMPARE(names(dialog, classLevel), QStringList{u"Type 5"_s});
         QCOMPARE(selected(dialog, classLevel), m_type5);
-        QCOMPARE(counts(), QStringLiteral("2,3,1"));
+        QCOMPARE(counts(), u"2,3,1"_s);
         dialog.panel(modelLevel)->deleteButton()->click();
-        QCOMPARE(counts(), QStringLiteral("2,2,0"));
-        QCOMPARE(names(dialog, modelLevel), QStringList{QStringLiteral("Pars")});
+        QCOMPARE(counts(), u"2,2,0"_s);
+        QCOMPARE(names(dialog, modelLevel), QStringList{u"Pars"_s});
         QCOMPARE(countText(dialog, classLevel), SuiteMessages::count(0));
         dialog.panel(modelLevel)->deleteButton()->click();
-        QCOMPARE(counts(), QStringLiteral("2,1,0"));
+        QCOMPARE(counts(), u"2,1,0"_s);
         QCOMPARE(names(dialog, modelLevel), QStringList());
         QCOMPARE(countText(dialog, classLevel), QString());
     }
@@ -578,7 +580,7 @@ private Q_SLOTS:
         dialog.panel(brandLevel)->list()->selectKey(m_kia);
         QTest::keyClick(dialog.panel(brandLevel)->filter(), Qt::Key_Delete);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
     }
 
     void refusedRightsDoNothingAndAreTold_data()
@@ -594,27 +596,27 @@ private Q_SLOTS:
     void refusedRightsDoNothingAndAreTold()
     {
         QFETCH(int, rights);
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, rights);
+        m_office->logInAs(u"clerk"_s, rightsForm, rights);
         CDlgCarsAll dialog;
         show(dialog);
         if (rights & KSecurity::Write)
-            typeName(QStringLiteral("Benz"));
+            typeName(u"Benz"_s);
         dialog.panel(brandLevel)->addButton()->click();
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
         if (rights & KSecurity::Modify)
-            typeName(QStringLiteral("Renamed"));
+            typeName(u"Renamed"_s);
         dialog.panel(brandLevel)->editButton()->click();
         dialog.panel(modelLevel)->list()->selectKey(m_pars);
         dialog.panel(modelLevel)->deleteButton()->click();
         QTEST(int(g_pDlgWarning->takeShown().size()), "told");
-        QCOMPARE(counts(), QStringLiteral("%1,%2,2").arg(rights & KSecurity::Write ? 3 : 2).arg(rights & KSecurity::Delete ? 2 : 3));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarBrands WHERE sName='Renamed'")),
-                 rights & KSecurity::Modify ? QStringLiteral("1") : QStringLiteral("0"));
+        QCOMPARE(counts(), u"%1,%2,2"_s.arg(rights & KSecurity::Write ? 3 : 2).arg(rights & KSecurity::Delete ? 2 : 3));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CarBrands WHERE sName='Renamed'"_s),
+                 rights & KSecurity::Modify ? u"1"_s : u"0"_s);
     }
 
     void withoutTheAccessRightNothingIsShown()
     {
-        m_office->logInAs(QStringLiteral("stranger"), rightsForm, 0);
+        m_office->logInAs(u"stranger"_s, rightsForm, 0);
         CDlgCarsAll dialog;
         QCOMPARE(dialog.exec(), int(QDialog::Rejected));
         QVERIFY(!dialog.isVisible());
@@ -657,7 +659,7 @@ private Q_SLOTS:
         dialog.panel(brandLevel)->list()->setFocus();
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_Delete);
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_Insert);
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
@@ -674,9 +676,9 @@ private Q_SLOTS:
             }
         }
         QVERIFY(dialog.importButton()->isVisible());
-        QVERIFY(!buttonOf(dialog, QStringLiteral("انتخاب"))->isVisible());
-        QVERIFY(buttonOf(dialog, QStringLiteral("بازگشت"))->isVisible());
-        buttonOf(dialog, QStringLiteral("بازگشت"))->click();
+        QVERIFY(!buttonOf(dialog, u"انتخاب"_s)->isVisible());
+        QVERIFY(buttonOf(dialog, u"بازگشت"_s)->isVisible());
+        buttonOf(dialog, u"بازگشت"_s)->click();
         QVERIFY(!dialog.isVisible());
     }
 
@@ -691,14 +693,14 @@ private Q_SLOTS:
             QVERIFY(dialog.panel(level)->editButton()->isVisible());
         }
         QVERIFY(!dialog.importButton()->isVisible());
-        QVERIFY(buttonOf(dialog, QStringLiteral("انتخاب"))->isVisible());
-        QVERIFY(!buttonOf(dialog, QStringLiteral("بازگشت")));
+        QVERIFY(buttonOf(dialog, u"انتخاب"_s)->isVisible());
+        QVERIFY(!buttonOf(dialog, u"بازگشت"_s));
         dialog.deleteEntry(brandLevel);
         dialog.panel(brandLevel)->list()->setFocus();
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_Insert);
         QTest::keyClick(dialog.panel(brandLevel)->list(), Qt::Key_Delete);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
     }
 
     void pickingBeginsAtWhatWasChosen_data()
@@ -730,7 +732,7 @@ private Q_SLOTS:
         QCOMPARE(selected(dialog, brandLevel), key(selectedKeys[0]));
         QCOMPARE(selected(dialog, modelLevel), key(selectedKeys[1]));
         QCOMPARE(selected(dialog, classLevel), key(selectedKeys[2]));
-        QCOMPARE(buttonOf(dialog, QStringLiteral("انتخاب"))->isEnabled(), key(selectedKeys[0]) != 0);
+        QCOMPARE(buttonOf(dialog, u"انتخاب"_s)->isEnabled(), key(selectedKeys[0]) != 0);
     }
 
     void theAcceptButtonPicksWhatIsSelected()
@@ -742,7 +744,7 @@ private Q_SLOTS:
             auto *dialog = static_cast<CDlgCarsAll *>(window);
             dialog->panel(brandLevel)->list()->selectKey(m_peugeot);
             dialog->panel(modelLevel)->list()->selectKey(m_pars);
-            buttonOf(*dialog, QStringLiteral("انتخاب"))->click();
+            buttonOf(*dialog, u"انتخاب"_s)->click();
         });
         QVERIFY(CDlgCarsAll::Pick(nullptr, brand, model, carClass));
         QCOMPARE(brand, m_peugeot);
@@ -788,7 +790,7 @@ private Q_SLOTS:
         for (const CatalogLevel level : {brandLevel, modelLevel, classLevel})
             doubleClick(dialog.panel(level)->list(), -1);
         QVERIFY(dialog.isVisible());
-        QCOMPARE(counts(), QStringLiteral("0,0,0"));
+        QCOMPARE(counts(), u"0,0,0"_s);
     }
 
     void aCancelledPickLeavesTheKeysAsTheyWere()
@@ -814,7 +816,7 @@ private Q_SLOTS:
             auto *dialog = static_cast<CDlgCarsAll *>(window);
             dialog->panel(brandLevel)->list()->selectKey(m_peugeot);
             dialog->panel(modelLevel)->list()->selectKey(m_pars);
-            typeName(QStringLiteral("ELX"));
+            typeName(u"ELX"_s);
             dialog->addEntry(classLevel);
             QTest::keyClick(window, Qt::Key_Escape);
         });
@@ -825,9 +827,9 @@ private Q_SLOTS:
     {
         CDlgCarsAll dialog;
         show(dialog);
-        m_office->database().run(QStringLiteral("RENAME TABLE CarModels TO CarModelsAway"));
+        m_office->database().run(u"RENAME TABLE CarModels TO CarModelsAway"_s);
         dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
-        m_office->database().run(QStringLiteral("RENAME TABLE CarModelsAway TO CarModels"));
+        m_office->database().run(u"RENAME TABLE CarModelsAway TO CarModels"_s);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QVERIFY(dialog.isVisible());
         QCOMPARE(names(dialog, brandLevel).size(), 2);
@@ -847,7 +849,7 @@ private:
         dialog.panel(level)->deleteButton()->click();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{warning});
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
-        QCOMPARE(counts(), QStringLiteral("2,3,2"));
+        QCOMPARE(counts(), u"2,3,2"_s);
         QCOMPARE(selected(dialog, classLevel), m_type5);
     }
 };

@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgCarsAllImport : public QObject
 {
     Q_OBJECT
@@ -26,14 +28,14 @@ class TestCDlgCarsAllImport : public QObject
 
     QString write(const QByteArray &data)
     {
-        const QString path = m_folder.filePath(QStringLiteral("list.tsv"));
+        const QString path = m_folder.filePath(u"list.tsv"_s);
         QFile file(path);
         return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() ? path : QString();
     }
     QString counts()
     {
-        return m_office->database().value(QStringLiteral("SELECT CONCAT_WS(',',(SELECT COUNT(*) FROM CarBrands),"
-                                                         "(SELECT COUNT(*) FROM CarModels),(SELECT COUNT(*) FROM CarClasses))"));
+        return m_office->database().value(u"SELECT CONCAT_WS(',',(SELECT COUNT(*) FROM CarBrands),"
+                                          "(SELECT COUNT(*) FROM CarModels),(SELECT COUNT(*) FROM CarClasses))"_s);
     }
     static void choose(const QString &path)
     {
@@ -44,7 +46,7 @@ class TestCDlgCarsAllImport : public QObject
                 return;
             }
             // As it is typed: the window reads its folder in a thread of its own.
-            dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+            dialog->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(path);
             static_cast<QDialog *>(dialog)->accept();
         });
     }
@@ -56,35 +58,35 @@ private Q_SLOTS:
 
     void theStartingSetLiesBesideTheModule()
     {
-        QFile source(QStringLiteral(TZ_STARTING_SET));
-        QFile beside(QStringLiteral(TZ_MODULE_FOLDER "/CarCatalog/car_catalog.tsv"));
+        QFile source(u"" TZ_STARTING_SET ""_s);
+        QFile beside(u"" TZ_MODULE_FOLDER "/CarCatalog/car_catalog.tsv"_s);
         QVERIFY(source.open(QIODevice::ReadOnly));
         QVERIFY(beside.open(QIODevice::ReadOnly));
         QCOMPARE(beside.readAll(), source.readAll());
-        QVERIFY(CatalogImportDesk::startingSetFolder().endsWith(QStringLiteral("/CarCatalog")));
+        QVERIFY(CatalogImportDesk::startingSetFolder().endsWith(u"/CarCatalog"_s));
     }
 
     void theCatalogStartsEmptyAndIsNotFilledByItself()
     {
         CDlgCarsAll dialog;
         dialog.show();
-        QCOMPARE(counts(), QStringLiteral("0,0,0"));
+        QCOMPARE(counts(), u"0,0,0"_s);
     }
 
     void theButtonAsksForTheFileAndForLeaveAndShowsWhatWasAdded()
     {
-        m_office->addBrand(QStringLiteral("Kia"));
+        m_office->addBrand(u"Kia"_s);
         CDlgCarsAll dialog;
         dialog.show();
         choose(write("# set\nKia\tRio\tEX\nVolvo\tXC60\nVolvo\n"));
         dialog.importButton()->click();
-        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("در این فایل 1 نوع خودرو، 2 مدل و 1 تیپ تازه هست. به فهرست اضافه شوند؟")});
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("1 نوع خودرو، 2 مدل و 1 تیپ اضافه شد.")});
-        QCOMPARE(counts(), QStringLiteral("2,2,1"));
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{u"در این فایل 1 نوع خودرو، 2 مدل و 1 تیپ تازه هست. به فهرست اضافه شوند؟"_s});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"1 نوع خودرو، 2 مدل و 1 تیپ اضافه شد."_s});
+        QCOMPARE(counts(), u"2,2,1"_s);
         QVERIFY(dialog.isChanged());
         const KExtListCtrl *brands = dialog.panel(CatalogLevel::Brand)->list();
         QCOMPARE(brands->count(), 2);
-        QCOMPARE(brands->cellText(brands->currentRow(), 1), QStringLiteral("Kia"));
+        QCOMPARE(brands->cellText(brands->currentRow(), 1), u"Kia"_s);
         QCOMPARE(dialog.panel(CatalogLevel::Model)->list()->count(), 1);
     }
 
@@ -96,7 +98,7 @@ private Q_SLOTS:
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         dialog.importButton()->click();
         QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
-        QCOMPARE(counts(), QStringLiteral("0,0,0"));
+        QCOMPARE(counts(), u"0,0,0"_s);
         QVERIFY(!dialog.isChanged());
     }
 
@@ -112,11 +114,11 @@ private Q_SLOTS:
 
     void aSecondImportAddsNothing()
     {
-        QVERIFY(CatalogImportDesk::importFile(QStringLiteral(TZ_STARTING_SET), nullptr));
+        QVERIFY(CatalogImportDesk::importFile(u"" TZ_STARTING_SET ""_s, nullptr));
         const QString before = counts();
         g_pDlgYesNo->takeShown();
         g_pDlgMessage->takeShown();
-        QVERIFY(!CatalogImportDesk::importFile(QStringLiteral(TZ_STARTING_SET), nullptr));
+        QVERIFY(!CatalogImportDesk::importFile(u"" TZ_STARTING_SET ""_s, nullptr));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
         QCOMPARE(counts(), before);
@@ -143,18 +145,18 @@ private Q_SLOTS:
         QVERIFY(!CatalogImportDesk::importFile(write(data), nullptr));
         const QStringList told = g_pDlgWarning->takeShown();
         QCOMPARE(told.size(), 1);
-        QCOMPARE(told.first().contains(QStringLiteral("سطر : ")), line > 0);
+        QCOMPARE(told.first().contains(u"سطر : "_s), line > 0);
         if (line > 0)
-            QVERIFY2(told.first().endsWith(QStringLiteral("سطر : %1").arg(line)), qPrintable(told.first()));
-        QCOMPARE(counts(), QStringLiteral("0,0,0"));
+            QVERIFY2(told.first().endsWith(u"سطر : %1"_s.arg(line)), qPrintable(told.first()));
+        QCOMPARE(counts(), u"0,0,0"_s);
     }
 
     void whatIsNoFileIsRefused_data()
     {
         QTest::addColumn<QString>("path");
         QTest::newRow("a folder") << m_folder.path();
-        QTest::newRow("not there") << m_folder.filePath(QStringLiteral("none.tsv"));
-        QTest::newRow("a device") << QStringLiteral("/dev/zero");
+        QTest::newRow("not there") << m_folder.filePath(u"none.tsv"_s);
+        QTest::newRow("a device") << u"/dev/zero"_s;
     }
 
     void whatIsNoFileIsRefused()
@@ -166,11 +168,11 @@ private Q_SLOTS:
 
     void withoutTheRightToAddNoFileIsAskedFor()
     {
-        m_office->logInAs(QStringLiteral("looker"), QStringLiteral("CarsAll"), KSecurity::Access);
+        m_office->logInAs(u"looker"_s, u"CarsAll"_s, KSecurity::Access);
         CDlgCarsAll dialog;
         dialog.show();
         dialog.importButton()->click();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("CarsAll"), KSecurity::Write)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"CarsAll"_s, KSecurity::Write)});
     }
 };
 

@@ -14,6 +14,8 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList names(const QVector<CatalogEntries::Entry> &entries)
@@ -41,69 +43,69 @@ private Q_SLOTS:
 
     void listsAreSortedByNameBelowTheirParent()
     {
-        const int saipa = m_office->addBrand(QStringLiteral("Saipa"));
-        const int iran = m_office->addBrand(QStringLiteral("Iran Khodro"));
-        const int pride = m_office->addModel(saipa, QStringLiteral("Pride"));
-        m_office->addModel(iran, QStringLiteral("Samand"));
-        m_office->addModel(saipa, QStringLiteral("Atlas"));
-        m_office->addClass(pride, QStringLiteral("141"));
-        m_office->addClass(pride, QStringLiteral("131"));
-        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Brand, 0, {})), (QStringList{QStringLiteral("Iran Khodro"), QStringLiteral("Saipa")}));
-        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Model, saipa, {})), (QStringList{QStringLiteral("Atlas"), QStringLiteral("Pride")}));
-        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Class, pride, {})), (QStringList{QStringLiteral("131"), QStringLiteral("141")}));
-        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Model, saipa, QStringLiteral("rid"))), QStringList{QStringLiteral("Pride")});
-        QCOMPARE(CatalogEntries::list(CatalogLevel::Brand, 0, QStringLiteral("aip")).value(0).key, saipa);
+        const int saipa = m_office->addBrand(u"Saipa"_s);
+        const int iran = m_office->addBrand(u"Iran Khodro"_s);
+        const int pride = m_office->addModel(saipa, u"Pride"_s);
+        m_office->addModel(iran, u"Samand"_s);
+        m_office->addModel(saipa, u"Atlas"_s);
+        m_office->addClass(pride, u"141"_s);
+        m_office->addClass(pride, u"131"_s);
+        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Brand, 0, {})), (QStringList{u"Iran Khodro"_s, u"Saipa"_s}));
+        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Model, saipa, {})), (QStringList{u"Atlas"_s, u"Pride"_s}));
+        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Class, pride, {})), (QStringList{u"131"_s, u"141"_s}));
+        QCOMPARE(names(CatalogEntries::list(CatalogLevel::Model, saipa, u"rid"_s)), QStringList{u"Pride"_s});
+        QCOMPARE(CatalogEntries::list(CatalogLevel::Brand, 0, u"aip"_s).value(0).key, saipa);
     }
 
     void whatIsAddedHoldsNameUserTimeAndParent()
     {
-        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, QStringLiteral("پژو"), 7);
-        const int model = CatalogEntries::add(CatalogLevel::Model, brand, QStringLiteral("206"), 8);
-        const int carClass = CatalogEntries::add(CatalogLevel::Class, model, QStringLiteral("تیپ 5"), 9);
+        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 7);
+        const int model = CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 8);
+        const int carClass = CatalogEntries::add(CatalogLevel::Class, model, u"تیپ 5"_s, 9);
         CTblCarBrands brands;
-        QVERIFY(brands.IsRecordExist(QStringLiteral("iID"), brand));
-        QCOMPARE(brands.m_sName, QStringLiteral("پژو"));
+        QVERIFY(brands.IsRecordExist(u"iID"_s, brand));
+        QCOMPARE(brands.m_sName, u"پژو"_s);
         QCOMPARE(brands.m_iUserID, 7);
         QVERIFY(qAbs(brands.m_dateCreate.secsTo(GetDBSetting()->GetDBServerDate())) < 60);
         CTblCarModels models;
-        QVERIFY(models.IsRecordExist(QStringLiteral("iID"), model));
+        QVERIFY(models.IsRecordExist(u"iID"_s, model));
         QCOMPARE(models.m_iClassID, brand);
         QCOMPARE(models.m_iUserID, 8);
         QVERIFY(models.m_dateCreate.isValid());
         CTblCarClasses classes;
-        QVERIFY(classes.IsRecordExist(QStringLiteral("iID"), carClass));
+        QVERIFY(classes.IsRecordExist(u"iID"_s, carClass));
         QCOMPARE(classes.m_iBrandID, model);
-        QCOMPARE(classes.m_sName, QStringLiteral("تیپ 5"));
+        QCOMPARE(classes.m_sName, u"تیپ 5"_s);
         QCOMPARE(classes.m_iUserID, 9);
         QVERIFY(classes.m_dateCreate.isValid());
     }
 
     void aSecondBrandOfTheSameNameIsRefused()
     {
-        m_office->addBrand(QStringLiteral("پژو"));
+        m_office->addBrand(u"پژو"_s);
         try {
-            CatalogEntries::add(CatalogLevel::Brand, 0, QStringLiteral("پژو"), 1);
+            CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 1);
             QFAIL("the unique index let it in");
         } catch (const CMySQLException &error) {
             QCOMPARE(error.category(), CMySQLException::Category::DuplicateKey);
         }
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarBrands")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CarBrands"_s), u"1"_s);
     }
 
     void modelsAndClassesMayShareAName()
     {
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int model = CatalogEntries::add(CatalogLevel::Model, brand, QStringLiteral("206"), 1);
-        QVERIFY(CatalogEntries::add(CatalogLevel::Model, brand, QStringLiteral("206"), 1) > model);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int model = CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 1);
+        QVERIFY(CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 1) > model);
     }
 
     void renameChangesTheNameAlone()
     {
-        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, QStringLiteral("پژ"), 7);
-        QVERIFY(CatalogEntries::rename(CatalogLevel::Brand, brand, QStringLiteral("پژو")));
-        QCOMPARE(CatalogEntries::name(CatalogLevel::Brand, brand), QStringLiteral("پژو"));
-        QCOMPARE(value(QStringLiteral("SELECT iUserID FROM CarBrands")), QStringLiteral("7"));
-        QVERIFY(!CatalogEntries::rename(CatalogLevel::Brand, brand + 1, QStringLiteral("x")));
+        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, u"پژ"_s, 7);
+        QVERIFY(CatalogEntries::rename(CatalogLevel::Brand, brand, u"پژو"_s));
+        QCOMPARE(CatalogEntries::name(CatalogLevel::Brand, brand), u"پژو"_s);
+        QCOMPARE(value(u"SELECT iUserID FROM CarBrands"_s), u"7"_s);
+        QVERIFY(!CatalogEntries::rename(CatalogLevel::Brand, brand + 1, u"x"_s));
         QVERIFY(!CatalogEntries::name(CatalogLevel::Model, brand));
     }
 
@@ -123,12 +125,12 @@ private Q_SLOTS:
     {
         QFETCH(int, level);
         QFETCH(QString, statement);
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int model = m_office->addModel(brand, QStringLiteral("206"));
-        const int carClass = m_office->addClass(model, QStringLiteral("تیپ 5"));
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int model = m_office->addModel(brand, u"206"_s);
+        const int carClass = m_office->addClass(model, u"تیپ 5"_s);
         const int key = QList<int>{brand, model, carClass}[level];
         {
-            const ObservedStatements observed({QStringLiteral("SELECT")});
+            const ObservedStatements observed({u"SELECT"_s});
             QVERIFY(!CatalogEntries::isUsed(static_cast<CatalogLevel>(level), key));
             QCOMPARE(observed.taken(), QStringList{statement.arg(key)});
         }
@@ -150,27 +152,27 @@ private Q_SLOTS:
 
     void removeTakesTheEntryWithWhatItsRecordClassTakes()
     {
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int model = m_office->addModel(brand, QStringLiteral("206"));
-        m_office->addClass(model, QStringLiteral("تیپ 5"));
-        const int other = m_office->addClass(model, QStringLiteral("تیپ 2"));
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int model = m_office->addModel(brand, u"206"_s);
+        m_office->addClass(model, u"تیپ 5"_s);
+        const int other = m_office->addClass(model, u"تیپ 2"_s);
         QVERIFY(CatalogEntries::remove(CatalogLevel::Class, other));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CarClasses")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CarClasses"_s), u"1"_s);
         QVERIFY(CatalogEntries::remove(CatalogLevel::Brand, brand));
-        QCOMPARE(value(QStringLiteral("SELECT (SELECT COUNT(*) FROM CarBrands)+(SELECT COUNT(*) FROM CarModels)"
-                                      "+(SELECT COUNT(*) FROM CarClasses)")),
-                 QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM CarBrands)+(SELECT COUNT(*) FROM CarModels)"
+                       "+(SELECT COUNT(*) FROM CarClasses)"_s),
+                 u"0"_s);
         QVERIFY(!CatalogEntries::remove(CatalogLevel::Brand, brand));
     }
 
     void theNameCheckLooksAmongTheModelsByTheirOwnKey()
     {
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int model = m_office->addModel(brand, QStringLiteral("O'Neil"));
-        QVERIFY(CatalogEntries::isNameTaken(0, QStringLiteral("O'Neil"), model));
-        QVERIFY(!CatalogEntries::isNameTaken(0, QStringLiteral("O'Neil"), model + 1));
-        QVERIFY(!CatalogEntries::isNameTaken(model, QStringLiteral("O'Neil"), model));
-        QVERIFY(!CatalogEntries::isNameTaken(0, QStringLiteral("پژو"), brand));
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int model = m_office->addModel(brand, u"O'Neil"_s);
+        QVERIFY(CatalogEntries::isNameTaken(0, u"O'Neil"_s, model));
+        QVERIFY(!CatalogEntries::isNameTaken(0, u"O'Neil"_s, model + 1));
+        QVERIFY(!CatalogEntries::isNameTaken(model, u"O'Neil"_s, model));
+        QVERIFY(!CatalogEntries::isNameTaken(0, u"پژو"_s, brand));
     }
 };
 

@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace CatalogImport;
 
 namespace {
@@ -26,7 +28,7 @@ QStringList shown(const QVector<NewEntry> &entries)
 {
     QStringList lines;
     for (const NewEntry &entry : entries)
-        lines << QStringLiteral("%1 k%2 n%3").arg(entry.name).arg(entry.parentKey).arg(entry.newParent);
+        lines << u"%1 k%2 n%3"_s.arg(entry.name).arg(entry.parentKey).arg(entry.newParent);
     return lines;
 }
 
@@ -51,7 +53,7 @@ Known carriedOut(const Plan &plan)
 
 QByteArray startingSet()
 {
-    QFile file(QStringLiteral(TZ_STARTING_SET));
+    QFile file(u"" TZ_STARTING_SET ""_s);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -69,16 +71,16 @@ private Q_SLOTS:
         const auto row = [](const char *name, const QByteArray &data, const QStringList &entries) {
             QTest::newRow(name) << data << entries;
         };
-        row("a brand alone", "Pride\n", {QStringLiteral("Pride||")});
-        row("brand and model", "Pride\t131", {QStringLiteral("Pride|131|")});
-        row("brand, model and class", "Pride\t131\tSE\n", {QStringLiteral("Pride|131|SE")});
-        row("comments and empty lines are passed over", "# one\n\n  \t \nPride\n#two\n", {QStringLiteral("Pride||")});
-        row("line ends of another system", "Pride\t131\r\nSaina\r\n", {QStringLiteral("Pride|131|"), QStringLiteral("Saina||")});
-        row("a mark at the start of the file", "\xEF\xBB\xBFPride\n", {QStringLiteral("Pride||")});
-        row("tabs at the end of a line", "Pride\t131\t\t\t\n", {QStringLiteral("Pride|131|")});
-        row("blanks around a name", "  Pride \t 1  31 \n", {QStringLiteral("Pride|1 31|")});
-        row("Arabic letters and Persian digits", QStringLiteral("كيا\t۲۰۶\n").toUtf8(), {QStringLiteral("کیا|206|")});
-        row("the longest name", QByteArray(50, 'a'), {QString(50, u'a') + QStringLiteral("||")});
+        row("a brand alone", "Pride\n", {u"Pride||"_s});
+        row("brand and model", "Pride\t131", {u"Pride|131|"_s});
+        row("brand, model and class", "Pride\t131\tSE\n", {u"Pride|131|SE"_s});
+        row("comments and empty lines are passed over", "# one\n\n  \t \nPride\n#two\n", {u"Pride||"_s});
+        row("line ends of another system", "Pride\t131\r\nSaina\r\n", {u"Pride|131|"_s, u"Saina||"_s});
+        row("a mark at the start of the file", "\xEF\xBB\xBFPride\n", {u"Pride||"_s});
+        row("tabs at the end of a line", "Pride\t131\t\t\t\n", {u"Pride|131|"_s});
+        row("blanks around a name", "  Pride \t 1  31 \n", {u"Pride|1 31|"_s});
+        row("Arabic letters and Persian digits", u"كيا\t۲۰۶\n"_s.toUtf8(), {u"کیا|206|"_s});
+        row("the longest name", QByteArray(50, 'a'), {QString(50, u'a') + u"||"_s});
     }
 
     void reads()
@@ -124,24 +126,24 @@ private Q_SLOTS:
     void planOfAnEmptyCatalogIsEverythingOnce()
     {
         const Plan made = plan({entry("A", "1", "x"), entry("A", "1", "y"), entry("A", "2"), entry("B", "1", "x"), entry("A")}, {});
-        QCOMPARE(shown(made.brands), (QStringList{QStringLiteral("A k0 n-1"), QStringLiteral("B k0 n-1")}));
+        QCOMPARE(shown(made.brands), (QStringList{u"A k0 n-1"_s, u"B k0 n-1"_s}));
         QCOMPARE(shown(made.models),
-                 (QStringList{QStringLiteral("1 k0 n0"), QStringLiteral("2 k0 n0"), QStringLiteral("1 k0 n1")}));
+                 (QStringList{u"1 k0 n0"_s, u"2 k0 n0"_s, u"1 k0 n1"_s}));
         QCOMPARE(shown(made.classes),
-                 (QStringList{QStringLiteral("x k0 n0"), QStringLiteral("y k0 n0"), QStringLiteral("x k0 n2")}));
+                 (QStringList{u"x k0 n0"_s, u"y k0 n0"_s, u"x k0 n2"_s}));
     }
 
     void whatIsThereIsLeftAlone()
     {
         Known known;
-        known.brands = {{4, 0, QStringLiteral("A")}};
-        known.models = {{9, 4, QStringLiteral("1")}, {10, 5, QStringLiteral("2")}};
-        known.classes = {{20, 9, QStringLiteral("x")}};
+        known.brands = {{4, 0, u"A"_s}};
+        known.models = {{9, 4, u"1"_s}, {10, 5, u"2"_s}};
+        known.classes = {{20, 9, u"x"_s}};
         const Plan made = plan({entry("A", "1", "x"), entry("A", "1", "y"), entry("A", "2", "x")}, known);
         QVERIFY(made.brands.isEmpty());
         // The "2" that is there belongs to another brand.
-        QCOMPARE(shown(made.models), QStringList{QStringLiteral("2 k4 n-1")});
-        QCOMPARE(shown(made.classes), (QStringList{QStringLiteral("y k9 n-1"), QStringLiteral("x k0 n0")}));
+        QCOMPARE(shown(made.models), QStringList{u"2 k4 n-1"_s});
+        QCOMPARE(shown(made.classes), (QStringList{u"y k9 n-1"_s, u"x k0 n0"_s}));
     }
 
     void namesMeetAsAReaderTakesThem_data()
@@ -177,17 +179,17 @@ private Q_SLOTS:
         Known catalog;
         catalog.brands = {{1, 0, known}};
         QCOMPARE(plan({{name, {}, {}}}, catalog).isEmpty(), same);
-        catalog.brands = {{1, 0, QStringLiteral("A")}};
+        catalog.brands = {{1, 0, u"A"_s}};
         catalog.models = {{2, 1, known}};
-        QCOMPARE(plan({{QStringLiteral("A"), name, {}}}, catalog).isEmpty(), same);
+        QCOMPARE(plan({{u"A"_s, name, {}}}, catalog).isEmpty(), same);
     }
 
     void ofTwoThatAreThereTheFirstKnownCounts()
     {
         Known known;
-        known.brands = {{4, 0, QStringLiteral("A")}};
-        known.models = {{9, 4, QStringLiteral("1")}, {8, 4, QStringLiteral("1")}};
-        QCOMPARE(shown(plan({entry("A", "1", "x")}, known).classes), QStringList{QStringLiteral("x k9 n-1")});
+        known.brands = {{4, 0, u"A"_s}};
+        known.models = {{9, 4, u"1"_s}, {8, 4, u"1"_s}};
+        QCOMPARE(shown(plan({entry("A", "1", "x")}, known).classes), QStringList{u"x k9 n-1"_s});
     }
 
     void aSecondImportAddsNothing()

@@ -11,6 +11,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 class TestCatalogImporter : public QObject
 {
     Q_OBJECT
@@ -19,11 +21,11 @@ class TestCatalogImporter : public QObject
 
     int count(const char *table)
     {
-        return m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM ") + QLatin1String(table)).toInt();
+        return m_office->database().value(u"SELECT COUNT(*) FROM "_s + QLatin1String(table)).toInt();
     }
     QVector<CatalogImport::Entry> startingSet()
     {
-        QFile file(QStringLiteral(TZ_STARTING_SET));
+        QFile file(u"" TZ_STARTING_SET ""_s);
         return file.open(QIODevice::ReadOnly) ? CatalogImport::parse(file.readAll()).entries : QVector<CatalogImport::Entry>();
     }
 
@@ -42,35 +44,34 @@ private Q_SLOTS:
         QVERIFY(added.brands.size() >= 30);
         for (const CatalogImport::Entry &entry : entries) {
             const QString found = entry.carClass.isEmpty()
-                ? m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarModels m JOIN CarBrands b ON b.iID=m.iClassID "
-                                                            "WHERE b.sName='%1' AND m.sName='%2'")
+                ? m_office->database().value(u"SELECT COUNT(*) FROM CarModels m JOIN CarBrands b ON b.iID=m.iClassID "
+                                             "WHERE b.sName='%1' AND m.sName='%2'"_s
                                                  .arg(entry.brand, entry.model))
-                : m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarClasses c JOIN CarModels m ON m.iID=c.iBrandID "
-                                                            "JOIN CarBrands b ON b.iID=m.iClassID "
-                                                            "WHERE b.sName='%1' AND m.sName='%2' AND c.sName='%3'")
+                : m_office->database().value(u"SELECT COUNT(*) FROM CarClasses c JOIN CarModels m ON m.iID=c.iBrandID "
+                                             "JOIN CarBrands b ON b.iID=m.iClassID "
+                                             "WHERE b.sName='%1' AND m.sName='%2' AND c.sName='%3'"_s
                                                  .arg(entry.brand, entry.model, entry.carClass));
-            QVERIFY2(found == QStringLiteral("1"), qPrintable(entry.brand + u'/' + entry.model + u'/' + entry.carClass));
+            QVERIFY2(found == u"1"_s, qPrintable(entry.brand + u'/' + entry.model + u'/' + entry.carClass));
         }
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarClasses WHERE iUserID<>5 OR dateCreate IS NULL")),
-                 QStringLiteral("0"));
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM CarClasses WHERE iUserID<>5 OR dateCreate IS NULL"_s),
+                 u"0"_s);
     }
 
     void theServersTimeIsAskedOncePerHundredEntriesAtMost()
     {
         QVector<CatalogImport::Entry> entries;
         for (int number = 0; number < 2000; ++number)
-            entries.append({QStringLiteral("brand %1").arg(number / 100), QStringLiteral("model %1").arg(number / 10),
-                            QStringLiteral("class %1").arg(number)});
-        const ObservedStatements statements({QStringLiteral("SELECT NOW()"), QStringLiteral("INSERT")});
+            entries.append({u"brand %1"_s.arg(number / 100), u"model %1"_s.arg(number / 10),
+                            u"class %1"_s.arg(number)});
+        const ObservedStatements statements({u"SELECT NOW()"_s, u"INSERT"_s});
         const CatalogImport::Plan added = CatalogImporter::add(entries, 1);
         const qsizetype rows = added.brands.size() + added.models.size() + added.classes.size();
         QCOMPARE(rows, 2220);
-        const qsizetype questions = statements.taken().count(QStringLiteral("SELECT NOW()"));
+        const qsizetype questions = statements.taken().count(u"SELECT NOW()"_s);
         QVERIFY2(questions >= 1 && questions <= rows / 100, qPrintable(QString::number(questions)));
         QCOMPARE(statements.taken().size(), rows + questions);
-        QCOMPARE(m_office->database().value(QStringLiteral(
-                     "SELECT COUNT(*) FROM CarBrands WHERE dateCreate IS NULL OR ABS(TIMESTAMPDIFF(SECOND,dateCreate,NOW()))>60")),
-                 QStringLiteral("0"));
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM CarBrands WHERE dateCreate IS NULL OR ABS(TIMESTAMPDIFF(SECOND,dateCreate,NOW()))>60"_s),
+                 u"0"_s);
     }
 
     void aSecondImportAddsNothing()
@@ -85,25 +86,25 @@ private Q_SLOTS:
 
     void whatIsThereAlreadyIsLeftAlone()
     {
-        const int brand = m_office->addBrand(QStringLiteral("ايران\u200cخودرو"));
-        const int samand = m_office->addModel(brand, QStringLiteral("سمند"));
+        const int brand = m_office->addBrand(u"ايران\u200cخودرو"_s);
+        const int samand = m_office->addModel(brand, u"سمند"_s);
         CatalogImporter::add(startingSet(), 1);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT sName FROM CarBrands WHERE iID=%1").arg(brand)),
-                 QStringLiteral("ايران\u200cخودرو"));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarBrands WHERE sName LIKE '%خودرو'")), QStringLiteral("1"));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarModels WHERE sName='سمند'")), QStringLiteral("1"));
-        QVERIFY(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarModels WHERE iClassID=%1").arg(brand)).toInt() > 1);
-        QVERIFY(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM CarClasses WHERE iBrandID=%1").arg(samand)).toInt() > 1);
+        QCOMPARE(m_office->database().value(u"SELECT sName FROM CarBrands WHERE iID=%1"_s.arg(brand)),
+                 u"ايران\u200cخودرو"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM CarBrands WHERE sName LIKE '%خودرو'"_s), u"1"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM CarModels WHERE sName='سمند'"_s), u"1"_s);
+        QVERIFY(m_office->database().value(u"SELECT COUNT(*) FROM CarModels WHERE iClassID=%1"_s.arg(brand)).toInt() > 1);
+        QVERIFY(m_office->database().value(u"SELECT COUNT(*) FROM CarClasses WHERE iBrandID=%1"_s.arg(samand)).toInt() > 1);
     }
 
     void anErrorHalfWayKeepsNothing()
     {
-        m_office->database().run(QStringLiteral("RENAME TABLE CarClasses TO CarClassesAway"));
-        m_office->database().run(QStringLiteral("CREATE TABLE CarClasses LIKE CarClassesAway"));
-        m_office->database().run(QStringLiteral("ALTER TABLE CarClasses MODIFY sName VARCHAR(2)"));
-        QVERIFY_THROWS_EXCEPTION(CMySQLException, CatalogImporter::add({{QStringLiteral("A"), QStringLiteral("1"), QStringLiteral("xyz")}}, 1));
-        m_office->database().run(QStringLiteral("DROP TABLE CarClasses"));
-        m_office->database().run(QStringLiteral("RENAME TABLE CarClassesAway TO CarClasses"));
+        m_office->database().run(u"RENAME TABLE CarClasses TO CarClassesAway"_s);
+        m_office->database().run(u"CREATE TABLE CarClasses LIKE CarClassesAway"_s);
+        m_office->database().run(u"ALTER TABLE CarClasses MODIFY sName VARCHAR(2)"_s);
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, CatalogImporter::add({{u"A"_s, u"1"_s, u"xyz"_s}}, 1));
+        m_office->database().run(u"DROP TABLE CarClasses"_s);
+        m_office->database().run(u"RENAME TABLE CarClassesAway TO CarClasses"_s);
         QCOMPARE(count("CarBrands") + count("CarModels") + count("CarClasses"), 0);
     }
 };

@@ -17,10 +17,12 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString toText = QStringLiteral("تا :");
-const QString fromText = QStringLiteral("مبلغ معامله از :");
+const QString toText = u"تا :"_s;
+const QString fromText = u"مبلغ معامله از :"_s;
 
 KEdit *field(const QWidget &dialog, const QString &name, const QString &description = {})
 {
@@ -34,7 +36,7 @@ KEdit *field(const QWidget &dialog, const QString &name, const QString &descript
 
 QString tier(int number)
 {
-    return QStringLiteral("پله %1 کمیسیون").arg(number);
+    return u"پله %1 کمیسیون"_s.arg(number);
 }
 
 template <class Button>
@@ -70,7 +72,7 @@ private Q_SLOTS:
     void everyAmountShowsTheMoneyUnit();
 
 private:
-    QString count() { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'")); }
+    QString count() { return m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s); }
 
     TestDatabase m_database;
 };
@@ -98,20 +100,20 @@ void TestCDlgAutomobilContractSetting::showsWhatIsStored()
     settings.save();
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("تنظيمات"));
+    QCOMPARE(dialog.windowTitle(), u"تنظيمات"_s);
     QCOMPARE(dialog.layoutDirection(), Qt::RightToLeft);
-    QCOMPARE(field(dialog, QStringLiteral("ماليات :"))->number(), 9.0);
-    QCOMPARE(field(dialog, QStringLiteral("عوارض :"))->number(), 1.5);
+    QCOMPARE(field(dialog, u"ماليات :"_s)->number(), 9.0);
+    QCOMPARE(field(dialog, u"عوارض :"_s)->number(), 1.5);
     for (int number = 1; number <= 3; ++number) {
         QCOMPARE(field(dialog, toText, tier(number))->number(), number * 1000.0);
-        QCOMPARE(field(dialog, QStringLiteral("%"), tier(number))->number(), double(number));
+        QCOMPARE(field(dialog, u"%"_s, tier(number))->number(), double(number));
         QVERIFY(field(dialog, fromText, tier(number))->isReadOnly());
     }
     QCOMPARE(field(dialog, fromText, tier(2))->number(), 1001.0);
     QCOMPARE(field(dialog, fromText, tier(3))->number(), 2001.0);
     QVERIFY(button<QCheckBox>(dialog, fromText)->isChecked());
-    QVERIFY(button<QCheckBox>(dialog, QStringLiteral("تقاضاهاي بيشتر از "))->isChecked());
-    QCOMPARE(field(dialog, QStringLiteral("روز را بايگاني نمايد."))->integer(), 45);
+    QVERIFY(button<QCheckBox>(dialog, u"تقاضاهاي بيشتر از "_s)->isChecked());
+    QCOMPARE(field(dialog, u"روز را بايگاني نمايد."_s)->integer(), 45);
 }
 
 void TestCDlgAutomobilContractSetting::lowerBoundsFollowTheCeilings()
@@ -119,14 +121,14 @@ void TestCDlgAutomobilContractSetting::lowerBoundsFollowTheCeilings()
     CDlgAutomobilContractSetting dialog;
     KEdit *first = field(dialog, toText, tier(1));
     KEdit *second = field(dialog, toText, tier(2));
-    first->setText(QStringLiteral("500"));
+    first->setText(u"500"_s);
     QCOMPARE(field(dialog, fromText, tier(2))->number(), 501.0);
-    second->setText(QStringLiteral("900"));
+    second->setText(u"900"_s);
     QCOMPARE(field(dialog, fromText, tier(3))->number(), 901.0);
-    first->setText(QStringLiteral("0"));
+    first->setText(u"0"_s);
     QCOMPARE(field(dialog, fromText, tier(2))->number(), 501.0);
     dialog.accept();
-    QCOMPARE(count(), QStringLiteral("11"));
+    QCOMPARE(count(), u"11"_s);
 }
 
 void TestCDlgAutomobilContractSetting::thirdTierShowsOnlyWhenInUse()
@@ -134,7 +136,7 @@ void TestCDlgAutomobilContractSetting::thirdTierShowsOnlyWhenInUse()
     CDlgAutomobilContractSetting dialog;
     dialog.show();
     const QList<KEdit *> row{field(dialog, fromText, tier(3)), field(dialog, toText, tier(3)),
-                             field(dialog, QStringLiteral("%"), tier(3))};
+                             field(dialog, u"%"_s, tier(3))};
     for (KEdit *edit : row)
         QVERIFY(!edit->isVisible());
     auto *inUse = button<QCheckBox>(dialog, fromText);
@@ -152,14 +154,14 @@ void TestCDlgAutomobilContractSetting::savesWhatIsTyped()
 {
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    field(dialog, QStringLiteral("ماليات :"))->setText(QStringLiteral("۹"));
-    field(dialog, QStringLiteral("عوارض :"))->setText(QStringLiteral("1.5"));
-    field(dialog, toText, tier(1))->setText(QStringLiteral("1000"));
-    field(dialog, QStringLiteral("%"), tier(1))->setText(QStringLiteral("2"));
-    field(dialog, toText, tier(2))->setText(QStringLiteral("1000"));
-    button<QCheckBox>(dialog, QStringLiteral("تقاضاهاي بيشتر از "))->click();
-    field(dialog, QStringLiteral("روز را بايگاني نمايد."))->setText(QStringLiteral("60"));
-    button<QPushButton>(dialog, QStringLiteral("تاييد"))->click();
+    field(dialog, u"ماليات :"_s)->setText(u"۹"_s);
+    field(dialog, u"عوارض :"_s)->setText(u"1.5"_s);
+    field(dialog, toText, tier(1))->setText(u"1000"_s);
+    field(dialog, u"%"_s, tier(1))->setText(u"2"_s);
+    field(dialog, toText, tier(2))->setText(u"1000"_s);
+    button<QCheckBox>(dialog, u"تقاضاهاي بيشتر از "_s)->click();
+    field(dialog, u"روز را بايگاني نمايد."_s)->setText(u"60"_s);
+    button<QPushButton>(dialog, u"تاييد"_s)->click();
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     const ContractSettings settings = ContractSettings::load();
@@ -177,35 +179,35 @@ void TestCDlgAutomobilContractSetting::cancelWritesNothing()
 {
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    field(dialog, QStringLiteral("ماليات :"))->setText(QStringLiteral("9"));
-    button<QPushButton>(dialog, QStringLiteral("انصراف"))->click();
+    field(dialog, u"ماليات :"_s)->setText(u"9"_s);
+    button<QPushButton>(dialog, u"انصراف"_s)->click();
     QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    QCOMPARE(count(), QStringLiteral("0"));
+    QCOMPARE(count(), u"0"_s);
 }
 
 void TestCDlgAutomobilContractSetting::secondTierBelowTheFirstIsRefused()
 {
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    field(dialog, toText, tier(1))->setText(QStringLiteral("100"));
-    field(dialog, toText, tier(2))->setText(QStringLiteral("50"));
+    field(dialog, toText, tier(1))->setText(u"100"_s);
+    field(dialog, toText, tier(2))->setText(u"50"_s);
     dialog.accept();
     QVERIFY(dialog.isVisible());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(QStringLiteral("لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید.")));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(u"لطفا مبلغ دوم را بیشتر از مبلغ اول وارد نماید."_s));
     QCOMPARE(dialog.focusWidget(), field(dialog, toText, tier(2)));
-    QCOMPARE(count(), QStringLiteral("0"));
+    QCOMPARE(count(), u"0"_s);
 }
 
 void TestCDlgAutomobilContractSetting::thirdTierBelowTheOthersIsRefusedAlsoWhenItIsOff()
 {
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    field(dialog, toText, tier(2))->setText(QStringLiteral("300"));
-    field(dialog, toText, tier(3))->setText(QStringLiteral("200"));
+    field(dialog, toText, tier(2))->setText(u"300"_s);
+    field(dialog, toText, tier(3))->setText(u"200"_s);
     dialog.accept();
     QVERIFY(dialog.isVisible());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(QStringLiteral("لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید.")));
-    QCOMPARE(count(), QStringLiteral("0"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(u"لطفا مبلغ سوم را بیشتر از تمامی مبلغ ها وارد نماید."_s));
+    QCOMPARE(count(), u"0"_s);
     // The amount is out of sight; the box brings it back.
     QCOMPARE(dialog.focusWidget(), button<QCheckBox>(dialog, fromText));
     button<QCheckBox>(dialog, fromText)->setChecked(true);
@@ -217,13 +219,13 @@ void TestCDlgAutomobilContractSetting::percentageAboveHundredIsRefused()
 {
     CDlgAutomobilContractSetting dialog;
     dialog.show();
-    KEdit *tax = field(dialog, QStringLiteral("ماليات :"));
-    tax->setText(QStringLiteral("101"));
+    KEdit *tax = field(dialog, u"ماليات :"_s);
+    tax->setText(u"101"_s);
     dialog.accept();
     QVERIFY(dialog.isVisible());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(QStringLiteral("ماليات : مقدار باید بین 0 و 100 باشد.")));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList(u"ماليات : مقدار باید بین 0 و 100 باشد."_s));
     QCOMPARE(dialog.focusWidget(), tax);
-    QCOMPARE(count(), QStringLiteral("0"));
+    QCOMPARE(count(), u"0"_s);
 }
 
 void TestCDlgAutomobilContractSetting::closedDatabaseIsNotChanged()
@@ -233,7 +235,7 @@ void TestCDlgAutomobilContractSetting::closedDatabaseIsNotChanged()
     GetDBSetting()->SetClosedDB(true);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, dialog.accept());
     QVERIFY(dialog.isVisible());
-    QCOMPARE(count(), QStringLiteral("0"));
+    QCOMPARE(count(), u"0"_s);
 }
 
 void TestCDlgAutomobilContractSetting::everyFieldTellsItsName()
@@ -254,10 +256,10 @@ void TestCDlgAutomobilContractSetting::everyFieldTellsItsName()
 
 void TestCDlgAutomobilContractSetting::everyAmountShowsTheMoneyUnit()
 {
-    GetDBSetting()->SetMoneyUnitName(QStringLiteral("تومان"));
+    GetDBSetting()->SetMoneyUnitName(u"تومان"_s);
     CDlgAutomobilContractSetting dialog;
     const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
-    QCOMPARE(std::count_if(labels.begin(), labels.end(), [](QLabel *label) { return label->text() == QStringLiteral("تومان"); }), 6);
+    QCOMPARE(std::count_if(labels.begin(), labels.end(), [](QLabel *label) { return label->text() == u"تومان"_s; }), 6);
 }
 
 static const RegisteredTest<TestCDlgAutomobilContractSetting, QApplication> registered;

@@ -36,9 +36,9 @@ namespace {
 
 using Contract = CTblAutomobilContracts;
 
-const QString section = QStringLiteral("AutomobilContracts");
-const QString rightsForm = QStringLiteral("AutomobilContracts");
-const QString archiveForm = QStringLiteral("AutomobilContractArchive");
+const QString section = u"AutomobilContracts"_s;
+const QString rightsForm = u"AutomobilContracts"_s;
+const QString archiveForm = u"AutomobilContractArchive"_s;
 
 QStringList explanations(const CDlgAutomobilContracts &page)
 {
@@ -86,98 +86,98 @@ private Q_SLOTS:
     {
         CDlgAutomobilContracts page;
         page.open();
-        QCOMPARE(page.title(), QStringLiteral("قرارداد"));
+        QCOMPARE(page.title(), u"قرارداد"_s);
         QStringList labels;
         for (const QLabel *label : page.findChildren<QLabel *>())
             labels << label->text();
         for (const QString &text :
-             {QStringLiteral("فروشنده :"), QStringLiteral("وضعيت بايگاني :"), QStringLiteral("خريدار :"),
-              QStringLiteral("برگشتي :"), QStringLiteral("تاريخ عقد از :"), QStringLiteral("تا :"),
-              QStringLiteral("تاريخ انقضاء از :"), QStringLiteral("توضيحات :"), QStringLiteral("شرح قرارداد :"),
-              QStringLiteral("تعداد نمايش :")})
+             {u"فروشنده :"_s, u"وضعيت بايگاني :"_s, u"خريدار :"_s,
+              u"برگشتي :"_s, u"تاريخ عقد از :"_s, u"تا :"_s,
+              u"تاريخ انقضاء از :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s,
+              u"تعداد نمايش :"_s})
             QVERIFY2(labels.contains(text), qPrintable(text));
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
         for (const QString &text :
-             {QStringLiteral("جستجو"), QStringLiteral("پيش فرض"), QStringLiteral("جديد"), QStringLiteral("ويرايش"),
-              QStringLiteral("حذف"), QStringLiteral("نمايش"), QStringLiteral("بايگاني شد"), QStringLiteral("چاپ"),
-              QStringLiteral("چاپ قرارداد "), QStringLiteral("تنظيمات"), QStringLiteral("گزارش جامع"),
-              QStringLiteral("تسويه با فروشنده"), QStringLiteral("تسويه با خريدار")})
+             {u"جستجو"_s, u"پيش فرض"_s, u"جديد"_s, u"ويرايش"_s,
+              u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s,
+              u"چاپ قرارداد "_s, u"تنظيمات"_s, u"گزارش جامع"_s,
+              u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s})
             QVERIFY2(captions.contains(text), qPrintable(text));
-        QCOMPARE(page.findChild<QGroupBox *>()->title(), QStringLiteral("فيلتر جستجو"));
-        QCOMPARE(page.findChild<QCheckBox *>()->text(), QStringLiteral("نمايش غير فعال ها"));
+        QCOMPARE(page.findChild<QGroupBox *>()->title(), u"فيلتر جستجو"_s);
+        QCOMPARE(page.findChild<QCheckBox *>()->text(), u"نمايش غير فعال ها"_s);
         QStringList titles;
         for (int column = 0; column < 10; ++column)
             titles << headerText(page, column);
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("نوع قرارداد*"), QStringLiteral("فروشنده"), QStringLiteral("خریدار"), QStringLiteral("شماره سند"), QStringLiteral("شرح قرارداد"), QStringLiteral("تاریخ عقد"), QStringLiteral("تاریخ انقضاء"), QStringLiteral("توضیحات"), QStringLiteral("وضعیت بایگانی")}));
+        QCOMPARE(titles, (QStringList{u"ردیف"_s, u"نوع قرارداد*"_s, u"فروشنده"_s, u"خریدار"_s, u"شماره سند"_s, u"شرح قرارداد"_s, u"تاریخ عقد"_s, u"تاریخ انقضاء"_s, u"توضیحات"_s, u"وضعیت بایگانی"_s}));
     }
 
     void countReadsADashUntilTheFirstFill()
     {
         CDlgAutomobilContracts page;
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : -"));
+        QCOMPARE(page.countText(), u"تعداد : -"_s);
         page.open();
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
+        QCOMPARE(page.countText(), u"تعداد : 0"_s);
     }
 
     void defaultFiltersListOnlyContractsNotArchivedNotReturnedNotVoid()
     {
-        addNamed(QStringLiteral("plain"));
-        addNamed(QStringLiteral("archived"), [](Contract &c) { c.m_iArchiveUserID = 1; });
-        addNamed(QStringLiteral("returned"), [](Contract &c) { c.m_bReturn = 1; });
-        addNamed(QStringLiteral("void"), [](Contract &c) { c.m_iStatus = 1; });
+        addNamed(u"plain"_s);
+        addNamed(u"archived"_s, [](Contract &c) { c.m_iArchiveUserID = 1; });
+        addNamed(u"returned"_s, [](Contract &c) { c.m_bReturn = 1; });
+        addNamed(u"void"_s, [](Contract &c) { c.m_iStatus = 1; });
         CDlgAutomobilContracts page;
         page.open();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("plain")});
+        QCOMPARE(explanations(page), QStringList{u"plain"_s});
         page.filters().set(u"inactive", true);
         page.refill();
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("plain"), QStringLiteral("void")}));
+        QCOMPARE(explanations(page), (QStringList{u"plain"_s, u"void"_s}));
         page.filters().set(u"returned", 2);
         page.refill();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("returned")});
+        QCOMPARE(explanations(page), QStringList{u"returned"_s});
     }
 
     void archivedIsByTheCurrentUserAndArchivedByOthersByAnyOtherUser()
     {
         const int me = m_office->adminID();
-        addNamed(QStringLiteral("mine"), [me](Contract &c) { c.m_iArchiveUserID = me; });
-        addNamed(QStringLiteral("other"), [me](Contract &c) { c.m_iArchiveUserID = me + 1; });
-        addNamed(QStringLiteral("third"), [me](Contract &c) { c.m_iArchiveUserID = me + 2; });
-        addNamed(QStringLiteral("none"));
+        addNamed(u"mine"_s, [me](Contract &c) { c.m_iArchiveUserID = me; });
+        addNamed(u"other"_s, [me](Contract &c) { c.m_iArchiveUserID = me + 1; });
+        addNamed(u"third"_s, [me](Contract &c) { c.m_iArchiveUserID = me + 2; });
+        addNamed(u"none"_s);
         CDlgAutomobilContracts page;
         page.open();
         page.filters().set(u"archive", 2);
         page.refill();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("mine")});
+        QCOMPARE(explanations(page), QStringList{u"mine"_s});
         page.filters().set(u"archive", 3);
         page.refill();
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("other"), QStringLiteral("third")}));
+        QCOMPARE(explanations(page), (QStringList{u"other"_s, u"third"_s}));
         page.filters().set(u"archive", 0);
         page.refill();
         QCOMPARE(page.list()->count(), 4);
-        QCOMPARE(page.list()->cellText(0, u"archived"), QStringLiteral("بلی"));
-        QCOMPARE(page.list()->cellText(3, u"archived"), QStringLiteral("-"));
+        QCOMPARE(page.list()->cellText(0, u"archived"), u"بلی"_s);
+        QCOMPARE(page.list()->cellText(3, u"archived"), u"-"_s);
     }
 
     void toDateOfAGivenDayAlsoListsContractsDatedOnTheNextDay()
     {
-        addNamed(QStringLiteral("day"), [](Contract &c) { c.m_dateContract = day(2026, 5, 10); });
-        addNamed(QStringLiteral("next"), [](Contract &c) { c.m_dateContract = day(2026, 5, 11); });
-        addNamed(QStringLiteral("after"), [](Contract &c) { c.m_dateContract = day(2026, 5, 12); });
+        addNamed(u"day"_s, [](Contract &c) { c.m_dateContract = day(2026, 5, 10); });
+        addNamed(u"next"_s, [](Contract &c) { c.m_dateContract = day(2026, 5, 11); });
+        addNamed(u"after"_s, [](Contract &c) { c.m_dateContract = day(2026, 5, 12); });
         CDlgAutomobilContracts page;
         page.open();
         page.filters().set(u"contractTo", QDate(2026, 5, 10));
         page.refill();
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("day"), QStringLiteral("next")}));
+        QCOMPARE(explanations(page), (QStringList{u"day"_s, u"next"_s}));
         page.filters().set(u"contractFrom", QDate(2026, 5, 11));
         page.refill();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("next")});
+        QCOMPARE(explanations(page), QStringList{u"next"_s});
     }
 
     void uncheckedDateDoesNotFilter()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
         page.filters().control<KDateEdit>(u"contractFrom")->setDate(QDate(2030, 1, 1));
@@ -188,37 +188,37 @@ private Q_SLOTS:
 
     void namesComeFromThePersonsAndElseFromTheContract()
     {
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        addNamed(QStringLiteral("a"), [person](Contract &c) {
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        addNamed(u"a"_s, [person](Contract &c) {
             c.m_iPersonFirstID = person;
-            c.m_sName1 = QStringLiteral("old name");
+            c.m_sName1 = u"old name"_s;
             c.m_iPersonSecondID = 999999;
-            c.m_sName2 = QStringLiteral("نام دستی");
+            c.m_sName2 = u"نام دستی"_s;
         });
         CDlgAutomobilContracts page;
         page.open();
-        QCOMPARE(page.list()->cellText(0, u"seller"), QStringLiteral("سارا کریمی"));
-        QCOMPARE(page.list()->cellText(0, u"buyer"), QStringLiteral("نام دستی"));
+        QCOMPARE(page.list()->cellText(0, u"seller"), u"سارا کریمی"_s);
+        QCOMPARE(page.list()->cellText(0, u"buyer"), u"نام دستی"_s);
     }
 
     void personFilterAndTextFiltersNarrowTheList()
     {
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        addNamed(QStringLiteral("100% پراید"), [person](Contract &c) { c.m_iPersonFirstID = person; });
-        addNamed(QStringLiteral("100 پراید"), [person](Contract &c) { c.m_iPersonSecondID = person; });
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        addNamed(u"100% پراید"_s, [person](Contract &c) { c.m_iPersonFirstID = person; });
+        addNamed(u"100 پراید"_s, [person](Contract &c) { c.m_iPersonSecondID = person; });
         CDlgAutomobilContracts page;
         page.open();
         page.filters().set(u"seller", person);
         page.refill();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("100% پراید")});
+        QCOMPARE(explanations(page), QStringList{u"100% پراید"_s});
         page.resetFilter();
         page.filters().set(u"buyer", person);
         page.refill();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("100 پراید")});
+        QCOMPARE(explanations(page), QStringList{u"100 پراید"_s});
         page.resetFilter();
-        page.filters().set(u"explanation", QStringLiteral("0%"));
+        page.filters().set(u"explanation", u"0%"_s);
         page.refill();
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("100% پراید")});
+        QCOMPARE(explanations(page), QStringList{u"100% پراید"_s});
     }
 
     void resetKeepsArchiveAndReturnFilters()
@@ -228,7 +228,7 @@ private Q_SLOTS:
         page.filters().set(u"archive", 3);
         page.filters().set(u"returned", 2);
         page.filters().set(u"type", 2);
-        page.filters().set(u"description", QStringLiteral("x"));
+        page.filters().set(u"description", u"x"_s);
         page.filters().control<KDateEdit>(u"contractFrom")->setChecked(true);
         page.resetFilter();
         QCOMPARE(page.filters().control<QComboBox>(u"archive")->currentIndex(), 3);
@@ -249,35 +249,35 @@ private Q_SLOTS:
     void clickOnNumberSellerOrBuyerDoesNotChangeTheOrder()
     {
         QFETCH(QString, column);
-        addNamed(QStringLiteral("b"));
-        addNamed(QStringLiteral("a"));
+        addNamed(u"b"_s);
+        addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(column));
-        QCOMPARE(page.sortExpression(), QStringLiteral("iCode"));
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
+        QCOMPARE(page.sortExpression(), u"iCode"_s);
+        QCOMPARE(explanations(page), (QStringList{u"b"_s, u"a"_s}));
         QVERIFY(!headerText(page, column).endsWith(u'*'));
     }
 
     void secondClickSortsDescendingAndAThirdAscendingAgain()
     {
-        addNamed(QStringLiteral("b"));
-        addNamed(QStringLiteral("a"));
+        addNamed(u"b"_s);
+        addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
         const int column = page.list()->columnOf(u"explanation");
         Q_EMIT page.list()->columnClicked(column);
-        QCOMPARE(page.sortExpression(), QStringLiteral("sExplain"));
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
-        QCOMPARE(headerText(page, column), QStringLiteral("شرح قرارداد*"));
-        QCOMPARE(headerText(page, u"type"), QStringLiteral("نوع قرارداد"));
+        QCOMPARE(page.sortExpression(), u"sExplain"_s);
+        QCOMPARE(explanations(page), (QStringList{u"a"_s, u"b"_s}));
+        QCOMPARE(headerText(page, column), u"شرح قرارداد*"_s);
+        QCOMPARE(headerText(page, u"type"), u"نوع قرارداد"_s);
         Q_EMIT page.list()->columnClicked(column);
-        QCOMPARE(page.sortExpression(), QStringLiteral("sExplain DESC"));
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
-        QCOMPARE(headerText(page, column), QStringLiteral("شرح قرارداد*"));
+        QCOMPARE(page.sortExpression(), u"sExplain DESC"_s);
+        QCOMPARE(explanations(page), (QStringList{u"b"_s, u"a"_s}));
+        QCOMPARE(headerText(page, column), u"شرح قرارداد*"_s);
         Q_EMIT page.list()->columnClicked(column);
-        QCOMPARE(page.sortExpression(), QStringLiteral("sExplain"));
-        QCOMPARE(explanations(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+        QCOMPARE(page.sortExpression(), u"sExplain"_s);
+        QCOMPARE(explanations(page), (QStringList{u"a"_s, u"b"_s}));
     }
 
     void storedLastColumnOutOfRangeFallsBackToColumnOne_data()
@@ -295,7 +295,7 @@ private Q_SLOTS:
     {
         QFETCH(int, stored);
         QFETCH(int, used);
-        WriteSetting(section, QStringLiteral("iLastCol"), stored);
+        WriteSetting(section, u"iLastCol"_s, stored);
         CDlgAutomobilContracts page;
         page.open();
         for (int column = 0; column < 10; ++column)
@@ -307,43 +307,43 @@ private Q_SLOTS:
         {
             CDlgAutomobilContracts page;
             page.open();
-            addNamed(QStringLiteral("a"));
+            addNamed(u"a"_s);
             page.refill();
             Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"contractDate"));
             Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"contractDate"));
             for (KEdit *edit : page.findChildren<KEdit *>()) {
-                if (edit->accessibleName() == QStringLiteral("تعداد نمايش :"))
+                if (edit->accessibleName() == u"تعداد نمايش :"_s)
                     edit->setNumber(25);
             }
             page.OnClosing();
         }
-        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 25);
-        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), 0), 6);
-        QCOMPARE(ReadSetting(section, QStringLiteral("Sort"), QString()), QStringLiteral("dateContract DESC"));
+        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 0), 25);
+        QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 6);
+        QCOMPARE(ReadSetting(section, u"Sort"_s, QString()), u"dateContract DESC"_s);
         CDlgAutomobilContracts page;
         page.open();
         QCOMPARE(page.rowLimit(), 25);
-        QCOMPARE(page.sortExpression(), QStringLiteral("dateContract DESC"));
-        QCOMPARE(headerText(page, u"contractDate"), QStringLiteral("تاریخ عقد*"));
+        QCOMPARE(page.sortExpression(), u"dateContract DESC"_s);
+        QCOMPARE(headerText(page, u"contractDate"), u"تاریخ عقد*"_s);
     }
 
     void storedSortThatNoColumnGivesIsNotTaken()
     {
-        WriteSetting(section, QStringLiteral("Sort"), QStringLiteral("SLEEP(9)"));
+        WriteSetting(section, u"Sort"_s, u"SLEEP(9)"_s);
         CDlgAutomobilContracts page;
         page.open();
-        QCOMPARE(page.sortExpression(), QStringLiteral("iCode"));
+        QCOMPARE(page.sortExpression(), u"iCode"_s);
     }
 
     void rowLimitCapsTheList()
     {
         for (int i = 0; i < 5; ++i)
             addNamed(QString::number(i));
-        WriteSetting(section, QStringLiteral("iMaxRows"), 3);
+        WriteSetting(section, u"iMaxRows"_s, 3);
         CDlgAutomobilContracts page;
         page.open();
         QCOMPARE(page.list()->count(), 3);
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 3"));
+        QCOMPARE(page.countText(), u"تعداد : 3"_s);
     }
 
     void commandsOnARowAreEnabledExactlyWhileARowIsSelected()
@@ -352,7 +352,7 @@ private Q_SLOTS:
         page.open();
         for (const QString &command : rowCommands)
             QVERIFY2(!page.button(command)->isEnabled(), qPrintable(command));
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         page.refill();
         QCOMPARE(page.list()->currentRow(), 0);
         for (const QString &command : rowCommands)
@@ -372,7 +372,7 @@ private Q_SLOTS:
     void readOnlyModeAndAClosedDatabaseHideTheSameEightButtons()
     {
         QFETCH(bool, closed);
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         if (closed)
             GetDBSetting()->SetClosedDB(true);
         CDlgAutomobilContracts page;
@@ -380,7 +380,7 @@ private Q_SLOTS:
         page.open();
         QStringList hidden;
         for (const QPushButton *button : page.findChildren<QPushButton *>()) {
-            if (button->isHidden() && button->text() != QStringLiteral("پيش فرض"))
+            if (button->isHidden() && button->text() != u"پيش فرض"_s)
                 hidden << button->text();
         }
         hidden.sort();
@@ -394,14 +394,14 @@ private Q_SLOTS:
         Q_EMIT page.list()->emptyAreaActivated();
         Q_EMIT page.list()->rowRightClicked(page.list()->currentKey());
         GetDBSetting()->SetClosedDB(false);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
     }
 
     void selectModePicksOneActiveContract()
     {
-        const int first = addNamed(QStringLiteral("a"), [](Contract &c) { c.m_sName1 = QStringLiteral("فروشنده یک"); });
-        const int second = addNamed(QStringLiteral("b"), [](Contract &c) { c.m_sName1 = QStringLiteral("فروشنده دو"); });
-        addNamed(QStringLiteral("void"), [](Contract &c) { c.m_iStatus = 1; });
+        const int first = addNamed(u"a"_s, [](Contract &c) { c.m_sName1 = u"فروشنده یک"_s; });
+        const int second = addNamed(u"b"_s, [](Contract &c) { c.m_sName1 = u"فروشنده دو"_s; });
+        addNamed(u"void"_s, [](Contract &c) { c.m_iStatus = 1; });
         CDlgAutomobilContracts page;
         page.setSelectMode(true, second);
         page.open();
@@ -413,7 +413,7 @@ private Q_SLOTS:
         QVERIFY(page.OnOK());
         QCOMPARE(page.chosenKey(), first);
         QCOMPARE(page.chosenNumber(), 0);
-        QCOMPARE(page.chosenName(), QStringLiteral("فروشنده یک"));
+        QCOMPARE(page.chosenName(), u"فروشنده یک"_s);
         page.list()->selectRow(-1);
         QVERIFY(!page.OnOK());
         page.list()->selectKey(first);
@@ -424,7 +424,7 @@ private Q_SLOTS:
 
     void doubleClickInSelectModeClosesTheHoldingWindow()
     {
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         auto *page = new CDlgAutomobilContracts;
         page->setSelectMode(true);
         KDialogHolder holder(page);
@@ -438,24 +438,24 @@ private Q_SLOTS:
 
     void deletingAsksFirstAndAnsweringNoKeepsTheRow()
     {
-        addNamed(QStringLiteral("a"));
-        addNamed(QStringLiteral("b"));
+        addNamed(u"a"_s);
+        addNamed(u"b"_s);
         CDlgAutomobilContracts page;
         page.open();
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         QVERIFY(page.runCommand(u"delete"));
-        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟")});
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{u"آیا از حذف این رکورد اطمینان دارید؟"_s});
         QCOMPARE(page.list()->count(), 2);
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
         QVERIFY(page.runCommand(u"delete"));
-        QCOMPARE(explanations(page), QStringList{QStringLiteral("b")});
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 1"));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(explanations(page), QStringList{u"b"_s});
+        QCOMPARE(page.countText(), u"تعداد : 1"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
     }
 
     void rightClickOnARowRunsTheDeleteStepWithItsQuestion()
     {
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
@@ -467,10 +467,10 @@ private Q_SLOTS:
 
     void contractThatVanishedIsSkippedWithoutAMessage()
     {
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts WHERE iID=%1").arg(key));
+        m_office->database().run(u"DELETE FROM AutomobilContracts WHERE iID=%1"_s.arg(key));
         for (const QString &command : rowCommands)
             page.runCommand(command);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
@@ -480,38 +480,38 @@ private Q_SLOTS:
 
     void archivingNeedsItsOwnRight()
     {
-        const int key = addNamed(QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights);
+        const int key = addNamed(u"a"_s);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights);
         KSecurity::setRights(GetDBSetting()->GetUserID(), archiveForm, 0);
         KSecurity::forgetRights();
         CDlgAutomobilContracts page;
         page.open();
         page.runCommand(u"archive");
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید.")});
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts WHERE iID=%1").arg(key)),
-                 QStringLiteral("0"));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شما اجازه بایگانی کردن تقاضا را ندارید."_s});
+        QCOMPARE(m_office->database().value(u"SELECT iArchiveUserID FROM AutomobilContracts WHERE iID=%1"_s.arg(key)),
+                 u"0"_s);
     }
 
     void archivedContractLeavesTheDefaultListAndIsNotArchivedTwice()
     {
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
         page.runCommand(u"archive");
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"بایگانی شد."_s});
         QCOMPARE(page.list()->count(), 0);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts WHERE iID=%1").arg(key)),
+        QCOMPARE(m_office->database().value(u"SELECT iArchiveUserID FROM AutomobilContracts WHERE iID=%1"_s.arg(key)),
                  QString::number(m_office->adminID()));
-        QVERIFY(!m_office->database().value(QStringLiteral("SELECT dateArchive FROM AutomobilContracts")).isEmpty());
+        QVERIFY(!m_office->database().value(u"SELECT dateArchive FROM AutomobilContracts"_s).isEmpty());
         page.filters().set(u"archive", 0);
         page.refill();
         page.runCommand(u"archive");
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این تقاضا قبلا بایگانی شده است.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این تقاضا قبلا بایگانی شده است."_s});
     }
 
     void editingAnArchivedContractOpensItReadOnly()
     {
-        addNamed(QStringLiteral("a"), [](Contract &c) { c.m_iArchiveUserID = 1; });
+        addNamed(u"a"_s, [](Contract &c) { c.m_iArchiveUserID = 1; });
         CDlgAutomobilContracts page;
         page.open();
         page.filters().set(u"archive", 0);
@@ -522,13 +522,13 @@ private Q_SLOTS:
             static_cast<QDialog *>(window)->reject();
         });
         QVERIFY(page.runCommand(u"edit"));
-        QCOMPARE(title, QStringLiteral("قرارداد مبایعه نامه - نمایش"));
+        QCOMPARE(title, u"قرارداد مبایعه نامه - نمایش"_s);
     }
 
     void settlingAVoidContractShowsTheVoidMessageAndPostsNothing()
     {
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        addNamed(QStringLiteral("a"), [person](Contract &c) {
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        addNamed(u"a"_s, [person](Contract &c) {
             c.m_iPersonFirstID = person;
             c.m_dPayFirst = 100;
             c.m_iStatus = 1;
@@ -538,8 +538,8 @@ private Q_SLOTS:
         page.filters().set(u"inactive", true);
         page.refill();
         page.runCommand(u"settleSeller");
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("این قرارداد باطل شده است.")});
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"این قرارداد باطل شده است."_s});
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     }
 
     void settlementReceivesPaymentTaxAndDutyOfThatSide_data()
@@ -554,9 +554,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, command);
         QFETCH(double, amount);
-        const int seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        const int buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
-        addNamed(QStringLiteral("a"), [=](Contract &c) {
+        const int seller = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        const int buyer = m_office->addPerson(u"رضا"_s, u"احمدی"_s);
+        addNamed(u"a"_s, [=](Contract &c) {
             c.m_iPersonFirstID = seller;
             c.m_dPayFirst = 100;
             c.m_dTax = 9;
@@ -571,20 +571,20 @@ private Q_SLOTS:
         page.open();
         TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
         QVERIFY(page.runCommand(command));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT dAmount FROM Receipts")).toDouble(), amount);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT sDesc FROM Receipts")),
-                 QStringLiteral("بابت کمسیون قرارداد شماره 45"));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) AND SUM(dBed)>0 FROM Docs")), QStringLiteral("1"));
+        QCOMPARE(m_office->database().value(u"SELECT dAmount FROM Receipts"_s).toDouble(), amount);
+        QCOMPARE(m_office->database().value(u"SELECT sDesc FROM Receipts"_s),
+                 u"بابت کمسیون قرارداد شماره 45"_s);
+        QCOMPARE(m_office->database().value(u"SELECT SUM(dBed)=SUM(dBes) AND SUM(dBed)>0 FROM Docs"_s), u"1"_s);
     }
 
     void settlingASideWithoutAPersonDoesNothing()
     {
-        addNamed(QStringLiteral("a"), [](Contract &c) { c.m_dPayFirst = 100; });
+        addNamed(u"a"_s, [](Contract &c) { c.m_dPayFirst = 100; });
         CDlgAutomobilContracts page;
         page.open();
         QVERIFY(page.runCommand(u"settleSeller"));
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     }
 
     void everyCommandAsksItsOwnRight_data()
@@ -601,31 +601,31 @@ private Q_SLOTS:
     {
         QFETCH(QString, command);
         QFETCH(int, missing);
-        addNamed(QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~missing);
+        addNamed(u"a"_s);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~missing);
         CDlgAutomobilContracts page;
         page.open();
         QVERIFY(page.runCommand(command));
         QCOMPARE(g_pDlgWarning->takeShown(),
                  QStringList{KSecurity::refusalText(rightsForm, static_cast<KSecurity::Right>(missing))});
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
     }
 
     void pageIsRefusedToAUserWithoutAccess()
     {
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, 0);
+        m_office->logInAs(u"clerk"_s, rightsForm, 0);
         CDlgAutomobilContracts page;
         QVERIFY(!page.OnAccess());
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::Access);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::Access);
         CDlgAutomobilContracts allowed;
         QVERIFY(allowed.OnAccess());
     }
 
     void printShowsTheListInItsReport()
     {
-        const int person = m_office->addPerson(QStringLiteral("مریم"), QStringLiteral("کاظمی"));
-        addNamed(QStringLiteral("پژو 206"), [person](Contract &c) { c.m_iPersonFirstID = person; });
-        addNamed(QStringLiteral("سمند"));
+        const int person = m_office->addPerson(u"مریم"_s, u"کاظمی"_s);
+        addNamed(u"پژو 206"_s, [person](Contract &c) { c.m_iPersonFirstID = person; });
+        addNamed(u"سمند"_s);
         CDlgAutomobilContracts page;
         page.open();
         bool shown = false;
@@ -633,18 +633,18 @@ private Q_SLOTS:
             const auto *generator = static_cast<CDlgReportGenerator *>(window);
             const ListReport &report = generator->report();
             shown = true;
-            QCOMPARE(report.report(), QStringLiteral("لیست قراردادها"));
-            QCOMPARE(report.group(), QStringLiteral("گالری اتومبیل"));
-            QCOMPARE(report.shownTitle(), QStringLiteral("لیست قراردادها"));
-            QCOMPARE(report.text(QStringLiteral("LeftBottom")),
-                     QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-            QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 2"));
-            for (const QString &corner : {QStringLiteral("RightTop"), QStringLiteral("RightCenter"), QStringLiteral("RightBottom"),
-                                          QStringLiteral("LeftTop"), QStringLiteral("LeftCenter")})
+            QCOMPARE(report.report(), u"لیست قراردادها"_s);
+            QCOMPARE(report.group(), u"گالری اتومبیل"_s);
+            QCOMPARE(report.shownTitle(), u"لیست قراردادها"_s);
+            QCOMPARE(report.text(u"LeftBottom"_s),
+                     u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+            QCOMPARE(report.text(u"Count"_s), u"تعداد : 2"_s);
+            for (const QString &corner : {u"RightTop"_s, u"RightCenter"_s, u"RightBottom"_s,
+                                          u"LeftTop"_s, u"LeftCenter"_s})
                 QCOMPARE(report.shownCorner(corner), QString());
             QCOMPARE(report.shownColumns().size(), 10);
             QCOMPARE(report.rows().size(), 2);
-            QCOMPARE(report.rows().at(0).cells.at(2).text, QStringLiteral("مریم کاظمی"));
+            QCOMPARE(report.rows().at(0).cells.at(2).text, u"مریم کاظمی"_s);
             QCOMPARE(generator->pages()->pageCount(), 1);
             window->close();
         });
@@ -654,11 +654,11 @@ private Q_SLOTS:
 
     void printUsesTheStoredLayoutThatIsTheDefault()
     {
-        addNamed(QStringLiteral("پژو 206"));
+        addNamed(u"پژو 206"_s);
         ReportLayout layout;
-        layout.title = QStringLiteral("قراردادهای ما");
-        layout.columns = {{QStringLiteral("شرح قرارداد"), 0}};
-        CTblReportLayouts::save(QStringLiteral("گالری اتومبیل"), QStringLiteral("لیست قراردادها"), QStringLiteral("کوتاه"), layout,
+        layout.title = u"قراردادهای ما"_s;
+        layout.columns = {{u"شرح قرارداد"_s, 0}};
+        CTblReportLayouts::save(u"گالری اتومبیل"_s, u"لیست قراردادها"_s, u"کوتاه"_s, layout,
                                 true);
         CDlgAutomobilContracts page;
         page.open();
@@ -670,16 +670,16 @@ private Q_SLOTS:
             window->close();
         });
         QVERIFY(page.runCommand(u"print"));
-        m_office->database().run(QStringLiteral("DELETE FROM ReportLayouts"));
-        QCOMPARE(title, QStringLiteral("قراردادهای ما"));
+        m_office->database().run(u"DELETE FROM ReportLayouts"_s);
+        QCOMPARE(title, u"قراردادهای ما"_s);
         QCOMPARE(columns, 1);
     }
 
     void printingNeedsItsRight()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         constexpr int allButPrinting = KSecurity::allRights & ~KSecurity::PrintList;
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, allButPrinting);
+        m_office->logInAs(u"clerk"_s, rightsForm, allButPrinting);
         CDlgAutomobilContracts page;
         page.open();
         auto *menu = page.findChild<QMenu *>();
@@ -696,13 +696,13 @@ private Q_SLOTS:
 
     void otherWaysOutStandInTheMenuBesideThePrintButton()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
         QStringList captions;
         for (const QAction *action : page.findChild<QMenu *>()->actions())
             captions << action->text();
-        QCOMPARE(captions, (QStringList{QStringLiteral("پیش نمایش چاپ"), QStringLiteral("ذخیره PDF"), QStringLiteral("صفحه گسترده"), QStringLiteral("چیدمان گزارش")}));
+        QCOMPARE(captions, (QStringList{u"پیش نمایش چاپ"_s, u"ذخیره PDF"_s, u"صفحه گسترده"_s, u"چیدمان گزارش"_s}));
         QCOMPARE(page.button(u"print")->toolTip(), QKeySequence(QKeySequence::Print).toString(QKeySequence::NativeText));
         CDlgAutomobilContracts picker;
         picker.setSelectMode(true);
@@ -717,7 +717,7 @@ private Q_SLOTS:
     void listReadsInThreeStatementsAtMostWhateverItsLength()
     {
         for (int i = 0; i < 20; ++i) {
-            const int person = m_office->addPerson(QStringLiteral("شخص"), QString::number(i));
+            const int person = m_office->addPerson(u"شخص"_s, QString::number(i));
             addNamed(QString::number(i), [person](Contract &c) { c.m_iPersonFirstID = c.m_iPersonSecondID = person; });
         }
         CDlgAutomobilContracts page;
@@ -732,15 +732,15 @@ private Q_SLOTS:
 
     void errorOfTheDatabaseIsToldOnceAndTheListKeepsItsRows()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         CDlgAutomobilContracts page;
         page.open();
-        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilContracts TO Elsewhere"));
+        m_office->database().run(u"RENAME TABLE AutomobilContracts TO Elsewhere"_s);
         for (QPushButton *button : page.findChildren<QPushButton *>()) {
-            if (button->text() == QStringLiteral("جستجو"))
+            if (button->text() == u"جستجو"_s)
                 button->click();
         }
-        m_office->database().run(QStringLiteral("RENAME TABLE Elsewhere TO AutomobilContracts"));
+        m_office->database().run(u"RENAME TABLE Elsewhere TO AutomobilContracts"_s);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(page.list()->count(), 1);
     }
@@ -752,7 +752,7 @@ private Q_SLOTS:
         CDlgAutomobilContracts page;
         page.open();
         page.list()->selectRow(2);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts WHERE sExplain='c'"));
+        m_office->database().run(u"DELETE FROM AutomobilContracts WHERE sExplain='c'"_s);
         page.refill();
         QCOMPARE(page.list()->currentRow(), 1);
         page.list()->selectRow(0);

@@ -84,10 +84,10 @@ void TestContractFilter::clausesStandInTheirOrder()
         {u"explanation"_s, u"e"_s},
     };
     QCOMPARE(KListFilter::condition(contractFilters(), everything, 9),
-             QStringLiteral("iStatus = 0 AND iPersonFirstID=1 AND bReturn=0 AND iArchiveUserID<>0 AND iArchiveUserID<>9"
-                            " AND iPersonSecondID=2 AND iContractType = 1 AND dateContract>='2026-01-01'"
-                            " AND dateContract<='2026-01-03' AND sDesc LIKE '%d%' AND sExplain LIKE '%e%'"
-                            " AND dateExpiration>='2026-01-03' AND dateExpiration <= '2026-01-05'"));
+             u"iStatus = 0 AND iPersonFirstID=1 AND bReturn=0 AND iArchiveUserID<>0 AND iArchiveUserID<>9"
+             " AND iPersonSecondID=2 AND iContractType = 1 AND dateContract>='2026-01-01'"
+             " AND dateContract<='2026-01-03' AND sDesc LIKE '%d%' AND sExplain LIKE '%e%'"
+             " AND dateExpiration>='2026-01-03' AND dateExpiration <= '2026-01-05'"_s);
 }
 
 static const RegisteredTest<TestContractFilter> registered;

@@ -48,9 +48,9 @@ void TestContractFilterRows::initTestCase()
     add(4, [](Contract &c) { c.m_bReturn = 1; c.m_dateContract = day(2026, 5, 2, 15); });
     add(5, [](Contract &c) { c.m_iArchiveUserID = 7; c.m_iContractType = 3; });
     add(6, [](Contract &c) { c.m_iArchiveUserID = 8; c.m_iContractType = 1; });
-    add(7, [](Contract &c) { c.m_sDesc = QStringLiteral("پیش‌پرداخت 50% نقد"); c.m_dateExpiration = day(2026, 6, 1); });
-    add(8, [](Contract &c) { c.m_sExplain = QStringLiteral("a_b 'c' d\\e"); c.m_dateExpiration = day(2026, 6, 3); });
-    add(9, [](Contract &c) { c.m_sExplain = QStringLiteral("axb"); c.m_sDesc = QStringLiteral("500"); });
+    add(7, [](Contract &c) { c.m_sDesc = u"پیش‌پرداخت 50% نقد"_s; c.m_dateExpiration = day(2026, 6, 1); });
+    add(8, [](Contract &c) { c.m_sExplain = u"a_b 'c' d\\e"_s; c.m_dateExpiration = day(2026, 6, 3); });
+    add(9, [](Contract &c) { c.m_sExplain = u"axb"_s; c.m_sDesc = u"500"_s; });
 }
 
 // Void contracts are among them unless the values leave them out.
@@ -59,7 +59,7 @@ QList<int> TestContractFilterRows::codes(KFilterValues values, int user)
     values.insert(u"inactive"_s, values.value(u"inactive"_s, true));
     CTblAutomobilContracts contracts;
     contracts.m_filter = KListFilter::condition(contractFilters(), values, user);
-    contracts.m_sort = QStringLiteral("iCode");
+    contracts.m_sort = u"iCode"_s;
     contracts.Open(true, true, true);
     QList<int> result;
     for (; !contracts.IsEOF(); contracts.MoveNext())
@@ -107,11 +107,11 @@ void TestContractFilterRows::typedTextIsTakenLiterally_data()
     QTest::addColumn<bool>("inDescription");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QList<int>>("expected");
-    QTest::newRow("percent sign") << true << QStringLiteral("50%") << QList<int>{7};
-    QTest::newRow("underscore") << false << QStringLiteral("a_b") << QList<int>{8};
-    QTest::newRow("quote") << false << QStringLiteral("'c'") << QList<int>{8};
-    QTest::newRow("backslash") << false << QStringLiteral("d\\e") << QList<int>{8};
-    QTest::newRow("a statement") << false << QStringLiteral("' OR '1'='1") << QList<int>{};
+    QTest::newRow("percent sign") << true << u"50%"_s << QList<int>{7};
+    QTest::newRow("underscore") << false << u"a_b"_s << QList<int>{8};
+    QTest::newRow("quote") << false << u"'c'"_s << QList<int>{8};
+    QTest::newRow("backslash") << false << u"d\\e"_s << QList<int>{8};
+    QTest::newRow("a statement") << false << u"' OR '1'='1"_s << QList<int>{};
 }
 
 void TestContractFilterRows::typedTextIsTakenLiterally()

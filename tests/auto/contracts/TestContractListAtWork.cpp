@@ -36,12 +36,12 @@ namespace {
 using Contract = CTblAutomobilContracts;
 using Editor = CDlgAddAutomobilContract;
 
-const QString section = QStringLiteral("AutomobilContracts");
+const QString section = u"AutomobilContracts"_s;
 
 KEdit *rowLimit(const QWidget &page)
 {
     for (KEdit *edit : page.findChildren<KEdit *>()) {
-        if (edit->accessibleName() == QStringLiteral("تعداد نمايش :"))
+        if (edit->accessibleName() == u"تعداد نمايش :"_s)
             return edit;
     }
     return nullptr;
@@ -50,7 +50,7 @@ KEdit *rowLimit(const QWidget &page)
 QPushButton *searchButton(const QWidget &page)
 {
     for (QPushButton *button : page.findChildren<QPushButton *>()) {
-        if (button->text() == QStringLiteral("جستجو"))
+        if (button->text() == u"جستجو"_s)
             return button;
     }
     return nullptr;
@@ -80,8 +80,8 @@ class TestContractListAtWork : public QObject
     {
         return m_office->addContract([&](Contract &contract) {
             contract.m_sExplain = explanation;
-            contract.m_sName1 = QStringLiteral("a");
-            contract.m_sName2 = QStringLiteral("b");
+            contract.m_sName1 = u"a"_s;
+            contract.m_sName2 = u"b"_s;
             contract.m_dAmount = 5;
             if (set)
                 set(contract);
@@ -112,8 +112,8 @@ class TestContractListAtWork : public QObject
                 party->personField()->nameEdit()->setText(party->title());
             }
             KForm *form = editor.basePage()->form();
-            form->edit(QStringLiteral("dAmount"))->setText(QStringLiteral("700"));
-            form->edit(QStringLiteral("sExplain"))->setText(explanation);
+            form->edit(u"dAmount"_s)->setText(u"700"_s);
+            form->edit(u"sExplain"_s)->setText(explanation);
             fillMatterPage(*editor.matterPage());
             editor.accept();
             if (editor.isVisible()) {
@@ -142,24 +142,24 @@ private Q_SLOTS:
 
     void newContractIsListedAndSelected()
     {
-        addNamed(QStringLiteral("old"));
+        addNamed(u"old"_s);
         auto &page = shownPage();
-        whenEditor(QStringLiteral("new"));
+        whenEditor(u"new"_s);
         QTest::keyClick(page.list(), Qt::Key_Insert);
         QCOMPARE(page.list()->count(), 2);
-        QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"explanation"), QStringLiteral("new"));
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"explanation"), u"new"_s);
+        QCOMPARE(page.countText(), u"تعداد : 2"_s);
     }
 
     void newContractThatTheFilterLeavesOutKeepsTheSelectionWhereItWas()
     {
-        const int first = addNamed(QStringLiteral("first"));
-        addNamed(QStringLiteral("second"));
+        const int first = addNamed(u"first"_s);
+        addNamed(u"second"_s);
         auto &page = shownPage();
-        page.filters().set(u"explanation", QStringLiteral("s"));
+        page.filters().set(u"explanation", u"s"_s);
         page.refill();
         page.list()->selectKey(first);
-        whenEditor(QStringLiteral("new"));
+        whenEditor(u"new"_s);
         QVERIFY(page.runCommand(u"new"));
         QCOMPARE(page.list()->count(), 2);
         QCOMPARE(page.list()->currentKey(), first);
@@ -167,29 +167,29 @@ private Q_SLOTS:
 
     void cancelledNewContractLeavesTheListAlone()
     {
-        addNamed(QStringLiteral("old"));
+        addNamed(u"old"_s);
         auto &page = shownPage();
         whenEditorCancels();
         QTest::keyClick(page.list(), Qt::Key_Insert);
         QCOMPARE(page.list()->count(), 1);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
     }
 
     void editedContractIsReadAgainAndStaysSelected()
     {
-        addNamed(QStringLiteral("first"));
-        const int second = addNamed(QStringLiteral("second"));
+        addNamed(u"first"_s);
+        const int second = addNamed(u"second"_s);
         auto &page = shownPage();
         page.list()->selectKey(second);
-        whenEditor(QStringLiteral("changed"));
+        whenEditor(u"changed"_s);
         QTest::keyClick(page.list(), Qt::Key_F2);
         QCOMPARE(page.list()->currentKey(), second);
-        QCOMPARE(page.list()->cellText(1, u"explanation"), QStringLiteral("changed"));
+        QCOMPARE(page.list()->cellText(1, u"explanation"), u"changed"_s);
     }
 
     void contractMadeVoidLeavesTheList()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         TestOffice::whenModal("CDlgAddAutomobilContract", [](QWidget *window) {
             static_cast<Editor *>(window)->activeBox()->setChecked(false);
@@ -202,7 +202,7 @@ private Q_SLOTS:
 
     void contractTakenOutOfTheArchiveIsListedAtOnce()
     {
-        addNamed(QStringLiteral("a"), [this](Contract &c) { c.m_iArchiveUserID = m_office->adminID(); });
+        addNamed(u"a"_s, [this](Contract &c) { c.m_iArchiveUserID = m_office->adminID(); });
         auto &page = shownPage();
         page.filters().set(u"archive", 2);
         page.refill();
@@ -215,21 +215,21 @@ private Q_SLOTS:
 
     void enterOnARowShowsItAndADoubleClickBesideTheRowsBeginsANewOne()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         QString title;
         whenEditorCancels(&title);
         QTest::keyClick(page.list(), Qt::Key_Return);
-        QCOMPARE(title, QStringLiteral("قرارداد مبایعه نامه - نمایش"));
+        QCOMPARE(title, u"قرارداد مبایعه نامه - نمایش"_s);
         whenEditorCancels(&title);
         QTest::mouseDClick(page.list()->viewport(), Qt::LeftButton, {}, page.list()->viewport()->rect().bottomRight() - QPoint(5, 5));
-        QCOMPARE(title, QStringLiteral("قرارداد مبایعه نامه- جدید"));
+        QCOMPARE(title, u"قرارداد مبایعه نامه- جدید"_s);
     }
 
     void doubleClickNeedsTheRightToRead()
     {
-        addNamed(QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), section, KSecurity::allRights & ~KSecurity::Read);
+        addNamed(u"a"_s);
+        m_office->logInAs(u"clerk"_s, section, KSecurity::allRights & ~KSecurity::Read);
         auto &page = shownPage();
         QTest::keyClick(page.list(), Qt::Key_Return);
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(section, KSecurity::Read)});
@@ -237,7 +237,7 @@ private Q_SLOTS:
 
     void databaseThatIsClosedWhileTheListIsOpenIsNotChanged()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         GetDBSetting()->SetClosedDB(true);
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
@@ -247,8 +247,8 @@ private Q_SLOTS:
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT(COUNT(*),'/',SUM(iArchiveUserID)) FROM AutomobilContracts")),
-                 QStringLiteral("1/0"));
+        QCOMPARE(value(u"SELECT CONCAT(COUNT(*),'/',SUM(iArchiveUserID)) FROM AutomobilContracts"_s),
+                 u"1/0"_s);
         QCOMPARE(page.list()->count(), 1);
     }
 
@@ -268,7 +268,7 @@ private Q_SLOTS:
 
     void listHasTheFocusAtFirstAndFindGoesToTheFilter()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         QCOMPARE(page.focusWidget(), page.list());
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
@@ -277,7 +277,7 @@ private Q_SLOTS:
 
     void tabGoesThroughTheFilterTheRowsAndTheCommandsAndRoundAgain()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         page.filters().control<KPersonField>(u"seller")->setFocus();
         QStringList met;
@@ -289,18 +289,18 @@ private Q_SLOTS:
             QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
         } while (page.focusWidget() != start && met.size() < 60);
         // A date's second stop is its check box.
-        QCOMPARE(met, (QStringList{QStringLiteral("فروشنده :"), QStringLiteral("فروشنده : ..."), QStringLiteral("وضعيت بايگاني :"), QStringLiteral("تاريخ عقد از :"), QStringLiteral("تاريخ عقد از :"), QStringLiteral("تاريخ عقد تا :"), QStringLiteral("تاريخ عقد تا :"), QStringLiteral("خريدار :"), QStringLiteral("خريدار : ..."), QStringLiteral("برگشتي :"), QStringLiteral("تاريخ انقضاء از :"), QStringLiteral("تاريخ انقضاء از :"), QStringLiteral("تاريخ انقضاء تا :"), QStringLiteral("تاريخ انقضاء تا :"), QStringLiteral("توضيحات :"), QStringLiteral("شرح قرارداد :"), QStringLiteral("نمايش غير فعال ها"), QStringLiteral("تعداد نمايش :"), QStringLiteral("جستجو"), QStringLiteral("قرارداد"), QStringLiteral("جديد"), QStringLiteral("ويرايش"), QStringLiteral("حذف"), QStringLiteral("نمايش"), QStringLiteral("بايگاني شد"), QStringLiteral("چاپ"), QStringLiteral("خروجی های دیگر"), QStringLiteral("چاپ قرارداد "), QStringLiteral("تسويه با فروشنده"), QStringLiteral("تسويه با خريدار"), QStringLiteral("تنظيمات"), QStringLiteral("گزارش جامع")}));
+        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s}));
     }
 
     void deleteKeyDeletesOnTheListAndACharacterInAnEntry()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
-        page.filters().set(u"description", QStringLiteral("xy"));
+        page.filters().set(u"description", u"xy"_s);
         page.filters().control<KEdit>(u"description")->setFocus();
         page.filters().control<KEdit>(u"description")->setCursorPosition(0);
         QTest::keyClick(page.filters().control<KEdit>(u"description"), Qt::Key_Delete);
-        QCOMPARE(page.filters().control<KEdit>(u"description")->text(), QStringLiteral("y"));
+        QCOMPARE(page.filters().control<KEdit>(u"description")->text(), u"y"_s);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
         page.list()->setFocus();
@@ -310,11 +310,11 @@ private Q_SLOTS:
 
     void enterInAFilterSearches()
     {
-        addNamed(QStringLiteral("one"));
-        addNamed(QStringLiteral("two"));
+        addNamed(u"one"_s);
+        addNamed(u"two"_s);
         auto &page = shownPage();
         page.filters().control<KEdit>(u"explanation")->setFocus();
-        QTest::keyClicks(page.filters().control<KEdit>(u"explanation"), QStringLiteral("tw"));
+        QTest::keyClicks(page.filters().control<KEdit>(u"explanation"), u"tw"_s);
         QTest::keyClick(page.filters().control<KEdit>(u"explanation"), Qt::Key_Return);
         QCOMPARE(page.list()->count(), 1);
         QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"explanation"));
@@ -322,20 +322,20 @@ private Q_SLOTS:
 
     void commandKeepsTheFocusOnItsButtonWhenTheListWasReadAgain()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         QPushButton *edit = page.button(u"edit");
         edit->setFocus();
-        whenEditor(QStringLiteral("b"));
+        whenEditor(u"b"_s);
         QTest::keyClick(edit, Qt::Key_Return);
-        QCOMPARE(page.list()->cellText(0, u"explanation"), QStringLiteral("b"));
+        QCOMPARE(page.list()->cellText(0, u"explanation"), u"b"_s);
         QCOMPARE(page.focusWidget(), edit);
     }
 
     void deleteOfTheLastRowLeavesTheFocusOnTheList()
     {
-        addNamed(QStringLiteral("a"));
-        addNamed(QStringLiteral("b"));
+        addNamed(u"a"_s);
+        addNamed(u"b"_s);
         auto &page = shownPage();
         QPushButton *button = page.button(u"delete");
         button->setFocus();
@@ -352,12 +352,12 @@ private Q_SLOTS:
 
     void filterEntryThatIsNoneIsRefusedAndTheListStays()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
-        page.filters().control<KDateEdit>(u"contractFrom")->setText(QStringLiteral("1405/13/40"));
+        page.filters().control<KDateEdit>(u"contractFrom")->setText(u"1405/13/40"_s);
         searchButton(page)->click();
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("تاريخ عقد از : تاریخ نادرست است. نمونه : 1405/08/29")});
+                 QStringList{u"تاريخ عقد از : تاریخ نادرست است. نمونه : 1405/08/29"_s});
         QCOMPARE(page.focusWidget(), page.filters().control<KDateEdit>(u"contractFrom"));
         QCOMPARE(page.list()->count(), 1);
         page.filters().control<KDateEdit>(u"contractFrom")->setChecked(false);
@@ -369,21 +369,21 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("typed");
         QTest::newRow("empty") << QString();
-        QTest::newRow("0") << QStringLiteral("0");
-        QTest::newRow("10001") << QStringLiteral("10001");
+        QTest::newRow("0") << u"0"_s;
+        QTest::newRow("10001") << u"10001"_s;
     }
 
     void rowLimitOutOfRangeIsRefusedAndNotKept()
     {
         QFETCH(QString, typed);
-        WriteSetting(section, QStringLiteral("iMaxRows"), 40);
+        WriteSetting(section, u"iMaxRows"_s, 40);
         auto &page = shownPage();
         rowLimit(page)->setText(typed);
         searchButton(page)->click();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تعداد نمايش : مقدار باید بین 1 و 10000 باشد.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تعداد نمايش : مقدار باید بین 1 و 10000 باشد."_s});
         QCOMPARE(page.focusWidget(), rowLimit(page));
         page.OnClosing();
-        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 40);
+        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 0), 40);
     }
 
     void filterControlsBeginAsTheyShould()
@@ -393,9 +393,9 @@ private Q_SLOTS:
             QVERIFY(date->isCheckable());
             QVERIFY(!date->isChecked());
         }
-        QCOMPARE(page.filters().control<QComboBox>(u"archive")->currentText(), QStringLiteral("بایگانی نشده"));
-        QCOMPARE(page.filters().control<QComboBox>(u"returned")->currentText(), QStringLiteral("برگشت نشده"));
-        QCOMPARE(page.filters().control<QComboBox>(u"type")->currentText(), QStringLiteral("همه"));
+        QCOMPARE(page.filters().control<QComboBox>(u"archive")->currentText(), u"بایگانی نشده"_s);
+        QCOMPARE(page.filters().control<QComboBox>(u"returned")->currentText(), u"برگشت نشده"_s);
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->currentText(), u"همه"_s);
         QVERIFY(page.filters().control<QComboBox>(u"type")->isHidden());
         QVERIFY(!page.filters().control<QCheckBox>(u"inactive")->isChecked());
         QCOMPARE(page.rowLimit(), 1000);
@@ -405,26 +405,26 @@ private Q_SLOTS:
         QStringList types;
         for (int i = 0; i < page.filters().control<QComboBox>(u"type")->count(); ++i)
             types << page.filters().control<QComboBox>(u"type")->itemText(i);
-        QCOMPARE(types, (QStringList{QStringLiteral("همه"), QStringLiteral("مبایعه نامه"), QStringLiteral("قرارداد اجاره"), QStringLiteral("فروش اقساطی"), QStringLiteral("قرارداد نامه")}));
+        QCOMPARE(types, (QStringList{u"همه"_s, u"مبایعه نامه"_s, u"قرارداد اجاره"_s, u"فروش اقساطی"_s, u"قرارداد نامه"_s}));
         QStringList archive;
         for (int i = 0; i < page.filters().control<QComboBox>(u"archive")->count(); ++i)
             archive << page.filters().control<QComboBox>(u"archive")->itemText(i);
-        QCOMPARE(archive, (QStringList{QStringLiteral("همه"), QStringLiteral("بایگانی نشده"), QStringLiteral("بایگانی شده"), QStringLiteral("بایگانی شده دیگران")}));
+        QCOMPARE(archive, (QStringList{u"همه"_s, u"بایگانی نشده"_s, u"بایگانی شده"_s, u"بایگانی شده دیگران"_s}));
         QStringList returned;
         for (int i = 0; i < page.filters().control<QComboBox>(u"returned")->count(); ++i)
             returned << page.filters().control<QComboBox>(u"returned")->itemText(i);
         QCOMPARE(returned,
-                 (QStringList{QStringLiteral("همه"), QStringLiteral("برگشت نشده"), QStringLiteral("برگشت شده")}));
+                 (QStringList{u"همه"_s, u"برگشت نشده"_s, u"برگشت شده"_s}));
     }
 
     void resetEmptiesWhatItMayAndOnlyThat()
     {
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
         auto &page = shownPage();
         page.filters().set(u"seller", person);
         page.filters().set(u"buyer", person);
-        page.filters().set(u"description", QStringLiteral("x"));
-        page.filters().set(u"explanation", QStringLiteral("y"));
+        page.filters().set(u"description", u"x"_s);
+        page.filters().set(u"explanation", u"y"_s);
         page.filters().set(u"type", 2);
         page.filters().set(u"archive", 3);
         page.filters().set(u"returned", 2);
@@ -447,13 +447,13 @@ private Q_SLOTS:
 
     void everyFilterControlReachesItsCriterion()
     {
-        const int seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        const int buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
+        const int seller = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        const int buyer = m_office->addPerson(u"رضا"_s, u"احمدی"_s);
         auto &page = shownPage();
         page.filters().set(u"seller", seller);
         page.filters().set(u"buyer", buyer);
-        page.filters().set(u"description", QStringLiteral("d'_"));
-        page.filters().set(u"explanation", QStringLiteral("e"));
+        page.filters().set(u"description", u"d'_"_s);
+        page.filters().set(u"explanation", u"e"_s);
         page.filters().set(u"type", 4);
         page.filters().set(u"archive", 3);
         page.filters().set(u"returned", 2);
@@ -463,10 +463,10 @@ private Q_SLOTS:
             date->setChecked(true);
         }
         QCOMPARE(page.filters().condition(m_office->adminID()),
-                 QStringLiteral("iStatus = 0 AND iPersonFirstID=%1 AND bReturn=1 AND iArchiveUserID<>0 AND iArchiveUserID<>%2"
-                                " AND iPersonSecondID=%3 AND iContractType = 3 AND dateContract>='2026-05-01'"
-                                " AND dateContract<='2026-05-03' AND sDesc LIKE '%d''\\_%' AND sExplain LIKE '%e%'"
-                                " AND dateExpiration>='2026-05-03' AND dateExpiration <= '2026-05-05'")
+                 u"iStatus = 0 AND iPersonFirstID=%1 AND bReturn=1 AND iArchiveUserID<>0 AND iArchiveUserID<>%2"
+                 " AND iPersonSecondID=%3 AND iContractType = 3 AND dateContract>='2026-05-01'"
+                 " AND dateContract<='2026-05-03' AND sDesc LIKE '%d''\\_%' AND sExplain LIKE '%e%'"
+                 " AND dateExpiration>='2026-05-03' AND dateExpiration <= '2026-05-05'"_s
                      .arg(seller)
                      .arg(m_office->adminID())
                      .arg(buyer));
@@ -474,35 +474,35 @@ private Q_SLOTS:
 
     void rowsTellTypeDocumentDatesAndArchive()
     {
-        addNamed(QStringLiteral("شرح"), [](Contract &c) {
+        addNamed(u"شرح"_s, [](Contract &c) {
             c.m_iContractType = 3;
             c.m_iDocNum = 12;
             c.m_dateContract = QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC);
             c.m_dateExpiration = QDateTime(QDate(2027, 3, 21), QTime(0, 0), Qt::UTC);
-            c.m_sDesc = QStringLiteral("توضیح");
+            c.m_sDesc = u"توضیح"_s;
         });
         auto &page = shownPage();
         QStringList cells;
         for (int column = 0; column < 10; ++column)
             cells << page.list()->cellText(0, column);
-        QCOMPARE(cells, (QStringList{QStringLiteral("1"), QStringLiteral("قرارداد نامه"), QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("12"), QStringLiteral("شرح"), QStringLiteral("1405/01/01"), QStringLiteral("1406/01/01"), QStringLiteral("توضیح"), QStringLiteral("-")}));
+        QCOMPARE(cells, (QStringList{u"1"_s, u"قرارداد نامه"_s, u"a"_s, u"b"_s, u"12"_s, u"شرح"_s, u"1405/01/01"_s, u"1406/01/01"_s, u"توضیح"_s, u"-"_s}));
     }
 
     void personIsPickedIntoTheFilterAndClearedAgain()
     {
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
         auto &page = shownPage();
         QPushButton *clear = nullptr;
         QPushButton *pick = nullptr;
         for (QPushButton *button : page.filters().control<KPersonField>(u"seller")->findChildren<QPushButton *>()) {
-            QCOMPARE(button->text(), QStringLiteral("..."));
-            (button->accessibleName().endsWith(QStringLiteral("حذف")) ? clear : pick) = button;
+            QCOMPARE(button->text(), u"..."_s);
+            (button->accessibleName().endsWith(u"حذف"_s) ? clear : pick) = button;
         }
         QVERIFY(pick && clear && !clear->isEnabled());
         TestOffice::whenModal("KDialogHolder", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
         pick->click();
         QCOMPARE(page.filters().value(u"seller").toInt(), person);
-        QCOMPARE(page.filters().control<KPersonField>(u"seller")->name(), QStringLiteral("سارا کریمی"));
+        QCOMPARE(page.filters().control<KPersonField>(u"seller")->name(), u"سارا کریمی"_s);
         QVERIFY(page.filters().control<KPersonField>(u"seller")->nameEdit()->isReadOnly());
         QVERIFY(clear->isEnabled());
         clear->setFocus();
@@ -516,7 +516,7 @@ private Q_SLOTS:
 
     void waitCursorShowsWhileTheListIsRead()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         bool waiting = false;
         KConnection::setStatementObserver([&waiting](const QString &) {
@@ -530,16 +530,16 @@ private Q_SLOTS:
 
     void orderThatCouldNotBeReadIsNotKept()
     {
-        addNamed(QStringLiteral("b"));
-        addNamed(QStringLiteral("a"));
+        addNamed(u"b"_s);
+        addNamed(u"a"_s);
         auto &page = shownPage();
-        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilContracts TO Elsewhere"));
+        m_office->database().run(u"RENAME TABLE AutomobilContracts TO Elsewhere"_s);
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"explanation"));
-        m_office->database().run(QStringLiteral("RENAME TABLE Elsewhere TO AutomobilContracts"));
+        m_office->database().run(u"RENAME TABLE Elsewhere TO AutomobilContracts"_s);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(page.sortExpression(), QStringLiteral("iCode"));
+        QCOMPARE(page.sortExpression(), u"iCode"_s);
         QVERIFY(!page.list()->model()->headerData(page.list()->columnOf(u"explanation"), Qt::Horizontal).toString().endsWith(u'*'));
-        QCOMPARE(page.list()->cellText(0, u"explanation"), QStringLiteral("b"));
+        QCOMPARE(page.list()->cellText(0, u"explanation"), u"b"_s);
     }
 
     void columnWidthsAreKeptUnderTheListsName()
@@ -549,7 +549,7 @@ private Q_SLOTS:
             page.open();
             page.list()->header()->resizeSection(page.list()->columnOf(u"explanation"), 321);
         }
-        QVERIFY(!ReadSetting(QStringLiteral("AutomobilContracts\\List"), QStringLiteral("sWidths"), QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"AutomobilContracts\\List"_s, u"sWidths"_s, QString()).isEmpty());
         CDlgAutomobilContracts page;
         page.open();
         QCOMPARE(page.list()->header()->sectionSize(page.list()->columnOf(u"explanation")), 321);
@@ -563,14 +563,14 @@ private Q_SLOTS:
         page.setSelectMode(true);
         page.open();
         Q_EMIT page.list()->emptyAreaActivated();
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"0"_s);
         QVERIFY(!QApplication::activeModalWidget());
     }
 
     void preselectedContractThatIsNotListedLeavesTheFirstRowSelected()
     {
-        const int listed = addNamed(QStringLiteral("a"));
-        const int unlisted = addNamed(QStringLiteral("b"), [](Contract &c) { c.m_iStatus = 1; });
+        const int listed = addNamed(u"a"_s);
+        const int unlisted = addNamed(u"b"_s, [](Contract &c) { c.m_iStatus = 1; });
         CDlgAutomobilContracts page;
         page.setSelectMode(true, unlisted);
         page.open();
@@ -582,14 +582,14 @@ private Q_SLOTS:
 
     void enterInAFilterOfTheHoldingWindowSearchesAndPicksNothing()
     {
-        addNamed(QStringLiteral("one"));
-        addNamed(QStringLiteral("two"));
+        addNamed(u"one"_s);
+        addNamed(u"two"_s);
         auto *page = new CDlgAutomobilContracts;
         page->setSelectMode(true);
         KDialogHolder holder(page);
         TestOffice::whenModal("KDialogHolder", [page](QWidget *window) {
             page->filters().control<KEdit>(u"explanation")->setFocus();
-            QTest::keyClicks(page->filters().control<KEdit>(u"explanation"), QStringLiteral("tw"));
+            QTest::keyClicks(page->filters().control<KEdit>(u"explanation"), u"tw"_s);
             QTest::keyClick(page->filters().control<KEdit>(u"explanation"), Qt::Key_Return);
             QCOMPARE(page->list()->count(), 1);
             QVERIFY(window->isVisible());
@@ -600,7 +600,7 @@ private Q_SLOTS:
             QTest::keyClick(page->list(), Qt::Key_Return);
         });
         QCOMPARE(holder.exec(), int(QDialog::Accepted));
-        QCOMPARE(page->list()->cellText(page->list()->currentRow(), u"explanation"), QStringLiteral("two"));
+        QCOMPARE(page->list()->cellText(page->list()->currentRow(), u"explanation"), u"two"_s);
     }
 };
 

@@ -9,6 +9,8 @@
 #include <QHash>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 // The bindings of a record class beside the table of them that lies with the tests: one line per column, in order, with
 // kind, caption, lookup table, lookup key and lookup display.
 namespace ColumnTable {
@@ -16,12 +18,12 @@ namespace ColumnTable {
 inline QStringList bound(KMySQL &record)
 {
     static const QHash<KMySQL::ColumnKind, QString> kinds{
-        {KMySQL::ColumnKind::Long, QStringLiteral("long")},
-        {KMySQL::ColumnKind::Text, QStringLiteral("text")},
-        {KMySQL::ColumnKind::Date, QStringLiteral("date")},
-        {KMySQL::ColumnKind::Double, QStringLiteral("double")},
-        {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
-        {KMySQL::ColumnKind::LongBlob, QStringLiteral("blob")},
+        {KMySQL::ColumnKind::Long, u"long"_s},
+        {KMySQL::ColumnKind::Text, u"text"_s},
+        {KMySQL::ColumnKind::Date, u"date"_s},
+        {KMySQL::ColumnKind::Double, u"double"_s},
+        {KMySQL::ColumnKind::Bool, u"bool"_s},
+        {KMySQL::ColumnKind::LongBlob, u"blob"_s},
     };
     QStringList lines;
     for (const KMySQL::Column &column : record.columns())

@@ -12,6 +12,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCTblAutomobilContracts : public QObject
 {
     Q_OBJECT
@@ -35,7 +37,7 @@ private Q_SLOTS:
 
 private:
     qint32 addContract(qint32 code, qint32 docNum = 0);
-    QString count(const char *table) { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM ") + QLatin1String(table)); }
+    QString count(const char *table) { return m_database.value(u"SELECT COUNT(*) FROM "_s + QLatin1String(table)); }
 
     TestDatabase m_database;
 };
@@ -54,25 +56,25 @@ qint32 TestCTblAutomobilContracts::addContract(qint32 code, qint32 docNum)
     contract.m_iFiscalYear = 1405;
     contract.Update(true);
     if (docNum != 0) {
-        m_database.run(QStringLiteral("INSERT INTO Documents (iNum, iFiscalYear, iKind) VALUES (%1, 1405, 28)").arg(docNum));
-        m_database.run(QStringLiteral("INSERT INTO Docs (iDocNum, iFiscalYear, dBed) VALUES (%1, 1405, 5)").arg(docNum));
+        m_database.run(u"INSERT INTO Documents (iNum, iFiscalYear, iKind) VALUES (%1, 1405, 28)"_s.arg(docNum));
+        m_database.run(u"INSERT INTO Docs (iDocNum, iFiscalYear, dBed) VALUES (%1, 1405, 5)"_s.arg(docNum));
     }
     const auto key = qint32(contract.GetLastInsertedID());
-    m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (69, %1, 'a')").arg(key));
-    m_database.run(QStringLiteral("INSERT INTO CustomFieldRecords (iTable, iRecordID, iFieldID, sValue) VALUES (69, %1, 1, 'a')").arg(key));
+    m_database.run(u"INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (69, %1, 'a')"_s.arg(key));
+    m_database.run(u"INSERT INTO CustomFieldRecords (iTable, iRecordID, iFieldID, sValue) VALUES (69, %1, 1, 'a')"_s.arg(key));
     return key;
 }
 
 void TestCTblAutomobilContracts::bindingsStandInOrderWithTheirCaptions()
 {
-    QFile file(QStringLiteral(TZ_TEST_SOURCE "/contract_columns.tsv"));
+    QFile file(u"" TZ_TEST_SOURCE "/contract_columns.tsv"_s);
     QVERIFY(file.open(QIODevice::ReadOnly));
     static const QHash<KMySQL::ColumnKind, QString> kinds{
-        {KMySQL::ColumnKind::Long, QStringLiteral("long")},
-        {KMySQL::ColumnKind::Text, QStringLiteral("text")},
-        {KMySQL::ColumnKind::Date, QStringLiteral("date")},
-        {KMySQL::ColumnKind::Double, QStringLiteral("double")},
-        {KMySQL::ColumnKind::Bool, QStringLiteral("bool")},
+        {KMySQL::ColumnKind::Long, u"long"_s},
+        {KMySQL::ColumnKind::Text, u"text"_s},
+        {KMySQL::ColumnKind::Date, u"date"_s},
+        {KMySQL::ColumnKind::Double, u"double"_s},
+        {KMySQL::ColumnKind::Bool, u"bool"_s},
     };
     CTblAutomobilContracts contract;
     const auto &columns = contract.columns();
@@ -85,7 +87,7 @@ void TestCTblAutomobilContracts::bindingsStandInOrderWithTheirCaptions()
         const KMySQL::Column &column = columns[size_t(number++)];
         QStringList lookup{column.lookupTable, column.lookupKey, column.lookupDisplay};
         lookup.removeAll(QString());
-        QCOMPARE(QStringLiteral("%1\t%2\t%3\t[%4]\t%5")
+        QCOMPARE(u"%1\t%2\t%3\t[%4]\t%5"_s
                      .arg(QString::number(number), column.name, kinds.value(column.kind), column.caption,
                           lookup.join(QLatin1Char(','))),
                  line);
@@ -95,9 +97,9 @@ void TestCTblAutomobilContracts::bindingsStandInOrderWithTheirCaptions()
 
 void TestCTblAutomobilContracts::everyColumnOfTheTableIsBound()
 {
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE "
-                                             "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilContracts'")),
-             QStringLiteral("126"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.COLUMNS WHERE "
+                              "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilContracts'"_s),
+             u"126"_s);
     CTblAutomobilContracts contract;
     QVERIFY(contract.Open(false, true, true));
     QVERIFY(contract.IsEOF());
@@ -106,7 +108,7 @@ void TestCTblAutomobilContracts::everyColumnOfTheTableIsBound()
 void TestCTblAutomobilContracts::constructionSetsZeroAndEmpty()
 {
     CTblAutomobilContracts contract;
-    QCOMPARE(contract.GetTableName(), QStringLiteral("AutomobilContracts"));
+    QCOMPARE(contract.GetTableName(), u"AutomobilContracts"_s);
     for (const KMySQL::Column &column : contract.columns()) {
         const QVariant value = contract.value(column.name);
         switch (column.kind) {
@@ -129,7 +131,7 @@ void TestCTblAutomobilContracts::everyMemberIsStoredAndReadBack()
             continue;
         QVariant value;
         switch (column.kind) {
-        case KMySQL::ColumnKind::Text: value = QStringLiteral("متن %1").arg(number); break;
+        case KMySQL::ColumnKind::Text: value = u"متن %1"_s.arg(number); break;
         case KMySQL::ColumnKind::Date: value = QDateTime(QDate(2026, 1, 1), QTime(1, 2, 3), Qt::UTC).addDays(number); break;
         case KMySQL::ColumnKind::Double: value = number + 0.25; break;
         default: value = number; break;
@@ -140,16 +142,16 @@ void TestCTblAutomobilContracts::everyMemberIsStoredAndReadBack()
     written.Update(true);
 
     CTblAutomobilContracts read;
-    QVERIFY(read.IsRecordExist(QStringLiteral("iID"), qint32(written.GetLastInsertedID())));
+    QVERIFY(read.IsRecordExist(u"iID"_s, qint32(written.GetLastInsertedID())));
     for (auto it = expected.cbegin(); it != expected.cend(); ++it)
         QVERIFY2(read.value(it.key()) == it.value(), qPrintable(it.key()));
 }
 
 void TestCTblAutomobilContracts::nextCodeOnAnEmptyTableIsOne()
 {
-    ObservedStatements observed({QStringLiteral("SELECT")});
+    ObservedStatements observed({u"SELECT"_s});
     QCOMPARE(CTblAutomobilContracts::nextCode(), 1);
-    QCOMPARE(observed.taken(), QStringList(QStringLiteral("SELECT MAX(iCode) FROM AutomobilContracts")));
+    QCOMPARE(observed.taken(), QStringList(u"SELECT MAX(iCode) FROM AutomobilContracts"_s));
 }
 
 void TestCTblAutomobilContracts::nextCodeIsOneMoreThanTheHighest()
@@ -163,16 +165,16 @@ void TestCTblAutomobilContracts::deleteRunsItsFiveStepsInOrder()
 {
     const qint32 key = addContract(1, 12);
     CTblAutomobilContracts contract;
-    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
-    ObservedStatements observed({QStringLiteral("DELETE")});
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
+    ObservedStatements observed({u"DELETE"_s});
     QVERIFY(contract.Delete());
     const QStringList statements = observed.taken();
-    const QString deleteRow = QStringLiteral("DELETE FROM AutomobilContracts WHERE iID=%1 LIMIT 1").arg(key);
+    const QString deleteRow = u"DELETE FROM AutomobilContracts WHERE iID=%1 LIMIT 1"_s.arg(key);
     QVERIFY(statements.size() >= 6);
     QCOMPARE(statements.first(), deleteRow);
     QCOMPARE(statements.last(), deleteRow);
     const auto position = [&statements](const char *table) {
-        const QString start = QStringLiteral("DELETE FROM ") + QLatin1String(table) + QLatin1Char(' ');
+        const QString start = u"DELETE FROM "_s + QLatin1String(table) + QLatin1Char(' ');
         for (qsizetype i = 0; i < statements.size(); ++i) {
             if (statements[i].startsWith(start))
                 return i;
@@ -190,17 +192,17 @@ void TestCTblAutomobilContracts::deleteTakesDocumentFilesAndCustomFieldsOfThisCo
 {
     const qint32 key = addContract(1, 12);
     const qint32 other = addContract(2, 13);
-    m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (68, %1, 'car')").arg(key));
+    m_database.run(u"INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (68, %1, 'car')"_s.arg(key));
     CTblAutomobilContracts contract;
-    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
     QVERIFY(contract.Delete());
-    QVERIFY(!contract.IsRecordExist(QStringLiteral("iID"), key));
-    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), other));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iNum) FROM Documents")), QStringLiteral("13"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iDocNum) FROM Docs")), QStringLiteral("13"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iTable, ':', iRecordID ORDER BY iTable) FROM FileDocs")),
-             QStringLiteral("68:%1,69:%2").arg(key).arg(other));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM CustomFieldRecords")), QString::number(other));
+    QVERIFY(!contract.IsRecordExist(u"iID"_s, key));
+    QVERIFY(contract.IsRecordExist(u"iID"_s, other));
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iNum) FROM Documents"_s), u"13"_s);
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iDocNum) FROM Docs"_s), u"13"_s);
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iTable, ':', iRecordID ORDER BY iTable) FROM FileDocs"_s),
+             u"68:%1,69:%2"_s.arg(key).arg(other));
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iRecordID) FROM CustomFieldRecords"_s), QString::number(other));
 }
 
 void TestCTblAutomobilContracts::deletingAContractWithoutADocumentDeletesNoDocument()
@@ -208,45 +210,45 @@ void TestCTblAutomobilContracts::deletingAContractWithoutADocumentDeletesNoDocum
     addContract(1, 12);
     const qint32 key = addContract(2);
     CTblAutomobilContracts contract;
-    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
     QVERIFY(contract.Delete());
-    QCOMPARE(count("AutomobilContracts"), QStringLiteral("1"));
-    QCOMPARE(count("Documents"), QStringLiteral("1"));
-    QCOMPARE(count("Docs"), QStringLiteral("1"));
-    QCOMPARE(count("FileDocs"), QStringLiteral("1"));
+    QCOMPARE(count("AutomobilContracts"), u"1"_s);
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"1"_s);
+    QCOMPARE(count("FileDocs"), u"1"_s);
 }
 
 void TestCTblAutomobilContracts::failureInTheFirstStepLeavesTheDocument()
 {
     const qint32 key = addContract(1, 12);
     CTblAutomobilContracts contract;
-    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
-    m_database.run(QStringLiteral("RENAME TABLE AutomobilContracts TO AutomobilContractsAway"));
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
+    m_database.run(u"RENAME TABLE AutomobilContracts TO AutomobilContractsAway"_s);
     QVERIFY_THROWS_EXCEPTION(CMySQLException, contract.Delete());
-    QCOMPARE(count("AutomobilContractsAway"), QStringLiteral("1"));
-    QCOMPARE(count("Documents"), QStringLiteral("1"));
-    QCOMPARE(count("Docs"), QStringLiteral("1"));
-    QCOMPARE(count("FileDocs"), QStringLiteral("1"));
+    QCOMPARE(count("AutomobilContractsAway"), u"1"_s);
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"1"_s);
+    QCOMPARE(count("FileDocs"), u"1"_s);
 }
 
 void TestCTblAutomobilContracts::failureInALaterStepLeavesTheContractDeleted()
 {
     const qint32 key = addContract(1, 12);
     CTblAutomobilContracts contract;
-    QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
-    m_database.run(QStringLiteral("RENAME TABLE FileDocs TO FileDocsAway"));
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
+    m_database.run(u"RENAME TABLE FileDocs TO FileDocsAway"_s);
     QVERIFY_THROWS_EXCEPTION(CMySQLException, contract.Delete());
-    QCOMPARE(count("AutomobilContracts"), QStringLiteral("0"));
-    QCOMPARE(count("Documents"), QStringLiteral("0"));
-    QCOMPARE(count("CustomFieldRecords"), QStringLiteral("1"));
+    QCOMPARE(count("AutomobilContracts"), u"0"_s);
+    QCOMPARE(count("Documents"), u"0"_s);
+    QCOMPARE(count("CustomFieldRecords"), u"1"_s);
 }
 
 void TestCTblAutomobilContracts::deleteWithoutARowIsAClearErrorAndDeletesNothing()
 {
-    m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (69, 0, 'a')"));
+    m_database.run(u"INSERT INTO FileDocs (iTable, iRecordID, sName) VALUES (69, 0, 'a')"_s);
     CTblAutomobilContracts contract;
-    QVERIFY(!contract.IsRecordExist(QStringLiteral("iID"), 12345));
-    ObservedStatements observed({QStringLiteral("DELETE")});
+    QVERIFY(!contract.IsRecordExist(u"iID"_s, 12345));
+    ObservedStatements observed({u"DELETE"_s});
     try {
         contract.Delete();
         QFAIL("there was nothing to delete");
@@ -254,7 +256,7 @@ void TestCTblAutomobilContracts::deleteWithoutARowIsAClearErrorAndDeletesNothing
         QCOMPARE(error.category(), CMySQLException::Category::NoCurrentRow);
     }
     QCOMPARE(observed.taken(), QStringList());
-    QCOMPARE(count("FileDocs"), QStringLiteral("1"));
+    QCOMPARE(count("FileDocs"), u"1"_s);
 }
 
 void TestCTblAutomobilContracts::liveObjectsAreCounted()
@@ -273,27 +275,27 @@ void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()
     addContract(5);
     addContract(6);
     {
-        ObservedStatements observed({QStringLiteral("UPDATE")});
+        ObservedStatements observed({u"UPDATE"_s});
         CTblAutomobilContracts::archive(5, 3);
         QCOMPARE(observed.taken(),
-                 QStringList(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=5")));
+                 QStringList(u"UPDATE AutomobilContracts SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=5"_s));
     }
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=3 AND "
-                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")),
-             QStringLiteral("5"));
-    m_database.run(QStringLiteral("UPDATE AutomobilContracts SET dateArchive='2020-01-01'"));
+    QCOMPARE(m_database.value(u"SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=3 AND "
+                              "dateArchive > NOW() - INTERVAL 1 MINUTE"_s),
+             u"5"_s);
+    m_database.run(u"UPDATE AutomobilContracts SET dateArchive='2020-01-01'"_s);
     {
-        ObservedStatements observed({QStringLiteral("UPDATE")});
+        ObservedStatements observed({u"UPDATE"_s});
         CTblAutomobilContracts::unarchive(5);
         QCOMPARE(observed.taken(),
-                 QStringList(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=5")));
+                 QStringList(u"UPDATE AutomobilContracts SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=5"_s));
     }
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=0 AND "
-                                             "dateArchive > NOW() - INTERVAL 1 MINUTE")),
-             QStringLiteral("5"));
+    QCOMPARE(m_database.value(u"SELECT iCode FROM AutomobilContracts WHERE iArchiveUserID=0 AND "
+                              "dateArchive > NOW() - INTERVAL 1 MINUTE"_s),
+             u"5"_s);
     CTblAutomobilContracts::archive(999, 3);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE iArchiveUserID<>0")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts WHERE iArchiveUserID<>0"_s),
+             u"0"_s);
 }
 
 static const RegisteredTest<TestCTblAutomobilContracts, QCoreApplication> registered;

@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
@@ -19,7 +21,7 @@ using CarJoin = CTblAutomobilInformationJoins;
 
 QString tablePath(const char *file)
 {
-    return QStringLiteral(TZ_TEST_SOURCE "/") + QString::fromLatin1(file);
+    return u"" TZ_TEST_SOURCE "/"_s + QString::fromLatin1(file);
 }
 
 }
@@ -44,17 +46,17 @@ class TestCarRecords : public QObject
     int relatedRecords(int car)
     {
         return m_database
-            .value(QStringLiteral("SELECT (SELECT COUNT(*) FROM FileDocs WHERE iTable=68 AND iRecordID=%1)"
-                                  "+(SELECT COUNT(*) FROM CustomFieldRecords WHERE iTable=68 AND iRecordID=%1)")
+            .value(u"SELECT (SELECT COUNT(*) FROM FileDocs WHERE iTable=68 AND iRecordID=%1)"
+                   "+(SELECT COUNT(*) FROM CustomFieldRecords WHERE iTable=68 AND iRecordID=%1)"_s
                        .arg(car))
             .toInt();
     }
 
     void addRelatedRecords(int car)
     {
-        m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')").arg(car));
+        m_database.run(u"INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')"_s.arg(car));
         m_database.run(
-            QStringLiteral("INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')").arg(car));
+            u"INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')"_s.arg(car));
     }
 
 private Q_SLOTS:
@@ -62,7 +64,7 @@ private Q_SLOTS:
     void init()
     {
         for (const char *table : {"AutomobilInformations", "Items", "CarModels", "CarClasses"})
-            m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
+            m_database.run(u"DELETE FROM "_s + QLatin1String(table));
     }
 
     void bindingsStandInOrderWithCaptionsAndLookups()
@@ -70,7 +72,7 @@ private Q_SLOTS:
         Car car;
         QCOMPARE(car.columns().size(), size_t(77));
         QCOMPARE(ColumnTable::bound(car), ColumnTable::wanted(tablePath("AutomobilInformations_columns.tsv")));
-        QCOMPARE(car.GetTableName(), QStringLiteral("AutomobilInformations"));
+        QCOMPARE(car.GetTableName(), u"AutomobilInformations"_s);
         CarJoin join;
         QCOMPARE(join.columns().size(), size_t(71));
         QCOMPARE(ColumnTable::bound(join), ColumnTable::wanted(tablePath("AutomobilInformationJoins_columns.tsv")));
@@ -78,18 +80,17 @@ private Q_SLOTS:
 
     void joinedViewReadsItsSourceToTheLetterAndNeverThePicture()
     {
-        const ObservedStatements statements({QStringLiteral("SELECT")});
+        const ObservedStatements statements({u"SELECT"_s});
         CarJoin cars;
-        cars.m_filter = QStringLiteral("ai.iStatus=0 GROUP BY ai.iID");
+        cars.m_filter = u"ai.iStatus=0 GROUP BY ai.iID"_s;
         cars.Open(true, true, true);
         QCOMPARE(statements.taken().size(), 1);
         const QString statement = statements.taken().first();
-        QVERIFY(statement.contains(QStringLiteral(
-            " FROM AutomobilInformations ai LEFT OUTER JOIN Items it ON (ai.iAutomobilType=it.iID OR ai.iColor=it.iID)"
-            " LEFT OUTER JOIN CarModels cm ON ai.iModel=cm.iID LEFT OUTER JOIN CarClasses cc ON ai.iBrigade=cc.iID WHERE ")));
-        QVERIFY(statement.startsWith(QStringLiteral("SELECT ai.iID,ai.iCode,ai.iPersonID,")));
-        QVERIFY(!statement.contains(QStringLiteral("oPicture")));
-        QVERIFY(statement.endsWith(QStringLiteral(" WHERE ai.iStatus=0 GROUP BY ai.iID")));
+        QVERIFY(statement.contains(u" FROM AutomobilInformations ai LEFT OUTER JOIN Items it ON (ai.iAutomobilType=it.iID OR ai.iColor=it.iID)"
+                                   " LEFT OUTER JOIN CarModels cm ON ai.iModel=cm.iID LEFT OUTER JOIN CarClasses cc ON ai.iBrigade=cc.iID WHERE "_s));
+        QVERIFY(statement.startsWith(u"SELECT ai.iID,ai.iCode,ai.iPersonID,"_s));
+        QVERIFY(!statement.contains(u"oPicture"_s));
+        QVERIFY(statement.endsWith(u" WHERE ai.iStatus=0 GROUP BY ai.iID"_s));
     }
 
     void constructionSetsZeroEmptyAndNoPicture()
@@ -114,15 +115,15 @@ private Q_SLOTS:
     void columnOfTheTariffIsNeitherReadNorWritten()
     {
         const int key = add([](Car &car) { car.m_dAmount = 1; });
-        m_database.run(QStringLiteral("UPDATE AutomobilInformations SET iTariffsID=7 WHERE iID=%1").arg(key));
+        m_database.run(u"UPDATE AutomobilInformations SET iTariffsID=7 WHERE iID=%1"_s.arg(key));
         Car car;
         QVERIFY(!car.column(u"iTariffsID"));
-        QVERIFY(car.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(car.IsRecordExist(u"iID"_s, key));
         car.Edit();
         car.m_dAmount = 2;
         car.Update(true);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT iTariffsID FROM AutomobilInformations WHERE iID=%1").arg(key)),
-                 QStringLiteral("7"));
+        QCOMPARE(m_database.value(u"SELECT iTariffsID FROM AutomobilInformations WHERE iID=%1"_s.arg(key)),
+                 u"7"_s);
     }
 
     void everyColumnComesBackAsItWasWritten()
@@ -134,7 +135,7 @@ private Q_SLOTS:
         QHash<QString, QVariant> written;
         int number = 10;
         for (const KMySQL::Column &column : car.columns()) {
-            if (column.name == QStringLiteral("iID"))
+            if (column.name == u"iID"_s)
                 continue;
             ++number;
             QVariant value;
@@ -152,7 +153,7 @@ private Q_SLOTS:
                 value = moment.addDays(number);
                 break;
             case KMySQL::ColumnKind::Text:
-                value = QStringLiteral("م%1").arg(number).left(qMax(1, car.textLength(column.name)));
+                value = u"م%1"_s.arg(number).left(qMax(1, car.textLength(column.name)));
                 break;
             case KMySQL::ColumnKind::LongBlob:
                 value = QByteArray("\x89PNG\0\x01", 6);
@@ -163,7 +164,7 @@ private Q_SLOTS:
         }
         car.Update(true);
         Car again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(car.GetLastInsertedID())));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(car.GetLastInsertedID())));
         for (auto it = written.cbegin(); it != written.cend(); ++it)
             QVERIFY2(again.value(it.key()) == it.value(), qPrintable(it.key()));
     }
@@ -180,17 +181,17 @@ private Q_SLOTS:
     {
         add([](Car &car) { car.m_iCode = 5; });
         add([](Car &car) { car.m_iCode = 6; });
-        const ObservedStatements statements({QStringLiteral("UPDATE")});
+        const ObservedStatements statements({u"UPDATE"_s});
         Car::archive(5, 3);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iArchiveUserID,dateArchive IS NULL ORDER BY iCode) FROM"
-                                                 " AutomobilInformations")),
-                 QStringLiteral("30,01"));
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iArchiveUserID,dateArchive IS NULL ORDER BY iCode) FROM"
+                                  " AutomobilInformations"_s),
+                 u"30,01"_s);
         Car::unarchive(5);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT SUM(iArchiveUserID) FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(m_database.value(u"SELECT SUM(iArchiveUserID) FROM AutomobilInformations"_s), u"0"_s);
         QCOMPARE(statements.taken(),
                  (QStringList{
-                     QStringLiteral("UPDATE AutomobilInformations SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=5"),
-                     QStringLiteral("UPDATE AutomobilInformations SET iArchiveUserID=0 WHERE iCode=5 LIMIT 1")}));
+                     u"UPDATE AutomobilInformations SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=5"_s,
+                     u"UPDATE AutomobilInformations SET iArchiveUserID=0 WHERE iCode=5 LIMIT 1"_s}));
     }
 
     void deletingACarRemovesItsAttachedFilesAndCustomFieldValuesBeforeTheRow()
@@ -200,33 +201,33 @@ private Q_SLOTS:
         addRelatedRecords(key);
         addRelatedRecords(other);
         Car car;
-        QVERIFY(car.IsRecordExist(QStringLiteral("iID"), key));
-        const ObservedStatements statements({QStringLiteral("DELETE")});
+        QVERIFY(car.IsRecordExist(u"iID"_s, key));
+        const ObservedStatements statements({u"DELETE"_s});
         QVERIFY(car.Delete());
         QCOMPARE(statements.taken().size(), 3);
-        QVERIFY(statements.taken().at(0).startsWith(QStringLiteral("DELETE FROM FileDocs ")));
-        QVERIFY(statements.taken().at(1).startsWith(QStringLiteral("DELETE FROM CustomFieldRecords ")));
-        QVERIFY(statements.taken().at(2).startsWith(QStringLiteral("DELETE FROM AutomobilInformations ")));
+        QVERIFY(statements.taken().at(0).startsWith(u"DELETE FROM FileDocs "_s));
+        QVERIFY(statements.taken().at(1).startsWith(u"DELETE FROM CustomFieldRecords "_s));
+        QVERIFY(statements.taken().at(2).startsWith(u"DELETE FROM AutomobilInformations "_s));
         QCOMPARE(relatedRecords(key), 0);
         QCOMPARE(relatedRecords(other), 2);
         // What lies under the same number but belongs to a contract stays.
-        QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM FileDocs WHERE iTable=69 AND iRecordID=%1").arg(key)),
-                 QStringLiteral("1"));
-        QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilInformations")), QString::number(other));
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM FileDocs WHERE iTable=69 AND iRecordID=%1"_s.arg(key)),
+                 u"1"_s);
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilInformations"_s), QString::number(other));
     }
 
     void failedDeleteOfTheAttachedFilesDoesNotStopTheRow()
     {
         const int key = add([](Car &) {});
         addRelatedRecords(key);
-        m_database.run(QStringLiteral("RENAME TABLE FileDocs TO FileDocsAway"));
+        m_database.run(u"RENAME TABLE FileDocs TO FileDocsAway"_s);
         Car car;
-        QVERIFY(car.IsRecordExist(QStringLiteral("iID"), key));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("FileDocs")));
+        QVERIFY(car.IsRecordExist(u"iID"_s, key));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"FileDocs"_s));
         const bool deleted = car.Delete();
-        m_database.run(QStringLiteral("RENAME TABLE FileDocsAway TO FileDocs"));
+        m_database.run(u"RENAME TABLE FileDocsAway TO FileDocs"_s);
         QVERIFY(deleted);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"0"_s);
     }
 };
 

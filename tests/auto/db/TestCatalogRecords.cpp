@@ -14,13 +14,15 @@
 #include <QComboBox>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::unique_ptr<KMySQL> makeRecord(const QString &table)
 {
-    if (table == QStringLiteral("CarBrands"))
+    if (table == u"CarBrands"_s)
         return std::make_unique<CTblCarBrands>();
-    if (table == QStringLiteral("CarModels"))
+    if (table == u"CarModels"_s)
         return std::make_unique<CTblCarModels>();
     return std::make_unique<CTblCarClasses>();
 }
@@ -73,7 +75,7 @@ class TestCatalogRecords : public QObject
     // The names that are left of a table, in the order of their keys.
     QString left(const char *table)
     {
-        return m_database.value(QStringLiteral("SELECT GROUP_CONCAT(sName ORDER BY iID) FROM ") + QLatin1String(table));
+        return m_database.value(u"SELECT GROUP_CONCAT(sName ORDER BY iID) FROM "_s + QLatin1String(table));
     }
 
     static void tables()
@@ -93,7 +95,7 @@ private Q_SLOTS:
         const std::unique_ptr<KMySQL> record = makeRecord(table);
         QCOMPARE(record->GetTableName(), table);
         QCOMPARE(ColumnTable::bound(*record),
-                 ColumnTable::wanted(QStringLiteral(TZ_TEST_SOURCE "/") + table + QStringLiteral("_columns.tsv")));
+                 ColumnTable::wanted(u"" TZ_TEST_SOURCE "/"_s + table + u"_columns.tsv"_s));
     }
 
     void everyColumnOfTheTableIsBound_data() { tables(); }
@@ -106,8 +108,8 @@ private Q_SLOTS:
             bound << column.name;
         bound.sort();
         QStringList stored = m_database
-                                 .value(QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME) FROM information_schema.COLUMNS "
-                                                       "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1'")
+                                 .value(u"SELECT GROUP_CONCAT(COLUMN_NAME) FROM information_schema.COLUMNS "
+                                        "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1'"_s
                                             .arg(table))
                                  .split(u',');
         stored.sort();
@@ -124,11 +126,11 @@ private Q_SLOTS:
         written->AddNew();
         for (const KMySQL::Column &column : written->columns()) {
             ++number;
-            if (column.name == QStringLiteral("iID"))
+            if (column.name == u"iID"_s)
                 continue;
             QVariant value = number;
             if (column.kind == KMySQL::ColumnKind::Text)
-                value = QStringLiteral("متن %1").arg(number);
+                value = u"متن %1"_s.arg(number);
             else if (column.kind == KMySQL::ColumnKind::Date)
                 value = QDateTime(QDate(2026, 1, number), QTime(1, 2, 3), Qt::UTC);
             else if (column.kind == KMySQL::ColumnKind::Bool)
@@ -138,7 +140,7 @@ private Q_SLOTS:
         }
         written->Update(true);
         const std::unique_ptr<KMySQL> read = makeRecord(table);
-        QVERIFY(read->IsRecordExist(QStringLiteral("iID"), qint32(written->GetLastInsertedID())));
+        QVERIFY(read->IsRecordExist(u"iID"_s, qint32(written->GetLastInsertedID())));
         for (auto it = expected.cbegin(); it != expected.cend(); ++it)
             QVERIFY2(read->value(it.key()) == it.value(), qPrintable(it.key()));
     }
@@ -176,129 +178,129 @@ private Q_SLOTS:
 
     void deletingABrandWithoutModelsDeletesOnlyTheBrandRow()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        const int other = addBrand(QStringLiteral("B"));
-        addClass(addModel(other, QStringLiteral("b1")), QStringLiteral("b1x"));
+        const int brand = addBrand(u"A"_s);
+        const int other = addBrand(u"B"_s);
+        addClass(addModel(other, u"b1"_s), u"b1x"_s);
         CTblCarBrands record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(record.IsRecordExist(u"iID"_s, brand));
         QVERIFY(record.Delete());
-        QCOMPARE(left("CarBrands"), QStringLiteral("B"));
-        QCOMPARE(left("CarModels"), QStringLiteral("b1"));
-        QCOMPARE(left("CarClasses"), QStringLiteral("b1x"));
+        QCOMPARE(left("CarBrands"), u"B"_s);
+        QCOMPARE(left("CarModels"), u"b1"_s);
+        QCOMPARE(left("CarClasses"), u"b1x"_s);
     }
 
     void deletingABrandWhoseModelsAllHaveClassesDeletesTheBrandItsModelsAndTheirClasses()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        const int one = addModel(brand, QStringLiteral("a1"));
-        const int two = addModel(brand, QStringLiteral("a2"));
-        addClass(one, QStringLiteral("a1x"));
-        addClass(one, QStringLiteral("a1y"));
-        addClass(two, QStringLiteral("a2x"));
-        const int other = addBrand(QStringLiteral("B"));
-        addClass(addModel(other, QStringLiteral("b1")), QStringLiteral("b1x"));
+        const int brand = addBrand(u"A"_s);
+        const int one = addModel(brand, u"a1"_s);
+        const int two = addModel(brand, u"a2"_s);
+        addClass(one, u"a1x"_s);
+        addClass(one, u"a1y"_s);
+        addClass(two, u"a2x"_s);
+        const int other = addBrand(u"B"_s);
+        addClass(addModel(other, u"b1"_s), u"b1x"_s);
         CTblCarBrands record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(record.IsRecordExist(u"iID"_s, brand));
         QVERIFY(record.Delete());
-        QCOMPARE(left("CarBrands"), QStringLiteral("B"));
-        QCOMPARE(left("CarModels"), QStringLiteral("b1"));
-        QCOMPARE(left("CarClasses"), QStringLiteral("b1x"));
+        QCOMPARE(left("CarBrands"), u"B"_s);
+        QCOMPARE(left("CarModels"), u"b1"_s);
+        QCOMPARE(left("CarClasses"), u"b1x"_s);
     }
 
     void deletingABrandThatHasAModelWithoutClassesLeavesThatModelInTheTable()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        addClass(addModel(brand, QStringLiteral("a1")), QStringLiteral("a1x"));
-        addModel(brand, QStringLiteral("a2"));
+        const int brand = addBrand(u"A"_s);
+        addClass(addModel(brand, u"a1"_s), u"a1x"_s);
+        addModel(brand, u"a2"_s);
         CTblCarBrands record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(record.IsRecordExist(u"iID"_s, brand));
         QVERIFY(record.Delete());
         QCOMPARE(left("CarBrands"), QString());
-        QCOMPARE(left("CarModels"), QStringLiteral("a2"));
+        QCOMPARE(left("CarModels"), u"a2"_s);
         QCOMPARE(left("CarClasses"), QString());
     }
 
     void deletingAModelDeletesTheModelRowEvenWhenItHasNoClass()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        const int model = addModel(brand, QStringLiteral("a1"));
-        addClass(addModel(brand, QStringLiteral("a2")), QStringLiteral("a2x"));
+        const int brand = addBrand(u"A"_s);
+        const int model = addModel(brand, u"a1"_s);
+        addClass(addModel(brand, u"a2"_s), u"a2x"_s);
         CTblCarModels record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), model));
+        QVERIFY(record.IsRecordExist(u"iID"_s, model));
         QVERIFY(record.Delete());
-        QCOMPARE(left("CarBrands"), QStringLiteral("A"));
-        QCOMPARE(left("CarModels"), QStringLiteral("a2"));
-        QCOMPARE(left("CarClasses"), QStringLiteral("a2x"));
+        QCOMPARE(left("CarBrands"), u"A"_s);
+        QCOMPARE(left("CarModels"), u"a2"_s);
+        QCOMPARE(left("CarClasses"), u"a2x"_s);
     }
 
     void deletingAModelTakesItsClassesAlong()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        const int model = addModel(brand, QStringLiteral("a1"));
-        addClass(model, QStringLiteral("a1x"));
-        addClass(model, QStringLiteral("a1y"));
-        addClass(addModel(brand, QStringLiteral("a2")), QStringLiteral("a2x"));
+        const int brand = addBrand(u"A"_s);
+        const int model = addModel(brand, u"a1"_s);
+        addClass(model, u"a1x"_s);
+        addClass(model, u"a1y"_s);
+        addClass(addModel(brand, u"a2"_s), u"a2x"_s);
         CTblCarModels record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), model));
+        QVERIFY(record.IsRecordExist(u"iID"_s, model));
         QVERIFY(record.Delete());
-        QCOMPARE(left("CarModels"), QStringLiteral("a2"));
-        QCOMPARE(left("CarClasses"), QStringLiteral("a2x"));
+        QCOMPARE(left("CarModels"), u"a2"_s);
+        QCOMPARE(left("CarClasses"), u"a2x"_s);
     }
 
     void deletingAClassRemovesOnlyItsOwnRow()
     {
-        const int model = addModel(addBrand(QStringLiteral("A")), QStringLiteral("a1"));
-        const int carClass = addClass(model, QStringLiteral("a1x"));
-        addClass(model, QStringLiteral("a1y"));
+        const int model = addModel(addBrand(u"A"_s), u"a1"_s);
+        const int carClass = addClass(model, u"a1x"_s);
+        addClass(model, u"a1y"_s);
         CTblCarClasses record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), carClass));
-        const ObservedStatements observed({QStringLiteral("DELETE")});
+        QVERIFY(record.IsRecordExist(u"iID"_s, carClass));
+        const ObservedStatements observed({u"DELETE"_s});
         QVERIFY(record.Delete());
         QCOMPARE(observed.taken().size(), 1);
-        QCOMPARE(left("CarClasses"), QStringLiteral("a1y"));
-        QCOMPARE(left("CarModels"), QStringLiteral("a1"));
+        QCOMPARE(left("CarClasses"), u"a1y"_s);
+        QCOMPARE(left("CarModels"), u"a1"_s);
     }
 
     void theJoinedDeletionsAreToTheLetter()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        const int model = addModel(brand, QStringLiteral("a1"));
+        const int brand = addBrand(u"A"_s);
+        const int model = addModel(brand, u"a1"_s);
         CTblCarModels models;
-        QVERIFY(models.IsRecordExist(QStringLiteral("iID"), model));
+        QVERIFY(models.IsRecordExist(u"iID"_s, model));
         CTblCarBrands brands;
-        QVERIFY(brands.IsRecordExist(QStringLiteral("iID"), brand));
-        const ObservedStatements observed({QStringLiteral("DELETE")});
+        QVERIFY(brands.IsRecordExist(u"iID"_s, brand));
+        const ObservedStatements observed({u"DELETE"_s});
         QVERIFY(models.Delete());
         QVERIFY(brands.Delete());
         const QStringList taken = observed.taken();
         QCOMPARE(taken.size(), 4);
-        QCOMPARE(taken[0], QStringLiteral("DELETE cm, cc FROM CarModels cm INNER JOIN CarClasses cc\tWHERE cc.iBrandID=cm.iID AND cc.iBrandID=%1").arg(model));
-        QVERIFY(taken[1].startsWith(QStringLiteral("DELETE FROM CarModels WHERE iID=%1").arg(model)));
-        QCOMPARE(taken[2], QStringLiteral("DELETE cm, cb, cc FROM CarModels cm INNER JOIN CarBrands cb INNER JOIN CarClasses cc WHERE cc.iBrandID=cm.iID AND cb.iID=cm.iClassID AND cm.iClassID=%1").arg(brand));
-        QVERIFY(taken[3].startsWith(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(brand)));
+        QCOMPARE(taken[0], u"DELETE cm, cc FROM CarModels cm INNER JOIN CarClasses cc\tWHERE cc.iBrandID=cm.iID AND cc.iBrandID=%1"_s.arg(model));
+        QVERIFY(taken[1].startsWith(u"DELETE FROM CarModels WHERE iID=%1"_s.arg(model)));
+        QCOMPARE(taken[2], u"DELETE cm, cb, cc FROM CarModels cm INNER JOIN CarBrands cb INNER JOIN CarClasses cc WHERE cc.iBrandID=cm.iID AND cb.iID=cm.iClassID AND cm.iClassID=%1"_s.arg(brand));
+        QVERIFY(taken[3].startsWith(u"DELETE FROM CarBrands WHERE iID=%1"_s.arg(brand)));
     }
 
     void anErrorOfTheJoinedDeletionLeavesTheRow()
     {
-        const int brand = addBrand(QStringLiteral("A"));
-        const int model = addModel(brand, QStringLiteral("a1"));
+        const int brand = addBrand(u"A"_s);
+        const int model = addModel(brand, u"a1"_s);
         CTblCarBrands brands;
-        QVERIFY(brands.IsRecordExist(QStringLiteral("iID"), brand));
+        QVERIFY(brands.IsRecordExist(u"iID"_s, brand));
         CTblCarModels models;
-        QVERIFY(models.IsRecordExist(QStringLiteral("iID"), model));
-        m_database.run(QStringLiteral("RENAME TABLE CarClasses TO CarClassesAway"));
+        QVERIFY(models.IsRecordExist(u"iID"_s, model));
+        m_database.run(u"RENAME TABLE CarClasses TO CarClassesAway"_s);
         QVERIFY_THROWS_EXCEPTION(CMySQLException, brands.Delete());
         QVERIFY_THROWS_EXCEPTION(CMySQLException, models.Delete());
-        QCOMPARE(left("CarBrands"), QStringLiteral("A"));
-        QCOMPARE(left("CarModels"), QStringLiteral("a1"));
+        QCOMPARE(left("CarBrands"), u"A"_s);
+        QCOMPARE(left("CarModels"), u"a1"_s);
     }
 
     void withoutARowNothingIsDeleted()
     {
-        addClass(addModel(0, QStringLiteral("orphan")), QStringLiteral("x"));
+        addClass(addModel(0, u"orphan"_s), u"x"_s);
         CTblCarBrands brands;
         CTblCarModels models;
-        const ObservedStatements observed({QStringLiteral("DELETE")});
+        const ObservedStatements observed({u"DELETE"_s});
         QVERIFY_THROWS_EXCEPTION(CMySQLException, brands.Delete());
         QVERIFY_THROWS_EXCEPTION(CMySQLException, models.Delete());
         QCOMPARE(observed.taken(), QStringList());
@@ -306,12 +308,12 @@ private Q_SLOTS:
 
     void theBrandComboBoxListsBrandsInKeyOrderNotByNameAndHasNoSelectionAfterwards()
     {
-        const int second = addBrand(QStringLiteral("Z"));
-        const int third = addBrand(QStringLiteral("A"));
+        const int second = addBrand(u"Z"_s);
+        const int third = addBrand(u"A"_s);
         QComboBox combo;
-        combo.addItem(QStringLiteral("before"));
+        combo.addItem(u"before"_s);
         QCOMPARE(CTblCarBrands::FillComboBox(&combo), 1);
-        QCOMPARE(texts(combo), (QStringList{QStringLiteral("Z"), QStringLiteral("A")}));
+        QCOMPARE(texts(combo), (QStringList{u"Z"_s, u"A"_s}));
         QCOMPARE(combo.itemData(0).toInt(), second);
         QCOMPARE(combo.itemData(1).toInt(), third);
         QCOMPARE(combo.currentIndex(), -1);
@@ -319,10 +321,10 @@ private Q_SLOTS:
 
     void theClassComboBoxForAModelWithoutClassesIsEmpty()
     {
-        const int model = addModel(addBrand(QStringLiteral("A")), QStringLiteral("a1"));
-        addClass(model + 1, QStringLiteral("of another"));
+        const int model = addModel(addBrand(u"A"_s), u"a1"_s);
+        addClass(model + 1, u"of another"_s);
         QComboBox combo;
-        combo.addItem(QStringLiteral("before"));
+        combo.addItem(u"before"_s);
         QCOMPARE(CTblCarClasses::FillComboBox(&combo, model, 3), 1);
         QCOMPARE(combo.count(), 0);
     }
@@ -340,13 +342,13 @@ private Q_SLOTS:
     void theClassComboBoxStandsOnTheAskedClass()
     {
         QFETCH(int, asked);
-        const int brand = addBrand(QStringLiteral("A"));
-        const int model = addModel(brand, QStringLiteral("a1"));
-        const QList<int> keys{addClass(model, QStringLiteral("z")), addClass(model, QStringLiteral("a")),
-                              addClass(addModel(brand, QStringLiteral("a2")), QStringLiteral("other"))};
+        const int brand = addBrand(u"A"_s);
+        const int model = addModel(brand, u"a1"_s);
+        const QList<int> keys{addClass(model, u"z"_s), addClass(model, u"a"_s),
+                              addClass(addModel(brand, u"a2"_s), u"other"_s)};
         QComboBox combo;
         QCOMPARE(CTblCarClasses::FillComboBox(&combo, model, keys.value(asked, 0)), 1);
-        QCOMPARE(texts(combo), (QStringList{QStringLiteral("z"), QStringLiteral("a")}));
+        QCOMPARE(texts(combo), (QStringList{u"z"_s, u"a"_s}));
         QCOMPARE(combo.itemData(1).toInt(), keys[1]);
         QTEST(combo.currentIndex(), "index");
     }

@@ -13,6 +13,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Demand = CTblAutomobilDemands;
@@ -20,7 +22,7 @@ using DemandJoin = CTblAutomobilDemandJoins;
 
 QString tablePath(const char *file)
 {
-    return QStringLiteral(TZ_TEST_SOURCE "/") + QString::fromLatin1(file);
+    return u"" TZ_TEST_SOURCE "/"_s + QString::fromLatin1(file);
 }
 
 }
@@ -46,14 +48,14 @@ class TestDemandRecords : public QObject
     // The file and the reminder of a demand, and each one of another kind of record under the same number.
     void addRelatedRecords(int demand)
     {
-        m_database.run(QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a'),(69,%1,'b')").arg(demand));
-        m_database.run(QStringLiteral("INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a'),(69,%1,'b')").arg(demand));
+        m_database.run(u"INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a'),(69,%1,'b')"_s.arg(demand));
+        m_database.run(u"INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a'),(69,%1,'b')"_s.arg(demand));
     }
 
     QString related(int kind, int demand)
     {
-        return m_database.value(QStringLiteral("SELECT (SELECT COUNT(*) FROM FileDocs WHERE iTable=%1 AND iRecordID=%2)"
-                                               "+(SELECT COUNT(*) FROM Alarms WHERE iTable=%1 AND iRecordID=%2)")
+        return m_database.value(u"SELECT (SELECT COUNT(*) FROM FileDocs WHERE iTable=%1 AND iRecordID=%2)"
+                                "+(SELECT COUNT(*) FROM Alarms WHERE iTable=%1 AND iRecordID=%2)"_s
                                     .arg(kind)
                                     .arg(demand));
     }
@@ -63,7 +65,7 @@ private Q_SLOTS:
     void init()
     {
         for (const char *table : {"AutomobilDemands", "FileDocs", "Alarms", "Items", "Persons"})
-            m_database.run(QStringLiteral("DELETE FROM ") + QLatin1String(table));
+            m_database.run(u"DELETE FROM "_s + QLatin1String(table));
     }
 
     void bindingsStandInOrderWithCaptionsAndLookups()
@@ -71,7 +73,7 @@ private Q_SLOTS:
         Demand demand;
         QCOMPARE(demand.columns().size(), size_t(21));
         QCOMPARE(ColumnTable::bound(demand), ColumnTable::wanted(tablePath("AutomobilDemands_columns.tsv")));
-        QCOMPARE(demand.GetTableName(), QStringLiteral("AutomobilDemands"));
+        QCOMPARE(demand.GetTableName(), u"AutomobilDemands"_s);
         DemandJoin join;
         QCOMPARE(join.columns().size(), size_t(20));
         QCOMPARE(ColumnTable::bound(join), ColumnTable::wanted(tablePath("AutomobilDemandJoins_columns.tsv")));
@@ -79,17 +81,16 @@ private Q_SLOTS:
 
     void joinedViewReadsItsSourceToTheLetter()
     {
-        const ObservedStatements statements({QStringLiteral("SELECT")});
+        const ObservedStatements statements({u"SELECT"_s});
         DemandJoin demands;
-        demands.m_filter = QStringLiteral("ad.iStatus=0 GROUP BY ad.iID");
+        demands.m_filter = u"ad.iStatus=0 GROUP BY ad.iID"_s;
         demands.Open(true, true, true);
         QCOMPARE(statements.taken().size(), 1);
         const QString statement = statements.taken().first();
-        QVERIFY(statement.startsWith(QStringLiteral("SELECT ad.iID,ad.iCode,ad.iPersonID,")));
-        QVERIFY(statement.contains(QStringLiteral(
-            " FROM AutomobilDemands ad INNER JOIN Persons p ON ad.iPersonID=p.iID LEFT OUTER JOIN Items it ON"
-            " (ad.iAutomobilType=it.iID OR ad.iColor=it.iID) WHERE ")));
-        QVERIFY(statement.endsWith(QStringLiteral(" WHERE ad.iStatus=0 GROUP BY ad.iID")));
+        QVERIFY(statement.startsWith(u"SELECT ad.iID,ad.iCode,ad.iPersonID,"_s));
+        QVERIFY(statement.contains(u" FROM AutomobilDemands ad INNER JOIN Persons p ON ad.iPersonID=p.iID LEFT OUTER JOIN Items it ON"
+                                   " (ad.iAutomobilType=it.iID OR ad.iColor=it.iID) WHERE "_s));
+        QVERIFY(statement.endsWith(u" WHERE ad.iStatus=0 GROUP BY ad.iID"_s));
     }
 
     void reminderIsNotPartOfTheJoinedView()
@@ -125,11 +126,11 @@ private Q_SLOTS:
         QHash<QString, QVariant> written;
         int number = 10;
         for (const KMySQL::Column &column : demand.columns()) {
-            if (column.name == QStringLiteral("iID"))
+            if (column.name == u"iID"_s)
                 continue;
             ++number;
             const QVariant value = column.kind == KMySQL::ColumnKind::Date ? QVariant(moment.addDays(number))
-                : column.kind == KMySQL::ColumnKind::Text                  ? QVariant(QStringLiteral("م%1").arg(number))
+                : column.kind == KMySQL::ColumnKind::Text                  ? QVariant(u"م%1"_s.arg(number))
                 : column.kind == KMySQL::ColumnKind::Double                ? QVariant(number + 0.5)
                                                                            : QVariant(number);
             demand.setValue(column.name, value);
@@ -137,16 +138,16 @@ private Q_SLOTS:
         }
         demand.Update(true);
         Demand again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(demand.GetLastInsertedID())));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(demand.GetLastInsertedID())));
         for (auto it = written.cbegin(); it != written.cend(); ++it)
             QVERIFY2(again.value(it.key()) == it.value(), qPrintable(it.key()));
     }
 
     void nextCodeIsOneMoreThanTheHighestAndOneInAnEmptyTable()
     {
-        const ObservedStatements statements({QStringLiteral("SELECT")});
+        const ObservedStatements statements({u"SELECT"_s});
         QCOMPARE(Demand::nextCode(), 1);
-        QCOMPARE(statements.taken(), QStringList{QStringLiteral("SELECT MAX(iCode) FROM AutomobilDemands")});
+        QCOMPARE(statements.taken(), QStringList{u"SELECT MAX(iCode) FROM AutomobilDemands"_s});
         add([](Demand &demand) { demand.m_iCode = 40; });
         add([](Demand &demand) { demand.m_iCode = 12; });
         QCOMPARE(Demand::nextCode(), 41);
@@ -156,17 +157,17 @@ private Q_SLOTS:
     {
         const int first = add([](Demand &demand) { demand.m_iCode = 5; });
         const int second = add([first](Demand &demand) { demand.m_iCode = first; });
-        const ObservedStatements statements({QStringLiteral("UPDATE")});
+        const ObservedStatements statements({u"UPDATE"_s});
         Demand::archive(first, 3);
-        const QString archived = QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilDemands WHERE iArchiveUserID=3"
-                                                " AND dateArchive IS NOT NULL");
+        const QString archived = u"SELECT GROUP_CONCAT(iID) FROM AutomobilDemands WHERE iArchiveUserID=3"
+                                 " AND dateArchive IS NOT NULL"_s;
         QCOMPARE(m_database.value(archived), QString::number(second));
         Demand::unarchive(first);
         QCOMPARE(m_database.value(archived), QString());
         QCOMPARE(statements.taken(),
                  (QStringList{
-                     QStringLiteral("UPDATE AutomobilDemands SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=%1").arg(first),
-                     QStringLiteral("UPDATE AutomobilDemands SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=%1").arg(first)}));
+                     u"UPDATE AutomobilDemands SET iArchiveUserID=3, dateArchive=NOW() WHERE iCode=%1"_s.arg(first),
+                     u"UPDATE AutomobilDemands SET iArchiveUserID=0, dateArchive=NOW() WHERE iCode=%1"_s.arg(first)}));
     }
 
     void reminderIsSetByTheKey()
@@ -174,7 +175,7 @@ private Q_SLOTS:
         const int key = add();
         add();
         Demand::setAlarm(key, 9);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilDemands WHERE iAlarmID=9")),
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilDemands WHERE iAlarmID=9"_s),
                  QString::number(key));
     }
 
@@ -185,13 +186,13 @@ private Q_SLOTS:
         addRelatedRecords(key);
         addRelatedRecords(other);
         Demand demand;
-        QVERIFY(demand.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(demand.IsRecordExist(u"iID"_s, key));
         QVERIFY(demand.Delete());
-        QCOMPARE(related(70, key), QStringLiteral("0"));
-        QCOMPARE(related(70, other), QStringLiteral("2"));
+        QCOMPARE(related(70, key), u"0"_s);
+        QCOMPARE(related(70, other), u"2"_s);
         // What lies under the same number but belongs to a contract stays.
-        QCOMPARE(related(69, key), QStringLiteral("2"));
-        QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilDemands")), QString::number(other));
+        QCOMPARE(related(69, key), u"2"_s);
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilDemands"_s), QString::number(other));
     }
 
     void failedDeletionOfTheRemindersKeepsAll()
@@ -199,18 +200,18 @@ private Q_SLOTS:
         const int key = add();
         addRelatedRecords(key);
         Demand demand;
-        QVERIFY(demand.IsRecordExist(QStringLiteral("iID"), key));
-        m_database.run(QStringLiteral("RENAME TABLE Alarms TO AlarmsAway"));
+        QVERIFY(demand.IsRecordExist(u"iID"_s, key));
+        m_database.run(u"RENAME TABLE Alarms TO AlarmsAway"_s);
         bool failed = false;
         try {
             demand.Delete();
         } catch (const CMySQLException &) {
             failed = true;
         }
-        m_database.run(QStringLiteral("RENAME TABLE AlarmsAway TO Alarms"));
+        m_database.run(u"RENAME TABLE AlarmsAway TO Alarms"_s);
         QVERIFY(failed);
-        QCOMPARE(related(70, key), QStringLiteral("2"));
-        QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
+        QCOMPARE(related(70, key), u"2"_s);
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"1"_s);
     }
 };
 

@@ -11,6 +11,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestPaymentRecords : public QObject
 {
     Q_OBJECT
@@ -19,7 +21,7 @@ class TestPaymentRecords : public QObject
 
     static void compareBindings(KMySQL &record, const QString &file)
     {
-        QCOMPARE(ColumnTable::bound(record), ColumnTable::wanted(QStringLiteral(TZ_TEST_SOURCE "/") + file));
+        QCOMPARE(ColumnTable::bound(record), ColumnTable::wanted(u"" TZ_TEST_SOURCE "/"_s + file));
     }
 
 private Q_SLOTS:
@@ -29,16 +31,16 @@ private Q_SLOTS:
     {
         CTblAutomobilPayments payments;
         QCOMPARE(payments.columns().size(), size_t(15));
-        compareBindings(payments, QStringLiteral("AutomobilPayments_columns.tsv"));
+        compareBindings(payments, u"AutomobilPayments_columns.tsv"_s);
         CTblAutomobilTariffs tariffs;
         QCOMPARE(tariffs.columns().size(), size_t(6));
-        compareBindings(tariffs, QStringLiteral("AutomobilTariffs_columns.tsv"));
+        compareBindings(tariffs, u"AutomobilTariffs_columns.tsv"_s);
     }
 
     void tariffCaptionOfTheAmountIsCost()
     {
         CTblAutomobilTariffs tariffs;
-        QCOMPARE(tariffs.column(u"dAmount")->caption, QStringLiteral("هزينه"));
+        QCOMPARE(tariffs.column(u"dAmount")->caption, u"هزينه"_s);
     }
 
     void constructionSetsZeroAndEmpty()
@@ -67,10 +69,10 @@ private Q_SLOTS:
         payment.m_dAmount = 112;
         payment.m_date = QDateTime(QDate(2026, 4, 21), QTime(0, 0), Qt::UTC);
         payment.Update(true);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT iStatus FROM AutomobilPayments")), QStringLiteral("0"));
+        QCOMPARE(m_database.value(u"SELECT iStatus FROM AutomobilPayments"_s), u"0"_s);
         QVERIFY(!payment.column(u"iStatus"));
         CTblAutomobilPayments again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(payment.GetLastInsertedID())));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(payment.GetLastInsertedID())));
         QCOMPARE(again.m_dAmount, 112.0);
         QCOMPARE(again.m_date, payment.m_date);
     }
@@ -80,12 +82,12 @@ private Q_SLOTS:
         CTblAutomobilTariffs tariff;
         tariff.Open(true, false, true);
         tariff.AddNew();
-        tariff.m_sTitle = QStringLiteral("حق ثبت");
+        tariff.m_sTitle = u"حق ثبت"_s;
         tariff.m_dAmount = 250000;
         tariff.Update(true);
         CTblAutomobilTariffs again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(tariff.GetLastInsertedID())));
-        QCOMPARE(again.m_sTitle, QStringLiteral("حق ثبت"));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(tariff.GetLastInsertedID())));
+        QCOMPARE(again.m_sTitle, u"حق ثبت"_s);
         QCOMPARE(again.m_dAmount, 250000.0);
     }
 };

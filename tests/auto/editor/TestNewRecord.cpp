@@ -9,13 +9,15 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 class TestNewRecord : public QObject
 {
     Q_OBJECT
 
     std::unique_ptr<TestOffice> m_office;
 
-    QString rows() { return m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")); }
+    QString rows() { return m_office->database().value(u"SELECT COUNT(*) FROM AutomobilInformations"_s); }
 
     // Whether the record was kept, and whether what else goes was taken away.
     std::pair<bool, bool> edited(const std::function<bool()> &edit)
@@ -39,28 +41,28 @@ private Q_SLOTS:
     void confirmedRecordStays()
     {
         QCOMPARE(edited([] { return true; }), std::pair(true, false));
-        QCOMPARE(rows(), QStringLiteral("1"));
+        QCOMPARE(rows(), u"1"_s);
     }
 
     void cancelledRecordGoesWithWhatBelongsToIt()
     {
         m_office->addCar();
         QCOMPARE(edited([] { return false; }), std::pair(false, true));
-        QCOMPARE(rows(), QStringLiteral("1"));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations WHERE iID=%1").arg(m_key)),
-                 QStringLiteral("0"));
+        QCOMPARE(rows(), u"1"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilInformations WHERE iID=%1"_s.arg(m_key)),
+                 u"0"_s);
     }
 
     void recordGoesAlsoWhenTheEditorFailsAndTheErrorIsPassedOn()
     {
         QVERIFY_THROWS_EXCEPTION(std::runtime_error, edited([]() -> bool { throw std::runtime_error("the editor failed"); }));
-        QCOMPARE(rows(), QStringLiteral("0"));
+        QCOMPARE(rows(), u"0"_s);
     }
 
     void recordThatSomebodyElseDeletedIsNoTrouble()
     {
         const auto deleting = [this] {
-            m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+            m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
             return false;
         };
         QCOMPARE(edited(deleting), std::pair(false, false));

@@ -13,6 +13,8 @@
 #include <QProcess>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // The module as the host meets it: nothing of it is linked here.
 class TestModuleLoad : public QObject
 {
@@ -36,8 +38,8 @@ private Q_SLOTS:
 
 namespace {
 
-const QString modulePath = QStringLiteral(TZ_MODULE);
-const QString moduleName = QStringLiteral("TzAuto");
+const QString modulePath = u"" TZ_MODULE ""_s;
+const QString moduleName = u"TzAuto"_s;
 
 CAutoDBSetting *entryOf(KModuleLoader &loader)
 {
@@ -88,8 +90,8 @@ void TestModuleLoad::entryWorksThroughItsAddressAlone()
     double reached = 0;
     QCOMPARE(entry->UpdateDB(0, 0, reached, true), 1);
     QCOMPARE(reached, 6.211);
-    QCOMPARE(database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()")),
-             QStringLiteral("9"));
+    QCOMPARE(database.value(u"SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()"_s),
+             u"9"_s);
     QVERIFY(loader.unload());
 }
 
@@ -118,18 +120,18 @@ void TestModuleLoad::moduleCanBeLoadedAgain()
 
 void TestModuleLoad::initialisationThatFailsMakesTheLoadFail()
 {
-    KModuleLoader loader(QStringLiteral("Outdated"));
-    QVERIFY(!loader.load(QStringLiteral(TZ_OUTDATED_MODULE)));
+    KModuleLoader loader(u"Outdated"_s);
+    QVERIFY(!loader.load(u"" TZ_OUTDATED_MODULE ""_s));
     QVERIFY(!loader.isLoaded());
-    QVERIFY(loader.errorText().contains(QStringLiteral("Outdated")));
-    QVERIFY(loader.errorText().contains(QStringLiteral("نسخه")));
+    QVERIFY(loader.errorText().contains(u"Outdated"_s));
+    QVERIFY(loader.errorText().contains(u"نسخه"_s));
     QVERIFY(loader.resolve("isAttached") == nullptr);
 }
 
 void TestModuleLoad::libraryThatIsNoModuleIsRefused()
 {
-    KModuleLoader loader(QStringLiteral("Silent"));
-    QVERIFY(!loader.load(QStringLiteral(TZ_SILENT_MODULE)));
+    KModuleLoader loader(u"Silent"_s);
+    QVERIFY(!loader.load(u"" TZ_SILENT_MODULE ""_s));
     QVERIFY(!loader.errorText().isEmpty());
     QVERIFY(loader.resolve("silent") == nullptr);
 }
@@ -137,33 +139,33 @@ void TestModuleLoad::libraryThatIsNoModuleIsRefused()
 void TestModuleLoad::missingFileIsRefused()
 {
     KModuleLoader loader(moduleName);
-    QVERIFY(!loader.load(QStringLiteral("/nowhere/libTzAuto.so")));
+    QVERIFY(!loader.load(u"/nowhere/libTzAuto.so"_s));
     QVERIFY(loader.errorText().contains(moduleName));
     QVERIFY(!loader.technicalText().isEmpty());
 }
 
 void TestModuleLoad::moduleThatLacksAFunctionIsRefused()
 {
-    KModuleLoader loader(QStringLiteral("Unresolved"));
-    QVERIFY(!loader.load(QStringLiteral(TZ_UNRESOLVED_MODULE)));
+    KModuleLoader loader(u"Unresolved"_s);
+    QVERIFY(!loader.load(u"" TZ_UNRESOLVED_MODULE ""_s));
     QVERIFY(loader.technicalText().contains(QLatin1String("functionOfALibraryThatIsNotThere")));
 }
 
 void TestModuleLoad::secondModuleOfTheSameNameIsRefused()
 {
-    QVERIFY(KExtensionModules::attach(QStringLiteral("Twice"), KExtensionModules::frameworkVersion));
-    QVERIFY(!KExtensionModules::attach(QStringLiteral("Twice"), KExtensionModules::frameworkVersion));
-    QVERIFY(KExtensionModules::refusal().contains(QStringLiteral("Twice")));
+    QVERIFY(KExtensionModules::attach(u"Twice"_s, KExtensionModules::frameworkVersion));
+    QVERIFY(!KExtensionModules::attach(u"Twice"_s, KExtensionModules::frameworkVersion));
+    QVERIFY(KExtensionModules::refusal().contains(u"Twice"_s));
     QVERIFY(!KExtensionModules::attach(QString(), KExtensionModules::frameworkVersion));
-    KExtensionModules::detach(QStringLiteral("NotThere"));
-    QCOMPARE(KExtensionModules::names(), QStringList(QStringLiteral("Twice")));
-    KExtensionModules::detach(QStringLiteral("Twice"));
+    KExtensionModules::detach(u"NotThere"_s);
+    QCOMPARE(KExtensionModules::names(), QStringList(u"Twice"_s));
+    KExtensionModules::detach(u"Twice"_s);
 }
 
 void TestModuleLoad::afterAFailedLoadTheHostGoesOn()
 {
-    KModuleLoader outdated(QStringLiteral("Outdated"));
-    QVERIFY(!outdated.load(QStringLiteral(TZ_OUTDATED_MODULE)));
+    KModuleLoader outdated(u"Outdated"_s);
+    QVERIFY(!outdated.load(u"" TZ_OUTDATED_MODULE ""_s));
     KModuleLoader loader(moduleName);
     QVERIFY2(loader.load(modulePath), qPrintable(loader.errorText()));
     QVERIFY(entryOf(loader));
@@ -173,21 +175,21 @@ void TestModuleLoad::afterAFailedLoadTheHostGoesOn()
 void TestModuleLoad::nothingButTheEntryIsExported()
 {
     QProcess nm;
-    nm.start(QStringLiteral(TZ_NM), {QStringLiteral("-D"), QStringLiteral("-C"), QStringLiteral("--defined-only"), QStringLiteral("--format=posix"), modulePath});
+    nm.start(u"" TZ_NM ""_s, {u"-D"_s, u"-C"_s, u"--defined-only"_s, u"--format=posix"_s, modulePath});
     QVERIFY(nm.waitForFinished());
     QCOMPARE(nm.exitCode(), 0);
     const QString output = QString::fromUtf8(nm.readAllStandardOutput());
     QStringList names = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (QString &name : names)
-        name = name.left(name.lastIndexOf(QRegularExpression(QStringLiteral(" [A-Za-z] [0-9a-f]+"))));
+        name = name.left(name.lastIndexOf(QRegularExpression(u" [A-Za-z] [0-9a-f]+"_s)));
 
-    QVERIFY(names.removeOne(QStringLiteral("GetAutoDBSetting")));
+    QVERIFY(names.removeOne(u"GetAutoDBSetting"_s));
     for (const char *operation : {"IsAClosedDB()", "UpdateDB(int, double, double&, bool)", "ShowAutomobilInformationsDlg()",
                                   "ShowAutomobilContractDlg()", "ShowAutomobilDemandsDlg()",
                                   "ShowAutomobilReportSeasonsDlg()", "Archives()"})
         QVERIFY2(names.contains(QLatin1String("CAutoDBSetting::") + QLatin1String(operation)), operation);
     for (const QString &name : std::as_const(names)) {
-        static const QRegularExpression own(QStringLiteral("^(CAutoDBSetting::|(vtable|typeinfo|typeinfo name) for CAutoDBSetting$)"));
+        static const QRegularExpression own(u"^(CAutoDBSetting::|(vtable|typeinfo|typeinfo name) for CAutoDBSetting$)"_s);
         QVERIFY2(own.match(name).hasMatch(), qPrintable(name));
     }
 }

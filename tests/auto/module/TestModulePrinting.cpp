@@ -21,6 +21,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class TabHost final : public KTabHost
@@ -49,9 +51,9 @@ public Q_SLOTS:
 private Q_SLOTS:
     void initTestCase()
     {
-        setSettingsFile(m_folder.filePath(QStringLiteral("user.ini")));
+        setSettingsFile(m_folder.filePath(u"user.ini"_s));
         qputenv("TMPDIR", m_folder.path().toLocal8Bit());
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
         g_pDlgWarning->answerAll(true);
         CTblUsers::setHashCost(CTblUsers::leastCost());
         SuiteSchema::upgrade();
@@ -59,24 +61,24 @@ private Q_SLOTS:
 
     void cleanupTestCase()
     {
-        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        QDesktopServices::unsetUrlHandler(u"file"_s);
         GetDBSetting()->Logout();
         setSettingsFile({});
     }
 
     void contractIsPrintedFromTheTemplateBesideTheModule()
     {
-        KModuleLoader loader(QStringLiteral("TzAuto"));
-        QVERIFY2(loader.load(QStringLiteral(TZ_MODULE)), qPrintable(loader.technicalText()));
+        KModuleLoader loader(u"TzAuto"_s);
+        QVERIFY2(loader.load(u"" TZ_MODULE ""_s), qPrintable(loader.technicalText()));
         const auto entry = reinterpret_cast<CAutoDBSetting *(*)()>(loader.resolve("GetAutoDBSetting"));
         QVERIFY(entry);
         double reached = 0;
         QCOMPARE(entry()->UpdateDB(0, 0, reached, false), 1);
         SuiteSchema::setModuleVersion(reached);
         SuiteSchema::afterModuleUpgrade();
-        QVERIFY(GetDBSetting()->Login(CTblUsers::create(QStringLiteral("boss"), QStringLiteral("secret"), QStringLiteral("boss"), true)));
-        m_database.run(QStringLiteral("INSERT INTO AutomobilContracts (iCode, iContractType, iPersonContract1, iPersonContract2, sName1, "
-                                      "iStatus, bReturn, iArchiveUserID) VALUES (9, 2, 2, 2, 'a', 0, 0, 0)"));
+        QVERIFY(GetDBSetting()->Login(CTblUsers::create(u"boss"_s, u"secret"_s, u"boss"_s, true)));
+        m_database.run(u"INSERT INTO AutomobilContracts (iCode, iContractType, iPersonContract1, iPersonContract2, sName1, "
+                       "iStatus, bReturn, iArchiveUserID) VALUES (9, 2, 2, 2, 'a', 0, 0, 0)"_s);
 
         TabHost host;
         GetDBSetting()->SetTabHost(&host);
@@ -84,11 +86,11 @@ private Q_SLOTS:
         auto *page = qobject_cast<KListPage *>(host.m_page.get());
         QVERIFY(page);
         page->open();
-        QVERIFY(page->runCommand(QStringLiteral("چاپ قرارداد ")));
+        QVERIFY(page->runCommand(u"چاپ قرارداد "_s));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
         QCOMPARE(m_opened.size(), 1);
         const QFileInfo printed(m_opened.first().toLocalFile());
-        QCOMPARE(printed.fileName(), QStringLiteral("AutoInstallment.docx"));
+        QCOMPARE(printed.fileName(), u"AutoInstallment.docx"_s);
         QVERIFY(printed.filePath().startsWith(m_folder.path() + u'/'));
         QVERIFY(printed.size() > 0);
         // Code of the module must be gone before the module is.

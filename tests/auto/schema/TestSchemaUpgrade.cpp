@@ -14,6 +14,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct VersionedStatement
@@ -26,7 +28,7 @@ struct VersionedStatement
 QList<VersionedStatement> requiredStatements()
 {
     QList<VersionedStatement> statements;
-    QFile file(QStringLiteral(TZ_TEST_SOURCE "/upgrade_statements.tsv"));
+    QFile file(u"" TZ_TEST_SOURCE "/upgrade_statements.tsv"_s);
     if (!file.open(QIODevice::ReadOnly))
         return statements;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -38,11 +40,11 @@ QList<VersionedStatement> requiredStatements()
     return statements;
 }
 
-const QStringList schemaWords{QStringLiteral("CREATE"), QStringLiteral("DROP"), QStringLiteral("ALTER")};
+const QStringList schemaWords{u"CREATE"_s, u"DROP"_s, u"ALTER"_s};
 
 QString failureMessage(const char *stored, const char *reached)
 {
-    return QStringLiteral("عملیات ارتقاء پایگاه داده Auto با خطا مواجه شد\nنسخه برنامه : %1\nارتقاء بدون مشکل تا %2.")
+    return u"عملیات ارتقاء پایگاه داده Auto با خطا مواجه شد\nنسخه برنامه : %1\nارتقاء بدون مشکل تا %2."_s
         .arg(QLatin1String(stored), QLatin1String(reached));
 }
 
@@ -76,7 +78,7 @@ private Q_SLOTS:
 private:
     void bringTo(double version);
     bool hasColumn(const QString &table, const QString &column);
-    QString sqlMode() { return m_database.value(QStringLiteral("SELECT @@SESSION.sql_mode")); }
+    QString sqlMode() { return m_database.value(u"SELECT @@SESSION.sql_mode"_s); }
 
     TestDatabase m_database;
     CAutoDBSetting m_setting;
@@ -117,8 +119,8 @@ void TestSchemaUpgrade::bringTo(double version)
 
 bool TestSchemaUpgrade::hasColumn(const QString &table, const QString &column)
 {
-    return m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
-                                           " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'")
+    return m_database.value(u"SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
+                            " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'"_s
                                 .arg(table, column))
         == QLatin1String("1");
 }
@@ -134,8 +136,8 @@ void TestSchemaUpgrade::freshDatabaseRunsEveryStatementToTheLetter()
     QCOMPARE(statements.size(), required.size());
     for (qsizetype i = 0; i < required.size(); ++i)
         QCOMPARE(statements[i], required[i].text);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()")),
-             QStringLiteral("9"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()"_s),
+             u"9"_s);
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
@@ -174,22 +176,22 @@ void TestSchemaUpgrade::storedVersionRunsOnlyTheStepsAboveIt()
 void TestSchemaUpgrade::contractsKeepTheirRowsAndGainTheirColumns()
 {
     bringTo(4.22);
-    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts (iCode, sDesc) VALUES (17, 'سند قدیمی')"));
+    m_database.run(u"INSERT INTO AutomobilContracts (iCode, sDesc) VALUES (17, 'سند قدیمی')"_s);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.22, reached, true), 1);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT sDesc FROM AutomobilContracts WHERE iCode=17")),
-             QStringLiteral("سند قدیمی"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT bReturn FROM AutomobilContracts")), QStringLiteral("0"));
-    QVERIFY(hasColumn(QStringLiteral("AutomobilContracts"), QStringLiteral("dPercentImposition2")));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE "
-                                             "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilContracts'")),
-             QStringLiteral("125"));
+    QCOMPARE(m_database.value(u"SELECT sDesc FROM AutomobilContracts WHERE iCode=17"_s),
+             u"سند قدیمی"_s);
+    QCOMPARE(m_database.value(u"SELECT bReturn FROM AutomobilContracts"_s), u"0"_s);
+    QVERIFY(hasColumn(u"AutomobilContracts"_s, u"dPercentImposition2"_s));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.COLUMNS WHERE "
+                              "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilContracts'"_s),
+             u"125"_s);
 }
 
 void TestSchemaUpgrade::reachedVersionFollowsTheLastCompletedStep()
 {
     bringTo(4.22);
-    m_database.run(QStringLiteral("CREATE VIEW AutomobilPayments AS SELECT 1"));
+    m_database.run(u"CREATE VIEW AutomobilPayments AS SELECT 1"_s);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.22, reached, true), 0);
     QCOMPARE(reached, 4.659);
@@ -200,8 +202,8 @@ void TestSchemaUpgrade::failingCreateOfCarModelsGivesBackTheStepBefore()
 {
     // DROP TABLE IF EXISTS passes over a view, and then its name is taken.
     bringTo(4.673);
-    m_database.run(QStringLiteral("CREATE TABLE CarBrands (iOld INT)"));
-    m_database.run(QStringLiteral("CREATE VIEW CarModels AS SELECT 1"));
+    m_database.run(u"CREATE TABLE CarBrands (iOld INT)"_s);
+    m_database.run(u"CREATE VIEW CarModels AS SELECT 1"_s);
     double reached = 0;
     ObservedStatements observed(schemaWords);
     QCOMPARE(m_setting.UpdateDB(0, 0, reached, true), 0);
@@ -209,34 +211,34 @@ void TestSchemaUpgrade::failingCreateOfCarModelsGivesBackTheStepBefore()
 
     QCOMPARE(reached, 4.673);
     QVERIFY(statements.last().startsWith(QLatin1String("CREATE TABLE CarModels(")));
-    QVERIFY(hasColumn(QStringLiteral("CarBrands"), QStringLiteral("sNameEnglish")));
-    QVERIFY(!hasColumn(QStringLiteral("CarBrands"), QStringLiteral("iOld")));
-    QVERIFY(hasColumn(QStringLiteral("AutomobilInformations"), QStringLiteral("iBodyStatus")));
-    QVERIFY(!hasColumn(QStringLiteral("CarClasses"), QStringLiteral("iID")));
+    QVERIFY(hasColumn(u"CarBrands"_s, u"sNameEnglish"_s));
+    QVERIFY(!hasColumn(u"CarBrands"_s, u"iOld"_s));
+    QVERIFY(hasColumn(u"AutomobilInformations"_s, u"iBodyStatus"_s));
+    QVERIFY(!hasColumn(u"CarClasses"_s, u"iID"_s));
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList(failureMessage("0.000000", "4.673000")));
 }
 
 void TestSchemaUpgrade::halfRunStepRunsAgainWithTheAlterFlagFalse()
 {
     failingCreateOfCarModelsGivesBackTheStepBefore();
-    m_database.run(QStringLiteral("DROP VIEW CarModels"));
+    m_database.run(u"DROP VIEW CarModels"_s);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.673, reached, false), 1);
     QCOMPARE(reached, 6.211);
-    QVERIFY(hasColumn(QStringLiteral("CarYears"), QStringLiteral("iGreaBoxType")));
-    QVERIFY(hasColumn(QStringLiteral("AutomobilInformations"), QStringLiteral("iYear")));
+    QVERIFY(hasColumn(u"CarYears"_s, u"iGreaBoxType"_s));
+    QVERIFY(hasColumn(u"AutomobilInformations"_s, u"iYear"_s));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
 void TestSchemaUpgrade::halfRunStepStopsAgainWithTheAlterFlagTrue()
 {
     failingCreateOfCarModelsGivesBackTheStepBefore();
-    m_database.run(QStringLiteral("DROP VIEW CarModels"));
+    m_database.run(u"DROP VIEW CarModels"_s);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.673, reached, true), 0);
     QCOMPARE(reached, 4.673);
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList(failureMessage("4.673000", "4.673000")));
-    QVERIFY(!hasColumn(QStringLiteral("CarClasses"), QStringLiteral("iID")));
+    QVERIFY(!hasColumn(u"CarClasses"_s, u"iID"_s));
 }
 
 void TestSchemaUpgrade::repeatedAlterObeysTheAlterFlag_data()
@@ -261,7 +263,7 @@ void TestSchemaUpgrade::repeatedAlterObeysTheAlterFlag()
 void TestSchemaUpgrade::alterFlagFalseStillRaisesOtherErrors()
 {
     bringTo(4.673);
-    m_database.run(QStringLiteral("ALTER TABLE AutomobilInformations DROP COLUMN sBodyStatus"));
+    m_database.run(u"ALTER TABLE AutomobilInformations DROP COLUMN sBodyStatus"_s);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.673, reached, false), 0);
     QCOMPARE(reached, 4.673);
@@ -271,10 +273,10 @@ void TestSchemaUpgrade::bodyStatusTextsBecomeNumbers_data()
 {
     QTest::addColumn<QString>("literal");
     QTest::addColumn<QString>("number");
-    QTest::newRow("a number") << QStringLiteral("'3'") << QStringLiteral("3");
-    QTest::newRow("words") << QStringLiteral("'abc'") << QStringLiteral("0");
-    QTest::newRow("empty") << QStringLiteral("''") << QStringLiteral("0");
-    QTest::newRow("NULL stays NULL") << QStringLiteral("NULL") << QString();
+    QTest::newRow("a number") << u"'3'"_s << u"3"_s;
+    QTest::newRow("words") << u"'abc'"_s << u"0"_s;
+    QTest::newRow("empty") << u"''"_s << u"0"_s;
+    QTest::newRow("NULL stays NULL") << u"NULL"_s << QString();
 }
 
 void TestSchemaUpgrade::bodyStatusTextsBecomeNumbers()
@@ -282,11 +284,11 @@ void TestSchemaUpgrade::bodyStatusTextsBecomeNumbers()
     QFETCH(QString, literal);
     QFETCH(QString, number);
     bringTo(4.673);
-    m_database.run(QStringLiteral("INSERT INTO AutomobilInformations (iCode, sBodyStatus) VALUES (1, %1)").arg(literal));
+    m_database.run(u"INSERT INTO AutomobilInformations (iCode, sBodyStatus) VALUES (1, %1)"_s.arg(literal));
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.673, reached, true), 1);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("1"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iBodyStatus FROM AutomobilInformations")), number);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"1"_s);
+    QCOMPARE(m_database.value(u"SELECT iBodyStatus FROM AutomobilInformations"_s), number);
 }
 
 void TestSchemaUpgrade::sessionIsStrictAgainAfterwards()
@@ -303,7 +305,7 @@ void TestSchemaUpgrade::sessionIsStrictAgainAfterwards()
 void TestSchemaUpgrade::databaseOutOfReachIsReported()
 {
     KConnectionSettings nowhere = m_database.settings();
-    nowhere.socketPath += QStringLiteral(".gone");
+    nowhere.socketPath += u".gone"_s;
     KConnection::configure(7, nowhere);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(7, 4.22, reached, true), 0);
@@ -315,12 +317,12 @@ void TestSchemaUpgrade::columnLengthsAreReadAnewAfterwards()
 {
     bringTo(4.22);
     KTableSchema::forgetAll();
-    QCOMPARE(KTableSchema::textLength(QStringLiteral("AutomobilContracts"), QStringLiteral("sName1")), 0);
+    QCOMPARE(KTableSchema::textLength(u"AutomobilContracts"_s, u"sName1"_s), 0);
     double reached = 0;
     QCOMPARE(m_setting.UpdateDB(0, 4.22, reached, true), 1);
-    QCOMPARE(KTableSchema::textLength(QStringLiteral("AutomobilContracts"), QStringLiteral("sName1")), 100);
-    QCOMPARE(KTableSchema::textLength(QStringLiteral("AutomobilContracts"), QStringLiteral("sLicense")), 50);
-    QCOMPARE(KTableSchema::textLength(QStringLiteral("AutomobilInformations"), QStringLiteral("sLicense")), 20);
+    QCOMPARE(KTableSchema::textLength(u"AutomobilContracts"_s, u"sName1"_s), 100);
+    QCOMPARE(KTableSchema::textLength(u"AutomobilContracts"_s, u"sLicense"_s), 50);
+    QCOMPARE(KTableSchema::textLength(u"AutomobilInformations"_s, u"sLicense"_s), 20);
 }
 
 static const RegisteredTest<TestSchemaUpgrade, QCoreApplication> registered;

@@ -14,6 +14,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestContractSettings : public QObject
 {
     Q_OBJECT
@@ -104,8 +106,8 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
     settings.save();
 
     const auto stored = [this](const char *key) {
-        return m_database.value(QStringLiteral("SELECT sValue FROM Properties WHERE sSection='AutomobilContracts' AND "
-                                               "BINARY sKey='%1'")
+        return m_database.value(u"SELECT sValue FROM Properties WHERE sSection='AutomobilContracts' AND "
+                                "BINARY sKey='%1'"_s
                                     .arg(QLatin1String(key)));
     };
     QCOMPARE(stored("dPercentImposition").toDouble(), 1.5);
@@ -116,11 +118,11 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
     QCOMPARE(stored("dPercentCommission").toDouble(), 0.5);
     QCOMPARE(stored("dPercentCommission2").toDouble(), 0.75);
     QCOMPARE(stored("dPercentCommission3").toDouble(), 1.25);
-    QCOMPARE(stored("iDay"), QStringLiteral("30"));
-    QCOMPARE(stored("bTransactionAmount"), QStringLiteral("1"));
-    QCOMPARE(stored("bDemands"), QStringLiteral("1"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'")),
-             QStringLiteral("11"));
+    QCOMPARE(stored("iDay"), u"30"_s);
+    QCOMPARE(stored("bTransactionAmount"), u"1"_s);
+    QCOMPARE(stored("bDemands"), u"1"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s),
+             u"11"_s);
 
     const ContractSettings read = ContractSettings::load();
     QCOMPARE(read.dutyPercent, settings.dutyPercent);
@@ -134,13 +136,13 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
 
 void TestContractSettings::failedSaveWritesNothing()
 {
-    m_database.run(QStringLiteral("CREATE TRIGGER refuseDays BEFORE INSERT ON Properties FOR EACH ROW "
-                                  "IF NEW.sKey='iDay' THEN SIGNAL SQLSTATE '45000'; END IF"));
+    m_database.run(u"CREATE TRIGGER refuseDays BEFORE INSERT ON Properties FOR EACH ROW "
+                   "IF NEW.sKey='iDay' THEN SIGNAL SQLSTATE '45000'; END IF"_s);
     ContractSettings settings;
     settings.taxPercent = 9;
     QVERIFY_THROWS_EXCEPTION(CMySQLException, settings.save());
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s),
+             u"0"_s);
 }
 
 void TestContractSettings::invoicesStartFromTheSameRates()

@@ -9,6 +9,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct NamedList
@@ -37,7 +39,7 @@ constexpr NamedList namedLists[] = {
 std::map<QString, QStringList> expectedLists()
 {
     std::map<QString, QStringList> lists;
-    QFile file(QStringLiteral(TZ_TEST_SOURCE "/word_lists.tsv"));
+    QFile file(u"" TZ_TEST_SOURCE "/word_lists.tsv"_s);
     if (!file.open(QIODevice::ReadOnly))
         return lists;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -110,7 +112,7 @@ void TestWordLists::positionOutsideTheListIsEmpty()
 {
     QCOMPARE(WordLists::textAt(WordLists::balanceSides(), -1), QString());
     QCOMPARE(WordLists::textAt(WordLists::balanceSides(), 3), QString());
-    QCOMPARE(WordLists::textAt(WordLists::fuelTypes(), 0), QStringLiteral("-"));
+    QCOMPARE(WordLists::textAt(WordLists::fuelTypes(), 0), u"-"_s);
 }
 
 static const RegisteredTest<TestWordLists> registered;

@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgSettings : public QObject
 {
     Q_OBJECT
@@ -40,12 +42,12 @@ namespace {
 struct Settings
 {
     Settings()
-        : unit(named<KEdit>(dialog, QStringLiteral("نام واحد پول :")))
-        , decimals(named<QComboBox>(dialog, QStringLiteral("رقم‌های اعشار :")))
-        , year(named<KEdit>(dialog, QStringLiteral("سال مالی :")))
-        , opening(named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :")))
-        , catalogLocked(named<QCheckBox>(dialog, QStringLiteral("فهرست خودروها قفل است (فقط انتخاب)")))
-        , closed(named<QCheckBox>(dialog, QStringLiteral("پایگاه داده بسته است (فقط مشاهده)")))
+        : unit(named<KEdit>(dialog, u"نام واحد پول :"_s))
+        , decimals(named<QComboBox>(dialog, u"رقم‌های اعشار :"_s))
+        , year(named<KEdit>(dialog, u"سال مالی :"_s))
+        , opening(named<KDateEdit>(dialog, u"تاریخ افتتاح :"_s))
+        , catalogLocked(named<QCheckBox>(dialog, u"فهرست خودروها قفل است (فقط انتخاب)"_s))
+        , closed(named<QCheckBox>(dialog, u"پایگاه داده بسته است (فقط مشاهده)"_s))
     {
     }
 
@@ -63,16 +65,16 @@ struct Settings
 void TestCDlgSettings::showsWhatIsStored()
 {
     CDBSetting *setting = GetDBSetting();
-    setting->SetMoneyUnitName(QStringLiteral("تومان"));
+    setting->SetMoneyUnitName(u"تومان"_s);
     setting->SetMoneyDecimals(2);
     setting->SetFiscalYear(1403);
     setting->SetCatalogLocked(true);
     setting->SetFiscalYearOpeningDate(QDateTime(ConvertToMiladi(1403, 1, 5), QTime(0, 0), Qt::UTC));
     const Settings settings;
-    QCOMPARE(settings.unit->text(), QStringLiteral("تومان"));
-    QCOMPARE(settings.decimals->currentText(), QStringLiteral("2"));
+    QCOMPARE(settings.unit->text(), u"تومان"_s);
+    QCOMPARE(settings.decimals->currentText(), u"2"_s);
     QCOMPARE(settings.year->integer(), 1403);
-    QCOMPARE(settings.opening->text(), QStringLiteral("1403/01/05"));
+    QCOMPARE(settings.opening->text(), u"1403/01/05"_s);
     QVERIFY(settings.catalogLocked->isChecked());
     QVERIFY(!settings.closed->isChecked());
 }
@@ -80,7 +82,7 @@ void TestCDlgSettings::showsWhatIsStored()
 void TestCDlgSettings::storesEverything()
 {
     Settings settings;
-    settings.unit->setText(QStringLiteral("تومان"));
+    settings.unit->setText(u"تومان"_s);
     settings.decimals->setCurrentIndex(3);
     settings.year->setNumber(1404);
     settings.opening->setDate(ConvertToMiladi(1404, 1, 2));
@@ -89,9 +91,9 @@ void TestCDlgSettings::storesEverything()
     settings.dialog.accept();
     QCOMPARE(settings.dialog.result(), int(QDialog::Accepted));
     const CDBSetting *setting = GetDBSetting();
-    QCOMPARE(setting->MoneyUnitName(), QStringLiteral("تومان"));
+    QCOMPARE(setting->MoneyUnitName(), u"تومان"_s);
     QCOMPARE(setting->MoneyDecimals(), 3);
-    QCOMPARE(DToMoney(1), QStringLiteral("1.000"));
+    QCOMPARE(DToMoney(1), u"1.000"_s);
     QCOMPARE(setting->FiscalYear(), 1404);
     QCOMPARE(setting->FiscalYearOpeningDate().date(), ConvertToMiladi(1404, 1, 2));
     QVERIFY(setting->IsCatalogLocked());
@@ -130,18 +132,18 @@ void TestCDlgSettings::refused()
 void TestCDlgSettings::cancelChangesNothing()
 {
     Settings settings;
-    settings.unit->setText(QStringLiteral("تومان"));
+    settings.unit->setText(u"تومان"_s);
     settings.closed->setChecked(true);
     settings.dialog.reject();
-    QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("ریال"));
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
     QVERIFY(!GetDBSetting()->IsClosedDB());
 }
 
 void TestCDlgSettings::anotherFiscalYearOpensOnItsFirstDay()
 {
     Settings settings;
-    settings.year->setText(QStringLiteral("1406"));
-    QCOMPARE(settings.opening->text(), QStringLiteral("1406/01/01"));
+    settings.year->setText(u"1406"_s);
+    QCOMPARE(settings.opening->text(), u"1406/01/01"_s);
 }
 
 void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()
@@ -154,11 +156,11 @@ void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()
                                  static_cast<QWidget *>(settings.year), static_cast<QWidget *>(settings.opening),
                                  static_cast<QWidget *>(settings.catalogLocked)})
         QVERIFY(!field->isEnabled());
-    settings.unit->setText(QStringLiteral("تومان"));
+    settings.unit->setText(u"تومان"_s);
     settings.closed->setChecked(false);
     settings.dialog.accept();
     QVERIFY(!GetDBSetting()->IsClosedDB());
-    QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("ریال"));
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
 }
 
 static const RegisteredTest<TestCDlgSettings, QApplication> registered;

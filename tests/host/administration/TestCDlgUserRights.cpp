@@ -15,6 +15,8 @@
 #include <QTableView>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgUserRights : public QObject
 {
     Q_OBJECT
@@ -45,7 +47,7 @@ private:
 void TestCDlgUserRights::init()
 {
     m_office.fresh();
-    m_clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("clerk1"), QStringLiteral("کارمند"), false);
+    m_clerk = CTblUsers::create(u"clerk"_s, u"clerk1"_s, u"کارمند"_s, false);
 }
 
 QModelIndex TestCDlgUserRights::box(const CDlgUserRights &dialog, const QString &form, KSecurity::Right right) const
@@ -79,33 +81,33 @@ void TestCDlgUserRights::gridKeepsTheRulesOfAModel()
 {
     RightsGridModel grid;
     const QAbstractItemModelTester tester(&grid, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    grid.setRights({{QStringLiteral("Persons"), KSecurity::allRights}});
+    grid.setRights({{u"Persons"_s, KSecurity::allRights}});
     grid.setAll(true);
     QVERIFY(grid.setData(grid.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
-    QVERIFY(!grid.setData(grid.index(0, 0), QStringLiteral("text"), Qt::EditRole));
+    QVERIFY(!grid.setData(grid.index(0, 0), u"text"_s, Qt::EditRole));
     QVERIFY(!grid.setData({}, Qt::Checked, Qt::CheckStateRole));
 }
 
 void TestCDlgUserRights::aRightOtherThanAccessGrantsAccessToo()
 {
     const CDlgUserRights dialog(m_clerk);
-    tick(dialog, box(dialog, QStringLiteral("Persons"), KSecurity::Write), true);
-    QCOMPARE(dialog.grid()->rights().value(QStringLiteral("Persons")), KSecurity::Write | KSecurity::Access);
+    tick(dialog, box(dialog, u"Persons"_s, KSecurity::Write), true);
+    QCOMPARE(dialog.grid()->rights().value(u"Persons"_s), KSecurity::Write | KSecurity::Access);
 }
 
 void TestCDlgUserRights::takingAccessOffTakesAllOff()
 {
-    KSecurity::setRights(m_clerk, QStringLiteral("Persons"), KSecurity::allRights);
+    KSecurity::setRights(m_clerk, u"Persons"_s, KSecurity::allRights);
     const CDlgUserRights dialog(m_clerk);
-    QCOMPARE(box(dialog, QStringLiteral("Persons"), KSecurity::Delete).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
-    tick(dialog, box(dialog, QStringLiteral("Persons"), KSecurity::Access), false);
-    QCOMPARE(dialog.grid()->rights().value(QStringLiteral("Persons")), 0);
+    QCOMPARE(box(dialog, u"Persons"_s, KSecurity::Delete).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    tick(dialog, box(dialog, u"Persons"_s, KSecurity::Access), false);
+    QCOMPARE(dialog.grid()->rights().value(u"Persons"_s), 0);
 }
 
 void TestCDlgUserRights::aPermissionHasOneBoxOnly()
 {
     const CDlgUserRights dialog(m_clerk);
-    const QString archive = QStringLiteral("AutomobilContractArchive");
+    const QString archive = u"AutomobilContractArchive"_s;
     QVERIFY(box(dialog, archive, KSecurity::Access).flags() & Qt::ItemIsUserCheckable);
     const QModelIndex other = box(dialog, archive, KSecurity::Write);
     QVERIFY(other.isValid());
@@ -117,20 +119,20 @@ void TestCDlgUserRights::aPermissionHasOneBoxOnly()
 void TestCDlgUserRights::everyBoxIsNamedForAScreenReader()
 {
     const CDlgUserRights dialog(m_clerk);
-    const QModelIndex index = box(dialog, QStringLiteral("Persons"), KSecurity::Delete);
+    const QModelIndex index = box(dialog, u"Persons"_s, KSecurity::Delete);
     const QString name = index.data(Qt::AccessibleTextRole).toString();
-    QVERIFY(name.contains(KSecurity::formCaption(QStringLiteral("Persons"))));
+    QVERIFY(name.contains(KSecurity::formCaption(u"Persons"_s)));
     QVERIFY(name.contains(KSecurity::rightCaption(KSecurity::Delete)));
 }
 
 void TestCDlgUserRights::spaceTicksTheCurrentBox()
 {
     CDlgUserRights dialog(m_clerk);
-    auto *view = named<QTableView>(dialog, QStringLiteral("جدول دسترسی‌ها"));
+    auto *view = named<QTableView>(dialog, u"جدول دسترسی‌ها"_s);
     QVERIFY(view);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    const QModelIndex index = box(dialog, QStringLiteral("Persons"), KSecurity::Read);
+    const QModelIndex index = box(dialog, u"Persons"_s, KSecurity::Read);
     view->setCurrentIndex(index);
     QTest::keyClick(view, Qt::Key_Space);
     QCOMPARE(index.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
@@ -139,14 +141,14 @@ void TestCDlgUserRights::spaceTicksTheCurrentBox()
 void TestCDlgUserRights::okStoresAndRightsHoldAtOnce()
 {
     GetDBSetting()->Login(m_clerk);
-    QVERIFY(!KSecurity::IsGranted(QStringLiteral("Persons"), KSecurity::Read));
+    QVERIFY(!KSecurity::IsGranted(u"Persons"_s, KSecurity::Read));
     CDlgUserRights dialog(m_clerk);
-    tick(dialog, box(dialog, QStringLiteral("Persons"), KSecurity::Read), true);
+    tick(dialog, box(dialog, u"Persons"_s, KSecurity::Read), true);
     dialog.accept();
     QCOMPARE(KSecurity::storedRights(m_clerk),
-             (QHash<QString, int>{{QStringLiteral("Persons"), KSecurity::Access | KSecurity::Read}}));
-    QVERIFY(KSecurity::IsGranted(QStringLiteral("Persons"), KSecurity::Read));
-    QVERIFY(!KSecurity::IsGranted(QStringLiteral("Persons"), KSecurity::Write));
+             (QHash<QString, int>{{u"Persons"_s, KSecurity::Access | KSecurity::Read}}));
+    QVERIFY(KSecurity::IsGranted(u"Persons"_s, KSecurity::Read));
+    QVERIFY(!KSecurity::IsGranted(u"Persons"_s, KSecurity::Write));
 }
 
 void TestCDlgUserRights::cancelStoresNothing()
@@ -160,35 +162,35 @@ void TestCDlgUserRights::cancelStoresNothing()
 void TestCDlgUserRights::allAndNone()
 {
     CDlgUserRights dialog(m_clerk);
-    named<QPushButton>(dialog, QStringLiteral("انتخاب همه"))->click();
+    named<QPushButton>(dialog, u"انتخاب همه"_s)->click();
     for (const KSecurity::Form &form : KSecurity::forms())
         QCOMPARE(dialog.grid()->rights().value(form.name), form.single ? int(KSecurity::Access) : KSecurity::allRights);
-    named<QPushButton>(dialog, QStringLiteral("هیچ کدام"))->click();
+    named<QPushButton>(dialog, u"هیچ کدام"_s)->click();
     dialog.accept();
     QVERIFY(KSecurity::storedRights(m_clerk).isEmpty());
 }
 
 void TestCDlgUserRights::copyFromAnotherUser()
 {
-    const int seller = CTblUsers::create(QStringLiteral("seller"), QStringLiteral("seller1"), {}, false);
-    KSecurity::setRights(seller, QStringLiteral("AutomobilContracts"), KSecurity::Access | KSecurity::Write);
-    KSecurity::setRights(m_clerk, QStringLiteral("Persons"), KSecurity::allRights);
+    const int seller = CTblUsers::create(u"seller"_s, u"seller1"_s, {}, false);
+    KSecurity::setRights(seller, u"AutomobilContracts"_s, KSecurity::Access | KSecurity::Write);
+    KSecurity::setRights(m_clerk, u"Persons"_s, KSecurity::allRights);
     CDlgUserRights dialog(m_clerk);
-    auto *source = named<QComboBox>(dialog, QStringLiteral("کپی از کاربر :"));
-    QCOMPARE(source->findText(QStringLiteral("clerk")), -1);
-    source->setCurrentIndex(source->findText(QStringLiteral("seller")));
-    named<QPushButton>(dialog, QStringLiteral("کپی"))->click();
+    auto *source = named<QComboBox>(dialog, u"کپی از کاربر :"_s);
+    QCOMPARE(source->findText(u"clerk"_s), -1);
+    source->setCurrentIndex(source->findText(u"seller"_s));
+    named<QPushButton>(dialog, u"کپی"_s)->click();
     dialog.accept();
     QCOMPARE(KSecurity::storedRights(m_clerk), KSecurity::storedRights(seller));
 }
 
 void TestCDlgUserRights::formsThatTheGridDoesNotShowAreKept()
 {
-    KSecurity::setRights(m_clerk, QStringLiteral("OfAnotherModule"), KSecurity::Access);
+    KSecurity::setRights(m_clerk, u"OfAnotherModule"_s, KSecurity::Access);
     CDlgUserRights dialog(m_clerk);
-    tick(dialog, box(dialog, QStringLiteral("Persons"), KSecurity::Access), true);
+    tick(dialog, box(dialog, u"Persons"_s, KSecurity::Access), true);
     dialog.accept();
-    QCOMPARE(KSecurity::storedRights(m_clerk).value(QStringLiteral("OfAnotherModule")), int(KSecurity::Access));
+    QCOMPARE(KSecurity::storedRights(m_clerk).value(u"OfAnotherModule"_s), int(KSecurity::Access));
 }
 
 static const RegisteredTest<TestCDlgUserRights, QApplication> registered;

@@ -65,9 +65,9 @@ QCheckBox *check(const CDlgAddUser &dialog, const QString &caption)
 
 void fill(const CDlgAddUser &dialog, const QString &user, const QString &password, const QString &repeated)
 {
-    edit(dialog, QStringLiteral("نام کاربری :"))->setText(user);
-    edit(dialog, QStringLiteral("کلمه عبور :"))->setText(password);
-    edit(dialog, QStringLiteral("تکرار کلمه عبور :"))->setText(repeated);
+    edit(dialog, u"نام کاربری :"_s)->setText(user);
+    edit(dialog, u"کلمه عبور :"_s)->setText(password);
+    edit(dialog, u"تکرار کلمه عبور :"_s)->setText(repeated);
 }
 
 }
@@ -75,7 +75,7 @@ void fill(const CDlgAddUser &dialog, const QString &user, const QString &passwor
 void TestCDlgUsers::init()
 {
     m_office.fresh();
-    m_clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("clerk1"), QStringLiteral("کارمند"), false);
+    m_clerk = CTblUsers::create(u"clerk"_s, u"clerk1"_s, u"کارمند"_s, false);
 }
 
 void TestCDlgUsers::listShowsEverybodyWithState()
@@ -84,25 +84,25 @@ void TestCDlgUsers::listShowsEverybodyWithState()
     page.open();
     QCOMPARE(page.list()->count(), 2);
     const int row = page.list()->listModel()->rowOfKey(m_clerk);
-    QCOMPARE(page.list()->cellText(row, u"user"), QStringLiteral("clerk"));
-    QCOMPARE(page.list()->cellText(row, u"name"), QStringLiteral("کارمند"));
-    QCOMPARE(page.list()->cellText(row, u"admin"), QStringLiteral("خیر"));
-    QCOMPARE(page.list()->cellText(row, u"status"), QStringLiteral("فعال"));
-    QCOMPARE(page.list()->cellText(page.list()->listModel()->rowOfKey(m_office.admin), u"admin"), QStringLiteral("بله"));
+    QCOMPARE(page.list()->cellText(row, u"user"), u"clerk"_s);
+    QCOMPARE(page.list()->cellText(row, u"name"), u"کارمند"_s);
+    QCOMPARE(page.list()->cellText(row, u"admin"), u"خیر"_s);
+    QCOMPARE(page.list()->cellText(row, u"status"), u"فعال"_s);
+    QCOMPARE(page.list()->cellText(page.list()->listModel()->rowOfKey(m_office.admin), u"admin"), u"بله"_s);
 }
 
 void TestCDlgUsers::namesAreSearchedAndInactiveOnesLeftOut()
 {
     CDlgUsers page;
     page.open();
-    page.filters().set(u"name", QStringLiteral("کارم"));
+    page.filters().set(u"name", u"کارم"_s);
     page.refill();
     QCOMPARE(page.list()->count(), 1);
-    page.filters().set(u"name", QStringLiteral("%"));
+    page.filters().set(u"name", u"%"_s);
     page.refill();
     QCOMPARE(page.list()->count(), 0);
     page.filters().set(u"name", QString());
-    m_office.database.run(QStringLiteral("UPDATE Users SET iStatus=1 WHERE iID=%1").arg(m_clerk));
+    m_office.database.run(u"UPDATE Users SET iStatus=1 WHERE iID=%1"_s.arg(m_clerk));
     page.filters().set(u"inactive", false);
     page.refill();
     QCOMPARE(page.list()->count(), 1);
@@ -114,16 +114,16 @@ void TestCDlgUsers::withoutTheRightThePageIsRefused()
     GetDBSetting()->Login(m_clerk);
     CDlgUsers page;
     QVERIFY(!page.OnAccess());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Users"), KSecurity::Access)});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Users"_s, KSecurity::Access)});
 }
 
 void TestCDlgUsers::nobodyMakesThemselvesAdministrator()
 {
-    KSecurity::setRights(m_clerk, QStringLiteral("Users"), KSecurity::allRights);
+    KSecurity::setRights(m_clerk, u"Users"_s, KSecurity::allRights);
     GetDBSetting()->Login(m_clerk);
     CDlgUsers page;
     page.open();
-    const QStringList refusal{QStringLiteral("این کار فقط برای مدیر برنامه مجاز است.")};
+    const QStringList refusal{u"این کار فقط برای مدیر برنامه مجاز است."_s};
     // Rights, also their own, and an administrator's account.
     page.list()->selectKey(m_clerk);
     QVERIFY(page.runCommand(u"rights"));
@@ -135,13 +135,13 @@ void TestCDlgUsers::nobodyMakesThemselvesAdministrator()
     }
     CDlgAddUser own(m_clerk);
     for (const QCheckBox *box : own.findChildren<QCheckBox *>())
-        QCOMPARE(box->isEnabled(), box->text() == QStringLiteral("فعال"));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Users WHERE bAdmin=1 AND iStatus=0")), QStringLiteral("1"));
+        QCOMPARE(box->isEnabled(), box->text() == u"فعال"_s);
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Users WHERE bAdmin=1 AND iStatus=0"_s), u"1"_s);
 }
 
 void TestCDlgUsers::readersChangeNothing()
 {
-    KSecurity::setRights(m_clerk, QStringLiteral("Users"), KSecurity::Access | KSecurity::Read);
+    KSecurity::setRights(m_clerk, u"Users"_s, KSecurity::Access | KSecurity::Read);
     GetDBSetting()->Login(m_clerk);
     CDlgUsers page;
     QVERIFY(page.OnAccess());
@@ -151,7 +151,7 @@ void TestCDlgUsers::readersChangeNothing()
         QVERIFY2(page.runCommand(command), qPrintable(command));
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     }
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Users WHERE iStatus=0")), QStringLiteral("2"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Users WHERE iStatus=0"_s), u"2"_s);
 }
 
 void TestCDlgUsers::closedDatabaseHidesTheCommands()
@@ -166,14 +166,14 @@ void TestCDlgUsers::closedDatabaseHidesTheCommands()
 void TestCDlgUsers::newUserIsAdded()
 {
     CDlgAddUser dialog(0);
-    fill(dialog, QStringLiteral(" seller "), QStringLiteral("word1"), QStringLiteral("word1"));
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("فروشنده"));
+    fill(dialog, u" seller "_s, u"word1"_s, u"word1"_s);
+    edit(dialog, u"نام :"_s)->setText(u"فروشنده"_s);
     dialog.accept();
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(CTblUsers::verify(QStringLiteral("seller"), QStringLiteral("word1")), std::optional<int>(dialog.userID()));
+    QCOMPARE(CTblUsers::verify(u"seller"_s, u"word1"_s), std::optional<int>(dialog.userID()));
     CTblUsers stored;
-    QVERIFY(stored.IsRecordExist(QStringLiteral("iID"), dialog.userID()));
-    QCOMPARE(stored.m_sName, QStringLiteral("فروشنده"));
+    QVERIFY(stored.IsRecordExist(u"iID"_s, dialog.userID()));
+    QCOMPARE(stored.m_sName, u"فروشنده"_s);
     QCOMPARE(stored.m_bAdmin, 0);
     QCOMPARE(stored.m_iStatus, 0);
 }
@@ -181,43 +181,43 @@ void TestCDlgUsers::newUserIsAdded()
 void TestCDlgUsers::newUserNeedsAPassword()
 {
     CDlgAddUser dialog(0);
-    fill(dialog, QStringLiteral("seller"), {}, {});
+    fill(dialog, u"seller"_s, {}, {});
     dialog.accept();
-    fill(dialog, QStringLiteral("seller"), QStringLiteral("abc"), QStringLiteral("abc"));
+    fill(dialog, u"seller"_s, u"abc"_s, u"abc"_s);
     dialog.accept();
-    fill(dialog, QStringLiteral("seller"), QStringLiteral("word1"), QStringLiteral("word2"));
+    fill(dialog, u"seller"_s, u"word1"_s, u"word2"_s);
     dialog.accept();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 3);
     QCOMPARE(dialog.userID(), 0);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Users")), QStringLiteral("2"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Users"_s), u"2"_s);
 }
 
 void TestCDlgUsers::loginNameIsTakenOnce()
 {
     CDlgAddUser dialog(0);
-    fill(dialog, QStringLiteral("clerk"), QStringLiteral("word1"), QStringLiteral("word1"));
+    fill(dialog, u"clerk"_s, u"word1"_s, u"word1"_s);
     QVERIFY_THROWS_EXCEPTION(std::exception, dialog.accept());
     QCOMPARE(dialog.userID(), 0);
-    QCOMPARE(edit(dialog, QStringLiteral("نام کاربری :"))->text(), QStringLiteral("clerk"));
+    QCOMPARE(edit(dialog, u"نام کاربری :"_s)->text(), u"clerk"_s);
 }
 
 void TestCDlgUsers::editKeepsThePasswordThatIsNotTypedAnew()
 {
     CDlgAddUser dialog(m_clerk);
-    QCOMPARE(edit(dialog, QStringLiteral("نام کاربری :"))->text(), QStringLiteral("clerk"));
-    QVERIFY(edit(dialog, QStringLiteral("کلمه عبور :"))->text().isEmpty());
-    edit(dialog, QStringLiteral("نام کاربری :"))->setText(QStringLiteral("clerk2"));
+    QCOMPARE(edit(dialog, u"نام کاربری :"_s)->text(), u"clerk"_s);
+    QVERIFY(edit(dialog, u"کلمه عبور :"_s)->text().isEmpty());
+    edit(dialog, u"نام کاربری :"_s)->setText(u"clerk2"_s);
     dialog.accept();
-    QCOMPARE(CTblUsers::verify(QStringLiteral("clerk2"), QStringLiteral("clerk1")), std::optional<int>(m_clerk));
+    QCOMPARE(CTblUsers::verify(u"clerk2"_s, u"clerk1"_s), std::optional<int>(m_clerk));
 }
 
 void TestCDlgUsers::editChangesThePassword()
 {
     CDlgAddUser dialog(m_clerk);
-    fill(dialog, QStringLiteral("clerk"), QStringLiteral("newword"), QStringLiteral("newword"));
+    fill(dialog, u"clerk"_s, u"newword"_s, u"newword"_s);
     dialog.accept();
-    QVERIFY(CTblUsers::verify(QStringLiteral("clerk"), QStringLiteral("newword")));
-    QVERIFY(!CTblUsers::verify(QStringLiteral("clerk"), QStringLiteral("clerk1")));
+    QVERIFY(CTblUsers::verify(u"clerk"_s, u"newword"_s));
+    QVERIFY(!CTblUsers::verify(u"clerk"_s, u"clerk1"_s));
 }
 
 void TestCDlgUsers::lastAdministratorStays_data()
@@ -235,23 +235,23 @@ void TestCDlgUsers::lastAdministratorStays()
     QVERIFY(check(dialog, box));
     check(dialog, box)->setChecked(false);
     dialog.accept();
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("برنامه باید دست‌کم یک مدیر فعال داشته باشد.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s});
     CTblUsers stored;
-    QVERIFY(stored.IsRecordExist(QStringLiteral("iID"), m_office.admin));
+    QVERIFY(stored.IsRecordExist(u"iID"_s, m_office.admin));
     QCOMPARE(stored.m_bAdmin, 1);
     QCOMPARE(stored.m_iStatus, 0);
 }
 
 void TestCDlgUsers::oneDoesNotLockOneselfOut()
 {
-    m_office.database.run(QStringLiteral("UPDATE Users SET bAdmin=1 WHERE iID=%1").arg(m_clerk));
+    m_office.database.run(u"UPDATE Users SET bAdmin=1 WHERE iID=%1"_s.arg(m_clerk));
     CDlgUsers page;
     page.open();
     page.list()->selectKey(m_office.admin);
     QVERIFY(page.runCommand(u"toggleActive"));
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد.")});
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT iStatus FROM Users WHERE iID=%1").arg(m_office.admin)),
-             QStringLiteral("0"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."_s});
+    QCOMPARE(m_office.database.value(u"SELECT iStatus FROM Users WHERE iID=%1"_s.arg(m_office.admin)),
+             u"0"_s);
 }
 
 void TestCDlgUsers::userIsSwitchedOffAndOn()
@@ -260,32 +260,32 @@ void TestCDlgUsers::userIsSwitchedOffAndOn()
     page.open();
     page.list()->selectKey(m_clerk);
     QVERIFY(page.runCommand(u"toggleActive"));
-    QVERIFY(!CTblUsers::verify(QStringLiteral("clerk"), QStringLiteral("clerk1")));
+    QVERIFY(!CTblUsers::verify(u"clerk"_s, u"clerk1"_s));
     page.list()->selectKey(m_clerk);
     QVERIFY(page.runCommand(u"toggleActive"));
-    QVERIFY(CTblUsers::verify(QStringLiteral("clerk"), QStringLiteral("clerk1")));
+    QVERIFY(CTblUsers::verify(u"clerk"_s, u"clerk1"_s));
 }
 
 void TestCDlgUsers::ownPasswordIsChanged()
 {
     CDlgChangePassword dialog;
-    edit(dialog, QStringLiteral("کلمه عبور کنونی :"))->setText(QStringLiteral("secret"));
-    edit(dialog, QStringLiteral("کلمه عبور جدید :"))->setText(QStringLiteral("better"));
-    edit(dialog, QStringLiteral("تکرار کلمه عبور جدید :"))->setText(QStringLiteral("better"));
+    edit(dialog, u"کلمه عبور کنونی :"_s)->setText(u"secret"_s);
+    edit(dialog, u"کلمه عبور جدید :"_s)->setText(u"better"_s);
+    edit(dialog, u"تکرار کلمه عبور جدید :"_s)->setText(u"better"_s);
     dialog.accept();
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QVERIFY(CTblUsers::verify(QStringLiteral("admin"), QStringLiteral("better")));
+    QVERIFY(CTblUsers::verify(u"admin"_s, u"better"_s));
 }
 
 void TestCDlgUsers::ownPasswordNeedsTheOldOne()
 {
     CDlgChangePassword dialog;
-    edit(dialog, QStringLiteral("کلمه عبور کنونی :"))->setText(QStringLiteral("guess"));
-    edit(dialog, QStringLiteral("کلمه عبور جدید :"))->setText(QStringLiteral("better"));
-    edit(dialog, QStringLiteral("تکرار کلمه عبور جدید :"))->setText(QStringLiteral("better"));
+    edit(dialog, u"کلمه عبور کنونی :"_s)->setText(u"guess"_s);
+    edit(dialog, u"کلمه عبور جدید :"_s)->setText(u"better"_s);
+    edit(dialog, u"تکرار کلمه عبور جدید :"_s)->setText(u"better"_s);
     dialog.accept();
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("کلمه عبور کنونی درست نیست.")});
-    QVERIFY(CTblUsers::verify(QStringLiteral("admin"), QStringLiteral("secret")));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"کلمه عبور کنونی درست نیست."_s});
+    QVERIFY(CTblUsers::verify(u"admin"_s, u"secret"_s));
 }
 
 static const RegisteredTest<TestCDlgUsers, QApplication> registered;

@@ -12,6 +12,8 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 
+using namespace Qt::StringLiterals;
+
 // An office with two persons, two services and an expense account of its own, in the fiscal year 1405.
 class BooksOffice : public HostTestOffice
 {
@@ -30,14 +32,14 @@ public:
         fresh();
         GetDBSetting()->SetFiscalYear(year);
         GetDBSetting()->SetFiscalYearOpeningDate(day(1, 1));
-        database.run(QStringLiteral("INSERT INTO Persons(iID,iCode,sName2) VALUES(1,1,'علی رضایی'),(2,2,'پارس خودرو')"));
-        database.run(QStringLiteral("INSERT INTO Properties(sSection,sKey,sValue) VALUES"
-                                    "('AutomobilContracts','dPrecentTax','6'),('AutomobilContracts','dPercentImposition','4')"));
-        inspection = CTblServices::add(101, QStringLiteral("کارشناسی خودرو"));
-        transfer = CTblServices::add(102, QStringLiteral("انتقال سند"));
-        AccountChart::add(AccountLevel::Kol, 6201, QStringLiteral("هزینه‌های اداری"), 0);
-        AccountChart::add(AccountLevel::Moeen, 620101, QStringLiteral("قبض‌ها"), 6201);
-        AccountChart::add(AccountLevel::Tafsily, water, QStringLiteral("آب"), 620101);
+        database.run(u"INSERT INTO Persons(iID,iCode,sName2) VALUES(1,1,'علی رضایی'),(2,2,'پارس خودرو')"_s);
+        database.run(u"INSERT INTO Properties(sSection,sKey,sValue) VALUES"
+                     "('AutomobilContracts','dPrecentTax','6'),('AutomobilContracts','dPercentImposition','4')"_s);
+        inspection = CTblServices::add(101, u"کارشناسی خودرو"_s);
+        transfer = CTblServices::add(102, u"انتقال سند"_s);
+        AccountChart::add(AccountLevel::Kol, 6201, u"هزینه‌های اداری"_s, 0);
+        AccountChart::add(AccountLevel::Moeen, 620101, u"قبض‌ها"_s, 6201);
+        AccountChart::add(AccountLevel::Tafsily, water, u"آب"_s, 620101);
     }
 
     static QDateTime day(int month, int dayOfMonth)
@@ -51,7 +53,7 @@ public:
         invoice.type = type;
         invoice.personID = person;
         invoice.date = day(2, 3);
-        invoice.lines = {{inspection, {}, 2, 400}, {0, QStringLiteral("کرایه"), 1, 200}};
+        invoice.lines = {{inspection, {}, 2, 400}, {0, u"کرایه"_s, 1, 200}};
         invoice.discount = 100;
         invoice.tax = 54;
         invoice.duty = 36;
@@ -62,8 +64,8 @@ public:
     {
         ManualDocument document;
         document.date = day(3, 1);
-        document.desc = QStringLiteral("قبض دفتر");
-        document.rows = {{water, 0, amount, 0, QStringLiteral("آب")}, {Accounts::cash, 0, 0, amount, QStringLiteral("نقد")}};
+        document.desc = u"قبض دفتر"_s;
+        document.rows = {{water, 0, amount, 0, u"آب"_s}, {Accounts::cash, 0, 0, amount, u"نقد"_s}};
         return document;
     }
 };

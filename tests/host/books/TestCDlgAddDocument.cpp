@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAddDocument : public QObject
 {
     Q_OBJECT
@@ -55,7 +57,7 @@ enum Column {
     Credit
 };
 
-const QString dateLabel = QStringLiteral("تاریخ :");
+const QString dateLabel = u"تاریخ :"_s;
 
 }
 
@@ -67,10 +69,10 @@ void TestCDlgAddDocument::init()
 void TestCDlgAddDocument::newDocumentHasTwoEmptyRows()
 {
     const CDlgAddDocument window({});
-    QCOMPARE(window.windowTitle(), QStringLiteral("سند جدید"));
+    QCOMPARE(window.windowTitle(), u"سند جدید"_s);
     QCOMPARE(rows(window)->rowCount(), 2);
     QVERIFY(window.document().rows.isEmpty());
-    QVERIFY(window.totalsText().contains(QStringLiteral("تراز")));
+    QVERIFY(window.totalsText().contains(u"تراز"_s));
 }
 
 void TestCDlgAddDocument::wholeDocumentIsEnteredByKeyboard()
@@ -80,7 +82,7 @@ void TestCDlgAddDocument::wholeDocumentIsEnteredByKeyboard()
     QVERIFY(QTest::qWaitForWindowActive(&window));
     named<KDateEdit>(window, dateLabel)->setDate(BooksOffice::day(3, 1).date());
     Hand::press(Qt::Key_Return);
-    Hand::type(QStringLiteral("قبض آب"));
+    Hand::type(u"قبض آب"_s);
     Hand::press(Qt::Key_Return);
     QVERIFY(window.rowsView()->hasFocus());
     const auto type = [](const QString &text) {
@@ -89,23 +91,23 @@ void TestCDlgAddDocument::wholeDocumentIsEnteredByKeyboard()
             popup->hide();
         Hand::press(Qt::Key_Return);
     };
-    for (const QString &text : {QStringLiteral("620101001"), QString(), QStringLiteral("قبض"), QStringLiteral("300"), QString(),
-                                QStringLiteral("110101"), QString(), QStringLiteral("نقد"), QString(), QStringLiteral("300")})
+    for (const QString &text : {u"620101001"_s, QString(), u"قبض"_s, u"300"_s, QString(),
+                                u"110101"_s, QString(), u"نقد"_s, QString(), u"300"_s})
         type(text);
     Hand::press(Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
     QVERIFY(!window.isVisible());
-    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,sDesc) FROM Documents"), QStringLiteral("1/1405/1/قبض آب"));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,sDesc) FROM Documents"), u"1/1405/1/قبض آب"_s);
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iHesabMoeenCode,iHesabTafsilyCode,dBed,dBes,sDesc) ORDER BY iID SEPARATOR "
                    "' ') FROM Docs"),
-             QStringLiteral("620101/620101001/300/0/قبض 110101/0/0/300/نقد"));
+             u"620101/620101001/300/0/قبض 110101/0/0/300/نقد"_s);
 }
 
 void TestCDlgAddDocument::totalsTellTheDifference()
 {
     CDlgAddDocument window(BooksOffice::document(300));
     rows(window)->setData(rows(window)->index(0, Debit), 450.0);
-    QCOMPARE(window.totalsText(), QStringLiteral("جمع بدهکار : 450     جمع بستانکار : 300     اختلاف : 150"));
+    QCOMPARE(window.totalsText(), u"جمع بدهکار : 450     جمع بستانکار : 300     اختلاف : 150"_s);
 }
 
 void TestCDlgAddDocument::missingAmountIsPutIntoTheRow_data()
@@ -113,9 +115,9 @@ void TestCDlgAddDocument::missingAmountIsPutIntoTheRow_data()
     QTest::addColumn<double>("debit");
     QTest::addColumn<double>("credit");
     QTest::addColumn<QString>("cells");
-    QTest::newRow("credit is missing") << 450.0 << 0.0 << QStringLiteral("|450");
-    QTest::newRow("debit is missing") << 0.0 << 450.0 << QStringLiteral("450|");
-    QTest::newRow("nothing is missing") << 0.0 << 0.0 << QStringLiteral("|");
+    QTest::newRow("credit is missing") << 450.0 << 0.0 << u"|450"_s;
+    QTest::newRow("debit is missing") << 0.0 << 450.0 << u"450|"_s;
+    QTest::newRow("nothing is missing") << 0.0 << 0.0 << u"|"_s;
 }
 
 void TestCDlgAddDocument::missingAmountIsPutIntoTheRow()
@@ -129,7 +131,7 @@ void TestCDlgAddDocument::missingAmountIsPutIntoTheRow()
     document.rows[1].credit = 7;
     CDlgAddDocument window(document);
     window.rowsView()->goTo(1, Desc);
-    named<QPushButton>(window, QStringLiteral("تراز در این ردیف"))->click();
+    named<QPushButton>(window, u"تراز در این ردیف"_s)->click();
     QTEST(shown(window, 1, Debit) + u'|' + shown(window, 1, Credit), "cells");
 }
 
@@ -138,7 +140,7 @@ void TestCDlgAddDocument::personIsPickedIntoItsCell()
     CDlgAddDocument window({});
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    rows(window)->setData(rows(window)->index(0, Account), QStringLiteral("110301"));
+    rows(window)->setData(rows(window)->index(0, Account), u"110301"_s);
     window.rowsView()->goTo(0, Person);
     QString picker;
     Hand::inNextWindow([&picker](QDialog *dialog) {
@@ -156,19 +158,19 @@ void TestCDlgAddDocument::personIsPickedIntoItsCell()
 void TestCDlgAddDocument::storedDocumentIsShownAgainAndChanged()
 {
     ManualDocument document = BooksOffice::document(300);
-    document.rows.append({Accounts::persons, BooksOffice::ali, 50, 0, QStringLiteral("علی")});
+    document.rows.append({Accounts::persons, BooksOffice::ali, 50, 0, u"علی"_s});
     document.rows[1].credit = 350;
     document.save();
     CDlgAddDocument window(ManualDocument::load(document.num, document.fiscalYear));
-    QCOMPARE(window.windowTitle(), QStringLiteral("سند شماره 1 سال مالی 1405"));
-    QCOMPARE(shown(window, 0, Account), QStringLiteral("620101001 آب"));
-    QCOMPARE(shown(window, 2, Person), QStringLiteral("علی رضایی"));
+    QCOMPARE(window.windowTitle(), u"سند شماره 1 سال مالی 1405"_s);
+    QCOMPARE(shown(window, 0, Account), u"620101001 آب"_s);
+    QCOMPARE(shown(window, 2, Person), u"علی رضایی"_s);
     QCOMPARE(window.document().rows, document.rows);
     rows(window)->removeLine(2);
     rows(window)->setData(rows(window)->index(1, Credit), 300.0);
     QVERIFY(window.OnOK());
-    QCOMPARE(value("SELECT CONCAT_WS('/',COUNT(*),SUM(dBed),SUM(dBes)) FROM Docs"), QStringLiteral("2/300/300"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("1"));
+    QCOMPARE(value("SELECT CONCAT_WS('/',COUNT(*),SUM(dBed),SUM(dBes)) FROM Docs"), u"2/300/300"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
 }
 
 void TestCDlgAddDocument::refusals_data()
@@ -178,19 +180,19 @@ void TestCDlgAddDocument::refusals_data()
     QTest::addColumn<QPoint>("cell");
     const auto row = [](const char *name, const std::function<void(ManualDocument &)> &spoil, const QString &message,
                         QPoint cell) { QTest::newRow(name) << spoil << message << cell; };
-    row("no rows", [](ManualDocument &d) { d.rows.clear(); }, QStringLiteral("لطفا ردیف‌های سند را وارد نمایید."), {0, Account});
-    row("no account", [](ManualDocument &d) { d.rows[1].account = 0; }, QStringLiteral("لطفا حساب ردیف 2 را انتخاب نمایید."),
+    row("no rows", [](ManualDocument &d) { d.rows.clear(); }, u"لطفا ردیف‌های سند را وارد نمایید."_s, {0, Account});
+    row("no account", [](ManualDocument &d) { d.rows[1].account = 0; }, u"لطفا حساب ردیف 2 را انتخاب نمایید."_s,
         {1, Account});
     row("no person", [](ManualDocument &d) { d.rows[1].account = Accounts::persons; },
-        QStringLiteral("لطفا شخص ردیف 2 را انتخاب نمایید."), {1, Person});
+        u"لطفا شخص ردیف 2 را انتخاب نمایید."_s, {1, Person});
     row("needless person", [](ManualDocument &d) { d.rows[0].personID = BooksOffice::ali; },
-        QStringLiteral("ردیف 1 روی حساب اشخاص نیست و شخص نمی‌گیرد."), {0, Person});
+        u"ردیف 1 روی حساب اشخاص نیست و شخص نمی‌گیرد."_s, {0, Person});
     row("no amount", [](ManualDocument &d) { d.rows[0].debit = d.rows[1].credit = 0; },
-        QStringLiteral("لطفا بدهکار یا بستانکار ردیف 1 را وارد نمایید."), {0, Debit});
+        u"لطفا بدهکار یا بستانکار ردیف 1 را وارد نمایید."_s, {0, Debit});
     row("both sides", [](ManualDocument &d) { d.rows[0].credit = 10; d.rows[0].debit = 310; },
-        QStringLiteral("ردیف 1 یا بدهکار است یا بستانکار."), {0, Credit});
+        u"ردیف 1 یا بدهکار است یا بستانکار."_s, {0, Credit});
     row("does not balance", [](ManualDocument &d) { d.rows[0].debit = 301; },
-        QStringLiteral("سند تراز نیست: بدهکار 301، بستانکار 300."), {1, Debit});
+        u"سند تراز نیست: بدهکار 301، بستانکار 300."_s, {1, Debit});
 }
 
 void TestCDlgAddDocument::refusals()
@@ -207,15 +209,15 @@ void TestCDlgAddDocument::refusals()
     QTEST(g_pDlgWarning->takeShown().value(0), "message");
     QVERIFY(window.rowsView()->hasFocus());
     QCOMPARE(window.rowsView()->currentIndex(), rows(window)->index(cell.x(), cell.y()));
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
 }
 
 void TestCDlgAddDocument::accountThatIsNotInTheListIsRefused()
 {
     CDlgAddDocument window(BooksOffice::document());
-    rows(window)->setData(rows(window)->index(1, Account), QStringLiteral("کشتی"));
+    rows(window)->setData(rows(window)->index(1, Account), u"کشتی"_s);
     QVERIFY(!window.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("حساب «کشتی» در لیست حساب‌ها نیست.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"حساب «کشتی» در لیست حساب‌ها نیست."_s});
     QCOMPARE(window.rowsView()->currentIndex(), rows(window)->index(1, Account));
 }
 
@@ -224,10 +226,10 @@ void TestCDlgAddDocument::accountThatCannotTakeRowsAnyMoreIsMarked()
     BooksOffice::document().save();
     AccountChart::setActive(BooksOffice::water, false);
     CDlgAddDocument window(ManualDocument::load(1, BooksOffice::year));
-    QCOMPARE(shown(window, 0, Account), QStringLiteral("620101001"));
+    QCOMPARE(shown(window, 0, Account), u"620101001"_s);
     QVERIFY(rows(window)->index(0, Account).data(Qt::ForegroundRole).isValid());
     QVERIFY(!window.OnOK());
-    QCOMPARE(value("SELECT SUM(dBed) FROM Docs"), QStringLiteral("300"));
+    QCOMPARE(value("SELECT SUM(dBed) FROM Docs"), u"300"_s);
 }
 
 void TestCDlgAddDocument::refusalOfTheBooksKeepsWhatWasTyped()
@@ -236,9 +238,9 @@ void TestCDlgAddDocument::refusalOfTheBooksKeepsWhatWasTyped()
     early.date = BooksOffice::day(1, 1).addDays(-1);
     CDlgAddDocument window(early);
     QVERIFY(!window.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."_s});
     QCOMPARE(window.document().rows, early.rows);
-    named<KDateEdit>(window, dateLabel)->setText(QStringLiteral("1405/13/1"));
+    named<KDateEdit>(window, dateLabel)->setText(u"1405/13/1"_s);
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(window.num(), 0);
@@ -249,7 +251,7 @@ void TestCDlgAddDocument::cancelSavesNothing()
     CDlgAddDocument window(BooksOffice::document());
     window.show();
     window.reject();
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
 }
 
 static const RegisteredTest<TestCDlgAddDocument, QApplication> registered;

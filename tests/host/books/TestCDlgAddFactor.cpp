@@ -20,6 +20,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAddFactor : public QObject
 {
     Q_OBJECT
@@ -67,12 +69,12 @@ enum Column {
     Amount
 };
 
-const QString tax = QStringLiteral("مالیات :");
-const QString taxPercent = QStringLiteral("درصد مالیات :");
-const QString duty = QStringLiteral("عوارض :");
-const QString discount = QStringLiteral("تخفیف :");
-const QString sum = QStringLiteral("جمع ردیف‌ها :");
-const QString total = QStringLiteral("قابل پرداخت :");
+const QString tax = u"مالیات :"_s;
+const QString taxPercent = u"درصد مالیات :"_s;
+const QString duty = u"عوارض :"_s;
+const QString discount = u"تخفیف :"_s;
+const QString sum = u"جمع ردیف‌ها :"_s;
+const QString total = u"قابل پرداخت :"_s;
 
 }
 
@@ -84,10 +86,10 @@ void TestCDlgAddFactor::init()
 void TestCDlgAddFactor::newInvoiceTakesTheOfficesRates()
 {
     CDlgAddFactor window(Invoice{}, false);
-    QCOMPARE(window.windowTitle(), QStringLiteral("فاکتور فروش جدید"));
+    QCOMPARE(window.windowTitle(), u"فاکتور فروش جدید"_s);
     QCOMPARE(figure(window, taxPercent)->number(), 6.0);
-    QCOMPARE(figure(window, QStringLiteral("درصد عوارض :"))->number(), 4.0);
-    QVERIFY(named<KDateEdit>(window, QStringLiteral("تاریخ :"))->date().isValid());
+    QCOMPARE(figure(window, u"درصد عوارض :"_s)->number(), 4.0);
+    QVERIFY(named<KDateEdit>(window, u"تاریخ :"_s)->date().isValid());
     enter(window, 0, Count, 2.0);
     enter(window, 0, Price, 500.0);
     QCOMPARE(figure(window, sum)->number(), 1000.0);
@@ -99,10 +101,10 @@ void TestCDlgAddFactor::newInvoiceTakesTheOfficesRates()
 void TestCDlgAddFactor::totalsFollowWhatIsTyped()
 {
     CDlgAddFactor window(m_office.invoice(), false);
-    figure(window, discount)->setText(QStringLiteral("500"));
+    figure(window, discount)->setText(u"500"_s);
     QCOMPARE(figure(window, tax)->number(), 30.0);
     QCOMPARE(figure(window, total)->number(), 550.0);
-    figure(window, taxPercent)->setText(QStringLiteral("9"));
+    figure(window, taxPercent)->setText(u"9"_s);
     QCOMPARE(figure(window, tax)->number(), 45.0);
     lines(window)->removeLine(1);
     QCOMPARE(figure(window, sum)->number(), 800.0);
@@ -114,7 +116,7 @@ void TestCDlgAddFactor::typedTaxStays()
     CDlgAddFactor window(Invoice{}, false);
     enter(window, 0, Count, 1.0);
     enter(window, 0, Price, 1000.0);
-    figure(window, tax)->setText(QStringLiteral("85"));
+    figure(window, tax)->setText(u"85"_s);
     QCOMPARE(figure(window, taxPercent)->number(), 8.5);
     enter(window, 0, Price, 2000.0);
     QCOMPARE(figure(window, tax)->number(), 85.0);
@@ -131,7 +133,7 @@ void TestCDlgAddFactor::wholeInvoiceIsEnteredByKeyboard()
     QVERIFY(window.findChild<KPersonField *>()->isAncestorOf(Hand::focus()));
     window.findChild<KPersonField *>()->setPersonID(BooksOffice::ali);
     Hand::press(Qt::Key_Return);
-    named<KDateEdit>(window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(2, 3).date());
+    named<KDateEdit>(window, u"تاریخ :"_s)->setDate(BooksOffice::day(2, 3).date());
     for (int steps = 0; !window.linesView()->hasFocus() && steps < 6; ++steps)
         Hand::press(Qt::Key_Return);
     QVERIFY(window.linesView()->hasFocus());
@@ -141,39 +143,39 @@ void TestCDlgAddFactor::wholeInvoiceIsEnteredByKeyboard()
             popup->hide();
         Hand::press(Qt::Key_Return);
     };
-    type(QStringLiteral("101"));
+    type(u"101"_s);
     type(QString());
-    type(QStringLiteral("2"));
-    type(QStringLiteral("400"));
+    type(u"2"_s);
+    type(u"400"_s);
     // Past the service: Enter on an empty last line would leave the grid.
     Hand::press(Qt::Key_Left);
-    type(QStringLiteral("کرایه"));
-    type(QStringLiteral("1"));
-    type(QStringLiteral("200"));
+    type(u"کرایه"_s);
+    type(u"1"_s);
+    type(u"200"_s);
     // Out of the grid through its empty last line, over the figures.
     Hand::press(Qt::Key_Return);
     QCOMPARE(Hand::focus()->accessibleName(), discount);
-    Hand::type(QStringLiteral("100"));
+    Hand::type(u"100"_s);
     Hand::press(Qt::Key_Return);
     QCOMPARE(Hand::focus()->accessibleName(), taxPercent);
     Hand::press(Qt::Key_Return, Qt::ControlModifier);
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
     QVERIFY(!window.isVisible());
     QCOMPARE(value("SELECT CONCAT_WS('/',iPersonID,DATE(date),dAmount,dDiscount,dTax,dImposition) FROM Factors"),
-             QStringLiteral("1/%1/1000/100/54/36").arg(BooksOffice::day(2, 3).date().toString(Qt::ISODate)));
+             u"1/%1/1000/100/54/36"_s.arg(BooksOffice::day(2, 3).date().toString(Qt::ISODate)));
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iServiceID,IFNULL(sDesc,''),dAmount) ORDER BY iID SEPARATOR ' ') FROM "
                    "FactorStuffs"),
-             QStringLiteral("%1//800 0/کرایه/200").arg(m_office.inspection));
+             u"%1//800 0/کرایه/200"_s.arg(m_office.inspection));
 }
 
 void TestCDlgAddFactor::savedInvoiceIsShownAgain()
 {
     const int num = InvoicePosting::save(m_office.invoice(CTblFactors::purchase, BooksOffice::pars)).num;
     CDlgAddFactor window(InvoicePosting::load(num), false);
-    QCOMPARE(window.windowTitle(), QStringLiteral("فاکتور خرید شماره 1"));
-    QCOMPARE(window.findChild<KPersonField *>()->name(), QStringLiteral("پارس خودرو"));
-    QCOMPARE(lines(window)->index(0, Service).data().toString(), QStringLiteral("101 کارشناسی خودرو"));
-    QCOMPARE(lines(window)->index(0, Amount).data().toString(), QStringLiteral("800"));
+    QCOMPARE(window.windowTitle(), u"فاکتور خرید شماره 1"_s);
+    QCOMPARE(window.findChild<KPersonField *>()->name(), u"پارس خودرو"_s);
+    QCOMPARE(lines(window)->index(0, Service).data().toString(), u"101 کارشناسی خودرو"_s);
+    QCOMPARE(lines(window)->index(0, Amount).data().toString(), u"800"_s);
     QCOMPARE(figure(window, taxPercent)->number(), 6.0);
     QCOMPARE(figure(window, total)->number(), 990.0);
     const Invoice shown = window.invoice();
@@ -189,18 +191,18 @@ void TestCDlgAddFactor::refusals_data()
     QTest::addColumn<QPoint>("cell"); // row and column, where the grid has the focus
     const auto row = [](const char *name, const std::function<void(Invoice &)> &spoil, const QString &message,
                         const QString &focus, QPoint cell = {}) { QTest::newRow(name) << spoil << message << focus << cell; };
-    const QString grid = QStringLiteral("ردیف‌های فاکتور");
+    const QString grid = u"ردیف‌های فاکتور"_s;
     row(
-        "nobody", [](Invoice &i) { i.personID = 0; }, QStringLiteral("لطفا شخص را انتخاب نمایید."), QStringLiteral("شخص :"));
-    row("no lines", [](Invoice &i) { i.lines.clear(); }, QStringLiteral("لطفا دست‌کم یک ردیف وارد نمایید."), grid, {0, Service});
+        "nobody", [](Invoice &i) { i.personID = 0; }, u"لطفا شخص را انتخاب نمایید."_s, u"شخص :"_s);
+    row("no lines", [](Invoice &i) { i.lines.clear(); }, u"لطفا دست‌کم یک ردیف وارد نمایید."_s, grid, {0, Service});
     row("a line of nothing", [](Invoice &i) { i.lines[1].desc.clear(); },
-        QStringLiteral("لطفا خدمت یا شرح ردیف 2 را وارد نمایید."), grid, {1, Service});
-    row("no count", [](Invoice &i) { i.lines[1].count = 0; }, QStringLiteral("لطفا تعداد ردیف 2 را وارد نمایید."), grid, {1, Count});
-    row("no price", [](Invoice &i) { i.lines[0].price = 0; }, QStringLiteral("لطفا قیمت ردیف 1 را وارد نمایید."), grid, {0, Price});
+        u"لطفا خدمت یا شرح ردیف 2 را وارد نمایید."_s, grid, {1, Service});
+    row("no count", [](Invoice &i) { i.lines[1].count = 0; }, u"لطفا تعداد ردیف 2 را وارد نمایید."_s, grid, {1, Count});
+    row("no price", [](Invoice &i) { i.lines[0].price = 0; }, u"لطفا قیمت ردیف 1 را وارد نمایید."_s, grid, {0, Price});
     row("an amount that the books cannot hold", [](Invoice &i) { i.lines[1].price = 1e17; },
-        QStringLiteral("مبلغ ردیف 2 بیش از اندازه بزرگ است."), grid, {1, Price});
+        u"مبلغ ردیف 2 بیش از اندازه بزرگ است."_s, grid, {1, Price});
     row(
-        "discount above the sum", [](Invoice &i) { i.discount = 2000; }, QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است."), discount);
+        "discount above the sum", [](Invoice &i) { i.discount = 2000; }, u"تخفیف از جمع ردیف‌ها بیشتر است."_s, discount);
 }
 
 void TestCDlgAddFactor::refusals()
@@ -220,44 +222,44 @@ void TestCDlgAddFactor::refusals()
     QCOMPARE(Hand::focus()->accessibleName(), focus);
     if (window.linesView()->hasFocus())
         QCOMPARE(window.linesView()->currentIndex(), lines(window)->index(cell.x(), cell.y()));
-    QCOMPARE(value("SELECT dAmount FROM Factors"), QStringLiteral("1000"));
+    QCOMPARE(value("SELECT dAmount FROM Factors"), u"1000"_s);
 }
 
 void TestCDlgAddFactor::lineThatIsTooLargeIsToldBeforeItsLevies()
 {
     CDlgAddFactor window(m_office.invoice(), false);
-    enter(window, 1, Price, QStringLiteral("99999999999999999"));
+    enter(window, 1, Price, u"99999999999999999"_s);
     QVERIFY(!figure(window, tax)->isEntryValid());
     QVERIFY(!window.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("مبلغ ردیف 2 بیش از اندازه بزرگ است.")});
-    enter(window, 1, Price, QStringLiteral("200"));
-    figure(window, duty)->setText(QStringLiteral("9999999999999999"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"مبلغ ردیف 2 بیش از اندازه بزرگ است."_s});
+    enter(window, 1, Price, u"200"_s);
+    figure(window, duty)->setText(u"9999999999999999"_s);
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), u"0"_s);
 }
 
 void TestCDlgAddFactor::serviceThatIsNotInTheListIsRefused()
 {
     CDlgAddFactor window(m_office.invoice(), false);
-    enter(window, 1, Service, QStringLiteral("رنگ"));
+    enter(window, 1, Service, u"رنگ"_s);
     QVERIFY(!window.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("خدمت «رنگ» در لیست خدمات نیست.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"خدمت «رنگ» در لیست خدمات نیست."_s});
     QCOMPARE(window.linesView()->currentIndex(), lines(window)->index(1, Service));
-    QCOMPARE(lines(window)->index(1, Service).data().toString(), QStringLiteral("رنگ"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("0"));
+    QCOMPARE(lines(window)->index(1, Service).data().toString(), u"رنگ"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), u"0"_s);
 }
 
 void TestCDlgAddFactor::entryThatIsNoDateIsRefused()
 {
     CDlgAddFactor window(m_office.invoice(), false);
-    auto *date = named<KDateEdit>(window, QStringLiteral("تاریخ :"));
-    date->setText(QStringLiteral("1405/13/1"));
+    auto *date = named<KDateEdit>(window, u"تاریخ :"_s);
+    date->setText(u"1405/13/1"_s);
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     date->setText(QString());
     QVERIFY(!window.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا تاریخ را وارد نمایید.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا تاریخ را وارد نمایید."_s});
 }
 
 void TestCDlgAddFactor::refusalOfTheBooksKeepsWhatWasTyped()
@@ -266,7 +268,7 @@ void TestCDlgAddFactor::refusalOfTheBooksKeepsWhatWasTyped()
     early.date = BooksOffice::day(1, 1).addDays(-1);
     CDlgAddFactor window(early, false);
     QVERIFY(!window.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."_s});
     QCOMPARE(window.invoice().lines, early.lines);
     QCOMPARE(window.num(), 0);
 }
@@ -276,11 +278,11 @@ void TestCDlgAddFactor::changeIsSaved()
     const int num = InvoicePosting::save(m_office.invoice()).num;
     CDlgAddFactor window(InvoicePosting::load(num), false);
     enter(window, 0, Count, 3.0);
-    enter(window, 0, Service, QStringLiteral("102"));
+    enter(window, 0, Service, u"102"_s);
     QVERIFY(window.OnOK());
-    QCOMPARE(value("SELECT CONCAT_WS('/',dAmount,dTax,iDocNum) FROM Factors"), QStringLiteral("1400/78/1"));
+    QCOMPARE(value("SELECT CONCAT_WS('/',dAmount,dTax,iDocNum) FROM Factors"), u"1400/78/1"_s);
     QCOMPARE(value("SELECT iServiceID FROM FactorStuffs ORDER BY iID LIMIT 1"), QString::number(m_office.transfer));
-    QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=110301"), QStringLiteral("1430"));
+    QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=110301"), u"1430"_s);
 }
 
 void TestCDlgAddFactor::changeOfAnotherUserIsTold()
@@ -292,8 +294,8 @@ void TestCDlgAddFactor::changeOfAnotherUserIsTold()
     InvoicePosting::save(theirs);
     enter(window, 0, Count, 3.0);
     QVERIFY(!window.OnOK());
-    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(QStringLiteral("فاکتور شماره 1 را کاربر دیگری")));
-    QCOMPARE(value("SELECT dAmount FROM Factors"), QStringLiteral("1200"));
+    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(u"فاکتور شماره 1 را کاربر دیگری"_s));
+    QCOMPARE(value("SELECT dAmount FROM Factors"), u"1200"_s);
     QCOMPARE(window.invoice().lines.at(0).count, 3.0);
 }
 
@@ -302,7 +304,7 @@ void TestCDlgAddFactor::cancelSavesNothing()
     CDlgAddFactor window(m_office.invoice(), false);
     window.show();
     window.reject();
-    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), u"0"_s);
 }
 
 void TestCDlgAddFactor::returnedInvoiceIsMarked()
@@ -310,7 +312,7 @@ void TestCDlgAddFactor::returnedInvoiceIsMarked()
     CDlgAddFactor window(m_office.invoice(), false);
     window.findChild<QCheckBox *>()->setChecked(true);
     QVERIFY(window.OnOK());
-    QCOMPARE(value("SELECT GROUP_CONCAT(DISTINCT iKind) FROM FactorStuffs"), QStringLiteral("3"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(DISTINCT iKind) FROM FactorStuffs"), u"3"_s);
     const CDlgAddFactor again(InvoicePosting::load(window.num()), false);
     QVERIFY(again.findChild<QCheckBox *>()->isChecked());
 }
@@ -331,9 +333,9 @@ void TestCDlgAddFactor::showOnlyTakesNothing()
         if (button->isVisible())
             buttons.append(button->text());
     }
-    QCOMPARE(buttons, (QStringList{QStringLiteral("نمایش سند"), QStringLiteral("بازگشت")}));
+    QCOMPARE(buttons, (QStringList{u"نمایش سند"_s, u"بازگشت"_s}));
     window.accept();
-    QCOMPARE(value("SELECT iStatus FROM Factors"), QStringLiteral("1"));
+    QCOMPARE(value("SELECT iStatus FROM Factors"), u"1"_s);
 }
 
 void TestCDlgAddFactor::documentIsShown()
@@ -348,7 +350,7 @@ void TestCDlgAddFactor::documentIsShown()
             rows = shown->rows()->list()->count();
         dialog->reject();
     });
-    named<QPushButton>(window, QStringLiteral("نمایش سند"))->click();
+    named<QPushButton>(window, u"نمایش سند"_s)->click();
     QCOMPARE(rows, 5);
 }
 

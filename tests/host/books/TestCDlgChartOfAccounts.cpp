@@ -21,6 +21,8 @@
 #include <QTest>
 #include <QTreeView>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgChartOfAccounts : public QObject
 {
     Q_OBJECT
@@ -77,14 +79,14 @@ enum Column {
     State
 };
 
-const QString addGeneral = QStringLiteral("حساب کل جدید");
-const QString addBelow = QStringLiteral("زیرحساب جدید");
-const QString renameCaption = QStringLiteral("تغییر نام");
-const QString toggle = QStringLiteral("فعال / غیرفعال");
-const QString sheet = QStringLiteral("گردش حساب");
-const QString print = QStringLiteral("چاپ");
-const QString codeLabel = QStringLiteral("کد :");
-const QString nameLabel = QStringLiteral("نام :");
+const QString addGeneral = u"حساب کل جدید"_s;
+const QString addBelow = u"زیرحساب جدید"_s;
+const QString renameCaption = u"تغییر نام"_s;
+const QString toggle = u"فعال / غیرفعال"_s;
+const QString sheet = u"گردش حساب"_s;
+const QString print = u"چاپ"_s;
+const QString codeLabel = u"کد :"_s;
+const QString nameLabel = u"نام :"_s;
 
 void collectCodes(const QAbstractItemModel &model, const QModelIndex &parent, QStringList &codes)
 {
@@ -123,12 +125,12 @@ void TestCDlgChartOfAccounts::threeLevelsStandUnderEachOther()
     CDlgChartOfAccounts page;
     page.refill();
     const QStringList codes = shownCodes(page);
-    QCOMPARE(codes.mid(codes.indexOf(QStringLiteral("6201"))),
-             (QStringList{QStringLiteral("6201"), QStringLiteral("620101"), QStringLiteral("620101001")}));
+    QCOMPARE(codes.mid(codes.indexOf(u"6201"_s)),
+             (QStringList{u"6201"_s, u"620101"_s, u"620101001"_s}));
     QVERIFY(page.selectCode(BooksOffice::water));
     const QModelIndex detail = page.tree()->currentIndex();
-    QCOMPARE(detail.parent().data().toString(), QStringLiteral("620101"));
-    QCOMPARE(detail.parent().parent().data().toString(), QStringLiteral("6201"));
+    QCOMPARE(detail.parent().data().toString(), u"620101"_s);
+    QCOMPARE(detail.parent().parent().data().toString(), u"6201"_s);
     QVERIFY(!detail.parent().parent().parent().isValid());
     QVERIFY(page.tree()->isExpanded(detail.parent()));
 }
@@ -137,10 +139,10 @@ void TestCDlgChartOfAccounts::balanceOfEachLevelWithItsNature_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("cells");
-    QTest::newRow("general, credit") << 4101 << QStringLiteral("درآمد خدمات|100|1,000|900|بس|فعال");
-    QTest::newRow("subsidiary, debit") << int(Accounts::saleDiscount) << QStringLiteral("تخفیف فروش خدمات|100||100|بد|فعال");
-    QTest::newRow("detail") << int(BooksOffice::water) << QStringLiteral("آب|300||300|بد|فعال");
-    QTest::newRow("nothing") << int(Accounts::bank) << QStringLiteral("بانک|||0|-|فعال");
+    QTest::newRow("general, credit") << 4101 << u"درآمد خدمات|100|1,000|900|بس|فعال"_s;
+    QTest::newRow("subsidiary, debit") << int(Accounts::saleDiscount) << u"تخفیف فروش خدمات|100||100|بد|فعال"_s;
+    QTest::newRow("detail") << int(BooksOffice::water) << u"آب|300||300|بد|فعال"_s;
+    QTest::newRow("nothing") << int(Accounts::bank) << u"بانک|||0|-|فعال"_s;
 }
 
 void TestCDlgChartOfAccounts::balanceOfEachLevelWithItsNature()
@@ -157,11 +159,11 @@ void TestCDlgChartOfAccounts::balanceOfEachLevelWithItsNature()
 void TestCDlgChartOfAccounts::balancesOfARange()
 {
     CDlgChartOfAccounts page;
-    named<KDateEdit>(page, QStringLiteral("مانده از تاریخ :"))->setDate(BooksOffice::day(2, 4).date());
+    named<KDateEdit>(page, u"مانده از تاریخ :"_s)->setDate(BooksOffice::day(2, 4).date());
     page.refill();
     QCOMPARE(page.cellText(4101, Credit), QString());
-    QCOMPARE(page.cellText(6201, Debit), QStringLiteral("300"));
-    named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setDate(BooksOffice::day(2, 30).date());
+    QCOMPARE(page.cellText(6201, Debit), u"300"_s);
+    named<KDateEdit>(page, u"تا تاریخ :"_s)->setDate(BooksOffice::day(2, 30).date());
     page.refill();
     QCOMPARE(page.cellText(6201, Debit), QString());
 }
@@ -170,31 +172,31 @@ void TestCDlgChartOfAccounts::searchKeepsTheAccountsAbove_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("codes");
-    QTest::newRow("a name of the third level") << QStringLiteral("آب") << QStringLiteral("6201 620101 620101001");
-    QTest::newRow("the beginning of a code") << QStringLiteral("2105") << QStringLiteral("2105 210501 210502");
-    QTest::newRow("a code in Persian digits") << QStringLiteral("۴۱۰۲۰۲") << QStringLiteral("4102 410202");
-    QTest::newRow("another spelling") << QStringLiteral("كميسيون") << QStringLiteral("4102 410202");
-    QTest::newRow("nothing of the chart") << QStringLiteral("کشتی") << QString();
+    QTest::newRow("a name of the third level") << u"آب"_s << u"6201 620101 620101001"_s;
+    QTest::newRow("the beginning of a code") << u"2105"_s << u"2105 210501 210502"_s;
+    QTest::newRow("a code in Persian digits") << u"۴۱۰۲۰۲"_s << u"4102 410202"_s;
+    QTest::newRow("another spelling") << u"كميسيون"_s << u"4102 410202"_s;
+    QTest::newRow("nothing of the chart") << u"کشتی"_s << QString();
 }
 
 void TestCDlgChartOfAccounts::searchKeepsTheAccountsAbove()
 {
     QFETCH(QString, text);
     CDlgChartOfAccounts page;
-    named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(text);
+    named<KEdit>(page, u"کد یا نام :"_s)->setText(text);
     page.refill();
     QTEST(shownCodes(page).join(u' '), "codes");
-    QCOMPARE(page.countText(), QStringLiteral("تعداد : %1").arg(shownCodes(page).size()));
+    QCOMPARE(page.countText(), u"تعداد : %1"_s.arg(shownCodes(page).size()));
 }
 
 void TestCDlgChartOfAccounts::inactiveOnesAreLeftOutOnRequest()
 {
-    AccountChart::add(AccountLevel::Moeen, 620105, QStringLiteral("قدیمی"), 6201);
+    AccountChart::add(AccountLevel::Moeen, 620105, u"قدیمی"_s, 6201);
     AccountChart::setActive(620105, false);
     CDlgChartOfAccounts page;
     page.refill();
-    QCOMPARE(page.cellText(620105, State), QStringLiteral("غیرفعال"));
-    named<QCheckBox>(page, QStringLiteral("نمایش غیرفعال‌ها"))->setChecked(false);
+    QCOMPARE(page.cellText(620105, State), u"غیرفعال"_s);
+    named<QCheckBox>(page, u"نمایش غیرفعال‌ها"_s)->setChecked(false);
     page.refill();
     QVERIFY(!page.selectCode(620105));
     QVERIFY(page.selectCode(6201));
@@ -205,8 +207,8 @@ void TestCDlgChartOfAccounts::entryThatIsNoDateIsRefused()
     CDlgChartOfAccounts page;
     page.refill();
     const QStringList before = shownCodes(page);
-    named<KDateEdit>(page, QStringLiteral("تا تاریخ :"))->setText(QStringLiteral("1405/13/1"));
-    named<KEdit>(page, QStringLiteral("کد یا نام :"))->setText(QStringLiteral("آب"));
+    named<KDateEdit>(page, u"تا تاریخ :"_s)->setText(u"1405/13/1"_s);
+    named<KEdit>(page, u"کد یا نام :"_s)->setText(u"آب"_s);
     page.refill();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(shownCodes(page), before);
@@ -218,7 +220,7 @@ void TestCDlgChartOfAccounts::withoutTheRightThePageIsRefused()
     CDlgChartOfAccounts page;
     QVERIFY(!page.OnAccess());
     QCOMPARE(g_pDlgWarning->takeShown(),
-             QStringList{KSecurity::refusalText(QStringLiteral("ChartOfAccounts"), KSecurity::Access)});
+             QStringList{KSecurity::refusalText(u"ChartOfAccounts"_s, KSecurity::Access)});
 }
 
 void TestCDlgChartOfAccounts::rightsOfEachCommand_data()
@@ -226,13 +228,13 @@ void TestCDlgChartOfAccounts::rightsOfEachCommand_data()
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("form");
     QTest::addColumn<int>("right");
-    const QString chart = QStringLiteral("ChartOfAccounts");
+    const QString chart = u"ChartOfAccounts"_s;
     QTest::newRow("general") << addGeneral << chart << int(KSecurity::Write);
     QTest::newRow("below") << addBelow << chart << int(KSecurity::Write);
     QTest::newRow("rename") << renameCaption << chart << int(KSecurity::Modify);
     QTest::newRow("toggle") << toggle << chart << int(KSecurity::Modify);
     QTest::newRow("print") << print << chart << int(KSecurity::PrintList);
-    QTest::newRow("documents") << sheet << QStringLiteral("Documents") << int(KSecurity::Read);
+    QTest::newRow("documents") << sheet << u"Documents"_s << int(KSecurity::Read);
 }
 
 void TestCDlgChartOfAccounts::rightsOfEachCommand()
@@ -241,7 +243,7 @@ void TestCDlgChartOfAccounts::rightsOfEachCommand()
     QFETCH(QString, form);
     QFETCH(int, right);
     const int clerk = m_office.loginClerk();
-    KSecurity::setRights(clerk, QStringLiteral("ChartOfAccounts"), KSecurity::allRights & ~right);
+    KSecurity::setRights(clerk, u"ChartOfAccounts"_s, KSecurity::allRights & ~right);
     CDlgChartOfAccounts page;
     page.refill();
     page.selectCode(620101);
@@ -297,14 +299,14 @@ void TestCDlgChartOfAccounts::accountIsAddedBelowTheSelectedOne()
     showPage(page);
     page.selectCode(6201);
     Hand::inNextWindow([](QDialog *dialog) {
-        QCOMPARE(named<KEdit>(*dialog, codeLabel)->text(), QStringLiteral("620102"));
-        Hand::type(QStringLiteral("اجاره"));
+        QCOMPARE(named<KEdit>(*dialog, codeLabel)->text(), u"620102"_s);
+        Hand::type(u"اجاره"_s);
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
     QTest::keyClick(page.tree(), Qt::Key_Insert);
     QCOMPARE(page.currentCode(), 620102);
-    QCOMPARE(page.cellText(620102, Name), QStringLiteral("اجاره"));
-    QCOMPARE(page.tree()->currentIndex().parent().data().toString(), QStringLiteral("6201"));
+    QCOMPARE(page.cellText(620102, Name), u"اجاره"_s);
+    QCOMPARE(page.tree()->currentIndex().parent().data().toString(), u"6201"_s);
 }
 
 void TestCDlgChartOfAccounts::generalAccountIsAdded()
@@ -313,14 +315,14 @@ void TestCDlgChartOfAccounts::generalAccountIsAdded()
     showPage(page);
     Hand::inNextWindow([](QDialog *dialog) {
         QVERIFY(named<KEdit>(*dialog, codeLabel)->hasFocus());
-        Hand::type(QStringLiteral("6202"));
+        Hand::type(u"6202"_s);
         Hand::press(Qt::Key_Return);
-        Hand::type(QStringLiteral("هزینه‌های فروش"));
+        Hand::type(u"هزینه‌های فروش"_s);
         Hand::press(Qt::Key_Return);
     });
     button(page, addGeneral)->click();
     QCOMPARE(page.currentCode(), 6202);
-    QCOMPARE(value("SELECT sName FROM HesabKol WHERE iCode=6202"), QStringLiteral("هزینه‌های فروش"));
+    QCOMPARE(value("SELECT sName FROM HesabKol WHERE iCode=6202"), u"هزینه‌های فروش"_s);
 }
 
 void TestCDlgChartOfAccounts::detailAccountsHaveNothingBelow()
@@ -339,14 +341,14 @@ void TestCDlgChartOfAccounts::refusedEntryKeepsTheWindow_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("focus");
-    QTest::newRow("no name") << QStringLiteral("620102") << QString() << QStringLiteral("لطفا نام حساب را وارد نمایید.") << nameLabel;
-    QTest::newRow("no code") << QString() << QStringLiteral("اجاره") << QStringLiteral("کد حساب معین باید شش رقم باشد.") << codeLabel;
-    QTest::newRow("letters") << QStringLiteral("6201x2") << QStringLiteral("اجاره")
-                             << QStringLiteral("کد حساب معین باید شش رقم باشد.") << codeLabel;
-    QTest::newRow("another parent") << QStringLiteral("410299") << QStringLiteral("اجاره")
-                                    << QStringLiteral("کد حساب باید با 6201 آغاز شود.") << codeLabel;
-    QTest::newRow("code is taken") << QStringLiteral("620101") << QStringLiteral("اجاره")
-                                   << QStringLiteral("حساب 620101 وجود دارد.") << codeLabel;
+    QTest::newRow("no name") << u"620102"_s << QString() << u"لطفا نام حساب را وارد نمایید."_s << nameLabel;
+    QTest::newRow("no code") << QString() << u"اجاره"_s << u"کد حساب معین باید شش رقم باشد."_s << codeLabel;
+    QTest::newRow("letters") << u"6201x2"_s << u"اجاره"_s
+                             << u"کد حساب معین باید شش رقم باشد."_s << codeLabel;
+    QTest::newRow("another parent") << u"410299"_s << u"اجاره"_s
+                                    << u"کد حساب باید با 6201 آغاز شود."_s << codeLabel;
+    QTest::newRow("code is taken") << u"620101"_s << u"اجاره"_s
+                                   << u"حساب 620101 وجود دارد."_s << codeLabel;
 }
 
 void TestCDlgChartOfAccounts::refusedEntryKeepsTheWindow()
@@ -364,7 +366,7 @@ void TestCDlgChartOfAccounts::refusedEntryKeepsTheWindow()
     QTEST(g_pDlgWarning->takeShown().value(0), "message");
     QCOMPARE(Hand::focus()->accessibleName(), focus);
     QCOMPARE(named<KEdit>(window, nameLabel)->text(), name);
-    QCOMPARE(value("SELECT COUNT(*) FROM HesabMoeen WHERE iHesabKolCode=6201"), QStringLiteral("1"));
+    QCOMPARE(value("SELECT COUNT(*) FROM HesabMoeen WHERE iHesabKolCode=6201"), u"1"_s);
 }
 
 void TestCDlgChartOfAccounts::rename()
@@ -374,27 +376,27 @@ void TestCDlgChartOfAccounts::rename()
     page.selectCode(BooksOffice::water);
     Hand::inNextWindow([](QDialog *dialog) {
         QVERIFY(named<KEdit>(*dialog, codeLabel)->isReadOnly());
-        named<KEdit>(*dialog, nameLabel)->setText(QStringLiteral("آب و فاضلاب"));
+        named<KEdit>(*dialog, nameLabel)->setText(u"آب و فاضلاب"_s);
         dialog->accept();
     });
     QTest::keyClick(page.tree(), Qt::Key_F2);
-    QCOMPARE(page.cellText(BooksOffice::water, Name), QStringLiteral("آب و فاضلاب"));
+    QCOMPARE(page.cellText(BooksOffice::water, Name), u"آب و فاضلاب"_s);
     QCOMPARE(page.currentCode(), int(BooksOffice::water));
 }
 
 void TestCDlgChartOfAccounts::deactivationIsUndone()
 {
-    AccountChart::add(AccountLevel::Moeen, 620105, QStringLiteral("قدیمی"), 6201);
+    AccountChart::add(AccountLevel::Moeen, 620105, u"قدیمی"_s, 6201);
     CDlgChartOfAccounts page;
     page.refill();
     page.selectCode(620105);
     button(page, toggle)->click();
     QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
-    QCOMPARE(value("SELECT iStatus FROM HesabMoeen WHERE iCode=620105"), QStringLiteral("1"));
-    QCOMPARE(page.cellText(620105, State), QStringLiteral("غیرفعال"));
+    QCOMPARE(value("SELECT iStatus FROM HesabMoeen WHERE iCode=620105"), u"1"_s);
+    QCOMPARE(page.cellText(620105, State), u"غیرفعال"_s);
     QCOMPARE(page.currentCode(), 620105);
     button(page, toggle)->click();
-    QCOMPARE(value("SELECT iStatus FROM HesabMoeen WHERE iCode=620105"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT iStatus FROM HesabMoeen WHERE iCode=620105"), u"0"_s);
 }
 
 void TestCDlgChartOfAccounts::accountWithABalanceIsAskedAbout()
@@ -404,11 +406,11 @@ void TestCDlgChartOfAccounts::accountWithABalanceIsAskedAbout()
     page.selectCode(BooksOffice::water);
     g_pDlgYesNo->answerNext(KMessageDialog::No);
     button(page, toggle)->click();
-    QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(QStringLiteral("300 بد")));
-    QCOMPARE(value("SELECT iStatus FROM HesabTafsily"), QStringLiteral("0"));
+    QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(u"300 بد"_s));
+    QCOMPARE(value("SELECT iStatus FROM HesabTafsily"), u"0"_s);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
     button(page, toggle)->click();
-    QCOMPARE(value("SELECT iStatus FROM HesabTafsily"), QStringLiteral("1"));
+    QCOMPARE(value("SELECT iStatus FROM HesabTafsily"), u"1"_s);
 }
 
 void TestCDlgChartOfAccounts::accountThatTheProgramPostsToStaysActive()
@@ -417,8 +419,8 @@ void TestCDlgChartOfAccounts::accountThatTheProgramPostsToStaysActive()
     page.refill();
     page.selectCode(Accounts::bank);
     button(page, toggle)->click();
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود.")});
-    QCOMPARE(page.cellText(Accounts::bank, State), QStringLiteral("فعال"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."_s});
+    QCOMPARE(page.cellText(Accounts::bank, State), u"فعال"_s);
 }
 
 void TestCDlgChartOfAccounts::enterShowsTheSheetOfTheAccount()
@@ -442,7 +444,7 @@ void TestCDlgChartOfAccounts::treeGoesOnPaper()
     QString shown;
     Hand::inNextWindow([&shown](QDialog *dialog) { shown = QString::fromLatin1(dialog->metaObject()->className()); });
     button(page, print)->click();
-    QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
+    QCOMPARE(shown, u"CDlgReportGenerator"_s);
 }
 
 static const RegisteredTest<TestCDlgChartOfAccounts, QApplication> registered;

@@ -63,8 +63,8 @@ void TestCDlgDocuments::post(int year, int month, int day, int kind, const QStri
     KTransaction transaction;
     const QDateTime date(ConvertToMiladi(year, month, day), QTime(10, 30), Qt::UTC);
     const int num = CTblDocuments::AddDoc(kind, date, desc, year);
-    CTblDocs::AddRecord(num, year, {Accounts::persons, 1, amount, 0, QStringLiteral("بدهی")});
-    CTblDocs::AddRecord(num, year, {Accounts::commissionIncome, 0, 0, amount, QStringLiteral("درآمد")});
+    CTblDocs::AddRecord(num, year, {Accounts::persons, 1, amount, 0, u"بدهی"_s});
+    CTblDocs::AddRecord(num, year, {Accounts::commissionIncome, 0, 0, amount, u"درآمد"_s});
     CTblDocuments::RequireBalanced(num, year);
     transaction.commit();
 }
@@ -88,10 +88,10 @@ void TestCDlgDocuments::showPage(CDlgDocuments &page)
 void TestCDlgDocuments::init()
 {
     m_office.fresh();
-    m_office.database.run(QStringLiteral("INSERT INTO Persons(iID,iCode,sName2) VALUES(1,1,'علی رضایی')"));
-    post(1404, 5, 1, Accounts::documentKindContract, QStringLiteral("مبایعه نامه ش :1"), 1000000);
-    post(1405, 1, 20, Accounts::documentKindContract, QStringLiteral("مبایعه نامه ش :2"), 2500000);
-    post(1405, 2, 10, Accounts::documentKindReceipt, QStringLiteral("دریافت 100% نقد"), 300000);
+    m_office.database.run(u"INSERT INTO Persons(iID,iCode,sName2) VALUES(1,1,'علی رضایی')"_s);
+    post(1404, 5, 1, Accounts::documentKindContract, u"مبایعه نامه ش :1"_s, 1000000);
+    post(1405, 1, 20, Accounts::documentKindContract, u"مبایعه نامه ش :2"_s, 2500000);
+    post(1405, 2, 10, Accounts::documentKindReceipt, u"دریافت 100% نقد"_s, 300000);
 }
 
 void TestCDlgDocuments::latestDocumentStandsFirst()
@@ -99,22 +99,22 @@ void TestCDlgDocuments::latestDocumentStandsFirst()
     CDlgDocuments page;
     page.open();
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(0, u"year"), QStringLiteral("1405"));
-    QCOMPARE(page.list()->cellText(0, u"number"), QStringLiteral("2"));
-    QCOMPARE(page.list()->cellText(1, u"number"), QStringLiteral("1"));
-    QCOMPARE(page.list()->cellText(2, u"year"), QStringLiteral("1404"));
+    QCOMPARE(page.list()->cellText(0, u"year"), u"1405"_s);
+    QCOMPARE(page.list()->cellText(0, u"number"), u"2"_s);
+    QCOMPARE(page.list()->cellText(1, u"number"), u"1"_s);
+    QCOMPARE(page.list()->cellText(2, u"year"), u"1404"_s);
 }
 
 void TestCDlgDocuments::columnsTellTheDocument()
 {
     CDlgDocuments page;
     page.open();
-    QCOMPARE(page.list()->cellText(1, u"date"), QStringLiteral("1405/01/20"));
-    QCOMPARE(page.list()->cellText(1, u"kind"), QStringLiteral("قرارداد"));
-    QCOMPARE(page.list()->cellText(1, u"description"), QStringLiteral("مبایعه نامه ش :2"));
-    QCOMPARE(page.list()->cellText(1, u"amount"), QStringLiteral("2,500,000"));
-    QCOMPARE(page.list()->cellText(1, u"user"), QStringLiteral("admin"));
-    QCOMPARE(page.list()->cellText(0, u"kind"), QStringLiteral("دریافت نقدی"));
+    QCOMPARE(page.list()->cellText(1, u"date"), u"1405/01/20"_s);
+    QCOMPARE(page.list()->cellText(1, u"kind"), u"قرارداد"_s);
+    QCOMPARE(page.list()->cellText(1, u"description"), u"مبایعه نامه ش :2"_s);
+    QCOMPARE(page.list()->cellText(1, u"amount"), u"2,500,000"_s);
+    QCOMPARE(page.list()->cellText(1, u"user"), u"admin"_s);
+    QCOMPARE(page.list()->cellText(0, u"kind"), u"دریافت نقدی"_s);
 }
 
 void TestCDlgDocuments::rowsOfTheSelectedDocumentAreShown()
@@ -127,17 +127,17 @@ void TestCDlgDocuments::rowsOfTheSelectedDocumentAreShown()
     for (int column = 0; column < 7; ++column)
         first.append(page.rowsList()->cellText(0, column));
     QCOMPARE(first, (QStringList{
-                        QStringLiteral("1"),
-                        QStringLiteral("110301"),
-                        QStringLiteral("اشخاص"),
-                        QStringLiteral("علی رضایی"),
-                        QStringLiteral("بدهی"),
-                        QStringLiteral("2,500,000"),
+                        u"1"_s,
+                        u"110301"_s,
+                        u"اشخاص"_s,
+                        u"علی رضایی"_s,
+                        u"بدهی"_s,
+                        u"2,500,000"_s,
                         QString(),
                     }));
-    QCOMPARE(page.rowsList()->cellText(1, 2), QStringLiteral("درآمد کمیسیون"));
-    QCOMPARE(page.rowsList()->cellText(1, 6), QStringLiteral("2,500,000"));
-    QCOMPARE(page.totalsText(), QStringLiteral("جمع بدهکار : 2,500,000     جمع بستانکار : 2,500,000"));
+    QCOMPARE(page.rowsList()->cellText(1, 2), u"درآمد کمیسیون"_s);
+    QCOMPARE(page.rowsList()->cellText(1, 6), u"2,500,000"_s);
+    QCOMPARE(page.totalsText(), u"جمع بدهکار : 2,500,000     جمع بستانکار : 2,500,000"_s);
 }
 
 void TestCDlgDocuments::sameNumberOfAnotherYearIsAnotherDocument()
@@ -146,8 +146,8 @@ void TestCDlgDocuments::sameNumberOfAnotherYearIsAnotherDocument()
     page.open();
     page.list()->selectRow(2);
     QCOMPARE(page.rowsList()->count(), 2);
-    QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("1,000,000"));
-    QCOMPARE(page.list()->cellText(2, u"amount"), QStringLiteral("1,000,000"));
+    QCOMPARE(page.rowsList()->cellText(0, 5), u"1,000,000"_s);
+    QCOMPARE(page.list()->cellText(2, u"amount"), u"1,000,000"_s);
 }
 
 void TestCDlgDocuments::filters_data()
@@ -206,7 +206,7 @@ void TestCDlgDocuments::withoutTheRightThePageIsRefused()
     m_office.loginClerk();
     CDlgDocuments page;
     QVERIFY(!page.OnAccess());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Documents"), KSecurity::Access)});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Documents"_s, KSecurity::Access)});
 }
 
 void TestCDlgDocuments::newDocumentIsWrittenByHand()
@@ -218,18 +218,18 @@ void TestCDlgDocuments::newDocumentIsWrittenByHand()
         auto *window = qobject_cast<CDlgAddDocument *>(dialog);
         QVERIFY(window);
         KLinesModel *rows = window->rowsView()->linesModel();
-        rows->setData(rows->index(0, 0), QStringLiteral("110101"));
+        rows->setData(rows->index(0, 0), u"110101"_s);
         rows->setData(rows->index(0, 3), 70.0);
-        rows->setData(rows->index(1, 0), QStringLiteral("110201"));
+        rows->setData(rows->index(1, 0), u"110201"_s);
         rows->setData(rows->index(1, 4), 70.0);
         window->accept();
     });
     QVERIFY(page.runCommand(u"new"));
     QCOMPARE(page.list()->count(), 4);
     const int row = page.list()->currentRow();
-    QCOMPARE(page.list()->cellText(row, u"number"), QStringLiteral("3"));
-    QCOMPARE(page.list()->cellText(row, u"kind"), QStringLiteral("دستی"));
-    QCOMPARE(page.list()->cellText(row, u"amount"), QStringLiteral("70"));
+    QCOMPARE(page.list()->cellText(row, u"number"), u"3"_s);
+    QCOMPARE(page.list()->cellText(row, u"kind"), u"دستی"_s);
+    QCOMPARE(page.list()->cellText(row, u"amount"), u"70"_s);
     QCOMPARE(page.rowsList()->count(), 2);
 }
 
@@ -247,9 +247,9 @@ void TestCDlgDocuments::documentWrittenByHandIsChanged()
         window->accept();
     });
     QVERIFY(page.runCommand(u"edit"));
-    QCOMPARE(page.list()->cellText(0, u"number"), QStringLiteral("3"));
-    QCOMPARE(page.list()->cellText(0, u"amount"), QStringLiteral("90"));
-    QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("90"));
+    QCOMPARE(page.list()->cellText(0, u"number"), u"3"_s);
+    QCOMPARE(page.list()->cellText(0, u"amount"), u"90"_s);
+    QCOMPARE(page.rowsList()->cellText(0, 5), u"90"_s);
 }
 
 void TestCDlgDocuments::documentWrittenByHandIsDeleted()
@@ -263,15 +263,15 @@ void TestCDlgDocuments::documentWrittenByHandIsDeleted()
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
     page.runCommand(u"delete");
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Docs WHERE iDocNum=3")), QStringLiteral("0"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Docs WHERE iDocNum=3"_s), u"0"_s);
 }
 
 void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("owner");
-    QTest::newRow("receipt") << 0 << QStringLiteral("دریافت نقدی");
-    QTest::newRow("contract") << 1 << QStringLiteral("قرارداد");
+    QTest::newRow("receipt") << 0 << u"دریافت نقدی"_s;
+    QTest::newRow("contract") << 1 << u"قرارداد"_s;
 }
 
 void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere()
@@ -284,10 +284,10 @@ void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere()
     for (const QString &command : {u"edit"_s, u"delete"_s}) {
         page.runCommand(command);
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("این سند از «%1» ثبت شده است و فقط از همان‌جا تغییر می‌کند.").arg(owner)});
+                 QStringList{u"این سند از «%1» ثبت شده است و فقط از همان‌جا تغییر می‌کند."_s.arg(owner)});
     }
     QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Docs")), QStringLiteral("6"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Docs"_s), u"6"_s);
 }
 
 void TestCDlgDocuments::voidDocumentSaysSo()
@@ -295,7 +295,7 @@ void TestCDlgDocuments::voidDocumentSaysSo()
     CTblDocuments::VoidDoc(2, 1405);
     CDlgDocuments page;
     page.open();
-    QCOMPARE(page.list()->cellText(0, u"kind"), QStringLiteral("دریافت نقدی (باطل)"));
+    QCOMPARE(page.list()->cellText(0, u"kind"), u"دریافت نقدی (باطل)"_s);
     QCOMPARE(page.rowsList()->count(), 0);
 }
 
@@ -314,13 +314,13 @@ void TestCDlgDocuments::rightsOfEachCommand()
     QFETCH(int, right);
     writeByHand();
     const int clerk = m_office.loginClerk();
-    KSecurity::setRights(clerk, QStringLiteral("Documents"), KSecurity::allRights & ~right);
+    KSecurity::setRights(clerk, u"Documents"_s, KSecurity::allRights & ~right);
     CDlgDocuments page;
     page.open();
     page.runCommand(command);
     QCOMPARE(g_pDlgWarning->takeShown(),
-             QStringList{KSecurity::refusalText(QStringLiteral("Documents"), static_cast<KSecurity::Right>(right))});
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("4"));
+             QStringList{KSecurity::refusalText(u"Documents"_s, static_cast<KSecurity::Right>(right))});
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Documents"_s), u"4"_s);
 }
 
 void TestCDlgDocuments::closedDatabaseHidesTheCommands()
@@ -340,7 +340,7 @@ void TestCDlgDocuments::doubleClickGoesToTheRows()
     QVERIFY(QTest::qWaitForWindowActive(&page));
     Q_EMIT page.list()->rowActivated(page.list()->listModel()->keyAt(1));
     QTRY_VERIFY(page.rowsList()->hasFocus());
-    QCOMPARE(page.rowsList()->cellText(0, 5), QStringLiteral("2,500,000"));
+    QCOMPARE(page.rowsList()->cellText(0, 5), u"2,500,000"_s);
 }
 
 static const RegisteredTest<TestCDlgDocuments, QApplication> registered;

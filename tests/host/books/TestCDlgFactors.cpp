@@ -76,22 +76,22 @@ void TestCDlgFactors::latestInvoiceStandsFirst()
     CDlgFactors page;
     page.open();
     QCOMPARE(page.list()->count(), 2);
-    QCOMPARE(page.list()->cellText(0, u"number"), QStringLiteral("2"));
-    QCOMPARE(page.list()->cellText(1, u"number"), QStringLiteral("1"));
+    QCOMPARE(page.list()->cellText(0, u"number"), u"2"_s);
+    QCOMPARE(page.list()->cellText(1, u"number"), u"1"_s);
 }
 
 void TestCDlgFactors::rowTellsTheInvoice()
 {
     CDlgFactors page;
     page.open();
-    QCOMPARE(page.list()->cellText(0, u"type"), QStringLiteral("خرید"));
-    QCOMPARE(page.list()->cellText(0, u"date"), QStringLiteral("1405/02/20"));
-    QCOMPARE(page.list()->cellText(0, u"person"), QStringLiteral("پارس خودرو"));
-    QCOMPARE(page.list()->cellText(0, u"amount"), QStringLiteral("1,000"));
-    QCOMPARE(page.list()->cellText(0, u"owed"), QStringLiteral("990"));
-    QCOMPARE(page.list()->cellText(0, u"document"), QStringLiteral("2"));
-    QCOMPARE(page.list()->cellText(0, u"status"), QStringLiteral("معتبر"));
-    QCOMPARE(page.list()->cellText(1, u"type"), QStringLiteral("فروش"));
+    QCOMPARE(page.list()->cellText(0, u"type"), u"خرید"_s);
+    QCOMPARE(page.list()->cellText(0, u"date"), u"1405/02/20"_s);
+    QCOMPARE(page.list()->cellText(0, u"person"), u"پارس خودرو"_s);
+    QCOMPARE(page.list()->cellText(0, u"amount"), u"1,000"_s);
+    QCOMPARE(page.list()->cellText(0, u"owed"), u"990"_s);
+    QCOMPARE(page.list()->cellText(0, u"document"), u"2"_s);
+    QCOMPARE(page.list()->cellText(0, u"status"), u"معتبر"_s);
+    QCOMPARE(page.list()->cellText(1, u"type"), u"فروش"_s);
 }
 
 void TestCDlgFactors::filters_data()
@@ -140,7 +140,7 @@ void TestCDlgFactors::voidOnesAreShownOnRequest()
     page.filters().set(u"voided", true);
     page.refill();
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(0, u"status"), QStringLiteral("باطل"));
+    QCOMPARE(page.list()->cellText(0, u"status"), u"باطل"_s);
     QVERIFY(page.list()->listModel()->rows().at(0).warning);
 }
 
@@ -149,7 +149,7 @@ void TestCDlgFactors::withoutTheRightThePageIsRefused()
     m_office.loginClerk();
     CDlgFactors page;
     QVERIFY(!page.OnAccess());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Factors"), KSecurity::Access)});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Factors"_s, KSecurity::Access)});
 }
 
 void TestCDlgFactors::rightsOfEachCommand_data()
@@ -169,14 +169,14 @@ void TestCDlgFactors::rightsOfEachCommand()
     QFETCH(QString, command);
     QFETCH(int, right);
     const int clerk = m_office.loginClerk();
-    KSecurity::setRights(clerk, QStringLiteral("Factors"), KSecurity::allRights & ~right);
+    KSecurity::setRights(clerk, u"Factors"_s, KSecurity::allRights & ~right);
     CDlgFactors page;
     QVERIFY(page.OnAccess());
     page.open();
     QVERIFY(page.runCommand(command));
     QCOMPARE(g_pDlgWarning->takeShown(),
-             QStringList{KSecurity::refusalText(QStringLiteral("Factors"), static_cast<KSecurity::Right>(right))});
-    QCOMPARE(value("SELECT GROUP_CONCAT(iStatus ORDER BY iID) FROM Factors"), QStringLiteral("0,0,1"));
+             QStringList{KSecurity::refusalText(u"Factors"_s, static_cast<KSecurity::Right>(right))});
+    QCOMPARE(value("SELECT GROUP_CONCAT(iStatus ORDER BY iID) FROM Factors"), u"0,0,1"_s);
 }
 
 void TestCDlgFactors::closedDatabaseHidesTheCommands()
@@ -207,18 +207,18 @@ void TestCDlgFactors::newInvoiceIsOfItsKind()
         auto *window = qobject_cast<CDlgAddFactor *>(dialog);
         QVERIFY(window);
         window->findChild<KPersonField *>()->setPersonID(BooksOffice::pars);
-        named<KDateEdit>(*window, QStringLiteral("تاریخ :"))->setDate(BooksOffice::day(4, 1).date());
+        named<KDateEdit>(*window, u"تاریخ :"_s)->setDate(BooksOffice::day(4, 1).date());
         KLinesModel *lines = window->linesView()->linesModel();
-        lines->setData(lines->index(0, 0), QStringLiteral("102"));
+        lines->setData(lines->index(0, 0), u"102"_s);
         lines->setData(lines->index(0, 2), 1.0);
         lines->setData(lines->index(0, 3), 700.0);
         window->accept();
     });
     QVERIFY(page.runCommand(command));
     QCOMPARE(value("SELECT CONCAT_WS('/',iID,iType,dAmount) FROM Factors ORDER BY iID DESC LIMIT 1"),
-             QStringLiteral("4/%1/700").arg(type));
+             u"4/%1/700"_s.arg(type));
     QCOMPARE(page.list()->currentKey(), 4);
-    QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"owed"), QStringLiteral("770"));
+    QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"owed"), u"770"_s);
 }
 
 void TestCDlgFactors::editOpensTheSelectedOne()
@@ -235,7 +235,7 @@ void TestCDlgFactors::editOpensTheSelectedOne()
         window->accept();
     });
     Q_EMIT page.list()->rowActivated(1);
-    QCOMPARE(page.list()->cellText(1, u"amount"), QStringLiteral("2,000"));
+    QCOMPARE(page.list()->cellText(1, u"amount"), u"2,000"_s);
     QCOMPARE(page.list()->currentKey(), 1);
 }
 
@@ -247,12 +247,12 @@ void TestCDlgFactors::voidIsAskedFor()
     g_pDlgYesNo->answerNext(KMessageDialog::No);
     page.runCommand(u"void");
     QCOMPARE(page.list()->count(), 2);
-    QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(QStringLiteral("1")));
+    QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(u"1"_s));
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
     page.runCommand(u"void");
     QCOMPARE(page.list()->count(), 1);
     QCOMPARE(value("SELECT CONCAT_WS('/',f.iStatus,d.iStatus) FROM Factors f JOIN Documents d ON d.iNum=f.iDocNum WHERE f.iID=1"),
-             QStringLiteral("1/1"));
+             u"1/1"_s);
 }
 
 void TestCDlgFactors::voidOneIsNeitherEditedNorVoidedAgain()
@@ -264,7 +264,7 @@ void TestCDlgFactors::voidOneIsNeitherEditedNorVoidedAgain()
     page.list()->selectKey(3);
     for (const QString &command : {u"edit"_s, u"void"_s}) {
         page.runCommand(command);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فاکتور شماره 3 باطل شده است و تغییر نمی‌کند.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"فاکتور شماره 3 باطل شده است و تغییر نمی‌کند."_s});
     }
     QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
 }
@@ -291,7 +291,7 @@ void TestCDlgFactors::documentOfTheSelectedOne()
     QString title;
     Hand::inNextWindow([&title](QDialog *dialog) { title = dialog->windowTitle(); });
     page.runCommand(u"showDocument");
-    QCOMPARE(title, QStringLiteral("سند حسابداری شماره 2 سال مالی 1405"));
+    QCOMPARE(title, u"سند حسابداری شماره 2 سال مالی 1405"_s);
 }
 
 void TestCDlgFactors::listGoesOnPaper()
@@ -301,7 +301,7 @@ void TestCDlgFactors::listGoesOnPaper()
     QString shown;
     Hand::inNextWindow([&shown](QDialog *dialog) { shown = QString::fromLatin1(dialog->metaObject()->className()); });
     page.runCommand(u"print");
-    QCOMPARE(shown, QStringLiteral("CDlgReportGenerator"));
+    QCOMPARE(shown, u"CDlgReportGenerator"_s);
 }
 
 static const RegisteredTest<TestCDlgFactors, QApplication> registered;

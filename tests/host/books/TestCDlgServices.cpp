@@ -45,8 +45,8 @@ private:
 
 namespace {
 
-const QString code = QStringLiteral("کد :");
-const QString name = QStringLiteral("نام :");
+const QString code = u"کد :"_s;
+const QString name = u"نام :"_s;
 
 }
 
@@ -61,22 +61,22 @@ void TestCDlgServices::inEditor(const std::function<void(CDlgAddService &)> &act
 
 void TestCDlgServices::servicesStandByTheirCodes()
 {
-    CTblServices::add(7, QStringLiteral("بیمه"));
+    CTblServices::add(7, u"بیمه"_s);
     CDlgServices page;
     page.open();
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(0, u"code"), QStringLiteral("7"));
-    QCOMPARE(page.list()->cellText(1, u"name"), QStringLiteral("کارشناسی خودرو"));
+    QCOMPARE(page.list()->cellText(0, u"code"), u"7"_s);
+    QCOMPARE(page.list()->cellText(1, u"name"), u"کارشناسی خودرو"_s);
 }
 
 void TestCDlgServices::namesAreSearched()
 {
     CDlgServices page;
     page.open();
-    page.filters().set(u"name", QStringLiteral("سند"));
+    page.filters().set(u"name", u"سند"_s);
     page.refill();
     QCOMPARE(page.list()->count(), 1);
-    page.filters().set(u"name", QStringLiteral("'%"));
+    page.filters().set(u"name", u"'%"_s);
     page.refill();
     QCOMPARE(page.list()->count(), 0);
 }
@@ -89,12 +89,12 @@ void TestCDlgServices::newServiceGetsTheNextCode()
     QVERIFY(QTest::qWaitForWindowActive(&page));
     inEditor([](CDlgAddService &window) {
         QCOMPARE(field(window, code)->integer(), 103);
-        Hand::type(QStringLiteral("بیمه"));
+        Hand::type(u"بیمه"_s);
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
     QVERIFY(page.runCommand(u"new"));
     QCOMPARE(page.list()->count(), 3);
-    QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"name"), QStringLiteral("بیمه"));
+    QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"name"), u"بیمه"_s);
 }
 
 void TestCDlgServices::refusedEntryKeepsTheWindow_data()
@@ -103,10 +103,10 @@ void TestCDlgServices::refusedEntryKeepsTheWindow_data()
     QTest::addColumn<QString>("typedName");
     QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("focus");
-    QTest::newRow("no name") << QStringLiteral("200") << QString() << QStringLiteral("لطفا نام خدمت را وارد نمایید.") << name;
-    QTest::newRow("code is taken") << QStringLiteral("101") << QStringLiteral("بیمه")
-                                   << QStringLiteral("کد 101 از آن خدمت «کارشناسی خودرو» است.") << code;
-    QTest::newRow("no code") << QString() << QStringLiteral("بیمه") << QStringLiteral("لطفا کد خدمت را وارد نمایید.") << code;
+    QTest::newRow("no name") << u"200"_s << QString() << u"لطفا نام خدمت را وارد نمایید."_s << name;
+    QTest::newRow("code is taken") << u"101"_s << u"بیمه"_s
+                                   << u"کد 101 از آن خدمت «کارشناسی خودرو» است."_s << code;
+    QTest::newRow("no code") << QString() << u"بیمه"_s << u"لطفا کد خدمت را وارد نمایید."_s << code;
 }
 
 void TestCDlgServices::refusedEntryKeepsTheWindow()
@@ -124,7 +124,7 @@ void TestCDlgServices::refusedEntryKeepsTheWindow()
     QTEST(g_pDlgWarning->takeShown().value(0), "message");
     QCOMPARE(Hand::focus()->accessibleName(), focus);
     QCOMPARE(field(window, name)->text(), typedName);
-    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"2"_s);
 }
 
 void TestCDlgServices::renameKeepsTheCode()
@@ -135,12 +135,12 @@ void TestCDlgServices::renameKeepsTheCode()
     QVERIFY(QTest::qWaitForWindowActive(&page));
     page.list()->selectKey(m_office.transfer);
     inEditor([](CDlgAddService &window) {
-        field(window, name)->setText(QStringLiteral("انتقال سند خودرو"));
+        field(window, name)->setText(u"انتقال سند خودرو"_s);
         window.accept();
     });
     QVERIFY(page.runCommand(u"edit"));
-    QCOMPARE(value("SELECT CONCAT(iCode,' ',sName) FROM Services WHERE iCode=102"), QStringLiteral("102 انتقال سند خودرو"));
-    QCOMPARE(page.list()->cellText(1, u"name"), QStringLiteral("انتقال سند خودرو"));
+    QCOMPARE(value("SELECT CONCAT(iCode,' ',sName) FROM Services WHERE iCode=102"), u"102 انتقال سند خودرو"_s);
+    QCOMPARE(page.list()->cellText(1, u"name"), u"انتقال سند خودرو"_s);
 }
 
 void TestCDlgServices::deletionIsAskedFor()
@@ -154,7 +154,7 @@ void TestCDlgServices::deletionIsAskedFor()
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
     page.runCommand(u"delete");
     QCOMPARE(page.list()->count(), 1);
-    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("1"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"1"_s);
 }
 
 void TestCDlgServices::serviceOnAnInvoiceStays()
@@ -164,7 +164,7 @@ void TestCDlgServices::serviceOnAnInvoiceStays()
     page.open();
     page.list()->selectKey(m_office.inspection);
     page.runCommand(u"delete");
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این خدمت در فاکتور شماره 1 به کار رفته است و حذف نمی‌شود.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این خدمت در فاکتور شماره 1 به کار رفته است و حذف نمی‌شود."_s});
     QCOMPARE(page.list()->count(), 2);
 }
 
@@ -182,19 +182,19 @@ void TestCDlgServices::rightsOfEachCommand()
     QFETCH(QString, command);
     QFETCH(int, right);
     const int clerk = m_office.loginClerk();
-    KSecurity::setRights(clerk, QStringLiteral("Services"), KSecurity::allRights & ~right);
+    KSecurity::setRights(clerk, u"Services"_s, KSecurity::allRights & ~right);
     CDlgServices page;
     page.open();
     page.runCommand(command);
     QCOMPARE(g_pDlgWarning->takeShown(),
-             QStringList{KSecurity::refusalText(QStringLiteral("Services"), static_cast<KSecurity::Right>(right))});
-    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
+             QStringList{KSecurity::refusalText(u"Services"_s, static_cast<KSecurity::Right>(right))});
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"2"_s);
 }
 
 void TestCDlgServices::closedDatabaseHidesTheCommands()
 {
     CDlgAddService window(0);
-    field(window, name)->setText(QStringLiteral("بیمه"));
+    field(window, name)->setText(u"بیمه"_s);
     GetDBSetting()->SetClosedDB(true);
     CDlgServices page;
     page.open();
@@ -202,7 +202,7 @@ void TestCDlgServices::closedDatabaseHidesTheCommands()
         QVERIFY(page.button(command)->isHidden());
     // Also for a window that was open by then.
     QVERIFY(!window.OnOK());
-    QCOMPARE(value("SELECT COUNT(*) FROM Services"), QStringLiteral("2"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"2"_s);
 }
 
 static const RegisteredTest<TestCDlgServices, QApplication> registered;

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestClientConfig : public QObject
 {
     Q_OBJECT
@@ -34,15 +36,15 @@ void TestClientConfig::whatADataFolderWritesIsReadBack()
 {
     QFETCH(QString, password);
     KConnectionSettings settings;
-    settings.user = QStringLiteral("tzauto");
+    settings.user = u"tzauto"_s;
     settings.password = password;
-    settings.socketPath = QStringLiteral("/run/user/0/tz \"a\"/s.sock");
+    settings.socketPath = u"/run/user/0/tz \"a\"/s.sock"_s;
     const KConnectionSettings read = ClientConfig::parse("# words\n" + ServerConfig::clientOptions(settings)
-                                                         + "[mysql]\ndatabase=" + ServerConfig::quoted(QStringLiteral("books")) + '\n');
+                                                         + "[mysql]\ndatabase=" + ServerConfig::quoted(u"books"_s) + '\n');
     QCOMPARE(read.user, settings.user);
     QCOMPARE(read.password, password);
     QCOMPARE(read.socketPath, settings.socketPath);
-    QCOMPARE(read.database, QStringLiteral("books"));
+    QCOMPARE(read.database, u"books"_s);
     QVERIFY(read.host.isEmpty());
 }
 
@@ -50,14 +52,14 @@ void TestClientConfig::onlyTheGroupsOfClientsCount()
 {
     const KConnectionSettings read =
         ClientConfig::parse("[mysqld]\nuser=server\nport=1\n[client]\nhost=office\nport=3307\n[other]\nhost=elsewhere\n");
-    QCOMPARE(read.host, QStringLiteral("office"));
+    QCOMPARE(read.host, u"office"_s);
     QCOMPARE(read.port, 3307u);
     QVERIFY(read.user.isEmpty());
 }
 
 void TestClientConfig::missingFileIsTold()
 {
-    QVERIFY(!ClientConfig::read(QStringLiteral("/nowhere/client.cnf")));
+    QVERIFY(!ClientConfig::read(u"/nowhere/client.cnf"_s));
 }
 
 static const RegisteredTest<TestClientConfig, QCoreApplication> registered;

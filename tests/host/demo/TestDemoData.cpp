@@ -31,6 +31,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestDemoData : public QObject
 {
     Q_OBJECT
@@ -83,7 +85,7 @@ QString TestDemoData::checksum()
                               "Factors", "FactorStuffs"}) {
         CTblTemp query;
         query.Open(false, false, true);
-        query.ExecuteQuery(QStringLiteral("CHECKSUM TABLE ") + QString::fromLatin1(table));
+        query.ExecuteQuery(u"CHECKSUM TABLE "_s + QString::fromLatin1(table));
         all += query.GetTextFieldValue(1) + u' ';
     }
     return all;
@@ -106,40 +108,40 @@ void TestDemoData::anotherSizeIsAnotherOffice()
 
 void TestDemoData::sizesFollowTheContracts()
 {
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("300"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("200"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents WHERE iKind=28")), QStringLiteral("300"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT CONCAT(SUM(iType=7),'/',SUM(iType=8)) FROM Factors")), QStringLiteral("30/15"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT DATEDIFF(MAX(dateContract),MIN(dateContract)) BETWEEN 700 AND 731 "
-                                             "FROM AutomobilContracts")),
-             QStringLiteral("1"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("100"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("60"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"300"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Persons"_s), u"200"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Documents WHERE iKind=28"_s), u"300"_s);
+    QCOMPARE(m_database.value(u"SELECT CONCAT(SUM(iType=7),'/',SUM(iType=8)) FROM Factors"_s), u"30/15"_s);
+    QCOMPARE(m_database.value(u"SELECT DATEDIFF(MAX(dateContract),MIN(dateContract)) BETWEEN 700 AND 731 "
+                              "FROM AutomobilContracts"_s),
+             u"1"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"100"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"60"_s);
     fill(1);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("12"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("10"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("20"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"12"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"10"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Persons"_s), u"20"_s);
     fill(300);
 }
 
 void TestDemoData::everyDocumentBalances()
 {
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(DISTINCT iFiscalYear,iDocNum) FROM Docs")), QStringLiteral("344"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(DISTINCT iFiscalYear,iDocNum) FROM Docs"_s), u"344"_s);
     CTblDocuments documents;
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         CTblDocuments::RequireBalanced(documents.m_iNum, documents.m_iFiscalYear);
-    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), QStringLiteral("300/0/0"));
+    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"300/0/0"_s);
 }
 
 void TestDemoData::numbersRunThroughEachFiscalYear()
 {
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM (SELECT iFiscalYear FROM Documents GROUP BY iFiscalYear "
-                                             "HAVING MIN(iNum)<>1 OR MAX(iNum)<>COUNT(*)) gaps")),
-             QStringLiteral("0"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Documents a JOIN Documents b ON b.iFiscalYear=a.iFiscalYear "
-                                             "AND b.iNum=a.iNum+1 AND b.iKind=a.iKind WHERE b.date<a.date AND a.iKind=28")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM (SELECT iFiscalYear FROM Documents GROUP BY iFiscalYear "
+                              "HAVING MIN(iNum)<>1 OR MAX(iNum)<>COUNT(*)) gaps"_s),
+             u"0"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Documents a JOIN Documents b ON b.iFiscalYear=a.iFiscalYear "
+                              "AND b.iNum=a.iNum+1 AND b.iKind=a.iKind WHERE b.date<a.date AND a.iKind=28"_s),
+             u"0"_s);
     CTblDocuments documents;
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         QCOMPARE(documents.m_iFiscalYear, GetShamsi(documents.m_date.date()).year);
@@ -148,13 +150,13 @@ void TestDemoData::numbersRunThroughEachFiscalYear()
 // Posting a contract anew keeps its document's number and gives the very rows that were made.
 void TestDemoData::documentsAreWhatTheEditorWouldPost()
 {
-    const QString rows = QStringLiteral("SELECT SHA1(GROUP_CONCAT(iHesabKolCode,'/',iHesabMoeenCode,'/',iPersonID,'/',dBed,'/',dBes,"
-                                        "'/',sDesc ORDER BY iID)) FROM Docs WHERE iDocNum=%1 AND iFiscalYear=%2");
-    const QString header = QStringLiteral("SELECT CONCAT(iKind,date,sDesc) FROM Documents WHERE iNum=%1 AND iFiscalYear=%2");
+    const QString rows = u"SELECT SHA1(GROUP_CONCAT(iHesabKolCode,'/',iHesabMoeenCode,'/',iPersonID,'/',dBed,'/',dBes,"
+                         "'/',sDesc ORDER BY iID)) FROM Docs WHERE iDocNum=%1 AND iFiscalYear=%2"_s;
+    const QString header = u"SELECT CONCAT(iKind,date,sDesc) FROM Documents WHERE iNum=%1 AND iFiscalYear=%2"_s;
     KTransaction transaction;
     for (int code = 1; code <= 300; code += 7) {
         CTblAutomobilContracts contract;
-        QVERIFY(contract.IsRecordExist(QStringLiteral("iCode"), code));
+        QVERIFY(contract.IsRecordExist(u"iCode"_s, code));
         const int num = contract.m_iDocNum;
         const int year = contract.m_iFiscalYear;
         const QString before = m_database.value(rows.arg(num).arg(year)) + m_database.value(header.arg(num).arg(year));
@@ -167,39 +169,38 @@ void TestDemoData::documentsAreWhatTheEditorWouldPost()
 void TestDemoData::figuresAreWhatTheEditorWouldCompute()
 {
     // Commission by tier, tax and duty by percentage, the total of the party that changed last.
-    QCOMPARE(m_database.value(QStringLiteral(
-                 "SELECT COUNT(*) FROM AutomobilContracts WHERE ABS(dCommission-dAmount*IF(dAmount<=5e9,1,IF(dAmount<=20e9,0.75,0.5))"
-                 "/100)>0.001 OR ABS(dTax-dCommission*6/100)>0.001 OR ABS(dImposition-dCommission*4/100)>0.001 "
-                 "OR ABS(dTax2-dTax)>0.001 OR ABS(dImposition2-dImposition)>0.001 "
-                 "OR ABS(dCommissionEveryPerson-dCommission-dTax2-dImposition2)>0.001")),
-             QStringLiteral("0"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE "
-                                             "ABS(dPayFirst-IF(iPersonContract1=1,dTax+dImposition,dCommissionEveryPerson-dDiscountFirst))"
-                                             ">0.001 OR ABS(dPaySecond-(dCommissionEveryPerson-dDiscountSecond))>0.001")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts WHERE ABS(dCommission-dAmount*IF(dAmount<=5e9,1,IF(dAmount<=20e9,0.75,0.5))"
+                              "/100)>0.001 OR ABS(dTax-dCommission*6/100)>0.001 OR ABS(dImposition-dCommission*4/100)>0.001 "
+                              "OR ABS(dTax2-dTax)>0.001 OR ABS(dImposition2-dImposition)>0.001 "
+                              "OR ABS(dCommissionEveryPerson-dCommission-dTax2-dImposition2)>0.001"_s),
+             u"0"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts WHERE "
+                              "ABS(dPayFirst-IF(iPersonContract1=1,dTax+dImposition,dCommissionEveryPerson-dDiscountFirst))"
+                              ">0.001 OR ABS(dPaySecond-(dCommissionEveryPerson-dDiscountSecond))>0.001"_s),
+             u"0"_s);
 }
 
 void TestDemoData::officeLooksAlive()
 {
     for (const char *condition : {"iContractType=0", "iContractType=1", "iContractType=2", "iContractType=3", "bReturn=1",
                                   "iStatus=1", "iArchiveUserID>0", "iPersonContract1=1", "iPersonContract1=2", "dDiscountFirst>0"}) {
-        const QString count = m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE ")
+        const QString count = m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts WHERE "_s
                                                + QString::fromLatin1(condition));
         QVERIFY2(count.toInt() > 0 && count.toInt() < 300, condition);
     }
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE sName1=sName2 OR sName1='' OR sName2=''")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts WHERE sName1=sName2 OR sName1='' OR sName2=''"_s),
+             u"0"_s);
     // Every contract can be opened and saved as it is, and states its place, its payment and the terms of its type.
     for (const char *missing :
          {"sAutomobilName='' OR sModel NOT BETWEEN 1000 AND 3000 OR sColor='' OR sNumOfPlates=''", "sState='' OR sCity=''",
           "iContractType=0 AND ABS(dAgreeAmount+dRemainingAmount-dAmount)>1",
           "iContractType=1 AND (dAmountRent<=0 OR dateRentExpire<=dateRent OR sRentTime='')",
           "iContractType=2 AND (sNumOfInstallment='' OR dAgreeAmount NOT BETWEEN 1 AND dAmount OR dDelayAmount<=0)"}) {
-        const QString count = m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts WHERE ")
+        const QString count = m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts WHERE "_s
                                                + QString::fromLatin1(missing));
-        QVERIFY2(count == QStringLiteral("0"), missing);
+        QVERIFY2(count == u"0"_s, missing);
     }
-    QCOMPARE(CompanyDetails::read().name(), QStringLiteral("نمایشگاه اتومبیل آریا"));
+    QCOMPARE(CompanyDetails::read().name(), u"نمایشگاه اتومبیل آریا"_s);
     QCOMPARE(NationalCode::checkCompany(CompanyDetails::read().nationalCode), NationalCode::State::Good);
     QCOMPARE(GetDBSetting()->FiscalYear(), 1405);
 }
@@ -225,43 +226,41 @@ void TestDemoData::personsAreValid()
 void TestDemoData::carsAreOfTheCatalogAndTheRegisterLooksAlive()
 {
     // What a car refers to is there, a class belongs to its model and the model to its brand.
-    QCOMPARE(m_database.value(QStringLiteral(
-                 "SELECT COUNT(*) FROM AutomobilInformations ai JOIN CarClasses cc ON cc.iID=ai.iBrigade JOIN CarModels cm "
-                 "ON cm.iID=ai.iModel AND cc.iBrandID=cm.iID JOIN CarBrands cb ON cb.iID=ai.iAutomobilType AND cm.iClassID=cb.iID "
-                 "JOIN Persons p ON p.iID=ai.iPersonID JOIN Items color ON color.iID=ai.iColor AND color.iType=808 "
-                 "JOIN Items sys ON sys.iID=ai.iSystem AND sys.iType=802 JOIN Items body ON body.iID=ai.iBodyStatus AND "
-                 "body.iType=815 JOIN Items country ON country.iID=ai.iCountry AND country.iType=804")),
-             QStringLiteral("100"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations ai JOIN CarClasses cc ON cc.iID=ai.iBrigade JOIN CarModels cm "
+                              "ON cm.iID=ai.iModel AND cc.iBrandID=cm.iID JOIN CarBrands cb ON cb.iID=ai.iAutomobilType AND cm.iClassID=cb.iID "
+                              "JOIN Persons p ON p.iID=ai.iPersonID JOIN Items color ON color.iID=ai.iColor AND color.iType=808 "
+                              "JOIN Items sys ON sys.iID=ai.iSystem AND sys.iType=802 JOIN Items body ON body.iID=ai.iBodyStatus AND "
+                              "body.iType=815 JOIN Items country ON country.iID=ai.iCountry AND country.iType=804"_s),
+             u"100"_s);
     for (const char *condition : {"bSold=1", "bSold=0 AND iStatus=0 AND iArchiveUserID=0", "iArchiveUserID>0", "iStatus=1",
                                   "iUsageType=2", "iFuel=2", "sDocumentsDeficit<>''", "sFractionalParts<>''", "oPicture IS NULL",
                                   "dRemainingContract>0"}) {
         const int count = m_database
-                              .value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations WHERE ") + QString::fromLatin1(condition))
+                              .value(u"SELECT COUNT(*) FROM AutomobilInformations WHERE "_s + QString::fromLatin1(condition))
                               .toInt();
         QVERIFY2(count > 0 && count < 100, condition);
     }
     CTblAutomobilInformations car;
-    car.SetColumns({QStringLiteral("sVIN")});
+    car.SetColumns({u"sVIN"_s});
     for (car.Open(true, true, true); !car.IsEOF(); car.MoveNext())
         QCOMPARE(VehicleIdentification::check(car.m_sVIN), VehicleIdentification::State::Good);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs WHERE dAmount>0 AND sTitle<>''")),
-             QStringLiteral("6"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilTariffs WHERE dAmount>0 AND sTitle<>''"_s),
+             u"6"_s);
 }
 
 void TestDemoData::soldCarsAreWhatTheEditorWouldSave()
 {
-    QCOMPARE(m_database.value(QStringLiteral(
-                 "SELECT COUNT(*) FROM AutomobilInformations WHERE IF(bSold=1,iPersonBuyerID IN (0,iPersonID) OR dateBuy<dateIntroduction "
-                 "OR dSoldAmount<=0,iPersonBuyerID<>0 OR dSoldAmount<>0) OR ABS(dProfitAndLoss-(dSoldAmount-dPurchasePriceOfOwner"
-                 "-dAutomobilExpenses-dAmountPresence-dRemainingPresence))>0.001 OR (iArchiveUserID>0 AND bSold=0)")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations WHERE IF(bSold=1,iPersonBuyerID IN (0,iPersonID) OR dateBuy<dateIntroduction "
+                              "OR dSoldAmount<=0,iPersonBuyerID<>0 OR dSoldAmount<>0) OR ABS(dProfitAndLoss-(dSoldAmount-dPurchasePriceOfOwner"
+                              "-dAutomobilExpenses-dAmountPresence-dRemainingPresence))>0.001 OR (iArchiveUserID>0 AND bSold=0)"_s),
+             u"0"_s);
 }
 
 void TestDemoData::carsHavePicturesThatCanBeShown()
 {
     CTblAutomobilInformations car;
-    car.m_filter = QStringLiteral("oPicture IS NOT NULL");
-    car.SetColumns({QStringLiteral("oPicture")});
+    car.m_filter = u"oPicture IS NOT NULL"_s;
+    car.SetColumns({u"oPicture"_s});
     int pictures = 0;
     for (car.Open(true, true, true); !car.IsEOF(); car.MoveNext(), ++pictures) {
         const QImage image = PictureIntake::decode(car.m_oPicture.data);
@@ -273,21 +272,20 @@ void TestDemoData::carsHavePicturesThatCanBeShown()
 void TestDemoData::everyKindOfInputParameterHasValues()
 {
     for (int option = 0; option < InputParameters::optionCount; ++option) {
-        const QString count = m_database.value(QStringLiteral("SELECT COUNT(*) FROM Items WHERE ") + InputParameters::valuesFilter(option));
+        const QString count = m_database.value(u"SELECT COUNT(*) FROM Items WHERE "_s + InputParameters::valuesFilter(option));
         QVERIFY2(count.toInt() >= 2, qPrintable(InputParameters::caption(option)));
     }
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM Items GROUP BY iType,sName HAVING COUNT(*)>1) twice")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM (SELECT 1 FROM Items GROUP BY iType,sName HAVING COUNT(*)>1) twice"_s),
+             u"0"_s);
 }
 
 void TestDemoData::demandsAreOfTheCatalogAndSomeHaveFittingCars()
 {
-    QCOMPARE(m_database.value(QStringLiteral(
-                 "SELECT COUNT(*) FROM AutomobilDemands ad JOIN Persons p ON p.iID=ad.iPersonID LEFT JOIN CarBrands cb ON "
-                 "cb.iID=ad.iAutomobilType LEFT JOIN Items color ON color.iID=ad.iColor AND color.iType=808 LEFT JOIN Items f ON "
-                 "f.iID=ad.iFacilities AND f.iType=811 WHERE (ad.iAutomobilType=0 OR cb.iID>0) AND (ad.iColor=0 OR color.iID>0) "
-                 "AND (ad.iFacilities=0 OR f.iID>0) AND ad.dAmountFrom<=ad.dAmountUpTo")),
-             QStringLiteral("60"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilDemands ad JOIN Persons p ON p.iID=ad.iPersonID LEFT JOIN CarBrands cb ON "
+                              "cb.iID=ad.iAutomobilType LEFT JOIN Items color ON color.iID=ad.iColor AND color.iType=808 LEFT JOIN Items f ON "
+                              "f.iID=ad.iFacilities AND f.iType=811 WHERE (ad.iAutomobilType=0 OR cb.iID>0) AND (ad.iColor=0 OR color.iID>0) "
+                              "AND (ad.iFacilities=0 OR f.iID>0) AND ad.dAmountFrom<=ad.dAmountUpTo"_s),
+             u"60"_s);
     int withCars = 0;
     CTblAutomobilDemands demand;
     for (demand.Open(true, true, true); !demand.IsEOF(); demand.MoveNext()) {
@@ -299,29 +297,28 @@ void TestDemoData::demandsAreOfTheCatalogAndSomeHaveFittingCars()
 
 void TestDemoData::invoicesOfTheSeasonAreWhatTheEditorWouldSave()
 {
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Factors f WHERE ABS(dAmount-(SELECT SUM(dCount*dPrice) FROM "
-                                             "FactorStuffs s WHERE s.iFactorNum=f.iID AND s.iType=f.iType))>0.001 OR "
-                                             "ABS(dTax-(dAmount-dDiscount)*6/100)>0.5 OR ABS(dImposition-(dAmount-dDiscount)*4/100)>0.5")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Factors f WHERE ABS(dAmount-(SELECT SUM(dCount*dPrice) FROM "
+                              "FactorStuffs s WHERE s.iFactorNum=f.iID AND s.iType=f.iType))>0.001 OR "
+                              "ABS(dTax-(dAmount-dDiscount)*6/100)>0.5 OR ABS(dImposition-(dAmount-dDiscount)*4/100)>0.5"_s),
+             u"0"_s);
     // What each valid one asks for stands on the person's account.
-    QCOMPARE(m_database.value(QStringLiteral(
-                 "SELECT COUNT(*) FROM Factors f JOIN Docs d ON d.iDocNum=f.iDocNum AND d.iFiscalYear=f.iFiscalYear AND "
-                 "d.iHesabMoeenCode=110301 AND d.iPersonID=f.iPersonID AND ABS(d.dBed+d.dBes-(f.dAmount-f.dDiscount+f.dTax+"
-                 "f.dImposition))<0.001 WHERE f.iStatus=0")),
-             QStringLiteral("44"));
-    const QString summer = QStringLiteral("SELECT COUNT(*) FROM Factors WHERE iType=%1 AND iStatus=0 AND date<'%2'");
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Factors f JOIN Docs d ON d.iDocNum=f.iDocNum AND d.iFiscalYear=f.iFiscalYear AND "
+                              "d.iHesabMoeenCode=110301 AND d.iPersonID=f.iPersonID AND ABS(d.dBed+d.dBes-(f.dAmount-f.dDiscount+f.dTax+"
+                              "f.dImposition))<0.001 WHERE f.iStatus=0"_s),
+             u"44"_s);
+    const QString summer = u"SELECT COUNT(*) FROM Factors WHERE iType=%1 AND iStatus=0 AND date<'%2'"_s;
     const QString autumn = ConvertToMiladi(1405, 7, 1).toString(Qt::ISODate);
     QVERIFY(m_database.value(summer.arg(7).arg(autumn)).toInt() >= 10);
     QVERIFY(m_database.value(summer.arg(8).arg(autumn)).toInt() >= 5);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT CONCAT(SUM(iStatus),'/',(SELECT COUNT(DISTINCT iFactorNum) FROM FactorStuffs "
-                                             "WHERE iKind IN (3,4)),'/',COUNT(DISTINCT iUserID)) FROM Factors")),
-             QStringLiteral("1/1/1"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Services")), QStringLiteral("9"));
+    QCOMPARE(m_database.value(u"SELECT CONCAT(SUM(iStatus),'/',(SELECT COUNT(DISTINCT iFactorNum) FROM FactorStuffs "
+                              "WHERE iKind IN (3,4)),'/',COUNT(DISTINCT iUserID)) FROM Factors"_s),
+             u"1/1/1"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Services"_s), u"9"_s);
 }
 
 void TestDemoData::userCanLogIn()
 {
-    const std::optional<int> user = CTblUsers::verify(QStringLiteral("demo"), QStringLiteral("demo"));
+    const std::optional<int> user = CTblUsers::verify(u"demo"_s, u"demo"_s);
     QVERIFY(user);
     QVERIFY(GetDBSetting()->Login(*user));
     QVERIFY(GetDBSetting()->IsAdmin());

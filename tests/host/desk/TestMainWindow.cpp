@@ -27,6 +27,8 @@
 #include <QStatusBar>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestMainWindow : public QObject
 {
     Q_OBJECT
@@ -72,7 +74,7 @@ private:
 
 void TestMainWindow::initTestCase()
 {
-    QVERIFY2(m_module.load(QStringLiteral(TZ_MODULE_DIR)), qPrintable(m_module.errorText()));
+    QVERIFY2(m_module.load(u"" TZ_MODULE_DIR ""_s), qPrintable(m_module.errorText()));
 }
 
 void TestMainWindow::init()
@@ -104,15 +106,15 @@ void TestMainWindow::menuOfTheModuleStandsToTheLetter()
 {
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     const QAction *first = window.menuBar()->actions().constFirst();
-    QCOMPARE(first->text(), QStringLiteral("گالری اتومبیل"));
+    QCOMPARE(first->text(), u"گالری اتومبیل"_s);
     QStringList entries;
     for (const QAction *entry : first->menu()->actions())
         entries.append(entry->text());
     QCOMPARE(entries, (QStringList{
-                          QStringLiteral("قرارداد"),
-                          QStringLiteral("تقاضا"),
-                          QStringLiteral("گالري اتومبيل"),
-                          QStringLiteral("گزارش فصلي"),
+                          u"قرارداد"_s,
+                          u"تقاضا"_s,
+                          u"گالري اتومبيل"_s,
+                          u"گزارش فصلي"_s,
                       }));
     QCOMPARE(window.layoutDirection(), QApplication::layoutDirection());
 }
@@ -144,18 +146,18 @@ void TestMainWindow::everyShortcutBelongsToOneEntry()
 void TestMainWindow::withoutTheModuleTheWindowWorks()
 {
     const MainWindow window(DataFolder(m_folder.path()), nullptr);
-    QVERIFY(!action(window, QStringLiteral("قرارداد"))->isEnabled());
-    QVERIFY(action(window, QStringLiteral("قرارداد"))->toolTip().contains(QStringLiteral("بارگذاری نشده")));
-    action(window, QStringLiteral("اشخاص"))->trigger();
+    QVERIFY(!action(window, u"قرارداد"_s)->isEnabled());
+    QVERIFY(action(window, u"قرارداد"_s)->toolTip().contains(u"بارگذاری نشده"_s));
+    action(window, u"اشخاص"_s)->trigger();
     QCOMPARE(window.workArea()->count(), 1);
 }
 
 void TestMainWindow::listsOfTheModuleOpenAsATabEachTime_data()
 {
     QTest::addColumn<QString>("entry");
-    QTest::newRow("contracts") << QStringLiteral("قرارداد");
-    QTest::newRow("demands") << QStringLiteral("تقاضا");
-    QTest::newRow("cars") << QStringLiteral("گالري اتومبيل");
+    QTest::newRow("contracts") << u"قرارداد"_s;
+    QTest::newRow("demands") << u"تقاضا"_s;
+    QTest::newRow("cars") << u"گالري اتومبيل"_s;
 }
 
 void TestMainWindow::listsOfTheModuleOpenAsATabEachTime()
@@ -223,9 +225,9 @@ void TestMainWindow::settingsAreRefusedWithoutTheRight()
 {
     m_office.loginClerk();
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    action(window, QStringLiteral("تنظیمات"))->trigger();
-    action(window, QStringLiteral("پشتیبان‌گیری"))->trigger();
-    const QString refusal = KSecurity::refusalText(QStringLiteral("Settings"), KSecurity::Access);
+    action(window, u"تنظیمات"_s)->trigger();
+    action(window, u"پشتیبان‌گیری"_s)->trigger();
+    const QString refusal = KSecurity::refusalText(u"Settings"_s, KSecurity::Access);
     QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{refusal, refusal}));
 }
 
@@ -241,7 +243,7 @@ void TestMainWindow::startPageHasTheCommandsOfADay()
         captions.append(button->text());
     }
     QCOMPARE(captions.size(), 10);
-    QCOMPARE(captions.constFirst(), QStringLiteral("قرارداد"));
+    QCOMPARE(captions.constFirst(), u"قرارداد"_s);
     QVERIFY(buttons.constFirst()->hasFocus());
     QSet<int> rows;
     for (const StartButton *button : buttons)
@@ -257,10 +259,10 @@ void TestMainWindow::statusLineTellsWhatIsWorkedOn()
     GetDBSetting()->SetFiscalYear(1404);
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     const QString all = statusTexts(window).join(u'|');
-    QVERIFY2(all.contains(QStringLiteral("کاربر : مدیر")), qPrintable(all));
+    QVERIFY2(all.contains(u"کاربر : مدیر"_s), qPrintable(all));
     QVERIFY2(all.contains(m_office.database.name()), qPrintable(all));
-    QVERIFY2(all.contains(QStringLiteral("سال مالی : 1404")), qPrintable(all));
-    QVERIFY2(!all.contains(QStringLiteral("بسته است")), qPrintable(all));
+    QVERIFY2(all.contains(u"سال مالی : 1404"_s), qPrintable(all));
+    QVERIFY2(!all.contains(u"بسته است"_s), qPrintable(all));
 }
 
 void TestMainWindow::closedDatabaseIsMarked()
@@ -268,16 +270,16 @@ void TestMainWindow::closedDatabaseIsMarked()
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     GetDBSetting()->SetClosedDB(true);
     window.refresh();
-    QVERIFY(statusTexts(window).contains(QStringLiteral("پایگاه داده بسته است")));
+    QVERIFY(statusTexts(window).contains(u"پایگاه داده بسته است"_s));
 }
 
 void TestMainWindow::titleNamesTheOffice()
 {
     CompanyDetails company;
-    company.name1 = QStringLiteral("نمایشگاه آریا");
+    company.name1 = u"نمایشگاه آریا"_s;
     company.write();
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    QVERIFY(window.windowTitle().startsWith(QStringLiteral("نمایشگاه آریا")));
+    QVERIFY(window.windowTitle().startsWith(u"نمایشگاه آریا"_s));
 }
 
 void TestMainWindow::geometryIsRemembered()
@@ -298,8 +300,8 @@ void TestMainWindow::geometryIsRemembered()
 void TestMainWindow::closingEndsEveryPageAndTellsIt()
 {
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    action(window, QStringLiteral("قرارداد"))->trigger();
-    action(window, QStringLiteral("اشخاص"))->trigger();
+    action(window, u"قرارداد"_s)->trigger();
+    action(window, u"اشخاص"_s)->trigger();
     QSignalSpy closed(&window, &MainWindow::closed);
     window.close();
     QCOMPARE(closed.count(), 1);
@@ -311,7 +313,7 @@ void TestMainWindow::switchingUserIsTold()
 {
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     QSignalSpy closed(&window, &MainWindow::closed);
-    action(window, QStringLiteral("ورود با کاربر دیگر"))->trigger();
+    action(window, u"ورود با کاربر دیگر"_s)->trigger();
     QCOMPARE(closed.count(), 1);
     QVERIFY(window.isSwitchingUser());
 }
@@ -320,7 +322,7 @@ void TestMainWindow::remindersOpenOnceForEverybody()
 {
     m_office.loginClerk();
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    QAction *entry = action(window, QStringLiteral("یادآوری ها"));
+    QAction *entry = action(window, u"یادآوری ها"_s);
     QVERIFY(entry);
     QVERIFY(window.menuBar()->actions().at(1)->menu()->actions().contains(entry));
     entry->trigger();
@@ -330,7 +332,7 @@ void TestMainWindow::remindersOpenOnceForEverybody()
     page->open();
     QCOMPARE(page->list()->count(), 0);
     // What came meanwhile is there when one looks again.
-    Alarms::add(GetDBSetting()->GetUserID(), -1, QStringLiteral("تازه"));
+    Alarms::add(GetDBSetting()->GetUserID(), -1, u"تازه"_s);
     entry->trigger();
     QCOMPARE(window.workArea()->count(), 1);
     QCOMPARE(page->list()->count(), 1);
@@ -339,16 +341,16 @@ void TestMainWindow::remindersOpenOnceForEverybody()
 
 void TestMainWindow::badgeCountsTheUsersDueReminders()
 {
-    const int clerk = CTblUsers::create(QStringLiteral("other"), QStringLiteral("other1"), {}, false);
-    Alarms::add(clerk, -60, QStringLiteral("مال دیگری"));
+    const int clerk = CTblUsers::create(u"other"_s, u"other1"_s, {}, false);
+    Alarms::add(clerk, -60, u"مال دیگری"_s);
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     QVERIFY(badge(window)->isHidden());
-    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
-    Alarms::add(m_office.admin, -1, QStringLiteral("دوم"));
-    Alarms::add(m_office.admin, 60, QStringLiteral("آینده"));
+    Alarms::add(m_office.admin, -60, u"اول"_s);
+    Alarms::add(m_office.admin, -1, u"دوم"_s);
+    Alarms::add(m_office.admin, 60, u"آینده"_s);
     window.refresh();
     QVERIFY(!badge(window)->isHidden());
-    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 2"));
+    QCOMPARE(badge(window)->text(), u"یادآوری : 2"_s);
     QCOMPARE(badge(window)->accessibleName(), badge(window)->text());
     QVERIFY(badge(window)->focusPolicy() & Qt::TabFocus);
 }
@@ -356,20 +358,20 @@ void TestMainWindow::badgeCountsTheUsersDueReminders()
 void TestMainWindow::badgeIsRefreshedByTheClock()
 {
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    Alarms::add(m_office.admin, -1, QStringLiteral("کار"));
+    Alarms::add(m_office.admin, -1, u"کار"_s);
     QVERIFY(badge(window)->isHidden());
-    auto *clock = window.findChild<QTimer *>(QStringLiteral("clock"));
+    auto *clock = window.findChild<QTimer *>(u"clock"_s);
     QVERIFY(clock && clock->isActive());
     QCOMPARE(clock->interval(), 60 * 1000);
     // Minutes that pass at once.
     clock->setInterval(1);
     QTRY_VERIFY(!badge(window)->isHidden());
-    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 1"));
+    QCOMPARE(badge(window)->text(), u"یادآوری : 1"_s);
 }
 
 void TestMainWindow::badgeOpensTheListAndFollowsIt()
 {
-    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
+    Alarms::add(m_office.admin, -60, u"اول"_s);
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
@@ -378,9 +380,9 @@ void TestMainWindow::badgeOpensTheListAndFollowsIt()
     auto *page = qobject_cast<CDlgAlarms *>(window.workArea()->currentPage());
     QVERIFY(page);
     page->list()->selectRow(0);
-    QVERIFY(page->runCommand(QStringLiteral("انجام شد")));
+    QVERIFY(page->runCommand(u"انجام شد"_s));
     QVERIFY(badge(window)->isHidden());
-    Alarms::add(m_office.admin, -60, QStringLiteral("دوم"));
+    Alarms::add(m_office.admin, -60, u"دوم"_s);
     window.refresh();
     QTest::mouseClick(badge(window), Qt::LeftButton);
     QCOMPARE(window.workArea()->count(), 1);
@@ -389,21 +391,21 @@ void TestMainWindow::badgeOpensTheListAndFollowsIt()
 
 void TestMainWindow::badgeStaysQuietWhenTheDatabaseDoesNotAnswer()
 {
-    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
+    Alarms::add(m_office.admin, -60, u"اول"_s);
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     QVERIFY(!badge(window)->isHidden());
-    m_office.database.run(QStringLiteral("RENAME TABLE Alarms TO AlarmsAway"));
+    m_office.database.run(u"RENAME TABLE Alarms TO AlarmsAway"_s);
     badge(window)->tick();
     QVERIFY(badge(window)->isHidden());
     window.tellDueReminders();
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-    m_office.database.run(QStringLiteral("RENAME TABLE AlarmsAway TO Alarms"));
+    m_office.database.run(u"RENAME TABLE AlarmsAway TO Alarms"_s);
     // It does not ask again every minute, but it does ask again.
     badge(window)->tick();
     QVERIFY(badge(window)->isHidden());
     for (int minute = 0; minute < 10; ++minute)
         badge(window)->tick();
-    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 1"));
+    QCOMPARE(badge(window)->text(), u"یادآوری : 1"_s);
     QVERIFY(!badge(window)->isHidden());
 }
 
@@ -413,8 +415,8 @@ void TestMainWindow::dueRemindersAreToldOnceAtLogin()
     window.show();
     // Without any no window comes, or this would wait for somebody.
     window.tellDueReminders();
-    Alarms::add(m_office.admin, -60, QStringLiteral("اول"));
-    Alarms::add(m_office.admin, -50, QStringLiteral("هر بار"), Alarms::repeats);
+    Alarms::add(m_office.admin, -60, u"اول"_s);
+    Alarms::add(m_office.admin, -50, u"هر بار"_s, Alarms::repeats);
     QList<int> rows;
     const auto count = [&rows](QDialog *dialog) { rows.append(dialog->findChild<KExtListCtrl *>()->count()); };
     for (int login = 0; login < 2; ++login) {
@@ -422,7 +424,7 @@ void TestMainWindow::dueRemindersAreToldOnceAtLogin()
         window.tellDueReminders();
     }
     QCOMPARE(rows, (QList<int>{2, 1}));
-    QCOMPARE(badge(window)->text(), QStringLiteral("یادآوری : 2"));
+    QCOMPARE(badge(window)->text(), u"یادآوری : 2"_s);
 }
 
 static const RegisteredTest<TestMainWindow, QApplication> registered;

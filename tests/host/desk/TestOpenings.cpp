@@ -31,19 +31,21 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Entries of the menu, commands of the lists.
-const QString contracts = QStringLiteral("قرارداد");
-const QString demands = QStringLiteral("تقاضا");
-const QString cars = QStringLiteral("گالري اتومبيل");
-const QString persons = QStringLiteral("اشخاص");
-const QString documents = QStringLiteral("اسناد حسابداری");
-const QString invoices = QStringLiteral("فاکتورها");
-const QString create = QStringLiteral("new");
-const QString edit = QStringLiteral("edit");
-const QString show = QStringLiteral("show");
-const QString newSale = QStringLiteral("newSale");
+const QString contracts = u"قرارداد"_s;
+const QString demands = u"تقاضا"_s;
+const QString cars = u"گالري اتومبيل"_s;
+const QString persons = u"اشخاص"_s;
+const QString documents = u"اسناد حسابداری"_s;
+const QString invoices = u"فاکتورها"_s;
+const QString create = u"new"_s;
+const QString edit = u"edit"_s;
+const QString show = u"show"_s;
+const QString newSale = u"newSale"_s;
 
 }
 
@@ -70,7 +72,7 @@ class TestOpenings : public QObject
     static QStringList readBy(const std::function<void()> &command, bool isModal)
     {
         QStringList taken;
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         // The hand stays out for a while when no window comes up.
         const auto isWaiting = std::make_shared<bool>(true);
         if (isModal) {
@@ -104,7 +106,7 @@ class TestOpenings : public QObject
     {
         QStringList repeated;
         for (const QString &statement : statements) {
-            const int allowed = statement.contains(QStringLiteral("sSection IN ('Database','")) ? 2 : 1;
+            const int allowed = statement.contains(u"sSection IN ('Database','"_s) ? 2 : 1;
             if (statements.count(statement) > allowed && !repeated.contains(statement))
                 repeated.append(statement);
         }
@@ -127,7 +129,7 @@ private Q_SLOTS:
         CTblUsers::setHashCost(CTblUsers::leastCost());
         prepareModuleTables(m_database);
         DemoData::fill(60);
-        setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+        setSettingsFile(m_folder.filePath(u"settings.ini"_s));
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
             dialog->answerAll(true);
         // What the tables look like is read once in the life of the program, by whatever is opened first.
@@ -153,12 +155,12 @@ private Q_SLOTS:
 
     void logIn()
     {
-        CDlgLogin dialog(QStringLiteral("نمایشگاه"));
+        CDlgLogin dialog(u"نمایشگاه"_s);
         const QList<KEdit *> entries = dialog.findChildren<KEdit *>();
         QCOMPARE(entries.size(), 2);
         for (KEdit *entry : entries)
-            entry->setText(QStringLiteral("demo"));
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+            entry->setText(u"demo"_s);
+        const ObservedStatements observed({u"SELECT"_s});
         dialog.accept();
         QVERIFY(GetDBSetting()->Login(dialog.userID()));
         judge(observed.taken(), 3);
@@ -166,7 +168,7 @@ private Q_SLOTS:
 
     void mainWindow()
     {
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         MainWindow window(DataFolder(m_folder.path()), GetAutoDBSetting());
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -182,15 +184,15 @@ private Q_SLOTS:
         QTest::newRow("contracts") << contracts << false << 3;
         QTest::newRow("demands") << demands << false << 7;
         QTest::newRow("cars") << cars << false << 7;
-        QTest::newRow("seasonal report") << QStringLiteral("گزارش فصلي") << true << 12;
+        QTest::newRow("seasonal report") << u"گزارش فصلي"_s << true << 12;
         QTest::newRow("persons") << persons << false << 2;
         QTest::newRow("documents") << documents << false << 8;
         QTest::newRow("invoices") << invoices << false << 3;
-        QTest::newRow("services") << QStringLiteral("خدمات") << false << 2;
-        QTest::newRow("chart of accounts") << QStringLiteral("سرفصل حساب‌ها") << false << 7;
-        QTest::newRow("reminders") << QStringLiteral("یادآوری ها") << false << 4;
-        QTest::newRow("users") << QStringLiteral("کاربران و دسترسی‌ها") << false << 2;
-        QTest::newRow("settings") << QStringLiteral("تنظیمات") << true << 1;
+        QTest::newRow("services") << u"خدمات"_s << false << 2;
+        QTest::newRow("chart of accounts") << u"سرفصل حساب‌ها"_s << false << 7;
+        QTest::newRow("reminders") << u"یادآوری ها"_s << false << 4;
+        QTest::newRow("users") << u"کاربران و دسترسی‌ها"_s << false << 2;
+        QTest::newRow("settings") << u"تنظیمات"_s << true << 1;
     }
 
     void windowOfTheMenu()
@@ -209,8 +211,8 @@ private Q_SLOTS:
         QTest::newRow("contract, new") << contracts << create << 4;
         QTest::newRow("contract, edit") << contracts << edit << 5;
         QTest::newRow("contract, show") << contracts << show << 3;
-        QTest::newRow("settings of the contracts") << contracts << QStringLiteral("settings") << 1;
-        QTest::newRow("comprehensive report") << contracts << QStringLiteral("fullReport") << 19;
+        QTest::newRow("settings of the contracts") << contracts << u"settings"_s << 1;
+        QTest::newRow("comprehensive report") << contracts << u"fullReport"_s << 19;
         QTest::newRow("demand, new") << demands << create << 9;
         QTest::newRow("demand, edit") << demands << edit << 8;
         QTest::newRow("demand, show") << demands << show << 6;

@@ -18,6 +18,8 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 class TestWorkArea : public QObject
 {
     Q_OBJECT
@@ -75,10 +77,10 @@ QTabWidget *tabs(const WorkArea &area)
 
 void TestWorkArea::startPageStandsWhileNothingIsOpen()
 {
-    auto *start = new QLabel(QStringLiteral("start"));
+    auto *start = new QLabel(u"start"_s);
     WorkArea area(start);
     QCOMPARE(area.currentWidget(), start);
-    area.addPage(new Page(QStringLiteral("one")));
+    area.addPage(new Page(u"one"_s));
     QVERIFY(area.currentWidget() != start);
     area.closeCurrent();
     QCOMPARE(area.currentWidget(), start);
@@ -89,29 +91,29 @@ void TestWorkArea::startPageStandsWhileNothingIsOpen()
 void TestWorkArea::pagesBecomeTabs()
 {
     WorkArea area(new QWidget);
-    area.addPage(new Page(QStringLiteral("one")));
-    auto *two = new Page(QStringLiteral("two"));
+    area.addPage(new Page(u"one"_s));
+    auto *two = new Page(u"two"_s);
     area.addPage(two);
     QCOMPARE(area.count(), 2);
     QCOMPARE(area.currentPage(), two);
-    QCOMPARE(tabs(area)->tabText(0), QStringLiteral("one"));
+    QCOMPARE(tabs(area)->tabText(0), u"one"_s);
     QVERIFY(tabs(area)->tabsClosable());
 }
 
 void TestWorkArea::titleFollowsThePage()
 {
     WorkArea area(new QWidget);
-    auto *page = new Page(QStringLiteral("one"));
+    auto *page = new Page(u"one"_s);
     area.addPage(page);
-    page->setTitle(QStringLiteral("renamed"));
-    QCOMPARE(tabs(area)->tabText(0), QStringLiteral("renamed"));
+    page->setTitle(u"renamed"_s);
+    QCOMPARE(tabs(area)->tabText(0), u"renamed"_s);
 }
 
 void TestWorkArea::closingTellsThePageOnceAndDestroysIt()
 {
     int closings = 0;
     WorkArea area(new QWidget);
-    const QPointer<Page> page = new Page(QStringLiteral("one"), &closings);
+    const QPointer<Page> page = new Page(u"one"_s, &closings);
     area.addPage(page);
     Q_EMIT tabs(area)->tabCloseRequested(0);
     QCOMPARE(closings, 1);
@@ -122,20 +124,20 @@ void TestWorkArea::closingTellsThePageOnceAndDestroysIt()
 void TestWorkArea::pageMayAskToBeClosed()
 {
     WorkArea area(new QWidget);
-    const QPointer<Page> page = new Page(QStringLiteral("one"));
+    const QPointer<Page> page = new Page(u"one"_s);
     area.addPage(page);
-    area.addPage(new Page(QStringLiteral("two")));
+    area.addPage(new Page(u"two"_s));
     Q_EMIT page->closeRequested();
     Q_EMIT page->closeRequested();
     QTRY_VERIFY(!page);
     QCOMPARE(area.count(), 1);
-    QCOMPARE(area.currentPage()->title(), QStringLiteral("two"));
+    QCOMPARE(area.currentPage()->title(), u"two"_s);
 }
 
 void TestWorkArea::keysCloseAndWalkThroughThePages()
 {
     WorkArea area(new QWidget);
-    for (const QString &title : {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")})
+    for (const QString &title : {u"one"_s, u"two"_s, u"three"_s})
         area.addPage(new Page(title));
     area.show();
     QVERIFY(QTest::qWaitForWindowActive(&area));
@@ -143,21 +145,21 @@ void TestWorkArea::keysCloseAndWalkThroughThePages()
         QTest::keyClick(static_cast<Page *>(area.currentPage())->m_edit, key, modifiers);
     };
     press(Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(area.currentPage()->title(), QStringLiteral("one"));
+    QCOMPARE(area.currentPage()->title(), u"one"_s);
     press(Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(area.currentPage()->title(), QStringLiteral("two"));
+    QCOMPARE(area.currentPage()->title(), u"two"_s);
     press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(area.currentPage()->title(), QStringLiteral("one"));
+    QCOMPARE(area.currentPage()->title(), u"one"_s);
     press(Qt::Key_W, Qt::ControlModifier);
     QCOMPARE(area.count(), 2);
-    QCOMPARE(area.currentPage()->title(), QStringLiteral("two"));
+    QCOMPARE(area.currentPage()->title(), u"two"_s);
 }
 
 void TestWorkArea::pageThatCannotStoreItsSettingsStillCloses()
 {
     g_pDlgWarning->answerAll(true);
     WorkArea area(new QWidget);
-    const QPointer<Page> page = new Page(QStringLiteral("one"));
+    const QPointer<Page> page = new Page(u"one"_s);
     page->m_fails = true;
     area.addPage(page);
     area.closeCurrent();
@@ -170,8 +172,8 @@ void TestWorkArea::closeAllLeavesNoPageAlive()
 {
     int closings = 0;
     WorkArea area(new QWidget);
-    const QPointer<Page> one = new Page(QStringLiteral("one"), &closings);
-    const QPointer<Page> two = new Page(QStringLiteral("two"), &closings);
+    const QPointer<Page> one = new Page(u"one"_s, &closings);
+    const QPointer<Page> two = new Page(u"two"_s, &closings);
     area.addPage(one);
     area.addPage(two);
     area.closeAll();
@@ -186,7 +188,7 @@ void TestWorkArea::pageOfATypeIsFoundAgain()
     WorkArea area(new QWidget);
     QVERIFY(!area.showExisting<OtherPage>());
     area.addPage(new OtherPage);
-    area.addPage(new Page(QStringLiteral("two")));
+    area.addPage(new Page(u"two"_s));
     QVERIFY(area.showExisting<OtherPage>());
     QVERIFY(qobject_cast<OtherPage *>(area.currentPage()));
 }

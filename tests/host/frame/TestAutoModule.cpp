@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestAutoModule : public QObject
 {
     Q_OBJECT
@@ -27,7 +29,7 @@ namespace {
 
 QString libraryIn(const QTemporaryDir &folder)
 {
-    return folder.filePath(QStringLiteral("libTzAuto.so"));
+    return folder.filePath(u"libTzAuto.so"_s);
 }
 
 }
@@ -36,9 +38,9 @@ void TestAutoModule::moduleIsLoadedAndUnloaded()
 {
     AutoModule module;
     QVERIFY(!module.entry());
-    QVERIFY2(module.load(QStringLiteral(TZ_MODULE_DIR)), qPrintable(module.errorText()));
+    QVERIFY2(module.load(u"" TZ_MODULE_DIR ""_s), qPrintable(module.errorText()));
     QVERIFY(module.entry());
-    QCOMPARE(KExtensionModules::names(), QStringList{QStringLiteral("TzAuto")});
+    QCOMPARE(KExtensionModules::names(), QStringList{u"TzAuto"_s});
     module.unload();
     QVERIFY(!module.entry());
 }
@@ -49,13 +51,13 @@ void TestAutoModule::missingModuleIsToldInOneSentence()
     AutoModule module;
     QVERIFY(!module.load(empty.path()));
     QVERIFY(!module.entry());
-    QVERIFY(module.errorText().contains(QStringLiteral("TzAuto")));
+    QVERIFY(module.errorText().contains(u"TzAuto"_s));
 }
 
 void TestAutoModule::refusedModuleIsToldInOneSentence()
 {
     const QTemporaryDir folder;
-    QVERIFY(QFile::copy(QStringLiteral(TZ_OUTDATED_MODULE), libraryIn(folder)));
+    QVERIFY(QFile::copy(u"" TZ_OUTDATED_MODULE ""_s, libraryIn(folder)));
     AutoModule module;
     QVERIFY(!module.load(folder.path()));
     QVERIFY(!module.entry());

@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestHostLog : public QObject
 {
     Q_OBJECT
@@ -51,8 +53,8 @@ void TestHostLog::whatCameBeforeTheFolderIsKnownIsKept()
     QVERIFY(HostLog::start(folder.path()));
     qInfo("later words");
     const QString text = textOf(HostLog::fileName(folder.path()));
-    QVERIFY(text.contains(QStringLiteral("early words")));
-    QVERIFY(text.indexOf(QStringLiteral("early words")) < text.indexOf(QStringLiteral("later words")));
+    QVERIFY(text.contains(u"early words"_s));
+    QVERIFY(text.indexOf(u"early words"_s) < text.indexOf(u"later words"_s));
 }
 
 void TestHostLog::theLogOfTheStartBeforeIsKeptAndNoOlderOne()
@@ -63,10 +65,10 @@ void TestHostLog::theLogOfTheStartBeforeIsKeptAndNoOlderOne()
     writeOneStart(folder.path(), "third start");
     const QString now = textOf(HostLog::fileName(folder.path()));
     const QString before = textOf(HostLog::previousFileName(folder.path()));
-    QVERIFY(now.contains(QStringLiteral("third start")));
-    QVERIFY(!now.contains(QStringLiteral("second start")));
-    QVERIFY(before.contains(QStringLiteral("second start")));
-    QVERIFY(!before.contains(QStringLiteral("first start")));
+    QVERIFY(now.contains(u"third start"_s));
+    QVERIFY(!now.contains(u"second start"_s));
+    QVERIFY(before.contains(u"second start"_s));
+    QVERIFY(!before.contains(u"first start"_s));
 }
 
 void TestHostLog::onlyTheOwnerReadsIt()
@@ -86,15 +88,15 @@ void TestHostLog::phasesOfTheStartHaveOneLineEach()
     clock.reached("server");
     clock.finished();
     const QString text = textOf(HostLog::fileName(folder.path()));
-    QVERIFY2(text.contains(QRegularExpression(QStringLiteral("startup: server \\d+\\n"))), qPrintable(text));
-    QVERIFY2(text.contains(QRegularExpression(QStringLiteral("startup: total \\d+\\n"))), qPrintable(text));
+    QVERIFY2(text.contains(QRegularExpression(u"startup: server \\d+\\n"_s)), qPrintable(text));
+    QVERIFY2(text.contains(QRegularExpression(u"startup: total \\d+\\n"_s)), qPrintable(text));
 }
 
 void TestHostLog::aFolderThatCannotBeWrittenIsTold()
 {
     const QTemporaryDir folder;
     HostLog::collect();
-    QVERIFY(!HostLog::start(folder.filePath(QStringLiteral("not there"))));
+    QVERIFY(!HostLog::start(folder.filePath(u"not there"_s)));
 }
 
 static const RegisteredTest<TestHostLog, QCoreApplication> registered;

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestHostOptions : public QObject
 {
     Q_OBJECT
@@ -63,7 +65,7 @@ void TestHostOptions::officeServer_data()
 void TestHostOptions::officeServer()
 {
     QFETCH(QString, address);
-    const HostOptions options = parse(QStringLiteral("--user sara --connect ") + address);
+    const HostOptions options = parse(u"--user sara --connect "_s + address);
     QCOMPARE(options.error, QString());
     QVERIFY(options.connect);
     QTEST(options.host, "host");
@@ -73,17 +75,17 @@ void TestHostOptions::officeServer()
 
 void TestHostOptions::allValuesAreTaken()
 {
-    const HostOptions office = parse(QStringLiteral("--connect office/books --user sara --tls --ca /etc/ca.pem --password-file "
-                                                    "/home/sara/word --data-dir /tmp/a --module-dir /tmp/b"));
+    const HostOptions office = parse(u"--connect office/books --user sara --tls --ca /etc/ca.pem --password-file "
+                                     "/home/sara/word --data-dir /tmp/a --module-dir /tmp/b"_s);
     QCOMPARE(office.error, QString());
-    QCOMPARE(office.user, QStringLiteral("sara"));
+    QCOMPARE(office.user, u"sara"_s);
     QVERIFY(office.tls);
-    QCOMPARE(office.caFile, QStringLiteral("/etc/ca.pem"));
-    QCOMPARE(office.passwordFile, QStringLiteral("/home/sara/word"));
-    QCOMPARE(office.dataDir, QStringLiteral("/tmp/a"));
-    QCOMPARE(office.moduleDir, QStringLiteral("/tmp/b"));
+    QCOMPARE(office.caFile, u"/etc/ca.pem"_s);
+    QCOMPARE(office.passwordFile, u"/home/sara/word"_s);
+    QCOMPARE(office.dataDir, u"/tmp/a"_s);
+    QCOMPARE(office.moduleDir, u"/tmp/b"_s);
 
-    const HostOptions demo = parse(QStringLiteral("--demo --demo-size 10000 --quit-after-login-shown"));
+    const HostOptions demo = parse(u"--demo --demo-size 10000 --quit-after-login-shown"_s);
     QCOMPARE(demo.error, QString());
     QVERIFY(demo.demo);
     QCOMPARE(demo.demoSize, 10000);
@@ -142,17 +144,17 @@ void TestHostOptions::refused()
 
 void TestHostOptions::passwordNeverStandsOnTheCommandLine()
 {
-    QVERIFY(!parse(QStringLiteral("--connect office/books --user sara --password secret")).error.isEmpty());
-    QVERIFY(!parse(QStringLiteral("--connect sara:secret@office/books --user sara")).error.isEmpty());
+    QVERIFY(!parse(u"--connect office/books --user sara --password secret"_s).error.isEmpty());
+    QVERIFY(!parse(u"--connect sara:secret@office/books --user sara"_s).error.isEmpty());
 }
 
 void TestHostOptions::helpAndVersionComeBeforeEveryProblem()
 {
-    QVERIFY(parse(QStringLiteral("--help --demo-size 5")).help);
-    QCOMPARE(parse(QStringLiteral("--help --demo-size 5")).error, QString());
-    QVERIFY(parse(QStringLiteral("--version")).version);
-    QVERIFY(HostOptions::versionText(false).contains(QStringLiteral(TZ_VERSION)));
-    QVERIFY(HostOptions::versionText(true).contains(QStringLiteral("نسخه")));
+    QVERIFY(parse(u"--help --demo-size 5"_s).help);
+    QCOMPARE(parse(u"--help --demo-size 5"_s).error, QString());
+    QVERIFY(parse(u"--version"_s).version);
+    QVERIFY(HostOptions::versionText(false).contains(u"" TZ_VERSION ""_s));
+    QVERIFY(HostOptions::versionText(true).contains(u"نسخه"_s));
 }
 
 void TestHostOptions::helpNamesEveryOptionInBothLanguages()
@@ -162,9 +164,9 @@ void TestHostOptions::helpNamesEveryOptionInBothLanguages()
         for (const char *option : {"--data-dir DIR", "--connect HOST[:PORT]/DATABASE", "--user NAME", "--password-file FILE",
                                    "--tls", "--ca FILE", "--demo", "--demo-size N", "--module-dir DIR", "--help", "--version"})
             QVERIFY2(help.contains(QString::fromLatin1(option)), option);
-        QVERIFY(!help.contains(QStringLiteral("quit-after-login-shown")));
+        QVERIFY(!help.contains(u"quit-after-login-shown"_s));
     }
-    QVERIFY(HostOptions::helpText(true).contains(QStringLiteral("کاربرد")));
+    QVERIFY(HostOptions::helpText(true).contains(u"کاربرد"_s));
 }
 
 static const RegisteredTest<TestHostOptions, QCoreApplication> registered;

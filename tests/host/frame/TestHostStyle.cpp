@@ -9,6 +9,8 @@
 #include <QStyleOptionComboBox>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPalette paletteOf(bool dark)
@@ -25,7 +27,7 @@ class ReadableCombo : public QComboBox
 public:
     ReadableCombo()
     {
-        addItem(QStringLiteral("سواری"));
+        addItem(u"سواری"_s);
         QPalette palette = QApplication::palette();
         palette.setColor(QPalette::Disabled, QPalette::ButtonText, palette.color(QPalette::Active, QPalette::ButtonText));
         setPalette(palette);

@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
@@ -47,7 +49,7 @@ private Q_SLOTS:
     void everyPartIsMadeForTheUserAlone()
     {
         const QTemporaryDir temporary;
-        const DataFolder folder(temporary.filePath(QStringLiteral("new/دفتر مرکزی")));
+        const DataFolder folder(temporary.filePath(u"new/دفتر مرکزی"_s));
         folder.create();
         for (const QString &path : {folder.path(), folder.backupsPath(), folder.logsPath(), folder.settingsPath(), folder.temporaryPath()}) {
             QVERIFY2(QFileInfo(path).isDir(), qPrintable(path));
@@ -61,7 +63,7 @@ private Q_SLOTS:
         const QTemporaryDir temporary;
         const DataFolder folder(temporary.path());
         folder.create();
-        QFile kept(folder.backupsPath() + QStringLiteral("/kept.sql"));
+        QFile kept(folder.backupsPath() + u"/kept.sql"_s);
         QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("x") == 1);
         kept.close();
         folder.create();
@@ -71,7 +73,7 @@ private Q_SLOTS:
     void aFolderWithoutWritePermissionIsNamedInOneSentence()
     {
         const QTemporaryDir temporary;
-        const QString closed = temporary.filePath(QStringLiteral("closed"));
+        const QString closed = temporary.filePath(u"closed"_s);
         QVERIFY(QDir().mkdir(closed));
         QVERIFY(QFile::setPermissions(temporary.path(), ownerOnly | QFile::ExeOther | QFile::ReadOther));
         QVERIFY(QFile::setPermissions(closed, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
@@ -85,9 +87,9 @@ private Q_SLOTS:
     void aFolderBelowAFileIsNamedInOneSentence()
     {
         const QTemporaryDir temporary;
-        QFile file(temporary.filePath(QStringLiteral("file")));
+        QFile file(temporary.filePath(u"file"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        const DataFolder folder(file.fileName() + QStringLiteral("/office"));
+        const DataFolder folder(file.fileName() + u"/office"_s);
         const ServerError error = refusal(folder);
         QCOMPARE(error.kind(), ServerError::Kind::FolderNotWritable);
         QVERIFY(error.userMessage().contains(folder.path()));
@@ -96,21 +98,21 @@ private Q_SLOTS:
     void oneFolderHasOneNameHoweverItIsReached()
     {
         const QTemporaryDir temporary;
-        QVERIFY(QDir().mkdir(temporary.filePath(QStringLiteral("real"))));
-        QVERIFY(QFile::link(temporary.filePath(QStringLiteral("real")), temporary.filePath(QStringLiteral("link"))));
-        const DataFolder real(temporary.filePath(QStringLiteral("real/office")));
-        QCOMPARE(DataFolder(temporary.filePath(QStringLiteral("link/./office/"))).path(), real.path());
-        QCOMPARE(DataFolder(temporary.filePath(QStringLiteral("link/x/../office"))).socketPath(QStringLiteral("db")),
-                 real.socketPath(QStringLiteral("db")));
+        QVERIFY(QDir().mkdir(temporary.filePath(u"real"_s)));
+        QVERIFY(QFile::link(temporary.filePath(u"real"_s), temporary.filePath(u"link"_s)));
+        const DataFolder real(temporary.filePath(u"real/office"_s));
+        QCOMPARE(DataFolder(temporary.filePath(u"link/./office/"_s)).path(), real.path());
+        QCOMPARE(DataFolder(temporary.filePath(u"link/x/../office"_s)).socketPath(u"db"_s),
+                 real.socketPath(u"db"_s));
     }
 
     void socketsOfTwoFoldersAndTwoPurposesDiffer()
     {
-        const DataFolder one(QStringLiteral("/office/one"));
-        const DataFolder two(QStringLiteral("/office/two"));
-        QVERIFY(one.socketPath(QStringLiteral("db")) != two.socketPath(QStringLiteral("db")));
-        QVERIFY(one.socketPath(QStringLiteral("db")) != one.socketPath(QStringLiteral("host")));
-        QVERIFY(platform::isPrivateFolder(QFileInfo(one.socketPath(QStringLiteral("db"))).path()));
+        const DataFolder one(u"/office/one"_s);
+        const DataFolder two(u"/office/two"_s);
+        QVERIFY(one.socketPath(u"db"_s) != two.socketPath(u"db"_s));
+        QVERIFY(one.socketPath(u"db"_s) != one.socketPath(u"host"_s));
+        QVERIFY(platform::isPrivateFolder(QFileInfo(one.socketPath(u"db"_s)).path()));
     }
 
     void aTooLongPathStillGivesAShortSocket_data()
@@ -118,9 +120,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("runtime");
         QTest::addColumn<QString>("office");
         const QString longName = QString(90, QLatin1Char('x'));
-        QTest::newRow("long office folder") << QString() << QStringLiteral("/srv/%1/%1").arg(longName);
-        QTest::newRow("long Persian office folder") << QString() << QStringLiteral("/srv/") + QString(80, QChar(0x62F));
-        QTest::newRow("long runtime folder") << longName << QStringLiteral("/srv/office");
+        QTest::newRow("long office folder") << QString() << u"/srv/%1/%1"_s.arg(longName);
+        QTest::newRow("long Persian office folder") << QString() << u"/srv/"_s + QString(80, QChar(0x62F));
+        QTest::newRow("long runtime folder") << longName << u"/srv/office"_s;
     }
 
     void aTooLongPathStillGivesAShortSocket()
@@ -133,7 +135,7 @@ private Q_SLOTS:
             QVERIFY(platform::makePrivateFolder(temporary.filePath(runtime)));
             qputenv("XDG_RUNTIME_DIR", QFile::encodeName(temporary.filePath(runtime)));
         }
-        const QString path = DataFolder(office).socketPath(QStringLiteral("db"));
+        const QString path = DataFolder(office).socketPath(u"db"_s);
         qputenv("XDG_RUNTIME_DIR", before);
         QVERIFY2(QFile::encodeName(path).size() <= 100, qPrintable(path));
         QVERIFY(platform::isPrivateFolder(QFileInfo(path).path()));
@@ -145,7 +147,7 @@ private Q_SLOTS:
         QVERIFY(QFile::setPermissions(temporary.path(), ownerOnly | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther));
         const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(temporary.path()));
-        const QString path = DataFolder(QStringLiteral("/srv/office")).socketPath(QStringLiteral("db"));
+        const QString path = DataFolder(u"/srv/office"_s).socketPath(u"db"_s);
         qputenv("XDG_RUNTIME_DIR", before);
         QVERIFY2(!path.startsWith(temporary.path()), qPrintable(path));
     }

@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What taking or restoring refuses with; Kind::InUse when it does not.
@@ -52,7 +54,7 @@ private:
     DatabaseDump dump() const { return {m_database.settings(), m_temporary->path()}; }
     QStringList files() const { return QDir(m_temporary->path()).entryList(QDir::Files | QDir::Hidden); }
     void fill(int rows);
-    QString countOf(const QString &table) { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM ") + table); }
+    QString countOf(const QString &table) { return m_database.value(u"SELECT COUNT(*) FROM "_s + table); }
     QStringList databases();
 
     TestDatabase m_database;
@@ -67,16 +69,16 @@ void TestDatabaseDump::init()
 
 void TestDatabaseDump::fill(int rows)
 {
-    m_database.run(QStringLiteral("CREATE TABLE Cars (iID INT PRIMARY KEY AUTO_INCREMENT, sName VARCHAR(50) CHARACTER SET utf8,"
-                                  " sEmoji VARCHAR(20), oData LONGBLOB, date DATETIME, dPrice DOUBLE)"));
-    m_database.run(QStringLiteral("INSERT INTO Cars (sName, sEmoji, oData, date, dPrice) VALUES"
-                                  " ('پژو ۴۰۵ ''جی‌ال‌ایکس''\\\\', '🚗', 0x00FF0A0D1A275C00, NULL, 1234567890.25)"));
-    m_database.run(QStringLiteral("INSERT INTO Cars (sName, oData) SELECT CONCAT('r', seq), REPEAT('x', 1000) FROM seq_1_to_%1").arg(rows));
+    m_database.run(u"CREATE TABLE Cars (iID INT PRIMARY KEY AUTO_INCREMENT, sName VARCHAR(50) CHARACTER SET utf8,"
+                   " sEmoji VARCHAR(20), oData LONGBLOB, date DATETIME, dPrice DOUBLE)"_s);
+    m_database.run(u"INSERT INTO Cars (sName, sEmoji, oData, date, dPrice) VALUES"
+                   " ('پژو ۴۰۵ ''جی‌ال‌ایکس''\\\\', '🚗', 0x00FF0A0D1A275C00, NULL, 1234567890.25)"_s);
+    m_database.run(u"INSERT INTO Cars (sName, oData) SELECT CONCAT('r', seq), REPEAT('x', 1000) FROM seq_1_to_%1"_s.arg(rows));
 }
 
 QStringList TestDatabaseDump::databases()
 {
-    return m_database.value(QStringLiteral("SELECT GROUP_CONCAT(schema_name) FROM information_schema.schemata WHERE schema_name LIKE '%1\\_%'")
+    return m_database.value(u"SELECT GROUP_CONCAT(schema_name) FROM information_schema.schemata WHERE schema_name LIKE '%1\\_%'"_s
                                 .arg(m_database.name()))
         .split(QLatin1Char(','), Qt::SkipEmptyParts);
 }
@@ -84,20 +86,20 @@ QStringList TestDatabaseDump::databases()
 void TestDatabaseDump::aDumpBringsEverythingBack()
 {
     fill(3);
-    const QString checksum = QStringLiteral("SELECT MD5(GROUP_CONCAT(CONCAT_WS('|', iID, sName, sEmoji, HEX(oData),"
-                                            " IFNULL(date, 'null'), dPrice) ORDER BY iID)) FROM Cars");
+    const QString checksum = u"SELECT MD5(GROUP_CONCAT(CONCAT_WS('|', iID, sName, sEmoji, HEX(oData),"
+                             " IFNULL(date, 'null'), dPrice) ORDER BY iID)) FROM Cars"_s;
     const QString before = m_database.value(checksum);
-    const QString definition = m_database.value(QStringLiteral("SELECT GROUP_CONCAT(column_name, column_type, IFNULL(character_set_name, '')"
-                                                               " ORDER BY ordinal_position) FROM information_schema.columns WHERE table_schema = DATABASE()"));
+    const QString definition = m_database.value(u"SELECT GROUP_CONCAT(column_name, column_type, IFNULL(character_set_name, '')"
+                                                " ORDER BY ordinal_position) FROM information_schema.columns WHERE table_schema = DATABASE()"_s);
     QVERIFY(!before.isEmpty());
     const QString file = dump().take();
     QVERIFY(DatabaseDump::isWhole(file));
-    m_database.run(QStringLiteral("UPDATE Cars SET sName = 'lost'"));
-    m_database.run(QStringLiteral("ALTER TABLE Cars DROP COLUMN sEmoji"));
+    m_database.run(u"UPDATE Cars SET sName = 'lost'"_s);
+    m_database.run(u"ALTER TABLE Cars DROP COLUMN sEmoji"_s);
     dump().restore(file);
     QCOMPARE(m_database.value(checksum), before);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(column_name, column_type, IFNULL(character_set_name, '')"
-                                             " ORDER BY ordinal_position) FROM information_schema.columns WHERE table_schema = DATABASE()")),
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(column_name, column_type, IFNULL(character_set_name, '')"
+                              " ORDER BY ordinal_position) FROM information_schema.columns WHERE table_schema = DATABASE()"_s),
              definition);
     QCOMPARE(databases(), QStringList());
 }
@@ -123,12 +125,12 @@ void TestDatabaseDump::twoDumpsOfOneSecondAreBothKept()
 
 void TestDatabaseDump::theNewestIsListedFirst()
 {
-    const QStringList names{QStringLiteral("20260102-030405"), QStringLiteral("20251231-235959"), QStringLiteral("20260102-030405-2")};
+    const QStringList names{u"20260102-030405"_s, u"20251231-235959"_s, u"20260102-030405-2"_s};
     for (const QString &name : names) {
-        QFile file(m_temporary->filePath(QStringLiteral("%1-%2.sql").arg(m_database.name(), name)));
+        QFile file(m_temporary->filePath(u"%1-%2.sql"_s.arg(m_database.name(), name)));
         QVERIFY(file.open(QIODevice::WriteOnly));
     }
-    QFile other(m_temporary->filePath(QStringLiteral("other-20270101-000000.sql")));
+    QFile other(m_temporary->filePath(u"other-20270101-000000.sql"_s));
     QVERIFY(other.open(QIODevice::WriteOnly));
     QStringList shown;
     for (const QString &path : dump().existing())
@@ -140,12 +142,12 @@ void TestDatabaseDump::tablesMadeAfterTheDumpAreGoneAfterRestoring()
 {
     fill(1);
     const QString file = dump().take();
-    m_database.run(QStringLiteral("CREATE TABLE Later (i INT)"));
-    m_database.run(QStringLiteral("DROP TABLE Cars"));
+    m_database.run(u"CREATE TABLE Later (i INT)"_s);
+    m_database.run(u"DROP TABLE Cars"_s);
     dump().restore(file);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(table_name) FROM information_schema.tables WHERE table_schema = DATABASE()")),
-             QStringLiteral("Cars"));
-    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("2"));
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(table_name) FROM information_schema.tables WHERE table_schema = DATABASE()"_s),
+             u"Cars"_s);
+    QCOMPARE(countOf(u"Cars"_s), u"2"_s);
 }
 
 void TestDatabaseDump::aCancelledDumpLeavesNothing()
@@ -167,10 +169,10 @@ void TestDatabaseDump::aCancelledRestoringChangesNothing()
 {
     fill(60'000);
     const QString file = dump().take();
-    m_database.run(QStringLiteral("DELETE FROM Cars WHERE iID > 5"));
+    m_database.run(u"DELETE FROM Cars WHERE iID > 5"_s);
     const ServerError error = refusal([&] { dump().restore(file, [](qint64, qint64) { return false; }); });
     QCOMPARE(error.kind(), ServerError::Kind::Cancelled);
-    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("5"));
+    QCOMPARE(countOf(u"Cars"_s), u"5"_s);
     QCOMPARE(databases(), QStringList());
 }
 
@@ -180,11 +182,11 @@ void TestDatabaseDump::anIncompleteFileIsRefusedAndChangesNothing()
     const QString file = dump().take();
     QVERIFY(QFile::resize(file, QFileInfo(file).size() / 2));
     QVERIFY(!DatabaseDump::isWhole(file));
-    m_database.run(QStringLiteral("DELETE FROM Cars WHERE iID > 5"));
+    m_database.run(u"DELETE FROM Cars WHERE iID > 5"_s);
     const ServerError error = refusal([&] { dump().restore(file); });
     QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
     QVERIFY(error.userMessage().contains(file));
-    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("5"));
+    QCOMPARE(countOf(u"Cars"_s), u"5"_s);
 }
 
 void TestDatabaseDump::aFileWithABadStatementChangesNothing()
@@ -198,12 +200,12 @@ void TestDatabaseDump::aFileWithABadStatementChangesNothing()
     content.seek(0);
     QCOMPARE(content.write(text), text.size());
     content.close();
-    m_database.run(QStringLiteral("DELETE FROM Cars"));
+    m_database.run(u"DELETE FROM Cars"_s);
     const ServerError error = refusal([&] { dump().restore(file); });
     QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
     QVERIFY(error.userMessage().contains(file));
-    QVERIFY2(error.detail().contains(QStringLiteral("1064")), qPrintable(error.detail()));
-    QCOMPARE(countOf(QStringLiteral("Cars")), QStringLiteral("0"));
+    QVERIFY2(error.detail().contains(u"1064"_s), qPrintable(error.detail()));
+    QCOMPARE(countOf(u"Cars"_s), u"0"_s);
     QCOMPARE(databases(), QStringList());
 }
 
@@ -211,7 +213,7 @@ void TestDatabaseDump::aMissingToolIsNamed()
 {
     fill(1);
     ServerPrograms programs = ServerPrograms::installed();
-    programs.dump = QStringLiteral("/nonexistent/mariadb-dump");
+    programs.dump = u"/nonexistent/mariadb-dump"_s;
     const ServerError error = refusal([&] { (void)DatabaseDump(m_database.settings(), m_temporary->path(), programs).take(); });
     QCOMPARE(error.kind(), ServerError::Kind::ProgramMissing);
     QVERIFY(error.userMessage().contains(programs.dump));
@@ -232,10 +234,10 @@ void TestDatabaseDump::aFolderWithoutWritePermissionIsNamed()
 void TestDatabaseDump::aDatabaseThatIsNotThereLeavesNothing()
 {
     KConnectionSettings settings = m_database.settings();
-    settings.database = QStringLiteral("never_made");
+    settings.database = u"never_made"_s;
     const ServerError error = refusal([&] { (void)DatabaseDump(settings, m_temporary->path()).take(); });
     QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
-    QVERIFY(error.detail().contains(QStringLiteral("never_made")));
+    QVERIFY(error.detail().contains(u"never_made"_s));
     QCOMPARE(files(), QStringList());
 }
 

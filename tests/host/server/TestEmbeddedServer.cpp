@@ -19,6 +19,8 @@
 #include <limits>
 #include <mysql.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The value of a statement on a running server, through a connection of its own.
@@ -34,12 +36,12 @@ void keepOneRow(const EmbeddedServer &server)
 {
     KConnection connection(server.connectionSettings());
     connection.run(QByteArrayLiteral("CREATE TABLE kept (s VARCHAR(50)) ENGINE=InnoDB"));
-    connection.run("INSERT INTO kept VALUES ('" + QStringLiteral("پیکان").toUtf8() + "')");
+    connection.run("INSERT INTO kept VALUES ('" + u"پیکان"_s.toUtf8() + "')");
 }
 
 bool rowIsThere(const EmbeddedServer &server)
 {
-    return valueOf(server, "SELECT s FROM kept") == QStringLiteral("پیکان");
+    return valueOf(server, "SELECT s FROM kept") == u"پیکان"_s;
 }
 
 QByteArray contentOf(const QString &path)
@@ -106,7 +108,7 @@ private Q_SLOTS:
 private:
     std::unique_ptr<QTemporaryDir> m_temporary;
     EmbeddedServer::Options m_options = PrivateTestServer::options();
-    DataFolder folder() const { return DataFolder(m_temporary->filePath(QStringLiteral("office"))); }
+    DataFolder folder() const { return DataFolder(m_temporary->filePath(u"office"_s)); }
 };
 
 void TestEmbeddedServer::init()
@@ -153,19 +155,19 @@ void TestEmbeddedServer::theServerRunsAsItsRulesSay()
     EmbeddedServer server(folder());
     server.start();
     const QList<std::pair<QByteArray, QString>> rules{
-        {"@@skip_networking", QStringLiteral("1")},
-        {"@@innodb_flush_log_at_trx_commit", QStringLiteral("1")},
-        {"@@character_set_server", QStringLiteral("utf8mb4")},
+        {"@@skip_networking", u"1"_s},
+        {"@@innodb_flush_log_at_trx_commit", u"1"_s},
+        {"@@character_set_server", u"utf8mb4"_s},
         {"@@innodb_buffer_pool_size", QString::number(64 * 1024 * 1024)},
-        {"@@local_infile", QStringLiteral("0")},
-        {"@@global.sql_mode LIKE '%STRICT_TRANS_TABLES%'", QStringLiteral("1")},
+        {"@@local_infile", u"0"_s},
+        {"@@global.sql_mode LIKE '%STRICT_TRANS_TABLES%'", u"1"_s},
         {"(SELECT GROUP_CONCAT(User,'@',Host) FROM mysql.global_priv WHERE User NOT IN ('mariadb.sys','PUBLIC'))",
-         QStringLiteral("tzauto@localhost")},
+         u"tzauto@localhost"_s},
     };
     for (const auto &[expression, expected] : rules)
         QCOMPARE(QString::fromUtf8(expression) + valueOf(server, "SELECT " + expression), QString::fromUtf8(expression) + expected);
     KConnectionSettings wrong = server.connectionSettings();
-    wrong.password = QStringLiteral("wrong");
+    wrong.password = u"wrong"_s;
     QVERIFY_THROWS_EXCEPTION(CMySQLException, KConnection(wrong).run(QByteArrayLiteral("SELECT 1")));
 }
 
@@ -176,9 +178,9 @@ void TestEmbeddedServer::anotherServersTemporaryTablesAreLeftAlone()
     KConnection connection(first.connectionSettings());
     connection.run(QByteArrayLiteral("CREATE TEMPORARY TABLE working (i INT) ENGINE=Aria"));
     connection.run(QByteArrayLiteral("INSERT INTO working VALUES (1)"));
-    EmbeddedServer second(DataFolder(m_temporary->filePath(QStringLiteral("second"))), m_options);
+    EmbeddedServer second(DataFolder(m_temporary->filePath(u"second"_s)), m_options);
     second.start();
-    QCOMPARE(QDir(folder().temporaryPath()).entryList({QStringLiteral("#sql*.MAI")}, QDir::Files).size(), 1);
+    QCOMPARE(QDir(folder().temporaryPath()).entryList({u"#sql*.MAI"_s}, QDir::Files).size(), 1);
     connection.run(QByteArrayLiteral("DROP TEMPORARY TABLE working"));
     const KConnection::Result warnings = connection.run(QByteArrayLiteral("SHOW WARNINGS"));
     QCOMPARE(mysql_num_rows(warnings.get()), 0ULL);
@@ -191,18 +193,18 @@ void TestEmbeddedServer::theOwnerReachesItWithTheOrdinaryClient()
     keepOneRow(server);
     QProcess client;
     client.start(ServerPrograms::installed().client,
-                 {ServerConfig::fromFile(folder().clientConfigPath()), QStringLiteral("-N"), QStringLiteral("-e"),
-                  QStringLiteral("SELECT DATABASE(), s FROM kept")});
+                 {ServerConfig::fromFile(folder().clientConfigPath()), u"-N"_s, u"-e"_s,
+                  u"SELECT DATABASE(), s FROM kept"_s});
     QVERIFY(client.waitForFinished());
     QCOMPARE(QString::fromUtf8(client.readAllStandardError()), QString());
-    QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), QStringLiteral("tzauto\tپیکان\n"));
+    QCOMPARE(QString::fromUtf8(client.readAllStandardOutput()), u"tzauto\tپیکان\n"_s);
 }
 
 void TestEmbeddedServer::strangeFolderNamesWork_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("Persian with blanks") << QStringLiteral("نمایشگاه اتومبیل ۱۴۰۵");
-    QTest::newRow("signs") << QStringLiteral("a #1 \"best\" one's [x]=\\n;$HOME");
+    QTest::newRow("Persian with blanks") << u"نمایشگاه اتومبیل ۱۴۰۵"_s;
+    QTest::newRow("signs") << u"a #1 \"best\" one's [x]=\\n;$HOME"_s;
 }
 
 void TestEmbeddedServer::strangeFolderNamesWork()
@@ -221,14 +223,14 @@ void TestEmbeddedServer::aTooLongPathWorks()
     EmbeddedServer server(DataFolder(m_temporary->filePath(name + QLatin1Char('/') + name)), m_options);
     server.start();
     QVERIFY(QFile::encodeName(server.connectionSettings().socketPath).size() <= 100);
-    QCOMPARE(valueOf(server, "SELECT 1"), QStringLiteral("1"));
+    QCOMPARE(valueOf(server, "SELECT 1"), u"1"_s);
 }
 
 void TestEmbeddedServer::aHostileClientConfigurationInTheHomeFolderIsNotRead()
 {
     const QTemporaryDir home;
     const QByteArray hostile = "datadir=/nonexistent\nsocket=/nonexistent/s\nport=1\n";
-    write(home.filePath(QStringLiteral(".my.cnf")),
+    write(home.filePath(u".my.cnf"_s),
           "[client]\nuser=somebody\npassword=wrong\nhost=192.0.2.1\nprotocol=tcp\n" + hostile + "[mysqld]\n" + hostile
               + "[mariadbd]\n" + hostile + "[server]\nunknown-option=1\n[mysql]\ninit-command=\"DROP DATABASE tzauto\"\n");
     QList<std::pair<QByteArray, QByteArray>> before;
@@ -244,7 +246,7 @@ void TestEmbeddedServer::aHostileClientConfigurationInTheHomeFolderIsNotRead()
 
     // The trap is a trap: a server without our options file falls into it.
     QProcess trapped;
-    trapped.start(m_options.programs.server, {QStringLiteral("--print-defaults")});
+    trapped.start(m_options.programs.server, {u"--print-defaults"_s});
     QVERIFY(trapped.waitForFinished());
     QVERIFY(trapped.readAllStandardOutput().contains("--datadir=/nonexistent"));
 
@@ -254,7 +256,7 @@ void TestEmbeddedServer::aHostileClientConfigurationInTheHomeFolderIsNotRead()
     server.restart();
     QVERIFY(rowIsThere(server));
     QProcess client;
-    client.start(m_options.programs.client, {ServerConfig::fromFile(folder().clientConfigPath()), QStringLiteral("-e"), QStringLiteral("SELECT 1")});
+    client.start(m_options.programs.client, {ServerConfig::fromFile(folder().clientConfigPath()), u"-e"_s, u"SELECT 1"_s});
     QVERIFY(client.waitForFinished());
     QCOMPARE(client.exitCode(), 0);
 }
@@ -267,10 +269,10 @@ void TestEmbeddedServer::aStaleSocketAndPidAreCleared()
     server.stop();
     write(server.connectionSettings().socketPath, {});
     // A number that no process has.
-    write(folder().databasePath() + QStringLiteral("/server.pid"), "4194304999\n");
+    write(folder().databasePath() + u"/server.pid"_s, "4194304999\n");
     server.start();
     QVERIFY(rowIsThere(server));
-    QCOMPARE(contentOf(folder().databasePath() + QStringLiteral("/server.pid")).trimmed().toLongLong(), server.processId());
+    QCOMPARE(contentOf(folder().databasePath() + u"/server.pid"_s).trimmed().toLongLong(), server.processId());
 }
 
 void TestEmbeddedServer::aPidThatBelongsToAnotherProgramIsLeftAlone()
@@ -279,9 +281,9 @@ void TestEmbeddedServer::aPidThatBelongsToAnotherProgramIsLeftAlone()
     server.start();
     server.stop();
     QProcess other;
-    other.start(QStringLiteral("sleep"), {QStringLiteral("60")});
+    other.start(u"sleep"_s, {u"60"_s});
     QVERIFY(other.waitForStarted());
-    write(folder().databasePath() + QStringLiteral("/server.pid"), QByteArray::number(other.processId()) + '\n');
+    write(folder().databasePath() + u"/server.pid"_s, QByteArray::number(other.processId()) + '\n');
     server.start();
     QVERIFY(server.isRunning());
     QVERIFY(!other.waitForFinished(100));
@@ -324,7 +326,7 @@ void TestEmbeddedServer::aSecondStartOnTheSameFolderIsRefused()
     QCOMPARE(error.kind(), ServerError::Kind::InUse);
     QVERIFY(error.userMessage().contains(folder().path()));
     QVERIFY(first.isRunning());
-    QCOMPARE(valueOf(first, "SELECT 1"), QStringLiteral("1"));
+    QCOMPARE(valueOf(first, "SELECT 1"), u"1"_s);
     first.stop();
     second.start();
     QVERIFY(second.isRunning());
@@ -333,13 +335,13 @@ void TestEmbeddedServer::aSecondStartOnTheSameFolderIsRefused()
 void TestEmbeddedServer::aFirstStartThatWasCutOffIsBegunAgain()
 {
     folder().create();
-    QVERIFY(QDir().mkpath(folder().databasePath() + QStringLiteral(".new/mysql")));
-    write(folder().databasePath() + QStringLiteral(".new/ibdata1"), "half");
+    QVERIFY(QDir().mkpath(folder().databasePath() + u".new/mysql"_s));
+    write(folder().databasePath() + u".new/ibdata1"_s, "half");
     QVERIFY(QDir().mkpath(folder().databasePath()));
     EmbeddedServer server(folder(), m_options);
     server.start();
-    QCOMPARE(valueOf(server, "SELECT 1"), QStringLiteral("1"));
-    QVERIFY(!QFile::exists(folder().databasePath() + QStringLiteral(".new")));
+    QCOMPARE(valueOf(server, "SELECT 1"), u"1"_s);
+    QVERIFY(!QFile::exists(folder().databasePath() + u".new"_s));
 }
 
 void TestEmbeddedServer::aLostOrForeignAccountIsMadeAnew()
@@ -352,7 +354,7 @@ void TestEmbeddedServer::aLostOrForeignAccountIsMadeAnew()
     server.start();
     QVERIFY(rowIsThere(server));
     server.stop();
-    ServerConfig(folder(), m_options).writeClientOptions(QStringLiteral("/tmp/x"), QStringLiteral("of-another-folder"));
+    ServerConfig(folder(), m_options).writeClientOptions(u"/tmp/x"_s, u"of-another-folder"_s);
     server.start();
     QVERIFY(rowIsThere(server));
 }
@@ -361,12 +363,12 @@ void TestEmbeddedServer::aFolderThatIsNoDatabaseIsRefused()
 {
     folder().create();
     QVERIFY(QDir().mkpath(folder().databasePath()));
-    write(folder().databasePath() + QStringLiteral("/letter.txt"), "not ours");
+    write(folder().databasePath() + u"/letter.txt"_s, "not ours");
     EmbeddedServer server(folder(), m_options);
     const ServerError error = refusal(server);
     QCOMPARE(error.kind(), ServerError::Kind::Damaged);
     QVERIFY(error.userMessage().contains(folder().path()));
-    QCOMPARE(contentOf(folder().databasePath() + QStringLiteral("/letter.txt")), QByteArray("not ours"));
+    QCOMPARE(contentOf(folder().databasePath() + u"/letter.txt"_s), QByteArray("not ours"));
 }
 
 void TestEmbeddedServer::aServerThatDoesNotComeUpIsReportedWithinTheLimit_data()
@@ -395,7 +397,7 @@ void TestEmbeddedServer::aServerThatDoesNotComeUpIsReportedWithinTheLimit()
     if (databaseIsThere)
         EmbeddedServer(folder(), m_options).start();
     EmbeddedServer::Options options = m_options;
-    options.programs.server = m_temporary->filePath(QStringLiteral("mariadbd"));
+    options.programs.server = m_temporary->filePath(u"mariadbd"_s);
     options.startLimitMilliseconds = 500;
     if (!script.isEmpty()) {
         write(options.programs.server, script);
@@ -412,7 +414,7 @@ void TestEmbeddedServer::aServerThatDoesNotComeUpIsReportedWithinTheLimit()
     QVERIFY(!server.isRunning());
     QCOMPARE(server.processId(), 0);
     if (kind == ServerError::Kind::Timeout) {
-        const qint64 hung = contentOf(options.programs.server + QStringLiteral(".pid")).trimmed().toLongLong();
+        const qint64 hung = contentOf(options.programs.server + u".pid"_s).trimmed().toLongLong();
         QVERIFY(hung > 0);
         QVERIFY(!platform::isAlive(hung));
     }
@@ -459,9 +461,9 @@ void TestEmbeddedServer::damagedOptionsAreWrittenAnew()
 
 void TestEmbeddedServer::aDataFolderWithoutWritePermissionIsNamed()
 {
-    QFile file(m_temporary->filePath(QStringLiteral("office")));
+    QFile file(m_temporary->filePath(u"office"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    EmbeddedServer server(DataFolder(m_temporary->filePath(QStringLiteral("office/inside"))), m_options);
+    EmbeddedServer server(DataFolder(m_temporary->filePath(u"office/inside"_s)), m_options);
     const ServerError error = refusal(server);
     QCOMPARE(error.kind(), ServerError::Kind::FolderNotWritable);
     QVERIFY(error.userMessage().contains(server.folder().path()));

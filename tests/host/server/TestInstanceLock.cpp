@@ -13,6 +13,8 @@
 
 #include <future>
 
+using namespace Qt::StringLiterals;
+
 class TestInstanceLock : public QObject
 {
     Q_OBJECT
@@ -74,7 +76,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir temporary;
         const DataFolder folder(temporary.path());
-        QFile stale(folder.socketPath(QStringLiteral("host")));
+        QFile stale(folder.socketPath(u"host"_s));
         QVERIFY(stale.open(QIODevice::WriteOnly));
         stale.close();
         InstanceLock holder(folder);
@@ -88,7 +90,7 @@ private Q_SLOTS:
     void aLockThatCannotBeMadeIsAnError()
     {
         const QTemporaryDir temporary;
-        InstanceLock lock(DataFolder(temporary.filePath(QStringLiteral("never made"))));
+        InstanceLock lock(DataFolder(temporary.filePath(u"never made"_s)));
         QVERIFY_THROWS_EXCEPTION(ServerError, lock.acquire());
     }
 };

@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestServerConfig : public QObject
 {
     Q_OBJECT
@@ -22,13 +24,13 @@ private Q_SLOTS:
     void theServerReadsAPathAsItWasWritten_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("plain") << QStringLiteral("office");
-        QTest::newRow("blanks") << QStringLiteral(" two  blanks ");
-        QTest::newRow("Persian") << QStringLiteral("نمایشگاه اتومبیل");
-        QTest::newRow("number sign") << QStringLiteral("a #1 office");
-        QTest::newRow("quotes") << QStringLiteral("the \"best\" one's");
-        QTest::newRow("backslash") << QStringLiteral("a\\sb\\n");
-        QTest::newRow("equals and bracket") << QStringLiteral("[x]=1;y");
+        QTest::newRow("plain") << u"office"_s;
+        QTest::newRow("blanks") << u" two  blanks "_s;
+        QTest::newRow("Persian") << u"نمایشگاه اتومبیل"_s;
+        QTest::newRow("number sign") << u"a #1 office"_s;
+        QTest::newRow("quotes") << u"the \"best\" one's"_s;
+        QTest::newRow("backslash") << u"a\\sb\\n"_s;
+        QTest::newRow("equals and bracket") << u"[x]=1;y"_s;
     }
 
     // Asked of the server's own reader of options files.
@@ -38,13 +40,13 @@ private Q_SLOTS:
         const QTemporaryDir temporary;
         const DataFolder folder(temporary.filePath(name));
         folder.create();
-        ServerConfig(folder, PrivateTestServer::options()).writeServerOptions(QStringLiteral("/tmp/x.sock"));
+        ServerConfig(folder, PrivateTestServer::options()).writeServerOptions(u"/tmp/x.sock"_s);
         QProcess server;
         server.start(ServerPrograms::installed().server,
-                     {ServerConfig::fromFile(folder.serverConfigPath()), QStringLiteral("--print-defaults")});
+                     {ServerConfig::fromFile(folder.serverConfigPath()), u"--print-defaults"_s});
         QVERIFY(server.waitForFinished());
         const QString read = QString::fromUtf8(server.readAllStandardOutput());
-        QVERIFY2(read.contains(QStringLiteral("--datadir=%1 --").arg(folder.databasePath())), qPrintable(read));
+        QVERIFY2(read.contains(u"--datadir=%1 --"_s.arg(folder.databasePath())), qPrintable(read));
     }
 
     void theStoredPasswordIsReadBack()
@@ -54,7 +56,7 @@ private Q_SLOTS:
         const ServerConfig config(folder, PrivateTestServer::options());
         QCOMPARE(config.storedPassword(), QString());
         const QString password = ServerConfig::newPassword();
-        config.writeClientOptions(QStringLiteral("/tmp/x.sock"), password);
+        config.writeClientOptions(u"/tmp/x.sock"_s, password);
         QCOMPARE(config.storedPassword(), password);
         QVERIFY(password.size() >= 32);
         QVERIFY(ServerConfig::newPassword() != password);
@@ -70,7 +72,7 @@ private Q_SLOTS:
         loose.close();
         QVERIFY(loose.setPermissions(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
         const ServerConfig config(folder, PrivateTestServer::options());
-        config.writeClientOptions(QStringLiteral("/tmp/x.sock"), QStringLiteral("secret"));
+        config.writeClientOptions(u"/tmp/x.sock"_s, u"secret"_s);
         const QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
             | QFile::WriteOther | QFile::ExeOther;
         QCOMPARE(QFile::permissions(folder.clientConfigPath()) & others, QFile::Permissions());
@@ -83,16 +85,16 @@ private Q_SLOTS:
         const QProcessEnvironment environment = ToolProcess::environment();
         qunsetenv("MYSQL_PWD");
         qunsetenv("MARIADB_HOST");
-        QVERIFY(!environment.contains(QStringLiteral("MYSQL_PWD")));
-        QVERIFY(!environment.contains(QStringLiteral("MARIADB_HOST")));
-        QVERIFY(environment.contains(QStringLiteral("PATH")));
+        QVERIFY(!environment.contains(u"MYSQL_PWD"_s));
+        QVERIFY(!environment.contains(u"MARIADB_HOST"_s));
+        QVERIFY(environment.contains(u"PATH"_s));
     }
 
     void theServerIsToldToKeepWhatWasSaved()
     {
         const QTemporaryDir temporary;
         const DataFolder folder(temporary.path());
-        ServerConfig(folder, EmbeddedServer::Options()).writeServerOptions(QStringLiteral("/tmp/x.sock"));
+        ServerConfig(folder, EmbeddedServer::Options()).writeServerOptions(u"/tmp/x.sock"_s);
         QFile file(folder.serverConfigPath());
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QByteArray text = file.readAll();
@@ -105,10 +107,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QVersionNumber>("version");
-        QTest::newRow("running") << QStringLiteral("10.11.14-MariaDB-0+deb12u2") << QVersionNumber(10, 11, 14);
-        QTest::newRow("printed") << QStringLiteral("mariadbd  Ver 11.4.2-MariaDB for Linux on x86_64 (Source)")
+        QTest::newRow("running") << u"10.11.14-MariaDB-0+deb12u2"_s << QVersionNumber(10, 11, 14);
+        QTest::newRow("printed") << u"mariadbd  Ver 11.4.2-MariaDB for Linux on x86_64 (Source)"_s
                                  << QVersionNumber(11, 4, 2);
-        QTest::newRow("none") << QStringLiteral("command not found") << QVersionNumber();
+        QTest::newRow("none") << u"command not found"_s << QVersionNumber();
         QTest::newRow("empty") << QString() << QVersionNumber();
     }
 
@@ -138,19 +140,19 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("words");
         QTest::addColumn<ServerError::Kind>("kind");
-        QTest::newRow("full disk") << QStringLiteral("[ERROR] mariadbd: Disk full (./office/t.MAI); waiting for someone to free some space")
+        QTest::newRow("full disk") << u"[ERROR] mariadbd: Disk full (./office/t.MAI); waiting for someone to free some space"_s
                                    << ServerError::Kind::DiskFull;
         QTest::newRow("full disk while growing a file")
-            << QStringLiteral("[ERROR] InnoDB: Operating system error number 28 in a file operation.") << ServerError::Kind::DiskFull;
+            << u"[ERROR] InnoDB: Operating system error number 28 in a file operation."_s << ServerError::Kind::DiskFull;
         QTest::newRow("full disk, then the server's own report")
-            << QStringLiteral("[ERROR] [FATAL] InnoDB: Error (Out of disk space) in rollback.\n") + QStringLiteral("trace\n").repeated(100)
+            << u"[ERROR] [FATAL] InnoDB: Error (Out of disk space) in rollback.\n"_s + u"trace\n"_s.repeated(100)
             << ServerError::Kind::DiskFull;
-        QTest::newRow("another server on the files") << QStringLiteral("[ERROR] InnoDB: Unable to lock ./ibdata1 error: 11")
+        QTest::newRow("another server on the files") << u"[ERROR] InnoDB: Unable to lock ./ibdata1 error: 11"_s
                                                      << ServerError::Kind::InUse;
         QTest::newRow("files of another user")
-            << QStringLiteral("[ERROR] mariadbd: File './aria_log_control' not found (Errcode: 13 \"Permission denied\")")
+            << u"[ERROR] mariadbd: File './aria_log_control' not found (Errcode: 13 \"Permission denied\")"_s
             << ServerError::Kind::FolderNotWritable;
-        QTest::newRow("unknown") << QStringLiteral("[ERROR] unknown variable 'x=1'") << ServerError::Kind::DidNotStart;
+        QTest::newRow("unknown") << u"[ERROR] unknown variable 'x=1'"_s << ServerError::Kind::DidNotStart;
     }
 
     void aKnownFailureIsReadFromTheLog()
@@ -163,7 +165,7 @@ private Q_SLOTS:
         QFile log(folder.serverLogPath());
         QVERIFY(log.open(QIODevice::WriteOnly) && log.write(words.toUtf8()) > 0);
         log.close();
-        const ServerError error = ServerLog(folder).error(ServerError::Kind::DidNotStart, QStringLiteral("ended with 1"));
+        const ServerError error = ServerLog(folder).error(ServerError::Kind::DidNotStart, u"ended with 1"_s);
         QCOMPARE(error.kind(), kind);
         QVERIFY2(error.userMessage().contains(folder.path()), qPrintable(error.userMessage()));
         QVERIFY(words.contains(error.detail().section(QLatin1Char('\n'), -1)));

@@ -15,6 +15,8 @@
 
 #include <mysql.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString countOfKept()
@@ -53,7 +55,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_temporary;
     // As an office runs: what was committed must survive a kill.
     EmbeddedServer::Options m_options;
-    DataFolder folder() const { return DataFolder(m_temporary->filePath(QStringLiteral("office"))); }
+    DataFolder folder() const { return DataFolder(m_temporary->filePath(u"office"_s)); }
 };
 
 void TestServerCrash::init()
@@ -84,7 +86,7 @@ void TestServerCrash::killingTheServerIsReportedOnceAndARestartReconnects()
     QVERIFY(server.isRunning());
     // The operation on the connection that died ends with an error; the next one connects anew.
     QVERIFY_THROWS_EXCEPTION(CMySQLException, countOfKept());
-    QCOMPARE(countOfKept(), QStringLiteral("2"));
+    QCOMPARE(countOfKept(), u"2"_s);
     QCOMPARE(ended.count(), 1);
 }
 
@@ -134,7 +136,7 @@ void TestServerCrash::aServerThatIsStoppedIsNotReported()
 
 void TestServerCrash::startHolder(QProcess &holder, qint64 *server)
 {
-    holder.start(QCoreApplication::applicationDirPath() + QStringLiteral("/tzserverholder"), {folder().path()});
+    holder.start(QCoreApplication::applicationDirPath() + u"/tzserverholder"_s, {folder().path()});
     QTRY_VERIFY(holder.canReadLine() || holder.state() == QProcess::NotRunning);
     *server = holder.readLine().trimmed().toLongLong();
     QVERIFY2(*server > 0, holder.readAllStandardError().constData());
@@ -146,7 +148,7 @@ void TestServerCrash::killingTheProgramEndsTheServerAndTheNextStartIsClean()
     qint64 left = 0;
     startHolder(holder, &left);
     KConnectionSettings settings;
-    settings.socketPath = folder().socketPath(QStringLiteral("db"));
+    settings.socketPath = folder().socketPath(u"db"_s);
     settings.user = EmbeddedServer::Options::databaseName();
     settings.database = EmbeddedServer::Options::databaseName();
     settings.password = ServerConfig(folder(), m_options).storedPassword();
@@ -161,7 +163,7 @@ void TestServerCrash::killingTheProgramEndsTheServerAndTheNextStartIsClean()
     EmbeddedServer server(folder(), m_options);
     server.start();
     KConnection::configure(0, server.connectionSettings());
-    QCOMPARE(countOfKept(), QStringLiteral("2"));
+    QCOMPARE(countOfKept(), u"2"_s);
 }
 
 void TestServerCrash::aStartRightAfterTheProgramWasKilledIsClean()

@@ -17,6 +17,8 @@
 #include <mysql.h>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray contentOf(const QString &path)
@@ -52,10 +54,10 @@ private:
         const QByteArray password = m_config.storedPassword().toUtf8();
         if (password.isEmpty())
             return;
-        const QStringList processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        const QStringList processes = QDir(u"/proc"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         for (const QString &process : processes) {
-            for (const QString &part : {QStringLiteral("cmdline"), QStringLiteral("environ")}) {
-                const QByteArray content = contentOf(QStringLiteral("/proc/%1/%2").arg(process, part));
+            for (const QString &part : {u"cmdline"_s, u"environ"_s}) {
+                const QByteArray content = contentOf(u"/proc/%1/%2"_s.arg(process, part));
                 m_seen = m_seen || content.contains(password);
                 m_toolSeen = m_toolSeen || content.contains("mariadb-upgrade") || content.contains("mariadb-dump");
             }
@@ -91,7 +93,7 @@ private Q_SLOTS:
 private:
     void makeOfficeOfVersion(const QVersionNumber &version, bool endedCleanly);
     QStringList dumps() const { return QDir(folder().backupsPath()).entryList(QDir::Files); }
-    DataFolder folder() const { return DataFolder(m_temporary->filePath(QStringLiteral("office"))); }
+    DataFolder folder() const { return DataFolder(m_temporary->filePath(u"office"_s)); }
 
     std::unique_ptr<QTemporaryDir> m_temporary;
     EmbeddedServer::Options m_options = PrivateTestServer::options();
@@ -138,7 +140,7 @@ void TestServerUpgrade::anotherVersionDumpsAndUpgradesAndKeepsTheData()
     QCOMPARE(ServerState::load(folder()).version, ServerState::versionIn(server.version()));
     QCOMPARE(dumps().size(), 1);
     QVERIFY(contentOf(folder().backupsPath() + QLatin1Char('/') + dumps().constFirst()).contains("INSERT INTO `kept` VALUES\n(7)"));
-    QVERIFY(contentOf(folder().logsPath() + QStringLiteral("/server-upgrade.log")).contains("OK"));
+    QVERIFY(contentOf(folder().logsPath() + u"/server-upgrade.log"_s).contains("OK"));
 
     KConnection connection(server.connectionSettings());
     const KConnection::Result result = connection.run(QByteArrayLiteral("SELECT i FROM kept"));
@@ -164,7 +166,7 @@ void TestServerUpgrade::anOlderServerIsRefused()
     } catch (const ServerError &error) {
         QCOMPARE(error.kind(), ServerError::Kind::OlderServer);
         QVERIFY(error.userMessage().contains(folder().path()));
-        QVERIFY(error.userMessage().contains(QStringLiteral("99.1.2")));
+        QVERIFY(error.userMessage().contains(u"99.1.2"_s));
     }
     QCOMPARE(dumps(), QStringList());
 }
@@ -185,7 +187,7 @@ void TestServerUpgrade::aFailedUpgradeIsTriedAgainAtTheNextStart()
 {
     makeOfficeOfVersion(QVersionNumber(10, 6, 1), true);
     EmbeddedServer::Options broken = m_options;
-    broken.programs.upgrade = QStringLiteral("/bin/false");
+    broken.programs.upgrade = u"/bin/false"_s;
     EmbeddedServer server(folder(), broken);
     try {
         server.start();

@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgFirstStart : public QObject
 {
     Q_OBJECT
@@ -45,17 +47,17 @@ KEdit *edit(const CDlgFirstStart &dialog, const QString &label)
 void fill(CDlgFirstStart &dialog)
 {
     const QList<std::pair<QString, QString>> values = {
-        {QStringLiteral("نام مدیر :"), QStringLiteral("سارا احمدی")},
-        {QStringLiteral("نام کاربری :"), QStringLiteral("sara")},
-        {QStringLiteral("کلمه عبور :"), QStringLiteral("gallery7")},
-        {QStringLiteral("تکرار کلمه عبور :"), QStringLiteral("gallery7")},
-        {QStringLiteral("نام نمایشگاه :"), QStringLiteral("نمايشگاه آريا")},
-        {QStringLiteral("ادامه نام نمایشگاه :"), QStringLiteral("تهران")},
-        {QStringLiteral("کد ملی :"), QStringLiteral("0012345679")},
-        {QStringLiteral("تلفن :"), QStringLiteral("۰۲۱۴۴")},
-        {QStringLiteral("موبایل :"), QStringLiteral("09121234567")},
-        {QStringLiteral("شهر :"), QStringLiteral("تهران")},
-        {QStringLiteral("نشانی :"), QStringLiteral("خیابان آزادی")},
+        {u"نام مدیر :"_s, u"سارا احمدی"_s},
+        {u"نام کاربری :"_s, u"sara"_s},
+        {u"کلمه عبور :"_s, u"gallery7"_s},
+        {u"تکرار کلمه عبور :"_s, u"gallery7"_s},
+        {u"نام نمایشگاه :"_s, u"نمايشگاه آريا"_s},
+        {u"ادامه نام نمایشگاه :"_s, u"تهران"_s},
+        {u"کد ملی :"_s, u"0012345679"_s},
+        {u"تلفن :"_s, u"۰۲۱۴۴"_s},
+        {u"موبایل :"_s, u"09121234567"_s},
+        {u"شهر :"_s, u"تهران"_s},
+        {u"نشانی :"_s, u"خیابان آزادی"_s},
     };
     for (const auto &[label, text] : values)
         edit(dialog, label)->setText(text);
@@ -67,24 +69,24 @@ void TestCDlgFirstStart::init()
 {
     m_office.fresh();
     GetDBSetting()->Logout();
-    m_office.database.run(QStringLiteral("DELETE FROM Users"));
+    m_office.database.run(u"DELETE FROM Users"_s);
 }
 
 void TestCDlgFirstStart::fiscalYearIsProposed()
 {
     const CDlgFirstStart dialog;
     const int year = GetShamsi(GetDBSetting()->GetDBServerDate().date()).year;
-    QCOMPARE(edit(dialog, QStringLiteral("سال مالی :"))->integer(), year);
-    QCOMPARE(named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->date(), ConvertToMiladi(year, 1, 1));
+    QCOMPARE(edit(dialog, u"سال مالی :"_s)->integer(), year);
+    QCOMPARE(named<KDateEdit>(dialog, u"تاریخ افتتاح :"_s)->date(), ConvertToMiladi(year, 1, 1));
 }
 
 void TestCDlgFirstStart::openingDayFollowsTheYear()
 {
     const CDlgFirstStart dialog;
-    KEdit *year = edit(dialog, QStringLiteral("سال مالی :"));
+    KEdit *year = edit(dialog, u"سال مالی :"_s);
     year->clear();
-    QTest::keyClicks(year, QStringLiteral("1403"));
-    QCOMPARE(named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->date(), ConvertToMiladi(1403, 1, 1));
+    QTest::keyClicks(year, u"1403"_s);
+    QCOMPARE(named<KDateEdit>(dialog, u"تاریخ افتتاح :"_s)->date(), ConvertToMiladi(1403, 1, 1));
 }
 
 void TestCDlgFirstStart::refused_data()
@@ -134,20 +136,20 @@ void TestCDlgFirstStart::everythingIsStored()
 {
     CDlgFirstStart dialog;
     fill(dialog);
-    edit(dialog, QStringLiteral("سال مالی :"))->setNumber(1404);
-    named<KDateEdit>(dialog, QStringLiteral("تاریخ افتتاح :"))->setDate(ConvertToMiladi(1404, 2, 3));
+    edit(dialog, u"سال مالی :"_s)->setNumber(1404);
+    named<KDateEdit>(dialog, u"تاریخ افتتاح :"_s)->setDate(ConvertToMiladi(1404, 2, 3));
     dialog.accept();
     QVERIFY2(g_pDlgWarning->takeShown().isEmpty(), "nothing was refused");
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(dialog.userName(), QStringLiteral("sara"));
+    QCOMPARE(dialog.userName(), u"sara"_s);
 
     const CompanyDetails company = CompanyDetails::read();
-    QCOMPARE(company.name(), QStringLiteral("نمایشگاه آریا تهران"));
-    QCOMPARE(company.telephone, QStringLiteral("02144"));
-    QCOMPARE(company.mobile, QStringLiteral("09121234567"));
-    QCOMPARE(company.nationalCode, QStringLiteral("0012345679"));
-    QCOMPARE(company.city, QStringLiteral("تهران"));
-    QCOMPARE(company.address, QStringLiteral("خیابان آزادی"));
+    QCOMPARE(company.name(), u"نمایشگاه آریا تهران"_s);
+    QCOMPARE(company.telephone, u"02144"_s);
+    QCOMPARE(company.mobile, u"09121234567"_s);
+    QCOMPARE(company.nationalCode, u"0012345679"_s);
+    QCOMPARE(company.city, u"تهران"_s);
+    QCOMPARE(company.address, u"خیابان آزادی"_s);
     QCOMPARE(GetDBSetting()->FiscalYear(), 1404);
     QCOMPARE(GetDBSetting()->FiscalYearOpeningDate().date(), ConvertToMiladi(1404, 2, 3));
 }
@@ -157,23 +159,23 @@ void TestCDlgFirstStart::theAdministratorCanLogIn()
     CDlgFirstStart dialog;
     fill(dialog);
     dialog.accept();
-    const std::optional<int> user = CTblUsers::verify(QStringLiteral("sara"), QStringLiteral("gallery7"));
+    const std::optional<int> user = CTblUsers::verify(u"sara"_s, u"gallery7"_s);
     QVERIFY(user.has_value());
     QVERIFY(GetDBSetting()->Login(*user));
     QVERIFY(GetDBSetting()->IsAdmin());
-    QCOMPARE(GetDBSetting()->GetUserFullName(), QStringLiteral("سارا احمدی"));
+    QCOMPARE(GetDBSetting()->GetUserFullName(), u"سارا احمدی"_s);
 }
 
 void TestCDlgFirstStart::aFailureLeavesNothingBehind()
 {
     // Somebody else was quicker with the same name.
-    CTblUsers::create(QStringLiteral("sara"), QStringLiteral("other"), {}, true);
+    CTblUsers::create(u"sara"_s, u"other"_s, {}, true);
     CDlgFirstStart dialog;
     fill(dialog);
     QVERIFY_THROWS_EXCEPTION(std::exception, dialog.accept());
     QVERIFY(dialog.userName().isEmpty());
     QVERIFY(CompanyDetails::read().isEmpty());
-    QVERIFY(!CTblUsers::verify(QStringLiteral("sara"), QStringLiteral("gallery7")));
+    QVERIFY(!CTblUsers::verify(u"sara"_s, u"gallery7"_s));
 }
 
 void TestCDlgFirstStart::cancelLeavesNothingBehind()

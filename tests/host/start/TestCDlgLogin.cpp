@@ -13,6 +13,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgLogin : public QObject
 {
     Q_OBJECT
@@ -42,13 +44,13 @@ struct Login
 {
     explicit Login(const QString &officeName = {})
         : dialog(officeName)
-        , user(named<KEdit>(dialog, QStringLiteral("نام کاربری :")))
-        , password(named<KEdit>(dialog, QStringLiteral("کلمه عبور :")))
-        , ok(named<QPushButton>(dialog, QStringLiteral("ورود")))
+        , user(named<KEdit>(dialog, u"نام کاربری :"_s))
+        , password(named<KEdit>(dialog, u"کلمه عبور :"_s))
+        , ok(named<QPushButton>(dialog, u"ورود"_s))
     {
         if (!ok) // a button's caption is its accessible name unless it has one of its own
             for (QPushButton *button : dialog.findChildren<QPushButton *>())
-                if (button->text() == QStringLiteral("ورود"))
+                if (button->text() == u"ورود"_s)
                     ok = button;
     }
 
@@ -81,7 +83,7 @@ void TestCDlgLogin::labelsAndButtonStandToTheLetter()
 void TestCDlgLogin::rightPasswordLogsIn()
 {
     Login login;
-    login.enter(QStringLiteral("admin"), QStringLiteral("secret"));
+    login.enter(u"admin"_s, u"secret"_s);
     QCOMPARE(login.dialog.result(), int(QDialog::Accepted));
     QCOMPARE(login.dialog.userID(), m_office.admin);
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -93,10 +95,10 @@ void TestCDlgLogin::enterMovesToThePasswordAndThenLogsIn()
     login.dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&login.dialog));
     QTRY_VERIFY(login.user->hasFocus());
-    QTest::keyClicks(login.user, QStringLiteral("admin"));
+    QTest::keyClicks(login.user, u"admin"_s);
     QTest::keyClick(login.user, Qt::Key_Return);
     QVERIFY(login.password->hasFocus());
-    QTest::keyClicks(login.password, QStringLiteral("secret"));
+    QTest::keyClicks(login.password, u"secret"_s);
     QTest::keyClick(login.password, Qt::Key_Return);
     QCOMPARE(login.dialog.userID(), m_office.admin);
 }
@@ -106,8 +108,8 @@ void TestCDlgLogin::wrongPasswordIsToldAndThePasswordHasTheFocus()
     Login login;
     login.dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&login.dialog));
-    login.enter(QStringLiteral("admin"), QStringLiteral("guess"));
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("نام کاربری یا کلمه عبور درست نیست.")});
+    login.enter(u"admin"_s, u"guess"_s);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"نام کاربری یا کلمه عبور درست نیست."_s});
     QVERIFY(login.dialog.isVisible());
     QCOMPARE(login.dialog.userID(), 0);
     QVERIFY(login.password->hasFocus());
@@ -117,16 +119,16 @@ void TestCDlgLogin::wrongPasswordIsToldAndThePasswordHasTheFocus()
 void TestCDlgLogin::unknownUserIsToldTheSame()
 {
     Login login;
-    login.enter(QStringLiteral("nobody"), QStringLiteral("secret"));
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("نام کاربری یا کلمه عبور درست نیست.")});
+    login.enter(u"nobody"_s, u"secret"_s);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"نام کاربری یا کلمه عبور درست نیست."_s});
     QCOMPARE(login.dialog.userID(), 0);
 }
 
 void TestCDlgLogin::inactiveUserIsRefused()
 {
-    m_office.database.run(QStringLiteral("UPDATE Users SET iStatus=1"));
+    m_office.database.run(u"UPDATE Users SET iStatus=1"_s);
     Login login;
-    login.enter(QStringLiteral("admin"), QStringLiteral("secret"));
+    login.enter(u"admin"_s, u"secret"_s);
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(login.dialog.userID(), 0);
 }
@@ -134,11 +136,11 @@ void TestCDlgLogin::inactiveUserIsRefused()
 void TestCDlgLogin::emptyFieldsAreAskedFor()
 {
     Login login;
-    login.enter({}, QStringLiteral("secret"));
-    login.enter(QStringLiteral("admin"), {});
+    login.enter({}, u"secret"_s);
+    login.enter(u"admin"_s, {});
     QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{
-                                             QStringLiteral("لطفا نام کاربری را وارد نمایید."),
-                                             QStringLiteral("لطفا کلمه عبور را وارد نمایید."),
+                                             u"لطفا نام کاربری را وارد نمایید."_s,
+                                             u"لطفا کلمه عبور را وارد نمایید."_s,
                                          }));
     QVERIFY(login.ok->isEnabled());
 }
@@ -147,10 +149,10 @@ void TestCDlgLogin::lastUserIsRememberedAndThePasswordIsNot()
 {
     {
         Login login;
-        login.enter(QStringLiteral("admin"), QStringLiteral("secret"));
+        login.enter(u"admin"_s, u"secret"_s);
     }
     const Login next;
-    QCOMPARE(next.user->text(), QStringLiteral("admin"));
+    QCOMPARE(next.user->text(), u"admin"_s);
     QVERIFY(next.password->text().isEmpty());
     QFile file(settingsFile());
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -162,11 +164,11 @@ void TestCDlgLogin::lastUserIsRememberedAndThePasswordIsNot()
 void TestCDlgLogin::attemptsAreSlowed()
 {
     Login login;
-    login.enter(QStringLiteral("admin"), QStringLiteral("one"));
+    login.enter(u"admin"_s, u"one"_s);
     QVERIFY(login.ok->isEnabled());
-    login.enter(QStringLiteral("admin"), QStringLiteral("two"));
+    login.enter(u"admin"_s, u"two"_s);
     QVERIFY(!login.ok->isEnabled());
-    login.password->setText(QStringLiteral("secret"));
+    login.password->setText(u"secret"_s);
     login.dialog.accept();
     QCOMPARE(login.dialog.userID(), 0);
     QTRY_VERIFY_WITH_TIMEOUT(login.ok->isEnabled(), 3000);
@@ -196,7 +198,7 @@ void TestCDlgLogin::waitGrowsUpToItsLimit()
 
 void TestCDlgLogin::saysWhenItIsOnTheScreen()
 {
-    Login login(QStringLiteral("نمایشگاه نمونه"));
+    Login login(u"نمایشگاه نمونه"_s);
     QSignalSpy painted(&login.dialog, &CDlgLogin::painted);
     login.dialog.show();
     QTRY_COMPARE(painted.count(), 1);

@@ -17,6 +17,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // The upgrade is the module's own; only an upgrade that breaks off half-way is played.
 class TestDatabaseUpgrade : public QObject
 {
@@ -97,13 +99,13 @@ void TestDatabaseUpgrade::makeOlder()
 {
     DatabaseUpgrade fresh(m_backups->path(), [](const QString &) {});
     run(fresh);
-    m_database.run(QStringLiteral("ALTER TABLE AutomobilDemands DROP COLUMN iAlarmID"));
+    m_database.run(u"ALTER TABLE AutomobilDemands DROP COLUMN iAlarmID"_s);
     SuiteSchema::setModuleVersion(5.104);
 }
 
 QStringList TestDatabaseUpgrade::dumps() const
 {
-    return QDir(m_backups->path()).entryList({QStringLiteral("*.sql")}, QDir::Files);
+    return QDir(m_backups->path()).entryList({u"*.sql"_s}, QDir::Files);
 }
 
 void TestDatabaseUpgrade::freshDatabaseIsBroughtUpWithoutADump()
@@ -121,7 +123,7 @@ void TestDatabaseUpgrade::secondRunChangesNothing()
 {
     DatabaseUpgrade first(m_backups->path(), [](const QString &) {});
     run(first);
-    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
     DatabaseUpgrade second(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
     run(second);
     QVERIFY(m_waitedFor.isEmpty());
@@ -131,20 +133,20 @@ void TestDatabaseUpgrade::secondRunChangesNothing()
 void TestDatabaseUpgrade::olderDatabaseWithRowsIsDumpedFirst()
 {
     makeOlder();
-    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts(iCode) VALUES(7)"));
+    m_database.run(u"INSERT INTO AutomobilContracts(iCode) VALUES(7)"_s);
     DatabaseUpgrade upgrade(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
     run(upgrade);
     QCOMPARE(dumps().size(), 1);
     QVERIFY(DatabaseDump::isWhole(upgrade.dumpTaken()));
     QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iCode FROM AutomobilContracts")), QStringLiteral("7"));
+    QCOMPARE(m_database.value(u"SELECT iCode FROM AutomobilContracts"_s), u"7"_s);
     QVERIFY(!m_waitedFor.isEmpty());
 }
 
 void TestDatabaseUpgrade::dumpHoldsTheDatabaseAsItWas()
 {
     makeOlder();
-    m_database.run(QStringLiteral("INSERT INTO AutomobilDemands(iCode) VALUES(9)"));
+    m_database.run(u"INSERT INTO AutomobilDemands(iCode) VALUES(9)"_s);
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     run(upgrade);
     QFile dump(upgrade.dumpTaken());
@@ -166,8 +168,8 @@ void TestDatabaseUpgrade::olderDatabaseWithoutRowsIsNotDumped()
 void TestDatabaseUpgrade::suiteUpgradeWithRowsIsDumpedFirst()
 {
     SuiteSchema::upgrade();
-    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Schema"), QStringLiteral("Suite"), 1);
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
+    CTblProperties::DBWriteSettingInt(u"Schema"_s, u"Suite"_s, 1);
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     upgrade.upgradeSuite();
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
@@ -177,11 +179,11 @@ void TestDatabaseUpgrade::suiteUpgradeWithRowsIsDumpedFirst()
 // The module's first step begins by dropping what is there.
 void TestDatabaseUpgrade::rowsOfADatabaseWithoutAVersionAreDumpedFirst()
 {
-    m_database.run(QStringLiteral("CREATE TABLE AutomobilContracts(iID INT, sDesc VARCHAR(50)) CHARSET=utf8"));
-    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts VALUES(1, 'only copy')"));
+    m_database.run(u"CREATE TABLE AutomobilContracts(iID INT, sDesc VARCHAR(50)) CHARSET=utf8"_s);
+    m_database.run(u"INSERT INTO AutomobilContracts VALUES(1, 'only copy')"_s);
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     run(upgrade);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"0"_s);
     QCOMPARE(dumps().size(), 1);
     QFile dump(upgrade.dumpTaken());
     QVERIFY(dump.open(QIODevice::ReadOnly));
@@ -191,7 +193,7 @@ void TestDatabaseUpgrade::rowsOfADatabaseWithoutAVersionAreDumpedFirst()
 void TestDatabaseUpgrade::officeThatWorkedWithoutTheModuleIsDumpedBeforeItsTables()
 {
     SuiteSchema::upgrade();
-    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     run(upgrade);
     QCOMPARE(dumps().size(), 1);
@@ -200,14 +202,14 @@ void TestDatabaseUpgrade::officeThatWorkedWithoutTheModuleIsDumpedBeforeItsTable
 void TestDatabaseUpgrade::oneDumpServesBothUpgrades()
 {
     makeOlder();
-    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
-    m_database.run(QStringLiteral("ALTER TABLE AutomobilInformations DROP COLUMN iYear"));
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
+    m_database.run(u"ALTER TABLE AutomobilInformations DROP COLUMN iYear"_s);
     SuiteSchema::setModuleVersion(5.097);
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Schema"), QStringLiteral("Suite"), 1);
+    CTblProperties::DBWriteSettingInt(u"Schema"_s, u"Suite"_s, 1);
     int dumpsBegun = 0;
     QString last;
     DatabaseUpgrade upgrade(m_backups->path(), [&](const QString &text) {
-        dumpsBegun += text != last && text.contains(QStringLiteral("پشتیبان")) ? 1 : 0;
+        dumpsBegun += text != last && text.contains(u"پشتیبان"_s) ? 1 : 0;
         last = text;
     });
     run(upgrade);
@@ -218,25 +220,25 @@ void TestDatabaseUpgrade::oneDumpServesBothUpgrades()
 void TestDatabaseUpgrade::dumpThatFailsStopsTheUpgrade()
 {
     makeOlder();
-    m_database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('علی')"));
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
     // A file stands where the folder would be made.
-    QFile inTheWay(m_backups->filePath(QStringLiteral("backups")));
+    QFile inTheWay(m_backups->filePath(u"backups"_s));
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
     DatabaseUpgrade upgrade(inTheWay.fileName(), [](const QString &) {});
     upgrade.upgradeSuite();
     QVERIFY_THROWS_EXCEPTION(ServerError, static_cast<void>(upgrade.upgradeModule(*GetAutoDBSetting())));
     QCOMPARE(SuiteSchema::moduleVersion(), 5.104);
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE() "
-                                             "AND TABLE_NAME='AutomobilDemands' AND COLUMN_NAME='iAlarmID'")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE() "
+                              "AND TABLE_NAME='AutomobilDemands' AND COLUMN_NAME='iAlarmID'"_s),
+             u"0"_s);
     // The next statement runs as any other: nothing of the guard is left.
-    m_database.run(QStringLiteral("CREATE TABLE Later(iID INT)"));
+    m_database.run(u"CREATE TABLE Later(iID INT)"_s);
 }
 
 void TestDatabaseUpgrade::failedModuleUpgradeIsResumed()
 {
     SuiteSchema::upgrade();
-    m_database.run(QStringLiteral("CREATE TABLE AutomobilContracts(iID INT)"));
+    m_database.run(u"CREATE TABLE AutomobilContracts(iID INT)"_s);
     HaltingModule module;
     const auto tryOnce = [this, &module] {
         DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
@@ -255,8 +257,8 @@ void TestDatabaseUpgrade::contractsGetTheirFiscalYear()
 {
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     run(upgrade);
-    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts(iCode) VALUES(1)"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts")), QStringLiteral("0"));
+    m_database.run(u"INSERT INTO AutomobilContracts(iCode) VALUES(1)"_s);
+    QCOMPARE(m_database.value(u"SELECT iFiscalYear FROM AutomobilContracts"_s), u"0"_s);
 }
 
 static const RegisteredTest<TestDatabaseUpgrade, QApplication> registered;

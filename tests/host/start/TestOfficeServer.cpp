@@ -16,6 +16,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestOfficeServer : public QObject
 {
     Q_OBJECT
@@ -55,7 +57,7 @@ namespace {
 
 QString writeFile(const QTemporaryDir &folder, const QByteArray &text, QFile::Permissions permissions)
 {
-    QFile file(folder.filePath(QStringLiteral("word")));
+    QFile file(folder.filePath(u"word"_s));
     if (!file.open(QIODevice::WriteOnly))
         return {};
     file.write(text);
@@ -69,7 +71,7 @@ QString writeFile(const QTemporaryDir &folder, const QByteArray &text, QFile::Pe
 void TestOfficeServer::initTestCase()
 {
     {
-        EmbeddedServer maker(DataFolder(path(QStringLiteral("server"))));
+        EmbeddedServer maker(DataFolder(path(u"server"_s)));
         maker.start();
         KConnection connection(maker.connectionSettings());
         connection.run(QByteArrayLiteral("CREATE DATABASE books"));
@@ -90,11 +92,11 @@ void TestOfficeServer::cleanupTestCase()
 
 void TestOfficeServer::startServer(const QStringList &furtherOptions)
 {
-    const DataFolder folder(path(QStringLiteral("server")));
+    const DataFolder folder(path(u"server"_s));
     m_server.setProcessChannelMode(QProcess::MergedChannels);
     m_server.start(ServerPrograms::installed().server,
-                   QStringList{QStringLiteral("--defaults-file=") + folder.serverConfigPath(), QStringLiteral("--skip-networking=OFF"),
-                               QStringLiteral("--bind-address=127.0.0.1"), QStringLiteral("--port=%1").arg(m_port)}
+                   QStringList{u"--defaults-file="_s + folder.serverConfigPath(), u"--skip-networking=OFF"_s,
+                               u"--bind-address=127.0.0.1"_s, u"--port=%1"_s.arg(m_port)}
                        + furtherOptions);
     QByteArray words;
     QTRY_VERIFY_WITH_TIMEOUT((words += m_server.readAll()).contains("ready for connections"), 30000);
@@ -111,9 +113,9 @@ HostOptions TestOfficeServer::options(const QByteArray &password, const QString 
 {
     HostOptions options;
     options.connect = true;
-    options.host = QStringLiteral("127.0.0.1");
+    options.host = u"127.0.0.1"_s;
     options.port = m_port;
-    options.user = QStringLiteral("sara");
+    options.user = u"sara"_s;
     options.database = database;
     options.passwordFile = writeFile(m_folder, password, QFile::ReadOwner | QFile::WriteOwner);
     return options;
@@ -121,52 +123,52 @@ HostOptions TestOfficeServer::options(const QByteArray &password, const QString 
 
 void TestOfficeServer::rightPasswordConnects()
 {
-    QVERIFY(OfficeServer::connect(options("gallery7\n", QStringLiteral("books")), nullptr));
+    QVERIFY(OfficeServer::connect(options("gallery7\n", u"books"_s), nullptr));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     CTblTemp query;
     query.Open(false, false, true);
-    query.ExecuteQuery(QStringLiteral("SELECT CONCAT(CURRENT_USER(),' ',DATABASE())"));
-    QCOMPARE(query.GetTextFieldValue(0), QStringLiteral("sara@% books"));
+    query.ExecuteQuery(u"SELECT CONCAT(CURRENT_USER(),' ',DATABASE())"_s);
+    QCOMPARE(query.GetTextFieldValue(0), u"sara@% books"_s);
 }
 
 // The client library would look for a local socket of its own by that name.
 void TestOfficeServer::thisComputerByNameIsReachedOverTheNetworkToo()
 {
-    HostOptions byName = options("gallery7", QStringLiteral("books"));
-    byName.host = QStringLiteral("localhost");
+    HostOptions byName = options("gallery7", u"books"_s);
+    byName.host = u"localhost"_s;
     QVERIFY(OfficeServer::connect(byName, nullptr));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
 void TestOfficeServer::wrongPasswordIsToldByName()
 {
-    QVERIFY(!OfficeServer::connect(options("guess", QStringLiteral("books")), nullptr));
+    QVERIFY(!OfficeServer::connect(options("guess", u"books"_s), nullptr));
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY2(shown.constFirst().contains(QStringLiteral("sara")), qPrintable(shown.constFirst()));
-    QVERIFY(!shown.constFirst().contains(QStringLiteral("guess")));
+    QVERIFY2(shown.constFirst().contains(u"sara"_s), qPrintable(shown.constFirst()));
+    QVERIFY(!shown.constFirst().contains(u"guess"_s));
 }
 
 void TestOfficeServer::databaseThatIsNotThereIsToldByName()
 {
     // Who may see no other database hears the same of one that is not there as of one of others.
-    QVERIFY(!OfficeServer::connect(options("gallery7", QStringLiteral("nobooks")), nullptr));
+    QVERIFY(!OfficeServer::connect(options("gallery7", u"nobooks"_s), nullptr));
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY2(shown.constFirst().contains(QStringLiteral("nobooks")), qPrintable(shown.constFirst()));
+    QVERIFY2(shown.constFirst().contains(u"nobooks"_s), qPrintable(shown.constFirst()));
 }
 
 void TestOfficeServer::databaseOfOthersIsRefused()
 {
-    QVERIFY(!OfficeServer::connect(options("gallery7", QStringLiteral("mysql")), nullptr));
+    QVERIFY(!OfficeServer::connect(options("gallery7", u"mysql"_s), nullptr));
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY2(shown.constFirst().contains(QStringLiteral("mysql")), qPrintable(shown.constFirst()));
+    QVERIFY2(shown.constFirst().contains(u"mysql"_s), qPrintable(shown.constFirst()));
 }
 
 void TestOfficeServer::serverThatDoesNotProveItselfIsRefused()
 {
-    HostOptions secure = options("gallery7", QStringLiteral("books"));
+    HostOptions secure = options("gallery7", u"books"_s);
     secure.tls = true;
     QVERIFY(!OfficeServer::connect(secure, nullptr));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
@@ -175,26 +177,26 @@ void TestOfficeServer::serverThatDoesNotProveItselfIsRefused()
 // Two authorities, and two servers that the first of them vouches for.
 void TestOfficeServer::makeCertificates()
 {
-    if (QFile::exists(path(QStringLiteral("books.example.pem"))))
+    if (QFile::exists(path(u"books.example.pem"_s)))
         return;
     const auto make = [this](const QString &name, const QStringList &further) {
         QProcess tool;
-        tool.start(QStringLiteral("openssl"),
-                   QStringList{QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-newkey"), QStringLiteral("ec"),
-                               QStringLiteral("-pkeyopt"), QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes"),
-                               QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"), QStringLiteral("/CN=") + name,
-                               QStringLiteral("-keyout"), path(name + QStringLiteral(".key")),
-                               QStringLiteral("-out"), path(name + QStringLiteral(".pem"))}
+        tool.start(u"openssl"_s,
+                   QStringList{u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s,
+                               u"-pkeyopt"_s, u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s,
+                               u"-days"_s, u"2"_s, u"-subj"_s, u"/CN="_s + name,
+                               u"-keyout"_s, path(name + u".key"_s),
+                               u"-out"_s, path(name + u".pem"_s)}
                        + further);
         QVERIFY2(tool.waitForFinished() && tool.exitCode() == 0, tool.readAllStandardError().constData());
     };
-    make(QStringLiteral("ours"), {});
-    make(QStringLiteral("others"), {});
+    make(u"ours"_s, {});
+    make(u"others"_s, {});
     const auto makeServer = [&](const QString &name, const QString &names) {
-        make(name, {QStringLiteral("-CA"), path(QStringLiteral("ours.pem")), QStringLiteral("-CAkey"), path(QStringLiteral("ours.key")), QStringLiteral("-addext"), QStringLiteral("subjectAltName=") + names, QStringLiteral("-addext"), QStringLiteral("basicConstraints=critical,CA:FALSE")});
+        make(name, {u"-CA"_s, path(u"ours.pem"_s), u"-CAkey"_s, path(u"ours.key"_s), u"-addext"_s, u"subjectAltName="_s + names, u"-addext"_s, u"basicConstraints=critical,CA:FALSE"_s});
     };
-    makeServer(QStringLiteral("localhost"), QStringLiteral("DNS:localhost,IP:127.0.0.1"));
-    makeServer(QStringLiteral("books.example"), QStringLiteral("DNS:books.example"));
+    makeServer(u"localhost"_s, u"DNS:localhost,IP:127.0.0.1"_s);
+    makeServer(u"books.example"_s, u"DNS:books.example"_s);
 }
 
 void TestOfficeServer::serverIsTakenByItsCertificate_data()
@@ -203,13 +205,13 @@ void TestOfficeServer::serverIsTakenByItsCertificate_data()
     QTest::addColumn<QString>("host");
     QTest::addColumn<QString>("authority"); // whom we ask; empty: the system's
     QTest::addColumn<bool>("taken");
-    const QString localhost = QStringLiteral("localhost");
-    const QString ours = QStringLiteral("ours");
+    const QString localhost = u"localhost"_s;
+    const QString ours = u"ours"_s;
     QTest::newRow("the named authority vouches for it") << localhost << localhost << ours << true;
-    QTest::newRow("by its address") << localhost << QStringLiteral("127.0.0.1") << ours << true;
-    QTest::newRow("another authority is asked") << localhost << localhost << QStringLiteral("others") << false;
+    QTest::newRow("by its address") << localhost << u"127.0.0.1"_s << ours << true;
+    QTest::newRow("another authority is asked") << localhost << localhost << u"others"_s << false;
     QTest::newRow("the system knows no such authority") << localhost << localhost << QString() << false;
-    QTest::newRow("it is another server of that authority") << QStringLiteral("books.example") << localhost << ours << false;
+    QTest::newRow("it is another server of that authority") << u"books.example"_s << localhost << ours << false;
 }
 
 void TestOfficeServer::serverIsTakenByItsCertificate()
@@ -220,12 +222,12 @@ void TestOfficeServer::serverIsTakenByItsCertificate()
     QFETCH(bool, taken);
     makeCertificates();
     stopServer();
-    startServer({QStringLiteral("--ssl-cert=") + path(certificate + QStringLiteral(".pem")),
-                 QStringLiteral("--ssl-key=") + path(certificate + QStringLiteral(".key"))});
-    HostOptions secure = options("gallery7", QStringLiteral("books"));
+    startServer({u"--ssl-cert="_s + path(certificate + u".pem"_s),
+                 u"--ssl-key="_s + path(certificate + u".key"_s)});
+    HostOptions secure = options("gallery7", u"books"_s);
     secure.host = host;
     secure.tls = true;
-    secure.caFile = authority.isEmpty() ? QString() : path(authority + QStringLiteral(".pem"));
+    secure.caFile = authority.isEmpty() ? QString() : path(authority + u".pem"_s);
     QCOMPARE(OfficeServer::connect(secure, nullptr), taken);
     QCOMPARE(g_pDlgWarning->takeShown().size(), taken ? 0 : 1);
     if (taken) {
@@ -274,13 +276,13 @@ void TestOfficeServer::aFileThatOthersReadIsRefused()
 void TestOfficeServer::aFileThatIsNotThereIsTold()
 {
     QString error;
-    QVERIFY(!OfficeServer::readPassword(QStringLiteral("/nowhere/word"), &error));
-    QVERIFY(error.contains(QStringLiteral("/nowhere/word")));
+    QVERIFY(!OfficeServer::readPassword(u"/nowhere/word"_s, &error));
+    QVERIFY(error.contains(u"/nowhere/word"_s));
 }
 
 void TestOfficeServer::aServerThatIsNotThereIsToldOnce()
 {
-    HostOptions nowhere = options("gallery7", QStringLiteral("books"));
+    HostOptions nowhere = options("gallery7", u"books"_s);
     nowhere.port = 1;
     QVERIFY(!OfficeServer::connect(nowhere, nullptr));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);

@@ -12,6 +12,8 @@
 
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 // A fresh office: the suite's tables, an administrator who is logged in, a second user without rights, settings of its own,
 // and messages answered in advance.
 struct TestOffice
@@ -23,11 +25,11 @@ struct TestOffice
 
     TestOffice()
     {
-        setSettingsFile(folder.filePath(QStringLiteral("settings.ini")));
+        setSettingsFile(folder.filePath(u"settings.ini"_s));
         SuiteSchema::upgrade();
         CTblUsers::setHashCost(CTblUsers::leastCost());
-        admin = CTblUsers::create(QStringLiteral("admin"), QStringLiteral("secret"), QStringLiteral("مدیر"), true);
-        clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("secret"), QString(), false);
+        admin = CTblUsers::create(u"admin"_s, u"secret"_s, u"مدیر"_s, true);
+        clerk = CTblUsers::create(u"clerk"_s, u"secret"_s, QString(), false);
         GetDBSetting()->Login(admin);
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
             dialog->answerAll(true);
@@ -36,7 +38,7 @@ struct TestOffice
     // Key of a new person with that shown name.
     int addPerson(const QString &name)
     {
-        database.run(QStringLiteral("INSERT INTO Persons(sName2) VALUES('%1')").arg(name));
-        return database.value(QStringLiteral("SELECT MAX(iID) FROM Persons")).toInt();
+        database.run(u"INSERT INTO Persons(sName2) VALUES('%1')"_s.arg(name));
+        return database.value(u"SELECT MAX(iID) FROM Persons"_s).toInt();
     }
 };

@@ -15,17 +15,19 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 // An office of a test's own: the suite's tables, settings in a folder that goes away, an administrator at work.
 class Office
 {
 public:
     Office()
     {
-        setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+        setSettingsFile(m_folder.filePath(u"settings.ini"_s));
         SuiteSchema::upgrade();
         CTblUsers::setHashCost(CTblUsers::leastCost());
-        m_admin = CTblUsers::create(QStringLiteral("admin"), QStringLiteral("secret"), QStringLiteral("مدیر"), true);
-        m_clerk = CTblUsers::create(QStringLiteral("clerk"), QStringLiteral("secret"), QStringLiteral("کارمند"), false);
+        m_admin = CTblUsers::create(u"admin"_s, u"secret"_s, u"مدیر"_s, true);
+        m_clerk = CTblUsers::create(u"clerk"_s, u"secret"_s, u"کارمند"_s, false);
         loginAdmin();
     }
 
@@ -35,7 +37,7 @@ public:
 
     void reset()
     {
-        db.run(QStringLiteral("DELETE FROM Persons"));
+        db.run(u"DELETE FROM Persons"_s);
         GetDBSetting()->SetClosedDB(false);
         loginAdmin();
         g_pDlgWarning->answerAll(false);

@@ -10,6 +10,8 @@
 
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 // A small table with a column of every kind, for the tests of the record-set base.
 class SampleRecord : public KMySQL, public KLiveCount<SampleRecord>
 {
@@ -25,7 +27,7 @@ public:
     KLongBinary m_oPicture;
     qint32 m_iUserID = 0;
 
-    QString GetTableName() const override { return QStringLiteral("Samples"); }
+    QString GetTableName() const override { return u"Samples"_s; }
 
     static void createTable()
     {

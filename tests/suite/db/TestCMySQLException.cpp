@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using Category = CMySQLException::Category;
 
 class TestCMySQLException : public QObject
@@ -58,11 +60,11 @@ private Q_SLOTS:
                                   Category::BadCharacter, Category::BadStatement, Category::AlreadySo, Category::DiskFull,
                                   Category::NoCurrentRow, Category::Other};
         for (const Category category : all) {
-            const QString sentence = CMySQLException(category, 0, QStringLiteral("server's words"), QStringLiteral("SELECT 'secret'")).userMessage();
+            const QString sentence = CMySQLException(category, 0, u"server's words"_s, u"SELECT 'secret'"_s).userMessage();
             QVERIFY(sentence.endsWith(u'.'));
             QVERIFY(sentence.at(0).script() == QChar::Script_Arabic);
-            QVERIFY(!sentence.contains(QStringLiteral("secret")));
-            QVERIFY(!sentence.contains(QStringLiteral("words")));
+            QVERIFY(!sentence.contains(u"secret"_s));
+            QVERIFY(!sentence.contains(u"words"_s));
             sentences.insert(sentence);
         }
         QCOMPARE(sentences.size(), all.size());
@@ -74,17 +76,17 @@ private Q_SLOTS:
             CMySQLException error(category, 0, QString());
             const QString unnamed = error.userMessage();
             QVERIFY(!unnamed.contains(u'«'));
-            error.setColumnCaption(QStringLiteral("شماره پلاک "));
-            QVERIFY(error.userMessage().contains(QStringLiteral("«شماره پلاک»")));
+            error.setColumnCaption(u"شماره پلاک "_s);
+            QVERIFY(error.userMessage().contains(u"«شماره پلاک»"_s));
         }
     }
 
     void keepsWhatTheLogNeeds()
     {
-        const CMySQLException error(Category::DuplicateKey, 1062, QStringLiteral("Duplicate entry"), QStringLiteral("INSERT"));
-        QCOMPARE(error.GetErrorMessage(), QStringLiteral("Duplicate entry"));
+        const CMySQLException error(Category::DuplicateKey, 1062, u"Duplicate entry"_s, u"INSERT"_s);
+        QCOMPARE(error.GetErrorMessage(), u"Duplicate entry"_s);
         QCOMPARE(error.serverCode(), 1062U);
-        QCOMPARE(error.statement(), QStringLiteral("INSERT"));
+        QCOMPARE(error.statement(), u"INSERT"_s);
         QCOMPARE(QByteArray(error.what()), QByteArray("Duplicate entry"));
     }
 };

@@ -15,6 +15,8 @@
 #include <mysql.h>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 class TestKConnection : public QObject
 {
     Q_OBJECT
@@ -27,7 +29,7 @@ private Q_SLOTS:
 
     void lostConnectionEndsTheOperationAndTheNextOneConnectsAnew()
     {
-        addSample(QStringLiteral("a"));
+        addSample(u"a"_s);
         killConnection(connectionId());
         SampleRecord record;
         QCOMPARE(raisedCategory([&] { record.Open(false, true, true); }), Category::ConnectionLost);
@@ -37,7 +39,7 @@ private Q_SLOTS:
 
     void secondStatementAfterASemicolonIsNeverRun()
     {
-        addSample(QStringLiteral("a"));
+        addSample(u"a"_s);
         CTblTemp temp;
         temp.Open(false, false, true);
         QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT 1; DELETE FROM Samples", true, true); }), Category::BadStatement);
@@ -72,10 +74,10 @@ private Q_SLOTS:
         CTblTemp temp;
         temp.Open(false, false, true);
         temp.ExecuteQuery("SELECT @@SESSION.sql_mode,@@SESSION.character_set_client,@@SESSION.character_set_results", true, true);
-        QVERIFY(temp.GetTextFieldValue(0).contains(QStringLiteral("STRICT_TRANS_TABLES")));
-        QVERIFY(!temp.GetTextFieldValue(0).contains(QStringLiteral("ONLY_FULL_GROUP_BY")));
-        QCOMPARE(temp.GetTextFieldValue(1), QStringLiteral("utf8mb4"));
-        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
+        QVERIFY(temp.GetTextFieldValue(0).contains(u"STRICT_TRANS_TABLES"_s));
+        QVERIFY(!temp.GetTextFieldValue(0).contains(u"ONLY_FULL_GROUP_BY"_s));
+        QCOMPARE(temp.GetTextFieldValue(1), u"utf8mb4"_s);
+        QCOMPARE(temp.GetTextFieldValue(2), u"utf8mb4"_s);
     }
 
     void sessionJoinsWithoutABufferWhereTheServerHasOne()
@@ -90,14 +92,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << QString();
-        QTest::newRow("quotes") << QStringLiteral(R"('a' "b" `c`)");
-        QTest::newRow("backslashes") << QStringLiteral(R"(\ \\ \n \')");
-        QTest::newRow("line ends") << QStringLiteral("a\r\nb\n");
-        QTest::newRow("a zero and the end of file") << QStringLiteral("a") + QChar(0) + QStringLiteral("b") + QChar(26);
-        QTest::newRow("percent and underscore") << QStringLiteral("50% _");
-        QTest::newRow("a condition") << QStringLiteral("' OR '1'='1");
-        QTest::newRow("persian") << QStringLiteral("پژو ۲۰۶، «صندوق‌دار»");
-        QTest::newRow("above the basic plane") << QStringLiteral("خودرو 🚗");
+        QTest::newRow("quotes") << uR"('a' "b" `c`)"_s;
+        QTest::newRow("backslashes") << uR"(\ \\ \n \')"_s;
+        QTest::newRow("line ends") << u"a\r\nb\n"_s;
+        QTest::newRow("a zero and the end of file") << u"a"_s + QChar(0) + u"b"_s + QChar(26);
+        QTest::newRow("percent and underscore") << u"50% _"_s;
+        QTest::newRow("a condition") << u"' OR '1'='1"_s;
+        QTest::newRow("persian") << u"پژو ۲۰۶، «صندوق‌دار»"_s;
+        QTest::newRow("above the basic plane") << u"خودرو 🚗"_s;
     }
 
     void quotedTextComesBackAsItWas()
@@ -106,14 +108,14 @@ private Q_SLOTS:
         const KConnection &connection = KConnection::forThread();
         CTblTemp temp;
         temp.Open(false, false, true);
-        temp.ExecuteQuery(QStringLiteral("SELECT ") + QString::fromUtf8(connection.quoted(text)));
+        temp.ExecuteQuery(u"SELECT "_s + QString::fromUtf8(connection.quoted(text)));
         QCOMPARE(temp.GetTextFieldValue(0), text);
     }
 
     void quotingNeedsNoServer()
     {
         const KConnection nowhere({});
-        QCOMPARE(nowhere.quoted(QStringLiteral("a'b\\")), QByteArray(R"('a\'b\\')"));
+        QCOMPARE(nowhere.quoted(u"a'b\\"_s), QByteArray(R"('a\'b\\')"));
     }
 
     void connectionThatStoodIdleIsAskedBeforeAPersonsOperation_data()
@@ -168,10 +170,10 @@ private Q_SLOTS:
     {
         CTblTemp temp;
         temp.Open(false, false, true);
-        temp.ExecuteQuery(QStringLiteral("SELECT CHAR_LENGTH('پژو 🚗'),LENGTH('پژو 🚗'),CHARSET('پژو')"));
+        temp.ExecuteQuery(u"SELECT CHAR_LENGTH('پژو 🚗'),LENGTH('پژو 🚗'),CHARSET('پژو')"_s);
         QCOMPARE(temp.GetLongFieldValue(0), 5);
         QCOMPARE(temp.GetLongFieldValue(1), 11);
-        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("utf8mb4"));
+        QCOMPARE(temp.GetTextFieldValue(2), u"utf8mb4"_s);
     }
 
     void whatAColumnCannotHoldIsRefusedAndNeverCut_data()
@@ -179,7 +181,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("statement");
         QTest::addColumn<int>("category");
         const auto row = [](const char *name, const char *values, Category category) {
-            QTest::newRow(name) << QStringLiteral("INSERT INTO Samples(%1)").arg(QString::fromUtf8(values)) << int(category);
+            QTest::newRow(name) << u"INSERT INTO Samples(%1)"_s.arg(QString::fromUtf8(values)) << int(category);
         };
         row("text of eleven letters", "sName) VALUES('12345678901'", Category::ValueTooLong);
         row("flag above a byte", "bFlag) VALUES(300", Category::ValueTooLong);
@@ -196,7 +198,7 @@ private Q_SLOTS:
         CTblTemp temp;
         temp.Open(false, false, true);
         QCOMPARE(raisedCategory([&] { temp.ExecuteQuery(statement); }), Category(category));
-        QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Samples")), QStringLiteral("0"));
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Samples"_s), u"0"_s);
     }
 
     void engineThatTheServerLacksIsAnError()
@@ -208,11 +210,11 @@ private Q_SLOTS:
 
     void columnOutsideTheGroupMayBeSelected()
     {
-        addSample(QStringLiteral("a"), 3);
+        addSample(u"a"_s, 3);
         CTblTemp temp;
         temp.Open(false, false, true);
         QCOMPARE(temp.ExecuteQuery("SELECT sName,MAX(dAmount) FROM Samples GROUP BY bFlag", true, true), 1);
-        QCOMPARE(temp.GetTextFieldValue(0), QStringLiteral("a"));
+        QCOMPARE(temp.GetTextFieldValue(0), u"a"_s);
     }
 
     void databaseWithoutSettingsIsAClearError()
@@ -224,7 +226,7 @@ private Q_SLOTS:
     void serverThatIsNotThereIsALostConnection()
     {
         KConnectionSettings settings = m_database.settings();
-        settings.socketPath += QStringLiteral(".gone");
+        settings.socketPath += u".gone"_s;
         KConnection::configure(0, settings);
         QCOMPARE(raisedCategory([] { connectionId(); }), Category::ConnectionLost);
         KConnection::configure(0, m_database.settings());

@@ -15,6 +15,8 @@
 #include <mysql.h>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList observed(const std::function<void()> &work)
@@ -45,7 +47,7 @@ private Q_SLOTS:
         SampleRecord record;
         record.Open(true, false, true);
         record.AddNew();
-        record.m_sName = QStringLiteral("پژو 'O\\x");
+        record.m_sName = u"پژو 'O\\x"_s;
         record.m_date = someDate;
         record.m_dAmount = 12345678901.123;
         record.m_bFlag = 1;
@@ -55,7 +57,7 @@ private Q_SLOTS:
         QVERIFY(record.GetLastInsertedID() > 0);
 
         SampleRecord again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID()), 0, QString()));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(record.GetLastInsertedID()), 0, QString()));
         QCOMPARE(again.m_sName, record.m_sName);
         QCOMPARE(again.m_date, someDate);
         QCOMPARE(again.m_dAmount, 12345678901.123);
@@ -66,9 +68,9 @@ private Q_SLOTS:
 
     void nullAndTheEmptyDateAreOneThingInBothDirections()
     {
-        const qint32 key = addSample(QStringLiteral("a"));
+        const qint32 key = addSample(u"a"_s);
         SampleRecord record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(record.IsRecordExist(u"iID"_s, key));
         QVERIFY(!record.m_date.isValid());
         record.Edit();
         record.m_date = someDate;
@@ -89,9 +91,9 @@ private Q_SLOTS:
         temp.ExecuteQuery("INSERT INTO Samples(sName,sNote,date,dAmount,bFlag,oPicture,iUserID) VALUES(NULL,NULL,NULL,NULL,NULL,NULL,NULL)",
                           true, true);
         // What an earlier row left in the members must not show through.
-        addSample(QStringLiteral("full"), 9);
+        addSample(u"full"_s, 9);
         SampleRecord record;
-        record.m_sort = QStringLiteral("iID DESC");
+        record.m_sort = u"iID DESC"_s;
         record.Open(true, true, true);
         QCOMPARE(record.m_dAmount, 9.0);
         record.m_oPicture.data = QByteArray("x");
@@ -110,7 +112,7 @@ private Q_SLOTS:
         SampleRecord record;
         record.Open(true, false, true);
         record.AddNew();
-        record.m_sNote = QStringLiteral("متن");
+        record.m_sNote = u"متن"_s;
         record.m_oPicture.data = QByteArray("picture");
         record.Update(true);
         record.Edit();
@@ -118,7 +120,7 @@ private Q_SLOTS:
         record.m_oPicture.data.clear();
         record.Update(true);
         SampleRecord again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID())));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(record.GetLastInsertedID())));
         QVERIFY(again.m_sNote.isEmpty());
         QVERIFY(again.m_oPicture.isEmpty());
     }
@@ -139,10 +141,10 @@ private Q_SLOTS:
     void rowsComeFilteredSortedAndLimited()
     {
         for (int i = 1; i <= 5; ++i)
-            addSample(QStringLiteral("n%1").arg(i), i);
+            addSample(u"n%1"_s.arg(i), i);
         SampleRecord record;
-        record.m_filter = QStringLiteral("dAmount>1");
-        record.m_sort = QStringLiteral("dAmount DESC");
+        record.m_filter = u"dAmount>1"_s;
+        record.m_sort = u"dAmount DESC"_s;
         record.SetLimit(3);
         QVERIFY(record.Open(true, true, true));
         QCOMPARE(record.GetRecordsCount(), 3);
@@ -163,10 +165,10 @@ private Q_SLOTS:
 
     void keyThatIsNotThereLeavesTheMembersAsConstructed()
     {
-        const qint32 key = addSample(QStringLiteral("a"), 4);
+        const qint32 key = addSample(u"a"_s, 4);
         SampleRecord record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), key));
-        QVERIFY(!record.IsRecordExist(QStringLiteral("iID"), key + 100));
+        QVERIFY(record.IsRecordExist(u"iID"_s, key));
+        QVERIFY(!record.IsRecordExist(u"iID"_s, key + 100));
         QCOMPARE(record.m_iID, 0);
         QCOMPARE(record.m_dAmount, 0.0);
         QVERIFY(record.m_sName.isEmpty());
@@ -175,69 +177,69 @@ private Q_SLOTS:
 
     void updateWritesOnlyTheColumnsThatChanged()
     {
-        const qint32 key = addSample(QStringLiteral("a"), 4);
+        const qint32 key = addSample(u"a"_s, 4);
         SampleRecord record;
-        QVERIFY(record.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(record.IsRecordExist(u"iID"_s, key));
         record.Edit();
         record.m_dAmount = 5.5;
         const QStringList statements = observed([&] { record.Update(true); });
-        QCOMPARE(statements, QStringList{QStringLiteral("UPDATE Samples SET dAmount=5.5 WHERE iID=%1 LIMIT 1").arg(key)});
+        QCOMPARE(statements, QStringList{u"UPDATE Samples SET dAmount=5.5 WHERE iID=%1 LIMIT 1"_s.arg(key)});
         record.Edit();
         QVERIFY(observed([&] { record.Update(true); }).isEmpty());
     }
 
     void changeOfTheSameRowByTwoUsersKeepsBothColumns()
     {
-        const qint32 key = addSample(QStringLiteral("a"), 4);
+        const qint32 key = addSample(u"a"_s, 4);
         SampleRecord one;
         SampleRecord other;
-        one.IsRecordExist(QStringLiteral("iID"), key);
-        other.IsRecordExist(QStringLiteral("iID"), key);
+        one.IsRecordExist(u"iID"_s, key);
+        other.IsRecordExist(u"iID"_s, key);
         one.Edit();
         one.m_dAmount = 9;
         other.Edit();
-        other.m_sNote = QStringLiteral("یاد");
+        other.m_sNote = u"یاد"_s;
         one.Update(true);
         other.Update(true);
         SampleRecord seen;
-        seen.IsRecordExist(QStringLiteral("iID"), key);
+        seen.IsRecordExist(u"iID"_s, key);
         QCOMPARE(seen.m_dAmount, 9.0);
-        QCOMPARE(seen.m_sNote, QStringLiteral("یاد"));
+        QCOMPARE(seen.m_sNote, u"یاد"_s);
     }
 
     void columnSubsetFetchesThoseColumnsAndTheKey()
     {
-        addSample(QStringLiteral("a"), 4);
+        addSample(u"a"_s, 4);
         SampleRecord record;
-        record.SetColumns({QStringLiteral("dAmount")});
+        record.SetColumns({u"dAmount"_s});
         const QStringList statements = observed([&] { record.Open(true, true, true); });
-        QCOMPARE(statements, QStringList{QStringLiteral("SELECT iID,dAmount FROM Samples")});
+        QCOMPARE(statements, QStringList{u"SELECT iID,dAmount FROM Samples"_s});
         QCOMPARE(record.m_dAmount, 4.0);
         QVERIFY(record.m_sName.isEmpty());
         record.Edit();
         record.m_dAmount = 6;
         record.Update(true);
         SampleRecord whole;
-        whole.IsRecordExist(QStringLiteral("iID"), record.m_iID);
-        QCOMPARE(whole.m_sName, QStringLiteral("a"));
+        whole.IsRecordExist(u"iID"_s, record.m_iID);
+        QCOMPARE(whole.m_sName, u"a"_s);
         QCOMPARE(whole.m_dAmount, 6.0);
     }
 
     void cancelUpdateBringsTheMembersBack()
     {
-        const qint32 key = addSample(QStringLiteral("a"), 4);
+        const qint32 key = addSample(u"a"_s, 4);
         SampleRecord record;
-        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.IsRecordExist(u"iID"_s, key);
         record.Edit();
         record.m_dAmount = 77;
         record.CancelUpdate();
         QCOMPARE(record.m_dAmount, 4.0);
         record.AddNew();
         QCOMPARE(record.m_dAmount, 0.0);
-        record.m_sName = QStringLiteral("b");
+        record.m_sName = u"b"_s;
         record.CancelUpdate();
         QCOMPARE(record.m_iID, key);
-        QCOMPARE(record.m_sName, QStringLiteral("a"));
+        QCOMPARE(record.m_sName, u"a"_s);
     }
 
     void operationsWithoutARowAreAClearError()
@@ -257,24 +259,24 @@ private Q_SLOTS:
 
     void deletedRowIsGoneAndTheSetGoesOn()
     {
-        addSample(QStringLiteral("a"), 1);
-        addSample(QStringLiteral("b"), 2);
+        addSample(u"a"_s, 1);
+        addSample(u"b"_s, 2);
         SampleRecord record;
-        record.m_sort = QStringLiteral("iID");
+        record.m_sort = u"iID"_s;
         record.Open(true, true, true);
         QVERIFY(record.Delete());
         QCOMPARE(raisedCategory([&] { record.Edit(); }), Category::NoCurrentRow);
         QVERIFY(record.MoveNext());
-        QCOMPARE(record.m_sName, QStringLiteral("b"));
+        QCOMPARE(record.m_sName, u"b"_s);
         record.Requery();
         QCOMPARE(record.GetRecordsCount(), 1);
     }
 
     void deletingARowThatSomebodyElseDeletedFirstIsDone()
     {
-        const qint32 key = addSample(QStringLiteral("a"));
+        const qint32 key = addSample(u"a"_s);
         SampleRecord record;
-        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.IsRecordExist(u"iID"_s, key);
         CTblTemp temp;
         temp.Open(true, false, true);
         QCOMPARE(temp.FormatAndExecuteQuery("DELETE FROM Samples WHERE iID=%d LIMIT 1", key), 1);
@@ -283,16 +285,16 @@ private Q_SLOTS:
 
     void updatingARowThatVanishedIsAnErrorAndKeepsWhatWasTyped()
     {
-        const qint32 key = addSample(QStringLiteral("a"));
+        const qint32 key = addSample(u"a"_s);
         SampleRecord record;
-        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.IsRecordExist(u"iID"_s, key);
         CTblTemp temp;
         temp.Open(true, false, true);
         temp.FormatAndExecuteQuery("DELETE FROM Samples WHERE iID=%d", key);
         record.Edit();
-        record.m_sNote = QStringLiteral("متن");
+        record.m_sNote = u"متن"_s;
         QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::NoCurrentRow);
-        QCOMPARE(record.m_sNote, QStringLiteral("متن"));
+        QCOMPARE(record.m_sNote, u"متن"_s);
     }
 
     void textLongerThanItsColumnIsRefusedWithTheCaption_data()
@@ -312,17 +314,17 @@ private Q_SLOTS:
         record.Open(true, false, true);
         record.AddNew();
         record.m_sName = text;
-        record.m_sNote = QStringLiteral("می‌ماند");
+        record.m_sNote = u"می‌ماند"_s;
         QString caption;
         const auto category = raisedCategory([&] { record.Update(true); }, &caption);
         QCOMPARE(category.has_value(), !accepted);
         if (accepted)
             return;
         QCOMPARE(*category, Category::ValueTooLong);
-        QCOMPARE(caption, QStringLiteral("نام"));
+        QCOMPARE(caption, u"نام"_s);
         QCOMPARE(record.m_sName, text);
-        QCOMPARE(record.m_sNote, QStringLiteral("می‌ماند"));
-        record.m_sName = QStringLiteral("کوتاه");
+        QCOMPARE(record.m_sNote, u"می‌ماند"_s);
+        record.m_sName = u"کوتاه"_s;
         QVERIFY(record.Update(true));
     }
 
@@ -331,27 +333,27 @@ private Q_SLOTS:
         SampleRecord record;
         record.Open(true, false, true);
         record.AddNew();
-        record.m_sNote = QStringLiteral("خودرو 🚗");
+        record.m_sNote = u"خودرو 🚗"_s;
         QString caption;
         QString message;
         QCOMPARE(raisedCategory([&] { record.Update(true); }, &caption, &message), Category::BadCharacter);
-        QCOMPARE(caption, QStringLiteral("یادداشت"));
+        QCOMPARE(caption, u"یادداشت"_s);
         QVERIFY(message.contains(caption));
-        QCOMPARE(record.m_sNote, QStringLiteral("خودرو 🚗"));
+        QCOMPARE(record.m_sNote, u"خودرو 🚗"_s);
     }
 
     void duplicateKeyHasItsCategoryAndKeepsTheMembers()
     {
-        addSample(QStringLiteral("a"));
+        addSample(u"a"_s);
         SampleRecord record;
         record.Open(true, false, true);
         record.AddNew();
-        record.m_sName = QStringLiteral("a");
+        record.m_sName = u"a"_s;
         record.m_dAmount = 3;
         QCOMPARE(raisedCategory([&] { record.Update(true); }), Category::DuplicateKey);
         QCOMPARE(record.m_dAmount, 3.0);
         QVERIFY(!record.Update(false));
-        record.m_sName = QStringLiteral("b");
+        record.m_sName = u"b"_s;
         QVERIFY(record.Update(true));
     }
 
@@ -362,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELEKT 1", true, true); }), Category::BadStatement);
         QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT nothing FROM Samples", true, true); }), Category::BadStatement);
         SampleRecord record;
-        record.m_filter = QStringLiteral("noColumn=1");
+        record.m_filter = u"noColumn=1"_s;
         QVERIFY(!record.Open(true, true, false));
     }
 
@@ -381,10 +383,10 @@ private Q_SLOTS:
     {
         CTblTemp temp;
         temp.Open(false, false, true);
-        temp.ExecuteQuery(QStringLiteral("SELECT 42,2.5,'متن',NULL,'2026-11-20 10:11:12' UNION ALL SELECT 43,0,'',0,NULL"), true);
+        temp.ExecuteQuery(u"SELECT 42,2.5,'متن',NULL,'2026-11-20 10:11:12' UNION ALL SELECT 43,0,'',0,NULL"_s, true);
         QCOMPARE(temp.GetLongFieldValue(0), 42);
         QCOMPARE(temp.GetDoubleFieldValue(1), 2.5);
-        QCOMPARE(temp.GetTextFieldValue(2), QStringLiteral("متن"));
+        QCOMPARE(temp.GetTextFieldValue(2), u"متن"_s);
         QCOMPARE(temp.GetLongFieldValue(3), 0);
         QCOMPARE(temp.GetDateFieldValue(4), QDateTime(QDate(2026, 11, 20), QTime(10, 11, 12), Qt::UTC));
         QCOMPARE(temp.GetLongFieldValue(99), 0);
@@ -409,10 +411,10 @@ private Q_SLOTS:
         QCOMPARE(record.columns().size(), size_t(8));
         const KMySQL::Column *user = record.column(u"iUserID");
         QVERIFY(user);
-        QCOMPARE(user->caption, QStringLiteral("کاربر"));
-        QCOMPARE(user->lookupTable, QStringLiteral("Users"));
-        QCOMPARE(user->lookupKey, QStringLiteral("iID"));
-        QCOMPARE(user->lookupDisplay, QStringLiteral("sUser"));
+        QCOMPARE(user->caption, u"کاربر"_s);
+        QCOMPARE(user->lookupTable, u"Users"_s);
+        QCOMPARE(user->lookupKey, u"iID"_s);
+        QCOMPARE(user->lookupDisplay, u"sUser"_s);
         QVERIFY(!record.column(u"iuserid"));
         QCOMPARE(record.textLength(u"sName"), 10);
         QCOMPARE(record.textLength(u"dAmount"), 0);
@@ -434,39 +436,39 @@ private Q_SLOTS:
 
     void namesOfManyKeysTakeOneStatement()
     {
-        const int a = addSample(QStringLiteral("a"));
-        const int b = addSample(QStringLiteral("b"));
-        const KLookup::Source source{QStringLiteral("Samples"), QStringLiteral("iID"), QStringLiteral("sName")};
+        const int a = addSample(u"a"_s);
+        const int b = addSample(u"b"_s);
+        const KLookup::Source source{u"Samples"_s, u"iID"_s, u"sName"_s};
         QHash<int, QString> names;
         const QStringList statements = observed([&] {
             names = KLookup::names(source, {b, a, b, 0, 999});
         });
         QCOMPARE(statements.size(), 1);
-        QCOMPARE(names, (QHash<int, QString>{{a, QStringLiteral("a")}, {b, QStringLiteral("b")}}));
+        QCOMPARE(names, (QHash<int, QString>{{a, u"a"_s}, {b, u"b"_s}}));
         QVERIFY(observed([&] { KLookup::names(source, {0}); }).isEmpty());
     }
 
     void namesBehindAColumnComeFromItsDeclaration()
     {
-        const int a = addSample(QStringLiteral("a"));
+        const int a = addSample(u"a"_s);
         SampleRecord record;
-        QCOMPARE(record.nameSource(u"iUserID").table, QStringLiteral("Users"));
-        QCOMPARE(record.nameSource(u"iUserID").display, QStringLiteral("sUser"));
+        QCOMPARE(record.nameSource(u"iUserID").table, u"Users"_s);
+        QCOMPARE(record.nameSource(u"iUserID").display, u"sUser"_s);
         QVERIFY(record.nameSource(u"sName").table.isEmpty());
         QVERIFY(record.nameSource(u"unknown").table.isEmpty());
         // Said beside the binding, which itself offers no lookup.
         QVERIFY(record.column(u"bFlag")->lookupTable.isEmpty());
         const QStringList statements = observed([&] {
-            QCOMPARE(KLookup::names(record, u"bFlag", {a, 0, 999}), (QHash<int, QString>{{a, QStringLiteral("a")}}));
-            QCOMPARE(KLookup::names<SampleRecord>(u"bFlag", {a}), (QHash<int, QString>{{a, QStringLiteral("a")}}));
-            QCOMPARE(KLookup::name(record, u"bFlag", a), QStringLiteral("a"));
+            QCOMPARE(KLookup::names(record, u"bFlag", {a, 0, 999}), (QHash<int, QString>{{a, u"a"_s}}));
+            QCOMPARE(KLookup::names<SampleRecord>(u"bFlag", {a}), (QHash<int, QString>{{a, u"a"_s}}));
+            QCOMPARE(KLookup::name(record, u"bFlag", a), u"a"_s);
             QCOMPARE(KLookup::name<SampleRecord>(u"bFlag", 999), QString());
             QCOMPARE(KLookup::name(record, u"bFlag"), QString());
             record.m_bFlag = a;
-            QCOMPARE(KLookup::name(record, u"bFlag"), QStringLiteral("a"));
+            QCOMPARE(KLookup::name(record, u"bFlag"), u"a"_s);
         });
-        const QString one = QStringLiteral("SELECT iID,sName FROM Samples WHERE iID IN (%1)");
-        QCOMPARE(statements, (QStringList{one.arg(QStringLiteral("%1,999").arg(a)), one.arg(a), one.arg(a), one.arg(999), one.arg(a)}));
+        const QString one = u"SELECT iID,sName FROM Samples WHERE iID IN (%1)"_s;
+        QCOMPARE(statements, (QStringList{one.arg(u"%1,999"_s.arg(a)), one.arg(a), one.arg(a), one.arg(999), one.arg(a)}));
     }
 
     void valueOutOfItsColumnsRangeIsRefusedWithTheCaption_data()
@@ -474,14 +476,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("column");
         QTest::addColumn<QVariant>("value");
         QTest::addColumn<QString>("caption");
-        QTest::newRow("flag above a byte") << QStringLiteral("bFlag") << QVariant(300) << QStringLiteral("پرچم");
-        QTest::newRow("flag below a byte") << QStringLiteral("bFlag") << QVariant(-129) << QStringLiteral("پرچم");
-        QTest::newRow("year of five digits") << QStringLiteral("date") << QVariant(QDateTime(QDate(10000, 1, 1), QTime(0, 0), Qt::UTC))
-                                             << QStringLiteral("تاريخ");
-        QTest::newRow("year before the first") << QStringLiteral("date") << QVariant(QDateTime(QDate(-5, 1, 1), QTime(0, 0), Qt::UTC))
-                                               << QStringLiteral("تاريخ");
-        QTest::newRow("no number") << QStringLiteral("dAmount") << QVariant(std::numeric_limits<double>::quiet_NaN())
-                                   << QStringLiteral("مبلغ");
+        QTest::newRow("flag above a byte") << u"bFlag"_s << QVariant(300) << u"پرچم"_s;
+        QTest::newRow("flag below a byte") << u"bFlag"_s << QVariant(-129) << u"پرچم"_s;
+        QTest::newRow("year of five digits") << u"date"_s << QVariant(QDateTime(QDate(10000, 1, 1), QTime(0, 0), Qt::UTC))
+                                             << u"تاريخ"_s;
+        QTest::newRow("year before the first") << u"date"_s << QVariant(QDateTime(QDate(-5, 1, 1), QTime(0, 0), Qt::UTC))
+                                               << u"تاريخ"_s;
+        QTest::newRow("no number") << u"dAmount"_s << QVariant(std::numeric_limits<double>::quiet_NaN())
+                                   << u"مبلغ"_s;
     }
 
     void valueOutOfItsColumnsRangeIsRefusedWithTheCaption()
@@ -489,16 +491,16 @@ private Q_SLOTS:
         QFETCH(QString, column);
         QFETCH(QVariant, value);
         QFETCH(QString, caption);
-        const qint32 key = addSample(QStringLiteral("a"), 4);
+        const qint32 key = addSample(u"a"_s, 4);
         SampleRecord record;
-        record.IsRecordExist(QStringLiteral("iID"), key);
+        record.IsRecordExist(u"iID"_s, key);
         record.Edit();
-        record.m_sNote = QStringLiteral("می‌ماند");
+        record.m_sNote = u"می‌ماند"_s;
         record.setValue(column, value);
         QString named;
         QCOMPARE(raisedCategory([&] { record.Update(true); }, &named), Category::ValueTooLong);
         QCOMPARE(named, caption);
-        QCOMPARE(record.m_sNote, QStringLiteral("می‌ماند"));
+        QCOMPARE(record.m_sNote, u"می‌ماند"_s);
         QVERIFY(record.isEditing());
         record.CancelUpdate();
         QCOMPARE(record.m_dAmount, 4.0);
@@ -515,7 +517,7 @@ private Q_SLOTS:
         record.m_date = QDateTime(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
         QVERIFY(record.Update(true));
         SampleRecord again;
-        QVERIFY(again.IsRecordExist(QStringLiteral("iID"), qint32(record.GetLastInsertedID())));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(record.GetLastInsertedID())));
         QCOMPARE(again.m_iUserID, std::numeric_limits<qint32>::min());
         QCOMPARE(again.m_bFlag, 127);
         QVERIFY(again.m_dAmount == std::numeric_limits<double>::max());
@@ -524,13 +526,13 @@ private Q_SLOTS:
 
     void formattedStatementTakesTextsNumbersAndPercentSigns()
     {
-        const qint32 key = addSample(QStringLiteral("پژو"), 2.5);
+        const qint32 key = addSample(u"پژو"_s, 2.5);
         CTblTemp temp;
         temp.Open(true, false, true);
         QCOMPARE(temp.FormatAndExecuteQuery("SELECT sName FROM Samples WHERE sName LIKE '%%%s%%' AND dAmount=%f AND iID=%d",
                                             "پژ", 2.5, key),
                  1);
-        QCOMPARE(temp.GetTextFieldValue(0), QStringLiteral("پژو"));
+        QCOMPARE(temp.GetTextFieldValue(0), u"پژو"_s);
     }
 
     void infiniteAmountIsRefused()

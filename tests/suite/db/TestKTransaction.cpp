@@ -17,6 +17,8 @@
 #include <stdexcept>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 class TestKTransaction : public QObject
 {
     Q_OBJECT
@@ -30,7 +32,7 @@ class TestKTransaction : public QObject
         statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=%d WHERE iID=%d", amount, key);
     }
 
-    int rows() { return m_database.value(QStringLiteral("SELECT COUNT(*) FROM Samples")).toInt(); }
+    int rows() { return m_database.value(u"SELECT COUNT(*) FROM Samples"_s).toInt(); }
 
     // What the conflicting side does: it holds one row, then asks for the other, until it is told to let go.
     struct Rival
@@ -73,10 +75,10 @@ private Q_SLOTS:
         const int id = connectionId();
         {
             KTransaction transaction;
-            addSample(QStringLiteral("first"));
+            addSample(u"first"_s);
             killConnection(id);
-            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("second")); }), Category::ConnectionLost);
-            QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("third")); }), Category::ConnectionLost);
+            QCOMPARE(raisedCategory([&] { addSample(u"second"_s); }), Category::ConnectionLost);
+            QCOMPARE(raisedCategory([&] { addSample(u"third"_s); }), Category::ConnectionLost);
             QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::ConnectionLost);
         }
         SampleRecord record;
@@ -86,7 +88,7 @@ private Q_SLOTS:
 
     void lockConflictHasItsCategory()
     {
-        const qint32 key = addSample(QStringLiteral("a"));
+        const qint32 key = addSample(u"a"_s);
         KTransaction holder;
         CTblTemp temp;
         temp.Open(false, false, true);
@@ -106,8 +108,8 @@ private Q_SLOTS:
     // The server itself rolls a deadlock's victim back, whole. What ran after it would be saved on its own.
     void deadlockEndsTheTransactionAlsoForWhoeverPassesOverIt()
     {
-        const qint32 mine = addSample(QStringLiteral("mine"));
-        const qint32 theirs = addSample(QStringLiteral("theirs"));
+        const qint32 mine = addSample(u"mine"_s);
+        const qint32 theirs = addSample(u"theirs"_s);
         KTransaction transaction;
         CTblTemp temp;
         temp.Open(false, false, true);
@@ -129,10 +131,10 @@ private Q_SLOTS:
             raisedCategory([&] { temp.FormatAndExecuteQuery("UPDATE Samples SET dAmount=1 WHERE iID=%d", theirs); });
         other.join();
         QCOMPARE(category, Category::LockConflict);
-        QCOMPARE(raisedCategory([&] { addSample(QStringLiteral("after")); }), Category::LockConflict);
+        QCOMPARE(raisedCategory([&] { addSample(u"after"_s); }), Category::LockConflict);
         QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::LockConflict);
         SampleRecord record;
-        record.m_filter = QStringLiteral("sName='after'");
+        record.m_filter = u"sName='after'"_s;
         std::thread([&] {
             record.Open(true, true, true);
             KConnection::closeThreadConnections();
@@ -144,27 +146,27 @@ private Q_SLOTS:
     {
         {
             KTransaction transaction;
-            addSample(QStringLiteral("a"));
+            addSample(u"a"_s);
         }
         {
             KTransaction transaction;
-            addSample(QStringLiteral("b"));
+            addSample(u"b"_s);
             transaction.commit();
         }
         SampleRecord record;
         record.Open(true, true, true);
         QCOMPARE(record.GetRecordsCount(), 1);
-        QCOMPARE(record.m_sName, QStringLiteral("b"));
+        QCOMPARE(record.m_sName, u"b"_s);
     }
 
     void innerGuardThatIsNotCommittedDoomsTheWhole()
     {
         {
             KTransaction outer;
-            addSample(QStringLiteral("a"));
+            addSample(u"a"_s);
             {
                 KTransaction inner;
-                addSample(QStringLiteral("b"));
+                addSample(u"b"_s);
             }
             QVERIFY(raisedCategory([&] { outer.commit(); }).has_value());
         }
@@ -175,19 +177,19 @@ private Q_SLOTS:
 
     void innerGuardJoinsTheOuterOne()
     {
-        const ObservedStatements statements({QStringLiteral("START"), QStringLiteral("COMMIT"), QStringLiteral("ROLLBACK")});
+        const ObservedStatements statements({u"START"_s, u"COMMIT"_s, u"ROLLBACK"_s});
         {
             KTransaction outer;
             {
                 KTransaction inner;
-                addSample(QStringLiteral("a"));
+                addSample(u"a"_s);
                 inner.commit();
             }
             QVERIFY(KConnection::forThread().inTransaction());
             outer.commit();
         }
         QVERIFY(!KConnection::forThread().inTransaction());
-        QCOMPARE(statements.taken(), (QStringList{QStringLiteral("START TRANSACTION"), QStringLiteral("COMMIT")}));
+        QCOMPARE(statements.taken(), (QStringList{u"START TRANSACTION"_s, u"COMMIT"_s}));
         QCOMPARE(rows(), 1);
     }
 
@@ -197,13 +199,13 @@ private Q_SLOTS:
             KTransaction outer;
             {
                 KTransaction inner;
-                addSample(QStringLiteral("a"));
+                addSample(u"a"_s);
                 inner.commit();
             }
         }
         QCOMPARE(rows(), 0);
         KTransaction next;
-        addSample(QStringLiteral("b"));
+        addSample(u"b"_s);
         next.commit();
         QCOMPARE(rows(), 1);
     }
@@ -221,8 +223,8 @@ private Q_SLOTS:
     {
         QFETCH(bool, deadlock);
         QFETCH(int, code);
-        const qint32 mine = addSample(QStringLiteral("mine"));
-        const qint32 theirs = addSample(QStringLiteral("theirs"));
+        const qint32 mine = addSample(u"mine"_s);
+        const qint32 theirs = addSample(u"theirs"_s);
         CTblTemp session;
         session.Open(false, false, true);
         session.ExecuteQuery("SET SESSION innodb_lock_wait_timeout=1", true, true);
@@ -253,17 +255,17 @@ private Q_SLOTS:
         QCOMPARE(connections, (QList<int>{connection, connection}));
         session.ExecuteQuery("SELECT @mark", true, true);
         QCOMPARE(session.GetLongFieldValue(0), 7);
-        QCOMPARE(m_database.value(QStringLiteral("SELECT dAmount FROM Samples WHERE iID=%1").arg(theirs)), QStringLiteral("1"));
+        QCOMPARE(m_database.value(u"SELECT dAmount FROM Samples WHERE iID=%1"_s.arg(theirs)), u"1"_s);
     }
 
     void onlyALockConflictIsReplayed_data()
     {
         QTest::addColumn<std::function<void()>>("failure");
-        QTest::newRow("duplicate key") << std::function<void()>([] { addSample(QStringLiteral("a")); });
+        QTest::newRow("duplicate key") << std::function<void()>([] { addSample(u"a"_s); });
         QTest::newRow("bad statement") << std::function<void()>([] { CTblTemp().ExecuteQuery("SELEKT 1", true, true); });
         QTest::newRow("lost connection") << std::function<void()>([] {
             killConnection(connectionId());
-            addSample(QStringLiteral("b"));
+            addSample(u"b"_s);
         });
         QTest::newRow("an error of the work itself") << std::function<void()>([] { throw std::runtime_error("no"); });
     }
@@ -276,7 +278,7 @@ private Q_SLOTS:
         try {
             KTransaction::runReplayable([&] {
                 ++runs;
-                addSample(QStringLiteral("a"));
+                addSample(u"a"_s);
                 failure();
             });
         } catch (const std::exception &) {
@@ -296,9 +298,9 @@ private Q_SLOTS:
             ++outer;
             KTransaction::runReplayable([&] {
                 ++inner;
-                addSample(QStringLiteral("a"));
+                addSample(u"a"_s);
                 if (outer == 1)
-                    throw CMySQLException(Category::LockConflict, 1213, QStringLiteral("deadlock"));
+                    throw CMySQLException(Category::LockConflict, 1213, u"deadlock"_s);
             });
         });
         QCOMPARE(outer, 2);
@@ -326,9 +328,9 @@ private Q_SLOTS:
         const auto category = raisedCategory([&] {
             KTransaction::runReplayable([&] {
                 ++run;
-                addSample(QStringLiteral("a"));
+                addSample(u"a"_s);
                 if (run <= conflicts)
-                    throw CMySQLException(Category::LockConflict, 1213, QStringLiteral("deadlock"));
+                    throw CMySQLException(Category::LockConflict, 1213, u"deadlock"_s);
             });
         });
         QCOMPARE(run, runs);

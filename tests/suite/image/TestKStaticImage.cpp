@@ -22,6 +22,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestKStaticImage : public QObject
 {
     Q_OBJECT
@@ -97,16 +99,16 @@ void TestKStaticImage::emptyBoxSaysWhatToDo()
 {
     KStaticImage box;
     QVERIFY(box.isEmpty() && !box.isBroken() && !box.isModified());
-    QVERIFY(box.stateText().contains(QStringLiteral("دوبار کلیک")));
+    QVERIFY(box.stateText().contains(u"دوبار کلیک"_s));
     box.setReadOnly(true);
-    QCOMPARE(box.stateText(), QStringLiteral("بدون تصویر"));
+    QCOMPARE(box.stateText(), u"بدون تصویر"_s);
 }
 
 void TestKStaticImage::fileIsTakenAndTold()
 {
     KStaticImage box;
     QSignalSpy changed(&box, &KStaticImage::changed);
-    QVERIFY(box.takeFile(file(QStringLiteral("car.jpg"), PictureFiles::jpeg(80, 40))));
+    QVERIFY(box.takeFile(file(u"car.jpg"_s, PictureFiles::jpeg(80, 40))));
     QCOMPARE(changed.count(), 1);
     QVERIFY(box.isModified());
     QCOMPARE(box.image().size(), QSize(80, 40));
@@ -127,10 +129,10 @@ void TestKStaticImage::refusedFileLeavesTheBoxAsItWas()
     QFETCH(QByteArray, data);
     QFETCH(QString, told);
     KStaticImage box;
-    QVERIFY(box.takeFile(file(QStringLiteral("good.jpg"), PictureFiles::jpeg(80, 40))));
+    QVERIFY(box.takeFile(file(u"good.jpg"_s, PictureFiles::jpeg(80, 40))));
     const QByteArray before = box.bytes();
     QSignalSpy changed(&box, &KStaticImage::changed);
-    QVERIFY(!box.takeFile(file(QStringLiteral("bad.jpg"), data)));
+    QVERIFY(!box.takeFile(file(u"bad.jpg"_s, data)));
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
     QVERIFY2(shown.constFirst().contains(told), qPrintable(shown.constFirst()));
@@ -152,11 +154,11 @@ void TestKStaticImage::keysOnAnEmptyBoxAskForAFile()
     QFETCH(Qt::Key, key);
     KStaticImage box;
     show(box);
-    const QString path = file(QStringLiteral("chosen.png"), PictureFiles::seeThroughPng(30, 20));
+    const QString path = file(u"chosen.png"_s, PictureFiles::seeThroughPng(30, 20));
     Hand::inNextWindow([&](QDialog *dialog) {
         auto *files = qobject_cast<QFileDialog *>(dialog);
         QVERIFY(files);
-        files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+        files->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(path);
         static_cast<QDialog *>(files)->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open)->click();
     });
     QTest::keyClick(&box, key);
@@ -183,7 +185,7 @@ void TestKStaticImage::pasteTakesImageData()
     QCOMPARE(box.image().size(), QSize(50, 40));
 
     auto *encoded = new QMimeData;
-    encoded->setData(QStringLiteral("image/jpeg"), PictureFiles::withExif(PictureFiles::jpeg(80, 40), 6));
+    encoded->setData(u"image/jpeg"_s, PictureFiles::withExif(PictureFiles::jpeg(80, 40), 6));
     QApplication::clipboard()->setMimeData(encoded);
     QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(box.image().size(), QSize(40, 80));
@@ -194,7 +196,7 @@ void TestKStaticImage::pasteTakesAFileAddress()
     KStaticImage box;
     show(box);
     auto *address = new QMimeData;
-    address->setUrls({QUrl::fromLocalFile(file(QStringLiteral("تصویر خودرو.webp"),
+    address->setUrls({QUrl::fromLocalFile(file(u"تصویر خودرو.webp"_s,
                                                PictureFiles::written(PictureFiles::redAndBlue(70, 30), "webp")))});
     QApplication::clipboard()->setMimeData(address);
     QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
@@ -205,10 +207,10 @@ void TestKStaticImage::pasteOfSeveralFilesIsRefused()
 {
     KStaticImage box;
     QMimeData two;
-    const QUrl url = QUrl::fromLocalFile(file(QStringLiteral("one.jpg"), PictureFiles::jpeg(20, 20)));
-    two.setUrls({url, QUrl::fromLocalFile(m_folder.filePath(QStringLiteral("two.jpg")))});
+    const QUrl url = QUrl::fromLocalFile(file(u"one.jpg"_s, PictureFiles::jpeg(20, 20)));
+    two.setUrls({url, QUrl::fromLocalFile(m_folder.filePath(u"two.jpg"_s))});
     QVERIFY(!box.takeMimeData(&two));
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("هر بار فقط یک تصویر پذیرفته می شود.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"هر بار فقط یک تصویر پذیرفته می شود."_s});
     QVERIFY(box.isEmpty());
 }
 
@@ -216,7 +218,7 @@ void TestKStaticImage::pasteOfAnAddressOfTheNetworkFetchesNothing()
 {
     KStaticImage box;
     QMimeData address;
-    address.setUrls({QUrl(QStringLiteral("http://127.0.0.1:9/car.jpg"))});
+    address.setUrls({QUrl(u"http://127.0.0.1:9/car.jpg"_s)});
     QVERIFY(!box.takeMimeData(&address));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QVERIFY(box.isEmpty());
@@ -230,9 +232,9 @@ void TestKStaticImage::pasteWithoutAPictureIsTold()
 {
     KStaticImage box;
     show(box);
-    QApplication::clipboard()->setText(QStringLiteral("متن"));
+    QApplication::clipboard()->setText(u"متن"_s);
     QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("تصویری برای چسباندن وجود ندارد.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تصویری برای چسباندن وجود ندارد."_s});
     QVERIFY(box.isEmpty() && !box.isModified());
 }
 
@@ -240,7 +242,7 @@ void TestKStaticImage::copyGivesThePicture()
 {
     KStaticImage box;
     show(box);
-    QVERIFY(box.takeFile(file(QStringLiteral("c.png"), PictureFiles::seeThroughPng(30, 20))));
+    QVERIFY(box.takeFile(file(u"c.png"_s, PictureFiles::seeThroughPng(30, 20))));
     QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->image().size(), QSize(30, 20));
     QCOMPARE(QApplication::clipboard()->image().pixelColor(15, 10).alpha(), 0);
@@ -250,7 +252,7 @@ void TestKStaticImage::deleteEmptiesTheBox()
 {
     KStaticImage box;
     show(box);
-    QVERIFY(box.takeFile(file(QStringLiteral("d.jpg"), PictureFiles::jpeg(30, 20))));
+    QVERIFY(box.takeFile(file(u"d.jpg"_s, PictureFiles::jpeg(30, 20))));
     QSignalSpy changed(&box, &KStaticImage::changed);
     QTest::keyClick(&box, Qt::Key_Delete);
     QVERIFY(box.isEmpty() && box.isModified());
@@ -271,7 +273,7 @@ void TestKStaticImage::readOnlyBoxTakesNothing()
     QApplication::clipboard()->setImage(PictureFiles::redAndBlue(50, 40));
     QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
     QTest::keyClick(&box, Qt::Key_Delete);
-    QVERIFY(!box.takeFile(file(QStringLiteral("r.jpg"), PictureFiles::jpeg(9, 9))));
+    QVERIFY(!box.takeFile(file(u"r.jpg"_s, PictureFiles::jpeg(9, 9))));
     QVERIFY(!box.clear());
     QVERIFY(!box.acceptDrops());
     QCOMPARE(box.bytes(), stored);
@@ -300,12 +302,12 @@ void TestKStaticImage::dropOfImageDataAndOfOneFile()
     drop(image);
     QCOMPARE(box.image().size(), QSize(50, 40));
     QMimeData one;
-    one.setUrls({QUrl::fromLocalFile(file(QStringLiteral("drop.jpg"), PictureFiles::jpeg(60, 20)))});
+    one.setUrls({QUrl::fromLocalFile(file(u"drop.jpg"_s, PictureFiles::jpeg(60, 20)))});
     drop(one);
     QCOMPARE(box.image().size(), QSize(60, 20));
 
     QMimeData bad;
-    bad.setUrls({QUrl::fromLocalFile(file(QStringLiteral("drop.txt"), "text"))});
+    bad.setUrls({QUrl::fromLocalFile(file(u"drop.txt"_s, "text"))});
     drop(bad);
     // The giver is let go first.
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -319,7 +321,7 @@ void TestKStaticImage::dropOfSomethingElseIsNotAccepted()
     KStaticImage box;
     show(box);
     QMimeData text;
-    text.setText(QStringLiteral("متن"));
+    text.setText(u"متن"_s);
     QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
     enter.ignore();
     QApplication::sendEvent(&box, &enter);
@@ -329,14 +331,14 @@ void TestKStaticImage::dropOfSomethingElseIsNotAccepted()
 void TestKStaticImage::enterOnAFilledBoxShowsItLargeAndEscCloses()
 {
     KStaticImage box;
-    box.setAccessibleName(QStringLiteral("تصویر خودرو :"));
+    box.setAccessibleName(u"تصویر خودرو :"_s);
     box.load(PictureFiles::jpeg(1200, 300));
     box.setReadOnly(true);
     show(box);
     int windows = 0;
     const auto look = [&](QDialog *dialog) {
         ++windows;
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("تصویر خودرو"));
+        QCOMPARE(dialog->windowTitle(), u"تصویر خودرو"_s);
         dialog->resize(400, 400);
         const QImage shown = dialog->grab().toImage();
         // As wide as the window, a quarter as high, in its middle.
@@ -360,7 +362,7 @@ void TestKStaticImage::savedBytesAreThoseThatAreShown()
     value.data = "before";
     SaveKStaticImageToLongBinary(box, value);
     QVERIFY(value.isEmpty());
-    QVERIFY(box.takeFile(file(QStringLiteral("s.jpg"), PictureFiles::jpeg(2000, 1000))));
+    QVERIFY(box.takeFile(file(u"s.jpg"_s, PictureFiles::jpeg(2000, 1000))));
     SaveKStaticImageToLongBinary(box, value);
     QCOMPARE(QImage::fromData(value.data).size(), QSize(1600, 800));
 
@@ -378,12 +380,12 @@ void TestKStaticImage::brokenStoredPictureIsShownAsSuchAndNotLost()
     KStaticImage box;
     LoadKStaticImageFromLongBinary(box, stored);
     QVERIFY(box.isBroken() && !box.isEmpty());
-    QVERIFY(box.stateText().contains(QStringLiteral("قابل نمایش نیست")));
+    QVERIFY(box.stateText().contains(u"قابل نمایش نیست"_s));
     KLongBinary saved;
     SaveKStaticImageToLongBinary(box, saved);
     QCOMPARE(saved, stored);
     // A refused picture does not cost it either.
-    QVERIFY(!box.takeFile(file(QStringLiteral("x.txt"), "text")));
+    QVERIFY(!box.takeFile(file(u"x.txt"_s, "text")));
     SaveKStaticImageToLongBinary(box, saved);
     QCOMPARE(saved, stored);
 }
@@ -392,7 +394,7 @@ void TestKStaticImage::brokenStoredPictureMayBeReplaced()
 {
     KStaticImage box;
     box.load("no picture at all");
-    QVERIFY(box.takeFile(file(QStringLiteral("new.jpg"), PictureFiles::jpeg(20, 20))));
+    QVERIFY(box.takeFile(file(u"new.jpg"_s, PictureFiles::jpeg(20, 20))));
     QVERIFY(!box.isBroken());
     box.load("no picture at all");
     QVERIFY(box.clear());
@@ -432,12 +434,12 @@ void TestKStaticImage::menuOffersWhatIsPossible()
 {
     KStaticImage box;
     show(box);
-    const QString choose = QStringLiteral("انتخاب تصویر از فایل");
+    const QString choose = u"انتخاب تصویر از فایل"_s;
     QCOMPARE(menuOf(box, true), QStringList{choose});
     box.load(PictureFiles::jpeg(30, 20));
     QApplication::clipboard()->setImage(PictureFiles::redAndBlue(5, 5));
-    const QStringList all{QStringLiteral("نمایش بزرگ"), QStringLiteral("کپی"), choose, QStringLiteral("چسباندن"),
-                          QStringLiteral("حذف تصویر")};
+    const QStringList all{u"نمایش بزرگ"_s, u"کپی"_s, choose, u"چسباندن"_s,
+                          u"حذف تصویر"_s};
     QCOMPARE(menuOf(box, true), all);
     box.setReadOnly(true);
     QCOMPARE(menuOf(box, false), all.mid(0, 2));
@@ -446,11 +448,11 @@ void TestKStaticImage::menuOffersWhatIsPossible()
 void TestKStaticImage::screenReaderLearnsNameStateAndAction()
 {
     KStaticImage box;
-    box.setAccessibleName(QStringLiteral("تصویر خودرو"));
+    box.setAccessibleName(u"تصویر خودرو"_s);
     show(box);
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&box);
     QCOMPARE(reader->role(), QAccessible::Graphic);
-    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("تصویر خودرو"));
+    QCOMPARE(reader->text(QAccessible::Name), u"تصویر خودرو"_s);
     QCOMPARE(reader->text(QAccessible::Description), box.stateText());
     QVERIFY(reader->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
     bool asked = false;

@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using Refusal = PictureIntake::Refusal;
 Q_DECLARE_METATYPE(Refusal)
 
@@ -82,9 +84,9 @@ void TestPictureIntake::kindIsToldByTheContentsNotByTheName()
         return file.fileName();
     };
     const QByteArray picture = PictureFiles::written(PictureFiles::redAndBlue(20, 20), "png");
-    const QString misnamed = write(QStringLiteral("letter.docx"), picture);
+    const QString misnamed = write(u"letter.docx"_s, picture);
     QCOMPARE(PictureIntake::fromFile(misnamed).refusal, Refusal::None);
-    const QString bitmap = write(QStringLiteral("car.jpg"), PictureFiles::written(PictureFiles::redAndBlue(20, 20), "bmp"));
+    const QString bitmap = write(u"car.jpg"_s, PictureFiles::written(PictureFiles::redAndBlue(20, 20), "bmp"));
     QCOMPARE(PictureIntake::fromFile(bitmap).refusal, Refusal::WrongKind);
     QVERIFY(PictureIntake::fromFile(bitmap).bytes.isEmpty());
 }
@@ -174,7 +176,7 @@ void TestPictureIntake::nothingButPixelsIsKept()
 
     QImage texts = QImage(20, 20, QImage::Format_ARGB32);
     texts.fill(QColor(1, 2, 3, 100));
-    texts.setText(QStringLiteral("Comment"), QStringLiteral("SecretPlace"));
+    texts.setText(u"Comment"_s, u"SecretPlace"_s);
     texts.setColorSpace(QColorSpace(QColorSpace::DisplayP3));
     const QByteArray png = PictureFiles::written(texts, "png");
     QVERIFY(png.contains("SecretPlace") && png.contains("iCCP"));
@@ -296,7 +298,7 @@ void TestPictureIntake::thumbnailsEndIsNotThePicturesEnd()
 void TestPictureIntake::twentyMebibytesAreTakenAndOneByteMoreIsNot()
 {
     QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("large.jpg")));
+    QFile file(folder.filePath(u"large.jpg"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     const QByteArray picture = PictureFiles::jpeg(40, 30);
     file.write(picture + QByteArray(PictureIntake::maxBytes - picture.size(), 'x'));
@@ -323,7 +325,7 @@ void TestPictureIntake::filesThatAreNoneAreUnreadable()
 {
     QTemporaryDir folder;
     QCOMPARE(PictureIntake::fromFile(folder.path()).refusal, Refusal::Unreadable);
-    QCOMPARE(PictureIntake::fromFile(folder.filePath(QStringLiteral("nowhere.png"))).refusal, Refusal::Unreadable);
+    QCOMPARE(PictureIntake::fromFile(folder.filePath(u"nowhere.png"_s)).refusal, Refusal::Unreadable);
     QCOMPARE(PictureIntake::fromFile({}).refusal, Refusal::Unreadable);
 }
 

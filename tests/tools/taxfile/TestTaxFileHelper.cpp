@@ -10,9 +10,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString modules = QStringLiteral(TZ_BUILT_MODULES);
+const QString modules = u"" TZ_BUILT_MODULES ""_s;
 
 struct Answer
 {
@@ -26,11 +28,11 @@ Answer answerTo(const QByteArray &input)
 {
     QProcess helper;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     helper.setProcessEnvironment(environment);
-    helper.start(QStringLiteral("java"),
-                 {QStringLiteral("-XX:+UseSerialGC"), QStringLiteral("-XX:TieredStopAtLevel=1"), QStringLiteral("-Xmx96m"),
-                  QStringLiteral("-jar"), modules + QStringLiteral("/taxfile/tztaxfile.jar")});
+    helper.start(u"java"_s,
+                 {u"-XX:+UseSerialGC"_s, u"-XX:TieredStopAtLevel=1"_s, u"-Xmx96m"_s,
+                  u"-jar"_s, modules + u"/taxfile/tztaxfile.jar"_s});
     if (!helper.waitForStarted())
         return {};
     helper.write(input);
@@ -49,7 +51,7 @@ class TestTaxFileHelper : public QObject
 
     std::unique_ptr<QTemporaryDir> m_folder;
 
-    QByteArray path() const { return m_folder->filePath(QStringLiteral("پرونده.mdb")).toUtf8(); }
+    QByteArray path() const { return m_folder->filePath(u"پرونده.mdb"_s).toUtf8(); }
 
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
@@ -69,20 +71,20 @@ private Q_SLOTS:
                                          "add\t0\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\nend\n");
         QVERIFY2(filled.output.endsWith("done\t3\n"), filled.output.constData());
         const AccessFileReader file(QString::fromUtf8(path()));
-        QCOMPARE(file.version(), QStringLiteral("JET4"));
-        const QVector<QJsonObject> records = file.records(QStringLiteral("همه"));
+        QCOMPARE(file.version(), u"JET4"_s);
+        const QVector<QJsonObject> records = file.records(u"همه"_s);
         QCOMPARE(records.size(), 3);
         const QJsonObject first = records.first();
-        QCOMPARE(first.value(QStringLiteral("t")).toString(), QStringLiteral("کوتاه"));
-        QCOMPARE(first.value(QStringLiteral("m")).toString(), QStringLiteral("متن"));
-        QCOMPARE(first.value(QStringLiteral("y")).toInt(), 255);
-        QCOMPARE(first.value(QStringLiteral("s")).toInt(), -32768);
-        QCOMPARE(first.value(QStringLiteral("l")).toDouble(), -2147483648.0);
-        QCOMPARE(first.value(QStringLiteral("d")).toDouble(), 0.5);
-        QCOMPARE(first.value(QStringLiteral("b")).toInt(), 1);
-        QCOMPARE(first.value(QStringLiteral("c")).toVariant().toDouble(), 12.3456);
+        QCOMPARE(first.value(u"t"_s).toString(), u"کوتاه"_s);
+        QCOMPARE(first.value(u"m"_s).toString(), u"متن"_s);
+        QCOMPARE(first.value(u"y"_s).toInt(), 255);
+        QCOMPARE(first.value(u"s"_s).toInt(), -32768);
+        QCOMPARE(first.value(u"l"_s).toDouble(), -2147483648.0);
+        QCOMPARE(first.value(u"d"_s).toDouble(), 0.5);
+        QCOMPARE(first.value(u"b"_s).toInt(), 1);
+        QCOMPARE(first.value(u"c"_s).toVariant().toDouble(), 12.3456);
         for (const QJsonObject &empty : {records.at(1), records.at(2)})
-            QCOMPARE(empty.keys(), QStringList{QStringLiteral("b")});
+            QCOMPARE(empty.keys(), QStringList{u"b"_s});
     }
 
     void badInputIsRefused_data()
@@ -157,8 +159,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, input);
         QFETCH(QByteArray, words);
         QFETCH(int, status);
-        QVERIFY(QFile::copy(modules + QStringLiteral("/TTMS.mdb"), QString::fromUtf8(path())));
-        const QByteArray fresh = m_folder->filePath(QStringLiteral("new.mdb")).toUtf8();
+        QVERIFY(QFile::copy(modules + u"/TTMS.mdb"_s, QString::fromUtf8(path())));
+        const QByteArray fresh = m_folder->filePath(u"new.mdb"_s).toUtf8();
         const Answer answer = answerTo(input.replace("PATH", path()).replace("NEW", fresh));
         QVERIFY2(answer.output.startsWith(words), (answer.output + answer.errors).constData());
         QCOMPARE(answer.output.count('\n'), 1);
@@ -175,7 +177,7 @@ private Q_SLOTS:
             input += "add\t" + QByteArray(65'000, 'a') + '\n';
         const Answer answer = answerTo(input + "end\n");
         QVERIFY2(answer.output.endsWith("done\t1500\n"), answer.output.right(200).constData());
-        QCOMPARE(AccessFileReader(QString::fromUtf8(path())).count(QStringLiteral("t")), 1500);
+        QCOMPARE(AccessFileReader(QString::fromUtf8(path())).count(u"t"_s), 1500);
     }
 };
 

@@ -11,19 +11,21 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString titleOf(EditorMode mode)
 {
     switch (mode) {
     case EditorMode::New:
-        return QStringLiteral("تقاضا - جدید");
+        return u"تقاضا - جدید"_s;
     case EditorMode::Edit:
-        return QStringLiteral("تقاضا - ویرایش");
+        return u"تقاضا - ویرایش"_s;
     case EditorMode::Show:
         break;
     }
-    return QStringLiteral("تقاضا - نمایش");
+    return u"تقاضا - نمایش"_s;
 }
 
 }
@@ -78,7 +80,7 @@ void CDlgAddAutomobilDemand::ShowDemand(int demandID, bool &refresh, QWidget *pa
 CDlgAddAutomobilDemand::CDlgAddAutomobilDemand(int demandID, EditorMode mode, QWidget *parent)
     : CDlgRecordEditor(demandID, mode, parent)
 {
-    SetSettingName(QStringLiteral("AutomobilDemands\\Editor"));
+    SetSettingName(u"AutomobilDemands\\Editor"_s);
     setWindowTitle(titleOf(mode));
     resize(QSize(900, 620).boundedTo(size()));
 }
@@ -92,8 +94,8 @@ bool CDlgAddAutomobilDemand::load()
         return false;
     m_base = new CDlgAddAutomobilDemandBase(mode(), tabs());
     addPage(m_base, m_base->title());
-    addFilesPage(CTblFileDocs::General, CTblAutomobilDemands::recordKind, QStringLiteral("پرونده های عمومی"));
-    addFilesPage(CTblFileDocs::Personal, CTblAutomobilDemands::recordKind, QStringLiteral("پرونده های شخصی"));
+    addFilesPage(CTblFileDocs::General, CTblAutomobilDemands::recordKind, u"پرونده های عمومی"_s);
+    addFilesPage(CTblFileDocs::Personal, CTblAutomobilDemands::recordKind, u"پرونده های شخصی"_s);
     tabs()->setCurrentIndex(0);
     if (isShowMode())
         leaveOnlyWayBack();
@@ -114,14 +116,14 @@ bool CDlgAddAutomobilDemand::save()
 
 bool CDlgAddAutomobilDemand::takeOutOfArchive()
 {
-    if (!KSecurity::IsGranted(QStringLiteral("AutomobilDemandArchive"), KSecurity::Access)) {
-        g_pDlgWarning->Show(QStringLiteral("شما اجازه تغییر دادن ندارید."), this);
+    if (!KSecurity::IsGranted(u"AutomobilDemandArchive"_s, KSecurity::Access)) {
+        g_pDlgWarning->Show(u"شما اجازه تغییر دادن ندارید."_s, this);
         return false;
     }
     GetDBSetting()->RequireOpenDB();
     CTblAutomobilDemands demand;
     if (loadRecord(demand))
         CTblAutomobilDemands::unarchive(demand.m_iCode);
-    g_pDlgMessage->Show(QStringLiteral("این نامه از حالت بایگانی خارج شد."), this);
+    g_pDlgMessage->Show(u"این نامه از حالت بایگانی خارج شد."_s, this);
     return true;
 }

@@ -26,54 +26,56 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
 
-const QString typeColumn = QStringLiteral("iAutomobilType");
-const QString facilitiesColumn = QStringLiteral("iFacilities");
-const QString colorColumn = QStringLiteral("iColor");
-const QString yearFromColumn = QStringLiteral("iModelFrom");
-const QString yearUpToColumn = QStringLiteral("iModelUpTo");
-const QString referenceColumn = QStringLiteral("dateReference");
+const QString typeColumn = u"iAutomobilType"_s;
+const QString facilitiesColumn = u"iFacilities"_s;
+const QString colorColumn = u"iColor"_s;
+const QString yearFromColumn = u"iModelFrom"_s;
+const QString yearUpToColumn = u"iModelUpTo"_s;
+const QString referenceColumn = u"dateReference"_s;
 
 QList<KFormField> formFields()
 {
-    KFormField code{QStringLiteral("iCode"), QStringLiteral("کد تقاضا :"), Kind::Integer};
+    KFormField code{u"iCode"_s, u"کد تقاضا :"_s, Kind::Integer};
     code.readOnly = true;
-    KFormField amountFrom{QStringLiteral("dAmountFrom"), QStringLiteral("مبلغ از :"), Kind::Money};
-    KFormField amountUpTo{QStringLiteral("dAmountUpTo"), QStringLiteral("تا مبلغ :"), Kind::Money};
+    KFormField amountFrom{u"dAmountFrom"_s, u"مبلغ از :"_s, Kind::Money};
+    KFormField amountUpTo{u"dAmountUpTo"_s, u"تا مبلغ :"_s, Kind::Money};
     amountFrom.inWords = amountUpTo.inWords = true;
-    KFormField color{colorColumn, QStringLiteral("رنگ :"), Kind::Lookup};
-    KFormField facilities{facilitiesColumn, QStringLiteral("امکانات :"), Kind::Lookup};
+    KFormField color{colorColumn, u"رنگ :"_s, Kind::Lookup};
+    KFormField facilities{facilitiesColumn, u"امکانات :"_s, Kind::Lookup};
     color.hasButton = facilities.hasButton = true;
     return {
         code,
-        {QStringLiteral("sAcquaintances"), QStringLiteral("نحوه آشنايي :")},
-        {typeColumn, QStringLiteral("خودرو درخواستي :"), Kind::Lookup},
+        {u"sAcquaintances"_s, u"نحوه آشنايي :"_s},
+        {typeColumn, u"خودرو درخواستي :"_s, Kind::Lookup},
         amountFrom,
         amountUpTo,
-        {yearFromColumn, QStringLiteral("سال توليد از :"), Kind::Integer},
-        {yearUpToColumn, QStringLiteral("تا :"), Kind::Integer, QStringLiteral("سال توليد تا :")},
+        {yearFromColumn, u"سال توليد از :"_s, Kind::Integer},
+        {yearUpToColumn, u"تا :"_s, Kind::Integer, u"سال توليد تا :"_s},
         facilities,
         color,
-        {referenceColumn, QStringLiteral("تاريخ مراجعه :"), Kind::Date},
-        {QStringLiteral("dateMaxTimeNeed"), QStringLiteral("تاريخ حداکثر زمان نياز :"), Kind::Date},
-        {QStringLiteral("sDesc"), QStringLiteral("توضيحات :"), Kind::LongText},
-        {QStringLiteral("sDescSpecial"), QStringLiteral("توضيحات ويژه :")},
+        {referenceColumn, u"تاريخ مراجعه :"_s, Kind::Date},
+        {u"dateMaxTimeNeed"_s, u"تاريخ حداکثر زمان نياز :"_s, Kind::Date},
+        {u"sDesc"_s, u"توضيحات :"_s, Kind::LongText},
+        {u"sDescSpecial"_s, u"توضيحات ويژه :"_s},
     };
 }
 
 void fillTypes(QComboBox *combo)
 {
     CTblCarBrands::FillComboBox(combo);
-    combo->insertItem(0, QStringLiteral("-"), 0);
+    combo->insertItem(0, u"-"_s, 0);
 }
 
 }
 
 CDlgAddAutomobilDemandBase::CDlgAddAutomobilDemandBase(EditorMode mode, QWidget *parent)
-    : EditorPage(mode, QStringLiteral("اطلاعات پایه"), parent)
+    : EditorPage(mode, u"اطلاعات پایه"_s, parent)
 {
     build();
 }
@@ -85,7 +87,7 @@ void CDlgAddAutomobilDemandBase::build()
     auto *content = new QWidget(this);
     CTblAutomobilDemands columns;
     m_form = new KForm(formFields(), columns, content);
-    m_person = new PersonGroup(QStringLiteral("مشخصات شخص متقاضي"), PersonGroup::WithFather, content);
+    m_person = new PersonGroup(u"مشخصات شخص متقاضي"_s, PersonGroup::WithFather, content);
     m_reminder = new DemandReminder(content);
     m_archiveLine = new ArchiveLine(content);
 
@@ -104,10 +106,10 @@ void CDlgAddAutomobilDemandBase::build()
 QLayout *CDlgAddAutomobilDemandBase::buildIdentity(QWidget *content)
 {
     auto *row = new QHBoxLayout;
-    row->addWidget(m_form->label(QStringLiteral("iCode")));
-    row->addWidget(m_form->control(QStringLiteral("iCode")), 1);
-    m_created = addShown(row, QStringLiteral("تاريخ ايجاد :"), content);
-    m_user = addShown(row, QStringLiteral("کاربر :"), content);
+    row->addWidget(m_form->label(u"iCode"_s));
+    row->addWidget(m_form->control(u"iCode"_s), 1);
+    m_created = addShown(row, u"تاريخ ايجاد :"_s, content);
+    m_user = addShown(row, u"کاربر :"_s, content);
     return row;
 }
 
@@ -122,7 +124,7 @@ KEdit *CDlgAddAutomobilDemandBase::addShown(QHBoxLayout *row, const QString &lab
 
 QWidget *CDlgAddAutomobilDemandBase::buildWishes(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("مشخصات خودرو درخواستي"), content);
+    auto *box = new QGroupBox(u"مشخصات خودرو درخواستي"_s, content);
     FormLines::grid(*m_form, box,
                     {
                         {{"iAutomobilType"}, {"iModelFrom"}, {"iModelUpTo"}},
@@ -131,8 +133,8 @@ QWidget *CDlgAddAutomobilDemandBase::buildWishes(QWidget *content)
                     });
     fillTypes(m_form->comboBox(typeColumn));
     auto *items = new ItemFields(*m_form, this);
-    items->addPickedList(colorColumn, CTblItems::typeColor, QStringLiteral("رنگ"));
-    items->addPickedList(facilitiesColumn, CTblItems::typeFeature, QStringLiteral("امکانات"));
+    items->addPickedList(colorColumn, CTblItems::typeColor, u"رنگ"_s);
+    items->addPickedList(facilitiesColumn, CTblItems::typeFeature, u"امکانات"_s);
     items->fill();
     return box;
 }
@@ -173,19 +175,19 @@ QString CDlgAddAutomobilDemandBase::proposedReminder() const
     if (m_form->key(typeColumn) != 0)
         parts.append(m_form->comboBox(typeColumn)->currentText());
     parts.removeAll(QString());
-    const QString demand = QStringLiteral("تقاضای %1").arg(m_form->edit(QStringLiteral("iCode"))->integer());
-    return parts.isEmpty() ? demand : demand + QStringLiteral(" - ") + parts.join(QStringLiteral("، "));
+    const QString demand = u"تقاضای %1"_s.arg(m_form->edit(u"iCode"_s)->integer());
+    return parts.isEmpty() ? demand : demand + u" - "_s + parts.join(u"، "_s);
 }
 
 bool CDlgAddAutomobilDemandBase::validate()
 {
     if (m_person->name().trimmed().isEmpty()) {
-        refuse(QStringLiteral("لطفا نام متقاضی را وارد نمایید."), m_person->codeEdit());
+        refuse(u"لطفا نام متقاضی را وارد نمایید."_s, m_person->codeEdit());
         m_person->pick();
         return false;
     }
     if (!areDemandYears(m_form->edit(yearFromColumn)->integer(), m_form->edit(yearUpToColumn)->integer()))
-        return refuse(QStringLiteral("لطفا مدل سال بزرگتر از 1000 تا 3000 وارد کنید."), m_form->edit(yearFromColumn));
+        return refuse(u"لطفا مدل سال بزرگتر از 1000 تا 3000 وارد کنید."_s, m_form->edit(yearFromColumn));
     if (const auto problem = m_form->firstInvalid())
         return refuseEntry(*problem);
     return true;

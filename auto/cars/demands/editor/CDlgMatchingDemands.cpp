@@ -8,18 +8,20 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString carText(const MatchingDemands &matching)
 {
     QStringList parts{matching.type, matching.color};
     if (matching.offer.year != 0)
-        parts.append(QStringLiteral("سال تولید %1").arg(matching.offer.year));
+        parts.append(u"سال تولید %1"_s.arg(matching.offer.year));
     if (matching.offer.amount != 0)
-        parts.append(QStringLiteral("مبلغ ") + DToMoney(matching.offer.amount));
+        parts.append(u"مبلغ "_s + DToMoney(matching.offer.amount));
     parts.removeAll(QString());
-    const QString car = QStringLiteral("خودروی %1").arg(matching.carCode);
-    return parts.isEmpty() ? car : car + QStringLiteral(": ") + parts.join(QStringLiteral("، "));
+    const QString car = u"خودروی %1"_s.arg(matching.carCode);
+    return parts.isEmpty() ? car : car + u": "_s + parts.join(u"، "_s);
 }
 
 MatchTable::Contents contents(const MatchingDemands &matching)
@@ -38,28 +40,28 @@ MatchTable::Contents contents(const MatchingDemands &matching)
 
 MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
 {
-    const QString title = QStringLiteral("متقاضیان");
+    const QString title = u"متقاضیان"_s;
     return {
         title,
-        QStringLiteral("AutomobilDemands"),
-        QStringLiteral("AutomobilDemands\\Matching"),
-        QStringLiteral("تقاضایی که با این خودرو جور باشد پیدا نشد."),
+        u"AutomobilDemands"_s,
+        u"AutomobilDemands\\Matching"_s,
+        u"تقاضایی که با این خودرو جور باشد پیدا نشد."_s,
         {
-            {QStringLiteral("ردیف"), Qt::AlignCenter, 35},
-            {QStringLiteral("تناسب"), Qt::AlignCenter, 45},
-            {QStringLiteral("کد تقاضا"), Qt::AlignCenter, 45},
-            {QStringLiteral("نام متقاضی"), Qt::AlignRight, 100},
-            {QStringLiteral("موبایل"), Qt::AlignCenter, 70},
-            {QStringLiteral("نوع خودرو"), Qt::AlignRight, 60},
-            {QStringLiteral("از مدل"), Qt::AlignCenter, 42},
-            {QStringLiteral("تا مدل"), Qt::AlignCenter, 42},
-            {QStringLiteral("رنگ"), Qt::AlignRight, 60},
-            {QStringLiteral("از مبلغ"), Qt::AlignCenter, 78},
-            {QStringLiteral("تا مبلغ"), Qt::AlignCenter, 78},
-            {QStringLiteral("تاریخ مراجعه"), Qt::AlignCenter, 65, {}, true},
-            {QStringLiteral("توضیحات ویژه"), Qt::AlignRight, 100},
+            {u"ردیف"_s, Qt::AlignCenter, 35},
+            {u"تناسب"_s, Qt::AlignCenter, 45},
+            {u"کد تقاضا"_s, Qt::AlignCenter, 45},
+            {u"نام متقاضی"_s, Qt::AlignRight, 100},
+            {u"موبایل"_s, Qt::AlignCenter, 70},
+            {u"نوع خودرو"_s, Qt::AlignRight, 60},
+            {u"از مدل"_s, Qt::AlignCenter, 42},
+            {u"تا مدل"_s, Qt::AlignCenter, 42},
+            {u"رنگ"_s, Qt::AlignRight, 60},
+            {u"از مبلغ"_s, Qt::AlignCenter, 78},
+            {u"تا مبلغ"_s, Qt::AlignCenter, 78},
+            {u"تاریخ مراجعه"_s, Qt::AlignCenter, 65, {}, true},
+            {u"توضیحات ویژه"_s, Qt::AlignRight, 100},
         },
-        {title, QStringLiteral("گالری اتومبیل"), title},
+        {title, u"گالری اتومبیل"_s, title},
         [find]() -> std::optional<MatchTable::Contents> {
             const std::optional<MatchingDemands> matching = find();
             return matching ? std::optional(contents(*matching)) : std::nullopt;

@@ -14,18 +14,20 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+using namespace Qt::StringLiterals;
+
 DemandReminder::DemandReminder(QWidget *parent)
-    : QGroupBox(QStringLiteral("يادآوري"), parent)
-    , m_remind(new QCheckBox(QStringLiteral("يادآوري شود"), this))
-    , m_settings(new QPushButton(QIcon(QStringLiteral(":/icons/reminder.svg")), QStringLiteral("تنظيمات "), this))
+    : QGroupBox(u"يادآوري"_s, parent)
+    , m_remind(new QCheckBox(u"يادآوري شود"_s, this))
+    , m_settings(new QPushButton(QIcon(u":/icons/reminder.svg"_s), u"تنظيمات "_s, this))
     , m_description(new KEdit(this))
 {
     m_remind->setAccessibleName(m_remind->text());
     m_settings->setAccessibleName(m_settings->text());
-    m_settings->setToolTip(QStringLiteral("تاریخ، ساعت و شرح یادآوری"));
+    m_settings->setToolTip(u"تاریخ، ساعت و شرح یادآوری"_s);
     m_settings->setAutoDefault(false);
     m_description->setReadOnly(true);
-    m_description->setAccessibleName(QStringLiteral("شرح یادآوری"));
+    m_description->setAccessibleName(u"شرح یادآوری"_s);
     auto *row = new QHBoxLayout(this);
     row->addWidget(m_remind);
     row->addWidget(m_description, 1);

@@ -16,6 +16,8 @@
 
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 bool CDlgAddAutomobilInformation::EditCar(int carID, bool isNew, QWidget *parent, bool *changed)
 {
     GetDBSetting()->RequireOpenDB();
@@ -41,9 +43,9 @@ void CDlgAddAutomobilInformation::ShowCar(int carID, bool &changed, QWidget *par
 CDlgAddAutomobilInformation::CDlgAddAutomobilInformation(int carID, EditorMode mode, QWidget *parent)
     : CDlgRecordEditor(carID, mode, parent)
 {
-    SetSettingName(QStringLiteral("AutomobilInformations\\Editor"));
-    setWindowTitle(editorTitle(QStringLiteral("گالري اتومبيل"), mode));
-    m_demands = addCommand(QStringLiteral("تقاضا"), [this] { CDlgMatchingDemands::Show(m_base->offered(), m_base->code(), this); });
+    SetSettingName(u"AutomobilInformations\\Editor"_s);
+    setWindowTitle(editorTitle(u"گالري اتومبيل"_s, mode));
+    m_demands = addCommand(u"تقاضا"_s, [this] { CDlgMatchingDemands::Show(m_base->offered(), m_base->code(), this); });
 }
 
 CDlgAddAutomobilInformation::~CDlgAddAutomobilInformation() = default;
@@ -57,7 +59,7 @@ bool CDlgAddAutomobilInformation::load()
     addPage(m_base, m_base->title());
     m_sale = new CDlgAddAutomobilInformationSales(mode(), tabs());
     addPage(m_sale, m_sale->title());
-    addFilesPage(CTblFileDocs::Personal, CTblAutomobilInformations::recordKind, QStringLiteral("پرونده های شخصی"));
+    addFilesPage(CTblFileDocs::Personal, CTblAutomobilInformations::recordKind, u"پرونده های شخصی"_s);
     tabs()->setCurrentIndex(0);
     m_base->fill(car);
     m_sale->fill(car);
@@ -92,7 +94,7 @@ bool CDlgAddAutomobilInformation::checkParties()
 {
     if (m_base->owner()->personID() != m_sale->buyer()->personID())
         return true;
-    return m_sale->refuse(QStringLiteral("شخص مالک و خریدار یکی است لطفا اصلاح کنید."), m_sale->buyer()->codeEdit());
+    return m_sale->refuse(u"شخص مالک و خریدار یکی است لطفا اصلاح کنید."_s, m_sale->buyer()->codeEdit());
 }
 
 bool CDlgAddAutomobilInformation::save()
@@ -104,13 +106,13 @@ bool CDlgAddAutomobilInformation::save()
 bool CDlgAddAutomobilInformation::takeOutOfArchive()
 {
     KSecurity archive;
-    archive.SetFormName(QStringLiteral("AutomobilInformationArchive"));
+    archive.SetFormName(u"AutomobilInformationArchive"_s);
     if (!archive.CheckWriteSecurity())
         return false;
     GetDBSetting()->RequireOpenDB();
     CTblAutomobilInformations car;
     if (loadRecord(car))
         CTblAutomobilInformations::unarchive(car.m_iCode);
-    g_pDlgMessage->Show(QStringLiteral("این نامه از حالت بایگانی خارج شد."), this);
+    g_pDlgMessage->Show(u"این نامه از حالت بایگانی خارج شد."_s, this);
     return true;
 }

@@ -27,19 +27,21 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString vinColumn = QStringLiteral("sVIN");
+const QString vinColumn = u"sVIN"_s;
 
 QString hintFor(VehicleIdentification::State state)
 {
     switch (state) {
     case VehicleIdentification::State::WrongLength:
-        return QStringLiteral("VIN هفده نویسه دارد.");
+        return u"VIN هفده نویسه دارد."_s;
     case VehicleIdentification::State::WrongCharacter:
-        return QStringLiteral("تنها رقم و حرف لاتین، بدون I و O و Q، پذیرفته است.");
+        return u"تنها رقم و حرف لاتین، بدون I و O و Q، پذیرفته است."_s;
     case VehicleIdentification::State::WrongCheckDigit:
-        return QStringLiteral("رقم کنترل درست نیست.");
+        return u"رقم کنترل درست نیست."_s;
     case VehicleIdentification::State::Empty:
     case VehicleIdentification::State::Good:
         break;
@@ -50,11 +52,11 @@ QString hintFor(VehicleIdentification::State state)
 }
 
 CDlgAddAutomobilInformationBase::CDlgAddAutomobilInformationBase(EditorMode mode, QWidget *parent)
-    : CarEditorPage(mode, QStringLiteral("اطلاعات پایه"), parent)
+    : CarEditorPage(mode, u"اطلاعات پایه"_s, parent)
 {
     build();
     wireItems();
-    m_form->arrows(QStringLiteral("iYear"))->setStart(GetShamsiYearOfToday());
+    m_form->arrows(u"iYear"_s)->setStart(GetShamsiYearOfToday());
     connect(m_form->edit(vinColumn), &KEdit::textChanged, this, &CDlgAddAutomobilInformationBase::showVinHint);
 }
 
@@ -83,10 +85,10 @@ void CDlgAddAutomobilInformationBase::build()
 
 QHBoxLayout *CDlgAddAutomobilInformationBase::buildTop(QWidget *content)
 {
-    m_owner = new PersonGroup(QStringLiteral("مشخصات مالک"), PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
-                              QStringLiteral("مالک"));
+    m_owner = new PersonGroup(u"مشخصات مالک"_s, PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
+                              u"مالک"_s);
     m_picture = new KStaticImage(content);
-    m_picture->setAccessibleName(QStringLiteral("عکس"));
+    m_picture->setAccessibleName(u"عکس"_s);
     auto *entries = new QVBoxLayout;
     entries->addLayout(FormLines::line(*m_form, {{"iCode"}, {"dateCreate"}, {"dateIntroduction"}, {"iSource", 2}}));
     entries->addWidget(m_owner);
@@ -99,7 +101,7 @@ QHBoxLayout *CDlgAddAutomobilInformationBase::buildTop(QWidget *content)
 
 QWidget *CDlgAddAutomobilInformationBase::buildVehicle(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("مشخصات خودرو"), content);
+    auto *box = new QGroupBox(u"مشخصات خودرو"_s, content);
     FormLines::grid(*m_form, box,
                     {
                         {{"iAutomobilType"}, {"iModel"}, {"iBrigade"}, {"iSystem"}},
@@ -112,7 +114,7 @@ QWidget *CDlgAddAutomobilInformationBase::buildVehicle(QWidget *content)
 
 QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("شماره ها، مبلغ و بيمه"), content);
+    auto *box = new QGroupBox(u"شماره ها، مبلغ و بيمه"_s, content);
     QGridLayout *grid =
         FormLines::grid(*m_form, box,
                         {
@@ -129,7 +131,7 @@ QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
 // What the car has stands beside what it lacks of it.
 QWidget *CDlgAddAutomobilInformationBase::buildEquipment(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("لوازم، مدارک و توضيحات"), content);
+    auto *box = new QGroupBox(u"لوازم، مدارک و توضيحات"_s, content);
     FormLines::grid(*m_form, box,
                     {
                         {{"sAccessories", 2}, {"sFractionalParts", 2}},
@@ -142,22 +144,22 @@ QWidget *CDlgAddAutomobilInformationBase::buildEquipment(QWidget *content)
 void CDlgAddAutomobilInformationBase::wireItems()
 {
     using namespace InputParameters;
-    m_items->addList(QStringLiteral("iSystem"), System);
-    m_items->addList(QStringLiteral("iVolumCylinders"), EngineVolume);
-    m_items->addList(QStringLiteral("iBodyStatus"), BodyStatus);
-    m_items->addList(QStringLiteral("iColor"), Color);
-    m_items->addList(QStringLiteral("iSource"), Source);
-    m_items->addPickedList(QStringLiteral("iCountry"), CTblItems::typeCountry, QStringLiteral("کشور"));
-    m_items->addNumber(QStringLiteral("iNumOfWheels"), WheelCount);
-    m_items->addNumber(QStringLiteral("iNumOfCylinders"), CylinderCount);
-    m_items->addNumber(QStringLiteral("iCapacity"), Capacity);
-    m_items->addTexts(QStringLiteral("sAccessories"), Accessory);
-    m_items->addTexts(QStringLiteral("sFacilities"), Feature);
-    m_items->addTexts(QStringLiteral("sDocumentsDelivered"), DeliveredDocument);
-    m_items->addMissing(QStringLiteral("sFractionalParts"), QStringLiteral("sAccessories"), Accessory,
-                        QStringLiteral("نوشتن لوازمی که خودرو ندارد"));
-    m_items->addMissing(QStringLiteral("sDocumentsDeficit"), QStringLiteral("sDocumentsDelivered"), DeliveredDocument,
-                        QStringLiteral("نوشتن مدارکی که تحویل نشده است"));
+    m_items->addList(u"iSystem"_s, System);
+    m_items->addList(u"iVolumCylinders"_s, EngineVolume);
+    m_items->addList(u"iBodyStatus"_s, BodyStatus);
+    m_items->addList(u"iColor"_s, Color);
+    m_items->addList(u"iSource"_s, Source);
+    m_items->addPickedList(u"iCountry"_s, CTblItems::typeCountry, u"کشور"_s);
+    m_items->addNumber(u"iNumOfWheels"_s, WheelCount);
+    m_items->addNumber(u"iNumOfCylinders"_s, CylinderCount);
+    m_items->addNumber(u"iCapacity"_s, Capacity);
+    m_items->addTexts(u"sAccessories"_s, Accessory);
+    m_items->addTexts(u"sFacilities"_s, Feature);
+    m_items->addTexts(u"sDocumentsDelivered"_s, DeliveredDocument);
+    m_items->addMissing(u"sFractionalParts"_s, u"sAccessories"_s, Accessory,
+                        u"نوشتن لوازمی که خودرو ندارد"_s);
+    m_items->addMissing(u"sDocumentsDeficit"_s, u"sDocumentsDelivered"_s, DeliveredDocument,
+                        u"نوشتن مدارکی که تحویل نشده است"_s);
 }
 
 void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
@@ -165,7 +167,7 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
     m_form->setShowMode(isShowMode());
     m_items->fill();
     m_catalog->show(car.m_iAutomobilType, car.m_iModel, car.m_iBrigade);
-    m_form->setChoices(QStringLiteral("sNameInsurance"), storedTexts("AutomobilInformations", "sNameInsurance"));
+    m_form->setChoices(u"sNameInsurance"_s, storedTexts("AutomobilInformations", "sNameInsurance"));
     m_form->load(car);
     m_owner->setPersonID(car.m_iPersonID);
     m_owner->setReadOnly(isShowMode());
@@ -176,7 +178,7 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
     showVinHint();
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
-        (mode() == EditorMode::New ? m_owner->codeEdit() : m_form->control(QStringLiteral("iAutomobilType")))
+        (mode() == EditorMode::New ? m_owner->codeEdit() : m_form->control(u"iAutomobilType"_s))
             ->setFocus(Qt::TabFocusReason);
 }
 
@@ -184,7 +186,7 @@ bool CDlgAddAutomobilInformationBase::validate()
 {
     if (isShowMode() || !m_owner->name().trimmed().isEmpty())
         return true;
-    refuse(QStringLiteral("لطفا نام مالک را وارد نمائید."), m_owner->codeEdit());
+    refuse(u"لطفا نام مالک را وارد نمائید."_s, m_owner->codeEdit());
     m_owner->pick();
     return false;
 }
@@ -198,13 +200,13 @@ void CDlgAddAutomobilInformationBase::write(CTblAutomobilInformations &car)
 
 OfferedCar CDlgAddAutomobilInformationBase::offered() const
 {
-    return {m_form->key(QStringLiteral("iAutomobilType")), m_form->key(QStringLiteral("iColor")),
-            m_form->edit(QStringLiteral("iYear"))->integer(), m_form->edit(QStringLiteral("dAmount"))->number()};
+    return {m_form->key(u"iAutomobilType"_s), m_form->key(u"iColor"_s),
+            m_form->edit(u"iYear"_s)->integer(), m_form->edit(u"dAmount"_s)->number()};
 }
 
 int CDlgAddAutomobilInformationBase::code() const
 {
-    return m_form->edit(QStringLiteral("iCode"))->integer();
+    return m_form->edit(u"iCode"_s)->integer();
 }
 
 QString CDlgAddAutomobilInformationBase::vinHint() const

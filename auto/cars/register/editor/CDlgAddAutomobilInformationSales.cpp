@@ -22,31 +22,33 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString notaryCostColumn = QStringLiteral("dAmountPresence");
-const QString profitColumn = QStringLiteral("dProfitAndLoss");
+const QString notaryCostColumn = u"dAmountPresence"_s;
+const QString profitColumn = u"dProfitAndLoss"_s;
 
 // Where the amounts of the rule stand.
 const std::pair<QString, double SaleAmounts::*> inputs[] = {
-    {QStringLiteral("dSoldAmount"), &SaleAmounts::sold},
-    {QStringLiteral("dPurchasePriceOfOwner"), &SaleAmounts::purchase},
-    {QStringLiteral("dAutomobilExpenses"), &SaleAmounts::expenses},
+    {u"dSoldAmount"_s, &SaleAmounts::sold},
+    {u"dPurchasePriceOfOwner"_s, &SaleAmounts::purchase},
+    {u"dAutomobilExpenses"_s, &SaleAmounts::expenses},
     {notaryCostColumn, &SaleAmounts::notaryCost},
-    {QStringLiteral("dRemainingPresence"), &SaleAmounts::notaryRemaining},
+    {u"dRemainingPresence"_s, &SaleAmounts::notaryRemaining},
 };
 
 }
 
 CDlgAddAutomobilInformationSales::CDlgAddAutomobilInformationSales(EditorMode mode, QWidget *parent)
-    : CarEditorPage(mode, QStringLiteral("مشخصات فروش"), parent)
+    : CarEditorPage(mode, u"مشخصات فروش"_s, parent)
 {
     build();
-    m_items->addList(QStringLiteral("iCustomsClearance"), InputParameters::ClearanceCustoms);
+    m_items->addList(u"iCustomsClearance"_s, InputParameters::ClearanceCustoms);
     for (const auto &[column, amount] : inputs)
         connect(m_form->edit(column), &KEdit::numberEdited, this, &CDlgAddAutomobilInformationSales::recompute);
     QPushButton *tariffs = m_form->button(notaryCostColumn);
-    tariffs->setToolTip(QStringLiteral("انتخاب از هزینه های تعرفه های محضر"));
+    tariffs->setToolTip(u"انتخاب از هزینه های تعرفه های محضر"_s);
     connect(tariffs, &QPushButton::clicked, this, &CDlgAddAutomobilInformationSales::pickTariff);
 }
 
@@ -58,12 +60,12 @@ void CDlgAddAutomobilInformationSales::build()
     CTblAutomobilInformations columns;
     m_form = new KForm(CarFields::sale(), columns, content);
     m_items = new ItemFields(*m_form, this);
-    m_buyer = new PersonGroup(QStringLiteral("مشخصات خريدار"), PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
-                              QStringLiteral("خريدار"));
+    m_buyer = new PersonGroup(u"مشخصات خريدار"_s, PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
+                              u"خريدار"_s);
 
     auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_form->checkBox(QStringLiteral("bSold")));
+    layout->addWidget(m_form->checkBox(u"bSold"_s));
     layout->addWidget(m_buyer);
     layout->addWidget(buildTransfer(content));
     layout->addWidget(buildAmounts(content));
@@ -75,7 +77,7 @@ void CDlgAddAutomobilInformationSales::build()
 
 QWidget *CDlgAddAutomobilInformationSales::buildTransfer(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("انتقال سند"), content);
+    auto *box = new QGroupBox(u"انتقال سند"_s, content);
     FormLines::grid(*m_form, box,
                     {
                         {{"dateBuy"}, {"dateDelivery"}, {"dateJawPlate"}, {"dateObtainingCopies"}},
@@ -87,7 +89,7 @@ QWidget *CDlgAddAutomobilInformationSales::buildTransfer(QWidget *content)
 
 QWidget *CDlgAddAutomobilInformationSales::buildAmounts(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("قرارداد و کميسيون"), content);
+    auto *box = new QGroupBox(u"قرارداد و کميسيون"_s, content);
     FormLines::grid(*m_form, box,
                     {
                         {{"dMbayhAutomobilContract"}},
@@ -99,7 +101,7 @@ QWidget *CDlgAddAutomobilInformationSales::buildAmounts(QWidget *content)
 
 QWidget *CDlgAddAutomobilInformationSales::buildResult(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("نتيجه فروش"), content);
+    auto *box = new QGroupBox(u"نتيجه فروش"_s, content);
     FormLines::grid(*m_form, box,
                     {
                         {{"dSoldAmount"}, {"dPurchasePriceOfOwner"}, {"dAutomobilExpenses"}},
@@ -110,7 +112,7 @@ QWidget *CDlgAddAutomobilInformationSales::buildResult(QWidget *content)
 
 QWidget *CDlgAddAutomobilInformationSales::buildClearance(QWidget *content)
 {
-    auto *box = new QGroupBox(QStringLiteral("ترخيص"), content);
+    auto *box = new QGroupBox(u"ترخيص"_s, content);
     FormLines::grid(*m_form, box, {{{"dateClearance"}, {"iCustomsClearance"}, {"sLicense"}}});
     return box;
 }
@@ -142,7 +144,7 @@ void CDlgAddAutomobilInformationSales::pickTariff()
 {
     const int chosen = CDlgAutomobilTariffs::Select(this, m_tariffID);
     CTblAutomobilTariffs tariff;
-    if (chosen == 0 || !tariff.IsRecordExist(QStringLiteral("iID"), chosen))
+    if (chosen == 0 || !tariff.IsRecordExist(u"iID"_s, chosen))
         return;
     m_tariffID = chosen;
     takeTariff();
@@ -152,7 +154,7 @@ void CDlgAddAutomobilInformationSales::pickTariff()
 void CDlgAddAutomobilInformationSales::takeTariff()
 {
     CTblAutomobilTariffs tariff;
-    if (m_tariffID != 0 && tariff.IsRecordExist(QStringLiteral("iID"), m_tariffID))
+    if (m_tariffID != 0 && tariff.IsRecordExist(u"iID"_s, m_tariffID))
         m_form->edit(notaryCostColumn)->setNumber(tariff.m_dAmount);
 }
 

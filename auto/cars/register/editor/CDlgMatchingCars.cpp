@@ -7,6 +7,8 @@
 #include "auto/cars/matching/MatchingCars.h"
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // "از A تا B", or the one end that is stated; empty without any.
@@ -14,9 +16,9 @@ QString rangeText(const QString &what, const QString &from, const QString &upTo)
 {
     QString text;
     if (!from.isEmpty())
-        text += QStringLiteral(" از ") + from;
+        text += u" از "_s + from;
     if (!upTo.isEmpty())
-        text += QStringLiteral(" تا ") + upTo;
+        text += u" تا "_s + upTo;
     return text.isEmpty() ? text : what + text;
 }
 
@@ -27,7 +29,7 @@ std::optional<MatchTable::Contents> contents(int demandID)
     if (!matching)
         return std::nullopt;
     MatchTable::Contents contents;
-    contents.subject = QStringLiteral("تقاضای %1، %2: %3")
+    contents.subject = u"تقاضای %1، %2: %3"_s
                            .arg(QString::number(matching->demandCode), name(matching->person).text,
                                 CDlgMatchingCars::wishesText(matching->wishes, matching->type, matching->color));
     contents.rows.reserve(static_cast<qsizetype>(matching->cars.size()));
@@ -45,34 +47,34 @@ QString CDlgMatchingCars::wishesText(const DemandWishes &wishes, const QString &
 {
     const auto year = [](int year) { return year == 0 ? QString() : QString::number(year); };
     const auto money = [](double amount) { return amount == 0 ? QString() : DToMoney(amount); };
-    QStringList parts{type, color, rangeText(QStringLiteral("سال تولید"), year(wishes.yearFrom), year(wishes.yearUpTo)),
-                      rangeText(QStringLiteral("مبلغ"), money(wishes.amountFrom), money(wishes.amountUpTo))};
+    QStringList parts{type, color, rangeText(u"سال تولید"_s, year(wishes.yearFrom), year(wishes.yearUpTo)),
+                      rangeText(u"مبلغ"_s, money(wishes.amountFrom), money(wishes.amountUpTo))};
     parts.removeAll(QString());
-    return parts.isEmpty() ? QStringLiteral("بدون خواسته مشخص") : parts.join(QStringLiteral("، "));
+    return parts.isEmpty() ? u"بدون خواسته مشخص"_s : parts.join(u"، "_s);
 }
 
 MatchTable CDlgMatchingCars::table(int demandID)
 {
-    const QString title = QStringLiteral("خودروهای مناسب");
+    const QString title = u"خودروهای مناسب"_s;
     return {
         title,
-        QStringLiteral("AutomobilInformations"),
-        QStringLiteral("AutomobilInformations\\Matching"),
-        QStringLiteral("خودرویی که با این تقاضا جور باشد پیدا نشد."),
+        u"AutomobilInformations"_s,
+        u"AutomobilInformations\\Matching"_s,
+        u"خودرویی که با این تقاضا جور باشد پیدا نشد."_s,
         {
-            {QStringLiteral("ردیف"), Qt::AlignCenter, 35},
-            {QStringLiteral("تناسب"), Qt::AlignCenter, 45},
-            {QStringLiteral("کد"), Qt::AlignCenter, 35},
-            {QStringLiteral("نوع خودرو"), Qt::AlignRight, 70},
-            {QStringLiteral("مدل"), Qt::AlignRight, 80},
-            {QStringLiteral("تیپ"), Qt::AlignRight, 60},
-            {QStringLiteral("سال تولید"), Qt::AlignCenter, 50},
-            {QStringLiteral("رنگ"), Qt::AlignRight, 55},
-            {QStringLiteral("مبلغ"), Qt::AlignCenter, 85},
-            {QStringLiteral("پلاک"), Qt::AlignCenter, 95, {}, false, true},
-            {QStringLiteral("نام مالک"), Qt::AlignRight, 110},
+            {u"ردیف"_s, Qt::AlignCenter, 35},
+            {u"تناسب"_s, Qt::AlignCenter, 45},
+            {u"کد"_s, Qt::AlignCenter, 35},
+            {u"نوع خودرو"_s, Qt::AlignRight, 70},
+            {u"مدل"_s, Qt::AlignRight, 80},
+            {u"تیپ"_s, Qt::AlignRight, 60},
+            {u"سال تولید"_s, Qt::AlignCenter, 50},
+            {u"رنگ"_s, Qt::AlignRight, 55},
+            {u"مبلغ"_s, Qt::AlignCenter, 85},
+            {u"پلاک"_s, Qt::AlignCenter, 95, {}, false, true},
+            {u"نام مالک"_s, Qt::AlignRight, 110},
         },
-        {title, QStringLiteral("گالری اتومبیل"), title},
+        {title, u"گالری اتومبیل"_s, title},
         [demandID] { return contents(demandID); },
         [](int key, QWidget *parent) {
             bool changed = false;

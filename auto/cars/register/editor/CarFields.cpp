@@ -6,6 +6,8 @@
 #include "auto/words/WordLists.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
@@ -43,7 +45,7 @@ KFormField list(const QString &column, const QString &label, const QStringList &
 
 KFormField year()
 {
-    KFormField field{QStringLiteral("iYear"), QStringLiteral("سال توليد :"), Kind::Integer};
+    KFormField field{u"iYear"_s, u"سال توليد :"_s, Kind::Integer};
     field.maximum = 9999;
     field.hasArrows = true;
     return field;
@@ -52,18 +54,18 @@ KFormField year()
 // The months by their numbers, behind the one entry for a car of which only the year is known.
 KFormField month()
 {
-    QStringList names{QStringLiteral("تمام ماه ها")};
+    QStringList names{u"تمام ماه ها"_s};
     QList<int> numbers{0};
     for (int month = 1; month <= 12; ++month) {
         names.append(shamsiMonthName(month));
         numbers.append(month);
     }
-    return list(QStringLiteral("iMonth"), QStringLiteral("ماه توليد :"), names, numbers);
+    return list(u"iMonth"_s, u"ماه توليد :"_s, names, numbers);
 }
 
 KFormField insuranceName()
 {
-    return {QStringLiteral("sNameInsurance"), QStringLiteral("نام بيمه گذار :"), Kind::EditableChoice};
+    return {u"sNameInsurance"_s, u"نام بيمه گذار :"_s, Kind::EditableChoice};
 }
 
 // Two amounts bear the same label, so their names tell whose they are.
@@ -85,86 +87,86 @@ KFormField signedAmount(KFormField field)
 QList<KFormField> CarFields::base()
 {
     return {
-        shown(QStringLiteral("iCode"), QStringLiteral("کد :"), Kind::Integer),
-        {QStringLiteral("dateCreate"), QStringLiteral("تاريخ ايجاد :"), Kind::Date},
-        {QStringLiteral("dateIntroduction"), QStringLiteral("تاريخ معرفي :"), Kind::Date},
-        withButton(QStringLiteral("iAutomobilType"), QStringLiteral("نوع خودرو :"), Kind::Lookup),
-        withButton(QStringLiteral("iSystem"), QStringLiteral("سيستم :"), Kind::Lookup),
-        withButton(QStringLiteral("iBrigade"), QStringLiteral("تيپ :"), Kind::Lookup),
-        withButton(QStringLiteral("iModel"), QStringLiteral("مدل :"), Kind::Lookup),
+        shown(u"iCode"_s, u"کد :"_s, Kind::Integer),
+        {u"dateCreate"_s, u"تاريخ ايجاد :"_s, Kind::Date},
+        {u"dateIntroduction"_s, u"تاريخ معرفي :"_s, Kind::Date},
+        withButton(u"iAutomobilType"_s, u"نوع خودرو :"_s, Kind::Lookup),
+        withButton(u"iSystem"_s, u"سيستم :"_s, Kind::Lookup),
+        withButton(u"iBrigade"_s, u"تيپ :"_s, Kind::Lookup),
+        withButton(u"iModel"_s, u"مدل :"_s, Kind::Lookup),
         year(),
         month(),
-        code(QStringLiteral("sNumOfEngines"), QStringLiteral("شماره موتور :")),
-        code(QStringLiteral("sChassisNum"), QStringLiteral("شماره شاسي :")),
-        code(QStringLiteral("sNumOfBodies"), QStringLiteral("شماره اتاق :")),
-        code(QStringLiteral("sNumOfPlates"), QStringLiteral("شماره پلاک :")),
-        code(QStringLiteral("sVIN"), QStringLiteral("VIN :")),
-        {QStringLiteral("iFunction"), QStringLiteral("کارکرد(کيلومتر) :"), Kind::Integer},
-        {QStringLiteral("dAmount"), QStringLiteral("مبلغ :"), Kind::Money},
-        {QStringLiteral("dateInsurance"), QStringLiteral("تاريخ بيمه :"), Kind::Date},
-        {QStringLiteral("sDiscountYears"), QStringLiteral("سال هاي تخفيف :")},
+        code(u"sNumOfEngines"_s, u"شماره موتور :"_s),
+        code(u"sChassisNum"_s, u"شماره شاسي :"_s),
+        code(u"sNumOfBodies"_s, u"شماره اتاق :"_s),
+        code(u"sNumOfPlates"_s, u"شماره پلاک :"_s),
+        code(u"sVIN"_s, u"VIN :"_s),
+        {u"iFunction"_s, u"کارکرد(کيلومتر) :"_s, Kind::Integer},
+        {u"dAmount"_s, u"مبلغ :"_s, Kind::Money},
+        {u"dateInsurance"_s, u"تاريخ بيمه :"_s, Kind::Date},
+        {u"sDiscountYears"_s, u"سال هاي تخفيف :"_s},
         insuranceName(),
-        {QStringLiteral("sInsuranceStatus"), QStringLiteral("وضعيت بيمه :")},
-        withButton(QStringLiteral("sDocumentsDeficit"), QStringLiteral("کسري مدارک :"), Kind::Text),
-        withButton(QStringLiteral("sFractionalParts"), QStringLiteral("کسري لوازم :"), Kind::Text),
-        {QStringLiteral("sDesc"), QStringLiteral("توضيحات :")},
-        {QStringLiteral("sDescSpecial"), QStringLiteral("توضيحات ويژه :")},
-        withButton(QStringLiteral("iNumOfWheels"), QStringLiteral("تعداد چرخ :"), Kind::Integer),
-        withButton(QStringLiteral("iNumOfCylinders"), QStringLiteral("تعداد سيلندر :"), Kind::Integer),
-        withButton(QStringLiteral("iVolumCylinders"), QStringLiteral("حجم سيلندر :"), Kind::Lookup),
-        withButton(QStringLiteral("iCapacity"), QStringLiteral("ظرفيت :"), Kind::Integer),
-        {QStringLiteral("iNumOFAxles"), QStringLiteral("تعداد محور :"), Kind::Integer},
-        list(QStringLiteral("iUsageType"), QStringLiteral("کاربري :"), WordLists::texts(WordLists::usageTypes().subspan(1)), {1, 2}),
-        withButton(QStringLiteral("iBodyStatus"), QStringLiteral("وضعيت بدنه :"), Kind::Lookup),
-        withButton(QStringLiteral("sAccessories"), QStringLiteral("لوازم جانبي :"), Kind::Text),
-        withButton(QStringLiteral("sFacilities"), QStringLiteral("امکانات :"), Kind::Text),
-        withButton(QStringLiteral("sDocumentsDelivered"), QStringLiteral("مدارک تحويلي :"), Kind::Text),
-        withButton(QStringLiteral("iCountry"), QStringLiteral("کشور :"), Kind::Lookup),
-        withButton(QStringLiteral("iColor"), QStringLiteral("رنگ :"), Kind::Lookup),
+        {u"sInsuranceStatus"_s, u"وضعيت بيمه :"_s},
+        withButton(u"sDocumentsDeficit"_s, u"کسري مدارک :"_s, Kind::Text),
+        withButton(u"sFractionalParts"_s, u"کسري لوازم :"_s, Kind::Text),
+        {u"sDesc"_s, u"توضيحات :"_s},
+        {u"sDescSpecial"_s, u"توضيحات ويژه :"_s},
+        withButton(u"iNumOfWheels"_s, u"تعداد چرخ :"_s, Kind::Integer),
+        withButton(u"iNumOfCylinders"_s, u"تعداد سيلندر :"_s, Kind::Integer),
+        withButton(u"iVolumCylinders"_s, u"حجم سيلندر :"_s, Kind::Lookup),
+        withButton(u"iCapacity"_s, u"ظرفيت :"_s, Kind::Integer),
+        {u"iNumOFAxles"_s, u"تعداد محور :"_s, Kind::Integer},
+        list(u"iUsageType"_s, u"کاربري :"_s, WordLists::texts(WordLists::usageTypes().subspan(1)), {1, 2}),
+        withButton(u"iBodyStatus"_s, u"وضعيت بدنه :"_s, Kind::Lookup),
+        withButton(u"sAccessories"_s, u"لوازم جانبي :"_s, Kind::Text),
+        withButton(u"sFacilities"_s, u"امکانات :"_s, Kind::Text),
+        withButton(u"sDocumentsDelivered"_s, u"مدارک تحويلي :"_s, Kind::Text),
+        withButton(u"iCountry"_s, u"کشور :"_s, Kind::Lookup),
+        withButton(u"iColor"_s, u"رنگ :"_s, Kind::Lookup),
         // In another order and spelling than the filter's list of fuels, whose positions are the codes.
-        list(QStringLiteral("iFuel"), QStringLiteral("سوخت :"),
-             {QStringLiteral("بنزین"), QStringLiteral("دوگانه سوز"), QStringLiteral("گاز"), QStringLiteral("گازوئیل"),
-              QStringLiteral("سایر")},
+        list(u"iFuel"_s, u"سوخت :"_s,
+             {u"بنزین"_s, u"دوگانه سوز"_s, u"گاز"_s, u"گازوئیل"_s,
+              u"سایر"_s},
              {1, 2, 4, 3, 5}),
-        withButton(QStringLiteral("iSource"), QStringLiteral("ماخذ :"), Kind::Lookup),
-        list(QStringLiteral("iTypeDocument"), QStringLiteral("نوع سند :"),
-             {QStringLiteral("قولنامه ای"), QStringLiteral("اجاره ای ")}, {0, 1}),
+        withButton(u"iSource"_s, u"ماخذ :"_s, Kind::Lookup),
+        list(u"iTypeDocument"_s, u"نوع سند :"_s,
+             {u"قولنامه ای"_s, u"اجاره ای "_s}, {0, 1}),
     };
 }
 
 QList<KFormField> CarFields::sale()
 {
-    const QString paid = QStringLiteral("پرداخت شده :");
-    const QString remaining = QStringLiteral("مانده :");
-    const QString contract = QStringLiteral("قرارداد");
-    const QString commission = QStringLiteral("کميسيون");
+    const QString paid = u"پرداخت شده :"_s;
+    const QString remaining = u"مانده :"_s;
+    const QString contract = u"قرارداد"_s;
+    const QString commission = u"کميسيون"_s;
     return {
-        {QStringLiteral("bSold"), QStringLiteral("فروخته شده"), Kind::Flag},
-        {QStringLiteral("dateBuy"), QStringLiteral("تاريخ خريد :"), Kind::Date},
-        {QStringLiteral("sRegistryNum"), QStringLiteral("شماره دفترخانه :")},
-        {QStringLiteral("dateDelivery"), QStringLiteral("تاريخ تحويل :"), Kind::Date},
-        {QStringLiteral("sAddress"), QStringLiteral("آدرس :")},
-        {QStringLiteral("dateJawPlate"), QStringLiteral("تاريخ فک پلاک :"), Kind::Date},
-        {QStringLiteral("dateLegalDocument"), QStringLiteral("تاريخ سند وکالت :"), Kind::Date},
-        {QStringLiteral("sNumLegalDocument"), QStringLiteral("شماره سند وکالت :")},
-        {QStringLiteral("datefinalDocument"), QStringLiteral("تاريخ سند قطعي :"), Kind::Date},
-        {QStringLiteral("dateObtainingCopies"), QStringLiteral("تاريخ اخذ کپي :"), Kind::Date},
-        {QStringLiteral("dMbayhAutomobilContract"), QStringLiteral("مبايعه نامه :"), Kind::Money},
-        {QStringLiteral("dAmountContract"), QStringLiteral("مبلغ قرارداد :"), Kind::Money},
-        amountOf(QStringLiteral("dPaidContract"), paid, contract),
-        signedAmount(amountOf(QStringLiteral("dRemainingContract"), remaining, contract)),
-        {QStringLiteral("dAmountCommission"), QStringLiteral("مبلغ کميسيون :"), Kind::Money},
-        amountOf(QStringLiteral("dPaidComission"), paid, commission),
-        signedAmount(amountOf(QStringLiteral("dRemainingComission"), remaining, commission)),
-        {QStringLiteral("sReplacementCenter"), QStringLiteral("مرکز تعويض :")},
-        {QStringLiteral("dPurchasePriceOfOwner"), QStringLiteral("مبلغ خريد از مالک :"), Kind::Money},
-        {QStringLiteral("dSoldAmount"), QStringLiteral("مبلغ فروخته شده :"), Kind::Money},
-        {QStringLiteral("dAutomobilExpenses"), QStringLiteral("مخارج اتومبيل :"), Kind::Money},
-        withButton(QStringLiteral("dAmountPresence"), QStringLiteral("هزينه محضر :"), Kind::Money),
-        signedAmount({QStringLiteral("dRemainingPresence"), QStringLiteral("مانده محضر :"), Kind::Money}),
-        signedAmount(shown(QStringLiteral("dProfitAndLoss"), QStringLiteral("سود و زيان :"), Kind::Money)),
-        {QStringLiteral("dateClearance"), QStringLiteral("تاريخ ترخيص :"), Kind::Date},
-        withButton(QStringLiteral("iCustomsClearance"), QStringLiteral("گمرک ترخيصي :"), Kind::Lookup),
-        {QStringLiteral("sLicense"), QStringLiteral("شماره پروانه :")},
+        {u"bSold"_s, u"فروخته شده"_s, Kind::Flag},
+        {u"dateBuy"_s, u"تاريخ خريد :"_s, Kind::Date},
+        {u"sRegistryNum"_s, u"شماره دفترخانه :"_s},
+        {u"dateDelivery"_s, u"تاريخ تحويل :"_s, Kind::Date},
+        {u"sAddress"_s, u"آدرس :"_s},
+        {u"dateJawPlate"_s, u"تاريخ فک پلاک :"_s, Kind::Date},
+        {u"dateLegalDocument"_s, u"تاريخ سند وکالت :"_s, Kind::Date},
+        {u"sNumLegalDocument"_s, u"شماره سند وکالت :"_s},
+        {u"datefinalDocument"_s, u"تاريخ سند قطعي :"_s, Kind::Date},
+        {u"dateObtainingCopies"_s, u"تاريخ اخذ کپي :"_s, Kind::Date},
+        {u"dMbayhAutomobilContract"_s, u"مبايعه نامه :"_s, Kind::Money},
+        {u"dAmountContract"_s, u"مبلغ قرارداد :"_s, Kind::Money},
+        amountOf(u"dPaidContract"_s, paid, contract),
+        signedAmount(amountOf(u"dRemainingContract"_s, remaining, contract)),
+        {u"dAmountCommission"_s, u"مبلغ کميسيون :"_s, Kind::Money},
+        amountOf(u"dPaidComission"_s, paid, commission),
+        signedAmount(amountOf(u"dRemainingComission"_s, remaining, commission)),
+        {u"sReplacementCenter"_s, u"مرکز تعويض :"_s},
+        {u"dPurchasePriceOfOwner"_s, u"مبلغ خريد از مالک :"_s, Kind::Money},
+        {u"dSoldAmount"_s, u"مبلغ فروخته شده :"_s, Kind::Money},
+        {u"dAutomobilExpenses"_s, u"مخارج اتومبيل :"_s, Kind::Money},
+        withButton(u"dAmountPresence"_s, u"هزينه محضر :"_s, Kind::Money),
+        signedAmount({u"dRemainingPresence"_s, u"مانده محضر :"_s, Kind::Money}),
+        signedAmount(shown(u"dProfitAndLoss"_s, u"سود و زيان :"_s, Kind::Money)),
+        {u"dateClearance"_s, u"تاريخ ترخيص :"_s, Kind::Date},
+        withButton(u"iCustomsClearance"_s, u"گمرک ترخيصي :"_s, Kind::Lookup),
+        {u"sLicense"_s, u"شماره پروانه :"_s},
     };
 }

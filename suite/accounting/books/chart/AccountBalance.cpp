@@ -5,6 +5,8 @@
 
 #include "suite/utility/values/Money.h"
 
+using namespace Qt::StringLiterals;
+
 bool AccountBalance::isBalanced() const
 {
     return IsEquals(bed, bes);
@@ -13,8 +15,8 @@ bool AccountBalance::isBalanced() const
 QString AccountBalance::nature() const
 {
     if (isBalanced())
-        return QStringLiteral("-");
-    return bed > bes ? QStringLiteral("بد") : QStringLiteral("بس");
+        return u"-"_s;
+    return bed > bes ? u"بد"_s : u"بس"_s;
 }
 
 AccountBalance &AccountBalance::operator+=(const AccountBalance &other)

@@ -19,6 +19,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using AccountChart::Account;
@@ -34,7 +36,7 @@ template <class Records, class Parent>
 QList<Account> readAll(int database, Parent parentOf)
 {
     Records set(database);
-    set.m_sort = QStringLiteral("iCode");
+    set.m_sort = u"iCode"_s;
     QList<Account> accounts;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         accounts.append({set.m_iCode, set.m_sName, parentOf(set), set.m_iStatus == 0});
@@ -75,10 +77,10 @@ QString requireName(const QList<Account> &accounts, const QString &name, int par
 {
     QString kept = ConvertToStandard(name);
     if (kept.isEmpty())
-        throw KAccountingError(QStringLiteral("لطفا نام حساب را وارد نمایید."));
+        throw KAccountingError(u"لطفا نام حساب را وارد نمایید."_s);
     for (const Account &other : accounts) {
         if (other.code != ownCode && other.parent == parent && searchKey(other.name) == searchKey(kept))
-            throw KAccountingError(QStringLiteral("حساب %1 همین نام را دارد.").arg(codeText(other.code)));
+            throw KAccountingError(u"حساب %1 همین نام را دارد."_s.arg(codeText(other.code)));
     }
     return kept;
 }
@@ -87,16 +89,16 @@ void requireCode(AccountLevel level, const QList<Account> &accounts, int code, i
 {
     switch (AccountCode::check(level, code, parent)) {
     case AccountCode::Problem::WrongLength:
-        throw KAccountingError(level == AccountLevel::Kol         ? QStringLiteral("کد حساب کل باید چهار رقم باشد.")
-                                   : level == AccountLevel::Moeen ? QStringLiteral("کد حساب معین باید شش رقم باشد.")
-                                                                  : QStringLiteral("کد حساب تفصیلی باید هفت تا نه رقم باشد."));
+        throw KAccountingError(level == AccountLevel::Kol         ? u"کد حساب کل باید چهار رقم باشد."_s
+                                   : level == AccountLevel::Moeen ? u"کد حساب معین باید شش رقم باشد."_s
+                                                                  : u"کد حساب تفصیلی باید هفت تا نه رقم باشد."_s);
     case AccountCode::Problem::NotUnderParent:
-        throw KAccountingError(QStringLiteral("کد حساب باید با %1 آغاز شود.").arg(codeText(parent)));
+        throw KAccountingError(u"کد حساب باید با %1 آغاز شود."_s.arg(codeText(parent)));
     case AccountCode::Problem::None:
         break;
     }
     if (find(accounts, code))
-        throw KAccountingError(QStringLiteral("حساب %1 وجود دارد.").arg(codeText(code)));
+        throw KAccountingError(u"حساب %1 وجود دارد."_s.arg(codeText(code)));
 }
 
 bool hasRowsOfItsOwn(int moeen, int database)
@@ -114,29 +116,29 @@ void requireParent(AccountLevel level, int parent, int database)
     const QList<Account> above = AccountChart::read(levelAbove(level), database);
     const Account *account = find(above, parent);
     if (!account)
-        throw KAccountingError(QStringLiteral("حساب بالاتر وجود ندارد."));
+        throw KAccountingError(u"حساب بالاتر وجود ندارد."_s);
     if (!account->active)
-        throw KAccountingError(QStringLiteral("حساب «%1» غیرفعال است.").arg(account->name));
+        throw KAccountingError(u"حساب «%1» غیرفعال است."_s.arg(account->name));
     if (level != AccountLevel::Tafsily)
         return;
     if (AccountCode::isUndivided(parent))
         throw KAccountingError(
-            QStringLiteral("برنامه خودش روی حساب «%1» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
+            u"برنامه خودش روی حساب «%1» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود."_s.arg(account->name));
     if (hasRowsOfItsOwn(parent, database))
         throw KAccountingError(
-            QStringLiteral("حساب «%1» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود.").arg(account->name));
+            u"حساب «%1» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."_s.arg(account->name));
 }
 
 void requireDeactivatable(AccountLevel level, int code, int database)
 {
     if (AccountCode::isFixed(code))
-        throw KAccountingError(QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."));
+        throw KAccountingError(u"برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."_s);
     if (level == AccountLevel::Tafsily)
         return;
     const AccountLevel below = level == AccountLevel::Kol ? AccountLevel::Moeen : AccountLevel::Tafsily;
     for (const Account &account : AccountChart::read(below, database)) {
         if (account.parent == code && account.active)
-            throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را که زیر این حساب است غیرفعال نمایید.").arg(account.name));
+            throw KAccountingError(u"ابتدا حساب «%1» را که زیر این حساب است غیرفعال نمایید."_s.arg(account.name));
     }
 }
 
@@ -149,11 +151,11 @@ void requireActivatable(AccountLevel level, int code, int database)
     if (!parent)
         return;
     if (!parent->active)
-        throw KAccountingError(QStringLiteral("ابتدا حساب «%1» را فعال نمایید.").arg(parent->name));
+        throw KAccountingError(u"ابتدا حساب «%1» را فعال نمایید."_s.arg(parent->name));
     // Rows went to it while none of its detail accounts was active.
     if (level == AccountLevel::Tafsily && hasRowsOfItsOwn(parent->code, database))
         throw KAccountingError(
-            QStringLiteral("حساب «%1» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود.").arg(parent->name));
+            u"حساب «%1» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود."_s.arg(parent->name));
 }
 
 }
@@ -162,18 +164,18 @@ QString AccountChart::table(AccountLevel level)
 {
     switch (level) {
     case AccountLevel::Kol:
-        return QStringLiteral("HesabKol");
+        return u"HesabKol"_s;
     case AccountLevel::Moeen:
-        return QStringLiteral("HesabMoeen");
+        return u"HesabMoeen"_s;
     case AccountLevel::Tafsily:
-        return QStringLiteral("HesabTafsily");
+        return u"HesabTafsily"_s;
     }
     Q_UNREACHABLE();
 }
 
 QString AccountChart::docsColumn(AccountLevel level)
 {
-    return QStringLiteral("i%1Code").arg(table(level));
+    return u"i%1Code"_s.arg(table(level));
 }
 
 QList<Account> AccountChart::read(AccountLevel level, int database)
@@ -191,7 +193,7 @@ QList<Account> AccountChart::read(AccountLevel level, int database)
 
 QString AccountChart::nameOf(int code, int database)
 {
-    return KLookup::name({table(AccountCode::levelOf(code)), QStringLiteral("iCode"), QStringLiteral("sName")}, code, database);
+    return KLookup::name({table(AccountCode::levelOf(code)), u"iCode"_s, u"sName"_s}, code, database);
 }
 
 QList<Account> AccountChart::postable(int database)
@@ -244,8 +246,8 @@ void AccountChart::rename(int code, const QString &name, int database)
     KTransaction transaction(database);
     const AccountLevel level = AccountCode::levelOf(code);
     const std::unique_ptr<KMySQL> set = records(level, database);
-    if (!set->IsRecordExist(QStringLiteral("iCode"), code))
-        throw KAccountingError(QStringLiteral("این حساب دیگر وجود ندارد."));
+    if (!set->IsRecordExist(u"iCode"_s, code))
+        throw KAccountingError(u"این حساب دیگر وجود ندارد."_s);
     const QString kept = requireName(read(level, database), name, AccountCode::parentOf(code), code);
     set->Edit();
     set->setValue(u"sName", kept);
@@ -259,8 +261,8 @@ void AccountChart::setActive(int code, bool active, int database)
     KTransaction transaction(database);
     const AccountLevel level = AccountCode::levelOf(code);
     const std::unique_ptr<KMySQL> set = records(level, database);
-    if (!set->IsRecordExist(QStringLiteral("iCode"), code))
-        throw KAccountingError(QStringLiteral("این حساب دیگر وجود ندارد."));
+    if (!set->IsRecordExist(u"iCode"_s, code))
+        throw KAccountingError(u"این حساب دیگر وجود ندارد."_s);
     if (active)
         requireActivatable(level, code, database);
     else

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/books/chart/CTblHesabKol.h"
 
+using namespace Qt::StringLiterals;
+
 CTblHesabKol::CTblHesabKol(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblHesabKol::~CTblHesabKol() = default;
 
 QString CTblHesabKol::GetTableName() const
 {
-    return QStringLiteral("HesabKol");
+    return u"HesabKol"_s;
 }
 
 void CTblHesabKol::DoFieldExchange()

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
 
+using namespace Qt::StringLiterals;
+
 CTblHesabMoeen::CTblHesabMoeen(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblHesabMoeen::~CTblHesabMoeen() = default;
 
 QString CTblHesabMoeen::GetTableName() const
 {
-    return QStringLiteral("HesabMoeen");
+    return u"HesabMoeen"_s;
 }
 
 void CTblHesabMoeen::DoFieldExchange()

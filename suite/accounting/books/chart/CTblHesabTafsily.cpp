@@ -3,6 +3,8 @@
 
 #include "suite/accounting/books/chart/CTblHesabTafsily.h"
 
+using namespace Qt::StringLiterals;
+
 CTblHesabTafsily::CTblHesabTafsily(int database)
     : KMySQL(database)
 {
@@ -12,7 +14,7 @@ CTblHesabTafsily::~CTblHesabTafsily() = default;
 
 QString CTblHesabTafsily::GetTableName() const
 {
-    return QStringLiteral("HesabTafsily");
+    return u"HesabTafsily"_s;
 }
 
 void CTblHesabTafsily::DoFieldExchange()

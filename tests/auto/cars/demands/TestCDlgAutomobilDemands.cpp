@@ -43,9 +43,9 @@ namespace {
 using Demand = CTblAutomobilDemands;
 using Page = CDlgAutomobilDemands;
 
-const QString section = QStringLiteral("AutomobilDemands");
-const QString rightsForm = QStringLiteral("AutomobilDemands");
-const QString archiveForm = QStringLiteral("AutomobilDemandArchive");
+const QString section = u"AutomobilDemands"_s;
+const QString rightsForm = u"AutomobilDemands"_s;
+const QString archiveForm = u"AutomobilDemandArchive"_s;
 const QStringList changing = {u"new"_s, u"edit"_s, u"show"_s, u"delete"_s, u"archive"_s};
 
 QString headerText(const Page &page, int column)
@@ -130,8 +130,8 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        m_brand = m_office->addBrand(QStringLiteral("پژو"));
+        m_person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        m_brand = m_office->addBrand(u"پژو"_s);
     }
 
     // --- Texts ---
@@ -140,26 +140,26 @@ private Q_SLOTS:
     {
         Page page;
         page.open();
-        QCOMPARE(page.title(), QStringLiteral("تقاضا"));
+        QCOMPARE(page.title(), u"تقاضا"_s);
         QStringList labels;
         for (const QLabel *label : page.findChildren<QLabel *>())
             labels << label->text();
         for (const QString &text :
-             {QStringLiteral("متقاضي :"), QStringLiteral("مبلغ از :"), QStringLiteral("سال توليد از :"),
-              QStringLiteral("وضعيت بايگاني :"), QStringLiteral("توضيحات ويژه :"), QStringLiteral("نوع خودرو :"),
-              QStringLiteral("تاريخ مراجعه از :"), QStringLiteral("رنگ :"), QStringLiteral("تعداد نمايش :")})
+             {u"متقاضي :"_s, u"مبلغ از :"_s, u"سال توليد از :"_s,
+              u"وضعيت بايگاني :"_s, u"توضيحات ويژه :"_s, u"نوع خودرو :"_s,
+              u"تاريخ مراجعه از :"_s, u"رنگ :"_s, u"تعداد نمايش :"_s})
             QVERIFY2(labels.contains(text), qPrintable(text));
-        QCOMPARE(labels.count(QStringLiteral("تا :")), 3);
-        QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), QStringLiteral("نمايش غير فعال ها"));
+        QCOMPARE(labels.count(u"تا :"_s), 3);
+        QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), u"نمايش غير فعال ها"_s);
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
-        for (const QString &text : {QStringLiteral("جديد"), QStringLiteral("ويرايش"), QStringLiteral("نمايش"), QStringLiteral("حذف"), QStringLiteral("بايگاني شد"), QStringLiteral("جستجو"), QStringLiteral("پيش فرض"), QStringLiteral("چاپ ليست"), QStringLiteral("خودروهای مناسب")})
+        for (const QString &text : {u"جديد"_s, u"ويرايش"_s, u"نمايش"_s, u"حذف"_s, u"بايگاني شد"_s, u"جستجو"_s, u"پيش فرض"_s, u"چاپ ليست"_s, u"خودروهای مناسب"_s})
             QVERIFY2(captions.contains(text), qPrintable(text));
         QStringList titles;
         for (int i = 0; i < 11; ++i)
             titles << headerText(page, i);
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("کد تقاضا*"), QStringLiteral("نام متقاضی"), QStringLiteral("نوع خودرو"), QStringLiteral("از مدل"), QStringLiteral("تا مدل"), QStringLiteral("از مبلغ"), QStringLiteral("تا مبلغ"), QStringLiteral("تاریخ مراجعه"), QStringLiteral("توضیحات ویژه"), QStringLiteral("وضعیت بایگانی")}));
+        QCOMPARE(titles, (QStringList{u"ردیف"_s, u"کد تقاضا*"_s, u"نام متقاضی"_s, u"نوع خودرو"_s, u"از مدل"_s, u"تا مدل"_s, u"از مبلغ"_s, u"تا مبلغ"_s, u"تاریخ مراجعه"_s, u"توضیحات ویژه"_s, u"وضعیت بایگانی"_s}));
     }
 
     void columnsHaveTheirWidthsAlignmentsAndSortKeys()
@@ -168,10 +168,10 @@ private Q_SLOTS:
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
         QStringList lines;
         for (const KListModel::Column &column : columns)
-            lines << QStringLiteral("%1 %2 %3").arg(column.width).arg(column.alignment == Qt::AlignRight ? QStringLiteral("r") : column.isDate ? QStringLiteral("date")
-                                                                                                                                               : QStringLiteral("c"))
+            lines << u"%1 %2 %3"_s.arg(column.width).arg(column.alignment == Qt::AlignRight ? u"r"_s : column.isDate ? u"date"_s
+                                                                                                                     : u"c"_s)
                          .arg(column.sortKey);
-        QCOMPARE(lines, (QStringList{QStringLiteral("40 c "), QStringLiteral("40 c ad.iCode"), QStringLiteral("80 r ad.iPersonID"), QStringLiteral("80 r ad.iAutomobilType"), QStringLiteral("50 r ad.iModelFrom"), QStringLiteral("50 r ad.iModelUpTo"), QStringLiteral("50 c ad.dAmountFrom"), QStringLiteral("50 c ad.dAmountUpTo"), QStringLiteral("80 date ad.dateReference"), QStringLiteral("150 r ad.sDescSpecial"), QStringLiteral("50 r ad.iArchiveUserID")}));
+        QCOMPARE(lines, (QStringList{u"40 c "_s, u"40 c ad.iCode"_s, u"80 r ad.iPersonID"_s, u"80 r ad.iAutomobilType"_s, u"50 r ad.iModelFrom"_s, u"50 r ad.iModelUpTo"_s, u"50 c ad.dAmountFrom"_s, u"50 c ad.dAmountUpTo"_s, u"80 date ad.dateReference"_s, u"150 r ad.sDescSpecial"_s, u"50 r ad.iArchiveUserID"_s}));
     }
 
     void noTwoControlsHaveOneName()
@@ -200,7 +200,7 @@ private Q_SLOTS:
             d.m_dAmountFrom = 4500000000;
             d.m_dAmountUpTo = 5000000000;
             d.m_dateReference = day(2026, 3, 21);
-            d.m_sDescSpecial = QStringLiteral("فوری");
+            d.m_sDescSpecial = u"فوری"_s;
         });
         Page page;
         page.open();
@@ -209,8 +209,8 @@ private Q_SLOTS:
         QStringList cells;
         for (int i = 0; i < 11; ++i)
             cells << page.list()->cellText(0, i);
-        QCOMPARE(cells, (QStringList{QStringLiteral("1"), QStringLiteral("12"), QStringLiteral("سارا کریمی"), QStringLiteral("پژو"), QStringLiteral("1390"), QStringLiteral("1395"), DToMoney(4500000000), DToMoney(5000000000), QStringLiteral("1405/01/01"), QStringLiteral("فوری"), QStringLiteral("-")}));
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 1"));
+        QCOMPARE(cells, (QStringList{u"1"_s, u"12"_s, u"سارا کریمی"_s, u"پژو"_s, u"1390"_s, u"1395"_s, DToMoney(4500000000), DToMoney(5000000000), u"1405/01/01"_s, u"فوری"_s, u"-"_s}));
+        QCOMPARE(page.countText(), u"تعداد : 1"_s);
     }
 
     void demandWhosePersonWasDeletedIsNotListed()
@@ -219,7 +219,7 @@ private Q_SLOTS:
         addDemand([](Demand &d) { d.m_iPersonID = 999999; });
         Page page;
         page.open();
-        QCOMPARE(codes(page), QStringList{QStringLiteral("1")});
+        QCOMPARE(codes(page), QStringList{u"1"_s});
     }
 
     void demandWhoseTypeWasDeletedShowsADashAsItsType()
@@ -228,7 +228,7 @@ private Q_SLOTS:
         addDemand();
         Page page;
         page.open();
-        QCOMPARE(column(page, u"type"), (QStringList{QStringLiteral("-"), QStringLiteral("-")}));
+        QCOMPARE(column(page, u"type"), (QStringList{u"-"_s, u"-"_s}));
     }
 
     void archivedDemandReadsYes()
@@ -239,13 +239,13 @@ private Q_SLOTS:
         QCOMPARE(page.list()->count(), 0);
         page.filters().set(u"archive", 0);
         page.refill();
-        QCOMPARE(page.list()->cellText(0, u"archived"), QStringLiteral("بلی"));
+        QCOMPARE(page.list()->cellText(0, u"archived"), u"بلی"_s);
     }
 
     void namesAreLookedUpOnceForTheWholeList()
     {
         const auto statementsOf = [](Page &page) {
-            const ObservedStatements statements({QStringLiteral("SELECT")});
+            const ObservedStatements statements({u"SELECT"_s});
             page.refill();
             return statements.taken().size();
         };
@@ -254,34 +254,34 @@ private Q_SLOTS:
         page.open();
         const qsizetype few = statementsOf(page);
         for (int i = 0; i < 40; ++i) {
-            const int person = m_office->addPerson(QStringLiteral("a"), QString::number(i));
+            const int person = m_office->addPerson(u"a"_s, QString::number(i));
             const int brand = m_office->addBrand(QString::number(i));
             addDemand([&](Demand &d) { d.m_iPersonID = person; d.m_iAutomobilType = brand; });
         }
         QCOMPARE(statementsOf(page), few);
         QCOMPARE(page.list()->count(), 41);
-        QCOMPARE(page.list()->cellText(40, u"type"), QStringLiteral("39"));
+        QCOMPARE(page.list()->cellText(40, u"type"), u"39"_s);
     }
 
     // --- Filter ---
 
     void everyFilterControlGoesIntoTheCriteria()
     {
-        const int color = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int color = CTblMultiItems::addValue(CTblItems::typeColor, u"سفید"_s);
         Page page;
         page.open();
         page.filters().set(u"inactive", true);
         page.filters().set(u"archive", 3);
         page.filters().set(u"type", m_brand);
         page.filters().set(u"color", color);
-        page.filters().control<KDateEdit>(u"referenceFrom")->setText(QStringLiteral("1405/01/01"));
-        page.filters().control<KDateEdit>(u"referenceTo")->setText(QStringLiteral("1405/01/02"));
-        page.filters().set(u"specialDescription", QStringLiteral("50%"));
+        page.filters().control<KDateEdit>(u"referenceFrom")->setText(u"1405/01/01"_s);
+        page.filters().control<KDateEdit>(u"referenceTo")->setText(u"1405/01/02"_s);
+        page.filters().set(u"specialDescription", u"50%"_s);
         page.filters().set(u"person", m_person);
-        page.filters().control<KEdit>(u"yearFrom")->setText(QStringLiteral("1385"));
-        page.filters().control<KEdit>(u"yearTo")->setText(QStringLiteral("۱۳۹۰"));
-        page.filters().control<KEdit>(u"amountFrom")->setText(QStringLiteral("1,000"));
-        page.filters().control<KEdit>(u"amountTo")->setText(QStringLiteral("2000"));
+        page.filters().control<KEdit>(u"yearFrom")->setText(u"1385"_s);
+        page.filters().control<KEdit>(u"yearTo")->setText(u"۱۳۹۰"_s);
+        page.filters().control<KEdit>(u"amountFrom")->setText(u"1,000"_s);
+        page.filters().control<KEdit>(u"amountTo")->setText(u"2000"_s);
         const KFilterValues asked = page.filters().values();
         QVERIFY(asked[u"inactive"_s].toBool());
         QCOMPARE(asked[u"archive"_s].toInt(), 3);
@@ -289,21 +289,21 @@ private Q_SLOTS:
         QCOMPARE(asked[u"color"_s].toInt(), color);
         QCOMPARE(asked[u"referenceFrom"_s].toDateTime().date(), QDate(2026, 3, 21));
         QCOMPARE(asked[u"referenceTo"_s].toDateTime().date(), QDate(2026, 3, 22));
-        QCOMPARE(asked[u"specialDescription"_s].toString(), QStringLiteral("50\\%"));
+        QCOMPARE(asked[u"specialDescription"_s].toString(), u"50\\%"_s);
         QCOMPARE(asked[u"person"_s].toInt(), m_person);
         QCOMPARE(asked[u"yearFrom"_s].toInt(), 1385);
         QCOMPARE(asked[u"yearTo"_s].toInt(), 1390);
         QCOMPARE(asked[u"amountFrom"_s].toDouble(), 1000.0);
         QCOMPARE(asked[u"amountTo"_s].toDouble(), 2000.0);
-        const ObservedStatements statements({QStringLiteral("SELECT ad.")});
+        const ObservedStatements statements({u"SELECT ad."_s});
         page.refill();
-        QVERIFY(statements.taken().constFirst().contains(QStringLiteral("ad.iArchiveUserID<>%1").arg(m_office->adminID())));
+        QVERIFY(statements.taken().constFirst().contains(u"ad.iArchiveUserID<>%1"_s.arg(m_office->adminID())));
     }
 
     void filterStartsAndResetsWithDemandsNotArchivedAndAllTypes()
     {
         addDemand();
-        CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
+        CTblMultiItems::addValue(CTblItems::typeColor, u"سفید"_s);
         Page page;
         page.open();
         const QStringList numbers = {u"type"_s, u"color"_s, u"person"_s, u"yearFrom"_s, u"yearTo"_s, u"amountFrom"_s, u"amountTo"_s};
@@ -315,18 +315,18 @@ private Q_SLOTS:
                 && std::none_of(dates.cbegin(), dates.cend(), [&](const QString &key) { return asked[key].toDateTime().isValid(); });
         };
         QVERIFY(isDefault());
-        QCOMPARE(page.filters().control<QComboBox>(u"type")->itemText(0), QStringLiteral("همه"));
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->itemText(0), u"همه"_s);
         QCOMPARE(page.list()->count(), 1);
         page.filters().set(u"inactive", true);
         page.filters().set(u"archive", 2);
         page.filters().control<QComboBox>(u"type")->setCurrentIndex(1);
         page.filters().control<QComboBox>(u"color")->setCurrentIndex(1);
         page.filters().set(u"person", m_person);
-        page.filters().set(u"specialDescription", QStringLiteral("x"));
+        page.filters().set(u"specialDescription", u"x"_s);
         for (const QString &key : {u"referenceFrom"_s, u"referenceTo"_s})
-            page.filters().control<KDateEdit>(key)->setText(QStringLiteral("1405/01/01"));
+            page.filters().control<KDateEdit>(key)->setText(u"1405/01/01"_s);
         for (const QString &key : {u"yearFrom"_s, u"yearTo"_s, u"amountFrom"_s, u"amountTo"_s})
-            page.filters().control<KEdit>(key)->setText(QStringLiteral("1385"));
+            page.filters().control<KEdit>(key)->setText(u"1385"_s);
         const KFilterValues asked = page.filters().values();
         QVERIFY(asked[u"inactive"_s].toBool());
         QCOMPARE(asked[u"archive"_s].toInt(), 2);
@@ -336,14 +336,14 @@ private Q_SLOTS:
         for (const QString &key : dates)
             QVERIFY2(asked[key].toDateTime().isValid(), qPrintable(key));
         // A brand and a colour that were added meanwhile are offered too.
-        m_office->addBrand(QStringLiteral("سایپا"));
-        CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سیاه"));
+        m_office->addBrand(u"سایپا"_s);
+        CTblMultiItems::addValue(CTblItems::typeColor, u"سیاه"_s);
         QVERIFY(page.runCommand(u"reset"));
         QVERIFY(isDefault());
         QCOMPARE(page.filters().control<QComboBox>(u"type")->count(), 3);
         QCOMPARE(page.filters().control<QComboBox>(u"color")->count(), 3);
         QCOMPARE(page.list()->count(), 0);
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
+        QCOMPARE(page.countText(), u"تعداد : 0"_s);
         QVERIFY(!page.button(u"edit")->isEnabled());
     }
 
@@ -363,10 +363,10 @@ private Q_SLOTS:
         addDemand([](Demand &d) { d.m_iModelFrom = 1384; d.m_iModelUpTo = 1389; });
         Page page;
         page.open();
-        page.filters().control<KEdit>(u"yearFrom")->setText(QStringLiteral("1385"));
-        page.filters().control<KEdit>(u"yearTo")->setText(QStringLiteral("1390"));
+        page.filters().control<KEdit>(u"yearFrom")->setText(u"1385"_s);
+        page.filters().control<KEdit>(u"yearTo")->setText(u"1390"_s);
         page.refill();
-        QCOMPARE(codes(page), QStringList{QStringLiteral("1")});
+        QCOMPARE(codes(page), QStringList{u"1"_s});
     }
 
     // --- Settings ---
@@ -377,7 +377,7 @@ private Q_SLOTS:
             Page page;
             page.open();
             QCOMPARE(page.rowLimit(), 1000);
-            QCOMPARE(page.sortExpression(), QStringLiteral("ad.iCode"));
+            QCOMPARE(page.sortExpression(), u"ad.iCode"_s);
             page.setRowLimit(25);
             addDemand();
             page.refill();
@@ -385,24 +385,24 @@ private Q_SLOTS:
             Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"specialDescription"));
             page.OnClosing();
         }
-        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 25);
-        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), 0), 9);
-        QCOMPARE(ReadSetting(section, QStringLiteral("Sort"), QString()), QStringLiteral("ad.sDescSpecial DESC"));
+        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 0), 25);
+        QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 9);
+        QCOMPARE(ReadSetting(section, u"Sort"_s, QString()), u"ad.sDescSpecial DESC"_s);
         Page page;
         page.open();
         QCOMPARE(page.rowLimit(), 25);
-        QCOMPARE(page.sortExpression(), QStringLiteral("ad.sDescSpecial DESC"));
-        QCOMPARE(headerText(page, u"specialDescription"), QStringLiteral("توضیحات ویژه*"));
+        QCOMPARE(page.sortExpression(), u"ad.sDescSpecial DESC"_s);
+        QCOMPARE(headerText(page, u"specialDescription"), u"توضیحات ویژه*"_s);
     }
 
     void emptyStoredSortIsByCode()
     {
-        WriteSetting(section, QStringLiteral("Sort"), QString());
+        WriteSetting(section, u"Sort"_s, QString());
         addDemand([](Demand &d) { d.m_iCode = 9; });
         addDemand([](Demand &d) { d.m_iCode = 2; });
         Page page;
         page.open();
-        QCOMPARE(codes(page), (QStringList{QStringLiteral("2"), QStringLiteral("9")}));
+        QCOMPARE(codes(page), (QStringList{u"2"_s, u"9"_s}));
     }
 
     void rowLimit_data()
@@ -419,14 +419,14 @@ private Q_SLOTS:
         QFETCH(int, limit);
         for (int i = 0; i < 6; ++i)
             addDemand();
-        WriteSetting(section, QStringLiteral("iMaxRows"), limit);
-        const ObservedStatements statements({QStringLiteral("SELECT ad.")});
+        WriteSetting(section, u"iMaxRows"_s, limit);
+        const ObservedStatements statements({u"SELECT ad."_s});
         Page page;
         page.open();
         QTEST(page.list()->count(), "listed");
         QCOMPARE(statements.taken().size(), 1);
-        QCOMPARE(statements.taken().first().contains(QStringLiteral(" LIMIT ")), limit > 0);
-        QVERIFY(statements.taken().first().contains(QStringLiteral(" GROUP BY ad.iID ORDER BY ad.iCode")));
+        QCOMPARE(statements.taken().first().contains(u" LIMIT "_s), limit > 0);
+        QVERIFY(statements.taken().first().contains(u" GROUP BY ad.iID ORDER BY ad.iCode"_s));
     }
 
     void everySortableColumnSorts()
@@ -473,7 +473,7 @@ private Q_SLOTS:
         }
         Q_EMIT page.list()->emptyAreaActivated();
         GetDBSetting()->SetClosedDB(false);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"1"_s);
         QVERIFY(!page.button(u"matchingCars")->isHidden());
     }
 
@@ -484,12 +484,12 @@ private Q_SLOTS:
         page.open();
         TestOffice::whenModal("CDlgAddAutomobilDemand", [this](QWidget *window) {
             auto *dialog = static_cast<CDlgAddAutomobilDemand *>(window);
-            QCOMPARE(dialog->windowTitle(), QStringLiteral("تقاضا - جدید"));
+            QCOMPARE(dialog->windowTitle(), u"تقاضا - جدید"_s);
             dialog->basePage()->person()->setPersonID(m_person);
             dialog->accept();
         });
         QVERIFY(page.runCommand(u"new"));
-        QCOMPARE(codes(page), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+        QCOMPARE(codes(page), (QStringList{u"1"_s, u"2"_s}));
         QCOMPARE(page.list()->currentRow(), 1);
     }
 
@@ -499,7 +499,7 @@ private Q_SLOTS:
         page.open();
         TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
         QVERIFY(page.runCommand(u"new"));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"0"_s);
         QCOMPARE(page.list()->count(), 0);
     }
 
@@ -510,12 +510,12 @@ private Q_SLOTS:
         page.open();
         TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
             auto *dialog = static_cast<CDlgAddAutomobilDemand *>(window);
-            QCOMPARE(dialog->windowTitle(), QStringLiteral("تقاضا - ویرایش"));
-            dialog->basePage()->form()->edit(QStringLiteral("sDescSpecial"))->setText(QStringLiteral("فوری"));
+            QCOMPARE(dialog->windowTitle(), u"تقاضا - ویرایش"_s);
+            dialog->basePage()->form()->edit(u"sDescSpecial"_s)->setText(u"فوری"_s);
             dialog->accept();
         });
         QVERIFY(page.runCommand(u"edit"));
-        QCOMPARE(page.list()->cellText(0, u"specialDescription"), QStringLiteral("فوری"));
+        QCOMPARE(page.list()->cellText(0, u"specialDescription"), u"فوری"_s);
     }
 
     void commandOnAVanishedDemandDoesNothing()
@@ -523,7 +523,7 @@ private Q_SLOTS:
         addDemand();
         Page page;
         page.open();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilDemands"));
+        m_office->database().run(u"DELETE FROM AutomobilDemands"_s);
         for (const QString &command : {u"edit"_s, u"show"_s, u"delete"_s, u"archive"_s, u"matchingCars"_s})
             QVERIFY2(page.runCommand(command), qPrintable(command));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
@@ -538,7 +538,7 @@ private Q_SLOTS:
         page.open();
         const auto expectShown = [] {
             TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *window) {
-                QCOMPARE(window->windowTitle(), QStringLiteral("تقاضا - نمایش"));
+                QCOMPARE(window->windowTitle(), u"تقاضا - نمایش"_s);
                 static_cast<QDialog *>(window)->reject();
             });
         };
@@ -575,19 +575,19 @@ private Q_SLOTS:
     {
         const int key = addDemand();
         addDemand();
-        m_office->database().run(QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a')").arg(key));
-        m_office->database().run(QStringLiteral("INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a')").arg(key));
+        m_office->database().run(u"INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a')"_s.arg(key));
+        m_office->database().run(u"INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a')"_s.arg(key));
         Page page;
         page.open();
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         QVERIFY(page.runCommand(u"delete"));
-        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟")});
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{u"آیا از حذف این رکورد اطمینان دارید؟"_s});
         QCOMPARE(page.list()->count(), 2);
         QVERIFY(page.runCommand(u"delete"));
-        QCOMPARE(codes(page), QStringList{QStringLiteral("2")});
-        QCOMPARE(page.list()->cellText(0, u"row"), QStringLiteral("1"));
+        QCOMPARE(codes(page), QStringList{u"2"_s});
+        QCOMPARE(page.list()->cellText(0, u"row"), u"1"_s);
         QCOMPARE(page.list()->currentRow(), 0);
-        QCOMPARE(value(QStringLiteral("SELECT (SELECT COUNT(*) FROM FileDocs)+(SELECT COUNT(*) FROM Alarms)")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM FileDocs)+(SELECT COUNT(*) FROM Alarms)"_s), u"0"_s);
     }
 
     void afterDeletingTheLastRowTheNewLastIsSelected()
@@ -610,10 +610,10 @@ private Q_SLOTS:
         Page page;
         page.open();
         QVERIFY(page.runCommand(u"archive"));
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"بایگانی شد."_s});
         QCOMPARE(page.list()->count(), 0);
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT(iArchiveUserID,',',dateArchive IS NOT NULL) FROM AutomobilDemands WHERE iID=%1").arg(key)),
-                 QStringLiteral("%1,1").arg(m_office->adminID()));
+        QCOMPARE(value(u"SELECT CONCAT(iArchiveUserID,',',dateArchive IS NOT NULL) FROM AutomobilDemands WHERE iID=%1"_s.arg(key)),
+                 u"%1,1"_s.arg(m_office->adminID()));
     }
 
     void archivingAnArchivedDemandWarnsAndWritesNothing()
@@ -623,11 +623,11 @@ private Q_SLOTS:
         page.open();
         page.filters().set(u"archive", 0);
         page.refill();
-        const ObservedStatements statements({QStringLiteral("UPDATE")});
+        const ObservedStatements statements({u"UPDATE"_s});
         QVERIFY(page.runCommand(u"archive"));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این تقاضا قبلا بایگانی شده است.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این تقاضا قبلا بایگانی شده است."_s});
         QVERIFY(statements.taken().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("4711"));
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilDemands"_s), u"4711"_s);
     }
 
     // --- Archiving what is old ---
@@ -641,13 +641,13 @@ private Q_SLOTS:
         page.open();
         QCOMPARE(page.list()->count(), 1);
         QCOMPARE(page.list()->currentKey(), young);
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iArchiveUserID ORDER BY iID) FROM AutomobilDemands")),
-                 QStringLiteral("%1,0").arg(m_office->adminID()));
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iArchiveUserID ORDER BY iID) FROM AutomobilDemands"_s),
+                 u"%1,0"_s.arg(m_office->adminID()));
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         // An open list leaves alone what the user took out of the archive.
-        m_office->database().run(QStringLiteral("UPDATE AutomobilDemands SET iArchiveUserID=0"));
+        m_office->database().run(u"UPDATE AutomobilDemands SET iArchiveUserID=0"_s);
         page.refill();
         QCOMPARE(page.list()->count(), 2);
     }
@@ -656,12 +656,12 @@ private Q_SLOTS:
     {
         archiveDemandsAfter(30);
         addOldDemand();
-        m_office->logInAs(QStringLiteral("keeper"), rightsForm, KSecurity::allRights);
+        m_office->logInAs(u"keeper"_s, rightsForm, KSecurity::allRights);
         Page page;
         page.open();
         QCOMPARE(page.list()->count(), 1);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        m_office->logInAs(QStringLiteral("keeper"), archiveForm, KSecurity::Access);
+        m_office->logInAs(u"keeper"_s, archiveForm, KSecurity::Access);
         Page next;
         next.open();
         QCOMPARE(next.list()->count(), 0);
@@ -676,19 +676,19 @@ private Q_SLOTS:
         page.open();
         GetDBSetting()->SetClosedDB(false);
         QCOMPARE(page.list()->count(), 1);
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilDemands"_s), u"0"_s);
     }
 
     void demandsThatCannotBeArchivedAreListedAllTheSame()
     {
         archiveDemandsAfter(30);
         addOldDemand();
-        m_office->database().run(QStringLiteral("CREATE TRIGGER keepDemands BEFORE UPDATE ON AutomobilDemands FOR EACH ROW"
-                                                " SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='not now'"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("not now")));
+        m_office->database().run(u"CREATE TRIGGER keepDemands BEFORE UPDATE ON AutomobilDemands FOR EACH ROW"
+                                 " SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='not now'"_s);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"not now"_s));
         Page page;
         page.open();
-        m_office->database().run(QStringLiteral("DROP TRIGGER keepDemands"));
+        m_office->database().run(u"DROP TRIGGER keepDemands"_s);
         QCOMPARE(page.list()->count(), 1);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
@@ -696,15 +696,15 @@ private Q_SLOTS:
     void archivingNeedsItsRight()
     {
         addDemand();
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights);
         Page page;
         page.open();
         QVERIFY(page.runCommand(u"archive"));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه بایگانی کردن تقاضا را ندارید.")});
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilDemands")), QStringLiteral("0"));
-        m_office->logInAs(QStringLiteral("clerk"), archiveForm, KSecurity::Access);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شما اجازه بایگانی کردن تقاضا را ندارید."_s});
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilDemands"_s), u"0"_s);
+        m_office->logInAs(u"clerk"_s, archiveForm, KSecurity::Access);
         QVERIFY(page.runCommand(u"archive"));
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"بایگانی شد."_s});
     }
 
     void everyCommandAsksForItsRight_data()
@@ -723,12 +723,12 @@ private Q_SLOTS:
         QFETCH(QString, command);
         QFETCH(int, right);
         addDemand();
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~right);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~right);
         Page page;
         page.open();
         QVERIFY(page.runCommand(command));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::Right(right))});
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"1"_s);
     }
 
     void listIsPrintedWithItsTitleDateAndCount()
@@ -739,11 +739,11 @@ private Q_SLOTS:
         bool shown = false;
         TestOffice::whenModal("CDlgReportGenerator", [&shown](QWidget *window) {
             const ListReport report = static_cast<CDlgReportGenerator *>(window)->report();
-            QCOMPARE(report.shownTitle(), QStringLiteral("لیست تقاضاها"));
-            QCOMPARE(report.group(), QStringLiteral("گالری اتومبیل"));
-            QCOMPARE(report.text(QStringLiteral("RightTop")), QStringLiteral("گالری اتومبیل"));
-            QCOMPARE(report.text(QStringLiteral("LeftBottom")), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-            QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 1"));
+            QCOMPARE(report.shownTitle(), u"لیست تقاضاها"_s);
+            QCOMPARE(report.group(), u"گالری اتومبیل"_s);
+            QCOMPARE(report.text(u"RightTop"_s), u"گالری اتومبیل"_s);
+            QCOMPARE(report.text(u"LeftBottom"_s), u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+            QCOMPARE(report.text(u"Count"_s), u"تعداد : 1"_s);
             QCOMPARE(report.rows().size(), 1);
             shown = true;
             static_cast<QDialog *>(window)->reject();
@@ -760,7 +760,7 @@ private Q_SLOTS:
         Page page;
         page.open();
         TestOffice::whenModal("CDlgMatches", [](QWidget *window) {
-            QCOMPARE(window->windowTitle(), QStringLiteral("خودروهای مناسب"));
+            QCOMPARE(window->windowTitle(), u"خودروهای مناسب"_s);
             QCOMPARE(static_cast<CDlgMatches *>(window)->list()->count(), 1);
             static_cast<QDialog *>(window)->reject();
         });
@@ -775,7 +775,7 @@ private Q_SLOTS:
         page.open();
         QVERIFY(page.runCommand(u"carList"));
         QCOMPARE(host.pages().size(), 1);
-        QCOMPARE(host.pages().constFirst()->title(), QStringLiteral("گالري اتومبيل"));
+        QCOMPARE(host.pages().constFirst()->title(), u"گالري اتومبيل"_s);
     }
 };
 

@@ -11,6 +11,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int user = 3;
@@ -34,8 +36,8 @@ class TestDemandArchiving : public QObject
     // created: an expression of the server.
     void addDemand(const QString &created, int status = 0, int archivedBy = 0)
     {
-        m_database.run(QStringLiteral("INSERT INTO AutomobilDemands (iCode,iPersonID,dateCreate,iStatus,iArchiveUserID)"
-                                      " VALUES (1,1,%1,%2,%3)")
+        m_database.run(u"INSERT INTO AutomobilDemands (iCode,iPersonID,dateCreate,iStatus,iArchiveUserID)"
+                       " VALUES (1,1,%1,%2,%3)"_s
                            .arg(created)
                            .arg(status)
                            .arg(archivedBy));
@@ -43,8 +45,8 @@ class TestDemandArchiving : public QObject
 
     QString archived()
     {
-        return m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilDemands WHERE iArchiveUserID=%1"
-                                               " AND DATE(dateArchive)=CURDATE()")
+        return m_database.value(u"SELECT COUNT(*) FROM AutomobilDemands WHERE iArchiveUserID=%1"
+                                " AND DATE(dateArchive)=CURDATE()"_s
                                     .arg(user));
     }
 
@@ -52,7 +54,7 @@ private Q_SLOTS:
     void initTestCase() { prepareModuleTables(m_database); }
     void init()
     {
-        m_database.run(QStringLiteral("DELETE FROM AutomobilDemands"));
+        m_database.run(u"DELETE FROM AutomobilDemands"_s);
         keepDays(true, 30);
     }
 
@@ -79,19 +81,18 @@ private Q_SLOTS:
         QFETCH(bool, goes);
         addDemand(created);
         QCOMPARE(DemandArchiving::archiveOldOnes(user), goes ? 1 : 0);
-        QCOMPARE(archived(), goes ? QStringLiteral("1") : QStringLiteral("0"));
+        QCOMPARE(archived(), goes ? u"1"_s : u"0"_s);
     }
 
     void inactiveAndArchivedDemandsAreLeftAsTheyAre()
     {
-        const QString old = QStringLiteral("'2019-03-21'");
+        const QString old = u"'2019-03-21'"_s;
         addDemand(old, 1);
         addDemand(old, 0, 8);
         addDemand(old);
         QCOMPARE(DemandArchiving::archiveOldOnes(user), 1);
-        QCOMPARE(m_database.value(QStringLiteral(
-                     "SELECT GROUP_CONCAT(iArchiveUserID,dateArchive IS NULL ORDER BY iID) FROM AutomobilDemands")),
-                 QStringLiteral("01,81,30"));
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iArchiveUserID,dateArchive IS NULL ORDER BY iID) FROM AutomobilDemands"_s),
+                 u"01,81,30"_s);
     }
 
     void onlyWhereTheOfficeHasSetItWithDaysAboveZero_data()
@@ -113,19 +114,19 @@ private Q_SLOTS:
         QFETCH(int, days);
         QFETCH(bool, goes);
         keepDays(on, days);
-        addDemand(QStringLiteral("'2019-03-21'"));
+        addDemand(u"'2019-03-21'"_s);
         QCOMPARE(DemandArchiving::archiveOldOnes(user) == 1, goes);
-        QCOMPARE(archived() == QStringLiteral("1"), goes);
+        QCOMPARE(archived() == u"1"_s, goes);
     }
 
     void anyNumberOfDemandsIsOneStatement()
     {
         for (int i = 0; i < 5; ++i)
-            addDemand(QStringLiteral("'2019-03-21'"));
-        const ObservedStatements statements({QStringLiteral("UPDATE")});
+            addDemand(u"'2019-03-21'"_s);
+        const ObservedStatements statements({u"UPDATE"_s});
         QCOMPARE(DemandArchiving::archiveOldOnes(user), 5);
         QCOMPARE(statements.taken().size(), 1);
-        QCOMPARE(archived(), QStringLiteral("5"));
+        QCOMPARE(archived(), u"5"_s);
     }
 };
 

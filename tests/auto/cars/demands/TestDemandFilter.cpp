@@ -77,11 +77,11 @@ void TestDemandFilter::clausesStandInTheirOrder()
         {u"amountTo"_s, 20},
     };
     QCOMPARE(KListFilter::condition(demandFilters(), everything, 9),
-             QStringLiteral("(ad.iStatus=1 OR ad.iStatus=0) AND ad.iArchiveUserID<>0 AND ad.iArchiveUserID<>9"
-                            " AND ad.iAutomobilType=1 AND ad.iColor=2 AND ad.dateReference >= '2026-01-01'"
-                            " AND ad.dateReference <= '2026-01-03' AND ad.sDescSpecial LIKE '%x%' AND ad.iPersonID=3"
-                            " AND ad.iModelFrom >= 1385 AND ad.iModelUpTo <= 1390 AND ad.dAmountFrom >= 10.000000"
-                            " AND ad.dAmountUpTo <= 20.000000 GROUP BY ad.iID"));
+             u"(ad.iStatus=1 OR ad.iStatus=0) AND ad.iArchiveUserID<>0 AND ad.iArchiveUserID<>9"
+             " AND ad.iAutomobilType=1 AND ad.iColor=2 AND ad.dateReference >= '2026-01-01'"
+             " AND ad.dateReference <= '2026-01-03' AND ad.sDescSpecial LIKE '%x%' AND ad.iPersonID=3"
+             " AND ad.iModelFrom >= 1385 AND ad.iModelUpTo <= 1390 AND ad.dAmountFrom >= 10.000000"
+             " AND ad.dAmountUpTo <= 20.000000 GROUP BY ad.iID"_s);
 }
 
 static const RegisteredTest<TestDemandFilter> registered;

@@ -45,7 +45,7 @@ int TestDemandFilterRows::addPerson()
 {
     CTblPersons person;
     person.AddNew();
-    person.m_sName2 = QStringLiteral("a");
+    person.m_sName2 = u"a"_s;
     person.Update(true);
     return static_cast<int>(person.GetLastInsertedID());
 }
@@ -55,7 +55,7 @@ int TestDemandFilterRows::addItem(int type)
     CTblItems item;
     item.AddNew();
     item.m_iType = type;
-    item.m_sName = QStringLiteral("a");
+    item.m_sName = u"a"_s;
     item.Update(true);
     return static_cast<int>(item.GetLastInsertedID());
 }
@@ -84,8 +84,8 @@ void TestDemandFilterRows::initTestCase()
     const int color = addItem(CTblItems::typeColor);
     add(6, [&](Demand &d) { d.m_iAutomobilType = type; d.m_iColor = color; });
     add(7, [this](Demand &d) { d.m_iPersonID = m_other; d.m_dAmountFrom = 500; d.m_dAmountUpTo = 900; });
-    add(8, [](Demand &d) { d.m_sDescSpecial = QStringLiteral("تخفیف 50% 'نقد'"); });
-    add(9, [](Demand &d) { d.m_sDescSpecial = QStringLiteral("a_b 500"); });
+    add(8, [](Demand &d) { d.m_sDescSpecial = u"تخفیف 50% 'نقد'"_s; });
+    add(9, [](Demand &d) { d.m_sDescSpecial = u"a_b 500"_s; });
     add(10, [](Demand &d) { d.m_iPersonID = 999999; });
 }
 
@@ -93,7 +93,7 @@ QList<int> TestDemandFilterRows::codes(const QString &filter, int limit)
 {
     CTblAutomobilDemandJoins demands;
     demands.m_filter = filter;
-    demands.m_sort = QStringLiteral("ad.iCode");
+    demands.m_sort = u"ad.iCode"_s;
     demands.SetLimit(limit);
     QList<int> result;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext())
@@ -136,19 +136,19 @@ void TestDemandFilterRows::rows()
 void TestDemandFilterRows::demandOfADeletedPersonIsNotListed()
 {
     QVERIFY(!codes(KListFilter::condition(demandFilters(), {{u"inactive"_s, true}}, 0)).contains(10));
-    m_database.run(QStringLiteral("UPDATE AutomobilDemands SET iPersonID=%1 WHERE iCode=10").arg(m_person));
+    m_database.run(u"UPDATE AutomobilDemands SET iPersonID=%1 WHERE iCode=10"_s.arg(m_person));
     QVERIFY(codes(KListFilter::condition(demandFilters(), {}, 0)).contains(10));
-    m_database.run(QStringLiteral("UPDATE AutomobilDemands SET iPersonID=999999 WHERE iCode=10"));
+    m_database.run(u"UPDATE AutomobilDemands SET iPersonID=999999 WHERE iCode=10"_s);
 }
 
 void TestDemandFilterRows::typedTextIsTakenLiterally_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QList<int>>("expected");
-    QTest::newRow("percent sign") << QStringLiteral("50%") << QList<int>{8};
-    QTest::newRow("underscore") << QStringLiteral("a_b") << QList<int>{9};
-    QTest::newRow("quote") << QStringLiteral("'نقد'") << QList<int>{8};
-    QTest::newRow("a statement") << QStringLiteral("' OR '1'='1") << QList<int>{};
+    QTest::newRow("percent sign") << u"50%"_s << QList<int>{8};
+    QTest::newRow("underscore") << u"a_b"_s << QList<int>{9};
+    QTest::newRow("quote") << u"'نقد'"_s << QList<int>{8};
+    QTest::newRow("a statement") << u"' OR '1'='1"_s << QList<int>{};
 }
 
 void TestDemandFilterRows::typedTextIsTakenLiterally()

@@ -10,6 +10,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 // What the editor of a car makes of the values of the input parameters.
 class TestMissingItems : public QObject
 {
@@ -21,19 +23,19 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("all");
         QTest::addColumn<QString>("chosen");
         QTest::addColumn<QStringList>("missing");
-        const QString jack = QStringLiteral("جک");
-        const QString wheel = QStringLiteral("زاپاس");
-        const QString key = QStringLiteral("آچار چرخ");
+        const QString jack = u"جک"_s;
+        const QString wheel = u"زاپاس"_s;
+        const QString key = u"آچار چرخ"_s;
         const QStringList all{jack, wheel, key};
         QTest::newRow("nothing chosen") << all << QString() << all;
         QTest::newRow("one chosen") << all << wheel << QStringList{jack, key};
-        QTest::newRow("two chosen, in another order") << all << QStringLiteral("آچار چرخ، جک") << QStringList{wheel};
-        QTest::newRow("all chosen") << all << QStringLiteral("جک، زاپاس، آچار چرخ") << QStringList{};
+        QTest::newRow("two chosen, in another order") << all << u"آچار چرخ، جک"_s << QStringList{wheel};
+        QTest::newRow("all chosen") << all << u"جک، زاپاس، آچار چرخ"_s << QStringList{};
         QTest::newRow("no values") << QStringList{} << jack << QStringList{};
-        QTest::newRow("chosen what is no value any more") << all << QStringLiteral("رادیو، جک") << QStringList{wheel, key};
-        QTest::newRow("a part of a name is not the name") << all << QStringLiteral("آچار") << all;
-        QTest::newRow("typed with Arabic letters") << all << QStringLiteral("جك") << QStringList{wheel, key};
-        QTest::newRow("typed without the blank") << all << QStringLiteral("جک،زاپاس") << QStringList{key};
+        QTest::newRow("chosen what is no value any more") << all << u"رادیو، جک"_s << QStringList{wheel, key};
+        QTest::newRow("a part of a name is not the name") << all << u"آچار"_s << all;
+        QTest::newRow("typed with Arabic letters") << all << u"جك"_s << QStringList{wheel, key};
+        QTest::newRow("typed without the blank") << all << u"جک،زاپاس"_s << QStringList{key};
     }
 
     void missingIsWhatTheTextDoesNotName()
@@ -41,21 +43,21 @@ private Q_SLOTS:
         QFETCH(QStringList, all);
         QFETCH(QString, chosen);
         QFETCH(QStringList, missing);
-        QCOMPARE(missingItems(all, chosen, QStringLiteral("، ")), missing);
+        QCOMPARE(missingItems(all, chosen, u"، "_s), missing);
     }
 
     void numberIsTheFirstOfTheValue_data()
     {
         QTest::addColumn<QString>("value");
         QTest::addColumn<int>("number"); // -1: none
-        QTest::newRow("plain") << QStringLiteral("4") << 4;
-        QTest::newRow("Persian digits") << QStringLiteral("۱۲") << 12;
-        QTest::newRow("before words") << QStringLiteral("6 چرخ") << 6;
-        QTest::newRow("behind words") << QStringLiteral("سیلندر 8") << 8;
-        QTest::newRow("the first of two") << QStringLiteral("2+2") << 2;
-        QTest::newRow("none") << QStringLiteral("چهار") << -1;
+        QTest::newRow("plain") << u"4"_s << 4;
+        QTest::newRow("Persian digits") << u"۱۲"_s << 12;
+        QTest::newRow("before words") << u"6 چرخ"_s << 6;
+        QTest::newRow("behind words") << u"سیلندر 8"_s << 8;
+        QTest::newRow("the first of two") << u"2+2"_s << 2;
+        QTest::newRow("none") << u"چهار"_s << -1;
         QTest::newRow("empty") << QString() << -1;
-        QTest::newRow("more than a column holds") << QStringLiteral("99999999999") << -1;
+        QTest::newRow("more than a column holds") << u"99999999999"_s << -1;
     }
 
     void numberIsTheFirstOfTheValue()

@@ -22,6 +22,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
@@ -92,10 +94,10 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"),
-                                       [](CTblPersons &person) { person.m_sMobile = QStringLiteral("09121234567"); });
-        m_brand = m_office->addBrand(QStringLiteral("پژو"));
-        m_white = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
+        m_person = m_office->addPerson(u"سارا"_s, u"کریمی"_s,
+                                       [](CTblPersons &person) { person.m_sMobile = u"09121234567"_s; });
+        m_brand = m_office->addBrand(u"پژو"_s);
+        m_white = CTblMultiItems::addValue(CTblItems::typeColor, u"سفید"_s);
     }
 
     void wishesText_data()
@@ -116,38 +118,38 @@ private Q_SLOTS:
         QFETCH(QList<double>, ranges);
         QFETCH(QString, type);
         const DemandWishes wishes{1, 2, int(ranges.at(0)), int(ranges.at(1)), ranges.at(2), ranges.at(3)};
-        QTEST(CDlgMatchingCars::wishesText(wishes, type, QStringLiteral("سفید")), "text");
+        QTEST(CDlgMatchingCars::wishesText(wishes, type, u"سفید"_s), "text");
     }
 
     void wishesTextOfADemandThatStatesNothing()
     {
-        QCOMPARE(CDlgMatchingCars::wishesText({}, {}, {}), QStringLiteral("بدون خواسته مشخص"));
+        QCOMPARE(CDlgMatchingCars::wishesText({}, {}, {}), u"بدون خواسته مشخص"_s);
     }
 
     void fittingCarsAreShownWithTheDemand()
     {
         const int demand = addDemand();
         addCar([](Car &car) { car.m_iYear = 1394; });
-        const int best = addCar([](Car &car) { car.m_sNumOfPlates = QStringLiteral("12 ب 345 ایران 67"); });
+        const int best = addCar([](Car &car) { car.m_sNumOfPlates = u"12 ب 345 ایران 67"_s; });
         CDlgMatches window(CDlgMatchingCars::table(demand));
         QVERIFY(window.load());
-        QCOMPARE(window.windowTitle(), QStringLiteral("خودروهای مناسب"));
-        QCOMPARE(window.subject(), QStringLiteral("تقاضای 1، سارا کریمی: پژو، سفید، سال تولید از 1395 تا 1400، مبلغ از %1 تا %2").arg(DToMoney(4e9), DToMoney(5e9)));
-        QCOMPARE(window.countText(), QStringLiteral("تعداد : 2"));
+        QCOMPARE(window.windowTitle(), u"خودروهای مناسب"_s);
+        QCOMPARE(window.subject(), u"تقاضای 1، سارا کریمی: پژو، سفید، سال تولید از 1395 تا 1400، مبلغ از %1 تا %2"_s.arg(DToMoney(4e9), DToMoney(5e9)));
+        QCOMPARE(window.countText(), u"تعداد : 2"_s);
         QCOMPARE(window.list()->currentKey(), best);
-        QCOMPARE(row(window, 0), (QStringList{QStringLiteral("1"), QStringLiteral("100%"), QStringLiteral("2"), QStringLiteral("پژو"), QStringLiteral("-"), QStringLiteral("-"), QStringLiteral("1398"), QStringLiteral("سفید"), DToMoney(4.5e9), QStringLiteral("12 ب 345 ایران 67"), QStringLiteral("سارا کریمی")}));
-        QCOMPARE(row(window, 1).at(1), QStringLiteral("93%"));
+        QCOMPARE(row(window, 0), (QStringList{u"1"_s, u"100%"_s, u"2"_s, u"پژو"_s, u"-"_s, u"-"_s, u"1398"_s, u"سفید"_s, DToMoney(4.5e9), u"12 ب 345 ایران 67"_s, u"سارا کریمی"_s}));
+        QCOMPARE(row(window, 1).at(1), u"93%"_s);
     }
 
     void fittingDemandsAreShownWithTheCar()
     {
         const int car = addCar();
-        addDemand([](Demand &d) { d.m_sDescSpecial = QStringLiteral("فوری"); });
+        addDemand([](Demand &d) { d.m_sDescSpecial = u"فوری"_s; });
         CDlgMatches window(CDlgMatchingDemands::table(car));
         QVERIFY(window.load());
-        QCOMPARE(window.windowTitle(), QStringLiteral("متقاضیان"));
-        QCOMPARE(window.subject(), QStringLiteral("خودروی 1: پژو، سفید، سال تولید 1398، مبلغ ") + DToMoney(4.5e9));
-        QCOMPARE(row(window, 0), (QStringList{QStringLiteral("1"), QStringLiteral("100%"), QStringLiteral("1"), QStringLiteral("سارا کریمی"), QStringLiteral("09121234567"), QStringLiteral("پژو"), QStringLiteral("1395"), QStringLiteral("1400"), QStringLiteral("سفید"), DToMoney(4e9), DToMoney(5e9), QStringLiteral("1405/01/01"), QStringLiteral("فوری")}));
+        QCOMPARE(window.windowTitle(), u"متقاضیان"_s);
+        QCOMPARE(window.subject(), u"خودروی 1: پژو، سفید، سال تولید 1398، مبلغ "_s + DToMoney(4.5e9));
+        QCOMPARE(row(window, 0), (QStringList{u"1"_s, u"100%"_s, u"1"_s, u"سارا کریمی"_s, u"09121234567"_s, u"پژو"_s, u"1395"_s, u"1400"_s, u"سفید"_s, DToMoney(4e9), DToMoney(5e9), u"1405/01/01"_s, u"فوری"_s}));
     }
 
     void withoutAMatchTheWindowSaysSo()
@@ -157,13 +159,13 @@ private Q_SLOTS:
         const auto isTold = [&window] {
             const QList<QLabel *> labels = window.findChildren<QLabel *>();
             return std::any_of(labels.cbegin(), labels.cend(), [](const QLabel *label) {
-                return label->isVisible() && label->text() == QStringLiteral("خودرویی که با این تقاضا جور باشد پیدا نشد.");
+                return label->isVisible() && label->text() == u"خودرویی که با این تقاضا جور باشد پیدا نشد."_s;
             });
         };
         QVERIFY(window.load());
         window.show();
-        QCOMPARE(window.countText(), QStringLiteral("تعداد : 0"));
-        QVERIFY(!button(window, QStringLiteral("نمايش"))->isEnabled());
+        QCOMPARE(window.countText(), u"تعداد : 0"_s);
+        QVERIFY(!button(window, u"نمايش"_s)->isEnabled());
         QVERIFY(isTold());
         window.showSelected();
         addCar();
@@ -182,12 +184,12 @@ private Q_SLOTS:
     {
         const int demand = addDemand();
         const int car = addCar();
-        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilDemands"), KSecurity::allRights & ~KSecurity::Access);
+        m_office->logInAs(u"clerk"_s, u"AutomobilDemands"_s, KSecurity::allRights & ~KSecurity::Access);
         CDlgMatchingDemands::Show(car, nullptr);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutomobilDemands"), KSecurity::Access)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"AutomobilDemands"_s, KSecurity::Access)});
         CDlgMatchingCars::Show(demand, nullptr);
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{KSecurity::refusalText(QStringLiteral("AutomobilInformations"), KSecurity::Access)});
+                 QStringList{KSecurity::refusalText(u"AutomobilInformations"_s, KSecurity::Access)});
     }
 
     void activationOpensTheDemandReadOnly()
@@ -197,7 +199,7 @@ private Q_SLOTS:
         CDlgMatches window(CDlgMatchingDemands::table(car));
         QVERIFY(window.load());
         TestOffice::whenModal("CDlgAddAutomobilDemand", [](QWidget *dialog) {
-            QCOMPARE(dialog->windowTitle(), QStringLiteral("تقاضا - نمایش"));
+            QCOMPARE(dialog->windowTitle(), u"تقاضا - نمایش"_s);
             static_cast<QDialog *>(dialog)->reject();
         });
         Q_EMIT window.list()->rowActivated(demand);
@@ -214,13 +216,13 @@ private Q_SLOTS:
         CDlgMatches window(table);
         QVERIFY(window.load());
         window.show();
-        m_office->database().run(QStringLiteral("UPDATE AutomobilDemands SET sDescSpecial='x'"));
+        m_office->database().run(u"UPDATE AutomobilDemands SET sDescSpecial='x'"_s);
         Q_EMIT window.list()->rowActivated(demand);
-        QVERIFY(!row(window, 0).contains(QStringLiteral("x")));
+        QVERIFY(!row(window, 0).contains(u"x"_s));
         changed = true;
         Q_EMIT window.list()->rowActivated(demand);
-        QVERIFY(row(window, 0).contains(QStringLiteral("x")));
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+        QVERIFY(row(window, 0).contains(u"x"_s));
+        m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
         Q_EMIT window.list()->rowActivated(demand);
         QVERIFY(!window.isVisible());
     }
@@ -229,14 +231,14 @@ private Q_SLOTS:
     {
         const int car = addCar();
         const int demand = addDemand();
-        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilDemands"), KSecurity::Access);
+        m_office->logInAs(u"clerk"_s, u"AutomobilDemands"_s, KSecurity::Access);
         CDlgMatches window(CDlgMatchingDemands::table(car));
         QVERIFY(window.load());
         Q_EMIT window.list()->rowActivated(demand);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutomobilDemands"), KSecurity::Read)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"AutomobilDemands"_s, KSecurity::Read)});
         window.print();
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{KSecurity::refusalText(QStringLiteral("AutomobilDemands"), KSecurity::PrintList)});
+                 QStringList{KSecurity::refusalText(u"AutomobilDemands"_s, KSecurity::PrintList)});
     }
 
     void listIsPrintedWithWhatItIsMatchedWith()
@@ -246,16 +248,16 @@ private Q_SLOTS:
         CDlgMatches window(CDlgMatchingCars::table(demand));
         QVERIFY(window.load());
         const ListReport report = window.report();
-        QCOMPARE(report.shownTitle(), QStringLiteral("خودروهای مناسب"));
-        QCOMPARE(report.text(QStringLiteral("RightTop")), window.subject());
-        QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 1"));
+        QCOMPARE(report.shownTitle(), u"خودروهای مناسب"_s);
+        QCOMPARE(report.text(u"RightTop"_s), window.subject());
+        QCOMPARE(report.text(u"Count"_s), u"تعداد : 1"_s);
         QCOMPARE(report.rows().size(), 1);
         bool shown = false;
         TestOffice::whenModal("CDlgReportGenerator", [&shown](QWidget *generator) {
             shown = true;
             static_cast<QDialog *>(generator)->reject();
         });
-        button(window, QStringLiteral("چاپ"))->click();
+        button(window, u"چاپ"_s)->click();
         QVERIFY(shown);
     }
 };

@@ -16,6 +16,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
@@ -95,21 +97,21 @@ private Q_SLOTS:
     void initTestCase()
     {
         prepareModuleTables(m_database);
-        m_peugeot = add<CTblCarBrands>([](CTblCarBrands &b) { b.m_sName = QStringLiteral("پژو"); });
-        m_saipa = add<CTblCarBrands>([](CTblCarBrands &b) { b.m_sName = QStringLiteral("سایپا"); });
-        m_model = add<CTblCarModels>([](CTblCarModels &m) { m.m_sName = QStringLiteral("پارس"); });
-        m_white = add<CTblItems>([](CTblItems &i) { i.m_iType = CTblItems::typeColor; i.m_sName = QStringLiteral("سفید"); });
-        m_black = add<CTblItems>([](CTblItems &i) { i.m_iType = CTblItems::typeColor; i.m_sName = QStringLiteral("سیاه"); });
+        m_peugeot = add<CTblCarBrands>([](CTblCarBrands &b) { b.m_sName = u"پژو"_s; });
+        m_saipa = add<CTblCarBrands>([](CTblCarBrands &b) { b.m_sName = u"سایپا"_s; });
+        m_model = add<CTblCarModels>([](CTblCarModels &m) { m.m_sName = u"پارس"_s; });
+        m_white = add<CTblItems>([](CTblItems &i) { i.m_iType = CTblItems::typeColor; i.m_sName = u"سفید"_s; });
+        m_black = add<CTblItems>([](CTblItems &i) { i.m_iType = CTblItems::typeColor; i.m_sName = u"سیاه"_s; });
         m_person = add<CTblPersons>([](CTblPersons &p) {
-            p.m_sName2 = QStringLiteral("سارا کریمی");
-            p.m_sMobile = QStringLiteral("09121234567");
+            p.m_sName2 = u"سارا کریمی"_s;
+            p.m_sMobile = u"09121234567"_s;
         });
     }
 
     void init()
     {
-        m_database.run(QStringLiteral("DELETE FROM AutomobilInformations"));
-        m_database.run(QStringLiteral("DELETE FROM AutomobilDemands"));
+        m_database.run(u"DELETE FROM AutomobilInformations"_s);
+        m_database.run(u"DELETE FROM AutomobilDemands"_s);
     }
 
     void carsAreListedBestFirstAndTiesByCode()
@@ -144,21 +146,21 @@ private Q_SLOTS:
         const int key = addCar(1, [this](Car &car) {
             car.m_iModel = m_model;
             car.m_iPersonID = m_person;
-            car.m_sNumOfPlates = QStringLiteral("12 ب 345");
+            car.m_sNumOfPlates = u"12 ب 345"_s;
         });
         const auto matching = MatchingCars::of(demand);
         QCOMPARE(matching->demandCode, 7);
-        QCOMPARE(matching->person, QStringLiteral("سارا کریمی"));
-        QCOMPARE(matching->type, QStringLiteral("پژو"));
-        QCOMPARE(matching->color, QStringLiteral("سفید"));
+        QCOMPARE(matching->person, u"سارا کریمی"_s);
+        QCOMPARE(matching->type, u"پژو"_s);
+        QCOMPARE(matching->color, u"سفید"_s);
         const MatchingCars::Car &car = matching->cars.at(0);
         QCOMPARE(car.id, key);
-        QCOMPARE(car.type, QStringLiteral("پژو"));
-        QCOMPARE(car.model, QStringLiteral("پارس"));
+        QCOMPARE(car.type, u"پژو"_s);
+        QCOMPARE(car.model, u"پارس"_s);
         QCOMPARE(car.carClass, QString());
-        QCOMPARE(car.color, QStringLiteral("سفید"));
-        QCOMPARE(car.owner, QStringLiteral("سارا کریمی"));
-        QCOMPARE(car.plate, QStringLiteral("12 ب 345"));
+        QCOMPARE(car.color, u"سفید"_s);
+        QCOMPARE(car.owner, u"سارا کریمی"_s);
+        QCOMPARE(car.plate, u"12 ب 345"_s);
     }
 
     void aDemandThatIsGoneHasNoMatches()
@@ -173,7 +175,7 @@ private Q_SLOTS:
         const int demand = addDemand(1);
         addCar(1);
         const auto statementsFor = [demand] {
-            const ObservedStatements statements({QStringLiteral("SELECT")});
+            const ObservedStatements statements({u"SELECT"_s});
             [[maybe_unused]] const auto matching = MatchingCars::of(demand);
             return statements.taken();
         };
@@ -182,8 +184,8 @@ private Q_SLOTS:
             addCar(code);
         const QStringList all = statementsFor();
         QCOMPARE(all.size(), few);
-        QCOMPARE(all.filter(QStringLiteral("FROM AutomobilInformations")).size(), 1);
-        QVERIFY(all.filter(QStringLiteral("oPicture")).isEmpty());
+        QCOMPARE(all.filter(u"FROM AutomobilInformations"_s).size(), 1);
+        QVERIFY(all.filter(u"oPicture"_s).isEmpty());
     }
 
     void demandsAreListedBestFirstAndTheMoreSpecificBeforeTheVaguer()
@@ -201,10 +203,10 @@ private Q_SLOTS:
         QCOMPARE(codesOf(*matching), (QList<int>{3, 2, 1}));
         const MatchingDemands::Demand &best = matching->demands.at(0);
         QCOMPARE(best.match.percent, 100);
-        QCOMPARE(best.person, QStringLiteral("سارا کریمی"));
-        QCOMPARE(best.mobile, QStringLiteral("09121234567"));
-        QCOMPARE(best.type, QStringLiteral("پژو"));
-        QCOMPARE(best.color, QStringLiteral("سفید"));
+        QCOMPARE(best.person, u"سارا کریمی"_s);
+        QCOMPARE(best.mobile, u"09121234567"_s);
+        QCOMPARE(best.type, u"پژو"_s);
+        QCOMPARE(best.color, u"سفید"_s);
         QCOMPARE(best.wishes, (DemandWishes{m_peugeot, m_white, 1395, 1400, 900, 1100}));
     }
 

@@ -37,9 +37,9 @@ namespace {
 using Car = CTblAutomobilInformations;
 using Page = CDlgAutomobilInformations;
 
-const QString section = QStringLiteral("AutomobilInformations");
-const QString rightsForm = QStringLiteral("AutomobilInformations");
-const QString archiveForm = QStringLiteral("AutomobilInformationArchive");
+const QString section = u"AutomobilInformations"_s;
+const QString rightsForm = u"AutomobilInformations"_s;
+const QString archiveForm = u"AutomobilInformationArchive"_s;
 constexpr int columnCount = 17;
 constexpr QStringView chassisIsInPlate = u"plate"; // the hidden column tells the cars of a test apart
 
@@ -114,31 +114,31 @@ private Q_SLOTS:
     {
         Page page;
         page.open();
-        QCOMPARE(page.title(), QStringLiteral("گالري اتومبيل"));
+        QCOMPARE(page.title(), u"گالري اتومبيل"_s);
         QStringList labels;
         for (const QLabel *label : page.findChildren<QLabel *>())
             labels << label->text();
         for (const QString &text :
-             {QStringLiteral("نام مالک :"), QStringLiteral("نام خريدار :"), QStringLiteral("نوع خودرو :"), QStringLiteral("مبلغ از :"),
-              QStringLiteral("وضعيت بايگاني :"), QStringLiteral("سال توليد از :"), QStringLiteral("سوخت :"), QStringLiteral("رنگ :"),
-              QStringLiteral("تاريخ معرفي از :"), QStringLiteral("شماره شاسي :"), QStringLiteral("تعداد نمايش :")})
+             {u"نام مالک :"_s, u"نام خريدار :"_s, u"نوع خودرو :"_s, u"مبلغ از :"_s,
+              u"وضعيت بايگاني :"_s, u"سال توليد از :"_s, u"سوخت :"_s, u"رنگ :"_s,
+              u"تاريخ معرفي از :"_s, u"شماره شاسي :"_s, u"تعداد نمايش :"_s})
             QCOMPARE(labels.count(text), 1);
-        QCOMPARE(labels.count(QStringLiteral("تا :")), 3);
+        QCOMPARE(labels.count(u"تا :"_s), 3);
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
         for (const QString &text :
-             {QStringLiteral("جستجو"), QStringLiteral("پيش فرض"), QStringLiteral("جديد"), QStringLiteral("ويرايش"),
-              QStringLiteral("نمايش"), QStringLiteral("بايگاني شد"), QStringLiteral("چاپ"), QStringLiteral("نام خودرو"), QStringLiteral("پارامترهاي ورودي"), QStringLiteral("متقاضیان")})
+             {u"جستجو"_s, u"پيش فرض"_s, u"جديد"_s, u"ويرايش"_s,
+              u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"نام خودرو"_s, u"پارامترهاي ورودي"_s, u"متقاضیان"_s})
             QCOMPARE(captions.count(text), 1);
-        QCOMPARE(captions.count(QStringLiteral("...")), 2);
+        QCOMPARE(captions.count(u"..."_s), 2);
         // The command, and the clear buttons of owner and buyer.
-        QCOMPARE(captions.count(QStringLiteral("حذف")), 3);
-        QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), QStringLiteral("نمايش غير فعال ها"));
+        QCOMPARE(captions.count(u"حذف"_s), 3);
+        QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), u"نمايش غير فعال ها"_s);
         QStringList titles;
         for (int column = 0; column < columnCount; ++column)
             titles << headerText(page, column);
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("نام خریدار*"), QStringLiteral("وضعیت فروش"), QStringLiteral("نام مالک"), QStringLiteral("نوع خودرو"), QStringLiteral("مدل"), QStringLiteral("تیپ"), QStringLiteral("پلاک"), QStringLiteral("سال تولید"), QStringLiteral("تاریخ معرفی"), QStringLiteral("کاربری"), QStringLiteral("رنگ"), QStringLiteral("سوخت"), QStringLiteral("مبلغ"), QStringLiteral("کسری مدارک"), QStringLiteral("کسری لوازم"), QStringLiteral("وضعیت بایگانی")}));
+        QCOMPARE(titles, (QStringList{u"ردیف"_s, u"نام خریدار*"_s, u"وضعیت فروش"_s, u"نام مالک"_s, u"نوع خودرو"_s, u"مدل"_s, u"تیپ"_s, u"پلاک"_s, u"سال تولید"_s, u"تاریخ معرفی"_s, u"کاربری"_s, u"رنگ"_s, u"سوخت"_s, u"مبلغ"_s, u"کسری مدارک"_s, u"کسری لوازم"_s, u"وضعیت بایگانی"_s}));
     }
 
     void columnsHaveTheirWidthAlignmentAndSortKey()
@@ -147,7 +147,7 @@ private Q_SLOTS:
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
         QCOMPARE(columns.size(), columnCount);
         const QList<int> widths{40, 120, 70, 120, 80, 50, 50, 0, 50, 80, 80, 60, 80, 80, 80, 80, 80};
-        const QStringList keys{{}, QStringLiteral("iPersonBuyerID"), QStringLiteral("bSold"), QStringLiteral("iPersonID"), QStringLiteral("iAutomobilType"), QStringLiteral("iModel"), QStringLiteral("iBrigade"), QStringLiteral("sNumOfPlates"), QStringLiteral("iYear"), QStringLiteral("dateIntroduction"), QStringLiteral("iUsageType"), QStringLiteral("iColor"), QStringLiteral("iFuel"), QStringLiteral("dAmount"), QStringLiteral("sDocumentsDeficit"), QStringLiteral("sFractionalParts"), QStringLiteral("iArchiveUserID")};
+        const QStringList keys{{}, u"iPersonBuyerID"_s, u"bSold"_s, u"iPersonID"_s, u"iAutomobilType"_s, u"iModel"_s, u"iBrigade"_s, u"sNumOfPlates"_s, u"iYear"_s, u"dateIntroduction"_s, u"iUsageType"_s, u"iColor"_s, u"iFuel"_s, u"dAmount"_s, u"sDocumentsDeficit"_s, u"sFractionalParts"_s, u"iArchiveUserID"_s};
         const QList<int> right{10, 11, 14, 15};
         for (int i = 0; i < columnCount; ++i) {
             QCOMPARE(columns[i].width, widths[i]);
@@ -169,29 +169,29 @@ private Q_SLOTS:
         }
         for (auto it = names.cbegin(); it != names.cend(); ++it)
             QVERIFY2(it.value() == 1, qPrintable(it.key()));
-        for (const QString &name : {QStringLiteral("مبلغ تا :"), QStringLiteral("سال توليد تا :"), QStringLiteral("تاريخ معرفي تا :")})
+        for (const QString &name : {u"مبلغ تا :"_s, u"سال توليد تا :"_s, u"تاريخ معرفي تا :"_s})
             QVERIFY(names.contains(name));
     }
 
     void searchControlsBeginAsStated()
     {
-        m_office->addBrand(QStringLiteral("پژو"));
-        m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
-        m_office->addItem(CTblItems::typeSystem, QStringLiteral("سیستم"));
+        m_office->addBrand(u"پژو"_s);
+        m_office->addItem(CTblItems::typeColor, u"سفید"_s);
+        m_office->addItem(CTblItems::typeSystem, u"سیستم"_s);
         Page page;
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : -"));
+        QCOMPARE(page.countText(), u"تعداد : -"_s);
         page.open();
-        QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"type")), (QStringList{QStringLiteral("همه"), QStringLiteral("پژو")}));
+        QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"type")), (QStringList{u"همه"_s, u"پژو"_s}));
         QCOMPARE(page.filters().control<QComboBox>(u"type")->currentIndex(), 0);
-        QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"color")), (QStringList{QStringLiteral("همه"), QStringLiteral("سفید")}));
+        QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"color")), (QStringList{u"همه"_s, u"سفید"_s}));
         QCOMPARE(page.filters().control<QComboBox>(u"color")->currentIndex(), 0);
         QCOMPARE(page.filters().control<QComboBox>(u"color")->itemData(0).toInt(), 0);
         QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"fuel")),
-                 (QStringList{QStringLiteral("-"), QStringLiteral("بنزین"), QStringLiteral("دوگانه سوز"), QStringLiteral("گازئیل"),
-                              QStringLiteral("گاز"), QStringLiteral("سایر")}));
+                 (QStringList{u"-"_s, u"بنزین"_s, u"دوگانه سوز"_s, u"گازئیل"_s,
+                              u"گاز"_s, u"سایر"_s}));
         QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"archive")),
-                 (QStringList{QStringLiteral("همه"), QStringLiteral("بایگانی نشده"), QStringLiteral("بایگانی شده"),
-                              QStringLiteral("بایگانی شده دیگران")}));
+                 (QStringList{u"همه"_s, u"بایگانی نشده"_s, u"بایگانی شده"_s,
+                              u"بایگانی شده دیگران"_s}));
         QCOMPARE(page.filters().control<QComboBox>(u"archive")->currentIndex(), 1);
         for (const QString &key : {u"amountFrom"_s, u"amountTo"_s, u"yearFrom"_s, u"yearTo"_s, u"chassis"_s, u"documentsDeficit"_s, u"partsDeficit"_s})
             QVERIFY(page.filters().control<KEdit>(key)->text().isEmpty());
@@ -206,13 +206,13 @@ private Q_SLOTS:
 
     void rowShowsTheCarByItsNames()
     {
-        const int owner = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        const int buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int model = m_office->addModel(brand, QStringLiteral("206"));
-        const int carClass = m_office->addClass(model, QStringLiteral("تیپ 5"));
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
-        addNamed(QStringLiteral("12 ب 345 ایران 67"), [=](Car &c) {
+        const int owner = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        const int buyer = m_office->addPerson(u"رضا"_s, u"احمدی"_s);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int model = m_office->addModel(brand, u"206"_s);
+        const int carClass = m_office->addClass(model, u"تیپ 5"_s);
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
+        addNamed(u"12 ب 345 ایران 67"_s, [=](Car &c) {
             c.m_iPersonID = owner;
             c.m_iPersonBuyerID = buyer;
             c.m_bSold = 1;
@@ -225,8 +225,8 @@ private Q_SLOTS:
             c.m_iUsageType = 1;
             c.m_iFuel = 2;
             c.m_dAmount = 1234567890;
-            c.m_sDocumentsDeficit = QStringLiteral("برگ سبز");
-            c.m_sFractionalParts = QStringLiteral("زاپاس");
+            c.m_sDocumentsDeficit = u"برگ سبز"_s;
+            c.m_sFractionalParts = u"زاپاس"_s;
             c.m_iArchiveUserID = 5;
         });
         Page page;
@@ -234,7 +234,7 @@ private Q_SLOTS:
         page.filters().set(u"archive", 0);
         page.refill();
         QCOMPARE(page.list()->count(), 1);
-        const QStringList wanted{QStringLiteral("1"), QStringLiteral("رضا احمدی"), QStringLiteral("فروخته شده"), QStringLiteral("سارا کریمی"), QStringLiteral("پژو"), QStringLiteral("206"), QStringLiteral("تیپ 5"), QStringLiteral("12 ب 345 ایران 67"), QStringLiteral("1400"), QStringLiteral("1405/08/29"), QStringLiteral("سواری"), QStringLiteral("سفید"), QStringLiteral("دوگانه سوز"), QStringLiteral("1,234,567,890"), QStringLiteral("برگ سبز"), QStringLiteral("زاپاس"), QStringLiteral("بلی")};
+        const QStringList wanted{u"1"_s, u"رضا احمدی"_s, u"فروخته شده"_s, u"سارا کریمی"_s, u"پژو"_s, u"206"_s, u"تیپ 5"_s, u"12 ب 345 ایران 67"_s, u"1400"_s, u"1405/08/29"_s, u"سواری"_s, u"سفید"_s, u"دوگانه سوز"_s, u"1,234,567,890"_s, u"برگ سبز"_s, u"زاپاس"_s, u"بلی"_s};
         for (int column = 0; column < columnCount; ++column)
             QCOMPARE(page.list()->cellText(0, column), wanted[column]);
         const QModelIndex amount = page.list()->listModel()->index(0, page.list()->columnOf(u"amount"));
@@ -244,7 +244,7 @@ private Q_SLOTS:
 
     void whatIsNotThereIsADash()
     {
-        addNamed(QStringLiteral("a"), [](Car &c) {
+        addNamed(u"a"_s, [](Car &c) {
             c.m_iPersonID = 99999;
             c.m_iPersonBuyerID = 99998;
             c.m_iAutomobilType = 99997;
@@ -254,13 +254,13 @@ private Q_SLOTS:
         });
         Page page;
         page.open();
-        const QString dash = QStringLiteral("-");
+        const QString dash = u"-"_s;
         for (const QString &column : {u"buyer"_s, u"sold"_s, u"owner"_s, u"type"_s, u"usage"_s, u"color"_s, u"fuel"_s, u"archived"_s})
             QCOMPARE(page.list()->cellText(0, column), dash);
         // A deleted model or class leaves its cell empty.
         QCOMPARE(page.list()->cellText(0, u"model"), QString());
         QCOMPARE(page.list()->cellText(0, u"class"), QString());
-        QCOMPARE(page.list()->cellText(0, u"year"), QStringLiteral("0"));
+        QCOMPARE(page.list()->cellText(0, u"year"), u"0"_s);
         QCOMPARE(page.list()->cellText(0, u"introduction"), QString());
     }
 
@@ -268,18 +268,18 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("usage");
         QTest::addColumn<QString>("word");
-        QTest::newRow("0") << 0 << QStringLiteral("-");
-        QTest::newRow("1") << 1 << QStringLiteral("سواری");
-        QTest::newRow("2") << 2 << QStringLiteral("سنگین");
-        QTest::newRow("3") << 3 << QStringLiteral("-");
-        QTest::newRow("-1") << -1 << QStringLiteral("-");
+        QTest::newRow("0") << 0 << u"-"_s;
+        QTest::newRow("1") << 1 << u"سواری"_s;
+        QTest::newRow("2") << 2 << u"سنگین"_s;
+        QTest::newRow("3") << 3 << u"-"_s;
+        QTest::newRow("-1") << -1 << u"-"_s;
     }
 
     void usageReadsAsItsWord()
     {
         QFETCH(int, usage);
         QFETCH(QString, word);
-        addNamed(QStringLiteral("a"), [usage](Car &c) { c.m_iUsageType = usage; });
+        addNamed(u"a"_s, [usage](Car &c) { c.m_iUsageType = usage; });
         Page page;
         page.open();
         QCOMPARE(page.list()->cellText(0, u"usage"), word);
@@ -289,19 +289,19 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("fuel");
         QTest::addColumn<QString>("word");
-        QTest::newRow("0") << 0 << QStringLiteral("-");
-        QTest::newRow("1") << 1 << QStringLiteral("بنزین");
-        QTest::newRow("2") << 2 << QStringLiteral("دوگانه سوز");
-        QTest::newRow("3") << 3 << QStringLiteral("گازئیل");
-        QTest::newRow("4") << 4 << QStringLiteral("گاز");
-        QTest::newRow("5") << 5 << QStringLiteral("سایر");
+        QTest::newRow("0") << 0 << u"-"_s;
+        QTest::newRow("1") << 1 << u"بنزین"_s;
+        QTest::newRow("2") << 2 << u"دوگانه سوز"_s;
+        QTest::newRow("3") << 3 << u"گازئیل"_s;
+        QTest::newRow("4") << 4 << u"گاز"_s;
+        QTest::newRow("5") << 5 << u"سایر"_s;
     }
 
     void fuelReadsAsItsEntry()
     {
         QFETCH(int, fuel);
         QFETCH(QString, word);
-        addNamed(QStringLiteral("a"), [fuel](Car &c) { c.m_iFuel = fuel; });
+        addNamed(u"a"_s, [fuel](Car &c) { c.m_iFuel = fuel; });
         Page page;
         page.open();
         QCOMPARE(page.list()->cellText(0, u"fuel"), word);
@@ -312,9 +312,9 @@ private Q_SLOTS:
 
     void fillTakesAFewStatementsHoweverManyRowsAndNoPicture()
     {
-        const int owner = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int owner = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         Page page;
         page.open();
         for (const int rows : {1, 30}) {
@@ -326,13 +326,13 @@ private Q_SLOTS:
                     c.m_oPicture.data = QByteArray(1000, 'p');
                 });
             }
-            const ObservedStatements statements({QStringLiteral("SELECT")});
+            const ObservedStatements statements({u"SELECT"_s});
             page.refill();
             QCOMPARE(page.list()->count(), rows);
             QCOMPARE(statements.taken().size(), 4);
-            QVERIFY(statements.taken().filter(QStringLiteral("oPicture")).isEmpty());
+            QVERIFY(statements.taken().filter(u"oPicture"_s).isEmpty());
             // Of the car's 71 columns only those that the list shows.
-            QVERIFY(!statements.taken().first().contains(QStringLiteral("sVIN")));
+            QVERIFY(!statements.taken().first().contains(u"sVIN"_s));
         }
     }
 
@@ -340,15 +340,15 @@ private Q_SLOTS:
 
     void withAnEmptyResultTheRowCommandsAreDisabledAndTheCountShowsZero()
     {
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         Page page;
         page.open();
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 1"));
+        QCOMPARE(page.countText(), u"تعداد : 1"_s);
         for (const QString &command : rowCommands)
             QVERIFY(page.button(command)->isEnabled());
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations WHERE iID=%1").arg(key));
+        m_office->database().run(u"DELETE FROM AutomobilInformations WHERE iID=%1"_s.arg(key));
         page.refill();
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
+        QCOMPARE(page.countText(), u"تعداد : 0"_s);
         for (const QString &command : rowCommands)
             QVERIFY2(!page.button(command)->isEnabled(), qPrintable(command));
         QVERIFY(page.button(u"new")->isEnabled());
@@ -357,29 +357,29 @@ private Q_SLOTS:
 
     void inactiveAndArchivedCarsAreListedOnlyOnRequest()
     {
-        addNamed(QStringLiteral("plain"));
-        addNamed(QStringLiteral("inactive"), [](Car &c) { c.m_iStatus = 1; });
-        addNamed(QStringLiteral("mine"), [this](Car &c) { c.m_iArchiveUserID = m_office->adminID(); });
-        addNamed(QStringLiteral("other"), [this](Car &c) { c.m_iArchiveUserID = m_office->adminID() + 1; });
+        addNamed(u"plain"_s);
+        addNamed(u"inactive"_s, [](Car &c) { c.m_iStatus = 1; });
+        addNamed(u"mine"_s, [this](Car &c) { c.m_iArchiveUserID = m_office->adminID(); });
+        addNamed(u"other"_s, [this](Car &c) { c.m_iArchiveUserID = m_office->adminID() + 1; });
         Page page;
         page.open();
-        QCOMPARE(plates(page), QStringList{QStringLiteral("plain")});
+        QCOMPARE(plates(page), QStringList{u"plain"_s});
         page.filters().set(u"inactive", true);
         page.refill();
-        QCOMPARE(plates(page), (QStringList{QStringLiteral("plain"), QStringLiteral("inactive")}));
+        QCOMPARE(plates(page), (QStringList{u"plain"_s, u"inactive"_s}));
         page.filters().set(u"archive", 2);
         page.refill();
-        QCOMPARE(plates(page), QStringList{QStringLiteral("mine")});
+        QCOMPARE(plates(page), QStringList{u"mine"_s});
         page.filters().set(u"archive", 3);
         page.refill();
-        QCOMPARE(plates(page), QStringList{QStringLiteral("other")});
+        QCOMPARE(plates(page), QStringList{u"other"_s});
     }
 
     void everyControlReachesTheSearch()
     {
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         Page page;
         page.open();
         page.filters().set(u"owner", person);
@@ -388,23 +388,23 @@ private Q_SLOTS:
         page.filters().set(u"color", white);
         page.filters().set(u"fuel", 4);
         page.filters().set(u"archive", 3);
-        page.filters().control<KEdit>(u"amountFrom")->setText(QStringLiteral("100"));
-        page.filters().control<KEdit>(u"amountTo")->setText(QStringLiteral("۲۰۰"));
-        page.filters().control<KEdit>(u"yearFrom")->setText(QStringLiteral("1400"));
-        page.filters().control<KEdit>(u"yearTo")->setText(QStringLiteral("1401"));
+        page.filters().control<KEdit>(u"amountFrom")->setText(u"100"_s);
+        page.filters().control<KEdit>(u"amountTo")->setText(u"۲۰۰"_s);
+        page.filters().control<KEdit>(u"yearFrom")->setText(u"1400"_s);
+        page.filters().control<KEdit>(u"yearTo")->setText(u"1401"_s);
         page.filters().set(u"introductionFrom", QDate(2026, 5, 1));
         page.filters().set(u"introductionTo", QDate(2026, 5, 2));
-        page.filters().set(u"chassis", QStringLiteral("NAS"));
-        page.filters().set(u"documentsDeficit", QStringLiteral("d"));
-        page.filters().set(u"partsDeficit", QStringLiteral("p"));
+        page.filters().set(u"chassis", u"NAS"_s);
+        page.filters().set(u"documentsDeficit", u"d"_s);
+        page.filters().set(u"partsDeficit", u"p"_s);
         page.filters().set(u"usage", 2); // not used
         QCOMPARE(page.filters().condition(m_office->adminID()),
-                 QStringLiteral("ai.iStatus=0 AND ai.iArchiveUserID<>0 AND ai.iArchiveUserID<>%1 AND ai.iAutomobilType=%2"
-                                " AND ai.iColor=%3 AND ai.iFuel=4 AND ai.dateIntroduction >= '2026-05-01'"
-                                " AND ai.dateIntroduction <= '2026-05-03' AND ai.sDocumentsDeficit LIKE '%d%'"
-                                " AND ai.sFractionalParts LIKE '%p%' AND ai.dAmount >= 100.000000 AND ai.dAmount <= 200.000000"
-                                " AND ai.iYear=1400 AND ai.iYear<=1401 AND ai.iPersonBuyerID=%4 AND ai.iPersonID=%4"
-                                " AND ai.sChassisNum LIKE '%NAS%' GROUP BY ai.iID")
+                 u"ai.iStatus=0 AND ai.iArchiveUserID<>0 AND ai.iArchiveUserID<>%1 AND ai.iAutomobilType=%2"
+                 " AND ai.iColor=%3 AND ai.iFuel=4 AND ai.dateIntroduction >= '2026-05-01'"
+                 " AND ai.dateIntroduction <= '2026-05-03' AND ai.sDocumentsDeficit LIKE '%d%'"
+                 " AND ai.sFractionalParts LIKE '%p%' AND ai.dAmount >= 100.000000 AND ai.dAmount <= 200.000000"
+                 " AND ai.iYear=1400 AND ai.iYear<=1401 AND ai.iPersonBuyerID=%4 AND ai.iPersonID=%4"
+                 " AND ai.sChassisNum LIKE '%NAS%' GROUP BY ai.iID"_s
                      .arg(QString::number(m_office->adminID()), QString::number(brand), QString::number(white),
                           QString::number(person)));
         page.refill();
@@ -413,7 +413,7 @@ private Q_SLOTS:
 
     void uncheckedDateDoesNotSearch()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         Page page;
         page.open();
         page.filters().control<KDateEdit>(u"introductionFrom")->setDate(QDate(2030, 1, 1));
@@ -423,18 +423,18 @@ private Q_SLOTS:
 
     void typedQuoteIsOneMessageAndTheListStays()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         Page page;
         page.open();
-        page.filters().set(u"chassis", QStringLiteral("a'b"));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("SELECT")));
+        page.filters().set(u"chassis", u"a'b"_s);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"SELECT"_s));
         for (QPushButton *button : page.findChildren<QPushButton *>()) {
-            if (button->text() == QStringLiteral("جستجو"))
+            if (button->text() == u"جستجو"_s)
                 button->click();
         }
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(page.list()->count(), 1);
-        QCOMPARE(page.filters().control<KEdit>(u"chassis")->text(), QStringLiteral("a'b"));
+        QCOMPARE(page.filters().control<KEdit>(u"chassis")->text(), u"a'b"_s);
     }
 
     void selectionStaysAtItsPlaceAndElseAtTheLastRow()
@@ -447,7 +447,7 @@ private Q_SLOTS:
         page.list()->selectRow(2);
         page.refill();
         QCOMPARE(page.list()->currentRow(), 2);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations WHERE sNumOfPlates<>'a'"));
+        m_office->database().run(u"DELETE FROM AutomobilInformations WHERE sNumOfPlates<>'a'"_s);
         page.refill();
         QCOMPARE(page.list()->currentRow(), 0);
     }
@@ -456,7 +456,7 @@ private Q_SLOTS:
     {
         for (int i = 0; i < 5; ++i)
             addNamed(QString::number(i));
-        WriteSetting(section, QStringLiteral("iMaxRows"), 3);
+        WriteSetting(section, u"iMaxRows"_s, 3);
         Page page;
         page.open();
         QCOMPARE(page.rowLimit(), 3);
@@ -473,41 +473,41 @@ private Q_SLOTS:
     void everySortableColumnSortsTheRealList()
     {
         QFETCH(int, column);
-        addNamed(QStringLiteral("first"), [](Car &c) {
+        addNamed(u"first"_s, [](Car &c) {
             c.m_iPersonBuyerID = c.m_bSold = c.m_iPersonID = c.m_iAutomobilType = c.m_iModel = c.m_iBrigade = 1;
             c.m_iYear = c.m_iUsageType = c.m_iColor = c.m_iFuel = 1;
             c.m_dAmount = 1;
             c.m_dateIntroduction = day(2026, 5, 2);
-            c.m_sDocumentsDeficit = c.m_sFractionalParts = QStringLiteral("b");
+            c.m_sDocumentsDeficit = c.m_sFractionalParts = u"b"_s;
             c.m_iArchiveUserID = 1;
         });
-        addNamed(QStringLiteral("a second"), [](Car &c) { c.m_dateIntroduction = day(2026, 5, 1); });
+        addNamed(u"a second"_s, [](Car &c) { c.m_dateIntroduction = day(2026, 5, 1); });
         Page page;
         page.open();
         page.filters().set(u"archive", 0);
         page.refill();
-        QCOMPARE(plates(page), (QStringList{QStringLiteral("first"), QStringLiteral("a second")}));
+        QCOMPARE(plates(page), (QStringList{u"first"_s, u"a second"_s}));
         Q_EMIT page.list()->columnClicked(column);
         // The column that is sorted by at first is clicked a second time, so to say.
         if (column == 1)
             Q_EMIT page.list()->columnClicked(column);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(plates(page), (QStringList{QStringLiteral("a second"), QStringLiteral("first")}));
+        QCOMPARE(plates(page), (QStringList{u"a second"_s, u"first"_s}));
         QVERIFY(headerText(page, column).endsWith(u'*'));
         Q_EMIT page.list()->columnClicked(column);
-        QCOMPARE(page.sortExpression(), page.list()->listModel()->columns().at(column).sortKey + QStringLiteral(" DESC"));
-        QCOMPARE(plates(page), (QStringList{QStringLiteral("first"), QStringLiteral("a second")}));
+        QCOMPARE(page.sortExpression(), page.list()->listModel()->columns().at(column).sortKey + u" DESC"_s);
+        QCOMPARE(plates(page), (QStringList{u"first"_s, u"a second"_s}));
     }
 
     void clickOnTheRowNumberIsIgnored()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         Page page;
         page.open();
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"row"));
-        QCOMPARE(page.sortExpression(), QStringLiteral("ai.iCode"));
-        QCOMPARE(headerText(page, u"row"), QStringLiteral("ردیف"));
-        QCOMPARE(headerText(page, u"buyer"), QStringLiteral("نام خریدار*"));
+        QCOMPARE(page.sortExpression(), u"ai.iCode"_s);
+        QCOMPARE(headerText(page, u"row"), u"ردیف"_s);
+        QCOMPARE(headerText(page, u"buyer"), u"نام خریدار*"_s);
     }
 
     // --- Settings ---
@@ -527,13 +527,13 @@ private Q_SLOTS:
     {
         QFETCH(int, stored);
         QFETCH(int, used);
-        WriteSetting(section, QStringLiteral("iLastCol"), stored);
+        WriteSetting(section, u"iLastCol"_s, stored);
         Page page;
         page.open();
         for (int column = 0; column < columnCount; ++column)
             QCOMPARE(headerText(page, column).endsWith(u'*'), column == used);
         page.OnClosing();
-        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), -7), used);
+        QCOMPARE(ReadSetting(section, u"iLastCol"_s, -7), used);
     }
 
     void settingsBeginWithTheirDefaultsAndAreWrittenBack()
@@ -542,53 +542,53 @@ private Q_SLOTS:
             Page page;
             page.open();
             QCOMPARE(page.rowLimit(), 1000);
-            QCOMPARE(page.sortExpression(), QStringLiteral("ai.iCode"));
-            addNamed(QStringLiteral("a"));
+            QCOMPARE(page.sortExpression(), u"ai.iCode"_s);
+            addNamed(u"a"_s);
             page.refill();
             Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"amount"));
             Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"amount"));
             page.setRowLimit(50);
             page.OnClosing();
         }
-        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 50);
-        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), 0), 13);
-        QCOMPARE(ReadSetting(section, QStringLiteral("Sort"), QString()), QStringLiteral("dAmount DESC"));
+        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 0), 50);
+        QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 13);
+        QCOMPARE(ReadSetting(section, u"Sort"_s, QString()), u"dAmount DESC"_s);
         Page page;
         page.open();
-        QCOMPARE(page.sortExpression(), QStringLiteral("dAmount DESC"));
-        QCOMPARE(headerText(page, u"amount"), QStringLiteral("مبلغ*"));
+        QCOMPARE(page.sortExpression(), u"dAmount DESC"_s);
+        QCOMPARE(headerText(page, u"amount"), u"مبلغ*"_s);
     }
 
     // The items that the search joins have a title, so the order is one that the database knows.
     void emptyStoredSortBecomesTheTitle()
     {
-        addNamed(QStringLiteral("a"));
-        WriteSetting(section, QStringLiteral("Sort"), QString());
+        addNamed(u"a"_s);
+        WriteSetting(section, u"Sort"_s, QString());
         Page page;
         page.open();
-        QCOMPARE(page.sortExpression(), QStringLiteral("sTitle"));
+        QCOMPARE(page.sortExpression(), u"sTitle"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QCOMPARE(page.list()->count(), 1);
         page.OnClosing();
-        QCOMPARE(ReadSetting(section, QStringLiteral("Sort"), QString()), QStringLiteral("sTitle"));
+        QCOMPARE(ReadSetting(section, u"Sort"_s, QString()), u"sTitle"_s);
     }
 
     void storedSortThatNoColumnGivesIsNotTaken()
     {
-        WriteSetting(section, QStringLiteral("Sort"), QStringLiteral("SLEEP(9)"));
+        WriteSetting(section, u"Sort"_s, u"SLEEP(9)"_s);
         Page page;
         page.open();
-        QCOMPARE(page.sortExpression(), QStringLiteral("ai.iCode"));
+        QCOMPARE(page.sortExpression(), u"ai.iCode"_s);
     }
 
     // --- Defaults ---
 
     void defaultsResetEveryControlAndEmptyTheList()
     {
-        addNamed(QStringLiteral("a"));
-        const int person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        addNamed(u"a"_s);
+        const int person = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         Page page;
         page.open();
         page.filters().set(u"owner", person);
@@ -600,18 +600,18 @@ private Q_SLOTS:
         page.filters().set(u"archive", 3);
         page.filters().set(u"inactive", true);
         for (const QString &key : {u"amountFrom"_s, u"amountTo"_s, u"yearFrom"_s, u"yearTo"_s})
-            page.filters().control<KEdit>(key)->setText(QStringLiteral("5"));
+            page.filters().control<KEdit>(key)->setText(u"5"_s);
         for (const QString &key : {u"chassis"_s, u"documentsDeficit"_s, u"partsDeficit"_s})
-            page.filters().control<KEdit>(key)->setText(QStringLiteral("x"));
+            page.filters().control<KEdit>(key)->setText(u"x"_s);
         for (const QString &key : {u"introductionFrom"_s, u"introductionTo"_s})
             page.filters().control<KDateEdit>(key)->setChecked(true);
-        m_office->addBrand(QStringLiteral("سمند"));
+        m_office->addBrand(u"سمند"_s);
 
         QVERIFY(page.runCommand(u"reset"));
         QCOMPARE(page.list()->count(), 0);
         QVERIFY(!page.button(u"edit")->isEnabled());
         for (const QString &key : {u"amountFrom"_s, u"amountTo"_s, u"yearFrom"_s, u"yearTo"_s})
-            QCOMPARE(page.filters().control<KEdit>(key)->text(), QStringLiteral("0"));
+            QCOMPARE(page.filters().control<KEdit>(key)->text(), u"0"_s);
         for (const QString &key : {u"chassis"_s, u"documentsDeficit"_s, u"partsDeficit"_s})
             QVERIFY(page.filters().control<KEdit>(key)->text().isEmpty());
         for (const QString &key : {u"usage"_s, u"fuel"_s, u"color"_s, u"type"_s})
@@ -626,28 +626,28 @@ private Q_SLOTS:
             QVERIFY(!page.filters().control<KPersonField>(key)->findChildren<QPushButton *>().last()->isEnabled());
         // The types are read anew.
         QCOMPARE(comboTexts(page.filters().control<QComboBox>(u"type")),
-                 (QStringList{QStringLiteral("همه"), QStringLiteral("پژو"), QStringLiteral("سمند")}));
-        QCOMPARE(page.filters().condition(m_office->adminID()), QStringLiteral("ai.iStatus=0 AND iArchiveUserID=0 GROUP BY ai.iID"));
+                 (QStringList{u"همه"_s, u"پژو"_s, u"سمند"_s}));
+        QCOMPARE(page.filters().condition(m_office->adminID()), u"ai.iStatus=0 AND iArchiveUserID=0 GROUP BY ai.iID"_s);
     }
 
     // --- From a demand ---
 
     void searchBeginsWithTheWishesOfTheDemand()
     {
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         auto fits = [=](Car &c) {
             c.m_iAutomobilType = brand;
             c.m_iColor = white;
             c.m_iYear = 1398;
             c.m_dAmount = 150;
         };
-        addNamed(QStringLiteral("fits"), fits);
-        addNamed(QStringLiteral("newer"), [&](Car &c) {
+        addNamed(u"fits"_s, fits);
+        addNamed(u"newer"_s, [&](Car &c) {
             fits(c);
             c.m_iYear = 1399;
         });
-        addNamed(QStringLiteral("dear"), [&](Car &c) {
+        addNamed(u"dear"_s, [&](Car &c) {
             fits(c);
             c.m_dAmount = 250;
         });
@@ -669,12 +669,12 @@ private Q_SLOTS:
         QCOMPARE(page.filters().value(u"color").toInt(), white);
         QCOMPARE(page.filters().value(u"type").toInt(), brand);
         // The "from" year selects one year.
-        QCOMPARE(plates(page), QStringList{QStringLiteral("fits")});
+        QCOMPARE(plates(page), QStringList{u"fits"_s});
     }
 
     void demandThatIsGonePresetsNothing()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         Page page;
         page.setDemand(12345);
         page.open();
@@ -708,7 +708,7 @@ private Q_SLOTS:
     void closedDatabaseAndSelectModeHideWhatChangesData()
     {
         QFETCH(bool, closed);
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         GetDBSetting()->SetClosedDB(closed);
         Page page;
         page.setSelectMode(!closed);
@@ -725,56 +725,56 @@ private Q_SLOTS:
         QVERIFY(!page.button(u"print")->isHidden());
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT(COUNT(*),SUM(iArchiveUserID)) FROM AutomobilInformations")),
-                 QStringLiteral("10"));
+        QCOMPARE(value(u"SELECT CONCAT(COUNT(*),SUM(iArchiveUserID)) FROM AutomobilInformations"_s),
+                 u"10"_s);
         QVERIFY(key > 0);
     }
 
     void deletingAsksFirstAndAnsweringNoChangesNothing()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         Page page;
         page.open();
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         QVERIFY(page.runCommand(u"delete"));
-        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟")});
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{u"آیا از حذف این رکورد اطمینان دارید؟"_s});
         QCOMPARE(page.list()->count(), 1);
     }
 
     void afterDeletingTheLastRowTheSelectionMovesToTheNewLastRow()
     {
-        addNamed(QStringLiteral("a"));
-        addNamed(QStringLiteral("b"));
-        const int last = addNamed(QStringLiteral("c"));
-        m_office->database().run(QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')").arg(last));
-        m_office->database().run(QStringLiteral("INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')").arg(last));
+        addNamed(u"a"_s);
+        addNamed(u"b"_s);
+        const int last = addNamed(u"c"_s);
+        m_office->database().run(u"INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')"_s.arg(last));
+        m_office->database().run(u"INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')"_s.arg(last));
         Page page;
         page.open();
         page.list()->selectKey(last);
         QVERIFY(page.runCommand(u"delete"));
-        QCOMPARE(plates(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+        QCOMPARE(plates(page), (QStringList{u"a"_s, u"b"_s}));
         QCOMPARE(page.list()->currentRow(), 1);
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iTable) FROM FileDocs")), QStringLiteral("69"));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CustomFieldRecords")), QStringLiteral("0"));
+        QCOMPARE(page.countText(), u"تعداد : 2"_s);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iTable) FROM FileDocs"_s), u"69"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CustomFieldRecords"_s), u"0"_s);
     }
 
     void archivingNeedsItsOwnRight()
     {
-        addNamed(QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights);
+        addNamed(u"a"_s);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights);
         KSecurity::setRights(GetDBSetting()->GetUserID(), archiveForm, 0);
         KSecurity::forgetRights();
         Page page;
         page.open();
         page.runCommand(u"archive");
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه بایگانی کردن نامه ها را ندارید.")});
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شما اجازه بایگانی کردن نامه ها را ندارید."_s});
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilInformations"_s), u"0"_s);
     }
 
     void archivingAnArchivedCarWarnsAndWritesNothing()
     {
-        addNamed(QStringLiteral("a"), [](Car &c) {
+        addNamed(u"a"_s, [](Car &c) {
             c.m_iArchiveUserID = 77;
             c.m_dateArchive = day(2020, 1, 1);
         });
@@ -783,28 +783,28 @@ private Q_SLOTS:
         page.filters().set(u"archive", 0);
         page.refill();
         page.runCommand(u"archive");
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این قرارداد قبلا بایگانی شده است.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این قرارداد قبلا بایگانی شده است."_s});
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT(iArchiveUserID,DATE(dateArchive)) FROM AutomobilInformations")),
-                 QStringLiteral("772020-01-01"));
+        QCOMPARE(value(u"SELECT CONCAT(iArchiveUserID,DATE(dateArchive)) FROM AutomobilInformations"_s),
+                 u"772020-01-01"_s);
     }
 
     void archivedCarLeavesTheListAndTellsWhoAndWhen()
     {
-        addNamed(QStringLiteral("a"));
-        addNamed(QStringLiteral("b"));
+        addNamed(u"a"_s);
+        addNamed(u"b"_s);
         Page page;
         page.open();
         page.runCommand(u"archive");
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("بایگانی شد.")});
-        QCOMPARE(plates(page), QStringList{QStringLiteral("b")});
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT(iArchiveUserID,'|',dateArchive>NOW()-INTERVAL 1 MINUTE) FROM"
-                                      " AutomobilInformations WHERE sNumOfPlates='a'")),
-                 QStringLiteral("%1|1").arg(m_office->adminID()));
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"بایگانی شد."_s});
+        QCOMPARE(plates(page), QStringList{u"b"_s});
+        QCOMPARE(value(u"SELECT CONCAT(iArchiveUserID,'|',dateArchive>NOW()-INTERVAL 1 MINUTE) FROM"
+                       " AutomobilInformations WHERE sNumOfPlates='a'"_s),
+                 u"%1|1"_s.arg(m_office->adminID()));
         page.filters().set(u"archive", 2);
         page.refill();
-        QCOMPARE(plates(page), QStringList{QStringLiteral("a")});
-        QCOMPARE(page.list()->cellText(0, u"archived"), QStringLiteral("بلی"));
+        QCOMPARE(plates(page), QStringList{u"a"_s});
+        QCOMPARE(page.list()->cellText(0, u"archived"), u"بلی"_s);
     }
 
     void everyCommandAsksItsOwnRight_data()
@@ -823,19 +823,19 @@ private Q_SLOTS:
     {
         QFETCH(QString, command);
         QFETCH(int, missing);
-        addNamed(QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~missing);
+        addNamed(u"a"_s);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~missing);
         Page page;
         page.open();
         QVERIFY(page.runCommand(command));
         QCOMPARE(g_pDlgWarning->takeShown(),
                  QStringList{KSecurity::refusalText(rightsForm, static_cast<KSecurity::Right>(missing))});
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"1"_s);
     }
 
     void pageIsRefusedToAUserWithoutAccess()
     {
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, 0);
+        m_office->logInAs(u"clerk"_s, rightsForm, 0);
         Page page;
         QVERIFY(!page.OnAccess());
         QCOMPARE(Page::SelectCar(nullptr), 0);
@@ -843,10 +843,10 @@ private Q_SLOTS:
 
     void carThatVanishedIsLeftAlone()
     {
-        const int key = addNamed(QStringLiteral("a"));
+        const int key = addNamed(u"a"_s);
         Page page;
         page.open();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations WHERE iID=%1").arg(key));
+        m_office->database().run(u"DELETE FROM AutomobilInformations WHERE iID=%1"_s.arg(key));
         for (const QString &command : {u"edit"_s, u"delete"_s, u"archive"_s})
             QVERIFY(page.runCommand(command));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
@@ -856,8 +856,8 @@ private Q_SLOTS:
 
     void selectModePicksACarAndBeginsAtTheOneChosenBefore()
     {
-        const int first = addNamed(QStringLiteral("a"));
-        const int second = addNamed(QStringLiteral("b"));
+        const int first = addNamed(u"a"_s);
+        const int second = addNamed(u"b"_s);
         int preselected = 0;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = window->findChild<Page *>();
@@ -873,19 +873,19 @@ private Q_SLOTS:
 
     void printShowsTheListInItsReport()
     {
-        addNamed(QStringLiteral("a"));
-        addNamed(QStringLiteral("b"));
+        addNamed(u"a"_s);
+        addNamed(u"b"_s);
         Page page;
         page.open();
         bool shown = false;
         TestOffice::whenModal("CDlgReportGenerator", [&](QWidget *window) {
             const ListReport &report = static_cast<CDlgReportGenerator *>(window)->report();
             shown = true;
-            QCOMPARE(report.group(), QStringLiteral("گالری اتومبیل"));
-            QCOMPARE(report.shownTitle(), QStringLiteral("لیست گالری اتومبیل"));
-            QCOMPARE(report.text(QStringLiteral("RightTop")), QStringLiteral("گالری اتومبیل"));
-            QCOMPARE(report.text(QStringLiteral("LeftBottom")), QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-            QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 2"));
+            QCOMPARE(report.group(), u"گالری اتومبیل"_s);
+            QCOMPARE(report.shownTitle(), u"لیست گالری اتومبیل"_s);
+            QCOMPARE(report.text(u"RightTop"_s), u"گالری اتومبیل"_s);
+            QCOMPARE(report.text(u"LeftBottom"_s), u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+            QCOMPARE(report.text(u"Count"_s), u"تعداد : 2"_s);
             QCOMPARE(report.rows().size(), 2);
             // What the list does not show is not printed.
             QCOMPARE(report.shownColumns().size(), columnCount - 1);

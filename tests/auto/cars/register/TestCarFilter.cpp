@@ -92,11 +92,11 @@ void TestCarFilter::clausesStandInTheirOrder()
         {u"chassis"_s, u"c"_s},
     };
     QCOMPARE(KListFilter::condition(carFilters(), everything, 9),
-             QStringLiteral("ai.iStatus=0 AND ai.iArchiveUserID<>0 AND ai.iArchiveUserID<>9 AND ai.iAutomobilType=1 AND ai.iColor=2"
-                            " AND ai.iFuel=4 AND ai.dateIntroduction >= '2026-01-01' AND ai.dateIntroduction <= '2026-01-03'"
-                            " AND ai.sDocumentsDeficit LIKE '%d%' AND ai.sFractionalParts LIKE '%p%' AND ai.dAmount >= 5.000000"
-                            " AND ai.dAmount <= 6.000000 AND ai.iYear=1400 AND ai.iYear<=1401 AND ai.iPersonBuyerID=7"
-                            " AND ai.iPersonID=8 AND ai.sChassisNum LIKE '%c%' GROUP BY ai.iID"));
+             u"ai.iStatus=0 AND ai.iArchiveUserID<>0 AND ai.iArchiveUserID<>9 AND ai.iAutomobilType=1 AND ai.iColor=2"
+             " AND ai.iFuel=4 AND ai.dateIntroduction >= '2026-01-01' AND ai.dateIntroduction <= '2026-01-03'"
+             " AND ai.sDocumentsDeficit LIKE '%d%' AND ai.sFractionalParts LIKE '%p%' AND ai.dAmount >= 5.000000"
+             " AND ai.dAmount <= 6.000000 AND ai.iYear=1400 AND ai.iYear<=1401 AND ai.iPersonBuyerID=7"
+             " AND ai.iPersonID=8 AND ai.sChassisNum LIKE '%c%' GROUP BY ai.iID"_s);
 }
 
 static const RegisteredTest<TestCarFilter> registered;

@@ -51,11 +51,11 @@ private:
 void TestCarFilterRows::initTestCase()
 {
     prepareModuleTables(m_database);
-    m_database.run(QStringLiteral("INSERT INTO Items (iID,iType,sName,sTitle) VALUES (%1,808,'a','z'),(%2,808,'b','y'),(903,808,'c','x')")
+    m_database.run(u"INSERT INTO Items (iID,iType,sName,sTitle) VALUES (%1,808,'a','z'),(%2,808,'b','y'),(903,808,'c','x')"_s
                        .arg(typeAndItem)
                        .arg(red));
-    m_database.run(QStringLiteral("INSERT INTO CarModels (iID,sName,iClassID) VALUES (31,'پراید 111',%1)").arg(typeAndItem));
-    m_database.run(QStringLiteral("INSERT INTO CarClasses (iID,sName,iBrandID) VALUES (41,'SE',31)"));
+    m_database.run(u"INSERT INTO CarModels (iID,sName,iClassID) VALUES (31,'پراید 111',%1)"_s.arg(typeAndItem));
+    m_database.run(u"INSERT INTO CarClasses (iID,sName,iBrandID) VALUES (41,'SE',31)"_s);
     const auto add = [](qint32 code, const auto &fill) {
         Car car;
         car.AddNew();
@@ -69,9 +69,9 @@ void TestCarFilterRows::initTestCase()
     add(4, [](Car &c) { c.m_iStatus = 1; c.m_iYear = 1385; c.m_iColor = red; });
     add(5, [](Car &c) { c.m_iArchiveUserID = 7; c.m_iPersonID = 21; c.m_dateIntroduction = day(2026, 5, 1); });
     add(6, [](Car &c) { c.m_iArchiveUserID = 8; c.m_iPersonBuyerID = 21; c.m_dateIntroduction = day(2026, 5, 2, 15); });
-    add(7, [](Car &c) { c.m_sDocumentsDeficit = QStringLiteral("برگ سبز، بیمه"); c.m_dateIntroduction = day(2026, 5, 3); });
-    add(8, [](Car &c) { c.m_sFractionalParts = QStringLiteral("زاپاس"); c.m_dateIntroduction = day(2026, 5, 3, 1); });
-    add(9, [](Car &c) { c.m_sChassisNum = QStringLiteral("NAS411100"); c.m_iYear = 1395; });
+    add(7, [](Car &c) { c.m_sDocumentsDeficit = u"برگ سبز، بیمه"_s; c.m_dateIntroduction = day(2026, 5, 3); });
+    add(8, [](Car &c) { c.m_sFractionalParts = u"زاپاس"_s; c.m_dateIntroduction = day(2026, 5, 3, 1); });
+    add(9, [](Car &c) { c.m_sChassisNum = u"NAS411100"_s; c.m_iYear = 1395; });
 }
 
 QList<int> TestCarFilterRows::codes(const KFilterValues &values, const QString &sort, int user)
@@ -139,7 +139,7 @@ void TestCarFilterRows::carWhoseTypeAndColorBothNameItemsIsListedOnce()
     cars.Open(true, true, true);
     QCOMPARE(cars.GetRecordsCount(), 1);
     // The grouping is what does it.
-    cars.m_filter = filter.left(filter.indexOf(QStringLiteral(" GROUP BY")));
+    cars.m_filter = filter.left(filter.indexOf(u" GROUP BY"_s));
     cars.Open(true, true, true);
     QCOMPARE(cars.GetRecordsCount(), 2);
 }
@@ -148,11 +148,11 @@ void TestCarFilterRows::carWhoseModelOrClassWasDeletedIsListedWithEmptyNames()
 {
     CTblAutomobilInformationJoins cars;
     cars.m_filter = KListFilter::condition(carFilters(), {}, 0);
-    cars.m_sort = QStringLiteral("ai.iCode");
+    cars.m_sort = u"ai.iCode"_s;
     cars.Open(true, true, true);
     QCOMPARE(cars.m_iCode, 1);
-    QCOMPARE(cars.m_sModelName, QStringLiteral("پراید 111"));
-    QCOMPARE(cars.m_sClassName, QStringLiteral("SE"));
+    QCOMPARE(cars.m_sModelName, u"پراید 111"_s);
+    QCOMPARE(cars.m_sClassName, u"SE"_s);
     cars.MoveNext();
     cars.MoveNext();
     QCOMPARE(cars.m_iCode, 3);
@@ -165,7 +165,7 @@ void TestCarFilterRows::typedQuoteReachesTheStatement()
 {
     QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({{u"chassis"_s, u"a'b"_s}}));
     QVERIFY_THROWS_EXCEPTION(CMySQLException, codes({{u"chassis"_s, u"'; DELETE FROM AutomobilInformations; -- "_s}}));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("9"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"9"_s);
     // A sign of the pattern is one here.
     QCOMPARE(codes({{u"chassis"_s, u"4_11"_s}}), QList<int>{9});
 }
@@ -178,14 +178,14 @@ void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin_data()
                             "sFractionalParts", "iArchiveUserID"})
         QTest::newRow(key) << QString::fromLatin1(key);
     // The title of an item: a column of the join, though none of the list.
-    QTest::newRow("sTitle, the order of an empty setting") << QStringLiteral("sTitle");
+    QTest::newRow("sTitle, the order of an empty setting") << u"sTitle"_s;
 }
 
 void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin()
 {
     QFETCH(QString, key);
     QCOMPARE(codes({}, key).size(), 8);
-    QCOMPARE(codes({}, key + QStringLiteral(" DESC")).size(), 8);
+    QCOMPARE(codes({}, key + u" DESC"_s).size(), 8);
 }
 
 static const RegisteredTest<TestCarFilterRows, QCoreApplication> registered;

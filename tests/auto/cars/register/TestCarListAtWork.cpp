@@ -78,7 +78,7 @@ class TestCarListAtWork : public QObject
         TestOffice::whenModal("CDlgAddAutomobilInformation", [this, plate](QWidget *window) {
             auto &editor = static_cast<Editor &>(*window);
             editor.basePage()->owner()->setPersonID(m_owner);
-            editor.basePage()->form()->edit(QStringLiteral("sNumOfPlates"))->setText(plate);
+            editor.basePage()->form()->edit(u"sNumOfPlates"_s)->setText(plate);
             editor.accept();
             if (editor.isVisible()) {
                 QTest::qFail(qPrintable(g_pDlgWarning->takeShown().join(u'|')), __FILE__, __LINE__);
@@ -102,7 +102,7 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_owner = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        m_owner = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
     }
     void cleanup() { m_window.reset(); }
 
@@ -110,67 +110,67 @@ private Q_SLOTS:
 
     void newCarBeginsAsAPlaceholderWithTheNextCodeTheServersDateAndTheYear()
     {
-        addNamed(QStringLiteral("old"), [](Car &c) { c.m_iCode = 40; });
+        addNamed(u"old"_s, [](Car &c) { c.m_iCode = 40; });
         auto &page = shownPage();
         QString row;
         whenEditorCancels([&](Editor &editor) {
-            QCOMPARE(editor.windowTitle(), QStringLiteral("گالري اتومبيل- جدید"));
-            row = value(QStringLiteral("SELECT CONCAT_WS('|',iCode,DATE(dateCreate)=DATE(NOW()),iYear,iUserID,iPersonID,dAmount,iStatus)"
-                                       " FROM AutomobilInformations ORDER BY iID DESC LIMIT 1"));
+            QCOMPARE(editor.windowTitle(), u"گالري اتومبيل- جدید"_s);
+            row = value(u"SELECT CONCAT_WS('|',iCode,DATE(dateCreate)=DATE(NOW()),iYear,iUserID,iPersonID,dAmount,iStatus)"
+                        " FROM AutomobilInformations ORDER BY iID DESC LIMIT 1"_s);
         });
         QTest::keyClick(page.list(), Qt::Key_Insert);
-        QCOMPARE(row, QStringLiteral("41|1|%1|0|0|0|0").arg(GetShamsiYearOfToday()));
+        QCOMPARE(row, u"41|1|%1|0|0|0|0"_s.arg(GetShamsiYearOfToday()));
     }
 
     void cancellingANewCarLeavesNoRowBehind()
     {
         auto &page = shownPage();
         whenEditorCancels([this](Editor &) {
-            const QString key = value(QStringLiteral("SELECT MAX(iID) FROM AutomobilInformations"));
+            const QString key = value(u"SELECT MAX(iID) FROM AutomobilInformations"_s);
             m_office->database().run(
-                QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')").arg(key));
+                u"INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (68,%1,'a'),(69,%1,'b')"_s.arg(key));
             m_office->database().run(
-                QStringLiteral("INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')").arg(key));
+                u"INSERT INTO CustomFieldRecords (iFieldID,iTable,iRecordID,sValue) VALUES (1,68,%1,'v')"_s.arg(key));
         });
         QVERIFY(page.runCommand(u"new"));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("0"));
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iTable) FROM FileDocs")), QStringLiteral("69"));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM CustomFieldRecords")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iTable) FROM FileDocs"_s), u"69"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CustomFieldRecords"_s), u"0"_s);
         QCOMPARE(page.list()->count(), 0);
     }
 
     void placeholderThatSomebodyElseDeletedIsNoTrouble()
     {
         auto &page = shownPage();
-        whenEditorCancels([this](Editor &) { m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations")); });
+        whenEditorCancels([this](Editor &) { m_office->database().run(u"DELETE FROM AutomobilInformations"_s); });
         QVERIFY(page.runCommand(u"new"));
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
     void confirmingANewCarKeepsTheCodeTakenAtCreation()
     {
-        addNamed(QStringLiteral("old"));
+        addNamed(u"old"_s);
         auto &page = shownPage();
         TestOffice::whenModal("CDlgAddAutomobilInformation", [this](QWidget *window) {
             auto &editor = static_cast<Editor &>(*window);
             // Somebody else adds one meanwhile.
-            addNamed(QStringLiteral("theirs"), [](Car &c) { c.m_iCode = 90; });
+            addNamed(u"theirs"_s, [](Car &c) { c.m_iCode = 90; });
             editor.basePage()->owner()->setPersonID(m_owner);
-            editor.basePage()->form()->edit(QStringLiteral("sNumOfPlates"))->setText(QStringLiteral("mine"));
+            editor.basePage()->form()->edit(u"sNumOfPlates"_s)->setText(u"mine"_s);
             editor.accept();
         });
         QTest::keyClick(page.list(), Qt::Key_Insert);
-        QCOMPARE(value(QStringLiteral("SELECT iCode FROM AutomobilInformations WHERE sNumOfPlates='mine'")), QStringLiteral("2"));
+        QCOMPARE(value(u"SELECT iCode FROM AutomobilInformations WHERE sNumOfPlates='mine'"_s), u"2"_s);
         QCOMPARE(page.list()->count(), 3);
-        QCOMPARE(page.list()->cellText(page.list()->currentRow(), plateColumn), QStringLiteral("mine"));
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), plateColumn), u"mine"_s);
     }
 
     // Unlike a contract, a car may be entered by whoever may open the list.
     void newCarAsksNoRightBeyondTheOpenDatabase()
     {
-        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilInformations"), KSecurity::Access);
+        m_office->logInAs(u"clerk"_s, u"AutomobilInformations"_s, KSecurity::Access);
         auto &page = shownPage();
-        whenEditor(QStringLiteral("new"));
+        whenEditor(u"new"_s);
         QVERIFY(page.runCommand(u"new"));
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QCOMPARE(page.list()->count(), 1);
@@ -180,25 +180,25 @@ private Q_SLOTS:
 
     void editedCarIsListedAsItWasSaved()
     {
-        addNamed(QStringLiteral("before"));
+        addNamed(u"before"_s);
         auto &page = shownPage();
-        whenEditor(QStringLiteral("after"));
+        whenEditor(u"after"_s);
         QTest::keyClick(page.list(), Qt::Key_F2);
-        QCOMPARE(page.list()->cellText(0, plateColumn), QStringLiteral("after"));
+        QCOMPARE(page.list()->cellText(0, plateColumn), u"after"_s);
         QCOMPARE(page.list()->currentRow(), 0);
     }
 
     void enterOnARowShowsTheCar()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         QString title;
         whenEditorCancels([&title](Editor &editor) { title = editor.windowTitle(); });
         QTest::keyClick(page.list(), Qt::Key_Return);
-        QCOMPARE(title, QStringLiteral("گالري اتومبيل - نمایش"));
+        QCOMPARE(title, u"گالري اتومبيل - نمایش"_s);
         whenEditorCancels([&title](Editor &editor) { title = editor.windowTitle() + u'!'; });
         QVERIFY(page.runCommand(u"show"));
-        QCOMPARE(title, QStringLiteral("گالري اتومبيل - نمایش!"));
+        QCOMPARE(title, u"گالري اتومبيل - نمایش!"_s);
     }
 
     void carTakenOutOfTheArchiveInTheEditorLeavesTheListOfArchivedOnes_data()
@@ -211,23 +211,23 @@ private Q_SLOTS:
     void carTakenOutOfTheArchiveInTheEditorLeavesTheListOfArchivedOnes()
     {
         QFETCH(QString, command);
-        addNamed(QStringLiteral("a"), [this](Car &c) { c.m_iArchiveUserID = m_office->adminID(); });
+        addNamed(u"a"_s, [this](Car &c) { c.m_iArchiveUserID = m_office->adminID(); });
         auto &page = shownPage();
         page.filters().set(u"archive", 2);
         page.refill();
         QCOMPARE(page.list()->count(), 1);
         TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) { static_cast<Editor *>(window)->unarchive(); });
         QVERIFY(page.runCommand(command));
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilInformations"_s), u"0"_s);
         QCOMPARE(page.list()->count(), 0);
     }
 
     void cancelledEditDoesNotSearchAgain()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         whenEditorCancels();
-        addNamed(QStringLiteral("b"));
+        addNamed(u"b"_s);
         QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(page.list()->count(), 1);
     }
@@ -238,14 +238,14 @@ private Q_SLOTS:
     {
         auto &page = shownPage();
         TestOffice::whenModal("CDlgCarsAll", [this](QWidget *window) {
-            m_office->addBrand(QStringLiteral("پژو"));
+            m_office->addBrand(u"پژو"_s);
             static_cast<QDialog *>(window)->reject();
         });
         QVERIFY(page.runCommand(u"catalog"));
         QCOMPARE(page.filters().control<QComboBox>(u"type")->count(), 2);
-        QCOMPARE(page.filters().control<QComboBox>(u"type")->itemText(1), QStringLiteral("پژو"));
+        QCOMPARE(page.filters().control<QComboBox>(u"type")->itemText(1), u"پژو"_s);
         TestOffice::whenModal("KDialogHolder", [this](QWidget *window) {
-            m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+            m_office->addItem(CTblItems::typeColor, u"سفید"_s);
             static_cast<QDialog *>(window)->reject();
         });
         QVERIFY(page.runCommand(u"inputParameters"));
@@ -254,20 +254,20 @@ private Q_SLOTS:
 
     void chosenTypeStaysChosenWhenTheTypesAreReadAnew()
     {
-        m_office->addBrand(QStringLiteral("پژو"));
-        const int brand = m_office->addBrand(QStringLiteral("سمند"));
+        m_office->addBrand(u"پژو"_s);
+        const int brand = m_office->addBrand(u"سمند"_s);
         auto &page = shownPage();
         page.filters().set(u"type", brand);
         page.filters().readChoices(u"type");
         QCOMPARE(page.filters().value(u"type").toInt(), brand);
-        m_office->database().run(QStringLiteral("DELETE FROM CarBrands WHERE iID=%1").arg(brand));
+        m_office->database().run(u"DELETE FROM CarBrands WHERE iID=%1"_s.arg(brand));
         page.filters().readChoices(u"type");
         QCOMPARE(page.filters().control<QComboBox>(u"type")->currentIndex(), 0);
     }
 
     void customersOfACarOpenForTheSelectedOne()
     {
-        addNamed(QStringLiteral("a"));
+        addNamed(u"a"_s);
         auto &page = shownPage();
         QVERIFY(page.button(u"matchingDemands")->isEnabled());
         TestOffice::whenModal("CDlgMatches", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
@@ -278,13 +278,13 @@ private Q_SLOTS:
 
     void keysReachFilterSearchAndCommands()
     {
-        addNamed(QStringLiteral("a"), [](Car &c) { c.m_sChassisNum = QStringLiteral("NAS1"); });
-        addNamed(QStringLiteral("b"));
+        addNamed(u"a"_s, [](Car &c) { c.m_sChassisNum = u"NAS1"_s; });
+        addNamed(u"b"_s);
         auto &page = shownPage();
         QCOMPARE(page.list()->count(), 2);
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
         QVERIFY(page.filters().control<KEdit>(u"chassis")->hasFocus());
-        QTest::keyClicks(page.filters().control<KEdit>(u"chassis"), QStringLiteral("NAS"));
+        QTest::keyClicks(page.filters().control<KEdit>(u"chassis"), u"NAS"_s);
         QTest::keyClick(page.filters().control<KEdit>(u"chassis"), Qt::Key_Return);
         QCOMPARE(page.list()->count(), 1);
         page.filters().control<KEdit>(u"chassis")->clear();
@@ -320,7 +320,7 @@ private Q_SLOTS:
         const QPushButton *defaults = page.button(u"reset");
         const QPushButton *search = nullptr;
         for (const QPushButton *button : page.findChildren<QPushButton *>()) {
-            if (button->text() == QStringLiteral("جستجو"))
+            if (button->text() == u"جستجو"_s)
                 search = button;
         }
         QVERIFY(search && defaults->isVisible());

@@ -23,15 +23,17 @@
 #include <QRadioButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 namespace Parameters = InputParameters;
 
-const QString rightsForm = QStringLiteral("InputParameters");
-const QString newCaption = QStringLiteral("جديد");
-const QString editCaption = QStringLiteral("ويرايش");
-const QString deleteCaption = QStringLiteral("حذف");
-const QString duplicate = QStringLiteral("این نام قبلا ثبت شده است.");
+const QString rightsForm = u"InputParameters"_s;
+const QString newCaption = u"جديد"_s;
+const QString editCaption = u"ويرايش"_s;
+const QString deleteCaption = u"حذف"_s;
+const QString duplicate = u"این نام قبلا ثبت شده است."_s;
 
 QStringList names(const CDlgInputParameters &page)
 {
@@ -76,8 +78,8 @@ class TestCDlgInputParameters : public QObject
     std::unique_ptr<TestOffice> m_office;
 
     QString value(const QString &statement) { return m_office->database().value(statement); }
-    QString nameOf(int key) { return value(QStringLiteral("SELECT sName FROM Items WHERE iID=%1").arg(key)); }
-    QString count() { return value(QStringLiteral("SELECT COUNT(*) FROM Items")); }
+    QString nameOf(int key) { return value(u"SELECT sName FROM Items WHERE iID=%1"_s.arg(key)); }
+    QString count() { return value(u"SELECT COUNT(*) FROM Items"_s); }
 
     static int add(int option, const QString &name) { return InputParameterValues::add(Parameters::itemType(option), name); }
 
@@ -87,7 +89,7 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_office->database().run(QStringLiteral("DELETE FROM Items"));
+        m_office->database().run(u"DELETE FROM Items"_s);
     }
 
     // --- What the window shows ---
@@ -96,7 +98,7 @@ private Q_SLOTS:
     {
         CDlgInputParameters page;
         page.open();
-        QCOMPARE(page.title(), QStringLiteral("پارامترهاي ورودي"));
+        QCOMPARE(page.title(), u"پارامترهاي ورودي"_s);
         QCOMPARE(page.findChildren<QRadioButton *>().size(), 13);
         for (int option = 0; option < 13; ++option)
             QCOMPARE(page.optionButton(option)->text(), Parameters::caption(option));
@@ -106,13 +108,13 @@ private Q_SLOTS:
         QCOMPARE(captions, (QStringList{newCaption, editCaption, deleteCaption}));
         const auto &columns = page.list()->listModel()->columns();
         QCOMPARE(columns.size(), 2);
-        QCOMPARE(columns.at(0).title, QStringLiteral("ردیف"));
+        QCOMPARE(columns.at(0).title, u"ردیف"_s);
         QCOMPARE(columns.at(0).alignment, Qt::Alignment(Qt::AlignCenter));
         QCOMPARE(columns.at(0).width, 40);
-        QCOMPARE(columns.at(1).title, QStringLiteral("نام"));
+        QCOMPARE(columns.at(1).title, u"نام"_s);
         QCOMPARE(columns.at(1).alignment, Qt::Alignment(Qt::AlignRight));
         QCOMPARE(columns.at(1).width, 170);
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 0"));
+        QCOMPARE(page.countText(), u"تعداد : 0"_s);
     }
 
     void exactlyOneOptionIsChosenAtATime()
@@ -131,19 +133,19 @@ private Q_SLOTS:
 
     void thereIsNoOrderToChooseAndNoneIsStored()
     {
-        add(0, QStringLiteral("b"));
+        add(0, u"b"_s);
         CDlgInputParameters page;
         page.open();
         for (const int column : {0, 1}) {
-            const ObservedStatements observed({QStringLiteral("SELECT")});
+            const ObservedStatements observed({u"SELECT"_s});
             Q_EMIT page.list()->columnClicked(column);
             QVERIFY(observed.taken().isEmpty());
             QVERIFY(!page.list()->model()->headerData(column, Qt::Horizontal).toString().endsWith(u'*'));
         }
         page.OnClosing();
-        QCOMPARE(ReadSetting(rightsForm, QStringLiteral("Sort"), QStringLiteral("none")), QStringLiteral("none"));
-        QCOMPARE(ReadSetting(rightsForm, QStringLiteral("iLastCol"), -1), -1);
-        QCOMPARE(ReadSetting(rightsForm, QStringLiteral("iMaxRows"), -1), -1);
+        QCOMPARE(ReadSetting(rightsForm, u"Sort"_s, u"none"_s), u"none"_s);
+        QCOMPARE(ReadSetting(rightsForm, u"iLastCol"_s, -1), -1);
+        QCOMPARE(ReadSetting(rightsForm, u"iMaxRows"_s, -1), -1);
     }
 
     void layoutIsKeptUnderTheListsName()
@@ -153,7 +155,7 @@ private Q_SLOTS:
             page.open();
             page.list()->header()->resizeSection(0, 111);
         }
-        QVERIFY(!ReadSetting(QStringLiteral("InputParameters\\List"), QStringLiteral("sWidths"), QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"InputParameters\\List"_s, u"sWidths"_s, QString()).isEmpty());
         CDlgInputParameters page;
         page.open();
         QCOMPARE(page.list()->header()->sectionSize(0), 111);
@@ -172,22 +174,22 @@ private Q_SLOTS:
     {
         QFETCH(int, option);
         for (int each = 0; each < Parameters::optionCount; ++each) {
-            add(each, QStringLiteral("value %1 a").arg(each));
-            add(each, QStringLiteral("value %1 b").arg(each));
+            add(each, u"value %1 a"_s.arg(each));
+            add(each, u"value %1 b"_s.arg(each));
         }
         CDlgInputParameters page((option + 1) % Parameters::optionCount);
         page.open();
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         page.optionButton(option)->click();
         QCOMPARE(observed.taken().size(), 1);
         QVERIFY(observed.taken().constFirst().contains(
-            QStringLiteral(" iType=%1 ").arg(Parameters::itemType(option))));
-        QCOMPARE(names(page), (QStringList{QStringLiteral("value %1 a").arg(option), QStringLiteral("value %1 b").arg(option)}));
-        QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("1"));
-        QCOMPARE(page.list()->cellText(1, 0), QStringLiteral("2"));
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
-        QCOMPARE(value(QStringLiteral("SELECT sName FROM Items WHERE iID=%1").arg(page.list()->listModel()->keyAt(0))),
-                 QStringLiteral("value %1 a").arg(option));
+            u" iType=%1 "_s.arg(Parameters::itemType(option))));
+        QCOMPARE(names(page), (QStringList{u"value %1 a"_s.arg(option), u"value %1 b"_s.arg(option)}));
+        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
+        QCOMPARE(page.list()->cellText(1, 0), u"2"_s);
+        QCOMPARE(page.countText(), u"تعداد : 2"_s);
+        QCOMPARE(value(u"SELECT sName FROM Items WHERE iID=%1"_s.arg(page.list()->listModel()->keyAt(0))),
+                 u"value %1 a"_s.arg(option));
     }
 
     void anOptionOutsideListsNothingAndAddsNothing_data()
@@ -200,22 +202,22 @@ private Q_SLOTS:
     void anOptionOutsideListsNothingAndAddsNothing()
     {
         QFETCH(int, option);
-        add(0, QStringLiteral("a"));
+        add(0, u"a"_s);
         CDlgInputParameters page(option);
         page.open();
         QCOMPARE(page.option(), -1);
         QCOMPARE(page.list()->count(), 0);
         page.runCommand(newCaption);
         QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(count(), QStringLiteral("1"));
+        QCOMPARE(count(), u"1"_s);
         page.optionButton(0)->click();
-        QCOMPARE(names(page), QStringList{QStringLiteral("a")});
+        QCOMPARE(names(page), QStringList{u"a"_s});
     }
 
     void theSelectionIsRestored()
     {
-        add(0, QStringLiteral("a"));
-        add(0, QStringLiteral("b"));
+        add(0, u"a"_s);
+        add(0, u"b"_s);
         CDlgInputParameters page;
         page.open();
         page.list()->selectRow(1);
@@ -227,24 +229,24 @@ private Q_SLOTS:
 
     void anAddedValueHasTheChosenTypeAndIsSelected()
     {
-        add(Parameters::Color, QStringLiteral("آبی"));
-        add(Parameters::Color, QStringLiteral("سفید"));
+        add(Parameters::Color, u"آبی"_s);
+        add(Parameters::Color, u"سفید"_s);
         CDlgInputParameters page(Parameters::Color);
         page.open();
-        whenEditor(QStringLiteral("سبز"));
+        whenEditor(u"سبز"_s);
         QVERIFY(page.runCommand(newCaption));
-        QCOMPARE(value(QStringLiteral("SELECT iType FROM Items WHERE sName='سبز'")), QStringLiteral("808"));
+        QCOMPARE(value(u"SELECT iType FROM Items WHERE sName='سبز'"_s), u"808"_s);
         QCOMPARE(page.list()->count(), 3);
-        QCOMPARE(page.list()->cellText(page.list()->currentRow(), 1), QStringLiteral("سبز"));
-        QCOMPARE(QString::number(page.list()->currentKey()), value(QStringLiteral("SELECT iID FROM Items WHERE sName='سبز'")));
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), 1), u"سبز"_s);
+        QCOMPARE(QString::number(page.list()->currentKey()), value(u"SELECT iID FROM Items WHERE sName='سبز'"_s));
     }
 
     void theEditorOpensEmptyForANewValue()
     {
-        add(0, QStringLiteral("a"));
+        add(0, u"a"_s);
         CDlgInputParameters page;
         page.open();
-        QString shown = QStringLiteral("?");
+        QString shown = u"?"_s;
         QString title;
         TestOffice::whenModal("CDlgAddInputParameter", [&](QWidget *editor) {
             shown = nameEdit(*editor)->text();
@@ -253,33 +255,33 @@ private Q_SLOTS:
         });
         QVERIFY(page.runCommand(newCaption));
         QCOMPARE(shown, QString());
-        QCOMPARE(title, QStringLiteral("تعداد سیلندر - جدید"));
-        QCOMPARE(count(), QStringLiteral("1"));
+        QCOMPARE(title, u"تعداد سیلندر - جدید"_s);
+        QCOMPARE(count(), u"1"_s);
     }
 
     // --- Editing ---
 
     void anEditedValueIsRenamedAndStaysSelected()
     {
-        const int key = add(0, QStringLiteral("a"));
-        add(0, QStringLiteral("m"));
+        const int key = add(0, u"a"_s);
+        add(0, u"m"_s);
         CDlgInputParameters page;
         page.open();
         page.list()->selectKey(key);
-        whenEditor(QStringLiteral("z"));
+        whenEditor(u"z"_s);
         QVERIFY(page.runCommand(editCaption));
-        QCOMPARE(names(page), (QStringList{QStringLiteral("m"), QStringLiteral("z")}));
+        QCOMPARE(names(page), (QStringList{u"m"_s, u"z"_s}));
         QCOMPARE(page.list()->currentKey(), key);
-        QCOMPARE(value(QStringLiteral("SELECT iType FROM Items WHERE iID=%1").arg(key)), QStringLiteral("817"));
+        QCOMPARE(value(u"SELECT iType FROM Items WHERE iID=%1"_s.arg(key)), u"817"_s);
     }
 
     void theEditorOpensOnTheSelectedItemAsItIsNow()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         CDlgInputParameters page;
         page.open();
         page.list()->selectKey(key);
-        m_office->database().run(QStringLiteral("UPDATE Items SET sName='now'"));
+        m_office->database().run(u"UPDATE Items SET sName='now'"_s);
         QString shown;
         QString title;
         TestOffice::whenModal("CDlgAddInputParameter", [&](QWidget *editor) {
@@ -288,17 +290,17 @@ private Q_SLOTS:
             static_cast<QDialog *>(editor)->reject();
         });
         QVERIFY(page.runCommand(editCaption));
-        QCOMPARE(shown, QStringLiteral("now"));
-        QCOMPARE(title, QStringLiteral("تعداد سیلندر - ویرایش"));
+        QCOMPARE(shown, u"now"_s);
+        QCOMPARE(title, u"تعداد سیلندر - ویرایش"_s);
     }
 
     void aValueThatVanishedIsNotEdited()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         CDlgInputParameters page;
         page.open();
         page.list()->selectKey(key);
-        m_office->database().run(QStringLiteral("DELETE FROM Items"));
+        m_office->database().run(u"DELETE FROM Items"_s);
         page.runCommand(editCaption);
         QVERIFY(!QApplication::activeModalWidget());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -306,12 +308,12 @@ private Q_SLOTS:
 
     void aValueThatVanishesWhileItIsEditedIsNotWrittenAgain()
     {
-        const int key = add(0, QStringLiteral("a"));
-        CDlgAddInputParameter editor(key, CTblItems::typeCylinderCount, QStringLiteral("a"), QString());
-        m_office->database().run(QStringLiteral("DELETE FROM Items"));
-        nameEdit(editor)->setText(QStringLiteral("b"));
+        const int key = add(0, u"a"_s);
+        CDlgAddInputParameter editor(key, CTblItems::typeCylinderCount, u"a"_s, QString());
+        m_office->database().run(u"DELETE FROM Items"_s);
+        nameEdit(editor)->setText(u"b"_s);
         editor.accept();
-        QCOMPARE(count(), QStringLiteral("0"));
+        QCOMPARE(count(), u"0"_s);
     }
 
     // --- The name ---
@@ -320,22 +322,22 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("empty") << QString();
-        QTest::newRow("blanks") << QStringLiteral("   ");
+        QTest::newRow("blanks") << u"   "_s;
     }
 
     void anEmptyNameIsRefused()
     {
         QFETCH(QString, name);
-        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), QStringLiteral("رنگ"));
+        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), u"رنگ"_s);
         editor.show();
         editor.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&editor));
         nameEdit(editor)->setText(name);
         editor.accept();
         QVERIFY(editor.isVisible());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام را وارد نماید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام را وارد نماید."_s});
         QCOMPARE(editor.focusWidget(), nameEdit(editor));
-        QCOMPARE(count(), QStringLiteral("0"));
+        QCOMPARE(count(), u"0"_s);
     }
 
     void aNameEqualToAnotherItemsNameIsRefused_data()
@@ -345,16 +347,16 @@ private Q_SLOTS:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("refused");
         const int color = CTblItems::typeColor;
-        QTest::newRow("the same name") << QStringLiteral("سفید") << color << QStringLiteral("سفید") << true;
+        QTest::newRow("the same name") << u"سفید"_s << color << u"سفید"_s << true;
         QTest::newRow("the same name of another type")
-            << QStringLiteral("سفید") << int(CTblItems::typeClause) << QStringLiteral("سفید") << true;
-        QTest::newRow("of a type that is no input parameter") << QStringLiteral("سفید") << 1 << QStringLiteral("سفید") << true;
-        QTest::newRow("with a quote") << QStringLiteral("o'k") << color << QStringLiteral("o'k") << true;
-        QTest::newRow("with a backslash") << QStringLiteral("a\\b") << color << QStringLiteral("a\\b") << true;
-        QTest::newRow("a part of it") << QStringLiteral("سفید صدفی") << color << QStringLiteral("سفید") << false;
-        QTest::newRow("a percent sign is a percent sign") << QStringLiteral("سفید") << color << QStringLiteral("%") << false;
-        QTest::newRow("another letter") << QStringLiteral("سفيد") << color << QStringLiteral("سفید") << false;
-        QTest::newRow("no condition of its own") << QStringLiteral("a") << color << QStringLiteral("x' OR '1'='1") << false;
+            << u"سفید"_s << int(CTblItems::typeClause) << u"سفید"_s << true;
+        QTest::newRow("of a type that is no input parameter") << u"سفید"_s << 1 << u"سفید"_s << true;
+        QTest::newRow("with a quote") << u"o'k"_s << color << u"o'k"_s << true;
+        QTest::newRow("with a backslash") << u"a\\b"_s << color << u"a\\b"_s << true;
+        QTest::newRow("a part of it") << u"سفید صدفی"_s << color << u"سفید"_s << false;
+        QTest::newRow("a percent sign is a percent sign") << u"سفید"_s << color << u"%"_s << false;
+        QTest::newRow("another letter") << u"سفيد"_s << color << u"سفید"_s << false;
+        QTest::newRow("no condition of its own") << u"a"_s << color << u"x' OR '1'='1"_s << false;
     }
 
     void aNameEqualToAnotherItemsNameIsRefused()
@@ -364,62 +366,62 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(bool, refused);
         InputParameterValues::add(type, stored);
-        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), QStringLiteral("رنگ"));
+        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), u"رنگ"_s);
         editor.show();
         nameEdit(editor)->setText(typed);
         editor.accept();
         QCOMPARE(editor.isVisible(), refused);
         QCOMPARE(g_pDlgWarning->takeShown(), refused ? QStringList{duplicate} : QStringList());
         QCOMPARE(nameEdit(editor)->text(), typed);
-        QCOMPARE(count(), refused ? QStringLiteral("1") : QStringLiteral("2"));
+        QCOMPARE(count(), refused ? u"1"_s : u"2"_s);
         if (!refused)
             QCOMPARE(nameOf(editor.itemID()), typed);
     }
 
     void itsOwnNameIsNotCountedWhenEditing()
     {
-        const int key = add(Parameters::Color, QStringLiteral("سفید"));
-        add(Parameters::Color, QStringLiteral("سیاه"));
-        CDlgAddInputParameter editor(key, CTblItems::typeColor, QStringLiteral("سفید"), QStringLiteral("رنگ"));
+        const int key = add(Parameters::Color, u"سفید"_s);
+        add(Parameters::Color, u"سیاه"_s);
+        CDlgAddInputParameter editor(key, CTblItems::typeColor, u"سفید"_s, u"رنگ"_s);
         editor.show();
         editor.accept();
         QVERIFY(!editor.isVisible());
-        CDlgAddInputParameter other(key, CTblItems::typeColor, QStringLiteral("سفید"), QStringLiteral("رنگ"));
+        CDlgAddInputParameter other(key, CTblItems::typeColor, u"سفید"_s, u"رنگ"_s);
         other.show();
-        nameEdit(other)->setText(QStringLiteral("سیاه"));
+        nameEdit(other)->setText(u"سیاه"_s);
         other.accept();
         QVERIFY(other.isVisible());
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{duplicate});
-        QCOMPARE(nameOf(key), QStringLiteral("سفید"));
+        QCOMPARE(nameOf(key), u"سفید"_s);
     }
 
     void theCheckAsksOverAllItems()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         {
-            const ObservedStatements observed({QStringLiteral("SELECT")});
-            InputParameterValues::isNameTaken(QStringLiteral("b"), 0);
-            QVERIFY2(observed.taken().constFirst().contains(QStringLiteral("WHERE sName='b'")),
+            const ObservedStatements observed({u"SELECT"_s});
+            InputParameterValues::isNameTaken(u"b"_s, 0);
+            QVERIFY2(observed.taken().constFirst().contains(u"WHERE sName='b'"_s),
                      qPrintable(observed.taken().constFirst()));
         }
-        const ObservedStatements observed({QStringLiteral("SELECT")});
-        InputParameterValues::isNameTaken(QStringLiteral("b"), key);
-        QVERIFY2(observed.taken().constFirst().contains(QStringLiteral("WHERE iID<>%1 AND sName='b'").arg(key)),
+        const ObservedStatements observed({u"SELECT"_s});
+        InputParameterValues::isNameTaken(u"b"_s, key);
+        QVERIFY2(observed.taken().constFirst().contains(u"WHERE iID<>%1 AND sName='b'"_s.arg(key)),
                  qPrintable(observed.taken().constFirst()));
     }
 
     void nameIsLimitedRequiredAndLabelled()
     {
-        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), QStringLiteral("رنگ"));
+        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), u"رنگ"_s);
         QCOMPARE(nameEdit(editor)->maxLength(), 50);
-        QCOMPARE(nameEdit(editor)->accessibleName(), QStringLiteral("نام :"));
+        QCOMPARE(nameEdit(editor)->accessibleName(), u"نام :"_s);
         QStringList labels;
         for (const QLabel *label : editor.findChildren<QLabel *>())
             labels << label->text();
-        QVERIFY(labels.contains(QStringLiteral("نام :")));
-        QVERIFY(labels.contains(QStringLiteral("*")));
-        QVERIFY(pushButton(editor, QStringLiteral("تاييد")));
-        QVERIFY(pushButton(editor, QStringLiteral("انصراف")));
+        QVERIFY(labels.contains(u"نام :"_s));
+        QVERIFY(labels.contains(u"*"_s));
+        QVERIFY(pushButton(editor, u"تاييد"_s));
+        QVERIFY(pushButton(editor, u"انصراف"_s));
     }
 
     // The pickers of several values take longer ones.
@@ -427,7 +429,7 @@ private Q_SLOTS:
     {
         const QString longer(200, u'س');
         const int key = add(Parameters::Color, longer);
-        CDlgAddInputParameter editor(key, CTblItems::typeColor, longer, QStringLiteral("رنگ"));
+        CDlgAddInputParameter editor(key, CTblItems::typeColor, longer, u"رنگ"_s);
         editor.show();
         QCOMPARE(nameEdit(editor)->text(), longer);
         editor.accept();
@@ -438,14 +440,14 @@ private Q_SLOTS:
 
     void aDatabaseClosedMeanwhileRefusesAndKeepsWhatWasTyped()
     {
-        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), QStringLiteral("رنگ"));
+        CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), u"رنگ"_s);
         editor.show();
-        nameEdit(editor)->setText(QStringLiteral("سفید"));
+        nameEdit(editor)->setText(u"سفید"_s);
         GetDBSetting()->SetClosedDB(true);
-        QTest::mouseClick(pushButton(editor, QStringLiteral("تاييد")), Qt::LeftButton);
+        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
         QVERIFY(editor.isVisible());
-        QCOMPARE(nameEdit(editor)->text(), QStringLiteral("سفید"));
-        QCOMPARE(count(), QStringLiteral("0"));
+        QCOMPARE(nameEdit(editor)->text(), u"سفید"_s);
+        QCOMPARE(count(), u"0"_s);
     }
 
     // --- Deleting ---
@@ -463,34 +465,34 @@ private Q_SLOTS:
     {
         QFETCH(int, answer);
         QFETCH(bool, deleted);
-        const int key = add(0, QStringLiteral("a"));
-        add(0, QStringLiteral("b"));
+        const int key = add(0, u"a"_s);
+        add(0, u"b"_s);
         CDlgInputParameters page;
         page.open();
         page.list()->selectKey(key);
         g_pDlgYesNo->answerNext(static_cast<KMessageDialog::Answer>(answer));
         QVERIFY(page.runCommand(deleteCaption));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{SuiteMessages::deleteQuestion()});
-        QCOMPARE(count(), deleted ? QStringLiteral("1") : QStringLiteral("2"));
+        QCOMPARE(count(), deleted ? u"1"_s : u"2"_s);
         QCOMPARE(page.list()->count(), deleted ? 1 : 2);
-        QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("1"));
+        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
     }
 
     // A record keeps the number of a value, and shows a dash for it from then on.
     void aValueInUseIsDeletedAfterTheQuestion()
     {
-        const int key = add(Parameters::Color, QStringLiteral("سفید"));
-        m_office->database().run(QStringLiteral("INSERT INTO AutomobilInformations(iCode,iColor) VALUES(1,%1)").arg(key));
+        const int key = add(Parameters::Color, u"سفید"_s);
+        m_office->database().run(u"INSERT INTO AutomobilInformations(iCode,iColor) VALUES(1,%1)"_s.arg(key));
         CDlgInputParameters page(Parameters::Color);
         page.open();
         QVERIFY(page.runCommand(deleteCaption));
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
-        QCOMPARE(count(), QStringLiteral("0"));
+        m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
+        QCOMPARE(count(), u"0"_s);
     }
 
     void deletingIsNotOfferedWhileChoosing()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         CDlgInputParameters page;
         page.setSelectMode(true, key);
         page.show();
@@ -499,7 +501,7 @@ private Q_SLOTS:
         page.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&page));
         QTest::keyClick(page.list(), Qt::Key_Delete);
-        QCOMPARE(count(), QStringLiteral("1"));
+        QCOMPARE(count(), u"1"_s);
         QVERIFY(page.button(newCaption)->isVisible());
         QVERIFY(page.button(editCaption)->isVisible());
     }
@@ -519,8 +521,8 @@ private Q_SLOTS:
     void eachCommandNeedsItsRight()
     {
         QFETCH(int, rights);
-        const int key = add(0, QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, rights);
+        const int key = add(0, u"a"_s);
+        m_office->logInAs(u"clerk"_s, rightsForm, rights);
         CDlgInputParameters page;
         page.open();
         auto run = [&](const QString &caption, KSecurity::Right right, const QString &typed) {
@@ -531,17 +533,17 @@ private Q_SLOTS:
             page.runCommand(caption);
             QCOMPARE(g_pDlgWarning->takeShown(), allowed ? QStringList() : QStringList{KSecurity::refusalText(rightsForm, right)});
         };
-        run(newCaption, KSecurity::Write, QStringLiteral("b"));
-        QCOMPARE(count(), rights & KSecurity::Write ? QStringLiteral("2") : QStringLiteral("1"));
-        run(editCaption, KSecurity::Modify, QStringLiteral("c"));
-        QCOMPARE(nameOf(key), rights & KSecurity::Modify ? QStringLiteral("c") : QStringLiteral("a"));
+        run(newCaption, KSecurity::Write, u"b"_s);
+        QCOMPARE(count(), rights & KSecurity::Write ? u"2"_s : u"1"_s);
+        run(editCaption, KSecurity::Modify, u"c"_s);
+        QCOMPARE(nameOf(key), rights & KSecurity::Modify ? u"c"_s : u"a"_s);
         run(deleteCaption, KSecurity::Delete, QString());
         QCOMPARE(nameOf(key).isEmpty(), bool(rights & KSecurity::Delete));
     }
 
     void withTheDatabaseClosedNothingIsChanged()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         GetDBSetting()->SetClosedDB(true);
         CDlgInputParameters page;
         page.show();
@@ -550,12 +552,12 @@ private Q_SLOTS:
             QVERIFY(!page.button(caption)->isVisible());
             QVERIFY(!page.runCommand(caption));
         }
-        QCOMPARE(nameOf(key), QStringLiteral("a"));
+        QCOMPARE(nameOf(key), u"a"_s);
     }
 
     void aDatabaseClosedBehindTheOpenListChangesNothing()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         CDlgInputParameters page;
         page.open();
         page.list()->selectKey(key);
@@ -563,16 +565,16 @@ private Q_SLOTS:
         for (const QString &caption : {newCaption, editCaption, deleteCaption})
             page.runCommand(caption);
         QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(nameOf(key), QStringLiteral("a"));
-        QCOMPARE(count(), QStringLiteral("1"));
+        QCOMPARE(nameOf(key), u"a"_s);
+        QCOMPARE(count(), u"1"_s);
     }
 
     // --- Choosing ---
 
     void choosingGivesTheSelectedValue()
     {
-        add(Parameters::Color, QStringLiteral("آبی"));
-        const int key = add(Parameters::Color, QStringLiteral("سفید"));
+        add(Parameters::Color, u"آبی"_s);
+        const int key = add(Parameters::Color, u"سفید"_s);
         int preselected = 0;
         int option = -1;
         bool otherIsOffered = true;
@@ -581,7 +583,7 @@ private Q_SLOTS:
             preselected = page->list()->currentKey();
             option = page->option();
             otherIsOffered = page->optionButton(Parameters::Capacity)->isEnabled();
-            pushButton(*window, QStringLiteral("انتخاب"))->click();
+            pushButton(*window, u"انتخاب"_s)->click();
         });
         QCOMPARE(CDlgInputParameters::Select(nullptr, Parameters::Color, key), key);
         QCOMPARE(preselected, key);
@@ -592,7 +594,7 @@ private Q_SLOTS:
 
     void aDoubleClickChoosesInSelectMode()
     {
-        const int key = add(Parameters::Color, QStringLiteral("سفید"));
+        const int key = add(Parameters::Color, u"سفید"_s);
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = static_cast<CDlgInputParameters *>(static_cast<KDialogHolder *>(window)->page());
             Q_EMIT page->list()->rowActivated(key);
@@ -604,18 +606,18 @@ private Q_SLOTS:
     {
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = static_cast<CDlgInputParameters *>(static_cast<KDialogHolder *>(window)->page());
-            whenEditor(QStringLiteral("سبز"));
+            whenEditor(u"سبز"_s);
             QVERIFY(page->runCommand(newCaption));
-            pushButton(*window, QStringLiteral("انتخاب"))->click();
+            pushButton(*window, u"انتخاب"_s)->click();
         });
         const int chosen = CDlgInputParameters::Select(nullptr, Parameters::Color);
-        QCOMPARE(nameOf(chosen), QStringLiteral("سبز"));
+        QCOMPARE(nameOf(chosen), u"سبز"_s);
     }
 
     void cancellingChoosesNothing()
     {
-        const int key = add(Parameters::Color, QStringLiteral("سفید"));
-        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { pushButton(*window, QStringLiteral("انصراف"))->click(); });
+        const int key = add(Parameters::Color, u"سفید"_s);
+        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { pushButton(*window, u"انصراف"_s)->click(); });
         QCOMPARE(CDlgInputParameters::Select(nullptr, Parameters::Color, key), 0);
     }
 
@@ -624,12 +626,12 @@ private Q_SLOTS:
         bool closed = false;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = static_cast<CDlgInputParameters *>(static_cast<KDialogHolder *>(window)->page());
-            QCOMPARE(window->windowTitle(), QStringLiteral("پارامترهاي ورودي"));
+            QCOMPARE(window->windowTitle(), u"پارامترهاي ورودي"_s);
             QCOMPARE(page->option(), int(Parameters::Source));
             QVERIFY(page->optionButton(Parameters::Capacity)->isEnabled());
-            QVERIFY(!pushButton(*window, QStringLiteral("انتخاب")));
-            QVERIFY(pushButton(*window, QStringLiteral("انصراف")));
-            pushButton(*window, QStringLiteral("بازگشت"))->click();
+            QVERIFY(!pushButton(*window, u"انتخاب"_s));
+            QVERIFY(pushButton(*window, u"انصراف"_s));
+            pushButton(*window, u"بازگشت"_s)->click();
             closed = !window->isVisible();
         });
         CDlgInputParameters::Open(nullptr, Parameters::Source);
@@ -638,7 +640,7 @@ private Q_SLOTS:
 
     void theWindowNeedsTheAccessRight()
     {
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~KSecurity::Access);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~KSecurity::Access);
         QCOMPARE(CDlgInputParameters::Select(nullptr, Parameters::Color), 0);
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::Access)});
         CDlgInputParameters::Open(nullptr);
@@ -649,7 +651,7 @@ private Q_SLOTS:
 
     void keysWorkOnTheList()
     {
-        const int key = add(0, QStringLiteral("a"));
+        const int key = add(0, u"a"_s);
         CDlgInputParameters page;
         page.show();
         auto press = [&page](int pressed) {
@@ -658,18 +660,18 @@ private Q_SLOTS:
             page.list()->setFocus();
             QTest::keyClick(page.list(), Qt::Key(pressed));
         };
-        whenEditor(QStringLiteral("b"));
+        whenEditor(u"b"_s);
         press(Qt::Key_Insert);
-        QCOMPARE(names(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+        QCOMPARE(names(page), (QStringList{u"a"_s, u"b"_s}));
         page.list()->selectKey(key);
-        whenEditor(QStringLiteral("c"));
+        whenEditor(u"c"_s);
         press(Qt::Key_F2);
-        QCOMPARE(names(page), (QStringList{QStringLiteral("b"), QStringLiteral("c")}));
-        whenEditor(QStringLiteral("d"));
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"c"_s}));
+        whenEditor(u"d"_s);
         press(Qt::Key_Return);
-        QCOMPARE(names(page), (QStringList{QStringLiteral("b"), QStringLiteral("d")}));
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"d"_s}));
         press(Qt::Key_Delete);
-        QCOMPARE(names(page), QStringList{QStringLiteral("b")});
+        QCOMPARE(names(page), QStringList{u"b"_s});
     }
 };
 

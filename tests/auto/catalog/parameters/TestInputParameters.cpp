@@ -9,6 +9,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 class TestInputParameters : public QObject
 {
     Q_OBJECT
@@ -19,19 +21,19 @@ private Q_SLOTS:
         QTest::addColumn<int>("position");
         QTest::addColumn<QString>("caption");
         QTest::addColumn<int>("type");
-        QTest::newRow("CylinderCount") << int(InputParameters::CylinderCount) << QStringLiteral("تعداد سیلندر") << 817;
-        QTest::newRow("Source") << int(InputParameters::Source) << QStringLiteral("ماخذ") << 803;
-        QTest::newRow("BodyStatus") << int(InputParameters::BodyStatus) << QStringLiteral("وضعیت بدنه") << 815;
-        QTest::newRow("Accessory") << int(InputParameters::Accessory) << QStringLiteral("لوازم جانبی") << 810;
-        QTest::newRow("DeliveredDocument") << int(InputParameters::DeliveredDocument) << QStringLiteral("مدرک تحویلی") << 812;
-        QTest::newRow("Feature") << int(InputParameters::Feature) << QStringLiteral("امکانات") << 811;
-        QTest::newRow("EngineVolume") << int(InputParameters::EngineVolume) << QStringLiteral("حجم سیلندر") << 806;
-        QTest::newRow("Color") << int(InputParameters::Color) << QStringLiteral("رنگ") << 808;
-        QTest::newRow("WheelCount") << int(InputParameters::WheelCount) << QStringLiteral("تعداد چرخ") << 816;
-        QTest::newRow("Clause") << int(InputParameters::Clause) << QStringLiteral("تبصره") << 814;
-        QTest::newRow("ClearanceCustoms") << int(InputParameters::ClearanceCustoms) << QStringLiteral("گمرک ترخیصی") << 809;
-        QTest::newRow("Capacity") << int(InputParameters::Capacity) << QStringLiteral("ظرفیت") << 818;
-        QTest::newRow("System") << int(InputParameters::System) << QStringLiteral("سیستم") << 802;
+        QTest::newRow("CylinderCount") << int(InputParameters::CylinderCount) << u"تعداد سیلندر"_s << 817;
+        QTest::newRow("Source") << int(InputParameters::Source) << u"ماخذ"_s << 803;
+        QTest::newRow("BodyStatus") << int(InputParameters::BodyStatus) << u"وضعیت بدنه"_s << 815;
+        QTest::newRow("Accessory") << int(InputParameters::Accessory) << u"لوازم جانبی"_s << 810;
+        QTest::newRow("DeliveredDocument") << int(InputParameters::DeliveredDocument) << u"مدرک تحویلی"_s << 812;
+        QTest::newRow("Feature") << int(InputParameters::Feature) << u"امکانات"_s << 811;
+        QTest::newRow("EngineVolume") << int(InputParameters::EngineVolume) << u"حجم سیلندر"_s << 806;
+        QTest::newRow("Color") << int(InputParameters::Color) << u"رنگ"_s << 808;
+        QTest::newRow("WheelCount") << int(InputParameters::WheelCount) << u"تعداد چرخ"_s << 816;
+        QTest::newRow("Clause") << int(InputParameters::Clause) << u"تبصره"_s << 814;
+        QTest::newRow("ClearanceCustoms") << int(InputParameters::ClearanceCustoms) << u"گمرک ترخیصی"_s << 809;
+        QTest::newRow("Capacity") << int(InputParameters::Capacity) << u"ظرفیت"_s << 818;
+        QTest::newRow("System") << int(InputParameters::System) << u"سیستم"_s << 802;
     }
 
     void optionsStandInTheirOrderWithTheirTypes()
@@ -43,7 +45,7 @@ private Q_SLOTS:
         QCOMPARE(position, next++);
         QCOMPARE(InputParameters::caption(position), caption);
         QCOMPARE(InputParameters::itemType(position), type);
-        QCOMPARE(InputParameters::valuesFilter(position), QStringLiteral(" iType=%1 ").arg(type));
+        QCOMPARE(InputParameters::valuesFilter(position), u" iType=%1 "_s.arg(type));
         QVERIFY(InputParameters::isOption(position));
     }
 
@@ -62,7 +64,7 @@ private Q_SLOTS:
     {
         QFETCH(int, option);
         QVERIFY(!InputParameters::isOption(option));
-        QCOMPARE(InputParameters::valuesFilter(option), QStringLiteral(" iType=0 "));
+        QCOMPARE(InputParameters::valuesFilter(option), u" iType=0 "_s);
         QCOMPARE(InputParameters::caption(option), QString());
     }
 };

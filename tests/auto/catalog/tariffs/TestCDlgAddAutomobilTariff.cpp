@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 KForm *formOf(const CDlgAddAutomobilTariff &editor)
@@ -29,17 +31,17 @@ KForm *formOf(const CDlgAddAutomobilTariff &editor)
 
 KEdit *titleEdit(const CDlgAddAutomobilTariff &editor)
 {
-    return formOf(editor)->edit(QStringLiteral("sTitle"));
+    return formOf(editor)->edit(u"sTitle"_s);
 }
 
 KEdit *amountEdit(const CDlgAddAutomobilTariff &editor)
 {
-    return formOf(editor)->edit(QStringLiteral("dAmount"));
+    return formOf(editor)->edit(u"dAmount"_s);
 }
 
 KTextArea *descriptionEdit(const CDlgAddAutomobilTariff &editor)
 {
-    return formOf(editor)->longText(QStringLiteral("sDesc"));
+    return formOf(editor)->longText(u"sDesc"_s);
 }
 
 QPushButton *pushButton(const QWidget &window, const QString &caption)
@@ -62,7 +64,7 @@ class TestCDlgAddAutomobilTariff : public QObject
     QString value(const QString &statement) { return m_office->database().value(statement); }
     QString column(const QString &name, int key)
     {
-        return value(QStringLiteral("SELECT %1 FROM AutomobilTariffs WHERE iID=%2").arg(name).arg(key));
+        return value(u"SELECT %1 FROM AutomobilTariffs WHERE iID=%2"_s.arg(name).arg(key));
     }
 
     int addTariff(const QString &title, double amount, const QString &description = {}, int status = 0)
@@ -85,22 +87,22 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
     }
 
     void everyLabelIsToTheLetter()
     {
         CDlgAddAutomobilTariff editor(0, false, false);
-        QCOMPARE(titleEdit(editor)->accessibleName(), QStringLiteral("نام :"));
-        QCOMPARE(amountEdit(editor)->accessibleName(), QStringLiteral("هزينه :"));
-        QCOMPARE(descriptionEdit(editor)->accessibleName(), QStringLiteral("توضيحات :"));
-        QCOMPARE(editor.findChild<QCheckBox *>()->text(), QStringLiteral("فعال"));
-        QVERIFY(pushButton(editor, QStringLiteral("تاييد")));
-        QVERIFY(pushButton(editor, QStringLiteral("انصراف")));
+        QCOMPARE(titleEdit(editor)->accessibleName(), u"نام :"_s);
+        QCOMPARE(amountEdit(editor)->accessibleName(), u"هزينه :"_s);
+        QCOMPARE(descriptionEdit(editor)->accessibleName(), u"توضيحات :"_s);
+        QCOMPARE(editor.findChild<QCheckBox *>()->text(), u"فعال"_s);
+        QVERIFY(pushButton(editor, u"تاييد"_s));
+        QVERIFY(pushButton(editor, u"انصراف"_s));
         QStringList labels;
         for (const QLabel *label : editor.findChildren<QLabel *>())
             labels << label->text();
-        for (const QString &label : {QStringLiteral("نام :"), QStringLiteral("هزينه :"), QStringLiteral("توضيحات :")})
+        for (const QString &label : {u"نام :"_s, u"هزينه :"_s, u"توضيحات :"_s})
             QCOMPARE(labels.count(label), 1);
     }
 
@@ -112,7 +114,7 @@ private Q_SLOTS:
         QVERIFY(!editor.findChild<QCheckBox *>()->isVisible());
         for (const KDateEdit *date : editor.findChildren<KDateEdit *>())
             QVERIFY(!date->isVisible());
-        QCOMPARE(editor.findChild<KDateEdit *>()->accessibleName(), QStringLiteral("تاريخ ايجاد :"));
+        QCOMPARE(editor.findChild<KDateEdit *>()->accessibleName(), u"تاريخ ايجاد :"_s);
     }
 
     void titleEndsInWhatIsDone_data()
@@ -120,9 +122,9 @@ private Q_SLOTS:
         QTest::addColumn<bool>("edit");
         QTest::addColumn<bool>("view");
         QTest::addColumn<QString>("end");
-        QTest::newRow("new") << false << false << QStringLiteral(" - جدید");
-        QTest::newRow("edit") << true << false << QStringLiteral(" - ویرایش");
-        QTest::newRow("view") << false << true << QStringLiteral(" - جدید");
+        QTest::newRow("new") << false << false << u" - جدید"_s;
+        QTest::newRow("edit") << true << false << u" - ویرایش"_s;
+        QTest::newRow("view") << false << true << u" - جدید"_s;
     }
 
     void titleEndsInWhatIsDone()
@@ -130,7 +132,7 @@ private Q_SLOTS:
         QFETCH(bool, edit);
         QFETCH(bool, view);
         QFETCH(QString, end);
-        const int key = edit || view ? addTariff(QStringLiteral("a"), 1) : 0;
+        const int key = edit || view ? addTariff(u"a"_s, 1) : 0;
         const CDlgAddAutomobilTariff editor(key, edit, view);
         QVERIFY2(editor.windowTitle().endsWith(end), qPrintable(editor.windowTitle()));
         QVERIFY(editor.windowTitle().size() > end.size());
@@ -148,92 +150,92 @@ private Q_SLOTS:
     void aNewTariffIsAddedActiveWithItsDay()
     {
         CDlgAddAutomobilTariff editor(0, false, false);
-        titleEdit(editor)->setText(QStringLiteral("سند قطعی"));
-        amountEdit(editor)->setText(QStringLiteral("۱٬۲۵۰٬۰۰۰"));
-        descriptionEdit(editor)->setText(QStringLiteral("خط یک\nخط دو"));
+        titleEdit(editor)->setText(u"سند قطعی"_s);
+        amountEdit(editor)->setText(u"۱٬۲۵۰٬۰۰۰"_s);
+        descriptionEdit(editor)->setText(u"خط یک\nخط دو"_s);
         QCOMPARE(editor.tariffID(), 0);
         editor.accept();
         QCOMPARE(editor.result(), int(QDialog::Accepted));
         const int key = editor.tariffID();
         QVERIFY(key > 0);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("1"));
-        QCOMPARE(column(QStringLiteral("sTitle"), key), QStringLiteral("سند قطعی"));
-        QCOMPARE(column(QStringLiteral("dAmount"), key).toDouble(), 1250000.0);
-        QCOMPARE(column(QStringLiteral("sDesc"), key), QStringLiteral("خط یک\nخط دو"));
-        QCOMPARE(column(QStringLiteral("iStatus"), key), QStringLiteral("0"));
-        QCOMPARE(column(QStringLiteral("ABS(TIMESTAMPDIFF(MINUTE,dateCreate,NOW()))<5"), key), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
+        QCOMPARE(column(u"sTitle"_s, key), u"سند قطعی"_s);
+        QCOMPARE(column(u"dAmount"_s, key).toDouble(), 1250000.0);
+        QCOMPARE(column(u"sDesc"_s, key), u"خط یک\nخط دو"_s);
+        QCOMPARE(column(u"iStatus"_s, key), u"0"_s);
+        QCOMPARE(column(u"ABS(TIMESTAMPDIFF(MINUTE,dateCreate,NOW()))<5"_s, key), u"1"_s);
     }
 
     void anEditedTariffIsChangedInPlace()
     {
-        addTariff(QStringLiteral("other"), 3);
-        const int key = addTariff(QStringLiteral("سند"), 100, QStringLiteral("شرح"), 1);
+        addTariff(u"other"_s, 3);
+        const int key = addTariff(u"سند"_s, 100, u"شرح"_s, 1);
         CDlgAddAutomobilTariff editor(key, true, false);
-        QCOMPARE(titleEdit(editor)->text(), QStringLiteral("سند"));
+        QCOMPARE(titleEdit(editor)->text(), u"سند"_s);
         QCOMPARE(amountEdit(editor)->number(), 100.0);
-        QCOMPARE(descriptionEdit(editor)->text(), QStringLiteral("شرح"));
+        QCOMPARE(descriptionEdit(editor)->text(), u"شرح"_s);
         QVERIFY(!editor.findChild<QCheckBox *>()->isChecked());
-        titleEdit(editor)->setText(QStringLiteral("سند نو"));
+        titleEdit(editor)->setText(u"سند نو"_s);
         amountEdit(editor)->setNumber(0);
         descriptionEdit(editor)->setText(QString());
         editor.accept();
         QCOMPARE(editor.tariffID(), key);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("2"));
-        QCOMPARE(column(QStringLiteral("sTitle"), key), QStringLiteral("سند نو"));
-        QCOMPARE(column(QStringLiteral("dAmount"), key).toDouble(), 0.0);
-        QCOMPARE(column(QStringLiteral("sDesc"), key), QString());
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"2"_s);
+        QCOMPARE(column(u"sTitle"_s, key), u"سند نو"_s);
+        QCOMPARE(column(u"dAmount"_s, key).toDouble(), 0.0);
+        QCOMPARE(column(u"sDesc"_s, key), QString());
         // What the window does not show stays: not active, and created when it was.
-        QCOMPARE(column(QStringLiteral("iStatus"), key), QStringLiteral("1"));
-        QCOMPARE(column(QStringLiteral("dateCreate"), key), QStringLiteral("2020-01-02 13:45:10"));
-        QCOMPARE(value(QStringLiteral("SELECT sTitle FROM AutomobilTariffs WHERE iID<>%1").arg(key)), QStringLiteral("other"));
+        QCOMPARE(column(u"iStatus"_s, key), u"1"_s);
+        QCOMPARE(column(u"dateCreate"_s, key), u"2020-01-02 13:45:10"_s);
+        QCOMPARE(value(u"SELECT sTitle FROM AutomobilTariffs WHERE iID<>%1"_s.arg(key)), u"other"_s);
     }
 
     void activeIsStoredAsZeroAndInactiveAsOne_data()
     {
         QTest::addColumn<bool>("active");
         QTest::addColumn<QString>("status");
-        QTest::newRow("active") << true << QStringLiteral("0");
-        QTest::newRow("inactive") << false << QStringLiteral("1");
+        QTest::newRow("active") << true << u"0"_s;
+        QTest::newRow("inactive") << false << u"1"_s;
     }
 
     void activeIsStoredAsZeroAndInactiveAsOne()
     {
         QFETCH(bool, active);
         QFETCH(QString, status);
-        const int key = addTariff(QStringLiteral("a"), 1, {}, active ? 1 : 0);
+        const int key = addTariff(u"a"_s, 1, {}, active ? 1 : 0);
         CDlgAddAutomobilTariff editor(key, true, false);
         QCOMPARE(editor.findChild<QCheckBox *>()->isChecked(), !active);
         editor.findChild<QCheckBox *>()->setChecked(active);
         editor.accept();
-        QCOMPARE(column(QStringLiteral("iStatus"), key), status);
+        QCOMPARE(column(u"iStatus"_s, key), status);
     }
 
     void aTariffThatAnotherUserDeletedCancelsTheEditor()
     {
-        const int key = addTariff(QStringLiteral("a"), 1);
+        const int key = addTariff(u"a"_s, 1);
         CDlgAddAutomobilTariff editor(key, true, false);
         editor.show();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
         editor.accept();
         QVERIFY(!editor.isVisible());
         QCOMPARE(editor.result(), int(QDialog::Rejected));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
     void viewingIsReadOnlyAndWritesNothing()
     {
-        const int key = addTariff(QStringLiteral("a"), 1, QStringLiteral("x"));
+        const int key = addTariff(u"a"_s, 1, u"x"_s);
         CDlgAddAutomobilTariff editor(key, false, true);
         QVERIFY(titleEdit(editor)->isReadOnly());
         QVERIFY(amountEdit(editor)->isReadOnly());
         QVERIFY(descriptionEdit(editor)->isReadOnly());
-        QCOMPARE(titleEdit(editor)->text(), QStringLiteral("a"));
-        QCOMPARE(descriptionEdit(editor)->text(), QStringLiteral("x"));
-        titleEdit(editor)->setText(QStringLiteral("b"));
+        QCOMPARE(titleEdit(editor)->text(), u"a"_s);
+        QCOMPARE(descriptionEdit(editor)->text(), u"x"_s);
+        titleEdit(editor)->setText(u"b"_s);
         editor.accept();
         QCOMPARE(editor.result(), int(QDialog::Rejected));
-        QCOMPARE(column(QStringLiteral("sTitle"), key), QStringLiteral("a"));
+        QCOMPARE(column(u"sTitle"_s, key), u"a"_s);
     }
 
     void aDescriptionAboveTheLimitIsRefusedWithAMessageAndKept()
@@ -247,62 +249,62 @@ private Q_SLOTS:
         QVERIFY(editor.isVisible());
         const QStringList told = g_pDlgWarning->takeShown();
         QCOMPARE(told.size(), 1);
-        QVERIFY2(told.constFirst().startsWith(QStringLiteral("توضيحات :")), qPrintable(told.constFirst()));
-        QVERIFY(told.constFirst().contains(QStringLiteral("250")));
+        QVERIFY2(told.constFirst().startsWith(u"توضيحات :"_s), qPrintable(told.constFirst()));
+        QVERIFY(told.constFirst().contains(u"250"_s));
         QCOMPARE(editor.focusWidget(), descriptionEdit(editor));
         QCOMPARE(descriptionEdit(editor)->text().size(), 251);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
         descriptionEdit(editor)->setText(QString(250, u'ش'));
         editor.accept();
-        QCOMPARE(value(QStringLiteral("SELECT CHAR_LENGTH(sDesc) FROM AutomobilTariffs")), QStringLiteral("250"));
+        QCOMPARE(value(u"SELECT CHAR_LENGTH(sDesc) FROM AutomobilTariffs"_s), u"250"_s);
     }
 
     void anErrorOfTheDatabaseKeepsWhatWasTyped()
     {
         CDlgAddAutomobilTariff editor(0, false, false);
         editor.show();
-        titleEdit(editor)->setText(QStringLiteral("سند"));
-        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilTariffs TO Elsewhere"));
-        QTest::mouseClick(pushButton(editor, QStringLiteral("تاييد")), Qt::LeftButton);
-        m_office->database().run(QStringLiteral("RENAME TABLE Elsewhere TO AutomobilTariffs"));
+        titleEdit(editor)->setText(u"سند"_s);
+        m_office->database().run(u"RENAME TABLE AutomobilTariffs TO Elsewhere"_s);
+        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
+        m_office->database().run(u"RENAME TABLE Elsewhere TO AutomobilTariffs"_s);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QVERIFY(editor.isVisible());
-        QCOMPARE(titleEdit(editor)->text(), QStringLiteral("سند"));
-        QTest::mouseClick(pushButton(editor, QStringLiteral("تاييد")), Qt::LeftButton);
+        QCOMPARE(titleEdit(editor)->text(), u"سند"_s);
+        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
         QVERIFY(!editor.isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT sTitle FROM AutomobilTariffs")), QStringLiteral("سند"));
+        QCOMPARE(value(u"SELECT sTitle FROM AutomobilTariffs"_s), u"سند"_s);
     }
 
     void aDatabaseClosedMeanwhileRefusesAndKeepsWhatWasTyped()
     {
         CDlgAddAutomobilTariff editor(0, false, false);
         editor.show();
-        titleEdit(editor)->setText(QStringLiteral("سند"));
+        titleEdit(editor)->setText(u"سند"_s);
         GetDBSetting()->SetClosedDB(true);
-        QTest::mouseClick(pushButton(editor, QStringLiteral("تاييد")), Qt::LeftButton);
+        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
         QCOMPARE(g_pDlgWarning->takeShown().size() + g_pDlgMessage->takeShown().size(), 1);
         QVERIFY(editor.isVisible());
-        QCOMPARE(titleEdit(editor)->text(), QStringLiteral("سند"));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("0"));
+        QCOMPARE(titleEdit(editor)->text(), u"سند"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
     }
 
     void storedTextsAreOfferedOnceEach()
     {
-        addTariff(QStringLiteral("سند قطعی"), 1, QStringLiteral("یک"));
-        addTariff(QStringLiteral("سند قطعی"), 2, QStringLiteral("دو"));
-        addTariff(QStringLiteral("وکالت"), 3);
-        QCOMPARE(TariffTexts::titles(), (QStringList{QStringLiteral("سند قطعی"), QStringLiteral("وکالت")}));
+        addTariff(u"سند قطعی"_s, 1, u"یک"_s);
+        addTariff(u"سند قطعی"_s, 2, u"دو"_s);
+        addTariff(u"وکالت"_s, 3);
+        QCOMPARE(TariffTexts::titles(), (QStringList{u"سند قطعی"_s, u"وکالت"_s}));
         QStringList descriptions = TariffTexts::descriptions();
         descriptions.sort();
-        QCOMPARE(descriptions, (QStringList{QStringLiteral("دو"), QStringLiteral("یک")}));
+        QCOMPARE(descriptions, (QStringList{u"دو"_s, u"یک"_s}));
         CDlgAddAutomobilTariff editor(0, false, false);
         QCompleter *completer = titleEdit(editor)->completer();
         QVERIFY(completer);
-        completer->setCompletionPrefix(QStringLiteral("قطعی"));
+        completer->setCompletionPrefix(u"قطعی"_s);
         QCOMPARE(completer->completionCount(), 1);
-        QCOMPARE(completer->currentCompletion(), QStringLiteral("سند قطعی"));
-        descriptionEdit(editor)->completer()->setCompletionPrefix(QStringLiteral("دو"));
-        QCOMPARE(descriptionEdit(editor)->completer()->currentCompletion(), QStringLiteral("دو"));
+        QCOMPARE(completer->currentCompletion(), u"سند قطعی"_s);
+        descriptionEdit(editor)->completer()->setCompletionPrefix(u"دو"_s);
+        QCOMPARE(descriptionEdit(editor)->completer()->currentCompletion(), u"دو"_s);
     }
 
     void enterGoesFromNameToAmountToDescription()

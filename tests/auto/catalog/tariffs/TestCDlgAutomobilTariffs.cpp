@@ -28,13 +28,15 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString rightsForm = QStringLiteral("AutomobilTariffs");
-const QString section = QStringLiteral("AutomobilTariff");
-const QString newCaption = QStringLiteral("جديد");
-const QString editCaption = QStringLiteral("ويرايش");
-const QString deleteCaption = QStringLiteral("حذف");
+const QString rightsForm = u"AutomobilTariffs"_s;
+const QString section = u"AutomobilTariff"_s;
+const QString newCaption = u"جديد"_s;
+const QString editCaption = u"ويرايش"_s;
+const QString deleteCaption = u"حذف"_s;
 
 QString headerText(const CDlgAutomobilTariffs &page, int column)
 {
@@ -67,8 +69,8 @@ KForm *formOf(QWidget *editor)
 void whenEditor(const QString &title, const QString &amount)
 {
     TestOffice::whenModal("CDlgAddAutomobilTariff", [title, amount](QWidget *editor) {
-        formOf(editor)->edit(QStringLiteral("sTitle"))->setText(title);
-        formOf(editor)->edit(QStringLiteral("dAmount"))->setText(amount);
+        formOf(editor)->edit(u"sTitle"_s)->setText(title);
+        formOf(editor)->edit(u"dAmount"_s)->setText(amount);
         static_cast<CDlgAddAutomobilTariff *>(editor)->accept();
     });
 }
@@ -102,7 +104,7 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
     }
 
     // --- What the window shows ---
@@ -111,18 +113,18 @@ private Q_SLOTS:
     {
         CDlgAutomobilTariffs page;
         page.open();
-        QCOMPARE(page.title(), QStringLiteral("هزينه هاي تعرفه هاي محضر"));
-        QCOMPARE(page.findChild<QGroupBox *>()->title(), QStringLiteral("فيلتر جستجو"));
-        QCOMPARE(page.nameFilter()->accessibleName(), QStringLiteral("نام :"));
-        QCOMPARE(page.inactiveFilter()->text(), QStringLiteral("غير فعال ها را نيز نمايش بده"));
+        QCOMPARE(page.title(), u"هزينه هاي تعرفه هاي محضر"_s);
+        QCOMPARE(page.findChild<QGroupBox *>()->title(), u"فيلتر جستجو"_s);
+        QCOMPARE(page.nameFilter()->accessibleName(), u"نام :"_s);
+        QCOMPARE(page.inactiveFilter()->text(), u"غير فعال ها را نيز نمايش بده"_s);
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
-        QCOMPARE(captions, (QStringList{QStringLiteral("جستجو"), newCaption, editCaption, deleteCaption, QStringLiteral("چاپ")}));
+        QCOMPARE(captions, (QStringList{u"جستجو"_s, newCaption, editCaption, deleteCaption, u"چاپ"_s}));
         QStringList shown;
         for (int column = 0; column < page.list()->model()->columnCount(); ++column)
             shown << headerText(page, column);
-        QCOMPARE(shown, (QStringList{QStringLiteral("ردیف"), QStringLiteral("نام*"), QStringLiteral("مبلغ"), QStringLiteral("توضیحات")}));
+        QCOMPARE(shown, (QStringList{u"ردیف"_s, u"نام*"_s, u"مبلغ"_s, u"توضیحات"_s}));
         int column = 0;
         for (const int width : {40, 80, 80, 100}) {
             QCOMPARE(page.list()->listModel()->columns().at(column).width, width);
@@ -142,37 +144,37 @@ private Q_SLOTS:
     void thereIsNoRowLimitAndEveryRowIsRead()
     {
         m_office->database().run(
-            QStringLiteral("INSERT INTO AutomobilTariffs(sTitle,iStatus) SELECT CONCAT('t',seq),0 FROM seq_1_to_1200"));
+            u"INSERT INTO AutomobilTariffs(sTitle,iStatus) SELECT CONCAT('t',seq),0 FROM seq_1_to_1200"_s);
         CDlgAutomobilTariffs page;
         page.open();
         QCOMPARE(page.list()->count(), 1200);
         for (const QLabel *label : page.findChildren<QLabel *>())
-            QVERIFY(label->text() != QStringLiteral("تعداد نمايش :"));
+            QVERIFY(label->text() != u"تعداد نمايش :"_s);
         page.OnClosing();
-        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), -1), -1);
+        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, -1), -1);
     }
 
     void countReadsADashUntilTheFirstFill()
     {
-        addTariff(QStringLiteral("a"));
+        addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : -"));
+        QCOMPARE(page.countText(), u"تعداد : -"_s);
         page.open();
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 1"));
+        QCOMPARE(page.countText(), u"تعداد : 1"_s);
     }
 
     void rowsShowNumberTitleAmountAsMoneyAndDescription()
     {
-        const int first = addTariff(QStringLiteral("سند قطعی"), 1250000, 0, QStringLiteral("با مالیات"));
-        addTariff(QStringLiteral("وکالت"), 0);
+        const int first = addTariff(u"سند قطعی"_s, 1250000, 0, u"با مالیات"_s);
+        addTariff(u"وکالت"_s, 0);
         CDlgAutomobilTariffs page;
         page.open();
         QCOMPARE(page.list()->count(), 2);
-        QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("1"));
-        QCOMPARE(page.list()->cellText(0, 1), QStringLiteral("سند قطعی"));
+        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
+        QCOMPARE(page.list()->cellText(0, 1), u"سند قطعی"_s);
         QCOMPARE(page.list()->cellText(0, 2), DToMoney(1250000));
-        QCOMPARE(page.list()->cellText(0, 3), QStringLiteral("با مالیات"));
-        QCOMPARE(page.list()->cellText(1, 0), QStringLiteral("2"));
+        QCOMPARE(page.list()->cellText(0, 3), u"با مالیات"_s);
+        QCOMPARE(page.list()->cellText(1, 0), u"2"_s);
         QCOMPARE(page.list()->listModel()->keyAt(0), first);
     }
 
@@ -180,14 +182,14 @@ private Q_SLOTS:
 
     void inactiveTariffsAreListedOnlyWhenAskedFor()
     {
-        addTariff(QStringLiteral("on"));
-        addTariff(QStringLiteral("off"), 0, 1);
+        addTariff(u"on"_s);
+        addTariff(u"off"_s, 0, 1);
         CDlgAutomobilTariffs page;
         page.open();
-        QCOMPARE(titles(page), QStringList{QStringLiteral("on")});
+        QCOMPARE(titles(page), QStringList{u"on"_s});
         page.inactiveFilter()->setChecked(true);
         page.refill();
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("on"), QStringLiteral("off")}));
+        QCOMPARE(titles(page), (QStringList{u"on"_s, u"off"_s}));
     }
 
     void withThatChoiceTickedAndNoNameTheStatementHasNoCondition()
@@ -195,65 +197,65 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         page.inactiveFilter()->setChecked(true);
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         page.refill();
         QCOMPARE(observed.taken().size(), 1);
-        QVERIFY2(!observed.taken().constFirst().contains(QStringLiteral("WHERE")), qPrintable(observed.taken().constFirst()));
+        QVERIFY2(!observed.taken().constFirst().contains(u"WHERE"_s), qPrintable(observed.taken().constFirst()));
     }
 
     void aNameWithAPercentSignIsTakenAsAPattern()
     {
-        addTariff(QStringLiteral("سند اول"));
-        addTariff(QStringLiteral("سند قطعی اول"));
-        addTariff(QStringLiteral("وکالت"));
+        addTariff(u"سند اول"_s);
+        addTariff(u"سند قطعی اول"_s);
+        addTariff(u"وکالت"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        page.nameFilter()->setText(QStringLiteral("سند%اول"));
+        page.nameFilter()->setText(u"سند%اول"_s);
         page.refill();
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("سند اول"), QStringLiteral("سند قطعی اول")}));
-        page.nameFilter()->setText(QStringLiteral("وکال_"));
+        QCOMPARE(titles(page), (QStringList{u"سند اول"_s, u"سند قطعی اول"_s}));
+        page.nameFilter()->setText(u"وکال_"_s);
         page.refill();
-        QCOMPARE(titles(page), QStringList{QStringLiteral("وکالت")});
+        QCOMPARE(titles(page), QStringList{u"وکالت"_s});
     }
 
     void aNameWithAQuoteIsOneMessageAndTheListKeepsItsRows()
     {
-        addTariff(QStringLiteral("a"));
+        addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        page.nameFilter()->setText(QStringLiteral("x%' OR 'a' LIKE 'a"));
-        pushButton(page, QStringLiteral("جستجو"))->click();
+        page.nameFilter()->setText(u"x%' OR 'a' LIKE 'a"_s);
+        pushButton(page, u"جستجو"_s)->click();
         // As typed it is a condition that the database understands, and all that it does is find every row.
-        QCOMPARE(titles(page), QStringList{QStringLiteral("a")});
+        QCOMPARE(titles(page), QStringList{u"a"_s});
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        page.nameFilter()->setText(QStringLiteral("o'k"));
-        pushButton(page, QStringLiteral("جستجو"))->click();
+        page.nameFilter()->setText(u"o'k"_s);
+        pushButton(page, u"جستجو"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(titles(page), QStringList{QStringLiteral("a")});
-        QCOMPARE(page.nameFilter()->text(), QStringLiteral("o'k"));
+        QCOMPARE(titles(page), QStringList{u"a"_s});
+        QCOMPARE(page.nameFilter()->text(), u"o'k"_s);
     }
 
     void aQuoteCannotBeginAStatementOfItsOwn()
     {
-        addTariff(QStringLiteral("a"));
+        addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        page.nameFilter()->setText(QStringLiteral("'; DELETE FROM AutomobilTariffs; -- "));
-        pushButton(page, QStringLiteral("جستجو"))->click();
+        page.nameFilter()->setText(u"'; DELETE FROM AutomobilTariffs; -- "_s);
+        pushButton(page, u"جستجو"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
     }
 
     void enterInTheNameSearches()
     {
-        addTariff(QStringLiteral("a"));
-        addTariff(QStringLiteral("b"));
+        addTariff(u"a"_s);
+        addTariff(u"b"_s);
         CDlgAutomobilTariffs page;
         page.show();
         page.nameFilter()->setFocus();
-        QTest::keyClicks(page.nameFilter(), QStringLiteral("b"));
+        QTest::keyClicks(page.nameFilter(), u"b"_s);
         QTest::keyClick(page.nameFilter(), Qt::Key_Return);
-        QCOMPARE(titles(page), QStringList{QStringLiteral("b")});
+        QCOMPARE(titles(page), QStringList{u"b"_s});
     }
 
     // --- Order ---
@@ -262,35 +264,35 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("column");
         QTest::addColumn<QString>("sort");
-        QTest::newRow("نام") << 1 << QStringLiteral("iCode");
-        QTest::newRow("مبلغ") << 2 << QStringLiteral("sName");
+        QTest::newRow("نام") << 1 << u"iCode"_s;
+        QTest::newRow("مبلغ") << 2 << u"sName"_s;
     }
 
     void clickOnATitleIsRefusedOnceAndTheListKeepsRowsAndOrder()
     {
         QFETCH(int, column);
         QFETCH(QString, sort);
-        addTariff(QStringLiteral("b"), 2);
-        addTariff(QStringLiteral("a"), 1);
+        addTariff(u"b"_s, 2);
+        addTariff(u"a"_s, 1);
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectRow(1);
         const QString before = page.sortExpression();
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         Q_EMIT page.list()->columnClicked(column);
         QCOMPARE(observed.taken().size(), 1);
-        QVERIFY2(observed.taken().constFirst().contains(QStringLiteral("ORDER BY ") + sort),
+        QVERIFY2(observed.taken().constFirst().contains(u"ORDER BY "_s + sort),
                  qPrintable(observed.taken().constFirst()));
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
+        QCOMPARE(titles(page), (QStringList{u"b"_s, u"a"_s}));
         QCOMPARE(page.list()->currentRow(), 1);
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
+        QCOMPARE(page.countText(), u"تعداد : 2"_s);
         QCOMPARE(page.sortExpression(), before);
-        QCOMPARE(headerText(page, 1), QStringLiteral("نام*"));
-        QCOMPARE(headerText(page, 2), QStringLiteral("مبلغ"));
+        QCOMPARE(headerText(page, 1), u"نام*"_s);
+        QCOMPARE(headerText(page, 2), u"مبلغ"_s);
         page.OnClosing();
-        QVERIFY(!ReadSetting(section, QStringLiteral("Sort"), QString()).contains(sort));
-        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), 0), 1);
+        QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(sort));
+        QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 1);
     }
 
     void anOrderRefusedWhileTheListIsEmptyIsNotStoredEither()
@@ -300,7 +302,7 @@ private Q_SLOTS:
         Q_EMIT page.list()->columnClicked(2);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         page.OnClosing();
-        QVERIFY(!ReadSetting(section, QStringLiteral("Sort"), QString()).contains(QStringLiteral("sName")));
+        QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(u"sName"_s));
     }
 
     void clickOnColumnThreeLeavesTheSortUnchanged_data()
@@ -313,43 +315,43 @@ private Q_SLOTS:
     void clickOnColumnThreeLeavesTheSortUnchanged()
     {
         QFETCH(int, column);
-        addTariff(QStringLiteral("a"));
+        addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
         const QString before = page.sortExpression();
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         Q_EMIT page.list()->columnClicked(column);
         QCOMPARE(page.sortExpression(), before);
         QVERIFY(observed.taken().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(headerText(page, 1), QStringLiteral("نام*"));
+        QCOMPARE(headerText(page, 1), u"نام*"_s);
     }
 
     // As a program before this one may have stored it.
     void aStoredOrderThatTheTableRefusesIsSaidOnceAndTheListOpens()
     {
-        WriteSetting(section, QStringLiteral("Sort"), QStringLiteral("iCode DESC"));
-        WriteSetting(section, QStringLiteral("iLastCol"), 2);
-        addTariff(QStringLiteral("b"));
-        addTariff(QStringLiteral("a"));
+        WriteSetting(section, u"Sort"_s, u"iCode DESC"_s);
+        WriteSetting(section, u"iLastCol"_s, 2);
+        addTariff(u"b"_s);
+        addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.show();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
-        QCOMPARE(headerText(page, 2), QStringLiteral("مبلغ*"));
+        QCOMPARE(titles(page), (QStringList{u"b"_s, u"a"_s}));
+        QCOMPARE(headerText(page, 2), u"مبلغ*"_s);
         page.refill();
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         page.OnClosing();
-        QVERIFY(!ReadSetting(section, QStringLiteral("Sort"), QString()).contains(QStringLiteral("iCode")));
+        QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(u"iCode"_s));
     }
 
     void aListThatCannotBeReadAtAllIsOneMessage()
     {
-        WriteSetting(section, QStringLiteral("Sort"), QStringLiteral("iCode"));
-        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilTariffs TO Elsewhere"));
+        WriteSetting(section, u"Sort"_s, u"iCode"_s);
+        m_office->database().run(u"RENAME TABLE AutomobilTariffs TO Elsewhere"_s);
         CDlgAutomobilTariffs page;
         page.show();
-        m_office->database().run(QStringLiteral("RENAME TABLE Elsewhere TO AutomobilTariffs"));
+        m_office->database().run(u"RENAME TABLE Elsewhere TO AutomobilTariffs"_s);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(page.list()->count(), 0);
     }
@@ -368,7 +370,7 @@ private Q_SLOTS:
     {
         QFETCH(int, stored);
         QFETCH(int, used);
-        WriteSetting(section, QStringLiteral("iLastCol"), stored);
+        WriteSetting(section, u"iLastCol"_s, stored);
         CDlgAutomobilTariffs page;
         page.open();
         for (int column = 0; column < 4; ++column)
@@ -383,8 +385,8 @@ private Q_SLOTS:
             page.list()->header()->resizeSection(1, 222);
             page.OnClosing();
         }
-        QVERIFY(!ReadSetting(QStringLiteral("AutomobilTariffs\\List"), QStringLiteral("sWidths"), QString()).isEmpty());
-        QCOMPARE(ReadSetting(section, QStringLiteral("iLastCol"), 0), 1);
+        QVERIFY(!ReadSetting(u"AutomobilTariffs\\List"_s, u"sWidths"_s, QString()).isEmpty());
+        QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 1);
         CDlgAutomobilTariffs page;
         page.open();
         QCOMPARE(page.list()->header()->sectionSize(1), 222);
@@ -394,14 +396,14 @@ private Q_SLOTS:
 
     void aSavedNewTariffIsListedAndSelected()
     {
-        addTariff(QStringLiteral("a"));
+        addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        whenEditor(QStringLiteral("b"), QStringLiteral("70"));
+        whenEditor(u"b"_s, u"70"_s);
         QVERIFY(page.runCommand(newCaption));
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+        QCOMPARE(titles(page), (QStringList{u"a"_s, u"b"_s}));
         QCOMPARE(page.list()->currentRow(), 1);
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
+        QCOMPARE(page.countText(), u"تعداد : 2"_s);
     }
 
     void aCancelledNewTariffLeavesNothing()
@@ -410,39 +412,39 @@ private Q_SLOTS:
         page.open();
         TestOffice::whenModal("CDlgAddAutomobilTariff", [](QWidget *editor) { static_cast<QDialog *>(editor)->reject(); });
         QVERIFY(page.runCommand(newCaption));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
     }
 
     void anEditedTariffStaysSelected()
     {
-        addTariff(QStringLiteral("a"));
-        const int key = addTariff(QStringLiteral("b"));
-        addTariff(QStringLiteral("c"));
+        addTariff(u"a"_s);
+        const int key = addTariff(u"b"_s);
+        addTariff(u"c"_s);
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectKey(key);
-        whenEditor(QStringLiteral("changed"), QStringLiteral("5"));
+        whenEditor(u"changed"_s, u"5"_s);
         QVERIFY(page.runCommand(editCaption));
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("a"), QStringLiteral("changed"), QStringLiteral("c")}));
+        QCOMPARE(titles(page), (QStringList{u"a"_s, u"changed"_s, u"c"_s}));
         QCOMPARE(page.list()->currentKey(), key);
         // Also where it stands in another place, because somebody else deleted the one before it.
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs WHERE sTitle='a'"));
-        whenEditor(QStringLiteral("again"), QStringLiteral("5"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs WHERE sTitle='a'"_s);
+        whenEditor(u"again"_s, u"5"_s);
         QVERIFY(page.runCommand(editCaption));
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("again"), QStringLiteral("c")}));
+        QCOMPARE(titles(page), (QStringList{u"again"_s, u"c"_s}));
         QCOMPARE(page.list()->currentKey(), key);
     }
 
     void editingATariffThatAnotherUserDeletedChangesNothing()
     {
-        const int key = addTariff(QStringLiteral("a"));
+        const int key = addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectKey(key);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs"));
-        whenEditor(QStringLiteral("b"), QStringLiteral("5"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
+        whenEditor(u"b"_s, u"5"_s);
         QVERIFY(page.runCommand(editCaption));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
@@ -473,8 +475,8 @@ private Q_SLOTS:
         QFETCH(int, answer);
         QFETCH(bool, select);
         QFETCH(bool, deleted);
-        const int key = addTariff(QStringLiteral("a"));
-        addTariff(QStringLiteral("b"));
+        const int key = addTariff(u"a"_s);
+        addTariff(u"b"_s);
         CDlgAutomobilTariffs page;
         page.setSelectMode(select, key);
         page.open();
@@ -483,26 +485,26 @@ private Q_SLOTS:
         QVERIFY(page.runCommand(deleteCaption));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{SuiteMessages::deleteQuestion()});
         QCOMPARE(page.list()->count(), deleted ? 1 : 2);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs WHERE iID=%1").arg(key)), deleted ? QStringLiteral("0") : QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs WHERE iID=%1"_s.arg(key)), deleted ? u"0"_s : u"1"_s);
         // The rows are numbered from 1 again.
-        QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("1"));
+        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
         QCOMPARE(page.list()->currentRow(), 0);
     }
 
     void deletingATariffThatIsGoneAsksNothing()
     {
-        const int key = addTariff(QStringLiteral("a"));
+        const int key = addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectKey(key);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
         QVERIFY(page.runCommand(deleteCaption));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
     }
 
     void keysWorkOnTheList()
     {
-        const int key = addTariff(QStringLiteral("a"));
+        const int key = addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.show();
         auto press = [&page](int pressed) {
@@ -512,17 +514,17 @@ private Q_SLOTS:
             QTest::keyClick(page.list(), Qt::Key(pressed));
         };
         page.list()->selectKey(key);
-        whenEditor(QStringLiteral("b"), QStringLiteral("1"));
+        whenEditor(u"b"_s, u"1"_s);
         press(Qt::Key_Insert);
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
-        whenEditor(QStringLiteral("c"), QStringLiteral("1"));
+        QCOMPARE(titles(page), (QStringList{u"a"_s, u"b"_s}));
+        whenEditor(u"c"_s, u"1"_s);
         press(Qt::Key_F2);
-        QCOMPARE(titles(page), (QStringList{QStringLiteral("a"), QStringLiteral("c")}));
+        QCOMPARE(titles(page), (QStringList{u"a"_s, u"c"_s}));
         press(Qt::Key_Delete);
-        QCOMPARE(titles(page), QStringList{QStringLiteral("a")});
-        whenEditor(QStringLiteral("d"), QStringLiteral("1"));
+        QCOMPARE(titles(page), QStringList{u"a"_s});
+        whenEditor(u"d"_s, u"1"_s);
         press(Qt::Key_Return);
-        QCOMPARE(titles(page), QStringList{QStringLiteral("d")});
+        QCOMPARE(titles(page), QStringList{u"d"_s});
         page.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&page));
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
@@ -551,8 +553,8 @@ private Q_SLOTS:
         QFETCH(bool, adds);
         QFETCH(bool, edits);
         QFETCH(bool, deletes);
-        const int key = addTariff(QStringLiteral("a"));
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, rights);
+        const int key = addTariff(u"a"_s);
+        m_office->logInAs(u"clerk"_s, rightsForm, rights);
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectKey(key);
@@ -562,24 +564,24 @@ private Q_SLOTS:
                      allowed ? QStringList() : QStringList{KSecurity::refusalText(rightsForm, right)});
         };
         if (adds)
-            whenEditor(QStringLiteral("b"), QStringLiteral("1"));
+            whenEditor(u"b"_s, u"1"_s);
         run(newCaption, adds, KSecurity::Delete);
         QCOMPARE(page.list()->count(), adds ? 2 : 1);
         page.list()->selectKey(key);
         if (edits)
-            whenEditor(QStringLiteral("c"), QStringLiteral("1"));
+            whenEditor(u"c"_s, u"1"_s);
         run(editCaption, edits, KSecurity::Modify);
-        QCOMPARE(value(QStringLiteral("SELECT sTitle FROM AutomobilTariffs WHERE iID=%1").arg(key)),
-                 edits ? QStringLiteral("c") : QStringLiteral("a"));
+        QCOMPARE(value(u"SELECT sTitle FROM AutomobilTariffs WHERE iID=%1"_s.arg(key)),
+                 edits ? u"c"_s : u"a"_s);
         page.list()->selectKey(key);
         run(deleteCaption, deletes, KSecurity::Delete);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs WHERE iID=%1").arg(key)),
-                 deletes ? QStringLiteral("0") : QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs WHERE iID=%1"_s.arg(key)),
+                 deletes ? u"0"_s : u"1"_s);
     }
 
     void withTheDatabaseClosedNothingIsChanged()
     {
-        const int key = addTariff(QStringLiteral("a"));
+        const int key = addTariff(u"a"_s);
         GetDBSetting()->SetClosedDB(true);
         CDlgAutomobilTariffs page;
         page.show();
@@ -590,12 +592,12 @@ private Q_SLOTS:
         }
         Q_EMIT page.list()->rowActivated(key);
         QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
     }
 
     void aDatabaseClosedBehindTheOpenListChangesNothing()
     {
-        const int key = addTariff(QStringLiteral("a"));
+        const int key = addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectKey(key);
@@ -603,24 +605,24 @@ private Q_SLOTS:
         for (const QString &caption : {newCaption, editCaption, deleteCaption})
             page.runCommand(caption);
         QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilTariffs")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
     }
 
     // --- Choosing ---
 
     void choosingGivesTheSelectedTariff()
     {
-        addTariff(QStringLiteral("a"));
-        const int key = addTariff(QStringLiteral("b"));
+        addTariff(u"a"_s);
+        const int key = addTariff(u"b"_s);
         int preselected = 0;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = static_cast<CDlgAutomobilTariffs *>(static_cast<KDialogHolder *>(window)->page());
             preselected = page->list()->currentKey();
             page->list()->selectRow(0);
-            QVERIFY(pushButton(*window, QStringLiteral("بازگشت")));
-            QVERIFY(pushButton(*window, QStringLiteral("چاپ"))->isVisible());
+            QVERIFY(pushButton(*window, u"بازگشت"_s));
+            QVERIFY(pushButton(*window, u"چاپ"_s)->isVisible());
             page->list()->selectKey(key);
-            pushButton(*window, QStringLiteral("انتخاب"))->click();
+            pushButton(*window, u"انتخاب"_s)->click();
         });
         QCOMPARE(CDlgAutomobilTariffs::Select(nullptr, key), key);
         QCOMPARE(preselected, key);
@@ -628,7 +630,7 @@ private Q_SLOTS:
 
     void aDoubleClickChoosesInSelectMode()
     {
-        const int key = addTariff(QStringLiteral("a"));
+        const int key = addTariff(u"a"_s);
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = static_cast<CDlgAutomobilTariffs *>(static_cast<KDialogHolder *>(window)->page());
             Q_EMIT page->list()->rowActivated(key);
@@ -638,8 +640,8 @@ private Q_SLOTS:
 
     void goingBackChoosesNothing()
     {
-        const int key = addTariff(QStringLiteral("a"));
-        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { pushButton(*window, QStringLiteral("بازگشت"))->click(); });
+        const int key = addTariff(u"a"_s);
+        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { pushButton(*window, u"بازگشت"_s)->click(); });
         QCOMPARE(CDlgAutomobilTariffs::Select(nullptr, key), 0);
     }
 
@@ -647,7 +649,7 @@ private Q_SLOTS:
     {
         bool stayed = false;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
-            pushButton(*window, QStringLiteral("انتخاب"))->click();
+            pushButton(*window, u"انتخاب"_s)->click();
             stayed = window->isVisible();
             static_cast<QDialog *>(window)->reject();
         });
@@ -659,18 +661,18 @@ private Q_SLOTS:
     {
         TestOffice::whenModal("KDialogHolder", [](QWidget *window) {
             auto *page = static_cast<CDlgAutomobilTariffs *>(static_cast<KDialogHolder *>(window)->page());
-            whenEditor(QStringLiteral("new"), QStringLiteral("9"));
+            whenEditor(u"new"_s, u"9"_s);
             QVERIFY(page->runCommand(newCaption));
-            pushButton(*window, QStringLiteral("انتخاب"))->click();
+            pushButton(*window, u"انتخاب"_s)->click();
         });
         const int chosen = CDlgAutomobilTariffs::Select(nullptr);
         QCOMPARE(QString::number(chosen),
-                 value(QStringLiteral("SELECT iID FROM AutomobilTariffs WHERE sTitle='new'")));
+                 value(u"SELECT iID FROM AutomobilTariffs WHERE sTitle='new'"_s));
     }
 
     void theWindowNeedsTheAccessRight()
     {
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~KSecurity::Access);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~KSecurity::Access);
         QCOMPARE(CDlgAutomobilTariffs::Select(nullptr), 0);
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::Access)});
         CDlgAutomobilTariffs::Open(nullptr);
@@ -683,9 +685,9 @@ private Q_SLOTS:
         bool looked = false;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             looked = true;
-            QCOMPARE(window->windowTitle(), QStringLiteral("هزينه هاي تعرفه هاي محضر"));
-            QVERIFY(!pushButton(*window, QStringLiteral("انتخاب")));
-            pushButton(*window, QStringLiteral("بازگشت"))->click();
+            QCOMPARE(window->windowTitle(), u"هزينه هاي تعرفه هاي محضر"_s);
+            QVERIFY(!pushButton(*window, u"انتخاب"_s));
+            pushButton(*window, u"بازگشت"_s)->click();
         });
         CDlgAutomobilTariffs::Open(nullptr);
         QVERIFY(looked);
@@ -695,32 +697,32 @@ private Q_SLOTS:
 
     void printHasItsTitleDateAndCount()
     {
-        addTariff(QStringLiteral("سند"), 1000, 0, QStringLiteral("شرح"));
+        addTariff(u"سند"_s, 1000, 0, u"شرح"_s);
         CDlgAutomobilTariffs page;
         page.open();
         bool shown = false;
         TestOffice::whenModal("CDlgReportGenerator", [&](QWidget *window) {
             const ListReport &report = static_cast<CDlgReportGenerator *>(window)->report();
             shown = true;
-            QCOMPARE(report.shownTitle(), QStringLiteral("هزینه های تعرفه های محضر"));
-            QCOMPARE(report.text(QStringLiteral("Title")), QStringLiteral("هزینه های تعرفه های محضر"));
-            QCOMPARE(report.text(QStringLiteral("LeftBottom")),
-                     QStringLiteral("تاریخ چاپ : ") + shamsiText(QDate::currentDate()));
-            QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 1"));
+            QCOMPARE(report.shownTitle(), u"هزینه های تعرفه های محضر"_s);
+            QCOMPARE(report.text(u"Title"_s), u"هزینه های تعرفه های محضر"_s);
+            QCOMPARE(report.text(u"LeftBottom"_s),
+                     u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+            QCOMPARE(report.text(u"Count"_s), u"تعداد : 1"_s);
             QCOMPARE(report.rows().size(), 1);
             QCOMPARE(report.rows().at(0).cells.at(2).text, DToMoney(1000));
             window->close();
         });
-        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        QVERIFY(page.runCommand(u"چاپ"_s));
         QVERIFY(shown);
     }
 
     void printingNeedsItsRight()
     {
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~KSecurity::PrintList);
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~KSecurity::PrintList);
         CDlgAutomobilTariffs page;
         page.open();
-        QVERIFY(page.runCommand(QStringLiteral("چاپ")));
+        QVERIFY(page.runCommand(u"چاپ"_s));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::PrintList)});
     }
 };

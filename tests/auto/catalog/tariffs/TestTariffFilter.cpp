@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestTariffFilter : public QObject
 {
     Q_OBJECT
@@ -17,17 +19,17 @@ private Q_SLOTS:
         QTest::addColumn<bool>("withInactive");
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("filter");
-        QTest::newRow("an empty name field gives no title condition") << false << QString() << QStringLiteral("iStatus=0");
+        QTest::newRow("an empty name field gives no title condition") << false << QString() << u"iStatus=0"_s;
         QTest::newRow("with the choice ticked and no name, the filter is empty") << true << QString() << QString();
-        QTest::newRow("a name") << false << QStringLiteral("سند") << QStringLiteral("iStatus=0 AND sTitle LIKE '%سند%'");
-        QTest::newRow("a name alone") << true << QStringLiteral("سند") << QStringLiteral("sTitle LIKE '%سند%'");
+        QTest::newRow("a name") << false << u"سند"_s << u"iStatus=0 AND sTitle LIKE '%سند%'"_s;
+        QTest::newRow("a name alone") << true << u"سند"_s << u"sTitle LIKE '%سند%'"_s;
         QTest::newRow("a percent sign is placed into the pattern as typed")
-            << true << QStringLiteral("5%s") << QStringLiteral("sTitle LIKE '%5%s%'");
+            << true << u"5%s"_s << u"sTitle LIKE '%5%s%'"_s;
         QTest::newRow("a quote is placed into the pattern as typed")
-            << true << QStringLiteral("o'k") << QStringLiteral("sTitle LIKE '%o'k%'");
-        QTest::newRow("blanks stay") << true << QStringLiteral(" a ") << QStringLiteral("sTitle LIKE '% a %'");
+            << true << u"o'k"_s << u"sTitle LIKE '%o'k%'"_s;
+        QTest::newRow("blanks stay") << true << u" a "_s << u"sTitle LIKE '% a %'"_s;
         QTest::newRow("%1 is no place for anything")
-            << false << QStringLiteral("%1") << QStringLiteral("iStatus=0 AND sTitle LIKE '%%1%'");
+            << false << u"%1"_s << u"iStatus=0 AND sTitle LIKE '%%1%'"_s;
     }
 
     void filter()

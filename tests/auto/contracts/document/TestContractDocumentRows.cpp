@@ -8,14 +8,16 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ContractForDocument taxedContract()
 {
     ContractForDocument contract;
     contract.commission = 1000;
-    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 9, 90, 1, 10};
-    contract.second = {22, QStringLiteral("رضا"), PartyKind::Ordinary, 0, 4.5, 45, 0, 0};
+    contract.first = {11, u"علی"_s, PartyKind::Ordinary, 0, 9, 90, 1, 10};
+    contract.second = {22, u"رضا"_s, PartyKind::Ordinary, 0, 4.5, 45, 0, 0};
     return contract;
 }
 
@@ -24,7 +26,7 @@ QStringList lines(const QList<DocumentRow> &rows)
 {
     QStringList result;
     for (const DocumentRow &row : rows) {
-        result.append(QStringLiteral("%1/%2 %3 %4 [%5]")
+        result.append(u"%1/%2 %3 %4 [%5]"_s
                           .arg(row.account)
                           .arg(row.personID)
                           .arg(row.debit)
@@ -76,11 +78,11 @@ void TestContractDocumentRows::description_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("text");
-    QTest::newRow("sale") << 0 << QStringLiteral("مبایعه نامه ش :12");
-    QTest::newRow("rent") << 1 << QStringLiteral("قرارداد اجاره ش :12");
-    QTest::newRow("instalment sale") << 2 << QStringLiteral("فروش اقساطی ش :12");
-    QTest::newRow("letter") << 3 << QStringLiteral("نامه ش :12");
-    QTest::newRow("any other type has no name") << 4 << QStringLiteral(" ش :12");
+    QTest::newRow("sale") << 0 << u"مبایعه نامه ش :12"_s;
+    QTest::newRow("rent") << 1 << u"قرارداد اجاره ش :12"_s;
+    QTest::newRow("instalment sale") << 2 << u"فروش اقساطی ش :12"_s;
+    QTest::newRow("letter") << 3 << u"نامه ش :12"_s;
+    QTest::newRow("any other type has no name") << 4 << u" ش :12"_s;
 }
 
 void TestContractDocumentRows::description()
@@ -94,30 +96,30 @@ void TestContractDocumentRows::commissionTaxAndDutyOfBothParties()
 {
     QCOMPARE(lines(contractDocumentRows(taxedContract())),
              QStringList({
-                 QStringLiteral("110301/11 1000 0 [ کمیسیون پرداختی علی]"),
-                 QStringLiteral("410202/0 0 1000 [ کمیسیون پرداختی علی]"),
-                 QStringLiteral("110301/22 1000 0 [ کمیسیون پرداختی رضا]"),
-                 QStringLiteral("410202/0 0 1000 [ کمیسیون پرداختی رضا]"),
-                 QStringLiteral("110301/11 90 0 [9% مالیات ارزش افزوده علی]"),
-                 QStringLiteral("210501/0 0 90 [9% مالیات ارزش افزوده 90از علی]"),
-                 QStringLiteral("110301/22 45 0 [4.5% مالیات ارزش افزوده رضا]"),
-                 QStringLiteral("210501/0 0 45 [4.5% مالیات ارزش افزوده 45از رضا]"),
-                 QStringLiteral("110301/11 10 0 [1% عوارض علی]"),
-                 QStringLiteral("210502/0 0 10 [1% عوارض 10از علی]"),
+                 u"110301/11 1000 0 [ کمیسیون پرداختی علی]"_s,
+                 u"410202/0 0 1000 [ کمیسیون پرداختی علی]"_s,
+                 u"110301/22 1000 0 [ کمیسیون پرداختی رضا]"_s,
+                 u"410202/0 0 1000 [ کمیسیون پرداختی رضا]"_s,
+                 u"110301/11 90 0 [9% مالیات ارزش افزوده علی]"_s,
+                 u"210501/0 0 90 [9% مالیات ارزش افزوده 90از علی]"_s,
+                 u"110301/22 45 0 [4.5% مالیات ارزش افزوده رضا]"_s,
+                 u"210501/0 0 45 [4.5% مالیات ارزش افزوده 45از رضا]"_s,
+                 u"110301/11 10 0 [1% عوارض علی]"_s,
+                 u"210502/0 0 10 [1% عوارض 10از علی]"_s,
              }));
 }
 
 void TestContractDocumentRows::discountReversesCommission()
 {
     ContractForDocument contract;
-    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 30, 0, 0, 0, 0};
-    contract.second = {22, QStringLiteral("رضا"), PartyKind::Ordinary, 40, 0, 0, 0, 0};
+    contract.first = {11, u"علی"_s, PartyKind::Ordinary, 30, 0, 0, 0, 0};
+    contract.second = {22, u"رضا"_s, PartyKind::Ordinary, 40, 0, 0, 0, 0};
     QCOMPARE(lines(contractDocumentRows(contract)),
              QStringList({
-                 QStringLiteral("410202/0 30 0 [ تخفیف به علی]"),
-                 QStringLiteral("110301/11 0 30 [ تخفیف  علی]"),
-                 QStringLiteral("410202/0 40 0 [ تخفیف به رضا]"),
-                 QStringLiteral("110301/22 0 40 [ تخفیف رضا]"),
+                 u"410202/0 30 0 [ تخفیف به علی]"_s,
+                 u"110301/11 0 30 [ تخفیف  علی]"_s,
+                 u"410202/0 40 0 [ تخفیف به رضا]"_s,
+                 u"110301/22 0 40 [ تخفیف رضا]"_s,
              }));
 }
 
@@ -126,19 +128,19 @@ void TestContractDocumentRows::showroomBearsItsTaxAndDutyAsExpense()
     ContractForDocument contract = taxedContract();
     contract.commission = 0;
     contract.first.personID = 0;
-    contract.first.name = QStringLiteral("نمایشگاه ما");
+    contract.first.name = u"نمایشگاه ما"_s;
     contract.first.kind = PartyKind::Showroom;
     contract.second = {};
     QCOMPARE(lines(contractDocumentRows(contract)),
              QStringList({
-                 QStringLiteral("110301/0 90 0 [9% مالیات ارزش افزوده نمایشگاه ما]"),
-                 QStringLiteral("210501/0 0 90 [9% مالیات ارزش افزوده 90از نمایشگاه ما]"),
-                 QStringLiteral("610502/0 90 0 [9% مالیات ارزش افزوده 90از نمایشگاه ما]"),
-                 QStringLiteral("110301/0 0 90 [9% مالیات ارزش افزوده نمایشگاه ما]"),
-                 QStringLiteral("110301/0 10 0 [1% عوارض نمایشگاه ما]"),
-                 QStringLiteral("210502/0 0 10 [1% عوارض 10از نمایشگاه ما]"),
-                 QStringLiteral("610503/0 10 0 [1% عوارض 10از نمایشگاه ما]"),
-                 QStringLiteral("110301/0 0 10 [1% عوارض نمایشگاه ما]"),
+                 u"110301/0 90 0 [9% مالیات ارزش افزوده نمایشگاه ما]"_s,
+                 u"210501/0 0 90 [9% مالیات ارزش افزوده 90از نمایشگاه ما]"_s,
+                 u"610502/0 90 0 [9% مالیات ارزش افزوده 90از نمایشگاه ما]"_s,
+                 u"110301/0 0 90 [9% مالیات ارزش افزوده نمایشگاه ما]"_s,
+                 u"110301/0 10 0 [1% عوارض نمایشگاه ما]"_s,
+                 u"210502/0 0 10 [1% عوارض 10از نمایشگاه ما]"_s,
+                 u"610503/0 10 0 [1% عوارض 10از نمایشگاه ما]"_s,
+                 u"110301/0 0 10 [1% عوارض نمایشگاه ما]"_s,
              }));
 }
 
@@ -146,19 +148,19 @@ void TestContractDocumentRows::partyTypedByHandPostsTaxButNoCommission()
 {
     ContractForDocument contract;
     contract.commission = 1000;
-    contract.first = {0, QStringLiteral("رهگذر"), PartyKind::Other, 50, 9, 90, 0, 0};
+    contract.first = {0, u"رهگذر"_s, PartyKind::Other, 50, 9, 90, 0, 0};
     QCOMPARE(lines(contractDocumentRows(contract)),
              QStringList({
-                 QStringLiteral("110301/0 90 0 [9% مالیات ارزش افزوده رهگذر]"),
-                 QStringLiteral("210501/0 0 90 [9% مالیات ارزش افزوده 90از رهگذر]"),
+                 u"110301/0 90 0 [9% مالیات ارزش افزوده رهگذر]"_s,
+                 u"210501/0 0 90 [9% مالیات ارزش افزوده 90از رهگذر]"_s,
              }));
 }
 
 void TestContractDocumentRows::zeroAmountsGiveNoRows()
 {
     ContractForDocument contract;
-    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0.00005, 9, 0, 9, 0};
-    contract.second = {0, QStringLiteral("ما"), PartyKind::Showroom, 0, 9, 0, 9, 0.00005};
+    contract.first = {11, u"علی"_s, PartyKind::Ordinary, 0.00005, 9, 0, 9, 0};
+    contract.second = {0, u"ما"_s, PartyKind::Showroom, 0, 9, 0, 9, 0.00005};
     QVERIFY(contractDocumentRows(contract).empty());
 }
 
@@ -166,11 +168,11 @@ void TestContractDocumentRows::percentageStandsWithoutTrailingZeros_data()
 {
     QTest::addColumn<double>("percent");
     QTest::addColumn<QString>("start");
-    QTest::newRow("whole") << 9.0 << QStringLiteral("9% عوارض ");
-    QTest::newRow("ten") << 10.0 << QStringLiteral("10% عوارض ");
-    QTest::newRow("half") << 4.5 << QStringLiteral("4.5% عوارض ");
-    QTest::newRow("hundredths") << 0.25 << QStringLiteral("0.25% عوارض ");
-    QTest::newRow("a duty typed in without a percentage") << 0.0 << QStringLiteral("0% عوارض ");
+    QTest::newRow("whole") << 9.0 << u"9% عوارض "_s;
+    QTest::newRow("ten") << 10.0 << u"10% عوارض "_s;
+    QTest::newRow("half") << 4.5 << u"4.5% عوارض "_s;
+    QTest::newRow("hundredths") << 0.25 << u"0.25% عوارض "_s;
+    QTest::newRow("a duty typed in without a percentage") << 0.0 << u"0% عوارض "_s;
 }
 
 void TestContractDocumentRows::percentageStandsWithoutTrailingZeros()
@@ -178,20 +180,20 @@ void TestContractDocumentRows::percentageStandsWithoutTrailingZeros()
     QFETCH(double, percent);
     QFETCH(QString, start);
     ContractForDocument contract;
-    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 0, 0, percent, 7};
+    contract.first = {11, u"علی"_s, PartyKind::Ordinary, 0, 0, 0, percent, 7};
     const auto rows = contractDocumentRows(contract);
     QCOMPARE(rows.size(), qsizetype(2));
-    QCOMPARE(rows[0].description, start + QStringLiteral("علی"));
-    QCOMPARE(rows[1].description, start + QStringLiteral("7از علی"));
+    QCOMPARE(rows[0].description, start + u"علی"_s);
+    QCOMPARE(rows[1].description, start + u"7از علی"_s);
 }
 
 void TestContractDocumentRows::amountsAreGrouped()
 {
     setDefaultMoneyDecimals(2);
     ContractForDocument contract;
-    contract.first = {11, QStringLiteral("علی"), PartyKind::Ordinary, 0, 9, 1234567.5, 0, 0};
+    contract.first = {11, u"علی"_s, PartyKind::Ordinary, 0, 9, 1234567.5, 0, 0};
     QCOMPARE(contractDocumentRows(contract)[1].description,
-             QStringLiteral("9% مالیات ارزش افزوده 1,234,567.50از علی"));
+             u"9% مالیات ارزش افزوده 1,234,567.50از علی"_s);
 }
 
 void TestContractDocumentRows::everyCombinationBalances_data()
@@ -218,8 +220,8 @@ void TestContractDocumentRows::everyCombinationBalances()
     QFETCH(int, secondKind);
     ContractForDocument contract;
     contract.commission = 333.33;
-    contract.first = {firstPerson, QStringLiteral("a"), static_cast<PartyKind>(firstKind), 12.5, 9, 30.3, 1, 3.3};
-    contract.second = {secondPerson, QStringLiteral("b"), static_cast<PartyKind>(secondKind), 0.1, 9, 29.99, 1, 3.7};
+    contract.first = {firstPerson, u"a"_s, static_cast<PartyKind>(firstKind), 12.5, 9, 30.3, 1, 3.3};
+    contract.second = {secondPerson, u"b"_s, static_cast<PartyKind>(secondKind), 0.1, 9, 29.99, 1, 3.7};
     const auto rows = contractDocumentRows(contract);
     QVERIFY(!rows.empty());
     QVERIFY(rows.size() % 2 == 0);

@@ -15,6 +15,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestContractPosting : public QObject
 {
     Q_OBJECT
@@ -52,9 +54,9 @@ void TestContractPosting::fill(CTblAutomobilContracts &contract)
     contract.m_iNum = 12;
     contract.m_dateContract = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
     contract.m_iPersonFirstID = 1;
-    contract.m_sName1 = QStringLiteral("علی");
+    contract.m_sName1 = u"علی"_s;
     contract.m_iPersonSecondID = 2;
-    contract.m_sName2 = QStringLiteral("رضا");
+    contract.m_sName2 = u"رضا"_s;
     contract.m_dCommission = 1000;
     contract.m_dPercentTax = 9;
     contract.m_dTax = 90;
@@ -74,13 +76,13 @@ void TestContractPosting::documentOfANewContract()
     QCOMPARE(contract.m_iDocNum, 1);
     QCOMPARE(contract.m_iFiscalYear, 1405);
     QCOMPARE(value("SELECT CONCAT_WS('|', iNum, iFiscalYear, iKind, DATE(date), sDesc) FROM Documents"),
-             QStringLiteral("1|1405|28|2026-11-20|مبایعه نامه ش :12"));
+             u"1|1405|28|2026-11-20|مبایعه نامه ش :12"_s);
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/', iHesabKolCode, iHesabMoeenCode, iPersonID, dBed, dBes) ORDER BY iID)"
                    " FROM Docs WHERE iDocNum=1 AND iFiscalYear=1405"),
-             QStringLiteral("1103/110301/1/1000/0,4102/410202/0/0/1000,1103/110301/2/1000/0,4102/410202/0/0/1000,"
-                            "4102/410202/0/50/0,1103/110301/2/0/50,"
-                            "1103/110301/1/90/0,2105/210501/0/0/90,1103/110301/2/10/0,2105/210502/0/0/10"));
-    QCOMPARE(value("SELECT sDesc FROM Docs ORDER BY iID LIMIT 1"), QStringLiteral(" کمیسیون پرداختی علی"));
+             u"1103/110301/1/1000/0,4102/410202/0/0/1000,1103/110301/2/1000/0,4102/410202/0/0/1000,"
+             "4102/410202/0/50/0,1103/110301/2/0/50,"
+             "1103/110301/1/90/0,2105/210501/0/0/90,1103/110301/2/10/0,2105/210502/0/0/10"_s);
+    QCOMPARE(value("SELECT sDesc FROM Docs ORDER BY iID LIMIT 1"), u" کمیسیون پرداختی علی"_s);
 }
 
 void TestContractPosting::documentBalances()
@@ -92,9 +94,9 @@ void TestContractPosting::documentBalances()
     contract.m_iPersonFirstID = 0;
     QVERIFY(ContractPosting::post(contract));
     QVERIFY(IsEquals(value("SELECT SUM(dBed) FROM Docs").toDouble(), value("SELECT SUM(dBes) FROM Docs").toDouble()));
-    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), QStringLiteral("1/0/0"));
-    QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=610502"), QStringLiteral("90"));
-    QCOMPARE(value("SELECT SUM(dBed)-SUM(dBes) FROM Docs WHERE iHesabMoeenCode=110301 AND iPersonID=0"), QStringLiteral("0"));
+    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
+    QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=610502"), u"90"_s);
+    QCOMPARE(value("SELECT SUM(dBed)-SUM(dBes) FROM Docs WHERE iHesabMoeenCode=110301 AND iPersonID=0"), u"0"_s);
 }
 
 void TestContractPosting::editingKeepsTheNumberAndReplacesTheRows()
@@ -113,8 +115,8 @@ void TestContractPosting::editingKeepsTheNumberAndReplacesTheRows()
     QVERIFY(ContractPosting::post(contract));
     QCOMPARE(contract.m_iDocNum, 1);
     QCOMPARE(value("SELECT CONCAT_WS('|', iID, iNum, iKind, DATE(date), sDesc) FROM Documents"),
-             key + QStringLiteral("|1|28|2026-11-21|قرارداد اجاره ش :12"));
-    QCOMPARE(value("SELECT CONCAT(COUNT(*), '/', SUM(dBed)) FROM Docs"), QStringLiteral("4/4000"));
+             key + u"|1|28|2026-11-21|قرارداد اجاره ش :12"_s);
+    QCOMPARE(value("SELECT CONCAT(COUNT(*), '/', SUM(dBed)) FROM Docs"), u"4/4000"_s);
 }
 
 void TestContractPosting::editingKeepsTheFiscalYearOfTheDocument()
@@ -126,7 +128,7 @@ void TestContractPosting::editingKeepsTheFiscalYearOfTheDocument()
     GetDBSetting()->SetFiscalYear(1406);
     QVERIFY(ContractPosting::post(contract));
     QCOMPARE(contract.m_iFiscalYear, 1405);
-    QCOMPARE(value("SELECT GROUP_CONCAT(iFiscalYear) FROM Documents"), QStringLiteral("1405"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(iFiscalYear) FROM Documents"), u"1405"_s);
 }
 
 void TestContractPosting::documentThatIsGoneIsAddedAnew()
@@ -148,7 +150,7 @@ void TestContractPosting::contractWithoutItsOwnNumberIsNamedByItsCode()
     fill(contract);
     contract.m_iNum = 0;
     QVERIFY(ContractPosting::post(contract));
-    QCOMPARE(value("SELECT sDesc FROM Documents"), QStringLiteral("مبایعه نامه ش :3"));
+    QCOMPARE(value("SELECT sDesc FROM Documents"), u"مبایعه نامه ش :3"_s);
 }
 
 void TestContractPosting::contractWithoutFiguresGetsADocumentWithoutRows()
@@ -157,8 +159,8 @@ void TestContractPosting::contractWithoutFiguresGetsADocumentWithoutRows()
     contract.AddNew();
     contract.m_iCode = 1;
     QVERIFY(ContractPosting::post(contract));
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("1"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
 void TestContractPosting::closedDatabaseGivesNoNumberAndStopsThePosting()
@@ -169,13 +171,13 @@ void TestContractPosting::closedDatabaseGivesNoNumberAndStopsThePosting()
     GetDBSetting()->SetClosedDB(true);
     QVERIFY(!ContractPosting::post(contract));
     QCOMPARE(contract.m_iDocNum, 0);
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
 void TestContractPosting::documentOnAnAccountThatIsGoneIsRefused()
 {
-    m_database.run(QStringLiteral("DELETE FROM HesabMoeen WHERE iCode=%1").arg(int(Accounts::commissionIncome)));
+    m_database.run(u"DELETE FROM HesabMoeen WHERE iCode=%1"_s.arg(int(Accounts::commissionIncome)));
     {
         const KTransaction transaction;
         CTblAutomobilContracts contract;
@@ -183,8 +185,8 @@ void TestContractPosting::documentOnAnAccountThatIsGoneIsRefused()
         fill(contract);
         QVERIFY_THROWS_EXCEPTION(KAccountingError, (void)ContractPosting::post(contract));
     }
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
 void TestContractPosting::rollbackLeavesNeitherRowNorDocument()
@@ -197,9 +199,9 @@ void TestContractPosting::rollbackLeavesNeitherRowNorDocument()
         QVERIFY(ContractPosting::post(contract));
         contract.Update(true);
     }
-    QCOMPARE(value("SELECT COUNT(*) FROM AutomobilContracts"), QStringLiteral("0"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM AutomobilContracts"), u"0"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
 static const RegisteredTest<TestContractPosting, QCoreApplication> registered;

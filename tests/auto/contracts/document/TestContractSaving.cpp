@@ -17,6 +17,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
 
 // The unit that saves a contract, without a window.
@@ -34,8 +36,8 @@ class TestContractSaving : public QObject
         return {m_key, 1, [commission](CTblAutomobilContracts &contract) {
                     contract.m_dateContract = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
                     contract.m_iPersonFirstID = 1;
-                    contract.m_sName1 = QStringLiteral("علی");
-                    contract.m_sName2 = QStringLiteral("رضا");
+                    contract.m_sName1 = u"علی"_s;
+                    contract.m_sName2 = u"رضا"_s;
                     contract.m_dCommission = commission;
                     contract.m_dTax2 = 90;
                 }};
@@ -48,60 +50,60 @@ private Q_SLOTS:
         setDefaultMoneyDecimals(0);
         GetDBSetting()->SetFiscalYear(1405);
         GetDBSetting()->SetClosedDB(false);
-        m_database.run(QStringLiteral("INSERT INTO AutomobilContracts(iCode,sSerial) VALUES(3,'الف')"));
-        m_key = m_database.value(QStringLiteral("SELECT MAX(iID) FROM AutomobilContracts")).toInt();
+        m_database.run(u"INSERT INTO AutomobilContracts(iCode,sSerial) VALUES(3,'الف')"_s);
+        m_key = m_database.value(u"SELECT MAX(iID) FROM AutomobilContracts"_s).toInt();
     }
 
     void rowDocumentAndCustomFieldsAreWritten()
     {
-        const auto posted = ContractSaving::save(decision(), {{{5, QStringLiteral("ب")}}});
+        const auto posted = ContractSaving::save(decision(), {{{5, u"ب"_s}}});
         QVERIFY(posted);
         QCOMPARE(posted->docNum, 1);
         QCOMPARE(posted->fiscalYear, 1405);
         QCOMPARE(value("SELECT CONCAT_WS('/',iCode,sSerial,iStatus,sName1,dCommission,iDocNum,iFiscalYear) FROM AutomobilContracts"),
-                 QStringLiteral("3/الف/1/علی/1000/1/1405"));
+                 u"3/الف/1/علی/1000/1/1405"_s);
         QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,sDesc) FROM Documents"),
-                 QStringLiteral("1/1405/28/مبایعه نامه ش :3"));
-        QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes ORDER BY iID) FROM Docs"), QStringLiteral("1000,1000,90,90"));
-        QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), QStringLiteral("1/0/0"));
+                 u"1/1405/28/مبایعه نامه ش :3"_s);
+        QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes ORDER BY iID) FROM Docs"), u"1000,1000,90,90"_s);
+        QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
         QCOMPARE(CTblCustomFieldRecords::values(CTblAutomobilContracts::recordKind, m_key),
-                 (QHash<int, QString>{{5, QStringLiteral("ب")}}));
+                 (QHash<int, QString>{{5, u"ب"_s}}));
     }
 
     void savingAgainKeepsTheDocumentAndWhatWasLeftAlone()
     {
-        QVERIFY(ContractSaving::save(decision(), {{{5, QStringLiteral("ب")}}}));
+        QVERIFY(ContractSaving::save(decision(), {{{5, u"ب"_s}}}));
         GetDBSetting()->SetFiscalYear(1406);
         const auto posted = ContractSaving::save(decision(2000), std::nullopt);
         QVERIFY(posted);
         QCOMPARE(posted->docNum, 1);
         QCOMPARE(posted->fiscalYear, 1405);
-        QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("1"));
-        QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes ORDER BY iID) FROM Docs"), QStringLiteral("2000,2000,90,90"));
-        QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), QStringLiteral("1/0/0"));
-        QCOMPARE(value("SELECT GROUP_CONCAT(sValue) FROM CustomFieldRecords"), QStringLiteral("ب"));
+        QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
+        QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes ORDER BY iID) FROM Docs"), u"2000,2000,90,90"_s);
+        QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
+        QCOMPARE(value("SELECT GROUP_CONCAT(sValue) FROM CustomFieldRecords"), u"ب"_s);
     }
 
     void documentStandsBeforeTheRowAndTheCustomFieldsBehindIt()
     {
         QVERIFY(ContractSaving::save(decision(), std::nullopt));
         const ObservedStatements observed(
-            {QStringLiteral("START"), QStringLiteral("INSERT"), QStringLiteral("UPDATE"), QStringLiteral("DELETE"), QStringLiteral("COMMIT")});
-        QVERIFY(ContractSaving::save(decision(2000), {{{5, QStringLiteral("ب")}}}));
+            {u"START"_s, u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s, u"COMMIT"_s});
+        QVERIFY(ContractSaving::save(decision(2000), {{{5, u"ب"_s}}}));
         QStringList tables;
         for (const QString &statement : observed.taken())
-            tables.append(statement.section(QRegularExpression(QStringLiteral("[ (]")), 0, 2));
+            tables.append(statement.section(QRegularExpression(u"[ (]"_s), 0, 2));
         QCOMPARE(tables.join(u'|'),
-                 QStringLiteral("START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
-                                "INSERT INTO Docs|UPDATE AutomobilContracts SET|DELETE FROM CustomFieldRecords|"
-                                "INSERT INTO CustomFieldRecords|COMMIT"));
+                 u"START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
+                 "INSERT INTO Docs|UPDATE AutomobilContracts SET|DELETE FROM CustomFieldRecords|"
+                 "INSERT INTO CustomFieldRecords|COMMIT"_s);
     }
 
     void contractThatIsGoneIsNotSaved()
     {
-        m_database.run(QStringLiteral("DELETE FROM AutomobilContracts"));
-        QVERIFY(!ContractSaving::save(decision(), {{{5, QStringLiteral("ب")}}}));
-        QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM CustomFieldRecords)"), QStringLiteral("0"));
+        m_database.run(u"DELETE FROM AutomobilContracts"_s);
+        QVERIFY(!ContractSaving::save(decision(), {{{5, u"ب"_s}}}));
+        QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM CustomFieldRecords)"), u"0"_s);
     }
 
     void withoutADocumentNothingIsSaved()
@@ -113,18 +115,18 @@ private Q_SLOTS:
         } catch (const KAccountingError &error) {
             refusal = error.userMessage();
         }
-        QCOMPARE(refusal, QStringLiteral("سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."));
-        QCOMPARE(value("SELECT CONCAT_WS('/',sName1,iStatus,iDocNum) FROM AutomobilContracts"), QStringLiteral("0/0"));
-        QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("0"));
+        QCOMPARE(refusal, u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
+        QCOMPARE(value("SELECT CONCAT_WS('/',sName1,iStatus,iDocNum) FROM AutomobilContracts"), u"0/0"_s);
+        QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
     }
 
     void whatFailsBehindTheRowTakesRowAndDocumentBack()
     {
-        m_database.run(QStringLiteral("CREATE TRIGGER full BEFORE INSERT ON CustomFieldRecords FOR EACH ROW "
-                                      "SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='full'"));
-        QVERIFY_THROWS_EXCEPTION(CMySQLException, (void)ContractSaving::save(decision(), {{{5, QStringLiteral("ب")}}}));
-        QCOMPARE(value("SELECT CONCAT_WS('/',sName1,iStatus,iDocNum) FROM AutomobilContracts"), QStringLiteral("0/0"));
-        QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"), QStringLiteral("0"));
+        m_database.run(u"CREATE TRIGGER full BEFORE INSERT ON CustomFieldRecords FOR EACH ROW "
+                       "SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='full'"_s);
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, (void)ContractSaving::save(decision(), {{{5, u"ب"_s}}}));
+        QCOMPARE(value("SELECT CONCAT_WS('/',sName1,iStatus,iDocNum) FROM AutomobilContracts"), u"0/0"_s);
+        QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"), u"0"_s);
     }
 };
 

@@ -19,6 +19,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 // What the tests of the contract editor have in common: an office with a seller, a buyer and the tiers of commission, and the
 // editor over it.
 class ContractEditorTest : public QObject
@@ -32,8 +34,8 @@ protected:
     void begin(const std::function<void(CTblPersons &)> &seller = everyField)
     {
         m_office->clear();
-        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), seller);
-        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
+        m_seller = m_office->addPerson(u"سارا"_s, u"کریمی"_s, seller);
+        m_buyer = m_office->addPerson(u"رضا"_s, u"احمدی"_s,
                                       [](CTblPersons &person) { person.m_dPercentDiscount = 10; });
         m_office->setFiscalYearOpening(QDate(2020, 1, 1));
         ContractSettings settings;
@@ -46,19 +48,19 @@ protected:
 
     static void everyField(CTblPersons &person)
     {
-        person.m_sFatherName = QStringLiteral("حسن");
-        person.m_sNationalCode = QStringLiteral("0012345679");
-        person.m_sMobile = QStringLiteral("09121234567");
-        person.m_sTel = QStringLiteral("02188776655");
-        person.m_sAddress = QStringLiteral("تهران، خیابان آزادی");
-        person.m_sIdentityNum = QStringLiteral("1234");
-        person.m_sIdentityCity = QStringLiteral("تهران");
+        person.m_sFatherName = u"حسن"_s;
+        person.m_sNationalCode = u"0012345679"_s;
+        person.m_sMobile = u"09121234567"_s;
+        person.m_sTel = u"02188776655"_s;
+        person.m_sAddress = u"تهران، خیابان آزادی"_s;
+        person.m_sIdentityNum = u"1234"_s;
+        person.m_sIdentityCity = u"تهران"_s;
         person.m_dateBirth = day(1985, 3, 21);
     }
 
     QString value(const QString &statement) { return m_office->database().value(statement); }
     // Of the only contract.
-    int key() { return value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(); }
+    int key() { return value(u"SELECT iID FROM AutomobilContracts"_s).toInt(); }
 
     // The editor as it is shown; null where the contract cannot be loaded.
     static std::unique_ptr<Dialog> opened(int key, Mode mode = Mode::Edit)

@@ -21,11 +21,13 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAddAutomobilContract : public ContractEditorTest
 {
     Q_OBJECT
 
-    int contracts() { return value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")).toInt(); }
+    int contracts() { return value(u"SELECT COUNT(*) FROM AutomobilContracts"_s).toInt(); }
 
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
@@ -37,7 +39,7 @@ private Q_SLOTS:
     {
         const int key = Dialog::addPlaceholder();
         CTblAutomobilContracts contract;
-        QVERIFY(contract.IsRecordExist(QStringLiteral("iID"), key));
+        QVERIFY(contract.IsRecordExist(u"iID"_s, key));
         QCOMPARE(contract.m_iCode, 1);
         QCOMPARE(contract.m_iContractType, 0);
         QCOMPARE(contract.m_dPercentTax, 6.0);
@@ -47,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(contract.m_iUserID, m_office->adminID());
         QVERIFY(contract.m_dateCreate.isValid());
         CTblAutomobilContracts second;
-        second.IsRecordExist(QStringLiteral("iID"), Dialog::addPlaceholder());
+        second.IsRecordExist(u"iID"_s, Dialog::addPlaceholder());
         QCOMPARE(second.m_iCode, 2);
     }
 
@@ -55,7 +57,7 @@ private Q_SLOTS:
     {
         TestOffice::whenModal("CDlgAddAutomobilContract", [this](QWidget *window) {
             QCOMPARE(contracts(), 1);
-            QCOMPARE(window->windowTitle(), QStringLiteral("قرارداد مبایعه نامه- جدید"));
+            QCOMPARE(window->windowTitle(), u"قرارداد مبایعه نامه- جدید"_s);
             static_cast<QDialog *>(window)->reject();
         });
         QCOMPARE(Dialog::NewContract(nullptr), 0);
@@ -78,7 +80,7 @@ private Q_SLOTS:
         });
         const int key = Dialog::NewContract(nullptr);
         QVERIFY(key > 0);
-        QCOMPARE(value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(), key);
+        QCOMPARE(value(u"SELECT iID FROM AutomobilContracts"_s).toInt(), key);
     }
 
     void amountBringsCommissionTaxDutyDiscountAndBothPayments()
@@ -101,7 +103,7 @@ private Q_SLOTS:
     void savedContractHoldsWhatThePageShowedAndOneBalancedDocument()
     {
         auto dialog = filledNew();
-        dialog->basePage()->form()->edit(column("sExplain"))->setText(QStringLiteral("فروش پراید"));
+        dialog->basePage()->form()->edit(column("sExplain"))->setText(u"فروش پراید"_s);
         dialog->accept();
         QCOMPARE(dialog->result(), int(QDialog::Accepted));
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -110,36 +112,36 @@ private Q_SLOTS:
         QCOMPARE(contract.GetRecordsCount(), 1);
         QCOMPARE(contract.m_iPersonFirstID, m_seller);
         QCOMPARE(contract.m_iPersonSecondID, m_buyer);
-        QCOMPARE(contract.m_sName1, QStringLiteral("سارا کریمی"));
-        QCOMPARE(contract.m_sName2, QStringLiteral("رضا احمدی"));
-        QCOMPARE(contract.m_sNationalId1, QStringLiteral("0012345679"));
-        QCOMPARE(contract.m_sMobile1, QStringLiteral("09121234567"));
+        QCOMPARE(contract.m_sName1, u"سارا کریمی"_s);
+        QCOMPARE(contract.m_sName2, u"رضا احمدی"_s);
+        QCOMPARE(contract.m_sNationalId1, u"0012345679"_s);
+        QCOMPARE(contract.m_sMobile1, u"09121234567"_s);
         QCOMPARE(contract.m_dAmount, 1000000.0);
         QCOMPARE(contract.m_dCommission, 20000.0);
         QCOMPARE(contract.m_dPaySecond, 19800.0);
-        QCOMPARE(contract.m_sExplain, QStringLiteral("فروش پراید"));
+        QCOMPARE(contract.m_sExplain, u"فروش پراید"_s);
         QVERIFY(contract.m_iDocNum > 0);
         QCOMPARE(contract.m_iFiscalYear, GetDBSetting()->FiscalYear());
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents WHERE iKind=28")), QStringLiteral("1"));
-        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) AND SUM(dBed)>0 FROM Docs WHERE iDocNum=%1").arg(contract.m_iDocNum)),
-                 QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents WHERE iKind=28"_s), u"1"_s);
+        QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) AND SUM(dBed)>0 FROM Docs WHERE iDocNum=%1"_s.arg(contract.m_iDocNum)),
+                 u"1"_s);
         QVERIFY(!g_pDlgMessage->takeShown().isEmpty());
     }
 
     void editingAContractKeepsItsDocumentNumberAndWritesItsRowsAnew()
     {
         filledNew()->accept();
-        const QString number = value(QStringLiteral("SELECT iDocNum FROM AutomobilContracts"));
-        const int key = value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt();
-        const QString before = value(QStringLiteral("SELECT SUM(dBed) FROM Docs"));
+        const QString number = value(u"SELECT iDocNum FROM AutomobilContracts"_s);
+        const int key = value(u"SELECT iID FROM AutomobilContracts"_s).toInt();
+        const QString before = value(u"SELECT SUM(dBed) FROM Docs"_s);
         auto dialog = opened(key, Mode::Edit);
         type(*dialog, "dAmount", "500000");
         dialog->accept();
-        QCOMPARE(value(QStringLiteral("SELECT iDocNum FROM AutomobilContracts")), number);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("1"));
-        QVERIFY(value(QStringLiteral("SELECT SUM(dBed) FROM Docs")) != before);
-        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) FROM Docs")), QStringLiteral("1"));
-        QCOMPARE(value(QStringLiteral("SELECT dCommission FROM AutomobilContracts")).toDouble(), 10000.0);
+        QCOMPARE(value(u"SELECT iDocNum FROM AutomobilContracts"_s), number);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"1"_s);
+        QVERIFY(value(u"SELECT SUM(dBed) FROM Docs"_s) != before);
+        QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
+        QCOMPARE(value(u"SELECT dCommission FROM AutomobilContracts"_s).toDouble(), 10000.0);
     }
 
     void reopenedContractShowsWhatWasSavedAndSavingItAgainChangesNothing()
@@ -147,14 +149,13 @@ private Q_SLOTS:
         auto first = filledNew();
         type(*first, "dDiscountFirst", "500");
         first->accept();
-        const int key = value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt();
-        const QString sums = QStringLiteral(
-            "SELECT CONCAT_WS('|',dAmount,dCommission,dTax,dImposition,dTax2,dImposition2,dDiscountFirst,dDiscountSecond,"
-            "dPayFirst,dPaySecond,dCommissionEveryPerson,sName1,sName2,iPersonFirstID,iPersonSecondID) FROM AutomobilContracts");
+        const int key = value(u"SELECT iID FROM AutomobilContracts"_s).toInt();
+        const QString sums = u"SELECT CONCAT_WS('|',dAmount,dCommission,dTax,dImposition,dTax2,dImposition2,dDiscountFirst,dDiscountSecond,"
+                             "dPayFirst,dPaySecond,dCommissionEveryPerson,sName1,sName2,iPersonFirstID,iPersonSecondID) FROM AutomobilContracts"_s;
         const QString before = value(sums);
         auto dialog = opened(key, Mode::Edit);
         QCOMPARE(shown(*dialog, "dDiscountFirst"), 500.0);
-        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
+        QCOMPARE(dialog->basePage()->firstParty()->name(), u"سارا کریمی"_s);
         dialog->accept();
         QCOMPARE(value(sums), before);
     }
@@ -173,29 +174,29 @@ private Q_SLOTS:
     void contractThatVanishedMakesOkDoNothing()
     {
         auto dialog = filledNew();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts"));
+        m_office->database().run(u"DELETE FROM AutomobilContracts"_s);
         dialog->show();
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"0"_s);
     }
 
     void failedSaveKeepsTheWindowTheRowAndTheBooksAsTheyWere()
     {
         auto dialog = filledNew();
         dialog->show();
-        m_office->database().run(QStringLiteral("RENAME TABLE Docs TO DocsAway"));
+        m_office->database().run(u"RENAME TABLE Docs TO DocsAway"_s);
         dialog->accept();
-        m_office->database().run(QStringLiteral("RENAME TABLE DocsAway TO Docs"));
+        m_office->database().run(u"RENAME TABLE DocsAway TO Docs"_s);
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(shown(*dialog, "dAmount"), 1000000.0);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
-        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT dAmount FROM AutomobilContracts"_s), u"0"_s);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")).toDouble(), 1000000.0);
+        QCOMPARE(value(u"SELECT dAmount FROM AutomobilContracts"_s).toDouble(), 1000000.0);
     }
 
     void uncheckingActiveAndSavingMakesTheContractVoid()
@@ -204,8 +205,8 @@ private Q_SLOTS:
         QVERIFY(dialog->activeBox()->isChecked());
         dialog->activeBox()->setChecked(false);
         dialog->accept();
-        QCOMPARE(value(QStringLiteral("SELECT iStatus FROM AutomobilContracts")), QStringLiteral("1"));
-        auto again = opened(value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(), Mode::Edit);
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilContracts"_s), u"1"_s);
+        auto again = opened(value(u"SELECT iID FROM AutomobilContracts"_s).toInt(), Mode::Edit);
         QVERIFY(!again->activeBox()->isChecked());
     }
 
@@ -230,21 +231,21 @@ private Q_SLOTS:
             if (!dialog->tabs()->button(i)->isHidden())
                 tabs << dialog->tabs()->button(i)->text();
         }
-        QCOMPARE(tabs.contains(QStringLiteral("مشخصات فروش")), matter);
-        QCOMPARE(tabs.first(), QStringLiteral("اطلاعات پایه"));
-        QCOMPARE(tabs.mid(tabs.size() - 2), (QStringList{QStringLiteral("پرونده های عمومی"), QStringLiteral("پرونده های شخصی")}));
+        QCOMPARE(tabs.contains(u"مشخصات فروش"_s), matter);
+        QCOMPARE(tabs.first(), u"اطلاعات پایه"_s);
+        QCOMPARE(tabs.mid(tabs.size() - 2), (QStringList{u"پرونده های عمومی"_s, u"پرونده های شخصی"_s}));
         QCOMPARE(dialog->tabs()->currentIndex(), 0);
     }
 
     void groupTitlesFollowTheType()
     {
         auto dialog = opened(m_office->addContract(), Mode::Edit);
-        QCOMPARE(dialog->basePage()->firstParty()->title(), QStringLiteral("فروشنده/طرف اول"));
-        QCOMPARE(dialog->basePage()->secondParty()->title(), QStringLiteral("خریدار/طرف دوم"));
+        QCOMPARE(dialog->basePage()->firstParty()->title(), u"فروشنده/طرف اول"_s);
+        QCOMPARE(dialog->basePage()->secondParty()->title(), u"خریدار/طرف دوم"_s);
         dialog->basePage()->form()->comboBox(column("iContractType"))->setCurrentIndex(1);
-        QCOMPARE(dialog->basePage()->firstParty()->title(), QStringLiteral("اطلاعات موجر"));
-        QCOMPARE(dialog->basePage()->secondParty()->title(), QStringLiteral("اطلاعات مستاجر"));
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("قرارداد اجاره- ویرایش"));
+        QCOMPARE(dialog->basePage()->firstParty()->title(), u"اطلاعات موجر"_s);
+        QCOMPARE(dialog->basePage()->secondParty()->title(), u"اطلاعات مستاجر"_s);
+        QCOMPARE(dialog->windowTitle(), u"قرارداد اجاره- ویرایش"_s);
     }
 
     void showModeChangesNothing()
@@ -260,7 +261,7 @@ private Q_SLOTS:
             if (!button->isHidden())
                 captions << button->text();
         }
-        QCOMPARE(captions, QStringList{QStringLiteral("بازگشت")});
+        QCOMPARE(captions, QStringList{u"بازگشت"_s});
         QVERIFY(!dialog->activeBox()->isEnabled());
         QVERIFY(dialog->carButton()->isHidden());
         QVERIFY(!dialog->unarchiveButton()->isHidden());
@@ -274,7 +275,7 @@ private Q_SLOTS:
         QStringList labels;
         for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>())
             labels << label->text();
-        QVERIFY(labels.contains(QStringLiteral("1405/01/01")));
+        QVERIFY(labels.contains(u"1405/01/01"_s));
         dialog->show();
         dialog->accept();
         QVERIFY(dialog->isVisible());
@@ -287,7 +288,7 @@ private Q_SLOTS:
         auto edited = opened(m_office->addContract(), Mode::Edit);
         QCheckBox *box = edited->basePage()->form()->checkBox(column("bReturn"));
         QVERIFY(!box->isHidden());
-        QCOMPARE(box->text(), QStringLiteral("برگشتي"));
+        QCOMPARE(box->text(), u"برگشتي"_s);
     }
 
     void unarchivingInShowModeClosesTheWindowAndMakesTheListRefill()
@@ -298,22 +299,22 @@ private Q_SLOTS:
                               [](QWidget *window) { static_cast<Dialog *>(window)->unarchiveButton()->click(); });
         Dialog::ShowContract(key, refresh, nullptr);
         QVERIFY(refresh);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این قرارداد از حالت بایگانی خارج شد.")});
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts")), QStringLiteral("0"));
-        QVERIFY(!value(QStringLiteral("SELECT dateArchive FROM AutomobilContracts")).isEmpty());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این قرارداد از حالت بایگانی خارج شد."_s});
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilContracts"_s), u"0"_s);
+        QVERIFY(!value(u"SELECT dateArchive FROM AutomobilContracts"_s).isEmpty());
     }
 
     void unarchivingNeedsTheArchiveRight()
     {
         const int key = m_office->addContract([](auto &contract) { contract.m_iArchiveUserID = 1; });
-        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+        m_office->logInAs(u"clerk"_s, u"AutomobilContracts"_s, KSecurity::allRights);
         auto dialog = opened(key, Mode::Show);
         dialog->show();
         dialog->unarchiveButton()->click();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه تغییر دادن ندارید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شما اجازه تغییر دادن ندارید."_s});
         QVERIFY(dialog->isVisible());
         QVERIFY(!dialog->refreshNeeded());
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilContracts"_s), u"1"_s);
     }
 
     void unarchiveButtonIsShownOnlyForAnArchivedContract()
@@ -326,12 +327,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("upTo");
         QTest::addColumn<QString>("message");
-        QTest::newRow("amount zero") << 0 << QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید.");
-        QTest::newRow("party 1 name empty") << 1 << QStringLiteral("لطفا شخص اول را انتخاب نمایید.");
-        QTest::newRow("party 2 name empty") << 2 << QStringLiteral("لطفا شخص دوم را انتخاب نمایید.");
-        QTest::newRow("same person on both sides") << 3 << QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد.");
+        QTest::newRow("amount zero") << 0 << u"لطفا مبلغ قرارداد را وارد نمایید."_s;
+        QTest::newRow("party 1 name empty") << 1 << u"لطفا شخص اول را انتخاب نمایید."_s;
+        QTest::newRow("party 2 name empty") << 2 << u"لطفا شخص دوم را انتخاب نمایید."_s;
+        QTest::newRow("same person on both sides") << 3 << u"دو طرف معامله نمی تواند یک شخص باشد."_s;
         QTest::newRow("dated before the fiscal opening date") << 4
-                                                              << QStringLiteral("تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد.");
+                                                              << u"تاریخ عقدقرارداد کوچکتر از تاریخ افتتاحیه می باشد."_s;
     }
 
     void validationRefusesInItsOrder()
@@ -348,15 +349,15 @@ private Q_SLOTS:
         if (upTo > 0)
             type(*dialog, "dAmount", "100");
         if (upTo > 1)
-            base->firstParty()->personField()->nameEdit()->setText(QStringLiteral("علی"));
+            base->firstParty()->personField()->nameEdit()->setText(u"علی"_s);
         if (upTo > 2)
-            base->secondParty()->personField()->nameEdit()->setText(QStringLiteral("علی"));
+            base->secondParty()->personField()->nameEdit()->setText(u"علی"_s);
         if (upTo > 3)
-            base->secondParty()->personField()->nameEdit()->setText(QStringLiteral("رضا"));
+            base->secondParty()->personField()->nameEdit()->setText(u"رضا"_s);
         dialog->accept();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
         QVERIFY(dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT dAmount FROM AutomobilContracts"_s), u"0"_s);
     }
 
     void emptyNameOfAnOrdinaryPartyOpensItsPicker()
@@ -376,12 +377,12 @@ private Q_SLOTS:
 
     void twoPersonsWithIdenticalNamesAreRefused()
     {
-        const int namesake = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"));
+        const int namesake = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
         auto dialog = filledNew();
         dialog->show();
         dialog->basePage()->secondParty()->takePerson(namesake);
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("دو طرف معامله نمی تواند یک شخص باشد.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"دو طرف معامله نمی تواند یک شخص باشد."_s});
         QVERIFY(dialog->isVisible());
     }
 
@@ -422,21 +423,21 @@ private Q_SLOTS:
                 if (edit->accessibleName() == name)
                     return edit->text();
             }
-            return QStringLiteral("no such field");
+            return u"no such field"_s;
         };
         const QList<std::pair<QString, QString>> expected = {
-            {QStringLiteral("نام پدر : طرف اول"), QStringLiteral("حسن")},
-            {QStringLiteral("محل صدور : طرف اول"), QStringLiteral("تهران")},
-            {QStringLiteral("شماره شناسنامه : طرف اول"), QStringLiteral("1234")},
-            {QStringLiteral("تاريخ تولد : طرف اول"), QStringLiteral("1364/01/01")},
-            {QStringLiteral("کد ملي : طرف اول"), QStringLiteral("0012345679")},
-            {QStringLiteral("تلفن : طرف اول"), QStringLiteral("02188776655")},
-            {QStringLiteral("موبايل : طرف اول"), QStringLiteral("09121234567")},
-            {QStringLiteral("آدرس : طرف اول"), QStringLiteral("تهران، خیابان آزادی")},
+            {u"نام پدر : طرف اول"_s, u"حسن"_s},
+            {u"محل صدور : طرف اول"_s, u"تهران"_s},
+            {u"شماره شناسنامه : طرف اول"_s, u"1234"_s},
+            {u"تاريخ تولد : طرف اول"_s, u"1364/01/01"_s},
+            {u"کد ملي : طرف اول"_s, u"0012345679"_s},
+            {u"تلفن : طرف اول"_s, u"02188776655"_s},
+            {u"موبايل : طرف اول"_s, u"09121234567"_s},
+            {u"آدرس : طرف اول"_s, u"تهران، خیابان آزادی"_s},
         };
         for (const auto &[field, text] : expected)
             QCOMPARE(shownIn(field), text);
-        QCOMPARE(party->name(), QStringLiteral("سارا کریمی"));
+        QCOMPARE(party->name(), u"سارا کریمی"_s);
         Q_EMIT party->personField()->changed(0);
         for (const auto &[field, text] : expected)
             QCOMPARE(shownIn(field), QString());
@@ -445,17 +446,17 @@ private Q_SLOTS:
     void partyThatIsTheDealershipPaysOnlyTaxAndDuty()
     {
         CompanyDetails company;
-        company.name1 = QStringLiteral("نمایشگاه");
-        company.name2 = QStringLiteral("آریا");
-        company.telephone = QStringLiteral("02144556677");
-        company.nationalCode = QStringLiteral("10101234567");
+        company.name1 = u"نمایشگاه"_s;
+        company.name2 = u"آریا"_s;
+        company.telephone = u"02144556677"_s;
+        company.nationalCode = u"10101234567"_s;
         company.write();
         auto dialog = filledNew();
         ContractPartyGroup *party = dialog->basePage()->secondParty();
         party->setKind(PartyKind::Showroom);
-        QCOMPARE(party->name(), QStringLiteral("نمایشگاه آریا"));
-        QCOMPARE(dialog->basePage()->form()->edit(column("sTel2"))->text(), QStringLiteral("02144556677"));
-        QCOMPARE(dialog->basePage()->form()->edit(column("sNationalId2"))->text(), QStringLiteral("10101234567"));
+        QCOMPARE(party->name(), u"نمایشگاه آریا"_s);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sTel2"))->text(), u"02144556677"_s);
+        QCOMPARE(dialog->basePage()->form()->edit(column("sNationalId2"))->text(), u"10101234567"_s);
         QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
         QCOMPARE(shown(*dialog, "dDiscountSecond"), 0.0);
         QCOMPARE(shown(*dialog, "dPaySecond"), 1800.0);
@@ -464,10 +465,10 @@ private Q_SLOTS:
         type(*dialog, "dAmount", "500000");
         QCOMPARE(shown(*dialog, "dPaySecond"), 900.0);
         dialog->accept();
-        QCOMPARE(value(QStringLiteral("SELECT iPersonContract2 FROM AutomobilContracts")), QStringLiteral("1"));
-        QCOMPARE(value(QStringLiteral("SELECT iPersonSecondID FROM AutomobilContracts")), QStringLiteral("0"));
-        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) FROM Docs")), QStringLiteral("1"));
-        QVERIFY(value(QStringLiteral("SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (610502,610503)")).toInt() >= 2);
+        QCOMPARE(value(u"SELECT iPersonContract2 FROM AutomobilContracts"_s), u"1"_s);
+        QCOMPARE(value(u"SELECT iPersonSecondID FROM AutomobilContracts"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
+        QVERIFY(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (610502,610503)"_s).toInt() >= 2);
     }
 
     void partyTypedByHandIsEditableAndKeptInTheContract()
@@ -479,12 +480,12 @@ private Q_SLOTS:
         KEdit *mobile = dialog->basePage()->form()->edit(column("sMobile1"));
         QVERIFY(!mobile->isReadOnly());
         QVERIFY(!party->personField()->nameEdit()->isReadOnly());
-        party->personField()->nameEdit()->setText(QStringLiteral("غریبه"));
-        mobile->setText(QStringLiteral("0935"));
+        party->personField()->nameEdit()->setText(u"غریبه"_s);
+        mobile->setText(u"0935"_s);
         dialog->accept();
-        auto again = opened(value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt(), Mode::Edit);
-        QCOMPARE(again->basePage()->firstParty()->name(), QStringLiteral("غریبه"));
-        QCOMPARE(again->basePage()->form()->edit(column("sMobile1"))->text(), QStringLiteral("0935"));
+        auto again = opened(value(u"SELECT iID FROM AutomobilContracts"_s).toInt(), Mode::Edit);
+        QCOMPARE(again->basePage()->firstParty()->name(), u"غریبه"_s);
+        QCOMPARE(again->basePage()->form()->edit(column("sMobile1"))->text(), u"0935"_s);
         QCOMPARE(again->basePage()->firstParty()->kind(), PartyKind::Other);
         QVERIFY(!again->basePage()->form()->edit(column("sMobile1"))->isReadOnly());
     }
@@ -495,10 +496,10 @@ private Q_SLOTS:
         QStringList labels;
         for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>())
             labels << label->text();
-        QVERIFY(labels.contains(QStringLiteral("یک میلیون")));
-        QVERIFY(labels.contains(QStringLiteral("بیست هزار")));
-        QVERIFY(labels.contains(QStringLiteral("بیست و یک هزار و هشتصد")));
-        QVERIFY(labels.contains(QStringLiteral("نوزده هزار و هشتصد")));
+        QVERIFY(labels.contains(u"یک میلیون"_s));
+        QVERIFY(labels.contains(u"بیست هزار"_s));
+        QVERIFY(labels.contains(u"بیست و یک هزار و هشتصد"_s));
+        QVERIFY(labels.contains(u"نوزده هزار و هشتصد"_s));
     }
 
     void textLongerThanItsColumnCannotBeTyped()

@@ -21,6 +21,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int sale = 0;
@@ -42,7 +44,7 @@ QVariant sampleValue(const KFormField &field, int number)
     case KFormField::Kind::Date:
         return at(QDate(2026, 1, 1).addDays(number), QTime(14, 30));
     default:
-        return field.column == QStringLiteral("sModel") ? QStringLiteral("1402") : QStringLiteral("متن %1").arg(number);
+        return field.column == u"sModel"_s ? u"1402"_s : u"متن %1"_s.arg(number);
     }
 }
 
@@ -60,8 +62,8 @@ class TestCDlgAddAutomobilContractMatter : public ContractEditorTest
             contract.m_dAmount = 9'000'000;
             contract.m_iPersonFirstID = m_seller;
             contract.m_iPersonSecondID = m_buyer;
-            contract.m_sName1 = QStringLiteral("سارا کریمی");
-            contract.m_sName2 = QStringLiteral("رضا احمدی");
+            contract.m_sName1 = u"سارا کریمی"_s;
+            contract.m_sName2 = u"رضا احمدی"_s;
             int number = 0;
             for (const KFormField &field : matterFields())
                 contract.setValue(field.column, sampleValue(field, ++number));
@@ -92,63 +94,63 @@ private Q_SLOTS:
     void init()
     {
         begin();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilPayments"));
+        m_office->database().run(u"DELETE FROM AutomobilPayments"_s);
     }
 
     void labelsAreThoseOfTheForm_data()
     {
         QTest::addColumn<QString>("label");
-        QTest::newRow("sAutomobilName") << QStringLiteral("نام اتومبيل :");
-        QTest::newRow("sColor") << QStringLiteral("رنگ :");
-        QTest::newRow("sAutomobilType") << QStringLiteral("نوع اتومبيل :");
-        QTest::newRow("sSystem") << QStringLiteral("سيستم :");
-        QTest::newRow("sModel") << QStringLiteral("سال توليد :");
-        QTest::newRow("sBrigade") << QStringLiteral("تيپ :");
-        QTest::newRow("sNumOfEngines") << QStringLiteral("شماره موتور :");
-        QTest::newRow("sFuel") << QStringLiteral("نوع سوخت :");
-        QTest::newRow("sNumOFAxles") << QStringLiteral("تعداد محور :");
-        QTest::newRow("sVIN") << QStringLiteral("VIN :");
-        QTest::newRow("sNumOfPlates") << QStringLiteral("شماره پلاک :");
-        QTest::newRow("sChassisNum") << QStringLiteral("شماره شاسي :");
-        QTest::newRow("sNumOfWheels") << QStringLiteral("تعداد چرخ :");
-        QTest::newRow("sDengue") << QStringLiteral("دانگ :");
-        QTest::newRow("sDescMatter") << QStringLiteral("توضيحات :");
-        QTest::newRow("sDocumentsDelivered") << QStringLiteral("لوازم تحويلي :");
-        QTest::newRow("sRegistryNum") << QStringLiteral("شماره دفتر خانه :");
-        QTest::newRow("sRightTahrir") << QStringLiteral("حق تحرير :");
-        QTest::newRow("dateDeal") << QStringLiteral("تاريخ معامله :");
-        QTest::newRow("dateOffice") << QStringLiteral("تاريخ تنظيم سند در دفتر اسناد رسمي :");
-        QTest::newRow("dateDocument") << QStringLiteral("تاريخ تنظيم سند طبق قرارداد :");
-        QTest::newRow("sSampleDescOne") << QStringLiteral("توضيحات نمونه :");
-        QTest::newRow("sSampleDescTwo") << QStringLiteral("توضيحات نمونه :");
-        QTest::newRow("sAddressSample") << QStringLiteral("آدرس مشاور نمونه :");
-        QTest::newRow("dFixAmount") << QStringLiteral("پرداخت به صورت نقدي :");
-        QTest::newRow("sCheckCount") << QStringLiteral("پرداخت به صورت چکي : تعداد :");
-        QTest::newRow("dAgreeAmount") << QStringLiteral("فقره چک، که مجموع مبالغ آنها :");
-        QTest::newRow("sCheckNum") << QStringLiteral("شماره چک :");
-        QTest::newRow("sBankName") << QStringLiteral("نام بانک :");
-        QTest::newRow("sBranchName") << QStringLiteral("نام شعبه :");
-        QTest::newRow("sBranchCode") << QStringLiteral("کد شعبه :");
-        QTest::newRow("dRemainingAmount") << QStringLiteral("الباقي :");
-        QTest::newRow("sDescRemainingAmount") << QStringLiteral("شرح الباقي مبلغ :");
-        QTest::newRow("dDamageAmount") << QStringLiteral("خسارت تخلف :");
-        QTest::newRow("dCompenseAmount") << QStringLiteral("مبلغ جبران خسارت :");
-        QTest::newRow("sBillNumOne") << QStringLiteral("قبض شماره يک :");
-        QTest::newRow("sBillNumTwo") << QStringLiteral("قيض شماره دو :");
-        QTest::newRow("dateTradeUnit") << QStringLiteral("تاريخ قرارداد در واحد صنفي :");
-        QTest::newRow("dEveryHandDealAmount") << QStringLiteral("منطبق با تعرفه از هر طرف معامله مبلغ :");
-        QTest::newRow("sCity") << QStringLiteral("شهرستان :");
-        QTest::newRow("sState") << QStringLiteral("استان :");
-        QTest::newRow("sLicense") << QStringLiteral("پروانه :");
-        QTest::newRow("dAmountRent") << QStringLiteral("مبلغ مال الاجاره :");
-        QTest::newRow("sRentTime") << QStringLiteral("مدت اجاره :");
-        QTest::newRow("dateRent") << QStringLiteral("تاريخ اجاره :");
-        QTest::newRow("dateRentExpire") << QStringLiteral("تاريخ انقضاء اجاره :");
-        QTest::newRow("sNumOfMonths") << QStringLiteral("تعداد ماه :");
-        QTest::newRow("sNumOfInstallment") << QStringLiteral("تعداد اقساط :");
-        QTest::newRow("sUsanceNum") << QStringLiteral("شماره هاي سر رسيد :");
-        QTest::newRow("sDescCheck") << QStringLiteral("شرح چک/ سفته :");
-        QTest::newRow("dDelayAmount") << QStringLiteral("مبلغ تاخير :");
+        QTest::newRow("sAutomobilName") << u"نام اتومبيل :"_s;
+        QTest::newRow("sColor") << u"رنگ :"_s;
+        QTest::newRow("sAutomobilType") << u"نوع اتومبيل :"_s;
+        QTest::newRow("sSystem") << u"سيستم :"_s;
+        QTest::newRow("sModel") << u"سال توليد :"_s;
+        QTest::newRow("sBrigade") << u"تيپ :"_s;
+        QTest::newRow("sNumOfEngines") << u"شماره موتور :"_s;
+        QTest::newRow("sFuel") << u"نوع سوخت :"_s;
+        QTest::newRow("sNumOFAxles") << u"تعداد محور :"_s;
+        QTest::newRow("sVIN") << u"VIN :"_s;
+        QTest::newRow("sNumOfPlates") << u"شماره پلاک :"_s;
+        QTest::newRow("sChassisNum") << u"شماره شاسي :"_s;
+        QTest::newRow("sNumOfWheels") << u"تعداد چرخ :"_s;
+        QTest::newRow("sDengue") << u"دانگ :"_s;
+        QTest::newRow("sDescMatter") << u"توضيحات :"_s;
+        QTest::newRow("sDocumentsDelivered") << u"لوازم تحويلي :"_s;
+        QTest::newRow("sRegistryNum") << u"شماره دفتر خانه :"_s;
+        QTest::newRow("sRightTahrir") << u"حق تحرير :"_s;
+        QTest::newRow("dateDeal") << u"تاريخ معامله :"_s;
+        QTest::newRow("dateOffice") << u"تاريخ تنظيم سند در دفتر اسناد رسمي :"_s;
+        QTest::newRow("dateDocument") << u"تاريخ تنظيم سند طبق قرارداد :"_s;
+        QTest::newRow("sSampleDescOne") << u"توضيحات نمونه :"_s;
+        QTest::newRow("sSampleDescTwo") << u"توضيحات نمونه :"_s;
+        QTest::newRow("sAddressSample") << u"آدرس مشاور نمونه :"_s;
+        QTest::newRow("dFixAmount") << u"پرداخت به صورت نقدي :"_s;
+        QTest::newRow("sCheckCount") << u"پرداخت به صورت چکي : تعداد :"_s;
+        QTest::newRow("dAgreeAmount") << u"فقره چک، که مجموع مبالغ آنها :"_s;
+        QTest::newRow("sCheckNum") << u"شماره چک :"_s;
+        QTest::newRow("sBankName") << u"نام بانک :"_s;
+        QTest::newRow("sBranchName") << u"نام شعبه :"_s;
+        QTest::newRow("sBranchCode") << u"کد شعبه :"_s;
+        QTest::newRow("dRemainingAmount") << u"الباقي :"_s;
+        QTest::newRow("sDescRemainingAmount") << u"شرح الباقي مبلغ :"_s;
+        QTest::newRow("dDamageAmount") << u"خسارت تخلف :"_s;
+        QTest::newRow("dCompenseAmount") << u"مبلغ جبران خسارت :"_s;
+        QTest::newRow("sBillNumOne") << u"قبض شماره يک :"_s;
+        QTest::newRow("sBillNumTwo") << u"قيض شماره دو :"_s;
+        QTest::newRow("dateTradeUnit") << u"تاريخ قرارداد در واحد صنفي :"_s;
+        QTest::newRow("dEveryHandDealAmount") << u"منطبق با تعرفه از هر طرف معامله مبلغ :"_s;
+        QTest::newRow("sCity") << u"شهرستان :"_s;
+        QTest::newRow("sState") << u"استان :"_s;
+        QTest::newRow("sLicense") << u"پروانه :"_s;
+        QTest::newRow("dAmountRent") << u"مبلغ مال الاجاره :"_s;
+        QTest::newRow("sRentTime") << u"مدت اجاره :"_s;
+        QTest::newRow("dateRent") << u"تاريخ اجاره :"_s;
+        QTest::newRow("dateRentExpire") << u"تاريخ انقضاء اجاره :"_s;
+        QTest::newRow("sNumOfMonths") << u"تعداد ماه :"_s;
+        QTest::newRow("sNumOfInstallment") << u"تعداد اقساط :"_s;
+        QTest::newRow("sUsanceNum") << u"شماره هاي سر رسيد :"_s;
+        QTest::newRow("sDescCheck") << u"شرح چک/ سفته :"_s;
+        QTest::newRow("dDelayAmount") << u"مبلغ تاخير :"_s;
     }
 
     void labelsAreThoseOfTheForm()
@@ -164,13 +166,13 @@ private Q_SLOTS:
     void pageHasItsHeadingAndItsTab()
     {
         auto dialog = opened(fullContract(sale), Mode::Edit);
-        QCOMPARE(matterTab(*dialog)->text(), QStringLiteral("مشخصات فروش"));
+        QCOMPARE(matterTab(*dialog)->text(), u"مشخصات فروش"_s);
         QStringList titles;
         for (const QGroupBox *box : dialog->matterPage()->findChildren<QGroupBox *>())
             titles << box->title();
-        QVERIFY(titles.contains(QStringLiteral("موضوع مشخصات مورد معامله")));
+        QVERIFY(titles.contains(u"موضوع مشخصات مورد معامله"_s));
         for (const QPushButton *button : dialog->matterPage()->findChildren<QPushButton *>())
-            QVERIFY(button->text() != QStringLiteral("دريافت تجميعي"));
+            QVERIFY(button->text() != u"دريافت تجميعي"_s);
     }
 
     void eachTypeShowsItsFields_data()
@@ -210,16 +212,16 @@ private Q_SLOTS:
     void instalmentSaleNamesItsPeriodInItsOwnWords()
     {
         auto dialog = opened(fullContract(instalments), Mode::Edit);
-        const std::pair<QString, QString> period[] = {{column("sRentTime"), QStringLiteral("مدت معامله :")},
-                                                      {column("dateRent"), QStringLiteral("از تاریخ :")},
-                                                      {column("dateRentExpire"), QStringLiteral("لغایت :")}};
+        const std::pair<QString, QString> period[] = {{column("sRentTime"), u"مدت معامله :"_s},
+                                                      {column("dateRent"), u"از تاریخ :"_s},
+                                                      {column("dateRentExpire"), u"لغایت :"_s}};
         for (const auto &[name, label] : period) {
             QCOMPARE(form(*dialog).label(name)->text(), label);
             QCOMPARE(form(*dialog).control(name)->accessibleName(), label);
         }
         setType(*dialog, rent);
-        QCOMPARE(form(*dialog).label(column("sRentTime"))->text(), QStringLiteral("مدت اجاره :"));
-        QCOMPARE(form(*dialog).control(column("dateRent"))->accessibleName(), QStringLiteral("تاريخ اجاره :"));
+        QCOMPARE(form(*dialog).label(column("sRentTime"))->text(), u"مدت اجاره :"_s);
+        QCOMPARE(form(*dialog).control(column("dateRent"))->accessibleName(), u"تاريخ اجاره :"_s);
     }
 
     void everyFieldShowsWhatIsStoredAndSavingChangesNothing_data()
@@ -285,15 +287,15 @@ private Q_SLOTS:
     {
         const int key = fullContract(rent);
         auto dialog = opened(key, Mode::Edit);
-        form(*dialog).edit(column("sRentTime"))->setText(QStringLiteral("دو سال"));
-        form(*dialog).edit(column("sColor"))->setText(QStringLiteral("نقره ای"));
+        form(*dialog).edit(column("sRentTime"))->setText(u"دو سال"_s);
+        form(*dialog).edit(column("sColor"))->setText(u"نقره ای"_s);
         const auto before = stored(key);
         setType(*dialog, sale);
         dialog->accept();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
         const auto after = stored(key);
         QCOMPARE(after->m_iContractType, sale);
-        QCOMPARE(after->m_sColor, QStringLiteral("نقره ای"));
+        QCOMPARE(after->m_sColor, u"نقره ای"_s);
         QCOMPARE(after->m_sRentTime, before->m_sRentTime);
         QCOMPARE(after->m_dAmountRent, before->m_dAmountRent);
         QCOMPARE(after->m_dFixAmount, before->m_dFixAmount);
@@ -316,7 +318,7 @@ private Q_SLOTS:
     {
         auto dialog = opened(fullContract(rent), Mode::Edit);
         dialog->show();
-        form(*dialog).dateEdit(column("dateRent"))->setText(QStringLiteral("1405/13/01"));
+        form(*dialog).dateEdit(column("dateRent"))->setText(u"1405/13/01"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
@@ -330,12 +332,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("emptied");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QString>("focus");
-        QTest::newRow("car name, before all others") << QStringLiteral("sAutomobilName sModel sColor sNumOfPlates")
-                                                     << QStringLiteral("لطفا نام اتومبیل را مشخص کنید.") << QStringLiteral("sAutomobilName");
-        QTest::newRow("year") << QStringLiteral("sModel sColor sNumOfPlates") << QStringLiteral("لطفا سال را بزرگتر از سال 1000 وارد کنید.") << QStringLiteral("sModel");
-        QTest::newRow("colour") << QStringLiteral("sColor sNumOfPlates") << QStringLiteral("لطفا رنگ خودرو را مشخص کنید.") << QStringLiteral("sColor");
+        QTest::newRow("car name, before all others") << u"sAutomobilName sModel sColor sNumOfPlates"_s
+                                                     << u"لطفا نام اتومبیل را مشخص کنید."_s << u"sAutomobilName"_s;
+        QTest::newRow("year") << u"sModel sColor sNumOfPlates"_s << u"لطفا سال را بزرگتر از سال 1000 وارد کنید."_s << u"sModel"_s;
+        QTest::newRow("colour") << u"sColor sNumOfPlates"_s << u"لطفا رنگ خودرو را مشخص کنید."_s << u"sColor"_s;
         QTest::newRow("an empty plate is refused only after name, year and colour pass")
-            << QStringLiteral("sNumOfPlates") << QStringLiteral("لطفا شماره پلاک را وارد کنید.") << QStringLiteral("sNumOfPlates");
+            << u"sNumOfPlates"_s << u"لطفا شماره پلاک را وارد کنید."_s << u"sNumOfPlates"_s;
     }
 
     void validationRefusesInItsOrderAndGoesToTheField()
@@ -348,15 +350,15 @@ private Q_SLOTS:
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
         for (const QString &name : emptied.split(u' '))
-            form(*dialog).edit(name)->setText(QStringLiteral(" "));
-        form(*dialog).edit(column("sVIN"))->setText(QStringLiteral("IR1"));
+            form(*dialog).edit(name)->setText(u" "_s);
+        form(*dialog).edit(column("sVIN"))->setText(u"IR1"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
         QCOMPARE(dialog->tabs()->currentPage(), dialog->matterPage());
         QCOMPARE(dialog->focusWidget(), form(*dialog).control(focus));
-        QVERIFY(stored(key)->m_sVIN != QStringLiteral("IR1"));
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
+        QVERIFY(stored(key)->m_sVIN != u"IR1"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM Documents"_s), u"0"_s);
     }
 
     void numbersOfTheVehicleReadFromTheLeft_data()
@@ -369,7 +371,7 @@ private Q_SLOTS:
     void numbersOfTheVehicleReadFromTheLeft()
     {
         QFETCH(QString, name);
-        const QString plate = QStringLiteral("12 ب 345 ایران 67");
+        const QString plate = u"12 ب 345 ایران 67"_s;
         const int key = fullContract(sale);
         auto dialog = opened(key, Mode::Edit);
         KEdit *edit = form(*dialog).edit(name);
@@ -385,11 +387,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("year");
         QTest::addColumn<QString>("storedYear");
-        QTest::newRow("999") << QStringLiteral("999") << QString();
-        QTest::newRow("3001") << QStringLiteral("3001") << QString();
-        QTest::newRow("1000") << QStringLiteral("1000") << QStringLiteral("1000");
-        QTest::newRow("3000") << QStringLiteral("3000") << QStringLiteral("3000");
-        QTest::newRow("Persian digits are stored as ASCII digits") << QStringLiteral("۱۴۰۲") << QStringLiteral("1402");
+        QTest::newRow("999") << u"999"_s << QString();
+        QTest::newRow("3001") << u"3001"_s << QString();
+        QTest::newRow("1000") << u"1000"_s << u"1000"_s;
+        QTest::newRow("3000") << u"3000"_s << u"3000"_s;
+        QTest::newRow("Persian digits are stored as ASCII digits") << u"۱۴۰۲"_s << u"1402"_s;
     }
 
     void yearOf999Or3001IsRefused1000And3000AreAccepted()
@@ -406,7 +408,7 @@ private Q_SLOTS:
             QCOMPARE(stored(key)->m_sModel, storedYear);
             return;
         }
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا سال را بزرگتر از سال 1000 وارد کنید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا سال را بزرگتر از سال 1000 وارد کنید."_s});
         QCOMPARE(form(*dialog).edit(column("sModel"))->selectedText(), year);
     }
 
@@ -418,14 +420,14 @@ private Q_SLOTS:
         form(*dialog).edit(column("sAutomobilName"))->clear();
         dialog->basePage()->form()->edit(column("dAmount"))->setText(QString());
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا مبلغ قرارداد را وارد نمایید."_s});
         QCOMPARE(dialog->tabs()->currentPage(), dialog->basePage());
     }
 
     void contractOfTypeLetterNeverShowsThisPageAndNeverValidatesIt()
     {
         const int key = fullContract(letter);
-        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET sAutomobilName='', sModel='', sColor='', sNumOfPlates=''"));
+        m_office->database().run(u"UPDATE AutomobilContracts SET sAutomobilName='', sModel='', sColor='', sNumOfPlates=''"_s);
         auto dialog = opened(key, Mode::Edit);
         dialog->show();
         QVERIFY(matterTab(*dialog)->isHidden());
@@ -451,7 +453,7 @@ private Q_SLOTS:
         QVERIFY(matterTab(*dialog)->isEnabled());
         form(*dialog).edit(column("sColor"))->clear();
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا رنگ خودرو را مشخص کنید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا رنگ خودرو را مشخص کنید."_s});
         setType(*dialog, letter);
         QVERIFY(matterTab(*dialog)->isHidden());
         QCOMPARE(dialog->tabs()->currentPage() == dialog->matterPage(), false);
@@ -465,24 +467,24 @@ private Q_SLOTS:
         const int key = fullContract(sale);
         auto dialog = opened(key, Mode::Edit);
         dialog->show();
-        form(*dialog).edit(column("sColor"))->setText(QStringLiteral("نقره ای"));
-        dialog->basePage()->form()->edit(column("sExplain"))->setText(QStringLiteral("شرح"));
-        m_office->database().run(QStringLiteral("RENAME TABLE Docs TO DocsAway"));
+        form(*dialog).edit(column("sColor"))->setText(u"نقره ای"_s);
+        dialog->basePage()->form()->edit(column("sExplain"))->setText(u"شرح"_s);
+        m_office->database().run(u"RENAME TABLE Docs TO DocsAway"_s);
         dialog->accept();
-        m_office->database().run(QStringLiteral("RENAME TABLE DocsAway TO Docs"));
+        m_office->database().run(u"RENAME TABLE DocsAway TO Docs"_s);
         QVERIFY(dialog->isVisible());
-        QVERIFY(stored(key)->m_sColor != QStringLiteral("نقره ای"));
-        QCOMPARE(form(*dialog).edit(column("sColor"))->text(), QStringLiteral("نقره ای"));
+        QVERIFY(stored(key)->m_sColor != u"نقره ای"_s);
+        QCOMPARE(form(*dialog).edit(column("sColor"))->text(), u"نقره ای"_s);
         g_pDlgWarning->takeShown();
         dialog->accept();
-        QCOMPARE(stored(key)->m_sColor, QStringLiteral("نقره ای"));
-        QCOMPARE(stored(key)->m_sExplain, QStringLiteral("شرح"));
+        QCOMPARE(stored(key)->m_sColor, u"نقره ای"_s);
+        QCOMPARE(stored(key)->m_sExplain, u"شرح"_s);
     }
 
     void showModeChangesNothingAndNeverValidates()
     {
         const int key = fullContract(instalments);
-        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET sAutomobilName=''"));
+        m_office->database().run(u"UPDATE AutomobilContracts SET sAutomobilName=''"_s);
         auto dialog = opened(key, Mode::Show);
         dialog->show();
         dialog->tabs()->setCurrentIndex(1);
@@ -503,34 +505,34 @@ private Q_SLOTS:
         QComboBox *city = form(*dialog).comboBox(column("sCity"));
         QCOMPARE(province->count(), 31);
         QCOMPARE(city->count(), 0);
-        province->setCurrentText(QStringLiteral("فارس"));
-        QCOMPARE(city->itemText(0), QStringLiteral("شیراز"));
-        city->setCurrentText(QStringLiteral("جهرم"));
+        province->setCurrentText(u"فارس"_s);
+        QCOMPARE(city->itemText(0), u"شیراز"_s);
+        city->setCurrentText(u"جهرم"_s);
         // Another province: a city that lies elsewhere goes, one that is typed by hand stays.
-        province->setCurrentText(QStringLiteral("البرز"));
+        province->setCurrentText(u"البرز"_s);
         QCOMPARE(city->currentText(), QString());
-        QVERIFY(city->findText(QStringLiteral("کرج")) >= 0);
-        city->setEditText(QStringLiteral("روستای بالا"));
-        province->setEditText(QStringLiteral("قم"));
-        QCOMPARE(city->currentText(), QStringLiteral("روستای بالا"));
-        province->setEditText(QStringLiteral("ناکجا"));
+        QVERIFY(city->findText(u"کرج"_s) >= 0);
+        city->setEditText(u"روستای بالا"_s);
+        province->setEditText(u"قم"_s);
+        QCOMPARE(city->currentText(), u"روستای بالا"_s);
+        province->setEditText(u"ناکجا"_s);
         QCOMPARE(city->count(), 0);
-        QCOMPARE(city->currentText(), QStringLiteral("روستای بالا"));
+        QCOMPARE(city->currentText(), u"روستای بالا"_s);
     }
 
     void storedPlacesAreShownAsTheyAreAndTypedOnesAreLimitedToTheirColumns()
     {
         const int key = m_office->addContract([](auto &contract) {
-            contract.m_sState = QStringLiteral("فارس");
-            contract.m_sCity = QStringLiteral("کرج");
+            contract.m_sState = u"فارس"_s;
+            contract.m_sCity = u"کرج"_s;
         });
         auto dialog = opened(key, Mode::Edit);
         QComboBox *city = form(*dialog).comboBox(column("sCity"));
-        QCOMPARE(city->currentText(), QStringLiteral("کرج"));
-        QCOMPARE(city->itemText(0), QStringLiteral("شیراز"));
+        QCOMPARE(city->currentText(), u"کرج"_s);
+        QCOMPARE(city->itemText(0), u"شیراز"_s);
         QCOMPARE(city->lineEdit()->maxLength(), 50);
         QCOMPARE(form(*dialog).comboBox(column("sState"))->currentIndex(),
-                 form(*dialog).comboBox(column("sState"))->findText(QStringLiteral("فارس")));
+                 form(*dialog).comboBox(column("sState"))->findText(u"فارس"_s));
         QCOMPARE(form(*dialog).edit(column("sRentTime"))->maxLength(), 20);
         QCOMPARE(form(*dialog).edit(column("sDescMatter"))->maxLength(), 255);
     }
@@ -544,7 +546,7 @@ private Q_SLOTS:
             if (!label->isHidden())
                 labels << label->text();
         }
-        QVERIFY(labels.contains(QStringLiteral("دو میلیون")));
+        QVERIFY(labels.contains(u"دو میلیون"_s));
     }
 
     void tabGoesThroughTheFieldsAsTheyStand()
@@ -580,7 +582,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, show);
         const int key = fullContract(instalments);
-        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET dFixAmount=0, dAgreeAmount=3000000"));
+        m_office->database().run(u"UPDATE AutomobilContracts SET dFixAmount=0, dAgreeAmount=3000000"_s);
         auto dialog = opened(key, show ? Mode::Show : Mode::Edit);
         dialog->show();
         dialog->tabs()->setCurrentIndex(1);
@@ -600,28 +602,28 @@ private Q_SLOTS:
         });
         dialog->matterPage()->instalmentsButton()->click();
         QVERIFY(came);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments WHERE iAutomobilContractID=%1 "
-                                                           "AND iPersonID=%2")
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilPayments WHERE iAutomobilContractID=%1 "
+                                            "AND iPersonID=%2"_s
                                                 .arg(key)
                                                 .arg(m_buyer)),
-                 show ? QStringLiteral("0") : QStringLiteral("3"));
+                 show ? u"0"_s : u"3"_s);
     }
 
     void cancellingANewContractLeavesNoPlanBehind()
     {
         TestOffice::whenModal("CDlgAddAutomobilContract", [this](QWidget *window) {
-            const int key = m_office->database().value(QStringLiteral("SELECT iID FROM AutomobilContracts")).toInt();
+            const int key = m_office->database().value(u"SELECT iID FROM AutomobilContracts"_s).toInt();
             InstalmentTerms terms;
             terms.principal = 1200;
             terms.count = 2;
             terms.interval = 1;
             terms.start = QDate(2026, 5, 1);
             StoredInstalments::save(key, 1, m_buyer, terms, instalmentPlan(terms));
-            QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("2"));
+            QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"2"_s);
             static_cast<QDialog *>(window)->reject();
         });
         QCOMPARE(Dialog::NewContract(nullptr), 0);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("0"));
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"0"_s);
     }
 };
 

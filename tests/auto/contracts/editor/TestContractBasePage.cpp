@@ -19,6 +19,8 @@
 #include <QTemporaryFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // The contract editor's first page: which field keeps which column, and a contract that is opened again.
 class TestContractBasePage : public ContractEditorTest
 {
@@ -94,8 +96,8 @@ private Q_SLOTS:
         CDlgAddAutomobilContractBase *base = dialog->basePage();
         base->firstParty()->setKind(PartyKind::Other);
         base->secondParty()->setKind(PartyKind::Other);
-        base->firstParty()->personField()->nameEdit()->setText(QStringLiteral("نام یک"));
-        base->secondParty()->personField()->nameEdit()->setText(QStringLiteral("نام دو"));
+        base->firstParty()->personField()->nameEdit()->setText(u"نام یک"_s);
+        base->secondParty()->personField()->nameEdit()->setText(u"نام دو"_s);
         QHash<QString, QVariant> expected;
         int number = 0;
         for (const KFormField &field : base->form()->fields()) {
@@ -114,8 +116,8 @@ private Q_SLOTS:
                 box->setChecked(true);
                 expected.insert(field.column, 1);
             } else if (field.kind == KFormField::Kind::Text) {
-                base->form()->edit(field.column)->setText(QStringLiteral("متن %1").arg(number));
-                expected.insert(field.column, QStringLiteral("متن %1").arg(number));
+                base->form()->edit(field.column)->setText(u"متن %1"_s.arg(number));
+                expected.insert(field.column, u"متن %1"_s.arg(number));
             } else {
                 base->form()->edit(field.column)->setNumber(number);
                 expected.insert(field.column, number);
@@ -125,11 +127,11 @@ private Q_SLOTS:
         dialog->accept();
         QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
         CTblAutomobilContracts row;
-        QVERIFY(row.IsRecordExist(QStringLiteral("iID"), key()));
+        QVERIFY(row.IsRecordExist(u"iID"_s, key()));
         for (auto it = expected.cbegin(); it != expected.cend(); ++it)
             QVERIFY2(row.value(it.key()) == it.value(), qPrintable(it.key()));
-        QCOMPARE(row.m_sName1, QStringLiteral("نام یک"));
-        QCOMPARE(row.m_sName2, QStringLiteral("نام دو"));
+        QCOMPARE(row.m_sName1, u"نام یک"_s);
+        QCOMPARE(row.m_sName2, u"نام دو"_s);
         QCOMPARE(row.m_iPersonFirstID, 0);
         QVERIFY(row.m_iDocNum > 0);
 
@@ -162,11 +164,11 @@ private Q_SLOTS:
         KEdit *percent = dialog->basePage()->form()->edit(column);
         QCOMPARE(percent->minimum(), 0.0);
         QCOMPARE(percent->maximum(), 100.0);
-        percent->setText(QStringLiteral("100.5"));
+        percent->setText(u"100.5"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(dialog->focusWidget(), percent);
-        QCOMPARE(percent->text(), QStringLiteral("100.5"));
+        QCOMPARE(percent->text(), u"100.5"_s);
     }
 
     void shownArchivedContractTellsWhoArchivedItAndWhen()
@@ -181,11 +183,11 @@ private Q_SLOTS:
             if (label->isVisible())
                 texts << label->text();
         }
-        QVERIFY(texts.contains(QStringLiteral("مدیر")));
-        QVERIFY(texts.contains(QStringLiteral("1405/01/01")));
+        QVERIFY(texts.contains(u"مدیر"_s));
+        QVERIFY(texts.contains(u"1405/01/01"_s));
         auto edited = opened(m_office->addContract(), Mode::Edit);
         for (const QLabel *label : edited->basePage()->findChildren<QLabel *>())
-            QVERIFY(label->text() != QStringLiteral("تاريخ بايگاني :") || !label->isVisible());
+            QVERIFY(label->text() != u"تاريخ بايگاني :"_s || !label->isVisible());
     }
 
     // --- A contract that is opened again ---
@@ -205,17 +207,17 @@ private Q_SLOTS:
     {
         auto created = filledNew();
         CompanyDetails company;
-        company.name1 = QStringLiteral("نمایشگاه");
-        company.name2 = QStringLiteral("آریا");
-        company.address = QStringLiteral("میدان ونک");
-        company.mobile = QStringLiteral("0935");
+        company.name1 = u"نمایشگاه"_s;
+        company.name2 = u"آریا"_s;
+        company.address = u"میدان ونک"_s;
+        company.mobile = u"0935"_s;
         company.write();
         created->basePage()->secondParty()->setKind(PartyKind::Showroom);
-        QCOMPARE(edit(*created, "sAddress2")->text(), QStringLiteral("میدان ونک"));
-        QCOMPARE(edit(*created, "sMobile2")->text(), QStringLiteral("0935"));
+        QCOMPARE(edit(*created, "sAddress2")->text(), u"میدان ونک"_s);
+        QCOMPARE(edit(*created, "sMobile2")->text(), u"0935"_s);
         created->accept();
         auto dialog = opened(key(), Mode::Edit);
-        QCOMPARE(dialog->basePage()->secondParty()->name(), QStringLiteral("نمایشگاه آریا"));
+        QCOMPARE(dialog->basePage()->secondParty()->name(), u"نمایشگاه آریا"_s);
         QVERIFY(edit(*dialog, "dPercentDiscount2")->isReadOnly());
         QVERIFY(!edit(*dialog, "dPercentDiscount")->isReadOnly());
         type(*dialog, "dAmount", "500000");
@@ -227,7 +229,7 @@ private Q_SLOTS:
     {
         auto created = filledNew();
         created->basePage()->firstParty()->setKind(PartyKind::Showroom);
-        created->basePage()->firstParty()->personField()->nameEdit()->setText(QStringLiteral("نمایشگاه"));
+        created->basePage()->firstParty()->personField()->nameEdit()->setText(u"نمایشگاه"_s);
         created->accept();
         auto dialog = opened(key(), Mode::Edit);
         type(*dialog, "dAmount", "500000");
@@ -245,8 +247,8 @@ private Q_SLOTS:
     {
         filledNew()->accept();
         auto dialog = opened(key(), Mode::Edit);
-        QCOMPARE(named<QLineEdit>(*dialog, QStringLiteral("نام پدر : طرف اول"))->text(), QStringLiteral("حسن"));
-        QCOMPARE(named<QLineEdit>(*dialog, QStringLiteral("تاريخ تولد : طرف اول"))->text(), QStringLiteral("1364/01/01"));
+        QCOMPARE(named<QLineEdit>(*dialog, u"نام پدر : طرف اول"_s)->text(), u"حسن"_s);
+        QCOMPARE(named<QLineEdit>(*dialog, u"تاريخ تولد : طرف اول"_s)->text(), u"1364/01/01"_s);
     }
 
     // They come from the person record, unless the party is typed by hand.
@@ -255,7 +257,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("label");
         for (const char *label : {"نام و نام خانوادگي :", "نام پدر :", "تاريخ تولد :", "محل صدور :", "شماره شناسنامه :",
                                   "کد ملي :", "آدرس :", "تلفن :", "موبايل :"})
-            QTest::newRow(label) << QString::fromUtf8(label) + QStringLiteral(" طرف دوم");
+            QTest::newRow(label) << QString::fromUtf8(label) + u" طرف دوم"_s;
     }
 
     void personFieldsAreEditableOnlyForAPartyTypedByHand()
@@ -275,27 +277,27 @@ private Q_SLOTS:
     void personWhoIsGoneKeepsTheNameInTheContract()
     {
         filledNew()->accept();
-        m_office->database().run(QStringLiteral("DELETE FROM Persons WHERE iID=%1").arg(m_seller));
+        m_office->database().run(u"DELETE FROM Persons WHERE iID=%1"_s.arg(m_seller));
         auto dialog = opened(key(), Mode::Edit);
-        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
+        QCOMPARE(dialog->basePage()->firstParty()->name(), u"سارا کریمی"_s);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('|',iPersonFirstID,sName1) FROM AutomobilContracts")),
-                 QStringLiteral("%1|سارا کریمی").arg(m_seller));
+        QCOMPARE(value(u"SELECT CONCAT_WS('|',iPersonFirstID,sName1) FROM AutomobilContracts"_s),
+                 u"%1|سارا کریمی"_s.arg(m_seller));
     }
 
     void personWhoDoesNotExistIsNotTaken()
     {
         auto dialog = filledNew();
         dialog->basePage()->secondParty()->takePerson(999999);
-        QCOMPARE(dialog->basePage()->secondParty()->name(), QStringLiteral("رضا احمدی"));
+        QCOMPARE(dialog->basePage()->secondParty()->name(), u"رضا احمدی"_s);
         QCOMPARE(dialog->basePage()->secondParty()->personField()->personID(), m_buyer);
         QCOMPARE(shown(*dialog, "dPercentDiscount2"), 10.0);
     }
 
     void anotherPersonBringsTheOwnDiscountAlsoWhenItIsNone()
     {
-        const int third = m_office->addPerson(QStringLiteral("مینا"), QStringLiteral("راد"));
+        const int third = m_office->addPerson(u"مینا"_s, u"راد"_s);
         auto dialog = filledNew();
         dialog->basePage()->secondParty()->takePerson(third);
         QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
@@ -314,8 +316,8 @@ private Q_SLOTS:
         QCOMPARE(pages.size(), 2);
         for (CDlgFileDocs *page : pages)
             QVERIFY(page->addFile(file.fileName()));
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(CONCAT_WS('/',iTable,iRecordID,iScope) ORDER BY iScope) FROM FileDocs")),
-                 QStringLiteral("69/%1/0,69/%1/1").arg(key()));
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',iTable,iRecordID,iScope) ORDER BY iScope) FROM FileDocs"_s),
+                 u"69/%1/0,69/%1/1"_s.arg(key()));
     }
 };
 

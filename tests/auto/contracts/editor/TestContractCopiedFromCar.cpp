@@ -19,6 +19,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
@@ -31,10 +33,10 @@ QString matter(const CDlgAddAutomobilContract &dialog, const char *column)
 QString firstParty(const CDlgAddAutomobilContract &dialog, const QString &label)
 {
     for (const QLineEdit *edit : dialog.basePage()->firstParty()->findChildren<QLineEdit *>()) {
-        if (edit->accessibleName() == label + QStringLiteral(" طرف اول"))
+        if (edit->accessibleName() == label + u" طرف اول"_s)
             return edit->text();
     }
-    return QStringLiteral("no such field");
+    return u"no such field"_s;
 }
 
 }
@@ -66,11 +68,11 @@ class TestContractCopiedFromCar : public ContractEditorTest
 
     int fullCar()
     {
-        const int brand = m_office->addBrand(QStringLiteral("پژو"));
-        const int model = m_office->addModel(brand, QStringLiteral("206"));
-        const int carClass = m_office->addClass(model, QStringLiteral("تیپ 5"));
-        const int system = m_office->addItem(CTblItems::typeSystem, QStringLiteral("هاچ بک"));
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int brand = m_office->addBrand(u"پژو"_s);
+        const int model = m_office->addModel(brand, u"206"_s);
+        const int carClass = m_office->addClass(model, u"تیپ 5"_s);
+        const int system = m_office->addItem(CTblItems::typeSystem, u"هاچ بک"_s);
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         return m_office->addCar([=, this](Car &car) {
             car.m_iPersonID = m_owner;
             car.m_iAutomobilType = brand;
@@ -83,12 +85,12 @@ class TestContractCopiedFromCar : public ContractEditorTest
             car.m_iFuel = 4;
             car.m_iNumOFAxles = 2;
             car.m_iNumOfWheels = 6;
-            car.m_sNumOfEngines = QStringLiteral("E-77");
-            car.m_sChassisNum = QStringLiteral("NAAP03");
-            car.m_sVIN = QStringLiteral("IRFC981V3DK123456");
-            car.m_sNumOfPlates = QStringLiteral("11 د 222 ایران 33");
-            car.m_sDocumentsDelivered = QStringLiteral("برگ سبز، سند");
-            car.m_sDesc = QStringLiteral("گلگیر تعویض");
+            car.m_sNumOfEngines = u"E-77"_s;
+            car.m_sChassisNum = u"NAAP03"_s;
+            car.m_sVIN = u"IRFC981V3DK123456"_s;
+            car.m_sNumOfPlates = u"11 د 222 ایران 33"_s;
+            car.m_sDocumentsDelivered = u"برگ سبز، سند"_s;
+            car.m_sDesc = u"گلگیر تعویض"_s;
             car.m_oPicture.data = QByteArray(500, 'p');
         });
     }
@@ -99,14 +101,14 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_owner = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
-            person.m_sFatherName = QStringLiteral("علی");
-            person.m_sIdentityNum = QStringLiteral("1234");
-            person.m_sIdentityCity = QStringLiteral("تبریز");
-            person.m_sNationalCode = QStringLiteral("0010000001");
-            person.m_sAddress = QStringLiteral("خیابان آزادی");
-            person.m_sTel = QStringLiteral("88776655");
-            person.m_sMobile = QStringLiteral("09121234567");
+        m_owner = m_office->addPerson(u"سارا"_s, u"کریمی"_s, [](CTblPersons &person) {
+            person.m_sFatherName = u"علی"_s;
+            person.m_sIdentityNum = u"1234"_s;
+            person.m_sIdentityCity = u"تبریز"_s;
+            person.m_sNationalCode = u"0010000001"_s;
+            person.m_sAddress = u"خیابان آزادی"_s;
+            person.m_sTel = u"88776655"_s;
+            person.m_sMobile = u"09121234567"_s;
             person.m_dateBirth = QDateTime(QDate(1980, 3, 20), QTime(0, 0), Qt::UTC);
         });
     }
@@ -114,58 +116,58 @@ private Q_SLOTS:
     void pickedCarFillsTheVehicleAndItsOwnerTheFirstParty()
     {
         const int car = fullCar();
-        const int key = m_office->addContract([](CTblAutomobilContracts &contract) { contract.m_sDengue = QStringLiteral("شش"); });
+        const int key = m_office->addContract([](CTblAutomobilContracts &contract) { contract.m_sDengue = u"شش"_s; });
         auto dialog = opened(key);
         QVERIFY(dialog->carButton()->isEnabled());
         pick(*dialog, car);
         const std::pair<const char *, QString> wanted[] = {
-            {"sAutomobilName", QStringLiteral("پژو 206")},
-            {"sAutomobilType", QStringLiteral("سنگین")},
-            {"sSystem", QStringLiteral("هاچ بک")},
-            {"sBrigade", QStringLiteral("تیپ 5")},
-            {"sModel", QStringLiteral("1398")},
-            {"sColor", QStringLiteral("سفید")},
-            {"sFuel", QStringLiteral("گازوئیل")},
-            {"sNumOFAxles", QStringLiteral("2")},
-            {"sNumOfWheels", QStringLiteral("6")},
-            {"sNumOfEngines", QStringLiteral("E-77")},
-            {"sChassisNum", QStringLiteral("NAAP03")},
-            {"sVIN", QStringLiteral("IRFC981V3DK123456")},
-            {"sNumOfPlates", QStringLiteral("11 د 222 ایران 33")},
-            {"sDocumentsDelivered", QStringLiteral("برگ سبز، سند")},
-            {"sDescMatter", QStringLiteral("گلگیر تعویض")},
-            {"sDengue", QStringLiteral("شش")}, // no matter of the car
+            {"sAutomobilName", u"پژو 206"_s},
+            {"sAutomobilType", u"سنگین"_s},
+            {"sSystem", u"هاچ بک"_s},
+            {"sBrigade", u"تیپ 5"_s},
+            {"sModel", u"1398"_s},
+            {"sColor", u"سفید"_s},
+            {"sFuel", u"گازوئیل"_s},
+            {"sNumOFAxles", u"2"_s},
+            {"sNumOfWheels", u"6"_s},
+            {"sNumOfEngines", u"E-77"_s},
+            {"sChassisNum", u"NAAP03"_s},
+            {"sVIN", u"IRFC981V3DK123456"_s},
+            {"sNumOfPlates", u"11 د 222 ایران 33"_s},
+            {"sDocumentsDelivered", u"برگ سبز، سند"_s},
+            {"sDescMatter", u"گلگیر تعویض"_s},
+            {"sDengue", u"شش"_s}, // no matter of the car
         };
         for (const auto &[column, text] : wanted)
             QCOMPARE(matter(*dialog, column), text);
         QCOMPARE(dialog->basePage()->firstParty()->personField()->personID(), m_owner);
-        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("نام پدر :")), QStringLiteral("علی"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("شماره شناسنامه :")), QStringLiteral("1234"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("محل صدور :")), QStringLiteral("تبریز"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("کد ملي :")), QStringLiteral("0010000001"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("آدرس :")), QStringLiteral("خیابان آزادی"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("تلفن :")), QStringLiteral("88776655"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("موبايل :")), QStringLiteral("09121234567"));
-        QCOMPARE(firstParty(*dialog, QStringLiteral("تاريخ تولد :")), QStringLiteral("1358/12/30"));
+        QCOMPARE(dialog->basePage()->firstParty()->name(), u"سارا کریمی"_s);
+        QCOMPARE(firstParty(*dialog, u"نام پدر :"_s), u"علی"_s);
+        QCOMPARE(firstParty(*dialog, u"شماره شناسنامه :"_s), u"1234"_s);
+        QCOMPARE(firstParty(*dialog, u"محل صدور :"_s), u"تبریز"_s);
+        QCOMPARE(firstParty(*dialog, u"کد ملي :"_s), u"0010000001"_s);
+        QCOMPARE(firstParty(*dialog, u"آدرس :"_s), u"خیابان آزادی"_s);
+        QCOMPARE(firstParty(*dialog, u"تلفن :"_s), u"88776655"_s);
+        QCOMPARE(firstParty(*dialog, u"موبايل :"_s), u"09121234567"_s);
+        QCOMPARE(firstParty(*dialog, u"تاريخ تولد :"_s), u"1358/12/30"_s);
     }
 
     void nothingIsSavedUntilTheContractIs()
     {
         const int car = fullCar();
         const int key = m_office->addContract([](CTblAutomobilContracts &contract) {
-            contract.m_sName2 = QStringLiteral("خریدار");
+            contract.m_sName2 = u"خریدار"_s;
             contract.m_iPersonContract2 = int(PartyKind::Other);
             contract.m_dAmount = 1000;
         });
         const QString name =
-            QStringLiteral("SELECT CONCAT(sAutomobilName,'|',iPersonFirstID) FROM AutomobilContracts WHERE iID=%1").arg(key);
+            u"SELECT CONCAT(sAutomobilName,'|',iPersonFirstID) FROM AutomobilContracts WHERE iID=%1"_s.arg(key);
         auto dialog = opened(key);
         pick(*dialog, car);
-        QCOMPARE(m_office->database().value(name), QStringLiteral("پراید|0"));
+        QCOMPARE(m_office->database().value(name), u"پراید|0"_s);
         dialog->accept();
         QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
-        QCOMPARE(m_office->database().value(name), QStringLiteral("پژو 206|%1").arg(m_owner));
+        QCOMPARE(m_office->database().value(name), u"پژو 206|%1"_s.arg(m_owner));
     }
 
     void cancelledPickChangesNothing()
@@ -173,7 +175,7 @@ private Q_SLOTS:
         fullCar();
         auto dialog = opened(m_office->addContract());
         pick(*dialog, 0);
-        QCOMPARE(matter(*dialog, "sAutomobilName"), QStringLiteral("پراید"));
+        QCOMPARE(matter(*dialog, "sAutomobilName"), u"پراید"_s);
         QCOMPARE(dialog->basePage()->firstParty()->personField()->personID(), 0);
     }
 
@@ -201,16 +203,16 @@ private Q_SLOTS:
         QFETCH(int, owner);
         const int car = m_office->addCar([owner](Car &c) {
             c.m_iPersonID = owner;
-            c.m_sNumOfPlates = QStringLiteral("99");
+            c.m_sNumOfPlates = u"99"_s;
         });
         auto dialog = opened(m_office->addContract());
         ContractPartyGroup *party = dialog->basePage()->firstParty();
         party->setKind(PartyKind::Other);
-        party->personField()->nameEdit()->setText(QStringLiteral("دستی"));
+        party->personField()->nameEdit()->setText(u"دستی"_s);
         pick(*dialog, car);
-        QCOMPARE(matter(*dialog, "sNumOfPlates"), QStringLiteral("99"));
+        QCOMPARE(matter(*dialog, "sNumOfPlates"), u"99"_s);
         QCOMPARE(party->kind(), PartyKind::Other);
-        QCOMPARE(party->name(), QStringLiteral("دستی"));
+        QCOMPARE(party->name(), u"دستی"_s);
     }
 
     void ownerTakesThePlaceOfAPartyOfAnotherKind()
@@ -219,7 +221,7 @@ private Q_SLOTS:
         auto dialog = opened(m_office->addContract());
         ContractPartyGroup *party = dialog->basePage()->firstParty();
         party->setKind(PartyKind::Other);
-        party->personField()->nameEdit()->setText(QStringLiteral("دستی"));
+        party->personField()->nameEdit()->setText(u"دستی"_s);
         pick(*dialog, car);
         QCOMPARE(party->kind(), PartyKind::Ordinary);
         QCOMPARE(party->personField()->personID(), m_owner);
@@ -228,16 +230,16 @@ private Q_SLOTS:
     void secondCarLeavesNothingOfTheFirst()
     {
         const int first = fullCar();
-        const int second = m_office->addCar([](Car &car) { car.m_sNumOfPlates = QStringLiteral("55"); });
+        const int second = m_office->addCar([](Car &car) { car.m_sNumOfPlates = u"55"_s; });
         auto dialog = opened(m_office->addContract());
         pick(*dialog, first);
         pick(*dialog, second);
-        QCOMPARE(matter(*dialog, "sNumOfPlates"), QStringLiteral("55"));
+        QCOMPARE(matter(*dialog, "sNumOfPlates"), u"55"_s);
         for (const char *column : {"sAutomobilName", "sBrigade", "sModel", "sColor", "sVIN", "sChassisNum", "sNumOfEngines"})
             QCOMPARE(matter(*dialog, column), QString());
         // Kinds and fuels without a word leave what is there.
-        QCOMPARE(matter(*dialog, "sFuel"), QStringLiteral("گازوئیل"));
-        QCOMPARE(matter(*dialog, "sAutomobilType"), QStringLiteral("سنگین"));
+        QCOMPARE(matter(*dialog, "sFuel"), u"گازوئیل"_s);
+        QCOMPARE(matter(*dialog, "sAutomobilType"), u"سنگین"_s);
     }
 
     // A name of the catalog and a value of the parameters can be longer than the contract's columns.
@@ -252,14 +254,14 @@ private Q_SLOTS:
             c.m_iAutomobilType = brand;
             c.m_iModel = model;
             c.m_iColor = color;
-            c.m_sNumOfPlates = QStringLiteral("۱۲ ب ۳۴۵");
+            c.m_sNumOfPlates = u"۱۲ ب ۳۴۵"_s;
         });
         auto dialog = opened(m_office->addContract());
         pick(*dialog, car);
         QCOMPARE(matter(*dialog, "sAutomobilName"), longName + u' ' + longName.left(4));
         QCOMPARE(matter(*dialog, "sColor"), QString(50, QChar(u'ر')));
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: نام اتومبيل، رنگ")});
+                 QStringList{u"متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: نام اتومبيل، رنگ"_s});
         QCOMPARE(dialog->basePage()->firstParty()->personField()->personID(), m_owner);
         // What fits is nothing to speak of.
         pick(*dialog, fullCar());
@@ -269,9 +271,9 @@ private Q_SLOTS:
     void carIsReadWithoutItsPicture()
     {
         const int car = fullCar();
-        const ObservedStatements statements({QStringLiteral("SELECT")});
+        const ObservedStatements statements({u"SELECT"_s});
         QVERIFY(loadCarForContract(car));
-        QVERIFY(statements.taken().filter(QStringLiteral("oPicture")).isEmpty());
+        QVERIFY(statements.taken().filter(u"oPicture"_s).isEmpty());
         QVERIFY(!loadCarForContract(car + 1));
     }
 };

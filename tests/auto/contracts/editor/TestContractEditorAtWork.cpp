@@ -26,6 +26,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int tabOf(const CDlgAddAutomobilContract &dialog, const QString &title)
@@ -50,11 +52,11 @@ class TestContractEditorAtWork : public ContractEditorTest
         for (const QString &note : notes)
             CTblMultiItems::addValue(CTblItems::typeClause, note);
         TestOffice::whenModal("CDlgMultiItems", [notes](QWidget *window) {
-            QCOMPARE(window->windowTitle(), QStringLiteral("تبصره"));
+            QCOMPARE(window->windowTitle(), u"تبصره"_s);
             static_cast<CDlgMultiItems *>(window)->setSelectedNames(notes);
             static_cast<QDialog *>(window)->accept();
         });
-        named<QPushButton>(dialog, QStringLiteral("تبصره ها : ..."))->click();
+        named<QPushButton>(dialog, u"تبصره ها : ..."_s)->click();
     }
 
 private Q_SLOTS:
@@ -63,9 +65,9 @@ private Q_SLOTS:
 
     void init()
     {
-        begin([](CTblPersons &person) { person.m_sMobile = QStringLiteral("0912"); });
-        m_office->database().run(QStringLiteral("DELETE FROM Items"));
-        m_office->database().run(QStringLiteral("DELETE FROM CustomFields"));
+        begin([](CTblPersons &person) { person.m_sMobile = u"0912"_s; });
+        m_office->database().run(u"DELETE FROM Items"_s);
+        m_office->database().run(u"DELETE FROM CustomFields"_s);
     }
 
     // --- Texts ---
@@ -78,29 +80,29 @@ private Q_SLOTS:
         for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>())
             texts << label->text();
         for (const QString &text :
-             {QStringLiteral("مبلغ قرارداد :"), QStringLiteral("حق کميسيون :"),
-              QStringLiteral("کميسيون دريافتي از هر طرفين :"), QStringLiteral("ماليات :"), QStringLiteral("عوارض :"),
-              QStringLiteral("تخفيف :"), QStringLiteral("پرداختي :"), QStringLiteral("کد قرارداد :"),
-              QStringLiteral("شماره سند :"), QStringLiteral("تاريخ عقد :"), QStringLiteral("تاريخ انقضاء :"),
-              QStringLiteral("تاريخ تمديد :"), QStringLiteral("حوزه ثبتي :"), QStringLiteral("مشاور خودرو شماره :"),
-              QStringLiteral("تعهدات مربوط به طرف اول :"), QStringLiteral("تعهدات مربوط به طرف دوم :"),
-              QStringLiteral("مورد معامله :"), QStringLiteral("شرح قرارداد :"), QStringLiteral("توضيحات :"),
-              QStringLiteral("تبصره ها :"), QStringLiteral("خلاصه اين قرارداد در صفحه :"), QStringLiteral("جلد :"),
-              QStringLiteral("شماره :"), QStringLiteral("و تاريخ :"), QStringLiteral("ثبت گرديده است."),
-              QStringLiteral("کاربر بايگاني کننده :"), QStringLiteral("تاريخ بايگاني :"), QStringLiteral("شخص قرارداد :"),
-              QStringLiteral("بموجب :"), QStringLiteral("از طرف :"), QStringLiteral("نام و نام خانوادگي :"),
-              QStringLiteral("نام پدر :"), QStringLiteral("تاريخ تولد :"), QStringLiteral("محل صدور :"),
-              QStringLiteral("شماره شناسنامه :"), QStringLiteral("کد ملي :"), QStringLiteral("آدرس :"),
-              QStringLiteral("تلفن :"), QStringLiteral("موبايل :"), QStringLiteral("%")})
+             {u"مبلغ قرارداد :"_s, u"حق کميسيون :"_s,
+              u"کميسيون دريافتي از هر طرفين :"_s, u"ماليات :"_s, u"عوارض :"_s,
+              u"تخفيف :"_s, u"پرداختي :"_s, u"کد قرارداد :"_s,
+              u"شماره سند :"_s, u"تاريخ عقد :"_s, u"تاريخ انقضاء :"_s,
+              u"تاريخ تمديد :"_s, u"حوزه ثبتي :"_s, u"مشاور خودرو شماره :"_s,
+              u"تعهدات مربوط به طرف اول :"_s, u"تعهدات مربوط به طرف دوم :"_s,
+              u"مورد معامله :"_s, u"شرح قرارداد :"_s, u"توضيحات :"_s,
+              u"تبصره ها :"_s, u"خلاصه اين قرارداد در صفحه :"_s, u"جلد :"_s,
+              u"شماره :"_s, u"و تاريخ :"_s, u"ثبت گرديده است."_s,
+              u"کاربر بايگاني کننده :"_s, u"تاريخ بايگاني :"_s, u"شخص قرارداد :"_s,
+              u"بموجب :"_s, u"از طرف :"_s, u"نام و نام خانوادگي :"_s,
+              u"نام پدر :"_s, u"تاريخ تولد :"_s, u"محل صدور :"_s,
+              u"شماره شناسنامه :"_s, u"کد ملي :"_s, u"آدرس :"_s,
+              u"تلفن :"_s, u"موبايل :"_s, u"%"_s})
             QVERIFY2(texts.contains(text), qPrintable(text));
         const auto *kinds = dialog->basePage()->form()->comboBox(column("iPersonContract2"));
         QStringList kindTexts;
         for (int i = 0; i < kinds->count(); ++i)
             kindTexts << kinds->itemText(i);
-        QCOMPARE(kindTexts, (QStringList{QStringLiteral("عادی"), QStringLiteral("نمایشگاه"), QStringLiteral("متفرقه")}));
-        QCOMPARE(dialog->activeBox()->text(), QStringLiteral("فعال"));
-        QCOMPARE(dialog->unarchiveButton()->text(), QStringLiteral("برگشت از بايگاني"));
-        QCOMPARE(dialog->carButton()->text(), QStringLiteral("گالري اتومبيل"));
+        QCOMPARE(kindTexts, (QStringList{u"عادی"_s, u"نمایشگاه"_s, u"متفرقه"_s}));
+        QCOMPARE(dialog->activeBox()->text(), u"فعال"_s);
+        QCOMPARE(dialog->unarchiveButton()->text(), u"برگشت از بايگاني"_s);
+        QCOMPARE(dialog->carButton()->text(), u"گالري اتومبيل"_s);
     }
 
     void fieldsThatAreNotDisplayedKeepTheirValues()
@@ -108,8 +110,8 @@ private Q_SLOTS:
         const QDateTime extension(QDate(2027, 1, 1), QTime(0, 0), Qt::UTC);
         const int contract = m_office->addContract([&](auto &row) {
             row.m_dateExtension = extension;
-            row.m_sName1 = QStringLiteral("a");
-            row.m_sName2 = QStringLiteral("b");
+            row.m_sName1 = u"a"_s;
+            row.m_sName2 = u"b"_s;
             row.m_dAmount = 5;
             row.m_dCommissionEveryPerson = 77;
         });
@@ -120,7 +122,7 @@ private Q_SLOTS:
         dialog->accept();
         QVERIFY(!dialog->isVisible());
         CTblAutomobilContracts row;
-        QVERIFY(row.IsRecordExist(QStringLiteral("iID"), contract));
+        QVERIFY(row.IsRecordExist(u"iID"_s, contract));
         QCOMPARE(row.m_dateExtension, extension);
         QCOMPARE(row.m_dCommissionEveryPerson, 77.0);
     }
@@ -138,7 +140,7 @@ private Q_SLOTS:
     void typingAtOnceIntoANewContractGivesTheAmount()
     {
         auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
-        QTest::keyClicks(dialog->focusWidget(), QStringLiteral("1000000"));
+        QTest::keyClicks(dialog->focusWidget(), u"1000000"_s);
         QCOMPARE(shown(*dialog, "dAmount"), 1000000.0);
         QCOMPARE(shown(*dialog, "dCommission"), 20000.0);
     }
@@ -146,46 +148,46 @@ private Q_SLOTS:
     void refusalShowsThePageThatItIsAbout()
     {
         auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
-        dialog->tabs()->setCurrentIndex(tabOf(*dialog, QStringLiteral("پرونده های عمومی")));
+        dialog->tabs()->setCurrentIndex(tabOf(*dialog, u"پرونده های عمومی"_s));
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا مبلغ قرارداد را وارد نمایید."_s});
         QCOMPARE(dialog->tabs()->currentIndex(), 0);
         QCOMPARE(dialog->focusWidget(), edit(*dialog, "dAmount"));
     }
 
     void refusedCustomFieldShowsItsPage()
     {
-        CTblCustomFields::define(CTblAutomobilContracts::recordKind, QStringLiteral("کارکرد"), CTblCustomFields::Number);
+        CTblCustomFields::define(CTblAutomobilContracts::recordKind, u"کارکرد"_s, CTblCustomFields::Number);
         auto dialog = filledNew();
         const int tab = tabOf(*dialog, dialog->findChild<CDlgCustomFields *>()->title());
         dialog->tabs()->setCurrentIndex(tab);
         // The fields are read and laid out now.
         QCoreApplication::processEvents();
-        auto *field = named<QLineEdit>(*dialog, QStringLiteral("کارکرد :"));
+        auto *field = named<QLineEdit>(*dialog, u"کارکرد :"_s);
         QVERIFY(field);
-        field->setText(QStringLiteral("99999999999999999999"));
+        field->setText(u"99999999999999999999"_s);
         dialog->tabs()->setCurrentIndex(0);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(dialog->tabs()->currentIndex(), tab);
         QCOMPARE(dialog->focusWidget(), field);
-        field->setText(QStringLiteral("120"));
+        field->setText(u"120"_s);
         dialog->tabs()->setCurrentIndex(0);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT sValue FROM CustomFieldRecords WHERE iTable=69 AND iRecordID=%1").arg(key())),
-                 QStringLiteral("120"));
+        QCOMPARE(value(u"SELECT sValue FROM CustomFieldRecords WHERE iTable=69 AND iRecordID=%1"_s.arg(key())),
+                 u"120"_s);
     }
 
     void savedContractLeavesTheTabsAsTheyWere()
     {
         auto dialog = filledNew();
-        const int files = tabOf(*dialog, QStringLiteral("پرونده های شخصی"));
+        const int files = tabOf(*dialog, u"پرونده های شخصی"_s);
         dialog->tabs()->setCurrentIndex(files);
-        m_office->database().run(QStringLiteral("RENAME TABLE Docs TO DocsAway"));
+        m_office->database().run(u"RENAME TABLE Docs TO DocsAway"_s);
         dialog->accept();
-        m_office->database().run(QStringLiteral("RENAME TABLE DocsAway TO Docs"));
+        m_office->database().run(u"RENAME TABLE DocsAway TO Docs"_s);
         QVERIFY(dialog->isVisible());
         QCOMPARE(dialog->tabs()->currentIndex(), files);
     }
@@ -197,7 +199,7 @@ private Q_SLOTS:
         dialog->basePage()->firstParty()->takePerson(m_seller);
         TestOffice::whenModal("KDialogHolder", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا شخص دوم را انتخاب نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا شخص دوم را انتخاب نمایید."_s});
         QCOMPARE(dialog->focusWidget(), dialog->basePage()->secondParty()->personField()->nameEdit());
     }
 
@@ -216,32 +218,32 @@ private Q_SLOTS:
     void requiredEntriesAreAskedForBeforeAnythingElseIsFoundWrong()
     {
         auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
-        dialog->basePage()->form()->dateEdit(column("dateExpiration"))->setText(QStringLiteral("1405/13/40"));
+        dialog->basePage()->form()->dateEdit(column("dateExpiration"))->setText(u"1405/13/40"_s);
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا مبلغ قرارداد را وارد نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا مبلغ قرارداد را وارد نمایید."_s});
     }
 
     void refusedEntryIsNamed()
     {
         auto dialog = filledNew();
-        dialog->basePage()->form()->dateEdit(column("dateExpiration"))->setText(QStringLiteral("1405/13/40"));
+        dialog->basePage()->form()->dateEdit(column("dateExpiration"))->setText(u"1405/13/40"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("تاريخ انقضاء : تاریخ نادرست است. نمونه : 1405/08/29")});
+                 QStringList{u"تاريخ انقضاء : تاریخ نادرست است. نمونه : 1405/08/29"_s});
         QCOMPARE(dialog->focusWidget(), dialog->basePage()->form()->dateEdit(column("dateExpiration")));
     }
 
     void contractDateThatIsNoDateIsToldAsSuch()
     {
         auto dialog = filledNew();
-        dialog->basePage()->form()->dateEdit(column("dateContract"))->setText(QStringLiteral("1405/13/40"));
+        dialog->basePage()->form()->dateEdit(column("dateContract"))->setText(u"1405/13/40"_s);
         dialog->accept();
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("تاريخ عقد : تاریخ نادرست است. نمونه : 1405/08/29")});
+                 QStringList{u"تاريخ عقد : تاریخ نادرست است. نمونه : 1405/08/29"_s});
         dialog->basePage()->form()->dateEdit(column("dateContract"))->clear();
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا تاریخ عقد را وارد نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا تاریخ عقد را وارد نمایید."_s});
         QVERIFY(dialog->isVisible());
     }
 
@@ -249,10 +251,10 @@ private Q_SLOTS:
     {
         auto dialog = filledNew();
         dialog->basePage()->secondParty()->setKind(PartyKind::Other);
-        dialog->basePage()->secondParty()->personField()->nameEdit()->setText(QStringLiteral("   "));
+        dialog->basePage()->secondParty()->personField()->nameEdit()->setText(u"   "_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا شخص دوم را انتخاب نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا شخص دوم را انتخاب نمایید."_s});
     }
 
     void discountAboveWhatThePartyOwesIsRefused_data()
@@ -261,9 +263,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("pays");
         QTest::addColumn<QString>("message");
         QTest::newRow("first party") << QByteArray("dDiscountFirst") << QByteArray("dPayFirst")
-                                     << QStringLiteral("تخفیف طرف اول بیشتر از مبلغی است که باید بپردازد.");
+                                     << u"تخفیف طرف اول بیشتر از مبلغی است که باید بپردازد."_s;
         QTest::newRow("second party") << QByteArray("dDiscountSecond") << QByteArray("dPaySecond")
-                                      << QStringLiteral("تخفیف طرف دوم بیشتر از مبلغی است که باید بپردازد.");
+                                      << u"تخفیف طرف دوم بیشتر از مبلغی است که باید بپردازد."_s;
     }
 
     void discountAboveWhatThePartyOwesIsRefused()
@@ -282,7 +284,7 @@ private Q_SLOTS:
         QCOMPARE(shown(*dialog, pays.constData()), 0.0);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) FROM Docs")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
     }
 
     // --- Notes ---
@@ -290,13 +292,13 @@ private Q_SLOTS:
     void notesArePickedKeptOnePerColumnAndShownAgain()
     {
         auto dialog = filledNew();
-        const QStringList notes{QStringLiteral("الف"), QStringLiteral("ب")};
+        const QStringList notes{u"الف"_s, u"ب"_s};
         pickNotes(*dialog, notes);
         QCOMPARE(dialog->basePage()->notes(), notes);
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("تبصره ها :"))->text(), QStringLiteral("الف، ب"));
+        QCOMPARE(named<KEdit>(*dialog, u"تبصره ها :"_s)->text(), u"الف، ب"_s);
         dialog->accept();
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('|',sNote1,sNote2,sNote3) FROM AutomobilContracts")),
-                 QStringLiteral("الف|ب"));
+        QCOMPARE(value(u"SELECT CONCAT_WS('|',sNote1,sNote2,sNote3) FROM AutomobilContracts"_s),
+                 u"الف|ب"_s);
         QCOMPARE(opened(key(), Mode::Edit)->basePage()->notes(), notes);
     }
 
@@ -314,7 +316,7 @@ private Q_SLOTS:
         QFETCH(bool, accepted);
         auto dialog = filledNew();
         const QString note(length, u'ت');
-        pickNotes(*dialog, {QStringLiteral("الف"), note});
+        pickNotes(*dialog, {u"الف"_s, note});
         dialog->accept();
         QCOMPARE(!dialog->isVisible(), accepted);
         const QStringList told = g_pDlgWarning->takeShown();
@@ -322,10 +324,10 @@ private Q_SLOTS:
             QVERIFY(told.isEmpty());
             return;
         }
-        QCOMPARE(told, QStringList{QStringLiteral("هر تبصره حداکثر 20 نویسه است و این تبصره بلندتر است : ") + note});
-        QCOMPARE(dialog->focusWidget(), named<QPushButton>(*dialog, QStringLiteral("تبصره ها : ...")));
+        QCOMPARE(told, QStringList{u"هر تبصره حداکثر 20 نویسه است و این تبصره بلندتر است : "_s + note});
+        QCOMPARE(dialog->focusWidget(), named<QPushButton>(*dialog, u"تبصره ها : ..."_s));
         QCOMPARE(dialog->basePage()->notes().size(), 2);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Documents")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"0"_s);
     }
 
     void eleventhNoteIsRefused()
@@ -337,8 +339,8 @@ private Q_SLOTS:
         pickNotes(*dialog, notes);
         dialog->accept();
         QVERIFY(dialog->isVisible());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("حداکثر 10 تبصره قابل ثبت است.")});
-        QCOMPARE(dialog->focusWidget(), named<QPushButton>(*dialog, QStringLiteral("تبصره ها : ...")));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"حداکثر 10 تبصره قابل ثبت است."_s});
+        QCOMPARE(dialog->focusWidget(), named<QPushButton>(*dialog, u"تبصره ها : ..."_s));
     }
 
     // --- Figures ---
@@ -355,8 +357,8 @@ private Q_SLOTS:
         QCOMPARE(shown(*dialog, "dImposition2"), 3000.0);
         QCOMPARE(shown(*dialog, "dPayFirst"), 109000.0);
         dialog->accept();
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('|',dAmount,dCommission) FROM AutomobilContracts")),
-                 QStringLiteral("9000001|100000"));
+        QCOMPARE(value(u"SELECT CONCAT_WS('|',dAmount,dCommission) FROM AutomobilContracts"_s),
+                 u"9000001|100000"_s);
     }
 
     void percentOfZeroMakesTheDiscountExactlyZero()
@@ -382,24 +384,24 @@ private Q_SLOTS:
         QVERIFY(!edit(*dialog, "dPercentDiscount2")->isReadOnly());
         QVERIFY(!edit(*dialog, "sTel2")->isReadOnly());
         QCOMPARE(shown(*dialog, "dPaySecond"), 21800.0);
-        const QString name = QStringLiteral("نام و نام خانوادگي : طرف دوم");
-        QVERIFY(!named<QPushButton>(*party, name + QStringLiteral(" ..."))->isEnabled());
-        QVERIFY(!named<QPushButton>(*party, name + QStringLiteral(" حذف"))->isEnabled());
+        const QString name = u"نام و نام خانوادگي : طرف دوم"_s;
+        QVERIFY(!named<QPushButton>(*party, name + u" ..."_s)->isEnabled());
+        QVERIFY(!named<QPushButton>(*party, name + u" حذف"_s)->isEnabled());
         party->setKind(PartyKind::Ordinary);
         QVERIFY(edit(*dialog, "sTel2")->isReadOnly());
         QVERIFY(party->personField()->nameEdit()->isReadOnly());
-        QVERIFY(named<QPushButton>(*party, name + QStringLiteral(" ..."))->isEnabled());
+        QVERIFY(named<QPushButton>(*party, name + u" ..."_s)->isEnabled());
         QCOMPARE(party->personField()->personID(), 0);
         // The other party keeps all it had.
-        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
-        QCOMPARE(edit(*dialog, "sMobile1")->text(), QStringLiteral("0912"));
+        QCOMPARE(dialog->basePage()->firstParty()->name(), u"سارا کریمی"_s);
+        QCOMPARE(edit(*dialog, "sMobile1")->text(), u"0912"_s);
         party->takePerson(m_buyer);
         QCOMPARE(shown(*dialog, "dPercentDiscount2"), 10.0);
         QCOMPARE(shown(*dialog, "dPaySecond"), 19800.0);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('|',iPersonContract2,iPersonSecondID) FROM AutomobilContracts")),
-                 QStringLiteral("0|%1").arg(m_buyer));
+        QCOMPARE(value(u"SELECT CONCAT_WS('|',iPersonContract2,iPersonSecondID) FROM AutomobilContracts"_s),
+                 u"0|%1"_s.arg(m_buyer));
     }
 
     // --- The type ---
@@ -409,7 +411,7 @@ private Q_SLOTS:
         auto dialog = opened(m_office->addContract(), Mode::Edit);
         QComboBox *types = dialog->basePage()->form()->comboBox(column("iContractType"));
         auto matterIsShown = [&] {
-            const int tab = tabOf(*dialog, QStringLiteral("مشخصات فروش"));
+            const int tab = tabOf(*dialog, u"مشخصات فروش"_s);
             return tab >= 0 && !dialog->tabs()->button(tab)->isHidden();
         };
         QVERIFY(matterIsShown());
@@ -418,10 +420,10 @@ private Q_SLOTS:
         types->setCurrentIndex(2);
         QVERIFY(matterIsShown());
         auto letter = opened(m_office->addContract([](auto &contract) { contract.m_iContractType = 3; }), Mode::Edit);
-        QVERIFY(tabOf(*letter, QStringLiteral("مشخصات فروش")) < 0
-                || letter->tabs()->button(tabOf(*letter, QStringLiteral("مشخصات فروش")))->isHidden());
+        QVERIFY(tabOf(*letter, u"مشخصات فروش"_s) < 0
+                || letter->tabs()->button(tabOf(*letter, u"مشخصات فروش"_s))->isHidden());
         letter->basePage()->form()->comboBox(column("iContractType"))->setCurrentIndex(0);
-        QVERIFY(!letter->tabs()->button(tabOf(*letter, QStringLiteral("مشخصات فروش")))->isHidden());
+        QVERIFY(!letter->tabs()->button(tabOf(*letter, u"مشخصات فروش"_s))->isHidden());
     }
 
     // --- Closed database ---
@@ -432,7 +434,7 @@ private Q_SLOTS:
         GetDBSetting()->SetClosedDB(true);
         QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::NewContract(nullptr));
         QVERIFY_THROWS_EXCEPTION(KAccountingError, Dialog::EditContract(contract, false, nullptr));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
     }
 
     void databaseClosedMeanwhileKeepsWhatWasTypedAndSavesNothing()
@@ -442,9 +444,9 @@ private Q_SLOTS:
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.")});
+                 QStringList{u"این پایگاه داده بسته شده است و تغییر آن ممکن نیست."_s});
         QCOMPARE(shown(*dialog, "dAmount"), 1000000.0);
-        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM AutomobilContracts")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT dAmount FROM AutomobilContracts"_s), u"0"_s);
     }
 
     void archivedContractOfAClosedDatabaseStaysInTheArchive()
@@ -454,26 +456,26 @@ private Q_SLOTS:
         GetDBSetting()->SetClosedDB(true);
         dialog->unarchiveButton()->click();
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.")});
+                 QStringList{u"این پایگاه داده بسته شده است و تغییر آن ممکن نیست."_s});
         QVERIFY(dialog->isVisible());
         QVERIFY(!dialog->refreshNeeded());
-        QCOMPARE(value(QStringLiteral("SELECT iArchiveUserID FROM AutomobilContracts")), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT iArchiveUserID FROM AutomobilContracts"_s), u"1"_s);
         QVERIFY(opened(contract, Mode::Show)->unarchiveButton()->isHidden());
     }
 
     void shownContractGivesItsFieldsAndFilesToReadOnly()
     {
-        CTblCustomFields::define(CTblAutomobilContracts::recordKind, QStringLiteral("کارکرد"), CTblCustomFields::Text);
+        CTblCustomFields::define(CTblAutomobilContracts::recordKind, u"کارکرد"_s, CTblCustomFields::Text);
         auto dialog = opened(m_office->addContract(), Mode::Show);
         auto *fields = dialog->findChild<CDlgCustomFields *>();
         dialog->tabs()->setCurrentIndex(tabOf(*dialog, fields->title()));
-        QVERIFY(named<QLineEdit>(*fields, QStringLiteral("کارکرد :"))->isReadOnly());
-        QVERIFY(named<QPushButton>(*fields, QStringLiteral("تعریف فیلدها"))->isHidden());
+        QVERIFY(named<QLineEdit>(*fields, u"کارکرد :"_s)->isReadOnly());
+        QVERIFY(named<QPushButton>(*fields, u"تعریف فیلدها"_s)->isHidden());
         const QList<CDlgFileDocs *> filePages = dialog->findChildren<CDlgFileDocs *>();
         QCOMPARE(filePages.size(), 2);
         for (const CDlgFileDocs *files : filePages) {
-            QVERIFY(named<QPushButton>(*files, QStringLiteral("افزودن"))->isHidden());
-            QVERIFY(named<QPushButton>(*files, QStringLiteral("حذف"))->isHidden());
+            QVERIFY(named<QPushButton>(*files, u"افزودن"_s)->isHidden());
+            QVERIFY(named<QPushButton>(*files, u"حذف"_s)->isHidden());
         }
     }
 
@@ -491,14 +493,14 @@ private Q_SLOTS:
         QFETCH(int, stored);
         const int contract = m_office->addContract([stored](auto &row) {
             row.m_iUserID = stored;
-            row.m_sName1 = QStringLiteral("a");
-            row.m_sName2 = QStringLiteral("b");
+            row.m_sName1 = u"a"_s;
+            row.m_sName2 = u"b"_s;
             row.m_dAmount = 5;
         });
         auto dialog = opened(contract, Mode::Edit);
         fillMatterPage(*dialog->matterPage());
         dialog->accept();
-        QCOMPARE(value(QStringLiteral("SELECT iUserID FROM AutomobilContracts")).toInt(),
+        QCOMPARE(value(u"SELECT iUserID FROM AutomobilContracts"_s).toInt(),
                  stored == 0 ? m_office->adminID() : stored);
     }
 
@@ -506,18 +508,18 @@ private Q_SLOTS:
     void saveThatMeetsALockConflictRunsAgainAndGivesOneDocument()
     {
         TestDatabase &database = m_office->database();
-        database.run(QStringLiteral("CREATE TRIGGER Conflict BEFORE INSERT ON Docs FOR EACH ROW BEGIN "
-                                    "SET @inserts = IFNULL(@inserts, 0) + 1; IF @inserts = 3 THEN "
-                                    "SIGNAL SQLSTATE 'HY000' SET MYSQL_ERRNO = 1205; END IF; END"));
+        database.run(u"CREATE TRIGGER Conflict BEFORE INSERT ON Docs FOR EACH ROW BEGIN "
+                     "SET @inserts = IFNULL(@inserts, 0) + 1; IF @inserts = 3 THEN "
+                     "SIGNAL SQLSTATE 'HY000' SET MYSQL_ERRNO = 1205; END IF; END"_s);
         auto dialog = filledNew();
         dialog->accept();
-        database.run(QStringLiteral("DROP TRIGGER Conflict"));
+        database.run(u"DROP TRIGGER Conflict"_s);
         QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
-        QVERIFY(value(QStringLiteral("SELECT @inserts")).toInt() > 3);
-        const QString number = value(QStringLiteral("SELECT GROUP_CONCAT(iNum) FROM Documents"));
-        QCOMPARE(value(QStringLiteral("SELECT iDocNum FROM AutomobilContracts")), number);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*)=0 FROM Docs WHERE iDocNum<>%1").arg(number)), QStringLiteral("1"));
-        QCOMPARE(value(QStringLiteral("SELECT SUM(dBed)=SUM(dBes) FROM Docs")), QStringLiteral("1"));
+        QVERIFY(value(u"SELECT @inserts"_s).toInt() > 3);
+        const QString number = value(u"SELECT GROUP_CONCAT(iNum) FROM Documents"_s);
+        QCOMPARE(value(u"SELECT iDocNum FROM AutomobilContracts"_s), number);
+        QCOMPARE(value(u"SELECT COUNT(*)=0 FROM Docs WHERE iDocNum<>%1"_s.arg(number)), u"1"_s);
+        QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
         QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
     }
 };

@@ -20,6 +20,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Dialog = CDlgAddAutomobilContract;
@@ -46,8 +48,8 @@ class TestContractEditorOpening : public QObject
         return m_office->addContract([&](CTblAutomobilContracts &contract) {
             contract.m_iPersonFirstID = m_seller;
             contract.m_iPersonSecondID = m_buyer;
-            contract.m_sName1 = QStringLiteral("نام پیشین فروشنده");
-            contract.m_sName2 = QStringLiteral("نام پیشین خریدار");
+            contract.m_sName1 = u"نام پیشین فروشنده"_s;
+            contract.m_sName2 = u"نام پیشین خریدار"_s;
             if (more)
                 more(contract);
         });
@@ -73,7 +75,7 @@ class TestContractEditorOpening : public QObject
     static QStringList readBy(const std::function<void()> &call)
     {
         QStringList taken;
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         TestOffice::whenModal("CDlgAddAutomobilContract", [&](QWidget *window) {
             QVERIFY(QTest::qWaitForWindowExposed(window));
             QCoreApplication::processEvents();
@@ -91,14 +93,14 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_seller = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"),
-                                       [](CTblPersons &person) { person.m_sFatherName = QStringLiteral("حسن"); });
-        m_buyer = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"),
-                                      [](CTblPersons &person) { person.m_sFatherName = QStringLiteral("علی"); });
+        m_seller = m_office->addPerson(u"سارا"_s, u"کریمی"_s,
+                                       [](CTblPersons &person) { person.m_sFatherName = u"حسن"_s; });
+        m_buyer = m_office->addPerson(u"رضا"_s, u"احمدی"_s,
+                                      [](CTblPersons &person) { person.m_sFatherName = u"علی"_s; });
         store(1'000'000, 2);
         // What the tables look like is read once in the life of the program.
         (void)opened(addContract(), Mode::Edit);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts"));
+        m_office->database().run(u"DELETE FROM AutomobilContracts"_s);
     }
 
     void openingAnExistingContractReadsLittle_data()
@@ -106,8 +108,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("command");
         QTest::addColumn<bool>("archived");
         QTest::addColumn<int>("most");
-        const QString change = QStringLiteral("edit");
-        const QString show = QStringLiteral("show");
+        const QString change = u"edit"_s;
+        const QString show = u"show"_s;
         QTest::newRow("edited") << change << false << 5;
         QTest::newRow("shown") << show << false << 3;
         QTest::newRow("edited, which shows an archived one") << change << true << 6;
@@ -122,10 +124,10 @@ private Q_SLOTS:
         addContract([&](auto &contract) { contract.m_iArchiveUserID = archived ? 1 : 0; });
         CDlgAutomobilContracts page;
         if (archived)
-            m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=0"));
+            m_office->database().run(u"UPDATE AutomobilContracts SET iArchiveUserID=0"_s);
         page.open();
         if (archived)
-            m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET iArchiveUserID=1"));
+            m_office->database().run(u"UPDATE AutomobilContracts SET iArchiveUserID=1"_s);
         page.list()->selectRow(0);
         const QStringList taken = readBy([&] { QVERIFY(page.runCommand(command)); });
         QVERIFY(!taken.isEmpty());
@@ -136,7 +138,7 @@ private Q_SLOTS:
     void newContractReadsItsSettingsOnce()
     {
         const QStringList taken = readBy([] { QCOMPARE(Dialog::NewContract(nullptr), 0); });
-        QCOMPARE(taken.filter(QStringLiteral("Properties")).size(), 1);
+        QCOMPARE(taken.filter(u"Properties"_s).size(), 1);
         QVERIFY2(taken.size() <= 3, qPrintable(taken.join(u'\n')));
     }
 
@@ -147,31 +149,31 @@ private Q_SLOTS:
         const ContractPartyGroup *second = dialog->basePage()->secondParty();
         const auto father = [](const ContractPartyGroup *group, const QString &side) {
             for (const KEdit *line : group->findChildren<KEdit *>()) {
-                if (line->accessibleName() == QStringLiteral("نام پدر : ") + side)
+                if (line->accessibleName() == u"نام پدر : "_s + side)
                     return line->text();
             }
             return QString();
         };
-        QCOMPARE(first->name(), QStringLiteral("سارا کریمی"));
-        QCOMPARE(second->name(), QStringLiteral("رضا احمدی"));
-        QCOMPARE(father(first, QStringLiteral("طرف اول")), QStringLiteral("حسن"));
-        QCOMPARE(father(second, QStringLiteral("طرف دوم")), QStringLiteral("علی"));
+        QCOMPARE(first->name(), u"سارا کریمی"_s);
+        QCOMPARE(second->name(), u"رضا احمدی"_s);
+        QCOMPARE(father(first, u"طرف اول"_s), u"حسن"_s);
+        QCOMPARE(father(second, u"طرف دوم"_s), u"علی"_s);
     }
 
     void personThatIsGoneLeavesTheNameOfTheContract()
     {
         const int contract = addContract();
-        m_office->database().run(QStringLiteral("DELETE FROM Persons WHERE iID=%1").arg(m_seller));
+        m_office->database().run(u"DELETE FROM Persons WHERE iID=%1"_s.arg(m_seller));
         auto dialog = opened(contract, Mode::Edit);
-        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("نام پیشین فروشنده"));
-        QCOMPARE(dialog->basePage()->secondParty()->name(), QStringLiteral("رضا احمدی"));
+        QCOMPARE(dialog->basePage()->firstParty()->name(), u"نام پیشین فروشنده"_s);
+        QCOMPARE(dialog->basePage()->secondParty()->name(), u"رضا احمدی"_s);
     }
 
     void onePersonOnBothSidesIsShownTwice()
     {
         auto dialog = opened(addContract([this](auto &row) { row.m_iPersonSecondID = m_seller; }), Mode::Edit);
-        QCOMPARE(dialog->basePage()->firstParty()->name(), QStringLiteral("سارا کریمی"));
-        QCOMPARE(dialog->basePage()->secondParty()->name(), QStringLiteral("سارا کریمی"));
+        QCOMPARE(dialog->basePage()->firstParty()->name(), u"سارا کریمی"_s);
+        QCOMPARE(dialog->basePage()->secondParty()->name(), u"سارا کریمی"_s);
     }
 
     void settingOfAnotherUserCountsAtTheNextOpening()
@@ -183,7 +185,7 @@ private Q_SLOTS:
         for (const auto &[dialog, commission] : {std::pair(before.get(), 20000.0), std::pair(after.get(), 50000.0)}) {
             dialog->show();
             edit(*dialog, "dAmount")->selectAll();
-            QTest::keyClicks(edit(*dialog, "dAmount"), QStringLiteral("1000000"));
+            QTest::keyClicks(edit(*dialog, "dAmount"), u"1000000"_s);
             QCOMPARE(edit(*dialog, "dCommission")->number(), commission);
         }
     }

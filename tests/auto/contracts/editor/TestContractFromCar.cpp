@@ -9,6 +9,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::optional<QString> textFor(const CarForContract &car, const QString &column)
@@ -44,11 +46,11 @@ void TestContractFromCar::pair_data()
     const auto row = [](const char *name, const CarForContract &car, const char *column, const Text &text) {
         QTest::newRow(name) << car << QString::fromLatin1(column) << text;
     };
-    const QString value = QStringLiteral("متن 12");
-    row("brand and model are the car's name", {.brand = QStringLiteral("پژو"), .model = QStringLiteral("206")}, "sAutomobilName",
-        QStringLiteral("پژو 206"));
-    row("brand alone", {.brand = QStringLiteral("پژو")}, "sAutomobilName", QStringLiteral("پژو"));
-    row("model alone", {.model = QStringLiteral("206")}, "sAutomobilName", QStringLiteral("206"));
+    const QString value = u"متن 12"_s;
+    row("brand and model are the car's name", {.brand = u"پژو"_s, .model = u"206"_s}, "sAutomobilName",
+        u"پژو 206"_s);
+    row("brand alone", {.brand = u"پژو"_s}, "sAutomobilName", u"پژو"_s);
+    row("model alone", {.model = u"206"_s}, "sAutomobilName", u"206"_s);
     row("neither", {}, "sAutomobilName", QString());
     row("class", {.carClass = value}, "sBrigade", value);
     row("system", {.system = value}, "sSystem", value);
@@ -58,26 +60,26 @@ void TestContractFromCar::pair_data()
     row("engine number", {.engineNumber = value}, "sNumOfEngines", value);
     row("VIN", {.vin = value}, "sVIN", value);
     row("delivered documents", {.documentsDelivered = value}, "sDocumentsDelivered", value);
-    row("production year", {.year = 1402}, "sModel", QStringLiteral("1402"));
+    row("production year", {.year = 1402}, "sModel", u"1402"_s);
     row("no year", {}, "sModel", QString());
-    row("axles", {.axles = 2}, "sNumOFAxles", QStringLiteral("2"));
+    row("axles", {.axles = 2}, "sNumOFAxles", u"2"_s);
     row("no axles", {}, "sNumOFAxles", QString());
-    row("wheels", {.wheels = 4}, "sNumOfWheels", QStringLiteral("4"));
+    row("wheels", {.wheels = 4}, "sNumOfWheels", u"4"_s);
     row("no wheels", {}, "sNumOfWheels", QString());
     row("a colour that is not there empties the field", {}, "sColor", QString());
     row("description", {.description = value}, "sDescMatter", value);
     row("no description leaves the field", {}, "sDescMatter", std::nullopt);
 
     row("vehicle kind 0 leaves the field", {.usageType = 0}, "sAutomobilType", std::nullopt);
-    row("vehicle kind 1", {.usageType = 1}, "sAutomobilType", QStringLiteral("سواری"));
-    row("vehicle kind 2", {.usageType = 2}, "sAutomobilType", QStringLiteral("سنگین"));
+    row("vehicle kind 1", {.usageType = 1}, "sAutomobilType", u"سواری"_s);
+    row("vehicle kind 2", {.usageType = 2}, "sAutomobilType", u"سنگین"_s);
     row("vehicle kind 3 leaves the field", {.usageType = 3}, "sAutomobilType", std::nullopt);
     row("fuel 0 leaves the field", {.fuel = 0}, "sFuel", std::nullopt);
-    row("fuel 1", {.fuel = 1}, "sFuel", QStringLiteral("بنزین"));
-    row("fuel 2", {.fuel = 2}, "sFuel", QStringLiteral("دوگانه سوز"));
-    row("fuel 3", {.fuel = 3}, "sFuel", QStringLiteral("گاز"));
-    row("fuel 4", {.fuel = 4}, "sFuel", QStringLiteral("گازوئیل"));
-    row("fuel 5", {.fuel = 5}, "sFuel", QStringLiteral("سایر"));
+    row("fuel 1", {.fuel = 1}, "sFuel", u"بنزین"_s);
+    row("fuel 2", {.fuel = 2}, "sFuel", u"دوگانه سوز"_s);
+    row("fuel 3", {.fuel = 3}, "sFuel", u"گاز"_s);
+    row("fuel 4", {.fuel = 4}, "sFuel", u"گازوئیل"_s);
+    row("fuel 5", {.fuel = 5}, "sFuel", u"سایر"_s);
     row("fuel 6 leaves the field", {.fuel = 6}, "sFuel", std::nullopt);
     row("fuel -1 leaves the field", {.fuel = -1}, "sFuel", std::nullopt);
     row("the share is no matter of the car", {}, "sDengue", std::nullopt);
@@ -98,7 +100,7 @@ void TestContractFromCar::everyPairNamesAFieldOfTheMatterPageOnce()
         known << field.column;
     QStringList named;
     for (const auto &[column, text] :
-         contractFromCar({.description = QStringLiteral("d"), .usageType = 1, .fuel = 1})) {
+         contractFromCar({.description = u"d"_s, .usageType = 1, .fuel = 1})) {
         QVERIFY2(known.contains(column), qPrintable(column));
         QVERIFY2(!named.contains(column), qPrintable(column));
         named << column;

@@ -10,6 +10,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestContractTitle : public QObject
 {
     Q_OBJECT
@@ -23,12 +25,12 @@ private Q_SLOTS:
         const int create = int(ContractEditorMode::New);
         const int edit = int(ContractEditorMode::Edit);
         const int show = int(ContractEditorMode::Show);
-        QTest::newRow("sale, new: no blank before the dash") << 0 << create << QStringLiteral("قرارداد مبایعه نامه- جدید");
-        QTest::newRow("rent, edit: no blank before the dash") << 1 << edit << QStringLiteral("قرارداد اجاره- ویرایش");
-        QTest::newRow("instalments, show: a blank") << 2 << show << QStringLiteral("قرارداد فروش اقساطی - نمایش");
-        QTest::newRow("letter") << 3 << create << QStringLiteral("قرارداد نامه- جدید");
-        QTest::newRow("unknown type has no name") << 4 << edit << QStringLiteral("قرارداد - ویرایش");
-        QTest::newRow("negative type has no name") << -1 << show << QStringLiteral("قرارداد  - نمایش");
+        QTest::newRow("sale, new: no blank before the dash") << 0 << create << u"قرارداد مبایعه نامه- جدید"_s;
+        QTest::newRow("rent, edit: no blank before the dash") << 1 << edit << u"قرارداد اجاره- ویرایش"_s;
+        QTest::newRow("instalments, show: a blank") << 2 << show << u"قرارداد فروش اقساطی - نمایش"_s;
+        QTest::newRow("letter") << 3 << create << u"قرارداد نامه- جدید"_s;
+        QTest::newRow("unknown type has no name") << 4 << edit << u"قرارداد - ویرایش"_s;
+        QTest::newRow("negative type has no name") << -1 << show << u"قرارداد  - نمایش"_s;
     }
 
     void titleIsTheTypesNameAndTheModesSuffix()
@@ -51,15 +53,15 @@ private Q_SLOTS:
     void notesTakeOneColumnEachInOrder()
     {
         CTblAutomobilContracts contract;
-        contract.m_sNote9 = QStringLiteral("old");
-        ContractNotes::setNotes(contract, {QStringLiteral("یک"), QStringLiteral("دو")});
-        QCOMPARE(contract.m_sNote1, QStringLiteral("یک"));
-        QCOMPARE(contract.m_sNote2, QStringLiteral("دو"));
+        contract.m_sNote9 = u"old"_s;
+        ContractNotes::setNotes(contract, {u"یک"_s, u"دو"_s});
+        QCOMPARE(contract.m_sNote1, u"یک"_s);
+        QCOMPARE(contract.m_sNote2, u"دو"_s);
         QVERIFY(contract.m_sNote9.isEmpty());
-        QCOMPARE(ContractNotes::notes(contract), (QStringList{QStringLiteral("یک"), QStringLiteral("دو")}));
+        QCOMPARE(ContractNotes::notes(contract), (QStringList{u"یک"_s, u"دو"_s}));
         contract.m_sNote1.clear();
-        contract.m_sNote10 = QStringLiteral("ده");
-        QCOMPARE(ContractNotes::notes(contract), (QStringList{QStringLiteral("دو"), QStringLiteral("ده")}));
+        contract.m_sNote10 = u"ده"_s;
+        QCOMPARE(ContractNotes::notes(contract), (QStringList{u"دو"_s, u"ده"_s}));
     }
 
     void settlementIsPaymentTaxAndDuty()

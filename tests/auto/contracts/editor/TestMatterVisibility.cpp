@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestMatterVisibility : public QObject
 {
     Q_OBJECT
@@ -19,14 +21,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("unused");
         QTest::newRow("sale: no cash line, no rent, no instalments")
             << 0
-            << QStringLiteral("dFixAmount dAmountRent sRentTime dateRent dateRentExpire sNumOfMonths sNumOfInstallment sUsanceNum "
-                              "dDelayAmount");
+            << u"dFixAmount dAmountRent sRentTime dateRent dateRentExpire sNumOfMonths sNumOfInstallment sUsanceNum "
+               "dDelayAmount"_s;
         QTest::newRow("rent: no cash line, no instalments")
-            << 1 << QStringLiteral("dFixAmount sNumOfInstallment sUsanceNum dDelayAmount");
+            << 1 << u"dFixAmount sNumOfInstallment sUsanceNum dDelayAmount"_s;
         QTest::newRow("instalment sale: no cash line, no notary document, months, cheque text, remainder or rent amount")
             << 2
-            << QStringLiteral("dFixAmount dateDocument dateOffice sNumOfMonths sDescCheck dRemainingAmount sDescRemainingAmount "
-                              "dAmountRent");
+            << u"dFixAmount dateDocument dateOffice sNumOfMonths sDescCheck dRemainingAmount sDescRemainingAmount "
+               "dAmountRent"_s;
     }
 
     void fieldsThatATypeDoesNotUse()

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestModelYear : public QObject
 {
     Q_OBJECT
@@ -15,24 +17,24 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<bool>("accepted");
-        QTest::newRow("999") << QStringLiteral("999") << false;
-        QTest::newRow("1000") << QStringLiteral("1000") << true;
-        QTest::newRow("3000") << QStringLiteral("3000") << true;
-        QTest::newRow("3001") << QStringLiteral("3001") << false;
-        QTest::newRow("1402, a Shamsi year") << QStringLiteral("1402") << true;
-        QTest::newRow("Persian digits") << QStringLiteral("۱۴۰۲") << true;
-        QTest::newRow("Arabic-Indic digits") << QStringLiteral("١٤٠٢") << true;
-        QTest::newRow("Persian digits out of range") << QStringLiteral("۹۹۹") << false;
-        QTest::newRow("blanks around") << QStringLiteral(" 1402 ") << true;
+        QTest::newRow("999") << u"999"_s << false;
+        QTest::newRow("1000") << u"1000"_s << true;
+        QTest::newRow("3000") << u"3000"_s << true;
+        QTest::newRow("3001") << u"3001"_s << false;
+        QTest::newRow("1402, a Shamsi year") << u"1402"_s << true;
+        QTest::newRow("Persian digits") << u"۱۴۰۲"_s << true;
+        QTest::newRow("Arabic-Indic digits") << u"١٤٠٢"_s << true;
+        QTest::newRow("Persian digits out of range") << u"۹۹۹"_s << false;
+        QTest::newRow("blanks around") << u" 1402 "_s << true;
         QTest::newRow("empty") << QString() << false;
-        QTest::newRow("zero") << QStringLiteral("0") << false;
-        QTest::newRow("a sign") << QStringLiteral("+1402") << false;
-        QTest::newRow("negative") << QStringLiteral("-1402") << false;
-        QTest::newRow("no whole number") << QStringLiteral("1402.5") << false;
-        QTest::newRow("grouped") << QStringLiteral("1,402") << false;
-        QTest::newRow("words") << QStringLiteral("هزار") << false;
-        QTest::newRow("a number and words") << QStringLiteral("1402 صفر") << false;
-        QTest::newRow("too large for a number") << QStringLiteral("14021402140214021402") << false;
+        QTest::newRow("zero") << u"0"_s << false;
+        QTest::newRow("a sign") << u"+1402"_s << false;
+        QTest::newRow("negative") << u"-1402"_s << false;
+        QTest::newRow("no whole number") << u"1402.5"_s << false;
+        QTest::newRow("grouped") << u"1,402"_s << false;
+        QTest::newRow("words") << u"هزار"_s << false;
+        QTest::newRow("a number and words") << u"1402 صفر"_s << false;
+        QTest::newRow("too large for a number") << u"14021402140214021402"_s << false;
     }
 
     void yearOf999Or3001IsRefused1000And3000AreAccepted()

@@ -22,12 +22,14 @@
 #include <QRadioButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString calculateButton = QStringLiteral("محاسبه اقساط");
-const QString saveButton = QStringLiteral("ذخيره اقساط");
-const QString deleteButton = QStringLiteral("حذف اقساط");
-const QString receiveButton = QStringLiteral("دريافت قسط");
+const QString calculateButton = u"محاسبه اقساط"_s;
+const QString saveButton = u"ذخيره اقساط"_s;
+const QString deleteButton = u"حذف اقساط"_s;
+const QString receiveButton = u"دريافت قسط"_s;
 
 InstalmentTerms terms(int count = 12)
 {
@@ -60,8 +62,8 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilPayments"));
-        m_person = m_office->addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
+        m_office->database().run(u"DELETE FROM AutomobilPayments"_s);
+        m_person = m_office->addPerson(u"رضا"_s, u"احمدی"_s);
         m_contract = m_office->addContract([this](CTblAutomobilContracts &contract) {
             contract.m_iContractType = 2;
             contract.m_iPersonSecondID = m_person;
@@ -72,29 +74,29 @@ private Q_SLOTS:
     void everyTextIsToTheLetterAndTheFirstChoicesStand()
     {
         CDlgCalcPayment dialog(m_contract, m_person, 500);
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("محاسبه اقساط"));
+        QCOMPARE(dialog.windowTitle(), u"محاسبه اقساط"_s);
         QStringList labels;
         for (const QLabel *label : dialog.findChildren<QLabel *>())
             labels << label->text();
         for (const QString &text :
-             {QStringLiteral("مبلغ مانده فاکتور جهت تقسيط :"), QStringLiteral(" شروع تاريخ :"), QStringLiteral("درصد بهره :"),
-              QStringLiteral("تعداد اقساط :"), QStringLiteral("فاصله اقساط :"), QStringLiteral("جمع اقساط :"),
-              QStringLiteral("بهره اضافه شده :"), QStringLiteral("مانده فاکتور قسطي :"),
-              QStringLiteral("به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد.")})
+             {u"مبلغ مانده فاکتور جهت تقسيط :"_s, u" شروع تاريخ :"_s, u"درصد بهره :"_s,
+              u"تعداد اقساط :"_s, u"فاصله اقساط :"_s, u"جمع اقساط :"_s,
+              u"بهره اضافه شده :"_s, u"مانده فاکتور قسطي :"_s,
+              u"به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد."_s})
             QVERIFY2(labels.contains(text), qPrintable(text));
-        QCOMPARE(dialog.findChild<QGroupBox *>()->title(), QStringLiteral("روش محاسبه بهره"));
-        for (const QString &caption : {calculateButton, saveButton, deleteButton, QStringLiteral("چاپ"), QStringLiteral("بازگشت")})
+        QCOMPARE(dialog.findChild<QGroupBox *>()->title(), u"روش محاسبه بهره"_s);
+        for (const QString &caption : {calculateButton, saveButton, deleteButton, u"چاپ"_s, u"بازگشت"_s})
             QVERIFY2(dialog.button(caption), qPrintable(caption));
         QStringList titles;
         for (int i = 0; i < 5; ++i)
             titles << dialog.list()->model()->headerData(i, Qt::Horizontal).toString();
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("تاریخ قسط"), QStringLiteral("شرح"), QStringLiteral("مبلغ قسط"), QStringLiteral("وضعیت")}));
+        QCOMPARE(titles, (QStringList{u"ردیف"_s, u"تاریخ قسط"_s, u"شرح"_s, u"مبلغ قسط"_s, u"وضعیت"_s}));
         for (const QRadioButton *radio : dialog.findChildren<QRadioButton *>())
-            QCOMPARE(radio->isChecked(), radio->text() == QStringLiteral("بازاري"));
+            QCOMPARE(radio->isChecked(), radio->text() == u"بازاري"_s);
         QStringList chosen;
         for (const QComboBox *combo : dialog.findChildren<QComboBox *>())
             chosen << combo->currentText();
-        QCOMPARE(chosen, (QStringList{QStringLiteral("ماهانه"), QStringLiteral("ماه")}));
+        QCOMPARE(chosen, (QStringList{u"ماهانه"_s, u"ماه"_s}));
         QCOMPARE(dialog.terms().principal, 500.0);
         QVERIFY(!dialog.isNoteShown());
     }
@@ -105,11 +107,11 @@ private Q_SLOTS:
         dialog.setTerms(terms());
         dialog.calculate();
         QCOMPARE(dialog.list()->count(), 12);
-        QCOMPARE(dialog.list()->cellText(0, 0), QStringLiteral("1"));
-        QCOMPARE(dialog.list()->cellText(0, 1), QStringLiteral("1405/02/01"));
+        QCOMPARE(dialog.list()->cellText(0, 0), u"1"_s);
+        QCOMPARE(dialog.list()->cellText(0, 1), u"1405/02/01"_s);
         QCOMPARE(dialog.list()->cellText(0, 2), QString());
-        QCOMPARE(dialog.list()->cellText(0, 3), QStringLiteral("112"));
-        QCOMPARE(dialog.list()->cellText(0, 4), QStringLiteral("پرداخت نشده"));
+        QCOMPARE(dialog.list()->cellText(0, 3), u"112"_s);
+        QCOMPARE(dialog.list()->cellText(0, 4), u"پرداخت نشده"_s);
         QCOMPARE(dialog.shownTotal(), 1344.0);
         QCOMPARE(dialog.shownInterest(), 144.0);
     }
@@ -120,9 +122,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("count");
         QTest::addColumn<int>("interval");
         QTest::addColumn<QString>("message");
-        QTest::newRow("principal") << 0. << 0 << 0 << QStringLiteral("لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید.");
-        QTest::newRow("count") << 10. << 0 << 0 << QStringLiteral("لطفا تعداد اقساط را وارد نمایید.");
-        QTest::newRow("interval") << 10. << 2 << 0 << QStringLiteral("لطفا فاصله اقساط را وارد نمایید.");
+        QTest::newRow("principal") << 0. << 0 << 0 << u"لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید."_s;
+        QTest::newRow("count") << 10. << 0 << 0 << u"لطفا تعداد اقساط را وارد نمایید."_s;
+        QTest::newRow("interval") << 10. << 2 << 0 << u"لطفا فاصله اقساط را وارد نمایید."_s;
     }
 
     void wrongInputGivesItsOneWarningAndLeavesTheList()
@@ -147,7 +149,7 @@ private Q_SLOTS:
     {
         CDlgCalcPayment dialog(m_contract, m_person, 0);
         dialog.savePlan();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("ابتدا باید دکمه محاسبه اقساط را بزنید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"ابتدا باید دکمه محاسبه اقساط را بزنید."_s});
     }
 
     void savingAPlanOfAnotherPrincipalIsRefused()
@@ -159,8 +161,8 @@ private Q_SLOTS:
         changed.principal = 1300;
         dialog.setTerms(changed);
         dialog.savePlan();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست.")});
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("0"));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست."_s});
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"0"_s);
     }
 
     void largePlanIsSavedInSpiteOfRounding()
@@ -173,27 +175,27 @@ private Q_SLOTS:
         dialog.calculate();
         dialog.savePlan();
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("37"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"37"_s);
     }
 
     void savedRowsHoldThePlan()
     {
         storePlan();
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments WHERE iAutomobilContractID=%1 AND iPersonID=%2 "
-                                      "AND iStatus=0 AND iMonths=1 AND iDays=0 AND dAmount=112")
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments WHERE iAutomobilContractID=%1 AND iPersonID=%2 "
+                       "AND iStatus=0 AND iMonths=1 AND iDays=0 AND dAmount=112"_s
                            .arg(m_contract)
                            .arg(m_person)),
-                 QStringLiteral("12"));
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iNum ORDER BY iNum) FROM AutomobilPayments")),
-                 QStringLiteral("1,2,3,4,5,6,7,8,9,10,11,12"));
-        QCOMPARE(value(QStringLiteral("SELECT date FROM AutomobilPayments WHERE iNum=1")), QStringLiteral("2026-04-21 00:00:00"));
-        QCOMPARE(value(QStringLiteral("SELECT iUserID FROM AutomobilPayments LIMIT 1")).toInt(), m_office->adminID());
-        QVERIFY(!value(QStringLiteral("SELECT sDesc FROM AutomobilPayments LIMIT 1")).isEmpty());
+                 u"12"_s);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iNum ORDER BY iNum) FROM AutomobilPayments"_s),
+                 u"1,2,3,4,5,6,7,8,9,10,11,12"_s);
+        QCOMPARE(value(u"SELECT date FROM AutomobilPayments WHERE iNum=1"_s), u"2026-04-21 00:00:00"_s);
+        QCOMPARE(value(u"SELECT iUserID FROM AutomobilPayments LIMIT 1"_s).toInt(), m_office->adminID());
+        QVERIFY(!value(u"SELECT sDesc FROM AutomobilPayments LIMIT 1"_s).isEmpty());
     }
 
     void savingReplacesTheEarlierPlanOfThisContractOnly()
     {
-        m_office->database().run(QStringLiteral("INSERT INTO AutomobilPayments (iAutomobilContractID,dAmount) VALUES(999,5)"));
+        m_office->database().run(u"INSERT INTO AutomobilPayments (iAutomobilContractID,dAmount) VALUES(999,5)"_s);
         storePlan();
         CDlgCalcPayment dialog(m_contract, m_person, 0);
         InstalmentTerms days = terms(3);
@@ -202,8 +204,8 @@ private Q_SLOTS:
         dialog.setTerms(days);
         dialog.calculate();
         dialog.savePlan();
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments WHERE iDays=30 AND iMonths=0")), QStringLiteral("3"));
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("4"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments WHERE iDays=30 AND iMonths=0"_s), u"3"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"4"_s);
     }
 
     void storedPlanIsShownWhenTheWindowOpensAgain()
@@ -226,11 +228,11 @@ private Q_SLOTS:
         QTest::addColumn<int>("interval");
         QTest::addColumn<bool>("days");
         QTest::addColumn<QString>("start");
-        QTest::newRow("months, whole principal") << 2.5 << false << true << 1 << false << QStringLiteral("1405/01/15");
-        QTest::newRow("yearly rate, declining") << 23. << true << false << 2 << false << QStringLiteral("1405/06/31");
-        QTest::newRow("days") << 1.75 << false << true << 45 << true << QStringLiteral("1404/12/29");
-        QTest::newRow("from the last day of a leap year") << 3. << false << false << 1 << false << QStringLiteral("1403/12/30");
-        QTest::newRow("no interest") << 0. << false << true << 1 << false << QStringLiteral("1405/02/01");
+        QTest::newRow("months, whole principal") << 2.5 << false << true << 1 << false << u"1405/01/15"_s;
+        QTest::newRow("yearly rate, declining") << 23. << true << false << 2 << false << u"1405/06/31"_s;
+        QTest::newRow("days") << 1.75 << false << true << 45 << true << u"1404/12/29"_s;
+        QTest::newRow("from the last day of a leap year") << 3. << false << false << 1 << false << u"1403/12/30"_s;
+        QTest::newRow("no interest") << 0. << false << true << 1 << false << u"1405/02/01"_s;
     }
 
     void storedPlanComesBackWithTheTermsItWasMadeOf()
@@ -264,13 +266,13 @@ private Q_SLOTS:
 
     void nothingIsReceivedForAContractThatWasNeverConfirmed()
     {
-        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET iDocNum=0"));
+        m_office->database().run(u"UPDATE AutomobilContracts SET iDocNum=0"_s);
         storePlan();
         CDlgCalcPayment dialog(m_contract, m_person, 0);
         dialog.list()->selectRow(0);
         QVERIFY(!dialog.button(receiveButton)->isEnabled());
         dialog.receiveSelected();
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     }
 
     void deletingAsksAndTakesThePlan()
@@ -283,7 +285,7 @@ private Q_SLOTS:
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
         dialog.deletePlan();
         QCOMPARE(dialog.list()->count(), 0);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"0"_s);
     }
 
     void receivedInstalmentIsPaidAndThePlanStaysAsItIs()
@@ -293,21 +295,21 @@ private Q_SLOTS:
         dialog.list()->selectRow(1);
         TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
         dialog.receiveSelected();
-        QCOMPARE(value(QStringLiteral("SELECT dAmount FROM Receipts")).toDouble(), 112.0);
-        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), QStringLiteral("1/0/0"));
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',h.iKind,SUM(d.dBed),SUM(d.dBes)) FROM Receipts r JOIN Documents h "
-                                      "ON h.iNum=r.iDocNum AND h.iFiscalYear=r.iFiscalYear JOIN Docs d ON d.iDocNum=h.iNum "
-                                      "AND d.iFiscalYear=h.iFiscalYear GROUP BY r.iID")),
-                 QStringLiteral("3/112/112"));
-        QCOMPARE(value(QStringLiteral("SELECT iStatus FROM AutomobilPayments WHERE iNum=2")), QStringLiteral("1"));
-        QCOMPARE(dialog.list()->cellText(1, 4), QStringLiteral("پرداخت شده"));
+        QCOMPARE(value(u"SELECT dAmount FROM Receipts"_s).toDouble(), 112.0);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',h.iKind,SUM(d.dBed),SUM(d.dBes)) FROM Receipts r JOIN Documents h "
+                       "ON h.iNum=r.iDocNum AND h.iFiscalYear=r.iFiscalYear JOIN Docs d ON d.iDocNum=h.iNum "
+                       "AND d.iFiscalYear=h.iFiscalYear GROUP BY r.iID"_s),
+                 u"3/112/112"_s);
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments WHERE iNum=2"_s), u"1"_s);
+        QCOMPARE(dialog.list()->cellText(1, 4), u"پرداخت شده"_s);
         QVERIFY(dialog.isNoteShown());
         for (const QString &caption : {calculateButton, saveButton, deleteButton, receiveButton})
             QVERIFY2(!dialog.button(caption)->isEnabled(), qPrintable(caption));
         dialog.calculate();
         dialog.savePlan();
         dialog.deletePlan();
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("12"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"12"_s);
         dialog.list()->selectRow(2);
         QVERIFY(dialog.button(receiveButton)->isEnabled());
     }
@@ -319,7 +321,7 @@ private Q_SLOTS:
         dialog.list()->selectRow(0);
         TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
         dialog.receiveSelected();
-        QCOMPARE(value(QStringLiteral("SELECT SUM(iStatus) FROM AutomobilPayments")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT SUM(iStatus) FROM AutomobilPayments"_s), u"0"_s);
         QVERIFY(!dialog.isNoteShown());
     }
 
@@ -345,39 +347,39 @@ private Q_SLOTS:
         CDlgCalcPayment dialog(m_contract, m_person, 0);
         dialog.setTerms(terms(5));
         dialog.calculate();
-        m_office->database().run(QStringLiteral("CREATE TRIGGER refuseThird BEFORE INSERT ON AutomobilPayments FOR EACH ROW "
-                                                "IF NEW.iNum=3 THEN SIGNAL SQLSTATE '45000'; END IF"));
+        m_office->database().run(u"CREATE TRIGGER refuseThird BEFORE INSERT ON AutomobilPayments FOR EACH ROW "
+                                 "IF NEW.iNum=3 THEN SIGNAL SQLSTATE '45000'; END IF"_s);
         bool raised = false;
         try {
             dialog.savePlan();
         } catch (const CMySQLException &) {
             raised = true;
         }
-        m_office->database().run(QStringLiteral("DROP TRIGGER refuseThird"));
+        m_office->database().run(u"DROP TRIGGER refuseThird"_s);
         QVERIFY(raised);
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilPayments")), QStringLiteral("2"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"2"_s);
     }
 
     void planOnPaperHasItsTitleSumsAndRows()
     {
-        m_office->database().run(QStringLiteral("UPDATE AutomobilContracts SET iNum=45"));
+        m_office->database().run(u"UPDATE AutomobilContracts SET iNum=45"_s);
         storePlan();
         CDlgCalcPayment dialog(m_contract, m_person, 0);
         const ListReport report = dialog.planReport();
-        QCOMPARE(report.group(), QStringLiteral("اقساط"));
-        QCOMPARE(report.report(), QStringLiteral("اقساط فاکتور"));
-        QCOMPARE(report.text(QStringLiteral("Title")), QStringLiteral("اقساط فاکتور ش 45 [رضا احمدی]"));
-        QCOMPARE(report.text(QStringLiteral("LeftTop")), QStringLiteral("جمع اقساط : 1,344"));
-        QCOMPARE(report.text(QStringLiteral("LeftBottom")),
-                 QStringLiteral("تاریخ چاپ : ") + shamsiText(GetDBSetting()->GetDBServerDate().date()));
-        QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد : 12"));
+        QCOMPARE(report.group(), u"اقساط"_s);
+        QCOMPARE(report.report(), u"اقساط فاکتور"_s);
+        QCOMPARE(report.text(u"Title"_s), u"اقساط فاکتور ش 45 [رضا احمدی]"_s);
+        QCOMPARE(report.text(u"LeftTop"_s), u"جمع اقساط : 1,344"_s);
+        QCOMPARE(report.text(u"LeftBottom"_s),
+                 u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
+        QCOMPARE(report.text(u"Count"_s), u"تعداد : 12"_s);
         QCOMPARE(report.rows().size(), 12);
     }
 
     void printingNeedsItsRightAndIsNotRefusedByAPaidInstalment()
     {
         storePlan();
-        m_office->database().run(QStringLiteral("UPDATE AutomobilPayments SET iStatus=1 WHERE iNum=1"));
+        m_office->database().run(u"UPDATE AutomobilPayments SET iStatus=1 WHERE iNum=1"_s);
         CDlgCalcPayment dialog(m_contract, m_person, 0);
         QVERIFY(dialog.isNoteShown());
         bool shown = false;
@@ -385,12 +387,12 @@ private Q_SLOTS:
             shown = true;
             static_cast<QDialog *>(window)->reject();
         });
-        dialog.button(QStringLiteral("چاپ"))->click();
+        dialog.button(u"چاپ"_s)->click();
         QVERIFY(shown);
-        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilContracts"), KSecurity::allRights & ~KSecurity::PrintList);
-        dialog.button(QStringLiteral("چاپ"))->click();
+        m_office->logInAs(u"clerk"_s, u"AutomobilContracts"_s, KSecurity::allRights & ~KSecurity::PrintList);
+        dialog.button(u"چاپ"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{KSecurity::refusalText(QStringLiteral("AutomobilContracts"), KSecurity::PrintList)});
+                 QStringList{KSecurity::refusalText(u"AutomobilContracts"_s, KSecurity::PrintList)});
     }
 
     void closedDatabaseAndReadOnlyRefuseChanges()

@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestInstalmentPlan : public QObject
 {
     Q_OBJECT
@@ -75,23 +77,23 @@ private Q_SLOTS:
             return list;
         };
         QTest::newRow("first instalment falls one step after the start date")
-            << QStringLiteral("1405/01/01") << false << 1 << dates({"1405/02/01", "1405/03/01"});
+            << u"1405/01/01"_s << false << 1 << dates({"1405/02/01", "1405/03/01"});
         QTest::newRow("three months move one Shamsi month per instalment")
-            << QStringLiteral("1405/01/15") << false << 3 << dates({"1405/02/15", "1405/03/15", "1405/04/15"});
+            << u"1405/01/15"_s << false << 3 << dates({"1405/02/15", "1405/03/15", "1405/04/15"});
         QTest::newRow("last days of month 6 move by 31 days and skip into month 8")
-            << QStringLiteral("1405/06/31") << false << 1 << dates({"1405/08/01"});
+            << u"1405/06/31"_s << false << 1 << dates({"1405/08/01"});
         QTest::newRow("thirtieth of month 6 stays in month 7")
-            << QStringLiteral("1405/06/30") << false << 1 << dates({"1405/07/30", "1405/08/30"});
+            << u"1405/06/30"_s << false << 1 << dates({"1405/07/30", "1405/08/30"});
         QTest::newRow("month 12 of a leap year has 30 days")
-            << QStringLiteral("1403/12/30") << false << 1 << dates({"1404/01/30", "1404/02/30"});
+            << u"1403/12/30"_s << false << 1 << dates({"1404/01/30", "1404/02/30"});
         QTest::newRow("month 12 of another year has 29 days")
-            << QStringLiteral("1404/12/29") << false << 1 << dates({"1405/01/29"});
+            << u"1404/12/29"_s << false << 1 << dates({"1405/01/29"});
         QTest::newRow("month 11 into month 12 of another year")
-            << QStringLiteral("1404/11/30") << false << 1 << dates({"1405/01/01", "1405/02/01"});
+            << u"1404/11/30"_s << false << 1 << dates({"1405/01/01", "1405/02/01"});
         QTest::newRow("month 11 into month 12 of a leap year")
-            << QStringLiteral("1403/11/30") << false << 1 << dates({"1403/12/30", "1404/01/30"});
+            << u"1403/11/30"_s << false << 1 << dates({"1403/12/30", "1404/01/30"});
         QTest::newRow("30 days move by exactly 30 days")
-            << QStringLiteral("1405/01/01") << true << 30 << dates({"1405/01/31", "1405/02/30", "1405/03/29"});
+            << u"1405/01/01"_s << true << 30 << dates({"1405/01/31", "1405/02/30", "1405/03/29"});
     }
 
     void dueDates()

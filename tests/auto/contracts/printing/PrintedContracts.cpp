@@ -6,6 +6,8 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/crm/persons/CTblPersons.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0)
@@ -15,31 +17,31 @@ QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0)
 
 void describeParties(CTblAutomobilContracts &contract)
 {
-    contract.m_sByVirtueFirst = QStringLiteral("وکالت 55214");
-    contract.m_sByVirtueSecond = QStringLiteral("معرفی 70");
-    contract.m_sFromFirst = QStringLiteral("نرگس احمدی");
-    contract.m_sFromSecond = QStringLiteral("شرکت باربری");
-    contract.m_sAddressSample = QStringLiteral("تهران، بزرگراه رسالت");
-    contract.m_sNoAdvice = QStringLiteral("3345");
-    contract.m_sDomainRegister = QStringLiteral("مرکزی");
+    contract.m_sByVirtueFirst = u"وکالت 55214"_s;
+    contract.m_sByVirtueSecond = u"معرفی 70"_s;
+    contract.m_sFromFirst = u"نرگس احمدی"_s;
+    contract.m_sFromSecond = u"شرکت باربری"_s;
+    contract.m_sAddressSample = u"تهران، بزرگراه رسالت"_s;
+    contract.m_sNoAdvice = u"3345"_s;
+    contract.m_sDomainRegister = u"مرکزی"_s;
 }
 
 void describeVehicle(CTblAutomobilContracts &contract)
 {
-    contract.m_sAutomobilName = QStringLiteral("پژو پارس");
-    contract.m_sSystem = QStringLiteral("ایران خودرو");
-    contract.m_sBrigade = QStringLiteral("سال");
-    contract.m_sModel = QStringLiteral("1403");
-    contract.m_sColor = QStringLiteral("نقره‌ای");
-    contract.m_sFuel = QStringLiteral("بنزین");
-    contract.m_sCapacity = QStringLiteral("پنج نفر");
-    contract.m_sDengue = QStringLiteral("شش");
-    contract.m_sNumOFAxles = QStringLiteral("2");
-    contract.m_sNumOfWheels = QStringLiteral("4");
-    contract.m_sNumOfPlates = QStringLiteral("12 ب 345 ایران 67");
-    contract.m_sNumOfEngines = QStringLiteral("164B0123456");
-    contract.m_sChassisNum = QStringLiteral("NAAM01CA1JK123456");
-    contract.m_sDescMatter = QStringLiteral("بیمه تا پایان سال");
+    contract.m_sAutomobilName = u"پژو پارس"_s;
+    contract.m_sSystem = u"ایران خودرو"_s;
+    contract.m_sBrigade = u"سال"_s;
+    contract.m_sModel = u"1403"_s;
+    contract.m_sColor = u"نقره‌ای"_s;
+    contract.m_sFuel = u"بنزین"_s;
+    contract.m_sCapacity = u"پنج نفر"_s;
+    contract.m_sDengue = u"شش"_s;
+    contract.m_sNumOFAxles = u"2"_s;
+    contract.m_sNumOfWheels = u"4"_s;
+    contract.m_sNumOfPlates = u"12 ب 345 ایران 67"_s;
+    contract.m_sNumOfEngines = u"164B0123456"_s;
+    contract.m_sChassisNum = u"NAAM01CA1JK123456"_s;
+    contract.m_sDescMatter = u"بیمه تا پایان سال"_s;
 }
 
 void describeTerms(CTblAutomobilContracts &contract)
@@ -57,18 +59,18 @@ void describeTerms(CTblAutomobilContracts &contract)
     contract.m_dRemainingAmount = 1850000000;
     contract.m_dDamageAmount = 500000000;
     contract.m_dDelayAmount = 5250000;
-    contract.m_sCheckCount = QStringLiteral("3");
-    contract.m_sCheckNum = QStringLiteral("456123-125");
-    contract.m_sBankName = QStringLiteral("ملت");
-    contract.m_sBranchName = QStringLiteral("ونک");
-    contract.m_sBranchCode = QStringLiteral("65432");
-    contract.m_sRegistryNum = QStringLiteral("214");
-    contract.m_sRightTahrir = QStringLiteral("با خریدار");
-    contract.m_sPage = QStringLiteral("112");
-    contract.m_sCover = QStringLiteral("7");
+    contract.m_sCheckCount = u"3"_s;
+    contract.m_sCheckNum = u"456123-125"_s;
+    contract.m_sBankName = u"ملت"_s;
+    contract.m_sBranchName = u"ونک"_s;
+    contract.m_sBranchCode = u"65432"_s;
+    contract.m_sRegistryNum = u"214"_s;
+    contract.m_sRightTahrir = u"با خریدار"_s;
+    contract.m_sPage = u"112"_s;
+    contract.m_sCover = u"7"_s;
     contract.m_iNum = 77214;
-    contract.m_sTrackingCode = QStringLiteral("98451237740012");
-    contract.m_sDesc = QStringLiteral("دو کلید تحویل شد");
+    contract.m_sTrackingCode = u"98451237740012"_s;
+    contract.m_sDesc = u"دو کلید تحویل شد"_s;
     contract.m_dateContract = moment(2026, 11, 20);
     contract.m_dateDeal = moment(2026, 12, 1, 10, 30);
     contract.m_dateTradeUnit = moment(2026, 11, 21, 17, 5);
@@ -78,34 +80,34 @@ void describeTerms(CTblAutomobilContracts &contract)
 
 int PrintedContracts::addSeller(TestOffice &office)
 {
-    return office.addPerson(QStringLiteral("محمد"), QStringLiteral("احمدی"), [](CTblPersons &person) {
-        person.m_sFatherName = QStringLiteral("حسین");
+    return office.addPerson(u"محمد"_s, u"احمدی"_s, [](CTblPersons &person) {
+        person.m_sFatherName = u"حسین"_s;
         person.m_dateBirth = moment(1979, 7, 8);
-        person.m_sBirthCity = QStringLiteral("کرمان");
-        person.m_sIdentityNum = QStringLiteral("2478");
-        person.m_sIdentityCity = QStringLiteral("رفسنجان");
-        person.m_sNationalCode = QStringLiteral("0012345679");
-        person.m_sEconomicCode = QStringLiteral("411378956123");
-        person.m_sPostalCode = QStringLiteral("1969833451");
-        person.m_sTel = QStringLiteral("021-88776655");
-        person.m_sAddress = QStringLiteral("تهران، میدان ونک");
+        person.m_sBirthCity = u"کرمان"_s;
+        person.m_sIdentityNum = u"2478"_s;
+        person.m_sIdentityCity = u"رفسنجان"_s;
+        person.m_sNationalCode = u"0012345679"_s;
+        person.m_sEconomicCode = u"411378956123"_s;
+        person.m_sPostalCode = u"1969833451"_s;
+        person.m_sTel = u"021-88776655"_s;
+        person.m_sAddress = u"تهران، میدان ونک"_s;
     });
 }
 
 int PrintedContracts::addBuyer(TestOffice &office)
 {
-    return office.addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
+    return office.addPerson(u"سارا"_s, u"کریمی"_s, [](CTblPersons &person) {
         person.m_iSex = CTblPersons::sexWoman;
-        person.m_sFatherName = QStringLiteral("علی");
+        person.m_sFatherName = u"علی"_s;
         person.m_dateBirth = moment(1992, 1, 22);
-        person.m_sBirthCity = QStringLiteral("قزوین");
-        person.m_sIdentityNum = QStringLiteral("9913");
-        person.m_sIdentityCity = QStringLiteral("زنجان");
-        person.m_sNationalCode = QStringLiteral("0323456781");
-        person.m_sEconomicCode = QStringLiteral("511112223334");
-        person.m_sPostalCode = QStringLiteral("3145678912");
-        person.m_sMobile = QStringLiteral("09121234567");
-        person.m_sAddress = QStringLiteral("کرج، گوهردشت");
+        person.m_sBirthCity = u"قزوین"_s;
+        person.m_sIdentityNum = u"9913"_s;
+        person.m_sIdentityCity = u"زنجان"_s;
+        person.m_sNationalCode = u"0323456781"_s;
+        person.m_sEconomicCode = u"511112223334"_s;
+        person.m_sPostalCode = u"3145678912"_s;
+        person.m_sMobile = u"09121234567"_s;
+        person.m_sAddress = u"کرج، گوهردشت"_s;
     });
 }
 

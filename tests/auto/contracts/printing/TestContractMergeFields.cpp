@@ -9,11 +9,13 @@
 #include <QStringList>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Values = QHash<QString, QVariant>;
 
-const QString blank = QStringLiteral(" ");
+const QString blank = u" "_s;
 
 QDateTime moment(int year, int month, int day, int hour = 0, int minute = 0)
 {
@@ -29,26 +31,26 @@ RecordValues record(const Values &values)
 Values fullContract(int firstKind = 0, int secondKind = 0)
 {
     Values values = {
-        {QStringLiteral("iPersonContract1"), firstKind},
-        {QStringLiteral("iPersonContract2"), secondKind},
-        {QStringLiteral("iCode"), 1284567},
-        {QStringLiteral("iNum"), 77000},
-        {QStringLiteral("dAmount"), 12850000000.0},
-        {QStringLiteral("dCommission"), 64250000.0},
-        {QStringLiteral("dTax"), 5782500.0},
-        {QStringLiteral("dImposition"), 642500.0},
-        {QStringLiteral("dDiscountFirst"), 3000000.0},
-        {QStringLiteral("dTax2"), 4000000.0},
-        {QStringLiteral("dImposition2"), 500000.0},
-        {QStringLiteral("dDiscountSecond"), 1000000.0},
-        {QStringLiteral("dFixAmount"), 5000000.0},
-        {QStringLiteral("dAgreeAmount"), 6000000.0},
-        {QStringLiteral("dRemainingAmount"), 1850000.0},
-        {QStringLiteral("dDamageAmount"), 700000.0},
-        {QStringLiteral("dDelayAmount"), 1234.0},
-        {QStringLiteral("dateContract"), moment(2026, 11, 20)},
-        {QStringLiteral("dateDeal"), moment(2026, 12, 1, 10, 30)},
-        {QStringLiteral("dateTradeUnit"), moment(2026, 11, 21, 17, 5)},
+        {u"iPersonContract1"_s, firstKind},
+        {u"iPersonContract2"_s, secondKind},
+        {u"iCode"_s, 1284567},
+        {u"iNum"_s, 77000},
+        {u"dAmount"_s, 12850000000.0},
+        {u"dCommission"_s, 64250000.0},
+        {u"dTax"_s, 5782500.0},
+        {u"dImposition"_s, 642500.0},
+        {u"dDiscountFirst"_s, 3000000.0},
+        {u"dTax2"_s, 4000000.0},
+        {u"dImposition2"_s, 500000.0},
+        {u"dDiscountSecond"_s, 1000000.0},
+        {u"dFixAmount"_s, 5000000.0},
+        {u"dAgreeAmount"_s, 6000000.0},
+        {u"dRemainingAmount"_s, 1850000.0},
+        {u"dDamageAmount"_s, 700000.0},
+        {u"dDelayAmount"_s, 1234.0},
+        {u"dateContract"_s, moment(2026, 11, 20)},
+        {u"dateDeal"_s, moment(2026, 12, 1, 10, 30)},
+        {u"dateTradeUnit"_s, moment(2026, 11, 21, 17, 5)},
     };
     for (const char *column :
          {"sName1", "sAddress1", "sNationalId1", "sTel1", "sMobile1", "sName2", "sAddress2", "sNationalId2", "sTel2", "sMobile2",
@@ -56,21 +58,21 @@ Values fullContract(int firstKind = 0, int secondKind = 0)
           "sChassisNum", "sDescMatter", "sCheckCount", "sCheckNum", "sBankName", "sBranchName", "sBranchCode", "sRegistryNum",
           "sRightTahrir", "sAddressSample", "sPage", "sCover", "sTrackingCode", "sNoAdvice", "sDomainRegister", "sFromFirst",
           "sFromSecond", "sByVirtueSecond", "sDengue", "sSystem", "sBrigade", "sCapacity", "sFuel", "sNumOFAxles"})
-        values.insert(QString::fromLatin1(column), QStringLiteral("contract ") + QString::fromLatin1(column));
+        values.insert(QString::fromLatin1(column), u"contract "_s + QString::fromLatin1(column));
     return values;
 }
 
 Values fullPerson(const QString &who, int sex = 0, int kind = 0)
 {
-    Values values = {{QStringLiteral("iSex"), sex}, {QStringLiteral("iKind"), kind}, {QStringLiteral("dateBirth"), moment(1979, 7, 8)}};
+    Values values = {{u"iSex"_s, sex}, {u"iKind"_s, kind}, {u"dateBirth"_s, moment(1979, 7, 8)}};
     for (const char *column : {"sName", "sFamily", "sAddress", "sPostalCode", "sFatherName", "sIdentityNum", "sNationalCode",
                                "sBirthCity", "sTel", "sMobile", "sEconomicCode", "sIdentityCity"})
         values.insert(QString::fromLatin1(column), who + QLatin1Char(' ') + QString::fromLatin1(column));
     return values;
 }
 
-ContractMergeBatches batchesOf(const Values &contract, const RecordValues &first = record(fullPerson(QStringLiteral("first"))),
-                               const RecordValues &second = record(fullPerson(QStringLiteral("second"), 1)), int decimals = 0)
+ContractMergeBatches batchesOf(const Values &contract, const RecordValues &first = record(fullPerson(u"first"_s)),
+                               const RecordValues &second = record(fullPerson(u"second"_s, 1)), int decimals = 0)
 {
     return contractMergeFields({record(contract), first, second, decimals});
 }
@@ -96,12 +98,12 @@ QString valueOf(const MergeBatch &batch, const QString &name)
     for (const MergeField &field : batch)
         if (field.name == name)
             return field.value;
-    return QStringLiteral("no such field");
+    return u"no such field"_s;
 }
 
 QStringList split(const char *texts)
 {
-    return QString::fromUtf8(texts).split(QStringLiteral(", "));
+    return QString::fromUtf8(texts).split(u", "_s);
 }
 
 const QStringList firstNames = split(
@@ -138,38 +140,38 @@ private Q_SLOTS:
     void ordinaryFirstPartyComesFromThePersonRecord()
     {
         const QStringList expected = {
-            QStringLiteral("آقا"), QStringLiteral("first sName"), QStringLiteral("first sFamily"), QStringLiteral("first sAddress"),
-            QStringLiteral("first sPostalCode"), QStringLiteral("first sFatherName"), QStringLiteral("first sIdentityNum"),
-            QStringLiteral("first sNationalCode"), QStringLiteral("first sBirthCity"), QStringLiteral("1358/04/17"),
-            QStringLiteral("first sTel"), QStringLiteral("first sEconomicCode"), QStringLiteral("first sIdentityCity"),
-            QStringLiteral("1405/08/29"), QStringLiteral("contract sNumOfPlates"), QStringLiteral("contract sColor"),
-            QStringLiteral("contract sAutomobilName"), QStringLiteral("12,850,000,000"), QStringLiteral("64,250,000"),
-            QStringLiteral("6,425,000"), QStringLiteral("67,675,000"), QStringLiteral("3,000,000"), QStringLiteral("1284567"),
-            QStringLiteral("contract sDesc"), QStringLiteral("contract sModel")};
+            u"آقا"_s, u"first sName"_s, u"first sFamily"_s, u"first sAddress"_s,
+            u"first sPostalCode"_s, u"first sFatherName"_s, u"first sIdentityNum"_s,
+            u"first sNationalCode"_s, u"first sBirthCity"_s, u"1358/04/17"_s,
+            u"first sTel"_s, u"first sEconomicCode"_s, u"first sIdentityCity"_s,
+            u"1405/08/29"_s, u"contract sNumOfPlates"_s, u"contract sColor"_s,
+            u"contract sAutomobilName"_s, u"12,850,000,000"_s, u"64,250,000"_s,
+            u"6,425,000"_s, u"67,675,000"_s, u"3,000,000"_s, u"1284567"_s,
+            u"contract sDesc"_s, u"contract sModel"_s};
         QCOMPARE(values(batchesOf(fullContract())[0]), expected);
     }
 
     void ordinarySecondPartyComesFromThePersonRecord()
     {
         const QStringList expected = {
-            QStringLiteral("خانم"), QStringLiteral("second sName"), QStringLiteral("second sFamily"), QStringLiteral("second sAddress"),
-            QStringLiteral("second sFatherName"), QStringLiteral("second sIdentityNum"), QStringLiteral("second sNationalCode"),
-            QStringLiteral("second sBirthCity"), QStringLiteral("1358/04/17"), QStringLiteral("second sTel"),
-            QStringLiteral("second sIdentityCity"), QStringLiteral("second sEconomicCode"), QStringLiteral("second sPostalCode"),
-            QStringLiteral("1405/08/29"), QStringLiteral("contract sNumOfPlates"), QStringLiteral("contract sColor"),
-            QStringLiteral("contract sAutomobilName"), QStringLiteral("12,850,000,000"), QStringLiteral("64,250,000"),
-            QStringLiteral("4,500,000"), QStringLiteral("67,750,000"), QStringLiteral("1,000,000"), QStringLiteral("1284567"),
-            QStringLiteral("contract sDesc"), QStringLiteral("contract sModel")};
+            u"خانم"_s, u"second sName"_s, u"second sFamily"_s, u"second sAddress"_s,
+            u"second sFatherName"_s, u"second sIdentityNum"_s, u"second sNationalCode"_s,
+            u"second sBirthCity"_s, u"1358/04/17"_s, u"second sTel"_s,
+            u"second sIdentityCity"_s, u"second sEconomicCode"_s, u"second sPostalCode"_s,
+            u"1405/08/29"_s, u"contract sNumOfPlates"_s, u"contract sColor"_s,
+            u"contract sAutomobilName"_s, u"12,850,000,000"_s, u"64,250,000"_s,
+            u"4,500,000"_s, u"67,750,000"_s, u"1,000,000"_s, u"1284567"_s,
+            u"contract sDesc"_s, u"contract sModel"_s};
         QCOMPARE(values(batchesOf(fullContract())[1]), expected);
     }
 
     void matterTakesTheColumnOfTheSameStem()
     {
         const QHash<QString, QString> others = {
-            {QStringLiteral("FixAmount"), QStringLiteral("5,000,000")}, {QStringLiteral("AgreeAmount"), QStringLiteral("6,000,000")}, {QStringLiteral("RemainingAmount"), QStringLiteral("1,850,000")}, {QStringLiteral("DamageAmount"), QStringLiteral("700,000")}, {QStringLiteral("DelayAmount"), QStringLiteral("1,234")}, {QStringLiteral("dateTradeUnit"), QStringLiteral("1405/08/30")}, {QStringLiteral("dateDeal"), QStringLiteral("1405/09/10")}, {QStringLiteral("timeDeal"), QStringLiteral("10:30")}, {QStringLiteral("timeTradeUnit"), QStringLiteral("17:05")}, {QStringLiteral("Num"), QStringLiteral("77000")}, {QStringLiteral("Tracking"), QStringLiteral("contract sTrackingCode")}};
+            {u"FixAmount"_s, u"5,000,000"_s}, {u"AgreeAmount"_s, u"6,000,000"_s}, {u"RemainingAmount"_s, u"1,850,000"_s}, {u"DamageAmount"_s, u"700,000"_s}, {u"DelayAmount"_s, u"1,234"_s}, {u"dateTradeUnit"_s, u"1405/08/30"_s}, {u"dateDeal"_s, u"1405/09/10"_s}, {u"timeDeal"_s, u"10:30"_s}, {u"timeTradeUnit"_s, u"17:05"_s}, {u"Num"_s, u"77000"_s}, {u"Tracking"_s, u"contract sTrackingCode"_s}};
         const auto batches = batchesOf(fullContract());
         for (const MergeField &field : batches[2])
-            QCOMPARE(field.value, others.value(field.name, QStringLiteral("contract s") + field.name));
+            QCOMPARE(field.value, others.value(field.name, u"contract s"_s + field.name));
     }
 
     // Edge case: a party of kind 1 or 2 prints " " in the fields that the contract has no party column for.
@@ -185,14 +187,14 @@ private Q_SLOTS:
     {
         QFETCH(int, kind);
         const auto batches = batchesOf(fullContract(kind, kind));
-        const QStringList first = {blank, QStringLiteral("contract sName1"), blank, QStringLiteral("contract sAddress1"), blank, blank, blank,
-                                   QStringLiteral("contract sNationalId1"), blank, blank, QStringLiteral("contract sTel1"), blank, blank};
-        const QStringList second = {blank, QStringLiteral("contract sName2"), blank, QStringLiteral("contract sAddress2"), blank, blank,
-                                    QStringLiteral("contract sNationalId2"), blank, blank, QStringLiteral("contract sTel2"), blank, blank, blank};
+        const QStringList first = {blank, u"contract sName1"_s, blank, u"contract sAddress1"_s, blank, blank, blank,
+                                   u"contract sNationalId1"_s, blank, blank, u"contract sTel1"_s, blank, blank};
+        const QStringList second = {blank, u"contract sName2"_s, blank, u"contract sAddress2"_s, blank, blank,
+                                    u"contract sNationalId2"_s, blank, blank, u"contract sTel2"_s, blank, blank, blank};
         QCOMPARE(values(batches[0]).mid(0, 13), first);
         QCOMPARE(values(batches[1]).mid(0, 13), second);
-        QCOMPARE(valueOf(batches[0], QStringLiteral("Pay1")), QStringLiteral("67,675,000"));
-        QCOMPARE(valueOf(batches[1], QStringLiteral("Pay2")), QStringLiteral("67,750,000"));
+        QCOMPARE(valueOf(batches[0], u"Pay1"_s), u"67,675,000"_s);
+        QCOMPARE(valueOf(batches[1], u"Pay2"_s), u"67,750,000"_s);
     }
 
     // Edge case: a person (kind 0) that no longer exists leaves that party's batch unfilled; the others are still filled.
@@ -209,7 +211,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, hasFirst);
         QFETCH(bool, hasSecond);
-        const RecordValues person = record(fullPerson(QStringLiteral("p")));
+        const RecordValues person = record(fullPerson(u"p"_s));
         const auto batches = batchesOf(fullContract(), hasFirst ? person : RecordValues(), hasSecond ? person : RecordValues());
         QCOMPARE(batches[0].size(), hasFirst ? 25 : 0);
         QCOMPARE(batches[1].size(), hasSecond ? 25 : 0);
@@ -234,15 +236,15 @@ private Q_SLOTS:
     void everyUnknownValueIsASingleBlank()
     {
         QFETCH(int, kind);
-        const Values contract = {{QStringLiteral("iPersonContract1"), kind}, {QStringLiteral("iPersonContract2"), kind}};
-        const RecordValues nobody = record({{QStringLiteral("iKind"), 2}});
+        const Values contract = {{u"iPersonContract1"_s, kind}, {u"iPersonContract2"_s, kind}};
+        const RecordValues nobody = record({{u"iKind"_s, 2}});
         const auto batches = batchesOf(contract, nobody, nobody);
         const QStringList amounts = split("Amount, Commission1, sumTax1, Pay1, DiscountFirst, sumTax2, Pay2, DiscountSecond, FixAmount, "
                                           "AgreeAmount, RemainingAmount, DamageAmount, DelayAmount");
         int checked = 0;
         for (const MergeBatch &batch : batches) {
             for (const MergeField &field : batch) {
-                QVERIFY2(field.value == (amounts.contains(field.name) ? QStringLiteral("0") : blank), qPrintable(field.name));
+                QVERIFY2(field.value == (amounts.contains(field.name) ? u"0"_s : blank), qPrintable(field.name));
                 ++checked;
             }
         }
@@ -254,10 +256,10 @@ private Q_SLOTS:
         QTest::addColumn<int>("sex");
         QTest::addColumn<int>("kind");
         QTest::addColumn<QString>("title");
-        QTest::newRow("man") << 0 << 0 << QStringLiteral("آقا");
-        QTest::newRow("woman") << 1 << 0 << QStringLiteral("خانم");
-        QTest::newRow("foreign man") << 0 << 1 << QStringLiteral("آقا");
-        QTest::newRow("foreign woman") << 1 << 1 << QStringLiteral("خانم");
+        QTest::newRow("man") << 0 << 0 << u"آقا"_s;
+        QTest::newRow("woman") << 1 << 0 << u"خانم"_s;
+        QTest::newRow("foreign man") << 0 << 1 << u"آقا"_s;
+        QTest::newRow("foreign woman") << 1 << 1 << u"خانم"_s;
         QTest::newRow("company") << 0 << 2 << blank;
         QTest::newRow("other legal person") << 1 << 3 << blank;
     }
@@ -267,20 +269,20 @@ private Q_SLOTS:
         QFETCH(int, sex);
         QFETCH(int, kind);
         QFETCH(QString, title);
-        const RecordValues person = record(fullPerson(QStringLiteral("p"), sex, kind));
+        const RecordValues person = record(fullPerson(u"p"_s, sex, kind));
         const auto batches = batchesOf(fullContract(), person, person);
-        QCOMPARE(valueOf(batches[0], QStringLiteral("Mr")), title);
-        QCOMPARE(valueOf(batches[1], QStringLiteral("MrPerson2")), title);
+        QCOMPARE(valueOf(batches[0], u"Mr"_s), title);
+        QCOMPARE(valueOf(batches[1], u"MrPerson2"_s), title);
     }
 
     void mobileStandsInForAMissingTelephone()
     {
-        Values person = fullPerson(QStringLiteral("p"));
-        person[QStringLiteral("sTel")] = QString();
-        QCOMPARE(valueOf(batchesOf(fullContract(), record(person))[0], QStringLiteral("Tel")), QStringLiteral("p sMobile"));
+        Values person = fullPerson(u"p"_s);
+        person[u"sTel"_s] = QString();
+        QCOMPARE(valueOf(batchesOf(fullContract(), record(person))[0], u"Tel"_s), u"p sMobile"_s);
         Values contract = fullContract(2, 2);
-        contract[QStringLiteral("sTel2")] = QString();
-        QCOMPARE(valueOf(batchesOf(contract)[1], QStringLiteral("Tel2")), QStringLiteral("contract sMobile2"));
+        contract[u"sTel2"_s] = QString();
+        QCOMPARE(valueOf(batchesOf(contract)[1], u"Tel2"_s), u"contract sMobile2"_s);
     }
 
     // Edge case: "Pay1" and "Pay2" differ only by the two parties' tax, duty and discount; the commission is the same in both.
@@ -291,11 +293,11 @@ private Q_SLOTS:
         QTest::addColumn<double>("discount2");
         QTest::addColumn<QString>("sumTax2");
         QTest::addColumn<QString>("pay2");
-        QTest::newRow("as the first") << 9.0 << 1.0 << 4.0 << QStringLiteral("10") << QStringLiteral("106");
-        QTest::newRow("tax") << 19.0 << 1.0 << 4.0 << QStringLiteral("20") << QStringLiteral("116");
-        QTest::newRow("duty") << 9.0 << 2.0 << 4.0 << QStringLiteral("11") << QStringLiteral("107");
-        QTest::newRow("discount") << 9.0 << 1.0 << 0.0 << QStringLiteral("10") << QStringLiteral("110");
-        QTest::newRow("discount above everything") << 0.0 << 0.0 << 150.0 << QStringLiteral("0") << QStringLiteral("-50");
+        QTest::newRow("as the first") << 9.0 << 1.0 << 4.0 << u"10"_s << u"106"_s;
+        QTest::newRow("tax") << 19.0 << 1.0 << 4.0 << u"20"_s << u"116"_s;
+        QTest::newRow("duty") << 9.0 << 2.0 << 4.0 << u"11"_s << u"107"_s;
+        QTest::newRow("discount") << 9.0 << 1.0 << 0.0 << u"10"_s << u"110"_s;
+        QTest::newRow("discount above everything") << 0.0 << 0.0 << 150.0 << u"0"_s << u"-50"_s;
     }
 
     void pay1AndPay2DifferOnlyByTaxDutyAndDiscount()
@@ -306,33 +308,33 @@ private Q_SLOTS:
         QFETCH(QString, sumTax2);
         QFETCH(QString, pay2);
         Values contract = fullContract();
-        contract.insert({{QStringLiteral("dCommission"), 100.0}, {QStringLiteral("dTax"), 9.0}, {QStringLiteral("dImposition"), 1.0}, {QStringLiteral("dDiscountFirst"), 4.0}, {QStringLiteral("dTax2"), tax2}, {QStringLiteral("dImposition2"), duty2}, {QStringLiteral("dDiscountSecond"), discount2}});
+        contract.insert({{u"dCommission"_s, 100.0}, {u"dTax"_s, 9.0}, {u"dImposition"_s, 1.0}, {u"dDiscountFirst"_s, 4.0}, {u"dTax2"_s, tax2}, {u"dImposition2"_s, duty2}, {u"dDiscountSecond"_s, discount2}});
         const auto batches = batchesOf(contract);
-        QCOMPARE(valueOf(batches[0], QStringLiteral("Commission1")), QStringLiteral("100"));
-        QCOMPARE(valueOf(batches[1], QStringLiteral("Commission1")), QStringLiteral("100"));
-        QCOMPARE(valueOf(batches[0], QStringLiteral("sumTax1")), QStringLiteral("10"));
-        QCOMPARE(valueOf(batches[0], QStringLiteral("Pay1")), QStringLiteral("106"));
-        QCOMPARE(valueOf(batches[1], QStringLiteral("sumTax2")), sumTax2);
-        QCOMPARE(valueOf(batches[1], QStringLiteral("Pay2")), pay2);
+        QCOMPARE(valueOf(batches[0], u"Commission1"_s), u"100"_s);
+        QCOMPARE(valueOf(batches[1], u"Commission1"_s), u"100"_s);
+        QCOMPARE(valueOf(batches[0], u"sumTax1"_s), u"10"_s);
+        QCOMPARE(valueOf(batches[0], u"Pay1"_s), u"106"_s);
+        QCOMPARE(valueOf(batches[1], u"sumTax2"_s), sumTax2);
+        QCOMPARE(valueOf(batches[1], u"Pay2"_s), pay2);
     }
 
     void moneyHasTheDecimalsOfTheMoneyUnit()
     {
         Values contract = fullContract();
-        contract[QStringLiteral("dAmount")] = 1234567.5;
-        const auto batches = batchesOf(contract, record(fullPerson(QStringLiteral("f"))), record(fullPerson(QStringLiteral("s"))), 2);
-        QCOMPARE(valueOf(batches[0], QStringLiteral("Amount")), QStringLiteral("1,234,567.50"));
-        QCOMPARE(valueOf(batches[0], QStringLiteral("Pay1")), QStringLiteral("67,675,000.00"));
-        QCOMPARE(valueOf(batches[2], QStringLiteral("DelayAmount")), QStringLiteral("1,234.00"));
+        contract[u"dAmount"_s] = 1234567.5;
+        const auto batches = batchesOf(contract, record(fullPerson(u"f"_s)), record(fullPerson(u"s"_s)), 2);
+        QCOMPARE(valueOf(batches[0], u"Amount"_s), u"1,234,567.50"_s);
+        QCOMPARE(valueOf(batches[0], u"Pay1"_s), u"67,675,000.00"_s);
+        QCOMPARE(valueOf(batches[2], u"DelayAmount"_s), u"1,234.00"_s);
     }
 
     void timeOfMidnightIsATimeNotGiven()
     {
         Values contract = fullContract();
-        contract[QStringLiteral("dateDeal")] = moment(2026, 12, 1);
+        contract[u"dateDeal"_s] = moment(2026, 12, 1);
         const auto batches = batchesOf(contract);
-        QCOMPARE(valueOf(batches[2], QStringLiteral("dateDeal")), QStringLiteral("1405/09/10"));
-        QCOMPARE(valueOf(batches[2], QStringLiteral("timeDeal")), blank);
+        QCOMPARE(valueOf(batches[2], u"dateDeal"_s), u"1405/09/10"_s);
+        QCOMPARE(valueOf(batches[2], u"timeDeal"_s), blank);
     }
 };
 

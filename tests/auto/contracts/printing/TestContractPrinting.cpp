@@ -21,12 +21,14 @@
 #include <filesystem>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Contract = CTblAutomobilContracts;
 using Trouble = ContractPrinting::Trouble;
 
-const QString builtTemplates = QStringLiteral(TZ_TEMPLATES);
+const QString builtTemplates = u"" TZ_TEMPLATES ""_s;
 
 QByteArray contentOf(const QString &path)
 {
@@ -66,8 +68,8 @@ class TestContractPrinting : public QObject
     int m_asked = 0;
     bool m_desktopOpens = true;
 
-    QString templates() const { return m_folder->filePath(QStringLiteral("AutomobileDocx")); }
-    QString temporary() const { return m_folder->filePath(QStringLiteral("temporary")); }
+    QString templates() const { return m_folder->filePath(u"AutomobileDocx"_s); }
+    QString temporary() const { return m_folder->filePath(u"temporary"_s); }
     QString templatePath(const QString &name) const { return templates() + u'/' + name; }
 
     bool print(int contract)
@@ -90,7 +92,7 @@ class TestContractPrinting : public QObject
     {
         KMSWord word;
         if (!word.Init() || !word.OpenDocument(m_opened.value(m_opened.size() - 1), 1))
-            return {QStringLiteral("unreadable")};
+            return {u"unreadable"_s};
         return word.GetFields().GetNames();
     }
 
@@ -100,7 +102,7 @@ class TestContractPrinting : public QObject
     QString ownForm(const QString &name)
     {
         const QString path = m_folder->filePath(name);
-        QFile::copy(builtTemplates + QStringLiteral("/AutoRent.docx"), path);
+        QFile::copy(builtTemplates + u"/AutoRent.docx"_s, path);
         return path;
     }
 
@@ -126,9 +128,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("type");
         QTest::addColumn<QString>("name");
-        QTest::newRow("sale agreement") << 0 << QStringLiteral("AutoMbayh.docx");
-        QTest::newRow("rent") << 1 << QStringLiteral("AutoRent.docx");
-        QTest::newRow("instalment sale") << 2 << QStringLiteral("AutoInstallment.docx");
+        QTest::newRow("sale agreement") << 0 << u"AutoMbayh.docx"_s;
+        QTest::newRow("rent") << 1 << u"AutoRent.docx"_s;
+        QTest::newRow("instalment sale") << 2 << u"AutoInstallment.docx"_s;
     }
 
     void contractIsPrintedFromTheTemplateOfItsType()
@@ -180,20 +182,20 @@ private Q_SLOTS:
     {
         const int contract = PrintedContracts::add(*m_office, 0);
         QVERIFY(print(contract));
-        QVERIFY(printedText().contains(QStringLiteral("نمایشگاه اتومبیل ....")));
+        QVERIFY(printedText().contains(u"نمایشگاه اتومبیل ...."_s));
         CompanyDetails company;
-        company.name1 = QStringLiteral("نمایشگاه");
-        company.name2 = QStringLiteral("آریا");
+        company.name1 = u"نمایشگاه"_s;
+        company.name2 = u"آریا"_s;
         company.write();
         QVERIFY(print(contract));
-        QVERIFY(printedText().split(u'\n').contains(QStringLiteral("نمایشگاه آریا")));
+        QVERIFY(printedText().split(u'\n').contains(u"نمایشگاه آریا"_s));
     }
 
     void nameOfTheTemplateByType()
     {
-        QCOMPARE(ContractPrinting::templateName(0), QStringLiteral("AutoMbayh.docx"));
-        QCOMPARE(ContractPrinting::templateName(1), QStringLiteral("AutoRent.docx"));
-        QCOMPARE(ContractPrinting::templateName(2), QStringLiteral("AutoInstallment.docx"));
+        QCOMPARE(ContractPrinting::templateName(0), u"AutoMbayh.docx"_s);
+        QCOMPARE(ContractPrinting::templateName(1), u"AutoRent.docx"_s);
+        QCOMPARE(ContractPrinting::templateName(2), u"AutoInstallment.docx"_s);
         QCOMPARE(ContractPrinting::templateName(3), QString());
         QCOMPARE(ContractPrinting::templateName(-1), QString());
     }
@@ -221,9 +223,9 @@ private Q_SLOTS:
     {
         const int contract = PrintedContracts::add(*m_office, 0);
         const auto checksums = [this] {
-            return m_office->database().value(QStringLiteral("CHECKSUM TABLE AutomobilContracts"))
-                + m_office->database().value(QStringLiteral("SELECT COUNT(*) FROM Documents"))
-                + m_office->database().value(QStringLiteral("SELECT GROUP_CONCAT(iID, sName2) FROM Persons"));
+            return m_office->database().value(u"CHECKSUM TABLE AutomobilContracts"_s)
+                + m_office->database().value(u"SELECT COUNT(*) FROM Documents"_s)
+                + m_office->database().value(u"SELECT GROUP_CONCAT(iID, sName2) FROM Persons"_s);
         };
         const QString before = checksums();
         QVERIFY(print(contract));
@@ -233,14 +235,14 @@ private Q_SLOTS:
     void missingTemplateAsksForAFileOnceAndThenNoLonger_data()
     {
         QTest::addColumn<QString>("fileName");
-        QTest::newRow("a file of the template's name") << QStringLiteral("AutoMbayh.docx");
-        QTest::newRow("a file of another name") << QStringLiteral("فرم ما.docx");
+        QTest::newRow("a file of the template's name") << u"AutoMbayh.docx"_s;
+        QTest::newRow("a file of another name") << u"فرم ما.docx"_s;
     }
 
     void missingTemplateAsksForAFileOnceAndThenNoLonger()
     {
         QFETCH(QString, fileName);
-        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        QVERIFY(QFile::remove(templatePath(u"AutoMbayh.docx"_s)));
         m_choice = ownForm(fileName);
         const int contract = PrintedContracts::add(*m_office, 0);
         QVERIFY(print(contract));
@@ -248,7 +250,7 @@ private Q_SLOTS:
         QCOMPARE(m_asked, 1);
         // Under its own name, and under the one that the next print looks for.
         QCOMPARE(contentOf(templatePath(fileName)), contentOf(m_choice));
-        QCOMPARE(QFileInfo(m_opened.first()).fileName(), QStringLiteral("AutoMbayh.docx"));
+        QCOMPARE(QFileInfo(m_opened.first()).fileName(), u"AutoMbayh.docx"_s);
         QVERIFY(print(contract));
         QCOMPARE(m_asked, 1);
         QCOMPARE(m_warnings.size(), 1);
@@ -258,23 +260,23 @@ private Q_SLOTS:
     void missingFolderOfTemplatesIsMade()
     {
         QVERIFY(QDir(templates()).removeRecursively());
-        m_choice = ownForm(QStringLiteral("AutoMbayh.docx"));
+        m_choice = ownForm(u"AutoMbayh.docx"_s);
         QVERIFY(print(PrintedContracts::add(*m_office, 0)));
-        QVERIFY(QFile::exists(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        QVERIFY(QFile::exists(templatePath(u"AutoMbayh.docx"_s)));
     }
 
     void chosenFileOverwritesOneOfItsName()
     {
-        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
-        QVERIFY(write(templatePath(QStringLiteral("form.docx")), "old"));
-        m_choice = ownForm(QStringLiteral("form.docx"));
+        QVERIFY(QFile::remove(templatePath(u"AutoMbayh.docx"_s)));
+        QVERIFY(write(templatePath(u"form.docx"_s), "old"));
+        m_choice = ownForm(u"form.docx"_s);
         QVERIFY(print(PrintedContracts::add(*m_office, 0)));
-        QCOMPARE(contentOf(templatePath(QStringLiteral("form.docx"))), contentOf(m_choice));
+        QCOMPARE(contentOf(templatePath(u"form.docx"_s)), contentOf(m_choice));
     }
 
     void givingUpTheChoiceStops()
     {
-        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        QVERIFY(QFile::remove(templatePath(u"AutoMbayh.docx"_s)));
         const auto before = snapshot(m_folder->path());
         QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
         QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateMissing});
@@ -284,7 +286,7 @@ private Q_SLOTS:
 
     void letterContractAlwaysAsksForTheTemplateFile()
     {
-        m_choice = ownForm(QStringLiteral("نامه.docx"));
+        m_choice = ownForm(u"نامه.docx"_s);
         const int contract = PrintedContracts::add(*m_office, 3);
         for (int round = 1; round <= 2; ++round) {
             QVERIFY(print(contract));
@@ -293,21 +295,21 @@ private Q_SLOTS:
             QCOMPARE(m_warnings.last(), Trouble::TemplateMissing);
         }
         // Saved under the template's own name.
-        QCOMPARE(QFileInfo(m_opened.last()).fileName(), QStringLiteral("نامه.docx"));
+        QCOMPARE(QFileInfo(m_opened.last()).fileName(), u"نامه.docx"_s);
         QVERIFY(m_opened.last().startsWith(temporary() + u'/'));
-        QCOMPARE(contentOf(templatePath(QStringLiteral("نامه.docx"))), contentOf(m_choice));
+        QCOMPARE(contentOf(templatePath(u"نامه.docx"_s)), contentOf(m_choice));
         QCOMPARE(fieldsLeft(), QStringList());
         QCOMPARE(QDir(templates()).entryList(QDir::Files).size(), 4);
     }
 
     void fileOfTheFolderItselfIsUsedAsItIs()
     {
-        const QString letter = templatePath(QStringLiteral("AutoRent.docx"));
+        const QString letter = templatePath(u"AutoRent.docx"_s);
         const QByteArray before = contentOf(letter);
         m_choice = letter;
         QVERIFY(print(PrintedContracts::add(*m_office, 3)));
         QCOMPARE(contentOf(letter), before);
-        QCOMPARE(QFileInfo(m_opened.first()).fileName(), QStringLiteral("AutoRent.docx"));
+        QCOMPARE(QFileInfo(m_opened.first()).fileName(), u"AutoRent.docx"_s);
     }
 
     void contractWhosePersonNoLongerExistsPrintsWithThatBatchUnfilled_data()
@@ -325,20 +327,20 @@ private Q_SLOTS:
         });
         QVERIFY(print(contract));
         const QStringList left = fieldsLeft();
-        const QStringList firstOnly = QStringLiteral("Mr Name Family Address PC Father IdentityCode NC BirthCity dateBirth Tel EC "
-                                                     "IdentityCodeCity sumTax1 Pay1 DiscountFirst")
+        const QStringList firstOnly = u"Mr Name Family Address PC Father IdentityCode NC BirthCity dateBirth Tel EC "
+                                      "IdentityCodeCity sumTax1 Pay1 DiscountFirst"_s
                                           .split(u' ');
-        const QStringList secondOnly = QStringLiteral("MrPerson2 NamePerson2 Family2 Address2 FatherName2 IdentityCode2 N BirthCity2 "
-                                                      "dateBirth2 Tel2 IdentityCodeCity2 E p sumTax2 Pay2 DiscountSecond")
+        const QStringList secondOnly = u"MrPerson2 NamePerson2 Family2 Address2 FatherName2 IdentityCode2 N BirthCity2 "
+                                       "dateBirth2 Tel2 IdentityCodeCity2 E p sumTax2 Pay2 DiscountSecond"_s
                                            .split(u' ');
         for (const QString &name : first ? firstOnly : secondOnly)
             QVERIFY2(left.contains(name), qPrintable(name));
         for (const QString &name : left)
             QVERIFY2((first ? firstOnly : secondOnly).contains(name), qPrintable(name));
         const QString text = printedText();
-        QVERIFY(text.contains(first ? QStringLiteral("«Family»") : QStringLiteral("«Family2»")));
-        for (const QString &value : {first ? QStringLiteral("کریمی") : QStringLiteral("احمدی"), QStringLiteral("12,850,000,000"),
-                                     QStringLiteral("NAAM01CA1JK123456")})
+        QVERIFY(text.contains(first ? u"«Family»"_s : u"«Family2»"_s));
+        for (const QString &value : {first ? u"کریمی"_s : u"احمدی"_s, u"12,850,000,000"_s,
+                                     u"NAAM01CA1JK123456"_s})
             QVERIFY2(text.contains(value), qPrintable(value));
     }
 
@@ -347,21 +349,21 @@ private Q_SLOTS:
         const int contract = PrintedContracts::add(*m_office, 0, [](Contract &c) {
             c.m_iPersonContract1 = 1;
             c.m_iPersonContract2 = 2;
-            c.m_sName1 = QStringLiteral("نمایشگاه بهار");
-            c.m_sName2 = QStringLiteral("رضا مرادی");
-            c.m_sNationalId2 = QStringLiteral("5558889990");
-            c.m_sMobile2 = QStringLiteral("09350001122");
+            c.m_sName1 = u"نمایشگاه بهار"_s;
+            c.m_sName2 = u"رضا مرادی"_s;
+            c.m_sNationalId2 = u"5558889990"_s;
+            c.m_sMobile2 = u"09350001122"_s;
         });
         QVERIFY(print(contract));
         QCOMPARE(fieldsLeft(), QStringList());
         const QStringList lines = printedText().split(u'\n');
-        for (const QString &value : {QStringLiteral("نمایشگاه بهار"), QStringLiteral("رضا مرادی"), QStringLiteral("5558889990"),
-                                     QStringLiteral("09350001122")})
+        for (const QString &value : {u"نمایشگاه بهار"_s, u"رضا مرادی"_s, u"5558889990"_s,
+                                     u"09350001122"_s})
             QVERIFY2(lines.contains(value), qPrintable(value));
-        for (const QString &value : {QStringLiteral("محمد"), QStringLiteral("حسین"), QStringLiteral("1358/04/17"), QStringLiteral("قزوین"),
-                                     QStringLiteral("9913"), QStringLiteral("خانم")})
+        for (const QString &value : {u"محمد"_s, u"حسین"_s, u"1358/04/17"_s, u"قزوین"_s,
+                                     u"9913"_s, u"خانم"_s})
             QVERIFY2(!lines.contains(value), qPrintable(value));
-        QVERIFY(lines.contains(QStringLiteral(" ")));
+        QVERIFY(lines.contains(u" "_s));
     }
 
     void templateThatIsNoDocumentIsTold_data()
@@ -369,13 +371,13 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("content");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("text") << QByteArray("not a document");
-        QTest::newRow("cut off") << contentOf(builtTemplates + QStringLiteral("/AutoMbayh.docx")).left(2000);
+        QTest::newRow("cut off") << contentOf(builtTemplates + u"/AutoMbayh.docx"_s).left(2000);
     }
 
     void templateThatIsNoDocumentIsTold()
     {
         QFETCH(QByteArray, content);
-        QVERIFY(write(templatePath(QStringLiteral("AutoMbayh.docx")), content));
+        QVERIFY(write(templatePath(u"AutoMbayh.docx"_s), content));
         const auto before = snapshot(m_folder->path());
         QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
         QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateUnreadable});
@@ -388,23 +390,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("part");
         QTest::addColumn<QByteArray>("content");
-        QTest::newRow("document type declaration") << QStringLiteral("word/document.xml")
+        QTest::newRow("document type declaration") << u"word/document.xml"_s
                                                    << QByteArray("<!DOCTYPE w:document [<!ENTITY a \"aaaa\">]><w:document/>");
-        QTest::newRow("entry that climbs out of the folder") << QStringLiteral("../../climbed.xml") << QByteArray("<a/>");
-        QTest::newRow("macros") << QStringLiteral("word/vbaProject.bin") << QByteArray("macro");
-        QTest::newRow("over 64 MiB unpacked") << QStringLiteral("word/media/image1.png") << QByteArray((64 << 20) + 1, 'a');
+        QTest::newRow("entry that climbs out of the folder") << u"../../climbed.xml"_s << QByteArray("<a/>");
+        QTest::newRow("macros") << u"word/vbaProject.bin"_s << QByteArray("macro");
+        QTest::newRow("over 64 MiB unpacked") << u"word/media/image1.png"_s << QByteArray((64 << 20) + 1, 'a');
     }
 
     void hostileTemplateIsRefusedAndNothingWritten()
     {
         QFETCH(QString, part);
         QFETCH(QByteArray, content);
-        DocxParts parts = readDocx(builtTemplates + QStringLiteral("/AutoMbayh.docx"));
+        DocxParts parts = readDocx(builtTemplates + u"/AutoMbayh.docx"_s);
         QVERIFY(parts.size() > 5);
         parts.insert(part, content);
-        m_choice = m_folder->filePath(QStringLiteral("hostile.docx"));
+        m_choice = m_folder->filePath(u"hostile.docx"_s);
         QVERIFY(writeDocx(m_choice, parts));
-        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
+        QVERIFY(QFile::remove(templatePath(u"AutoMbayh.docx"_s)));
         const auto before = snapshot(m_folder->path());
         QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
         QCOMPARE(m_warnings, (QList<Trouble>{Trouble::TemplateMissing, Trouble::TemplateUnreadable}));
@@ -414,15 +416,15 @@ private Q_SLOTS:
 
     void chosenFileThatVanishedStopsSilently()
     {
-        m_choice = m_folder->filePath(QStringLiteral("gone.docx"));
+        m_choice = m_folder->filePath(u"gone.docx"_s);
         QVERIFY(!print(PrintedContracts::add(*m_office, 3)));
         QCOMPARE(m_warnings, QList<Trouble>{Trouble::TemplateMissing});
     }
 
     void folderThatMayNotBeWrittenStopsSilently()
     {
-        QVERIFY(QFile::remove(templatePath(QStringLiteral("AutoMbayh.docx"))));
-        m_choice = ownForm(QStringLiteral("form.docx"));
+        QVERIFY(QFile::remove(templatePath(u"AutoMbayh.docx"_s)));
+        m_choice = ownForm(u"form.docx"_s);
         const int contract = PrintedContracts::add(*m_office, 0);
         const auto before = snapshot(m_folder->path());
         QVERIFY(QFile::setPermissions(templates(), QFile::ReadOwner | QFile::ExeOwner));
@@ -462,7 +464,7 @@ private Q_SLOTS:
         QVERIFY(print(second));
         QVERIFY(m_opened.first() != m_opened.last());
         QCOMPARE(contentOf(m_opened.first()), before);
-        QVERIFY(printedText().contains(QStringLiteral("555")));
+        QVERIFY(printedText().contains(u"555"_s));
     }
 
     void printsOlderThanAWeekAreTakenAway()
@@ -478,12 +480,12 @@ private Q_SLOTS:
         };
         QVERIFY(aged(QFileInfo(m_opened[0]).path(), 8));
         QVERIFY(aged(QFileInfo(m_opened[1]).path(), 6));
-        QVERIFY(QDir(temporary()).mkpath(QStringLiteral("of another program")));
-        QVERIFY(aged(temporary() + QStringLiteral("/of another program"), 30));
+        QVERIFY(QDir(temporary()).mkpath(u"of another program"_s));
+        QVERIFY(aged(temporary() + u"/of another program"_s, 30));
         QVERIFY(print(contract));
         QVERIFY(!QFileInfo::exists(QFileInfo(m_opened[0]).path()));
         QVERIFY(QFile::exists(m_opened[1]) && QFile::exists(m_opened[2]) && QFile::exists(m_opened[3]));
-        QVERIFY(QFileInfo::exists(temporary() + QStringLiteral("/of another program")));
+        QVERIFY(QFileInfo::exists(temporary() + u"/of another program"_s));
     }
 };
 

@@ -18,11 +18,13 @@
 #include <QTest>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString builtTemplates = QStringLiteral(TZ_TEMPLATES);
-const QString command = QStringLiteral("printContract");
-const QString missingText = QStringLiteral("فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید.");
+const QString builtTemplates = u"" TZ_TEMPLATES ""_s;
+const QString command = u"printContract"_s;
+const QString missingText = u"فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید."_s;
 
 }
 
@@ -39,7 +41,7 @@ class TestContractPrintingDesk : public QObject
     {
         auto page = std::make_unique<CDlgAutomobilContracts>();
         page->setPrinting(ContractPrinting(contractPrintingDesk(page.get()),
-                                           {m_folder->filePath(QStringLiteral("AutomobileDocx")), m_folder->path()}));
+                                           {m_folder->filePath(u"AutomobileDocx"_s), m_folder->path()}));
         page->open();
         return page;
     }
@@ -56,22 +58,22 @@ private Q_SLOTS:
         m_office->clear();
         m_folder = std::make_unique<QTemporaryDir>();
         m_opened.clear();
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
     }
 
-    void cleanup() { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    void cleanup() { QDesktopServices::unsetUrlHandler(u"file"_s); }
 
     void commandPrintsTheSelectedContractAndOpensIt()
     {
-        QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("AutomobileDocx"))));
-        QVERIFY(QFile::copy(builtTemplates + QStringLiteral("/AutoRent.docx"),
-                            m_folder->filePath(QStringLiteral("AutomobileDocx/AutoRent.docx"))));
+        QVERIFY(QDir().mkpath(m_folder->filePath(u"AutomobileDocx"_s)));
+        QVERIFY(QFile::copy(builtTemplates + u"/AutoRent.docx"_s,
+                            m_folder->filePath(u"AutomobileDocx/AutoRent.docx"_s)));
         PrintedContracts::add(*m_office, 1);
         const auto page = openPage();
         QVERIFY(page->button(command)->isEnabled());
         page->button(command)->click();
         QCOMPARE(m_opened.size(), 1);
-        QCOMPARE(QFileInfo(m_opened.first().toLocalFile()).fileName(), QStringLiteral("AutoRent.docx"));
+        QCOMPARE(QFileInfo(m_opened.first().toLocalFile()).fileName(), u"AutoRent.docx"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
@@ -88,16 +90,16 @@ private Q_SLOTS:
             filters = dialog->nameFilters();
             oneExistingFile = dialog->fileMode() == QFileDialog::ExistingFile;
             dialog->setDirectory(builtTemplates);
-            dialog->selectFile(QStringLiteral("AutoMbayh.docx"));
+            dialog->selectFile(u"AutoMbayh.docx"_s);
             static_cast<QDialog *>(dialog)->accept();
         });
         QVERIFY(page->runCommand(command));
-        QCOMPARE(title, QStringLiteral("فایل نامه را انتخاب کنید"));
-        QCOMPARE(filters, QStringList{QStringLiteral("فایل میاکروسافت وورد(*.docx)")});
+        QCOMPARE(title, u"فایل نامه را انتخاب کنید"_s);
+        QCOMPARE(filters, QStringList{u"فایل میاکروسافت وورد(*.docx)"_s});
         QVERIFY(oneExistingFile);
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{missingText});
         QCOMPARE(m_opened.size(), 1);
-        QVERIFY(QFile::exists(m_folder->filePath(QStringLiteral("AutomobileDocx/AutoMbayh.docx"))));
+        QVERIFY(QFile::exists(m_folder->filePath(u"AutomobileDocx/AutoMbayh.docx"_s)));
         // The same print no longer asks.
         QVERIFY(page->runCommand(command));
         QCOMPARE(m_opened.size(), 2);
@@ -116,14 +118,14 @@ private Q_SLOTS:
 
     void hostileTemplateGetsTheMessageOfAMissingDocument()
     {
-        QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("AutomobileDocx"))));
-        QFile hostile(m_folder->filePath(QStringLiteral("AutomobileDocx/AutoMbayh.docx")));
+        QVERIFY(QDir().mkpath(m_folder->filePath(u"AutomobileDocx"_s)));
+        QFile hostile(m_folder->filePath(u"AutomobileDocx/AutoMbayh.docx"_s));
         QVERIFY(hostile.open(QIODevice::WriteOnly) && hostile.write("no document") > 0);
         hostile.close();
         PrintedContracts::add(*m_office, 0);
         const auto page = openPage();
         QVERIFY(page->runCommand(command));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فایل ورد پیدا نشد.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"فایل ورد پیدا نشد."_s});
         QVERIFY(m_opened.isEmpty());
     }
 
@@ -133,8 +135,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::newRow("template missing") << int(ContractPrinting::Trouble::TemplateMissing) << missingText;
         QTest::newRow("no word processor") << int(ContractPrinting::Trouble::ProcessorMissing)
-                                           << QStringLiteral("امکان مقدار دهی اولیه مایکروسافت ورد وجود ندارد!");
-        QTest::newRow("template unreadable") << int(ContractPrinting::Trouble::TemplateUnreadable) << QStringLiteral("فایل ورد پیدا نشد.");
+                                           << u"امکان مقدار دهی اولیه مایکروسافت ورد وجود ندارد!"_s;
+        QTest::newRow("template unreadable") << int(ContractPrinting::Trouble::TemplateUnreadable) << u"فایل ورد پیدا نشد."_s;
     }
 
     void everyWarningIsToTheLetter()
@@ -149,7 +151,7 @@ private Q_SLOTS:
     {
         PrintedContracts::add(*m_office, 0);
         const auto page = openPage();
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilContracts"));
+        m_office->database().run(u"DELETE FROM AutomobilContracts"_s);
         QVERIFY(page->runCommand(command));
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QVERIFY(m_opened.isEmpty());
@@ -158,8 +160,8 @@ private Q_SLOTS:
     void printingAsksTheRightToSeeAContract()
     {
         PrintedContracts::add(*m_office, 0);
-        const QString form = QStringLiteral("AutomobilContracts");
-        m_office->logInAs(QStringLiteral("clerk"), form, KSecurity::allRights & ~KSecurity::Read);
+        const QString form = u"AutomobilContracts"_s;
+        m_office->logInAs(u"clerk"_s, form, KSecurity::allRights & ~KSecurity::Read);
         const auto page = openPage();
         QVERIFY(page->runCommand(command));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, KSecurity::Read)});
@@ -169,7 +171,7 @@ private Q_SLOTS:
     void templatesAreLookedForBesideTheCode()
     {
         QCOMPARE(QDir(ContractPrinting::defaultTemplateFolder()),
-                 QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/AutomobileDocx")));
+                 QDir(QCoreApplication::applicationDirPath() + u"/AutomobileDocx"_s));
     }
 };
 

@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Output of a program; its complaint in place of it, so that a comparison shows it.
@@ -21,14 +23,14 @@ QString outputOf(const QString &program, const QStringList &arguments)
     QProcess process;
     process.start(program, arguments);
     if (!process.waitForFinished(120'000) || process.exitCode() != 0)
-        return program + QStringLiteral(": ") + process.errorString() + QString::fromLocal8Bit(process.readAllStandardError());
+        return program + u": "_s + process.errorString() + QString::fromLocal8Bit(process.readAllStandardError());
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 // Words as a page shows them: no marks of direction, blanks as one, presentation forms as the letters that they are.
 QString plain(QString text)
 {
-    static const QRegularExpression marks(QStringLiteral("[\\x{200b}-\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}\\x{0640}]"));
+    static const QRegularExpression marks(u"[\\x{200b}-\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}\\x{0640}]"_s);
     return text.normalized(QString::NormalizationForm_KC).remove(marks).simplified();
 }
 
@@ -66,23 +68,23 @@ private Q_SLOTS:
             printed = path;
             return true;
         };
-        QVERIFY(ContractPrinting(desk, {QStringLiteral(TZ_TEMPLATES), m_folder.path()}).print(PrintedContracts::add(*m_office, type)));
+        QVERIFY(ContractPrinting(desk, {u"" TZ_TEMPLATES ""_s, m_folder.path()}).print(PrintedContracts::add(*m_office, type)));
         for (const QByteArray &part : readDocx(printed))
             QVERIFY(!part.contains("MERGEFIELD"));
 
-        outputOf(QStringLiteral("soffice"),
-                 {QStringLiteral("-env:UserInstallation=file://") + m_folder.filePath(QStringLiteral("profile")),
-                  QStringLiteral("--headless"), QStringLiteral("--convert-to"), QStringLiteral("pdf"), QStringLiteral("--outdir"),
+        outputOf(u"soffice"_s,
+                 {u"-env:UserInstallation=file://"_s + m_folder.filePath(u"profile"_s),
+                  u"--headless"_s, u"--convert-to"_s, u"pdf"_s, u"--outdir"_s,
                   m_folder.path(), printed});
-        const QString pdf = m_folder.filePath(QFileInfo(printed).completeBaseName() + QStringLiteral(".pdf"));
-        const QString pages = outputOf(QStringLiteral("pdfinfo"), {pdf});
-        QVERIFY2(pages.contains(QRegularExpression(QStringLiteral("Pages: +2\n"))), qUtf8Printable(pages));
-        const QString text = plain(outputOf(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")}));
+        const QString pdf = m_folder.filePath(QFileInfo(printed).completeBaseName() + u".pdf"_s);
+        const QString pages = outputOf(u"pdfinfo"_s, {pdf});
+        QVERIFY2(pages.contains(QRegularExpression(u"Pages: +2\n"_s)), qUtf8Printable(pages));
+        const QString text = plain(outputOf(u"pdftotext"_s, {pdf, u"-"_s}));
         // The reader takes a page in its own order, so a value is looked for word by word.
-        static const QRegularExpression separators(QStringLiteral("[ ،]"));
+        static const QRegularExpression separators(u"[ ،]"_s);
         for (const QString &value : PrintedContracts::values())
             for (const QString &word : plain(value).split(separators, Qt::SkipEmptyParts))
-                QVERIFY2(text.contains(word), qUtf8Printable(value + QStringLiteral(" is not in: ") + text));
+                QVERIFY2(text.contains(word), qUtf8Printable(value + u" is not in: "_s + text));
         QVERIFY(!text.contains(u'«'));
     }
 };

@@ -3,10 +3,12 @@
 
 #include "suite/accounting/frame/KExtensionModules.h"
 
+using namespace Qt::StringLiterals;
+
 // A module that was built for another framework: its initialisation is refused.
 namespace {
 
-const bool attached = KExtensionModules::attach(QStringLiteral("Outdated"), KExtensionModules::frameworkVersion + 1);
+const bool attached = KExtensionModules::attach(u"Outdated"_s, KExtensionModules::frameworkVersion + 1);
 
 }
 

@@ -25,6 +25,8 @@
 #include <QPainter>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int year = 1405;
@@ -47,7 +49,7 @@ class TestCDlgAutoFullReport : public QObject
 
     static void post(int bedAccount, int besAccount, double amount, const QDate &day = ConvertToMiladi(year, 5, 1))
     {
-        const int number = CTblDocuments::AddDoc(1, QDateTime(day, QTime(12, 0), Qt::UTC), QStringLiteral("سند"), year);
+        const int number = CTblDocuments::AddDoc(1, QDateTime(day, QTime(12, 0), Qt::UTC), u"سند"_s, year);
         const auto row = [&](int account, double bed, double bes) {
             CTblDocs::AddRecord(number, year, {account, 0, bed, bes, {}});
         };
@@ -61,7 +63,7 @@ private Q_SLOTS:
         m_office.clear();
         GetDBSetting()->SetFiscalYear(year);
         m_office.setFiscalYearOpening(ConvertToMiladi(year, 1, 1));
-        m_office.database().run(QStringLiteral("DELETE FROM HesabTafsily"));
+        m_office.database().run(u"DELETE FROM HesabTafsily"_s);
     }
 
     void rowsStandInTheirOrder()
@@ -70,17 +72,17 @@ private Q_SLOTS:
         post(610502, 110101, 700);
         post(610503, 110101, 90);
         const CDlgAutoFullReport report;
-        QCOMPARE(report.windowTitle(), QStringLiteral("گزارش جامع"));
-        QCOMPARE(column(report, 0), (QStringList{{}, QStringLiteral("410202"), {}, {}, QStringLiteral("610502"), QStringLiteral("610503"), {}, {}}));
+        QCOMPARE(report.windowTitle(), u"گزارش جامع"_s);
+        QCOMPARE(column(report, 0), (QStringList{{}, u"410202"_s, {}, {}, u"610502"_s, u"610503"_s, {}, {}}));
         const QStringList names = column(report, 1);
-        QCOMPARE(names.at(0), QStringLiteral("درآمد ها"));
-        QCOMPARE(names.at(2), QStringLiteral("جمع درآمدها"));
-        QCOMPARE(names.at(3), QStringLiteral("هزینه ها"));
-        QCOMPARE(names.at(6), QStringLiteral("جمع هزینه ها"));
-        QCOMPARE(names.at(7), QStringLiteral("مابه التفاوت درآمدها با هزینه ها"));
-        QCOMPARE(column(report, 2), (QStringList{{}, QStringLiteral("5,000"), QStringLiteral("5,000"), {}, QStringLiteral("700"), QStringLiteral("90"), QStringLiteral("790"), QStringLiteral("4,210")}));
-        const QString debit = QStringLiteral("بد");
-        const QString credit = QStringLiteral("بس");
+        QCOMPARE(names.at(0), u"درآمد ها"_s);
+        QCOMPARE(names.at(2), u"جمع درآمدها"_s);
+        QCOMPARE(names.at(3), u"هزینه ها"_s);
+        QCOMPARE(names.at(6), u"جمع هزینه ها"_s);
+        QCOMPARE(names.at(7), u"مابه التفاوت درآمدها با هزینه ها"_s);
+        QCOMPARE(column(report, 2), (QStringList{{}, u"5,000"_s, u"5,000"_s, {}, u"700"_s, u"90"_s, u"790"_s, u"4,210"_s}));
+        const QString debit = u"بد"_s;
+        const QString credit = u"بس"_s;
         QCOMPARE(column(report, 3), (QStringList{{}, credit, credit, {}, debit, debit, debit, credit}));
         const QVector<KListModel::Row> rows = report.list()->listModel()->rows();
         for (const int row : {0, 2, 3, 6, 7})
@@ -101,16 +103,16 @@ private Q_SLOTS:
     {
         const CDlgAutoFullReport report;
         QCOMPARE(report.list()->currentRow(), 0);
-        QCOMPARE(column(report, 2), (QStringList{{}, QStringLiteral("0"), {}, QStringLiteral("0"), QStringLiteral("0")}));
-        QCOMPARE(column(report, 3), (QStringList{{}, QStringLiteral("-"), {}, QStringLiteral("-"), QStringLiteral("-")}));
+        QCOMPARE(column(report, 2), (QStringList{{}, u"0"_s, {}, u"0"_s, u"0"_s}));
+        QCOMPARE(column(report, 3), (QStringList{{}, u"-"_s, {}, u"-"_s, u"-"_s}));
     }
 
     void equalIncomeAndExpenseTotalsGiveADifferenceOfZero()
     {
         post(610502, 410202, 300);
         const CDlgAutoFullReport report;
-        QCOMPARE(column(report, 2).constLast(), QStringLiteral("0"));
-        QCOMPARE(column(report, 3).constLast(), QStringLiteral("-"));
+        QCOMPARE(column(report, 2).constLast(), u"0"_s);
+        QCOMPARE(column(report, 3).constLast(), u"-"_s);
     }
 
     void opensOnTheCurrentFiscalYear()
@@ -120,30 +122,30 @@ private Q_SLOTS:
         post(110101, 410202, 300, ConvertToMiladi(year, 12, 29));
         post(110101, 410202, 4000, ConvertToMiladi(year + 1, 1, 1));
         CDlgAutoFullReport report;
-        QCOMPARE(shamsiText(report.fromDate()->date()), QStringLiteral("1405/01/01"));
-        QCOMPARE(shamsiText(report.toDate()->date()), QStringLiteral("1405/12/29"));
-        QCOMPARE(column(report, 2).at(1), QStringLiteral("320"));
+        QCOMPARE(shamsiText(report.fromDate()->date()), u"1405/01/01"_s);
+        QCOMPARE(shamsiText(report.toDate()->date()), u"1405/12/29"_s);
+        QCOMPARE(column(report, 2).at(1), u"320"_s);
         report.toDate()->setDateTime({});
         report.search();
-        QCOMPARE(column(report, 2).at(1), QStringLiteral("4,320"));
+        QCOMPARE(column(report, 2).at(1), u"4,320"_s);
     }
 
     void inactiveAccountsAreLeftOut()
     {
         post(110101, 410202, 5000);
-        m_office.database().run(QStringLiteral("UPDATE HesabMoeen SET iStatus=1 WHERE iCode=410202"));
+        m_office.database().run(u"UPDATE HesabMoeen SET iStatus=1 WHERE iCode=410202"_s);
         const CDlgAutoFullReport report;
-        m_office.database().run(QStringLiteral("UPDATE HesabMoeen SET iStatus=0 WHERE iCode=410202"));
-        QVERIFY(!column(report, 0).contains(QStringLiteral("410202")));
+        m_office.database().run(u"UPDATE HesabMoeen SET iStatus=0 WHERE iCode=410202"_s);
+        QVERIFY(!column(report, 0).contains(u"410202"_s));
     }
 
     void noStatementPerAccount()
     {
         for (int i = 1; i <= 50; ++i) {
             m_office.database().run(
-                QStringLiteral("INSERT INTO HesabTafsily(iCode,sName,iStatus,iHesabMoeenCode) VALUES(%1,'شعبه',0,410202)").arg(41020200 + i));
+                u"INSERT INTO HesabTafsily(iCode,sName,iStatus,iHesabMoeenCode) VALUES(%1,'شعبه',0,410202)"_s.arg(41020200 + i));
         }
-        const ObservedStatements observed({QStringLiteral("SELECT")});
+        const ObservedStatements observed({u"SELECT"_s});
         const ComprehensiveReport report = ComprehensiveReport::read({}, {});
         // Three groups of three levels, each with its accounts and its balances.
         QCOMPARE(observed.taken().size(), 3 * 3 * 2);
@@ -158,15 +160,15 @@ private Q_SLOTS:
             CDlgAutoFullReport report;
             const auto click = [&report](int column) { Q_EMIT report.list()->columnClicked(column); };
             click(2);
-            QCOMPARE(column(report, 2).mid(3, 2), (QStringList{QStringLiteral("90"), QStringLiteral("700")}));
+            QCOMPARE(column(report, 2).mid(3, 2), (QStringList{u"90"_s, u"700"_s}));
             click(2);
-            QCOMPARE(column(report, 2).mid(3, 2), (QStringList{QStringLiteral("700"), QStringLiteral("90")}));
-            QCOMPARE(column(report, 1).constLast(), QStringLiteral("مابه التفاوت درآمدها با هزینه ها"));
+            QCOMPARE(column(report, 2).mid(3, 2), (QStringList{u"700"_s, u"90"_s}));
+            QCOMPARE(column(report, 1).constLast(), u"مابه التفاوت درآمدها با هزینه ها"_s);
             report.reject();
         }
         const CDlgAutoFullReport again;
-        QCOMPARE(column(again, 2).mid(3, 2), (QStringList{QStringLiteral("700"), QStringLiteral("90")}));
-        QCOMPARE(again.list()->listModel()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("مبلغ*"));
+        QCOMPARE(column(again, 2).mid(3, 2), (QStringList{u"700"_s, u"90"_s}));
+        QCOMPARE(again.list()->listModel()->headerData(2, Qt::Horizontal).toString(), u"مبلغ*"_s);
     }
 
     void activatingAnAccountOpensItsDocuments()
@@ -176,7 +178,7 @@ private Q_SLOTS:
         report.show();
         bool opened = false;
         TestOffice::whenModal("CDlgAccountDocs", [&opened](QWidget *window) {
-            opened = window->windowTitle().contains(QStringLiteral("410202"));
+            opened = window->windowTitle().contains(u"410202"_s);
             window->close();
         });
         Q_EMIT report.list()->rowActivated(410202);
@@ -192,11 +194,11 @@ private Q_SLOTS:
             const QList<QPushButton *> buttons = report.findChildren<QPushButton *>();
             return std::any_of(buttons.cbegin(), buttons.cend(), [&](const QPushButton *button) { return button->text() == caption; });
         };
-        QVERIFY(hasButton(QStringLiteral("بازگشت")));
+        QVERIFY(hasButton(u"بازگشت"_s));
         report.setChoiceMode(true);
-        QVERIFY(hasButton(QStringLiteral("انتخاب")));
-        QVERIFY(!hasButton(QStringLiteral("بازگشت")));
-        QVERIFY(hasButton(QStringLiteral("انصراف")));
+        QVERIFY(hasButton(u"انتخاب"_s));
+        QVERIFY(!hasButton(u"بازگشت"_s));
+        QVERIFY(hasButton(u"انصراف"_s));
         report.list()->selectRow(0);
         report.accept();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
@@ -212,22 +214,22 @@ private Q_SLOTS:
         post(110101, 410202, 5000);
         CDlgAutoFullReport report;
         report.show();
-        report.fromDate()->setText(QStringLiteral("1405/09/01"));
+        report.fromDate()->setText(u"1405/09/01"_s);
         QString from;
         TestOffice::whenModal("CDlgAccountDocs", [&from](QWidget *window) {
             from = window->findChild<KDateEdit *>()->text();
             window->close();
         });
         Q_EMIT report.list()->rowActivated(410202);
-        QCOMPARE(from, QStringLiteral("1405/01/01"));
-        QCOMPARE(report.listReport().text(QStringLiteral("RightCenter")), QStringLiteral("تاريخ : 1405/01/01"));
+        QCOMPARE(from, u"1405/01/01"_s);
+        QCOMPARE(report.listReport().text(u"RightCenter"_s), u"تاريخ : 1405/01/01"_s);
         report.search();
-        QCOMPARE(report.listReport().text(QStringLiteral("RightCenter")), QStringLiteral("تاريخ : 1405/09/01"));
+        QCOMPARE(report.listReport().text(u"RightCenter"_s), u"تاريخ : 1405/09/01"_s);
         report.fromDate()->setDateTime({});
         report.toDate()->setDateTime({});
         report.search();
-        QCOMPARE(report.listReport().text(QStringLiteral("RightCenter")), QString());
-        QCOMPARE(report.listReport().text(QStringLiteral("RightBottom")), QString());
+        QCOMPARE(report.listReport().text(u"RightCenter"_s), QString());
+        QCOMPARE(report.listReport().text(u"RightBottom"_s), QString());
     }
 
     void enterInADateSearchesAndAWrongOneKeepsTheFocus()
@@ -236,12 +238,12 @@ private Q_SLOTS:
         CDlgAutoFullReport report;
         report.show();
         report.toDate()->setFocus();
-        report.toDate()->setText(QStringLiteral("1405/02/01"));
+        report.toDate()->setText(u"1405/02/01"_s);
         QTest::keyClick(report.toDate(), Qt::Key_Return);
         QTRY_COMPARE(report.list()->count(), 5);
         QVERIFY(report.isVisible());
         report.fromDate()->setFocus();
-        report.fromDate()->setText(QStringLiteral("1405/13/01"));
+        report.fromDate()->setText(u"1405/13/01"_s);
         QTest::keyClick(report.fromDate(), Qt::Key_Return);
         QTRY_COMPARE(report.focusWidget(), report.fromDate());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
@@ -252,10 +254,10 @@ private Q_SLOTS:
         post(110101, 410202, 5000);
         CDlgAutoFullReport report;
         report.show();
-        report.fromDate()->setText(QStringLiteral("1405/13/01"));
+        report.fromDate()->setText(u"1405/13/01"_s);
         report.search();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(column(report, 2).at(1), QStringLiteral("5,000"));
+        QCOMPARE(column(report, 2).at(1), u"5,000"_s);
     }
 
     void chartShowsTheSameFigures()
@@ -264,8 +266,8 @@ private Q_SLOTS:
         post(610502, 110101, 700);
         CDlgAutoFullReport report;
         QCOMPARE(report.chart()->categories().size(), 2);
-        QVERIFY(report.chart()->categories().at(0).contains(QStringLiteral("410202")));
-        QVERIFY(report.chart()->categories().at(1).contains(QStringLiteral("610502")));
+        QVERIFY(report.chart()->categories().at(0).contains(u"410202"_s));
+        QVERIFY(report.chart()->categories().at(1).contains(u"610502"_s));
     }
 
     // Whatever the window's size was and is.
@@ -282,7 +284,7 @@ private Q_SLOTS:
             paper.fill(Qt::yellow);
             {
                 QPainter painter(&paper);
-                report.chart()->draw(painter, QRectF(paper.rect()), QStringLiteral("1405"));
+                report.chart()->draw(painter, QRectF(paper.rect()), u"1405"_s);
             }
             const QRgb income = qRgb(0x2e, 0x8b, 0x57);
             QRect bar;
@@ -293,7 +295,7 @@ private Q_SLOTS:
                         bar |= QRect(x, y, 1, 1);
                 }
             }
-            QVERIFY2(bar.width() > 400 && bar.height() > 50, qPrintable(QStringLiteral("%1 x %2").arg(bar.width()).arg(bar.height())));
+            QVERIFY2(bar.width() > 400 && bar.height() > 50, qPrintable(u"%1 x %2"_s.arg(bar.width()).arg(bar.height())));
         }
     }
 
@@ -302,8 +304,8 @@ private Q_SLOTS:
     {
         ComprehensiveReport report;
         for (int i = 0; i < IncomeBars::mostOfASide; ++i) {
-            report.income.accounts.append({AccountLevel::Moeen, 410101 + i, QStringLiteral("حساب"), {0, 100.0 + i}});
-            report.expenses.accounts.append({AccountLevel::Moeen, 610101 + i, QStringLiteral("حساب"), {100.0 + i, 0}});
+            report.income.accounts.append({AccountLevel::Moeen, 410101 + i, u"حساب"_s, {0, 100.0 + i}});
+            report.expenses.accounts.append({AccountLevel::Moeen, 610101 + i, u"حساب"_s, {100.0 + i, 0}});
         }
         IncomeChart chart;
         chart.resize(700, 400);
@@ -318,7 +320,7 @@ private Q_SLOTS:
         const QList<QGraphicsItem *> items = chart.chart()->scene()->items();
         for (const QGraphicsItem *item : items) {
             const auto *text = qgraphicsitem_cast<const QGraphicsTextItem *>(item);
-            shown += text && text->isVisible() && text->toPlainText().endsWith(QStringLiteral("- حساب"));
+            shown += text && text->isVisible() && text->toPlainText().endsWith(u"- حساب"_s);
         }
         QCOMPARE(shown, chart.categories().size());
     }
@@ -327,11 +329,11 @@ private Q_SLOTS:
     {
         ComprehensiveReport report;
         for (int i = 0; i < 12; ++i)
-            report.income.accounts.append({AccountLevel::Moeen, 410101 + i, QStringLiteral("حساب"), {0, 100.0 + i}});
+            report.income.accounts.append({AccountLevel::Moeen, 410101 + i, u"حساب"_s, {0, 100.0 + i}});
         IncomeChart chart;
         chart.setReport(report);
         QCOMPARE(chart.categories().size(), IncomeBars::mostOfASide + 1);
-        QCOMPARE(chart.categories().constLast(), QStringLiteral("سایر درآمدها"));
+        QCOMPARE(chart.categories().constLast(), u"سایر درآمدها"_s);
     }
 
     void reportOnPaper()
@@ -339,17 +341,17 @@ private Q_SLOTS:
         post(110101, 410202, 5000);
         const CDlgAutoFullReport report;
         const ListReport paper = report.listReport();
-        QCOMPARE(paper.shownTitle(), QStringLiteral("لیست گزارش جامع"));
-        QVERIFY(paper.text(QStringLiteral("LeftBottom")).startsWith(QStringLiteral("تاریخ چاپ : ")));
-        QCOMPARE(paper.text(QStringLiteral("Count")), QStringLiteral("تعداد : 1"));
+        QCOMPARE(paper.shownTitle(), u"لیست گزارش جامع"_s);
+        QVERIFY(paper.text(u"LeftBottom"_s).startsWith(u"تاریخ چاپ : "_s));
+        QCOMPARE(paper.text(u"Count"_s), u"تعداد : 1"_s);
         QCOMPARE(paper.rows().size(), report.list()->count());
     }
 
     void withoutTheRightItDoesNotOpen()
     {
-        m_office.logInAs(QStringLiteral("reza"), QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+        m_office.logInAs(u"reza"_s, u"AutomobilContracts"_s, KSecurity::allRights);
         CDlgAutoFullReport::Show(nullptr);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutoFullReport"), KSecurity::Access)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"AutoFullReport"_s, KSecurity::Access)});
     }
 
     void theContractListOpensIt()

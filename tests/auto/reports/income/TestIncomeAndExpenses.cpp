@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace IncomeAndExpenses;
 
 namespace {
@@ -13,9 +15,9 @@ namespace {
 Group sampleGroup()
 {
     Group group;
-    group.general = {{4101, QStringLiteral("خدمات"), 0}, {4102, QStringLiteral("کمیسیون"), 0}, {4103, QStringLiteral("سایر"), 0}};
-    group.subsidiary = {{410101, QStringLiteral("کارشناسی"), 4101}, {410102, QStringLiteral("تخفیف"), 4101}, {410202, QStringLiteral("کمیسیون فروش"), 4102}};
-    group.detail = {{41020201, QStringLiteral("شعبه یک"), 410202}, {41020202, QStringLiteral("شعبه دو"), 410202}};
+    group.general = {{4101, u"خدمات"_s, 0}, {4102, u"کمیسیون"_s, 0}, {4103, u"سایر"_s, 0}};
+    group.subsidiary = {{410101, u"کارشناسی"_s, 4101}, {410102, u"تخفیف"_s, 4101}, {410202, u"کمیسیون فروش"_s, 4102}};
+    group.detail = {{41020201, u"شعبه یک"_s, 410202}, {41020202, u"شعبه دو"_s, 410202}};
     group.generalBalances = {{4101, {0, 999}}, {4102, {0, 999}}, {4103, {0, 5}}};
     group.subsidiaryBalances = {{410101, {0, 100}}, {410102, {30, 0}}, {410202, {0, 999}}};
     group.detailBalances = {{41020201, {0, 40}}, {41020202, {7, 7}}};
@@ -45,8 +47,8 @@ private Q_SLOTS:
         QCOMPARE(side.accounts.at(0).level, AccountLevel::Moeen);
         QCOMPARE(side.accounts.at(2).level, AccountLevel::Tafsily);
         QCOMPARE(side.accounts.at(3).level, AccountLevel::Kol);
-        QCOMPARE(side.accounts.at(1).balance.nature(), QStringLiteral("بد"));
-        QCOMPARE(side.accounts.at(3).balance.nature(), QStringLiteral("بس"));
+        QCOMPARE(side.accounts.at(1).balance.nature(), u"بد"_s);
+        QCOMPARE(side.accounts.at(3).balance.nature(), u"بس"_s);
     }
 
     void totalHoldsEveryAccountAlsoTheBalancedOnes()
@@ -61,7 +63,7 @@ private Q_SLOTS:
     {
         Side side;
         Group second;
-        second.general = {{6201, QStringLiteral("اجاره"), 0}};
+        second.general = {{6201, u"اجاره"_s, 0}};
         second.generalBalances = {{6201, {12, 0}}};
         add(side, sampleGroup());
         add(side, second);
@@ -75,7 +77,7 @@ private Q_SLOTS:
         add(side, {});
         QVERIFY(side.accounts.isEmpty());
         QVERIFY(side.total.isBalanced());
-        QCOMPARE(side.total.nature(), QStringLiteral("-"));
+        QCOMPARE(side.total.nature(), u"-"_s);
     }
 
     void balanced_data()
@@ -93,7 +95,7 @@ private Q_SLOTS:
         QFETCH(double, bed);
         QFETCH(double, bes);
         Group group;
-        group.general = {{4101, QStringLiteral("خدمات"), 0}};
+        group.general = {{4101, u"خدمات"_s, 0}};
         group.generalBalances = {{4101, {bed, bes}}};
         Side side;
         add(side, group);
@@ -105,9 +107,9 @@ private Q_SLOTS:
         QTest::addColumn<double>("income");
         QTest::addColumn<double>("expense");
         QTest::addColumn<QString>("nature");
-        QTest::newRow("equal income and expense totals") << 500. << 500. << QStringLiteral("-");
-        QTest::newRow("more earned than spent") << 500. << 300. << QStringLiteral("بس");
-        QTest::newRow("more spent than earned") << 300. << 500. << QStringLiteral("بد");
+        QTest::newRow("equal income and expense totals") << 500. << 500. << u"-"_s;
+        QTest::newRow("more earned than spent") << 500. << 300. << u"بس"_s;
+        QTest::newRow("more spent than earned") << 300. << 500. << u"بد"_s;
     }
 
     void difference()

@@ -6,17 +6,19 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString otherIncome = QStringLiteral("other income");
-const QString otherExpenses = QStringLiteral("other expenses");
+const QString otherIncome = u"other income"_s;
+const QString otherExpenses = u"other expenses"_s;
 
 // Accounts of these balances, debit above 0.
 QList<IncomeAndExpenses::Account> accounts(int firstCode, const QList<double> &nets)
 {
     QList<IncomeAndExpenses::Account> accounts;
     for (const double net : nets)
-        accounts.append({AccountLevel::Moeen, firstCode++, QStringLiteral("name"), {net > 0 ? net : 0, net < 0 ? -net : 0}});
+        accounts.append({AccountLevel::Moeen, firstCode++, u"name"_s, {net > 0 ? net : 0, net < 0 ? -net : 0}});
     return accounts;
 }
 
@@ -47,10 +49,10 @@ private Q_SLOTS:
     {
         const IncomeBars drawn = bars({-10, -30, -20}, {5, 7});
         QCOMPARE(amounts(drawn), (QList<double>{30, 20, 10, 7, 5}));
-        QCOMPARE(drawn.bars.at(0).name, QStringLiteral("410102 - name"));
+        QCOMPARE(drawn.bars.at(0).name, u"410102 - name"_s);
         QVERIFY(drawn.bars.at(2).isIncome);
         QVERIFY(!drawn.bars.at(3).isIncome);
-        QCOMPARE(drawn.bars.at(3).name, QStringLiteral("610102 - name"));
+        QCOMPARE(drawn.bars.at(3).name, u"610102 - name"_s);
     }
 
     void incomeInDebitAndExpensesInCreditAreBelowZero()

@@ -28,6 +28,8 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 using Contract = CTblAutomobilContracts;
 using Window = CDlgAutomobilReportSeasons;
 
@@ -46,7 +48,7 @@ QPushButton *button(const QWidget &window, const QString &caption)
 QString total(const QWidget &window, const QString &label)
 {
     const KEdit *edit = named<KEdit>(window, label);
-    return edit ? edit->text() : QStringLiteral("there is no ") + label;
+    return edit ? edit->text() : u"there is no "_s + label;
 }
 
 void waitUntilIdle(Window &window)
@@ -87,22 +89,22 @@ private Q_SLOTS:
     {
         addContract(20'000'000);
         addContract(100);
-        WriteSetting(QStringLiteral("DlgAutomobilReportSeasons"), QStringLiteral("dMinAmount"), QStringLiteral("5000"));
+        WriteSetting(u"DlgAutomobilReportSeasons"_s, u"dMinAmount"_s, u"5000"_s);
         Window window;
         window.show();
         waitUntilIdle(window);
         const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
-        QCOMPARE(window.windowTitle(), QStringLiteral("گزارش فصلي"));
+        QCOMPARE(window.windowTitle(), u"گزارش فصلي"_s);
         QCOMPARE(window.year()->integer(), today.year);
         QCOMPARE(window.seasons()->checkedId(), qMax(0, today.month / 3 - 1));
         QCOMPARE(window.kinds()->checkedId(), 0);
         // Over the stored one.
         QCOMPARE(window.minimumAmount()->number(), 16'400'000.0);
         QCOMPARE(window.list()->count(), 3);
-        QCOMPARE(total(window, QStringLiteral("مبلغ :")), QStringLiteral("40,000,200"));
-        QCOMPARE(total(window, QStringLiteral("جمع :")), QStringLiteral("40,000,200"));
-        QCOMPARE(total(window, QStringLiteral("تخفيف :")), QStringLiteral("0"));
-        QCOMPARE(total(window, QStringLiteral("ارزش افزوده :")), QStringLiteral("0"));
+        QCOMPARE(total(window, u"مبلغ :"_s), u"40,000,200"_s);
+        QCOMPARE(total(window, u"جمع :"_s), u"40,000,200"_s);
+        QCOMPARE(total(window, u"تخفيف :"_s), u"0"_s);
+        QCOMPARE(total(window, u"ارزش افزوده :"_s), u"0"_s);
     }
 
     void totalsBelowZeroAreNoWrongEntries()
@@ -111,7 +113,7 @@ private Q_SLOTS:
         Window window;
         window.show();
         waitUntilIdle(window);
-        QCOMPARE(total(window, QStringLiteral("جمع :")), QStringLiteral("-10,000,000"));
+        QCOMPARE(total(window, u"جمع :"_s), u"-10,000,000"_s);
         const QList<KEdit *> edits = window.findChildren<KEdit *>();
         for (const KEdit *edit : edits)
             QVERIFY2(edit->isEntryValid(), qPrintable(edit->accessibleName()));
@@ -129,16 +131,16 @@ private Q_SLOTS:
             for (const QAbstractButton *option : group->buttons())
                 options.append(option->text());
         }
-        QCOMPARE(options, (QStringList{QStringLiteral("بهار"), QStringLiteral("تابستان"), QStringLiteral("پاييز"), QStringLiteral("زمستان"), QStringLiteral("فروش"), QStringLiteral("خريد")}));
+        QCOMPARE(options, (QStringList{u"بهار"_s, u"تابستان"_s, u"پاييز"_s, u"زمستان"_s, u"فروش"_s, u"خريد"_s}));
         QStringList labels;
         for (const QLabel *label : window.findChildren<QLabel *>())
             labels.append(label->text());
         for (const char *label : {"سال :", "مبالغ کمتر از ", "ريال مجموعاً در يک رديف بيايند", "مبلغ :", "ارزش افزوده :", "تخفيف :", "جمع :"})
             QVERIFY2(labels.contains(QString::fromUtf8(label)), label);
         // The duties exist and are hidden.
-        QCOMPARE(total(window, QStringLiteral("عوارض :")), QStringLiteral("0"));
+        QCOMPARE(total(window, u"عوارض :"_s), u"0"_s);
         for (const QLabel *label : window.findChildren<QLabel *>())
-            QCOMPARE(label->text() == QStringLiteral("عوارض :"), label->text() == QStringLiteral("عوارض :") && label->isHidden());
+            QCOMPARE(label->text() == u"عوارض :"_s, label->text() == u"عوارض :"_s && label->isHidden());
     }
 
     void titlesStayThoseOfTheKindThatTheWindowOpenedWith()
@@ -150,12 +152,12 @@ private Q_SLOTS:
         window.kinds()->button(1)->setChecked(true);
         window.refresh();
         waitUntilIdle(window);
-        QCOMPARE(window.list()->listModel()->headerData(11, Qt::Horizontal).toString(), QStringLiteral("نام خریدار"));
+        QCOMPARE(window.list()->listModel()->headerData(11, Qt::Horizontal).toString(), u"نام خریدار"_s);
         const QVector<KListModel::Column> purchases = seasonalColumns(SeasonalGathering::Kind::Purchases);
-        QCOMPARE(purchases.at(1).title, QStringLiteral("کد خدمت"));
-        QCOMPARE(purchases.at(2).title, QStringLiteral("نام خدمت"));
-        QCOMPARE(purchases.at(11).title, QStringLiteral("نام فروشنده"));
-        QCOMPARE(purchases.at(15).title, QStringLiteral("نوع فروشنده"));
+        QCOMPARE(purchases.at(1).title, u"کد خدمت"_s);
+        QCOMPARE(purchases.at(2).title, u"نام خدمت"_s);
+        QCOMPARE(purchases.at(11).title, u"نام فروشنده"_s);
+        QCOMPARE(purchases.at(15).title, u"نوع فروشنده"_s);
     }
 
     void whileBusyTheWindowCannotBeClosed()
@@ -165,21 +167,21 @@ private Q_SLOTS:
         window.show();
         waitUntilIdle(window);
         const QSignalSpy idle(&window, &Window::idle);
-        QPushButton *show = button(window, QStringLiteral("نمایش"));
+        QPushButton *show = button(window, u"نمایش"_s);
         window.refresh();
         QVERIFY(window.isBusy());
-        QCOMPARE(show->text(), QStringLiteral("لطفا صبر کنید..."));
+        QCOMPARE(show->text(), u"لطفا صبر کنید..."_s);
         QVERIFY(!show->isEnabled());
-        QVERIFY(!button(window, QStringLiteral("چاپ"))->isEnabled());
-        QVERIFY(!button(window, QStringLiteral("بازگشت"))->isEnabled());
+        QVERIFY(!button(window, u"چاپ"_s)->isEnabled());
+        QVERIFY(!button(window, u"بازگشت"_s)->isEnabled());
         window.reject();
         window.close();
         QVERIFY(window.isVisible());
         window.refresh(); // a second one does not start
         waitUntilIdle(window);
         QCOMPARE(idle.count(), 1);
-        QCOMPARE(show->text(), QStringLiteral("نمایش"));
-        for (const QString &caption : {QStringLiteral("نمایش"), QStringLiteral("چاپ"), QStringLiteral("بازگشت")})
+        QCOMPARE(show->text(), u"نمایش"_s);
+        for (const QString &caption : {u"نمایش"_s, u"چاپ"_s, u"بازگشت"_s})
             QVERIFY(button(window, caption)->isEnabled());
         QCOMPARE(window.list()->count(), 2);
         window.reject();
@@ -189,14 +191,14 @@ private Q_SLOTS:
     void aStoppedGatheringLeavesNoPartOfASeason()
     {
         for (int i = 0; i < 6000; ++i) {
-            m_office.database().run(QStringLiteral("INSERT INTO AutomobilContracts SET dateContract='%1', iCode=%2, dCommission=20000000")
+            m_office.database().run(u"INSERT INTO AutomobilContracts SET dateContract='%1', iCode=%2, dCommission=20000000"_s
                                         .arg(thisSeason().date().toString(Qt::ISODate))
                                         .arg(i));
         }
         Window window;
         window.show();
         QVERIFY(window.isBusy());
-        button(window, QStringLiteral("توقف"))->click();
+        button(window, u"توقف"_s)->click();
         waitUntilIdle(window);
         QCOMPARE(window.list()->count(), 0);
         // Nor is it exported as a season without rows, unless somebody wants that.
@@ -214,12 +216,12 @@ private Q_SLOTS:
         Window window;
         window.show();
         waitUntilIdle(window);
-        m_office.database().run(QStringLiteral("RENAME TABLE FactorStuffs TO Away, Factors TO AwayToo"));
+        m_office.database().run(u"RENAME TABLE FactorStuffs TO Away, Factors TO AwayToo"_s);
         window.refresh();
         waitUntilIdle(window);
-        m_office.database().run(QStringLiteral("RENAME TABLE Away TO FactorStuffs, AwayToo TO Factors"));
+        m_office.database().run(u"RENAME TABLE Away TO FactorStuffs, AwayToo TO Factors"_s);
         QCOMPARE((g_pDlgWarning->takeShown() + g_pDlgMessage->takeShown()).size(), 1);
-        QVERIFY(button(window, QStringLiteral("نمایش"))->isEnabled());
+        QVERIFY(button(window, u"نمایش"_s)->isEnabled());
         window.refresh();
         waitUntilIdle(window);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
@@ -227,7 +229,7 @@ private Q_SLOTS:
 
     void tooLongAddressesAreToldAndMarked()
     {
-        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"), [](CTblPersons &record) {
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s, [](CTblPersons &record) {
             record.m_sAddress = QString(81, u'ن');
         });
         addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonSecondID = person; });
@@ -235,7 +237,7 @@ private Q_SLOTS:
         window.show();
         waitUntilIdle(window);
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("1 آدرس دارای طول بیش از 80 کاراکتر می باشند، لطفا اصلاح بفرمایید.")});
+                 QStringList{u"1 آدرس دارای طول بیش از 80 کاراکتر می باشند، لطفا اصلاح بفرمایید."_s});
         const KListModel *model = window.list()->listModel();
         QCOMPARE(model->index(1, 10).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));
         QCOMPARE(model->index(1, 10).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
@@ -265,7 +267,7 @@ private Q_SLOTS:
 
     void activatingARowMendsItsParty()
     {
-        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"),
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s,
                                               [](CTblPersons &record) { record.m_sAddress = QString(90, u'ن'); });
         addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = person; });
         Window window;
@@ -275,13 +277,13 @@ private Q_SLOTS:
             const QList<QLineEdit *> edits = editor->findChildren<QLineEdit *>();
             for (QLineEdit *edit : edits) {
                 if (edit->text().size() == 90)
-                    edit->setText(QStringLiteral("تهران"));
+                    edit->setText(u"تهران"_s);
             }
             static_cast<QDialog *>(editor)->accept();
         });
         Q_EMIT window.list()->rowActivated(1);
         for (const int row : {0, 1}) {
-            QCOMPARE(window.list()->cellText(row, 10), QStringLiteral("تهران"));
+            QCOMPARE(window.list()->cellText(row, 10), u"تهران"_s);
             QVERIFY(!window.list()->listModel()->index(row, 10).data(Qt::BackgroundRole).isValid());
         }
     }
@@ -300,7 +302,7 @@ private Q_SLOTS:
 
     void aClosedDatabaseOnlyShowsTheParty()
     {
-        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s);
         addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = person; });
         Window window;
         window.show();
@@ -313,27 +315,27 @@ private Q_SLOTS:
         });
         Q_EMIT window.list()->rowActivated(1);
         GetDBSetting()->SetClosedDB(false);
-        QVERIFY2(title.contains(QStringLiteral("نمایش")), qPrintable(title));
+        QVERIFY2(title.contains(u"نمایش"_s), qPrintable(title));
     }
 
     void whoMayNotSeePersonsIsToldSo()
     {
-        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s);
         addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = person; });
-        m_office.logInAs(QStringLiteral("sara"), QStringLiteral("AutomobilReportSeasons"), KSecurity::allRights);
+        m_office.logInAs(u"sara"_s, u"AutomobilReportSeasons"_s, KSecurity::allRights);
         Window window;
         window.show();
         waitUntilIdle(window);
         Q_EMIT window.list()->rowActivated(1);
         QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Persons"), KSecurity::Read)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Persons"_s, KSecurity::Read)});
     }
 
     // The row that is activated is the one that is seen, and the file has the rows as they are seen.
     void activatingARowOfASortedListMendsThatRowsParty()
     {
-        const int first = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
-        const int second = m_office.addPerson(QStringLiteral("مریم"), QStringLiteral("کاظمی"));
+        const int first = m_office.addPerson(u"علی"_s, u"رضایی"_s);
+        const int second = m_office.addPerson(u"مریم"_s, u"کاظمی"_s);
         addContract(20'000'000, [first](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = first; });
         addContract(90'000'000, [second](Contract &contract) { contract.m_iPersonFirstID = contract.m_iPersonSecondID = second; });
         Window window;
@@ -341,7 +343,7 @@ private Q_SLOTS:
         waitUntilIdle(window);
         Q_EMIT window.list()->columnClicked(4);
         Q_EMIT window.list()->columnClicked(4);
-        QCOMPARE(window.list()->cellText(0, 11), QStringLiteral("مریم"));
+        QCOMPARE(window.list()->cellText(0, 11), u"مریم"_s);
         QString family;
         TestOffice::whenModal("CDlgAddPerson", [&family](QWidget *editor) {
             const QList<QLineEdit *> edits = editor->findChildren<QLineEdit *>();
@@ -354,19 +356,19 @@ private Q_SLOTS:
         const QPoint place = window.list()->visualRect(index).center();
         QTest::mouseClick(window.list()->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(window.list()->viewport(), Qt::LeftButton, {}, place);
-        QVERIFY2(family.contains(QStringLiteral("کاظمی")), qPrintable(family));
+        QVERIFY2(family.contains(u"کاظمی"_s), qPrintable(family));
     }
 
     void aPersonDeletedMeanwhileLeavesTheCells()
     {
-        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s);
         addContract(20'000'000, [person](Contract &contract) { contract.m_iPersonFirstID = person; });
         Window window;
         window.show();
         waitUntilIdle(window);
-        m_office.database().run(QStringLiteral("DELETE FROM Persons"));
+        m_office.database().run(u"DELETE FROM Persons"_s);
         Q_EMIT window.list()->rowActivated(1);
-        QCOMPARE(window.list()->cellText(0, 11), QStringLiteral("علی"));
+        QCOMPARE(window.list()->cellText(0, 11), u"علی"_s);
     }
 
     void columnsOfNumbersSortAsNumbers()
@@ -382,17 +384,17 @@ private Q_SLOTS:
                 texts.append(window.list()->cellText(row, 4));
             return texts;
         };
-        const QStringList up{QStringLiteral("20,000,000"), QStringLiteral("100,000,000"), QStringLiteral("3,000,000,000")};
+        const QStringList up{u"20,000,000"_s, u"100,000,000"_s, u"3,000,000,000"_s};
         Q_EMIT window.list()->columnClicked(4);
         QCOMPARE(amounts(), up);
-        QCOMPARE(window.list()->listModel()->headerData(4, Qt::Horizontal).toString(), QStringLiteral("مبلغ*"));
+        QCOMPARE(window.list()->listModel()->headerData(4, Qt::Horizontal).toString(), u"مبلغ*"_s);
         Q_EMIT window.list()->columnClicked(4);
         QCOMPARE(amounts(), QStringList(up.crbegin(), up.crend()));
         Q_EMIT window.list()->columnClicked(11);
-        QCOMPARE(window.list()->listModel()->headerData(4, Qt::Horizontal).toString(), QStringLiteral("مبلغ"));
+        QCOMPARE(window.list()->listModel()->headerData(4, Qt::Horizontal).toString(), u"مبلغ"_s);
         window.refresh();
         waitUntilIdle(window);
-        QCOMPARE(window.list()->listModel()->headerData(11, Qt::Horizontal).toString(), QStringLiteral("نام خریدار"));
+        QCOMPARE(window.list()->listModel()->headerData(11, Qt::Horizontal).toString(), u"نام خریدار"_s);
     }
 
     void theYearIsTypedInDigitsOfAnyScriptAndSteppedByKeys()
@@ -401,7 +403,7 @@ private Q_SLOTS:
         window.show();
         waitUntilIdle(window);
         window.year()->selectAll();
-        for (const QChar digit : QStringLiteral("۱۴۰۳")) {
+        for (const QChar digit : u"۱۴۰۳"_s) {
             QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(digit));
             QCoreApplication::sendEvent(window.year(), &key);
         }
@@ -428,7 +430,7 @@ private Q_SLOTS:
         window.year()->setText(typed);
         window.refresh();
         QVERIFY(!window.isBusy());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سال : مقدار باید بین 1206 و 1498 باشد.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"سال : مقدار باید بین 1206 و 1498 باشد."_s});
         QCOMPARE(window.year()->text(), typed);
         QCOMPARE(window.focusWidget(), window.year());
         // Neither does it go anywhere else.
@@ -442,14 +444,14 @@ private Q_SLOTS:
         Window window;
         window.show();
         waitUntilIdle(window);
-        window.minimumAmount()->setText(QStringLiteral("16400001"));
+        window.minimumAmount()->setText(u"16400001"_s);
         window.refresh();
         QVERIFY(!window.isBusy());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("مبالغ کمتر از : مقدار باید بین 0 و 16,400,000 باشد.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"مبالغ کمتر از : مقدار باید بین 0 و 16,400,000 باشد."_s});
         QCOMPARE(window.focusWidget(), window.minimumAmount());
-        window.minimumAmount()->setText(QStringLiteral("7000"));
+        window.minimumAmount()->setText(u"7000"_s);
         window.reject();
-        QCOMPARE(ReadSetting(QStringLiteral("DlgAutomobilReportSeasons"), QStringLiteral("dMinAmount"), QString()), QStringLiteral("7000"));
+        QCOMPARE(ReadSetting(u"DlgAutomobilReportSeasons"_s, u"dMinAmount"_s, QString()), u"7000"_s);
     }
 
     void enterInTheMinimumAmountGathers()
@@ -464,7 +466,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(window.list()->count(), 4, waitMilliseconds);
         QCOMPARE(window.focusWidget(), window.list());
         waitUntilIdle(window);
-        window.minimumAmount()->setText(QStringLiteral("16400001"));
+        window.minimumAmount()->setText(u"16400001"_s);
         window.minimumAmount()->setFocus();
         QTest::keyClick(window.minimumAmount(), Qt::Key_Return);
         QTRY_COMPARE(window.focusWidget(), window.minimumAmount());
@@ -480,7 +482,7 @@ private Q_SLOTS:
         window.year()->setFocus();
         waitUntilIdle(window);
         QCOMPARE(window.focusWidget(), window.year());
-        button(window, QStringLiteral("نمایش"))->setFocus();
+        button(window, u"نمایش"_s)->setFocus();
         window.refresh();
         QVERIFY(window.isBusy());
         waitUntilIdle(window);
@@ -495,11 +497,11 @@ private Q_SLOTS:
         addContract(500);
         QString sales;
         TestOffice::whenModal("CDlgPaymentAmount", [&sales](QWidget *dialog) {
-            sales = total(*dialog, QStringLiteral("جمع فروش :"));
+            sales = total(*dialog, u"جمع فروش :"_s);
             dialog->close();
         });
-        button(window, QStringLiteral("مبلغ قابل پرداخت"))->click();
-        QCOMPARE(sales, QStringLiteral("1,000"));
+        button(window, u"مبلغ قابل پرداخت"_s)->click();
+        QCOMPARE(sales, u"1,000"_s);
     }
 
     void companyDetailsOpen()
@@ -512,7 +514,7 @@ private Q_SLOTS:
             opened = true;
             dialog->close();
         });
-        button(window, QStringLiteral("مشخصات شرکت/فروشگاه"))->click();
+        button(window, u"مشخصات شرکت/فروشگاه"_s)->click();
         QVERIFY(opened);
     }
 
@@ -526,34 +528,34 @@ private Q_SLOTS:
         window.show();
         waitUntilIdle(window);
         const ListReport report = window.listReport();
-        QCOMPARE(report.shownTitle(), QStringLiteral("گزارشات"));
-        QVERIFY(report.text(QStringLiteral("RightCenter")).endsWith(QStringLiteral(" سال : %1").arg(window.year()->integer())));
-        QVERIFY(report.text(QStringLiteral("LeftBottom")).startsWith(QStringLiteral("تاریخ چاپ : ")));
-        QCOMPARE(report.text(QStringLiteral("Count")), QStringLiteral("تعداد ردیف : 2"));
-        QCOMPARE(report.text(QStringLiteral("Amount")), QStringLiteral("مبلغ : 40,000,000"));
-        QCOMPARE(report.text(QStringLiteral("Tax")), QStringLiteral("مالیات : 5"));
-        QCOMPARE(report.text(QStringLiteral("Discount")), QStringLiteral("تخفیف : 7"));
-        QCOMPARE(report.text(QStringLiteral("FinalAmount")), QStringLiteral("جمع : 39,999,998"));
+        QCOMPARE(report.shownTitle(), u"گزارشات"_s);
+        QVERIFY(report.text(u"RightCenter"_s).endsWith(u" سال : %1"_s.arg(window.year()->integer())));
+        QVERIFY(report.text(u"LeftBottom"_s).startsWith(u"تاریخ چاپ : "_s));
+        QCOMPARE(report.text(u"Count"_s), u"تعداد ردیف : 2"_s);
+        QCOMPARE(report.text(u"Amount"_s), u"مبلغ : 40,000,000"_s);
+        QCOMPARE(report.text(u"Tax"_s), u"مالیات : 5"_s);
+        QCOMPARE(report.text(u"Discount"_s), u"تخفیف : 7"_s);
+        QCOMPARE(report.text(u"FinalAmount"_s), u"جمع : 39,999,998"_s);
         QCOMPARE(report.rows().size(), 2 + 2);
         const QVector<KListModel::Cell> titles = report.rows().at(2).cells;
         const QVector<KListModel::Cell> sums = report.rows().at(3).cells;
-        QCOMPARE(titles.at(4).text, QStringLiteral("جمع مبلغ"));
-        QCOMPARE(titles.at(5).text, QStringLiteral("جمع مالیات"));
-        QCOMPARE(titles.at(20).text, QStringLiteral("جمع تخفیف"));
-        QCOMPARE(titles.at(21).text, QStringLiteral("جمع کل"));
-        QCOMPARE(sums.at(21).text, QStringLiteral("39,999,998"));
+        QCOMPARE(titles.at(4).text, u"جمع مبلغ"_s);
+        QCOMPARE(titles.at(5).text, u"جمع مالیات"_s);
+        QCOMPARE(titles.at(20).text, u"جمع تخفیف"_s);
+        QCOMPARE(titles.at(21).text, u"جمع کل"_s);
+        QCOMPARE(sums.at(21).text, u"39,999,998"_s);
     }
 
     // Amounts, codes and dates must not be parted by the edge of their column, nor one row fill a page.
     void thirtyColumnsStayReadableOnPaper()
     {
-        const int person = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"), [](CTblPersons &record) {
-            record.m_sPostalCode = QStringLiteral("1234567890");
-            record.m_sAreaCode = QStringLiteral("021");
-            record.m_sTel = QStringLiteral("22334455");
-            record.m_sNationalCode = QStringLiteral("0012345679");
-            record.m_sEconomicCode = QStringLiteral("411122223333");
-            record.m_sAddress = QStringLiteral("تهران، خیابان ولی عصر، بالاتر از میدان ونک، کوچه گل، پلاک ۱۲، طبقه سوم");
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s, [](CTblPersons &record) {
+            record.m_sPostalCode = u"1234567890"_s;
+            record.m_sAreaCode = u"021"_s;
+            record.m_sTel = u"22334455"_s;
+            record.m_sNationalCode = u"0012345679"_s;
+            record.m_sEconomicCode = u"411122223333"_s;
+            record.m_sAddress = u"تهران، خیابان ولی عصر، بالاتر از میدان ونک، کوچه گل، پلاک ۱۲، طبقه سوم"_s;
             record.m_iTaxKind = 6;
         });
         for (int i = 0; i < 10; ++i)
@@ -608,20 +610,20 @@ private Q_SLOTS:
 
     void withoutAccessNothingOpens()
     {
-        m_office.logInAs(QStringLiteral("reza"), QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+        m_office.logInAs(u"reza"_s, u"AutomobilContracts"_s, KSecurity::allRights);
         GetAutoDBSetting()->ShowAutomobilReportSeasonsDlg();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::Access)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"AutomobilReportSeasons"_s, KSecurity::Access)});
         QVERIFY(!QApplication::activeModalWidget());
     }
 
     void printingNeedsItsRight()
     {
-        m_office.logInAs(QStringLiteral("reza"), QStringLiteral("AutomobilReportSeasons"), KSecurity::Access);
+        m_office.logInAs(u"reza"_s, u"AutomobilReportSeasons"_s, KSecurity::Access);
         Window window;
         window.show();
         waitUntilIdle(window);
         window.print();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("AutomobilReportSeasons"), KSecurity::PrintList)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"AutomobilReportSeasons"_s, KSecurity::PrintList)});
     }
 };
 

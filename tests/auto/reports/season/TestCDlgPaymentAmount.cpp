@@ -17,6 +17,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int year = 1405;
@@ -82,10 +84,10 @@ private Q_SLOTS:
         for (const char *label : {"جمع فروش :", "جمع خريد :", "نتيجه :"}) {
             const KEdit *edit = named<KEdit>(dialog, QString::fromUtf8(label));
             QVERIFY2(edit, label);
-            QCOMPARE(edit->text(), QStringLiteral("0"));
+            QCOMPARE(edit->text(), u"0"_s);
             QVERIFY(edit->isReadOnly());
         }
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("پرداختي"));
+        QCOMPARE(dialog.windowTitle(), u"پرداختي"_s);
     }
 
     void commissionCountsTwice()
@@ -115,8 +117,8 @@ private Q_SLOTS:
     {
         addInvoice({.type = CTblFactors::sale, .amount = 1234567});
         const CDlgPaymentAmount dialog(0, year);
-        const KEdit *result = named<KEdit>(dialog, QStringLiteral("نتيجه :"));
-        QCOMPARE(result->text(), QStringLiteral("-1,234,567"));
+        const KEdit *result = named<KEdit>(dialog, u"نتيجه :"_s);
+        QCOMPARE(result->text(), u"-1,234,567"_s);
         QVERIFY(result->isEntryValid()); // and not marked as a wrong entry
     }
 
@@ -156,15 +158,15 @@ private Q_SLOTS:
 
     void eachAmountStandsBesideTheMoneyUnit()
     {
-        GetDBSetting()->SetMoneyUnitName(QStringLiteral("تومان"));
+        GetDBSetting()->SetMoneyUnitName(u"تومان"_s);
         const CDlgPaymentAmount dialog(0, year);
         int units = 0;
         const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
         for (const QLabel *label : labels)
-            units += label->text() == QStringLiteral("تومان");
+            units += label->text() == u"تومان"_s;
         QCOMPARE(units, 3);
         QCOMPARE(dialog.findChildren<QPushButton *>().size(), 1);
-        QCOMPARE(dialog.findChildren<QPushButton *>().constFirst()->text(), QStringLiteral("بازگشت"));
+        QCOMPARE(dialog.findChildren<QPushButton *>().constFirst()->text(), u"بازگشت"_s);
     }
 };
 

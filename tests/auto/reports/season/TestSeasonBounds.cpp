@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestSeasonBounds : public QObject
 {
     Q_OBJECT
@@ -54,7 +56,7 @@ void TestSeasonBounds::winterOfEveryYearFrom1375To1420()
 {
     const QList<int> leapYears{1375, 1379, 1383, 1387, 1391, 1395, 1399, 1403, 1408, 1412, 1416, 1420};
     for (int year = 1375; year <= 1420; ++year) {
-        const QString wanted = QStringLiteral("%1/12/%2").arg(year).arg(leapYears.contains(year) ? 30 : 29);
+        const QString wanted = u"%1/12/%2"_s.arg(year).arg(leapYears.contains(year) ? 30 : 29);
         QCOMPARE(shamsiText(Season::bounds(3, year).last), wanted);
     }
 }
@@ -104,13 +106,13 @@ void TestSeasonBounds::openingMonth()
 void TestSeasonBounds::conditionHoldsAllOfTheLastDayAndNothingAfterIt()
 {
     // 1405/03/31 is the 21st of June 2026.
-    QCOMPARE(Season::condition(QStringLiteral("dateContract"), Season::bounds(0, 1405)),
-             QStringLiteral("dateContract>='2026-03-21' AND dateContract<'2026-06-22'"));
+    QCOMPARE(Season::condition(u"dateContract"_s, Season::bounds(0, 1405)),
+             u"dateContract>='2026-03-21' AND dateContract<'2026-06-22'"_s);
 }
 
 void TestSeasonBounds::conditionOfNoSeason()
 {
-    QCOMPARE(Season::condition(QStringLiteral("f.date"), Season::bounds(4, 1405)), QStringLiteral("f.date>=NULL AND f.date<NULL"));
+    QCOMPARE(Season::condition(u"f.date"_s, Season::bounds(4, 1405)), u"f.date>=NULL AND f.date<NULL"_s);
 }
 
 static const RegisteredTest<TestSeasonBounds> registered;

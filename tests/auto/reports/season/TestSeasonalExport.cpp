@@ -14,6 +14,8 @@
 #include <QJsonArray>
 #include <QUuid>
 
+using namespace Qt::StringLiterals;
+
 using ExportedSeason::ownRow;
 using ExportedSeason::report;
 using ExportedSeason::summedRow;
@@ -22,63 +24,63 @@ using Outcome = SeasonalExport::Outcome;
 
 namespace {
 
-const QString salesName = QStringLiteral("Foroosh_Fasly_1404_2.mdb");
+const QString salesName = u"Foroosh_Fasly_1404_2.mdb"_s;
 
 QJsonObject companyRecord()
 {
-    return {{QStringLiteral("FirstName"), QStringLiteral("نمایشگاه")},
-            {QStringLiteral("LastName"), QStringLiteral("پارس")},
-            {QStringLiteral("PersonKind"), 2},
-            {QStringLiteral("NationalCode"), QStringLiteral("10101234567")},
-            {QStringLiteral("EconomicNumber"), QStringLiteral("4111")},
-            {QStringLiteral("RegistrationNumber"), QStringLiteral("9876")},
-            {QStringLiteral("Manager"), QStringLiteral("مینا کریمی")},
-            {QStringLiteral("Telephone"), QStringLiteral("02188")},
-            {QStringLiteral("Mobile"), QStringLiteral("0912")},
-            {QStringLiteral("Province"), QStringLiteral("تهران")},
-            {QStringLiteral("City"), QStringLiteral("ری")},
-            {QStringLiteral("Address"), QStringLiteral("میدان نماز")},
-            {QStringLiteral("PostalCode"), QStringLiteral("1111122222")}};
+    return {{u"FirstName"_s, u"نمایشگاه"_s},
+            {u"LastName"_s, u"پارس"_s},
+            {u"PersonKind"_s, 2},
+            {u"NationalCode"_s, u"10101234567"_s},
+            {u"EconomicNumber"_s, u"4111"_s},
+            {u"RegistrationNumber"_s, u"9876"_s},
+            {u"Manager"_s, u"مینا کریمی"_s},
+            {u"Telephone"_s, u"02188"_s},
+            {u"Mobile"_s, u"0912"_s},
+            {u"Province"_s, u"تهران"_s},
+            {u"City"_s, u"ری"_s},
+            {u"Address"_s, u"میدان نماز"_s},
+            {u"PostalCode"_s, u"1111122222"_s}};
 }
 
 QJsonObject ownRecord(const QString &guid, int sequence)
 {
-    return {{QStringLiteral("HeadID"), guid},
-            {QStringLiteral("GoodsKind"), 12},
-            {QStringLiteral("Description"), QStringLiteral("مبایعه نامه")},
-            {QStringLiteral("Sequence"), sequence},
-            {QStringLiteral("Returned"), 1},
-            {QStringLiteral("Amount"), QStringLiteral("1250000")},
-            {QStringLiteral("ValueAddedTax"), QStringLiteral("112500")},
-            {QStringLiteral("OtherDuties"), QStringLiteral("75")},
-            {QStringLiteral("Discount"), QStringLiteral("10000.5")},
-            {QStringLiteral("PersonKind"), 2},
-            {QStringLiteral("PostalCode"), QStringLiteral("1234567890")},
-            {QStringLiteral("AreaCode"), QStringLiteral("021")},
-            {QStringLiteral("Telephone"), QStringLiteral("22334455")},
-            {QStringLiteral("Address"), QStringLiteral("تهران، خیابان ولی‌عصر، پلاک ۱۲\tطبقه \\ دوم")},
-            {QStringLiteral("FirstName"), QStringLiteral("شرکت پژوهش گچ")},
-            {QStringLiteral("FamilyName"), QStringLiteral("كاراي «نو»")},
-            {QStringLiteral("EconomicNumber"), QStringLiteral("411111111111")},
-            {QStringLiteral("NationalCode"), QStringLiteral("0012345679")},
-            {QStringLiteral("PartyKind"), 6},
-            {QStringLiteral("ProvinceCode"), 23},
-            {QStringLiteral("CityCode"), 8},
-            {QStringLiteral("ContractCode"), QStringLiteral("1042")},
-            {QStringLiteral("ContractDate"), QStringLiteral("1404/05/12")},
-            {QStringLiteral("DocumentDate"), QStringLiteral("1404/05/13")}};
+    return {{u"HeadID"_s, guid},
+            {u"GoodsKind"_s, 12},
+            {u"Description"_s, u"مبایعه نامه"_s},
+            {u"Sequence"_s, sequence},
+            {u"Returned"_s, 1},
+            {u"Amount"_s, u"1250000"_s},
+            {u"ValueAddedTax"_s, u"112500"_s},
+            {u"OtherDuties"_s, u"75"_s},
+            {u"Discount"_s, u"10000.5"_s},
+            {u"PersonKind"_s, 2},
+            {u"PostalCode"_s, u"1234567890"_s},
+            {u"AreaCode"_s, u"021"_s},
+            {u"Telephone"_s, u"22334455"_s},
+            {u"Address"_s, u"تهران، خیابان ولی‌عصر، پلاک ۱۲\tطبقه \\ دوم"_s},
+            {u"FirstName"_s, u"شرکت پژوهش گچ"_s},
+            {u"FamilyName"_s, u"كاراي «نو»"_s},
+            {u"EconomicNumber"_s, u"411111111111"_s},
+            {u"NationalCode"_s, u"0012345679"_s},
+            {u"PartyKind"_s, 6},
+            {u"ProvinceCode"_s, 23},
+            {u"CityCode"_s, 8},
+            {u"ContractCode"_s, u"1042"_s},
+            {u"ContractDate"_s, u"1404/05/12"_s},
+            {u"DocumentDate"_s, u"1404/05/13"_s}};
 }
 
 QJsonObject summedRecord(const QString &guid)
 {
-    return {{QStringLiteral("HeadID"), guid},
-            {QStringLiteral("Description"), QStringLiteral(" ")},
-            {QStringLiteral("Returned"), 0},
-            {QStringLiteral("Amount"), QStringLiteral("3000000")},
-            {QStringLiteral("ValueAddedTax"), QStringLiteral("112500")},
-            {QStringLiteral("OtherDuties"), QStringLiteral("75")},
-            {QStringLiteral("Discount"), QStringLiteral("10000.5")},
-            {QStringLiteral("FamilyName"), QStringLiteral(" ")}};
+    return {{u"HeadID"_s, guid},
+            {u"Description"_s, u" "_s},
+            {u"Returned"_s, 0},
+            {u"Amount"_s, u"3000000"_s},
+            {u"ValueAddedTax"_s, u"112500"_s},
+            {u"OtherDuties"_s, u"75"_s},
+            {u"Discount"_s, u"10000.5"_s},
+            {u"FamilyName"_s, u" "_s}};
 }
 
 QByteArray content(const QString &path)
@@ -95,12 +97,12 @@ QStringList everythingIn(const QString &folder)
 // A folder that holds what lies beside the module, to be spoilt.
 void copyModuleFolder(const QString &to)
 {
-    QVERIFY(QDir().mkpath(to + QStringLiteral("/taxfile")));
-    for (const QString &name : {QStringLiteral("TTMS.mdb"), QStringLiteral("TTMS.mapping.json")})
+    QVERIFY(QDir().mkpath(to + u"/taxfile"_s));
+    for (const QString &name : {u"TTMS.mdb"_s, u"TTMS.mapping.json"_s})
         QVERIFY(QFile::copy(ExportedSeason::builtFolder + u'/' + name, to + u'/' + name));
-    const QDir jars(ExportedSeason::builtFolder + QStringLiteral("/taxfile"));
+    const QDir jars(ExportedSeason::builtFolder + u"/taxfile"_s);
     for (const QString &name : jars.entryList(QDir::Files))
-        QVERIFY(QFile::copy(jars.filePath(name), to + QStringLiteral("/taxfile/") + name));
+        QVERIFY(QFile::copy(jars.filePath(name), to + u"/taxfile/"_s + name));
 }
 
 QString messageOf(const SeasonalExport &task, const QString &folder)
@@ -143,10 +145,10 @@ private Q_SLOTS:
 
     void templateIsOfAccess2000WithFiveEmptyTables()
     {
-        const AccessFileReader file(ExportedSeason::builtFolder + QStringLiteral("/TTMS.mdb"));
-        QCOMPARE(file.version(), QStringLiteral("JET4"));
-        const QStringList tables{QStringLiteral("Moshakhasat"), QStringLiteral("Foroush"), QStringLiteral("Foroush_Detail"),
-                                 QStringLiteral("Kharid"), QStringLiteral("Kharid_Detail")};
+        const AccessFileReader file(ExportedSeason::builtFolder + u"/TTMS.mdb"_s);
+        QCOMPARE(file.version(), u"JET4"_s);
+        const QStringList tables{u"Moshakhasat"_s, u"Foroush"_s, u"Foroush_Detail"_s,
+                                 u"Kharid"_s, u"Kharid_Detail"_s};
         QCOMPARE(file.tables(), tables);
         for (const QString &table : tables)
             QCOMPARE(file.count(table), 0);
@@ -158,9 +160,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("table");
         QTest::addColumn<QString>("otherTable");
-        QTest::newRow("sales") << 0 << salesName << QStringLiteral("Foroush") << QStringLiteral("Kharid");
-        QTest::newRow("purchases") << 1 << QStringLiteral("Kharid_Fasly_1404_2.mdb") << QStringLiteral("Kharid")
-                                   << QStringLiteral("Foroush");
+        QTest::newRow("sales") << 0 << salesName << u"Foroush"_s << u"Kharid"_s;
+        QTest::newRow("purchases") << 1 << u"Kharid_Fasly_1404_2.mdb"_s << u"Kharid"_s
+                                   << u"Foroush"_s;
     }
 
     void everyValueComesBack()
@@ -173,52 +175,52 @@ private Q_SLOTS:
         QCOMPARE(everythingIn(m_folder->path()), QStringList{name});
 
         const AccessFileReader file(m_folder->filePath(name));
-        QCOMPARE(file.version(), QStringLiteral("JET4"));
-        const QVector<QJsonObject> company = file.records(QStringLiteral("Moshakhasat"));
+        QCOMPARE(file.version(), u"JET4"_s);
+        const QVector<QJsonObject> company = file.records(u"Moshakhasat"_s);
         QCOMPARE(company, QVector{companyRecord()});
 
         QVector<QJsonObject> heads = file.records(table);
         QCOMPARE(heads.size(), 1);
-        const QString guid = heads.first().value(QStringLiteral("ID")).toString();
+        const QString guid = heads.first().value(u"ID"_s).toString();
         QVERIFY(!QUuid::fromString(guid).isNull());
         QCOMPARE(guid.size(), 36);
-        QCOMPARE(heads.first().value(QStringLiteral("Season")).toInt(), 2);
-        QCOMPARE(heads.first().value(QStringLiteral("Year")).toInt(), 1404);
+        QCOMPARE(heads.first().value(u"Season"_s).toInt(), 2);
+        QCOMPARE(heads.first().value(u"Year"_s).toInt(), 1404);
 
-        const QString details = table + QStringLiteral("_Detail");
+        const QString details = table + u"_Detail"_s;
         QCOMPARE(file.count(details), 3);
         QCOMPARE(file.records(details), (QVector{ownRecord(guid, 1), summedRecord(guid), ownRecord(guid, 2)}));
         QCOMPARE(file.count(otherTable), 0);
-        QCOMPARE(file.count(otherTable + QStringLiteral("_Detail")), 0);
+        QCOMPARE(file.count(otherTable + u"_Detail"_s), 0);
     }
 
     void emptyListGivesTheCompanyAndOneHeadButNoDetails()
     {
         const AccessFileReader file(exported(report(Kind::Sales, {})));
-        QCOMPARE(file.records(QStringLiteral("Moshakhasat")), QVector{companyRecord()});
-        QCOMPARE(file.count(QStringLiteral("Foroush")), 1);
-        QCOMPARE(file.count(QStringLiteral("Foroush_Detail")), 0);
+        QCOMPARE(file.records(u"Moshakhasat"_s), QVector{companyRecord()});
+        QCOMPARE(file.count(u"Foroush"_s), 1);
+        QCOMPARE(file.count(u"Foroush_Detail"_s), 0);
     }
 
     void sequenceNumberOf1000000001IsWrittenAs0_1000000000AsIs()
     {
         QStringList highest = ownRow(1);
-        highest[1] = QStringLiteral("1000000000");
+        highest[1] = u"1000000000"_s;
         QStringList above = ownRow(2);
-        above[1] = QStringLiteral("1000000001");
+        above[1] = u"1000000001"_s;
         const QVector<QJsonObject> details =
-            AccessFileReader(exported(report(Kind::Sales, {highest, above}))).records(QStringLiteral("Foroush_Detail"));
+            AccessFileReader(exported(report(Kind::Sales, {highest, above}))).records(u"Foroush_Detail"_s);
         QCOMPARE(details.size(), 2);
-        QCOMPARE(details.at(0).value(QStringLiteral("Sequence")).toInt(), 1'000'000'000);
-        QCOMPARE(details.at(1).value(QStringLiteral("Sequence")).toInt(-1), 0);
+        QCOMPARE(details.at(0).value(u"Sequence"_s).toInt(), 1'000'000'000);
+        QCOMPARE(details.at(1).value(u"Sequence"_s).toInt(-1), 0);
     }
 
     void rowWhoseCellsAreEmptyStillGivesADetailRecord()
     {
         const AccessFileReader file(exported(report(Kind::Sales, {QStringList(30)})));
-        QJsonObject details = file.records(QStringLiteral("Foroush_Detail")).value(0);
-        details.remove(QStringLiteral("HeadID"));
-        QCOMPARE(details, (QJsonObject{{QStringLiteral("Returned"), 0}, {QStringLiteral("Amount"), QStringLiteral("0")}, {QStringLiteral("ValueAddedTax"), QStringLiteral("0")}, {QStringLiteral("OtherDuties"), QStringLiteral("0")}, {QStringLiteral("Discount"), QStringLiteral("0")}}));
+        QJsonObject details = file.records(u"Foroush_Detail"_s).value(0);
+        details.remove(u"HeadID"_s);
+        QCOMPARE(details, (QJsonObject{{u"Returned"_s, 0}, {u"Amount"_s, u"0"_s}, {u"ValueAddedTax"_s, u"0"_s}, {u"OtherDuties"_s, u"0"_s}, {u"Discount"_s, u"0"_s}}));
     }
 
     void manyRowsKeepTheListsOrder()
@@ -227,10 +229,10 @@ private Q_SLOTS:
         for (int number = 1; number <= 2500; ++number)
             rows.append(ownRow(number));
         const QVector<QJsonObject> details =
-            AccessFileReader(exported(report(Kind::Sales, rows))).records(QStringLiteral("Foroush_Detail"));
+            AccessFileReader(exported(report(Kind::Sales, rows))).records(u"Foroush_Detail"_s);
         QCOMPARE(details.size(), 2500);
         for (int i = 0; i < details.size(); ++i)
-            QCOMPARE(details.at(i).value(QStringLiteral("Sequence")).toInt(), i + 1);
+            QCOMPARE(details.at(i).value(u"Sequence"_s).toInt(), i + 1);
     }
 
     void exportingTwiceIntoTheSameFolderReplacesTheEarlierFileOfTheSameSeasonYearAndKind()
@@ -242,14 +244,14 @@ private Q_SLOTS:
         const QByteArray purchasesBefore = content(purchases), otherBefore = content(otherSeason);
 
         const QString path = exported(report(Kind::Sales, {ownRow(1), ownRow(2), ownRow(3)}));
-        const QVector<QJsonObject> firstHead = AccessFileReader(path).records(QStringLiteral("Foroush"));
+        const QVector<QJsonObject> firstHead = AccessFileReader(path).records(u"Foroush"_s);
         QCOMPARE(exported(report(Kind::Sales, {summedRow()})), path);
         const AccessFileReader second(path);
-        QCOMPARE(second.count(QStringLiteral("Foroush")), 1);
-        QCOMPARE(second.count(QStringLiteral("Foroush_Detail")), 1);
-        QCOMPARE(second.count(QStringLiteral("Moshakhasat")), 1);
+        QCOMPARE(second.count(u"Foroush"_s), 1);
+        QCOMPARE(second.count(u"Foroush_Detail"_s), 1);
+        QCOMPARE(second.count(u"Moshakhasat"_s), 1);
         // Each export has an identifier of its own.
-        QVERIFY(second.records(QStringLiteral("Foroush")) != firstHead);
+        QVERIFY(second.records(u"Foroush"_s) != firstHead);
 
         QCOMPARE(everythingIn(m_folder->path()).size(), 3);
         QCOMPARE(content(purchases), purchasesBefore);
@@ -262,34 +264,34 @@ private Q_SLOTS:
         QTemporaryDir module;
         copyModuleFolder(module.path());
         const QString filled = exported(report(Kind::Sales, {ownRow(1), ownRow(2)}));
-        const QString own = module.filePath(QStringLiteral("TTMS.mdb"));
+        const QString own = module.filePath(u"TTMS.mdb"_s);
         QVERIFY(QFile::remove(own) && QFile::copy(filled, own));
         QVERIFY(QFile::setPermissions(own, QFile::ReadOwner));
         QVERIFY(QFile::remove(filled));
 
         CompanyDetails other = CompanyDetails::read();
-        other.name1 = QStringLiteral("نو");
+        other.name1 = u"نو"_s;
         other.mobile.clear();
         other.write();
         QCOMPARE(SeasonalExport(report(Kind::Sales, {ownRow(5)}), module.path()).run(m_folder->path()), Outcome::Done);
         const AccessFileReader file(filled);
-        QCOMPARE(file.count(QStringLiteral("Foroush")), 1);
-        const QVector<QJsonObject> details = file.records(QStringLiteral("Foroush_Detail"));
+        QCOMPARE(file.count(u"Foroush"_s), 1);
+        const QVector<QJsonObject> details = file.records(u"Foroush_Detail"_s);
         QCOMPARE(details.size(), 1);
-        QCOMPARE(details.first().value(QStringLiteral("Sequence")).toInt(), 5);
-        const QVector<QJsonObject> company = file.records(QStringLiteral("Moshakhasat"));
+        QCOMPARE(details.first().value(u"Sequence"_s).toInt(), 5);
+        const QVector<QJsonObject> company = file.records(u"Moshakhasat"_s);
         QCOMPARE(company.size(), 1);
-        QCOMPARE(company.first().value(QStringLiteral("FirstName")).toString(), QStringLiteral("نو"));
+        QCOMPARE(company.first().value(u"FirstName"_s).toString(), u"نو"_s);
         // What was taken away does not stay from before.
-        QVERIFY(!company.first().contains(QStringLiteral("Mobile")));
+        QVERIFY(!company.first().contains(u"Mobile"_s));
     }
 
     void folderOfAnyName()
     {
-        const QString folder = m_folder->filePath(QStringLiteral("اظهارنامه فصلی 'تابستان' $1"));
+        const QString folder = m_folder->filePath(u"اظهارنامه فصلی 'تابستان' $1"_s);
         QVERIFY(QDir().mkpath(folder));
         QCOMPARE(SeasonalExport(report(Kind::Sales, {ownRow(1)}), ExportedSeason::builtFolder).run(folder), Outcome::Done);
-        QCOMPARE(AccessFileReader(folder + u'/' + salesName).count(QStringLiteral("Foroush_Detail")), 1);
+        QCOMPARE(AccessFileReader(folder + u'/' + salesName).count(u"Foroush_Detail"_s), 1);
     }
 
     void progressTellsHowManyRowsStandInTheFile()
@@ -344,8 +346,8 @@ private Q_SLOTS:
         spoilt[10] = QString(256, u'ن');
         const SeasonalExport task(report(Kind::Sales, {ownRow(1), spoilt}), ExportedSeason::builtFolder);
         const QString message = messageOf(task, m_folder->path());
-        QVERIFY2(message.contains(QStringLiteral("ردیف 2")) && message.contains(QStringLiteral("«Address»"))
-                     && message.contains(QStringLiteral("255")),
+        QVERIFY2(message.contains(u"ردیف 2"_s) && message.contains(u"«Address»"_s)
+                     && message.contains(u"255"_s),
                  qPrintable(message));
         QCOMPARE(everythingIn(m_folder->path()), QStringList{salesName});
         QCOMPARE(content(m_folder->filePath(salesName)), before);
@@ -356,14 +358,14 @@ private Q_SLOTS:
         QStringList row = ownRow(1);
         row[10] = QString(250, u'ن');
         const AccessFileReader file(exported(report(Kind::Sales, {row})));
-        QCOMPARE(file.records(QStringLiteral("Foroush_Detail")).first().value(QStringLiteral("Address")).toString(), row.at(10));
+        QCOMPARE(file.records(u"Foroush_Detail"_s).first().value(u"Address"_s).toString(), row.at(10));
     }
 
     void rowsThatCannotBeReadEndIt()
     {
         SeasonalExport::Report broken = report(Kind::Sales, {ownRow(1)});
-        broken.cells = [](int) -> QStringList { throw KAccountingError(QStringLiteral("خطا")); };
-        QCOMPARE(messageOf(SeasonalExport(broken, ExportedSeason::builtFolder), m_folder->path()), QStringLiteral("خطا"));
+        broken.cells = [](int) -> QStringList { throw KAccountingError(u"خطا"_s); };
+        QCOMPARE(messageOf(SeasonalExport(broken, ExportedSeason::builtFolder), m_folder->path()), u"خطا"_s);
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
     }
 
@@ -377,15 +379,15 @@ private Q_SLOTS:
         qputenv("PATH", path);
         if (!home.isEmpty())
             qputenv("JAVA_HOME", home);
-        QVERIFY2(message.contains(QStringLiteral("default-jre-headless")), qPrintable(message));
+        QVERIFY2(message.contains(u"default-jre-headless"_s), qPrintable(message));
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
     }
 
     void missingFileBesideTheModuleIsNamed_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::newRow("helper") << QStringLiteral("taxfile/tztaxfile.jar");
-        QTest::newRow("mapping") << QStringLiteral("TTMS.mapping.json");
+        QTest::newRow("helper") << u"taxfile/tztaxfile.jar"_s;
+        QTest::newRow("mapping") << u"TTMS.mapping.json"_s;
     }
 
     void missingFileBesideTheModuleIsNamed()
@@ -404,9 +406,9 @@ private Q_SLOTS:
     {
         QTemporaryDir module;
         copyModuleFolder(module.path());
-        QVERIFY(QFile::resize(module.filePath(QStringLiteral("taxfile/tztaxfile.jar")), 100));
+        QVERIFY(QFile::resize(module.filePath(u"taxfile/tztaxfile.jar"_s), 100));
         const QString message = messageOf(SeasonalExport(report(Kind::Sales, {ownRow(1)}), module.path()), m_folder->path());
-        QVERIFY2(message.contains(QStringLiteral("نوشتن فایل مالیات ممکن نشد")), qPrintable(message));
+        QVERIFY2(message.contains(u"نوشتن فایل مالیات ممکن نشد"_s), qPrintable(message));
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
     }
 
@@ -414,7 +416,7 @@ private Q_SLOTS:
     {
         QTemporaryDir module;
         copyModuleFolder(module.path());
-        QVERIFY(QFile::resize(module.filePath(QStringLiteral("TTMS.mdb")), 5000));
+        QVERIFY(QFile::resize(module.filePath(u"TTMS.mdb"_s), 5000));
         QVERIFY(!messageOf(SeasonalExport(report(Kind::Sales, {ownRow(1)}), module.path()), m_folder->path()).isEmpty());
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
     }
@@ -440,7 +442,7 @@ private Q_SLOTS:
 
     void folderThatMayNotBeWritten()
     {
-        const QString folder = m_folder->filePath(QStringLiteral("closed"));
+        const QString folder = m_folder->filePath(u"closed"_s);
         QVERIFY(QDir().mkpath(folder));
         QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
         const SeasonalExport task(report(Kind::Sales, {ownRow(1)}), ExportedSeason::builtFolder);
@@ -457,23 +459,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("year");
-        QTest::newRow("is gone") << QStringLiteral("gone") << QStringLiteral("1404");
-        QTest::newRow("has a folder of that name") << QStringLiteral("taken") << QStringLiteral("1404");
-        QTest::newRow("year that leads elsewhere") << QString() << QStringLiteral("/../../x");
-        QTest::newRow("year with a backslash") << QString() << QStringLiteral("..\\x");
+        QTest::newRow("is gone") << u"gone"_s << u"1404"_s;
+        QTest::newRow("has a folder of that name") << u"taken"_s << u"1404"_s;
+        QTest::newRow("year that leads elsewhere") << QString() << u"/../../x"_s;
+        QTest::newRow("year with a backslash") << QString() << u"..\\x"_s;
     }
 
     void folderThatTakesNoCopy()
     {
         QFETCH(QString, folder);
         QFETCH(QString, year);
-        QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("taken/") + salesName)));
+        QVERIFY(QDir().mkpath(m_folder->filePath(u"taken/"_s + salesName)));
         SeasonalExport::Report rows = report(Kind::Sales, {ownRow(1)});
         rows.year = year;
         const SeasonalExport task(rows, ExportedSeason::builtFolder);
         QCOMPARE(task.run(m_folder->filePath(folder)), Outcome::CopyFailed);
-        QCOMPARE(everythingIn(m_folder->path()), QStringList{QStringLiteral("taken")});
-        QCOMPARE(everythingIn(m_folder->filePath(QStringLiteral("taken"))), QStringList{salesName});
+        QCOMPARE(everythingIn(m_folder->path()), QStringList{u"taken"_s});
+        QCOMPARE(everythingIn(m_folder->filePath(u"taken"_s)), QStringList{salesName});
     }
 };
 

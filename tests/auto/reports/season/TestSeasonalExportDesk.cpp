@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 using ExportedSeason::builtFolder;
 using ExportedSeason::ownRow;
 using ExportedSeason::report;
@@ -24,7 +26,7 @@ using Kind = SeasonalExport::Kind;
 
 namespace {
 
-const QString fileName = QStringLiteral("Foroosh_Fasly_1404_2.mdb");
+const QString fileName = u"Foroosh_Fasly_1404_2.mdb"_s;
 
 }
 
@@ -40,7 +42,7 @@ class TestSeasonalExportDesk : public QObject
     // Types the folder: the window reads what lies in it on a thread of its own, and may select that meanwhile.
     static void typeAndAccept(QWidget *window, const QString &folder)
     {
-        auto *name = window->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        auto *name = window->findChild<QLineEdit *>(u"fileNameEdit"_s);
         QVERIFY(name);
         name->setText(folder);
         static_cast<QDialog *>(window)->accept();
@@ -67,10 +69,10 @@ private Q_SLOTS:
         m_opened.clear();
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
             dialog->takeShown();
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
     }
 
-    void cleanup() { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    void cleanup() { QDesktopServices::unsetUrlHandler(u"file"_s); }
 
     void writesTheFileSaysSoAndOpensTheFolder()
     {
@@ -84,11 +86,11 @@ private Q_SLOTS:
             typeAndAccept(window, path);
         });
         QVERIFY(exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
-        QCOMPARE(prompt, QStringLiteral(": پوشه مورد نظر خود را انتخاب نمایید"));
+        QCOMPARE(prompt, u": پوشه مورد نظر خود را انتخاب نمایید"_s);
         QVERIFY(folders);
-        QCOMPARE(AccessFileReader(m_folder->filePath(fileName)).count(QStringLiteral("Foroush_Detail")), 1);
+        QCOMPARE(AccessFileReader(m_folder->filePath(fileName)).count(u"Foroush_Detail"_s), 1);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("انجام شد.")});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"انجام شد."_s});
         QCOMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(path)});
     }
 
@@ -104,7 +106,7 @@ private Q_SLOTS:
     void missingTemplateWarns()
     {
         QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), m_folder->path()));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("فایل اکسس مالیات موجود نیست : TTMS.mdb")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"فایل اکسس مالیات موجود نیست : TTMS.mdb"_s});
         QVERIFY(m_opened.isEmpty());
     }
 
@@ -113,7 +115,7 @@ private Q_SLOTS:
         CompanyDetails().write();
         QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList{QStringLiteral("ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید.")});
+                 QStringList{u"ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید."_s});
         QVERIFY(m_opened.isEmpty());
     }
 
@@ -122,7 +124,7 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(m_folder->filePath(fileName)));
         choose(m_folder->path());
         QVERIFY(!exportSeasonWithDialogs(nullptr, report(Kind::Sales, {ownRow(1)}), builtFolder));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("امکان کپی فایل نیست.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"امکان کپی فایل نیست."_s});
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         QVERIFY(m_opened.isEmpty());
     }
@@ -138,7 +140,7 @@ private Q_SLOTS:
                 return;
             sawProgress = true;
             for (QPushButton *button : window->findChildren<QPushButton *>()) {
-                if (button->accessibleName() == QStringLiteral("انصراف"))
+                if (button->accessibleName() == u"انصراف"_s)
                     button->click();
             }
         });

@@ -8,6 +8,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Column = SeasonalRow::Column;
@@ -16,36 +18,36 @@ using Column = SeasonalRow::Column;
 QStringList ownRow()
 {
     QStringList cells(SeasonalRow::ColumnCount);
-    cells[Column::RowNumber] = QStringLiteral("7");
-    cells[Column::Serial] = QStringLiteral("3");
-    cells[Column::Description] = QStringLiteral("مبایعه نامه");
-    cells[Column::Returned] = QStringLiteral("خیر");
-    cells[Column::Amount] = QStringLiteral("1,250,000");
-    cells[Column::Tax] = QStringLiteral("112,500");
-    cells[Column::PersonKind] = QStringLiteral("حقیقی");
-    cells[Column::PostalCode] = QStringLiteral("1234567890");
-    cells[Column::AreaCode] = QStringLiteral("021");
-    cells[Column::Telephone] = QStringLiteral("22334455");
-    cells[Column::Address] = QStringLiteral("تهران، خیابان ولی‌عصر");
-    cells[Column::Name] = QStringLiteral("علی");
-    cells[Column::Family] = QStringLiteral("رضایی");
-    cells[Column::EconomicCode] = QStringLiteral("411111111111");
-    cells[Column::NationalCode] = QStringLiteral("0012345679");
-    cells[Column::PartyKind] = QStringLiteral("5");
-    cells[Column::Zone] = QStringLiteral("99");
-    cells[Column::ProvinceCode] = QStringLiteral("23");
-    cells[Column::CityCode] = QStringLiteral("8");
-    cells[Column::IsSmallSum] = QStringLiteral("خیر");
-    cells[Column::Discount] = QStringLiteral("10,000.5");
-    cells[Column::Total] = QStringLiteral("1,352,499.5");
-    cells[Column::Code] = QStringLiteral("1042");
-    cells[Column::Date] = QStringLiteral("1404/05/12");
-    cells[Column::Duties] = QStringLiteral("0");
-    cells[Column::Payment] = QStringLiteral("نقد");
-    cells[Column::Heading] = QStringLiteral("خدمت");
-    cells[Column::DocumentNumber] = QStringLiteral("55");
-    cells[Column::DocumentDate] = QStringLiteral("1404/05/13");
-    cells[Column::GoodsKind] = QStringLiteral("12");
+    cells[Column::RowNumber] = u"7"_s;
+    cells[Column::Serial] = u"3"_s;
+    cells[Column::Description] = u"مبایعه نامه"_s;
+    cells[Column::Returned] = u"خیر"_s;
+    cells[Column::Amount] = u"1,250,000"_s;
+    cells[Column::Tax] = u"112,500"_s;
+    cells[Column::PersonKind] = u"حقیقی"_s;
+    cells[Column::PostalCode] = u"1234567890"_s;
+    cells[Column::AreaCode] = u"021"_s;
+    cells[Column::Telephone] = u"22334455"_s;
+    cells[Column::Address] = u"تهران، خیابان ولی‌عصر"_s;
+    cells[Column::Name] = u"علی"_s;
+    cells[Column::Family] = u"رضایی"_s;
+    cells[Column::EconomicCode] = u"411111111111"_s;
+    cells[Column::NationalCode] = u"0012345679"_s;
+    cells[Column::PartyKind] = u"5"_s;
+    cells[Column::Zone] = u"99"_s;
+    cells[Column::ProvinceCode] = u"23"_s;
+    cells[Column::CityCode] = u"8"_s;
+    cells[Column::IsSmallSum] = u"خیر"_s;
+    cells[Column::Discount] = u"10,000.5"_s;
+    cells[Column::Total] = u"1,352,499.5"_s;
+    cells[Column::Code] = u"1042"_s;
+    cells[Column::Date] = u"1404/05/12"_s;
+    cells[Column::Duties] = u"0"_s;
+    cells[Column::Payment] = u"نقد"_s;
+    cells[Column::Heading] = u"خدمت"_s;
+    cells[Column::DocumentNumber] = u"55"_s;
+    cells[Column::DocumentDate] = u"1404/05/13"_s;
+    cells[Column::GoodsKind] = u"12"_s;
     return cells;
 }
 
@@ -60,28 +62,28 @@ private Q_SLOTS:
     {
         const SeasonalExportRow expected{
             .goodsKind = 12,
-            .description = QStringLiteral("مبایعه نامه"),
+            .description = u"مبایعه نامه"_s,
             .sequence = 3,
             .isReturned = false,
-            .amount = QStringLiteral("1250000"),
-            .tax = QStringLiteral("112500"),
-            .duties = QStringLiteral("0"),
-            .discount = QStringLiteral("10000.5"),
+            .amount = u"1250000"_s,
+            .tax = u"112500"_s,
+            .duties = u"0"_s,
+            .discount = u"10000.5"_s,
             .personKind = 1,
-            .postalCode = QStringLiteral("1234567890"),
-            .areaCode = QStringLiteral("021"),
-            .telephone = QStringLiteral("22334455"),
-            .address = QStringLiteral("تهران، خیابان ولی‌عصر"),
-            .name = QStringLiteral("علی"),
-            .family = QStringLiteral("رضایی"),
-            .economicCode = QStringLiteral("411111111111"),
-            .nationalCode = QStringLiteral("0012345679"),
+            .postalCode = u"1234567890"_s,
+            .areaCode = u"021"_s,
+            .telephone = u"22334455"_s,
+            .address = u"تهران، خیابان ولی‌عصر"_s,
+            .name = u"علی"_s,
+            .family = u"رضایی"_s,
+            .economicCode = u"411111111111"_s,
+            .nationalCode = u"0012345679"_s,
             .partyKind = 5,
             .provinceCode = 23,
             .cityCode = 8,
-            .contractCode = QStringLiteral("1042"),
-            .contractDate = QStringLiteral("1404/05/12"),
-            .documentDate = QStringLiteral("1404/05/13"),
+            .contractCode = u"1042"_s,
+            .contractDate = u"1404/05/12"_s,
+            .documentDate = u"1404/05/13"_s,
         };
         QVERIFY(SeasonalExportRow::fromCells(ownRow()) == expected);
     }
@@ -97,7 +99,7 @@ private Q_SLOTS:
     {
         QFETCH(int, column);
         QStringList cells = ownRow();
-        cells[column] = QStringLiteral("777");
+        cells[column] = u"777"_s;
         QVERIFY(SeasonalExportRow::fromCells(cells) == SeasonalExportRow::fromCells(ownRow()));
     }
 
@@ -115,7 +117,7 @@ private Q_SLOTS:
     {
         QFETCH(int, column);
         QStringList cells = ownRow();
-        cells[column] = column == Column::Returned ? QStringLiteral("بلی") : QStringLiteral("777");
+        cells[column] = column == Column::Returned ? u"بلی"_s : u"777"_s;
         QVERIFY(!(SeasonalExportRow::fromCells(cells) == SeasonalExportRow::fromCells(ownRow())));
     }
 
@@ -123,15 +125,15 @@ private Q_SLOTS:
     {
         QStringList cells = ownRow();
         cells[Column::Serial].clear();
-        cells[Column::Returned] = QStringLiteral("بلی");
+        cells[Column::Returned] = u"بلی"_s;
         const SeasonalExportRow expected{
-            .description = QStringLiteral("مبایعه نامه"),
+            .description = u"مبایعه نامه"_s,
             .isReturned = true,
-            .amount = QStringLiteral("1250000"),
-            .tax = QStringLiteral("112500"),
-            .duties = QStringLiteral("0"),
-            .discount = QStringLiteral("10000.5"),
-            .family = QStringLiteral("رضایی"),
+            .amount = u"1250000"_s,
+            .tax = u"112500"_s,
+            .duties = u"0"_s,
+            .discount = u"10000.5"_s,
+            .family = u"رضایی"_s,
         };
         QVERIFY(SeasonalExportRow::fromCells(cells) == expected);
     }
@@ -145,12 +147,12 @@ private Q_SLOTS:
         sum.tax = 270'000;
         sum.discount = 5'000;
         const SeasonalExportRow row = SeasonalExportRow::fromCells(sum.texts());
-        QCOMPARE(row.description, QStringLiteral(" "));
-        QCOMPARE(row.family, QStringLiteral(" "));
-        QCOMPARE(row.amount, QStringLiteral("3000000"));
-        QCOMPARE(row.tax, QStringLiteral("270000"));
-        QCOMPARE(row.discount, QStringLiteral("5000"));
-        QCOMPARE(row.duties, QStringLiteral("0"));
+        QCOMPARE(row.description, u" "_s);
+        QCOMPARE(row.family, u" "_s);
+        QCOMPARE(row.amount, u"3000000"_s);
+        QCOMPARE(row.tax, u"270000"_s);
+        QCOMPARE(row.discount, u"5000"_s);
+        QCOMPARE(row.duties, u"0"_s);
         QVERIFY(!row.sequence && !row.goodsKind && !row.personKind && !row.contractCode);
     }
 
@@ -158,14 +160,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("cell");
         QTest::addColumn<int>("sequence");
-        QTest::newRow("1") << QStringLiteral("1") << 1;
-        QTest::newRow("999999999") << QStringLiteral("999999999") << 999'999'999;
-        QTest::newRow("1000000000") << QStringLiteral("1000000000") << 1'000'000'000;
-        QTest::newRow("1000000001") << QStringLiteral("1000000001") << 0;
-        QTest::newRow("beyond 32 bits") << QStringLiteral("5000000000") << 0;
+        QTest::newRow("1") << u"1"_s << 1;
+        QTest::newRow("999999999") << u"999999999"_s << 999'999'999;
+        QTest::newRow("1000000000") << u"1000000000"_s << 1'000'000'000;
+        QTest::newRow("1000000001") << u"1000000001"_s << 0;
+        QTest::newRow("beyond 32 bits") << u"5000000000"_s << 0;
         QTest::newRow("beyond any") << QString(400, u'9') << 0;
-        QTest::newRow("no number") << QStringLiteral("الف") << 0;
-        QTest::newRow("blank") << QStringLiteral(" ") << 0;
+        QTest::newRow("no number") << u"الف"_s << 0;
+        QTest::newRow("blank") << u" "_s << 0;
     }
 
     void sequenceNumberOf1000000001IsWrittenAs0_1000000000AsIs()
@@ -183,11 +185,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("cell");
         QTest::addColumn<int>("kind"); // 0: none
-        QTest::newRow("natural") << QStringLiteral("حقیقی") << 1;
-        QTest::newRow("legal") << QStringLiteral("حقوقی") << 2;
+        QTest::newRow("natural") << u"حقیقی"_s << 1;
+        QTest::newRow("legal") << u"حقوقی"_s << 2;
         QTest::newRow("empty") << QString() << 0;
-        QTest::newRow("with Arabic letters") << QStringLiteral("حقيقي") << 0;
-        QTest::newRow("digit") << QStringLiteral("1") << 0;
+        QTest::newRow("with Arabic letters") << u"حقيقي"_s << 0;
+        QTest::newRow("digit") << u"1"_s << 0;
     }
 
     void personKindIsLeftAsItWasByOtherTexts()
@@ -203,10 +205,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("cell");
         QTest::addColumn<bool>("returned");
-        QTest::newRow("yes") << QStringLiteral("بلی") << true;
-        QTest::newRow("no") << QStringLiteral("خیر") << false;
+        QTest::newRow("yes") << u"بلی"_s << true;
+        QTest::newRow("no") << u"خیر"_s << false;
         QTest::newRow("empty") << QString() << false;
-        QTest::newRow("with a blank") << QStringLiteral("بلی ") << false;
+        QTest::newRow("with a blank") << u"بلی "_s << false;
     }
 
     void returnedOnlyByItsWord()
@@ -222,14 +224,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("cell");
         QTest::addColumn<QString>("text");
-        QTest::newRow("grouped") << QStringLiteral("16,400,000") << QStringLiteral("16400000");
-        QTest::newRow("beyond 32 bits") << QStringLiteral("123,456,789,012") << QStringLiteral("123456789012");
-        QTest::newRow("negative") << QStringLiteral("-1,000") << QStringLiteral("-1000");
-        QTest::newRow("decimals") << QStringLiteral("0.50") << QStringLiteral("0.5");
-        QTest::newRow("Persian digits") << QStringLiteral("۱۲۳") << QStringLiteral("123");
-        QTest::newRow("empty") << QString() << QStringLiteral("0");
-        QTest::newRow("blank") << QStringLiteral(" ") << QStringLiteral("0");
-        QTest::newRow("no number") << QStringLiteral("-") << QStringLiteral("0");
+        QTest::newRow("grouped") << u"16,400,000"_s << u"16400000"_s;
+        QTest::newRow("beyond 32 bits") << u"123,456,789,012"_s << u"123456789012"_s;
+        QTest::newRow("negative") << u"-1,000"_s << u"-1000"_s;
+        QTest::newRow("decimals") << u"0.50"_s << u"0.5"_s;
+        QTest::newRow("Persian digits") << u"۱۲۳"_s << u"123"_s;
+        QTest::newRow("empty") << QString() << u"0"_s;
+        QTest::newRow("blank") << u" "_s << u"0"_s;
+        QTest::newRow("no number") << u"-"_s << u"0"_s;
     }
 
     void numberWrittenAsText()
@@ -258,14 +260,14 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, cells);
         SeasonalExportRow expected;
-        expected.amount = expected.tax = expected.duties = expected.discount = QStringLiteral("0");
+        expected.amount = expected.tax = expected.duties = expected.discount = u"0"_s;
         QVERIFY(SeasonalExportRow::fromCells(cells) == expected);
     }
 
     void codesOfAnEmptyPartyAreZero()
     {
         QStringList cells(SeasonalRow::ColumnCount);
-        cells[Column::Serial] = QStringLiteral("1");
+        cells[Column::Serial] = u"1"_s;
         const SeasonalExportRow row = SeasonalExportRow::fromCells(cells);
         QCOMPARE(row.partyKind.value_or(-1), 0);
         QCOMPARE(row.provinceCode.value_or(-1), 0);
@@ -281,10 +283,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("year");
         QTest::addColumn<int>("season");
         QTest::addColumn<QString>("name");
-        QTest::newRow("sales of summer") << 0 << QStringLiteral("1404") << 1 << QStringLiteral("Foroosh_Fasly_1404_2.mdb");
-        QTest::newRow("sales of spring") << 0 << QStringLiteral("1399") << 0 << QStringLiteral("Foroosh_Fasly_1399_1.mdb");
-        QTest::newRow("purchases of winter") << 1 << QStringLiteral("1404") << 3 << QStringLiteral("Kharid_Fasly_1404_4.mdb");
-        QTest::newRow("year as typed") << 1 << QStringLiteral("04") << 2 << QStringLiteral("Kharid_Fasly_04_3.mdb");
+        QTest::newRow("sales of summer") << 0 << u"1404"_s << 1 << u"Foroosh_Fasly_1404_2.mdb"_s;
+        QTest::newRow("sales of spring") << 0 << u"1399"_s << 0 << u"Foroosh_Fasly_1399_1.mdb"_s;
+        QTest::newRow("purchases of winter") << 1 << u"1404"_s << 3 << u"Kharid_Fasly_1404_4.mdb"_s;
+        QTest::newRow("year as typed") << 1 << u"04"_s << 2 << u"Kharid_Fasly_04_3.mdb"_s;
     }
 
     void fileNameTellsKindYearAndSeason()

@@ -16,6 +16,8 @@
 
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 using namespace SeasonalGathering;
 
 namespace {
@@ -100,7 +102,7 @@ class TestSeasonalGathering : public QObject
 
     double sum(const QString &expression, const QString &from)
     {
-        return queried(QStringLiteral("SELECT COALESCE(SUM(%1),0) FROM %2").arg(expression, from)).toDouble();
+        return queried(u"SELECT COALESCE(SUM(%1),0) FROM %2"_s.arg(expression, from)).toDouble();
     }
     QString queried(const QString &statement) { return m_office.database().value(statement); }
 
@@ -109,8 +111,8 @@ private Q_SLOTS:
 
     void aContractGivesARowForEachParty()
     {
-        const int seller = m_office.addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
-        const int buyer = m_office.addPerson(QStringLiteral("مریم"), QStringLiteral("کاظمی"));
+        const int seller = m_office.addPerson(u"علی"_s, u"رضایی"_s);
+        const int buyer = m_office.addPerson(u"مریم"_s, u"کاظمی"_s);
         m_office.addContract([&](Contract &contract) {
             contract.m_iCode = 77;
             contract.m_iPersonFirstID = seller;
@@ -128,17 +130,17 @@ private Q_SLOTS:
         });
         const Gathered all = gathered(query());
         QCOMPARE(all.rows.size(), 2);
-        QCOMPARE(all.column(SeasonalRow::Name), (QStringList{QStringLiteral("علی"), QStringLiteral("مریم")}));
-        QCOMPARE(all.column(SeasonalRow::Family), (QStringList{QStringLiteral("رضایی"), QStringLiteral("کاظمی")}));
-        QCOMPARE(all.column(SeasonalRow::RowNumber), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
-        QCOMPARE(all.column(SeasonalRow::Serial), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
-        QCOMPARE(all.column(SeasonalRow::Description).constFirst(), QStringLiteral("فروش اقساطی"));
-        QCOMPARE(all.column(SeasonalRow::Amount), (QStringList{QStringLiteral("1,000"), QStringLiteral("0")}));
-        QCOMPARE(all.column(SeasonalRow::Tax), (QStringList{QStringLiteral("90"), QStringLiteral("9")}));
-        QCOMPARE(all.column(SeasonalRow::Discount), (QStringList{QStringLiteral("40"), QStringLiteral("0")}));
-        QCOMPARE(all.column(SeasonalRow::Total), (QStringList{QStringLiteral("1,050"), QStringLiteral("9")}));
-        QCOMPARE(all.column(SeasonalRow::Code), (QStringList{QStringLiteral("77"), QStringLiteral("77")}));
-        QCOMPARE(all.column(SeasonalRow::Date).constFirst(), QStringLiteral("1405/02/05"));
+        QCOMPARE(all.column(SeasonalRow::Name), (QStringList{u"علی"_s, u"مریم"_s}));
+        QCOMPARE(all.column(SeasonalRow::Family), (QStringList{u"رضایی"_s, u"کاظمی"_s}));
+        QCOMPARE(all.column(SeasonalRow::RowNumber), (QStringList{u"1"_s, u"2"_s}));
+        QCOMPARE(all.column(SeasonalRow::Serial), (QStringList{u"1"_s, u"2"_s}));
+        QCOMPARE(all.column(SeasonalRow::Description).constFirst(), u"فروش اقساطی"_s);
+        QCOMPARE(all.column(SeasonalRow::Amount), (QStringList{u"1,000"_s, u"0"_s}));
+        QCOMPARE(all.column(SeasonalRow::Tax), (QStringList{u"90"_s, u"9"_s}));
+        QCOMPARE(all.column(SeasonalRow::Discount), (QStringList{u"40"_s, u"0"_s}));
+        QCOMPARE(all.column(SeasonalRow::Total), (QStringList{u"1,050"_s, u"9"_s}));
+        QCOMPARE(all.column(SeasonalRow::Code), (QStringList{u"77"_s, u"77"_s}));
+        QCOMPARE(all.column(SeasonalRow::Date).constFirst(), u"1405/02/05"_s);
         QCOMPARE(all.rows.at(0).party->personID, seller);
         QCOMPARE(all.rows.at(1).party->personID, buyer);
         QCOMPARE(all.outcome.totals.total, 1059.0);
@@ -159,7 +161,7 @@ private Q_SLOTS:
         add(at(2, 1), 4, 1);
         add(at(1, 1), 5);
         // In the order of their dates.
-        const QStringList wanted{QStringLiteral("5"), QStringLiteral("5"), QStringLiteral("2"), QStringLiteral("2")};
+        const QStringList wanted{u"5"_s, u"5"_s, u"2"_s, u"2"_s};
         QCOMPARE(gathered(query()).column(SeasonalRow::Code), wanted);
     }
 
@@ -181,10 +183,10 @@ private Q_SLOTS:
         const Gathered all = gathered(query(1000));
         QCOMPARE(all.rows.size(), 4);
         QCOMPARE(all.column(SeasonalRow::Returned),
-                 (QStringList{QStringLiteral("خیر"), QStringLiteral("خیر"), QStringLiteral("خیر"), QStringLiteral("بلی")}));
+                 (QStringList{u"خیر"_s, u"خیر"_s, u"خیر"_s, u"بلی"_s}));
         QCOMPARE(all.column(SeasonalRow::IsSmallSum),
-                 (QStringList{QStringLiteral("خیر"), QStringLiteral("خیر"), QStringLiteral("بلی"), QStringLiteral("بلی")}));
-        QCOMPARE(all.column(SeasonalRow::RowNumber).constLast(), QStringLiteral("4"));
+                 (QStringList{u"خیر"_s, u"خیر"_s, u"بلی"_s, u"بلی"_s}));
+        QCOMPARE(all.column(SeasonalRow::RowNumber).constLast(), u"4"_s);
         QCOMPARE(all.rows.at(2).amount.value(), 2 * (100.0 + 300 + 400));
         QCOMPARE(all.rows.at(2).tax, 33.0);
         QCOMPARE(all.rows.at(2).discount.value(), 24.0);
@@ -196,9 +198,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<QString>("text");
-        QTest::newRow("natural") << CompanyDetails::kindNatural << QStringLiteral("حقیقی");
-        QTest::newRow("legal") << CompanyDetails::kindLegal << QStringLiteral("حقوقی");
-        QTest::newRow("anything else is legal") << 7 << QStringLiteral("حقوقی");
+        QTest::newRow("natural") << CompanyDetails::kindNatural << u"حقیقی"_s;
+        QTest::newRow("legal") << CompanyDetails::kindLegal << u"حقوقی"_s;
+        QTest::newRow("anything else is legal") << 7 << u"حقوقی"_s;
     }
 
     void missingPersonTakesTheCompanysDetails()
@@ -210,34 +212,34 @@ private Q_SLOTS:
         });
         Query asked = query();
         asked.company.kind = kind;
-        asked.company.name1 = QStringLiteral("گالری");
-        asked.company.name2 = QStringLiteral("آریا");
-        asked.company.address = QStringLiteral("تهران");
-        asked.company.postalCode = QStringLiteral("1111111111");
-        asked.company.economicCode = QStringLiteral("411");
-        asked.company.nationalCode = QStringLiteral("222");
-        asked.company.telephone = QStringLiteral("333");
-        asked.company.areaCode = QStringLiteral("021");
-        asked.company.taxKind = QStringLiteral("6");
-        asked.company.taxZone = QStringLiteral("77");
-        asked.company.provinceCode = QStringLiteral("23");
-        asked.company.cityCode = QStringLiteral("1");
+        asked.company.name1 = u"گالری"_s;
+        asked.company.name2 = u"آریا"_s;
+        asked.company.address = u"تهران"_s;
+        asked.company.postalCode = u"1111111111"_s;
+        asked.company.economicCode = u"411"_s;
+        asked.company.nationalCode = u"222"_s;
+        asked.company.telephone = u"333"_s;
+        asked.company.areaCode = u"021"_s;
+        asked.company.taxKind = u"6"_s;
+        asked.company.taxZone = u"77"_s;
+        asked.company.provinceCode = u"23"_s;
+        asked.company.cityCode = u"1"_s;
         const Gathered all = gathered(asked);
         for (const SeasonalRow &row : all.rows) {
             QCOMPARE(row.party->personID, 0);
             QTEST(row.text(SeasonalRow::PersonKind), "text");
-            QCOMPARE(row.text(SeasonalRow::Name), QStringLiteral("گالری"));
-            QCOMPARE(row.text(SeasonalRow::Family), QStringLiteral("آریا"));
-            QCOMPARE(row.text(SeasonalRow::Address), QStringLiteral("تهران"));
-            QCOMPARE(row.text(SeasonalRow::PostalCode), QStringLiteral("1111111111"));
-            QCOMPARE(row.text(SeasonalRow::EconomicCode), QStringLiteral("411"));
-            QCOMPARE(row.text(SeasonalRow::NationalCode), QStringLiteral("222"));
-            QCOMPARE(row.text(SeasonalRow::Telephone), QStringLiteral("333"));
-            QCOMPARE(row.text(SeasonalRow::AreaCode), QStringLiteral("021"));
-            QCOMPARE(row.text(SeasonalRow::PartyKind), QStringLiteral("6"));
-            QCOMPARE(row.text(SeasonalRow::Zone), QStringLiteral("77"));
-            QCOMPARE(row.text(SeasonalRow::ProvinceCode), QStringLiteral("23"));
-            QCOMPARE(row.text(SeasonalRow::CityCode), QStringLiteral("1"));
+            QCOMPARE(row.text(SeasonalRow::Name), u"گالری"_s);
+            QCOMPARE(row.text(SeasonalRow::Family), u"آریا"_s);
+            QCOMPARE(row.text(SeasonalRow::Address), u"تهران"_s);
+            QCOMPARE(row.text(SeasonalRow::PostalCode), u"1111111111"_s);
+            QCOMPARE(row.text(SeasonalRow::EconomicCode), u"411"_s);
+            QCOMPARE(row.text(SeasonalRow::NationalCode), u"222"_s);
+            QCOMPARE(row.text(SeasonalRow::Telephone), u"333"_s);
+            QCOMPARE(row.text(SeasonalRow::AreaCode), u"021"_s);
+            QCOMPARE(row.text(SeasonalRow::PartyKind), u"6"_s);
+            QCOMPARE(row.text(SeasonalRow::Zone), u"77"_s);
+            QCOMPARE(row.text(SeasonalRow::ProvinceCode), u"23"_s);
+            QCOMPARE(row.text(SeasonalRow::CityCode), u"1"_s);
         }
         QCOMPARE(all.rows.size(), 2);
     }
@@ -248,8 +250,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("mark");
         QTest::addColumn<bool>("byMark");
         QTest::addColumn<QString>("text");
-        const QString natural = QStringLiteral("حقیقی");
-        const QString legal = QStringLiteral("حقوقی");
+        const QString natural = u"حقیقی"_s;
+        const QString legal = u"حقوقی"_s;
         QTest::newRow("kind 0") << 0 << 0 << false << natural;
         QTest::newRow("kind 1") << 1 << 0 << false << natural;
         QTest::newRow("kind 2") << 2 << 1 << false << legal;
@@ -263,7 +265,7 @@ private Q_SLOTS:
         QFETCH(int, kind);
         QFETCH(int, mark);
         QFETCH(bool, byMark);
-        const int person = m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"), [&](CTblPersons &record) {
+        const int person = m_office.addPerson(u"الف"_s, u"ب"_s, [&](CTblPersons &record) {
             record.m_iKind = kind;
             record.m_bNatural = mark;
         });
@@ -278,8 +280,8 @@ private Q_SLOTS:
 
     void linesTakeTheirShareOfTheInvoice()
     {
-        const int person = m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"));
-        const int service = CTblServices::add(31, QStringLiteral("کارشناسی"));
+        const int person = m_office.addPerson(u"الف"_s, u"ب"_s);
+        const int service = CTblServices::add(31, u"کارشناسی"_s);
         const int invoice = addInvoice(CTblFactors::sale, at(2, 20), person, [](CTblFactors &record) {
             record.m_dAmount = 1000;
             record.m_dDiscount = 100;
@@ -288,14 +290,14 @@ private Q_SLOTS:
         });
         addLine(invoice, CTblFactors::sale, 2, 375, [service](CTblFactorStuffs &line) { line.m_iServiceID = service; });
         addLine(invoice, CTblFactors::sale, 1, 250, [](CTblFactorStuffs &line) {
-            line.m_sDesc = QStringLiteral("متفرقه");
+            line.m_sDesc = u"متفرقه"_s;
             line.m_iKind = CTblFactorStuffs::returnedSale;
         });
         const Gathered all = gathered(query());
-        QCOMPARE(all.column(SeasonalRow::Serial), (QStringList{QStringLiteral("31"), QStringLiteral("2")}));
-        QCOMPARE(all.column(SeasonalRow::Description), (QStringList{QStringLiteral("کارشناسی"), QStringLiteral("متفرقه")}));
-        QCOMPARE(all.column(SeasonalRow::Returned), (QStringList{QStringLiteral("خیر"), QStringLiteral("بلی")}));
-        QCOMPARE(all.column(SeasonalRow::Amount), (QStringList{QStringLiteral("750"), QStringLiteral("250")}));
+        QCOMPARE(all.column(SeasonalRow::Serial), (QStringList{u"31"_s, u"2"_s}));
+        QCOMPARE(all.column(SeasonalRow::Description), (QStringList{u"کارشناسی"_s, u"متفرقه"_s}));
+        QCOMPARE(all.column(SeasonalRow::Returned), (QStringList{u"خیر"_s, u"بلی"_s}));
+        QCOMPARE(all.column(SeasonalRow::Amount), (QStringList{u"750"_s, u"250"_s}));
         QCOMPARE(all.rows.at(0).tax, 67.5);
         QCOMPARE(all.rows.at(0).duties, 7.5);
         QCOMPARE(all.rows.at(0).discount.value(), 75.0);
@@ -307,7 +309,7 @@ private Q_SLOTS:
 
     void skippedLinesAndInvoices()
     {
-        const int person = m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"));
+        const int person = m_office.addPerson(u"الف"_s, u"ب"_s);
         const int good = addInvoice(CTblFactors::sale, at(2, 20), person);
         addLine(good, CTblFactors::sale, -1, 5000);
         addLine(good, CTblFactors::sale, 1, -5000);
@@ -320,13 +322,13 @@ private Q_SLOTS:
         addLine(addInvoice(CTblFactors::sale, at(4, 1), person), CTblFactors::sale, 1, 5000);
         addLine(addInvoice(CTblFactors::purchase, at(2, 20), person), CTblFactors::purchase, 1, 6000);
         const Gathered all = gathered(query(1000));
-        QCOMPARE(all.column(SeasonalRow::Amount), QStringList{QStringLiteral("1,000")});
+        QCOMPARE(all.column(SeasonalRow::Amount), QStringList{u"1,000"_s});
         QCOMPARE(all.outcome.rows, 1);
     }
 
     void purchasesAreInvoicesOfTheirKindAlone()
     {
-        const int person = m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"));
+        const int person = m_office.addPerson(u"الف"_s, u"ب"_s);
         m_office.addContract([](Contract &contract) {
             contract.m_dateContract = at(2, 2);
             contract.m_dCommission = 5;
@@ -336,14 +338,14 @@ private Q_SLOTS:
         addLine(addInvoice(CTblFactors::purchase, at(1, 3), person), CTblFactors::purchase, 1, 300,
                 [](CTblFactorStuffs &line) { line.m_iKind = CTblFactorStuffs::returnedPurchase; });
         const Gathered all = gathered(query(0, Kind::Purchases));
-        QCOMPARE(all.column(SeasonalRow::Amount), (QStringList{QStringLiteral("300"), QStringLiteral("200")}));
-        QCOMPARE(all.column(SeasonalRow::Returned), (QStringList{QStringLiteral("بلی"), QStringLiteral("خیر")}));
+        QCOMPARE(all.column(SeasonalRow::Amount), (QStringList{u"300"_s, u"200"_s}));
+        QCOMPARE(all.column(SeasonalRow::Returned), (QStringList{u"بلی"_s, u"خیر"_s}));
         QVERIFY(gathered(query(10, Kind::Purchases)).rows.size() == 2); // small contracts are no purchases
     }
 
     void departmentsPartTheInvoices()
     {
-        const int person = m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"));
+        const int person = m_office.addPerson(u"الف"_s, u"ب"_s);
         const auto ofDepartment = [](int department) {
             return [department](auto &record) { record.m_iDepartmentID = department; };
         };
@@ -354,7 +356,7 @@ private Q_SLOTS:
         Query asked = query();
         QCOMPARE(gathered(asked).rows.size(), 3);
         asked.departmentID = 2;
-        QCOMPARE(gathered(asked).column(SeasonalRow::Amount), QStringList{QStringLiteral("10")});
+        QCOMPARE(gathered(asked).column(SeasonalRow::Amount), QStringList{u"10"_s});
     }
 
     void documentDateComesFromTheDocument()
@@ -368,7 +370,7 @@ private Q_SLOTS:
         m_office.addContract([](Contract &contract) { contract.m_dateContract = at(2, 3); });
         const Gathered all = gathered(query());
         QCOMPARE(all.rows.at(0).text(SeasonalRow::DocumentNumber), QString::number(number));
-        QCOMPARE(all.rows.at(0).text(SeasonalRow::DocumentDate), QStringLiteral("1405/02/09"));
+        QCOMPARE(all.rows.at(0).text(SeasonalRow::DocumentDate), u"1405/02/09"_s);
         QCOMPARE(all.rows.at(2).text(SeasonalRow::DocumentNumber), QString());
         QCOMPARE(all.rows.at(2).text(SeasonalRow::DocumentDate), QString());
     }
@@ -376,7 +378,7 @@ private Q_SLOTS:
     void tooLongAddressesAreCounted()
     {
         const auto withAddress = [this](int length) {
-            return m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"),
+            return m_office.addPerson(u"الف"_s, u"ب"_s,
                                       [length](CTblPersons &person) { person.m_sAddress = QString(length, u'ن'); });
         };
         const int fits = withAddress(80);
@@ -402,7 +404,7 @@ private Q_SLOTS:
     void batchesCanEndTheGathering()
     {
         for (int i = 0; i < 3000; ++i)
-            m_office.database().run(QStringLiteral("INSERT INTO AutomobilContracts SET dateContract='2026-04-01', iCode=%1").arg(i));
+            m_office.database().run(u"INSERT INTO AutomobilContracts SET dateContract='2026-04-01', iCode=%1"_s.arg(i));
         int calls = 0;
         const Outcome stopped = gather(query(), [&calls](const QVector<SeasonalRow> &rows) {
             ++calls;
@@ -443,7 +445,7 @@ private Q_SLOTS:
     // The database adds the same columns up by itself, from other expressions.
     void sumsAgreeWithTheDatabasesOwn()
     {
-        const int person = m_office.addPerson(QStringLiteral("الف"), QStringLiteral("ب"));
+        const int person = m_office.addPerson(u"الف"_s, u"ب"_s);
         for (int i = 0; i < 200; ++i) {
             m_office.addContract([&](Contract &contract) {
                 contract.m_dateContract = at(1 + i % 5, 1 + i % 29, i % 24);
@@ -470,31 +472,31 @@ private Q_SLOTS:
         }
         constexpr int minimum = 500;
         const SeasonalTotals totals = gathered(query(minimum)).outcome.totals;
-        const QString contracts = QStringLiteral("AutomobilContracts WHERE iStatus=0 AND DATE(dateContract) BETWEEN '%1' AND '%2'")
+        const QString contracts = u"AutomobilContracts WHERE iStatus=0 AND DATE(dateContract) BETWEEN '%1' AND '%2'"_s
                                       .arg(Season::bounds(0, year).first.toString(Qt::ISODate),
                                            Season::bounds(0, year).last.toString(Qt::ISODate));
-        const QString lines = QStringLiteral("FactorStuffs s JOIN Factors f ON f.iID=s.iFactorNum WHERE s.dAmount>=%1 AND "
-                                             "DATE(f.date) BETWEEN '%2' AND '%3'")
+        const QString lines = u"FactorStuffs s JOIN Factors f ON f.iID=s.iFactorNum WHERE s.dAmount>=%1 AND "
+                              "DATE(f.date) BETWEEN '%2' AND '%3'"_s
                                   .arg(QString::number(minimum), Season::bounds(0, year).first.toString(Qt::ISODate),
                                        Season::bounds(0, year).last.toString(Qt::ISODate));
-        const QString small = QStringLiteral("dCommission<%1").arg(minimum);
+        const QString small = u"dCommission<%1"_s.arg(minimum);
         const auto ofContracts = [&](const QString &ifSmall, const QString &ofFirst, const QString &ofSecond) {
-            return sum(QStringLiteral("IF(%1,%2,%3+%4)").arg(small, ifSmall, ofFirst, ofSecond), contracts);
+            return sum(u"IF(%1,%2,%3+%4)"_s.arg(small, ifSmall, ofFirst, ofSecond), contracts);
         };
-        const QString pays1 = QStringLiteral("(iPersonContract1=0)*");
-        const QString pays2 = QStringLiteral("(iPersonContract2=0)*");
+        const QString pays1 = u"(iPersonContract1=0)*"_s;
+        const QString pays2 = u"(iPersonContract2=0)*"_s;
         const double amount =
-            ofContracts(QStringLiteral("2*dCommission"), pays1 + QLatin1String("dCommission"), pays2 + QLatin1String("dCommission"))
-            + sum(QStringLiteral("s.dAmount"), lines);
+            ofContracts(u"2*dCommission"_s, pays1 + QLatin1String("dCommission"), pays2 + QLatin1String("dCommission"))
+            + sum(u"s.dAmount"_s, lines);
         const double tax =
-            ofContracts(QStringLiteral("dTax+dTax2"), QStringLiteral("dTax+dImposition"), QStringLiteral("dTax2+dImposition2"))
-            + sum(QStringLiteral("s.dAmount/f.dAmount*f.dTax"), lines);
-        const double discount = ofContracts(QStringLiteral("dDiscountFirst+dDiscountSecond"), pays1 + QLatin1String("dDiscountFirst"),
+            ofContracts(u"dTax+dTax2"_s, u"dTax+dImposition"_s, u"dTax2+dImposition2"_s)
+            + sum(u"s.dAmount/f.dAmount*f.dTax"_s, lines);
+        const double discount = ofContracts(u"dDiscountFirst+dDiscountSecond"_s, pays1 + QLatin1String("dDiscountFirst"),
                                             pays2 + QLatin1String("dDiscountSecond"))
-            + sum(QStringLiteral("s.dAmount/f.dAmount*f.dDiscount"), lines);
+            + sum(u"s.dAmount/f.dAmount*f.dDiscount"_s, lines);
         const double duties =
-            sum(QStringLiteral("IF(%1,dImposition+dImposition2,0)").arg(small), contracts) // of large ones they are in the tax
-            + sum(QStringLiteral("s.dAmount/f.dAmount*f.dImposition"), lines);
+            sum(u"IF(%1,dImposition+dImposition2,0)"_s.arg(small), contracts) // of large ones they are in the tax
+            + sum(u"s.dAmount/f.dAmount*f.dImposition"_s, lines);
         QVERIFY(amount > 0 && tax > 0 && discount > 0 && duties > 0);
         QVERIFY(qAbs(totals.amount - amount) < 0.001);
         QVERIFY(qAbs(totals.tax - tax) < 0.001);

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Made
@@ -76,10 +78,10 @@ private Q_SLOTS:
     void order()
     {
         QFETCH(int, column);
-        SeasonalList list = listOf({{1000, {2026, 5, 9}, QStringLiteral("ث")},
-                                    {900, {2026, 4, 10}, QStringLiteral("چ")},
-                                    {20, {2026, 10, 1}, QStringLiteral("گ")},
-                                    {900, {2026, 4, 10}, QStringLiteral("پ")},
+        SeasonalList list = listOf({{1000, {2026, 5, 9}, u"ث"_s},
+                                    {900, {2026, 4, 10}, u"چ"_s},
+                                    {20, {2026, 10, 1}, u"گ"_s},
+                                    {900, {2026, 4, 10}, u"پ"_s},
                                     {20, {}, {}, SeasonalRow::Source::SmallSum}});
         list.sort(column, false);
         QTEST(numbers(list), "up");
@@ -122,16 +124,16 @@ private Q_SLOTS:
         };
         SeasonalList list;
         QVector<SeasonalRow> rows(4);
-        rows[0].party = party(7, QStringLiteral("old"));
-        rows[1].party = party(8, QStringLiteral("other"));
-        rows[2].party = party(7, QStringLiteral("old"));
+        rows[0].party = party(7, u"old"_s);
+        rows[1].party = party(8, u"other"_s);
+        rows[2].party = party(7, u"old"_s);
         list.append({rows.at(0), rows.at(1)});
         list.append({rows.at(2), rows.at(3)});
-        list.setParty(7, *party(7, QStringLiteral("new")));
+        list.setParty(7, *party(7, u"new"_s));
         QStringList names;
         for (int row = 0; row < 3; ++row)
             names.append(list.at(row).party->name);
-        QCOMPARE(names, (QStringList{QStringLiteral("new"), QStringLiteral("other"), QStringLiteral("new")}));
+        QCOMPARE(names, (QStringList{u"new"_s, u"other"_s, u"new"_s}));
         QVERIFY(!list.at(3).party);
     }
 

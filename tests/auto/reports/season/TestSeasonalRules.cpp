@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace SeasonalRules;
 
 class TestSeasonalRules : public QObject
@@ -60,10 +62,10 @@ void TestSeasonalRules::figuresOfAParty_data()
     QTest::addColumn<QString>("tax");
     QTest::addColumn<QString>("discount");
     QTest::addColumn<QString>("total");
-    QTest::newRow("pays") << 0 << QStringLiteral("1,000") << QStringLiteral("90") << QStringLiteral("40") << QStringLiteral("1,050");
-    QTest::newRow("does not pay") << 1 << QStringLiteral("0") << QStringLiteral("90") << QStringLiteral("0") << QStringLiteral("90");
-    QTest::newRow("another mark") << 2 << QString() << QStringLiteral("90") << QString() << QString();
-    QTest::newRow("a negative mark") << -1 << QString() << QStringLiteral("90") << QString() << QString();
+    QTest::newRow("pays") << 0 << u"1,000"_s << u"90"_s << u"40"_s << u"1,050"_s;
+    QTest::newRow("does not pay") << 1 << u"0"_s << u"90"_s << u"0"_s << u"90"_s;
+    QTest::newRow("another mark") << 2 << QString() << u"90"_s << QString() << QString();
+    QTest::newRow("a negative mark") << -1 << QString() << u"90"_s << QString() << QString();
 }
 
 void TestSeasonalRules::figuresOfAParty()
@@ -119,11 +121,11 @@ void TestSeasonalRules::cellsOfASummedRow()
     SeasonalRow row = small.rows().constFirst();
     row.number = 5;
     const QString none;
-    const QString blank = QStringLiteral(" ");
-    const QString zero = QStringLiteral("0");
-    const QStringList wanted{QStringLiteral("5"), none, blank, QStringLiteral("بلی"), QStringLiteral("2,000"),
-                             QStringLiteral("120"), zero, none, none, none, none, none, blank, none, none, none, none, none, none,
-                             QStringLiteral("بلی"), QStringLiteral("10"), QStringLiteral("2,170"), zero, blank, zero,
+    const QString blank = u" "_s;
+    const QString zero = u"0"_s;
+    const QStringList wanted{u"5"_s, none, blank, u"بلی"_s, u"2,000"_s,
+                             u"120"_s, zero, none, none, none, none, none, blank, none, none, none, none, none, none,
+                             u"بلی"_s, u"10"_s, u"2,170"_s, zero, blank, zero,
                              none, none, none, none, none};
     QCOMPARE(row.texts(), wanted);
 }
@@ -187,7 +189,7 @@ SeasonalRow filledRow()
 {
     SeasonalRow row;
     row.number = 3;
-    row.description = QStringLiteral("مبایعه نامه");
+    row.description = u"مبایعه نامه"_s;
     row.amount = 1000;
     row.tax = 90;
     row.discount = 40;
@@ -198,14 +200,14 @@ SeasonalRow filledRow()
     row.documentDate = ConvertToMiladi(1405, 2, 4);
     TaxParty party;
     party.natural = false;
-    party.postalCode = QStringLiteral("1234567890");
-    party.areaCode = QStringLiteral("021");
-    party.telephone = QStringLiteral("22334455");
-    party.address = QStringLiteral("تهران");
-    party.name = QStringLiteral("شرکت");
-    party.family = QStringLiteral("آریا");
-    party.economicCode = QStringLiteral("411");
-    party.nationalCode = QStringLiteral("10100");
+    party.postalCode = u"1234567890"_s;
+    party.areaCode = u"021"_s;
+    party.telephone = u"22334455"_s;
+    party.address = u"تهران"_s;
+    party.name = u"شرکت"_s;
+    party.family = u"آریا"_s;
+    party.economicCode = u"411"_s;
+    party.nationalCode = u"10100"_s;
     party.kindCode = 6;
     party.zone = 4;
     party.provinceCode = 23;
@@ -218,14 +220,14 @@ SeasonalRow filledRow()
 
 void TestSeasonalRules::cellsOfAContractRow()
 {
-    const QStringList wanted{QStringLiteral("3"), QStringLiteral("3"), QStringLiteral("مبایعه نامه"), QStringLiteral("خیر"),
-                             QStringLiteral("1,000"), QStringLiteral("90"), QStringLiteral("حقوقی"),
-                             QStringLiteral("1234567890"), QStringLiteral("021"), QStringLiteral("22334455"),
-                             QStringLiteral("تهران"), QStringLiteral("شرکت"), QStringLiteral("آریا"), QStringLiteral("411"),
-                             QStringLiteral("10100"), QStringLiteral("6"), QStringLiteral("4"), QStringLiteral("23"),
-                             QStringLiteral("1"), QStringLiteral("خیر"), QStringLiteral("40"), QStringLiteral("1,050"),
-                             QStringLiteral("17"), QStringLiteral("1405/02/03"), QStringLiteral("0"), QStringLiteral("نقد"),
-                             QStringLiteral("خدمت"), QStringLiteral("8"), QStringLiteral("1405/02/04"), QStringLiteral("12")};
+    const QStringList wanted{u"3"_s, u"3"_s, u"مبایعه نامه"_s, u"خیر"_s,
+                             u"1,000"_s, u"90"_s, u"حقوقی"_s,
+                             u"1234567890"_s, u"021"_s, u"22334455"_s,
+                             u"تهران"_s, u"شرکت"_s, u"آریا"_s, u"411"_s,
+                             u"10100"_s, u"6"_s, u"4"_s, u"23"_s,
+                             u"1"_s, u"خیر"_s, u"40"_s, u"1,050"_s,
+                             u"17"_s, u"1405/02/03"_s, u"0"_s, u"نقد"_s,
+                             u"خدمت"_s, u"8"_s, u"1405/02/04"_s, u"12"_s};
     QCOMPARE(filledRow().texts(), wanted);
 }
 
@@ -236,11 +238,11 @@ void TestSeasonalRules::cellsOfAServiceLine()
     row.returned = true;
     row.serviceCode = 55;
     row.duties = 12;
-    QCOMPARE(row.text(SeasonalRow::Serial), QStringLiteral("55"));
-    QCOMPARE(row.text(SeasonalRow::Returned), QStringLiteral("بلی"));
-    QCOMPARE(row.text(SeasonalRow::Duties), QStringLiteral("12"));
+    QCOMPARE(row.text(SeasonalRow::Serial), u"55"_s);
+    QCOMPARE(row.text(SeasonalRow::Returned), u"بلی"_s);
+    QCOMPARE(row.text(SeasonalRow::Duties), u"12"_s);
     row.serviceCode = 0;
-    QCOMPARE(row.text(SeasonalRow::Serial), QStringLiteral("3"));
+    QCOMPARE(row.text(SeasonalRow::Serial), u"3"_s);
 }
 
 void TestSeasonalRules::kindCode_data()

@@ -21,6 +21,8 @@
 #include <QTimer>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using FormDriver::field;
 
 namespace {
@@ -70,12 +72,12 @@ private:
 void TestCDlgCustomFields::init()
 {
     GetDBSetting()->Login(m_office.admin);
-    m_office.database.run(QStringLiteral("DELETE FROM CustomFieldRecords"));
-    m_office.database.run(QStringLiteral("DELETE FROM CustomFields"));
-    m_text = CTblCustomFields::define(contracts, QStringLiteral("معرف"), CTblCustomFields::Text);
-    m_number = CTblCustomFields::define(contracts, QStringLiteral("کارکرد"), CTblCustomFields::Number);
-    m_date = CTblCustomFields::define(contracts, QStringLiteral("بیمه تا"), CTblCustomFields::Date);
-    m_yesNo = CTblCustomFields::define(contracts, QStringLiteral("کارشناسی شده"), CTblCustomFields::YesNo);
+    m_office.database.run(u"DELETE FROM CustomFieldRecords"_s);
+    m_office.database.run(u"DELETE FROM CustomFields"_s);
+    m_text = CTblCustomFields::define(contracts, u"معرف"_s, CTblCustomFields::Text);
+    m_number = CTblCustomFields::define(contracts, u"کارکرد"_s, CTblCustomFields::Number);
+    m_date = CTblCustomFields::define(contracts, u"بیمه تا"_s, CTblCustomFields::Date);
+    m_yesNo = CTblCustomFields::define(contracts, u"کارشناسی شده"_s, CTblCustomFields::YesNo);
     g_pDlgWarning->takeShown();
 }
 
@@ -91,47 +93,47 @@ void TestCDlgCustomFields::valuesOfEveryTypeComeBack()
 {
     {
         const auto first = page();
-        field<KEdit>(first.get(), QStringLiteral("معرف :"))->setText(QStringLiteral("علی 'رضا'"));
-        field<KEdit>(first.get(), QStringLiteral("کارکرد :"))->setText(QStringLiteral("-۱۲۵۰۰٫۵"));
-        field<KDateEdit>(first.get(), QStringLiteral("بیمه تا :"))->setText(QStringLiteral("1405/08/29"));
-        field<QCheckBox>(first.get(), QStringLiteral("کارشناسی شده :"))->setChecked(true);
+        field<KEdit>(first.get(), u"معرف :"_s)->setText(u"علی 'رضا'"_s);
+        field<KEdit>(first.get(), u"کارکرد :"_s)->setText(u"-۱۲۵۰۰٫۵"_s);
+        field<KDateEdit>(first.get(), u"بیمه تا :"_s)->setText(u"1405/08/29"_s);
+        field<QCheckBox>(first.get(), u"کارشناسی شده :"_s)->setChecked(true);
         QVERIFY(first->validate());
         store(*first);
     }
     const auto second = page();
-    QCOMPARE(field<KEdit>(second.get(), QStringLiteral("معرف :"))->text(), QStringLiteral("علی 'رضا'"));
-    QCOMPARE(field<KEdit>(second.get(), QStringLiteral("کارکرد :"))->number(), -12500.5);
-    QCOMPARE(field<KDateEdit>(second.get(), QStringLiteral("بیمه تا :"))->date(), QDate(2026, 11, 20));
-    QVERIFY(field<QCheckBox>(second.get(), QStringLiteral("کارشناسی شده :"))->isChecked());
+    QCOMPARE(field<KEdit>(second.get(), u"معرف :"_s)->text(), u"علی 'رضا'"_s);
+    QCOMPARE(field<KEdit>(second.get(), u"کارکرد :"_s)->number(), -12500.5);
+    QCOMPARE(field<KDateEdit>(second.get(), u"بیمه تا :"_s)->date(), QDate(2026, 11, 20));
+    QVERIFY(field<QCheckBox>(second.get(), u"کارشناسی شده :"_s)->isChecked());
 }
 
 void TestCDlgCustomFields::valuesAreStoredInTheirOwnForm()
 {
     const auto one = page();
-    field<KEdit>(one.get(), QStringLiteral("کارکرد :"))->setNumber(1234.5);
-    field<KDateEdit>(one.get(), QStringLiteral("بیمه تا :"))->setDate(QDate(2026, 11, 20));
-    field<QCheckBox>(one.get(), QStringLiteral("کارشناسی شده :"))->setChecked(true);
+    field<KEdit>(one.get(), u"کارکرد :"_s)->setNumber(1234.5);
+    field<KDateEdit>(one.get(), u"بیمه تا :"_s)->setDate(QDate(2026, 11, 20));
+    field<QCheckBox>(one.get(), u"کارشناسی شده :"_s)->setChecked(true);
     store(*one);
     const QHash<int, QString> stored = CTblCustomFieldRecords::values(contracts, record);
     QCOMPARE(stored.size(), 3);
-    QCOMPARE(stored.value(m_number), QStringLiteral("1234.5"));
-    QCOMPARE(stored.value(m_date), QStringLiteral("2026-11-20"));
-    QCOMPARE(stored.value(m_yesNo), QStringLiteral("1"));
+    QCOMPARE(stored.value(m_number), u"1234.5"_s);
+    QCOMPARE(stored.value(m_date), u"2026-11-20"_s);
+    QCOMPARE(stored.value(m_yesNo), u"1"_s);
 }
 
 void TestCDlgCustomFields::emptyValueHasNoRow()
 {
-    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, QStringLiteral("الف")}, {m_yesNo, QStringLiteral("1")}});
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}, {m_yesNo, u"1"_s}});
     const auto one = page();
-    field<KEdit>(one.get(), QStringLiteral("معرف :"))->clear();
-    field<QCheckBox>(one.get(), QStringLiteral("کارشناسی شده :"))->setChecked(false);
+    field<KEdit>(one.get(), u"معرف :"_s)->clear();
+    field<QCheckBox>(one.get(), u"کارشناسی شده :"_s)->setChecked(false);
     store(*one);
-    QCOMPARE(value("SELECT COUNT(*) FROM CustomFieldRecords"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM CustomFieldRecords"), u"0"_s);
 }
 
 void TestCDlgCustomFields::pageNeverShownReadsAndSavesNothing()
 {
-    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, QStringLiteral("الف")}});
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}});
     int statements = 0;
     KConnection::setStatementObserver([&statements](const QString &) { ++statements; });
     CDlgCustomFields hidden;
@@ -141,7 +143,7 @@ void TestCDlgCustomFields::pageNeverShownReadsAndSavesNothing()
     KConnection::setStatementObserver({});
     QCOMPARE(statements, 0);
     QVERIFY(!hidden.isOpened());
-    QCOMPARE(CTblCustomFieldRecords::values(contracts, record).value(m_text), QStringLiteral("الف"));
+    QCOMPARE(CTblCustomFieldRecords::values(contracts, record).value(m_text), u"الف"_s);
 }
 
 void TestCDlgCustomFields::invalidDateIsRefusedAndFocused()
@@ -149,19 +151,19 @@ void TestCDlgCustomFields::invalidDateIsRefusedAndFocused()
     const auto one = page();
     one->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(one.get()));
-    auto *date = field<KDateEdit>(one.get(), QStringLiteral("بیمه تا :"));
-    date->setText(QStringLiteral("1405/12/30"));
+    auto *date = field<KDateEdit>(one.get(), u"بیمه تا :"_s);
+    date->setText(u"1405/12/30"_s);
     QVERIFY(!one->validate());
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY(shown.constFirst().contains(QStringLiteral("بیمه تا")));
+    QVERIFY(shown.constFirst().contains(u"بیمه تا"_s));
     QVERIFY(date->hasFocus());
 }
 
 void TestCDlgCustomFields::invalidNumberIsRefused()
 {
     const auto one = page();
-    field<KEdit>(one.get(), QStringLiteral("کارکرد :"))->setText(QStringLiteral("999999999999999"));
+    field<KEdit>(one.get(), u"کارکرد :"_s)->setText(u"999999999999999"_s);
     QVERIFY(!one->validate());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
@@ -169,7 +171,7 @@ void TestCDlgCustomFields::invalidNumberIsRefused()
 void TestCDlgCustomFields::savingJoinsTheCallersTransaction()
 {
     const auto one = page();
-    field<KEdit>(one.get(), QStringLiteral("معرف :"))->setText(QStringLiteral("الف"));
+    field<KEdit>(one.get(), u"معرف :"_s)->setText(u"الف"_s);
     {
         KTransaction transaction;
         store(*one);
@@ -185,35 +187,35 @@ void TestCDlgCustomFields::savingJoinsTheCallersTransaction()
 
 void TestCDlgCustomFields::otherRecordsKeepTheirValues()
 {
-    CTblCustomFieldRecords::setValues(contracts, record + 1, {{m_text, QStringLiteral("دیگری")}});
+    CTblCustomFieldRecords::setValues(contracts, record + 1, {{m_text, u"دیگری"_s}});
     const auto one = page();
-    QVERIFY(field<KEdit>(one.get(), QStringLiteral("معرف :"))->text().isEmpty());
+    QVERIFY(field<KEdit>(one.get(), u"معرف :"_s)->text().isEmpty());
     store(*one);
-    QCOMPARE(CTblCustomFieldRecords::values(contracts, record + 1).value(m_text), QStringLiteral("دیگری"));
+    QCOMPARE(CTblCustomFieldRecords::values(contracts, record + 1).value(m_text), u"دیگری"_s);
 }
 
 void TestCDlgCustomFields::readOnlyPageSavesNothing()
 {
-    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, QStringLiteral("الف")}});
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}});
     auto one = std::make_unique<CDlgCustomFields>();
     one->bind(contracts, record);
     one->setReadOnly(true);
     one->show();
-    auto *text = field<KEdit>(one.get(), QStringLiteral("معرف :"));
+    auto *text = field<KEdit>(one.get(), u"معرف :"_s);
     QVERIFY(text->isReadOnly());
-    QVERIFY(!field<QCheckBox>(one.get(), QStringLiteral("کارشناسی شده :"))->isEnabled());
-    QVERIFY(!FormDriver::button(one.get(), QStringLiteral("تعریف فیلدها"))->isVisible());
-    text->setText(QStringLiteral("ب"));
+    QVERIFY(!field<QCheckBox>(one.get(), u"کارشناسی شده :"_s)->isEnabled());
+    QVERIFY(!FormDriver::button(one.get(), u"تعریف فیلدها"_s)->isVisible());
+    text->setText(u"ب"_s);
     store(*one);
-    QCOMPARE(CTblCustomFieldRecords::values(contracts, record).value(m_text), QStringLiteral("الف"));
+    QCOMPARE(CTblCustomFieldRecords::values(contracts, record).value(m_text), u"الف"_s);
 }
 
 void TestCDlgCustomFields::deletingARecordTakesItsValues()
 {
-    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, QStringLiteral("الف")}, {m_number, QStringLiteral("5")}});
-    CTblCustomFieldRecords::setValues(contracts, record + 1, {{m_text, QStringLiteral("ب")}});
-    const int ofCars = CTblCustomFields::define(68, QStringLiteral("معرف"), CTblCustomFields::Text);
-    CTblCustomFieldRecords::setValues(68, record, {{ofCars, QStringLiteral("ج")}});
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}, {m_number, u"5"_s}});
+    CTblCustomFieldRecords::setValues(contracts, record + 1, {{m_text, u"ب"_s}});
+    const int ofCars = CTblCustomFields::define(68, u"معرف"_s, CTblCustomFields::Text);
+    CTblCustomFieldRecords::setValues(68, record, {{ofCars, u"ج"_s}});
     CTblCustomFieldRecords::DeleteAllRelatedRecords(contracts, record, m_number);
     QCOMPARE(CTblCustomFieldRecords::values(contracts, record).size(), 1);
     CTblCustomFieldRecords::DeleteAllRelatedRecords(contracts, record, 0);
@@ -224,20 +226,20 @@ void TestCDlgCustomFields::deletingARecordTakesItsValues()
 
 void TestCDlgCustomFields::deletingAFieldTakesItsValues()
 {
-    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, QStringLiteral("الف")}, {m_number, QStringLiteral("5")}});
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}, {m_number, u"5"_s}});
     CTblCustomFields::remove(m_text);
     const QHash<int, QString> left = CTblCustomFieldRecords::values(contracts, record);
     QCOMPARE(left.keys(), QList<int>{m_number});
-    QCOMPARE(value("SELECT COUNT(*) FROM CustomFields"), QStringLiteral("3"));
+    QCOMPARE(value("SELECT COUNT(*) FROM CustomFields"), u"3"_s);
 }
 
 void TestCDlgCustomFields::nameIsNeededAndUnique()
 {
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblCustomFields::define(contracts, QStringLiteral("  "), CTblCustomFields::Text));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblCustomFields::define(contracts, u"  "_s, CTblCustomFields::Text));
     QVERIFY_THROWS_EXCEPTION(KAccountingError,
-                             CTblCustomFields::define(contracts, QStringLiteral("معرف"), CTblCustomFields::Date));
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblCustomFields::rename(m_number, QStringLiteral("معرف")));
-    QVERIFY(CTblCustomFields::define(68, QStringLiteral("معرف"), CTblCustomFields::Text) > 0);
+                             CTblCustomFields::define(contracts, u"معرف"_s, CTblCustomFields::Date));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblCustomFields::rename(m_number, u"معرف"_s));
+    QVERIFY(CTblCustomFields::define(68, u"معرف"_s, CTblCustomFields::Text) > 0);
 }
 
 void TestCDlgCustomFields::definitionsWindowAddsRenamesAndDeletes()
@@ -246,24 +248,24 @@ void TestCDlgCustomFields::definitionsWindowAddsRenamesAndDeletes()
     window.show();
     QVERIFY(FormDriver::everyInputHasAName(&window));
     auto *list = window.findChild<KExtListCtrl *>();
-    auto *name = field<KEdit>(&window, QStringLiteral("نام :"));
+    auto *name = field<KEdit>(&window, u"نام :"_s);
     QCOMPARE(list->count(), 4);
-    name->setText(QStringLiteral("رنگ داخل"));
-    field<QComboBox>(&window, QStringLiteral("نوع :"))->setCurrentText(QStringLiteral("عدد"));
-    FormDriver::click(&window, QStringLiteral("افزودن"));
+    name->setText(u"رنگ داخل"_s);
+    field<QComboBox>(&window, u"نوع :"_s)->setCurrentText(u"عدد"_s);
+    FormDriver::click(&window, u"افزودن"_s);
     QCOMPARE(list->count(), 5);
-    QCOMPARE(list->cellText(list->currentRow(), 1), QStringLiteral("رنگ داخل"));
-    QCOMPARE(list->cellText(list->currentRow(), 2), QStringLiteral("عدد"));
-    FormDriver::click(&window, QStringLiteral("افزودن"));
+    QCOMPARE(list->cellText(list->currentRow(), 1), u"رنگ داخل"_s);
+    QCOMPARE(list->cellText(list->currentRow(), 2), u"عدد"_s);
+    FormDriver::click(&window, u"افزودن"_s);
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    name->setText(QStringLiteral("رنگ صندلی"));
-    FormDriver::click(&window, QStringLiteral("تغییر نام"));
-    QCOMPARE(list->cellText(list->currentRow(), 1), QStringLiteral("رنگ صندلی"));
+    name->setText(u"رنگ صندلی"_s);
+    FormDriver::click(&window, u"تغییر نام"_s);
+    QCOMPARE(list->cellText(list->currentRow(), 1), u"رنگ صندلی"_s);
     g_pDlgYesNo->answerNext(KMessageDialog::No);
-    FormDriver::click(&window, QStringLiteral("حذف"));
+    FormDriver::click(&window, u"حذف"_s);
     QCOMPARE(list->count(), 5);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    FormDriver::click(&window, QStringLiteral("حذف"));
+    FormDriver::click(&window, u"حذف"_s);
     QCOMPARE(list->count(), 4);
 }
 
@@ -271,23 +273,23 @@ void TestCDlgCustomFields::definingNeedsTheRight()
 {
     GetDBSetting()->Login(m_office.clerk);
     const auto one = page();
-    FormDriver::click(one.get(), QStringLiteral("تعریف فیلدها"));
+    FormDriver::click(one.get(), u"تعریف فیلدها"_s);
     QCOMPARE(g_pDlgWarning->takeShown(),
-             QStringList{KSecurity::refusalText(QStringLiteral("CustomFields"), KSecurity::Modify)});
+             QStringList{KSecurity::refusalText(u"CustomFields"_s, KSecurity::Modify)});
 }
 
 void TestCDlgCustomFields::definingKeepsWhatWasTyped()
 {
     const auto one = page();
-    field<KEdit>(one.get(), QStringLiteral("معرف :"))->setText(QStringLiteral("نیمه کاره"));
+    field<KEdit>(one.get(), u"معرف :"_s)->setText(u"نیمه کاره"_s);
     QTimer::singleShot(50, [] {
-        CTblCustomFields::define(contracts, QStringLiteral("تازه"), CTblCustomFields::Text);
+        CTblCustomFields::define(contracts, u"تازه"_s, CTblCustomFields::Text);
         if (auto *window = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
             window->reject();
     });
     one->defineFields();
-    QVERIFY(field<KEdit>(one.get(), QStringLiteral("تازه :")));
-    QCOMPARE(field<KEdit>(one.get(), QStringLiteral("معرف :"))->text(), QStringLiteral("نیمه کاره"));
+    QVERIFY(field<KEdit>(one.get(), u"تازه :"_s));
+    QCOMPARE(field<KEdit>(one.get(), u"معرف :"_s)->text(), u"نیمه کاره"_s);
 }
 
 static const RegisteredTest<TestCDlgCustomFields, QApplication> registered;

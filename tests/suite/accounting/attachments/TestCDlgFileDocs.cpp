@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgFileDocs : public QObject
 {
     Q_OBJECT
@@ -50,7 +52,7 @@ void TestCDlgFileDocs::initTestCase()
 void TestCDlgFileDocs::init()
 {
     GetDBSetting()->SetClosedDB(false);
-    m_office.database.run(QStringLiteral("DELETE FROM FileDocs"));
+    m_office.database.run(u"DELETE FROM FileDocs"_s);
     g_pDlgWarning->takeShown();
     g_pDlgYesNo->takeShown();
 }
@@ -74,26 +76,26 @@ std::unique_ptr<CDlgFileDocs> TestCDlgFileDocs::page(CTblFileDocs::Scope scope)
 
 void TestCDlgFileDocs::titlesOfThePages()
 {
-    QCOMPARE(page(CTblFileDocs::General)->title(), QStringLiteral("پرونده های عمومی"));
-    QCOMPARE(page(CTblFileDocs::Personal)->title(), QStringLiteral("پرونده های شخصی"));
+    QCOMPARE(page(CTblFileDocs::General)->title(), u"پرونده های عمومی"_s);
+    QCOMPARE(page(CTblFileDocs::Personal)->title(), u"پرونده های شخصی"_s);
 }
 
 void TestCDlgFileDocs::addedFileStandsInTheListAndIsSelected()
 {
     const auto general = page();
-    QVERIFY(general->addFile(write(QStringLiteral("سند.txt"), "متن")));
+    QVERIFY(general->addFile(write(u"سند.txt"_s, "متن")));
     auto *list = general->findChild<KExtListCtrl *>();
     QCOMPARE(list->count(), 1);
     QVERIFY(list->currentKey() > 0);
-    QCOMPARE(list->cellText(0, 1), QStringLiteral("سند.txt"));
-    QCOMPARE(list->cellText(0, 3), QStringLiteral("admin"));
+    QCOMPARE(list->cellText(0, 1), u"سند.txt"_s);
+    QCOMPARE(list->cellText(0, 3), u"admin"_s);
     QCOMPARE(page(CTblFileDocs::Personal)->findChild<KExtListCtrl *>()->count(), 0);
 }
 
 void TestCDlgFileDocs::fileTooLargeIsRefusedWithOneMessage()
 {
     const auto general = page();
-    QVERIFY(!general->addFile(write(QStringLiteral("large"), QByteArray(CTblFileDocs::maxFileBytes + 1, 'x'))));
+    QVERIFY(!general->addFile(write(u"large"_s, QByteArray(CTblFileDocs::maxFileBytes + 1, 'x'))));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(general->findChild<KExtListCtrl *>()->count(), 0);
     QVERIFY(!QApplication::overrideCursor());
@@ -102,8 +104,8 @@ void TestCDlgFileDocs::fileTooLargeIsRefusedWithOneMessage()
 void TestCDlgFileDocs::savedFileIsTheStoredOne()
 {
     const auto general = page();
-    general->addFile(write(QStringLiteral("a.bin"), QByteArray("\0\1\2", 3)));
-    const QString target = m_folder.filePath(QStringLiteral("b.bin"));
+    general->addFile(write(u"a.bin"_s, QByteArray("\0\1\2", 3)));
+    const QString target = m_folder.filePath(u"b.bin"_s);
     QVERIFY(general->saveFileAs(general->findChild<KExtListCtrl *>()->currentKey(), target));
     QFile saved(target);
     QVERIFY(saved.open(QIODevice::ReadOnly));
@@ -113,20 +115,20 @@ void TestCDlgFileDocs::savedFileIsTheStoredOne()
 void TestCDlgFileDocs::savingWhereNothingCanBeWrittenTellsSo()
 {
     const auto general = page();
-    general->addFile(write(QStringLiteral("a.bin"), "x"));
+    general->addFile(write(u"a.bin"_s, "x"));
     const int id = general->findChild<KExtListCtrl *>()->currentKey();
-    QVERIFY(!general->saveFileAs(id, m_folder.filePath(QStringLiteral("missing/b.bin"))));
+    QVERIFY(!general->saveFileAs(id, m_folder.filePath(u"missing/b.bin"_s)));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
 void TestCDlgFileDocs::openedCopyIsPrivateReadOnlyAndComplete()
 {
     const auto general = page();
-    general->addFile(write(QStringLiteral("قولنامه.txt"), "text"));
+    general->addFile(write(u"قولنامه.txt"_s, "text"));
     const int id = general->findChild<KExtListCtrl *>()->currentKey();
     for (int times = 0; times < 2; ++times) {
         const QString path = general->openFile(id);
-        QCOMPARE(QFileInfo(path).fileName(), QStringLiteral("قولنامه.txt"));
+        QCOMPARE(QFileInfo(path).fileName(), u"قولنامه.txt"_s);
         QCOMPARE(QFile::permissions(path) & (QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther | QFile::ExeOwner),
                  QFile::Permissions());
         const QFile::Permissions folder = QFile::permissions(QFileInfo(QFileInfo(path).path()).path());
@@ -157,46 +159,46 @@ void TestCDlgFileDocs::programIsNotOpened()
 void TestCDlgFileDocs::deleteAsksFirst()
 {
     const auto general = page();
-    general->addFile(write(QStringLiteral("a.txt"), "x"));
+    general->addFile(write(u"a.txt"_s, "x"));
     auto *list = general->findChild<KExtListCtrl *>();
     g_pDlgYesNo->answerNext(KMessageDialog::No);
-    FormDriver::click(general.get(), QStringLiteral("حذف"));
+    FormDriver::click(general.get(), u"حذف"_s);
     QCOMPARE(list->count(), 1);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    FormDriver::click(general.get(), QStringLiteral("حذف"));
+    FormDriver::click(general.get(), u"حذف"_s);
     QCOMPARE(list->count(), 0);
     QCOMPARE(g_pDlgYesNo->takeShown().size(), 2);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM FileDocs")), QStringLiteral("0"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM FileDocs"_s), u"0"_s);
 }
 
 void TestCDlgFileDocs::readOnlyPageChangesNothing()
 {
     const auto general = page();
-    general->addFile(write(QStringLiteral("a.txt"), "x"));
+    general->addFile(write(u"a.txt"_s, "x"));
     general->setReadOnly(true);
     const int id = general->findChild<KExtListCtrl *>()->currentKey();
-    QVERIFY(!FormDriver::button(general.get(), QStringLiteral("افزودن"))->isVisible());
-    QVERIFY(!FormDriver::button(general.get(), QStringLiteral("حذف"))->isVisible());
+    QVERIFY(!FormDriver::button(general.get(), u"افزودن"_s)->isVisible());
+    QVERIFY(!FormDriver::button(general.get(), u"حذف"_s)->isVisible());
     QVERIFY(!general->deleteFile(id));
-    QVERIFY(!general->addFile(write(QStringLiteral("b.txt"), "x")));
-    QVERIFY(general->saveFileAs(id, m_folder.filePath(QStringLiteral("c.txt"))));
+    QVERIFY(!general->addFile(write(u"b.txt"_s, "x")));
+    QVERIFY(general->saveFileAs(id, m_folder.filePath(u"c.txt"_s)));
 }
 
 void TestCDlgFileDocs::closedDatabaseAddsNothing()
 {
     const auto general = page();
     GetDBSetting()->SetClosedDB(true);
-    QVERIFY(!general->addFile(write(QStringLiteral("a.txt"), "x")));
+    QVERIFY(!general->addFile(write(u"a.txt"_s, "x")));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
 void TestCDlgFileDocs::buttonsFollowTheSelection()
 {
     const auto general = page();
-    for (const QString &caption : {QStringLiteral("باز کردن"), QStringLiteral("ذخیره در"), QStringLiteral("حذف")})
+    for (const QString &caption : {u"باز کردن"_s, u"ذخیره در"_s, u"حذف"_s})
         QVERIFY(!FormDriver::button(general.get(), caption)->isEnabled());
-    general->addFile(write(QStringLiteral("a.txt"), "x"));
-    for (const QString &caption : {QStringLiteral("باز کردن"), QStringLiteral("ذخیره در"), QStringLiteral("حذف")})
+    general->addFile(write(u"a.txt"_s, "x"));
+    for (const QString &caption : {u"باز کردن"_s, u"ذخیره در"_s, u"حذف"_s})
         QVERIFY(FormDriver::button(general.get(), caption)->isEnabled());
 }
 

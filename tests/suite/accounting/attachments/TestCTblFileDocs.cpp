@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 constexpr int contracts = 69;
 }
@@ -48,7 +50,7 @@ private:
 void TestCTblFileDocs::init()
 {
     GetDBSetting()->SetClosedDB(false);
-    m_office.database.run(QStringLiteral("DELETE FROM FileDocs"));
+    m_office.database.run(u"DELETE FROM FileDocs"_s);
 }
 
 QString TestCTblFileDocs::write(const QString &name, const QByteArray &data)
@@ -62,7 +64,7 @@ QString TestCTblFileDocs::write(const QString &name, const QByteArray &data)
 
 int TestCTblFileDocs::add(int record, CTblFileDocs::Scope scope, int user)
 {
-    return CTblFileDocs::addFile(contracts, record, scope, user, write(QStringLiteral("a.txt"), "text"));
+    return CTblFileDocs::addFile(contracts, record, scope, user, write(u"a.txt"_s, "text"));
 }
 
 void TestCTblFileDocs::fileComesBackByteForByte_data()
@@ -81,11 +83,11 @@ void TestCTblFileDocs::fileComesBackByteForByte()
 {
     QFETCH(QByteArray, data);
     const int id = CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin,
-                                         write(QStringLiteral("قولنامه.pdf"), data));
+                                         write(u"قولنامه.pdf"_s, data));
     QString name;
     QByteArray stored;
     QVERIFY(CTblFileDocs::content(id, m_office.clerk, &name, &stored));
-    QCOMPARE(name, QStringLiteral("قولنامه.pdf"));
+    QCOMPARE(name, u"قولنامه.pdf"_s);
     QCOMPARE(stored, data);
 }
 
@@ -102,7 +104,7 @@ void TestCTblFileDocs::largestFileIsKept()
     QFETCH(char, byte);
     const QByteArray data(CTblFileDocs::maxFileBytes, byte);
     const int id = CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin,
-                                         write(QStringLiteral("large.bin"), data));
+                                         write(u"large.bin"_s, data));
     QString name;
     QByteArray stored;
     QVERIFY(CTblFileDocs::content(id, m_office.admin, &name, &stored));
@@ -111,24 +113,24 @@ void TestCTblFileDocs::largestFileIsKept()
 
 void TestCTblFileDocs::oneByteMoreThanTheLimitIsRefused()
 {
-    const QString path = write(QStringLiteral("larger.bin"), QByteArray(CTblFileDocs::maxFileBytes + 1, 'x'));
+    const QString path = write(u"larger.bin"_s, QByteArray(CTblFileDocs::maxFileBytes + 1, 'x'));
     bool refused = false;
     try {
         CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin, path);
     } catch (const KAccountingError &error) {
         refused = true;
-        QVERIFY(error.userMessage().contains(QStringLiteral("25")));
+        QVERIFY(error.userMessage().contains(u"25"_s));
     }
     QVERIFY(refused);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM FileDocs")), QStringLiteral("0"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM FileDocs"_s), u"0"_s);
 }
 
 void TestCTblFileDocs::fileThatCannotBeKeptIsRefused_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::newRow("missing") << m_folder.filePath(QStringLiteral("missing.txt"));
+    QTest::newRow("missing") << m_folder.filePath(u"missing.txt"_s);
     QTest::newRow("folder") << m_folder.path();
-    QTest::newRow("empty") << write(QStringLiteral("empty.txt"), QByteArray());
+    QTest::newRow("empty") << write(u"empty.txt"_s, QByteArray());
     QTest::newRow("no name") << QString();
 }
 
@@ -137,7 +139,7 @@ void TestCTblFileDocs::fileThatCannotBeKeptIsRefused()
     QFETCH(QString, path);
     QVERIFY_THROWS_EXCEPTION(KAccountingError,
                              CTblFileDocs::addFile(contracts, 1, CTblFileDocs::General, m_office.admin, path));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM FileDocs")), QStringLiteral("0"));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM FileDocs"_s), u"0"_s);
 }
 
 void TestCTblFileDocs::closedDatabaseRefuses()
@@ -150,7 +152,7 @@ void TestCTblFileDocs::nameComesWithoutItsFolder()
 {
     add(1, CTblFileDocs::General, m_office.admin);
     QCOMPARE(CTblFileDocs::list(contracts, 1, CTblFileDocs::General, m_office.admin).constFirst().name,
-             QStringLiteral("a.txt"));
+             u"a.txt"_s);
 }
 
 void TestCTblFileDocs::listReadsNoContents()
@@ -164,7 +166,7 @@ void TestCTblFileDocs::listReadsNoContents()
     QCOMPARE(files.constFirst().userID, m_office.admin);
     QVERIFY(files.constFirst().created.isValid());
     QCOMPARE(statements.size(), 1);
-    QVERIFY(!statements.constFirst().contains(QStringLiteral("oData")));
+    QVERIFY(!statements.constFirst().contains(u"oData"_s));
 }
 
 void TestCTblFileDocs::personalFilesAreTheirUsersOnly()
@@ -195,7 +197,7 @@ void TestCTblFileDocs::deletingARecordTakesItsFilesOnly()
     add(1, CTblFileDocs::Personal, m_office.clerk);
     add(2, CTblFileDocs::General, m_office.admin);
     CTblFileDocs::DeleteAllRelatedRecords(contracts, 1, 0);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM FileDocs")), QStringLiteral("2"));
+    QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(iRecordID) FROM FileDocs"_s), u"2"_s);
 }
 
 void TestCTblFileDocs::deletingForOneUserLeavesTheOthers()
@@ -203,7 +205,7 @@ void TestCTblFileDocs::deletingForOneUserLeavesTheOthers()
     add(1, CTblFileDocs::Personal, m_office.admin);
     add(1, CTblFileDocs::Personal, m_office.clerk);
     CTblFileDocs::DeleteAllRelatedRecords(contracts, 1, m_office.clerk);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iUserID) FROM FileDocs")),
+    QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(iUserID) FROM FileDocs"_s),
              QString::number(m_office.admin));
 }
 
@@ -211,21 +213,21 @@ void TestCTblFileDocs::safeNameHoldsNothingHarmful_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("safe");
-    QTest::newRow("plain") << QStringLiteral("قرارداد 12.docx") << QStringLiteral("قرارداد 12.docx");
-    QTest::newRow("folders") << QStringLiteral("../../etc/passwd") << QStringLiteral("_.._etc_passwd");
-    QTest::newRow("backslashes") << QStringLiteral("..\\a\\b.txt") << QStringLiteral("_a_b.txt");
-    QTest::newRow("drive") << QStringLiteral("C:x.txt") << QStringLiteral("C_x.txt");
-    QTest::newRow("hidden") << QStringLiteral(".profile") << QStringLiteral("profile");
-    QTest::newRow("control characters") << QStringLiteral("a\nb\tc.txt") << QStringLiteral("abc.txt");
-    QTest::newRow("turned by a direction mark") << QString(QStringLiteral("x") + QChar(0x202E) + QStringLiteral("txt.exe"))
-                                                << QStringLiteral("xtxt.exe");
-    QTest::newRow("device") << QStringLiteral("con.txt") << QStringLiteral("_con.txt");
-    QTest::newRow("numbered device") << QStringLiteral("LPT1") << QStringLiteral("_LPT1");
-    QTest::newRow("dots at the end") << QStringLiteral("a.txt. .") << QStringLiteral("a.txt");
-    QTest::newRow("nothing left") << QStringLiteral("...") << QStringLiteral("file");
-    QTest::newRow("empty") << QString() << QStringLiteral("file");
-    QTest::newRow("long") << QString(QString(300, u'a') + QStringLiteral(".pdf"))
-                          << QString(QString(96, u'a') + QStringLiteral(".pdf"));
+    QTest::newRow("plain") << u"قرارداد 12.docx"_s << u"قرارداد 12.docx"_s;
+    QTest::newRow("folders") << u"../../etc/passwd"_s << u"_.._etc_passwd"_s;
+    QTest::newRow("backslashes") << u"..\\a\\b.txt"_s << u"_a_b.txt"_s;
+    QTest::newRow("drive") << u"C:x.txt"_s << u"C_x.txt"_s;
+    QTest::newRow("hidden") << u".profile"_s << u"profile"_s;
+    QTest::newRow("control characters") << u"a\nb\tc.txt"_s << u"abc.txt"_s;
+    QTest::newRow("turned by a direction mark") << QString(u"x"_s + QChar(0x202E) + u"txt.exe"_s)
+                                                << u"xtxt.exe"_s;
+    QTest::newRow("device") << u"con.txt"_s << u"_con.txt"_s;
+    QTest::newRow("numbered device") << u"LPT1"_s << u"_LPT1"_s;
+    QTest::newRow("dots at the end") << u"a.txt. ."_s << u"a.txt"_s;
+    QTest::newRow("nothing left") << u"..."_s << u"file"_s;
+    QTest::newRow("empty") << QString() << u"file"_s;
+    QTest::newRow("long") << QString(QString(300, u'a') + u".pdf"_s)
+                          << QString(QString(96, u'a') + u".pdf"_s);
 }
 
 void TestCTblFileDocs::safeNameHoldsNothingHarmful()

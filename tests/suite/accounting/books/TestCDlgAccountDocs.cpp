@@ -21,6 +21,8 @@
 #include <QPushButton>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAccountDocs : public QObject
 {
     Q_OBJECT
@@ -81,9 +83,9 @@ void TestCDlgAccountDocs::write(int month, int dayOfMonth, double amount, bool r
 {
     ManualDocument document;
     document.date = day(month, dayOfMonth);
-    document.desc = QStringLiteral("انتقال");
-    document.rows = {{Accounts::cash, 0, receives ? amount : 0, receives ? 0 : amount, QStringLiteral("صندوق %1").arg(amount)},
-                     {Accounts::bank, 0, receives ? 0 : amount, receives ? amount : 0, QStringLiteral("بانک")}};
+    document.desc = u"انتقال"_s;
+    document.rows = {{Accounts::cash, 0, receives ? amount : 0, receives ? 0 : amount, u"صندوق %1"_s.arg(amount)},
+                     {Accounts::bank, 0, receives ? 0 : amount, receives ? amount : 0, u"بانک"_s}};
     document.save();
 }
 
@@ -104,45 +106,45 @@ void TestCDlgAccountDocs::init()
 void TestCDlgAccountDocs::rowsWithTheRunningBalance()
 {
     CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
-    QCOMPARE(window.windowTitle(), QStringLiteral("گردش حساب 110101 - صندوق"));
+    QCOMPARE(window.windowTitle(), u"گردش حساب 110101 - صندوق"_s);
     QCOMPARE(window.list()->count(), 3);
-    QCOMPARE(rowText(window, 0), QStringLiteral("1|1|1405/02/01||صندوق 1000|1,000||1,000|بد"));
-    QCOMPARE(rowText(window, 1), QStringLiteral("2|2|1405/02/10||صندوق 1500||1,500|500|بس"));
-    QCOMPARE(rowText(window, 2), QStringLiteral("3|3|1405/03/01||صندوق 200|200||300|بس"));
-    QCOMPARE(window.totalsText(), QStringLiteral("تعداد : 3     جمع بدهکار : 1,200     جمع بستانکار : 1,500     مانده : 300 بس"));
+    QCOMPARE(rowText(window, 0), u"1|1|1405/02/01||صندوق 1000|1,000||1,000|بد"_s);
+    QCOMPARE(rowText(window, 1), u"2|2|1405/02/10||صندوق 1500||1,500|500|بس"_s);
+    QCOMPARE(rowText(window, 2), u"3|3|1405/03/01||صندوق 200|200||300|بس"_s);
+    QCOMPARE(window.totalsText(), u"تعداد : 3     جمع بدهکار : 1,200     جمع بستانکار : 1,500     مانده : 300 بس"_s);
 }
 
 void TestCDlgAccountDocs::balanceBeforeTheRangeIsBroughtForward()
 {
     CDlgAccountDocs window(AccountLevel::Kol, Accounts::cashKol, day(2, 10), day(2, 10));
     QCOMPARE(window.list()->count(), 2);
-    QCOMPARE(rowText(window, 0), QStringLiteral("||||مانده از قبل|||1,000|بد"));
-    QCOMPARE(rowText(window, 1), QStringLiteral("1|2|1405/02/10||صندوق 1500||1,500|500|بس"));
-    QVERIFY(window.totalsText().endsWith(QStringLiteral("مانده : 500 بس")));
+    QCOMPARE(rowText(window, 0), u"||||مانده از قبل|||1,000|بد"_s);
+    QCOMPARE(rowText(window, 1), u"1|2|1405/02/10||صندوق 1500||1,500|500|بس"_s);
+    QVERIFY(window.totalsText().endsWith(u"مانده : 500 بس"_s));
 }
 
 void TestCDlgAccountDocs::withoutRowsTheSheetIsEmpty()
 {
     CDlgAccountDocs window(AccountLevel::Moeen, Accounts::dutyExpense, {}, {});
     QCOMPARE(window.list()->count(), 0);
-    QVERIFY(window.totalsText().endsWith(QStringLiteral("مانده : 0 -")));
+    QVERIFY(window.totalsText().endsWith(u"مانده : 0 -"_s));
 }
 
 void TestCDlgAccountDocs::rangeIsChangedInTheWindow()
 {
     CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
-    FormDriver::field<KDateEdit>(&window, QStringLiteral("تا تاریخ :"))->setDate(day(2, 1).date());
+    FormDriver::field<KDateEdit>(&window, u"تا تاریخ :"_s)->setDate(day(2, 1).date());
     window.show();
-    FormDriver::click(&window, QStringLiteral("جستجو"));
+    FormDriver::click(&window, u"جستجو"_s);
     QCOMPARE(window.list()->count(), 1);
 }
 
 void TestCDlgAccountDocs::entryThatIsNoDateIsRefused()
 {
     CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
-    FormDriver::field<KDateEdit>(&window, QStringLiteral("از تاریخ :"))->setText(QStringLiteral("1405/13/1"));
+    FormDriver::field<KDateEdit>(&window, u"از تاریخ :"_s)->setText(u"1405/13/1"_s);
     window.refill();
-    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(QStringLiteral("از تاریخ :")));
+    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(u"از تاریخ :"_s));
     QCOMPARE(window.list()->count(), 3);
 }
 
@@ -160,7 +162,7 @@ void TestCDlgAccountDocs::rowShowsItsDocument()
             rows = shown->rows()->list()->count();
     });
     QTest::keyClick(window.list(), Qt::Key_Return);
-    QCOMPARE(title, QStringLiteral("سند حسابداری شماره 2 سال مالی 1405"));
+    QCOMPARE(title, u"سند حسابداری شماره 2 سال مالی 1405"_s);
     QCOMPARE(rows, 2);
 }
 
@@ -176,7 +178,7 @@ void TestCDlgAccountDocs::broughtForwardRowShowsNothing()
 void TestCDlgAccountDocs::rights()
 {
     GetDBSetting()->Login(m_office.clerk);
-    const QString form = QStringLiteral("Documents");
+    const QString form = u"Documents"_s;
     CDlgAccountDocs::Show(AccountLevel::Moeen, Accounts::cash, {}, {}, nullptr);
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, KSecurity::Read)});
     CDlgShowDocument::Show(1, 1405, nullptr);
@@ -190,16 +192,16 @@ void TestCDlgAccountDocs::documentThatIsGoneIsTold()
 {
     for (const int num : {0, 77}) {
         CDlgShowDocument::Show(num, 1405, nullptr);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سند حسابداری وجود ندارد.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"سند حسابداری وجود ندارد."_s});
     }
 }
 
 void TestCDlgAccountDocs::documentIsShownWithItsHead()
 {
     const CDlgShowDocument window(1, 1405);
-    QCOMPARE(window.findChild<QLabel *>(QStringLiteral("documentHead"))->text(),
-             QStringLiteral("تاریخ : 1405/02/01     نوع : دستی     شرح : انتقال"));
-    QCOMPARE(window.rows()->totalsText(), QStringLiteral("جمع بدهکار : 1,000     جمع بستانکار : 1,000"));
+    QCOMPARE(window.findChild<QLabel *>(u"documentHead"_s)->text(),
+             u"تاریخ : 1405/02/01     نوع : دستی     شرح : انتقال"_s);
+    QCOMPARE(window.rows()->totalsText(), u"جمع بدهکار : 1,000     جمع بستانکار : 1,000"_s);
 }
 
 void TestCDlgAccountDocs::everyInputHasAName()
@@ -220,7 +222,7 @@ void TestCDlgAccountDocs::tabGoesThroughTheWindowAsItIsRead()
         const auto *button = qobject_cast<QPushButton *>(QApplication::focusWidget());
         met.append(button ? button->text() : QApplication::focusWidget()->accessibleName());
     } while (!window.list()->hasFocus() && met.size() < 20);
-    QCOMPARE(met, (QStringList{QStringLiteral("چاپ"), QStringLiteral("بازگشت"), QStringLiteral("از تاریخ :"), QStringLiteral("تا تاریخ :"), QStringLiteral("جستجو"), QStringLiteral("گردش حساب")}));
+    QCOMPARE(met, (QStringList{u"چاپ"_s, u"بازگشت"_s, u"از تاریخ :"_s, u"تا تاریخ :"_s, u"جستجو"_s, u"گردش حساب"_s}));
 }
 
 static const RegisteredTest<TestCDlgAccountDocs, QApplication> registered;

@@ -20,6 +20,8 @@
 #include <QTimer>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using FormDriver::field;
 
 class TestCDlgCashFromPerson : public QObject
@@ -58,7 +60,7 @@ void TestCDlgCashFromPerson::initTestCase()
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     GetDBSetting()->SetFiscalYear(1405);
     GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
-    m_person = m_office.addPerson(QStringLiteral("مریم احمدی"));
+    m_person = m_office.addPerson(u"مریم احمدی"_s);
 }
 
 void TestCDlgCashFromPerson::init()
@@ -66,7 +68,7 @@ void TestCDlgCashFromPerson::init()
     GetDBSetting()->SetClosedDB(false);
     GetDBSetting()->Login(m_office.admin);
     for (const char *table : {"Receipts", "Documents", "Docs"})
-        m_office.database.run(QStringLiteral("DELETE FROM %1").arg(QLatin1String(table)));
+        m_office.database.run(u"DELETE FROM %1"_s.arg(QLatin1String(table)));
     g_pDlgWarning->takeShown();
 }
 
@@ -83,7 +85,7 @@ bool TestCDlgCashFromPerson::receive(const std::function<void(QDialog *)> &work)
             dialog->reject();
     });
     const bool saved =
-        GetDBSetting()->CashFromPersonMulti(m_person, 1250000, QStringLiteral("بابت کمسیون قرارداد شماره 12"), nullptr);
+        GetDBSetting()->CashFromPersonMulti(m_person, 1250000, u"بابت کمسیون قرارداد شماره 12"_s, nullptr);
     QTest::qWait(60);
     if (!opened)
         qWarning("the window did not open");
@@ -92,94 +94,94 @@ bool TestCDlgCashFromPerson::receive(const std::function<void(QDialog *)> &work)
 
 void TestCDlgCashFromPerson::windowShowsPersonAmountAndWords()
 {
-    CDlgCashFromPerson dialog(m_person, 1250000, QStringLiteral("شرح"));
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("دریافت نقدی"));
-    auto *person = field<KEdit>(&dialog, QStringLiteral("شخص :"));
-    QCOMPARE(person->text(), QStringLiteral("مریم احمدی"));
+    CDlgCashFromPerson dialog(m_person, 1250000, u"شرح"_s);
+    QCOMPARE(dialog.windowTitle(), u"دریافت نقدی"_s);
+    auto *person = field<KEdit>(&dialog, u"شخص :"_s);
+    QCOMPARE(person->text(), u"مریم احمدی"_s);
     QVERIFY(person->isReadOnly());
-    auto *amount = field<KEdit>(&dialog, QStringLiteral("مبلغ :"));
-    QCOMPARE(amount->text(), QStringLiteral("1,250,000"));
-    auto *words = dialog.findChild<QLabel *>(QStringLiteral("amountInWords"));
+    auto *amount = field<KEdit>(&dialog, u"مبلغ :"_s);
+    QCOMPARE(amount->text(), u"1,250,000"_s);
+    auto *words = dialog.findChild<QLabel *>(u"amountInWords"_s);
     QVERIFY(words->text().startsWith(amountInWords(1250000)));
-    amount->setText(QStringLiteral("7"));
+    amount->setText(u"7"_s);
     QVERIFY(words->text().startsWith(amountInWords(7)));
     amount->clear();
     QVERIFY(words->text().isEmpty());
-    QCOMPARE(field<KDateEdit>(&dialog, QStringLiteral("تاریخ :"))->date(), GetDBSetting()->GetDBServerDate().date());
-    auto *account = field<QComboBox>(&dialog, QStringLiteral("دریافت در :"));
+    QCOMPARE(field<KDateEdit>(&dialog, u"تاریخ :"_s)->date(), GetDBSetting()->GetDBServerDate().date());
+    auto *account = field<QComboBox>(&dialog, u"دریافت در :"_s);
     QCOMPARE(account->count(), 2);
-    QCOMPARE(account->itemText(0), QStringLiteral("صندوق"));
-    QCOMPARE(account->itemText(1), QStringLiteral("بانک"));
+    QCOMPARE(account->itemText(0), u"صندوق"_s);
+    QCOMPARE(account->itemText(1), u"بانک"_s);
 }
 
 void TestCDlgCashFromPerson::okSavesReceiptAndBalancedDocument()
 {
-    QVERIFY(receive([](QDialog *dialog) { FormDriver::click(dialog, QStringLiteral("تاييد")); }));
+    QVERIFY(receive([](QDialog *dialog) { FormDriver::click(dialog, u"تاييد"_s); }));
     QCOMPARE(value("SELECT CONCAT_WS('|',iPersonID,dAmount,sDesc,iDocNum,iFiscalYear,iUserID) FROM Receipts"),
-             QStringLiteral("%1|1250000|بابت کمسیون قرارداد شماره 12|1|1405|%2").arg(m_person).arg(m_office.admin));
+             u"%1|1250000|بابت کمسیون قرارداد شماره 12|1|1405|%2"_s.arg(m_person).arg(m_office.admin));
     QCOMPARE(value("SELECT CONCAT_WS('|',iNum,iFiscalYear,iKind,sDesc) FROM Documents"),
-             QStringLiteral("1|1405|%1|بابت کمسیون قرارداد شماره 12").arg(Accounts::documentKindReceipt));
+             u"1|1405|%1|بابت کمسیون قرارداد شماره 12"_s.arg(Accounts::documentKindReceipt));
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('|',iHesabKolCode,iHesabMoeenCode,iPersonID,dBed,dBes) ORDER BY iID SEPARATOR "
                    "' ') FROM Docs WHERE iDocNum=1 AND iFiscalYear=1405"),
-             QStringLiteral("1101|110101|0|1250000|0 1103|110301|%1|0|1250000").arg(m_person));
-    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindReceipt)), QStringLiteral("1/0/0"));
+             u"1101|110101|0|1250000|0 1103|110301|%1|0|1250000"_s.arg(m_person));
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
 void TestCDlgCashFromPerson::moneyToTheBankStandsOnTheBankAccount()
 {
     QVERIFY(receive([](QDialog *dialog) {
-        field<QComboBox>(dialog, QStringLiteral("دریافت در :"))->setCurrentText(QStringLiteral("بانک"));
-        field<KEdit>(dialog, QStringLiteral("مبلغ :"))->setText(QStringLiteral("۵۰۰"));
-        FormDriver::click(dialog, QStringLiteral("تاييد"));
+        field<QComboBox>(dialog, u"دریافت در :"_s)->setCurrentText(u"بانک"_s);
+        field<KEdit>(dialog, u"مبلغ :"_s)->setText(u"۵۰۰"_s);
+        FormDriver::click(dialog, u"تاييد"_s);
     }));
     QCOMPARE(value("SELECT CONCAT_WS('|',iHesabKolCode,iHesabMoeenCode,dBed) FROM Docs WHERE dBed>0"),
-             QStringLiteral("1102|110201|500"));
+             u"1102|110201|500"_s);
 }
 
 void TestCDlgCashFromPerson::cancelSavesNothing()
 {
-    QVERIFY(!receive([](QDialog *dialog) { FormDriver::click(dialog, QStringLiteral("انصراف")); }));
-    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)"), QStringLiteral("0"));
+    QVERIFY(!receive([](QDialog *dialog) { FormDriver::click(dialog, u"انصراف"_s); }));
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)"), u"0"_s);
 }
 
 void TestCDlgCashFromPerson::keyboardAloneSaves()
 {
     QVERIFY(receive([](QDialog *dialog) {
-        auto *amount = field<KEdit>(dialog, QStringLiteral("مبلغ :"));
+        auto *amount = field<KEdit>(dialog, u"مبلغ :"_s);
         QVERIFY(amount->hasFocus());
         amount->selectAll();
-        QTest::keyClicks(amount, QStringLiteral("42"));
+        QTest::keyClicks(amount, u"42"_s);
         QTest::keyClick(dialog, Qt::Key_Return, Qt::ControlModifier);
     }));
-    QCOMPARE(value("SELECT dAmount FROM Receipts"), QStringLiteral("42"));
+    QCOMPARE(value("SELECT dAmount FROM Receipts"), u"42"_s);
 }
 
 void TestCDlgCashFromPerson::amountZeroIsRefusedAndFocused()
 {
     QVERIFY(!receive([](QDialog *dialog) {
-        auto *amount = field<KEdit>(dialog, QStringLiteral("مبلغ :"));
-        field<KEdit>(dialog, QStringLiteral("شرح :"))->setFocus();
-        amount->setText(QStringLiteral("0"));
-        FormDriver::click(dialog, QStringLiteral("تاييد"));
+        auto *amount = field<KEdit>(dialog, u"مبلغ :"_s);
+        field<KEdit>(dialog, u"شرح :"_s)->setFocus();
+        amount->setText(u"0"_s);
+        FormDriver::click(dialog, u"تاييد"_s);
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QVERIFY(amount->hasFocus());
     }));
-    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), u"0"_s);
 }
 
 void TestCDlgCashFromPerson::missingDateIsRefused()
 {
     QVERIFY(!receive([](QDialog *dialog) {
-        for (const QString &text : {QString(), QStringLiteral("1405/13/40")}) {
-            field<KDateEdit>(dialog, QStringLiteral("تاریخ :"))->setText(text);
-            FormDriver::click(dialog, QStringLiteral("تاييد"));
+        for (const QString &text : {QString(), u"1405/13/40"_s}) {
+            field<KDateEdit>(dialog, u"تاریخ :"_s)->setText(text);
+            FormDriver::click(dialog, u"تاييد"_s);
             QVERIFY(dialog->isVisible());
             QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         }
     }));
-    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), u"0"_s);
 }
 
 void TestCDlgCashFromPerson::closedDatabaseOpensNoWindow()
@@ -193,11 +195,11 @@ void TestCDlgCashFromPerson::databaseClosedMeanwhileRefusesAndStaysOpen()
 {
     QVERIFY(!receive([](QDialog *dialog) {
         GetDBSetting()->SetClosedDB(true);
-        FormDriver::click(dialog, QStringLiteral("تاييد"));
+        FormDriver::click(dialog, u"تاييد"_s);
         QVERIFY(dialog->isVisible());
     }));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)"), u"0"_s);
 }
 
 void TestCDlgCashFromPerson::withoutTheRightNoWindowOpens()
@@ -205,14 +207,14 @@ void TestCDlgCashFromPerson::withoutTheRightNoWindowOpens()
     GetDBSetting()->Login(m_office.clerk);
     QVERIFY(!GetDBSetting()->CashFromPersonMulti(m_person, 1, QString(), nullptr));
     QCOMPARE(g_pDlgWarning->takeShown(),
-             QStringList{KSecurity::refusalText(QStringLiteral("Receipts"), KSecurity::Write)});
+             QStringList{KSecurity::refusalText(u"Receipts"_s, KSecurity::Write)});
 }
 
 void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused_data()
 {
     QTest::addColumn<CTblReceipts::Receipt>("receipt");
     const QDateTime today(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
-    const CTblReceipts::Receipt good{1, 100, QStringLiteral("شرح"), today, Accounts::cash};
+    const CTblReceipts::Receipt good{1, 100, u"شرح"_s, today, Accounts::cash};
     auto row = [&good](const char *name, const std::function<void(CTblReceipts::Receipt &)> &spoil) {
         CTblReceipts::Receipt receipt = good;
         spoil(receipt);
@@ -233,13 +235,13 @@ void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused()
     QFETCH(CTblReceipts::Receipt, receipt);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblReceipts::receive(receipt));
     QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"),
-             QStringLiteral("0"));
+             u"0"_s);
 }
 
 void TestCDlgCashFromPerson::failedReceiptLeavesNoDocument()
 {
     // Too long for Receipts.sDesc and Documents.sDesc alike would fail at once; a missing table fails last.
-    m_office.database.run(QStringLiteral("RENAME TABLE Receipts TO ReceiptsAway"));
+    m_office.database.run(u"RENAME TABLE Receipts TO ReceiptsAway"_s);
     bool failed = false;
     try {
         CTblReceipts::receive(
@@ -247,9 +249,9 @@ void TestCDlgCashFromPerson::failedReceiptLeavesNoDocument()
     } catch (const CMySQLException &) {
         failed = true;
     }
-    m_office.database.run(QStringLiteral("RENAME TABLE ReceiptsAway TO Receipts"));
+    m_office.database.run(u"RENAME TABLE ReceiptsAway TO Receipts"_s);
     QVERIFY(failed);
-    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"), u"0"_s);
 }
 
 void TestCDlgCashFromPerson::everyInputHasItsLabelAsName()

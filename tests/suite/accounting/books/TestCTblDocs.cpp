@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCTblDocs : public QObject
 {
     Q_OBJECT
@@ -54,20 +56,20 @@ QDateTime at(int month, int day, int hour = 0)
 void TestCTblDocs::post(const QDateTime &date, int account, int detail, double amount, bool debit)
 {
     constexpr int year = 1405;
-    const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, date, QStringLiteral("سند"), year);
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, date, u"سند"_s, year);
     CTblDocs::AddRecord(num, year,
                         {detail > 0 ? detail : account, account == Accounts::persons ? m_person : 0, debit ? amount : 0,
-                         debit ? 0 : amount, QStringLiteral("شرح %1").arg(num)});
+                         debit ? 0 : amount, u"شرح %1"_s.arg(num)});
     CTblDocs::AddRecord(num, year, {Accounts::bank, 0, debit ? 0 : amount, debit ? amount : 0, {}});
 }
 
 void TestCTblDocs::initTestCase()
 {
-    m_person = m_office.addPerson(QStringLiteral("علی رضایی"));
-    m_office.database.run(QStringLiteral("INSERT INTO HesabKol(iCode,sName) VALUES(6201,'هزینه‌های اداری')"));
-    m_office.database.run(QStringLiteral("INSERT INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(620101,'اجاره',6201)"));
-    m_office.database.run(QStringLiteral("INSERT INTO HesabTafsily(iCode,sName,iHesabMoeenCode) VALUES"
-                                         "(620101001,'اردیبهشت',620101),(620101002,'خرداد',620101)"));
+    m_person = m_office.addPerson(u"علی رضایی"_s);
+    m_office.database.run(u"INSERT INTO HesabKol(iCode,sName) VALUES(6201,'هزینه‌های اداری')"_s);
+    m_office.database.run(u"INSERT INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(620101,'اجاره',6201)"_s);
+    m_office.database.run(u"INSERT INTO HesabTafsily(iCode,sName,iHesabMoeenCode) VALUES"
+                          "(620101001,'اردیبهشت',620101),(620101002,'خرداد',620101)"_s);
     post(at(5, 10), Accounts::commissionIncome, 0, 1000, false);
     post(at(5, 20, 17), Accounts::commissionIncome, 0, 500, false);
     post(at(6, 5), Accounts::serviceIncome, 0, 300, false);
@@ -76,7 +78,7 @@ void TestCTblDocs::initTestCase()
     post(at(6, 15), rent, rentOfJune, 250, true);
     post(at(6, 20), Accounts::persons, 0, 90, true);
     post(at(6, 21), Accounts::commissionIncome, 0, 7777, false);
-    m_office.database.run(QStringLiteral("UPDATE Documents SET iStatus=1 WHERE DATE(date)='2026-06-21'"));
+    m_office.database.run(u"UPDATE Documents SET iStatus=1 WHERE DATE(date)='2026-06-21'"_s);
 }
 
 void TestCTblDocs::balanceOfEachLevel_data()
@@ -200,11 +202,11 @@ void TestCTblDocs::sheetRunsTheBalanceOnInTheOrderOfTheDates()
     QStringList dates;
     QStringList balances;
     for (const AccountLedger::Row &row : sheet.rows) {
-        dates.append(row.date.toString(QStringLiteral("MMdd")));
+        dates.append(row.date.toString(u"MMdd"_s));
         balances.append(QString::number(row.balance));
     }
-    QCOMPARE(dates.join(u' '), QStringLiteral("0510 0515 0520 0605 0606 0615 0620"));
-    QCOMPARE(balances.join(u' '), QStringLiteral("1000 800 1300 1600 1560 1310 1220"));
+    QCOMPARE(dates.join(u' '), u"0510 0515 0520 0605 0606 0615 0620"_s);
+    QCOMPARE(balances.join(u' '), u"1000 800 1300 1600 1560 1310 1220"_s);
     QCOMPARE(sheet.sum.net(), 1220.0);
     QVERIFY(sheet.before.isBalanced());
 }
@@ -226,7 +228,7 @@ void TestCTblDocs::sheetOfADetailAccountHoldsItsRowsOnly()
     QCOMPARE(sheet.rows.at(0).bed, 200.0);
     QVERIFY(sheet.rows.at(0).person.isEmpty());
     const AccountLedger::Sheet persons = AccountLedger::read(AccountLevel::Moeen, Accounts::persons, {}, {});
-    QCOMPARE(persons.rows.at(0).person, QStringLiteral("علی رضایی"));
+    QCOMPARE(persons.rows.at(0).person, u"علی رضایی"_s);
     QCOMPARE(persons.rows.at(0).fiscalYear, 1405);
 }
 

@@ -18,6 +18,8 @@
 #include <stdexcept>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int year = 1405;
@@ -26,7 +28,7 @@ const QDateTime day(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
 
 DocumentRow rowOf(double bed, double bes)
 {
-    return {Accounts::persons, 1, bed, bes, QStringLiteral("شرح")};
+    return {Accounts::persons, 1, bed, bes, u"شرح"_s};
 }
 
 }
@@ -58,7 +60,7 @@ private Q_SLOTS:
     void refusedDocumentLeavesNothingBehind();
 
 private:
-    QString count(const char *table) { return m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1String(table))); }
+    QString count(const char *table) { return m_office.database.value(u"SELECT COUNT(*) FROM %1"_s.arg(QLatin1String(table))); }
     int addDocument(double bed, double bes);
 
     TestOffice m_office;
@@ -67,13 +69,13 @@ private:
 void TestCTblDocuments::init()
 {
     GetDBSetting()->SetClosedDB(false);
-    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
-    m_office.database.run(QStringLiteral("DELETE FROM Documents"));
+    m_office.database.run(u"DELETE FROM Docs"_s);
+    m_office.database.run(u"DELETE FROM Documents"_s);
 }
 
 int TestCTblDocuments::addDocument(double bed, double bes)
 {
-    const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, QStringLiteral("سند"), year);
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, u"سند"_s, year);
     CTblDocs::AddRecord(num, year, rowOf(bed, 0));
     CTblDocs::AddRecord(num, year, rowOf(0, bes));
     return num;
@@ -89,14 +91,14 @@ void TestCTblDocuments::numbersBeginWithOneInEveryFiscalYear()
 
 void TestCTblDocuments::headerHoldsWhatWasGiven()
 {
-    const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, QStringLiteral("مبایعه نامه ش : 7"), year);
+    const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, u"مبایعه نامه ش : 7"_s, year);
     CTblDocuments header;
-    header.m_filter = QStringLiteral("iNum=%1").arg(num);
+    header.m_filter = u"iNum=%1"_s.arg(num);
     header.Open(true, true, true);
     QCOMPARE(header.m_iKind, 28);
     QCOMPARE(header.m_iFiscalYear, year);
     QCOMPARE(header.m_date, day);
-    QCOMPARE(header.m_sDesc, QStringLiteral("مبایعه نامه ش : 7"));
+    QCOMPARE(header.m_sDesc, u"مبایعه نامه ش : 7"_s);
     QCOMPARE(header.m_iUserID, m_office.admin);
     QCOMPARE(header.m_iStatus, 0);
 }
@@ -107,7 +109,7 @@ void TestCTblDocuments::numberOfARolledBackDocumentIsDrawnAgain()
         KTransaction transaction;
         QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 1);
     }
-    QCOMPARE(count("Documents"), QStringLiteral("0"));
+    QCOMPARE(count("Documents"), u"0"_s);
     QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 1);
 }
 
@@ -165,25 +167,25 @@ void TestCTblDocuments::secondDrawerWaitsForTheFirstToEnd()
 
 void TestCTblDocuments::closedDatabaseAddsAndEditsNothing()
 {
-    const int num = CTblDocuments::AddDoc(28, day, QStringLiteral("پیش از بستن"), year);
+    const int num = CTblDocuments::AddDoc(28, day, u"پیش از بستن"_s, year);
     GetDBSetting()->SetClosedDB(true);
     QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), year), 0);
-    QVERIFY(!CTblDocuments::EditDoc(num, year, day, QStringLiteral("پس از بستن")));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(sDesc) FROM Documents")), QStringLiteral("پیش از بستن"));
+    QVERIFY(!CTblDocuments::EditDoc(num, year, day, u"پس از بستن"_s));
+    QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(sDesc) FROM Documents"_s), u"پیش از بستن"_s);
 }
 
 void TestCTblDocuments::withoutAFiscalYearNothingIsAdded()
 {
     QCOMPARE(CTblDocuments::AddDoc(28, day, QString(), 0), 0);
-    QCOMPARE(count("Documents"), QStringLiteral("0"));
+    QCOMPARE(count("Documents"), u"0"_s);
 }
 
 void TestCTblDocuments::editKeepsTheNumber()
 {
-    const int num = CTblDocuments::AddDoc(28, day, QStringLiteral("یک"), year);
-    QVERIFY(CTblDocuments::EditDoc(num, year, day.addDays(1), QStringLiteral("دو")));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT CONCAT(iNum,' ',sDesc,' ',DATE(date)) FROM Documents")),
-             QStringLiteral("1 دو 2026-11-21"));
+    const int num = CTblDocuments::AddDoc(28, day, u"یک"_s, year);
+    QVERIFY(CTblDocuments::EditDoc(num, year, day.addDays(1), u"دو"_s));
+    QCOMPARE(m_office.database.value(u"SELECT CONCAT(iNum,' ',sDesc,' ',DATE(date)) FROM Documents"_s),
+             u"1 دو 2026-11-21"_s);
 }
 
 void TestCTblDocuments::editOfAMissingDocumentIsRefused()
@@ -199,8 +201,8 @@ void TestCTblDocuments::emptyKeepsTheHeader()
     const int num = addDocument(5, 5);
     const int other = addDocument(7, 7);
     CTblDocuments::EmptyDoc(num, year);
-    QCOMPARE(count("Documents"), QStringLiteral("2"));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(DISTINCT iDocNum) FROM Docs")), QString::number(other));
+    QCOMPARE(count("Documents"), u"2"_s);
+    QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(DISTINCT iDocNum) FROM Docs"_s), QString::number(other));
 }
 
 void TestCTblDocuments::deleteTakesHeaderAndRows()
@@ -208,10 +210,10 @@ void TestCTblDocuments::deleteTakesHeaderAndRows()
     const int num = addDocument(5, 5);
     addDocument(7, 7);
     CTblDocuments::DeleteDoc(num, year + 1, 0, 0, QString());
-    QCOMPARE(count("Documents"), QStringLiteral("2"));
+    QCOMPARE(count("Documents"), u"2"_s);
     CTblDocuments::DeleteDoc(num, year, 0, 0, QString());
-    QCOMPARE(count("Documents"), QStringLiteral("1"));
-    QCOMPARE(count("Docs"), QStringLiteral("2"));
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"2"_s);
 }
 
 void TestCTblDocuments::deleteRespectsKindAndUser()
@@ -219,23 +221,23 @@ void TestCTblDocuments::deleteRespectsKindAndUser()
     const int num = addDocument(5, 5);
     CTblDocuments::DeleteDoc(num, year, Accounts::documentKindReceipt, 0, QString());
     CTblDocuments::DeleteDoc(num, year, 0, m_office.clerk, QString());
-    QCOMPARE(count("Documents"), QStringLiteral("1"));
-    QCOMPARE(count("Docs"), QStringLiteral("2"));
-    CTblDocuments::DeleteDoc(num, year, Accounts::documentKindContract, m_office.admin, QStringLiteral("test"));
-    QCOMPARE(count("Documents"), QStringLiteral("0"));
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"2"_s);
+    CTblDocuments::DeleteDoc(num, year, Accounts::documentKindContract, m_office.admin, u"test"_s);
+    QCOMPARE(count("Documents"), u"0"_s);
 }
 
 void TestCTblDocuments::numberZeroTouchesNothing()
 {
     addDocument(5, 5);
-    m_office.database.run(QStringLiteral("INSERT INTO Docs(iDocNum,iFiscalYear) VALUES(0,%1)").arg(year));
+    m_office.database.run(u"INSERT INTO Docs(iDocNum,iFiscalYear) VALUES(0,%1)"_s.arg(year));
     CTblDocuments::EmptyDoc(0, year);
     CTblDocuments::DeleteDoc(0, year, 0, 0, QString());
     CTblDocuments::EmptyDoc(0, 0);
     CTblDocuments::DeleteDoc(0, 0, 0, 0, QString());
     CTblDocuments::RequireBalanced(0, year);
-    QCOMPARE(count("Documents"), QStringLiteral("1"));
-    QCOMPARE(count("Docs"), QStringLiteral("3"));
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"3"_s);
 }
 
 void TestCTblDocuments::documentMustBalance_data()
@@ -306,7 +308,7 @@ void TestCTblDocuments::rowThatMayNotStandIsRefused()
     DocumentRow row = rowOf(bed, bes);
     row.account = account;
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocs::AddRecord(num, year, row));
-    QCOMPARE(count("Docs"), QStringLiteral("0"));
+    QCOMPARE(count("Docs"), u"0"_s);
 }
 
 void TestCTblDocuments::refusedDocumentLeavesNothingBehind()
@@ -317,8 +319,8 @@ void TestCTblDocuments::refusedDocumentLeavesNothingBehind()
         transaction.commit();
     };
     QVERIFY_THROWS_EXCEPTION(KAccountingError, post());
-    QCOMPARE(count("Documents"), QStringLiteral("0"));
-    QCOMPARE(count("Docs"), QStringLiteral("0"));
+    QCOMPARE(count("Documents"), u"0"_s);
+    QCOMPARE(count("Docs"), u"0"_s);
 }
 
 static const RegisteredTest<TestCTblDocuments, QCoreApplication> registered;

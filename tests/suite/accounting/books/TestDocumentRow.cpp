@@ -10,6 +10,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestDocumentRow : public QObject
 {
     Q_OBJECT
@@ -40,9 +42,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("refusal");
         QTest::newRow("equal") << 1500.0 << 1500.0 << QString();
         QTest::newRow("less than 0.0001 apart") << 1500.00005 << 1500.0 << QString();
-        QTest::newRow("0.0002 apart") << 1500.0002 << 1500.0 << QStringLiteral("سند تراز نیست: بدهکار 1,500، بستانکار 1,500.");
-        QTest::newRow("more debit") << 1501.0 << 1500.0 << QStringLiteral("سند تراز نیست: بدهکار 1,501، بستانکار 1,500.");
-        QTest::newRow("credit alone") << 0.0 << 7.0 << QStringLiteral("سند تراز نیست: بدهکار 0، بستانکار 7.");
+        QTest::newRow("0.0002 apart") << 1500.0002 << 1500.0 << u"سند تراز نیست: بدهکار 1,500، بستانکار 1,500."_s;
+        QTest::newRow("more debit") << 1501.0 << 1500.0 << u"سند تراز نیست: بدهکار 1,501، بستانکار 1,500."_s;
+        QTest::newRow("credit alone") << 0.0 << 7.0 << u"سند تراز نیست: بدهکار 0، بستانکار 7."_s;
     }
 
     void refusalSaysBothSides()

@@ -14,6 +14,8 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestDocumentWriter : public QObject
 {
     Q_OBJECT
@@ -43,11 +45,11 @@ namespace {
 
 constexpr int year = 1405;
 const QDateTime day(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
-const QString header = QStringLiteral("SELECT GROUP_CONCAT(CONCAT_WS('/',iNum,iFiscalYear,iKind,DATE(date),sDesc,iUserID,iStatus) "
-                                      "ORDER BY iNum SEPARATOR ' ') FROM Documents");
-const QString rows = QStringLiteral("SELECT GROUP_CONCAT(CONCAT_WS('/',iDocNum,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,"
-                                    "iPersonID,dBed,dBes) ORDER BY iID SEPARATOR ' ') FROM Docs");
-const QString everything = QStringLiteral("SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM Documents),(SELECT COUNT(*) FROM Docs))");
+const QString header = u"SELECT GROUP_CONCAT(CONCAT_WS('/',iNum,iFiscalYear,iKind,DATE(date),sDesc,iUserID,iStatus) "
+                       "ORDER BY iNum SEPARATOR ' ') FROM Documents"_s;
+const QString rows = u"SELECT GROUP_CONCAT(CONCAT_WS('/',iDocNum,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,"
+                     "iPersonID,dBed,dBes) ORDER BY iID SEPARATOR ' ') FROM Docs"_s;
+const QString everything = u"SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM Documents),(SELECT COUNT(*) FROM Docs))"_s;
 
 }
 
@@ -55,17 +57,17 @@ void TestDocumentWriter::init()
 {
     GetDBSetting()->SetClosedDB(false);
     GetDBSetting()->Login(m_office.admin);
-    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
-    m_office.database.run(QStringLiteral("DELETE FROM Documents"));
+    m_office.database.run(u"DELETE FROM Docs"_s);
+    m_office.database.run(u"DELETE FROM Documents"_s);
     if (m_person == 0)
-        m_person = m_office.addPerson(QStringLiteral("علی رضایی"));
+        m_person = m_office.addPerson(u"علی رضایی"_s);
 }
 
 DocumentContent TestDocumentWriter::content(double amount) const
 {
     return {day,
-            QStringLiteral("سند"),
-            {{Accounts::cash, 0, amount, 0, QStringLiteral("نقد")}, {Accounts::persons, m_person, 0, amount, {}}}};
+            u"سند"_s,
+            {{Accounts::cash, 0, amount, 0, u"نقد"_s}, {Accounts::persons, m_person, 0, amount, {}}}};
 }
 
 void TestDocumentWriter::addedDocumentHasTheNextNumber()
@@ -78,10 +80,10 @@ void TestDocumentWriter::addedDocumentHasTheNextNumber()
         QCOMPARE(writer.num(), num);
         QCOMPARE(writer.fiscalYear(), year);
     }
-    QCOMPARE(value(header), QStringLiteral("1/1405/3/2026-11-20/سند/%1/0 2/1405/3/2026-11-20/سند/%1/0").arg(m_office.admin));
-    QCOMPARE(value(rows + QStringLiteral(" WHERE iDocNum=2")),
-             QStringLiteral("2/1101/110101/0/0/100/0 2/1103/110301/0/%1/0/100").arg(m_person));
-    QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), QStringLiteral("2/0/0"));
+    QCOMPARE(value(header), u"1/1405/3/2026-11-20/سند/%1/0 2/1405/3/2026-11-20/سند/%1/0"_s.arg(m_office.admin));
+    QCOMPARE(value(rows + u" WHERE iDocNum=2"_s),
+             u"2/1101/110101/0/0/100/0 2/1103/110301/0/%1/0/100"_s.arg(m_person));
+    QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"2/0/0"_s);
 }
 
 void TestDocumentWriter::rewrittenDocumentKeepsWhatIsItsOwn()
@@ -92,15 +94,15 @@ void TestDocumentWriter::rewrittenDocumentKeepsWhatIsItsOwn()
     GetDBSetting()->Login(m_office.clerk);
     DocumentContent other = content(70);
     other.date = day.addDays(2);
-    other.description = QStringLiteral("سند دیگر");
+    other.description = u"سند دیگر"_s;
     DocumentWriter second(other);
     QVERIFY(second.rewrite(1, year));
-    QCOMPARE(value(everything), QStringLiteral("1/0"));
+    QCOMPARE(value(everything), u"1/0"_s);
     second.writeRows();
     QCOMPARE(second.num(), 1);
-    QCOMPARE(value(header), QStringLiteral("1/1405/28/2026-11-22/سند دیگر/%1/0").arg(m_office.admin));
-    QCOMPARE(value(rows), QStringLiteral("1/1101/110101/0/0/70/0 1/1103/110301/0/%1/0/70").arg(m_person));
-    QCOMPARE(value(booksAgree(Accounts::documentKindContract)), QStringLiteral("1/0/0"));
+    QCOMPARE(value(header), u"1/1405/28/2026-11-22/سند دیگر/%1/0"_s.arg(m_office.admin));
+    QCOMPARE(value(rows), u"1/1101/110101/0/0/70/0 1/1103/110301/0/%1/0/70"_s.arg(m_person));
+    QCOMPARE(value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
 }
 
 void TestDocumentWriter::rewritingWhatIsNotThereWritesNothing()
@@ -112,7 +114,7 @@ void TestDocumentWriter::rewritingWhatIsNotThereWritesNothing()
     QVERIFY(writer.add(Accounts::documentKindContract, year));
     QVERIFY(!DocumentWriter(content(1)).rewrite(writer.num(), year + 1));
     writer.writeRows();
-    QCOMPARE(value(everything), QStringLiteral("1/2"));
+    QCOMPARE(value(everything), u"1/2"_s);
 }
 
 void TestDocumentWriter::closedDatabaseIsRefusedByBoth()
@@ -124,14 +126,14 @@ void TestDocumentWriter::closedDatabaseIsRefusedByBoth()
     DocumentWriter writer(content(70));
     QVERIFY(!writer.rewrite(1, year));
     QVERIFY(!writer.add(Accounts::documentKindContract, year));
-    QCOMPARE(value(everything), QStringLiteral("1/2"));
-    QCOMPARE(value(QStringLiteral("SELECT SUM(dBed) FROM Docs")), QStringLiteral("100"));
+    QCOMPARE(value(everything), u"1/2"_s);
+    QCOMPARE(value(u"SELECT SUM(dBed) FROM Docs"_s), u"100"_s);
 }
 
 void TestDocumentWriter::withoutAFiscalYearNothingIsAdded()
 {
     QVERIFY(!DocumentWriter(content(100)).add(Accounts::documentKindContract, 0));
-    QCOMPARE(value(everything), QStringLiteral("0/0"));
+    QCOMPARE(value(everything), u"0/0"_s);
 }
 
 void TestDocumentWriter::unbalancedRowsAreRefusedBeforeAnythingIsWritten()
@@ -148,7 +150,7 @@ void TestDocumentWriter::unbalancedRowsAreRefusedBeforeAnythingIsWritten()
         refusal = error.userMessage();
     }
     KConnection::setStatementObserver({});
-    QCOMPARE(refusal, QStringLiteral("سند تراز نیست: بدهکار 100، بستانکار 99."));
+    QCOMPARE(refusal, u"سند تراز نیست: بدهکار 100، بستانکار 99."_s);
     QCOMPARE(statements, 0);
 }
 
@@ -161,8 +163,8 @@ void TestDocumentWriter::ownersRowStandsBetweenHeaderAndRows()
             starts.append(statement.section(u'(', 0, 0).section(u' ', 0, 2));
         return starts.join(u'|');
     };
-    const QStringList words{QStringLiteral("SELECT iID FROM Properties"), QStringLiteral("SELECT MAX"), QStringLiteral("SELECT SUM"),
-                            QStringLiteral("INSERT"), QStringLiteral("UPDATE"), QStringLiteral("DELETE")};
+    const QStringList words{u"SELECT iID FROM Properties"_s, u"SELECT MAX"_s, u"SELECT SUM"_s,
+                            u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s};
     // Loads what the record sets ask of the tables' columns once.
     DocumentWriter before(content(5));
     QVERIFY(before.add(Accounts::documentKindReceipt, year));
@@ -171,18 +173,18 @@ void TestDocumentWriter::ownersRowStandsBetweenHeaderAndRows()
         const ObservedStatements observed(words);
         DocumentWriter writer(content(100));
         QVERIFY(writer.add(Accounts::documentKindReceipt, year));
-        m_office.database.run(QStringLiteral("UPDATE Receipts SET iDocNum=1 WHERE iID=0"));
+        m_office.database.run(u"UPDATE Receipts SET iDocNum=1 WHERE iID=0"_s);
         writer.writeRows();
-        QCOMPARE(shortened(observed.taken()), QStringLiteral("SELECT iID FROM|SELECT MAX|INSERT INTO Documents|UPDATE Receipts SET|"
-                                                             "INSERT INTO Docs|INSERT INTO Docs|SELECT SUM"));
+        QCOMPARE(shortened(observed.taken()), u"SELECT iID FROM|SELECT MAX|INSERT INTO Documents|UPDATE Receipts SET|"
+                                              "INSERT INTO Docs|INSERT INTO Docs|SELECT SUM"_s);
     }
     {
         const ObservedStatements observed(words);
-        DocumentWriter writer({day.addDays(1), QStringLiteral("دیگر"), content(70).rows});
+        DocumentWriter writer({day.addDays(1), u"دیگر"_s, content(70).rows});
         QVERIFY(writer.rewrite(1, year));
         writer.writeRows();
         QCOMPARE(shortened(observed.taken()),
-                 QStringLiteral("UPDATE Documents SET|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|SELECT SUM"));
+                 u"UPDATE Documents SET|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|SELECT SUM"_s);
     }
 }
 
@@ -196,7 +198,7 @@ void TestDocumentWriter::accountOutsideTheChartIsRefused()
         QVERIFY(writer.add(Accounts::documentKindManual, year));
         QVERIFY_THROWS_EXCEPTION(KAccountingError, writer.writeRows());
     }
-    QCOMPARE(value(everything), QStringLiteral("0/0"));
+    QCOMPARE(value(everything), u"0/0"_s);
 }
 
 void TestDocumentWriter::rowThatMayNotStandIsRefused()
@@ -207,7 +209,7 @@ void TestDocumentWriter::rowThatMayNotStandIsRefused()
         QVERIFY(writer.add(Accounts::documentKindManual, year));
         QVERIFY_THROWS_EXCEPTION(KAccountingError, writer.writeRows());
     }
-    QCOMPARE(value(everything), QStringLiteral("0/0"));
+    QCOMPARE(value(everything), u"0/0"_s);
 }
 
 void TestDocumentWriter::rowsThatStoodInTheDocumentCount()
@@ -215,8 +217,8 @@ void TestDocumentWriter::rowsThatStoodInTheDocumentCount()
     const KTransaction transaction;
     DocumentWriter writer(content(100));
     QVERIFY(writer.add(Accounts::documentKindManual, year));
-    m_office.database.run(QStringLiteral("INSERT INTO Docs(iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed) "
-                                         "VALUES(1,%1,1101,110101,3)")
+    m_office.database.run(u"INSERT INTO Docs(iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed) "
+                          "VALUES(1,%1,1101,110101,3)"_s
                               .arg(year));
     QVERIFY_THROWS_EXCEPTION(KAccountingError, writer.writeRows());
 }

@@ -17,6 +17,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 using What = ManualDocument::Problem::What;
 
 class TestManualDocument : public QObject
@@ -61,16 +63,16 @@ const QSet<int> accounts{Accounts::cash, Accounts::persons, water};
 
 void TestManualDocument::initTestCase()
 {
-    m_person = m_office.addPerson(QStringLiteral("علی رضایی"));
-    AccountChart::add(AccountLevel::Kol, 6201, QStringLiteral("هزینه‌های اداری"), 0);
-    AccountChart::add(AccountLevel::Moeen, 620101, QStringLiteral("قبض‌ها"), 6201);
-    AccountChart::add(AccountLevel::Tafsily, water, QStringLiteral("آب"), 620101);
+    m_person = m_office.addPerson(u"علی رضایی"_s);
+    AccountChart::add(AccountLevel::Kol, 6201, u"هزینه‌های اداری"_s, 0);
+    AccountChart::add(AccountLevel::Moeen, 620101, u"قبض‌ها"_s, 6201);
+    AccountChart::add(AccountLevel::Tafsily, water, u"آب"_s, 620101);
 }
 
 void TestManualDocument::init()
 {
-    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
-    m_office.database.run(QStringLiteral("DELETE FROM Documents"));
+    m_office.database.run(u"DELETE FROM Docs"_s);
+    m_office.database.run(u"DELETE FROM Documents"_s);
     GetDBSetting()->SetClosedDB(false);
     GetDBSetting()->SetFiscalYear(year);
     GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC));
@@ -80,10 +82,10 @@ ManualDocument TestManualDocument::good() const
 {
     ManualDocument document;
     document.date = day;
-    document.desc = QStringLiteral("پرداخت قبض");
-    document.rows = {{water, 0, 300, 0, QStringLiteral("قبض آب")},
-                     {Accounts::cash, 0, 0, 100, QStringLiteral("نقد")},
-                     {Accounts::persons, m_person, 0, 200, QStringLiteral("از طرف علی")}};
+    document.desc = u"پرداخت قبض"_s;
+    document.rows = {{water, 0, 300, 0, u"قبض آب"_s},
+                     {Accounts::cash, 0, 0, 100, u"نقد"_s},
+                     {Accounts::persons, m_person, 0, 200, u"از طرف علی"_s}};
     return document;
 }
 
@@ -157,7 +159,7 @@ void TestManualDocument::newDocumentGetsTheNextNumber()
     QCOMPARE(second.num, 2);
     QCOMPARE(second.fiscalYear, year);
     QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,DATE(date),sDesc,iUserID) FROM Documents WHERE iNum=1"),
-             QStringLiteral("1/1405/1/2026-05-01/پرداخت قبض/%1").arg(m_office.admin));
+             u"1/1405/1/2026-05-01/پرداخت قبض/%1"_s.arg(m_office.admin));
     const ManualDocument loaded = ManualDocument::load(1, year);
     QCOMPARE(loaded.rows, first.rows);
     QCOMPARE(loaded.desc, first.desc);
@@ -170,7 +172,7 @@ void TestManualDocument::detailAccountStandsWithThoseAboveIt()
     good().save();
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes) "
                    "ORDER BY iID SEPARATOR ' ') FROM Docs"),
-             QStringLiteral("6201/620101/620101001/0/300/0 1101/110101/0/0/0/100 1103/110301/0/%1/0/200").arg(m_person));
+             u"6201/620101/620101001/0/300/0 1101/110101/0/0/0/100 1103/110301/0/%1/0/200"_s.arg(m_person));
 }
 
 void TestManualDocument::changeKeepsTheNumberAndRewritesTheRows()
@@ -179,15 +181,15 @@ void TestManualDocument::changeKeepsTheNumberAndRewritesTheRows()
     document.save();
     good().save();
     document.rows = {{Accounts::cash, 0, 70, 0, {}}, {water, 0, 0, 70, {}}};
-    document.desc = QStringLiteral("اصلاح");
+    document.desc = u"اصلاح"_s;
     document.date = day.addDays(2);
     document.save();
     QCOMPARE(document.num, 1);
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',dBed,dBes) ORDER BY iID SEPARATOR ' ') FROM Docs WHERE iDocNum=1"),
-             QStringLiteral("70/0 0/70"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("3"));
-    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindManual)), QStringLiteral("2/0/0"));
-    QCOMPARE(value("SELECT CONCAT_WS('/',sDesc,DATE(date)) FROM Documents WHERE iNum=1"), QStringLiteral("اصلاح/2026-05-03"));
+             u"70/0 0/70"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), u"3"_s);
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindManual)), u"2/0/0"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('/',sDesc,DATE(date)) FROM Documents WHERE iNum=1"), u"اصلاح/2026-05-03"_s);
 }
 
 // Both opened the document; the one who saves later is told instead of taking the other's change back.
@@ -196,11 +198,11 @@ void TestManualDocument::changeOfAnotherUserIsNotOverwritten()
     good().save();
     const ManualDocument seen = ManualDocument::load(1, year);
     ManualDocument theirs = seen;
-    theirs.rows[0].description = QStringLiteral("قبض برق");
+    theirs.rows[0].description = u"قبض برق"_s;
     theirs.save(seen);
     ManualDocument mine = seen;
-    mine.desc = QStringLiteral("پرداخت دو قبض");
-    QVERIFY(refusalOf([&] { mine.save(seen); }).contains(QStringLiteral("کاربر دیگری")));
+    mine.desc = u"پرداخت دو قبض"_s;
+    QVERIFY(refusalOf([&] { mine.save(seen); }).contains(u"کاربر دیگری"_s));
     QCOMPARE(ManualDocument::load(1, year), theirs);
     mine.save(theirs);
     QCOMPARE(ManualDocument::load(1, year), mine);
@@ -215,15 +217,15 @@ void TestManualDocument::refusals_data()
     };
     row(
         "does not balance", [](ManualDocument &d) { d.rows[0].debit = 301; },
-        QStringLiteral("سند تراز نیست: بدهکار 301، بستانکار 300."));
+        u"سند تراز نیست: بدهکار 301، بستانکار 300."_s);
     row(
         "account that is not in the chart", [](ManualDocument &d) { d.rows[0].account = 999901; },
-        QStringLiteral("لطفا حساب ردیف 1 را انتخاب نمایید."));
+        u"لطفا حساب ردیف 1 را انتخاب نمایید."_s);
     row(
-        "person is gone", [](ManualDocument &d) { d.rows[2].personID = 999; }, QStringLiteral("شخص ردیف 3 دیگر وجود ندارد."));
+        "person is gone", [](ManualDocument &d) { d.rows[2].personID = 999; }, u"شخص ردیف 3 دیگر وجود ندارد."_s);
     row(
         "before the fiscal year", [](ManualDocument &d) { d.date = QDateTime(QDate(2026, 3, 20), QTime(0, 0), Qt::UTC); },
-        QStringLiteral("تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."));
+        u"تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."_s);
 }
 
 void TestManualDocument::refusals()
@@ -233,25 +235,25 @@ void TestManualDocument::refusals()
     spoil(document);
     QTEST(refusalOf([&] { document.save(); }), "message");
     QCOMPARE(document.num, 0);
-    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Docs)+(SELECT COUNT(*) FROM Documents)"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Docs)+(SELECT COUNT(*) FROM Documents)"), u"0"_s);
 }
 
 void TestManualDocument::documentsOfTheProgramRefuse_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("word");
-    QTest::newRow("contract") << int(Accounts::documentKindContract) << QStringLiteral("«قرارداد»");
-    QTest::newRow("receipt") << int(Accounts::documentKindReceipt) << QStringLiteral("«دریافت نقدی»");
-    QTest::newRow("sale") << int(Accounts::documentKindSale) << QStringLiteral("«فاکتور فروش»");
-    QTest::newRow("purchase") << int(Accounts::documentKindPurchase) << QStringLiteral("«فاکتور خرید»");
-    QTest::newRow("another program's") << 55 << QStringLiteral("برنامه");
+    QTest::newRow("contract") << int(Accounts::documentKindContract) << u"«قرارداد»"_s;
+    QTest::newRow("receipt") << int(Accounts::documentKindReceipt) << u"«دریافت نقدی»"_s;
+    QTest::newRow("sale") << int(Accounts::documentKindSale) << u"«فاکتور فروش»"_s;
+    QTest::newRow("purchase") << int(Accounts::documentKindPurchase) << u"«فاکتور خرید»"_s;
+    QTest::newRow("another program's") << 55 << u"برنامه"_s;
 }
 
 void TestManualDocument::documentsOfTheProgramRefuse()
 {
     QFETCH(int, kind);
     QFETCH(QString, word);
-    const int num = CTblDocuments::AddDoc(kind, day, QStringLiteral("سند"), year);
+    const int num = CTblDocuments::AddDoc(kind, day, u"سند"_s, year);
     ManualDocument document = good();
     document.num = num;
     document.fiscalYear = year;
@@ -259,7 +261,7 @@ void TestManualDocument::documentsOfTheProgramRefuse()
     QVERIFY2(refusal.contains(word), qPrintable(refusal));
     QCOMPARE(refusalOf([&] { document.save(); }), refusal);
     QCOMPARE(refusalOf([&] { ManualDocument::remove(num, year); }), refusal);
-    QCOMPARE(value("SELECT CONCAT((SELECT COUNT(*) FROM Docs),(SELECT sDesc FROM Documents))"), QStringLiteral("0سند"));
+    QCOMPARE(value("SELECT CONCAT((SELECT COUNT(*) FROM Docs),(SELECT sDesc FROM Documents))"), u"0سند"_s);
 }
 
 void TestManualDocument::documentOfAnotherFiscalYearRefuses()
@@ -269,9 +271,9 @@ void TestManualDocument::documentOfAnotherFiscalYearRefuses()
     GetDBSetting()->SetFiscalYear(year + 1);
     document.rows[0].debit = document.rows[1].credit = 0;
     document.rows = {{Accounts::cash, 0, 70, 0, {}}, {water, 0, 0, 70, {}}};
-    QVERIFY(refusalOf([&] { document.save(); }).contains(QStringLiteral("1405")));
-    QVERIFY(refusalOf([] { ManualDocument::remove(1, year); }).contains(QStringLiteral("1406")));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("3"));
+    QVERIFY(refusalOf([&] { document.save(); }).contains(u"1405"_s));
+    QVERIFY(refusalOf([] { ManualDocument::remove(1, year); }).contains(u"1406"_s));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"3"_s);
 }
 
 void TestManualDocument::missingDocumentRefuses()
@@ -279,8 +281,8 @@ void TestManualDocument::missingDocumentRefuses()
     ManualDocument document = good();
     document.num = 9;
     document.fiscalYear = year;
-    QCOMPARE(refusalOf([&] { document.save(); }), QStringLiteral("این سند دیگر وجود ندارد."));
-    QCOMPARE(refusalOf([] { ManualDocument::remove(9, year); }), QStringLiteral("این سند دیگر وجود ندارد."));
+    QCOMPARE(refusalOf([&] { document.save(); }), u"این سند دیگر وجود ندارد."_s);
+    QCOMPARE(refusalOf([] { ManualDocument::remove(9, year); }), u"این سند دیگر وجود ندارد."_s);
 }
 
 void TestManualDocument::removeTakesHeaderAndRows()
@@ -288,9 +290,9 @@ void TestManualDocument::removeTakesHeaderAndRows()
     good().save();
     good().save();
     ManualDocument::remove(1, year);
-    QCOMPARE(value("SELECT GROUP_CONCAT(iNum) FROM Documents"), QStringLiteral("2"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=1"), QStringLiteral("0"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("3"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(iNum) FROM Documents"), u"2"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=1"), u"0"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"3"_s);
 }
 
 void TestManualDocument::closedDatabaseIsRefused()
@@ -300,7 +302,7 @@ void TestManualDocument::closedDatabaseIsRefused()
     QVERIFY(!refusalOf([this] { good().save(); }).isEmpty());
     QVERIFY(!refusalOf([] { ManualDocument::remove(1, year); }).isEmpty());
     GetDBSetting()->SetClosedDB(false);
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("1"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
 }
 
 static const RegisteredTest<TestManualDocument, QCoreApplication> registered;

@@ -18,6 +18,8 @@
 #include <stdexcept>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 class TestKErrorBoundary : public QObject
 {
     Q_OBJECT
@@ -49,12 +51,12 @@ void TestKErrorBoundary::eachErrorGivesOneMessage_data()
 {
     QTest::addColumn<std::exception_ptr>("error");
     QTest::addColumn<QString>("message");
-    const CMySQLException lost(CMySQLException::Category::ConnectionLost, 2006, QStringLiteral("server has gone away"));
+    const CMySQLException lost(CMySQLException::Category::ConnectionLost, 2006, u"server has gone away"_s);
     QTest::newRow("connection lost") << std::make_exception_ptr(lost) << lost.userMessage();
-    const CMySQLException conflict(CMySQLException::Category::LockConflict, 1213, QStringLiteral("Deadlock"));
+    const CMySQLException conflict(CMySQLException::Category::LockConflict, 1213, u"Deadlock"_s);
     QTest::newRow("lock conflict") << std::make_exception_ptr(conflict) << conflict.userMessage();
-    QTest::newRow("rule of the books") << std::make_exception_ptr(KAccountingError(QStringLiteral("سند تراز نیست.")))
-                                       << QStringLiteral("سند تراز نیست.");
+    QTest::newRow("rule of the books") << std::make_exception_ptr(KAccountingError(u"سند تراز نیست."_s))
+                                       << u"سند تراز نیست."_s;
     QTest::newRow("memory") << std::make_exception_ptr(std::bad_alloc()) << QString();
     QTest::newRow("program") << std::make_exception_ptr(std::logic_error("index 7 of 3")) << QString();
     QTest::newRow("unknown kind") << std::make_exception_ptr(42) << QString();
@@ -70,7 +72,7 @@ void TestKErrorBoundary::eachErrorGivesOneMessage()
     if (!message.isEmpty())
         QCOMPARE(shown.constFirst(), message);
     // The message is for a person: Persian, without the technical words.
-    QVERIFY(!shown.constFirst().contains(QRegularExpression(QStringLiteral("[A-Za-z]{3}"))));
+    QVERIFY(!shown.constFirst().contains(QRegularExpression(u"[A-Za-z]{3}"_s)));
 }
 
 void TestKErrorBoundary::guardedWorkThatThrowsIsReportedAndHasNotSucceeded()
@@ -80,9 +82,9 @@ void TestKErrorBoundary::guardedWorkThatThrowsIsReportedAndHasNotSucceeded()
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
     QVERIFY(!KErrorBoundary::guarded(nullptr, [&] {
         ++steps;
-        throw KAccountingError(QStringLiteral("سند تراز نیست."));
+        throw KAccountingError(u"سند تراز نیست."_s);
     }));
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سند تراز نیست.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"سند تراز نیست."_s});
     QCOMPARE(steps, 2);
 }
 
@@ -92,19 +94,19 @@ void TestKErrorBoundary::slotThatThrowsLeavesTheProgramRunning()
     int clicks = 0;
     QObject::connect(&button, &QPushButton::clicked, [&clicks] {
         ++clicks;
-        throw KAccountingError(QStringLiteral("نشد"));
+        throw KAccountingError(u"نشد"_s);
     });
     button.show();
     QTest::mouseClick(&button, Qt::LeftButton);
     QTest::mouseClick(&button, Qt::LeftButton);
     QCOMPARE(clicks, 2);
-    QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{QStringLiteral("نشد"), QStringLiteral("نشد")}));
+    QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{u"نشد"_s, u"نشد"_s}));
 }
 
 void TestKErrorBoundary::failedStatementReachesTheBoundaryWithItsCategory()
 {
     TestDatabase database;
-    QTimer::singleShot(0, [&database] { database.run(QStringLiteral("SELECT noSuchColumn FROM noSuchTable")); });
+    QTimer::singleShot(0, [&database] { database.run(u"SELECT noSuchColumn FROM noSuchTable"_s); });
     QStringList shown;
     QTRY_VERIFY(!(shown += g_pDlgWarning->takeShown()).isEmpty());
     QCOMPARE(shown.size(), 1);
@@ -116,24 +118,24 @@ void TestKErrorBoundary::secondErrorDuringTheMessageIsLoggedOnly()
     int boxes = 0;
     QTimer::singleShot(50, [&boxes] {
         QWidget *box = QApplication::activeModalWidget();
-        KErrorBoundary::report(std::make_exception_ptr(KAccountingError(QStringLiteral("دومی"))), nullptr);
+        KErrorBoundary::report(std::make_exception_ptr(KAccountingError(u"دومی"_s)), nullptr);
         for (QWidget *widget : QApplication::topLevelWidgets())
             boxes += widget->inherits("QMessageBox") ? 1 : 0;
         if (box)
             box->close();
     });
-    KErrorBoundary::report(std::make_exception_ptr(KAccountingError(QStringLiteral("اولی"))), nullptr);
+    KErrorBoundary::report(std::make_exception_ptr(KAccountingError(u"اولی"_s)), nullptr);
     QCOMPARE(boxes, 1);
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("اولی")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"اولی"_s});
     g_pDlgWarning->answerAll(true);
-    KErrorBoundary::report(std::make_exception_ptr(KAccountingError(QStringLiteral("سومی"))), nullptr);
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سومی")});
+    KErrorBoundary::report(std::make_exception_ptr(KAccountingError(u"سومی"_s)), nullptr);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"سومی"_s});
 }
 
 void TestKErrorBoundary::errorOfAnotherThreadShowsNothing()
 {
     std::thread([] {
-        KErrorBoundary::report(std::make_exception_ptr(KAccountingError(QStringLiteral("از نخ دیگر"))), nullptr);
+        KErrorBoundary::report(std::make_exception_ptr(KAccountingError(u"از نخ دیگر"_s)), nullptr);
     }).join();
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
@@ -166,24 +168,24 @@ void TestKErrorBoundary::logHoldsNoValues()
     QFETCH(QString, statement);
     QFETCH(QString, masked);
     QCOMPARE(KErrorText::maskedStatement(statement), masked);
-    const CMySQLException error(CMySQLException::Category::DuplicateKey, 1062, QStringLiteral("Duplicate entry 'ali'"), statement);
+    const CMySQLException error(CMySQLException::Category::DuplicateKey, 1062, u"Duplicate entry 'ali'"_s, statement);
     const QString log = KErrorText::logText(std::make_exception_ptr(error));
     QVERIFY(log.contains(masked));
-    QVERIFY(log.contains(QStringLiteral("1062")));
-    QVERIFY(!log.contains(QStringLiteral("ali'")));
-    QVERIFY(!log.contains(QStringLiteral("secret")));
+    QVERIFY(log.contains(u"1062"_s));
+    QVERIFY(!log.contains(u"ali'"_s));
+    QVERIFY(!log.contains(u"secret"_s));
 }
 
 void TestKErrorBoundary::serverMessageHoldsNoValues_data()
 {
     QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("masked");
-    QTest::newRow("duplicate") << QStringLiteral("Duplicate entry 'ali' for key 'user'") << QStringLiteral("Duplicate entry ?");
-    QTest::newRow("apostrophe in a word") << QStringLiteral("Table 'a.b' doesn't exist")
-                                          << QStringLiteral("Table ? doesn't exist");
-    QTest::newRow("apostrophe in the value") << QStringLiteral("Duplicate entry 'o'neil secret' for key 'user'")
-                                             << QStringLiteral("Duplicate entry ?");
-    QTest::newRow("no value") << QStringLiteral("Lost connection to server") << QStringLiteral("Lost connection to server");
+    QTest::newRow("duplicate") << u"Duplicate entry 'ali' for key 'user'"_s << u"Duplicate entry ?"_s;
+    QTest::newRow("apostrophe in a word") << u"Table 'a.b' doesn't exist"_s
+                                          << u"Table ? doesn't exist"_s;
+    QTest::newRow("apostrophe in the value") << u"Duplicate entry 'o'neil secret' for key 'user'"_s
+                                             << u"Duplicate entry ?"_s;
+    QTest::newRow("no value") << u"Lost connection to server"_s << u"Lost connection to server"_s;
 }
 
 void TestKErrorBoundary::serverMessageHoldsNoValues()
@@ -191,13 +193,13 @@ void TestKErrorBoundary::serverMessageHoldsNoValues()
     QFETCH(QString, message);
     QFETCH(QString, masked);
     const CMySQLException error(CMySQLException::Category::Other, 1, message);
-    QCOMPARE(KErrorText::logText(std::make_exception_ptr(error)), QStringLiteral("database, other (1): ") + masked);
+    QCOMPARE(KErrorText::logText(std::make_exception_ptr(error)), u"database, other (1): "_s + masked);
 }
 
 void TestKErrorBoundary::applicationIsRightToLeftAndFusion()
 {
     QCOMPARE(QGuiApplication::layoutDirection(), Qt::RightToLeft);
-    QCOMPARE(QApplication::style()->objectName().toLower(), QStringLiteral("fusion"));
+    QCOMPARE(QApplication::style()->objectName().toLower(), u"fusion"_s);
 }
 
 // The program's own application class is what is tested.

@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Seen
@@ -33,7 +35,7 @@ Seen pressWhenShown(Qt::Key key, const std::function<void()> &show)
             return;
         seen.text = box->text();
         seen.rightToLeft = box->layoutDirection() == Qt::RightToLeft;
-        if (const auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label")))
+        if (const auto *label = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
             seen.alignment = QStyle::visualAlignment(label->layoutDirection(), label->alignment());
         for (QAbstractButton *button : box->buttons())
             seen.buttons.append(button->text());
@@ -89,9 +91,9 @@ void TestKMessageDialog::messageHasOneButtonAndClosesByKey()
 {
     QFETCH(int, key);
     for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage}) {
-        const Seen seen = pressWhenShown(Qt::Key(key), [dialog] { dialog->Show(QStringLiteral("متن پیام")); });
-        QCOMPARE(seen.text, QStringLiteral("متن پیام"));
-        QCOMPARE(seen.buttons, QStringList{QStringLiteral("باشه")});
+        const Seen seen = pressWhenShown(Qt::Key(key), [dialog] { dialog->Show(u"متن پیام"_s); });
+        QCOMPARE(seen.text, u"متن پیام"_s);
+        QCOMPARE(seen.buttons, QStringList{u"باشه"_s});
         QVERIFY(seen.rightToLeft);
         QVERIFY(seen.alignment & Qt::AlignRight);
     }
@@ -115,39 +117,39 @@ void TestKMessageDialog::questionIsAnsweredByKey()
     QFETCH(int, answer);
     KMessageDialog::Answer given = KMessageDialog::Yes;
     const Seen seen = pressWhenShown(Qt::Key(key), [&] {
-        given = withCancel ? g_pDlgYesNo->AskOrCancel(QStringLiteral("مطمئن؟")) : g_pDlgYesNo->Ask(QStringLiteral("مطمئن؟"));
+        given = withCancel ? g_pDlgYesNo->AskOrCancel(u"مطمئن؟"_s) : g_pDlgYesNo->Ask(u"مطمئن؟"_s);
     });
     QCOMPARE(int(given), answer);
-    QStringList buttons{QStringLiteral("بله"), QStringLiteral("خیر")};
+    QStringList buttons{u"بله"_s, u"خیر"_s};
     if (withCancel)
-        buttons.append(QStringLiteral("انصراف"));
+        buttons.append(u"انصراف"_s);
     QCOMPARE(seen.buttons, sorted(buttons));
-    QCOMPARE(seen.focused, QStringLiteral("خیر"));
+    QCOMPARE(seen.focused, u"خیر"_s);
 }
 
 void TestKMessageDialog::preparedAnswersAreGivenInOrder()
 {
     g_pDlgYesNo->answerNext(KMessageDialog::No);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("یک")), KMessageDialog::No);
-    QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("دو")), KMessageDialog::Yes);
-    QCOMPARE(g_pDlgYesNo->takeShown(), (QStringList{QStringLiteral("یک"), QStringLiteral("دو")}));
+    QCOMPARE(g_pDlgYesNo->Ask(u"یک"_s), KMessageDialog::No);
+    QCOMPARE(g_pDlgYesNo->Ask(u"دو"_s), KMessageDialog::Yes);
+    QCOMPARE(g_pDlgYesNo->takeShown(), (QStringList{u"یک"_s, u"دو"_s}));
 }
 
 void TestKMessageDialog::answerAllShowsNoBoxAndKeepsTheTexts()
 {
     g_pDlgWarning->answerAll(true);
     g_pDlgYesNo->answerAll(true);
-    g_pDlgWarning->Show(QStringLiteral("هشدار"));
-    QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("پرسش")), KMessageDialog::Yes);
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("هشدار")});
+    g_pDlgWarning->Show(u"هشدار"_s);
+    QCOMPARE(g_pDlgYesNo->Ask(u"پرسش"_s), KMessageDialog::Yes);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"هشدار"_s});
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
 }
 
 void TestKMessageDialog::markupIsShownAsTyped()
 {
-    const QString markup = QStringLiteral("<b>نام</b>");
+    const QString markup = u"<b>نام</b>"_s;
     const Seen seen = pressWhenShown(Qt::Key_Return, [&markup] { g_pDlgMessage->Show(markup); });
     QCOMPARE(seen.text, markup);
     bool plain = false;

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // A program that has no windows, such as the one that fills the demo office.
 class TestKMessageWithoutWindows : public QObject
 {
@@ -15,22 +17,22 @@ private Q_SLOTS:
     void aMessageGoesToTheLog()
     {
         QTest::ignoreMessage(QtWarningMsg, "سند تراز نیست.");
-        g_pDlgWarning->Show(QStringLiteral("سند تراز نیست."));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("سند تراز نیست.")});
+        g_pDlgWarning->Show(u"سند تراز نیست."_s);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"سند تراز نیست."_s});
     }
 
     void aQuestionIsAnsweredAsIfItsBoxHadBeenClosed()
     {
         QTest::ignoreMessage(QtWarningMsg, "حذف شود؟");
-        QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("حذف شود؟")), KMessageDialog::No);
+        QCOMPARE(g_pDlgYesNo->Ask(u"حذف شود؟"_s), KMessageDialog::No);
         QTest::ignoreMessage(QtWarningMsg, "ذخیره شود؟");
-        QCOMPARE(g_pDlgYesNo->AskOrCancel(QStringLiteral("ذخیره شود؟")), KMessageDialog::Cancel);
+        QCOMPARE(g_pDlgYesNo->AskOrCancel(u"ذخیره شود؟"_s), KMessageDialog::Cancel);
     }
 
     void aPreparedAnswerIsGivenAllTheSame()
     {
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-        QCOMPARE(g_pDlgYesNo->Ask(QStringLiteral("حذف شود؟")), KMessageDialog::Yes);
+        QCOMPARE(g_pDlgYesNo->Ask(u"حذف شود؟"_s), KMessageDialog::Yes);
     }
 };
 

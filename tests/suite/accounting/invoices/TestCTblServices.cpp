@@ -12,6 +12,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 class TestCTblServices : public QObject
 {
     Q_OBJECT
@@ -35,10 +37,10 @@ private:
 
 void TestCTblServices::init()
 {
-    m_office.database.run(QStringLiteral("TRUNCATE TABLE Services"));
-    m_office.database.run(QStringLiteral("TRUNCATE TABLE FactorStuffs"));
-    CTblServices::add(10, QStringLiteral("کارشناسی خودرو"));
-    CTblServices::add(25, QStringLiteral("انتقال سند"));
+    m_office.database.run(u"TRUNCATE TABLE Services"_s);
+    m_office.database.run(u"TRUNCATE TABLE FactorStuffs"_s);
+    CTblServices::add(10, u"کارشناسی خودرو"_s);
+    CTblServices::add(25, u"انتقال سند"_s);
 }
 
 QString TestCTblServices::refusalOf(const std::function<void()> &work)
@@ -54,15 +56,15 @@ QString TestCTblServices::refusalOf(const std::function<void()> &work)
 void TestCTblServices::codesAreProposedBehindTheHighest()
 {
     QCOMPARE(CTblServices::nextCode(), 26);
-    m_office.database.run(QStringLiteral("DELETE FROM Services"));
+    m_office.database.run(u"DELETE FROM Services"_s);
     QCOMPARE(CTblServices::nextCode(), 1);
 }
 
 void TestCTblServices::nameIsKeptInStandardForm()
 {
-    const int id = CTblServices::add(26, QStringLiteral("  شست و  شوي بدنه "));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT sName FROM Services WHERE iID=%1").arg(id)),
-             QStringLiteral("شست و شوی بدنه"));
+    const int id = CTblServices::add(26, u"  شست و  شوي بدنه "_s);
+    QCOMPARE(m_office.database.value(u"SELECT sName FROM Services WHERE iID=%1"_s.arg(id)),
+             u"شست و شوی بدنه"_s);
 }
 
 void TestCTblServices::refusals_data()
@@ -70,12 +72,12 @@ void TestCTblServices::refusals_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("message");
-    const QString name = QStringLiteral("بیمه");
-    QTest::newRow("no name") << 30 << QStringLiteral("  ") << QStringLiteral("لطفا نام خدمت را وارد نمایید.");
-    QTest::newRow("no code") << 0 << name << QStringLiteral("لطفا کد خدمت را وارد نمایید.");
-    QTest::newRow("code is taken") << 10 << name << QStringLiteral("کد 10 از آن خدمت «کارشناسی خودرو» است.");
-    QTest::newRow("name is taken in another spelling") << 30 << QStringLiteral("کارشناسي  خودرو")
-                                                       << QStringLiteral("خدمتی به نام «کارشناسی خودرو» وجود دارد.");
+    const QString name = u"بیمه"_s;
+    QTest::newRow("no name") << 30 << u"  "_s << u"لطفا نام خدمت را وارد نمایید."_s;
+    QTest::newRow("no code") << 0 << name << u"لطفا کد خدمت را وارد نمایید."_s;
+    QTest::newRow("code is taken") << 10 << name << u"کد 10 از آن خدمت «کارشناسی خودرو» است."_s;
+    QTest::newRow("name is taken in another spelling") << 30 << u"کارشناسي  خودرو"_s
+                                                       << u"خدمتی به نام «کارشناسی خودرو» وجود دارد."_s;
 }
 
 void TestCTblServices::refusals()
@@ -84,35 +86,35 @@ void TestCTblServices::refusals()
     QFETCH(QString, name);
     QTEST(refusalOf([&] { CTblServices::add(code, name); }), "message");
     QTEST(refusalOf([&] { CTblServices::change(2, code, name); }), "message");
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iCode,sName ORDER BY iID) FROM Services")),
-             QStringLiteral("10کارشناسی خودرو,25انتقال سند"));
+    QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(iCode,sName ORDER BY iID) FROM Services"_s),
+             u"10کارشناسی خودرو,25انتقال سند"_s);
 }
 
 void TestCTblServices::ownNameAndCodeMayStay()
 {
-    CTblServices::change(1, 10, QStringLiteral("کارشناسی خودرو"));
-    CTblServices::change(1, 11, QStringLiteral("کارشناسی"));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT CONCAT(iCode,sName) FROM Services WHERE iID=1")),
-             QStringLiteral("11کارشناسی"));
+    CTblServices::change(1, 10, u"کارشناسی خودرو"_s);
+    CTblServices::change(1, 11, u"کارشناسی"_s);
+    QCOMPARE(m_office.database.value(u"SELECT CONCAT(iCode,sName) FROM Services WHERE iID=1"_s),
+             u"11کارشناسی"_s);
 }
 
 void TestCTblServices::changeOfAMissingServiceIsRefused()
 {
-    QCOMPARE(refusalOf([] { CTblServices::change(9, 40, QStringLiteral("بیمه")); }), QStringLiteral("این خدمت دیگر وجود ندارد."));
+    QCOMPARE(refusalOf([] { CTblServices::change(9, 40, u"بیمه"_s); }), u"این خدمت دیگر وجود ندارد."_s);
 }
 
 void TestCTblServices::serviceOnAnInvoiceIsNotDeleted()
 {
-    m_office.database.run(QStringLiteral("INSERT INTO FactorStuffs(iFactorNum,iType,iServiceID) VALUES(12,7,1)"));
+    m_office.database.run(u"INSERT INTO FactorStuffs(iFactorNum,iType,iServiceID) VALUES(12,7,1)"_s);
     QCOMPARE(refusalOf([] { CTblServices::remove(1); }),
-             QStringLiteral("این خدمت در فاکتور شماره 12 به کار رفته است و حذف نمی‌شود."));
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Services")), QStringLiteral("2"));
+             u"این خدمت در فاکتور شماره 12 به کار رفته است و حذف نمی‌شود."_s);
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Services"_s), u"2"_s);
 }
 
 void TestCTblServices::unusedServiceIsDeleted()
 {
     CTblServices::remove(1);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM Services")), QStringLiteral("2"));
+    QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(iID) FROM Services"_s), u"2"_s);
 }
 
 static const RegisteredTest<TestCTblServices, QCoreApplication> registered;

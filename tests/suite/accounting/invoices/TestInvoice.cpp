@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using What = Invoice::Problem::What;
 
 class TestInvoice : public QObject
@@ -49,7 +51,7 @@ Invoice goodInvoice()
     Invoice invoice;
     invoice.personID = 7;
     invoice.date = day;
-    invoice.lines = {{1, {}, 2, 500000}, {0, QStringLiteral("کرایه"), 1, 250000}};
+    invoice.lines = {{1, {}, 2, 500000}, {0, u"کرایه"_s, 1, 250000}};
     invoice.discount = 50000;
     invoice.tax = 72000;
     invoice.duty = 48000;
@@ -192,7 +194,7 @@ void TestInvoice::problems_data()
     row(
         "no lines", [](Invoice &i) { i.lines.clear(); }, What::NoLines);
     row(
-        "a line of nothing", [](Invoice &i) { i.lines[1].desc = QStringLiteral("  "); }, What::LineOfNothing, 1);
+        "a line of nothing", [](Invoice &i) { i.lines[1].desc = u"  "_s; }, What::LineOfNothing, 1);
     row(
         "no count", [](Invoice &i) { i.lines[0].count = 0; }, What::LineWithoutCount, 0);
     row(
@@ -241,7 +243,7 @@ void TestInvoice::largestAmountDependsOnTheDecimals()
     QFETCH(int, decimals);
     QFETCH(double, price);
     Invoice invoice = goodInvoice();
-    invoice.lines = {{0, QStringLiteral("برج"), 1, price}};
+    invoice.lines = {{0, u"برج"_s, 1, price}};
     invoice.discount = invoice.tax = invoice.duty = 0;
     QTEST(static_cast<int>(invoice.problems(decimals).size()), "problems");
 }
@@ -278,8 +280,8 @@ void TestInvoice::documentRows()
     QFETCH(bool, returned);
     QStringList rows;
     for (const DocumentRow &row :
-         invoiceDocumentRows({type, returned, 12, 7, QStringLiteral("علی رضایی"), 1000, 100, 108, 72}))
-        rows.append(QStringLiteral("%1/%2/%3/%4").arg(row.account).arg(row.personID).arg(row.debit).arg(row.credit));
+         invoiceDocumentRows({type, returned, 12, 7, u"علی رضایی"_s, 1000, 100, 108, 72}))
+        rows.append(u"%1/%2/%3/%4"_s.arg(row.account).arg(row.personID).arg(row.debit).arg(row.credit));
     QTEST(rows.join(u' '), "rows");
 }
 
@@ -287,7 +289,7 @@ void TestInvoice::documentBalances_data()
 {
     QTest::addColumn<InvoiceForDocument>("invoice");
     QTest::addColumn<int>("rows");
-    const QString name = QStringLiteral("علی");
+    const QString name = u"علی"_s;
     QTest::newRow("no discount, no levies") << InvoiceForDocument{7, false, 1, 7, name, 1000, 0, 0, 0} << 2;
     QTest::newRow("wholly discounted") << InvoiceForDocument{7, false, 1, 7, name, 1000, 1000, 0, 0} << 2;
     QTest::newRow("decimals") << InvoiceForDocument{8, false, 1, 7, name, 10.1, 0.3, 0.88, 0.1} << 5;
@@ -312,11 +314,11 @@ void TestInvoice::documentBalances()
 
 void TestInvoice::documentTextNamesKindAndNumber()
 {
-    QCOMPARE(invoiceDocumentDescription(CTblFactors::sale, false, 12), QStringLiteral("فاکتور فروش ش :12"));
-    QCOMPARE(invoiceDocumentDescription(CTblFactors::purchase, true, 3), QStringLiteral("برگشت از خرید ش :3"));
-    const QList<DocumentRow> rows = invoiceDocumentRows({7, false, 12, 7, QStringLiteral("علی رضایی"), 1000, 0, 90, 0});
-    QCOMPARE(rows.at(0).description, QStringLiteral("فاکتور فروش ش :12"));
-    QCOMPARE(rows.at(2).description, QStringLiteral("مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"));
+    QCOMPARE(invoiceDocumentDescription(CTblFactors::sale, false, 12), u"فاکتور فروش ش :12"_s);
+    QCOMPARE(invoiceDocumentDescription(CTblFactors::purchase, true, 3), u"برگشت از خرید ش :3"_s);
+    const QList<DocumentRow> rows = invoiceDocumentRows({7, false, 12, 7, u"علی رضایی"_s, 1000, 0, 90, 0});
+    QCOMPARE(rows.at(0).description, u"فاکتور فروش ش :12"_s);
+    QCOMPARE(rows.at(2).description, u"مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"_s);
 }
 
 static const RegisteredTest<TestInvoice, QCoreApplication> registered;

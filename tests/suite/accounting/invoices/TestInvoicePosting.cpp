@@ -21,6 +21,8 @@
 #include <functional>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 class TestInvoicePosting : public QObject
 {
     Q_OBJECT
@@ -75,13 +77,13 @@ const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
 void TestInvoicePosting::init()
 {
     for (const char *table : {"Factors", "FactorStuffs", "Services", "Documents", "Docs", "Persons"})
-        m_office.database.run(QStringLiteral("TRUNCATE TABLE ") + QLatin1String(table));
+        m_office.database.run(u"TRUNCATE TABLE "_s + QLatin1String(table));
     GetDBSetting()->SetClosedDB(false);
     GetDBSetting()->SetMoneyDecimals(0);
     GetDBSetting()->SetFiscalYear(year);
     GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC));
-    m_person = m_office.addPerson(QStringLiteral("علی رضایی"));
-    m_service = CTblServices::add(11, QStringLiteral("کارشناسی خودرو"));
+    m_person = m_office.addPerson(u"علی رضایی"_s);
+    m_service = CTblServices::add(11, u"کارشناسی خودرو"_s);
 }
 
 Invoice TestInvoicePosting::sale()
@@ -89,8 +91,8 @@ Invoice TestInvoicePosting::sale()
     Invoice invoice;
     invoice.personID = m_person;
     invoice.date = day;
-    invoice.desc = QStringLiteral("بابت اردیبهشت");
-    invoice.lines = {{m_service, {}, 2, 400}, {0, QStringLiteral("کرایه"), 1, 200}};
+    invoice.desc = u"بابت اردیبهشت"_s;
+    invoice.lines = {{m_service, {}, 2, 400}, {0, u"کرایه"_s, 1, 200}};
     invoice.discount = 100;
     invoice.tax = 54;
     invoice.duty = 36;
@@ -115,15 +117,14 @@ void TestInvoicePosting::saleIsWrittenWithItsLinesAndItsDocument()
     QCOMPARE(saved.fiscalYear, year);
     QCOMPARE(value("SELECT CONCAT_WS('/',iID,iType,iStatus,iPersonID,iDepartmentID,DATE(date),sDesc,dAmount,dDiscount,dTax,"
                    "dImposition,iDocNum,iFiscalYear,iUserID) FROM Factors"),
-             QStringLiteral("1/7/0/%1/1/2026-05-01/بابت اردیبهشت/1000/100/54/36/1/1405/%2").arg(m_person).arg(m_office.admin));
+             u"1/7/0/%1/1/2026-05-01/بابت اردیبهشت/1000/100/54/36/1/1405/%2"_s.arg(m_person).arg(m_office.admin));
     QCOMPARE(value("SELECT GROUP_CONCAT(CONCAT_WS('/',iFactorNum,iType,iKind,iServiceID,IFNULL(sDesc,''),dCount,dPrice,dAmount,"
                    "iDepartmentID) ORDER BY iID SEPARATOR ' ') FROM FactorStuffs"),
-             QStringLiteral("1/7/0/%1//2/400/800/1 1/7/0/0/کرایه/1/200/200/1").arg(m_service));
+             u"1/7/0/%1//2/400/800/1 1/7/0/0/کرایه/1/200/200/1"_s.arg(m_service));
     QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,DATE(date),sDesc,iStatus) FROM Documents"),
-             QStringLiteral("1/1405/7/2026-05-01/فاکتور فروش ش :1/0"));
-    QCOMPARE(documentRows(), QStringLiteral("1103/110301/%1/990/0 4101/410102/0/100/0 4101/410101/0/0/1000 2105/210501/0/0/54 "
-                                            "2105/210502/0/0/36")
-                                 .arg(m_person));
+             u"1/1405/7/2026-05-01/فاکتور فروش ش :1/0"_s);
+    QCOMPARE(documentRows(), u"1103/110301/%1/990/0 4101/410102/0/100/0 4101/410101/0/0/1000 2105/210501/0/0/54 "
+                             "2105/210502/0/0/36"_s.arg(m_person));
 }
 
 void TestInvoicePosting::purchaseStandsOnTheExpenseAccounts()
@@ -131,8 +132,8 @@ void TestInvoicePosting::purchaseStandsOnTheExpenseAccounts()
     Invoice invoice = sale();
     invoice.type = CTblFactors::purchase;
     InvoicePosting::save(invoice);
-    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindPurchase)), QStringLiteral("1/0/0"));
-    QCOMPARE(value("SELECT CONCAT_WS('/',iType,iKind) FROM FactorStuffs LIMIT 1"), QStringLiteral("8/0"));
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindPurchase)), u"1/0/0"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iType,iKind) FROM FactorStuffs LIMIT 1"), u"8/0"_s);
     QCOMPARE(value("SELECT iKind FROM Documents"), QString::number(Accounts::documentKindPurchase));
     QCOMPARE(CTblDocs::GetBedBesHesabMoeen1(Accounts::serviceExpense).bed, 1000.0);
     QCOMPARE(CTblDocs::GetBedBesHesabMoeen1(Accounts::persons).bes, 990.0);
@@ -191,13 +192,13 @@ void TestInvoicePosting::changeRewritesLinesAndDocument()
     const InvoicePosting::Saved saved = InvoicePosting::save(invoice);
     QCOMPARE(saved.num, 1);
     QCOMPARE(saved.docNum, 1);
-    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), QStringLiteral("2"));
-    QCOMPARE(value("SELECT GROUP_CONCAT(dAmount) FROM FactorStuffs WHERE iFactorNum=1"), QStringLiteral("5000"));
-    QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes) FROM Docs WHERE iDocNum=1"), QStringLiteral("5000,5000"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), QStringLiteral("5"));
-    QCOMPARE(value("SELECT DATE(date) FROM Documents WHERE iNum=1"), QStringLiteral("2026-05-04"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), QStringLiteral("2"));
-    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindSale)), QStringLiteral("2/0/0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Factors"), u"2"_s);
+    QCOMPARE(value("SELECT GROUP_CONCAT(dAmount) FROM FactorStuffs WHERE iFactorNum=1"), u"5000"_s);
+    QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes) FROM Docs WHERE iDocNum=1"), u"5000,5000"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs WHERE iDocNum=2"), u"5"_s);
+    QCOMPARE(value("SELECT DATE(date) FROM Documents WHERE iNum=1"), u"2026-05-04"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"2"_s);
+    QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindSale)), u"2/0/0"_s);
 }
 
 void TestInvoicePosting::changeKeepsTheType()
@@ -207,7 +208,7 @@ void TestInvoicePosting::changeKeepsTheType()
     invoice.type = CTblFactors::purchase;
     InvoicePosting::save(invoice);
     QCOMPARE(value("SELECT CONCAT_WS('/',f.iType,s.iType) FROM Factors f JOIN FactorStuffs s ON s.iFactorNum=f.iID LIMIT 1"),
-             QStringLiteral("7/7"));
+             u"7/7"_s);
     QVERIFY(CTblDocs::GetBedBesHesabMoeen1(Accounts::serviceIncome).bes > 0);
 }
 
@@ -215,14 +216,14 @@ void TestInvoicePosting::voidInvoiceKeepsItsNumberAndLosesItsAmounts()
 {
     InvoicePosting::save(sale());
     InvoicePosting::makeVoid(1);
-    QCOMPARE(value("SELECT CONCAT_WS('/',iID,iStatus,dAmount,iDocNum) FROM Factors"), QStringLiteral("1/1/1000/1"));
-    QCOMPARE(value("SELECT COUNT(*) FROM FactorStuffs"), QStringLiteral("2"));
-    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iStatus) FROM Documents"), QStringLiteral("1/1"));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iID,iStatus,dAmount,iDocNum) FROM Factors"), u"1/1/1000/1"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM FactorStuffs"), u"2"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iStatus) FROM Documents"), u"1/1"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
     QVERIFY(CTblDocs::balances(AccountLevel::Moeen).isEmpty());
     // Its number is not given again.
     QCOMPARE(InvoicePosting::save(sale()).num, 2);
-    QCOMPARE(value("SELECT MAX(iNum) FROM Documents"), QStringLiteral("2"));
+    QCOMPARE(value("SELECT MAX(iNum) FROM Documents"), u"2"_s);
 }
 
 void TestInvoicePosting::voidInvoiceCannotBeChanged()
@@ -231,11 +232,11 @@ void TestInvoicePosting::voidInvoiceCannotBeChanged()
     invoice.num = InvoicePosting::save(invoice).num;
     QVERIFY(InvoicePosting::changeRefusal(1).isEmpty());
     InvoicePosting::makeVoid(1);
-    const QString refusal = QStringLiteral("فاکتور شماره 1 باطل شده است و تغییر نمی‌کند.");
+    const QString refusal = u"فاکتور شماره 1 باطل شده است و تغییر نمی‌کند."_s;
     QCOMPARE(InvoicePosting::changeRefusal(1), refusal);
     QCOMPARE(refusalOf([&] { InvoicePosting::save(invoice); }), refusal);
     QCOMPARE(refusalOf([] { InvoicePosting::makeVoid(1); }), refusal);
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
 void TestInvoicePosting::invoiceOfAnotherFiscalYearCannotBeChanged()
@@ -243,20 +244,20 @@ void TestInvoicePosting::invoiceOfAnotherFiscalYearCannotBeChanged()
     Invoice invoice = sale();
     invoice.num = InvoicePosting::save(invoice).num;
     GetDBSetting()->SetFiscalYear(year + 1);
-    QVERIFY(refusalOf([&] { InvoicePosting::save(invoice); }).contains(QStringLiteral("1406")));
-    QVERIFY(refusalOf([] { InvoicePosting::makeVoid(1); }).contains(QStringLiteral("1405")));
-    QCOMPARE(value("SELECT CONCAT_WS('/',iStatus,iFiscalYear) FROM Factors"), QStringLiteral("0/1405"));
+    QVERIFY(refusalOf([&] { InvoicePosting::save(invoice); }).contains(u"1406"_s));
+    QVERIFY(refusalOf([] { InvoicePosting::makeVoid(1); }).contains(u"1405"_s));
+    QCOMPARE(value("SELECT CONCAT_WS('/',iStatus,iFiscalYear) FROM Factors"), u"0/1405"_s);
 }
 
 void TestInvoicePosting::missingInvoiceCannotBeChanged()
 {
     Invoice invoice = sale();
     invoice.num = 77;
-    const QString refusal = QStringLiteral("این فاکتور دیگر وجود ندارد.");
+    const QString refusal = u"این فاکتور دیگر وجود ندارد."_s;
     QCOMPARE(refusalOf([&] { InvoicePosting::save(invoice); }), refusal);
     QCOMPARE(refusalOf([] { InvoicePosting::makeVoid(77); }), refusal);
     QCOMPARE(InvoicePosting::changeRefusal(77), refusal);
-    QCOMPARE(value("SELECT COUNT(*) FROM FactorStuffs"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT COUNT(*) FROM FactorStuffs"), u"0"_s);
 }
 
 void TestInvoicePosting::refusals_data()
@@ -267,18 +268,18 @@ void TestInvoicePosting::refusals_data()
         QTest::newRow(name) << spoil << message;
     };
     row(
-        "nobody", [](Invoice &i) { i.personID = 0; }, QStringLiteral("لطفا شخص را انتخاب نمایید."));
+        "nobody", [](Invoice &i) { i.personID = 0; }, u"لطفا شخص را انتخاب نمایید."_s);
     row(
-        "person is gone", [](Invoice &i) { i.personID = 999; }, QStringLiteral("این شخص دیگر وجود ندارد."));
+        "person is gone", [](Invoice &i) { i.personID = 999; }, u"این شخص دیگر وجود ندارد."_s);
     row(
-        "no lines", [](Invoice &i) { i.lines.clear(); }, QStringLiteral("لطفا دست‌کم یک ردیف وارد نمایید."));
+        "no lines", [](Invoice &i) { i.lines.clear(); }, u"لطفا دست‌کم یک ردیف وارد نمایید."_s);
     row(
-        "service is gone", [](Invoice &i) { i.lines[1].serviceID = 999; }, QStringLiteral("خدمت ردیف 2 دیگر وجود ندارد."));
+        "service is gone", [](Invoice &i) { i.lines[1].serviceID = 999; }, u"خدمت ردیف 2 دیگر وجود ندارد."_s);
     row(
         "before the fiscal year", [](Invoice &i) { i.date = QDateTime(QDate(2026, 3, 20), QTime(0, 0), Qt::UTC); },
-        QStringLiteral("تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."));
+        u"تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."_s);
     row(
-        "discount above the sum", [](Invoice &i) { i.discount = 1001; }, QStringLiteral("تخفیف از جمع ردیف‌ها بیشتر است."));
+        "discount above the sum", [](Invoice &i) { i.discount = 1001; }, u"تخفیف از جمع ردیف‌ها بیشتر است."_s);
 }
 
 void TestInvoicePosting::refusals()
@@ -288,7 +289,7 @@ void TestInvoicePosting::refusals()
     spoil(invoice);
     QTEST(refusalOf([&] { InvoicePosting::save(invoice); }), "message");
     QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Factors)+(SELECT COUNT(*) FROM FactorStuffs)+(SELECT COUNT(*) FROM Documents)"),
-             QStringLiteral("0"));
+             u"0"_s);
 }
 
 void TestInvoicePosting::closedDatabaseIsRefused()
@@ -297,17 +298,17 @@ void TestInvoicePosting::closedDatabaseIsRefused()
     GetDBSetting()->SetClosedDB(true);
     QVERIFY(!refusalOf([this] { InvoicePosting::save(sale()); }).isEmpty());
     QVERIFY(!refusalOf([] { InvoicePosting::makeVoid(1); }).isEmpty());
-    QCOMPARE(value("SELECT GROUP_CONCAT(iStatus) FROM Factors"), QStringLiteral("0"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(iStatus) FROM Factors"), u"0"_s);
 }
 
 void TestInvoicePosting::refusedDocumentLeavesNoInvoice()
 {
-    m_office.database.run(QStringLiteral("UPDATE HesabMoeen SET iCode=410199 WHERE iCode=410101"));
+    m_office.database.run(u"UPDATE HesabMoeen SET iCode=410199 WHERE iCode=410101"_s);
     const QString refusal = refusalOf([this] { InvoicePosting::save(sale()); });
-    m_office.database.run(QStringLiteral("UPDATE HesabMoeen SET iCode=410101 WHERE iCode=410199"));
+    m_office.database.run(u"UPDATE HesabMoeen SET iCode=410101 WHERE iCode=410199"_s);
     QVERIFY(!refusal.isEmpty());
     QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Factors)+(SELECT COUNT(*) FROM FactorStuffs)+(SELECT COUNT(*) FROM Documents)"),
-             QStringLiteral("0"));
+             u"0"_s);
 }
 
 // The other user's change is committed while this one waits for the lock; what is read afterwards must be the new state.
@@ -330,8 +331,8 @@ void TestInvoicePosting::invoiceThatIsMadeVoidMeanwhileIsNotChanged()
         transaction.commit();
     }
     other.join();
-    QCOMPARE(refusal, QStringLiteral("فاکتور شماره 1 باطل شده است و تغییر نمی‌کند."));
-    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), QStringLiteral("0"));
+    QCOMPARE(refusal, u"فاکتور شماره 1 باطل شده است و تغییر نمی‌کند."_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
 void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten_data()
@@ -339,8 +340,8 @@ void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten_data()
     QTest::addColumn<std::function<void(Invoice &)>>("change");
     const auto row = [](const char *name, const std::function<void(Invoice &)> &change) { QTest::newRow(name) << change; };
     row("another price", [](Invoice &i) { i.lines[0].price = 500; });
-    row("another description of a line", [](Invoice &i) { i.lines[1].desc = QStringLiteral("اجاره"); });
-    row("a line more", [](Invoice &i) { i.lines.append({0, QStringLiteral("حمل"), 1, 70}); });
+    row("another description of a line", [](Invoice &i) { i.lines[1].desc = u"اجاره"_s; });
+    row("a line more", [](Invoice &i) { i.lines.append({0, u"حمل"_s, 1, 70}); });
     row("another discount", [](Invoice &i) { i.discount = 0; });
     row("another day", [](Invoice &i) { i.date = i.date.addDays(1); });
     row("returned", [](Invoice &i) { i.returned = true; });
@@ -358,7 +359,7 @@ void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten()
     const QString after = documentRows();
     Invoice mine = seen;
     mine.lines[0].count = 7;
-    QVERIFY(refusalOf([&] { InvoicePosting::save(mine, seen); }).contains(QStringLiteral("کاربر دیگری")));
+    QVERIFY(refusalOf([&] { InvoicePosting::save(mine, seen); }).contains(u"کاربر دیگری"_s));
     QCOMPARE(InvoicePosting::load(num), theirs);
     QCOMPARE(documentRows(), after);
 }
@@ -383,10 +384,10 @@ void TestInvoicePosting::amountsHaveTheDecimalsOfTheMoneyUnit()
     InvoicePosting::save(invoice);
     GetDBSetting()->SetMoneyDecimals(2);
     InvoicePosting::save(invoice);
-    QCOMPARE(value("SELECT GROUP_CONCAT(dAmount ORDER BY iID SEPARATOR '/') FROM Factors"), QStringLiteral("50/50"));
+    QCOMPARE(value("SELECT GROUP_CONCAT(dAmount ORDER BY iID SEPARATOR '/') FROM Factors"), u"50/50"_s);
     invoice.lines = {{m_service, {}, 3, 33.33}};
     InvoicePosting::save(invoice);
-    QCOMPARE(value("SELECT dAmount FROM Factors WHERE iID=3"), QStringLiteral("99.99"));
+    QCOMPARE(value("SELECT dAmount FROM Factors WHERE iID=3"), u"99.99"_s);
 }
 
 void TestInvoicePosting::largestAmountsBalance_data()

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString section = QStringLiteral("Sample");
+const QString section = u"Sample"_s;
 
 // Items beside their departments: a view that names every column by its table.
 class ItemsJoined : public KMySQL
@@ -28,7 +28,7 @@ public:
     qint32 m_iID = 0;
     QString m_sName;
 
-    QString GetTableName() const override { return QStringLiteral("Items"); }
+    QString GetTableName() const override { return u"Items"_s; }
 
 protected:
     void DoFieldExchange() override
@@ -38,7 +38,7 @@ protected:
     }
     QString fromClause() const override
     {
-        return QStringLiteral("Items it LEFT OUTER JOIN Departments d ON (it.iStatus=d.iID OR d.iID=1)");
+        return u"Items it LEFT OUTER JOIN Departments d ON (it.iStatus=d.iID OR d.iID=1)"_s;
     }
 };
 
@@ -46,7 +46,7 @@ class SampleList final : public KListPage
 {
 public:
     explicit SampleList(KListTraits traits = {})
-        : KListPage(QStringLiteral("نمونه"), QStringLiteral("InputParameters"), section)
+        : KListPage(u"نمونه"_s, u"InputParameters"_s, section)
         , m_traits(std::move(traits))
     {
         build();
@@ -75,7 +75,7 @@ protected:
     std::unique_ptr<KMySQL> makeRecords() const override { return std::make_unique<ItemsJoined>(); }
     std::unique_ptr<KMySQL> makeRecord() const override { return std::make_unique<CTblItems>(); }
     void beginRows() override { ++searches; }
-    QString defaultSort() const override { return QStringLiteral("it.iID"); }
+    QString defaultSort() const override { return u"it.iID"_s; }
     void activated(int) override { }
 
 private:
@@ -93,7 +93,7 @@ QStringList names(const SampleList &page)
 KEdit *rowLimit(const SampleList &page)
 {
     for (KEdit *edit : page.findChildren<KEdit *>()) {
-        if (edit->accessibleName() == QStringLiteral("تعداد نمايش :"))
+        if (edit->accessibleName() == u"تعداد نمايش :"_s)
             return edit;
     }
     return nullptr;
@@ -117,7 +117,7 @@ class TestKListPage : public QObject
     void addItem(const QString &name, const QString &title)
     {
         m_office->database.run(
-            QStringLiteral("INSERT INTO Items(iType,sName,sTitle) VALUES(7,'%1','%2')").arg(name, title));
+            u"INSERT INTO Items(iType,sName,sTitle) VALUES(7,'%1','%2')"_s.arg(name, title));
     }
 
 private Q_SLOTS:
@@ -129,12 +129,12 @@ private Q_SLOTS:
     }
     void init()
     {
-        m_office->database.run(QStringLiteral("DELETE FROM Items"));
-        for (const QString &key : {QStringLiteral("Sort"), QStringLiteral("iLastCol"), QStringLiteral("iMaxRows")})
-            WriteSetting(section, key, key == QStringLiteral("Sort") ? QStringLiteral("none") : QString());
-        addItem(QStringLiteral("b"), QStringLiteral("2"));
-        addItem(QStringLiteral("c"), QStringLiteral("1"));
-        addItem(QStringLiteral("a"), QStringLiteral("3"));
+        m_office->database.run(u"DELETE FROM Items"_s);
+        for (const QString &key : {u"Sort"_s, u"iLastCol"_s, u"iMaxRows"_s})
+            WriteSetting(section, key, key == u"Sort"_s ? u"none"_s : QString());
+        addItem(u"b"_s, u"2"_s);
+        addItem(u"c"_s, u"1"_s);
+        addItem(u"a"_s, u"3"_s);
         g_pDlgWarning->takeShown();
     }
 
@@ -142,7 +142,7 @@ private Q_SLOTS:
     {
         SampleList page;
         page.open();
-        QCOMPARE(names(page), (QStringList{QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a")}));
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"c"_s, u"a"_s}));
     }
 
     void deletingWorksOnTheTablesOwnClass()
@@ -152,10 +152,10 @@ private Q_SLOTS:
         page.list()->selectRow(1);
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
         page.deleteCurrent();
-        QCOMPARE(names(page), (QStringList{QStringLiteral("b"), QStringLiteral("a")}));
-        QCOMPARE(m_office->database.value(QStringLiteral("SELECT GROUP_CONCAT(sName ORDER BY iID) FROM Items")),
-                 QStringLiteral("b,a"));
-        QCOMPARE(page.countText(), QStringLiteral("تعداد : 2"));
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"a"_s}));
+        QCOMPARE(m_office->database.value(u"SELECT GROUP_CONCAT(sName ORDER BY iID) FROM Items"_s),
+                 u"b,a"_s);
+        QCOMPARE(page.countText(), u"تعداد : 2"_s);
     }
 
     void afterDeletingTheLastRowTheNewLastOneIsSelected()
@@ -173,40 +173,40 @@ private Q_SLOTS:
         SampleList page;
         page.open();
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"title"));
-        QCOMPARE(names(page), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a")}));
+        QCOMPARE(names(page), (QStringList{u"c"_s, u"b"_s, u"a"_s}));
         page.OnClosing();
         SampleList again;
         again.open();
-        QCOMPARE(again.sortExpression(), QStringLiteral("sTitle"));
+        QCOMPARE(again.sortExpression(), u"sTitle"_s);
         QCOMPARE(names(again), names(page));
     }
 
     // The next click on the title turns the order round, as it would have before the list was closed.
     void aStoredDescendingOrderIsTurnedRoundByTheNextClick()
     {
-        WriteSetting(section, QStringLiteral("iLastCol"), 1);
-        WriteSetting(section, QStringLiteral("Sort"), QStringLiteral("it.sName DESC"));
+        WriteSetting(section, u"iLastCol"_s, 1);
+        WriteSetting(section, u"Sort"_s, u"it.sName DESC"_s);
         SampleList page;
         page.open();
-        QCOMPARE(names(page), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a")}));
+        QCOMPARE(names(page), (QStringList{u"c"_s, u"b"_s, u"a"_s}));
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"name"));
-        QCOMPARE(page.sortExpression(), QStringLiteral("it.sName"));
-        QCOMPARE(names(page), (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+        QCOMPARE(page.sortExpression(), u"it.sName"_s);
+        QCOMPARE(names(page), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
     }
 
     void anEmptyStoredOrderIsTheListsOwn_data()
     {
         QTest::addColumn<QString>("emptySort");
         QTest::addColumn<QString>("used");
-        QTest::newRow("its own") << QStringLiteral("it.sTitle DESC") << QStringLiteral("it.sTitle DESC");
-        QTest::newRow("the default") << QString() << QStringLiteral("it.iID");
+        QTest::newRow("its own") << u"it.sTitle DESC"_s << u"it.sTitle DESC"_s;
+        QTest::newRow("the default") << QString() << u"it.iID"_s;
     }
 
     void anEmptyStoredOrderIsTheListsOwn()
     {
         QFETCH(QString, emptySort);
         QFETCH(QString, used);
-        WriteSetting(section, QStringLiteral("Sort"), QString());
+        WriteSetting(section, u"Sort"_s, QString());
         KListTraits traits;
         traits.emptySort = emptySort;
         SampleList page(traits);
@@ -222,18 +222,18 @@ private Q_SLOTS:
     void aStoredOrderOfNoColumnIsTheDefault_data()
     {
         QTest::addColumn<QString>("stored");
-        QTest::newRow("a statement") << QStringLiteral("it.sName; DROP TABLE Items");
-        QTest::newRow("a direction alone") << QStringLiteral(" DESC");
-        QTest::newRow("twice downwards") << QStringLiteral("it.sName DESC DESC");
+        QTest::newRow("a statement") << u"it.sName; DROP TABLE Items"_s;
+        QTest::newRow("a direction alone") << u" DESC"_s;
+        QTest::newRow("twice downwards") << u"it.sName DESC DESC"_s;
     }
 
     void aStoredOrderOfNoColumnIsTheDefault()
     {
         QFETCH(QString, stored);
-        WriteSetting(section, QStringLiteral("Sort"), stored);
+        WriteSetting(section, u"Sort"_s, stored);
         SampleList page;
         page.open();
-        QCOMPARE(page.sortExpression(), QStringLiteral("it.iID"));
+        QCOMPARE(page.sortExpression(), u"it.iID"_s);
     }
 
     void aStoredLastColumnOutOfRangeBecomesOne_data()
@@ -247,7 +247,7 @@ private Q_SLOTS:
     void aStoredLastColumnOutOfRangeBecomesOne()
     {
         QFETCH(int, stored);
-        WriteSetting(section, QStringLiteral("iLastCol"), stored);
+        WriteSetting(section, u"iLastCol"_s, stored);
         SampleList page;
         page.open();
         QVERIFY(page.list()->model()->headerData(1, Qt::Horizontal).toString().endsWith(u'*'));
@@ -259,11 +259,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<int>("listed");
         QTest::addColumn<bool>("refused");
-        QTest::newRow("0 is no limit") << 0 << QStringLiteral("0") << 3 << false;
+        QTest::newRow("0 is no limit") << 0 << u"0"_s << 3 << false;
         QTest::newRow("empty is 0") << 0 << QString() << 3 << false;
-        QTest::newRow("2") << 0 << QStringLiteral("2") << 2 << false;
-        QTest::newRow("0 is refused elsewhere") << 1 << QStringLiteral("0") << 1 << true;
-        QTest::newRow("1 elsewhere") << 1 << QStringLiteral("1") << 1 << false;
+        QTest::newRow("2") << 0 << u"2"_s << 2 << false;
+        QTest::newRow("0 is refused elsewhere") << 1 << u"0"_s << 1 << true;
+        QTest::newRow("1 elsewhere") << 1 << u"1"_s << 1 << false;
     }
 
     void aRowLimitOfZeroIsNoLimitWhereTheListSaysSo()
@@ -287,7 +287,7 @@ private Q_SLOTS:
 
     void aListWithoutARowLimitReadsAndStoresNone()
     {
-        WriteSetting(section, QStringLiteral("iMaxRows"), 1);
+        WriteSetting(section, u"iMaxRows"_s, 1);
         KListTraits traits;
         traits.hasRowLimit = false;
         SampleList page(traits);
@@ -296,7 +296,7 @@ private Q_SLOTS:
         QCOMPARE(page.rowLimit(), 0);
         QCOMPARE(page.list()->count(), 3);
         page.OnClosing();
-        QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 0), 1);
+        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 0), 1);
     }
 
     void aListWithoutASearchButtonIsReadAnewByF5()
@@ -304,10 +304,10 @@ private Q_SLOTS:
         KListTraits traits;
         traits.hasRowLimit = false;
         traits.hasSearchButton = false;
-        traits.filterTitle = QStringLiteral("انتخاب");
+        traits.filterTitle = u"انتخاب"_s;
         SampleList page(traits);
         QVERIFY(!searchButton(page));
-        QCOMPARE(page.findChild<QGroupBox *>()->title(), QStringLiteral("انتخاب"));
+        QCOMPARE(page.findChild<QGroupBox *>()->title(), u"انتخاب"_s);
         page.show();
         page.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&page));
@@ -328,14 +328,14 @@ private Q_SLOTS:
     {
         QFETCH(bool, sortsWithoutRows);
         QFETCH(int, searches);
-        m_office->database.run(QStringLiteral("DELETE FROM Items"));
+        m_office->database.run(u"DELETE FROM Items"_s);
         KListTraits traits;
         traits.sortsWithoutRows = sortsWithoutRows;
         SampleList page(traits);
         page.open();
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"title"));
         QCOMPARE(page.searches, searches);
-        QCOMPARE(page.sortExpression(), QStringLiteral("sTitle"));
+        QCOMPARE(page.sortExpression(), u"sTitle"_s);
     }
 
     void deletingWhileARowIsChosenIsTheListsOwnDecision_data()
@@ -363,14 +363,14 @@ private Q_SLOTS:
     void layoutIsKeptUnderTheNameThatTheListGives()
     {
         KListTraits traits;
-        traits.layoutSetting = QStringLiteral("Elsewhere\\List");
+        traits.layoutSetting = u"Elsewhere\\List"_s;
         {
             SampleList page(traits);
             page.open();
             page.list()->header()->resizeSection(1, 123);
         }
-        QVERIFY(!ReadSetting(QStringLiteral("Elsewhere\\List"), QStringLiteral("sWidths"), QString()).isEmpty());
-        QVERIFY(ReadSetting(QStringLiteral("Sample\\List"), QStringLiteral("sWidths"), QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"Elsewhere\\List"_s, u"sWidths"_s, QString()).isEmpty());
+        QVERIFY(ReadSetting(u"Sample\\List"_s, u"sWidths"_s, QString()).isEmpty());
     }
 };
 

@@ -16,6 +16,8 @@
 #include <QPointer>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Page : public KDialogTabPage
@@ -119,30 +121,30 @@ void TestCDBSetting::pageWithoutAHostIsDestroyed()
 void TestCDBSetting::withoutAReceiptWindowNothingIsReceived()
 {
     QTest::ignoreMessage(QtWarningMsg, "an amount was to be received, but there is no window for it");
-    QVERIFY(!GetDBSetting()->CashFromPersonMulti(7, 1250000, QStringLiteral("کمسیون"), nullptr));
+    QVERIFY(!GetDBSetting()->CashFromPersonMulti(7, 1250000, u"کمسیون"_s, nullptr));
 }
 
 void TestCDBSetting::receiptWindowGetsWhatIsToBeReceived()
 {
     QStringList received;
     const auto window = [&received](int personID, double amount, const QString &desc, QWidget *) {
-        received.append(QStringLiteral("%1 %2 %3").arg(personID).arg(amount).arg(desc));
+        received.append(u"%1 %2 %3"_s.arg(personID).arg(amount).arg(desc));
         return amount > 1;
     };
     GetDBSetting()->SetReceiptWindow(window);
-    QVERIFY(GetDBSetting()->CashFromPersonMulti(7, 50, QStringLiteral("کمسیون"), nullptr));
+    QVERIFY(GetDBSetting()->CashFromPersonMulti(7, 50, u"کمسیون"_s, nullptr));
     QVERIFY(!GetDBSetting()->CashFromPersonMulti(8, 1, QString(), nullptr));
     GetDBSetting()->SetReceiptWindow({});
-    QCOMPARE(received, (QStringList{QStringLiteral("7 50 کمسیون"), QStringLiteral("8 1 ")}));
+    QCOMPARE(received, (QStringList{u"7 50 کمسیون"_s, u"8 1 "_s}));
 }
 
 void TestCDBSetting::closedFlagIsSeenByEveryUser()
 {
     QVERIFY(!GetDBSetting()->IsClosedDB());
-    m_office.database.run(QStringLiteral("REPLACE INTO Properties(sSection,sKey,sValue) VALUES('Database','bClosed','1')"));
+    m_office.database.run(u"REPLACE INTO Properties(sSection,sKey,sValue) VALUES('Database','bClosed','1')"_s);
     QVERIFY(GetDBSetting()->IsClosedDB());
     GetDBSetting()->SetClosedDB(false);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT sValue FROM Properties WHERE sKey='bClosed'")), QStringLiteral("0"));
+    QCOMPARE(m_office.database.value(u"SELECT sValue FROM Properties WHERE sKey='bClosed'"_s), u"0"_s);
 }
 
 void TestCDBSetting::closedDatabaseIsRefused()
@@ -164,11 +166,11 @@ void TestCDBSetting::serverDateIsNow()
 void TestCDBSetting::loginTellsWhoWorks()
 {
     QCOMPARE(GetDBSetting()->GetUserID(), m_office.admin);
-    QCOMPARE(GetDBSetting()->GetUserName(), QStringLiteral("admin"));
-    QCOMPARE(GetDBSetting()->GetUserFullName(), QStringLiteral("مدیر"));
+    QCOMPARE(GetDBSetting()->GetUserName(), u"admin"_s);
+    QCOMPARE(GetDBSetting()->GetUserFullName(), u"مدیر"_s);
     QVERIFY(GetDBSetting()->Login(m_office.clerk));
     QVERIFY(!GetDBSetting()->IsAdmin());
-    QCOMPARE(GetDBSetting()->GetUserFullName(), QStringLiteral("clerk"));
+    QCOMPARE(GetDBSetting()->GetUserFullName(), u"clerk"_s);
     QVERIFY(!GetDBSetting()->Login(999));
     QCOMPARE(GetDBSetting()->GetUserID(), m_office.clerk);
     GetDBSetting()->Logout();
@@ -178,12 +180,12 @@ void TestCDBSetting::loginTellsWhoWorks()
 
 void TestCDBSetting::moneyUnitAndDecimals()
 {
-    QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("ریال"));
-    GetDBSetting()->SetMoneyUnitName(QStringLiteral("تومان"));
-    QCOMPARE(GetDBSetting()->MoneyUnitName(), QStringLiteral("تومان"));
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
+    GetDBSetting()->SetMoneyUnitName(u"تومان"_s);
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), u"تومان"_s);
     QCOMPARE(GetDBSetting()->MoneyDecimals(), 0);
     GetDBSetting()->SetMoneyDecimals(2);
-    QCOMPARE(DToMoney(1234.5), QStringLiteral("1,234.50"));
+    QCOMPARE(DToMoney(1234.5), u"1,234.50"_s);
     GetDBSetting()->SetMoneyDecimals(9);
     QCOMPARE(GetDBSetting()->MoneyDecimals(), 4);
     GetDBSetting()->SetMoneyDecimals(0);
@@ -210,8 +212,8 @@ void TestCDBSetting::departments()
 {
     QCOMPARE(GetDBSetting()->Departments().size(), 1);
     QCOMPARE(GetDBSetting()->GetDepartmentID(), 1);
-    m_office.database.run(QStringLiteral("INSERT INTO Departments(sName) VALUES('شعبه دو')"));
-    QCOMPARE(GetDBSetting()->Departments().constLast().name, QStringLiteral("شعبه دو"));
+    m_office.database.run(u"INSERT INTO Departments(sName) VALUES('شعبه دو')"_s);
+    QCOMPARE(GetDBSetting()->Departments().constLast().name, u"شعبه دو"_s);
     QCOMPARE(GetDBSetting()->GetDepartmentID(), 1);
 }
 
@@ -228,8 +230,8 @@ void TestCDBSetting::recordKinds()
 
 void TestCDBSetting::sharedTexts()
 {
-    QCOMPARE(SuiteMessages::count(12), QStringLiteral("تعداد : 12"));
-    QCOMPARE(SuiteMessages::deleteQuestion(), QStringLiteral("آیا از حذف این رکورد اطمینان دارید؟"));
+    QCOMPARE(SuiteMessages::count(12), u"تعداد : 12"_s);
+    QCOMPARE(SuiteMessages::deleteQuestion(), u"آیا از حذف این رکورد اطمینان دارید؟"_s);
 }
 
 void TestCDBSetting::documentNotice()
@@ -239,7 +241,7 @@ void TestCDBSetting::documentNotice()
     CDlgDocCreated::Show(0, 1405);
     const QStringList shown = g_pDlgMessage->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY(shown.constFirst().contains(QStringLiteral("17")));
+    QVERIFY(shown.constFirst().contains(u"17"_s));
 }
 
 static const RegisteredTest<TestCDBSetting, QApplication> registered;

@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using FormDriver::field;
 
 namespace {
@@ -46,7 +48,7 @@ private:
     bool select(QString *text, const std::function<void(CDlgMultiItems *)> &work);
 
     TestOffice m_office;
-    QString m_title = QStringLiteral("تبصره");
+    QString m_title = u"تبصره"_s;
     int m_first = 0;
     int m_second = 0;
 };
@@ -55,10 +57,10 @@ void TestCDlgMultiItems::init()
 {
     GetDBSetting()->SetClosedDB(false);
     GetDBSetting()->Login(m_office.admin);
-    m_office.database.run(QStringLiteral("DELETE FROM Items"));
-    m_second = CTblMultiItems::addValue(clauses, QStringLiteral("بند دوم"));
-    m_first = CTblMultiItems::addValue(clauses, QStringLiteral("بند اول"));
-    CTblMultiItems::addValue(colours, QStringLiteral("سفید"));
+    m_office.database.run(u"DELETE FROM Items"_s);
+    m_second = CTblMultiItems::addValue(clauses, u"بند دوم"_s);
+    m_first = CTblMultiItems::addValue(clauses, u"بند اول"_s);
+    CTblMultiItems::addValue(colours, u"سفید"_s);
     g_pDlgWarning->takeShown();
 }
 
@@ -77,7 +79,7 @@ bool TestCDlgMultiItems::select(QString *text, const std::function<void(CDlgMult
 
 void TestCDlgMultiItems::valuesAreThoseOfTheTypeByName()
 {
-    m_office.database.run(QStringLiteral("INSERT INTO Items(iType,sName,iStatus) VALUES(814,'غیر فعال',1)"));
+    m_office.database.run(u"INSERT INTO Items(iType,sName,iStatus) VALUES(814,'غیر فعال',1)"_s);
     const QList<CTblMultiItems::Value> values = CTblMultiItems::values(clauses);
     QCOMPARE(values.size(), 2);
     QCOMPARE(values.at(0).id, m_first);
@@ -89,20 +91,20 @@ void TestCDlgMultiItems::comboHoldsAnEmptyChoiceAndTheValues()
     QComboBox combo;
     CTblMultiItems::FillComboBox(&combo, clauses, m_second);
     QCOMPARE(combo.count(), 3);
-    QCOMPARE(combo.itemText(0), QStringLiteral("-"));
+    QCOMPARE(combo.itemText(0), u"-"_s);
     QCOMPARE(combo.itemData(0).toInt(), 0);
-    QCOMPARE(combo.currentText(), QStringLiteral("بند دوم"));
+    QCOMPARE(combo.currentText(), u"بند دوم"_s);
     CTblMultiItems::FillComboBox(&combo, clauses, 9999);
     QCOMPARE(combo.currentIndex(), 0);
 }
 
 void TestCDlgMultiItems::nameIsNeededAndUniqueInItsType()
 {
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::addValue(clauses, QStringLiteral(" ")));
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::addValue(clauses, QStringLiteral("بند  اول")));
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::renameValue(m_second, QStringLiteral("بند اول")));
-    CTblMultiItems::renameValue(m_second, QStringLiteral("بند دوم"));
-    QVERIFY(CTblMultiItems::addValue(colours, QStringLiteral("بند اول")) > 0);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::addValue(clauses, u" "_s));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::addValue(clauses, u"بند  اول"_s));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblMultiItems::renameValue(m_second, u"بند اول"_s));
+    CTblMultiItems::renameValue(m_second, u"بند دوم"_s);
+    QVERIFY(CTblMultiItems::addValue(colours, u"بند اول"_s) > 0);
 }
 
 void TestCDlgMultiItems::tickedNamesComeBackInOrder()
@@ -110,64 +112,64 @@ void TestCDlgMultiItems::tickedNamesComeBackInOrder()
     CDlgMultiItems dialog(clauses, m_title);
     QCOMPARE(dialog.windowTitle(), m_title);
     QVERIFY(dialog.selectedNames().isEmpty());
-    dialog.setSelectedNames({QStringLiteral("بند دوم"), QStringLiteral("بند اول"), QStringLiteral("ناشناس")});
-    QCOMPARE(dialog.selectedNames(), (QStringList{QStringLiteral("بند اول"), QStringLiteral("بند دوم")}));
+    dialog.setSelectedNames({u"بند دوم"_s, u"بند اول"_s, u"ناشناس"_s});
+    QCOMPARE(dialog.selectedNames(), (QStringList{u"بند اول"_s, u"بند دوم"_s}));
     QCOMPARE(dialog.selectedIDs(), (QList<int>{m_first, m_second}));
 }
 
 void TestCDlgMultiItems::selectGivesTheTextOfTheTickedNames()
 {
-    QString text = QStringLiteral("دست نویس، بند دوم");
+    QString text = u"دست نویس، بند دوم"_s;
     QVERIFY(select(&text, [](CDlgMultiItems *dialog) {
-        QCOMPARE(dialog->selectedNames(), QStringList{QStringLiteral("بند دوم")});
+        QCOMPARE(dialog->selectedNames(), QStringList{u"بند دوم"_s});
         auto *view = dialog->findChild<QListView *>();
         view->setFocus();
         view->setCurrentIndex(view->model()->index(0, 0));
         QTest::keyClick(view, Qt::Key_Space);
-        FormDriver::click(dialog, QStringLiteral("تاييد"));
+        FormDriver::click(dialog, u"تاييد"_s);
     }));
-    QCOMPARE(text, QStringLiteral("دست نویس، بند اول، بند دوم"));
+    QCOMPARE(text, u"دست نویس، بند اول، بند دوم"_s);
 }
 
 void TestCDlgMultiItems::cancelledSelectLeavesTheText()
 {
-    QString text = QStringLiteral("بند دوم");
+    QString text = u"بند دوم"_s;
     QVERIFY(!select(&text, [](CDlgMultiItems *dialog) {
-        dialog->setSelectedNames({QStringLiteral("بند اول")});
-        FormDriver::click(dialog, QStringLiteral("انصراف"));
+        dialog->setSelectedNames({u"بند اول"_s});
+        FormDriver::click(dialog, u"انصراف"_s);
     }));
-    QCOMPARE(text, QStringLiteral("بند دوم"));
+    QCOMPARE(text, u"بند دوم"_s);
 }
 
 void TestCDlgMultiItems::valueIsAddedRenamedAndDeletedOnTheSpot()
 {
     CDlgMultiItems dialog(clauses, m_title);
     dialog.show();
-    auto *name = field<KEdit>(&dialog, QStringLiteral("نام :"));
+    auto *name = field<KEdit>(&dialog, u"نام :"_s);
     auto *view = dialog.findChild<QListView *>();
-    QVERIFY(!FormDriver::button(&dialog, QStringLiteral("ويرايش"))->isEnabled());
-    name->setText(QStringLiteral("بند سوم"));
-    FormDriver::click(&dialog, QStringLiteral("جديد"));
+    QVERIFY(!FormDriver::button(&dialog, u"ويرايش"_s)->isEnabled());
+    name->setText(u"بند سوم"_s);
+    FormDriver::click(&dialog, u"جديد"_s);
     QCOMPARE(view->model()->rowCount(), 3);
-    QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("بند سوم"));
-    FormDriver::click(&dialog, QStringLiteral("جديد"));
+    QCOMPARE(view->currentIndex().data().toString(), u"بند سوم"_s);
+    FormDriver::click(&dialog, u"جديد"_s);
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    name->setText(QStringLiteral("بند چهارم"));
-    FormDriver::click(&dialog, QStringLiteral("ويرايش"));
-    QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("بند چهارم"));
+    name->setText(u"بند چهارم"_s);
+    FormDriver::click(&dialog, u"ويرايش"_s);
+    QCOMPARE(view->currentIndex().data().toString(), u"بند چهارم"_s);
     g_pDlgYesNo->answerNext(KMessageDialog::No);
-    FormDriver::click(&dialog, QStringLiteral("حذف"));
+    FormDriver::click(&dialog, u"حذف"_s);
     QCOMPARE(view->model()->rowCount(), 3);
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
-    FormDriver::click(&dialog, QStringLiteral("حذف"));
+    FormDriver::click(&dialog, u"حذف"_s);
     QCOMPARE(CTblMultiItems::values(clauses).size(), 2);
 }
 
 void TestCDlgMultiItems::ticksStayWhenValuesChange()
 {
     CDlgMultiItems dialog(clauses, m_title);
-    dialog.setSelectedNames({QStringLiteral("بند دوم")});
-    field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
+    dialog.setSelectedNames({u"بند دوم"_s});
+    field<KEdit>(&dialog, u"نام :"_s)->setText(u"بند سوم"_s);
     dialog.addValue();
     QCOMPARE(dialog.selectedIDs(), QList<int>{m_second});
 }
@@ -176,9 +178,9 @@ void TestCDlgMultiItems::enterBehindANewNameAddsIt()
 {
     CDlgMultiItems dialog(clauses, m_title);
     dialog.show();
-    auto *name = field<KEdit>(&dialog, QStringLiteral("نام :"));
+    auto *name = field<KEdit>(&dialog, u"نام :"_s);
     name->setFocus();
-    QTest::keyClicks(name, QStringLiteral("abc"));
+    QTest::keyClicks(name, u"abc"_s);
     QTest::keyClick(name, Qt::Key_Return);
     QCOMPARE(CTblMultiItems::values(clauses).size(), 3);
     QVERIFY(dialog.isVisible());
@@ -192,12 +194,12 @@ void TestCDlgMultiItems::changingNeedsTheRights()
 {
     GetDBSetting()->Login(m_office.clerk);
     CDlgMultiItems dialog(clauses, m_title);
-    field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
+    field<KEdit>(&dialog, u"نام :"_s)->setText(u"بند سوم"_s);
     dialog.addValue();
     dialog.findChild<QListView *>()->setCurrentIndex(dialog.findChild<QListView *>()->model()->index(0, 0));
     dialog.renameValue();
     dialog.deleteValue();
-    const QString form = QStringLiteral("InputParameters");
+    const QString form = u"InputParameters"_s;
     QCOMPARE(g_pDlgWarning->takeShown(),
              (QStringList{KSecurity::refusalText(form, KSecurity::Write), KSecurity::refusalText(form, KSecurity::Modify),
                           KSecurity::refusalText(form, KSecurity::Delete)}));
@@ -208,7 +210,7 @@ void TestCDlgMultiItems::closedDatabaseChangesNothing()
 {
     GetDBSetting()->SetClosedDB(true);
     CDlgMultiItems dialog(clauses, m_title);
-    field<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("بند سوم"));
+    field<KEdit>(&dialog, u"نام :"_s)->setText(u"بند سوم"_s);
     dialog.addValue();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(CTblMultiItems::values(clauses).size(), 2);

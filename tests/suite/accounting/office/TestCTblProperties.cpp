@@ -10,6 +10,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 class TestCTblProperties : public QObject
 {
     Q_OBJECT
@@ -28,14 +30,14 @@ private Q_SLOTS:
 
 private:
     TestOffice m_office;
-    QString m_section = QStringLiteral("AutomobilContracts");
+    QString m_section = u"AutomobilContracts"_s;
 };
 
 void TestCTblProperties::missingKeyGivesTheDefault()
 {
-    QCOMPARE(CTblProperties::DBReadSetting(m_section, QStringLiteral("nothing"), 2.5), 2.5);
-    QCOMPARE(CTblProperties::DBReadSetting(m_section, QStringLiteral("nothing"), QStringLiteral("x")), QStringLiteral("x"));
-    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, QStringLiteral("nothing"), 3), 3);
+    QCOMPARE(CTblProperties::DBReadSetting(m_section, u"nothing"_s, 2.5), 2.5);
+    QCOMPARE(CTblProperties::DBReadSetting(m_section, u"nothing"_s, u"x"_s), u"x"_s);
+    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, u"nothing"_s, 3), 3);
 }
 
 void TestCTblProperties::numberComesBackExactly_data()
@@ -52,57 +54,57 @@ void TestCTblProperties::numberComesBackExactly_data()
 void TestCTblProperties::numberComesBackExactly()
 {
     QFETCH(double, number);
-    CTblProperties::DBWriteSetting(m_section, QStringLiteral("dNumber"), number);
-    QVERIFY(CTblProperties::DBReadSetting(m_section, QStringLiteral("dNumber"), -1.0) == number);
+    CTblProperties::DBWriteSetting(m_section, u"dNumber"_s, number);
+    QVERIFY(CTblProperties::DBReadSetting(m_section, u"dNumber"_s, -1.0) == number);
 }
 
 void TestCTblProperties::textComesBackAsItWas_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("persian") << QStringLiteral("نمایشگاه آزادی");
-    QTest::newRow("quotes") << QStringLiteral("a'b\"c\\d");
-    QTest::newRow("empty") << QStringLiteral("");
-    QTest::newRow("statement") << QStringLiteral("'); DROP TABLE Users; --");
+    QTest::newRow("persian") << u"نمایشگاه آزادی"_s;
+    QTest::newRow("quotes") << u"a'b\"c\\d"_s;
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("statement") << u"'); DROP TABLE Users; --"_s;
 }
 
 void TestCTblProperties::textComesBackAsItWas()
 {
     QFETCH(QString, text);
-    CTblProperties::DBWriteSetting(m_section, QStringLiteral("sText"), text);
-    QCOMPARE(CTblProperties::DBReadSetting(m_section, QStringLiteral("sText"), QStringLiteral("default")), text);
+    CTblProperties::DBWriteSetting(m_section, u"sText"_s, text);
+    QCOMPARE(CTblProperties::DBReadSetting(m_section, u"sText"_s, u"default"_s), text);
 }
 
 void TestCTblProperties::valueOfAnotherKindGivesTheDefault()
 {
-    CTblProperties::DBWriteSetting(m_section, QStringLiteral("sText"), QStringLiteral("abc"));
-    QCOMPARE(CTblProperties::DBReadSetting(m_section, QStringLiteral("sText"), 4.0), 4.0);
-    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, QStringLiteral("sText"), 5), 5);
+    CTblProperties::DBWriteSetting(m_section, u"sText"_s, u"abc"_s);
+    QCOMPARE(CTblProperties::DBReadSetting(m_section, u"sText"_s, 4.0), 4.0);
+    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, u"sText"_s, 5), 5);
 }
 
 void TestCTblProperties::keysDifferInCase()
 {
-    CTblProperties::DBWriteSettingInt(m_section, QStringLiteral("iDay"), 1);
-    CTblProperties::DBWriteSettingInt(m_section, QStringLiteral("IDAY"), 2);
-    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, QStringLiteral("iDay"), 0), 1);
-    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, QStringLiteral("IDAY"), 0), 2);
+    CTblProperties::DBWriteSettingInt(m_section, u"iDay"_s, 1);
+    CTblProperties::DBWriteSettingInt(m_section, u"IDAY"_s, 2);
+    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, u"iDay"_s, 0), 1);
+    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, u"IDAY"_s, 0), 2);
 }
 
 void TestCTblProperties::secondWriteReplacesTheFirst()
 {
-    CTblProperties::DBWriteSettingInt(m_section, QStringLiteral("iTwice"), 1);
-    CTblProperties::DBWriteSettingInt(m_section, QStringLiteral("iTwice"), 2);
-    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, QStringLiteral("iTwice"), 0), 2);
-    QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM Properties WHERE sKey='iTwice'")),
-             QStringLiteral("1"));
+    CTblProperties::DBWriteSettingInt(m_section, u"iTwice"_s, 1);
+    CTblProperties::DBWriteSettingInt(m_section, u"iTwice"_s, 2);
+    QCOMPARE(CTblProperties::DBReadSettingInt(m_section, u"iTwice"_s, 0), 2);
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Properties WHERE sKey='iTwice'"_s),
+             u"1"_s);
 }
 
 void TestCTblProperties::sectionIsReadWhole()
 {
-    CTblProperties::DBWriteSetting(QStringLiteral("Company"), QStringLiteral("sName1"), QStringLiteral("نمایشگاه"));
-    CTblProperties::DBWriteSetting(QStringLiteral("Company"), QStringLiteral("sName2"), QStringLiteral("آزادی"));
-    const QHash<QString, QString> company = CTblProperties::DBReadSection(QStringLiteral("Company"));
+    CTblProperties::DBWriteSetting(u"Company"_s, u"sName1"_s, u"نمایشگاه"_s);
+    CTblProperties::DBWriteSetting(u"Company"_s, u"sName2"_s, u"آزادی"_s);
+    const QHash<QString, QString> company = CTblProperties::DBReadSection(u"Company"_s);
     QCOMPARE(company.size(), 2);
-    QCOMPARE(company.value(QStringLiteral("sName2")), QStringLiteral("آزادی"));
+    QCOMPARE(company.value(u"sName2"_s), u"آزادی"_s);
 }
 
 void TestCTblProperties::liveObjectsAreCounted()

@@ -11,6 +11,8 @@
 
 #include <ctime>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QStringList *loggedLines = nullptr;
@@ -25,7 +27,7 @@ void keepLog(QtMsgType, const QMessageLogContext &, const QString &line)
 double verifyCost(const QString &user)
 {
     const std::clock_t before = std::clock();
-    (void)CTblUsers::verify(user, QStringLiteral("wrong"));
+    (void)CTblUsers::verify(user, u"wrong"_s);
     return static_cast<double>(std::clock() - before);
 }
 
@@ -59,12 +61,12 @@ void TestCTblUsers::cleanup()
 {
     CTblUsers::setHashCost(CTblUsers::leastCost());
     KConnection::setStatementObserver({});
-    m_office.database.run(QStringLiteral("DELETE FROM Users WHERE iID>%1").arg(m_office.clerk));
+    m_office.database.run(u"DELETE FROM Users WHERE iID>%1"_s.arg(m_office.clerk));
 }
 
 QString TestCTblUsers::storedHash(int userID)
 {
-    return m_office.database.value(QStringLiteral("SELECT sPasswordHash FROM Users WHERE iID=%1").arg(userID));
+    return m_office.database.value(u"SELECT sPasswordHash FROM Users WHERE iID=%1"_s.arg(userID));
 }
 
 void TestCTblUsers::passwordOpensItsUserOnly_data()
@@ -72,15 +74,15 @@ void TestCTblUsers::passwordOpensItsUserOnly_data()
     QTest::addColumn<QString>("user");
     QTest::addColumn<QString>("password");
     QTest::addColumn<bool>("opens");
-    const QString name = QStringLiteral("علی");
-    QTest::newRow("right") << name << QStringLiteral("رمز123") << true;
-    QTest::newRow("digits of a Persian keyboard") << name << QStringLiteral("رمز۱۲۳") << true;
-    QTest::newRow("name with an Arabic yeh") << QStringLiteral("علي") << QStringLiteral("رمز123") << true;
-    QTest::newRow("wrong") << name << QStringLiteral("رمز124") << false;
-    QTest::newRow("other case") << name << QStringLiteral("رمز123 ") << false;
+    const QString name = u"علی"_s;
+    QTest::newRow("right") << name << u"رمز123"_s << true;
+    QTest::newRow("digits of a Persian keyboard") << name << u"رمز۱۲۳"_s << true;
+    QTest::newRow("name with an Arabic yeh") << u"علي"_s << u"رمز123"_s << true;
+    QTest::newRow("wrong") << name << u"رمز124"_s << false;
+    QTest::newRow("other case") << name << u"رمز123 "_s << false;
     QTest::newRow("empty") << name << QString() << false;
-    QTest::newRow("unknown user") << QStringLiteral("رضا") << QStringLiteral("رمز123") << false;
-    QTest::newRow("statement as a name") << QStringLiteral("x' OR '1'='1") << QStringLiteral("رمز123") << false;
+    QTest::newRow("unknown user") << u"رضا"_s << u"رمز123"_s << false;
+    QTest::newRow("statement as a name") << u"x' OR '1'='1"_s << u"رمز123"_s << false;
 }
 
 void TestCTblUsers::passwordOpensItsUserOnly()
@@ -88,90 +90,90 @@ void TestCTblUsers::passwordOpensItsUserOnly()
     QFETCH(QString, user);
     QFETCH(QString, password);
     QFETCH(bool, opens);
-    const int id = CTblUsers::create(QStringLiteral("علی"), QStringLiteral("رمز123"), QString(), false);
+    const int id = CTblUsers::create(u"علی"_s, u"رمز123"_s, QString(), false);
     QCOMPARE(CTblUsers::verify(user, password), opens ? std::optional<int>(id) : std::nullopt);
 }
 
 void TestCTblUsers::hashIsArgon2idAndHoldsNoPassword()
 {
-    const int first = CTblUsers::create(QStringLiteral("one"), QStringLiteral("same"), QString(), false);
-    const int second = CTblUsers::create(QStringLiteral("two"), QStringLiteral("same"), QString(), false);
-    QVERIFY(storedHash(first).startsWith(QStringLiteral("$argon2id$")));
-    QVERIFY(!storedHash(first).contains(QStringLiteral("same")));
+    const int first = CTblUsers::create(u"one"_s, u"same"_s, QString(), false);
+    const int second = CTblUsers::create(u"two"_s, u"same"_s, QString(), false);
+    QVERIFY(storedHash(first).startsWith(u"$argon2id$"_s));
+    QVERIFY(!storedHash(first).contains(u"same"_s));
     QVERIFY(storedHash(first) != storedHash(second));
 }
 
 void TestCTblUsers::sameNameInAnotherCaseIsTaken()
 {
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(QStringLiteral("ADMIN"), QStringLiteral("x"), QString(), false));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(u"ADMIN"_s, u"x"_s, QString(), false));
 }
 
 void TestCTblUsers::emptyNameOrPasswordIsRefused()
 {
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(QStringLiteral("  "), QStringLiteral("x"), QString(), false));
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(QStringLiteral("new"), QString(), QString(), false));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(u"  "_s, u"x"_s, QString(), false));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(u"new"_s, QString(), QString(), false));
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::setPassword(m_office.clerk, QString()));
-    QVERIFY(!CTblUsers::verify(QStringLiteral("new"), QString()));
+    QVERIFY(!CTblUsers::verify(u"new"_s, QString()));
 }
 
 void TestCTblUsers::inactiveUserIsRefused()
 {
-    const int id = CTblUsers::create(QStringLiteral("gone"), QStringLiteral("x"), QString(), false);
-    QCOMPARE(CTblUsers::verify(QStringLiteral("gone"), QStringLiteral("x")), std::optional<int>(id));
-    m_office.database.run(QStringLiteral("UPDATE Users SET iStatus=1 WHERE iID=%1").arg(id));
-    QVERIFY(!CTblUsers::verify(QStringLiteral("gone"), QStringLiteral("x")));
+    const int id = CTblUsers::create(u"gone"_s, u"x"_s, QString(), false);
+    QCOMPARE(CTblUsers::verify(u"gone"_s, u"x"_s), std::optional<int>(id));
+    m_office.database.run(u"UPDATE Users SET iStatus=1 WHERE iID=%1"_s.arg(id));
+    QVERIFY(!CTblUsers::verify(u"gone"_s, u"x"_s));
     QVERIFY(!GetDBSetting()->Login(id));
     QCOMPARE(GetDBSetting()->GetUserID(), m_office.admin);
 }
 
 void TestCTblUsers::hashOfAnotherCostIsRenewedAtLogin()
 {
-    const int id = CTblUsers::create(QStringLiteral("old"), QStringLiteral("x"), QString(), false);
+    const int id = CTblUsers::create(u"old"_s, u"x"_s, QString(), false);
     const QString before = storedHash(id);
-    QVERIFY(CTblUsers::verify(QStringLiteral("old"), QStringLiteral("x")));
+    QVERIFY(CTblUsers::verify(u"old"_s, u"x"_s));
     QCOMPARE(storedHash(id), before);
 
     CTblUsers::setHashCost({2, 1024 * 1024});
-    QVERIFY(!CTblUsers::verify(QStringLiteral("old"), QStringLiteral("wrong")));
+    QVERIFY(!CTblUsers::verify(u"old"_s, u"wrong"_s));
     QCOMPARE(storedHash(id), before);
-    QVERIFY(CTblUsers::verify(QStringLiteral("old"), QStringLiteral("x")));
-    QVERIFY(storedHash(id).contains(QStringLiteral("m=1024,t=2")));
-    QVERIFY(CTblUsers::verify(QStringLiteral("old"), QStringLiteral("x")));
+    QVERIFY(CTblUsers::verify(u"old"_s, u"x"_s));
+    QVERIFY(storedHash(id).contains(u"m=1024,t=2"_s));
+    QVERIFY(CTblUsers::verify(u"old"_s, u"x"_s));
 }
 
 void TestCTblUsers::unknownUserCostsAHashLikeAKnownOne()
 {
     CTblUsers::setHashCost(CTblUsers::officeCost());
-    CTblUsers::create(QStringLiteral("known"), QStringLiteral("x"), QString(), false);
+    CTblUsers::create(u"known"_s, u"x"_s, QString(), false);
     // The hash that stands for nobody is made at the first use.
-    verifyCost(QStringLiteral("nobody"));
-    const double known = verifyCost(QStringLiteral("known"));
-    const double unknown = verifyCost(QStringLiteral("nobody"));
+    verifyCost(u"nobody"_s);
+    const double known = verifyCost(u"known"_s);
+    const double unknown = verifyCost(u"nobody"_s);
     // A name that is not there would cost next to nothing if no password were hashed for it.
-    QVERIFY2(unknown > known / 4, qPrintable(QStringLiteral("%1 %2").arg(known).arg(unknown)));
+    QVERIFY2(unknown > known / 4, qPrintable(u"%1 %2"_s.arg(known).arg(unknown)));
 }
 
 void TestCTblUsers::changedPasswordReplacesTheOldOne()
 {
-    const int id = CTblUsers::create(QStringLiteral("moves"), QStringLiteral("old"), QString(), false);
-    CTblUsers::setPassword(id, QStringLiteral("new"));
-    QVERIFY(!CTblUsers::verify(QStringLiteral("moves"), QStringLiteral("old")));
-    QCOMPARE(CTblUsers::verify(QStringLiteral("moves"), QStringLiteral("new")), std::optional<int>(id));
+    const int id = CTblUsers::create(u"moves"_s, u"old"_s, QString(), false);
+    CTblUsers::setPassword(id, u"new"_s);
+    QVERIFY(!CTblUsers::verify(u"moves"_s, u"old"_s));
+    QCOMPARE(CTblUsers::verify(u"moves"_s, u"new"_s), std::optional<int>(id));
 }
 
 void TestCTblUsers::passwordReachesNeitherLogNorStatement()
 {
-    const QString password = QStringLiteral("verySecret99");
+    const QString password = u"verySecret99"_s;
     QStringList lines;
     KConnection::setStatementObserver([&lines](const QString &statement) { lines.append(statement); });
     loggedLines = &lines;
     const QtMessageHandler before = qInstallMessageHandler(keepLog);
-    const int id = CTblUsers::create(QStringLiteral("quiet"), password, QString(), false);
-    (void)CTblUsers::verify(QStringLiteral("quiet"), password);
+    const int id = CTblUsers::create(u"quiet"_s, password, QString(), false);
+    (void)CTblUsers::verify(u"quiet"_s, password);
     CTblUsers::setPassword(id, password);
     bool refused = false;
     try {
-        CTblUsers::create(QStringLiteral("quiet"), password, QString(), false);
+        CTblUsers::create(u"quiet"_s, password, QString(), false);
     } catch (const KAccountingError &) {
         refused = true;
     }
@@ -186,9 +188,9 @@ void TestCTblUsers::lastAdministratorIsKnown()
 {
     QVERIFY(CTblUsers::anyUser());
     QVERIFY(!CTblUsers::hasOtherAdmin(m_office.admin));
-    CTblUsers::create(QStringLiteral("second"), QStringLiteral("x"), QString(), true);
+    CTblUsers::create(u"second"_s, u"x"_s, QString(), true);
     QVERIFY(CTblUsers::hasOtherAdmin(m_office.admin));
-    m_office.database.run(QStringLiteral("UPDATE Users SET iStatus=1 WHERE sUser='second'"));
+    m_office.database.run(u"UPDATE Users SET iStatus=1 WHERE sUser='second'"_s);
     QVERIFY(!CTblUsers::hasOtherAdmin(m_office.admin));
 }
 

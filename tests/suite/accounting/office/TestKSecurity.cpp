@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Check = bool (KSecurity::*)(int) const;
@@ -64,7 +66,7 @@ private:
 
 void TestKSecurity::init()
 {
-    m_office.database.run(QStringLiteral("DELETE FROM UserRights"));
+    m_office.database.run(u"DELETE FROM UserRights"_s);
     QVERIFY(GetDBSetting()->Login(m_office.clerk));
     g_pDlgWarning->takeShown();
 }
@@ -83,7 +85,7 @@ void TestKSecurity::eachRightOpensItsOwnCheckOnly()
 {
     QFETCH(int, granted);
     QFETCH(int, asked);
-    KSecurity::setRights(m_office.clerk, QStringLiteral("AutomobilContracts"), checks[granted].right);
+    KSecurity::setRights(m_office.clerk, u"AutomobilContracts"_s, checks[granted].right);
     const KSecurity security = securityOf("AutomobilContracts");
     QCOMPARE((security.*checks[asked].check)(1), granted == asked);
     QCOMPARE(KSecurity::IsGranted(security.FormName(), checks[asked].right), granted == asked);
@@ -107,15 +109,15 @@ void TestKSecurity::withoutALoginEverythingIsRefused()
 
 void TestKSecurity::formWithoutRightsIsRefused()
 {
-    KSecurity::setRights(m_office.clerk, QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+    KSecurity::setRights(m_office.clerk, u"AutomobilContracts"_s, KSecurity::allRights);
     QVERIFY(!securityOf("AutomobilDemands").CheckAccessSecurity());
 }
 
 void TestKSecurity::unknownFormIsOpenToAdministratorsOnly()
 {
-    QVERIFY(!KSecurity::IsGranted(QStringLiteral("NoSuchForm"), KSecurity::Access));
+    QVERIFY(!KSecurity::IsGranted(u"NoSuchForm"_s, KSecurity::Access));
     QVERIFY(GetDBSetting()->Login(m_office.admin));
-    QVERIFY(KSecurity::IsGranted(QStringLiteral("NoSuchForm"), KSecurity::Access));
+    QVERIFY(KSecurity::IsGranted(u"NoSuchForm"_s, KSecurity::Access));
 }
 
 void TestKSecurity::refusalIsOneMessageNamingRightAndForm()
@@ -123,23 +125,23 @@ void TestKSecurity::refusalIsOneMessageNamingRightAndForm()
     QVERIFY(!securityOf("AutomobilContracts").CheckDeletionSecurity());
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
-    QVERIFY(shown.constFirst().contains(QStringLiteral("حذف")));
-    QVERIFY(shown.constFirst().contains(QStringLiteral("قرارداد")));
+    QVERIFY(shown.constFirst().contains(u"حذف"_s));
+    QVERIFY(shown.constFirst().contains(u"قرارداد"_s));
 }
 
 void TestKSecurity::quietCheckShowsNothing()
 {
     QVERIFY(!securityOf("AutomobilContracts").CheckDeletionSecurity(0));
-    QVERIFY(!KSecurity::IsGranted(QStringLiteral("AutomobilContracts"), KSecurity::Delete));
+    QVERIFY(!KSecurity::IsGranted(u"AutomobilContracts"_s, KSecurity::Delete));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
 }
 
 void TestKSecurity::archivePermissionAnswersEveryCheck()
 {
-    KSecurity::setRights(m_office.clerk, QStringLiteral("AutomobilContractArchive"), KSecurity::Access);
+    KSecurity::setRights(m_office.clerk, u"AutomobilContractArchive"_s, KSecurity::Access);
     for (const RightOfCheck &check : checks)
         QVERIFY((securityOf("AutomobilContractArchive").*check.check)(1));
-    KSecurity::setRights(m_office.clerk, QStringLiteral("AutomobilContractArchive"), KSecurity::Write);
+    KSecurity::setRights(m_office.clerk, u"AutomobilContractArchive"_s, KSecurity::Write);
     QVERIFY(!securityOf("AutomobilContractArchive").CheckWriteSecurity());
 }
 
@@ -148,7 +150,7 @@ void TestKSecurity::changedRightsCountWhenAWindowOpens()
     KSecurity security = securityOf("AutomobilContracts");
     QVERIFY(!security.CheckSecurity());
     // As another user's program does it.
-    m_office.database.run(QStringLiteral("INSERT INTO UserRights(iUserID,sForm,iRights) VALUES(%1,'AutomobilContracts',3)")
+    m_office.database.run(u"INSERT INTO UserRights(iUserID,sForm,iRights) VALUES(%1,'AutomobilContracts',3)"_s
                               .arg(m_office.clerk));
     QVERIFY(!security.CheckAccessSecurity(0));
     QVERIFY(security.CheckSecurity());
@@ -158,19 +160,19 @@ void TestKSecurity::changedRightsCountWhenAWindowOpens()
 
 void TestKSecurity::rightsOfTheLastUserDoNotStay()
 {
-    KSecurity::setRights(m_office.clerk, QStringLiteral("AutomobilContracts"), KSecurity::allRights);
+    KSecurity::setRights(m_office.clerk, u"AutomobilContracts"_s, KSecurity::allRights);
     QVERIFY(securityOf("AutomobilContracts").CheckAccessSecurity());
-    const int other = CTblUsers::create(QStringLiteral("other"), QStringLiteral("x"), QString(), false);
+    const int other = CTblUsers::create(u"other"_s, u"x"_s, QString(), false);
     QVERIFY(GetDBSetting()->Login(other));
     QVERIFY(!securityOf("AutomobilContracts").CheckAccessSecurity());
 }
 
 void TestKSecurity::copyMakesTheSecondUserTheSame()
 {
-    const int other = CTblUsers::create(QStringLiteral("copied"), QStringLiteral("x"), QString(), false);
-    KSecurity::setRights(m_office.clerk, QStringLiteral("AutomobilContracts"), 5);
-    KSecurity::setRights(m_office.clerk, QStringLiteral("Persons"), 3);
-    KSecurity::setRights(other, QStringLiteral("Users"), KSecurity::allRights);
+    const int other = CTblUsers::create(u"copied"_s, u"x"_s, QString(), false);
+    KSecurity::setRights(m_office.clerk, u"AutomobilContracts"_s, 5);
+    KSecurity::setRights(m_office.clerk, u"Persons"_s, 3);
+    KSecurity::setRights(other, u"Users"_s, KSecurity::allRights);
     KSecurity::copyRights(m_office.clerk, other);
     QCOMPARE(KSecurity::storedRights(other), KSecurity::storedRights(m_office.clerk));
     QCOMPARE(KSecurity::storedRights(other).size(), 2);
@@ -180,10 +182,10 @@ void TestKSecurity::copyMakesTheSecondUserTheSame()
 
 void TestKSecurity::zeroTakesTheRowOff()
 {
-    KSecurity::setRights(m_office.clerk, QStringLiteral("Persons"), 3);
-    KSecurity::setRights(m_office.clerk, QStringLiteral("Persons"), 0);
+    KSecurity::setRights(m_office.clerk, u"Persons"_s, 3);
+    KSecurity::setRights(m_office.clerk, u"Persons"_s, 0);
     QVERIFY(KSecurity::storedRights(m_office.clerk).isEmpty());
-    KSecurity::setRights(m_office.clerk, QStringLiteral("Persons"), 0);
+    KSecurity::setRights(m_office.clerk, u"Persons"_s, 0);
     QVERIFY(KSecurity::storedRights(m_office.clerk).isEmpty());
 }
 

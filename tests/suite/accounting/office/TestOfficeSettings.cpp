@@ -13,6 +13,8 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestOfficeSettings : public QObject
 {
     Q_OBJECT
@@ -32,20 +34,20 @@ private:
 
 void TestOfficeSettings::init()
 {
-    m_office.database.run(QStringLiteral("DELETE FROM Properties"));
+    m_office.database.run(u"DELETE FROM Properties"_s);
 }
 
 void TestOfficeSettings::nothingStoredGivesTheDefaultsAndTheClock()
 {
     const OfficeSettings settings = OfficeSettings::read();
-    const QDateTime now = QDateTime::fromString(m_office.database.value(QStringLiteral("SELECT NOW()")), Qt::ISODate);
+    const QDateTime now = QDateTime::fromString(m_office.database.value(u"SELECT NOW()"_s), Qt::ISODate);
     QCOMPARE(settings.serverTime().timeSpec(), Qt::UTC);
     QVERIFY(qAbs(settings.serverTime().date().startOfDay().secsTo(now.date().startOfDay())) < 1);
     QVERIFY(!settings.isClosed());
     settings.requireOpen();
     QVERIFY(!settings.isCatalogLocked());
     QVERIFY(!settings.isNaturalPersonByMark());
-    QCOMPARE(settings.moneyUnitName(), QStringLiteral("ریال"));
+    QCOMPARE(settings.moneyUnitName(), u"ریال"_s);
     QCOMPARE(settings.moneyDecimals(), 0);
     QCOMPARE(settings.fiscalYear(), GetShamsi(now.date()).year);
     QCOMPARE(settings.fiscalYearOpeningDate().date(), ConvertToMiladi(settings.fiscalYear(), 1, 1));
@@ -56,18 +58,18 @@ void TestOfficeSettings::everythingComesByOneStatement()
     GetDBSetting()->SetClosedDB(true);
     GetDBSetting()->SetCatalogLocked(true);
     GetDBSetting()->SetNaturalPersonByMark(true);
-    GetDBSetting()->SetMoneyUnitName(QStringLiteral("تومان"));
+    GetDBSetting()->SetMoneyUnitName(u"تومان"_s);
     GetDBSetting()->SetMoneyDecimals(2);
     GetDBSetting()->SetFiscalYear(1404);
     GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2025, 3, 25), QTime(0, 0), Qt::UTC));
-    CTblProperties::DBWriteSetting(LevyRates::section(), QStringLiteral("dPrecentTax"), 6.5);
-    const ObservedStatements observed({QStringLiteral("SELECT")});
+    CTblProperties::DBWriteSetting(LevyRates::section(), u"dPrecentTax"_s, 6.5);
+    const ObservedStatements observed({u"SELECT"_s});
     const OfficeSettings settings = OfficeSettings::read({LevyRates::section()});
     QVERIFY(settings.isClosed());
     QVERIFY_THROWS_EXCEPTION(KAccountingError, settings.requireOpen());
     QVERIFY(settings.isCatalogLocked());
     QVERIFY(settings.isNaturalPersonByMark());
-    QCOMPARE(settings.moneyUnitName(), QStringLiteral("تومان"));
+    QCOMPARE(settings.moneyUnitName(), u"تومان"_s);
     QCOMPARE(settings.moneyDecimals(), 2);
     QCOMPARE(settings.fiscalYear(), 1404);
     QCOMPARE(settings.fiscalYearOpeningDate().date(), QDate(2025, 3, 25));
@@ -78,9 +80,9 @@ void TestOfficeSettings::everythingComesByOneStatement()
 
 void TestOfficeSettings::whatCannotBeIsBroughtIntoItsBounds()
 {
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Money"), QStringLiteral("iDecimals"), 9);
-    CTblProperties::DBWriteSettingInt(QStringLiteral("FiscalYear"), QStringLiteral("iFiscalYear"), -1);
-    CTblProperties::DBWriteSetting(QStringLiteral("FiscalYear"), QStringLiteral("dateOpening"), QStringLiteral("yesterday"));
+    CTblProperties::DBWriteSettingInt(u"Money"_s, u"iDecimals"_s, 9);
+    CTblProperties::DBWriteSettingInt(u"FiscalYear"_s, u"iFiscalYear"_s, -1);
+    CTblProperties::DBWriteSetting(u"FiscalYear"_s, u"dateOpening"_s, u"yesterday"_s);
     const OfficeSettings settings = OfficeSettings::read();
     QCOMPARE(settings.moneyDecimals(), 4);
     QCOMPARE(settings.fiscalYear(), GetShamsi(settings.serverTime().date()).year);
@@ -90,7 +92,7 @@ void TestOfficeSettings::whatCannotBeIsBroughtIntoItsBounds()
 void TestOfficeSettings::laterChangesAreThoseOfTheNextReading()
 {
     const OfficeSettings before = OfficeSettings::read();
-    m_office.database.run(QStringLiteral("INSERT INTO Properties(sSection,sKey,sValue) VALUES('Database','bClosed','1')"));
+    m_office.database.run(u"INSERT INTO Properties(sSection,sKey,sValue) VALUES('Database','bClosed','1')"_s);
     QVERIFY(!before.isClosed());
     QVERIFY(OfficeSettings::read().isClosed());
     QVERIFY(GetDBSetting()->IsClosedDB());
@@ -99,25 +101,25 @@ void TestOfficeSettings::laterChangesAreThoseOfTheNextReading()
 
 void TestOfficeSettings::furtherSectionsKeepTheirKeysApart()
 {
-    CTblProperties::DBWriteSettingInt(QStringLiteral("One's"), QStringLiteral("iDay"), 1);
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Two"), QStringLiteral("iDay"), 2);
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Two"), QStringLiteral("IDAY"), 3);
-    const OfficeSettings settings = OfficeSettings::read({QStringLiteral("One's"), QStringLiteral("Two")});
-    QCOMPARE(settings.integer(QStringLiteral("One's"), QStringLiteral("iDay"), 0), 1);
-    QCOMPARE(settings.integer(QStringLiteral("Two"), QStringLiteral("iDay"), 0), 2);
-    QCOMPARE(settings.integer(QStringLiteral("Two"), QStringLiteral("IDAY"), 0), 3);
-    QCOMPARE(settings.integer(QStringLiteral("two"), QStringLiteral("iDay"), 7), 7);
+    CTblProperties::DBWriteSettingInt(u"One's"_s, u"iDay"_s, 1);
+    CTblProperties::DBWriteSettingInt(u"Two"_s, u"iDay"_s, 2);
+    CTblProperties::DBWriteSettingInt(u"Two"_s, u"IDAY"_s, 3);
+    const OfficeSettings settings = OfficeSettings::read({u"One's"_s, u"Two"_s});
+    QCOMPARE(settings.integer(u"One's"_s, u"iDay"_s, 0), 1);
+    QCOMPARE(settings.integer(u"Two"_s, u"iDay"_s, 0), 2);
+    QCOMPARE(settings.integer(u"Two"_s, u"IDAY"_s, 0), 3);
+    QCOMPARE(settings.integer(u"two"_s, u"iDay"_s, 7), 7);
 }
 
 void TestOfficeSettings::valueOfAnotherKindGivesTheDefault()
 {
-    const QString section = QStringLiteral("One");
-    CTblProperties::DBWriteSetting(section, QStringLiteral("sText"), QStringLiteral("abc"));
+    const QString section = u"One"_s;
+    CTblProperties::DBWriteSetting(section, u"sText"_s, u"abc"_s);
     const OfficeSettings settings = OfficeSettings::read({section});
-    QCOMPARE(settings.number(section, QStringLiteral("sText"), 4.5), 4.5);
-    QCOMPARE(settings.integer(section, QStringLiteral("sText"), 5), 5);
-    QCOMPARE(settings.text(section, QStringLiteral("sText"), {}), QStringLiteral("abc"));
-    QCOMPARE(settings.text(section, QStringLiteral("sOther"), QStringLiteral("x")), QStringLiteral("x"));
+    QCOMPARE(settings.number(section, u"sText"_s, 4.5), 4.5);
+    QCOMPARE(settings.integer(section, u"sText"_s, 5), 5);
+    QCOMPARE(settings.text(section, u"sText"_s, {}), u"abc"_s);
+    QCOMPARE(settings.text(section, u"sOther"_s, u"x"_s), u"x"_s);
 }
 
 static const RegisteredTest<TestOfficeSettings, QCoreApplication> registered;

@@ -11,6 +11,8 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestSuiteSchema : public QObject
 {
     Q_OBJECT
@@ -76,8 +78,8 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable()
     QFETCH(QString, table);
     QFETCH(QString, columns);
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM "
-                                             "information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1'")
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM "
+                              "information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1'"_s
                                   .arg(table)),
              columns);
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
@@ -89,28 +91,28 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("constant");
-    const QString kol = QStringLiteral("HesabKol");
-    const QString moeen = QStringLiteral("HesabMoeen");
+    const QString kol = u"HesabKol"_s;
+    const QString moeen = u"HesabMoeen"_s;
     const auto row = [](const QString &table, int code, int constant, const QString &name) {
         QTest::addRow("%d", code) << table << code << name << constant;
     };
-    row(kol, 1101, Accounts::cashKol, QStringLiteral("صندوق"));
-    row(kol, 1102, Accounts::bankKol, QStringLiteral("بانک"));
-    row(kol, 1103, Accounts::personsKol, QStringLiteral("اشخاص"));
-    row(moeen, 110101, Accounts::cash, QStringLiteral("صندوق"));
-    row(moeen, 110201, Accounts::bank, QStringLiteral("بانک"));
-    row(moeen, 110301, Accounts::persons, QStringLiteral("اشخاص"));
-    row(kol, 4101, Accounts::serviceIncomeKol, QStringLiteral("درآمد خدمات"));
-    row(kol, 6101, Accounts::serviceExpenseKol, QStringLiteral("هزینه خدمات"));
-    row(moeen, 410101, Accounts::serviceIncome, QStringLiteral("درآمد خدمات"));
-    row(moeen, 410102, Accounts::saleDiscount, QStringLiteral("تخفیف فروش خدمات"));
-    row(moeen, 610101, Accounts::serviceExpense, QStringLiteral("هزینه خدمات"));
-    row(moeen, 610102, Accounts::purchaseDiscount, QStringLiteral("تخفیف خرید خدمات"));
-    row(moeen, 410202, Accounts::commissionIncome, QStringLiteral("درآمد کمیسیون"));
-    row(moeen, 610502, Accounts::taxExpense, QStringLiteral("هزینه مالیات ارزش افزوده"));
-    row(moeen, 610503, Accounts::dutyExpense, QStringLiteral("هزینه عوارض"));
-    row(moeen, 210501, Accounts::taxPayable, QStringLiteral("مالیات ارزش افزوده پرداختنی"));
-    row(moeen, 210502, Accounts::dutyPayable, QStringLiteral("عوارض پرداختنی"));
+    row(kol, 1101, Accounts::cashKol, u"صندوق"_s);
+    row(kol, 1102, Accounts::bankKol, u"بانک"_s);
+    row(kol, 1103, Accounts::personsKol, u"اشخاص"_s);
+    row(moeen, 110101, Accounts::cash, u"صندوق"_s);
+    row(moeen, 110201, Accounts::bank, u"بانک"_s);
+    row(moeen, 110301, Accounts::persons, u"اشخاص"_s);
+    row(kol, 4101, Accounts::serviceIncomeKol, u"درآمد خدمات"_s);
+    row(kol, 6101, Accounts::serviceExpenseKol, u"هزینه خدمات"_s);
+    row(moeen, 410101, Accounts::serviceIncome, u"درآمد خدمات"_s);
+    row(moeen, 410102, Accounts::saleDiscount, u"تخفیف فروش خدمات"_s);
+    row(moeen, 610101, Accounts::serviceExpense, u"هزینه خدمات"_s);
+    row(moeen, 610102, Accounts::purchaseDiscount, u"تخفیف خرید خدمات"_s);
+    row(moeen, 410202, Accounts::commissionIncome, u"درآمد کمیسیون"_s);
+    row(moeen, 610502, Accounts::taxExpense, u"هزینه مالیات ارزش افزوده"_s);
+    row(moeen, 610503, Accounts::dutyExpense, u"هزینه عوارض"_s);
+    row(moeen, 210501, Accounts::taxPayable, u"مالیات ارزش افزوده پرداختنی"_s);
+    row(moeen, 210502, Accounts::dutyPayable, u"عوارض پرداختنی"_s);
 }
 
 void TestSuiteSchema::freshDatabaseHoldsTheAccounts()
@@ -120,32 +122,32 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts()
     QFETCH(QString, name);
     QTEST(code, "constant");
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM %1 WHERE iCode=%2").arg(table).arg(code)), name);
+    QCOMPARE(m_database.value(u"SELECT sName FROM %1 WHERE iCode=%2"_s.arg(table).arg(code)), name);
 }
 
 void TestSuiteSchema::everyAccountStandsUnderAGeneralOne()
 {
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen m JOIN HesabKol k ON k.iCode=m.iHesabKolCode "
-                                             "WHERE m.iCode DIV 100=k.iCode")),
-             QStringLiteral("12"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen m JOIN HesabKol k ON k.iCode=m.iHesabKolCode "
+                              "WHERE m.iCode DIV 100=k.iCode"_s),
+             u"12"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"12"_s);
 }
 
 void TestSuiteSchema::balancesHaveTheirKeys()
 {
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(CONCAT(TABLE_NAME,'.',COLUMN_NAME) ORDER BY 1) FROM "
-                                             "information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND SEQ_IN_INDEX=1 AND "
-                                             "CONCAT(TABLE_NAME,'.',COLUMN_NAME) IN ('Docs.iHesabKolCode','Docs.iHesabMoeenCode',"
-                                             "'Docs.iHesabTafsilyCode','Documents.date')")),
-             QStringLiteral("Docs.iHesabKolCode,Docs.iHesabMoeenCode,Docs.iHesabTafsilyCode,Documents.date"));
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(CONCAT(TABLE_NAME,'.',COLUMN_NAME) ORDER BY 1) FROM "
+                              "information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND SEQ_IN_INDEX=1 AND "
+                              "CONCAT(TABLE_NAME,'.',COLUMN_NAME) IN ('Docs.iHesabKolCode','Docs.iHesabMoeenCode',"
+                              "'Docs.iHesabTafsilyCode','Documents.date')"_s),
+             u"Docs.iHesabKolCode,Docs.iHesabMoeenCode,Docs.iHesabTafsilyCode,Documents.date"_s);
 }
 
 void TestSuiteSchema::runTwiceChangesNothing()
 {
-    const QString counts = QStringLiteral("SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM HesabKol),(SELECT COUNT(*) FROM "
-                                          "HesabMoeen),(SELECT COUNT(*) FROM Departments),(SELECT COUNT(*) FROM Properties))");
+    const QString counts = u"SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM HesabKol),(SELECT COUNT(*) FROM "
+                           "HesabMoeen),(SELECT COUNT(*) FROM Departments),(SELECT COUNT(*) FROM Properties))"_s;
     SuiteSchema::upgrade();
     const QString before = m_database.value(counts);
     SuiteSchema::upgrade();
@@ -155,15 +157,15 @@ void TestSuiteSchema::runTwiceChangesNothing()
 void TestSuiteSchema::stepThatStoppedHalfwayIsRunAgain()
 {
     SuiteSchema::upgrade();
-    m_database.run(QStringLiteral("UPDATE HesabKol SET sName='صندوق مرکزی' WHERE iCode=1101"));
-    m_database.run(QStringLiteral("DELETE FROM HesabMoeen WHERE iCode=610503"));
-    m_database.run(QStringLiteral("DROP TABLE Receipts"));
-    m_database.run(QStringLiteral("UPDATE Properties SET sValue='2' WHERE sSection='Schema' AND sKey='Suite'"));
+    m_database.run(u"UPDATE HesabKol SET sName='صندوق مرکزی' WHERE iCode=1101"_s);
+    m_database.run(u"DELETE FROM HesabMoeen WHERE iCode=610503"_s);
+    m_database.run(u"DROP TABLE Receipts"_s);
+    m_database.run(u"UPDATE Properties SET sValue='2' WHERE sSection='Schema' AND sKey='Suite'"_s);
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM Receipts")), QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"12"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     // What the office has changed since stays.
-    QCOMPARE(m_database.value(QStringLiteral("SELECT sName FROM HesabKol WHERE iCode=1101")), QStringLiteral("صندوق مرکزی"));
+    QCOMPARE(m_database.value(u"SELECT sName FROM HesabKol WHERE iCode=1101"_s), u"صندوق مرکزی"_s);
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
 }
 
@@ -185,31 +187,30 @@ void TestSuiteSchema::officeOfAnEarlierProgramKeepsItsRows()
           "INSERT INTO HesabKol(iID,iCode,sName) VALUES(90,4101,'فروش کارت')",
           "INSERT INTO HesabMoeen(iID,iCode,sName,iHesabKolCode) VALUES(91,410101,'کارت',4101)"})
         m_database.run(QString::fromUtf8(statement));
-    const QString rows = QStringLiteral(
-        "SELECT CONCAT_WS('|',(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName2)) FROM Persons),(SELECT GROUP_CONCAT("
-        "CONCAT_WS('/',iID,iNum,iFiscalYear,iKind,date,sDesc,iStatus)) FROM Documents),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,"
-        "iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed,dBes) ORDER BY iID) FROM Docs),(SELECT GROUP_CONCAT(CONCAT_WS("
-        "'/',iID,sName,sLayout)) FROM ReportLayouts),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName)) FROM HesabKol WHERE "
-        "iCode IN (1101,4101)),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName)) FROM HesabMoeen WHERE iCode=410101))");
+    const QString rows = u"SELECT CONCAT_WS('|',(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName2)) FROM Persons),(SELECT GROUP_CONCAT("
+                         "CONCAT_WS('/',iID,iNum,iFiscalYear,iKind,date,sDesc,iStatus)) FROM Documents),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,"
+                         "iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed,dBes) ORDER BY iID) FROM Docs),(SELECT GROUP_CONCAT(CONCAT_WS("
+                         "'/',iID,sName,sLayout)) FROM ReportLayouts),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName)) FROM HesabKol WHERE "
+                         "iCode IN (1101,4101)),(SELECT GROUP_CONCAT(CONCAT_WS('/',iID,iCode,sName)) FROM HesabMoeen WHERE iCode=410101))"_s;
     const QString before = m_database.value(rows);
     SuiteSchema::upgrade();
     QCOMPARE(m_database.value(rows), before);
-    QVERIFY(before.contains(QStringLiteral("90/4101/فروش کارت")));
+    QVERIFY(before.contains(u"90/4101/فروش کارت"_s));
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM HesabMoeen")), QStringLiteral("12"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE "
-                                             "TABLE_SCHEMA=DATABASE() AND TABLE_NAME IN ('Alarms','Services','Factors','FactorStuffs')")),
-             QStringLiteral("Alarms,Factors,FactorStuffs,Services"));
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
-                                             "CONCAT(TABLE_NAME,'.',INDEX_NAME) IN ('Docs.kol','Docs.tafsily','Documents.date')")),
-             QStringLiteral("3"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"12"_s);
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE "
+                              "TABLE_SCHEMA=DATABASE() AND TABLE_NAME IN ('Alarms','Services','Factors','FactorStuffs')"_s),
+             u"Alarms,Factors,FactorStuffs,Services"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
+                              "CONCAT(TABLE_NAME,'.',INDEX_NAME) IN ('Docs.kol','Docs.tafsily','Documents.date')"_s),
+             u"3"_s);
 }
 
 void TestSuiteSchema::databaseOfANewerProgramIsRefused()
 {
     SuiteSchema::upgrade();
     const int newer = SuiteSchema::currentVersion() + 1;
-    CTblProperties::DBWriteSettingInt(QStringLiteral("Schema"), QStringLiteral("Suite"), newer);
+    CTblProperties::DBWriteSettingInt(u"Schema"_s, u"Suite"_s, newer);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, SuiteSchema::upgrade());
     QCOMPARE(SuiteSchema::storedVersion(), newer);
 }
@@ -220,27 +221,27 @@ void TestSuiteSchema::moduleVersionIsKept()
     QCOMPARE(SuiteSchema::moduleVersion(), 0.0);
     SuiteSchema::setModuleVersion(6.211);
     QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
-    QCOMPARE(CTblProperties::DBReadSetting(QStringLiteral("Schema"), QStringLiteral("TzAuto"), 0.0), 6.211);
+    QCOMPARE(CTblProperties::DBReadSetting(u"Schema"_s, u"TzAuto"_s, 0.0), 6.211);
 }
 
 void TestSuiteSchema::fiscalYearIsAddedToContractsOnce()
 {
     SuiteSchema::upgrade();
-    m_database.run(QStringLiteral("CREATE TABLE AutomobilContracts (iID INT NOT NULL AUTO_INCREMENT PRIMARY KEY)"));
-    m_database.run(QStringLiteral("INSERT INTO AutomobilContracts VALUES(7)"));
+    m_database.run(u"CREATE TABLE AutomobilContracts (iID INT NOT NULL AUTO_INCREMENT PRIMARY KEY)"_s);
+    m_database.run(u"INSERT INTO AutomobilContracts VALUES(7)"_s);
     SuiteSchema::afterModuleUpgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts WHERE iID=7")), QStringLiteral("0"));
-    m_database.run(QStringLiteral("UPDATE AutomobilContracts SET iFiscalYear=1405"));
+    QCOMPARE(m_database.value(u"SELECT iFiscalYear FROM AutomobilContracts WHERE iID=7"_s), u"0"_s);
+    m_database.run(u"UPDATE AutomobilContracts SET iFiscalYear=1405"_s);
     SuiteSchema::afterModuleUpgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT iFiscalYear FROM AutomobilContracts")), QStringLiteral("1405"));
+    QCOMPARE(m_database.value(u"SELECT iFiscalYear FROM AutomobilContracts"_s), u"1405"_s);
 }
 
 void TestSuiteSchema::tablesAreUtf8()
 {
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(QStringLiteral("SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE() "
-                                             "AND (ENGINE<>'InnoDB' OR TABLE_COLLATION NOT LIKE 'utf8mb3%')")),
-             QStringLiteral("0"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE() "
+                              "AND (ENGINE<>'InnoDB' OR TABLE_COLLATION NOT LIKE 'utf8mb3%')"_s),
+             u"0"_s);
 }
 
 static const RegisteredTest<TestSuiteSchema, QCoreApplication> registered;

@@ -25,14 +25,16 @@
 #include <QTreeView>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using FormDriver::button;
 using FormDriver::click;
 using FormDriver::field;
 
 namespace {
 
-const QString group = QStringLiteral("گالری اتومبیل");
-const QString name = QStringLiteral("لیست قراردادها");
+const QString group = u"گالری اتومبیل"_s;
+const QString name = u"لیست قراردادها"_s;
 
 // Runs work while the report's window stands open.
 void whileShown(CDlgReportGenerator &generator, const std::function<void()> &work)
@@ -70,7 +72,7 @@ class TestCDlgReportGenerator : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_office.database.run(QStringLiteral("DELETE FROM ReportLayouts"));
+        m_office.database.run(u"DELETE FROM ReportLayouts"_s);
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgYesNo})
             dialog->takeShown();
     }
@@ -81,19 +83,19 @@ private Q_SLOTS:
         whileShown(generator, [&] {
             const int count = generator.pages()->pageCount();
             QVERIFY(count > 3);
-            QVERIFY(generator.windowTitle().contains(QStringLiteral("لیست قراردادها")));
-            QVERIFY(!button(&generator, QStringLiteral("قبلی"))->isEnabled());
-            click(&generator, QStringLiteral("بعدی"));
+            QVERIFY(generator.windowTitle().contains(u"لیست قراردادها"_s));
+            QVERIFY(!button(&generator, u"قبلی"_s)->isEnabled());
+            click(&generator, u"بعدی"_s);
             QCOMPARE(generator.pages()->currentPage(), 1);
-            click(&generator, QStringLiteral("انتها"));
+            click(&generator, u"انتها"_s);
             QCOMPARE(generator.pages()->currentPage(), count - 1);
-            QVERIFY(!button(&generator, QStringLiteral("بعدی"))->isEnabled());
-            auto *page = field<QSpinBox>(&generator, QStringLiteral("صفحه"));
+            QVERIFY(!button(&generator, u"بعدی"_s)->isEnabled());
+            auto *page = field<QSpinBox>(&generator, u"صفحه"_s);
             QCOMPARE(page->value(), count);
             QCOMPARE(page->maximum(), count);
             page->setValue(2);
             QCOMPARE(generator.pages()->currentPage(), 1);
-            click(&generator, QStringLiteral("ابتدا"));
+            click(&generator, u"ابتدا"_s);
             QTest::keyClick(generator.pages(), Qt::Key_PageDown);
             QCOMPARE(page->value(), 2);
             QTest::keyClick(generator.pages(), Qt::Key_End);
@@ -108,7 +110,7 @@ private Q_SLOTS:
         CDlgReportGenerator generator(sampleReport(60));
         whileShown(generator, [&] {
             KWndReportGen *pages = generator.pages();
-            auto *zoom = field<QComboBox>(&generator, QStringLiteral("بزرگنمایی :"));
+            auto *zoom = field<QComboBox>(&generator, u"بزرگنمایی :"_s);
             QCOMPARE(pages->fit(), KWndReportGen::FitWidth);
             QVERIFY2(inkOf(*pages) > 5, qPrintable(QString::number(inkOf(*pages))));
             QCOMPARE(pages->horizontalScrollBar()->maximum(), 0);
@@ -116,10 +118,10 @@ private Q_SLOTS:
                 zoom->setCurrentText(text);
                 Q_EMIT zoom->activated(zoom->currentIndex());
             };
-            choose(QStringLiteral("تمام صفحه"));
+            choose(u"تمام صفحه"_s);
             QCOMPARE(pages->verticalScrollBar()->maximum(), 0);
             const double whole = pages->scale();
-            choose(QStringLiteral("200%"));
+            choose(u"200%"_s);
             QCOMPARE(pages->scale(), 2.0);
             QVERIFY(whole < 2);
             QVERIFY(pages->verticalScrollBar()->maximum() > 0);
@@ -142,10 +144,10 @@ private Q_SLOTS:
         ReportLayout stored = sample.layout();
         stored.columns.resize(2);
         for (const bool isDefault : {false, true}) {
-            CTblReportLayouts::save(group, name, QStringLiteral("کوتاه"), stored, isDefault);
+            CTblReportLayouts::save(group, name, u"کوتاه"_s, stored, isDefault);
             CDlgReportGenerator generator(group, name);
-            generator.SetText(QStringLiteral("Count"), QStringLiteral("تعداد : 2"));
-            generator.SetTable(QStringLiteral("List"), sample.columns(), sample.rows());
+            generator.SetText(u"Count"_s, u"تعداد : 2"_s);
+            generator.SetTable(u"List"_s, sample.columns(), sample.rows());
             QCOMPARE(generator.LoadLayout(), isDefault);
             if (!isDefault)
                 generator.BuildListReport(name);
@@ -160,36 +162,36 @@ private Q_SLOTS:
         const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         ListReport report = sampleReport(1);
         ReportLayout layout = report.layout();
-        layout.columns = {{QStringLiteral("مبلغ"), 30}, {QStringLiteral("رفته"), 0}, {QStringLiteral("نام"), 0}};
+        layout.columns = {{u"مبلغ"_s, 30}, {u"رفته"_s, 0}, {u"نام"_s, 0}};
         model.arrange(report, layout);
         QCOMPARE(model.rowCount(), 5);
-        QCOMPARE(model.chosen(), (QVector<ReportLayout::Column>{{QStringLiteral("مبلغ"), 30}, {QStringLiteral("نام"), 0}}));
+        QCOMPARE(model.chosen(), (QVector<ReportLayout::Column>{{u"مبلغ"_s, 30}, {u"نام"_s, 0}}));
         QCOMPARE(model.move(0, 1), 1);
         QCOMPARE(model.move(1, 10), 1);
         QCOMPARE(model.move(0, -1), 0);
         QVERIFY(model.setData(model.index(4, 0), Qt::Checked, Qt::CheckStateRole));
         model.setShare(0, 250);
-        QCOMPARE(model.chosen(), (QVector<ReportLayout::Column>{{QStringLiteral("نام"), 100}, {QStringLiteral("مبلغ"), 30}, {QStringLiteral("توضیحات"), 0}}));
+        QCOMPARE(model.chosen(), (QVector<ReportLayout::Column>{{u"نام"_s, 100}, {u"مبلغ"_s, 30}, {u"توضیحات"_s, 0}}));
     }
 
     void layoutOfTheFieldsIsWhatWasSet()
     {
         CDlgReportLayout dialog(sampleReport(1));
         QCOMPARE(dialog.layoutOfFields(), sampleReport(1).layout());
-        field<KEdit>(&dialog, QStringLiteral("راست بالا :"))->setText(QStringLiteral("دفتر ما"));
-        field<KEdit>(&dialog, QStringLiteral("چپ پایین :"))->setText(QString());
-        field<KEdit>(&dialog, QStringLiteral("عنوان :"))->setText(QStringLiteral("فهرست"));
-        field<QComboBox>(&dialog, QStringLiteral("جهت کاغذ :"))->setCurrentIndex(1);
-        field<QSpinBox>(&dialog, QStringLiteral("اندازه قلم :"))->setValue(13);
-        click(&dialog, QStringLiteral("پایین"));
-        field<QSpinBox>(&dialog, QStringLiteral("پهنا (درصد) :"))->setValue(25);
+        field<KEdit>(&dialog, u"راست بالا :"_s)->setText(u"دفتر ما"_s);
+        field<KEdit>(&dialog, u"چپ پایین :"_s)->setText(QString());
+        field<KEdit>(&dialog, u"عنوان :"_s)->setText(u"فهرست"_s);
+        field<QComboBox>(&dialog, u"جهت کاغذ :"_s)->setCurrentIndex(1);
+        field<QSpinBox>(&dialog, u"اندازه قلم :"_s)->setValue(13);
+        click(&dialog, u"پایین"_s);
+        field<QSpinBox>(&dialog, u"پهنا (درصد) :"_s)->setValue(25);
         const ReportLayout layout = dialog.layoutOfFields();
-        QCOMPARE(layout.title, QStringLiteral("فهرست"));
-        QCOMPARE(layout.texts, (QMap<QString, QString>{{QStringLiteral("RightTop"), QStringLiteral("دفتر ما")}, {QStringLiteral("LeftBottom"), QString()}}));
+        QCOMPARE(layout.title, u"فهرست"_s);
+        QCOMPARE(layout.texts, (QMap<QString, QString>{{u"RightTop"_s, u"دفتر ما"_s}, {u"LeftBottom"_s, QString()}}));
         QVERIFY(layout.landscape);
         QCOMPARE(layout.fontSize, 13.0);
-        QCOMPARE(layout.columns.at(0).title, QStringLiteral("نام"));
-        QCOMPARE(layout.columns.at(1), (ReportLayout::Column{QStringLiteral("ردیف"), 25}));
+        QCOMPARE(layout.columns.at(0).title, u"نام"_s);
+        QCOMPARE(layout.columns.at(1), (ReportLayout::Column{u"ردیف"_s, 25}));
         dialog.setFields(layout);
         QCOMPARE(dialog.layoutOfFields(), layout);
     }
@@ -197,55 +199,55 @@ private Q_SLOTS:
     void layoutIsSavedByNameLoadedAndDeleted()
     {
         CDlgReportLayout dialog(sampleReport(1));
-        auto *names = field<QComboBox>(&dialog, QStringLiteral("نام قالب :"));
-        field<QSpinBox>(&dialog, QStringLiteral("اندازه قلم :"))->setValue(14);
-        names->setEditText(QStringLiteral("درشت"));
+        auto *names = field<QComboBox>(&dialog, u"نام قالب :"_s);
+        field<QSpinBox>(&dialog, u"اندازه قلم :"_s)->setValue(14);
+        names->setEditText(u"درشت"_s);
         dialog.findChild<QCheckBox *>()->setChecked(true);
-        click(&dialog, QStringLiteral("ذخیره"));
+        click(&dialog, u"ذخیره"_s);
         QVERIFY(dialog.storedChanged());
         QCOMPARE(CTblReportLayouts::load(group, name)->fontSize, 14.0);
 
         // Another window finds it, the default chosen, and its fields follow the chosen name.
         CDlgReportLayout other(sampleReport(1));
-        auto *otherNames = field<QComboBox>(&other, QStringLiteral("نام قالب :"));
-        QCOMPARE(otherNames->currentText(), QStringLiteral("درشت"));
+        auto *otherNames = field<QComboBox>(&other, u"نام قالب :"_s);
+        QCOMPARE(otherNames->currentText(), u"درشت"_s);
         QVERIFY(other.findChild<QCheckBox *>()->isChecked());
         QCOMPARE(other.layoutOfFields().fontSize, 9.0);
-        Q_EMIT otherNames->textActivated(QStringLiteral("درشت"));
+        Q_EMIT otherNames->textActivated(u"درشت"_s);
         QCOMPARE(other.layoutOfFields().fontSize, 14.0);
 
         g_pDlgYesNo->answerNext(KMessageDialog::No);
-        click(&other, QStringLiteral("حذف"));
+        click(&other, u"حذف"_s);
         QCOMPARE(CTblReportLayouts::entries(group, name).size(), 1);
-        click(&other, QStringLiteral("حذف"));
+        click(&other, u"حذف"_s);
         QCOMPARE(CTblReportLayouts::entries(group, name).size(), 0);
         QCOMPARE(otherNames->count(), 0);
-        QVERIFY(!button(&other, QStringLiteral("حذف"))->isEnabled());
+        QVERIFY(!button(&other, u"حذف"_s)->isEnabled());
     }
 
     void savedNameIsReplacedOnlyWhenAgreed()
     {
-        CTblReportLayouts::save(group, name, QStringLiteral("درشت"), sampleReport(1).layout(), false);
+        CTblReportLayouts::save(group, name, u"درشت"_s, sampleReport(1).layout(), false);
         CDlgReportLayout dialog(sampleReport(1));
-        field<QComboBox>(&dialog, QStringLiteral("نام قالب :"))->setEditText(QStringLiteral("درشت"));
-        field<QSpinBox>(&dialog, QStringLiteral("اندازه قلم :"))->setValue(14);
+        field<QComboBox>(&dialog, u"نام قالب :"_s)->setEditText(u"درشت"_s);
+        field<QSpinBox>(&dialog, u"اندازه قلم :"_s)->setValue(14);
         g_pDlgYesNo->answerNext(KMessageDialog::No);
-        click(&dialog, QStringLiteral("ذخیره"));
-        QCOMPARE(CTblReportLayouts::load(group, name, QStringLiteral("درشت"))->fontSize, 9.0);
-        click(&dialog, QStringLiteral("ذخیره"));
-        QCOMPARE(CTblReportLayouts::load(group, name, QStringLiteral("درشت"))->fontSize, 14.0);
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize, 9.0);
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize, 14.0);
     }
 
     void layoutWithoutNameOrColumnsIsRefused()
     {
         CDlgReportLayout dialog(sampleReport(1));
-        click(&dialog, QStringLiteral("ذخیره"));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام قالب را وارد نمایید.")});
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام قالب را وارد نمایید."_s});
         auto *model = dialog.findChild<ReportColumnsModel *>();
         for (int row = 0; row < model->rowCount(); ++row)
             model->setData(model->index(row, 0), Qt::Unchecked, Qt::CheckStateRole);
-        field<QComboBox>(&dialog, QStringLiteral("نام قالب :"))->setEditText(QStringLiteral("تهی"));
-        click(&dialog, QStringLiteral("ذخیره"));
+        field<QComboBox>(&dialog, u"نام قالب :"_s)->setEditText(u"تهی"_s);
+        click(&dialog, u"ذخیره"_s);
         dialog.accept();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 2);
         QCOMPARE(dialog.result(), 0);
@@ -260,10 +262,10 @@ private Q_SLOTS:
             QTimer::singleShot(0, &generator, [] {
                 auto *dialog = qobject_cast<CDlgReportLayout *>(QApplication::activeModalWidget());
                 QVERIFY(dialog);
-                field<QSpinBox>(dialog, QStringLiteral("اندازه قلم :"))->setValue(20);
+                field<QSpinBox>(dialog, u"اندازه قلم :"_s)->setValue(20);
                 dialog->accept();
             });
-            click(&generator, QStringLiteral("چیدمان گزارش"));
+            click(&generator, u"چیدمان گزارش"_s);
             QCOMPARE(generator.report().layout().fontSize, 20.0);
             QVERIFY(generator.pages()->pageCount() > before);
             QVERIFY(CTblReportLayouts::entries(group, name).isEmpty());
@@ -275,23 +277,23 @@ private Q_SLOTS:
         GetDBSetting()->SetClosedDB(true);
         CDlgReportGenerator generator(sampleReport(1));
         GetDBSetting()->SetClosedDB(false);
-        QVERIFY(button(&generator, QStringLiteral("چیدمان گزارش"))->isHidden());
-        QVERIFY(!button(&generator, QStringLiteral("ذخیره PDF"))->isHidden());
+        QVERIFY(button(&generator, u"چیدمان گزارش"_s)->isHidden());
+        QVERIFY(!button(&generator, u"ذخیره PDF"_s)->isHidden());
     }
 
     void databaseClosedMeanwhileKeepsItsLayouts()
     {
-        CTblReportLayouts::save(group, name, QStringLiteral("درشت"), sampleReport(1).layout(), false);
+        CTblReportLayouts::save(group, name, u"درشت"_s, sampleReport(1).layout(), false);
         CDlgReportLayout dialog(sampleReport(1));
         GetDBSetting()->SetClosedDB(true);
-        auto *names = field<QComboBox>(&dialog, QStringLiteral("نام قالب :"));
-        names->setEditText(QStringLiteral("تازه"));
-        click(&dialog, QStringLiteral("ذخیره"));
-        names->setEditText(QStringLiteral("درشت"));
-        click(&dialog, QStringLiteral("حذف"));
+        auto *names = field<QComboBox>(&dialog, u"نام قالب :"_s);
+        names->setEditText(u"تازه"_s);
+        click(&dialog, u"ذخیره"_s);
+        names->setEditText(u"درشت"_s);
+        click(&dialog, u"حذف"_s);
         GetDBSetting()->SetClosedDB(false);
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 QStringList(2, QStringLiteral("این پایگاه داده بسته شده است و تغییر آن ممکن نیست.")));
+                 QStringList(2, u"این پایگاه داده بسته شده است و تغییر آن ممکن نیست."_s));
         QVERIFY(!dialog.storedChanged());
         QCOMPARE(CTblReportLayouts::entries(group, name).size(), 1);
     }
@@ -299,14 +301,14 @@ private Q_SLOTS:
     void longWorkIsStoppedByItsButtonAndLeavesNoFile()
     {
         const ListReport report = sampleReport(5'000);
-        ReportProgressWindow progress(QStringLiteral("در حال نوشتن فایل PDF ..."), nullptr, 0);
+        ReportProgressWindow progress(u"در حال نوشتن فایل PDF ..."_s, nullptr, 0);
         QTimer::singleShot(0, qApp, [] {
             for (QWidget *window : QApplication::topLevelWidgets()) {
                 if (qobject_cast<QProgressDialog *>(window) && window->isVisible())
-                    click(window, QStringLiteral("انصراف"));
+                    click(window, u"انصراف"_s);
             }
         });
-        const QString path = m_office.folder.filePath(QStringLiteral("list.pdf"));
+        const QString path = m_office.folder.filePath(u"list.pdf"_s);
         QVERIFY(!ReportOutput::writePdf(report, path, progress.callback()));
         QVERIFY(!QFile::exists(path));
     }
@@ -314,7 +316,7 @@ private Q_SLOTS:
     void shortWorkShowsNoProgress()
     {
         bool shown = false;
-        ReportProgressWindow progress(QStringLiteral("در حال چاپ ..."), nullptr);
+        ReportProgressWindow progress(u"در حال چاپ ..."_s, nullptr);
         const ReportProgress report = progress.callback();
         for (int i = 0; i < 10; ++i) {
             QTest::qSleep(20);

@@ -12,17 +12,19 @@
 #include <QHeaderView>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString group = QStringLiteral("گالری اتومبیل");
-const QString name = QStringLiteral("لیست قراردادها");
+const QString group = u"گالری اتومبیل"_s;
+const QString name = u"لیست قراردادها"_s;
 
 ReportLayout narrow()
 {
     ReportLayout layout;
-    layout.title = QStringLiteral("[متن گزارش] - [تعداد]");
-    layout.columns = {{QStringLiteral("مبلغ"), 40}, {QStringLiteral("نام"), 0}};
-    layout.texts = {{QStringLiteral("RightTop"), QStringLiteral("دفتر ما")}, {QStringLiteral("LeftBottom"), QString()}};
+    layout.title = u"[متن گزارش] - [تعداد]"_s;
+    layout.columns = {{u"مبلغ"_s, 40}, {u"نام"_s, 0}};
+    layout.texts = {{u"RightTop"_s, u"دفتر ما"_s}, {u"LeftBottom"_s, QString()}};
     layout.landscape = true;
     layout.fontSize = 12;
     return layout;
@@ -37,27 +39,27 @@ class TestListReport : public QObject
     TestOffice m_office;
 
 private Q_SLOTS:
-    void init() { m_office.database.run(QStringLiteral("DELETE FROM ReportLayouts")); }
+    void init() { m_office.database.run(u"DELETE FROM ReportLayouts"_s); }
 
     void standardLayoutShowsEveryColumnWithoutTheSortMark()
     {
         const ListReport report = sampleReport(3);
         QCOMPARE(report.layout().columns.size(), 5);
-        QCOMPARE(report.layout().columns.at(1).title, QStringLiteral("نام"));
+        QCOMPARE(report.layout().columns.at(1).title, u"نام"_s);
         QVERIFY(!report.layout().landscape);
-        QCOMPARE(report.shownTitle(), QStringLiteral("لیست قراردادها"));
-        QCOMPARE(report.shownCorner(QStringLiteral("LeftBottom")), QStringLiteral("تاریخ چاپ : 1405/08/29"));
-        QCOMPARE(report.shownCorner(QStringLiteral("LeftTop")), QString());
-        QCOMPARE(report.shownSummary(), QStringList{QStringLiteral("تعداد : 3")});
+        QCOMPARE(report.shownTitle(), u"لیست قراردادها"_s);
+        QCOMPARE(report.shownCorner(u"LeftBottom"_s), u"تاریخ چاپ : 1405/08/29"_s);
+        QCOMPARE(report.shownCorner(u"LeftTop"_s), QString());
+        QCOMPARE(report.shownSummary(), QStringList{u"تعداد : 3"_s});
     }
 
     void furtherNamedTextsStandBelowTheTableInTheirOrder()
     {
         ListReport report = sampleReport(1);
-        report.setText(QStringLiteral("Amount"), QStringLiteral("جمع : 10"));
-        report.setText(QStringLiteral("Empty"), QString());
-        report.setText(QStringLiteral("Count"), QStringLiteral("تعداد : 7"));
-        QCOMPARE(report.shownSummary(), (QStringList{QStringLiteral("تعداد : 7"), QStringLiteral("جمع : 10")}));
+        report.setText(u"Amount"_s, u"جمع : 10"_s);
+        report.setText(u"Empty"_s, QString());
+        report.setText(u"Count"_s, u"تعداد : 7"_s);
+        QCOMPARE(report.shownSummary(), (QStringList{u"تعداد : 7"_s, u"جمع : 10"_s}));
     }
 
     void wideTableLiesOnThePapersLongSide()
@@ -66,7 +68,7 @@ private Q_SLOTS:
         QVector<KListModel::Column> columns;
         for (int i = 0; i < 8; ++i)
             columns.append({QString::number(i)});
-        report.setTable(QStringLiteral("List"), columns, {});
+        report.setTable(u"List"_s, columns, {});
         report.buildStandard(name);
         QVERIFY(report.layout().landscape);
     }
@@ -86,7 +88,7 @@ private Q_SLOTS:
         QVector<KListModel::Column> titles;
         for (int i = 0; i < columns; ++i)
             titles.append({QString::number(i)});
-        report.setTable(QStringLiteral("List"), titles, {});
+        report.setTable(u"List"_s, titles, {});
         report.buildStandard(name);
         QTEST(report.layout().fontSize, "size");
     }
@@ -94,15 +96,15 @@ private Q_SLOTS:
     void listGivesItsColumnsAsTheUserLeftThem()
     {
         KExtListCtrl list;
-        list.setColumns({{QStringLiteral("یک")}, {QStringLiteral("دو")}, {QStringLiteral("سه")}});
+        list.setColumns({{u"یک"_s}, {u"دو"_s}, {u"سه"_s}});
         list.setSortMark(1);
-        list.setRows({{5, {{QStringLiteral("a")}, {QStringLiteral("b")}, {QStringLiteral("c")}}}});
+        list.setRows({{5, {{u"a"_s}, {u"b"_s}, {u"c"_s}}}});
         list.header()->moveSection(2, 0);
         list.header()->setSectionHidden(0, true);
         ListReport report(group, name);
-        report.setTable(QStringLiteral("List"), &list);
+        report.setTable(u"List"_s, &list);
         report.buildStandard(name);
-        QCOMPARE(report.layout().columns, (QVector<ReportLayout::Column>{{QStringLiteral("سه"), 0}, {QStringLiteral("دو"), 0}}));
+        QCOMPARE(report.layout().columns, (QVector<ReportLayout::Column>{{u"سه"_s, 0}, {u"دو"_s, 0}}));
         QCOMPARE(report.rows().size(), 1);
         QCOMPARE(report.shownColumns().at(1).column, 1);
     }
@@ -110,13 +112,13 @@ private Q_SLOTS:
     void layoutComesBackAsItWasStored()
     {
         QCOMPARE(ReportLayout::fromJson(narrow().toJson()), std::optional(narrow()));
-        CTblReportLayouts::save(group, name, QStringLiteral("باریک"), narrow(), false);
-        QCOMPARE(CTblReportLayouts::load(group, name, QStringLiteral("باریک")), std::optional(narrow()));
+        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), false);
+        QCOMPARE(CTblReportLayouts::load(group, name, u"باریک"_s), std::optional(narrow()));
         ListReport report = sampleReport(9);
-        QVERIFY(report.loadLayout(QStringLiteral("باریک")));
-        QCOMPARE(report.shownTitle(), QStringLiteral("لیست قراردادها - تعداد : 9"));
-        QCOMPARE(report.shownCorner(QStringLiteral("RightTop")), QStringLiteral("دفتر ما"));
-        QCOMPARE(report.shownCorner(QStringLiteral("LeftBottom")), QString());
+        QVERIFY(report.loadLayout(u"باریک"_s));
+        QCOMPARE(report.shownTitle(), u"لیست قراردادها - تعداد : 9"_s);
+        QCOMPARE(report.shownCorner(u"RightTop"_s), u"دفتر ما"_s);
+        QCOMPARE(report.shownCorner(u"LeftBottom"_s), QString());
         QCOMPARE(report.shownColumns().size(), 2);
         QCOMPARE(report.shownColumns().first().column, 2);
     }
@@ -125,40 +127,40 @@ private Q_SLOTS:
     {
         ListReport report = sampleReport(1);
         QVERIFY(!report.loadLayout());
-        CTblReportLayouts::save(group, name, QStringLiteral("باریک"), narrow(), false);
+        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), false);
         QVERIFY(!report.loadLayout());
-        CTblReportLayouts::save(group, name, QStringLiteral("باریک"), narrow(), true);
+        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), true);
         QVERIFY(report.loadLayout());
         QCOMPARE(report.layout(), narrow());
     }
 
     void onlyOneLayoutOfAReportIsTheDefault()
     {
-        CTblReportLayouts::save(group, name, QStringLiteral("یک"), narrow(), true);
-        CTblReportLayouts::save(group, QStringLiteral("دیگری"), QStringLiteral("یک"), narrow(), true);
-        CTblReportLayouts::save(group, name, QStringLiteral("دو"), narrow(), true);
-        QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM ReportLayouts WHERE bDefault=1")),
-                 QStringLiteral("2"));
+        CTblReportLayouts::save(group, name, u"یک"_s, narrow(), true);
+        CTblReportLayouts::save(group, u"دیگری"_s, u"یک"_s, narrow(), true);
+        CTblReportLayouts::save(group, name, u"دو"_s, narrow(), true);
+        QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM ReportLayouts WHERE bDefault=1"_s),
+                 u"2"_s);
         const auto entries = CTblReportLayouts::entries(group, name);
         QCOMPARE(entries.size(), 2);
         for (const auto &entry : entries)
-            QCOMPARE(entry.isDefault, entry.name == QStringLiteral("دو"));
+            QCOMPARE(entry.isDefault, entry.name == u"دو"_s);
     }
 
     void savingUnderTheSameNameReplaces()
     {
-        CTblReportLayouts::save(group, name, QStringLiteral("باریک"), narrow(), true);
+        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), true);
         ReportLayout other = narrow();
         other.fontSize = 7;
-        CTblReportLayouts::save(group, name, QStringLiteral(" باريك "), other, false);
+        CTblReportLayouts::save(group, name, u" باريك "_s, other, false);
         QCOMPARE(CTblReportLayouts::entries(group, name).size(), 1);
-        QCOMPARE(CTblReportLayouts::load(group, name, QStringLiteral("باریک")), std::optional(other));
+        QCOMPARE(CTblReportLayouts::load(group, name, u"باریک"_s), std::optional(other));
         QVERIFY(!CTblReportLayouts::load(group, name));
     }
 
     void quoteInANameIsAText()
     {
-        const QString odd = QStringLiteral("ق'الب\\");
+        const QString odd = u"ق'الب\\"_s;
         CTblReportLayouts::save(group, name, odd, narrow(), false);
         QVERIFY(CTblReportLayouts::load(group, name, odd));
         CTblReportLayouts::remove(group, name, odd);
@@ -167,20 +169,20 @@ private Q_SLOTS:
 
     void layoutWithoutANameIsRefused()
     {
-        QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblReportLayouts::save(group, name, QStringLiteral("  "), narrow(), true));
-        QCOMPARE(m_office.database.value(QStringLiteral("SELECT COUNT(*) FROM ReportLayouts")), QStringLiteral("0"));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblReportLayouts::save(group, name, u"  "_s, narrow(), true));
+        QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM ReportLayouts"_s), u"0"_s);
     }
 
     void layoutOfColumnsThatAreGoneIsNotTaken()
     {
         ReportLayout gone;
-        gone.columns = {{QStringLiteral("ستون قدیمی"), 0}};
-        CTblReportLayouts::save(group, name, QStringLiteral("قدیمی"), gone, true);
+        gone.columns = {{u"ستون قدیمی"_s, 0}};
+        CTblReportLayouts::save(group, name, u"قدیمی"_s, gone, true);
         ListReport report = sampleReport(1);
         QVERIFY(!report.loadLayout());
         QCOMPARE(report.layout().columns.size(), 5);
-        gone.columns.append({QStringLiteral("نام"), 0});
-        CTblReportLayouts::save(group, name, QStringLiteral("قدیمی"), gone, true);
+        gone.columns.append({u"نام"_s, 0});
+        CTblReportLayouts::save(group, name, u"قدیمی"_s, gone, true);
         QVERIFY(report.loadLayout());
         QCOMPARE(report.shownColumns().size(), 1);
     }
@@ -210,9 +212,9 @@ private Q_SLOTS:
 
     void markInAFilledValueIsAText()
     {
-        QCOMPARE(ReportLayout::filled(QStringLiteral("[متن گزارش] [تاریخ]"), QStringLiteral("[تاریخ]"), QStringLiteral("1405/08/29"),
-                                      QStringLiteral("0")),
-                 QStringLiteral("[تاریخ] 1405/08/29"));
+        QCOMPARE(ReportLayout::filled(u"[متن گزارش] [تاریخ]"_s, u"[تاریخ]"_s, u"1405/08/29"_s,
+                                      u"0"_s),
+                 u"[تاریخ] 1405/08/29"_s);
     }
 };
 

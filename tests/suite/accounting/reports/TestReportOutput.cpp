@@ -16,6 +16,8 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What the program prints; its standard error fails the caller's comparison.
@@ -31,10 +33,10 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
 // The text of a PDF page by page, the shaped letters taken back to the ones that were typed.
 QStringList pdfPages(const QString &path)
 {
-    const QByteArray text = outputOf(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+    const QByteArray text = outputOf(u"pdftotext"_s, {u"-layout"_s, path, u"-"_s});
     QString plain = QString::fromUtf8(text).normalized(QString::NormalizationForm_KC);
     // The extraction puts marks of direction in where a blank may have stood.
-    plain.replace(QRegularExpression(QStringLiteral("[\\x{200e}\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}]")), QStringLiteral(" "));
+    plain.replace(QRegularExpression(u"[\\x{200e}\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}]"_s), u" "_s);
     QStringList pages = plain.split(u'\f');
     pages.removeLast(); // behind the last form feed
     return pages;
@@ -86,8 +88,8 @@ QHash<QString, SheetCell> sheetCells(const QByteArray &xml)
         if (!reader.isStartElement())
             continue;
         if (reader.name() == u"c") {
-            reference = reader.attributes().value(QStringLiteral("r")).toString();
-            cells[reference].type = reader.attributes().value(QStringLiteral("t")).toString();
+            reference = reader.attributes().value(u"r"_s).toString();
+            cells[reference].type = reader.attributes().value(u"t"_s).toString();
         } else if (reader.name() == u"v" || reader.name() == u"t") {
             cells[reference].text = reader.readElementText();
         }
@@ -98,9 +100,9 @@ QHash<QString, SheetCell> sheetCells(const QByteArray &xml)
 QByteArray sheetXml(const QString &path)
 {
     static const QString program =
-        QStringLiteral("import sys, zipfile; sys.stdout.buffer.write(zipfile.ZipFile(sys.argv[1]).read(sys.argv[2]))");
-    return outputOf(QStringLiteral("python3"),
-                    {QStringLiteral("-c"), program, path, QStringLiteral("xl/worksheets/sheet1.xml")});
+        u"import sys, zipfile; sys.stdout.buffer.write(zipfile.ZipFile(sys.argv[1]).read(sys.argv[2]))"_s;
+    return outputOf(u"python3"_s,
+                    {u"-c"_s, program, path, u"xl/worksheets/sheet1.xml"_s});
 }
 
 // Asks to stop at that call.
@@ -114,15 +116,15 @@ constexpr int wideColumns = 30;
 // Eight digits that no other cell has.
 QString wideCell(int row, int column)
 {
-    return QStringLiteral("%1%2").arg(column, 2, 10, QChar(u'0')).arg(row, 6, 10, QChar(u'0'));
+    return u"%1%2"_s.arg(column, 2, 10, QChar(u'0')).arg(row, 6, 10, QChar(u'0'));
 }
 
 // More columns than fit across a paper.
 ListReport wideReport(int rowCount)
 {
-    QVector<KListModel::Column> columns{{QStringLiteral("ردیف"), Qt::AlignCenter, 40}};
+    QVector<KListModel::Column> columns{{u"ردیف"_s, Qt::AlignCenter, 40}};
     for (int column = 1; column < wideColumns; ++column)
-        columns.append({QStringLiteral("ستون %1").arg(column), Qt::AlignRight, 80});
+        columns.append({u"ستون %1"_s.arg(column), Qt::AlignRight, 80});
     QVector<KListModel::Row> rows;
     for (int row = 1; row <= rowCount; ++row) {
         KListModel::Row cells{row, {{QString::number(row), row}}};
@@ -130,10 +132,10 @@ ListReport wideReport(int rowCount)
             cells.cells.append({wideCell(row, column)});
         rows.append(cells);
     }
-    ListReport report(QStringLiteral("گالری اتومبیل"), QStringLiteral("پهن"));
-    report.setText(QStringLiteral("Count"), QStringLiteral("تعداد : %1").arg(rowCount));
-    report.setTable(QStringLiteral("List"), columns, rows);
-    report.buildStandard(QStringLiteral("پهن"));
+    ListReport report(u"گالری اتومبیل"_s, u"پهن"_s);
+    report.setText(u"Count"_s, u"تعداد : %1"_s.arg(rowCount));
+    report.setTable(u"List"_s, columns, rows);
+    report.buildStandard(u"پهن"_s);
     return report;
 }
 
@@ -161,31 +163,31 @@ private Q_SLOTS:
         ReportPainter painter(report);
         QVERIFY(painter.layOut());
         QVERIFY(painter.pageCount() > 3);
-        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
-        const QStringList pages = pdfPages(path(QStringLiteral("a.pdf")));
+        QVERIFY(ReportOutput::writePdf(report, path(u"a.pdf"_s)));
+        const QStringList pages = pdfPages(path(u"a.pdf"_s));
         QCOMPARE(pages.size(), painter.pageCount());
         for (int page = 0; page < pages.size(); ++page) {
-            for (const QString &text : {QStringLiteral("لیست قراردادها"), QStringLiteral("ردیف"), QStringLiteral("توضیحات"),
-                                        QStringLiteral("نمایشگاه نمونه"), QStringLiteral("تاریخ چاپ"), QStringLiteral("1405/08/29"),
-                                        QStringLiteral("صفحه %1 از %2").arg(page + 1).arg(pages.size())})
-                QVERIFY2(holds(pages.at(page), text), qPrintable(QStringLiteral("%1: %2\n%3").arg(page).arg(text, pages.at(page))));
-            QCOMPARE(holds(pages.at(page), QStringLiteral("تعداد : 200")), page == pages.size() - 1);
+            for (const QString &text : {u"لیست قراردادها"_s, u"ردیف"_s, u"توضیحات"_s,
+                                        u"نمایشگاه نمونه"_s, u"تاریخ چاپ"_s, u"1405/08/29"_s,
+                                        u"صفحه %1 از %2"_s.arg(page + 1).arg(pages.size())})
+                QVERIFY2(holds(pages.at(page), text), qPrintable(u"%1: %2\n%3"_s.arg(page).arg(text, pages.at(page))));
+            QCOMPARE(holds(pages.at(page), u"تعداد : 200"_s), page == pages.size() - 1);
         }
         const QString whole = pages.join(u'\n');
         for (int row = 1; row <= 200; ++row) {
-            const QString text = QStringLiteral("%1 خریدار شماره %1 %2").arg(row).arg(DToMoney(1'250'000.0 * row));
+            const QString text = u"%1 خریدار شماره %1 %2"_s.arg(row).arg(DToMoney(1'250'000.0 * row));
             QVERIFY2(holds(whole, text), qPrintable(text));
         }
     }
 
     void emptyListIsOnePageWithItsHead()
     {
-        QVERIFY(ReportOutput::writePdf(sampleReport(0), path(QStringLiteral("a.pdf"))));
-        const QStringList pages = pdfPages(path(QStringLiteral("a.pdf")));
+        QVERIFY(ReportOutput::writePdf(sampleReport(0), path(u"a.pdf"_s)));
+        const QStringList pages = pdfPages(path(u"a.pdf"_s));
         QCOMPARE(pages.size(), 1);
-        QVERIFY(holds(pages.first(), QStringLiteral("صفحه 1 از 1")));
-        QVERIFY(holds(pages.first(), QStringLiteral("تعداد : 0")));
-        QVERIFY(holds(pages.first(), QStringLiteral("ردیف")));
+        QVERIFY(holds(pages.first(), u"صفحه 1 از 1"_s));
+        QVERIFY(holds(pages.first(), u"تعداد : 0"_s));
+        QVERIFY(holds(pages.first(), u"ردیف"_s));
     }
 
     void longTextIsWrappedAndNothingOfItIsLost()
@@ -193,17 +195,17 @@ private Q_SLOTS:
         ListReport report = sampleReport(2);
         QStringList words;
         for (int i = 0; i < 2'500; ++i)
-            words << QStringLiteral("w%1").arg(i);
+            words << u"w%1"_s.arg(i);
         QVector<KListModel::Row> rows = report.rows();
         rows[0].cells[4].text = words.join(u' ');
-        report.setTable(QStringLiteral("List"), report.columns(), rows);
+        report.setTable(u"List"_s, report.columns(), rows);
         ReportPainter painter(report);
         QVERIFY(painter.layOut());
         QVERIFY2(painter.pageCount() > 1, "a row longer than a page goes on");
-        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
-        const QString text = pdfPages(path(QStringLiteral("a.pdf"))).join(u' ');
+        QVERIFY(ReportOutput::writePdf(report, path(u"a.pdf"_s)));
+        const QString text = pdfPages(path(u"a.pdf"_s)).join(u' ');
         for (const QString &word : std::as_const(words))
-            QVERIFY2(text.contains(QRegularExpression(QStringLiteral("\\b%1\\b").arg(word))), qPrintable(word));
+            QVERIFY2(text.contains(QRegularExpression(u"\\b%1\\b"_s.arg(word))), qPrintable(word));
     }
 
     void tableThatIsTooWideGoesOnOverTheNextSheet()
@@ -212,8 +214,8 @@ private Q_SLOTS:
         const ListReport report = wideReport(rowCount);
         ReportPainter painter(report);
         QVERIFY(painter.layOut());
-        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
-        const QStringList pages = pdfPages(path(QStringLiteral("a.pdf")));
+        QVERIFY(ReportOutput::writePdf(report, path(u"a.pdf"_s)));
+        const QStringList pages = pdfPages(path(u"a.pdf"_s));
         QCOMPARE(pages.size(), painter.pageCount());
         for (int row = 1; row <= rowCount; ++row) {
             QList<qsizetype> first;
@@ -228,19 +230,19 @@ private Q_SLOTS:
                 QVERIFY2(rest.contains(wideCell(row, column)), qPrintable(wideCell(row, column)));
         }
         for (const QString &page : pages)
-            QVERIFY2(holds(page, QStringLiteral("ردیف")), qPrintable(page));
+            QVERIFY2(holds(page, u"ردیف"_s), qPrintable(page));
     }
 
     void noSheetOfAWideTableIsEmpty()
     {
         bool summaryStoodAlone = false;
         for (int rowCount = 20; rowCount < 60; ++rowCount) {
-            QVERIFY(ReportOutput::writePdf(wideReport(rowCount), path(QStringLiteral("a.pdf"))));
-            const QStringList pages = pdfPages(path(QStringLiteral("a.pdf")));
+            QVERIFY(ReportOutput::writePdf(wideReport(rowCount), path(u"a.pdf"_s)));
+            const QStringList pages = pdfPages(path(u"a.pdf"_s));
             for (const QString &page : pages) {
-                const bool hasRows = page.contains(QRegularExpression(QStringLiteral("\\b[0-9]{8}\\b")));
-                const bool hasSummary = holds(page, QStringLiteral("تعداد : %1").arg(rowCount));
-                QVERIFY2(hasRows || hasSummary, qPrintable(QStringLiteral("%1 rows:\n%2").arg(rowCount).arg(page)));
+                const bool hasRows = page.contains(QRegularExpression(u"\\b[0-9]{8}\\b"_s));
+                const bool hasSummary = holds(page, u"تعداد : %1"_s.arg(rowCount));
+                QVERIFY2(hasRows || hasSummary, qPrintable(u"%1 rows:\n%2"_s.arg(rowCount).arg(page)));
                 QCOMPARE(hasSummary, &page == &pages.last());
                 summaryStoodAlone = summaryStoodAlone || !hasRows;
             }
@@ -252,7 +254,7 @@ private Q_SLOTS:
     {
         ListReport report = sampleReport(5);
         ReportLayout layout = report.layout();
-        layout.columns = {{QStringLiteral("توضیحات"), 0}, {QStringLiteral("نام"), 50}};
+        layout.columns = {{u"توضیحات"_s, 0}, {u"نام"_s, 50}};
         layout.landscape = true;
         report.setLayout(layout);
         ReportPainter painter(report);
@@ -260,45 +262,45 @@ private Q_SLOTS:
         QVERIFY(painter.paperSize().width() > painter.paperSize().height());
         const double width = painter.columnWidths().at(0) + painter.columnWidths().at(1);
         QCOMPARE(painter.columnWidths().at(1), width / 2);
-        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
+        QVERIFY(ReportOutput::writePdf(report, path(u"a.pdf"_s)));
         // The extraction keeps what stands left on the paper left in its line.
-        const QString page = pdfPages(path(QStringLiteral("a.pdf"))).first();
-        const QRegularExpression titles(QStringLiteral("نام +توضیحات"));
+        const QString page = pdfPages(path(u"a.pdf"_s)).first();
+        const QRegularExpression titles(u"نام +توضیحات"_s);
         QVERIFY2(page.contains(titles), qPrintable(page));
-        QVERIFY(page.contains(QRegularExpression(QStringLiteral("خریدار.* تحویل"))));
-        QVERIFY(!page.contains(QStringLiteral("مبلغ")));
+        QVERIFY(page.contains(QRegularExpression(u"خریدار.* تحویل"_s)));
+        QVERIFY(!page.contains(u"مبلغ"_s));
     }
 
     void codesReadFromLeftToRightLettersToo()
     {
-        const QString plate = QStringLiteral("12 ب 345 ایران 67");
+        const QString plate = u"12 ب 345 ایران 67"_s;
         const auto firstPage = [](bool isCode, const QString &text) {
-            ListReport report(QStringLiteral("g"), QStringLiteral("r"));
-            report.setTable(QStringLiteral("List"), {{QStringLiteral("پلاک"), Qt::AlignCenter, 80, {}, false, isCode}}, {{1, {{text}}}});
-            report.buildStandard(QStringLiteral("عنوان"));
+            ListReport report(u"g"_s, u"r"_s);
+            report.setTable(u"List"_s, {{u"پلاک"_s, Qt::AlignCenter, 80, {}, false, isCode}}, {{1, {{text}}}});
+            report.buildStandard(u"عنوان"_s);
             return firstPageOf(report);
         };
         // As a text that is turned round by hand.
-        QCOMPARE(firstPage(true, plate), firstPage(false, QStringLiteral("67 ایران 345 ب 12")));
+        QCOMPARE(firstPage(true, plate), firstPage(false, u"67 ایران 345 ب 12"_s));
         QVERIFY(firstPage(true, plate) != firstPage(false, plate));
     }
 
     void wordsOfCrowdedColumnsStayWhole()
     {
-        const QStringList words{QStringLiteral("ردیف"), QStringLiteral("فروشنده"), QStringLiteral("خریدار"), QStringLiteral("توضیحات"),
-                                QStringLiteral("بایگانی"), QStringLiteral("انقضاء"), QStringLiteral("سند"), QStringLiteral("تاریخ"),
-                                QStringLiteral("مبلغ"), QStringLiteral("شماره")};
+        const QStringList words{u"ردیف"_s, u"فروشنده"_s, u"خریدار"_s, u"توضیحات"_s,
+                                u"بایگانی"_s, u"انقضاء"_s, u"سند"_s, u"تاریخ"_s,
+                                u"مبلغ"_s, u"شماره"_s};
         QVector<KListModel::Column> columns;
         KListModel::Row row{1, {}};
         for (const QString &word : words) {
             columns.append({word, Qt::AlignRight});
-            row.cells.append({QStringLiteral("تحویل خودرو پس از تسویه کامل حساب ") + word});
+            row.cells.append({u"تحویل خودرو پس از تسویه کامل حساب "_s + word});
         }
-        ListReport report(QStringLiteral("g"), QStringLiteral("r"));
-        report.setTable(QStringLiteral("List"), columns, {row});
-        report.buildStandard(QStringLiteral("عنوان"));
-        QVERIFY(ReportOutput::writePdf(report, path(QStringLiteral("a.pdf"))));
-        const QString page = pdfPages(path(QStringLiteral("a.pdf"))).first().simplified();
+        ListReport report(u"g"_s, u"r"_s);
+        report.setTable(u"List"_s, columns, {row});
+        report.buildStandard(u"عنوان"_s);
+        QVERIFY(ReportOutput::writePdf(report, path(u"a.pdf"_s)));
+        const QString page = pdfPages(path(u"a.pdf"_s)).first().simplified();
         for (const QString &word : words)
             QVERIFY2(page.split(u' ').count(word) == 2, qPrintable(word + u'\n' + page));
     }
@@ -307,68 +309,68 @@ private Q_SLOTS:
     {
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(path(QStringLiteral("printed.pdf")));
+        printer.setOutputFileName(path(u"printed.pdf"_s));
         printer.setFromTo(2, 3);
         const ListReport report = sampleReport(200);
         ReportPainter painter(report);
         QVERIFY(painter.layOut());
         QVERIFY(ReportOutput::print(report, printer));
-        const QStringList pages = pdfPages(path(QStringLiteral("printed.pdf")));
+        const QStringList pages = pdfPages(path(u"printed.pdf"_s));
         QCOMPARE(pages.size(), 2);
-        QVERIFY(holds(pages.first(), QStringLiteral("صفحه 2 از %1").arg(painter.pageCount())));
-        QVERIFY(holds(pages.last(), QStringLiteral("صفحه 3 از %1").arg(painter.pageCount())));
+        QVERIFY(holds(pages.first(), u"صفحه 2 از %1"_s.arg(painter.pageCount())));
+        QVERIFY(holds(pages.last(), u"صفحه 3 از %1"_s.arg(painter.pageCount())));
     }
 
     void spreadsheetHoldsNumbersTextsAndDates()
     {
-        QVERIFY(ReportOutput::writeSpreadsheet(sampleReport(300), path(QStringLiteral("a.xlsx"))));
-        const QByteArray xml = sheetXml(path(QStringLiteral("a.xlsx")));
+        QVERIFY(ReportOutput::writeSpreadsheet(sampleReport(300), path(u"a.xlsx"_s)));
+        const QByteArray xml = sheetXml(path(u"a.xlsx"_s));
         const QHash<QString, SheetCell> cells = sheetCells(xml);
         QStringList titles;
-        for (const QChar column : QStringLiteral("ABCDEF"))
+        for (const QChar column : u"ABCDEF"_s)
             titles << cells.value(QString(column) + u'1').text;
-        QCOMPARE(titles, (QStringList{QStringLiteral("ردیف"), QStringLiteral("نام"), QStringLiteral("مبلغ"), QStringLiteral("تاریخ"), QStringLiteral("توضیحات"), QStringLiteral("تاریخ (میلادی)")}));
-        QCOMPARE(cells.value(QStringLiteral("A301")).type, QString());
-        QCOMPARE(cells.value(QStringLiteral("A301")).text, QStringLiteral("300"));
-        QCOMPARE(cells.value(QStringLiteral("B301")).type, QStringLiteral("inlineStr"));
-        QCOMPARE(cells.value(QStringLiteral("B301")).text, QStringLiteral("خریدار شماره 300"));
-        QCOMPARE(cells.value(QStringLiteral("C301")).type, QString());
-        QCOMPARE(cells.value(QStringLiteral("C301")).text.toDouble(), 375'000'000.0);
-        QCOMPARE(cells.value(QStringLiteral("D2")).text, QStringLiteral("1405/08/29"));
-        QCOMPARE(cells.value(QStringLiteral("F2")).type, QString());
+        QCOMPARE(titles, (QStringList{u"ردیف"_s, u"نام"_s, u"مبلغ"_s, u"تاریخ"_s, u"توضیحات"_s, u"تاریخ (میلادی)"_s}));
+        QCOMPARE(cells.value(u"A301"_s).type, QString());
+        QCOMPARE(cells.value(u"A301"_s).text, u"300"_s);
+        QCOMPARE(cells.value(u"B301"_s).type, u"inlineStr"_s);
+        QCOMPARE(cells.value(u"B301"_s).text, u"خریدار شماره 300"_s);
+        QCOMPARE(cells.value(u"C301"_s).type, QString());
+        QCOMPARE(cells.value(u"C301"_s).text.toDouble(), 375'000'000.0);
+        QCOMPARE(cells.value(u"D2"_s).text, u"1405/08/29"_s);
+        QCOMPARE(cells.value(u"F2"_s).type, QString());
         // 2026-11-20 in days of a spreadsheet.
-        QCOMPARE(cells.value(QStringLiteral("F2")).text.toDouble(), 46346.0);
-        QVERIFY(!cells.contains(QStringLiteral("E3")));
-        QVERIFY(!cells.contains(QStringLiteral("A302")));
+        QCOMPARE(cells.value(u"F2"_s).text.toDouble(), 46346.0);
+        QVERIFY(!cells.contains(u"E3"_s));
+        QVERIFY(!cells.contains(u"A302"_s));
         QVERIFY(xml.contains("rightToLeft=\"1\""));
         QVERIFY(xml.contains("state=\"frozen\""));
         QVERIFY(xml.contains("ySplit=\"1\""));
         QVERIFY(xml.contains("<cols>"));
-        QCOMPARE(files(), QStringList{QStringLiteral("a.xlsx")});
+        QCOMPARE(files(), QStringList{u"a.xlsx"_s});
     }
 
     void spreadsheetFollowsTheLayoutsColumns()
     {
         ListReport report = sampleReport(1);
         ReportLayout layout = report.layout();
-        layout.columns = {{QStringLiteral("مبلغ"), 0}, {QStringLiteral("ردیف"), 0}};
+        layout.columns = {{u"مبلغ"_s, 0}, {u"ردیف"_s, 0}};
         report.setLayout(layout);
-        QVERIFY(ReportOutput::writeSpreadsheet(report, path(QStringLiteral("a.xlsx"))));
-        const QHash<QString, SheetCell> cells = sheetCells(sheetXml(path(QStringLiteral("a.xlsx"))));
+        QVERIFY(ReportOutput::writeSpreadsheet(report, path(u"a.xlsx"_s)));
+        const QHash<QString, SheetCell> cells = sheetCells(sheetXml(path(u"a.xlsx"_s)));
         QCOMPARE(cells.size(), 4);
-        QCOMPARE(cells.value(QStringLiteral("A1")).text, QStringLiteral("مبلغ"));
-        QCOMPARE(cells.value(QStringLiteral("B2")).text, QStringLiteral("1"));
+        QCOMPARE(cells.value(u"A1"_s).text, u"مبلغ"_s);
+        QCOMPARE(cells.value(u"B2"_s).text, u"1"_s);
     }
 
     void textThatLooksLikeAFormulaStaysAText()
     {
-        ListReport report(QStringLiteral("g"), QStringLiteral("a/b*c?[d]"));
-        report.setTable(QStringLiteral("List"), {{QStringLiteral("متن")}}, {{1, {{QStringLiteral("=1+1")}}}});
-        report.buildStandard(QStringLiteral("a/b*c?[d] : یک عنوان بسیار بلند برای یک برگه"));
-        QVERIFY(ReportOutput::writeSpreadsheet(report, path(QStringLiteral("a.xlsx"))));
-        const SheetCell cell = sheetCells(sheetXml(path(QStringLiteral("a.xlsx")))).value(QStringLiteral("A2"));
-        QCOMPARE(cell.type, QStringLiteral("inlineStr"));
-        QCOMPARE(cell.text, QStringLiteral("=1+1"));
+        ListReport report(u"g"_s, u"a/b*c?[d]"_s);
+        report.setTable(u"List"_s, {{u"متن"_s}}, {{1, {{u"=1+1"_s}}}});
+        report.buildStandard(u"a/b*c?[d] : یک عنوان بسیار بلند برای یک برگه"_s);
+        QVERIFY(ReportOutput::writeSpreadsheet(report, path(u"a.xlsx"_s)));
+        const SheetCell cell = sheetCells(sheetXml(path(u"a.xlsx"_s))).value(u"A2"_s);
+        QCOMPARE(cell.type, u"inlineStr"_s);
+        QCOMPARE(cell.text, u"=1+1"_s);
     }
 
     void stoppedWorkLeavesWhatStoodThere_data()
@@ -389,38 +391,38 @@ private Q_SLOTS:
         const ListReport report = sampleReport(2'000);
         const auto write = sheet ? &ReportOutput::writeSpreadsheet : &ReportOutput::writePdf;
         int calls = 0;
-        QVERIFY(!write(report, path(QStringLiteral("new")), stopAt(call, &calls)));
+        QVERIFY(!write(report, path(u"new"_s), stopAt(call, &calls)));
         QCOMPARE(calls, call);
         QCOMPARE(files(), QStringList());
 
-        QFile old(path(QStringLiteral("old")));
+        QFile old(path(u"old"_s));
         QVERIFY(old.open(QIODevice::WriteOnly));
         old.write("before");
         old.close();
         calls = 0;
         QVERIFY(!write(report, old.fileName(), stopAt(call, &calls)));
-        QCOMPARE(files(), QStringList{QStringLiteral("old")});
+        QCOMPARE(files(), QStringList{u"old"_s});
         QVERIFY(old.open(QIODevice::ReadOnly));
         QCOMPARE(old.readAll(), QByteArray("before"));
     }
 
     void fileIsReplacedWhenTheNewOneIsWhole()
     {
-        for (const QString &name : {QStringLiteral("a.pdf"), QStringLiteral("a.xlsx")}) {
+        for (const QString &name : {u"a.pdf"_s, u"a.xlsx"_s}) {
             QFile old(path(name));
             QVERIFY(old.open(QIODevice::WriteOnly));
             old.write("before");
         }
-        QVERIFY(ReportOutput::writePdf(sampleReport(3), path(QStringLiteral("a.pdf"))));
-        QVERIFY(ReportOutput::writeSpreadsheet(sampleReport(3), path(QStringLiteral("a.xlsx"))));
-        QCOMPARE(pdfPages(path(QStringLiteral("a.pdf"))).size(), 1);
-        QVERIFY(sheetXml(path(QStringLiteral("a.xlsx"))).startsWith("<?xml"));
+        QVERIFY(ReportOutput::writePdf(sampleReport(3), path(u"a.pdf"_s)));
+        QVERIFY(ReportOutput::writeSpreadsheet(sampleReport(3), path(u"a.xlsx"_s)));
+        QCOMPARE(pdfPages(path(u"a.pdf"_s)).size(), 1);
+        QVERIFY(sheetXml(path(u"a.xlsx"_s)).startsWith("<?xml"));
         QCOMPARE(files().size(), 2);
     }
 
     void folderThatIsNotThereIsToldOf()
     {
-        const QString nowhere = path(QStringLiteral("none/a"));
+        const QString nowhere = path(u"none/a"_s);
         QVERIFY_THROWS_EXCEPTION(KAccountingError, (void)ReportOutput::writePdf(sampleReport(1), nowhere));
         QVERIFY_THROWS_EXCEPTION(KAccountingError, (void)ReportOutput::writeSpreadsheet(sampleReport(1), nowhere));
     }
@@ -429,7 +431,7 @@ private Q_SLOTS:
     {
         int last = -1;
         bool grows = true;
-        QVERIFY(ReportOutput::writeSpreadsheet(sampleReport(2'000), path(QStringLiteral("a.xlsx")), [&](int done, int total) {
+        QVERIFY(ReportOutput::writeSpreadsheet(sampleReport(2'000), path(u"a.xlsx"_s), [&](int done, int total) {
             grows = grows && done > last && total == 2'000;
             last = done;
             return true;

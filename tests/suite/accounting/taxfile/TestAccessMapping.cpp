@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QByteArray good = R"({"tables": [
@@ -28,7 +30,7 @@ class TestAccessMapping : public QObject
 
     QString written(const QByteArray &content)
     {
-        const QString path = m_folder.filePath(QStringLiteral("TTMS.mapping.json"));
+        const QString path = m_folder.filePath(u"TTMS.mapping.json"_s);
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             qFatal("not written");
@@ -39,18 +41,18 @@ private Q_SLOTS:
     void tablesAndFieldsKeepTheirOrder()
     {
         const AccessMapping mapping = AccessMapping::read(written(good));
-        const AccessMapping::Table &table = mapping.table(QStringLiteral("Foroush"));
-        QCOMPARE(table.name, QStringLiteral("جدول"));
+        const AccessMapping::Table &table = mapping.table(u"Foroush"_s);
+        QCOMPARE(table.name, u"جدول"_s);
         QCOMPARE(table.fields.size(), 2);
-        QCOMPARE(table.fields.at(0).value, QStringLiteral("guid"));
-        QCOMPARE(table.fields.at(1).name, QStringLiteral("فصل"));
-        QCOMPARE(mapping.table(QStringLiteral("Kharid")).name, QStringLiteral("Buy"));
-        QVERIFY_THROWS_EXCEPTION(KAccountingError, mapping.table(QStringLiteral("foroush")));
+        QCOMPARE(table.fields.at(0).value, u"guid"_s);
+        QCOMPARE(table.fields.at(1).name, u"فصل"_s);
+        QCOMPARE(mapping.table(u"Kharid"_s).name, u"Buy"_s);
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, mapping.table(u"foroush"_s));
     }
 
     void theBuiltOneHasTheFiveTables()
     {
-        const AccessMapping mapping = AccessMapping::read(QStringLiteral(TZ_BUILT_MODULES "/TTMS.mapping.json"));
+        const AccessMapping mapping = AccessMapping::read(u"" TZ_BUILT_MODULES "/TTMS.mapping.json"_s);
         for (const char *role : {"Moshakhasat", "Foroush", "Foroush_Detail", "Kharid", "Kharid_Detail"})
             QVERIFY(!mapping.table(QString::fromLatin1(role)).fields.isEmpty());
     }
@@ -59,16 +61,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("words");
-        const QString structure = QStringLiteral("ساختار آن درست نیست");
+        const QString structure = u"ساختار آن درست نیست"_s;
         QTest::newRow("empty") << QByteArray() << structure;
         QTest::newRow("no JSON") << good.chopped(1) << structure;
         QTest::newRow("larger than any mapping") << good + QByteArray(2 << 20, ' ') << structure;
-        QTest::newRow("no role") << QByteArray(good).replace("\"Foroush\"", "\"\"") << QStringLiteral("«role»");
-        QTest::newRow("number for a name") << QByteArray(good).replace("\"Buy\"", "5") << QStringLiteral("«name»");
-        QTest::newRow("no name of a field") << QByteArray(good).replace("\"ID\"", "null") << QStringLiteral("«name»");
-        QTest::newRow("role twice") << QByteArray(good).replace("\"Kharid\"", "\"Foroush\"") << QStringLiteral("«Foroush»");
-        QTest::newRow("value twice") << QByteArray(good).replace("\"season\"", "\"guid\"") << QStringLiteral("«guid»");
-        QTest::newRow("field twice, in another case") << QByteArray(good).replace("فصل", "id") << QStringLiteral("«id»");
+        QTest::newRow("no role") << QByteArray(good).replace("\"Foroush\"", "\"\"") << u"«role»"_s;
+        QTest::newRow("number for a name") << QByteArray(good).replace("\"Buy\"", "5") << u"«name»"_s;
+        QTest::newRow("no name of a field") << QByteArray(good).replace("\"ID\"", "null") << u"«name»"_s;
+        QTest::newRow("role twice") << QByteArray(good).replace("\"Kharid\"", "\"Foroush\"") << u"«Foroush»"_s;
+        QTest::newRow("value twice") << QByteArray(good).replace("\"season\"", "\"guid\"") << u"«guid»"_s;
+        QTest::newRow("field twice, in another case") << QByteArray(good).replace("فصل", "id") << u"«id»"_s;
     }
 
     void whatIsWrongIsSaid()
@@ -81,12 +83,12 @@ private Q_SLOTS:
         } catch (const KAccountingError &error) {
             message = error.userMessage();
         }
-        QVERIFY2(message.contains(words) && message.contains(QStringLiteral("TTMS.mapping.json")), qPrintable(message));
+        QVERIFY2(message.contains(words) && message.contains(u"TTMS.mapping.json"_s), qPrintable(message));
     }
 
     void missingFileIsNamed()
     {
-        QVERIFY_THROWS_EXCEPTION(KAccountingError, AccessMapping::read(m_folder.filePath(QStringLiteral("none.json"))));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, AccessMapping::read(m_folder.filePath(u"none.json"_s)));
     }
 };
 

@@ -15,16 +15,18 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString modules = QStringLiteral(TZ_BUILT_MODULES);
-const QString heads = QStringLiteral("Foroush");
+const QString modules = u"" TZ_BUILT_MODULES ""_s;
+const QString heads = u"Foroush"_s;
 
 // Sends the signal; false when there is no such process.
 bool signalled(qint64 process, const QString &signal)
 {
     QProcess kill;
-    kill.start(QStringLiteral("kill"), {u'-' + signal, QString::number(process)});
+    kill.start(u"kill"_s, {u'-' + signal, QString::number(process)});
     return kill.waitForFinished() && kill.exitCode() == 0;
 }
 
@@ -47,15 +49,15 @@ class TestKRecordset : public QObject
 
     std::unique_ptr<QTemporaryDir> m_folder;
 
-    QString path() const { return m_folder->filePath(QStringLiteral("file.mdb")); }
+    QString path() const { return m_folder->filePath(u"file.mdb"_s); }
 
     // The module's folder with a mapping changed by replacing a text in it.
     QString changedModules(const QByteArray &text, const QByteArray &by)
     {
-        const QString folder = m_folder->filePath(QStringLiteral("modules"));
-        QFile original(modules + QStringLiteral("/TTMS.mapping.json"));
-        QFile changed(folder + QStringLiteral("/TTMS.mapping.json"));
-        if (!QDir().mkpath(folder) || !QFile::link(modules + QStringLiteral("/taxfile"), folder + QStringLiteral("/taxfile"))
+        const QString folder = m_folder->filePath(u"modules"_s);
+        QFile original(modules + u"/TTMS.mapping.json"_s);
+        QFile changed(folder + u"/TTMS.mapping.json"_s);
+        if (!QDir().mkpath(folder) || !QFile::link(modules + u"/taxfile"_s, folder + u"/taxfile"_s)
             || !original.open(QIODevice::ReadOnly) || !changed.open(QIODevice::WriteOnly))
             qFatal("no folder");
         const QByteArray content = original.readAll();
@@ -76,7 +78,7 @@ private Q_SLOTS:
     void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
-        QVERIFY(QFile::copy(modules + QStringLiteral("/TTMS.mdb"), path()));
+        QVERIFY(QFile::copy(modules + u"/TTMS.mdb"_s, path()));
     }
 
     void openStartsTheHelperAndCloseEndsIt()
@@ -100,17 +102,17 @@ private Q_SLOTS:
         head.SetFilePath(path());
         head.Open(); // opens the database as well
         QVERIFY(head.IsOpen() && database.IsOpen());
-        addHead(head, QStringLiteral("یک"), 1);
+        addHead(head, u"یک"_s, 1);
         head.Update(); // nothing was begun
-        addHead(head, QStringLiteral("دو"), 2);
+        addHead(head, u"دو"_s, 2);
         head.Close();
         QVERIFY(!head.IsOpen());
         database.Close();
         const QVector<QJsonObject> records = AccessFileReader(path()).records(heads);
         QCOMPARE(records.size(), 2);
-        QCOMPARE(records.at(0).value(QStringLiteral("ID")).toString(), QStringLiteral("یک"));
-        QCOMPARE(records.at(1).value(QStringLiteral("Season")).toInt(), 2);
-        QVERIFY(!records.at(0).contains(QStringLiteral("Year")));
+        QCOMPARE(records.at(0).value(u"ID"_s).toString(), u"یک"_s);
+        QCOMPARE(records.at(1).value(u"Season"_s).toInt(), 2);
+        QVERIFY(!records.at(0).contains(u"Year"_s));
     }
 
     void newRecordBeginsWithoutTheValuesOfTheLast()
@@ -119,13 +121,13 @@ private Q_SLOTS:
         database.Open(path());
         CForoush head(&database);
         head.Open();
-        addHead(head, QStringLiteral("a"), 3);
+        addHead(head, u"a"_s, 3);
         head.AddNew();
         QVERIFY(!head.m_iSeason && !head.m_sGuid);
-        head.m_sGuid = QStringLiteral("b");
+        head.m_sGuid = u"b"_s;
         head.Update();
         database.Close();
-        QVERIFY(!AccessFileReader(path()).records(heads).at(1).contains(QStringLiteral("Season")));
+        QVERIFY(!AccessFileReader(path()).records(heads).at(1).contains(u"Season"_s));
     }
 
     void deleteAllTakesWhatWasThereAndWhatWasAdded()
@@ -136,17 +138,17 @@ private Q_SLOTS:
             CForoush head(&database);
             head.Open();
             if (expected == 1) {
-                addHead(head, QStringLiteral("c"), 1);
+                addHead(head, u"c"_s, 1);
                 head.DeleteAllRecords();
-                addHead(head, QStringLiteral("d"), 1);
+                addHead(head, u"d"_s, 1);
             } else {
-                addHead(head, QStringLiteral("a"), 1);
-                addHead(head, QStringLiteral("b"), 1);
+                addHead(head, u"a"_s, 1);
+                addHead(head, u"b"_s, 1);
             }
             database.Close();
             QCOMPARE(AccessFileReader(path()).count(heads), expected);
         }
-        QCOMPARE(AccessFileReader(path()).records(heads).first().value(QStringLiteral("ID")).toString(), QStringLiteral("d"));
+        QCOMPARE(AccessFileReader(path()).records(heads).first().value(u"ID"_s).toString(), u"d"_s);
     }
 
     void editChangesTheFirstRecordAndKeepsWhatItIsNotGiven()
@@ -156,19 +158,19 @@ private Q_SLOTS:
         CForoush head(&database);
         head.Open();
         head.Edit(); // of an empty table: adds
-        head.m_sGuid = QStringLiteral("a");
+        head.m_sGuid = u"a"_s;
         head.m_iSeason = 1;
         head.m_iYear = 1404;
         head.Update();
-        addHead(head, QStringLiteral("b"), 2);
+        addHead(head, u"b"_s, 2);
         head.Edit();
         head.m_iSeason = 4;
         head.Update();
         database.Close();
         const QVector<QJsonObject> records = AccessFileReader(path()).records(heads);
         QCOMPARE(records.size(), 2);
-        QCOMPARE(records.at(0), (QJsonObject{{QStringLiteral("ID"), QStringLiteral("a")}, {QStringLiteral("Season"), 4}, {QStringLiteral("Year"), 1404}}));
-        QCOMPARE(records.at(1).value(QStringLiteral("Season")).toInt(), 2);
+        QCOMPARE(records.at(0), (QJsonObject{{u"ID"_s, u"a"_s}, {u"Season"_s, 4}, {u"Year"_s, 1404}}));
+        QCOMPARE(records.at(1).value(u"Season"_s).toInt(), 2);
     }
 
     void tablesMayBeFilledInTurns()
@@ -180,25 +182,25 @@ private Q_SLOTS:
         sales.Open();
         purchases.Open();
         for (int season = 1; season <= 3; ++season) {
-            addHead(sales, QStringLiteral("s"), season);
-            addHead(purchases, QStringLiteral("p"), 4);
+            addHead(sales, u"s"_s, season);
+            addHead(purchases, u"p"_s, 4);
         }
         database.Close();
         const AccessFileReader file(path());
         QCOMPARE(file.count(heads), 3);
-        QCOMPARE(file.count(QStringLiteral("Kharid")), 3);
-        QCOMPARE(file.records(heads).at(2).value(QStringLiteral("Season")).toInt(), 3);
+        QCOMPARE(file.count(u"Kharid"_s), 3);
+        QCOMPARE(file.records(heads).at(2).value(u"Season"_s).toInt(), 3);
     }
 
     void textOfAnyKindComesBack_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("Persian") << QStringLiteral("نشانیِ می‌شود، ۱۲۳ «گ»");
-        QTest::newRow("Arabic letters") << QStringLiteral("كاراي");
-        QTest::newRow("tab and lines") << QStringLiteral("a\tb\nc\r\nd");
-        QTest::newRow("backslashes") << QStringLiteral("\\N \\t \\\\ \\");
-        QTest::newRow("the sign for nothing") << QStringLiteral("\\N");
-        QTest::newRow("quotes") << QStringLiteral("' \" ` ; --");
+        QTest::newRow("Persian") << u"نشانیِ می‌شود، ۱۲۳ «گ»"_s;
+        QTest::newRow("Arabic letters") << u"كاراي"_s;
+        QTest::newRow("tab and lines") << u"a\tb\nc\r\nd"_s;
+        QTest::newRow("backslashes") << u"\\N \\t \\\\ \\"_s;
+        QTest::newRow("the sign for nothing") << u"\\N"_s;
+        QTest::newRow("quotes") << u"' \" ` ; --"_s;
         QTest::newRow("longest") << QString(255, u'ی');
     }
 
@@ -213,9 +215,9 @@ private Q_SLOTS:
         detail.m_sAddress = text;
         detail.Update();
         database.Close();
-        const QVector<QJsonObject> records = AccessFileReader(path()).records(QStringLiteral("Foroush_Detail"));
+        const QVector<QJsonObject> records = AccessFileReader(path()).records(u"Foroush_Detail"_s);
         QCOMPARE(records.size(), 1);
-        QCOMPARE(records.first().value(QStringLiteral("Address")).toString(), text);
+        QCOMPARE(records.first().value(u"Address"_s).toString(), text);
     }
 
     // The file of the authority calls things otherwise, and has less.
@@ -225,7 +227,7 @@ private Q_SLOTS:
                                            "{ \"role\": \"Foroush\", \"name\": \"kharid\"");
         // The other table would then stand twice.
         KAccessDatabase twice(own);
-        QVERIFY(messageOf([&] { twice.Open(path()); }).contains(QStringLiteral("Kharid")));
+        QVERIFY(messageOf([&] { twice.Open(path()); }).contains(u"Kharid"_s));
     }
 
     void valueWithoutAFieldIsNotWritten()
@@ -236,12 +238,12 @@ private Q_SLOTS:
         detail.Open();
         detail.AddNew();
         detail.m_iGoodsKind = 12;
-        detail.m_sName = QStringLiteral("علی");
+        detail.m_sName = u"علی"_s;
         detail.Update();
         database.Close();
-        const QJsonObject record = AccessFileReader(path()).records(QStringLiteral("Foroush_Detail")).value(0);
-        QVERIFY(!record.contains(QStringLiteral("GoodsKind")));
-        QCOMPARE(record.value(QStringLiteral("FirstName")).toString(), QStringLiteral("علی"));
+        const QJsonObject record = AccessFileReader(path()).records(u"Foroush_Detail"_s).value(0);
+        QVERIFY(!record.contains(u"GoodsKind"_s));
+        QCOMPARE(record.value(u"FirstName"_s).toString(), u"علی"_s);
     }
 
     void fieldOfAnotherNameIsFound()
@@ -251,9 +253,9 @@ private Q_SLOTS:
         database.Open(path());
         CForoush head(&database);
         head.Open();
-        addHead(head, QStringLiteral("a"), 3);
+        addHead(head, u"a"_s, 3);
         database.Close();
-        QCOMPARE(AccessFileReader(path()).records(heads).first().value(QStringLiteral("Season")).toInt(), 3);
+        QCOMPARE(AccessFileReader(path()).records(heads).first().value(u"Season"_s).toInt(), 3);
     }
 
     void whatTheFileDoesNotHaveIsNamed_data()
@@ -262,12 +264,12 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("by");
         QTest::addColumn<QString>("words");
         QTest::newRow("table") << QByteArray("\"role\": \"Foroush\", \"name\": \"Foroush\"")
-                               << QByteArray("\"role\": \"Foroush\", \"name\": \"گم\"") << QStringLiteral("جدول «گم» را ندارد");
+                               << QByteArray("\"role\": \"Foroush\", \"name\": \"گم\"") << u"جدول «گم» را ندارد"_s;
         QTest::newRow("field") << QByteArray("\"value\": \"season\", \"name\": \"Season\"")
                                << QByteArray("\"value\": \"season\", \"name\": \"گم\"")
-                               << QStringLiteral("جدول «Foroush» از فایل مالیات ستون «گم» را ندارد");
+                               << u"جدول «Foroush» از فایل مالیات ستون «گم» را ندارد"_s;
         QTest::newRow("value") << QByteArray("\"value\": \"season\"") << QByteArray("\"value\": \"saeson\"")
-                               << QStringLiteral("«saeson»");
+                               << u"«saeson»"_s;
     }
 
     void whatTheFileDoesNotHaveIsNamed()
@@ -280,7 +282,7 @@ private Q_SLOTS:
             database.Open(path());
             CForoush head(&database);
             head.Open();
-            addHead(head, QStringLiteral("a"), 1);
+            addHead(head, u"a"_s, 1);
             database.Close();
         });
         QVERIFY2(message.contains(words), qPrintable(message));
@@ -291,7 +293,7 @@ private Q_SLOTS:
         KAccessDatabase database(modules);
         database.Open(path());
         CForoush head(&database);
-        head.SetFilePath(m_folder->filePath(QStringLiteral("other.mdb")));
+        head.SetFilePath(m_folder->filePath(u"other.mdb"_s));
         QVERIFY_THROWS_EXCEPTION(KAccountingError, head.Open());
         QVERIFY_THROWS_EXCEPTION(KAccountingError, head.DeleteAllRecords());
     }
@@ -300,7 +302,7 @@ private Q_SLOTS:
     {
         KAccessDatabase database(modules);
         QVERIFY(!messageOf([&] {
-                     database.Open(m_folder->filePath(QStringLiteral("none.mdb")));
+                     database.Open(m_folder->filePath(u"none.mdb"_s));
                      database.Close();
                  }).isEmpty());
         QVERIFY(!database.IsOpen());
@@ -316,14 +318,14 @@ private Q_SLOTS:
         const QString message = messageOf([&] {
             for (int i = 0; i < 100'000; ++i) {
                 if (i == 20'000)
-                    QVERIFY(signalled(database.helperProcess(), QStringLiteral("9")));
+                    QVERIFY(signalled(database.helperProcess(), u"9"_s));
                 detail.AddNew();
                 detail.m_sName = QString(100, u'ن');
                 detail.Update();
             }
             database.Close();
         });
-        QVERIFY2(message.contains(QStringLiteral("نوشتن فایل مالیات ممکن نشد")), qPrintable(message));
+        QVERIFY2(message.contains(u"نوشتن فایل مالیات ممکن نشد"_s), qPrintable(message));
         QVERIFY(!database.IsOpen());
     }
 
@@ -346,9 +348,9 @@ private Q_SLOTS:
             KAccessDatabase database(modules);
             database.Open(path());
             helper = database.helperProcess();
-            QVERIFY(signalled(helper, QStringLiteral("0")));
+            QVERIFY(signalled(helper, u"0"_s));
         }
-        QVERIFY(!signalled(helper, QStringLiteral("0")));
+        QVERIFY(!signalled(helper, u"0"_s));
     }
 };
 

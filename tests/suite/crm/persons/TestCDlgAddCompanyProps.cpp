@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QComboBox>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAddCompanyProps : public QObject
 {
     Q_OBJECT
@@ -34,24 +36,24 @@ private:
 void TestCDlgAddCompanyProps::init()
 {
     m_office.reset();
-    m_office.db.run(QStringLiteral("DELETE FROM Properties WHERE sSection='Company'"));
+    m_office.db.run(u"DELETE FROM Properties WHERE sSection='Company'"_s);
 }
 
 QList<QPair<QString, QString>> TestCDlgAddCompanyProps::entries()
 {
     return {
-        {QStringLiteral("نام :"), QStringLiteral("نمایشگاه")},
-        {QStringLiteral("دنباله نام :"), QStringLiteral("البرز")},
-        {QStringLiteral("مدیر :"), QStringLiteral("رضا کریمی")},
-        {QStringLiteral("کد ملی / شناسه ملی :"), QStringLiteral("10380284790")},
-        {QStringLiteral("شماره ثبت :"), QStringLiteral("12")},
-        {QStringLiteral("کد اقتصادی :"), QStringLiteral("411")},
-        {QStringLiteral("موبایل :"), QStringLiteral("09121234567")},
-        {QStringLiteral("تلفن :"), QStringLiteral("021")},
-        {QStringLiteral("کد پستی :"), QStringLiteral("123")},
-        {QStringLiteral("استان :"), QStringLiteral("تهران")},
-        {QStringLiteral("شهر :"), QStringLiteral("ری")},
-        {QStringLiteral("آدرس :"), QStringLiteral("خیابان آزادی")},
+        {u"نام :"_s, u"نمایشگاه"_s},
+        {u"دنباله نام :"_s, u"البرز"_s},
+        {u"مدیر :"_s, u"رضا کریمی"_s},
+        {u"کد ملی / شناسه ملی :"_s, u"10380284790"_s},
+        {u"شماره ثبت :"_s, u"12"_s},
+        {u"کد اقتصادی :"_s, u"411"_s},
+        {u"موبایل :"_s, u"09121234567"_s},
+        {u"تلفن :"_s, u"021"_s},
+        {u"کد پستی :"_s, u"123"_s},
+        {u"استان :"_s, u"تهران"_s},
+        {u"شهر :"_s, u"ری"_s},
+        {u"آدرس :"_s, u"خیابان آزادی"_s},
     };
 }
 
@@ -60,23 +62,23 @@ void TestCDlgAddCompanyProps::everyFieldIsKept()
     Hand::inNextWindow([](QDialog *window) {
         for (const auto &[name, text] : entries())
             Hand::named<KEdit>(window, name)->setText(text);
-        Hand::named<QComboBox>(window, QStringLiteral("نوع شخص :"))->setCurrentIndex(1);
+        Hand::named<QComboBox>(window, u"نوع شخص :"_s)->setCurrentIndex(1);
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
     CDlgAddCompanyProps dialog;
     QCOMPARE(dialog.exec(), static_cast<int>(QDialog::Accepted));
     const CompanyDetails stored = CompanyDetails::read();
-    QCOMPARE(stored.name(), QStringLiteral("نمایشگاه البرز"));
-    QCOMPARE(stored.manager, QStringLiteral("رضا کریمی"));
-    QCOMPARE(stored.nationalCode, QStringLiteral("10380284790"));
-    QCOMPARE(stored.registrationNumber, QStringLiteral("12"));
-    QCOMPARE(stored.economicCode, QStringLiteral("411"));
-    QCOMPARE(stored.mobile, QStringLiteral("09121234567"));
-    QCOMPARE(stored.telephone, QStringLiteral("021"));
-    QCOMPARE(stored.postalCode, QStringLiteral("123"));
-    QCOMPARE(stored.province, QStringLiteral("تهران"));
-    QCOMPARE(stored.city, QStringLiteral("ری"));
-    QCOMPARE(stored.address, QStringLiteral("خیابان آزادی"));
+    QCOMPARE(stored.name(), u"نمایشگاه البرز"_s);
+    QCOMPARE(stored.manager, u"رضا کریمی"_s);
+    QCOMPARE(stored.nationalCode, u"10380284790"_s);
+    QCOMPARE(stored.registrationNumber, u"12"_s);
+    QCOMPARE(stored.economicCode, u"411"_s);
+    QCOMPARE(stored.mobile, u"09121234567"_s);
+    QCOMPARE(stored.telephone, u"021"_s);
+    QCOMPARE(stored.postalCode, u"123"_s);
+    QCOMPARE(stored.province, u"تهران"_s);
+    QCOMPARE(stored.city, u"ری"_s);
+    QCOMPARE(stored.address, u"خیابان آزادی"_s);
     QCOMPARE(stored.kind, CompanyDetails::kindLegal);
     CDlgAddCompanyProps again;
     QVERIFY(again.details() == stored);
@@ -87,7 +89,7 @@ void TestCDlgAddCompanyProps::nameIsRequired()
     CDlgAddCompanyProps dialog;
     dialog.show();
     QVERIFY(!dialog.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام نمایشگاه را وارد نمایید.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام نمایشگاه را وارد نمایید."_s});
     QVERIFY(CompanyDetails::read() == CompanyDetails());
 }
 
@@ -95,17 +97,17 @@ void TestCDlgAddCompanyProps::hintsFollowTheKind()
 {
     CDlgAddCompanyProps dialog;
     dialog.show();
-    auto *code = Hand::named<KEdit>(&dialog, QStringLiteral("کد ملی / شناسه ملی :"));
-    code->setText(QStringLiteral("10380284790"));
-    QVERIFY(code->accessibleDescription().contains(QStringLiteral("ده")));
-    Hand::named<QComboBox>(&dialog, QStringLiteral("نوع شخص :"))->setCurrentIndex(1);
+    auto *code = Hand::named<KEdit>(&dialog, u"کد ملی / شناسه ملی :"_s);
+    code->setText(u"10380284790"_s);
+    QVERIFY(code->accessibleDescription().contains(u"ده"_s));
+    Hand::named<QComboBox>(&dialog, u"نوع شخص :"_s)->setCurrentIndex(1);
     QCOMPARE(code->accessibleDescription(), QString());
 }
 
 void TestCDlgAddCompanyProps::cancelWritesNothing()
 {
     Hand::inNextWindow([](QDialog *window) {
-        Hand::named<KEdit>(window, QStringLiteral("نام :"))->setText(QStringLiteral("الف"));
+        Hand::named<KEdit>(window, u"نام :"_s)->setText(u"الف"_s);
         Hand::press(Qt::Key_Escape);
     });
     CDlgAddCompanyProps dialog;
@@ -117,7 +119,7 @@ void TestCDlgAddCompanyProps::closedDatabaseRefuses()
 {
     CDlgAddCompanyProps dialog;
     dialog.show();
-    Hand::named<KEdit>(&dialog, QStringLiteral("نام :"))->setText(QStringLiteral("الف"));
+    Hand::named<KEdit>(&dialog, u"نام :"_s)->setText(u"الف"_s);
     GetDBSetting()->SetClosedDB(true);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, dialog.OnOK());
     QVERIFY(CompanyDetails::read().isEmpty());

@@ -15,6 +15,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAddPerson : public QObject
 {
     Q_OBJECT
@@ -65,7 +67,7 @@ QString TestCDlgAddPerson::hints(QWidget &window)
 CTblPersons *TestCDlgAddPerson::stored(int id)
 {
     m_stored = std::make_unique<CTblPersons>();
-    return m_stored->IsRecordExist(QStringLiteral("iID"), id) ? m_stored.get() : nullptr;
+    return m_stored->IsRecordExist(u"iID"_s, id) ? m_stored.get() : nullptr;
 }
 
 void TestCDlgAddPerson::savesEveryField()
@@ -73,50 +75,50 @@ void TestCDlgAddPerson::savesEveryField()
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
     const QList<QPair<QString, QString>> texts{
-        {QStringLiteral("کد شخص :"), QStringLiteral("۴۲")},
-        {QStringLiteral("نام :"), QStringLiteral("مریم")},
-        {QStringLiteral("نام خانوادگی :"), QStringLiteral("كريمي")},
-        {QStringLiteral("کد ملی :"), QStringLiteral("۰۰۷۶۲۲۹۶۴۵")},
-        {QStringLiteral("نام پدر :"), QStringLiteral("رضا")},
-        {QStringLiteral("محل تولد :"), QStringLiteral("یزد")},
-        {QStringLiteral("شماره شناسنامه :"), QStringLiteral("123")},
-        {QStringLiteral("محل صدور :"), QStringLiteral("قم")},
-        {QStringLiteral("موبایل :"), QStringLiteral("09121234567")},
-        {QStringLiteral("پیش شماره :"), QStringLiteral("021")},
-        {QStringLiteral("تلفن :"), QStringLiteral("88776655")},
-        {QStringLiteral("کد پستی :"), QStringLiteral("1234567890")},
-        {QStringLiteral("آدرس :"), QStringLiteral("تهران")},
-        {QStringLiteral("کد اقتصادی :"), QStringLiteral("411")},
-        {QStringLiteral("حوزه مالیاتی :"), QStringLiteral("7")},
-        {QStringLiteral("کد استان :"), QStringLiteral("8")},
-        {QStringLiteral("کد شهر :"), QStringLiteral("9")},
-        {QStringLiteral("درصد تخفیف :"), QStringLiteral("12.5")},
+        {u"کد شخص :"_s, u"۴۲"_s},
+        {u"نام :"_s, u"مریم"_s},
+        {u"نام خانوادگی :"_s, u"كريمي"_s},
+        {u"کد ملی :"_s, u"۰۰۷۶۲۲۹۶۴۵"_s},
+        {u"نام پدر :"_s, u"رضا"_s},
+        {u"محل تولد :"_s, u"یزد"_s},
+        {u"شماره شناسنامه :"_s, u"123"_s},
+        {u"محل صدور :"_s, u"قم"_s},
+        {u"موبایل :"_s, u"09121234567"_s},
+        {u"پیش شماره :"_s, u"021"_s},
+        {u"تلفن :"_s, u"88776655"_s},
+        {u"کد پستی :"_s, u"1234567890"_s},
+        {u"آدرس :"_s, u"تهران"_s},
+        {u"کد اقتصادی :"_s, u"411"_s},
+        {u"حوزه مالیاتی :"_s, u"7"_s},
+        {u"کد استان :"_s, u"8"_s},
+        {u"کد شهر :"_s, u"9"_s},
+        {u"درصد تخفیف :"_s, u"12.5"_s},
     };
     for (const auto &[name, text] : texts) {
         QVERIFY2(edit(dialog, name), qPrintable(name));
         edit(dialog, name)->setText(text);
     }
-    combo(dialog, QStringLiteral("جنسیت :"))->setCurrentIndex(1);
-    combo(dialog, QStringLiteral("کد نوع مودی :"))->setCurrentIndex(2);
-    Hand::named<KDateEdit>(&dialog, QStringLiteral("تاریخ تولد :"))->setText(QStringLiteral("13640101"));
-    Hand::named<QCheckBox>(&dialog, QStringLiteral("غیر فعال"))->setChecked(true);
+    combo(dialog, u"جنسیت :"_s)->setCurrentIndex(1);
+    combo(dialog, u"کد نوع مودی :"_s)->setCurrentIndex(2);
+    Hand::named<KDateEdit>(&dialog, u"تاریخ تولد :"_s)->setText(u"13640101"_s);
+    Hand::named<QCheckBox>(&dialog, u"غیر فعال"_s)->setChecked(true);
     dialog.accept();
     QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
     const CTblPersons *person = stored(dialog.personID());
     QVERIFY(person);
     QCOMPARE(person->m_iCode, 42);
-    QCOMPARE(person->m_sName2, QStringLiteral("مریم کریمی"));
-    QCOMPARE(person->m_sNationalCode, QStringLiteral("0076229645"));
-    QCOMPARE(person->m_sFatherName, QStringLiteral("رضا"));
-    QCOMPARE(person->m_sBirthCity, QStringLiteral("یزد"));
-    QCOMPARE(person->m_sIdentityNum, QStringLiteral("123"));
-    QCOMPARE(person->m_sIdentityCity, QStringLiteral("قم"));
-    QCOMPARE(person->m_sMobile, QStringLiteral("09121234567"));
-    QCOMPARE(person->m_sAreaCode, QStringLiteral("021"));
-    QCOMPARE(person->m_sTel, QStringLiteral("88776655"));
-    QCOMPARE(person->m_sPostalCode, QStringLiteral("1234567890"));
-    QCOMPARE(person->m_sAddress, QStringLiteral("تهران"));
-    QCOMPARE(person->m_sEconomicCode, QStringLiteral("411"));
+    QCOMPARE(person->m_sName2, u"مریم کریمی"_s);
+    QCOMPARE(person->m_sNationalCode, u"0076229645"_s);
+    QCOMPARE(person->m_sFatherName, u"رضا"_s);
+    QCOMPARE(person->m_sBirthCity, u"یزد"_s);
+    QCOMPARE(person->m_sIdentityNum, u"123"_s);
+    QCOMPARE(person->m_sIdentityCity, u"قم"_s);
+    QCOMPARE(person->m_sMobile, u"09121234567"_s);
+    QCOMPARE(person->m_sAreaCode, u"021"_s);
+    QCOMPARE(person->m_sTel, u"88776655"_s);
+    QCOMPARE(person->m_sPostalCode, u"1234567890"_s);
+    QCOMPARE(person->m_sAddress, u"تهران"_s);
+    QCOMPARE(person->m_sEconomicCode, u"411"_s);
     QCOMPARE(person->m_iTaxZone, 7);
     QCOMPARE(person->m_iProvinceCode, 8);
     QCOMPARE(person->m_iCityCode, 9);
@@ -132,11 +134,11 @@ void TestCDlgAddPerson::nameIsRequired()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("   "));
+    edit(dialog, u"نام :"_s)->setText(u"   "_s);
     QVERIFY(!dialog.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام شخص را وارد نمایید.")});
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("0"));
-    edit(dialog, QStringLiteral("نام خانوادگی :"))->setText(QStringLiteral("رضایی"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام شخص را وارد نمایید."_s});
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), u"0"_s);
+    edit(dialog, u"نام خانوادگی :"_s)->setText(u"رضایی"_s);
     QVERIFY(dialog.OnOK());
 }
 
@@ -144,31 +146,31 @@ void TestCDlgAddPerson::wrongNationalCodeAndMobileGetAHintAndAreSaved()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("علی"));
-    edit(dialog, QStringLiteral("کد ملی :"))->setText(QStringLiteral("0076229646"));
-    edit(dialog, QStringLiteral("موبایل :"))->setText(QStringLiteral("0912"));
-    QVERIFY(edit(dialog, QStringLiteral("کد ملی :"))->accessibleDescription().contains(QStringLiteral("کنترل")));
-    QVERIFY(edit(dialog, QStringLiteral("موبایل :"))->accessibleDescription().contains(QStringLiteral("موبایل")));
+    edit(dialog, u"نام :"_s)->setText(u"علی"_s);
+    edit(dialog, u"کد ملی :"_s)->setText(u"0076229646"_s);
+    edit(dialog, u"موبایل :"_s)->setText(u"0912"_s);
+    QVERIFY(edit(dialog, u"کد ملی :"_s)->accessibleDescription().contains(u"کنترل"_s));
+    QVERIFY(edit(dialog, u"موبایل :"_s)->accessibleDescription().contains(u"موبایل"_s));
     int shown = 0;
     for (const QLabel *label : dialog.findChildren<QLabel *>())
         shown += !label->text().isEmpty() && hints(dialog).contains(label->text()) && label->isVisible() ? 1 : 0;
     QCOMPARE(shown, 2);
     QVERIFY(dialog.OnOK());
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-    QCOMPARE(stored(dialog.personID())->m_sNationalCode, QStringLiteral("0076229646"));
-    QCOMPARE(m_stored->m_sMobile, QStringLiteral("0912"));
+    QCOMPARE(stored(dialog.personID())->m_sNationalCode, u"0076229646"_s);
+    QCOMPARE(m_stored->m_sMobile, u"0912"_s);
 }
 
 void TestCDlgAddPerson::hintGoesWhenTheEntryIsRight()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("کد ملی :"))->setText(QStringLiteral("007"));
+    edit(dialog, u"کد ملی :"_s)->setText(u"007"_s);
     QVERIFY(!hints(dialog).isEmpty());
-    edit(dialog, QStringLiteral("کد ملی :"))->setText(QStringLiteral("0076229645"));
+    edit(dialog, u"کد ملی :"_s)->setText(u"0076229645"_s);
     QVERIFY(hints(dialog).isEmpty());
-    combo(dialog, QStringLiteral("نوع شخص :"))->setCurrentIndex(CTblPersons::kindLegal);
-    QVERIFY(hints(dialog).contains(QStringLiteral("یازده")));
+    combo(dialog, u"نوع شخص :"_s)->setCurrentIndex(CTblPersons::kindLegal);
+    QVERIFY(hints(dialog).contains(u"یازده"_s));
 }
 
 void TestCDlgAddPerson::duplicateNationalCodeAsks_data()
@@ -184,26 +186,26 @@ void TestCDlgAddPerson::duplicateNationalCodeAsks()
 {
     QFETCH(int, answer);
     QFETCH(bool, saved);
-    Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"), [](CTblPersons &person) {
-        person.m_sNationalCode = QStringLiteral("0076229645");
+    Office::addPerson(u"علی"_s, u"رضایی"_s, [](CTblPersons &person) {
+        person.m_sNationalCode = u"0076229645"_s;
     });
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("حسن"));
-    edit(dialog, QStringLiteral("کد ملی :"))->setText(QStringLiteral("۰۰۷۶۲۲۹۶۴۵"));
+    edit(dialog, u"نام :"_s)->setText(u"حسن"_s);
+    edit(dialog, u"کد ملی :"_s)->setText(u"۰۰۷۶۲۲۹۶۴۵"_s);
     g_pDlgYesNo->answerNext(static_cast<KMessageDialog::Answer>(answer));
     QCOMPARE(dialog.OnOK(), saved);
     const QStringList asked = g_pDlgYesNo->takeShown();
     QCOMPARE(asked.size(), 1);
-    QVERIFY(asked.front().contains(QStringLiteral("علی رضایی")));
-    QVERIFY(asked.front().contains(QStringLiteral("0076229645")));
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), saved ? QStringLiteral("2") : QStringLiteral("1"));
+    QVERIFY(asked.front().contains(u"علی رضایی"_s));
+    QVERIFY(asked.front().contains(u"0076229645"_s));
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), saved ? u"2"_s : u"1"_s);
 }
 
 void TestCDlgAddPerson::ownNationalCodeIsNoDuplicate()
 {
-    const int id = Office::addPerson(QStringLiteral("علی"), {}, [](CTblPersons &person) {
-        person.m_sNationalCode = QStringLiteral("0076229645");
+    const int id = Office::addPerson(u"علی"_s, {}, [](CTblPersons &person) {
+        person.m_sNationalCode = u"0076229645"_s;
     });
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, id);
     dialog.show();
@@ -215,33 +217,33 @@ void TestCDlgAddPerson::companyHasOtherLabelsAndNoFamilyName()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("شرکت"));
-    edit(dialog, QStringLiteral("نام خانوادگی :"))->setText(QStringLiteral("البرز"));
-    combo(dialog, QStringLiteral("نوع شخص :"))->setCurrentIndex(CTblPersons::kindLegal);
-    QVERIFY(edit(dialog, QStringLiteral("نام شرکت :")));
-    QVERIFY(edit(dialog, QStringLiteral("شناسه ملی :")));
-    QVERIFY(edit(dialog, QStringLiteral("شماره ثبت :")));
-    QVERIFY(Hand::named<KDateEdit>(&dialog, QStringLiteral("تاریخ تاسیس :")));
-    QVERIFY(!edit(dialog, QStringLiteral("نام خانوادگی :")));
-    QVERIFY(!edit(dialog, QStringLiteral("نام پدر :")));
-    QVERIFY(!combo(dialog, QStringLiteral("جنسیت :")));
+    edit(dialog, u"نام :"_s)->setText(u"شرکت"_s);
+    edit(dialog, u"نام خانوادگی :"_s)->setText(u"البرز"_s);
+    combo(dialog, u"نوع شخص :"_s)->setCurrentIndex(CTblPersons::kindLegal);
+    QVERIFY(edit(dialog, u"نام شرکت :"_s));
+    QVERIFY(edit(dialog, u"شناسه ملی :"_s));
+    QVERIFY(edit(dialog, u"شماره ثبت :"_s));
+    QVERIFY(Hand::named<KDateEdit>(&dialog, u"تاریخ تاسیس :"_s));
+    QVERIFY(!edit(dialog, u"نام خانوادگی :"_s));
+    QVERIFY(!edit(dialog, u"نام پدر :"_s));
+    QVERIFY(!combo(dialog, u"جنسیت :"_s));
     QVERIFY(dialog.OnOK());
     const CTblPersons *person = stored(dialog.personID());
     // What had been typed as a family name is not lost.
-    QCOMPARE(person->m_sName, QStringLiteral("شرکت البرز"));
+    QCOMPARE(person->m_sName, u"شرکت البرز"_s);
     QCOMPARE(person->m_sFamily, QString());
-    QCOMPARE(person->m_sName2, QStringLiteral("شرکت البرز"));
+    QCOMPARE(person->m_sName2, u"شرکت البرز"_s);
     QCOMPARE(person->m_iKind, CTblPersons::kindLegal);
     QCOMPARE(person->m_bNatural, 0);
 }
 
 void TestCDlgAddPerson::companyOfAnotherKindKeepsIt()
 {
-    const int id = Office::addPerson(QStringLiteral("اتحادیه"), {}, [](CTblPersons &person) { person.m_iKind = 5; });
+    const int id = Office::addPerson(u"اتحادیه"_s, {}, [](CTblPersons &person) { person.m_iKind = 5; });
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, id);
     dialog.show();
-    QCOMPARE(combo(dialog, QStringLiteral("نوع شخص :"))->currentIndex(), CTblPersons::kindLegal);
-    edit(dialog, QStringLiteral("تلفن :"))->setText(QStringLiteral("1"));
+    QCOMPARE(combo(dialog, u"نوع شخص :"_s)->currentIndex(), CTblPersons::kindLegal);
+    edit(dialog, u"تلفن :"_s)->setText(u"1"_s);
     QVERIFY(dialog.OnOK());
     QCOMPARE(stored(id)->m_iKind, 5);
 }
@@ -250,20 +252,20 @@ void TestCDlgAddPerson::proposedCodeGivesWayWhenTakenMeanwhile()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    QCOMPARE(edit(dialog, QStringLiteral("کد شخص :"))->integer(), 1);
-    Office::addPerson(QStringLiteral("زودتر"), {});
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("علی"));
+    QCOMPARE(edit(dialog, u"کد شخص :"_s)->integer(), 1);
+    Office::addPerson(u"زودتر"_s, {});
+    edit(dialog, u"نام :"_s)->setText(u"علی"_s);
     QVERIFY(dialog.OnOK());
     QCOMPARE(stored(dialog.personID())->m_iCode, 2);
 }
 
 void TestCDlgAddPerson::chosenCodeOfAnotherPersonIsRefused()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
-    const int id = Office::addPerson(QStringLiteral("ب"), {});
+    Office::addPerson(u"الف"_s, {});
+    const int id = Office::addPerson(u"ب"_s, {});
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, id);
     dialog.show();
-    edit(dialog, QStringLiteral("کد شخص :"))->setText(QStringLiteral("1"));
+    edit(dialog, u"کد شخص :"_s)->setText(u"1"_s);
     QVERIFY(!dialog.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(stored(id)->m_iCode, 2);
@@ -273,11 +275,11 @@ void TestCDlgAddPerson::discountAboveAHundredIsRefused()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("علی"));
-    edit(dialog, QStringLiteral("درصد تخفیف :"))->setText(QStringLiteral("101"));
+    edit(dialog, u"نام :"_s)->setText(u"علی"_s);
+    edit(dialog, u"درصد تخفیف :"_s)->setText(u"101"_s);
     QVERIFY(!dialog.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    edit(dialog, QStringLiteral("درصد تخفیف :"))->setText(QStringLiteral("100"));
+    edit(dialog, u"درصد تخفیف :"_s)->setText(u"100"_s);
     QVERIFY(dialog.OnOK());
     QCOMPARE(stored(dialog.personID())->m_dPercentDiscount, 100.0);
 }
@@ -285,21 +287,21 @@ void TestCDlgAddPerson::discountAboveAHundredIsRefused()
 void TestCDlgAddPerson::cancelWritesNothing()
 {
     Hand::inNextWindow([](QDialog *window) {
-        Hand::named<KEdit>(window, QStringLiteral("نام :"))->setText(QStringLiteral("علی"));
+        Hand::named<KEdit>(window, u"نام :"_s)->setText(u"علی"_s);
         Hand::press(Qt::Key_Escape);
     });
     QCOMPARE(CDlgAddPerson::Add(nullptr), 0);
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("0"));
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), u"0"_s);
 }
 
 void TestCDlgAddPerson::editWritesOnlyWhatChanged()
 {
-    const int id = Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
+    const int id = Office::addPerson(u"علی"_s, u"رضایی"_s);
     QStringList updates;
     Hand::inNextWindow([&updates](QDialog *window) {
-        Hand::named<KEdit>(window, QStringLiteral("موبایل :"))->setText(QStringLiteral("09121234567"));
+        Hand::named<KEdit>(window, u"موبایل :"_s)->setText(u"09121234567"_s);
         KConnection::setStatementObserver([&updates](const QString &statement) {
-            if (statement.startsWith(QStringLiteral("UPDATE")))
+            if (statement.startsWith(u"UPDATE"_s))
                 updates.append(statement);
         });
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
@@ -308,18 +310,18 @@ void TestCDlgAddPerson::editWritesOnlyWhatChanged()
     KConnection::setStatementObserver(nullptr);
     QCOMPARE(updates.size(), 1);
     QCOMPARE(updates.front().count(u'='), 2); // sMobile and iID
-    QVERIFY(updates.front().contains(QStringLiteral("sMobile")));
+    QVERIFY(updates.front().contains(u"sMobile"_s));
 }
 
 void TestCDlgAddPerson::editOfAVanishedPersonSaysSo()
 {
-    const int id = Office::addPerson(QStringLiteral("علی"), {});
+    const int id = Office::addPerson(u"علی"_s, {});
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, id);
     dialog.show();
-    m_office.db.run(QStringLiteral("DELETE FROM Persons"));
+    m_office.db.run(u"DELETE FROM Persons"_s);
     QVERIFY(!dialog.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    QCOMPARE(edit(dialog, QStringLiteral("نام :"))->text(), QStringLiteral("علی"));
+    QCOMPARE(edit(dialog, u"نام :"_s)->text(), u"علی"_s);
 }
 
 void TestCDlgAddPerson::editOfAnUnknownPersonDoesNothing()
@@ -331,7 +333,7 @@ void TestCDlgAddPerson::editOfAnUnknownPersonDoesNothing()
 
 void TestCDlgAddPerson::showModeIsReadOnlyThroughout()
 {
-    const int id = Office::addPerson(QStringLiteral("علی"), {});
+    const int id = Office::addPerson(u"علی"_s, {});
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Show, id);
     dialog.show();
     const QList<KEdit *> edits = dialog.findChildren<KEdit *>();
@@ -343,17 +345,17 @@ void TestCDlgAddPerson::showModeIsReadOnlyThroughout()
     QStringList captions;
     for (const QPushButton *button : dialog.findChildren<QPushButton *>())
         captions.append(button->text());
-    QCOMPARE(captions, QStringList{QStringLiteral("بستن")});
+    QCOMPARE(captions, QStringList{u"بستن"_s});
 }
 
 void TestCDlgAddPerson::closedDatabaseRefuses()
 {
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
     dialog.show();
-    edit(dialog, QStringLiteral("نام :"))->setText(QStringLiteral("علی"));
+    edit(dialog, u"نام :"_s)->setText(u"علی"_s);
     GetDBSetting()->SetClosedDB(true);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, dialog.OnOK());
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("0"));
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), u"0"_s);
 }
 
 void TestCDlgAddPerson::searchedTextGoesToItsField_data()
@@ -361,12 +363,12 @@ void TestCDlgAddPerson::searchedTextGoesToItsField_data()
     QTest::addColumn<QString>("searched");
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("text");
-    QTest::newRow("mobile") << QStringLiteral("۰۹۱۲۱۲۳۴۵۶۷") << QStringLiteral("موبایل :") << QStringLiteral("09121234567");
-    QTest::newRow("national code") << QStringLiteral("0076229645") << QStringLiteral("کد ملی :") << QStringLiteral("0076229645");
-    QTest::newRow("short number") << QStringLiteral("77") << QStringLiteral("کد ملی :") << QString();
-    QTest::newRow("first name") << QStringLiteral("علي رضا زاده") << QStringLiteral("نام :") << QStringLiteral("علی");
-    QTest::newRow("family name") << QStringLiteral("علي رضا زاده") << QStringLiteral("نام خانوادگی :") << QStringLiteral("رضا زاده");
-    QTest::newRow("nothing") << QString() << QStringLiteral("نام :") << QString();
+    QTest::newRow("mobile") << u"۰۹۱۲۱۲۳۴۵۶۷"_s << u"موبایل :"_s << u"09121234567"_s;
+    QTest::newRow("national code") << u"0076229645"_s << u"کد ملی :"_s << u"0076229645"_s;
+    QTest::newRow("short number") << u"77"_s << u"کد ملی :"_s << QString();
+    QTest::newRow("first name") << u"علي رضا زاده"_s << u"نام :"_s << u"علی"_s;
+    QTest::newRow("family name") << u"علي رضا زاده"_s << u"نام خانوادگی :"_s << u"رضا زاده"_s;
+    QTest::newRow("nothing") << QString() << u"نام :"_s << QString();
 }
 
 void TestCDlgAddPerson::searchedTextGoesToItsField()
@@ -389,16 +391,16 @@ void TestCDlgAddPerson::enterWalksThroughTheForm()
         Hand::press(Qt::Key_Return);
         if (dialog.isVisible() && Hand::focus())
             walked.append(Hand::focus()->accessibleName());
-        if (walked.size() == 1 + walked.indexOf(QStringLiteral("غیر فعال")))
+        if (walked.size() == 1 + walked.indexOf(u"غیر فعال"_s))
             break;
     }
     const QStringList expected{
-        QStringLiteral("نام :"), QStringLiteral("نام خانوادگی :"), QStringLiteral("کد ملی :"), QStringLiteral("جنسیت :"),
-        QStringLiteral("نام پدر :"), QStringLiteral("تاریخ تولد :"), QStringLiteral("محل تولد :"),
-        QStringLiteral("شماره شناسنامه :"), QStringLiteral("محل صدور :"), QStringLiteral("موبایل :"),
-        QStringLiteral("پیش شماره :"), QStringLiteral("تلفن :"), QStringLiteral("کد پستی :"), QStringLiteral("آدرس :"),
-        QStringLiteral("کد اقتصادی :"), QStringLiteral("کد نوع مودی :"), QStringLiteral("حوزه مالیاتی :"),
-        QStringLiteral("کد استان :"), QStringLiteral("کد شهر :"), QStringLiteral("درصد تخفیف :"), QStringLiteral("غیر فعال")};
+        u"نام :"_s, u"نام خانوادگی :"_s, u"کد ملی :"_s, u"جنسیت :"_s,
+        u"نام پدر :"_s, u"تاریخ تولد :"_s, u"محل تولد :"_s,
+        u"شماره شناسنامه :"_s, u"محل صدور :"_s, u"موبایل :"_s,
+        u"پیش شماره :"_s, u"تلفن :"_s, u"کد پستی :"_s, u"آدرس :"_s,
+        u"کد اقتصادی :"_s, u"کد نوع مودی :"_s, u"حوزه مالیاتی :"_s,
+        u"کد استان :"_s, u"کد شهر :"_s, u"درصد تخفیف :"_s, u"غیر فعال"_s};
     QCOMPARE(walked, expected);
 }
 

@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgPersons : public QObject
 {
     Q_OBJECT
@@ -69,51 +71,51 @@ QStringList TestCDlgPersons::names(const CDlgPersons &page)
 
 KEdit *TestCDlgPersons::search(QWidget *window)
 {
-    return Hand::named<KEdit>(window, QStringLiteral("جستجو :"));
+    return Hand::named<KEdit>(window, u"جستجو :"_s);
 }
 
 void TestCDlgPersons::addMany(int count)
 {
-    m_office.db.run(QStringLiteral("INSERT INTO Persons(sName2,iCode) SELECT CONCAT('کاربر ', seq), seq FROM seq_1001_to_%1")
+    m_office.db.run(u"INSERT INTO Persons(sName2,iCode) SELECT CONCAT('کاربر ', seq), seq FROM seq_1001_to_%1"_s
                         .arg(1000 + count));
 }
 
 void TestCDlgPersons::listsActivePersonsByTheAlphabet()
 {
-    Office::addPerson(QStringLiteral("گیتی"), {});
-    Office::addPerson(QStringLiteral("کامران"), {});
-    Office::addPerson(QStringLiteral("پرویز"), {});
-    Office::addPerson(QStringLiteral("آرش"), {}, [](CTblPersons &person) { person.m_iStatus = 1; });
+    Office::addPerson(u"گیتی"_s, {});
+    Office::addPerson(u"کامران"_s, {});
+    Office::addPerson(u"پرویز"_s, {});
+    Office::addPerson(u"آرش"_s, {}, [](CTblPersons &person) { person.m_iStatus = 1; });
     CDlgPersons page;
-    QCOMPARE(page.title(), QStringLiteral("اشخاص"));
+    QCOMPARE(page.title(), u"اشخاص"_s);
     QVERIFY(page.OnAccess());
     page.show();
-    QCOMPARE(names(page), QStringList({QStringLiteral("پرویز"), QStringLiteral("کامران"), QStringLiteral("گیتی")}));
-    QCOMPARE(page.countText(), QStringLiteral("تعداد : 3"));
+    QCOMPARE(names(page), QStringList({u"پرویز"_s, u"کامران"_s, u"گیتی"_s}));
+    QCOMPARE(page.countText(), u"تعداد : 3"_s);
     QAbstractItemModelTester tester(page.list()->listModel(), QAbstractItemModelTester::FailureReportingMode::QtTest);
     page.refill();
 }
 
 void TestCDlgPersons::inactivePersonsOnRequest()
 {
-    Office::addPerson(QStringLiteral("پرویز"), {});
-    Office::addPerson(QStringLiteral("آرش"), {}, [](CTblPersons &person) { person.m_iStatus = 1; });
+    Office::addPerson(u"پرویز"_s, {});
+    Office::addPerson(u"آرش"_s, {}, [](CTblPersons &person) { person.m_iStatus = 1; });
     CDlgPersons page;
     page.show();
     page.findChild<QCheckBox *>()->setChecked(true);
-    QCOMPARE(names(page), QStringList({QStringLiteral("آرش"), QStringLiteral("پرویز")}));
+    QCOMPARE(names(page), QStringList({u"آرش"_s, u"پرویز"_s}));
 }
 
 void TestCDlgPersons::searchesWhileTyping()
 {
-    Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
-    const int karimi = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("کریمی"));
+    Office::addPerson(u"علی"_s, u"رضایی"_s);
+    const int karimi = Office::addPerson(u"مریم"_s, u"کریمی"_s);
     CDlgPersons page;
     page.show();
     QVERIFY(QTest::qWaitForWindowActive(&page));
     QCOMPARE(Hand::focus(), search(&page));
-    Hand::type(QStringLiteral("كريمي"));
-    QTRY_COMPARE(names(page), QStringList{QStringLiteral("مریم کریمی")});
+    Hand::type(u"كريمي"_s);
+    QTRY_COMPARE(names(page), QStringList{u"مریم کریمی"_s});
     QCOMPARE(page.list()->currentKey(), karimi);
     search(&page)->clear();
     QTRY_COMPARE(page.list()->count(), 2);
@@ -127,9 +129,9 @@ void TestCDlgPersons::typingAtSpeedSearchesOnce()
     QVERIFY(QTest::qWaitForWindowActive(&page));
     int searches = 0;
     KConnection::setStatementObserver([&searches](const QString &statement) {
-        searches += statement.contains(QStringLiteral("RLIKE")) ? 1 : 0;
+        searches += statement.contains(u"RLIKE"_s) ? 1 : 0;
     });
-    Hand::type(QStringLiteral("کاربر 101"));
+    Hand::type(u"کاربر 101"_s);
     QTRY_COMPARE(page.list()->count(), 10);
     KConnection::setStatementObserver(nullptr);
     QCOMPARE(searches, 1);
@@ -138,13 +140,13 @@ void TestCDlgPersons::typingAtSpeedSearchesOnce()
 void TestCDlgPersons::exactCodeStandsFirst()
 {
     addMany(30);
-    Office::addPerson(QStringLiteral("یاسمن"), {}, [](CTblPersons &person) { person.m_iCode = 10; });
+    Office::addPerson(u"یاسمن"_s, {}, [](CTblPersons &person) { person.m_iCode = 10; });
     CDlgPersons page;
     page.show();
-    search(&page)->setText(QStringLiteral("۱۰"));
-    QTRY_COMPARE(page.list()->cellText(0, 1), QStringLiteral("یاسمن"));
-    QCOMPARE(page.list()->cellText(0, 0), QStringLiteral("10"));
-    QCOMPARE(names(page).count(QStringLiteral("یاسمن")), 1);
+    search(&page)->setText(u"۱۰"_s);
+    QTRY_COMPARE(page.list()->cellText(0, 1), u"یاسمن"_s);
+    QCOMPARE(page.list()->cellText(0, 0), u"10"_s);
+    QCOMPARE(names(page).count(u"یاسمن"_s), 1);
     QVERIFY(page.list()->count() > 1);
 }
 
@@ -153,45 +155,45 @@ void TestCDlgPersons::tellsWhenTheLimitCutsTheList()
     addMany(30);
     CDlgPersons page;
     page.show();
-    QVERIFY(!page.findChild<QLabel *>(QStringLiteral("notice"))->isVisible());
-    Hand::named<KEdit>(&page, QStringLiteral("تعداد نمايش :"))->setText(QStringLiteral("20"));
+    QVERIFY(!page.findChild<QLabel *>(u"notice"_s)->isVisible());
+    Hand::named<KEdit>(&page, u"تعداد نمايش :"_s)->setText(u"20"_s);
     page.refill();
     QCOMPARE(page.list()->count(), 20);
-    QVERIFY(page.findChild<QLabel *>(QStringLiteral("notice"))->isVisible());
+    QVERIFY(page.findChild<QLabel *>(u"notice"_s)->isVisible());
 }
 
 void TestCDlgPersons::tellsWhenNobodyIsFound()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
+    Office::addPerson(u"الف"_s, {});
     CDlgPersons page;
     page.show();
-    auto *notice = page.findChild<QLabel *>(QStringLiteral("notice"));
-    search(&page)->setText(QStringLiteral("زصضط"));
+    auto *notice = page.findChild<QLabel *>(u"notice"_s);
+    search(&page)->setText(u"زصضط"_s);
     QTRY_VERIFY(notice->isVisible());
-    QVERIFY(notice->text().contains(QStringLiteral("جديد")));
+    QVERIFY(notice->text().contains(u"جديد"_s));
     search(&page)->clear();
     QTRY_VERIFY(!notice->isVisible());
 }
 
 void TestCDlgPersons::sortsByAClickedColumn()
 {
-    Office::addPerson(QStringLiteral("الف"), {}, [](CTblPersons &person) { person.m_iCode = 9; });
-    Office::addPerson(QStringLiteral("ب"), {}, [](CTblPersons &person) { person.m_iCode = 10; });
-    Office::addPerson(QStringLiteral("پ"), {}, [](CTblPersons &person) { person.m_iCode = 8; });
+    Office::addPerson(u"الف"_s, {}, [](CTblPersons &person) { person.m_iCode = 9; });
+    Office::addPerson(u"ب"_s, {}, [](CTblPersons &person) { person.m_iCode = 10; });
+    Office::addPerson(u"پ"_s, {}, [](CTblPersons &person) { person.m_iCode = 8; });
     CDlgPersons page;
     page.show();
     Q_EMIT page.list()->columnClicked(0);
-    QCOMPARE(names(page).join(QString()), QStringLiteral("پالفب"));
+    QCOMPARE(names(page).join(QString()), u"پالفب"_s);
     Q_EMIT page.list()->columnClicked(0);
-    QCOMPARE(names(page).join(QString()), QStringLiteral("بالفپ"));
+    QCOMPARE(names(page).join(QString()), u"بالفپ"_s);
 }
 
 void TestCDlgPersons::pickerByKeyboardAlone()
 {
-    Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
-    const int karimi = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("کریمی"));
+    Office::addPerson(u"علی"_s, u"رضایی"_s);
+    const int karimi = Office::addPerson(u"مریم"_s, u"کریمی"_s);
     Hand::inNextWindow([](QDialog *dialog) {
-        Hand::type(QStringLiteral("کریمی"));
+        Hand::type(u"کریمی"_s);
         QTRY_COMPARE(dialog->findChild<KExtListCtrl *>()->count(), 1);
         Hand::press(Qt::Key_Return);
     });
@@ -200,10 +202,10 @@ void TestCDlgPersons::pickerByKeyboardAlone()
 
 void TestCDlgPersons::pickerEnterBeforeThePauseIsOver()
 {
-    Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
-    const int karimi = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("کریمی"));
+    Office::addPerson(u"علی"_s, u"رضایی"_s);
+    const int karimi = Office::addPerson(u"مریم"_s, u"کریمی"_s);
     Hand::inNextWindow([](QDialog *) {
-        Hand::type(QStringLiteral("کریمی"));
+        Hand::type(u"کریمی"_s);
         Hand::press(Qt::Key_Return);
     });
     QCOMPARE(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, 0), karimi);
@@ -212,7 +214,7 @@ void TestCDlgPersons::pickerEnterBeforeThePauseIsOver()
 void TestCDlgPersons::pickerPreselectsTheCurrentPersonBeyondTheLimit()
 {
     addMany(1200);
-    const int last = Office::addPerson(QStringLiteral("یونس"), QStringLiteral("یاوری"));
+    const int last = Office::addPerson(u"یونس"_s, u"یاوری"_s);
     int selected = 0;
     int rows = 0;
     Hand::inNextWindow([&](QDialog *dialog) {
@@ -227,15 +229,15 @@ void TestCDlgPersons::pickerPreselectsTheCurrentPersonBeyondTheLimit()
 
 void TestCDlgPersons::pickerPreselectsAnInactiveCurrentPerson()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
-    const int old = Office::addPerson(QStringLiteral("ب"), {}, [](CTblPersons &person) { person.m_iStatus = 1; });
+    Office::addPerson(u"الف"_s, {});
+    const int old = Office::addPerson(u"ب"_s, {}, [](CTblPersons &person) { person.m_iStatus = 1; });
     Hand::inNextWindow([](QDialog *) { Hand::press(Qt::Key_Return); });
     QCOMPARE(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, old), old);
 }
 
 void TestCDlgPersons::pickerOffersOnlyActivePersons()
 {
-    Office::addPerson(QStringLiteral("الف"), {}, [](CTblPersons &person) { person.m_iStatus = 1; });
+    Office::addPerson(u"الف"_s, {}, [](CTblPersons &person) { person.m_iStatus = 1; });
     int rows = -1;
     bool boxShown = true;
     Hand::inNextWindow([&](QDialog *dialog) {
@@ -249,17 +251,17 @@ void TestCDlgPersons::pickerOffersOnlyActivePersons()
 
 void TestCDlgPersons::pickerCancelledGivesZero()
 {
-    const int id = Office::addPerson(QStringLiteral("الف"), {});
+    const int id = Office::addPerson(u"الف"_s, {});
     Hand::inNextWindow([](QDialog *) { Hand::press(Qt::Key_Escape); });
     QCOMPARE(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, id), 0);
 }
 
 void TestCDlgPersons::pickerWithNobodyFoundStaysOpen()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
+    Office::addPerson(u"الف"_s, {});
     bool stayed = false;
     Hand::inNextWindow([&stayed](QDialog *dialog) {
-        Hand::type(QStringLiteral("زصضط"));
+        Hand::type(u"زصضط"_s);
         Hand::press(Qt::Key_Return);
         stayed = dialog->isVisible();
     });
@@ -269,15 +271,15 @@ void TestCDlgPersons::pickerWithNobodyFoundStaysOpen()
 
 void TestCDlgPersons::pickerOfAnotherModeGivesZero()
 {
-    const int id = Office::addPerson(QStringLiteral("الف"), {});
+    const int id = Office::addPerson(u"الف"_s, {});
     QCOMPARE(CDlgPersons::SelectPerson(nullptr, 1, id), 0);
     QVERIFY(!QApplication::activeModalWidget());
 }
 
 void TestCDlgPersons::arrowsMoveFromTheSearchLine()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
-    const int second = Office::addPerson(QStringLiteral("ب"), {});
+    Office::addPerson(u"الف"_s, {});
+    const int second = Office::addPerson(u"ب"_s, {});
     Hand::inNextWindow([](QDialog *) {
         Hand::press(Qt::Key_Down);
         Hand::press(Qt::Key_Return);
@@ -287,25 +289,25 @@ void TestCDlgPersons::arrowsMoveFromTheSearchLine()
 
 void TestCDlgPersons::typingInTheListGoesOnWithTheSearch()
 {
-    Office::addPerson(QStringLiteral("علی"), {});
+    Office::addPerson(u"علی"_s, {});
     CDlgPersons page;
     page.show();
     QVERIFY(QTest::qWaitForWindowActive(&page));
-    Hand::type(QStringLiteral("ع"));
+    Hand::type(u"ع"_s);
     page.list()->setFocus();
-    Hand::type(QStringLiteral("ل"));
-    QCOMPARE(search(&page)->text(), QStringLiteral("عل"));
+    Hand::type(u"ل"_s);
+    QCOMPARE(search(&page)->text(), u"عل"_s);
     QCOMPARE(Hand::focus(), search(&page));
 }
 
 void TestCDlgPersons::insertAddsAPersonOnTheWayAndEnterPicksIt()
 {
-    Office::addPerson(QStringLiteral("آرش"), {});
+    Office::addPerson(u"آرش"_s, {});
     Hand::inNextWindow([](QDialog *dialog) {
-        Hand::type(QStringLiteral("نرگس صابری"));
+        Hand::type(u"نرگس صابری"_s);
         Hand::inNextWindow([](QDialog *editor) {
-            QCOMPARE(Hand::named<KEdit>(editor, QStringLiteral("نام :"))->text(), QStringLiteral("نرگس"));
-            QCOMPARE(Hand::named<KEdit>(editor, QStringLiteral("نام خانوادگی :"))->text(), QStringLiteral("صابری"));
+            QCOMPARE(Hand::named<KEdit>(editor, u"نام :"_s)->text(), u"نرگس"_s);
+            QCOMPARE(Hand::named<KEdit>(editor, u"نام خانوادگی :"_s)->text(), u"صابری"_s);
             Hand::press(Qt::Key_Return, Qt::ControlModifier);
         });
         Hand::press(Qt::Key_Insert);
@@ -315,8 +317,8 @@ void TestCDlgPersons::insertAddsAPersonOnTheWayAndEnterPicksIt()
     });
     const int chosen = CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, 0);
     CTblPersons person;
-    QVERIFY(person.IsRecordExist(QStringLiteral("iID"), chosen));
-    QCOMPARE(person.m_sName2, QStringLiteral("نرگس صابری"));
+    QVERIFY(person.IsRecordExist(u"iID"_s, chosen));
+    QCOMPARE(person.m_sName2, u"نرگس صابری"_s);
     QCOMPARE(person.m_iCode, 2);
 }
 
@@ -325,65 +327,65 @@ void TestCDlgPersons::addedPersonThatTheSearchDoesNotFindIsShownAnyway()
     CDlgPersons page;
     page.show();
     QVERIFY(QTest::qWaitForWindowActive(&page));
-    Hand::type(QStringLiteral("نرگس"));
+    Hand::type(u"نرگس"_s);
     Hand::inNextWindow([](QDialog *editor) {
-        Hand::named<KEdit>(editor, QStringLiteral("نام :"))->setText(QStringLiteral("مینا"));
+        Hand::named<KEdit>(editor, u"نام :"_s)->setText(u"مینا"_s);
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
     page.addPerson();
-    QCOMPARE(names(page), QStringList{QStringLiteral("مینا")});
+    QCOMPARE(names(page), QStringList{u"مینا"_s});
     QVERIFY(page.list()->currentKey() > 0);
     QCOMPARE(search(&page)->text(), QString());
 }
 
 void TestCDlgPersons::f2EditsTheSelectedPerson()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
-    const int second = Office::addPerson(QStringLiteral("ب"), {});
+    Office::addPerson(u"الف"_s, {});
+    const int second = Office::addPerson(u"ب"_s, {});
     CDlgPersons page;
     page.show();
     QVERIFY(QTest::qWaitForWindowActive(&page));
     page.list()->selectKey(second);
     Hand::inNextWindow([](QDialog *editor) {
-        Hand::named<KEdit>(editor, QStringLiteral("نام :"))->setText(QStringLiteral("ی"));
+        Hand::named<KEdit>(editor, u"نام :"_s)->setText(u"ی"_s);
         Hand::press(Qt::Key_Return, Qt::ControlModifier);
     });
     Hand::press(Qt::Key_F2);
-    QTRY_COMPARE(names(page), QStringList({QStringLiteral("الف"), QStringLiteral("ی")}));
+    QTRY_COMPARE(names(page), QStringList({u"الف"_s, u"ی"_s}));
     QCOMPARE(page.list()->currentKey(), second);
 }
 
 void TestCDlgPersons::userWithoutAccessSeesNoPicker()
 {
-    const int id = Office::addPerson(QStringLiteral("الف"), {});
+    const int id = Office::addPerson(u"الف"_s, {});
     m_office.loginClerk();
     QCOMPARE(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, id), 0);
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Persons"), KSecurity::Access)});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Persons"_s, KSecurity::Access)});
 }
 
 void TestCDlgPersons::userWithoutWriteRightIsToldAndAddsNothing()
 {
-    KSecurity::setRights(m_office.clerk(), QStringLiteral("Persons"), KSecurity::Access | KSecurity::Read);
+    KSecurity::setRights(m_office.clerk(), u"Persons"_s, KSecurity::Access | KSecurity::Read);
     m_office.loginClerk();
     CDlgPersons page;
     QVERIFY(page.OnAccess());
     page.show();
     page.addPerson();
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(QStringLiteral("Persons"), KSecurity::Write)});
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("0"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Persons"_s, KSecurity::Write)});
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), u"0"_s);
 }
 
 void TestCDlgPersons::enterInThePageOpensThePersonReadOnlyWithoutModifyRight()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
-    KSecurity::setRights(m_office.clerk(), QStringLiteral("Persons"), KSecurity::Access | KSecurity::Read);
+    Office::addPerson(u"الف"_s, {});
+    KSecurity::setRights(m_office.clerk(), u"Persons"_s, KSecurity::Access | KSecurity::Read);
     m_office.loginClerk();
     CDlgPersons page;
     page.show();
     QVERIFY(QTest::qWaitForWindowActive(&page));
     bool readOnly = false;
     Hand::inNextWindow([&readOnly](QDialog *window) {
-        readOnly = Hand::named<KEdit>(window, QStringLiteral("نام :"))->isReadOnly();
+        readOnly = Hand::named<KEdit>(window, u"نام :"_s)->isReadOnly();
     });
     Hand::press(Qt::Key_Return);
     QVERIFY(readOnly);
@@ -392,13 +394,13 @@ void TestCDlgPersons::enterInThePageOpensThePersonReadOnlyWithoutModifyRight()
 
 void TestCDlgPersons::closedDatabaseHidesAddAndEdit()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
+    Office::addPerson(u"الف"_s, {});
     GetDBSetting()->SetClosedDB(true);
     CDlgPersons page;
     page.show();
-    QVERIFY(!page.button(QStringLiteral("جديد"))->isVisible());
-    QVERIFY(!page.button(QStringLiteral("ويرايش"))->isVisible());
-    QVERIFY(page.button(QStringLiteral("نمايش"))->isVisible());
+    QVERIFY(!page.button(u"جديد"_s)->isVisible());
+    QVERIFY(!page.button(u"ويرايش"_s)->isVisible());
+    QVERIFY(page.button(u"نمايش"_s)->isVisible());
     page.addPerson();
     page.editPerson();
     QVERIFY(!QApplication::activeModalWidget());
@@ -409,9 +411,9 @@ void TestCDlgPersons::everyControlHasAName()
     CDlgPersons page;
     page.show();
     QVERIFY(search(&page));
-    QVERIFY(Hand::named<KEdit>(&page, QStringLiteral("تعداد نمايش :")));
-    QVERIFY(Hand::named<KExtListCtrl>(&page, QStringLiteral("اشخاص")));
-    for (const QString &caption : {QStringLiteral("جديد"), QStringLiteral("ويرايش"), QStringLiteral("نمايش")})
+    QVERIFY(Hand::named<KEdit>(&page, u"تعداد نمايش :"_s));
+    QVERIFY(Hand::named<KExtListCtrl>(&page, u"اشخاص"_s));
+    for (const QString &caption : {u"جديد"_s, u"ويرايش"_s, u"نمايش"_s})
         QVERIFY(Hand::named<QPushButton>(&page, caption));
 }
 

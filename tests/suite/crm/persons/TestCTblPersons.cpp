@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCTblPersons : public QObject
 {
     Q_OBJECT
@@ -42,8 +44,8 @@ void TestCTblPersons::columnsAreThoseOfTheTable()
     for (const KMySQL::Column &column : persons.columns())
         declared.append(column.name);
     const QString stored = m_office.db.value(
-        QStringLiteral("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS "
-                       "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='Persons'"));
+        u"SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS "
+        "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='Persons'"_s);
     QCOMPARE(declared.join(u','), stored);
 }
 
@@ -51,7 +53,7 @@ void TestCTblPersons::everyShownColumnHasACaption()
 {
     CTblPersons persons;
     for (const KMySQL::Column &column : persons.columns())
-        QCOMPARE(column.caption.isEmpty(), column.name == QStringLiteral("iID"));
+        QCOMPARE(column.caption.isEmpty(), column.name == u"iID"_s);
 }
 
 void TestCTblPersons::displayName_data()
@@ -59,11 +61,11 @@ void TestCTblPersons::displayName_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("family");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("both") << QStringLiteral("علی") << QStringLiteral("رضایی") << QStringLiteral("علی رضایی");
-    QTest::newRow("no family") << QStringLiteral("شرکت الف") << QString() << QStringLiteral("شرکت الف");
-    QTest::newRow("no name") << QString() << QStringLiteral("رضایی") << QStringLiteral("رضایی");
+    QTest::newRow("both") << u"علی"_s << u"رضایی"_s << u"علی رضایی"_s;
+    QTest::newRow("no family") << u"شرکت الف"_s << QString() << u"شرکت الف"_s;
+    QTest::newRow("no name") << QString() << u"رضایی"_s << u"رضایی"_s;
     QTest::newRow("neither") << QString() << QString() << QString();
-    QTest::newRow("blanks") << QStringLiteral("  علي ") << QStringLiteral("  كريمي ") << QStringLiteral("علی کریمی");
+    QTest::newRow("blanks") << u"  علي "_s << u"  كريمي "_s << u"علی کریمی"_s;
 }
 
 void TestCTblPersons::displayName()
@@ -80,8 +82,8 @@ void TestCTblPersons::nextCodeOfAnEmptyTableIsOne()
 
 void TestCTblPersons::nextCodeFollowsTheHighest()
 {
-    Office::addPerson(QStringLiteral("الف"), {}, [](CTblPersons &person) { person.m_iCode = 500; });
-    Office::addPerson(QStringLiteral("ب"), {}, [](CTblPersons &person) { person.m_iCode = 7; });
+    Office::addPerson(u"الف"_s, {}, [](CTblPersons &person) { person.m_iCode = 500; });
+    Office::addPerson(u"ب"_s, {}, [](CTblPersons &person) { person.m_iCode = 7; });
     QCOMPARE(CTblPersons::nextCode(), 501);
 }
 
@@ -92,7 +94,7 @@ void TestCTblPersons::everyColumnComesBack()
     person.AddNew();
     int number = 3;
     for (const KMySQL::Column &column : person.columns()) {
-        if (column.name == QStringLiteral("iID"))
+        if (column.name == u"iID"_s)
             continue;
         switch (column.kind) {
         case KMySQL::ColumnKind::Text:
@@ -110,9 +112,9 @@ void TestCTblPersons::everyColumnComesBack()
     }
     person.Update(true);
     CTblPersons read;
-    QVERIFY(read.IsRecordExist(QStringLiteral("iID"), static_cast<qint32>(person.GetLastInsertedID())));
+    QVERIFY(read.IsRecordExist(u"iID"_s, static_cast<qint32>(person.GetLastInsertedID())));
     for (const KMySQL::Column &column : person.columns()) {
-        if (column.name != QStringLiteral("iID"))
+        if (column.name != u"iID"_s)
             QCOMPARE(read.value(column.name), person.value(column.name));
     }
     QCOMPARE(read.m_sName2, read.m_sName + u' ' + read.m_sFamily);
@@ -120,52 +122,52 @@ void TestCTblPersons::everyColumnComesBack()
 
 void TestCTblPersons::textsAreKeptInTheirStandardForm()
 {
-    const int id = Office::addPerson(QStringLiteral(" علي"), QStringLiteral("كريمي  نژاد "), [](CTblPersons &person) {
-        person.m_sMobile = QStringLiteral("۰۹۱۲۱۲۳۴۵۶۷");
-        person.m_sAddress = QStringLiteral("تهران،  خيابان ٣");
+    const int id = Office::addPerson(u" علي"_s, u"كريمي  نژاد "_s, [](CTblPersons &person) {
+        person.m_sMobile = u"۰۹۱۲۱۲۳۴۵۶۷"_s;
+        person.m_sAddress = u"تهران،  خيابان ٣"_s;
     });
     CTblPersons read;
-    QVERIFY(read.IsRecordExist(QStringLiteral("iID"), id));
-    QCOMPARE(read.m_sName, QStringLiteral("علی"));
-    QCOMPARE(read.m_sFamily, QStringLiteral("کریمی نژاد"));
-    QCOMPARE(read.m_sName2, QStringLiteral("علی کریمی نژاد"));
-    QCOMPARE(read.m_sMobile, QStringLiteral("09121234567"));
-    QCOMPARE(read.m_sAddress, QStringLiteral("تهران، خیابان 3"));
+    QVERIFY(read.IsRecordExist(u"iID"_s, id));
+    QCOMPARE(read.m_sName, u"علی"_s);
+    QCOMPARE(read.m_sFamily, u"کریمی نژاد"_s);
+    QCOMPARE(read.m_sName2, u"علی کریمی نژاد"_s);
+    QCOMPARE(read.m_sMobile, u"09121234567"_s);
+    QCOMPARE(read.m_sAddress, u"تهران، خیابان 3"_s);
 }
 
 void TestCTblPersons::shownNameFollowsAChangeOfTheFamilyName()
 {
-    const int id = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("احمدی"));
+    const int id = Office::addPerson(u"مریم"_s, u"احمدی"_s);
     CTblPersons person;
-    QVERIFY(person.IsRecordExist(QStringLiteral("iID"), id));
+    QVERIFY(person.IsRecordExist(u"iID"_s, id));
     person.Edit();
-    person.m_sFamily = QStringLiteral("کریمی");
+    person.m_sFamily = u"کریمی"_s;
     person.Update(true);
-    QCOMPARE(CTblPersonsMini::GetName(id), QStringLiteral("مریم کریمی"));
+    QCOMPARE(CTblPersonsMini::GetName(id), u"مریم کریمی"_s);
 }
 
 void TestCTblPersons::shownNameAloneIsKept()
 {
-    const int id = Office::addPerson({}, {}, [](CTblPersons &person) { person.m_sName2 = QStringLiteral("مشتری نقدي"); });
-    QCOMPARE(CTblPersonsMini::GetName(id), QStringLiteral("مشتری نقدی"));
+    const int id = Office::addPerson({}, {}, [](CTblPersons &person) { person.m_sName2 = u"مشتری نقدي"_s; });
+    QCOMPARE(CTblPersonsMini::GetName(id), u"مشتری نقدی"_s);
 }
 
 void TestCTblPersons::aChangeWithoutTheNamesLeavesTheShownName()
 {
-    const int id = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("احمدی"));
+    const int id = Office::addPerson(u"مریم"_s, u"احمدی"_s);
     CTblPersons person;
-    person.SetColumns({QStringLiteral("sMobile")});
-    person.m_filter = QStringLiteral("iID=%1").arg(id);
+    person.SetColumns({u"sMobile"_s});
+    person.m_filter = u"iID=%1"_s.arg(id);
     person.Open(true, true, true);
     QVERIFY(!person.IsEOF());
     person.Edit();
-    person.m_sMobile = QStringLiteral("09350000000");
+    person.m_sMobile = u"09350000000"_s;
     person.Update(true);
     CTblPersons read;
-    QVERIFY(read.IsRecordExist(QStringLiteral("iID"), id));
-    QCOMPARE(read.m_sMobile, QStringLiteral("09350000000"));
-    QCOMPARE(read.m_sName2, QStringLiteral("مریم احمدی"));
-    QCOMPARE(read.m_sFamily, QStringLiteral("احمدی"));
+    QVERIFY(read.IsRecordExist(u"iID"_s, id));
+    QCOMPARE(read.m_sMobile, u"09350000000"_s);
+    QCOMPARE(read.m_sName2, u"مریم احمدی"_s);
+    QCOMPARE(read.m_sFamily, u"احمدی"_s);
 }
 
 void TestCTblPersons::aTooLongNameIsRefusedAndNothingWritten()
@@ -175,36 +177,36 @@ void TestCTblPersons::aTooLongNameIsRefusedAndNothingWritten()
         QFAIL("the name was taken");
     } catch (const CMySQLException &error) {
         QCOMPARE(error.category(), CMySQLException::Category::ValueTooLong);
-        QCOMPARE(error.columnCaption(), QStringLiteral("نام"));
+        QCOMPARE(error.columnCaption(), u"نام"_s);
     }
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Persons")), QStringLiteral("0"));
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), u"0"_s);
 }
 
 void TestCTblPersons::duplicateNationalCodeIsFoundInAnyDigits()
 {
-    const int id = Office::addPerson(QStringLiteral("الف"), {}, [](CTblPersons &person) {
-        person.m_sNationalCode = QStringLiteral("0076229645");
+    const int id = Office::addPerson(u"الف"_s, {}, [](CTblPersons &person) {
+        person.m_sNationalCode = u"0076229645"_s;
     });
-    QCOMPARE(CTblPersons::findByNationalCode(QStringLiteral("۰۰۷۶۲۲۹۶۴۵"), 0), id);
-    QCOMPARE(CTblPersons::findByNationalCode(QStringLiteral("0076229645"), id), 0);
-    QCOMPARE(CTblPersons::findByNationalCode(QStringLiteral("0076229640"), 0), 0);
-    Office::addPerson(QStringLiteral("ب"), {});
+    QCOMPARE(CTblPersons::findByNationalCode(u"۰۰۷۶۲۲۹۶۴۵"_s, 0), id);
+    QCOMPARE(CTblPersons::findByNationalCode(u"0076229645"_s, id), 0);
+    QCOMPARE(CTblPersons::findByNationalCode(u"0076229640"_s, 0), 0);
+    Office::addPerson(u"ب"_s, {});
     QCOMPARE(CTblPersons::findByNationalCode(QString(), 0), 0);
-    QCOMPARE(CTblPersons::findByNationalCode(QStringLiteral("' OR 1=1 -- "), 0), 0);
+    QCOMPARE(CTblPersons::findByNationalCode(u"' OR 1=1 -- "_s, 0), 0);
 }
 
 void TestCTblPersons::namesOfManyPersonsInOneStatement()
 {
-    const int first = Office::addPerson(QStringLiteral("الف"), {});
-    const int second = Office::addPerson(QStringLiteral("ب"), {});
+    const int first = Office::addPerson(u"الف"_s, {});
+    const int second = Office::addPerson(u"ب"_s, {});
     int statements = 0;
     KConnection::setStatementObserver([&statements](const QString &) { ++statements; });
     const QHash<int, QString> names = CTblPersonsMini::GetNames({first, second, first, 0, 999999});
     KConnection::setStatementObserver(nullptr);
     QCOMPARE(statements, 1);
     QCOMPARE(names.size(), 2);
-    QCOMPARE(names.value(first), QStringLiteral("الف"));
-    QCOMPARE(names.value(second), QStringLiteral("ب"));
+    QCOMPARE(names.value(first), u"الف"_s);
+    QCOMPARE(names.value(second), u"ب"_s);
 }
 
 void TestCTblPersons::nameOfNobodyIsEmpty()
@@ -216,8 +218,8 @@ void TestCTblPersons::nameOfNobodyIsEmpty()
 
 void TestCTblPersons::aNewPersonIsANaturalOne()
 {
-    Office::addPerson(QStringLiteral("الف"), {});
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT CONCAT(iKind,bNatural,iStatus) FROM Persons")), QStringLiteral("010"));
+    Office::addPerson(u"الف"_s, {});
+    QCOMPARE(m_office.db.value(u"SELECT CONCAT(iKind,bNatural,iStatus) FROM Persons"_s), u"010"_s);
 }
 
 static const RegisteredTest<TestCTblPersons, QCoreApplication> registered;

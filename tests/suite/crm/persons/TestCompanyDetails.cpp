@@ -10,12 +10,14 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCompanyDetails : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_office.db.run(QStringLiteral("DELETE FROM Properties WHERE sSection='Company'")); }
+    void init() { m_office.db.run(u"DELETE FROM Properties WHERE sSection='Company'"_s); }
     void freshDatabaseGivesEmptyDetails();
     void everyPartComesBack();
     void partsAreInTheSectionCompanyUnderTheirNames();
@@ -32,24 +34,24 @@ private:
 CompanyDetails TestCompanyDetails::sample()
 {
     CompanyDetails details;
-    details.name1 = QStringLiteral("نمایشگاه اتومبیل");
-    details.name2 = QStringLiteral("البرز");
+    details.name1 = u"نمایشگاه اتومبیل"_s;
+    details.name2 = u"البرز"_s;
     details.kind = CompanyDetails::kindLegal;
-    details.nationalCode = QStringLiteral("10380284790");
-    details.economicCode = QStringLiteral("411111111111");
-    details.registrationNumber = QStringLiteral("12345");
-    details.manager = QStringLiteral("رضا کریمی");
-    details.telephone = QStringLiteral("02188776655");
-    details.mobile = QStringLiteral("09121234567");
-    details.province = QStringLiteral("تهران");
-    details.city = QStringLiteral("ری");
-    details.address = QStringLiteral("خیابان آزادی، پلاک 1");
-    details.postalCode = QStringLiteral("1234567890");
-    details.areaCode = QStringLiteral("021");
-    details.taxKind = QStringLiteral("6");
-    details.taxZone = QStringLiteral("2107");
-    details.provinceCode = QStringLiteral("23");
-    details.cityCode = QStringLiteral("1");
+    details.nationalCode = u"10380284790"_s;
+    details.economicCode = u"411111111111"_s;
+    details.registrationNumber = u"12345"_s;
+    details.manager = u"رضا کریمی"_s;
+    details.telephone = u"02188776655"_s;
+    details.mobile = u"09121234567"_s;
+    details.province = u"تهران"_s;
+    details.city = u"ری"_s;
+    details.address = u"خیابان آزادی، پلاک 1"_s;
+    details.postalCode = u"1234567890"_s;
+    details.areaCode = u"021"_s;
+    details.taxKind = u"6"_s;
+    details.taxZone = u"2107"_s;
+    details.provinceCode = u"23"_s;
+    details.cityCode = u"1"_s;
     return details;
 }
 
@@ -69,12 +71,12 @@ void TestCompanyDetails::everyPartComesBack()
 void TestCompanyDetails::partsAreInTheSectionCompanyUnderTheirNames()
 {
     sample().write();
-    const QHash<QString, QString> stored = CTblProperties::DBReadSection(QStringLiteral("Company"));
+    const QHash<QString, QString> stored = CTblProperties::DBReadSection(u"Company"_s);
     QCOMPARE(stored.size(), 18);
-    QCOMPARE(stored.value(QStringLiteral("name1")), QStringLiteral("نمایشگاه اتومبیل"));
-    QCOMPARE(stored.value(QStringLiteral("name2")), QStringLiteral("البرز"));
-    QCOMPARE(stored.value(QStringLiteral("telephone")), QStringLiteral("02188776655"));
-    QCOMPARE(stored.value(QStringLiteral("kind")), QStringLiteral("2"));
+    QCOMPARE(stored.value(u"name1"_s), u"نمایشگاه اتومبیل"_s);
+    QCOMPARE(stored.value(u"name2"_s), u"البرز"_s);
+    QCOMPARE(stored.value(u"telephone"_s), u"02188776655"_s);
+    QCOMPARE(stored.value(u"kind"_s), u"2"_s);
 }
 
 void TestCompanyDetails::aSecondWriteReplacesTheFirst()
@@ -82,7 +84,7 @@ void TestCompanyDetails::aSecondWriteReplacesTheFirst()
     sample().write();
     CompanyDetails changed = sample();
     changed.name2.clear();
-    changed.address = QStringLiteral("قم");
+    changed.address = u"قم"_s;
     changed.write();
     QVERIFY(CompanyDetails::read() == changed);
 }
@@ -92,9 +94,9 @@ void TestCompanyDetails::name_data()
     QTest::addColumn<QString>("name1");
     QTest::addColumn<QString>("name2");
     QTest::addColumn<QString>("name");
-    QTest::newRow("both") << QStringLiteral("الف") << QStringLiteral("ب") << QStringLiteral("الف ب");
-    QTest::newRow("first only") << QStringLiteral("الف") << QString() << QStringLiteral("الف");
-    QTest::newRow("second only") << QString() << QStringLiteral("ب") << QStringLiteral("ب");
+    QTest::newRow("both") << u"الف"_s << u"ب"_s << u"الف ب"_s;
+    QTest::newRow("first only") << u"الف"_s << QString() << u"الف"_s;
+    QTest::newRow("second only") << QString() << u"ب"_s << u"ب"_s;
     QTest::newRow("none") << QString() << QString() << QString();
 }
 

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 class TestKPersonField : public QObject
 {
     Q_OBJECT
@@ -37,8 +39,8 @@ private Q_SLOTS:
     void deleteKeyEmpties();
 
 private:
-    QPushButton *pickButton() { return Hand::named<QPushButton>(m_field.get(), QStringLiteral("فروشنده : ...")); }
-    QPushButton *clearButton() { return Hand::named<QPushButton>(m_field.get(), QStringLiteral("فروشنده : حذف")); }
+    QPushButton *pickButton() { return Hand::named<QPushButton>(m_field.get(), u"فروشنده : ..."_s); }
+    QPushButton *clearButton() { return Hand::named<QPushButton>(m_field.get(), u"فروشنده : حذف"_s); }
 
     Office m_office;
     std::unique_ptr<KPersonField> m_field;
@@ -49,9 +51,9 @@ private:
 void TestKPersonField::init()
 {
     m_office.reset();
-    m_ali = Office::addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"));
-    m_maryam = Office::addPerson(QStringLiteral("مریم"), QStringLiteral("کریمی"));
-    m_field = std::make_unique<KPersonField>(QStringLiteral("فروشنده :"));
+    m_ali = Office::addPerson(u"علی"_s, u"رضایی"_s);
+    m_maryam = Office::addPerson(u"مریم"_s, u"کریمی"_s);
+    m_field = std::make_unique<KPersonField>(u"فروشنده :"_s);
     m_field->show();
     QVERIFY(QTest::qWaitForWindowActive(m_field.get()));
     m_field->setFocus();
@@ -59,16 +61,16 @@ void TestKPersonField::init()
 
 void TestKPersonField::partsAreFoundByTheirNames()
 {
-    QCOMPARE(Hand::named<KEdit>(m_field.get(), QStringLiteral("فروشنده :")), m_field->nameEdit());
-    QCOMPARE(pickButton()->text(), QStringLiteral("..."));
-    QCOMPARE(clearButton()->text(), QStringLiteral("حذف"));
+    QCOMPARE(Hand::named<KEdit>(m_field.get(), u"فروشنده :"_s), m_field->nameEdit());
+    QCOMPARE(pickButton()->text(), u"..."_s);
+    QCOMPARE(clearButton()->text(), u"حذف"_s);
 }
 
 void TestKPersonField::clearButtonCaptionMayBeAnother()
 {
-    KPersonField field(QStringLiteral("خريدار :"), QStringLiteral("..."));
+    KPersonField field(u"خريدار :"_s, u"..."_s);
     field.show();
-    QCOMPARE(Hand::named<QPushButton>(&field, QStringLiteral("خريدار : حذف"))->text(), QStringLiteral("..."));
+    QCOMPARE(Hand::named<QPushButton>(&field, u"خريدار : حذف"_s)->text(), u"..."_s);
 }
 
 void TestKPersonField::clearButtonOnlyWhilePicked()
@@ -87,14 +89,14 @@ void TestKPersonField::pickingReportsTheChange()
 {
     QSignalSpy changed(m_field.get(), &KPersonField::changed);
     Hand::inNextWindow([](QDialog *) {
-        Hand::type(QStringLiteral("مریم"));
+        Hand::type(u"مریم"_s);
         Hand::press(Qt::Key_Return);
     });
     pickButton()->click();
     QCOMPARE(changed.size(), 1);
     QCOMPARE(changed.at(0).at(0).toInt(), m_maryam);
     QCOMPARE(m_field->personID(), m_maryam);
-    QCOMPARE(m_field->name(), QStringLiteral("مریم کریمی"));
+    QCOMPARE(m_field->name(), u"مریم کریمی"_s);
 }
 
 void TestKPersonField::cancelledPickingKeepsThePerson()
@@ -125,38 +127,38 @@ void TestKPersonField::settingAndClearingByCodeIsSilent()
 {
     QSignalSpy changed(m_field.get(), &KPersonField::changed);
     m_field->setPersonID(m_ali);
-    m_field->setName(QStringLiteral("نمایشگاه"));
+    m_field->setName(u"نمایشگاه"_s);
     m_field->clear();
     QCOMPARE(changed.size(), 0);
 }
 
 void TestKPersonField::vanishedPersonKeepsTheKeyAndTheStoredName()
 {
-    m_field->setPersonID(999999, QStringLiteral("نام قدیمی"));
+    m_field->setPersonID(999999, u"نام قدیمی"_s);
     QCOMPARE(m_field->personID(), 999999);
-    QCOMPARE(m_field->name(), QStringLiteral("نام قدیمی"));
-    m_field->setPersonID(m_ali, QStringLiteral("نام قدیمی"));
-    QCOMPARE(m_field->name(), QStringLiteral("علی رضایی"));
+    QCOMPARE(m_field->name(), u"نام قدیمی"_s);
+    m_field->setPersonID(m_ali, u"نام قدیمی"_s);
+    QCOMPARE(m_field->name(), u"علی رضایی"_s);
 }
 
 void TestKPersonField::aNameOfNobodyIsShown()
 {
     m_field->setPersonID(m_ali);
-    m_field->setName(QStringLiteral("نمایشگاه البرز"));
+    m_field->setName(u"نمایشگاه البرز"_s);
     QCOMPARE(m_field->personID(), 0);
-    QCOMPARE(m_field->name(), QStringLiteral("نمایشگاه البرز"));
+    QCOMPARE(m_field->name(), u"نمایشگاه البرز"_s);
     QVERIFY(!clearButton()->isEnabled());
 }
 
 void TestKPersonField::nameIsReadOnlyUnlessEditable()
 {
     QSignalSpy edited(m_field.get(), &KPersonField::nameEdited);
-    Hand::type(QStringLiteral("ح"));
+    Hand::type(u"ح"_s);
     QCOMPARE(m_field->name(), QString());
     m_field->setPickEnabled(false);
     m_field->setNameEditable(true);
-    Hand::type(QStringLiteral("حسن "));
-    QCOMPARE(m_field->name(), QStringLiteral("حسن "));
+    Hand::type(u"حسن "_s);
+    QCOMPARE(m_field->name(), u"حسن "_s);
     QCOMPARE(edited.size(), 4);
 }
 
@@ -187,7 +189,7 @@ void TestKPersonField::keysOpenThePicker()
     QFETCH(Qt::Key, key);
     QFETCH(Qt::KeyboardModifiers, modifiers);
     Hand::inNextWindow([](QDialog *) {
-        Hand::type(QStringLiteral("علی"));
+        Hand::type(u"علی"_s);
         Hand::press(Qt::Key_Return);
     });
     Hand::press(key, modifiers);

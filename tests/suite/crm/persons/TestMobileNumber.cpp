@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestMobileNumber : public QObject
 {
     Q_OBJECT
@@ -20,20 +22,20 @@ void TestMobileNumber::form_data()
 {
     QTest::addColumn<QString>("number");
     QTest::addColumn<bool>("good");
-    QTest::newRow("plain") << QStringLiteral("09121234567") << true;
-    QTest::newRow("Persian digits") << QStringLiteral("۰۹۱۲۱۲۳۴۵۶۷") << true;
-    QTest::newRow("Arabic digits") << QStringLiteral("٠٩١٢١٢٣٤٥٦٧") << true;
-    QTest::newRow("blanks and hyphens") << QStringLiteral("0912 123-45-67") << true;
-    QTest::newRow("country code with plus") << QStringLiteral("+98 912 123 4567") << true;
-    QTest::newRow("country code with zeros") << QStringLiteral("00989121234567") << true;
-    QTest::newRow("country code alone") << QStringLiteral("989121234567") << true;
+    QTest::newRow("plain") << u"09121234567"_s << true;
+    QTest::newRow("Persian digits") << u"۰۹۱۲۱۲۳۴۵۶۷"_s << true;
+    QTest::newRow("Arabic digits") << u"٠٩١٢١٢٣٤٥٦٧"_s << true;
+    QTest::newRow("blanks and hyphens") << u"0912 123-45-67"_s << true;
+    QTest::newRow("country code with plus") << u"+98 912 123 4567"_s << true;
+    QTest::newRow("country code with zeros") << u"00989121234567"_s << true;
+    QTest::newRow("country code alone") << u"989121234567"_s << true;
     QTest::newRow("empty") << QString() << false;
-    QTest::newRow("one digit short") << QStringLiteral("0912123456") << false;
-    QTest::newRow("one digit too many") << QStringLiteral("091212345678") << false;
-    QTest::newRow("a town's number") << QStringLiteral("02188776655") << false;
-    QTest::newRow("zero left out") << QStringLiteral("9121234567") << false;
-    QTest::newRow("a letter") << QStringLiteral("0912123456a") << false;
-    QTest::newRow("a town abroad") << QStringLiteral("+982188776655") << false;
+    QTest::newRow("one digit short") << u"0912123456"_s << false;
+    QTest::newRow("one digit too many") << u"091212345678"_s << false;
+    QTest::newRow("a town's number") << u"02188776655"_s << false;
+    QTest::newRow("zero left out") << u"9121234567"_s << false;
+    QTest::newRow("a letter") << u"0912123456a"_s << false;
+    QTest::newRow("a town abroad") << u"+982188776655"_s << false;
 }
 
 void TestMobileNumber::form()

@@ -10,6 +10,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // The conditions run against the database, with rows as other programs may have written them: no standard form.
 class TestPersonSearch : public QObject
 {
@@ -36,8 +38,8 @@ private:
 void TestPersonSearch::insertRaw(const QString &name, int code, const QString &national, const QString &mobile,
                                  const QString &tel)
 {
-    m_office.db.run(QStringLiteral("INSERT INTO Persons(sName2,iCode,sNationalCode,sMobile,sTel) "
-                                   "VALUES('%1',%2,'%3','%4','%5')")
+    m_office.db.run(u"INSERT INTO Persons(sName2,iCode,sNationalCode,sMobile,sTel) "
+                    "VALUES('%1',%2,'%3','%4','%5')"_s
                         .arg(name)
                         .arg(code)
                         .arg(national, mobile, tel));
@@ -45,20 +47,20 @@ void TestPersonSearch::insertRaw(const QString &name, int code, const QString &n
 
 void TestPersonSearch::initTestCase()
 {
-    insertRaw(QStringLiteral("علی رضایی"), 1, QStringLiteral("0076229645"), QStringLiteral("09121234567"), {});
-    insertRaw(QStringLiteral("علي كريمي"), 2, QStringLiteral("1583250689"), QStringLiteral("۰۹۳۵۵۵۵۶۶۷۷"), {});
-    insertRaw(QStringLiteral("محمدرضا مؤمنی"), 3, {}, QStringLiteral("0912-765-4321"), {});
-    insertRaw(QStringLiteral("محمد رضا هاشمي نژاد"), 4, {}, {}, QStringLiteral("02188776655"));
-    insertRaw(QStringLiteral("آرش می\u200Cنو"), 12, {}, {}, {});
-    insertRaw(QStringLiteral("John O\\'Neil"), 5, {}, {}, {});
-    insertRaw(QStringLiteral("50% سهام"), 6, {}, {}, {});
-    m_office.db.run(QStringLiteral("INSERT INTO Persons(sName2,iCode) VALUES('بی شماره',77)"));
+    insertRaw(u"علی رضایی"_s, 1, u"0076229645"_s, u"09121234567"_s, {});
+    insertRaw(u"علي كريمي"_s, 2, u"1583250689"_s, u"۰۹۳۵۵۵۵۶۶۷۷"_s, {});
+    insertRaw(u"محمدرضا مؤمنی"_s, 3, {}, u"0912-765-4321"_s, {});
+    insertRaw(u"محمد رضا هاشمي نژاد"_s, 4, {}, {}, u"02188776655"_s);
+    insertRaw(u"آرش می\u200Cنو"_s, 12, {}, {}, {});
+    insertRaw(u"John O\\'Neil"_s, 5, {}, {}, {});
+    insertRaw(u"50% سهام"_s, 6, {}, {}, {});
+    m_office.db.run(u"INSERT INTO Persons(sName2,iCode) VALUES('بی شماره',77)"_s);
 }
 
 QStringList TestPersonSearch::found(const QString &typed)
 {
     CTblTemp temp;
-    temp.ExecuteQuery(QStringLiteral("SELECT iCode FROM Persons WHERE %1 ORDER BY iCode")
+    temp.ExecuteQuery(u"SELECT iCode FROM Persons WHERE %1 ORDER BY iCode"_s
                           .arg(PersonSearch::condition(typed)));
     QStringList codes;
     for (; temp.HasResultRow(); temp.MoveNextResult())
@@ -70,8 +72,8 @@ void TestPersonSearch::nothingTypedGivesNoCondition_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::newRow("empty") << QString();
-    QTest::newRow("blanks") << QStringLiteral("  \u200C ");
-    QTest::newRow("marks only") << QStringLiteral("' \" % _ \\ [ ] -");
+    QTest::newRow("blanks") << u"  \u200C "_s;
+    QTest::newRow("marks only") << u"' \" % _ \\ [ ] -"_s;
 }
 
 void TestPersonSearch::nothingTypedGivesNoCondition()
@@ -87,39 +89,39 @@ void TestPersonSearch::finds_data()
     const auto row = [](const char *name, const QString &typed, const QStringList &codes) {
         QTest::newRow(name) << typed << codes;
     };
-    const QStringList bothAli{QStringLiteral("1"), QStringLiteral("2")};
-    row("Persian yeh finds both forms", QStringLiteral("علی"), bothAli);
-    row("Arabic yeh finds both forms", QStringLiteral("علي"), bothAli);
-    row("Arabic kaf typed", QStringLiteral("كريمي"), {QStringLiteral("2")});
-    row("Persian kaf typed, Arabic stored", QStringLiteral("کریمی"), {QStringLiteral("2")});
-    row("words in any order", QStringLiteral("رضایی علی"), {QStringLiteral("1")});
-    row("every word must be there", QStringLiteral("علی مؤمنی"), {});
-    row("part of a word", QStringLiteral("رضا"), {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("4")});
-    row("typed in one, stored in two", QStringLiteral("محمدرضا"), {QStringLiteral("3"), QStringLiteral("4")});
-    row("typed in two, stored in one", QStringLiteral("محمد رضا"), {QStringLiteral("3"), QStringLiteral("4")});
-    row("hamza left out", QStringLiteral("مومنی"), {QStringLiteral("3")});
-    row("alef without madda", QStringLiteral("ارش"), {QStringLiteral("12")});
-    row("joiner stored, not typed", QStringLiteral("مینو"), {QStringLiteral("12")});
-    row("joiner typed as a blank", QStringLiteral("می نو"), {QStringLiteral("12")});
-    row("Latin in any case", QStringLiteral("JOHN"), {QStringLiteral("5")});
-    row("quote typed", QStringLiteral("o'neil"), {QStringLiteral("5")});
-    row("ASCII digits", QStringLiteral("09121"), {QStringLiteral("1")});
-    row("Persian digits typed", QStringLiteral("۰۹۱۲"), {QStringLiteral("1"), QStringLiteral("3")});
-    row("Arabic digits typed", QStringLiteral("٠٩١٢"), {QStringLiteral("1"), QStringLiteral("3")});
-    row("Persian digits stored", QStringLiteral("0935"), {QStringLiteral("2")});
-    row("hyphens stored", QStringLiteral("09127654321"), {QStringLiteral("3")});
-    row("national code", QStringLiteral("0076229645"), {QStringLiteral("1")});
-    row("end of a national code", QStringLiteral("50689"), {QStringLiteral("2")});
-    row("telephone", QStringLiteral("88776655"), {QStringLiteral("4")});
-    row("code", QStringLiteral("77"), {QStringLiteral("2"), QStringLiteral("4"), QStringLiteral("77")});
-    row("person whose other columns are NULL", QStringLiteral("بی شماره"), {QStringLiteral("77")});
-    row("percent stored and typed", QStringLiteral("50% سهام"), {QStringLiteral("6")});
-    row("percent is no wildcard", QStringLiteral("5%7"), {});
-    row("underscore is no wildcard", QStringLiteral("5_7"), {});
-    row("name and number together", QStringLiteral("علی ۰۹۱۲"), {QStringLiteral("1")});
+    const QStringList bothAli{u"1"_s, u"2"_s};
+    row("Persian yeh finds both forms", u"علی"_s, bothAli);
+    row("Arabic yeh finds both forms", u"علي"_s, bothAli);
+    row("Arabic kaf typed", u"كريمي"_s, {u"2"_s});
+    row("Persian kaf typed, Arabic stored", u"کریمی"_s, {u"2"_s});
+    row("words in any order", u"رضایی علی"_s, {u"1"_s});
+    row("every word must be there", u"علی مؤمنی"_s, {});
+    row("part of a word", u"رضا"_s, {u"1"_s, u"3"_s, u"4"_s});
+    row("typed in one, stored in two", u"محمدرضا"_s, {u"3"_s, u"4"_s});
+    row("typed in two, stored in one", u"محمد رضا"_s, {u"3"_s, u"4"_s});
+    row("hamza left out", u"مومنی"_s, {u"3"_s});
+    row("alef without madda", u"ارش"_s, {u"12"_s});
+    row("joiner stored, not typed", u"مینو"_s, {u"12"_s});
+    row("joiner typed as a blank", u"می نو"_s, {u"12"_s});
+    row("Latin in any case", u"JOHN"_s, {u"5"_s});
+    row("quote typed", u"o'neil"_s, {u"5"_s});
+    row("ASCII digits", u"09121"_s, {u"1"_s});
+    row("Persian digits typed", u"۰۹۱۲"_s, {u"1"_s, u"3"_s});
+    row("Arabic digits typed", u"٠٩١٢"_s, {u"1"_s, u"3"_s});
+    row("Persian digits stored", u"0935"_s, {u"2"_s});
+    row("hyphens stored", u"09127654321"_s, {u"3"_s});
+    row("national code", u"0076229645"_s, {u"1"_s});
+    row("end of a national code", u"50689"_s, {u"2"_s});
+    row("telephone", u"88776655"_s, {u"4"_s});
+    row("code", u"77"_s, {u"2"_s, u"4"_s, u"77"_s});
+    row("person whose other columns are NULL", u"بی شماره"_s, {u"77"_s});
+    row("percent stored and typed", u"50% سهام"_s, {u"6"_s});
+    row("percent is no wildcard", u"5%7"_s, {});
+    row("underscore is no wildcard", u"5_7"_s, {});
+    row("name and number together", u"علی ۰۹۱۲"_s, {u"1"_s});
     // Code 1 and national code 007... stand side by side.
-    row("never from one column into the next", QStringLiteral("100762"), {});
-    row("nobody", QStringLiteral("زصضط"), {});
+    row("never from one column into the next", u"100762"_s, {});
+    row("nobody", u"زصضط"_s, {});
 }
 
 void TestPersonSearch::finds()
@@ -131,13 +133,13 @@ void TestPersonSearch::finds()
 void TestPersonSearch::nothingTypedLeavesTheQuotes_data()
 {
     QTest::addColumn<QString>("typed");
-    QTest::newRow("quote") << QStringLiteral("ع' OR '1'='1");
-    QTest::newRow("backslash") << QStringLiteral("ع\\");
-    QTest::newRow("open bracket") << QStringLiteral("ع[");
-    QTest::newRow("closing bracket") << QStringLiteral("ع]");
-    QTest::newRow("repeat") << QStringLiteral("ع{1000000}");
-    QTest::newRow("comment") << QStringLiteral("ع-- ");
-    QTest::newRow("beyond the basic plane") << QStringLiteral("ع\U0001F600");
+    QTest::newRow("quote") << u"ع' OR '1'='1"_s;
+    QTest::newRow("backslash") << u"ع\\"_s;
+    QTest::newRow("open bracket") << u"ع["_s;
+    QTest::newRow("closing bracket") << u"ع]"_s;
+    QTest::newRow("repeat") << u"ع{1000000}"_s;
+    QTest::newRow("comment") << u"ع-- "_s;
+    QTest::newRow("beyond the basic plane") << u"ع\U0001F600"_s;
 }
 
 void TestPersonSearch::nothingTypedLeavesTheQuotes()
@@ -146,7 +148,7 @@ void TestPersonSearch::nothingTypedLeavesTheQuotes()
     const QString condition = PersonSearch::condition(typed);
     QVERIFY(!condition.isEmpty());
     // RLIKE '...' per word: two quotes each, and none more.
-    QCOMPARE(condition.count(u'\''), 2 * condition.count(QStringLiteral(" RLIKE ")));
+    QCOMPARE(condition.count(u'\''), 2 * condition.count(u" RLIKE "_s));
     QVERIFY(!condition.contains(u'\\'));
     found(typed); // a statement that the server refuses throws
 }
@@ -154,25 +156,25 @@ void TestPersonSearch::nothingTypedLeavesTheQuotes()
 void TestPersonSearch::namesFollowThePersianAlphabet()
 {
     TestDatabase &db = m_office.db;
-    db.run(QStringLiteral("CREATE TABLE Letters (sName VARCHAR(20)) CHARSET=utf8"));
-    db.run(QStringLiteral("INSERT INTO Letters VALUES('یاس'),('کامران'),('پرویز'),('تقی'),('گیتی'),('لاله'),('بهرام'),('چنگیز'),('ژاله'),('سارا'),('زهرا'),('وحید'),('هما')"));
+    db.run(u"CREATE TABLE Letters (sName VARCHAR(20)) CHARSET=utf8"_s);
+    db.run(u"INSERT INTO Letters VALUES('یاس'),('کامران'),('پرویز'),('تقی'),('گیتی'),('لاله'),('بهرام'),('چنگیز'),('ژاله'),('سارا'),('زهرا'),('وحید'),('هما')"_s);
     CTblTemp temp;
-    temp.ExecuteQuery(QStringLiteral("SELECT sName FROM Letters ORDER BY ") + PersonSearch::alphabetical(QStringLiteral("sName")));
+    temp.ExecuteQuery(u"SELECT sName FROM Letters ORDER BY "_s + PersonSearch::alphabetical(u"sName"_s));
     QStringList names;
     for (; temp.HasResultRow(); temp.MoveNextResult())
         names.append(temp.GetTextFieldValue(0));
-    QCOMPARE(names.join(u' '), QStringLiteral("بهرام پرویز تقی چنگیز زهرا ژاله سارا کامران گیتی لاله وحید هما یاس"));
+    QCOMPARE(names.join(u' '), u"بهرام پرویز تقی چنگیز زهرا ژاله سارا کامران گیتی لاله وحید هما یاس"_s);
 }
 
 void TestPersonSearch::fiftyThousandPersonsAreSearchedUpToTheLimit()
 {
-    m_office.db.run(QStringLiteral("INSERT INTO Persons(sName2,iCode,sNationalCode,sMobile,sTel) "
-                                   "SELECT CONCAT('کاربر شماره ', seq), seq, LPAD(seq, 10, '0'), CONCAT('0919', LPAD(seq, 7, '0')), "
-                                   "CONCAT('021', seq) FROM seq_100000_to_149999"));
+    m_office.db.run(u"INSERT INTO Persons(sName2,iCode,sNationalCode,sMobile,sTel) "
+                    "SELECT CONCAT('کاربر شماره ', seq), seq, LPAD(seq, 10, '0'), CONCAT('0919', LPAD(seq, 7, '0')), "
+                    "CONCAT('021', seq) FROM seq_100000_to_149999"_s);
     CTblTemp temp;
-    const int rows = temp.ExecuteQuery(QStringLiteral("SELECT iID FROM Persons WHERE %1 ORDER BY %2 LIMIT 1000")
-                                           .arg(PersonSearch::condition(QStringLiteral("کاربر ۱۲۳")),
-                                                PersonSearch::alphabetical(QStringLiteral("sName2"))));
+    const int rows = temp.ExecuteQuery(u"SELECT iID FROM Persons WHERE %1 ORDER BY %2 LIMIT 1000"_s
+                                           .arg(PersonSearch::condition(u"کاربر ۱۲۳"_s),
+                                                PersonSearch::alphabetical(u"sName2"_s)));
     QCOMPARE(rows, 1000);
 }
 

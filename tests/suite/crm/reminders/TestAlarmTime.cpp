@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 Q_DECLARE_METATYPE(AlarmTime::Delay)
 
 namespace {
@@ -34,8 +36,8 @@ private Q_SLOTS:
 
 void TestAlarmTime::dateAndTimeInOneLine()
 {
-    QCOMPARE(AlarmTime::text(at(2026, 11, 20, 9, 5)), QStringLiteral("1405/08/29 ساعت 09:05"));
-    QCOMPARE(AlarmTime::timeOfDay(at(2026, 11, 20, 23, 59)), QStringLiteral("23:59"));
+    QCOMPARE(AlarmTime::text(at(2026, 11, 20, 9, 5)), u"1405/08/29 ساعت 09:05"_s);
+    QCOMPARE(AlarmTime::timeOfDay(at(2026, 11, 20, 23, 59)), u"23:59"_s);
     QCOMPARE(AlarmTime::text({}), QString());
     QCOMPARE(AlarmTime::timeOfDay({}), QString());
 }

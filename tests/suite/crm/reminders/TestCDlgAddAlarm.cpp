@@ -19,6 +19,8 @@
 #include <QComboBox>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAddAlarm : public QObject
 {
     Q_OBJECT
@@ -48,12 +50,12 @@ private:
     struct Fields
     {
         explicit Fields(QDialog *dialog)
-            : date(Hand::named<KDateEdit>(dialog, QStringLiteral("تاریخ :")))
-            , time(Hand::named<KTimeEdit>(dialog, QStringLiteral("ساعت :")))
-            , desc(Hand::named<KEdit>(dialog, QStringLiteral("شرح :")))
-            , user(Hand::named<QComboBox>(dialog, QStringLiteral("برای کاربر :")))
-            , repeat(Hand::named<QCheckBox>(dialog, QStringLiteral("یادآوری تا انجام شدن تکرار شود")))
-            , done(Hand::named<QCheckBox>(dialog, QStringLiteral("انجام شد")))
+            : date(Hand::named<KDateEdit>(dialog, u"تاریخ :"_s))
+            , time(Hand::named<KTimeEdit>(dialog, u"ساعت :"_s))
+            , desc(Hand::named<KEdit>(dialog, u"شرح :"_s))
+            , user(Hand::named<QComboBox>(dialog, u"برای کاربر :"_s))
+            , repeat(Hand::named<QCheckBox>(dialog, u"یادآوری تا انجام شدن تکرار شود"_s))
+            , done(Hand::named<QCheckBox>(dialog, u"انجام شد"_s))
         {
         }
 
@@ -66,8 +68,8 @@ private:
     };
 
     int me() const { return GetDBSetting()->GetUserID(); }
-    QString row() { return m_office.db.value(QStringLiteral("SELECT CONCAT_WS('|',iTable,iRecordID,iRecordID2,iUserID,date,"
-                                                            "sDesc,iStatus,bRepeat) FROM Alarms")); }
+    QString row() { return m_office.db.value(u"SELECT CONCAT_WS('|',iTable,iRecordID,iRecordID2,iUserID,date,"
+                                             "sDesc,iStatus,bRepeat) FROM Alarms"_s); }
 
     Office m_office;
 };
@@ -75,8 +77,8 @@ private:
 void TestCDlgAddAlarm::init()
 {
     m_office.reset();
-    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
-    m_office.db.run(QStringLiteral("UPDATE Users SET iStatus=0"));
+    m_office.db.run(u"DELETE FROM Alarms"_s);
+    m_office.db.run(u"UPDATE Users SET iStatus=0"_s);
 }
 
 void TestCDlgAddAlarm::addKeepsEveryFieldAndItsRecord()
@@ -85,34 +87,34 @@ void TestCDlgAddAlarm::addKeepsEveryFieldAndItsRecord()
         const Fields fields(dialog);
         QVERIFY(fields.date && fields.time && fields.desc && fields.user && fields.repeat);
         QVERIFY(!fields.done);
-        QCOMPARE(fields.desc->text(), QStringLiteral("تقاضای 15"));
-        fields.date->setText(QStringLiteral("14990101"));
+        QCOMPARE(fields.desc->text(), u"تقاضای 15"_s);
+        fields.date->setText(u"14990101"_s);
         QVERIFY(!fields.date->isEntryValid());
-        fields.date->setText(QStringLiteral("۱۴۹۰/۰۱/۰۲"));
+        fields.date->setText(u"۱۴۹۰/۰۱/۰۲"_s);
         fields.time->setTime(QTime(16, 45));
-        fields.desc->setText(QStringLiteral("  تماس با مشتری "));
+        fields.desc->setText(u"  تماس با مشتری "_s);
         fields.repeat->setChecked(true);
         dialog->accept();
     });
-    const int id = CDlgAddAlarm::Add(QStringLiteral("تقاضای 15"), RecordKind::AutomobilDemandReminder, 7, 15, nullptr);
+    const int id = CDlgAddAlarm::Add(u"تقاضای 15"_s, RecordKind::AutomobilDemandReminder, 7, 15, nullptr);
     QVERIFY(id > 0);
-    QCOMPARE(row(), QStringLiteral("70|7|15|%1|2111-03-22 16:45:00|تماس با مشتری|0|1").arg(me()));
+    QCOMPARE(row(), u"70|7|15|%1|2111-03-22 16:45:00|تماس با مشتری|0|1"_s.arg(me()));
     QCOMPARE(ConvertToMiladi(1490, 1, 2), QDate(2111, 3, 22));
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT iID FROM Alarms")).toInt(), id);
+    QCOMPARE(m_office.db.value(u"SELECT iID FROM Alarms"_s).toInt(), id);
 }
 
 void TestCDlgAddAlarm::newReminderIsProposedForTomorrowMorning()
 {
     const QDateTime proposed = AlarmTime::proposed(GetDBSetting()->GetDBServerDate());
-    Hand::inNextWindow([](QDialog *dialog) { Fields(dialog).desc->setText(QStringLiteral("متن")), dialog->accept(); });
+    Hand::inNextWindow([](QDialog *dialog) { Fields(dialog).desc->setText(u"متن"_s), dialog->accept(); });
     QVERIFY(CDlgAddAlarm::Add({}, 0, 0, 0, nullptr) > 0);
-    QCOMPARE(row(), QStringLiteral("0|0|0|%1|%2|متن|0|0").arg(me()).arg(proposed.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))));
+    QCOMPARE(row(), u"0|0|0|%1|%2|متن|0|0"_s.arg(me()).arg(proposed.toString(u"yyyy-MM-dd HH:mm:ss"_s)));
 }
 
 void TestCDlgAddAlarm::cancelAddsNothing()
 {
     Hand::inNextWindow([](QDialog *dialog) {
-        Fields(dialog).desc->setText(QStringLiteral("متن"));
+        Fields(dialog).desc->setText(u"متن"_s);
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
     QCOMPARE(CDlgAddAlarm::Add({}, 0, 0, 0, nullptr), 0);
@@ -126,16 +128,16 @@ void TestCDlgAddAlarm::enterWalksThroughTheForm()
         for (int step = 0; step < 5; ++step) {
             walked.append(Hand::focus()->accessibleName());
             if (qobject_cast<KTimeEdit *>(Hand::focus()))
-                Hand::type(QStringLiteral("۱۸۳۰"));
+                Hand::type(u"۱۸۳۰"_s);
             if (qobject_cast<KEdit *>(Hand::focus()))
-                Hand::type(QStringLiteral("abc"));
+                Hand::type(u"abc"_s);
             Hand::press(Qt::Key_Return);
         }
         QVERIFY(!dialog->isVisible());
     });
     QVERIFY(CDlgAddAlarm::Add({}, 0, 0, 0, nullptr) > 0);
-    QCOMPARE(walked, (QStringList{QStringLiteral("تاریخ :"), QStringLiteral("ساعت :"), QStringLiteral("شرح :"), QStringLiteral("برای کاربر :"), QStringLiteral("یادآوری تا انجام شدن تکرار شود")}));
-    QVERIFY2(row().contains(QStringLiteral(" 18:30:00|abc|")), qPrintable(row()));
+    QCOMPARE(walked, (QStringList{u"تاریخ :"_s, u"ساعت :"_s, u"شرح :"_s, u"برای کاربر :"_s, u"یادآوری تا انجام شدن تکرار شود"_s}));
+    QVERIFY2(row().contains(u" 18:30:00|abc|"_s), qPrintable(row()));
 }
 
 void TestCDlgAddAlarm::refusedEntries_data()
@@ -144,7 +146,7 @@ void TestCDlgAddAlarm::refusedEntries_data()
     QTest::addColumn<QString>("desc");
     QTest::addColumn<QString>("told");
     QTest::addColumn<QString>("focus");
-    const QString date = QStringLiteral("تاریخ :");
+    const QString date = u"تاریخ :"_s;
     QTest::newRow("no date") << ""
                              << "متن"
                              << "لطفا تاریخ یادآوری را وارد نمایید." << date;
@@ -185,33 +187,33 @@ void TestCDlgAddAlarm::refusedEntries()
 
 void TestCDlgAddAlarm::oldReminderKeepsItsPastTime()
 {
-    const int id = Alarms::add(me(), -600, QStringLiteral("قدیمی"));
+    const int id = Alarms::add(me(), -600, u"قدیمی"_s);
     const QString before = row();
     Hand::inNextWindow([](QDialog *dialog) {
-        Fields(dialog).desc->setText(QStringLiteral("قدیمی تر"));
+        Fields(dialog).desc->setText(u"قدیمی تر"_s);
         dialog->accept();
     });
     QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-    QCOMPARE(row(), QString(before).replace(QStringLiteral("قدیمی"), QStringLiteral("قدیمی تر")));
+    QCOMPARE(row(), QString(before).replace(u"قدیمی"_s, u"قدیمی تر"_s));
 }
 
 void TestCDlgAddAlarm::movedReminderIsToldAnew()
 {
-    const int id = Alarms::add(me(), -600, QStringLiteral("کار"));
+    const int id = Alarms::add(me(), -600, u"کار"_s);
     CTblAlarm::markTold(CTblAlarm::dueAtLogin(me()));
     QVERIFY(CTblAlarm::dueAtLogin(me()).isEmpty());
     Hand::inNextWindow([](QDialog *dialog) {
-        Fields(dialog).date->setText(QStringLiteral("1490/01/01"));
+        Fields(dialog).date->setText(u"1490/01/01"_s);
         dialog->accept();
     });
     QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Alarms WHERE dateTold IS NULL")), QStringLiteral("1"));
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Alarms WHERE dateTold IS NULL"_s), u"1"_s);
 }
 
 void TestCDlgAddAlarm::reminderIsEndedInItsEditor()
 {
-    const int id = Alarms::add(me(), -600, QStringLiteral("کار"), Alarms::repeats);
+    const int id = Alarms::add(me(), -600, u"کار"_s, Alarms::repeats);
     Hand::inNextWindow([](QDialog *dialog) {
         const Fields fields(dialog);
         QVERIFY(fields.repeat->isChecked() && !fields.done->isChecked());
@@ -224,10 +226,10 @@ void TestCDlgAddAlarm::reminderIsEndedInItsEditor()
 
 void TestCDlgAddAlarm::pastTimeIsTakenOfAReminderThatIsDone()
 {
-    const int id = Alarms::add(me(), 600, QStringLiteral("کار"));
+    const int id = Alarms::add(me(), 600, u"کار"_s);
     Hand::inNextWindow([](QDialog *dialog) {
         const Fields fields(dialog);
-        fields.date->setText(QStringLiteral("1404/01/01"));
+        fields.date->setText(u"1404/01/01"_s);
         fields.done->setChecked(true);
         dialog->accept();
     });
@@ -237,11 +239,11 @@ void TestCDlgAddAlarm::pastTimeIsTakenOfAReminderThatIsDone()
 
 void TestCDlgAddAlarm::reminderIsGivenToAnotherUser()
 {
-    const int id = Alarms::add(me(), -600, QStringLiteral("کار"));
+    const int id = Alarms::add(me(), -600, u"کار"_s);
     Hand::inNextWindow([](QDialog *dialog) {
         const Fields fields(dialog);
-        QCOMPARE(fields.user->currentText(), QStringLiteral("مدیر"));
-        fields.user->setCurrentText(QStringLiteral("کارمند"));
+        QCOMPARE(fields.user->currentText(), u"مدیر"_s);
+        fields.user->setCurrentText(u"کارمند"_s);
         dialog->accept();
     });
     QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
@@ -254,9 +256,9 @@ void TestCDlgAddAlarm::reminderGivenToAnotherUserOrOpenedAgainIsToldAnew_data()
     QTest::addColumn<int>("statusBefore");
     QTest::addColumn<QString>("user");
     QTest::addColumn<bool>("toldAnew");
-    QTest::newRow("another description is told already") << int(CTblAlarm::statusOpen) << QStringLiteral("مدیر") << false;
-    QTest::newRow("another user was told nothing yet") << int(CTblAlarm::statusOpen) << QStringLiteral("کارمند") << true;
-    QTest::newRow("what is open again is told again") << int(CTblAlarm::statusDone) << QStringLiteral("مدیر") << true;
+    QTest::newRow("another description is told already") << int(CTblAlarm::statusOpen) << u"مدیر"_s << false;
+    QTest::newRow("another user was told nothing yet") << int(CTblAlarm::statusOpen) << u"کارمند"_s << true;
+    QTest::newRow("what is open again is told again") << int(CTblAlarm::statusDone) << u"مدیر"_s << true;
 }
 
 void TestCDlgAddAlarm::reminderGivenToAnotherUserOrOpenedAgainIsToldAnew()
@@ -264,27 +266,27 @@ void TestCDlgAddAlarm::reminderGivenToAnotherUserOrOpenedAgainIsToldAnew()
     QFETCH(int, statusBefore);
     QFETCH(QString, user);
     QFETCH(bool, toldAnew);
-    const int id = Alarms::add(me(), -600, QStringLiteral("کار"), [&](CTblAlarm &alarm) {
+    const int id = Alarms::add(me(), -600, u"کار"_s, [&](CTblAlarm &alarm) {
         alarm.m_dateTold = alarm.m_date;
         alarm.m_iStatus = statusBefore;
     });
     Hand::inNextWindow([&](QDialog *dialog) {
         const Fields fields(dialog);
         fields.user->setCurrentText(user);
-        fields.desc->setText(QStringLiteral("کار دیگر"));
+        fields.desc->setText(u"کار دیگر"_s);
         fields.done->setChecked(false);
         dialog->accept();
     });
     QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
-    const int owner = user == QStringLiteral("مدیر") ? me() : m_office.clerk();
+    const int owner = user == u"مدیر"_s ? me() : m_office.clerk();
     QCOMPARE(CTblAlarm::dueAtLogin(owner).size(), toldAnew ? 1 : 0);
     QCOMPARE(CTblAlarm::dueCount(owner), 1);
 }
 
 void TestCDlgAddAlarm::inactiveUserStaysTheOneOfTheirReminder()
 {
-    m_office.db.run(QStringLiteral("UPDATE Users SET iStatus=1 WHERE iID=%1").arg(m_office.clerk()));
-    const int id = Alarms::add(m_office.clerk(), -600, QStringLiteral("کار"));
+    m_office.db.run(u"UPDATE Users SET iStatus=1 WHERE iID=%1"_s.arg(m_office.clerk()));
+    const int id = Alarms::add(m_office.clerk(), -600, u"کار"_s);
     Hand::inNextWindow([](QDialog *dialog) {
         QCOMPARE(Fields(dialog).user->count(), 2);
         dialog->accept();
@@ -299,12 +301,12 @@ void TestCDlgAddAlarm::inactiveUserStaysTheOneOfTheirReminder()
 void TestCDlgAddAlarm::vanishedReminderIsTold()
 {
     QVERIFY(!CDlgAddAlarm::Edit(99, nullptr));
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("این یادآوری دیگر وجود ندارد.")});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این یادآوری دیگر وجود ندارد."_s});
 }
 
 void TestCDlgAddAlarm::closedDatabaseIsTold()
 {
-    const int id = Alarms::add(me(), -600, QStringLiteral("کار"));
+    const int id = Alarms::add(me(), -600, u"کار"_s);
     GetDBSetting()->SetClosedDB(true);
     QCOMPARE(CDlgAddAlarm::Add({}, 0, 0, 0, nullptr), 0);
     QVERIFY(!CDlgAddAlarm::Edit(id, nullptr));
@@ -315,7 +317,7 @@ void TestCDlgAddAlarm::longDescriptionIsCutToItsColumn()
 {
     Hand::inNextWindow([](QDialog *dialog) { dialog->accept(); });
     QVERIFY(CDlgAddAlarm::Add(QString(600, u'ب'), 0, 0, 0, nullptr) > 0);
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT CHAR_LENGTH(sDesc) FROM Alarms")), QStringLiteral("500"));
+    QCOMPARE(m_office.db.value(u"SELECT CHAR_LENGTH(sDesc) FROM Alarms"_s), u"500"_s);
 }
 
 static const RegisteredTest<TestCDlgAddAlarm, QApplication> registered;

@@ -19,6 +19,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgAlarms : public QObject
 {
     Q_OBJECT
@@ -50,7 +52,7 @@ private:
 void TestCDlgAlarms::init()
 {
     m_office.reset();
-    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+    m_office.db.run(u"DELETE FROM Alarms"_s);
 }
 
 QStringList TestCDlgAlarms::column(const CDlgAlarms &page, int column) const
@@ -92,48 +94,48 @@ void TestCDlgAlarms::chooseInMenu(const QString &beginning)
 
 void TestCDlgAlarms::everybodySeesTheirOwnAndNoOthers()
 {
-    Alarms::add(me(), -5, QStringLiteral("مال مدیر"));
-    Alarms::add(m_office.clerk(), -5, QStringLiteral("مال کارمند"));
+    Alarms::add(me(), -5, u"مال مدیر"_s);
+    Alarms::add(m_office.clerk(), -5, u"مال کارمند"_s);
     // No right has been given to the clerk at all.
     m_office.loginClerk();
     CDlgAlarms page;
     QVERIFY(page.OnAccess());
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     page.open();
-    QCOMPARE(column(page, 4), QStringList{QStringLiteral("مال کارمند")});
-    QVERIFY(!page.button(QStringLiteral("جديد"))->isHidden());
+    QCOMPARE(column(page, 4), QStringList{u"مال کارمند"_s});
+    QVERIFY(!page.button(u"جديد"_s)->isHidden());
 }
 
 void TestCDlgAlarms::dueOnesComeFirstAndDoneOnesOnRequestLast()
 {
-    Alarms::add(me(), 500, QStringLiteral("آینده"));
-    Alarms::add(me(), -5, QStringLiteral("دوم"));
-    Alarms::add(me(), -900, QStringLiteral("انجام شده"), [](CTblAlarm &alarm) { alarm.m_iStatus = CTblAlarm::statusDone; });
-    Alarms::add(me(), -500, QStringLiteral("اول"));
+    Alarms::add(me(), 500, u"آینده"_s);
+    Alarms::add(me(), -5, u"دوم"_s);
+    Alarms::add(me(), -900, u"انجام شده"_s, [](CTblAlarm &alarm) { alarm.m_iStatus = CTblAlarm::statusDone; });
+    Alarms::add(me(), -500, u"اول"_s);
     CDlgAlarms page;
     page.open();
-    const QStringList open{QStringLiteral("اول"), QStringLiteral("دوم"), QStringLiteral("آینده")};
+    const QStringList open{u"اول"_s, u"دوم"_s, u"آینده"_s};
     QCOMPARE(column(page, 4), open);
     QCOMPARE(page.countText(), SuiteMessages::count(3));
     const auto standsOut = [&page](int row) { return page.list()->listModel()->rows().at(row).warning; };
     QVERIFY(standsOut(0) && standsOut(1) && !standsOut(2));
     auto *done = page.findChild<QCheckBox *>();
-    QCOMPARE(done->accessibleName(), QStringLiteral("نمايش انجام شده ها"));
+    QCOMPARE(done->accessibleName(), u"نمايش انجام شده ها"_s);
     done->setChecked(true);
-    QCOMPARE(column(page, 4), open + QStringList{QStringLiteral("انجام شده")});
+    QCOMPARE(column(page, 4), open + QStringList{u"انجام شده"_s});
     QVERIFY(!standsOut(3));
 }
 
 void TestCDlgAlarms::rowTellsStateTimeAndRecord()
 {
-    Alarms::add(me(), 0, QStringLiteral("تماس"), [](CTblAlarm &alarm) {
+    Alarms::add(me(), 0, u"تماس"_s, [](CTblAlarm &alarm) {
         alarm.m_date = QDateTime(QDate(2024, 3, 20), QTime(8, 30), Qt::UTC);
         alarm.m_iTable = RecordKind::AutomobilDemandReminder;
         alarm.m_iRecordID = 3;
         alarm.m_iRecordID2 = 15;
         alarm.m_bRepeat = 1;
     });
-    Alarms::add(me(), 500, QStringLiteral("آزاد"));
+    Alarms::add(me(), 500, u"آزاد"_s);
     CDlgAlarms page;
     page.open();
     const auto row = [&page](int row) {
@@ -142,68 +144,68 @@ void TestCDlgAlarms::rowTellsStateTimeAndRecord()
             cells.append(page.list()->cellText(row, column));
         return cells;
     };
-    QCOMPARE(row(0), (QStringList{QStringLiteral("1"), QStringLiteral("سررسیده"), QStringLiteral("1403/01/01"), QStringLiteral("08:30"), QStringLiteral("تماس"), QStringLiteral("یادآوری تقاضای اتومبیل 15"), QStringLiteral("بلی")}));
-    QCOMPARE(row(1).at(1), QStringLiteral("در انتظار"));
+    QCOMPARE(row(0), (QStringList{u"1"_s, u"سررسیده"_s, u"1403/01/01"_s, u"08:30"_s, u"تماس"_s, u"یادآوری تقاضای اتومبیل 15"_s, u"بلی"_s}));
+    QCOMPARE(row(1).at(1), u"در انتظار"_s);
     QCOMPARE(row(1).at(5), QString());
-    QCOMPARE(row(1).at(6), QStringLiteral("-"));
+    QCOMPARE(row(1).at(6), u"-"_s);
 }
 
 void TestCDlgAlarms::searchedTextIsFound()
 {
-    Alarms::add(me(), -5, QStringLiteral("تماس با خریدار"));
-    Alarms::add(me(), -5, QStringLiteral("100% پرداخت"));
+    Alarms::add(me(), -5, u"تماس با خریدار"_s);
+    Alarms::add(me(), -5, u"100% پرداخت"_s);
     CDlgAlarms page;
     show(page);
-    auto *text = Hand::named<KEdit>(&page, QStringLiteral("شرح :"));
-    text->setText(QStringLiteral("0%"));
+    auto *text = Hand::named<KEdit>(&page, u"شرح :"_s);
+    text->setText(u"0%"_s);
     QTest::keyClick(text, Qt::Key_Return);
-    QCOMPARE(column(page, 4), QStringList{QStringLiteral("100% پرداخت")});
+    QCOMPARE(column(page, 4), QStringList{u"100% پرداخت"_s});
 }
 
 void TestCDlgAlarms::doneIsTakenOffAndTold()
 {
-    Alarms::add(me(), -50, QStringLiteral("اول"));
-    Alarms::add(me(), -5, QStringLiteral("دوم"));
+    Alarms::add(me(), -50, u"اول"_s);
+    Alarms::add(me(), -5, u"دوم"_s);
     CDlgAlarms page;
     show(page);
     QSignalSpy changed(&page, &CDlgAlarms::alarmsChanged);
     page.list()->selectRow(0);
     QTest::keyClick(page.list(), Qt::Key_D, Qt::ControlModifier);
-    QCOMPARE(column(page, 4), QStringList{QStringLiteral("دوم")});
+    QCOMPARE(column(page, 4), QStringList{u"دوم"_s});
     QCOMPARE(changed.count(), 1);
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
 }
 
 void TestCDlgAlarms::postponedThroughTheMenu()
 {
-    const int id = Alarms::add(me(), -50, QStringLiteral("اول"));
+    const int id = Alarms::add(me(), -50, u"اول"_s);
     CDlgAlarms page;
     show(page);
     QSignalSpy changed(&page, &CDlgAlarms::alarmsChanged);
     page.list()->selectRow(0);
-    chooseInMenu(QStringLiteral("فردا"));
+    chooseInMenu(u"فردا"_s);
     QTest::keyClick(page.list(), Qt::Key_F4);
-    QCOMPARE(column(page, 1), QStringList{QStringLiteral("در انتظار")});
+    QCOMPARE(column(page, 1), QStringList{u"در انتظار"_s});
     QCOMPARE(changed.count(), 1);
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT DATEDIFF(date,NOW()) FROM Alarms")), QStringLiteral("1"));
+    QCOMPARE(m_office.db.value(u"SELECT DATEDIFF(date,NOW()) FROM Alarms"_s), u"1"_s);
     QCOMPARE(page.list()->currentKey(), id);
 }
 
 void TestCDlgAlarms::menuLeftWithoutAChoiceChangesNothing()
 {
-    Alarms::add(me(), -50, QStringLiteral("اول"));
+    Alarms::add(me(), -50, u"اول"_s);
     CDlgAlarms page;
     show(page);
     page.list()->selectRow(0);
     chooseInMenu({});
-    QVERIFY(page.runCommand(QStringLiteral("تعویق")));
+    QVERIFY(page.runCommand(u"تعویق"_s));
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
 }
 
 void TestCDlgAlarms::deletedAfterTheQuestion()
 {
-    Alarms::add(me(), -50, QStringLiteral("اول"));
+    Alarms::add(me(), -50, u"اول"_s);
     CDlgAlarms page;
     show(page);
     page.list()->selectRow(0);
@@ -213,7 +215,7 @@ void TestCDlgAlarms::deletedAfterTheQuestion()
     g_pDlgYesNo->answerNext(KMessageDialog::Yes);
     QTest::keyClick(page.list(), Qt::Key_Delete);
     QCOMPARE(page.list()->count(), 0);
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Alarms")), QStringLiteral("0"));
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Alarms"_s), u"0"_s);
     QCOMPARE(g_pDlgYesNo->takeShown(), (QStringList{SuiteMessages::deleteQuestion(), SuiteMessages::deleteQuestion()}));
 }
 
@@ -222,32 +224,32 @@ void TestCDlgAlarms::keysAddAndEdit()
     CDlgAlarms page;
     show(page);
     Hand::inNextWindow([](QDialog *dialog) {
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("یادآوری - جدید"));
-        Hand::named<KEdit>(dialog, QStringLiteral("شرح :"))->setText(QStringLiteral("تازه"));
+        QCOMPARE(dialog->windowTitle(), u"یادآوری - جدید"_s);
+        Hand::named<KEdit>(dialog, u"شرح :"_s)->setText(u"تازه"_s);
         dialog->accept();
     });
     QTest::keyClick(page.list(), Qt::Key_Insert);
-    QCOMPARE(column(page, 4), QStringList{QStringLiteral("تازه")});
+    QCOMPARE(column(page, 4), QStringList{u"تازه"_s});
     QVERIFY(page.list()->currentKey() > 0);
     // There is no window manager here that would do it.
     page.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&page));
     Hand::inNextWindow([](QDialog *dialog) {
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("یادآوری - ویرایش"));
-        Hand::named<KEdit>(dialog, QStringLiteral("شرح :"))->setText(QStringLiteral("تازه تر"));
+        QCOMPARE(dialog->windowTitle(), u"یادآوری - ویرایش"_s);
+        Hand::named<KEdit>(dialog, u"شرح :"_s)->setText(u"تازه تر"_s);
         dialog->accept();
     });
     QTest::keyClick(page.list(), Qt::Key_F2);
-    QCOMPARE(column(page, 4), QStringList{QStringLiteral("تازه تر")});
+    QCOMPARE(column(page, 4), QStringList{u"تازه تر"_s});
 }
 
 void TestCDlgAlarms::vanishedOneIsTakenOff()
 {
-    Alarms::add(me(), -50, QStringLiteral("اول"));
+    Alarms::add(me(), -50, u"اول"_s);
     CDlgAlarms page;
     show(page);
     page.list()->selectRow(0);
-    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+    m_office.db.run(u"DELETE FROM Alarms"_s);
     QTest::keyClick(page.list(), Qt::Key_F2);
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     QCOMPARE(page.list()->count(), 0);
@@ -255,7 +257,7 @@ void TestCDlgAlarms::vanishedOneIsTakenOff()
 
 void TestCDlgAlarms::closedDatabaseOnlyShows()
 {
-    Alarms::add(me(), -50, QStringLiteral("اول"));
+    Alarms::add(me(), -50, u"اول"_s);
     GetDBSetting()->SetClosedDB(true);
     CDlgAlarms page;
     show(page);

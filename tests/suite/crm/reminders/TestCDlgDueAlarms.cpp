@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCDlgDueAlarms : public QObject
 {
     Q_OBJECT
@@ -46,7 +48,7 @@ private:
 void TestCDlgDueAlarms::init()
 {
     m_office.reset();
-    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+    m_office.db.run(u"DELETE FROM Alarms"_s);
 }
 
 QPushButton *TestCDlgDueAlarms::button(QDialog *dialog, const QString &caption)
@@ -60,13 +62,13 @@ QPushButton *TestCDlgDueAlarms::button(QDialog *dialog, const QString &caption)
 void TestCDlgDueAlarms::withoutDueOnesNoWindowComes()
 {
     QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
-    Alarms::add(me(), 60, QStringLiteral("آینده"));
+    Alarms::add(me(), 60, u"آینده"_s);
     QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
 }
 
 void TestCDlgDueAlarms::whatDoesNotRepeatComesAtOneLoginOnly()
 {
-    Alarms::add(me(), -60, QStringLiteral("یک بار"));
+    Alarms::add(me(), -60, u"یک بار"_s);
     QString shown;
     Hand::inNextWindow([&](QDialog *dialog) {
         shown = list(dialog)->cellText(0, 2);
@@ -74,25 +76,25 @@ void TestCDlgDueAlarms::whatDoesNotRepeatComesAtOneLoginOnly()
         QCOMPARE(list(dialog)->currentRow(), 0);
     });
     QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
-    QCOMPARE(shown, QStringLiteral("یک بار"));
+    QCOMPARE(shown, u"یک بار"_s);
     QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
 }
 
 void TestCDlgDueAlarms::whatRepeatsComesUntilItIsDone()
 {
-    Alarms::add(me(), -60, QStringLiteral("هر بار"), Alarms::repeats);
+    Alarms::add(me(), -60, u"هر بار"_s, Alarms::repeats);
     for (int login = 0; login < 2; ++login) {
         Hand::inNextWindow([](QDialog *) {});
         QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
     }
-    Hand::inNextWindow([](QDialog *dialog) { button(dialog, QStringLiteral("انجام شد"))->click(); });
+    Hand::inNextWindow([](QDialog *dialog) { button(dialog, u"انجام شد"_s)->click(); });
     QVERIFY(CDlgDueAlarms::ShowAtLogin(nullptr));
     QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
 }
 
 void TestCDlgDueAlarms::loginOfAnotherUserShowsTheirs()
 {
-    Alarms::add(m_office.clerk(), -60, QStringLiteral("مال کارمند"));
+    Alarms::add(m_office.clerk(), -60, u"مال کارمند"_s);
     QVERIFY(!CDlgDueAlarms::ShowAtLogin(nullptr));
     m_office.loginClerk();
     int rows = 0;
@@ -103,23 +105,23 @@ void TestCDlgDueAlarms::loginOfAnotherUserShowsTheirs()
 
 void TestCDlgDueAlarms::lastOneDoneClosesTheWindow()
 {
-    Alarms::add(me(), -60, QStringLiteral("اول"));
-    Alarms::add(me(), -50, QStringLiteral("دوم"));
+    Alarms::add(me(), -60, u"اول"_s);
+    Alarms::add(me(), -50, u"دوم"_s);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
-    button(&dialog, QStringLiteral("انجام شد"))->click();
+    button(&dialog, u"انجام شد"_s)->click();
     QVERIFY(dialog.isVisible());
-    QCOMPARE(list(&dialog)->cellText(0, 2), QStringLiteral("دوم"));
+    QCOMPARE(list(&dialog)->cellText(0, 2), u"دوم"_s);
     QCOMPARE(list(&dialog)->currentRow(), 0);
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
-    button(&dialog, QStringLiteral("انجام شد"))->click();
+    button(&dialog, u"انجام شد"_s)->click();
     QVERIFY(!dialog.isVisible());
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
 }
 
 void TestCDlgDueAlarms::postponedOneGoes()
 {
-    Alarms::add(me(), -60, QStringLiteral("اول"));
+    Alarms::add(me(), -60, u"اول"_s);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
     QTimer::singleShot(0, &dialog, [] {
@@ -129,26 +131,26 @@ void TestCDlgDueAlarms::postponedOneGoes()
         menu->setActiveAction(menu->actions().constFirst());
         QTest::keyClick(menu, Qt::Key_Return);
     });
-    button(&dialog, QStringLiteral("تعویق"))->click();
+    button(&dialog, u"تعویق"_s)->click();
     QVERIFY(!dialog.isVisible());
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
-    QVERIFY(m_office.db.value(QStringLiteral("SELECT TIMESTAMPDIFF(MINUTE,NOW(),date) FROM Alarms")).toInt() >= 58);
+    QVERIFY(m_office.db.value(u"SELECT TIMESTAMPDIFF(MINUTE,NOW(),date) FROM Alarms"_s).toInt() >= 58);
 }
 
 void TestCDlgDueAlarms::editedOneGoesOnceItIsNotDue()
 {
-    Alarms::add(me(), -60, QStringLiteral("اول"));
+    Alarms::add(me(), -60, u"اول"_s);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
     const auto setDesc = [](QDialog *editor, const QString &text) {
-        Hand::named<KEdit>(editor, QStringLiteral("شرح :"))->setText(text);
+        Hand::named<KEdit>(editor, u"شرح :"_s)->setText(text);
     };
-    Hand::inNextWindow([&](QDialog *editor) { setDesc(editor, QStringLiteral("دیگر")), editor->accept(); });
+    Hand::inNextWindow([&](QDialog *editor) { setDesc(editor, u"دیگر"_s), editor->accept(); });
     QTest::keyClick(list(&dialog), Qt::Key_Return);
-    QCOMPARE(list(&dialog)->cellText(0, 2), QStringLiteral("دیگر"));
+    QCOMPARE(list(&dialog)->cellText(0, 2), u"دیگر"_s);
     Hand::inNextWindow([&](QDialog *editor) {
-        Hand::named<QLineEdit>(editor, QStringLiteral("تاریخ :"))->setText(QStringLiteral("1490/01/01"));
+        Hand::named<QLineEdit>(editor, u"تاریخ :"_s)->setText(u"1490/01/01"_s);
         editor->accept();
     });
     QTest::keyClick(list(&dialog), Qt::Key_Return);
@@ -158,14 +160,14 @@ void TestCDlgDueAlarms::editedOneGoesOnceItIsNotDue()
 
 void TestCDlgDueAlarms::oneGivenToAnotherUserGoes()
 {
-    const int given = Alarms::add(me(), -60, QStringLiteral("اول"));
-    const int kept = Alarms::add(me(), -30, QStringLiteral("دوم"));
+    const int given = Alarms::add(me(), -60, u"اول"_s);
+    const int kept = Alarms::add(me(), -30, u"دوم"_s);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
     QCOMPARE(list(&dialog)->currentKey(), given);
     Hand::inNextWindow([](QDialog *editor) {
-        Hand::named<QComboBox>(editor, QStringLiteral("برای کاربر :"))->setCurrentText(QStringLiteral("کارمند"));
+        Hand::named<QComboBox>(editor, u"برای کاربر :"_s)->setCurrentText(u"کارمند"_s);
         editor->accept();
     });
     QTest::keyClick(list(&dialog), Qt::Key_Return);
@@ -175,33 +177,33 @@ void TestCDlgDueAlarms::oneGivenToAnotherUserGoes()
 
 void TestCDlgDueAlarms::closedDatabaseOnlyShows()
 {
-    Alarms::add(me(), -60, QStringLiteral("اول"));
+    Alarms::add(me(), -60, u"اول"_s);
     GetDBSetting()->SetClosedDB(true);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
-    QVERIFY(button(&dialog, QStringLiteral("انجام شد"))->isHidden());
-    QVERIFY(button(&dialog, QStringLiteral("تعویق"))->isHidden());
-    QVERIFY(!button(&dialog, QStringLiteral("بستن"))->isHidden());
+    QVERIFY(button(&dialog, u"انجام شد"_s)->isHidden());
+    QVERIFY(button(&dialog, u"تعویق"_s)->isHidden());
+    QVERIFY(!button(&dialog, u"بستن"_s)->isHidden());
 }
 
 void TestCDlgDueAlarms::tabGoesRoundListAndButtons()
 {
-    Alarms::add(me(), -60, QStringLiteral("اول"));
+    Alarms::add(me(), -60, u"اول"_s);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
     QStringList met;
     for (int i = 0; i < 4; ++i) {
         Hand::press(Qt::Key_Tab);
-        met.append(Hand::focus() == list(&dialog) ? QStringLiteral("list") : qobject_cast<QPushButton *>(Hand::focus())->text());
+        met.append(Hand::focus() == list(&dialog) ? u"list"_s : qobject_cast<QPushButton *>(Hand::focus())->text());
     }
-    const QStringList wanted{QStringLiteral("انجام شد"), QStringLiteral("تعویق"), QStringLiteral("بستن"), QStringLiteral("list")};
+    const QStringList wanted{u"انجام شد"_s, u"تعویق"_s, u"بستن"_s, u"list"_s};
     QCOMPARE(met, wanted);
 }
 
 void TestCDlgDueAlarms::escCloses()
 {
-    Alarms::add(me(), -60, QStringLiteral("اول"));
+    Alarms::add(me(), -60, u"اول"_s);
     CDlgDueAlarms dialog(CTblAlarm::dueAtLogin(me()), nullptr);
     dialog.show();
     QTest::keyClick(list(&dialog), Qt::Key_Escape);

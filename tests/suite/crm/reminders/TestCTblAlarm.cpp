@@ -13,6 +13,8 @@
 #include <QApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCTblAlarm : public QObject
 {
     Q_OBJECT
@@ -44,7 +46,7 @@ private:
 void TestCTblAlarm::init()
 {
     m_office.reset();
-    m_office.db.run(QStringLiteral("DELETE FROM Alarms"));
+    m_office.db.run(u"DELETE FROM Alarms"_s);
 }
 
 // What a login tells, which is then told.
@@ -60,19 +62,19 @@ QStringList TestCTblAlarm::told()
 
 void TestCTblAlarm::descriptionForTheForm()
 {
-    const int id = Alarms::add(me(), 0, QStringLiteral("تماس با خریدار"), [](CTblAlarm &alarm) {
+    const int id = Alarms::add(me(), 0, u"تماس با خریدار"_s, [](CTblAlarm &alarm) {
         alarm.m_date = QDateTime(QDate(2026, 11, 20), QTime(9, 5), Qt::UTC);
     });
-    QCOMPARE(CTblAlarm::GetDesc(id), QStringLiteral("1405/08/29 ساعت 09:05 - تماس با خریدار"));
+    QCOMPARE(CTblAlarm::GetDesc(id), u"1405/08/29 ساعت 09:05 - تماس با خریدار"_s);
     QVERIFY(CTblAlarm::setDone(id, me()));
-    QCOMPARE(CTblAlarm::GetDesc(id), QStringLiteral("1405/08/29 ساعت 09:05 - تماس با خریدار (انجام شد)"));
+    QCOMPARE(CTblAlarm::GetDesc(id), u"1405/08/29 ساعت 09:05 - تماس با خریدار (انجام شد)"_s);
 }
 
 void TestCTblAlarm::descriptionOfNoneIsEmpty()
 {
     QCOMPARE(CTblAlarm::GetDesc(0), QString());
     QCOMPARE(CTblAlarm::GetDesc(-1), QString());
-    const int id = Alarms::add(me(), 5, QStringLiteral("رفت"));
+    const int id = Alarms::add(me(), 5, u"رفت"_s);
     QVERIFY(CTblAlarm::deleteAlarm(id, me()));
     QCOMPARE(CTblAlarm::GetDesc(id), QString());
 }
@@ -80,20 +82,20 @@ void TestCTblAlarm::descriptionOfNoneIsEmpty()
 void TestCTblAlarm::dueAreTheUsersOpenOnesOfThePast()
 {
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
-    Alarms::add(me(), -60, QStringLiteral("گذشته"));
-    Alarms::add(me(), 60, QStringLiteral("آینده"));
-    Alarms::add(m_office.clerk(), -60, QStringLiteral("دیگری"));
-    Alarms::add(me(), -60, QStringLiteral("انجام شده"), [](CTblAlarm &alarm) { alarm.m_iStatus = CTblAlarm::statusDone; });
-    Alarms::add(me(), 0, QStringLiteral("بی تاریخ"), [](CTblAlarm &alarm) { alarm.m_date = {}; });
+    Alarms::add(me(), -60, u"گذشته"_s);
+    Alarms::add(me(), 60, u"آینده"_s);
+    Alarms::add(m_office.clerk(), -60, u"دیگری"_s);
+    Alarms::add(me(), -60, u"انجام شده"_s, [](CTblAlarm &alarm) { alarm.m_iStatus = CTblAlarm::statusDone; });
+    Alarms::add(me(), 0, u"بی تاریخ"_s, [](CTblAlarm &alarm) { alarm.m_date = {}; });
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
     QCOMPARE(CTblAlarm::dueCount(m_office.clerk()), 1);
-    QCOMPARE(told(), QStringList{QStringLiteral("گذشته")});
+    QCOMPARE(told(), QStringList{u"گذشته"_s});
 }
 
 void TestCTblAlarm::loginTellsWhatDoesNotRepeatOnce()
 {
-    Alarms::add(me(), -1, QStringLiteral("یک بار"));
-    QCOMPARE(told(), QStringList{QStringLiteral("یک بار")});
+    Alarms::add(me(), -1, u"یک بار"_s);
+    QCOMPARE(told(), QStringList{u"یک بار"_s});
     QCOMPARE(told(), QStringList());
     // It is still to be done.
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
@@ -101,9 +103,9 @@ void TestCTblAlarm::loginTellsWhatDoesNotRepeatOnce()
 
 void TestCTblAlarm::loginTellsWhatRepeatsUntilDone()
 {
-    const int id = Alarms::add(me(), -1, QStringLiteral("هر بار"), Alarms::repeats);
-    QCOMPARE(told(), QStringList{QStringLiteral("هر بار")});
-    QCOMPARE(told(), QStringList{QStringLiteral("هر بار")});
+    const int id = Alarms::add(me(), -1, u"هر بار"_s, Alarms::repeats);
+    QCOMPARE(told(), QStringList{u"هر بار"_s});
+    QCOMPARE(told(), QStringList{u"هر بار"_s});
     QVERIFY(CTblAlarm::setDone(id, me()));
     QCOMPARE(told(), QStringList());
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
@@ -111,48 +113,48 @@ void TestCTblAlarm::loginTellsWhatRepeatsUntilDone()
 
 void TestCTblAlarm::loginTellsTheOldestFirst()
 {
-    Alarms::add(me(), -5, QStringLiteral("دوم"));
-    Alarms::add(me(), -500, QStringLiteral("اول"), Alarms::repeats);
-    Alarms::add(me(), -1, QStringLiteral("سوم"));
-    QCOMPARE(told(), (QStringList{QStringLiteral("اول"), QStringLiteral("دوم"), QStringLiteral("سوم")}));
+    Alarms::add(me(), -5, u"دوم"_s);
+    Alarms::add(me(), -500, u"اول"_s, Alarms::repeats);
+    Alarms::add(me(), -1, u"سوم"_s);
+    QCOMPARE(told(), (QStringList{u"اول"_s, u"دوم"_s, u"سوم"_s}));
 }
 
 void TestCTblAlarm::dueOnesOfALoginAreOneStatement()
 {
     for (int minute = 1; minute <= 20; ++minute)
-        Alarms::add(me(), -minute, QStringLiteral("کار"));
-    const ObservedStatements observed({QStringLiteral("SELECT"), QStringLiteral("UPDATE")});
+        Alarms::add(me(), -minute, u"کار"_s);
+    const ObservedStatements observed({u"SELECT"_s, u"UPDATE"_s});
     const QList<CTblAlarm::Due> due = CTblAlarm::dueAtLogin(me());
     QCOMPARE(due.size(), 20);
     QCOMPARE(observed.taken().size(), 1);
     CTblAlarm::markTold(due);
-    QCOMPARE(observed.taken().filter(QStringLiteral("UPDATE")).size(), 1);
+    QCOMPARE(observed.taken().filter(u"UPDATE"_s).size(), 1);
     QCOMPARE(CTblAlarm::dueCount(me()), 20);
-    QCOMPARE(observed.taken().filter(QStringLiteral("COUNT(*)")).size(), 1);
+    QCOMPARE(observed.taken().filter(u"COUNT(*)"_s).size(), 1);
 }
 
 void TestCTblAlarm::toldInAClosedDatabaseIsNotWritten()
 {
-    Alarms::add(me(), -1, QStringLiteral("بسته"));
+    Alarms::add(me(), -1, u"بسته"_s);
     GetDBSetting()->SetClosedDB(true);
-    QCOMPARE(told(), QStringList{QStringLiteral("بسته")});
-    QCOMPARE(m_office.db.value(QStringLiteral("SELECT COUNT(*) FROM Alarms WHERE dateTold IS NOT NULL")), QStringLiteral("0"));
+    QCOMPARE(told(), QStringList{u"بسته"_s});
+    QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Alarms WHERE dateTold IS NOT NULL"_s), u"0"_s);
 }
 
 void TestCTblAlarm::postponedIsToldAnew()
 {
-    const int id = Alarms::add(me(), -60, QStringLiteral("بعدا"));
+    const int id = Alarms::add(me(), -60, u"بعدا"_s);
     QCOMPARE(told().size(), 1);
     const QDateTime now = GetDBSetting()->GetDBServerDate();
     QVERIFY(CTblAlarm::postpone(id, me(), now.addSecs(3600)));
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
     QVERIFY(CTblAlarm::postpone(id, me(), now.addSecs(-1)));
-    QCOMPARE(told(), QStringList{QStringLiteral("بعدا")});
+    QCOMPARE(told(), QStringList{u"بعدا"_s});
 }
 
 void TestCTblAlarm::anotherUsersReminderIsNotTouched()
 {
-    const int id = Alarms::add(m_office.clerk(), -60, QStringLiteral("کار دیگری"));
+    const int id = Alarms::add(m_office.clerk(), -60, u"کار دیگری"_s);
     QVERIFY(!CTblAlarm::setDone(id, me()));
     QVERIFY(!CTblAlarm::postpone(id, me(), GetDBSetting()->GetDBServerDate().addDays(1)));
     QVERIFY(!CTblAlarm::deleteAlarm(id, me()));
@@ -163,7 +165,7 @@ void TestCTblAlarm::anotherUsersReminderIsNotTouched()
 
 void TestCTblAlarm::doneTwiceStaysDone()
 {
-    const int id = Alarms::add(me(), -60, QStringLiteral("کار"));
+    const int id = Alarms::add(me(), -60, u"کار"_s);
     QVERIFY(CTblAlarm::setDone(id, me()));
     QVERIFY(CTblAlarm::setDone(id, me()));
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
@@ -171,7 +173,7 @@ void TestCTblAlarm::doneTwiceStaysDone()
 
 void TestCTblAlarm::closedDatabaseRefusesChanges()
 {
-    const int id = Alarms::add(me(), -60, QStringLiteral("کار"));
+    const int id = Alarms::add(me(), -60, u"کار"_s);
     GetDBSetting()->SetClosedDB(true);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblAlarm::setDone(id, me()));
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblAlarm::postpone(id, me(), QDateTime(QDate(2030, 1, 1), QTime(), Qt::UTC)));
@@ -187,11 +189,11 @@ void TestCTblAlarm::remindersOfADeletedRecordGoWithIt()
             alarm.m_iRecordID = key;
         };
     };
-    const int mine = Alarms::add(me(), 5, QStringLiteral("تقاضا"), of(RecordKind::AutomobilDemandReminder, 12));
+    const int mine = Alarms::add(me(), 5, u"تقاضا"_s, of(RecordKind::AutomobilDemandReminder, 12));
     const int clerks =
-        Alarms::add(m_office.clerk(), 5, QStringLiteral("تقاضا"), of(RecordKind::AutomobilDemandReminder, 12));
-    const int neighbour = Alarms::add(me(), 5, QStringLiteral("تقاضا"), of(RecordKind::AutomobilDemandReminder, 13));
-    const int otherKind = Alarms::add(me(), 5, QStringLiteral("قرارداد"), of(RecordKind::AutomobilContract, 12));
+        Alarms::add(m_office.clerk(), 5, u"تقاضا"_s, of(RecordKind::AutomobilDemandReminder, 12));
+    const int neighbour = Alarms::add(me(), 5, u"تقاضا"_s, of(RecordKind::AutomobilDemandReminder, 13));
+    const int otherKind = Alarms::add(me(), 5, u"قرارداد"_s, of(RecordKind::AutomobilContract, 12));
     CTblAlarm::DeleteAllRelatedRecords(RecordKind::AutomobilDemandReminder, 12);
     QVERIFY(CTblAlarm::GetDesc(mine).isEmpty() && CTblAlarm::GetDesc(clerks).isEmpty());
     QVERIFY(!CTblAlarm::GetDesc(neighbour).isEmpty() && !CTblAlarm::GetDesc(otherKind).isEmpty());

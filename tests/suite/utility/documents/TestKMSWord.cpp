@@ -12,6 +12,8 @@
 
 #include <pugixml.hpp>
 
+using namespace Qt::StringLiterals;
+
 using D = DocxMaker;
 
 // Every form that a merge field has, and what becomes of it.
@@ -59,8 +61,8 @@ private:
 
 void TestKMSWord::init()
 {
-    m_template = m_folder.filePath(QStringLiteral("template.docx"));
-    m_result = m_folder.filePath(QStringLiteral("result.docx"));
+    m_template = m_folder.filePath(u"template.docx"_s);
+    m_result = m_folder.filePath(u"result.docx"_s);
     QFile::remove(m_result);
 }
 
@@ -91,35 +93,35 @@ void TestKMSWord::everyFormOfField_data()
         + D::complex("PAGE", "7") + D::simple("MERGEFIELD Name", "y") + D::mark("end");
     const QByteArray inOther = D::mark("begin") + D::code("HYPERLINK \"x\"") + D::mark("separate")
         + D::complex("MERGEFIELD Name", "x") + D::mark("end");
-    QTest::newRow("simple") << D::simple("MERGEFIELD Name", "«Name»") << QStringLiteral("علی|");
-    QTest::newRow("simple with switches") << D::simple("MERGEFIELD  Name  \\* MERGEFORMAT", "x") << QStringLiteral("علی|");
-    QTest::newRow("simple, empty") << QByteArray("<w:fldSimple w:instr=\"MERGEFIELD Name\"/>") << QStringLiteral("علی|");
-    QTest::newRow("complex") << D::runs("a ") + D::complex("MERGEFIELD Name", "x") + D::runs(" b") << QStringLiteral("a علی b|");
-    QTest::newRow("complex, lower case") << D::complex("mergefield Name", "x") << QStringLiteral("علی|");
-    QTest::newRow("instruction split over runs") << split << QStringLiteral("علی|");
-    QTest::newRow("all in one run") << oneRun << QStringLiteral("aعلیb|");
-    QTest::newRow("without a result") << noResult << QStringLiteral("علی|");
-    QTest::newRow("fields in the result") << inResult << QStringLiteral("علی|");
-    QTest::newRow("in the result of another field") << inOther << QStringLiteral("علی|");
-    QTest::newRow("quoted name") << D::complex("MERGEFIELD \"Name\"", "x") << QStringLiteral("علی|");
-    QTest::newRow("quoted name with a blank") << D::complex("MERGEFIELD \"Full name\" \\* MERGEFORMAT", "x") << QStringLiteral("علی رضایی|");
-    QTest::newRow("in a link") << QByteArray("<w:hyperlink>") + D::complex("MERGEFIELD Name", "x") + "</w:hyperlink>" << QStringLiteral("علی|");
+    QTest::newRow("simple") << D::simple("MERGEFIELD Name", "«Name»") << u"علی|"_s;
+    QTest::newRow("simple with switches") << D::simple("MERGEFIELD  Name  \\* MERGEFORMAT", "x") << u"علی|"_s;
+    QTest::newRow("simple, empty") << QByteArray("<w:fldSimple w:instr=\"MERGEFIELD Name\"/>") << u"علی|"_s;
+    QTest::newRow("complex") << D::runs("a ") + D::complex("MERGEFIELD Name", "x") + D::runs(" b") << u"a علی b|"_s;
+    QTest::newRow("complex, lower case") << D::complex("mergefield Name", "x") << u"علی|"_s;
+    QTest::newRow("instruction split over runs") << split << u"علی|"_s;
+    QTest::newRow("all in one run") << oneRun << u"aعلیb|"_s;
+    QTest::newRow("without a result") << noResult << u"علی|"_s;
+    QTest::newRow("fields in the result") << inResult << u"علی|"_s;
+    QTest::newRow("in the result of another field") << inOther << u"علی|"_s;
+    QTest::newRow("quoted name") << D::complex("MERGEFIELD \"Name\"", "x") << u"علی|"_s;
+    QTest::newRow("quoted name with a blank") << D::complex("MERGEFIELD \"Full name\" \\* MERGEFORMAT", "x") << u"علی رضایی|"_s;
+    QTest::newRow("in a link") << QByteArray("<w:hyperlink>") + D::complex("MERGEFIELD Name", "x") + "</w:hyperlink>" << u"علی|"_s;
     QTest::newRow("in a content control")
-        << QByteArray("<w:sdt><w:sdtPr/><w:sdtContent>") + D::complex("MERGEFIELD Name", "x") + "</w:sdtContent></w:sdt>" << QStringLiteral("علی|");
-    QTest::newRow("inserted text") << QByteArray("<w:ins>") + D::complex("MERGEFIELD Name", "x") + "</w:ins>" << QStringLiteral("علی|");
-    QTest::newRow("two beside each other") << D::complex("MERGEFIELD Name", "x") + D::complex("MERGEFIELD Name", "y") << QStringLiteral("علیعلی|");
+        << QByteArray("<w:sdt><w:sdtPr/><w:sdtContent>") + D::complex("MERGEFIELD Name", "x") + "</w:sdtContent></w:sdt>" << u"علی|"_s;
+    QTest::newRow("inserted text") << QByteArray("<w:ins>") + D::complex("MERGEFIELD Name", "x") + "</w:ins>" << u"علی|"_s;
+    QTest::newRow("two beside each other") << D::complex("MERGEFIELD Name", "x") + D::complex("MERGEFIELD Name", "y") << u"علیعلی|"_s;
     QTest::newRow("ending in a simple one's neighbour") << D::simple("MERGEFIELD Name", "x") + D::simple("MERGEFIELD Name", "y")
-                                                        << QStringLiteral("علیعلی|");
+                                                        << u"علیعلی|"_s;
 }
 
 void TestKMSWord::everyFormOfField()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, shown);
-    fill(DocxMaker(D::paragraph(content)), {QStringLiteral("Name"), QStringLiteral("Full name")},
-         {QStringLiteral("علی"), QStringLiteral("علی رضایی")});
+    fill(DocxMaker(D::paragraph(content)), {u"Name"_s, u"Full name"_s},
+         {u"علی"_s, u"علی رضایی"_s});
     QCOMPARE(D::shown(m_result), shown);
-    QCOMPARE(m_filled, static_cast<int>(shown.count(QStringLiteral("علی"))));
+    QCOMPARE(m_filled, static_cast<int>(shown.count(u"علی"_s)));
     QVERIFY(!saved().contains("MERGEFIELD"));
     if (!content.contains("HYPERLINK")) {
         QVERIFY(!saved().contains("fldChar"));
@@ -133,14 +135,14 @@ void TestKMSWord::namesMatchWhole_data()
     QTest::addColumn<QString>("field");
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<int>("index");
-    QTest::newRow("the same") << QStringLiteral("NC") << QStringList{QStringLiteral("N"), QStringLiteral("NC")} << 1;
-    QTest::newRow("not a beginning") << QStringLiteral("NC") << QStringList{QStringLiteral("N")} << -1;
-    QTest::newRow("not an end") << QStringLiteral("p") << QStringList{QStringLiteral("PC"), QStringLiteral("pC")} << -1;
-    QTest::newRow("case alone") << QStringLiteral("PC") << QStringList{QStringLiteral("pc")} << 0;
-    QTest::newRow("the same before case alone") << QStringLiteral("Pc") << QStringList{QStringLiteral("PC"), QStringLiteral("Pc")} << 1;
-    QTest::newRow("two by case alone") << QStringLiteral("pC") << QStringList{QStringLiteral("PC"), QStringLiteral("Pc")} << -1;
-    QTest::newRow("one by case alone, twice") << QStringLiteral("pc") << QStringList{QStringLiteral("PC"), QStringLiteral("PC")} << 0;
-    QTest::newRow("no name") << QString() << QStringList{QStringLiteral("PC")} << -1;
+    QTest::newRow("the same") << u"NC"_s << QStringList{u"N"_s, u"NC"_s} << 1;
+    QTest::newRow("not a beginning") << u"NC"_s << QStringList{u"N"_s} << -1;
+    QTest::newRow("not an end") << u"p"_s << QStringList{u"PC"_s, u"pC"_s} << -1;
+    QTest::newRow("case alone") << u"PC"_s << QStringList{u"pc"_s} << 0;
+    QTest::newRow("the same before case alone") << u"Pc"_s << QStringList{u"PC"_s, u"Pc"_s} << 1;
+    QTest::newRow("two by case alone") << u"pC"_s << QStringList{u"PC"_s, u"Pc"_s} << -1;
+    QTest::newRow("one by case alone, twice") << u"pc"_s << QStringList{u"PC"_s, u"PC"_s} << 0;
+    QTest::newRow("no name") << QString() << QStringList{u"PC"_s} << -1;
 }
 
 void TestKMSWord::namesMatchWhole()
@@ -160,13 +162,13 @@ void TestKMSWord::fieldsAreListed()
     QVERIFY(word.Init());
     QVERIFY(word.OpenDocument(m_template, 1));
     const Fields before(word.GetFields());
-    QCOMPARE(before.GetNames(), (QStringList{QStringLiteral("Name"), QStringLiteral("Full name"), QStringLiteral("Name")}));
+    QCOMPARE(before.GetNames(), (QStringList{u"Name"_s, u"Full name"_s, u"Name"_s}));
     QCOMPARE(before.GetCount(), 3);
-    QCOMPARE(before.GetName(1), QStringLiteral("Full name"));
-    QVERIFY(before.Contains(QStringLiteral("Name")));
-    QVERIFY(!before.Contains(QStringLiteral("Nam")));
-    QCOMPARE(word.SetFieldsValue({QStringLiteral("Name")}, {QStringLiteral("1")}, 1), 2);
-    QCOMPARE(word.GetFields().GetNames(), QStringList{QStringLiteral("Full name")});
+    QCOMPARE(before.GetName(1), u"Full name"_s);
+    QVERIFY(before.Contains(u"Name"_s));
+    QVERIFY(!before.Contains(u"Nam"_s));
+    QCOMPARE(word.SetFieldsValue({u"Name"_s}, {u"1"_s}, 1), 2);
+    QCOMPARE(word.GetFields().GetNames(), QStringList{u"Full name"_s});
     word.Close();
     QCOMPARE(word.GetFields().GetCount(), 0);
 }
@@ -176,26 +178,26 @@ void TestKMSWord::valuesAreShaped_data()
     QTest::addColumn<QByteArray>("instruction");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("upper") << QByteArray("MERGEFIELD F \\* Upper") << QStringLiteral("ali b") << QStringLiteral("ALI B");
-    QTest::newRow("lower") << QByteArray("MERGEFIELD F \\*Lower") << QStringLiteral("ALI") << QStringLiteral("ali");
-    QTest::newRow("first letter") << QByteArray("MERGEFIELD F \\* FirstCap \\* MERGEFORMAT") << QStringLiteral("ali b") << QStringLiteral("Ali b");
-    QTest::newRow("every word") << QByteArray("MERGEFIELD F \\* Caps") << QStringLiteral("ali bc") << QStringLiteral("Ali Bc");
-    QTest::newRow("around") << QByteArray("MERGEFIELD F \\b \"Mr \" \\f \", \"") << QStringLiteral("Ali") << QStringLiteral("Mr Ali, ");
-    QTest::newRow("nothing around a blank") << QByteArray("MERGEFIELD F \\b \"Mr \" \\f \",\"") << QStringLiteral(" ") << QStringLiteral(" ");
-    QTest::newRow("a single blank") << QByteArray("MERGEFIELD F") << QStringLiteral(" ") << QStringLiteral(" ");
-    QTest::newRow("blanks at both ends") << QByteArray("MERGEFIELD F") << QStringLiteral("  a  ") << QStringLiteral("  a  ");
+    QTest::newRow("upper") << QByteArray("MERGEFIELD F \\* Upper") << u"ali b"_s << u"ALI B"_s;
+    QTest::newRow("lower") << QByteArray("MERGEFIELD F \\*Lower") << u"ALI"_s << u"ali"_s;
+    QTest::newRow("first letter") << QByteArray("MERGEFIELD F \\* FirstCap \\* MERGEFORMAT") << u"ali b"_s << u"Ali b"_s;
+    QTest::newRow("every word") << QByteArray("MERGEFIELD F \\* Caps") << u"ali bc"_s << u"Ali Bc"_s;
+    QTest::newRow("around") << QByteArray("MERGEFIELD F \\b \"Mr \" \\f \", \"") << u"Ali"_s << u"Mr Ali, "_s;
+    QTest::newRow("nothing around a blank") << QByteArray("MERGEFIELD F \\b \"Mr \" \\f \",\"") << u" "_s << u" "_s;
+    QTest::newRow("a single blank") << QByteArray("MERGEFIELD F") << u" "_s << u" "_s;
+    QTest::newRow("blanks at both ends") << QByteArray("MERGEFIELD F") << u"  a  "_s << u"  a  "_s;
     QTest::newRow("empty") << QByteArray("MERGEFIELD F") << QString() << QString();
-    QTest::newRow("line breaks of every kind") << QByteArray("MERGEFIELD F") << QStringLiteral("a\nb\r\nc\rd\ve\u2028f")
-                                               << QStringLiteral("a\nb\nc\nd\ne\nf");
-    QTest::newRow("line breaks at the ends") << QByteArray("MERGEFIELD F") << QStringLiteral("\n\na\n") << QStringLiteral("\n\na\n");
-    QTest::newRow("tab") << QByteArray("MERGEFIELD F") << QStringLiteral("a\tb") << QStringLiteral("a\tb");
-    QTest::newRow("markup") << QByteArray("MERGEFIELD F") << QStringLiteral("<w:t>&amp;\"']]>") << QStringLiteral("<w:t>&amp;\"']]>");
-    QTest::newRow("signs that XML cannot hold") << QByteArray("MERGEFIELD F") << QStringLiteral("a\u0001\u0008b") + QChar(0xFFFE) + QChar(0xD800)
-                                                << QStringLiteral("ab");
-    QTest::newRow("beyond the first plane") << QByteArray("MERGEFIELD F") << QStringLiteral("\U0001F697") << QStringLiteral("\U0001F697");
-    QTest::newRow("joiners and marks") << QByteArray("MERGEFIELD F") << QStringLiteral("می\u200cشود \u200fا\u200e")
-                                       << QStringLiteral("می\u200cشود \u200fا\u200e");
-    QTest::newRow("pictures do not count") << QByteArray("MERGEFIELD F \\# \"#,##0\" \\@ \"yyyy\"") << QStringLiteral("1,250") << QStringLiteral("1,250");
+    QTest::newRow("line breaks of every kind") << QByteArray("MERGEFIELD F") << u"a\nb\r\nc\rd\ve\u2028f"_s
+                                               << u"a\nb\nc\nd\ne\nf"_s;
+    QTest::newRow("line breaks at the ends") << QByteArray("MERGEFIELD F") << u"\n\na\n"_s << u"\n\na\n"_s;
+    QTest::newRow("tab") << QByteArray("MERGEFIELD F") << u"a\tb"_s << u"a\tb"_s;
+    QTest::newRow("markup") << QByteArray("MERGEFIELD F") << u"<w:t>&amp;\"']]>"_s << u"<w:t>&amp;\"']]>"_s;
+    QTest::newRow("signs that XML cannot hold") << QByteArray("MERGEFIELD F") << u"a\u0001\u0008b"_s + QChar(0xFFFE) + QChar(0xD800)
+                                                << u"ab"_s;
+    QTest::newRow("beyond the first plane") << QByteArray("MERGEFIELD F") << u"\U0001F697"_s << u"\U0001F697"_s;
+    QTest::newRow("joiners and marks") << QByteArray("MERGEFIELD F") << u"می\u200cشود \u200fا\u200e"_s
+                                       << u"می\u200cشود \u200fا\u200e"_s;
+    QTest::newRow("pictures do not count") << QByteArray("MERGEFIELD F \\# \"#,##0\" \\@ \"yyyy\"") << u"1,250"_s << u"1,250"_s;
 }
 
 void TestKMSWord::valuesAreShaped()
@@ -203,7 +205,7 @@ void TestKMSWord::valuesAreShaped()
     QFETCH(QByteArray, instruction);
     QFETCH(QString, value);
     QFETCH(QString, shown);
-    fill(DocxMaker(D::paragraph(D::complex(instruction, "x"))), {QStringLiteral("F")}, {value});
+    fill(DocxMaker(D::paragraph(D::complex(instruction, "x"))), {u"F"_s}, {value});
     QCOMPARE(m_filled, 1);
     QCOMPARE(D::shown(m_result), shown + u'|');
     // Also for readers that drop blanks which nothing protects.
@@ -215,22 +217,22 @@ void TestKMSWord::propertiesOfTheResultAreKept()
     const QByteArray look = "<w:rPr><w:rFonts w:cs=\"B Nazanin\"/><w:b/><w:bCs/><w:sz w:val=\"28\"/><w:szCs w:val=\"28\"/><w:rtl/><w:cs/></w:rPr>";
     const QByteArray field = D::mark("begin") + D::code("MERGEFIELD F") + D::mark("separate") + "<w:r>" + look + "<w:t>«F»</w:t></w:r>"
         + D::mark("end");
-    fill(DocxMaker(D::paragraph(field)), {QStringLiteral("F")}, {QStringLiteral("الف\nب")});
+    fill(DocxMaker(D::paragraph(field)), {u"F"_s}, {u"الف\nب"_s});
     QVERIFY(saved().contains("<w:p><w:r>" + look + QByteArray("<w:t xml:space=\"preserve\">الف</w:t><w:br/><w:t xml:space=\"preserve\">ب</w:t></w:r></w:p>")));
 }
 
 void TestKMSWord::propertiesOfASimpleFieldsResultAreKept()
 {
     const QByteArray field = "<w:fldSimple w:instr=\"MERGEFIELD F\"><w:r/><w:r><w:rPr><w:b/><w:rtl/></w:rPr><w:t>x</w:t></w:r></w:fldSimple>";
-    fill(DocxMaker(D::paragraph(field)), {QStringLiteral("F")}, {QStringLiteral("v")});
+    fill(DocxMaker(D::paragraph(field)), {u"F"_s}, {u"v"_s});
     QVERIFY(saved().contains("<w:p><w:r><w:rPr><w:b/><w:rtl/></w:rPr><w:t xml:space=\"preserve\">v</w:t></w:r></w:p>"));
 }
 
 void TestKMSWord::propertiesWithoutAResultAreTheMarks()
 {
     const QByteArray look = "<w:rPr><w:i/><w:rtl/></w:rPr>";
-    fill(DocxMaker(D::paragraph(D::mark("begin", look) + D::code("MERGEFIELD F", look) + D::mark("end", look))), {QStringLiteral("F")},
-         {QStringLiteral("v")});
+    fill(DocxMaker(D::paragraph(D::mark("begin", look) + D::code("MERGEFIELD F", look) + D::mark("end", look))), {u"F"_s},
+         {u"v"_s});
     QVERIFY(saved().contains("<w:p><w:r>" + look + "<w:t xml:space=\"preserve\">v</w:t></w:r></w:p>"));
 }
 
@@ -238,14 +240,14 @@ void TestKMSWord::charformatLooksAsItsInstruction()
 {
     const QByteArray field = D::mark("begin") + D::code("MERGEFIELD F \\* CHARFORMAT", "<w:rPr><w:b/></w:rPr>") + D::mark("separate")
         + "<w:r><w:rPr><w:i/></w:rPr><w:t>x</w:t></w:r>" + D::mark("end");
-    fill(DocxMaker(D::paragraph(field)), {QStringLiteral("F")}, {QStringLiteral("v")});
+    fill(DocxMaker(D::paragraph(field)), {u"F"_s}, {u"v"_s});
     QVERIFY(saved().contains("<w:p><w:r><w:rPr><w:b/></w:rPr><w:t xml:space=\"preserve\">v</w:t></w:r></w:p>"));
 }
 
 void TestKMSWord::rightToLeftMarksAreKept()
 {
-    fill(DocxMaker(D::paragraph(D::complex("MERGEFIELD F", "\u200f«F»\u200f"))), {QStringLiteral("F")}, {QStringLiteral("12 ب 345")});
-    QCOMPARE(D::shown(m_result), QStringLiteral("\u200f12 ب 345\u200f|"));
+    fill(DocxMaker(D::paragraph(D::complex("MERGEFIELD F", "\u200f«F»\u200f"))), {u"F"_s}, {u"12 ب 345"_s});
+    QCOMPARE(D::shown(m_result), u"\u200f12 ب 345\u200f|"_s);
 }
 
 void TestKMSWord::headersFootersAndNotes()
@@ -255,10 +257,10 @@ void TestKMSWord::headersFootersAndNotes()
     maker.addTextPart("header", text).addTextPart("footer", text);
     maker.addTextPart("footnotes", "<w:footnote w:id=\"2\">" + text + "</w:footnote>");
     maker.addTextPart("endnotes", "<w:endnote w:id=\"2\">" + text + "</w:endnote>");
-    fill(maker, {QStringLiteral("F")}, {QStringLiteral("ج")});
+    fill(maker, {u"F"_s}, {u"ج"_s});
     QCOMPARE(m_filled, 5);
     for (const QByteArray part : {"header", "footer", "footnotes", "endnotes"}) {
-        QCOMPARE(D::shown(m_result, "word/" + part + "1.xml"), QStringLiteral("F: ج|"));
+        QCOMPARE(D::shown(m_result, "word/" + part + "1.xml"), u"F: ج|"_s);
         QVERIFY(!saved("word/" + part + "1.xml").contains("fldChar"));
     }
 }
@@ -269,9 +271,9 @@ void TestKMSWord::textBoxesInBothBranches()
     const QByteArray drawing = "<w:r><mc:AlternateContent><mc:Choice Requires=\"wps\"><w:drawing><wps:wsp><wps:txbx>" + box
         + "</wps:txbx></wps:wsp></w:drawing></mc:Choice><mc:Fallback><w:pict><v:shape><v:textbox>" + box
         + "</v:textbox></v:shape></w:pict></mc:Fallback></mc:AlternateContent></w:r>";
-    fill(DocxMaker(D::paragraph(D::runs("a") + drawing + D::complex("MERGEFIELD F", "x"))), {QStringLiteral("F")}, {QStringLiteral("v")});
+    fill(DocxMaker(D::paragraph(D::runs("a") + drawing + D::complex("MERGEFIELD F", "x"))), {u"F"_s}, {u"v"_s});
     QCOMPARE(m_filled, 3);
-    QCOMPARE(D::shown(m_result), QStringLiteral("av|v|v|"));
+    QCOMPARE(D::shown(m_result), u"av|v|v|"_s);
     QCOMPARE(saved().count("<mc:AlternateContent>"), 1);
     QVERIFY(!saved().contains("fldChar"));
 }
@@ -285,27 +287,27 @@ void TestKMSWord::brokenFieldsStay_data()
     const QByteArray open = D::mark("begin") + D::code("MERGEFIELD F") + D::mark("separate") + D::runs("open");
     const QByteArray cell = "<w:tbl><w:tr><w:tc>" + D::paragraph(open) + "</w:tc><w:tc>" + D::paragraph(D::mark("end") + good)
         + "</w:tc></w:tr></w:tbl>";
-    QTest::newRow("no end, then a good one") << D::paragraph(open) + D::paragraph(good) << 1 << QStringLiteral("open|v|");
-    QTest::newRow("an end alone") << D::paragraph(D::mark("end") + good) << 1 << QStringLiteral("v|");
-    QTest::newRow("from cell to cell") << cell << 1 << QStringLiteral("open|v|");
+    QTest::newRow("no end, then a good one") << D::paragraph(open) + D::paragraph(good) << 1 << u"open|v|"_s;
+    QTest::newRow("an end alone") << D::paragraph(D::mark("end") + good) << 1 << u"v|"_s;
+    QTest::newRow("from cell to cell") << cell << 1 << u"open|v|"_s;
     QTest::newRow("begun inside a simple one")
-        << D::paragraph("<w:fldSimple w:instr=\"MERGEFIELD G\">" + open + "</w:fldSimple>" + D::mark("end") + good) << 1 << QStringLiteral("openv|");
+        << D::paragraph("<w:fldSimple w:instr=\"MERGEFIELD G\">" + open + "</w:fldSimple>" + D::mark("end") + good) << 1 << u"openv|"_s;
     QTest::newRow("an end inside a simple one within another")
         << D::paragraph(D::mark("begin") + D::code("MERGEFIELD G") + D::mark("separate") + "<w:fldSimple w:instr=\"MERGEFIELD F\">" + D::mark("end")
                         + D::runs("x") + "</w:fldSimple>" + D::runs("y") + D::mark("end"))
-        << 1 << QStringLiteral("vy|");
-    QTest::newRow("another name") << D::paragraph(D::complex("MERGEFIELD Other", "stays")) << 0 << QStringLiteral("stays|");
-    QTest::newRow("no name") << D::paragraph(D::complex("MERGEFIELD \\* Upper", "stays")) << 0 << QStringLiteral("stays|");
+        << 1 << u"vy|"_s;
+    QTest::newRow("another name") << D::paragraph(D::complex("MERGEFIELD Other", "stays")) << 0 << u"stays|"_s;
+    QTest::newRow("no name") << D::paragraph(D::complex("MERGEFIELD \\* Upper", "stays")) << 0 << u"stays|"_s;
     QTest::newRow("another kind") << D::paragraph(D::complex("PAGE F", "stays") + D::simple("MERGEFIELDS F", "too")) << 0
-                                  << QStringLiteral("staystoo|");
+                                  << u"staystoo|"_s;
     QTest::newRow("deleted text") << D::paragraph("<w:del>" + D::mark("begin") + D::code("MERGEFIELD F") + D::mark("end") + "</w:del>" + good) << 1
-                                  << QStringLiteral("v|");
+                                  << u"v|"_s;
 }
 
 void TestKMSWord::brokenFieldsStay()
 {
     QFETCH(QByteArray, body);
-    fill(DocxMaker(body), {QStringLiteral("F")}, {QStringLiteral("v")});
+    fill(DocxMaker(body), {u"F"_s}, {u"v"_s});
     QTEST(m_filled, "filled");
     QTEST(D::shown(m_result), "shown");
 }
@@ -317,8 +319,8 @@ void TestKMSWord::fieldOverParagraphsMakesThemOne()
         + "<w:tbl><w:tr><w:tc>" + D::paragraph(D::simple("MERGEFIELD F", "3")) + "</w:tc></w:tr></w:tbl>"
         + D::paragraph(D::runs("4") + D::mark("end") + D::runs(" b ") + D::complex("MERGEFIELD F", "5") + "<w:bookmarkEnd w:id=\"1\"/>")
         + D::paragraph(D::runs("c"));
-    fill(DocxMaker(body), {QStringLiteral("F")}, {QStringLiteral("v")});
-    QCOMPARE(D::shown(m_result), QStringLiteral("a v b v|c|"));
+    fill(DocxMaker(body), {u"F"_s}, {u"v"_s});
+    QCOMPARE(D::shown(m_result), u"a v b v|c|"_s);
     QVERIFY(!saved().contains("w:tbl"));
     QCOMPARE(saved().count("<w:bidi/>"), 1);
     QCOMPARE(saved().count("bookmarkStart"), 1);
@@ -329,9 +331,9 @@ void TestKMSWord::fieldOverASectionBreakStays()
 {
     const QByteArray body = D::paragraph("<w:pPr><w:sectPr/></w:pPr>" + D::mark("begin") + D::code("MERGEFIELD F") + D::mark("separate") + D::runs("1"))
         + D::paragraph(D::runs("2") + D::mark("end"));
-    fill(DocxMaker(body), {QStringLiteral("F")}, {QStringLiteral("v")});
+    fill(DocxMaker(body), {u"F"_s}, {u"v"_s});
     QCOMPARE(m_filled, 0);
-    QCOMPARE(D::shown(m_result), QStringLiteral("1|2|"));
+    QCOMPARE(D::shown(m_result), u"1|2|"_s);
 }
 
 void TestKMSWord::valueInAnInstruction_data()
@@ -348,7 +350,7 @@ void TestKMSWord::valueInAnInstruction()
     QFETCH(QByteArray, word);
     const QByteArray field = D::mark("begin") + D::code(before) + D::complex("MERGEFIELD F", "x") + D::code("=1 2 3") + D::mark("separate")
         + D::runs("old") + D::mark("end");
-    fill(DocxMaker(D::paragraph(field)), {QStringLiteral("F")}, {QStringLiteral("a \"b\"\nc")});
+    fill(DocxMaker(D::paragraph(field)), {u"F"_s}, {u"a \"b\"\nc"_s});
     QCOMPARE(m_filled, 1);
     pugi::xml_document document;
     QVERIFY(document.load_string(saved().constData(), pugi::parse_full | pugi::parse_ws_pcdata));
@@ -358,14 +360,14 @@ void TestKMSWord::valueInAnInstruction()
     QCOMPARE(instruction, before + word + "=1 2 3");
     // The word processor works the field out anew; what it shows until then is not ours to know.
     QCOMPARE(QByteArray(document.select_node("//w:fldChar[@w:fldCharType='begin']/@w:dirty").attribute().value()), QByteArray("true"));
-    QCOMPARE(D::shown(m_result), QStringLiteral("old|"));
+    QCOMPARE(D::shown(m_result), u"old|"_s);
 }
 
 void TestKMSWord::bookmarksOutliveTheField()
 {
     const QByteArray inSimple = "<w:fldSimple w:instr=\"MERGEFIELD F\"><w:bookmarkStart w:id=\"1\" w:name=\"a\"/>" + D::runs("x") + "</w:fldSimple>";
-    fill(DocxMaker(D::paragraph(inSimple + "<w:bookmarkEnd w:id=\"1\"/>")), {QStringLiteral("F")}, {QStringLiteral("v")});
-    QCOMPARE(D::shown(m_result), QStringLiteral("v|"));
+    fill(DocxMaker(D::paragraph(inSimple + "<w:bookmarkEnd w:id=\"1\"/>")), {u"F"_s}, {u"v"_s});
+    QCOMPARE(D::shown(m_result), u"v|"_s);
     QCOMPARE(saved().count("bookmarkStart"), 1);
     QVERIFY(saved().indexOf("bookmarkStart") < saved().indexOf("bookmarkEnd"));
 }
@@ -374,24 +376,24 @@ void TestKMSWord::otherPrefixesAreUnderstood()
 {
     DocxMaker maker;
     const QByteArray document = D::wrapped("w:document", "<w:body>" + D::paragraph(D::complex("MERGEFIELD F", "x")) + "</w:body>");
-    fill(maker.setPart("word/document.xml", QByteArray(document).replace("w:", "ns0:").replace("xmlns:w=", "xmlns:ns0=")), {QStringLiteral("F")},
-         {QStringLiteral("v")});
-    QCOMPARE(D::shown(m_result), QStringLiteral("v|"));
+    fill(maker.setPart("word/document.xml", QByteArray(document).replace("w:", "ns0:").replace("xmlns:w=", "xmlns:ns0=")), {u"F"_s},
+         {u"v"_s});
+    QCOMPARE(D::shown(m_result), u"v|"_s);
     QVERIFY(saved().contains("<ns0:t xml:space=\"preserve\">v</ns0:t>"));
 }
 
 void TestKMSWord::countLimitsTheLists()
 {
     QVERIFY(DocxMaker(D::paragraph(D::simple("MERGEFIELD A", "a") + D::simple("MERGEFIELD B", "b"))).write(m_template));
-    const QStringList names{QStringLiteral("A"), QStringLiteral("B")};
+    const QStringList names{u"A"_s, u"B"_s};
     KMSWord word;
     QVERIFY(word.Init());
     QVERIFY(word.OpenDocument(m_template, 1));
-    QCOMPARE(word.SetFieldsValue(names, {QStringLiteral("1"), QStringLiteral("2")}, 0), 0);
-    QCOMPARE(word.SetFieldsValue(names, {QStringLiteral("1"), QStringLiteral("2")}, -1), 0);
-    QCOMPARE(word.SetFieldsValue(names, {QStringLiteral("1"), QStringLiteral("2")}, 1), 1);
-    QCOMPARE(word.SetFieldsValue(names, {QStringLiteral("1")}, 9), 0);
-    QCOMPARE(word.GetFields().GetNames(), QStringList{QStringLiteral("B")});
+    QCOMPARE(word.SetFieldsValue(names, {u"1"_s, u"2"_s}, 0), 0);
+    QCOMPARE(word.SetFieldsValue(names, {u"1"_s, u"2"_s}, -1), 0);
+    QCOMPARE(word.SetFieldsValue(names, {u"1"_s, u"2"_s}, 1), 1);
+    QCOMPARE(word.SetFieldsValue(names, {u"1"_s}, 9), 0);
+    QCOMPARE(word.GetFields().GetNames(), QStringList{u"B"_s});
 }
 
 void TestKMSWord::batchesFollowOneAnother()
@@ -402,23 +404,23 @@ void TestKMSWord::batchesFollowOneAnother()
     KMSWord word;
     QVERIFY(word.Init());
     QVERIFY(word.OpenDocument(m_template, 1));
-    QCOMPARE(word.SetFieldsValue({QStringLiteral("NC"), QStringLiteral("iCode")}, {QStringLiteral("1"), QStringLiteral("7")}, 2), 2);
-    QCOMPARE(word.SetFieldsValue({QStringLiteral("N"), QStringLiteral("iCode")}, {QStringLiteral("2"), QStringLiteral("8")}, 2), 1);
+    QCOMPARE(word.SetFieldsValue({u"NC"_s, u"iCode"_s}, {u"1"_s, u"7"_s}, 2), 2);
+    QCOMPARE(word.SetFieldsValue({u"N"_s, u"iCode"_s}, {u"2"_s, u"8"_s}, 2), 1);
     QVERIFY(word.SaveAs(m_result));
-    QCOMPARE(D::shown(m_result), QStringLiteral("1/2/7/skipped|"));
+    QCOMPARE(D::shown(m_result), u"1/2/7/skipped|"_s);
     QVERIFY(saved().contains("MERGEFIELD p"));
 }
 
 void TestKMSWord::fillingAgainChangesNothing()
 {
     DocxMaker maker(D::paragraph(D::complex("MERGEFIELD F", "x") + D::complex("MERGEFIELD Other", "y")));
-    fill(maker.addTextPart("header", D::paragraph(D::simple("MERGEFIELD F", "x"))), {QStringLiteral("F")}, {QStringLiteral("MERGEFIELD F")});
+    fill(maker.addTextPart("header", D::paragraph(D::simple("MERGEFIELD F", "x"))), {u"F"_s}, {u"MERGEFIELD F"_s});
     const QByteArray body = saved();
     const QByteArray header = saved("word/header1.xml");
     KMSWord word;
     QVERIFY(word.Init());
     QVERIFY(word.OpenDocument(m_result, 0));
-    QCOMPARE(word.SetFieldsValue({QStringLiteral("F")}, {QStringLiteral("another")}, 1), 0);
+    QCOMPARE(word.SetFieldsValue({u"F"_s}, {u"another"_s}, 1), 0);
     QVERIFY(word.SaveAs(m_result));
     QCOMPARE(saved(), body);
     QCOMPARE(saved("word/header1.xml"), header);

@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using D = DocxMaker;
 
 namespace {
@@ -124,7 +126,7 @@ void TestKMSWordRefusals::refused()
 {
     QFETCH(QByteArray, file);
     QFETCH(QString, reason);
-    const QString path = m_folder.filePath(QStringLiteral("hostile.docx"));
+    const QString path = m_folder.filePath(u"hostile.docx"_s);
     QFile hostile(path);
     QVERIFY(hostile.open(QIODevice::WriteOnly));
     QCOMPARE(hostile.write(file), file.size());
@@ -138,9 +140,9 @@ void TestKMSWordRefusals::refused()
     QVERIFY2(clock.elapsed() < 20'000, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(word.GetFields().GetCount(), 0);
     QVERIFY(word.FullName().isEmpty());
-    QCOMPARE(word.SetFieldsValue({QStringLiteral("F")}, {QStringLiteral("v")}, 1), 0);
-    QVERIFY(!word.SaveAs(m_folder.filePath(QStringLiteral("result.docx"))));
-    QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("hostile.docx")});
+    QCOMPARE(word.SetFieldsValue({u"F"_s}, {u"v"_s}, 1), 0);
+    QVERIFY(!word.SaveAs(m_folder.filePath(u"result.docx"_s)));
+    QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"hostile.docx"_s});
 }
 
 void TestKMSWordRefusals::takenThoughUnusual_data()
@@ -163,7 +165,7 @@ void TestKMSWordRefusals::takenThoughUnusual_data()
 void TestKMSWordRefusals::takenThoughUnusual()
 {
     QFETCH(QByteArray, file);
-    const QString path = m_folder.filePath(QStringLiteral("good.docx"));
+    const QString path = m_folder.filePath(u"good.docx"_s);
     QFile good(path);
     QVERIFY(good.open(QIODevice::WriteOnly));
     QCOMPARE(good.write(file), file.size());
@@ -171,11 +173,11 @@ void TestKMSWordRefusals::takenThoughUnusual()
     KMSWord word;
     QVERIFY(word.Init());
     QVERIFY2(word.OpenDocument(path, 1), qUtf8Printable(word.Failure()));
-    QVERIFY2(word.SaveAs(m_folder.filePath(QStringLiteral("copy.docx"))), qUtf8Printable(word.Failure()));
-    QVERIFY2(word.OpenDocument(m_folder.filePath(QStringLiteral("copy.docx")), 1), qUtf8Printable(word.Failure()));
+    QVERIFY2(word.SaveAs(m_folder.filePath(u"copy.docx"_s)), qUtf8Printable(word.Failure()));
+    QVERIFY2(word.OpenDocument(m_folder.filePath(u"copy.docx"_s), 1), qUtf8Printable(word.Failure()));
     word.Close();
     QVERIFY(QFile::remove(path));
-    QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("copy.docx"))));
+    QVERIFY(QFile::remove(m_folder.filePath(u"copy.docx"_s)));
 }
 
 void TestKMSWordRefusals::aFolderIsNoDocument()
@@ -189,13 +191,13 @@ void TestKMSWordRefusals::aMissingFileIsNoDocument()
 {
     KMSWord word;
     QVERIFY(word.Init());
-    QVERIFY(!word.OpenDocument(m_folder.filePath(QStringLiteral("none.docx")), 1));
+    QVERIFY(!word.OpenDocument(m_folder.filePath(u"none.docx"_s), 1));
     QVERIFY(!word.OpenDocument(QString(), 1));
 }
 
 void TestKMSWordRefusals::withoutInitNothingOpens()
 {
-    const QString path = m_folder.filePath(QStringLiteral("plain.docx"));
+    const QString path = m_folder.filePath(u"plain.docx"_s);
     QVERIFY(DocxMaker().write(path));
     KMSWord word;
     QVERIFY(!word.OpenDocument(path, 1));
@@ -208,14 +210,14 @@ void TestKMSWordRefusals::withoutInitNothingOpens()
 
 void TestKMSWordRefusals::aRefusalClosesWhatWasOpen()
 {
-    const QString path = m_folder.filePath(QStringLiteral("plain.docx"));
+    const QString path = m_folder.filePath(u"plain.docx"_s);
     QVERIFY(DocxMaker().write(path));
     KMSWord word;
     QVERIFY(word.Init());
     QVERIFY(word.OpenDocument(path, 1));
     QVERIFY(!word.OpenDocument(m_folder.path(), 1));
-    QVERIFY(!word.SaveAs(m_folder.filePath(QStringLiteral("result.docx"))));
-    QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("result.docx"))));
+    QVERIFY(!word.SaveAs(m_folder.filePath(u"result.docx"_s)));
+    QVERIFY(!QFile::exists(m_folder.filePath(u"result.docx"_s)));
 }
 
 static const RegisteredTest<TestKMSWordRefusals, QCoreApplication> registered;

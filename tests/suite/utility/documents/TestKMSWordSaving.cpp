@@ -15,6 +15,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 using D = DocxMaker;
 
 // Where a document goes, and what a failure leaves behind.
@@ -51,63 +53,63 @@ private:
 void TestKMSWordSaving::init()
 {
     m_folder.emplace();
-    m_template = m_folder->filePath(QStringLiteral("قرارداد ۱.docx"));
-    m_out = m_folder->filePath(QStringLiteral("out"));
+    m_template = m_folder->filePath(u"قرارداد ۱.docx"_s);
+    m_out = m_folder->filePath(u"out"_s);
     QVERIFY(QDir().mkdir(m_out));
     QVERIFY(DocxMaker(D::paragraph(D::complex("MERGEFIELD F", "x"))).setPart("word/media/image1.png", QByteArray(70'000, 'p')).write(m_template));
     QVERIFY(m_word.Init());
     QVERIFY(m_word.OpenDocument(m_template, 1));
-    QCOMPARE(m_word.SetFieldsValue({QStringLiteral("F")}, {QStringLiteral("v")}, 1), 1);
+    QCOMPARE(m_word.SetFieldsValue({u"F"_s}, {u"v"_s}, 1), 1);
 }
 
 void TestKMSWordSaving::folderTakesTheDocumentUnderItsOwnName_data()
 {
     QTest::addColumn<QString>("end");
     QTest::newRow("without a separator") << QString();
-    QTest::newRow("with a separator") << QStringLiteral("/");
+    QTest::newRow("with a separator") << u"/"_s;
 }
 
 void TestKMSWordSaving::folderTakesTheDocumentUnderItsOwnName()
 {
     QFETCH(QString, end);
     QVERIFY2(m_word.SaveAs(m_out + end), qUtf8Printable(m_word.Failure()));
-    QCOMPARE(m_word.FullName(), m_out + QStringLiteral("/قرارداد ۱.docx"));
-    QCOMPARE(files(m_out), QStringList{QStringLiteral("قرارداد ۱.docx")});
-    QCOMPARE(D::shown(m_word.FullName()), QStringLiteral("v|"));
-    QCOMPARE(D::shown(m_template), QStringLiteral("x|"));
+    QCOMPARE(m_word.FullName(), m_out + u"/قرارداد ۱.docx"_s);
+    QCOMPARE(files(m_out), QStringList{u"قرارداد ۱.docx"_s});
+    QCOMPARE(D::shown(m_word.FullName()), u"v|"_s);
+    QCOMPARE(D::shown(m_template), u"x|"_s);
 }
 
 void TestKMSWordSaving::olderFileIsReplaced()
 {
-    const QString path = m_out + QStringLiteral("/a.docx");
+    const QString path = m_out + u"/a.docx"_s;
     QFile older(path);
     QVERIFY(older.open(QIODevice::WriteOnly));
     older.write("older");
     older.close();
     QVERIFY(m_word.SaveAs(path));
-    QCOMPARE(D::shown(path), QStringLiteral("v|"));
-    QCOMPARE(files(m_out), QStringList{QStringLiteral("a.docx")});
+    QCOMPARE(D::shown(path), u"v|"_s);
+    QCOMPARE(files(m_out), QStringList{u"a.docx"_s});
 }
 
 void TestKMSWordSaving::templateIsNotOverwritten()
 {
     QVERIFY(!m_word.SaveAs(m_template));
     QVERIFY(!m_word.SaveAs(m_folder->path()));
-    QVERIFY(!m_word.SaveAs(m_out + QStringLiteral("/../قرارداد ۱.docx")));
-    QCOMPARE(D::shown(m_template), QStringLiteral("x|"));
+    QVERIFY(!m_word.SaveAs(m_out + u"/../قرارداد ۱.docx"_s));
+    QCOMPARE(D::shown(m_template), u"x|"_s);
 }
 
 void TestKMSWordSaving::openedToWriteIsOverwritten()
 {
     QVERIFY(m_word.OpenDocument(m_template, 0));
-    QCOMPARE(m_word.SetFieldsValue({QStringLiteral("F")}, {QStringLiteral("w")}, 1), 1);
+    QCOMPARE(m_word.SetFieldsValue({u"F"_s}, {u"w"_s}, 1), 1);
     QVERIFY(m_word.SaveAs(m_template));
-    QCOMPARE(D::shown(m_template), QStringLiteral("w|"));
+    QCOMPARE(D::shown(m_template), u"w|"_s);
 }
 
 void TestKMSWordSaving::missingFolder()
 {
-    QVERIFY(!m_word.SaveAs(m_out + QStringLiteral("/none/a.docx")));
+    QVERIFY(!m_word.SaveAs(m_out + u"/none/a.docx"_s));
     QVERIFY(!m_word.Failure().isEmpty());
     QVERIFY(files(m_out).isEmpty());
     QVERIFY(m_word.SaveAs(m_out)); // the document is still there for another place
@@ -116,7 +118,7 @@ void TestKMSWordSaving::missingFolder()
 // What no user may write, the superuser neither.
 void TestKMSWordSaving::folderThatCannotBeWritten()
 {
-    const QString path = QStringLiteral("/proc/a.docx");
+    const QString path = u"/proc/a.docx"_s;
     QVERIFY(!m_word.SaveAs(path));
     QVERIFY(!m_word.Failure().isEmpty());
     QVERIFY(!QFile::exists(path));
@@ -125,20 +127,20 @@ void TestKMSWordSaving::folderThatCannotBeWritten()
 
 void TestKMSWordSaving::fileInPlaceOfAFolder()
 {
-    QVERIFY(m_word.SaveAs(m_out + QStringLiteral("/a.docx")));
-    QVERIFY(!m_word.SaveAs(m_out + QStringLiteral("/a.docx/b.docx")));
-    QCOMPARE(files(m_out), QStringList{QStringLiteral("a.docx")});
+    QVERIFY(m_word.SaveAs(m_out + u"/a.docx"_s));
+    QVERIFY(!m_word.SaveAs(m_out + u"/a.docx/b.docx"_s));
+    QCOMPARE(files(m_out), QStringList{u"a.docx"_s});
 }
 
 void TestKMSWordSaving::linkIsNotFollowed()
 {
-    const QString victim = m_folder->filePath(QStringLiteral("victim"));
+    const QString victim = m_folder->filePath(u"victim"_s);
     QFile file(victim);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("mine");
     file.close();
-    QVERIFY(QFile::link(victim, m_out + QStringLiteral("/a.docx")));
-    QVERIFY(!m_word.SaveAs(m_out + QStringLiteral("/a.docx")));
+    QVERIFY(QFile::link(victim, m_out + u"/a.docx"_s));
+    QVERIFY(!m_word.SaveAs(m_out + u"/a.docx"_s));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("mine"));
 }
@@ -161,9 +163,9 @@ void TestKMSWordSaving::otherPartsAreTheSame()
 
 void TestKMSWordSaving::savedTwice()
 {
-    QVERIFY(m_word.SaveAs(m_out + QStringLiteral("/a.docx")));
-    QVERIFY(m_word.SaveAs(m_out + QStringLiteral("/b.docx")));
-    QCOMPARE(D::part(m_out + QStringLiteral("/a.docx"), "word/document.xml"), D::part(m_out + QStringLiteral("/b.docx"), "word/document.xml"));
+    QVERIFY(m_word.SaveAs(m_out + u"/a.docx"_s));
+    QVERIFY(m_word.SaveAs(m_out + u"/b.docx"_s));
+    QCOMPARE(D::part(m_out + u"/a.docx"_s, "word/document.xml"), D::part(m_out + u"/b.docx"_s, "word/document.xml"));
 }
 
 static const RegisteredTest<TestKMSWordSaving, QCoreApplication> registered;

@@ -14,6 +14,8 @@
 #include <QSpinBox>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestFieldLabel : public QObject
 {
     Q_OBJECT
@@ -23,7 +25,7 @@ private Q_SLOTS:
     {
         QWidget page;
         auto *line = new QLineEdit(&page);
-        const QString caption = QStringLiteral("نام :");
+        const QString caption = u"نام :"_s;
         const QLabel *label = labelFor(caption, line);
         QCOMPARE(label->text(), caption);
         QCOMPARE(label->buddy(), line);
@@ -35,7 +37,7 @@ private Q_SLOTS:
     {
         QWidget page;
         auto *line = new QLineEdit(&page);
-        const QString caption = QStringLiteral("VIN :");
+        const QString caption = u"VIN :"_s;
         QCOMPARE(labelFor(caption, line)->text(), QChar(0x200F) + caption);
         QCOMPARE(line->accessibleName(), caption);
     }
@@ -43,13 +45,13 @@ private Q_SLOTS:
     void nameOfTheControlGoesBeforeItsCaption()
     {
         QWidget page;
-        const QString caption = QStringLiteral("تا :");
+        const QString caption = u"تا :"_s;
         auto *named = new QLineEdit(&page);
-        named->setAccessibleName(QStringLiteral("تاريخ تا :"));
+        named->setAccessibleName(u"تاريخ تا :"_s);
         QCOMPARE(labelFor(caption, named)->text(), caption);
-        QCOMPARE(named->accessibleName(), QStringLiteral("تاريخ تا :"));
-        QCOMPARE(labelFor(caption, named, QStringLiteral("مبلغ تا :"))->text(), caption);
-        QCOMPARE(named->accessibleName(), QStringLiteral("مبلغ تا :"));
+        QCOMPARE(named->accessibleName(), u"تاريخ تا :"_s);
+        QCOMPARE(labelFor(caption, named, u"مبلغ تا :"_s)->text(), caption);
+        QCOMPARE(named->accessibleName(), u"مبلغ تا :"_s);
     }
 
     void entryLineThatTakesTheFocusHasTheNameToo()
@@ -59,7 +61,7 @@ private Q_SLOTS:
         auto *editable = new QComboBox(&page);
         editable->setEditable(true);
         auto *number = new QSpinBox(&page);
-        const QString caption = QStringLiteral("اندازه :");
+        const QString caption = u"اندازه :"_s;
         for (QWidget *control : {static_cast<QWidget *>(plain), static_cast<QWidget *>(editable), static_cast<QWidget *>(number)}) {
             nameControl(control, caption);
             QCOMPARE(control->accessibleName(), caption);
@@ -80,7 +82,7 @@ private Q_SLOTS:
         auto *inForm = new QLineEdit;
         auto *inRow = new QLineEdit;
         auto *inGrid = new QLineEdit;
-        const QString caption = QStringLiteral("شرح :");
+        const QString caption = u"شرح :"_s;
         QLabel *formLabel = addLabelled(form, caption, inForm);
         QCOMPARE(form->labelForField(inForm), formLabel);
         QLabel *rowLabel = addLabelled(row, caption, inRow, 1);

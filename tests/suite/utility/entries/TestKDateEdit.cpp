@@ -13,6 +13,8 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QDate someDay(2026, 11, 20); // 1405/08/29, a Friday
@@ -90,9 +92,9 @@ void TestKDateEdit::typedForms_data()
 {
     QTest::addColumn<QString>("keys");
     for (const QString &keys :
-         {QStringLiteral("1405/08/29"), QStringLiteral("1405/8/29"), QStringLiteral("14050829"),
-          QStringLiteral("1405-08-29"),
-          QStringLiteral("1405.8.29"), QStringLiteral("۱۴۰۵/۰۸/۲۹"), QStringLiteral("١٤٠٥٠٨٢٩")})
+         {u"1405/08/29"_s, u"1405/8/29"_s, u"14050829"_s,
+          u"1405-08-29"_s,
+          u"1405.8.29"_s, u"۱۴۰۵/۰۸/۲۹"_s, u"١٤٠٥٠٨٢٩"_s})
         QTest::newRow(qPrintable(keys)) << keys;
 }
 
@@ -107,23 +109,23 @@ void TestKDateEdit::typedForms()
     QVERIFY(edit.isEntryValid());
     QCOMPARE(edited.last().first().toDateTime(), midnight(someDay));
     QTest::keyClick(&edit, Qt::Key_Return);
-    QCOMPARE(edit.text(), QStringLiteral("1405/08/29"));
+    QCOMPARE(edit.text(), u"1405/08/29"_s);
 }
 
 void TestKDateEdit::halfTypedIsNoDate()
 {
     KDateEdit edit;
-    typeText(edit, QStringLiteral("1405/08/"));
+    typeText(edit, u"1405/08/"_s);
     QVERIFY(!edit.dateTime().isValid());
     QVERIFY(!edit.isEntryValid());
     QVERIFY(!edit.entryError().isEmpty());
     QCOMPARE(edit.accessibleDescription(), edit.entryError());
-    typeText(edit, QStringLiteral("29"));
+    typeText(edit, u"29"_s);
     QVERIFY(edit.isEntryValid());
     QCOMPARE(edit.accessibleDescription(), QString());
-    edit.setText(QStringLiteral("1404/12/30"));
+    edit.setText(u"1404/12/30"_s);
     QVERIFY(!edit.isEntryValid());
-    QCOMPARE(edit.text(), QStringLiteral("1404/12/30"));
+    QCOMPARE(edit.text(), u"1404/12/30"_s);
 }
 
 void TestKDateEdit::anErrorIsToldWhenTheTypingEnds()
@@ -135,18 +137,18 @@ void TestKDateEdit::anErrorIsToldWhenTheTypingEnds()
     form.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&form));
     edit.setFocus();
-    typeText(edit, QStringLiteral("1405/13"));
+    typeText(edit, u"1405/13"_s);
     QVERIFY(!edit.isEntryValid());
     QCOMPARE(edit.accessibleDescription(), QString());
     other.setFocus();
-    QCOMPARE(edit.text(), QStringLiteral("1405/13"));
+    QCOMPARE(edit.text(), u"1405/13"_s);
     QCOMPARE(edit.accessibleDescription(), edit.entryError());
     edit.setFocus();
     edit.selectAll();
-    typeText(edit, QStringLiteral("14050829"));
+    typeText(edit, u"14050829"_s);
     QCOMPARE(edit.accessibleDescription(), QString());
     QTest::keyClick(&edit, Qt::Key_Return);
-    QCOMPARE(edit.text(), QStringLiteral("1405/08/29"));
+    QCOMPARE(edit.text(), u"1405/08/29"_s);
     QVERIFY(edit.isEntryValid());
 }
 
@@ -155,7 +157,7 @@ void TestKDateEdit::lettersAreRefused()
     KDateEdit edit;
     edit.setDate(someDay);
     edit.selectAll();
-    typeText(edit, QStringLiteral("aش "));
+    typeText(edit, u"aش "_s);
     QCOMPARE(edit.date(), someDay);
 }
 
@@ -177,7 +179,7 @@ void TestKDateEdit::setDateTimeKeepsTheTimeUntilEdited()
     const QDateTime afternoon(someDay, QTime(14, 30), Qt::UTC);
     KDateEdit edit;
     edit.setDateTime(afternoon);
-    QCOMPARE(edit.text(), QStringLiteral("1405/08/29"));
+    QCOMPARE(edit.text(), u"1405/08/29"_s);
     QCOMPARE(edit.dateTime(), afternoon);
     QTest::keyClick(&edit, Qt::Key_Return);
     QCOMPARE(edit.dateTime(), afternoon);
@@ -253,7 +255,7 @@ void TestKDateEdit::keysStopAtTheCalendarsEnds()
     edit.setDate(parseShamsi(u"1498/12/30"));
     QTest::keyClick(&edit, Qt::Key_Up);
     QTest::keyClick(&edit, Qt::Key_PageUp);
-    QCOMPARE(edit.text(), QStringLiteral("1498/12/30"));
+    QCOMPARE(edit.text(), u"1498/12/30"_s);
 }
 
 void TestKDateEdit::keysOnAnEmptyLineGiveToday()
@@ -296,7 +298,7 @@ void TestKDateEdit::enteringADateChecks()
     edit.setCheckable(true);
     bool checkedWhenTold = false;
     connect(&edit, &KDateEdit::dateEdited, this, [&] { checkedWhenTold = edit.isChecked(); });
-    typeText(edit, QStringLiteral("14050829"));
+    typeText(edit, u"14050829"_s);
     QVERIFY(edit.isChecked());
     QVERIFY(checkedWhenTold);
     QCOMPARE(edit.date(), someDay);
@@ -317,10 +319,10 @@ void TestKDateEdit::uncheckingKeepsTheDate()
 {
     KDateEdit edit;
     edit.setCheckable(true);
-    typeText(edit, QStringLiteral("14050829"));
+    typeText(edit, u"14050829"_s);
     edit.setChecked(false);
     QCOMPARE(edit.date(), someDay);
-    QCOMPARE(edit.text(), QStringLiteral("14050829"));
+    QCOMPARE(edit.text(), u"14050829"_s);
     QVERIFY(!edit.isChecked());
 }
 
@@ -328,7 +330,7 @@ void TestKDateEdit::aRefusedDateThatDoesNotCountIsNoError()
 {
     KDateEdit edit;
     edit.setCheckable(true);
-    typeText(edit, QStringLiteral("1405/13"));
+    typeText(edit, u"1405/13"_s);
     QVERIFY(!edit.isEntryValid());
     edit.setChecked(false);
     QVERIFY(edit.isEntryValid());
@@ -349,24 +351,24 @@ void TestKDateEdit::spaceTogglesTheBox()
 void TestKDateEdit::screenReaderEntersADate()
 {
     KDateEdit edit;
-    edit.setAccessibleName(QStringLiteral("تاريخ عقد :"));
+    edit.setAccessibleName(u"تاريخ عقد :"_s);
     QSignalSpy edited(&edit, &KDateEdit::dateEdited);
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&edit);
     QVERIFY(reader);
     QCOMPARE(reader->role(), QAccessible::EditableText);
-    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("تاريخ عقد :"));
-    reader->setText(QAccessible::Value, QStringLiteral("۱۴۰۵۰۸۲۹"));
+    QCOMPARE(reader->text(QAccessible::Name), u"تاريخ عقد :"_s);
+    reader->setText(QAccessible::Value, u"۱۴۰۵۰۸۲۹"_s);
     QCOMPARE(edited.size(), 1);
     QCOMPARE(edit.date(), someDay);
-    QCOMPARE(reader->text(QAccessible::Value), QStringLiteral("1405/08/29"));
-    reader->editableTextInterface()->replaceText(0, 10, QStringLiteral("1405/09/01"));
+    QCOMPARE(reader->text(QAccessible::Value), u"1405/08/29"_s);
+    reader->editableTextInterface()->replaceText(0, 10, u"1405/09/01"_s);
     QCOMPARE(edit.date(), someDay.addDays(2));
 }
 
 void TestKDateEdit::screenReaderFindsTheBox()
 {
     KDateEdit edit;
-    edit.setAccessibleName(QStringLiteral("تاريخ عقد از :"));
+    edit.setAccessibleName(u"تاريخ عقد از :"_s);
     edit.setCheckable(true);
     edit.show();
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&edit);
@@ -376,7 +378,7 @@ void TestKDateEdit::screenReaderFindsTheBox()
             box = reader->child(i);
     }
     QVERIFY(box);
-    QCOMPARE(box->text(QAccessible::Name), QStringLiteral("تاريخ عقد از :"));
+    QCOMPARE(box->text(QAccessible::Name), u"تاريخ عقد از :"_s);
     box->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     QVERIFY(edit.isChecked());
 }
@@ -389,16 +391,16 @@ void TestKDateEdit::popupByKeyboard()
     QTest::keyClick(&edit, Qt::Key_F4);
     QWidget *popup = openPopup();
     QVERIFY(popup);
-    QCOMPARE(popup->accessibleName(), QStringLiteral("جمعه 29 آبان 1405"));
+    QCOMPARE(popup->accessibleName(), u"جمعه 29 آبان 1405"_s);
     QTest::keyClick(popup, Qt::Key_Right); // towards the past
     QTest::keyClick(popup, Qt::Key_Up);
     QTest::keyClick(popup, Qt::Key_Return);
     QVERIFY(!openPopup());
-    QCOMPARE(edit.text(), QStringLiteral("1405/08/21"));
+    QCOMPARE(edit.text(), u"1405/08/21"_s);
     QTest::keyClick(&edit, Qt::Key_Down, Qt::AltModifier);
     QVERIFY(openPopup());
     QTest::keyClick(openPopup(), Qt::Key_Escape);
-    QCOMPARE(edit.text(), QStringLiteral("1405/08/21"));
+    QCOMPARE(edit.text(), u"1405/08/21"_s);
 }
 
 void TestKDateEdit::popupOpensOnTodayWithoutADate()
@@ -422,16 +424,16 @@ void TestKDateEdit::popupByMouse()
     edit.showPopup();
     QWidget *popup = openPopup();
     QVERIFY(popup);
-    QAbstractButton *first = buttonNamed(popup, QStringLiteral("جمعه 1 آبان 1405"));
-    QAbstractButton *last = buttonNamed(popup, QStringLiteral("شنبه 30 آبان 1405"));
+    QAbstractButton *first = buttonNamed(popup, u"جمعه 1 آبان 1405"_s);
+    QAbstractButton *last = buttonNamed(popup, u"شنبه 30 آبان 1405"_s);
     QVERIFY(first && last);
-    QVERIFY(!buttonNamed(popup, QStringLiteral("یکشنبه 1 آذر 1405")));
+    QVERIFY(!buttonNamed(popup, u"یکشنبه 1 آذر 1405"_s));
     // Saturday stands rightmost, Friday leftmost.
     QVERIFY(last->x() > first->x());
     QVERIFY(last->y() > first->y());
     QTest::mouseClick(first, Qt::LeftButton);
     QVERIFY(!openPopup());
-    QCOMPARE(edit.text(), QStringLiteral("1405/08/01"));
+    QCOMPARE(edit.text(), u"1405/08/01"_s);
     QCOMPARE(edited.size(), 1);
 }
 
@@ -442,14 +444,14 @@ void TestKDateEdit::popupSteps_data()
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
     QTest::addColumn<QString>("shown");
     using M = Qt::KeyboardModifiers;
-    QTest::newRow("month before") << QStringLiteral("ماه قبل") << Qt::Key_PageUp << M()
-                                  << QStringLiteral("چهارشنبه 29 مهر 1405");
-    QTest::newRow("next month") << QStringLiteral("ماه بعد") << Qt::Key_PageDown << M()
-                                << QStringLiteral("یکشنبه 29 آذر 1405");
-    QTest::newRow("year before") << QStringLiteral("سال قبل") << Qt::Key_PageUp << M(Qt::ShiftModifier)
-                                 << QStringLiteral("پنجشنبه 29 آبان 1404");
-    QTest::newRow("next year") << QStringLiteral("سال بعد") << Qt::Key_PageDown << M(Qt::ShiftModifier)
-                               << QStringLiteral("شنبه 29 آبان 1406");
+    QTest::newRow("month before") << u"ماه قبل"_s << Qt::Key_PageUp << M()
+                                  << u"چهارشنبه 29 مهر 1405"_s;
+    QTest::newRow("next month") << u"ماه بعد"_s << Qt::Key_PageDown << M()
+                                << u"یکشنبه 29 آذر 1405"_s;
+    QTest::newRow("year before") << u"سال قبل"_s << Qt::Key_PageUp << M(Qt::ShiftModifier)
+                                 << u"پنجشنبه 29 آبان 1404"_s;
+    QTest::newRow("next year") << u"سال بعد"_s << Qt::Key_PageDown << M(Qt::ShiftModifier)
+                               << u"شنبه 29 آبان 1406"_s;
 }
 
 void TestKDateEdit::popupSteps()
@@ -479,11 +481,11 @@ void TestKDateEdit::popupTodayAndClear()
     edit.setDate(someDay.addYears(-1));
     edit.show();
     edit.showPopup();
-    buttonNamed(openPopup(), QStringLiteral("امروز"))->click();
+    buttonNamed(openPopup(), u"امروز"_s)->click();
     QCOMPARE(edit.date(), QDate::currentDate());
     QVERIFY(!openPopup());
     edit.showPopup();
-    buttonNamed(openPopup(), QStringLiteral("پاک کردن"))->click();
+    buttonNamed(openPopup(), u"پاک کردن"_s)->click();
     QVERIFY(!edit.dateTime().isValid());
     QVERIFY(!openPopup());
 }
@@ -496,7 +498,7 @@ void TestKDateEdit::popupLeft()
     edit.showPopup();
     for (Qt::Key key : {Qt::Key_End, Qt::Key_Down, Qt::Key_Home, Qt::Key_Left})
         QTest::keyClick(openPopup(), key);
-    QCOMPARE(openPopup()->accessibleName(), QStringLiteral("دوشنبه 2 آذر 1405"));
+    QCOMPARE(openPopup()->accessibleName(), u"دوشنبه 2 آذر 1405"_s);
     QTest::keyClick(openPopup(), Qt::Key_Escape);
     QVERIFY(!openPopup());
     QCOMPARE(edit.date(), someDay);
@@ -511,7 +513,7 @@ void TestKDateEdit::readOnly()
     edit.show();
     QTest::keyClick(&edit, Qt::Key_Up);
     QTest::keyClick(&edit, Qt::Key_F4);
-    typeText(edit, QStringLiteral("1 "));
+    typeText(edit, u"1 "_s);
     QVERIFY(!openPopup());
     QCOMPARE(edit.date(), someDay);
     QVERIFY(!edit.isChecked());

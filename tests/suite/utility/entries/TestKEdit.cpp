@@ -14,6 +14,8 @@
 #include "suite/utility/values/Money.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void typeText(QWidget &widget, const QString &text)
@@ -81,23 +83,23 @@ void TestKEdit::typed_data()
         QTest::newRow(name) << kind << keys << QString::fromLatin1(shown) << number;
     };
     using enum KEdit::Kind;
-    row("money is grouped", Money, QStringLiteral("1250000"), "1,250,000", 1250000);
-    row("Persian digits", Money, QStringLiteral("۱۲۵۰۰۰۰"), "1,250,000", 1250000);
-    row("Arabic digits", Money, QStringLiteral("١٢٥٠"), "1,250", 1250);
-    row("letters and blanks are refused", Money, QStringLiteral("1a2 ب3"), "123", 123);
-    row("typed separators are refused", Money, QStringLiteral("1,250"), "1,250", 1250);
-    row("leading zeros go", Money, QStringLiteral("007"), "7", 7);
-    row("a zero stays", Money, QStringLiteral("0"), "0", 0);
-    row("no decimals where the unit has none", Money, QStringLiteral("12.5"), "125", 125);
-    row("no sign where it cannot be negative", Money, QStringLiteral("-5"), "5", 5);
-    row("percent with decimals", Percent, QStringLiteral("4.5"), "4.5", 4.5);
-    row("percent with a slash", Percent, QStringLiteral("۴/۵"), "4.5", 4.5);
-    row("percent with the Persian point", Percent, QStringLiteral("4٫25"), "4.25", 4.25);
-    row("a second point is refused", Percent, QStringLiteral("4.5.1"), "4.51", 4.51);
-    row("a point first", Percent, QStringLiteral(".5"), "0.5", 0.5);
-    row("four decimals of a percent", Percent, QStringLiteral("1.23456"), "1.2345", 1.2345);
-    row("whole number is not grouped", Integer, QStringLiteral("10000"), "10000", 10000);
-    row("whole number without point", Integer, QStringLiteral("1.5"), "15", 15);
+    row("money is grouped", Money, u"1250000"_s, "1,250,000", 1250000);
+    row("Persian digits", Money, u"۱۲۵۰۰۰۰"_s, "1,250,000", 1250000);
+    row("Arabic digits", Money, u"١٢٥٠"_s, "1,250", 1250);
+    row("letters and blanks are refused", Money, u"1a2 ب3"_s, "123", 123);
+    row("typed separators are refused", Money, u"1,250"_s, "1,250", 1250);
+    row("leading zeros go", Money, u"007"_s, "7", 7);
+    row("a zero stays", Money, u"0"_s, "0", 0);
+    row("no decimals where the unit has none", Money, u"12.5"_s, "125", 125);
+    row("no sign where it cannot be negative", Money, u"-5"_s, "5", 5);
+    row("percent with decimals", Percent, u"4.5"_s, "4.5", 4.5);
+    row("percent with a slash", Percent, u"۴/۵"_s, "4.5", 4.5);
+    row("percent with the Persian point", Percent, u"4٫25"_s, "4.25", 4.25);
+    row("a second point is refused", Percent, u"4.5.1"_s, "4.51", 4.51);
+    row("a point first", Percent, u".5"_s, "0.5", 0.5);
+    row("four decimals of a percent", Percent, u"1.23456"_s, "1.2345", 1.2345);
+    row("whole number is not grouped", Integer, u"10000"_s, "10000", 10000);
+    row("whole number without point", Integer, u"1.5"_s, "15", 15);
 }
 
 void TestKEdit::typed()
@@ -126,16 +128,16 @@ void TestKEdit::pasted_data()
         QTest::newRow(name) << kind << text << number;
     };
     using enum KEdit::Kind;
-    row("grouped", Money, QStringLiteral("1,250,000"), 1250000);
-    row("grouped in Persian", Money, QStringLiteral("۱٬۲۵۰٬۰۰۰"), 1250000);
-    row("grouped by the Persian comma", Money, QStringLiteral("۱،۲۵۰،۰۰۰"), 1250000);
-    row("grouped by points", Money, QStringLiteral("1.250.000"), 1250000);
-    row("with the unit behind", Money, QStringLiteral("1,250,000 ریال"), 1250000);
-    row("with direction marks", Money, QStringLiteral("\u200E1,250\u200F"), 1250);
-    row("decimals are cut, not joined on", Money, QStringLiteral("1,234.50"), 1234);
-    row("only letters", Money, QStringLiteral("هیچ"), 0);
-    row("percent sign behind", Percent, QStringLiteral("9%"), 9);
-    row("whole number with decimals", Integer, QStringLiteral("12.7"), 12);
+    row("grouped", Money, u"1,250,000"_s, 1250000);
+    row("grouped in Persian", Money, u"۱٬۲۵۰٬۰۰۰"_s, 1250000);
+    row("grouped by the Persian comma", Money, u"۱،۲۵۰،۰۰۰"_s, 1250000);
+    row("grouped by points", Money, u"1.250.000"_s, 1250000);
+    row("with the unit behind", Money, u"1,250,000 ریال"_s, 1250000);
+    row("with direction marks", Money, u"\u200E1,250\u200F"_s, 1250);
+    row("decimals are cut, not joined on", Money, u"1,234.50"_s, 1234);
+    row("only letters", Money, u"هیچ"_s, 0);
+    row("percent sign behind", Percent, u"9%"_s, 9);
+    row("whole number with decimals", Integer, u"12.7"_s, 12);
 }
 
 void TestKEdit::pasted()
@@ -151,11 +153,11 @@ void TestKEdit::decimalsOfTheOffice()
 {
     setDefaultMoneyDecimals(2);
     KEdit edit(KEdit::Kind::Money);
-    typeText(edit, QStringLiteral("1234.567"));
-    QCOMPARE(edit.text(), QStringLiteral("1,234.56"));
+    typeText(edit, u"1234.567"_s);
+    QCOMPARE(edit.text(), u"1,234.56"_s);
     QCOMPARE(edit.number(), 1234.56);
     edit.setNumber(7);
-    QCOMPARE(edit.text(), QStringLiteral("7.00"));
+    QCOMPARE(edit.text(), u"7.00"_s);
 }
 
 void TestKEdit::caretStaysBehindItsDigit_data()
@@ -163,11 +165,11 @@ void TestKEdit::caretStaysBehindItsDigit_data()
     QTest::addColumn<QString>("before"); // | is the caret
     QTest::addColumn<QString>("keys");
     QTest::addColumn<QString>("after");
-    QTest::newRow("at the end") << QStringLiteral("123|") << QStringLiteral("4") << QStringLiteral("1,234|");
-    QTest::newRow("at the start") << QStringLiteral("|123") << QStringLiteral("9") << QStringLiteral("9|,123");
-    QTest::newRow("in the middle") << QStringLiteral("1,2|34") << QStringLiteral("5") << QStringLiteral("12,5|34");
-    QTest::newRow("two digits") << QStringLiteral("1,2|34") << QStringLiteral("56") << QStringLiteral("125,6|34");
-    QTest::newRow("behind a separator") << QStringLiteral("1,|234") << QStringLiteral("5") << QStringLiteral("15|,234");
+    QTest::newRow("at the end") << u"123|"_s << u"4"_s << u"1,234|"_s;
+    QTest::newRow("at the start") << u"|123"_s << u"9"_s << u"9|,123"_s;
+    QTest::newRow("in the middle") << u"1,2|34"_s << u"5"_s << u"12,5|34"_s;
+    QTest::newRow("two digits") << u"1,2|34"_s << u"56"_s << u"125,6|34"_s;
+    QTest::newRow("behind a separator") << u"1,|234"_s << u"5"_s << u"15|,234"_s;
 }
 
 void TestKEdit::caretStaysBehindItsDigit()
@@ -187,11 +189,11 @@ void TestKEdit::deletingPassesTheSeparator()
     edit.setNumber(1234567);
     edit.setCursorPosition(2); // 1,|234,567
     QTest::keyClick(&edit, Qt::Key_Backspace);
-    QCOMPARE(edit.text(), QStringLiteral("234,567"));
+    QCOMPARE(edit.text(), u"234,567"_s);
     QCOMPARE(edit.cursorPosition(), 0);
     edit.setCursorPosition(3); // 234|,567
     QTest::keyClick(&edit, Qt::Key_Delete);
-    QCOMPARE(edit.text(), QStringLiteral("23,467"));
+    QCOMPARE(edit.text(), u"23,467"_s);
     QCOMPARE(edit.number(), 23467.0);
 }
 
@@ -200,9 +202,9 @@ void TestKEdit::lettersDoNotReplaceASelectedAmount()
     KEdit edit(KEdit::Kind::Money);
     edit.setNumber(500);
     edit.selectAll();
-    typeText(edit, QStringLiteral("aش"));
+    typeText(edit, u"aش"_s);
     QCOMPARE(edit.number(), 500.0);
-    typeText(edit, QStringLiteral("7"));
+    typeText(edit, u"7"_s);
     QCOMPARE(edit.number(), 7.0);
 }
 
@@ -212,7 +214,7 @@ void TestKEdit::setNumberIsNoEdit()
     QSignalSpy edited(&edit, &KEdit::numberEdited);
     QSignalSpy changed(&edit, &KEdit::numberChanged);
     edit.setNumber(1500);
-    QCOMPARE(edit.text(), QStringLiteral("1,500"));
+    QCOMPARE(edit.text(), u"1,500"_s);
     QCOMPARE(edited.size(), 0);
     QCOMPARE(changed.size(), 1);
     edit.setNumber(1500);
@@ -223,7 +225,7 @@ void TestKEdit::aSetNumberComesBackExactly()
 {
     KEdit edit(KEdit::Kind::Money);
     edit.setNumber(1234.5678);
-    QCOMPARE(edit.text(), QStringLiteral("1,235"));
+    QCOMPARE(edit.text(), u"1,235"_s);
     QCOMPARE(edit.number(), 1234.5678);
     // Passing through the line without typing is no edit.
     edit.show();
@@ -239,14 +241,14 @@ void TestKEdit::notFiniteIsZero()
     edit.setNumber(qQNaN());
     QCOMPARE(edit.number(), 0.0);
     edit.setNumber(qInf());
-    QCOMPARE(edit.text(), QStringLiteral("0"));
+    QCOMPARE(edit.text(), u"0"_s);
 }
 
 void TestKEdit::setTextIsAnEdit()
 {
     KEdit edit(KEdit::Kind::Percent);
     QSignalSpy edited(&edit, &KEdit::numberEdited);
-    edit.setText(QStringLiteral("12"));
+    edit.setText(u"12"_s);
     QCOMPARE(edited.size(), 1);
     QCOMPARE(edited.first().first().toDouble(), 12.0);
 }
@@ -254,14 +256,14 @@ void TestKEdit::setTextIsAnEdit()
 void TestKEdit::screenReaderSetsText()
 {
     KEdit edit(KEdit::Kind::Money);
-    edit.setAccessibleName(QStringLiteral("مبلغ قرارداد :"));
+    edit.setAccessibleName(u"مبلغ قرارداد :"_s);
     QSignalSpy edited(&edit, &KEdit::numberEdited);
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&edit);
     QVERIFY(reader);
     QCOMPARE(reader->role(), QAccessible::EditableText);
-    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("مبلغ قرارداد :"));
-    reader->setText(QAccessible::Value, QStringLiteral("۸۵۰۰۰۰۰۰۰"));
-    QCOMPARE(reader->text(QAccessible::Value), QStringLiteral("850,000,000"));
+    QCOMPARE(reader->text(QAccessible::Name), u"مبلغ قرارداد :"_s);
+    reader->setText(QAccessible::Value, u"۸۵۰۰۰۰۰۰۰"_s);
+    QCOMPARE(reader->text(QAccessible::Value), u"850,000,000"_s);
     QCOMPARE(edited.size(), 1);
     QCOMPARE(edited.first().first().toDouble(), 850000000.0);
 }
@@ -273,8 +275,8 @@ void TestKEdit::screenReaderReplacesText()
     QSignalSpy edited(&edit, &KEdit::numberEdited);
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&edit);
     QVERIFY(reader && reader->editableTextInterface());
-    reader->editableTextInterface()->replaceText(0, 1, QStringLiteral("1200"));
-    QCOMPARE(edit.text(), QStringLiteral("1,200"));
+    reader->editableTextInterface()->replaceText(0, 1, u"1200"_s);
+    QCOMPARE(edit.text(), u"1,200"_s);
     QCOMPARE(edited.size(), 1);
 }
 
@@ -283,8 +285,8 @@ void TestKEdit::sameNumberIsNoChange()
     KEdit edit(KEdit::Kind::Percent);
     edit.setNumber(4);
     QSignalSpy edited(&edit, &KEdit::numberEdited);
-    typeText(edit, QStringLiteral(".0"));
-    QCOMPARE(edit.text(), QStringLiteral("4.0"));
+    typeText(edit, u".0"_s);
+    QCOMPARE(edit.text(), u"4.0"_s);
     QCOMPARE(edited.size(), 0);
 }
 
@@ -324,7 +326,7 @@ void TestKEdit::outOfRange()
     QFETCH(bool, valid);
     KEdit edit(kind);
     edit.setRange(minimum, maximum);
-    edit.setText(QStringLiteral("5"));
+    edit.setText(u"5"_s);
     edit.setText(text);
     QCOMPARE(edit.isEntryValid(), valid);
     QCOMPARE(edit.entryError().isEmpty(), valid);
@@ -334,10 +336,10 @@ void TestKEdit::outOfRange()
 void TestKEdit::rightAgainAfterOutOfRange()
 {
     KEdit edit(KEdit::Kind::Percent);
-    typeText(edit, QStringLiteral("150"));
+    typeText(edit, u"150"_s);
     QVERIFY(!edit.isEntryValid());
-    QCOMPARE(edit.text(), QStringLiteral("150"));
-    QVERIFY(edit.entryError().contains(QStringLiteral("100")));
+    QCOMPARE(edit.text(), u"150"_s);
+    QVERIFY(edit.entryError().contains(u"100"_s));
     QCOMPARE(edit.accessibleDescription(), edit.entryError());
     QTest::keyClick(&edit, Qt::Key_Backspace);
     QVERIFY(edit.isEntryValid());
@@ -347,14 +349,14 @@ void TestKEdit::rightAgainAfterOutOfRange()
 
 void TestKEdit::itsOwnDescriptionOutlivesAnError()
 {
-    const QString own = QStringLiteral("ردیف 2");
+    const QString own = u"ردیف 2"_s;
     KEdit edit(KEdit::Kind::Percent);
     edit.setAccessibleDescription(own);
-    edit.setText(QStringLiteral("150"));
+    edit.setText(u"150"_s);
     QCOMPARE(edit.accessibleDescription(), own + QLatin1Char(' ') + edit.entryError());
     edit.setRange(0, 90);
     QCOMPARE(edit.accessibleDescription(), own + QLatin1Char(' ') + edit.entryError());
-    edit.setText(QStringLiteral("15"));
+    edit.setText(u"15"_s);
     QCOMPARE(edit.accessibleDescription(), own);
 }
 
@@ -364,7 +366,7 @@ void TestKEdit::aSetNumberOutOfRangeIsMarked()
     edit.setNumber(-5);
     QVERIFY(!edit.isEntryValid());
     QCOMPARE(edit.number(), -5.0);
-    QCOMPARE(edit.text(), QStringLiteral("-5"));
+    QCOMPARE(edit.text(), u"-5"_s);
 }
 
 // A computed amount may miss its bound by the noise of its sums: 0.7 + 0.1 - 0.8 is no debt.
@@ -374,11 +376,11 @@ void TestKEdit::aSetNumberThatEqualsItsBoundIsInRange()
     edit.setNumber(0.7 + 0.1 - 0.8);
     QVERIFY(edit.number() < 0);
     QVERIFY(edit.isEntryValid());
-    QCOMPARE(edit.text(), QStringLiteral("0"));
+    QCOMPARE(edit.text(), u"0"_s);
     edit.setNumber(-0.001);
     QVERIFY(!edit.isEntryValid());
     KEdit percent(KEdit::Kind::Percent);
-    percent.setText(QStringLiteral("100.0001"));
+    percent.setText(u"100.0001"_s);
     QVERIFY(!percent.isEntryValid());
 }
 
@@ -386,10 +388,10 @@ void TestKEdit::finishedEntryIsShownAsANumber()
 {
     setDefaultMoneyDecimals(2);
     KEdit edit(KEdit::Kind::Money);
-    typeText(edit, QStringLiteral("1500."));
-    QCOMPARE(edit.text(), QStringLiteral("1,500."));
+    typeText(edit, u"1500."_s);
+    QCOMPARE(edit.text(), u"1,500."_s);
     QTest::keyClick(&edit, Qt::Key_Return);
-    QCOMPARE(edit.text(), QStringLiteral("1,500.00"));
+    QCOMPARE(edit.text(), u"1,500.00"_s);
     KEdit empty(KEdit::Kind::Money);
     QTest::keyClick(&empty, Qt::Key_Return);
     QCOMPARE(empty.text(), QString());
@@ -399,8 +401,8 @@ void TestKEdit::negativeOnlyWhereTheRangeAllows()
 {
     KEdit edit(KEdit::Kind::Money);
     edit.setRange(-1e9, 1e9);
-    typeText(edit, QStringLiteral("-12-34"));
-    QCOMPARE(edit.text(), QStringLiteral("-1,234"));
+    typeText(edit, u"-12-34"_s);
+    QCOMPARE(edit.text(), u"-1,234"_s);
     QCOMPARE(edit.number(), -1234.0);
 }
 
@@ -408,11 +410,11 @@ void TestKEdit::maxLength()
 {
     KEdit edit;
     edit.setMaxLength(5);
-    typeText(edit, QStringLiteral("توضیحات"));
-    QCOMPARE(edit.text(), QStringLiteral("توضیح"));
+    typeText(edit, u"توضیحات"_s);
+    QCOMPARE(edit.text(), u"توضیح"_s);
     edit.clear();
-    paste(edit, QStringLiteral("1234567"));
-    QCOMPARE(edit.text(), QStringLiteral("12345"));
+    paste(edit, u"1234567"_s);
+    QCOMPARE(edit.text(), u"12345"_s);
 }
 
 void TestKEdit::queryText_data()
@@ -444,19 +446,19 @@ void TestKEdit::queryText()
 void TestKEdit::typedTextKeepsAsciiDigits()
 {
     KEdit edit;
-    typeText(edit, QStringLiteral("پلاک ۱۲"));
-    QCOMPARE(edit.text(), QStringLiteral("پلاک 12"));
+    typeText(edit, u"پلاک ۱۲"_s);
+    QCOMPARE(edit.text(), u"پلاک 12"_s);
     edit.setCursorPosition(0);
-    typeText(edit, QStringLiteral("٣"));
-    QCOMPARE(edit.text(), QStringLiteral("3پلاک 12"));
+    typeText(edit, u"٣"_s);
+    QCOMPARE(edit.text(), u"3پلاک 12"_s);
     QCOMPARE(edit.cursorPosition(), 1);
 }
 
 void TestKEdit::setTextOfATextLineStaysAsGiven()
 {
     KEdit edit;
-    edit.setText(QStringLiteral("علي ۱۲ 1,5"));
-    QCOMPARE(edit.text(), QStringLiteral("علي ۱۲ 1,5"));
+    edit.setText(u"علي ۱۲ 1,5"_s);
+    QCOMPARE(edit.text(), u"علي ۱۲ 1,5"_s);
     QCOMPARE(edit.number(), 0.0);
 }
 
@@ -486,7 +488,7 @@ void TestKEdit::clickIntoANumberSelectsIt()
     QVERIFY(QTest::qWaitForWindowActive(&form));
     first.setFocus();
     QTest::mouseClick(&money, Qt::LeftButton, {}, QPoint(100, 15));
-    QCOMPARE(money.selectedText(), QStringLiteral("1,500"));
+    QCOMPARE(money.selectedText(), u"1,500"_s);
     QTest::mouseClick(&money, Qt::LeftButton, {}, QPoint(100, 15));
     QVERIFY(!money.hasSelectedText());
 }
@@ -498,7 +500,7 @@ void TestKEdit::nothingIsTypedIntoAReadOnlyLine()
     edit.setReadOnly(true);
     edit.setCursorPosition(2);
     QTest::keyClick(&edit, Qt::Key_Backspace);
-    typeText(edit, QStringLiteral("7"));
+    typeText(edit, u"7"_s);
     QCOMPARE(edit.number(), 1500.0);
 }
 
@@ -516,7 +518,7 @@ void TestKEdit::textStandsAtTheFormsSideWhateverItIs()
         edit.grab();
         return std::minmax({start, edit.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x()});
     };
-    const QStringList texts{QString(), QStringLiteral("09121234567"), QStringLiteral("abc"), QStringLiteral("علی")};
+    const QStringList texts{QString(), u"09121234567"_s, u"abc"_s, u"علی"_s};
     edit.setLayoutDirection(Qt::RightToLeft);
     for (const QString &text : texts)
         QVERIFY2(ends(text).second > 280, qPrintable(text));

@@ -9,6 +9,8 @@
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
+using namespace Qt::StringLiterals;
+
 // What the server makes of a database query field, asked of the server itself.
 class TestKEditQueryText : public QObject
 {
@@ -26,11 +28,11 @@ private:
 // Each text by its bytes, so that putting it there needs no escaping of any kind.
 void TestKEditQueryText::initTestCase()
 {
-    m_database.run(QStringLiteral("CREATE TABLE Texts (sText VARCHAR(100)) ENGINE = InnoDB CHARSET=utf8"));
+    m_database.run(u"CREATE TABLE Texts (sText VARCHAR(100)) ENGINE = InnoDB CHARSET=utf8"_s);
     for (const char *text : {"plain", "O'Neil", "100%", "100 percent", "a_b", "axb", R"(c:\d)", R"(c:\\d)", R"(\')", R"(\%)",
                              R"(\)", "پژو 206", R"("quoted")", "' OR 1=1 -- "}) {
         m_database.run(
-            QStringLiteral("INSERT INTO Texts VALUES (X'%1')").arg(QString::fromLatin1(QByteArray(text).toHex())));
+            u"INSERT INTO Texts VALUES (X'%1')"_s.arg(QString::fromLatin1(QByteArray(text).toHex())));
     }
 }
 
@@ -61,7 +63,7 @@ void TestKEditQueryText::findsExactlyWhatWasTyped()
     KEdit edit(KEdit::Kind::QueryText);
     edit.setText(typed);
     const QString pattern = QLatin1Char('%') + edit.queryText() + QLatin1Char('%');
-    QTEST(m_database.value(QStringLiteral("SELECT GROUP_CONCAT(sText) FROM Texts WHERE sText LIKE '") + pattern
+    QTEST(m_database.value(u"SELECT GROUP_CONCAT(sText) FROM Texts WHERE sText LIKE '"_s + pattern
                            + QLatin1Char('\'')),
           "found");
 }

@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A window with the area between two other fields.
@@ -53,8 +55,8 @@ void type(QWidget *field, const QString &text)
     }
 }
 
-const QStringList stored = {QStringLiteral("هزینه دفترخانه\nو ثبت سند"), QStringLiteral("هزینه تعویض پلاک"),
-                            QStringLiteral("کارت خودرو")};
+const QStringList stored = {u"هزینه دفترخانه\nو ثبت سند"_s, u"هزینه تعویض پلاک"_s,
+                            u"کارت خودرو"_s};
 
 }
 
@@ -91,11 +93,11 @@ private Q_SLOTS:
     {
         KTextArea area;
         area.setMaxLength(5);
-        area.setText(QStringLiteral("ab\ndef"));
-        QVERIFY(area.entryError().contains(QStringLiteral("5")));
-        QVERIFY(area.entryError().contains(QStringLiteral("6")));
+        area.setText(u"ab\ndef"_s);
+        QVERIFY(area.entryError().contains(u"5"_s));
+        QVERIFY(area.entryError().contains(u"6"_s));
         QCOMPARE(area.accessibleDescription(), area.entryError());
-        area.setText(QStringLiteral("ab\nde"));
+        area.setText(u"ab\nde"_s);
         QVERIFY(area.isEntryValid());
         QVERIFY(area.accessibleDescription().isEmpty());
         area.setMaxLength(2);
@@ -109,13 +111,13 @@ private Q_SLOTS:
         KTextArea area;
         area.resize(area.sizeHint());
         area.setMaxLength(1);
-        area.setText(QStringLiteral("a"));
+        area.setText(u"a"_s);
         const QImage good = area.grab().toImage();
         area.setMaxLength(0);
-        area.setText(QStringLiteral("a"));
+        area.setText(u"a"_s);
         QCOMPARE(area.grab().toImage(), good);
         area.setMaxLength(1);
-        area.setText(QStringLiteral("ab"));
+        area.setText(u"ab"_s);
         const QImage marked = area.grab().toImage();
         const QPoint edge(area.viewport()->x() + area.viewport()->width() / 2, area.viewport()->y() + 1);
         QVERIFY(marked.pixelColor(edge).red() > marked.pixelColor(edge).green() + 60);
@@ -127,15 +129,15 @@ private Q_SLOTS:
         SampleDialog dialog;
         dialog.showActive();
         QTest::keyClick(dialog.area, Qt::Key_Return);
-        QCOMPARE(dialog.area->text(), QStringLiteral("\n"));
+        QCOMPARE(dialog.area->text(), u"\n"_s);
         QTest::keyClick(dialog.area, Qt::Key_Tab);
         QCOMPARE(dialog.focusWidget(), dialog.behind);
-        QCOMPARE(dialog.area->text(), QStringLiteral("\n"));
+        QCOMPARE(dialog.area->text(), u"\n"_s);
         dialog.area->setFocus();
         QTest::keyClick(dialog.area, Qt::Key_Return, Qt::ControlModifier);
         QVERIFY(!dialog.isVisible());
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(dialog.area->text(), QStringLiteral("\n"));
+        QCOMPARE(dialog.area->text(), u"\n"_s);
     }
 
     void readOnlyLiesInTheWindowsColour()
@@ -151,8 +153,8 @@ private Q_SLOTS:
     void textBeginsWhereItsWindowBegins_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("Persian") << QStringLiteral("تعرفه");
-        QTest::newRow("Latin") << QStringLiteral("ELX");
+        QTest::newRow("Persian") << u"تعرفه"_s;
+        QTest::newRow("Latin") << u"ELX"_s;
     }
 
     // Read from the right, whatever letters the first line begins with.
@@ -175,12 +177,12 @@ private Q_SLOTS:
         SampleDialog dialog;
         dialog.area->setCompletions(stored);
         dialog.showActive();
-        type(dialog.area, QStringLiteral("هزینه"));
+        type(dialog.area, u"هزینه"_s);
         QAbstractItemView *offers = dialog.area->completer()->popup();
         QTRY_VERIFY(offers->isVisible());
         QCOMPARE(dialog.area->completer()->completionCount(), 2);
         // On one line each.
-        QCOMPARE(offers->model()->index(0, 0).data().toString(), QStringLiteral("هزینه دفترخانه و ثبت سند"));
+        QCOMPARE(offers->model()->index(0, 0).data().toString(), u"هزینه دفترخانه و ثبت سند"_s);
         QTest::keyClick(offers, Qt::Key_Down);
         QTest::keyClick(offers, Qt::Key_Return);
         QCOMPARE(dialog.area->text(), stored.at(0));
@@ -193,17 +195,17 @@ private Q_SLOTS:
         SampleDialog dialog;
         dialog.area->setCompletions(stored);
         dialog.showActive();
-        type(dialog.area, QStringLiteral("کارت"));
+        type(dialog.area, u"کارت"_s);
         QAbstractItemView *offers = dialog.area->completer()->popup();
         QTRY_VERIFY(offers->isVisible());
         QTest::keyClick(offers, Qt::Key_Escape);
         QVERIFY(!offers->isVisible());
         QVERIFY(dialog.isVisible());
-        QCOMPARE(dialog.area->text(), QStringLiteral("کارت"));
+        QCOMPARE(dialog.area->text(), u"کارت"_s);
         // What no stored text holds offers nothing.
-        type(dialog.area, QStringLiteral("خوان"));
+        type(dialog.area, u"خوان"_s);
         QVERIFY(!offers->isVisible());
-        QCOMPARE(dialog.area->text(), QStringLiteral("کارتخوان"));
+        QCOMPARE(dialog.area->text(), u"کارتخوان"_s);
     }
 
     void offersStandUnderTheFieldInBothDirections_data()
@@ -220,7 +222,7 @@ private Q_SLOTS:
         dialog.setLayoutDirection(direction);
         dialog.area->setCompletions(stored);
         dialog.showActive();
-        type(dialog.area, QStringLiteral("پلاک"));
+        type(dialog.area, u"پلاک"_s);
         const QWidget *offers = dialog.area->completer()->popup();
         QTRY_VERIFY(offers->isVisible());
         const QRect field(dialog.area->mapToGlobal(QPoint()), dialog.area->size());
@@ -236,7 +238,7 @@ private Q_SLOTS:
         dialog.area->setCompletions(stored);
         dialog.showActive();
         QInputMethodEvent event;
-        event.setCommitString(QStringLiteral("پلاک"));
+        event.setCommitString(u"پلاک"_s);
         QApplication::sendEvent(dialog.area, &event);
         QTRY_VERIFY(dialog.area->completer()->popup()->isVisible());
         QCOMPARE(dialog.area->completer()->currentCompletion(), stored.at(1));
@@ -247,7 +249,7 @@ private Q_SLOTS:
         SampleDialog dialog;
         dialog.area->setCompletions(stored);
         dialog.showActive();
-        dialog.area->setText(QStringLiteral("هزینه"));
+        dialog.area->setText(u"هزینه"_s);
         QVERIFY(!dialog.area->completer()->popup()->isVisible());
     }
 };

@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+using namespace Qt::StringLiterals;
+
 class TestKTimeEdit : public QObject
 {
     Q_OBJECT
@@ -50,7 +52,7 @@ void TestKTimeEdit::shownInAsciiDigits()
 {
     KTimeEdit edit;
     edit.setTime(QTime(9, 5));
-    QCOMPARE(edit.text(), QStringLiteral("09:05"));
+    QCOMPARE(edit.text(), u"09:05"_s);
 }
 
 void TestKTimeEdit::arrowsStepThePartUnderTheCaret()

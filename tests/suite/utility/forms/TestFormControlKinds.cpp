@@ -16,20 +16,22 @@
 #include <QLabel>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
 
-const QString name = QStringLiteral("sName");
-const QString note = QStringLiteral("sNote");
-const QString date = QStringLiteral("date");
-const QString amount = QStringLiteral("dAmount");
-const QString flag = QStringLiteral("bFlag");
-const QString number = QStringLiteral("iUserID");
+const QString name = u"sName"_s;
+const QString note = u"sNote"_s;
+const QString date = u"date"_s;
+const QString amount = u"dAmount"_s;
+const QString flag = u"bFlag"_s;
+const QString number = u"iUserID"_s;
 
 KFormField field(const QString &column, Kind kind)
 {
-    return {column, QStringLiteral("عنوان :"), kind};
+    return {column, u"عنوان :"_s, kind};
 }
 
 KFormField code()
@@ -42,7 +44,7 @@ KFormField code()
 KFormField choice(const QString &column, Kind kind)
 {
     KFormField made = field(column, kind);
-    made.choices = {QStringLiteral("یک"), QStringLiteral("دو"), QStringLiteral("سه")};
+    made.choices = {u"یک"_s, u"دو"_s, u"سه"_s};
     return made;
 }
 
@@ -72,7 +74,7 @@ QString shownIn(const QWidget *control)
         return area->text();
     if (const auto *combo = qobject_cast<const QComboBox *>(control))
         return combo->currentText();
-    return qobject_cast<const QCheckBox *>(control)->isChecked() ? QStringLiteral("x") : QString();
+    return qobject_cast<const QCheckBox *>(control)->isChecked() ? u"x"_s : QString();
 }
 
 void enter(QWidget *control, const QString &text)
@@ -105,20 +107,20 @@ private Q_SLOTS:
         const auto row = [](const char *what, const KFormField &field, const QVariant &value, const QString &shown) {
             QTest::newRow(what) << field << value << shown;
         };
-        row("text", field(name, Kind::Text), QStringLiteral("سارا"), QStringLiteral("سارا"));
-        row("code", code(), QStringLiteral("12ب345-67"), QStringLiteral("12ب345-67"));
-        row("long text", field(note, Kind::LongText), QStringLiteral("یک\nدو"), QStringLiteral("یک\nدو"));
-        row("money", field(amount, Kind::Money), 1234567.0, QStringLiteral("1,234,567"));
-        row("percent", field(amount, Kind::Percent), 12.5, QStringLiteral("12.5"));
-        row("whole number", field(number, Kind::Integer), 1405, QStringLiteral("1405"));
-        row("whole number of a range", year(), 1405, QStringLiteral("1405"));
-        row("date", field(date, Kind::Date), QDateTime(QDate(2026, 3, 21), QTime(13, 5), Qt::UTC), QStringLiteral("1405/01/01"));
-        row("choice", choice(number, Kind::Choice), 2, QStringLiteral("سه"));
-        row("editable choice, of the choices", choice(note, Kind::EditableChoice), QStringLiteral("دو"), QStringLiteral("دو"));
-        row("editable choice, free text", choice(note, Kind::EditableChoice), QStringLiteral("صد"), QStringLiteral("صد"));
-        row("lookup", lookup(), 20, QStringLiteral("دو"));
-        row("lookup of a deleted value", lookup(), 99, QStringLiteral("حذف شده"));
-        row("flag", field(flag, Kind::Flag), 1, QStringLiteral("x"));
+        row("text", field(name, Kind::Text), u"سارا"_s, u"سارا"_s);
+        row("code", code(), u"12ب345-67"_s, u"12ب345-67"_s);
+        row("long text", field(note, Kind::LongText), u"یک\nدو"_s, u"یک\nدو"_s);
+        row("money", field(amount, Kind::Money), 1234567.0, u"1,234,567"_s);
+        row("percent", field(amount, Kind::Percent), 12.5, u"12.5"_s);
+        row("whole number", field(number, Kind::Integer), 1405, u"1405"_s);
+        row("whole number of a range", year(), 1405, u"1405"_s);
+        row("date", field(date, Kind::Date), QDateTime(QDate(2026, 3, 21), QTime(13, 5), Qt::UTC), u"1405/01/01"_s);
+        row("choice", choice(number, Kind::Choice), 2, u"سه"_s);
+        row("editable choice, of the choices", choice(note, Kind::EditableChoice), u"دو"_s, u"دو"_s);
+        row("editable choice, free text", choice(note, Kind::EditableChoice), u"صد"_s, u"صد"_s);
+        row("lookup", lookup(), 20, u"دو"_s);
+        row("lookup of a deleted value", lookup(), 99, u"حذف شده"_s);
+        row("flag", field(flag, Kind::Flag), 1, u"x"_s);
     }
 
     void valueIsShownAndStoredBack()
@@ -140,15 +142,15 @@ private Q_SLOTS:
     {
         QTest::addColumn<KFormField>("field");
         QTest::addColumn<QVariant>("before");
-        QTest::newRow("text") << field(name, Kind::Text) << QVariant(QStringLiteral("x"));
-        QTest::newRow("code") << code() << QVariant(QStringLiteral("x"));
-        QTest::newRow("long text") << field(note, Kind::LongText) << QVariant(QStringLiteral("x"));
+        QTest::newRow("text") << field(name, Kind::Text) << QVariant(u"x"_s);
+        QTest::newRow("code") << code() << QVariant(u"x"_s);
+        QTest::newRow("long text") << field(note, Kind::LongText) << QVariant(u"x"_s);
         QTest::newRow("money") << field(amount, Kind::Money) << QVariant(7.0);
         QTest::newRow("percent") << field(amount, Kind::Percent) << QVariant(7.0);
         QTest::newRow("whole number") << field(number, Kind::Integer) << QVariant(7);
         QTest::newRow("date") << field(date, Kind::Date) << QVariant(QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC));
         QTest::newRow("choice of none") << field(number, Kind::Choice) << QVariant(7);
-        QTest::newRow("editable choice of none") << field(note, Kind::EditableChoice) << QVariant(QStringLiteral("x"));
+        QTest::newRow("editable choice of none") << field(note, Kind::EditableChoice) << QVariant(u"x"_s);
         QTest::newRow("lookup of none") << field(number, Kind::Lookup) << QVariant(7);
         QTest::newRow("flag") << field(flag, Kind::Flag) << QVariant(1);
     }
@@ -243,11 +245,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("wrong");
         QTest::addColumn<QString>("right");
         QTest::newRow("long text over its column")
-            << field(name, Kind::LongText) << QStringLiteral("12345678901") << QStringLiteral("1234567890");
-        QTest::newRow("percent above 100") << field(amount, Kind::Percent) << QStringLiteral("100.5") << QStringLiteral("100");
-        QTest::newRow("whole number below its range") << year() << QStringLiteral("1299") << QStringLiteral("1300");
-        QTest::newRow("whole number above its range") << year() << QStringLiteral("1501") << QStringLiteral("1500");
-        QTest::newRow("day that is not") << field(date, Kind::Date) << QStringLiteral("1404/12/30") << QStringLiteral("1404/12/29");
+            << field(name, Kind::LongText) << u"12345678901"_s << u"1234567890"_s;
+        QTest::newRow("percent above 100") << field(amount, Kind::Percent) << u"100.5"_s << u"100"_s;
+        QTest::newRow("whole number below its range") << year() << u"1299"_s << u"1300"_s;
+        QTest::newRow("whole number above its range") << year() << u"1501"_s << u"1500"_s;
+        QTest::newRow("day that is not") << field(date, Kind::Date) << u"1404/12/30"_s << u"1404/12/29"_s;
     }
 
     void entryThatCannotBeStoredIsFound()
@@ -273,9 +275,9 @@ private Q_SLOTS:
         SampleRecord record;
         QWidget page;
         KForm form({field(name, Kind::Text), field(amount, Kind::Percent), field(date, Kind::Date)}, record, &page);
-        enter(form.control(date), QStringLiteral("1405/13/01"));
+        enter(form.control(date), u"1405/13/01"_s);
         QCOMPARE(form.firstInvalid()->widget, form.control(date));
-        enter(form.control(amount), QStringLiteral("101"));
+        enter(form.control(amount), u"101"_s);
         QCOMPARE(form.firstInvalid()->widget, form.control(amount));
         form.setUsed(amount, false);
         QCOMPARE(form.firstInvalid()->widget, form.control(date));

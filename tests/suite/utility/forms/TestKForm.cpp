@@ -23,26 +23,28 @@
 #include <QTest>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Kind = KFormField::Kind;
 
-const QString name = QStringLiteral("sName");
-const QString note = QStringLiteral("sNote");
-const QString date = QStringLiteral("date");
-const QString amount = QStringLiteral("dAmount");
-const QString flag = QStringLiteral("bFlag");
-const QString user = QStringLiteral("iUserID");
+const QString name = u"sName"_s;
+const QString note = u"sNote"_s;
+const QString date = u"date"_s;
+const QString amount = u"dAmount"_s;
+const QString flag = u"bFlag"_s;
+const QString user = u"iUserID"_s;
 
 QList<KFormField> fields()
 {
-    KFormField money{amount, QStringLiteral("مبلغ :"), Kind::Money};
+    KFormField money{amount, u"مبلغ :"_s, Kind::Money};
     money.inWords = true;
-    KFormField choice{user, QStringLiteral("نوع :"), Kind::Choice};
-    choice.choices = {QStringLiteral("یک"), QStringLiteral("دو"), QStringLiteral("سه")};
-    KFormField shorter{note, QStringLiteral("یادداشت :")};
+    KFormField choice{user, u"نوع :"_s, Kind::Choice};
+    choice.choices = {u"یک"_s, u"دو"_s, u"سه"_s};
+    KFormField shorter{note, u"یادداشت :"_s};
     shorter.maxLength = 50;
-    return {{name, QStringLiteral("نام :")}, shorter, {date, QStringLiteral("تاريخ :"), Kind::Date}, money, {flag, QStringLiteral("پرچم"), Kind::Flag}, choice};
+    return {{name, u"نام :"_s}, shorter, {date, u"تاريخ :"_s, Kind::Date}, money, {flag, u"پرچم"_s, Kind::Flag}, choice};
 }
 
 }
@@ -63,11 +65,11 @@ private Q_SLOTS:
         KForm form(fields(), record, &page);
         QCOMPARE(form.edit(name)->maxLength(), 10);
         QCOMPARE(form.edit(note)->maxLength(), 50);
-        QCOMPARE(form.label(name)->text(), QStringLiteral("نام :"));
+        QCOMPARE(form.label(name)->text(), u"نام :"_s);
         QCOMPARE(form.label(name)->buddy(), form.control(name));
-        QCOMPARE(form.control(amount)->accessibleName(), QStringLiteral("مبلغ :"));
+        QCOMPARE(form.control(amount)->accessibleName(), u"مبلغ :"_s);
         QCOMPARE(form.edit(amount)->kind(), KEdit::Kind::Money);
-        QCOMPARE(form.checkBox(flag)->text(), QStringLiteral("پرچم"));
+        QCOMPARE(form.checkBox(flag)->text(), u"پرچم"_s);
         QVERIFY(!form.label(flag));
         QCOMPARE(form.comboBox(user)->count(), 3);
     }
@@ -77,18 +79,18 @@ private Q_SLOTS:
         const auto widthWith = [](const QString &entry) {
             SampleRecord record;
             QWidget page;
-            KForm form({{user, QStringLiteral("کاربر :"), Kind::Lookup}}, record, &page);
+            KForm form({{user, u"کاربر :"_s, Kind::Lookup}}, record, &page);
             form.comboBox(user)->addItem(entry, 1);
             page.show();
             return form.comboBox(user)->sizeHint().width();
         };
-        QCOMPARE(widthWith(QString(250, u'س')), widthWith(QStringLiteral("سارا")));
+        QCOMPARE(widthWith(QString(250, u'س')), widthWith(u"سارا"_s));
     }
 
     void whatIsLoadedIsStoredBackUnchanged()
     {
         SampleRecord record;
-        record.m_sName = QStringLiteral("سارا");
+        record.m_sName = u"سارا"_s;
         record.m_date = QDateTime(QDate(2026, 3, 21), QTime(13, 5), Qt::UTC);
         record.m_dAmount = 1234.5678;
         record.m_bFlag = 1;
@@ -96,8 +98,8 @@ private Q_SLOTS:
         QWidget page;
         KForm form(fields(), record, &page);
         form.load(record);
-        QCOMPARE(form.dateEdit(date)->text(), QStringLiteral("1405/01/01"));
-        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("سه"));
+        QCOMPARE(form.dateEdit(date)->text(), u"1405/01/01"_s);
+        QCOMPARE(form.comboBox(user)->currentText(), u"سه"_s);
         SampleRecord other;
         form.store(other);
         QCOMPARE(other.m_sName, record.m_sName);
@@ -110,15 +112,15 @@ private Q_SLOTS:
     void textLongerThanItsLineShowsItsBeginning()
     {
         SampleRecord record;
-        record.m_sName = QStringLiteral("0123456789");
-        record.m_sNote = QStringLiteral("یادداشتی که از خط خود بلندتر است");
+        record.m_sName = u"0123456789"_s;
+        record.m_sNote = u"یادداشتی که از خط خود بلندتر است"_s;
         QWidget page;
-        KForm form({{name, QStringLiteral("نام :")}, {note, QStringLiteral("یادداشت :"), Kind::EditableChoice}}, record, &page);
+        KForm form({{name, u"نام :"_s}, {note, u"یادداشت :"_s, Kind::EditableChoice}}, record, &page);
         form.load(record);
         QCOMPARE(form.edit(name)->cursorPosition(), 0);
         QCOMPARE(form.comboBox(note)->lineEdit()->cursorPosition(), 0);
         // Also when the entries are exchanged under it.
-        form.setChoices(note, {QStringLiteral("یک")});
+        form.setChoices(note, {u"یک"_s});
         QCOMPARE(form.comboBox(note)->lineEdit()->cursorPosition(), 0);
     }
 
@@ -126,18 +128,18 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        KFormField paragraph{note, QStringLiteral("یادداشت :"), Kind::LongText};
-        KForm form({{name, QStringLiteral("نام :")}, paragraph}, record, &page);
-        const QStringList texts = {QStringLiteral("Alpha one"), QStringLiteral("beta two"), QStringLiteral("gamma one")};
+        KFormField paragraph{note, u"یادداشت :"_s, Kind::LongText};
+        KForm form({{name, u"نام :"_s}, paragraph}, record, &page);
+        const QStringList texts = {u"Alpha one"_s, u"beta two"_s, u"gamma one"_s};
         form.setCompletions(name, texts);
         form.setCompletions(note, texts);
         for (QCompleter *completer : {form.edit(name)->completer(), form.longText(note)->completer()}) {
-            completer->setCompletionPrefix(QStringLiteral("ONE"));
+            completer->setCompletionPrefix(u"ONE"_s);
             QCOMPARE(completer->completionCount(), 2);
             QCOMPARE(completer->currentCompletion(), texts.at(0));
         }
         // Filled anew, only the new texts are offered.
-        form.setCompletions(note, {QStringLiteral("other one")});
+        form.setCompletions(note, {u"other one"_s});
         QCOMPARE(form.longText(note)->completer()->completionCount(), 1);
     }
 
@@ -160,19 +162,19 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        KForm form({{user, QStringLiteral("رنگ :"), Kind::Lookup}}, record, &page);
-        form.comboBox(user)->addItem(QStringLiteral("-"), 0);
-        form.comboBox(user)->addItem(QStringLiteral("سفید"), 40);
-        form.comboBox(user)->addItem(QStringLiteral("سیاه"), 7);
+        KForm form({{user, u"رنگ :"_s, Kind::Lookup}}, record, &page);
+        form.comboBox(user)->addItem(u"-"_s, 0);
+        form.comboBox(user)->addItem(u"سفید"_s, 40);
+        form.comboBox(user)->addItem(u"سیاه"_s, 7);
         record.m_iUserID = 7;
         form.load(record);
-        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("سیاه"));
+        QCOMPARE(form.comboBox(user)->currentText(), u"سیاه"_s);
         QCOMPARE(form.key(user), 7);
         form.setKey(user, 40);
         form.store(record);
         QCOMPARE(record.m_iUserID, 40);
         form.setKey(user, 0);
-        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("-"));
+        QCOMPARE(form.comboBox(user)->currentText(), u"-"_s);
         form.comboBox(user)->setCurrentIndex(-1);
         form.store(record);
         QCOMPARE(record.m_iUserID, 0);
@@ -182,8 +184,8 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        KFormField fuel{user, QStringLiteral("سوخت :"), Kind::Lookup};
-        fuel.choices = {QStringLiteral("گاز"), QStringLiteral("گازوئیل")};
+        KFormField fuel{user, u"سوخت :"_s, Kind::Lookup};
+        fuel.choices = {u"گاز"_s, u"گازوئیل"_s};
         fuel.keys = {4, 3};
         KForm form({fuel}, record, &page);
         form.load(record);
@@ -193,23 +195,23 @@ private Q_SLOTS:
         QCOMPARE(record.m_iUserID, 3);
         record.m_iUserID = 4;
         form.load(record);
-        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("گاز"));
+        QCOMPARE(form.comboBox(user)->currentText(), u"گاز"_s);
     }
 
     void buttonStandsBehindItsControlAndGoesWithTheRightToEdit()
     {
         SampleRecord record;
         QWidget page;
-        KFormField text{note, QStringLiteral("امکانات :")};
+        KFormField text{note, u"امکانات :"_s};
         text.hasButton = true;
-        KForm form({{name, QStringLiteral("نام :")}, text}, record, &page);
+        KForm form({{name, u"نام :"_s}, text}, record, &page);
         auto *grid = new QGridLayout(&page);
         form.place(grid, 0, 0, name);
         form.place(grid, 1, 0, note);
         QVERIFY(!form.button(name));
         QPushButton *button = form.button(note);
-        QCOMPARE(button->text(), QStringLiteral("..."));
-        QCOMPARE(button->accessibleName(), QStringLiteral("امکانات : ..."));
+        QCOMPARE(button->text(), u"..."_s);
+        QCOMPARE(button->accessibleName(), u"امکانات : ..."_s);
         page.setLayoutDirection(Qt::RightToLeft);
         page.show();
         QVERIFY(button->isVisible());
@@ -229,7 +231,7 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        KFormField year{user, QStringLiteral("سال توليد :"), Kind::Integer};
+        KFormField year{user, u"سال توليد :"_s, Kind::Integer};
         year.maximum = 9999;
         year.hasArrows = true;
         KForm form({year}, record, &page);
@@ -266,10 +268,10 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        KFormField plate{name, QStringLiteral("شماره پلاک :")};
+        KFormField plate{name, u"شماره پلاک :"_s};
         plate.leftToRight = true;
         KForm form({plate}, record, &page);
-        record.m_sName = QStringLiteral("12ب345-67");
+        record.m_sName = u"12ب345-67"_s;
         form.load(record);
         QCOMPARE(form.edit(name)->layoutDirection(), Qt::LeftToRight);
         SampleRecord other;
@@ -277,20 +279,20 @@ private Q_SLOTS:
         QCOMPARE(other.m_sName, record.m_sName);
         // The column holds ten characters, whatever marks are shown.
         form.edit(name)->clear();
-        form.edit(name)->setText(QStringLiteral("12ب345-6789"));
+        form.edit(name)->setText(u"12ب345-6789"_s);
         form.store(other);
-        QCOMPARE(other.m_sName, QStringLiteral("12ب345-678"));
+        QCOMPARE(other.m_sName, u"12ب345-678"_s);
     }
 
     void lookupKeepsAKeyThatItDoesNotOffer()
     {
         SampleRecord record;
         QWidget page;
-        KForm form({{user, QStringLiteral("رنگ :"), Kind::Lookup}}, record, &page);
-        form.comboBox(user)->addItem(QStringLiteral("-"), 0);
+        KForm form({{user, u"رنگ :"_s, Kind::Lookup}}, record, &page);
+        form.comboBox(user)->addItem(u"-"_s, 0);
         record.m_iUserID = 99;
         form.load(record);
-        QCOMPARE(form.comboBox(user)->currentText(), QStringLiteral("حذف شده"));
+        QCOMPARE(form.comboBox(user)->currentText(), u"حذف شده"_s);
         SampleRecord other;
         form.store(other);
         QCOMPARE(other.m_iUserID, 99);
@@ -300,20 +302,20 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        KForm form({{name, QStringLiteral("توضيحات :"), Kind::LongText}}, record, &page);
-        record.m_sName = QStringLiteral("یک\nدو");
+        KForm form({{name, u"توضيحات :"_s, Kind::LongText}}, record, &page);
+        record.m_sName = u"یک\nدو"_s;
         form.load(record);
         QCOMPARE(form.longText(name)->toPlainText(), record.m_sName);
         SampleRecord other;
         form.store(other);
         QCOMPARE(other.m_sName, record.m_sName);
         QVERIFY(!form.firstInvalid());
-        form.longText(name)->setPlainText(QStringLiteral("12345678901"));
+        form.longText(name)->setPlainText(u"12345678901"_s);
         const auto problem = form.firstInvalid();
         QVERIFY(problem);
         QCOMPARE(problem->widget, form.control(name));
-        QVERIFY(problem->message.contains(QStringLiteral("11")));
-        form.longText(name)->setPlainText(QStringLiteral("1234567890"));
+        QVERIFY(problem->message.contains(u"11"_s));
+        form.longText(name)->setPlainText(u"1234567890"_s);
         QVERIFY(!form.firstInvalid());
         form.setShowMode(true);
         QVERIFY(form.longText(name)->isReadOnly());
@@ -369,7 +371,7 @@ private Q_SLOTS:
         QWidget page;
         KForm form(fields(), record, &page);
         QVERIFY(!form.firstInvalid());
-        form.dateEdit(date)->setText(QStringLiteral("1404/12/30"));
+        form.dateEdit(date)->setText(u"1404/12/30"_s);
         const auto problem = form.firstInvalid();
         QVERIFY(problem);
         QCOMPARE(problem->widget, form.control(date));
@@ -386,7 +388,7 @@ private Q_SLOTS:
         const auto *words = qobject_cast<QLabel *>(grid->itemAtPosition(1, 1)->widget());
         QVERIFY(words);
         form.edit(amount)->setNumber(21);
-        QCOMPARE(words->text(), QStringLiteral("بیست و یک"));
+        QCOMPARE(words->text(), u"بیست و یک"_s);
         form.edit(amount)->setNumber(0);
         QVERIFY(words->text().isEmpty());
     }
@@ -394,7 +396,7 @@ private Q_SLOTS:
     void fieldThatIsNotDisplayedKeepsItsValue()
     {
         SampleRecord record;
-        record.m_sNote = QStringLiteral("پنهان");
+        record.m_sNote = u"پنهان"_s;
         QList<KFormField> hidden = fields();
         hidden[1].displayed = false;
         QWidget page;
@@ -404,7 +406,7 @@ private Q_SLOTS:
         form.load(record);
         SampleRecord other;
         form.store(other);
-        QCOMPARE(other.m_sNote, QStringLiteral("پنهان"));
+        QCOMPARE(other.m_sNote, u"پنهان"_s);
     }
 
     void tabGoesThroughTheFieldsAsTheyAreLaidOut()

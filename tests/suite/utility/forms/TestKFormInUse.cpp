@@ -21,6 +21,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Record : public KMySQL
@@ -37,7 +39,7 @@ public:
         : KMySQL(0)
     {
     }
-    QString GetTableName() const override { return QStringLiteral("FormRows"); }
+    QString GetTableName() const override { return u"FormRows"_s; }
 
 protected:
     void DoFieldExchange() override
@@ -51,24 +53,24 @@ protected:
     }
 };
 
-const QString name = QStringLiteral("sName");
-const QString city = QStringLiteral("sCity");
-const QString amount = QStringLiteral("dAmount");
-const QString computed = QStringLiteral("dComputed");
-const QString date = QStringLiteral("date");
+const QString name = u"sName"_s;
+const QString city = u"sCity"_s;
+const QString amount = u"dAmount"_s;
+const QString computed = u"dComputed"_s;
+const QString date = u"date"_s;
 
 QList<KFormField> fields()
 {
     using Kind = KFormField::Kind;
-    KFormField nameField{name, QStringLiteral("نام :")};
-    nameField.accessibleName = QStringLiteral("نام : اول");
-    KFormField cityField{city, QStringLiteral("شهر :"), Kind::EditableChoice};
-    cityField.choices = {QStringLiteral("تهران"), QStringLiteral("قم")};
-    KFormField amountField{amount, QStringLiteral("مبلغ :"), Kind::Money};
+    KFormField nameField{name, u"نام :"_s};
+    nameField.accessibleName = u"نام : اول"_s;
+    KFormField cityField{city, u"شهر :"_s, Kind::EditableChoice};
+    cityField.choices = {u"تهران"_s, u"قم"_s};
+    KFormField amountField{amount, u"مبلغ :"_s, Kind::Money};
     amountField.inWords = true;
-    KFormField computedField{computed, QStringLiteral("جمع :"), Kind::Money};
+    KFormField computedField{computed, u"جمع :"_s, Kind::Money};
     computedField.displayed = false;
-    return {nameField, cityField, amountField, computedField, {date, QStringLiteral("VIN :"), Kind::Date}};
+    return {nameField, cityField, amountField, computedField, {date, u"VIN :"_s, Kind::Date}};
 }
 
 }
@@ -85,8 +87,8 @@ class TestKFormInUse : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_database.run(QStringLiteral("CREATE TABLE FormRows (iID INT AUTO_INCREMENT PRIMARY KEY, sName VARCHAR(10), "
-                                      "sCity VARCHAR(5), dAmount DOUBLE, dComputed DOUBLE, date DATETIME)"));
+        m_database.run(u"CREATE TABLE FormRows (iID INT AUTO_INCREMENT PRIMARY KEY, sName VARCHAR(10), "
+                       "sCity VARCHAR(5), dAmount DOUBLE, dComputed DOUBLE, date DATETIME)"_s);
     }
 
     void init()
@@ -97,8 +99,8 @@ private Q_SLOTS:
         int row = 0;
         for (const KFormField &field : m_form->fields())
             m_form->place(grid, 2 * row++, 0, field.column);
-        m_record.m_sName = QStringLiteral("سارا");
-        m_record.m_sCity = QStringLiteral("قم");
+        m_record.m_sName = u"سارا"_s;
+        m_record.m_sCity = u"قم"_s;
         m_record.m_dAmount = 1200;
         m_record.m_dComputed = 77;
         m_record.m_date = QDateTime(QDate(2026, 5, 1), QTime(14, 30), Qt::UTC);
@@ -123,7 +125,7 @@ private Q_SLOTS:
     {
         QWidget *words = nullptr;
         for (QLabel *label : m_page->findChildren<QLabel *>()) {
-            if (label->text() == QStringLiteral("یک هزار و دویست") || label->text() == QStringLiteral("هزار و دویست"))
+            if (label->text() == u"یک هزار و دویست"_s || label->text() == u"هزار و دویست"_s)
                 words = label;
         }
         QVERIFY(words);
@@ -141,11 +143,11 @@ private Q_SLOTS:
 
     void fieldThatIsNotUsedKeepsWhatTheRecordHolds()
     {
-        m_form->edit(name)->setText(QStringLiteral("رضا"));
+        m_form->edit(name)->setText(u"رضا"_s);
         m_form->edit(amount)->setNumber(5);
         m_form->setUsed(amount, false);
         m_form->store(m_record);
-        QCOMPARE(m_record.m_sName, QStringLiteral("رضا"));
+        QCOMPARE(m_record.m_sName, u"رضا"_s);
         QCOMPARE(m_record.m_dAmount, 1200.0);
         m_form->setUsed(amount, true);
         m_form->store(m_record);
@@ -164,7 +166,7 @@ private Q_SLOTS:
     void invalidEntryCountsOnlyWhereTheFieldIsUsed()
     {
         QVERIFY(!m_form->firstInvalid());
-        m_form->dateEdit(date)->setText(QStringLiteral("1405/13/01"));
+        m_form->dateEdit(date)->setText(u"1405/13/01"_s);
         QVERIFY(m_form->firstInvalid());
         QCOMPARE(m_form->firstInvalid()->widget, m_form->control(date));
         m_form->setUsed(date, false);
@@ -173,46 +175,46 @@ private Q_SLOTS:
 
     void anotherLabelIsShownAndReadOutUntilItIsTakenBack()
     {
-        m_form->setLabel(amount, QStringLiteral("بها :"));
-        QCOMPARE(m_form->label(amount)->text(), QStringLiteral("بها :"));
-        QCOMPARE(m_form->control(amount)->accessibleName(), QStringLiteral("بها :"));
+        m_form->setLabel(amount, u"بها :"_s);
+        QCOMPARE(m_form->label(amount)->text(), u"بها :"_s);
+        QCOMPARE(m_form->control(amount)->accessibleName(), u"بها :"_s);
         m_form->setLabel(amount, {});
-        QCOMPARE(m_form->label(amount)->text(), QStringLiteral("مبلغ :"));
-        QCOMPARE(m_form->control(amount)->accessibleName(), QStringLiteral("مبلغ :"));
-        m_form->setLabel(name, QStringLiteral("نامی دیگر :"));
+        QCOMPARE(m_form->label(amount)->text(), u"مبلغ :"_s);
+        QCOMPARE(m_form->control(amount)->accessibleName(), u"مبلغ :"_s);
+        m_form->setLabel(name, u"نامی دیگر :"_s);
         m_form->setLabel(name, {});
-        QCOMPARE(m_form->control(name)->accessibleName(), QStringLiteral("نام : اول"));
+        QCOMPARE(m_form->control(name)->accessibleName(), u"نام : اول"_s);
     }
 
     void latinLabelIsReadFromTheRightToo()
     {
-        QVERIFY(m_form->label(date)->text().endsWith(QStringLiteral("VIN :")));
+        QVERIFY(m_form->label(date)->text().endsWith(u"VIN :"_s));
         QVERIFY(m_form->label(date)->text().isRightToLeft());
-        QCOMPARE(m_form->control(date)->accessibleName(), QStringLiteral("VIN :"));
+        QCOMPARE(m_form->control(date)->accessibleName(), u"VIN :"_s);
     }
 
     void entryLineOfAnEditableChoiceBearsItsName()
     {
         const QLineEdit *line = m_form->comboBox(city)->lineEdit();
-        QCOMPARE(line->accessibleName(), QStringLiteral("شهر :"));
-        m_form->setLabel(city, QStringLiteral("شهرستان :"));
-        QCOMPARE(line->accessibleName(), QStringLiteral("شهرستان :"));
+        QCOMPARE(line->accessibleName(), u"شهر :"_s);
+        m_form->setLabel(city, u"شهرستان :"_s);
+        QCOMPARE(line->accessibleName(), u"شهرستان :"_s);
         m_form->setLabel(city, QString());
-        QCOMPARE(line->accessibleName(), QStringLiteral("شهر :"));
+        QCOMPARE(line->accessibleName(), u"شهر :"_s);
     }
 
     void choicesChangeAroundTheText()
     {
         QComboBox *combo = m_form->comboBox(city);
-        QCOMPARE(combo->currentText(), QStringLiteral("قم"));
+        QCOMPARE(combo->currentText(), u"قم"_s);
         QCOMPARE(combo->currentIndex(), 1);
         const QSignalSpy changes(combo, &QComboBox::currentTextChanged);
-        m_form->setChoices(city, {QStringLiteral("قم"), QStringLiteral("یزد"), QStringLiteral("ری")});
-        QCOMPARE(combo->currentText(), QStringLiteral("قم"));
+        m_form->setChoices(city, {u"قم"_s, u"یزد"_s, u"ری"_s});
+        QCOMPARE(combo->currentText(), u"قم"_s);
         QCOMPARE(combo->currentIndex(), 0);
         QCOMPARE(combo->count(), 3);
         m_form->setChoices(city, {});
-        QCOMPARE(combo->currentText(), QStringLiteral("قم"));
+        QCOMPARE(combo->currentText(), u"قم"_s);
         QCOMPARE(combo->count(), 0);
         QCOMPARE(changes.size(), 0);
     }
@@ -221,8 +223,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("focused");
         QTest::addColumn<QString>("text");
-        QTest::newRow("without the focus") << false << QStringLiteral("تهران");
-        QTest::newRow("with the focus") << true << QStringLiteral("قم");
+        QTest::newRow("without the focus") << false << u"تهران"_s;
+        QTest::newRow("with the focus") << true << u"قم"_s;
     }
 
     void wheelChoosesOnlyInTheDropDownThatHasTheFocus()
@@ -248,11 +250,11 @@ private Q_SLOTS:
         QComboBox *combo = m_form->comboBox(city);
         combo->lineEdit()->selectAll();
         // The beginning of an entry is not made into the entry.
-        for (const QChar character : QStringLiteral("تهر")) {
+        for (const QChar character : u"تهر"_s) {
             QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, character);
             QCoreApplication::sendEvent(combo->lineEdit(), &press);
         }
-        QCOMPARE(combo->currentText(), QStringLiteral("تهر"));
+        QCOMPARE(combo->currentText(), u"تهر"_s);
         combo->completer()->popup()->hide();
         QCOMPARE(combo->lineEdit()->maxLength(), 5);
         QCOMPARE(m_form->edit(name)->maxLength(), 10);

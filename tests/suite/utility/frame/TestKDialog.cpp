@@ -21,6 +21,8 @@
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class SampleDialog : public KDialog
@@ -113,7 +115,7 @@ private:
 
 void TestKDialog::initTestCase()
 {
-    setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+    setSettingsFile(m_folder.filePath(u"settings.ini"_s));
 }
 
 void TestKDialog::isRightToLeft()
@@ -126,8 +128,8 @@ void TestKDialog::isRightToLeft()
 void TestKDialog::buttonsCarryTheirCaptions()
 {
     SampleDialog dialog;
-    QCOMPARE(dialog.button(QDialogButtonBox::AcceptRole)->text(), QStringLiteral("تاييد"));
-    QCOMPARE(dialog.button(QDialogButtonBox::RejectRole)->text(), QStringLiteral("انصراف"));
+    QCOMPARE(dialog.button(QDialogButtonBox::AcceptRole)->text(), u"تاييد"_s);
+    QCOMPARE(dialog.button(QDialogButtonBox::RejectRole)->text(), u"انصراف"_s);
     QVERIFY(dialog.button(QDialogButtonBox::AcceptRole)->isDefault());
 }
 
@@ -216,7 +218,7 @@ void TestKDialog::enterInALongTextIsALine()
     showActive(dialog);
     text.setFocus();
     QTest::keyClick(&text, Qt::Key_Return);
-    QCOMPARE(text.toPlainText(), QStringLiteral("\n"));
+    QCOMPARE(text.toPlainText(), u"\n"_s);
     QCOMPARE(dialog.focusWidget(), &text);
 }
 
@@ -280,33 +282,33 @@ void TestKDialog::sizeIsRemembered()
     const QSize size(460, 420);
     {
         SampleDialog dialog;
-        dialog.SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
+        dialog.SetSettingName(u"AutomobilContracts\\Editor"_s);
         dialog.show();
         dialog.resize(size);
         dialog.reject();
     }
     SampleDialog again;
-    again.SetSettingName(QStringLiteral("AutomobilContracts\\Editor"));
+    again.SetSettingName(u"AutomobilContracts\\Editor"_s);
     again.show();
     QCOMPARE(again.size(), size);
 }
 
 void TestKDialog::sizeOfAnotherNameIsNotTaken()
 {
-    WriteSetting(QStringLiteral("One"), QStringLiteral("iWidth"), 611);
-    WriteSetting(QStringLiteral("One"), QStringLiteral("iHeight"), 433);
+    WriteSetting(u"One"_s, u"iWidth"_s, 611);
+    WriteSetting(u"One"_s, u"iHeight"_s, 433);
     SampleDialog dialog;
-    dialog.SetSettingName(QStringLiteral("Two"));
+    dialog.SetSettingName(u"Two"_s);
     dialog.show();
     QVERIFY(dialog.size() != QSize(611, 433));
 }
 
 void TestKDialog::storedSizeBeyondTheScreenIsCut()
 {
-    WriteSetting(QStringLiteral("Huge"), QStringLiteral("iWidth"), 99999);
-    WriteSetting(QStringLiteral("Huge"), QStringLiteral("iHeight"), 99999);
+    WriteSetting(u"Huge"_s, u"iWidth"_s, 99999);
+    WriteSetting(u"Huge"_s, u"iHeight"_s, 99999);
     SampleDialog dialog;
-    dialog.SetSettingName(QStringLiteral("Huge"));
+    dialog.SetSettingName(u"Huge"_s);
     dialog.show();
     QCOMPARE(dialog.width(), dialog.screen()->availableSize().width());
     QVERIFY(dialog.height() < dialog.screen()->availableSize().height());
@@ -327,7 +329,7 @@ void TestKDialog::nothingIsKeptWithoutAName()
     SampleDialog dialog;
     dialog.show();
     dialog.accept();
-    QCOMPARE(ReadSetting(QString(), QStringLiteral("iWidth"), -1), -1);
+    QCOMPARE(ReadSetting(QString(), u"iWidth"_s, -1), -1);
 }
 
 static const RegisteredTest<TestKDialog, QApplication> registered;

@@ -13,12 +13,14 @@
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class SamplePage : public KDialogTabPage
 {
 public:
-    SamplePage() { setTitle(QStringLiteral("قرارداد")); }
+    SamplePage() { setTitle(u"قرارداد"_s); }
     bool OnAccess() override
     {
         ++accessCount;
@@ -113,11 +115,11 @@ void TestKDialogHolder::titleFollowsThePage()
 {
     auto *page = new SamplePage;
     KDialogHolder holder(page);
-    QCOMPARE(holder.windowTitle(), QStringLiteral("قرارداد"));
+    QCOMPARE(holder.windowTitle(), u"قرارداد"_s);
     QSignalSpy changed(page, &KDialogTabPage::titleChanged);
-    page->setTitle(QStringLiteral("قرارداد ها"));
-    page->setTitle(QStringLiteral("قرارداد ها"));
-    QCOMPARE(holder.windowTitle(), QStringLiteral("قرارداد ها"));
+    page->setTitle(u"قرارداد ها"_s);
+    page->setTitle(u"قرارداد ها"_s);
+    QCOMPARE(holder.windowTitle(), u"قرارداد ها"_s);
     QCOMPARE(changed.size(), 1);
 }
 

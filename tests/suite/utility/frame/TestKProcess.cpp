@@ -12,6 +12,8 @@
 #include <QTest>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 // Stands in for the desktop: it alone decides what opens a file.
 class TestKProcess : public QObject
 {
@@ -22,7 +24,7 @@ public Q_SLOTS:
 
 private Q_SLOTS:
     void init();
-    void cleanup() { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    void cleanup() { QDesktopServices::unsetUrlHandler(u"file"_s); }
     void explorerOpensAFolder();
     void explorerOpensAFileWithAHardName();
     void aPathThatIsNotThere();
@@ -37,45 +39,45 @@ private:
 void TestKProcess::init()
 {
     m_opened.clear();
-    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+    QDesktopServices::setUrlHandler(u"file"_s, this, "open");
 }
 
 void TestKProcess::explorerOpensAFolder()
 {
-    QVERIFY(KProcess::Execute(QStringLiteral("Explorer"), m_folder.path()));
-    QVERIFY(KProcess::Execute(QStringLiteral("explorer"), m_folder.path() + QLatin1Char('/')));
+    QVERIFY(KProcess::Execute(u"Explorer"_s, m_folder.path()));
+    QVERIFY(KProcess::Execute(u"explorer"_s, m_folder.path() + QLatin1Char('/')));
     QCOMPARE(m_opened.size(), 2);
     QCOMPARE(QDir(m_opened.first().toLocalFile()), QDir(m_folder.path()));
 }
 
 void TestKProcess::explorerOpensAFileWithAHardName()
 {
-    const QString path = m_folder.filePath(QStringLiteral("قرارداد 12 #50%.docx"));
+    const QString path = m_folder.filePath(u"قرارداد 12 #50%.docx"_s);
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(KProcess::Execute(QStringLiteral("Explorer"), path));
+    QVERIFY(KProcess::Execute(u"Explorer"_s, path));
     QCOMPARE(m_opened.size(), 1);
     QCOMPARE(m_opened.first().toLocalFile(), path);
 }
 
 void TestKProcess::aPathThatIsNotThere()
 {
-    QVERIFY(!KProcess::Execute(QStringLiteral("Explorer"), m_folder.filePath(QStringLiteral("none"))));
-    QVERIFY(!KProcess::Execute(QStringLiteral("Explorer"), QString()));
+    QVERIFY(!KProcess::Execute(u"Explorer"_s, m_folder.filePath(u"none"_s)));
+    QVERIFY(!KProcess::Execute(u"Explorer"_s, QString()));
     QCOMPARE(m_opened.size(), 0);
 }
 
 void TestKProcess::anotherProgramIsStarted()
 {
-    const QString made = m_folder.filePath(QStringLiteral("made"));
-    QVERIFY(KProcess::Execute(QStringLiteral("mkdir"), made));
+    const QString made = m_folder.filePath(u"made"_s);
+    QVERIFY(KProcess::Execute(u"mkdir"_s, made));
     QTRY_VERIFY(QDir(made).exists());
     QCOMPARE(m_opened.size(), 0);
 }
 
 void TestKProcess::aProgramThatIsNotThere()
 {
-    QVERIFY(!KProcess::Execute(m_folder.filePath(QStringLiteral("no-such-program")), QStringLiteral("x")));
+    QVERIFY(!KProcess::Execute(m_folder.filePath(u"no-such-program"_s), u"x"_s));
 }
 
 static const RegisteredTest<TestKProcess, QApplication> registered;

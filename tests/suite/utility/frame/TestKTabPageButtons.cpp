@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 class TestKTabPageButtons : public QObject
 {
     Q_OBJECT
@@ -51,7 +53,7 @@ void TestKTabPageButtons::init()
     m_tabs->setLayoutDirection(Qt::RightToLeft);
     m_fields.clear();
     for (const QString &title :
-         {QStringLiteral("اطلاعات پایه"), QStringLiteral("مورد معامله"), QStringLiteral("پیوست")}) {
+         {u"اطلاعات پایه"_s, u"مورد معامله"_s, u"پیوست"_s}) {
         auto *page = new QWidget;
         m_fields.append(new QLineEdit(page));
         (new QVBoxLayout(page))->addWidget(m_fields.last());
@@ -139,7 +141,7 @@ void TestKTabPageButtons::keysFromADropDown()
     QFETCH(Qt::KeyboardModifiers, modifiers);
     m_tabs->setCurrentIndex(from);
     auto *choice = new QComboBox(m_tabs->page(from));
-    choice->addItems({QStringLiteral("پژو"), QStringLiteral("سمند")});
+    choice->addItems({u"پژو"_s, u"سمند"_s});
     choice->show();
     choice->setFocus();
     QTest::keyClick(choice, key, modifiers);
@@ -153,7 +155,7 @@ void TestKTabPageButtons::keysFromBesideThePages()
     auto *layout = new QVBoxLayout(&window);
     layout->addWidget(m_tabs.get());
     const auto takenBack = qScopeGuard([this] { m_tabs->setParent(nullptr); });
-    auto *confirm = new QPushButton(QStringLiteral("تاييد"));
+    auto *confirm = new QPushButton(u"تاييد"_s);
     layout->addWidget(confirm);
     window.show();
     window.activateWindow();
@@ -217,7 +219,7 @@ void TestKTabPageButtons::positionsThatDoNotExist()
     m_tabs->setCurrentIndex(3);
     m_tabs->setCurrentIndex(-1);
     m_tabs->setPageEnabled(7, false);
-    m_tabs->setPageTitle(7, QStringLiteral("x"));
+    m_tabs->setPageTitle(7, u"x"_s);
     QCOMPARE(m_tabs->currentIndex(), 0);
     QVERIFY(!m_tabs->page(3));
     QVERIFY(!m_tabs->button(3));
@@ -225,10 +227,10 @@ void TestKTabPageButtons::positionsThatDoNotExist()
 
 void TestKTabPageButtons::titlesAreTheButtonsNames()
 {
-    m_tabs->setPageTitle(1, QStringLiteral("فایل ها"));
+    m_tabs->setPageTitle(1, u"فایل ها"_s);
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(m_tabs->button(1));
-    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("فایل ها"));
-    QCOMPARE(m_tabs->button(1)->text(), QStringLiteral("فایل ها"));
+    QCOMPARE(reader->text(QAccessible::Name), u"فایل ها"_s);
+    QCOMPARE(m_tabs->button(1)->text(), u"فایل ها"_s);
 }
 
 void TestKTabPageButtons::screenReaderPressesATab()

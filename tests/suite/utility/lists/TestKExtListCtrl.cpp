@@ -21,13 +21,15 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QVector<KListModel::Column> columns{
-    {QStringLiteral("ردیف"), Qt::AlignCenter, 40},
-    {QStringLiteral("فروشنده"), Qt::AlignRight, 80},
-    {QStringLiteral("تاریخ عقد"), Qt::AlignCenter, 80, QStringLiteral("dateContract"), true},
-    {QStringLiteral("مانده"), Qt::AlignRight, 100},
+    {u"ردیف"_s, Qt::AlignCenter, 40},
+    {u"فروشنده"_s, Qt::AlignRight, 80},
+    {u"تاریخ عقد"_s, Qt::AlignCenter, 80, u"dateContract"_s, true},
+    {u"مانده"_s, Qt::AlignRight, 100},
 };
 
 QVector<KListModel::Row> rows(int count)
@@ -36,14 +38,14 @@ QVector<KListModel::Row> rows(int count)
     for (int i = 1; i <= count; ++i) {
         result.append({100 + i,
                        {{QString::number(i), i},
-                        {QStringLiteral("شخص %1").arg(i)},
+                        {u"شخص %1"_s.arg(i)},
                         {shamsiText(QDate(2026, 11, 20).addDays(i))},
-                        {QStringLiteral("-%1").arg(i), -double(i)}}});
+                        {u"-%1"_s.arg(i), -double(i)}}});
     }
     return result;
 }
 
-const QString settingName = QStringLiteral("AutomobilContracts\\List");
+const QString settingName = u"AutomobilContracts\\List"_s;
 
 }
 
@@ -95,7 +97,7 @@ private:
 
 void TestKExtListCtrl::initTestCase()
 {
-    setSettingsFile(m_folder.filePath(QStringLiteral("settings.ini")));
+    setSettingsFile(m_folder.filePath(u"settings.ini"_s));
 }
 
 void TestKExtListCtrl::init()
@@ -132,7 +134,7 @@ void TestKExtListCtrl::selectionByKeyAndRow()
     m_list->selectRow(0);
     m_list->selectRow(-1);
     QCOMPARE(m_list->currentRow(), -1);
-    QCOMPARE(m_list->cellText(1, 1), QStringLiteral("شخص 2"));
+    QCOMPARE(m_list->cellText(1, 1), u"شخص 2"_s);
     QCOMPARE(m_list->cellText(9, 1), QString());
 }
 
@@ -253,7 +255,7 @@ void TestKExtListCtrl::aClickOnATitleTellsItsColumn()
 void TestKExtListCtrl::titlesCarryTheMark()
 {
     m_list->setSortMark(2);
-    QCOMPARE(m_list->model()->headerData(2, Qt::Horizontal).toString(), QStringLiteral("تاریخ عقد*"));
+    QCOMPARE(m_list->model()->headerData(2, Qt::Horizontal).toString(), u"تاریخ عقد*"_s);
 }
 
 void TestKExtListCtrl::markedCellKeepsItsColourInTheSelectedRow()
@@ -293,7 +295,7 @@ void TestKExtListCtrl::widthsAndOrderAreKept()
     m_list->header()->resizeSection(1, 173);
     m_list->header()->moveSection(0, 2);
     // Written shortly after the last change, so that a crash later costs nothing.
-    QTRY_VERIFY(!ReadSetting(settingName, QStringLiteral("sWidths"), QString()).isEmpty());
+    QTRY_VERIFY(!ReadSetting(settingName, u"sWidths"_s, QString()).isEmpty());
     setSettingsFile(settingsFile());
 
     KExtListCtrl nameFirst;
@@ -308,14 +310,14 @@ void TestKExtListCtrl::widthsAndOrderAreKept()
         QCOMPARE(list->header()->visualIndex(1), 0);
     }
     KExtListCtrl other;
-    other.SetSettingName(QStringLiteral("AutomobilDemands\\List"));
+    other.SetSettingName(u"AutomobilDemands\\List"_s);
     other.setColumns(columns);
     QCOMPARE(other.header()->visualIndex(0), 0);
 }
 
 void TestKExtListCtrl::widthsAreWrittenWhenTheListGoes()
 {
-    const QString name = QStringLiteral("Going\\List");
+    const QString name = u"Going\\List"_s;
     m_list->SetSettingName(name);
     m_list->header()->resizeSection(1, 151);
     m_list.reset();
@@ -329,22 +331,22 @@ void TestKExtListCtrl::layoutOfOtherColumnsIsNotTaken_data()
 {
     QTest::addColumn<QString>("widths");
     QTest::addColumn<QString>("order");
-    QTest::newRow("too few") << QStringLiteral("10,20") << QStringLiteral("1,0");
-    QTest::newRow("too many") << QStringLiteral("1,2,3,4,5") << QStringLiteral("4,3,2,1,0");
-    QTest::newRow("not an order") << QStringLiteral("a") << QStringLiteral("0,0,1,2");
-    QTest::newRow("out of range") << QStringLiteral("") << QStringLiteral("1,2,3,4");
-    QTest::newRow("rubbish") << QStringLiteral("x,y,z") << QStringLiteral("-1,,;");
+    QTest::newRow("too few") << u"10,20"_s << u"1,0"_s;
+    QTest::newRow("too many") << u"1,2,3,4,5"_s << u"4,3,2,1,0"_s;
+    QTest::newRow("not an order") << u"a"_s << u"0,0,1,2"_s;
+    QTest::newRow("out of range") << u""_s << u"1,2,3,4"_s;
+    QTest::newRow("rubbish") << u"x,y,z"_s << u"-1,,;"_s;
 }
 
 void TestKExtListCtrl::layoutOfOtherColumnsIsNotTaken()
 {
     QFETCH(QString, widths);
     QFETCH(QString, order);
-    WriteSetting(QStringLiteral("Bad\\List"), QStringLiteral("sWidths"), widths);
-    WriteSetting(QStringLiteral("Bad\\List"), QStringLiteral("sOrder"), order);
+    WriteSetting(u"Bad\\List"_s, u"sWidths"_s, widths);
+    WriteSetting(u"Bad\\List"_s, u"sOrder"_s, order);
     KExtListCtrl list;
     list.setColumns(columns);
-    list.SetSettingName(QStringLiteral("Bad\\List"));
+    list.SetSettingName(u"Bad\\List"_s);
     for (int i = 0; i < columns.size(); ++i)
         QCOMPARE(list.header()->visualIndex(i), i);
     KExtListCtrl untouched;
@@ -381,20 +383,20 @@ void TestKExtListCtrl::untouchedColumnsShareTheListsWidth()
 
 void TestKExtListCtrl::aScrollBarThatComesWithTheRowsIsNoActOfTheUser()
 {
-    const QString setting = QStringLiteral("Brands\\List");
+    const QString setting = u"Brands\\List"_s;
     m_list->SetSettingName(setting);
     m_list->setRows(rows(100));
     QTRY_VERIFY(m_list->verticalScrollBar()->isVisible());
     QTRY_COMPARE(m_list->header()->length(), m_list->viewport()->width());
     QVERIFY(!m_list->horizontalScrollBar()->isVisible());
     m_list.reset();
-    QVERIFY(ReadSetting(setting, QStringLiteral("sWidths"), QString()).isEmpty());
+    QVERIFY(ReadSetting(setting, u"sWidths"_s, QString()).isEmpty());
 }
 
 // Nor after its width was kept, nor in what is copied; the cell is there all the same.
 void TestKExtListCtrl::columnOfNoWidthIsNotShown()
 {
-    const QString setting = QStringLiteral("AutomobilInformations\\List");
+    const QString setting = u"AutomobilInformations\\List"_s;
     auto withHidden = columns;
     withHidden[1].width = 0;
     for (int opening = 0; opening < 2; ++opening) {
@@ -406,27 +408,27 @@ void TestKExtListCtrl::columnOfNoWidthIsNotShown()
         list.show();
         QVERIFY(list.isColumnHidden(1));
         QCOMPARE(list.header()->sectionSize(1), 0);
-        QCOMPARE(list.cellText(0, 1), QStringLiteral("شخص 1"));
+        QCOMPARE(list.cellText(0, 1), u"شخص 1"_s);
         list.selectRow(0);
         QTest::keySequence(&list, QKeySequence::Copy);
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("1\t1405/08/30\t-1"));
+        QCOMPARE(QApplication::clipboard()->text(), u"1\t1405/08/30\t-1"_s);
         list.header()->resizeSection(0, 77 + opening);
     }
-    QVERIFY(!ReadSetting(setting, QStringLiteral("sWidths"), QString()).isEmpty());
+    QVERIFY(!ReadSetting(setting, u"sWidths"_s, QString()).isEmpty());
 }
 
 void TestKExtListCtrl::nothingIsKeptWithoutAName()
 {
     m_list->header()->resizeSection(1, 99);
     m_list.reset();
-    QCOMPARE(ReadSetting(QString(), QStringLiteral("sWidths"), QStringLiteral("none")), QStringLiteral("none"));
+    QCOMPARE(ReadSetting(QString(), u"sWidths"_s, u"none"_s), u"none"_s);
 }
 
 void TestKExtListCtrl::copiedTextIsPlain()
 {
     m_list->selectRow(0);
     QTest::keySequence(m_list.get(), QKeySequence::Copy);
-    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("1\tشخص 1\t1405/08/30\t-1"));
+    QCOMPARE(QApplication::clipboard()->text(), u"1\tشخص 1\t1405/08/30\t-1"_s);
 }
 
 // A cell of the first row, drawn alone.
@@ -457,11 +459,11 @@ void TestKExtListCtrl::datesAndNumbersAreDrawnLeftToRight()
 
 void TestKExtListCtrl::codesAreDrawnLeftToRightLettersToo()
 {
-    const QString plate = QStringLiteral("12 ب 345 ایران 67");
+    const QString plate = u"12 ب 345 ایران 67"_s;
     // The same turned round by hand, and the other way.
-    const QString turned = QStringLiteral("67 ایران 345 ب 12");
+    const QString turned = u"67 ایران 345 ب 12"_s;
     const auto align = Qt::AlignCenter;
-    m_list->setColumns({{QStringLiteral("a"), align, 80, {}, false, true}, {QStringLiteral("b"), align}, {QStringLiteral("c"), align}});
+    m_list->setColumns({{u"a"_s, align, 80, {}, false, true}, {u"b"_s, align}, {u"c"_s, align}});
     m_list->setRows({{1, {{plate}, {turned}, {plate}}}});
     QCOMPARE(drawn(0, Qt::RightToLeft), drawn(1, Qt::RightToLeft));
     QVERIFY(drawn(0, Qt::RightToLeft) != drawn(2, Qt::RightToLeft));
@@ -470,15 +472,15 @@ void TestKExtListCtrl::codesAreDrawnLeftToRightLettersToo()
 
 void TestKExtListCtrl::rowsAreReadable()
 {
-    m_list->setAccessibleName(QStringLiteral("لیست قراردادها"));
+    m_list->setAccessibleName(u"لیست قراردادها"_s);
     QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(m_list.get());
     QVERIFY(reader && reader->tableInterface());
-    QCOMPARE(reader->text(QAccessible::Name), QStringLiteral("لیست قراردادها"));
+    QCOMPARE(reader->text(QAccessible::Name), u"لیست قراردادها"_s);
     QAccessibleTableInterface *table = reader->tableInterface();
     QCOMPARE(table->rowCount(), 5);
     QCOMPARE(table->columnCount(), 4);
-    QCOMPARE(table->columnDescription(1), QStringLiteral("فروشنده"));
-    QCOMPARE(table->cellAt(2, 1)->text(QAccessible::Name), QStringLiteral("شخص 3"));
+    QCOMPARE(table->columnDescription(1), u"فروشنده"_s);
+    QCOMPARE(table->cellAt(2, 1)->text(QAccessible::Name), u"شخص 3"_s);
     QVERIFY(table->selectRow(2));
     QCOMPARE(m_list->currentKey(), 103);
 }

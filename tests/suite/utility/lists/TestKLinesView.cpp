@@ -17,6 +17,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class TestKLinesView : public QObject
 {
     Q_OBJECT
@@ -72,12 +74,12 @@ QVector<KLinesModel::Column> columns()
 {
     using Kind = KLinesModel::Kind;
     return {
-        {QStringLiteral("خدمت"), Kind::Choice, 100, 0, {{1, QStringLiteral("10 کارشناسی خودرو")}, {2, QStringLiteral("20 انتقال سند")}, {3, QStringLiteral("100 کارشناسی موتور")}, {4, QStringLiteral("30 انتقال")}}},
-        {QStringLiteral("شخص"), Kind::Pick, 80},
-        {QStringLiteral("شرح"), Kind::Text, 100, 5},
-        {QStringLiteral("تعداد"), Kind::Number, 50},
-        {QStringLiteral("قیمت"), Kind::Money, 80},
-        {QStringLiteral("مبلغ"), Kind::Computed, 80, 0, {}, [](const KLinesModel::Line &line) { return line.at(Count).number * line.at(Price).number; }},
+        {u"خدمت"_s, Kind::Choice, 100, 0, {{1, u"10 کارشناسی خودرو"_s}, {2, u"20 انتقال سند"_s}, {3, u"100 کارشناسی موتور"_s}, {4, u"30 انتقال"_s}}},
+        {u"شخص"_s, Kind::Pick, 80},
+        {u"شرح"_s, Kind::Text, 100, 5},
+        {u"تعداد"_s, Kind::Number, 50},
+        {u"قیمت"_s, Kind::Money, 80},
+        {u"مبلغ"_s, Kind::Computed, 80, 0, {}, [](const KLinesModel::Line &line) { return line.at(Count).number * line.at(Price).number; }},
     };
 }
 
@@ -89,7 +91,7 @@ void TestKLinesView::init()
     m_model = new KLinesModel(columns(), m_window.get());
     m_model->insertLine(0);
     m_view = new KLinesView(m_model, m_window.get());
-    m_view->setAccessibleName(QStringLiteral("ردیف‌ها"));
+    m_view->setAccessibleName(u"ردیف‌ها"_s);
     m_after = new QLineEdit(m_window.get());
     auto *layout = new QVBoxLayout(m_window.get());
     layout->addWidget(m_view);
@@ -119,15 +121,15 @@ void TestKLinesView::typedChoiceMeansAnEntry_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<int>("key");
-    QTest::newRow("its text") << QStringLiteral("20 انتقال سند") << 2;
-    QTest::newRow("its text in another spelling") << QStringLiteral(" 20 انتقال  سند") << 2;
-    QTest::newRow("its code") << QStringLiteral("20") << 2;
-    QTest::newRow("a code that begins another one") << QStringLiteral("10") << 1;
-    QTest::newRow("its code in Persian digits") << QStringLiteral("۱۰۰") << 3;
-    QTest::newRow("a part that only it holds") << QStringLiteral("موتور") << 3;
-    QTest::newRow("a name that another one begins with") << QStringLiteral("انتقال") << 4;
-    QTest::newRow("a part that two hold") << QStringLiteral("کارشناسی") << 0;
-    QTest::newRow("nothing of the list") << QStringLiteral("رنگ") << 0;
+    QTest::newRow("its text") << u"20 انتقال سند"_s << 2;
+    QTest::newRow("its text in another spelling") << u" 20 انتقال  سند"_s << 2;
+    QTest::newRow("its code") << u"20"_s << 2;
+    QTest::newRow("a code that begins another one") << u"10"_s << 1;
+    QTest::newRow("its code in Persian digits") << u"۱۰۰"_s << 3;
+    QTest::newRow("a part that only it holds") << u"موتور"_s << 3;
+    QTest::newRow("a name that another one begins with") << u"انتقال"_s << 4;
+    QTest::newRow("a part that two hold") << u"کارشناسی"_s << 0;
+    QTest::newRow("nothing of the list") << u"رنگ"_s << 0;
     QTest::newRow("nothing") << QString() << 0;
 }
 
@@ -142,9 +144,9 @@ void TestKLinesView::enterInTheListOfWhatFitsGoesOn_data()
     QTest::addColumn<int>("stepsDown");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<int>("key");
-    QTest::newRow("nothing marked") << 0 << QStringLiteral("موتور") << 3;
-    QTest::newRow("the first marked") << 1 << QStringLiteral("کارشناسی") << 1;
-    QTest::newRow("the second marked") << 2 << QStringLiteral("کارشناسی") << 3;
+    QTest::newRow("nothing marked") << 0 << u"موتور"_s << 3;
+    QTest::newRow("the first marked") << 1 << u"کارشناسی"_s << 1;
+    QTest::newRow("the second marked") << 2 << u"کارشناسی"_s << 3;
 }
 
 void TestKLinesView::enterInTheListOfWhatFitsGoesOn()
@@ -168,11 +170,11 @@ void TestKLinesView::enterInTheListOfWhatFitsGoesOn()
 void TestKLinesView::unknownChoiceKeepsItsTextAndIsMarked()
 {
     const QModelIndex cell = m_model->index(0, Service);
-    QVERIFY(m_model->setData(cell, QStringLiteral("رنگ")));
-    QCOMPARE(shown(0, Service), QStringLiteral("رنگ"));
+    QVERIFY(m_model->setData(cell, u"رنگ"_s));
+    QCOMPARE(shown(0, Service), u"رنگ"_s);
     QCOMPARE(cell.data(KLinesModel::KeyRole).toInt(), 0);
     QVERIFY(cell.data(Qt::ForegroundRole).isValid());
-    m_model->setData(cell, QStringLiteral("20"));
+    m_model->setData(cell, u"20"_s);
     QVERIFY(!cell.data(Qt::ForegroundRole).isValid());
 }
 
@@ -183,7 +185,7 @@ void TestKLinesView::computedCellFollowsTheLine()
     m_model->setData(m_model->index(0, Count), 2.5);
     m_model->setData(m_model->index(0, Price), 1000.0);
     QCOMPARE(edited.count(), 2);
-    QCOMPARE(shown(0, Amount), QStringLiteral("2,500"));
+    QCOMPARE(shown(0, Amount), u"2,500"_s);
     QCOMPARE(m_model->index(0, Amount).data(KLinesModel::NumberRole).toDouble(), 2500.0);
     QVERIFY(!m_model->setData(m_model->index(0, Amount), 7.0));
     m_model->setData(m_model->index(0, Price), 1000.0);
@@ -196,15 +198,15 @@ void TestKLinesView::numbersAreTakenAsTheyAreTyped_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("shown");
     QTest::addColumn<double>("number");
-    QTest::newRow("money in Persian digits") << int(Price) << QStringLiteral("۱۲۵۰۰۰") << QStringLiteral("125,000") << 125000.0;
-    QTest::newRow("count with a fraction") << int(Count) << QStringLiteral("1.5") << QStringLiteral("1.5") << 1.5;
-    QTest::newRow("count above a hundred") << int(Count) << QStringLiteral("250") << QStringLiteral("250") << 250.0;
+    QTest::newRow("money in Persian digits") << int(Price) << u"۱۲۵۰۰۰"_s << u"125,000"_s << 125000.0;
+    QTest::newRow("count with a fraction") << int(Count) << u"1.5"_s << u"1.5"_s << 1.5;
+    QTest::newRow("count above a hundred") << int(Count) << u"250"_s << u"250"_s << 250.0;
     // What to do about it is the window's, but nothing is made of it that was not typed.
     QTest::newRow("count above what the entry line takes")
-        << int(Count) << QStringLiteral("12345678901") << QStringLiteral("12345678901") << 12345678901.0;
+        << int(Count) << u"12345678901"_s << u"12345678901"_s << 12345678901.0;
     QTest::newRow("money above what the entry line takes")
-        << int(Price) << QStringLiteral("2000000000000000") << QStringLiteral("2,000,000,000,000,000") << 2e15;
-    QTest::newRow("letters are dropped") << int(Price) << QStringLiteral("12x0") << QStringLiteral("120") << 120.0;
+        << int(Price) << u"2000000000000000"_s << u"2,000,000,000,000,000"_s << 2e15;
+    QTest::newRow("letters are dropped") << int(Price) << u"12x0"_s << u"120"_s << 120.0;
 }
 
 void TestKLinesView::numbersAreTakenAsTheyAreTyped()
@@ -221,7 +223,7 @@ void TestKLinesView::emptyLinesAreLeftOut()
 {
     m_model->insertLine(1);
     m_model->insertLine(2);
-    m_model->setData(m_model->index(2, Text), QStringLiteral("رنگ"));
+    m_model->setData(m_model->index(2, Text), u"رنگ"_s);
     QVector<int> positions;
     QCOMPARE(m_model->lines(&positions).size(), 1);
     QCOMPARE(positions, QVector<int>{2});
@@ -231,25 +233,25 @@ void TestKLinesView::emptyLinesAreLeftOut()
 void TestKLinesView::enterGoesThroughTheCellsIntoANewLine()
 {
     m_view->goTo(0, Service);
-    type(QStringLiteral("20"));
+    type(u"20"_s);
     QCOMPARE(m_view->currentIndex(), m_model->index(0, Person));
     type({});
-    type(QStringLiteral("فوری"));
-    type(QStringLiteral("2"));
+    type(u"فوری"_s);
+    type(u"2"_s);
     QCOMPARE(m_view->currentIndex(), m_model->index(0, Price));
-    type(QStringLiteral("500"));
+    type(u"500"_s);
     QCOMPARE(m_model->rowCount(), 2);
     QCOMPARE(m_view->currentIndex(), m_model->index(1, Service));
-    QCOMPARE(shown(0, Service), QStringLiteral("20 انتقال سند"));
-    QCOMPARE(shown(0, Amount), QStringLiteral("1,000"));
+    QCOMPARE(shown(0, Service), u"20 انتقال سند"_s);
+    QCOMPARE(shown(0, Amount), u"1,000"_s);
     QVERIFY(m_view->hasFocus());
 }
 
 void TestKLinesView::enterOnAnEmptyLastLineLeavesTheGrid()
 {
-    m_model->setData(m_model->index(0, Text), QStringLiteral("رنگ"));
+    m_model->setData(m_model->index(0, Text), u"رنگ"_s);
     m_view->goTo(0, Price);
-    type(QStringLiteral("5"));
+    type(u"5"_s);
     QCOMPARE(m_view->currentIndex().row(), 1);
     QTest::keyClick(m_view, Qt::Key_Return);
     QVERIFY(m_after->hasFocus());
@@ -261,13 +263,13 @@ void TestKLinesView::controlEnterTakesTheEntryFirst()
     m_view->goTo(0, Price);
     QTest::keyClick(m_view, Qt::Key_7);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
-    QCOMPARE(shown(0, Price), QStringLiteral("7"));
+    QCOMPARE(shown(0, Price), u"7"_s);
     QCOMPARE(m_model->rowCount(), 1);
 }
 
 void TestKLinesView::insertAddsAndDeleteRemovesALine()
 {
-    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_model->setData(m_model->index(0, Text), u"یک"_s);
     m_view->goTo(0, Text);
     QTest::keyClick(m_view, Qt::Key_Insert);
     QCOMPARE(m_model->rowCount(), 2);
@@ -297,7 +299,7 @@ void TestKLinesView::deleteInsideAnEntryIsTheEntrys()
 
 void TestKLinesView::lastLineThatIsDeletedLeavesAnEmptyOne()
 {
-    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_model->setData(m_model->index(0, Text), u"یک"_s);
     m_view->goTo(0, Text);
     m_view->removeCurrentLine();
     QCOMPARE(m_model->rowCount(), 1);
@@ -306,7 +308,7 @@ void TestKLinesView::lastLineThatIsDeletedLeavesAnEmptyOne()
 
 void TestKLinesView::backspaceEmptiesACell()
 {
-    m_model->setCell(0, Person, {QStringLiteral("علی"), 0, 7});
+    m_model->setCell(0, Person, {u"علی"_s, 0, 7});
     m_view->goTo(0, Person);
     QTest::keyClick(m_view, Qt::Key_Backspace);
     QCOMPARE(m_model->line(0).at(Person).key, 0);
@@ -315,16 +317,16 @@ void TestKLinesView::backspaceEmptiesACell()
     m_model->setData(m_model->index(0, Price), 2.0);
     m_view->goTo(0, Amount);
     QTest::keyClick(m_view, Qt::Key_Backspace);
-    QCOMPARE(shown(0, Amount), QStringLiteral("4"));
+    QCOMPARE(shown(0, Amount), u"4"_s);
 }
 
 void TestKLinesView::escapeDropsTheEntry()
 {
-    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_model->setData(m_model->index(0, Text), u"یک"_s);
     m_view->goTo(0, Text);
     QTest::keyClick(m_view, Qt::Key_A);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    QCOMPARE(shown(0, Text), QStringLiteral("یک"));
+    QCOMPARE(shown(0, Text), u"یک"_s);
     QVERIFY(m_window->isVisible());
     QVERIFY(m_view->hasFocus());
 }
@@ -359,14 +361,14 @@ void TestKLinesView::pickedCellAsksForItsWindow()
 
 void TestKLinesView::readOnlyGridTakesNothing()
 {
-    m_model->setData(m_model->index(0, Text), QStringLiteral("یک"));
+    m_model->setData(m_model->index(0, Text), u"یک"_s);
     m_model->setReadOnly(true);
     m_view->goTo(0, Text);
     for (const Qt::Key key : {Qt::Key_A, Qt::Key_Insert, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_F2, Qt::Key_F4})
         QTest::keyClick(m_view, key);
     QVERIFY(m_view->hasFocus());
     QCOMPARE(m_model->rowCount(), 1);
-    QCOMPARE(shown(0, Text), QStringLiteral("یک"));
+    QCOMPARE(shown(0, Text), u"یک"_s);
 }
 
 void TestKLinesView::finishEntryTakesWhatIsTyped()
@@ -375,9 +377,9 @@ void TestKLinesView::finishEntryTakesWhatIsTyped()
     QTest::keyClick(m_view, Qt::Key_9);
     QVERIFY(qobject_cast<KEdit *>(QApplication::focusWidget()));
     m_view->finishEntry();
-    QCOMPARE(shown(0, Price), QStringLiteral("9"));
+    QCOMPARE(shown(0, Price), u"9"_s);
     m_view->finishEntry();
-    QCOMPARE(shown(0, Price), QStringLiteral("9"));
+    QCOMPARE(shown(0, Price), u"9"_s);
 }
 
 void TestKLinesView::entryLinesHaveTheirColumnsName()

@@ -11,12 +11,14 @@
 #include <QSortFilterProxyModel>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QVector<KListModel::Column> columns{
-    {QStringLiteral("ردیف"), Qt::AlignCenter, 40},
-    {QStringLiteral("فروشنده"), Qt::AlignRight, 80},
-    {QStringLiteral("مبلغ"), Qt::AlignRight, 80, QStringLiteral("dAmount")},
+    {u"ردیف"_s, Qt::AlignCenter, 40},
+    {u"فروشنده"_s, Qt::AlignRight, 80},
+    {u"مبلغ"_s, Qt::AlignRight, 80, u"dAmount"_s},
 };
 
 KListModel::Row row(int key, const QString &name, double amount)
@@ -51,11 +53,11 @@ void TestKListModel::keepsTheRulesOfAModel()
     KListModel model;
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     model.setColumns(columns);
-    model.setRows({row(5, QStringLiteral("الف"), 1), row(7, QStringLiteral("ب"), 2)});
-    model.appendRow(row(9, QStringLiteral("ج"), 3));
+    model.setRows({row(5, u"الف"_s, 1), row(7, u"ب"_s, 2)});
+    model.appendRow(row(9, u"ج"_s, 3));
     QVERIFY(model.removeKey(7));
     model.setSortMark(1);
-    model.setRows({row(1, QStringLiteral("د"), 4)});
+    model.setRows({row(1, u"د"_s, 4)});
     model.clear();
     QCOMPARE(model.rowCount(), 0);
 }
@@ -64,10 +66,10 @@ void TestKListModel::cells()
 {
     KListModel model;
     model.setColumns(columns);
-    model.setRows({row(5, QStringLiteral("الف"), 10)});
+    model.setRows({row(5, u"الف"_s, 10)});
     QCOMPARE(model.rowCount(), 1);
     QCOMPARE(model.columnCount(), 3);
-    QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("الف"));
+    QCOMPARE(model.index(0, 1).data().toString(), u"الف"_s);
     QCOMPARE(model.index(0, 1).data(KListModel::KeyRole).toInt(), 5);
     QVERIFY(!model.index(0, 1).data(Qt::DecorationRole).isValid());
     QCOMPARE(model.rowCount(model.index(0, 0)), 0);
@@ -77,7 +79,7 @@ void TestKListModel::missingCellsAreEmpty()
 {
     KListModel model;
     model.setColumns(columns);
-    model.setRows({{3, {{QStringLiteral("1")}}}});
+    model.setRows({{3, {{u"1"_s}}}});
     QCOMPARE(model.index(0, 2).data().toString(), QString());
     QVERIFY(!model.index(0, 2).data(KListModel::SortRole).isValid());
 }
@@ -111,9 +113,9 @@ void TestKListModel::sortRoleGivesTheRawValue()
 {
     KListModel model;
     model.setColumns(columns);
-    model.setRows({row(1, QStringLiteral("ب"), 100), row(2, QStringLiteral("الف"), 20),
-                   row(3, QStringLiteral("ج"), 3)});
-    QCOMPARE(model.index(0, 1).data(KListModel::SortRole).toString(), QStringLiteral("ب"));
+    model.setRows({row(1, u"ب"_s, 100), row(2, u"الف"_s, 20),
+                   row(3, u"ج"_s, 3)});
+    QCOMPARE(model.index(0, 1).data(KListModel::SortRole).toString(), u"ب"_s);
     QSortFilterProxyModel sorted;
     sorted.setSourceModel(&model);
     sorted.setSortRole(KListModel::SortRole);
@@ -141,14 +143,14 @@ void TestKListModel::titles()
     model.setSortMark(2);
     model.setSortMark(2);
     QCOMPARE(changed.size(), 1);
-    QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("مبلغ*"));
-    QCOMPARE(model.columns()[2].title, QStringLiteral("مبلغ"));
+    QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), u"مبلغ*"_s);
+    QCOMPARE(model.columns()[2].title, u"مبلغ"_s);
     model.setSortMark(9);
     QCOMPARE(changed.size(), 2);
-    QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("مبلغ"));
+    QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), u"مبلغ"_s);
     QVERIFY(!model.headerData(9, Qt::Horizontal).isValid());
     QVERIFY(!model.headerData(0, Qt::Vertical).isValid());
-    QCOMPARE(model.columns()[2].sortKey, QStringLiteral("dAmount"));
+    QCOMPARE(model.columns()[2].sortKey, u"dAmount"_s);
 }
 
 void TestKListModel::indexesOutside()
@@ -167,7 +169,7 @@ void TestKListModel::tenThousandRowsFillAtOnce()
     model.setColumns(columns);
     QVector<KListModel::Row> rows;
     for (int key = 1; key <= 10000; ++key)
-        rows.append(row(key, QStringLiteral("نام"), key));
+        rows.append(row(key, u"نام"_s, key));
     QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
     QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
     model.setRows(std::move(rows));
@@ -191,7 +193,7 @@ public:
     int rowOfKey(int key) const override { return key >= 1 && key <= rows ? key - 1 : -1; }
 
     int rows = 0;
-    QString name = QStringLiteral("الف");
+    QString name = u"الف"_s;
     mutable int made = 0;
 };
 
@@ -211,10 +213,10 @@ void TestKListModel::rowsOfASourceAreMadeWhenTheyAreShown()
     QCOMPARE(source->made, 1);
     QCOMPARE(model.keyAt(5), 6);
     QCOMPARE(source->made, 2);
-    source->name = QStringLiteral("ب");
-    QCOMPARE(model.index(5, 1).data().toString(), QStringLiteral("الف"));
+    source->name = u"ب"_s;
+    QCOMPARE(model.index(5, 1).data().toString(), u"الف"_s);
     model.sourceChanged();
-    QCOMPARE(model.index(5, 1).data().toString(), QStringLiteral("ب"));
+    QCOMPARE(model.index(5, 1).data().toString(), u"ب"_s);
     const int made = source->made;
     QCOMPARE(model.rowOfKey(400'000), 399'999);
     QCOMPARE(model.rowOfKey(0), -1);
@@ -239,7 +241,7 @@ void TestKListModel::sourceKeepsTheRulesOfAModel()
     model.sourceGrew();
     model.sourceGrew();
     model.sourceChanged();
-    model.setRows({row(1, QStringLiteral("د"), 4)});
+    model.setRows({row(1, u"د"_s, 4)});
     model.sourceGrew(); // the list has rows of its own again
     QCOMPARE(model.rowCount(), 1);
     model.setSource(nullptr);
@@ -250,11 +252,11 @@ void TestKListModel::rowsThatStandOut()
 {
     KListModel model;
     model.setColumns(columns);
-    KListModel::Row heading = row(0, QStringLiteral("درآمدها"), 0);
+    KListModel::Row heading = row(0, u"درآمدها"_s, 0);
     heading.heading = true;
-    KListModel::Row marked = row(1, QStringLiteral("نشانی"), 0);
+    KListModel::Row marked = row(1, u"نشانی"_s, 0);
     marked.markedCell = 1;
-    model.setRows({heading, marked, row(2, QStringLiteral("ساده"), 0)});
+    model.setRows({heading, marked, row(2, u"ساده"_s, 0)});
     QVERIFY(model.index(0, 0).data(Qt::FontRole).value<QFont>().bold());
     QVERIFY(model.index(0, 0).data(Qt::BackgroundRole).isValid());
     QCOMPARE(model.index(1, 1).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestKSortOrder : public QObject
 {
     Q_OBJECT
@@ -26,10 +28,10 @@ private Q_SLOTS:
 
     void theExpressionHoldsTheDirectionAndGivesItBack()
     {
-        const QString key = QStringLiteral("iStatus,date");
+        const QString key = u"iStatus,date"_s;
         QCOMPARE((KSortOrder{1, false}.expression(key)), key);
         const QString down = KSortOrder{1, true}.expression(key);
-        QCOMPARE(down, QStringLiteral("iStatus,date DESC"));
+        QCOMPARE(down, u"iStatus,date DESC"_s);
         QVERIFY(KSortOrder::isDescending(down));
         QVERIFY(!KSortOrder::isDescending(key));
         QCOMPARE(KSortOrder::sortKey(down), key);

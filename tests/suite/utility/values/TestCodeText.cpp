@@ -12,6 +12,8 @@
 #include <QMenu>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The mark, where a reader sees it.
@@ -79,40 +81,40 @@ private Q_SLOTS:
         QFETCH(int, inCode);
         QFETCH(int, inShown);
         qsizetype caret = inCode;
-        CodeText::shown(QStringLiteral("12ب345"), &caret);
+        CodeText::shown(u"12ب345"_s, &caret);
         QCOMPARE(caret, inShown);
     }
 
     void plateIsTypedAndCorrectedAsIfThereWereNoMarks()
     {
         KEdit edit(KEdit::Kind::Code);
-        typeText(edit, QStringLiteral("۱۲ب345"));
-        QCOMPARE(edit.plainText(), QStringLiteral("12ب345"));
+        typeText(edit, u"۱۲ب345"_s);
+        QCOMPARE(edit.plainText(), u"12ب345"_s);
         QCOMPARE(edit.text(), marked("|12ب|345"));
         QTest::keyClick(&edit, Qt::Key_Backspace);
         QTest::keyClick(&edit, Qt::Key_Backspace);
         QTest::keyClick(&edit, Qt::Key_Backspace);
         QTest::keyClick(&edit, Qt::Key_Backspace);
-        QCOMPARE(edit.plainText(), QStringLiteral("12"));
-        typeText(edit, QStringLiteral("ج678"));
+        QCOMPARE(edit.plainText(), u"12"_s);
+        typeText(edit, u"ج678"_s);
         edit.setCursorPosition(5);
         QTest::keyClick(&edit, Qt::Key_Backspace);
-        QCOMPARE(edit.plainText(), QStringLiteral("12678"));
-        edit.setText(QStringLiteral("12ب345"));
+        QCOMPARE(edit.plainText(), u"12678"_s);
+        edit.setText(u"12ب345"_s);
         edit.setCursorPosition(4);
         QTest::keyClick(&edit, Qt::Key_Delete);
-        QCOMPARE(edit.plainText(), QStringLiteral("12ب45"));
+        QCOMPARE(edit.plainText(), u"12ب45"_s);
     }
 
     void codeIsLimitedByItsOwnCharacters()
     {
         KEdit edit(KEdit::Kind::Code);
         edit.setCodeLength(6);
-        typeText(edit, QStringLiteral("12ب3456"));
-        QCOMPARE(edit.plainText(), QStringLiteral("12ب345"));
+        typeText(edit, u"12ب3456"_s);
+        QCOMPARE(edit.plainText(), u"12ب345"_s);
         edit.setCursorPosition(0);
-        typeText(edit, QStringLiteral("9"));
-        QCOMPARE(edit.plainText(), QStringLiteral("12ب345"));
+        typeText(edit, u"9"_s);
+        QCOMPARE(edit.plainText(), u"12ب345"_s);
         QCOMPARE(edit.cursorPosition(), 0);
     }
 
@@ -133,11 +135,11 @@ private Q_SLOTS:
         QFETCH(QString, way);
         QFETCH(QString, left);
         KEdit edit(KEdit::Kind::Code);
-        edit.setText(QStringLiteral("12 ب 345"));
+        edit.setText(u"12 ب 345"_s);
         edit.show();
         edit.selectAll();
-        QApplication::clipboard()->setText(QStringLiteral("before"));
-        if (way == QStringLiteral("menu")) {
+        QApplication::clipboard()->setText(u"before"_s);
+        if (way == u"menu"_s) {
             QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
             QApplication::sendEvent(&edit, &event);
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -146,20 +148,20 @@ private Q_SLOTS:
             menu->actions().at(3)->trigger();
             menu->close();
         } else {
-            QTest::keyClick(&edit, way == QStringLiteral("copy") ? Qt::Key_C : Qt::Key_X, Qt::ControlModifier);
+            QTest::keyClick(&edit, way == u"copy"_s ? Qt::Key_C : Qt::Key_X, Qt::ControlModifier);
         }
-        QTRY_COMPARE(QApplication::clipboard()->text(), QStringLiteral("12 ب 345"));
+        QTRY_COMPARE(QApplication::clipboard()->text(), u"12 ب 345"_s);
         QCOMPARE(edit.plainText(), left);
     }
 
     void codeThatIsOnlyShownIsNotCut()
     {
         KEdit edit(KEdit::Kind::Code);
-        edit.setText(QStringLiteral("12 ب 345"));
+        edit.setText(u"12 ب 345"_s);
         edit.setReadOnly(true);
         edit.selectAll();
         QTest::keyClick(&edit, Qt::Key_X, Qt::ControlModifier);
-        QCOMPARE(edit.plainText(), QStringLiteral("12 ب 345"));
+        QCOMPARE(edit.plainText(), u"12 ب 345"_s);
     }
 
     void codeReadsFromTheLeftInsideAPageThatReadsFromTheRight()
@@ -170,7 +172,7 @@ private Q_SLOTS:
         QCOMPARE(edit.layoutDirection(), Qt::LeftToRight);
         QVERIFY(edit.alignment() & Qt::AlignRight);
         // A line goes by its first letter, whatever direction it is told.
-        edit.setText(QStringLiteral("12 ب 345"));
+        edit.setText(u"12 ب 345"_s);
         QVERIFY(!edit.text().isRightToLeft());
     }
 };

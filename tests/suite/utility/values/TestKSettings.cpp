@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class TestKSettings : public QObject
 {
     Q_OBJECT
@@ -42,34 +44,34 @@ void TestKSettings::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
-    setSettingsFile(path(QStringLiteral("settings.ini")));
+    setSettingsFile(path(u"settings.ini"_s));
 }
 
 void TestKSettings::nothingStoredGivesTheDefault()
 {
-    const QString section = QStringLiteral("AutomobilContracts");
-    QCOMPARE(ReadSetting(section, QStringLiteral("Sort"), QStringLiteral("iCode")), QStringLiteral("iCode"));
-    QCOMPARE(ReadSetting(section, QStringLiteral("iMaxRows"), 1000), 1000);
-    QCOMPARE(ReadSetting(section, QStringLiteral("state"), QByteArray("x")), QByteArray("x"));
+    const QString section = u"AutomobilContracts"_s;
+    QCOMPARE(ReadSetting(section, u"Sort"_s, u"iCode"_s), u"iCode"_s);
+    QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 1000), 1000);
+    QCOMPARE(ReadSetting(section, u"state"_s, QByteArray("x")), QByteArray("x"));
 }
 
 void TestKSettings::texts_data()
 {
     QTest::addColumn<QString>("value");
     for (const QString &value :
-         {QStringLiteral("iCode DESC"), QString(QLatin1String("")), QStringLiteral("نام کاربری"),
-          QStringLiteral("a, b; c"), QStringLiteral("@Invalid()"), QStringLiteral("\\\\server\\share"),
-          QStringLiteral("two\nlines"), QStringLiteral(" blank "), QStringLiteral("50%"), QStringLiteral("\"quoted\""),
-          QStringLiteral("12")})
-        QTest::newRow(qPrintable(value.isEmpty() ? QStringLiteral("empty") : value)) << value;
+         {u"iCode DESC"_s, QString(QLatin1String("")), u"نام کاربری"_s,
+          u"a, b; c"_s, u"@Invalid()"_s, u"\\\\server\\share"_s,
+          u"two\nlines"_s, u" blank "_s, u"50%"_s, u"\"quoted\""_s,
+          u"12"_s})
+        QTest::newRow(qPrintable(value.isEmpty() ? u"empty"_s : value)) << value;
 }
 
 void TestKSettings::texts()
 {
     QFETCH(QString, value);
-    WriteSetting(QStringLiteral("Section"), QStringLiteral("Key"), value);
-    setSettingsFile(path(QStringLiteral("settings.ini")));
-    QCOMPARE(ReadSetting(QStringLiteral("Section"), QStringLiteral("Key"), QStringLiteral("default")), value);
+    WriteSetting(u"Section"_s, u"Key"_s, value);
+    setSettingsFile(path(u"settings.ini"_s));
+    QCOMPARE(ReadSetting(u"Section"_s, u"Key"_s, u"default"_s), value);
 }
 
 void TestKSettings::numbers_data()
@@ -82,49 +84,49 @@ void TestKSettings::numbers_data()
 void TestKSettings::numbers()
 {
     QFETCH(int, value);
-    WriteSetting(QStringLiteral("Section"), QStringLiteral("Key"), value);
-    QCOMPARE(ReadSetting(QStringLiteral("Section"), QStringLiteral("Key"), 5), value);
-    setSettingsFile(path(QStringLiteral("settings.ini")));
-    QCOMPARE(ReadSetting(QStringLiteral("Section"), QStringLiteral("Key"), 5), value);
+    WriteSetting(u"Section"_s, u"Key"_s, value);
+    QCOMPARE(ReadSetting(u"Section"_s, u"Key"_s, 5), value);
+    setSettingsFile(path(u"settings.ini"_s));
+    QCOMPARE(ReadSetting(u"Section"_s, u"Key"_s, 5), value);
 }
 
 void TestKSettings::state()
 {
     const QByteArray value("\0\xff,=\n@\"state", 12);
-    WriteSetting(QStringLiteral("Window"), QStringLiteral("state"), value);
-    setSettingsFile(path(QStringLiteral("settings.ini")));
-    QCOMPARE(ReadSetting(QStringLiteral("Window"), QStringLiteral("state"), QByteArray()), value);
+    WriteSetting(u"Window"_s, u"state"_s, value);
+    setSettingsFile(path(u"settings.ini"_s));
+    QCOMPARE(ReadSetting(u"Window"_s, u"state"_s, QByteArray()), value);
 }
 
 void TestKSettings::backslashesPartLevels()
 {
-    const QString key = QStringLiteral("sWidths");
-    WriteSetting(QStringLiteral("AutomobilContracts\\List"), key, QStringLiteral("40,80"));
-    WriteSetting(QStringLiteral("AutomobilContracts"), key, QStringLiteral("other"));
-    WriteSetting(QStringLiteral("AutomobilDemands\\List"), key, QStringLiteral("third"));
-    setSettingsFile(path(QStringLiteral("settings.ini")));
-    QCOMPARE(ReadSetting(QStringLiteral("AutomobilContracts\\List"), key, QString()), QStringLiteral("40,80"));
-    QCOMPARE(ReadSetting(QStringLiteral("AutomobilContracts"), QStringLiteral("List\\sWidths"), QString()),
-             QStringLiteral("40,80"));
-    QCOMPARE(ReadSetting(QStringLiteral("AutomobilContracts"), key, QString()), QStringLiteral("other"));
-    QCOMPARE(ReadSetting(QStringLiteral("AutomobilDemands\\List"), key, QString()), QStringLiteral("third"));
+    const QString key = u"sWidths"_s;
+    WriteSetting(u"AutomobilContracts\\List"_s, key, u"40,80"_s);
+    WriteSetting(u"AutomobilContracts"_s, key, u"other"_s);
+    WriteSetting(u"AutomobilDemands\\List"_s, key, u"third"_s);
+    setSettingsFile(path(u"settings.ini"_s));
+    QCOMPARE(ReadSetting(u"AutomobilContracts\\List"_s, key, QString()), u"40,80"_s);
+    QCOMPARE(ReadSetting(u"AutomobilContracts"_s, u"List\\sWidths"_s, QString()),
+             u"40,80"_s);
+    QCOMPARE(ReadSetting(u"AutomobilContracts"_s, key, QString()), u"other"_s);
+    QCOMPARE(ReadSetting(u"AutomobilDemands\\List"_s, key, QString()), u"third"_s);
 }
 
 void TestKSettings::otherKindGivesTheDefault()
 {
-    const QString section = QStringLiteral("Section");
-    WriteSetting(section, QStringLiteral("text"), QStringLiteral("abc"));
-    QCOMPARE(ReadSetting(section, QStringLiteral("text"), 7), 7);
-    QCOMPARE(ReadSetting(section, QStringLiteral("text"), QByteArray("d")), QByteArray("d"));
-    WriteSetting(section, QStringLiteral("state"), QByteArray("\x01\x02"));
-    QCOMPARE(ReadSetting(section, QStringLiteral("state"), QStringLiteral("d")), QStringLiteral("d"));
-    WriteSetting(section, QStringLiteral("number"), 12);
-    QCOMPARE(ReadSetting(section, QStringLiteral("number"), QStringLiteral("d")), QStringLiteral("12"));
+    const QString section = u"Section"_s;
+    WriteSetting(section, u"text"_s, u"abc"_s);
+    QCOMPARE(ReadSetting(section, u"text"_s, 7), 7);
+    QCOMPARE(ReadSetting(section, u"text"_s, QByteArray("d")), QByteArray("d"));
+    WriteSetting(section, u"state"_s, QByteArray("\x01\x02"));
+    QCOMPARE(ReadSetting(section, u"state"_s, u"d"_s), u"d"_s);
+    WriteSetting(section, u"number"_s, 12);
+    QCOMPARE(ReadSetting(section, u"number"_s, u"d"_s), u"12"_s);
 }
 
 void TestKSettings::whatIsWrittenSurvivesReopening()
 {
-    WriteSetting(QStringLiteral("A"), QStringLiteral("one"), 1);
+    WriteSetting(u"A"_s, u"one"_s, 1);
     QFile file(settingsFile());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("one=1"));
@@ -132,19 +134,19 @@ void TestKSettings::whatIsWrittenSurvivesReopening()
 
 void TestKSettings::twoFilesKeepApart()
 {
-    WriteSetting(QStringLiteral("A"), QStringLiteral("key"), 1);
-    setSettingsFile(path(QStringLiteral("other.ini")));
-    QCOMPARE(ReadSetting(QStringLiteral("A"), QStringLiteral("key"), 9), 9);
-    WriteSetting(QStringLiteral("A"), QStringLiteral("key"), 2);
-    setSettingsFile(path(QStringLiteral("settings.ini")));
-    QCOMPARE(ReadSetting(QStringLiteral("A"), QStringLiteral("key"), 9), 1);
+    WriteSetting(u"A"_s, u"key"_s, 1);
+    setSettingsFile(path(u"other.ini"_s));
+    QCOMPARE(ReadSetting(u"A"_s, u"key"_s, 9), 9);
+    WriteSetting(u"A"_s, u"key"_s, 2);
+    setSettingsFile(path(u"settings.ini"_s));
+    QCOMPARE(ReadSetting(u"A"_s, u"key"_s, 9), 1);
 }
 
 void TestKSettings::missingFoldersAreMade()
 {
-    const QString deep = path(QStringLiteral("not/yet/there.ini"));
+    const QString deep = path(u"not/yet/there.ini"_s);
     setSettingsFile(deep);
-    WriteSetting(QStringLiteral("A"), QStringLiteral("key"), 3);
+    WriteSetting(u"A"_s, u"key"_s, 3);
     QVERIFY(QFileInfo::exists(deep));
 }
 

@@ -9,6 +9,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 class TestMoney : public QObject
 {
     Q_OBJECT
@@ -102,9 +104,9 @@ void TestMoney::shown()
 
 void TestMoney::shownInTheOfficesDecimals()
 {
-    QCOMPARE(DToMoney(1250.5), QStringLiteral("1,251"));
+    QCOMPARE(DToMoney(1250.5), u"1,251"_s);
     setDefaultMoneyDecimals(2);
-    QCOMPARE(DToMoney(1250.5), QStringLiteral("1,250.50"));
+    QCOMPARE(DToMoney(1250.5), u"1,250.50"_s);
     setDefaultMoneyDecimals(99);
     QCOMPARE(defaultMoneyDecimals(), 4);
     setDefaultMoneyDecimals(-1);
@@ -187,16 +189,16 @@ void TestMoney::plainNumbers_data()
 {
     QTest::addColumn<QString>("shown");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("whole") << DToStr(9) << QStringLiteral("9");
-    QTest::newRow("half") << DToStr(4.5) << QStringLiteral("4.5");
-    QTest::newRow("negative quarter") << DToStr(-0.25) << QStringLiteral("-0.25");
-    QTest::newRow("four decimals at most") << DToStr(0.123456) << QStringLiteral("0.1235");
-    QTest::newRow("tens keep their zeros") << DToStr(100) << QStringLiteral("100");
-    QTest::newRow("no minus zero") << DToStr(-0.00001) << QStringLiteral("0");
-    QTest::newRow("no exponent") << DToStr(1e12) << QStringLiteral("1000000000000");
+    QTest::newRow("whole") << DToStr(9) << u"9"_s;
+    QTest::newRow("half") << DToStr(4.5) << u"4.5"_s;
+    QTest::newRow("negative quarter") << DToStr(-0.25) << u"-0.25"_s;
+    QTest::newRow("four decimals at most") << DToStr(0.123456) << u"0.1235"_s;
+    QTest::newRow("tens keep their zeros") << DToStr(100) << u"100"_s;
+    QTest::newRow("no minus zero") << DToStr(-0.00001) << u"0"_s;
+    QTest::newRow("no exponent") << DToStr(1e12) << u"1000000000000"_s;
     QTest::newRow("not a number") << DToStr(std::numeric_limits<double>::quiet_NaN()) << QString();
-    QTest::newRow("int") << IToStr(-2147483647 - 1) << QStringLiteral("-2147483648");
-    QTest::newRow("long") << LToStr(9223372036854775807) << QStringLiteral("9223372036854775807");
+    QTest::newRow("int") << IToStr(-2147483647 - 1) << u"-2147483648"_s;
+    QTest::newRow("long") << LToStr(9223372036854775807) << u"9223372036854775807"_s;
 }
 
 void TestMoney::plainNumbers()
@@ -210,17 +212,17 @@ void TestMoney::inWords_data()
     QTest::addColumn<double>("amount");
     QTest::addColumn<QString>("words");
     const auto row = [](double amount, const QString &words) { QTest::addRow("%.0f", amount) << amount << words; };
-    row(0, QStringLiteral("صفر"));
-    row(1, QStringLiteral("یک"));
-    row(19, QStringLiteral("نوزده"));
-    row(21, QStringLiteral("بیست و یک"));
-    row(100, QStringLiteral("صد"));
-    row(1000, QStringLiteral("یک هزار"));
-    row(1250000, QStringLiteral("یک میلیون و دویست و پنجاه هزار"));
-    row(850000000, QStringLiteral("هشتصد و پنجاه میلیون"));
-    row(3000000000.0, QStringLiteral("سه میلیارد"));
-    row(-5, QStringLiteral("منفی پنج"));
-    row(1999.6, QStringLiteral("دو هزار"));
+    row(0, u"صفر"_s);
+    row(1, u"یک"_s);
+    row(19, u"نوزده"_s);
+    row(21, u"بیست و یک"_s);
+    row(100, u"صد"_s);
+    row(1000, u"یک هزار"_s);
+    row(1250000, u"یک میلیون و دویست و پنجاه هزار"_s);
+    row(850000000, u"هشتصد و پنجاه میلیون"_s);
+    row(3000000000.0, u"سه میلیارد"_s);
+    row(-5, u"منفی پنج"_s);
+    row(1999.6, u"دو هزار"_s);
 }
 
 void TestMoney::inWords()
@@ -232,8 +234,8 @@ void TestMoney::inWords()
 void TestMoney::inWordsWithDecimals()
 {
     setDefaultMoneyDecimals(2);
-    QCOMPARE(amountInWords(12.5), QStringLiteral("دوازده ممیز پنج"));
-    QCOMPARE(amountInWords(12), QStringLiteral("دوازده"));
+    QCOMPARE(amountInWords(12.5), u"دوازده ممیز پنج"_s);
+    QCOMPARE(amountInWords(12), u"دوازده"_s);
 }
 
 void TestMoney::nothingInWords_data()

@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestProvinces : public QObject
 {
     Q_OBJECT
@@ -29,11 +31,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("province");
         QTest::addColumn<QString>("capital");
         QTest::addColumn<QString>("city");
-        QTest::newRow("Esfahan") << QStringLiteral("اصفهان") << QStringLiteral("اصفهان") << QStringLiteral("کاشان");
-        QTest::newRow("Alborz") << QStringLiteral("البرز") << QStringLiteral("کرج") << QStringLiteral("نظرآباد");
-        QTest::newRow("Gilan") << QStringLiteral("گیلان") << QStringLiteral("رشت") << QStringLiteral("لاهیجان");
-        QTest::newRow("Fars") << QStringLiteral("فارس") << QStringLiteral("شیراز") << QStringLiteral("جهرم");
-        QTest::newRow("Sistan") << QStringLiteral("سیستان و بلوچستان") << QStringLiteral("زاهدان") << QStringLiteral("چابهار");
+        QTest::newRow("Esfahan") << u"اصفهان"_s << u"اصفهان"_s << u"کاشان"_s;
+        QTest::newRow("Alborz") << u"البرز"_s << u"کرج"_s << u"نظرآباد"_s;
+        QTest::newRow("Gilan") << u"گیلان"_s << u"رشت"_s << u"لاهیجان"_s;
+        QTest::newRow("Fars") << u"فارس"_s << u"شیراز"_s << u"جهرم"_s;
+        QTest::newRow("Sistan") << u"سیستان و بلوچستان"_s << u"زاهدان"_s << u"چابهار"_s;
     }
 
     void citiesStandUnderTheirProvinceTheCapitalFirst()
@@ -58,16 +60,16 @@ private Q_SLOTS:
 
     void aProvinceIsFoundByArabicLettersToo()
     {
-        QCOMPARE(Provinces::cities(QStringLiteral("گيلان")).value(0), QStringLiteral("رشت"));
-        QCOMPARE(Provinces::cities(QStringLiteral("مركزي")).value(0), QStringLiteral("اراک"));
-        QVERIFY(Provinces::isCity(QStringLiteral("كرج")));
+        QCOMPARE(Provinces::cities(u"گيلان"_s).value(0), u"رشت"_s);
+        QCOMPARE(Provinces::cities(u"مركزي"_s).value(0), u"اراک"_s);
+        QVERIFY(Provinces::isCity(u"كرج"_s));
     }
 
     void whatIsNoPlaceGivesNothing()
     {
         QVERIFY(Provinces::cities(QString()).isEmpty());
-        QVERIFY(Provinces::cities(QStringLiteral("ناکجا")).isEmpty());
-        QVERIFY(!Provinces::isCity(QStringLiteral("ناکجا")));
+        QVERIFY(Provinces::cities(u"ناکجا"_s).isEmpty());
+        QVERIFY(!Provinces::isCity(u"ناکجا"_s));
         QVERIFY(!Provinces::isCity(QString()));
     }
 };

@@ -12,6 +12,8 @@
 #include <unicode/calendar.h>
 #include <unicode/gregocal.h>
 
+using namespace Qt::StringLiterals;
+
 // The new year's days come from the sky, not from the rule: the day whose mean noon at 52.5 degrees east follows the
 // vernal equinox, by the usual series for its instant (good to a minute between the years 1000 and 3000).
 namespace {
@@ -174,7 +176,7 @@ void TestShamsiDate::everyDayOfTheTableGoesBothWays()
             for (int day = 1; day <= shamsiDaysInMonth(year, month); ++day) {
                 if (ConvertToMiladi(year, month, day) != expected
                     || GetShamsi(expected) != ShamsiDate{year, month, day})
-                    QFAIL(qPrintable(QStringLiteral("%1/%2/%3").arg(year).arg(month).arg(day)));
+                    QFAIL(qPrintable(u"%1/%2/%3"_s.arg(year).arg(month).arg(day)));
                 expected = expected.addDays(1);
             }
         }
@@ -198,14 +200,14 @@ void TestShamsiDate::knownDays_data()
     QTest::addColumn<QDate>("date");
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("dayOfWeek");
-    QTest::newRow("today's example") << QDate(2026, 11, 20) << QStringLiteral("1405/08/29") << 6;
-    QTest::newRow("last day of a leap year") << QDate(2025, 3, 20) << QStringLiteral("1403/12/30") << 5;
-    QTest::newRow("first day after it") << QDate(2025, 3, 21) << QStringLiteral("1404/01/01") << 6;
-    QTest::newRow("22 Bahman 1357") << QDate(1979, 2, 11) << QStringLiteral("1357/11/22") << 1;
-    QTest::newRow("start of Unix time") << QDate(1970, 1, 1) << QStringLiteral("1348/10/11") << 5;
-    QTest::newRow("29 February") << QDate(2024, 2, 29) << QStringLiteral("1402/12/10") << 5;
-    QTest::newRow("last day of the first half") << QDate(2026, 9, 22) << QStringLiteral("1405/06/31") << 3;
-    QTest::newRow("first day of the second half") << QDate(2026, 9, 23) << QStringLiteral("1405/07/01") << 4;
+    QTest::newRow("today's example") << QDate(2026, 11, 20) << u"1405/08/29"_s << 6;
+    QTest::newRow("last day of a leap year") << QDate(2025, 3, 20) << u"1403/12/30"_s << 5;
+    QTest::newRow("first day after it") << QDate(2025, 3, 21) << u"1404/01/01"_s << 6;
+    QTest::newRow("22 Bahman 1357") << QDate(1979, 2, 11) << u"1357/11/22"_s << 1;
+    QTest::newRow("start of Unix time") << QDate(1970, 1, 1) << u"1348/10/11"_s << 5;
+    QTest::newRow("29 February") << QDate(2024, 2, 29) << u"1402/12/10"_s << 5;
+    QTest::newRow("last day of the first half") << QDate(2026, 9, 22) << u"1405/06/31"_s << 3;
+    QTest::newRow("first day of the second half") << QDate(2026, 9, 23) << u"1405/07/01"_s << 4;
 }
 
 void TestShamsiDate::knownDays()
@@ -245,17 +247,17 @@ void TestShamsiDate::noSuchDay()
 void TestShamsiDate::parse_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("slashes") << QStringLiteral("1405/08/29");
-    QTest::newRow("no leading zero") << QStringLiteral("1405/8/29");
-    QTest::newRow("eight digits") << QStringLiteral("14050829");
-    QTest::newRow("dashes") << QStringLiteral("1405-08-29");
-    QTest::newRow("dots") << QStringLiteral("1405.8.29");
-    QTest::newRow("Persian digits") << QStringLiteral("۱۴۰۵/۰۸/۲۹");
-    QTest::newRow("Persian digits without separators") << QStringLiteral("۱۴۰۵۰۸۲۹");
-    QTest::newRow("Arabic digits") << QStringLiteral("١٤٠٥/٨/٢٩");
-    QTest::newRow("mixed digits") << QStringLiteral("۱۴05/٠٨/29");
-    QTest::newRow("blanks around") << QStringLiteral("  1405/08/29\t");
-    QTest::newRow("direction mark in front") << QStringLiteral("\u200E1405/08/29");
+    QTest::newRow("slashes") << u"1405/08/29"_s;
+    QTest::newRow("no leading zero") << u"1405/8/29"_s;
+    QTest::newRow("eight digits") << u"14050829"_s;
+    QTest::newRow("dashes") << u"1405-08-29"_s;
+    QTest::newRow("dots") << u"1405.8.29"_s;
+    QTest::newRow("Persian digits") << u"۱۴۰۵/۰۸/۲۹"_s;
+    QTest::newRow("Persian digits without separators") << u"۱۴۰۵۰۸۲۹"_s;
+    QTest::newRow("Arabic digits") << u"١٤٠٥/٨/٢٩"_s;
+    QTest::newRow("mixed digits") << u"۱۴05/٠٨/29"_s;
+    QTest::newRow("blanks around") << u"  1405/08/29\t"_s;
+    QTest::newRow("direction mark in front") << u"\u200E1405/08/29"_s;
 }
 
 void TestShamsiDate::parse()
@@ -286,15 +288,15 @@ void TestShamsiDate::addMonths_data()
     QTest::addColumn<QString>("from");
     QTest::addColumn<int>("months");
     QTest::addColumn<QString>("to");
-    QTest::newRow("into a shorter month") << QStringLiteral("1405/06/31") << 1 << QStringLiteral("1405/07/30");
+    QTest::newRow("into a shorter month") << u"1405/06/31"_s << 1 << u"1405/07/30"_s;
     QTest::newRow("into Esfand of an ordinary year")
-        << QStringLiteral("1405/11/30") << 1 << QStringLiteral("1405/12/29");
-    QTest::newRow("into Esfand of a leap year") << QStringLiteral("1408/11/30") << 1 << QStringLiteral("1408/12/30");
-    QTest::newRow("over the year's end") << QStringLiteral("1405/12/01") << 1 << QStringLiteral("1406/01/01");
-    QTest::newRow("back over the year's start") << QStringLiteral("1405/01/31") << -1 << QStringLiteral("1404/12/29");
-    QTest::newRow("a year on from leap Esfand") << QStringLiteral("1403/12/30") << 12 << QStringLiteral("1404/12/29");
-    QTest::newRow("before the first year") << QStringLiteral("1206/01/01") << -1 << QString();
-    QTest::newRow("after the last year") << QStringLiteral("1498/12/30") << 1 << QString();
+        << u"1405/11/30"_s << 1 << u"1405/12/29"_s;
+    QTest::newRow("into Esfand of a leap year") << u"1408/11/30"_s << 1 << u"1408/12/30"_s;
+    QTest::newRow("over the year's end") << u"1405/12/01"_s << 1 << u"1406/01/01"_s;
+    QTest::newRow("back over the year's start") << u"1405/01/31"_s << -1 << u"1404/12/29"_s;
+    QTest::newRow("a year on from leap Esfand") << u"1403/12/30"_s << 12 << u"1404/12/29"_s;
+    QTest::newRow("before the first year") << u"1206/01/01"_s << -1 << QString();
+    QTest::newRow("after the last year") << u"1498/12/30"_s << 1 << QString();
 }
 
 void TestShamsiDate::addMonths()
@@ -307,13 +309,13 @@ void TestShamsiDate::addMonths()
 
 void TestShamsiDate::namesOfMonthsAndDays()
 {
-    QCOMPARE(shamsiMonthName(1), QStringLiteral("فروردین"));
-    QCOMPARE(shamsiMonthName(8), QStringLiteral("آبان"));
-    QCOMPARE(shamsiMonthName(12), QStringLiteral("اسفند"));
+    QCOMPARE(shamsiMonthName(1), u"فروردین"_s);
+    QCOMPARE(shamsiMonthName(8), u"آبان"_s);
+    QCOMPARE(shamsiMonthName(12), u"اسفند"_s);
     QCOMPARE(shamsiMonthName(0), QString());
     QCOMPARE(shamsiMonthName(13), QString());
-    QCOMPARE(shamsiDayName(shamsiDayOfWeek(QDate(2026, 11, 20))), QStringLiteral("جمعه"));
-    QCOMPARE(shamsiDayName(shamsiDayOfWeek(QDate(2026, 11, 21))), QStringLiteral("شنبه"));
+    QCOMPARE(shamsiDayName(shamsiDayOfWeek(QDate(2026, 11, 20))), u"جمعه"_s);
+    QCOMPARE(shamsiDayName(shamsiDayOfWeek(QDate(2026, 11, 21))), u"شنبه"_s);
     QCOMPARE(shamsiDayName(-1), QString());
     QCOMPARE(shamsiDayName(7), QString());
     QCOMPARE(shamsiDayOfWeek(QDate()), -1);
@@ -323,10 +325,10 @@ void TestShamsiDate::dateToSql_data()
 {
     QTest::addColumn<QDateTime>("value");
     QTest::addColumn<QString>("sql");
-    QTest::newRow("midnight") << QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC) << QStringLiteral("'2026-11-20'");
+    QTest::newRow("midnight") << QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC) << u"'2026-11-20'"_s;
     QTest::newRow("late in the day") << QDateTime(QDate(2026, 1, 2), QTime(23, 59, 59), Qt::UTC)
-                                     << QStringLiteral("'2026-01-02'");
-    QTest::newRow("no date") << QDateTime() << QStringLiteral("NULL");
+                                     << u"'2026-01-02'"_s;
+    QTest::newRow("no date") << QDateTime() << u"NULL"_s;
 }
 
 void TestShamsiDate::dateToSql()

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestTextStandard : public QObject
 {
     Q_OBJECT
@@ -31,28 +33,28 @@ void TestTextStandard::standard_data()
         QTest::newRow(name) << text << expected;
     };
     row("empty", QString(), QString());
-    row("only blanks", QStringLiteral(" \t "), QString());
-    row("Arabic yeh", QStringLiteral("علي"), QStringLiteral("علی"));
-    row("alef maksura", QStringLiteral("على"), QStringLiteral("علی"));
-    row("Arabic kaf", QStringLiteral("كريم"), QStringLiteral("کریم"));
-    row("Persian digits", QStringLiteral("پلاک ۱۲۳"), QStringLiteral("پلاک 123"));
-    row("Arabic digits", QStringLiteral("٠٩٨"), QStringLiteral("098"));
-    row("blanks at the ends", QStringLiteral("  رضا  "), QStringLiteral("رضا"));
-    row("runs of blanks", QStringLiteral("علی   رضا"), QStringLiteral("علی رضا"));
-    row("no-break blank and tab", QStringLiteral("علی\u00A0\tرضا"), QStringLiteral("علی رضا"));
-    row("non-joiner between letters stays", QStringLiteral("می\u200Cرود"), QStringLiteral("می\u200Cرود"));
-    row("two non-joiners are one", QStringLiteral("می\u200C\u200Cرود"), QStringLiteral("می\u200Cرود"));
-    row("non-joiner beside a blank goes", QStringLiteral("می\u200C رود"), QStringLiteral("می رود"));
-    row("non-joiner after a blank goes", QStringLiteral("می \u200Cرود"), QStringLiteral("می رود"));
-    row("non-joiner at the ends goes", QStringLiteral("\u200Cرضا\u200C"), QStringLiteral("رضا"));
-    row("non-joiner before a digit goes", QStringLiteral("پژو\u200C206"), QStringLiteral("پژو206"));
-    row("kashida", QStringLiteral("رضـــا"), QStringLiteral("رضا"));
-    row("direction marks", QStringLiteral("\u200Fرضا\u200E\u202B"), QStringLiteral("رضا"));
-    row("shapes of old fonts", QStringLiteral("\uFEAD\uFEBF\uFE8E"), QStringLiteral("رضا"));
-    row("lines stay", QStringLiteral("یک \n دو"), QStringLiteral("یک\nدو"));
-    row("Latin letters stay", QStringLiteral("Peugeot 206"), QStringLiteral("Peugeot 206"));
-    row("vowel signs stay", QStringLiteral("مُحمّد"), QStringLiteral("مُحمّد"));
-    row("hamza forms stay", QStringLiteral("مؤمن آقا"), QStringLiteral("مؤمن آقا"));
+    row("only blanks", u" \t "_s, QString());
+    row("Arabic yeh", u"علي"_s, u"علی"_s);
+    row("alef maksura", u"على"_s, u"علی"_s);
+    row("Arabic kaf", u"كريم"_s, u"کریم"_s);
+    row("Persian digits", u"پلاک ۱۲۳"_s, u"پلاک 123"_s);
+    row("Arabic digits", u"٠٩٨"_s, u"098"_s);
+    row("blanks at the ends", u"  رضا  "_s, u"رضا"_s);
+    row("runs of blanks", u"علی   رضا"_s, u"علی رضا"_s);
+    row("no-break blank and tab", u"علی\u00A0\tرضا"_s, u"علی رضا"_s);
+    row("non-joiner between letters stays", u"می\u200Cرود"_s, u"می\u200Cرود"_s);
+    row("two non-joiners are one", u"می\u200C\u200Cرود"_s, u"می\u200Cرود"_s);
+    row("non-joiner beside a blank goes", u"می\u200C رود"_s, u"می رود"_s);
+    row("non-joiner after a blank goes", u"می \u200Cرود"_s, u"می رود"_s);
+    row("non-joiner at the ends goes", u"\u200Cرضا\u200C"_s, u"رضا"_s);
+    row("non-joiner before a digit goes", u"پژو\u200C206"_s, u"پژو206"_s);
+    row("kashida", u"رضـــا"_s, u"رضا"_s);
+    row("direction marks", u"\u200Fرضا\u200E\u202B"_s, u"رضا"_s);
+    row("shapes of old fonts", u"\uFEAD\uFEBF\uFE8E"_s, u"رضا"_s);
+    row("lines stay", u"یک \n دو"_s, u"یک\nدو"_s);
+    row("Latin letters stay", u"Peugeot 206"_s, u"Peugeot 206"_s);
+    row("vowel signs stay", u"مُحمّد"_s, u"مُحمّد"_s);
+    row("hamza forms stay", u"مؤمن آقا"_s, u"مؤمن آقا"_s);
 }
 
 void TestTextStandard::standard()
@@ -75,17 +77,17 @@ void TestTextStandard::sameKey_data()
     const auto row = [](const char *name, const QString &first, const QString &second) {
         QTest::newRow(name) << first << second;
     };
-    row("yeh and kaf", QStringLiteral("كيان"), QStringLiteral("کیان"));
-    row("digits", QStringLiteral("۰۹۱۲"), QStringLiteral("0912"));
-    row("blank or none", QStringLiteral("علی رضا"), QStringLiteral("علیرضا"));
-    row("non-joiner or none", QStringLiteral("علی\u200Cرضا"), QStringLiteral("علیرضا"));
-    row("alef with madda", QStringLiteral("آقایی"), QStringLiteral("اقایی"));
-    row("hamza on yeh", QStringLiteral("رئیسی"), QStringLiteral("رییسی"));
-    row("hamza on waw", QStringLiteral("مؤمنی"), QStringLiteral("مومنی"));
-    row("hamza alone", QStringLiteral("رجاء"), QStringLiteral("رجا"));
-    row("heh with yeh", QStringLiteral("خانۀ ما"), QStringLiteral("خانه ما"));
-    row("vowel signs", QStringLiteral("مُحمّد"), QStringLiteral("محمد"));
-    row("Latin case", QStringLiteral("BMW"), QStringLiteral("bmw"));
+    row("yeh and kaf", u"كيان"_s, u"کیان"_s);
+    row("digits", u"۰۹۱۲"_s, u"0912"_s);
+    row("blank or none", u"علی رضا"_s, u"علیرضا"_s);
+    row("non-joiner or none", u"علی\u200Cرضا"_s, u"علیرضا"_s);
+    row("alef with madda", u"آقایی"_s, u"اقایی"_s);
+    row("hamza on yeh", u"رئیسی"_s, u"رییسی"_s);
+    row("hamza on waw", u"مؤمنی"_s, u"مومنی"_s);
+    row("hamza alone", u"رجاء"_s, u"رجا"_s);
+    row("heh with yeh", u"خانۀ ما"_s, u"خانه ما"_s);
+    row("vowel signs", u"مُحمّد"_s, u"محمد"_s);
+    row("Latin case", u"BMW"_s, u"bmw"_s);
 }
 
 void TestTextStandard::sameKey()
@@ -100,9 +102,9 @@ void TestTextStandard::differentKeys_data()
 {
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("second");
-    QTest::newRow("other letters") << QStringLiteral("سعید") << QStringLiteral("صعید");
-    QTest::newRow("other digits") << QStringLiteral("0912") << QStringLiteral("0921");
-    QTest::newRow("with and without alef") << QStringLiteral("آرضا") << QStringLiteral("رضا");
+    QTest::newRow("other letters") << u"سعید"_s << u"صعید"_s;
+    QTest::newRow("other digits") << u"0912"_s << u"0921"_s;
+    QTest::newRow("with and without alef") << u"آرضا"_s << u"رضا"_s;
 }
 
 void TestTextStandard::differentKeys()
@@ -114,9 +116,9 @@ void TestTextStandard::differentKeys()
 
 void TestTextStandard::digits()
 {
-    const QString text = QStringLiteral(" ۱۲٣ كد \u200C4 ");
-    QCOMPARE(toAsciiDigits(text), QStringLiteral(" 123 كد \u200C4 "));
-    QCOMPARE(toAsciiDigits(QStringLiteral("۰۱۲۳۴۵۶۷۸۹٠١٢٣٤٥٦٧٨٩")), QStringLiteral("01234567890123456789"));
+    const QString text = u" ۱۲٣ كد \u200C4 "_s;
+    QCOMPARE(toAsciiDigits(text), u" 123 كد \u200C4 "_s);
+    QCOMPARE(toAsciiDigits(u"۰۱۲۳۴۵۶۷۸۹٠١٢٣٤٥٦٧٨٩"_s), u"01234567890123456789"_s);
 }
 
 static const RegisteredTest<TestTextStandard, QCoreApplication> registered;

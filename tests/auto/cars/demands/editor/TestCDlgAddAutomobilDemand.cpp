@@ -37,6 +37,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Demand = CTblAutomobilDemands;
@@ -64,7 +66,7 @@ class TestCDlgAddAutomobilDemand : public QObject
     QString value(const QString &statement) { return m_office->database().value(statement); }
     QString count(const char *table)
     {
-        return value(QStringLiteral("SELECT COUNT(*) FROM ") + QString::fromLatin1(table));
+        return value(u"SELECT COUNT(*) FROM "_s + QString::fromLatin1(table));
     }
 
     int addDemand(const std::function<void(Demand &)> &set = {})
@@ -88,7 +90,7 @@ class TestCDlgAddAutomobilDemand : public QObject
 
     static Demand &load(Demand &demand, int key)
     {
-        if (!demand.IsRecordExist(QStringLiteral("iID"), key))
+        if (!demand.IsRecordExist(u"iID"_s, key))
             qFatal("the demand is gone");
         return demand;
     }
@@ -121,16 +123,16 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_person = m_office->addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
-            person.m_sFatherName = QStringLiteral("علی");
-            person.m_sTel = QStringLiteral("02188776655");
-            person.m_sMobile = QStringLiteral("09121234567");
+        m_person = m_office->addPerson(u"سارا"_s, u"کریمی"_s, [](CTblPersons &person) {
+            person.m_sFatherName = u"علی"_s;
+            person.m_sTel = u"02188776655"_s;
+            person.m_sMobile = u"09121234567"_s;
         });
-        m_brand = m_office->addBrand(QStringLiteral("پژو"));
-        m_white = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سفید"));
-        m_black = CTblMultiItems::addValue(CTblItems::typeColor, QStringLiteral("سیاه"));
-        m_abs = CTblMultiItems::addValue(CTblItems::typeFeature, QStringLiteral("ترمز ABS"));
-        m_roof = CTblMultiItems::addValue(CTblItems::typeFeature, QStringLiteral("سقف باز شو"));
+        m_brand = m_office->addBrand(u"پژو"_s);
+        m_white = CTblMultiItems::addValue(CTblItems::typeColor, u"سفید"_s);
+        m_black = CTblMultiItems::addValue(CTblItems::typeColor, u"سیاه"_s);
+        m_abs = CTblMultiItems::addValue(CTblItems::typeFeature, u"ترمز ABS"_s);
+        m_roof = CTblMultiItems::addValue(CTblItems::typeFeature, u"سقف باز شو"_s);
     }
 
     // --- Texts ---
@@ -142,31 +144,31 @@ private Q_SLOTS:
         for (const QLabel *label : dialog->basePage()->findChildren<QLabel *>())
             labels << label->text();
         for (const QString &text :
-             {QStringLiteral("کد تقاضا :"), QStringLiteral("تاريخ ايجاد :"), QStringLiteral("کد شخص :"),
-              QStringLiteral("نام و نام خانوادگي :"), QStringLiteral("تلفن :"), QStringLiteral("نام پدر :"),
-              QStringLiteral("موبايل :"), QStringLiteral("نحوه آشنايي :"), QStringLiteral("خودرو درخواستي :"),
-              QStringLiteral("مبلغ از :"), QStringLiteral("تا مبلغ :"), QStringLiteral("سال توليد از :"), QStringLiteral("تا :"),
-              QStringLiteral("امکانات :"), QStringLiteral("رنگ :"), QStringLiteral("تاريخ مراجعه :"),
-              QStringLiteral("تاريخ حداکثر زمان نياز :"), QStringLiteral("توضيحات :"), QStringLiteral("توضيحات ويژه :"),
-              QStringLiteral("کاربر بايگاني کننده :"), QStringLiteral("تاريخ بايگاني :")})
+             {u"کد تقاضا :"_s, u"تاريخ ايجاد :"_s, u"کد شخص :"_s,
+              u"نام و نام خانوادگي :"_s, u"تلفن :"_s, u"نام پدر :"_s,
+              u"موبايل :"_s, u"نحوه آشنايي :"_s, u"خودرو درخواستي :"_s,
+              u"مبلغ از :"_s, u"تا مبلغ :"_s, u"سال توليد از :"_s, u"تا :"_s,
+              u"امکانات :"_s, u"رنگ :"_s, u"تاريخ مراجعه :"_s,
+              u"تاريخ حداکثر زمان نياز :"_s, u"توضيحات :"_s, u"توضيحات ويژه :"_s,
+              u"کاربر بايگاني کننده :"_s, u"تاريخ بايگاني :"_s})
             QVERIFY2(labels.contains(text), qPrintable(text));
-        QCOMPARE(dialog->basePage()->person()->title(), QStringLiteral("مشخصات شخص متقاضي"));
-        QCOMPARE(dialog->basePage()->reminder()->title(), QStringLiteral("يادآوري"));
-        QCOMPARE(dialog->basePage()->reminder()->remindBox()->text(), QStringLiteral("يادآوري شود"));
-        QCOMPARE(dialog->basePage()->reminder()->settingsButton()->text(), QStringLiteral("تنظيمات "));
+        QCOMPARE(dialog->basePage()->person()->title(), u"مشخصات شخص متقاضي"_s);
+        QCOMPARE(dialog->basePage()->reminder()->title(), u"يادآوري"_s);
+        QCOMPARE(dialog->basePage()->reminder()->remindBox()->text(), u"يادآوري شود"_s);
+        QCOMPARE(dialog->basePage()->reminder()->settingsButton()->text(), u"تنظيمات "_s);
         QStringList pages;
         for (int i = 0; i < dialog->tabs()->count(); ++i)
             pages << dialog->tabs()->button(i)->text();
-        QCOMPARE(pages, (QStringList{QStringLiteral("اطلاعات پایه"), QStringLiteral("پرونده های عمومی"), QStringLiteral("پرونده های شخصی")}));
+        QCOMPARE(pages, (QStringList{u"اطلاعات پایه"_s, u"پرونده های عمومی"_s, u"پرونده های شخصی"_s}));
     }
 
     void titleFollowsTheMode_data()
     {
         QTest::addColumn<int>("mode");
         QTest::addColumn<QString>("title");
-        QTest::newRow("new") << int(EditorMode::New) << QStringLiteral("تقاضا - جدید");
-        QTest::newRow("edit") << int(EditorMode::Edit) << QStringLiteral("تقاضا - ویرایش");
-        QTest::newRow("show") << int(EditorMode::Show) << QStringLiteral("تقاضا - نمایش");
+        QTest::newRow("new") << int(EditorMode::New) << u"تقاضا - جدید"_s;
+        QTest::newRow("edit") << int(EditorMode::Edit) << u"تقاضا - ویرایش"_s;
+        QTest::newRow("show") << int(EditorMode::Show) << u"تقاضا - نمایش"_s;
     }
 
     void titleFollowsTheMode()
@@ -196,7 +198,7 @@ private Q_SLOTS:
         const int key = addDemand([this](Demand &d) {
             d.m_iCode = 12;
             d.m_iUserID = m_office->adminID();
-            d.m_sAcquaintances = QStringLiteral("آشنا");
+            d.m_sAcquaintances = u"آشنا"_s;
             d.m_iAutomobilType = m_brand;
             d.m_iColor = m_black;
             d.m_iFacilities = m_roof;
@@ -205,25 +207,25 @@ private Q_SLOTS:
             d.m_dAmountFrom = 4e9;
             d.m_dAmountUpTo = 5e9;
             d.m_dateReference = QDateTime(QDate(2026, 3, 21), QTime(0, 0), Qt::UTC);
-            d.m_sDesc = QStringLiteral("یک\nدو");
-            d.m_sDescSpecial = QStringLiteral("فوری");
+            d.m_sDesc = u"یک\nدو"_s;
+            d.m_sDescSpecial = u"فوری"_s;
         });
         const auto dialog = opened(key, EditorMode::Edit);
         const KForm *form = dialog->basePage()->form();
         QCOMPARE(edit(*dialog, "iCode")->integer(), 12);
         QVERIFY(edit(*dialog, "iCode")->isReadOnly());
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("تاريخ ايجاد :"))->text(), QStringLiteral("1405/02/11"));
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("کاربر :"))->text(), QStringLiteral("مدیر"));
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("کد شخص :"))->text(), QStringLiteral("1"));
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("نام و نام خانوادگي :"))->text(), QStringLiteral("سارا کریمی"));
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("نام پدر :"))->text(), QStringLiteral("علی"));
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("تلفن :"))->text(), QStringLiteral("02188776655"));
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("موبايل :"))->text(), QStringLiteral("09121234567"));
-        QCOMPARE(form->comboBox(QStringLiteral("iAutomobilType"))->currentText(), QStringLiteral("پژو"));
-        QCOMPARE(form->comboBox(QStringLiteral("iColor"))->currentText(), QStringLiteral("سیاه"));
-        QCOMPARE(form->comboBox(QStringLiteral("iFacilities"))->currentText(), QStringLiteral("سقف باز شو"));
-        QCOMPARE(form->dateEdit(QStringLiteral("dateReference"))->text(), QStringLiteral("1405/01/01"));
-        QCOMPARE(form->longText(QStringLiteral("sDesc"))->toPlainText(), QStringLiteral("یک\nدو"));
+        QCOMPARE(named<KEdit>(*dialog, u"تاريخ ايجاد :"_s)->text(), u"1405/02/11"_s);
+        QCOMPARE(named<KEdit>(*dialog, u"کاربر :"_s)->text(), u"مدیر"_s);
+        QCOMPARE(named<KEdit>(*dialog, u"کد شخص :"_s)->text(), u"1"_s);
+        QCOMPARE(named<KEdit>(*dialog, u"نام و نام خانوادگي :"_s)->text(), u"سارا کریمی"_s);
+        QCOMPARE(named<KEdit>(*dialog, u"نام پدر :"_s)->text(), u"علی"_s);
+        QCOMPARE(named<KEdit>(*dialog, u"تلفن :"_s)->text(), u"02188776655"_s);
+        QCOMPARE(named<KEdit>(*dialog, u"موبايل :"_s)->text(), u"09121234567"_s);
+        QCOMPARE(form->comboBox(u"iAutomobilType"_s)->currentText(), u"پژو"_s);
+        QCOMPARE(form->comboBox(u"iColor"_s)->currentText(), u"سیاه"_s);
+        QCOMPARE(form->comboBox(u"iFacilities"_s)->currentText(), u"سقف باز شو"_s);
+        QCOMPARE(form->dateEdit(u"dateReference"_s)->text(), u"1405/01/01"_s);
+        QCOMPARE(form->longText(u"sDesc"_s)->toPlainText(), u"یک\nدو"_s);
         QVERIFY(dialog->basePage()->archiveLine()->isHidden());
         QVERIFY(dialog->unarchiveButton()->isHidden());
     }
@@ -240,7 +242,7 @@ private Q_SLOTS:
                                                       : !control->isEnabled(),
                      qPrintable(field.column));
         }
-        for (const QString &name : {QStringLiteral("رنگ : ..."), QStringLiteral("امکانات : ..."), QStringLiteral("کد شخص : ...")})
+        for (const QString &name : {u"رنگ : ..."_s, u"امکانات : ..."_s, u"کد شخص : ..."_s})
             QVERIFY2(!named<QPushButton>(*dialog, name)->isEnabled(), qPrintable(name));
         QVERIFY(!dialog->activeBox()->isEnabled());
         QVERIFY(dialog->basePage()->reminder()->isHidden());
@@ -262,10 +264,10 @@ private Q_SLOTS:
     void aNewDemandStartsWithTodayAsTheDayOfTheVisit()
     {
         const auto dialog = opened(Dialog::addPlaceholder(), EditorMode::New);
-        QCOMPARE(dialog->basePage()->form()->dateEdit(QStringLiteral("dateReference"))->date(),
+        QCOMPARE(dialog->basePage()->form()->dateEdit(u"dateReference"_s)->date(),
                  GetDBSetting()->GetDBServerDate().date());
-        QVERIFY(!dialog->basePage()->form()->dateEdit(QStringLiteral("dateMaxTimeNeed"))->date().isValid());
-        QCOMPARE(named<KEdit>(*dialog, QStringLiteral("کاربر :"))->text(), QStringLiteral("مدیر"));
+        QVERIFY(!dialog->basePage()->form()->dateEdit(u"dateMaxTimeNeed"_s)->date().isValid());
+        QCOMPARE(named<KEdit>(*dialog, u"کاربر :"_s)->text(), u"مدیر"_s);
     }
 
     // --- Keyboard ---
@@ -277,17 +279,17 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
         QCOMPARE(dialog->focusWidget(), dialog->basePage()->person()->codeEdit());
         QStringList met;
-        for (int i = 0; i < 40 && !met.contains(QStringLiteral("يادآوري شود")); ++i) {
+        for (int i = 0; i < 40 && !met.contains(u"يادآوري شود"_s); ++i) {
             QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
             met << dialog->focusWidget()->accessibleName();
         }
-        const QStringList expected = {QStringLiteral("خودرو درخواستي :"), QStringLiteral("سال توليد از :"), QStringLiteral("سال توليد تا :"), QStringLiteral("رنگ :"), QStringLiteral("رنگ : ..."), QStringLiteral("مبلغ از :"), QStringLiteral("تا مبلغ :"), QStringLiteral("امکانات :"), QStringLiteral("امکانات : ..."), QStringLiteral("تاريخ مراجعه :"), QStringLiteral("تاريخ حداکثر زمان نياز :"), QStringLiteral("نحوه آشنايي :"), QStringLiteral("توضيحات ويژه :"), QStringLiteral("توضيحات :"), QStringLiteral("يادآوري شود")};
+        const QStringList expected = {u"خودرو درخواستي :"_s, u"سال توليد از :"_s, u"سال توليد تا :"_s, u"رنگ :"_s, u"رنگ : ..."_s, u"مبلغ از :"_s, u"تا مبلغ :"_s, u"امکانات :"_s, u"امکانات : ..."_s, u"تاريخ مراجعه :"_s, u"تاريخ حداکثر زمان نياز :"_s, u"نحوه آشنايي :"_s, u"توضيحات ويژه :"_s, u"توضيحات :"_s, u"يادآوري شود"_s};
         QStringList order;
         for (const QString &name : std::as_const(met)) {
             if (expected.contains(name))
                 order << name;
         }
-        QVERIFY2(order == expected, qPrintable(met.join(QStringLiteral(" | "))));
+        QVERIFY2(order == expected, qPrintable(met.join(u" | "_s)));
     }
 
     void personIsPickedFromTheKeyboard()
@@ -315,9 +317,9 @@ private Q_SLOTS:
         });
         dialog->accept();
         QVERIFY(pickerCame);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام متقاضی را وارد نمایید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام متقاضی را وارد نمایید."_s});
         QVERIFY(dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT iPersonID FROM AutomobilDemands")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT iPersonID FROM AutomobilDemands"_s), u"0"_s);
     }
 
     void aDemandOfAPersonWhoIsGoneCannotBeSaved()
@@ -360,9 +362,9 @@ private Q_SLOTS:
         dialog->accept();
         QCOMPARE(dialog->result() == QDialog::Accepted, accepted);
         QCOMPARE(g_pDlgWarning->takeShown(),
-                 accepted ? QStringList() : QStringList{QStringLiteral("لطفا مدل سال بزرگتر از 1000 تا 3000 وارد کنید.")});
+                 accepted ? QStringList() : QStringList{u"لطفا مدل سال بزرگتر از 1000 تا 3000 وارد کنید."_s});
         if (accepted)
-            QCOMPARE(value(QStringLiteral("SELECT iModelUpTo FROM AutomobilDemands")).toInt(), upTo.toInt());
+            QCOMPARE(value(u"SELECT iModelUpTo FROM AutomobilDemands"_s).toInt(), upTo.toInt());
         else
             QCOMPARE(dialog->focusWidget(), edit(*dialog, "iModelFrom"));
     }
@@ -370,13 +372,13 @@ private Q_SLOTS:
     void aDateThatIsNoneIsRefusedAndKept()
     {
         const auto dialog = opened(addDemand(), EditorMode::Edit);
-        KDateEdit *date = dialog->basePage()->form()->dateEdit(QStringLiteral("dateMaxTimeNeed"));
-        date->setText(QStringLiteral("1404/12/30"));
+        KDateEdit *date = dialog->basePage()->form()->dateEdit(u"dateMaxTimeNeed"_s);
+        date->setText(u"1404/12/30"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
-        QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(QStringLiteral("تاريخ حداکثر زمان نياز :")));
+        QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(u"تاريخ حداکثر زمان نياز :"_s));
         QCOMPARE(dialog->focusWidget(), date);
-        QCOMPARE(date->text(), QStringLiteral("1404/12/30"));
+        QCOMPARE(date->text(), u"1404/12/30"_s);
     }
 
     // --- Saving ---
@@ -386,24 +388,24 @@ private Q_SLOTS:
         const int key = addDemand();
         const auto dialog = opened(key, EditorMode::Edit);
         KForm *form = dialog->basePage()->form();
-        edit(*dialog, "sAcquaintances")->setText(QStringLiteral("روزنامه"));
-        form->setKey(QStringLiteral("iAutomobilType"), m_brand);
-        form->setKey(QStringLiteral("iColor"), m_white);
-        form->setKey(QStringLiteral("iFacilities"), m_abs);
-        edit(*dialog, "dAmountFrom")->setText(QStringLiteral("4,000,000,000"));
-        edit(*dialog, "dAmountUpTo")->setText(QStringLiteral("5000000000"));
-        edit(*dialog, "iModelFrom")->setText(QStringLiteral("۱۳۹۵"));
-        edit(*dialog, "iModelUpTo")->setText(QStringLiteral("1400"));
-        form->dateEdit(QStringLiteral("dateReference"))->setText(QStringLiteral("1405/01/01"));
-        form->dateEdit(QStringLiteral("dateMaxTimeNeed"))->setText(QStringLiteral("1405/02/01"));
-        form->longText(QStringLiteral("sDesc"))->setPlainText(QStringLiteral("الف\nب"));
-        edit(*dialog, "sDescSpecial")->setText(QStringLiteral("فوری"));
+        edit(*dialog, "sAcquaintances")->setText(u"روزنامه"_s);
+        form->setKey(u"iAutomobilType"_s, m_brand);
+        form->setKey(u"iColor"_s, m_white);
+        form->setKey(u"iFacilities"_s, m_abs);
+        edit(*dialog, "dAmountFrom")->setText(u"4,000,000,000"_s);
+        edit(*dialog, "dAmountUpTo")->setText(u"5000000000"_s);
+        edit(*dialog, "iModelFrom")->setText(u"۱۳۹۵"_s);
+        edit(*dialog, "iModelUpTo")->setText(u"1400"_s);
+        form->dateEdit(u"dateReference"_s)->setText(u"1405/01/01"_s);
+        form->dateEdit(u"dateMaxTimeNeed"_s)->setText(u"1405/02/01"_s);
+        form->longText(u"sDesc"_s)->setPlainText(u"الف\nب"_s);
+        edit(*dialog, "sDescSpecial")->setText(u"فوری"_s);
         dialog->accept();
         QCOMPARE(dialog->result(), int(QDialog::Accepted));
         Demand demand;
         load(demand, key);
         QCOMPARE(demand.m_iPersonID, m_person);
-        QCOMPARE(demand.m_sAcquaintances, QStringLiteral("روزنامه"));
+        QCOMPARE(demand.m_sAcquaintances, u"روزنامه"_s);
         QCOMPARE(demand.m_iAutomobilType, m_brand);
         QCOMPARE(demand.m_iColor, m_white);
         QCOMPARE(demand.m_iFacilities, m_abs);
@@ -413,8 +415,8 @@ private Q_SLOTS:
         QCOMPARE(demand.m_iModelUpTo, 1400);
         QCOMPARE(demand.m_dateReference.date(), QDate(2026, 3, 21));
         QCOMPARE(demand.m_dateMaxTimeNeed.date(), QDate(2026, 4, 21));
-        QCOMPARE(demand.m_sDesc, QStringLiteral("الف\nب"));
-        QCOMPARE(demand.m_sDescSpecial, QStringLiteral("فوری"));
+        QCOMPARE(demand.m_sDesc, u"الف\nب"_s);
+        QCOMPARE(demand.m_sDescSpecial, u"فوری"_s);
         QCOMPARE(demand.m_iStatus, 0);
     }
 
@@ -433,9 +435,9 @@ private Q_SLOTS:
     {
         const int key = addDemand();
         const auto dialog = opened(key, EditorMode::Edit);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilDemands"));
+        m_office->database().run(u"DELETE FROM AutomobilDemands"_s);
         dialog->accept();
-        QCOMPARE(count("AutomobilDemands"), QStringLiteral("0"));
+        QCOMPARE(count("AutomobilDemands"), u"0"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
@@ -444,11 +446,11 @@ private Q_SLOTS:
         const int key = addDemand([this](Demand &d) { d.m_iColor = m_black; });
         CTblMultiItems::deleteValue(m_black);
         const auto dialog = opened(key, EditorMode::Edit);
-        edit(*dialog, "sDescSpecial")->setText(QStringLiteral("x"));
+        edit(*dialog, "sDescSpecial")->setText(u"x"_s);
         dialog->accept();
         Demand demand;
         QCOMPARE(load(demand, key).m_iColor, m_black);
-        QCOMPARE(demand.m_sDescSpecial, QStringLiteral("x"));
+        QCOMPARE(demand.m_sDescSpecial, u"x"_s);
     }
 
     void aDemandIsMadeInactive()
@@ -467,24 +469,24 @@ private Q_SLOTS:
     void pickerOfColoursGivesTheOneThatWasTicked()
     {
         const auto dialog = opened(addDemand([this](Demand &d) { d.m_iColor = m_white; }), EditorMode::Edit);
-        pick(*dialog, QStringLiteral("رنگ : ..."), QStringLiteral("رنگ"), {QStringLiteral("سیاه")});
-        QCOMPARE(dialog->basePage()->form()->key(QStringLiteral("iColor")), m_black);
+        pick(*dialog, u"رنگ : ..."_s, u"رنگ"_s, {u"سیاه"_s});
+        QCOMPARE(dialog->basePage()->form()->key(u"iColor"_s), m_black);
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
     }
 
     void pickerOfFacilitiesKeepsOneOfSeveralAndSaysWhich()
     {
         const auto dialog = opened(addDemand([this](Demand &d) { d.m_iFacilities = m_abs; }), EditorMode::Edit);
-        pick(*dialog, QStringLiteral("امکانات : ..."), QStringLiteral("امکانات"), {QStringLiteral("ترمز ABS"), QStringLiteral("سقف باز شو")});
-        QCOMPARE(dialog->basePage()->form()->key(QStringLiteral("iFacilities")), m_roof);
-        QVERIFY(g_pDlgMessage->takeShown().value(0).contains(QStringLiteral("سقف باز شو")));
+        pick(*dialog, u"امکانات : ..."_s, u"امکانات"_s, {u"ترمز ABS"_s, u"سقف باز شو"_s});
+        QCOMPARE(dialog->basePage()->form()->key(u"iFacilities"_s), m_roof);
+        QVERIFY(g_pDlgMessage->takeShown().value(0).contains(u"سقف باز شو"_s));
     }
 
     void cancelledPickerLeavesTheValue()
     {
         const auto dialog = opened(addDemand([this](Demand &d) { d.m_iColor = m_white; }), EditorMode::Edit);
-        pick(*dialog, QStringLiteral("رنگ : ..."), QStringLiteral("رنگ"), {QStringLiteral("سیاه")}, false);
-        QCOMPARE(dialog->basePage()->form()->key(QStringLiteral("iColor")), m_white);
+        pick(*dialog, u"رنگ : ..."_s, u"رنگ"_s, {u"سیاه"_s}, false);
+        QCOMPARE(dialog->basePage()->form()->key(u"iColor"_s), m_white);
     }
 
     // --- Reminder ---
@@ -507,11 +509,11 @@ private Q_SLOTS:
         const DemandReminder *reminder = dialog->basePage()->reminder();
         confirmReminder();
         reminder->remindBox()->click();
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS(',',iTable,iRecordID,iRecordID2) FROM Alarms")),
-                 QStringLiteral("70,%1,1").arg(key));
-        const QString description = value(QStringLiteral("SELECT sDesc FROM Alarms"));
-        QVERIFY(description.contains(QStringLiteral("سارا کریمی")));
-        QVERIFY(description.contains(QStringLiteral("پژو")));
+        QCOMPARE(value(u"SELECT CONCAT_WS(',',iTable,iRecordID,iRecordID2) FROM Alarms"_s),
+                 u"70,%1,1"_s.arg(key));
+        const QString description = value(u"SELECT sDesc FROM Alarms"_s);
+        QVERIFY(description.contains(u"سارا کریمی"_s));
+        QVERIFY(description.contains(u"پژو"_s));
         QVERIFY(reminder->remindBox()->isChecked());
         QVERIFY(reminder->settingsButton()->isEnabled());
         QVERIFY(reminder->description().endsWith(description));
@@ -528,17 +530,17 @@ private Q_SLOTS:
         const auto proposed = [&dialog] {
             QString description;
             TestOffice::whenModal("CDlgAddAlarm", [&description](QWidget *window) {
-                description = named<KEdit>(*window, QStringLiteral("شرح :"))->text();
+                description = named<KEdit>(*window, u"شرح :"_s)->text();
                 static_cast<QDialog *>(window)->reject();
             });
             dialog->basePage()->reminder()->remindBox()->click();
             return description;
         };
-        QCOMPARE(proposed(), QStringLiteral("تقاضای 1"));
-        dialog->basePage()->form()->setKey(QStringLiteral("iAutomobilType"), m_brand);
-        QCOMPARE(proposed(), QStringLiteral("تقاضای 1 - پژو"));
+        QCOMPARE(proposed(), u"تقاضای 1"_s);
+        dialog->basePage()->form()->setKey(u"iAutomobilType"_s, m_brand);
+        QCOMPARE(proposed(), u"تقاضای 1 - پژو"_s);
         dialog->basePage()->person()->setPersonID(m_person);
-        QCOMPARE(proposed(), QStringLiteral("تقاضای 1 - سارا کریمی، پژو"));
+        QCOMPARE(proposed(), u"تقاضای 1 - سارا کریمی، پژو"_s);
     }
 
     // As a screen reader ticks it: without a click.
@@ -557,7 +559,7 @@ private Q_SLOTS:
         cancelReminder();
         dialog->basePage()->reminder()->remindBox()->click();
         QVERIFY(!dialog->basePage()->reminder()->remindBox()->isChecked());
-        QCOMPARE(count("Alarms"), QStringLiteral("0"));
+        QCOMPARE(count("Alarms"), u"0"_s);
     }
 
     void aReminderThatIsThereIsChangedByBothControls()
@@ -571,15 +573,15 @@ private Q_SLOTS:
                                          static_cast<QAbstractButton *>(reminder->settingsButton())}) {
             const QString text = control->text();
             TestOffice::whenModal("CDlgAddAlarm", [&](QWidget *window) {
-                QVERIFY(window->windowTitle().contains(QStringLiteral("ویرایش")));
-                named<KEdit>(*window, QStringLiteral("شرح :"))->setText(text);
+                QVERIFY(window->windowTitle().contains(u"ویرایش"_s));
+                named<KEdit>(*window, u"شرح :"_s)->setText(text);
                 static_cast<QDialog *>(window)->accept();
             });
             control->click();
             QVERIFY(reminder->description().contains(text.trimmed()));
             QVERIFY(reminder->remindBox()->isChecked());
         }
-        QCOMPARE(count("Alarms"), QStringLiteral("1"));
+        QCOMPARE(count("Alarms"), u"1"_s);
     }
 
     void aReminderThatWasDeletedElsewhereIsAddedAnew()
@@ -590,7 +592,7 @@ private Q_SLOTS:
         confirmReminder();
         dialog->basePage()->reminder()->remindBox()->click();
         Demand demand;
-        QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(QStringLiteral("SELECT iID FROM Alarms")));
+        QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(u"SELECT iID FROM Alarms"_s));
     }
 
     void aReminderDeletedWhileItsDemandIsOpenIsAddedAnewToo()
@@ -599,16 +601,16 @@ private Q_SLOTS:
         const auto dialog = opened(key, EditorMode::Edit);
         confirmReminder();
         dialog->basePage()->reminder()->remindBox()->click();
-        m_office->database().run(QStringLiteral("DELETE FROM Alarms"));
+        m_office->database().run(u"DELETE FROM Alarms"_s);
         bool isNew = false;
         TestOffice::whenModal("CDlgAddAlarm", [&isNew](QWidget *window) {
-            isNew = window->windowTitle().endsWith(QStringLiteral("جدید"));
+            isNew = window->windowTitle().endsWith(u"جدید"_s);
             static_cast<QDialog *>(window)->accept();
         });
         dialog->basePage()->reminder()->settingsButton()->click();
         QVERIFY(isNew);
         Demand demand;
-        QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(QStringLiteral("SELECT iID FROM Alarms")));
+        QCOMPARE(QString::number(load(demand, key).m_iAlarmID), value(u"SELECT iID FROM Alarms"_s));
     }
 
     void cancelledEditLeavesTheReminderWithItsDemandAndNoneWithout()
@@ -620,9 +622,9 @@ private Q_SLOTS:
             dialog->basePage()->reminder()->remindBox()->click();
             dialog->reject();
         }
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM Alarms a JOIN AutomobilDemands d ON d.iAlarmID=a.iID")),
-                 QStringLiteral("1"));
-        QCOMPARE(count("Alarms"), QStringLiteral("1"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Alarms a JOIN AutomobilDemands d ON d.iAlarmID=a.iID"_s),
+                 u"1"_s);
+        QCOMPARE(count("Alarms"), u"1"_s);
     }
 
     void shownDemandShowsItsReminder()
@@ -672,35 +674,35 @@ private Q_SLOTS:
 
     void aNewDemandThatCannotBeOpenedLeavesNoRowAndItsError()
     {
-        m_office->database().run(QStringLiteral("RENAME TABLE CarBrands TO CarBrandsAway"));
+        m_office->database().run(u"RENAME TABLE CarBrands TO CarBrandsAway"_s);
         bool thrown = false;
         try {
             Dialog::NewDemand(nullptr);
         } catch (const CMySQLException &) {
             thrown = true;
         }
-        m_office->database().run(QStringLiteral("RENAME TABLE CarBrandsAway TO CarBrands"));
+        m_office->database().run(u"RENAME TABLE CarBrandsAway TO CarBrands"_s);
         QVERIFY(thrown);
-        QCOMPARE(count("AutomobilDemands"), QStringLiteral("0"));
+        QCOMPARE(count("AutomobilDemands"), u"0"_s);
     }
 
     void cancelledNewDemandLeavesNoRowFileOrReminder()
     {
         const int other = addDemand();
-        m_office->database().run(QStringLiteral("INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a')").arg(other));
+        m_office->database().run(u"INSERT INTO Alarms (iTable,iRecordID,sDesc) VALUES (70,%1,'a')"_s.arg(other));
         TestOffice::whenModal("CDlgAddAutomobilDemand", [this](QWidget *window) {
             auto *dialog = static_cast<Dialog *>(window);
             m_office->database().run(
-                QStringLiteral("INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a')").arg(dialog->key()));
+                u"INSERT INTO FileDocs (iTable,iRecordID,sName) VALUES (70,%1,'a')"_s.arg(dialog->key()));
             confirmReminder();
             dialog->basePage()->reminder()->remindBox()->click();
-            QCOMPARE(count("Alarms"), QStringLiteral("2"));
+            QCOMPARE(count("Alarms"), u"2"_s);
             dialog->reject();
         });
         QCOMPARE(Dialog::NewDemand(nullptr), 0);
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iID) FROM AutomobilDemands")), QString::number(other));
-        QCOMPARE(count("FileDocs"), QStringLiteral("0"));
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iRecordID) FROM Alarms")), QString::number(other));
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilDemands"_s), QString::number(other));
+        QCOMPARE(count("FileDocs"), u"0"_s);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iRecordID) FROM Alarms"_s), QString::number(other));
     }
 
     void noneIsAddedOrChangedInAClosedDatabase()
@@ -716,7 +718,7 @@ private Q_SLOTS:
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         QVERIFY(dialog->isVisible());
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iArchiveUserID) FROM AutomobilDemands")), QStringLiteral("3"));
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iArchiveUserID) FROM AutomobilDemands"_s), u"3"_s);
     }
 
     void filePagesAreBoundToTheDemand()
@@ -724,7 +726,7 @@ private Q_SLOTS:
         const int key = addDemand();
         const auto dialog = opened(key, EditorMode::Edit);
         QTemporaryDir folder;
-        QFile file(folder.filePath(QStringLiteral("a.txt")));
+        QFile file(folder.filePath(u"a.txt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("a");
         file.close();
@@ -732,8 +734,8 @@ private Q_SLOTS:
         QCOMPARE(pages.size(), 2);
         for (CDlgFileDocs *page : pages)
             QVERIFY(page->addFile(file.fileName()));
-        QCOMPARE(value(QStringLiteral("SELECT GROUP_CONCAT(iTable,',',iRecordID,',',iScope ORDER BY iScope SEPARATOR ' ') FROM FileDocs")),
-                 QStringLiteral("70,%1,0 70,%1,1").arg(key));
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iTable,',',iRecordID,',',iScope ORDER BY iScope SEPARATOR ' ') FROM FileDocs"_s),
+                 u"70,%1,0 70,%1,1"_s.arg(key));
     }
 
     // --- Archive ---
@@ -747,7 +749,7 @@ private Q_SLOTS:
         QVERIFY(dialog->unarchiveButton()->isVisible());
         QVERIFY(dialog->basePage()->archiveLine()->isVisible());
         dialog->unarchiveButton()->click();
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("این نامه از حالت بایگانی خارج شد.")});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"این نامه از حالت بایگانی خارج شد."_s});
         QVERIFY(dialog->refreshNeeded());
         QVERIFY(!dialog->isVisible());
         Demand demand;
@@ -759,10 +761,10 @@ private Q_SLOTS:
     void unarchivingNeedsItsRight()
     {
         const int key = addDemand([](Demand &d) { d.m_iArchiveUserID = 3; });
-        m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilDemands"), KSecurity::allRights);
+        m_office->logInAs(u"clerk"_s, u"AutomobilDemands"_s, KSecurity::allRights);
         const auto dialog = opened(key, EditorMode::Show);
         dialog->unarchiveButton()->click();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شما اجازه تغییر دادن ندارید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شما اجازه تغییر دادن ندارید."_s});
         QVERIFY(dialog->isVisible());
         Demand demand;
         QCOMPARE(load(demand, key).m_iArchiveUserID, 3);

@@ -27,6 +27,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 // An office with a car that has an owner, and the editor over it.
 class CarEditorOffice : public TestOffice
 {
@@ -37,19 +39,19 @@ public:
     void begin()
     {
         clear();
-        owner = addPerson(QStringLiteral("سارا"), QStringLiteral("کریمی"), [](CTblPersons &person) {
-            person.m_sNationalCode = QStringLiteral("0012345679");
-            person.m_sTel = QStringLiteral("02188776655");
-            person.m_sMobile = QStringLiteral("09121234567");
+        owner = addPerson(u"سارا"_s, u"کریمی"_s, [](CTblPersons &person) {
+            person.m_sNationalCode = u"0012345679"_s;
+            person.m_sTel = u"02188776655"_s;
+            person.m_sMobile = u"09121234567"_s;
         });
-        buyer = addPerson(QStringLiteral("رضا"), QStringLiteral("احمدی"));
-        peugeot = addBrand(QStringLiteral("پژو"));
-        saipa = addBrand(QStringLiteral("سایپا"));
-        model206 = addModel(peugeot, QStringLiteral("206"));
-        modelPars = addModel(peugeot, QStringLiteral("پارس"));
-        pride = addModel(saipa, QStringLiteral("پراید"));
-        type2 = addClass(model206, QStringLiteral("تیپ 2"));
-        type5 = addClass(model206, QStringLiteral("تیپ 5"));
+        buyer = addPerson(u"رضا"_s, u"احمدی"_s);
+        peugeot = addBrand(u"پژو"_s);
+        saipa = addBrand(u"سایپا"_s);
+        model206 = addModel(peugeot, u"206"_s);
+        modelPars = addModel(peugeot, u"پارس"_s);
+        pride = addModel(saipa, u"پراید"_s);
+        type2 = addClass(model206, u"تیپ 2"_s);
+        type5 = addClass(model206, u"تیپ 5"_s);
     }
 
     int addOwnedCar(const std::function<void(Car &)> &set = {})
@@ -63,7 +65,7 @@ public:
 
     static Car &load(Car &car, int key)
     {
-        if (!car.IsRecordExist(QStringLiteral("iID"), key))
+        if (!car.IsRecordExist(u"iID"_s, key))
             qFatal("the car is gone");
         return car;
     }
@@ -108,7 +110,7 @@ public:
 // The rows of car_labels.tsv of a page: column and label.
 inline QList<QPair<QString, QString>> carLabels(const QString &page)
 {
-    QFile file(QStringLiteral(TZ_TEST_SOURCE "/car_labels.tsv"));
+    QFile file(u"" TZ_TEST_SOURCE "/car_labels.tsv"_s);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("the labels could not be read");
     QList<QPair<QString, QString>> labels;

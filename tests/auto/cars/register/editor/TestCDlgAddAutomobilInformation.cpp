@@ -17,12 +17,14 @@
 #include <QDialogButtonBox>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
 using Dialog = CDlgAddAutomobilInformation;
 
-const QString archiveForm = QStringLiteral("AutomobilInformationArchive");
+const QString archiveForm = u"AutomobilInformationArchive"_s;
 
 QString column(const char *name)
 {
@@ -35,7 +37,7 @@ void enterInto(KForm &form, const KFormField &field, int number)
     using Kind = KFormField::Kind;
     switch (field.kind) {
     case Kind::Text:
-        form.edit(field.column)->setText(QStringLiteral("متن %1").arg(number));
+        form.edit(field.column)->setText(u"متن %1"_s.arg(number));
         break;
     case Kind::Date:
         form.dateEdit(field.column)->setDate(QDate(2026, 1, 1).addDays(number));
@@ -44,7 +46,7 @@ void enterInto(KForm &form, const KFormField &field, int number)
         form.checkBox(field.column)->setChecked(true);
         break;
     case Kind::EditableChoice:
-        form.comboBox(field.column)->setEditText(QStringLiteral("بیمه %1").arg(number));
+        form.comboBox(field.column)->setEditText(u"بیمه %1"_s.arg(number));
         break;
     case Kind::Lookup: {
         QComboBox *combo = form.comboBox(field.column);
@@ -93,7 +95,7 @@ class TestCDlgAddAutomobilInformation : public QObject
     QString value(const QString &statement) { return m_office->database().value(statement); }
     QString carColumn(const char *name, int key)
     {
-        return value(QStringLiteral("SELECT %1 FROM AutomobilInformations WHERE iID=%2").arg(column(name)).arg(key));
+        return value(u"SELECT %1 FROM AutomobilInformations WHERE iID=%2"_s.arg(column(name)).arg(key));
     }
     // The whole row but its picture, to see that it was left alone.
     QString row(int key)
@@ -119,9 +121,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<EditorMode>("mode");
         QTest::addColumn<QString>("title");
-        QTest::newRow("new") << EditorMode::New << QStringLiteral("گالري اتومبيل- جدید");
-        QTest::newRow("edit") << EditorMode::Edit << QStringLiteral("گالري اتومبيل- ویرایش");
-        QTest::newRow("show") << EditorMode::Show << QStringLiteral("گالري اتومبيل - نمایش");
+        QTest::newRow("new") << EditorMode::New << u"گالري اتومبيل- جدید"_s;
+        QTest::newRow("edit") << EditorMode::Edit << u"گالري اتومبيل- ویرایش"_s;
+        QTest::newRow("show") << EditorMode::Show << u"گالري اتومبيل - نمایش"_s;
     }
 
     void titleTellsTheMode()
@@ -138,21 +140,21 @@ private Q_SLOTS:
         QStringList titles;
         for (int i = 0; i < dialog->tabs()->count(); ++i)
             titles << dialog->tabs()->button(i)->text();
-        QCOMPARE(titles, (QStringList{QStringLiteral("اطلاعات پایه"), QStringLiteral("مشخصات فروش"), QStringLiteral("پرونده های شخصی")}));
+        QCOMPARE(titles, (QStringList{u"اطلاعات پایه"_s, u"مشخصات فروش"_s, u"پرونده های شخصی"_s}));
         QCOMPARE(dialog->tabs()->currentIndex(), 0);
     }
 
     void buttonsAndBoxAreToTheLetter()
     {
         auto dialog = m_office->opened(m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 7; }));
-        QCOMPARE(dialog->activeBox()->text(), QStringLiteral("فعال"));
-        QCOMPARE(dialog->unarchiveButton()->text(), QStringLiteral("برگشت از بايگاني"));
-        QCOMPARE(dialog->demandsButton()->text(), QStringLiteral("تقاضا"));
+        QCOMPARE(dialog->activeBox()->text(), u"فعال"_s);
+        QCOMPARE(dialog->unarchiveButton()->text(), u"برگشت از بايگاني"_s);
+        QCOMPARE(dialog->demandsButton()->text(), u"تقاضا"_s);
         QStringList captions;
         for (const QAbstractButton *button : dialog->findChild<QDialogButtonBox *>()->buttons())
             captions << button->text();
         captions.sort();
-        QStringList expected{QStringLiteral("تاييد"), QStringLiteral("انصراف")};
+        QStringList expected{u"تاييد"_s, u"انصراف"_s};
         expected.sort();
         QCOMPARE(captions, expected);
     }
@@ -205,7 +207,7 @@ private Q_SLOTS:
     {
         for (const int type : {CTblItems::typeSystem, CTblItems::typeEngineVolume, CTblItems::typeBodyStatus, CTblItems::typeColor,
                                CTblItems::typeSource, CTblItems::typeCountry, CTblItems::typeClearanceCustoms})
-            m_office->addItem(type, QStringLiteral("مقدار %1").arg(type));
+            m_office->addItem(type, u"مقدار %1"_s.arg(type));
         const int key = m_office->addOwnedCar();
         auto dialog = m_office->opened(key);
         // The catalog's columns follow each other, so they are entered in that order.
@@ -261,10 +263,10 @@ private Q_SLOTS:
             car.m_iTypeDocument = 7;
             car.m_iMonth = 13;
             car.m_dateCreate = QDateTime(QDate(2026, 5, 1), QTime(9, 30, 15), Qt::UTC);
-            car.m_sNumOfPlates = QStringLiteral("12 ب 345 ایران 67");
-            car.m_sVIN = QStringLiteral("wrong");
-            car.m_sCountry = QStringLiteral("ژاپن");
-            car.m_sNameInsurance = QStringLiteral("بیمه ایران");
+            car.m_sNumOfPlates = u"12 ب 345 ایران 67"_s;
+            car.m_sVIN = u"wrong"_s;
+            car.m_sCountry = u"ژاپن"_s;
+            car.m_sNameInsurance = u"بیمه ایران"_s;
             car.m_dSoldAmount = 10;
             car.m_dProfitAndLoss = 10;
             car.m_iStatus = 1;
@@ -280,7 +282,7 @@ private Q_SLOTS:
     {
         const int key = m_office->addCar();
         auto dialog = m_office->opened(key, EditorMode::New);
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
         dialog->tabs()->setCurrentIndex(1);
         bool picked = false;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
@@ -291,10 +293,10 @@ private Q_SLOTS:
         dialog->accept();
         QVERIFY(picked);
         QVERIFY(dialog->isVisible());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام مالک را وارد نمائید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام مالک را وارد نمائید."_s});
         QCOMPARE(dialog->tabs()->currentIndex(), 0);
         QCOMPARE(row(key), before);
-        QCOMPARE(dialog->basePage()->form()->edit(column("sDesc"))->text(), QStringLiteral("چیزی"));
+        QCOMPARE(dialog->basePage()->form()->edit(column("sDesc"))->text(), u"چیزی"_s);
     }
 
     void ownerThatIsGoneCountsAsNone()
@@ -305,7 +307,7 @@ private Q_SLOTS:
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(carColumn("iPersonID", key), QStringLiteral("4711"));
+        QCOMPARE(carColumn("iPersonID", key), u"4711"_s);
     }
 
     void ownerEqualToBuyerWarnsAndWritesNothingAndCorrectingEitherLetsTheSavePass_data()
@@ -321,17 +323,17 @@ private Q_SLOTS:
         const int key = m_office->addOwnedCar();
         const QString before = row(key);
         auto dialog = m_office->opened(key);
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
         dialog->salePage()->buyer()->setPersonID(m_office->owner);
         dialog->accept();
         QVERIFY(dialog->isVisible());
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("شخص مالک و خریدار یکی است لطفا اصلاح کنید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شخص مالک و خریدار یکی است لطفا اصلاح کنید."_s});
         QCOMPARE(row(key), before);
         (correctsOwner ? dialog->basePage()->owner() : dialog->salePage()->buyer())->setPersonID(m_office->buyer);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+        QCOMPARE(carColumn("sDesc", key), u"چیزی"_s);
         QCOMPARE(carColumn("iPersonID", key).toInt(), correctsOwner ? m_office->buyer : m_office->owner);
         QCOMPARE(carColumn("iPersonBuyerID", key).toInt(), correctsOwner ? m_office->owner : m_office->buyer);
     }
@@ -351,11 +353,11 @@ private Q_SLOTS:
         auto dialog = m_office->opened(key);
         QCOMPARE(dialog->salePage()->buyer()->name(), QString());
         QCOMPARE(dialog->salePage()->buyer()->codeEdit()->text(), QString());
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(carColumn("iPersonBuyerID", key), QStringLiteral("4711"));
-        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+        QCOMPARE(carColumn("iPersonBuyerID", key), u"4711"_s);
+        QCOMPARE(carColumn("sDesc", key), u"چیزی"_s);
     }
 
     void carThatVanishedStopsTheSaveWithoutAMessage()
@@ -364,26 +366,26 @@ private Q_SLOTS:
         auto dialog = m_office->opened(key);
         // Even where it would be told that both parties are one person.
         dialog->salePage()->buyer()->setPersonID(m_office->owner);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilInformations"));
+        m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
-        QCOMPARE(value(QStringLiteral("SELECT COUNT(*) FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"0"_s);
     }
 
     void carFirstSavedByAUserKeepsThatUserOnLaterSavesByOthers()
     {
         const int key = m_office->addOwnedCar();
-        QCOMPARE(carColumn("iUserID", key), QStringLiteral("0"));
+        QCOMPARE(carColumn("iUserID", key), u"0"_s);
         m_office->opened(key)->accept();
         QCOMPARE(carColumn("iUserID", key).toInt(), m_office->adminID());
-        const int clerk = m_office->logInAs(QStringLiteral("clerk"), QStringLiteral("AutomobilInformations"), KSecurity::allRights);
+        const int clerk = m_office->logInAs(u"clerk"_s, u"AutomobilInformations"_s, KSecurity::allRights);
         QVERIFY(clerk != m_office->adminID());
         auto dialog = m_office->opened(key);
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
         dialog->accept();
-        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+        QCOMPARE(carColumn("sDesc", key), u"چیزی"_s);
         QCOMPARE(carColumn("iUserID", key).toInt(), m_office->adminID());
     }
 
@@ -394,12 +396,12 @@ private Q_SLOTS:
         QVERIFY(dialog->activeBox()->isChecked());
         dialog->activeBox()->setChecked(false);
         dialog->accept();
-        QCOMPARE(carColumn("iStatus", key), QStringLiteral("1"));
+        QCOMPARE(carColumn("iStatus", key), u"1"_s);
         auto again = m_office->opened(key);
         QVERIFY(!again->activeBox()->isChecked());
         again->activeBox()->setChecked(true);
         again->accept();
-        QCOMPARE(carColumn("iStatus", key), QStringLiteral("0"));
+        QCOMPARE(carColumn("iStatus", key), u"0"_s);
     }
 
     void entryThatIsNoValueIsToldAndKept_data()
@@ -407,8 +409,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("page");
         QTest::addColumn<QString>("date");
         QTest::addColumn<QString>("label");
-        QTest::newRow("base page") << 0 << column("dateInsurance") << QStringLiteral("تاريخ بيمه :");
-        QTest::newRow("sale page") << 1 << column("dateBuy") << QStringLiteral("تاريخ خريد :");
+        QTest::newRow("base page") << 0 << column("dateInsurance") << u"تاريخ بيمه :"_s;
+        QTest::newRow("sale page") << 1 << column("dateBuy") << u"تاريخ خريد :"_s;
     }
 
     void entryThatIsNoValueIsToldAndKept()
@@ -420,7 +422,7 @@ private Q_SLOTS:
         auto dialog = m_office->opened(key);
         dialog->tabs()->setCurrentIndex(2);
         KForm *form = page == 0 ? dialog->basePage()->form() : dialog->salePage()->form();
-        form->dateEdit(date)->setText(QStringLiteral("1405/13/40"));
+        form->dateEdit(date)->setText(u"1405/13/40"_s);
         dialog->accept();
         QVERIFY(dialog->isVisible());
         const QStringList told = g_pDlgWarning->takeShown();
@@ -428,32 +430,32 @@ private Q_SLOTS:
         QVERIFY(told.constFirst().startsWith(label));
         QCOMPARE(dialog->tabs()->currentIndex(), page);
         QCOMPARE(dialog->focusWidget(), form->dateEdit(date));
-        QCOMPARE(form->dateEdit(date)->text(), QStringLiteral("1405/13/40"));
+        QCOMPARE(form->dateEdit(date)->text(), u"1405/13/40"_s);
     }
 
     void ownerIsAskedForBeforeAnythingElseIsFoundWrong()
     {
         auto dialog = m_office->opened(m_office->addCar(), EditorMode::New);
-        dialog->basePage()->form()->dateEdit(column("dateInsurance"))->setText(QStringLiteral("1405/13/40"));
+        dialog->basePage()->form()->dateEdit(column("dateInsurance"))->setText(u"1405/13/40"_s);
         TestOffice::whenModal("KDialogHolder", [](QWidget *window) { static_cast<QDialog *>(window)->reject(); });
         dialog->accept();
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{QStringLiteral("لطفا نام مالک را وارد نمائید.")});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا نام مالک را وارد نمائید."_s});
     }
 
     void failedSaveKeepsWhatWasTypedAndTheRow()
     {
         const int key = m_office->addOwnedCar();
         auto dialog = m_office->opened(key);
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
-        m_office->database().run(QStringLiteral("RENAME TABLE AutomobilInformations TO CarsAway"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
+        m_office->database().run(u"RENAME TABLE AutomobilInformations TO CarsAway"_s);
         dialog->accept();
-        m_office->database().run(QStringLiteral("RENAME TABLE CarsAway TO AutomobilInformations"));
+        m_office->database().run(u"RENAME TABLE CarsAway TO AutomobilInformations"_s);
         QVERIFY(dialog->isVisible());
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(dialog->basePage()->form()->edit(column("sDesc"))->text(), QStringLiteral("چیزی"));
+        QCOMPARE(dialog->basePage()->form()->edit(column("sDesc"))->text(), u"چیزی"_s);
         dialog->accept();
         QVERIFY(!dialog->isVisible());
-        QCOMPARE(carColumn("sDesc", key), QStringLiteral("چیزی"));
+        QCOMPARE(carColumn("sDesc", key), u"چیزی"_s);
     }
 
     void cancellingWritesNothing()
@@ -461,7 +463,7 @@ private Q_SLOTS:
         const int key = m_office->addOwnedCar();
         const QString before = row(key);
         auto dialog = m_office->opened(key);
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
         dialog->activeBox()->setChecked(false);
         QTest::keyClick(dialog.get(), Qt::Key_Escape);
         QVERIFY(!dialog->isVisible());
@@ -473,7 +475,7 @@ private Q_SLOTS:
         const int key = m_office->addOwnedCar();
         auto dialog = m_office->opened(key);
         GetDBSetting()->SetClosedDB(true);
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
         dialog->accept();
         const bool stayed = dialog->isVisible();
         QVERIFY_THROWS_EXCEPTION(KAccountingError, (void)Dialog::EditCar(key, false, nullptr));
@@ -488,7 +490,7 @@ private Q_SLOTS:
         TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
         QVERIFY(Dialog::EditCar(key, false, nullptr));
         TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) {
-            QCOMPARE(window->windowTitle(), QStringLiteral("گالري اتومبيل- جدید"));
+            QCOMPARE(window->windowTitle(), u"گالري اتومبيل- جدید"_s);
             static_cast<QDialog *>(window)->reject();
         });
         QVERIFY(!Dialog::EditCar(key, true, nullptr));
@@ -498,7 +500,7 @@ private Q_SLOTS:
 
     void viewingNeverWritesWhateverIsTyped()
     {
-        const int key = m_office->addOwnedCar([](Car &car) { car.m_sDesc = QStringLiteral("پیش"); });
+        const int key = m_office->addOwnedCar([](Car &car) { car.m_sDesc = u"پیش"_s; });
         const QString before = row(key);
         auto dialog = m_office->opened(key, EditorMode::Show);
         for (KForm *form : {dialog->basePage()->form(), dialog->salePage()->form()}) {
@@ -509,10 +511,10 @@ private Q_SLOTS:
                     QVERIFY2(!button->isVisibleTo(dialog.get()), qPrintable(field.column));
             }
         }
-        QTest::keyClicks(dialog->basePage()->form()->edit(column("sDesc")), QStringLiteral("more"));
-        dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("دیگر"));
+        QTest::keyClicks(dialog->basePage()->form()->edit(column("sDesc")), u"more"_s);
+        dialog->basePage()->form()->edit(column("sDesc"))->setText(u"دیگر"_s);
         QVERIFY(!dialog->activeBox()->isEnabled());
-        ObservedStatements written({QStringLiteral("UPDATE"), QStringLiteral("INSERT"), QStringLiteral("DELETE")});
+        ObservedStatements written({u"UPDATE"_s, u"INSERT"_s, u"DELETE"_s});
         dialog->accept();
         QVERIFY(!dialog->isVisible());
         QCOMPARE(dialog->result(), int(QDialog::Rejected));
@@ -556,7 +558,7 @@ private Q_SLOTS:
         bool changed = false;
         QStringList statements;
         TestOffice::whenModal("CDlgAddAutomobilInformation", [&](QWidget *window) {
-            const ObservedStatements written({QStringLiteral("UPDATE")});
+            const ObservedStatements written({u"UPDATE"_s});
             auto *dialog = static_cast<Dialog *>(window);
             dialog->unarchiveButton()->click();
             statements = written.taken();
@@ -565,10 +567,10 @@ private Q_SLOTS:
         });
         Dialog::ShowCar(key, changed, nullptr);
         QVERIFY(changed);
-        QCOMPARE(statements, (QStringList{QStringLiteral("UPDATE AutomobilInformations SET iArchiveUserID=0 WHERE iCode=%1 LIMIT 1").arg(carColumn("iCode", key))}));
-        QCOMPARE(carColumn("iArchiveUserID", key), QStringLiteral("0"));
+        QCOMPARE(statements, (QStringList{u"UPDATE AutomobilInformations SET iArchiveUserID=0 WHERE iCode=%1 LIMIT 1"_s.arg(carColumn("iCode", key))}));
+        QCOMPARE(carColumn("iArchiveUserID", key), u"0"_s);
         QVERIFY(!carColumn("dateArchive", key).isEmpty());
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{QStringLiteral("این نامه از حالت بایگانی خارج شد.")});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"این نامه از حالت بایگانی خارج شد."_s});
     }
 
     void backFromTheArchiveWhileEditingTellsTheListToo()
@@ -576,7 +578,7 @@ private Q_SLOTS:
         const int key = m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 5; });
         TestOffice::whenModal("CDlgAddAutomobilInformation", [](QWidget *window) {
             auto *dialog = static_cast<Dialog *>(window);
-            dialog->basePage()->form()->edit(column("sDesc"))->setText(QStringLiteral("چیزی"));
+            dialog->basePage()->form()->edit(column("sDesc"))->setText(u"چیزی"_s);
             dialog->unarchive();
         });
         bool changed = false;
@@ -588,18 +590,18 @@ private Q_SLOTS:
     void backFromTheArchiveWithoutItsRightDoesNothing()
     {
         const int key = m_office->addOwnedCar([](Car &car) { car.m_iArchiveUserID = 5; });
-        m_office->logInAs(QStringLiteral("stranger"), archiveForm, 0);
+        m_office->logInAs(u"stranger"_s, archiveForm, 0);
         auto dialog = m_office->opened(key);
         dialog->unarchiveButton()->click();
         QVERIFY(dialog->isVisible());
         QVERIFY(!dialog->refreshNeeded());
-        QCOMPARE(carColumn("iArchiveUserID", key), QStringLiteral("5"));
+        QCOMPARE(carColumn("iArchiveUserID", key), u"5"_s);
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(archiveForm, KSecurity::Write)});
-        m_office->logInAs(QStringLiteral("archivist"), archiveForm, KSecurity::Access);
+        m_office->logInAs(u"archivist"_s, archiveForm, KSecurity::Access);
         auto allowed = m_office->opened(key);
         allowed->unarchiveButton()->click();
-        QCOMPARE(carColumn("iArchiveUserID", key), QStringLiteral("0"));
+        QCOMPARE(carColumn("iArchiveUserID", key), u"0"_s);
     }
 
     // --- The window's other commands ---
@@ -621,14 +623,14 @@ private Q_SLOTS:
             static_cast<QDialog *>(window)->reject();
         });
         dialog->demandsButton()->click();
-        QCOMPARE(title, QStringLiteral("متقاضیان"));
+        QCOMPARE(title, u"متقاضیان"_s);
         QVERIFY(dialog->isVisible());
     }
 
     // Whoever enters a new car asks at once who wants it.
     void demandsAreMatchedWithWhatIsEnteredAndNotYetSaved()
     {
-        const int white = m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         m_office->addDemand([&](CTblAutomobilDemands &demand) {
             demand.m_iPersonID = m_office->buyer;
             demand.m_iAutomobilType = m_office->peugeot;
@@ -643,10 +645,10 @@ private Q_SLOTS:
         const int key = m_office->addOwnedCar([&](Car &car) { car.m_iAutomobilType = m_office->saipa; });
         auto dialog = m_office->opened(key);
         KForm &form = *dialog->basePage()->form();
-        form.setKey(QStringLiteral("iAutomobilType"), m_office->peugeot);
-        form.setKey(QStringLiteral("iColor"), white);
-        form.edit(QStringLiteral("iYear"))->setText(QStringLiteral("1400"));
-        form.edit(QStringLiteral("dAmount"))->setText(QStringLiteral("600"));
+        form.setKey(u"iAutomobilType"_s, m_office->peugeot);
+        form.setKey(u"iColor"_s, white);
+        form.edit(u"iYear"_s)->setText(u"1400"_s);
+        form.edit(u"dAmount"_s)->setText(u"600"_s);
         QString subject;
         QStringList fits;
         TestOffice::whenModal("CDlgMatches", [&](QWidget *window) {
@@ -657,8 +659,8 @@ private Q_SLOTS:
             matches->reject();
         });
         dialog->demandsButton()->click();
-        QCOMPARE(fits, QStringList{QStringLiteral("100% پژو")});
-        QCOMPARE(subject, QStringLiteral("خودروی 1: پژو، سفید، سال تولید 1400، مبلغ 600"));
+        QCOMPARE(fits, QStringList{u"100% پژو"_s});
+        QCOMPARE(subject, u"خودروی 1: پژو، سفید، سال تولید 1400، مبلغ 600"_s);
         // Asking saves nothing.
         QCOMPARE(carColumn("iAutomobilType", key), QString::number(m_office->saipa));
     }
@@ -667,7 +669,7 @@ private Q_SLOTS:
     {
         const int key = m_office->addOwnedCar();
         QTemporaryDir folder;
-        QFile file(folder.filePath(QStringLiteral("سند.txt")));
+        QFile file(folder.filePath(u"سند.txt"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("a");
         file.close();
@@ -676,8 +678,8 @@ private Q_SLOTS:
         auto *files = qobject_cast<CDlgFileDocs *>(dialog->tabs()->currentPage());
         QVERIFY(files);
         QVERIFY(files->addFile(file.fileName()));
-        QCOMPARE(value(QStringLiteral("SELECT CONCAT(iTable,'|',iRecordID,'|',iScope,'|',iUserID) FROM FileDocs")),
-                 QStringLiteral("68|%1|1|%2").arg(key).arg(m_office->adminID()));
+        QCOMPARE(value(u"SELECT CONCAT(iTable,'|',iRecordID,'|',iScope,'|',iUserID) FROM FileDocs"_s),
+                 u"68|%1|1|%2"_s.arg(key).arg(m_office->adminID()));
     }
 };
 

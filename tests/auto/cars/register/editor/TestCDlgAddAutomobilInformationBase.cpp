@@ -18,18 +18,20 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
 using Dialog = CDlgAddAutomobilInformation;
 using Parameters = InputParameters::Option;
 
-const QString brand = QStringLiteral("iAutomobilType");
-const QString model = QStringLiteral("iModel");
-const QString carClass = QStringLiteral("iBrigade");
-const QString color = QStringLiteral("iColor");
-const QString country = QStringLiteral("iCountry");
-const QString dash = QStringLiteral("-");
+const QString brand = u"iAutomobilType"_s;
+const QString model = u"iModel"_s;
+const QString carClass = u"iBrigade"_s;
+const QString color = u"iColor"_s;
+const QString country = u"iCountry"_s;
+const QString dash = u"-"_s;
 
 QByteArray picture()
 {
@@ -99,7 +101,7 @@ private Q_SLOTS:
     void everyLabelIsToTheLetter()
     {
         open();
-        compareLabels(QStringLiteral("base"), form(), *m_dialog->basePage());
+        compareLabels(u"base"_s, form(), *m_dialog->basePage());
     }
 
     void fixedListsAreToTheLetterAndStoreTheirCodes_data()
@@ -112,13 +114,13 @@ private Q_SLOTS:
             for (qsizetype i = 0; i < entries.size(); ++i)
                 QTest::addRow("%s %d", qPrintable(column), int(i)) << column << int(i) << entries.at(i).first << entries.at(i).second;
         };
-        rows(QStringLiteral("iFuel"), {{QStringLiteral("بنزین"), 1}, {QStringLiteral("دوگانه سوز"), 2}, {QStringLiteral("گاز"), 4}, {QStringLiteral("گازوئیل"), 3}, {QStringLiteral("سایر"), 5}});
-        rows(QStringLiteral("iUsageType"), {{QStringLiteral("سواری"), 1}, {QStringLiteral("سنگین"), 2}});
-        rows(QStringLiteral("iTypeDocument"), {{QStringLiteral("قولنامه ای"), 0}, {QStringLiteral("اجاره ای "), 1}});
-        QList<std::pair<QString, int>> months{{QStringLiteral("تمام ماه ها"), 0}};
+        rows(u"iFuel"_s, {{u"بنزین"_s, 1}, {u"دوگانه سوز"_s, 2}, {u"گاز"_s, 4}, {u"گازوئیل"_s, 3}, {u"سایر"_s, 5}});
+        rows(u"iUsageType"_s, {{u"سواری"_s, 1}, {u"سنگین"_s, 2}});
+        rows(u"iTypeDocument"_s, {{u"قولنامه ای"_s, 0}, {u"اجاره ای "_s, 1}});
+        QList<std::pair<QString, int>> months{{u"تمام ماه ها"_s, 0}};
         for (int month = 1; month <= 12; ++month)
             months.append({shamsiMonthName(month), month});
-        rows(QStringLiteral("iMonth"), months);
+        rows(u"iMonth"_s, months);
     }
 
     void fixedListsAreToTheLetterAndStoreTheirCodes()
@@ -139,16 +141,16 @@ private Q_SLOTS:
     void fixedListsHaveNoFurtherEntries()
     {
         open();
-        QCOMPARE(form().comboBox(QStringLiteral("iFuel"))->count(), 5);
-        QCOMPARE(form().comboBox(QStringLiteral("iUsageType"))->count(), 2);
-        QCOMPARE(form().comboBox(QStringLiteral("iTypeDocument"))->count(), 2);
-        QCOMPARE(form().comboBox(QStringLiteral("iMonth"))->count(), 13);
+        QCOMPARE(form().comboBox(u"iFuel"_s)->count(), 5);
+        QCOMPARE(form().comboBox(u"iUsageType"_s)->count(), 2);
+        QCOMPARE(form().comboBox(u"iTypeDocument"_s)->count(), 2);
+        QCOMPARE(form().comboBox(u"iMonth"_s)->count(), 13);
     }
 
     void codeIsShownAndKept()
     {
         open([](Car &car) { car.m_iCode = 77; });
-        KEdit *code = form().edit(QStringLiteral("iCode"));
+        KEdit *code = form().edit(u"iCode"_s);
         QVERIFY(code->isReadOnly());
         QCOMPARE(code->integer(), 77);
         Car car;
@@ -162,25 +164,25 @@ private Q_SLOTS:
         open();
         const PersonGroup &owner = *m_dialog->basePage()->owner();
         const auto text = [&owner](const QString &label) {
-            return named<KEdit>(owner, label + QStringLiteral(" مالک"))->plainText();
+            return named<KEdit>(owner, label + u" مالک"_s)->plainText();
         };
-        QCOMPARE(text(QStringLiteral("کد شخص :")), QStringLiteral("1"));
-        QCOMPARE(text(QStringLiteral("نام و نام خانوادگي :")), QStringLiteral("سارا کریمی"));
-        QCOMPARE(text(QStringLiteral("تلفن :")), QStringLiteral("02188776655"));
-        QCOMPARE(text(QStringLiteral("موبايل :")), QStringLiteral("09121234567"));
-        QCOMPARE(text(QStringLiteral("کد ملي :")), QStringLiteral("0012345679"));
+        QCOMPARE(text(u"کد شخص :"_s), u"1"_s);
+        QCOMPARE(text(u"نام و نام خانوادگي :"_s), u"سارا کریمی"_s);
+        QCOMPARE(text(u"تلفن :"_s), u"02188776655"_s);
+        QCOMPARE(text(u"موبايل :"_s), u"09121234567"_s);
+        QCOMPARE(text(u"کد ملي :"_s), u"0012345679"_s);
         QCOMPARE(owner.nationalCodeEdit()->layoutDirection(), Qt::LeftToRight);
     }
 
     void wrongNationalCodeGivesAHintAndNoRefusal()
     {
-        const int wrong = m_office->addPerson(QStringLiteral("علی"), QStringLiteral("رضایی"),
-                                              [](CTblPersons &person) { person.m_sNationalCode = QStringLiteral("0012345678"); });
+        const int wrong = m_office->addPerson(u"علی"_s, u"رضایی"_s,
+                                              [](CTblPersons &person) { person.m_sNationalCode = u"0012345678"_s; });
         open();
         PersonGroup *owner = m_dialog->basePage()->owner();
         QCOMPARE(owner->nationalCodeEdit()->accessibleDescription(), QString());
         owner->setPersonID(wrong);
-        QCOMPARE(owner->nationalCodeEdit()->accessibleDescription(), QStringLiteral("رقم کنترل درست نیست."));
+        QCOMPARE(owner->nationalCodeEdit()->accessibleDescription(), u"رقم کنترل درست نیست."_s);
         Car car;
         QCOMPARE(saved(car).m_iPersonID, wrong);
     }
@@ -192,8 +194,8 @@ private Q_SLOTS:
         QList<QPushButton *> buttons = owner->findChildren<QPushButton *>();
         QCOMPARE(buttons.size(), 2);
         for (const QPushButton *button : std::as_const(buttons))
-            QCOMPARE(button->text(), QStringLiteral("..."));
-        QPushButton *clear = named<QPushButton>(*owner, QStringLiteral("کد شخص : حذف مالک"));
+            QCOMPARE(button->text(), u"..."_s);
+        QPushButton *clear = named<QPushButton>(*owner, u"کد شخص : حذف مالک"_s);
         QVERIFY(clear->isEnabled());
         clear->click();
         QVERIFY(!clear->isEnabled());
@@ -219,8 +221,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("statement");
         QTest::addColumn<QString>("name");
-        QTest::newRow("changed") << QStringLiteral("UPDATE Persons SET sName2='سارا رستمی' WHERE iID=%1") << QStringLiteral("سارا رستمی");
-        QTest::newRow("deleted") << QStringLiteral("DELETE FROM Persons WHERE iID=%1") << QString();
+        QTest::newRow("changed") << u"UPDATE Persons SET sName2='سارا رستمی' WHERE iID=%1"_s << u"سارا رستمی"_s;
+        QTest::newRow("deleted") << u"DELETE FROM Persons WHERE iID=%1"_s << QString();
     }
 
     void ownerChangedOrDeletedInThePickerIsShownSoThoughNobodyWasPicked()
@@ -249,12 +251,12 @@ private Q_SLOTS:
             car.m_iModel = m_office->model206;
             car.m_iBrigade = m_office->type5;
         });
-        QCOMPARE(form().comboBox(brand)->currentText(), QStringLiteral("پژو"));
-        QCOMPARE(form().comboBox(model)->currentText(), QStringLiteral("206"));
-        QCOMPARE(form().comboBox(carClass)->currentText(), QStringLiteral("تیپ 5"));
-        QCOMPARE(offered(brand), (QStringList{dash, QStringLiteral("پژو"), QStringLiteral("سایپا")}));
-        QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("206"), QStringLiteral("پارس")}));
-        QCOMPARE(offered(carClass), (QStringList{dash, QStringLiteral("تیپ 2"), QStringLiteral("تیپ 5")}));
+        QCOMPARE(form().comboBox(brand)->currentText(), u"پژو"_s);
+        QCOMPARE(form().comboBox(model)->currentText(), u"206"_s);
+        QCOMPARE(form().comboBox(carClass)->currentText(), u"تیپ 5"_s);
+        QCOMPARE(offered(brand), (QStringList{dash, u"پژو"_s, u"سایپا"_s}));
+        QCOMPARE(offered(model), (QStringList{dash, u"206"_s, u"پارس"_s}));
+        QCOMPARE(offered(carClass), (QStringList{dash, u"تیپ 2"_s, u"تیپ 5"_s}));
     }
 
     void choosingABrandNarrowsTheModelsAndAModelTheClasses()
@@ -263,10 +265,10 @@ private Q_SLOTS:
         QCOMPARE(offered(model), QStringList{dash});
         QCOMPARE(offered(carClass), QStringList{dash});
         form().setKey(brand, m_office->peugeot);
-        QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("206"), QStringLiteral("پارس")}));
+        QCOMPARE(offered(model), (QStringList{dash, u"206"_s, u"پارس"_s}));
         QCOMPARE(offered(carClass), QStringList{dash});
         form().setKey(model, m_office->model206);
-        QCOMPARE(offered(carClass), (QStringList{dash, QStringLiteral("تیپ 2"), QStringLiteral("تیپ 5")}));
+        QCOMPARE(offered(carClass), (QStringList{dash, u"تیپ 2"_s, u"تیپ 5"_s}));
         form().setKey(carClass, m_office->type2);
         form().setKey(model, m_office->modelPars);
         QCOMPARE(offered(carClass), QStringList{dash});
@@ -276,7 +278,7 @@ private Q_SLOTS:
         form().setKey(carClass, m_office->type2);
         form().setKey(brand, m_office->saipa);
         QCOMPARE(offered(carClass), QStringList{dash});
-        QCOMPARE(offered(model), (QStringList{dash, QStringLiteral("پراید")}));
+        QCOMPARE(offered(model), (QStringList{dash, u"پراید"_s}));
         QCOMPARE(form().key(model), 0);
         Car car;
         saved(car);
@@ -301,8 +303,8 @@ private Q_SLOTS:
     void keyWhoseRowIsGoneStaysUntilSomethingElseIsChosen_data()
     {
         QTest::addColumn<QString>("column");
-        for (const QString &column : {brand, model, carClass, color, country, QStringLiteral("iSystem"), QStringLiteral("iSource"),
-                                      QStringLiteral("iBodyStatus"), QStringLiteral("iVolumCylinders")})
+        for (const QString &column : {brand, model, carClass, color, country, u"iSystem"_s, u"iSource"_s,
+                                      u"iBodyStatus"_s, u"iVolumCylinders"_s})
             QTest::newRow(qPrintable(column)) << column;
     }
 
@@ -317,7 +319,7 @@ private Q_SLOTS:
         Car car;
         QCOMPARE(saved(car).value(column).toInt(), 4711);
         m_dialog = m_office->opened(m_dialog->key());
-        QCOMPARE(form().comboBox(column)->currentText(), QStringLiteral("حذف شده"));
+        QCOMPARE(form().comboBox(column)->currentText(), u"حذف شده"_s);
         form().comboBox(column)->setCurrentIndex(0);
         QCOMPARE(saved(car).value(column).toInt(), 0);
     }
@@ -346,8 +348,8 @@ private Q_SLOTS:
             catalog.accept();
         });
         QCOMPARE(preselected, (QList<int>{m_office->peugeot, m_office->model206, m_office->type2}));
-        QCOMPARE(form().comboBox(brand)->currentText(), QStringLiteral("سایپا"));
-        QCOMPARE(form().comboBox(model)->currentText(), QStringLiteral("پراید"));
+        QCOMPARE(form().comboBox(brand)->currentText(), u"سایپا"_s);
+        QCOMPARE(form().comboBox(model)->currentText(), u"پراید"_s);
         QCOMPARE(form().key(carClass), 0);
     }
 
@@ -359,12 +361,12 @@ private Q_SLOTS:
             car.m_iBrigade = m_office->type2;
         });
         inCatalog(model, [this](CDlgCarsAll &catalog) {
-            QVERIFY(CatalogEntries::rename(CatalogLevel::Model, m_office->model206, QStringLiteral("206 جدید")));
+            QVERIFY(CatalogEntries::rename(CatalogLevel::Model, m_office->model206, u"206 جدید"_s));
             catalog.reject();
         });
         QCOMPARE(form().key(brand), m_office->peugeot);
-        QCOMPARE(form().comboBox(model)->currentText(), QStringLiteral("206 جدید"));
-        QCOMPARE(form().comboBox(carClass)->currentText(), QStringLiteral("تیپ 2"));
+        QCOMPARE(form().comboBox(model)->currentText(), u"206 جدید"_s);
+        QCOMPARE(form().comboBox(carClass)->currentText(), u"تیپ 2"_s);
     }
 
     // --- Input parameters ---
@@ -373,26 +375,26 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("column");
         QTest::addColumn<int>("option");
-        QTest::newRow("system") << QStringLiteral("iSystem") << int(Parameters::System);
-        QTest::newRow("volume") << QStringLiteral("iVolumCylinders") << int(Parameters::EngineVolume);
-        QTest::newRow("body") << QStringLiteral("iBodyStatus") << int(Parameters::BodyStatus);
+        QTest::newRow("system") << u"iSystem"_s << int(Parameters::System);
+        QTest::newRow("volume") << u"iVolumCylinders"_s << int(Parameters::EngineVolume);
+        QTest::newRow("body") << u"iBodyStatus"_s << int(Parameters::BodyStatus);
         QTest::newRow("colour") << color << int(Parameters::Color);
-        QTest::newRow("source") << QStringLiteral("iSource") << int(Parameters::Source);
+        QTest::newRow("source") << u"iSource"_s << int(Parameters::Source);
     }
 
     void everyListButtonOpensItsKindOfParameters()
     {
         QFETCH(QString, column);
         QFETCH(int, option);
-        const int one = m_office->addItem(InputParameters::itemType(option), QStringLiteral("یک"));
-        const int two = m_office->addItem(InputParameters::itemType(option), QStringLiteral("دو"));
-        m_office->addItem(999, QStringLiteral("بیگانه"));
+        const int one = m_office->addItem(InputParameters::itemType(option), u"یک"_s);
+        const int two = m_office->addItem(InputParameters::itemType(option), u"دو"_s);
+        m_office->addItem(999, u"بیگانه"_s);
         open([&](Car &car) { car.setValue(column, one); });
-        QCOMPARE(form().comboBox(column)->currentText(), QStringLiteral("یک"));
-        QCOMPARE(offered(column), (QStringList{dash, QStringLiteral("دو"), QStringLiteral("یک")}));
+        QCOMPARE(form().comboBox(column)->currentText(), u"یک"_s);
+        QCOMPARE(offered(column), (QStringList{dash, u"دو"_s, u"یک"_s}));
         int shown = -1;
         int preselected = 0;
-        inParameters(column, QStringLiteral("انتخاب"), [&](CDlgInputParameters &page) {
+        inParameters(column, u"انتخاب"_s, [&](CDlgInputParameters &page) {
             shown = page.option();
             preselected = page.list()->currentKey();
             page.list()->selectKey(two);
@@ -407,9 +409,9 @@ private Q_SLOTS:
     void valueAddedInTheParametersIsOfferedThoughNoneWasChosen()
     {
         open();
-        inParameters(color, QStringLiteral("انصراف"),
-                     [this](CDlgInputParameters &) { m_office->addItem(CTblItems::typeColor, QStringLiteral("نقره ای")); });
-        QCOMPARE(offered(color), (QStringList{dash, QStringLiteral("نقره ای")}));
+        inParameters(color, u"انصراف"_s,
+                     [this](CDlgInputParameters &) { m_office->addItem(CTblItems::typeColor, u"نقره ای"_s); });
+        QCOMPARE(offered(color), (QStringList{dash, u"نقره ای"_s}));
         QCOMPARE(form().key(color), 0);
     }
 
@@ -417,27 +419,27 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("column");
         QTest::addColumn<int>("option");
-        QTest::newRow("wheels") << QStringLiteral("iNumOfWheels") << int(Parameters::WheelCount);
-        QTest::newRow("cylinders") << QStringLiteral("iNumOfCylinders") << int(Parameters::CylinderCount);
-        QTest::newRow("capacity") << QStringLiteral("iCapacity") << int(Parameters::Capacity);
+        QTest::newRow("wheels") << u"iNumOfWheels"_s << int(Parameters::WheelCount);
+        QTest::newRow("cylinders") << u"iNumOfCylinders"_s << int(Parameters::CylinderCount);
+        QTest::newRow("capacity") << u"iCapacity"_s << int(Parameters::Capacity);
     }
 
     void numberButtonTakesTheNumberOfTheValue()
     {
         QFETCH(QString, column);
         QFETCH(int, option);
-        const int six = m_office->addItem(InputParameters::itemType(option), QStringLiteral("6 عدد"));
-        const int many = m_office->addItem(InputParameters::itemType(option), QStringLiteral("چند"));
+        const int six = m_office->addItem(InputParameters::itemType(option), u"6 عدد"_s);
+        const int many = m_office->addItem(InputParameters::itemType(option), u"چند"_s);
         open();
         int shown = -1;
-        inParameters(column, QStringLiteral("انتخاب"), [&](CDlgInputParameters &page) {
+        inParameters(column, u"انتخاب"_s, [&](CDlgInputParameters &page) {
             shown = page.option();
             page.list()->selectKey(six);
         });
         QCOMPARE(shown, option);
         QCOMPARE(form().edit(column)->integer(), 6);
         // A value without a number is told and changes nothing.
-        inParameters(column, QStringLiteral("انتخاب"), [&](CDlgInputParameters &page) { page.list()->selectKey(many); });
+        inParameters(column, u"انتخاب"_s, [&](CDlgInputParameters &page) { page.list()->selectKey(many); });
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         Car car;
         QCOMPARE(saved(car).value(column).toInt(), 6);
@@ -445,24 +447,24 @@ private Q_SLOTS:
 
     void countryIsOneOfAListThatGrowsOnTheSpot()
     {
-        const int iran = m_office->addItem(CTblItems::typeCountry, QStringLiteral("ایران"));
+        const int iran = m_office->addItem(CTblItems::typeCountry, u"ایران"_s);
         open([&](Car &car) { car.m_iCountry = iran; });
         inMultiItems(country, [](CDlgMultiItems &picker) {
-            QCOMPARE(picker.windowTitle(), QStringLiteral("کشور"));
-            QCOMPARE(picker.selectedNames(), QStringList{QStringLiteral("ایران")});
-            named<KEdit>(picker, QStringLiteral("نام :"))->setText(QStringLiteral("ژاپن"));
+            QCOMPARE(picker.windowTitle(), u"کشور"_s);
+            QCOMPARE(picker.selectedNames(), QStringList{u"ایران"_s});
+            named<KEdit>(picker, u"نام :"_s)->setText(u"ژاپن"_s);
             picker.addValue();
-            picker.setSelectedNames({QStringLiteral("ژاپن")});
+            picker.setSelectedNames({u"ژاپن"_s});
             picker.accept();
         });
-        QCOMPARE(form().comboBox(country)->currentText(), QStringLiteral("ژاپن"));
+        QCOMPARE(form().comboBox(country)->currentText(), u"ژاپن"_s);
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
         inMultiItems(country, [](CDlgMultiItems &picker) {
-            picker.setSelectedNames({QStringLiteral("ایران"), QStringLiteral("ژاپن")});
+            picker.setSelectedNames({u"ایران"_s, u"ژاپن"_s});
             picker.accept();
         });
         // Of several the new one counts, and the user is told so.
-        QCOMPARE(form().comboBox(country)->currentText(), QStringLiteral("ایران"));
+        QCOMPARE(form().comboBox(country)->currentText(), u"ایران"_s);
         QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
         inMultiItems(country, [](CDlgMultiItems &picker) {
             picker.setSelectedNames({});
@@ -479,10 +481,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("column");
         QTest::addColumn<int>("type");
         QTest::addColumn<QString>("title");
-        QTest::newRow("accessories") << QStringLiteral("sAccessories") << CTblItems::typeAccessory << QStringLiteral("لوازم جانبی");
-        QTest::newRow("features") << QStringLiteral("sFacilities") << CTblItems::typeFeature << QStringLiteral("امکانات");
-        QTest::newRow("documents") << QStringLiteral("sDocumentsDelivered") << CTblItems::typeDeliveredDocument
-                                   << QStringLiteral("مدرک تحویلی");
+        QTest::newRow("accessories") << u"sAccessories"_s << CTblItems::typeAccessory << u"لوازم جانبی"_s;
+        QTest::newRow("features") << u"sFacilities"_s << CTblItems::typeFeature << u"امکانات"_s;
+        QTest::newRow("documents") << u"sDocumentsDelivered"_s << CTblItems::typeDeliveredDocument
+                                   << u"مدرک تحویلی"_s;
     }
 
     void severalValuesAreTickedAndStoredAsText()
@@ -492,28 +494,28 @@ private Q_SLOTS:
         QFETCH(QString, title);
         for (const char *name : {"a", "b", "c"})
             m_office->addItem(type, QString::fromLatin1(name));
-        open([&](Car &car) { car.setValue(column, QStringLiteral("b، old")); });
+        open([&](Car &car) { car.setValue(column, u"b، old"_s); });
         QStringList ticked;
         QString shownTitle;
         inMultiItems(column, [&](CDlgMultiItems &picker) {
             shownTitle = picker.windowTitle();
             ticked = picker.selectedNames();
-            picker.setSelectedNames({QStringLiteral("a"), QStringLiteral("c")});
+            picker.setSelectedNames({u"a"_s, u"c"_s});
             picker.accept();
         });
         QCOMPARE(shownTitle, title);
-        QCOMPARE(ticked, QStringList{QStringLiteral("b")});
+        QCOMPARE(ticked, QStringList{u"b"_s});
         inMultiItems(column, [](CDlgMultiItems &picker) { picker.reject(); });
         Car car;
-        QCOMPARE(saved(car).value(column).toString(), QStringLiteral("old، a، c"));
+        QCOMPARE(saved(car).value(column).toString(), u"old، a، c"_s);
     }
 
     void moreValuesThanTheColumnHoldsAreRefusedAndNothingIsLost()
     {
         for (int i = 0; i < 6; ++i)
             m_office->addItem(CTblItems::typeFeature, QString(49, QChar(u'a' + i)));
-        open([](Car &car) { car.m_sFacilities = QStringLiteral("old"); });
-        inMultiItems(QStringLiteral("sFacilities"), [](CDlgMultiItems &picker) {
+        open([](Car &car) { car.m_sFacilities = u"old"_s; });
+        inMultiItems(u"sFacilities"_s, [](CDlgMultiItems &picker) {
             QStringList all;
             for (int i = 0; i < 6; ++i)
                 all << QString(49, QChar(u'a' + i));
@@ -521,8 +523,8 @@ private Q_SLOTS:
             picker.accept();
         });
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(form().edit(QStringLiteral("sFacilities"))->text(), QStringLiteral("old"));
-        QCOMPARE(m_dialog->focusWidget(), form().edit(QStringLiteral("sFacilities")));
+        QCOMPARE(form().edit(u"sFacilities"_s)->text(), u"old"_s);
+        QCOMPARE(m_dialog->focusWidget(), form().edit(u"sFacilities"_s));
     }
 
     void deficitButtonListsTheValuesThatAreNotChosen_data()
@@ -530,9 +532,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("deficit");
         QTest::addColumn<QString>("chosen");
         QTest::addColumn<int>("type");
-        QTest::newRow("documents") << QStringLiteral("sDocumentsDeficit") << QStringLiteral("sDocumentsDelivered")
+        QTest::newRow("documents") << u"sDocumentsDeficit"_s << u"sDocumentsDelivered"_s
                                    << CTblItems::typeDeliveredDocument;
-        QTest::newRow("parts") << QStringLiteral("sFractionalParts") << QStringLiteral("sAccessories") << CTblItems::typeAccessory;
+        QTest::newRow("parts") << u"sFractionalParts"_s << u"sAccessories"_s << CTblItems::typeAccessory;
     }
 
     void deficitButtonListsTheValuesThatAreNotChosen()
@@ -542,28 +544,28 @@ private Q_SLOTS:
         QFETCH(int, type);
         for (const char *name : {"a", "b", "c"})
             m_office->addItem(type, QString::fromLatin1(name));
-        m_office->addItem(CTblItems::typeColor, QStringLiteral("d"));
-        open([&](Car &car) { car.setValue(chosen, QStringLiteral("b")); });
+        m_office->addItem(CTblItems::typeColor, u"d"_s);
+        open([&](Car &car) { car.setValue(chosen, u"b"_s); });
         form().button(deficit)->click();
-        QCOMPARE(form().edit(deficit)->text(), QStringLiteral("a، c"));
+        QCOMPARE(form().edit(deficit)->text(), u"a، c"_s);
         // What was there before comes back.
         form().edit(deficit)->undo();
         QCOMPARE(form().edit(deficit)->text(), QString());
-        form().edit(chosen)->setText(QStringLiteral("a، b، c"));
-        form().edit(deficit)->setText(QStringLiteral("a"));
+        form().edit(chosen)->setText(u"a، b، c"_s);
+        form().edit(deficit)->setText(u"a"_s);
         form().button(deficit)->click();
         Car car;
         saved(car);
         QCOMPARE(car.value(deficit).toString(), QString());
-        QCOMPARE(car.value(chosen).toString(), QStringLiteral("a، b، c"));
+        QCOMPARE(car.value(chosen).toString(), u"a، b، c"_s);
     }
 
     void deficitWithoutAnyValuesIsToldAndKept()
     {
-        open([](Car &car) { car.m_sDocumentsDeficit = QStringLiteral("سند"); });
-        form().button(QStringLiteral("sDocumentsDeficit"))->click();
+        open([](Car &car) { car.m_sDocumentsDeficit = u"سند"_s; });
+        form().button(u"sDocumentsDeficit"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(form().edit(QStringLiteral("sDocumentsDeficit"))->text(), QStringLiteral("سند"));
+        QCOMPARE(form().edit(u"sDocumentsDeficit"_s)->text(), u"سند"_s);
     }
 
     // --- Numbers ---
@@ -571,7 +573,7 @@ private Q_SLOTS:
     void yearIsSteppedByArrows()
     {
         open();
-        KEdit *year = form().edit(QStringLiteral("iYear"));
+        KEdit *year = form().edit(u"iYear"_s);
         QTest::keyClick(year, Qt::Key_Up);
         QCOMPARE(year->integer(), GetShamsiYearOfToday());
         QTest::keyClick(year, Qt::Key_Down);
@@ -589,7 +591,7 @@ private Q_SLOTS:
     void numbersOfTheVehicleReadFromTheLeft()
     {
         QFETCH(QString, column);
-        const QString plate = QStringLiteral("12 ب 345 ایران 67");
+        const QString plate = u"12 ب 345 ایران 67"_s;
         open([&](Car &car) { car.setValue(column, plate); });
         KEdit *edit = form().edit(column);
         QCOMPARE(edit->layoutDirection(), Qt::LeftToRight);
@@ -602,19 +604,19 @@ private Q_SLOTS:
     void wrongVinGivesAHintBesideTheFieldAndNoRefusal()
     {
         open();
-        KEdit *vin = form().edit(QStringLiteral("sVIN"));
+        KEdit *vin = form().edit(u"sVIN"_s);
         QCOMPARE(m_dialog->basePage()->vinHint(), QString());
-        vin->setText(QStringLiteral("1HGCM82643A004352"));
-        QCOMPARE(m_dialog->basePage()->vinHint(), QStringLiteral("رقم کنترل درست نیست."));
+        vin->setText(u"1HGCM82643A004352"_s);
+        QCOMPARE(m_dialog->basePage()->vinHint(), u"رقم کنترل درست نیست."_s);
         QCOMPARE(vin->accessibleDescription(), m_dialog->basePage()->vinHint());
-        vin->setText(QStringLiteral("1HGCM82633A004352"));
+        vin->setText(u"1HGCM82633A004352"_s);
         QCOMPARE(m_dialog->basePage()->vinHint(), QString());
-        vin->setText(QStringLiteral("1HGCM"));
-        QCOMPARE(m_dialog->basePage()->vinHint(), QStringLiteral("VIN هفده نویسه دارد."));
-        vin->setText(QStringLiteral("1HGCO"));
+        vin->setText(u"1HGCM"_s);
+        QCOMPARE(m_dialog->basePage()->vinHint(), u"VIN هفده نویسه دارد."_s);
+        vin->setText(u"1HGCO"_s);
         QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
         Car car;
-        QCOMPARE(saved(car).m_sVIN, QStringLiteral("1HGCO"));
+        QCOMPARE(saved(car).m_sVIN, u"1HGCO"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         // The hint stands there when the car is opened again.
         m_dialog = m_office->opened(m_dialog->key());
@@ -626,13 +628,13 @@ private Q_SLOTS:
     void nameOfTheInsuranceIsTextAndOfferedToTheNextCar()
     {
         open();
-        QComboBox *name = form().comboBox(QStringLiteral("sNameInsurance"));
-        name->setEditText(QStringLiteral("بیمه ایران"));
+        QComboBox *name = form().comboBox(u"sNameInsurance"_s);
+        name->setEditText(u"بیمه ایران"_s);
         Car car;
-        QCOMPARE(saved(car).m_sNameInsurance, QStringLiteral("بیمه ایران"));
+        QCOMPARE(saved(car).m_sNameInsurance, u"بیمه ایران"_s);
         open();
-        QCOMPARE(offered(QStringLiteral("sNameInsurance")), QStringList{QStringLiteral("بیمه ایران")});
-        QCOMPARE(form().comboBox(QStringLiteral("sNameInsurance"))->currentText(), QString());
+        QCOMPARE(offered(u"sNameInsurance"_s), QStringList{u"بیمه ایران"_s});
+        QCOMPARE(form().comboBox(u"sNameInsurance"_s)->currentText(), QString());
     }
 
     // --- Picture ---
@@ -640,7 +642,7 @@ private Q_SLOTS:
     void pictureIsShownExchangedAndTakenAway()
     {
         QTemporaryDir folder;
-        QFile file(folder.filePath(QStringLiteral("car.jpg")));
+        QFile file(folder.filePath(u"car.jpg"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(picture());
         file.close();
@@ -663,10 +665,10 @@ private Q_SLOTS:
         const QByteArray broken("no picture at all");
         open([&](Car &car) { car.m_oPicture.data = broken; });
         QVERIFY(m_dialog->basePage()->picture()->isBroken());
-        form().edit(QStringLiteral("sDesc"))->setText(QStringLiteral("چیزی"));
+        form().edit(u"sDesc"_s)->setText(u"چیزی"_s);
         Car car;
         QCOMPARE(saved(car).m_oPicture.data, broken);
-        QCOMPARE(car.m_sDesc, QStringLiteral("چیزی"));
+        QCOMPARE(car.m_sDesc, u"چیزی"_s);
     }
 
     void pictureIsOnlyLookedAtWhileTheCarIsShown()
@@ -689,8 +691,8 @@ private Q_SLOTS:
             if (label->isVisibleTo(m_dialog.get()))
                 texts << label->text();
         }
-        for (const QString &text : {QStringLiteral("کاربر بايگاني کننده :"), QStringLiteral("مدیر"),
-                                    QStringLiteral("تاريخ بايگاني :"), shamsiText(QDate(2026, 5, 1))})
+        for (const QString &text : {u"کاربر بايگاني کننده :"_s, u"مدیر"_s,
+                                    u"تاريخ بايگاني :"_s, shamsiText(QDate(2026, 5, 1))})
             QVERIFY2(texts.contains(text), qPrintable(text));
     }
 
@@ -700,7 +702,7 @@ private Q_SLOTS:
     {
         open();
         QStringList met;
-        QWidget *first = form().control(QStringLiteral("dateCreate"));
+        QWidget *first = form().control(u"dateCreate"_s);
         first->setFocus();
         for (int i = 0; i < 80; ++i) {
             QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Return);

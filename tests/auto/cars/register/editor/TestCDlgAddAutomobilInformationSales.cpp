@@ -11,17 +11,19 @@
 #include "tests/auto/cars/register/editor/CarEditorOffice.h"
 #include "tests/support/RegisteredTest.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Car = CTblAutomobilInformations;
 using Dialog = CDlgAddAutomobilInformation;
 
-const QString notaryCost = QStringLiteral("dAmountPresence");
-const QString profit = QStringLiteral("dProfitAndLoss");
-const QString customs = QStringLiteral("iCustomsClearance");
+const QString notaryCost = u"dAmountPresence"_s;
+const QString profit = u"dProfitAndLoss"_s;
+const QString customs = u"iCustomsClearance"_s;
 
-const QString inputs[] = {QStringLiteral("dSoldAmount"), QStringLiteral("dPurchasePriceOfOwner"),
-                          QStringLiteral("dAutomobilExpenses"), notaryCost, QStringLiteral("dRemainingPresence")};
+const QString inputs[] = {u"dSoldAmount"_s, u"dPurchasePriceOfOwner"_s,
+                          u"dAutomobilExpenses"_s, notaryCost, u"dRemainingPresence"_s};
 
 }
 
@@ -88,7 +90,7 @@ private Q_SLOTS:
     void everyLabelIsToTheLetter()
     {
         open();
-        compareLabels(QStringLiteral("sale"), form(), *m_dialog->salePage());
+        compareLabels(u"sale"_s, form(), *m_dialog->salePage());
     }
 
     void pageHasNoChecksOfItsOwn()
@@ -101,11 +103,11 @@ private Q_SLOTS:
     void soldAThousandGivesAProfitOfTwoHundredAndTwenty()
     {
         open();
-        type(QStringLiteral("dSoldAmount"), "1000");
-        type(QStringLiteral("dPurchasePriceOfOwner"), "700");
-        type(QStringLiteral("dAutomobilExpenses"), "50");
+        type(u"dSoldAmount"_s, "1000");
+        type(u"dPurchasePriceOfOwner"_s, "700");
+        type(u"dAutomobilExpenses"_s, "50");
         type(notaryCost, "20");
-        type(QStringLiteral("dRemainingPresence"), "10");
+        type(u"dRemainingPresence"_s, "10");
         QCOMPARE(shown(profit), 220.0);
         Car car;
         QCOMPARE(saved(car).m_dProfitAndLoss, 220.0);
@@ -114,8 +116,8 @@ private Q_SLOTS:
     void saleBelowThePurchasePriceIsALossSavedAsSuch()
     {
         open();
-        type(QStringLiteral("dSoldAmount"), "600");
-        type(QStringLiteral("dPurchasePriceOfOwner"), "700");
+        type(u"dSoldAmount"_s, "600");
+        type(u"dPurchasePriceOfOwner"_s, "700");
         QCOMPARE(shown(profit), -100.0);
         QVERIFY(form().edit(profit)->isEntryValid());
         Car car;
@@ -148,13 +150,13 @@ private Q_SLOTS:
     void noOtherAmountOfThePageIsComputedOrCounts()
     {
         open();
-        type(QStringLiteral("dSoldAmount"), "100");
+        type(u"dSoldAmount"_s, "100");
         for (const char *name : {"dMbayhAutomobilContract", "dAmountContract", "dPaidContract", "dAmountCommission", "dPaidComission"})
             type(QString::fromLatin1(name), "7");
         QCOMPARE(shown(profit), 100.0);
-        QCOMPARE(shown(QStringLiteral("dRemainingContract")), 0.0);
-        QCOMPARE(shown(QStringLiteral("dRemainingComission")), 0.0);
-        type(QStringLiteral("dRemainingContract"), "3");
+        QCOMPARE(shown(u"dRemainingContract"_s), 0.0);
+        QCOMPARE(shown(u"dRemainingComission"_s), 0.0);
+        type(u"dRemainingContract"_s, "3");
         Car car;
         saved(car);
         QCOMPARE(car.m_dRemainingContract, 3.0);
@@ -165,7 +167,7 @@ private Q_SLOTS:
     void moreCanBePaidThanWasDue()
     {
         open([](Car &car) { car.m_dRemainingComission = -7; });
-        type(QStringLiteral("dRemainingPresence"), "-10");
+        type(u"dRemainingPresence"_s, "-10");
         QCOMPARE(shown(profit), 10.0);
         Car car;
         saved(car);
@@ -194,12 +196,12 @@ private Q_SLOTS:
 
     void chosenTariffGivesTheNotarysCostAndIsWhereTheListBegins()
     {
-        addTariff(QStringLiteral("سند"), 1500);
-        const int key = addTariff(QStringLiteral("وکالت"), 2500000);
+        addTariff(u"سند"_s, 1500);
+        const int key = addTariff(u"وکالت"_s, 2500000);
         open([](Car &car) { car.m_dSoldAmount = 3000000; });
         pickTariff(key);
         QCOMPARE(m_dialog->salePage()->tariffID(), key);
-        QCOMPARE(form().edit(notaryCost)->text(), QStringLiteral("2,500,000"));
+        QCOMPARE(form().edit(notaryCost)->text(), u"2,500,000"_s);
         QCOMPARE(shown(profit), 500000.0);
         QCOMPARE(pickTariff(0), key);
         // Going back changes nothing.
@@ -213,21 +215,21 @@ private Q_SLOTS:
 
     void afterReopeningNoTariffIsRemembered()
     {
-        const int key = addTariff(QStringLiteral("وکالت"), 2500);
+        const int key = addTariff(u"وکالت"_s, 2500);
         open();
         pickTariff(key);
         Car car;
         saved(car);
-        m_office->database().run(QStringLiteral("UPDATE AutomobilTariffs SET dAmount=9999"));
+        m_office->database().run(u"UPDATE AutomobilTariffs SET dAmount=9999"_s);
         m_dialog = m_office->opened(m_dialog->key());
         QCOMPARE(m_dialog->salePage()->tariffID(), 0);
         QCOMPARE(shown(notaryCost), 2500.0);
-        QCOMPARE(m_office->database().value(QStringLiteral("SELECT iTariffsID FROM AutomobilInformations")), QStringLiteral("0"));
+        QCOMPARE(m_office->database().value(u"SELECT iTariffsID FROM AutomobilInformations"_s), u"0"_s);
     }
 
     void choosingATariffAndCancellingTheEditorLeavesTheStoredCostUnchanged()
     {
-        const int key = addTariff(QStringLiteral("وکالت"), 2500);
+        const int key = addTariff(u"وکالت"_s, 2500);
         open([](Car &car) { car.m_dAmountPresence = 70; });
         pickTariff(key);
         QCOMPARE(shown(notaryCost), 2500.0);
@@ -238,24 +240,24 @@ private Q_SLOTS:
 
     void tariffThatThePageHoldsReplacesTheStoredCostWhenThePageIsFilledAgain()
     {
-        const int key = addTariff(QStringLiteral("وکالت"), 2500);
+        const int key = addTariff(u"وکالت"_s, 2500);
         open([](Car &car) { car.m_dAmountPresence = 70; });
         pickTariff(key);
         Car car;
         m_office->load(car, m_dialog->key());
         m_dialog->salePage()->fill(car);
         QCOMPARE(shown(notaryCost), 2500.0);
-        m_office->database().run(QStringLiteral("DELETE FROM AutomobilTariffs"));
+        m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
         m_dialog->salePage()->fill(car);
         QCOMPARE(shown(notaryCost), 70.0);
     }
 
     void tariffsNeedTheirAccessRight()
     {
-        addTariff(QStringLiteral("وکالت"), 2500);
+        addTariff(u"وکالت"_s, 2500);
         open([](Car &car) { car.m_dAmountPresence = 70; });
-        const QString rightsForm = QStringLiteral("AutomobilTariffs");
-        m_office->logInAs(QStringLiteral("clerk"), rightsForm, KSecurity::allRights & ~KSecurity::Access);
+        const QString rightsForm = u"AutomobilTariffs"_s;
+        m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~KSecurity::Access);
         form().button(notaryCost)->click();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::Access)});
         QCOMPARE(shown(notaryCost), 70.0);
@@ -267,9 +269,9 @@ private Q_SLOTS:
     {
         open([this](Car &car) { car.m_iPersonBuyerID = m_office->buyer; });
         PersonGroup *buyer = m_dialog->salePage()->buyer();
-        QCOMPARE(buyer->name(), QStringLiteral("رضا احمدی"));
-        QCOMPARE(buyer->codeEdit()->text(), QStringLiteral("2"));
-        QPushButton *clear = named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"));
+        QCOMPARE(buyer->name(), u"رضا احمدی"_s);
+        QCOMPARE(buyer->codeEdit()->text(), u"2"_s);
+        QPushButton *clear = named<QPushButton>(*buyer, u"کد شخص : حذف خريدار"_s);
         QVERIFY(clear->isEnabled());
         clear->click();
         QVERIFY(!clear->isEnabled());
@@ -281,15 +283,15 @@ private Q_SLOTS:
     {
         open();
         PersonGroup *buyer = m_dialog->salePage()->buyer();
-        QVERIFY(!named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"))->isEnabled());
+        QVERIFY(!named<QPushButton>(*buyer, u"کد شخص : حذف خريدار"_s)->isEnabled());
         TestOffice::whenModal("KDialogHolder", [this](QWidget *window) {
             auto *page = static_cast<KDialogHolder *>(window)->page();
             QVERIFY(qobject_cast<CDlgPersons *>(page));
             page->findChild<KExtListCtrl *>()->selectKey(m_office->buyer);
             Q_EMIT page->findChild<KExtListCtrl *>()->rowActivated(m_office->buyer);
         });
-        named<QPushButton>(*buyer, QStringLiteral("کد شخص : ... خريدار"))->click();
-        QCOMPARE(buyer->name(), QStringLiteral("رضا احمدی"));
+        named<QPushButton>(*buyer, u"کد شخص : ... خريدار"_s)->click();
+        QCOMPARE(buyer->name(), u"رضا احمدی"_s);
         Car car;
         QCOMPARE(saved(car).m_iPersonBuyerID, m_office->buyer);
     }
@@ -300,7 +302,7 @@ private Q_SLOTS:
         PersonGroup *buyer = m_dialog->salePage()->buyer();
         for (const KEdit *line : buyer->findChildren<KEdit *>())
             QCOMPARE(line->text(), QString());
-        QVERIFY(!named<QPushButton>(*buyer, QStringLiteral("کد شخص : حذف خريدار"))->isEnabled());
+        QVERIFY(!named<QPushButton>(*buyer, u"کد شخص : حذف خريدار"_s)->isEnabled());
         Car car;
         QCOMPARE(saved(car).m_iPersonBuyerID, 4711);
     }
@@ -309,10 +311,10 @@ private Q_SLOTS:
 
     void customsAreThoseOfTheInputParameters()
     {
-        const int south = m_office->addItem(CTblItems::typeClearanceCustoms, QStringLiteral("بندرعباس"));
-        m_office->addItem(CTblItems::typeColor, QStringLiteral("سفید"));
+        const int south = m_office->addItem(CTblItems::typeClearanceCustoms, u"بندرعباس"_s);
+        m_office->addItem(CTblItems::typeColor, u"سفید"_s);
         open();
-        QCOMPARE(m_office->entries(form().comboBox(customs)), (QStringList{QStringLiteral("-"), QStringLiteral("بندرعباس")}));
+        QCOMPARE(m_office->entries(form().comboBox(customs)), (QStringList{u"-"_s, u"بندرعباس"_s}));
         int option = -1;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = qobject_cast<CDlgInputParameters *>(static_cast<KDialogHolder *>(window)->page());

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using VehicleIdentification::State;
 
 Q_DECLARE_METATYPE(VehicleIdentification::State)
@@ -21,25 +23,25 @@ private Q_SLOTS:
         QTest::addColumn<QString>("number");
         QTest::addColumn<State>("state");
         QTest::newRow("empty") << QString() << State::Empty;
-        QTest::newRow("blanks") << QStringLiteral("   ") << State::Empty;
-        QTest::newRow("check digit") << QStringLiteral("1HGCM82633A004352") << State::Good;
-        QTest::newRow("check digit X") << QStringLiteral("1M8GDM9AXKP042788") << State::Good;
-        QTest::newRow("ones") << QStringLiteral("11111111111111111") << State::Good;
-        QTest::newRow("small letters") << QStringLiteral("1m8gdm9axkp042788") << State::Good;
-        QTest::newRow("blanks around") << QStringLiteral(" 1M8GDM9AXKP042788 ") << State::Good;
-        QTest::newRow("Persian digits") << QStringLiteral("۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱") << State::Good;
-        QTest::newRow("wrong check digit") << QStringLiteral("1HGCM82643A004352") << State::WrongCheckDigit;
-        QTest::newRow("letter where the check digit stands") << QStringLiteral("1HGCM826A3A004352") << State::WrongCheckDigit;
-        QTest::newRow("one digit exchanged") << QStringLiteral("1HGCM82633A004353") << State::WrongCheckDigit;
-        QTest::newRow("two neighbours exchanged") << QStringLiteral("1HGCM82633A003452") << State::WrongCheckDigit;
-        QTest::newRow("sixteen characters") << QStringLiteral("1HGCM82633A00435") << State::WrongLength;
-        QTest::newRow("eighteen characters") << QStringLiteral("1HGCM82633A0043522") << State::WrongLength;
-        QTest::newRow("letter I") << QStringLiteral("1HGCM82633A00435I") << State::WrongCharacter;
-        QTest::newRow("letter O") << QStringLiteral("1HGCM82633AOO4352") << State::WrongCharacter;
-        QTest::newRow("letter Q") << QStringLiteral("QHGCM82633A004352") << State::WrongCharacter;
-        QTest::newRow("Persian letter") << QStringLiteral("1HGCM82633A00435ب") << State::WrongCharacter;
-        QTest::newRow("hyphen") << QStringLiteral("1HGCM-82633A004352") << State::WrongCharacter;
-        QTest::newRow("blank inside") << QStringLiteral("1HGCM 82633A004352") << State::WrongCharacter;
+        QTest::newRow("blanks") << u"   "_s << State::Empty;
+        QTest::newRow("check digit") << u"1HGCM82633A004352"_s << State::Good;
+        QTest::newRow("check digit X") << u"1M8GDM9AXKP042788"_s << State::Good;
+        QTest::newRow("ones") << u"11111111111111111"_s << State::Good;
+        QTest::newRow("small letters") << u"1m8gdm9axkp042788"_s << State::Good;
+        QTest::newRow("blanks around") << u" 1M8GDM9AXKP042788 "_s << State::Good;
+        QTest::newRow("Persian digits") << u"۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱۱"_s << State::Good;
+        QTest::newRow("wrong check digit") << u"1HGCM82643A004352"_s << State::WrongCheckDigit;
+        QTest::newRow("letter where the check digit stands") << u"1HGCM826A3A004352"_s << State::WrongCheckDigit;
+        QTest::newRow("one digit exchanged") << u"1HGCM82633A004353"_s << State::WrongCheckDigit;
+        QTest::newRow("two neighbours exchanged") << u"1HGCM82633A003452"_s << State::WrongCheckDigit;
+        QTest::newRow("sixteen characters") << u"1HGCM82633A00435"_s << State::WrongLength;
+        QTest::newRow("eighteen characters") << u"1HGCM82633A0043522"_s << State::WrongLength;
+        QTest::newRow("letter I") << u"1HGCM82633A00435I"_s << State::WrongCharacter;
+        QTest::newRow("letter O") << u"1HGCM82633AOO4352"_s << State::WrongCharacter;
+        QTest::newRow("letter Q") << u"QHGCM82633A004352"_s << State::WrongCharacter;
+        QTest::newRow("Persian letter") << u"1HGCM82633A00435ب"_s << State::WrongCharacter;
+        QTest::newRow("hyphen") << u"1HGCM-82633A004352"_s << State::WrongCharacter;
+        QTest::newRow("blank inside") << u"1HGCM 82633A004352"_s << State::WrongCharacter;
     }
 
     void numberIsChecked()
@@ -54,8 +56,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QChar>("letter");
         QTest::addColumn<int>("value");
-        const QString letters = QStringLiteral("ABCDEFGHJKLMNPRSTUVWXYZ");
-        const QString values = QStringLiteral("12345678123457923456789");
+        const QString letters = u"ABCDEFGHJKLMNPRSTUVWXYZ"_s;
+        const QString values = u"12345678123457923456789"_s;
         QCOMPARE(letters.size(), values.size());
         for (int i = 0; i < letters.size(); ++i)
             QTest::newRow(qPrintable(QString(letters.at(i)))) << letters.at(i) << values.at(i).digitValue();

@@ -15,6 +15,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 class TestAccountChart : public QObject
 {
     Q_OBJECT
@@ -50,7 +52,7 @@ constexpr AccountLevel kol = AccountLevel::Kol;
 constexpr AccountLevel moeen = AccountLevel::Moeen;
 constexpr AccountLevel tafsily = AccountLevel::Tafsily;
 
-const QString rentName = QStringLiteral("اجاره");
+const QString rentName = u"اجاره"_s;
 
 }
 
@@ -60,9 +62,9 @@ void TestAccountChart::init()
     for (const char *statement : {"DELETE FROM Docs", "DELETE FROM Documents", "DELETE FROM HesabTafsily",
                                   "DELETE FROM HesabMoeen WHERE iHesabKolCode=6201", "DELETE FROM HesabKol WHERE iCode=6201"})
         m_office.database.run(QString::fromLatin1(statement));
-    AccountChart::add(kol, 6201, QStringLiteral("هزینه‌های اداری"), 0);
+    AccountChart::add(kol, 6201, u"هزینه‌های اداری"_s, 0);
     AccountChart::add(moeen, 620101, rentName, 6201);
-    AccountChart::add(tafsily, 620101001, QStringLiteral("انبار"), 620101);
+    AccountChart::add(tafsily, 620101001, u"انبار"_s, 620101);
 }
 
 QString TestAccountChart::refusalOf(const std::function<void()> &work)
@@ -85,12 +87,12 @@ QList<int> TestAccountChart::postableCodes()
 
 void TestAccountChart::accountsAreAddedOnEveryLevel()
 {
-    QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',iCode,sName,iStatus) FROM HesabKol WHERE iCode=6201")),
-             QStringLiteral("6201/هزینه‌های اداری/0"));
-    QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',iCode,sName,iStatus,iHesabKolCode) FROM HesabMoeen WHERE iCode=620101")),
-             QStringLiteral("620101/اجاره/0/6201"));
-    QCOMPARE(value(QStringLiteral("SELECT CONCAT_WS('/',iCode,sName,iStatus,iHesabMoeenCode) FROM HesabTafsily")),
-             QStringLiteral("620101001/انبار/0/620101"));
+    QCOMPARE(value(u"SELECT CONCAT_WS('/',iCode,sName,iStatus) FROM HesabKol WHERE iCode=6201"_s),
+             u"6201/هزینه‌های اداری/0"_s);
+    QCOMPARE(value(u"SELECT CONCAT_WS('/',iCode,sName,iStatus,iHesabKolCode) FROM HesabMoeen WHERE iCode=620101"_s),
+             u"620101/اجاره/0/6201"_s);
+    QCOMPARE(value(u"SELECT CONCAT_WS('/',iCode,sName,iStatus,iHesabMoeenCode) FROM HesabTafsily"_s),
+             u"620101001/انبار/0/620101"_s);
 }
 
 void TestAccountChart::additionsThatAreRefused_data()
@@ -103,19 +105,19 @@ void TestAccountChart::additionsThatAreRefused_data()
     const auto row = [](const char *what, AccountLevel level, int code, const QString &name, int parent, const QString &message) {
         QTest::newRow(what) << static_cast<int>(level) << code << name << parent << message;
     };
-    const QString name = QStringLiteral("تازه");
-    row("no name", kol, 6202, QStringLiteral("  "), 0, QStringLiteral("لطفا نام حساب را وارد نمایید."));
-    row("general of three digits", kol, 620, name, 0, QStringLiteral("کد حساب کل باید چهار رقم باشد."));
-    row("subsidiary of seven digits", moeen, 6201011, name, 6201, QStringLiteral("کد حساب معین باید شش رقم باشد."));
-    row("detail of six digits", tafsily, 620101, name, 620101, QStringLiteral("کد حساب تفصیلی باید هفت تا نه رقم باشد."));
-    row("not under its parent", moeen, 620201, name, 6201, QStringLiteral("کد حساب باید با 6201 آغاز شود."));
-    row("code is taken", moeen, 620101, name, 6201, QStringLiteral("حساب 620101 وجود دارد."));
-    row("no such parent", moeen, 990101, name, 9901, QStringLiteral("حساب بالاتر وجود ندارد."));
-    row("name is taken beside it", moeen, 620102, QStringLiteral("اجاره "), 6201, QStringLiteral("حساب 620101 همین نام را دارد."));
-    row("name is taken in another spelling", moeen, 620102, QStringLiteral("إجاره"), 6201,
-        QStringLiteral("حساب 620101 همین نام را دارد."));
+    const QString name = u"تازه"_s;
+    row("no name", kol, 6202, u"  "_s, 0, u"لطفا نام حساب را وارد نمایید."_s);
+    row("general of three digits", kol, 620, name, 0, u"کد حساب کل باید چهار رقم باشد."_s);
+    row("subsidiary of seven digits", moeen, 6201011, name, 6201, u"کد حساب معین باید شش رقم باشد."_s);
+    row("detail of six digits", tafsily, 620101, name, 620101, u"کد حساب تفصیلی باید هفت تا نه رقم باشد."_s);
+    row("not under its parent", moeen, 620201, name, 6201, u"کد حساب باید با 6201 آغاز شود."_s);
+    row("code is taken", moeen, 620101, name, 6201, u"حساب 620101 وجود دارد."_s);
+    row("no such parent", moeen, 990101, name, 9901, u"حساب بالاتر وجود ندارد."_s);
+    row("name is taken beside it", moeen, 620102, u"اجاره "_s, 6201, u"حساب 620101 همین نام را دارد."_s);
+    row("name is taken in another spelling", moeen, 620102, u"إجاره"_s, 6201,
+        u"حساب 620101 همین نام را دارد."_s);
     row("below an account that the program posts to", tafsily, 410202001, name, 410202,
-        QStringLiteral("برنامه خودش روی حساب «درآمد کمیسیون» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود."));
+        u"برنامه خودش روی حساب «درآمد کمیسیون» سند می‌زند و زیر آن حساب تفصیلی ساخته نمی‌شود."_s);
 }
 
 void TestAccountChart::additionsThatAreRefused()
@@ -124,8 +126,8 @@ void TestAccountChart::additionsThatAreRefused()
     QFETCH(int, code);
     QFETCH(QString, name);
     QFETCH(int, parent);
-    const QString counts = QStringLiteral("SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM HesabKol),(SELECT COUNT(*) FROM "
-                                          "HesabMoeen),(SELECT COUNT(*) FROM HesabTafsily))");
+    const QString counts = u"SELECT CONCAT_WS('/',(SELECT COUNT(*) FROM HesabKol),(SELECT COUNT(*) FROM "
+                           "HesabMoeen),(SELECT COUNT(*) FROM HesabTafsily))"_s;
     const QString before = value(counts);
     QTEST(refusalOf([&] { AccountChart::add(static_cast<AccountLevel>(level), code, name, parent); }), "message");
     QCOMPARE(value(counts), before);
@@ -133,14 +135,14 @@ void TestAccountChart::additionsThatAreRefused()
 
 void TestAccountChart::noDetailBelowAnAccountWithRowsOfItsOwn()
 {
-    AccountChart::add(moeen, 620102, QStringLiteral("آب و برق"), 6201);
+    AccountChart::add(moeen, 620102, u"آب و برق"_s, 6201);
     const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
     CTblDocs::AddRecord(num, 1405, {.account = 620102, .debit = 5});
-    QCOMPARE(refusalOf([] { AccountChart::add(tafsily, 620102001, QStringLiteral("آب"), 620102); }),
-             QStringLiteral("حساب «آب و برق» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."));
-    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
-    AccountChart::add(tafsily, 620102001, QStringLiteral("آب"), 620102);
+    QCOMPARE(refusalOf([] { AccountChart::add(tafsily, 620102001, u"آب"_s, 620102); }),
+             u"حساب «آب و برق» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."_s);
+    m_office.database.run(u"DELETE FROM Docs"_s);
+    AccountChart::add(tafsily, 620102001, u"آب"_s, 620102);
 }
 
 // While no detail account is active, rows go to the subsidiary one; the report would lose them behind the detail account.
@@ -151,21 +153,21 @@ void TestAccountChart::noDetailBecomesActiveAgainBelowAnAccountWithRowsOfItsOwn(
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
     CTblDocs::AddRecord(num, 1405, {.account = 620101, .debit = 5});
     QCOMPARE(refusalOf([] { AccountChart::setActive(620101001, true); }),
-             QStringLiteral("حساب «اجاره» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود."));
-    QCOMPARE(value(QStringLiteral("SELECT iStatus FROM HesabTafsily")), QStringLiteral("1"));
-    m_office.database.run(QStringLiteral("DELETE FROM Docs"));
+             u"حساب «اجاره» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود."_s);
+    QCOMPARE(value(u"SELECT iStatus FROM HesabTafsily"_s), u"1"_s);
+    m_office.database.run(u"DELETE FROM Docs"_s);
     AccountChart::setActive(620101001, true);
 }
 
 void TestAccountChart::rename()
 {
-    AccountChart::rename(620101, QStringLiteral("اجاره‌ي  دفتر"));
-    QCOMPARE(AccountChart::nameOf(620101), QStringLiteral("اجاره‌ی دفتر"));
-    AccountChart::rename(620101, QStringLiteral("اجاره‌ی دفتر"));
+    AccountChart::rename(620101, u"اجاره‌ي  دفتر"_s);
+    QCOMPARE(AccountChart::nameOf(620101), u"اجاره‌ی دفتر"_s);
+    AccountChart::rename(620101, u"اجاره‌ی دفتر"_s);
     // The program goes by the code; the name is the office's.
-    AccountChart::rename(Accounts::cash, QStringLiteral("صندوق مرکزی"));
-    QCOMPARE(AccountChart::nameOf(Accounts::cash), QStringLiteral("صندوق مرکزی"));
-    AccountChart::rename(Accounts::cash, QStringLiteral("صندوق"));
+    AccountChart::rename(Accounts::cash, u"صندوق مرکزی"_s);
+    QCOMPARE(AccountChart::nameOf(Accounts::cash), u"صندوق مرکزی"_s);
+    AccountChart::rename(Accounts::cash, u"صندوق"_s);
 }
 
 void TestAccountChart::renameThatIsRefused_data()
@@ -173,10 +175,10 @@ void TestAccountChart::renameThatIsRefused_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("message");
-    QTest::newRow("no name") << 620101 << QString() << QStringLiteral("لطفا نام حساب را وارد نمایید.");
-    QTest::newRow("account is gone") << 620199 << rentName << QStringLiteral("این حساب دیگر وجود ندارد.");
-    QTest::newRow("name of its neighbour") << int(Accounts::dutyPayable) << QStringLiteral("مالیات ارزش افزوده پرداختنی")
-                                           << QStringLiteral("حساب 210501 همین نام را دارد.");
+    QTest::newRow("no name") << 620101 << QString() << u"لطفا نام حساب را وارد نمایید."_s;
+    QTest::newRow("account is gone") << 620199 << rentName << u"این حساب دیگر وجود ندارد."_s;
+    QTest::newRow("name of its neighbour") << int(Accounts::dutyPayable) << u"مالیات ارزش افزوده پرداختنی"_s
+                                           << u"حساب 210501 همین نام را دارد."_s;
 }
 
 void TestAccountChart::renameThatIsRefused()
@@ -190,31 +192,31 @@ void TestAccountChart::accountThatTheProgramPostsToStaysActive()
 {
     for (const int code : {int(Accounts::commissionIncome), int(Accounts::incomeKol), int(Accounts::persons)}) {
         QCOMPARE(refusalOf([code] { AccountChart::setActive(code, false); }),
-                 QStringLiteral("برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."));
+                 u"برنامه خودش روی این حساب سند می‌زند و غیرفعال نمی‌شود."_s);
     }
-    QCOMPARE(value(QStringLiteral("SELECT (SELECT SUM(iStatus) FROM HesabMoeen)+(SELECT SUM(iStatus) FROM HesabKol)")),
-             QStringLiteral("0"));
+    QCOMPARE(value(u"SELECT (SELECT SUM(iStatus) FROM HesabMoeen)+(SELECT SUM(iStatus) FROM HesabKol)"_s),
+             u"0"_s);
 }
 
 void TestAccountChart::accountAboveAnActiveOneStaysActive()
 {
     QCOMPARE(refusalOf([] { AccountChart::setActive(6201, false); }),
-             QStringLiteral("ابتدا حساب «اجاره» را که زیر این حساب است غیرفعال نمایید."));
+             u"ابتدا حساب «اجاره» را که زیر این حساب است غیرفعال نمایید."_s);
     AccountChart::setActive(620101001, false);
     AccountChart::setActive(620101, false);
     AccountChart::setActive(6201, false);
-    QCOMPARE(value(QStringLiteral("SELECT CONCAT((SELECT iStatus FROM HesabKol WHERE iCode=6201),(SELECT iStatus FROM HesabMoeen "
-                                  "WHERE iCode=620101),(SELECT iStatus FROM HesabTafsily))")),
-             QStringLiteral("111"));
+    QCOMPARE(value(u"SELECT CONCAT((SELECT iStatus FROM HesabKol WHERE iCode=6201),(SELECT iStatus FROM HesabMoeen "
+                   "WHERE iCode=620101),(SELECT iStatus FROM HesabTafsily))"_s),
+             u"111"_s);
 }
 
 void TestAccountChart::accountBelowAnInactiveOneStaysInactive()
 {
     for (const int code : {620101001, 620101, 6201})
         AccountChart::setActive(code, false);
-    QCOMPARE(refusalOf([] { AccountChart::setActive(620101, true); }), QStringLiteral("ابتدا حساب «هزینه‌های اداری» را فعال نمایید."));
-    QCOMPARE(refusalOf([] { AccountChart::add(moeen, 620105, QStringLiteral("تازه"), 6201); }),
-             QStringLiteral("حساب «هزینه‌های اداری» غیرفعال است."));
+    QCOMPARE(refusalOf([] { AccountChart::setActive(620101, true); }), u"ابتدا حساب «هزینه‌های اداری» را فعال نمایید."_s);
+    QCOMPARE(refusalOf([] { AccountChart::add(moeen, 620105, u"تازه"_s, 6201); }),
+             u"حساب «هزینه‌های اداری» غیرفعال است."_s);
     AccountChart::setActive(6201, true);
     AccountChart::setActive(620101, true);
     QVERIFY(postableCodes().contains(620101));
@@ -232,25 +234,25 @@ void TestAccountChart::postableAccountsAreTheDeepest()
     AccountChart::setActive(620101, false);
     QVERIFY(!postableCodes().contains(620101));
     AccountChart::setActive(620101, true);
-    m_office.database.run(QStringLiteral("UPDATE HesabKol SET iStatus=1 WHERE iCode=6201"));
+    m_office.database.run(u"UPDATE HesabKol SET iStatus=1 WHERE iCode=6201"_s);
     QVERIFY(!postableCodes().contains(620101));
 }
 
 void TestAccountChart::closedDatabaseIsRefused()
 {
     GetDBSetting()->SetClosedDB(true);
-    QVERIFY(!refusalOf([] { AccountChart::add(kol, 6202, QStringLiteral("تازه"), 0); }).isEmpty());
-    QVERIFY(!refusalOf([] { AccountChart::rename(6201, QStringLiteral("دیگر")); }).isEmpty());
+    QVERIFY(!refusalOf([] { AccountChart::add(kol, 6202, u"تازه"_s, 0); }).isEmpty());
+    QVERIFY(!refusalOf([] { AccountChart::rename(6201, u"دیگر"_s); }).isEmpty());
     QVERIFY(!refusalOf([] { AccountChart::setActive(620101001, false); }).isEmpty());
     GetDBSetting()->SetClosedDB(false);
-    QCOMPARE(AccountChart::nameOf(6201), QStringLiteral("هزینه‌های اداری"));
+    QCOMPARE(AccountChart::nameOf(6201), u"هزینه‌های اداری"_s);
 }
 
 void TestAccountChart::nameOfEveryLevel()
 {
-    QCOMPARE(AccountChart::nameOf(6201), QStringLiteral("هزینه‌های اداری"));
+    QCOMPARE(AccountChart::nameOf(6201), u"هزینه‌های اداری"_s);
     QCOMPARE(AccountChart::nameOf(620101), rentName);
-    QCOMPARE(AccountChart::nameOf(620101001), QStringLiteral("انبار"));
+    QCOMPARE(AccountChart::nameOf(620101001), u"انبار"_s);
     QVERIFY(AccountChart::nameOf(9999).isEmpty());
 }
 

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class TestAccountCode : public QObject
 {
     Q_OBJECT
@@ -123,10 +125,10 @@ void TestAccountCode::natureOfABalance_data()
     QTest::addColumn<double>("bed");
     QTest::addColumn<double>("bes");
     QTest::addColumn<QString>("nature");
-    QTest::newRow("debit") << 200.0 << 100.0 << QStringLiteral("بد");
-    QTest::newRow("credit") << 100.0 << 200.0 << QStringLiteral("بس");
-    QTest::newRow("nothing") << 0.0 << 0.0 << QStringLiteral("-");
-    QTest::newRow("100 and 100.00005") << 100.0 << 100.00005 << QStringLiteral("-");
+    QTest::newRow("debit") << 200.0 << 100.0 << u"بد"_s;
+    QTest::newRow("credit") << 100.0 << 200.0 << u"بس"_s;
+    QTest::newRow("nothing") << 0.0 << 0.0 << u"-"_s;
+    QTest::newRow("100 and 100.00005") << 100.0 << 100.00005 << u"-"_s;
 }
 
 void TestAccountCode::natureOfABalance()
