@@ -8,7 +8,7 @@
 #include <QList>
 #include <QTemporaryDir>
 
-// A made-up office with that many contracts on a private server of the benchmark's own; its user is logged in.
+// A demo office with that many contracts on a private server of the benchmark's own; its user is logged in.
 class BenchOffice
 {
 public:

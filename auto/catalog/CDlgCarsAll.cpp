@@ -4,7 +4,7 @@
 #include "auto/catalog/CDlgCarsAll.h"
 
 #include "auto/catalog/CDlgAddCar.h"
-#include "auto/catalog/CatalogImportDesk.h"
+#include "auto/catalog/CatalogImportDialogs.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -363,8 +363,8 @@ void CDlgCarsAll::importEntries()
 {
     if (m_pickMode || !CheckWriteSecurity() || isChangeBlocked())
         return;
-    const QString path = CatalogImportDesk::askForFile(this);
-    if (path.isEmpty() || !CatalogImportDesk::importFile(path, this))
+    const QString path = CatalogImportDialogs::askForFile(this);
+    if (path.isEmpty() || !CatalogImportDialogs::importFile(path, this))
         return;
     m_changed = true;
     const int brand = selectedKey(CatalogLevel::Brand);

@@ -7,7 +7,7 @@
 #include "auto/contracts/ContractFilter.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/figures/ContractSettlement.h"
-#include "auto/contracts/printing/ContractPrintingDesk.h"
+#include "auto/contracts/printing/ContractPrintingDialogs.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/lists/WordCells.h"
 #include "auto/reports/income/CDlgAutoFullReport.h"
@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 CDlgAutomobilContracts::CDlgAutomobilContracts(QWidget *parent)
     : KListPage(u"قرارداد"_s, u"AutomobilContracts"_s, u"AutomobilContracts"_s, parent)
-    , m_printing(contractPrintingDesk(this))
+    , m_printing(contractPrintingDialogs(this))
 {
     build();
 }

@@ -22,7 +22,7 @@ public:
     int chosenNumber() const { return m_chosenNumber; }
     QString chosenName() const { return m_chosenName; }
 
-    // Another desk or other places for printed contracts; the page begins with the person's own.
+    // Other dialogs or places for printed contracts; the page begins with the person's own.
     void setPrinting(ContractPrinting printing) { m_printing = std::move(printing); }
 
 protected:

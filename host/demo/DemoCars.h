@@ -11,7 +11,7 @@
 #include <QDate>
 #include <QHash>
 
-// The register of cars of the made-up office, by the rules of the car editor: its profit, its texts of several values, its
+// The register of cars of the demo office, by the rules of the car editor: its profit, its texts of several values, its
 // pictures. They were introduced over a span of days, in the order of their codes; some are sold, some of those archived.
 class DemoCars
 {

@@ -8,7 +8,7 @@
 #include <QList>
 #include <QString>
 
-// The made-up office's reference data: car catalog, input parameters, notary tariffs.
+// The demo office's reference data: car catalog, input parameters, notary tariffs.
 class DemoCatalog
 {
 public:

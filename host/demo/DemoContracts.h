@@ -14,7 +14,7 @@
 
 #include <QHash>
 
-// The contracts of the made-up office with their documents, by the rules of the contract editor: its commission, its
+// The contracts of the demo office with their documents, by the rules of the contract editor: its commission, its
 // document rows. They are spread evenly over a span of days, in the order of their codes.
 class DemoContracts
 {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-// Fills a database that has the schema and nobody's data with a made-up office: company, settings, a user "demo" with the
+// Fills a database that has the schema and nobody's data with a demo office: company, settings, a user "demo" with the
 // password "demo", persons, contracts over two years with their documents, the car catalog, input parameters and tariffs, and
 // a car of the register for every third contract.
 namespace DemoData {

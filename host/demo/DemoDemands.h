@@ -12,7 +12,7 @@
 
 class CTblAutomobilDemands;
 
-// The demands of the made-up office: customers who came in the last months before its last day, for cars of its catalog.
+// The demands of the demo office: customers who came in the last months before its last day, for cars of its catalog.
 class DemoDemands
 {
 public:

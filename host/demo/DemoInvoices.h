@@ -9,7 +9,7 @@
 
 #include <QDate>
 
-// The services of the made-up office and the invoices of its last months, saved as the editor saves them. Some have a discount,
+// The services of the demo office and the invoices of its last months, saved as the editor saves them. Some have a discount,
 // one was returned, and one is void.
 class DemoInvoices
 {

@@ -7,7 +7,7 @@
 
 #include <span>
 
-// What the people, places and cars of the made-up office are called. Any likeness to an office is by chance.
+// What the people, places and cars of the demo office are called. Any likeness to an office is by chance.
 namespace DemoNames {
 
 using List = std::span<const QStringView>;

@@ -10,7 +10,7 @@
 
 class CTblPersons;
 
-// The persons of the made-up office.
+// The persons of the demo office.
 namespace DemoPersons {
 
 // What a contract takes over from a person.

@@ -19,7 +19,7 @@ constexpr int exitWrongOptions = 2;
 
 }
 
-// Fills the database of a client configuration with a made-up office. tzhost starts it; it can also be run by hand.
+// Fills the database of a client configuration with a demo office. tzhost starts it; it can also be run by hand.
 int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);

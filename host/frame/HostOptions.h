@@ -10,7 +10,7 @@
 // command lines: it comes from a file or from a dialog.
 struct HostOptions
 {
-    QString dataDir;   // empty: the user's own data folder (or the made-up office's, with demo)
+    QString dataDir;   // empty: the user's own data folder (or the demo office's, with demo)
     QString moduleDir; // folder of the module's library; empty: where the program is installed or built
 
     bool connect = false; // work on an office server instead of a private one

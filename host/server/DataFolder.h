@@ -22,7 +22,7 @@ public:
 
     // Where an office's data lie unless the user says otherwise.
     static QString defaultPath();
-    // The made-up office has a folder of its own beside it.
+    // The demo office has a folder of its own beside it.
     static QString demoPath();
 
     // Absolute; links of the existing part are resolved, so that one folder has one name.

@@ -7,7 +7,7 @@
 
 #include <functional>
 
-// The made-up office, by which a newcomer sees a living program.
+// The demo office, by which a newcomer sees a living program.
 namespace DemoOffice {
 
 // Whether database 0 holds it already.

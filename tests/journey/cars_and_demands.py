@@ -94,7 +94,7 @@ def fill_catalog(office):
     wait_for(lambda: set(classes) <= set(catalog.names(office.tree.find("tree", car_labels.CLASSES, window),
                                                        car_labels.CLASSES)), "the own classes beside the imported ones")
     office.pictures.take("catalog-imported", "What was entered by hand stands among what was imported")
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(car_labels.CATALOG)
 
 
@@ -105,9 +105,9 @@ def fill_values(office):
     office.pictures.take("parameters", "Colours among the input values")
     editor, title = catalog.add_value(office, window, car_labels.COLOURS, COLOURS[0])
     office.message(labels.WARNING, car_labels.NAME_TAKEN, picture=("name-taken", "A name is entered once only"))
-    office.hands.press(labels.CANCEL, editor)
+    office.driver.press(labels.CANCEL, editor)
     office.tree.no_window(title)
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(car_labels.PARAMETERS)
 
 
@@ -119,15 +119,15 @@ def give_up_car(office):
     editor = cars.new_car(office)
     check(len(registered(office)) == 1, "the new car's placeholder stands in the table")
     office.pictures.take("car-empty", "A new car with the next code and the current year")
-    office.hands.enter("شماره موتور :", "124K", editor)
-    office.hands.press(labels.CANCEL, editor)
+    office.driver.enter("شماره موتور :", "124K", editor)
+    office.driver.press(labels.CANCEL, editor)
     office.tree.no_window(car_labels.CAR_NEW)
     check(not registered(office), "no row is left")
 
 
 def register_car(office, table):
     editor = cars.new_car(office)
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.WARNING, car_labels.NO_OWNER,
                    picture=("owner-missing", "A car without its owner is not saved; the picker comes by itself"))
     picker = office.tree.window(labels.PICK_PERSON)
@@ -136,15 +136,15 @@ def register_car(office, table):
     brand, model, classes = CATALOG
     for label, text in ((car_labels.BRAND, brand), (car_labels.MODEL, model), (car_labels.CLASS, classes[1]),
                         (car_labels.COLOUR, COLOURS[0]), (car_labels.FUEL, "بنزین"), (car_labels.USAGE, "سواری")):
-        office.hands.choose(label, text, editor)
-    office.hands.enter(car_labels.YEAR, work.typed(YEAR, office), editor)
+        office.driver.choose(label, text, editor)
+    office.driver.enter(car_labels.YEAR, work.typed(YEAR, office), editor)
     for label, _, text in CODES:
-        office.hands.enter(label, text, editor)
+        office.driver.enter(label, text, editor)
     cars.choose_values(office, editor, car_labels.ACCESSORIES_HAD, car_labels.ACCESSORIES, ACCESSORIES,
                        ("accessories", "Several accessories are entered and ticked"))
     # The jack is not there after all: the field is a text, and the lacking ones follow from it.
-    office.hands.enter(car_labels.ACCESSORIES_HAD, f"{ACCESSORIES[0]}، {ACCESSORIES[2]}", editor)
-    office.hands.press(car_labels.more(car_labels.ACCESSORIES_LACKING), editor)
+    office.driver.enter(car_labels.ACCESSORIES_HAD, f"{ACCESSORIES[0]}، {ACCESSORIES[2]}", editor)
+    office.driver.press(car_labels.more(car_labels.ACCESSORIES_LACKING), editor)
     cars.holds(office, editor, car_labels.ACCESSORIES_LACKING, ACCESSORIES[1])
     path = photo.write_jpeg(os.path.join(office.desktop.home, "car.jpg"))
     cars.take_picture(office, editor, path)
@@ -199,7 +199,7 @@ def record_demand(office):
 
 
 def look_for_cars(office, table):
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(car_labels.MATCHING_CARS)
     window = office.tree.window(car_labels.MATCHING_CARS)
     office.tree.check_names(window)
@@ -208,10 +208,10 @@ def look_for_cars(office, table):
     row = matches.row(0)
     check(row[car_labels.COLUMN_FIT] == "100%" and row[car_labels.COLUMN_OWNER] == OWNER, f"the car fits wholly: {row}")
     office.pictures.take("matching-cars", "The cars that fit the demand, the best first")
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(car_labels.MATCHING_CARS)
 
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(car_labels.CARS)
     preset = office.tree.find("tree", car_labels.CARS, office.main)
     wait_for(lambda: preset.row_count == 1, "the car that the wishes find")
@@ -221,13 +221,13 @@ def look_for_cars(office, table):
         check(same(office.tree.find("text", label, office.main).number, number), f"{label!r} is preset")
     office.pictures.take("preset", "The list of cars, searched by the wishes of the demand")
 
-    office.hands.select_row(preset, 0)
+    office.driver.select_row(preset, 0)
     office.command(car_labels.MATCHING_DEMANDS)
     window = office.tree.window(car_labels.MATCHING_DEMANDS)
     asked = office.tree.find("tree", car_labels.MATCHING_DEMANDS, window)
     wait_for(lambda: [row[car_labels.COLUMN_CUSTOMER] for row in asked.rows()] == [CUSTOMER], "who asked for such a car")
     office.pictures.take("matching-demands", "And the other way round: who asked for this car")
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(car_labels.MATCHING_DEMANDS)
 
 
@@ -235,15 +235,15 @@ def sell_car(office, table):
     editor = cars.open_car(office, table)
     work.open_page(office, editor, car_labels.SALE_PAGE)
     office.tree.check_names(editor)
-    office.hands.check(car_labels.SOLD, editor)
+    office.driver.check(car_labels.SOLD, editor)
     work.pick_person(office, editor, cars.BUYER, OWNER, OWNER.split(" ")[1])
     for label, amount in ((car_labels.SOLD_AMOUNT, SOLD), (car_labels.PURCHASE, PURCHASE),
                           (car_labels.EXPENSES, EXPENSES), (car_labels.NOTARY_REMAINING, REMAINING)):
-        office.hands.enter(label, work.typed(amount, office), editor)
+        office.driver.enter(label, work.typed(amount, office), editor)
     pick_tariff(office, editor)
     profit = office.tree.find("text", car_labels.PROFIT, editor)
     wait_for(lambda: same(profit.number, PROFIT), lambda: f"the profit to be {PROFIT}; it is {profit.text!r}")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.WARNING, car_labels.SAME_PARTIES, picture=("same-parties", "The owner cannot be the buyer"))
     work.pick_person(office, editor, cars.BUYER, CUSTOMER, CUSTOMER.split(" ")[1])
     office.pictures.take("sale", "The sale: buyer, costs, tariff, and the profit that follows from them")
@@ -255,13 +255,13 @@ def sell_car(office, table):
 
 
 def pick_tariff(office, editor):
-    office.hands.press(car_labels.more(car_labels.NOTARY_COST), editor)
+    office.driver.press(car_labels.more(car_labels.NOTARY_COST), editor)
     window = office.tree.window(car_labels.TARIFFS)
     office.tree.check_names(window)
     table = catalog.add_tariff(office, window, *TARIFF, ("tariff", "A notary tariff is entered on the way"))
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.pictures.take("tariffs", "The tariff is taken over from the list")
-    office.hands.press(car_labels.TAKE, window)
+    office.driver.press(car_labels.TAKE, window)
     office.tree.no_window(car_labels.TARIFFS)
     cost = office.tree.find("text", car_labels.NOTARY_COST, editor)
     wait_for(lambda: same(cost.number, TARIFF[1]), "the notary cost to be the tariff's")
@@ -281,23 +281,23 @@ def write_contract(office):
     table = office.open_contracts()
     before = table.row_count
     editor = work.new_contract(office)
-    office.hands.press(car_labels.TAKE_CAR, editor)
+    office.driver.press(car_labels.TAKE_CAR, editor)
     window = office.tree.window(car_labels.CARS)
     listed = office.tree.find("tree", car_labels.CARS, window)
     wait_for(lambda: listed.row_count == 1, "the car to choose from")
-    office.hands.select_row(listed, 0)
+    office.driver.select_row(listed, 0)
     office.pictures.take("choose-car", "A contract takes its car from the register")
-    office.hands.press(labels.OK, window)
+    office.driver.press(labels.OK, window)
     office.tree.no_window(car_labels.CARS)
     cars.holds(office, editor, work.party(0).name, OWNER)
     work.pick_person(office, editor, work.party(1), CUSTOMER, CUSTOMER.split(" ")[1])
-    office.hands.enter(labels.AMOUNT, work.typed(SOLD, office), editor)
+    office.driver.enter(labels.AMOUNT, work.typed(SOLD, office), editor)
     office.pictures.take("contract-parties", "The owner has become the first party")
     work.open_page(office, editor, labels.MATTER_PAGE)
     for label, text in COPIED.items():
         cars.holds(office, editor, label, text)
     office.pictures.take("contract-car", "The vehicle's page is filled from the car")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
     office.tree.no_window(labels.EDITOR_NEW)
     wait_for(lambda: table.row_count == before + 1, "the contract in the list")
@@ -317,13 +317,13 @@ COPIED = {labels.CAR_NAME: f"{CATALOG[0]} {CATALOG[1]}", car_labels.CAR_CLASS: C
 
 def archive_car(office, table):
     wait_for(lambda: table.row_count == 1, "the car in the list")
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(labels.ARCHIVE)
     office.message(labels.NOTICE, labels.IS_ARCHIVED)
     wait_for(lambda: table.row_count == 0, "the archived car to leave the list")
     work.search_archive(office, labels.ARCHIVED)
     wait_for(lambda: table.row_count == 1, "the car among the archived ones")
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(labels.ARCHIVE)
     office.message(labels.WARNING, car_labels.ARCHIVED_TWICE,
                    picture=("archived-twice", "A car is archived once only"))
@@ -334,11 +334,11 @@ def archive_car(office, table):
 def keep_used_brand(office):
     window = catalog.open_catalog(office)
     catalog.select_entry(office, window, car_labels.BRANDS, CATALOG[0])
-    office.hands.press(car_labels.of(labels.DELETE, car_labels.BRANDS), window)
+    office.driver.press(car_labels.of(labels.DELETE, car_labels.BRANDS), window)
     office.message(labels.WARNING, car_labels.BRAND_USED,
                    picture=("brand-used", "A brand that a car of the register has is not deleted"))
     check(office.database.number(f"SELECT COUNT(*) FROM CarBrands WHERE sName='{CATALOG[0]}'") == 1, "the brand stays")
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(car_labels.CATALOG)
 
 
@@ -360,7 +360,7 @@ def start_again(office):
     check(same(office.tree.find("text", car_labels.PROFIT, window).number, PROFIT), "the shown profit")
     check(cars.is_checked(office, window, car_labels.SOLD), "the car is shown as sold")
     office.pictures.take("sale-after-restart", "And its sale")
-    office.hands.press(labels.UNARCHIVE, window)
+    office.driver.press(labels.UNARCHIVE, window)
     office.message(labels.NOTICE, car_labels.UNARCHIVED)
     office.tree.no_window(car_labels.CAR_SHOW)
     work.search_archive(office, labels.NOT_ARCHIVED)

@@ -52,7 +52,7 @@ def comprehensive_report(office):
 
     step("on paper")
     print_report(office, window, month, papers)
-    office.hands.press(labels.CANCEL, window)
+    office.driver.press(labels.CANCEL, window)
     office.tree.no_window(report_labels.COMPREHENSIVE)
     office.leave()
 
@@ -61,7 +61,7 @@ def comprehensive_report(office):
     office.log_in_demo()
     window = open_report(office)
     check(check_rows(office, window, WHOLE_YEAR) == rows, "the rows are those from before")
-    office.hands.keys(window, "Escape")
+    office.driver.keys(window, "Escape")
     office.tree.no_window(report_labels.COMPREHENSIVE)
     office.leave()
 
@@ -73,10 +73,10 @@ def add_accounts(office):
                                          (report_labels.NEW_BELOW, report_labels.SUBSIDIARY_WINDOW, RENT)):
         office.command(command)
         editor = office.tree.window(title)
-        office.hands.enter(report_labels.ACCOUNT_CODE, code, editor)
-        office.hands.enter(report_labels.ACCOUNT_NAME, name, editor)
+        office.driver.enter(report_labels.ACCOUNT_CODE, code, editor)
+        office.driver.enter(report_labels.ACCOUNT_NAME, name, editor)
         office.pictures.take(f"account-{code}", "An account is added to the chart")
-        office.hands.press(labels.OK, editor)
+        office.driver.press(labels.OK, editor)
         office.tree.no_window(title)
     check(office.database.value(f"SELECT iHesabKolCode FROM HesabMoeen WHERE iCode={RENT[0]}") == GENERAL[0],
           "the new account stands below the one that was selected")
@@ -87,11 +87,11 @@ def post_rent(office):
     books.open_page(office, report_labels.DOCUMENTS)
     office.command(report_labels.NEW_DOCUMENT)
     editor = office.tree.window(report_labels.NEW_DOCUMENT)
-    office.hands.enter(report_labels.DOCUMENT_DATE, f"{YEAR}/06/15", editor)
-    office.hands.enter(report_labels.DOCUMENT_DESCRIPTION, "اجاره شهریور", editor)
+    office.driver.enter(report_labels.DOCUMENT_DATE, f"{YEAR}/06/15", editor)
+    office.driver.enter(report_labels.DOCUMENT_DESCRIPTION, "اجاره شهریور", editor)
     books.enter_document_rows(office, editor, ((RENT[0], RENT_AMOUNT, 0), (CASH, 0, RENT_AMOUNT)))
     office.pictures.take("document", "A document by hand, which balances")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(report_labels.NEW_DOCUMENT)
     document = office.database.row("SELECT * FROM Documents ORDER BY iID DESC LIMIT 1")
     check(document["sDesc"] == "اجاره شهریور" and document["iFiscalYear"] == str(YEAR), f"the document {document}")
@@ -158,8 +158,8 @@ def check_rows(office, window, days):
 
 def enter_dates(office, window, days):
     for label, day in zip((report_labels.FROM_DATE, report_labels.TO_DATE), days):
-        office.hands.enter(label, shamsi.text(day), window)
-    office.hands.press(labels.SEARCH, window)
+        office.driver.enter(label, shamsi.text(day), window)
+    office.driver.press(labels.SEARCH, window)
 
 
 def entries(office, account, days):
@@ -190,7 +190,7 @@ def check_sheet(office, window, account, wanted, picture=None):
     wait_for(lambda: shown() == wanted, lambda: f"the documents {wanted}, not {shown()}")
     if picture:
         office.pictures.take(*picture)
-    office.hands.press(labels.BACK, sheet)
+    office.driver.press(labels.BACK, sheet)
     office.tree.no_window(report_labels.ACCOUNT_SHEET)
 
 
@@ -200,14 +200,14 @@ def show_document(office, window, account, number):
     work.open_row(office, table, table.row_count - 1, sheet)
     document = office.tree.window(f"{report_labels.DOCUMENT_WINDOW} {number}")
     office.pictures.take("shown-document", "And from the account's sheet its document")
-    office.hands.press(labels.BACK, document)
+    office.driver.press(labels.BACK, document)
     office.tree.no_window(report_labels.DOCUMENT_WINDOW)
-    office.hands.press(labels.BACK, sheet)
+    office.driver.press(labels.BACK, sheet)
     office.tree.no_window(report_labels.ACCOUNT_SHEET)
 
 
 def print_report(office, window, rows, papers):
-    office.hands.press(labels.PRINT, window)
+    office.driver.press(labels.PRINT, window)
     preview = office.tree.window(labels.PREVIEW)
     pdf = work.save_file(office, preview, labels.SAVE_PDF, os.path.join(papers, "year.pdf"))
     text = "\n".join(documents.pdf_pages(pdf))
@@ -215,7 +215,7 @@ def print_report(office, window, rows, papers):
         if amount is not None:
             check(documents.line_holds(text, f"{code} {name} {amount:,}"), f"{name!r} stands on paper:\n{text}")
     office.pictures.take_pages("paper", "The report as a PDF document", pdf)
-    office.hands.press(labels.BACK, preview)
+    office.driver.press(labels.BACK, preview)
     office.tree.no_window(labels.PREVIEW)
 
 

@@ -24,24 +24,24 @@ def few_rights(office):
     office.command(labels.NEW)
     office.message(labels.WARNING, labels.NOT_ALLOWED, picture=("cannot-add", "Who may only read cannot add"))
     for command in (labels.EDIT, labels.DELETE, labels.ARCHIVE):
-        office.hands.select_row(table, 0)
+        office.driver.select_row(table, 0)
         office.command(command)
         office.message(labels.WARNING, labels.NOT_ALLOWED)
     check(contracts(office) == before, "nothing has changed in the table")
 
     step("but a contract may be looked at")
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(labels.SHOW)
     window = office.tree.window(labels.EDITOR_SHOW)
     check(not office.tree.shows("push button", labels.OK, window), "a shown contract cannot be saved")
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(labels.EDITOR_SHOW)
     office.leave()
 
 
 def refused_page(office, page, picture):
-    office.hands.open_menu(labels.AUTO_MENU, office.main)
-    office.hands.menu_entry(page, office.main)
+    office.driver.open_menu(labels.AUTO_MENU, office.main)
+    office.driver.menu_entry(page, office.main)
     office.message(labels.WARNING, labels.NOT_ALLOWED, picture=picture)
     check(not office.tree.shows("tree", page, office.main), f"the page {page!r} is not shown")
     check(not office.tree.shows("page tab", page, office.main), "no tab is left behind")

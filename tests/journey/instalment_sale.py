@@ -73,7 +73,7 @@ def instalment_sale(office):
     step("the plan")
     plan = store_plan(office, editor)
     check(not any(row["iStatus"] != "0" for row in payments(office)), "a stored plan is unpaid")
-    office.hands.press(labels.BACK, plan)
+    office.driver.press(labels.BACK, plan)
     office.tree.no_window(labels.PLAN)
     save(office, editor, labels.INSTALMENTS_NEW)
     wait_for(lambda: table.row_count == 2, "the instalment sale in the list")
@@ -95,13 +95,13 @@ def instalment_sale(office):
 
 def begin_contract(office):
     editor = work.new_contract(office)
-    office.hands.choose(labels.CONTRACT_TYPE, labels.INSTALMENT_SALE, editor)
+    office.driver.choose(labels.CONTRACT_TYPE, labels.INSTALMENT_SALE, editor)
     office.tree.window(labels.INSTALMENTS_NEW)
     for side, name in enumerate(PERSONS):
         work.pick_person(office, editor, work.party(side), name, name.split(" ")[1])
-    office.hands.enter(labels.AMOUNT, str(AMOUNT), editor)
+    office.driver.enter(labels.AMOUNT, str(AMOUNT), editor)
     work.check_figures(office, editor, AMOUNT, (0, 0))
-    office.hands.enter(labels.EXPLANATION, EXPLANATION, editor)
+    office.driver.enter(labels.EXPLANATION, EXPLANATION, editor)
     office.pictures.take("parties", "An instalment sale: parties, amount, and what both have to pay")
     return editor
 
@@ -110,23 +110,23 @@ def fill_matter_page(office, editor):
     work.open_page(office, editor, labels.MATTER_PAGE)
     office.pictures.take("matter-empty", "The second page of an instalment sale, still empty")
     for label, _, text, _ in VEHICLE_AND_TERMS:
-        office.hands.enter(label, text, editor)
+        office.driver.enter(label, text, editor)
     for label, _, amount in MONEY_TERMS:
-        office.hands.enter(label, str(amount), editor)
+        office.driver.enter(label, str(amount), editor)
     office.pictures.take("matter-filled", "Vehicle, payment and terms; amounts stand in words below their fields")
     office.tree.find("text", VEHICLE_AND_TERMS[-1][0], editor).act("SetFocus")
     office.pictures.take("matter-end", "The end of the page comes into view with the focus")
 
 
 def store_plan(office, editor):
-    office.hands.press(labels.PLAN, editor)
+    office.driver.press(labels.PLAN, editor)
     plan = office.tree.window(labels.PLAN)
     principal = office.tree.find("text", labels.PLAN_PRINCIPAL, plan)
     check(principal.number == PRINCIPAL, f"what is left of the amount is proposed, not {principal.text!r}")
     for label, text in ((labels.PLAN_START, START), (labels.PLAN_RATE, str(RATE)), (labels.PLAN_COUNT, str(COUNT)),
                         (labels.PLAN_INTERVAL, "1")):
-        office.hands.enter(label, text, plan)
-    office.hands.press(labels.PLAN, plan)
+        office.driver.enter(label, text, plan)
+    office.driver.press(labels.PLAN, plan)
     table = office.tree.find("tree", labels.PLAN, plan)
     wait_for(lambda: table.row_count == COUNT, f"{COUNT} instalments")
     for label, amount in ((labels.PLAN_TOTAL, PRINCIPAL + INTEREST), (labels.PLAN_INTEREST, INTEREST)):
@@ -138,7 +138,7 @@ def store_plan(office, editor):
     check({row[labels.COLUMN_INSTALMENT] for row in rows} == {f"{INSTALMENT:,}"}, f"the instalments {rows[0]}")
     office.pictures.take("plan", "Twelve equal instalments, due on the fifteenth of every month")
     check(not payments(office), "nothing is stored by calculating")
-    office.hands.press(labels.PLAN_SAVE, plan)
+    office.driver.press(labels.PLAN_SAVE, plan)
     office.message(labels.NOTICE, labels.PLAN_SAVED, picture=("plan-stored", "The plan is stored"))
     wait_for(lambda: len(payments(office)) == COUNT, "the plan in the database")
     due = FIRST_DUE
@@ -156,7 +156,7 @@ def payments(office):
 
 
 def save(office, editor, title):
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
     office.tree.no_window(title)
 
@@ -178,24 +178,24 @@ def check_contract(office):
 def select_sale(office, table):
     wait_for(lambda: table.row_count == 2, "both contracts in the list")
     row = next(i for i, row in enumerate(table.rows()) if row[labels.COLUMN_EXPLANATION] == EXPLANATION)
-    office.hands.select_row(table, row)
+    office.driver.select_row(table, row)
 
 
 def receive_instalment(office, papers):
     office.command(labels.EDIT)
     editor = office.tree.window(labels.INSTALMENTS_EDIT)
     work.open_page(office, editor, labels.MATTER_PAGE)
-    office.hands.press(labels.PLAN, editor)
+    office.driver.press(labels.PLAN, editor)
     plan = office.tree.window(labels.PLAN)
     table = office.tree.find("tree", labels.PLAN, plan)
     wait_for(lambda: table.row_count == COUNT, "the stored plan")
-    office.hands.select_row(table, 0)
-    office.hands.press(labels.PLAN_RECEIVE, plan)
+    office.driver.select_row(table, 0)
+    office.driver.press(labels.PLAN_RECEIVE, plan)
     receipt = office.tree.window(labels.RECEIPT)
     amount = office.tree.find("text", labels.RECEIPT_AMOUNT, receipt)
     check(same(amount.number, INSTALMENT), f"the receipt proposes {amount.text!r}")
     office.pictures.take("receipt", "The first instalment is received: person, amount and description are proposed")
-    office.hands.press(labels.OK, receipt)
+    office.driver.press(labels.OK, receipt)
     office.tree.no_window(labels.RECEIPT)
     states = [labels.PAID] + [labels.UNPAID] * (COUNT - 1)
     wait_for(lambda: [row[labels.COLUMN_STATE] for row in table.rows()] == states,
@@ -205,13 +205,13 @@ def receive_instalment(office, papers):
         check(not office.tree.find("push button", caption, plan).enabled, f"{caption!r} is refused once one is paid")
     office.pictures.take("received", "One instalment is paid: the plan cannot be changed any more")
     print_plan(office, plan, papers)
-    office.hands.press(labels.BACK, plan)
+    office.driver.press(labels.BACK, plan)
     office.tree.no_window(labels.PLAN)
     save(office, editor, labels.INSTALMENTS_EDIT)
 
 
 def print_plan(office, plan, papers):
-    office.hands.press(labels.PRINT, plan)
+    office.driver.press(labels.PRINT, plan)
     preview = office.tree.window(labels.PREVIEW)
     check(BUYER in preview.name, f"the plan's title names the buyer: {preview.name!r}")
     office.pictures.take("plan-preview", "The plan on paper, before it is printed")
@@ -222,7 +222,7 @@ def print_plan(office, plan, papers):
         check(documents.line_holds(pages[0], f"{month} 1405/{month:02}/15 {INSTALMENT:,}"),
               f"instalment {month} stands on paper:\n{pages[0]}")
     office.pictures.take_pages("plan", "The plan as a PDF document", pdf)
-    office.hands.press(labels.BACK, preview)
+    office.driver.press(labels.BACK, preview)
     office.tree.no_window(labels.PREVIEW)
 
 
@@ -288,7 +288,7 @@ def print_list(office, papers):
     check(len(rows) == 3 and listed is not None, f"both contracts are in the sheet: {rows}")
     check(listed[1:4] == [labels.INSTALMENT_SALE, SELLER, BUYER], f"the row of the sale {listed}")
     check(float(sale(office)["iDocNum"]) in listed, f"the number of the document is a number: {listed}")
-    office.hands.press(labels.BACK, preview)
+    office.driver.press(labels.BACK, preview)
     office.tree.no_window(labels.PREVIEW)
 
 

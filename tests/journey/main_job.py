@@ -7,7 +7,7 @@ import subprocess
 
 from lib import labels, work
 from lib.figures import same
-from lib.hands import KeyboardHands
+from lib.drivers import KeyboardDriver
 from lib.journey import check, run, step
 from lib.waiting import wait_for
 
@@ -61,9 +61,9 @@ def main_job(office):
 
 
 def add_buyer(office):
-    office.hands.open_menu(labels.BOOK_MENU, office.main)
+    office.driver.open_menu(labels.BOOK_MENU, office.main)
     wait_for(lambda: office.tree.shows("menu item", labels.PERSONS, office.main), "the menu to open")
-    office.hands.menu_entry(labels.PERSONS, office.main)
+    office.driver.menu_entry(labels.PERSONS, office.main)
     office.tree.find("tree", labels.PERSONS, office.main)
     office.command(labels.NEW)
     work.add_person(office, office.main, *BUYER.split(" "), mobile="09121112233")
@@ -82,19 +82,19 @@ def write_contract(office):
     work.pick_person(office, editor, work.party(1), BUYER, BUYER.split(" ")[1],
                      ("picker-search", "The second party is searched as one types"))
 
-    office.hands.enter(labels.AMOUNT, work.typed(FIRST_AMOUNT, office), editor)
+    office.driver.enter(labels.AMOUNT, work.typed(FIRST_AMOUNT, office), editor)
     work.check_figures(office, editor, FIRST_AMOUNT, (SELLER_DISCOUNT, 0))
     office.pictures.take("figures-first-tier", "Commission of the first tier; tax, duty and discount have followed")
-    office.hands.enter(labels.AMOUNT, work.typed(AMOUNT, office), editor)
+    office.driver.enter(labels.AMOUNT, work.typed(AMOUNT, office), editor)
     figures = work.check_figures(office, editor, AMOUNT, (SELLER_DISCOUNT, 0))
-    office.hands.enter(labels.EXPLANATION, EXPLANATION, editor)
+    office.driver.enter(labels.EXPLANATION, EXPLANATION, editor)
     office.pictures.take("figures-second-tier", "A higher amount falls into the second tier, and everything follows")
 
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.WARNING, labels.NO_CAR_NAME,
                    picture=("car-missing", "A contract without its vehicle is not saved; its page has come to the front"))
     work.write_car(office, editor, ("car", "The vehicle, its payment and its registry data"))
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED,
                    picture=("document-posted", "Saving tells the number of the accounting document"))
     office.tree.no_window(labels.EDITOR_NEW)
@@ -104,10 +104,10 @@ def write_contract(office):
 def add_seller_from_picker(office, editor):
     picker = work.open_picker(office, editor, work.party(0))
     office.pictures.take("picker", "The first party is picked from the persons")
-    if isinstance(office.hands, KeyboardHands):
-        office.hands.keys(picker, "Insert")
+    if isinstance(office.driver, KeyboardDriver):
+        office.driver.keys(picker, "Insert")
     else:
-        office.hands.press(labels.NEW, picker)
+        office.driver.press(labels.NEW, picker)
     work.add_person(office, picker, *SELLER.split(" "), discount_percent=str(SELLER_DISCOUNT))
     table = office.tree.find("tree", labels.PERSONS, picker)
     office.pictures.take("picker-added", "The person added on the way stands selected in the picker")
@@ -155,7 +155,7 @@ def check_document(database, contract, figures):
 
 
 def check_shown_contract(office, table, contract):
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(labels.SHOW)
     window = office.tree.window(labels.EDITOR_SHOW)
     work.check_figures(office, window, AMOUNT, (SELLER_DISCOUNT, 0))
@@ -166,7 +166,7 @@ def check_shown_contract(office, table, contract):
     for (label, _), text in work.CAR.items():
         check(office.tree.find("text", label, window).text == text, f"the shown {label!r}")
     office.pictures.take("shown-car", "The vehicle is shown as it was saved")
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(labels.EDITOR_SHOW)
 
 

@@ -11,11 +11,11 @@ CONTRACTS = 150
 
 
 def prepare(office):
-    step("a made-up office")
+    step("a demo office")
     office.start("--demo", "--demo-size", str(CONTRACTS))
     office.log_in_demo()
     table = office.open_contracts()
-    wait_for(lambda: table.row_count > 0, "the contracts of the made-up office")
+    wait_for(lambda: table.row_count > 0, "the contracts of the demo office")
     check(office.database.number("SELECT COUNT(*) FROM AutomobilContracts") == CONTRACTS, "as many contracts as asked for")
     step("a user without rights")
     rights.add_user(office, rights.NOBODY, ())

@@ -20,14 +20,14 @@ def prepare(office):
     editor = work.new_contract(office)
     for side, name in enumerate(PERSONS):
         picker = work.open_picker(office, editor, work.party(side))
-        office.hands.press(labels.NEW, picker)
+        office.driver.press(labels.NEW, picker)
         work.add_person(office, picker, *name.split(" "))
         work.confirm_picker(office, picker, office.tree.find("tree", labels.PERSONS, picker), editor,
                             work.party(side), name)
-    office.hands.enter(labels.AMOUNT, "500000000", editor)
+    office.driver.enter(labels.AMOUNT, "500000000", editor)
     work.check_figures(office, editor, 500_000_000, (0, 0))
     work.write_car(office, editor)
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
     step("users with few rights")
     rights.add_user(office, rights.READER,

@@ -20,16 +20,16 @@ def refused_and_cancelled(office):
     step("refused: no amount")
     editor = work.new_contract(office)
     check(len(contracts(office)) == len(before) + 1, "the new contract's placeholder stands in the table")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.WARNING, labels.NO_AMOUNT)
 
     step("refused: the same person on both sides")
     for side in (0, 1):
         work.pick_person(office, editor, work.party(side), PERSONS[0], PERSONS[0].split(" ")[1])
-    office.hands.enter(labels.AMOUNT, str(AMOUNT), editor)
-    office.hands.enter(labels.EXPLANATION, EXPLANATION, editor)
+    office.driver.enter(labels.AMOUNT, str(AMOUNT), editor)
+    office.driver.enter(labels.EXPLANATION, EXPLANATION, editor)
     figures = work.check_figures(office, editor, AMOUNT, (0, 0))
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.WARNING, labels.SAME_PERSON, picture=("refused", "The same person on both sides is refused"))
     check(editor in office.tree.windows(), "the window stays open")
     shown = {label: office.tree.find("text", label, editor).text for label in
@@ -43,7 +43,7 @@ def refused_and_cancelled(office):
     check(office.database.number("SELECT COUNT(*) FROM Documents") == 1, "a refused save posts no document")
 
     step("cancelled: no row is left")
-    office.hands.press(labels.CANCEL, editor)
+    office.driver.press(labels.CANCEL, editor)
     office.tree.no_window(labels.EDITOR_NEW)
     check(contracts(office) == before, "the table is as it was")
     check(table.row_count == len(before), "the list is as it was")
@@ -51,7 +51,7 @@ def refused_and_cancelled(office):
     step("cancelled with the Escape key as well")
     editor = work.new_contract(office)
     check(len(contracts(office)) == len(before) + 1, "the placeholder stands in the table")
-    office.hands.keys(editor, "Escape")
+    office.driver.keys(editor, "Escape")
     office.tree.no_window(labels.EDITOR_NEW)
     check(contracts(office) == before, "the table is as it was after Escape")
     office.leave()

@@ -56,7 +56,7 @@ def seasonal_report(office):
 
     step("an export without the company's details is refused")
     office.database.rows("DELETE FROM Properties WHERE sSection='Company'")
-    office.hands.press(report_labels.EXPORT, window)
+    office.driver.press(report_labels.EXPORT, window)
     office.message(labels.WARNING, report_labels.NO_COMPANY,
                    picture=("no-company", "Without the company's details there is no file"))
     check(os.listdir(papers) == ["season.pdf"], f"nothing is written: {os.listdir(papers)}")
@@ -78,12 +78,12 @@ def seasonal_report(office):
 
     step("the payable amount")
     check_payable(office, window)
-    office.hands.press(labels.BACK, window)
+    office.driver.press(labels.BACK, window)
     office.tree.no_window(report_labels.SEASONAL)
 
     step("a user without the right")
     rights.change_user(office, rights.NOBODY, rights.PASSWORD)
-    office.hands.keys(office.main, "ctrl+9")
+    office.driver.keys(office.main, "ctrl+9")
     office.message(labels.WARNING, labels.NOT_ALLOWED, picture=("no-right", "Without the right there is no report"))
     check(len(office.tree.windows()) == 1, "no window is left behind")
     office.leave()
@@ -96,7 +96,7 @@ def seasonal_report(office):
     check(again.rows == kept, "the season's rows are those from before")
     buyers = [row for row in again.rows if row[season.FAMILY_NAME] == BUYER[1]]
     check({row[season.ADDRESS] for row in buyers} == {ADDRESS}, f"the mended address is kept: {buyers}")
-    office.hands.keys(window, "Escape")
+    office.driver.keys(window, "Escape")
     office.tree.no_window(report_labels.SEASONAL)
     office.leave()
 
@@ -112,9 +112,9 @@ def enter_books(office):
     editor = books.begin_invoice(office, report_labels.NEW_SALE, report_labels.SALE_WINDOW)
     office.pictures.take("sale-empty", "A sales invoice, still empty")
     pick_new_buyer(office, editor)
-    office.hands.enter(report_labels.INVOICE_DATE, f"{YEAR}/05/20", editor)
+    office.driver.enter(report_labels.INVOICE_DATE, f"{YEAR}/05/20", editor)
     books.enter_lines(office, editor, SALE)
-    office.hands.enter(report_labels.INVOICE_DISCOUNT, str(DISCOUNT), editor)
+    office.driver.enter(report_labels.INVOICE_DISCOUNT, str(DISCOUNT), editor)
     sum_of_sale = sum(line.amount for line in SALE)
     books.check_total(office, editor, (sum_of_sale - DISCOUNT) * 1.1)
     office.pictures.take("sale", "A sales invoice with its lines, discount, tax and duty")
@@ -123,7 +123,7 @@ def enter_books(office):
     editor = books.begin_invoice(office, report_labels.NEW_PURCHASE, report_labels.PURCHASE_WINDOW)
     seller = office.database.value("SELECT sName2 FROM Persons WHERE iStatus=0 AND iKind=2 ORDER BY iID LIMIT 1")
     work.pick_person(office, editor, books.INVOICE_PERSON, seller, seller)
-    office.hands.enter(report_labels.INVOICE_DATE, f"{YEAR}/06/31", editor)
+    office.driver.enter(report_labels.INVOICE_DATE, f"{YEAR}/06/31", editor)
     books.enter_lines(office, editor, PURCHASE)
     books.check_total(office, editor, sum(line.amount for line in PURCHASE) * 1.1)
     office.pictures.take("purchase", "A purchase invoice")
@@ -135,13 +135,13 @@ def enter_books(office):
 
 def pick_new_buyer(office, editor):
     picker = work.open_picker(office, editor, books.INVOICE_PERSON)
-    office.hands.press(labels.NEW, picker)
+    office.driver.press(labels.NEW, picker)
     person = office.tree.window(labels.NEW_PERSON)
     for label, text in ((labels.FIRST_NAME, BUYER[0]), (labels.FAMILY_NAME, BUYER[1]), *BUYER_FIELDS):
-        office.hands.enter(label, text, person)
-    office.hands.choose(report_labels.PARTY_KIND, "6", person)
+        office.driver.enter(label, text, person)
+    office.driver.choose(report_labels.PARTY_KIND, "6", person)
     office.pictures.take("buyer", "The buyer's address is longer than the tax authority takes")
-    office.hands.press(labels.OK, person)
+    office.driver.press(labels.OK, person)
     office.tree.no_window(labels.NEW_PERSON)
     table = office.tree.find("tree", labels.PERSONS, picker)
     work.confirm_picker(office, picker, table, editor, books.INVOICE_PERSON, " ".join(BUYER))
@@ -160,7 +160,7 @@ def check_posted(office, kind, amount, discount):
 
 def open_report(office):
     """The report, opened by its key. It gathers once by itself, for the season that today's date proposes."""
-    office.hands.keys(office.main, "ctrl+9")
+    office.driver.keys(office.main, "ctrl+9")
     window = office.tree.window(report_labels.SEASONAL)
     proposed = next(number for number, name in enumerate(report_labels.SEASONS)
                     if office.tree.find("radio button", name, window).checked)
@@ -179,13 +179,13 @@ def await_rows(office, window, wanted, picture=None):
 
 def gather(office, window, kind, minimum, picture=None):
     """Shows the summer of the kind and checks every cell; gives what was reckoned."""
-    office.hands.option(report_labels.SEASONS[SUMMER], window)
-    office.hands.option(report_labels.SALES if kind == season.SALE else report_labels.PURCHASES, window)
-    office.hands.enter(report_labels.YEAR, str(YEAR), window)
-    office.hands.enter(report_labels.MINIMUM, str(minimum), window)
+    office.driver.option(report_labels.SEASONS[SUMMER], window)
+    office.driver.option(report_labels.SALES if kind == season.SALE else report_labels.PURCHASES, window)
+    office.driver.enter(report_labels.YEAR, str(YEAR), window)
+    office.driver.enter(report_labels.MINIMUM, str(minimum), window)
     wanted = season.reckon(office.database, kind, SUMMER, YEAR, minimum)
     button = office.tree.find("push button", report_labels.GATHER, window)
-    office.hands.press(report_labels.GATHER, window)
+    office.driver.press(report_labels.GATHER, window)
     # A button that is pressed through the interface stays down for a moment before it acts.
     wait_for(lambda: not button.has(State.PRESSED), "the gathering to begin")
     await_rows(office, window, wanted, picture)
@@ -214,9 +214,9 @@ def mend_address(office, window):
     work.open_row(office, table, rows[0], window, season.ADDRESS)
     editor = office.tree.window(report_labels.PERSON_EDIT)
     check(office.tree.find("text", labels.FAMILY_NAME, editor).text == BUYER[1], "the row's party is in the editor")
-    office.hands.enter(report_labels.ADDRESS, ADDRESS, editor)
+    office.driver.enter(report_labels.ADDRESS, ADDRESS, editor)
     office.pictures.take("address", "Its person is open, and the address is shortened")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(report_labels.PERSON_EDIT)
     for row in rows:
         wait_for(lambda row=row: table.cell(row, season.ADDRESS).name == ADDRESS, "the row to show the new address")
@@ -225,7 +225,7 @@ def mend_address(office, window):
 
 
 def print_report(office, window, sales, papers):
-    office.hands.press(labels.PRINT, window)
+    office.driver.press(labels.PRINT, window)
     preview = office.tree.window(labels.PREVIEW)
     office.pictures.take("preview", "The season on paper")
     pdf = work.save_file(office, preview, labels.SAVE_PDF, os.path.join(papers, "season.pdf"))
@@ -237,17 +237,17 @@ def print_report(office, window, sales, papers):
     code = office.database.value(f"SELECT iCode FROM Services WHERE sName='{INSPECTION}'")
     check(documents.line_holds(text, f"{code} {SALE[0].amount:,.0f}"), f"the invoice's line stands on paper:\n{text}")
     office.pictures.take_pages("season", "The season as a PDF document", pdf)
-    office.hands.press(labels.BACK, preview)
+    office.driver.press(labels.BACK, preview)
     office.tree.no_window(labels.PREVIEW)
 
 
 def give_company(office, window):
-    office.hands.press(report_labels.COMPANY, window)
+    office.driver.press(report_labels.COMPANY, window)
     dialog = office.tree.window(report_labels.COMPANY_WINDOW)
     for label, text in COMPANY.items():
-        office.hands.enter(label, text, dialog)
+        office.driver.enter(label, text, dialog)
     office.pictures.take("company", "The company's own details")
-    office.hands.press(labels.OK, dialog)
+    office.driver.press(labels.OK, dialog)
     office.tree.no_window(report_labels.COMPANY_WINDOW)
 
 
@@ -255,7 +255,7 @@ def check_export(office, window, opener, folder, name, table, kind):
     """Exports the rows that are shown, and reads the file back."""
     path = os.path.join(folder, name)
     before = os.stat(path).st_ino if os.path.exists(path) else None
-    office.hands.press(report_labels.EXPORT, window)
+    office.driver.press(report_labels.EXPORT, window)
     work.answer_file_window(office, report_labels.CHOOSE_FOLDER, folder, ("folder", "The folder is asked for"))
     office.message(labels.NOTICE, report_labels.EXPORTED, picture=(f"exported-{table.lower()}", "The file is written"))
     wait_for(lambda: opener.asked() and opener.asked()[-1] == folder, "the folder to be opened")
@@ -289,14 +289,14 @@ def check_payable(office, window):
     # Invoice lines count on the side that the authority's form gives them, which is not that of their invoice.
     sales, purchases = commissions + lines(season.PURCHASE), lines(season.SALE)
     check(min(commissions, lines(season.SALE), lines(season.PURCHASE)) > 0, "each of the three sums is there")
-    office.hands.press(report_labels.PAYABLE, window)
+    office.driver.press(report_labels.PAYABLE, window)
     dialog = office.tree.window(report_labels.PAYABLE_WINDOW)
     for label, amount in ((report_labels.PAYABLE_SALES, sales), (report_labels.PAYABLE_PURCHASES, purchases),
                           (report_labels.PAYABLE_RESULT, sales - purchases)):
         shown = office.tree.find("text", label, dialog)
         check(same(shown.number, amount), f"{label!r} is {shown.text}, not {amount:,.0f}")
     office.pictures.take("payable", "What the season comes to")
-    office.hands.press(labels.BACK, dialog)
+    office.driver.press(labels.BACK, dialog)
     office.tree.no_window(report_labels.PAYABLE_WINDOW)
 
 

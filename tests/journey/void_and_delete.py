@@ -4,7 +4,7 @@
 """A void contract leaves the list; a right click deletes, but asks first, and No keeps the row."""
 
 from lib import labels
-from lib.hands import MouseHands
+from lib.drivers import MouseDriver
 from lib.journey import check, run, step
 from lib.waiting import wait_for
 
@@ -17,11 +17,11 @@ def void_and_delete(office):
 
     step("void: out of the list")
     document = office.database.row("SELECT iDocNum, iFiscalYear FROM AutomobilContracts")
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(labels.EDIT)
     editor = office.tree.window(labels.EDITOR_EDIT)
-    office.hands.check(labels.ACTIVE, editor, False)
-    office.hands.press(labels.OK, editor)
+    office.driver.check(labels.ACTIVE, editor, False)
+    office.driver.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
     office.tree.no_window(labels.EDITOR_EDIT)
     wait_for(lambda: table.row_count == 0, "the void contract to leave the list")
@@ -30,12 +30,12 @@ def void_and_delete(office):
           "an edited contract keeps its document number")
 
     step("seen with the inactive ones")
-    office.hands.check(labels.SHOW_INACTIVE, office.main)
+    office.driver.check(labels.SHOW_INACTIVE, office.main)
     office.command(labels.SEARCH)
     wait_for(lambda: table.row_count == 1, "the void contract among the inactive ones")
 
     step("a right click asks; No keeps the row")
-    mouse = MouseHands(office.tree, office.input)
+    mouse = MouseDriver(office.tree, office.input)
     mouse.click(table.cell(0, 5))
     wait_for(lambda: table.selected_rows == [0], "the row to be selected")
     mouse.click(table.cell(0, 1), button=3)

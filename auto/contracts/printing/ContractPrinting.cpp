@@ -79,8 +79,8 @@ QString newPrintFolder(const QString &temporary)
 
 }
 
-ContractPrinting::ContractPrinting(Desk desk, Places places)
-    : m_desk(std::move(desk))
+ContractPrinting::ContractPrinting(Dialogs dialogs, Places places)
+    : m_dialogs(std::move(dialogs))
     , m_places(std::move(places))
 {
     if (m_places.templates.isEmpty())
@@ -111,8 +111,8 @@ bool ContractPrinting::print(int contractID)
     const QString path = name.isEmpty() ? QString() : QDir(m_places.templates).filePath(name);
     if (!path.isEmpty() && QFileInfo(path).isFile())
         return fillAndOpen(contract, path, false);
-    m_desk.warn(Trouble::TemplateMissing);
-    const QString chosen = m_desk.chooseTemplate();
+    m_dialogs.warn(Trouble::TemplateMissing);
+    const QString chosen = m_dialogs.chooseTemplate();
     return !chosen.isEmpty() && fillAndOpen(contract, chosen, true);
 }
 
@@ -127,12 +127,12 @@ bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QStri
     word.SetVisible(0);
     if (!word.Init()) {
         qCWarning(lcPrinting) << word.Failure();
-        m_desk.warn(Trouble::ProcessorMissing);
+        m_dialogs.warn(Trouble::ProcessorMissing);
         return false;
     }
     if (!word.OpenDocument(path, 1)) {
         qCWarning(lcPrinting) << path << word.Failure();
-        m_desk.warn(Trouble::TemplateUnreadable);
+        m_dialogs.warn(Trouble::TemplateUnreadable);
         return false;
     }
     if (!kept.commit())
@@ -146,14 +146,14 @@ bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QStri
     // A letter is saved into the folder as such, which gives it the name of the file it was made from.
     if (folder.isEmpty() || !word.SaveAs(name.isEmpty() ? folder : QDir(folder).filePath(name))) {
         qCWarning(lcPrinting) << "cannot save into" << m_places.temporary << word.Failure();
-        m_desk.warn(Trouble::NotSaved);
+        m_dialogs.warn(Trouble::NotSaved);
         return false;
     }
     const QString saved = word.FullName();
     word.Close();
     word.Quit();
-    if (m_desk.open(saved))
+    if (m_dialogs.open(saved))
         return true;
-    m_desk.warn(Trouble::NotOpened);
+    m_dialogs.warn(Trouble::NotOpened);
     return false;
 }

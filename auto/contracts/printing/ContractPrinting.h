@@ -23,7 +23,7 @@ public:
     };
 
     // What printing asks of the person at the screen and of the desktop.
-    struct Desk
+    struct Dialogs
     {
         std::function<void(Trouble)> warn;
         std::function<QString()> chooseTemplate;       // the path; empty: given up
@@ -37,7 +37,7 @@ public:
         QString temporary;
     };
 
-    explicit ContractPrinting(Desk desk, Places places = {});
+    explicit ContractPrinting(Dialogs dialogs, Places places = {});
 
     // Prints the contract of that key; a contract that is gone is passed over. Every failure ends it, with at most one
     // warning. The document has the template's file name, in a new folder under the temporary one that no other user can
@@ -58,6 +58,6 @@ public:
 private:
     bool fillAndOpen(CTblAutomobilContracts &contract, const QString &path, bool chosen);
 
-    Desk m_desk;
+    Dialogs m_dialogs;
     Places m_places;
 };

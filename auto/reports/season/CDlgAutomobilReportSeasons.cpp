@@ -6,7 +6,7 @@
 #include "auto/reports/season/CDlgPaymentAmount.h"
 #include "auto/reports/season/SeasonBounds.h"
 #include "auto/reports/season/SeasonalColumns.h"
-#include "auto/reports/season/SeasonalExportDesk.h"
+#include "auto/reports/season/SeasonalExportDialogs.h"
 #include "auto/reports/season/SeasonalList.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"

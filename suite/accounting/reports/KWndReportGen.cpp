@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int border = 16; // of the desk around the paper, in screen dots
+constexpr int border = 16; // of the surface around the paper, in screen dots
 constexpr double smallestScale = 0.25;
 constexpr double largestScale = 4;
 constexpr double scaleStep = 1.25;
-const QColor deskColor(0x8a, 0x90, 0x98);
+const QColor surfaceColor(0x8a, 0x90, 0x98);
 
 }
 
@@ -116,7 +116,7 @@ void KWndReportGen::updateBars()
 void KWndReportGen::paintEvent(QPaintEvent *)
 {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), deskColor);
+    painter.fillRect(viewport()->rect(), surfaceColor);
     if (!m_painter || m_page >= pageCount())
         return;
     const QSizeF paper = m_painter->paperSize() * screenDotsPerDot();

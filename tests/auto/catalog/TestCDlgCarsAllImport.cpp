@@ -3,7 +3,7 @@
 
 #include "auto/catalog/CDlgCarsAll.h"
 
-#include "auto/catalog/CatalogImportDesk.h"
+#include "auto/catalog/CatalogImportDialogs.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(source.open(QIODevice::ReadOnly));
         QVERIFY(beside.open(QIODevice::ReadOnly));
         QCOMPARE(beside.readAll(), source.readAll());
-        QVERIFY(CatalogImportDesk::startingSetFolder().endsWith(u"/CarCatalog"_s));
+        QVERIFY(CatalogImportDialogs::startingSetFolder().endsWith(u"/CarCatalog"_s));
     }
 
     void theCatalogStartsEmptyAndIsNotFilledByItself()
@@ -114,11 +114,11 @@ private Q_SLOTS:
 
     void aSecondImportAddsNothing()
     {
-        QVERIFY(CatalogImportDesk::importFile(u"" TZ_STARTING_SET ""_s, nullptr));
+        QVERIFY(CatalogImportDialogs::importFile(u"" TZ_STARTING_SET ""_s, nullptr));
         const QString before = counts();
         g_pDlgYesNo->takeShown();
         g_pDlgMessage->takeShown();
-        QVERIFY(!CatalogImportDesk::importFile(u"" TZ_STARTING_SET ""_s, nullptr));
+        QVERIFY(!CatalogImportDialogs::importFile(u"" TZ_STARTING_SET ""_s, nullptr));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
         QCOMPARE(counts(), before);
@@ -142,7 +142,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, data);
         QFETCH(int, line);
-        QVERIFY(!CatalogImportDesk::importFile(write(data), nullptr));
+        QVERIFY(!CatalogImportDialogs::importFile(write(data), nullptr));
         const QStringList told = g_pDlgWarning->takeShown();
         QCOMPARE(told.size(), 1);
         QCOMPARE(told.first().contains(u"سطر : "_s), line > 0);
@@ -162,7 +162,7 @@ private Q_SLOTS:
     void whatIsNoFileIsRefused()
     {
         QFETCH(QString, path);
-        QVERIFY(!CatalogImportDesk::importFile(path, nullptr));
+        QVERIFY(!CatalogImportDialogs::importFile(path, nullptr));
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
     }
 

@@ -6,7 +6,7 @@ from dataclasses import dataclass
 
 from . import labels, report_labels
 from .figures import same
-from .hands import KeyboardHands
+from .drivers import KeyboardDriver
 from .waiting import wait_for
 from .work import PersonField
 
@@ -29,8 +29,8 @@ class Line:
 
 def open_page(office, caption):
     """A list of the books, opened from the menu; gives its table."""
-    office.hands.open_menu(labels.BOOK_MENU, office.main)
-    office.hands.menu_entry(caption, office.main)
+    office.driver.open_menu(labels.BOOK_MENU, office.main)
+    office.driver.menu_entry(caption, office.main)
     return office.tree.find("tree", caption, office.main)
 
 
@@ -40,10 +40,10 @@ def add_service(office, name, picture=None):
     office.command(report_labels.NEW_SERVICE)
     editor = office.tree.window(report_labels.SERVICE_WINDOW)
     code = office.tree.find("text", report_labels.SERVICE_CODE, editor).text
-    office.hands.enter(report_labels.SERVICE_NAME, name, editor)
+    office.driver.enter(report_labels.SERVICE_NAME, name, editor)
     if picture:
         office.pictures.take(*picture)
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(report_labels.SERVICE_WINDOW)
     wait_for(lambda: any(row[report_labels.COLUMN_SERVICE_NAME] == name and row[report_labels.COLUMN_SERVICE_CODE] == code
                          for row in table.rows()), f"the service {name!r} in the list")
@@ -59,7 +59,7 @@ def begin_invoice(office, command, title):
 def enter_lines(office, editor, lines):
     """Types the lines into the grid, as a person does at the keyboard: Enter goes from cell to cell and on to a new line."""
     grid = office.tree.find("table", report_labels.INVOICE_LINES, editor)
-    KeyboardHands(office.tree, office.input).focus(grid, editor)
+    KeyboardDriver(office.tree, office.input).focus(grid, editor)
     office.input.keys("ctrl+Home")
     for row, line in enumerate(lines):
         wait_for(lambda row=row: grid.row_count > row, f"line {row + 1} to write into")
@@ -75,7 +75,7 @@ def enter_lines(office, editor, lines):
 def enter_document_rows(office, editor, rows):
     """Types the rows of a document by hand, each an account's code, what it owes and what it is owed."""
     grid = office.tree.find("table", report_labels.DOCUMENT_ROWS, editor)
-    KeyboardHands(office.tree, office.input).focus(grid, editor)
+    KeyboardDriver(office.tree, office.input).focus(grid, editor)
     office.input.keys("ctrl+Home")
     for row, (account, debit, credit) in enumerate(rows):
         wait_for(lambda row=row: grid.row_count > row, f"row {row + 1} to write into")
@@ -104,5 +104,5 @@ def check_total(office, editor, total):
 
 
 def save_invoice(office, editor, title):
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(title)

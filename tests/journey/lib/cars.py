@@ -3,7 +3,7 @@
 """The work with one car of the register, in its list and its editor."""
 
 from . import car_labels, labels, work
-from .hands import KeyboardHands, MouseHands
+from .drivers import KeyboardDriver, MouseDriver
 from .tree import State
 from .waiting import wait_for
 
@@ -27,45 +27,45 @@ def new_car(office):
 def open_car(office, table, command=labels.EDIT, title=car_labels.CAR_EDIT):
     """The only car of the list."""
     wait_for(lambda: table.row_count == 1, "the car in the list")
-    office.hands.select_row(table, 0)
+    office.driver.select_row(table, 0)
     office.command(command)
     return office.tree.window(title)
 
 
 def choose_values(office, editor, label, title, values, picture=None):
     """Enters values in the window of several values that a field's button opens, and ticks them all."""
-    office.hands.press(car_labels.more(label), editor)
+    office.driver.press(car_labels.more(label), editor)
     window = office.tree.window(title)
     office.tree.check_names(window)
     for value in values:
-        office.hands.enter(car_labels.NAME, value, window)
-        office.hands.press(labels.NEW, window)
+        office.driver.enter(car_labels.NAME, value, window)
+        office.driver.press(labels.NEW, window)
         wait_for(lambda value=value: value in [item.name for item in office.tree.find("list", title, window).children],
                  f"{value!r} among the values")
     for value in values:
-        office.hands.tick(value, title, window)
+        office.driver.tick(value, title, window)
     if picture:
         office.pictures.take(*picture)
-    office.hands.press(labels.OK, window)
+    office.driver.press(labels.OK, window)
     office.tree.no_window(title)
 
 
 def take_picture(office, editor, path):
     """Lets the box of the picture take a file."""
     box = office.tree.find("image", car_labels.PICTURE, editor)
-    if isinstance(office.hands, KeyboardHands):
-        office.hands.focus(box, editor)
+    if isinstance(office.driver, KeyboardDriver):
+        office.driver.focus(box, editor)
         office.input.keys("space")
-    elif isinstance(office.hands, MouseHands):
-        office.hands.click(box, times=2)
+    elif isinstance(office.driver, MouseDriver):
+        office.driver.click(box, times=2)
     else:
         box.act("Press")
     work.answer_file_window(office, car_labels.CHOOSE_PICTURE, path)
-    office.hands.ready(editor)
+    office.driver.ready(editor)
 
 
 def save(office, editor, title):
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(title)
 
 

@@ -19,14 +19,14 @@ def open_catalog(office):
 
 def add_entry(office, window, level, name, refused=False):
     """A brand, a model of the selected brand, or a class of the selected model. refused: the empty name is tried first."""
-    office.hands.press(car_labels.of(labels.NEW, level), window)
+    office.driver.press(car_labels.of(labels.NEW, level), window)
     title = f"{level} - جدید"
     editor = office.tree.window(title)
     if refused:
-        office.hands.press(labels.OK, editor)
+        office.driver.press(labels.OK, editor)
         office.message(labels.WARNING, car_labels.NO_CATALOG_NAME)
-    office.hands.enter(car_labels.NAME, name, editor)
-    office.hands.press(labels.OK, editor)
+    office.driver.enter(car_labels.NAME, name, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(title)
     table = office.tree.find("tree", level, window)
     wait_for(lambda: name in names(table, level), f"{name!r} in the list of {level!r}")
@@ -37,11 +37,11 @@ def add_entry(office, window, level, name, refused=False):
 def select_entry(office, window, level, name):
     table = office.tree.find("tree", level, window)
     wait_for(lambda: name in names(table, level), f"{name!r} in the list of {level!r}")
-    office.hands.select_row(table, names(table, level).index(name))
+    office.driver.select_row(table, names(table, level).index(name))
 
 
 def import_starting_set(office, window, path, picture):
-    office.hands.press(car_labels.IMPORT, window)
+    office.driver.press(car_labels.IMPORT, window)
     work.answer_file_window(office, car_labels.IMPORT_FILE, path)
     office.message(labels.QUESTION, car_labels.IMPORT_ASK, labels.YES, picture)
     office.message(labels.NOTICE, car_labels.IMPORT_DONE)
@@ -56,16 +56,16 @@ def open_parameters(office):
 
 def add_value(office, window, kind, name):
     """An input value of the kind that the window shows."""
-    office.hands.press(labels.NEW, window)
+    office.driver.press(labels.NEW, window)
     title = f"{kind} - جدید"
     editor = office.tree.window(title)
-    office.hands.enter(car_labels.NAME, name, editor)
-    office.hands.press(labels.OK, editor)
+    office.driver.enter(car_labels.NAME, name, editor)
+    office.driver.press(labels.OK, editor)
     return editor, title
 
 
 def add_values(office, window, kind, wanted):
-    office.hands.option(kind, window)
+    office.driver.option(kind, window)
     table = office.tree.find("tree", car_labels.PARAMETERS, window)
     for name in wanted:
         _, title = add_value(office, window, kind, name)
@@ -75,15 +75,15 @@ def add_values(office, window, kind, wanted):
 
 def add_tariff(office, window, name, cost, description, picture=None):
     """In the window of tariffs."""
-    office.hands.press(labels.NEW, window)
+    office.driver.press(labels.NEW, window)
     editor = office.tree.window(car_labels.TARIFF_NEW)
     office.tree.check_names(editor)
-    office.hands.enter(car_labels.NAME, name, editor)
-    office.hands.enter(car_labels.TARIFF_COST, str(cost), editor)
-    office.hands.enter(car_labels.TARIFF_DESCRIPTION, description, editor)
+    office.driver.enter(car_labels.NAME, name, editor)
+    office.driver.enter(car_labels.TARIFF_COST, str(cost), editor)
+    office.driver.enter(car_labels.TARIFF_DESCRIPTION, description, editor)
     if picture:
         office.pictures.take(*picture)
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(car_labels.TARIFF_NEW)
     table = office.tree.find("tree", car_labels.TARIFFS, window)
     wait_for(lambda: name in names(table, car_labels.COLUMN_NAME), f"the tariff {name!r} in the list")

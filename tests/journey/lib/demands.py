@@ -14,26 +14,26 @@ def record(office, customer, choices, entries):
     office.command(labels.NEW)
     editor = office.tree.window(car_labels.DEMAND_NEW)
     office.tree.check_names(editor)
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.message(labels.WARNING, car_labels.NO_CUSTOMER)
     picker = office.tree.window(labels.PICK_PERSON)
     work.take_person(office, picker, editor, CUSTOMER, customer, customer.split(" ")[1])
     for label, text in choices.items():
-        office.hands.choose(label, text, editor)
+        office.driver.choose(label, text, editor)
     for label, value in entries.items():
-        office.hands.enter(label, work.typed(value, office), editor)
+        office.driver.enter(label, work.typed(value, office), editor)
     remind(office, editor)
     office.pictures.take("demand", "What the customer wants, and when to be reminded of it")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(car_labels.DEMAND_NEW)
 
 
 def remind(office, editor):
-    node = office.hands.toggle(car_labels.REMIND, editor)
+    node = office.driver.toggle(car_labels.REMIND, editor)
     window = office.tree.window(car_labels.REMINDER_NEW)
     office.tree.check_names(window)
     office.pictures.take("reminder", "A reminder is proposed for tomorrow, with the customer's name")
-    office.hands.press(labels.OK, window)
+    office.driver.press(labels.OK, window)
     office.tree.no_window(car_labels.REMINDER_NEW)
     wait_for(lambda: node.checked, "the demand to show that it is remembered")
 
@@ -54,6 +54,6 @@ def deal_with_reminder(office, customer):
     if customer not in check_text:
         raise AssertionError(f"the reminder says {check_text!r}")
     office.pictures.take("reminder-due", "The login tells what was to be remembered")
-    office.hands.press(car_labels.CLOSE, window)
+    office.driver.press(car_labels.CLOSE, window)
     office.tree.no_window(car_labels.DUE_REMINDERS)
     wait_for(lambda: office.tree.shows("push button", car_labels.BADGE, office.main), "the badge of one due reminder")

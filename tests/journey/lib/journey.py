@@ -27,7 +27,7 @@ def _arguments(description):
     parser.add_argument("--pictures", metavar="FOLDER", help="take a numbered picture of every step")
     parser.add_argument("--go-on", action="store_true",
                         help="keep the pictures that are in the folder, and go on with their numbers")
-    parser.add_argument("--hands", choices=("tree", "keyboard", "mouse"), default="tree",
+    parser.add_argument("--driver", choices=("tree", "keyboard", "mouse"), default="tree",
                         help="how everything is done (accessibility interface, keys alone, mouse)")
     parser.add_argument("--seconds", type=int, default=160, help="the longest that the journey may take")
     parser.add_argument("--office", metavar="FOLDER", help="a prepared data folder; the journey works on a copy of it")
@@ -53,7 +53,7 @@ def run(steps, description):
     except Interrupted as interruption:
         print(f"stopped: {interruption}", file=sys.stderr)
     word = "passed" if status == 0 else "FAILED"
-    print(f"{os.path.basename(sys.argv[0])} ({arguments.hands}): {word} after {time.monotonic() - _began:.1f} s")
+    print(f"{os.path.basename(sys.argv[0])} ({arguments.driver}): {word} after {time.monotonic() - _began:.1f} s")
     sys.exit(status)
 
 
@@ -66,7 +66,7 @@ def _play(desktop, arguments, steps):
     if arguments.office:
         shutil.copytree(arguments.office, folder)
     office = Office(desktop, os.path.abspath(arguments.program), folder,
-                    Pictures(arguments.pictures, desktop.environment, arguments.go_on), arguments.hands)
+                    Pictures(arguments.pictures, desktop.environment, arguments.go_on), arguments.driver)
     try:
         steps(office)
         if arguments.keep:

@@ -6,7 +6,7 @@ import os
 
 from . import labels
 from .database import Database
-from .hands import HANDS, KeyboardHands
+from .drivers import DRIVERS, KeyboardDriver
 from .input import Input
 from .tree import Tree, connect
 from .waiting import wait_for
@@ -16,25 +16,25 @@ ADMINISTRATOR = "مدیر نمونه"
 ADMINISTRATOR_USER = "modir"
 # For an office that lasts as long as a journey; typed into fields only.
 PASSWORD = "rahe-abi-1405"
-# The made-up office that the program fills by itself.
+# The demo office that the program fills by itself.
 DEMO_COMPANY = "نمایشگاه اتومبیل آریا"
 DEMO_USER = "demo"
 
 
 class Office:
-    """One data folder and the program that runs on it. hands tells how everything is done."""
+    """One data folder and the program that runs on it. driver tells how everything is done."""
 
-    def __init__(self, desktop, program, data_folder, pictures, hands="tree"):
+    def __init__(self, desktop, program, data_folder, pictures, driver="tree"):
         self.desktop = desktop
         self.program = program
         self.data_folder = data_folder
         self.pictures = pictures
         self.input = Input(desktop.environment)
-        self._kind_of_hands = hands
+        self._kind_of_driver = driver
         self._company = COMPANY
         self._process = None
         self.tree = None
-        self.hands = None
+        self.driver = None
         self.main = None
         connect()
 
@@ -44,7 +44,7 @@ class Office:
             [self.program, "--data-dir", self.data_folder, *options], log=self.desktop.log("program"),
             environment=self.desktop.environment)
         self.tree = Tree(self._process.pid)
-        self.hands = HANDS[self._kind_of_hands](self.tree, self.input)
+        self.driver = DRIVERS[self._kind_of_driver](self.tree, self.input)
 
     def set_up(self):
         """The first start of a new office."""
@@ -54,33 +54,33 @@ class Office:
                    labels.REPEATED: PASSWORD, labels.COMPANY: COMPANY, labels.COMPANY_TELEPHONE: "02188000000",
                    labels.COMPANY_CITY: "تهران", labels.COMPANY_ADDRESS: "خیابان آزادی"}
         for label, text in entries.items():
-            self.hands.enter(label, text, window)
+            self.driver.enter(label, text, window)
         self.pictures.take("first-start-filled", "Administrator and dealership are filled in")
-        self.hands.press(labels.BEGIN, window)
+        self.driver.press(labels.BEGIN, window)
         self.tree.no_window(labels.FIRST_START)
 
     def log_in(self, user=ADMINISTRATOR_USER, password=PASSWORD, picture=None):
         window = self.tree.window(labels.LOGIN, seconds=60)
-        self.hands.enter(labels.USER, user, window)
-        self.hands.enter(labels.PASSWORD, password, window)
+        self.driver.enter(labels.USER, user, window)
+        self.driver.enter(labels.PASSWORD, password, window)
         if picture:
             self.pictures.take(*picture)
-        self.hands.press(labels.ENTER, window)
+        self.driver.press(labels.ENTER, window)
         self.main = self.tree.window(self._company, seconds=30)
         return self.main
 
     def log_in_demo(self):
-        """Into the made-up office, as its manager."""
+        """Into the demo office, as its manager."""
         self._company = DEMO_COMPANY
         return self.log_in(DEMO_USER, DEMO_USER)
 
     def leave(self):
         """Closes the program by its menu and waits until it and its database server are gone."""
-        if isinstance(self.hands, KeyboardHands):
-            self.hands.keys(self.main, "ctrl+q")
+        if isinstance(self.driver, KeyboardDriver):
+            self.driver.keys(self.main, "ctrl+q")
         else:
-            self.hands.open_menu(labels.PROGRAM_MENU, self.main)
-            self.hands.menu_entry(labels.LEAVE, self.main)
+            self.driver.open_menu(labels.PROGRAM_MENU, self.main)
+            self.driver.menu_entry(labels.LEAVE, self.main)
         self.wait_until_gone()
 
     def wait_until_gone(self):
@@ -106,16 +106,16 @@ class Office:
 
     def open_list(self, title, picture=None):
         """A list of the gallery, opened from the menu; gives its table."""
-        self.hands.open_menu(labels.AUTO_MENU, self.main)
+        self.driver.open_menu(labels.AUTO_MENU, self.main)
         wait_for(lambda: self.tree.shows("menu item", title, self.main), "the menu to open")
         if picture:
             self.pictures.take(*picture)
-        self.hands.menu_entry(title, self.main)
+        self.driver.menu_entry(title, self.main)
         return self.tree.find("tree", title, self.main)
 
     def command(self, caption):
         """A button of the list that shows in the main window."""
-        self.hands.press(caption, self.main)
+        self.driver.press(caption, self.main)
 
     def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
         """The message that shows must hold the text; it is answered."""
@@ -124,9 +124,9 @@ class Office:
                                        if node.role == "label" and text in node.name), None),
                          f"a message that says {text!r}")
         if picture:
-            self.hands.ready(window)
+            self.driver.ready(window)
             self.pictures.take(*picture)
-        self.hands.press(answer, window)
+        self.driver.press(answer, window)
         wait_for(lambda: window not in self.tree.windows(), "the message to go")
         return shown
 

@@ -3,7 +3,7 @@
 """Users and their rights, entered in the host's own windows."""
 
 from . import labels
-from .hands import KeyboardHands
+from .drivers import KeyboardDriver
 from .waiting import wait_for
 
 READER = "khanandeh"
@@ -13,19 +13,19 @@ PASSWORD = "kelid-e-khane"
 
 def add_user(office, user, granted):
     """Adds a user in the page of users and ticks the rights, each a pair of form caption and right caption."""
-    office.hands.open_menu(labels.MANAGEMENT_MENU, office.main)
-    office.hands.menu_entry(labels.USERS, office.main)
+    office.driver.open_menu(labels.MANAGEMENT_MENU, office.main)
+    office.driver.menu_entry(labels.USERS, office.main)
     table = office.tree.find("tree", labels.USERS, office.main)
-    office.hands.press(labels.NEW_USER, office.main)
+    office.driver.press(labels.NEW_USER, office.main)
     dialog = office.tree.window(labels.USER_WINDOW)
     for label, text in ((labels.USER, user), (labels.FIRST_NAME, user), (labels.PASSWORD, PASSWORD),
                         (labels.REPEATED, PASSWORD)):
-        office.hands.enter(label, text, dialog)
-    office.hands.press(labels.OK, dialog)
+        office.driver.enter(label, text, dialog)
+    office.driver.press(labels.OK, dialog)
     office.tree.no_window(labels.USER_WINDOW)
     row = wait_for(lambda: _row_of(table, user), f"the user {user!r} in the list")[0]
     if granted:
-        office.hands.select_row(table, row)
+        office.driver.select_row(table, row)
         _grant(office, granted)
 
 
@@ -38,7 +38,7 @@ def _grant(office, granted):
     dialog = office.tree.window(labels.RIGHTS)
     grid = office.tree.find("table", labels.RIGHTS_GRID, dialog)
     # A grid of ticks is gone through with the keyboard: arrows move, the space bar ticks.
-    KeyboardHands(office.tree, office.input).focus(grid, dialog)
+    KeyboardDriver(office.tree, office.input).focus(grid, dialog)
     for form, right in granted:
         column = labels.RIGHT_COLUMNS[right]
         row = next(row for row in range(grid.row_count) if grid.cell(row, column).name == f"{form} - {right}")
@@ -49,12 +49,12 @@ def _grant(office, granted):
         # From right to left the next column lies on the left.
         office.input.keys("ctrl+Home", *["Down"] * row, *["Left"] * column, "space")
         wait_for(lambda cell=cell: cell.checked, f"the right {right!r} on {form!r} to be ticked")
-    office.hands.press(labels.OK, dialog)
+    office.driver.press(labels.OK, dialog)
     office.tree.no_window(labels.RIGHTS)
 
 
 def change_user(office, user, password):
     """Leaves the main window to the next user, in the same run of the program."""
-    office.hands.open_menu(labels.PROGRAM_MENU, office.main)
-    office.hands.menu_entry(labels.OTHER_USER, office.main)
+    office.driver.open_menu(labels.PROGRAM_MENU, office.main)
+    office.driver.menu_entry(labels.OTHER_USER, office.main)
     office.log_in(user, password)

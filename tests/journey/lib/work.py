@@ -1,13 +1,13 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The steps of an office's daily work, each done with the hands that the journey chose."""
+"""The steps of an office's daily work, each done with the driver that the journey chose."""
 
 import os
 from dataclasses import dataclass
 
 from . import labels
 from .figures import Settings, expected, same
-from .hands import KeyboardHands, MouseHands
+from .drivers import KeyboardDriver, MouseDriver
 from .tree import State
 from .waiting import TimeRanOut, wait_for
 
@@ -21,12 +21,12 @@ CAR = {(labels.CAR_NAME, "sAutomobilName"): "پراید 131", (labels.CAR_YEAR, 
 def add_person(office, window, first_name, family_name, **fields):
     """In the editor that "جديد" of the persons list opened; the list's window is given."""
     editor = office.tree.window(labels.NEW_PERSON)
-    office.hands.enter(labels.FIRST_NAME, first_name, editor)
-    office.hands.enter(labels.FAMILY_NAME, family_name, editor)
+    office.driver.enter(labels.FIRST_NAME, first_name, editor)
+    office.driver.enter(labels.FAMILY_NAME, family_name, editor)
     for label, text in fields.items():
-        office.hands.enter(getattr(labels, label.upper()), text, editor)
+        office.driver.enter(getattr(labels, label.upper()), text, editor)
     office.pictures.take("person", f"A person is entered: {first_name} {family_name}")
-    office.hands.press(labels.OK, editor)
+    office.driver.press(labels.OK, editor)
     office.tree.no_window(labels.NEW_PERSON)
     table = office.tree.find("tree", labels.PERSONS, window)
     wait_for(lambda: any(row[labels.COLUMN_PERSON] == f"{first_name} {family_name}" for row in table.rows()),
@@ -37,14 +37,14 @@ def write_settings(office, settings=SETTINGS, picture=None):
     """Tax, duty and two tiers of commission, in the dialog that the contract list opens."""
     office.command(labels.SETTINGS)
     dialog = office.tree.window(labels.SETTINGS)
-    office.hands.enter(labels.TAX, str(settings.tax), dialog)
-    office.hands.enter(labels.DUTY, str(settings.duty), dialog)
+    office.driver.enter(labels.TAX, str(settings.tax), dialog)
+    office.driver.enter(labels.DUTY, str(settings.duty), dialog)
     for number, (ceiling, percent) in enumerate(settings.tiers, 1):
-        office.hands.enter(labels.CEILING, str(ceiling), dialog, description=labels.tier(number))
-        office.hands.enter(labels.RATE, str(percent), dialog, description=labels.tier(number))
+        office.driver.enter(labels.CEILING, str(ceiling), dialog, description=labels.tier(number))
+        office.driver.enter(labels.RATE, str(percent), dialog, description=labels.tier(number))
     if picture:
         office.pictures.take(*picture)
-    office.hands.press(labels.OK, dialog)
+    office.driver.press(labels.OK, dialog)
     office.tree.no_window(labels.SETTINGS)
 
 
@@ -64,11 +64,11 @@ def party(side):
 
 def open_picker(office, window, field):
     """The window in which a person is picked."""
-    if isinstance(office.hands, KeyboardHands):
-        office.hands.focus(office.tree.find("text", field.line, window), window)
+    if isinstance(office.driver, KeyboardDriver):
+        office.driver.focus(office.tree.find("text", field.line, window), window)
         office.input.keys("F4")
     else:
-        office.hands.press(field.button, window)
+        office.driver.press(field.button, window)
     return office.tree.window(labels.PICK_PERSON)
 
 
@@ -79,7 +79,7 @@ def pick_person(office, window, field, name, search, picture=None):
 
 def take_person(office, picker, window, field, name, search, picture=None):
     """Searches and takes a person in a picker that is open already."""
-    office.hands.enter(labels.SEARCH_PERSON, search, picker)
+    office.driver.enter(labels.SEARCH_PERSON, search, picker)
     table = office.tree.find("tree", labels.PERSONS, picker)
     wait_for(lambda: [row[labels.COLUMN_PERSON] for row in table.rows()] == [name], f"the search to find {name!r}")
     if picture:
@@ -89,13 +89,13 @@ def take_person(office, picker, window, field, name, search, picture=None):
 
 def confirm_picker(office, picker, table, window, field, name):
     row = next(i for i, row in enumerate(table.rows()) if row[labels.COLUMN_PERSON] == name)
-    if isinstance(office.hands, KeyboardHands):
+    if isinstance(office.driver, KeyboardDriver):
         # The search line keeps the focus; Return takes the selected row over.
         wait_for(lambda: table.selected_rows == [row], f"{name!r} to be selected")
-        office.hands.keys(picker, "Return")
+        office.driver.keys(picker, "Return")
     else:
-        office.hands.select_row(table, row)
-        office.hands.press(labels.OK, picker)
+        office.driver.select_row(table, row)
+        office.driver.press(labels.OK, picker)
     office.tree.no_window(labels.PICK_PERSON)
     shown = office.tree.find("text", field.name, window)
     wait_for(lambda: shown.text == name, f"{field.name!r} to be {name!r}")
@@ -103,11 +103,11 @@ def confirm_picker(office, picker, table, window, field, name):
 
 def open_row(office, table, row, window, column=1):
     """Opens a row of a list: Return, or a double-click on a cell that is in view."""
-    if isinstance(office.hands, MouseHands):
-        office.hands.click(table.cell(row, column), times=2)
+    if isinstance(office.driver, MouseDriver):
+        office.driver.click(table.cell(row, column), times=2)
     else:
-        office.hands.select_row(table, row)
-        KeyboardHands(office.tree, office.input).focus(table, window)
+        office.driver.select_row(table, row)
+        KeyboardDriver(office.tree, office.input).focus(table, window)
         office.input.keys("Return")
 
 
@@ -121,17 +121,17 @@ def open_page(office, editor, title):
     tab = office.tree.find("page tab", title, editor)
     if tab.has(State.SELECTED):
         return
-    if isinstance(office.hands, KeyboardHands):
+    if isinstance(office.driver, KeyboardDriver):
         # The tabs are one stop of the Tab key; the pages are gone through with Ctrl+Tab.
         for _ in range(5):
-            office.hands.keys(editor, "ctrl+Tab")
+            office.driver.keys(editor, "ctrl+Tab")
             try:
                 wait_for(lambda: tab.has(State.SELECTED), f"the page {title!r}", seconds=1)
                 return
             except TimeRanOut:
                 continue
     else:
-        office.hands.press(title, editor, role="page tab")
+        office.driver.press(title, editor, role="page tab")
     wait_for(lambda: tab.has(State.SELECTED), f"the page {title!r}")
 
 
@@ -139,7 +139,7 @@ def write_car(office, editor, picture=None):
     """Fills the vehicle's page, which stays in front."""
     open_page(office, editor, labels.MATTER_PAGE)
     for (label, _), text in CAR.items():
-        office.hands.enter(label, typed(text, office), editor)
+        office.driver.enter(label, typed(text, office), editor)
     if picture:
         office.pictures.take(*picture)
 
@@ -147,7 +147,7 @@ def write_car(office, editor, picture=None):
 def typed(value, office):
     """At the keyboard numbers are typed in Persian digits."""
     text = str(value)
-    if text.isascii() and text.isdigit() and isinstance(office.hands, KeyboardHands):
+    if text.isascii() and text.isdigit() and isinstance(office.driver, KeyboardDriver):
         return text.translate({ord("0") + digit: persian for digit, persian in enumerate("۰۱۲۳۴۵۶۷۸۹")})
     return text
 
@@ -177,27 +177,27 @@ def check_figures(office, editor, amount, discounts, settings=SETTINGS):
 
 def search_archive(office, state):
     """Fills the list with the contracts of an archive state."""
-    office.hands.choose(labels.ARCHIVE_STATE, state, office.main)
+    office.driver.choose(labels.ARCHIVE_STATE, state, office.main)
     office.command(labels.SEARCH)
 
 
 def answer_file_window(office, title, path, picture=None):
     """Names a file in the window that asks for one."""
     dialog = office.tree.window(title)
-    office.hands.ready(dialog)
+    office.driver.ready(dialog)
     name = wait_for(lambda: next((node for node in dialog.descendants() if node.role == "text" and node.focused), None),
                     "the entry line for the file's name")
     name.set_text(path)
     if picture:
         office.pictures.take(*picture)
-    office.hands.keys(dialog, "Return")
+    office.driver.keys(dialog, "Return")
     office.tree.no_window(title)
 
 
 def save_file(office, window, command, path, picture=None):
     """Lets the window store a file; gives the path of the whole file."""
-    office.hands.press(command, window)
+    office.driver.press(command, window)
     answer_file_window(office, labels.SAVE_FILE, path, picture)
     wait_for(lambda: os.path.getsize(path) > 0, f"{os.path.basename(path)} to be written")
-    office.hands.ready(window)
+    office.driver.ready(window)
     return path

@@ -8,7 +8,7 @@
 # so the list is whole. One changed byte in any kind of listed file is found, before what it changed gets beside the module.
 
 set -euo pipefail
-. "$(dirname "${BASH_SOURCE[0]}")/../../ground/assert.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/../../project/assert.sh"
 
 python=$1
 repository=$2

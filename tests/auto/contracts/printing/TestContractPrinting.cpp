@@ -66,7 +66,7 @@ class TestContractPrinting : public QObject
     QStringList m_opened;
     QString m_choice; // what the person answers when asked for a template
     int m_asked = 0;
-    bool m_desktopOpens = true;
+    bool m_dialogstopOpens = true;
 
     QString templates() const { return m_folder->filePath(u"AutomobileDocx"_s); }
     QString temporary() const { return m_folder->filePath(u"temporary"_s); }
@@ -74,17 +74,17 @@ class TestContractPrinting : public QObject
 
     bool print(int contract)
     {
-        ContractPrinting::Desk desk;
-        desk.warn = [this](Trouble trouble) { m_warnings << trouble; };
-        desk.chooseTemplate = [this] {
+        ContractPrinting::Dialogs dialogs;
+        dialogs.warn = [this](Trouble trouble) { m_warnings << trouble; };
+        dialogs.chooseTemplate = [this] {
             ++m_asked;
             return m_choice;
         };
-        desk.open = [this](const QString &path) {
+        dialogs.open = [this](const QString &path) {
             m_opened << path;
-            return m_desktopOpens;
+            return m_dialogstopOpens;
         };
-        return ContractPrinting(desk, {templates(), temporary()}).print(contract);
+        return ContractPrinting(dialogs, {templates(), temporary()}).print(contract);
     }
 
     // The names still to be filled in the document opened last.
@@ -121,7 +121,7 @@ private Q_SLOTS:
         m_opened.clear();
         m_choice.clear();
         m_asked = 0;
-        m_desktopOpens = true;
+        m_dialogstopOpens = true;
     }
 
     void contractIsPrintedFromTheTemplateOfItsType_data()
@@ -449,7 +449,7 @@ private Q_SLOTS:
 
     void documentThatNothingOpensIsTold()
     {
-        m_desktopOpens = false;
+        m_dialogstopOpens = false;
         QVERIFY(!print(PrintedContracts::add(*m_office, 0)));
         QCOMPARE(m_warnings, QList<Trouble>{Trouble::NotOpened});
         QVERIFY(QFile::exists(m_opened.value(0)));

@@ -61,14 +61,14 @@ private Q_SLOTS:
         QFETCH(int, type);
         m_office->clear();
         QString printed;
-        ContractPrinting::Desk desk;
-        desk.warn = [](ContractPrinting::Trouble) { QFAIL("nothing should be missing"); };
-        desk.chooseTemplate = [] { return QString(); };
-        desk.open = [&printed](const QString &path) {
+        ContractPrinting::Dialogs dialogs;
+        dialogs.warn = [](ContractPrinting::Trouble) { QFAIL("nothing should be missing"); };
+        dialogs.chooseTemplate = [] { return QString(); };
+        dialogs.open = [&printed](const QString &path) {
             printed = path;
             return true;
         };
-        QVERIFY(ContractPrinting(desk, {u"" TZ_TEMPLATES ""_s, m_folder.path()}).print(PrintedContracts::add(*m_office, type)));
+        QVERIFY(ContractPrinting(dialogs, {u"" TZ_TEMPLATES ""_s, m_folder.path()}).print(PrintedContracts::add(*m_office, type)));
         for (const QByteArray &part : readDocx(printed))
             QVERIFY(!part.contains("MERGEFIELD"));
 

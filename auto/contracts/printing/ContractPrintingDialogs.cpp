@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/printing/ContractPrintingDesk.h"
+#include "auto/contracts/printing/ContractPrintingDialogs.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KProcess.h"
@@ -42,7 +42,7 @@ QString askForTemplate(QWidget *parent)
 
 }
 
-ContractPrinting::Desk contractPrintingDesk(QWidget *parent)
+ContractPrinting::Dialogs contractPrintingDialogs(QWidget *parent)
 {
     return {[parent](ContractPrinting::Trouble trouble) { g_pDlgWarning->Show(warningText(trouble), parent); },
             [parent] { return askForTemplate(parent); },

@@ -13,7 +13,7 @@ mkdir "$tree"
 (cd "$source_root" && cp --parents -t "$tree" cmake/kinds.txt &&
     find auto suite host \( -name '*.h' -o -name '*.cpp' \) -exec cp --parents -t "$tree" {} +)
 
-check() { python3 -B "$source_root/tests/ground/include_graph.py" "$tree"; }
+check() { python3 -B "$source_root/tests/project/include_graph.py" "$tree"; }
 
 # plant FILE LINE...
 plant() {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/season/SeasonalExportDesk.h"
+#include "auto/reports/season/SeasonalExportDialogs.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"

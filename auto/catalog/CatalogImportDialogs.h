@@ -8,7 +8,7 @@
 class QWidget;
 
 // What the import of catalog entries asks and tells the user.
-namespace CatalogImportDesk {
+namespace CatalogImportDialogs {
 
 // Of the starting set that comes with the program.
 QString startingSetFolder();

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
-#include "auto/contracts/printing/ContractPrintingDesk.h"
+#include "auto/contracts/printing/ContractPrintingDialogs.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -29,7 +29,7 @@ const QString missingText = u"فایل نامه پیدا نشد.\nلطفا مس�
 }
 
 // The command of the list, its words to the letter, and the desktop that opens what was printed.
-class TestContractPrintingDesk : public QObject
+class TestContractPrintingDialogs : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ class TestContractPrintingDesk : public QObject
     std::unique_ptr<CDlgAutomobilContracts> openPage()
     {
         auto page = std::make_unique<CDlgAutomobilContracts>();
-        page->setPrinting(ContractPrinting(contractPrintingDesk(page.get()),
+        page->setPrinting(ContractPrinting(contractPrintingDialogs(page.get()),
                                            {m_folder->filePath(u"AutomobileDocx"_s), m_folder->path()}));
         page->open();
         return page;
@@ -143,7 +143,7 @@ private Q_SLOTS:
     {
         QFETCH(int, trouble);
         QFETCH(QString, text);
-        contractPrintingDesk(nullptr).warn(static_cast<ContractPrinting::Trouble>(trouble));
+        contractPrintingDialogs(nullptr).warn(static_cast<ContractPrinting::Trouble>(trouble));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{text});
     }
 
@@ -175,6 +175,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractPrintingDesk, KApplication> registered;
+static const RegisteredTest<TestContractPrintingDialogs, KApplication> registered;
 
-#include "TestContractPrintingDesk.moc"
+#include "TestContractPrintingDialogs.moc"

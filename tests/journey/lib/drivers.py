@@ -12,7 +12,7 @@ ENTRY_ROLES = ("text", "password text")
 _TOP_ROLES = (*WINDOW_ROLES, "popup menu", "application")
 
 
-class Hands:
+class Driver:
     """What the three have in common. A window is given by the node that Tree.window gives."""
 
     def __init__(self, tree, input_devices):
@@ -109,7 +109,7 @@ def _number(text):
     return float("".join(str(int(c)) if c.isdigit() else "." if c in ".٫" else "" for c in text) or 0)
 
 
-class TreeHands(Hands):
+class TreeDriver(Driver):
     """Acts through the accessibility interface's own operations."""
 
     name = "tree"
@@ -128,7 +128,7 @@ class TreeHands(Hands):
 
     def _tick(self, node, box, window):
         # The toolkit's own operation selects the entry and leaves its tick alone; a listener's user presses the keys.
-        KeyboardHands(self.tree, self.input).tick(node.name, box, window)
+        KeyboardDriver(self.tree, self.input).tick(node.name, box, window)
 
     def _choose(self, node, text, window):
         # The toolkit opens the list through the interface, but takes no entry over; a listener's user goes through the
@@ -163,7 +163,7 @@ class TreeHands(Hands):
         Atspi.Table.add_row_selection(table.accessible, row)
 
 
-class KeyboardHands(Hands):
+class KeyboardDriver(Driver):
     """Presses keys alone. What Tab does not reach cannot be used."""
 
     name = "keyboard"
@@ -295,7 +295,7 @@ class KeyboardHands(Hands):
         self.input.keys("Home", *["Down"] * row)
 
 
-class MouseHands(Hands):
+class MouseDriver(Driver):
     """Points and clicks at what it sees; types only into entry lines."""
 
     name = "mouse"
@@ -378,4 +378,4 @@ def _item(combo, text):
     return None
 
 
-HANDS = {hands.name: hands for hands in (TreeHands, KeyboardHands, MouseHands)}
+DRIVERS = {driver.name: driver for driver in (TreeDriver, KeyboardDriver, MouseDriver)}

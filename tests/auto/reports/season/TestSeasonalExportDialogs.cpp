@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/reports/season/SeasonalExportDesk.h"
+#include "auto/reports/season/SeasonalExportDialogs.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/auto/reports/season/ExportedSeason.h"
@@ -31,7 +31,7 @@ const QString fileName = u"Foroosh_Fasly_1404_2.mdb"_s;
 }
 
 // The steps with their messages to the letter, and the desktop that opens the folder in the end.
-class TestSeasonalExportDesk : public QObject
+class TestSeasonalExportDialogs : public QObject
 {
     Q_OBJECT
 
@@ -158,5 +158,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestSeasonalExportDesk, KApplication> registered;
-#include "TestSeasonalExportDesk.moc"
+static const RegisteredTest<TestSeasonalExportDialogs, KApplication> registered;
+#include "TestSeasonalExportDialogs.moc"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/catalog/CatalogImportDesk.h"
+#include "auto/catalog/CatalogImportDialogs.h"
 
 #include "auto/platform/ModulePlatform.h"
 #include "auto/catalog/CatalogImporter.h"
@@ -74,12 +74,12 @@ CatalogImport::Plan planNow(const CatalogImport::Parsed &parsed)
 
 }
 
-QString CatalogImportDesk::startingSetFolder()
+QString CatalogImportDialogs::startingSetFolder()
 {
     return QDir(ModulePlatform::moduleFolder()).filePath(u"CarCatalog"_s);
 }
 
-QString CatalogImportDesk::askForFile(QWidget *parent)
+QString CatalogImportDialogs::askForFile(QWidget *parent)
 {
     QFileDialog dialog(parent, u"فایل فهرست خودروها را انتخاب کنید"_s);
     dialog.setDirectory(startingSetFolder());
@@ -88,7 +88,7 @@ QString CatalogImportDesk::askForFile(QWidget *parent)
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-bool CatalogImportDesk::importFile(const QString &path, QWidget *parent)
+bool CatalogImportDialogs::importFile(const QString &path, QWidget *parent)
 {
     QByteArray data;
     if (!readBounded(path, &data)) {
