@@ -3,14 +3,27 @@
 
 #include "suite/crm/reminders/AlarmFilter.h"
 
+#include "suite/accounting/lists/FilterClauses.h"
+
 using namespace Qt::StringLiterals;
 
-QString alarmFilter(const AlarmFilter &filter)
+namespace {
+
+QString ownOnes(const QVariant &, int userID)
 {
-    QString clauses = u" AND iUserID=%1"_s.arg(filter.userID);
-    if (!filter.withDone)
-        clauses += u" AND iStatus=0"_s;
-    if (!filter.text.isEmpty())
-        clauses += u" AND sDesc LIKE '%"_s + filter.text + u"%'"_s;
-    return clauses;
+    return u" AND iUserID=%1"_s.arg(userID);
+}
+
+}
+
+QList<KListFilter> alarmFilters()
+{
+    using K = KListFilter::Kind;
+    return {
+        {.key = u"own"_s, .kind = K::Always, .clause = ownOnes},
+        {.key = u"done"_s, .label = u"نمايش انجام شده ها"_s, .kind = K::Flag, .place = {0, 2},
+         .clause = FilterClauses::flag("", " AND iStatus=0")},
+        {.key = u"description"_s, .label = u"شرح :"_s, .kind = K::QueryText, .place = {0, 0}, .clause = FilterClauses::part("sDesc"),
+         .options = KListFilter::FindGoesHere},
+    };
 }

@@ -3,16 +3,9 @@
 
 #pragma once
 
+#include "suite/accounting/lists/KListFilter.h"
 #include "suite/crm/TzCRMDataExport.h"
 
-#include <QString>
-
-struct AlarmFilter
-{
-    int userID = 0;
-    QString text; // as KEdit::queryText gives it; empty: any
-    bool withDone = false;
-};
-
-// The run of clauses for a list of reminders, each beginning with " AND ".
-TZCRMDATA_EXPORT QString alarmFilter(const AlarmFilter &filter);
+// What the list of the user's own reminders can be asked for: a part of the description, and whether the done ones are among
+// them.
+TZCRMDATA_EXPORT QList<KListFilter> alarmFilters();

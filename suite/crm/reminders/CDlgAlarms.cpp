@@ -12,21 +12,14 @@
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/crm/reminders/PostponeMenu.h"
-#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString newCaption = u"جديد"_s;
-const QString editCaption = u"ويرايش"_s;
-const QString postponeCaption = u"تعویق"_s;
 
 QString stateOf(const CTblAlarm &alarm, const QDateTime &now)
 {
@@ -36,12 +29,22 @@ QString stateOf(const CTblAlarm &alarm, const QDateTime &now)
 }
 
 // The record behind a reminder: its kind, and the code that people know it by.
-QString recordOf(const CTblAlarm &alarm)
+KListColumn::Cell recordCell(const CTblAlarm &alarm)
 {
     if (alarm.m_iTable <= 0 || alarm.m_iTable >= RecordKind::count)
         return {};
     const QString &kind = RecordKind::names().at(static_cast<std::size_t>(alarm.m_iTable));
-    return alarm.m_iRecordID2 > 0 ? u"%1 %2"_s.arg(kind, QString::number(alarm.m_iRecordID2)) : kind;
+    return {alarm.m_iRecordID2 > 0 ? u"%1 %2"_s.arg(kind, QString::number(alarm.m_iRecordID2)) : kind};
+}
+
+KListColumn::Cell timeCell(const QVariant &date)
+{
+    return {AlarmTime::timeOfDay(date.toDateTime())};
+}
+
+KListColumn::Cell repeatCell(const QVariant &repeats)
+{
+    return {KListColumn::yesOrDash(repeats).text, repeats};
 }
 
 }
@@ -50,7 +53,7 @@ CDlgAlarms::CDlgAlarms(QWidget *parent)
     : KListPage(u"یادآوری ها"_s, {}, u"Alarms"_s, parent)
 {
     build();
-    connect(m_showDone, &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
+    connect(filters().control<QCheckBox>(u"done"), &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
 }
 
 CDlgAlarms::~CDlgAlarms() = default;
@@ -60,52 +63,51 @@ bool CDlgAlarms::OnAccess()
     return true;
 }
 
-QVector<KListModel::Column> CDlgAlarms::listColumns() const
+QList<KListColumn> CDlgAlarms::columnTable() const
 {
+    const auto state = [this](const CTblAlarm &alarm) { return KListColumn::Cell{stateOf(alarm, m_now), alarm.m_iStatus}; };
     return {
-        {u"ردیف"_s, Qt::AlignHCenter, 30, {}},
-        {u"وضعیت"_s, Qt::AlignHCenter, 45, u"iStatus,date"_s},
-        {u"تاریخ"_s, Qt::AlignHCenter, 50, u"date"_s, true},
-        {u"ساعت"_s, Qt::AlignHCenter, 35, {}},
-        {u"شرح"_s, Qt::AlignRight, 190, u"sDesc"_s},
-        {u"مربوط به"_s, Qt::AlignRight, 100, u"iTable,iRecordID2"_s},
-        {u"تکرار"_s, Qt::AlignHCenter, 35, u"bRepeat"_s},
+        KListColumn::rowNumber(30),
+        {.key = u"state"_s, .title = u"وضعیت"_s, .width = 45, .sortKey = u"iStatus,date"_s, .cell = KListColumn::of<CTblAlarm>(state)},
+        {.key = u"date"_s, .title = u"تاریخ"_s, .width = 50, .sortKey = u"date"_s, .column = u"date"_s},
+        {.key = u"time"_s, .title = u"ساعت"_s, .width = 35, .column = u"date"_s, .show = timeCell},
+        {.key = u"description"_s, .title = u"شرح"_s, .width = 190, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
+         .column = u"sDesc"_s},
+        {.key = u"record"_s, .title = u"مربوط به"_s, .width = 100, .alignment = Qt::AlignRight, .sortKey = u"iTable,iRecordID2"_s,
+         .cell = KListColumn::of<CTblAlarm>(recordCell)},
+        {.key = u"repeat"_s, .title = u"تکرار"_s, .width = 35, .sortKey = u"bRepeat"_s, .column = u"bRepeat"_s, .show = repeatCell},
     };
+}
+
+QList<KListFilter> CDlgAlarms::filterTable() const
+{
+    return alarmFilters();
+}
+
+KListTraits CDlgAlarms::traits() const
+{
+    return {.readsWholeRecords = true};
 }
 
 std::vector<KListCommand> CDlgAlarms::commands()
 {
     constexpr int onRow = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly;
     return {
-        {u"new"_s, newCaption, KListCommand::HiddenInReadOnly, [this] { addAlarm(); }, QKeySequence(Qt::Key_Insert),
+        {u"new"_s, u"جديد"_s, KListCommand::HiddenInReadOnly, [this] { addAlarm(); }, QKeySequence(Qt::Key_Insert),
          u":/icons/new.svg"_s},
-        {u"edit"_s, editCaption, onRow, [this] { editAlarm(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editAlarm(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
         {u"done"_s, u"انجام شد"_s, onRow | KListCommand::StartsGroup, [this] { finishAlarm(); },
          QKeySequence(Qt::CTRL | Qt::Key_D), u":/icons/reminder.svg"_s},
-        {u"postpone"_s, postponeCaption, onRow, [this] { postponeAlarm(); }, QKeySequence(Qt::Key_F4),
+        {u"postpone"_s, u"تعویق"_s, onRow, [this] { postponeAlarm(); }, QKeySequence(Qt::Key_F4),
          u":/icons/calendar.svg"_s},
         {u"delete"_s, u"حذف"_s, onRow | KListCommand::StartsGroup, [this] { deleteAlarm(); },
          QKeySequence(QKeySequence::Delete), u":/icons/delete.svg"_s},
     };
 }
 
-void CDlgAlarms::buildFilters(QGridLayout *grid)
-{
-    m_text = new KEdit(KEdit::Kind::QueryText, this);
-    m_showDone = new QCheckBox(u"نمايش انجام شده ها"_s, this);
-    m_showDone->setAccessibleName(m_showDone->text());
-    addFilter(grid, 0, 0, u"شرح :"_s, m_text);
-    grid->addWidget(m_showDone, 0, 2);
-}
-
 std::unique_ptr<KMySQL> CDlgAlarms::makeRecords() const
 {
     return std::make_unique<CTblAlarm>();
-}
-
-QString CDlgAlarms::filterClauses() const
-{
-    return alarmFilter({GetDBSetting()->GetUserID(), m_text->queryText(), m_showDone->isChecked()});
 }
 
 // Open ones by their time, so that the due ones come first and the one that waits longest is on top.
@@ -119,35 +121,19 @@ void CDlgAlarms::beginRows()
     m_now = GetDBSetting()->GetDBServerDate();
 }
 
-KListModel::Row CDlgAlarms::makeRow(KMySQL &record, int number)
+bool CDlgAlarms::isWarning(KMySQL &record) const
 {
-    const auto &alarm = static_cast<const CTblAlarm &>(record);
-    return {alarm.m_iID,
-            {
-                {QString::number(number), number},
-                {stateOf(alarm, m_now), alarm.m_iStatus},
-                {shamsiText(alarm.m_date.date()), alarm.m_date},
-                {AlarmTime::timeOfDay(alarm.m_date)},
-                {alarm.m_sDesc},
-                {recordOf(alarm)},
-                {alarm.m_bRepeat ? u"بلی"_s : u"-"_s, alarm.m_bRepeat},
-            },
-            alarm.isDue(m_now)};
-}
-
-QWidget *CDlgAlarms::firstFilterControl() const
-{
-    return m_text;
+    return static_cast<const CTblAlarm &>(record).isDue(m_now);
 }
 
 void CDlgAlarms::activated(int)
 {
-    runCommand(editCaption);
+    runCommand(u"edit");
 }
 
 void CDlgAlarms::emptyAreaActivated()
 {
-    runCommand(newCaption);
+    runCommand(u"new");
 }
 
 void CDlgAlarms::changed(int key)
@@ -183,7 +169,7 @@ void CDlgAlarms::postponeAlarm()
     CTblAlarm alarm;
     if (!loadSelected(alarm))
         return;
-    const std::optional<QDateTime> until = PostponeMenu::ask(alarm.m_date, button(postponeCaption));
+    const std::optional<QDateTime> until = PostponeMenu::ask(alarm.m_date, button(u"postpone"));
     if (!until)
         return;
     CTblAlarm::postpone(alarm.m_iID, GetDBSetting()->GetUserID(), *until);

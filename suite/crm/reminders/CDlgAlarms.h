@@ -8,8 +8,6 @@
 
 #include <QDateTime>
 
-class QCheckBox;
-
 // The list of the user's own reminders ("یادآوری ها"), due ones first. It needs no right: everybody may see to their own.
 class TZCRM_EXPORT CDlgAlarms : public KListPage
 {
@@ -26,17 +24,16 @@ Q_SIGNALS:
     void alarmsChanged();
 
 protected:
-    QVector<KListModel::Column> listColumns() const override;
+    QList<KListColumn> columnTable() const override;
+    QList<KListFilter> filterTable() const override;
+    KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
-    void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QString filterClauses() const override;
-    KListModel::Row makeRow(KMySQL &record, int number) override;
     void beginRows() override;
+    bool isWarning(KMySQL &record) const override;
     QString defaultSort() const override;
     void activated(int key) override;
     void emptyAreaActivated() override;
-    QWidget *firstFilterControl() const override;
 
 private:
     void addAlarm();
@@ -46,7 +43,5 @@ private:
     void postponeAlarm();
     void changed(int key);
 
-    KEdit *m_text = nullptr;
-    QCheckBox *m_showDone = nullptr;
-    QDateTime m_now;
+    QDateTime m_now; // by the server, at the last fill
 };

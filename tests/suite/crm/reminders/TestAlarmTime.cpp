@@ -73,17 +73,17 @@ void TestAlarmTime::filterOfAUser_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("withDone");
-    QTest::addColumn<QString>("clauses");
-    QTest::newRow("open ones") << "" << false << " AND iUserID=7 AND iStatus=0";
-    QTest::newRow("all") << "" << true << " AND iUserID=7";
-    QTest::newRow("with a text") << "تماس" << false << " AND iUserID=7 AND iStatus=0 AND sDesc LIKE '%تماس%'";
+    QTest::addColumn<QString>("condition");
+    QTest::newRow("open ones") << "" << false << "iUserID=7 AND iStatus=0";
+    QTest::newRow("all") << "" << true << "iUserID=7";
+    QTest::newRow("with a text") << "تماس" << false << "iUserID=7 AND iStatus=0 AND sDesc LIKE '%تماس%'";
 }
 
 void TestAlarmTime::filterOfAUser()
 {
     QFETCH(QString, text);
     QFETCH(bool, withDone);
-    QTEST(alarmFilter({7, text, withDone}), "clauses");
+    QTEST(KListFilter::condition(alarmFilters(), {{u"description"_s, text}, {u"done"_s, withDone}}, 7), "condition");
 }
 
 static const RegisteredTest<TestAlarmTime, QCoreApplication> registered;

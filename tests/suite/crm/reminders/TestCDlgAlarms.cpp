@@ -42,7 +42,7 @@ private Q_SLOTS:
 
 private:
     int me() const { return GetDBSetting()->GetUserID(); }
-    QStringList column(const CDlgAlarms &page, int column) const;
+    QStringList column(const CDlgAlarms &page, QStringView key) const;
     static void show(CDlgAlarms &page);
     static void chooseInMenu(const QString &beginning);
 
@@ -55,11 +55,11 @@ void TestCDlgAlarms::init()
     m_office.db.run(u"DELETE FROM Alarms"_s);
 }
 
-QStringList TestCDlgAlarms::column(const CDlgAlarms &page, int column) const
+QStringList TestCDlgAlarms::column(const CDlgAlarms &page, QStringView key) const
 {
     QStringList texts;
     for (int row = 0; row < page.list()->count(); ++row)
-        texts.append(page.list()->cellText(row, column));
+        texts.append(page.list()->cellText(row, key));
     return texts;
 }
 
@@ -102,8 +102,8 @@ void TestCDlgAlarms::everybodySeesTheirOwnAndNoOthers()
     QVERIFY(page.OnAccess());
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     page.open();
-    QCOMPARE(column(page, 4), QStringList{u"مال کارمند"_s});
-    QVERIFY(!page.button(u"جديد"_s)->isHidden());
+    QCOMPARE(column(page, u"description"), QStringList{u"مال کارمند"_s});
+    QVERIFY(!page.button(u"new")->isHidden());
 }
 
 void TestCDlgAlarms::dueOnesComeFirstAndDoneOnesOnRequestLast()
@@ -115,14 +115,14 @@ void TestCDlgAlarms::dueOnesComeFirstAndDoneOnesOnRequestLast()
     CDlgAlarms page;
     page.open();
     const QStringList open{u"اول"_s, u"دوم"_s, u"آینده"_s};
-    QCOMPARE(column(page, 4), open);
+    QCOMPARE(column(page, u"description"), open);
     QCOMPARE(page.countText(), SuiteMessages::count(3));
     const auto standsOut = [&page](int row) { return page.list()->listModel()->rows().at(row).warning; };
     QVERIFY(standsOut(0) && standsOut(1) && !standsOut(2));
-    auto *done = page.findChild<QCheckBox *>();
+    auto *done = page.filters().control<QCheckBox>(u"done");
     QCOMPARE(done->accessibleName(), u"نمايش انجام شده ها"_s);
     done->setChecked(true);
-    QCOMPARE(column(page, 4), open + QStringList{u"انجام شده"_s});
+    QCOMPARE(column(page, u"description"), open + QStringList{u"انجام شده"_s});
     QVERIFY(!standsOut(3));
 }
 
@@ -140,14 +140,14 @@ void TestCDlgAlarms::rowTellsStateTimeAndRecord()
     page.open();
     const auto row = [&page](int row) {
         QStringList cells;
-        for (int column = 0; column < 7; ++column)
-            cells.append(page.list()->cellText(row, column));
+        for (const QStringView key : {u"row", u"state", u"date", u"time", u"description", u"record", u"repeat"})
+            cells.append(page.list()->cellText(row, key));
         return cells;
     };
     QCOMPARE(row(0), (QStringList{u"1"_s, u"سررسیده"_s, u"1403/01/01"_s, u"08:30"_s, u"تماس"_s, u"یادآوری تقاضای اتومبیل 15"_s, u"بلی"_s}));
-    QCOMPARE(row(1).at(1), u"در انتظار"_s);
-    QCOMPARE(row(1).at(5), QString());
-    QCOMPARE(row(1).at(6), u"-"_s);
+    QCOMPARE(page.list()->cellText(1, u"state"), u"در انتظار"_s);
+    QCOMPARE(page.list()->cellText(1, u"record"), QString());
+    QCOMPARE(page.list()->cellText(1, u"repeat"), u"-"_s);
 }
 
 void TestCDlgAlarms::searchedTextIsFound()
@@ -156,10 +156,11 @@ void TestCDlgAlarms::searchedTextIsFound()
     Alarms::add(me(), -5, u"100% پرداخت"_s);
     CDlgAlarms page;
     show(page);
-    auto *text = Hand::named<KEdit>(&page, u"شرح :"_s);
+    auto *text = page.filters().control<KEdit>(u"description");
+    QCOMPARE(text->accessibleName(), u"شرح :"_s);
     text->setText(u"0%"_s);
     QTest::keyClick(text, Qt::Key_Return);
-    QCOMPARE(column(page, 4), QStringList{u"100% پرداخت"_s});
+    QCOMPARE(column(page, u"description"), QStringList{u"100% پرداخت"_s});
 }
 
 void TestCDlgAlarms::doneIsTakenOffAndTold()
@@ -171,7 +172,7 @@ void TestCDlgAlarms::doneIsTakenOffAndTold()
     QSignalSpy changed(&page, &CDlgAlarms::alarmsChanged);
     page.list()->selectRow(0);
     QTest::keyClick(page.list(), Qt::Key_D, Qt::ControlModifier);
-    QCOMPARE(column(page, 4), QStringList{u"دوم"_s});
+    QCOMPARE(column(page, u"description"), QStringList{u"دوم"_s});
     QCOMPARE(changed.count(), 1);
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
 }
@@ -185,7 +186,7 @@ void TestCDlgAlarms::postponedThroughTheMenu()
     page.list()->selectRow(0);
     chooseInMenu(u"فردا"_s);
     QTest::keyClick(page.list(), Qt::Key_F4);
-    QCOMPARE(column(page, 1), QStringList{u"در انتظار"_s});
+    QCOMPARE(column(page, u"state"), QStringList{u"در انتظار"_s});
     QCOMPARE(changed.count(), 1);
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
     QCOMPARE(m_office.db.value(u"SELECT DATEDIFF(date,NOW()) FROM Alarms"_s), u"1"_s);
@@ -199,7 +200,7 @@ void TestCDlgAlarms::menuLeftWithoutAChoiceChangesNothing()
     show(page);
     page.list()->selectRow(0);
     chooseInMenu({});
-    QVERIFY(page.runCommand(u"تعویق"_s));
+    QVERIFY(page.runCommand(u"postpone"));
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
 }
 
@@ -229,7 +230,7 @@ void TestCDlgAlarms::keysAddAndEdit()
         dialog->accept();
     });
     QTest::keyClick(page.list(), Qt::Key_Insert);
-    QCOMPARE(column(page, 4), QStringList{u"تازه"_s});
+    QCOMPARE(column(page, u"description"), QStringList{u"تازه"_s});
     QVERIFY(page.list()->currentKey() > 0);
     // There is no window manager here that would do it.
     page.activateWindow();
@@ -240,7 +241,7 @@ void TestCDlgAlarms::keysAddAndEdit()
         dialog->accept();
     });
     QTest::keyClick(page.list(), Qt::Key_F2);
-    QCOMPARE(column(page, 4), QStringList{u"تازه تر"_s});
+    QCOMPARE(column(page, u"description"), QStringList{u"تازه تر"_s});
 }
 
 void TestCDlgAlarms::vanishedOneIsTakenOff()
@@ -262,8 +263,8 @@ void TestCDlgAlarms::closedDatabaseOnlyShows()
     CDlgAlarms page;
     show(page);
     QCOMPARE(page.list()->count(), 1);
-    for (const char *caption : {"جديد", "ويرايش", "انجام شد", "تعویق", "حذف"})
-        QVERIFY2(page.button(QString::fromUtf8(caption))->isHidden(), caption);
+    for (const char *id : {"new", "edit", "done", "postpone", "delete"})
+        QVERIFY2(page.button(QString::fromLatin1(id))->isHidden(), id);
     page.list()->selectRow(0);
     QTest::keyClick(page.list(), Qt::Key_Delete);
     QCOMPARE(page.list()->count(), 1);
