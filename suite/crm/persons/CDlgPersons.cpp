@@ -9,7 +9,6 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
@@ -32,9 +31,14 @@ QString section()
     return u"Persons"_s;
 }
 
-QString keyColumn()
+KListColumn::Cell kindCell(const CTblPersons &person)
 {
-    return u"iID"_s;
+    return {person.isNatural() ? u"حقیقی"_s : u"حقوقی"_s};
+}
+
+KListColumn::Cell statusCell(const QVariant &status)
+{
+    return {status.toInt() == CTblPersons::statusActive ? u"فعال"_s : u"غیر فعال"_s};
 }
 
 }
@@ -44,11 +48,8 @@ CDlgPersons::CDlgPersons(QWidget *parent)
 {
     build();
     list()->installEventFilter(this);
-    m_typing.setSingleShot(true);
-    m_typing.setInterval(typingPauseMs);
-    connect(&m_typing, &QTimer::timeout, this, [this] { guarded([this] { searchNow(); }); });
-    connect(m_search, &KEdit::textChanged, &m_typing, qOverload<>(&QTimer::start));
-    connect(m_showInactive, &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
+    prepareSearch();
+    connect(filters().control<QCheckBox>(u"inactive"), &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
 }
 
 CDlgPersons::~CDlgPersons() = default;
@@ -60,7 +61,6 @@ int CDlgPersons::SelectPerson(QWidget *parent, int mode, int current)
     auto *page = new CDlgPersons;
     page->setSelectMode(true, current);
     page->m_leadingKey = current;
-    page->m_showInactive->hide();
     KDialogHolder holder(page, parent);
     holder.setWindowTitle(u"انتخاب شخص"_s);
     holder.resize(960, 600);
@@ -82,44 +82,34 @@ void CDlgPersons::OnClosing()
     KListPage::OnClosing();
 }
 
-QVector<KListModel::Column> CDlgPersons::listColumns() const
+QList<KListColumn> CDlgPersons::columnTable() const
 {
+    constexpr auto right = Qt::AlignRight;
     return {
-        {u"کد شخص"_s, Qt::AlignHCenter, 40, u"iCode"_s},
-        {u"نام و نام خانوادگی"_s, Qt::AlignRight, 110, defaultSort()},
-        {u"نام پدر"_s, Qt::AlignRight, 55, PersonSearch::alphabetical(u"sFatherName"_s)},
-        {u"کد ملی"_s, Qt::AlignHCenter, 60, u"sNationalCode"_s},
-        {u"موبایل"_s, Qt::AlignHCenter, 60, u"sMobile"_s},
-        {u"تلفن"_s, Qt::AlignHCenter, 60, u"sTel"_s},
-        {u"نوع شخص"_s, Qt::AlignHCenter, 45, u"iKind"_s},
-        {u"وضعیت"_s, Qt::AlignHCenter, 40, u"iStatus"_s},
-        {u"آدرس"_s, Qt::AlignRight, 150, PersonSearch::alphabetical(u"sAddress"_s)},
+        {.key = u"code"_s, .title = u"کد شخص"_s, .width = 40, .sortKey = u"iCode"_s, .column = u"iCode"_s},
+        {.key = u"name"_s, .title = u"نام و نام خانوادگی"_s, .width = 110, .alignment = right, .sortKey = defaultSort(),
+         .column = u"sName2"_s},
+        {.key = u"father"_s, .title = u"نام پدر"_s, .width = 55, .alignment = right,
+         .sortKey = PersonSearch::alphabetical(u"sFatherName"_s), .column = u"sFatherName"_s},
+        {.key = u"nationalCode"_s, .title = u"کد ملی"_s, .width = 60, .sortKey = u"sNationalCode"_s, .column = u"sNationalCode"_s},
+        {.key = u"mobile"_s, .title = u"موبایل"_s, .width = 60, .sortKey = u"sMobile"_s, .column = u"sMobile"_s},
+        {.key = u"telephone"_s, .title = u"تلفن"_s, .width = 60, .sortKey = u"sTel"_s, .column = u"sTel"_s},
+        {.key = u"kind"_s, .title = u"نوع شخص"_s, .width = 45, .sortKey = u"iKind"_s, .cell = KListColumn::of<CTblPersons>(kindCell),
+         .reads = {u"iKind"_s}},
+        {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s, .show = statusCell},
+        {.key = u"address"_s, .title = u"آدرس"_s, .width = 150, .alignment = right,
+         .sortKey = PersonSearch::alphabetical(u"sAddress"_s), .column = u"sAddress"_s},
     };
 }
 
-QStringList CDlgPersons::fetchedColumns() const
+QList<KListFilter> CDlgPersons::filterTable() const
 {
-    return {keyColumn(), u"iCode"_s, u"sName2"_s, u"sFatherName"_s,
-            u"sNationalCode"_s, u"sMobile"_s, u"sTel"_s,
-            u"iKind"_s, u"sAddress"_s, u"iStatus"_s};
+    return PersonSearch::filters();
 }
 
-KListModel::Row CDlgPersons::makeRow(KMySQL &record, int)
+KListTraits CDlgPersons::traits() const
 {
-    const auto &person = static_cast<const CTblPersons &>(record);
-    const bool active = person.m_iStatus == CTblPersons::statusActive;
-    return {person.m_iID,
-            {
-                {IToStr(person.m_iCode), person.m_iCode},
-                {person.m_sName2},
-                {person.m_sFatherName},
-                {person.m_sNationalCode},
-                {person.m_sMobile},
-                {person.m_sTel},
-                {person.isNatural() ? u"حقیقی"_s : u"حقوقی"_s},
-                {active ? u"فعال"_s : u"غیر فعال"_s},
-                {person.m_sAddress},
-            }};
+    return {.filterStretches = {{1, 1}}};
 }
 
 std::vector<KListCommand> CDlgPersons::commands()
@@ -139,41 +129,29 @@ KListReport CDlgPersons::reportSpec() const
 
 void CDlgPersons::buildFilters(QGridLayout *grid)
 {
-    m_search = new KEdit(grid->parentWidget());
-    m_search->setPlaceholderText(u"نام، کد، کد ملی، موبایل یا تلفن"_s);
-    m_search->setClearButtonEnabled(true);
-    m_search->setMaxLength(100);
-    m_search->installEventFilter(this);
-    addFilter(grid, 0, 0, u"جستجو :"_s, m_search);
-    m_showInactive = new QCheckBox(u"نمايش غير فعال ها"_s, grid->parentWidget());
-    grid->addWidget(m_showInactive, 0, 2);
     m_notice = new QLabel(grid->parentWidget());
     m_notice->setObjectName(u"notice"_s);
     m_notice->setForegroundRole(QPalette::PlaceholderText);
     m_notice->hide();
     grid->addWidget(m_notice, 1, 1, 1, 2);
-    grid->setColumnStretch(1, 1);
-    setFocusProxy(m_search);
 }
 
-QWidget *CDlgPersons::firstFilterControl() const
+void CDlgPersons::prepareSearch()
 {
-    return m_search;
+    m_search = filters().control<KEdit>(u"search");
+    m_search->setPlaceholderText(u"نام، کد، کد ملی، موبایل یا تلفن"_s);
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    setFocusProxy(m_search);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingPauseMs);
+    connect(&m_typing, &QTimer::timeout, this, [this] { guarded([this] { searchNow(); }); });
+    connect(m_search, &KEdit::textChanged, &m_typing, qOverload<>(&QTimer::start));
 }
 
 std::unique_ptr<KMySQL> CDlgPersons::makeRecords() const
 {
     return std::make_unique<CTblPersons>();
-}
-
-QString CDlgPersons::filterClauses() const
-{
-    QString clauses;
-    if (!m_showInactive->isChecked())
-        clauses += u" AND iStatus=0"_s;
-    if (const QString searched = PersonSearch::condition(m_search->text()); !searched.isEmpty())
-        clauses += u" AND "_s + searched;
-    return clauses;
 }
 
 QString CDlgPersons::defaultSort() const
@@ -189,8 +167,8 @@ void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
     person.SetColumns(fetchedColumns());
     bool isCode = false;
     const int code = searched.toInt(&isCode);
-    const bool found = isCode ? person.IsRecordExist(u"iCode"_s, code, 0, filterClauses())
-                              : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(keyColumn(), m_leadingKey);
+    const bool found = isCode ? person.IsRecordExist(u"iCode"_s, code, 0, u" AND "_s + filterClauses())
+                              : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(u"iID"_s, m_leadingKey);
     if (found)
         lead(person, rows);
 }
@@ -213,7 +191,7 @@ void CDlgPersons::lead(CTblPersons &person, QVector<KListModel::Row> &rows)
     const auto same = std::find_if(rows.begin(), rows.end(), [&](const auto &row) { return row.key == person.m_iID; });
     if (same != rows.end())
         rows.erase(same);
-    rows.prepend(makeRow(person, 1));
+    rows.prepend(rowOf(person, 1));
 }
 
 // What is found replaces the list, so its first row is the one that Enter means.

@@ -9,7 +9,6 @@
 #include <QTimer>
 
 class CTblPersons;
-class QCheckBox;
 class QKeyEvent;
 
 // The list of persons: a tab page of the host ("اشخاص"), or, in select mode, the picker of other windows.
@@ -40,24 +39,23 @@ public:
     void showPerson();
 
 protected:
-    QVector<KListModel::Column> listColumns() const override;
+    QList<KListColumn> columnTable() const override;
+    QList<KListFilter> filterTable() const override;
+    KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QStringList fetchedColumns() const override;
-    QString filterClauses() const override;
-    KListModel::Row makeRow(KMySQL &record, int number) override;
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;
     void emptyAreaActivated() override;
     KListReport reportSpec() const override;
-    QWidget *firstFilterControl() const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
+    void prepareSearch();
     void searchNow();
     void notice(qsizetype rows);
     void lead(CTblPersons &person, QVector<KListModel::Row> &rows);
@@ -65,7 +63,6 @@ private:
     bool listKeyPressed(QKeyEvent *event);
 
     KEdit *m_search = nullptr;
-    QCheckBox *m_showInactive = nullptr;
     QLabel *m_notice = nullptr;
     QTimer m_typing;
     int m_leadingKey = 0; // stands first in the list until something is searched for; active or not

@@ -3,6 +3,7 @@
 
 #include "suite/crm/persons/PersonSearch.h"
 
+#include "suite/accounting/lists/FilterClauses.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;
@@ -37,6 +38,12 @@ QString waysOfWriting(QChar folded)
     }
 }
 
+QString searched(const QVariant &typed, int)
+{
+    const QString condition = PersonSearch::condition(typed.toString());
+    return condition.isEmpty() ? QString() : u" AND "_s + condition;
+}
+
 }
 
 QString PersonSearch::pattern(const QString &word)
@@ -69,6 +76,17 @@ QString PersonSearch::condition(const QString &typed)
             conditions.append(u"%1 RLIKE '%2'"_s.arg(searched, expression));
     }
     return conditions.join(u" AND "_s);
+}
+
+QList<KListFilter> PersonSearch::filters()
+{
+    using F = KListFilter;
+    return {
+        {.key = u"inactive"_s, .label = u"نمايش غير فعال ها"_s, .kind = F::Kind::Flag, .place = {0, 2},
+         .clause = FilterClauses::flag("", " AND iStatus=0"), .options = F::HiddenInSelect},
+        {.key = u"search"_s, .label = u"جستجو :"_s, .kind = F::Kind::Text, .place = {0, 0}, .clause = searched, .maxLength = 100,
+         .options = F::FindGoesHere},
+    };
 }
 
 QString PersonSearch::alphabetical(const QString &column)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/lists/KListFilter.h"
 #include "suite/crm/TzCRMDataExport.h"
 
 #include <QString>
@@ -15,6 +16,10 @@ namespace PersonSearch {
 // code, the mobile or the telephone; empty when nothing to search for was typed. Both sides meet whatever forms of yeh,
 // kaf, alef, heh and digits they are written in, and with or without blanks, joiners, vowel signs and hyphens inside.
 TZCRMDATA_EXPORT QString condition(const QString &typed);
+
+// What the list of persons can be asked for: what is typed to find them, and whether the inactive ones are among them, whom
+// nobody can pick.
+TZCRMDATA_EXPORT QList<KListFilter> filters();
 
 // One word as a regular expression over every way of writing it; empty when it holds no letter or digit.
 TZCRMDATA_EXPORT QString pattern(const QString &word);

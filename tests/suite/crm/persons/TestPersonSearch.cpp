@@ -25,6 +25,8 @@ private Q_SLOTS:
     void finds();
     void nothingTypedLeavesTheQuotes_data();
     void nothingTypedLeavesTheQuotes();
+    void filtersJoinTheSearchBehindTheStatus_data();
+    void filtersJoinTheSearchBehindTheStatus();
     void namesFollowThePersianAlphabet();
     void fiftyThousandPersonsAreSearchedUpToTheLimit();
 
@@ -151,6 +153,25 @@ void TestPersonSearch::nothingTypedLeavesTheQuotes()
     QCOMPARE(condition.count(u'\''), 2 * condition.count(u" RLIKE "_s));
     QVERIFY(!condition.contains(u'\\'));
     found(typed); // a statement that the server refuses throws
+}
+
+void TestPersonSearch::filtersJoinTheSearchBehindTheStatus_data()
+{
+    QTest::addColumn<KFilterValues>("values");
+    QTest::addColumn<QString>("condition");
+    const QString typed = u"علی"_s;
+    const QString found = PersonSearch::condition(typed);
+    QTest::newRow("nothing typed") << KFilterValues{} << u"iStatus=0"_s;
+    QTest::newRow("blanks typed") << KFilterValues{{u"search"_s, u"  "_s}} << u"iStatus=0"_s;
+    QTest::newRow("inactive ones too") << KFilterValues{{u"inactive"_s, true}} << QString();
+    QTest::newRow("typed") << KFilterValues{{u"search"_s, typed}} << u"iStatus=0 AND "_s + found;
+    QTest::newRow("typed, inactive ones too") << KFilterValues{{u"search"_s, typed}, {u"inactive"_s, true}} << found;
+}
+
+void TestPersonSearch::filtersJoinTheSearchBehindTheStatus()
+{
+    QFETCH(KFilterValues, values);
+    QTEST(KListFilter::condition(PersonSearch::filters(), values, 0), "condition");
 }
 
 void TestPersonSearch::namesFollowThePersianAlphabet()
