@@ -4,25 +4,14 @@
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
+#include "auto/catalog/tariffs/TariffFilter.h"
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/frame/KDialogHolder.h"
-#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/values/Money.h"
-
-#include <QCheckBox>
-#include <QGridLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int longestName = 50;
-
-QString editCaption()
-{
-    return u"ويرايش"_s;
-}
 
 QString closeCaption()
 {
@@ -62,14 +51,19 @@ void CDlgAutomobilTariffs::Open(QWidget *parent)
 }
 
 // The titles sort by columns that this table has not, as they always did: the database refuses, and the order stays.
-QVector<KListModel::Column> CDlgAutomobilTariffs::listColumns() const
+QList<KListColumn> CDlgAutomobilTariffs::columnTable() const
 {
     return {
-        {u"ردیف"_s, Qt::AlignCenter, 40, {}},
-        {u"نام"_s, Qt::AlignCenter, 80, u"iCode"_s},
-        {u"مبلغ"_s, Qt::AlignCenter, 80, u"sName"_s},
-        {u"توضیحات"_s, Qt::AlignCenter, 100, {}},
+        KListColumn::rowNumber(),
+        {.key = u"title"_s, .title = u"نام"_s, .sortKey = u"iCode"_s, .column = u"sTitle"_s},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .sortKey = u"sName"_s, .column = u"dAmount"_s},
+        {.key = u"description"_s, .title = u"توضیحات"_s, .width = 100, .column = u"sDesc"_s},
     };
+}
+
+QList<KListFilter> CDlgAutomobilTariffs::filterTable() const
+{
+    return tariffFilters();
 }
 
 KListTraits CDlgAutomobilTariffs::traits() const
@@ -80,6 +74,7 @@ KListTraits CDlgAutomobilTariffs::traits() const
     traits.sortsWithoutRows = true;
     // This list is opened mostly to choose, and is kept on that occasion.
     traits.deletesInSelectMode = true;
+    traits.readsWholeRecords = true;
     return traits;
 }
 
@@ -90,47 +85,16 @@ std::vector<KListCommand> CDlgAutomobilTariffs::commands()
     return {
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addTariff(); }, QKeySequence(Qt::Key_Insert),
          u":/icons/new.svg"_s},
-        {u"edit"_s, editCaption(), onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          u":/icons/delete.svg"_s},
         printCommand(C::StartsGroup),
     };
 }
 
-void CDlgAutomobilTariffs::buildFilters(QGridLayout *grid)
-{
-    QWidget *box = grid->parentWidget();
-    m_name = new KEdit(box);
-    m_name->setMaxLength(longestName);
-    addFilter(grid, 0, 0, u"نام :"_s, m_name);
-    // Kept for the filter's sake, not shown: the editor does not show whether a tariff is active either.
-    m_inactive = new QCheckBox(u"غير فعال ها را نيز نمايش بده"_s, box);
-    m_inactive->hide();
-}
-
 std::unique_ptr<KMySQL> CDlgAutomobilTariffs::makeRecords() const
 {
     return std::make_unique<CTblAutomobilTariffs>();
-}
-
-TariffCriteria CDlgAutomobilTariffs::criteria() const
-{
-    return {m_inactive->isChecked(), m_name->text()};
-}
-
-QString CDlgAutomobilTariffs::filterClauses() const
-{
-    return tariffFilter(criteria());
-}
-
-KListModel::Row CDlgAutomobilTariffs::makeRow(KMySQL &record, int number)
-{
-    const auto &tariff = static_cast<const CTblAutomobilTariffs &>(record);
-    return {tariff.m_iID,
-            {{QString::number(number), number},
-             {tariff.m_sTitle},
-             {DToMoney(tariff.m_dAmount), tariff.m_dAmount},
-             {tariff.m_sDesc}}};
 }
 
 void CDlgAutomobilTariffs::addTariff()
@@ -163,16 +127,11 @@ void CDlgAutomobilTariffs::recordDeleted(int)
 
 void CDlgAutomobilTariffs::activated(int)
 {
-    runCommand(editCaption());
+    runCommand(u"edit");
 }
 
 KListReport CDlgAutomobilTariffs::reportSpec() const
 {
     const QString title = u"هزینه های تعرفه های محضر"_s;
     return {title, u"گالری اتومبیل"_s, title};
-}
-
-QWidget *CDlgAutomobilTariffs::firstFilterControl() const
-{
-    return m_name;
 }

@@ -3,11 +3,7 @@
 
 #pragma once
 
-#include "auto/catalog/tariffs/TariffFilter.h"
 #include "suite/accounting/lists/KListPage.h"
-
-class KEdit;
-class QCheckBox;
 
 // The notary tariffs: named fees with an amount. A window to keep them in, or, in select mode, to choose one.
 //
@@ -26,27 +22,17 @@ public:
     // Opens the list to be kept.
     static void Open(QWidget *parent);
 
-    TariffCriteria criteria() const;
-    KEdit *nameFilter() const { return m_name; }
-    QCheckBox *inactiveFilter() const { return m_inactive; }
-
 protected:
-    QVector<KListModel::Column> listColumns() const override;
+    QList<KListColumn> columnTable() const override;
+    QList<KListFilter> filterTable() const override;
     std::vector<KListCommand> commands() override;
     KListTraits traits() const override;
-    void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QString filterClauses() const override;
-    KListModel::Row makeRow(KMySQL &record, int number) override;
     void recordDeleted(int key) override;
     void activated(int key) override;
     KListReport reportSpec() const override;
-    QWidget *firstFilterControl() const override;
 
 private:
     void addTariff();
     void editTariff();
-
-    KEdit *m_name = nullptr;
-    QCheckBox *m_inactive = nullptr;
 };

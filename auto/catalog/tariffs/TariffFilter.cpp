@@ -3,13 +3,18 @@
 
 #include "auto/catalog/tariffs/TariffFilter.h"
 
-#include "auto/lists/ListClauses.h"
+#include "suite/accounting/lists/FilterClauses.h"
 
-QString tariffFilter(const TariffCriteria &criteria)
+using namespace Qt::StringLiterals;
+
+QList<KListFilter> tariffFilters()
 {
-    QString clauses;
-    if (!criteria.withInactive)
-        clauses += QString::asprintf(" AND iStatus=%d", 0);
-    clauses += ListClauses::part("sTitle", criteria.namePart);
-    return ListClauses::condition(clauses);
+    using K = KListFilter::Kind;
+    return {
+        // Kept for the filter's sake, not shown: the editor does not show whether a tariff is active either.
+        {.key = u"inactive"_s, .label = u"غير فعال ها را نيز نمايش بده"_s, .kind = K::Flag,
+         .clause = FilterClauses::flag("", " AND iStatus=0")},
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = K::Text, .place = {0, 0}, .clause = FilterClauses::part("sTitle"),
+         .maxLength = 50, .options = KListFilter::FindGoesHere},
+    };
 }

@@ -3,14 +3,8 @@
 
 #pragma once
 
-#include <QString>
+#include "suite/accounting/lists/KListFilter.h"
 
-// What the list of notary tariffs asks for.
-struct TariffCriteria
-{
-    bool withInactive = false;
-    QString namePart; // goes into the LIKE pattern as typed; empty: any
-};
-
-// The condition for CTblAutomobilTariffs::m_filter; empty when nothing is asked.
-QString tariffFilter(const TariffCriteria &criteria);
+// What the list of notary tariffs can be asked for: a part of the name, which goes into the pattern as typed, and whether the
+// inactive ones are among them.
+QList<KListFilter> tariffFilters();

@@ -43,11 +43,16 @@ QString headerText(const CDlgAutomobilTariffs &page, int column)
     return page.list()->model()->headerData(column, Qt::Horizontal).toString();
 }
 
+QString headerText(const CDlgAutomobilTariffs &page, QStringView column)
+{
+    return headerText(page, page.list()->columnOf(column));
+}
+
 QStringList titles(const CDlgAutomobilTariffs &page)
 {
     QStringList texts;
     for (int row = 0; row < page.list()->count(); ++row)
-        texts << page.list()->cellText(row, 1);
+        texts << page.list()->cellText(row, u"title");
     return texts;
 }
 
@@ -115,8 +120,8 @@ private Q_SLOTS:
         page.open();
         QCOMPARE(page.title(), u"هزينه هاي تعرفه هاي محضر"_s);
         QCOMPARE(page.findChild<QGroupBox *>()->title(), u"فيلتر جستجو"_s);
-        QCOMPARE(page.nameFilter()->accessibleName(), u"نام :"_s);
-        QCOMPARE(page.inactiveFilter()->text(), u"غير فعال ها را نيز نمايش بده"_s);
+        QCOMPARE(page.filters().control<KEdit>(u"name")->accessibleName(), u"نام :"_s);
+        QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), u"غير فعال ها را نيز نمايش بده"_s);
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
@@ -137,8 +142,8 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.show();
         QVERIFY(page.isVisible());
-        QVERIFY(!page.inactiveFilter()->isVisible());
-        QVERIFY(!page.inactiveFilter()->isChecked());
+        QVERIFY(!page.filters().control<QCheckBox>(u"inactive")->isVisible());
+        QVERIFY(!page.filters().control<QCheckBox>(u"inactive")->isChecked());
     }
 
     void thereIsNoRowLimitAndEveryRowIsRead()
@@ -170,11 +175,11 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         QCOMPARE(page.list()->count(), 2);
-        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
-        QCOMPARE(page.list()->cellText(0, 1), u"سند قطعی"_s);
-        QCOMPARE(page.list()->cellText(0, 2), DToMoney(1250000));
-        QCOMPARE(page.list()->cellText(0, 3), u"با مالیات"_s);
-        QCOMPARE(page.list()->cellText(1, 0), u"2"_s);
+        QCOMPARE(page.list()->cellText(0, u"row"), u"1"_s);
+        QCOMPARE(page.list()->cellText(0, u"title"), u"سند قطعی"_s);
+        QCOMPARE(page.list()->cellText(0, u"amount"), DToMoney(1250000));
+        QCOMPARE(page.list()->cellText(0, u"description"), u"با مالیات"_s);
+        QCOMPARE(page.list()->cellText(1, u"row"), u"2"_s);
         QCOMPARE(page.list()->listModel()->keyAt(0), first);
     }
 
@@ -187,7 +192,7 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         QCOMPARE(titles(page), QStringList{u"on"_s});
-        page.inactiveFilter()->setChecked(true);
+        page.filters().set(u"inactive", true);
         page.refill();
         QCOMPARE(titles(page), (QStringList{u"on"_s, u"off"_s}));
     }
@@ -196,7 +201,7 @@ private Q_SLOTS:
     {
         CDlgAutomobilTariffs page;
         page.open();
-        page.inactiveFilter()->setChecked(true);
+        page.filters().set(u"inactive", true);
         const ObservedStatements observed({u"SELECT"_s});
         page.refill();
         QCOMPARE(observed.taken().size(), 1);
@@ -210,10 +215,10 @@ private Q_SLOTS:
         addTariff(u"وکالت"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        page.nameFilter()->setText(u"سند%اول"_s);
+        page.filters().set(u"name", u"سند%اول"_s);
         page.refill();
         QCOMPARE(titles(page), (QStringList{u"سند اول"_s, u"سند قطعی اول"_s}));
-        page.nameFilter()->setText(u"وکال_"_s);
+        page.filters().set(u"name", u"وکال_"_s);
         page.refill();
         QCOMPARE(titles(page), QStringList{u"وکالت"_s});
     }
@@ -223,16 +228,16 @@ private Q_SLOTS:
         addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        page.nameFilter()->setText(u"x%' OR 'a' LIKE 'a"_s);
+        page.filters().set(u"name", u"x%' OR 'a' LIKE 'a"_s);
         pushButton(page, u"جستجو"_s)->click();
         // As typed it is a condition that the database understands, and all that it does is find every row.
         QCOMPARE(titles(page), QStringList{u"a"_s});
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        page.nameFilter()->setText(u"o'k"_s);
+        page.filters().set(u"name", u"o'k"_s);
         pushButton(page, u"جستجو"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(titles(page), QStringList{u"a"_s});
-        QCOMPARE(page.nameFilter()->text(), u"o'k"_s);
+        QCOMPARE(page.filters().control<KEdit>(u"name")->text(), u"o'k"_s);
     }
 
     void aQuoteCannotBeginAStatementOfItsOwn()
@@ -240,7 +245,7 @@ private Q_SLOTS:
         addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
-        page.nameFilter()->setText(u"'; DELETE FROM AutomobilTariffs; -- "_s);
+        page.filters().set(u"name", u"'; DELETE FROM AutomobilTariffs; -- "_s);
         pushButton(page, u"جستجو"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
@@ -252,9 +257,9 @@ private Q_SLOTS:
         addTariff(u"b"_s);
         CDlgAutomobilTariffs page;
         page.show();
-        page.nameFilter()->setFocus();
-        QTest::keyClicks(page.nameFilter(), u"b"_s);
-        QTest::keyClick(page.nameFilter(), Qt::Key_Return);
+        page.filters().control<KEdit>(u"name")->setFocus();
+        QTest::keyClicks(page.filters().control<KEdit>(u"name"), u"b"_s);
+        QTest::keyClick(page.filters().control<KEdit>(u"name"), Qt::Key_Return);
         QCOMPARE(titles(page), QStringList{u"b"_s});
     }
 
@@ -262,15 +267,15 @@ private Q_SLOTS:
 
     void clickOnATitleIsRefusedOnceAndTheListKeepsRowsAndOrder_data()
     {
-        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("column");
         QTest::addColumn<QString>("sort");
-        QTest::newRow("نام") << 1 << u"iCode"_s;
-        QTest::newRow("مبلغ") << 2 << u"sName"_s;
+        QTest::newRow("نام") << u"title"_s << u"iCode"_s;
+        QTest::newRow("مبلغ") << u"amount"_s << u"sName"_s;
     }
 
     void clickOnATitleIsRefusedOnceAndTheListKeepsRowsAndOrder()
     {
-        QFETCH(int, column);
+        QFETCH(QString, column);
         QFETCH(QString, sort);
         addTariff(u"b"_s, 2);
         addTariff(u"a"_s, 1);
@@ -279,7 +284,7 @@ private Q_SLOTS:
         page.list()->selectRow(1);
         const QString before = page.sortExpression();
         const ObservedStatements observed({u"SELECT"_s});
-        Q_EMIT page.list()->columnClicked(column);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(column));
         QCOMPARE(observed.taken().size(), 1);
         QVERIFY2(observed.taken().constFirst().contains(u"ORDER BY "_s + sort),
                  qPrintable(observed.taken().constFirst()));
@@ -288,8 +293,8 @@ private Q_SLOTS:
         QCOMPARE(page.list()->currentRow(), 1);
         QCOMPARE(page.countText(), u"تعداد : 2"_s);
         QCOMPARE(page.sortExpression(), before);
-        QCOMPARE(headerText(page, 1), u"نام*"_s);
-        QCOMPARE(headerText(page, 2), u"مبلغ"_s);
+        QCOMPARE(headerText(page, u"title"), u"نام*"_s);
+        QCOMPARE(headerText(page, u"amount"), u"مبلغ"_s);
         page.OnClosing();
         QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(sort));
         QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 1);
@@ -299,7 +304,7 @@ private Q_SLOTS:
     {
         CDlgAutomobilTariffs page;
         page.open();
-        Q_EMIT page.list()->columnClicked(2);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"amount"));
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         page.OnClosing();
         QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(u"sName"_s));
@@ -307,24 +312,24 @@ private Q_SLOTS:
 
     void clickOnColumnThreeLeavesTheSortUnchanged_data()
     {
-        QTest::addColumn<int>("column");
-        QTest::newRow("ردیف") << 0;
-        QTest::newRow("توضیحات") << 3;
+        QTest::addColumn<QString>("column");
+        QTest::newRow("ردیف") << u"row"_s;
+        QTest::newRow("توضیحات") << u"description"_s;
     }
 
     void clickOnColumnThreeLeavesTheSortUnchanged()
     {
-        QFETCH(int, column);
+        QFETCH(QString, column);
         addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
         const QString before = page.sortExpression();
         const ObservedStatements observed({u"SELECT"_s});
-        Q_EMIT page.list()->columnClicked(column);
+        Q_EMIT page.list()->columnClicked(page.list()->columnOf(column));
         QCOMPARE(page.sortExpression(), before);
         QVERIFY(observed.taken().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(headerText(page, 1), u"نام*"_s);
+        QCOMPARE(headerText(page, u"title"), u"نام*"_s);
     }
 
     // As a program before this one may have stored it.
@@ -338,7 +343,7 @@ private Q_SLOTS:
         page.show();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(titles(page), (QStringList{u"b"_s, u"a"_s}));
-        QCOMPARE(headerText(page, 2), u"مبلغ*"_s);
+        QCOMPARE(headerText(page, u"amount"), u"مبلغ*"_s);
         page.refill();
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         page.OnClosing();
@@ -382,14 +387,14 @@ private Q_SLOTS:
         {
             CDlgAutomobilTariffs page;
             page.open();
-            page.list()->header()->resizeSection(1, 222);
+            page.list()->header()->resizeSection(page.list()->columnOf(u"title"), 222);
             page.OnClosing();
         }
         QVERIFY(!ReadSetting(u"AutomobilTariffs\\List"_s, u"sWidths"_s, QString()).isEmpty());
         QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 1);
         CDlgAutomobilTariffs page;
         page.open();
-        QCOMPARE(page.list()->header()->sectionSize(1), 222);
+        QCOMPARE(page.list()->header()->sectionSize(page.list()->columnOf(u"title")), 222);
     }
 
     // --- Adding, editing, deleting ---
@@ -400,7 +405,7 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         whenEditor(u"b"_s, u"70"_s);
-        QVERIFY(page.runCommand(newCaption));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(titles(page), (QStringList{u"a"_s, u"b"_s}));
         QCOMPARE(page.list()->currentRow(), 1);
         QCOMPARE(page.countText(), u"تعداد : 2"_s);
@@ -411,7 +416,7 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         TestOffice::whenModal("CDlgAddAutomobilTariff", [](QWidget *editor) { static_cast<QDialog *>(editor)->reject(); });
-        QVERIFY(page.runCommand(newCaption));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
     }
 
@@ -424,13 +429,13 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         whenEditor(u"changed"_s, u"5"_s);
-        QVERIFY(page.runCommand(editCaption));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(titles(page), (QStringList{u"a"_s, u"changed"_s, u"c"_s}));
         QCOMPARE(page.list()->currentKey(), key);
         // Also where it stands in another place, because somebody else deleted the one before it.
         m_office->database().run(u"DELETE FROM AutomobilTariffs WHERE sTitle='a'"_s);
         whenEditor(u"again"_s, u"5"_s);
-        QVERIFY(page.runCommand(editCaption));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(titles(page), (QStringList{u"again"_s, u"c"_s}));
         QCOMPARE(page.list()->currentKey(), key);
     }
@@ -443,7 +448,7 @@ private Q_SLOTS:
         page.list()->selectKey(key);
         m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
         whenEditor(u"b"_s, u"5"_s);
-        QVERIFY(page.runCommand(editCaption));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
@@ -452,10 +457,10 @@ private Q_SLOTS:
     {
         CDlgAutomobilTariffs page;
         page.open();
-        QVERIFY(!page.button(editCaption)->isEnabled());
-        QVERIFY(!page.button(deleteCaption)->isEnabled());
-        QVERIFY(page.button(newCaption)->isEnabled());
-        QVERIFY(!page.runCommand(editCaption));
+        QVERIFY(!page.button(u"edit")->isEnabled());
+        QVERIFY(!page.button(u"delete")->isEnabled());
+        QVERIFY(page.button(u"new")->isEnabled());
+        QVERIFY(!page.runCommand(u"edit"));
     }
 
     void anyAnswerButNoDeletes_data()
@@ -482,12 +487,12 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         g_pDlgYesNo->answerNext(static_cast<KMessageDialog::Answer>(answer));
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{SuiteMessages::deleteQuestion()});
         QCOMPARE(page.list()->count(), deleted ? 1 : 2);
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs WHERE iID=%1"_s.arg(key)), deleted ? u"0"_s : u"1"_s);
         // The rows are numbered from 1 again.
-        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
+        QCOMPARE(page.list()->cellText(0, u"row"), u"1"_s);
         QCOMPARE(page.list()->currentRow(), 0);
     }
 
@@ -498,7 +503,7 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
     }
 
@@ -528,7 +533,7 @@ private Q_SLOTS:
         page.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&page));
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
-        QCOMPARE(page.focusWidget(), page.nameFilter());
+        QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"name"));
     }
 
     // --- Rights and the closed database ---
@@ -558,23 +563,23 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         page.list()->selectKey(key);
-        auto run = [&](const QString &caption, bool allowed, KSecurity::Right right) {
-            page.runCommand(caption);
+        auto run = [&](const QString &command, bool allowed, KSecurity::Right right) {
+            page.runCommand(command);
             QCOMPARE(g_pDlgWarning->takeShown(),
                      allowed ? QStringList() : QStringList{KSecurity::refusalText(rightsForm, right)});
         };
         if (adds)
             whenEditor(u"b"_s, u"1"_s);
-        run(newCaption, adds, KSecurity::Delete);
+        run(u"new"_s, adds, KSecurity::Delete);
         QCOMPARE(page.list()->count(), adds ? 2 : 1);
         page.list()->selectKey(key);
         if (edits)
             whenEditor(u"c"_s, u"1"_s);
-        run(editCaption, edits, KSecurity::Modify);
+        run(u"edit"_s, edits, KSecurity::Modify);
         QCOMPARE(value(u"SELECT sTitle FROM AutomobilTariffs WHERE iID=%1"_s.arg(key)),
                  edits ? u"c"_s : u"a"_s);
         page.list()->selectKey(key);
-        run(deleteCaption, deletes, KSecurity::Delete);
+        run(u"delete"_s, deletes, KSecurity::Delete);
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs WHERE iID=%1"_s.arg(key)),
                  deletes ? u"0"_s : u"1"_s);
     }
@@ -586,9 +591,9 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.show();
         page.list()->selectKey(key);
-        for (const QString &caption : {newCaption, editCaption, deleteCaption}) {
-            QVERIFY(!page.button(caption)->isVisible());
-            QVERIFY(!page.runCommand(caption));
+        for (const QString &command : {u"new"_s, u"edit"_s, u"delete"_s}) {
+            QVERIFY(!page.button(command)->isVisible());
+            QVERIFY(!page.runCommand(command));
         }
         Q_EMIT page.list()->rowActivated(key);
         QVERIFY(!QApplication::activeModalWidget());
@@ -602,8 +607,8 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         GetDBSetting()->SetClosedDB(true);
-        for (const QString &caption : {newCaption, editCaption, deleteCaption})
-            page.runCommand(caption);
+        for (const QString &command : {u"new"_s, u"edit"_s, u"delete"_s})
+            page.runCommand(command);
         QVERIFY(!QApplication::activeModalWidget());
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
     }
@@ -662,7 +667,7 @@ private Q_SLOTS:
         TestOffice::whenModal("KDialogHolder", [](QWidget *window) {
             auto *page = static_cast<CDlgAutomobilTariffs *>(static_cast<KDialogHolder *>(window)->page());
             whenEditor(u"new"_s, u"9"_s);
-            QVERIFY(page->runCommand(newCaption));
+            QVERIFY(page->runCommand(u"new"));
             pushButton(*window, u"انتخاب"_s)->click();
         });
         const int chosen = CDlgAutomobilTariffs::Select(nullptr);
@@ -713,7 +718,7 @@ private Q_SLOTS:
             QCOMPARE(report.rows().at(0).cells.at(2).text, DToMoney(1000));
             window->close();
         });
-        QVERIFY(page.runCommand(u"چاپ"_s));
+        QVERIFY(page.runCommand(u"print"));
         QVERIFY(shown);
     }
 
@@ -722,7 +727,7 @@ private Q_SLOTS:
         m_office->logInAs(u"clerk"_s, rightsForm, KSecurity::allRights & ~KSecurity::PrintList);
         CDlgAutomobilTariffs page;
         page.open();
-        QVERIFY(page.runCommand(u"چاپ"_s));
+        QVERIFY(page.runCommand(u"print"));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(rightsForm, KSecurity::PrintList)});
     }
 };

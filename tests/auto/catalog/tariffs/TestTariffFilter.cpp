@@ -36,7 +36,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, withInactive);
         QFETCH(QString, name);
-        QTEST(tariffFilter({withInactive, name}), "filter");
+        QTEST(KListFilter::condition(tariffFilters(), {{u"inactive"_s, withInactive}, {u"name"_s, name}}, 0), "filter");
     }
 };
 
