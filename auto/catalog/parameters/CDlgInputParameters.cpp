@@ -18,11 +18,6 @@ namespace {
 
 constexpr int optionsPerRow = 5;
 
-QString editCaption()
-{
-    return u"ويرايش"_s;
-}
-
 int run(KDialogHolder &window)
 {
     window.resize(640, 560);
@@ -76,11 +71,11 @@ QRadioButton *CDlgInputParameters::optionButton(int option) const
     return static_cast<QRadioButton *>(m_options->button(option));
 }
 
-QVector<KListModel::Column> CDlgInputParameters::listColumns() const
+QList<KListColumn> CDlgInputParameters::columnTable() const
 {
     return {
-        {u"ردیف"_s, Qt::AlignCenter, 40, {}},
-        {u"نام"_s, Qt::AlignRight, 170, {}},
+        KListColumn::rowNumber(),
+        {.key = u"name"_s, .title = u"نام"_s, .width = 170, .alignment = Qt::AlignRight, .column = u"sName"_s},
     };
 }
 
@@ -100,7 +95,7 @@ std::vector<KListCommand> CDlgInputParameters::commands()
     return {
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
          u":/icons/new.svg"_s},
-        {u"edit"_s, editCaption(), onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
         {u"delete"_s, u"حذف"_s, onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
          u":/icons/delete.svg"_s},
     };
@@ -121,20 +116,9 @@ std::unique_ptr<KMySQL> CDlgInputParameters::makeRecords() const
     return std::make_unique<CTblItems>();
 }
 
-QStringList CDlgInputParameters::fetchedColumns() const
-{
-    return {u"sName"_s};
-}
-
 QString CDlgInputParameters::filterClauses() const
 {
     return InputParameters::valuesFilter(option());
-}
-
-KListModel::Row CDlgInputParameters::makeRow(KMySQL &record, int number)
-{
-    const auto &item = static_cast<const CTblItems &>(record);
-    return {item.m_iID, {{QString::number(number), number}, {item.m_sName}}};
 }
 
 // As the drop-downs offer them.
@@ -180,7 +164,7 @@ void CDlgInputParameters::recordDeleted(int)
 
 void CDlgInputParameters::activated(int)
 {
-    runCommand(editCaption());
+    runCommand(u"edit");
 }
 
 QWidget *CDlgInputParameters::firstFilterControl() const

@@ -32,14 +32,12 @@ public:
     QRadioButton *optionButton(int option) const;
 
 protected:
-    QVector<KListModel::Column> listColumns() const override;
+    QList<KListColumn> columnTable() const override;
     std::vector<KListCommand> commands() override;
     KListTraits traits() const override;
     void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QStringList fetchedColumns() const override;
     QString filterClauses() const override;
-    KListModel::Row makeRow(KMySQL &record, int number) override;
     QString defaultSort() const override;
     void modeApplied() override;
     void recordDeleted(int key) override;

@@ -39,7 +39,7 @@ QStringList names(const CDlgInputParameters &page)
 {
     QStringList texts;
     for (int row = 0; row < page.list()->count(); ++row)
-        texts << page.list()->cellText(row, 1);
+        texts << page.list()->cellText(row, u"name");
     return texts;
 }
 
@@ -153,12 +153,12 @@ private Q_SLOTS:
         {
             CDlgInputParameters page;
             page.open();
-            page.list()->header()->resizeSection(0, 111);
+            page.list()->header()->resizeSection(page.list()->columnOf(u"row"), 111);
         }
         QVERIFY(!ReadSetting(u"InputParameters\\List"_s, u"sWidths"_s, QString()).isEmpty());
         CDlgInputParameters page;
         page.open();
-        QCOMPARE(page.list()->header()->sectionSize(0), 111);
+        QCOMPARE(page.list()->header()->sectionSize(page.list()->columnOf(u"row")), 111);
     }
 
     // --- Filling ---
@@ -185,8 +185,8 @@ private Q_SLOTS:
         QVERIFY(observed.taken().constFirst().contains(
             u" iType=%1 "_s.arg(Parameters::itemType(option))));
         QCOMPARE(names(page), (QStringList{u"value %1 a"_s.arg(option), u"value %1 b"_s.arg(option)}));
-        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
-        QCOMPARE(page.list()->cellText(1, 0), u"2"_s);
+        QCOMPARE(page.list()->cellText(0, u"row"), u"1"_s);
+        QCOMPARE(page.list()->cellText(1, u"row"), u"2"_s);
         QCOMPARE(page.countText(), u"تعداد : 2"_s);
         QCOMPARE(value(u"SELECT sName FROM Items WHERE iID=%1"_s.arg(page.list()->listModel()->keyAt(0))),
                  u"value %1 a"_s.arg(option));
@@ -207,7 +207,7 @@ private Q_SLOTS:
         page.open();
         QCOMPARE(page.option(), -1);
         QCOMPARE(page.list()->count(), 0);
-        page.runCommand(newCaption);
+        page.runCommand(u"new");
         QVERIFY(!QApplication::activeModalWidget());
         QCOMPARE(count(), u"1"_s);
         page.optionButton(0)->click();
@@ -234,10 +234,10 @@ private Q_SLOTS:
         CDlgInputParameters page(Parameters::Color);
         page.open();
         whenEditor(u"سبز"_s);
-        QVERIFY(page.runCommand(newCaption));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(value(u"SELECT iType FROM Items WHERE sName='سبز'"_s), u"808"_s);
         QCOMPARE(page.list()->count(), 3);
-        QCOMPARE(page.list()->cellText(page.list()->currentRow(), 1), u"سبز"_s);
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"name"), u"سبز"_s);
         QCOMPARE(QString::number(page.list()->currentKey()), value(u"SELECT iID FROM Items WHERE sName='سبز'"_s));
     }
 
@@ -253,7 +253,7 @@ private Q_SLOTS:
             title = editor->windowTitle();
             static_cast<QDialog *>(editor)->reject();
         });
-        QVERIFY(page.runCommand(newCaption));
+        QVERIFY(page.runCommand(u"new"));
         QCOMPARE(shown, QString());
         QCOMPARE(title, u"تعداد سیلندر - جدید"_s);
         QCOMPARE(count(), u"1"_s);
@@ -269,7 +269,7 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         whenEditor(u"z"_s);
-        QVERIFY(page.runCommand(editCaption));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(names(page), (QStringList{u"m"_s, u"z"_s}));
         QCOMPARE(page.list()->currentKey(), key);
         QCOMPARE(value(u"SELECT iType FROM Items WHERE iID=%1"_s.arg(key)), u"817"_s);
@@ -289,7 +289,7 @@ private Q_SLOTS:
             title = editor->windowTitle();
             static_cast<QDialog *>(editor)->reject();
         });
-        QVERIFY(page.runCommand(editCaption));
+        QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(shown, u"now"_s);
         QCOMPARE(title, u"تعداد سیلندر - ویرایش"_s);
     }
@@ -301,7 +301,7 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         m_office->database().run(u"DELETE FROM Items"_s);
-        page.runCommand(editCaption);
+        page.runCommand(u"edit");
         QVERIFY(!QApplication::activeModalWidget());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
@@ -471,11 +471,11 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         g_pDlgYesNo->answerNext(static_cast<KMessageDialog::Answer>(answer));
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{SuiteMessages::deleteQuestion()});
         QCOMPARE(count(), deleted ? u"1"_s : u"2"_s);
         QCOMPARE(page.list()->count(), deleted ? 1 : 2);
-        QCOMPARE(page.list()->cellText(0, 0), u"1"_s);
+        QCOMPARE(page.list()->cellText(0, u"row"), u"1"_s);
     }
 
     // A record keeps the number of a value, and shows a dash for it from then on.
@@ -485,7 +485,7 @@ private Q_SLOTS:
         m_office->database().run(u"INSERT INTO AutomobilInformations(iCode,iColor) VALUES(1,%1)"_s.arg(key));
         CDlgInputParameters page(Parameters::Color);
         page.open();
-        QVERIFY(page.runCommand(deleteCaption));
+        QVERIFY(page.runCommand(u"delete"));
         m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
         QCOMPARE(count(), u"0"_s);
     }
@@ -496,14 +496,14 @@ private Q_SLOTS:
         CDlgInputParameters page;
         page.setSelectMode(true, key);
         page.show();
-        QVERIFY(!page.button(deleteCaption)->isVisible());
-        QVERIFY(!page.runCommand(deleteCaption));
+        QVERIFY(!page.button(u"delete")->isVisible());
+        QVERIFY(!page.runCommand(u"delete"));
         page.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&page));
         QTest::keyClick(page.list(), Qt::Key_Delete);
         QCOMPARE(count(), u"1"_s);
-        QVERIFY(page.button(newCaption)->isVisible());
-        QVERIFY(page.button(editCaption)->isVisible());
+        QVERIFY(page.button(u"new")->isVisible());
+        QVERIFY(page.button(u"edit")->isVisible());
     }
 
     // --- Rights and the closed database ---
@@ -525,19 +525,19 @@ private Q_SLOTS:
         m_office->logInAs(u"clerk"_s, rightsForm, rights);
         CDlgInputParameters page;
         page.open();
-        auto run = [&](const QString &caption, KSecurity::Right right, const QString &typed) {
+        auto run = [&](const QString &command, KSecurity::Right right, const QString &typed) {
             const bool allowed = rights & right;
             page.list()->selectKey(key);
             if (allowed && !typed.isEmpty())
                 whenEditor(typed);
-            page.runCommand(caption);
+            page.runCommand(command);
             QCOMPARE(g_pDlgWarning->takeShown(), allowed ? QStringList() : QStringList{KSecurity::refusalText(rightsForm, right)});
         };
-        run(newCaption, KSecurity::Write, u"b"_s);
+        run(u"new"_s, KSecurity::Write, u"b"_s);
         QCOMPARE(count(), rights & KSecurity::Write ? u"2"_s : u"1"_s);
-        run(editCaption, KSecurity::Modify, u"c"_s);
+        run(u"edit"_s, KSecurity::Modify, u"c"_s);
         QCOMPARE(nameOf(key), rights & KSecurity::Modify ? u"c"_s : u"a"_s);
-        run(deleteCaption, KSecurity::Delete, QString());
+        run(u"delete"_s, KSecurity::Delete, QString());
         QCOMPARE(nameOf(key).isEmpty(), bool(rights & KSecurity::Delete));
     }
 
@@ -548,9 +548,9 @@ private Q_SLOTS:
         CDlgInputParameters page;
         page.show();
         page.list()->selectKey(key);
-        for (const QString &caption : {newCaption, editCaption, deleteCaption}) {
-            QVERIFY(!page.button(caption)->isVisible());
-            QVERIFY(!page.runCommand(caption));
+        for (const QString &command : {u"new"_s, u"edit"_s, u"delete"_s}) {
+            QVERIFY(!page.button(command)->isVisible());
+            QVERIFY(!page.runCommand(command));
         }
         QCOMPARE(nameOf(key), u"a"_s);
     }
@@ -562,8 +562,8 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         GetDBSetting()->SetClosedDB(true);
-        for (const QString &caption : {newCaption, editCaption, deleteCaption})
-            page.runCommand(caption);
+        for (const QString &command : {u"new"_s, u"edit"_s, u"delete"_s})
+            page.runCommand(command);
         QVERIFY(!QApplication::activeModalWidget());
         QCOMPARE(nameOf(key), u"a"_s);
         QCOMPARE(count(), u"1"_s);
@@ -607,7 +607,7 @@ private Q_SLOTS:
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             auto *page = static_cast<CDlgInputParameters *>(static_cast<KDialogHolder *>(window)->page());
             whenEditor(u"سبز"_s);
-            QVERIFY(page->runCommand(newCaption));
+            QVERIFY(page->runCommand(u"new"));
             pushButton(*window, u"انتخاب"_s)->click();
         });
         const int chosen = CDlgInputParameters::Select(nullptr, Parameters::Color);
