@@ -29,9 +29,9 @@ public:
 
     CMySQLException(Category category, unsigned int serverCode, QString message, QString statement = {});
 
-    // The server's own words, or those of the record-set base, for the log and for a technical message.
+    // The error text of the server or of the record-set base, for the log and for a technical message.
     QString GetErrorMessage() const { return m_message; }
-    // One Persian sentence for the person at the screen; names the column where one is to blame.
+    // One Persian sentence for the user; names the column at fault, if there is one.
     QString userMessage() const;
 
     Category category() const { return m_category; }

@@ -39,11 +39,11 @@ struct TZDB_EXPORT KColumn
 
     QVariant value() const;
     void setValue(const QVariant &value) const;
-    // Makes the member as constructed.
+    // Sets the member to its value as constructed.
     void clear() const;
     // Whether the member is as constructed: 0, empty, no date.
     bool isEmpty() const;
-    // Whether the member holds what value() returned then. NULL and the empty value are one thing.
+    // Whether the member still holds what value() returned earlier. NULL and the empty value are the same.
     bool isStill(const QVariant &before) const;
     // The member as it stands in a statement. Throws ValueTooLong for a value that no column of that kind holds.
     QByteArray literal(const KConnection &connection) const;

@@ -21,7 +21,7 @@ public:
     void addNameSource(QStringView column, KNameSource source);
 
     const std::vector<KColumn> &all() const { return m_columns; }
-    // Null when there is none of that name.
+    // Null when there is none with that name.
     const KColumn *find(QStringView name) const;
     // The lookup of the column, else its name source; empty parts when it has neither.
     KNameSource nameSource(QStringView column) const;

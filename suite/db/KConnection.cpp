@@ -153,7 +153,7 @@ void KConnection::open()
             mysql_ssl_set(handle, nullptr, nullptr, m_settings.caFile.toLocal8Bit().constData(), nullptr, nullptr);
     }
     if (!m_settings.host.isEmpty()) {
-        // "localhost" would mean a local socket to the client library, whatever port is given.
+        // "localhost" would mean a local socket to the client library, whatever the port.
         const unsigned int network = MYSQL_PROTOCOL_TCP;
         mysql_optionsv(handle, MYSQL_OPT_PROTOCOL, &network);
     }
@@ -163,7 +163,7 @@ void KConnection::open()
     const QByteArray database = m_settings.database.toUtf8();
     const QByteArray socket = m_settings.socketPath.toLocal8Bit();
     m_handle = handle;
-    // CLIENT_FOUND_ROWS: an UPDATE counts the rows it met, so that a row that vanished is told from one already so.
+    // CLIENT_FOUND_ROWS: an UPDATE counts the rows it met, so that a vanished row is distinguished from an unchanged one.
     if (!mysql_real_connect(handle, host.isEmpty() ? nullptr : host.constData(), user.constData(), password.constData(),
                             database.isEmpty() ? nullptr : database.constData(), host.isEmpty() ? 0 : m_settings.port,
                             socket.isEmpty() ? nullptr : socket.constData(), CLIENT_FOUND_ROWS)) {

@@ -44,7 +44,7 @@ public:
     KConnection(const KConnection &) = delete;
     KConnection &operator=(const KConnection &) = delete;
 
-    // Gives database number its settings; 0 is the suite's current database. Connections of the calling thread to that
+    // Sets the settings of database number; 0 is the suite's current database. Connections of the calling thread to that
     // number are dropped; those of other threads are replaced at their next use.
     static void configure(int database, const KConnectionSettings &settings);
     static bool isConfigured(int database);
@@ -54,7 +54,7 @@ public:
     // Closes the calling thread's connections; they open again on next use.
     static void closeThreadConnections();
 
-    // Runs one statement; its rows are fetched whole. A null result: the statement gives no rows. Throws.
+    // Runs one statement; its rows are fetched whole. A null result: the statement returns no rows. Throws.
     Result run(const QByteArray &utf8Statement);
     Result run(const QString &statement) { return run(statement.toUtf8()); }
     // As run, but the rows stay on the server's side and are fetched one by one (no count, no going back).
@@ -72,7 +72,7 @@ public:
     void close();
     st_mysql *handle();
 
-    // Called with every statement before it runs, in whatever thread; for the log and for tests. Null to take it off.
+    // Called with every statement before it runs, in whatever thread; for the log and for tests. Null removes it.
     using StatementObserver = std::function<void(const QString &)>;
     static void setStatementObserver(StatementObserver observer);
 

@@ -8,7 +8,7 @@
 #include <atomic>
 
 // Class-wide count of the live objects of Owner: raised by every constructor, lowered by the destructor. Visible across
-// libraries, so that whoever asks for the count sees the one that the library of Owner keeps.
+// libraries, so that every caller sees the count that the library of Owner keeps.
 template <class Owner>
 class Q_DECL_EXPORT KLiveCount
 {

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 
-// Value of a LONGBLOB column. Empty and NULL are one thing.
+// Value of a LONGBLOB column. Empty and NULL are the same.
 struct KLongBinary
 {
     QByteArray data;

@@ -40,7 +40,7 @@ public:
 
     // The order of these virtual operations is fixed.
     virtual ~KMySQL();
-    // bVerify: make sure first that a connection left idle still answers (reconnecting if not); for what a person starts.
+    // bVerify: make sure first that a connection left idle still answers (reconnecting if not); for what a user starts.
     // bReadAll: select the rows and stand on the first; false: only make the set ready for statements and AddNew.
     // bThrow: errors are raised; false: they are returned as false.
     virtual bool Open(bool bVerify, bool bReadAll, bool bThrow);
@@ -106,7 +106,7 @@ public:
     // the members are then as constructed.
     bool IsRecordExist(const QString &column, qint32 value, int reserved = 0, const QString &extra = {});
 
-    // Runs one statement and gives the number of rows it changed or returned. bRaise false: an error that says that the
+    // Runs one statement and returns the number of rows it changed or returned. bRaise false: an error that says that the
     // schema is already so (duplicate column, existing table) is logged and passed over with 0; every other error is raised.
     // bLog: a failing statement is written to the log.
     int ExecuteQuery(const char *statement, bool bRaise, bool bLog);
@@ -115,7 +115,7 @@ public:
     // (KConnection::quoted).
     int FormatAndExecuteQuery(const char *format, ...) Q_ATTRIBUTE_FORMAT_PRINTF(2, 3);
     // Value of the last statement's current result row (the first, until MoveNextResult), columns from 0. NULL, a missing
-    // column or no row give 0, an empty text, an invalid date-time.
+    // column or no row reads as 0, an empty text, an invalid date-time.
     qint32 GetLongFieldValue(int column) const;
     double GetDoubleFieldValue(int column) const;
     QString GetTextFieldValue(int column) const;

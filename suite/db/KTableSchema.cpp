@@ -15,7 +15,7 @@ namespace {
 struct Cache
 {
     QMutex mutex;
-    // A map keeps the addresses that of() hands out.
+    // A map keeps the addresses that of() returns.
     std::map<std::pair<int, QString>, KTableSchema> tables;
 };
 

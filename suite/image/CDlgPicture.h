@@ -15,7 +15,7 @@ class CDlgPicture : public KDialog
 public:
     CDlgPicture(const QImage &image, const QString &title, QWidget *parent);
 
-    // Where the picture lies in the window.
+    // The picture's place in the window.
     QRect pictureRect() const;
 
 protected:

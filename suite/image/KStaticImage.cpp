@@ -57,7 +57,7 @@ QAccessibleInterface *makeReader(const QString &, QObject *object)
     return box ? new PictureBoxReader(box) : nullptr;
 }
 
-// The module is unloaded before the program's last window goes, and must not be asked about that one.
+// The module is unloaded before the program's last window closes, and must not be asked about that one.
 struct ReaderInstallation
 {
     ReaderInstallation() { QAccessible::installFactory(makeReader); }
@@ -302,7 +302,7 @@ void KStaticImage::dragEnterEvent(QDragEnterEvent *event)
 {
     if (m_readOnly || PictureOffer(*event->mimeData()).kind() == PictureOffer::None)
         return;
-    // The one who gives keeps what was theirs.
+    // Copied, never moved: the source of the drag keeps what it offered.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     m_dragOver = true;

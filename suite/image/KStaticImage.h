@@ -16,7 +16,7 @@ class QMimeData;
 //
 // Enter, Space or a double click asks for a file while the box is empty and shows the picture large when it is not; Ctrl+V
 // pastes, Ctrl+C copies, Delete empties the box; all of it also stands in the menu (right click, menu key). Whatever cannot
-// be taken is told in one message and leaves the box as it was. A stored picture that cannot be decoded is shown as such,
+// be taken is reported in one message and leaves the box as it was. A stored picture that cannot be decoded is shown as such,
 // and its bytes are kept until another picture takes its place or the box is emptied.
 class TZIMAGE_EXPORT KStaticImage : public QWidget
 {
@@ -40,10 +40,10 @@ public:
     void setReadOnly(bool readOnly);
     bool isReadOnly() const { return m_readOnly; }
 
-    // Shows what the database holds; not a change, so changed() stays silent.
+    // Shows what the database holds; not a change, so changed() is not emitted.
     void load(const QByteArray &stored);
 
-    // The commands of the user; false when nothing was taken, the user has then been told why. Refused while read-only.
+    // The commands of the user; false when nothing was taken; the user has then been told why. Refused while read-only.
     bool takeFile(const QString &path);
     bool takeMimeData(const QMimeData *mimeData);
     bool clear();
@@ -65,7 +65,7 @@ Q_SIGNALS:
 public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-    // What the box shows or asks for, in words.
+    // Describes in words what the box shows or asks for.
     QString stateText() const;
 
 protected:
@@ -80,7 +80,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    // Each gives what to tell the user; nothing when the picture was taken.
+    // Each returns the message for the user; nothing when the picture was taken.
     QString tryFile(const QString &path);
     QString tryMimeData(const QMimeData &mimeData);
     QString tryResult(const PictureIntake::Result &result);

@@ -21,6 +21,6 @@ void PictureBoxReader::doAction(const QString &name)
     if (name != pressAction())
         QAccessibleWidget::doAction(name);
     else if (widget()->isEnabled())
-        // Later: whoever presses waits for this to return, and a window opens.
+        // Queued, because the caller waits for this to return, and a window opens.
         QMetaObject::invokeMethod(widget(), "activate", Qt::QueuedConnection);
 }

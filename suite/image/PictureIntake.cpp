@@ -73,7 +73,7 @@ Refusal readPixels(const QByteArray &data, QImage *image)
     QBuffer buffer;
     buffer.setData(data);
     buffer.open(QIODevice::ReadOnly);
-    // The kind that the first bytes tell, and no other decoder's guess.
+    // The kind that the first bytes show, and no other decoder's guess.
     QImageReader reader(&buffer, PictureKind::decoder(kind));
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
@@ -156,7 +156,7 @@ PictureIntake::Result PictureIntake::fromFile(const QString &path)
     // A pipe or a device would never come to its end.
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return refused(Refusal::Unreadable);
-    // One byte more than allowed tells a file that is too large, also one that grew since it was chosen.
+    // One byte more than allowed reveals a file that is too large, also one that has grown since it was chosen.
     const QByteArray data = file.read(maxBytes + 1);
     if (file.error() != QFileDevice::NoError)
         return refused(Refusal::Unreadable);

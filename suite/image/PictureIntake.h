@@ -8,7 +8,7 @@
 #include <QByteArray>
 #include <QImage>
 
-// How a picture from outside becomes one of a record's. Whatever comes in is taken for hostile: its kind is told by its
+// How a picture from outside becomes one of a record's. Whatever comes in is treated as hostile: its kind is judged by its
 // contents and never by a name, its size is bounded before it is read, and its pixels before it is decoded. What is kept is
 // written anew, so that nothing of the file but its pixels reaches the database (no place, no camera, no thumbnail).
 class TZIMAGE_EXPORT PictureIntake
@@ -47,6 +47,6 @@ public:
     static Result fromImage(const QImage &image);
 
     // The pixels of a stored picture, upright, at most maxSide long; null when it cannot be shown. The bytes are those that
-    // the database holds, whoever wrote them, so they are bounded as strictly.
+    // the database holds, written by any program, so they are bounded as strictly.
     static QImage decode(const QByteArray &stored);
 };

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 
-// The kinds of picture that are taken, told by a file's first bytes. Inside the library only.
+// The kinds of picture that are accepted, recognised by a file's first bytes. Inside the library only.
 namespace PictureKind {
 
 enum Kind {

@@ -21,7 +21,7 @@ public:
         Pixels
     };
 
-    // Reads nothing yet but the list of what there is; the offer lives no longer than mimeData.
+    // Reads only the list of what there is; the offer must not outlive mimeData.
     explicit PictureOffer(const QMimeData &mimeData);
 
     Kind kind() const { return m_kind; }

@@ -8,13 +8,13 @@
 #include <QByteArray>
 #include <QString>
 
-// Copies of attached files for the desktop's programs to open. They lie in a folder that only this user can read and that
-// goes with the program.
+// Copies of attached files for the desktop's programs to open. They are kept in a folder that only this user can read and that
+// is removed when the program ends.
 namespace AttachmentCopy {
 
-// Whether opening a file of that name would run it.
+// Whether opening a file with that name would run it.
 TZACCOUNTINGDATA_EXPORT bool isProgram(const QString &name);
-// Where the copy lies, read-only, so that nobody takes it for the stored file; empty when it could not be written.
+// Path of the copy, read-only so that nobody takes it for the stored file; empty when it could not be written.
 TZACCOUNTINGDATA_EXPORT QString write(int id, const QString &name, const QByteArray &data);
 
 }

@@ -28,10 +28,10 @@ public:
 
     // Reads the list again. The page does it by itself when it is shown.
     void fill();
-    // The commands behind the buttons, with the path that the file dialogs give.
+    // The commands behind the buttons, with the path that the file dialogs return.
     bool addFile(const QString &path);
     bool saveFileAs(int id, const QString &path);
-    // Opens a copy with the desktop's program for its kind; where the copy lies, empty when it was refused.
+    // Opens a copy with the desktop's program for its kind. Returns the copy's path, empty when it was refused.
     QString openFile(int id);
     bool deleteFile(int id);
 

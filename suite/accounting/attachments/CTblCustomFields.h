@@ -27,7 +27,7 @@ public:
 
     // Persian names by position.
     static const QStringList &typeNames();
-    // Defines a field; the key of it. Throws KAccountingError for an empty name or one that the record kind already has.
+    // Defines a field and returns its key. Throws KAccountingError for an empty name or one that the record kind already has.
     static int define(int table, const QString &name, Type type, int database = 0);
     static void rename(int fieldID, const QString &name, int database = 0);
     // Deletes the field with the values that records hold for it, in one transaction.

@@ -27,7 +27,7 @@ QByteArray readFile(const QString &path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         throw KAccountingError(u"فایل انتخاب شده خوانده نشد."_s);
-    // One byte more than allowed tells a file that is too large, also one that grew since it was chosen.
+    // One byte more than allowed reveals a file that is too large, also one that has grown since it was chosen.
     QByteArray data = file.read(CTblFileDocs::maxFileBytes + 1);
     if (data.size() > CTblFileDocs::maxFileBytes)
         throw KAccountingError(u"اندازه فایل بیشتر از %1 مگابایت است و اضافه نشد."_s

@@ -10,7 +10,7 @@
 
 #include <QList>
 
-// Files attached to records. General files are everybody's, personal ones only the user's who attached them.
+// Files attached to records. General files are everybody's, personal ones belong to the user who attached them.
 class TZACCOUNTINGDATA_EXPORT CTblFileDocs : public KMySQL, private KLiveCount<CTblFileDocs>
 {
 public:
@@ -38,7 +38,7 @@ public:
 
     // The record's files without their contents, oldest first; userID counts for personal files only.
     static QList<FileInfo> list(int table, int recordID, Scope scope, int userID, int database = 0);
-    // Keeps a file for the record under the file's own name; the key of its row. Throws KAccountingError for a file that
+    // Keeps a file for the record under its own name. Returns the key of its row. Throws KAccountingError for a file that
     // cannot be read, is empty or is too large (for this program or for the server), and in a closed database.
     static int addFile(int table, int recordID, Scope scope, int userID, const QString &path, int database = 0);
     // Name and contents; false when the file is gone or is another user's personal one.
@@ -48,7 +48,7 @@ public:
     // Deletes the files of one record, of both scopes; userID 0: of every user.
     static void DeleteAllRelatedRecords(int table, int recordID, int userID, int database = 0);
 
-    // The name as it may be given to a file on any system: no folders, no control characters, no reserved names.
+    // The name in a form that is valid for a file on any system: no folders, no control characters, no reserved names.
     static QString safeFileName(const QString &name);
 
     qint32 m_iID = 0;

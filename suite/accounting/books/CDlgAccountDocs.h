@@ -21,14 +21,14 @@ public:
     // An invalid date leaves that end of the range open; the user can change both.
     CDlgAccountDocs(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, QWidget *parent = nullptr);
 
-    // Shows the sheet to a user who may read documents; tells one who may not.
+    // Shows the sheet to a user who may read documents; says why to a user who may not.
     static void Show(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, QWidget *parent);
 
     KExtListCtrl *list() const { return m_list; }
     QString totalsText() const;
 
 public Q_SLOTS:
-    // Reads the rows of the range as it stands; an entry that is no date is told and keeps the rows.
+    // Reads the rows of the range as it stands; an entry that is no date is reported and keeps the rows.
     void refill();
     void print();
 

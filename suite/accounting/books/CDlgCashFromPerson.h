@@ -21,10 +21,10 @@ public:
     CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent = nullptr);
     ~CDlgCashFromPerson() override;
 
-    // Opens the window and waits for its end. True when a receipt was saved.
+    // Opens the window and waits until it closes. True when a receipt was saved.
     static bool receive(int personID, double amount, const QString &desc, QWidget *parent);
 
-    // Number of the document that was written; 0 until then.
+    // Number of the document that was written; 0 before that.
     int docNum() const { return m_docNum; }
 
     bool OnOK() override;
@@ -34,7 +34,7 @@ private:
     void fillAccounts();
     void showWords(double amount);
 
-    const OfficeSettings m_settings; // as the window's opening found them
+    const OfficeSettings m_settings; // as they were when the window was opened
     int m_personID;
     int m_docNum = 0;
     KEdit *m_person;

@@ -8,7 +8,7 @@
 
 class DocumentRowsPane;
 
-// One accounting document with its rows, to be looked at.
+// One accounting document with its rows, for viewing only.
 class TZACCOUNTING_EXPORT CDlgShowDocument : public KDialog
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
 
     DocumentRowsPane *rows() const { return m_rows; }
 
-    // Shows the document to a user who may read documents; tells one who may not, and says so when there is none.
+    // Shows the document to a user who may read documents; says so when the user may not or there is none.
     static void Show(int num, int fiscalYear, QWidget *parent);
 
 private:

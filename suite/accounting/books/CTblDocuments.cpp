@@ -22,7 +22,7 @@ QString documentFilter(int num, int fiscalYear)
     return u"iNum=%1 AND iFiscalYear=%2"_s.arg(num).arg(fiscalYear);
 }
 
-// The row that every drawer of a number locks first: whoever holds it until the end of the transaction is alone, also in
+// The row that is locked before a number is drawn: its holder is alone until the end of the transaction, also in
 // a fiscal year that has no document yet, where there is no last document to lock.
 void lockNumbering(CTblTemp &temp)
 {

@@ -18,7 +18,7 @@ public:
     ~CTblDocuments() override;
     QString GetTableName() const override;
 
-    // Adds a header with the next number of the fiscal year and gives that number; 0 when the database is closed or the
+    // Adds a header with the next number of the fiscal year and returns that number; 0 when the database is closed or the
     // fiscal year is below 1. Joins the caller's transaction; until that ends, nobody else draws a number of the
     // database, so that no two documents share one and a rollback leaves no gap. kind: see Accounts.h.
     [[nodiscard]] static int AddDoc(int kind, const QDateTime &date, const QString &desc, int fiscalYear, int database = 0);
@@ -29,7 +29,7 @@ public:
     // Deletes the document with its rows. kind and userID, when not 0, must be those of the header, else nothing is
     // deleted; a reason that is not empty is written to the log.
     static void DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database = 0);
-    // Takes the rows off and makes the document void; it keeps its number, and no balance counts it.
+    // Removes the rows and makes the document void; it keeps its number, and no balance counts it.
     static void VoidDoc(int num, int fiscalYear, int database = 0);
     // Throws KAccountingError unless debit and credit of the rows are equal (IsEquals) and every row stands on an account
     // of the chart. To be called before the transaction that wrote the rows is committed.

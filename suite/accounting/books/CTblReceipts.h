@@ -27,7 +27,7 @@ public:
     ~CTblReceipts() override;
     QString GetTableName() const override;
 
-    // Writes the receipt and its document in one transaction; the document's number. Throws KAccountingError when the
+    // Writes the receipt and its document in one transaction; returns the document's number. Throws KAccountingError when the
     // database is closed, the amount is not above 0, or there is no person or account.
     static int receive(const Receipt &receipt, int database = 0);
 

@@ -12,7 +12,7 @@ namespace DocumentKinds {
 
 // For lists; one name for every kind that this program does not know.
 TZACCOUNTINGDATA_EXPORT QString name(int kind);
-// Empty for a document that was written by hand; for any other the sentence why it cannot be changed by hand.
+// Empty for a document that was written by hand; otherwise the sentence that says why it cannot be changed by hand.
 TZACCOUNTINGDATA_EXPORT QString refusal(int kind);
 
 }

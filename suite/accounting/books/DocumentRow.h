@@ -21,5 +21,5 @@ struct DocumentRow
     bool operator==(const DocumentRow &) const = default;
 };
 
-// What the two sides of the rows sum up to; a document balances when they are equal.
+// The totals of the two sides of the rows; a document balances when they are equal.
 TZACCOUNTINGDATA_EXPORT AccountBalance documentSum(const QList<DocumentRow> &rows);

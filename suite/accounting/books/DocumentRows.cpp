@@ -27,7 +27,7 @@ QList<Named> read(int num, int fiscalYear, int database)
         (isDetail ? detail : subsidiary).append(account);
         persons.append(docs.m_iPersonID);
     }
-    // A code tells its level by its length, so the names of both can lie in one hash.
+    // A code shows its level by its length, so one hash can hold the names of both.
     QHash<int, QString> accountNames = KLookup::names(docs, u"iHesabMoeenCode", subsidiary);
     accountNames.insert(KLookup::names(docs, u"iHesabTafsilyCode", detail));
     const QHash<int, QString> personNames = KLookup::names(docs, u"iPersonID", persons);

@@ -10,7 +10,7 @@
 class KExtListCtrl;
 class QLabel;
 
-// The rows of one accounting document with their totals, to be looked at.
+// The rows of one accounting document with their totals, for viewing only.
 class TZACCOUNTING_EXPORT DocumentRowsPane : public QWidget
 {
     Q_OBJECT

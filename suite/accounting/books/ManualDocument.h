@@ -43,8 +43,8 @@ struct TZACCOUNTINGDATA_EXPORT ManualDocument
     // closed database, a person who is gone, and when the document to be changed is gone, was not written by hand or is of
     // another fiscal year.
     void save(int database = 0);
-    // For a user who has had the document before them: seen is what they began with. Throws as well when a stored document no
-    // longer stands so, because another user has changed it meanwhile.
+    // For a user who has been editing the document: seen is what they began with. Also throws when the stored document no
+    // longer matches it, because another user has changed it meanwhile.
     void save(const ManualDocument &seen, int database = 0);
     // A stored document of any kind; num stays 0 when there is none.
     static ManualDocument load(int num, int fiscalYear, int database = 0);

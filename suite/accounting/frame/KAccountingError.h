@@ -10,7 +10,7 @@
 #include <exception>
 
 // A rule of the books that an operation would have broken (a document that does not balance, a change of a closed database).
-// Its text is one Persian sentence for the person at the screen; KErrorBoundary shows it as it stands.
+// Its text is one Persian sentence for the user; KErrorBoundary shows it as it stands.
 class TZACCOUNTINGDATA_EXPORT KAccountingError : public std::exception
 {
 public:

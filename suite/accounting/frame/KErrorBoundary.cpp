@@ -52,6 +52,6 @@ void KErrorBoundary::report(std::exception_ptr error, QWidget *parent) noexcept
         }
         showing = false;
     } catch (...) {
-        // Not even the log takes a line any more; there is nobody left to tell.
+        // Not even the log takes a line any more; there is nowhere left to report to.
     }
 }

@@ -15,7 +15,7 @@ class QWidget;
 class TZACCOUNTINGDATA_EXPORT KErrorBoundary
 {
 public:
-    // Does the work and reports the error that it lets through. Whether it came to its end.
+    // Does the work and reports any error that escapes from it. Returns whether it was completed.
     static bool guarded(QWidget *parent, const std::function<void()> &work) noexcept;
 
     // Never throws. An error that arrives while the message of another one is shown is logged only.

@@ -15,7 +15,7 @@ class TZACCOUNTINGDATA_EXPORT KErrorText
 public:
     // The sentence for the user.
     static QString userMessage(const std::exception_ptr &error);
-    // What the log gets: category, server code and message; the statement with every value in it masked.
+    // The text for the log: category, server code and message; the statement with every value in it masked.
     static QString logText(const std::exception_ptr &error);
     // The statement with its quoted texts and numbers replaced by "?".
     static QString maskedStatement(const QString &statement);

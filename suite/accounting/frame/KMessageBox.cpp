@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The box that messages are shown in. It hands itself in when the library of the windows is loaded, which the use of any of
+// The box that messages are shown in. It registers itself when the library of the windows is loaded, which the use of any of
 // them does, so that a program has it whatever its application object is.
 
 namespace {

@@ -12,7 +12,7 @@
 class QWidget;
 
 // A modal message to the user, right to left, with Persian buttons. It can be answered in advance: then no box appears, what
-// would have been shown is kept, and questions get the answers laid out for them. The box itself is handed in, so that records
+// would have been shown is kept, and questions get the answers laid out for them. The box itself is passed in, so that records
 // and rights may warn and yet know no window.
 class TZACCOUNTINGDATA_EXPORT KMessageDialog
 {
@@ -35,7 +35,7 @@ public:
     };
     // Shows the text until the user has pressed one of the buttons; closing the box is the last of them.
     using Box = Answer (*)(Kind kind, const QString &text, Buttons buttons, QWidget *parent);
-    // What all messages of the program are shown in. Without one, and in a program without windows, a message goes to the log
+    // The box that shows all messages of the program. Without one, and in a program without windows, a message goes to the log
     // and a question is answered as if its box had been closed.
     static void setBox(Box box);
 
@@ -43,19 +43,19 @@ public:
     KMessageDialog(const KMessageDialog &) = delete;
     KMessageDialog &operator=(const KMessageDialog &) = delete;
 
-    // Shows the text with the one button "باشه" and waits. Without a parent the active window is it.
+    // Shows the text with the one button "باشه" and waits. Without a parent, the active window is used.
     void Show(const QString &text, QWidget *parent = nullptr);
     // Asks with "بله" and "خیر"; closing the box or Esc is No, which is also the preset button.
     [[nodiscard]] Answer Ask(const QString &text, QWidget *parent = nullptr);
     // Asks with "بله", "خیر" and "انصراف"; closing the box or Esc is Cancel.
     [[nodiscard]] Answer AskOrCancel(const QString &text, QWidget *parent = nullptr);
 
-    // Gives this answer to the next question, in the order of the calls; no box appears for it.
+    // Answers the next question with this, in the order of the calls; no box appears for it.
     void answerNext(Answer answer);
     // While on, no box appears at all: questions without a prepared answer are answered Yes. Off also drops the prepared
     // answers and what was kept.
     void answerAll(bool on);
-    // The texts that would have been shown since the last call, oldest first.
+    // Returns the texts that would have been shown since the last call, oldest first.
     QStringList takeShown();
 
 private:

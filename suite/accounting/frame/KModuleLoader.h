@@ -9,7 +9,7 @@
 #include <QLibrary>
 #include <QString>
 
-// Loads an extension module at run time. A module whose initialisation fails (it did not enter itself into
+// Loads an extension module at run time. A module whose initialisation fails (it did not register itself in
 // KExtensionModules, or was refused there) is unloaded again, and the program goes on without it.
 //
 // The destructor leaves the module loaded: its classes' meta objects and texts may still be in use anywhere. Unload only
@@ -17,23 +17,23 @@
 class TZACCOUNTINGDATA_EXPORT KModuleLoader
 {
 public:
-    // The name under which the module enters itself.
+    // The name under which the module registers itself.
     explicit KModuleLoader(const QString &moduleName);
     KModuleLoader(const KModuleLoader &) = delete;
     KModuleLoader &operator=(const KModuleLoader &) = delete;
 
-    // False: the module is not loaded, and errorText tells why. A path to the library file.
+    // Takes the path of the library file. False: the module is not loaded, and errorText says why.
     [[nodiscard]] bool load(const QString &libraryPath);
     bool isLoaded() const { return m_loaded; }
     // False when it was not loaded or the system keeps it.
     bool unload();
 
-    // A function of the loaded module; null when it has none of that name.
+    // A function of the loaded module; null when it has none with that name.
     QFunctionPointer resolve(const char *symbol);
 
-    // Persian sentence for the person at the screen; empty after a success.
+    // Persian sentence for the user; empty after a success.
     QString errorText() const { return m_errorText; }
-    // The system's own words, for the log; may be empty.
+    // The system's error text, for the log; may be empty.
     QString technicalText() const { return m_technicalText; }
 
 private:

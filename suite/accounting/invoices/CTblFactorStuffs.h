@@ -29,7 +29,7 @@ public:
     qint32 m_iFactorNum = 0; // key of the invoice
     qint32 m_iType = 0;      // that of the invoice
     qint32 m_iKind = ordinary;
-    qint32 m_iServiceID = 0; // 0: no service of the list, the description alone tells
+    qint32 m_iServiceID = 0; // 0: no service of the list, only the description
     QString m_sDesc;
     double m_dCount = 0;
     double m_dPrice = 0;  // of one

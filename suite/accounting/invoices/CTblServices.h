@@ -7,7 +7,7 @@
 #include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
-// What the office sells and buys on invoices. A service is known by its code, which is given once and printed on tax
+// What the office sells and buys on invoices. A service is known by its code, which is assigned once and printed on tax
 // returns.
 class TZACCOUNTINGDATA_EXPORT CTblServices : public KMySQL, private KLiveCount<CTblServices>
 {
@@ -20,11 +20,11 @@ public:
 
     // One more than the highest code; 1 in an empty list.
     static int nextCode(int database = 0);
-    // The key of the new service. The name is brought into standard form. Like the two below, throws KAccountingError, with
+    // Returns the new service's key. The name is brought into standard form. Like the two below, throws KAccountingError, with
     // nothing changed: an empty name, a code below 1, or a name (searchKey) or code that another service has.
     static int add(int code, const QString &name, int database = 0);
     static void change(int id, int code, const QString &name, int database = 0);
-    // Also throws for a service that stands on an invoice, valid or void.
+    // Also throws for a service that is used on an invoice, valid or void.
     static void remove(int id, int database = 0);
 
     qint32 m_iID = 0;

@@ -68,7 +68,7 @@ InvoiceLevy InvoiceLevy::fromAmount(double amount, double base, int decimals)
 {
     InvoiceLevy levy;
     levy.setAmount(amount, base);
-    // The roundest percentage that gives the amount is the one that was meant.
+    // The roundest percentage that yields the amount is the one that was meant.
     for (int places = 0; places <= percentDecimals && base > 0; ++places) {
         const double percent = roundToDecimals(amount * 100.0 / base, places);
         if (!IsEquals(percentOf(base, percent, decimals), amount))

@@ -9,11 +9,11 @@
 #include <QList>
 #include <QString>
 
-// Rules of an invoice of services: what it sums up to and what it must have. Amounts in the money unit, percents 0 to 100.
+// Rules of an invoice of services: its totals and what it must have. Amounts in the money unit, percents 0 to 100.
 
 struct InvoiceLine
 {
-    int serviceID = 0; // 0: no service of the list, the description alone tells
+    int serviceID = 0; // 0: no service of the list, only the description
     QString desc;
     double count = 0;
     double price = 0; // of one
@@ -31,7 +31,7 @@ struct TZACCOUNTINGDATA_EXPORT InvoiceLevy
     void setPercent(double value, double base, int decimals);
     void setAmount(double value, double base);
     void baseChanged(double base, int decimals);
-    // As an invoice keeps it, by the amount alone: as computed when a percentage of at most four decimals gives exactly that
+    // As an invoice keeps it, by the amount alone: as computed when a percentage of at most four decimals yields exactly that
     // amount, else as typed.
     static InvoiceLevy fromAmount(double amount, double base, int decimals);
 };
@@ -43,8 +43,8 @@ public:
     // decimals: those of the office's money unit, to which every figure is rounded.
     explicit InvoiceFigures(int decimals);
 
-    // What an invoice may come to. With decimals it is less: debit and credit are compared within 0.0001, which a double tells
-    // apart up to there only.
+    // The largest total of an invoice. With decimals it is less: debit and credit are compared within 0.0001, which a double
+    // resolves only up to there.
     static double largestAmount(int decimals);
     static double lineAmount(double count, double price, int decimals);
 

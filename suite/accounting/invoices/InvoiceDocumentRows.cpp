@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The accounts of one kind of invoice. On the person's side lie what is owed and the discount, on the other what the
+// The accounts of one kind of invoice. On the person's side are what is owed and the discount, on the other what the
 // invoice is about and its levies.
 struct InvoiceAccounts
 {

@@ -25,7 +25,7 @@ struct InvoiceForDocument
 // "فاکتور فروش ش :12", or that a sale or purchase was returned.
 TZACCOUNTINGDATA_EXPORT QString invoiceDocumentDescription(int type, bool returned, int num);
 
-// The rows, debit before credit; zero amounts give no row.
+// The rows, debit before credit; zero amounts make no row.
 //   sale      person (what is owed), discount on sales / service income (the lines' sum), tax payable, duty payable
 //   purchase  service expense (the lines' sum), tax expense, duty expense / person (what is owed), discount on purchases
 //   a return  the same with both sides changed

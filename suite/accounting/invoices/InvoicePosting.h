@@ -20,12 +20,12 @@ struct Saved
 // for a problem of the invoice, a date before the opening of the fiscal year, a closed database, a person or service that is
 // gone, and when the invoice that is to be changed is gone, void, or of another fiscal year.
 Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, int database = 0);
-// For a user who has had the invoice before them: seen is what they began with. Throws as well when a stored invoice no
-// longer stands so, because another user has changed it meanwhile.
+// For a user who has been editing the invoice: seen is what they began with. Also throws when the stored invoice no
+// longer matches it, because another user has changed it meanwhile.
 Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, const Invoice &seen, int database = 0);
 
 // Makes the invoice void: it keeps its number and lines, its document keeps its number, loses its rows and is void too.
-// Throws as save does for one that is gone, void already, or of another fiscal year.
+// Throws as save does for one that is gone, already void, or of another fiscal year.
 void TZACCOUNTINGDATA_EXPORT makeVoid(int num, int database = 0);
 
 // A stored invoice; num stays 0 when there is none.

@@ -12,7 +12,7 @@
 class QGridLayout;
 class QLabel;
 
-// The filters of a list as a table: builds their controls with label, buddy and accessible name at their places, hands out and
+// The filters of a list as a table: builds their controls with label, buddy and accessible name at their places, returns and
 // takes their values by key, resets them, and makes the condition of what they ask.
 class TZACCOUNTING_EXPORT KFilterForm : public QObject
 {
@@ -27,7 +27,7 @@ public:
     // What the filter asks for now, as its kind says. An unknown key is an error of the program and asserts.
     QVariant value(QStringView key) const;
     KFilterValues values() const;
-    // Sets the control as a person would: a date (QDate or QDateTime) is ticked too, an invalid one unticks it; a choice that
+    // Sets the control as a user would: a date (QDate or QDateTime) is ticked too, an invalid one unticks it; a choice that
     // is not there means the first; a text is not escaped yet.
     void set(QStringView key, const QVariant &value);
     void reset();
@@ -46,7 +46,7 @@ public:
         Q_ASSERT(found);
         return found;
     }
-    // Where Ctrl+F goes; null when no filter says so.
+    // The control that Ctrl+F moves to; null when no filter names one.
     QWidget *findControl() const;
 
 private:

@@ -17,10 +17,10 @@
 using KFilterValues = QHash<QString, QVariant>;
 
 // A filter of a list: a row of the page's filter table. The rows stand in the order of their clauses; where each control is
-// seen says its place.
+// shown is set by its place.
 struct TZACCOUNTINGDATA_EXPORT KListFilter
 {
-    // What is asked for by, and the value of it.
+    // How the filter is entered, and the type of its value.
     enum class Kind {
         Person,    // a person's key, 0: any
         Choice,    // drop-down; the value of the chosen entry
@@ -60,7 +60,7 @@ struct TZACCOUNTINGDATA_EXPORT KListFilter
         int span = 1; // cells of the control
     };
 
-    // The clause of a value, beginning with " AND "; empty when nothing is asked. The user is the one who asks.
+    // The clause of a value, beginning with " AND "; empty when nothing is asked. userID: the user who is searching.
     using Clause = std::function<QString(const QVariant &value, int userID)>;
 
     QString key; // plain English, unique in the list: code and tests name the filter by it
@@ -71,7 +71,7 @@ struct TZACCOUNTINGDATA_EXPORT KListFilter
     QVariant initial = {}; // the value at first and after a reset; a new one is 0, empty or not ticked
     Choices choices = {};
     int maxLength = 0;           // of a text; 0: any
-    QString accessibleName = {}; // where the label alone, such as "تا :", does not tell the control from another
+    QString accessibleName = {}; // where the label alone, such as "تا :", does not distinguish the control from another
     int options = 0;
 
     // The condition for KMySQL::m_filter: the clauses in their order, without the " AND " that the first one begins with.

@@ -29,11 +29,11 @@ public:
     // 0: no limit.
     int rowLimit() const;
     void setRowLimit(int rows);
-    // The user's row limit for the lists of that section. One that cannot be one is not kept.
+    // The user's row limit for the lists of that section. An invalid limit is not kept.
     void readRowLimit(const QString &section);
     void writeRowLimit(const QString &section) const;
 
-    // Tells the user of the first entry that is none and goes to it; true when there is no such entry. It would be left out of
+    // Reports the first invalid entry to the user and moves to it; true when there is none. It would be left out of
     // the search, and the list would show what nobody asked for.
     bool checkEntries();
 

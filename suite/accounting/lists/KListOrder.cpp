@@ -34,7 +34,7 @@ void KListOrder::read()
     QString stored = ReadSetting(m_section, sortSetting, m_defaults.sort);
     if (stored.isEmpty())
         stored = m_defaults.emptySort;
-    // The expression goes into the statement, so one that no column of this list gives is not taken from a file.
+    // The expression goes into the statement, so one that belongs to no column of this list is not taken from a file.
     if (isKnown(stored))
         m_sort = stored;
     m_clicked.descending = KSortOrder::isDescending(m_sort);

@@ -7,7 +7,7 @@
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/lists/KSortOrder.h"
 
-// The order of a list as its titles give it, kept in the user's settings: the columns after ORDER BY, and the column whose
+// The order of a list as set by its titles, kept in the user's settings: the columns after ORDER BY, and the column whose
 // title carries the mark.
 class TZACCOUNTING_EXPORT KListOrder
 {
@@ -23,7 +23,7 @@ public:
     KListOrder() = default;
     KListOrder(QString section, QVector<KListModel::Column> columns, Defaults defaults);
 
-    // A list none of whose titles sorts keeps no order and has no mark.
+    // A list without a sortable title keeps no order and has no mark.
     void read();
     void write() const;
 

@@ -176,7 +176,7 @@ void KListPage::showEvent(QShowEvent *event)
     guarded([this] { open(); });
 }
 
-// Who goes to the page means its rows. (A focus proxy would do that too, but Tab would then meet it on its way round and
+// Focusing the page means focusing its rows. (A focus proxy would do that too, but Tab would then meet it on its way round and
 // never come to the filter again.)
 void KListPage::focusInEvent(QFocusEvent *event)
 {
@@ -209,7 +209,7 @@ void KListPage::refill()
 {
     const KWaitCursor wait;
     const int remembered = m_list->currentRow();
-    // The rows are complete before the list gives up those it shows, so an error leaves the list as it was.
+    // The rows are complete before the list drops those it shows, so an error leaves the list as it was.
     QVector<KListModel::Row> rows = readRows();
     m_list->setUpdatesEnabled(false);
     m_exchangingRows = true;

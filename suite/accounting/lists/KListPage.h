@@ -52,14 +52,14 @@ public:
     // For picking one row; a key to preselect, 0 for none.
     void setSelectMode(bool on, int preselectedKey = 0);
     bool isSelectMode() const { return m_selectMode; }
-    // Key of the row that OK took in select mode, before that the preselected one.
+    // Key of the row that OK took in select mode; until then, the preselected one.
     int chosenKey() const { return m_chosenKey; }
 
     // Reads the settings and fills the list; done by itself when the page is first shown.
     void open();
     // Reads the rows anew with the filter as it stands. Throws CMySQLException: the list then keeps the rows it had.
     void refill();
-    // The filter as a new page has it, but for what its table keeps.
+    // Resets the filter to that of a new page, except for what its table keeps.
     virtual void resetFilter() { filters().reset(); }
     // Runs the command with that id as its button would, if it may run now. False when it may not.
     bool runCommand(QStringView id) { return m_commands->run(id); }
@@ -71,7 +71,7 @@ public:
     QString sortExpression() const { return m_order.sort(); }
     // 0: no limit.
     int rowLimit() const { return m_filterBox->rowLimit(); }
-    // Of the next fill, up to 10000, as the user would type it.
+    // For the next fill, up to 10000, as if typed by the user.
     void setRowLimit(int rows) { m_filterBox->setRowLimit(rows); }
 
     bool OnAccess() override;
@@ -86,7 +86,7 @@ protected:
     virtual KListTraits traits() const { return {}; }
     // What the list reads.
     virtual std::unique_ptr<KMySQL> makeRecords() const = 0;
-    // What deleting and archiving work on, loaded by its key: a list over a joined view gives the table's own class.
+    // What deleting and archiving work on, loaded by its key: a list over a joined view returns the table's own class.
     virtual std::unique_ptr<KMySQL> makeRecord() const;
     // What the list shows besides its filters' controls in the grid of the filter box; the row limit and the search button come
     // behind it.
@@ -100,7 +100,7 @@ protected:
     virtual void completeRows(QVector<KListModel::Row> &) { }
     virtual QString defaultSort() const { return u"iID"_s; }
     virtual int defaultLastColumn() const { return 1; }
-    // A selected record is gone from the table. The list takes its row off; one that is to be read anew calls refill().
+    // A selected record is gone from the table. The list removes its row; a list that must be read anew calls refill().
     virtual void recordDeleted(int key);
     virtual void activated(int key) = 0;  // double click or Enter on a row, outside select mode
     virtual void opening() { }            // once, before the first fill; what it throws keeps the list from being filled
@@ -109,9 +109,9 @@ protected:
     virtual void rightClicked(int) { }
     // A list with a report has a print command (printCommand) among its commands.
     virtual KListReport reportSpec() const { return {}; }
-    // Select mode: takes what the caller wants to know of the row besides its key.
+    // Select mode: takes what the caller needs to know about the row besides its key.
     virtual void chose(int) { }
-    // Where Ctrl+F goes.
+    // The control that Ctrl+F moves to.
     virtual QWidget *firstFilterControl() const { return filters().findControl(); }
 
     // --- The same for a list whose columns are no table yet; only of use while columnTable() is empty ---
@@ -126,7 +126,7 @@ protected:
     KListModel::Row rowOf(KMySQL &record, int number) const;
     // Read-only mode, or a database that was closed when the page was opened: nothing to change is offered.
     bool isReadOnly() const { return m_readOnlyMode || m_closed; }
-    // Read-only mode, or a database that is closed now, which is asked: for a command that is about to change something.
+    // Read-only mode, or a database that is closed now (this is queried): for a command that is about to change something.
     bool isChangeBlocked() const;
     bool isOpened() const { return m_opened; }
     // Loads the selected row by its key; false without a selection or when the row has vanished.
@@ -147,7 +147,7 @@ protected:
 
     // Selects the row with that key; without such a row the selection stays.
     void selectListed(int key);
-    // Takes all rows off the list, as if nothing had been found.
+    // Removes all rows from the list, as if nothing had been found.
     void emptyList();
 
     void showEvent(QShowEvent *event) override;

@@ -12,7 +12,7 @@
 class KExtListCtrl;
 class QWidget;
 
-// How a list goes on paper.
+// How a list is printed.
 struct KListReport
 {
     QString title;
@@ -27,7 +27,7 @@ class TZACCOUNTING_EXPORT KListPrinting
 public:
     using Work = std::function<void(ListReport &report)>;
 
-    // withReport hands the report of the list as it stands to a piece of work if the user may print it, and reports what the
+    // withReport passes the report of the list as it stands to a piece of work if the user may print it, and reports what the
     // work throws. The page owns the windows.
     KListPrinting(std::function<void(const Work &)> withReport, QWidget *page);
 

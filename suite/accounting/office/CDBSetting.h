@@ -15,9 +15,9 @@
 class KTabPage;
 class QWidget;
 
-// The open database as the windows see it: who works, in which fiscal year, in which money, and whether changes are allowed.
-// What all users of it share is read at each question, so that a change of another user counts at once; a window that has
-// several to ask when it is opened reads OfficeSettings instead. Used on the user-interface thread.
+// The open database as the windows see it: current user, fiscal year, money unit, and whether changes are allowed.
+// What all its users share is read on each call, so that a change by another user counts at once; a window that has
+// several to read when it is opened uses OfficeSettings instead. Used on the user-interface thread.
 class TZACCOUNTINGDATA_EXPORT CDBSetting
 {
 public:
@@ -32,15 +32,15 @@ public:
     CDBSetting(const CDBSetting &) = delete;
     CDBSetting &operator=(const CDBSetting &) = delete;
 
-    // Makes the user the current one (CTblUsers::verify tells whether they may). False when there is no such active user.
+    // Makes the user the current one (CTblUsers::verify checks the login). False when there is no such active user.
     bool Login(int userID);
     void Logout();
     bool IsLoggedIn() const { return m_userID > 0; }
     // 0 and empty before a login.
     int GetUserID() const { return m_userID; }
-    // The name that the person types to log in.
+    // The name that the user types to log in.
     QString GetUserName() const { return m_userName; }
-    // The person's own name; the login name when there is none.
+    // The user's own name; the login name when there is none.
     QString GetUserFullName() const { return m_userFullName; }
     bool IsAdmin() const { return m_admin; }
 
@@ -64,7 +64,7 @@ public:
     int MoneyDecimals() const;
     void SetMoneyDecimals(int decimals);
 
-    // Whether a person's own mark (Persons.bNatural) tells the tax authority that it is a natural one, and not its kind.
+    // Whether a person's own mark (Persons.bNatural), and not the kind, makes it a natural one for the tax authority.
     bool NaturalPersonByMark() const;
     void SetNaturalPersonByMark(bool on);
 
@@ -83,15 +83,15 @@ public:
     KTabHost *TabHost() const { return m_tabHost; }
     // Shows the page as a tab of the host, which owns it from then on. A null page shows nothing. A page whose OnAccess
     // refuses, or for which there is no host, is destroyed without being shown. The two numbers are kept for callers
-    // that tell them apart; this suite opens every page the same way.
+    // that distinguish them; this suite opens every page the same way.
     void AddDialogToTabPage_(KTabPage *page, int kind, int reserved);
 
     // The window that receives an amount from a person in cash or to a bank account; true when a receipt was saved.
     using ReceiptWindow = std::function<bool(int personID, double amount, const QString &desc, QWidget *parent)>;
-    // The host hands it in, once for the program.
+    // The host passes it in, once for the program.
     void SetReceiptWindow(const ReceiptWindow &window) { m_receiptWindow = window; }
-    // Opens that window. False without the right to write receipts or in a closed database, of which the user is told, and
-    // where no window was handed in.
+    // Opens that window. False without the right to write receipts or in a closed database (the user is told), and
+    // when no window was passed in.
     bool CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent);
 
 private:

@@ -18,7 +18,7 @@ class QStandardItem;
 class QStandardItemModel;
 
 // Picks any number of the values of one item type; values can be added, renamed and deleted on the spot. What is ticked
-// is given back in the order of the list.
+// is returned in the order of the list.
 class TZACCOUNTING_EXPORT CDlgMultiItems : public KDialog
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     CDlgMultiItems(int itemType, const QString &title, QWidget *parent = nullptr);
     ~CDlgMultiItems() override;
 
-    // Ticks the values of these names; names that the type does not have are left out.
+    // Ticks the values with these names; names that the type does not have are left out.
     void setSelectedNames(const QStringList &names);
     QStringList selectedNames() const;
     QList<int> selectedIDs() const;

@@ -37,7 +37,7 @@ public:
         combo->setCurrentIndex(qMax(0, combo->findData(current)));
     }
 
-    // Adds a value, the key of its row. Throws KAccountingError for an empty name or one that the type already has.
+    // Adds a value and returns the key of its row. Throws KAccountingError for an empty name or one that the type already has.
     static int addValue(int itemType, const QString &name, int database = 0);
     static void renameValue(int id, const QString &name, int database = 0);
     static void deleteValue(int id, int database = 0);

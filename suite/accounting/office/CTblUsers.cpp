@@ -34,8 +34,8 @@ void requireSodium()
         throw std::runtime_error("the cryptographic library did not start");
 }
 
-// The password as bytes that do not depend on the keyboard that it is typed on: a Persian keyboard gives Persian digits.
-// Wiped when it goes.
+// The password as bytes that do not depend on the keyboard that it is typed on: a Persian keyboard types Persian digits.
+// Wiped when it is destroyed.
 class PasswordBytes
 {
 public:

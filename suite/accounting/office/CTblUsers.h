@@ -26,7 +26,7 @@ public:
     ~CTblUsers() override;
     QString GetTableName() const override;
 
-    // Adds an active user; the key of the row. Login names differ beyond case. Throws KAccountingError for an empty name
+    // Adds an active user and returns its key. Login names differ beyond case. Throws KAccountingError for an empty name
     // or password or a name that is taken.
     static int create(const QString &user, const QString &password, const QString &name, bool admin, int database = 0);
     // The user's key when the password is right and the user active. Takes the same time for a name that does not exist.

@@ -9,9 +9,9 @@
 #include <QList>
 #include <QString>
 
-// The rights of the user who works, form by form. A window derives from it (non-publicly), names its form, and asks before
-// each command. Without a login everything is refused; an administrator has every right on every form; a form that no rights
-// are stored for is refused to everybody else.
+// The rights of the current user, form by form. A window derives from it (non-publicly), names its form, and asks before
+// each command. Without a login everything is refused; an administrator has every right on every form; a form without stored
+// rights is refused to everybody else.
 class TZACCOUNTINGDATA_EXPORT KSecurity
 {
 public:
@@ -39,7 +39,7 @@ public:
     // opened; shows nothing.
     bool CheckSecurity();
 
-    // Whether the right is granted. A refusal is told to the user in one message when notice is 1; 0 asks quietly.
+    // Whether the right is granted. A refusal is shown to the user in one message when notice is 1; 0 checks quietly.
     bool CheckAccessSecurity(int notice = 1) const;
     bool CheckReadSecurity(int notice = 1) const;
     bool CheckWriteSecurity(int notice = 1) const;
@@ -47,7 +47,7 @@ public:
     bool CheckDeletionSecurity(int notice = 1) const;
     bool CheckPrintListSecurity(int notice = 1) const;
 
-    // Quietly, for the user who works now.
+    // Quietly, for the current user.
     static bool IsGranted(const QString &form, Right right);
     // The sentence that a refusal shows: the missing right and the form's caption.
     static QString refusalText(const QString &form, Right right);
@@ -60,13 +60,13 @@ public:
 
     // Stored bits per form of any user.
     static QHash<QString, int> storedRights(int userID);
-    // Replaces the user's bits on one form; 0 takes them off.
+    // Replaces the user's bits on one form; 0 removes them.
     static void setRights(int userID, const QString &form, int rights);
-    // Makes the second user's rights those of the first, in one transaction.
+    // Copies the first user's rights to the second, in one transaction.
     static void copyRights(int fromUserID, int toUserID);
-    // Who works from now on; 0: nobody, to whom everything is refused. CDBSetting says so at every login and logout.
+    // Sets the current user; 0: nobody, and everything is refused. CDBSetting calls it at every login and logout.
     static void setUser(int userID, bool admin);
-    // The rights of the user who works are read again at the next question.
+    // The rights of the current user are read again on the next check.
     static void forgetRights();
 
 private:

@@ -14,7 +14,7 @@
 #include <utility>
 
 // What all users of a database share, and the server's clock, as one statement read them. It does not follow what is changed
-// afterwards: a window reads it once when it is opened and hands it to its pages, and whatever changes data reads it anew.
+// afterwards: a window reads it once when it is opened and passes it to its pages, and code that changes data reads it anew.
 class TZACCOUNTINGDATA_EXPORT OfficeSettings
 {
 public:
@@ -52,7 +52,7 @@ public:
     QString moneyUnitName() const;
     // Decimals that amounts are shown with, 0 to mostDecimals.
     int moneyDecimals() const;
-    // Whether a person's own mark (Persons.bNatural) tells the tax authority that it is a natural one, and not its kind.
+    // Whether a person's own mark (Persons.bNatural), and not the kind, makes it a natural one for the tax authority.
     bool isNaturalPersonByMark() const;
 
     // The Shamsi year whose documents are written now; the current Shamsi year until one is set.

@@ -217,7 +217,7 @@ void SuiteSchema::afterModuleUpgrade(int database)
 {
     KTableSchema::forgetAll();
     const QString contracts = u"AutomobilContracts"_s;
-    // Asked first: an ALTER, even one that has nothing to do, waits for everybody who reads the table.
+    // Asked first: an ALTER, even one that has nothing to do, waits for everybody reading the table.
     if (KTableSchema::of(contracts, database).column(u"iFiscalYear"_s))
         return;
     CTblTemp temp(database);

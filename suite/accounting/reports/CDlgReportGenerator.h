@@ -44,11 +44,11 @@ public:
     void BuildListReport(const QString &title) { m_report.buildStandard(title); }
     const ListReport &report() const { return m_report; }
 
-    // Lays the pages out and shows them, modally. Nothing is shown when the user stops the layout.
+    // Lays out the pages and shows them modally. Nothing is shown when the user stops the layout.
     void ShowReport();
     KWndReportGen *pages() const { return m_pages; }
 
-    // The commands, each also of use without the window: what they ask and tell goes over parent. True when it was done,
+    // The commands, each also usable without the window: their questions and messages appear over parent. True when done,
     // false when the user stopped it; a file is then as it was before. Throws KAccountingError for a file that cannot be written.
     [[nodiscard]] static bool savePdf(const ListReport &report, const QString &path, QWidget *parent);
     [[nodiscard]] static bool saveSpreadsheet(const ListReport &report, const QString &path, QWidget *parent);
@@ -56,7 +56,7 @@ public:
     // The same, asking for the file first.
     static void askAndSavePdf(const ListReport &report, QWidget *parent);
     static void askAndSaveSpreadsheet(const ListReport &report, QWidget *parent);
-    // Opens the arranging of the report's layouts; true when they or the report's layout changed.
+    // Lets the user arrange the report's layouts; true when they or the report's layout changed.
     static bool arrange(ListReport &report, QWidget *parent);
 
 private:

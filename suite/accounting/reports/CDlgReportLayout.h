@@ -31,7 +31,7 @@ public:
     explicit CDlgReportLayout(const ListReport &report, QWidget *parent = nullptr);
     ~CDlgReportLayout() override;
 
-    // What the fields say.
+    // The layout as the fields hold it.
     ReportLayout layoutOfFields() const;
     void setFields(const ReportLayout &layout);
     // Whether a layout was saved or deleted.

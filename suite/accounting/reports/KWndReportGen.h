@@ -30,7 +30,7 @@ public:
     // progress asked to stop.
     [[nodiscard]] bool setReport(const ListReport &report, const ReportProgress &progress = {});
     int pageCount() const;
-    // From 0; brought to the nearest page that there is.
+    // From 0; brought to the nearest existing page.
     int currentPage() const { return m_page; }
     void showPage(int page);
     // 1 is the paper's own size.

@@ -9,7 +9,7 @@
 
 class KExtListCtrl;
 
-// A list that goes on paper or into a spreadsheet: named texts, one table, and the layout they are put into.
+// A list that is put on paper or into a spreadsheet: named texts, one table, and the layout they are put into.
 //
 // Texts: "Title"; the six corners around it ("RightTop", "RightCenter", "RightBottom", "LeftTop", "LeftCenter", "LeftBottom");
 // any other name ("Count", "Amount", ...) stands below the table's last row, in the order of the calls.

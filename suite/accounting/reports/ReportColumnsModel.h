@@ -20,7 +20,7 @@ public:
     void arrange(const ListReport &report, const ReportLayout &layout);
     // The checked ones.
     QVector<ReportLayout::Column> chosen() const;
-    // Moves a row by that many places; where it is then (the same when it cannot move).
+    // Moves a row by that many places; returns its new position (the same when it cannot move).
     int move(int row, int places);
     double share(int row) const;
     void setShare(int row, double percent);

@@ -23,8 +23,8 @@ struct ColumnNeed
 // where not even the words fit, in proportion to them. Empty for no columns.
 [[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width);
 
-// The columns, given by their positions, that stand together on one sheet. A table whose words do not fit across the paper
-// goes on over several sheets, each about as full as the others and each beginning with the table's first column, by which
+// The columns, by position, that stand together on one sheet. A table whose words do not fit across the paper
+// continues over several sheets, each about as full as the others and each beginning with the table's first column, by which
 // its rows are found again. Columns that the user gave a share of the paper stay on one sheet.
 [[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<std::vector<int>> partColumns(std::span<const ColumnNeed> columns, double width);
 
@@ -38,8 +38,8 @@ struct Slice
 };
 using Page = std::vector<Slice>;
 
-// Parts rows, given by their numbers of lines, among pages of linesPerPage lines each. A row stays whole on one page unless
-// it is longer than a page; then it goes on from page to page. What stands below the last row (tailLines, no more than a
+// Divides rows, given as line counts, among pages of linesPerPage lines each. A row stays whole on one page unless
+// it is longer than a page; then it continues from page to page. What stands below the last row (tailLines, no more than a
 // page) comes on a page of its own, without rows, when it does not fit any more. Always at least one page.
 [[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines);
 

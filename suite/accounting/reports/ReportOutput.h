@@ -8,7 +8,7 @@
 class QPaintDevice;
 class QPrinter;
 
-// A list report to where it goes. A file is written aside and takes its place when it is whole; until then, and for ever when
+// Writes a list report to its target. A file is written aside and takes its place when it is whole; until then, and also when
 // progress asks to stop, what stood there before stays. False: stopped. Throws KAccountingError when the file cannot be written.
 namespace ReportOutput {
 
@@ -19,7 +19,7 @@ namespace ReportOutput {
 [[nodiscard]] TZACCOUNTING_EXPORT bool writeSpreadsheet(const ListReport &report, const QString &path,
                                                         const ReportProgress &progress = {});
 
-// Starts painting on a printer or page; throws KAccountingError when the device takes nothing.
+// Starts painting on a printer or page; throws KAccountingError when the device cannot be painted on.
 TZACCOUNTING_EXPORT void begin(QPainter &painter, QPaintDevice &device);
 
 // The printer's own range of pages is respected.

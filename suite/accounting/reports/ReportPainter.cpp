@@ -26,7 +26,7 @@ constexpr double paddingShare = 0.12;
 constexpr double slack = 6;
 constexpr double gap = 6 * dotsPerPoint;
 constexpr double hairline = 0.5 * dotsPerPoint;
-// A line's share of room above and below its letters, as the font itself gives much or little.
+// Line height as a multiple of the font's, in place of the font's own leading, which may be much or little.
 constexpr double leading = 1.15;
 // One text must not take the paper from all the others.
 constexpr double widestColumn = 0.45;

@@ -19,7 +19,7 @@ class QPainter;
 
 // Lays a list report out on A4 pages and paints any one of them: corners and title, the table with its header row on every
 // page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page. Where not
-// even the words of all columns fit across the paper, the rows of a page go on over the sheets that follow it.
+// even the words of all columns fit across the paper, the rows of a page continue on the sheets that follow it.
 //
 // Lengths are dots of 1/600 inch whatever is painted on, so that screen, printer and PDF break lines and pages alike.
 class TZACCOUNTING_EXPORT ReportPainter
@@ -27,7 +27,7 @@ class TZACCOUNTING_EXPORT ReportPainter
 public:
     static constexpr int resolution = 600;
 
-    // The report is read until the painter goes. Without a font the program's own is taken; its size is the layout's.
+    // The report is read until the painter is destroyed. Without a font the program's own is used, in the layout's size.
     explicit ReportPainter(const ListReport &report, const QFont &font = {});
 
     // To be called first. False when progress asked to stop; there are no pages then.

@@ -5,5 +5,5 @@
 
 #include <functional>
 
-// How far a long work is; false asks it to stop.
+// Reports the progress of a long task; returning false asks it to stop.
 using ReportProgress = std::function<bool(int done, int total)>;

@@ -9,13 +9,13 @@
 #include <QElapsedTimer>
 #include <QProgressDialog>
 
-// Tells how far a report is, with a way to stop it, once it takes longer than a second.
+// Shows the progress of a report, with a way to stop it, once it takes longer than a second.
 class TZACCOUNTING_EXPORT ReportProgressWindow
 {
 public:
     ReportProgressWindow(const QString &text, QWidget *parent, int minimumMilliseconds = 1000);
 
-    // To be handed to the work; valid as long as this.
+    // To be passed to the work; valid as long as this object.
     ReportProgress callback();
 
 private:

@@ -79,7 +79,7 @@ ReportSheet::Result ReportSheet::write(const QString &path, const ReportProgress
 {
     const QString aside = path + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".part"_s;
     const QByteArray name = QFile::encodeName(aside);
-    // Opened once by ourselves: the library tells of a folder that cannot be written only at the very end.
+    // Opened once here first: the library reports a folder that cannot be written to only at the very end.
     if (QFile probe(aside); !probe.open(QIODevice::WriteOnly))
         return Failed;
     lxw_workbook_options options{};

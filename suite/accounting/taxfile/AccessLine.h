@@ -20,7 +20,7 @@ public:
     // With the line feed; the line must not be used further.
     QByteArray finished();
 
-    // The words of a line without its line feed; no value gives an empty text. There is always at least one.
+    // The words of a line without its line feed; no value becomes an empty text. There is always at least one.
     static QStringList words(const QByteArray &line);
 
 private:

@@ -8,7 +8,7 @@
 #include <QString>
 #include <QVector>
 
-// How the tables of the tax file are called: which table stands for each record class, and which field holds each of its
+// What the tables of the tax file are called: which table stands for each record class, and which field holds each of its
 // values. Read from a file beside the template, so that an office can work with the tax authority's own file by editing it.
 class TZACCOUNTINGDATA_EXPORT AccessMapping
 {

@@ -13,9 +13,9 @@ class TZACCOUNTINGDATA_EXPORT CMoshakhasat final : public KRecordset
 public:
     explicit CMoshakhasat(KAccessDatabase *database);
 
-    // The record set being open: gives the table's one record, or a new one, the details of the dealership as the suite stores
+    // With the record set open: fills the table's one record, or a new one, with the dealership's details as the suite stores
     // them (Properties, section "Company"), and saves it. A detail that was never stored is written as an empty text.
-    // Throws CMySQLException as well.
+    // Also throws CMySQLException.
     void FillFromProperties(int database = 0);
 
     Text m_sName1;

@@ -56,7 +56,7 @@ struct Trouble
     const char16_t *text; // %1, %2 ...: the details in the helper's order
 };
 
-// What the helper may say that the person at the screen can do something about.
+// Messages of the helper that the user can do something about.
 constexpr Trouble troubles[] = {
     {"no-table", u"فایل مالیات جدول «%1» را ندارد. لطفا نام جدول را در TTMS.mapping.json بررسی نمایید."},
     {"no-field", u"جدول «%1» از فایل مالیات ستون «%2» را ندارد. لطفا نام ستون را در TTMS.mapping.json بررسی نمایید."},

@@ -15,7 +15,7 @@
 
 class KRecordset;
 
-// What ends the work when the person at the screen stopped it.
+// Ends the work when the user stopped it.
 class TZACCOUNTINGDATA_EXPORT KAccessCancelled : public KAccountingError
 {
 public:
@@ -39,7 +39,7 @@ public:
     KAccessDatabase(const KAccessDatabase &) = delete;
     KAccessDatabase &operator=(const KAccessDatabase &) = delete;
 
-    // Called about every 50 milliseconds while there is something to wait for, with the records that stand in the file; false
+    // Called about every 50 milliseconds while waiting, with the number of records written to the file so far; false
     // stops: the helper is ended and the operation under way throws KAccessCancelled.
     using Progress = std::function<bool(int written)>;
     void setProgress(Progress progress);
@@ -48,7 +48,7 @@ public:
     void Open(const QString &path);
     bool IsOpen() const;
     QString path() const { return m_path; }
-    // Waits until everything stands in the file and the helper has ended well.
+    // Waits until everything is written to the file and the helper has ended successfully.
     void Close();
 
     // Key of the helper's process, 0 when none runs.
@@ -67,7 +67,7 @@ private:
     // A line of the helper's input, with its line feed. What a line may say stands in the helper's own source, TaxFile.java.
     void send(const QByteArray &line);
     void drainTo(qint64 bytes);
-    // Waits that long for the helper to take or to end, reads what it said, tells the progress.
+    // Waits that long for the helper to read or to end, reads its answers, reports the progress.
     void wait(int milliseconds);
     void readAnswers();
     void stop();

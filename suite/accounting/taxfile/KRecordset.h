@@ -14,7 +14,7 @@
 class KAccessDatabase;
 
 // Records of one table of an Access file, written in the order of the calls. A derived class binds its members to the values
-// of the mapping; which table and fields these are, the mapping tells. A value that the mapping gives no field is not written.
+// of the mapping; the mapping says which table and fields these are. A value without a field in the mapping is not written.
 //
 // Every function may throw KAccountingError, see KAccessDatabase.
 class TZACCOUNTINGDATA_EXPORT KRecordset
@@ -32,9 +32,9 @@ public:
     void Close();
 
     void DeleteAllRecords();
-    // A new record begins: every member is without a value (NULL in the file) until it gets one. Update saves it.
+    // Starts a new record: every member is without a value (NULL in the file) until it is set. Update saves it.
     void AddNew();
-    // The first record of the table begins to be changed, or a new one when the table has none: members without a value leave
+    // Starts a change of the table's first record, or a new one when the table has none: members without a value leave
     // the record's field as it is. Update saves it.
     void Edit();
     // Saves what AddNew or Edit began. Without either it does nothing.

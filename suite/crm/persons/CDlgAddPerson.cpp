@@ -312,7 +312,7 @@ bool CDlgAddPerson::isEntryGood()
         return refuse(problem->message, problem->widget);
     KEdit *code = m_form->edit(u"iCode"_s);
     if (code->integer() == m_record.m_iCode && m_mode == Mode::Add) {
-        // Proposed, not chosen: somebody else may have been given it since.
+        // Proposed, not chosen: it may have been assigned to somebody else since.
         if (CTblPersons::findByCode(code->integer(), 0) != 0)
             code->setNumber(CTblPersons::nextCode());
     } else if (CTblPersons::findByCode(code->integer(), m_personID) != 0) {

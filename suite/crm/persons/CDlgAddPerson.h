@@ -28,10 +28,10 @@ public:
         Show
     };
 
-    // Key of the new person; 0 when cancelled. What was typed in a search goes to the field it looks like: national code,
+    // Key of the new person; 0 when cancelled. What was typed in a search is put into the field it looks like: national code,
     // mobile or name.
     static int Add(QWidget *parent, const QString &searchedFor = {});
-    // True when the person was saved. A person that is gone does nothing.
+    // True when the person was saved. Does nothing when the person is gone.
     static bool Edit(QWidget *parent, int personID);
     static void Show(QWidget *parent, int personID);
 

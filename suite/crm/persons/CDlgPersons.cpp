@@ -289,7 +289,7 @@ bool CDlgPersons::searchKeyPressed(QKeyEvent *event)
     }
 }
 
-// Typing in the list goes on with the search.
+// Typing in the list continues the search.
 bool CDlgPersons::listKeyPressed(QKeyEvent *event)
 {
     const QString text = event->text();

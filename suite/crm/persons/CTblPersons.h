@@ -7,7 +7,7 @@
 #include "suite/db/KMySQL.h"
 #include "suite/crm/TzCRMDataExport.h"
 
-// Everybody whom the office deals with: people and companies.
+// Everybody the office deals with: people and companies.
 class TZCRMDATA_EXPORT CTblPersons : public KMySQL, private KLiveCount<CTblPersons>
 {
 public:

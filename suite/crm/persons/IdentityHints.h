@@ -10,7 +10,7 @@
 class QLabel;
 class QWidget;
 
-// The sentences that stand beside a number which looks wrong. They never refuse an entry.
+// The sentences shown beside a number that looks wrong. They never refuse an entry.
 namespace IdentityHints {
 
 // Empty when there is nothing to say. The kind is that of CTblPersons::m_iKind.
@@ -19,7 +19,7 @@ TZCRM_EXPORT QString mobile(const QString &number);
 
 // A label for a hint, in the look that all hints share; it stays in the layout when it is empty.
 TZCRM_EXPORT QLabel *createLabel(QWidget *parent);
-// Shows the hint, and tells it to a screen reader as the control's description.
+// Shows the hint, and sets it as the control's description for screen readers.
 TZCRM_EXPORT void show(const QString &hint, QLabel *label, QWidget *control);
 
 }

@@ -12,7 +12,7 @@ class KEdit;
 class QPushButton;
 
 // A field that holds one person: the name, a button that opens the picker, a button that empties the field.
-// The label that names the field on a form is the form's own; here it gives the accessible names "<label>", "<label> ..."
+// The label that names the field on a form is the form's own; here it sets the accessible names "<label>", "<label> ..."
 // and "<label> حذف". From the name F4, Alt+Down or the space bar open the picker, Delete empties the field.
 class TZCRM_EXPORT KPersonField : public QWidget
 {
@@ -25,22 +25,22 @@ public:
 
     // 0 when nobody is picked.
     int personID() const { return m_personID; }
-    // Shows the person's name; when the person is gone, the name given instead. Not an act of the user: changed stays silent.
+    // Shows the person's name; when the person is gone, the name passed instead. Not a user's act: changed is not emitted.
     void setPersonID(int id, const QString &nameIfGone = {});
-    // The same with the name as given, where the person has been read; 0 shows a name that is nobody's.
+    // The same with the name as passed, where the person has been read; 0 shows a name that belongs to nobody in the list.
     void setPerson(int id, const QString &name);
-    // Nobody and no name; changed stays silent.
+    // Nobody and no name; changed is not emitted.
     void clear();
 
     // The shown name; typed by hand when the name is editable.
     QString name() const;
-    // Shows a name that is nobody's in the list of persons.
+    // Shows a name that belongs to nobody in the list of persons.
     void setName(const QString &name);
-    // Whether the name can be typed; at start it cannot.
+    // Whether the name can be typed; initially it cannot.
     void setNameEditable(bool editable);
-    // Whether a person can be picked and cleared; at start it can.
+    // Whether a person can be picked and cleared; initially it can.
     void setPickEnabled(bool enabled);
-    // Takes both buttons away, as for a form that is only shown.
+    // Hides both buttons, as for a form that is only shown.
     void setButtonsVisible(bool visible);
     // The line of the name, as buddy of the form's label and to limit what is typed.
     KEdit *nameEdit() const { return m_name; }

@@ -7,5 +7,5 @@
 #include "suite/crm/TzCRMExport.h"
 
 // Makes the KPersonField of a list's person filter, for KListTraits::makePerson; with another caption on its clear button than
-// "حذف" when one is given.
+// "حذف" when one is passed.
 TZCRM_EXPORT KFilterControl::Maker personFilter(const QString &clearCaption = {});

@@ -8,7 +8,7 @@
 #include <QDateTime>
 #include <QString>
 
-// When reminders fall due, and how that is written. All times are the office's wall clock, held in Qt::UTC.
+// When reminders fall due, and how the time is written. All times are the office's wall clock, held in Qt::UTC.
 namespace AlarmTime {
 
 enum class Delay {

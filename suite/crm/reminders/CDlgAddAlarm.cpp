@@ -32,7 +32,7 @@ QCheckBox *addCheck(QFormLayout *form, const QString &caption)
     return check;
 }
 
-// Those who may log in, and whoever the reminder belongs to.
+// The users who may log in, and the user the reminder belongs to.
 void fillUsers(QComboBox *box, int selected)
 {
     CTblUsers users;
@@ -162,7 +162,7 @@ bool CDlgAddAlarm::OnOK()
     return m_alarm.Update(true);
 }
 
-// Who has it new is told of it, and what is open again is told again.
+// A reminder that gets a new owner or is reopened is shown again.
 void CDlgAddAlarm::store(bool moved)
 {
     const int user = m_user->currentData().toInt();

@@ -13,7 +13,7 @@ class KTimeEdit;
 class QCheckBox;
 class QComboBox;
 
-// Editor of one reminder ("یادآوری"): date, time of day, what to remember, for whom, and whether it repeats until done.
+// Editor of one reminder ("یادآوری"): date, time of day, what to remember, whose it is, and whether it repeats until done.
 class TZCRM_EXPORT CDlgAddAlarm : public KDialog
 {
     Q_OBJECT
@@ -22,10 +22,10 @@ public:
     ~CDlgAddAlarm() override;
 
     // Lets the user add a reminder of the record (kind of RecordKinds.h, its key, and a second key that is only kept with
-    // it; all 0: of no record); desc is what the description begins with. The new reminder's key, 0 when cancelled or when
-    // the database is closed, which is then told.
+    // it; all 0: of no record); desc is what the description begins with. Returns the new key, 0 when cancelled or when
+    // the database is closed, which is then reported.
     [[nodiscard]] static int Add(const QString &desc, int recordKind, int key1, int key2, QWidget *parent);
-    // Lets the user change it, and end it. True when it was saved; a reminder that has vanished is told and gives false.
+    // Lets the user change it, and end it. True when it was saved; a vanished reminder is reported, and false returned.
     static bool Edit(int id, QWidget *parent);
 
 protected:

@@ -20,7 +20,7 @@ public:
     bool OnAccess() override;
 
 Q_SIGNALS:
-    // One was added, changed, done or deleted here: a count of the due ones shown elsewhere may be another now.
+    // One was added, changed, done or deleted here: a count of the due ones shown elsewhere may be out of date.
     void alarmsChanged();
 
 protected:

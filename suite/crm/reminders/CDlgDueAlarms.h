@@ -10,14 +10,14 @@
 class KExtListCtrl;
 class QPushButton;
 
-// What a login tells: the reminders of the user that have fallen due. Each can be marked as done, put off
+// What a login shows: the reminders of the user that have fallen due. Each can be marked as done, put off
 // or changed at once.
 class TZCRM_EXPORT CDlgDueAlarms : public KDialog
 {
     Q_OBJECT
 
 public:
-    // Shows the user's due reminders and keeps that they were told. False, and no window, when there are none.
+    // Shows the user's due reminders and records that they were shown. False, and no window, when there are none.
     static bool ShowAtLogin(QWidget *parent);
 
     CDlgDueAlarms(const QList<CTblAlarm::Due> &due, QWidget *parent);

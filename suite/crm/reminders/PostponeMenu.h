@@ -9,10 +9,10 @@
 
 class QWidget;
 
-// Asks until when a reminder is put off. Inside the library only.
+// Asks how long a reminder is put off. Inside the library only.
 namespace PostponeMenu {
 
-// A menu above the button, with the time each choice leads to. Nothing when the user chose none.
+// A menu above the button, showing the time that each choice leads to. Returns nothing when the user made no choice.
 std::optional<QDateTime> ask(const QDateTime &date, QWidget *button);
 
 }

@@ -22,7 +22,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// A DOCX file in memory: a zip of parts, most of them XML. Everything in it is taken for hostile until it has been read
+// A DOCX file in memory: a zip of parts, most of them XML. Everything in it is treated as hostile until it has been read
 // once: the constructor unpacks every part, counting, and parses every XML part.
 class DocxPackage
 {

@@ -72,7 +72,7 @@ int nodesIn(const pugi::xml_node &node)
     return count + static_cast<int>(std::distance(node.attributes_begin(), node.attributes_end()));
 }
 
-// Moves the range marks of a piece that goes before the place.
+// Moves the range marks inside a piece to just before the place.
 void saveRangeMarks(const pugi::xml_node &piece, pugi::xml_node place)
 {
     for (pugi::xml_node child = piece.first_child(); child;) {

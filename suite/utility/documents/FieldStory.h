@@ -21,7 +21,7 @@
 class FieldStory
 {
 public:
-    // Gives the text for a field of this name; null: the field stays. Not called for fields inside a filled one.
+    // Returns the text for a field of this name; null: the field stays. Not called for fields inside a filled one.
     using ValueOf = std::function<QString(const QString &fieldName)>;
 
     // The names of the merge fields in all flows below a node, in reading order; and filling them, inner flows first. Both

@@ -8,7 +8,7 @@
 #include <QString>
 #include <QStringList>
 
-// The merge fields of an open document by name, as they stood when KMSWord::GetFields was asked: body first, then headers,
+// The merge fields of an open document by name, as they stood when KMSWord::GetFields was called: body first, then headers,
 // footers and notes, each in reading order. A name that stands several times is listed as often.
 class TZDOCUMENTS_EXPORT Fields
 {

@@ -65,7 +65,7 @@ QByteArray readFile(const QString &path)
 void writeFile(const QString &path, const QByteArray &content)
 {
     if (QFileInfo(path).isSymbolicLink())
-        throw DocxError("the file is a link to another one"); // laid out by somebody who knows the name beforehand
+        throw DocxError("the file is a link to another one"); // placed by somebody who knows the name beforehand
     const bool isNew = !QFileInfo::exists(path);
     QSaveFile file(path);
     bool done = file.open(QIODevice::WriteOnly);

@@ -54,7 +54,7 @@ public:
     // Which name a field takes: Fields::indexOfName. The field becomes ordinary text with the look of its former result; a
     // line break in the value stays one, an empty value leaves nothing, a single blank stays a blank. Switches that shape
     // text count (\* Upper, Lower, FirstCap, Caps; \b and \f around a value that is not blank); pictures for numbers and
-    // dates do not, as values come formatted. Fields of other names keep what they show. Gives the number of fields filled.
+    // dates do not, as values come formatted. Fields of other names keep what they show. Returns how many were filled.
     int SetFieldsValue(const QStringList &names, const QStringList &values, int count);
 
     // Writes the document, without the list of recipients that the template was drafted with. A path that is a folder

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Where a line's own description waits while its error is told instead.
+// Where a line's own description waits while its error is announced instead.
 constexpr char ownDescription[] = "tzOwnDescription";
 
 constexpr int tipMargins = 16;

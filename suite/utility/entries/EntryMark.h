@@ -19,7 +19,7 @@ void paintEntryMark(QWidget *edit);
 // Says why under the line while it has the focus, and to screen readers behind the line's own description; an empty
 // error takes that back.
 void tellEntryError(QWidget *edit, const QString &error);
-// The tool tip of a marked line is its error.
+// The tooltip of a marked line is its error.
 void showErrorToolTip(QWidget *edit, const QString &error, const QHelpEvent *event);
-// Colours of an entry line: what cannot be typed into lies in the window's colour. For lines in the program's colours.
+// Colours of an entry line: a read-only line has the window's colour. For lines in the program's colours.
 QPalette entryPalette(bool readOnly);

@@ -19,14 +19,14 @@ class QWidget;
 // away from the control.
 TZUTILITY_EXPORT QString labelText(const QString &caption);
 
-// Sets the accessible name, also on the entry line that a spin box or an editable drop-down hands the focus to.
+// Sets the accessible name, also on the entry line that a spin box or an editable drop-down passes the focus to.
 TZUTILITY_EXPORT void nameControl(QWidget *control, const QString &name);
 
 // A new label beside the control, whose buddy it is. The control keeps a name that it already has; one without is named after
-// the caption. A name that is passed goes before both, for a caption such as "تا :" that does not tell a control from the next.
+// the caption. A name that is passed takes precedence, for a caption such as "تا :" that does not set a control apart.
 [[nodiscard]] TZUTILITY_EXPORT QLabel *labelFor(const QString &caption, QWidget *control, const QString &accessibleName = {});
 
-// Adds the label and the control after each other, with the names of labelFor. In a grid the label takes the cell and the
+// Adds the label and then the control, with the names of labelFor. In a grid the label takes the cell and the
 // control the one behind it, over span columns.
 TZUTILITY_EXPORT QLabel *addLabelled(QFormLayout *form, const QString &caption, QWidget *control);
 TZUTILITY_EXPORT QLabel *addLabelled(QBoxLayout *line, const QString &caption, QWidget *control, int stretch = 0);

@@ -72,7 +72,7 @@ KDateEdit::KDateEdit(QWidget *parent)
     setInputMethodHints(Qt::ImhDate);
     placeChildren();
     connect(m_button, &QAbstractButton::clicked, this, &KDateEdit::showPopup);
-    // Any text that this class did not put here is an edit, whoever put it: a screen reader sets text without typing.
+    // Any text that this class did not put here is an edit, wherever it came from: a screen reader sets text without typing.
     connect(this, &QLineEdit::textEdited, this, [this] { m_typing = true; });
     connect(this, &QLineEdit::textChanged, this, &KDateEdit::takeText);
     connect(this, &QLineEdit::editingFinished, this, &KDateEdit::normalize);
@@ -175,9 +175,9 @@ void KDateEdit::takeText(const QString &text)
     }
     const QDate date = parseShamsi(ascii);
     const bool sameDay = date.isValid() && date == m_dateTime.date();
-    // The box first, so that who hears of the date sees it counted.
+    // The box first, so that receivers of the date see it counted.
     setChecked(!ascii.trimmed().isEmpty());
-    // Who types may not be done yet; a text that came whole is put into its form before anyone hears of it.
+    // The user may still be typing; a text that came whole is put into its form before any signal is emitted.
     m_unfinished = std::exchange(m_typing, false);
     if (!m_unfinished && date.isValid())
         showText(shamsiText(date));
@@ -293,7 +293,7 @@ void KDateEdit::placeChildren()
 void KDateEdit::updateLook()
 {
     m_button->setVisible(!isReadOnly());
-    // Nobody is told of an error in what is still being typed.
+    // An error in what is still being typed is not reported.
     const QString error = m_unfinished && hasFocus() ? QString() : entryError();
     if (error != m_shownError) {
         m_shownError = error;

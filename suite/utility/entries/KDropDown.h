@@ -9,8 +9,8 @@
 
 // The suite's drop-down of an editor page.
 //
-// The wheel chooses in it only while it has the focus: a page that is scrolled must not choose something else in a drop-down
-// that comes below the pointer on the way. Disabled, it is greyed by its frame and arrow, but its text is there to be read.
+// The wheel changes the choice only while it has the focus: scrolling the page must not change the choice in a drop-down
+// that passes under the pointer. When disabled, its frame and arrow are greyed, but its text stays readable.
 class TZUTILITY_EXPORT KDropDown : public QComboBox
 {
     Q_OBJECT

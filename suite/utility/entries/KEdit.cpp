@@ -34,7 +34,7 @@ KEdit::KEdit(Kind kind, QWidget *parent)
     : QLineEdit(parent)
 {
     setKind(kind);
-    // Any text that setNumber did not put here is an edit, whoever put it: a screen reader sets text without typing.
+    // Any text that setNumber did not put here is an edit, wherever it came from: a screen reader sets text without typing.
     connect(this, &QLineEdit::textChanged, this, &KEdit::takeText);
     connect(this, &QLineEdit::editingFinished, this, &KEdit::normalize);
     connect(this, &QLineEdit::textEdited, this, [this](const QString &typed) {
@@ -282,13 +282,13 @@ void KEdit::contextMenuEvent(QContextMenuEvent *event)
     }
     QMenu *menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    // The menu tells before the line has done it.
+    // Queued, because the menu's signal comes before the line has acted.
     connect(
         menu, &QMenu::triggered, this, [selected = selectedText()] { takeMarksOffClipboard(selected); }, Qt::QueuedConnection);
     menu->popup(event->globalPos());
 }
 
-// Where a copied code goes, a mark that nobody sees makes it another one.
+// Wherever a copied code is pasted, an invisible mark would make it a different one.
 void KEdit::takeMarksOffClipboard(const QString &copied)
 {
     QClipboard *clipboard = QGuiApplication::clipboard();

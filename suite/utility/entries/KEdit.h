@@ -12,7 +12,7 @@
 //
 // The number kinds read left to right inside a box aligned right, take Persian, Arabic and ASCII digits, drop what
 // cannot belong to a number, and show an amount grouped by three while it is typed. What is out of range stays as typed
-// and is marked; entryError tells why.
+// and is marked; entryError says why.
 //
 // A code (a plate, a chassis number) reads left to right too, its Persian letters among the rest: "12 ب 345 ایران 67" stands
 // as it does on the car.
@@ -47,7 +47,7 @@ public:
     // comes back exactly as it was set, though shown rounded, until the line is edited.
     double number() const;
     int integer() const;
-    // Shows the number; not an edit, so numberEdited stays silent.
+    // Shows the number; not an edit, so numberEdited is not emitted.
     void setNumber(double number);
 
     // The text as it is stored: a code's line holds marks that only order what is seen.

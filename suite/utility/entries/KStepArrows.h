@@ -11,7 +11,7 @@ class KEdit;
 class QToolButton;
 
 // Two arrows behind the line of a whole number, one above the other, that step it by one within its range; while the line
-// has the focus the keys Up and Down do. They are no stop of Tab: the keys are.
+// has the focus the keys Up and Down do. Tab does not stop at them: the keys serve instead.
 class TZUTILITY_EXPORT KStepArrows : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class TZUTILITY_EXPORT KStepArrows : public QWidget
 public:
     KStepArrows(KEdit *edit, QWidget *parent);
 
-    // What the first step from an empty line or 0 gives, in place of counting up from there.
+    // The value that the first step from an empty line or 0 sets, in place of counting up from there.
     void setStart(int start) { m_start = start; }
 
 protected:

@@ -127,7 +127,7 @@ void KTextArea::inputMethodEvent(QInputMethodEvent *event)
     offeringAfter([&] { QPlainTextEdit::inputMethodEvent(event); });
 }
 
-// Runs what the person's hands do; offers are for what they change, not for texts that the program sets.
+// Runs the user's own edits; offers are for these, not for texts that the program sets.
 void KTextArea::offeringAfter(const std::function<void()> &typing)
 {
     const QString before = text();

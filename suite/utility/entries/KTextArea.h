@@ -12,9 +12,9 @@
 
 class QCompleter;
 
-// The suite's entry field of several lines: Enter begins a new line, Tab goes on to the next field.
+// The suite's entry field of several lines: Enter begins a new line, Tab moves on to the next field.
 //
-// What is longer than the limit stays as typed and is marked; entryError tells why.
+// What is longer than the limit stays as typed and is marked; entryError says why.
 class TZUTILITY_EXPORT KTextArea : public QPlainTextEdit
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     // In characters, a line's end counting as one; 0: any length.
     int maxLength() const { return m_maxLength; }
     void setMaxLength(int characters);
-    // Texts that are offered while somebody types a part of one; choosing one replaces what was typed.
+    // Texts that are offered while the user types a part of one; choosing one replaces what was typed.
     void setCompletions(const QStringList &texts);
     QCompleter *completer() const { return m_completer; }
 

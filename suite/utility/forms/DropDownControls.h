@@ -55,6 +55,6 @@ public:
     void load(const QVariant &value) override { setKey(value.toInt()); }
     QVariant stored() const override { return key(); }
     int key() const { return m_combo->currentData().toInt(); }
-    // One that is not offered, as of a value that was deleted, gets an entry of its own, so that saving keeps it.
+    // A key that is not offered, such as that of a deleted value, gets an entry of its own, so that saving keeps it.
     void setKey(int key);
 };

@@ -10,5 +10,5 @@ struct KFormField;
 class KMySQL;
 class QWidget;
 
-// The control of the field's kind, as a child of the page. The record tells the column's length; it is not kept.
+// The control of the field's kind, as a child of the page. The record supplies the column's length; it is not kept.
 std::unique_ptr<FormControl> makeFormControl(const KFormField &field, KMySQL &record, QWidget *page);

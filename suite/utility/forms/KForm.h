@@ -43,7 +43,7 @@ public:
         QString message;           // for the user
     };
 
-    // The record tells the columns' lengths; it is not kept. The controls become children of the page.
+    // The record supplies the columns' lengths; it is not kept. The controls become children of the page.
     KForm(QList<KFormField> fields, KMySQL &record, QWidget *page);
     ~KForm() override;
 
@@ -62,18 +62,18 @@ public:
     KStepArrows *arrows(const QString &column) const;
 
     // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
-    // the field has one, goes into the row below.
+    // the field has one, is put into the row below.
     void place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span = 1);
 
-    // Takes a field off the page for now, or puts it back: off the page it is not shown, not asked about by firstInvalid and
+    // Takes a field off the page for now, or puts it back: off the page it is not shown, not checked by firstInvalid and
     // not written by store, so that the record keeps what it holds. load fills it all the same.
     void setUsed(const QString &column, bool used);
     bool isUsed(const QString &column) const;
-    // Another label than the table's, for as long as it is not set again; an empty one gives the table's back.
+    // A label other than the table's, until it is set again; an empty one restores the table's.
     void setLabel(const QString &column, const QString &label);
-    // What an EditableChoice offers from now on; its text stays.
+    // Sets what an EditableChoice offers from now on; its text stays.
     void setChoices(const QString &column, const QStringList &choices);
-    // The key that a Lookup stands on. One that the drop-down does not offer, as of a value that was deleted, gets an entry of
+    // The key selected in a Lookup. One that the drop-down does not offer, such as that of a deleted value, gets an entry of
     // its own, so that saving keeps it.
     int key(const QString &column) const;
     void setKey(const QString &column, int key);
@@ -87,7 +87,7 @@ public:
     // Read-only controls throughout, or as the fields say.
     void setShowMode(bool show);
     bool isShowMode() const { return m_showMode; }
-    // One field's own switch within edit mode; in show mode the field stays read-only whatever is asked.
+    // One field's own switch within edit mode; in show mode the field stays read-only in any case.
     void setReadOnly(const QString &column, bool readOnly);
 
     std::optional<Problem> firstInvalid() const;

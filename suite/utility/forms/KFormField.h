@@ -27,7 +27,7 @@ struct KFormField
     QString column;
     QString label; // shown before the control and its accessible name
     Kind kind = Kind::Text;
-    QString accessibleName = {}; // where the label alone does not tell the field from its neighbours
+    QString accessibleName = {}; // where the label alone does not set the field apart from its neighbours
     QStringList choices = {};
     int maxLength = 0; // characters; 0: as many as the column holds
     double minimum = 0;

@@ -5,7 +5,7 @@
 
 #include "suite/utility/forms/KFormField.h"
 
-// No more lines than the page gives: a text of several lines is read by scrolling.
+// No more lines than the page has room for: a text of several lines is read by scrolling.
 LongTextControl::LongTextControl(const KFormField &field, KMySQL &record, QWidget *page)
     : m_area(new KTextArea(page))
 {

@@ -10,5 +10,5 @@
 class QWidget;
 
 // Asks for an existing folder, with the prompt as the window's title; begins in the
-// documents. Empty: given up.
+// documents. Empty: cancelled.
 TZUTILITY_EXPORT QString ShowBrowseForFolder(QWidget *parent, const QString &prompt);

@@ -12,7 +12,7 @@
 // Base of a page of the tabbed work area. The same page can be shown in a KDialogHolder when another window picks a row
 // of it.
 //
-// Who shows a page asks OnAccess first, destroys a page that refuses without showing it, and calls OnClosing once
+// The holder of a page asks OnAccess first, destroys a page that refuses without showing it, and calls OnClosing once
 // before it destroys a page that was shown.
 class TZUTILITY_EXPORT KDialogTabPage : public QWidget, public KTabPage
 {
@@ -29,13 +29,13 @@ public:
     void showIn(KTabHost &host) override;
     // The page's OK step when a window holds it. False keeps that window open.
     virtual bool OnOK();
-    // The page is about to go: the place to write its settings.
+    // The page is about to be destroyed: the place to write its settings.
     virtual void OnClosing();
 
 Q_SIGNALS:
     // The page asks its holder or its tab to close it.
     void closeRequested();
-    // The page has something to tell about one of its fields and asks to be brought to the front first.
+    // The page has a message about one of its fields and asks to be brought to the front first.
     void frontRequested();
     // The page asks its holder to do what the OK button does (a double click in select mode).
     void okRequested();

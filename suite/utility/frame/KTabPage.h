@@ -7,7 +7,7 @@
 
 class KTabHost;
 
-// A tab page as those see it who know no windows: it can be asked, shown and destroyed.
+// A tab page as seen by code that knows no windows: it can be asked, shown and destroyed.
 class TZUTILITY_EXPORT KTabPage
 {
 public:

@@ -22,7 +22,7 @@ class TZUTILITY_EXPORT KTabPageButtons : public QWidget
 public:
     explicit KTabPageButtons(QWidget *parent = nullptr);
 
-    // Takes the page over and gives its position. The first page becomes the current one.
+    // Takes ownership of the page and returns its position. The first page becomes the current one.
     int addPage(QWidget *page, const QString &title);
     int count() const;
     QWidget *page(int index) const;

@@ -8,5 +8,5 @@
 class QWidget;
 
 // Makes content, laid out, the whole of an editor's page, scrolling where the window is too small for it. The scroll area
-// follows the focus and is no stop of its own; Tab goes through the content as it is laid out.
+// follows the focus and is not a tab stop itself; Tab moves through the content as it is laid out.
 TZUTILITY_EXPORT void fillWithScrolled(QWidget *page, QWidget *content);

@@ -29,7 +29,7 @@ void collect(QLayoutItem *item, QList<QWidget *> &controls)
     if (const QLayout *inner = item->layout()) {
         collect(inner, controls);
     } else if (QWidget *widget = item->widget()) {
-        // A control that hands its focus to a part of its own goes along with its parts: left behind, it would still be
+        // A control that passes its focus to a part of its own moves with its parts: left behind, it would still be
         // met by Tab and send the focus back to that part.
         const QWidget *proxy = widget->focusProxy();
         if (widget->focusPolicy() & Qt::TabFocus) {

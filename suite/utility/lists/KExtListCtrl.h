@@ -20,7 +20,7 @@ public:
     explicit KExtListCtrl(QWidget *parent = nullptr);
     ~KExtListCtrl() override;
 
-    // Lays the columns out as given and then as the user left them, when a setting name is known.
+    // Lays the columns out as passed and then as the user left them, when a setting name is known.
     void setColumns(const QVector<KListModel::Column> &columns);
     // Section of the user's settings that keeps widths and order, such as "AutomobilContracts\\List".
     void SetSettingName(const QString &name);

@@ -83,7 +83,7 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
-    // As a person or a screen reader enters it: a text for texts and choices, a number or its text for numbers.
+    // As a user or a screen reader enters it: a text for texts and choices, a number or its text for numbers.
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
 
 Q_SIGNALS:

@@ -78,7 +78,7 @@ public:
             return;
         }
         const auto *edit = static_cast<KEdit *>(editor);
-        // What is out of range stays as it was typed: the window tells, and makes no other number of it.
+        // What is out of range stays as it was typed: the window reports it and does not change the number.
         if (edit->kind() == KEdit::Kind::Text || !edit->isEntryValid())
             model->setData(index, edit->text());
         else
@@ -116,7 +116,7 @@ protected:
     }
 
 private:
-    // Enter in the list of what fits takes over what is marked there, and goes on as Enter in the entry line does.
+    // Enter in the list of what fits takes over what is marked there, and continues as Enter in the entry line does.
     bool eventOfList(QObject *list, QEvent *event)
     {
         if (event->type() == QEvent::KeyPress) {

@@ -7,7 +7,7 @@
 
 #include "suite/utility/lists/KLinesModel.h"
 
-// The grid of lines, wholly usable by keyboard: typing edits the cell, Enter takes the entry and goes on to the next cell and
+// The grid of lines, wholly usable by keyboard: typing edits the cell, Enter takes the entry and moves on to the next cell and
 // from the last one into a new line, Insert adds a line, Delete takes the current one away, F2, F4 or the space bar open what a
 // cell offers. Enter on an empty last line leaves the grid for the next field.
 class TZUTILITY_EXPORT KLinesView : public QTableView
@@ -26,7 +26,7 @@ public:
     void goTo(int row, int column);
 
 public Q_SLOTS:
-    // Behind the current line, and goes to its first cell.
+    // Adds a line after the current one and moves to its first cell.
     void addLine();
     void removeCurrentLine();
 

@@ -36,7 +36,7 @@ public:
         QString key = {};    // plain English, by which code and tests name the column
     };
 
-    // The value may stay empty. Dates and numbers given as value are drawn left to right.
+    // The value may stay empty. Dates and numbers set as value are drawn left to right.
     struct Cell
     {
         QString text;
@@ -75,7 +75,7 @@ public:
     // The column whose title carries the mark "*": the rows stand in its order. -1: none, as at first.
     void setSortMark(int column);
 
-    // All rows at once, with one reset; the way to fill a list. A row with fewer cells than columns is empty at its
+    // Sets all rows at once, with one reset; the way to fill a list. A row with fewer cells than columns is empty at its
     // end.
     void setRows(QVector<Row> rows);
     void appendRow(Row row);
@@ -90,7 +90,7 @@ public:
     void setSource(std::shared_ptr<const Source> source);
     // The source has more rows behind those it had.
     void sourceGrew();
-    // What the source gives for the rows is another; their number is not.
+    // The source's rows have changed; their number has not.
     void sourceChanged();
 
     // 0 when there is no such row.

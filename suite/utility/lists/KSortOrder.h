@@ -15,7 +15,7 @@ struct TZUTILITY_EXPORT KSortOrder
 
     // What a click on a title asks for: its column from the lowest on, or turned round when the list stands so already.
     KSortOrder clicked(int title) const { return {title, title == column && !descending}; }
-    // The columns after ORDER BY, the sort key of the column given.
+    // The columns after ORDER BY, the sort key of that column.
     QString expression(const QString &sortKey) const;
 
     static bool isDescending(const QString &expression);

@@ -13,8 +13,8 @@ namespace CodeText {
 
 inline constexpr QChar mark = QChar(0x200E);
 
-// The code with a mark behind each run of letters that run from the right, and one in front, as a line goes by its first
-// letter; between words of one run stands none. The caret, if given, goes from its place in the code to its place in what
+// The code with a mark behind each right-to-left run of letters, and one in front, as a line takes its direction from its first
+// letter; there is none between words of one run. The caret, if passed, moves from its place in the code to its place in what
 // is shown.
 TZVALUES_EXPORT QString shown(const QString &code, qsizetype *caret = nullptr);
 // The code without marks.

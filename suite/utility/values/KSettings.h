@@ -16,7 +16,7 @@
 TZVALUES_EXPORT void setSettingsFile(const QString &iniPath);
 TZVALUES_EXPORT QString settingsFile();
 
-// The default comes back when nothing is stored, or what is stored is not of the asked kind.
+// Returns the default when nothing is stored or the stored value is not of the requested kind.
 TZVALUES_EXPORT QString ReadSetting(const QString &section, const QString &key, const QString &defaultValue);
 TZVALUES_EXPORT int ReadSetting(const QString &section, const QString &key, int defaultValue);
 TZVALUES_EXPORT QByteArray ReadSetting(const QString &section, const QString &key, const QByteArray &defaultValue);

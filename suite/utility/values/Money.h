@@ -21,7 +21,7 @@ TZVALUES_EXPORT bool IsEquals(double first, double second);
 TZVALUES_EXPORT int defaultMoneyDecimals();
 TZVALUES_EXPORT void setDefaultMoneyDecimals(int decimals);
 
-// To that many decimals, 0 to 4; halves go away from zero, those too that a product of two numbers misses by a hair.
+// To that many decimals, 0 to 4; halves round away from zero, also those that a product of two numbers just misses.
 TZVALUES_EXPORT double roundToDecimals(double value, int decimals);
 
 // "-1,250,000" or "1,250.50": grouped by three, ASCII digits, always that many decimals, rounded half away from zero.

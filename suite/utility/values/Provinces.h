@@ -12,12 +12,12 @@
 // where they are offered.
 namespace Provinces {
 
-// By the alphabet.
+// In alphabetical order.
 TZVALUES_EXPORT QStringList names();
 // The province's capital first. A name is found however its letters were typed (Arabic or Persian yeh and kaf); empty for
 // one that is no province.
 TZVALUES_EXPORT QStringList cities(const QString &province);
-// Whether the city is one of any province's.
+// Whether the city is listed under any province.
 TZVALUES_EXPORT bool isCity(const QString &city);
 
 }

@@ -21,7 +21,7 @@ struct ShamsiDate
     friend bool operator==(const ShamsiDate &, const ShamsiDate &) = default;
 };
 
-// The years that the official table covers. Inside them the 33-year rule used here gives the official calendar; nothing
+// The years that the official table covers. Inside them the 33-year rule used here matches the official calendar; nothing
 // outside them is a date for this program, so that a year typed wrongly is refused rather than stored.
 inline constexpr int firstShamsiYear = 1206;
 inline constexpr int lastShamsiYear = 1498;
@@ -48,7 +48,7 @@ TZVALUES_EXPORT QDate addShamsiMonths(const QDate &date, int months);
 TZVALUES_EXPORT QString shamsiText(const QDate &date);
 
 // Reads 1405/08/29, 1405/8/29, 14050829, also with - or . between the parts, in Persian, Arabic or ASCII digits, with
-// blanks around. Anything else, and a day that does not exist, gives an invalid date.
+// blanks around. Anything else, or a day that does not exist, returns an invalid date.
 TZVALUES_EXPORT QDate parseShamsi(QStringView text);
 
 // Month 1 to 12; empty otherwise.

@@ -9,7 +9,7 @@
 #include "suite/utility/values/TzValuesExport.h"
 
 // The one form that names and texts are kept in: Arabic yeh and kaf become Persian, Persian and Arabic digits become
-// ASCII, kashida and direction marks go, runs of blanks become one, blanks at the ends go, and a zero-width non-joiner
+// ASCII, kashida, direction marks and blanks at the ends are dropped, runs of blanks become one, and a zero-width non-joiner
 // stays only between two letters.
 TZVALUES_EXPORT QString ConvertToStandard(const QString &text);
 

@@ -23,7 +23,7 @@ struct TypingRules
 };
 
 // What of a text can belong to a number: digits of any script, one decimal point (. / or ٫), a sign in front. Group
-// separators, letters and blanks go, and decimals beyond the allowed ones. Two points or more part groups.
+// separators, letters and blanks are dropped, and so are decimals beyond the allowed ones. Two points or more part groups.
 TZVALUES_EXPORT TypedNumber readTyped(const QString &text, int caret, const TypingRules &rules);
 
 // The text to show, grouped by three when asked; moves the caret to where it belongs in it.

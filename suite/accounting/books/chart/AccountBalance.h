@@ -15,7 +15,7 @@ enum class AccountLevel {
     Tafsily
 };
 
-// What the rows on an account sum up to, in the money unit.
+// The totals of the rows on an account, in the money unit.
 struct TZACCOUNTINGDATA_EXPORT AccountBalance
 {
     double bed = 0; // debit

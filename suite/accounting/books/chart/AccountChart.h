@@ -26,7 +26,7 @@ TZACCOUNTINGDATA_EXPORT QString docsColumn(AccountLevel level);
 TZACCOUNTINGDATA_EXPORT QList<Account> read(AccountLevel level, int database = 0);
 // Empty for a code that the chart does not have.
 TZACCOUNTINGDATA_EXPORT QString nameOf(int code, int database = 0);
-// What a document's row may stand on: active accounts at the deepest level that is there, that is detail accounts, and
+// What a document's row may stand on: active accounts at the deepest existing level, that is, detail accounts, and
 // subsidiary ones without active detail accounts. In the order of the codes.
 TZACCOUNTINGDATA_EXPORT QList<Account> postable(int database = 0);
 

@@ -23,7 +23,7 @@ TZACCOUNTINGDATA_EXPORT AccountLevel levelOf(int code);
 TZACCOUNTINGDATA_EXPORT int parentOf(int code);
 // Whether a new account of the level may have the code under that parent (0 for a general account).
 TZACCOUNTINGDATA_EXPORT Problem check(AccountLevel level, int code, int parent);
-// A code to propose for the next account under the parent: behind the highest of those taken. 0 when none is left, and for a
+// A code to propose for the next account under the parent: one after the highest of those taken. 0 when none is left, and for a
 // general account, whose group the office chooses.
 TZACCOUNTINGDATA_EXPORT int proposed(AccountLevel level, int parent, const QList<int> &taken);
 // Whether the program itself writes documents on the account or on one below it.
