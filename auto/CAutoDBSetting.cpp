@@ -19,7 +19,7 @@ namespace {
 
 CAutoDBSetting autoDBSetting;
 
-// The page goes to the host, which owns it from then on; a null page when there was no memory for one.
+// Passes the page to the host, which then owns it; the page is null when there was no memory for one.
 template <class Page>
 void openPage()
 {

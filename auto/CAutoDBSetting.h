@@ -5,9 +5,9 @@
 
 #include "auto/TzAutoExport.h"
 
-// The one door between the host and the module: opens the module's main windows and keeps its tables at the current
+// The single interface between the host and the module: opens the module's main windows and keeps its tables at the current
 // version. It holds no state. The operations are virtual so that a host that loaded the module at run time calls them
-// through the object that GetAutoDBSetting gives, without linking the module.
+// through the object that GetAutoDBSetting returns, without linking the module.
 //
 // All operations belong to the user-interface thread.
 class TZAUTO_EXPORT CAutoDBSetting
@@ -16,16 +16,16 @@ public:
     CAutoDBSetting();
     CAutoDBSetting(const CAutoDBSetting &) = delete;
     virtual ~CAutoDBSetting();
-    // Does nothing and gives back this object: there is no state to take over.
+    // Does nothing and returns this object: there is no state to take over.
     CAutoDBSetting &operator=(const CAutoDBSetting &other);
 
     // 1 when the suite's current database is a closed one (nothing may be changed any more), else 0.
     virtual int IsAClosedDB();
 
-    // Creates and upgrades the module's tables in the suite's database of that number.
-    // storedVersion: schema version that the database reached before, 0 for a fresh one. reachedVersion: on return the
+    // Creates and upgrades the module's tables in the suite's database with that number.
+    // storedVersion: schema version that the database had before, 0 for a fresh one. reachedVersion: on return the
     // version of the last step that completed, storedVersion if none ran; the host stores it, also after a failure.
-    // alterFlag: handed to KMySQL::ExecuteQuery as its first flag for every ALTER TABLE; false lets a half-run step pass
+    // alterFlag: passed to KMySQL::ExecuteQuery as its first flag for every ALTER TABLE; false lets a half-run step pass
     // over columns that are there already.
     // 1: all due steps ran; 0: a database error stopped the upgrade and has been shown.
     virtual int UpdateDB(int database, double storedVersion, double &reachedVersion, bool alterFlag);

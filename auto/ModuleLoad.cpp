@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Lives as long as the library is loaded: enters the module into the host's chain, and takes it off at unload. A refused
-// module stays out of the chain, by which the host's loader knows that the load has failed.
+// module stays out of the chain, which shows the host's loader that the load has failed.
 class ModuleRecord
 {
 public:

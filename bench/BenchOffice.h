@@ -8,7 +8,7 @@
 #include <QList>
 #include <QTemporaryDir>
 
-// A demo office with that many contracts on a private server of the benchmark's own; its user is logged in.
+// A demo office with that many contracts on the benchmark's private server; its user is logged in.
 class BenchOffice
 {
 public:
@@ -27,5 +27,5 @@ void resetPeakMemory();
 long peakMemoryOf(qint64 process);
 QString processName(qint64 process);
 QList<qint64> childProcesses();
-// Gives what earlier work has freed back to the system, where the library can: it would hide what the next one needs.
+// Returns memory freed by earlier work to the system, where the library can: it would hide what the next one needs.
 void releaseFreeMemory();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// A season of 100,000 rows into the tax file, against a bare program of the library's own that makes the same rows and gives
-// them to it in one call. Starting Java counts on both sides.
+// A season of 100,000 rows into the tax file, against a bare program that makes the same rows and passes them to the library
+// in one call. Starting Java counts on both sides.
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"

@@ -71,7 +71,7 @@ BareCell bareCell(const KListModel::Cell &cell)
     return bare;
 }
 
-// The sheet's rows: the columns of the list, and behind them the dates once more as dates.
+// The sheet's rows: the columns of the list, followed by the dates once more as dates.
 void prepareBareRows()
 {
     bareRows.push_back({});

@@ -9,7 +9,7 @@
 
 class KEdit;
 
-// Asks for the name of one entry of the car catalog, a new one or one that is there.
+// Asks for the name of one entry of the car catalog, new or existing.
 class CDlgAddCar : public KDialog
 {
     Q_OBJECT

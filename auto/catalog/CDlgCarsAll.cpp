@@ -53,7 +53,7 @@ CatalogLevel levelAbove(CatalogLevel level)
     return level == CatalogLevel::Model ? CatalogLevel::Brand : CatalogLevel::Model;
 }
 
-// Somebody else may have deleted what the list still shows.
+// Another user may have deleted what the list still shows.
 bool isParentThere(CatalogLevel level, int parent)
 {
     return level == CatalogLevel::Brand || CatalogEntries::name(levelAbove(level), parent).has_value();
@@ -242,7 +242,7 @@ void CDlgCarsAll::clearBelow(CatalogLevel level)
     }
 }
 
-// What hangs on the former selection must not stay, should the new one fail to be read.
+// What depends on the former selection must not stay if reading the new one fails.
 void CDlgCarsAll::selectionChanged(CatalogLevel level, int key)
 {
     clearBelow(level);
@@ -264,7 +264,7 @@ void CDlgCarsAll::selectNew(CatalogLevel level, int key)
     fill(level);
     if (panel(level)->list()->selectKey(key))
         return;
-    // What was searched for does not find the new name.
+    // The current filter does not find the new name.
     panel(level)->clearFilter();
     fill(level);
     panel(level)->list()->selectKey(key);
@@ -335,7 +335,7 @@ void CDlgCarsAll::editEntry(CatalogLevel level)
     const int model = selectedKey(CatalogLevel::Model);
     const int carClass = selectedKey(CatalogLevel::Class);
     selectNew(level, key);
-    // The lists below belong to the same entry still.
+    // The lists below still belong to the same entry.
     if (level == CatalogLevel::Brand)
         selectPath(key, model, carClass);
     else if (level == CatalogLevel::Model)

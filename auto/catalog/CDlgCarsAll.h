@@ -26,11 +26,11 @@ public:
     explicit CDlgCarsAll(QWidget *parent = nullptr);
     ~CDlgCarsAll() override;
 
-    // Lets the user choose. The keys are preselected (0: none) and, when it gives true, those that were chosen; a model or
+    // Lets the user choose. The keys are preselected (0: none) and, when it returns true, those that were chosen; a model or
     // class that the user left open is 0. False: cancelled or refused, the keys are as they were. Names may have been
     // changed in either case.
     [[nodiscard]] static bool Pick(QWidget *parent, int &brand, int &model, int &carClass);
-    // Opens the catalog to be kept. Whether it was changed in a way that lists of it elsewhere must follow (isChanged).
+    // Opens the catalog for editing. Returns whether it changed in a way that lists of it elsewhere must follow (isChanged).
     static bool Browse(QWidget *parent);
 
     // Before exec.
@@ -47,7 +47,7 @@ public:
     // Rejected at once, and nothing shown, without the access right.
     int exec() override;
 
-    // The commands behind the buttons of a level. Each asks its right (a refusal is told) and does nothing where nothing
+    // The commands behind the buttons of a level. Each checks its right (a refusal is shown) and does nothing where nothing
     // may be changed, without the selection that it needs, when that is gone, or, deleting, in pick mode.
     void addEntry(CatalogLevel level);
     void editEntry(CatalogLevel level);

@@ -23,7 +23,7 @@ struct Entry
 // Sorted by name; see CatalogFilter::entries for parent and namePart.
 QVector<Entry> list(CatalogLevel level, int parent, const QString &namePart);
 
-// Gives the new key. A brand of a name that is there already is refused: CMySQLException::Category::DuplicateKey.
+// Returns the new key. A brand whose name already exists is refused: CMySQLException::Category::DuplicateKey.
 int add(CatalogLevel level, int parent, const QString &name, int userID);
 // The same for one of many entries: created is the server's date and time, asked once for all of them.
 int add(CatalogLevel level, int parent, const QString &name, int userID, const QDateTime &created);
@@ -34,7 +34,7 @@ bool rename(CatalogLevel level, int key, const QString &name);
 
 // Whether any car record refers to the entry.
 bool isUsed(CatalogLevel level, int key);
-// Deletes the entry with what its record class takes along. False when it is gone already.
+// Deletes the entry with what its record class deletes along with it. False when it is gone already.
 bool remove(CatalogLevel level, int key);
 
 // The name editor's check, which looks among the models whatever level is edited; see CatalogFilter::sameName.

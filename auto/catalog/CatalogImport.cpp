@@ -15,7 +15,7 @@ namespace {
 
 using namespace CatalogImport;
 
-// The key under which names meet. Accents are folded here as the database folds them in its unique index of brands.
+// The key that equal names share. Accents are folded here as the database folds them in its unique index of brands.
 QString nameKey(const QString &name)
 {
     QString plain;
@@ -27,7 +27,7 @@ QString nameKey(const QString &name)
     return searchKey(plain.normalized(QString::NormalizationForm_C));
 }
 
-// A character beyond the first plane has no place in the tables.
+// The tables cannot store a character beyond the first plane.
 bool isTextCharacter(QChar c)
 {
     return c == u'\t' || !(c.category() == QChar::Other_Control || c.isSurrogate() || c.isNonCharacter());
@@ -74,7 +74,7 @@ struct Place
 class Level
 {
 public:
-    // Where a name stands twice, the first one counts.
+    // When a name occurs twice, the first one counts.
     void know(const KnownEntry &entry)
     {
         const QString where = address({entry.parent}, entry.name);
@@ -82,7 +82,7 @@ public:
             m_places.insert(where, {entry.key});
     }
 
-    // The entry's place; one that is not there yet is added to the plan.
+    // The entry's place; an entry that does not exist yet is added to the plan.
     Place find(const Place &parent, const QString &name, QVector<NewEntry> *planned)
     {
         const QString where = address(parent, name);

@@ -29,9 +29,9 @@ struct Entry
 enum class Trouble {
     None,
     TooLarge,     // of the file as a whole: line is 0
-    TooManyLines, // line is the first one that is too many
+    TooManyLines, // line is the first one over the limit
     NoEntries,    // line is 0
-    NotText,      // not UTF-8, or with characters that are no text
+    NotText,      // not UTF-8, or with characters that are not text
     TooManyColumns,
     BrandMissing,
     ModelMissing, // a class without a model
@@ -40,7 +40,7 @@ enum class Trouble {
 
 struct Parsed
 {
-    QVector<Entry> entries; // none when there is trouble
+    QVector<Entry> entries; // none when there is a problem
     Trouble trouble = Trouble::None;
     int line = 0; // from 1
 };
@@ -80,7 +80,7 @@ struct Plan
     bool isEmpty() const { return brands.isEmpty() && models.isEmpty() && classes.isEmpty(); }
 };
 
-// Two names are one when a reader takes them for one: blanks, the forms of a letter, accents and upper case do not count.
+// Two names are the same when a reader takes them so: blanks, the forms of a letter, accents and upper case do not count.
 // Compared below the same parent only.
 Plan plan(const QVector<Entry> &entries, const Known &known);
 

@@ -51,7 +51,7 @@ QString warningText(const CatalogImport::Parsed &parsed)
     return parsed.line == 0 ? text : text + u"\nسطر : %1"_s.arg(parsed.line);
 }
 
-// Devices, pipes and folders are no lists; never more than the bound is taken in.
+// Devices, pipes and folders are refused; never more than the bound is read.
 bool readBounded(const QString &path, QByteArray *data)
 {
     QFile file(path);

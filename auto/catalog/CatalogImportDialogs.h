@@ -7,17 +7,17 @@
 
 class QWidget;
 
-// What the import of catalog entries asks and tells the user.
+// The questions and messages of the import of catalog entries.
 namespace CatalogImportDialogs {
 
 // Of the starting set that comes with the program.
 QString startingSetFolder();
 
-// Lets the user choose a file, beginning in the folder of ours; empty when nothing was chosen.
+// Lets the user choose a file, starting in startingSetFolder; empty when nothing was chosen.
 QString askForFile(QWidget *parent);
 
-// Reads the file, tells what is wrong with it or how much of it is new, and adds that when the user wants it. True when
-// something was added. Throws CMySQLException: nothing was added.
+// Reads the file, shows what is wrong with it or how much of it is new, and adds that if the user agrees. True when
+// something was added. When it throws CMySQLException, nothing was added.
 bool importFile(const QString &path, QWidget *parent);
 
 }

@@ -23,7 +23,7 @@ QVector<CatalogImport::KnownEntry> knownOf(qint32 Records::*parent, const QStrin
     if (!parentColumn.isEmpty())
         columns.append(parentColumn);
     records.SetColumns(columns);
-    // Where a name stands twice, what is new belongs to the older one.
+    // When a name occurs twice, new entries belong to the older one.
     records.m_sort = u"iID"_s;
     for (records.Open(true, true, true); !records.IsEOF(); records.MoveNext())
         entries.append({records.m_iID, parent ? records.*parent : 0, records.m_sName});

@@ -12,7 +12,7 @@ namespace CatalogImporter {
 CatalogImport::Known known();
 
 // Adds those of the entries that the catalog does not have when it runs, all in one unit of work, in the name of the user.
-// Gives what was added.
+// Returns what was added.
 CatalogImport::Plan add(const QVector<CatalogImport::Entry> &entries, int userID);
 
 }

@@ -72,7 +72,7 @@ QPushButton *CatalogPanel::makeButton(const QString &caption, const QKeySequence
                                       QHBoxLayout *row)
 {
     auto *button = new QPushButton(caption, this);
-    // Three lists have the same buttons: the name says whose.
+    // Three lists have the same buttons: the name says which list it belongs to.
     button->setAccessibleName(caption + u' ' + m_heading);
     button->setToolTip(shortcut.toString(QKeySequence::NativeText));
     button->setAutoDefault(false);
@@ -136,7 +136,7 @@ void CatalogPanel::showCommands(bool addAndDelete, bool edit)
     show(m_delete, addAndDelete, u":/icons/delete.svg"_s);
 }
 
-// From the filter Up and Down move in what it found.
+// From the filter, Up and Down move through the rows found.
 bool CatalogPanel::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_filter && event->type() == QEvent::KeyPress) {

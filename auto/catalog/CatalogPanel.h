@@ -14,7 +14,7 @@ class QLabel;
 class QPushButton;
 
 // One level of the car catalog on the screen: the filter, the list with its count, and the buttons of the level. It knows
-// nothing of the other levels and of the database; it tells what the user wants.
+// nothing of the other levels or the database; its signals say what the user wants.
 class CatalogPanel : public QWidget
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
 
     // What is typed into the filter, in standard letters and safe inside quotes.
     QString namePart() const;
-    // Without a word to anybody.
+    // Emits no signal.
     void clearFilter();
 
     // Shows the entries and their count; none is selected.

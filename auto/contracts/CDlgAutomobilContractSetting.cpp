@@ -43,7 +43,7 @@ KEdit *createAmount(const QString &name, const QString &description)
     return edit;
 }
 
-// Display only, and looks it: on the window's own colour, left out by the keyboard.
+// Visibly display only: in the window's own colour, skipped by the keyboard.
 KEdit *createLowerBound(const QString &name, const QString &description)
 {
     KEdit *edit = createAmount(name, description);

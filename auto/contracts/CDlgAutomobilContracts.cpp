@@ -32,7 +32,7 @@ QList<KListColumn> CDlgAutomobilContracts::columnTable() const
     return {
         KListColumn::rowNumber(),
         {.key = u"type"_s, .title = u"نوع قرارداد"_s, .sortKey = u"iContractType"_s, .column = u"iContractType"_s, .show = wordCells(WordLists::contractTypes())},
-        // A party that is none of the persons stands by the name that the contract has.
+        // A party that is not in the list of persons is shown by the name in the contract.
         {.key = u"seller"_s, .title = u"فروشنده"_s, .alignment = Qt::AlignRight, .column = u"sName1"_s, .lookup = u"iPersonFirstID"_s},
         {.key = u"buyer"_s, .title = u"خریدار"_s, .alignment = Qt::AlignRight, .column = u"sName2"_s, .lookup = u"iPersonSecondID"_s},
         {.key = u"document"_s, .title = u"شماره سند"_s, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
@@ -131,7 +131,7 @@ void CDlgAutomobilContracts::archiveContract()
                     });
 }
 
-// A printed contract shows all that the contract holds, so it asks the right to see one.
+// A printed contract shows all that the contract holds, so it needs the right to see one.
 void CDlgAutomobilContracts::printContract()
 {
     if (list()->currentKey() > 0 && CheckReadSecurity())
@@ -173,7 +173,7 @@ void CDlgAutomobilContracts::emptyAreaActivated()
     addContract();
 }
 
-// A right click on a row is a shortcut for deleting it; the question stands between.
+// A right click on a row is a shortcut for deleting it, after the question.
 void CDlgAutomobilContracts::rightClicked(int)
 {
     deleteSelected();

@@ -8,8 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The list of contracts, and from it everything that is done with one. In select mode another window picks an active
-// contract by it.
+// The list of contracts, and the commands on a contract. In select mode another window picks an active
+// contract with it.
 class CDlgAutomobilContracts final : public KListPage
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     int chosenNumber() const { return m_chosenNumber; }
     QString chosenName() const { return m_chosenName; }
 
-    // Other dialogs or places for printed contracts; the page begins with the person's own.
+    // Sets other dialogs or places for printed contracts; the page starts with the user's own.
     void setPrinting(ContractPrinting printing) { m_printing = std::move(printing); }
 
 protected:

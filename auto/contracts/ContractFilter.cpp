@@ -33,7 +33,7 @@ QList<KListFilter> contractFilters()
          .clause = ListClauses::archive("iArchiveUserID", "iArchiveUserID"), .initial = notArchivedState,
          .choices = wordChoices(WordLists::archiveStates()), .options = F::KeptByReset},
         {.key = u"buyer"_s, .label = u"خريدار :"_s, .kind = K::Person, .place = {1, 0}, .clause = number(" AND iPersonSecondID=")},
-        // Kept for the filter's sake, not shown: the type is seen in the list.
+        // Only filtered by, not shown: the list shows the type.
         {.key = u"type"_s, .label = u"نوع قرارداد :"_s, .kind = K::Choice, .clause = position(" AND iContractType = "),
          .choices = wordChoices(WordLists::contractTypesWithAll())},
         {.key = u"contractFrom"_s, .label = u"تاريخ عقد از :"_s, .kind = K::Date, .place = {0, 4}, .clause = from(" AND dateContract>=")},

@@ -5,6 +5,6 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the contract list can be asked for. "To" dates are moved on by one day and still compared with <=, so that all of the
-// chosen day is in (and what is dated on the start of the next day). A reset keeps the archive and return filters.
+// What the contract list is searched by. "To" dates are moved on by one day and still compared with <=, so that the whole
+// chosen day is included (and what is dated at the very start of the next day). A reset keeps the archive and return filters.
 QList<KListFilter> contractFilters();

@@ -35,7 +35,7 @@ public:
     QDateTime m_dateArchive;
 
 protected:
-    // The letter that the captions have: the record's the Persian one, the list's the Arabic one.
+    // The letter used in the captions: Persian in the record's, Arabic in the list's.
     enum class Yeh {
         Persian,
         Arabic

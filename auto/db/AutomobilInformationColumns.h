@@ -87,7 +87,7 @@ protected:
     explicit AutomobilInformationColumns(int database);
 
     // Runs of columns, of the alias that is set: iID to sAddress, iCapacity to sVIN, sInsuranceStatus to sLicense, iStatus to
-    // dateArchive. What stands between them is each class's own.
+    // dateArchive. The columns between them are each class's own.
     void bindOffer();
     void bindVehicle();
     void bindSale();

@@ -7,7 +7,7 @@
 #include "suite/db/KLiveCount.h"
 
 // Read-only source of the demand list. Columns are named with their table's alias ("ad.iCode"). A demand whose person is
-// gone is not in it. A demand meets an item row for its type and another for its colour, so every filter ends with
+// gone is not in it. A demand joins an item row for its type and another for its colour, so every filter ends with
 // " GROUP BY ad.iID".
 class CTblAutomobilDemandJoins : public AutomobilDemandColumns, private KLiveCount<CTblAutomobilDemandJoins>
 {

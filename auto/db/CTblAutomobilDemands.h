@@ -6,7 +6,7 @@
 #include "auto/db/AutomobilDemandColumns.h"
 #include "suite/db/KLiveCount.h"
 
-// One row per demand: who asks for which car. Members carry the names of their columns. Amounts are in the suite's money
+// One row per demand: a customer and the car wanted. Members carry the names of their columns. Amounts are in the suite's money
 // unit, model years Shamsi or ordinary as typed, keys 0 when nothing is referred to; iAutomobilType is the key of a brand
 // of the catalog, iColor of an item, iAlarmID of a reminder.
 class CTblAutomobilDemands : public AutomobilDemandColumns, private KLiveCount<CTblAutomobilDemands>
@@ -28,9 +28,9 @@ public:
     static void archive(qint32 code, qint32 userID, int database = 0);
     static void unarchive(qint32 code, int database = 0);
     // Archives the active demands not archived yet that were created more than that many days before today, by the server's
-    // clock; the time of day does not count. One statement; how many there were.
+    // clock; the time of day does not count. One statement; returns how many there were.
     static int archiveOlderThan(int days, qint32 userID, int database = 0);
-    // Which reminder is the demand's, by the demand's key.
+    // Sets the demand's reminder, by the demand's key.
     static void setAlarm(qint32 id, qint32 alarmID, int database = 0);
 
     qint32 m_iAlarmID = 0;

@@ -7,7 +7,7 @@
 #include "suite/db/KLiveCount.h"
 
 // Read-only source of the car list: cars with the names of their model and class. Columns are named with their table's
-// alias ("ai.iCode"). A car meets an item row for its type and another for its colour, so every filter ends with
+// alias ("ai.iCode"). A car joins an item row for its type and another for its colour, so every filter ends with
 // " GROUP BY ai.iID". Pictures are not part of it.
 class CTblAutomobilInformationJoins : public AutomobilInformationColumns, private KLiveCount<CTblAutomobilInformationJoins>
 {

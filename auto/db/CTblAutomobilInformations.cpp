@@ -14,7 +14,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcCars, "tz.auto.cars")
 
-// What belongs to a car goes first; where it cannot go, the car goes without it.
+// Deletes what belongs to a car first; if that fails, the car is deleted all the same.
 template <class Work>
 void deleteRelated(const Work &work)
 {

@@ -20,7 +20,7 @@ public:
     qint32 m_iID = 0;
     qint32 m_iDepartmentID = 0;
     qint32 m_iAutomobilContractID = 0; // key of the contract
-    qint32 m_iPersonID = 0;            // who pays
+    qint32 m_iPersonID = 0;            // the payer
     qint32 m_iNum = 0;                 // running number within the plan, from 1
     QDateTime m_date;                  // when it is due
     QString m_sDesc;
@@ -31,7 +31,7 @@ public:
     qint32 m_iLevel = 0;
     qint32 m_iDays = 0;           // interval to the next instalment, in days; 0 when it is in months
     qint32 m_iMonths = 0;         // the same in months
-    qint32 m_bPercentMonthly = 0; // 1: the rate was given per month
+    qint32 m_bPercentMonthly = 0; // 1: the rate is per month
 
 protected:
     void DoFieldExchange() override;

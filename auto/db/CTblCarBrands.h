@@ -22,7 +22,7 @@ public:
     // have classes; a model without classes stays.
     bool Delete() override;
 
-    // Fills the drop-down with all brands in the order of their keys (entry data: the key); nothing is chosen. Gives 1.
+    // Fills the drop-down with all brands in the order of their keys (entry data: the key); nothing is chosen. Returns 1.
     template <class ComboBox>
     static int FillComboBox(ComboBox *combo, int database = 0)
     {

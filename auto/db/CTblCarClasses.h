@@ -19,8 +19,8 @@ public:
     ~CTblCarClasses() override;
     QString GetTableName() const override;
 
-    // Fills the drop-down with the model's classes in the order of their keys (entry data: the key) and stands on the one
-    // with key current; nothing is chosen when there is none. Gives 1.
+    // Fills the drop-down with the model's classes in the order of their keys (entry data: the key) and selects the one
+    // with key current; nothing is selected when there is none. Returns 1.
     template <class ComboBox>
     static int FillComboBox(ComboBox *combo, int modelID, int current, int database = 0)
     {

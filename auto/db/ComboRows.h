@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 
 // Fills a drop-down of any kind with the rows of the set in its order: the shown text is the row's name, the data its key.
-// Stands on the row with key current, on none when there is no such row. Gives 1.
+// Selects the row with key current, none when there is no such row. Returns 1.
 template <class Rows, class ComboBox>
 int fillComboBox(ComboBox *combo, Rows &rows, int current)
 {

@@ -29,7 +29,7 @@ template <class Record>
 using Step = std::function<void(Record &)>;
 
 // Writes the record as it is now with what was decided. A record that nobody has saved yet becomes the current user's.
-// beforeRow runs between the decision and the row, and may set columns too; afterRow runs behind the row. What a step throws
+// beforeRow runs between the decision and the row, and may set columns too; afterRow runs after the row. What a step throws
 // ends the save, and nothing of it is kept. False when the record is gone.
 template <class Record>
 [[nodiscard]] bool save(const Decision<Record> &decision, const Step<Record> &beforeRow = {}, const Step<Record> &afterRow = {})

@@ -8,7 +8,7 @@
 class KMySQL;
 class QLabel;
 
-// The line of an editor's page that tells who archived the record, and when; empty for one that is not archived.
+// The line of an editor's page that shows who archived the record and when; empty for one that is not archived.
 class ArchiveLine final : public QWidget
 {
     Q_OBJECT

@@ -22,7 +22,7 @@ CDlgRecordEditor::CDlgRecordEditor(int key, EditorMode mode, QWidget *parent)
     , m_mode(mode)
 {
     buildFrame();
-    // All of the first page in sight where the screen allows it; later as the user left it.
+    // Shows the whole first page where the screen allows it; later the size is as the user left it.
     resize(QSize(1200, 800).boundedTo(screen()->availableSize() - QSize(40, 60)));
 }
 
@@ -54,7 +54,7 @@ QPushButton *CDlgRecordEditor::addCommand(const QString &caption, const std::fun
     button->setAccessibleName(caption);
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, work] { KErrorBoundary::guarded(this, work); });
-    // "برگشت از بايگاني", which most records do not show, stays behind the window's own.
+    // "برگشت از بايگاني", which most records do not show, stays after the window's own.
     m_commands->insertWidget(qMax(0, m_commands->count() - 1), button);
     setTabOrder(m_lastCommand, button);
     m_lastCommand = button;
@@ -83,7 +83,7 @@ void CDlgRecordEditor::leaveOnlyWayBack()
             button->setText(u"بازگشت"_s);
             continue;
         }
-        // Merely hidden, the first button of the row would still be handed the focus, and Tab would end there.
+        // If merely hidden, the first button of the row would still get the focus, and Tab would end there.
         m_buttons->removeButton(button);
         delete button;
     }
@@ -110,7 +110,7 @@ bool CDlgRecordEditor::OnOK()
     if (isShowMode())
         return false;
     bool done = false;
-    // Whatever goes wrong, what was typed stays in the window.
+    // Whatever fails, what was typed stays in the window.
     KErrorBoundary::guarded(this, [&] {
         GetDBSetting()->RequireOpenDB();
         done = validatePages() && save();

@@ -33,7 +33,7 @@ public:
     EditorMode mode() const { return m_mode; }
     bool isShowMode() const { return m_mode == EditorMode::Show; }
     int key() const { return m_key; }
-    // The record was changed on the way (taken out of the archive), whether or not the window was confirmed.
+    // The record was changed meanwhile (taken out of the archive), whether or not the window was confirmed.
     bool refreshNeeded() const { return m_refresh; }
 
     KTabPageButtons *tabs() const { return m_tabs; }
@@ -45,12 +45,12 @@ public:
 protected:
     CDlgRecordEditor(int key, EditorMode mode, QWidget *parent);
 
-    // A button beside "فعال"; it comes before "برگشت از بايگاني". What its work throws is shown.
+    // Adds a button beside "فعال", before "برگشت از بايگاني". What its action throws is shown.
     QPushButton *addCommand(const QString &caption, const std::function<void()> &work);
     int addPage(KDialogTabPage *page, const QString &title);
     void addFilesPage(CTblFileDocs::Scope scope, int recordKind, const QString &title);
     QDialogButtonBox *buttons() const { return m_buttons; }
-    // Takes "تاييد" away and calls the other button "بازگشت", where a record is only shown.
+    // Removes "تاييد" and renames the other button to "بازگشت", where a record is only shown.
     void leaveOnlyWayBack();
     // Sets "فعال" and "برگشت از بايگاني" by the record's state. closed: the database, where the caller knows; otherwise it is
     // asked.
@@ -59,9 +59,9 @@ protected:
     int chosenStatus() const;
 
     bool OnOK() override;
-    // False after the user has been told why.
+    // When false, the reason has been shown.
     [[nodiscard]] virtual bool validatePages() = 0;
-    // False when there is nothing to save any more, or the user has been told why not.
+    // False when the record is gone, or when saving was refused and the reason shown.
     [[nodiscard]] virtual bool save() = 0;
     // The record is saved for good.
     virtual void saved() { }
@@ -90,7 +90,7 @@ protected:
                 }};
     }
 
-    // Saves a record to which nothing more belongs. False when it is gone.
+    // Saves a record that has no dependent data. False when it is gone.
     template <class Record>
     [[nodiscard]] bool saveRecord(const QList<EditorPage<Record> *> &pages) const
     {

@@ -12,7 +12,7 @@ enum class EditorMode {
     Show
 };
 
-// What the pages of every editor share: the mode, and the way in which something wrong is told.
+// What the pages of every editor share: the mode, and the way errors are shown.
 class EditorTabPage : public KDialogTabPage
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     EditorMode mode() const { return m_mode; }
     bool isShowMode() const { return m_mode == EditorMode::Show; }
 
-    // Comes to the front, tells it, goes to the field, and gives false.
+    // Brings the page to the front, shows the message, focuses the field and returns false.
     bool refuse(const QString &message, QWidget *field);
     // The same for an entry of the form; the message begins with the field's name.
     bool refuseEntry(const KForm::Problem &problem);
@@ -32,7 +32,7 @@ private:
     EditorMode m_mode;
 };
 
-// What an editor asks of each of its own pages.
+// What an editor requires of each of its own pages.
 template <class Record>
 class EditorPage : public EditorTabPage
 {
@@ -41,7 +41,7 @@ public:
 
     // Shows the loaded record.
     virtual void fill(Record &record) = 0;
-    // False after the page has told what is wrong and gone to the field.
+    // When false, the page has shown what is wrong and focused the field.
     [[nodiscard]] virtual bool validate() = 0;
     // Sets the page's own columns of a record that is open for editing, inside the transaction that saves it; may run again
     // when that is replayed. What it throws ends the save, and nothing of it is kept.

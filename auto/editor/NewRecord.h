@@ -10,11 +10,11 @@
 
 using namespace Qt::StringLiterals;
 
-// A record that an editor begins with is in its table before the user has entered anything.
+// A new record is in its table before the user has entered anything in its editor.
 namespace NewRecord {
 
-// Runs the editor of a record that has just been added. Unless it tells that the user confirmed, the record goes again,
-// whatever ended the window; what the editor throws is thrown on afterwards. before: what else goes, ahead of the record.
+// Runs the editor of a record that has just been added. Unless it reports that the user confirmed, the record is
+// deleted again, however the window ended; what the editor throws is then rethrown. before: what to delete ahead of the record.
 template <class Record>
 [[nodiscard]] bool keptByEditor(int key, const std::function<bool()> &edit, const std::function<void()> &before = {})
 {

@@ -10,7 +10,7 @@
 namespace ModulePlatform {
 
 // The folder of the file that this code was loaded from: of the module, or of a program that the code is linked into.
-// Empty when the system cannot tell.
+// Empty when the system cannot find it.
 QString moduleFolder();
 
 }

@@ -10,7 +10,7 @@
 // The module's nine tables as they are first created, column by column. Names are part of the schema and keep their
 // misspellings; several key columns hold other keys than they are named for (CarModels.iClassID: the brand,
 // CarClasses.iBrandID: the model; AutomobilInformations.iAutomobilType, iModel, iBrigade: brand, model, class).
-// What later versions add stands with the steps, in SchemaUpgrade.cpp.
+// What later versions add is with the steps, in SchemaUpgrade.cpp.
 namespace SchemaTables {
 
 enum class ColumnType {

@@ -137,9 +137,9 @@ bool isRenamed(const RenamedColumn &renamed, CTblTemp &session)
     return session.GetLongFieldValue(0) > 0;
 }
 
-// An alteration that ran before, in a step that then failed, says so by a duplicate column, which ExecuteQuery passes over
+// An alteration that ran before, in a step that then failed, reports a duplicate column, which ExecuteQuery ignores
 // when the flag is false. One that renames a column misses the old name before the server looks for duplicates: that is
-// passed over in the same way when the new name is there, for the server alters a table whole or not at all.
+// ignored in the same way when the new name is there, for the server alters a table whole or not at all.
 void alter(const Step &step, CTblTemp &session, bool alterFlag)
 {
     constexpr unsigned int unknownColumn = 1054;

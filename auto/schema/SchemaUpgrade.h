@@ -10,7 +10,7 @@ namespace SchemaUpgrade {
 inline constexpr double currentVersion = 6.211;
 
 // Runs every step above storedVersion in ascending order. reachedVersion follows each step that completed and starts at
-// storedVersion. What a step did before it failed stays done; run again, a step drops and creates its tables anew, and its
+// storedVersion. What a step did before it failed stays done; run again, a step drops and recreates its tables, and its
 // ALTER TABLE is run with alterFlag as KMySQL::ExecuteQuery's first flag. Throws CMySQLException.
 void run(int database, double storedVersion, double &reachedVersion, bool alterFlag);
 

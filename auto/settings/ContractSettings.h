@@ -34,7 +34,7 @@ struct ContractSettings
     // Writes all of them or none.
     void save(int database = 0) const;
 
-    // Equal ceilings are fine; a ceiling within 0.0001 of 0 counts as not given. The third ceiling is looked at even when
+    // Equal ceilings are fine; a ceiling within 0.0001 of 0 counts as not set. The third ceiling is checked even when
     // the third tier is off.
     Problem check() const;
 };

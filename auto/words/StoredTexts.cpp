@@ -7,7 +7,7 @@
 
 namespace {
 
-// More than anybody reads in a list of offers.
+// More than anybody reads in a list of suggestions.
 constexpr int most = 1000;
 
 }

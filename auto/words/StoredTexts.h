@@ -5,5 +5,5 @@
 
 #include <QStringList>
 
-// The texts that a column holds, each once, in order; to be offered where one is entered. Not for names that a user gives.
+// The texts that a column holds, each once, in order; suggestions for an entry. table and column never come from the user.
 QStringList storedTexts(const char *table, const char *column);

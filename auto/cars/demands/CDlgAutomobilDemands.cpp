@@ -94,7 +94,7 @@ KListTraits CDlgAutomobilDemands::traits() const
     return traits;
 }
 
-// Nobody asked for it now: who may not archive is told nothing, and what fails is done at the next opening.
+// Not requested by the user: without the archiving right nothing is shown, and a failure is retried at the next opening.
 void CDlgAutomobilDemands::opening()
 {
     if (isReadOnly() || !KSecurity::IsGranted(archiveRights(), KSecurity::Access))

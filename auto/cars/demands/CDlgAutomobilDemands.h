@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The list of customers' demands, and from it everything that is done with one, the cars that fit it among them.
+// The list of customers' demands, and the commands on a demand, including the search for cars that fit it.
 class CDlgAutomobilDemands final : public KListPage
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     explicit CDlgAutomobilDemands(QWidget *parent = nullptr);
     ~CDlgAutomobilDemands() override;
 
-    // The filter as a new window has it; the list is emptied.
+    // Restores the filter of a new window and empties the list.
     void resetFilter() override;
 
 protected:

@@ -13,7 +13,7 @@ int DemandArchiving::archiveOldOnes(int userID, int database)
     if (!settings.archiveDemands || settings.demandDays <= 0)
         return 0;
     int archived = 0;
-    // Demands are saved elsewhere meanwhile.
+    // Demands may be saved elsewhere meanwhile.
     KTransaction::runReplayable(
         [&] { archived = CTblAutomobilDemands::archiveOlderThan(settings.demandDays, userID, database); }, database);
     return archived;

@@ -3,11 +3,11 @@
 
 #pragma once
 
-// The office's wish that demands do not stay in the list for ever (ContractSettings).
+// The office's setting that demands do not stay in the list for ever (ContractSettings).
 namespace DemandArchiving {
 
-// Archives, in the user's name, the demands that are older than the office keeps them; none unless the office has set it,
-// with a number of days above 0. How many there were. Throws CMySQLException: none was archived.
+// Archives, in the user's name, the demands that are older than the office keeps them; none unless the setting is on,
+// with a number of days above 0. Returns how many there were. When it throws CMySQLException, none was archived.
 int archiveOldOnes(int userID, int database = 0);
 
 }

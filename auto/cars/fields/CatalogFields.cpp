@@ -88,7 +88,7 @@ void CatalogFields::pick()
     int brand = m_form.key(brandColumn);
     int model = m_form.key(modelColumn);
     int carClass = m_form.key(classColumn);
-    // Cancelled, the keys are as they were, but names may have been changed there.
+    // After a cancel the keys are as they were, but names may have been changed there.
     (void)CDlgCarsAll::Pick(m_page, brand, model, carClass);
     show(brand, model, carClass);
 }

@@ -9,7 +9,7 @@ class KForm;
 class QWidget;
 
 // Brand, model and class of a car on a form: three drop-downs over the catalog that follow each other. Choosing a brand offers
-// its models, choosing a model its classes; what was chosen below goes with the choice above it. The buttons behind them pick
+// its models, choosing a model its classes; a new choice clears those below it. The buttons beside them pick
 // in the catalog's own window. A key whose entry is gone stays until something else is chosen.
 class CatalogFields : public QObject
 {

@@ -12,8 +12,8 @@
 class KForm;
 class QWidget;
 
-// The fields of a form that take their values from the suite's items, each with the button "..." behind it: what the button
-// opens, and what of it comes into the field. Kinds of values are those of InputParameters.
+// The fields of a form that take their values from the suite's items, each with the button "..." beside it: what the button
+// opens, and what it puts into the field. Kinds of values are those of InputParameters.
 class ItemFields : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     // A text of the values that another column's text does not name; the button fills it.
     void addMissing(const QString &column, const QString &chosenColumn, int option, const QString &toolTip);
 
-    // Offers the values as they are stored now; what a list stands on stays.
+    // Offers the values as they are stored now; the current choice of a list stays.
     void fill();
 
 private:

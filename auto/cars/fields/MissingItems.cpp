@@ -10,7 +10,7 @@
 QStringList missingItems(const QStringList &all, const QString &chosen, const QString &separator)
 {
     QSet<QString> there;
-    // Typed by hand, a text may lack the blank of the separator.
+    // A text typed by hand may lack the blank of the separator.
     for (const QString &name : chosen.split(separator.trimmed(), Qt::SkipEmptyParts))
         there.insert(searchKey(name));
     QStringList missing;

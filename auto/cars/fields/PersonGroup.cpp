@@ -71,7 +71,7 @@ QPushButton *PersonGroup::addButton(const QString &accessibleName, const QString
     return button;
 }
 
-// The code and the name first; what else the person's record says below them.
+// The code and the name first; the other data of the person's record below them.
 void PersonGroup::place(int options)
 {
     auto *grid = new QGridLayout(this);
@@ -156,7 +156,7 @@ void PersonGroup::pick()
     if (m_readOnly)
         return;
     const int chosen = CDlgPersons::SelectPerson(window(), CDlgPersons::modePickOne, m_personID);
-    // Nobody picked, the one who is shown may have been changed there.
+    // Even when nobody was picked, the person shown may have been changed there.
     setPersonID(chosen == 0 ? m_personID : chosen);
     if (chosen != 0)
         Q_EMIT changed(chosen);
@@ -164,7 +164,7 @@ void PersonGroup::pick()
 
 void PersonGroup::clearByUser()
 {
-    // A disabled button would leave the keyboard nowhere.
+    // A disabled button would leave the keyboard without a focus.
     m_code->setFocus();
     setPersonID(0);
     Q_EMIT changed(0);

@@ -9,7 +9,7 @@ class KEdit;
 class QLabel;
 class QPushButton;
 
-// One person of the suite on an editor's page: the code with the picker beside it, and what the list of persons says. From
+// One person of the suite on an editor's page: the code with the picker beside it, and the data from the list of persons. From
 // the code F4, Alt+Down or the space bar open the picker too, and Delete empties the group.
 class PersonGroup final : public QGroupBox
 {
@@ -22,17 +22,17 @@ public:
         WithNationalCode = 4 // and a hint when it looks wrong
     };
 
-    // ofWhom goes behind the labels in the accessible names, where a window has two such groups.
+    // ofWhom is appended to the labels in the accessible names, where a window has two such groups.
     PersonGroup(const QString &title, int options, QWidget *parent = nullptr, const QString &ofWhom = {});
 
     // 0 when nobody is chosen.
     int personID() const { return m_personID; }
     // Empty when nobody is chosen, and for a person who is gone.
     QString name() const;
-    // Not an act of the user: changed stays silent. The key of a person who is gone stays, though nothing is shown of it, and
+    // Not a user action: changed is not emitted. The key of a person who is gone stays, though nothing is shown of it, and
     // only another choice replaces it.
     void setPersonID(int personID);
-    // Only shown: the buttons go away.
+    // Read-only: the buttons are hidden.
     void setReadOnly(bool readOnly);
     KEdit *codeEdit() const { return m_code; }
     // Null where the group shows none.

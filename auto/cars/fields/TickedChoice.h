@@ -5,6 +5,6 @@
 
 #include <QList>
 
-// The one value that a record keeps of those that are ticked in a picker of several: what was ticked anew counts, of
+// The one value that a record keeps of those that are ticked in a picker of several: the newly ticked one counts, of
 // several the first; nothing new leaves the value that the record had, if it is still ticked. Keys; 0 is no value.
 int choiceOfTicked(const QList<int> &ticked, int before);

@@ -22,14 +22,14 @@ struct MatchTable
     };
 
     QString title;
-    QString form;    // of the rights on what is listed
-    QString section; // of the user's settings
+    QString form;    // whose access rights apply to what is listed
+    QString section; // in the user's settings
     QString nothing; // shown when no row fits
     QVector<KListModel::Column> columns;
     KListReport report;
-    // None when what the rows are matched with is gone.
+    // Returns none when what the rows are matched with is gone.
     std::function<std::optional<Contents>()> read;
-    // Shows the record of a row. True when the list is to be read anew.
+    // Shows the record of a row. True when the list has to be read again.
     std::function<bool(int key, QWidget *parent)> show;
 };
 
@@ -42,11 +42,11 @@ public:
     explicit CDlgMatches(MatchTable table, QWidget *parent = nullptr);
     ~CDlgMatches() override;
 
-    // Fills a window over the table and runs it. Does nothing when read gives nothing; a user without access to the form is
-    // told so.
+    // Fills a window over the table and runs it. Does nothing when read returns nothing; a user without access to the form
+    // sees a message.
     static void Run(MatchTable table, QWidget *parent);
 
-    // False when read gives nothing; the window must not be shown then.
+    // False when read returns nothing; the window must not be shown then.
     [[nodiscard]] bool load();
 
     KExtListCtrl *list() const { return m_list; }

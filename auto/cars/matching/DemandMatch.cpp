@@ -18,7 +18,7 @@ enum Weight {
 
 constexpr int farthestYears = 2;
 constexpr double farthestShare = 0.1;
-constexpr double roundingFault = 1e-9; // of a percent that is whole, so that cutting it does not take one off
+constexpr double roundingFault = 1e-9; // added so that cutting a whole percent does not lose one to rounding
 constexpr int firstOrdinaryYear = 1700;
 constexpr int shamsiBehindOrdinary = 621;
 

@@ -5,8 +5,8 @@
 
 #include <optional>
 
-// What a demand asks of a car. 0 asks nothing; a range with one end is open at the other, one with its ends the wrong way
-// round is the range between them. Amounts are in the suite's money unit.
+// What a demand asks of a car. 0 asks nothing; a range with one end is open at the other; reversed ends are
+// swapped. Amounts are in the suite's money unit.
 struct DemandWishes
 {
     int automobilType = 0; // key of a brand
@@ -19,7 +19,7 @@ struct DemandWishes
     friend bool operator==(const DemandWishes &, const DemandWishes &) = default;
 };
 
-// What a car is, as far as a demand asks for it; 0 is not known.
+// What a car is, as far as a demand asks for it; 0 means unknown.
 struct OfferedCar
 {
     int automobilType = 0;
@@ -30,8 +30,8 @@ struct OfferedCar
 
 // How well a car fits a demand.
 //
-// Excluded are a car of another type than the demand's or of none, a car more than two years outside the range of years, and
-// a car that costs more than a tenth above the upper or below the lower bound.
+// Excluded are cars of a type other than the demand's or of none, cars more than two years outside the range of years, and
+// cars that cost more than a tenth above the upper or below the lower bound.
 //
 // The others are scored wish by wish, from 0 (not met, or not known of the car) to 1:
 //   type    1
@@ -40,7 +40,7 @@ struct OfferedCar
 //   colour  1 for the colour asked for, else 0
 // With the weights type 40, price 30, years 20, colour 10 of the wishes that the demand states,
 //   percent = 100 * (sum of weight * score) / (sum of weights), cut to a whole number,
-// so that 100 says that all that is asked for is met. A demand that states nothing fits every car, by 0 percent.
+// so that 100 means that every wish is met. A demand that states nothing fits every car, with 0 percent.
 //
 // Years from 1700 on are read as ordinary ones and compared as the Shamsi year 621 before, as an imported car's year is
 // often written.
@@ -53,6 +53,6 @@ struct DemandMatch
     static std::optional<DemandMatch> of(const DemandWishes &wishes, const OfferedCar &car);
 };
 
-// The better match comes first, of two equally good ones the one of more wishes, then the lower code. (A match has a code of
-// its own in each of the two lists: the car's or the demand's.)
+// The better match comes first, of two equally good ones the one with more wishes, then the lower code. (A match has its
+// own code in each of the two lists: the car's or the demand's.)
 bool isBetterMatch(const DemandMatch &one, int codeOfOne, const DemandMatch &other, int codeOfOther);

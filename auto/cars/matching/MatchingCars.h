@@ -29,7 +29,7 @@ struct MatchingCars
 
     int demandCode = 0;
     DemandWishes wishes;
-    QString person; // who asks
+    QString person; // the customer
     QString type;
     QString color;
     std::vector<Car> cars; // best first

@@ -37,6 +37,6 @@ struct MatchingDemands
     // Among the demands not archived and active, read by one statement; one whose person is gone is left out, as the list of
     // demands does. None when there is no such car.
     static std::optional<MatchingDemands> of(int carID, int database = 0);
-    // The same for a car as it is offered, whatever of it is stored.
+    // The same for a car as it is being offered, whether or not it is stored so.
     static MatchingDemands of(const OfferedCar &offer, int carCode, int database = 0);
 };

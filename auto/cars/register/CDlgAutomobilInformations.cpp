@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a demand wishes: the filter and the demand's column.
+// A wish of a demand: the filter and the demand's column.
 constexpr std::pair<QStringView, QStringView> wishes[] = {
     {u"amountFrom", u"dAmountFrom"},
     {u"amountTo", u"dAmountUpTo"},
@@ -116,7 +116,7 @@ KListTraits CDlgAutomobilInformations::traits() const
 {
     KListTraits traits;
     traits.emptySort = u"sTitle"_s;
-    traits.searchColumn = 4; // behind the state and the check box, so that the list keeps the height of a line
+    traits.searchColumn = 4; // after the state and the check box, which saves the list a line of height
     traits.makePerson = personFilter();
     traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
     return traits;
@@ -188,7 +188,7 @@ void CDlgAutomobilInformations::editCar()
     const int key = list()->currentKey();
     if (key <= 0 || isSelectMode() || isChangeBlocked() || !CheckModifySecurity())
         return;
-    // Taken out of the archive on the way, a car is another one also for who then cancelled.
+    // Taking the car out of the archive changes it even when the user then cancels.
     bool changed = false;
     if (CDlgAddAutomobilInformation::EditCar(key, false, this, &changed) || changed)
         refill();

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
-// The list of the cars on offer, and from it everything that is done with one. In select mode another window picks a car by
+// The list of the cars on offer, and the commands on a car. In select mode another window picks a car with
 // it. The search may begin with the wishes of a customer's demand.
 class CDlgAutomobilInformations final : public KListPage
 {
@@ -15,19 +15,19 @@ public:
     explicit CDlgAutomobilInformations(QWidget *parent = nullptr);
     ~CDlgAutomobilInformations() override;
 
-    // Lets the user pick a car in a modal window. Its key, or 0 when the user cancelled.
+    // Lets the user pick a car in a modal window. Returns its key, or 0 when the user cancelled.
     static int SelectCar(QWidget *parent, int preselected = 0);
-    // Opens the list as a page of the host's work area, searching for what the demand wishes.
+    // Opens the list as a page of the host's work area, searching for what the demand asks for.
     static void ShowForDemand(int demandID);
 
-    // The row that a new car starts as; its key. Part of the command "جديد".
+    // Adds the row that a new car starts as and returns its key. Part of the command "جديد".
     static int addPlaceholder();
 
     // The demand whose wishes the search begins with, 0 for none; to be set before the page is first shown. A demand that
     // does not exist changes nothing.
     void setDemand(int demandID) { m_demandID = demandID; }
 
-    // Nothing asked but what is not archived; the list is emptied.
+    // Resets the filter to all cars not archived and empties the list.
     void resetFilter() override;
 
 protected:

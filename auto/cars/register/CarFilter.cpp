@@ -38,7 +38,7 @@ QList<KListFilter> carFilters(const KListFilter::Choices &types, const KListFilt
          .clause = from(" AND ai.dateIntroduction >= ")},
         {.key = u"introductionTo"_s, .label = to, .kind = K::Date, .place = {2, 6}, .clause = upTo(" AND ai.dateIntroduction <= "),
          .accessibleName = u"تاريخ معرفي تا :"_s},
-        // These two and the usage are kept for the search's sake, not shown.
+        // These two and the usage are only searched by, not shown.
         {.key = u"documentsDeficit"_s, .label = u"کسري مدارک :"_s, .kind = K::Text, .clause = part("ai.sDocumentsDeficit")},
         {.key = u"partsDeficit"_s, .label = u"کسري لوازم :"_s, .kind = K::Text, .clause = part("ai.sFractionalParts")},
         {.key = u"usage"_s, .label = u"کاربري :"_s, .kind = K::Choice, .choices = wordChoices(WordLists::usageTypes())},

@@ -5,9 +5,9 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the car list can be asked for, with the grouping that lists each car once. Texts go into the statement as they are typed.
-// The "from" year is that year exactly: it does not bound from below. The "to" date is moved on by one day and still compared
-// with <=, so that all of the chosen day is in.
+// What the car list is searched by, with the grouping that lists each car once. Texts go into the statement as they are typed.
+// The "from" year matches that year exactly: it is not a lower bound. The "to" date is moved on by one day and still compared
+// with <=, so that the whole of the chosen day is included.
 //
 // The types and colours are what the two drop-downs offer.
 QList<KListFilter> carFilters(const KListFilter::Choices &types = {}, const KListFilter::Choices &colors = {});

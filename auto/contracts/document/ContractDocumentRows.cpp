@@ -78,7 +78,7 @@ private:
     QList<DocumentRow> m_rows;
 };
 
-// As documents name the types: the last one shorter than in the list of types.
+// The names of the types in documents: the last one is shorter than in the list of types.
 QString typeName(int contractType)
 {
     switch (contractType) {

@@ -9,18 +9,18 @@
 // Posts the accounting document of a contract.
 namespace ContractPosting {
 
-// What the document says about the contract whose members are filled: header text by type and number (iNum, or iCode while
+// The document of the contract whose members are filled: header text by type and number (iNum, or iCode while
 // the contract has no number of its own), date of the contract, rows of contractDocumentRows.
 [[nodiscard]] DocumentContent documentOf(const CTblAutomobilContracts &contract);
 
 // Writes the document (kind Accounts::documentKindContract) of the contract, which need not be in the table yet. A contract
-// that has a document keeps its number and fiscal year, and the rows are written anew; otherwise a document is added in the
+// that has a document keeps its number and fiscal year, and the rows are rewritten; otherwise a document is added in the
 // current fiscal year and iDocNum and iFiscalYear of the contract are set, to be saved by the caller.
 //
 // To be called inside the transaction that saves the contract. When that unit is replayed after a lock conflict, the
 // contract must be loaded again first: iDocNum still names the document that was rolled back.
 //
-// False: the suite gave no document number; nothing more was written. Throws CMySQLException, and KAccountingError as
+// False: the suite assigned no document number; nothing more was written. Throws CMySQLException, and KAccountingError as
 // DocumentWriter does.
 [[nodiscard]] bool post(CTblAutomobilContracts &contract);
 

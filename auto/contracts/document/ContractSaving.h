@@ -14,7 +14,7 @@
 // Saves a contract that a user has written or changed: row, accounting document and custom fields together or not at all.
 namespace ContractSaving {
 
-// The document that the contract stands on.
+// The accounting document of the saved contract.
 struct Posted
 {
     int docNum = 0;

@@ -55,7 +55,7 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
     const OfficeSettings settings = readSettings();
     settings.requireOpen();
     const int key = addPlaceholder(settings);
-    // A plan that was stored on the way would be left without its contract.
+    // A plan stored meanwhile would be left without its contract.
     const bool confirmed = NewRecord::keptByEditor<CTblAutomobilContracts>(
         key, [&] { return edit(key, ContractEditorMode::New, settings, parent); }, [key] { StoredInstalments::remove(key); });
     return confirmed ? key : 0;
@@ -147,7 +147,7 @@ void CDlgAddAutomobilContract::showContractType(int contractType)
 void CDlgAddAutomobilContract::showInstalments()
 {
     const double amount = m_base->form()->edit(u"dAmount"_s)->number();
-    // Whoever buys pays the instalments.
+    // The buyer pays the instalments.
     CDlgCalcPayment::Run(key(), m_base->secondParty()->personField()->personID(), m_matter->amountLeftOf(amount), this,
                          isShowMode());
 }
@@ -204,7 +204,7 @@ void CDlgAddAutomobilContract::copyCar()
     m_chosenCar = chosen;
     const QStringList shortened = m_matter->takeVehicle(contractFromCar(*car));
     if (car->ownerID != 0) {
-        // Who comes from the list of persons is an ordinary party.
+        // A person from the list of persons is an ordinary party.
         m_base->firstParty()->setKind(PartyKind::Ordinary);
         m_base->firstParty()->takePerson(car->ownerID);
     }

@@ -20,17 +20,17 @@ class CDlgAddAutomobilContract final : public CDlgRecordEditor
     Q_OBJECT
 
 public:
-    // Adds a contract with the next code and the settings' tax and duty, and opens it. The new contract's key, or 0 when
-    // the user cancelled: the contract is deleted again then.
+    // Adds a contract with the next code and the settings' tax and duty, and opens it. Returns its key, or 0 when
+    // the user cancelled: the contract is then deleted again.
     static int NewContract(QWidget *parent);
     // True when the user confirmed. False also when there is no such contract.
     static bool EditContract(int key, bool isNew, QWidget *parent);
-    // refresh is set when the contract was changed on the way (taken out of the archive). A key below 1 does nothing.
+    // refresh is set when the contract was changed meanwhile (taken out of the archive). A key below 1 does nothing.
     static void ShowContract(int key, bool &refresh, QWidget *parent);
 
-    // What an opening asks of the settings, in one statement.
+    // The settings that an opening needs, read in one statement.
     static OfficeSettings readSettings();
-    // The row that a new contract starts as; its key. Part of NewContract.
+    // Adds the row that a new contract starts as and returns its key. Part of NewContract.
     static int addPlaceholder(const OfficeSettings &settings = readSettings());
 
     CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent = nullptr);

@@ -277,7 +277,7 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
         m_form->control(mode() == ContractEditorMode::New ? column("dAmount") : column("iCode"))->setFocus(Qt::TabFocusReason);
 }
 
-// Both by one statement.
+// Both in one statement.
 void CDlgAddAutomobilContractBase::showPersons()
 {
     QStringList keys;

@@ -147,7 +147,7 @@ void CDlgAddAutomobilContractMatter::offerCities()
     m_form->setChoices(column("sCity"), cities);
     if (m_filling || cities.isEmpty())
         return;
-    // Another province was taken: a city that is known to lie elsewhere goes, one typed by hand stays.
+    // Another province was taken: a city known to be elsewhere is cleared, one typed by hand stays.
     QComboBox *city = m_form->comboBox(column("sCity"));
     if (city->findText(city->currentText()) < 0 && Provinces::isCity(city->currentText()))
         city->clearEditText();
@@ -198,8 +198,8 @@ void CDlgAddAutomobilContractMatter::write(CTblAutomobilContracts &contract)
 {
     m_form->store(contract);
     contract.m_sModel = toAsciiDigits(contract.m_sModel.trimmed());
-    // The page of an instalment sale has no line for what is left to pay, yet the printed contract states it: it is what the
-    // instalments are made of.
+    // The page of an instalment sale has no line for what is left to pay, yet the printed contract states it: it is the
+    // amount split into instalments.
     if (contract.m_iContractType == instalmentSale)
         contract.m_dRemainingAmount = amountLeftOf(contract.m_dAmount);
 }

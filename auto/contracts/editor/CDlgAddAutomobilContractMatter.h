@@ -31,8 +31,8 @@ public:
     // What of an instalment sale's amount is neither paid in cash nor by cheque, and so is split into instalments; never
     // below 0. In the suite's money unit.
     double amountLeftOf(double contractAmount) const;
-    // Shows these texts in their fields; the others stay as they are. Gives the names of the fields that do not hold all of
-    // theirs and show its beginning.
+    // Shows these texts in their fields; the others stay as they are. Returns the names of the fields whose text
+    // was too long and is cut.
     QStringList takeVehicle(const QList<ContractFieldText> &fields);
 
     KForm *form() const { return m_form; }

@@ -13,7 +13,7 @@ namespace {
 
 using Text = std::optional<QString>;
 
-// The words of a contract, which are not those of the car list. As there, the first stands for nothing chosen.
+// The words of a contract, which differ from those of the car list. As there, the first stands for nothing chosen.
 constexpr QStringView fuels[] = {u"-", u"بنزین", u"دوگانه سوز", u"گاز", u"گازوئیل", u"سایر"};
 
 Text word(WordLists::List words, int code)

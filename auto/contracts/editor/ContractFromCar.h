@@ -6,7 +6,7 @@
 #include <QList>
 #include <QString>
 
-// What a contract takes over of a car of the register. Names are those behind the car's keys, empty for what is not chosen or
+// What a contract takes over from a car of the register. Names are those behind the car's keys, empty for what is not chosen or
 // no longer there; numbers are 0 for what is not stated.
 struct CarForContract
 {

@@ -16,7 +16,7 @@ inline constexpr int most = 10;
 QStringList notes(const CTblAutomobilContracts &contract);
 // Why these notes cannot be kept, in words for the user: too many, or one too long for its column. Empty when they can.
 QString problem(const QStringList &notes);
-// Sets the notes in order and empties the columns behind them. More than ten are cut; check first.
+// Sets the notes in order and empties the remaining columns. More than ten are cut; check first.
 void setNotes(CTblAutomobilContracts &contract, const QStringList &notes);
 
 }

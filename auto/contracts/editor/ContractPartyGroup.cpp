@@ -25,7 +25,7 @@ namespace {
 
 using Kind = KFormField::Kind;
 
-// A field's accessible name tells the two sides apart.
+// A field's accessible name distinguishes the two sides.
 QString ofSide(const QString &label, int side)
 {
     return label + (side == 1 ? u" طرف اول"_s : u" طرف دوم"_s);
@@ -140,7 +140,7 @@ void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
     m_form.place(grid, 6, 0, m_side.byVirtue);
     m_form.place(grid, 6, 2, m_side.from);
 
-    // The contract keeps no column for these four: they are the person record's.
+    // The contract has no columns for these four: they come from the person's record.
     for (QWidget *control : {static_cast<QWidget *>(m_father), static_cast<QWidget *>(m_identityCity),
                              static_cast<QWidget *>(m_identityNumber), static_cast<QWidget *>(m_birth)})
         control->setToolTip(u"از پرونده شخص نمایش داده می‌شود و در قرارداد ذخیره نمی‌شود."_s);

@@ -50,7 +50,7 @@ struct ContractPartySide
     QList<KFormField> formFields() const;
 };
 
-// One side of a contract on the editor's base page: who it is, by kind, and what it pays. Its controls that mirror columns
+// One side of a contract on the editor's base page: its identity, by kind, and what it pays. Its controls that mirror columns
 // are those of the page's form; the rest of a person's data is shown from the list of persons.
 class ContractPartyGroup final : public QGroupBox
 {
@@ -71,10 +71,10 @@ public:
     QString name() const;
     // A discount that leaves a payment below zero; none otherwise.
     std::optional<KForm::Problem> discountProblem() const;
-    // Goes where the name is given: opens the picker, or the name line for a party typed by hand.
+    // Moves to where the name is entered: the picker, or the name line for a party typed by hand.
     void askForPerson();
 
-    // The kind as a person changes it. Emits kindChanged after the group shows what goes with the kind.
+    // Changes the kind as the user does. Emits kindChanged once the group shows what belongs to the kind.
     void setKind(PartyKind kind);
     // Takes over a person of the list; one that does not exist changes nothing.
     void takePerson(int personID);

@@ -37,7 +37,7 @@ KFormField place(const char *name, const QString &label, const QStringList &choi
     return field;
 }
 
-// Two fields bear the same label.
+// Two fields have the same label.
 KFormField sample(const char *name, const QString &label, const QString &which)
 {
     KFormField field{column(name), label};

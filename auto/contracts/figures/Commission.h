@@ -10,7 +10,7 @@
 // Rules of the dealership's commission on a contract: the figures of the editor's base page and how a change of one
 // recomputes the others. Amounts in the suite's money unit, percentages 0 to 100; nothing is rounded here.
 
-// Who stands on a side of the contract; the value stored in iPersonContract1 and iPersonContract2.
+// What kind of party a side of the contract is; the value stored in iPersonContract1 and iPersonContract2.
 enum class PartyKind {
     None = -1,    // nothing chosen: what the party pays is left alone by a change of the amount
     Ordinary = 0, // a person of the persons list
@@ -70,7 +70,7 @@ enum class CommissionField : std::size_t {
     Count
 };
 
-// Which figures a recomputation gave a new value.
+// The figures that a recomputation changed.
 class CommissionChanges
 {
 public:
@@ -86,7 +86,7 @@ private:
 double commissionValue(const CommissionFields &fields, CommissionField field);
 void setCommissionValue(CommissionFields &fields, CommissionField field, double value);
 
-// Brings the dependants of a field up to date after the person at the screen gave it the value it now has, and tells which
+// Brings the dependants of a field up to date after the user has set it to its current value, and returns which
 // figures (never the changed one itself) have a new value. Each figure that gets a new value passes it on to its own
 // dependants at once, before the next step of the figure that caused it:
 //

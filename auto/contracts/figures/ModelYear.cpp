@@ -10,7 +10,7 @@
 bool isModelYear(QStringView text)
 {
     const QString digits = toAsciiDigits(text.trimmed().toString());
-    // A sign or a group separator makes it something else than a year.
+    // With a sign or a group separator it is not a year.
     if (!std::ranges::all_of(digits, [](QChar character) { return character >= u'0' && character <= u'9'; }))
         return false;
     bool isNumber = false;

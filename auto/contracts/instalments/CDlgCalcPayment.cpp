@@ -374,7 +374,7 @@ void CDlgCalcPayment::savePlan()
         refuse(u"مبلغ مانده فاکتور با جمع مبالغ اقساط برابر نیست."_s, m_principal);
         return;
     }
-    // What the list shows is stored already, unless it was calculated since.
+    // The plan in the list is stored already, unless it was just calculated.
     if (!m_plan)
         return;
     const KWaitCursor wait;

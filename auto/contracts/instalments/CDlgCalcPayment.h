@@ -26,7 +26,7 @@ class CDlgCalcPayment final : public KDialog
     Q_OBJECT
 
 public:
-    // principal: what is proposed to be split, in the suite's money unit.
+    // principal: the amount proposed for splitting, in the suite's money unit.
     CDlgCalcPayment(int contractID, int personID, double principal, QWidget *parent = nullptr);
     ~CDlgCalcPayment() override;
 

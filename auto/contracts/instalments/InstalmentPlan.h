@@ -63,6 +63,6 @@ double monthlyRate(double rate, RateUnit unit);
 double intervalInMonths(int interval, IntervalUnit unit);
 
 // All instalments are equal, with no rounding and no remainder on the last. The first falls one step after the start date.
-// A step is the interval in days, or, for months, the length of the Shamsi month that the current date lies in - one month
+// A step is the interval in days, or, for months, the length of the Shamsi month that contains the current date - one month
 // whatever the interval, which counts in the interest only. Terms must have no problem.
 InstalmentPlan instalmentPlan(const InstalmentTerms &terms);

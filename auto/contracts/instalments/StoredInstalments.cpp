@@ -20,7 +20,7 @@ namespace {
 constexpr int decliningLevel = 1;
 constexpr int wholeLevel = 2;
 
-// The day one step before the first instalment: of the month lengths that there are, the one that leads to it.
+// The day one step before the first instalment: the possible month lengths are tried for the one that leads to it.
 QDate startBefore(const QDate &firstDue, const InstalmentTerms &terms)
 {
     if (terms.intervalUnit == IntervalUnit::Days)
@@ -111,7 +111,7 @@ InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
     terms.rateUnit = first.monthlyRate ? RateUnit::Monthly : RateUnit::Yearly;
     terms.method = first.method;
     terms.start = startBefore(first.due.date(), terms);
-    // The interest grows with the rate, so one percent tells the rate; rounded to the decimals that a rate is typed with.
+    // The interest grows with the rate, so one percent's interest yields the rate; rounded to the decimals of a typed rate.
     terms.rate = 1;
     if (problemOf(terms) != InstalmentProblem::None)
         return terms;

@@ -33,7 +33,7 @@ struct Row
 std::vector<Row> load(int contractID);
 
 // Deletes the contract's earlier plan and adds the new one, row by row: when an insert fails (CMySQLException), the rows
-// before it stand and the earlier plan is gone.
+// before it stay and the earlier plan is gone.
 void save(int contractID, int contractCode, int personID, const InstalmentTerms &terms, const InstalmentPlan &plan);
 
 // The terms that a stored plan was made of, from its rows: the rate from the interest, the start from the first date.

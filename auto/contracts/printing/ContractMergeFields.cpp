@@ -26,8 +26,8 @@ struct Row
 {
     QStringView name;
     Format format = Format::Text;
-    std::vector<QStringView> columns;       // of the contract; none: the contract does not know it
-    std::vector<QStringView> personColumns; // of the person of an ordinary party, who then is asked instead
+    std::vector<QStringView> columns;       // of the contract; empty: the contract has none
+    std::vector<QStringView> personColumns; // used instead for an ordinary party, from its person's record
     QStringView deducted = {};
 };
 

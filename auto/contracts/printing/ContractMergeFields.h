@@ -13,7 +13,7 @@
 // What a printed contract says in each merge field of its template: one table of names, columns and formats, so that every
 // value can be checked without a word processor.
 
-// A record by its columns' names: texts, doubles, whole numbers, date-times (invalid: not given).
+// A record by its columns' names: texts, doubles, whole numbers, date-times (invalid: not stated).
 using RecordValues = std::function<QVariant(QStringView column)>;
 
 struct MergeField
@@ -66,7 +66,7 @@ using ContractMergeBatches = std::array<MergeBatch, static_cast<std::size_t>(Mer
 //   IdentityCodeCity / IdentityCodeCity2 sIdentityCity                         -
 //
 // Amounts are grouped by three with the decimals of the money unit, 0 included; dates are Shamsi; codes are not grouped, and
-// a registry number of 0 is one not given; a time of midnight likewise, as a day entered without a time is stored so.
+// a registry number of 0 counts as not stated; a time of midnight likewise, as a day entered without a time is stored so.
 // Tax = value-added tax + duty of that party; pays = commission + tax - discount of that party, the commission being the
 // same for both.
 ContractMergeBatches contractMergeFields(const ContractForPrinting &source);

@@ -58,7 +58,7 @@ void fill(KMSWord &word, const ContractMergeBatches &batches)
     }
 }
 
-// A folder that the program cannot take away, another user's of that name say, stays.
+// A folder that the program cannot remove, such as another user's of that name, stays.
 void removeOldPrints(const QString &temporary)
 {
     const QDateTime oldest = QDateTime::currentDateTime().addDays(-daysToKeep);
@@ -143,7 +143,7 @@ bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QStri
     word.SetFieldsValue({letterhead.name}, {letterhead.value}, 1);
     removeOldPrints(m_places.temporary);
     const QString folder = newPrintFolder(m_places.temporary);
-    // A letter is saved into the folder as such, which gives it the name of the file it was made from.
+    // A letter is saved into the folder as such and so gets the name of the file it was made from.
     if (folder.isEmpty() || !word.SaveAs(name.isEmpty() ? folder : QDir(folder).filePath(name))) {
         qCWarning(lcPrinting) << "cannot save into" << m_places.temporary << word.Failure();
         m_dialogs.warn(Trouble::NotSaved);

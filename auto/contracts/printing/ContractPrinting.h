@@ -15,22 +15,22 @@ class ContractPrinting
 {
 public:
     enum class Trouble {
-        TemplateMissing,    // the template has to be chosen; printing goes on with the one chosen
+        TemplateMissing,    // the template has to be chosen; printing continues with the one chosen
         ProcessorMissing,   // documents cannot be worked on here
-        TemplateUnreadable, // missing, damaged, no document, or one that could do harm
-        NotSaved,           // the temporary folder took no document
+        TemplateUnreadable, // missing, damaged, not a document, or one that could do harm
+        NotSaved,           // the document could not be written to the temporary folder
         NotOpened           // there is a document, but nothing to show it with
     };
 
-    // What printing asks of the person at the screen and of the desktop.
+    // What printing needs from the user and from the desktop.
     struct Dialogs
     {
         std::function<void(Trouble)> warn;
-        std::function<QString()> chooseTemplate;       // the path; empty: given up
+        std::function<QString()> chooseTemplate;       // the path; empty: cancelled
         std::function<bool(const QString &path)> open; // shows the finished document; false: nothing to show it with
     };
 
-    // Where templates lie and documents go. Empty: beside the module; the user's temporary folder.
+    // Folders of the templates and of the documents. Empty: beside the module; the user's temporary folder.
     struct Places
     {
         QString templates;
@@ -39,10 +39,10 @@ public:
 
     explicit ContractPrinting(Dialogs dialogs, Places places = {});
 
-    // Prints the contract of that key; a contract that is gone is passed over. Every failure ends it, with at most one
+    // Prints the contract with that key; a contract that is gone is ignored. Every failure ends it, with at most one
     // warning. The document has the template's file name, in a new folder under the temporary one that no other user can
     // look into: it names persons, and an older print that is still open stays what it is. Folders of prints older than a
-    // week are taken away. Throws CMySQLException.
+    // week are removed. Throws CMySQLException.
     //
     // A template that had to be chosen is kept in the templates' folder under its own file name and, when the type has a
     // template, also under that one's, so that it is not asked for again; not before it has proved readable. When that

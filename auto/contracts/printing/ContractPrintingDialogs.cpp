@@ -35,7 +35,7 @@ QString askForTemplate(QWidget *parent)
     QFileDialog dialog(parent, u"فایل نامه را انتخاب کنید"_s);
     dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    // The pattern that is looked for is the one in the brackets of the text.
+    // The pattern is the part of the text in brackets.
     dialog.setNameFilter(u"فایل میاکروسافت وورد(*.docx)"_s);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

@@ -35,7 +35,7 @@ bool KeptTemplate::stage(const QString &path, const QString &folder, const QStri
         names.insert(typeName);
     for (const QString &name : std::as_const(names)) {
         const QString target = QDir(folder).filePath(name);
-        // Of a file that is chosen from the folder itself there is nothing to copy.
+        // A file chosen from the folder itself need not be copied.
         if (QFileInfo::exists(target) && QFileInfo(target) == QFileInfo(path))
             continue;
         m_copies.push_back(std::make_unique<QSaveFile>(target));

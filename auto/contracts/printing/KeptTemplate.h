@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-// A template that a person pointed to, on its way into the templates' folder: staged beside the files that it will replace,
+// A template that the user chose, on its way into the templates' folder: staged beside the files that it will replace,
 // and put in their place only by commit, so that a file which turns out to be of no use leaves the folder as it was.
 class KeptTemplate
 {

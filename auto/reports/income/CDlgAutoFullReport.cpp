@@ -46,7 +46,7 @@ const QString chartPrintCaption = u"چاپ نمودار"_s;
 
 struct SortKey
 {
-    const char16_t *name; // as it is kept in the settings
+    const char16_t *name; // as stored in the settings
     IncomeAndExpenses::Order order;
 };
 
@@ -157,7 +157,7 @@ QWidget *CDlgAutoFullReport::buildFilter()
     auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s);
     search->setAutoDefault(false);
     connect(search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
-    // Queued: Enter goes on to the next field first, and a wrong entry must have the focus in the end.
+    // Queued: Enter moves to the next field first, and a wrong entry must have the focus in the end.
     for (KDateEdit *edit : {m_from, m_to})
         connect(edit, &QLineEdit::returnPressed, this, &CDlgAutoFullReport::search, Qt::QueuedConnection);
     connect(new QShortcut(QKeySequence(QKeySequence::Find), this), &QShortcut::activated, m_from,

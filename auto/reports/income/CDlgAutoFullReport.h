@@ -28,7 +28,7 @@ public:
     explicit CDlgAutoFullReport(QWidget *parent = nullptr);
     ~CDlgAutoFullReport() override;
 
-    // Opens it modally for a user who has access to it; tells one who has not.
+    // Opens it modally if the user has access to it; otherwise shows a message.
     static void Show(QWidget *parent);
 
     // For picking an account; to be called before the window is shown.
@@ -40,11 +40,11 @@ public:
     KDateEdit *fromDate() const { return m_from; }
     KDateEdit *toDate() const { return m_to; }
     IncomeChart *chart() const { return m_chart; }
-    // The list as it goes on paper.
+    // The list as it is printed.
     ListReport listReport() const;
 
 public Q_SLOTS:
-    // Reads the range as it stands; an entry that is no date is told and keeps the rows. Throws CMySQLException.
+    // Reads the range as it stands; an entry that is not a date is reported, and the rows stay. Throws CMySQLException.
     void search();
     void print();
     void printChart();

@@ -14,7 +14,7 @@ namespace {
 
 using namespace IncomeAndExpenses;
 
-// The accounts of one level of the chart; parent reads the code of the account above from the record.
+// The accounts of one level of the chart; parent returns the code of the account above from the record.
 template <class Table, class Parent>
 QList<ChartAccount> accounts(const QString &filter, const Parent &parent)
 {
@@ -28,7 +28,7 @@ QList<ChartAccount> accounts(const QString &filter, const Parent &parent)
 }
 
 // The codes of subsidiary accounts have two digits more than those of the general accounts that they begin with, so that
-// the group is found in them as well and one statement reads all of a level.
+// they start with the group as well and one statement reads a whole level.
 Group readGroup(int code, const QDateTime &from, const QDateTime &to)
 {
     Group group;

@@ -20,7 +20,7 @@ struct ChartAccount
     int parent = 0;
 };
 
-// The active accounts of one group, each level in the order that its rows shall have, and what stands on them by code.
+// The active accounts of one group, each level in the order of its rows, and their balances by code.
 struct Group
 {
     QList<ChartAccount> general;

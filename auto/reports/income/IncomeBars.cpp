@@ -13,9 +13,9 @@ namespace {
 using IncomeAndExpenses::Account;
 
 constexpr double million = 1'000'000;
-// Longer amounts than this go by millions.
+// Longer amounts than this are shown in millions.
 constexpr double highestPlain = 10 * million;
-constexpr int steps = 5; // of the axis, about
+constexpr int steps = 5; // of the axis, approximately
 
 QList<IncomeBars::Bar> barsOf(QList<Account> accounts, bool isIncome, const QString &others)
 {
@@ -34,7 +34,7 @@ QList<IncomeBars::Bar> barsOf(QList<Account> accounts, bool isIncome, const QStr
     return bars;
 }
 
-// 1, 2 or 5 with zeros behind it, so that the range has about that many steps.
+// 1, 2 or 5 followed by zeros, so that the range has about that many steps.
 double niceStep(double range)
 {
     const double least = std::max(1.0, range / steps);

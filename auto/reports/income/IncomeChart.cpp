@@ -44,7 +44,7 @@ QBarSet *addSet(QAbstractBarSeries *series, const QString &name, const QColor &c
     return set;
 }
 
-// A stack of which only one part is ever there: so each bar has its side's colour and all of them one width.
+// A stack of which only one part is ever present, so that each bar has its side's colour and all have one width.
 QHorizontalStackedBarSeries *makeSeries(const IncomeBars &bars)
 {
     auto *series = new QHorizontalStackedBarSeries;
@@ -70,7 +70,7 @@ QBarCategoryAxis *makeNames(const IncomeBars &bars)
     return names;
 }
 
-// Grows from the right. Its labels are texts, which alone can be grouped as amounts are everywhere.
+// Grows from the right. Its labels are texts, as only texts can be grouped like amounts elsewhere.
 QCategoryAxis *makeAmounts(const IncomeBars &bars)
 {
     auto *amounts = new QCategoryAxis;
@@ -82,7 +82,7 @@ QCategoryAxis *makeAmounts(const IncomeBars &bars)
         const double amount = bars.lowest + i * bars.step;
         amounts->append(DToMoney(amount, 0), amount);
     }
-    // Room for the last label, which is not shown where half of it would stand outside.
+    // Room for the last label, which is not shown where half of it would be outside.
     amounts->setRange(bars.lowest, bars.highest + bars.step / 2);
     amounts->setLabelsVisible(!bars.bars.isEmpty());
     return amounts;
@@ -106,7 +106,7 @@ void setLook(QChart &chart, const Look &look)
     }
 }
 
-// A name that is higher than its bar's room would be shown as three dots: many bars have smaller letters.
+// A name that is higher than its bar's room would be shown as three dots: with many bars the letters are smaller.
 void fitNames(QChart &chart, const QFont &font, qsizetype bars)
 {
     constexpr int smallest = 7;
@@ -207,7 +207,7 @@ void IncomeChart::tell(bool over, int index)
 
 void IncomeChart::draw(QPainter &painter, const QRectF &rectangle, const QString &heading) const
 {
-    // About what a screen shows on the width of a sheet.
+    // About as much as a screen shows, on the width of a sheet.
     constexpr double width = 1000;
     const QSizeF size(width, width * rectangle.height() / rectangle.width());
     QGraphicsScene scene;

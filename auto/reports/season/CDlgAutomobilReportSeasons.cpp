@@ -44,7 +44,7 @@ namespace {
 constexpr double highestTotal = 1e15;
 const QString section = u"DlgAutomobilReportSeasons"_s;
 const QString minimumKey = u"dMinAmount"_s;
-// Once the rows have been gathered the caption is written with the other letter yeh; it is so on purpose.
+// Once the rows have been gathered the caption is written with the other letter yeh; this is on purpose.
 const QString idleCaption = u"نمایش"_s;
 const QString busyCaption = u"لطفا صبر کنید..."_s;
 const QString showCaption = u"نمايش"_s;
@@ -144,11 +144,11 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     m_show = new QPushButton(QIcon(u":/icons/search.svg"_s), showCaption);
     m_show->setDefault(true);
     connect(m_show, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::refresh);
-    // Its other caption is longer; the window does not jump.
+    // Its other caption is longer; the window must not jump.
     m_show->setText(busyCaption);
     m_show->setMinimumWidth(m_show->sizeHint().width());
     m_show->setText(showCaption);
-    // Queued: Enter goes on to the next field first, and a wrong entry must have the focus in the end.
+    // Queued: Enter moves to the next field first, and a wrong entry must have the focus in the end.
     connect(m_minimumAmount, &QLineEdit::returnPressed, this, &CDlgAutomobilReportSeasons::refresh, Qt::QueuedConnection);
     second->addWidget(m_show);
     second->addSpacing(24);
@@ -221,7 +221,7 @@ QWidget *CDlgAutomobilReportSeasons::buildCommands()
     return box;
 }
 
-// The stored minimum amount gives way to the highest one each time the window opens.
+// Each time the window opens, the highest minimum amount replaces the stored one.
 void CDlgAutomobilReportSeasons::openOnToday()
 {
     const ShamsiDate today = GetShamsi(GetDBSetting()->GetDBServerDate().date());
@@ -292,7 +292,7 @@ void CDlgAutomobilReportSeasons::startGathering()
 
 void CDlgAutomobilReportSeasons::setBusy(bool busy)
 {
-    // What is disabled or hidden loses the focus to its neighbour; whoever types in a field meanwhile keeps it.
+    // A disabled or hidden control loses the focus to its neighbour; a user typing in a field meanwhile keeps it.
     if (qobject_cast<QPushButton *>(focusWidget()))
         m_list->setFocus();
     m_show->setText(busy ? busyCaption : idleCaption);
@@ -305,7 +305,7 @@ void CDlgAutomobilReportSeasons::setBusy(bool busy)
         Q_EMIT idle();
 }
 
-// The list lays itself out anew as a whole each time it grows, so it is told in steps that grow with it.
+// The whole list is laid out again each time it grows, so it is notified in steps that grow with it.
 void CDlgAutomobilReportSeasons::takeRows(const QVector<SeasonalRow> &rows)
 {
     m_rows->append(rows);
@@ -337,7 +337,7 @@ void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcom
     }
 }
 
-// The address column lies beyond the window's edge as it opens.
+// The address column is beyond the window's edge when it opens.
 void CDlgAutomobilReportSeasons::showTooLongAddress()
 {
     if (const int row = m_rows->firstTooLongAddress(); row >= 0)
@@ -351,7 +351,7 @@ void CDlgAutomobilReportSeasons::fail(const std::exception_ptr &error)
     KErrorBoundary::report(error, this);
 }
 
-// Part of a season is no report of it.
+// Part of a season is not a report of it.
 void CDlgAutomobilReportSeasons::dropRows()
 {
     m_rows = std::make_shared<SeasonalList>();
@@ -382,7 +382,7 @@ void CDlgAutomobilReportSeasons::sortBy(int column)
     m_list->selectKey(selected);
 }
 
-// The party of the row is mended in the list of persons, and every row that names it follows.
+// The party of the row is corrected in the list of persons, and every row that names it follows.
 void CDlgAutomobilReportSeasons::editParty(int key)
 {
     const SeasonalRow *row = m_rows ? m_rows->find(key) : nullptr;
@@ -413,8 +413,8 @@ void CDlgAutomobilReportSeasons::showPayable()
         CDlgPaymentAmount(m_seasons->checkedId(), quint16(m_year->integer()), this).exec();
 }
 
-// What the file says of itself comes from the fields; rows of another season, or none because somebody stopped their
-// gathering, must not go under it unnoticed.
+// The file's heading data come from the fields; rows of another season, or none because the user stopped their
+// gathering, must not be exported under it unnoticed.
 bool CDlgAutomobilReportSeasons::stillAsGathered()
 {
     const SeasonalGathering::Query now = query();
@@ -473,7 +473,7 @@ void CDlgAutomobilReportSeasons::print()
         CDlgReportGenerator(listReport(), this).ShowReport();
 }
 
-// While the rows are gathered the window stays.
+// While the rows are being gathered the window stays open.
 void CDlgAutomobilReportSeasons::done(int result)
 {
     if (isBusy())

@@ -22,7 +22,7 @@ class QWidget;
 class SeasonalList;
 
 // The seasonal tax report ("گزارش فصلي"): what the dealership sold or bought in a season, party by party, to be looked at,
-// mended, printed and written into the tax authority's file. The rows are gathered on a thread of their own.
+// corrected, printed and written into the tax authority's file. The rows are gathered on a thread of their own.
 class CDlgAutomobilReportSeasons : public KDialog, private KSecurity
 {
     Q_OBJECT
@@ -34,12 +34,12 @@ public:
     explicit CDlgAutomobilReportSeasons(QWidget *parent = nullptr);
     ~CDlgAutomobilReportSeasons() override;
 
-    // Whether the user may open it; tells one who may not.
+    // Whether the user may open it; if not, a message is shown.
     using KSecurity::CheckAccessSecurity;
 
     // What the controls ask for now.
     SeasonalGathering::Query query() const;
-    // Gathers the rows anew, on the other thread; nothing while it does so already.
+    // Gathers the rows again, on the other thread; does nothing while that is already running.
     void refresh();
     bool isBusy() const { return m_task.isRunning(); }
 
@@ -48,7 +48,7 @@ public:
     KEdit *minimumAmount() const { return m_minimumAmount; }
     QButtonGroup *seasons() const { return m_seasons; }
     QButtonGroup *kinds() const { return m_kinds; }
-    // The list as it goes on paper.
+    // The list as it is printed.
     ListReport listReport() const;
 
 Q_SIGNALS:
@@ -97,7 +97,7 @@ private:
     SeasonalTask m_task;
     std::shared_ptr<SeasonalList> m_rows;
     SeasonalGathering::Query m_gathered; // what the rows were gathered by
-    int m_shownRows = 0;                 // of them, as far as the list was told
+    int m_shownRows = 0;                 // how many of them the list has been notified of
     bool m_whole = false;                // the gathering came to its end
     KSortOrder m_order;
     bool m_opened = false;

@@ -36,7 +36,7 @@ PayableAmount PayableAmount::ofSeason(int season, int shamsiYear)
                                .arg(Season::condition(u"dateContract"_s, bounds)));
     PayableAmount amount;
     amount.sales = statement.GetDoubleFieldValue(twiceTheCommission);
-    // The lines of purchase invoices stand on the side of the sales, those of sales invoices on that of the purchases.
+    // The lines of purchase invoices count as sales, those of sales invoices as purchases.
     amount.sales += serviceLines(statement, invoicesInSeason, CTblFactors::purchase);
     amount.purchases = serviceLines(statement, invoicesInSeason, CTblFactors::sale);
     return amount;

@@ -24,7 +24,7 @@ Bounds bounds(int season, int shamsiYear);
 // offered from its last month on, and early in a year the winter before is not.
 int ofMonth(int shamsiMonth);
 
-// Whether the column's date-time lies in the season. The bound above is the day after the last one and not itself part of
+// Whether the column's date-time is within the season. The upper bound is the day after the last one and not itself part of
 // the season: all of the last day counts, and the first moment of the next season does not count twice. Nothing is in a
 // season that does not exist.
 QString condition(const QString &column, const Bounds &bounds);

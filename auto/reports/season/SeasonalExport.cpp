@@ -121,7 +121,7 @@ SeasonalExport::Outcome SeasonalExport::run(const QString &folder, const ReportP
         return ready;
     const QString name = fileName(m_report.kind, m_report.year, m_report.season);
     const QString target = QDir(folder).filePath(name);
-    // A year that would lead out of the folder, and a folder of that name, are found here and not after all the work.
+    // A year that would lead out of the folder, and a folder of that name, are detected here and not after all the work.
     if (QFileInfo(name).fileName() != name || name.contains(u'\\') || QFileInfo(target).isDir())
         return Outcome::CopyFailed;
     const QTemporaryDir aside(QDir(folder).filePath(u".TTMS-XXXXXX"_s));

@@ -10,8 +10,8 @@
 #include <functional>
 
 // Writes the rows of the seasonal report into a copy of the tax authority's template. The copy is made aside in the target
-// folder and takes its place when it is whole: an export that fails or is stopped leaves no file behind and leaves alone what
-// stood there before.
+// folder and takes its place when it is whole: an export that fails or is stopped leaves no file behind and does not touch what
+// was there before.
 class SeasonalExport
 {
 public:
@@ -22,8 +22,8 @@ public:
     enum class Outcome {
         Done,
         TemplateMissing,
-        CompanyEmpty, // the dealership's own details were never given
-        CopyFailed,   // the folder takes no file of that name
+        CompanyEmpty, // the dealership's own details were never entered
+        CopyFailed,   // a file of that name cannot be written to the folder
         Cancelled     // stopped by progress
     };
 
@@ -40,10 +40,10 @@ public:
     // The folder of the template, the mapping and the helper; empty: the module's.
     explicit SeasonalExport(Report report, const QString &moduleFolder = {});
 
-    // What can be told before a folder is chosen: Done, TemplateMissing or CompanyEmpty. Throws CMySQLException.
+    // What can be checked before a folder is chosen: Done, TemplateMissing or CompanyEmpty. Throws CMySQLException.
     Outcome check() const;
 
-    // Runs the whole into the folder, replacing an earlier file of the same name. Progress gets the rows that stand in the file
+    // Exports into the folder, replacing an earlier file of the same name. Progress gets the rows that stand in the file
     // and their number, often enough to keep windows alive. Throws KAccountingError (no Java, no helper, a value that the file
     // does not take, full disk), CMySQLException.
     Outcome run(const QString &folder, const ReportProgress &progress = {}) const;

@@ -29,7 +29,7 @@ QString warningText(SeasonalExport::Outcome outcome)
     return {};
 }
 
-// Tells what went wrong, if anything did; stopping is what the person wanted.
+// Shows what went wrong, if anything did; stopping is what the user wanted.
 bool isDone(SeasonalExport::Outcome outcome, QWidget *parent)
 {
     const QString text = warningText(outcome);

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-// The export as the person at the screen meets it: what is missing is told, a folder is chosen, progress is shown with a way
-// to stop, and in the end the folder is opened. True when a file was written. What no dialog of these steps tells (no Java, a
+// The export as the user sees it: missing parts are reported, a folder is chosen, progress is shown with a way to stop,
+// and in the end the folder is opened. True when a file was written. What no dialog of these steps reports (no Java, a
 // full disk) is thrown: KAccountingError, CMySQLException.
 bool exportSeasonWithDialogs(QWidget *parent, const SeasonalExport::Report &report, const QString &moduleFolder = {});

@@ -168,7 +168,7 @@ void Gatherer::readDocuments(const QSet<int> &numbers)
         m_documents.insert({documents.m_iNum, documents.m_iFiscalYear}, documents.m_date.date());
 }
 
-// Somebody who is in no list is the dealership's own matter.
+// A party that is in no list is the dealership itself.
 Party Gatherer::partyFor(int personID) const
 {
     return m_persons.value(personID, m_company);
@@ -197,7 +197,7 @@ void Gatherer::addContracts()
     }
 }
 
-// In the order of their dates, without the small ones, which are summed on the way.
+// In the order of their dates, without the small ones, which are summed meanwhile.
 QVector<Gatherer::Contract> Gatherer::readContracts()
 {
     QVector<Contract> contracts;
@@ -292,8 +292,8 @@ QVector<Gatherer::Invoice> Gatherer::readInvoices(const QString &ofType)
     return invoices;
 }
 
-// The lines of all invoices in one statement: the season's numbers lie together, and the few of other days between them are
-// passed over here. In the order of their invoices, and within one as they were entered; those of nobody's are left out.
+// The lines of all invoices in one statement: the season's numbers are adjacent, and the few of other days between them are
+// skipped here. In the order of their invoices, and within one as they were entered; lines without a person are left out.
 QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, const QString &ofType) const
 {
     QHash<int, qsizetype> positions;

@@ -28,7 +28,7 @@ struct Query
     int shamsiYear = 0;
     double minimumAmount = 0;  // contracts with a smaller commission are summed, smaller lines left out; in the money unit
     int departmentID = 0;      // whose invoices count; 0: departments are not in use
-    bool kindFromMark = false; // a person's own mark tells whether it is a natural one, not its kind
+    bool kindFromMark = false; // a person's own mark, not the kind, decides whether it is a natural person
     CompanyDetails company;    // stands in for a party that is not in the list of persons
 };
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Sorts positions by keys that each row is asked for once.
+// Sorts positions by keys that are read once from each row.
 template <class Key, class KeyOf>
 void sortByKeys(std::vector<int> &order, bool descending, const KeyOf &keyOf)
 {

@@ -18,7 +18,7 @@ public:
     // Null when no row has the key.
     const SeasonalRow *find(int key) const;
 
-    // New rows stand behind all others, whatever the order.
+    // New rows come after all others, whatever the order.
     void append(const QVector<SeasonalRow> &rows);
     // By what the column's cells hold: numbers as numbers, dates as dates, texts as they are read; ties in the order of
     // gathering. Column RowNumber is that order itself.

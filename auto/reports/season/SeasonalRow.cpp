@@ -29,7 +29,7 @@ QString codeText(int code)
     return code == 0 ? QString() : QString::number(code);
 }
 
-// Only these kinds are the authority's.
+// The tax authority knows only these kinds.
 QString partyKindText(int code)
 {
     return code >= 5 && code <= 8 ? QString::number(code) : QString();

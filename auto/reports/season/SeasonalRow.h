@@ -11,7 +11,7 @@
 #include <memory>
 #include <optional>
 
-// Whom a row of the seasonal report names to the tax authority.
+// The party that a row of the seasonal report names to the tax authority.
 struct TaxParty
 {
     int personID = 0; // 0 when the row is nobody's in the list of persons

@@ -27,7 +27,7 @@ void SeasonalTask::start(const SeasonalGathering::Query &query)
     m_thread->start();
 }
 
-// On the thread of the gathering. What it hands over is queued to the other one.
+// On the thread of the gathering. What it passes on is queued to the other one.
 void SeasonalTask::run(const SeasonalGathering::Query &query)
 {
     SeasonalGathering::Outcome outcome;

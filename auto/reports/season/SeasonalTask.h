@@ -20,10 +20,10 @@ class SeasonalTask : public QObject
 
 public:
     explicit SeasonalTask(QObject *parent = nullptr);
-    // Stops a gathering that runs and waits for it.
+    // Stops a running gathering and waits for it.
     ~SeasonalTask() override;
 
-    // Nothing while one runs.
+    // Does nothing while one is running.
     void start(const SeasonalGathering::Query &query);
     // The rows that are on their way still arrive; the outcome says that it was cancelled.
     void cancel() { m_cancelled = true; }

@@ -14,16 +14,16 @@ class CDlgAddAutomobilDemand final : public CDlgRecordEditor
     Q_OBJECT
 
 public:
-    // Adds a demand with the next code and opens it. The new demand's key, or 0 when the user cancelled: the demand is
-    // deleted again then, with what was attached to it on the way. Throws when the database is closed.
+    // Adds a demand with the next code and opens it. Returns its key, or 0 when the user cancelled: the demand is
+    // then deleted again, with everything attached to it meanwhile. Throws when the database is closed.
     static int NewDemand(QWidget *parent);
     // Opens a demand that is already in the table. True when the user confirmed. False also when there is no such demand.
-    // Throws when the database is closed. refresh is set when the demand was taken out of the archive on the way.
+    // Throws when the database is closed. refresh is set when the demand was taken out of the archive meanwhile.
     static bool EditDemand(int demandID, bool &refresh, QWidget *parent);
     // Opens the demand read-only. A key below 1 does nothing.
     static void ShowDemand(int demandID, bool &refresh, QWidget *parent);
 
-    // The row that a new demand starts as; its key. Part of NewDemand.
+    // Adds the row that a new demand starts as and returns its key. Part of NewDemand.
     static int addPlaceholder(const QDateTime &now = GetDBSetting()->GetDBServerDate());
 
     CDlgAddAutomobilDemand(int demandID, EditorMode mode, QWidget *parent = nullptr);

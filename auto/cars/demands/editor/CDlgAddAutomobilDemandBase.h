@@ -12,7 +12,7 @@ class KEdit;
 class PersonGroup;
 class QHBoxLayout;
 
-// The page of the demand editor: who asks, for what, and when to remind of it.
+// The page of the demand editor: the customer, the car wanted, and the reminder.
 class CDlgAddAutomobilDemandBase final : public EditorPage<CTblAutomobilDemands>
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private:
     QWidget *buildWishes(QWidget *content);
     QWidget *buildTexts(QWidget *content);
     KEdit *addShown(QHBoxLayout *row, const QString &label, QWidget *parent);
-    // What the description of a new reminder begins with: the demand, who asks and for which car.
+    // The beginning of a new reminder's description: the demand, its customer and the car wanted.
     QString proposedReminder() const;
 
     KForm *m_form = nullptr;

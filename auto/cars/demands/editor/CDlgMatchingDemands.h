@@ -6,13 +6,13 @@
 #include "auto/cars/matching/CDlgMatches.h"
 #include "auto/cars/matching/DemandMatch.h"
 
-// "متقاضیان": the demands, not archived and active, that a car fits, best first.
+// "متقاضیان": the active demands, not archived, that a car fits, best match first.
 class CDlgMatchingDemands
 {
 public:
-    // Modal. Does nothing for a car that is gone, and tells a user who may not open the list of demands.
+    // Modal. Does nothing for a car that is gone, and shows a message when the user may not open the list of demands.
     static void Show(int carID, QWidget *parent);
-    // For a car as it is offered, whatever of it is stored.
+    // For a car as it is being offered, whether or not it is stored so.
     static void Show(const OfferedCar &offer, int carCode, QWidget *parent);
 
     static MatchTable table(int carID);

@@ -12,7 +12,7 @@ class QCheckBox;
 class QPushButton;
 
 // The reminder of a demand on its editor's page. "يادآوري شود" is ticked while the demand has a reminder: it adds one, and
-// opens the one that there is, as "تنظيمات " does. A reminder that was added belongs to the demand at once, whether or not
+// opens the existing one, as "تنظيمات " does. A reminder that was added belongs to the demand at once, whether or not
 // the editor is confirmed, as an attached file does.
 class DemandReminder final : public QGroupBox
 {
@@ -21,7 +21,7 @@ class DemandReminder final : public QGroupBox
 public:
     explicit DemandReminder(QWidget *parent = nullptr);
 
-    // proposed gives what the description of a new reminder begins with.
+    // proposed returns what the description of a new reminder begins with.
     void bind(int demandID, int demandCode, int alarmID, const std::function<QString()> &proposed);
     // The group is hidden until then: it is for a demand that may be changed, and for one that has a reminder to read.
     void showFor(bool changeable);

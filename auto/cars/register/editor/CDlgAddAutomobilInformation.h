@@ -16,10 +16,10 @@ class CDlgAddAutomobilInformation final : public CDlgRecordEditor
 
 public:
     // Opens a car that is already in the table; isNew only makes the pages start as those of a new car. True when the user
-    // confirmed. False also when there is no such car. changed, if given, is set when the car was taken out of the archive on
-    // the way, which closes the window as cancelled. Throws when the database is closed.
+    // confirmed. False also when there is no such car. changed, if not null, is set when the car was taken out of the archive
+    // meanwhile, which closes the window as cancelled. Throws when the database is closed.
     static bool EditCar(int carID, bool isNew, QWidget *parent, bool *changed = nullptr);
-    // Opens the car read-only. changed is set when the car was taken out of the archive on the way. A key below 1 does
+    // Opens the car read-only. changed is set when the car was taken out of the archive meanwhile. A key below 1 does
     // nothing.
     static void ShowCar(int carID, bool &changed, QWidget *parent);
 
@@ -40,7 +40,7 @@ protected:
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
-    // False after the user has been told: entries that are no values, and a buyer who is the owner.
+    // False, after a message, for entries that are no valid values and for a buyer who is also the owner.
     bool checkEntries();
     bool checkParties();
 

@@ -128,7 +128,7 @@ QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
     return box;
 }
 
-// What the car has stands beside what it lacks of it.
+// The equipment that the car has, beside what it lacks.
 QWidget *CDlgAddAutomobilInformationBase::buildEquipment(QWidget *content)
 {
     auto *box = new QGroupBox(u"لوازم، مدارک و توضيحات"_s, content);

@@ -24,7 +24,7 @@ public:
     ~CDlgAddAutomobilInformationBase() override;
 
     void fill(CTblAutomobilInformations &car) override;
-    // A car has an owner. Without one the picker of persons opens behind the warning.
+    // A car has an owner. Without one the picker of persons opens after the warning.
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilInformations &car) override;
 
@@ -35,7 +35,7 @@ public:
     KForm *form() const { return m_form; }
     PersonGroup *owner() const { return m_owner; }
     KStaticImage *picture() const { return m_picture; }
-    // What stands beside a VIN that looks wrong; empty otherwise.
+    // The hint beside a VIN that looks wrong; empty otherwise.
     QString vinHint() const;
 
 private:

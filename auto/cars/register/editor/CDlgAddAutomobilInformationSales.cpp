@@ -29,7 +29,7 @@ namespace {
 const QString notaryCostColumn = u"dAmountPresence"_s;
 const QString profitColumn = u"dProfitAndLoss"_s;
 
-// Where the amounts of the rule stand.
+// The columns of the rule's amounts.
 const std::pair<QString, double SaleAmounts::*> inputs[] = {
     {u"dSoldAmount"_s, &SaleAmounts::sold},
     {u"dPurchasePriceOfOwner"_s, &SaleAmounts::purchase},

@@ -18,7 +18,7 @@ public:
     explicit CDlgAddAutomobilInformationSales(EditorMode mode, QWidget *parent = nullptr);
     ~CDlgAddAutomobilInformationSales() override;
 
-    // A tariff that the page holds gives the notary's cost in place of the stored one.
+    // The tariff chosen on the page, if any, sets the notary's cost in place of the stored one.
     void fill(CTblAutomobilInformations &car) override;
     // The page has no checks of its own.
     [[nodiscard]] bool validate() override;

@@ -7,14 +7,14 @@
 
 struct DemandWishes;
 
-// "خودروهای مناسب": the cars, not sold, not archived and active, that fit a demand, best first.
+// "خودروهای مناسب": the active cars, neither sold nor archived, that fit a demand, best match first.
 class CDlgMatchingCars
 {
 public:
-    // Modal. Does nothing for a demand that is gone, and tells a user who may not open the register of cars.
+    // Modal. Does nothing for a demand that is gone, and shows a message when the user may not open the register of cars.
     static void Show(int demandID, QWidget *parent);
 
     static MatchTable table(int demandID);
-    // What a demand asks for, as one line says it; parts that ask nothing are left out.
+    // What a demand asks for, in one line; parts that ask nothing are left out.
     static QString wishesText(const DemandWishes &wishes, const QString &type, const QString &color);
 };

@@ -51,7 +51,7 @@ KFormField year()
     return field;
 }
 
-// The months by their numbers, behind the one entry for a car of which only the year is known.
+// The months by their numbers, after an entry for a car of which only the year is known.
 KFormField month()
 {
     QStringList names{u"تمام ماه ها"_s};
@@ -68,7 +68,7 @@ KFormField insuranceName()
     return {u"sNameInsurance"_s, u"نام بيمه گذار :"_s, Kind::EditableChoice};
 }
 
-// Two amounts bear the same label, so their names tell whose they are.
+// Two amounts have the same label, so their names say whose they are.
 KFormField amountOf(const QString &column, const QString &label, const QString &ofWhat)
 {
     return {column, label, Kind::Money, label + u' ' + ofWhat};

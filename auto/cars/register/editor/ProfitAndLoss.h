@@ -13,6 +13,6 @@ struct SaleAmounts
     double notaryRemaining = 0;
 };
 
-// What was sold for, less everything else; below 0 for a loss. The notary's remaining amount is subtracted as well as the
+// The sale price less everything else; below 0 for a loss. The notary's remaining amount is subtracted as well as the
 // notary's cost.
 double profitAndLoss(const SaleAmounts &amounts);

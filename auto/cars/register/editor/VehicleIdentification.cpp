@@ -13,11 +13,11 @@ constexpr int length = 17;
 constexpr int checkPosition = 8;
 constexpr std::array<int, length> weights = {8, 7, 6, 5, 4, 3, 2, 10, 0, 9, 8, 7, 6, 5, 4, 3, 2};
 
-// By letter from A; -1 for those that no number has.
+// By letter from A; -1 for letters that no VIN contains.
 constexpr std::array<int, 26> letterValues = {1, 2, 3, 4, 5, 6, 7, 8, -1, 1, 2, 3, 4,
                                               5, -1, 7, -1, 9, 2, 3, 4, 5, 6, 7, 8, 9};
 
-// -1 for a character that no number has.
+// -1 for a character that no VIN contains.
 int valueOf(QChar c)
 {
     if (c >= u'0' && c <= u'9')
