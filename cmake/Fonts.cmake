@@ -3,7 +3,7 @@
 
 # The font of the program: Vazirmatn in the cut that draws ASCII digits in Persian shape, so that texts are stored and
 # compared with ASCII digits and still read as an office expects. It stands beside the program, which loads every *.ttf of
-# share/tzauto/fonts, in the build tree as after installation. Without it the program uses the system's Noto.
+# share/tzauto/fonts, in the build tree as in an installation. Without it the program uses the system's Noto.
 
 set(TZ_FONT_PACKAGE "${PROJECT_SOURCE_DIR}/node_modules/vazirmatn" CACHE PATH "Unpacked npm package of the font")
 

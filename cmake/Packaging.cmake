@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# What is installed beside the targets, and the .deb: `cpack --config build/release/CPackConfig.cmake -B build`.
+# What is installed besides the targets, and the .deb: `cpack --config build/release/CPackConfig.cmake -B build`.
 
 install(FILES packaging/tzhost.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/io.tzauto.tzhost.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
@@ -9,7 +9,7 @@ install(FILES resources/icons/tzauto.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/ic
     RENAME tzhost.svg)
 install(FILES README.md SECURITY.md packaging/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tzauto)
 
-# What packages.txt names for whom uses the program; the linked libraries come from dpkg-shlibdeps.
+# What packages.txt names for running the program; the linked libraries come from dpkg-shlibdeps.
 file(STRINGS packages.txt lines)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packages.txt)
 set(section "")

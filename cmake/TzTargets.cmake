@@ -15,7 +15,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 
-# Installed, the libraries and the module have a folder of their own: nobody else links them.
+# Installed, the libraries and the module have a folder of their own: nothing else links them.
 set(TZ_LIBRARY_DIR lib/tzauto)
 set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${TZ_LIBRARY_DIR}")
 
@@ -25,7 +25,7 @@ if(TZ_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_SLOPPINESS=pch_defines,time_macros" "${TZ_CCACHE}")
 endif()
 
-# Programs are compiled as libraries are, so that both can use one precompiled header.
+# Programs are compiled the way libraries are, so that both can use one precompiled header.
 set(CMAKE_CXX_COMPILE_OPTIONS_PIE "-fPIC")
 
 # Debug information stays beside the objects, compressed, so that linking and the linked programs do without it.
@@ -80,7 +80,7 @@ function(tz_use_pch name pch)
     target_precompile_headers(${name} REUSE_FROM ${pch})
 endfunction()
 
-# tz_link_all(NAME): a name that no linked library has is an error here and not at a click; so a link list is a whole one.
+# tz_link_all(NAME): a name that no linked library has is an error here and not at a click, so every link list is complete.
 function(tz_link_all name)
     if(NOT TZ_SANITIZE)
         target_link_options(${name} PRIVATE LINKER:--no-undefined)
@@ -135,7 +135,7 @@ function(tz_kind_of source variable)
 endfunction()
 
 # tz_suite_library(NAME [PCH PCH] [ROOMS ROOM...] [KINDS KIND...] LINK ...): a shared library of the suite. Its sources are
-# those of its rooms, without any those of its folder; of the kinds, without any all.
+# those of its rooms, or of its folder when no room is given; of the given kinds, or of all kinds.
 function(tz_suite_library name)
     cmake_parse_arguments(arg "" "PCH" "ROOMS;KINDS;LINK" ${ARGN})
     if(NOT arg_PCH)
@@ -157,8 +157,8 @@ endfunction()
 
 # tz_tests([NAME name] [PCH PCH] [SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every
 # Test*.cpp of the folder, or those given, go into one test program of the folder; ctest starts it once for each test class,
-# which has the name of its file. LABELS are those of each test. Called again, with a name, it takes what the calls before it
-# have left. What links no windows says PCH TzCoreTestPch.
+# which has the name of its file. LABELS apply to each test. Called again, with a name, it takes the files that earlier calls
+# left. A test that links no windows says PCH TzCoreTestPch.
 function(tz_tests)
     cmake_parse_arguments(arg "" "NAME;PCH" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
     get_property(taken GLOBAL PROPERTY TZ_TAKEN_TESTS)
@@ -176,10 +176,10 @@ function(tz_tests)
         string(APPEND program "_${arg_NAME}")
     endif()
     add_executable(${program} ${arg_SOURCES} ${arg_HELPERS})
-    # The module's types are visible here too: what a class counts of its objects is then one number for both.
+    # The module's types are visible here too, so that a class's count of its objects is one number for both.
     set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests" CXX_VISIBILITY_PRESET default)
     target_link_libraries(${program} PRIVATE tz_options TzTestMain ${arg_LINK} tz_qtest)
-    # Also with a library that it calls nothing of: the message box comes with the windows' one.
+    # Also a library that it calls nothing of: the message box comes with the one of the windows.
     target_link_options(${program} PRIVATE LINKER:--no-as-needed)
     target_compile_definitions(${program} PRIVATE ${arg_DEFINITIONS})
     if(arg_DEPENDS)

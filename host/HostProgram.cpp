@@ -48,7 +48,7 @@ DataFolder chooseFolder(const HostOptions &options)
     return DataFolder(options.demo ? DataFolder::demoPath() : DataFolder::defaultPath());
 }
 
-// Ends what runs without a return value; the error reaches the person at the screen in one message.
+// Ends a run that has no return value; the error reaches the user in one message.
 void tellFailure()
 {
     try {
@@ -82,7 +82,7 @@ int HostProgram::start(int argc, char **argv)
     KApplication::setApplicationName(u"tzhost"_s);
     KApplication::setApplicationVersion(u"" TZ_VERSION ""_s);
     KApplication::setDesktopFileName(u"tzhost"_s);
-    // Dialogs come and go before the main window; only its end is the end of the program.
+    // Dialogs come and go before the main window; only closing that one ends the program.
     KApplication::setQuitOnLastWindowClosed(false);
     HostLook::apply(application);
     clock.reached("application");
@@ -240,7 +240,7 @@ void HostProgram::work()
     QEventLoop loop;
     connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
     m_window = &window;
-    // The window is seen first.
+    // The window appears first.
     QTimer shown;
     shown.setSingleShot(true);
     connect(&shown, &QTimer::timeout, &window, &MainWindow::tellDueReminders);
@@ -271,7 +271,7 @@ bool HostProgram::restartServer()
         try {
             m_server->restart([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
             m_splash.hide();
-            // What was connected to the server that ended would fail once more before it notices.
+            // Connections to the server that ended would fail once more before they notice.
             KConnection::closeThreadConnections();
             qCInfo(lcHost) << "the server runs again";
             return true;

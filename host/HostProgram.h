@@ -38,7 +38,7 @@ private:
     void prepareSchema();
     bool prepareOffice();
     void fillDemo();
-    // True when somebody logged in.
+    // True when a user logged in.
     bool login();
     void work();
     void serverEnded(const QString &message, const QString &detail);

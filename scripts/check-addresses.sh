@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # The sources name no address that a build would fetch from: what they need comes through the package managers' own
-# settings, so that an office behind a mirror builds as anybody else. Allowed are names of formats and of the licence.
+# settings, so that an office behind a mirror builds like any other. Allowed are names of formats and of the licence.
 
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/files.sh"

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Every file says in its first lines whose it is and under which licence; left out are formats that hold no comment.
+# Every file names its owner and licence in its first lines, except in formats that cannot hold a comment.
 
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/files.sh"

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# packages.txt reads as its readers expect: known sections, one well-formed package name per line, none twice in a section.
+# packages.txt has the form that its readers expect: known sections, one well-formed package name per line, none twice in a section.
 
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/files.sh"

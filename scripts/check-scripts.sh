@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Every shell script parses, and those with a first line for the shell can be started.
+# Every shell script parses, and those with a shebang line are executable.
 
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/files.sh"

@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # Sourced by the checks: project_files lists the files of the project, relative to $root, as git knows them, also those not
-# added yet; without git (an unpacked release, a machine that has none) everything but what a build makes.
+# yet added; without git (an unpacked release, a machine that has none) everything except build output.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 

@@ -5,8 +5,8 @@
 # usage: scripts/lint.sh FILE_OR_FOLDER...
 #
 # Runs clang-tidy with the checks of .clang-tidy over sources and headers, and over all of them in a folder. It has a build
-# folder of its own, build/tidy, in which only what clang-tidy has to read is made: the compiler's precompiled headers are
-# not for it.
+# folder of its own, build/tidy, in which only what clang-tidy reads is built: it cannot use the compiler's precompiled
+# headers.
 
 set -euo pipefail
 

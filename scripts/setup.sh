@@ -4,7 +4,7 @@
 
 # usage: scripts/setup.sh SECTION...
 #
-# Makes sure that the Debian packages of the named sections of packages.txt are installed, and that the font is fetched
+# Installs the Debian packages of the named sections of packages.txt, and fetches the font
 # where "font" is among them. Only what is missing is installed, so that a second run is quick and needs no network.
 
 set -euo pipefail

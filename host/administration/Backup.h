@@ -10,8 +10,8 @@ class QWidget;
 // Backups as the user asks for them.
 namespace Backup {
 
-// Dumps the current database into the folder, with a progress window that can be cancelled, and tells where the dump is.
-// The path; empty when there is none: the user has been told why, unless it was them who cancelled.
+// Dumps the current database into the folder, with a progress window that can be cancelled, and says where the dump is.
+// Returns its path; empty when there is none: the user has been told why, unless they cancelled it.
 QString takeNow(const QString &folder, QWidget *parent);
 // Opens the folder of the backups with the desktop's program for folders.
 void showFolder(const QString &folder, QWidget *parent);

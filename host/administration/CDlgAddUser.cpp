@@ -43,7 +43,7 @@ CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
     column->addLayout(form);
     column->addWidget(createButtons());
     m_active->setChecked(true);
-    // Only an administrator makes another one.
+    // Only an administrator can create another one.
     m_admin->setEnabled(GetDBSetting()->IsAdmin());
     load();
     m_user->setFocus();

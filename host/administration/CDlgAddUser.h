@@ -9,7 +9,7 @@ class KEdit;
 class QCheckBox;
 class QFormLayout;
 
-// Editor of a user; key 0 for a new one. An empty password keeps the one that the user has.
+// Editor of a user; key 0 for a new one. An empty password keeps the current one.
 class CDlgAddUser : public KDialog
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ class CDlgAddUser : public KDialog
 public:
     explicit CDlgAddUser(int userID, QWidget *parent = nullptr);
 
-    // The key of the user, also of a new one after OK.
+    // The key of the user; for a new one, after OK.
     int userID() const { return m_userID; }
 
 protected:

@@ -8,7 +8,7 @@
 class KEdit;
 class QFormLayout;
 
-// The user who works changes their own password, with the old one as proof that it is they.
+// The logged-in user changes their own password and gives the old one as proof of identity.
 class CDlgChangePassword : public KDialog
 {
     Q_OBJECT

@@ -57,7 +57,7 @@ void CDlgUserRights::buildView()
     m_view->setTabKeyNavigation(false);
     m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_view->horizontalHeader()->setHighlightSections(false);
-    // Leading edge: the right one here.
+    // The leading edge is the right one here.
     m_view->verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
@@ -99,7 +99,7 @@ bool CDlgUserRights::OnOK()
 {
     const QHash<QString, int> before = KSecurity::storedRights(m_userID);
     QHash<QString, int> wanted = m_grid->rights();
-    // What was taken over from another user replaces this user's rights on forms that only this user had.
+    // Rights copied from another user replace this user's, also on forms that only this user had.
     for (auto form = before.cbegin(); form != before.cend(); ++form)
         if (!wanted.contains(form.key()))
             wanted.insert(form.key(), 0);

@@ -9,7 +9,7 @@ class QComboBox;
 class QTableView;
 class RightsGridModel;
 
-// The rights of one user: forms by rights. They may be taken over from another user and changed from there.
+// The rights of one user: forms by rights. They can be copied from another user and then changed.
 class CDlgUserRights : public KDialog
 {
     Q_OBJECT

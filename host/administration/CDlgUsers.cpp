@@ -112,7 +112,7 @@ void CDlgUsers::editUser()
 void CDlgUsers::editRights()
 {
     CTblUsers user;
-    // Whoever hands out rights could hand them to themselves.
+    // A user who may grant rights could grant them to themselves.
     if (CheckModifySecurity() && loadSelected(user) && mayTouch(true))
         CDlgUserRights(user.m_iID, this).exec();
 }

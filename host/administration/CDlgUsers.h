@@ -23,7 +23,7 @@ protected:
 
 private:
     void addUser();
-    // An administrator's account and everybody's rights are for administrators alone; tells a refusal.
+    // An administrator's account and everybody's rights are for administrators alone; reports a refusal.
     bool mayTouch(bool needsAdmin);
     void editUser();
     void editRights();

@@ -6,8 +6,8 @@
 #include <QAbstractTableModel>
 #include <QHash>
 
-// Rights of one user as a grid: a row per form, a column per right, a tick where it is granted. A right other than
-// opening the form is of no use without opening it: granting one grants that too, and taking that off takes all off.
+// Rights of one user as a grid: one row per form, one column per right, a tick where granted. A right other than
+// opening the form is of no use without opening it: granting one grants that too, and revoking that revokes all.
 class RightsGridModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
-    // Whether the form knows the right at all: a permission is granted or not, nothing else.
+    // Whether the form has the right at all: a permission is only granted or not.
     bool applies(const QModelIndex &index) const;
 
     QHash<QString, int> m_rights;

@@ -5,6 +5,6 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the list of users can be asked for: a part of the login name or of the person's, and whether those who may not log in
-// are among them.
+// Filter of the list of users: a part of the login name or of the person's name, and whether users who may not log in
+// are included.
 QList<KListFilter> userFilters();

@@ -85,7 +85,7 @@ CDlgAddAccount::CDlgAddAccount(int code, QWidget *parent)
 void CDlgAddAccount::build(const QString &title, const QString &above)
 {
     setWindowTitle(title);
-    // A code is a name made of digits: it is not grouped as an amount.
+    // A code is a name made of digits: it is not grouped like an amount.
     m_codeEdit->setMaxLength(longestCode);
     m_codeEdit->setInputMethodHints(Qt::ImhDigitsOnly);
     m_name->setMaxLength(CTblHesabMoeen().textLength(u"sName"));

@@ -14,12 +14,12 @@ class CDlgAddAccount : public KDialog
     Q_OBJECT
 
 public:
-    // A new account of the level below that parent (0 for a general account); its code is proposed.
+    // A new account on the level below that parent (0 for a general account); its code is proposed.
     CDlgAddAccount(AccountLevel level, int parentCode, QWidget *parent = nullptr);
-    // An account that is there: its name can be changed, its code cannot.
+    // An existing account: its name can be changed, its code cannot.
     explicit CDlgAddAccount(int code, QWidget *parent = nullptr);
 
-    // Code of the account, of a new one after OK.
+    // Code of the account; for a new one, after OK.
     int code() const { return m_code; }
 
     bool OnOK() override;

@@ -153,7 +153,7 @@ void CDlgAddDocument::load(const ManualDocument &document)
     QVector<KLinesModel::Line> lines;
     for (const DocumentRow &entry : document.rows) {
         KLinesModel::Line line = m_rows->emptyLine();
-        // An account that takes no rows any more keeps its code, marked.
+        // An account that no longer takes rows keeps its code, marked.
         if (entry.account != 0)
             line[AccountColumn] = m_rows->choiceFor(AccountColumn, QString::number(entry.account));
         line[PersonColumn] = {names.value(entry.personID), 0, entry.personID};
@@ -162,7 +162,7 @@ void CDlgAddDocument::load(const ManualDocument &document)
         line[CreditColumn].number = entry.credit;
         lines.append(line);
     }
-    // A document has two sides at least.
+    // A document has at least two sides.
     while (lines.size() < 2)
         lines.append(m_rows->emptyLine());
     m_rows->setLines(lines);
@@ -185,7 +185,7 @@ void CDlgAddDocument::balanceHere()
         return;
     const KLinesModel::Line &line = m_rows->line(current.row());
     const AccountBalance shown = documentSum(document().rows);
-    // Without what the row itself holds now.
+    // Without the row's own current amount.
     const double missing = shown.bes - line.at(CreditColumn).number - shown.bed + line.at(DebitColumn).number;
     m_rows->setCell(current.row(), DebitColumn, {{}, missing > 0 ? missing : 0});
     m_rows->setCell(current.row(), CreditColumn, {{}, missing < 0 ? -missing : 0});

@@ -12,7 +12,7 @@ class KLinesModel;
 class KLinesView;
 class QLabel;
 
-// Editor of an accounting document that is written by hand.
+// Editor of a manual accounting document.
 class CDlgAddDocument : public KDialog
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     CDlgAddDocument(const ManualDocument &document, QWidget *parent = nullptr);
     ~CDlgAddDocument() override;
 
-    // Of a new document after OK.
+    // For a new document, after OK.
     int num() const { return m_num; }
     int fiscalYear() const { return m_fiscalYear; }
     // What the window shows, as it would be saved.
@@ -38,7 +38,7 @@ private:
     QWidget *buildRowCommands();
     void load(const ManualDocument &document);
     void pickPerson(int row, int column);
-    // Puts what the rows lack on one side into the current row.
+    // Enters the amount that one side lacks into the current row.
     void balanceHere();
     void showTotals();
     bool refuseInvalidEntry();

@@ -298,7 +298,7 @@ void CDlgAddFactor::recompute()
     showFigures();
 }
 
-// A line that is being typed into keeps what it shows.
+// A line that is being edited keeps what it shows.
 void CDlgAddFactor::showFigures()
 {
     const auto show = [](KEdit *edit, double number) {
@@ -311,7 +311,7 @@ void CDlgAddFactor::showFigures()
     show(m_tax, m_figures.tax().amount);
     show(m_dutyPercent, m_figures.duty().percent);
     show(m_duty, m_figures.duty().amount);
-    // A discount above the sum is told at OK; until then the total is shown as it would be.
+    // A discount above the sum is reported at OK; until then the total is shown as it would be.
     m_total->setRange(-1e15, 1e15);
     m_total->setNumber(m_figures.total());
     showWords();
@@ -348,7 +348,7 @@ bool CDlgAddFactor::refuse(const QString &message, QWidget *field)
     return false;
 }
 
-// What is no date or service of the list would be saved as something else than the window shows.
+// An entry that is no date or no listed service would be saved as something other than the window shows.
 bool CDlgAddFactor::refuseInvalidEntry()
 {
     if (!m_date->isEntryValid())
@@ -414,7 +414,7 @@ bool CDlgAddFactor::OnOK()
         goTo(problems.constFirst());
         return false;
     }
-    // Behind the lines: a line that is too large makes the levies so too.
+    // After the lines: a line that is too large makes the levies too large as well.
     if (!refuseInvalidFigure())
         return false;
     try {

@@ -17,17 +17,17 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 
-// Editor of an invoice of services: person, date, lines, what they sum up to, and the accounting document.
+// Editor of an invoice of services: person, date, lines, their sums, and the accounting document.
 class CDlgAddFactor : public KDialog
 {
     Q_OBJECT
 
 public:
-    // The invoice to begin with: a stored one, or a new one (num 0) of its type. showOnly: nothing can be changed.
+    // The invoice to start from: a stored one, or a new one (num 0) of its type. showOnly: nothing can be changed.
     CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent = nullptr);
     ~CDlgAddFactor() override;
 
-    // Number of the invoice, of a new one after OK.
+    // Number of the invoice; for a new one, after OK.
     int num() const { return m_num; }
     // What the window shows, as it would be saved.
     Invoice invoice() const;
@@ -52,7 +52,7 @@ private:
     bool refuseInvalidFigure();
     void goTo(const Invoice::Problem &problem);
 
-    const OfficeSettings m_settings; // as the window's opening found them
+    const OfficeSettings m_settings; // as read when the window was opened
     Invoice m_seen; // what the user began with
     int m_num;
     int m_type;

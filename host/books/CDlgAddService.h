@@ -15,7 +15,7 @@ class CDlgAddService : public KDialog
 public:
     explicit CDlgAddService(int serviceID, QWidget *parent = nullptr);
 
-    // The key of the service, also of a new one after OK.
+    // The key of the service; for a new one, after OK.
     int serviceID() const { return m_serviceID; }
 
     bool OnOK() override;

@@ -292,7 +292,7 @@ void CDlgChartOfAccounts::showRows()
     updateCommands();
 }
 
-// The columns share the width in the proportion of their own.
+// The columns share the width in proportion to their own widths.
 void CDlgChartOfAccounts::fitColumns()
 {
     const QVector<KListModel::Column> shares = columns();
@@ -407,7 +407,7 @@ void CDlgChartOfAccounts::toggleActive()
         return;
     const int code = row->code;
     const bool deactivates = row->active;
-    // What is in use can be put aside, but not by mistake: reports leave inactive accounts out.
+    // An account in use can be made inactive, but not by mistake: reports leave inactive accounts out.
     const AccountBalance whole = AccountLedger::balance(row->level, code, {}, {});
     if (deactivates && !whole.isBalanced()
         && g_pDlgYesNo->Ask(u"این حساب %1 %2 مانده دارد و با غیرفعال شدن در گزارش‌ها نمی‌آید. ادامه می‌دهید؟"_s

@@ -41,7 +41,7 @@ public:
     QString countText() const;
 
 public Q_SLOTS:
-    // Reads accounts and balances anew; an entry that is no date is told and keeps the tree.
+    // Reads accounts and balances anew; an entry that is no date is reported and leaves the tree as it was.
     void refill();
     void addGeneral();
     // Below the selected account.
@@ -62,18 +62,18 @@ private:
     QWidget *buildCommands();
     QPushButton *addCommand(QHBoxLayout *row, const QString &caption, const QString &icon, const QKeySequence &shortcut,
                             void (CDlgChartOfAccounts::*run)(), bool changes);
-    // Runs a command; an error that it lets through is reported once and the page stays as it is.
+    // Runs a command; an error it throws is reported once and the page stays as it is.
     void guarded(void (CDlgChartOfAccounts::*command)());
     void showRows();
     void fitColumns();
-    // Asks the database nothing: it follows the cursor.
+    // Does not query the database: it follows the cursor.
     void updateCommands();
     const ChartRows::Row *currentRow() const;
     QStandardItem *findItem(int code) const;
     bool mayChange() const;
 
     QList<ChartRows::Row> m_rows;  // of the chart
-    QList<ChartRows::Row> m_shown; // of them, those that the tree shows
+    QList<ChartRows::Row> m_shown; // the ones that the tree shows
     QTreeView *m_tree;
     QStandardItemModel *m_model;
     KEdit *m_text = nullptr;

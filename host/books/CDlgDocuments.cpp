@@ -52,7 +52,7 @@ QList<KListColumn> CDlgDocuments::columnTable() const
         {.key = u"date"_s, .title = u"تاریخ سند"_s, .width = 55, .sortKey = u"date"_s, .column = u"date"_s},
         {.key = u"kind"_s, .title = u"نوع سند"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iKind"_s, .cell = KListColumn::of<CTblDocuments>(kindCell)},
         {.key = u"description"_s, .title = u"شرح سند"_s, .width = 200, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
-        // The sum of the document's rows, which is asked for all documents at once.
+        // The sum of the document's rows, queried for all documents at once.
         {.key = u"amount"_s, .title = u"مبلغ"_s, .alignment = Qt::AlignRight},
         {.key = u"user"_s, .title = u"کاربر"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iUserID"_s, .lookup = u"iUserID"_s},
     };
@@ -104,7 +104,7 @@ void CDlgDocuments::completeRows(QVector<KListModel::Row> &rows)
     const QHash<DocumentRows::DocumentKey, double> amounts = DocumentRows::amounts(keys);
     for (qsizetype index = 0; index < rows.size(); ++index)
         rows[index].cells[amount] = KListColumn::money(amounts.value(keys.at(index)));
-    // An error above leaves the list, and what belongs to it, as it was.
+    // An error above leaves the list and what belongs to it as they were.
     m_keys = std::move(keys);
 }
 

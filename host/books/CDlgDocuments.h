@@ -8,8 +8,8 @@
 
 class DocumentRowsPane;
 
-// The accounting documents with the rows of the selected one. Documents are written by hand here; one that a contract, a
-// receipt or an invoice made belongs to that and is only changed there.
+// The accounting documents with the rows of the selected one. Manual documents are written here; one that a contract, a
+// receipt or an invoice created belongs to that and is only changed there.
 class CDlgDocuments : public KListPage
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ private:
     void editDocument();
     void deleteDocument();
     void selectDocument(int num, int fiscalYear);
-    // Of the selected row; number 0 without one.
+    // The selected row's; number 0 when none is selected.
     DocumentRows::DocumentKey currentDocument() const;
     void showRows(int key);
 

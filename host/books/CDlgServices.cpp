@@ -105,7 +105,7 @@ void CDlgServices::deleteService()
     if (isChangeBlocked() || !CheckDeletionSecurity() || !loadSelected(service)
         || g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
         return;
-    // A service that is in use says so through the error boundary of the page.
+    // Deleting a service that is in use is refused through the page's error boundary.
     CTblServices::remove(service.m_iID);
     refill();
 }

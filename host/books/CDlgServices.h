@@ -5,7 +5,7 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
-// The services that stand on invoices.
+// The services that appear on invoices.
 class CDlgServices : public KListPage
 {
     Q_OBJECT

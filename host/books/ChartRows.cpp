@@ -22,7 +22,7 @@ QList<Row> read(const QDateTime &from, const QDateTime &to, int database)
         for (const AccountChart::Account &account : AccountChart::read(level, database))
             rows.append({level, account.code, account.name, account.parent, account.active, balances.value(account.code)});
     }
-    // A code begins with that of the account above it, so as texts they stand behind it.
+    // A code begins with that of the account above it, so sorting as text puts it after that one.
     std::stable_sort(rows.begin(), rows.end(),
                      [](const Row &a, const Row &b) { return QString::number(a.code) < QString::number(b.code); });
     return rows;
@@ -32,7 +32,7 @@ QList<Row> filtered(const QList<Row> &rows, const QString &text, bool withInacti
 {
     const QString key = searchKey(text);
     QSet<int> wanted;
-    // From the end: what is below an account comes before it.
+    // From the end: the accounts below one come before it.
     for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
         const bool meant = key.isEmpty() || searchKey(row->name).contains(key) || QString::number(row->code).startsWith(key);
         if (!(meant && (row->active || withInactive)) && !wanted.contains(row->code))

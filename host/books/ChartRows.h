@@ -22,12 +22,12 @@ struct Row
     AccountBalance balance;
 };
 
-// Every account, each behind the one above it, by the codes. Balances of the range of dates, whole days; an invalid end is
+// Every account, each after the one above it, ordered by code. Balances of the range of dates, whole days; an invalid end is
 // open. One statement for the accounts and one for the balances of each level.
 QList<Row> read(const QDateTime &from, const QDateTime &to, int database = 0);
 
-// Those whose name holds the text or whose code begins with it, with the accounts above them; an empty text takes all.
-// Inactive accounts only when they are asked for.
+// Those whose name contains the text or whose code begins with it, with the accounts above them; an empty text takes all.
+// Inactive accounts only on request.
 QList<Row> filtered(const QList<Row> &rows, const QString &text, bool withInactive);
 
 }

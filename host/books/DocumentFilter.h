@@ -5,7 +5,7 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the list of accounting documents can be asked for; of the last day the whole is in.
+// Filter of the list of accounting documents; the whole last day is included.
 //
-// The years are what the drop-down offers.
+// The years are those that the drop-down offers.
 QList<KListFilter> documentFilters(const KListFilter::Choices &years = {});

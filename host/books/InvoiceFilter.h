@@ -5,7 +5,7 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the list of invoices can be asked for. Void ones are left out unless they are asked for; of the last day the whole is in.
+// Filter of the list of invoices. Void ones are left out unless requested; the whole last day is included.
 //
-// The types are what the drop-down offers.
+// The types are those that the drop-down offers.
 QList<KListFilter> invoiceFilters(const KListFilter::Choices &types = {});

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A value may stand in quotes, with \ before a quote or a \ of its own.
+// A value may be quoted, with \ before a quote or another \.
 QString unquoted(QByteArray value)
 {
     value = value.trimmed();
@@ -53,7 +53,7 @@ KConnectionSettings parse(const QByteArray &text)
         else if (const qsizetype equals = line.indexOf('='); ours && equals > 0 && !line.startsWith('#'))
             take(settings, line.left(equals).trimmed(), unquoted(line.mid(equals + 1)));
     }
-    // With a socket the host is this computer, which the connection tells by having no host.
+    // With a socket the host is this computer, which the connection expresses by having no host.
     if (!settings.socketPath.isEmpty())
         settings.host.clear();
     return settings;

@@ -13,7 +13,7 @@
 // The options file of a database client, as a data folder holds one.
 namespace ClientConfig {
 
-// The groups [client] and [mysql] of the file's text; what it does not tell is left as constructed.
+// The groups [client] and [mysql] of the file's text; settings that it lacks stay as constructed.
 KConnectionSettings parse(const QByteArray &text);
 // Empty when the file cannot be read.
 std::optional<KConnectionSettings> read(const QString &path);

@@ -64,7 +64,7 @@ double rounded(double amount)
     return qRound64(amount / 1e7) * 1e7;
 }
 
-// The one check digit that fits the others.
+// The check digit that matches the others.
 QString vehicleIdentification(const QString &maker, const QString &serial)
 {
     for (const QChar digit : u"0123456789X"_s) {
@@ -79,7 +79,7 @@ DemoPictures::Body bodyOf(const DemoCatalog::Model &model)
 {
     if (model.isPickup)
         return DemoPictures::Body::Pickup;
-    // What costs as much stands high; the others follow each other.
+    // Expensive cars come first; the others follow each other.
     if (model.price >= 2e10)
         return model.model % 2 == 0 ? DemoPictures::Body::Sedan : DemoPictures::Body::OffRoad;
     return model.model % 2 == 0 ? DemoPictures::Body::Sedan : DemoPictures::Body::Hatchback;
@@ -125,7 +125,7 @@ void DemoCars::makeCar(int code, const QDate &day)
     setEquipment();
     setInsurance(day);
     clearSale();
-    // What has been on offer for long is more often gone.
+    // A car that has been on offer for long is more often gone.
     const qint64 waiting = day.daysTo(m_office.lastDay);
     if (waiting > 20 && m_random.chance(waiting > 150 ? 55 : 25))
         setSale(day.addDays(m_random.between(5, 20)));

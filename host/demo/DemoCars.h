@@ -12,7 +12,7 @@
 #include <QHash>
 
 // The register of cars of the demo office, by the rules of the car editor: its profit, its texts of several values, its
-// pictures. They were introduced over a span of days, in the order of their codes; some are sold, some of those archived.
+// pictures. They came in over a span of days, in the order of their codes; some are sold, and some of those are archived.
 class DemoCars
 {
 public:
@@ -29,7 +29,7 @@ public:
     // Writes cars with the codes 1 to count. Belongs inside a transaction.
     void write(int count);
 
-    // As many as have pictures of their own at most, so that a large office stays one that a desktop can hold.
+    // At most this many have pictures of their own, so that a large office still fits on a desktop computer.
     static constexpr int mostPictures = 1000;
 
 private:
@@ -43,7 +43,7 @@ private:
     void setPicture(const DemoCatalog::Model &model, int code);
     const DemoPersons::Person &anybodyBut(int person);
     int item(int type);
-    // Some of the values of a type, the others in the second text; both as the editor writes them.
+    // Some of a type's values, the others in the second text; both as the editor writes them.
     std::pair<QString, QString> chosenAndMissing(int type, int chosenPercent);
 
     const Office &m_office;

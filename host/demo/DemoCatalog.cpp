@@ -66,7 +66,7 @@ struct Home
     QStringView country;
 };
 
-// The others are made at home.
+// The others are made in this country.
 constexpr Home homes[] = {
     {u"رنو", u"فرانسه"},
     {u"هیوندای", u"کره جنوبی"},
@@ -145,7 +145,7 @@ void DemoCatalog::writeCars(int userID, const QDateTime &created, int database)
     RecordBulkInsert classes(trim, columns({"iID", "sName", "iBrandID", "iUserID", "dateCreate"}));
     brand.m_iUserID = model.m_iUserID = trim.m_iUserID = userID;
     brand.m_dateCreate = model.m_dateCreate = trim.m_dateCreate = created;
-    // The cars of one maker follow each other.
+    // The cars of one maker come one after another.
     for (const DemoNames::Car &car : DemoNames::cars()) {
         if (brand.m_sName != car.maker) {
             ++brand.m_iID;

@@ -111,7 +111,7 @@ void DemoContracts::chooseParties(Party &first, Party &second)
         return Party{PartyKind::Ordinary, m_persons.at(m_random.below(static_cast<int>(m_persons.size())))};
     };
     first = m_random.chance(8) ? showroom() : anybody();
-    // No contract is made between two sides of one name.
+    // No contract has the same name on both sides.
     do {
         second = anybody();
     } while (second.person.name == first.person.name);
@@ -150,7 +150,7 @@ void DemoContracts::setParties(const Party &first, const Party &second)
     setFigures(first, second, m_contract.m_iContractType == Rent ? price / 10 : price);
 }
 
-// As the editor does it when both sides are picked first and the amount is typed then.
+// As the editor does when both sides are picked first and then the amount is typed.
 void DemoContracts::setFigures(const Party &first, const Party &second, double amount)
 {
     CommissionFields figures;
@@ -231,7 +231,7 @@ void DemoContracts::setRegistry(const QDate &day)
     m_contract.m_dateOffice = m_contract.m_dateDocument;
 }
 
-// A third to two thirds by cheque, of a sale; the rest is due with the document or, of an instalment sale, in instalments.
+// For a sale, a third to two thirds by cheque; the rest is due with the document or, for an instalment sale, in instalments.
 void DemoContracts::setPayment()
 {
     const bool paid = m_contract.m_iContractType == Sale || m_contract.m_iContractType == Instalments;

@@ -26,9 +26,9 @@ constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
 constexpr int fewestSales = 12;
 constexpr int mostSales = 120;
-constexpr int daysOfTheRegister = 300; // the oldest car came so long ago
+constexpr int daysOfTheRegister = 300; // age of the oldest car in it
 
-// Fixed days, so that the office is the same whenever it is made.
+// Fixed days, so that the office is the same whenever it is created.
 QDate firstDay()
 {
     return ConvertToMiladi(currentYear - 2, 8, 21);
@@ -38,13 +38,13 @@ QDate lastDay()
     return ConvertToMiladi(currentYear, 8, 20);
 }
 
-// Services are sold and bought since the summer, so that the season's tax return has both.
+// Services have been sold and bought since the summer, so that the season's tax return has both.
 QDate firstInvoiceDay()
 {
     return ConvertToMiladi(currentYear, 4, 1);
 }
 
-// Invoices are written in the name of the user at work.
+// Invoices are written in the name of the logged-in user.
 void writeInvoices(const DemoContracts::Office &office, const QList<DemoPersons::Person> &people, DemoRandom &random, int sales,
                    int database)
 {

@@ -3,12 +3,12 @@
 
 #pragma once
 
-// Fills a database that has the schema and nobody's data with a demo office: company, settings, a user "demo" with the
+// Fills a database that has the schema but no data with a demo office: company, settings, a user "demo" with the
 // password "demo", persons, contracts over two years with their documents, the car catalog, input parameters and tariffs, and
 // a car of the register for every third contract.
 namespace DemoData {
 
-// Largest number of contracts that makes sense to ask for.
+// The largest useful number of contracts.
 inline constexpr int largest = 1000000;
 
 // All or nothing, in one transaction. The same contents for the same number of contracts, but for the password's salt.

@@ -24,7 +24,7 @@ QDateTime midnight(const QDate &day)
     return QDateTime(day, QTime(0, 0), Qt::UTC);
 }
 
-// To whole fifty millions of tomans, as a customer says it.
+// Rounded to fifty million tomans, as a customer would say it.
 double rounded(double amount)
 {
     return qRound64(amount / (50 * million)) * 50 * million;
@@ -76,7 +76,7 @@ void DemoDemands::set(CTblAutomobilDemands &demand, int code, const QDate &day)
     demand.m_sDescSpecial = m_random.oneOf(std::span(specials)).toString();
     demand.m_iUserID = m_userID;
     setWishes(demand, GetShamsi(day).year);
-    // Who came long ago has bought by now, or gave up.
+    // Customers who came long ago have bought by now, or given up.
     const bool old = day.daysTo(m_lastDay) > 120;
     const bool archived = old && m_random.chance(50);
     demand.m_iArchiveUserID = archived ? m_userID : 0;
@@ -84,7 +84,7 @@ void DemoDemands::set(CTblAutomobilDemands &demand, int code, const QDate &day)
     demand.m_iStatus = m_random.chance(4) ? 1 : 0;
 }
 
-// Most want a certain make at what it costs at that age; a few only have so much to spend.
+// Most want a certain make at its price for that age; a few only have a budget.
 void DemoDemands::setWishes(CTblAutomobilDemands &demand, int year)
 {
     const DemoCatalog::Model &model = m_catalog.models().at(m_random.below(static_cast<int>(m_catalog.models().size())));

@@ -88,7 +88,7 @@ void DemoInvoices::write(int sales)
     const QList<Service> sold = writeServices(true);
     const QList<Service> bought = writeServices(false);
     const qint64 days = m_firstDay.daysTo(m_lastDay);
-    // Two sales and a purchase, again and again, so that the numbers follow the days.
+    // Two sales and a purchase in turn, so that the numbers follow the days.
     const int all = sales + sales / 2;
     for (int written = 1; written <= all; ++written) {
         const bool isPurchase = written % 3 == 0;

@@ -14,7 +14,7 @@
 class DemoInvoices
 {
 public:
-    // The user who writes them must be at work.
+    // The user who writes them must be logged in.
     DemoInvoices(const QDate &firstDay, const QDate &lastDay, double taxPercent, double dutyPercent,
                  const QList<DemoPersons::Person> &persons, DemoRandom &random, int database = 0);
 

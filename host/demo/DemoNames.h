@@ -7,7 +7,7 @@
 
 #include <span>
 
-// What the people, places and cars of the demo office are called. Any likeness to an office is by chance.
+// Names of the people, places and cars of the demo office. Any likeness to a real office is a coincidence.
 namespace DemoNames {
 
 using List = std::span<const QStringView>;

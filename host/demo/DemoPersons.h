@@ -13,7 +13,7 @@ class CTblPersons;
 // The persons of the demo office.
 namespace DemoPersons {
 
-// What a contract takes over from a person.
+// What a contract copies from a person.
 struct Person
 {
     int id = 0;
@@ -25,7 +25,7 @@ struct Person
     double discountPercent = 0;
 };
 
-// Fills the record's members with a person of that key, which is its code too.
+// Fills the record's members with a person of that key, which is also the code.
 void make(CTblPersons &person, int id, DemoRandom &random);
 // Writes that many persons with the keys 1, 2, 3 ... into an empty table.
 QList<Person> write(int count, DemoRandom &random, int database = 0);

@@ -6,7 +6,7 @@
 #include <QByteArray>
 #include <QColor>
 
-// Drawn pictures of cars, as the picture box would keep them.
+// Drawn pictures of cars, as the picture box would store them.
 namespace DemoPictures {
 
 enum class Body {

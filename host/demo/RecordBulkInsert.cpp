@@ -5,7 +5,7 @@
 
 namespace {
 
-// Big enough that the trip to the server costs little, far below what a server accepts as one statement.
+// Big enough that the round trip costs little, far below what a server accepts as one statement.
 constexpr qsizetype statementBytes = qsizetype{512} * 1024;
 
 }

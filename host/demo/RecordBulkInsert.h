@@ -8,14 +8,14 @@
 #include <QByteArray>
 #include <QStringList>
 
-// Writes many rows of one table by statements of many rows each. The record's members are the row: fill them, add(), fill
+// Writes many rows of one table with statements of many rows each. The record's members are the row: fill them, add(), fill
 // them again. Belongs inside a transaction.
 class RecordBulkInsert
 {
 public:
     // Only these columns are written; the others get the table's default.
     RecordBulkInsert(KMySQL &record, const QStringList &columns);
-    // Rows that were added and not flushed are dropped: an error is under way then.
+    // Rows that were added and not flushed are dropped: an error is propagating then.
     ~RecordBulkInsert();
     RecordBulkInsert(const RecordBulkInsert &) = delete;
     RecordBulkInsert &operator=(const RecordBulkInsert &) = delete;

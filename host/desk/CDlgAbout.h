@@ -7,7 +7,7 @@
 
 class DataFolder;
 
-// What program this is, of what version, and where its data lie.
+// The program's name and version, and where its data is.
 class CDlgAbout : public KDialog
 {
     Q_OBJECT

@@ -236,7 +236,7 @@ void MainWindow::openReminders()
         connect(page, &CDlgAlarms::alarmsChanged, m_reminders, &ReminderBadge::refresh);
         GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
     } else {
-        // Some may have fallen due, or been added elsewhere, since the page was filled.
+        // Some may have come due, or been added elsewhere, since the page was filled.
         static_cast<CDlgAlarms *>(m_workArea->currentPage())->refill();
     }
     m_reminders->refresh();
@@ -263,7 +263,7 @@ void MainWindow::editSettings()
 
 void MainWindow::takeBackup()
 {
-    // A backup holds everything, also what its taker may not open here.
+    // A backup holds everything, also what the user who takes it may not open here.
     if (mayManage(false))
         Backup::takeNow(m_folder.backupsPath(), this);
 }

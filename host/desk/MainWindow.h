@@ -17,25 +17,25 @@ class ReminderBadge;
 class StartPage;
 class WorkArea;
 
-// The window of a user at work: menus, the tabbed work area, and a line of what the office works on.
+// The main window of a logged-in user: menus, the tabbed work area, and a status line.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    // module: null when it was not loaded; its menu is then there but disabled. The folder is where backups lie.
+    // module: null when it was not loaded; its menu is then there but disabled. The folder is where backups are.
     MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget *parent = nullptr);
     ~MainWindow() override;
 
     WorkArea *workArea() const { return m_workArea; }
-    // The user asked for another login rather than for the end of the program.
+    // The user asked for another login rather than to quit the program.
     bool isSwitchingUser() const { return m_switchingUser; }
-    // Shows again what settings and logins change: the status line and the title.
+    // Refreshes what settings and logins change: the status line and the title.
     void refresh();
     // A short note in the status line.
     void showNote(const QString &text);
     // Shows the user's due reminders, if there are any; once after a login. A database that does not answer is logged only:
-    // whatever the user does next tells it.
+    // the user's next action reports it.
     void tellDueReminders();
 
 Q_SIGNALS:
@@ -68,7 +68,7 @@ private:
     // Brings the page of that type to the front; opens one when there is none and the user may see it.
     template <class Page>
     void openOnce();
-    // Whether the user may see (or change) what concerns the whole office; a refusal is told.
+    // Whether the user may see (or change) what concerns the whole office; reports a refusal.
     bool mayManage(bool changes);
     void editSettings();
     void takeBackup();

@@ -16,7 +16,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcReminders, "tz.host.reminders")
 
-// A server that is away keeps everybody waiting who asks it.
+// A server that is away keeps every caller waiting.
 constexpr int ticksAfterAnError = 10;
 
 }

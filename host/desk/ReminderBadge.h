@@ -5,8 +5,8 @@
 
 #include <QToolButton>
 
-// How many of the user's reminders have fallen due, in the status line; nothing is shown while none has. It never disturbs:
-// a database that does not answer takes it off until it may be asked again.
+// Shows in the status line how many of the user's reminders are due, and nothing while none is. It never disturbs:
+// when the database does not answer, it disappears until the next attempt.
 class ReminderBadge final : public QToolButton
 {
     Q_OBJECT

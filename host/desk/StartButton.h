@@ -7,7 +7,7 @@
 
 class QAction;
 
-// A big button with its picture above its caption; it follows an action.
+// A big button with its picture above its caption; it mirrors an action.
 class StartButton final : public QPushButton
 {
     Q_OBJECT

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The window is never higher than a small screen: many buttons stand in wider rows rather than in more of them.
+// The window is never higher than a small screen: many buttons make the rows wider, not more numerous.
 constexpr qsizetype mostRows = 3;
 constexpr qsizetype fewestPerRow = 3;
 

@@ -8,13 +8,13 @@
 class QAction;
 class QLabel;
 
-// What stands in the work area while no page is open: a greeting and the commands that a day begins with.
+// Fills the work area while no page is open: a greeting and the commands that a day begins with.
 class StartPage final : public QWidget
 {
     Q_OBJECT
 
 public:
-    // A button per action, in that order; it follows the action's text, picture and state.
+    // One button per action, in that order; it mirrors the action's text, picture and state.
     explicit StartPage(const QList<QAction *> &actions, QWidget *parent = nullptr);
 
     void setGreeting(const QString &greeting, const QString &line);

@@ -16,7 +16,7 @@ class WorkArea final : public QStackedWidget, public KTabHost
     Q_OBJECT
 
 public:
-    // Takes the start page over.
+    // Takes ownership of the start page.
     explicit WorkArea(QWidget *startPage, QWidget *parent = nullptr);
     ~WorkArea() override;
 
@@ -37,7 +37,7 @@ public:
     }
 
     void setCurrent(int index);
-    // Tells the page that it closes and destroys it.
+    // Notifies the page that it is closing, and destroys it.
     void closePage(int index);
     void closeCurrent();
     // Closes every page now; none is alive on return.

@@ -13,10 +13,10 @@ class AutoModule
 public:
     AutoModule();
 
-    // Folder of the library: the given one, or where the program is installed or built. False: the program goes on without
-    // the module, and errorText is one Persian sentence that says so.
+    // The library's folder: the given one, or where the program is installed or built. False: the program goes on without
+    // the module, and errorText says so in one Persian sentence.
     [[nodiscard]] bool load(const QString &folder);
-    // No window of the module may be alive.
+    // No window of the module may exist any more.
     void unload();
 
     // Null while the module is not loaded.

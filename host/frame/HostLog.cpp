@@ -57,7 +57,7 @@ void write(QtMsgType type, const QMessageLogContext &context, const QString &mes
     } else if (log.collecting) {
         log.waiting += line;
     }
-    // Who starts the program from a terminal sees what went wrong there.
+    // A user who starts the program from a terminal sees there what went wrong.
     if (type != QtDebugMsg && type != QtInfoMsg)
         std::fputs(line.constData(), stderr);
 }

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-// The program's log file: what happened since this start. The log of the start before is kept beside it.
+// The program's log file: what happened since this start. The log of the previous start is kept beside it.
 namespace HostLog {
 
 // Moves an existing log aside (name + "-previous") and writes from now on to the file; messages of this program that came

@@ -48,7 +48,7 @@ namespace HostLook {
 
 void apply(QApplication &application)
 {
-    // The application takes the style over, which the checker cannot see.
+    // The application takes ownership of the style, which the checker cannot see.
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new HostStyle);
     QString family = familyBesideProgram();

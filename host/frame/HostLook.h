@@ -8,8 +8,8 @@ class QApplication;
 // What every window of the program has in common.
 namespace HostLook {
 
-// Loads the fonts beside the program, which draw ASCII digits in Persian shape, and makes theirs the application's font;
-// without them a Persian font of the system. Also gives Qt's own texts in Persian where they are installed, and the icon.
+// Loads the fonts beside the program, which draw ASCII digits in Persian shape, and makes them the application's font;
+// without them a Persian font of the system. Also loads Qt's own texts in Persian where installed, and the icon.
 void apply(QApplication &application);
 
 }

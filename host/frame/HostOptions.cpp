@@ -12,7 +12,7 @@ namespace {
 struct Option
 {
     const char *name;
-    const char *value; // null: the option takes none
+    const char *value; // null: the option takes no value
     QString english;
     QString persian;
 };

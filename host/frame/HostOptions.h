@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-// What the command line asks of the program. A password never stands on it, because other users of the computer can read
+// The options of the command line. A password is never one of them, because other users of the computer can read
 // command lines: it comes from a file or from a dialog.
 struct HostOptions
 {
@@ -29,7 +29,7 @@ struct HostOptions
     bool version = false;
     bool quitAfterLoginShown = false; // for measuring the start
 
-    // What is wrong with the command line, in the language of helpText; empty when nothing is.
+    // The fault in the command line, in the language of helpText; empty when there is none.
     QString error;
 
     static constexpr int largestDemo = 1000000;

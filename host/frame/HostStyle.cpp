@@ -60,7 +60,7 @@ void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         return;
     }
-    // The text is drawn afterwards and may have been kept readable; the arrow still tells that no list will open.
+    // The text is drawn afterwards and may have been kept readable; the arrow still shows that no list will open.
     QStyleOptionComboBox greyed(*combo);
     greyed.palette.setColor(QPalette::ButtonText, QApplication::palette(widget).color(QPalette::Disabled, QPalette::ButtonText));
     QProxyStyle::drawComplexControl(control, &greyed, painter, widget);

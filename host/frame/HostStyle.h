@@ -5,7 +5,7 @@
 
 #include <QProxyStyle>
 
-// The look on every desktop, with what the base style gets wrong from right to left put right.
+// The look on every desktop; corrects what the base style gets wrong from right to left.
 class HostStyle final : public QProxyStyle
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The path with the links of its existing part resolved; the rest is yet to be made.
+// The path with the links of its existing part resolved; the rest does not exist yet.
 QString resolved(const QString &path)
 {
     QString existing = QDir::cleanPath(QDir::current().absoluteFilePath(path));

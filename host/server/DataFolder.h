@@ -13,14 +13,14 @@ using namespace Qt::StringLiterals;
 //   logs/          server.log and program.log    server-state.json   version and end of the last server
 //   settings/      settings of this office's program on this computer
 //   temporary/     what the server needs only while it runs
-// Sockets do not live here but in the user's runtime folder, because a socket's path may only be about 100 bytes long.
+// Sockets are not here but in the user's runtime folder, because a socket's path may only be about 100 bytes long.
 class DataFolder
 {
 public:
     // A relative path counts from the current folder. Creates nothing.
     explicit DataFolder(const QString &path);
 
-    // Where an office's data lie unless the user says otherwise.
+    // Where an office's data is unless the user says otherwise.
     static QString defaultPath();
     // The demo office has a folder of its own beside it.
     static QString demoPath();
@@ -45,10 +45,10 @@ public:
 
     // A path for a socket of this folder in the user's runtime folder (made with mode 0700 when missing), at most 100
     // bytes long. The same folder and purpose always give the same path. purpose is a short ASCII word. Throws
-    // ServerError FolderNotWritable when no safe runtime folder can be had.
+    // ServerError FolderNotWritable when there is no safe runtime folder.
     QString socketPath(const QString &purpose) const;
 
-    // The sentence for a full disk under this folder; also fit for a DiskFull database error.
+    // The sentence for a full disk under this folder; also suits a DiskFull database error.
     QString diskFullMessage() const;
 
 private:

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What the server stores for a password. Made here, so that the statement, which the server repeats in its log when it
+// What the server stores for a password. Computed here, so that the statement, which the server logs when it
 // fails, does not hold the password itself.
 QByteArray storedHash(const QString &password)
 {
@@ -25,7 +25,7 @@ QByteArray storedHash(const QString &password)
     return '*' + QCryptographicHash::hash(once, QCryptographicHash::Sha1).toHex().toUpper();
 }
 
-// The bootstrap reads one statement per line's end and runs without the rights' tables in memory, so that only a row
+// The bootstrap reads one statement per line and runs without the grant tables in memory, so that only a row
 // makes an account.
 QByteArray accountStatement(const QString &password)
 {
@@ -67,7 +67,7 @@ void DatabaseBootstrap::create(const QString &password, const ToolProcess::Pulse
         "create database mysql;\nuse mysql;\n" + systemTables() + accountStatement(password) + "create database "
             + ServerOptions::databaseName().toLatin1() + ";\n",
         pulse);
-    // An empty folder of that name does not stand in the way.
+    // An empty folder of that name is no obstacle.
     QDir().rmdir(m_folder.databasePath());
     if (!QDir().rename(aside, m_folder.databasePath()))
         throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable,

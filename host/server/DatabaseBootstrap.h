@@ -13,12 +13,12 @@ class DatabaseBootstrap
 public:
     DatabaseBootstrap(const DataFolder &folder, const ServerOptions &options);
 
-    // A whole database lies in the folder. Throws ServerError Damaged when something else does.
+    // Whether the folder holds a complete database. Throws ServerError Damaged when it holds something else.
     bool exists() const;
-    // Makes the database with the account and an empty database of our name. It is made aside and renamed when whole,
-    // so that a start that was cut off is simply begun again. server.cnf must have been written. Throws ServerError.
+    // Makes the database with the account and an empty database of our name. It is made elsewhere and renamed when complete, so
+    // that an interrupted start is simply repeated. server.cnf must have been written. Throws ServerError.
     void create(const QString &password, const ToolProcess::Pulse &pulse) const;
-    // Gives the account of an existing database this password: client.cnf was lost.
+    // Sets this password on the account of an existing database whose client.cnf was lost.
     void resetAccount(const QString &password, const ToolProcess::Pulse &pulse) const;
 
 private:

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A file that only this user can read and that is gone with the object; for passwords and for a tool's last words.
+// A file that only this user can read and that is deleted with the object; for passwords and for a tool's output.
 std::unique_ptr<QTemporaryFile> privateFile(const QByteArray &content = {})
 {
     for (const QString &folder : platform::runtimeFolders()) {
@@ -93,7 +93,7 @@ QString DatabaseDump::take(const Progress &progress) const
         throw failed(userMessage, m_folder, m_folder + u": "_s + reason);
     QString target = freeFileName();
     const QString aside = target + u".part"_s;
-    // Made here first, so that it belongs to the user alone from its first byte.
+    // Created here first, so that only the user can read it from its first byte on.
     if (platform::writePrivateFile(aside, {}, &reason) != platform::WriteResult::Written)
         throw failed(userMessage, m_folder, aside + u": "_s + reason);
     try {
@@ -219,7 +219,7 @@ void DatabaseDump::load(const QString &file, const QString &database, const Prog
             m_folder, u"%1 ended with %2: %3"_s.arg(client.program).arg(code).arg(wordsOf(*words)));
 }
 
-// One RENAME moves the old tables out and the new ones in, so that nobody ever sees neither or half.
+// One RENAME moves the old tables out and the new ones in, so that nobody ever sees none or only half of them.
 void DatabaseDump::exchangeTables(const QString &aside) const
 {
     KConnectionSettings server = m_settings;

@@ -17,15 +17,15 @@ public:
     // times a second. Returning false cancels.
     using Progress = std::function<bool(qint64 done, qint64 expected)>;
 
-    // settings.database names the database; folder is where dumps lie (made with mode 0700 when missing).
+    // settings.database names the database; folder is where dumps are (made with mode 0700 when missing).
     DatabaseDump(const KConnectionSettings &settings, const QString &folder,
                  const ServerPrograms &programs = ServerPrograms::installed());
 
     // Writes folder/<database>-<yyyyMMdd-HHmmss>.sql, mode 0600, as of one moment while others go on working. It is
-    // written aside and renamed when whole, so that a file of that name is always a whole dump. Gives its path. Throws
+    // written under another name and renamed when complete, so a file of that name is always whole. Returns its path. Throws
     // ServerError DumpFailed, DiskFull, ProgramMissing or Cancelled; nothing is left then.
     QString take(const Progress &progress = {}) const;
-    // Replaces all tables of the database by those of the file. The file is loaded aside first and exchanged in one
+    // Replaces all tables of the database with those of the file. The file is loaded elsewhere first and swapped in one
     // step, so that a failure or a cancel leaves the database as it was. The database's views, triggers and routines
     // are dropped. Throws like take.
     void restore(const QString &file, const Progress &progress = {}) const;

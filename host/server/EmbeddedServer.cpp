@@ -124,7 +124,7 @@ void EmbeddedServer::prepare(const Progress &progress)
 
 void EmbeddedServer::requireRoom(int mebibytes) const
 {
-    // Asked of the file system itself: the table of mounts does not show every folder's disk (a container, a chroot).
+    // Read from the file system itself: the table of mounts does not show every folder's disk (a container, a chroot).
     std::error_code unknown;
     const std::filesystem::space_info space =
         std::filesystem::space(std::filesystem::path(m_folder.path().toStdU16String()), unknown);
@@ -138,8 +138,8 @@ void EmbeddedServer::requireRoom(int mebibytes) const
                           u"%1 bytes free, %2 MiB needed"_s.arg(free).arg(mebibytes));
 }
 
-// A server of this folder that outlived its program, and what it left. We hold the folder's lock, so no living program
-// owns it.
+// Ends a server of this folder that outlived its program, and removes what it left. We hold the folder's lock, so no living
+// program owns it.
 void EmbeddedServer::endLeftovers(const Progress &progress)
 {
     const QString waiting = u"در انتظار پایان سرور قبلی پایگاه داده…"_s;
@@ -188,7 +188,7 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
     }
 }
 
-// A folder that was brought back without its client.cnf, or with another one, opens all the same: who owns the files
+// A folder that was restored without its client.cnf, or with another one, opens all the same: the owner of the files
 // owns the database.
 void EmbeddedServer::makeAccountAnew(const Progress &progress)
 {

@@ -27,8 +27,8 @@ class EmbeddedServer final : public QObject
 public:
     using Options = ServerOptions;
 
-    // Called with the Persian text of what is being waited for, at once and then about twenty times a second while it
-    // lasts, so that a splash can be repainted. What it throws passes through start or stop, which leave no
+    // Called with a Persian text that says what is awaited, at once and then about twenty times a second until it
+    // comes, so that a splash can be repainted. Its exceptions pass through start or stop, which leave no
     // half-started server.
     using Progress = std::function<void(const QString &waitingFor)>;
 
@@ -37,7 +37,7 @@ public:
     // Stops the server cleanly.
     ~EmbeddedServer() override;
 
-    // Makes the folder and the database where they are missing, clears what an earlier program left behind, brings the
+    // Makes the folder and the database where they are missing, removes what an earlier program left behind, brings the
     // database to the installed server's version (after a dump) and starts the server. On return it answers. Call it
     // from a thread that lives as long as the program (the main thread): the system ends the server with the thread
     // that started it. Does nothing when the server runs. Throws ServerError; no process is left then.
@@ -53,12 +53,12 @@ public:
     // How the program reaches its database; valid after start and unchanged by restart.
     KConnectionSettings connectionSettings() const { return m_settings; }
     const DataFolder &folder() const { return m_folder; }
-    // As the running server tells it, such as "10.11.14-MariaDB-0+deb12u2".
+    // As the running server reports it, such as "10.11.14-MariaDB-0+deb12u2".
     QString version() const { return m_version; }
 
 Q_SIGNALS:
-    // The running server ended without stop having been called. message is one Persian sentence, detail is for the log.
-    // The program tells the user once and calls restart(); connections open again by themselves on next use.
+    // The running server ended without a call of stop. message is one Persian sentence, detail is for the log.
+    // The program informs the user once and calls restart(); connections reopen by themselves when next used.
     void endedUnexpectedly(const QString &message, const QString &detail);
 
 private:

@@ -16,7 +16,7 @@
 
 using namespace Qt::StringLiterals;
 
-// A database that another version of the server used last.
+// A database that was last used by another version of the server.
 
 namespace {
 
@@ -55,7 +55,7 @@ void EmbeddedServer::checkInstalledVersion() const
         return;
     const QVersionNumber installed = ServerState::versionIn(QString::fromUtf8(answer.readAll()));
     answer.remove();
-    // Within one series the files are the same; an older series does not know what a newer one wrote.
+    // Within one series the files are the same; an older series does not understand what a newer one wrote.
     const auto series = [](const QVersionNumber &version) { return QVersionNumber(version.segments().mid(0, 2)); };
     if (!installed.isNull() && series(installed) < series(last))
         throw ServerError(

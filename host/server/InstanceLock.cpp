@@ -58,10 +58,10 @@ bool InstanceLock::acquire()
 void InstanceLock::listen()
 {
     const QString path = socketOf(m_folder);
-    // We own the folder, so a socket that is still there was left by a program that was killed.
+    // This program owns the folder, so a socket that still exists was left by a program that was killed.
     QLocalServer::removeServer(path);
     m_server = new QLocalServer(this);
-    // Without the socket a second start still learns that the folder is in use; it only cannot raise our window.
+    // Without the socket a second start still learns that the folder is in use, but cannot raise this window.
     if (!m_server->listen(path)) {
         qCWarning(lcInstance).noquote() << "cannot listen on" << path << m_server->errorString();
         return;

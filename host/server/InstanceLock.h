@@ -32,7 +32,7 @@ public:
     QString inUseMessage() const;
 
 Q_SIGNALS:
-    // Another start on the same folder asks for this program's window. Needs an event loop.
+    // Emitted when another start on the same folder asks for this program's window. Needs an event loop.
     void raiseRequested();
 
 private:

@@ -24,7 +24,7 @@ public:
     FileLock &operator=(const FileLock &) = delete;
 
     enum class Result {
-        Taken,     // ours now, or already before
+        Taken,     // ours now, or was already
         Held,      // another program, or another lock of this one, has it
         Impossible // the file cannot be made or opened; see reason
     };
@@ -41,15 +41,15 @@ enum class WriteResult {
     Refused
 };
 
-// Makes the folder for the user alone, its parents as usual. True also when it was there before.
+// Makes the folder for the user alone, its parents as usual. Also true when it existed before.
 bool makePrivateFolder(const QString &path, QString *reason = nullptr);
-// A real folder (no link) of this user's that nobody else may enter.
+// Whether it is a real folder (no link) of this user that nobody else may enter.
 bool isPrivateFolder(const QString &path);
-// Replaces the file in one step by one that only the user may read; on disk when it returns.
+// Replaces the file in one step with one that only the user may read; on disk when it returns.
 WriteResult writePrivateFile(const QString &path, const QByteArray &content, QString *reason = nullptr);
-// Folders for sockets, the best first; none need exist.
+// Folders for sockets, the best first; they need not exist.
 QStringList runtimeFolders();
-// Bytes that a socket's path may have.
+// The greatest length of a socket's path, in bytes.
 int longestSocketPath();
 
 // To be called before the process starts: it ends when this program's starting thread does, and keys typed in the
@@ -57,14 +57,14 @@ int longestSocketPath();
 void tieToThisProgram(QProcess &process);
 // A tool that ends before it has read all its input is an error to report, not a reason to end with it.
 void ignoreBrokenPipes();
-// A clean end is wanted.
+// Asks for a clean end.
 void askToStop(qint64 processId);
-// An end without a word.
+// Ends the process at once.
 void forceStop(qint64 processId);
 bool isAlive(qint64 processId);
 // Processes of any user that were started with exactly this argument.
 QList<qint64> processesWithArgument(const QString &argument);
-// The user is the system's administrator, whom the server refuses unless it is told so.
+// Whether the user is the system's administrator, as whom the server only runs when told to.
 bool isAdministrator();
 
 }

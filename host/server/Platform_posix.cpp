@@ -133,7 +133,7 @@ QStringList runtimeFolders()
 
 int longestSocketPath()
 {
-    // The system's limit is 108 with the closing zero; other systems of the family stop at 104.
+    // The system's limit is 108 with the closing zero; related systems stop at 104.
     return 100;
 }
 
@@ -143,7 +143,7 @@ void tieToThisProgram(QProcess &process)
     process.setChildProcessModifier([program] {
         ::setpgid(0, 0);
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-        // The program may have ended before the line above.
+        // The program may have ended before the call above.
         if (::getppid() != program)
             ::_exit(1);
     });
@@ -162,7 +162,7 @@ void askToStop(qint64 processId)
 
 void forceStop(qint64 processId)
 {
-    // Ours lead a process group of their own; what they started goes with them.
+    // Our processes lead a process group of their own; what they started ends with them.
     if (processId > 0 && ::kill(static_cast<pid_t>(-processId), SIGKILL) != 0)
         ::kill(static_cast<pid_t>(processId), SIGKILL);
 }
@@ -171,7 +171,7 @@ bool isAlive(qint64 processId)
 {
     if (processId <= 0 || (::kill(static_cast<pid_t>(processId), 0) != 0 && errno == ESRCH))
         return false;
-    // A process that has ended but that its parent has not yet asked about holds no files any more.
+    // A process that has ended but has not been reaped yet holds no files any more.
     QFile status(u"/proc/%1/stat"_s.arg(processId));
     if (!status.open(QIODevice::ReadOnly))
         return true;

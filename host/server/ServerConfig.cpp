@@ -51,8 +51,8 @@ void ServerConfig::writeServerOptions(const QString &socketPath) const
     text += "datadir=" + quoted(m_folder.databasePath()) + '\n';
     text += "socket=" + quoted(socketPath) + '\n';
     text += "pid_file=" + quoted(m_folder.databasePath() + u"/server.pid"_s) + '\n';
-    // A server that starts removes all temporary tables of its folder for temporary files, also those that another server is
-    // just using: it must have that folder for itself.
+    // A server that starts removes all temporary tables of its folder for temporary files, also those in use by
+    // another server: it must have that folder to itself.
     text += "tmpdir=" + quoted(m_folder.temporaryPath()) + '\n';
     // Statements may read and write files only beside the backups.
     text += "secure_file_priv=" + quoted(m_folder.backupsPath()) + '\n';
@@ -70,9 +70,9 @@ void ServerConfig::writeServerOptions(const QString &socketPath) const
     add("sql_mode=STRICT_TRANS_TABLES,STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION");
     // An attachment of 25 MiB takes up to twice its size as a literal.
     add("max_allowed_packet=128M");
-    // A program may stand open for days; an idle connection is no reason for an error.
+    // A program may stay open for days; an idle connection is no reason for an error.
     add("wait_timeout=2147483");
-    // People wait in front of a window.
+    // A user is waiting in front of a window.
     add("innodb_lock_wait_timeout=10");
     add("max_connections=60");
     add("key_buffer_size=1M");
@@ -84,7 +84,7 @@ void ServerConfig::writeServerOptions(const QString &socketPath) const
         add("innodb_doublewrite=OFF");
         add("innodb_flush_method=nosync");
     } else {
-        // What was saved survives a power failure.
+        // Saved data survives a power failure.
         add("innodb_flush_log_at_trx_commit=1");
     }
     write(m_folder.serverConfigPath(), text);
@@ -96,7 +96,7 @@ QByteArray ServerConfig::clientOptions(const KConnectionSettings &settings)
     text += "user=" + quoted(settings.user) + '\n';
     text += passwordKey + quoted(settings.password) + '\n';
     if (settings.host.isEmpty()) {
-        // All three: what a file leaves open, the tools take from the user's environment.
+        // All three: whatever a file does not set, the tools take from the user's environment.
         text += "host=localhost\nprotocol=socket\nsocket=" + quoted(settings.socketPath) + '\n';
     } else {
         text += "host=" + quoted(settings.host) + "\nport=" + QByteArray::number(settings.port) + "\nprotocol=tcp\n";
@@ -129,7 +129,7 @@ QString ServerConfig::storedPassword() const
         return {};
     const QList<QByteArray> lines = file.readAll().split('\n');
     for (const QByteArray &line : lines) {
-        // Our own passwords need no escapes, so what stands between the quotes is all.
+        // Our own passwords need no escapes, so the text between the quotes is all of it.
         if (line.startsWith(passwordKey + '"') && line.endsWith('"'))
             return QString::fromUtf8(line.mid(passwordKey.size() + 1).chopped(1));
     }

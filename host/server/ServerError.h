@@ -8,8 +8,8 @@
 
 #include <exception>
 
-// What keeps the private server, its data folder or a backup from working. Carries one Persian sentence for the person
-// at the screen (what is wrong and what to do, naming the folder or file) and the technical detail for the log.
+// What keeps the private server, its data folder or a backup from working. Carries one Persian sentence for
+// the user (what is wrong and what to do, naming the folder or file) and the technical detail for the log.
 class ServerError : public std::exception
 {
 public:
@@ -21,7 +21,7 @@ public:
         Timeout,           // the server did not answer within the limit
         EndedUnexpectedly, // the server ended while the program was using it
         DiskFull,          // no room left on the folder's disk
-        Damaged,           // the database folder is there but is none
+        Damaged,           // the database folder exists but holds no database
         OlderServer,       // the folder was last used by a newer server than the installed one
         UpgradeFailed,     // the folder could not be brought to the installed server's version
         DumpFailed,        // a backup or its restoration failed
@@ -35,7 +35,7 @@ public:
     QString userMessage() const { return m_userMessage; }
     // For the log: file names, exit codes, the server's last words. Never holds a password.
     QString detail() const { return m_detail; }
-    // A path as it stands in a Persian sentence: quoted, and kept in its own direction.
+    // A path as it appears in a Persian sentence: quoted, and kept in its own direction.
     static QString shownPath(const QString &path);
     const char *what() const noexcept override { return m_utf8.constData(); }
 

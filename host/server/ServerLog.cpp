@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A log that went on for weeks is not read whole.
+// The log of several weeks is not read as a whole.
 constexpr qint64 tailBytes = 64LL * 1024;
 
 QString messageFor(ServerError::Kind kind, const DataFolder &folder)
@@ -95,7 +95,7 @@ std::optional<ServerError::Kind> ServerLog::knownFailure(const QString &text)
 
 ServerError ServerLog::error(ServerError::Kind otherwise, const QString &detail) const
 {
-    // A server that breaks off writes long about itself after the cause.
+    // A server that crashes writes at length about itself after the cause.
     const ServerError::Kind kind = knownFailure(tail(200)).value_or(otherwise);
     return {kind, messageFor(kind, m_folder), detail + QLatin1Char('\n') + tail()};
 }

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-// The log of the server: that of this start and that of the one before.
+// The logs of the server: of this start and of the previous one.
 class ServerLog
 {
 public:
@@ -18,7 +18,7 @@ public:
     void begin() const;
     // The last lines, for the program's own log.
     QString tail(int lines = 20) const;
-    // What the log says that went wrong, when it is one of the known things; otherwise nothing.
+    // The failure that the log names, if it is a known one; otherwise nothing.
     static std::optional<ServerError::Kind> knownFailure(const QString &text);
     // The error for a server that failed: a known failure of the log, or otherwise the given kind.
     ServerError error(ServerError::Kind otherwise, const QString &detail) const;

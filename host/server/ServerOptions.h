@@ -7,14 +7,14 @@
 
 using namespace Qt::StringLiterals;
 
-// What the server of a data folder is started with.
+// Options with which the server of a data folder is started.
 struct ServerOptions
 {
     ServerPrograms programs = ServerPrograms::installed();
     int startLimitMilliseconds = 30000;
     int bufferPoolMiB = 64;
     int redoLogMiB = 96;
-    // Room that the folder's disk must have. With less a server may start but break off at its first larger write.
+    // Free space that the folder's disk must have. With less a server may start but crash at its first larger write.
     int freeMiBForNewDatabase = 300;
     int freeMiBToStart = 32;
     // For tests only: nothing is forced to the disk, a power failure may lose everything.

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The server lies in a folder that is not in an ordinary user's PATH.
+// The server is in a folder that is not in an ordinary user's PATH.
 QString find(std::initializer_list<QString> names)
 {
     static const QStringList folders{u"/usr/sbin"_s, u"/usr/bin"_s,
@@ -25,7 +25,7 @@ QString find(std::initializer_list<QString> names)
     return {};
 }
 
-// Later releases name the same statements after the product.
+// Later releases call the same file after the product.
 QString findScripts()
 {
     for (const QString &folder :

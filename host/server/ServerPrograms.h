@@ -14,6 +14,6 @@ struct ServerPrograms
     QString upgrade; // mariadb-upgrade
     QString scripts; // folder of the statements that make the system tables
 
-    // Those installed on this computer, looked for once in the usual folders and in PATH.
+    // The ones installed on this computer, searched for once in the usual folders and in PATH.
     static const ServerPrograms &installed();
 };

@@ -7,7 +7,7 @@
 
 #include <QVersionNumber>
 
-// What the last server of a data folder was and how it ended, kept in server-state.json.
+// The version of a data folder's last server and how it ended, kept in server-state.json.
 struct ServerState
 {
     QVersionNumber version; // major, minor, patch; null: unknown
@@ -15,7 +15,7 @@ struct ServerState
 
     // A missing or unreadable file gives an unknown version that did not end cleanly.
     static ServerState load(const DataFolder &folder);
-    // Best effort: the state only saves work, and an unwritten one is taken for the worse.
+    // Best effort: the state only saves work, and a missing one counts as the worse case.
     void save(const DataFolder &folder) const;
 
     // From "10.11.14-MariaDB-0+deb12u2" or from what mariadbd --version prints; null when there is none in it.

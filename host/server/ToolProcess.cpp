@@ -17,7 +17,7 @@ namespace {
 constexpr int pulseMilliseconds = 50;
 constexpr qint64 chunkBytes = 1024LL * 1024;
 
-// Hands on what the tool can take, and waits a moment for it or for its end.
+// Passes on what the tool can take, and waits a moment for it or for its end.
 void feed(QProcess &process, QIODevice &source)
 {
     if (!source.atEnd() && process.bytesToWrite() < chunkBytes) {
@@ -31,7 +31,7 @@ void feed(QProcess &process, QIODevice &source)
         process.waitForFinished(pulseMilliseconds);
 }
 
-// Ends a tool that is still at work when an exception passes.
+// Ends a tool that is still running when an exception passes.
 class Ended
 {
 public:
@@ -59,7 +59,7 @@ QProcessEnvironment ToolProcess::environment()
         if (name.startsWith(u"MYSQL_"_s) || name.startsWith(u"MARIADB_"_s))
             environment.remove(name);
     }
-    // The tools' words are for our log and are looked through for known failures.
+    // The tools' output goes to our log and is searched for known failures.
     environment.insert(u"LC_ALL"_s, u"C"_s);
     return environment;
 }

@@ -24,15 +24,15 @@ struct ToolProcess
     QString errorFile;         // appended to; empty: thrown away
     int limitMilliseconds = 0; // 0: none
 
-    // Called about twenty times a second with the bytes of input that the tool has taken. What it throws passes
-    // through; the tool is ended before.
+    // Called about twenty times a second with the bytes of input that the tool has taken. Its exceptions pass
+    // through, after the tool has been ended.
     using Pulse = std::function<void(qint64 inputDone)>;
 
-    // Gives the exit code. Throws ServerError ProgramMissing when it cannot be started and Timeout when the limit is
-    // over. A tool that was killed gives -1.
+    // Returns the exit code, -1 for a tool that was killed. Throws ServerError ProgramMissing when it cannot be started
+    // and Timeout when the limit has passed.
     int run(const Pulse &pulse = {}) const;
 
-    // This program's environment without what the database's tools would take options, hosts or passwords from.
+    // This program's environment without the variables from which the tools would take options, hosts or passwords.
     static QProcessEnvironment environment();
     static ServerError missing(const QString &program, const QString &detail = {});
 };

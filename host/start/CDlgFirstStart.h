@@ -20,12 +20,12 @@ class CDlgFirstStart : public KDialog
 public:
     explicit CDlgFirstStart(QWidget *parent = nullptr);
 
-    // Login name of the administrator that was made; empty until then.
+    // Login name of the new administrator; empty until there is one.
     QString userName() const { return m_created; }
 
-    // The shortest password that is taken here and wherever users are kept.
+    // The shortest password that is accepted, here and in the list of users.
     static constexpr int shortestPassword = 4;
-    // What is wrong with a password and its repetition; empty when nothing is.
+    // The fault in a password and its repetition; empty when there is none.
     static QString passwordProblem(const QString &password, const QString &repeated);
 
 Q_SIGNALS:

@@ -11,8 +11,8 @@ class KEdit;
 class QAbstractButton;
 class QLabel;
 
-// Who works. The last user name is remembered on this computer, the password never. Wrong attempts make the next one wait,
-// longer each time, so that passwords cannot be tried out.
+// The login. The last user name is remembered on this computer, the password never. Each wrong attempt delays the next one,
+// longer each time, so that passwords cannot be guessed by trying.
 class CDlgLogin : public KDialog
 {
     Q_OBJECT

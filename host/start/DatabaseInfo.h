@@ -5,12 +5,12 @@
 
 #include <QString>
 
-// What database 0 is, in words.
+// Describes database 0.
 namespace DatabaseInfo {
 
-// Its name; of an office server with the server's.
+// Its name; on an office server, with the server's name.
 QString name();
-// As the server tells it, such as "10.11.14-MariaDB-0+deb12u2".
+// As the server reports it, such as "10.11.14-MariaDB-0+deb12u2".
 QString serverVersion();
 
 }

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Tables whose rows people typed. The seeded ones (accounts, settings) are made again by an upgrade.
+// Tables whose rows users typed. The seeded ones (accounts, settings) are recreated by an upgrade.
 const QStringList &dataTables()
 {
     static const QStringList tables = {u"Users"_s, u"Persons"_s, u"Documents"_s,
@@ -50,8 +50,8 @@ bool changesSchema(const QString &statement)
     return false;
 }
 
-// Runs an action before the first statement that changes the schema. The module alone knows which of its steps are due, so
-// its statements are what tells that one is.
+// Runs an action before the first statement that changes the schema. Only the module knows which of its steps are due, so
+// its statements show that one is.
 class BeforeSchemaChange
 {
 public:
@@ -109,7 +109,7 @@ bool DatabaseUpgrade::upgradeModule(CAutoDBSetting &module)
 bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
 {
     const double stored = SuiteSchema::moduleVersion();
-    // A step that a failed run left half done meets columns that are there already; only then they are passed over.
+    // A step that a failed run left half done meets columns that already exist; only then are they passed over.
     const bool unfinished = CTblProperties::DBReadSettingInt(schemaSection, unfinishedKey, 0) != 0;
     const bool dumpIfChanged = m_dump.isEmpty() && holdsRows();
     bool changed = false;

@@ -12,14 +12,14 @@
 class CAutoDBSetting;
 
 // Brings database 0 to the schema of this program and its module. Before the first change of a database that holds
-// anybody's data a dump is taken; one that fails stops the upgrade with nothing changed.
+// user data a dump is taken; if it fails, the upgrade stops with nothing changed.
 class DatabaseUpgrade
 {
 public:
-    // Called with the Persian text of what is being waited for.
+    // Called with a Persian text that says what is awaited.
     using Progress = std::function<void(const QString &waitingFor)>;
 
-    // folder is where dumps lie.
+    // folder is where dumps are.
     DatabaseUpgrade(const QString &backupsFolder, Progress progress);
 
     // The suite's own tables. Throws CMySQLException, KAccountingError, ServerError.

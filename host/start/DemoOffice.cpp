@@ -34,7 +34,7 @@ void fill(int contracts, const QString &clientConfig, const std::function<void()
         if (!filler.waitForFinished(100))
             waiting();
     }
-    // A wait that ran out counts as an error of the process too, so only these two tell that it failed to work.
+    // A timed-out wait also counts as an error of the process, so only these two mean that it failed.
     const bool broke = filler.error() == QProcess::FailedToStart || filler.error() == QProcess::Crashed;
     if (broke || filler.exitCode() != 0) {
         qCWarning(lcHost).noquote() << "demo data:" << filler.error() << filler.exitCode() << filler.readAllStandardError();

@@ -7,13 +7,13 @@
 
 #include <functional>
 
-// The demo office, by which a newcomer sees a living program.
+// The demo office, which shows a newcomer the program at work.
 namespace DemoOffice {
 
 // Whether database 0 holds it already.
 bool isFilled();
-// Fills database 0 with that many contracts and what they need. A program of its own does it, because it works by the
-// module's rules, which the host does not link; it reads how to reach the database from the client configuration. waiting
+// Fills database 0 with that many contracts and what they need. A separate program does this, because it applies the
+// module's rules, which the host does not link; it takes the connection's settings from the client configuration. waiting
 // is called about ten times a second. Throws KAccountingError when it fails.
 void fill(int contracts, const QString &clientConfig, const std::function<void()> &waiting);
 

@@ -28,7 +28,7 @@ KConnectionSettings settingsOf(const HostOptions &options)
     return settings;
 }
 
-// The server's and the client library's error numbers that tell a person what to do.
+// Error numbers of the server and the client library for which the user can be told what to do.
 enum ConnectError : unsigned int {
     NoAccessToDatabase = 1044,
     AccessDenied = 1045,
@@ -37,7 +37,7 @@ enum ConnectError : unsigned int {
     TlsFailed = 2026
 };
 
-// Another password may mend it.
+// Another password may help.
 bool isWrongPassword(const CMySQLException &error)
 {
     return error.serverCode() == AccessDenied || error.serverCode() == AccessDeniedWithoutPassword;

@@ -17,7 +17,7 @@ namespace OfficeServer {
 // which is shown again after a refusal. False: the user gave up or was told why there is no connection.
 [[nodiscard]] bool connect(const HostOptions &options, QWidget *parent);
 
-// The first line of the file. Empty optional: it cannot be read, or others may read it; error tells which.
+// The first line of the file. Empty optional: it cannot be read, or others may read it; error says which.
 std::optional<QString> readPassword(const QString &file, QString *error);
 
 }

@@ -59,7 +59,7 @@ SplashWindow::SplashWindow(QWidget *parent)
 
 void SplashWindow::showWaiting(const QString &waitingFor)
 {
-    // Some texts bring their own dots.
+    // Some texts end with dots of their own.
     const bool dotted = waitingFor.endsWith(u'.') || waitingFor.endsWith(u'…');
     const QString text = dotted ? waitingFor : waitingFor + u" …"_s;
     if (m_waiting->text() != text) {

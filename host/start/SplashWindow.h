@@ -7,7 +7,7 @@
 
 class QLabel;
 
-// What is on the screen while the program starts or stops: its name and what it waits for.
+// Shown while the program starts or stops: its name and what it is waiting for.
 class SplashWindow final : public QWidget
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class SplashWindow final : public QWidget
 public:
     explicit SplashWindow(QWidget *parent = nullptr);
 
-    // Shows the text and paints at once; what the user does meanwhile waits.
+    // Shows the text and paints at once; the user's input waits.
     void showWaiting(const QString &waitingFor);
 
 protected:

@@ -367,7 +367,7 @@ void TestHostProgram::anotherUserCanLogIn()
 
 void TestHostProgram::folderThatCannotBeUsedIsTold()
 {
-    // A file stands where the folder would be.
+    // A file is where the folder would be.
     QFile file(m_options.dataDir);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(drive([](QWidget *) {}), 1);

@@ -142,7 +142,7 @@ def register_car(office, table):
         office.driver.enter(label, text, editor)
     cars.choose_values(office, editor, car_labels.ACCESSORIES_HAD, car_labels.ACCESSORIES, ACCESSORIES,
                        ("accessories", "Several accessories are entered and ticked"))
-    # The jack is not there after all: the field is a text, and the lacking ones follow from it.
+    # The jack is missing after all: the field is a text, and the list of missing items follows from it.
     office.driver.enter(car_labels.ACCESSORIES_HAD, f"{ACCESSORIES[0]}، {ACCESSORIES[2]}", editor)
     office.driver.press(car_labels.more(car_labels.ACCESSORIES_LACKING), editor)
     cars.holds(office, editor, car_labels.ACCESSORIES_LACKING, ACCESSORIES[1])
@@ -344,7 +344,7 @@ def keep_used_brand(office):
 
 def start_again(office):
     office.start()
-    # Nobody waits for the day that the reminder is set to: the day comes.
+    # Instead of waiting for the reminder's day, the day is moved.
     demands.let_reminder_fall_due(office)
     office.log_in()
     demands.deal_with_reminder(office, CUSTOMER)

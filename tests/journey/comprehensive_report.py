@@ -83,7 +83,7 @@ def add_accounts(office):
 
 
 def post_rent(office):
-    """Gives the number of the document."""
+    """Returns the number of the document."""
     books.open_page(office, report_labels.DOCUMENTS)
     office.command(report_labels.NEW_DOCUMENT)
     editor = office.tree.window(report_labels.NEW_DOCUMENT)
@@ -110,7 +110,7 @@ def open_report(office):
 
 
 def reckon(office, days):
-    """The rows that the list must show, each a code, a name, an amount and its nature, from the tables alone."""
+    """The rows that the list must show, each with code, name, amount and nature, from the tables alone."""
     first, last = days
     end = last + datetime.timedelta(1)
     rows, difference = [], 0.0

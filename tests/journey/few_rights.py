@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Who may not enter contracts, cars or demands sees no page; who may only read adds, changes and deletes nothing."""
+"""A user who may not open contracts, cars or demands sees no page; one who may only read changes nothing in them."""
 
 from lib import car_labels, labels, rights
 from lib.journey import check, run, step

@@ -27,7 +27,7 @@ START = "1404/12/15"
 FIRST_DUE = datetime.date(2026, 4, 4)
 MONTHS_OF_1405 = (31, 31, 31, 31, 31, 31, 30, 30, 30, 30, 30)
 
-# By label and column; what is True stands in the printed contract as well.
+# By label and column; what is True appears in the printed contract as well.
 VEHICLE_AND_TERMS = (
     ("نام اتومبيل :", "sAutomobilName", "پژو پارس", True),
     ("رنگ :", "sColor", "سفید صدفی", True),

@@ -13,7 +13,7 @@ from lib.waiting import wait_for
 
 from prepare_office import PERSONS
 
-# As in the prepared office, so that what is played on that one can follow here too.
+# As in the prepared office, so that the steps played there can follow here too.
 SELLER, BUYER = PERSONS
 SELLER_DISCOUNT = 10
 FIRST_AMOUNT = 800_000_000
@@ -71,7 +71,7 @@ def add_buyer(office):
 
 
 def write_contract(office):
-    """Fills and saves the editor; gives the contract's key, code and figures."""
+    """Fills and saves the editor; returns the contract's key, code and figures."""
     editor = work.new_contract(office)
     office.pictures.take("editor-new", "A new contract with the next code and the percentages of the settings")
     placeholder = office.database.row("SELECT iID, iCode, dPercentTax, dPercentImposition2 FROM AutomobilContracts")

@@ -178,7 +178,7 @@ def await_rows(office, window, wanted, picture=None):
 
 
 def gather(office, window, kind, minimum, picture=None):
-    """Shows the summer of the kind and checks every cell; gives what was reckoned."""
+    """Shows the summer of the kind and checks every cell; returns the expected rows."""
     office.driver.option(report_labels.SEASONS[SUMMER], window)
     office.driver.option(report_labels.SALES if kind == season.SALE else report_labels.PURCHASES, window)
     office.driver.enter(report_labels.YEAR, str(YEAR), window)

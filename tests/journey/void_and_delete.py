@@ -45,7 +45,7 @@ def void_and_delete(office):
     check(table.row_count == 1, "No keeps the row")
 
     step("Yes deletes the contract with its document")
-    # In another place of the row, or the two quick clicks would count as a double click.
+    # Elsewhere in the row, or the two quick clicks would count as a double click.
     mouse.click(table.cell(0, 3), button=3)
     office.message(labels.QUESTION, labels.ASK_DELETE, labels.YES)
     wait_for(lambda: table.row_count == 0, "the row to go")

@@ -25,7 +25,7 @@ public:
 
     TestDatabase &database() { return m_database; }
 
-    // Takes everything out again that a test can have put in: contracts, cars, demands, the catalog, tariffs, items, persons,
+    // Removes everything that a test can have added: contracts, cars, demands, the catalog, tariffs, items, persons,
     // documents; and the settings back to none.
     void clear();
     int adminID() const { return m_adminID; }

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# Sourced by the tests of scripts: a folder that vanishes at the end, and what they say of a fault.
+# Sourced by the tests of scripts: a temporary folder, and the reporting of a fault.
 
 source_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 work=$(mktemp -d)

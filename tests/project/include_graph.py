@@ -6,7 +6,7 @@
 
     include_graph.py [ROOT]
 
-A header and the source of the same name are one unit: whoever includes the header links the source, so what the source
+A header and the source of the same name are one unit: including the header means linking the source, so what the source
 includes counts too. Five things are faults: an include that goes up a floor, a circle among folders, a circle among units,
 a unit that is no window but reaches one of Qt's window classes, and a rule that reaches the database.
 """
@@ -17,7 +17,7 @@ import sys
 from collections import defaultdict, deque
 from pathlib import Path, PurePosixPath
 
-# From below. What stands on one line may see the others of that line, as far as there is no circle.
+# From below. Folders on one line may see each other, as long as there is no circle.
 FLOORS = [
     ["suite/db"],
     ["suite/utility"],
@@ -76,7 +76,7 @@ def within(unit, folder):
 
 
 def floor_of(unit):
-    """The index of the most particular floor that holds the unit."""
+    """The index of the most specific floor that holds the unit."""
     found = [(len(folder), level) for level, folders in enumerate(FLOORS) for folder in folders if within(unit, folder)]
     return max(found)[1] if found else -1
 
@@ -188,7 +188,7 @@ def linked(graph):
 
 
 def users_of(arrows, unit):
-    """All units that include the unit, by whatever way."""
+    """All units that include the unit, directly or not."""
     found, waiting = set(), [unit]
     while waiting:
         followed = waiting.pop()

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-# setup.sh against package tools that only write down how they were called.
+# setup.sh with package tools that only record how they were called.
 
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/assert.sh"
@@ -31,7 +31,7 @@ tool() {
     printf '#!/bin/bash\n%s\n' "$2" >"$tools/$1"
     chmod +x "$tools/$1"
 }
-# Installed: what stands in the file "installed"; the package "icons" provides icons-dev.
+# Installed: the packages in the file "installed"; the package "icons" provides icons-dev.
 tool dpkg-query 'shift 3
 if [ "$#" -eq 0 ]; then
     grep -qx icons "$WORK/installed" && printf "ii \ticons-dev (= 1), other\n"
@@ -45,7 +45,7 @@ tool npm 'echo "npm $*" >>"$WORK/calls"
 [ -e "$WORK/offline" ] && exit 1
 mkdir -p node_modules/vazirmatn && printf "{\n  \"version\": \"33.0.3\"\n}\n" >node_modules/vazirmatn/package.json'
 
-# Nothing else of this machine is in reach, above all not its own package tools.
+# Nothing else of this machine is in reach, least of all its own package tools.
 mkdir "$work/bin"
 for command in awk bash cat dirname env grep mkdir sed timeout; do
     ln -s "$(command -v "$command")" "$work/bin/$command"
@@ -95,7 +95,7 @@ called 'npm ci --ignore-scripts' || fault "font: $(cat "$calls")"
 expect_status 0 'font is there' setup run font
 [ ! -s "$calls" ] || fault "font is there, and still called: $(cat "$calls")"
 
-# Java may have come in another way than by packages: its commands are what counts.
+# Java may have been installed without packages: its commands are what counts.
 expect_status 0 'no Java' setup run java
 called 'apt-get install -y -q --no-install-recommends jdk maven' || fault "no Java: $(cat "$calls")"
 tool javac true

@@ -17,7 +17,7 @@ public:
     QString version() const; // "JET4"
     QStringList tables() const;
     int count(const QString &table) const;
-    // The records in the file's order. An empty text and a field without a value are both not there; a flag is 1 or 0.
+    // The records in the file's order. Empty texts and fields without a value are left out; a flag is 1 or 0.
     QVector<QJsonObject> records(const QString &table) const;
 
 private:

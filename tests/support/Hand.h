@@ -10,7 +10,7 @@
 
 #include <functional>
 
-// What a person at the keyboard does, to whatever has the focus.
+// The actions of a user at the keyboard, on the widget that has the focus.
 namespace Hand {
 
 inline QWidget *focus()

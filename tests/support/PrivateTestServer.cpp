@@ -25,7 +25,7 @@ const QString folderKey = u"folder"_s;
 
 namespace {
 
-// A test program that was killed could not remove its folder, which may lie in memory. Whoever holds no lock on it is gone.
+// A killed test program could not remove its folder, which may be in memory. When nothing holds its lock, the program is gone.
 void removeAbandonedFolders()
 {
     const QFileInfo pattern(PrivateTestServer::folderTemplate());

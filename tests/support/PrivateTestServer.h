@@ -26,7 +26,7 @@ public:
 
     // The server that ctest started for this run: its connection, no database selected; nothing when there is none.
     static std::optional<KConnectionSettings> ofThisRun();
-    // Tells the test programs of this run where the server is, and takes that back.
+    // Tells the test programs of this run where the server is, or withdraws that.
     void publish() const;
     static bool isPublished(const QString &folder);
     static QString publishedFolder();

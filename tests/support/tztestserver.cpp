@@ -89,7 +89,7 @@ int start()
     QProcess process;
     process.setProgram(QCoreApplication::applicationFilePath());
     process.setArguments({u"serve"_s});
-    // ctest waits for whoever still holds its pipes.
+    // ctest waits for any process that still holds its pipes.
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(u"" TZ_TEST_SERVER_FILE ".log"_s);

@@ -102,7 +102,7 @@ class TestContractListAtWork : public QObject
         return *page;
     }
 
-    // Fills in and confirms the editor that comes up, with that explanation.
+    // Fills in and confirms the editor that opens, with that explanation.
     static void whenEditor(const QString &explanation)
     {
         TestOffice::whenModal("CDlgAddAutomobilContract", [explanation](QWidget *window) {

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The bindings of a record class beside the table of them that lies with the tests: one line per column, in order, with
+// Compares the bindings of a record class with their table beside the tests: one line per column, in order, with
 // kind, caption, lookup table, lookup key and lookup display.
 namespace ColumnTable {
 

@@ -210,7 +210,7 @@ private Q_SLOTS:
         QVERIFY(statements.taken().at(2).startsWith(u"DELETE FROM AutomobilInformations "_s));
         QCOMPARE(relatedRecords(key), 0);
         QCOMPARE(relatedRecords(other), 2);
-        // What lies under the same number but belongs to a contract stays.
+        // Rows under the same number that belong to a contract stay.
         QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM FileDocs WHERE iTable=69 AND iRecordID=%1"_s.arg(key)),
                  u"1"_s);
         QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilInformations"_s), QString::number(other));

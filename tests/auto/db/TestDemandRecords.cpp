@@ -190,7 +190,7 @@ private Q_SLOTS:
         QVERIFY(demand.Delete());
         QCOMPARE(related(70, key), u"0"_s);
         QCOMPARE(related(70, other), u"2"_s);
-        // What lies under the same number but belongs to a contract stays.
+        // Rows under the same number that belong to a contract stay.
         QCOMPARE(related(69, key), u"2"_s);
         QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilDemands"_s), QString::number(other));
     }

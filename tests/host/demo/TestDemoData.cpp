@@ -147,7 +147,7 @@ void TestDemoData::numbersRunThroughEachFiscalYear()
         QCOMPARE(documents.m_iFiscalYear, GetShamsi(documents.m_date.date()).year);
 }
 
-// Posting a contract anew keeps its document's number and gives the very rows that were made.
+// Posting a contract anew keeps its document's number and writes exactly the rows that were made.
 void TestDemoData::documentsAreWhatTheEditorWouldPost()
 {
     const QString rows = u"SELECT SHA1(GROUP_CONCAT(iHesabKolCode,'/',iHesabMoeenCode,'/',iPersonID,'/',dBed,'/',dBes,"

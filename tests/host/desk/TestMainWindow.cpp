@@ -331,7 +331,7 @@ void TestMainWindow::remindersOpenOnceForEverybody()
     QVERIFY(page);
     page->open();
     QCOMPARE(page->list()->count(), 0);
-    // What came meanwhile is there when one looks again.
+    // What arrived meanwhile is there at the next look.
     Alarms::add(GetDBSetting()->GetUserID(), -1, u"تازه"_s);
     entry->trigger();
     QCOMPARE(window.workArea()->count(), 1);
@@ -413,7 +413,7 @@ void TestMainWindow::dueRemindersAreToldOnceAtLogin()
 {
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     window.show();
-    // Without any no window comes, or this would wait for somebody.
+    // Without reminders no window opens, or this would wait for a user.
     window.tellDueReminders();
     Alarms::add(m_office.admin, -60, u"اول"_s);
     Alarms::add(m_office.admin, -50, u"هر بار"_s, Alarms::repeats);

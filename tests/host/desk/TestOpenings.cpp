@@ -73,7 +73,7 @@ class TestOpenings : public QObject
     {
         QStringList taken;
         const ObservedStatements observed({u"SELECT"_s});
-        // The hand stays out for a while when no window comes up.
+        // The helper waits for a while when no window opens.
         const auto isWaiting = std::make_shared<bool>(true);
         if (isModal) {
             Hand::inNextWindow([&, waits = std::weak_ptr(isWaiting)](QDialog *dialog) {
@@ -101,7 +101,7 @@ class TestOpenings : public QObject
         return page;
     }
 
-    // Whether the database is closed is asked by the list, which refuses quietly, and by an editor for whoever else opens it.
+    // Whether the database is closed is asked by the list, which refuses quietly, and by an editor for any other caller.
     static QStringList twice(const QStringList &statements)
     {
         QStringList repeated;

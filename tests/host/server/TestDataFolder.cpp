@@ -20,7 +20,7 @@ namespace {
 
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
-// What create() refuses with; Kind::Cancelled when it does not.
+// The kind of error with which create() refuses; Kind::Cancelled when it does not.
 ServerError refusal(const DataFolder &folder)
 {
     try {

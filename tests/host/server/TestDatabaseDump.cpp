@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What taking or restoring refuses with; Kind::InUse when it does not.
+// The kind of error with which taking or restoring fails; Kind::InUse when it does not.
 template <typename Operation>
 ServerError refusal(Operation operation)
 {

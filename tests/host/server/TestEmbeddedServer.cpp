@@ -62,7 +62,7 @@ QList<qint64> serversOf(const DataFolder &folder)
     return platform::processesWithArgument(ServerConfig::fromFile(folder.serverConfigPath()));
 }
 
-// What start refuses with; Kind::Cancelled when it starts.
+// The kind of error with which start fails; Kind::Cancelled when it starts.
 ServerError refusal(EmbeddedServer &server)
 {
     try {

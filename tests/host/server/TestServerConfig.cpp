@@ -66,7 +66,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir temporary;
         const DataFolder folder(temporary.path());
-        // A file that somebody opened to others does not pass its mode on.
+        // A file made readable to others does not pass its mode on.
         QFile loose(folder.clientConfigPath());
         QVERIFY(loose.open(QIODevice::WriteOnly));
         loose.close();

@@ -75,7 +75,7 @@ private:
 
 }
 
-// A database that another version of the server used last.
+// A database that was last used by another version of the server.
 class TestServerUpgrade : public QObject
 {
     Q_OBJECT

@@ -168,7 +168,7 @@ void TestCDlgFirstStart::theAdministratorCanLogIn()
 
 void TestCDlgFirstStart::aFailureLeavesNothingBehind()
 {
-    // Somebody else was quicker with the same name.
+    // Another user was quicker with the same name.
     CTblUsers::create(u"sara"_s, u"other"_s, {}, true);
     CDlgFirstStart dialog;
     fill(dialog);

@@ -221,7 +221,7 @@ void TestDatabaseUpgrade::dumpThatFailsStopsTheUpgrade()
 {
     makeOlder();
     m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
-    // A file stands where the folder would be made.
+    // A file is where the folder would be made.
     QFile inTheWay(m_backups->filePath(u"backups"_s));
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
     DatabaseUpgrade upgrade(inTheWay.fileName(), [](const QString &) {});

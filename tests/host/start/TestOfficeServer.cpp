@@ -151,7 +151,7 @@ void TestOfficeServer::wrongPasswordIsToldByName()
 
 void TestOfficeServer::databaseThatIsNotThereIsToldByName()
 {
-    // Who may see no other database hears the same of one that is not there as of one of others.
+    // A user who may see no other database gets the same answer for a missing one as for another user's.
     QVERIFY(!OfficeServer::connect(options("gallery7", u"nobooks"_s), nullptr));
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
@@ -201,9 +201,9 @@ void TestOfficeServer::makeCertificates()
 
 void TestOfficeServer::serverIsTakenByItsCertificate_data()
 {
-    QTest::addColumn<QString>("certificate"); // whom the server shows itself as
+    QTest::addColumn<QString>("certificate"); // the name the server presents
     QTest::addColumn<QString>("host");
-    QTest::addColumn<QString>("authority"); // whom we ask; empty: the system's
+    QTest::addColumn<QString>("authority"); // the one that we trust; empty: the system's
     QTest::addColumn<bool>("taken");
     const QString localhost = u"localhost"_s;
     const QString ours = u"ours"_s;

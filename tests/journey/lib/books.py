@@ -28,14 +28,14 @@ class Line:
 
 
 def open_page(office, caption):
-    """A list of the books, opened from the menu; gives its table."""
+    """A list of the books, opened from the menu; returns its table."""
     office.driver.open_menu(labels.BOOK_MENU, office.main)
     office.driver.menu_entry(caption, office.main)
     return office.tree.find("tree", caption, office.main)
 
 
 def add_service(office, name, picture=None):
-    """In the list of services, which is in front; gives the service's code."""
+    """In the list of services, which is in front; returns the service's code."""
     table = office.tree.find("tree", report_labels.SERVICES, office.main)
     office.command(report_labels.NEW_SERVICE)
     editor = office.tree.window(report_labels.SERVICE_WINDOW)
@@ -51,13 +51,13 @@ def add_service(office, name, picture=None):
 
 
 def begin_invoice(office, command, title):
-    """In the list of invoices, which is in front; gives the editor's window."""
+    """In the list of invoices, which is in front; returns the editor's window."""
     office.command(command)
     return office.tree.window(title)
 
 
 def enter_lines(office, editor, lines):
-    """Types the lines into the grid, as a person does at the keyboard: Enter goes from cell to cell and on to a new line."""
+    """Types the lines into the grid, as a user does: Enter goes from cell to cell and on to a new line."""
     grid = office.tree.find("table", report_labels.INVOICE_LINES, editor)
     KeyboardDriver(office.tree, office.input).focus(grid, editor)
     office.input.keys("ctrl+Home")

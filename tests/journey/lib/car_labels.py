@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What stands on the screen in the windows of cars, demands and their catalog, to the letter."""
+"""The exact texts on the screen in the windows of cars, demands and their catalog."""
 
 # The pages and their windows.
 CARS = "گالري اتومبيل"
@@ -112,7 +112,7 @@ BADGE = "یادآوری : 1"
 
 
 def of(command, heading):
-    """The catalog's three lists have the same buttons; their names say whose they are."""
+    """The catalog's three lists have the same buttons; their names say to which list they belong."""
     return f"{command} {heading}"
 
 

@@ -51,7 +51,7 @@ def choose_values(office, editor, label, title, values, picture=None):
 
 
 def take_picture(office, editor, path):
-    """Lets the box of the picture take a file."""
+    """Loads a file into the picture box."""
     box = office.tree.find("image", car_labels.PICTURE, editor)
     if isinstance(office.driver, KeyboardDriver):
         office.driver.focus(box, editor)

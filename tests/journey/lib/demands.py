@@ -10,7 +10,7 @@ CUSTOMER = person_field("")
 
 
 def record(office, customer, choices, entries):
-    """A demand with a reminder of tomorrow, saved."""
+    """A saved demand with a reminder for tomorrow."""
     office.command(labels.NEW)
     editor = office.tree.window(car_labels.DEMAND_NEW)
     office.tree.check_names(editor)
@@ -45,7 +45,7 @@ def let_reminder_fall_due(office):
 
 
 def deal_with_reminder(office, customer):
-    """At the login the due reminder comes; closed, it stays in the status line until it is dealt with."""
+    """The due reminder appears at login; once closed, it stays in the status line until it is dealt with."""
     window = office.tree.window(car_labels.DUE_REMINDERS)
     office.tree.check_names(window)
     table = office.tree.find("tree", car_labels.DUE_LIST, window)

@@ -68,7 +68,7 @@ class Desktop:
         # Latin and Persian, so that every letter that a journey types is on a key.
         if shutil.which("setxkbmap"):
             subprocess.run(["setxkbmap", "-layout", "us,ir"], env=self.environment, check=True)
-        # So that a window's edge is seen on the pictures; an embellishment that may fail.
+        # So that window edges are visible in the pictures; an embellishment that may fail.
         if shutil.which("display"):
             subprocess.run(["display", "-window", "root", "xc:#46617a"], env=self.environment, check=False,
                            capture_output=True, timeout=20)

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the program hands out, read back with other programs' eyes: word documents, PDF pages, spreadsheets."""
+"""What the program produces, read back with other programs: word documents, PDF pages, spreadsheets."""
 
 import os
 import re
@@ -39,7 +39,7 @@ class Opener:
         return asked[0]
 
     def asked(self):
-        """All paths that it was asked to open up to now."""
+        """All paths that it has been asked to open so far."""
         if not os.path.exists(self._asked):
             return []
         with open(self._asked, encoding="utf-8") as file:
@@ -54,7 +54,7 @@ def _parts(path, pattern):
 
 
 def word_parts(path):
-    """Every part in which words stand or that steers them, as its source."""
+    """The source of every part that holds words or controls them."""
     return {name: data.decode() for name, data in _parts(path, r"word/[^/]*\.xml").items()}
 
 
@@ -68,7 +68,7 @@ def word_text(path):
 
 
 def sheet(path):
-    """Whether the first sheet reads from the right, and its rows, each a list of texts and numbers."""
+    """Returns whether the first sheet reads from the right, and its rows, each a list of texts and numbers."""
     parts = _parts(path, r"xl/(worksheets/sheet1|sharedStrings)\.xml")
     shared = []
     if "xl/sharedStrings.xml" in parts:
@@ -93,14 +93,14 @@ def _cell(cell, shared):
 
 
 def pdf_pages(path):
-    """The words of each page; shaped letters are taken back to those that were typed."""
+    """The words of each page; shaped letters are turned back into those that were typed."""
     text = subprocess.run(["pdftotext", "-layout", path, "-"], capture_output=True, text=True, check=True,
                           timeout=30).stdout
     return [plain(page) for page in text.split("\f")[:-1]]
 
 
 def plain(text):
-    """Letters as typed and digits as stored; a mark of direction may stand where a blank stood."""
+    """Letters as typed and digits as stored; a direction mark may replace a blank."""
     digits = {ord(first) + i: str(i) for first in "۰٠" for i in range(10)}
     return _DIRECTION_MARKS.sub(" ", unicodedata.normalize("NFKC", text)).translate(digits)
 
@@ -119,7 +119,7 @@ def _holds_word(line, word):
 
 
 def as_pdf(desktop, path, folder):
-    """The pages of a word document, made by another program; gives their file."""
+    """The pages of a word document, made by another program; returns their file."""
     home = os.path.join(desktop.home, "writer")
     environment = {name: value for name, value in desktop.environment.items() if name != "DISPLAY"}
     subprocess.run(["soffice", f"-env:UserInstallation=file://{home}", "--headless", "--convert-to", "pdf",

@@ -13,14 +13,14 @@ _TOP_ROLES = (*WINDOW_ROLES, "popup menu", "application")
 
 
 class Driver:
-    """What the three have in common. A window is given by the node that Tree.window gives."""
+    """What the three have in common. A window is given as the node that Tree.window returns."""
 
     def __init__(self, tree, input_devices):
         self.tree = tree
         self.input = input_devices
 
     def ready(self, window):
-        """Waits until the screen gives its keys to the window, and so has cleared away the one before."""
+        """Waits until the window gets the screen's keys, so that the one before is gone."""
         wait_for(lambda: self.input.window_with_keys() == window.name and window.has(State.ACTIVE),
                  lambda: f"{window!r} to take the keys, which {self.input.window_with_keys()!r} takes")
 
@@ -59,7 +59,7 @@ class Driver:
         self._press(node)
 
     def toggle(self, label, window):
-        """Presses a check box; what comes of it is not awaited here. Gives the box."""
+        """Presses a check box without awaiting the result. Returns the box."""
         node = self.tree.find("check box", label, window)
         self._toggle(node)
         return node
@@ -78,7 +78,7 @@ class Driver:
         wait_for(lambda: node.checked, f"the option {label!r} to be picked")
 
     def tick(self, name, box, window):
-        """Ticks an entry of the list that is called box."""
+        """Ticks an entry of the list named box."""
         node = wait_for(lambda: next((item for item in self.tree.find("list", box, window).children
                                       if item.name == name), None), f"the entry {name!r} of {box!r}")
         if not node.checked:
@@ -127,15 +127,15 @@ class TreeDriver(Driver):
         node.act("Toggle")
 
     def _tick(self, node, box, window):
-        # The toolkit's own operation selects the entry and leaves its tick alone; a listener's user presses the keys.
+        # The toolkit's own operation selects the entry and leaves its tick alone; a screen reader's user presses the keys.
         KeyboardDriver(self.tree, self.input).tick(node.name, box, window)
 
     def _choose(self, node, text, window):
-        # The toolkit opens the list through the interface, but takes no entry over; a listener's user goes through the
+        # The toolkit opens the list through the interface, but selects no entry; a screen reader's user goes through the
         # opened list with the arrow keys and hears each.
         node.act("ShowMenu")
         item = wait_for(lambda: _item(node, text), f"the entry {text!r}")
-        # A list that shows nothing chosen yet takes no notice of a step to the entry that it stands on.
+        # A list with nothing chosen yet ignores a step to its current entry.
         self.input.keys("End", "Home")
         for entry in Node(item.accessible.get_parent()).children:
             wait_for(lambda entry=entry: entry.has(State.SELECTED), f"{entry!r} to be selected")
@@ -156,7 +156,7 @@ class TreeDriver(Driver):
             if entry.showing:
                 self._menu.act("ShowMenu")
         except GLib.Error:
-            # The entry was the one that leaves the program.
+            # The entry was the one that quits the program.
             pass
 
     def _select_row(self, table, row):
@@ -185,7 +185,7 @@ class KeyboardDriver(Driver):
                 wait_for(lambda: self._watch.listen() > moves or node.focused, "the focus to move", seconds=2)
             except TimeRanOut:
                 if self._watch.node and self._watch.node.role == "spin button" and self._watch.node != inner:
-                    # A time of day is gone through part by part.
+                    # Tab goes through a time of day part by part.
                     inner = self._watch.node
                     continue
                 raise AssertionError(f"Tab stays on {self._watch.node!r} and does not reach {node!r}") from None
@@ -209,7 +209,7 @@ class KeyboardDriver(Driver):
         self._press(node)
 
     def _option(self, node):
-        # Tab comes to the picked option; the arrow keys go from there to the others, by where they stand.
+        # Tab comes to the picked option; the arrow keys go from there to the others, by position.
         window = self.window_of(node)
         options = [other for other in Node(node.accessible.get_parent()).children if other.role == node.role]
         current = next(option for option in options if option.checked)

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a contract must come to, reckoned here from the office's settings alone."""
+"""The expected figures of a contract, computed here from the office's settings alone."""
 
 from dataclasses import dataclass
 

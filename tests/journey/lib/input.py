@@ -26,7 +26,7 @@ class Input:
         self._run("key", "--delay", "4", *keys)
 
     def type(self, text):
-        """Types a text. It goes through a pipe, so that a password stands in no process list."""
+        """Types a text. It goes through a pipe, so that a password appears in no process list."""
         self._run("type", "--delay", "4", "--file", "-", text=text)
 
     def click(self, x, y, *, button=1, times=1):

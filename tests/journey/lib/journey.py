@@ -89,11 +89,11 @@ def _keep(folder, kept):
 
 
 def step(text):
-    """Says on the way what is being done."""
+    """Reports on the way what is being done."""
     print(f"{time.monotonic() - _began:6.1f} s  {text}", flush=True)
 
 
 def check(right, what):
-    """A check that must hold; what tells it in words."""
+    """A check that must hold; what describes it."""
     if not right:
         raise AssertionError(f"not so: {what}")

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What stands on the screen, to the letter: lists and contract have the Arabic yeh and kaf in their captions."""
+"""The exact texts on the screen: lists and contract have the Arabic yeh and kaf in their captions."""
 
 OK = "تاييد"
 CANCEL = "انصراف"
@@ -69,7 +69,7 @@ RATE = "%"
 
 
 def tier(number):
-    """What tells the fields of the three tiers apart."""
+    """The names that distinguish the fields of the three tiers."""
     return f"پله {number} کمیسیون"
 
 

@@ -22,7 +22,7 @@ DEMO_USER = "demo"
 
 
 class Office:
-    """One data folder and the program that runs on it. driver tells how everything is done."""
+    """One data folder and the program that runs on it. driver decides how everything is done."""
 
     def __init__(self, desktop, program, data_folder, pictures, driver="tree"):
         self.desktop = desktop
@@ -101,11 +101,11 @@ class Office:
         return Database(self.data_folder)
 
     def open_contracts(self, picture=None):
-        """The contract list, opened from the menu; gives its table."""
+        """The contract list, opened from the menu; returns its table."""
         return self.open_list(labels.CONTRACTS, picture)
 
     def open_list(self, title, picture=None):
-        """A list of the gallery, opened from the menu; gives its table."""
+        """A list of the gallery, opened from the menu; returns its table."""
         self.driver.open_menu(labels.AUTO_MENU, self.main)
         wait_for(lambda: self.tree.shows("menu item", title, self.main), "the menu to open")
         if picture:
@@ -118,7 +118,7 @@ class Office:
         self.driver.press(caption, self.main)
 
     def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
-        """The message that shows must hold the text; it is answered."""
+        """Checks that the message on screen holds the text, and answers it."""
         window = self.tree.window(title)
         shown = wait_for(lambda: next((node.name for node in window.descendants()
                                        if node.role == "label" and text in node.name), None),

@@ -19,7 +19,7 @@ _STROKES = (
 
 
 def write_jpeg(path, size="640x400"):
-    """Gives the path."""
+    """Returns the path."""
     strokes = [part for stroke in _STROKES for part in ("-draw", stroke)]
     subprocess.run(["convert", "-size", "640x400", "gradient:#9fc4e0-#e8f1f7", *strokes, "-resize", size, "-quality", "90",
                     path], check=True, timeout=30)

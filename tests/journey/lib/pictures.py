@@ -27,7 +27,7 @@ class Pictures:
                     os.remove(os.path.join(folder, name))
 
     def take(self, name, caption):
-        """One picture of the whole screen; name is its file's name, caption tells what is to be seen."""
+        """One picture of the whole screen; name is its file's name, caption says what it shows."""
         if not self._folder:
             return
         self._count += 1
@@ -38,7 +38,7 @@ class Pictures:
             captions.write(f"{file}\t{caption}\n")
 
     def _settled(self):
-        """The screen once it is painted: two pictures after each other are the same, but for a blinking caret."""
+        """The screen once it is painted: two successive pictures are the same, but for a blinking caret."""
         before = None
         for _ in range(4):
             now = self._screen()
@@ -48,7 +48,7 @@ class Pictures:
         return _png(now)
 
     def _screen(self):
-        """The bare points, which are quickly taken and compared."""
+        """The bare pixels, which are quick to take and compare."""
         return subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"], env=self._environment,
                               check=True, capture_output=True, timeout=30).stdout
 
@@ -70,7 +70,7 @@ class Pictures:
 
 
 def _png(points):
-    """A picture of bare points (a binary PPM) in the format that is kept."""
+    """A picture of bare pixels (a binary PPM) in the format that is kept."""
     header = re.match(rb"P6\s+(\d+)\s+(\d+)\s+255\s", points)
     width, height = int(header[1]), int(header[2])
     line = 3 * width

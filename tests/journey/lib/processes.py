@@ -39,7 +39,7 @@ def _children_of(parent):
 
 
 class Processes:
-    """Starts processes and ends them all, in the opposite order."""
+    """Starts processes and ends them all, in reverse order."""
 
     def __init__(self):
         self._started = []

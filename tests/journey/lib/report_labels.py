@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What stands on the screen around the reports, to the letter: services and invoices, the seasonal report, the chart."""
+"""The exact texts on the screen around the reports: services and invoices, the seasonal report, the chart."""
 
 # Services.
 SERVICES = "خدمات"

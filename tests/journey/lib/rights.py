@@ -37,7 +37,7 @@ def _grant(office, granted):
     office.command(labels.RIGHTS)
     dialog = office.tree.window(labels.RIGHTS)
     grid = office.tree.find("table", labels.RIGHTS_GRID, dialog)
-    # A grid of ticks is gone through with the keyboard: arrows move, the space bar ticks.
+    # The grid of ticks is worked with the keyboard: arrows move, the space bar ticks.
     KeyboardDriver(office.tree, office.input).focus(grid, dialog)
     for form, right in granted:
         column = labels.RIGHT_COLUMNS[right]
@@ -46,7 +46,7 @@ def _grant(office, granted):
         if cell.checked:
             # A right within a form brings the access to it.
             continue
-        # From right to left the next column lies on the left.
+        # From right to left the next column is on the left.
         office.input.keys("ctrl+Home", *["Down"] * row, *["Left"] * column, "space")
         wait_for(lambda cell=cell: cell.checked, f"the right {right!r} on {form!r} to be ticked")
     office.driver.press(labels.OK, dialog)
@@ -54,7 +54,7 @@ def _grant(office, granted):
 
 
 def change_user(office, user, password):
-    """Leaves the main window to the next user, in the same run of the program."""
+    """Logs out so that the next user can log in, in the same run of the program."""
     office.driver.open_menu(labels.PROGRAM_MENU, office.main)
     office.driver.menu_entry(labels.OTHER_USER, office.main)
     office.log_in(user, password)

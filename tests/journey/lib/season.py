@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a season's tax return must hold, reckoned here from the office's tables alone."""
+"""The expected rows of a season's tax return, computed here from the office's tables alone."""
 
 from dataclasses import dataclass, field
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The file for the tax authority, read back with other programs' eyes."""
+"""The file for the tax authority, read back with other programs."""
 
 import csv
 import io

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The program as a screen reader meets it: windows, named widgets, their values and actions."""
+"""The program as a screen reader sees it: windows, named widgets, their values and actions."""
 
 import os
 import warnings
@@ -19,7 +19,7 @@ WINDOW_ROLES = ("frame", "dialog", "alert", "window")
 _TABLE_ROLES = ("tree", "table", "tree table", "list")
 _USED_ROLES = (*_TABLE_ROLES, "text", "password text", "combo box", "check box", "radio button", "push button",
                "spin button", "page tab")
-# A slot that opens a window answers only when that window is gone; nobody waits for that.
+# A slot that opens a window answers only when that window is gone; nothing waits for that.
 _ANSWER_MS = 3000
 
 State = Atspi.StateType
@@ -64,7 +64,7 @@ class Node:
 
     @property
     def label(self):
-        """The name that tells the widget. A drop-down's own name is its value, so the label beside it names it."""
+        """The name that identifies the widget. A drop-down's own name is its value, so the label beside it names it."""
         if self.role != "combo box":
             return self.name
         for relation in self.accessible.get_relation_set():
@@ -143,7 +143,7 @@ class Node:
                 raise
 
     def descendants(self):
-        """All below, without the rows of tables, which are read by row and column."""
+        """All descendants except the rows of tables, which are read by row and column."""
         for child in self.children:
             yield child
             if child.role not in _TABLE_ROLES:
@@ -181,7 +181,7 @@ _TO_ASCII |= {ord(separator): None for separator in ",،٬ \u200e\u200f\u2066\u2
 
 
 class ProgramGone(BaseException):
-    """Nothing that is waited for can come any more."""
+    """Nothing awaited can come any more."""
 
 
 class Tree:
@@ -212,7 +212,7 @@ class Tree:
         return [node for node in Node(self._application).children if node.role in WINDOW_ROLES and node.showing]
 
     def window(self, title, *, seconds=20):
-        """The showing window whose title is, or whose title begins with, the given one."""
+        """The visible window whose title is, or begins with, the given one."""
         def look():
             return next((node for node in self.windows() if node.name.startswith(title)), None)
         return wait_for(look, lambda: f"the window {title!r}; there are {self._titles()}", seconds=seconds)
@@ -228,7 +228,7 @@ class Tree:
             return []
 
     def look(self, role, name, window, description=None):
-        """All showing widgets of that role and name. A widget known from before is checked, not searched."""
+        """All visible widgets of that role and name. A widget known from before is checked, not searched."""
         key = (window, role, name, description)
         known = self._known.get(key)
         if known and all(self._still(node, role, name) for node in known):
@@ -246,7 +246,7 @@ class Tree:
             return False
 
     def find(self, role, name, window, *, description=None, seconds=10):
-        """The one showing widget of that role and name."""
+        """The one visible widget of that role and name."""
         def look():
             found = self.look(role, name, window, description)
             if len(found) > 1:
@@ -258,7 +258,7 @@ class Tree:
         return bool(self.look(role, name, window))
 
     def check_names(self, window):
-        """Every widget that shows and can be used must have a name of its own, or a listener cannot tell it."""
+        """Every widget that shows and can be used must have a name of its own, or a screen reader cannot tell it apart."""
         roles = {}
         for node in _used(window):
             roles.setdefault((node.role, node.label), []).append(node)
@@ -293,7 +293,7 @@ class FocusWatch:
             self.moves += 1
 
     def listen(self):
-        """Takes in what was announced up to now; gives how often the focus has moved."""
+        """Processes what has been announced so far; returns how often the focus has moved."""
         while GLib.MainContext.default().iteration(False):
             pass
         return self.moves

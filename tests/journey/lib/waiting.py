@@ -9,13 +9,13 @@ _PAUSE = 0.02
 
 
 class TimeRanOut(AssertionError):
-    """What was waited for did not come."""
+    """The awaited event did not come."""
 
 
 def wait_for(condition, what, *, seconds=DEFAULT_SECONDS, pause=_PAUSE):
-    """Calls the condition until it gives something true, and returns that.
+    """Calls the condition until it returns something true, and returns that.
 
-    what tells in words what is waited for, or is a function that does when the time has run out. An error that the
+    what describes what is awaited, or is a function that does so when the time has run out. An error that the
     condition raises (a window that goes while it is read) counts as "not yet", and is named when time runs out.
     """
     deadline = time.monotonic() + seconds

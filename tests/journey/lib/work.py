@@ -19,7 +19,7 @@ CAR = {(labels.CAR_NAME, "sAutomobilName"): "پراید 131", (labels.CAR_YEAR, 
 
 
 def add_person(office, window, first_name, family_name, **fields):
-    """In the editor that "جديد" of the persons list opened; the list's window is given."""
+    """In the editor that "جديد" of the persons list opened; takes the list's window."""
     editor = office.tree.window(labels.NEW_PERSON)
     office.driver.enter(labels.FIRST_NAME, first_name, editor)
     office.driver.enter(labels.FAMILY_NAME, family_name, editor)
@@ -78,7 +78,7 @@ def pick_person(office, window, field, name, search, picture=None):
 
 
 def take_person(office, picker, window, field, name, search, picture=None):
-    """Searches and takes a person in a picker that is open already."""
+    """Searches for a person in an open picker and takes it."""
     office.driver.enter(labels.SEARCH_PERSON, search, picker)
     table = office.tree.find("tree", labels.PERSONS, picker)
     wait_for(lambda: [row[labels.COLUMN_PERSON] for row in table.rows()] == [name], f"the search to find {name!r}")
@@ -90,7 +90,7 @@ def take_person(office, picker, window, field, name, search, picture=None):
 def confirm_picker(office, picker, table, window, field, name):
     row = next(i for i, row in enumerate(table.rows()) if row[labels.COLUMN_PERSON] == name)
     if isinstance(office.driver, KeyboardDriver):
-        # The search line keeps the focus; Return takes the selected row over.
+        # The search line keeps the focus; Return takes the selected row.
         wait_for(lambda: table.selected_rows == [row], f"{name!r} to be selected")
         office.driver.keys(picker, "Return")
     else:
@@ -122,7 +122,7 @@ def open_page(office, editor, title):
     if tab.has(State.SELECTED):
         return
     if isinstance(office.driver, KeyboardDriver):
-        # The tabs are one stop of the Tab key; the pages are gone through with Ctrl+Tab.
+        # The tabs are one stop of the Tab key; Ctrl+Tab goes through the pages.
         for _ in range(5):
             office.driver.keys(editor, "ctrl+Tab")
             try:
@@ -195,7 +195,7 @@ def answer_file_window(office, title, path, picture=None):
 
 
 def save_file(office, window, command, path, picture=None):
-    """Lets the window store a file; gives the path of the whole file."""
+    """Has the window store a file; returns the path of the complete file."""
     office.driver.press(command, window)
     answer_file_window(office, labels.SAVE_FILE, path, picture)
     wait_for(lambda: os.path.getsize(path) > 0, f"{os.path.basename(path)} to be written")

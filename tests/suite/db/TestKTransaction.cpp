@@ -46,7 +46,7 @@ class TestKTransaction : public QObject
             thread = std::thread([this, key, then] {
                 KTransaction transaction;
                 setAmount(key, 2);
-                // Who has written less is the victim of a deadlock.
+                // The side that has written less is the victim of a deadlock.
                 CTblTemp statement;
                 statement.Open(false, false, true);
                 statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
@@ -120,7 +120,7 @@ private Q_SLOTS:
             CTblTemp statement;
             statement.Open(false, false, true);
             statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", theirs);
-            // Who has written less is the victim.
+            // The side that has written less is the victim.
             statement.ExecuteQuery("INSERT INTO Samples(sName) SELECT seq FROM seq_1_to_100", true, true);
             locked.set_value();
             statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", mine);

@@ -309,7 +309,7 @@ void TestKStaticImage::dropOfImageDataAndOfOneFile()
     QMimeData bad;
     bad.setUrls({QUrl::fromLocalFile(file(u"drop.txt"_s, "text"))});
     drop(bad);
-    // The giver is let go first.
+    // The source of the drop is released before the message.
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     QCoreApplication::processEvents();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);

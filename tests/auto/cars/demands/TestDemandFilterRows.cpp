@@ -79,7 +79,7 @@ void TestDemandFilterRows::initTestCase()
     add(3, [](Demand &d) { d.m_iStatus = 1; d.m_dateReference = day(2026, 5, 3); });
     add(4, [](Demand &d) { d.m_iArchiveUserID = 7; d.m_dateReference = day(2026, 5, 4); });
     add(5, [](Demand &d) { d.m_iArchiveUserID = 8; });
-    // A type and a colour that each meet a row of Items.
+    // A type and a colour that each match a row of Items.
     const int type = addItem(1);
     const int color = addItem(CTblItems::typeColor);
     add(6, [&](Demand &d) { d.m_iAutomobilType = type; d.m_iColor = color; });

@@ -108,7 +108,7 @@ private Q_SLOTS:
     void cleanupTestCase() { m_office.reset(); }
     void init() { m_office->clear(); }
 
-    // --- What it looks like ---
+    // --- Appearance ---
 
     void everyLabelAndTitleIsToTheLetter()
     {
@@ -488,7 +488,7 @@ private Q_SLOTS:
         page.refill();
         QCOMPARE(plates(page), (QStringList{u"first"_s, u"a second"_s}));
         Q_EMIT page.list()->columnClicked(column);
-        // The column that is sorted by at first is clicked a second time, so to say.
+        // The initial sort column counts as clicked once already.
         if (column == 1)
             Q_EMIT page.list()->columnClicked(column);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());

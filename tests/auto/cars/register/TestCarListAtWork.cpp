@@ -72,7 +72,7 @@ class TestCarListAtWork : public QObject
         return *page;
     }
 
-    // Fills in and confirms the editor that comes up, with that plate.
+    // Fills in and confirms the editor that opens, with that plate.
     void whenEditor(const QString &plate)
     {
         TestOffice::whenModal("CDlgAddAutomobilInformation", [this, plate](QWidget *window) {
@@ -153,7 +153,7 @@ private Q_SLOTS:
         auto &page = shownPage();
         TestOffice::whenModal("CDlgAddAutomobilInformation", [this](QWidget *window) {
             auto &editor = static_cast<Editor &>(*window);
-            // Somebody else adds one meanwhile.
+            // Another user adds one meanwhile.
             addNamed(u"theirs"_s, [](Car &c) { c.m_iCode = 90; });
             editor.basePage()->owner()->setPersonID(m_owner);
             editor.basePage()->form()->edit(u"sNumOfPlates"_s)->setText(u"mine"_s);
@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(page.list()->cellText(page.list()->currentRow(), plateColumn), u"mine"_s);
     }
 
-    // Unlike a contract, a car may be entered by whoever may open the list.
+    // Unlike a contract, a car may be entered by any user who may open the list.
     void newCarAsksNoRightBeyondTheOpenDatabase()
     {
         m_office->logInAs(u"clerk"_s, u"AutomobilInformations"_s, KSecurity::Access);

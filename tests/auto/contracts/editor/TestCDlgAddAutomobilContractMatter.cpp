@@ -508,7 +508,7 @@ private Q_SLOTS:
         province->setCurrentText(u"فارس"_s);
         QCOMPARE(city->itemText(0), u"شیراز"_s);
         city->setCurrentText(u"جهرم"_s);
-        // Another province: a city that lies elsewhere goes, one that is typed by hand stays.
+        // Another province: a city of another province is cleared, one typed by hand stays.
         province->setCurrentText(u"البرز"_s);
         QCOMPARE(city->currentText(), QString());
         QVERIFY(city->findText(u"کرج"_s) >= 0);

@@ -504,7 +504,7 @@ private Q_SLOTS:
                  stored == 0 ? m_office->adminID() : stored);
     }
 
-    // A wait for a lock that was in vain, once, when the document has its number already.
+    // One lock wait that times out, once the document already has its number.
     void saveThatMeetsALockConflictRunsAgainAndGivesOneDocument()
     {
         TestDatabase &database = m_office->database();

@@ -385,7 +385,7 @@ private Q_SLOTS:
         QCOMPARE(snapshot(m_folder->path()), before);
     }
 
-    // A document made to do harm, chosen in good faith: told once, and nothing of it comes into the templates' folder.
+    // A harmful document chosen in good faith: reported once, and nothing of it gets into the templates' folder.
     void hostileTemplateIsRefusedAndNothingWritten_data()
     {
         QTest::addColumn<QString>("part");

@@ -270,7 +270,7 @@ private Q_SLOTS:
         QVERIFY(report.chart()->categories().at(1).contains(u"610502"_s));
     }
 
-    // Whatever the window's size was and is.
+    // Whatever size the window had or has.
     void theChartFillsItsPaper()
     {
         post(110101, 410202, 5000);

@@ -201,7 +201,7 @@ private Q_SLOTS:
         button(window, u"توقف"_s)->click();
         waitUntilIdle(window);
         QCOMPARE(window.list()->count(), 0);
-        // Nor is it exported as a season without rows, unless somebody wants that.
+        // Nor is it exported as a season without rows, unless the user wants that.
         g_pDlgYesNo->answerNext(KMessageDialog::No);
         window.exportSeason();
         QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);

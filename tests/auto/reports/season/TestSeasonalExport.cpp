@@ -94,7 +94,7 @@ QStringList everythingIn(const QString &folder)
     return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-// A folder that holds what lies beside the module, to be spoilt.
+// A folder with a copy of the files beside the module, to be spoilt.
 void copyModuleFolder(const QString &to)
 {
     QVERIFY(QDir().mkpath(to + u"/taxfile"_s));
@@ -282,7 +282,7 @@ private Q_SLOTS:
         const QVector<QJsonObject> company = file.records(u"Moshakhasat"_s);
         QCOMPARE(company.size(), 1);
         QCOMPARE(company.first().value(u"FirstName"_s).toString(), u"نو"_s);
-        // What was taken away does not stay from before.
+        // Removed records do not remain from the earlier export.
         QVERIFY(!company.first().contains(u"Mobile"_s));
     }
 

@@ -48,7 +48,7 @@ private Q_SLOTS:
 
 private:
     QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
-    // Opens the window through the service and works in it once it stands.
+    // Opens the window through the service and works in it once it is open.
     bool receive(const std::function<void(QDialog *)> &work);
 
     TestOffice m_office;

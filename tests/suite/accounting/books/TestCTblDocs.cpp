@@ -52,7 +52,7 @@ QDateTime at(int month, int day, int hour = 0)
 
 }
 
-// The other side stands on the bank, so that every document is one as offices write them.
+// The other side is posted to the bank, so that every document is like those that offices write.
 void TestCTblDocs::post(const QDateTime &date, int account, int detail, double amount, bool debit)
 {
     constexpr int year = 1405;

@@ -192,7 +192,7 @@ void TestManualDocument::changeKeepsTheNumberAndRewritesTheRows()
     QCOMPARE(value("SELECT CONCAT_WS('/',sDesc,DATE(date)) FROM Documents WHERE iNum=1"), u"اصلاح/2026-05-03"_s);
 }
 
-// Both opened the document; the one who saves later is told instead of taking the other's change back.
+// Both opened the document; the user who saves later gets a message instead of undoing the other's change.
 void TestManualDocument::changeOfAnotherUserIsNotOverwritten()
 {
     good().save();

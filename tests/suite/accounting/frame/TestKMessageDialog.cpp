@@ -25,7 +25,7 @@ struct Seen
     QString focused;
 };
 
-// Looks at the message box as soon as it stands and then presses a key in it.
+// Looks at the message box as soon as it is open and then presses a key in it.
 Seen pressWhenShown(Qt::Key key, const std::function<void()> &show)
 {
     Seen seen;

@@ -161,7 +161,7 @@ void TestInvoice::storedAmountsGiveTheirPercents()
     QTEST(figures.tax().percent, "percent");
     QTEST(figures.tax().typed, "typed");
     QCOMPARE(figures.tax().amount, tax);
-    // A roundest percentage goes on being one.
+    // A round percentage stays round.
     figures.load({{1, {}, 1, 333}}, 0, 30, 0);
     QCOMPARE(figures.tax().percent, 9.0);
     figures.setLines({{1, {}, 1, 1000}});

@@ -221,7 +221,7 @@ void TestInvoicePosting::voidInvoiceKeepsItsNumberAndLosesItsAmounts()
     QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iStatus) FROM Documents"), u"1/1"_s);
     QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
     QVERIFY(CTblDocs::balances(AccountLevel::Moeen).isEmpty());
-    // Its number is not given again.
+    // Its number is not reused.
     QCOMPARE(InvoicePosting::save(sale()).num, 2);
     QCOMPARE(value("SELECT MAX(iNum) FROM Documents"), u"2"_s);
 }
@@ -347,7 +347,7 @@ void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten_data()
     row("returned", [](Invoice &i) { i.returned = true; });
 }
 
-// Both opened the invoice; the one who saves later is told instead of taking the other's change back.
+// Both opened the invoice; the user who saves later gets a message instead of undoing the other's change.
 void TestInvoicePosting::changeOfAnotherUserIsNotOverwritten()
 {
     QFETCH(std::function<void(Invoice &)>, change);

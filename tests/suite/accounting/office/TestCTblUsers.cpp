@@ -145,7 +145,7 @@ void TestCTblUsers::unknownUserCostsAHashLikeAKnownOne()
 {
     CTblUsers::setHashCost(CTblUsers::officeCost());
     CTblUsers::create(u"known"_s, u"x"_s, QString(), false);
-    // The hash that stands for nobody is made at the first use.
+    // The hash that stands for no user is made at first use.
     verifyCost(u"nobody"_s);
     const double known = verifyCost(u"known"_s);
     const double unknown = verifyCost(u"nobody"_s);

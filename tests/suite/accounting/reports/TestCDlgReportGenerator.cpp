@@ -36,7 +36,7 @@ namespace {
 const QString group = u"گالری اتومبیل"_s;
 const QString name = u"لیست قراردادها"_s;
 
-// Runs work while the report's window stands open.
+// Runs work while the report's window is open.
 void whileShown(CDlgReportGenerator &generator, const std::function<void()> &work)
 {
     bool ran = false;

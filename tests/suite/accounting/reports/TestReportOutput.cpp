@@ -30,7 +30,7 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
     return process.readAllStandardOutput();
 }
 
-// The text of a PDF page by page, the shaped letters taken back to the ones that were typed.
+// The text of a PDF page by page, with shaped letters turned back into the ones that were typed.
 QStringList pdfPages(const QString &path)
 {
     const QByteArray text = outputOf(u"pdftotext"_s, {u"-layout"_s, path, u"-"_s});

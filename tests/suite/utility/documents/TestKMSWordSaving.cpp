@@ -115,7 +115,7 @@ void TestKMSWordSaving::missingFolder()
     QVERIFY(m_word.SaveAs(m_out)); // the document is still there for another place
 }
 
-// What no user may write, the superuser neither.
+// A folder that no user may write to, not even the superuser.
 void TestKMSWordSaving::folderThatCannotBeWritten()
 {
     const QString path = u"/proc/a.docx"_s;

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-// What the server makes of a database query field, asked of the server itself.
+// How the server interprets a database query field, asked of the server itself.
 class TestKEditQueryText : public QObject
 {
     Q_OBJECT

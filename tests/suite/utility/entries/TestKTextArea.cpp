@@ -202,7 +202,7 @@ private Q_SLOTS:
         QVERIFY(!offers->isVisible());
         QVERIFY(dialog.isVisible());
         QCOMPARE(dialog.area->text(), u"کارت"_s);
-        // What no stored text holds offers nothing.
+        // An entry that no stored text contains brings no offers.
         type(dialog.area, u"خوان"_s);
         QVERIFY(!offers->isVisible());
         QCOMPARE(dialog.area->text(), u"کارتخوان"_s);

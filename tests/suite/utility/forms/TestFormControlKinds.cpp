@@ -166,7 +166,7 @@ private Q_SLOTS:
         record.setValue(field.column, before);
         QVERIFY(record.value(field.column) != nothing);
         form.store(record);
-        // NULL and an empty text are one to the user.
+        // NULL and an empty text are the same to the user.
         if (nothing.typeId() == QMetaType::QString)
             QCOMPARE(record.value(field.column).toString(), QString());
         else

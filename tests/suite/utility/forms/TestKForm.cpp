@@ -336,7 +336,7 @@ private Q_SLOTS:
         const QPalette before = QApplication::palette();
         QPalette dark(Qt::black);
         QApplication::setPalette(dark);
-        // What a running program sends to every widget then.
+        // The event that a running program then sends to every widget.
         QEvent changed(QEvent::ApplicationPaletteChange);
         QApplication::sendEvent(form.comboBox(user), &changed);
         const bool readable = isReadable();
@@ -415,7 +415,7 @@ private Q_SLOTS:
         QWidget page;
         auto *grid = new QGridLayout(&page);
         KForm form(fields(), record, &page);
-        // Laid out against the order of their making.
+        // Laid out against their order of creation.
         form.place(grid, 1, 2, name);
         form.place(grid, 1, 0, note);
         form.place(grid, 0, 0, amount);

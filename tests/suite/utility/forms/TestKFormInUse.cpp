@@ -241,7 +241,7 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(combo, &wheel);
         QCOMPARE(combo->currentText(), text);
         QCOMPARE(combo->hasFocus(), focused);
-        // What is not taken goes on to the page, which scrolls.
+        // An event that is not taken goes on to the page, which scrolls.
         QCOMPARE(wheel.isAccepted(), focused);
     }
 

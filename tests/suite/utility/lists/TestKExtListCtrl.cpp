@@ -374,7 +374,7 @@ void TestKExtListCtrl::untouchedColumnsShareTheListsWidth()
     // Too narrow to read: their own width, and the list scrolls.
     m_list->resize(natural / 2, 300);
     QTRY_VERIFY(m_list->header()->length() > m_list->viewport()->width());
-    // What the user drew stays.
+    // A width that the user dragged stays.
     m_list->header()->resizeSection(1, 77);
     m_list->resize(natural * 2, 300);
     QCoreApplication::processEvents();

@@ -161,7 +161,7 @@ void TestKLinesView::enterInTheListOfWhatFitsGoesOn()
     for (int step = 0; step < stepsDown; ++step)
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
-    // At once: the next key of somebody who types ahead is the next cell's.
+    // At once: the next key typed ahead belongs to the next cell.
     QCOMPARE(m_view->currentIndex().column(), int(Service) + 1);
     QCOMPARE(m_model->index(0, Service).data(KLinesModel::KeyRole).toInt(), key);
     QVERIFY(!QApplication::activePopupWidget());
@@ -201,7 +201,7 @@ void TestKLinesView::numbersAreTakenAsTheyAreTyped_data()
     QTest::newRow("money in Persian digits") << int(Price) << u"۱۲۵۰۰۰"_s << u"125,000"_s << 125000.0;
     QTest::newRow("count with a fraction") << int(Count) << u"1.5"_s << u"1.5"_s << 1.5;
     QTest::newRow("count above a hundred") << int(Count) << u"250"_s << u"250"_s << 250.0;
-    // What to do about it is the window's, but nothing is made of it that was not typed.
+    // The window decides what to do, but the entry is never changed into something that was not typed.
     QTest::newRow("count above what the entry line takes")
         << int(Count) << u"12345678901"_s << u"12345678901"_s << 12345678901.0;
     QTest::newRow("money above what the entry line takes")

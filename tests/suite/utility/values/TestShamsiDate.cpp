@@ -163,7 +163,7 @@ void TestShamsiDate::leapYears()
     QCOMPARE(IsShamsiLeapYear(year), leap);
     QCOMPARE(shamsiDaysInMonth(year, 12), leap ? 30 : 29);
     QCOMPARE(ConvertToMiladi(year, 12, 30).isValid(), leap);
-    // Said by the sky too, but for the last year, whose end the table does not hold.
+    // Astronomy agrees, except for the last year, whose end the table does not hold.
     if (year < lastShamsiYear)
         QCOMPARE(newYearBySky(year).daysTo(newYearBySky(year + 1)), leap ? 366 : 365);
 }

@@ -122,7 +122,7 @@ inline QList<QPair<QString, QString>> carLabels(const QString &page)
     return labels;
 }
 
-// Checks that the label of every field is to the letter the table's, and that what has no field stands on the page.
+// Checks that every field's label is exactly the table's, and that the texts without a field are on the page.
 inline void compareLabels(const QString &page, KForm &form, const QWidget &widget)
 {
     QStringList texts;

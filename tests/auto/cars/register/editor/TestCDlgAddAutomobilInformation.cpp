@@ -364,7 +364,7 @@ private Q_SLOTS:
     {
         const int key = m_office->addOwnedCar();
         auto dialog = m_office->opened(key);
-        // Even where it would be told that both parties are one person.
+        // Even where it would be reported that both parties are one person.
         dialog->salePage()->buyer()->setPersonID(m_office->owner);
         m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
         dialog->accept();
@@ -627,7 +627,7 @@ private Q_SLOTS:
         QVERIFY(dialog->isVisible());
     }
 
-    // Whoever enters a new car asks at once who wants it.
+    // A user who enters a new car asks at once who wants it.
     void demandsAreMatchedWithWhatIsEnteredAndNotYetSaved()
     {
         const int white = m_office->addItem(CTblItems::typeColor, u"سفید"_s);

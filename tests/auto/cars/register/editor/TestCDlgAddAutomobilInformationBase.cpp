@@ -438,7 +438,7 @@ private Q_SLOTS:
         });
         QCOMPARE(shown, option);
         QCOMPARE(form().edit(column)->integer(), 6);
-        // A value without a number is told and changes nothing.
+        // A value without a number is reported and changes nothing.
         inParameters(column, u"انتخاب"_s, [&](CDlgInputParameters &page) { page.list()->selectKey(many); });
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         Car car;
@@ -618,7 +618,7 @@ private Q_SLOTS:
         Car car;
         QCOMPARE(saved(car).m_sVIN, u"1HGCO"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        // The hint stands there when the car is opened again.
+        // The hint is there when the car is opened again.
         m_dialog = m_office->opened(m_dialog->key());
         QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
     }

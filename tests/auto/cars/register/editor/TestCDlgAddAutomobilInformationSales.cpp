@@ -62,7 +62,7 @@ class TestCDlgAddAutomobilInformationSales : public QObject
         return static_cast<int>(tariff.GetLastInsertedID());
     }
 
-    // Opens the tariffs by the button and chooses that one; 0 goes back. Gives the tariff that the list began with.
+    // Opens the tariffs by the button and chooses that one; 0 goes back. Returns the tariff that the list began with.
     int pickTariff(int key)
     {
         int preselected = 0;
