@@ -307,7 +307,7 @@ private Q_SLOTS:
             report.income.accounts.append({AccountLevel::Moeen, 410101 + i, u"حساب"_s, {0, 100.0 + i}});
             report.expenses.accounts.append({AccountLevel::Moeen, 610101 + i, u"حساب"_s, {100.0 + i, 0}});
         }
-        IncomeChart chart;
+        IncomeChart chart(u"ریال"_s);
         chart.resize(700, 400);
         chart.setReport(report);
         chart.show();
@@ -330,7 +330,7 @@ private Q_SLOTS:
         ComprehensiveReport report;
         for (int i = 0; i < 12; ++i)
             report.income.accounts.append({AccountLevel::Moeen, 410101 + i, u"حساب"_s, {0, 100.0 + i}});
-        IncomeChart chart;
+        IncomeChart chart(u"ریال"_s);
         chart.setReport(report);
         QCOMPARE(chart.categories().size(), IncomeBars::mostOfASide + 1);
         QCOMPARE(chart.categories().constLast(), u"سایر درآمدها"_s);
