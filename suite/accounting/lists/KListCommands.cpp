@@ -96,8 +96,7 @@ void KListCommands::setRowSelected(bool selected)
 QPushButton *KListCommands::button(QStringView id) const
 {
     for (const Entry &entry : m_entries) {
-        // The caption too, until every caller names the command by its id.
-        if (entry.command.id == id || entry.command.caption == id)
+        if (entry.command.id == id)
             return entry.button;
     }
     return nullptr;

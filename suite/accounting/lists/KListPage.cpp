@@ -8,7 +8,6 @@
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/lists/KListRows.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -49,7 +48,7 @@ void KListPage::build()
 {
     m_traits = traits();
     m_columnTable = columnTable();
-    const QVector<KListModel::Column> columns = m_columnTable.isEmpty() ? listColumns() : KListRows::shown(m_columnTable, records());
+    const QVector<KListModel::Column> columns = KListRows::shown(m_columnTable, records());
     m_order = KListOrder(m_section, columns, {defaultSort(), m_traits.emptySort, defaultLastColumn()});
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(title());
@@ -129,11 +128,6 @@ void KListPage::withReport(const std::function<void(ListReport &)> &work)
         ListReport report = listReport();
         work(report);
     });
-}
-
-void KListPage::addFilter(QGridLayout *grid, int row, int column, const QString &label, QWidget *control, int span)
-{
-    addLabelled(grid, row, column, label, control, span);
 }
 
 void KListPage::open()
@@ -268,13 +262,6 @@ QVector<KListModel::Row> KListPage::readRows()
 
 QVector<KListModel::Row> KListPage::makeRows(KMySQL &records)
 {
-    if (m_columnTable.isEmpty()) {
-        QVector<KListModel::Row> rows;
-        rows.reserve(records.GetRecordsCount());
-        for (int number = 1; !records.IsEOF(); records.MoveNext())
-            rows.append(makeRow(records, number++));
-        return rows;
-    }
     KListRows rows(m_columnTable, records);
     rows.reserve(records.GetRecordsCount());
     for (int number = 1; !records.IsEOF(); records.MoveNext())

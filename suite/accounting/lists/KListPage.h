@@ -80,7 +80,7 @@ public:
 
 protected:
     // --- What a list is made of ---
-    virtual QList<KListColumn> columnTable() const { return {}; }
+    virtual QList<KListColumn> columnTable() const = 0;
     virtual QList<KListFilter> filterTable() const { return {}; }
     virtual std::vector<KListCommand> commands() = 0;
     virtual KListTraits traits() const { return {}; }
@@ -114,10 +114,6 @@ protected:
     // The control that Ctrl+F moves to.
     virtual QWidget *firstFilterControl() const { return filters().findControl(); }
 
-    // --- The same for a list whose columns are no table yet; only of use while columnTable() is empty ---
-    virtual QVector<KListModel::Column> listColumns() const { return {}; }
-    virtual KListModel::Row makeRow(KMySQL &, int) { return {}; }
-
     // --- What the base offers to it ---
     void build();
     // The record columns that the column table reads.
@@ -142,8 +138,6 @@ protected:
     ListReport listReport() const;
     // Runs work; an error it lets through is reported once and the page stays as it is.
     void guarded(const std::function<void()> &work);
-    // Adds label and control to the filter grid with accessible name and buddy.
-    static void addFilter(QGridLayout *grid, int row, int column, const QString &label, QWidget *control, int span = 1);
 
     // Selects the row with that key; without such a row the selection stays.
     void selectListed(int key);

@@ -86,7 +86,7 @@ private Q_SLOTS:
         auto *page = qobject_cast<KListPage *>(host.m_page.get());
         QVERIFY(page);
         page->open();
-        QVERIFY(page->runCommand(u"چاپ قرارداد "_s));
+        QVERIFY(page->runCommand(u"printContract"));
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
         QCOMPARE(m_opened.size(), 1);
         const QFileInfo printed(m_opened.first().toLocalFile());
