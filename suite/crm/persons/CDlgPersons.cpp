@@ -142,11 +142,16 @@ void CDlgPersons::prepareSearch()
     m_search->setPlaceholderText(u"نام، کد، کد ملی، موبایل یا تلفن"_s);
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
-    setFocusProxy(m_search);
     m_typing.setSingleShot(true);
     m_typing.setInterval(typingPauseMs);
     connect(&m_typing, &QTimer::timeout, this, [this] { guarded([this] { searchNow(); }); });
     connect(m_search, &KEdit::textChanged, &m_typing, qOverload<>(&QTimer::start));
+}
+
+// The page is entered to search; its rows are reached from there. (A focus proxy would break the way of Tab.)
+void CDlgPersons::focusInEvent(QFocusEvent *event)
+{
+    m_search->setFocus(event->reason());
 }
 
 std::unique_ptr<KMySQL> CDlgPersons::makeRecords() const

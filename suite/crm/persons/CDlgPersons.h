@@ -52,6 +52,7 @@ protected:
     KListReport reportSpec() const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:

@@ -171,7 +171,7 @@ private Q_SLOTS:
     void templatesAreLookedForBesideTheCode()
     {
         QCOMPARE(QDir(ContractPrinting::defaultTemplateFolder()),
-                 QDir(QCoreApplication::applicationDirPath() + u"/AutomobileDocx"_s));
+                 QDir(u"" TZ_TEMPLATES ""_s));
     }
 };
 

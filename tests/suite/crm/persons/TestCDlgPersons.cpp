@@ -52,6 +52,7 @@ private Q_SLOTS:
     void enterInThePageOpensThePersonReadOnlyWithoutModifyRight();
     void closedDatabaseHidesAddAndEdit();
     void everyControlHasAName();
+    void tabReachesListAndCommands();
 
 private:
     static QStringList names(const CDlgPersons &page);
@@ -415,6 +416,22 @@ void TestCDlgPersons::everyControlHasAName()
     QVERIFY(Hand::named<KExtListCtrl>(&page, u"اشخاص"_s));
     for (const QString &caption : {u"جديد"_s, u"ويرايش"_s, u"نمايش"_s})
         QVERIFY(Hand::named<QPushButton>(&page, caption));
+}
+
+void TestCDlgPersons::tabReachesListAndCommands()
+{
+    m_office.addPerson(u"علی"_s, u"احمدی"_s);
+    CDlgPersons page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    page.filters().control<KEdit>(u"search")->setFocus();
+    QWidgetList met;
+    while (met.size() < 30 && !met.contains(page.focusWidget())) {
+        met << page.focusWidget();
+        QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
+    }
+    QVERIFY(met.contains(page.list()));
+    QVERIFY(met.contains(page.button(u"new")));
 }
 
 static const RegisteredTest<TestCDlgPersons, QApplication> registered;
