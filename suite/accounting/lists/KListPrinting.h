@@ -36,7 +36,7 @@ public:
     // An arrow with the menu of the ways out; it offers the layout, which is data of the office, while that may be changed.
     QWidget *makeMenu(QWidget *parent, const std::function<bool()> &mayArrange) const;
 
-    // The list's rows and columns, the texts of the spec, the print date ("LeftBottom") and the count ("Count"), in the stored
+    // The list's rows and columns, the texts of its description, the print date ("LeftBottom") and the count ("Count"), in the stored
     // layout when there is one.
     static ListReport report(const KListReport &spec, const KExtListCtrl *list, const QString &count);
 
