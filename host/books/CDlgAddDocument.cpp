@@ -41,7 +41,7 @@ enum RowColumn {
     CreditColumn
 };
 
-constexpr int longestDescription = 500;
+constexpr int longestDocumentText = 500;
 
 QVector<KLinesModel::Choice> accounts()
 {
@@ -57,7 +57,7 @@ QVector<KLinesModel::Column> rowColumns()
     return {
         {u"حساب"_s, Kind::Choice, 130, 0, accounts()},
         {u"شخص"_s, Kind::Pick, 110},
-        {u"شرح"_s, Kind::Text, 150, longestDescription},
+        {u"شرح"_s, Kind::Text, 150, longestDocumentText},
         {u"بدهکار"_s, Kind::Money, 80},
         {u"بستانکار"_s, Kind::Money, 80},
     };

@@ -36,13 +36,13 @@ namespace {
 
 enum LineColumn {
     ServiceColumn,
-    DescColumn,
+    LineDescColumn,
     CountColumn,
     PriceColumn,
     AmountColumn
 };
 
-constexpr int longestDescription = 500;
+constexpr int longestInvoiceText = 500;
 
 QString serviceText(int code, const QString &name)
 {
@@ -64,7 +64,7 @@ QVector<KLinesModel::Column> lineColumns(int decimals)
     using Kind = KLinesModel::Kind;
     return {
         {u"خدمت"_s, Kind::Choice, 130, 0, services()},
-        {u"شرح"_s, Kind::Text, 150, longestDescription},
+        {u"شرح"_s, Kind::Text, 150, longestInvoiceText},
         {u"تعداد"_s, Kind::Number, 45},
         {u"قیمت"_s, Kind::Money, 80},
         {u"مبلغ"_s, Kind::Computed, 85, 0, {}, [decimals](const KLinesModel::Line &line) {
@@ -143,7 +143,7 @@ QWidget *CDlgAddFactor::buildHead()
     m_person = new KPersonField(u"شخص :"_s, box);
     m_date = new KDateEdit(box);
     m_desc = new KEdit(box);
-    m_desc->setMaxLength(longestDescription);
+    m_desc->setMaxLength(longestInvoiceText);
     m_returned = new QCheckBox(u"برگشتی"_s, box);
     m_returned->setAccessibleName(m_returned->text());
     m_returned->setToolTip(u"همه ردیف‌های این فاکتور برگشت داده شده‌اند و سند آن برعکس است."_s);
@@ -251,7 +251,7 @@ void CDlgAddFactor::load(const Invoice &invoice)
         KLinesModel::Line line = m_lines->emptyLine();
         if (service != known.cend())
             line[ServiceColumn] = {service->text, 0, service->key};
-        line[DescColumn].text = entry.desc;
+        line[LineDescColumn].text = entry.desc;
         line[CountColumn].number = entry.count;
         line[PriceColumn].number = entry.price;
         lines.append(line);
@@ -333,7 +333,7 @@ Invoice CDlgAddFactor::invoice() const
     invoice.date = m_date->dateTime();
     invoice.desc = m_desc->text();
     for (const KLinesModel::Line &line : m_lines->lines())
-        invoice.lines.append({line.at(ServiceColumn).key, line.at(DescColumn).text, line.at(CountColumn).number,
+        invoice.lines.append({line.at(ServiceColumn).key, line.at(LineDescColumn).text, line.at(CountColumn).number,
                               line.at(PriceColumn).number});
     invoice.discount = m_figures.discount();
     invoice.tax = m_figures.tax().amount;

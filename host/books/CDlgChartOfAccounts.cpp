@@ -4,6 +4,7 @@
 #include "host/books/CDlgChartOfAccounts.h"
 
 #include "host/books/CDlgAddAccount.h"
+#include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/AccountLedger.h"
@@ -45,8 +46,8 @@ namespace {
 enum Column {
     CodeColumn,
     NameColumn,
-    DebitColumn,
-    CreditColumn,
+    ChartDebitColumn,
+    ChartCreditColumn,
     BalanceColumn,
     NatureColumn,
     StateColumn
@@ -67,18 +68,13 @@ QVector<KListModel::Column> columns()
     };
 }
 
-KListModel::Cell sideCell(double amount)
-{
-    return {IsEquals(amount, 0) ? QString() : DToMoney(amount), amount};
-}
-
 KListModel::Row rowCells(const ChartRows::Row &row)
 {
     return {row.code,
             {{QString::number(row.code), row.code},
              {row.name},
-             sideCell(row.balance.bed),
-             sideCell(row.balance.bes),
+             DocumentRowsPane::sideCell(row.balance.bed),
+             DocumentRowsPane::sideCell(row.balance.bes),
              {DToMoney(std::abs(row.balance.net())), row.balance.net()},
              {row.balance.nature()},
              {row.active ? u"فعال"_s : u"غیرفعال"_s}}};

@@ -6,6 +6,7 @@
 #include "auto/cars/register/editor/ProfitAndLoss.h"
 #include "auto/cars/register/editor/VehicleIdentification.h"
 #include "host/demo/DemoPictures.h"
+#include "host/demo/DemoTimes.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -45,21 +46,7 @@ constexpr Paint paints[] = {
 
 const QString separator = u"، "_s;
 
-QStringList allColumns(KMySQL &record)
-{
-    QStringList names;
-    for (const KMySQL::Column &column : record.columns())
-        if (column.name != u"iID"_s)
-            names.append(column.name);
-    return names;
-}
-
-QDateTime midnight(const QDate &day)
-{
-    return QDateTime(day, QTime(0, 0), Qt::UTC);
-}
-
-double rounded(double amount)
+double roundedToMillions(double amount)
 {
     return qRound64(amount / 1e7) * 1e7;
 }
@@ -99,7 +86,7 @@ DemoCars::DemoCars(const Office &office, const DemoCatalog &catalog, const QList
 
 void DemoCars::write(int count)
 {
-    RecordBulkInsert rows(m_car, allColumns(m_car));
+    RecordBulkInsert rows(m_car);
     const qint64 days = m_office.firstDay.daysTo(m_office.lastDay);
     for (int code = 1; code <= count; ++code) {
         makeCar(code, m_office.firstDay.addDays(days * code / count));
@@ -172,7 +159,7 @@ void DemoCars::setVehicle(const DemoCatalog::Model &model, const QDate &day)
     m_car.m_iColor = color.key;
     m_colorName = color.name;
     // A car loses about a tenth of its price a year.
-    m_car.m_dAmount = rounded(model.price * (100 - 8 * age) / 100 + m_random.below(30) * 1e7);
+    m_car.m_dAmount = roundedToMillions(model.price * (100 - 8 * age) / 100 + m_random.below(30) * 1e7);
 }
 
 void DemoCars::setNumbers()
@@ -239,17 +226,17 @@ void DemoCars::setSale(const QDate &day)
     m_car.m_datefinalDocument = transferred ? midnight(day.addDays(m_random.between(2, 15))) : QDateTime();
     m_car.m_sRegistryNum = transferred ? QString::number(m_random.between(1, 980)) : QString();
 
-    m_car.m_dSoldAmount = rounded(m_car.m_dAmount * m_random.between(96, 101) / 100);
-    m_car.m_dPurchasePriceOfOwner = rounded(m_car.m_dSoldAmount * m_random.between(92, 100) / 100);
+    m_car.m_dSoldAmount = roundedToMillions(m_car.m_dAmount * m_random.between(96, 101) / 100);
+    m_car.m_dPurchasePriceOfOwner = roundedToMillions(m_car.m_dSoldAmount * m_random.between(92, 100) / 100);
     m_car.m_dAutomobilExpenses = m_random.chance(60) ? m_random.between(1, 9) * 1e7 : 0;
     m_car.m_dAmountPresence = 12'000'000;
     m_car.m_dRemainingPresence = transferred ? 0 : 6'000'000;
     m_car.m_dProfitAndLoss = profitAndLoss({m_car.m_dSoldAmount, m_car.m_dPurchasePriceOfOwner, m_car.m_dAutomobilExpenses,
                                             m_car.m_dAmountPresence, m_car.m_dRemainingPresence});
     m_car.m_dAmountContract = m_car.m_dSoldAmount;
-    m_car.m_dPaidContract = transferred ? m_car.m_dSoldAmount : rounded(m_car.m_dSoldAmount * 0.7);
+    m_car.m_dPaidContract = transferred ? m_car.m_dSoldAmount : roundedToMillions(m_car.m_dSoldAmount * 0.7);
     m_car.m_dRemainingContract = m_car.m_dAmountContract - m_car.m_dPaidContract;
-    m_car.m_dAmountCommission = rounded(m_car.m_dSoldAmount * 0.01);
+    m_car.m_dAmountCommission = roundedToMillions(m_car.m_dSoldAmount * 0.01);
     m_car.m_dPaidComission = m_car.m_dAmountCommission;
 
     if (day.daysTo(m_office.lastDay) > 120 && m_random.chance(60)) {

@@ -6,6 +6,7 @@
 #include "auto/words/WordLists.h"
 #include "auto/contracts/document/ContractPosting.h"
 #include "host/demo/DemoNames.h"
+#include "host/demo/DemoTimes.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/Provinces.h"
@@ -21,15 +22,6 @@ enum ContractType {
     Instalments,
     Letter
 };
-
-QStringList allColumns(KMySQL &record)
-{
-    QStringList names;
-    for (const KMySQL::Column &column : record.columns())
-        if (column.name != u"iID"_s)
-            names.append(column.name);
-    return names;
-}
 
 int contractType(DemoRandom &random)
 {
@@ -48,11 +40,6 @@ QString provinceOf(const QString &city)
     return {};
 }
 
-QDateTime midnight(const QDate &day)
-{
-    return QDateTime(day, QTime(0, 0), Qt::UTC);
-}
-
 }
 
 DemoContracts::DemoContracts(const Office &office, const QList<DemoPersons::Person> &persons, DemoRandom &random, int database)
@@ -62,9 +49,9 @@ DemoContracts::DemoContracts(const Office &office, const QList<DemoPersons::Pers
     , m_contract(database)
     , m_document(database)
     , m_row(database)
-    , m_contracts(m_contract, allColumns(m_contract))
-    , m_documents(m_document, allColumns(m_document))
-    , m_rows(m_row, allColumns(m_row))
+    , m_contracts(m_contract)
+    , m_documents(m_document)
+    , m_rows(m_row)
 {
 }
 

@@ -4,6 +4,7 @@
 #include "host/demo/DemoDemands.h"
 
 #include "auto/db/CTblAutomobilDemands.h"
+#include "host/demo/DemoTimes.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -13,21 +14,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int months = 8;
-constexpr double million = 1e7; // of tomans, in the office's unit
+constexpr double millionTomans = 1e7; // of tomans, in the office's unit
 
 constexpr QStringView acquaintances[] = {u"آشنایان", u"آگهی روزنامه", u"تابلوی نمایشگاه", u"مشتری قدیمی", u"فضای مجازی"};
 constexpr QStringView specials[] = {u"", u"", u"", u"بدون رنگ و تصادف", u"کارکرد زیر 50 هزار کیلومتر", u"تک برگ سند",
                                     u"پرداخت نقدی", u"معاوضه با خودرو فعلی"};
 
-QDateTime midnight(const QDate &day)
-{
-    return QDateTime(day, QTime(0, 0), Qt::UTC);
-}
-
 // Rounded to fifty million tomans, as a customer would say it.
-double rounded(double amount)
+double asCustomersSay(double amount)
 {
-    return qRound64(amount / (50 * million)) * 50 * million;
+    return qRound64(amount / (50 * millionTomans)) * 50 * millionTomans;
 }
 
 }
@@ -97,6 +93,6 @@ void DemoDemands::setWishes(CTblAutomobilDemands &demand, int year)
     demand.m_iFacilities = m_random.chance(30) ? oneOf(m_catalog.items(CTblItems::typeFeature)) : 0;
     demand.m_iModelUpTo = years ? year - age : 0;
     demand.m_iModelFrom = years ? demand.m_iModelUpTo - span : 0;
-    demand.m_dAmountFrom = amounts ? rounded(model.price * (100 - 8 * (age + span)) / 100) : 0;
-    demand.m_dAmountUpTo = amounts ? rounded(model.price * (105 - 8 * age) / 100) + 50 * million : 0;
+    demand.m_dAmountFrom = amounts ? asCustomersSay(model.price * (100 - 8 * (age + span)) / 100) : 0;
+    demand.m_dAmountUpTo = amounts ? asCustomersSay(model.price * (105 - 8 * age) / 100) + 50 * millionTomans : 0;
 }

@@ -42,7 +42,7 @@ Shape shapeOf(DemoPictures::Body body)
     Q_UNREACHABLE();
 }
 
-QPainterPath rounded(const QPolygonF &corners, double radius)
+QPainterPath withRoundCorners(const QPolygonF &corners, double radius)
 {
     QPainterPath path;
     const qsizetype count = corners.size();
@@ -100,10 +100,10 @@ QByteArray DemoPictures::car(Body body, const QColor &paint)
     coat.setColorAt(1, paint.darker(135));
     painter.setPen(QPen(paint.darker(170), 2));
     painter.setBrush(coat);
-    painter.drawPath(rounded(shape.body, 26));
+    painter.drawPath(withRoundCorners(shape.body, 26));
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0x2f3a46));
-    painter.drawPath(rounded(shape.windows, 10));
+    painter.drawPath(withRoundCorners(shape.windows, 10));
     painter.setBrush(QColor(0xf7e7a6));
     painter.drawRoundedRect(QRectF(540, 250, 26, 16), 6, 6);
     painter.setBrush(QColor(0xb3261e));

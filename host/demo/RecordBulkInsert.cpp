@@ -3,10 +3,22 @@
 
 #include "host/demo/RecordBulkInsert.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Big enough that the round trip costs little, far below what a server accepts as one statement.
 constexpr qsizetype statementBytes = qsizetype{512} * 1024;
+
+QStringList allColumns(KMySQL &record)
+{
+    QStringList names;
+    for (const KMySQL::Column &column : record.columns()) {
+        if (column.name != "iID"_L1)
+            names.append(column.name);
+    }
+    return names;
+}
 
 }
 
@@ -16,6 +28,11 @@ RecordBulkInsert::RecordBulkInsert(KMySQL &record, const QStringList &columns)
     for (const QString &name : columns)
         m_columns.push_back(record.column(name));
     m_start = "INSERT INTO " + record.GetTableName().toUtf8() + '(' + columns.join(u',').toUtf8() + ") VALUES";
+}
+
+RecordBulkInsert::RecordBulkInsert(KMySQL &record)
+    : RecordBulkInsert(record, allColumns(record))
+{
 }
 
 RecordBulkInsert::~RecordBulkInsert() = default;

@@ -13,6 +13,8 @@
 class RecordBulkInsert
 {
 public:
+    // Every column but the key is written.
+    explicit RecordBulkInsert(KMySQL &record);
     // Only these columns are written; the others get the table's default.
     RecordBulkInsert(KMySQL &record, const QStringList &columns);
     // Rows that were added and not flushed are dropped: an error is propagating then.

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcServer, "tz.server")
+Q_LOGGING_CATEGORY(lcServerState, "tz.server")
 
 const QString versionKey = u"version"_s;
 const QString cleanKey = u"endedCleanly"_s;
@@ -37,7 +37,7 @@ void ServerState::save(const DataFolder &folder) const
     QString reason;
     if (platform::writePrivateFile(folder.statePath(), QJsonDocument(object).toJson(), &reason)
         != platform::WriteResult::Written)
-        qCWarning(lcServer).noquote() << "cannot write" << folder.statePath() << reason;
+        qCWarning(lcServerState).noquote() << "cannot write" << folder.statePath() << reason;
 }
 
 QVersionNumber ServerState::versionIn(const QString &text)

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int pulseMilliseconds = 50;
+constexpr int toolPulseMilliseconds = 50;
 constexpr qint64 chunkBytes = 1024LL * 1024;
 
 // Passes on what the tool can take, and waits a moment for it or for its end.
@@ -26,9 +26,9 @@ void feed(QProcess &process, QIODevice &source)
             process.closeWriteChannel();
     }
     if (process.bytesToWrite() > 0)
-        process.waitForBytesWritten(pulseMilliseconds);
+        process.waitForBytesWritten(toolPulseMilliseconds);
     else
-        process.waitForFinished(pulseMilliseconds);
+        process.waitForFinished(toolPulseMilliseconds);
 }
 
 // Ends a tool that is still running when an exception passes.
@@ -107,7 +107,7 @@ int ToolProcess::run(const Pulse &pulse) const
     sincePulse.start();
     while (process.state() != QProcess::NotRunning) {
         feed(process, source);
-        if (pulse && sincePulse.elapsed() >= pulseMilliseconds) {
+        if (pulse && sincePulse.elapsed() >= toolPulseMilliseconds) {
             pulse(source.pos() - process.bytesToWrite());
             sincePulse.restart();
         }

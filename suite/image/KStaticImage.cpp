@@ -27,7 +27,6 @@ namespace {
 constexpr int frameRadius = 4;
 constexpr int inset = 6;
 constexpr int largestIcon = 48;
-constexpr qint64 mebibyte = 1 << 20;
 constexpr qint64 megapixel = 1000000;
 
 QString textOf(PictureIntake::Refusal refusal)
@@ -37,7 +36,7 @@ QString textOf(PictureIntake::Refusal refusal)
         return u"فایل تصویر خوانده نشد."_s;
     case PictureIntake::Refusal::TooManyBytes:
         return u"اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد."_s
-            .arg(PictureIntake::maxBytes / mebibyte);
+            .arg(PictureIntake::maxBytes >> 20);
     case PictureIntake::Refusal::WrongKind:
         return u"این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید."_s;
     case PictureIntake::Refusal::TooManyPixels:

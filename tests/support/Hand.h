@@ -24,6 +24,13 @@ inline void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
         QTest::keyClick(focus(), key, modifiers);
 }
 
+// Without the widget's having the focus, and by the texts alone, as an input method sends them.
+inline void typeInto(QWidget &widget, const QString &text)
+{
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
 inline void type(const QString &text)
 {
     for (const QChar c : text) {

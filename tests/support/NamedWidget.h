@@ -16,3 +16,14 @@ Widget *named(const QWidget &within, const QString &name)
     }
     return nullptr;
 }
+
+// The first button that shows that caption; null where there is none.
+template <class Button>
+Button *captioned(const QWidget &within, const QString &caption)
+{
+    for (Button *button : within.findChildren<Button *>()) {
+        if (button->text() == caption)
+            return button;
+    }
+    return nullptr;
+}

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A car that fits, until its names are known.
-struct Found
+struct FittingCar
 {
     MatchingCars::Car car;
     int model = 0;
@@ -25,14 +25,14 @@ struct Found
     int owner = 0;
 };
 
-std::vector<Found> fittingCars(const DemandWishes &wishes, int database)
+std::vector<FittingCar> fittingCars(const DemandWishes &wishes, int database)
 {
     CTblAutomobilInformations cars(database);
     cars.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
                      u"iBrigade"_s, u"iModel"_s, u"iColor"_s,
                      u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s});
     cars.m_filter = u"bSold=0 AND iArchiveUserID=0 AND iStatus=0"_s;
-    std::vector<Found> found;
+    std::vector<FittingCar> found;
     for (cars.Open(true, true, true); !cars.IsEOF(); cars.MoveNext()) {
         const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount};
         const auto match = DemandMatch::of(wishes, offer);
@@ -43,7 +43,7 @@ std::vector<Found> fittingCars(const DemandWishes &wishes, int database)
                          cars.m_iBrigade,
                          cars.m_iPersonID});
     }
-    std::sort(found.begin(), found.end(), [](const Found &one, const Found &other) {
+    std::sort(found.begin(), found.end(), [](const FittingCar &one, const FittingCar &other) {
         return isBetterMatch(one.car.match, one.car.code, other.car.match, other.car.code);
     });
     return found;
@@ -51,26 +51,26 @@ std::vector<Found> fittingCars(const DemandWishes &wishes, int database)
 
 // One statement for the names behind one column of all the cars.
 template <class Key>
-QHash<int, QString> namesOf(const std::vector<Found> &found, CTblAutomobilInformations &record, QStringView column, const Key &key)
+QHash<int, QString> namesOf(const std::vector<FittingCar> &found, CTblAutomobilInformations &record, QStringView column, const Key &key)
 {
     QList<int> keys;
     keys.reserve(static_cast<qsizetype>(found.size()));
-    for (const Found &entry : found)
+    for (const FittingCar &entry : found)
         keys.append(key(entry));
     return KLookup::names(record, column, keys);
 }
 
-std::vector<MatchingCars::Car> named(std::vector<Found> found, int database)
+std::vector<MatchingCars::Car> namedCars(std::vector<FittingCar> found, int database)
 {
     CTblAutomobilInformations record(database);
-    const auto types = namesOf(found, record, u"iAutomobilType", [](const Found &f) { return f.car.offer.automobilType; });
-    const auto models = namesOf(found, record, u"iModel", [](const Found &f) { return f.model; });
-    const auto classes = namesOf(found, record, u"iBrigade", [](const Found &f) { return f.carClass; });
-    const auto colors = namesOf(found, record, u"iColor", [](const Found &f) { return f.car.offer.color; });
-    const auto owners = namesOf(found, record, u"iPersonID", [](const Found &f) { return f.owner; });
+    const auto types = namesOf(found, record, u"iAutomobilType", [](const FittingCar &f) { return f.car.offer.automobilType; });
+    const auto models = namesOf(found, record, u"iModel", [](const FittingCar &f) { return f.model; });
+    const auto classes = namesOf(found, record, u"iBrigade", [](const FittingCar &f) { return f.carClass; });
+    const auto colors = namesOf(found, record, u"iColor", [](const FittingCar &f) { return f.car.offer.color; });
+    const auto owners = namesOf(found, record, u"iPersonID", [](const FittingCar &f) { return f.owner; });
     std::vector<MatchingCars::Car> cars;
     cars.reserve(found.size());
-    for (Found &entry : found) {
+    for (FittingCar &entry : found) {
         MatchingCars::Car &car = entry.car;
         car.type = types.value(car.offer.automobilType);
         car.model = models.value(entry.model);
@@ -96,6 +96,6 @@ std::optional<MatchingCars> MatchingCars::of(int demandID, int database)
     matching.person = KLookup::name(demand, u"iPersonID");
     matching.type = KLookup::name(demand, u"iAutomobilType");
     matching.color = KLookup::name(demand, u"iColor");
-    matching.cars = named(fittingCars(matching.wishes, database), database);
+    matching.cars = namedCars(fittingCars(matching.wishes, database), database);
     return matching;
 }

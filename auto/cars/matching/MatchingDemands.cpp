@@ -17,13 +17,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A demand that the car fits, until its names are known.
-struct Found
+struct FittingDemand
 {
     MatchingDemands::Demand demand;
     int person = 0;
 };
 
-std::vector<Found> fittingDemands(const OfferedCar &car, int database)
+std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
 {
     CTblAutomobilDemands demands(database);
     demands.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
@@ -31,7 +31,7 @@ std::vector<Found> fittingDemands(const OfferedCar &car, int database)
                         u"dAmountFrom"_s, u"dAmountUpTo"_s, u"dateReference"_s,
                         u"sDescSpecial"_s});
     demands.m_filter = u"iArchiveUserID=0 AND iStatus=0"_s;
-    std::vector<Found> found;
+    std::vector<FittingDemand> found;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {
         const DemandWishes wishes{demands.m_iAutomobilType, demands.m_iColor, demands.m_iModelFrom,
                                   demands.m_iModelUpTo, demands.m_dAmountFrom, demands.m_dAmountUpTo};
@@ -41,18 +41,18 @@ std::vector<Found> fittingDemands(const OfferedCar &car, int database)
         found.push_back({{demands.m_iID, demands.m_iCode, *match, wishes, {}, {}, {}, {}, demands.m_dateReference, demands.m_sDescSpecial},
                          demands.m_iPersonID});
     }
-    std::sort(found.begin(), found.end(), [](const Found &one, const Found &other) {
+    std::sort(found.begin(), found.end(), [](const FittingDemand &one, const FittingDemand &other) {
         return isBetterMatch(one.demand.match, one.demand.code, other.demand.match, other.demand.code);
     });
     return found;
 }
 
-std::vector<MatchingDemands::Demand> named(std::vector<Found> found, int database)
+std::vector<MatchingDemands::Demand> namedDemands(std::vector<FittingDemand> found, int database)
 {
     QList<int> persons;
     QList<int> types;
     QList<int> colors;
-    for (const Found &entry : found) {
+    for (const FittingDemand &entry : found) {
         persons.append(entry.person);
         types.append(entry.demand.wishes.automobilType);
         colors.append(entry.demand.wishes.color);
@@ -66,7 +66,7 @@ std::vector<MatchingDemands::Demand> named(std::vector<Found> found, int databas
     const auto colorNames = KLookup::names(record, u"iColor", colors);
     std::vector<MatchingDemands::Demand> demands;
     demands.reserve(found.size());
-    for (Found &entry : found) {
+    for (FittingDemand &entry : found) {
         if (!personNames.contains(entry.person))
             continue;
         MatchingDemands::Demand &demand = entry.demand;
@@ -99,6 +99,6 @@ MatchingDemands MatchingDemands::of(const OfferedCar &offer, int carCode, int da
     matching.offer = offer;
     matching.type = KLookup::name(car, u"iAutomobilType", offer.automobilType);
     matching.color = KLookup::name(car, u"iColor", offer.color);
-    matching.demands = named(fittingDemands(matching.offer, database), database);
+    matching.demands = namedDemands(fittingDemands(matching.offer, database), database);
     return matching;
 }

@@ -26,11 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
-
 constexpr int instalmentSale = 2;
 
 }
@@ -39,7 +34,7 @@ CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMod
     : ContractEditorPage(mode, u"مشخصات فروش"_s, parent)
 {
     build();
-    connect(m_form->comboBox(column("sState")), &QComboBox::currentTextChanged, this,
+    connect(m_form->comboBox(u"sState"_s), &QComboBox::currentTextChanged, this,
             &CDlgAddAutomobilContractMatter::offerCities);
 }
 
@@ -126,7 +121,7 @@ void CDlgAddAutomobilContractMatter::showContractType(int contractType)
         {"dateRentExpire", u"لغایت :"_s},
     };
     for (const auto &[name, label] : period)
-        m_form->setLabel(column(name), instalments ? label : QString());
+        m_form->setLabel(QString::fromLatin1(name), instalments ? label : QString());
     m_terms->setTitle(instalments ? u"اقساط"_s : u"اجاره"_s);
     m_terms->setVisible(MatterVisibility::hasTerms(contractType));
     m_instalments->setVisible(instalments);
@@ -143,12 +138,12 @@ void CDlgAddAutomobilContractMatter::fill(CTblAutomobilContracts &contract)
 
 void CDlgAddAutomobilContractMatter::offerCities()
 {
-    const QStringList cities = Provinces::cities(m_form->comboBox(column("sState"))->currentText());
-    m_form->setChoices(column("sCity"), cities);
+    const QStringList cities = Provinces::cities(m_form->comboBox(u"sState"_s)->currentText());
+    m_form->setChoices(u"sCity"_s, cities);
     if (m_filling || cities.isEmpty())
         return;
     // Another province was taken: a city known to be elsewhere is cleared, one typed by hand stays.
-    QComboBox *city = m_form->comboBox(column("sCity"));
+    QComboBox *city = m_form->comboBox(u"sCity"_s);
     if (city->findText(city->currentText()) < 0 && Provinces::isCity(city->currentText()))
         city->clearEditText();
 }
@@ -168,7 +163,7 @@ QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFiel
 
 double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const
 {
-    const double paid = m_form->edit(column("dFixAmount"))->number() + m_form->edit(column("dAgreeAmount"))->number();
+    const double paid = m_form->edit(u"dFixAmount"_s)->number() + m_form->edit(u"dAgreeAmount"_s)->number();
     return qMax(0.0, contractAmount - paid);
 }
 
@@ -176,19 +171,19 @@ bool CDlgAddAutomobilContractMatter::validate()
 {
     if (isShowMode())
         return true;
-    const auto isEmpty = [this](const char *name) { return m_form->edit(column(name))->text().trimmed().isEmpty(); };
+    const auto isEmpty = [this](const char *name) { return m_form->edit(QString::fromLatin1(name))->text().trimmed().isEmpty(); };
     if (isEmpty("sAutomobilName"))
-        return refuse(u"لطفا نام اتومبیل را مشخص کنید."_s, m_form->edit(column("sAutomobilName")));
-    KEdit *year = m_form->edit(column("sModel"));
+        return refuse(u"لطفا نام اتومبیل را مشخص کنید."_s, m_form->edit(u"sAutomobilName"_s));
+    KEdit *year = m_form->edit(u"sModel"_s);
     if (!isModelYear(year->text())) {
         refuse(u"لطفا سال را بزرگتر از سال 1000 وارد کنید."_s, year);
         year->selectAll();
         return false;
     }
     if (isEmpty("sColor"))
-        return refuse(u"لطفا رنگ خودرو را مشخص کنید."_s, m_form->edit(column("sColor")));
+        return refuse(u"لطفا رنگ خودرو را مشخص کنید."_s, m_form->edit(u"sColor"_s));
     if (isEmpty("sNumOfPlates"))
-        return refuse(u"لطفا شماره پلاک را وارد کنید."_s, m_form->edit(column("sNumOfPlates")));
+        return refuse(u"لطفا شماره پلاک را وارد کنید."_s, m_form->edit(u"sNumOfPlates"_s));
     if (const auto problem = m_form->firstInvalid())
         return refuse(problem->message, problem->widget);
     return true;

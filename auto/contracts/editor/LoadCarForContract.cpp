@@ -7,23 +7,16 @@
 #include "suite/db/KLookup.h"
 #include "suite/crm/persons/CTblPersons.h"
 
-namespace {
-
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
-
-}
+using namespace Qt::StringLiterals;
 
 std::optional<CarForContract> loadCarForContract(int carID, int database)
 {
     CTblAutomobilInformations car(database);
-    car.SetColumns({column("iPersonID"), column("iAutomobilType"), column("iModel"), column("iBrigade"), column("iSystem"),
-                    column("iColor"), column("sNumOfEngines"), column("sChassisNum"), column("sVIN"), column("sNumOfPlates"),
-                    column("sDocumentsDelivered"), column("sDesc"), column("iYear"), column("iNumOFAxles"), column("iNumOfWheels"),
-                    column("iUsageType"), column("iFuel")});
-    if (!car.IsRecordExist(column("iID"), carID))
+    car.SetColumns({u"iPersonID"_s, u"iAutomobilType"_s, u"iModel"_s, u"iBrigade"_s, u"iSystem"_s,
+                    u"iColor"_s, u"sNumOfEngines"_s, u"sChassisNum"_s, u"sVIN"_s, u"sNumOfPlates"_s,
+                    u"sDocumentsDelivered"_s, u"sDesc"_s, u"iYear"_s, u"iNumOFAxles"_s, u"iNumOfWheels"_s,
+                    u"iUsageType"_s, u"iFuel"_s});
+    if (!car.IsRecordExist(u"iID"_s, carID))
         return std::nullopt;
     CarForContract result;
     result.brand = KLookup::name(car, u"iAutomobilType");
@@ -43,7 +36,7 @@ std::optional<CarForContract> loadCarForContract(int carID, int database)
     result.usageType = car.m_iUsageType;
     result.fuel = car.m_iFuel;
     CTblPersons owner(database);
-    if (owner.IsRecordExist(column("iID"), car.m_iPersonID))
+    if (owner.IsRecordExist(u"iID"_s, car.m_iPersonID))
         result.ownerID = car.m_iPersonID;
     return result;
 }

@@ -11,28 +11,23 @@ namespace {
 
 using Kind = KFormField::Kind;
 
-QString column(const char *name)
-{
-    return QString::fromLatin1(name);
-}
-
 KFormField money(const char *name, const QString &label)
 {
-    KFormField field{column(name), label, Kind::Money};
+    KFormField field{QString::fromLatin1(name), label, Kind::Money};
     field.inWords = true;
     return field;
 }
 
 KFormField code(const char *name, const QString &label)
 {
-    KFormField field{column(name), label};
+    KFormField field{QString::fromLatin1(name), label};
     field.leftToRight = true;
     return field;
 }
 
 KFormField place(const char *name, const QString &label, const QStringList &choices)
 {
-    KFormField field{column(name), label, Kind::EditableChoice};
+    KFormField field{QString::fromLatin1(name), label, Kind::EditableChoice};
     field.choices = choices;
     return field;
 }
@@ -40,7 +35,7 @@ KFormField place(const char *name, const QString &label, const QStringList &choi
 // Two fields have the same label.
 KFormField sample(const char *name, const QString &label, const QString &which)
 {
-    KFormField field{column(name), label};
+    KFormField field{QString::fromLatin1(name), label};
     field.accessibleName = label + u' ' + which;
     return field;
 }
@@ -50,56 +45,56 @@ KFormField sample(const char *name, const QString &label, const QString &which)
 QList<KFormField> matterFields()
 {
     return {
-        {column("sAutomobilName"), u"نام اتومبيل :"_s},
-        {column("sColor"), u"رنگ :"_s},
-        {column("sAutomobilType"), u"نوع اتومبيل :"_s},
-        {column("sSystem"), u"سيستم :"_s},
-        {column("sModel"), u"سال توليد :"_s},
-        {column("sBrigade"), u"تيپ :"_s},
+        {u"sAutomobilName"_s, u"نام اتومبيل :"_s},
+        {u"sColor"_s, u"رنگ :"_s},
+        {u"sAutomobilType"_s, u"نوع اتومبيل :"_s},
+        {u"sSystem"_s, u"سيستم :"_s},
+        {u"sModel"_s, u"سال توليد :"_s},
+        {u"sBrigade"_s, u"تيپ :"_s},
         code("sNumOfEngines", u"شماره موتور :"_s),
-        {column("sFuel"), u"نوع سوخت :"_s},
-        {column("sNumOFAxles"), u"تعداد محور :"_s},
+        {u"sFuel"_s, u"نوع سوخت :"_s},
+        {u"sNumOFAxles"_s, u"تعداد محور :"_s},
         code("sVIN", u"VIN :"_s),
         code("sNumOfPlates", u"شماره پلاک :"_s),
         code("sChassisNum", u"شماره شاسي :"_s),
-        {column("sNumOfWheels"), u"تعداد چرخ :"_s},
-        {column("sDengue"), u"دانگ :"_s},
-        {column("sDescMatter"), u"توضيحات :"_s},
-        {column("sDocumentsDelivered"), u"لوازم تحويلي :"_s},
-        {column("sRegistryNum"), u"شماره دفتر خانه :"_s},
-        {column("sRightTahrir"), u"حق تحرير :"_s},
-        {column("dateDeal"), u"تاريخ معامله :"_s, Kind::Date},
-        {column("dateOffice"), u"تاريخ تنظيم سند در دفتر اسناد رسمي :"_s, Kind::Date},
-        {column("dateDocument"), u"تاريخ تنظيم سند طبق قرارداد :"_s, Kind::Date},
+        {u"sNumOfWheels"_s, u"تعداد چرخ :"_s},
+        {u"sDengue"_s, u"دانگ :"_s},
+        {u"sDescMatter"_s, u"توضيحات :"_s},
+        {u"sDocumentsDelivered"_s, u"لوازم تحويلي :"_s},
+        {u"sRegistryNum"_s, u"شماره دفتر خانه :"_s},
+        {u"sRightTahrir"_s, u"حق تحرير :"_s},
+        {u"dateDeal"_s, u"تاريخ معامله :"_s, Kind::Date},
+        {u"dateOffice"_s, u"تاريخ تنظيم سند در دفتر اسناد رسمي :"_s, Kind::Date},
+        {u"dateDocument"_s, u"تاريخ تنظيم سند طبق قرارداد :"_s, Kind::Date},
         sample("sSampleDescOne", u"توضيحات نمونه :"_s, u"اول"_s),
         sample("sSampleDescTwo", u"توضيحات نمونه :"_s, u"دوم"_s),
-        {column("sAddressSample"), u"آدرس مشاور نمونه :"_s},
+        {u"sAddressSample"_s, u"آدرس مشاور نمونه :"_s},
         money("dFixAmount", u"پرداخت به صورت نقدي :"_s),
-        {column("sCheckCount"), u"پرداخت به صورت چکي : تعداد :"_s},
+        {u"sCheckCount"_s, u"پرداخت به صورت چکي : تعداد :"_s},
         money("dAgreeAmount", u"فقره چک، که مجموع مبالغ آنها :"_s),
-        {column("sCheckNum"), u"شماره چک :"_s},
-        {column("sBankName"), u"نام بانک :"_s},
-        {column("sBranchName"), u"نام شعبه :"_s},
-        {column("sBranchCode"), u"کد شعبه :"_s},
+        {u"sCheckNum"_s, u"شماره چک :"_s},
+        {u"sBankName"_s, u"نام بانک :"_s},
+        {u"sBranchName"_s, u"نام شعبه :"_s},
+        {u"sBranchCode"_s, u"کد شعبه :"_s},
         money("dRemainingAmount", u"الباقي :"_s),
-        {column("sDescRemainingAmount"), u"شرح الباقي مبلغ :"_s},
+        {u"sDescRemainingAmount"_s, u"شرح الباقي مبلغ :"_s},
         money("dDamageAmount", u"خسارت تخلف :"_s),
         money("dCompenseAmount", u"مبلغ جبران خسارت :"_s),
-        {column("sBillNumOne"), u"قبض شماره يک :"_s},
-        {column("sBillNumTwo"), u"قيض شماره دو :"_s},
-        {column("dateTradeUnit"), u"تاريخ قرارداد در واحد صنفي :"_s, Kind::Date},
+        {u"sBillNumOne"_s, u"قبض شماره يک :"_s},
+        {u"sBillNumTwo"_s, u"قيض شماره دو :"_s},
+        {u"dateTradeUnit"_s, u"تاريخ قرارداد در واحد صنفي :"_s, Kind::Date},
         money("dEveryHandDealAmount", u"منطبق با تعرفه از هر طرف معامله مبلغ :"_s),
         place("sCity", u"شهرستان :"_s, {}),
         place("sState", u"استان :"_s, Provinces::names()),
-        {column("sLicense"), u"پروانه :"_s},
+        {u"sLicense"_s, u"پروانه :"_s},
         money("dAmountRent", u"مبلغ مال الاجاره :"_s),
-        {column("sRentTime"), u"مدت اجاره :"_s},
-        {column("dateRent"), u"تاريخ اجاره :"_s, Kind::Date},
-        {column("dateRentExpire"), u"تاريخ انقضاء اجاره :"_s, Kind::Date},
-        {column("sNumOfMonths"), u"تعداد ماه :"_s},
-        {column("sNumOfInstallment"), u"تعداد اقساط :"_s},
-        {column("sUsanceNum"), u"شماره هاي سر رسيد :"_s},
-        {column("sDescCheck"), u"شرح چک/ سفته :"_s},
+        {u"sRentTime"_s, u"مدت اجاره :"_s},
+        {u"dateRent"_s, u"تاريخ اجاره :"_s, Kind::Date},
+        {u"dateRentExpire"_s, u"تاريخ انقضاء اجاره :"_s, Kind::Date},
+        {u"sNumOfMonths"_s, u"تعداد ماه :"_s},
+        {u"sNumOfInstallment"_s, u"تعداد اقساط :"_s},
+        {u"sUsanceNum"_s, u"شماره هاي سر رسيد :"_s},
+        {u"sDescCheck"_s, u"شرح چک/ سفته :"_s},
         money("dDelayAmount", u"مبلغ تاخير :"_s),
     };
 }

@@ -27,15 +27,6 @@ enum Column {
     TypeColumn
 };
 
-QPushButton *addButton(QHBoxLayout *row, const QString &caption)
-{
-    auto *button = new QPushButton(caption);
-    button->setAccessibleName(caption);
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-}
-
 }
 
 CDlgCustomFieldDefinitions::CDlgCustomFieldDefinitions(int table, QWidget *parent)

@@ -10,6 +10,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -26,15 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QPushButton *addButton(QHBoxLayout *row, const QString &caption)
-{
-    auto *button = new QPushButton(caption);
-    button->setAccessibleName(caption);
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-}
 
 QString pageTitle(CTblFileDocs::Scope scope)
 {

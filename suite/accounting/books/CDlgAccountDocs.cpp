@@ -3,6 +3,7 @@
 
 #include "suite/accounting/books/CDlgAccountDocs.h"
 
+#include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
@@ -37,11 +38,6 @@ KSecurity documentSecurity()
     KSecurity security;
     security.SetFormName(u"Documents"_s);
     return security;
-}
-
-KListModel::Cell sideCell(double amount)
-{
-    return {IsEquals(amount, 0) ? QString() : DToMoney(amount), amount};
 }
 
 KListModel::Cell balanceCell(double balance)
@@ -151,8 +147,8 @@ void CDlgAccountDocs::refill()
                       {shamsiText(row.date.date()), row.date},
                       {row.person},
                       {row.desc},
-                      sideCell(row.bed),
-                      sideCell(row.bes),
+                      DocumentRowsPane::sideCell(row.bed),
+                      DocumentRowsPane::sideCell(row.bes),
                       balanceCell(row.balance),
                       {natureOf(row.balance)}}});
     }

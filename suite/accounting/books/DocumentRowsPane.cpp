@@ -19,12 +19,11 @@ KListModel::Cell numberCell(int value)
     return {QString::number(value), value};
 }
 
-// The side of a row that holds nothing stays empty, so that the eye finds the one that does.
-KListModel::Cell sideCell(double amount)
-{
-    return {IsEquals(amount, 0) ? QString() : DToMoney(amount), amount};
 }
 
+KListModel::Cell DocumentRowsPane::sideCell(double amount)
+{
+    return {IsEquals(amount, 0) ? QString() : DToMoney(amount), amount};
 }
 
 DocumentRowsPane::DocumentRowsPane(const QString &settingName, QWidget *parent)

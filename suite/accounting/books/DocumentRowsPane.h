@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
+#include "suite/utility/lists/KListModel.h"
 
 #include <QWidget>
 
@@ -21,6 +22,9 @@ public:
 
     // Document number 0 empties the pane. Throws CMySQLException.
     void showDocument(int num, int fiscalYear);
+
+    // A cell of a debit or credit column: empty where it holds nothing, so that the eye finds the side that does.
+    static KListModel::Cell sideCell(double amount);
 
     KExtListCtrl *list() const { return m_list; }
     QString totalsText() const;

@@ -36,15 +36,6 @@ KSecurity security()
     return itemsSecurity;
 }
 
-QPushButton *addButton(QHBoxLayout *row, const QString &caption)
-{
-    auto *button = new QPushButton(caption);
-    button->setAccessibleName(caption);
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-}
-
 }
 
 CDlgMultiItems::CDlgMultiItems(int itemType, const QString &title, QWidget *parent)

@@ -38,15 +38,6 @@ constexpr std::array scales{0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
 constexpr int fitWidthChoice = 0;
 constexpr int fitPageChoice = 1;
 
-QPushButton *addButton(QHBoxLayout *row, const QString &caption, const QString &icon = {})
-{
-    auto *button = new QPushButton(icon.isEmpty() ? QIcon() : QIcon(icon), caption);
-    button->setAccessibleName(caption);
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-}
-
 // Asks for the file to write, in the folder of the last one; empty when the user gave up.
 QString askFile(const ListReport &report, const QString &kind, const QString &suffix, QWidget *parent)
 {

@@ -39,15 +39,6 @@ constexpr int longestText = 200;
 const std::array cornerCaptions{u"راست بالا :"_s, u"راست وسط :"_s, u"راست پایین :"_s,
                                 u"چپ بالا :"_s, u"چپ وسط :"_s, u"چپ پایین :"_s};
 
-QPushButton *addButton(QBoxLayout *row, const QString &caption)
-{
-    auto *button = new QPushButton(caption);
-    button->setAccessibleName(caption);
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-}
-
 }
 
 CDlgReportLayout::CDlgReportLayout(const ListReport &report, QWidget *parent)

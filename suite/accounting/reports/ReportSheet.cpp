@@ -18,12 +18,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int rowsPerReport = 500;
+constexpr int rowsPerStep = 500;
 constexpr uint8_t a4 = 9;
 constexpr uint8_t readsFromTheRight = 2;
 constexpr qsizetype longestSheetName = 31;
 constexpr qsizetype longestCellText = 32767; // of a spreadsheet
-constexpr double widestColumn = 60;          // characters
+constexpr double widestSheetColumn = 60;          // characters
 // A spreadsheet counts its days from here; earlier ones stay text.
 const QDate firstSheetDate(1900, 3, 1);
 
@@ -111,14 +111,14 @@ ReportSheet::Result ReportSheet::fill(lxw_workbook *workbook, const ReportProgre
     writeTitles(workbook, sheet);
     const QVector<KListModel::Row> &rows = m_report.rows();
     for (int row = 0; row < rows.size(); ++row) {
-        if (progress && row % rowsPerReport == 0 && !progress(row, static_cast<int>(rows.size())))
+        if (progress && row % rowsPerStep == 0 && !progress(row, static_cast<int>(rows.size())))
             return Stopped;
         if (!writeRow(sheet, static_cast<unsigned>(row) + 1, rows.at(row)))
             return Failed;
     }
     for (size_t i = 0; i < m_columns.size(); ++i) {
         const auto column = static_cast<lxw_col_t>(i);
-        worksheet_set_column(sheet, column, column, std::min(static_cast<double>(m_columns[i].longest) + 3, widestColumn), nullptr);
+        worksheet_set_column(sheet, column, column, std::min(static_cast<double>(m_columns[i].longest) + 3, widestSheetColumn), nullptr);
     }
     return Written;
 }

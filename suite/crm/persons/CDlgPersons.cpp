@@ -26,7 +26,7 @@ namespace {
 // Long enough not to search for every letter of a word typed at speed.
 constexpr int typingPauseMs = 180;
 
-QString section()
+QString listSection()
 {
     return u"Persons"_s;
 }
@@ -44,7 +44,7 @@ KListColumn::Cell statusCell(const QVariant &status)
 }
 
 CDlgPersons::CDlgPersons(QWidget *parent)
-    : KListPage(u"اشخاص"_s, section(), section(), parent)
+    : KListPage(u"اشخاص"_s, listSection(), listSection(), parent)
 {
     build();
     list()->installEventFilter(this);

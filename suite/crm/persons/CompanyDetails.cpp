@@ -39,7 +39,7 @@ constexpr std::array parts{
     Part{u"cityCode", &CompanyDetails::cityCode},
 };
 
-QString section()
+QString companySection()
 {
     return u"Company"_s;
 }
@@ -54,7 +54,7 @@ QString kindKey()
 CompanyDetails CompanyDetails::read(int database)
 {
     CompanyDetails details;
-    const QHash<QString, QString> stored = CTblProperties::DBReadSection(section(), database);
+    const QHash<QString, QString> stored = CTblProperties::DBReadSection(companySection(), database);
     for (const Part &part : parts)
         details.*part.text = stored.value(QString::fromUtf16(part.key));
     if (const int kind = stored.value(kindKey()).toInt(); kind != 0)
@@ -66,9 +66,9 @@ void CompanyDetails::write(int database) const
 {
     KTransaction transaction(database);
     for (const Part &part : parts)
-        CTblProperties::DBWriteSetting(section(), QString::fromUtf16(part.key), ConvertToStandard(this->*part.text),
+        CTblProperties::DBWriteSetting(companySection(), QString::fromUtf16(part.key), ConvertToStandard(this->*part.text),
                                        database);
-    CTblProperties::DBWriteSettingInt(section(), kindKey(), kind, database);
+    CTblProperties::DBWriteSettingInt(companySection(), kindKey(), kind, database);
     transaction.commit();
 }
 

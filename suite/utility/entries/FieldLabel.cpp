@@ -7,8 +7,10 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 QString labelText(const QString &caption)
 {
@@ -55,4 +57,13 @@ QLabel *addLabelled(QGridLayout *grid, int row, int column, const QString &capti
     grid->addWidget(label, row, column);
     grid->addWidget(control, row, column + 1, 1, span);
     return label;
+}
+
+QPushButton *addButton(QBoxLayout *line, const QString &caption, const QString &icon)
+{
+    auto *button = new QPushButton(icon.isEmpty() ? QIcon() : QIcon(icon), caption);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    line->addWidget(button);
+    return button;
 }

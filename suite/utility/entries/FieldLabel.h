@@ -11,9 +11,10 @@ class QBoxLayout;
 class QFormLayout;
 class QGridLayout;
 class QLabel;
+class QPushButton;
 class QWidget;
 
-// A control and the label before it: the label's text, its buddy and what a screen reader says on the control are one caption.
+// A control and its caption: the label before it, the label's buddy and what a screen reader says are one text.
 
 // A caption as a label shows it: one in Latin letters would be read from left to right, with its colon on the wrong side,
 // away from the control.
@@ -31,3 +32,7 @@ TZUTILITY_EXPORT void nameControl(QWidget *control, const QString &name);
 TZUTILITY_EXPORT QLabel *addLabelled(QFormLayout *form, const QString &caption, QWidget *control);
 TZUTILITY_EXPORT QLabel *addLabelled(QBoxLayout *line, const QString &caption, QWidget *control, int stretch = 0);
 TZUTILITY_EXPORT QLabel *addLabelled(QGridLayout *grid, int row, int column, const QString &caption, QWidget *control, int span = 1);
+
+// Adds a command button that a screen reader announces by its caption, and that Return in an entry line does not press. icon is a
+// path, or empty.
+TZUTILITY_EXPORT QPushButton *addButton(QBoxLayout *line, const QString &caption, const QString &icon = {});

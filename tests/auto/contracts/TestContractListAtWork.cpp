@@ -36,7 +36,7 @@ namespace {
 using Contract = CTblAutomobilContracts;
 using Editor = CDlgAddAutomobilContract;
 
-const QString section = u"AutomobilContracts"_s;
+const QString contractsForm = u"AutomobilContracts"_s;
 
 KEdit *rowLimit(const QWidget &page)
 {
@@ -229,10 +229,10 @@ private Q_SLOTS:
     void doubleClickNeedsTheRightToRead()
     {
         addNamed(u"a"_s);
-        m_office->logInAs(u"clerk"_s, section, KSecurity::allRights & ~KSecurity::Read);
+        m_office->logInAs(u"clerk"_s, contractsForm, KSecurity::allRights & ~KSecurity::Read);
         auto &page = shownPage();
         QTest::keyClick(page.list(), Qt::Key_Return);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(section, KSecurity::Read)});
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(contractsForm, KSecurity::Read)});
     }
 
     void databaseThatIsClosedWhileTheListIsOpenIsNotChanged()
@@ -376,14 +376,14 @@ private Q_SLOTS:
     void rowLimitOutOfRangeIsRefusedAndNotKept()
     {
         QFETCH(QString, typed);
-        WriteSetting(section, u"iMaxRows"_s, 40);
+        WriteSetting(contractsForm, u"iMaxRows"_s, 40);
         auto &page = shownPage();
         rowLimit(page)->setText(typed);
         searchButton(page)->click();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تعداد نمايش : مقدار باید بین 1 و 10000 باشد."_s});
         QCOMPARE(page.focusWidget(), rowLimit(page));
         page.OnClosing();
-        QCOMPARE(ReadSetting(section, u"iMaxRows"_s, 0), 40);
+        QCOMPARE(ReadSetting(contractsForm, u"iMaxRows"_s, 0), 40);
     }
 
     void filterControlsBeginAsTheyShould()
@@ -604,6 +604,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractListAtWork, KApplication> registered;
+static const RegisteredTest<TestContractListAtWork, KApplication> registeredContractListAtWork;
 
 #include "TestContractListAtWork.moc"

@@ -33,10 +33,10 @@ inline QStringList bound(KMySQL &record)
     return lines;
 }
 
-// Empty when the file cannot be read, which equals no record class.
-inline QStringList wanted(const QString &path)
+// Of a file beside the tests. Empty when the file cannot be read, which equals no record class.
+inline QStringList wanted(const QString &fileName)
 {
-    QFile table(path);
+    QFile table(u"" TZ_TEST_SOURCE "/"_s + fileName);
     if (!table.open(QIODevice::ReadOnly))
         return {};
     QStringList lines = QString::fromUtf8(table.readAll()).split(u'\n', Qt::SkipEmptyParts);

@@ -298,5 +298,5 @@ void TestCTblAutomobilContracts::archiveAndBackSetTheTimeBothTimes()
              u"0"_s);
 }
 
-static const RegisteredTest<TestCTblAutomobilContracts, QCoreApplication> registered;
+static const RegisteredTest<TestCTblAutomobilContracts, QCoreApplication> registeredCTblAutomobilContracts;
 #include "TestCTblAutomobilContracts.moc"

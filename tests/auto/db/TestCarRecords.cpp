@@ -19,11 +19,6 @@ namespace {
 using Car = CTblAutomobilInformations;
 using CarJoin = CTblAutomobilInformationJoins;
 
-QString tablePath(const char *file)
-{
-    return u"" TZ_TEST_SOURCE "/"_s + QString::fromLatin1(file);
-}
-
 }
 
 class TestCarRecords : public QObject
@@ -71,11 +66,11 @@ private Q_SLOTS:
     {
         Car car;
         QCOMPARE(car.columns().size(), size_t(77));
-        QCOMPARE(ColumnTable::bound(car), ColumnTable::wanted(tablePath("AutomobilInformations_columns.tsv")));
+        QCOMPARE(ColumnTable::bound(car), ColumnTable::wanted(u"AutomobilInformations_columns.tsv"_s));
         QCOMPARE(car.GetTableName(), u"AutomobilInformations"_s);
         CarJoin join;
         QCOMPARE(join.columns().size(), size_t(71));
-        QCOMPARE(ColumnTable::bound(join), ColumnTable::wanted(tablePath("AutomobilInformationJoins_columns.tsv")));
+        QCOMPARE(ColumnTable::bound(join), ColumnTable::wanted(u"AutomobilInformationJoins_columns.tsv"_s));
     }
 
     void joinedViewReadsItsSourceToTheLetterAndNeverThePicture()
@@ -231,5 +226,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCarRecords, QCoreApplication> registered;
+static const RegisteredTest<TestCarRecords, QCoreApplication> registeredCarRecords;
 #include "TestCarRecords.moc"

@@ -20,11 +20,6 @@ namespace {
 using Demand = CTblAutomobilDemands;
 using DemandJoin = CTblAutomobilDemandJoins;
 
-QString tablePath(const char *file)
-{
-    return u"" TZ_TEST_SOURCE "/"_s + QString::fromLatin1(file);
-}
-
 }
 
 class TestDemandRecords : public QObject
@@ -72,11 +67,11 @@ private Q_SLOTS:
     {
         Demand demand;
         QCOMPARE(demand.columns().size(), size_t(21));
-        QCOMPARE(ColumnTable::bound(demand), ColumnTable::wanted(tablePath("AutomobilDemands_columns.tsv")));
+        QCOMPARE(ColumnTable::bound(demand), ColumnTable::wanted(u"AutomobilDemands_columns.tsv"_s));
         QCOMPARE(demand.GetTableName(), u"AutomobilDemands"_s);
         DemandJoin join;
         QCOMPARE(join.columns().size(), size_t(20));
-        QCOMPARE(ColumnTable::bound(join), ColumnTable::wanted(tablePath("AutomobilDemandJoins_columns.tsv")));
+        QCOMPARE(ColumnTable::bound(join), ColumnTable::wanted(u"AutomobilDemandJoins_columns.tsv"_s));
     }
 
     void joinedViewReadsItsSourceToTheLetter()
@@ -215,5 +210,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestDemandRecords, QCoreApplication> registered;
+static const RegisteredTest<TestDemandRecords, QCoreApplication> registeredDemandRecords;
 #include "TestDemandRecords.moc"

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray contentOf(const QString &path)
+QByteArray bytesOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -57,7 +57,7 @@ private:
         const QStringList processes = QDir(u"/proc"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
         for (const QString &process : processes) {
             for (const QString &part : {u"cmdline"_s, u"environ"_s}) {
-                const QByteArray content = contentOf(u"/proc/%1/%2"_s.arg(process, part));
+                const QByteArray content = bytesOf(u"/proc/%1/%2"_s.arg(process, part));
                 m_seen = m_seen || content.contains(password);
                 m_toolSeen = m_toolSeen || content.contains("mariadb-upgrade") || content.contains("mariadb-dump");
             }
@@ -136,11 +136,11 @@ void TestServerUpgrade::anotherVersionDumpsAndUpgradesAndKeepsTheData()
             told << text;
     });
     QVERIFY(server.isRunning());
-    QCOMPARE(contentOf(folder().serverLogPath()).count("ready for connections"), starts);
+    QCOMPARE(bytesOf(folder().serverLogPath()).count("ready for connections"), starts);
     QCOMPARE(ServerState::load(folder()).version, ServerState::versionIn(server.version()));
     QCOMPARE(dumps().size(), 1);
-    QVERIFY(contentOf(folder().backupsPath() + QLatin1Char('/') + dumps().constFirst()).contains("INSERT INTO `kept` VALUES\n(7)"));
-    QVERIFY(contentOf(folder().logsPath() + u"/server-upgrade.log"_s).contains("OK"));
+    QVERIFY(bytesOf(folder().backupsPath() + QLatin1Char('/') + dumps().constFirst()).contains("INSERT INTO `kept` VALUES\n(7)"));
+    QVERIFY(bytesOf(folder().logsPath() + u"/server-upgrade.log"_s).contains("OK"));
 
     KConnection connection(server.connectionSettings());
     const KConnection::Result result = connection.run(QByteArrayLiteral("SELECT i FROM kept"));
@@ -219,8 +219,8 @@ void TestServerUpgrade::thePasswordIsNeitherInTheProcessListNorInTheLogs()
     const QFileInfoList logs = QDir(folder().logsPath()).entryInfoList(QDir::Files) + QDir(folder().backupsPath()).entryInfoList(QDir::Files);
     QVERIFY(logs.size() >= 3);
     for (const QFileInfo &log : logs)
-        QVERIFY2(!contentOf(log.filePath()).contains(password), qPrintable(log.filePath()));
+        QVERIFY2(!bytesOf(log.filePath()).contains(password), qPrintable(log.filePath()));
 }
 
-static const RegisteredTest<TestServerUpgrade, QCoreApplication> registered;
+static const RegisteredTest<TestServerUpgrade, QCoreApplication> registeredServerUpgrade;
 #include "TestServerUpgrade.moc"

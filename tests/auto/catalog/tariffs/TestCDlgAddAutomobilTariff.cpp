@@ -12,6 +12,7 @@
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
@@ -42,15 +43,6 @@ KEdit *amountEdit(const CDlgAddAutomobilTariff &editor)
 KTextArea *descriptionEdit(const CDlgAddAutomobilTariff &editor)
 {
     return formOf(editor)->longText(u"sDesc"_s);
-}
-
-QPushButton *pushButton(const QWidget &window, const QString &caption)
-{
-    for (QPushButton *button : window.findChildren<QPushButton *>()) {
-        if (button->text() == caption)
-            return button;
-    }
-    return nullptr;
 }
 
 }
@@ -97,8 +89,8 @@ private Q_SLOTS:
         QCOMPARE(amountEdit(editor)->accessibleName(), u"هزينه :"_s);
         QCOMPARE(descriptionEdit(editor)->accessibleName(), u"توضيحات :"_s);
         QCOMPARE(editor.findChild<QCheckBox *>()->text(), u"فعال"_s);
-        QVERIFY(pushButton(editor, u"تاييد"_s));
-        QVERIFY(pushButton(editor, u"انصراف"_s));
+        QVERIFY(captioned<QPushButton>(editor, u"تاييد"_s));
+        QVERIFY(captioned<QPushButton>(editor, u"انصراف"_s));
         QStringList labels;
         for (const QLabel *label : editor.findChildren<QLabel *>())
             labels << label->text();
@@ -265,12 +257,12 @@ private Q_SLOTS:
         editor.show();
         titleEdit(editor)->setText(u"سند"_s);
         m_office->database().run(u"RENAME TABLE AutomobilTariffs TO Elsewhere"_s);
-        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
+        QTest::mouseClick(captioned<QPushButton>(editor, u"تاييد"_s), Qt::LeftButton);
         m_office->database().run(u"RENAME TABLE Elsewhere TO AutomobilTariffs"_s);
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QVERIFY(editor.isVisible());
         QCOMPARE(titleEdit(editor)->text(), u"سند"_s);
-        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
+        QTest::mouseClick(captioned<QPushButton>(editor, u"تاييد"_s), Qt::LeftButton);
         QVERIFY(!editor.isVisible());
         QCOMPARE(value(u"SELECT sTitle FROM AutomobilTariffs"_s), u"سند"_s);
     }
@@ -281,7 +273,7 @@ private Q_SLOTS:
         editor.show();
         titleEdit(editor)->setText(u"سند"_s);
         GetDBSetting()->SetClosedDB(true);
-        QTest::mouseClick(pushButton(editor, u"تاييد"_s), Qt::LeftButton);
+        QTest::mouseClick(captioned<QPushButton>(editor, u"تاييد"_s), Qt::LeftButton);
         QCOMPARE(g_pDlgWarning->takeShown().size() + g_pDlgMessage->takeShown().size(), 1);
         QVERIFY(editor.isVisible());
         QCOMPARE(titleEdit(editor)->text(), u"سند"_s);
@@ -324,6 +316,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilTariff, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilTariff, KApplication> registeredCDlgAddAutomobilTariff;
 
 #include "TestCDlgAddAutomobilTariff.moc"

@@ -19,6 +19,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCheckBox>
@@ -54,15 +55,6 @@ QStringList titles(const CDlgAutomobilTariffs &page)
     for (int row = 0; row < page.list()->count(); ++row)
         texts << page.list()->cellText(row, u"title");
     return texts;
-}
-
-QPushButton *pushButton(const QWidget &window, const QString &caption)
-{
-    for (QPushButton *button : window.findChildren<QPushButton *>()) {
-        if (button->text() == caption)
-            return button;
-    }
-    return nullptr;
 }
 
 KForm *formOf(QWidget *editor)
@@ -229,12 +221,12 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         page.filters().set(u"name", u"x%' OR 'a' LIKE 'a"_s);
-        pushButton(page, u"جستجو"_s)->click();
+        captioned<QPushButton>(page, u"جستجو"_s)->click();
         // As typed it is a condition that the database understands, and all that it does is find every row.
         QCOMPARE(titles(page), QStringList{u"a"_s});
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         page.filters().set(u"name", u"o'k"_s);
-        pushButton(page, u"جستجو"_s)->click();
+        captioned<QPushButton>(page, u"جستجو"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(titles(page), QStringList{u"a"_s});
         QCOMPARE(page.filters().control<KEdit>(u"name")->text(), u"o'k"_s);
@@ -246,7 +238,7 @@ private Q_SLOTS:
         CDlgAutomobilTariffs page;
         page.open();
         page.filters().set(u"name", u"'; DELETE FROM AutomobilTariffs; -- "_s);
-        pushButton(page, u"جستجو"_s)->click();
+        captioned<QPushButton>(page, u"جستجو"_s)->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
     }
@@ -624,10 +616,10 @@ private Q_SLOTS:
             auto *page = static_cast<CDlgAutomobilTariffs *>(static_cast<KDialogHolder *>(window)->page());
             preselected = page->list()->currentKey();
             page->list()->selectRow(0);
-            QVERIFY(pushButton(*window, u"بازگشت"_s));
-            QVERIFY(pushButton(*window, u"چاپ"_s)->isVisible());
+            QVERIFY(captioned<QPushButton>(*window, u"بازگشت"_s));
+            QVERIFY(captioned<QPushButton>(*window, u"چاپ"_s)->isVisible());
             page->list()->selectKey(key);
-            pushButton(*window, u"انتخاب"_s)->click();
+            captioned<QPushButton>(*window, u"انتخاب"_s)->click();
         });
         QCOMPARE(CDlgAutomobilTariffs::Select(nullptr, key), key);
         QCOMPARE(preselected, key);
@@ -646,7 +638,7 @@ private Q_SLOTS:
     void goingBackChoosesNothing()
     {
         const int key = addTariff(u"a"_s);
-        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { pushButton(*window, u"بازگشت"_s)->click(); });
+        TestOffice::whenModal("KDialogHolder", [](QWidget *window) { captioned<QPushButton>(*window, u"بازگشت"_s)->click(); });
         QCOMPARE(CDlgAutomobilTariffs::Select(nullptr, key), 0);
     }
 
@@ -654,7 +646,7 @@ private Q_SLOTS:
     {
         bool stayed = false;
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
-            pushButton(*window, u"انتخاب"_s)->click();
+            captioned<QPushButton>(*window, u"انتخاب"_s)->click();
             stayed = window->isVisible();
             static_cast<QDialog *>(window)->reject();
         });
@@ -668,7 +660,7 @@ private Q_SLOTS:
             auto *page = static_cast<CDlgAutomobilTariffs *>(static_cast<KDialogHolder *>(window)->page());
             whenEditor(u"new"_s, u"9"_s);
             QVERIFY(page->runCommand(u"new"));
-            pushButton(*window, u"انتخاب"_s)->click();
+            captioned<QPushButton>(*window, u"انتخاب"_s)->click();
         });
         const int chosen = CDlgAutomobilTariffs::Select(nullptr);
         QCOMPARE(QString::number(chosen),
@@ -691,8 +683,8 @@ private Q_SLOTS:
         TestOffice::whenModal("KDialogHolder", [&](QWidget *window) {
             looked = true;
             QCOMPARE(window->windowTitle(), u"هزينه هاي تعرفه هاي محضر"_s);
-            QVERIFY(!pushButton(*window, u"انتخاب"_s));
-            pushButton(*window, u"بازگشت"_s)->click();
+            QVERIFY(!captioned<QPushButton>(*window, u"انتخاب"_s));
+            captioned<QPushButton>(*window, u"بازگشت"_s)->click();
         });
         CDlgAutomobilTariffs::Open(nullptr);
         QVERIFY(looked);
@@ -732,6 +724,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAutomobilTariffs, KApplication> registered;
+static const RegisteredTest<TestCDlgAutomobilTariffs, KApplication> registeredCDlgAutomobilTariffs;
 
 #include "TestCDlgAutomobilTariffs.moc"

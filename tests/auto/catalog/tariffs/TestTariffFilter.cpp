@@ -40,5 +40,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestTariffFilter, QCoreApplication> registered;
+static const RegisteredTest<TestTariffFilter, QCoreApplication> registeredTariffFilter;
 #include "TestTariffFilter.moc"

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString builtTemplates = u"" TZ_TEMPLATES ""_s;
+const QString suppliedTemplates = u"" TZ_TEMPLATES ""_s;
 const QString command = u"printContract"_s;
 const QString missingText = u"فایل نامه پیدا نشد.\nلطفا مسیر فایل را مشخص نمایید."_s;
 
@@ -66,7 +66,7 @@ private Q_SLOTS:
     void commandPrintsTheSelectedContractAndOpensIt()
     {
         QVERIFY(QDir().mkpath(m_folder->filePath(u"AutomobileDocx"_s)));
-        QVERIFY(QFile::copy(builtTemplates + u"/AutoRent.docx"_s,
+        QVERIFY(QFile::copy(suppliedTemplates + u"/AutoRent.docx"_s,
                             m_folder->filePath(u"AutomobileDocx/AutoRent.docx"_s)));
         PrintedContracts::add(*m_office, 1);
         const auto page = openPage();
@@ -89,7 +89,7 @@ private Q_SLOTS:
             title = dialog->windowTitle();
             filters = dialog->nameFilters();
             oneExistingFile = dialog->fileMode() == QFileDialog::ExistingFile;
-            dialog->setDirectory(builtTemplates);
+            dialog->setDirectory(suppliedTemplates);
             dialog->selectFile(u"AutoMbayh.docx"_s);
             static_cast<QDialog *>(dialog)->accept();
         });
@@ -175,6 +175,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractPrintingDialogs, KApplication> registered;
+static const RegisteredTest<TestContractPrintingDialogs, KApplication> registeredContractPrintingDialogs;
 
 #include "TestContractPrintingDialogs.moc"

@@ -98,5 +98,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestFieldLabel, QApplication> registered;
+static const RegisteredTest<TestFieldLabel, QApplication> registeredFieldLabel;
 #include "TestFieldLabel.moc"

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "suite/utility/values/ShamsiDate.h"
+#include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
 
 using namespace Qt::StringLiterals;
@@ -22,12 +23,6 @@ const QDate someDay(2026, 11, 20); // 1405/08/29, a Friday
 QDateTime midnight(const QDate &date)
 {
     return QDateTime(date, QTime(0, 0), Qt::UTC);
-}
-
-void typeText(QWidget &widget, const QString &text)
-{
-    for (const QChar c : text)
-        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
 
 QWidget *openPopup()
@@ -103,7 +98,7 @@ void TestKDateEdit::typedForms()
     QFETCH(QString, keys);
     KDateEdit edit;
     QSignalSpy edited(&edit, &KDateEdit::dateEdited);
-    typeText(edit, keys);
+    Hand::typeInto(edit, keys);
     QCOMPARE(edit.dateTime(), midnight(someDay));
     QCOMPARE(edit.dateTime().timeSpec(), Qt::UTC);
     QVERIFY(edit.isEntryValid());
@@ -115,12 +110,12 @@ void TestKDateEdit::typedForms()
 void TestKDateEdit::halfTypedIsNoDate()
 {
     KDateEdit edit;
-    typeText(edit, u"1405/08/"_s);
+    Hand::typeInto(edit, u"1405/08/"_s);
     QVERIFY(!edit.dateTime().isValid());
     QVERIFY(!edit.isEntryValid());
     QVERIFY(!edit.entryError().isEmpty());
     QCOMPARE(edit.accessibleDescription(), edit.entryError());
-    typeText(edit, u"29"_s);
+    Hand::typeInto(edit, u"29"_s);
     QVERIFY(edit.isEntryValid());
     QCOMPARE(edit.accessibleDescription(), QString());
     edit.setText(u"1404/12/30"_s);
@@ -137,7 +132,7 @@ void TestKDateEdit::anErrorIsToldWhenTheTypingEnds()
     form.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&form));
     edit.setFocus();
-    typeText(edit, u"1405/13"_s);
+    Hand::typeInto(edit, u"1405/13"_s);
     QVERIFY(!edit.isEntryValid());
     QCOMPARE(edit.accessibleDescription(), QString());
     other.setFocus();
@@ -145,7 +140,7 @@ void TestKDateEdit::anErrorIsToldWhenTheTypingEnds()
     QCOMPARE(edit.accessibleDescription(), edit.entryError());
     edit.setFocus();
     edit.selectAll();
-    typeText(edit, u"14050829"_s);
+    Hand::typeInto(edit, u"14050829"_s);
     QCOMPARE(edit.accessibleDescription(), QString());
     QTest::keyClick(&edit, Qt::Key_Return);
     QCOMPARE(edit.text(), u"1405/08/29"_s);
@@ -157,7 +152,7 @@ void TestKDateEdit::lettersAreRefused()
     KDateEdit edit;
     edit.setDate(someDay);
     edit.selectAll();
-    typeText(edit, u"aش "_s);
+    Hand::typeInto(edit, u"aش "_s);
     QCOMPARE(edit.date(), someDay);
 }
 
@@ -298,7 +293,7 @@ void TestKDateEdit::enteringADateChecks()
     edit.setCheckable(true);
     bool checkedWhenTold = false;
     connect(&edit, &KDateEdit::dateEdited, this, [&] { checkedWhenTold = edit.isChecked(); });
-    typeText(edit, u"14050829"_s);
+    Hand::typeInto(edit, u"14050829"_s);
     QVERIFY(edit.isChecked());
     QVERIFY(checkedWhenTold);
     QCOMPARE(edit.date(), someDay);
@@ -319,7 +314,7 @@ void TestKDateEdit::uncheckingKeepsTheDate()
 {
     KDateEdit edit;
     edit.setCheckable(true);
-    typeText(edit, u"14050829"_s);
+    Hand::typeInto(edit, u"14050829"_s);
     edit.setChecked(false);
     QCOMPARE(edit.date(), someDay);
     QCOMPARE(edit.text(), u"14050829"_s);
@@ -330,7 +325,7 @@ void TestKDateEdit::aRefusedDateThatDoesNotCountIsNoError()
 {
     KDateEdit edit;
     edit.setCheckable(true);
-    typeText(edit, u"1405/13"_s);
+    Hand::typeInto(edit, u"1405/13"_s);
     QVERIFY(!edit.isEntryValid());
     edit.setChecked(false);
     QVERIFY(edit.isEntryValid());
@@ -513,7 +508,7 @@ void TestKDateEdit::readOnly()
     edit.show();
     QTest::keyClick(&edit, Qt::Key_Up);
     QTest::keyClick(&edit, Qt::Key_F4);
-    typeText(edit, u"1 "_s);
+    Hand::typeInto(edit, u"1 "_s);
     QVERIFY(!openPopup());
     QCOMPARE(edit.date(), someDay);
     QVERIFY(!edit.isChecked());
@@ -534,5 +529,5 @@ void TestKDateEdit::digitsReadLeftToRight()
         QVERIFY(c.unicode() < 128);
 }
 
-static const RegisteredTest<TestKDateEdit, QApplication> registered;
+static const RegisteredTest<TestKDateEdit, QApplication> registeredKDateEdit;
 #include "TestKDateEdit.moc"

@@ -12,17 +12,12 @@
 #include <algorithm>
 
 #include "suite/utility/values/Money.h"
+#include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void typeText(QWidget &widget, const QString &text)
-{
-    for (const QChar c : text)
-        QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, QString(c), Qt::NoModifier);
-}
 
 void paste(KEdit &edit, const QString &text)
 {
@@ -111,7 +106,7 @@ void TestKEdit::typed()
     KEdit edit(kind);
     QSignalSpy edited(&edit, &KEdit::numberEdited);
     QSignalSpy changed(&edit, &KEdit::numberChanged);
-    typeText(edit, keys);
+    Hand::typeInto(edit, keys);
     QCOMPARE(edit.text(), shown);
     QCOMPARE(edit.number(), number);
     QVERIFY(edit.isEntryValid());
@@ -153,7 +148,7 @@ void TestKEdit::decimalsOfTheOffice()
 {
     setDefaultMoneyDecimals(2);
     KEdit edit(KEdit::Kind::Money);
-    typeText(edit, u"1234.567"_s);
+    Hand::typeInto(edit, u"1234.567"_s);
     QCOMPARE(edit.text(), u"1,234.56"_s);
     QCOMPARE(edit.number(), 1234.56);
     edit.setNumber(7);
@@ -179,7 +174,7 @@ void TestKEdit::caretStaysBehindItsDigit()
     KEdit edit(KEdit::Kind::Money);
     edit.setText(QString(before).remove(u'|'));
     edit.setCursorPosition(int(before.indexOf(u'|')));
-    typeText(edit, keys);
+    Hand::typeInto(edit, keys);
     QTEST(edit.text().insert(edit.cursorPosition(), u'|'), "after");
 }
 
@@ -202,9 +197,9 @@ void TestKEdit::lettersDoNotReplaceASelectedAmount()
     KEdit edit(KEdit::Kind::Money);
     edit.setNumber(500);
     edit.selectAll();
-    typeText(edit, u"aش"_s);
+    Hand::typeInto(edit, u"aش"_s);
     QCOMPARE(edit.number(), 500.0);
-    typeText(edit, u"7"_s);
+    Hand::typeInto(edit, u"7"_s);
     QCOMPARE(edit.number(), 7.0);
 }
 
@@ -285,7 +280,7 @@ void TestKEdit::sameNumberIsNoChange()
     KEdit edit(KEdit::Kind::Percent);
     edit.setNumber(4);
     QSignalSpy edited(&edit, &KEdit::numberEdited);
-    typeText(edit, u".0"_s);
+    Hand::typeInto(edit, u".0"_s);
     QCOMPARE(edit.text(), u"4.0"_s);
     QCOMPARE(edited.size(), 0);
 }
@@ -336,7 +331,7 @@ void TestKEdit::outOfRange()
 void TestKEdit::rightAgainAfterOutOfRange()
 {
     KEdit edit(KEdit::Kind::Percent);
-    typeText(edit, u"150"_s);
+    Hand::typeInto(edit, u"150"_s);
     QVERIFY(!edit.isEntryValid());
     QCOMPARE(edit.text(), u"150"_s);
     QVERIFY(edit.entryError().contains(u"100"_s));
@@ -388,7 +383,7 @@ void TestKEdit::finishedEntryIsShownAsANumber()
 {
     setDefaultMoneyDecimals(2);
     KEdit edit(KEdit::Kind::Money);
-    typeText(edit, u"1500."_s);
+    Hand::typeInto(edit, u"1500."_s);
     QCOMPARE(edit.text(), u"1,500."_s);
     QTest::keyClick(&edit, Qt::Key_Return);
     QCOMPARE(edit.text(), u"1,500.00"_s);
@@ -401,7 +396,7 @@ void TestKEdit::negativeOnlyWhereTheRangeAllows()
 {
     KEdit edit(KEdit::Kind::Money);
     edit.setRange(-1e9, 1e9);
-    typeText(edit, u"-12-34"_s);
+    Hand::typeInto(edit, u"-12-34"_s);
     QCOMPARE(edit.text(), u"-1,234"_s);
     QCOMPARE(edit.number(), -1234.0);
 }
@@ -410,7 +405,7 @@ void TestKEdit::maxLength()
 {
     KEdit edit;
     edit.setMaxLength(5);
-    typeText(edit, u"توضیحات"_s);
+    Hand::typeInto(edit, u"توضیحات"_s);
     QCOMPARE(edit.text(), u"توضیح"_s);
     edit.clear();
     paste(edit, u"1234567"_s);
@@ -438,7 +433,7 @@ void TestKEdit::queryText()
 {
     QFETCH(QString, typed);
     KEdit edit(KEdit::Kind::QueryText);
-    typeText(edit, typed);
+    Hand::typeInto(edit, typed);
     QCOMPARE(edit.text(), typed);
     QTEST(edit.queryText(), "literal");
 }
@@ -446,10 +441,10 @@ void TestKEdit::queryText()
 void TestKEdit::typedTextKeepsAsciiDigits()
 {
     KEdit edit;
-    typeText(edit, u"پلاک ۱۲"_s);
+    Hand::typeInto(edit, u"پلاک ۱۲"_s);
     QCOMPARE(edit.text(), u"پلاک 12"_s);
     edit.setCursorPosition(0);
-    typeText(edit, u"٣"_s);
+    Hand::typeInto(edit, u"٣"_s);
     QCOMPARE(edit.text(), u"3پلاک 12"_s);
     QCOMPARE(edit.cursorPosition(), 1);
 }
@@ -500,7 +495,7 @@ void TestKEdit::nothingIsTypedIntoAReadOnlyLine()
     edit.setReadOnly(true);
     edit.setCursorPosition(2);
     QTest::keyClick(&edit, Qt::Key_Backspace);
-    typeText(edit, u"7"_s);
+    Hand::typeInto(edit, u"7"_s);
     QCOMPARE(edit.number(), 1500.0);
 }
 
@@ -527,5 +522,5 @@ void TestKEdit::textStandsAtTheFormsSideWhateverItIs()
         QVERIFY2(ends(text).first < 20, qPrintable(text));
 }
 
-static const RegisteredTest<TestKEdit, QApplication> registered;
+static const RegisteredTest<TestKEdit, QApplication> registeredKEdit;
 #include "TestKEdit.moc"

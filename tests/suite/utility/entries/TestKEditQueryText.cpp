@@ -68,5 +68,5 @@ void TestKEditQueryText::findsExactlyWhatWasTyped()
           "found");
 }
 
-static const RegisteredTest<TestKEditQueryText, QApplication> registered;
+static const RegisteredTest<TestKEditQueryText, QApplication> registeredKEditQueryText;
 #include "TestKEditQueryText.moc"

@@ -254,5 +254,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKTextArea, QApplication> registered;
+static const RegisteredTest<TestKTextArea, QApplication> registeredKTextArea;
 #include "TestKTextArea.moc"

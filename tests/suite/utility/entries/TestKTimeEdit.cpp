@@ -89,5 +89,5 @@ void TestKTimeEdit::wheelCountsOnlyWithTheFocus()
     QCOMPARE(edit.time(), QTime(10, 5));
 }
 
-static const RegisteredTest<TestKTimeEdit, QApplication> registered;
+static const RegisteredTest<TestKTimeEdit, QApplication> registeredKTimeEdit;
 #include "TestKTimeEdit.moc"

@@ -6,6 +6,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/forms/KForm.h"
 #include "tests/suite/db/SampleRecord.h"
+#include "tests/suite/utility/forms/FormColumns.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
@@ -17,16 +18,12 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace FormColumns;
 
 namespace {
 
 using Kind = KFormField::Kind;
 
-const QString name = u"sName"_s;
-const QString note = u"sNote"_s;
-const QString date = u"date"_s;
-const QString amount = u"dAmount"_s;
-const QString flag = u"bFlag"_s;
 const QString number = u"iUserID"_s;
 
 KFormField field(const QString &column, Kind kind)
@@ -284,5 +281,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestFormControlKinds, QApplication> registered;
+static const RegisteredTest<TestFormControlKinds, QApplication> registeredFormControlKinds;
 #include "TestFormControlKinds.moc"

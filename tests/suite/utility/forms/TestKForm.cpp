@@ -8,6 +8,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "tests/suite/db/SampleRecord.h"
+#include "tests/suite/utility/forms/FormColumns.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
@@ -24,16 +25,12 @@
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
+using namespace FormColumns;
 
 namespace {
 
 using Kind = KFormField::Kind;
 
-const QString name = u"sName"_s;
-const QString note = u"sNote"_s;
-const QString date = u"date"_s;
-const QString amount = u"dAmount"_s;
-const QString flag = u"bFlag"_s;
 const QString user = u"iUserID"_s;
 
 QList<KFormField> fields()
@@ -431,5 +428,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKForm, QApplication> registered;
+static const RegisteredTest<TestKForm, QApplication> registeredKForm;
 #include "TestKForm.moc"

@@ -7,6 +7,7 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/suite/utility/forms/FormColumns.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QAbstractItemView>
@@ -22,6 +23,7 @@
 #include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
+using namespace FormColumns;
 
 namespace {
 
@@ -53,13 +55,10 @@ protected:
     }
 };
 
-const QString name = u"sName"_s;
 const QString city = u"sCity"_s;
-const QString amount = u"dAmount"_s;
 const QString computed = u"dComputed"_s;
-const QString date = u"date"_s;
 
-QList<KFormField> fields()
+QList<KFormField> fieldsInUse()
 {
     using Kind = KFormField::Kind;
     KFormField nameField{name, u"نام :"_s};
@@ -94,7 +93,7 @@ private Q_SLOTS:
     void init()
     {
         m_page = std::make_unique<QWidget>();
-        m_form = new KForm(fields(), m_record, m_page.get());
+        m_form = new KForm(fieldsInUse(), m_record, m_page.get());
         auto *grid = new QGridLayout(m_page.get());
         int row = 0;
         for (const KFormField &field : m_form->fields())
@@ -261,6 +260,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKFormInUse, QApplication> registered;
+static const RegisteredTest<TestKFormInUse, QApplication> registeredKFormInUse;
 
 #include "TestKFormInUse.moc"

@@ -494,5 +494,5 @@ void TestKExtListCtrl::tenThousandRows()
     QVERIFY(m_list->viewport()->rect().intersects(m_list->visualRect(m_list->listModel()->index(9999, 0))));
 }
 
-static const RegisteredTest<TestKExtListCtrl, QApplication> registered;
+static const RegisteredTest<TestKExtListCtrl, QApplication> registeredKExtListCtrl;
 #include "TestKExtListCtrl.moc"

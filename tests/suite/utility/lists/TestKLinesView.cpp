@@ -70,7 +70,7 @@ enum Column {
     Amount
 };
 
-QVector<KLinesModel::Column> columns()
+QVector<KLinesModel::Column> lineColumns()
 {
     using Kind = KLinesModel::Kind;
     return {
@@ -88,7 +88,7 @@ QVector<KLinesModel::Column> columns()
 void TestKLinesView::init()
 {
     m_window = std::make_unique<KDialog>();
-    m_model = new KLinesModel(columns(), m_window.get());
+    m_model = new KLinesModel(lineColumns(), m_window.get());
     m_model->insertLine(0);
     m_view = new KLinesView(m_model, m_window.get());
     m_view->setAccessibleName(u"ردیف‌ها"_s);
@@ -389,10 +389,10 @@ void TestKLinesView::entryLinesHaveTheirColumnsName()
         QTest::keyClick(m_view, Qt::Key_F2);
         QWidget *editor = QApplication::focusWidget();
         QVERIFY(editor != m_view);
-        QCOMPARE(editor->accessibleName(), columns().at(column).title);
+        QCOMPARE(editor->accessibleName(), lineColumns().at(column).title);
         QTest::keyClick(editor, Qt::Key_Escape);
     }
 }
 
-static const RegisteredTest<TestKLinesView, QApplication> registered;
+static const RegisteredTest<TestKLinesView, QApplication> registeredKLinesView;
 #include "TestKLinesView.moc"

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QVector<KListModel::Column> columns{
+const QVector<KListModel::Column> modelColumns{
     {u"ردیف"_s, Qt::AlignCenter, 40},
     {u"فروشنده"_s, Qt::AlignRight, 80},
     {u"مبلغ"_s, Qt::AlignRight, 80, u"dAmount"_s},
@@ -52,7 +52,7 @@ void TestKListModel::keepsTheRulesOfAModel()
 {
     KListModel model;
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({row(5, u"الف"_s, 1), row(7, u"ب"_s, 2)});
     model.appendRow(row(9, u"ج"_s, 3));
     QVERIFY(model.removeKey(7));
@@ -65,7 +65,7 @@ void TestKListModel::keepsTheRulesOfAModel()
 void TestKListModel::cells()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({row(5, u"الف"_s, 10)});
     QCOMPARE(model.rowCount(), 1);
     QCOMPARE(model.columnCount(), 3);
@@ -78,7 +78,7 @@ void TestKListModel::cells()
 void TestKListModel::missingCellsAreEmpty()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({{3, {{u"1"_s}}}});
     QCOMPARE(model.index(0, 2).data().toString(), QString());
     QVERIFY(!model.index(0, 2).data(KListModel::SortRole).isValid());
@@ -87,7 +87,7 @@ void TestKListModel::missingCellsAreEmpty()
 void TestKListModel::keys()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({row(5, {}, 0), row(7, {}, 0)});
     QCOMPARE(model.keyAt(1), 7);
     QCOMPARE(model.keyAt(2), 0);
@@ -99,7 +99,7 @@ void TestKListModel::keys()
 void TestKListModel::removeKey()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({row(5, {}, 0), row(7, {}, 0)});
     QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
     QVERIFY(!model.removeKey(6));
@@ -112,7 +112,7 @@ void TestKListModel::removeKey()
 void TestKListModel::sortRoleGivesTheRawValue()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({row(1, u"ب"_s, 100), row(2, u"الف"_s, 20),
                    row(3, u"ج"_s, 3)});
     QCOMPARE(model.index(0, 1).data(KListModel::SortRole).toString(), u"ب"_s);
@@ -127,7 +127,7 @@ void TestKListModel::sortRoleGivesTheRawValue()
 void TestKListModel::alignmentIsAsSeen()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setRows({row(1, {}, 0)});
     const Qt::Alignment name(model.index(0, 1).data(Qt::TextAlignmentRole).toInt());
     QVERIFY(name & Qt::AlignRight);
@@ -138,7 +138,7 @@ void TestKListModel::alignmentIsAsSeen()
 void TestKListModel::titles()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     QSignalSpy changed(&model, &QAbstractItemModel::headerDataChanged);
     model.setSortMark(2);
     model.setSortMark(2);
@@ -156,7 +156,7 @@ void TestKListModel::titles()
 void TestKListModel::indexesOutside()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     QVERIFY(!model.data({}).isValid());
     QVERIFY(!model.index(0, 0).isValid());
     model.setRows({row(1, {}, 0)});
@@ -166,7 +166,7 @@ void TestKListModel::indexesOutside()
 void TestKListModel::tenThousandRowsFillAtOnce()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     QVector<KListModel::Row> rows;
     for (int key = 1; key <= 10000; ++key)
         rows.append(row(key, u"نام"_s, key));
@@ -204,7 +204,7 @@ void TestKListModel::rowsOfASourceAreMadeWhenTheyAreShown()
     const auto source = std::make_shared<Numbers>();
     source->rows = 400'000;
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setSource(source);
     QCOMPARE(model.rowCount(), 400'000);
     QCOMPARE(source->made, 0);
@@ -235,7 +235,7 @@ void TestKListModel::sourceKeepsTheRulesOfAModel()
     KListModel model;
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     const auto source = std::make_shared<Numbers>();
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     model.setSource(source);
     source->rows = 3;
     model.sourceGrew();
@@ -251,7 +251,7 @@ void TestKListModel::sourceKeepsTheRulesOfAModel()
 void TestKListModel::rowsThatStandOut()
 {
     KListModel model;
-    model.setColumns(columns);
+    model.setColumns(modelColumns);
     KListModel::Row heading = row(0, u"درآمدها"_s, 0);
     heading.heading = true;
     KListModel::Row marked = row(1, u"نشانی"_s, 0);
@@ -266,5 +266,5 @@ void TestKListModel::rowsThatStandOut()
     QVERIFY(!model.index(2, 1).data(Qt::ForegroundRole).isValid());
 }
 
-static const RegisteredTest<TestKListModel, QApplication> registered;
+static const RegisteredTest<TestKListModel, QApplication> registeredKListModel;
 #include "TestKListModel.moc"

@@ -39,5 +39,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKSortOrder> registered;
+static const RegisteredTest<TestKSortOrder> registeredKSortOrder;
 #include "TestKSortOrder.moc"
