@@ -78,6 +78,37 @@ tz_pch(TzWindowsPch Qt6::Widgets ${window_headers})
 # tz_use_pch(NAME PCH)
 function(tz_use_pch name pch)
     target_precompile_headers(${name} REUSE_FROM ${pch})
+    tz_compile_rooms_together(${name})
+endfunction()
+
+# The sources of a folder are compiled as a few, because most of a source's time goes into the headers that its neighbours
+# include too. So a name in an anonymous namespace stands once in a folder. The preset tidy reads every source by itself.
+option(TZ_ROOMS_TOGETHER "Compile the sources of a folder together" ON)
+set(TZ_TOGETHER_AT_MOST 8)
+function(tz_compile_rooms_together name)
+    if(NOT TZ_ROOMS_TOGETHER)
+        return()
+    endif()
+    get_target_property(sources ${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$|/main\\.cpp$")
+    list(SORT sources)
+    set(number 0)
+    set(last "")
+    foreach(source IN LISTS sources)
+        get_filename_component(folder "${source}" DIRECTORY)
+        if(NOT folder STREQUAL last)
+            set(last "${folder}")
+            set(number 0)
+        endif()
+        string(MAKE_C_IDENTIFIER "${folder}" room)
+        math(EXPR batch "${number} / ${TZ_TOGETHER_AT_MOST}")
+        math(EXPR number "${number} + 1")
+        set_source_files_properties("${source}" PROPERTIES UNITY_GROUP "${room}_${batch}")
+    endforeach()
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    # An anonymous type in a source's class looks like one in a header.
+    target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
 endfunction()
 
 # tz_link_all(NAME): a name that no linked library has is an error here and not at a click, so every link list is complete.
@@ -155,12 +186,13 @@ function(tz_suite_library name)
     install(TARGETS ${name} LIBRARY DESTINATION ${TZ_LIBRARY_DIR})
 endfunction()
 
-# tz_tests([NAME name] [PCH PCH] [SOURCES ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every
+# tz_tests([NAME name] [PCH PCH] [SOURCES ...] [ALONE TestA ...] LINK ... [LABELS ...] [HELPERS ...] [DEFINITIONS ...] [DEPENDS ...]): every
 # Test*.cpp of the folder, or those given, go into one test program of the folder; ctest starts it once for each test class,
 # which has the name of its file. LABELS apply to each test. Called again, with a name, it takes the files that earlier calls
-# left. A test that links no windows says PCH TzCoreTestPch.
+# left. A test that links no windows says PCH TzCoreTestPch. ALONE names the tests that are compiled by themselves, because
+# another one of the folder has the same short names.
 function(tz_tests)
-    cmake_parse_arguments(arg "" "NAME;PCH" "SOURCES;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
+    cmake_parse_arguments(arg "" "NAME;PCH" "SOURCES;ALONE;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
     get_property(taken GLOBAL PROPERTY TZ_TAKEN_TESTS)
     if(arg_SOURCES)
         list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
@@ -189,6 +221,12 @@ function(tz_tests)
         set(arg_PCH TzTestPch)
     endif()
     tz_use_pch(${program} ${arg_PCH})
+    list(TRANSFORM arg_ALONE PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+    list(TRANSFORM arg_ALONE APPEND ".cpp")
+    set_source_files_properties(${arg_ALONE} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    # Nearly always empty, since a test class stands in its source: reading the precompiled header would cost more.
+    set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${program}_autogen/mocs_compilation.cpp" PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON)
 
     set(names "")
     foreach(source IN LISTS arg_SOURCES)

@@ -176,5 +176,5 @@ void TestCAutoDBSetting::seasonalReportWithoutTheAccessRightOpensNothing()
     QCOMPARE(shown, QStringList(KSecurity::refusalText(u"AutomobilReportSeasons"_s, KSecurity::Access)));
 }
 
-static const RegisteredTest<TestCAutoDBSetting, QApplication> registered;
+static const RegisteredTest<TestCAutoDBSetting, QApplication> registeredCAutoDBSetting;
 #include "TestCAutoDBSetting.moc"

@@ -376,5 +376,5 @@ void TestHostProgram::folderThatCannotBeUsedIsTold()
     QVERIFY2(shown.constFirst().contains(m_options.dataDir), qPrintable(shown.constFirst()));
 }
 
-static const RegisteredTest<TestHostProgram, QApplication> registered;
+static const RegisteredTest<TestHostProgram, QApplication> registeredHostProgram;
 #include "TestHostProgram.moc"

@@ -100,5 +100,5 @@ void TestListFilters::invoices()
     QTEST(KListFilter::condition(invoiceFilters(), values, 0), "condition");
 }
 
-static const RegisteredTest<TestListFilters, QCoreApplication> registered;
+static const RegisteredTest<TestListFilters, QCoreApplication> registeredListFilters;
 #include "TestListFilters.moc"

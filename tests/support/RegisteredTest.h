@@ -15,7 +15,7 @@ struct NoApplication
 
 // Makes a test class known to its program. Stands once at the end of the class's file, with the application class that the
 // tests run under:
-//     static const RegisteredTest<TestKEdit, QApplication> registered;
+//     static const RegisteredTest<TestKEdit, QApplication> registeredKEdit;
 template <class Test, class Application = NoApplication>
 class RegisteredTest
 {

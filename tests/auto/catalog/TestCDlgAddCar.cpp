@@ -163,5 +163,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddCar, KApplication> registered;
+static const RegisteredTest<TestCDlgAddCar, KApplication> registeredCDlgAddCar;
 #include "TestCDlgAddCar.moc"

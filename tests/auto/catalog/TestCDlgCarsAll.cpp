@@ -854,5 +854,5 @@ private:
     }
 };
 
-static const RegisteredTest<TestCDlgCarsAll, KApplication> registered;
+static const RegisteredTest<TestCDlgCarsAll, KApplication> registeredCDlgCarsAll;
 #include "TestCDlgCarsAll.moc"

@@ -176,5 +176,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgCarsAllImport, KApplication> registered;
+static const RegisteredTest<TestCDlgCarsAllImport, KApplication> registeredCDlgCarsAllImport;
 #include "TestCDlgCarsAllImport.moc"

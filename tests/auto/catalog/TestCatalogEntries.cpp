@@ -176,5 +176,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCatalogEntries, KApplication> registered;
+static const RegisteredTest<TestCatalogEntries, KApplication> registeredCatalogEntries;
 #include "TestCatalogEntries.moc"

@@ -57,5 +57,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCatalogFilter> registered;
+static const RegisteredTest<TestCatalogFilter> registeredCatalogFilter;
 #include "TestCatalogFilter.moc"

@@ -224,5 +224,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCatalogImport> registered;
+static const RegisteredTest<TestCatalogImport> registeredCatalogImport;
 #include "TestCatalogImport.moc"

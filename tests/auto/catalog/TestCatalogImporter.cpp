@@ -109,5 +109,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCatalogImporter, KApplication> registered;
+static const RegisteredTest<TestCatalogImporter, KApplication> registeredCatalogImporter;
 #include "TestCatalogImporter.moc"

@@ -262,5 +262,5 @@ void TestCDlgAutomobilContractSetting::everyAmountShowsTheMoneyUnit()
     QCOMPARE(std::count_if(labels.begin(), labels.end(), [](QLabel *label) { return label->text() == u"تومان"_s; }), 6);
 }
 
-static const RegisteredTest<TestCDlgAutomobilContractSetting, QApplication> registered;
+static const RegisteredTest<TestCDlgAutomobilContractSetting, QApplication> registeredCDlgAutomobilContractSetting;
 #include "TestCDlgAutomobilContractSetting.moc"

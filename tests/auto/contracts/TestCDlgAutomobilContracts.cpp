@@ -761,6 +761,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAutomobilContracts, KApplication> registered;
+static const RegisteredTest<TestCDlgAutomobilContracts, KApplication> registeredCDlgAutomobilContracts;
 
 #include "TestCDlgAutomobilContracts.moc"

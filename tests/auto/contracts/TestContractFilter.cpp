@@ -90,5 +90,5 @@ void TestContractFilter::clausesStandInTheirOrder()
              " AND dateExpiration>='2026-01-03' AND dateExpiration <= '2026-01-05'"_s);
 }
 
-static const RegisteredTest<TestContractFilter> registered;
+static const RegisteredTest<TestContractFilter> registeredContractFilter;
 #include "TestContractFilter.moc"

@@ -124,5 +124,5 @@ void TestContractFilterRows::typedTextIsTakenLiterally()
     QCOMPARE(codes({{inDescription ? u"description"_s : u"explanation"_s, edit.queryText()}}), expected);
 }
 
-static const RegisteredTest<TestContractFilterRows, QApplication> registered;
+static const RegisteredTest<TestContractFilterRows, QApplication> registeredContractFilterRows;
 #include "TestContractFilterRows.moc"

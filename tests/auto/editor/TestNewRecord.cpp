@@ -69,5 +69,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestNewRecord, KApplication> registered;
+static const RegisteredTest<TestNewRecord, KApplication> registeredNewRecord;
 #include "TestNewRecord.moc"

@@ -194,5 +194,5 @@ void TestModuleLoad::nothingButTheEntryIsExported()
     }
 }
 
-static const RegisteredTest<TestModuleLoad, QCoreApplication> registered;
+static const RegisteredTest<TestModuleLoad, QCoreApplication> registeredModuleLoad;
 #include "TestModuleLoad.moc"

@@ -100,6 +100,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestModulePrinting, KApplication> registered;
+static const RegisteredTest<TestModulePrinting, KApplication> registeredModulePrinting;
 
 #include "TestModulePrinting.moc"

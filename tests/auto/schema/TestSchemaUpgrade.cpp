@@ -325,5 +325,5 @@ void TestSchemaUpgrade::columnLengthsAreReadAnewAfterwards()
     QCOMPARE(KTableSchema::textLength(u"AutomobilInformations"_s, u"sLicense"_s), 20);
 }
 
-static const RegisteredTest<TestSchemaUpgrade, QCoreApplication> registered;
+static const RegisteredTest<TestSchemaUpgrade, QCoreApplication> registeredSchemaUpgrade;
 #include "TestSchemaUpgrade.moc"

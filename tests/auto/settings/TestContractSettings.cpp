@@ -156,5 +156,5 @@ void TestContractSettings::invoicesStartFromTheSameRates()
     QCOMPARE(rates.duty, 3.25);
 }
 
-static const RegisteredTest<TestContractSettings, QCoreApplication> registered;
+static const RegisteredTest<TestContractSettings, QCoreApplication> registeredContractSettings;
 #include "TestContractSettings.moc"

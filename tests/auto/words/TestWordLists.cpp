@@ -115,5 +115,5 @@ void TestWordLists::positionOutsideTheListIsEmpty()
     QCOMPARE(WordLists::textAt(WordLists::fuelTypes(), 0), u"-"_s);
 }
 
-static const RegisteredTest<TestWordLists> registered;
+static const RegisteredTest<TestWordLists> registeredWordLists;
 #include "TestWordLists.moc"

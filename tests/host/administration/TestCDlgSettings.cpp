@@ -163,5 +163,5 @@ void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()
     QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
 }
 
-static const RegisteredTest<TestCDlgSettings, QApplication> registered;
+static const RegisteredTest<TestCDlgSettings, QApplication> registeredCDlgSettings;
 #include "TestCDlgSettings.moc"

@@ -193,5 +193,5 @@ void TestCDlgUserRights::formsThatTheGridDoesNotShowAreKept()
     QCOMPARE(KSecurity::storedRights(m_clerk).value(u"OfAnotherModule"_s), int(KSecurity::Access));
 }
 
-static const RegisteredTest<TestCDlgUserRights, QApplication> registered;
+static const RegisteredTest<TestCDlgUserRights, QApplication> registeredCDlgUserRights;
 #include "TestCDlgUserRights.moc"

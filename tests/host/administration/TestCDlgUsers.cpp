@@ -288,5 +288,5 @@ void TestCDlgUsers::ownPasswordNeedsTheOldOne()
     QVERIFY(CTblUsers::verify(u"admin"_s, u"secret"_s));
 }
 
-static const RegisteredTest<TestCDlgUsers, QApplication> registered;
+static const RegisteredTest<TestCDlgUsers, QApplication> registeredCDlgUsers;
 #include "TestCDlgUsers.moc"

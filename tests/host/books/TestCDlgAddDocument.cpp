@@ -254,5 +254,5 @@ void TestCDlgAddDocument::cancelSavesNothing()
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
 }
 
-static const RegisteredTest<TestCDlgAddDocument, QApplication> registered;
+static const RegisteredTest<TestCDlgAddDocument, QApplication> registeredCDlgAddDocument;
 #include "TestCDlgAddDocument.moc"

@@ -371,5 +371,5 @@ void TestCDlgAddFactor::everyControlHasANameOfItsOwn()
     }
 }
 
-static const RegisteredTest<TestCDlgAddFactor, QApplication> registered;
+static const RegisteredTest<TestCDlgAddFactor, QApplication> registeredCDlgAddFactor;
 #include "TestCDlgAddFactor.moc"

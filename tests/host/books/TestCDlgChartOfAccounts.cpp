@@ -447,5 +447,5 @@ void TestCDlgChartOfAccounts::treeGoesOnPaper()
     QCOMPARE(shown, u"CDlgReportGenerator"_s);
 }
 
-static const RegisteredTest<TestCDlgChartOfAccounts, QApplication> registered;
+static const RegisteredTest<TestCDlgChartOfAccounts, QApplication> registeredCDlgChartOfAccounts;
 #include "TestCDlgChartOfAccounts.moc"

@@ -343,5 +343,5 @@ void TestCDlgDocuments::doubleClickGoesToTheRows()
     QCOMPARE(page.rowsList()->cellText(0, 5), u"2,500,000"_s);
 }
 
-static const RegisteredTest<TestCDlgDocuments, QApplication> registered;
+static const RegisteredTest<TestCDlgDocuments, QApplication> registeredCDlgDocuments;
 #include "TestCDlgDocuments.moc"

@@ -304,5 +304,5 @@ void TestCDlgFactors::listGoesOnPaper()
     QCOMPARE(shown, u"CDlgReportGenerator"_s);
 }
 
-static const RegisteredTest<TestCDlgFactors, QApplication> registered;
+static const RegisteredTest<TestCDlgFactors, QApplication> registeredCDlgFactors;
 #include "TestCDlgFactors.moc"

@@ -205,5 +205,5 @@ void TestCDlgServices::closedDatabaseHidesTheCommands()
     QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"2"_s);
 }
 
-static const RegisteredTest<TestCDlgServices, QApplication> registered;
+static const RegisteredTest<TestCDlgServices, QApplication> registeredCDlgServices;
 #include "TestCDlgServices.moc"

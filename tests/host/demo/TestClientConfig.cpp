@@ -62,5 +62,5 @@ void TestClientConfig::missingFileIsTold()
     QVERIFY(!ClientConfig::read(u"/nowhere/client.cnf"_s));
 }
 
-static const RegisteredTest<TestClientConfig, QCoreApplication> registered;
+static const RegisteredTest<TestClientConfig, QCoreApplication> registeredClientConfig;
 #include "TestClientConfig.moc"

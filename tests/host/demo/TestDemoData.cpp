@@ -339,5 +339,5 @@ void TestDemoData::aDatabaseWithDataIsLeftAlone()
     QCOMPARE(checksum(), before);
 }
 
-static const RegisteredTest<TestDemoData, QCoreApplication> registered;
+static const RegisteredTest<TestDemoData, QCoreApplication> registeredDemoData;
 #include "TestDemoData.moc"

@@ -427,5 +427,5 @@ void TestMainWindow::dueRemindersAreToldOnceAtLogin()
     QCOMPARE(badge(window)->text(), u"یادآوری : 2"_s);
 }
 
-static const RegisteredTest<TestMainWindow, QApplication> registered;
+static const RegisteredTest<TestMainWindow, QApplication> registeredMainWindow;
 #include "TestMainWindow.moc"

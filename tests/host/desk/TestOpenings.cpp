@@ -235,6 +235,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestOpenings, KApplication> registered;
+static const RegisteredTest<TestOpenings, KApplication> registeredOpenings;
 
 #include "TestOpenings.moc"

@@ -193,5 +193,5 @@ void TestWorkArea::pageOfATypeIsFoundAgain()
     QVERIFY(qobject_cast<OtherPage *>(area.currentPage()));
 }
 
-static const RegisteredTest<TestWorkArea, QApplication> registered;
+static const RegisteredTest<TestWorkArea, QApplication> registeredWorkArea;
 #include "TestWorkArea.moc"

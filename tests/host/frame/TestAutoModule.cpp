@@ -76,5 +76,5 @@ void TestAutoModule::fileThatIsNoLibraryIsToldInOneSentence()
     QVERIFY(!module.errorText().isEmpty());
 }
 
-static const RegisteredTest<TestAutoModule, QCoreApplication> registered;
+static const RegisteredTest<TestAutoModule, QCoreApplication> registeredAutoModule;
 #include "TestAutoModule.moc"

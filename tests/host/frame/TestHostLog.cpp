@@ -99,5 +99,5 @@ void TestHostLog::aFolderThatCannotBeWrittenIsTold()
     QVERIFY(!HostLog::start(folder.filePath(u"not there"_s)));
 }
 
-static const RegisteredTest<TestHostLog, QCoreApplication> registered;
+static const RegisteredTest<TestHostLog, QCoreApplication> registeredHostLog;
 #include "TestHostLog.moc"

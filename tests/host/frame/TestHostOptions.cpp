@@ -169,5 +169,5 @@ void TestHostOptions::helpNamesEveryOptionInBothLanguages()
     QVERIFY(HostOptions::helpText(true).contains(u"کاربرد"_s));
 }
 
-static const RegisteredTest<TestHostOptions, QCoreApplication> registered;
+static const RegisteredTest<TestHostOptions, QCoreApplication> registeredHostOptions;
 #include "TestHostOptions.moc"

@@ -83,5 +83,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestHostStyle, QApplication> registered;
+static const RegisteredTest<TestHostStyle, QApplication> registeredHostStyle;
 #include "TestHostStyle.moc"

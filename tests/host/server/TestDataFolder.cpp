@@ -153,5 +153,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestDataFolder, QCoreApplication> registered;
+static const RegisteredTest<TestDataFolder, QCoreApplication> registeredDataFolder;
 #include "TestDataFolder.moc"

@@ -241,5 +241,5 @@ void TestDatabaseDump::aDatabaseThatIsNotThereLeavesNothing()
     QCOMPARE(files(), QStringList());
 }
 
-static const RegisteredTest<TestDatabaseDump, QCoreApplication> registered;
+static const RegisteredTest<TestDatabaseDump, QCoreApplication> registeredDatabaseDump;
 #include "TestDatabaseDump.moc"

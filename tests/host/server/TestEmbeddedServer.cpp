@@ -503,5 +503,5 @@ void TestEmbeddedServer::theLogsOfTheLastTwoStartsAreKept()
     QCOMPARE(QDir(folder().logsPath()).entryList(QDir::Files).size(), 2);
 }
 
-static const RegisteredTest<TestEmbeddedServer, QCoreApplication> registered;
+static const RegisteredTest<TestEmbeddedServer, QCoreApplication> registeredEmbeddedServer;
 #include "TestEmbeddedServer.moc"

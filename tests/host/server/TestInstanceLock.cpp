@@ -95,5 +95,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestInstanceLock, QCoreApplication> registered;
+static const RegisteredTest<TestInstanceLock, QCoreApplication> registeredInstanceLock;
 #include "TestInstanceLock.moc"

@@ -172,5 +172,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestServerConfig, QCoreApplication> registered;
+static const RegisteredTest<TestServerConfig, QCoreApplication> registeredServerConfig;
 #include "TestServerConfig.moc"

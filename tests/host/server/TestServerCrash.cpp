@@ -180,5 +180,5 @@ void TestServerCrash::aStartRightAfterTheProgramWasKilledIsClean()
     QVERIFY(!platform::isAlive(left));
 }
 
-static const RegisteredTest<TestServerCrash, QCoreApplication> registered;
+static const RegisteredTest<TestServerCrash, QCoreApplication> registeredServerCrash;
 #include "TestServerCrash.moc"

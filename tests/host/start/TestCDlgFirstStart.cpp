@@ -187,5 +187,5 @@ void TestCDlgFirstStart::cancelLeavesNothingBehind()
     QVERIFY(CompanyDetails::read().isEmpty());
 }
 
-static const RegisteredTest<TestCDlgFirstStart, QApplication> registered;
+static const RegisteredTest<TestCDlgFirstStart, QApplication> registeredCDlgFirstStart;
 #include "TestCDlgFirstStart.moc"

@@ -207,5 +207,5 @@ void TestCDlgLogin::saysWhenItIsOnTheScreen()
     QCOMPARE(painted.count(), 1);
 }
 
-static const RegisteredTest<TestCDlgLogin, QApplication> registered;
+static const RegisteredTest<TestCDlgLogin, QApplication> registeredCDlgLogin;
 #include "TestCDlgLogin.moc"

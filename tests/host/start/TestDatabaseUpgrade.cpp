@@ -261,5 +261,5 @@ void TestDatabaseUpgrade::contractsGetTheirFiscalYear()
     QCOMPARE(m_database.value(u"SELECT iFiscalYear FROM AutomobilContracts"_s), u"0"_s);
 }
 
-static const RegisteredTest<TestDatabaseUpgrade, QApplication> registered;
+static const RegisteredTest<TestDatabaseUpgrade, QApplication> registeredDatabaseUpgrade;
 #include "TestDatabaseUpgrade.moc"

@@ -288,5 +288,5 @@ void TestOfficeServer::aServerThatIsNotThereIsToldOnce()
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
 }
 
-static const RegisteredTest<TestOfficeServer, QApplication> registered;
+static const RegisteredTest<TestOfficeServer, QApplication> registeredOfficeServer;
 #include "TestOfficeServer.moc"

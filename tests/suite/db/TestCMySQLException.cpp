@@ -91,5 +91,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCMySQLException> registered;
+static const RegisteredTest<TestCMySQLException> registeredCMySQLException;
 #include "TestCMySQLException.moc"

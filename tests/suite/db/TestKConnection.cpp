@@ -267,6 +267,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKConnection, QCoreApplication> registered;
+static const RegisteredTest<TestKConnection, QCoreApplication> registeredKConnection;
 
 #include "TestKConnection.moc"

@@ -545,5 +545,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKMySQL, QCoreApplication> registered;
+static const RegisteredTest<TestKMySQL, QCoreApplication> registeredKMySQL;
 #include "TestKMySQL.moc"

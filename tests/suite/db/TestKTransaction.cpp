@@ -341,6 +341,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKTransaction, QCoreApplication> registered;
+static const RegisteredTest<TestKTransaction, QCoreApplication> registeredKTransaction;
 
 #include "TestKTransaction.moc"

@@ -488,5 +488,5 @@ void TestKStaticImage::smallPictureIsNotBlownUp()
     QCOMPARE(shown.pixelColor(60, 100), shown.pixelColor(140, 100));
 }
 
-static const RegisteredTest<TestKStaticImage, QApplication> registered;
+static const RegisteredTest<TestKStaticImage, QApplication> registeredKStaticImage;
 #include "TestKStaticImage.moc"

@@ -349,5 +349,5 @@ void TestPictureIntake::storedRubbishGivesNoPicture()
     QVERIFY(PictureIntake::decode(PictureFiles::jpeg(300, 200).left(400)).isNull());
 }
 
-static const RegisteredTest<TestPictureIntake, QCoreApplication> registered;
+static const RegisteredTest<TestPictureIntake, QCoreApplication> registeredPictureIntake;
 #include "TestPictureIntake.moc"

@@ -181,5 +181,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestTaxFileHelper, QCoreApplication> registered;
+static const RegisteredTest<TestTaxFileHelper, QCoreApplication> registeredTaxFileHelper;
 #include "TestTaxFileHelper.moc"

@@ -779,5 +779,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAutomobilDemands, KApplication> registered;
+static const RegisteredTest<TestCDlgAutomobilDemands, KApplication> registeredCDlgAutomobilDemands;
 #include "TestCDlgAutomobilDemands.moc"

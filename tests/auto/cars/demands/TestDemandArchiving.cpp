@@ -130,5 +130,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestDemandArchiving, QCoreApplication> registered;
+static const RegisteredTest<TestDemandArchiving, QCoreApplication> registeredDemandArchiving;
 #include "TestDemandArchiving.moc"

@@ -84,5 +84,5 @@ void TestDemandFilter::clausesStandInTheirOrder()
              " AND ad.dAmountUpTo <= 20.000000 GROUP BY ad.iID"_s);
 }
 
-static const RegisteredTest<TestDemandFilter> registered;
+static const RegisteredTest<TestDemandFilter> registeredDemandFilter;
 #include "TestDemandFilter.moc"

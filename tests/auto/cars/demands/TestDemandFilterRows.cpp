@@ -165,5 +165,5 @@ void TestDemandFilterRows::rowLimitOfZeroSetsNone()
     QCOMPARE(codes(KListFilter::condition(demandFilters(), {}, 0), 0).size(), 8);
 }
 
-static const RegisteredTest<TestDemandFilterRows, QApplication> registered;
+static const RegisteredTest<TestDemandFilterRows, QApplication> registeredDemandFilterRows;
 #include "TestDemandFilterRows.moc"

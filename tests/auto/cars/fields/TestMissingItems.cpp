@@ -68,6 +68,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestMissingItems, QCoreApplication> registered;
+static const RegisteredTest<TestMissingItems, QCoreApplication> registeredMissingItems;
 
 #include "TestMissingItems.moc"

@@ -37,5 +37,5 @@ void TestTickedChoice::choice()
     QTEST(choiceOfTicked(ticked, before), "chosen");
 }
 
-static const RegisteredTest<TestTickedChoice> registered;
+static const RegisteredTest<TestTickedChoice> registeredTickedChoice;
 #include "TestTickedChoice.moc"

@@ -262,5 +262,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgMatches, KApplication> registered;
+static const RegisteredTest<TestCDlgMatches, KApplication> registeredCDlgMatches;
 #include "TestCDlgMatches.moc"

@@ -126,5 +126,5 @@ void TestDemandMatch::betterMatch()
     QTEST(isBetterMatch({one.at(0), one.at(1)}, one.at(2), {other.at(0), other.at(1)}, other.at(2)), "better");
 }
 
-static const RegisteredTest<TestDemandMatch> registered;
+static const RegisteredTest<TestDemandMatch> registeredDemandMatch;
 #include "TestDemandMatch.moc"

@@ -230,5 +230,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestMatching, QCoreApplication> registered;
+static const RegisteredTest<TestMatching, QCoreApplication> registeredMatching;
 #include "TestMatching.moc"

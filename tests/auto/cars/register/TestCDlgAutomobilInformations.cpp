@@ -896,5 +896,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAutomobilInformations, KApplication> registered;
+static const RegisteredTest<TestCDlgAutomobilInformations, KApplication> registeredCDlgAutomobilInformations;
 #include "TestCDlgAutomobilInformations.moc"

@@ -99,5 +99,5 @@ void TestCarFilter::clausesStandInTheirOrder()
              " AND ai.iPersonID=8 AND ai.sChassisNum LIKE '%c%' GROUP BY ai.iID"_s);
 }
 
-static const RegisteredTest<TestCarFilter> registered;
+static const RegisteredTest<TestCarFilter> registeredCarFilter;
 #include "TestCarFilter.moc"

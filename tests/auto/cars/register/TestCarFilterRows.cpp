@@ -188,5 +188,5 @@ void TestCarFilterRows::everySortKeyOfTheListIsTakenByTheJoin()
     QCOMPARE(codes({}, key + u" DESC"_s).size(), 8);
 }
 
-static const RegisteredTest<TestCarFilterRows, QCoreApplication> registered;
+static const RegisteredTest<TestCarFilterRows, QCoreApplication> registeredCarFilterRows;
 #include "TestCarFilterRows.moc"

@@ -329,5 +329,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCarListAtWork, KApplication> registered;
+static const RegisteredTest<TestCarListAtWork, KApplication> registeredCarListAtWork;
 #include "TestCarListAtWork.moc"

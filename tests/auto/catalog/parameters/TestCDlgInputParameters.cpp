@@ -675,6 +675,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgInputParameters, KApplication> registered;
+static const RegisteredTest<TestCDlgInputParameters, KApplication> registeredCDlgInputParameters;
 
 #include "TestCDlgInputParameters.moc"

@@ -69,5 +69,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestInputParameters, QCoreApplication> registered;
+static const RegisteredTest<TestInputParameters, QCoreApplication> registeredInputParameters;
 #include "TestInputParameters.moc"

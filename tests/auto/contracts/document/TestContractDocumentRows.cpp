@@ -230,5 +230,5 @@ void TestContractDocumentRows::everyCombinationBalances()
         QVERIFY(rows[i].debit > 0 && rows[i].credit == 0 && rows[i + 1].credit == rows[i].debit && rows[i + 1].debit == 0);
 }
 
-static const RegisteredTest<TestContractDocumentRows> registered;
+static const RegisteredTest<TestContractDocumentRows> registeredContractDocumentRows;
 #include "TestContractDocumentRows.moc"

@@ -204,5 +204,5 @@ void TestContractPosting::rollbackLeavesNeitherRowNorDocument()
     QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
 }
 
-static const RegisteredTest<TestContractPosting, QCoreApplication> registered;
+static const RegisteredTest<TestContractPosting, QCoreApplication> registeredContractPosting;
 #include "TestContractPosting.moc"

@@ -130,5 +130,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractSaving, QCoreApplication> registered;
+static const RegisteredTest<TestContractSaving, QCoreApplication> registeredContractSaving;
 #include "TestContractSaving.moc"

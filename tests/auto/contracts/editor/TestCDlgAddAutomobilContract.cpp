@@ -512,6 +512,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilContract, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilContract, KApplication> registeredCDlgAddAutomobilContract;
 
 #include "TestCDlgAddAutomobilContract.moc"

@@ -627,6 +627,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilContractMatter, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilContractMatter, KApplication> registeredCDlgAddAutomobilContractMatter;
 
 #include "TestCDlgAddAutomobilContractMatter.moc"

@@ -321,6 +321,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractBasePage, KApplication> registered;
+static const RegisteredTest<TestContractBasePage, KApplication> registeredContractBasePage;
 
 #include "TestContractBasePage.moc"

@@ -278,5 +278,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractCopiedFromCar, KApplication> registered;
+static const RegisteredTest<TestContractCopiedFromCar, KApplication> registeredContractCopiedFromCar;
 #include "TestContractCopiedFromCar.moc"

@@ -524,6 +524,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractEditorAtWork, KApplication> registered;
+static const RegisteredTest<TestContractEditorAtWork, KApplication> registeredContractEditorAtWork;
 
 #include "TestContractEditorAtWork.moc"

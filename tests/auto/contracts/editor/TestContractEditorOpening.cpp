@@ -201,6 +201,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractEditorOpening, KApplication> registered;
+static const RegisteredTest<TestContractEditorOpening, KApplication> registeredContractEditorOpening;
 
 #include "TestContractEditorOpening.moc"

@@ -108,5 +108,5 @@ void TestContractFromCar::everyPairNamesAFieldOfTheMatterPageOnce()
     QCOMPARE(named.size(), 15);
 }
 
-static const RegisteredTest<TestContractFromCar> registered;
+static const RegisteredTest<TestContractFromCar> registeredContractFromCar;
 #include "TestContractFromCar.moc"

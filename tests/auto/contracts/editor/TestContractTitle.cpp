@@ -72,5 +72,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractTitle> registered;
+static const RegisteredTest<TestContractTitle> registeredContractTitle;
 #include "TestContractTitle.moc"

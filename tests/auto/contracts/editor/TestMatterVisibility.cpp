@@ -84,6 +84,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestMatterVisibility> registered;
+static const RegisteredTest<TestMatterVisibility> registeredMatterVisibility;
 
 #include "TestMatterVisibility.moc"

@@ -441,5 +441,5 @@ void TestCommission::paymentHasNoDependants()
     QVERIFY(change(fields, Field::SecondPays, 1).isEmpty());
 }
 
-static const RegisteredTest<TestCommission> registered;
+static const RegisteredTest<TestCommission> registeredCommission;
 #include "TestCommission.moc"

@@ -45,6 +45,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestModelYear> registered;
+static const RegisteredTest<TestModelYear> registeredModelYear;
 
 #include "TestModelYear.moc"

@@ -412,6 +412,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgCalcPayment, KApplication> registered;
+static const RegisteredTest<TestCDlgCalcPayment, KApplication> registeredCDlgCalcPayment;
 
 #include "TestCDlgCalcPayment.moc"

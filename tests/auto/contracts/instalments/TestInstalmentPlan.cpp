@@ -128,5 +128,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestInstalmentPlan> registered;
+static const RegisteredTest<TestInstalmentPlan> registeredInstalmentPlan;
 #include "TestInstalmentPlan.moc"

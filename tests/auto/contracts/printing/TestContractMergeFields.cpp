@@ -338,5 +338,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractMergeFields> registered;
+static const RegisteredTest<TestContractMergeFields> registeredContractMergeFields;
 #include "TestContractMergeFields.moc"

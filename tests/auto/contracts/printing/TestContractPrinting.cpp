@@ -489,6 +489,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestContractPrinting, KApplication> registered;
+static const RegisteredTest<TestContractPrinting, KApplication> registeredContractPrinting;
 
 #include "TestContractPrinting.moc"

@@ -89,6 +89,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestPrintedElsewhere, KApplication> registered;
+static const RegisteredTest<TestPrintedElsewhere, KApplication> registeredPrintedElsewhere;
 
 #include "TestPrintedElsewhere.moc"

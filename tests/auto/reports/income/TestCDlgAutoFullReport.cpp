@@ -368,6 +368,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAutoFullReport, KApplication> registered;
+static const RegisteredTest<TestCDlgAutoFullReport, KApplication> registeredCDlgAutoFullReport;
 
 #include "TestCDlgAutoFullReport.moc"

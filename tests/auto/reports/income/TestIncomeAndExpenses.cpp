@@ -149,5 +149,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestIncomeAndExpenses> registered;
+static const RegisteredTest<TestIncomeAndExpenses> registeredIncomeAndExpenses;
 #include "TestIncomeAndExpenses.moc"

@@ -103,5 +103,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestIncomeBars> registered;
+static const RegisteredTest<TestIncomeBars> registeredIncomeBars;
 #include "TestIncomeBars.moc"

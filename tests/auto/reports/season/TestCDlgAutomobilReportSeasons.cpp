@@ -627,6 +627,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAutomobilReportSeasons, KApplication> registered;
+static const RegisteredTest<TestCDlgAutomobilReportSeasons, KApplication> registeredCDlgAutomobilReportSeasons;
 
 #include "TestCDlgAutomobilReportSeasons.moc"

@@ -172,6 +172,6 @@ private Q_SLOTS:
 
 Q_DECLARE_METATYPE(Line)
 
-static const RegisteredTest<TestCDlgPaymentAmount, KApplication> registered;
+static const RegisteredTest<TestCDlgPaymentAmount, KApplication> registeredCDlgPaymentAmount;
 
 #include "TestCDlgPaymentAmount.moc"

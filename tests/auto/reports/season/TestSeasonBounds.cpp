@@ -115,5 +115,5 @@ void TestSeasonBounds::conditionOfNoSeason()
     QCOMPARE(Season::condition(u"f.date"_s, Season::bounds(4, 1405)), u"f.date>=NULL AND f.date<NULL"_s);
 }
 
-static const RegisteredTest<TestSeasonBounds> registered;
+static const RegisteredTest<TestSeasonBounds> registeredSeasonBounds;
 #include "TestSeasonBounds.moc"

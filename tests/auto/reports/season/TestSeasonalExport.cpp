@@ -479,5 +479,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestSeasonalExport, KApplication> registered;
+static const RegisteredTest<TestSeasonalExport, KApplication> registeredSeasonalExport;
 #include "TestSeasonalExport.moc"

@@ -158,5 +158,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestSeasonalExportDialogs, KApplication> registered;
+static const RegisteredTest<TestSeasonalExportDialogs, KApplication> registeredSeasonalExportDialogs;
 #include "TestSeasonalExportDialogs.moc"

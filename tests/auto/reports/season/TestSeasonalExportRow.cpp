@@ -298,5 +298,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestSeasonalExportRow> registered;
+static const RegisteredTest<TestSeasonalExportRow> registeredSeasonalExportRow;
 #include "TestSeasonalExportRow.moc"

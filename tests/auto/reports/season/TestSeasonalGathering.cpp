@@ -505,6 +505,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestSeasonalGathering, KApplication> registered;
+static const RegisteredTest<TestSeasonalGathering, KApplication> registeredSeasonalGathering;
 
 #include "TestSeasonalGathering.moc"

@@ -145,5 +145,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestSeasonalList> registered;
+static const RegisteredTest<TestSeasonalList> registeredSeasonalList;
 #include "TestSeasonalList.moc"

@@ -305,5 +305,5 @@ void TestSeasonalRules::addressLength()
     QTEST(row.isAddressTooLong(), "tooLong");
 }
 
-static const RegisteredTest<TestSeasonalRules> registered;
+static const RegisteredTest<TestSeasonalRules> registeredSeasonalRules;
 #include "TestSeasonalRules.moc"

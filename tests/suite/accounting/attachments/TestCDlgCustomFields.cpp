@@ -292,5 +292,5 @@ void TestCDlgCustomFields::definingKeepsWhatWasTyped()
     QCOMPARE(field<KEdit>(one.get(), u"معرف :"_s)->text(), u"نیمه کاره"_s);
 }
 
-static const RegisteredTest<TestCDlgCustomFields, QApplication> registered;
+static const RegisteredTest<TestCDlgCustomFields, QApplication> registeredCDlgCustomFields;
 #include "TestCDlgCustomFields.moc"

@@ -207,5 +207,5 @@ void TestCDlgFileDocs::everyInputHasItsName()
     QVERIFY(FormDriver::everyInputHasAName(page().get()));
 }
 
-static const RegisteredTest<TestCDlgFileDocs, QApplication> registered;
+static const RegisteredTest<TestCDlgFileDocs, QApplication> registeredCDlgFileDocs;
 #include "TestCDlgFileDocs.moc"

@@ -237,5 +237,5 @@ void TestCTblFileDocs::safeNameHoldsNothingHarmful()
     QCOMPARE(CTblFileDocs::safeFileName(name), safe);
 }
 
-static const RegisteredTest<TestCTblFileDocs, QCoreApplication> registered;
+static const RegisteredTest<TestCTblFileDocs, QCoreApplication> registeredCTblFileDocs;
 #include "TestCTblFileDocs.moc"

@@ -225,5 +225,5 @@ void TestCDlgAccountDocs::tabGoesThroughTheWindowAsItIsRead()
     QCOMPARE(met, (QStringList{u"چاپ"_s, u"بازگشت"_s, u"از تاریخ :"_s, u"تا تاریخ :"_s, u"جستجو"_s, u"گردش حساب"_s}));
 }
 
-static const RegisteredTest<TestCDlgAccountDocs, QApplication> registered;
+static const RegisteredTest<TestCDlgAccountDocs, QApplication> registeredCDlgAccountDocs;
 #include "TestCDlgAccountDocs.moc"

@@ -260,5 +260,5 @@ void TestCDlgCashFromPerson::everyInputHasItsLabelAsName()
     QVERIFY(FormDriver::everyInputHasAName(&dialog));
 }
 
-static const RegisteredTest<TestCDlgCashFromPerson, QApplication> registered;
+static const RegisteredTest<TestCDlgCashFromPerson, QApplication> registeredCDlgCashFromPerson;
 #include "TestCDlgCashFromPerson.moc"

@@ -232,5 +232,5 @@ void TestCTblDocs::sheetOfADetailAccountHoldsItsRowsOnly()
     QCOMPARE(persons.rows.at(0).fiscalYear, 1405);
 }
 
-static const RegisteredTest<TestCTblDocs, QCoreApplication> registered;
+static const RegisteredTest<TestCTblDocs, QCoreApplication> registeredCTblDocs;
 #include "TestCTblDocs.moc"

@@ -323,5 +323,5 @@ void TestCTblDocuments::refusedDocumentLeavesNothingBehind()
     QCOMPARE(count("Docs"), u"0"_s);
 }
 
-static const RegisteredTest<TestCTblDocuments, QCoreApplication> registered;
+static const RegisteredTest<TestCTblDocuments, QCoreApplication> registeredCTblDocuments;
 #include "TestCTblDocuments.moc"

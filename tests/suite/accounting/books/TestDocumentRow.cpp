@@ -55,5 +55,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestDocumentRow> registered;
+static const RegisteredTest<TestDocumentRow> registeredDocumentRow;
 #include "TestDocumentRow.moc"

@@ -223,5 +223,5 @@ void TestDocumentWriter::rowsThatStoodInTheDocumentCount()
     QVERIFY_THROWS_EXCEPTION(KAccountingError, writer.writeRows());
 }
 
-static const RegisteredTest<TestDocumentWriter, QCoreApplication> registered;
+static const RegisteredTest<TestDocumentWriter, QCoreApplication> registeredDocumentWriter;
 #include "TestDocumentWriter.moc"

@@ -305,5 +305,5 @@ void TestManualDocument::closedDatabaseIsRefused()
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
 }
 
-static const RegisteredTest<TestManualDocument, QCoreApplication> registered;
+static const RegisteredTest<TestManualDocument, QCoreApplication> registeredManualDocument;
 #include "TestManualDocument.moc"

@@ -203,5 +203,5 @@ void TestKErrorBoundary::applicationIsRightToLeftAndFusion()
 }
 
 // The program's own application class is what is tested.
-static const RegisteredTest<TestKErrorBoundary, KApplication> registered;
+static const RegisteredTest<TestKErrorBoundary, KApplication> registeredKErrorBoundary;
 #include "TestKErrorBoundary.moc"

@@ -163,5 +163,5 @@ void TestKMessageDialog::markupIsShownAsTyped()
     QVERIFY(plain);
 }
 
-static const RegisteredTest<TestKMessageDialog, QApplication> registered;
+static const RegisteredTest<TestKMessageDialog, QApplication> registeredKMessageDialog;
 #include "TestKMessageDialog.moc"

@@ -36,5 +36,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKMessageWithoutWindows, QCoreApplication> registered;
+static const RegisteredTest<TestKMessageWithoutWindows, QCoreApplication> registeredKMessageWithoutWindows;
 #include "TestKMessageWithoutWindows.moc"

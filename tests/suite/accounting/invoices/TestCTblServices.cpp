@@ -117,5 +117,5 @@ void TestCTblServices::unusedServiceIsDeleted()
     QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(iID) FROM Services"_s), u"2"_s);
 }
 
-static const RegisteredTest<TestCTblServices, QCoreApplication> registered;
+static const RegisteredTest<TestCTblServices, QCoreApplication> registeredCTblServices;
 #include "TestCTblServices.moc"

@@ -321,5 +321,5 @@ void TestInvoice::documentTextNamesKindAndNumber()
     QCOMPARE(rows.at(2).description, u"مالیات ارزش افزوده فاکتور فروش ش :12 علی رضایی"_s);
 }
 
-static const RegisteredTest<TestInvoice, QCoreApplication> registered;
+static const RegisteredTest<TestInvoice, QCoreApplication> registeredInvoice;
 #include "TestInvoice.moc"

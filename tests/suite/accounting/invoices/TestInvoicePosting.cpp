@@ -414,5 +414,5 @@ void TestInvoicePosting::largestAmountsBalance()
     QCOMPARE(InvoicePosting::load(num).lines.at(0).price, price);
 }
 
-static const RegisteredTest<TestInvoicePosting, QCoreApplication> registered;
+static const RegisteredTest<TestInvoicePosting, QCoreApplication> registeredInvoicePosting;
 #include "TestInvoicePosting.moc"

@@ -163,5 +163,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKFilterForm, QApplication> registered;
+static const RegisteredTest<TestKFilterForm, QApplication> registeredKFilterForm;
 #include "TestKFilterForm.moc"

@@ -374,5 +374,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKListPage, QApplication> registered;
+static const RegisteredTest<TestKListPage, QApplication> registeredKListPage;
 #include "TestKListPage.moc"

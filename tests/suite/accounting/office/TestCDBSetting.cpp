@@ -244,5 +244,5 @@ void TestCDBSetting::documentNotice()
     QVERIFY(shown.constFirst().contains(u"17"_s));
 }
 
-static const RegisteredTest<TestCDBSetting, QApplication> registered;
+static const RegisteredTest<TestCDBSetting, QApplication> registeredCDBSetting;
 #include "TestCDBSetting.moc"

@@ -222,5 +222,5 @@ void TestCDlgMultiItems::everyInputHasItsName()
     QVERIFY(FormDriver::everyInputHasAName(&dialog));
 }
 
-static const RegisteredTest<TestCDlgMultiItems, QApplication> registered;
+static const RegisteredTest<TestCDlgMultiItems, QApplication> registeredCDlgMultiItems;
 #include "TestCDlgMultiItems.moc"

@@ -118,5 +118,5 @@ void TestCTblProperties::liveObjectsAreCounted()
     QCOMPARE(CTblProperties::liveCount(), before);
 }
 
-static const RegisteredTest<TestCTblProperties, QCoreApplication> registered;
+static const RegisteredTest<TestCTblProperties, QCoreApplication> registeredCTblProperties;
 #include "TestCTblProperties.moc"

@@ -194,5 +194,5 @@ void TestCTblUsers::lastAdministratorIsKnown()
     QVERIFY(!CTblUsers::hasOtherAdmin(m_office.admin));
 }
 
-static const RegisteredTest<TestCTblUsers, QCoreApplication> registered;
+static const RegisteredTest<TestCTblUsers, QCoreApplication> registeredCTblUsers;
 #include "TestCTblUsers.moc"

@@ -202,5 +202,5 @@ void TestKSecurity::everyFormHasACaptionAndStandsOnce()
         QVERIFY2(names.contains(QString::fromLatin1(needed)), needed);
 }
 
-static const RegisteredTest<TestKSecurity, QCoreApplication> registered;
+static const RegisteredTest<TestKSecurity, QCoreApplication> registeredKSecurity;
 #include "TestKSecurity.moc"

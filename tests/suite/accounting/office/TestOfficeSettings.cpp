@@ -122,5 +122,5 @@ void TestOfficeSettings::valueOfAnotherKindGivesTheDefault()
     QCOMPARE(settings.text(section, u"sOther"_s, u"x"_s), u"x"_s);
 }
 
-static const RegisteredTest<TestOfficeSettings, QCoreApplication> registered;
+static const RegisteredTest<TestOfficeSettings, QCoreApplication> registeredOfficeSettings;
 #include "TestOfficeSettings.moc"

@@ -244,5 +244,5 @@ void TestSuiteSchema::tablesAreUtf8()
              u"0"_s);
 }
 
-static const RegisteredTest<TestSuiteSchema, QCoreApplication> registered;
+static const RegisteredTest<TestSuiteSchema, QCoreApplication> registeredSuiteSchema;
 #include "TestSuiteSchema.moc"

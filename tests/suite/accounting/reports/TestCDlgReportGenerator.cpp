@@ -328,5 +328,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgReportGenerator, QApplication> registered;
+static const RegisteredTest<TestCDlgReportGenerator, QApplication> registeredCDlgReportGenerator;
 #include "TestCDlgReportGenerator.moc"

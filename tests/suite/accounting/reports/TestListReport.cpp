@@ -218,5 +218,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestListReport, QApplication> registered;
+static const RegisteredTest<TestListReport, QApplication> registeredListReport;
 #include "TestListReport.moc"

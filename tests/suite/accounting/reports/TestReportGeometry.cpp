@@ -143,5 +143,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestReportGeometry> registered;
+static const RegisteredTest<TestReportGeometry> registeredReportGeometry;
 #include "TestReportGeometry.moc"

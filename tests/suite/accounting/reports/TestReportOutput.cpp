@@ -441,5 +441,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestReportOutput, QApplication> registered;
+static const RegisteredTest<TestReportOutput, QApplication> registeredReportOutput;
 #include "TestReportOutput.moc"

@@ -92,5 +92,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestAccessMapping> registered;
+static const RegisteredTest<TestAccessMapping> registeredAccessMapping;
 #include "TestAccessMapping.moc"

@@ -354,5 +354,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestKRecordset, QCoreApplication> registered;
+static const RegisteredTest<TestKRecordset, QCoreApplication> registeredKRecordset;
 #include "TestKRecordset.moc"

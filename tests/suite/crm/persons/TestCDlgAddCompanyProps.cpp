@@ -125,5 +125,5 @@ void TestCDlgAddCompanyProps::closedDatabaseRefuses()
     QVERIFY(CompanyDetails::read().isEmpty());
 }
 
-static const RegisteredTest<TestCDlgAddCompanyProps, QApplication> registered;
+static const RegisteredTest<TestCDlgAddCompanyProps, QApplication> registeredCDlgAddCompanyProps;
 #include "TestCDlgAddCompanyProps.moc"

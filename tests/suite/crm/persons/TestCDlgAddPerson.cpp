@@ -404,5 +404,5 @@ void TestCDlgAddPerson::enterWalksThroughTheForm()
     QCOMPARE(walked, expected);
 }
 
-static const RegisteredTest<TestCDlgAddPerson, QApplication> registered;
+static const RegisteredTest<TestCDlgAddPerson, QApplication> registeredCDlgAddPerson;
 #include "TestCDlgAddPerson.moc"

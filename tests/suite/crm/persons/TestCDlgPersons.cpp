@@ -434,5 +434,5 @@ void TestCDlgPersons::tabReachesListAndCommands()
     QVERIFY(met.contains(page.button(u"new")));
 }
 
-static const RegisteredTest<TestCDlgPersons, QApplication> registered;
+static const RegisteredTest<TestCDlgPersons, QApplication> registeredCDlgPersons;
 #include "TestCDlgPersons.moc"

@@ -222,5 +222,5 @@ void TestCTblPersons::aNewPersonIsANaturalOne()
     QCOMPARE(m_office.db.value(u"SELECT CONCAT(iKind,bNatural,iStatus) FROM Persons"_s), u"010"_s);
 }
 
-static const RegisteredTest<TestCTblPersons, QCoreApplication> registered;
+static const RegisteredTest<TestCTblPersons, QCoreApplication> registeredCTblPersons;
 #include "TestCTblPersons.moc"

@@ -110,5 +110,5 @@ void TestCompanyDetails::name()
     QTEST(details.name(), "name");
 }
 
-static const RegisteredTest<TestCompanyDetails, QCoreApplication> registered;
+static const RegisteredTest<TestCompanyDetails, QCoreApplication> registeredCompanyDetails;
 #include "TestCompanyDetails.moc"

@@ -207,5 +207,5 @@ void TestKPersonField::deleteKeyEmpties()
     QCOMPARE(changed.size(), 1);
 }
 
-static const RegisteredTest<TestKPersonField, QApplication> registered;
+static const RegisteredTest<TestKPersonField, QApplication> registeredKPersonField;
 #include "TestKPersonField.moc"

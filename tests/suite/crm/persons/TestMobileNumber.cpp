@@ -44,5 +44,5 @@ void TestMobileNumber::form()
     QTEST(MobileNumber::isGood(number), "good");
 }
 
-static const RegisteredTest<TestMobileNumber, QCoreApplication> registered;
+static const RegisteredTest<TestMobileNumber, QCoreApplication> registeredMobileNumber;
 #include "TestMobileNumber.moc"

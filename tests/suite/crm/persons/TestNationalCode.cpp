@@ -109,5 +109,5 @@ void TestNationalCode::foreigner()
     QTEST(NationalCode::checkForeigner(code), "expected");
 }
 
-static const RegisteredTest<TestNationalCode, QCoreApplication> registered;
+static const RegisteredTest<TestNationalCode, QCoreApplication> registeredNationalCode;
 #include "TestNationalCode.moc"

@@ -199,5 +199,5 @@ void TestPersonSearch::fiftyThousandPersonsAreSearchedUpToTheLimit()
     QCOMPARE(rows, 1000);
 }
 
-static const RegisteredTest<TestPersonSearch, QCoreApplication> registered;
+static const RegisteredTest<TestPersonSearch, QCoreApplication> registeredPersonSearch;
 #include "TestPersonSearch.moc"

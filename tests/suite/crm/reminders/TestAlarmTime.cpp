@@ -86,5 +86,5 @@ void TestAlarmTime::filterOfAUser()
     QTEST(KListFilter::condition(alarmFilters(), {{u"description"_s, text}, {u"done"_s, withDone}}, 7), "condition");
 }
 
-static const RegisteredTest<TestAlarmTime, QCoreApplication> registered;
+static const RegisteredTest<TestAlarmTime, QCoreApplication> registeredAlarmTime;
 #include "TestAlarmTime.moc"

@@ -320,5 +320,5 @@ void TestCDlgAddAlarm::longDescriptionIsCutToItsColumn()
     QCOMPARE(m_office.db.value(u"SELECT CHAR_LENGTH(sDesc) FROM Alarms"_s), u"500"_s);
 }
 
-static const RegisteredTest<TestCDlgAddAlarm, QApplication> registered;
+static const RegisteredTest<TestCDlgAddAlarm, QApplication> registeredCDlgAddAlarm;
 #include "TestCDlgAddAlarm.moc"

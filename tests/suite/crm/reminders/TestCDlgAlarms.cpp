@@ -270,5 +270,5 @@ void TestCDlgAlarms::closedDatabaseOnlyShows()
     QCOMPARE(page.list()->count(), 1);
 }
 
-static const RegisteredTest<TestCDlgAlarms, QApplication> registered;
+static const RegisteredTest<TestCDlgAlarms, QApplication> registeredCDlgAlarms;
 #include "TestCDlgAlarms.moc"

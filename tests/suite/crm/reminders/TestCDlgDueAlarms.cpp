@@ -211,5 +211,5 @@ void TestCDlgDueAlarms::escCloses()
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
 }
 
-static const RegisteredTest<TestCDlgDueAlarms, QApplication> registered;
+static const RegisteredTest<TestCDlgDueAlarms, QApplication> registeredCDlgDueAlarms;
 #include "TestCDlgDueAlarms.moc"

@@ -212,5 +212,5 @@ void TestCTblAlarm::isDueByTheMinute()
     QVERIFY(!alarm.isDue(QDateTime(QDate(2026, 1, 1), QTime(10, 0), Qt::UTC)));
 }
 
-static const RegisteredTest<TestCTblAlarm, QApplication> registered;
+static const RegisteredTest<TestCTblAlarm, QApplication> registeredCTblAlarm;
 #include "TestCTblAlarm.moc"

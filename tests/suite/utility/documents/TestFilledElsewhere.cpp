@@ -91,5 +91,5 @@ void TestFilledElsewhere::documentWithSplitInstructions()
     QVERIFY2(text.contains(u"Plates IR-77\n12-345 end"_s), qUtf8Printable(text));
 }
 
-static const RegisteredTest<TestFilledElsewhere, QCoreApplication> registered;
+static const RegisteredTest<TestFilledElsewhere, QCoreApplication> registeredFilledElsewhere;
 #include "TestFilledElsewhere.moc"

@@ -447,5 +447,5 @@ void TestKMSWord::mailMergeSourceGoes()
     QVERIFY(saved("[Content_Types].xml").contains("settings+xml"));
 }
 
-static const RegisteredTest<TestKMSWord, QCoreApplication> registered;
+static const RegisteredTest<TestKMSWord, QCoreApplication> registeredKMSWord;
 #include "TestKMSWord.moc"

@@ -220,5 +220,5 @@ void TestKMSWordRefusals::aRefusalClosesWhatWasOpen()
     QVERIFY(!QFile::exists(m_folder.filePath(u"result.docx"_s)));
 }
 
-static const RegisteredTest<TestKMSWordRefusals, QCoreApplication> registered;
+static const RegisteredTest<TestKMSWordRefusals, QCoreApplication> registeredKMSWordRefusals;
 #include "TestKMSWordRefusals.moc"

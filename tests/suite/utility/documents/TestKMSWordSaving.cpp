@@ -168,5 +168,5 @@ void TestKMSWordSaving::savedTwice()
     QCOMPARE(D::part(m_out + u"/a.docx"_s, "word/document.xml"), D::part(m_out + u"/b.docx"_s, "word/document.xml"));
 }
 
-static const RegisteredTest<TestKMSWordSaving, QCoreApplication> registered;
+static const RegisteredTest<TestKMSWordSaving, QCoreApplication> registeredKMSWordSaving;
 #include "TestKMSWordSaving.moc"

@@ -332,5 +332,5 @@ void TestKDialog::nothingIsKeptWithoutAName()
     QCOMPARE(ReadSetting(QString(), u"iWidth"_s, -1), -1);
 }
 
-static const RegisteredTest<TestKDialog, QApplication> registered;
+static const RegisteredTest<TestKDialog, QApplication> registeredKDialog;
 #include "TestKDialog.moc"

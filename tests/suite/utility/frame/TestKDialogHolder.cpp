@@ -142,5 +142,5 @@ void TestKDialogHolder::aPageAllowsEverythingAtFirst()
     QCOMPARE(page.title(), QString());
 }
 
-static const RegisteredTest<TestKDialogHolder, QApplication> registered;
+static const RegisteredTest<TestKDialogHolder, QApplication> registeredKDialogHolder;
 #include "TestKDialogHolder.moc"

@@ -80,5 +80,5 @@ void TestKProcess::aProgramThatIsNotThere()
     QVERIFY(!KProcess::Execute(m_folder.filePath(u"no-such-program"_s), u"x"_s));
 }
 
-static const RegisteredTest<TestKProcess, QApplication> registered;
+static const RegisteredTest<TestKProcess, QApplication> registeredKProcess;
 #include "TestKProcess.moc"

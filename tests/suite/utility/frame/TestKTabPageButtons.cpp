@@ -268,5 +268,5 @@ void TestKTabPageButtons::buttonsComeBeforeThePagesWithTab()
     QVERIFY(m_tabs->button(1)->hasFocus());
 }
 
-static const RegisteredTest<TestKTabPageButtons, QApplication> registered;
+static const RegisteredTest<TestKTabPageButtons, QApplication> registeredKTabPageButtons;
 #include "TestKTabPageButtons.moc"

@@ -51,5 +51,5 @@ void TestKWaitCursor::goesWithAnException()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
-static const RegisteredTest<TestKWaitCursor, QApplication> registered;
+static const RegisteredTest<TestKWaitCursor, QApplication> registeredKWaitCursor;
 #include "TestKWaitCursor.moc"

@@ -58,5 +58,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestTabOrder, QApplication> registered;
+static const RegisteredTest<TestTabOrder, QApplication> registeredTabOrder;
 #include "TestTabOrder.moc"

@@ -177,6 +177,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCodeText, QApplication> registered;
+static const RegisteredTest<TestCodeText, QApplication> registeredCodeText;
 
 #include "TestCodeText.moc"

@@ -158,5 +158,5 @@ void TestKSettings::anEmptyPathIsTheUsersOwnFile()
     QVERIFY(settingsFile().startsWith(folder));
 }
 
-static const RegisteredTest<TestKSettings, QCoreApplication> registered;
+static const RegisteredTest<TestKSettings, QCoreApplication> registeredKSettings;
 #include "TestKSettings.moc"

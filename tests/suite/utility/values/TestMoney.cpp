@@ -252,5 +252,5 @@ void TestMoney::nothingInWords()
     QCOMPARE(amountInWords(amount), QString());
 }
 
-static const RegisteredTest<TestMoney, QCoreApplication> registered;
+static const RegisteredTest<TestMoney, QCoreApplication> registeredMoney;
 #include "TestMoney.moc"

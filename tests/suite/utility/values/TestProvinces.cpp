@@ -74,6 +74,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestProvinces, QCoreApplication> registered;
+static const RegisteredTest<TestProvinces, QCoreApplication> registeredProvinces;
 
 #include "TestProvinces.moc"

@@ -344,5 +344,5 @@ void TestShamsiDate::dateToSql()
     QCOMPARE(inPersian, sql);
 }
 
-static const RegisteredTest<TestShamsiDate, QCoreApplication> registered;
+static const RegisteredTest<TestShamsiDate, QCoreApplication> registeredShamsiDate;
 #include "TestShamsiDate.moc"

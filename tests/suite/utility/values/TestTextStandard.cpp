@@ -121,5 +121,5 @@ void TestTextStandard::digits()
     QCOMPARE(toAsciiDigits(u"۰۱۲۳۴۵۶۷۸۹٠١٢٣٤٥٦٧٨٩"_s), u"01234567890123456789"_s);
 }
 
-static const RegisteredTest<TestTextStandard, QCoreApplication> registered;
+static const RegisteredTest<TestTextStandard, QCoreApplication> registeredTextStandard;
 #include "TestTextStandard.moc"

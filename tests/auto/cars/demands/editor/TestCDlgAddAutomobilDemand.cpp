@@ -771,5 +771,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilDemand, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilDemand, KApplication> registeredCDlgAddAutomobilDemand;
 #include "TestCDlgAddAutomobilDemand.moc"

@@ -42,5 +42,5 @@ void TestDemandYears::years()
     QTEST(areDemandYears(from, upTo), "accepted");
 }
 
-static const RegisteredTest<TestDemandYears> registered;
+static const RegisteredTest<TestDemandYears> registeredDemandYears;
 #include "TestDemandYears.moc"

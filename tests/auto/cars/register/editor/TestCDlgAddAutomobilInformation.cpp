@@ -683,6 +683,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilInformation, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilInformation, KApplication> registeredCDlgAddAutomobilInformation;
 
 #include "TestCDlgAddAutomobilInformation.moc"

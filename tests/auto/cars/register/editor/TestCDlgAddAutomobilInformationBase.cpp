@@ -725,6 +725,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilInformationBase, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilInformationBase, KApplication> registeredCDlgAddAutomobilInformationBase;
 
 #include "TestCDlgAddAutomobilInformationBase.moc"

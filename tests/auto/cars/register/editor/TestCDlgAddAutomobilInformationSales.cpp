@@ -346,6 +346,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestCDlgAddAutomobilInformationSales, KApplication> registered;
+static const RegisteredTest<TestCDlgAddAutomobilInformationSales, KApplication> registeredCDlgAddAutomobilInformationSales;
 
 #include "TestCDlgAddAutomobilInformationSales.moc"

@@ -44,6 +44,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestProfitAndLoss, QCoreApplication> registered;
+static const RegisteredTest<TestProfitAndLoss, QCoreApplication> registeredProfitAndLoss;
 
 #include "TestProfitAndLoss.moc"

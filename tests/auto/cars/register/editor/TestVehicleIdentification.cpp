@@ -78,6 +78,6 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestVehicleIdentification, QCoreApplication> registered;
+static const RegisteredTest<TestVehicleIdentification, QCoreApplication> registeredVehicleIdentification;
 
 #include "TestVehicleIdentification.moc"

@@ -256,5 +256,5 @@ void TestAccountChart::nameOfEveryLevel()
     QVERIFY(AccountChart::nameOf(9999).isEmpty());
 }
 
-static const RegisteredTest<TestAccountChart, QCoreApplication> registered;
+static const RegisteredTest<TestAccountChart, QCoreApplication> registeredAccountChart;
 #include "TestAccountChart.moc"

@@ -138,5 +138,5 @@ void TestAccountCode::natureOfABalance()
     QTEST((AccountBalance{bed, bes}.nature()), "nature");
 }
 
-static const RegisteredTest<TestAccountCode, QCoreApplication> registered;
+static const RegisteredTest<TestAccountCode, QCoreApplication> registeredAccountCode;
 #include "TestAccountCode.moc"
