@@ -120,7 +120,7 @@ class Office:
     def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
         """Checks that the message on screen holds the text, and answers it."""
         window = self.tree.window(title)
-        shown = wait_for(lambda: next((node.name for node in window.descendants()
+        shown = wait_for(lambda: next((node.name for node in window.shown_descendants()
                                        if node.role == "label" and text in node.name), None),
                          f"a message that says {text!r}")
         if picture:

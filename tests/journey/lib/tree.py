@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The program as a screen reader sees it: windows, named widgets, their values and actions."""
 
+import functools
 import os
 import warnings
 
@@ -33,7 +34,7 @@ def connect():
 
 
 class Node:
-    """A widget as the accessibility interface shows it. Everything is read anew each time."""
+    """A widget as the accessibility interface shows it. Everything but its role is read anew each time."""
 
     def __init__(self, accessible):
         self.accessible = accessible
@@ -50,7 +51,7 @@ class Node:
         except GLib.Error:
             return "<gone>"
 
-    @property
+    @functools.cached_property
     def role(self):
         return self.accessible.get_role_name()
 
@@ -142,12 +143,12 @@ class Node:
             if "reply" not in str(error):
                 raise
 
-    def descendants(self):
-        """All descendants except the rows of tables, which are read by row and column."""
+    def shown_descendants(self):
+        """The descendants whose ancestors show, except the rows of tables, which are read by row and column."""
         for child in self.children:
             yield child
-            if child.role not in _TABLE_ROLES:
-                yield from child.descendants()
+            if child.role not in _TABLE_ROLES and child.accessible.get_child_count() and child.showing:
+                yield from child.shown_descendants()
 
     # A table's own.
 
@@ -233,7 +234,7 @@ class Tree:
         known = self._known.get(key)
         if known and all(self._still(node, role, name) for node in known):
             return known
-        found = [node for node in window.descendants() if node.role == role and node.label == name and node.showing
+        found = [node for node in window.shown_descendants() if node.role == role and node.label == name and node.showing
                  and (description is None or node.description == description)]
         self._known[key] = found
         return found

@@ -185,7 +185,7 @@ def answer_file_window(office, title, path, picture=None):
     """Names a file in the window that asks for one."""
     dialog = office.tree.window(title)
     office.driver.ready(dialog)
-    name = wait_for(lambda: next((node for node in dialog.descendants() if node.role == "text" and node.focused), None),
+    name = wait_for(lambda: next((node for node in dialog.shown_descendants() if node.role == "text" and node.focused), None),
                     "the entry line for the file's name")
     name.set_text(path)
     if picture:
