@@ -195,7 +195,7 @@ function(tz_tests)
     cmake_parse_arguments(arg "" "NAME;PCH" "SOURCES;ALONE;LINK;LABELS;HELPERS;DEFINITIONS;DEPENDS" ${ARGN})
     get_property(taken GLOBAL PROPERTY TZ_TAKEN_TESTS)
     if(arg_SOURCES)
-        list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+        list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" REGEX "^[^/]")
     else()
         file(GLOB arg_SOURCES CONFIGURE_DEPENDS Test*.cpp)
         list(REMOVE_ITEM arg_SOURCES ${taken})
@@ -244,7 +244,25 @@ function(tz_tests)
     endif()
 endfunction()
 
-# tz_rule_tests(TestA ...): tests that need no database, whatever their folder needs otherwise.
-function(tz_rule_tests)
+# tz_rule_tests(LIBRARY TestA ...): tests of the folder that link that library of rules alone, and so no window and no database.
+# Called before the folder's tz_tests. tz_rule_test_programs, at the end of all folders, makes one program for each library.
+function(tz_rule_tests library)
+    list(TRANSFORM ARGN REPLACE "(.+)" "${CMAKE_CURRENT_SOURCE_DIR}/\\1.cpp" OUTPUT_VARIABLE sources)
+    set_property(GLOBAL APPEND PROPERTY TZ_TAKEN_TESTS ${sources})
+    set_property(GLOBAL APPEND PROPERTY TZ_TESTS_OF_${library} ${sources})
+    set_property(GLOBAL APPEND PROPERTY TZ_TESTED_RULES ${library})
+endfunction()
+
+function(tz_rule_test_programs)
+    get_property(libraries GLOBAL PROPERTY TZ_TESTED_RULES)
+    list(REMOVE_DUPLICATES libraries)
+    foreach(library IN LISTS libraries)
+        get_property(sources GLOBAL PROPERTY TZ_TESTS_OF_${library})
+        tz_tests(NAME ${library} PCH TzCoreTestPch SOURCES ${sources} LINK ${library} LABELS rules)
+    endforeach()
+endfunction()
+
+# tz_no_database(TestA ...): tests that need no database, though they link what their folder's tests need.
+function(tz_no_database)
     set_tests_properties(${ARGN} PROPERTIES LABELS rules FIXTURES_REQUIRED "")
 endfunction()
