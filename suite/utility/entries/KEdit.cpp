@@ -125,6 +125,7 @@ void KEdit::setNumber(double number)
     showText(shown, int(shown.size()));
     const bool changed = m_number != taken;
     m_number = taken;
+    setRefusal(false);
     const double inRange = qBound(m_minimum, taken, m_maximum);
     checkRange(IsEquals(taken, inRange) ? inRange : taken);
     if (changed)
@@ -156,6 +157,7 @@ void KEdit::takeText(const QString &text)
 {
     if (m_showing)
         return;
+    setHint({});
     if (m_kind == Kind::Code)
         takeCode();
     if (!isNumberKind())
@@ -165,6 +167,7 @@ void KEdit::takeText(const QString &text)
     const QString shown = groupTyped(typed, m_kind == Kind::Money);
     if (shown != text)
         showText(shown, typed.caret);
+    setRefusal(typed.cut);
     checkRange(entered);
     const double taken = qBound(m_minimum, entered, m_maximum);
     if (taken == m_number)
@@ -202,6 +205,7 @@ void KEdit::takeCode()
 // A finished entry is shown as setNumber would show it.
 void KEdit::normalize()
 {
+    setRefusal(false);
     if (!isNumberKind() || text().isEmpty() || !isEntryValid())
         return;
     const QString shown = displayText(m_number);
@@ -223,27 +227,62 @@ void KEdit::checkRange(double entered)
     if (isNumberKind() && (entered < m_minimum || entered > m_maximum)) {
         error = u"مقدار باید بین %1 و %2 باشد."_s.arg(displayText(m_minimum), displayText(m_maximum));
     }
-    if (error == m_error)
-        return;
     m_error = error;
-    tellEntryError(this, m_error);
+    tellNotice();
 }
 
-bool KEdit::isRefusedKey(const QKeyEvent *event) const
+void KEdit::setRefusal(bool refused)
+{
+    m_refusal.clear();
+    if (refused)
+        m_refusal = decimals() == 0 ? u"اعشار پذیرفته نمی‌شود."_s : u"حداکثر %1 رقم اعشار پذیرفته می‌شود."_s.arg(decimals());
+    tellNotice();
+}
+
+void KEdit::setHint(const QString &hint)
+{
+    m_hint = hint;
+    tellNotice();
+}
+
+QString KEdit::notice() const
+{
+    for (const QString &notice : {m_error, m_refusal}) {
+        if (!notice.isEmpty())
+            return notice;
+    }
+    return m_hint;
+}
+
+void KEdit::tellNotice()
+{
+    if (notice() == m_told)
+        return;
+    m_told = notice();
+    tellEntryError(this, m_told);
+}
+
+// A point that would cut digits off, or a second one, is refused, and with it the digits that are typed behind it: without
+// their point they would join the whole.
+bool KEdit::refusesKey(const QKeyEvent *event)
 {
     const QString typed = toAsciiDigits(event->text());
     const Qt::KeyboardModifiers commands = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-    if (typed.size() != 1 || !typed[0].isPrint() || commands)
-        return false;
-    const QChar c = typed[0];
-    if (c >= u'0' && c <= u'9')
+    const bool isCharacter = typed.size() == 1 && typed[0].isPrint() && !commands;
+    if (isCharacter && typed[0] >= u'0' && typed[0] <= u'9')
+        return m_pointRefused;
+    m_pointRefused = false;
+    if (!isCharacter)
         return false;
     const int from = hasSelectedText() ? selectionStart() : cursorPosition();
-    if (c == u'-')
+    if (typed[0] == u'-')
         return m_minimum >= 0 || from > 0;
+    if (!isDecimalPoint(typed[0]))
+        return true;
     const int behind = int(text().size()) - (hasSelectedText() ? selectionEnd() : from);
-    const bool isPoint = c == u'.' || c == u'/' || c == u'٫';
-    return !isPoint || decimals() == 0 || behind > decimals() || (text().contains(u'.') && !hasSelectedText());
+    m_pointRefused = behind > decimals() || (text().contains(u'.') && !selectedText().contains(u'.'));
+    setRefusal(m_pointRefused);
+    return m_pointRefused;
 }
 
 // A separator or mark is not the user's: deleting and moving meet the character on its other side.
@@ -262,7 +301,7 @@ void KEdit::stepOverInserted(int key)
 
 void KEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (isNumberKind() && !isReadOnly() && isRefusedKey(event)) {
+    if (isNumberKind() && !isReadOnly() && refusesKey(event)) {
         event->accept();
         return;
     }
@@ -300,6 +339,9 @@ void KEdit::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
     m_selectOnRelease = isNumberKind() && event->reason() == Qt::MouseFocusReason;
+    m_pointRefused = false;
+    if (!m_told.isEmpty())
+        tellEntryError(this, m_told);
 }
 
 // The click that enters a number field selects it whole, as Tab does, so that typing replaces the old amount.
@@ -309,12 +351,13 @@ void KEdit::mouseReleaseEvent(QMouseEvent *event)
     if (m_selectOnRelease && !hasSelectedText())
         selectAll();
     m_selectOnRelease = false;
+    m_pointRefused = false;
 }
 
 bool KEdit::event(QEvent *event)
 {
-    if (event->type() == QEvent::ToolTip && !isEntryValid()) {
-        showErrorToolTip(this, m_error, static_cast<QHelpEvent *>(event));
+    if (event->type() == QEvent::ToolTip && !m_told.isEmpty()) {
+        showErrorToolTip(this, m_told, static_cast<QHelpEvent *>(event));
         return true;
     }
     return QLineEdit::event(event);
@@ -323,6 +366,6 @@ bool KEdit::event(QEvent *event)
 void KEdit::paintEvent(QPaintEvent *event)
 {
     QLineEdit::paintEvent(event);
-    if (!isEntryValid())
+    if (!m_told.isEmpty())
         paintEntryMark(this);
 }

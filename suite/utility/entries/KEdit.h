@@ -11,8 +11,9 @@
 // The suite's entry line.
 //
 // The number kinds read left to right inside a box aligned right, take Persian, Arabic and ASCII digits, drop what
-// cannot belong to a number, and show an amount grouped by three while it is typed. What is out of range stays as typed
-// and is marked; entryError says why.
+// cannot belong to a number, and show an amount grouped by three while it is typed. A point, / or ٫ begins the decimals;
+// those beyond the allowed ones are refused, and the line is marked with a hint until it is edited or left. What is out of
+// range stays as typed and is marked; entryError says why.
 //
 // A code (a plate, a chassis number) reads left to right too, its Persian letters among the rest: "12 ب 345 ایران 67" stands
 // as it does on the car.
@@ -63,6 +64,12 @@ public:
     // Why the entry is refused, in words for the user; empty when it is not.
     QString entryError() const { return m_error; }
 
+    // Marks the line with something to consider, which does not make the entry invalid. The next edit of the line, or an
+    // empty hint, takes it back.
+    void setHint(const QString &hint);
+    // What the line is marked with: the error, or else a hint; empty for an unmarked line.
+    QString notice() const;
+
 Q_SIGNALS:
     // The number changed in any way but setNumber: typing, pasting, setText, a screen reader.
     void numberEdited(double number);
@@ -89,7 +96,9 @@ private:
     void normalize();
     void showText(const QString &text, int caret);
     void checkRange(double entered);
-    bool isRefusedKey(const QKeyEvent *event) const;
+    void setRefusal(bool refused);
+    void tellNotice();
+    bool refusesKey(const QKeyEvent *event);
     void stepOverInserted(int key);
     static void takeMarksOffClipboard(const QString &copied);
 
@@ -100,6 +109,10 @@ private:
     int m_codeLength = 0;
     double m_number = 0;
     QString m_error;
+    QString m_refusal; // why decimals that were just entered are missing
+    QString m_hint;
+    QString m_told;              // the notice that the line is marked with
+    bool m_pointRefused = false; // so are the digits that follow it
     bool m_showing = false;
     bool m_selectOnRelease = false;
 };

@@ -12,6 +12,7 @@
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
+#include "suite/utility/values/TypedNumber.h"
 
 using namespace Qt::StringLiterals;
 
@@ -213,6 +214,9 @@ bool KLinesModel::setData(const QModelIndex &index, const QVariant &value, int r
         cell.number = value.toDouble();
     } else if (!value.toString().isEmpty() && !parseMoney(value.toString(), &cell.number)) {
         return false;
+    } else if (kind == Kind::Money) {
+        // As the entry line takes it: without the decimals that the money unit does not have.
+        cell.number = readTyped(value.toString(), 0, {defaultMoneyDecimals(), true}).value();
     }
     const Cell &before = m_lines.at(index.row()).at(index.column());
     if (before.text != cell.text || before.key != cell.key || before.number != cell.number)

@@ -10,6 +10,7 @@
 #include <unicode/unistr.h>
 
 #include "suite/utility/values/TextStandard.h"
+#include "suite/utility/values/TypedNumber.h"
 
 namespace {
 
@@ -33,11 +34,6 @@ void group(QString &digits)
 bool isGroupSeparator(QChar c)
 {
     return c == u',' || c == u'،' || c == u'٬' || c == u'\'' || c.isSpace();
-}
-
-bool isDecimalPoint(QChar c)
-{
-    return c == u'.' || c == u'/' || c == u'٫';
 }
 
 // The number in the form that QString::toDouble reads; empty when it is none.

@@ -3,16 +3,9 @@
 
 #include "suite/utility/values/TypedNumber.h"
 
-#include <algorithm>
-
 #include "suite/utility/values/TextStandard.h"
 
 namespace {
-
-bool isPoint(QChar c)
-{
-    return c == u'.' || c == u'/' || c == u'٫';
-}
 
 bool isSign(QChar c)
 {
@@ -22,6 +15,24 @@ bool isSign(QChar c)
 bool isAsciiDigit(QChar c)
 {
     return c >= u'0' && c <= u'9';
+}
+
+// "1.250.000"
+bool pointsPartGroups(const QString &ascii)
+{
+    int points = 0;
+    int digits = 0;
+    for (const QChar c : ascii) {
+        if (isAsciiDigit(c)) {
+            ++digits;
+        } else if (isDecimalPoint(c)) {
+            if (points > 0 ? digits != 3 : digits == 0)
+                return false;
+            ++points;
+            digits = 0;
+        }
+    }
+    return points > 1 && digits == 3;
 }
 
 void dropLeadingZeros(TypedNumber &number)
@@ -40,24 +51,30 @@ void dropLeadingZeros(TypedNumber &number)
 
 }
 
+bool isDecimalPoint(QChar c)
+{
+    return c == u'.' || c == u'/' || c == u'٫';
+}
+
 TypedNumber readTyped(const QString &text, int caret, const TypingRules &rules)
 {
     const QString ascii = toAsciiDigits(text);
-    const bool pointsPartGroups = std::count_if(ascii.begin(), ascii.end(), isPoint) > 1;
+    const bool grouped = pointsPartGroups(ascii);
     TypedNumber number;
     int decimals = -1; // none seen yet
     for (qsizetype i = 0; i < ascii.size(); ++i) {
         const QChar c = ascii[i];
         const qsizetype before = number.plain.size();
-        if (isAsciiDigit(c) && decimals < rules.decimals) {
+        if (isAsciiDigit(c) && decimals >= rules.decimals) {
+            number.cut = true;
+        } else if (isAsciiDigit(c)) {
             number.plain.append(c);
             decimals += decimals >= 0 ? 1 : 0;
         } else if (isSign(c) && rules.isSigned && number.plain.isEmpty()) {
             number.plain.append(u'-');
-        } else if (isPoint(c) && !pointsPartGroups) {
+        } else if (isDecimalPoint(c) && !grouped && decimals < 0) {
             decimals = 0;
-            if (rules.decimals > 0)
-                number.plain.append(u'.');
+            number.plain.append(u'.');
         }
         if (i < caret && number.plain.size() > before)
             ++number.caret;

@@ -11,8 +11,9 @@
 
 struct TypedNumber
 {
-    QString plain; // as QString::toDouble reads it: an optional sign, digits, at most one point
-    int caret = 0; // how many characters of plain stand before the caret
+    QString plain;    // as QString::toDouble reads it: an optional sign, digits, at most one point
+    int caret = 0;    // how many characters of plain stand before the caret
+    bool cut = false; // decimals beyond the allowed ones were left out
     double value() const { return plain.toDouble(); }
 };
 
@@ -22,8 +23,13 @@ struct TypingRules
     bool isSigned = false;
 };
 
+// . / or ٫
+TZVALUES_EXPORT bool isDecimalPoint(QChar c);
+
 // What of a text can belong to a number: digits of any script, one decimal point (. / or ٫), a sign in front. Group
-// separators, letters and blanks are dropped, and so are decimals beyond the allowed ones. Two points or more part groups.
+// separators, letters and blanks are dropped, and so are decimals beyond the allowed ones: what stands behind a point never
+// becomes part of the whole. The point itself stays even where no decimal may follow. Two points or more with three digits
+// behind each part groups.
 TZVALUES_EXPORT TypedNumber readTyped(const QString &text, int caret, const TypingRules &rules);
 
 // The text to show, grouped by three when asked; moves the caret to where it belongs in it.

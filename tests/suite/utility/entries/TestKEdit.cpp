@@ -39,6 +39,11 @@ private Q_SLOTS:
     void pasted_data();
     void pasted();
     void decimalsOfTheOffice();
+    void refusedDecimalsAreHintedAt_data();
+    void refusedDecimalsAreHintedAt();
+    void refusedPointTakesItsDecimalsWithIt_data();
+    void refusedPointTakesItsDecimalsWithIt();
+    void hintMarksAnEntryThatStaysValid();
     void caretStaysBehindItsDigit_data();
     void caretStaysBehindItsDigit();
     void deletingPassesTheSeparator();
@@ -85,16 +90,21 @@ void TestKEdit::typed_data()
     row("typed separators are refused", Money, u"1,250"_s, "1,250", 1250);
     row("leading zeros go", Money, u"007"_s, "7", 7);
     row("a zero stays", Money, u"0"_s, "0", 0);
-    row("no decimals where the unit has none", Money, u"12.5"_s, "125", 125);
+    row("no decimals where the unit has none", Money, u"2500000.7"_s, "2,500,000.", 2500000);
+    row("decimals of zeros do not multiply", Money, u"1000.50"_s, "1,000.", 1000);
+    row("a slash begins decimals", Money, u"5000/25"_s, "5,000.", 5000);
+    row("the Persian point with Persian digits", Money, u"۵۰۰۰٫۲۵"_s, "5,000.", 5000);
+    row("the Persian point with Arabic digits", Money, u"٥٠٠٠٫٢٥"_s, "5,000.", 5000);
     row("no sign where it cannot be negative", Money, u"-5"_s, "5", 5);
     row("percent with decimals", Percent, u"4.5"_s, "4.5", 4.5);
     row("percent with a slash", Percent, u"۴/۵"_s, "4.5", 4.5);
     row("percent with the Persian point", Percent, u"4٫25"_s, "4.25", 4.25);
-    row("a second point is refused", Percent, u"4.5.1"_s, "4.51", 4.51);
+    row("a second point is refused", Percent, u"4.5.1"_s, "4.5", 4.5);
     row("a point first", Percent, u".5"_s, "0.5", 0.5);
     row("four decimals of a percent", Percent, u"1.23456"_s, "1.2345", 1.2345);
     row("whole number is not grouped", Integer, u"10000"_s, "10000", 10000);
-    row("whole number without point", Integer, u"1.5"_s, "15", 15);
+    row("whole number without decimals", Integer, u"1.5"_s, "1.", 1);
+    row("whole number with a slash", Integer, u"۱۲/۷"_s, "12.", 12);
 }
 
 void TestKEdit::typed()
@@ -132,6 +142,10 @@ void TestKEdit::pasted_data()
     row("decimals are cut, not joined on", Money, u"1,234.50"_s, 1234);
     row("only letters", Money, u"هیچ"_s, 0);
     row("percent sign behind", Percent, u"9%"_s, 9);
+    row("decimals behind a slash are cut, not joined on", Money, u"5000/25"_s, 5000);
+    row("decimals behind the Persian point are cut", Money, u"۵٬۰۰۰٫۲۵"_s, 5000);
+    row("points that part no groups", Money, u"1000.50.5"_s, 1000);
+    row("a date is no amount of its digits", Money, u"1405/08/29"_s, 1405);
     row("whole number with decimals", Integer, u"12.7"_s, 12);
 }
 
@@ -153,6 +167,96 @@ void TestKEdit::decimalsOfTheOffice()
     QCOMPARE(edit.number(), 1234.56);
     edit.setNumber(7);
     QCOMPARE(edit.text(), u"7.00"_s);
+}
+
+void TestKEdit::refusedDecimalsAreHintedAt_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("pastes");
+    QTest::addColumn<QString>("hint");
+    const QString none = u"اعشار پذیرفته نمی‌شود."_s;
+    const QString two = u"حداکثر 2 رقم اعشار پذیرفته می‌شود."_s;
+    QTest::newRow("typed") << 0 << u"1000.5"_s << false << none;
+    QTest::newRow("pasted") << 0 << u"1000.5"_s << true << none;
+    QTest::newRow("a third decimal typed") << 2 << u"1000.505"_s << false << two;
+    QTest::newRow("a third decimal pasted") << 2 << u"1000/505"_s << true << two;
+    QTest::newRow("decimals that the unit has") << 2 << u"1000.50"_s << false << QString();
+    QTest::newRow("a point alone") << 0 << u"1000."_s << false << QString();
+}
+
+void TestKEdit::refusedDecimalsAreHintedAt()
+{
+    QFETCH(int, decimals);
+    QFETCH(QString, text);
+    QFETCH(bool, pastes);
+    QFETCH(QString, hint);
+    setDefaultMoneyDecimals(decimals);
+    KEdit edit(KEdit::Kind::Money);
+    if (pastes)
+        paste(edit, text);
+    else
+        Hand::typeInto(edit, text);
+    QCOMPARE(edit.notice(), hint);
+    QCOMPARE(edit.accessibleDescription(), hint);
+    QVERIFY(edit.isEntryValid());
+    // The rest of the entry was taken, and finishing it is the end of the hint.
+    QTest::keyClick(&edit, Qt::Key_Return);
+    QCOMPARE(edit.notice(), QString());
+    QCOMPARE(edit.text(), DToMoney(edit.number()));
+}
+
+void TestKEdit::refusedPointTakesItsDecimalsWithIt_data()
+{
+    QTest::addColumn<QString>("before"); // | is the caret
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("before digits of the whole") << u"2|500"_s << u".7"_s << u"2|500"_s;
+    QTest::newRow("in the whole of an amount with decimals") << u"2|5.50"_s << u"/99"_s << u"2|5.50"_s;
+    QTest::newRow("a second point behind the first") << u"25.5|"_s << u".7"_s << u"25.5|"_s;
+}
+
+void TestKEdit::refusedPointTakesItsDecimalsWithIt()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, keys);
+    KEdit edit(KEdit::Kind::Percent);
+    edit.setDecimals(2);
+    edit.setRange(0, 10000);
+    edit.setText(QString(before).remove(u'|'));
+    edit.setCursorPosition(int(before.indexOf(u'|')));
+    Hand::typeInto(edit, keys);
+    QTEST(edit.text().insert(edit.cursorPosition(), u'|'), "after");
+    QVERIFY(!edit.notice().isEmpty());
+    // Any other key ends it.
+    QTest::keyClick(&edit, Qt::Key_Home);
+    Hand::typeInto(edit, u"1"_s);
+    QVERIFY(edit.text().startsWith(u'1'));
+}
+
+void TestKEdit::hintMarksAnEntryThatStaysValid()
+{
+    const QString hint = u"کمیسیون این مبلغ را وارد کنید"_s;
+    KEdit edit(KEdit::Kind::Money);
+    edit.setNumber(5);
+    edit.setHint(hint);
+    QCOMPARE(edit.notice(), hint);
+    QCOMPARE(edit.accessibleDescription(), hint);
+    QVERIFY(edit.isEntryValid());
+    // Passing through the line leaves the hint, an edit answers it.
+    QTest::keyClick(&edit, Qt::Key_Return);
+    QCOMPARE(edit.notice(), hint);
+    Hand::typeInto(edit, u"7"_s);
+    QCOMPARE(edit.notice(), QString());
+    edit.setHint(hint);
+    edit.setHint({});
+    QCOMPARE(edit.accessibleDescription(), QString());
+    // What is refused comes before what is only to be considered.
+    edit.setRange(0, 10);
+    edit.setHint(hint);
+    edit.setNumber(11);
+    QCOMPARE(edit.notice(), edit.entryError());
+    QVERIFY(!edit.isEntryValid());
 }
 
 void TestKEdit::caretStaysBehindItsDigit_data()

@@ -5,6 +5,7 @@
 
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/values/Money.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
@@ -34,6 +35,8 @@ private Q_SLOTS:
     void computedCellFollowsTheLine();
     void numbersAreTakenAsTheyAreTyped_data();
     void numbersAreTakenAsTheyAreTyped();
+    void moneySetAsATextKeepsToTheUnitsDecimals_data();
+    void moneySetAsATextKeepsToTheUnitsDecimals();
     void emptyLinesAreLeftOut();
     void enterGoesThroughTheCellsIntoANewLine();
     void enterOnAnEmptyLastLineLeavesTheGrid();
@@ -206,6 +209,10 @@ void TestKLinesView::numbersAreTakenAsTheyAreTyped_data()
         << int(Count) << u"12345678901"_s << u"12345678901"_s << 12345678901.0;
     QTest::newRow("money above what the entry line takes")
         << int(Price) << u"2000000000000000"_s << u"2,000,000,000,000,000"_s << 2e15;
+    QTest::newRow("money with decimals that the unit does not have")
+        << int(Price) << u"2500000.7"_s << u"2,500,000"_s << 2500000.0;
+    QTest::newRow("money with a slash") << int(Price) << u"۵۰۰۰/۲۵"_s << u"5,000"_s << 5000.0;
+    QTest::newRow("count with too many decimals") << int(Count) << u"1.23456"_s << u"1.2345"_s << 1.2345;
     QTest::newRow("letters are dropped") << int(Price) << u"12x0"_s << u"120"_s << 120.0;
 }
 
@@ -217,6 +224,28 @@ void TestKLinesView::numbersAreTakenAsTheyAreTyped()
     type(typed);
     QTEST(shown(0, column), "shown");
     QTEST(m_model->line(0).at(column).number, "number");
+}
+
+void TestKLinesView::moneySetAsATextKeepsToTheUnitsDecimals_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("number");
+    QTest::newRow("no decimals") << 0 << u"1000.50"_s << 1000.0;
+    QTest::newRow("two decimals") << 2 << u"۱۰۰۰٫۵۰۷"_s << 1000.5;
+    QTest::newRow("in groups") << 0 << u"1,250,000"_s << 1250000.0;
+    QTest::newRow("below zero") << 0 << u"-7"_s << -7.0;
+}
+
+// As a screen reader sets it.
+void TestKLinesView::moneySetAsATextKeepsToTheUnitsDecimals()
+{
+    QFETCH(int, decimals);
+    QFETCH(QString, text);
+    setDefaultMoneyDecimals(decimals);
+    QVERIFY(m_model->setData(m_model->index(0, Price), text));
+    setDefaultMoneyDecimals(0);
+    QTEST(m_model->line(0).at(Price).number, "number");
 }
 
 void TestKLinesView::emptyLinesAreLeftOut()
