@@ -210,11 +210,10 @@ void CDlgAddAutomobilContractBase::wireFigures()
             m_figureColumns.append(figure);
     }
     for (const auto &figure : std::as_const(m_figureColumns)) {
-        connect(m_form->edit(figure.second), &KEdit::numberEdited, this, [this, field = figure.first](double number) {
-            setCommissionValue(m_figures, field, number);
-            recompute(field);
-        });
+        connect(m_form->edit(figure.second), &KEdit::numberEdited, this,
+                [this, field = figure.first](double number) { figureEdited(field, number); });
     }
+    connect(m_form->edit(column("dAmount")), &KEdit::editingFinished, this, [this] { m_beforeAmount.reset(); });
     auto wire = [this](ContractPartyGroup *group, CommissionParty CommissionFields::*party, const ContractPartySide &side) {
         connect(group, &ContractPartyGroup::kindChanged, this, [this, group, party, field = side.kindField] {
             (m_figures.*party).kind = group->kind();
@@ -231,16 +230,38 @@ void CDlgAddAutomobilContractBase::wireFigures()
     wire(m_second, &CommissionFields::second, ContractPartySide::second());
 }
 
-void CDlgAddAutomobilContractBase::recompute(CommissionField changed)
+// The beginning of an amount may fall into another tier than the whole. So each key of its entry starts from the figures
+// before the entry, and an amount above the last tier leaves the commission that stood then.
+void CDlgAddAutomobilContractBase::figureEdited(CommissionField figure, double number)
 {
-    showFigures(afterChange(changed, m_figures, m_tiers));
+    const bool isAmount = figure == CommissionField::Amount;
+    if (isAmount && !m_beforeAmount)
+        m_beforeAmount = m_figures;
+    else if (isAmount)
+        m_figures = *m_beforeAmount;
+    setCommissionValue(m_figures, figure, number);
+    recompute(figure);
+    if (isAmount) {
+        const bool byHand = !tierCommission(number, m_tiers);
+        m_form->edit(column("dCommission"))->setHint(byHand ? u"کمیسیون این مبلغ را وارد کنید"_s : QString());
+    }
 }
 
-void CDlgAddAutomobilContractBase::showFigures(const CommissionChanges &changes)
+void CDlgAddAutomobilContractBase::recompute(CommissionField changed)
+{
+    if (changed != CommissionField::Amount)
+        m_beforeAmount.reset();
+    afterChange(changed, m_figures, m_tiers);
+    showFigures();
+}
+
+void CDlgAddAutomobilContractBase::showFigures()
 {
     for (const auto &[field, name] : std::as_const(m_figureColumns)) {
-        if (changes.contains(field))
-            m_form->edit(name)->setNumber(commissionValue(m_figures, field));
+        KEdit *edit = m_form->edit(name);
+        // One that shows its figure may be the line that is being typed into.
+        if (const double figure = commissionValue(m_figures, field); edit->number() != figure)
+            edit->setNumber(figure);
     }
 }
 
@@ -260,6 +281,7 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
     showPersons();
     for (const auto &[field, name] : std::as_const(m_figureColumns))
         setCommissionValue(m_figures, field, contract.value(name).toDouble());
+    m_beforeAmount.reset();
     m_figures.first.kind = m_first->kind();
     m_figures.second.kind = m_second->kind();
     m_first->setShowMode(isShowMode());

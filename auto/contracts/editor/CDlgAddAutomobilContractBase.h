@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 class ArchiveLine;
@@ -52,8 +53,9 @@ private:
     QWidget *buildTexts();
     QWidget *buildRegistrySentence();
     void wireFigures();
+    void figureEdited(CommissionField figure, double number);
     void recompute(CommissionField changed);
-    void showFigures(const CommissionChanges &changes);
+    void showFigures();
     void showPersons();
     void nameGroups(int contractType);
     void showNotes();
@@ -71,5 +73,6 @@ private:
     const CommissionTiers m_tiers;
     const QDate m_today; // by the server's clock
     CommissionFields m_figures;
+    std::optional<CommissionFields> m_beforeAmount; // the figures before the amount that is being entered
     QList<std::pair<CommissionField, QString>> m_figureColumns;
 };

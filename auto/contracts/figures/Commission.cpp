@@ -82,8 +82,6 @@ public:
         }
     }
 
-    const CommissionChanges &changes() const { return m_changes; }
-
 private:
     void set(CommissionField field, double value)
     {
@@ -91,20 +89,13 @@ private:
         if (current == value)
             return;
         current = value;
-        m_changes.insert(field);
         dependantsOf(field);
     }
 
     void amountChanged()
     {
-        for (std::size_t tier = 0; tier < m_tiers.ceilings.size(); ++tier) {
-            if (tier == 2 && !m_tiers.thirdInUse)
-                break;
-            if (m_fields.amount <= m_tiers.ceilings[tier]) {
-                set(CommissionField::Commission, m_fields.amount * m_tiers.percents[tier] / 100.0);
-                break;
-            }
-        }
+        if (const auto commission = tierCommission(m_fields.amount, m_tiers))
+            set(CommissionField::Commission, *commission);
         recomputePays(firstParty, m_fields.first);
         recomputePays(secondParty, m_fields.second);
         recomputeDiscount(firstParty, m_fields.first);
@@ -179,7 +170,6 @@ private:
 
     CommissionFields &m_fields;
     const CommissionTiers &m_tiers;
-    CommissionChanges m_changes;
 };
 
 }
@@ -196,9 +186,17 @@ void setCommissionValue(CommissionFields &fields, CommissionField field, double 
         *target = value;
 }
 
-CommissionChanges afterChange(CommissionField changed, CommissionFields &fields, const CommissionTiers &tiers)
+std::optional<double> tierCommission(double amount, const CommissionTiers &tiers)
 {
-    Recomputation recomputation(fields, tiers);
-    recomputation.dependantsOf(changed);
-    return recomputation.changes();
+    const std::size_t inUse = tiers.thirdInUse ? 3 : 2;
+    for (std::size_t tier = 0; tier < inUse; ++tier) {
+        if (amount <= tiers.ceilings[tier])
+            return amount * tiers.percents[tier] / 100.0;
+    }
+    return std::nullopt;
+}
+
+void afterChange(CommissionField changed, CommissionFields &fields, const CommissionTiers &tiers)
+{
+    Recomputation(fields, tiers).dependantsOf(changed);
 }

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <cstddef>
+#include <optional>
 
 // Rules of the dealership's commission on a contract: the figures of the editor's base page and how a change of one
 // recomputes the others. Amounts in the suite's money unit, percentages 0 to 100; nothing is rounded here.
@@ -36,6 +36,8 @@ struct CommissionParty
     double discountPercent = 0;
     double discount = 0;
     double pays = 0;
+
+    friend bool operator==(const CommissionParty &, const CommissionParty &) = default;
 };
 
 struct CommissionFields
@@ -45,6 +47,8 @@ struct CommissionFields
     double perPartyTotal = 0; // one figure for both parties: whichever party's tax or duty changed last set it
     CommissionParty first;
     CommissionParty second;
+
+    friend bool operator==(const CommissionFields &, const CommissionFields &) = default;
 };
 
 enum class CommissionField : std::size_t {
@@ -70,25 +74,15 @@ enum class CommissionField : std::size_t {
     Count
 };
 
-// The figures that a recomputation changed.
-class CommissionChanges
-{
-public:
-    bool contains(CommissionField field) const { return m_fields.test(static_cast<std::size_t>(field)); }
-    void insert(CommissionField field) { m_fields.set(static_cast<std::size_t>(field)); }
-    bool isEmpty() const { return m_fields.none(); }
-
-private:
-    std::bitset<static_cast<std::size_t>(CommissionField::Count)> m_fields;
-};
-
 // A figure by name, for tables that wire figures to edits. Not for the two kinds, which are no figures.
 double commissionValue(const CommissionFields &fields, CommissionField field);
 void setCommissionValue(CommissionFields &fields, CommissionField field, double value);
 
-// Brings the dependants of a field up to date after the user has set it to its current value, and returns which
-// figures (never the changed one itself) have a new value. Each figure that gets a new value passes it on to its own
-// dependants at once, before the next step of the figure that caused it:
+// The commission of an amount by its tier; none above the last tier in use, where the user enters it.
+std::optional<double> tierCommission(double amount, const CommissionTiers &tiers);
+
+// Brings the dependants of a field up to date after the user has set it to its current value. Each figure that gets a new
+// value passes it on to its own dependants at once, before the next step of the figure that caused it:
 //
 //   amount            commission by tier (left as typed above the last tier in use); then what both parties pay, by kind;
 //                     then both discounts by their percentage
@@ -107,4 +101,4 @@ void setCommissionValue(CommissionFields &fields, CommissionField field, double 
 // value sets off nothing. So after typing an amount or a commission the total is commission + tax + duty as shown, of the
 // party whose tax or duty changed last (the second, when both did). A total that changes puts both payments back to the
 // full total; a discount comes off again with the next change of the amount, of the discount or of its percentage.
-CommissionChanges afterChange(CommissionField changed, CommissionFields &fields, const CommissionTiers &tiers);
+void afterChange(CommissionField changed, CommissionFields &fields, const CommissionTiers &tiers);

@@ -361,6 +361,56 @@ private Q_SLOTS:
                  u"9000001|100000"_s);
     }
 
+    // The beginning of the amount lies in the tiers: none of what it costs may stay behind.
+    void amountTypedKeyByKeyAboveTheLastTierLeavesTheCommissionOfBefore_data()
+    {
+        QTest::addColumn<QString>("amount");
+        QTest::addColumn<int>("deleted"); // its last digits, again
+        QTest::addColumn<double>("commission");
+        QTest::addColumn<bool>("byHand");
+        QTest::newRow("above the last tier") << u"60000000000"_s << 0 << 20000. << true;
+        QTest::newRow("within the last tier") << u"5000000"_s << 0 << 50000. << false;
+        QTest::newRow("above it and back") << u"50000001"_s << 1 << 50000. << false;
+    }
+
+    void amountTypedKeyByKeyAboveTheLastTierLeavesTheCommissionOfBefore()
+    {
+        QFETCH(QString, amount);
+        QFETCH(int, deleted);
+        QFETCH(double, commission);
+        QFETCH(bool, byHand);
+        auto dialog = filledNew();
+        KEdit *commissionLine = edit(*dialog, "dCommission");
+        // The entry before is over.
+        QTest::keyClick(edit(*dialog, "dAmount"), Qt::Key_Return);
+        edit(*dialog, "dAmount")->selectAll();
+        QTest::keyClicks(edit(*dialog, "dAmount"), amount);
+        for (int i = 0; i < deleted; ++i)
+            QTest::keyClick(edit(*dialog, "dAmount"), Qt::Key_Backspace);
+        QCOMPARE(shown(*dialog, "dCommission"), commission);
+        QCOMPARE(shown(*dialog, "dTax"), commission * 0.06);
+        QCOMPARE(shown(*dialog, "dDiscountSecond"), commission * 0.1);
+        QCOMPARE(shown(*dialog, "dPaySecond"), commission * 0.99);
+        QCOMPARE(commissionLine->notice(), byHand ? u"کمیسیون این مبلغ را وارد کنید"_s : QString());
+        QVERIFY(commissionLine->isEntryValid());
+        type(*dialog, "dCommission", "100000");
+        QCOMPARE(commissionLine->notice(), QString());
+    }
+
+    // What was typed by hand for this amount is what stands before the next entry.
+    void amountAboveTheLastTierLeavesWhatWasTypedByHand()
+    {
+        auto dialog = filledNew();
+        edit(*dialog, "dAmount")->setFocus();
+        type(*dialog, "dAmount", "9000000");
+        edit(*dialog, "dCommission")->setFocus();
+        type(*dialog, "dCommission", "33000");
+        edit(*dialog, "dAmount")->setFocus();
+        type(*dialog, "dAmount", "8000000");
+        QCOMPARE(shown(*dialog, "dCommission"), 33000.0);
+        QCOMPARE(shown(*dialog, "dTax"), 1980.0);
+    }
+
     void percentOfZeroMakesTheDiscountExactlyZero()
     {
         auto dialog = filledNew();
