@@ -55,17 +55,33 @@ QVector<KListModel::Column> listColumns()
             {u"وضعیت"_s, Qt::AlignCenter, 80}};
 }
 
-KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, double amount, bool paid,
-                        const QDate &today)
+// An instalment is kept as exact as it was calculated, and shown as it will be received.
+struct ListedAmount
+{
+    double exact = 0;
+    QString shown;
+};
+
+KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, const ListedAmount &amount,
+                        bool paid, const QDate &today)
 {
     KListModel::Row row{key,
                         {{QString::number(number), number},
                          {shamsiText(due), due},
                          {description},
-                         {DToMoney(amount), amount},
+                         {amount.shown, amount.exact},
                          {WordLists::textAt(WordLists::paymentStates(), paid ? 1 : 0)}}};
     row.warning = key > 0 && !paid && due < today;
     return row;
+}
+
+template <class Rows>
+std::vector<double> amountsToReceiveOf(const Rows &rows, int decimals)
+{
+    std::vector<double> amounts;
+    for (const auto &row : rows)
+        amounts.push_back(row.amount);
+    return amountsToReceive(amounts, decimals);
 }
 
 }
@@ -317,11 +333,14 @@ void CDlgCalcPayment::calculate()
 void CDlgCalcPayment::showPlan()
 {
     const QDate today = m_settings.serverTime().date();
+    const int decimals = m_settings.moneyDecimals();
+    const std::vector<double> toReceive = amountsToReceiveOf(m_plan->instalments, decimals);
     QVector<KListModel::Row> rows;
     int number = 0;
     for (const Instalment &instalment : m_plan->instalments) {
+        const ListedAmount amount{instalment.amount, DToMoney(toReceive.at(number), decimals)};
         ++number;
-        rows.append(listRow(-number, number, instalment.due, QString(), instalment.amount, false, today));
+        rows.append(listRow(-number, number, instalment.due, QString(), amount, false, today));
     }
     m_list->setRows(std::move(rows));
     m_total->setNumber(m_plan->total);
@@ -333,29 +352,31 @@ void CDlgCalcPayment::loadPlan()
 {
     m_plan.reset();
     m_stored = StoredInstalments::load(m_contractID);
+    m_toReceive = amountsToReceiveOf(m_stored, m_settings.moneyDecimals());
     m_anyPaid = std::any_of(m_stored.cbegin(), m_stored.cend(), [](const auto &row) { return row.paid; });
     m_note->setVisible(m_anyPaid);
-    showStored(m_stored);
+    showStored();
     updateButtons();
 }
 
-void CDlgCalcPayment::showStored(const std::vector<StoredInstalments::Row> &stored)
+void CDlgCalcPayment::showStored()
 {
     const QDate today = m_settings.serverTime().date();
     QVector<KListModel::Row> rows;
     double total = 0;
     double interest = 0;
-    for (const StoredInstalments::Row &row : stored) {
-        rows.append(listRow(row.id, static_cast<int>(rows.size()) + 1, row.due.date(), row.description, row.amount, row.paid, today));
+    for (const StoredInstalments::Row &row : m_stored) {
+        const int number = static_cast<int>(rows.size()) + 1;
+        const ListedAmount amount{row.amount, DToMoney(m_toReceive.at(number - 1), m_settings.moneyDecimals())};
+        rows.append(listRow(row.id, number, row.due.date(), row.description, amount, row.paid, today));
         total += row.amount;
         interest += row.interest;
     }
     m_list->setRows(std::move(rows));
     m_total->setNumber(total);
     m_interest->setNumber(interest);
-    if (stored.empty())
-        return;
-    setTerms(StoredInstalments::termsOf(stored));
+    if (!m_stored.empty())
+        setTerms(StoredInstalments::termsOf(m_stored));
 }
 
 void CDlgCalcPayment::savePlan()
@@ -425,7 +446,8 @@ void CDlgCalcPayment::receiveSelected()
         return;
     const QString description =
         u"بابت قسط شماره %1 قرارداد شماره %2"_s.arg(selected->number).arg(m_contractCode);
-    if (!GetDBSetting()->CashFromPersonMulti(m_personID, selected->amount, description, this))
+    const double amount = m_toReceive.at(static_cast<std::size_t>(selected - m_stored.cbegin()));
+    if (!GetDBSetting()->CashFromPersonMulti(m_personID, amount, description, this))
         return;
     StoredInstalments::markPaid(key);
     loadPlan();

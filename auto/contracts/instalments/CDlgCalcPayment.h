@@ -57,7 +57,7 @@ private:
     QWidget *buildSums();
     QWidget *buildButtons();
     void loadPlan();
-    void showStored(const std::vector<StoredInstalments::Row> &rows);
+    void showStored();
     void showPlan();
     void updateButtons();
     bool refuse(const QString &message, QWidget *field);
@@ -74,6 +74,7 @@ private:
     bool m_readOnly = false;
     bool m_anyPaid = false;
     std::vector<StoredInstalments::Row> m_stored; // what the list shows, unless a plan was just calculated
+    std::vector<double> m_toReceive;              // for each of those, in the decimals of the money unit
     std::optional<InstalmentPlan> m_plan;         // calculated and not yet saved
     InstalmentTerms m_plannedTerms;
     KEdit *m_principal = nullptr;

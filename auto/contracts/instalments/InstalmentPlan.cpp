@@ -6,6 +6,9 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace {
 
 constexpr double monthsOfYear = 12;
@@ -69,4 +72,18 @@ InstalmentPlan instalmentPlan(const InstalmentTerms &terms)
     plan.total = instalment * terms.count;
     plan.interest = plan.total - terms.principal;
     return plan;
+}
+
+std::vector<double> amountsToReceive(const std::vector<double> &instalments, int decimals)
+{
+    // Many large amounts are added up: in double alone their rounding would reach the decimals.
+    const long double sum = std::accumulate(instalments.cbegin(), instalments.cend(), 0.0L);
+    double left = roundToDecimals(static_cast<double>(sum), decimals);
+    std::vector<double> amounts;
+    for (std::size_t i = 0; i < instalments.size(); ++i) {
+        const bool isLast = i + 1 == instalments.size();
+        amounts.push_back(isLast ? left : std::min(roundToDecimals(instalments[i], decimals), left));
+        left = roundToDecimals(left - amounts.back(), decimals);
+    }
+    return amounts;
 }

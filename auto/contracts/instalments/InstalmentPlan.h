@@ -66,3 +66,7 @@ double intervalInMonths(int interval, IntervalUnit unit);
 // A step is the interval in days, or, for months, the length of the Shamsi month that contains the current date - one month
 // whatever the interval, which counts in the interest only. Terms must have no problem.
 InstalmentPlan instalmentPlan(const InstalmentTerms &terms);
+
+// What is received for each of a plan's instalments, in their order: its amount rounded to the decimals of the money unit, 0 to
+// 4. The last one carries the difference, so that together they are the plan's sum in those decimals; none is below zero.
+std::vector<double> amountsToReceive(const std::vector<double> &instalments, int decimals);

@@ -46,11 +46,12 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
     build();
     m_person->setText(KLookup::name<CTblReceipts>(u"iPersonID", personID));
     m_person->setCursorPosition(0);
-    m_amount->setNumber(amount);
+    // What is received is what the line shows.
+    m_amount->setNumber(roundToDecimals(amount, m_settings.moneyDecimals()));
     m_desc->setText(desc);
     m_date->setDate(m_settings.serverTime().date());
     fillAccounts();
-    showWords(amount);
+    showWords(m_amount->number());
     m_amount->setFocus();
 }
 

@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -286,6 +287,46 @@ private Q_SLOTS:
         dialog.deletePlan();
         QCOMPARE(dialog.list()->count(), 0);
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"0"_s);
+    }
+
+    void receivedInstalmentsHaveNoFractionsAndAreThePlansSum_data()
+    {
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("received");
+        QTest::addColumn<QStringList>("listed");
+        QTest::newRow("no decimals") << 0 << u"333/333/334"_s << QStringList{u"333"_s, u"333"_s, u"334"_s};
+        QTest::newRow("two decimals") << 2 << u"333.33/333.33/333.34"_s << QStringList{u"333.33"_s, u"333.33"_s, u"333.34"_s};
+    }
+
+    void receivedInstalmentsHaveNoFractionsAndAreThePlansSum()
+    {
+        QFETCH(int, decimals);
+        QFETCH(QString, received);
+        QFETCH(QStringList, listed);
+        GetDBSetting()->SetMoneyDecimals(decimals);
+        const auto back = qScopeGuard([] { GetDBSetting()->SetMoneyDecimals(0); });
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        InstalmentTerms thirds = terms(3);
+        thirds.principal = 1000;
+        thirds.rate = 0;
+        dialog.setTerms(thirds);
+        dialog.calculate();
+        const auto amounts = [&dialog] {
+            QStringList texts;
+            for (int row = 0; row < dialog.list()->count(); ++row)
+                texts << dialog.list()->cellText(row, 3);
+            return texts;
+        };
+        QCOMPARE(amounts(), listed);
+        dialog.savePlan();
+        QCOMPARE(amounts(), listed);
+        for (int row = 0; row < 3; ++row) {
+            dialog.list()->selectRow(row);
+            TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+            dialog.receiveSelected();
+        }
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(dAmount ORDER BY iID SEPARATOR '/') FROM Receipts"_s), received);
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',SUM(dBed),SUM(dBes)) FROM Docs"_s), u"1000/1000"_s);
     }
 
     void receivedInstalmentIsPaidAndThePlanStaysAsItIs()

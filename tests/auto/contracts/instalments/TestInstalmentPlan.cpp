@@ -7,6 +7,9 @@
 
 #include <QTest>
 
+#include <cmath>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 class TestInstalmentPlan : public QObject
@@ -62,6 +65,41 @@ private Q_SLOTS:
         QCOMPARE(plan.instalments.size(), size_t(count));
         for (const Instalment &row : plan.instalments)
             QCOMPARE(row.amount, instalment);
+    }
+
+    void receivedAmountsAreThePlansSum_data()
+    {
+        QTest::addColumn<std::vector<double>>("instalments");
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<std::vector<double>>("received");
+        using Amounts = std::vector<double>;
+        QTest::newRow("a third of a thousand") << Amounts(3, 1000. / 3) << 0 << Amounts{333, 333, 334};
+        QTest::newRow("two thirds") << Amounts(3, 2000. / 3) << 0 << Amounts{667, 667, 666};
+        QTest::newRow("two decimals") << Amounts(3, 1000. / 3) << 2 << Amounts{333.33, 333.33, 333.34};
+        QTest::newRow("halves") << Amounts(12, 106.5) << 0 << Amounts{107, 107, 107, 107, 107, 107, 107, 107, 107, 107, 107, 101};
+        QTest::newRow("whole amounts") << Amounts(3, 112) << 0 << Amounts{112, 112, 112};
+        QTest::newRow("a sum with a fraction") << Amounts(2, 50.2) << 0 << Amounts{50, 50};
+        QTest::newRow("less than one each") << Amounts(5, 0.6) << 0 << Amounts{1, 1, 1, 0, 0};
+        QTest::newRow("one") << Amounts{1000. / 3} << 0 << Amounts{333};
+        QTest::newRow("none") << Amounts{} << 0 << Amounts{};
+    }
+
+    void receivedAmountsAreThePlansSum()
+    {
+        QFETCH(std::vector<double>, instalments);
+        QFETCH(int, decimals);
+        QTEST(amountsToReceive(instalments, decimals), "received");
+    }
+
+    void manyReceivedAmountsAreThePlansSum()
+    {
+        const std::vector<double> plan(1200, 98'765'432'109. / 1200);
+        double sum = 0;
+        for (const double amount : amountsToReceive(plan, 0)) {
+            QCOMPARE(amount, std::round(amount));
+            sum += amount;
+        }
+        QCOMPARE(sum, 98'765'432'109.);
     }
 
     void dueDates_data()

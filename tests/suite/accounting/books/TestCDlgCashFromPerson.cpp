@@ -33,6 +33,8 @@ private Q_SLOTS:
     void init();
     void windowShowsPersonAmountAndWords();
     void okSavesReceiptAndBalancedDocument();
+    void amountIsReceivedInTheDecimalsOfTheMoneyUnit_data();
+    void amountIsReceivedInTheDecimalsOfTheMoneyUnit();
     void moneyToTheBankStandsOnTheBankAccount();
     void cancelSavesNothing();
     void keyboardAloneSaves();
@@ -126,6 +128,26 @@ void TestCDlgCashFromPerson::okSavesReceiptAndBalancedDocument()
              u"1101|110101|0|1250000|0 1103|110301|%1|0|1250000"_s.arg(m_person));
     QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestCDlgCashFromPerson::amountIsReceivedInTheDecimalsOfTheMoneyUnit_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("received");
+    QTest::newRow("none") << 0 << u"334"_s;
+    QTest::newRow("two") << 2 << u"333.67"_s;
+}
+
+void TestCDlgCashFromPerson::amountIsReceivedInTheDecimalsOfTheMoneyUnit()
+{
+    QFETCH(int, decimals);
+    QFETCH(QString, received);
+    GetDBSetting()->SetMoneyDecimals(decimals);
+    CDlgCashFromPerson dialog(m_person, 1001. / 3, u"بابت قسط"_s);
+    dialog.accept();
+    GetDBSetting()->SetMoneyDecimals(0);
+    QCOMPARE(value("SELECT dAmount FROM Receipts"), received);
+    QCOMPARE(value("SELECT CONCAT_WS('/',MAX(dBed),MAX(dBes)) FROM Docs"), u"%1/%1"_s.arg(received));
 }
 
 void TestCDlgCashFromPerson::moneyToTheBankStandsOnTheBankAccount()
