@@ -303,28 +303,37 @@ bool CDlgCalcPayment::refuse(const QString &message, QWidget *field)
     return false;
 }
 
-void CDlgCalcPayment::calculate()
+// A marked line does not show the number that it gives.
+bool CDlgCalcPayment::checkEntries()
 {
-    if (!changesAllowed())
-        return;
-    const InstalmentTerms wanted = terms();
-    switch (problemOf(wanted)) {
+    const auto isRight = [this](auto *edit) {
+        return edit->isEntryValid() || refuse(edit->accessibleName() + u' ' + edit->entryError(), edit);
+    };
+    return isRight(m_principal) && isRight(m_start) && isRight(m_rate) && isRight(m_count) && isRight(m_interval);
+}
+
+bool CDlgCalcPayment::checkTerms(const InstalmentTerms &terms)
+{
+    switch (problemOf(terms)) {
     case InstalmentProblem::NoPrincipal:
-        refuse(u"لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید."_s, m_principal);
-        return;
+        return refuse(u"لطفا مبلغ مانده فاکتور جهت تقسیط را وارد نمایید."_s, m_principal);
     case InstalmentProblem::NoCount:
-        refuse(u"لطفا تعداد اقساط را وارد نمایید."_s, m_count);
-        return;
+        return refuse(u"لطفا تعداد اقساط را وارد نمایید."_s, m_count);
     case InstalmentProblem::NoInterval:
-        refuse(u"لطفا فاصله اقساط را وارد نمایید."_s, m_interval);
-        return;
+        return refuse(u"لطفا فاصله اقساط را وارد نمایید."_s, m_interval);
     case InstalmentProblem::None:
         break;
     }
-    if (!wanted.start.isValid()) {
-        refuse(u"لطفا تاریخ شروع را وارد نمایید."_s, m_start);
+    return terms.start.isValid() || refuse(u"لطفا تاریخ شروع را وارد نمایید."_s, m_start);
+}
+
+void CDlgCalcPayment::calculate()
+{
+    if (!changesAllowed() || !checkEntries())
         return;
-    }
+    const InstalmentTerms wanted = terms();
+    if (!checkTerms(wanted))
+        return;
     m_plannedTerms = wanted;
     m_plan = instalmentPlan(wanted);
     showPlan();

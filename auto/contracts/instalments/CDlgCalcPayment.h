@@ -61,6 +61,9 @@ private:
     void showPlan();
     void updateButtons();
     bool refuse(const QString &message, QWidget *field);
+    // When false, the reason has been shown.
+    bool checkEntries();
+    bool checkTerms(const InstalmentTerms &terms);
     void guarded(void (CDlgCalcPayment::*command)());
     // Asks the database: for a command that is about to change the plan.
     bool changesAllowed() const;

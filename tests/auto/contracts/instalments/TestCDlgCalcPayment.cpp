@@ -14,6 +14,7 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/BooksAgree.h"
+#include "tests/support/NamedWidget.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -144,6 +145,41 @@ private Q_SLOTS:
         dialog.calculate();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
         QCOMPARE(dialog.list()->count(), 12);
+    }
+
+    // Nothing is calculated with a number that the line does not show.
+    void markedEntryStopsTheCalculation_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("message");
+        const auto row = [](const QString &name, const char *typed, const QString &why) {
+            QTest::newRow(typed) << name << QString::fromLatin1(typed) << name + u' ' + why;
+        };
+        row(u"درصد بهره :"_s, "250", u"مقدار باید بین 0 و 100 باشد."_s);
+        row(u"تعداد اقساط :"_s, "1500", u"مقدار باید بین 0 و 1200 باشد."_s);
+        row(u"فاصله اقساط :"_s, "5000", u"مقدار باید بین 0 و 3650 باشد."_s);
+        row(u"مبلغ مانده فاکتور جهت تقسيط :"_s, "5000000000000000", u"مقدار باید بین 0 و 999,999,999,999,999 باشد."_s);
+        row(u" شروع تاريخ :"_s, "1405/13/40", u"تاریخ نادرست است. نمونه : 1405/08/29"_s);
+    }
+
+    void markedEntryStopsTheCalculation()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, typed);
+        QFETCH(QString, message);
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms());
+        dialog.calculate();
+        dialog.show();
+        auto *edit = named<QLineEdit>(dialog, name);
+        QVERIFY(edit);
+        edit->setText(typed);
+        dialog.calculate();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+        QCOMPARE(dialog.focusWidget(), edit);
+        QCOMPARE(dialog.list()->count(), 12);
+        QCOMPARE(dialog.shownTotal(), 1344.0);
     }
 
     void savingAnEmptyListIsRefused()
