@@ -153,7 +153,7 @@ void CDlgAutomobilContracts::settle(Side side)
         return;
     }
     GetDBSetting()->CashFromPersonMulti(due.personID, due.amount,
-                                        u"بابت کمسیون قرارداد شماره %1"_s.arg(contract.m_iNum), this);
+                                        u"بابت کمسیون قرارداد شماره %1"_s.arg(contract.number()), this);
 }
 
 void CDlgAutomobilContracts::editSettings()

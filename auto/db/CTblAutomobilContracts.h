@@ -152,6 +152,9 @@ public:
     bool Delete() override;
     QString GetTableName() const override;
 
+    // What the contract is called by: its number in the registry, or its code while it has none.
+    qint32 number() const { return m_iNum != 0 ? m_iNum : m_iCode; }
+
     // One more than the highest iCode of the table; 1 for an empty one. Read without a lock.
     static qint32 nextCode(int database = 0);
     // Puts the contract of that code into the archive of that user, or takes it out; both set dateArchive to now.

@@ -32,8 +32,7 @@ ContractForDocument forDocument(const CTblAutomobilContracts &contract)
 
 DocumentContent ContractPosting::documentOf(const CTblAutomobilContracts &contract)
 {
-    const int number = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
-    return {contract.m_dateContract, contractDocumentDescription(contract.m_iContractType, number),
+    return {contract.m_dateContract, contractDocumentDescription(contract.m_iContractType, contract.number()),
             contractDocumentRows(forDocument(contract))};
 }
 

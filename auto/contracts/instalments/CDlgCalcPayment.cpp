@@ -98,7 +98,7 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     if (contract.IsRecordExist(u"iID"_s, contractID)) {
         m_contractCode = contract.m_iCode;
         m_confirmed = contract.m_iDocNum > 0;
-        m_contractNumber = contract.m_iNum != 0 ? contract.m_iNum : contract.m_iCode;
+        m_contractNumber = contract.number();
     }
     build(principal);
     loadPlan();

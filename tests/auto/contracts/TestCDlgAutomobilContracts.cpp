@@ -577,6 +577,21 @@ private Q_SLOTS:
         QCOMPARE(m_office->database().value(u"SELECT SUM(dBed)=SUM(dBes) AND SUM(dBed)>0 FROM Docs"_s), u"1"_s);
     }
 
+    void contractWithoutARegistryNumberIsSettledByItsCode()
+    {
+        const int seller = m_office->addPerson(u"سارا"_s, u"کریمی"_s);
+        addNamed(u"a"_s, [=](Contract &c) {
+            c.m_iPersonFirstID = seller;
+            c.m_dPayFirst = 100;
+            c.m_iCode = 731;
+        });
+        CDlgAutomobilContracts page;
+        page.open();
+        TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        QVERIFY(page.runCommand(u"settleSeller"));
+        QCOMPARE(m_office->database().value(u"SELECT sDesc FROM Receipts"_s), u"بابت کمسیون قرارداد شماره 731"_s);
+    }
+
     void settlingASideWithoutAPersonDoesNothing()
     {
         addNamed(u"a"_s, [](Contract &c) { c.m_dPayFirst = 100; });
