@@ -9,7 +9,11 @@ using namespace Qt::StringLiterals;
 
 KListColumn KListColumn::rowNumber(int width)
 {
-    return {.key = u"row"_s, .title = u"ردیف"_s, .width = width, .cell = [](KMySQL &, int row) { return number(row); }};
+    return {.key = u"row"_s,
+            .title = u"ردیف"_s,
+            .width = width,
+            .cell = [](KMySQL &, int row) { return number(row); },
+            .countsRows = true};
 }
 
 KListColumn::Cell KListColumn::yesOrDash(const QVariant &value)

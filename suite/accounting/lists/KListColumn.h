@@ -31,6 +31,7 @@ struct TZACCOUNTING_EXPORT KListColumn
                                                         // the cell is what stands where a key has no name
     QString emptyText = {};                             // stands where the text would be empty
     bool isCode = false;                                // as KListModel::Column::isCode
+    bool countsRows = false;                            // as KListModel::Column::countsRows
 
     // The running number of the row.
     static KListColumn rowNumber(int width = 40);

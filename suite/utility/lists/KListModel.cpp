@@ -151,7 +151,21 @@ bool KListModel::removeKey(int key)
     beginRemoveRows({}, row, row);
     m_rows.removeAt(row);
     endRemoveRows();
+    countRowsFrom(row);
     return true;
+}
+
+void KListModel::countRowsFrom(int first)
+{
+    if (first >= m_rows.size())
+        return;
+    for (int column = 0; column < m_columns.size(); ++column) {
+        if (!m_columns[column].countsRows)
+            continue;
+        for (int row = first; row < m_rows.size(); ++row)
+            m_rows[row].cells[column] = {QString::number(row + 1), row + 1};
+        Q_EMIT dataChanged(index(first, column), index(int(m_rows.size()) - 1, column));
+    }
 }
 
 void KListModel::clear()

@@ -32,8 +32,9 @@ public:
         int width = 80;                           // dialog units: quarters of the font's average character; 0: not shown
         QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
-        bool isCode = false; // a plate, a chassis number: drawn from left to right, its letters too
-        QString key = {};    // plain English, by which code and tests name the column
+        bool isCode = false;     // a plate, a chassis number: drawn from left to right, its letters too
+        QString key = {};        // plain English, by which code and tests name the column
+        bool countsRows = false; // holds the running number of its rows, from 1
     };
 
     // The value may stay empty. Dates and numbers set as value are drawn left to right.
@@ -79,7 +80,7 @@ public:
     // end.
     void setRows(QVector<Row> rows);
     void appendRow(Row row);
-    // False when no row has the key.
+    // The rows behind it are counted anew. False when no row has the key.
     bool removeKey(int key);
     void clear();
     // A list with a source makes all its rows for this.
@@ -108,6 +109,7 @@ public:
 
 private:
     const Row &rowAt(int row) const;
+    void countRowsFrom(int first);
 
     QVector<Column> m_columns;
     int m_markedColumn = -1;

@@ -153,6 +153,7 @@ private Q_SLOTS:
         g_pDlgYesNo->answerNext(KMessageDialog::Yes);
         page.deleteCurrent();
         QCOMPARE(names(page), (QStringList{u"b"_s, u"a"_s}));
+        QCOMPARE(page.list()->cellText(1, u"row"), u"2"_s);
         QCOMPARE(m_office->database.value(u"SELECT GROUP_CONCAT(sName ORDER BY iID) FROM Items"_s),
                  u"b,a"_s);
         QCOMPARE(page.countText(), u"تعداد : 2"_s);

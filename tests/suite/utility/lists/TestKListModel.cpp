@@ -37,6 +37,7 @@ private Q_SLOTS:
     void cells();
     void missingCellsAreEmpty();
     void keys();
+    void rowsAreCountedAnewAfterARemovedOne();
     void removeKey();
     void sortRoleGivesTheRawValue();
     void alignmentIsAsSeen();
@@ -94,6 +95,29 @@ void TestKListModel::keys()
     QCOMPARE(model.keyAt(-1), 0);
     QCOMPARE(model.rowOfKey(7), 1);
     QCOMPARE(model.rowOfKey(6), -1);
+}
+
+void TestKListModel::rowsAreCountedAnewAfterARemovedOne()
+{
+    KListModel model;
+    KListModel::Column number{u"ردیف"_s};
+    number.countsRows = true;
+    model.setColumns({{u"نام"_s}, number});
+    const auto row = [](int key, int number) {
+        return KListModel::Row{key, {{QString::number(key)}, {QString::number(number), number}}};
+    };
+    model.setRows({row(50, 1), row(60, 2), row(70, 3), row(80, 4)});
+    const QAbstractItemModelTester tester(&model);
+    QSignalSpy changed(&model, &KListModel::dataChanged);
+    QVERIFY(model.removeKey(60));
+    for (int at = 0; at < 3; ++at) {
+        QCOMPARE(model.index(at, 1).data().toString(), QString::number(at + 1));
+        QCOMPARE(model.index(at, 1).data(KListModel::SortRole).toInt(), at + 1);
+    }
+    QCOMPARE(model.index(1, 0).data().toString(), u"70"_s);
+    QCOMPARE(changed.size(), 1);
+    QVERIFY(model.removeKey(80));
+    QCOMPARE(changed.size(), 1);
 }
 
 void TestKListModel::removeKey()
