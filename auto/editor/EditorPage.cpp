@@ -12,11 +12,17 @@ EditorTabPage::EditorTabPage(EditorMode mode, const QString &title, QWidget *par
     setTitle(title);
 }
 
+void EditorTabPage::goTo(QWidget *field)
+{
+    Q_EMIT frontRequested();
+    field->setFocus(Qt::TabFocusReason);
+}
+
 bool EditorTabPage::refuse(const QString &message, QWidget *field)
 {
     Q_EMIT frontRequested();
     g_pDlgWarning->Show(message, this);
-    field->setFocus(Qt::TabFocusReason);
+    goTo(field);
     return false;
 }
 

@@ -23,6 +23,8 @@ public:
     EditorMode mode() const { return m_mode; }
     bool isShowMode() const { return m_mode == EditorMode::Show; }
 
+    // Brings the page to the front and focuses the field.
+    void goTo(QWidget *field);
     // Brings the page to the front, shows the message, focuses the field and returns false.
     bool refuse(const QString &message, QWidget *field);
     // The same for an entry of the form; the message begins with the field's name.

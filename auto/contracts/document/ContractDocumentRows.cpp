@@ -110,3 +110,17 @@ QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract)
     rows.duty(contract.second);
     return rows.take();
 }
+
+std::optional<double> amountCharged(double commission, const ContractDocumentParty &party)
+{
+    if (party.kind == PartyKind::Showroom)
+        return party.tax + party.duty;
+    if (party.personID == 0)
+        return std::nullopt;
+    double charged = 0;
+    for (const DocumentRow &row : contractDocumentRows({commission, party, {}})) {
+        if (row.personID == party.personID)
+            charged += row.debit - row.credit;
+    }
+    return charged;
+}

@@ -6,6 +6,8 @@
 #include "auto/contracts/figures/Commission.h"
 #include "suite/accounting/books/DocumentRow.h"
 
+#include <optional>
+
 // Rules of a contract's accounting document: its header text and its rows.
 
 // One side of the contract as the document sees it. Amounts in the suite's money unit.
@@ -39,3 +41,7 @@ QString contractDocumentDescription(int contractType, int number);
 //   tax, duty   of a party that is the dealership itself, again: expense account / party, which clears what the pair
 //               before charged, so that the dealership bears its own tax and duty as an expense
 QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract);
+
+// What the rows charge one party: a person by the rows that name the person, the dealership itself by the tax and duty that it
+// bears. Nothing for a party typed in by hand, whose commission no row can name.
+std::optional<double> amountCharged(double commission, const ContractDocumentParty &party);

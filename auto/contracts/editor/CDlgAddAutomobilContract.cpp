@@ -162,7 +162,8 @@ QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const
 
 bool CDlgAddAutomobilContract::validatePages()
 {
-    return validateInOrder(pages()) && (!m_customFields->isOpened() || m_customFields->validate());
+    return validateInOrder(pages()) && (!m_customFields->isOpened() || m_customFields->validate())
+        && m_base->settlePayments();
 }
 
 bool CDlgAddAutomobilContract::save()

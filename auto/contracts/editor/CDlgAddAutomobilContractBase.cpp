@@ -5,6 +5,7 @@
 
 #include "auto/editor/ArchiveLine.h"
 #include "auto/words/WordLists.h"
+#include "auto/contracts/document/ContractDocumentRows.h"
 #include "auto/contracts/editor/ContractNotes.h"
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
@@ -31,6 +32,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -391,6 +394,47 @@ bool CDlgAddAutomobilContractBase::validateEntries()
         return refuseEntry(*problem);
     if (const QString problem = ContractNotes::problem(m_notes); !problem.isEmpty())
         return refuse(problem, m_notesButton);
+    return true;
+}
+
+QList<CDlgAddAutomobilContractBase::PaymentDifference> CDlgAddAutomobilContractBase::paymentDifferences() const
+{
+    const std::tuple<const ContractPartyGroup *, const CommissionParty &, CommissionField, QString> parties[] = {
+        {m_first, m_figures.first, CommissionField::FirstPays, ContractPartySide::first().pays},
+        {m_second, m_figures.second, CommissionField::SecondPays, ContractPartySide::second().pays}};
+    QList<PaymentDifference> differences;
+    for (const auto &[group, party, figure, name] : parties) {
+        const auto charged = amountCharged(m_figures.commission,
+                                           {group->personField()->personID(), group->name(), party.kind, party.discount,
+                                            party.taxPercent, party.tax, party.dutyPercent, party.duty});
+        // Two amounts that are shown alike are one to the user.
+        if (charged && DToMoney(*charged) != DToMoney(party.pays))
+            differences.append({figure, m_form->edit(name), group->name(), *charged});
+    }
+    return differences;
+}
+
+bool CDlgAddAutomobilContractBase::settlePayments()
+{
+    const QList<PaymentDifference> differences = paymentDifferences();
+    if (differences.isEmpty())
+        return true;
+    QStringList sentences;
+    for (const PaymentDifference &difference : differences)
+        sentences.append(u"پرداختي %1 %2 است، اما سند قرارداد برای او %3 ثبت می‌کند."_s.arg(
+            difference.name, DToMoney(difference.edit->number()), DToMoney(difference.charged)));
+    sentences.append(u"آیا مبلغ سند جایگزین پرداختي شود؟"_s);
+    Q_EMIT frontRequested();
+    const KMessageDialog::Answer answer = g_pDlgYesNo->AskOrCancel(sentences.join(u'\n'), this);
+    if (answer == KMessageDialog::Cancel) {
+        goTo(differences.constFirst().edit);
+        return false;
+    }
+    for (const PaymentDifference &difference : differences) {
+        if (answer == KMessageDialog::Yes)
+            setCommissionValue(m_figures, difference.figure, difference.charged);
+    }
+    showFigures();
     return true;
 }
 

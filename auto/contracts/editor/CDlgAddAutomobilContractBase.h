@@ -37,6 +37,10 @@ public:
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilContracts &contract) override;
 
+    // Asks what to do where a party pays another amount than the contract's document will charge, and takes the document's when
+    // told to. When false, the user went back to the payment.
+    [[nodiscard]] bool settlePayments();
+
     KForm *form() const { return m_form; }
     ContractPartyGroup *firstParty() const { return m_first; }
     ContractPartyGroup *secondParty() const { return m_second; }
@@ -48,12 +52,22 @@ Q_SIGNALS:
     void contractTypeChanged(int contractType);
 
 private:
+    // What a party pays is not what the document will charge.
+    struct PaymentDifference
+    {
+        CommissionField figure;
+        KEdit *edit;
+        QString name; // of the party
+        double charged;
+    };
+
     void build();
     QGridLayout *buildIdentity();
     QWidget *buildTexts();
     QWidget *buildRegistrySentence();
     void wireFigures();
     void figureEdited(CommissionField figure, double number);
+    QList<PaymentDifference> paymentDifferences() const;
     void recompute(CommissionField changed);
     void showFigures();
     void showPersons();

@@ -61,6 +61,8 @@ private Q_SLOTS:
     void discountReversesCommission();
     void showroomBearsItsTaxAndDutyAsExpense();
     void partyTypedByHandPostsTaxButNoCommission();
+    void chargedAmountIsWhatTheRowsSay_data();
+    void chargedAmountIsWhatTheRowsSay();
     void zeroAmountsGiveNoRows();
     void percentageStandsWithoutTrailingZeros_data();
     void percentageStandsWithoutTrailingZeros();
@@ -154,6 +156,31 @@ void TestContractDocumentRows::partyTypedByHandPostsTaxButNoCommission()
                  u"110301/0 90 0 [9% مالیات ارزش افزوده رهگذر]"_s,
                  u"210501/0 0 90 [9% مالیات ارزش افزوده 90از رهگذر]"_s,
              }));
+}
+
+void TestContractDocumentRows::chargedAmountIsWhatTheRowsSay_data()
+{
+    QTest::addColumn<int>("person");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<double>("discount");
+    QTest::addColumn<bool>("charges");
+    QTest::addColumn<double>("charged");
+    QTest::newRow("a person") << 11 << int(PartyKind::Ordinary) << 0. << true << 1100.;
+    QTest::newRow("a person with a discount") << 11 << int(PartyKind::Ordinary) << 200. << true << 900.;
+    QTest::newRow("the dealership itself") << 0 << int(PartyKind::Showroom) << 0. << true << 100.;
+    QTest::newRow("typed by hand") << 0 << int(PartyKind::Other) << 0. << false << 0.;
+    QTest::newRow("nobody chosen") << 0 << int(PartyKind::Ordinary) << 0. << false << 0.;
+}
+
+void TestContractDocumentRows::chargedAmountIsWhatTheRowsSay()
+{
+    QFETCH(int, person);
+    QFETCH(int, kind);
+    QFETCH(double, discount);
+    QFETCH(bool, charges);
+    const auto charged = amountCharged(1000, {person, u"علی"_s, static_cast<PartyKind>(kind), discount, 9, 90, 1, 10});
+    QCOMPARE(charged.has_value(), charges);
+    QTEST(charged.value_or(0), "charged");
 }
 
 void TestContractDocumentRows::zeroAmountsGiveNoRows()

@@ -287,6 +287,76 @@ private Q_SLOTS:
         QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
     }
 
+    // --- What is paid and what the document charges ---
+
+    // A total that changes puts both payments back to it, while the document goes on charging what it is made of.
+    void paymentThatTheDocumentDoesNotChargeIsAskedAbout_data()
+    {
+        QTest::addColumn<QByteArray>("column");
+        QTest::addColumn<QByteArray>("typed");
+        QTest::addColumn<QString>("sentences");
+        QTest::newRow("a typed commission with a standing discount")
+            << QByteArray("dCommission") << QByteArray("30000")
+            << u"پرداختي رضا احمدی 32,700 است، اما سند قرارداد برای او 30,700 ثبت می‌کند."_s;
+        QTest::newRow("the shared total")
+            << QByteArray("dPercentTax") << QByteArray("10")
+            << u"پرداختي رضا احمدی 22,600 است، اما سند قرارداد برای او 19,800 ثبت می‌کند."_s;
+        QTest::newRow("both parties")
+            << QByteArray("dPercentTax2") << QByteArray("10")
+            << u"پرداختي سارا کریمی 22,600 است، اما سند قرارداد برای او 21,800 ثبت می‌کند.\n"
+               "پرداختي رضا احمدی 22,600 است، اما سند قرارداد برای او 20,600 ثبت می‌کند."_s;
+        QTest::newRow("a typed payment")
+            << QByteArray("dPayFirst") << QByteArray("5000")
+            << u"پرداختي سارا کریمی 5,000 است، اما سند قرارداد برای او 21,800 ثبت می‌کند."_s;
+    }
+
+    void paymentThatTheDocumentDoesNotChargeIsAskedAbout()
+    {
+        QFETCH(QByteArray, column);
+        QFETCH(QByteArray, typed);
+        QFETCH(QString, sentences);
+        auto dialog = filledNew();
+        type(*dialog, column.constData(), typed.constData());
+        g_pDlgYesNo->answerNext(KMessageDialog::Cancel);
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{sentences + u"\nآیا مبلغ سند جایگزین پرداختي شود؟"_s});
+        QVERIFY(dialog->focusWidget() == edit(*dialog, "dPayFirst") || dialog->focusWidget() == edit(*dialog, "dPaySecond"));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs"_s), u"0"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        for (const auto &[pays, person] : {std::pair(u"dPayFirst"_s, m_seller), std::pair(u"dPaySecond"_s, m_buyer)})
+            QCOMPARE(value(u"SELECT %1 FROM AutomobilContracts"_s.arg(pays)),
+                     value(u"SELECT SUM(dBed)-SUM(dBes) FROM Docs WHERE iPersonID=%1"_s.arg(person)));
+        // Now they agree, and nothing is asked.
+        g_pDlgYesNo->takeShown();
+        auto again = opened(key(), Mode::Edit);
+        again->accept();
+        QVERIFY(!again->isVisible());
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    }
+
+    void paymentIsKeptWhenTheDocumentsIsNotTaken()
+    {
+        auto dialog = filledNew();
+        type(*dialog, "dPayFirst", "5000");
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(value(u"SELECT dPayFirst FROM AutomobilContracts"_s), u"5000"_s);
+    }
+
+    void partyTypedByHandIsNotAskedAbout()
+    {
+        auto dialog = filledNew();
+        dialog->basePage()->secondParty()->setKind(PartyKind::Other);
+        dialog->basePage()->secondParty()->personField()->nameEdit()->setText(u"علی رضایی"_s);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    }
+
     // --- Notes ---
 
     void notesArePickedKeptOnePerColumnAndShownAgain()
