@@ -112,10 +112,12 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
             kindChosen();
     });
     connect(m_person, &KPersonField::changed, this, [this](int personID) {
-        if (personID > 0)
+        if (personID > 0) {
             takePerson(personID);
-        else
+        } else {
             clearPerson();
+            Q_EMIT personDiscountFound(0);
+        }
     });
     setPersonDataEditable(false);
 }
@@ -222,7 +224,10 @@ void ContractPartyGroup::setKind(PartyKind kind)
 
 void ContractPartyGroup::kindChosen()
 {
+    const bool hadPerson = !name().isEmpty();
     clearPerson();
+    if (hadPerson)
+        Q_EMIT personDiscountFound(0);
     if (kind() == PartyKind::Showroom)
         takeCompany();
     applyKind();

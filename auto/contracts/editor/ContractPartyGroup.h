@@ -83,7 +83,7 @@ public:
 
 Q_SIGNALS:
     void kindChanged();
-    // The discount percentage that the chosen person's record keeps.
+    // The discount percentage that the chosen person's record keeps; 0 when the person is taken out.
     void personDiscountFound(double percent);
 
 private:

@@ -524,6 +524,36 @@ private Q_SLOTS:
                  u"0|%1"_s.arg(m_buyer));
     }
 
+    // The percentage is the person's: whoever comes next does not inherit it.
+    void personWhoIsTakenOutTakesTheDiscountAlong_data()
+    {
+        QTest::addColumn<int>("kind"); // -1: the clear button
+        QTest::newRow("cleared") << -1;
+        QTest::newRow("another person is typed by hand") << int(PartyKind::Other);
+        QTest::newRow("the dealership itself") << int(PartyKind::Showroom);
+    }
+
+    void personWhoIsTakenOutTakesTheDiscountAlong()
+    {
+        QFETCH(int, kind);
+        auto dialog = filledNew();
+        ContractPartyGroup *party = dialog->basePage()->secondParty();
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 10.0);
+        if (kind < 0)
+            named<QPushButton>(*party, u"نام و نام خانوادگي : طرف دوم حذف"_s)->click();
+        else
+            party->setKind(static_cast<PartyKind>(kind));
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
+        QCOMPARE(shown(*dialog, "dDiscountSecond"), 0.0);
+        QCOMPARE(shown(*dialog, "dPaySecond"), kind == int(PartyKind::Showroom) ? 1800.0 : 21800.0);
+        party->setKind(PartyKind::Other);
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
+        party->personField()->nameEdit()->setText(u"علی رضایی"_s);
+        type(*dialog, "dPercentDiscount2", "5");
+        party->setKind(PartyKind::Ordinary);
+        QCOMPARE(shown(*dialog, "dPercentDiscount2"), 0.0);
+    }
+
     // --- The type ---
 
     void matterTabFollowsTheType()
