@@ -5,6 +5,7 @@
 
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QCheckBox>
@@ -103,6 +104,28 @@ void CDlgRecordEditor::showState(int status, int archiveUserID, bool closed)
 int CDlgRecordEditor::chosenStatus() const
 {
     return m_active->isChecked() ? 0 : 1;
+}
+
+bool CDlgRecordEditor::confirmDoubtsOf(const QList<EditorTabPage *> &pages)
+{
+    QStringList sentences;
+    EditorTabPage *firstPage = nullptr;
+    QWidget *firstField = nullptr;
+    for (EditorTabPage *page : pages) {
+        for (const KForm::Problem &doubt : page->doubts()) {
+            sentences.append(doubt.message);
+            firstPage = firstPage ? firstPage : page;
+            firstField = firstField ? firstField : doubt.widget;
+        }
+    }
+    if (!firstPage)
+        return true;
+    Q_EMIT firstPage->frontRequested();
+    sentences.append(u"مطمئن هستید؟"_s);
+    if (g_pDlgYesNo->Ask(sentences.join(u'\n'), this) != KMessageDialog::No)
+        return true;
+    firstPage->goTo(firstField);
+    return false;
 }
 
 bool CDlgRecordEditor::OnOK()

@@ -80,6 +80,13 @@ protected:
         return std::ranges::all_of(pages, [](EditorPage<Record> *page) { return page->validate(); });
     }
 
+    // Asks once about all that is doubtful on the pages. When false, the user went back, to the first of it.
+    template <class Record>
+    [[nodiscard]] bool confirmDoubts(const QList<EditorPage<Record> *> &pages)
+    {
+        return confirmDoubtsOf({pages.cbegin(), pages.cend()});
+    }
+
     // What the user has decided in the window: the state, and the columns of the pages.
     template <class Record>
     [[nodiscard]] RecordSaving::Decision<Record> decision(const QList<EditorPage<Record> *> &pages) const
@@ -100,6 +107,7 @@ protected:
 
 private:
     void buildFrame();
+    bool confirmDoubtsOf(const QList<EditorTabPage *> &pages);
 
     int m_key;
     EditorMode m_mode;

@@ -29,6 +29,8 @@ public:
     bool refuse(const QString &message, QWidget *field);
     // The same for an entry of the form; the message begins with the field's name.
     bool refuseEntry(const KForm::Problem &problem);
+    // Entries that may be as they are and are yet hardly meant, each as a sentence; they are asked about once, before saving.
+    virtual QList<KForm::Problem> doubts() const { return {}; }
 
 private:
     EditorMode m_mode;

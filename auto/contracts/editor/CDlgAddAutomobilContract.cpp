@@ -162,7 +162,7 @@ QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const
 
 bool CDlgAddAutomobilContract::validatePages()
 {
-    return validateInOrder(pages()) && (!m_customFields->isOpened() || m_customFields->validate())
+    return validateInOrder(pages()) && (!m_customFields->isOpened() || m_customFields->validate()) && confirmDoubts(pages())
         && m_base->settlePayments();
 }
 

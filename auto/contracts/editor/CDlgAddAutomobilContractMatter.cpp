@@ -4,6 +4,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 
 #include "auto/editor/FormLines.h"
+#include "auto/cars/fields/VehicleDoubts.h"
 #include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/contracts/figures/ModelYear.h"
@@ -187,6 +188,11 @@ bool CDlgAddAutomobilContractMatter::validate()
     if (const auto problem = m_form->firstInvalid())
         return refuse(problem->message, problem->widget);
     return true;
+}
+
+QList<KForm::Problem> CDlgAddAutomobilContractMatter::doubts() const
+{
+    return vehicleDoubts(m_form->edit(column("sModel")), m_form->edit(column("sNumOfWheels")));
 }
 
 void CDlgAddAutomobilContractMatter::write(CTblAutomobilContracts &contract)

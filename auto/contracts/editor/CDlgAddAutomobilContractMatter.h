@@ -25,6 +25,7 @@ public:
     void fill(CTblAutomobilContracts &contract) override;
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilContracts &contract) override;
+    QList<KForm::Problem> doubts() const override;
 
     // The fields of that type of contract, one that has this page.
     void showContractType(int contractType);

@@ -77,7 +77,8 @@ bool CDlgAddAutomobilInformation::OnOK()
 
 bool CDlgAddAutomobilInformation::validatePages()
 {
-    return validateInOrder<CTblAutomobilInformations>({m_base, m_sale}) && checkEntries();
+    return validateInOrder<CTblAutomobilInformations>({m_base, m_sale}) && checkEntries()
+        && confirmDoubts<CTblAutomobilInformations>({m_base, m_sale});
 }
 
 bool CDlgAddAutomobilInformation::checkEntries()

@@ -10,6 +10,7 @@
 #include "auto/cars/fields/CatalogFields.h"
 #include "auto/cars/fields/ItemFields.h"
 #include "auto/cars/fields/PersonGroup.h"
+#include "auto/cars/fields/VehicleDoubts.h"
 #include "auto/cars/register/editor/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
@@ -189,6 +190,11 @@ bool CDlgAddAutomobilInformationBase::validate()
     refuse(u"لطفا نام مالک را وارد نمائید."_s, m_owner->codeEdit());
     m_owner->pick();
     return false;
+}
+
+QList<KForm::Problem> CDlgAddAutomobilInformationBase::doubts() const
+{
+    return vehicleDoubts(m_form->edit(u"iYear"_s), m_form->edit(u"iNumOfWheels"_s));
 }
 
 void CDlgAddAutomobilInformationBase::write(CTblAutomobilInformations &car)

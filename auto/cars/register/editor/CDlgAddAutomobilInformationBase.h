@@ -27,6 +27,7 @@ public:
     // A car has an owner. Without one the picker of persons opens after the warning.
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilInformations &car) override;
+    QList<KForm::Problem> doubts() const override;
 
     // The car as it stands on the page, saved or not.
     OfferedCar offered() const;

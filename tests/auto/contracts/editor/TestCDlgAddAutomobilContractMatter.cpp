@@ -383,6 +383,40 @@ private Q_SLOTS:
         QCOMPARE(stored(key)->value(name).toString(), plate);
     }
 
+    void unusualVehicleIsAskedAboutOnce_data()
+    {
+        QTest::addColumn<QString>("year");
+        QTest::addColumn<QString>("wheels");
+        QTest::addColumn<QString>("question");
+        QTest::addColumn<QString>("field");
+        const QString sure = u"\nمطمئن هستید؟"_s;
+        QTest::newRow("year") << u"1000"_s << u"4"_s << u"سال تولید 1000 معمول نیست."_s + sure << u"sModel"_s;
+        QTest::newRow("wheels") << u"1402"_s << u"۴۵ چرخ"_s << u"تعداد چرخ 45 معمول نیست."_s + sure << u"sNumOfWheels"_s;
+        QTest::newRow("both") << u"3000"_s << u"13"_s << u"سال تولید 3000 معمول نیست.\nتعداد چرخ 13 معمول نیست."_s + sure << u"sModel"_s;
+    }
+
+    void unusualVehicleIsAskedAboutOnce()
+    {
+        QFETCH(QString, year);
+        QFETCH(QString, wheels);
+        QFETCH(QString, question);
+        QFETCH(QString, field);
+        const int key = fullContract(sale);
+        auto dialog = opened(key);
+        form(*dialog).edit(column("sModel"))->setText(year);
+        form(*dialog).edit(column("sNumOfWheels"))->setText(wheels);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{question});
+        QCOMPARE(dialog->focusWidget(), form(*dialog).edit(field));
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{question});
+        QCOMPARE(stored(key)->m_sModel, year);
+    }
+
     void yearOf999Or3001IsRefused1000And3000AreAccepted_data()
     {
         QTest::addColumn<QString>("year");

@@ -6,6 +6,7 @@
 #include "auto/catalog/CatalogEntries.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/utility/frame/KDialogHolder.h"
@@ -579,6 +580,35 @@ private Q_SLOTS:
         QTest::keyClick(year, Qt::Key_Down);
         Car car;
         QCOMPARE(saved(car).m_iYear, GetShamsiYearOfToday() - 1);
+    }
+
+    void unusualYearOrNumberOfWheelsIsAskedAboutOnce()
+    {
+        Dialog &dialog = open();
+        form().edit(u"iYear"_s)->setText(u"3"_s);
+        form().edit(u"iNumOfWheels"_s)->setText(u"45"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        dialog.accept();
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown(),
+                 QStringList{u"سال تولید 3 معمول نیست.\nتعداد چرخ 45 معمول نیست.\nمطمئن هستید؟"_s});
+        QCOMPARE(dialog.focusWidget(), form().edit(u"iYear"_s));
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        Car car;
+        QCOMPARE(saved(car).m_iYear, 3);
+        QCOMPARE(car.m_iNumOfWheels, 45);
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+    }
+
+    void usualOrMissingYearAndWheelsAreNotAskedAbout()
+    {
+        Dialog &dialog = open();
+        form().edit(u"iNumOfWheels"_s)->setText(u"6"_s);
+        for (const QString &year : {QString(), u"1402"_s, u"2024"_s}) {
+            form().edit(u"iYear"_s)->setText(year);
+            dialog.accept();
+            QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+        }
     }
 
     void numbersOfTheVehicleReadFromTheLeft_data()
