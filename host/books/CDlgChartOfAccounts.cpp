@@ -13,6 +13,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -249,11 +250,9 @@ void CDlgChartOfAccounts::guarded(void (CDlgChartOfAccounts::*command)())
 
 void CDlgChartOfAccounts::refill()
 {
-    for (KDateEdit *edit : {m_from, m_to}) {
-        if (edit->isEntryValid())
-            continue;
-        g_pDlgWarning->Show(edit->accessibleName() + u' ' + edit->entryError(), this);
-        edit->setFocus(Qt::TabFocusReason);
+    if (const auto problem = problemOfDays(m_from, m_to)) {
+        g_pDlgWarning->Show(problem->message, this);
+        problem->line->setFocus(Qt::TabFocusReason);
         return;
     }
     const KWaitCursor wait;

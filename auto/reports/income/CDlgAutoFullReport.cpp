@@ -11,6 +11,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -222,11 +223,9 @@ bool CDlgAutoFullReport::warn(const QString &text, QWidget *field)
 
 void CDlgAutoFullReport::search()
 {
-    for (KDateEdit *edit : {m_from, m_to}) {
-        if (!edit->isEntryValid()) {
-            warn(edit->accessibleName() + u' ' + edit->entryError(), edit);
-            return;
-        }
+    if (const auto problem = problemOfDays(m_from, m_to)) {
+        warn(problem->message, problem->line);
+        return;
     }
     const KWaitCursor wait;
     m_report = ComprehensiveReport::read(m_from->dateTime(), m_to->dateTime());

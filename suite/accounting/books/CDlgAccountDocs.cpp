@@ -9,6 +9,7 @@
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -124,11 +125,9 @@ void CDlgAccountDocs::build()
 
 void CDlgAccountDocs::refill()
 {
-    for (KDateEdit *edit : {m_from, m_to}) {
-        if (edit->isEntryValid())
-            continue;
-        g_pDlgWarning->Show(edit->accessibleName() + u' ' + edit->entryError(), this);
-        edit->setFocus();
+    if (const auto problem = problemOfDays(m_from, m_to)) {
+        g_pDlgWarning->Show(problem->message, this);
+        problem->line->setFocus();
         return;
     }
     const KWaitCursor wait;

@@ -13,11 +13,21 @@
 #include <numeric>
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isShown(const KListFilter &filter)
 {
     return filter.place.row >= 0;
+}
+
+// The key of the filter that ends the range which this one begins; empty where it begins none.
+QString endOfRange(const QString &key)
+{
+    if (key == u"from")
+        return u"to"_s;
+    return key.endsWith(u"From") ? key.chopped(4) + u"To"_s : QString();
 }
 
 // As the controls are seen, those not shown last.
@@ -130,6 +140,20 @@ void KFilterForm::setSelectMode(bool on)
         if (item.label)
             item.label->setVisible(!on);
     }
+}
+
+std::optional<RangeProblem> KFilterForm::backwardsRange() const
+{
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        const QString to = endOfRange(m_filters.at(i).key);
+        const auto end = std::find_if(m_filters.cbegin(), m_filters.cend(), [&to](const KListFilter &filter) { return filter.key == to; });
+        if (to.isEmpty() || end == m_filters.cend())
+            continue;
+        QWidget *from = m_items[static_cast<size_t>(i)].control.widget;
+        if (const QString error = rangeError(from, control(to)); !error.isEmpty())
+            return RangeProblem{from, error};
+    }
+    return std::nullopt;
 }
 
 QString KFilterForm::condition(int userID) const

@@ -4,9 +4,11 @@
 #pragma once
 
 #include "suite/accounting/lists/KFilterControl.h"
+#include "suite/utility/entries/EntryRange.h"
 
 #include <QObject>
 
+#include <optional>
 #include <vector>
 
 class QGridLayout;
@@ -35,6 +37,9 @@ public:
     void readChoices(QStringView key);
     void setSelectMode(bool on);
     QString condition(int userID) const;
+
+    // The first range that ends before it begins; none when all may be.
+    std::optional<RangeProblem> backwardsRange() const;
 
     // Null for a filter that has none.
     QWidget *control(QStringView key) const;

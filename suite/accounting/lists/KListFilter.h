@@ -63,7 +63,9 @@ struct TZACCOUNTINGDATA_EXPORT KListFilter
     // The clause of a value, beginning with " AND "; empty when nothing is asked. userID: the user who is searching.
     using Clause = std::function<QString(const QVariant &value, int userID)>;
 
-    QString key; // plain English, unique in the list: code and tests name the filter by it
+    // Plain English, unique in the list: code and tests name the filter by it. Two whose keys are from and to, or end in From
+    // and To, are a range, which is refused when it ends before it begins.
+    QString key;
     QString label;
     Kind kind = Kind::Always;
     Place place = {};

@@ -98,5 +98,10 @@ bool KListFilterBox::checkEntries()
         line->setFocus(Qt::TabFocusReason);
         return false;
     }
+    if (const auto range = m_filters->backwardsRange()) {
+        g_pDlgWarning->Show(range->message, parentWidget());
+        range->line->setFocus(Qt::TabFocusReason);
+        return false;
+    }
     return true;
 }

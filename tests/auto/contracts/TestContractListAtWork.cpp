@@ -365,6 +365,25 @@ private Q_SLOTS:
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
+    void rangeThatEndsBeforeItBeginsIsRefusedAndTheListStays()
+    {
+        addNamed(u"a"_s);
+        auto &page = shownPage();
+        for (const char *key : {"expirationFrom", "expirationTo"})
+            page.filters().control<KDateEdit>(QString::fromLatin1(key))->setChecked(true);
+        page.filters().control<KDateEdit>(u"expirationFrom")->setText(u"1405/08/02"_s);
+        page.filters().control<KDateEdit>(u"expirationTo")->setText(u"1405/08/01"_s);
+        searchButton(page)->click();
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{u"«تاريخ انقضاء از» بزرگتر از «تاريخ انقضاء تا» است. لطفا اصلاح نمایید."_s});
+        QCOMPARE(page.focusWidget(), page.filters().control<KDateEdit>(u"expirationFrom"));
+        QCOMPARE(page.list()->count(), 1);
+        // One that is not ticked asks for nothing.
+        page.filters().control<KDateEdit>(u"expirationTo")->setChecked(false);
+        searchButton(page)->click();
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
     void rowLimitOutOfRangeIsRefusedAndNotKept_data()
     {
         QTest::addColumn<QString>("typed");

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void searchKeepsTheAccountsAbove();
     void inactiveOnesAreLeftOutOnRequest();
     void entryThatIsNoDateIsRefused();
+    void rangeThatEndsBeforeItBeginsIsRefused();
     void withoutTheRightThePageIsRefused();
     void rightsOfEachCommand_data();
     void rightsOfEachCommand();
@@ -211,6 +212,19 @@ void TestCDlgChartOfAccounts::entryThatIsNoDateIsRefused()
     named<KEdit>(page, u"کد یا نام :"_s)->setText(u"آب"_s);
     page.refill();
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(shownCodes(page), before);
+}
+
+void TestCDlgChartOfAccounts::rangeThatEndsBeforeItBeginsIsRefused()
+{
+    CDlgChartOfAccounts page;
+    page.refill();
+    const QStringList before = shownCodes(page);
+    named<KDateEdit>(page, u"مانده از تاریخ :"_s)->setText(u"1405/03/02"_s);
+    named<KDateEdit>(page, u"تا تاریخ :"_s)->setText(u"1405/03/01"_s);
+    named<KEdit>(page, u"کد یا نام :"_s)->setText(u"آب"_s);
+    page.refill();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"«مانده از تاریخ» بزرگتر از «تا تاریخ» است. لطفا اصلاح نمایید."_s});
     QCOMPARE(shownCodes(page), before);
 }
 

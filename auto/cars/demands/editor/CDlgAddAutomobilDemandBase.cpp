@@ -14,6 +14,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -26,6 +27,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,14 +40,16 @@ const QString facilitiesColumn = u"iFacilities"_s;
 const QString colorColumn = u"iColor"_s;
 const QString yearFromColumn = u"iModelFrom"_s;
 const QString yearUpToColumn = u"iModelUpTo"_s;
+const QString amountFromColumn = u"dAmountFrom"_s;
+const QString amountUpToColumn = u"dAmountUpTo"_s;
 const QString referenceColumn = u"dateReference"_s;
 
 QList<KFormField> formFields()
 {
     KFormField code{u"iCode"_s, u"کد تقاضا :"_s, Kind::Integer};
     code.readOnly = true;
-    KFormField amountFrom{u"dAmountFrom"_s, u"مبلغ از :"_s, Kind::Money};
-    KFormField amountUpTo{u"dAmountUpTo"_s, u"تا مبلغ :"_s, Kind::Money};
+    KFormField amountFrom{amountFromColumn, u"مبلغ از :"_s, Kind::Money};
+    KFormField amountUpTo{amountUpToColumn, u"تا مبلغ :"_s, Kind::Money};
     amountFrom.inWords = amountUpTo.inWords = true;
     KFormField color{colorColumn, u"رنگ :"_s, Kind::Lookup};
     KFormField facilities{facilitiesColumn, u"امکانات :"_s, Kind::Lookup};
@@ -190,6 +195,10 @@ bool CDlgAddAutomobilDemandBase::validate()
         return refuse(u"لطفا مدل سال بزرگتر از 1000 تا 3000 وارد کنید."_s, m_form->edit(yearFromColumn));
     if (const auto problem = m_form->firstInvalid())
         return refuseEntry(*problem);
+    for (const auto &[from, upTo] : {std::pair(yearFromColumn, yearUpToColumn), std::pair(amountFromColumn, amountUpToColumn)}) {
+        if (const QString error = rangeError(m_form->edit(from), m_form->edit(upTo)); !error.isEmpty())
+            return refuse(error, m_form->edit(from));
+    }
     return true;
 }
 

@@ -260,6 +260,19 @@ private Q_SLOTS:
         QCOMPARE(column(report, 2).at(1), u"5,000"_s);
     }
 
+    void rangeThatEndsBeforeItBeginsIsRefused()
+    {
+        post(110101, 410202, 5000);
+        CDlgAutoFullReport report;
+        report.show();
+        report.fromDate()->setText(u"1405/03/02"_s);
+        report.toDate()->setText(u"1405/03/01"_s);
+        report.search();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"«تاريخ» بزرگتر از «تاريخ تا» است. لطفا اصلاح نمایید."_s});
+        QCOMPARE(report.focusWidget(), report.fromDate());
+        QCOMPARE(column(report, 2).at(1), u"5,000"_s);
+    }
+
     void chartShowsTheSameFigures()
     {
         post(110101, 410202, 5000);

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void withoutRowsTheSheetIsEmpty();
     void rangeIsChangedInTheWindow();
     void entryThatIsNoDateIsRefused();
+    void rangeThatEndsBeforeItBeginsIsRefused();
     void rowShowsItsDocument();
     void broughtForwardRowShowsNothing();
     void rights();
@@ -145,6 +146,19 @@ void TestCDlgAccountDocs::entryThatIsNoDateIsRefused()
     FormDriver::field<KDateEdit>(&window, u"از تاریخ :"_s)->setText(u"1405/13/1"_s);
     window.refill();
     QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(u"از تاریخ :"_s));
+    QCOMPARE(window.list()->count(), 3);
+}
+
+void TestCDlgAccountDocs::rangeThatEndsBeforeItBeginsIsRefused()
+{
+    CDlgAccountDocs window(AccountLevel::Moeen, Accounts::cash, {}, {});
+    window.show();
+    auto *from = FormDriver::field<KDateEdit>(&window, u"از تاریخ :"_s);
+    from->setText(u"1405/03/02"_s);
+    FormDriver::field<KDateEdit>(&window, u"تا تاریخ :"_s)->setText(u"1405/03/01"_s);
+    window.refill();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"«از تاریخ» بزرگتر از «تا تاریخ» است. لطفا اصلاح نمایید."_s});
+    QCOMPARE(window.focusWidget(), from);
     QCOMPARE(window.list()->count(), 3);
 }
 

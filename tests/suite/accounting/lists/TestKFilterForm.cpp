@@ -161,6 +161,49 @@ private Q_SLOTS:
         QCOMPARE(f.form.control<KEdit>(u"part")->maxLength(), 5);
         QCOMPARE(f.form.findControl(), f.form.control(u"part"));
     }
+
+    void rangeThatEndsBeforeItBeginsIsFound_data()
+    {
+        QTest::addColumn<K>("kind");
+        QTest::addColumn<QVariant>("from");
+        QTest::addColumn<QVariant>("to");
+        QTest::addColumn<bool>("backwards");
+        const QDate day(2026, 11, 20);
+        QTest::newRow("days") << K::Date << QVariant(day) << QVariant(day.addDays(-1)) << true;
+        QTest::newRow("one day") << K::Date << QVariant(day) << QVariant(day) << false;
+        QTest::newRow("no last day") << K::Date << QVariant(day) << QVariant(QDate()) << false;
+        QTest::newRow("plain days") << K::PlainDate << QVariant(day) << QVariant(day.addDays(-1)) << true;
+        QTest::newRow("no first day") << K::PlainDate << QVariant(QDate()) << QVariant(day) << false;
+        QTest::newRow("years") << K::Number << QVariant(1400) << QVariant(1399) << true;
+        QTest::newRow("a year and any") << K::Number << QVariant(1400) << QVariant(0) << false;
+        QTest::newRow("amounts") << K::Amount << QVariant(5e9) << QVariant(4e9) << true;
+        QTest::newRow("amounts in order") << K::Amount << QVariant(4e9) << QVariant(5e9) << false;
+    }
+
+    void rangeThatEndsBeforeItBeginsIsFound()
+    {
+        QFETCH(K, kind);
+        QFETCH(QVariant, from);
+        QFETCH(QVariant, to);
+        QFETCH(bool, backwards);
+        for (const auto &[fromKey, toKey] : {std::pair(u"from"_s, u"to"_s), std::pair(u"soldFrom"_s, u"soldTo"_s)}) {
+            QWidget box;
+            auto *grid = new QGridLayout(&box);
+            KFilterForm form({{.key = u"wasFrom"_s, .label = u"Was from :"_s, .kind = K::Text, .place = {0, 0}},
+                              {.key = toKey, .label = u"To :"_s, .kind = kind, .place = {0, 4}, .accessibleName = u"Sold to :"_s},
+                              {.key = fromKey, .label = u"Sold from :"_s, .kind = kind, .place = {0, 2}}},
+                             {}, grid, &box);
+            QVERIFY(!form.backwardsRange());
+            form.set(fromKey, from);
+            form.set(toKey, to);
+            const auto found = form.backwardsRange();
+            QCOMPARE(found.has_value(), backwards);
+            if (!backwards)
+                continue;
+            QCOMPARE(found->line, form.control(fromKey));
+            QCOMPARE(found->message, u"«Sold from» بزرگتر از «Sold to» است. لطفا اصلاح نمایید."_s);
+        }
+    }
 };
 
 static const RegisteredTest<TestKFilterForm, QApplication> registeredKFilterForm;

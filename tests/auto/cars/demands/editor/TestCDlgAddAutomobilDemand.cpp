@@ -369,6 +369,39 @@ private Q_SLOTS:
             QCOMPARE(dialog->focusWidget(), edit(*dialog, "iModelFrom"));
     }
 
+    void rangeThatEndsBeforeItBeginsIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("fromColumn");
+        QTest::addColumn<QByteArray>("upToColumn");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("upTo");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("years") << QByteArray("iModelFrom") << QByteArray("iModelUpTo") << u"1400"_s << u"1395"_s
+                               << u"«سال توليد از» بزرگتر از «سال توليد تا» است. لطفا اصلاح نمایید."_s;
+        QTest::newRow("amounts") << QByteArray("dAmountFrom") << QByteArray("dAmountUpTo") << u"5000000"_s << u"4000000"_s
+                                 << u"«مبلغ از» بزرگتر از «تا مبلغ» است. لطفا اصلاح نمایید."_s;
+        QTest::newRow("no upper year or amount") << QByteArray("dAmountFrom") << QByteArray("dAmountUpTo") << u"5000000"_s
+                                                 << QString() << QString();
+        QTest::newRow("one year") << QByteArray("iModelFrom") << QByteArray("iModelUpTo") << u"1400"_s << u"1400"_s << QString();
+    }
+
+    void rangeThatEndsBeforeItBeginsIsRefused()
+    {
+        QFETCH(QByteArray, fromColumn);
+        QFETCH(QByteArray, upToColumn);
+        QFETCH(QString, from);
+        QFETCH(QString, upTo);
+        QFETCH(QString, message);
+        const auto dialog = opened(addDemand(), EditorMode::Edit);
+        edit(*dialog, fromColumn.constData())->setText(from);
+        edit(*dialog, upToColumn.constData())->setText(upTo);
+        dialog->accept();
+        QCOMPARE(g_pDlgWarning->takeShown().join(u'|'), message);
+        QCOMPARE(dialog->result() == QDialog::Accepted, message.isEmpty());
+        if (!message.isEmpty())
+            QCOMPARE(dialog->focusWidget(), edit(*dialog, fromColumn.constData()));
+    }
+
     void aDateThatIsNoneIsRefusedAndKept()
     {
         const auto dialog = opened(addDemand(), EditorMode::Edit);
