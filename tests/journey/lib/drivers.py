@@ -45,12 +45,13 @@ class Driver:
             return found[0] if found else None
         return wait_for(look, f"the entry line {label!r} in {window!r}")
 
-    def enter(self, label, text, window, **options):
-        """Replaces what an entry line holds."""
+    def enter(self, label, text, window, *, taken=None, **options):
+        """Replaces what an entry line holds. taken: what the line is to hold then, where it refuses a part of the text."""
         node = self.entry(label, window, **options)
         self._enter(node, text)
+        held = text if taken is None else taken
         if node.role != "password text":
-            wait_for(lambda: _same(node, text), lambda: f"{label!r} to hold {text!r}, not {node.text!r}")
+            wait_for(lambda: _same(node, held), lambda: f"{label!r} to hold {held!r}, not {node.text!r}")
         return node
 
     def press(self, label, window, *, role="push button"):
