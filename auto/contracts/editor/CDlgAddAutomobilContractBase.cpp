@@ -216,7 +216,12 @@ void CDlgAddAutomobilContractBase::wireFigures()
         connect(m_form->edit(figure.second), &KEdit::numberEdited, this,
                 [this, field = figure.first](double number) { figureEdited(field, number); });
     }
-    connect(m_form->edit(column("dAmount")), &KEdit::editingFinished, this, [this] { m_beforeAmount.reset(); });
+    KEdit *amount = m_form->edit(column("dAmount"));
+    connect(amount, &KEdit::editingFinished, this, [this, amount] {
+        // Going to another program and back is no end of the entry.
+        if (amount->window()->focusWidget() != amount)
+            m_beforeAmount.reset();
+    });
     auto wire = [this](ContractPartyGroup *group, CommissionParty CommissionFields::*party, const ContractPartySide &side) {
         connect(group, &ContractPartyGroup::kindChanged, this, [this, group, party, field = side.kindField] {
             (m_figures.*party).kind = group->kind();

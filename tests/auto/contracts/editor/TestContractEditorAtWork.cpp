@@ -59,6 +59,15 @@ class TestContractEditorAtWork : public ContractEditorTest
         named<QPushButton>(dialog, u"تبصره ها : ..."_s)->click();
     }
 
+    // The entry of the amount is over, and the line has the focus again.
+    static void endAmount(Dialog &dialog)
+    {
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        edit(dialog, "dCommission")->setFocus();
+        edit(dialog, "dAmount")->setFocus();
+    }
+
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
     void cleanupTestCase() { m_office.reset(); }
@@ -451,8 +460,7 @@ private Q_SLOTS:
         QFETCH(bool, byHand);
         auto dialog = filledNew();
         KEdit *commissionLine = edit(*dialog, "dCommission");
-        // The entry before is over.
-        QTest::keyClick(edit(*dialog, "dAmount"), Qt::Key_Return);
+        endAmount(*dialog);
         edit(*dialog, "dAmount")->selectAll();
         QTest::keyClicks(edit(*dialog, "dAmount"), amount);
         for (int i = 0; i < deleted; ++i)
@@ -465,6 +473,22 @@ private Q_SLOTS:
         QVERIFY(commissionLine->isEntryValid());
         type(*dialog, "dCommission", "100000");
         QCOMPARE(commissionLine->notice(), QString());
+    }
+
+    void lookAtAnotherWindowDoesNotEndTheEntry()
+    {
+        auto dialog = filledNew();
+        endAmount(*dialog);
+        type(*dialog, "dAmount", "5000000");
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+        QTest::keyClicks(edit(*dialog, "dAmount"), u"0"_s);
+        QCOMPARE(shown(*dialog, "dAmount"), 50000000.0);
+        QCOMPARE(shown(*dialog, "dCommission"), 20000.0);
     }
 
     // What was typed by hand for this amount is what stands before the next entry.
