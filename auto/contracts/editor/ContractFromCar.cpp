@@ -13,8 +13,9 @@ namespace {
 
 using Text = std::optional<QString>;
 
-// The words of a contract, which differ from those of the car list. As there, the first stands for nothing chosen.
-constexpr QStringView fuels[] = {u"-", u"بنزین", u"دوگانه سوز", u"گاز", u"گازوئیل", u"سایر"};
+// In the car editor's spelling, which the list of fuels does not share; the positions are the same codes, and as there the first
+// stands for nothing chosen.
+constexpr QStringView fuels[] = {u"-", u"بنزین", u"دوگانه سوز", u"گازوئیل", u"گاز", u"سایر"};
 
 Text word(WordLists::List words, int code)
 {

@@ -82,7 +82,7 @@ class TestContractCopiedFromCar : public ContractEditorTest
             car.m_iColor = white;
             car.m_iYear = 1398;
             car.m_iUsageType = 2;
-            car.m_iFuel = 4;
+            car.m_iFuel = 3;
             car.m_iNumOFAxles = 2;
             car.m_iNumOfWheels = 6;
             car.m_sNumOfEngines = u"E-77"_s;

@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/cars/register/editor/CarFields.h"
 #include "auto/contracts/editor/ContractFromCar.h"
 #include "auto/contracts/editor/MatterFields.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QTest>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -34,6 +36,7 @@ class TestContractFromCar : public QObject
 private Q_SLOTS:
     void pair_data();
     void pair();
+    void fuelReadsAsInTheCarsEditor();
     void everyPairNamesAFieldOfTheMatterPageOnce();
 };
 
@@ -77,8 +80,8 @@ void TestContractFromCar::pair_data()
     row("fuel 0 leaves the field", {.fuel = 0}, "sFuel", std::nullopt);
     row("fuel 1", {.fuel = 1}, "sFuel", u"بنزین"_s);
     row("fuel 2", {.fuel = 2}, "sFuel", u"دوگانه سوز"_s);
-    row("fuel 3", {.fuel = 3}, "sFuel", u"گاز"_s);
-    row("fuel 4", {.fuel = 4}, "sFuel", u"گازوئیل"_s);
+    row("fuel 3", {.fuel = 3}, "sFuel", u"گازوئیل"_s);
+    row("fuel 4", {.fuel = 4}, "sFuel", u"گاز"_s);
     row("fuel 5", {.fuel = 5}, "sFuel", u"سایر"_s);
     row("fuel 6 leaves the field", {.fuel = 6}, "sFuel", std::nullopt);
     row("fuel -1 leaves the field", {.fuel = -1}, "sFuel", std::nullopt);
@@ -91,6 +94,18 @@ void TestContractFromCar::pair()
     QFETCH(QString, column);
     QFETCH(std::optional<QString>, text);
     QCOMPARE(textFor(car, column), text);
+}
+
+void TestContractFromCar::fuelReadsAsInTheCarsEditor()
+{
+    const auto fields = CarFields::base();
+    const auto fuel = std::ranges::find(fields, u"iFuel"_s, &KFormField::column);
+    QVERIFY(fuel != fields.end());
+    QCOMPARE(fuel->choices.size(), 5);
+    for (qsizetype entry = 0; entry < fuel->choices.size(); ++entry) {
+        const int code = int(fuel->keys.at(entry));
+        QCOMPARE(textFor({.fuel = code}, u"sFuel"_s), fuel->choices.at(entry));
+    }
 }
 
 void TestContractFromCar::everyPairNamesAFieldOfTheMatterPageOnce()
