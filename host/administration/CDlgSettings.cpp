@@ -81,13 +81,18 @@ QGroupBox *CDlgSettings::buildFiscalYear()
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
     m_fiscalYear->setMaxLength(4);
     m_opening = new KDateEdit(box);
-    // A year's books open on its first day unless the office says otherwise.
+    m_closing = new KDateEdit(box);
+    // A year's books are those of its days unless the office says otherwise.
     connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
-        if (const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1); first.isValid())
+        const int year = static_cast<int>(typed);
+        if (const QDate first = ConvertToMiladi(year, 1, 1); first.isValid()) {
             m_opening->setDate(first);
+            m_closing->setDate(shamsiYearEnd(year));
+        }
     });
     addLabelled(form, u"سال مالی :"_s, m_fiscalYear);
     addLabelled(form, u"تاریخ افتتاح :"_s, m_opening);
+    addLabelled(form, u"تاریخ پایان :"_s, m_closing);
     return box;
 }
 
@@ -120,6 +125,7 @@ void CDlgSettings::load(const OfficeSettings &settings)
     m_decimals->setCurrentIndex(settings.moneyDecimals());
     m_fiscalYear->setNumber(settings.fiscalYear());
     m_opening->setDateTime(settings.fiscalYearOpeningDate());
+    m_closing->setDateTime(settings.fiscalYearClosingDate());
     m_catalogLocked->setChecked(settings.isCatalogLocked());
     m_closed->setChecked(m_wasClosed);
 }
@@ -139,6 +145,10 @@ bool CDlgSettings::validate()
         return refuse(u"لطفا سال مالی را درست وارد نمایید."_s, m_fiscalYear);
     if (!m_opening->isEntryValid() || !m_opening->dateTime().isValid())
         return refuse(u"لطفا تاریخ افتتاح سال مالی را درست وارد نمایید."_s, m_opening);
+    if (!m_closing->isEntryValid() || !m_closing->dateTime().isValid())
+        return refuse(u"لطفا تاریخ پایان سال مالی را درست وارد نمایید."_s, m_closing);
+    if (m_closing->date() < m_opening->date())
+        return refuse(u"تاریخ پایان سال مالی پیش از تاریخ افتتاح آن است."_s, m_closing);
     return true;
 }
 
@@ -151,6 +161,7 @@ void CDlgSettings::store()
         setting->SetMoneyDecimals(m_decimals->currentIndex());
         setting->SetFiscalYear(m_fiscalYear->integer());
         setting->SetFiscalYearOpeningDate(m_opening->dateTime());
+        setting->SetFiscalYearClosingDate(m_closing->dateTime());
         setting->SetCatalogLocked(m_catalogLocked->isChecked());
     }
     setting->SetClosedDB(m_closed->isChecked());

@@ -41,6 +41,7 @@ private:
     QComboBox *m_decimals = nullptr;
     KEdit *m_fiscalYear = nullptr;
     KDateEdit *m_opening = nullptr;
+    KDateEdit *m_closing = nullptr;
     QCheckBox *m_catalogLocked = nullptr;
     QCheckBox *m_closed = nullptr;
 };

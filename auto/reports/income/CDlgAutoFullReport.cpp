@@ -128,9 +128,8 @@ CDlgAutoFullReport::CDlgAutoFullReport(const OfficeSettings &settings, QWidget *
     layout->addWidget(buildFoot());
     resize(1100, 640);
 
-    const int fiscalYear = settings.fiscalYear();
     m_from->setDateTime(settings.fiscalYearOpeningDate());
-    m_to->setDate(ConvertToMiladi(fiscalYear, 12, shamsiDaysInMonth(fiscalYear, 12)));
+    m_to->setDateTime(settings.fiscalYearClosingDate());
     setChoiceMode(false);
     readSettings();
     search();

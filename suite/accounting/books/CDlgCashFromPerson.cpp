@@ -125,8 +125,7 @@ bool CDlgCashFromPerson::OnOK()
                                           .date = m_date->dateTime(),
                                           .moeen = m_account->currentData().toInt()});
     } catch (const KAccountingError &error) {
-        g_pDlgWarning->Show(error.userMessage(), this);
-        return false;
+        return refuse(error.userMessage(), m_date);
     }
     return true;
 }

@@ -6,6 +6,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
@@ -25,8 +26,7 @@ void requireReceivable(const CTblReceipts::Receipt &receipt)
         throw KAccountingError(u"لطفا حساب صندوق یا بانک را انتخاب نمایید."_s);
     if (!receipt.date.isValid())
         throw KAccountingError(u"لطفا تاریخ را وارد نمایید."_s);
-    if (receipt.date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        throw KAccountingError(u"تاریخ دریافت پیش از تاریخ افتتاحیه سال مالی است."_s);
+    OfficeSettings::read().requireInFiscalYear(receipt.date.date(), u"دریافت"_s);
 }
 
 int writeDocument(const CTblReceipts::Receipt &receipt, int fiscalYear, int database)

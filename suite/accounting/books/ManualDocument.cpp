@@ -9,6 +9,7 @@
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
@@ -142,8 +143,7 @@ void ManualDocument::saveWhole(const ManualDocument *seen, int database)
     const QList<Problem> found = problems(accounts);
     if (!found.isEmpty())
         throw KAccountingError(message(found.constFirst()));
-    if (date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        throw KAccountingError(u"تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."_s);
+    OfficeSettings::read().requireInFiscalYear(date.date(), u"سند"_s);
     ManualDocument written = *this;
     if (num == 0)
         written.fiscalYear = GetDBSetting()->FiscalYear();

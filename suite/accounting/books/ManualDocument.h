@@ -39,7 +39,7 @@ struct TZACCOUNTINGDATA_EXPORT ManualDocument
     QString message(const Problem &problem) const;
 
     // Writes header and rows in one transaction; a new document gets the next number of the current fiscal year, which is
-    // kept here. Throws KAccountingError, with nothing changed, for a problem, a date before the opening of the fiscal year, a
+    // kept here. Throws KAccountingError, with nothing changed, for a problem, a date outside the fiscal year, a
     // closed database, a person who is gone, and when the document to be changed is gone, was not written by hand or is of
     // another fiscal year.
     void save(int database = 0);

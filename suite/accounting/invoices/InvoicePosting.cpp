@@ -8,6 +8,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/invoices/CTblFactors.h"
@@ -37,8 +38,7 @@ void requireSavable(const Invoice &invoice, const Frame &frame)
     const QList<Invoice::Problem> problems = invoice.problems(frame.decimals);
     if (!problems.isEmpty())
         throw KAccountingError(Invoice::message(problems.constFirst()));
-    if (invoice.date.date() < GetDBSetting()->FiscalYearOpeningDate().date())
-        throw KAccountingError(u"تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."_s);
+    OfficeSettings::read({}, frame.database).requireInFiscalYear(invoice.date.date(), u"فاکتور"_s);
 }
 
 QString refusalOf(const CTblFactors &invoice, int fiscalYear)

@@ -17,7 +17,7 @@ struct Saved
 
 // Writes the invoice; num 0 adds a new one in the current fiscal year and department, another number changes that one: its
 // type stays, its lines are written anew, its document keeps number and year and gets new rows. Throws KAccountingError, with nothing changed,
-// for a problem of the invoice, a date before the opening of the fiscal year, a closed database, a person or service that is
+// for a problem of the invoice, a date outside the fiscal year, a closed database, a person or service that is
 // gone, and when the invoice that is to be changed is gone, void, or of another fiscal year.
 Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, int database = 0);
 // For a user who has been editing the invoice: seen is what they began with. Also throws when the stored invoice no

@@ -159,6 +159,16 @@ void CDBSetting::SetFiscalYearOpeningDate(const QDateTime &date)
     write(OfficeSettings::opening, date.date().toString(Qt::ISODate));
 }
 
+QDateTime CDBSetting::FiscalYearClosingDate() const
+{
+    return OfficeSettings::read().fiscalYearClosingDate();
+}
+
+void CDBSetting::SetFiscalYearClosingDate(const QDateTime &date)
+{
+    write(OfficeSettings::closing, date.date().toString(Qt::ISODate));
+}
+
 QList<CDBSetting::Department> CDBSetting::Departments() const
 {
     CTblDepartments set;

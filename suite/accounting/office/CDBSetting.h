@@ -74,6 +74,9 @@ public:
     // The day on which the fiscal year's books open; the first day of FiscalYear() until one is set.
     QDateTime FiscalYearOpeningDate() const;
     void SetFiscalYearOpeningDate(const QDateTime &date);
+    // The fiscal year's last day; the last day of FiscalYear() until one after the opening is set.
+    QDateTime FiscalYearClosingDate() const;
+    void SetFiscalYearClosingDate(const QDateTime &date);
 
     QList<Department> Departments() const;
     // The department that new records belong to: the first one; 0 when there is none.

@@ -93,6 +93,31 @@ QDateTime OfficeSettings::fiscalYearOpeningDate() const
     return QDateTime(day, QTime(0, 0), Qt::UTC);
 }
 
+QDateTime OfficeSettings::fiscalYearClosingDate() const
+{
+    QDate day = QDate::fromString(stored(closing), Qt::ISODate);
+    if (!day.isValid() || day < fiscalYearOpeningDate().date())
+        day = shamsiYearEnd(fiscalYear());
+    return QDateTime(day, QTime(0, 0), Qt::UTC);
+}
+
+QString OfficeSettings::fiscalYearRefusal(const QDate &day, const QString &what) const
+{
+    if (day < fiscalYearOpeningDate().date())
+        return u"تاریخ %1 پیش از تاریخ افتتاحیه سال مالی است."_s.arg(what);
+    const QDate last = fiscalYearClosingDate().date();
+    if (day > last)
+        return u"تاریخ %1 پس از پایان سال مالی %2 (%3) است."_s.arg(what).arg(fiscalYear()).arg(shamsiText(last));
+    return {};
+}
+
+void OfficeSettings::requireInFiscalYear(const QDate &day, const QString &what) const
+{
+    const QString refusal = fiscalYearRefusal(day, what);
+    if (!refusal.isEmpty())
+        throw KAccountingError(refusal);
+}
+
 double OfficeSettings::number(const QString &section, const QString &key, double defaultValue) const
 {
     bool isNumber = false;

@@ -31,6 +31,7 @@ public:
     static constexpr Key naturalByMark{u"Persons", u"bNaturalByMark"};
     static constexpr Key year{u"FiscalYear", u"iFiscalYear"};
     static constexpr Key opening{u"FiscalYear", u"dateOpening"};
+    static constexpr Key closing{u"FiscalYear", u"dateClosing"};
     static constexpr int mostDecimals = 4;
 
     // furtherSections: sections of Properties that are read along, for number, text and integer. Throws CMySQLException.
@@ -59,6 +60,12 @@ public:
     int fiscalYear() const;
     // The day on which the fiscal year's books open; the first day of fiscalYear() until one is set.
     QDateTime fiscalYearOpeningDate() const;
+    // Its last day, on which documents are still written; the last day of fiscalYear() until one after the opening is set.
+    QDateTime fiscalYearClosingDate() const;
+    // Why a document of that day cannot be written in this fiscal year; empty when it can. what names the document, as "سند".
+    QString fiscalYearRefusal(const QDate &day, const QString &what) const;
+    // Throws KAccountingError with that refusal.
+    void requireInFiscalYear(const QDate &day, const QString &what) const;
 
     // The stored value, or the default when there is none or it is not of that kind.
     double number(const QString &section, const QString &key, double defaultValue) const;

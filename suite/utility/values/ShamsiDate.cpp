@@ -85,6 +85,11 @@ bool IsShamsiLeapYear(int year)
     return isKnownYear(year) && (25 * year + 11) % 33 < 8;
 }
 
+QDate shamsiYearEnd(int year)
+{
+    return ConvertToMiladi(year, 12, shamsiDaysInMonth(year, 12));
+}
+
 int shamsiDaysInMonth(int year, int month)
 {
     if (!isKnownYear(year) || month < 1 || month > 12)

@@ -40,6 +40,9 @@ TZVALUES_EXPORT bool IsShamsiLeapYear(int year);
 // 0 when the year or the month does not exist.
 TZVALUES_EXPORT int shamsiDaysInMonth(int year, int month);
 
+// The last day of Esfand; invalid when the year does not exist.
+TZVALUES_EXPORT QDate shamsiYearEnd(int year);
+
 // The same day of the month that many months later or earlier, or that month's last day when it is shorter.
 // Invalid when that leaves the calendar's years.
 TZVALUES_EXPORT QDate addShamsiMonths(const QDate &date, int months);

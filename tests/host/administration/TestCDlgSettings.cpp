@@ -30,7 +30,7 @@ private Q_SLOTS:
     void refused_data();
     void refused();
     void cancelChangesNothing();
-    void anotherFiscalYearOpensOnItsFirstDay();
+    void anotherFiscalYearIsThatOfItsDays();
     void ofAClosedDatabaseOnlyTheMarkCanBeChanged();
 
 private:
@@ -46,6 +46,7 @@ struct Settings
         , decimals(named<QComboBox>(dialog, u"رقم‌های اعشار :"_s))
         , year(named<KEdit>(dialog, u"سال مالی :"_s))
         , opening(named<KDateEdit>(dialog, u"تاریخ افتتاح :"_s))
+        , closing(named<KDateEdit>(dialog, u"تاریخ پایان :"_s))
         , catalogLocked(named<QCheckBox>(dialog, u"فهرست خودروها قفل است (فقط انتخاب)"_s))
         , closed(named<QCheckBox>(dialog, u"پایگاه داده بسته است (فقط مشاهده)"_s))
     {
@@ -56,6 +57,7 @@ struct Settings
     QComboBox *decimals;
     KEdit *year;
     KDateEdit *opening;
+    KDateEdit *closing;
     QCheckBox *catalogLocked;
     QCheckBox *closed;
 };
@@ -75,6 +77,7 @@ void TestCDlgSettings::showsWhatIsStored()
     QCOMPARE(settings.decimals->currentText(), u"2"_s);
     QCOMPARE(settings.year->integer(), 1403);
     QCOMPARE(settings.opening->text(), u"1403/01/05"_s);
+    QCOMPARE(settings.closing->text(), u"1403/12/30"_s);
     QVERIFY(settings.catalogLocked->isChecked());
     QVERIFY(!settings.closed->isChecked());
 }
@@ -86,6 +89,7 @@ void TestCDlgSettings::storesEverything()
     settings.decimals->setCurrentIndex(3);
     settings.year->setNumber(1404);
     settings.opening->setDate(ConvertToMiladi(1404, 1, 2));
+    settings.closing->setDate(ConvertToMiladi(1405, 1, 1));
     settings.catalogLocked->setChecked(true);
     settings.closed->setChecked(true);
     settings.dialog.accept();
@@ -96,6 +100,7 @@ void TestCDlgSettings::storesEverything()
     QCOMPARE(DToMoney(1), u"1.000"_s);
     QCOMPARE(setting->FiscalYear(), 1404);
     QCOMPARE(setting->FiscalYearOpeningDate().date(), ConvertToMiladi(1404, 1, 2));
+    QCOMPARE(setting->FiscalYearClosingDate().date(), ConvertToMiladi(1405, 1, 1));
     QVERIFY(setting->IsCatalogLocked());
     QVERIFY(setting->IsClosedDB());
 }
@@ -114,6 +119,10 @@ void TestCDlgSettings::refused_data()
                                     << "";
     QTest::newRow("no such day") << "تاریخ افتتاح :"
                                  << "1404/12/30";
+    QTest::newRow("no closing day") << "تاریخ پایان :"
+                                    << "";
+    QTest::newRow("closing day before the opening") << "تاریخ پایان :"
+                                                    << "1390/12/29";
 }
 
 void TestCDlgSettings::refused()
@@ -139,11 +148,12 @@ void TestCDlgSettings::cancelChangesNothing()
     QVERIFY(!GetDBSetting()->IsClosedDB());
 }
 
-void TestCDlgSettings::anotherFiscalYearOpensOnItsFirstDay()
+void TestCDlgSettings::anotherFiscalYearIsThatOfItsDays()
 {
     Settings settings;
     settings.year->setText(u"1406"_s);
     QCOMPARE(settings.opening->text(), u"1406/01/01"_s);
+    QCOMPARE(settings.closing->text(), u"1406/12/29"_s);
 }
 
 void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void accountThatIsNotInTheListIsRefused();
     void accountThatCannotTakeRowsAnyMoreIsMarked();
     void refusalOfTheBooksKeepsWhatWasTyped();
+    void dateAfterTheFiscalYearIsRefusedOnItsField();
     void cancelSavesNothing();
 
 private:
@@ -243,6 +244,21 @@ void TestCDlgAddDocument::refusalOfTheBooksKeepsWhatWasTyped()
     named<KDateEdit>(window, dateLabel)->setText(u"1405/13/1"_s);
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(window.num(), 0);
+}
+
+void TestCDlgAddDocument::dateAfterTheFiscalYearIsRefusedOnItsField()
+{
+    ManualDocument late = BooksOffice::document();
+    late.date = BooksOffice::day(12, 29).addDays(1);
+    CDlgAddDocument window(late);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    named<KEdit>(window, u"شرح سند :"_s)->setFocus();
+    window.accept();
+    QVERIFY(window.isVisible());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تاریخ سند پس از پایان سال مالی 1405 (1405/12/29) است."_s});
+    QVERIFY(named<KDateEdit>(window, u"تاریخ :"_s)->hasFocus());
     QCOMPARE(window.num(), 0);
 }
 

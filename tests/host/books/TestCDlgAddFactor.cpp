@@ -39,6 +39,7 @@ private Q_SLOTS:
     void serviceThatIsNotInTheListIsRefused();
     void entryThatIsNoDateIsRefused();
     void refusalOfTheBooksKeepsWhatWasTyped();
+    void dateAfterTheFiscalYearIsRefusedOnItsField();
     void changeIsSaved();
     void changeOfAnotherUserIsTold();
     void cancelSavesNothing();
@@ -270,6 +271,21 @@ void TestCDlgAddFactor::refusalOfTheBooksKeepsWhatWasTyped()
     QVERIFY(!window.OnOK());
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."_s});
     QCOMPARE(window.invoice().lines, early.lines);
+    QCOMPARE(window.num(), 0);
+}
+
+void TestCDlgAddFactor::dateAfterTheFiscalYearIsRefusedOnItsField()
+{
+    Invoice late = m_office.invoice();
+    late.date = BooksOffice::day(12, 29).addDays(1);
+    CDlgAddFactor window(late, false);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    named<KEdit>(window, u"شرح :"_s)->setFocus();
+    window.accept();
+    QVERIFY(window.isVisible());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تاریخ فاکتور پس از پایان سال مالی 1405 (1405/12/29) است."_s});
+    QVERIFY(named<KDateEdit>(window, u"تاریخ :"_s)->hasFocus());
     QCOMPARE(window.num(), 0);
 }
 

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void keyboardAloneSaves();
     void amountZeroIsRefusedAndFocused();
     void missingDateIsRefused();
+    void dateOutsideTheFiscalYearIsRefusedAndFocused();
     void closedDatabaseOpensNoWindow();
     void databaseClosedMeanwhileRefusesAndStaysOpen();
     void withoutTheRightNoWindowOpens();
@@ -62,6 +63,7 @@ void TestCDlgCashFromPerson::initTestCase()
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     GetDBSetting()->SetFiscalYear(1405);
     GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC));
+    GetDBSetting()->SetFiscalYearClosingDate(QDateTime(QDate(2100, 1, 1), QTime(0, 0), Qt::UTC));
     m_person = m_office.addPerson(u"مریم احمدی"_s);
 }
 
@@ -206,6 +208,21 @@ void TestCDlgCashFromPerson::missingDateIsRefused()
     QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), u"0"_s);
 }
 
+void TestCDlgCashFromPerson::dateOutsideTheFiscalYearIsRefusedAndFocused()
+{
+    QVERIFY(!receive([](QDialog *dialog) {
+        auto *date = field<KDateEdit>(dialog, u"تاریخ :"_s);
+        date->setDate(QDate(2100, 1, 2));
+        field<KEdit>(dialog, u"شرح :"_s)->setFocus();
+        FormDriver::click(dialog, u"تاييد"_s);
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown(),
+                 QStringList{u"تاریخ دریافت پس از پایان سال مالی 1405 (%1) است."_s.arg(shamsiText(QDate(2100, 1, 1)))});
+        QVERIFY(date->hasFocus());
+    }));
+    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), u"0"_s);
+}
+
 void TestCDlgCashFromPerson::closedDatabaseOpensNoWindow()
 {
     GetDBSetting()->SetClosedDB(true);
@@ -250,6 +267,7 @@ void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused_data()
     row("account outside the chart", [](auto &receipt) { receipt.moeen = 999999; });
     row("no date", [](auto &receipt) { receipt.date = QDateTime(); });
     row("before the books opened", [](auto &receipt) { receipt.date = receipt.date.addYears(-40); });
+    row("after the fiscal year", [](auto &receipt) { receipt.date = receipt.date.addYears(90); });
 }
 
 void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused()

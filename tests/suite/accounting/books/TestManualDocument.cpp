@@ -226,6 +226,9 @@ void TestManualDocument::refusals_data()
     row(
         "before the fiscal year", [](ManualDocument &d) { d.date = QDateTime(QDate(2026, 3, 20), QTime(0, 0), Qt::UTC); },
         u"تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."_s);
+    row(
+        "after the fiscal year", [](ManualDocument &d) { d.date = QDateTime(QDate(2027, 3, 21), QTime(0, 0), Qt::UTC); },
+        u"تاریخ سند پس از پایان سال مالی 1405 (1405/12/29) است."_s);
 }
 
 void TestManualDocument::refusals()

@@ -279,6 +279,9 @@ void TestInvoicePosting::refusals_data()
         "before the fiscal year", [](Invoice &i) { i.date = QDateTime(QDate(2026, 3, 20), QTime(0, 0), Qt::UTC); },
         u"تاریخ فاکتور پیش از تاریخ افتتاحیه سال مالی است."_s);
     row(
+        "after the fiscal year", [](Invoice &i) { i.date = QDateTime(QDate(2027, 3, 21), QTime(0, 0), Qt::UTC); },
+        u"تاریخ فاکتور پس از پایان سال مالی 1405 (1405/12/29) است."_s);
+    row(
         "discount above the sum", [](Invoice &i) { i.discount = 1001; }, u"تخفیف از جمع ردیف‌ها بیشتر است."_s);
 }
 

@@ -25,6 +25,9 @@ private Q_SLOTS:
     void everythingComesByOneStatement();
     void whatCannotBeIsBroughtIntoItsBounds();
     void laterChangesAreThoseOfTheNextReading();
+    void fiscalYearEndsWithTheShamsiYear();
+    void dayOutsideTheFiscalYearIsRefused_data();
+    void dayOutsideTheFiscalYearIsRefused();
     void furtherSectionsKeepTheirKeysApart();
     void valueOfAnotherKindGivesTheDefault();
 
@@ -97,6 +100,41 @@ void TestOfficeSettings::laterChangesAreThoseOfTheNextReading()
     QVERIFY(OfficeSettings::read().isClosed());
     QVERIFY(GetDBSetting()->IsClosedDB());
     QVERIFY_THROWS_EXCEPTION(KAccountingError, GetDBSetting()->RequireOpenDB());
+}
+
+void TestOfficeSettings::fiscalYearEndsWithTheShamsiYear()
+{
+    GetDBSetting()->SetFiscalYear(1403); // a leap year
+    QCOMPARE(OfficeSettings::read().fiscalYearClosingDate().date(), ConvertToMiladi(1403, 12, 30));
+    GetDBSetting()->SetFiscalYear(1404);
+    QCOMPARE(OfficeSettings::read().fiscalYearClosingDate().date(), ConvertToMiladi(1404, 12, 29));
+    // Of another year, as an office leaves it that changes only the year: it ends nothing.
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(ConvertToMiladi(1404, 1, 1), QTime(0, 0), Qt::UTC));
+    GetDBSetting()->SetFiscalYearClosingDate(QDateTime(ConvertToMiladi(1403, 12, 30), QTime(0, 0), Qt::UTC));
+    QCOMPARE(GetDBSetting()->FiscalYearClosingDate().date(), ConvertToMiladi(1404, 12, 29));
+    // A fiscal year may end inside the next Shamsi year.
+    GetDBSetting()->SetFiscalYearClosingDate(QDateTime(ConvertToMiladi(1405, 6, 31), QTime(0, 0), Qt::UTC));
+    QCOMPARE(GetDBSetting()->FiscalYearClosingDate().date(), ConvertToMiladi(1405, 6, 31));
+}
+
+void TestOfficeSettings::dayOutsideTheFiscalYearIsRefused_data()
+{
+    QTest::addColumn<QDate>("day");
+    QTest::addColumn<QString>("refusal");
+    const QString after = u"تاریخ سند پس از پایان سال مالی 1405 (1405/12/29) است."_s;
+    QTest::newRow("eve of the opening") << ConvertToMiladi(1405, 1, 1) << u"تاریخ سند پیش از تاریخ افتتاحیه سال مالی است."_s;
+    QTest::newRow("opening") << ConvertToMiladi(1405, 1, 2) << QString();
+    QTest::newRow("last day") << ConvertToMiladi(1405, 12, 29) << QString();
+    QTest::newRow("day after") << ConvertToMiladi(1406, 1, 1) << after;
+    QTest::newRow("years ahead") << ConvertToMiladi(1450, 1, 1) << after;
+}
+
+void TestOfficeSettings::dayOutsideTheFiscalYearIsRefused()
+{
+    QFETCH(QDate, day);
+    GetDBSetting()->SetFiscalYear(1405);
+    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(ConvertToMiladi(1405, 1, 2), QTime(0, 0), Qt::UTC));
+    QTEST(OfficeSettings::read().fiscalYearRefusal(day, u"سند"_s), "refusal");
 }
 
 void TestOfficeSettings::furtherSectionsKeepTheirKeysApart()
