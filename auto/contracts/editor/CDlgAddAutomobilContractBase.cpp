@@ -402,6 +402,18 @@ bool CDlgAddAutomobilContractBase::validateEntries()
     return true;
 }
 
+QList<KForm::Problem> CDlgAddAutomobilContractBase::doubts() const
+{
+    KDateEdit *signing = m_form->dateEdit(column("dateContract"));
+    KDateEdit *expiration = m_form->dateEdit(column("dateExpiration"));
+    QList<KForm::Problem> doubts;
+    if (signing->date() > GetDBSetting()->FiscalYearClosingDate().date())
+        doubts.append({signing, u"تاریخ عقد پس از پایان سال مالی است."_s});
+    if (expiration->date().isValid() && expiration->date() < signing->date())
+        doubts.append({expiration, u"تاریخ انقضاء پیش از تاریخ عقد است."_s});
+    return doubts;
+}
+
 QList<CDlgAddAutomobilContractBase::PaymentDifference> CDlgAddAutomobilContractBase::paymentDifferences() const
 {
     const std::tuple<const ContractPartyGroup *, const CommissionParty &, CommissionField, QString> parties[] = {

@@ -36,6 +36,7 @@ public:
     void fill(CTblAutomobilContracts &contract) override;
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilContracts &contract) override;
+    QList<KForm::Problem> doubts() const override;
 
     // Asks what to do where a party pays another amount than the contract's document will charge, and takes the document's when
     // told to. When false, the user went back to the payment.

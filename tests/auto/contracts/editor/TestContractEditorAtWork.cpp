@@ -296,6 +296,49 @@ private Q_SLOTS:
         QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
     }
 
+    // --- What is asked about ---
+
+    void unusualDateIsAskedAbout_data()
+    {
+        QTest::addColumn<QString>("contractDate");
+        QTest::addColumn<QString>("expiration");
+        QTest::addColumn<QString>("sentence");
+        QTest::addColumn<QByteArray>("field");
+        QTest::newRow("after the end of the fiscal year")
+            << u"1406/01/01"_s << QString() << u"تاریخ عقد پس از پایان سال مالی است."_s << QByteArray("dateContract");
+        QTest::newRow("expiry before the contract")
+            << u"1405/08/02"_s << u"1405/08/01"_s << u"تاریخ انقضاء پیش از تاریخ عقد است."_s << QByteArray("dateExpiration");
+        QTest::newRow("both") << u"1406/01/02"_s << u"1406/01/01"_s
+                              << u"تاریخ عقد پس از پایان سال مالی است.\nتاریخ انقضاء پیش از تاریخ عقد است."_s
+                              << QByteArray("dateContract");
+        QTest::newRow("the last day, expiring on it") << u"1405/12/29"_s << u"1405/12/29"_s << QString() << QByteArray();
+    }
+
+    void unusualDateIsAskedAbout()
+    {
+        QFETCH(QString, contractDate);
+        QFETCH(QString, expiration);
+        QFETCH(QString, sentence);
+        QFETCH(QByteArray, field);
+        GetDBSetting()->SetFiscalYear(1405);
+        auto dialog = filledNew();
+        KForm *form = dialog->basePage()->form();
+        form->dateEdit(column("dateContract"))->setText(contractDate);
+        form->dateEdit(column("dateExpiration"))->setText(expiration);
+        if (!sentence.isEmpty()) {
+            g_pDlgYesNo->answerNext(KMessageDialog::No);
+            dialog->accept();
+            QVERIFY(dialog->isVisible());
+            QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{sentence + u"\nمطمئن هستید؟"_s});
+            QCOMPARE(dialog->focusWidget(), form->control(QString::fromLatin1(field)));
+            QCOMPARE(value(u"SELECT COUNT(*) FROM Docs"_s), u"0"_s);
+        }
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), sentence.isEmpty() ? 0 : 1);
+    }
+
     // --- What is paid and what the document charges ---
 
     // A total that changes puts both payments back to it, while the document goes on charging what it is made of.
