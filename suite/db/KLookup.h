@@ -23,17 +23,6 @@ TZDB_EXPORT QHash<int, QString> names(const Source &source, const QList<int> &ke
 // One name; empty when the key is not there.
 TZDB_EXPORT QString name(const Source &source, int key, int database = 0);
 
-// The same with the three texts; for callers that have no record.
-inline QHash<int, QString> names(const QString &table, const QString &keyColumn, const QString &displayColumn,
-                                 const QList<int> &keys, int database = 0)
-{
-    return names(Source{table, keyColumn, displayColumn}, keys, database);
-}
-inline QString name(const QString &table, const QString &keyColumn, const QString &displayColumn, int key, int database = 0)
-{
-    return name(Source{table, keyColumn, displayColumn}, key, database);
-}
-
 // The same for the keys of a record's column, in the record's database. The column has a lookup or namesFrom; one without
 // is an error of the program and asserts. The record need not be open.
 TZDB_EXPORT QHash<int, QString> names(KMySQL &record, QStringView column, const QList<int> &keys);
