@@ -71,14 +71,14 @@ void run(const QString &statement)
 {
     CTblTemp temp;
     temp.Open(true, false, true);
-    temp.ExecuteQuery(statement);
+    temp.ExecuteQuery(statement.toUtf8().constData(), true, true);
 }
 
 qint64 value(const QString &statement, int column = 0)
 {
     CTblTemp temp;
     temp.Open(true, false, true);
-    temp.ExecuteQuery(statement);
+    temp.ExecuteQuery(statement.toUtf8().constData(), true, true);
     return temp.GetTextFieldValue(column).toLongLong();
 }
 
@@ -87,9 +87,9 @@ void multiplyCars()
 {
     CTblTemp columns;
     columns.Open(true, false, true);
-    columns.ExecuteQuery(u"SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS WHERE"
+    columns.ExecuteQuery("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS WHERE"
                          " TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilInformations' AND COLUMN_NAME NOT IN"
-                         " ('iID','iCode')"_s);
+                         " ('iID','iCode')");
     const QString names = columns.GetTextFieldValue(0);
     run(u"UPDATE AutomobilInformations SET oPicture=(SELECT p FROM (SELECT oPicture p FROM AutomobilInformations WHERE"
         " oPicture IS NOT NULL LIMIT 1) one) WHERE oPicture IS NULL"_s);

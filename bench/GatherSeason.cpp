@@ -45,7 +45,7 @@ constexpr double minimumAmount = 500'000;
 void fillSeason()
 {
     KConnection &connection = KConnection::forThread();
-    const auto run = [&connection](const QString &statement) { connection.run(statement); };
+    const auto run = [&connection](const QString &statement) { connection.run(statement.toUtf8()); };
     const QString first = Season::bounds(0, year).first.toString(Qt::ISODate);
     for (const char *table : {"AutomobilContracts", "Factors", "FactorStuffs", "Services", "Persons"})
         run(u"DELETE FROM "_s + QLatin1String(table));
@@ -114,8 +114,8 @@ double number(const char *cell)
 
 void streamAndSum(benchmark::State &state)
 {
-    const QString contractsIn = Season::condition(u"dateContract"_s, Season::bounds(0, year)) + QLatin1String(" AND iStatus=0");
-    const QString invoicesIn = Season::condition(u"f.date"_s, Season::bounds(0, year)) + QLatin1String(" AND f.iStatus=0 AND f.iType=7");
+    const QString contractsIn = Season::condition("dateContract", Season::bounds(0, year)).text() + QLatin1String(" AND iStatus=0");
+    const QString invoicesIn = Season::condition("f.date", Season::bounds(0, year)).text() + QLatin1String(" AND f.iStatus=0 AND f.iType=7");
     for (auto _ : state) {
         double total = 0;
         size_t touched = 0;

@@ -36,7 +36,7 @@ void addCars()
 {
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery(u"DELETE FROM AutomobilInformations"_s);
+    statement.ExecuteQuery("DELETE FROM AutomobilInformations");
     CTblAutomobilInformations car;
     RecordBulkInsert cars(car, {u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s, u"iBrigade"_s, u"iModel"_s, u"iColor"_s, u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s});
     DemoRandom random(carCount);

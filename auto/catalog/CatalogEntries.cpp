@@ -38,7 +38,7 @@ QVector<CatalogEntries::Entry> CatalogEntries::list(CatalogLevel level, int pare
 {
     const std::unique_ptr<KMySQL> records = makeRecords(level);
     records->m_filter = CatalogFilter::entries(level, parent, namePart);
-    records->m_sort = u"sName"_s;
+    records->m_sort = "sName";
     records->SetColumns({u"sName"_s});
     QVector<Entry> entries;
     for (records->Open(true, true, true); !records->IsEOF(); records->MoveNext())
@@ -118,7 +118,7 @@ bool CatalogEntries::remove(CatalogLevel level, int key)
 bool CatalogEntries::isNameTaken(int key, const QString &name, int parent)
 {
     CTblCarModels models;
-    models.m_filter = CatalogFilter::sameName(key, KConnection::forThread(0).quoted(name), parent);
+    models.m_filter = CatalogFilter::sameName(key, name, parent);
     models.Open(true, true, true);
     return !models.IsEOF();
 }

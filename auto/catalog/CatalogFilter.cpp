@@ -2,22 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/catalog/CatalogFilter.h"
+#include "suite/accounting/lists/FilterClauses.h"
 
-using namespace Qt::StringLiterals;
-
-QString CatalogFilter::entries(CatalogLevel level, int parent, const QString &namePart)
+KSql CatalogFilter::entries(CatalogLevel level, int parent, const QString &namePart)
 {
-    // A typed % is no placeholder: the text is joined, never formatted.
-    QString named = namePart.isEmpty() ? QString() : u" sName LIKE '%"_s + namePart + u"%'"_s;
+    const KSql named = namePart.isEmpty() ? KSql() : " " + FilterClauses::contains("sName", namePart);
     if (level == CatalogLevel::Brand)
         return named;
-    const char *below = level == CatalogLevel::Model ? "iClassID=%d" : "iBrandID=%d";
-    const QString condition = QString::asprintf(below, parent);
-    return named.isEmpty() ? condition : condition + u" AND"_s + named;
+    const KSql condition = (level == CatalogLevel::Model ? KSql("iClassID=") : KSql("iBrandID=")) + KSql::number(parent);
+    return named.isEmpty() ? condition : condition + " AND" + named;
 }
 
-QString CatalogFilter::sameName(int key, const QByteArray &quotedName, int parent)
+KSql CatalogFilter::sameName(int key, const QString &name, int parent)
 {
-    const QString other = key > 0 ? QString::asprintf("iID<>%d AND ", key) : QString();
-    return other + u"sName="_s + QString::fromUtf8(quotedName) + u" AND iID="_s + QString::number(parent);
+    const KSql other = key > 0 ? KSql::formatted("iID<>%1 AND ", key) : KSql();
+    return other + KSql::formatted("sName=%1 AND iID=%2", KSql::quoted(name), parent);
 }

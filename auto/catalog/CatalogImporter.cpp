@@ -24,7 +24,7 @@ QVector<CatalogImport::KnownEntry> knownOf(qint32 Records::*parent, const QStrin
         columns.append(parentColumn);
     records.SetColumns(columns);
     // When a name occurs twice, new entries belong to the older one.
-    records.m_sort = u"iID"_s;
+    records.m_sort = "iID";
     for (records.Open(true, true, true); !records.IsEOF(); records.MoveNext())
         entries.append({records.m_iID, parent ? records.*parent : 0, records.m_sName});
     return entries;

@@ -29,7 +29,7 @@ constexpr int longestFilter = 50;
 CatalogPanel::CatalogPanel(const QString &heading, const QString &section, QWidget *parent)
     : QWidget(parent)
     , m_heading(heading)
-    , m_filter(new KEdit(KEdit::Kind::QueryText, this))
+    , m_filter(new KEdit(this))
     , m_list(new KExtListCtrl(this))
     , m_count(new QLabel(this))
 {
@@ -87,7 +87,7 @@ QPushButton *CatalogPanel::makeButton(const QString &caption, const QKeySequence
 
 QString CatalogPanel::namePart() const
 {
-    return ConvertToStandard(m_filter->queryText());
+    return ConvertToStandard(m_filter->text());
 }
 
 void CatalogPanel::clearFilter()

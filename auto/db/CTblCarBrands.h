@@ -27,7 +27,7 @@ public:
     static int FillComboBox(ComboBox *combo, int database = 0)
     {
         CTblCarBrands rows(database);
-        rows.m_sort = u"iID"_s;
+        rows.m_sort = "iID";
         return fillComboBox(combo, rows, 0);
     }
 

@@ -25,8 +25,8 @@ public:
     static int FillComboBox(ComboBox *combo, int modelID, int current, int database = 0)
     {
         CTblCarClasses rows(database);
-        rows.m_filter = QString::asprintf("iBrandID=%d", modelID);
-        rows.m_sort = u"iID"_s;
+        rows.m_filter = KSql::formatted("iBrandID=%1", modelID);
+        rows.m_sort = "iID";
         return fillComboBox(combo, rows, current);
     }
 

@@ -38,7 +38,7 @@ template <class Record>
     KTransaction::runReplayable([&] {
         saved = false;
         Record record;
-        if (!record.IsRecordExist(u"iID"_s, decision.key, 0, QString()))
+        if (!record.IsRecordExist(u"iID"_s, decision.key))
             return;
         record.Edit();
         if (record.m_iUserID == 0)

@@ -71,7 +71,7 @@ protected:
     template <class Record>
     [[nodiscard]] bool loadRecord(Record &record) const
     {
-        return record.IsRecordExist(u"iID"_s, m_key, 0, QString());
+        return record.IsRecordExist(u"iID"_s, m_key);
     }
 
     template <class Record>

@@ -14,16 +14,16 @@ enum ArchiveState {
 
 }
 
-KListFilter::Clause ListClauses::archive(const char *notArchived, const char *column)
+KListFilter::Clause ListClauses::archive(KSql notArchived, KSql column)
 {
-    return [notArchived, column](const QVariant &state, int userID) -> QString {
+    return [notArchived = std::move(notArchived), column = std::move(column)](const QVariant &state, int userID) -> KSql {
         switch (state.toInt()) {
         case NotArchived:
-            return QString::asprintf(" AND %s=0", notArchived);
+            return KSql::formatted(" AND %1=0", notArchived);
         case ArchivedBySelf:
-            return QString::asprintf(" AND %s=%d", column, userID);
+            return KSql::formatted(" AND %1=%2", column, userID);
         case ArchivedByOthers:
-            return QString::asprintf(" AND %s<>0 AND %s<>%d", column, column, userID);
+            return KSql::formatted(" AND %1<>0 AND %1<>%2", column, userID);
         default:
             return {};
         }

@@ -9,6 +9,6 @@
 namespace ListClauses {
 
 // The value is a position in WordLists::archiveStates. Without an alias for "not archived", where a list's filter has none there.
-KListFilter::Clause archive(const char *notArchived, const char *column);
+KListFilter::Clause archive(KSql notArchived, KSql column);
 
 }

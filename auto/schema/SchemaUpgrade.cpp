@@ -109,7 +109,7 @@ public:
     ~LenientSession()
     {
         try {
-            m_session.ExecuteQuery(u"SET SESSION sql_mode='%1'"_s.arg(m_before));
+            m_session.ExecuteQuery("SET SESSION sql_mode=" + KSql::quoted(m_before));
         } catch (const CMySQLException &) {
             // Only a lost connection refuses this; the next one sets its session up by itself.
         }
@@ -131,9 +131,9 @@ struct SchemaMemory
 
 bool isRenamed(const RenamedColumn &renamed, CTblTemp &session)
 {
-    session.ExecuteQuery(u"SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
-                         " AND TABLE_NAME='%1' AND COLUMN_NAME='%2'"_s
-                             .arg(QLatin1String(renamed.table), QLatin1String(renamed.column)));
+    session.ExecuteQuery(KSql::formatted("SELECT COUNT(*) FROM information_schema.COLUMNS WHERE TABLE_SCHEMA=DATABASE()"
+                                         " AND TABLE_NAME=%1 AND COLUMN_NAME=%2",
+                                         KSql::quoted(QByteArray(renamed.table)), KSql::quoted(QByteArray(renamed.column))));
     return session.GetLongFieldValue(0) > 0;
 }
 

@@ -15,9 +15,10 @@ constexpr int most = 1000;
 QStringList storedTexts(const char *table, const char *column)
 {
     CTblTemp statement;
+    const KSql name = KSql::name(QLatin1String(column));
     statement.Open(false, false, true);
-    statement.FormatAndExecuteQuery("SELECT DISTINCT %s FROM %s WHERE %s<>'' ORDER BY %s LIMIT %d", column, table, column,
-                                    column, most);
+    statement.ExecuteQuery(KSql::formatted("SELECT DISTINCT %1 FROM %2 WHERE %1<>'' ORDER BY %1 LIMIT %3", name,
+                                           KSql::name(QLatin1String(table)), most));
     QStringList texts;
     for (bool found = statement.HasResultRow(); found; found = statement.MoveNextResult())
         texts.append(statement.GetTextFieldValue(0));

@@ -65,8 +65,8 @@ void CDlgUserRights::buildView()
 QLayout *CDlgUserRights::buildCopyRow()
 {
     CTblUsers users;
-    users.m_filter = u"iID<>%1"_s.arg(m_userID);
-    users.m_sort = u"sUser"_s;
+    users.m_filter = KSql::formatted("iID<>%1", m_userID);
+    users.m_sort = "sUser";
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         m_source->addItem(users.m_sUser, users.m_iID);
 

@@ -9,13 +9,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString eitherName(const QVariant &value, int)
+KSql eitherName(const QVariant &value, int)
 {
     const QString part = value.toString();
     if (part.isEmpty())
         return {};
-    const QString like = u" LIKE '%"_s + part + u"%'"_s;
-    return u" AND (sUser"_s + like + u" OR sName"_s + like + u')';
+    return KSql::formatted(" AND (%1 OR %2)", FilterClauses::contains("sUser", part), FilterClauses::contains("sName", part));
 }
 
 }
@@ -24,7 +23,7 @@ QList<KListFilter> userFilters()
 {
     using K = KListFilter::Kind;
     return {
-        {.key = u"name"_s, .label = u"نام :"_s, .kind = K::QueryText, .place = {0, 0}, .clause = eitherName,
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = K::Text, .place = {0, 0}, .clause = eitherName,
          .options = KListFilter::FindGoesHere},
         {.key = u"inactive"_s, .label = u"نمایش غیرفعال‌ها"_s, .kind = K::Flag, .place = {0, 2},
          .clause = FilterClauses::flag("", " AND iStatus=0"), .initial = true},

@@ -52,7 +52,7 @@ QString serviceText(int code, const QString &name)
 QVector<KLinesModel::Choice> services()
 {
     CTblServices set;
-    set.m_sort = u"iCode"_s;
+    set.m_sort = "iCode";
     QVector<KLinesModel::Choice> choices;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         choices.append({set.m_iID, serviceText(set.m_iCode, set.m_sName)});

@@ -30,7 +30,7 @@ QList<KListColumn> CDlgServices::columnTable() const
 QList<KListFilter> CDlgServices::filterTable() const
 {
     return {
-        {.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::QueryText, .place = {0, 0}, .clause = FilterClauses::part("sName"), .options = KListFilter::FindGoesHere},
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .clause = FilterClauses::part("sName"), .options = KListFilter::FindGoesHere},
     };
 }
 

@@ -63,10 +63,10 @@ void requireEmpty(int database)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT EXISTS(SELECT 1 FROM Users) OR EXISTS(SELECT 1 FROM Persons) "
+    query.ExecuteQuery("SELECT EXISTS(SELECT 1 FROM Users) OR EXISTS(SELECT 1 FROM Persons) "
                        "OR EXISTS(SELECT 1 FROM AutomobilContracts) OR EXISTS(SELECT 1 FROM Documents) "
                        "OR EXISTS(SELECT 1 FROM AutomobilInformations) OR EXISTS(SELECT 1 FROM CarBrands) "
-                       "OR EXISTS(SELECT 1 FROM Items)"_s);
+                       "OR EXISTS(SELECT 1 FROM Items)");
     if (query.GetLongFieldValue(0) != 0)
         throw KAccountingError(u"دفتر نمونه فقط در یک پایگاه داده خالی ساخته می‌شود."_s);
 }

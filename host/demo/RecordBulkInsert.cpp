@@ -42,7 +42,7 @@ QByteArray RecordBulkInsert::literal(const KMySQL::Column &column) const
     const bool isNumber = std::holds_alternative<qint32 *>(column.member) || std::holds_alternative<double *>(column.member);
     if (!isNumber && column.isEmpty())
         return QByteArrayLiteral("NULL");
-    return column.literal(KConnection::forThread(m_record.database()));
+    return column.literal();
 }
 
 void RecordBulkInsert::add()

@@ -68,7 +68,7 @@ QStringList tablesOf(KConnection &connection, const QString &database)
 {
     const KConnection::Result result = connection.run(
         "SELECT table_name FROM information_schema.tables WHERE table_type='BASE TABLE' AND table_schema="
-        + connection.quoted(database));
+        + KSql::quoted(database));
     QStringList tables;
     while (const MYSQL_ROW row = mysql_fetch_row(result.get()))
         tables << QString::fromUtf8(row[0]);
@@ -144,7 +144,7 @@ qint64 DatabaseDump::sizeOfTables() const
 {
     KConnection connection(m_settings);
     const KConnection::Result result = connection.run("SELECT SUM(data_length) FROM information_schema.tables WHERE table_schema="
-                                                      + connection.quoted(m_settings.database));
+                                                      + KSql::quoted(m_settings.database));
     const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
     return row && row[0] ? QByteArray(row[0]).toLongLong() : 0;
 }

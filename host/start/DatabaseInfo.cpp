@@ -19,7 +19,7 @@ QString serverVersion()
 {
     CTblTemp query;
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT VERSION()"_s);
+    query.ExecuteQuery("SELECT VERSION()");
     return query.GetTextFieldValue(0);
 }
 

@@ -29,15 +29,18 @@ bool holdsRows()
 {
     CTblTemp query;
     query.Open(false, false, true);
-    query.ExecuteQuery(u"SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_SCHEMA = DATABASE() "
-                       "AND TABLE_NAME IN ('%1')"_s
-                           .arg(dataTables().join(u"','"_s)));
-    QStringList present;
+    QList<KSql> tables;
+    for (const QString &table : dataTables())
+        tables.append(KSql::quoted(table));
+    query.ExecuteQuery(KSql::formatted("SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_SCHEMA = DATABASE() "
+                                       "AND TABLE_NAME IN (%1)",
+                                       KSql::joined(tables, ",")));
+    QList<KSql> present;
     for (; query.HasResultRow(); query.MoveNextResult())
-        present.append(u"EXISTS(SELECT 1 FROM %1)"_s.arg(query.GetTextFieldValue(0)));
+        present.append(KSql::formatted("EXISTS(SELECT 1 FROM %1)", KSql::name(query.GetTextFieldValue(0))));
     if (present.isEmpty())
         return false;
-    query.ExecuteQuery(u"SELECT "_s + present.join(u" OR "_s));
+    query.ExecuteQuery("SELECT " + KSql::joined(present, " OR "));
     return query.GetLongFieldValue(0) != 0;
 }
 

@@ -54,10 +54,10 @@ bool KColumn::isStill(const QVariant &before) const
         member);
 }
 
-QByteArray KColumn::literal(const KConnection &connection) const
+QByteArray KColumn::literal() const
 {
     return std::visit(
-        [this, &connection](const auto *held) {
+        [this](const auto *held) {
             const auto conversion = conversionOf(held);
             if (const char *why = conversion.refusal(*held))
                 refuse(CMySQLException::Category::ValueTooLong, why);
@@ -65,7 +65,7 @@ QByteArray KColumn::literal(const KConnection &connection) const
                 if (kind == Kind::Bool && !isByte(*held))
                     refuse(CMySQLException::Category::ValueTooLong, ": a flag that is larger than a byte");
             }
-            return conversion.literal(*held, connection);
+            return conversion.literal(*held);
         },
         member);
 }

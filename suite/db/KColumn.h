@@ -12,7 +12,6 @@
 
 #include <variant>
 
-class KConnection;
 class KTableSchema;
 
 // A column of a record class, bound to the member that holds its value in the current row. Names are compared exactly.
@@ -46,7 +45,7 @@ struct TZDB_EXPORT KColumn
     // Whether the member still holds what value() returned earlier. NULL and the empty value are the same.
     bool isStill(const QVariant &before) const;
     // The member as it stands in a statement. Throws ValueTooLong for a value that no column of that kind holds.
-    QByteArray literal(const KConnection &connection) const;
+    QByteArray literal() const;
     // Throws ValueTooLong or BadCharacter, with the caption, when the text member does not fit its column in the database.
     void requireFits(const KTableSchema &schema) const;
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
+#include "suite/db/KSql.h"
 
 #include <QDateTime>
 #include <QVariant>
@@ -55,7 +55,7 @@ struct KColumnValue<qint32> : KColumnValueParts::Plain<qint32>
 {
     static qint32 fromCell(const char *cell, unsigned long length) { return KColumnValueParts::parsed<qint32>(cell, length); }
     static qint32 fromVariant(const QVariant &value) { return value.toInt(); }
-    static QByteArray literal(qint32 value, const KConnection &) { return QByteArray::number(value); }
+    static QByteArray literal(qint32 value) { return QByteArray::number(value); }
 };
 
 template <>
@@ -64,7 +64,7 @@ struct KColumnValue<double> : KColumnValueParts::Plain<double>
     static double fromCell(const char *cell, unsigned long length) { return KColumnValueParts::parsed<double>(cell, length); }
     static double fromVariant(const QVariant &value) { return value.toDouble(); }
     static const char *refusal(double value) { return std::isfinite(value) ? nullptr : ": no finite number"; }
-    static QByteArray literal(double value, const KConnection &) { return QByteArray::number(value, 'g', 17); }
+    static QByteArray literal(double value) { return QByteArray::number(value, 'g', 17); }
 };
 
 template <>
@@ -76,7 +76,7 @@ struct KColumnValue<QString> : KColumnValueParts::Plain<QString>
     }
     static QString fromVariant(const QVariant &value) { return value.toString(); }
     static bool isEmpty(const QString &value) { return value.isEmpty(); }
-    static QByteArray literal(const QString &value, const KConnection &connection) { return connection.quoted(value); }
+    static QByteArray literal(const QString &value) { return KSql::quoted(value).utf8(); }
 };
 
 template <>
@@ -103,9 +103,9 @@ struct KColumnValue<QDateTime> : KColumnValueParts::Plain<QDateTime>
         const int year = value.date().year();
         return value.isValid() && (year < 1 || year > 9999) ? ": no year of four digits" : nullptr;
     }
-    static QByteArray literal(const QDateTime &value, const KConnection &connection)
+    static QByteArray literal(const QDateTime &value)
     {
-        return value.isValid() ? connection.quoted(value.toString(u"yyyy-MM-dd HH:mm:ss"_s)) : "NULL";
+        return value.isValid() ? KSql::quoted(value.toString(u"yyyy-MM-dd HH:mm:ss"_s)).utf8() : "NULL";
     }
 };
 
@@ -119,8 +119,8 @@ struct KColumnValue<KLongBinary> : KColumnValueParts::Plain<KLongBinary>
     static QVariant toVariant(const KLongBinary &value) { return value.data; }
     static KLongBinary fromVariant(const QVariant &value) { return {value.toByteArray()}; }
     static bool isEmpty(const KLongBinary &value) { return value.isEmpty(); }
-    static QByteArray literal(const KLongBinary &value, const KConnection &connection)
+    static QByteArray literal(const KLongBinary &value)
     {
-        return value.isEmpty() ? QByteArrayLiteral("NULL") : connection.quoted(value.data);
+        return value.isEmpty() ? QByteArrayLiteral("NULL") : KSql::quoted(value.data).utf8();
     }
 };

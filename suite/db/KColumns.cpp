@@ -5,6 +5,8 @@
 
 #include "suite/db/KColumnValue.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -71,6 +73,29 @@ QByteArray KColumns::selectList()
     }
     list.chop(1);
     return list;
+}
+
+// The columns of a joined view may be named without their table, as in a statement.
+bool KColumns::isText(QStringView name) const
+{
+    return std::any_of(m_columns.cbegin(), m_columns.cend(), [name](const KColumn &column) {
+        return column.kind == KColumn::Kind::Text && (column.name == name || QStringView(column.name).endsWith(u'.' + name.toString()));
+    });
+}
+
+KSql KColumns::order(const KSql &columns) const
+{
+    static const QString descending = u" DESC"_s;
+    QList<KSql> terms;
+    for (const QString &term : columns.text().split(u',')) {
+        const bool turned = term.endsWith(descending);
+        const QStringView name = QStringView(term).chopped(turned ? descending.size() : 0);
+        if (isText(name))
+            terms.append(KSql::alphabetical(KSql::name(name)) + (turned ? KSql(" DESC") : KSql()));
+        else
+            terms.append(KSql::order(term));
+    }
+    return KSql::joined(terms, ",");
 }
 
 void KColumns::load(char *const *cells, const unsigned long *lengths) const

@@ -5,6 +5,7 @@
 
 #include "suite/db/KColumn.h"
 #include "suite/db/KNameSource.h"
+#include "suite/db/KSql.h"
 
 #include <QStringList>
 
@@ -30,6 +31,8 @@ public:
     void setSubset(const QStringList &names) { m_subset = names; }
     // Names of the columns that are read, as they stand after SELECT; load() expects rows of this list.
     QByteArray selectList();
+    // The columns after ORDER BY, those of texts in the order of the Persian alphabet.
+    KSql order(const KSql &columns) const;
     // Sets the members of the columns that are read.
     void load(char *const *cells, const unsigned long *lengths) const;
 
@@ -44,6 +47,7 @@ public:
 
 private:
     QString qualified(QStringView name) const;
+    bool isText(QStringView name) const;
 
     QString m_alias;
     std::vector<KColumn> m_columns;

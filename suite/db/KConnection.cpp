@@ -264,20 +264,3 @@ qint64 KConnection::affectedRows() const
 {
     return m_handle ? static_cast<qint64>(mysql_affected_rows(m_handle)) : 0;
 }
-
-QByteArray KConnection::quoted(const QByteArray &binary) const
-{
-    QByteArray literal(binary.size() * 2 + 3, Qt::Uninitialized);
-    literal[0] = '\'';
-    // utf8mb4 is fixed for every connection, so escaping needs no live one: only ASCII characters are ever escaped.
-    const unsigned long length =
-        mysql_escape_string(literal.data() + 1, binary.constData(), static_cast<unsigned long>(binary.size()));
-    literal[static_cast<qsizetype>(length) + 1] = '\'';
-    literal.truncate(static_cast<qsizetype>(length) + 2);
-    return literal;
-}
-
-QByteArray KConnection::quoted(const QString &text) const
-{
-    return quoted(text.toUtf8());
-}

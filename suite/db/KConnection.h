@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/db/CMySQLException.h"
+#include "suite/db/KSql.h"
 
 #include <QElapsedTimer>
 
@@ -56,15 +57,12 @@ public:
 
     // Runs one statement; its rows are fetched whole. A null result: the statement returns no rows. Throws.
     Result run(const QByteArray &utf8Statement);
-    Result run(const QString &statement) { return run(statement.toUtf8()); }
+    Result run(const KSql &statement) { return run(statement.utf8()); }
     // As run, but the rows stay on the server's side and are fetched one by one (no count, no going back).
     Result runStreaming(const QByteArray &utf8Statement);
 
     quint64 lastInsertedId() const;
     qint64 affectedRows() const;
-    // Text as a quoted SQL literal.
-    QByteArray quoted(const QString &text) const;
-    QByteArray quoted(const QByteArray &binary) const;
 
     bool inTransaction() const { return m_transactionDepth > 0; }
     // Makes sure that the server still answers when the connection stood idle; reconnects if not. Never within a transaction.

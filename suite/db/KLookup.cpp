@@ -30,13 +30,8 @@ QHash<int, QString> KLookup::names(const Source &source, const QList<int> &keys,
     if (wanted.isEmpty())
         return found;
 
-    const QByteArray keyColumn = source.key.toUtf8();
-    QByteArray statement = "SELECT " + keyColumn + ',' + source.display.toUtf8() + " FROM " + source.table.toUtf8() + " WHERE "
-        + keyColumn + " IN (";
-    for (int key : std::as_const(wanted))
-        statement += QByteArray::number(key) + ',';
-    statement.back() = ')';
-
+    const KSql statement = KSql::formatted("SELECT %1,%2 FROM %3 WHERE %1 IN (%4)", KSql::name(source.key), KSql::name(source.display),
+                                           KSql::name(source.table), KSql::list(wanted));
     found.reserve(wanted.size());
     const KConnection::Result rows = KConnection::forThread(database).run(statement);
     while (MYSQL_ROW row = mysql_fetch_row(rows.get()))

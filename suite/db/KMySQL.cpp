@@ -125,9 +125,9 @@ bool KMySQL::Requery()
 {
     QByteArray statement = selectColumns();
     if (!m_filter.isEmpty())
-        statement += " WHERE " + m_filter.toUtf8();
+        statement += " WHERE " + m_filter.utf8();
     if (!m_sort.isEmpty())
-        statement += " ORDER BY " + m_sort.toUtf8();
+        statement += " ORDER BY " + m_columns.order(m_sort).utf8();
     if (m_limit > 0)
         statement += " LIMIT " + QByteArray::number(m_limit);
     select(statement);
@@ -228,12 +228,12 @@ void KMySQL::SetLimit(qint64 rows)
     m_limit = rows;
 }
 
-bool KMySQL::IsRecordExist(const QString &column, qint32 value, int, const QString &extra)
+bool KMySQL::IsRecordExist(const QString &column, qint32 value, int, const KSql &extra)
 {
     connection().verify();
-    QByteArray statement = selectColumns() + " WHERE " + column.toUtf8() + '=' + QByteArray::number(value);
+    QByteArray statement = selectColumns() + " WHERE " + KSql::name(column).utf8() + '=' + QByteArray::number(value);
     if (!extra.isEmpty())
-        statement += ' ' + extra.toUtf8();
+        statement += ' ' + extra.utf8();
     select(statement + " LIMIT 1");
     return m_hasValues;
 }
@@ -276,7 +276,7 @@ QByteArray KMySQL::literal(const Column &column) const
 {
     if (column.kind == ColumnKind::Text)
         column.requireFits(KTableSchema::of(GetTableName(), m_database));
-    return column.literal(connection());
+    return column.literal();
 }
 
 void KMySQL::insertRow()
@@ -343,19 +343,19 @@ int KMySQL::ExecuteQuery(const char *statement, bool bRaise, bool bLog)
     }
 }
 
-int KMySQL::ExecuteQuery(const QString &statement, bool bRaise)
+int KMySQL::ExecuteQuery(const KSql &statement, bool bRaise)
 {
-    return ExecuteQuery(statement.toUtf8().constData(), bRaise, true);
+    return ExecuteQuery(statement.utf8().constData(), bRaise, true);
 }
 
-int KMySQL::FormatAndExecuteQuery(const char *format, ...)
+int KMySQL::executeFormatted(const char *format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
     // Not the C library's: that one writes a number's decimal point as the user's language does.
-    const QString statement = QString::vasprintf(format, arguments);
+    const QByteArray statement = QString::vasprintf(format, arguments).toUtf8();
     va_end(arguments);
-    return ExecuteQuery(statement, true);
+    return ExecuteQuery(statement.constData(), true, true);
 }
 
 int KMySQL::keepResult(KConnection::Result result)

@@ -7,6 +7,8 @@
 #include "suite/db/KColumns.h"
 #include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
+#include "suite/db/KSql.h"
+#include "suite/db/KStatementFormat.h"
 #include "suite/db/KStatementResult.h"
 
 #include <QDateTime>
@@ -29,10 +31,11 @@ public:
     using Column = KColumn;
     using ColumnKind = KColumn::Kind;
 
-    // Condition after WHERE, without that word; empty: all rows. Columns after ORDER BY; empty: no order.
+    // Condition after WHERE, without that word; empty: all rows. Columns after ORDER BY, texts in the order of the Persian
+    // alphabet; empty: no order.
     // Both are read by Open and Requery.
-    QString m_filter;
-    QString m_sort;
+    KSql m_filter;
+    KSql m_sort;
 
     explicit KMySQL(int database = 0);
     KMySQL(const KMySQL &) = delete;
@@ -102,18 +105,22 @@ public:
     qint64 GetRecordsCount() const;
     // Caps the rows that the next Open or Requery fetches; 0: no cap.
     void SetLimit(qint64 rows);
-    // Loads the row whose column equals value; extra is appended to the condition as it stands. False when there is none:
-    // the members are then as constructed.
-    bool IsRecordExist(const QString &column, qint32 value, int reserved = 0, const QString &extra = {});
+    // Loads the row whose column (KSql::name) equals value; extra is appended to the condition. False when there is none: the
+    // members are then as constructed.
+    bool IsRecordExist(const QString &column, qint32 value, int reserved = 0, const KSql &extra = {});
 
     // Runs one statement and returns the number of rows it changed or returned. bRaise false: an error that says that the
     // schema is already so (duplicate column, existing table) is logged and passed over with 0; every other error is raised.
     // bLog: a failing statement is written to the log.
     int ExecuteQuery(const char *statement, bool bRaise, bool bLog);
-    int ExecuteQuery(const QString &statement, bool bRaise = true);
-    // printf-formatted, whatever the user's language; texts are UTF-8 and go in as they are: quote them first
-    // (KConnection::quoted).
-    int FormatAndExecuteQuery(const char *format, ...) Q_ATTRIBUTE_FORMAT_PRINTF(2, 3);
+    int ExecuteQuery(const KSql &statement, bool bRaise = true);
+    // printf-formatted, whatever the user's language, and checked while it is compiled: %d takes an int, %f a double, %s a part
+    // of a statement.
+    template <class... Values>
+    int FormatAndExecuteQuery(KStatementFormat<std::type_identity_t<Values>...> format, const Values &...values)
+    {
+        return executeFormatted(format.text, KStatementValue::of(values)...);
+    }
     // Value of the last statement's current result row (the first, until MoveNextResult), columns from 0. NULL, a missing
     // column or no row reads as 0, an empty text, an invalid date-time.
     qint32 GetLongFieldValue(int column) const;
@@ -160,6 +167,7 @@ private:
     void updateRow();
     int keepResult(KConnection::Result result);
     [[noreturn]] void raiseNoRow(const char *operation) const;
+    int executeFormatted(const char *format, ...);
 
     int m_database;
     KColumns m_columns;

@@ -41,7 +41,7 @@ const KTableSchema &KTableSchema::of(const QString &table, int database)
     const KConnection::Result rows = connection.run(
         "SELECT COLUMN_NAME,CHARACTER_MAXIMUM_LENGTH,CHARACTER_SET_NAME FROM information_schema.COLUMNS "
         "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME="
-        + connection.quoted(table));
+        + KSql::quoted(table));
     while (MYSQL_ROW row = mysql_fetch_row(rows.get())) {
         const QByteArray charset(row[2] ? row[2] : "");
         schema.m_columns.insert(QString::fromUtf8(row[0]),

@@ -287,7 +287,7 @@ void TestHostProgram::serverThatDiesIsRestartedWithOneMessage()
         } else if (logText().contains(u"the server runs again"_s)) {
             CTblTemp query;
             query.Open(true, false, true);
-            query.ExecuteQuery(u"SELECT sUser FROM Users"_s);
+            query.ExecuteQuery("SELECT sUser FROM Users");
             answer = query.GetTextFieldValue(0);
             window->close();
         }
@@ -334,7 +334,7 @@ void TestHostProgram::demoOfficeIsFilledOnce()
     drive([&](QWidget *window) {
         CTblTemp query;
         query.Open(true, false, true);
-        query.ExecuteQuery(u"SELECT COUNT(*) FROM AutomobilContracts"_s);
+        query.ExecuteQuery("SELECT COUNT(*) FROM AutomobilContracts");
         contracts = query.GetTextFieldValue(0);
         window->close();
     });

@@ -43,7 +43,7 @@ void TestListFilters::documents_data()
     QTest::newRow("number") << KFilterValues{{u"number"_s, 12}} << "iNum=12";
     QTest::newRow("from a day on") << KFilterValues{{u"from"_s, day(2026, 3, 21)}} << "date>='2026-03-21'";
     QTest::newRow("the whole last day") << KFilterValues{{u"to"_s, day(2026, 2, 28)}} << "date<'2026-03-01'";
-    QTest::newRow("words") << KFilterValues{{u"description"_s, u"نامه"_s}} << "sDesc LIKE '%نامه%'";
+    QTest::newRow("words") << KFilterValues{{u"description"_s, u"letter"_s}} << "sDesc LIKE '%letter%'";
     QTest::newRow("all together")
         << KFilterValues{{u"year"_s, 1404}, {u"number"_s, 3}, {u"from"_s, day(2025, 4, 1)}, {u"to"_s, day(2025, 4, 2)},
                          {u"description"_s, u"a"_s}}
@@ -53,7 +53,7 @@ void TestListFilters::documents_data()
 void TestListFilters::documents()
 {
     QFETCH(KFilterValues, values);
-    QTEST(KListFilter::condition(documentFilters(), values, 0), "condition");
+    QTEST(KListFilter::condition(documentFilters(), values, 0).text(), "condition");
 }
 
 void TestListFilters::users_data()
@@ -71,7 +71,7 @@ void TestListFilters::users_data()
 void TestListFilters::users()
 {
     QFETCH(KFilterValues, values);
-    QTEST(KListFilter::condition(userFilters(), values, 0), "condition");
+    QTEST(KListFilter::condition(userFilters(), values, 0).text(), "condition");
 }
 
 void TestListFilters::invoices_data()
@@ -97,7 +97,7 @@ void TestListFilters::invoices_data()
 void TestListFilters::invoices()
 {
     QFETCH(KFilterValues, values);
-    QTEST(KListFilter::condition(invoiceFilters(), values, 0), "condition");
+    QTEST(KListFilter::condition(invoiceFilters(), values, 0).text(), "condition");
 }
 
 static const RegisteredTest<TestListFilters, QCoreApplication> registeredListFilters;

@@ -67,12 +67,12 @@ void TestDatabase::recreate()
 
 void TestDatabase::run(const QString &statement)
 {
-    KConnection::forThread(m_database).run(statement);
+    KConnection::forThread(m_database).run(statement.toUtf8());
 }
 
 QString TestDatabase::value(const QString &statement)
 {
-    const KConnection::Result result = KConnection::forThread(m_database).run(statement);
+    const KConnection::Result result = KConnection::forThread(m_database).run(statement.toUtf8());
     const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
     return row && row[0] ? QString::fromUtf8(row[0]) : QString();
 }

@@ -37,7 +37,7 @@ QList<KListFilter> demandFilters(const KListFilter::Choices &types, const KListF
          .clause = from(" AND ad.dateReference >= ")},
         {.key = u"referenceTo"_s, .label = to, .kind = K::Date, .place = {2, 6}, .clause = upTo(" AND ad.dateReference <= "),
          .accessibleName = u"تاريخ مراجعه تا :"_s},
-        {.key = u"specialDescription"_s, .label = u"توضيحات ويژه :"_s, .kind = K::QueryText, .place = {1, 0},
+        {.key = u"specialDescription"_s, .label = u"توضيحات ويژه :"_s, .kind = K::Text, .place = {1, 0},
          .clause = part("ad.sDescSpecial"), .maxLength = 255, .options = F::FindGoesHere},
         {.key = u"person"_s, .label = u"متقاضي :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND ad.iPersonID=")},
         {.key = u"yearFrom"_s, .label = u"سال توليد از :"_s, .kind = K::Number, .place = {1, 4},

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 template <class Record>
-QList<KListFilter::Choice> readNames(const QString &filter, const QString &sort)
+QList<KListFilter::Choice> readNames(const KSql &filter, const KSql &sort)
 {
     Record rows;
     rows.m_filter = filter;
@@ -28,10 +28,10 @@ QList<KListFilter::Choice> readNames(const QString &filter, const QString &sort)
 
 QList<KListFilter::Choice> CarChoices::types()
 {
-    return readNames<CTblCarBrands>({}, u"iID"_s);
+    return readNames<CTblCarBrands>({}, "iID");
 }
 
 QList<KListFilter::Choice> CarChoices::colors()
 {
-    return readNames<CTblItems>(InputParameters::valuesFilter(InputParameters::Color), u"sName"_s);
+    return readNames<CTblItems>(InputParameters::valuesFilter(InputParameters::Color), "sName");
 }

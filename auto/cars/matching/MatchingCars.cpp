@@ -31,7 +31,7 @@ std::vector<FittingCar> fittingCars(const DemandWishes &wishes, int database)
     cars.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
                      u"iBrigade"_s, u"iModel"_s, u"iColor"_s,
                      u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s});
-    cars.m_filter = u"bSold=0 AND iArchiveUserID=0 AND iStatus=0"_s;
+    cars.m_filter = "bSold=0 AND iArchiveUserID=0 AND iStatus=0";
     std::vector<FittingCar> found;
     for (cars.Open(true, true, true); !cars.IsEOF(); cars.MoveNext()) {
         const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount};

@@ -30,7 +30,7 @@ std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
                         u"iModelFrom"_s, u"iModelUpTo"_s, u"iColor"_s,
                         u"dAmountFrom"_s, u"dAmountUpTo"_s, u"dateReference"_s,
                         u"sDescSpecial"_s});
-    demands.m_filter = u"iArchiveUserID=0 AND iStatus=0"_s;
+    demands.m_filter = "iArchiveUserID=0 AND iStatus=0";
     std::vector<FittingDemand> found;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {
         const DemandWishes wishes{demands.m_iAutomobilType, demands.m_iColor, demands.m_iModelFrom,

@@ -39,8 +39,8 @@ QList<KListFilter> carFilters(const KListFilter::Choices &types, const KListFilt
         {.key = u"introductionTo"_s, .label = to, .kind = K::Date, .place = {2, 6}, .clause = upTo(" AND ai.dateIntroduction <= "),
          .accessibleName = u"تاريخ معرفي تا :"_s},
         // These two and the usage are only searched by, not shown.
-        {.key = u"documentsDeficit"_s, .label = u"کسري مدارک :"_s, .kind = K::Text, .clause = part("ai.sDocumentsDeficit")},
-        {.key = u"partsDeficit"_s, .label = u"کسري لوازم :"_s, .kind = K::Text, .clause = part("ai.sFractionalParts")},
+        {.key = u"documentsDeficit"_s, .label = u"کسري مدارک :"_s, .kind = K::Text, .clause = pattern("ai.sDocumentsDeficit")},
+        {.key = u"partsDeficit"_s, .label = u"کسري لوازم :"_s, .kind = K::Text, .clause = pattern("ai.sFractionalParts")},
         {.key = u"usage"_s, .label = u"کاربري :"_s, .kind = K::Choice, .choices = wordChoices(WordLists::usageTypes())},
         {.key = u"amountFrom"_s, .label = u"مبلغ از :"_s, .kind = K::Amount, .place = {0, 4}, .clause = amount(" AND ai.dAmount >= ")},
         {.key = u"amountTo"_s, .label = to, .kind = K::Amount, .place = {0, 6}, .clause = amount(" AND ai.dAmount <= "),
@@ -50,7 +50,7 @@ QList<KListFilter> carFilters(const KListFilter::Choices &types, const KListFilt
          .accessibleName = u"سال توليد تا :"_s},
         {.key = u"buyer"_s, .label = u"نام خريدار :"_s, .kind = K::Person, .place = {1, 0}, .clause = number(" AND ai.iPersonBuyerID=")},
         {.key = u"owner"_s, .label = u"نام مالک :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND ai.iPersonID=")},
-        {.key = u"chassis"_s, .label = u"شماره شاسي :"_s, .kind = K::Text, .place = {2, 0}, .clause = part("ai.sChassisNum"),
+        {.key = u"chassis"_s, .label = u"شماره شاسي :"_s, .kind = K::Text, .place = {2, 0}, .clause = pattern("ai.sChassisNum"),
          .maxLength = 50, .options = F::FindGoesHere},
         {.key = u"grouping"_s, .clause = always(" GROUP BY ai.iID")},
     };

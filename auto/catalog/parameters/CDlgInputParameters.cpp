@@ -116,7 +116,7 @@ std::unique_ptr<KMySQL> CDlgInputParameters::makeRecords() const
     return std::make_unique<CTblItems>();
 }
 
-QString CDlgInputParameters::filterClauses() const
+KSql CDlgInputParameters::filterClauses() const
 {
     return InputParameters::valuesFilter(option());
 }

@@ -37,7 +37,7 @@ protected:
     KListTraits traits() const override;
     void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    QString filterClauses() const override;
+    KSql filterClauses() const override;
     QString defaultSort() const override;
     void modeApplied() override;
     void recordDeleted(int key) override;

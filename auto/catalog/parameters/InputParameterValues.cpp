@@ -13,8 +13,8 @@ bool isNameTaken(const QString &name, int exceptID)
 {
     CTblItems items;
     items.SetColumns({u"iID"_s});
-    items.m_filter = exceptID != 0 ? QString::asprintf("iID<>%d AND ", exceptID) : QString();
-    items.m_filter += QLatin1String("sName=") + QString::fromUtf8(KConnection::forThread(0).quoted(name));
+    items.m_filter = exceptID != 0 ? KSql::formatted("iID<>%1 AND ", exceptID) : KSql();
+    items.m_filter += "sName=" + KSql::quoted(name);
     items.SetLimit(1);
     items.Open(true, true, true);
     return !items.IsEOF();

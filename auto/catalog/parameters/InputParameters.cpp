@@ -41,9 +41,9 @@ QString caption(int option)
     return WordLists::textAt(WordLists::inputParameterTypes(), option);
 }
 
-QString valuesFilter(int option)
+KSql valuesFilter(int option)
 {
-    return QString::asprintf(" iType=%d ", itemType(option));
+    return KSql::formatted(" iType=%1 ", itemType(option));
 }
 
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/db/KSql.h"
+
 #include <QString>
 
 // The kinds of short named values that cars and contracts choose from. Each is one item type of the suite's Items; the one
@@ -38,6 +40,6 @@ int itemType(int option);
 QString caption(int option);
 
 // Condition for CTblItems::m_filter: the values of the option.
-QString valuesFilter(int option);
+KSql valuesFilter(int option);
 
 }

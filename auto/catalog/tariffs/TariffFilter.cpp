@@ -14,7 +14,7 @@ QList<KListFilter> tariffFilters()
         // Kept for the filter's sake, not shown: the editor does not show whether a tariff is active either.
         {.key = u"inactive"_s, .label = u"غير فعال ها را نيز نمايش بده"_s, .kind = K::Flag,
          .clause = FilterClauses::flag("", " AND iStatus=0")},
-        {.key = u"name"_s, .label = u"نام :"_s, .kind = K::Text, .place = {0, 0}, .clause = FilterClauses::part("sTitle"),
+        {.key = u"name"_s, .label = u"نام :"_s, .kind = K::Text, .place = {0, 0}, .clause = FilterClauses::pattern("sTitle"),
          .maxLength = 50, .options = KListFilter::FindGoesHere},
     };
 }

@@ -310,15 +310,15 @@ void CDlgAddAutomobilContractBase::fill(CTblAutomobilContracts &contract)
 // Both in one statement.
 void CDlgAddAutomobilContractBase::showPersons()
 {
-    QStringList keys;
+    QList<int> keys;
     for (const ContractPartyGroup *group : {m_first, m_second}) {
         if (const int key = group->personField()->personID(); key > 0)
-            keys.append(QString::number(key));
+            keys.append(key);
     }
     if (keys.isEmpty())
         return;
     CTblPersons person;
-    person.m_filter = u"iID IN (%1)"_s.arg(keys.join(u','));
+    person.m_filter = KSql::formatted("iID IN (%1)", KSql::list(keys));
     for (person.Open(true, true, true); !person.IsEOF(); person.MoveNext()) {
         for (ContractPartyGroup *group : {m_first, m_second}) {
             if (group->personField()->personID() == person.m_iID)

@@ -34,11 +34,11 @@ QDate startBefore(const QDate &firstDue, const InstalmentTerms &terms)
     return firstDue;
 }
 
-QString ofContract(int contractID)
+KSql ofContract(int contractID)
 {
-    QString condition = u"iAutomobilContractID=%1"_s.arg(contractID);
+    KSql condition = KSql::formatted("iAutomobilContractID=%1", contractID);
     if (const int department = GetDBSetting()->GetDepartmentID(); department > 0)
-        condition += u" AND iDepartmentID=%1"_s.arg(department);
+        condition += KSql::formatted(" AND iDepartmentID=%1", department);
     return condition;
 }
 
@@ -47,7 +47,7 @@ QSet<int> paidIDs(int contractID)
     QSet<int> ids;
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery(u"SELECT iID FROM AutomobilPayments WHERE iStatus=1 AND "_s + ofContract(contractID));
+    statement.ExecuteQuery("SELECT iID FROM AutomobilPayments WHERE iStatus=1 AND " + ofContract(contractID));
     while (statement.HasResultRow()) {
         ids.insert(statement.GetLongFieldValue(0));
         statement.MoveNextResult();
@@ -63,7 +63,7 @@ std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
     std::vector<Row> rows;
     CTblAutomobilPayments payments;
     payments.m_filter = ofContract(contractID);
-    payments.m_sort = u"date,iID"_s;
+    payments.m_sort = "date,iID";
     for (payments.Open(true, true, true); !payments.IsEOF(); payments.MoveNext())
         rows.push_back({payments.m_iID, payments.m_iNum, payments.m_date, payments.m_dAmount, payments.m_dExtra, payments.m_sDesc,
                         paid.contains(payments.m_iID), payments.m_iDays, payments.m_iMonths, payments.m_bPercentMonthly != 0,
@@ -123,7 +123,7 @@ void StoredInstalments::remove(int contractID)
 {
     CTblTemp statement;
     statement.Open(true, false, true);
-    statement.ExecuteQuery(u"DELETE FROM AutomobilPayments WHERE "_s + ofContract(contractID));
+    statement.ExecuteQuery("DELETE FROM AutomobilPayments WHERE " + ofContract(contractID));
 }
 
 void StoredInstalments::markPaid(int paymentID)

@@ -16,12 +16,12 @@ using namespace IncomeAndExpenses;
 
 // The accounts of one level of the chart; parent returns the code of the account above from the record.
 template <class Table, class Parent>
-QList<ChartAccount> accounts(const QString &filter, const Parent &parent)
+QList<ChartAccount> accounts(const KSql &filter, const Parent &parent)
 {
     QList<ChartAccount> accounts;
     Table table;
     table.m_filter = filter;
-    table.m_sort = u"iCode"_s;
+    table.m_sort = "iCode";
     for (table.Open(true, true, true); !table.IsEOF(); table.MoveNext())
         accounts.append({table.m_iCode, table.m_sName, parent(table)});
     return accounts;
@@ -32,11 +32,11 @@ QList<ChartAccount> accounts(const QString &filter, const Parent &parent)
 Group readGroup(int code, const QDateTime &from, const QDateTime &to)
 {
     Group group;
-    group.general = accounts<CTblHesabKol>(QString::asprintf("iCode DIV 100=%d AND iStatus=0", code),
+    group.general = accounts<CTblHesabKol>(KSql::formatted("iCode DIV 100=%1 AND iStatus=0", code),
                                            [](const CTblHesabKol &) { return 0; });
-    group.subsidiary = accounts<CTblHesabMoeen>(QString::asprintf("iHesabKolCode DIV 100=%d AND iStatus=0", code),
+    group.subsidiary = accounts<CTblHesabMoeen>(KSql::formatted("iHesabKolCode DIV 100=%1 AND iStatus=0", code),
                                                 [](const CTblHesabMoeen &account) { return account.m_iHesabKolCode; });
-    group.detail = accounts<CTblHesabTafsily>(QString::asprintf("iHesabMoeenCode DIV 10000=%d AND iStatus=0", code),
+    group.detail = accounts<CTblHesabTafsily>(KSql::formatted("iHesabMoeenCode DIV 10000=%1 AND iStatus=0", code),
                                               [](const CTblHesabTafsily &account) { return account.m_iHesabMoeenCode; });
     group.generalBalances = CTblDocs::balances(AccountLevel::Kol, from, to, code);
     group.subsidiaryBalances = CTblDocs::balances(AccountLevel::Moeen, from, to, code);

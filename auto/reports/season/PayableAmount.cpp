@@ -13,12 +13,11 @@ namespace {
 
 constexpr int twiceTheCommission = 2; // column of the contracts' sums
 
-double serviceLines(CTblTemp &statement, const QString &inSeason, int invoiceType)
+double serviceLines(CTblTemp &statement, const KSql &inSeason, int invoiceType)
 {
-    statement.ExecuteQuery(u"SELECT SUM(fs.dAmount) FROM FactorStuffs fs, Factors f WHERE f.iID=fs.iFactorNum AND %1 AND "
-                           "f.iStatus=0 AND f.iType=%2 AND fs.iServiceID>0 AND f.iPersonID>0"_s
-                               .arg(inSeason)
-                               .arg(invoiceType));
+    statement.ExecuteQuery(KSql::formatted("SELECT SUM(fs.dAmount) FROM FactorStuffs fs, Factors f WHERE f.iID=fs.iFactorNum AND %1 AND "
+                                           "f.iStatus=0 AND f.iType=%2 AND fs.iServiceID>0 AND f.iPersonID>0",
+                                           inSeason, invoiceType));
     return statement.GetDoubleFieldValue(0);
 }
 
@@ -27,13 +26,13 @@ double serviceLines(CTblTemp &statement, const QString &inSeason, int invoiceTyp
 PayableAmount PayableAmount::ofSeason(int season, int shamsiYear)
 {
     const Season::Bounds bounds = Season::bounds(season, shamsiYear);
-    const QString invoicesInSeason = Season::condition(u"f.date"_s, bounds);
+    const KSql invoicesInSeason = Season::condition("f.date", bounds);
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery(u"SELECT SUM(dPayFirst), SUM(dPaySecond), SUM(dCommission*2), SUM(dtax), SUM(dtax2), "
-                           "SUM(dImposition), SUM(dImposition2) FROM AutomobilContracts WHERE %1 AND iStatus=0 "
-                           "ORDER BY dateContract"_s
-                               .arg(Season::condition(u"dateContract"_s, bounds)));
+    statement.ExecuteQuery(KSql::formatted("SELECT SUM(dPayFirst), SUM(dPaySecond), SUM(dCommission*2), SUM(dtax), SUM(dtax2), "
+                                           "SUM(dImposition), SUM(dImposition2) FROM AutomobilContracts WHERE %1 AND iStatus=0 "
+                                           "ORDER BY dateContract",
+                                           Season::condition("dateContract", bounds)));
     PayableAmount amount;
     amount.sales = statement.GetDoubleFieldValue(twiceTheCommission);
     // The lines of purchase invoices count as sales, those of sales invoices as purchases.

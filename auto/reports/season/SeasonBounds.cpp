@@ -11,7 +11,7 @@ namespace {
 
 constexpr int monthsOfSeason = 3;
 
-QString startOf(const QDate &day)
+KSql startOf(const QDate &day)
 {
     return DateToSQL(day.isValid() ? QDateTime(day, QTime(0, 0), Qt::UTC) : QDateTime());
 }
@@ -33,8 +33,8 @@ int Season::ofMonth(int shamsiMonth)
     return std::max(0, shamsiMonth / monthsOfSeason - 1);
 }
 
-QString Season::condition(const QString &column, const Bounds &bounds)
+KSql Season::condition(const KSql &column, const Bounds &bounds)
 {
     const QDate dayAfter = bounds.last.isValid() ? bounds.last.addDays(1) : QDate();
-    return column + QLatin1String(">=") + startOf(bounds.first) + QLatin1String(" AND ") + column + u'<' + startOf(dayAfter);
+    return KSql::formatted("%1>=%2 AND %1<%3", column, startOf(bounds.first), startOf(dayAfter));
 }

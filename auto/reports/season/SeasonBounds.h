@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include "suite/db/KSql.h"
+
 #include <QDate>
-#include <QString>
 
 // The seasons of the Shamsi year as the tax authority counts them: 0 spring, 1 summer, 2 autumn, 3 winter.
 namespace Season {
@@ -27,6 +28,6 @@ int ofMonth(int shamsiMonth);
 // Whether the column's date-time is within the season. The upper bound is the day after the last one and not itself part of
 // the season: all of the last day counts, and the first moment of the next season does not count twice. Nothing is in a
 // season that does not exist.
-QString condition(const QString &column, const Bounds &bounds);
+KSql condition(const KSql &column, const Bounds &bounds);
 
 }

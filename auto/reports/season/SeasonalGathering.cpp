@@ -30,13 +30,9 @@ using Party = std::shared_ptr<const TaxParty>;
 constexpr qsizetype batchSize = 4096;
 
 // Keys and numbers of records as "(1,2,3)"; none of them is 0.
-QString listed(const QSet<int> &numbers)
+KSql listed(const QSet<int> &numbers)
 {
-    QStringList texts{u"0"_s};
-    texts.reserve(numbers.size() + 1);
-    for (const int number : numbers)
-        texts.append(QString::number(number));
-    return u"(%1)"_s.arg(texts.join(u','));
+    return KSql::formatted("(%1)", numbers.isEmpty() ? KSql("0") : KSql::list(numbers));
 }
 
 // One gathering: what is looked up for all rows at once, and the rows on their way to the caller.
@@ -108,10 +104,10 @@ private:
         QString name;
     };
     void addInvoices();
-    QVector<Invoice> readInvoices(const QString &ofType);
-    QVector<Line> readLines(const QVector<Invoice> &invoices, const QString &ofType) const;
+    QVector<Invoice> readInvoices(const KSql &ofType);
+    QVector<Line> readLines(const QVector<Invoice> &invoices, const KSql &ofType) const;
     void addLine(const Invoice &invoice, const Line &line, const QHash<int, Service> &services);
-    QString departmentClause() const;
+    KSql departmentClause() const;
 
     void readPersons(const QSet<int> &keys);
     void readDocuments(const QSet<int> &numbers);
@@ -154,7 +150,7 @@ void Gatherer::readPersons(const QSet<int> &keys)
                         u"sTel"_s, u"sAddress"_s, u"iKind"_s, u"bNatural"_s,
                         u"iTaxKind"_s, u"iTaxZone"_s, u"iProvinceCode"_s,
                         u"iCityCode"_s});
-    persons.m_filter = u"iID IN "_s + listed(keys);
+    persons.m_filter = "iID IN " + listed(keys);
     for (persons.Open(true, true, true); !persons.IsEOF(); persons.MoveNext())
         m_persons.insert(persons.m_iID, std::make_shared<const TaxParty>(partyOf(persons, m_query.kindFromMark)));
 }
@@ -163,7 +159,7 @@ void Gatherer::readDocuments(const QSet<int> &numbers)
 {
     CTblDocuments documents;
     documents.SetColumns({u"iNum"_s, u"iFiscalYear"_s, u"date"_s});
-    documents.m_filter = u"iNum IN "_s + listed(numbers);
+    documents.m_filter = "iNum IN " + listed(numbers);
     for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
         m_documents.insert({documents.m_iNum, documents.m_iFiscalYear}, documents.m_date.date());
 }
@@ -208,8 +204,8 @@ QVector<Gatherer::Contract> Gatherer::readContracts()
                        u"dImposition"_s, u"iDocNum"_s, u"iPersonContract1"_s,
                        u"iPersonContract2"_s, u"bReturn"_s, u"dTax2"_s,
                        u"dImposition2"_s, u"iFiscalYear"_s});
-    record.m_filter = Season::condition(u"dateContract"_s, m_bounds) + QLatin1String(" AND iStatus=0");
-    record.m_sort = u"dateContract"_s;
+    record.m_filter = Season::condition("dateContract", m_bounds) + " AND iStatus=0";
+    record.m_sort = "dateContract";
     for (record.Open(true, true, true); !record.IsEOF(); record.MoveNext()) {
         const SeasonalRules::Contract figures{
             record.m_dCommission,
@@ -244,15 +240,15 @@ void Gatherer::addContract(const Contract &contract)
     addParty(contract.secondID, contract.figures.second);
 }
 
-QString Gatherer::departmentClause() const
+KSql Gatherer::departmentClause() const
 {
-    return m_query.departmentID == 0 ? QString() : u" AND iDepartmentID=%1"_s.arg(m_query.departmentID);
+    return m_query.departmentID == 0 ? KSql() : KSql::formatted(" AND iDepartmentID=%1", m_query.departmentID);
 }
 
 void Gatherer::addInvoices()
 {
     const int type = m_query.kind == Kind::Sales ? CTblFactors::sale : CTblFactors::purchase;
-    const QString ofType = u" AND iType=%1"_s.arg(type) + departmentClause();
+    const KSql ofType = KSql::formatted(" AND iType=%1", type) + departmentClause();
     const QVector<Invoice> invoices = readInvoices(ofType);
     if (invoices.isEmpty())
         return;
@@ -278,14 +274,14 @@ void Gatherer::addInvoices()
 }
 
 // In the order of their dates.
-QVector<Gatherer::Invoice> Gatherer::readInvoices(const QString &ofType)
+QVector<Gatherer::Invoice> Gatherer::readInvoices(const KSql &ofType)
 {
     QVector<Invoice> invoices;
     CTblFactors invoice;
     invoice.SetColumns({u"iPersonID"_s, u"date"_s, u"dAmount"_s, u"dDiscount"_s,
                         u"dTax"_s, u"dImposition"_s, u"iDocNum"_s, u"iFiscalYear"_s});
-    invoice.m_filter = Season::condition(u"date"_s, m_bounds) + QLatin1String(" AND iStatus=0") + ofType;
-    invoice.m_sort = u"date"_s;
+    invoice.m_filter = Season::condition("date", m_bounds) + " AND iStatus=0" + ofType;
+    invoice.m_sort = "date";
     for (invoice.Open(true, true, true); !invoice.IsEOF(); invoice.MoveNext()) {
         invoices.append({invoice.m_iID, invoice.m_iPersonID, invoice.m_date.date(), invoice.m_iDocNum, invoice.m_iFiscalYear, {invoice.m_dAmount, invoice.m_dDiscount, invoice.m_dTax, invoice.m_dImposition}});
     }
@@ -294,7 +290,7 @@ QVector<Gatherer::Invoice> Gatherer::readInvoices(const QString &ofType)
 
 // The lines of all invoices in one statement: the season's numbers are adjacent, and the few of other days between them are
 // skipped here. In the order of their invoices, and within one as they were entered; lines without a person are left out.
-QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, const QString &ofType) const
+QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, const KSql &ofType) const
 {
     QHash<int, qsizetype> positions;
     positions.reserve(invoices.size());
@@ -311,7 +307,7 @@ QVector<Gatherer::Line> Gatherer::readLines(const QVector<Invoice> &invoices, co
     CTblFactorStuffs line;
     line.SetColumns({u"iFactorNum"_s, u"iKind"_s, u"iServiceID"_s, u"sDesc"_s,
                      u"dCount"_s, u"dPrice"_s});
-    line.m_filter = u"iFactorNum BETWEEN %1 AND %2"_s.arg(lowest).arg(highest) + ofType;
+    line.m_filter = KSql::formatted("iFactorNum BETWEEN %1 AND %2", lowest, highest) + ofType;
     for (line.Open(true, true, true); !line.IsEOF(); line.MoveNext()) {
         const auto position = positions.constFind(line.m_iFactorNum);
         if (position != positions.cend() && SeasonalRules::isLineListed(line.m_dCount, line.m_dPrice, m_query.minimumAmount))

@@ -79,8 +79,8 @@ void CDlgCustomFieldDefinitions::build()
 void CDlgCustomFieldDefinitions::fill(int selectedID)
 {
     CTblCustomFields set;
-    set.m_filter = u"iTable=%1"_s.arg(m_table);
-    set.m_sort = u"iID"_s;
+    set.m_filter = KSql::formatted("iTable=%1", m_table);
+    set.m_sort = "iID";
     QVector<KListModel::Row> rows;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext()) {
         const int number = static_cast<int>(rows.size()) + 1;

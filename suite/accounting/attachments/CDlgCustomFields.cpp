@@ -89,8 +89,8 @@ void CDlgCustomFields::clearInputs()
 void CDlgCustomFields::load()
 {
     CTblCustomFields fields;
-    fields.m_filter = u"iTable=%1"_s.arg(m_table);
-    fields.m_sort = u"iID"_s;
+    fields.m_filter = KSql::formatted("iTable=%1", m_table);
+    fields.m_sort = "iID";
     fields.Open(true, true, true);
     const QHash<int, QString> values = CTblCustomFieldRecords::values(m_table, m_recordID);
     clearInputs();

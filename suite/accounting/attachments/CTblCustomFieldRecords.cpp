@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString recordFilter(int table, int recordID)
+KSql recordFilter(int table, int recordID)
 {
-    return u"iTable=%1 AND iRecordID=%2"_s.arg(table).arg(recordID);
+    return KSql::formatted("iTable=%1 AND iRecordID=%2", table, recordID);
 }
 
 }
@@ -68,9 +68,9 @@ void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int,
 
 void CTblCustomFieldRecords::DeleteAllRelatedRecords(int table, int recordID, int fieldID, int database)
 {
-    QString statement = u"DELETE FROM CustomFieldRecords WHERE "_s + recordFilter(table, recordID);
+    KSql statement = "DELETE FROM CustomFieldRecords WHERE " + recordFilter(table, recordID);
     if (fieldID != 0)
-        statement += u" AND iFieldID=%1"_s.arg(fieldID);
+        statement += KSql::formatted(" AND iFieldID=%1", fieldID);
     CTblTemp temp(database);
     temp.Open(true, false, true);
     temp.ExecuteQuery(statement);

@@ -17,9 +17,9 @@ namespace {
 constexpr qint64 mebibyte = 1024 * 1024;
 constexpr int longestFileName = 200;
 
-QString visibleTo(int userID)
+KSql visibleTo(int userID)
 {
-    return u"(iScope=%1 OR iUserID=%2)"_s.arg(CTblFileDocs::General).arg(userID);
+    return KSql::formatted("(iScope=%1 OR iUserID=%2)", int(CTblFileDocs::General), userID);
 }
 
 QByteArray readFile(const QString &path)
@@ -46,7 +46,7 @@ void requireServerTakes(const QByteArray &data, int database)
     CTblTemp temp(database);
     temp.ExecuteQuery("SELECT @@max_allowed_packet", true, true);
     const auto limit = static_cast<qint64>(temp.GetDoubleFieldValue(0));
-    if (KConnection::forThread(database).quoted(data).size() + restOfStatement > limit)
+    if (KSql::quoted(data).utf8().size() + restOfStatement > limit)
         throw KAccountingError(
             u"سرور پایگاه داده فایلی به این اندازه را نمی پذیرد (سقف سرور %1 مگابایت است)."_s.arg(limit / mebibyte));
 }
@@ -104,10 +104,10 @@ QList<CTblFileDocs::FileInfo> CTblFileDocs::list(int table, int recordID, Scope 
 {
     CTblFileDocs set(database);
     set.SetColumns({u"sName"_s, u"dateCreate"_s, u"iUserID"_s});
-    set.m_filter = u"iTable=%1 AND iRecordID=%2 AND iScope=%3"_s.arg(table).arg(recordID).arg(scope);
+    set.m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2 AND iScope=%3", table, recordID, int(scope));
     if (scope == Personal)
-        set.m_filter += u" AND iUserID=%1"_s.arg(userID);
-    set.m_sort = u"iID"_s;
+        set.m_filter += KSql::formatted(" AND iUserID=%1", userID);
+    set.m_sort = "iID";
     QList<FileInfo> files;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         files.append({set.m_iID, set.m_sName, set.m_dateCreate, set.m_iUserID});
@@ -135,7 +135,7 @@ int CTblFileDocs::addFile(int table, int recordID, Scope scope, int userID, cons
 bool CTblFileDocs::content(int id, int userID, QString *name, QByteArray *data, int database)
 {
     CTblFileDocs set(database);
-    if (!set.IsRecordExist(u"iID"_s, id, 0, u" AND "_s + visibleTo(userID)))
+    if (!set.IsRecordExist(u"iID"_s, id, 0, " AND " + visibleTo(userID)))
         return false;
     *name = set.m_sName;
     *data = set.m_oData.data;
@@ -146,14 +146,14 @@ bool CTblFileDocs::deleteFile(int id, int userID, int database)
 {
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    return temp.ExecuteQuery(u"DELETE FROM FileDocs WHERE iID=%1 AND "_s.arg(id) + visibleTo(userID)) > 0;
+    return temp.ExecuteQuery(KSql::formatted("DELETE FROM FileDocs WHERE iID=%1 AND %2", id, visibleTo(userID))) > 0;
 }
 
 void CTblFileDocs::DeleteAllRelatedRecords(int table, int recordID, int userID, int database)
 {
-    QString statement = u"DELETE FROM FileDocs WHERE iTable=%1 AND iRecordID=%2"_s.arg(table).arg(recordID);
+    KSql statement = KSql::formatted("DELETE FROM FileDocs WHERE iTable=%1 AND iRecordID=%2", table, recordID);
     if (userID != 0)
-        statement += u" AND iUserID=%1"_s.arg(userID);
+        statement += KSql::formatted(" AND iUserID=%1", userID);
     CTblTemp temp(database);
     temp.Open(true, false, true);
     temp.ExecuteQuery(statement);

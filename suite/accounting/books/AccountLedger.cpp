@@ -12,18 +12,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString rowsStatement(AccountLevel level, int code, const QDateTime &from, const QDateTime &to)
+KSql rowsStatement(AccountLevel level, int code, const QDateTime &from, const QDateTime &to)
 {
-    QString statement = u"SELECT d.iID,d.iDocNum,d.iFiscalYear,h.date,p.sName2,d.sDesc,d.dBed,d.dBes FROM Docs d "
-                        "JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
-                        "LEFT JOIN Persons p ON p.iID=d.iPersonID WHERE h.iStatus=0 AND d.%1=%2"_s
-                            .arg(AccountChart::docsColumn(level))
-                            .arg(code);
+    KSql statement = KSql::formatted("SELECT d.iID,d.iDocNum,d.iFiscalYear,h.date,p.sName2,d.sDesc,d.dBed,d.dBes FROM Docs d "
+                                     "JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
+                                     "LEFT JOIN Persons p ON p.iID=d.iPersonID WHERE h.iStatus=0 AND d.%1=%2",
+                                     KSql::name(AccountChart::docsColumn(level)), code);
     if (from.isValid())
-        statement += u" AND h.date>="_s + DateToSQL(from);
+        statement += " AND h.date>=" + DateToSQL(from);
     if (to.isValid())
-        statement += u" AND h.date<"_s + DateToSQL(to.addDays(1));
-    return statement + u" ORDER BY h.date,d.iFiscalYear,d.iDocNum,d.iID"_s;
+        statement += " AND h.date<" + DateToSQL(to.addDays(1));
+    return statement + " ORDER BY h.date,d.iFiscalYear,d.iDocNum,d.iID";
 }
 
 }

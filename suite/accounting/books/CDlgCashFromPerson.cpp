@@ -91,8 +91,8 @@ void CDlgCashFromPerson::build()
 void CDlgCashFromPerson::fillAccounts()
 {
     CTblHesabMoeen set;
-    set.m_filter = u"iStatus=0 AND iHesabKolCode IN (%1,%2)"_s.arg(Accounts::cashKol).arg(Accounts::bankKol);
-    set.m_sort = u"iCode"_s;
+    set.m_filter = KSql::formatted("iStatus=0 AND iHesabKolCode IN (%1,%2)", int(Accounts::cashKol), int(Accounts::bankKol));
+    set.m_sort = "iCode";
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         m_account->addItem(set.m_sName, set.m_iCode);
 }

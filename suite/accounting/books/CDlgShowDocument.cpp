@@ -22,7 +22,7 @@ namespace {
 bool findDocument(CTblDocuments &document, int num, int fiscalYear)
 {
     return num > 0
-        && document.IsRecordExist(u"iNum"_s, num, 0, u" AND iFiscalYear=%1"_s.arg(fiscalYear));
+        && document.IsRecordExist(u"iNum"_s, num, 0, KSql::formatted(" AND iFiscalYear=%1", fiscalYear));
 }
 
 }

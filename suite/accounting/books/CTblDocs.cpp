@@ -28,14 +28,14 @@ bool mayStand(const CTblDocs &row)
         && Accounts::kolOf(row.m_iHesabMoeenCode) == row.m_iHesabKolCode;
 }
 
-QString validRows(const QDateTime &from, const QDateTime &to)
+KSql validRows(const QDateTime &from, const QDateTime &to)
 {
-    QString clauses = u" FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
-                      "WHERE h.iStatus=0"_s;
+    KSql clauses = " FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
+                   "WHERE h.iStatus=0";
     if (from.isValid())
-        clauses += u" AND h.date>="_s + DateToSQL(from);
+        clauses += " AND h.date>=" + DateToSQL(from);
     if (to.isValid())
-        clauses += u" AND h.date<"_s + DateToSQL(to.addDays(1));
+        clauses += " AND h.date<" + DateToSQL(to.addDays(1));
     return clauses;
 }
 
@@ -43,8 +43,8 @@ AccountBalance balanceOf(AccountLevel level, int code, const QDateTime &from, co
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT SUM(d.dBed),SUM(d.dBes)"_s + validRows(from, to)
-                       + u" AND d.%1=%2"_s.arg(AccountChart::docsColumn(level)).arg(code));
+    query.ExecuteQuery(KSql::formatted("SELECT SUM(d.dBed),SUM(d.dBes)%1 AND d.%2=%3", validRows(from, to),
+                                       KSql::name(AccountChart::docsColumn(level)), code));
     return {query.GetDoubleFieldValue(0), query.GetDoubleFieldValue(1)};
 }
 
@@ -120,16 +120,14 @@ QHash<int, AccountBalance> CTblDocs::balances(AccountLevel level, const QDateTim
                                               int database)
 {
     constexpr int accountsOfGroup = 100;
-    const QString code = u"d."_s + AccountChart::docsColumn(level);
-    QString clauses = validRows(from, to) + u" AND %1>0"_s.arg(code);
+    const KSql code = KSql::name(u"d."_s + AccountChart::docsColumn(level));
+    KSql clauses = validRows(from, to) + " AND " + code + ">0";
     if (group > 0)
-        clauses += u" AND d.iHesabKolCode BETWEEN %1 AND %2"_s
-                       .arg(group * accountsOfGroup)
-                       .arg(group * accountsOfGroup + accountsOfGroup - 1);
+        clauses += KSql::formatted(" AND d.iHesabKolCode BETWEEN %1 AND %2", group * accountsOfGroup,
+                                   group * accountsOfGroup + accountsOfGroup - 1);
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT %1,SUM(d.dBed),SUM(d.dBes)"_s.arg(code) + clauses
-                       + u" GROUP BY "_s + code);
+    query.ExecuteQuery(KSql::formatted("SELECT %1,SUM(d.dBed),SUM(d.dBes)%2 GROUP BY %1", code, clauses));
     QHash<int, AccountBalance> sums;
     for (; query.HasResultRow(); query.MoveNextResult())
         sums.insert(query.GetLongFieldValue(0), {query.GetDoubleFieldValue(1), query.GetDoubleFieldValue(2)});

@@ -17,9 +17,9 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcDocuments, "tz.documents")
 
-QString documentFilter(int num, int fiscalYear)
+KSql documentFilter(int num, int fiscalYear)
 {
-    return u"iNum=%1 AND iFiscalYear=%2"_s.arg(num).arg(fiscalYear);
+    return KSql::formatted("iNum=%1 AND iFiscalYear=%2", num, fiscalYear);
 }
 
 // The row that is locked before a number is drawn: its holder is alone until the end of the transaction, also in

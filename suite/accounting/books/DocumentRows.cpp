@@ -14,8 +14,8 @@ namespace DocumentRows {
 QList<Named> read(int num, int fiscalYear, int database)
 {
     CTblDocs docs(database);
-    docs.m_filter = u"iDocNum=%1 AND iFiscalYear=%2"_s.arg(num).arg(fiscalYear);
-    docs.m_sort = u"iID"_s;
+    docs.m_filter = KSql::formatted("iDocNum=%1 AND iFiscalYear=%2", num, fiscalYear);
+    docs.m_sort = "iID";
     QList<Named> rows;
     QList<int> subsidiary;
     QList<int> detail;
@@ -43,15 +43,15 @@ QHash<DocumentKey, double> amounts(const QList<DocumentKey> &documents, int data
     QHash<DocumentKey, double> sums;
     if (documents.isEmpty())
         return sums;
-    QStringList keys;
+    QList<KSql> keys;
     keys.reserve(documents.size());
     for (const DocumentKey &document : documents)
-        keys.append(u"(%1,%2)"_s.arg(document.second).arg(document.first));
+        keys.append(KSql::formatted("(%1,%2)", document.second, document.first));
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT iFiscalYear,iDocNum,SUM(dBed) FROM Docs WHERE (iDocNum,iFiscalYear) IN (%1) "
-                       "GROUP BY iFiscalYear,iDocNum"_s
-                           .arg(keys.join(u',')));
+    query.ExecuteQuery(KSql::formatted("SELECT iFiscalYear,iDocNum,SUM(dBed) FROM Docs WHERE (iDocNum,iFiscalYear) IN (%1) "
+                                       "GROUP BY iFiscalYear,iDocNum",
+                                       KSql::joined(keys, ",")));
     for (; query.HasResultRow(); query.MoveNextResult())
         sums.insert({query.GetLongFieldValue(0), query.GetLongFieldValue(1)}, query.GetDoubleFieldValue(2));
     return sums;
@@ -61,7 +61,7 @@ QList<int> fiscalYears(int database)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT DISTINCT iFiscalYear FROM Documents ORDER BY iFiscalYear DESC"_s);
+    query.ExecuteQuery("SELECT DISTINCT iFiscalYear FROM Documents ORDER BY iFiscalYear DESC");
     QList<int> years;
     for (; query.HasResultRow(); query.MoveNextResult())
         years.append(query.GetLongFieldValue(0));

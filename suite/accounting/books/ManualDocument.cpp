@@ -26,7 +26,7 @@ namespace {
 bool findHeader(CTblDocuments &header, int num, int fiscalYear)
 {
     return num > 0
-        && header.IsRecordExist(u"iNum"_s, num, 0, u" AND iFiscalYear=%1"_s.arg(fiscalYear));
+        && header.IsRecordExist(u"iNum"_s, num, 0, KSql::formatted(" AND iFiscalYear=%1", fiscalYear));
 }
 
 void requireChangeable(int num, int fiscalYear, int database)

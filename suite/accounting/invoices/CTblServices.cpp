@@ -21,7 +21,7 @@ QString requireGood(int code, const QString &name, int ownID, int database)
     if (code < 1)
         throw KAccountingError(u"لطفا کد خدمت را وارد نمایید."_s);
     CTblServices others(database);
-    others.m_filter = u"iID<>%1"_s.arg(ownID);
+    others.m_filter = KSql::formatted("iID<>%1", ownID);
     const QString key = searchKey(kept);
     for (others.Open(true, true, true); !others.IsEOF(); others.MoveNext()) {
         if (others.m_iCode == code)
@@ -57,7 +57,7 @@ int CTblServices::nextCode(int database)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(u"SELECT MAX(iCode) FROM Services"_s);
+    query.ExecuteQuery("SELECT MAX(iCode) FROM Services");
     return query.GetLongFieldValue(0) + 1;
 }
 

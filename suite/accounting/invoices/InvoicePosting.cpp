@@ -235,8 +235,8 @@ Invoice InvoicePosting::load(int num, int database)
     invoice.tax = record.m_dTax;
     invoice.duty = record.m_dImposition;
     CTblFactorStuffs lines(database);
-    lines.m_filter = u"iFactorNum=%1"_s.arg(num);
-    lines.m_sort = keyColumn;
+    lines.m_filter = KSql::formatted("iFactorNum=%1", num);
+    lines.m_sort = "iID";
     for (lines.Open(true, true, true); !lines.IsEOF(); lines.MoveNext()) {
         invoice.returned = invoice.returned || CTblFactorStuffs::isReturned(lines.m_iKind);
         invoice.lines.append({lines.m_iServiceID, lines.m_sDesc, lines.m_dCount, lines.m_dPrice});

@@ -3,74 +3,109 @@
 
 #include "suite/accounting/lists/FilterClauses.h"
 
-#include "suite/utility/values/ShamsiDate.h"
-
 #include <QDateTime>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using Clause = KListFilter::Clause;
 
-Clause dateClause(const char *start, int laterDays)
+Clause dateClause(KSql start, int laterDays)
 {
-    return [start, laterDays](const QVariant &value, int) {
+    return [start = std::move(start), laterDays](const QVariant &value, int) {
         const QDateTime date = value.toDateTime();
-        return date.isValid() ? QLatin1String(start) + DateToSQL(date.addDays(laterDays)) : QString();
+        return date.isValid() ? start + DateToSQL(date.addDays(laterDays)) : KSql();
     };
 }
 
-}
-
-Clause FilterClauses::number(const char *start)
+Clause textClause(KSql column, KSql (*condition)(const KSql &, const QString &))
 {
-    return [start](const QVariant &value, int) {
-        const int number = value.toInt();
-        return number == 0 ? QString() : QLatin1String(start) + QString::number(number);
-    };
-}
-
-Clause FilterClauses::position(const char *start)
-{
-    return [start](const QVariant &value, int) {
-        const int position = value.toInt();
-        return position > 0 ? QLatin1String(start) + QString::number(position - 1) : QString();
-    };
-}
-
-Clause FilterClauses::amount(const char *start)
-{
-    return [start](const QVariant &value, int) {
-        const double amount = value.toDouble();
-        return amount == 0 ? QString() : QLatin1String(start) + QString::number(amount, 'f', 6);
-    };
-}
-
-Clause FilterClauses::from(const char *start)
-{
-    return dateClause(start, 0);
-}
-
-Clause FilterClauses::upTo(const char *start)
-{
-    return dateClause(start, 1);
-}
-
-Clause FilterClauses::part(const char *column)
-{
-    return [column](const QVariant &value, int) {
+    return [column = std::move(column), condition](const QVariant &value, int) {
         const QString text = value.toString();
-        return text.isEmpty() ? QString()
-                              : QLatin1String(" AND ") + QLatin1String(column) + QLatin1String(" LIKE '%") + text
-                + QLatin1String("%'");
+        return text.isEmpty() ? KSql() : " AND " + condition(column, text);
     };
 }
 
-Clause FilterClauses::flag(const char *set, const char *notSet)
+// The text as a pattern of LIKE, in which these characters stand for themselves.
+QString withEscapes(const QString &text, QStringView special)
 {
-    return [set, notSet](const QVariant &value, int) { return QString::fromLatin1(value.toBool() ? set : notSet); };
+    QString pattern;
+    for (const QChar c : text) {
+        if (special.contains(c))
+            pattern += u'\\';
+        pattern += c;
+    }
+    return pattern;
 }
 
-Clause FilterClauses::always(const char *clause)
+KSql like(const KSql &column, const QString &part)
 {
-    return [clause](const QVariant &, int) { return QString::fromLatin1(clause); };
+    return column + " LIKE " + KSql::quoted(u'%' + part + u'%');
+}
+
+}
+
+Clause FilterClauses::number(KSql start)
+{
+    return [start = std::move(start)](const QVariant &value, int) {
+        const int number = value.toInt();
+        return number == 0 ? KSql() : start + KSql::number(number);
+    };
+}
+
+Clause FilterClauses::position(KSql start)
+{
+    return [start = std::move(start)](const QVariant &value, int) {
+        const int position = value.toInt();
+        return position > 0 ? start + KSql::number(position - 1) : KSql();
+    };
+}
+
+Clause FilterClauses::amount(KSql start)
+{
+    return [start = std::move(start)](const QVariant &value, int) {
+        const double amount = value.toDouble();
+        return amount == 0 ? KSql() : start + KSql::amount(amount);
+    };
+}
+
+Clause FilterClauses::from(KSql start)
+{
+    return dateClause(std::move(start), 0);
+}
+
+Clause FilterClauses::upTo(KSql start)
+{
+    return dateClause(std::move(start), 1);
+}
+
+Clause FilterClauses::part(KSql column)
+{
+    return textClause(std::move(column), contains);
+}
+
+Clause FilterClauses::pattern(KSql column)
+{
+    return textClause(std::move(column), matches);
+}
+
+Clause FilterClauses::flag(KSql set, KSql notSet)
+{
+    return [set = std::move(set), notSet = std::move(notSet)](const QVariant &value, int) { return value.toBool() ? set : notSet; };
+}
+
+Clause FilterClauses::always(KSql clause)
+{
+    return [clause = std::move(clause)](const QVariant &, int) { return clause; };
+}
+
+KSql FilterClauses::contains(const KSql &column, const QString &text)
+{
+    return like(column, withEscapes(text, u"\\%_"));
+}
+
+KSql FilterClauses::matches(const KSql &column, const QString &pattern)
+{
+    return like(column, withEscapes(pattern, u"\\"));
 }

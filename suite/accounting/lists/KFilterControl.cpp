@@ -55,8 +55,7 @@ KEdit *line(KEdit::Kind kind, const KListFilter &filter, QWidget *box)
 
 KFilterControl text(KEdit *edit)
 {
-    return {edit, [edit] { return edit->kind() == KEdit::Kind::QueryText ? edit->queryText() : edit->text(); },
-            [edit](const QVariant &value) { edit->setText(value.toString()); }};
+    return {edit, [edit] { return edit->text(); }, [edit](const QVariant &value) { edit->setText(value.toString()); }};
 }
 
 KFilterControl number(KEdit *edit)
@@ -83,8 +82,6 @@ KFilterControl KFilterControl::make(const KListFilter &filter, QWidget *box)
         return date(filter.kind == KListFilter::Kind::Date, box);
     case KListFilter::Kind::Text:
         return text(line(KEdit::Kind::Text, filter, box));
-    case KListFilter::Kind::QueryText:
-        return text(line(KEdit::Kind::QueryText, filter, box));
     case KListFilter::Kind::Number:
         return number(line(KEdit::Kind::Integer, filter, box));
     case KListFilter::Kind::Amount:

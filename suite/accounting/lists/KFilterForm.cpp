@@ -156,7 +156,7 @@ std::optional<RangeProblem> KFilterForm::backwardsRange() const
     return std::nullopt;
 }
 
-QString KFilterForm::condition(int userID) const
+KSql KFilterForm::condition(int userID) const
 {
     return KListFilter::condition(m_filters, values(), userID);
 }

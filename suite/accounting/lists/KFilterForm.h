@@ -36,7 +36,7 @@ public:
     // Reads the choices anew; the one chosen before stays chosen where it still is.
     void readChoices(QStringView key);
     void setSelectMode(bool on);
-    QString condition(int userID) const;
+    KSql condition(int userID) const;
 
     // The first range that ends before it begins; none when all may be.
     std::optional<RangeProblem> backwardsRange() const;

@@ -5,16 +5,15 @@
 
 #include <algorithm>
 
-QString KListFilter::condition(const QList<KListFilter> &filters, const KFilterValues &values, int userID)
+KSql KListFilter::condition(const QList<KListFilter> &filters, const KFilterValues &values, int userID)
 {
     Q_ASSERT_X(std::all_of(values.keyBegin(), values.keyEnd(), [&](const QString &key) {
         return std::any_of(filters.cbegin(), filters.cend(), [&key](const KListFilter &filter) { return filter.key == key; });
     }), "KListFilter", "no such filter");
-    QString clauses;
+    KSql clauses;
     for (const KListFilter &filter : filters) {
         if (filter.clause)
             clauses += filter.clause(values.value(filter.key), userID);
     }
-    const QLatin1StringView joint(" AND ");
-    return clauses.startsWith(joint) ? clauses.mid(joint.size()) : clauses;
+    return clauses.withoutStart(" AND ");
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/db/KSql.h"
 
 #include <QHash>
 #include <QList>
@@ -27,7 +28,6 @@ struct TZACCOUNTINGDATA_EXPORT KListFilter
         Date,      // the day as a QDateTime, invalid unless the field's box is ticked; the time of day does not count
         PlainDate, // the same without a box: invalid while the field is empty
         Text,      // as it is typed
-        QueryText, // escaped for a LIKE literal
         Number,    // whole number, 0 and above
         Amount,    // money, 0 and above
         Flag,      // bool; the label is the caption of the check box
@@ -61,7 +61,7 @@ struct TZACCOUNTINGDATA_EXPORT KListFilter
     };
 
     // The clause of a value, beginning with " AND "; empty when nothing is asked. userID: the user who is searching.
-    using Clause = std::function<QString(const QVariant &value, int userID)>;
+    using Clause = std::function<KSql(const QVariant &value, int userID)>;
 
     // Plain English, unique in the list: code and tests name the filter by it. Two whose keys are from and to, or end in From
     // and To, are a range, which is refused when it ends before it begins.
@@ -77,5 +77,5 @@ struct TZACCOUNTINGDATA_EXPORT KListFilter
     int options = 0;
 
     // The condition for KMySQL::m_filter: the clauses in their order, without the " AND " that the first one begins with.
-    static QString condition(const QList<KListFilter> &filters, const KFilterValues &values, int userID);
+    static KSql condition(const QList<KListFilter> &filters, const KFilterValues &values, int userID);
 };

@@ -19,12 +19,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString clauseStart = u" AND "_s;
-
-}
-
 KListPage::KListPage(const QString &title, const QString &form, const QString &section, QWidget *parent)
     : KDialogTabPage(parent)
     , m_section(section)
@@ -237,19 +231,16 @@ KListModel::Row KListPage::rowOf(KMySQL &record, int number) const
     return rows.take().constFirst();
 }
 
-QString KListPage::filterClauses() const
+KSql KListPage::filterClauses() const
 {
     return filters().condition(GetDBSetting()->GetUserID());
 }
 
 QVector<KListModel::Row> KListPage::readRows()
 {
-    QString filter = filterClauses();
-    if (filter.startsWith(clauseStart))
-        filter.remove(0, clauseStart.size());
     KMySQL &set = records();
-    set.m_filter = filter;
-    set.m_sort = m_order.sort();
+    set.m_filter = filterClauses();
+    set.m_sort = KSql::order(m_order.sort());
     set.SetLimit(rowLimit());
     set.Open(true, true, true);
     beginRows();
@@ -315,7 +306,7 @@ void KListPage::sortBy(int column)
 bool KListPage::loadSelected(KMySQL &record) const
 {
     const int key = m_list->currentKey();
-    return key > 0 && record.IsRecordExist(u"iID"_s, key, 0, QString());
+    return key > 0 && record.IsRecordExist(u"iID"_s, key);
 }
 
 void KListPage::deleteSelected()

@@ -92,7 +92,7 @@ protected:
     // behind it.
     virtual void buildFilters(QGridLayout *) { }
     // The condition of the rows; a run of clauses may begin with " AND ".
-    virtual QString filterClauses() const;
+    virtual KSql filterClauses() const;
     // A row that stands out: what is overdue or void.
     virtual bool isWarning(KMySQL &) const { return false; }
     // Called before the first row is made and after the last has its names, for what a list adds to all rows at once.

@@ -172,7 +172,7 @@ void CDBSetting::SetFiscalYearClosingDate(const QDateTime &date)
 QList<CDBSetting::Department> CDBSetting::Departments() const
 {
     CTblDepartments set;
-    set.m_sort = u"iID"_s;
+    set.m_sort = "iID";
     QList<Department> departments;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         departments.append({set.m_iID, set.m_sName});

@@ -19,8 +19,7 @@ QString requiredNewName(int itemType, const QString &name, int exceptID, int dat
     CTblItems set(database);
     set.SetColumns({u"iID"_s});
     set.m_filter =
-        u"iType=%1 AND iID<>%2 AND sName="_s.arg(itemType).arg(exceptID)
-        + QString::fromUtf8(KConnection::forThread(database).quoted(standard));
+        KSql::formatted("iType=%1 AND iID<>%2 AND sName=%3", itemType, exceptID, KSql::quoted(standard));
     set.Open(true, true, true);
     if (!set.IsEOF())
         throw KAccountingError(u"این نام قبلا ثبت شده است."_s);
@@ -32,8 +31,8 @@ QString requiredNewName(int itemType, const QString &name, int exceptID, int dat
 CTblMultiItems::CTblMultiItems(int itemType, int database)
     : CTblItems(database)
 {
-    m_filter = u"iType=%1 AND iStatus=0"_s.arg(itemType);
-    m_sort = u"sName,iID"_s;
+    m_filter = KSql::formatted("iType=%1 AND iStatus=0", itemType);
+    m_sort = "sName,iID";
 }
 
 CTblMultiItems::~CTblMultiItems() = default;

@@ -12,9 +12,7 @@ namespace {
 std::optional<QString> stored(const QString &section, const QString &key, int database)
 {
     CTblProperties set(database);
-    const KConnection &connection = KConnection::forThread(database);
-    set.m_filter = u"sSection=%1 AND sKey=%2"_s
-                       .arg(QString::fromUtf8(connection.quoted(section)), QString::fromUtf8(connection.quoted(key)));
+    set.m_filter = KSql::formatted("sSection=%1 AND sKey=%2", KSql::quoted(section), KSql::quoted(key));
     set.Open(true, true, true);
     return set.IsEOF() ? std::nullopt : std::optional(set.m_sValue);
 }
@@ -69,9 +67,9 @@ void CTblProperties::DBWriteSetting(const QString &section, const QString &key, 
 void CTblProperties::DBWriteSetting(const QString &section, const QString &key, const QString &value, int database)
 {
     // One statement, so that two users who store the same key for the first time do not collide.
-    KConnection &connection = KConnection::forThread(database);
-    connection.run("INSERT INTO Properties(sSection,sKey,sValue) VALUES(" + connection.quoted(section) + ','
-                   + connection.quoted(key) + ',' + connection.quoted(value) + ") ON DUPLICATE KEY UPDATE sValue=VALUES(sValue)");
+    KConnection::forThread(database).run(
+        KSql::formatted("INSERT INTO Properties(sSection,sKey,sValue) VALUES(%1,%2,%3) ON DUPLICATE KEY UPDATE sValue=VALUES(sValue)",
+                        KSql::quoted(section), KSql::quoted(key), KSql::quoted(value)));
 }
 
 void CTblProperties::DBWriteSettingInt(const QString &section, const QString &key, int value, int database)
@@ -82,8 +80,7 @@ void CTblProperties::DBWriteSettingInt(const QString &section, const QString &ke
 QHash<QString, QString> CTblProperties::DBReadSection(const QString &section, int database)
 {
     CTblProperties set(database);
-    set.m_filter = u"sSection=%1"_s
-                       .arg(QString::fromUtf8(KConnection::forThread(database).quoted(section)));
+    set.m_filter = "sSection=" + KSql::quoted(section);
     QHash<QString, QString> values;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         values.insert(set.m_sKey, set.m_sValue);

@@ -87,9 +87,9 @@ bool matches(const QString &hash, const PasswordBytes &password)
     return crypto_pwhash_str_verify(hash.toLatin1().constData(), password.data(), password.size()) == 0;
 }
 
-QString nameFilter(const QString &user, int database)
+KSql nameFilter(const QString &user)
 {
-    return u"sUser=%1"_s.arg(QString::fromUtf8(KConnection::forThread(database).quoted(ConvertToStandard(user))));
+    return "sUser=" + KSql::quoted(ConvertToStandard(user));
 }
 
 void requirePassword(const QString &password)
@@ -148,7 +148,7 @@ std::optional<int> CTblUsers::verify(const QString &user, const QString &passwor
 {
     const PasswordBytes bytes(password);
     CTblUsers set(database);
-    set.m_filter = nameFilter(user, database);
+    set.m_filter = nameFilter(user);
     set.Open(true, true, true);
     const bool known = !set.IsEOF();
     const bool right = matches(known ? set.m_sPasswordHash : nobodysHash(), bytes);
@@ -191,7 +191,7 @@ bool CTblUsers::anyUser(int database)
 bool CTblUsers::hasOtherAdmin(int userID, int database)
 {
     CTblUsers set(database);
-    set.m_filter = u"bAdmin<>0 AND iStatus=0 AND iID<>%1"_s.arg(userID);
+    set.m_filter = KSql::formatted("bAdmin<>0 AND iStatus=0 AND iID<>%1", userID);
     set.SetColumns({u"iID"_s});
     set.SetLimit(1);
     set.Open(true, true, true);

@@ -36,10 +36,9 @@ const KSecurity::Form *findForm(const QString &name)
     return found == forms.cend() ? nullptr : &*found;
 }
 
-QString userAndForm(int userID, const QString &form)
+KSql userAndForm(int userID, const QString &form)
 {
-    return u"iUserID=%1 AND sForm=%2"_s
-        .arg(QString::number(userID), QString::fromUtf8(KConnection::forThread(0).quoted(form)));
+    return KSql::formatted("iUserID=%1 AND sForm=%2", userID, KSql::quoted(form));
 }
 
 }
@@ -163,7 +162,7 @@ bool KSecurity::CheckPrintListSecurity(int notice) const
 QHash<QString, int> KSecurity::storedRights(int userID)
 {
     CTblUserRights set;
-    set.m_filter = u"iUserID=%1"_s.arg(userID);
+    set.m_filter = KSql::formatted("iUserID=%1", userID);
     QHash<QString, int> rights;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         rights.insert(set.m_sForm, set.m_iRights & allRights);

@@ -20,12 +20,12 @@ OfficeSettings OfficeSettings::read(const QStringList &furtherSections, int data
     sections += furtherSections;
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    const KConnection &connection = KConnection::forThread(database);
-    for (QString &section : sections)
-        section = QString::fromUtf8(connection.quoted(section));
+    QList<KSql> quoted;
+    for (const QString &section : std::as_const(sections))
+        quoted.append(KSql::quoted(section));
     // Joined to a single row, so that the clock comes along even where nothing is stored.
-    temp.ExecuteQuery(u"SELECT NOW(),sSection,sKey,sValue FROM (SELECT 1) AS clock LEFT JOIN Properties ON sSection IN ("_s
-                      + sections.join(u',') + u')');
+    temp.ExecuteQuery(KSql::formatted("SELECT NOW(),sSection,sKey,sValue FROM (SELECT 1) AS clock LEFT JOIN Properties"
+                                      " ON sSection IN (%1)", KSql::joined(quoted, ",")));
     OfficeSettings settings;
     settings.m_serverTime = temp.GetDateFieldValue(0);
     for (; temp.HasResultRow(); temp.MoveNextResult())

@@ -13,19 +13,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString literal(const QString &text)
+KSql ofReport(const QString &group, const QString &report)
 {
-    return QString::fromUtf8(KConnection::forThread().quoted(text));
+    return KSql::formatted("sGroup=%1 AND sReport=%2", KSql::quoted(group), KSql::quoted(report));
 }
 
-QString ofReport(const QString &group, const QString &report)
+KSql ofName(const QString &group, const QString &report, const QString &name)
 {
-    return u"sGroup=%1 AND sReport=%2"_s.arg(literal(group), literal(report));
-}
-
-QString ofName(const QString &group, const QString &report, const QString &name)
-{
-    return ofReport(group, report) + u" AND sName="_s + literal(name);
+    return ofReport(group, report) + " AND sName=" + KSql::quoted(name);
 }
 
 }
@@ -56,7 +51,7 @@ QVector<CTblReportLayouts::Entry> CTblReportLayouts::entries(const QString &grou
 {
     CTblReportLayouts set;
     set.m_filter = ofReport(group, report);
-    set.m_sort = u"sName"_s;
+    set.m_sort = "sName";
     QVector<Entry> entries;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         entries.append({set.m_sName, set.m_bDefault != 0});
@@ -66,7 +61,7 @@ QVector<CTblReportLayouts::Entry> CTblReportLayouts::entries(const QString &grou
 std::optional<ReportLayout> CTblReportLayouts::load(const QString &group, const QString &report, const QString &name)
 {
     CTblReportLayouts set;
-    set.m_filter = name.isEmpty() ? ofReport(group, report) + u" AND bDefault=1"_s : ofName(group, report, name);
+    set.m_filter = name.isEmpty() ? ofReport(group, report) + " AND bDefault=1" : ofName(group, report, name);
     set.Open(true, true, true);
     if (set.IsEOF())
         return std::nullopt;
@@ -83,7 +78,7 @@ void CTblReportLayouts::save(const QString &group, const QString &report, const 
     if (isDefault) {
         CTblTemp temp;
         temp.Open(false, false, true);
-        temp.ExecuteQuery(u"UPDATE ReportLayouts SET bDefault=0 WHERE "_s + ofReport(group, report));
+        temp.ExecuteQuery("UPDATE ReportLayouts SET bDefault=0 WHERE " + ofReport(group, report));
     }
     CTblReportLayouts set;
     set.m_filter = ofName(group, report, standard);
@@ -106,5 +101,5 @@ void CTblReportLayouts::remove(const QString &group, const QString &report, cons
 {
     CTblTemp temp;
     temp.Open(false, false, true);
-    temp.ExecuteQuery(u"DELETE FROM ReportLayouts WHERE "_s + ofName(group, report, name));
+    temp.ExecuteQuery("DELETE FROM ReportLayouts WHERE " + ofName(group, report, name));
 }

@@ -90,7 +90,7 @@ QList<KListColumn> CDlgPersons::columnTable() const
         {.key = u"name"_s, .title = u"نام و نام خانوادگی"_s, .width = 110, .alignment = right, .sortKey = defaultSort(),
          .column = u"sName2"_s},
         {.key = u"father"_s, .title = u"نام پدر"_s, .width = 55, .alignment = right,
-         .sortKey = PersonSearch::alphabetical(u"sFatherName"_s), .column = u"sFatherName"_s},
+         .sortKey = u"sFatherName"_s, .column = u"sFatherName"_s},
         {.key = u"nationalCode"_s, .title = u"کد ملی"_s, .width = 60, .sortKey = u"sNationalCode"_s, .column = u"sNationalCode"_s},
         {.key = u"mobile"_s, .title = u"موبایل"_s, .width = 60, .sortKey = u"sMobile"_s, .column = u"sMobile"_s},
         {.key = u"telephone"_s, .title = u"تلفن"_s, .width = 60, .sortKey = u"sTel"_s, .column = u"sTel"_s},
@@ -98,7 +98,7 @@ QList<KListColumn> CDlgPersons::columnTable() const
          .reads = {u"iKind"_s}},
         {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s, .show = statusCell},
         {.key = u"address"_s, .title = u"آدرس"_s, .width = 150, .alignment = right,
-         .sortKey = PersonSearch::alphabetical(u"sAddress"_s), .column = u"sAddress"_s},
+         .sortKey = u"sAddress"_s, .column = u"sAddress"_s},
     };
 }
 
@@ -161,7 +161,7 @@ std::unique_ptr<KMySQL> CDlgPersons::makeRecords() const
 
 QString CDlgPersons::defaultSort() const
 {
-    return PersonSearch::alphabetical(u"sName2"_s);
+    return u"sName2"_s;
 }
 
 void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
@@ -172,7 +172,7 @@ void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
     person.SetColumns(fetchedColumns());
     bool isCode = false;
     const int code = searched.toInt(&isCode);
-    const bool found = isCode ? person.IsRecordExist(u"iCode"_s, code, 0, u" AND "_s + filterClauses())
+    const bool found = isCode ? person.IsRecordExist(u"iCode"_s, code, 0, " AND " + filterClauses())
                               : searched.isEmpty() && m_leadingKey > 0 && person.IsRecordExist(u"iID"_s, m_leadingKey);
     if (found)
         lead(person, rows);

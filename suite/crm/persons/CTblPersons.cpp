@@ -10,11 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int findOther(const QString &condition, int exceptID, int database)
+int findOther(const KSql &condition, int exceptID, int database)
 {
     CTblTemp temp(database);
-    temp.ExecuteQuery(u"SELECT iID FROM Persons WHERE "_s + condition
-                      + u" AND iID<>%1 ORDER BY iID LIMIT 1"_s.arg(exceptID));
+    temp.ExecuteQuery(KSql::formatted("SELECT iID FROM Persons WHERE %1 AND iID<>%2 ORDER BY iID LIMIT 1", condition, exceptID));
     return temp.GetLongFieldValue(0);
 }
 
@@ -87,7 +86,7 @@ void CTblPersons::standardize()
 int CTblPersons::nextCode(int database)
 {
     CTblTemp temp(database);
-    temp.ExecuteQuery(u"SELECT MAX(iCode) FROM Persons"_s);
+    temp.ExecuteQuery("SELECT MAX(iCode) FROM Persons");
     return temp.GetLongFieldValue(0) + 1;
 }
 
@@ -98,7 +97,7 @@ QString CTblPersons::displayName(const QString &name, const QString &family)
 
 int CTblPersons::findByCode(int code, int exceptID, int database)
 {
-    return findOther(u"iCode=%1"_s.arg(code), exceptID, database);
+    return findOther(KSql::formatted("iCode=%1", code), exceptID, database);
 }
 
 int CTblPersons::findByNationalCode(const QString &code, int exceptID, int database)
@@ -106,6 +105,5 @@ int CTblPersons::findByNationalCode(const QString &code, int exceptID, int datab
     const QString standard = ConvertToStandard(code);
     if (standard.isEmpty())
         return 0;
-    const QByteArray quoted = KConnection::forThread(database).quoted(standard);
-    return findOther(u"sNationalCode="_s + QString::fromUtf8(quoted), exceptID, database);
+    return findOther("sNationalCode=" + KSql::quoted(standard), exceptID, database);
 }

@@ -38,10 +38,10 @@ QString waysOfWriting(QChar folded)
     }
 }
 
-QString searched(const QVariant &typed, int)
+KSql searched(const QVariant &typed, int)
 {
-    const QString condition = PersonSearch::condition(typed.toString());
-    return condition.isEmpty() ? QString() : u" AND "_s + condition;
+    const KSql condition = PersonSearch::condition(typed.toString());
+    return condition.isEmpty() ? KSql() : " AND " + condition;
 }
 
 }
@@ -65,17 +65,19 @@ QStringList PersonSearch::columns()
             u"sMobile"_s, u"sTel"_s};
 }
 
-QString PersonSearch::condition(const QString &typed)
+KSql PersonSearch::condition(const QString &typed)
 {
-    // A pattern holds letters and digits in brackets and the filler, so nothing typed can leave the quotes. The line break
-    // between the columns is no filler: a match never runs from one column into the next.
-    const QString searched = u"CONCAT_WS(CHAR(10), %1)"_s.arg(columns().join(u", "_s));
-    QStringList conditions;
+    // The line break between the columns is no filler: a match never runs from one column into the next.
+    QList<KSql> searched;
+    for (const QString &column : columns())
+        searched.append(KSql::name(column));
+    const KSql all = KSql::formatted("CONCAT_WS(CHAR(10), %1)", KSql::joined(searched, ", "));
+    QList<KSql> conditions;
     for (const QString &word : ConvertToStandard(typed).split(u' ', Qt::SkipEmptyParts)) {
         if (const QString expression = pattern(word); !expression.isEmpty())
-            conditions.append(u"%1 RLIKE '%2'"_s.arg(searched, expression));
+            conditions.append(KSql::formatted("%1 RLIKE %2", all, KSql::quoted(expression)));
     }
-    return conditions.join(u" AND "_s);
+    return KSql::joined(conditions, " AND ");
 }
 
 QList<KListFilter> PersonSearch::filters()
@@ -87,9 +89,4 @@ QList<KListFilter> PersonSearch::filters()
         {.key = u"search"_s, .label = u"جستجو :"_s, .kind = F::Kind::Text, .place = {0, 0}, .clause = searched, .maxLength = 100,
          .options = F::FindGoesHere},
     };
-}
-
-QString PersonSearch::alphabetical(const QString &column)
-{
-    return u"CONVERT(%1 USING utf8mb4) COLLATE utf8mb4_persian_ci"_s.arg(column);
 }

@@ -15,7 +15,7 @@ namespace PersonSearch {
 // A condition that holds for a person when every typed word stands somewhere in the shown name, the code, the national
 // code, the mobile or the telephone; empty when nothing to search for was typed. Both sides meet whatever forms of yeh,
 // kaf, alef, heh and digits they are written in, and with or without blanks, joiners, vowel signs and hyphens inside.
-TZCRMDATA_EXPORT QString condition(const QString &typed);
+TZCRMDATA_EXPORT KSql condition(const QString &typed);
 
 // What the list of persons can be asked for: what is typed to find them, and whether the inactive ones are among them, whom
 // nobody can pick.
@@ -26,9 +26,5 @@ TZCRMDATA_EXPORT QString pattern(const QString &word);
 
 // The columns that a search looks in.
 TZCRMDATA_EXPORT QStringList columns();
-
-// A text column as a term of ORDER BY that follows the Persian alphabet. The table's own collation follows the code points,
-// which puts the Persian letters behind the Arabic ones.
-TZCRMDATA_EXPORT QString alphabetical(const QString &column);
 
 }

@@ -9,9 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ownOnes(const QVariant &, int userID)
+KSql ownOnes(const QVariant &, int userID)
 {
-    return u" AND iUserID=%1"_s.arg(userID);
+    return KSql::formatted(" AND iUserID=%1", userID);
 }
 
 }
@@ -23,7 +23,7 @@ QList<KListFilter> alarmFilters()
         {.key = u"own"_s, .kind = K::Always, .clause = ownOnes},
         {.key = u"done"_s, .label = u"نمايش انجام شده ها"_s, .kind = K::Flag, .place = {0, 2},
          .clause = FilterClauses::flag("", " AND iStatus=0")},
-        {.key = u"description"_s, .label = u"شرح :"_s, .kind = K::QueryText, .place = {0, 0}, .clause = FilterClauses::part("sDesc"),
+        {.key = u"description"_s, .label = u"شرح :"_s, .kind = K::Text, .place = {0, 0}, .clause = FilterClauses::part("sDesc"),
          .options = KListFilter::FindGoesHere},
     };
 }

@@ -36,8 +36,8 @@ QCheckBox *addCheck(QFormLayout *form, const QString &caption)
 void fillUsers(QComboBox *box, int selected)
 {
     CTblUsers users;
-    users.m_filter = u"iStatus=0 OR iID=%1"_s.arg(selected);
-    users.m_sort = u"sName,sUser"_s;
+    users.m_filter = KSql::formatted("iStatus=0 OR iID=%1", selected);
+    users.m_sort = "sName,sUser";
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         box->addItem(users.m_sName.isEmpty() ? users.m_sUser : users.m_sName, users.m_iID);
     box->setCurrentIndex(box->findData(selected));

@@ -11,15 +11,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ofUser(int userID)
+KSql ofUser(int userID)
 {
-    return u" AND iUserID=%1"_s.arg(userID);
+    return KSql::formatted(" AND iUserID=%1", userID);
 }
 
 // By the server's clock, which all machines of an office share.
-QString dueCondition(int userID)
+KSql dueCondition(int userID)
 {
-    return u"iStatus=%1 AND date<=NOW()"_s.arg(CTblAlarm::statusOpen) + ofUser(userID);
+    return KSql::formatted("iStatus=%1 AND date<=NOW()", CTblAlarm::statusOpen) + ofUser(userID);
 }
 
 }
@@ -65,15 +65,15 @@ int CTblAlarm::dueCount(int userID, int database)
 {
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    temp.ExecuteQuery(u"SELECT COUNT(*) FROM Alarms WHERE "_s + dueCondition(userID));
+    temp.ExecuteQuery("SELECT COUNT(*) FROM Alarms WHERE " + dueCondition(userID));
     return temp.GetLongFieldValue(0);
 }
 
 QList<CTblAlarm::Due> CTblAlarm::dueAtLogin(int userID, int database)
 {
     CTblAlarm alarm(database);
-    alarm.m_filter = dueCondition(userID) + u" AND (bRepeat<>0 OR dateTold IS NULL)"_s;
-    alarm.m_sort = u"date,iID"_s;
+    alarm.m_filter = dueCondition(userID) + " AND (bRepeat<>0 OR dateTold IS NULL)";
+    alarm.m_sort = "date,iID";
     QList<Due> due;
     for (alarm.Open(true, true, true); !alarm.IsEOF(); alarm.MoveNext())
         due.append({alarm.m_iID, alarm.m_date, alarm.m_sDesc});
@@ -84,12 +84,12 @@ void CTblAlarm::markTold(const QList<Due> &told, int database)
 {
     if (told.isEmpty() || CDBSetting::IsClosed(database))
         return;
-    QStringList ids;
+    QList<int> ids;
     for (const Due &due : told)
-        ids.append(QString::number(due.id));
+        ids.append(due.id);
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    temp.ExecuteQuery(u"UPDATE Alarms SET dateTold=NOW() WHERE iID IN (%1)"_s.arg(ids.join(u',')));
+    temp.ExecuteQuery(KSql::formatted("UPDATE Alarms SET dateTold=NOW() WHERE iID IN (%1)", KSql::list(ids)));
 }
 
 bool CTblAlarm::setDone(int id, int userID, int database)
@@ -120,7 +120,7 @@ bool CTblAlarm::deleteAlarm(int id, int userID, int database)
     GetDBSetting()->RequireOpenDB();
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    return temp.ExecuteQuery(u"DELETE FROM Alarms WHERE iID=%1"_s.arg(id) + ofUser(userID)) > 0;
+    return temp.ExecuteQuery(KSql::formatted("DELETE FROM Alarms WHERE iID=%1", id) + ofUser(userID)) > 0;
 }
 
 void CTblAlarm::DeleteAllRelatedRecords(int kind, int key, int database)

@@ -137,22 +137,6 @@ QString KEdit::displayText(double number) const
     return m_kind == Kind::Money ? DToMoney(number, decimals()) : DToStr(number);
 }
 
-QString KEdit::queryText() const
-{
-    QString literal;
-    for (const QChar c : text()) {
-        if (c == u'\'')
-            literal.append(u"''"_s);
-        else if (c == u'\\')
-            literal.append(u"\\\\\\\\"_s); // read as an escape twice: by the literal and by LIKE
-        else if (c == u'%' || c == u'_')
-            literal.append(u'\\').append(c);
-        else
-            literal.append(c);
-    }
-    return literal;
-}
-
 void KEdit::takeText(const QString &text)
 {
     if (m_showing)

@@ -23,12 +23,11 @@ class TZUTILITY_EXPORT KEdit : public QLineEdit
 
 public:
     enum class Kind {
-        Text,      // free text; setMaxLength limits it
-        QueryText, // free text for a statement's LIKE: use queryText
-        Money,     // 0 and above unless setRange says otherwise, in the decimals of the office's money unit
-        Percent,   // 0 to 100, at most four decimals
-        Integer,   // whole number, 0 and above unless setRange says otherwise
-        Code       // read left to right; take it by plainText and limit it by setCodeLength
+        Text,    // free text; setMaxLength limits it
+        Money,   // 0 and above unless setRange says otherwise, in the decimals of the office's money unit
+        Percent, // 0 to 100, at most four decimals
+        Integer, // whole number, 0 and above unless setRange says otherwise
+        Code     // read left to right; take it by plainText and limit it by setCodeLength
     };
 
     explicit KEdit(QWidget *parent = nullptr);
@@ -55,9 +54,6 @@ public:
     QString plainText() const;
     // Characters that a code may have; 0, as at the start: any number.
     void setCodeLength(int length);
-
-    // The text for use inside '...' after LIKE: quote, backslash, % and _ stand for themselves.
-    QString queryText() const;
 
     // False while the line shows a number out of range.
     bool isEntryValid() const { return m_error.isEmpty(); }

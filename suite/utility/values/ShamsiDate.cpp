@@ -160,10 +160,3 @@ QString shamsiDayName(int dayOfWeek)
                                               u"جمعه"_s};
     return dayOfWeek >= 0 && dayOfWeek < 7 ? names[size_t(dayOfWeek)] : QString();
 }
-
-QString DateToSQL(const QDateTime &dateTime)
-{
-    if (!dateTime.isValid())
-        return u"NULL"_s;
-    return dateTime.toString(u"''yyyy-MM-dd''"_s);
-}

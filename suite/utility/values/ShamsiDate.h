@@ -62,6 +62,3 @@ TZVALUES_EXPORT int shamsiDayOfWeek(const QDate &date);
 
 // Day 0 (Saturday) to 6 (Friday); empty otherwise.
 TZVALUES_EXPORT QString shamsiDayName(int dayOfWeek);
-
-// The day as a literal of a statement, quotes included: '2026-11-20'. NULL (without quotes) for no date.
-TZVALUES_EXPORT QString DateToSQL(const QDateTime &dateTime);

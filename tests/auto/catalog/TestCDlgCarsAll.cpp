@@ -137,7 +137,6 @@ private Q_SLOTS:
             QCOMPARE(columns[1].alignment, Qt::Alignment(Qt::AlignRight));
             QCOMPARE(columns[1].width, 170);
             QCOMPARE(dialog.panel(level)->filter()->maxLength(), 50);
-            QCOMPARE(dialog.panel(level)->filter()->kind(), KEdit::Kind::QueryText);
         }
     }
 

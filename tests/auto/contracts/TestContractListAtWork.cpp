@@ -481,10 +481,10 @@ private Q_SLOTS:
             date->setDate(QDate(2026, 5, ++day));
             date->setChecked(true);
         }
-        QCOMPARE(page.filters().condition(m_office->adminID()),
+        QCOMPARE(page.filters().condition(m_office->adminID()).text(),
                  u"iStatus = 0 AND iPersonFirstID=%1 AND bReturn=1 AND iArchiveUserID<>0 AND iArchiveUserID<>%2"
                  " AND iPersonSecondID=%3 AND iContractType = 3 AND dateContract>='2026-05-01'"
-                 " AND dateContract<='2026-05-03' AND sDesc LIKE '%d''\\_%' AND sExplain LIKE '%e%'"
+                 " AND dateContract<='2026-05-03' AND sDesc LIKE '%d\\'\\\\_%' AND sExplain LIKE '%e%'"
                  " AND dateExpiration>='2026-05-03' AND dateExpiration <= '2026-05-05'"_s
                      .arg(seller)
                      .arg(m_office->adminID())

@@ -77,7 +77,7 @@ private Q_SLOTS:
     {
         const ObservedStatements statements({u"SELECT"_s});
         CarJoin cars;
-        cars.m_filter = u"ai.iStatus=0 GROUP BY ai.iID"_s;
+        cars.m_filter = "ai.iStatus=0 GROUP BY ai.iID";
         cars.Open(true, true, true);
         QCOMPARE(statements.taken().size(), 1);
         const QString statement = statements.taken().first();

@@ -78,7 +78,7 @@ private Q_SLOTS:
     {
         const ObservedStatements statements({u"SELECT"_s});
         DemandJoin demands;
-        demands.m_filter = u"ad.iStatus=0 GROUP BY ad.iID"_s;
+        demands.m_filter = "ad.iStatus=0 GROUP BY ad.iID";
         demands.Open(true, true, true);
         QCOMPARE(statements.taken().size(), 1);
         const QString statement = statements.taken().first();

@@ -85,7 +85,7 @@ QString TestDemoData::checksum()
                               "Factors", "FactorStuffs"}) {
         CTblTemp query;
         query.Open(false, false, true);
-        query.ExecuteQuery(u"CHECKSUM TABLE "_s + QString::fromLatin1(table));
+        query.ExecuteQuery("CHECKSUM TABLE " + KSql::name(QLatin1String(table)));
         all += query.GetTextFieldValue(1) + u' ';
     }
     return all;
@@ -259,7 +259,7 @@ void TestDemoData::soldCarsAreWhatTheEditorWouldSave()
 void TestDemoData::carsHavePicturesThatCanBeShown()
 {
     CTblAutomobilInformations car;
-    car.m_filter = u"oPicture IS NOT NULL"_s;
+    car.m_filter = "oPicture IS NOT NULL";
     car.SetColumns({u"oPicture"_s});
     int pictures = 0;
     for (car.Open(true, true, true); !car.IsEOF(); car.MoveNext(), ++pictures) {
@@ -272,7 +272,7 @@ void TestDemoData::carsHavePicturesThatCanBeShown()
 void TestDemoData::everyKindOfInputParameterHasValues()
 {
     for (int option = 0; option < InputParameters::optionCount; ++option) {
-        const QString count = m_database.value(u"SELECT COUNT(*) FROM Items WHERE "_s + InputParameters::valuesFilter(option));
+        const QString count = m_database.value(u"SELECT COUNT(*) FROM Items WHERE "_s + InputParameters::valuesFilter(option).text());
         QVERIFY2(count.toInt() >= 2, qPrintable(InputParameters::caption(option)));
     }
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM (SELECT 1 FROM Items GROUP BY iType,sName HAVING COUNT(*)>1) twice"_s),

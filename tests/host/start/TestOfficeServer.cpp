@@ -127,7 +127,7 @@ void TestOfficeServer::rightPasswordConnects()
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     CTblTemp query;
     query.Open(false, false, true);
-    query.ExecuteQuery(u"SELECT CONCAT(CURRENT_USER(),' ',DATABASE())"_s);
+    query.ExecuteQuery("SELECT CONCAT(CURRENT_USER(),' ',DATABASE())");
     QCOMPARE(query.GetTextFieldValue(0), u"sara@% books"_s);
 }
 

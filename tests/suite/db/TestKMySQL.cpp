@@ -57,7 +57,7 @@ private Q_SLOTS:
         QVERIFY(record.GetLastInsertedID() > 0);
 
         SampleRecord again;
-        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(record.GetLastInsertedID()), 0, QString()));
+        QVERIFY(again.IsRecordExist(u"iID"_s, qint32(record.GetLastInsertedID())));
         QCOMPARE(again.m_sName, record.m_sName);
         QCOMPARE(again.m_date, someDate);
         QCOMPARE(again.m_dAmount, 12345678901.123);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         // What an earlier row left in the members must not show through.
         addSample(u"full"_s, 9);
         SampleRecord record;
-        record.m_sort = u"iID DESC"_s;
+        record.m_sort = "iID DESC";
         record.Open(true, true, true);
         QCOMPARE(record.m_dAmount, 9.0);
         record.m_oPicture.data = QByteArray("x");
@@ -143,8 +143,8 @@ private Q_SLOTS:
         for (int i = 1; i <= 5; ++i)
             addSample(u"n%1"_s.arg(i), i);
         SampleRecord record;
-        record.m_filter = u"dAmount>1"_s;
-        record.m_sort = u"dAmount DESC"_s;
+        record.m_filter = "dAmount>1";
+        record.m_sort = "dAmount DESC";
         record.SetLimit(3);
         QVERIFY(record.Open(true, true, true));
         QCOMPARE(record.GetRecordsCount(), 3);
@@ -157,7 +157,7 @@ private Q_SLOTS:
         record.MoveLast();
         QCOMPARE(record.m_dAmount, 3.0);
         QVERIFY(!record.IsEOF());
-        record.m_filter.clear();
+        record.m_filter = {};
         record.SetLimit(0);
         QVERIFY(record.Requery());
         QCOMPARE(record.GetRecordsCount(), 5);
@@ -262,7 +262,7 @@ private Q_SLOTS:
         addSample(u"a"_s, 1);
         addSample(u"b"_s, 2);
         SampleRecord record;
-        record.m_sort = u"iID"_s;
+        record.m_sort = "iID";
         record.Open(true, true, true);
         QVERIFY(record.Delete());
         QCOMPARE(raisedCategory([&] { record.Edit(); }), Category::NoCurrentRow);
@@ -364,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELEKT 1", true, true); }), Category::BadStatement);
         QCOMPARE(raisedCategory([&] { temp.ExecuteQuery("SELECT nothing FROM Samples", true, true); }), Category::BadStatement);
         SampleRecord record;
-        record.m_filter = u"noColumn=1"_s;
+        record.m_filter = "noColumn=1";
         QVERIFY(!record.Open(true, true, false));
     }
 
@@ -383,7 +383,7 @@ private Q_SLOTS:
     {
         CTblTemp temp;
         temp.Open(false, false, true);
-        temp.ExecuteQuery(u"SELECT 42,2.5,'متن',NULL,'2026-11-20 10:11:12' UNION ALL SELECT 43,0,'',0,NULL"_s, true);
+        temp.ExecuteQuery("SELECT 42,2.5,'متن',NULL,'2026-11-20 10:11:12' UNION ALL SELECT 43,0,'',0,NULL", true);
         QCOMPARE(temp.GetLongFieldValue(0), 42);
         QCOMPARE(temp.GetDoubleFieldValue(1), 2.5);
         QCOMPARE(temp.GetTextFieldValue(2), u"متن"_s);
@@ -529,8 +529,8 @@ private Q_SLOTS:
         const qint32 key = addSample(u"پژو"_s, 2.5);
         CTblTemp temp;
         temp.Open(true, false, true);
-        QCOMPARE(temp.FormatAndExecuteQuery("SELECT sName FROM Samples WHERE sName LIKE '%%%s%%' AND dAmount=%f AND iID=%d",
-                                            "پژ", 2.5, key),
+        QCOMPARE(temp.FormatAndExecuteQuery("SELECT sName FROM Samples WHERE sName LIKE %s AND sName<>'%%' AND dAmount=%f AND iID=%d",
+                                            KSql::quoted(u"%پژ%"_s), 2.5, static_cast<int>(key)),
                  1);
         QCOMPARE(temp.GetTextFieldValue(0), u"پژو"_s);
     }

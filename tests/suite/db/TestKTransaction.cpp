@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(raisedCategory([&] { addSample(u"after"_s); }), Category::LockConflict);
         QCOMPARE(raisedCategory([&] { transaction.commit(); }), Category::LockConflict);
         SampleRecord record;
-        record.m_filter = u"sName='after'"_s;
+        record.m_filter = "sName='after'";
         std::thread([&] {
             record.Open(true, true, true);
             KConnection::closeThreadConnections();

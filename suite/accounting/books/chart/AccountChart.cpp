@@ -36,7 +36,7 @@ template <class Records, class Parent>
 QList<Account> readAll(int database, Parent parentOf)
 {
     Records set(database);
-    set.m_sort = u"iCode"_s;
+    set.m_sort = "iCode";
     QList<Account> accounts;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         accounts.append({set.m_iCode, set.m_sName, parentOf(set), set.m_iStatus == 0});

@@ -45,7 +45,7 @@ private Q_SLOTS:
         QCOMPARE(position, next++);
         QCOMPARE(InputParameters::caption(position), caption);
         QCOMPARE(InputParameters::itemType(position), type);
-        QCOMPARE(InputParameters::valuesFilter(position), u" iType=%1 "_s.arg(type));
+        QCOMPARE(InputParameters::valuesFilter(position).text(), u" iType=%1 "_s.arg(type));
         QVERIFY(InputParameters::isOption(position));
     }
 
@@ -64,7 +64,7 @@ private Q_SLOTS:
     {
         QFETCH(int, option);
         QVERIFY(!InputParameters::isOption(option));
-        QCOMPARE(InputParameters::valuesFilter(option), u" iType=0 "_s);
+        QCOMPARE(InputParameters::valuesFilter(option).text(), u" iType=0 "_s);
         QCOMPARE(InputParameters::caption(option), QString());
     }
 };

@@ -215,20 +215,19 @@ private Q_SLOTS:
         QCOMPARE(titles(page), QStringList{u"وکالت"_s});
     }
 
-    void aNameWithAQuoteIsOneMessageAndTheListKeepsItsRows()
+    void aNameWithAQuoteIsLookedForAsItStands()
     {
         addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.open();
         page.filters().set(u"name", u"x%' OR 'a' LIKE 'a"_s);
         captioned<QPushButton>(page, u"جستجو"_s)->click();
-        // As typed it is a condition that the database understands, and all that it does is find every row.
-        QCOMPARE(titles(page), QStringList{u"a"_s});
+        QVERIFY(titles(page).isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         page.filters().set(u"name", u"o'k"_s);
         captioned<QPushButton>(page, u"جستجو"_s)->click();
-        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-        QCOMPARE(titles(page), QStringList{u"a"_s});
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(titles(page).isEmpty());
         QCOMPARE(page.filters().control<KEdit>(u"name")->text(), u"o'k"_s);
     }
 
@@ -239,8 +238,22 @@ private Q_SLOTS:
         page.open();
         page.filters().set(u"name", u"'; DELETE FROM AutomobilTariffs; -- "_s);
         captioned<QPushButton>(page, u"جستجو"_s)->click();
-        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        QVERIFY(titles(page).isEmpty());
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"1"_s);
+    }
+
+    void aUnionListsNoPasswords()
+    {
+        addTariff(u"a"_s);
+        CDlgAutomobilTariffs page;
+        page.open();
+        for (const QString &text : {u"' UNION SELECT 1,sPasswordHash,sUser,0,1,1 FROM Users#"_s, u"%' UNION SELECT 1,sPasswordHash,0,1,1,1 FROM Users#"_s}) {
+            page.filters().set(u"name", text.left(50));
+            captioned<QPushButton>(page, u"جستجو"_s)->click();
+            QVERIFY(titles(page).isEmpty());
+            QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+        }
     }
 
     void enterInTheNameSearches()

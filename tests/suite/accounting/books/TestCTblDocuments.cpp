@@ -93,7 +93,7 @@ void TestCTblDocuments::headerHoldsWhatWasGiven()
 {
     const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, u"مبایعه نامه ش : 7"_s, year);
     CTblDocuments header;
-    header.m_filter = u"iNum=%1"_s.arg(num);
+    header.m_filter = KSql::formatted("iNum=%1", num);
     header.Open(true, true, true);
     QCOMPARE(header.m_iKind, 28);
     QCOMPARE(header.m_iFiscalYear, year);

@@ -30,15 +30,15 @@ QList<KListFilter> filters()
     return {
         {.key = u"inactive"_s, .label = u"Inactive"_s, .kind = K::Flag, .place = {1, 0, 2},
          .clause = flag("", " AND iStatus=0"), .initial = false, .options = F::KeptByReset | F::HiddenInSelect},
-        {.key = u"owner"_s, .clause = [](const QVariant &, int user) { return u" AND iUserID=%1"_s.arg(user); }},
+        {.key = u"owner"_s, .clause = [](const QVariant &, int user) { return KSql::formatted(" AND iUserID=%1", user); }},
         {.key = u"color"_s, .label = u"Color :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND iColor="),
          .choices = [] { return offered; }, .options = F::ReadByReset},
         {.key = u"from"_s, .label = u"From :"_s, .kind = K::Date, .place = {2, 0}, .clause = from(" AND date>=")},
         {.key = u"to"_s, .label = u"To :"_s, .kind = K::PlainDate, .place = {2, 2}, .clause = upTo(" AND date<"),
          .accessibleName = u"Day to :"_s},
-        {.key = u"part"_s, .label = u"Part :"_s, .kind = K::QueryText, .place = {0, 0}, .clause = part("sName"), .maxLength = 5,
+        {.key = u"part"_s, .label = u"Part :"_s, .kind = K::Text, .place = {0, 0}, .clause = part("sName"), .maxLength = 5,
          .options = F::FindGoesHere},
-        {.key = u"typed"_s, .label = u"Typed :"_s, .kind = K::Text, .clause = part("sTyped")},
+        {.key = u"typed"_s, .label = u"Typed :"_s, .kind = K::Text, .clause = pattern("sTyped")},
         {.key = u"number"_s, .label = u"Number :"_s, .kind = K::Number, .place = {3, 0}, .clause = number(" AND iNum="), .initial = 7},
         {.key = u"amount"_s, .label = u"Amount :"_s, .kind = K::Amount, .place = {3, 2}, .clause = amount(" AND dAmount>=")},
     };
@@ -64,18 +64,18 @@ private Q_SLOTS:
     void eachFilterAsksItsClauseInTheOrderOfTheTable()
     {
         Form f;
-        QCOMPARE(f.form.condition(3), u"iStatus=0 AND iUserID=3 AND iNum=7"_s);
+        QCOMPARE(f.form.condition(3).text(), u"iStatus=0 AND iUserID=3 AND iNum=7"_s);
         f.form.set(u"inactive", true);
         f.form.set(u"color", 9);
         f.form.set(u"from", QDate(2026, 5, 1));
         f.form.set(u"to", QDate(2026, 5, 2));
-        f.form.set(u"part", u"5%"_s);
-        f.form.set(u"typed", u"5%"_s);
+        f.form.set(u"part", u"x%"_s);
+        f.form.set(u"typed", u"x%"_s);
         f.form.set(u"number", 0);
         f.form.set(u"amount", 2.5);
-        QCOMPARE(f.form.condition(3),
-                 u"iUserID=3 AND iColor=9 AND date>='2026-05-01' AND date<'2026-05-03' AND sName LIKE '%5\\%%'"
-                 u" AND sTyped LIKE '%5%%' AND dAmount>=2.500000"_s);
+        QCOMPARE(f.form.condition(3).text(),
+                 u"iUserID=3 AND iColor=9 AND date>='2026-05-01' AND date<'2026-05-03' AND sName LIKE '%x\\\\%%'"
+                 u" AND sTyped LIKE '%x%%' AND dAmount>=2.500000"_s);
     }
 
     void aDateAsksWhileItIsTickedOrWithoutABoxWhileItIsThere()

@@ -157,7 +157,7 @@ void TestCTblPersons::aChangeWithoutTheNamesLeavesTheShownName()
     const int id = Office::addPerson(u"مریم"_s, u"احمدی"_s);
     CTblPersons person;
     person.SetColumns({u"sMobile"_s});
-    person.m_filter = u"iID=%1"_s.arg(id);
+    person.m_filter = KSql::formatted("iID=%1", id);
     person.Open(true, true, true);
     QVERIFY(!person.IsEOF());
     person.Edit();

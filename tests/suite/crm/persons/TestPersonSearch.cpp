@@ -27,7 +27,6 @@ private Q_SLOTS:
     void nothingTypedLeavesTheQuotes();
     void filtersJoinTheSearchBehindTheStatus_data();
     void filtersJoinTheSearchBehindTheStatus();
-    void namesFollowThePersianAlphabet();
     void fiftyThousandPersonsAreSearchedUpToTheLimit();
 
 private:
@@ -62,8 +61,7 @@ void TestPersonSearch::initTestCase()
 QStringList TestPersonSearch::found(const QString &typed)
 {
     CTblTemp temp;
-    temp.ExecuteQuery(u"SELECT iCode FROM Persons WHERE %1 ORDER BY iCode"_s
-                          .arg(PersonSearch::condition(typed)));
+    temp.ExecuteQuery(KSql::formatted("SELECT iCode FROM Persons WHERE %1 ORDER BY iCode", PersonSearch::condition(typed)));
     QStringList codes;
     for (; temp.HasResultRow(); temp.MoveNextResult())
         codes.append(temp.GetTextFieldValue(0));
@@ -81,7 +79,7 @@ void TestPersonSearch::nothingTypedGivesNoCondition_data()
 void TestPersonSearch::nothingTypedGivesNoCondition()
 {
     QFETCH(QString, typed);
-    QCOMPARE(PersonSearch::condition(typed), QString());
+    QVERIFY(PersonSearch::condition(typed).isEmpty());
 }
 
 void TestPersonSearch::finds_data()
@@ -147,7 +145,7 @@ void TestPersonSearch::nothingTypedLeavesTheQuotes_data()
 void TestPersonSearch::nothingTypedLeavesTheQuotes()
 {
     QFETCH(QString, typed);
-    const QString condition = PersonSearch::condition(typed);
+    const QString condition = PersonSearch::condition(typed).text();
     QVERIFY(!condition.isEmpty());
     // RLIKE '...' per word: two quotes each, and none more.
     QCOMPARE(condition.count(u'\''), 2 * condition.count(u" RLIKE "_s));
@@ -160,7 +158,7 @@ void TestPersonSearch::filtersJoinTheSearchBehindTheStatus_data()
     QTest::addColumn<KFilterValues>("values");
     QTest::addColumn<QString>("condition");
     const QString typed = u"علی"_s;
-    const QString found = PersonSearch::condition(typed);
+    const QString found = PersonSearch::condition(typed).text();
     QTest::newRow("nothing typed") << KFilterValues{} << u"iStatus=0"_s;
     QTest::newRow("blanks typed") << KFilterValues{{u"search"_s, u"  "_s}} << u"iStatus=0"_s;
     QTest::newRow("inactive ones too") << KFilterValues{{u"inactive"_s, true}} << QString();
@@ -171,20 +169,7 @@ void TestPersonSearch::filtersJoinTheSearchBehindTheStatus_data()
 void TestPersonSearch::filtersJoinTheSearchBehindTheStatus()
 {
     QFETCH(KFilterValues, values);
-    QTEST(KListFilter::condition(PersonSearch::filters(), values, 0), "condition");
-}
-
-void TestPersonSearch::namesFollowThePersianAlphabet()
-{
-    TestDatabase &db = m_office.db;
-    db.run(u"CREATE TABLE Letters (sName VARCHAR(20)) CHARSET=utf8"_s);
-    db.run(u"INSERT INTO Letters VALUES('یاس'),('کامران'),('پرویز'),('تقی'),('گیتی'),('لاله'),('بهرام'),('چنگیز'),('ژاله'),('سارا'),('زهرا'),('وحید'),('هما')"_s);
-    CTblTemp temp;
-    temp.ExecuteQuery(u"SELECT sName FROM Letters ORDER BY "_s + PersonSearch::alphabetical(u"sName"_s));
-    QStringList names;
-    for (; temp.HasResultRow(); temp.MoveNextResult())
-        names.append(temp.GetTextFieldValue(0));
-    QCOMPARE(names.join(u' '), u"بهرام پرویز تقی چنگیز زهرا ژاله سارا کامران گیتی لاله وحید هما یاس"_s);
+    QTEST(KListFilter::condition(PersonSearch::filters(), values, 0).text(), "condition");
 }
 
 void TestPersonSearch::fiftyThousandPersonsAreSearchedUpToTheLimit()
@@ -193,9 +178,8 @@ void TestPersonSearch::fiftyThousandPersonsAreSearchedUpToTheLimit()
                     "SELECT CONCAT('کاربر شماره ', seq), seq, LPAD(seq, 10, '0'), CONCAT('0919', LPAD(seq, 7, '0')), "
                     "CONCAT('021', seq) FROM seq_100000_to_149999"_s);
     CTblTemp temp;
-    const int rows = temp.ExecuteQuery(u"SELECT iID FROM Persons WHERE %1 ORDER BY %2 LIMIT 1000"_s
-                                           .arg(PersonSearch::condition(u"کاربر ۱۲۳"_s),
-                                                PersonSearch::alphabetical(u"sName2"_s)));
+    const int rows = temp.ExecuteQuery(KSql::formatted("SELECT iID FROM Persons WHERE %1 ORDER BY %2 LIMIT 1000",
+                                                       PersonSearch::condition(u"کاربر ۱۲۳"_s), KSql::alphabetical("sName2")));
     QCOMPARE(rows, 1000);
 }
 

@@ -76,14 +76,14 @@ void TestAlarmTime::filterOfAUser_data()
     QTest::addColumn<QString>("condition");
     QTest::newRow("open ones") << "" << false << "iUserID=7 AND iStatus=0";
     QTest::newRow("all") << "" << true << "iUserID=7";
-    QTest::newRow("with a text") << "تماس" << false << "iUserID=7 AND iStatus=0 AND sDesc LIKE '%تماس%'";
+    QTest::newRow("with a text") << "call" << false << "iUserID=7 AND iStatus=0 AND sDesc LIKE '%call%'";
 }
 
 void TestAlarmTime::filterOfAUser()
 {
     QFETCH(QString, text);
     QFETCH(bool, withDone);
-    QTEST(KListFilter::condition(alarmFilters(), {{u"description"_s, text}, {u"done"_s, withDone}}, 7), "condition");
+    QTEST(KListFilter::condition(alarmFilters(), {{u"description"_s, text}, {u"done"_s, withDone}}, 7).text(), "condition");
 }
 
 static const RegisteredTest<TestAlarmTime, QCoreApplication> registeredAlarmTime;

@@ -64,8 +64,6 @@ private Q_SLOTS:
     void finishedEntryIsShownAsANumber();
     void negativeOnlyWhereTheRangeAllows();
     void maxLength();
-    void queryText_data();
-    void queryText();
     void typedTextKeepsAsciiDigits();
     void setTextOfATextLineStaysAsGiven();
     void numbersReadLeftToRight();
@@ -514,32 +512,6 @@ void TestKEdit::maxLength()
     edit.clear();
     paste(edit, u"1234567"_s);
     QCOMPARE(edit.text(), u"12345"_s);
-}
-
-void TestKEdit::queryText_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("literal");
-    const auto row = [](const char *typed, const char *literal) {
-        QTest::newRow(*typed ? typed : "empty") << QString::fromUtf8(typed) << QString::fromUtf8(literal);
-    };
-    row("", "");
-    row("پژو 206", "پژو 206");
-    row("O'Neil", "O''Neil");
-    row("100%", R"(100\%)");
-    row("a_b", R"(a\_b)");
-    row(R"(c:\d)", R"(c:\\\\d)");
-    row(R"(\')", R"(\\\\'')");
-    row("' OR 1=1 -- ", "'' OR 1=1 -- ");
-}
-
-void TestKEdit::queryText()
-{
-    QFETCH(QString, typed);
-    KEdit edit(KEdit::Kind::QueryText);
-    Hand::typeInto(edit, typed);
-    QCOMPARE(edit.text(), typed);
-    QTEST(edit.queryText(), "literal");
 }
 
 void TestKEdit::typedTextKeepsAsciiDigits()

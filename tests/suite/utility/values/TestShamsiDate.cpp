@@ -113,8 +113,6 @@ private Q_SLOTS:
     void addMonths_data();
     void addMonths();
     void namesOfMonthsAndDays();
-    void dateToSql_data();
-    void dateToSql();
 };
 
 void TestShamsiDate::newYearsDay_data()
@@ -319,29 +317,6 @@ void TestShamsiDate::namesOfMonthsAndDays()
     QCOMPARE(shamsiDayName(-1), QString());
     QCOMPARE(shamsiDayName(7), QString());
     QCOMPARE(shamsiDayOfWeek(QDate()), -1);
-}
-
-void TestShamsiDate::dateToSql_data()
-{
-    QTest::addColumn<QDateTime>("value");
-    QTest::addColumn<QString>("sql");
-    QTest::newRow("midnight") << QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC) << u"'2026-11-20'"_s;
-    QTest::newRow("late in the day") << QDateTime(QDate(2026, 1, 2), QTime(23, 59, 59), Qt::UTC)
-                                     << u"'2026-01-02'"_s;
-    QTest::newRow("no date") << QDateTime() << u"NULL"_s;
-}
-
-void TestShamsiDate::dateToSql()
-{
-    QFETCH(QDateTime, value);
-    QFETCH(QString, sql);
-    QCOMPARE(DateToSQL(value), sql);
-    // The digits of a statement do not follow the user's language.
-    const QLocale before;
-    QLocale::setDefault(QLocale(QLocale::Persian));
-    const QString inPersian = DateToSQL(value);
-    QLocale::setDefault(before);
-    QCOMPARE(inPersian, sql);
 }
 
 static const RegisteredTest<TestShamsiDate, QCoreApplication> registeredShamsiDate;
