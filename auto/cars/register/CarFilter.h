@@ -5,7 +5,7 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the car list is searched by, with the grouping that lists each car once. Texts go into the statement as they are typed.
+// What the car list is searched by, with the grouping that lists each car once. In texts, % and _ are wildcards.
 // The "from" year matches that year exactly: it is not a lower bound. The "to" date is moved on by one day and still compared
 // with <=, so that the whole of the chosen day is included.
 //

@@ -3,7 +3,9 @@
 
 #include "auto/catalog/parameters/InputParameterValues.h"
 
+#include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/utility/values/SearchPattern.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,13 +13,20 @@ namespace InputParameterValues {
 
 bool isNameTaken(const QString &name, int exceptID)
 {
+    if (!SearchPattern::isStorable(name))
+        return false;
     CTblItems items;
     items.SetColumns({u"iID"_s});
-    items.m_filter = exceptID != 0 ? KSql::formatted("iID<>%1 AND ", exceptID) : KSql();
-    items.m_filter += "sName=" + KSql::quoted(name);
     items.SetLimit(1);
-    items.Open(true, true, true);
-    return !items.IsEOF();
+    // To the letter first, and then in any other way of writing it.
+    for (const KSql &isName : {"sName=" + KSql::quoted(name), FilterClauses::isSame("sName", name)}) {
+        items.m_filter = exceptID != 0 ? KSql::formatted("iID<>%1 AND ", exceptID) : KSql();
+        items.m_filter += isName;
+        items.Open(true, true, true);
+        if (!items.IsEOF())
+            return true;
+    }
+    return false;
 }
 
 int add(int itemType, const QString &name)

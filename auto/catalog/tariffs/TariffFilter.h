@@ -5,6 +5,6 @@
 
 #include "suite/accounting/lists/KListFilter.h"
 
-// What the list of notary tariffs can be asked for: a part of the name, which goes into the pattern as typed, and whether the
+// What the list of notary tariffs can be asked for: a part of the name, in which % and _ are wildcards, and whether the
 // inactive ones are among them.
 QList<KListFilter> tariffFilters();

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/lists/FilterClauses.h"
 
+#include "suite/utility/values/SearchPattern.h"
+
 #include <QDateTime>
 
 using namespace Qt::StringLiterals;
@@ -39,9 +41,17 @@ QString withEscapes(const QString &text, QStringView special)
     return pattern;
 }
 
-KSql like(const KSql &column, const QString &part)
+KSql holds(const KSql &column, const QString &text, SearchPattern::Wildcards wildcards)
 {
-    return column + " LIKE " + KSql::quoted(u'%' + part + u'%');
+    if (!SearchPattern::isStorable(text))
+        return "FALSE";
+    if (SearchPattern::isWrittenOneWay(text)) {
+        const QStringView special = wildcards == SearchPattern::Wildcards::Like ? u"\\" : u"\\%_";
+        return column + " LIKE " + KSql::quoted(u'%' + withEscapes(text, special) + u'%');
+    }
+    // Blanks alone are in every text.
+    const QString pattern = SearchPattern::ofText(text, wildcards);
+    return pattern.isEmpty() ? KSql("TRUE") : column + " RLIKE " + KSql::quoted(pattern);
 }
 
 }
@@ -102,10 +112,17 @@ Clause FilterClauses::always(KSql clause)
 
 KSql FilterClauses::contains(const KSql &column, const QString &text)
 {
-    return like(column, withEscapes(text, u"\\%_"));
+    return holds(column, text, SearchPattern::Wildcards::None);
 }
 
 KSql FilterClauses::matches(const KSql &column, const QString &pattern)
 {
-    return like(column, withEscapes(pattern, u"\\"));
+    return holds(column, pattern, SearchPattern::Wildcards::Like);
+}
+
+KSql FilterClauses::isSame(const KSql &column, const QString &text)
+{
+    if (!SearchPattern::isStorable(text))
+        return "FALSE";
+    return column + " RLIKE " + KSql::quoted(u'^' + SearchPattern::ofText(text) + u'$');
 }

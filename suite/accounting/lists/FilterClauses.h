@@ -26,9 +26,12 @@ TZACCOUNTINGDATA_EXPORT Clause pattern(KSql column);
 TZACCOUNTINGDATA_EXPORT Clause flag(KSql set, KSql notSet);
 TZACCOUNTINGDATA_EXPORT Clause always(KSql clause);
 
-// <column> LIKE '%<text>%': the column holds the text, each of whose characters stands for itself.
+// The column holds the text, in whatever way it is written (SearchPattern), each of its characters standing for itself.
+// <column> LIKE '%<text>%' where there is one way only. FALSE for a text that no table can hold.
 TZACCOUNTINGDATA_EXPORT KSql contains(const KSql &column, const QString &text);
 // The same with a typed % for any characters and a typed _ for any one.
 TZACCOUNTINGDATA_EXPORT KSql matches(const KSql &column, const QString &pattern);
+// The column holds the text and nothing else, in whatever way it is written.
+TZACCOUNTINGDATA_EXPORT KSql isSame(const KSql &column, const QString &text);
 
 }

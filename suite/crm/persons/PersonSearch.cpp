@@ -4,39 +4,12 @@
 #include "suite/crm/persons/PersonSearch.h"
 
 #include "suite/accounting/lists/FilterClauses.h"
+#include "suite/utility/values/SearchPattern.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// What may stand inside a name or number without being typed: blanks, marks, joiners, kashida, vowel signs, a lone hamza.
-QString filler()
-{
-    return u"[ \u00A0[:punct:]\u200C\u0640\u064B-\u0655\u0670\u0621]*"_s;
-}
-
-// Every character that a folded character stands for, as the inside of a bracket.
-QString waysOfWriting(QChar folded)
-{
-    const char16_t code = folded.unicode();
-    if (code >= u'0' && code <= u'9')
-        return QString(folded) + QChar(0x06F0 + (code - u'0')) + QChar(0x0660 + (code - u'0'));
-    switch (code) {
-    case 0x0627:
-        return u"\u0627\u0622\u0623\u0625\u0671"_s;
-    case 0x0648:
-        return u"\u0648\u0624"_s;
-    case 0x06CC:
-        return u"\u06CC\u064A\u0649\u0626"_s;
-    case 0x06A9:
-        return u"\u06A9\u0643"_s;
-    case 0x0647:
-        return u"\u0647\u0629\u06C0\u06D5"_s;
-    default:
-        return folded;
-    }
-}
 
 KSql searched(const QVariant &typed, int)
 {
@@ -44,19 +17,6 @@ KSql searched(const QVariant &typed, int)
     return condition.isEmpty() ? KSql() : " AND " + condition;
 }
 
-}
-
-QString PersonSearch::pattern(const QString &word)
-{
-    QString result;
-    for (const QChar c : searchKey(word)) {
-        if (!c.isLetter() && !c.isDigit())
-            continue;
-        if (!result.isEmpty())
-            result += filler();
-        result += u'[' + waysOfWriting(c) + u']';
-    }
-    return result;
 }
 
 QStringList PersonSearch::columns()
@@ -73,8 +33,10 @@ KSql PersonSearch::condition(const QString &typed)
         searched.append(KSql::name(column));
     const KSql all = KSql::formatted("CONCAT_WS(CHAR(10), %1)", KSql::joined(searched, ", "));
     QList<KSql> conditions;
+    if (!SearchPattern::isStorable(typed))
+        conditions.append("FALSE");
     for (const QString &word : ConvertToStandard(typed).split(u' ', Qt::SkipEmptyParts)) {
-        if (const QString expression = pattern(word); !expression.isEmpty())
+        if (const QString expression = SearchPattern::ofWord(word); !expression.isEmpty())
             conditions.append(KSql::formatted("%1 RLIKE %2", all, KSql::quoted(expression)));
     }
     return KSql::joined(conditions, " AND ");

@@ -21,9 +21,6 @@ TZCRMDATA_EXPORT KSql condition(const QString &typed);
 // nobody can pick.
 TZCRMDATA_EXPORT QList<KListFilter> filters();
 
-// One word as a regular expression over every way of writing it; empty when it holds no letter or digit.
-TZCRMDATA_EXPORT QString pattern(const QString &word);
-
 // The columns that a search looks in.
 TZCRMDATA_EXPORT QStringList columns();
 
