@@ -4,7 +4,9 @@
 #include "auto/settings/ContractSettings.h"
 
 #include "suite/db/KTransaction.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/values/Money.h"
 
@@ -33,6 +35,15 @@ const std::array<TierKeys, 3> tierKeys{{
 bool isAbove(double first, double second)
 {
     return first > second && !IsEquals(first, second);
+}
+
+// As the rights stand now: they may have been taken away while the window was open.
+void requireModifyRight()
+{
+    const QString contracts = u"AutomobilContracts"_s;
+    KSecurity::forgetRights();
+    if (!KSecurity::IsGranted(contracts, KSecurity::Modify))
+        throw KAccountingError(KSecurity::refusalText(contracts, KSecurity::Modify));
 }
 
 }
@@ -66,6 +77,7 @@ ContractSettings ContractSettings::load(int database)
 
 void ContractSettings::save(int database) const
 {
+    requireModifyRight();
     KTransaction transaction(database);
     CTblProperties::DBWriteSetting(section(), dutyKey, dutyPercent, database);
     CTblProperties::DBWriteSetting(section(), taxKey, taxPercent, database);

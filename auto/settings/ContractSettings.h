@@ -31,7 +31,7 @@ struct ContractSettings
     static ContractSettings of(const OfficeSettings &settings);
     // Throws CMySQLException.
     static ContractSettings load(int database = 0);
-    // Writes all of them or none.
+    // Writes all of them or none. Throws KAccountingError when the current user may not change contracts.
     void save(int database = 0) const;
 
     // Equal ceilings are fine; a ceiling within 0.0001 of 0 counts as not set. The third ceiling is checked even when

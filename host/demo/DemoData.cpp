@@ -44,20 +44,27 @@ QDate firstInvoiceDay()
     return ConvertToMiladi(currentYear, 4, 1);
 }
 
-// Invoices are written in the name of the logged-in user.
-void writeInvoices(const DemoContracts::Office &office, const QList<DemoPersons::Person> &people, DemoRandom &random, int sales,
-                   int database)
+// Settings and invoices are written by the office's own user, who is logged in meanwhile.
+class OfficeUser
 {
-    CDBSetting *setting = GetDBSetting();
-    const int before = setting->GetUserID();
-    if (!setting->Login(office.userID))
-        throw KAccountingError(u"کاربر دفتر نمونه وارد نشد."_s);
-    DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
-                 database)
-        .write(sales);
-    if (before == 0 || !setting->Login(before))
-        setting->Logout();
-}
+public:
+    explicit OfficeUser(int userID)
+        : m_before(GetDBSetting()->GetUserID())
+    {
+        if (!GetDBSetting()->Login(userID))
+            throw KAccountingError(u"کاربر دفتر نمونه وارد نشد."_s);
+    }
+    ~OfficeUser()
+    {
+        if (m_before == 0 || !GetDBSetting()->Login(m_before))
+            GetDBSetting()->Logout();
+    }
+    OfficeUser(const OfficeUser &) = delete;
+    OfficeUser &operator=(const OfficeUser &) = delete;
+
+private:
+    int m_before;
+};
 
 void requireEmpty(int database)
 {
@@ -112,6 +119,7 @@ void fill(int contracts, int database)
     const DemoContracts::Office office{
         CTblUsers::create(u"demo"_s, u"demo"_s, u"سارا احمدی"_s, true, database),
         company(), contractSettings(), firstDay(), lastDay()};
+    const OfficeUser user(office.userID);
     office.company.write(database);
     office.settings.save(database);
     GetDBSetting()->SetFiscalYear(currentYear);
@@ -124,7 +132,9 @@ void fill(int contracts, int database)
     const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
-    writeInvoices(office, people, random, qBound(fewestSales, contracts / 10, mostSales), database);
+    DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
+                 database)
+        .write(qBound(fewestSales, contracts / 10, mostSales));
     CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
 }

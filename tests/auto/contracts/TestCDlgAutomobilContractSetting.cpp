@@ -5,7 +5,9 @@
 
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/RegisteredTest.h"
@@ -68,6 +70,8 @@ private Q_SLOTS:
     void thirdTierBelowTheOthersIsRefusedAlsoWhenItIsOff();
     void percentageAboveHundredIsRefused();
     void closedDatabaseIsNotChanged();
+    void userWhoMayOnlyLookOpensButDoesNotSave();
+    void rightTakenAwayMeanwhileCounts();
     void everyFieldTellsItsName();
     void everyAmountShowsTheMoneyUnit();
 
@@ -81,6 +85,7 @@ void TestCDlgAutomobilContractSetting::init()
 {
     m_database.recreate();
     SuiteSchema::upgrade();
+    KSecurity::setUser(1, true);
     g_pDlgWarning->answerAll(true);
 }
 
@@ -236,6 +241,36 @@ void TestCDlgAutomobilContractSetting::closedDatabaseIsNotChanged()
     QVERIFY_THROWS_EXCEPTION(KAccountingError, dialog.accept());
     QVERIFY(dialog.isVisible());
     QCOMPARE(count(), u"0"_s);
+}
+
+void TestCDlgAutomobilContractSetting::userWhoMayOnlyLookOpensButDoesNotSave()
+{
+    KSecurity::setRights(7, u"AutomobilContracts"_s, KSecurity::allRights & ~KSecurity::Modify);
+    KSecurity::setUser(7, false);
+    CDlgAutomobilContractSetting dialog;
+    dialog.show();
+    field(dialog, u"ماليات :"_s)->setNumber(50);
+    KErrorBoundary::guarded(&dialog, [&] { dialog.accept(); });
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"شما اجازه «ویرایش» در «قرارداد» را ندارید."_s});
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(field(dialog, u"ماليات :"_s)->number(), 50.0);
+    QCOMPARE(count(), u"0"_s);
+}
+
+void TestCDlgAutomobilContractSetting::rightTakenAwayMeanwhileCounts()
+{
+    KSecurity::setRights(7, u"AutomobilContracts"_s, KSecurity::allRights);
+    KSecurity::setUser(7, false);
+    CDlgAutomobilContractSetting dialog;
+    QVERIFY(KSecurity::IsGranted(u"AutomobilContracts"_s, KSecurity::Modify));
+    m_database.run(u"DELETE FROM UserRights"_s);
+    KErrorBoundary::guarded(&dialog, [&] { dialog.accept(); });
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(count(), u"0"_s);
+    KSecurity::setUser(1, true);
+    dialog.accept();
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(count(), u"11"_s);
 }
 
 void TestCDlgAutomobilContractSetting::everyFieldTellsItsName()

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/office/LevyRates.h"
 
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/ObservedStatements.h"
@@ -37,6 +38,7 @@ void TestContractSettings::init()
 {
     m_database.recreate();
     SuiteSchema::upgrade();
+    KSecurity::setUser(1, true);
 }
 
 void TestContractSettings::check_data()

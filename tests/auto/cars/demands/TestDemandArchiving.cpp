@@ -4,6 +4,7 @@
 #include "auto/cars/demands/DemandArchiving.h"
 
 #include "auto/settings/ContractSettings.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
@@ -19,6 +20,7 @@ constexpr int user = 3;
 
 void keepDays(bool on, int days)
 {
+    KSecurity::setUser(1, true);
     ContractSettings settings = ContractSettings::load();
     settings.archiveDemands = on;
     settings.demandDays = days;
