@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "auto/db/RecordCodes.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
 
@@ -30,7 +31,8 @@ using Step = std::function<void(Record &)>;
 
 // Writes the record as it is now with what was decided. A record that nobody has saved yet becomes the current user's.
 // beforeRow runs between the decision and the row, and may set columns too; afterRow runs after the row. What a step throws
-// ends the save, and nothing of it is kept. False when the record is gone.
+// ends the save, and nothing of it is kept. A code that was changed into an empty one or that of another row throws
+// RecordCodes::Refused. False when the record is gone.
 template <class Record>
 [[nodiscard]] bool save(const Decision<Record> &decision, const Step<Record> &beforeRow = {}, const Step<Record> &afterRow = {})
 {
@@ -44,7 +46,10 @@ template <class Record>
         if (record.m_iUserID == 0)
             record.m_iUserID = GetDBSetting()->GetUserID();
         record.m_iStatus = decision.status;
+        const qint32 codeBefore = record.m_iCode;
         decision.write(record);
+        if (record.m_iCode != codeBefore)
+            RecordCodes::requireFree(record.GetTableName(), record.m_iCode, record.m_iID, record.database());
         if (beforeRow)
             beforeRow(record);
         record.Update(true);

@@ -136,11 +136,20 @@ bool CDlgRecordEditor::OnOK()
     // Whatever fails, what was typed stays in the window.
     KErrorBoundary::guarded(this, [&] {
         GetDBSetting()->RequireOpenDB();
-        done = validatePages() && save();
+        try {
+            done = validatePages() && save();
+        } catch (const RecordCodes::Refused &refused) {
+            refuseCode(refused.userMessage());
+        }
     });
     if (done)
         saved();
     return done;
+}
+
+void CDlgRecordEditor::refuseCode(const QString &why)
+{
+    g_pDlgWarning->Show(why, this);
 }
 
 void CDlgRecordEditor::unarchive()

@@ -63,6 +63,8 @@ protected:
     [[nodiscard]] virtual bool validatePages() = 0;
     // False when the record is gone, or when saving was refused and the reason shown.
     [[nodiscard]] virtual bool save() = 0;
+    // The code was refused. Shows why; a window in which it can be entered goes to its field.
+    virtual void refuseCode(const QString &why);
     // The record is saved for good.
     virtual void saved() { }
     // The unarchive command up to its message. False when the user may not.

@@ -12,6 +12,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/RecordCodes.h"
 #include "auto/editor/NewRecord.h"
 #include "auto/lists/WordCells.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -161,14 +162,11 @@ void CDlgAutomobilInformations::presetFromDemand()
 
 int CDlgAutomobilInformations::addPlaceholder()
 {
-    CTblAutomobilInformations car;
-    car.Open(true, false, true);
-    car.AddNew();
-    car.m_iCode = CTblAutomobilInformations::nextCode();
-    car.m_dateCreate = GetDBSetting()->GetDBServerDate();
-    car.m_iYear = GetShamsiYearOfToday();
-    car.Update(true);
-    return static_cast<int>(car.GetLastInsertedID());
+    const QDateTime now = GetDBSetting()->GetDBServerDate();
+    return RecordCodes::add<CTblAutomobilInformations>([&now](CTblAutomobilInformations &car) {
+        car.m_dateCreate = now;
+        car.m_iYear = GetShamsiYearOfToday();
+    });
 }
 
 void CDlgAutomobilInformations::addCar()

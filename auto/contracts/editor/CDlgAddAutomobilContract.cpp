@@ -38,16 +38,12 @@ OfficeSettings CDlgAddAutomobilContract::readSettings()
 int CDlgAddAutomobilContract::addPlaceholder(const OfficeSettings &settings)
 {
     const ContractSettings rates = ContractSettings::of(settings);
-    CTblAutomobilContracts contract;
-    contract.Open(true, false, true);
-    contract.AddNew();
-    contract.m_iCode = CTblAutomobilContracts::nextCode();
-    contract.m_dateCreate = settings.serverTime();
-    contract.m_iUserID = GetDBSetting()->GetUserID();
-    contract.m_dPercentTax = contract.m_dPercentTax2 = rates.taxPercent;
-    contract.m_dPercentImpsition = contract.m_dPercentImposition2 = rates.dutyPercent;
-    contract.Update(true);
-    return static_cast<int>(contract.GetLastInsertedID());
+    return RecordCodes::add<CTblAutomobilContracts>([&](CTblAutomobilContracts &contract) {
+        contract.m_dateCreate = settings.serverTime();
+        contract.m_iUserID = GetDBSetting()->GetUserID();
+        contract.m_dPercentTax = contract.m_dPercentTax2 = rates.taxPercent;
+        contract.m_dPercentImpsition = contract.m_dPercentImposition2 = rates.dutyPercent;
+    });
 }
 
 int CDlgAddAutomobilContract::NewContract(QWidget *parent)
@@ -173,6 +169,11 @@ bool CDlgAddAutomobilContract::save()
     if (posted)
         m_posted = *posted;
     return posted.has_value();
+}
+
+void CDlgAddAutomobilContract::refuseCode(const QString &why)
+{
+    m_base->refuseCode(why);
 }
 
 void CDlgAddAutomobilContract::saved()

@@ -46,6 +46,7 @@ public:
 protected:
     [[nodiscard]] bool validatePages() override;
     [[nodiscard]] bool save() override;
+    void refuseCode(const QString &why) override;
     void saved() override;
     [[nodiscard]] bool takeOutOfArchive() override;
 

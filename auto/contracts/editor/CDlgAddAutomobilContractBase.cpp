@@ -10,6 +10,7 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/RecordCodes.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
@@ -389,8 +390,15 @@ bool CDlgAddAutomobilContractBase::validateDate()
     return true;
 }
 
+bool CDlgAddAutomobilContractBase::refuseCode(const QString &why)
+{
+    return refuse(why, m_form->control(column("iCode")));
+}
+
 bool CDlgAddAutomobilContractBase::validateEntries()
 {
+    if (m_form->edit(column("iCode"))->integer() < 1)
+        return refuseCode(RecordCodes::emptyMessage());
     for (const ContractPartyGroup *group : {m_first, m_second}) {
         if (const auto problem = group->discountProblem())
             return refuse(problem->message, problem->widget);

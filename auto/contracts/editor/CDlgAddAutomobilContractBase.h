@@ -35,6 +35,8 @@ public:
 
     void fill(CTblAutomobilContracts &contract) override;
     [[nodiscard]] bool validate() override;
+    // Shows why the code cannot be saved, and goes to its field.
+    bool refuseCode(const QString &why);
     void write(CTblAutomobilContracts &contract) override;
     QList<KForm::Problem> doubts() const override;
 

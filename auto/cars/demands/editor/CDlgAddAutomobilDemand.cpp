@@ -32,13 +32,7 @@ QString titleOf(EditorMode mode)
 
 int CDlgAddAutomobilDemand::addPlaceholder(const QDateTime &now)
 {
-    CTblAutomobilDemands demand;
-    demand.Open(true, false, true);
-    demand.AddNew();
-    demand.m_iCode = CTblAutomobilDemands::nextCode();
-    demand.m_dateCreate = now;
-    demand.Update(true);
-    return static_cast<int>(demand.GetLastInsertedID());
+    return RecordCodes::add<CTblAutomobilDemands>([&now](CTblAutomobilDemands &demand) { demand.m_dateCreate = now; });
 }
 
 int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)

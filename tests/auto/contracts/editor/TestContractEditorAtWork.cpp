@@ -739,6 +739,39 @@ private Q_SLOTS:
         QCOMPARE(value(u"SELECT SUM(dBed)=SUM(dBes) FROM Docs"_s), u"1"_s);
         QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
     }
+
+    // --- The code ---
+
+    void codeThatIsEmptyOrAnotherContractsIsRefusedAtItsField_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("empty") << QString() << u"لطفا کد را وارد نمایید."_s;
+        QTest::newRow("zero") << u"0"_s << u"لطفا کد را وارد نمایید."_s;
+        QTest::newRow("another contract's") << u"41"_s << u"کد 41 از آن ردیف دیگری است. لطفا کد دیگری وارد نمایید."_s;
+    }
+
+    void codeThatIsEmptyOrAnotherContractsIsRefusedAtItsField()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, message);
+        auto dialog = filledNew();
+        m_office->addContract([](auto &contract) { contract.m_iCode = 41; });
+        dialog->tabs()->setCurrentIndex(1);
+        edit(*dialog, "iCode")->setText(typed);
+        dialog->accept();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(dialog->tabs()->currentIndex(), 0);
+        QCOMPARE(dialog->focusWidget(), edit(*dialog, "iCode"));
+        QCOMPARE(shown(*dialog, "dAmount"), 1'000'000.0);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"0"_s);
+        edit(*dialog, "iCode")->setText(u"42"_s);
+        dialog->accept();
+        QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iCode ORDER BY iCode) FROM AutomobilContracts"_s), u"41,42"_s);
+        g_pDlgMessage->takeShown();
+    }
 };
 
 static const RegisteredTest<TestContractEditorAtWork, KApplication> registeredContractEditorAtWork;
