@@ -17,8 +17,8 @@ QStringList storedTexts(const char *table, const char *column)
     CTblTemp statement;
     const KSql name = KSql::name(QLatin1String(column));
     statement.Open(false, false, true);
-    statement.ExecuteQuery(KSql::formatted("SELECT DISTINCT %1 FROM %2 WHERE %1<>'' ORDER BY %1 LIMIT %3", name,
-                                           KSql::name(QLatin1String(table)), most));
+    statement.ExecuteQuery(KSql::formatted("SELECT DISTINCT %1 FROM %2 WHERE %1<>'' ORDER BY %3 LIMIT %4", name,
+                                           KSql::name(QLatin1String(table)), KSql::alphabetical(name), most));
     QStringList texts;
     for (bool found = statement.HasResultRow(); found; found = statement.MoveNextResult())
         texts.append(statement.GetTextFieldValue(0));

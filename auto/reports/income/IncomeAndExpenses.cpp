@@ -3,6 +3,8 @@
 
 #include "auto/reports/income/IncomeAndExpenses.h"
 
+#include "suite/utility/values/TextStandard.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,7 +26,7 @@ bool isBefore(const Account &a, const Account &b, Order order)
     case Order::Code:
         return a.code < b.code;
     case Order::Name:
-        return QString::localeAwareCompare(a.name, b.name) < 0;
+        return comparePersian(a.name, b.name) < 0;
     case Order::Amount:
         return std::abs(a.balance.net()) < std::abs(b.balance.net());
     case Order::Nature:

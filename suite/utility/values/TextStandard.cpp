@@ -3,6 +3,8 @@
 
 #include "suite/utility/values/TextStandard.h"
 
+#include <QCollator>
+
 namespace {
 
 constexpr QChar zeroWidthNonJoiner(0x200C);
@@ -119,6 +121,13 @@ QString searchKey(const QString &text)
             result.append(folded);
     }
     return result;
+}
+
+int comparePersian(const QString &first, const QString &second)
+{
+    // A collator belongs to a thread.
+    static thread_local const QCollator persian(QLocale(QLocale::Persian));
+    return persian.compare(first, second);
 }
 
 QString toAsciiDigits(const QString &text)

@@ -18,5 +18,8 @@ TZVALUES_EXPORT QString ConvertToStandard(const QString &text);
 // stored.
 TZVALUES_EXPORT QString searchKey(const QString &text);
 
+// Below 0, 0 or above 0: in the order of the Persian alphabet, whatever the user's language.
+TZVALUES_EXPORT int comparePersian(const QString &first, const QString &second);
+
 // Persian and Arabic digits become ASCII; nothing else changes, the length included.
 TZVALUES_EXPORT QString toAsciiDigits(const QString &text);

@@ -535,6 +535,27 @@ private Q_SLOTS:
         QCOMPARE(temp.GetTextFieldValue(0), u"پژو"_s);
     }
 
+    // In a table as the office's are, whose own order follows the code points.
+    void textsFollowThePersianAlphabet()
+    {
+        for (const char *name : {"یاس", "کامران", "پرویز", "تقی", "گیتی", "لاله", "بهرام", "چنگیز", "ژاله", "سارا", "زهرا", "وحید", "هما", "كاوه", "آذر", "يدالله"})
+            addSample(QString::fromUtf8(name));
+        const auto names = [](const KSql &sort) {
+            SampleRecord record;
+            record.m_sort = sort;
+            QStringList found;
+            for (record.Open(true, true, true); !record.IsEOF(); record.MoveNext())
+                found.append(record.m_sName);
+            return found.join(u' ');
+        };
+        const QString rising = u"آذر بهرام پرویز تقی چنگیز زهرا ژاله سارا کامران كاوه گیتی لاله وحید هما یاس يدالله"_s;
+        QCOMPARE(names("sName"), rising);
+        QCOMPARE(names("sName,iID DESC"), rising);
+        QStringList falling = rising.split(u' ');
+        std::reverse(falling.begin(), falling.end());
+        QCOMPARE(names("sName DESC"), falling.join(u' '));
+    }
+
     void infiniteAmountIsRefused()
     {
         SampleRecord record;

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void sameKey();
     void differentKeys_data();
     void differentKeys();
+    void persianLettersStandWhereTheAlphabetHasThem();
     void digits();
 };
 
@@ -112,6 +113,13 @@ void TestTextStandard::differentKeys()
     QFETCH(QString, first);
     QFETCH(QString, second);
     QVERIFY(searchKey(first) != searchKey(second));
+}
+
+void TestTextStandard::persianLettersStandWhereTheAlphabetHasThem()
+{
+    QStringList names{u"یاس"_s, u"کامران"_s, u"پرویز"_s, u"تقی"_s, u"گیتی"_s, u"لاله"_s, u"بهرام"_s, u"چنگیز"_s, u"ژاله"_s, u"سارا"_s, u"زهرا"_s, u"وحید"_s, u"هما"_s};
+    std::sort(names.begin(), names.end(), [](const QString &a, const QString &b) { return comparePersian(a, b) < 0; });
+    QCOMPARE(names.join(u' '), u"بهرام پرویز تقی چنگیز زهرا ژاله سارا کامران گیتی لاله وحید هما یاس"_s);
 }
 
 void TestTextStandard::digits()
