@@ -19,6 +19,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/TemporaryFolders.h"
 
 #include <QEventLoop>
 #include <QLocale>
@@ -142,6 +143,7 @@ bool HostProgram::takeFolder()
     HostLog::start(m_folder.logsPath());
     setSettingsFile(m_folder.settingsFile());
     qCInfo(lcHost).noquote() << "tzhost" << TZ_VERSION << "on" << m_folder.path();
+    TemporaryFolders::removeLeft();
     return true;
 }
 

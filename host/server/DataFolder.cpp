@@ -8,6 +8,7 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -66,6 +67,30 @@ void DataFolder::create() const
             throw ServerError(ServerError::Kind::DiskFull, diskFullMessage(), folder + u": "_s + reason);
         if (result == platform::WriteResult::Refused)
             throw notWritable(m_path, folder + u": "_s + reason);
+    }
+    close();
+}
+
+// From the outside in: once the folder itself is closed, nobody comes between.
+void DataFolder::close() const
+{
+    QString openPart;
+    const auto requirePrivate = [&](const QString &path) {
+        if (!platform::makePrivate(path, &openPart))
+            throw ServerError(ServerError::Kind::FolderNotPrivate,
+                              u"پوشه %1 برای کاربران دیگر این رایانه باز است و بسته نشد؛ اجازه دیگران را از آن بردارید یا پوشه "
+                              "دیگری برای اطلاعات انتخاب نمایید."_s
+                                  .arg(ServerError::shownPath(m_path)),
+                              openPart);
+    };
+    for (const QString &path : {m_path, clientConfigPath(), serverConfigPath(), statePath()})
+        requirePrivate(path);
+    // Only our own parts: a folder that was chosen may hold other things.
+    for (const QString &folder : {databasePath(), backupsPath(), logsPath(), settingsPath(), temporaryPath()}) {
+        requirePrivate(folder);
+        QDirIterator parts(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+        while (parts.hasNext())
+            requirePrivate(parts.next());
     }
 }
 

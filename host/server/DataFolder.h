@@ -39,8 +39,9 @@ public:
     QString serverLogPath() const { return logsPath() + u"/server.log"_s; }
     QString previousServerLogPath() const { return logsPath() + u"/server-previous.log"_s; }
 
-    // Makes the folder and its parts with mode 0700 where they are missing and checks that they can be written.
-    // Throws ServerError FolderNotWritable or DiskFull.
+    // Makes the folder and its parts with mode 0700 where they are missing, takes the rights of others from what is there, as in
+    // a folder that came back from a copy, and checks that they can be written. Throws ServerError FolderNotWritable,
+    // FolderNotPrivate or DiskFull.
     void create() const;
 
     // A path for a socket of this folder in the user's runtime folder (made with mode 0700 when missing), at most 100
@@ -52,5 +53,7 @@ public:
     QString diskFullMessage() const;
 
 private:
+    void close() const;
+
     QString m_path;
 };

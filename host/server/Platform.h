@@ -45,6 +45,9 @@ enum class WriteResult {
 bool makePrivateFolder(const QString &path, QString *reason = nullptr);
 // Whether it is a real folder (no link) of this user that nobody else may enter.
 bool isPrivateFolder(const QString &path);
+// Takes the rights of everybody else from the file or folder, though not from what is in it. False when it keeps them, as another
+// user's does, a folder that is meant for all (/tmp), or one on a disk that knows no rights. A link is left alone.
+bool makePrivate(const QString &path, QString *reason = nullptr);
 // Replaces the file in one step with one that only the user may read; on disk when it returns.
 WriteResult writePrivateFile(const QString &path, const QByteArray &content, QString *reason = nullptr);
 // Folders for sockets, the best first; they need not exist.

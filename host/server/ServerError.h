@@ -15,6 +15,7 @@ class ServerError : public std::exception
 public:
     enum class Kind {
         FolderNotWritable, // the data folder cannot be made or written to
+        FolderNotPrivate,  // others can enter the data folder, and that could not be changed
         InUse,             // another program holds the data folder
         ProgramMissing,    // mariadbd or one of its tools is not installed
         DidNotStart,       // the server ended while starting

@@ -11,12 +11,11 @@
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "suite/utility/values/Money.h"
+#include "suite/utility/values/TemporaryFolders.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QTemporaryDir>
 
 #include <array>
 
@@ -25,9 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcPrinting, "tzauto.printing")
-
-constexpr char16_t printFolderPrefix[] = u"tzauto-contract-";
-constexpr int daysToKeep = 7;
 
 RecordValues valuesOf(KMySQL &record)
 {
@@ -56,25 +52,6 @@ void fill(KMSWord &word, const ContractMergeBatches &batches)
         }
         word.SetFieldsValue(names, values, static_cast<int>(names.size()));
     }
-}
-
-// A folder that the program cannot remove, such as another user's of that name, stays.
-void removeOldPrints(const QString &temporary)
-{
-    const QDateTime oldest = QDateTime::currentDateTime().addDays(-daysToKeep);
-    const QString pattern = QString::fromUtf16(printFolderPrefix) + u'*';
-    const auto folders = QDir(temporary).entryInfoList({pattern}, QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot);
-    for (const QFileInfo &folder : folders)
-        if (folder.lastModified() < oldest)
-            QDir(folder.filePath()).removeRecursively();
-}
-
-// Readable by this user alone; stays when the program ends, as its document may still be open. Empty: could not be made.
-QString newPrintFolder(const QString &temporary)
-{
-    QTemporaryDir folder(QDir(temporary).filePath(QString::fromUtf16(printFolderPrefix) + u"XXXXXX"_s));
-    folder.setAutoRemove(false);
-    return folder.isValid() ? folder.path() : QString();
 }
 
 }
@@ -141,8 +118,8 @@ bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QStri
     fill(word, mergeBatches(contract));
     const MergeField letterhead = dealershipField(CompanyDetails::read(contract.database()).name());
     word.SetFieldsValue({letterhead.name}, {letterhead.value}, 1);
-    removeOldPrints(m_places.temporary);
-    const QString folder = newPrintFolder(m_places.temporary);
+    // It stays when the program ends, as the document may still be open, until the next start.
+    const QString folder = TemporaryFolders::make(TemporaryFolders::Purpose::Contract, m_places.temporary);
     // A letter is saved into the folder as such and so gets the name of the file it was made from.
     if (folder.isEmpty() || !word.SaveAs(name.isEmpty() ? folder : QDir(folder).filePath(name))) {
         qCWarning(lcPrinting) << "cannot save into" << m_places.temporary << word.Failure();

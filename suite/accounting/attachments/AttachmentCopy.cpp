@@ -4,21 +4,28 @@
 #include "suite/accounting/attachments/AttachmentCopy.h"
 
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/utility/values/TemporaryFolders.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QTemporaryDir &folder()
+// Goes when the program ends; what a program leaves that is ended from outside goes at the next start.
+struct CopyFolder
 {
-    static const QTemporaryDir instance;
-    return instance;
+    const QString path = TemporaryFolders::make(TemporaryFolders::Purpose::Attachment);
+    ~CopyFolder() { TemporaryFolders::remove(path); }
+};
+
+QString copyFolder()
+{
+    static const CopyFolder instance;
+    return instance.path;
 }
 
 }
@@ -35,9 +42,10 @@ bool AttachmentCopy::isProgram(const QString &name)
 QString AttachmentCopy::write(int id, const QString &name, const QByteArray &data)
 {
     const QString number = QString::number(id);
-    if (!folder().isValid() || !(QDir(folder().path()).exists(number) || QDir(folder().path()).mkdir(number)))
+    const QDir folder(copyFolder());
+    if (copyFolder().isEmpty() || !(folder.exists(number) || folder.mkdir(number)))
         return {};
-    const QString path = folder().filePath(number + u'/' + CTblFileDocs::safeFileName(name));
+    const QString path = folder.filePath(number + u'/' + CTblFileDocs::safeFileName(name));
     // A copy made before is read-only; it is replaced, not written into.
     QFile::remove(path);
     QFile file(path);

@@ -9,7 +9,7 @@
 #include <QString>
 
 // Copies of attached files for the desktop's programs to open. They are kept in a folder that only this user can read and that
-// is removed when the program ends.
+// is removed when the program ends, or at its next start.
 namespace AttachmentCopy {
 
 // Whether opening a file with that name would run it.

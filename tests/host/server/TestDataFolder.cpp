@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -68,6 +69,60 @@ private Q_SLOTS:
         kept.close();
         folder.create();
         QVERIFY(kept.exists());
+    }
+
+    void whatIsOpenToOthersIsClosed_data()
+    {
+        QTest::addColumn<int>("folderMode");
+        QTest::addColumn<int>("fileMode");
+        QTest::newRow("open to all") << 0x7777 << 0x6666;
+        QTest::newRow("as a copy comes back") << 0x7755 << 0x6644;
+        QTest::newRow("open to a group") << 0x7770 << 0x6660;
+    }
+
+    void whatIsOpenToOthersIsClosed()
+    {
+        QFETCH(int, folderMode);
+        QFETCH(int, fileMode);
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.filePath(u"office"_s));
+        folder.create();
+        const QString inner = folder.databasePath() + u"/books"_s;
+        QVERIFY(QDir().mkpath(inner));
+        const QString stranger = folder.path() + u"/other"_s;
+        QVERIFY(QDir().mkdir(stranger));
+        const QStringList files{folder.clientConfigPath(), folder.backupsPath() + u"/a.sql"_s, inner + u"/Users.ibd"_s,
+                                folder.settingsPath() + u"/.hidden"_s};
+        for (const QString &path : files) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
+            file.close();
+            QVERIFY(file.setPermissions(QFile::Permissions(fileMode)));
+        }
+        const QStringList folders{folder.path(), folder.databasePath(), inner, folder.backupsPath(), folder.logsPath(), folder.settingsPath()};
+        for (const QString &path : folders + QStringList{stranger})
+            QVERIFY(QFile::setPermissions(path, QFile::Permissions(folderMode)));
+        const QFile::Permissions strangers = modeOf(stranger);
+        folder.create();
+        for (const QString &path : folders)
+            QCOMPARE(modeOf(path), ownerOnly);
+        for (const QString &path : files)
+            QCOMPARE(modeOf(path), QFile::Permissions(QFile::ReadOwner | QFile::WriteOwner));
+        // What is not ours keeps its mode; behind the closed folder nobody reaches it.
+        QCOMPARE(modeOf(stranger), strangers);
+    }
+
+    void aFolderThatStaysOpenIsRefused()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.filePath(u"office"_s));
+        folder.create();
+        // One that is meant for all, as /tmp is.
+        QCOMPARE(QProcess::execute(u"chmod"_s, {u"1777"_s, folder.path()}), 0);
+        const ServerError error = refusal(folder);
+        QCOMPARE(error.kind(), ServerError::Kind::FolderNotPrivate);
+        QVERIFY2(error.userMessage().contains(folder.path()), qPrintable(error.userMessage()));
+        QVERIFY2(error.detail().contains(u"1777"_s), qPrintable(error.detail()));
     }
 
     void aFolderWithoutWritePermissionIsNamedInOneSentence()
