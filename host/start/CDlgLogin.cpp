@@ -3,6 +3,7 @@
 
 #include "host/start/CDlgLogin.h"
 
+#include "host/start/LoginAttempts.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -16,8 +17,6 @@
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +38,7 @@ CDlgLogin::CDlgLogin(const QString &officeName, QWidget *parent)
     m_wait.setInterval(1000);
     connect(&m_wait, &QTimer::timeout, this, &CDlgLogin::showWait);
     setUserName(ReadSetting(section, lastUserKey, QString()));
+    wait(LoginAttempts::secondsLeft());
 }
 
 void CDlgLogin::build(const QString &officeName)
@@ -87,12 +87,6 @@ void CDlgLogin::setUserName(const QString &user)
     (user.isEmpty() ? m_user : m_password)->setFocus();
 }
 
-int CDlgLogin::waitAfter(int wrongAttempts)
-{
-    constexpr int longest = 30;
-    return wrongAttempts < 2 ? 0 : std::min(longest, 1 << std::min(wrongAttempts - 2, 5));
-}
-
 bool CDlgLogin::OnOK()
 {
     if (m_secondsLeft > 0)
@@ -106,6 +100,10 @@ bool CDlgLogin::OnOK()
         empty->setFocus();
         return false;
     }
+    // Another window of this computer may have tried meanwhile.
+    wait(LoginAttempts::secondsLeft());
+    if (m_secondsLeft > 0)
+        return false;
     std::optional<int> user;
     {
         const KWaitCursor wait;
@@ -115,6 +113,7 @@ bool CDlgLogin::OnOK()
         refuse();
         return false;
     }
+    LoginAttempts::forget();
     m_userID = *user;
     m_password->clear();
     WriteSetting(section, lastUserKey, m_user->text().trimmed());
@@ -123,16 +122,22 @@ bool CDlgLogin::OnOK()
 
 void CDlgLogin::refuse()
 {
-    ++m_wrongAttempts;
-    m_secondsLeft = waitAfter(m_wrongAttempts);
-    m_ok->setEnabled(m_secondsLeft == 0);
+    const int seconds = LoginAttempts::countWrong(m_user->text());
+    m_ok->setEnabled(seconds == 0);
     g_pDlgWarning->Show(u"نام کاربری یا کلمه عبور درست نیست."_s, this);
     m_password->selectAll();
     m_password->setFocus();
-    if (m_secondsLeft > 0) {
-        m_hint->setText(u"لطفا %1 ثانیه صبر نمایید."_s.arg(m_secondsLeft));
-        m_wait.start();
-    }
+    wait(seconds);
+}
+
+void CDlgLogin::wait(int seconds)
+{
+    m_secondsLeft = seconds;
+    m_ok->setEnabled(seconds == 0);
+    if (seconds == 0)
+        return;
+    m_hint->setText(u"لطفا %1 ثانیه صبر نمایید."_s.arg(seconds));
+    m_wait.start();
 }
 
 void CDlgLogin::showWait()

@@ -11,8 +11,8 @@ class KEdit;
 class QAbstractButton;
 class QLabel;
 
-// The login. The last user name is remembered on this computer, the password never. Each wrong attempt delays the next one,
-// longer each time, so that passwords cannot be guessed by trying.
+// The login. The last user name is remembered on this computer, the password never. Wrong attempts delay the next one, also
+// after the program was started again (LoginAttempts).
 class CDlgLogin : public KDialog
 {
     Q_OBJECT
@@ -24,9 +24,6 @@ public:
     // The user who logged in; 0 until then.
     int userID() const { return m_userID; }
     void setUserName(const QString &user);
-
-    // Seconds to wait after that many wrong attempts in a row.
-    static int waitAfter(int wrongAttempts);
 
 Q_SIGNALS:
     // The window has painted itself for the first time; it is on the screen when the event loop goes on.
@@ -40,6 +37,8 @@ protected:
 private:
     void build(const QString &officeName);
     void refuse();
+    // Closes the way in for so many seconds; 0: it stays open.
+    void wait(int seconds);
     void showWait();
 
     KEdit *m_user;
@@ -48,7 +47,6 @@ private:
     QAbstractButton *m_ok = nullptr;
     QTimer m_wait;
     int m_secondsLeft = 0;
-    int m_wrongAttempts = 0;
     int m_userID = 0;
     bool m_painted = false;
 };

@@ -12,7 +12,7 @@
 // is removed when the program ends, or at its next start.
 namespace AttachmentCopy {
 
-// Whether opening a file with that name would run it.
+// Whether opening a file with that name would run it, or macros in it.
 TZACCOUNTINGDATA_EXPORT bool isProgram(const QString &name);
 // Path of the copy, read-only so that nobody takes it for the stored file; empty when it could not be written.
 TZACCOUNTINGDATA_EXPORT QString write(int id, const QString &name, const QByteArray &data);

@@ -179,6 +179,15 @@ void CTblUsers::setPassword(int userID, const QString &password, int database)
     set.Update(true);
 }
 
+bool CTblUsers::isKnown(const QString &user, int database)
+{
+    CTblUsers set(database);
+    set.SetColumns({u"iID"_s});
+    set.m_filter = nameFilter(user);
+    set.Open(true, true, true);
+    return !set.IsEOF();
+}
+
 bool CTblUsers::anyUser(int database)
 {
     CTblUsers set(database);

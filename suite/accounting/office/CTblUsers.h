@@ -32,6 +32,8 @@ public:
     // The user's key when the password is right and the user active. Takes the same time for a name that does not exist.
     static std::optional<int> verify(const QString &user, const QString &password, int database = 0);
     static void setPassword(int userID, const QString &password, int database = 0);
+    // Whether a user has that login name.
+    static bool isKnown(const QString &user, int database = 0);
     // Whether anybody may log in yet; a fresh database has nobody.
     static bool anyUser(int database = 0);
     // Whether another active administrator would remain without this user; the last one must stay.

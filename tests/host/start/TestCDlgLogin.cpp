@@ -3,6 +3,8 @@
 
 #include "host/start/CDlgLogin.h"
 
+#include "host/start/LoginAttempts.h"
+
 #include "suite/utility/entries/KEdit.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -10,6 +12,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -30,6 +33,9 @@ private Q_SLOTS:
     void emptyFieldsAreAskedFor();
     void lastUserIsRememberedAndThePasswordIsNot();
     void attemptsAreSlowed();
+    void waitOutlivesTheProgram();
+    void wrongAttemptsAreLoggedWithoutWhatWasTyped();
+    void attemptsAreForgottenAfterAWhileAndByTheRightPassword();
     void waitGrowsUpToItsLimit_data();
     void waitGrowsUpToItsLimit();
     void saysWhenItIsOnTheScreen();
@@ -176,6 +182,61 @@ void TestCDlgLogin::attemptsAreSlowed()
     QCOMPARE(login.dialog.userID(), m_office.admin);
 }
 
+void TestCDlgLogin::waitOutlivesTheProgram()
+{
+    {
+        Login login;
+        for (int attempt = 0; attempt < 4; ++attempt)
+            LoginAttempts::countWrong(u"admin"_s);
+        // A window that was open before learns of it when it asks.
+        login.enter(u"admin"_s, u"secret"_s);
+        QCOMPARE(login.dialog.userID(), 0);
+        QVERIFY(!login.ok->isEnabled());
+    }
+    setSettingsFile(QString()); // nothing of it is in the settings of the computer
+    Login again;
+    QVERIFY(!again.ok->isEnabled());
+    again.password->setText(u"secret"_s);
+    again.user->setText(u"admin"_s);
+    again.dialog.accept();
+    QCOMPARE(again.dialog.userID(), 0);
+    m_office.database.run(u"UPDATE Properties SET sValue=CONCAT('4 ',DATE_FORMAT(NOW() - INTERVAL 4 SECOND,'%Y-%m-%dT%H:%i:%s'))"
+                          " WHERE sSection='LoginAttempts'"_s);
+    const Login later;
+    QVERIFY(later.ok->isEnabled());
+}
+
+void TestCDlgLogin::wrongAttemptsAreLoggedWithoutWhatWasTyped()
+{
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"wrong password for admin - attempt 1 in a row on .* - the next one in 0 s"_s));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^wrong password for an unknown user - attempt 2 in a row on .* in 1 s$"_s));
+    Login login;
+    login.enter(u"admin"_s, u"guess"_s);
+    login.enter(u"MyPassword"_s, u"x"_s);
+    g_pDlgWarning->takeShown();
+}
+
+void TestCDlgLogin::attemptsAreForgottenAfterAWhileAndByTheRightPassword()
+{
+    for (int attempt = 0; attempt < 9; ++attempt)
+        LoginAttempts::countWrong(u"admin"_s);
+    QVERIFY(LoginAttempts::secondsLeft() > 25);
+    const auto lastWas = [this](const char *ago) {
+        m_office.database.run(u"UPDATE Properties SET sValue=CONCAT('9 ',DATE_FORMAT(NOW() %1,'%Y-%m-%dT%H:%i:%s'))"
+                              " WHERE sSection='LoginAttempts'"_s.arg(QLatin1String(ago)));
+    };
+    lastWas("- INTERVAL 31 SECOND");
+    QCOMPARE(LoginAttempts::secondsLeft(), 0);
+    QCOMPARE(LoginAttempts::countWrong(u"admin"_s), 30);
+    lastWas("- INTERVAL 16 MINUTE");
+    QCOMPARE(LoginAttempts::countWrong(u"admin"_s), 0);
+    // Set back, the server's clock keeps nobody out for longer than the wait.
+    lastWas("+ INTERVAL 1 DAY");
+    QCOMPARE(LoginAttempts::secondsLeft(), 30);
+    LoginAttempts::forget();
+    QCOMPARE(LoginAttempts::secondsLeft(), 0);
+}
+
 void TestCDlgLogin::waitGrowsUpToItsLimit_data()
 {
     QTest::addColumn<int>("attempts");
@@ -193,7 +254,7 @@ void TestCDlgLogin::waitGrowsUpToItsLimit_data()
 void TestCDlgLogin::waitGrowsUpToItsLimit()
 {
     QFETCH(int, attempts);
-    QTEST(CDlgLogin::waitAfter(attempts), "seconds");
+    QTEST(LoginAttempts::waitAfter(attempts), "seconds");
 }
 
 void TestCDlgLogin::saysWhenItIsOnTheScreen()

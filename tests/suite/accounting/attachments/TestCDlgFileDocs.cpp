@@ -143,7 +143,8 @@ void TestCDlgFileDocs::openedCopyIsPrivateReadOnlyAndComplete()
 void TestCDlgFileDocs::programIsNotOpened_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name : {"a.exe", "a.EXE", "invoice.pdf.bat", "a.desktop", "a.sh", "a.lnk"})
+    for (const char *name : {"a.exe", "a.EXE", "invoice.pdf.bat", "a.desktop", "a.sh", "a.lnk", "a.jnlp", "a.pyc", "a.docm", "a.DOTM",
+                             "a.xlsm", "a.pptm", "a.xll", "a.class", "a.flatpakref", "a.url", "a.webloc", "a.service", "a.chm", "a.lua"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
