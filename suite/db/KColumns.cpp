@@ -5,6 +5,8 @@
 
 #include "suite/db/KColumnValue.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -81,6 +83,13 @@ bool KColumns::isText(QStringView name) const
     return std::any_of(m_columns.cbegin(), m_columns.cend(), [name](const KColumn &column) {
         return column.kind == KColumn::Kind::Text && (column.name == name || QStringView(column.name).endsWith(u'.' + name.toString()));
     });
+}
+
+bool KColumns::hold(const KSql &order) const
+{
+    static const QRegularExpression between(u"[-+,]| ASC| DESC"_s);
+    const QStringList names = order.text().split(between, Qt::SkipEmptyParts);
+    return std::all_of(names.cbegin(), names.cend(), [this](const QString &name) { return find(name) != nullptr; });
 }
 
 KSql KColumns::order(const KSql &columns) const

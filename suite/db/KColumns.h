@@ -31,6 +31,8 @@ public:
     void setSubset(const QStringList &names) { m_subset = names; }
     // Names of the columns that are read, as they stand after SELECT; load() expects rows of this list.
     QByteArray selectList();
+    // Whether each column after ORDER BY is among these.
+    bool hold(const KSql &order) const;
     // The columns after ORDER BY, those of texts in the order of the Persian alphabet.
     KSql order(const KSql &columns) const;
     // Sets the members of the columns that are read.

@@ -410,6 +410,12 @@ quint64 KMySQL::GetLastInsertedID() const
     return m_lastInsertedId;
 }
 
+bool KMySQL::canSortBy(const KSql &order)
+{
+    ensureBound();
+    return fromClause() != GetTableName() || m_columns.hold(order);
+}
+
 void KMySQL::SetColumns(const QStringList &columns)
 {
     m_columns.setSubset(columns);

@@ -133,6 +133,9 @@ public:
     bool MoveNextResult();
     quint64 GetLastInsertedID() const;
 
+    // Whether the database can have columns of the order: false when one is not the table's. Not asked of a joined view, which has
+    // more columns than are bound.
+    bool canSortBy(const KSql &order);
     // Fetch only these columns (iID is always among them); empty: all. To be called before Open.
     void SetColumns(const QStringList &columns);
     const std::vector<Column> &columns();

@@ -50,7 +50,7 @@ void CDlgAutomobilTariffs::Open(QWidget *parent)
     run(window);
 }
 
-// The titles sort by columns that this table has not, as they always did: the database refuses, and the order stays.
+// The titles sort by columns that this table has not, as they always did: a click changes nothing.
 QList<KListColumn> CDlgAutomobilTariffs::columnTable() const
 {
     return {
@@ -71,7 +71,6 @@ KListTraits CDlgAutomobilTariffs::traits() const
     KListTraits traits;
     traits.layoutSetting = u"AutomobilTariffs\\List"_s;
     traits.hasRowLimit = false;
-    traits.sortsWithoutRows = true;
     // This list is opened mostly to choose, and is kept on that occasion.
     traits.deletesInSelectMode = true;
     traits.readsWholeRecords = true;

@@ -143,10 +143,12 @@ void KListPage::open()
     setFocus(Qt::OtherFocusReason);
 }
 
-// An order that an earlier program stored may be one that the table no longer knows. That is said once; the list opens
-// all the same.
+// An order that an earlier program stored may be one that the table no longer knows. The list opens all the same; what only
+// the database can say is said once.
 void KListPage::firstFill()
 {
+    if (!records().canSortBy(KSql::order(m_order.sort())))
+        m_order.setDefault();
     try {
         refill();
     } catch (const CMySQLException &error) {
@@ -290,9 +292,14 @@ void KListPage::sortBy(int column)
     const KListOrder before = m_order;
     if (!m_order.click(column))
         return;
+    // A title that cannot sort asks the database nothing.
+    if (!records().canSortBy(KSql::order(m_order.sort()))) {
+        m_order = before;
+        return;
+    }
     guarded([&] {
         try {
-            if (m_list->count() > 0 || m_traits.sortsWithoutRows)
+            if (m_list->count() > 0)
                 refill();
         } catch (...) {
             // A refused order is not kept: the list shows what it showed, in the order it had.

@@ -19,7 +19,6 @@ struct KListTraits
     bool hasSearchButton = true; // false: the filter's own controls refill the list
     int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
     QString filterTitle = u"فيلتر جستجو"_s;
-    bool sortsWithoutRows = false; // true: a title's click asks the database for its order even while the list is empty
     bool deletesInSelectMode = false;
     bool readsWholeRecords = false;                  // true: every column of the record is fetched, not only those that the table reads
     KFilterControl::Maker makePerson = {};           // the field of a person filter; a list that has one sets it

@@ -556,6 +556,16 @@ private Q_SLOTS:
         QCOMPARE(names("sName DESC"), falling.join(u' '));
     }
 
+    void onlyColumnsOfTheTableSort()
+    {
+        SampleRecord record;
+        QVERIFY(record.canSortBy({}));
+        QVERIFY(record.canSortBy("sName DESC,iID"));
+        QVERIFY(record.canSortBy("dAmount+iUserID"));
+        QVERIFY(!record.canSortBy("iCode"));
+        QVERIFY(!record.canSortBy("iID,iCode DESC"));
+    }
+
     void infiniteAmountIsRefused()
     {
         SampleRecord record;

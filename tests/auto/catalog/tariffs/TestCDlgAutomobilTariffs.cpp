@@ -270,7 +270,7 @@ private Q_SLOTS:
 
     // --- Order ---
 
-    void clickOnATitleIsRefusedOnceAndTheListKeepsRowsAndOrder_data()
+    void clickOnATitleThatCannotSortAsksNothingAndTheListStays_data()
     {
         QTest::addColumn<QString>("column");
         QTest::addColumn<QString>("sort");
@@ -278,7 +278,7 @@ private Q_SLOTS:
         QTest::newRow("مبلغ") << u"amount"_s << u"sName"_s;
     }
 
-    void clickOnATitleIsRefusedOnceAndTheListKeepsRowsAndOrder()
+    void clickOnATitleThatCannotSortAsksNothingAndTheListStays()
     {
         QFETCH(QString, column);
         QFETCH(QString, sort);
@@ -290,10 +290,8 @@ private Q_SLOTS:
         const QString before = page.sortExpression();
         const ObservedStatements observed({u"SELECT"_s});
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(column));
-        QCOMPARE(observed.taken().size(), 1);
-        QVERIFY2(observed.taken().constFirst().contains(u"ORDER BY "_s + sort),
-                 qPrintable(observed.taken().constFirst()));
-        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(observed.taken().isEmpty());
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QCOMPARE(titles(page), (QStringList{u"b"_s, u"a"_s}));
         QCOMPARE(page.list()->currentRow(), 1);
         QCOMPARE(page.countText(), u"تعداد : 2"_s);
@@ -305,12 +303,12 @@ private Q_SLOTS:
         QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 1);
     }
 
-    void anOrderRefusedWhileTheListIsEmptyIsNotStoredEither()
+    void anOrderThatDoesNotSortIsNotStoredWhileTheListIsEmptyEither()
     {
         CDlgAutomobilTariffs page;
         page.open();
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"amount"));
-        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         page.OnClosing();
         QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(u"sName"_s));
     }
@@ -338,7 +336,7 @@ private Q_SLOTS:
     }
 
     // As a program before this one may have stored it.
-    void aStoredOrderThatTheTableRefusesIsSaidOnceAndTheListOpens()
+    void aListWithAStoredOrderThatDoesNotSortOpens()
     {
         WriteSetting(section, u"Sort"_s, u"iCode DESC"_s);
         WriteSetting(section, u"iLastCol"_s, 2);
@@ -346,11 +344,9 @@ private Q_SLOTS:
         addTariff(u"a"_s);
         CDlgAutomobilTariffs page;
         page.show();
-        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QCOMPARE(titles(page), (QStringList{u"b"_s, u"a"_s}));
         QCOMPARE(headerText(page, u"amount"), u"مبلغ*"_s);
-        page.refill();
-        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         page.OnClosing();
         QVERIFY(!ReadSetting(section, u"Sort"_s, QString()).contains(u"iCode"_s));
     }
