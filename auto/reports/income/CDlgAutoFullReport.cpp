@@ -53,7 +53,7 @@ struct SortKey
 
 // By the columns of the list.
 constexpr SortKey sortKeys[] = {
-    {u"iCode", IncomeAndExpenses::Order::Code},
+    {u"iCode", IncomeAndExpenses::Order::Chart},
     {u"sName", IncomeAndExpenses::Order::Name},
     {u"dAmount", IncomeAndExpenses::Order::Amount},
     {u"sNature", IncomeAndExpenses::Order::Nature},

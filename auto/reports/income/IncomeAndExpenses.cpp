@@ -23,8 +23,8 @@ QHash<int, QList<ChartAccount>> byParent(const QList<ChartAccount> &accounts)
 bool isBefore(const Account &a, const Account &b, Order order)
 {
     switch (order) {
-    case Order::Code:
-        return a.code < b.code;
+    case Order::Chart:
+        break; // sorted by no value
     case Order::Name:
         return comparePersian(a.name, b.name) < 0;
     case Order::Amount:
@@ -70,6 +70,11 @@ AccountBalance IncomeAndExpenses::difference(const Side &income, const Side &exp
 
 void IncomeAndExpenses::sort(QList<Account> &accounts, Order order, bool descending)
 {
+    if (order == Order::Chart) {
+        if (descending)
+            std::reverse(accounts.begin(), accounts.end());
+        return;
+    }
     std::stable_sort(accounts.begin(), accounts.end(), [order, descending](const Account &a, const Account &b) {
         return descending ? isBefore(b, a, order) : isBefore(a, b, order);
     });

@@ -54,9 +54,9 @@ void add(Side &side, const Group &group);
 // Income less expenses: above 0 in credit when more was earned than spent. Kept as debit and credit of both sides.
 AccountBalance difference(const Side &income, const Side &expenses);
 
-// What the list sorts by; ties keep the order of the chart.
+// What the list sorts by; ties keep the order in which the accounts were added.
 enum class Order {
-    Code,
+    Chart, // as added: group by group, the accounts below each account behind it, not by the bare number of its code
     Name,
     Amount, // without its sign
     Nature

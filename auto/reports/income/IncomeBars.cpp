@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +18,8 @@ constexpr double million = 1'000'000;
 // Longer amounts than this are shown in millions.
 constexpr double highestPlain = 10 * million;
 constexpr int steps = 5; // of the axis, approximately
+// How many times the next smaller amount one may be without being cut.
+constexpr double mostTimesTheNext = 20;
 
 QList<IncomeBars::Bar> barsOf(QList<Account> accounts, bool isIncome, const QString &others)
 {
@@ -46,17 +50,35 @@ double niceStep(double range)
     return 10 * magnitude;
 }
 
+// The largest amount that hides none of the others, without its sign.
+double longestWhole(const QList<IncomeBars::Bar> &bars)
+{
+    QList<double> amounts;
+    for (const IncomeBars::Bar &bar : bars)
+        amounts.append(std::abs(bar.amount));
+    std::sort(amounts.begin(), amounts.end(), std::greater<>());
+    const auto hidesTheNext = [](double amount, double next) { return next > 0 && amount > mostTimesTheNext * next; };
+    const auto found = std::adjacent_find(amounts.cbegin(), amounts.cend(), hidesTheNext);
+    return found == amounts.cend() ? amounts.value(0) : *std::next(found);
+}
+
+}
+
+bool IncomeBars::isCut(const Bar &bar) const
+{
+    return std::abs(bar.amount) > longest;
 }
 
 IncomeBars IncomeBars::of(const ComprehensiveReport &report, const QString &otherIncome, const QString &otherExpenses)
 {
     IncomeBars result;
     result.bars = barsOf(report.income.accounts, true, otherIncome) + barsOf(report.expenses.accounts, false, otherExpenses);
+    result.longest = longestWhole(result.bars);
     double low = 0;
     double high = 0;
     for (const Bar &bar : std::as_const(result.bars)) {
-        low = std::min(low, bar.amount);
-        high = std::max(high, bar.amount);
+        low = std::max(std::min(low, bar.amount), -result.longest);
+        high = std::min(std::max(high, bar.amount), result.longest);
     }
     result.unit = std::max(high, -low) >= highestPlain ? million : 1;
     result.step = niceStep((high - low) / result.unit);

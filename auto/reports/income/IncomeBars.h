@@ -28,6 +28,10 @@ struct IncomeBars
     double lowest = 0;
     double highest = 1;
     double step = 1;
+    // Amounts above this, without their signs, are cut: beside them the others would have no length to see.
+    double longest = 0;
+
+    bool isCut(const Bar &bar) const;
 
     // The names are those of the bars for the rest of each side.
     static IncomeBars of(const ComprehensiveReport &report, const QString &otherIncome, const QString &otherExpenses);

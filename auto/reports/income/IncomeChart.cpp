@@ -3,6 +3,7 @@
 
 #include "auto/reports/income/IncomeChart.h"
 
+#include "auto/reports/income/BarAmounts.h"
 #include "suite/utility/values/Money.h"
 
 #include <QBarCategoryAxis>
@@ -52,9 +53,9 @@ QHorizontalStackedBarSeries *makeSeries(const IncomeBars &bars)
     QBarSet *expenses = addSet(series, u"هزینه ها"_s, expenseColor);
     // A category axis counts from below.
     for (auto bar = bars.bars.crbegin(); bar != bars.bars.crend(); ++bar) {
-        const double amount = bar->amount / bars.unit;
-        income->append(bar->isIncome ? amount : 0);
-        expenses->append(bar->isIncome ? 0 : amount);
+        const double length = BarAmounts::drawnLength(bars, *bar);
+        income->append(bar->isIncome ? length : 0);
+        expenses->append(bar->isIncome ? 0 : length);
     }
     return series;
 }
@@ -82,8 +83,7 @@ QCategoryAxis *makeAmounts(const IncomeBars &bars)
         const double amount = bars.lowest + i * bars.step;
         amounts->append(DToMoney(amount, 0), amount);
     }
-    // Room for the last label, which is not shown where half of it would be outside.
-    amounts->setRange(bars.lowest, bars.highest + bars.step / 2);
+    amounts->setRange(bars.lowest, BarAmounts::axisEnd(bars));
     amounts->setLabelsVisible(!bars.bars.isEmpty());
     return amounts;
 }
@@ -106,14 +106,14 @@ void setLook(QChart &chart, const Look &look)
     }
 }
 
-// A name that is higher than its bar's room would be shown as three dots: with many bars the letters are smaller.
-void fitNames(QChart &chart, const QFont &font, qsizetype bars)
+// Returns the font of the names. A name that is higher than its bar's room would be shown as three dots: with many bars the letters are smaller.
+QFont fitNames(QChart &chart, const QFont &font, qsizetype bars)
 {
     constexpr int smallest = 7;
     constexpr double paddingOfANameInItsRoom = 9; // of the library, above and below together
     const QList<QAbstractAxis *> axes = chart.axes(Qt::Vertical);
     if (axes.isEmpty() || bars == 0)
-        return;
+        return font;
     const double room = chart.plotArea().height() / double(bars) - paddingOfANameInItsRoom;
     QFont fitting = font;
     for (int pixels = QFontInfo(font).pixelSize(); pixels >= smallest; --pixels) {
@@ -123,6 +123,7 @@ void fitNames(QChart &chart, const QFont &font, qsizetype bars)
     }
     if (axes.constFirst()->labelsFont() != fitting)
         axes.constFirst()->setLabelsFont(fitting);
+    return fitting;
 }
 
 std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, const Look &look)
@@ -147,7 +148,10 @@ std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, 
     series->attachAxis(amounts);
     setLook(*chart, look);
     QObject::connect(chart.get(), &QChart::plotAreaChanged, chart.get(),
-                     [chart = chart.get(), font = look.font, count = bars.bars.size()] { fitNames(*chart, font, count); });
+                     [chart = chart.get(), font = look.font, count = bars.bars.size(),
+                      texts = BarAmounts(chart.get(), bars, look.text, look.background)]() mutable {
+                         texts.place(fitNames(*chart, font, count));
+                     });
     return chart;
 }
 

@@ -21,9 +21,13 @@
 #include <QChart>
 #include <QGraphicsScene>
 #include <QGraphicsTextItem>
+#include <QGraphicsView>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +41,22 @@ QStringList column(const CDlgAutoFullReport &report, int column)
     for (int row = 0; row < report.list()->count(); ++row)
         texts.append(report.list()->cellText(row, column));
     return texts;
+}
+
+// How long each of so many bars is in the picture, in dots.
+QList<int> barLengths(const QImage &picture, const QRectF &plot, int bars)
+{
+    const QRgb colors[] = {qRgb(0x2e, 0x8b, 0x57), qRgb(0xc0, 0x5a, 0x2b)};
+    QList<int> lengths(bars, 0);
+    const QRect inside = plot.toRect();
+    for (int y = inside.top(); y < inside.bottom(); ++y) {
+        int length = 0;
+        for (int x = inside.left(); x < inside.right(); ++x)
+            length += int(std::ranges::count(colors, picture.pixel(x, y)));
+        int &longest = lengths[std::min(bars - 1, (y - inside.top()) * bars / inside.height())];
+        longest = std::max(longest, length);
+    }
+    return lengths;
 }
 
 }
@@ -150,6 +170,26 @@ private Q_SLOTS:
         // Three groups of three levels, each with its accounts and its balances.
         QCOMPARE(observed.taken().size(), 3 * 3 * 2);
         QVERIFY(report.income.accounts.isEmpty());
+    }
+
+    // By bare number the accounts of group 62 would stand before the detail accounts of 61.
+    void accountsStandInTheirTree()
+    {
+        m_office.database().run(u"INSERT INTO HesabKol(iCode,sName,iStatus) VALUES(6201,'اجاره',0)"_s);
+        m_office.database().run(u"INSERT INTO HesabMoeen(iCode,sName,iStatus,iHesabKolCode) VALUES(620101,'دفتر',0,6201)"_s);
+        m_office.database().run(u"INSERT INTO HesabTafsily(iCode,sName,iStatus,iHesabMoeenCode) "
+                                "VALUES(610502001,'شعبه یک',0,610502),(610502002,'شعبه دو',0,610502)"_s);
+        post(610502002, 110101, 1);
+        post(610502001, 110101, 20);
+        post(610503, 110101, 300);
+        post(620101, 110101, 4000);
+        CDlgAutoFullReport report;
+        const QStringList tree{u"610502001"_s, u"610502002"_s, u"610503"_s, u"620101"_s};
+        QCOMPARE(column(report, 0).mid(3, 4), tree);
+        Q_EMIT report.list()->columnClicked(0);
+        QCOMPARE(column(report, 0).mid(3, 4), QStringList(tree.crbegin(), tree.crend()));
+        m_office.database().run(u"DELETE FROM HesabMoeen WHERE iCode=620101"_s);
+        m_office.database().run(u"DELETE FROM HesabKol WHERE iCode=6201"_s);
     }
 
     void aClickOnATitleSortsTheAccountsWithinTheirSide()
@@ -336,6 +376,59 @@ private Q_SLOTS:
             shown += text && text->isVisible() && text->toPlainText().endsWith(u"- حساب"_s);
         }
         QCOMPARE(shown, chart.categories().size());
+    }
+
+    // Beside one that is a thousand times as much, the others would have no length to see.
+    void amountsStandAtTheirBars()
+    {
+        ComprehensiveReport report;
+        report.income.accounts = {{AccountLevel::Moeen, 410101, u"حساب"_s, {0, 9'000'000'000.0}},
+                                  {AccountLevel::Moeen, 410102, u"حساب"_s, {0, 8'000'000.0}}};
+        report.expenses.accounts = {{AccountLevel::Moeen, 610101, u"حساب"_s, {4'000'000.0, 0}},
+                                    {AccountLevel::Moeen, 610102, u"حساب"_s, {5.0, 0}}};
+        IncomeChart chart(u"ریال"_s);
+        chart.resize(500, 400);
+        chart.setReport(report);
+        chart.show();
+        QCoreApplication::processEvents();
+        const QImage picture = chart.chart()->scene()->views().constFirst()->grab().toImage();
+        const QRectF plot = chart.chart()->plotArea();
+        for (const QString &amount : {u"9,000,000,000"_s, u"8,000,000"_s, u"4,000,000"_s, u"5"_s}) {
+            const QGraphicsSimpleTextItem *label = nullptr;
+            for (const QGraphicsItem *item : chart.chart()->scene()->items()) {
+                const auto *text = qgraphicsitem_cast<const QGraphicsSimpleTextItem *>(item);
+                if (text && text->isVisible() && text->text() == amount)
+                    label = text;
+            }
+            QVERIFY2(label, qPrintable(amount));
+            QVERIFY2(plot.contains(label->sceneBoundingRect()), qPrintable(amount));
+        }
+        const QList<int> lengths = barLengths(picture, plot, 4);
+        QVERIFY(lengths.at(0) > lengths.at(1));
+        QVERIFY2(std::abs(lengths.at(1) - 2 * lengths.at(2)) <= 4, qPrintable(QString::number(lengths.at(2))));
+        QVERIFY(lengths.at(3) > 0);
+    }
+
+    // A small account on the wrong side of zero, where the plot has no room for a dozen digits.
+    void amountOfAShortBarIsSeenWhereTheAxisEnds()
+    {
+        ComprehensiveReport report;
+        report.income.accounts = {{AccountLevel::Moeen, 410101, u"حساب"_s, {0, 60'000'000.0}},
+                                  {AccountLevel::Moeen, 410102, u"حساب"_s, {3'500'000.0, 0}}};
+        IncomeChart chart(u"ریال"_s);
+        chart.resize(500, 400);
+        chart.setReport(report);
+        chart.show();
+        QCoreApplication::processEvents();
+        const QGraphicsSimpleTextItem *label = nullptr;
+        for (const QGraphicsItem *item : chart.chart()->scene()->items()) {
+            const auto *text = qgraphicsitem_cast<const QGraphicsSimpleTextItem *>(item);
+            if (text && text->text() == u"-3,500,000"_s)
+                label = text;
+        }
+        QVERIFY(label);
+        QVERIFY(chart.chart()->plotArea().contains(label->sceneBoundingRect()));
+        QCOMPARE(label->brush().color(), chart.palette().color(QPalette::WindowText)); // white is for the inside of a bar
     }
 
     void manyAccountsBecomeOneBarAtTheEnd()

@@ -130,8 +130,8 @@ private Q_SLOTS:
         QTest::addColumn<Order>("order");
         QTest::addColumn<bool>("descending");
         QTest::addColumn<QList<int>>("wanted");
-        QTest::newRow("code") << Order::Code << false << QList<int>{4103, 410101, 410102, 41020201};
-        QTest::newRow("code, down") << Order::Code << true << QList<int>{41020201, 410102, 410101, 4103};
+        QTest::newRow("chart") << Order::Chart << false << QList<int>{410101, 410102, 41020201, 4103};
+        QTest::newRow("chart, from its end") << Order::Chart << true << QList<int>{4103, 41020201, 410102, 410101};
         QTest::newRow("amount, whatever its side") << Order::Amount << false << QList<int>{4103, 410102, 41020201, 410101};
         QTest::newRow("amount, down") << Order::Amount << true << QList<int>{410101, 41020201, 410102, 4103};
         QTest::newRow("name") << Order::Name << false << QList<int>{410102, 4103, 41020201, 410101};

@@ -74,6 +74,29 @@ private Q_SLOTS:
         QCOMPARE(bars({}, QList<double>(7, 1)).bars.constLast().name, otherExpenses);
     }
 
+    void barsAreCutWhereOneHidesTheOthers_data()
+    {
+        QTest::addColumn<QList<double>>("expenses"); // the first ones are cut
+        QTest::addColumn<int>("cut");
+        QTest::addColumn<double>("highest");
+        QTest::newRow("one alone") << QList<double>{9e6} << 0 << 1e7;
+        QTest::newRow("twenty times the next") << QList<double>{2000, 100} << 0 << 2000.;
+        QTest::newRow("above twenty times the next") << QList<double>{2001, 100, 90} << 1 << 100.;
+        QTest::newRow("a thousand times the next") << QList<double>{1e9, 1e6, 1e6} << 1 << 1e6;
+        QTest::newRow("two of a kind above the others") << QList<double>{1e6, 9e5, 1000} << 2 << 1000.;
+        QTest::newRow("small ones below those that are compared") << QList<double>{1e9, 1e6, 1} << 1 << 1e6;
+    }
+
+    void barsAreCutWhereOneHidesTheOthers()
+    {
+        QFETCH(QList<double>, expenses);
+        QFETCH(int, cut);
+        const IncomeBars drawn = bars({}, expenses);
+        for (int i = 0; i < drawn.bars.size(); ++i)
+            QCOMPARE(drawn.isCut(drawn.bars.at(i)), i < cut);
+        QTEST(drawn.highest * drawn.unit, "highest");
+    }
+
     void axis_data()
     {
         QTest::addColumn<QList<double>>("income");
