@@ -458,10 +458,11 @@ ListReport CDlgAutomobilReportSeasons::listReport() const
     report.setText(u"FinalAmount"_s, u"جمع : %1"_s.arg(total(FinalAmount)));
 
     report.setTable(u"List"_s, m_list);
-    report.addFooter({{SeasonalRow::Amount, u"جمع مبلغ"_s, total(Amount)},
-                      {SeasonalRow::Tax, u"جمع مالیات"_s, total(Tax)},
-                      {SeasonalRow::Discount, u"جمع تخفیف"_s, total(Discount)},
-                      {SeasonalRow::Total, u"جمع کل"_s, total(FinalAmount)}});
+    const auto sum = [this](Total which) { return m_totals[which]->number(); };
+    report.addFooter({{SeasonalRow::Amount, u"جمع مبلغ"_s, sum(Amount)},
+                      {SeasonalRow::Tax, u"جمع مالیات"_s, sum(Tax)},
+                      {SeasonalRow::Discount, u"جمع تخفیف"_s, sum(Discount)},
+                      {SeasonalRow::Total, u"جمع کل"_s, sum(FinalAmount)}});
     if (!report.loadLayout())
         report.buildStandard(title);
     return report;

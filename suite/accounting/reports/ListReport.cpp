@@ -5,6 +5,7 @@
 
 #include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QHeaderView>
@@ -79,7 +80,7 @@ void ListReport::addFooter(const QVector<FooterCell> &cells)
     KListModel::Row sums = titles;
     for (const FooterCell &cell : cells) {
         titles.cells[cell.column].text = cell.title;
-        sums.cells[cell.column].text = cell.sum;
+        sums.cells[cell.column] = {DToMoney(cell.sum), cell.sum};
     }
     m_rows << titles << sums;
 }

@@ -35,7 +35,7 @@ public:
     {
         int column = 0;
         QString title;
-        QString sum;
+        double sum = 0; // in the money unit
     };
     // Two rows more at the end of the table: the titles, and the sums below them. After setTable.
     void addFooter(const QVector<FooterCell> &cells);

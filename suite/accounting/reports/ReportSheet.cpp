@@ -205,6 +205,9 @@ bool ReportSheet::writeCell(lxw_worksheet *sheet, unsigned row, unsigned short c
         lxw_datetime value = sheetDate(date);
         return worksheet_write_datetime(sheet, row, column, &value, target.format) == LXW_NO_ERROR;
     }
+    // What the list shows empty is empty here, also where it sorts by a number behind it.
+    if (QStringView(cell.text).trimmed().isEmpty())
+        return true;
     switch (cell.value.typeId()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
@@ -214,8 +217,6 @@ bool ReportSheet::writeCell(lxw_worksheet *sheet, unsigned row, unsigned short c
     default:
         break;
     }
-    if (cell.text.isEmpty())
-        return true;
     const QByteArray text = cell.text.left(longestCellText).toUtf8();
     return worksheet_write_string(sheet, row, column, text.constData(), target.format) == LXW_NO_ERROR;
 }

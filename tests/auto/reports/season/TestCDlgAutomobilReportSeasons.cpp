@@ -544,6 +544,9 @@ private Q_SLOTS:
         QCOMPARE(titles.at(20).text, u"جمع تخفیف"_s);
         QCOMPARE(titles.at(21).text, u"جمع کل"_s);
         QCOMPARE(sums.at(21).text, u"39,999,998"_s);
+        const std::pair<int, double> figures[] = {{4, 40'000'000}, {5, 5}, {20, 7}, {21, 39'999'998}};
+        for (const auto &[column, sum] : figures)
+            QCOMPARE(sums.at(column).value, QVariant(sum));
     }
 
     // Amounts, codes and dates must not be parted by the edge of their column, nor one row fill a page.

@@ -362,6 +362,30 @@ private Q_SLOTS:
         QCOMPARE(cells.value(u"B2"_s).text, u"1"_s);
     }
 
+    void cellThatShowsNothingIsEmpty()
+    {
+        ListReport report(u"g"_s, u"r"_s);
+        report.setTable(u"List"_s, {{u"مبلغ"_s}, {u"کد"_s}, {u"جمع"_s}},
+                        {{1, {{QString(), 0.0}, {u" "_s, 0}, {u"0"_s, 0.0}}}});
+        report.buildStandard(u"r"_s);
+        QVERIFY(ReportOutput::writeSpreadsheet(report, path(u"a.xlsx"_s)));
+        const QHash<QString, SheetCell> cells = sheetCells(sheetXml(path(u"a.xlsx"_s)));
+        QVERIFY(!cells.contains(u"A2"_s));
+        QVERIFY(!cells.contains(u"B2"_s));
+        QCOMPARE(cells.value(u"C2"_s).text, u"0"_s);
+    }
+
+    void sumsBelowTheTableAreNumbers()
+    {
+        ListReport report = sampleReport(2);
+        report.addFooter({{2, u"جمع مبلغ"_s, 3'750'000}});
+        QVERIFY(ReportOutput::writeSpreadsheet(report, path(u"a.xlsx"_s)));
+        const QHash<QString, SheetCell> cells = sheetCells(sheetXml(path(u"a.xlsx"_s)));
+        QCOMPARE(cells.value(u"C4"_s).text, u"جمع مبلغ"_s);
+        QCOMPARE(cells.value(u"C5"_s).type, QString());
+        QCOMPARE(cells.value(u"C5"_s).text.toDouble(), 3'750'000.0);
+    }
+
     void textThatLooksLikeAFormulaStaysAText()
     {
         ListReport report(u"g"_s, u"a/b*c?[d]"_s);
