@@ -437,6 +437,9 @@ void CDlgAutomobilReportSeasons::exportSeason()
     report.year = m_year->text();
     report.rowCount = m_rows->count();
     report.cells = [rows = m_rows](int row) { return rows->at(row).texts(); };
+    report.subject = [rows = m_rows](int row) { return rows->at(row).subject(); };
+    for (const KListModel::Column &column : m_list->listModel()->columns())
+        report.titles.append(column.title);
     exportSeasonWithDialogs(this, report);
 }
 

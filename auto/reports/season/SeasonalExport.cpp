@@ -5,12 +5,14 @@
 
 #include "auto/platform/ModulePlatform.h"
 #include "auto/reports/season/SeasonalExportRow.h"
+#include "auto/reports/season/SeasonalRow.h"
 #include "suite/accounting/taxfile/CForoush.h"
 #include "suite/accounting/taxfile/CForoush_Detail.h"
 #include "suite/accounting/taxfile/CKharid.h"
 #include "suite/accounting/taxfile/CKharid_Detail.h"
 #include "suite/accounting/taxfile/CMoshakhasat.h"
 #include "suite/accounting/taxfile/KAccessDatabase.h"
+#include "suite/accounting/taxfile/KAccessValueError.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/Money.h"
 
@@ -21,6 +23,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -86,6 +89,18 @@ void writeDetails(SeasonalDetail &detail, const SeasonalExport::Report &report, 
     detail.Close();
 }
 
+QString detailRole(SeasonalExport::Kind kind)
+{
+    return kind == SeasonalExport::Kind::Sales ? u"Foroush_Detail"_s : u"Kharid_Detail"_s;
+}
+
+bool isFull(const QString &folder, qint64 neededBytes)
+{
+    std::error_code error;
+    const std::filesystem::space_info space = std::filesystem::space(QFileInfo(folder).filesystemAbsoluteFilePath(), error);
+    return !error && space.available < static_cast<std::uintmax_t>(neededBytes);
+}
+
 // Takes the place of an earlier file in one step.
 bool moveOver(const QString &from, const QString &to)
 {
@@ -126,8 +141,9 @@ SeasonalExport::Outcome SeasonalExport::run(const QString &folder, const ReportP
         return Outcome::CopyFailed;
     const QTemporaryDir aside(QDir(folder).filePath(u".TTMS-XXXXXX"_s));
     const QString copy = aside.filePath(name);
-    if (!aside.isValid() || !QFile::copy(QDir(m_folder).filePath(KAccessDatabase::templateFileName()), copy))
-        return Outcome::CopyFailed;
+    const QString source = QDir(m_folder).filePath(KAccessDatabase::templateFileName());
+    if (!aside.isValid() || !QFile::copy(source, copy))
+        return isFull(folder, QFileInfo(source).size()) ? Outcome::DiskFull : Outcome::CopyFailed;
     // An installed template may be read-only, and its copy then too.
     if (!QFile::setPermissions(copy, QFile::permissions(copy) | QFile::ReadOwner | QFile::WriteOwner))
         return Outcome::CopyFailed;
@@ -139,9 +155,19 @@ SeasonalExport::Outcome SeasonalExport::run(const QString &folder, const ReportP
     return moveOver(copy, target) ? Outcome::Done : Outcome::CopyFailed;
 }
 
+// The user knows the row and the column of the list, not those of the file.
+void SeasonalExport::refuse(const KAccessValueError &error, const QString &value) const
+{
+    const int row = error.record() - 1;
+    const QString title = m_report.titles.value(SeasonalExportRow::columnOf(value));
+    if (title.isEmpty() || row < 0 || row >= m_report.rowCount)
+        throw error;
+    const QString number = u"ردیف "_s + m_report.cells(row).value(SeasonalRow::RowNumber);
+    throw error.retold(m_report.subject ? number + u" (%1)"_s.arg(m_report.subject(row)) : number, title.trimmed());
+}
+
 void SeasonalExport::write(const QString &path, const ReportProgress &progress) const
 {
-    const QString guid = QUuid::createUuid().toString(QUuid::WithoutBraces);
     KAccessDatabase database(m_folder);
     if (progress) {
         database.setProgress([&](int written) {
@@ -149,6 +175,17 @@ void SeasonalExport::write(const QString &path, const ReportProgress &progress) 
         });
     }
     database.Open(path);
+    try {
+        writeRecords(database, path);
+        database.Close();
+    } catch (const KAccessValueError &error) {
+        refuse(error, database.mapping().valueIn(detailRole(m_report.kind), error.table(), error.column()));
+    }
+}
+
+void SeasonalExport::writeRecords(KAccessDatabase &database, const QString &path) const
+{
+    const QString guid = QUuid::createUuid().toString(QUuid::WithoutBraces);
     CMoshakhasat company(&database);
     company.Open();
     company.FillFromProperties();
@@ -164,5 +201,4 @@ void SeasonalExport::write(const QString &path, const ReportProgress &progress) 
         CKharid_Detail detail(&database);
         writeDetails(detail, m_report, guid, path);
     }
-    database.Close();
 }

@@ -9,6 +9,9 @@
 
 #include <functional>
 
+class KAccessDatabase;
+class KAccessValueError;
+
 // Writes the rows of the seasonal report into a copy of the tax authority's template. The copy is made aside in the target
 // folder and takes its place when it is whole: an export that fails or is stopped leaves no file behind and does not touch what
 // was there before.
@@ -24,6 +27,7 @@ public:
         TemplateMissing,
         CompanyEmpty, // the dealership's own details were never entered
         CopyFailed,   // a file of that name cannot be written to the folder
+        DiskFull,     // there is no room for it
         Cancelled     // stopped by progress
     };
 
@@ -35,6 +39,9 @@ public:
         QString year;   // Shamsi, as typed
         int rowCount = 0;
         std::function<QStringList(int row)> cells; // the thirty texts of a row; asked once for each, in order
+        // For a message about a value that the file does not take: what a row is about, and the titles of the thirty columns.
+        std::function<QString(int row)> subject = {};
+        QStringList titles = {};
     };
 
     // The folder of the template, the mapping and the helper; empty: the module's.
@@ -53,6 +60,8 @@ public:
 
 private:
     void write(const QString &path, const ReportProgress &progress) const;
+    void writeRecords(KAccessDatabase &database, const QString &path) const;
+    [[noreturn]] void refuse(const KAccessValueError &error, const QString &value) const;
 
     Report m_report;
     QString m_folder;

@@ -22,6 +22,8 @@ QString warningText(SeasonalExport::Outcome outcome)
         return u"ابتدا مشخصات شرکت یا فروشگاه خود را از طریق دکمه مشخصات شرکت/فروشگاه پر نمایید."_s;
     case SeasonalExport::Outcome::CopyFailed:
         return u"امکان کپی فایل نیست."_s;
+    case SeasonalExport::Outcome::DiskFull:
+        return u"فضای دیسک این پوشه پر است. لطفا فضا آزاد نمایید یا پوشه دیگری انتخاب کنید."_s;
     case SeasonalExport::Outcome::Cancelled:
     case SeasonalExport::Outcome::Done:
         break;

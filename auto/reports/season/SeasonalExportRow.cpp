@@ -6,6 +6,8 @@
 #include "auto/reports/season/SeasonalRow.h"
 #include "suite/utility/values/Money.h"
 
+#include <QHash>
+
 #include <cmath>
 #include <limits>
 
@@ -64,6 +66,36 @@ void setOwnValues(SeasonalExportRow &row, const QStringList &cells)
     row.documentDate = cells.value(Row::DocumentDate);
 }
 
+}
+
+int SeasonalExportRow::columnOf(const QString &value)
+{
+    static const QHash<QString, int> columns{
+        {u"goodsKind"_s, Row::GoodsKind},
+        {u"description"_s, Row::Description},
+        {u"sequence"_s, Row::Serial},
+        {u"returned"_s, Row::Returned},
+        {u"amount"_s, Row::Amount},
+        {u"tax"_s, Row::Tax},
+        {u"duties"_s, Row::Duties},
+        {u"discount"_s, Row::Discount},
+        {u"personKind"_s, Row::PersonKind},
+        {u"postalCode"_s, Row::PostalCode},
+        {u"areaCode"_s, Row::AreaCode},
+        {u"telephone"_s, Row::Telephone},
+        {u"address"_s, Row::Address},
+        {u"firstName"_s, Row::Name},
+        {u"familyName"_s, Row::Family},
+        {u"economicNumber"_s, Row::EconomicCode},
+        {u"nationalCode"_s, Row::NationalCode},
+        {u"partyKind"_s, Row::PartyKind},
+        {u"provinceCode"_s, Row::ProvinceCode},
+        {u"cityCode"_s, Row::CityCode},
+        {u"contractCode"_s, Row::Code},
+        {u"contractDate"_s, Row::Date},
+        {u"documentDate"_s, Row::DocumentDate},
+    };
+    return columns.value(value, -1);
 }
 
 SeasonalExportRow SeasonalExportRow::fromCells(const QStringList &cells)

@@ -17,6 +17,8 @@ struct SeasonalExportRow
     // The texts of the row's thirty cells as the list shows them; missing ones count as empty. A text that is no number
     // counts as 0. A row whose second cell is empty is a sum of small contracts: it gets only the values marked "every row".
     static SeasonalExportRow fromCells(const QStringList &cells);
+    // The list's column that a value of the detail table comes from; -1 for one of the export's own.
+    static int columnOf(const QString &value);
 
     std::optional<int> goodsKind;
     QString description; // every row

@@ -164,6 +164,19 @@ QVariant SeasonalRow::value(int column) const
     return text(column);
 }
 
+QString SeasonalRow::subject() const
+{
+    switch (source) {
+    case Source::Contract:
+        return u"قرارداد شماره %1"_s.arg(code);
+    case Source::InvoiceLine:
+        return u"فاکتور شماره %1"_s.arg(code);
+    case Source::SmallSum:
+        break;
+    }
+    return u"مجموع معاملات کوچک"_s;
+}
+
 QStringList SeasonalRow::texts() const
 {
     QStringList texts;

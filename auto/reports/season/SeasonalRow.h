@@ -99,6 +99,8 @@ struct SeasonalRow
     // What the cell sorts and adds up by: a number, a date, or else its text.
     QVariant value(int column) const;
     QStringList texts() const;
+    // What the row is about, for a message: "فاکتور شماره 17".
+    QString subject() const;
     // Whether the cell's address must be shortened.
     bool isAddressTooLong() const { return party && party->isAddressTooLong(); }
 

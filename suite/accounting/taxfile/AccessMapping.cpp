@@ -89,6 +89,19 @@ const AccessMapping::Table &AccessMapping::table(const QString &role) const
     refuse(m_path, u"جدول «%1» در آن نیست."_s.arg(role));
 }
 
+QString AccessMapping::valueIn(const QString &role, const QString &table, const QString &column) const
+{
+    for (const Table &known : m_tables) {
+        if (known.role != role || known.name.compare(table, Qt::CaseInsensitive) != 0)
+            continue;
+        for (const Field &field : known.fields) {
+            if (field.name.compare(column, Qt::CaseInsensitive) == 0)
+                return field.value;
+        }
+    }
+    return {};
+}
+
 void AccessMapping::refuseValue(const QString &role, const QString &value) const
 {
     refuse(m_path, u"مقدار «%1» در جدول «%2» شناخته شده نیست."_s.arg(value, role));

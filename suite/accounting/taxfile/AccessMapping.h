@@ -31,6 +31,8 @@ public:
 
     // The table of that role; throws KAccountingError when the mapping has none.
     const Table &table(const QString &role) const;
+    // The value in that column of the role's table; empty when the table is another one or the mapping does not say.
+    QString valueIn(const QString &role, const QString &table, const QString &column) const;
     // Throws KAccountingError: the table names a value that its record class does not have.
     [[noreturn]] void refuseValue(const QString &role, const QString &value) const;
 

@@ -4,6 +4,7 @@
 #include "suite/accounting/taxfile/KAccessDatabase.h"
 
 #include "suite/accounting/taxfile/AccessLine.h"
+#include "suite/accounting/taxfile/KAccessValueError.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -61,9 +62,17 @@ constexpr Trouble troubles[] = {
     {"no-table", u"فایل مالیات جدول «%1» را ندارد. لطفا نام جدول را در TTMS.mapping.json بررسی نمایید."},
     {"no-field", u"جدول «%1» از فایل مالیات ستون «%2» را ندارد. لطفا نام ستون را در TTMS.mapping.json بررسی نمایید."},
     {"unsupported-field", u"در ستون «%2» از جدول «%1» فایل مالیات نمی توان نوشت."},
-    {"too-long", u"ردیف %3: متن ستون «%2» از جدول «%1» بیش از %4 حرف دارد."},
-    {"bad-value", u"ردیف %3: مقدار «%4» در ستون «%2» از جدول «%1» جا نمی گیرد."},
+    {"damaged", u"فایل اکسس مالیات خراب است و خوانده نمی شود. لطفا TTMS.mdb را با نسخه سالم آن جایگزین نمایید."},
+    {"disk-full", u"فضای دیسک این پوشه پر است. لطفا فضا آزاد نمایید یا پوشه دیگری انتخاب کنید."},
+    {"memory", u"حافظه رایانه برای نوشتن فایل مالیات کافی نبود."},
 };
+
+// Of a helper that ends and says nothing, which it never does.
+QString brokenHelperText()
+{
+    return u"برنامه نوشتن فایل مالیات (%1) خراب است یا اجرا نمی شود. لطفا بسته tzauto را دوباره نصب نمایید."_s.arg(
+        KAccessDatabase::helperFileName());
+}
 
 }
 
@@ -240,7 +249,12 @@ void KAccessDatabase::failAsTheHelperSaid()
     const QStringList words = AccessLine::words(m_error);
     qCWarning(lcAccess).noquote() << "the helper ended with" << m_helper->exitCode() << words
                                   << m_helper->readAllStandardError().left(longestAnswer);
+    const bool endedByItself = m_helper->exitStatus() == QProcess::NormalExit;
     stop();
+    if (m_error.isEmpty() && endedByItself)
+        throw KAccountingError(brokenHelperText());
+    if (KAccessValueError::isAbout(words.first()))
+        throw KAccessValueError(words);
     for (const Trouble &trouble : troubles) {
         if (words.first() != QLatin1StringView(trouble.code))
             continue;
@@ -249,6 +263,5 @@ void KAccessDatabase::failAsTheHelperSaid()
             text.replace(u'%' + QString::number(i), words.at(i));
         throw KAccountingError(text);
     }
-    const QString what = words.value(1, words.first());
-    throw KAccountingError(u"نوشتن فایل مالیات ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید.\n%1"_s.arg(what));
+    throw KAccountingError(u"نوشتن فایل مالیات ممکن نشد. لطفا پوشه و فضای خالی دیسک را بررسی نمایید."_s);
 }

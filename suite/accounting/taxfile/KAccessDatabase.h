@@ -28,7 +28,7 @@ public:
 // write through this object, which must outlive them.
 //
 // Every function throws KAccountingError: with the name of the package to install when there is no Java, with the name of
-// the file when the helper is not there, and with what the helper said when it could not go on. After any error the file is
+// the file when the helper is not there, and with what the helper said when it could not go on (KAccessValueError for a value). After any error the file is
 // not whole and must be thrown away; Close or the destructor ends the helper at once.
 class TZACCOUNTINGDATA_EXPORT KAccessDatabase
 {

@@ -103,7 +103,7 @@ private Q_SLOTS:
         QTest::newRow("no such file") << QByteArray("open\t/none/such\nend\n") << QByteArray("error\tno-file\t/none/such") << 3;
         QTest::newRow("a folder") << QByteArray("open\t/tmp\nend\n") << QByteArray("error\tno-file") << 3;
         QTest::newRow("no access file") << QByteArray("open\t" TZ_BUILT_MODULES "/TTMS.mapping.json\nend\n")
-                                        << QByteArray("error\tfile\t") << 3;
+                                        << QByteArray("error\tdamaged\t") << 3;
         QTest::newRow("no folder for a new file") << QByteArray("create\t/none/such/x.mdb\nend\n") << QByteArray("error\tfile\t") << 3;
         QTest::newRow("no end") << select + "add\ta\t1\t1404\n"
                                 << bad + "the input ends" << 2;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/reports/season/SeasonalColumns.h"
 #include "auto/reports/season/SeasonalExport.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -344,13 +345,27 @@ private Q_SLOTS:
         const QByteArray before = content(exported(report(Kind::Sales, {ownRow(1)})));
         QStringList spoilt = ownRow(2);
         spoilt[10] = QString(256, u'ن');
-        const SeasonalExport task(report(Kind::Sales, {ownRow(1), spoilt}), ExportedSeason::builtFolder);
-        const QString message = messageOf(task, m_folder->path());
-        QVERIFY2(message.contains(u"ردیف 2"_s) && message.contains(u"«Address»"_s)
-                     && message.contains(u"255"_s),
-                 qPrintable(message));
+        SeasonalExport::Report rows = report(Kind::Sales, {ownRow(1), spoilt});
+        rows.subject = [](int row) { return u"فاکتور شماره %1"_s.arg(16 + row); };
+        for (const KListModel::Column &column : seasonalColumns(SeasonalGathering::Kind::Sales))
+            rows.titles.append(column.title);
+        QCOMPARE(messageOf(SeasonalExport(rows, ExportedSeason::builtFolder), m_folder->path()),
+                 u"ردیف 2 (فاکتور شماره 17): متن ستون «آدرس» بیش از 255 حرف دارد."_s);
         QCOMPARE(everythingIn(m_folder->path()), QStringList{salesName});
         QCOMPARE(content(m_folder->filePath(salesName)), before);
+    }
+
+    // The dealership's own address is in no row of the list.
+    void valueOfAnotherTableIsNoneOfARow()
+    {
+        SeasonalExport::Report rows = report(Kind::Sales, {ownRow(1)});
+        for (const KListModel::Column &column : seasonalColumns(SeasonalGathering::Kind::Sales))
+            rows.titles.append(column.title);
+        CompanyDetails details = CompanyDetails::read();
+        details.address = QString(256, u'ن');
+        details.write();
+        const QString message = messageOf(SeasonalExport(rows, ExportedSeason::builtFolder), m_folder->path());
+        QVERIFY2(message.contains(u"«Moshakhasat»"_s), qPrintable(message));
     }
 
     void addressAboveTheAuthoritysLengthIsStillExported()
@@ -408,7 +423,8 @@ private Q_SLOTS:
         copyModuleFolder(module.path());
         QVERIFY(QFile::resize(module.filePath(u"taxfile/tztaxfile.jar"_s), 100));
         const QString message = messageOf(SeasonalExport(report(Kind::Sales, {ownRow(1)}), module.path()), m_folder->path());
-        QVERIFY2(message.contains(u"نوشتن فایل مالیات ممکن نشد"_s), qPrintable(message));
+        QCOMPARE(message, u"برنامه نوشتن فایل مالیات (taxfile/tztaxfile.jar) خراب است یا اجرا نمی شود. "
+                          "لطفا بسته tzauto را دوباره نصب نمایید."_s);
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
     }
 
@@ -417,7 +433,8 @@ private Q_SLOTS:
         QTemporaryDir module;
         copyModuleFolder(module.path());
         QVERIFY(QFile::resize(module.filePath(u"TTMS.mdb"_s), 5000));
-        QVERIFY(!messageOf(SeasonalExport(report(Kind::Sales, {ownRow(1)}), module.path()), m_folder->path()).isEmpty());
+        QCOMPARE(messageOf(SeasonalExport(report(Kind::Sales, {ownRow(1)}), module.path()), m_folder->path()),
+                 u"فایل اکسس مالیات خراب است و خوانده نمی شود. لطفا TTMS.mdb را با نسخه سالم آن جایگزین نمایید."_s);
         QCOMPARE(everythingIn(m_folder->path()), QStringList());
     }
 

@@ -128,6 +128,7 @@ void TestSeasonalRules::cellsOfASummedRow()
                              u"بلی"_s, u"10"_s, u"2,170"_s, zero, blank, zero,
                              none, none, none, none, none};
     QCOMPARE(row.texts(), wanted);
+    QCOMPARE(row.subject(), u"مجموع معاملات کوچک"_s);
 }
 
 void TestSeasonalRules::listedLine_data()
@@ -175,6 +176,8 @@ void TestSeasonalRules::shareOfALine()
     QFETCH(double, total);
     SeasonalRow row;
     row.source = SeasonalRow::Source::InvoiceLine;
+    row.code = 17;
+    QCOMPARE(row.subject(), u"فاکتور شماره 17"_s);
     setFigures(row, count, price, {total, 40, 60, 20});
     QCOMPARE(row.amount.value(), count * price);
     QTEST(row.tax, "tax");

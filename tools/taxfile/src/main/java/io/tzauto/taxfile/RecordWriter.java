@@ -37,9 +37,18 @@ final class RecordWriter implements Commands {
     private int batchCharacters;
     private int saved;
 
-    RecordWriter(File file, IntConsumer progress) throws IOException {
+    RecordWriter(File file, IntConsumer progress) throws Refusal {
         this.progress = progress;
-        database = new DatabaseBuilder(file).setAutoSync(false).open();
+        try {
+            database = new DatabaseBuilder(file).setAutoSync(false).open();
+        } catch (IOException | RuntimeException e) {
+            throw damaged(e);
+        }
+    }
+
+    /** Of a file that cannot be read as one of its format. */
+    private static Refusal damaged(Exception why) {
+        return new Refusal(Refusal.FILE, "damaged", String.valueOf(why.getMessage()));
     }
 
     @Override
@@ -58,7 +67,11 @@ final class RecordWriter implements Commands {
         if (words.size() < 3 || words.contains(null)) {
             throw new Refusal(Refusal.INPUT, "bad-input", "a table and its fields are needed");
         }
-        table = database.getTable(words.get(1));
+        try {
+            table = database.getTable(words.get(1));
+        } catch (IOException | RuntimeException e) {
+            throw damaged(e);
+        }
         if (table == null) {
             throw new Refusal(Refusal.TABLE, "no-table", words.get(1));
         }

@@ -58,12 +58,18 @@ public final class TaxFile {
             say(words);
             return e.status;
         } catch (IOException | RuntimeException e) {
-            say("error", "file", String.valueOf(e.getMessage()));
+            say("error", isDiskFull(e) ? "disk-full" : "file", String.valueOf(e.getMessage()));
             return Refusal.FILE;
         } catch (OutOfMemoryError e) {
             say("error", "memory");
             return Refusal.FILE;
         }
+    }
+
+    /** The operating systems' own words; there is no type for it. */
+    private static boolean isDiskFull(Exception e) {
+        String message = String.valueOf(e.getMessage());
+        return message.contains("No space left on device") || message.contains("not enough space on the disk");
     }
 
     private static void work(LineReader lines) throws IOException, Refusal {
