@@ -27,7 +27,6 @@ namespace {
 constexpr int frameRadius = 4;
 constexpr int inset = 6;
 constexpr int largestIcon = 48;
-constexpr qint64 megapixel = 1000000;
 
 QString textOf(PictureIntake::Refusal refusal)
 {
@@ -41,7 +40,7 @@ QString textOf(PictureIntake::Refusal refusal)
         return u"این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید."_s;
     case PictureIntake::Refusal::TooManyPixels:
         return u"ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل)."_s
-            .arg(PictureIntake::maxPixels / megapixel);
+            .arg(PictureIntake::maxPixels / PictureIntake::megapixel);
     case PictureIntake::Refusal::Broken:
         return u"این تصویر خراب است و خوانده نشد."_s;
     case PictureIntake::Refusal::None:

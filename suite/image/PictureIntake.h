@@ -32,8 +32,10 @@ public:
 
     // Largest file that is taken: 20 MiB.
     static constexpr qint64 maxBytes = qint64(20) * 1024 * 1024;
-    // Most pixels that are decoded: what the cameras of telephones take.
-    static constexpr qint64 maxPixels = qint64(50) * 1000 * 1000;
+    // Most pixels that are decoded. The cameras of telephones take what is sold as 64 megapixels, 9248 by 6936 for example,
+    // which is more than 64 millions.
+    static constexpr qint64 megapixel = 1 << 20;
+    static constexpr qint64 maxPixels = 64 * megapixel;
     // Longer side of what is kept, in pixels. Smaller pictures stay as large as they are.
     static constexpr int maxSide = 1600;
     // Most bytes that are kept, so that every office server takes them in one statement: a photograph with a see-through part

@@ -241,10 +241,12 @@ void TestPictureIntake::headerOfABombIsRefusedBeforeItIsDecoded_data()
     QTest::addColumn<quint32>("height");
     QTest::addColumn<Refusal>("refusal");
     QTest::newRow("a square of 900 megapixels") << 30000U << 30000U << Refusal::TooManyPixels;
-    QTest::newRow("one line too many") << 1000U << 50001U << Refusal::TooManyPixels;
+    QTest::newRow("one line too many") << 1024U << 65537U << Refusal::TooManyPixels;
     QTest::newRow("more than an int holds") << 100000U << 100000U << Refusal::TooManyPixels;
     // Within the bound it is only broken: it lacks the pixels that it promises.
     QTest::newRow("within the bound") << 5000U << 5000U << Refusal::Broken;
+    QTest::newRow("what a telephone of 50 megapixels takes") << 8192U << 6144U << Refusal::Broken;
+    QTest::newRow("what a telephone of 64 megapixels takes") << 9248U << 6936U << Refusal::Broken;
 }
 
 void TestPictureIntake::headerOfABombIsRefusedBeforeItIsDecoded()
@@ -316,7 +318,7 @@ void TestPictureIntake::pixelsInMemoryAreTaken()
     QCOMPARE(result.refusal, Refusal::None);
     QCOMPARE(QImage::fromData(result.bytes).size(), QSize(30, 20));
     QCOMPARE(PictureIntake::fromImage(QImage()).refusal, Refusal::Broken);
-    const QImage huge(50001, 1000, QImage::Format_Mono);
+    const QImage huge(65537, 1024, QImage::Format_Mono);
     QVERIFY(!huge.isNull());
     QCOMPARE(PictureIntake::fromImage(huge).refusal, Refusal::TooManyPixels);
 }
