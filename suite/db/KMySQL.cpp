@@ -458,3 +458,17 @@ int KMySQL::textLength(QStringView name)
 {
     return KTableSchema::textLength(GetTableName(), name.toString(), m_database);
 }
+
+bool KMySQL::isBasicPlaneOnly(QStringView name)
+{
+    const KTableSchema::Column *found = KTableSchema::of(GetTableName(), m_database).column(name.toString());
+    return found && found->basicPlaneOnly;
+}
+
+void KMySQL::requireFits(QStringView name)
+{
+    const Column *found = column(name);
+    Q_ASSERT_X(found, "KMySQL::requireFits", "no such column");
+    if (found)
+        found->requireFits(KTableSchema::of(GetTableName(), m_database));
+}

@@ -148,6 +148,10 @@ public:
     void setValue(QStringView column, const QVariant &value);
     // Characters that a text column holds, as the database says; 0 when it is no text.
     int textLength(QStringView column);
+    // Whether the text column holds no character above U+FFFF (an emoji, for one), as the database says.
+    bool isBasicPlaneOnly(QStringView column);
+    // Throws what Update would throw about the text in the column's member (BadCharacter, ValueTooLong); writes nothing.
+    void requireFits(QStringView column);
     int database() const { return m_database; }
     bool isEditing() const { return m_mode != Mode::Browse; }
 

@@ -5,6 +5,7 @@
 
 #include "auto/catalog/parameters/InputParameterValues.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
@@ -61,7 +62,17 @@ bool CDlgAddInputParameter::OnOK()
 {
     if (name().isEmpty())
         return refuse(u"لطفا نام را وارد نماید."_s);
+    bool saved = false;
+    // Whatever fails, what was typed stays, and the field has the focus.
+    if (!KErrorBoundary::guarded(this, [&] { saved = save(); }))
+        m_name->setFocus();
+    return saved;
+}
+
+bool CDlgAddInputParameter::save()
+{
     GetDBSetting()->RequireOpenDB();
+    InputParameterValues::requireStorable(name());
     if (InputParameterValues::isNameTaken(name(), m_itemID))
         return refuse(u"این نام قبلا ثبت شده است."_s);
     if (m_itemID == 0)

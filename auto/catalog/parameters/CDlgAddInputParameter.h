@@ -26,6 +26,8 @@ public:
 
 private:
     bool refuse(const QString &message);
+    // False when the name is taken, which was told.
+    bool save();
 
     int m_itemID;
     int m_itemType;

@@ -29,6 +29,13 @@ bool isNameTaken(const QString &name, int exceptID)
     return false;
 }
 
+void requireStorable(const QString &name)
+{
+    CTblItems item;
+    item.m_sName = name;
+    item.requireFits(u"sName");
+}
+
 int add(int itemType, const QString &name)
 {
     CTblItems item;

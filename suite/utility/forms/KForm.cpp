@@ -18,6 +18,8 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include <algorithm>
+
 namespace {
 
 template <class Widget>
@@ -57,6 +59,7 @@ KForm::Item KForm::makeItem(const KFormField &field, KMySQL &record, QWidget *pa
     Item item;
     item.field = field;
     item.readOnly = field.readOnly;
+    item.basicPlaneOnly = record.isBasicPlaneOnly(field.column);
     item.control = makeFormControl(field, record, page);
     QWidget *widget = item.control->widget();
     widget->setObjectName(field.column);
@@ -220,10 +223,20 @@ void KForm::applyReadOnly(const Item &item) const
     item.companions->showButtons(isShown(item) && !isReadOnly(item));
 }
 
+QString KForm::errorOf(const Item &item)
+{
+    const QString error = item.control->error();
+    if (!error.isEmpty() || !item.basicPlaneOnly)
+        return error;
+    const QString text = item.control->stored().toString();
+    const bool fits = std::none_of(text.cbegin(), text.cend(), [](QChar c) { return c.isSurrogate(); });
+    return fits ? QString() : u"نویسه‌ای دارد که قابل ذخیره نیست."_s;
+}
+
 std::optional<KForm::Problem> KForm::firstInvalid() const
 {
     for (const Item &item : m_items) {
-        const QString error = item.used ? item.control->error() : QString();
+        const QString error = item.used ? errorOf(item) : QString();
         if (!error.isEmpty())
             return Problem{item.control->widget(), error};
     }

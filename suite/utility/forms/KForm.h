@@ -101,11 +101,13 @@ private:
         std::unique_ptr<FieldCompanions> companions;
         bool readOnly = false;
         bool used = true;
+        bool basicPlaneOnly = false; // the column holds no emoji
     };
 
     Item makeItem(const KFormField &field, KMySQL &record, QWidget *page);
     const Item &item(const QString &column) const;
     Item &item(const QString &column);
+    static QString errorOf(const Item &item);
     void applyReadOnly(const Item &item) const;
     void applyDisplayed(const Item &item) const;
     static bool isShown(const Item &item) { return item.used && item.field.displayed; }

@@ -340,6 +340,25 @@ private Q_SLOTS:
         QCOMPARE(count(), u"0"_s);
     }
 
+    void aNameThatTheTableDoesNotHoldIsRefused()
+    {
+        const int key = add(Parameters::Color, u"سفید"_s);
+        for (const int edited : {0, key}) {
+            CDlgAddInputParameter editor(edited, CTblItems::typeColor, QString(), u"رنگ"_s);
+            editor.show();
+            editor.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&editor));
+            nameEdit(editor)->setText(u"سفید 🚗"_s);
+            editor.accept();
+            QVERIFY(editor.isVisible());
+            QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"متن «نام» نویسه‌ای دارد که قابل ذخیره نیست."_s});
+            QCOMPARE(editor.focusWidget(), nameEdit(editor));
+            QCOMPARE(nameEdit(editor)->text(), u"سفید 🚗"_s);
+        }
+        QCOMPARE(count(), u"1"_s);
+        QCOMPARE(nameOf(key), u"سفید"_s);
+    }
+
     void aNameEqualToAnotherItemsNameIsRefused_data()
     {
         QTest::addColumn<QString>("stored");

@@ -375,6 +375,23 @@ private Q_SLOTS:
         QVERIFY(!problem->message.isEmpty());
     }
 
+    void characterThatTheColumnDoesNotHoldIsInvalid()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form({{note, u"شرح :"_s}, {name, u"توضيحات :"_s, Kind::LongText}}, record, &page);
+        const auto invalid = [&form] { return form.firstInvalid() ? form.firstInvalid()->widget : nullptr; };
+        form.edit(note)->setText(u"پژو 🚗"_s);
+        QCOMPARE(invalid(), form.control(note));
+        QCOMPARE(form.firstInvalid()->message, u"نویسه‌ای دارد که قابل ذخیره نیست."_s);
+        form.edit(note)->setText(u"پژو می‌رود"_s);
+        QVERIFY(!invalid());
+        form.longText(name)->setPlainText(u"🚗"_s);
+        QCOMPARE(invalid(), form.control(name));
+        form.setUsed(name, false);
+        QVERIFY(!invalid());
+    }
+
     void amountIsToldInWordsBelowItsField()
     {
         SampleRecord record;

@@ -414,6 +414,17 @@ private Q_SLOTS:
         QCOMPARE(date->text(), u"1404/12/30"_s);
     }
 
+    // By the label that the window shows, which the column's own caption is not.
+    void aTextThatTheDatabaseDoesNotHoldIsRefusedByItsLabel()
+    {
+        const auto dialog = opened(addDemand(), EditorMode::Edit);
+        edit(*dialog, "sDescSpecial")->setText(u"فوری 🚗"_s);
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"توضيحات ويژه : نویسه‌ای دارد که قابل ذخیره نیست."_s});
+        QCOMPARE(dialog->focusWidget(), edit(*dialog, "sDescSpecial"));
+    }
+
     // --- Saving ---
 
     void everythingThatIsEnteredIsSaved()
