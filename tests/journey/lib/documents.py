@@ -106,16 +106,8 @@ def plain(text):
 
 
 def line_holds(text, words):
-    """Whether one line of a PDF page holds all these words; numbers and words that read from the right change places.
-
-    A letter that the font draws in a form for its neighbours alone is lost; most of a word must be there.
-    """
-    return any(all(_holds_word(f" {line} ", word) for word in words.split()) for line in text.splitlines())
-
-
-def _holds_word(line, word):
-    letters = "".join(f"[{re.escape(letter)} ]?" for letter in word)
-    return any(2 * len(shown.replace(" ", "")) > len(word) for shown in re.findall(f"(?= ({letters}) )", line))
+    """Whether one line of a PDF page holds all these words; numbers and words that read from the right change places."""
+    return any(set(words.split()) <= set(line.split()) for line in text.splitlines())
 
 
 def as_pdf(desktop, path, folder):

@@ -4,14 +4,18 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportPainter.h"
+#include "suite/utility/values/Provinces.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFontDatabase>
 #include <QPainter>
 #include <QPrinter>
 #include <QProcess>
+#include <QRegularExpression>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 #include <QtTest>
@@ -109,6 +113,49 @@ QByteArray sheetXml(const QString &path)
 ReportProgress stopAt(int call, int *calls)
 {
     return [call, calls](int, int) { return ++*calls < call; };
+}
+
+// The font that the program's own window takes, for as long as this lives; where none was fetched, that of the system.
+class ProgramFont
+{
+public:
+    ProgramFont()
+        : m_before(QApplication::font())
+    {
+        const QDir folder(QCoreApplication::applicationDirPath() + u"/../share/tzauto/fonts"_s);
+        for (const QString &file : folder.entryList({u"*.ttf"_s}, QDir::Files)) {
+            const int loaded = QFontDatabase::addApplicationFont(folder.filePath(file));
+            m_loaded.append(loaded);
+            if (file.contains(u"Regular"_s))
+                QApplication::setFont(QFont(QFontDatabase::applicationFontFamilies(loaded).value(0)));
+        }
+    }
+    ~ProgramFont()
+    {
+        QApplication::setFont(m_before);
+        for (const int loaded : m_loaded)
+            QFontDatabase::removeApplicationFont(loaded);
+    }
+    ProgramFont(const ProgramFont &) = delete;
+    ProgramFont &operator=(const ProgramFont &) = delete;
+
+private:
+    QFont m_before;
+    QList<int> m_loaded;
+};
+
+// The provinces and cities, each word once.
+QStringList manyWords()
+{
+    static const QRegularExpression other(u"[^\\p{L}]+"_s);
+    QStringList words;
+    for (const QString &province : Provinces::names()) {
+        words += province.split(other, Qt::SkipEmptyParts);
+        for (const QString &city : Provinces::cities(province))
+            words += city.split(other, Qt::SkipEmptyParts);
+    }
+    words.removeDuplicates();
+    return words;
 }
 
 constexpr int wideColumns = 30;
@@ -303,6 +350,43 @@ private Q_SLOTS:
         const QString page = pdfPages(path(u"a.pdf"_s)).first().simplified();
         for (const QString &word : words)
             QVERIFY2(page.split(u' ').count(word) == 2, qPrintable(word + u'\n' + page));
+    }
+
+    // A letter in a shape that stands for no character is missing in the text that a search or a screen reader takes.
+    void textTakenFromThePdfIsWhole()
+    {
+        const ProgramFont font;
+        ListReport report(u"g"_s, u"r"_s);
+        const QStringList titles{u"ردیف"_s, u"توضیحات"_s, u"بایگانی"_s, u"مابه"_s, u"التفاوت"_s, u"بستانکار"_s, u"مدیریت"_s, u"چیدمان"_s};
+        QVector<KListModel::Column> columns;
+        for (const QString &title : titles)
+            columns.append({title, Qt::AlignRight});
+        const QStringList words = manyWords();
+        QVERIFY(words.size() > 300);
+        QVector<KListModel::Row> rows;
+        for (int first = 0; first < words.size(); first += int(columns.size())) {
+            KListModel::Row row{first + 1, {}};
+            for (const QString &word : words.mid(first, columns.size()))
+                row.cells.append({word});
+            rows.append(row);
+        }
+        report.setTable(u"List"_s, columns, rows);
+        report.buildStandard(u"گزارش قراردادهای اجاره به شرط تملیک"_s);
+        QVERIFY(ReportOutput::writePdf(report, path(u"a.pdf"_s)));
+        const QStringList pages = pdfPages(path(u"a.pdf"_s));
+        QSet<QString> found;
+        for (const QString &page : pages) {
+            const QStringList onPage = page.simplified().split(u' ');
+            for (const QString &word : titles + u"گزارش قراردادهای اجاره به شرط تملیک"_s.split(u' '))
+                QVERIFY2(onPage.contains(word), qPrintable(word + u'\n' + page));
+            found.unite(QSet<QString>(onPage.cbegin(), onPage.cend()));
+        }
+        QStringList missing;
+        for (const QString &word : words) {
+            if (!found.contains(word))
+                missing.append(word);
+        }
+        QCOMPARE(missing, QStringList());
     }
 
     void printerGetsThePagesOfItsRange()
