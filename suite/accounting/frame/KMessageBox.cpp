@@ -79,12 +79,14 @@ KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Butt
     const NormalCursor cursor;
     QMessageBox box(parent ? parent : QApplication::activeWindow());
     dress(box, kind, text);
-    if (buttons == Buttons::Ok) {
+    if (buttons == Buttons::Ok || buttons == Buttons::OkOrFolder) {
         QPushButton *ok = addButton(box, u"باشه"_s, QMessageBox::AcceptRole);
+        if (buttons == Buttons::OkOrFolder)
+            addButton(box, u"باز کردن پوشه"_s, QMessageBox::ActionRole);
         box.setDefaultButton(ok);
         box.setEscapeButton(ok);
         box.exec();
-        return KMessageDialog::Yes;
+        return buttons == Buttons::OkOrFolder && box.clickedButton() == ok ? KMessageDialog::No : KMessageDialog::Yes;
     }
     const QPushButton *yes = addButton(box, u"بله"_s, QMessageBox::YesRole);
     QPushButton *no = addButton(box, u"خیر"_s, QMessageBox::NoRole);

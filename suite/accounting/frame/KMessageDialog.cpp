@@ -51,6 +51,11 @@ void KMessageDialog::Show(const QString &text, QWidget *parent)
     run(text, Buttons::Ok, parent);
 }
 
+bool KMessageDialog::ShowWritten(const QString &text, QWidget *parent)
+{
+    return run(text, Buttons::OkOrFolder, parent) == Yes;
+}
+
 KMessageDialog::Answer KMessageDialog::Ask(const QString &text, QWidget *parent)
 {
     return run(text, Buttons::YesNo, parent);
@@ -67,7 +72,7 @@ KMessageDialog::Answer KMessageDialog::run(const QString &text, Buttons buttons,
     if (buttons != Buttons::Ok && !m_answers.isEmpty())
         return m_answers.dequeue();
     if (m_answerAll)
-        return Yes;
+        return buttons == Buttons::OkOrFolder ? No : Yes;
     if (installedBox && hasWindows())
         return installedBox(m_kind, text, buttons, parent);
     qCWarning(lcMessage).noquote() << text;

@@ -6,11 +6,14 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/frame/KProcess.h"
 #include "suite/utility/values/KSettings.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -22,6 +25,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QVBoxLayout>
@@ -43,18 +47,23 @@ QString askFile(const ListReport &report, const QString &kind, const QString &su
 {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString folder = ReadSetting(section, folderKey, documents);
-    QString name = report.report();
-    name.replace(u'/', u'-').replace(u'\\', u'-');
     QFileDialog dialog(parent, u"ذخیره"_s, QDir(folder).exists() ? folder : documents,
                        u"%1 (*.%2)"_s.arg(kind, suffix));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(name + u'.' + suffix);
+    dialog.selectFile(CDlgReportGenerator::fileName(report, suffix));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const QString path = dialog.selectedFiles().constFirst();
     WriteSetting(section, folderKey, QFileInfo(path).absolutePath());
     return path;
+}
+
+void tellWritten(const QString &path, QWidget *parent)
+{
+    const QFileInfo file(path);
+    if (g_pDlgMessage->ShowWritten(u"فایل «%1» ذخیره شد."_s.arg(file.fileName()), parent))
+        KProcess::Execute(u"Explorer"_s, file.absolutePath());
 }
 
 }
@@ -196,15 +205,22 @@ bool CDlgReportGenerator::print(const ListReport &report, QPrinter &printer, QWi
 void CDlgReportGenerator::askAndSavePdf(const ListReport &report, QWidget *parent)
 {
     const QString path = askFile(report, u"فایل PDF"_s, u"pdf"_s, parent);
-    if (!path.isEmpty())
-        (void)savePdf(report, path, parent);
+    if (!path.isEmpty() && savePdf(report, path, parent))
+        tellWritten(path, parent);
+}
+
+QString CDlgReportGenerator::fileName(const ListReport &report, const QString &suffix)
+{
+    static const QRegularExpression unfit(uR"([/\\:*?"<>|\x00-\x1f])"_s);
+    QString name = report.report() + u' ' + shamsiText(QDate::currentDate());
+    return name.replace(unfit, u"-"_s) + u'.' + suffix;
 }
 
 void CDlgReportGenerator::askAndSaveSpreadsheet(const ListReport &report, QWidget *parent)
 {
     const QString path = askFile(report, u"صفحه گسترده"_s, u"xlsx"_s, parent);
-    if (!path.isEmpty())
-        (void)saveSpreadsheet(report, path, parent);
+    if (!path.isEmpty() && saveSpreadsheet(report, path, parent))
+        tellWritten(path, parent);
 }
 
 bool CDlgReportGenerator::arrange(ListReport &report, QWidget *parent)

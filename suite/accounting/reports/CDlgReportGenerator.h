@@ -53,7 +53,9 @@ public:
     [[nodiscard]] static bool savePdf(const ListReport &report, const QString &path, QWidget *parent);
     [[nodiscard]] static bool saveSpreadsheet(const ListReport &report, const QString &path, QWidget *parent);
     [[nodiscard]] static bool print(const ListReport &report, QPrinter &printer, QWidget *parent);
-    // The same, asking for the file first.
+    // The name that a file of the report is offered: the report's and today's date, without what a file's name cannot hold.
+    static QString fileName(const ListReport &report, const QString &suffix);
+    // The same, asking for the file first and telling of it afterwards.
     static void askAndSavePdf(const ListReport &report, QWidget *parent);
     static void askAndSaveSpreadsheet(const ListReport &report, QWidget *parent);
     // Lets the user arrange the report's layouts; true when they or the report's layout changed.

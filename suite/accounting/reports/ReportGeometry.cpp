@@ -47,6 +47,23 @@ double fitted(const ColumnNeed &column, double width, double wanted, double leas
     return column.least * width / least;
 }
 
+// A page for the tail, and what comes along of the last one; room: the lines that the tail leaves.
+void bringTail(std::vector<Page> &pages, int room)
+{
+    Page along;
+    Page &last = pages.back();
+    if (room > 0) {
+        Slice &slice = last.back();
+        const bool whole = last.size() > 1 && slice.lineCount <= room;
+        const int lines = whole ? slice.lineCount : 1;
+        along.push_back({slice.row, slice.firstLine + slice.lineCount - lines, lines});
+        slice.lineCount -= lines;
+        if (whole)
+            last.pop_back();
+    }
+    pages.push_back(std::move(along));
+}
+
 }
 
 std::vector<double> fitColumns(std::span<const ColumnNeed> columns, double width)
@@ -114,7 +131,7 @@ std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tai
         }
     }
     if (used > 0 && std::min(tailLines, capacity) > capacity - used)
-        turn();
+        bringTail(pages, capacity - tailLines);
     return pages;
 }
 

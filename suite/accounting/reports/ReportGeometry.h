@@ -39,8 +39,9 @@ struct Slice
 using Page = std::vector<Slice>;
 
 // Divides rows, given as line counts, among pages of linesPerPage lines each. A row stays whole on one page unless
-// it is longer than a page; then it continues from page to page. What stands below the last row (tailLines, no more than a
-// page) comes on a page of its own, without rows, when it does not fit any more. Always at least one page.
+// it is longer than a page; then it continues from page to page. What stands below the last row (tailLines) goes on another page
+// when it does not fit any more, and takes the last row along, or the last line of one that fills its page; without rows it
+// stands there only where it leaves no line for them. Always at least one page.
 [[nodiscard]] TZACCOUNTINGDATA_EXPORT std::vector<Page> paginate(std::span<const int> lines, int linesPerPage, int tailLines);
 
 }

@@ -126,6 +126,7 @@ PREVIEW = "پیش نمایش چاپ - "
 SAVE_PDF = "ذخیره PDF"
 SAVE_SPREADSHEET = "صفحه گسترده"
 SAVE_FILE = "ذخیره"
+FILE_SAVED = "فایل «{}» ذخیره شد."
 
 # Messages.
 SAME_PERSON = "دو طرف معامله نمی تواند یک شخص باشد."

@@ -198,6 +198,8 @@ def save_file(office, window, command, path, picture=None):
     """Has the window store a file; returns the path of the complete file."""
     office.driver.press(command, window)
     answer_file_window(office, labels.SAVE_FILE, path, picture)
-    wait_for(lambda: os.path.getsize(path) > 0, f"{os.path.basename(path)} to be written")
+    name = os.path.basename(path)
+    wait_for(lambda: os.path.getsize(path) > 0, f"{name} to be written")
+    office.message(labels.NOTICE, labels.FILE_SAVED.format(name))
     office.driver.ready(window)
     return path

@@ -64,6 +64,7 @@ class TestKMessageDialog : public QObject
 
 private Q_SLOTS:
     void cleanup();
+    void writtenFileHasAButtonForItsFolder();
     void messageHasOneButtonAndClosesByKey_data();
     void messageHasOneButtonAndClosesByKey();
     void questionIsAnsweredByKey_data();
@@ -77,6 +78,30 @@ void TestKMessageDialog::cleanup()
 {
     for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
         dialog->answerAll(false);
+}
+
+void TestKMessageDialog::writtenFileHasAButtonForItsFolder()
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        bool opened = true;
+        const Seen seen = pressWhenShown(key, [&] { opened = g_pDlgMessage->ShowWritten(u"ذخیره شد."_s); });
+        QCOMPARE(seen.buttons, sorted({u"باشه"_s, u"باز کردن پوشه"_s}));
+        QCOMPARE(seen.focused, u"باشه"_s);
+        QVERIFY(!opened);
+    }
+    bool opened = false;
+    QTimer::singleShot(50, [] {
+        const QWidget *box = QApplication::activeModalWidget();
+        for (QPushButton *button : box->findChildren<QPushButton *>()) {
+            if (button->text() == u"باز کردن پوشه"_s)
+                button->click();
+        }
+    });
+    opened = g_pDlgMessage->ShowWritten(u"ذخیره شد."_s);
+    QVERIFY(opened);
+    g_pDlgMessage->answerAll(true);
+    QVERIFY(!g_pDlgMessage->ShowWritten(u"ذخیره شد."_s));
+    g_pDlgMessage->answerAll(false);
 }
 
 void TestKMessageDialog::messageHasOneButtonAndClosesByKey_data()

@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -75,6 +76,45 @@ private Q_SLOTS:
         m_office.database.run(u"DELETE FROM ReportLayouts"_s);
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgYesNo})
             dialog->takeShown();
+    }
+
+    void fileIsOfferedByTheListsNameAndDate()
+    {
+        const QString date = shamsiText(QDate::currentDate()).replace(u'/', u'-');
+        QCOMPARE(CDlgReportGenerator::fileName(sampleReport(1), u"pdf"_s), u"لیست قراردادها %1.pdf"_s.arg(date));
+        QCOMPARE(CDlgReportGenerator::fileName(ListReport(u"g"_s, u"a/b:c"_s), u"xlsx"_s), u"a-b-c %1.xlsx"_s.arg(date));
+    }
+
+    void savedFileIsTold_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("suffix");
+        QTest::newRow("PDF") << u"ذخیره PDF"_s << u"pdf"_s;
+        QTest::newRow("spreadsheet") << u"صفحه گسترده"_s << u"xlsx"_s;
+    }
+
+    void savedFileIsTold()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, suffix);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"a."_s + suffix);
+        g_pDlgMessage->answerNext(KMessageDialog::No); // the folder stays closed
+        CDlgReportGenerator generator(sampleReport(3));
+        QString offered;
+        whileShown(generator, [&] {
+            QTimer::singleShot(0, &generator, [&] {
+                auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+                QVERIFY(dialog);
+                offered = QFileInfo(dialog->selectedFiles().value(0)).fileName();
+                dialog->selectFile(path);
+                QMetaObject::invokeMethod(dialog, "accept");
+            });
+            click(&generator, command);
+        });
+        QCOMPARE(offered, CDlgReportGenerator::fileName(generator.report(), suffix));
+        QVERIFY(QFileInfo(path).size() > 0);
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"فایل «a.%1» ذخیره شد."_s.arg(suffix)});
     }
 
     void previewTurnsItsPages()

@@ -104,7 +104,11 @@ private Q_SLOTS:
             << QList<int>{1, 12, 1} << 0 << P{{{0, 0, 1}}, {{1, 0, 5}}, {{1, 5, 5}}, {{1, 10, 2}, {2, 0, 1}}};
         QTest::newRow("a row of exactly a page") << QList<int>{5, 5} << 0 << P{{{0, 0, 5}}, {{1, 0, 5}}};
         QTest::newRow("the tail fits") << QList<int>{3} << 2 << P{{{0, 0, 3}}};
-        QTest::newRow("the tail does not fit any more") << QList<int>{4} << 2 << P{{{0, 0, 4}}, {}};
+        QTest::newRow("the tail takes the last row along") << QList<int>{1, 1, 2} << 2 << P{{{0, 0, 1}, {1, 0, 1}}, {{2, 0, 2}}};
+        QTest::newRow("not one that is too long beside it") << QList<int>{1, 4} << 2 << P{{{0, 0, 1}, {1, 0, 3}}, {{1, 3, 1}}};
+        QTest::newRow("the last line of a row that is alone") << QList<int>{4} << 2 << P{{{0, 0, 3}}, {{0, 3, 1}}};
+        QTest::newRow("of a row that goes on") << QList<int>{9} << 3 << P{{{0, 0, 5}}, {{0, 5, 3}}, {{0, 8, 1}}};
+        QTest::newRow("a tail of a whole page stands alone") << QList<int>{1} << 5 << P{{{0, 0, 1}}, {}};
         QTest::newRow("a tail longer than a page") << QList<int>{1} << 9 << P{{{0, 0, 1}}, {}};
         QTest::newRow("a row without lines counts as one") << QList<int>{0} << 0 << P{{{0, 0, 1}}};
     }
