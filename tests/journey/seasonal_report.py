@@ -22,7 +22,10 @@ ADDRESS = "تهران، خیابان گاندی جنوبی، کوچه بیست �
 BUYER_FIELDS = ((report_labels.NATIONAL_CODE, "0012345679"), (report_labels.AREA_CODE, "021"),
                 (report_labels.TELEPHONE, "88776655"), (report_labels.POSTAL_CODE, "1517812345"),
                 (report_labels.ADDRESS, LONG_ADDRESS), (report_labels.ECONOMIC_CODE, "411223344556"),
-                (report_labels.TAX_ZONE, "1207"), (report_labels.PROVINCE_CODE, "23"), (report_labels.CITY_CODE, "2301"))
+                (report_labels.TAX_ZONE, "1207"))
+# Chosen by words; their numbers, 6, 23 and 2301, stand in the report.
+BUYER_TAX = ((report_labels.PARTY_KIND, "مشمول حقیقی ماده 81 قانون مالیات‌های مستقیم"), (report_labels.PROVINCE, "تهران"),
+             (report_labels.CITY, "تهران"))
 SALE = (books.Line(INSPECTION, 2, 20_000_000), books.Line(CLEANING, 1, 17_500_000), books.Line(CLEANING, 1, 900_000))
 PURCHASE = (books.Line(PARKING, 3, 25_000_000),)
 DISCOUNT = 1_400_000
@@ -139,7 +142,8 @@ def pick_new_buyer(office, editor):
     person = office.tree.window(labels.NEW_PERSON)
     for label, text in ((labels.FIRST_NAME, BUYER[0]), (labels.FAMILY_NAME, BUYER[1]), *BUYER_FIELDS):
         office.driver.enter(label, text, person)
-    office.driver.choose(report_labels.PARTY_KIND, "6", person)
+    for label, word in BUYER_TAX:
+        office.driver.choose(label, word, person)
     office.pictures.take("buyer", "The buyer's address is longer than the tax authority takes")
     office.driver.press(labels.OK, person)
     office.tree.no_window(labels.NEW_PERSON)

@@ -8,6 +8,7 @@
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/crm/persons/MobileNumber.h"
+#include "suite/crm/persons/TaxFields.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
@@ -61,8 +62,6 @@ QList<KFormField> formFields()
         {.column = u"sAddress"_s, .label = u"آدرس :"_s},
         {.column = u"sEconomicCode"_s, .label = u"کد اقتصادی :"_s},
         {.column = u"iTaxZone"_s, .label = u"حوزه مالیاتی :"_s, .kind = Kind::Integer},
-        {.column = u"iProvinceCode"_s, .label = u"کد استان :"_s, .kind = Kind::Integer},
-        {.column = u"iCityCode"_s, .label = u"کد شهر :"_s, .kind = Kind::Integer},
         {.column = u"dPercentDiscount"_s, .label = u"درصد تخفیف :"_s, .kind = Kind::Percent},
         {.column = u"iStatus"_s, .label = u"غیر فعال"_s, .kind = Kind::Flag},
     };
@@ -86,9 +85,6 @@ constexpr std::array legalLabels{
 
 // What only people have.
 constexpr std::array naturalOnly{u"sFamily", u"iSex", u"sFatherName", u"sBirthCity"};
-
-constexpr int firstTaxKind = 5;
-constexpr int lastTaxKind = 8;
 
 bool isDigitsOnly(const QString &text)
 {
@@ -143,10 +139,7 @@ void CDlgAddPerson::build()
     static const QStringList titles{u"شخص جدید"_s, u"ویرایش شخص"_s, u"نمایش شخص"_s};
     setWindowTitle(titles.at(static_cast<int>(m_mode)));
     m_form = new KForm(formFields(), m_record, this);
-    m_taxKind = new QComboBox(this);
-    m_taxKind->addItem(u"-"_s, 0);
-    for (int kind = firstTaxKind; kind <= lastTaxKind; ++kind)
-        m_taxKind->addItem(QString::number(kind), kind);
+    m_tax = std::make_unique<TaxFields>(this);
     m_nationalHint = IdentityHints::createLabel(this);
     m_mobileHint = IdentityHints::createLabel(this);
     auto *layout = new QVBoxLayout(this);
@@ -156,10 +149,14 @@ void CDlgAddPerson::build()
     layout->addStretch(1);
     const bool show = m_mode == Mode::Show;
     layout->addWidget(show ? createButtons({}, u"بستن"_s) : createButtons());
-    setTabOrder(m_form->control(u"sEconomicCode"_s), m_taxKind);
-    setTabOrder(m_taxKind, m_form->control(u"iTaxZone"_s));
+    QWidget *before = m_form->control(u"iTaxZone"_s);
+    for (QWidget *next : {static_cast<QWidget *>(m_tax->kind()), static_cast<QWidget *>(m_tax->province()),
+                          static_cast<QWidget *>(m_tax->city()), m_form->control(u"dPercentDiscount"_s)}) {
+        setTabOrder(before, next);
+        before = next;
+    }
     m_form->setShowMode(show);
-    m_taxKind->setEnabled(!show);
+    m_tax->setReadOnly(show);
     connect(m_form->comboBox(u"iKind"_s), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);
     for (const char16_t *column : {u"sNationalCode", u"sMobile"})
         connect(m_form->edit(QString::fromUtf16(column)), &KEdit::textChanged, this, &CDlgAddPerson::updateHints);
@@ -230,13 +227,14 @@ QWidget *CDlgAddPerson::buildTax()
 {
     auto *group = new QGroupBox(u"مالیات و تخفیف"_s, this);
     static constexpr Row rows[] = {
-        {u"sEconomicCode", nullptr},
-        {u"iTaxZone", u"iProvinceCode"},
-        {u"iCityCode", u"dPercentDiscount"},
+        {u"sEconomicCode", u"iTaxZone"},
     };
     QGridLayout *grid = placeRows(group, rows);
-    addLabelled(grid, 0, 2, u"کد نوع مودی :"_s, m_taxKind);
-    m_form->place(grid, 3, 0, u"iStatus"_s);
+    m_tax->placeKind(grid, 1, 0, 3);
+    m_tax->placeProvince(grid, 2, 0);
+    m_tax->placeCity(grid, 2, 2);
+    m_form->place(grid, 3, 0, u"dPercentDiscount"_s);
+    m_form->place(grid, 3, 2, u"iStatus"_s);
     return group;
 }
 
@@ -245,7 +243,7 @@ void CDlgAddPerson::loadRecord()
     m_form->load(m_record);
     // Every kind above the named ones is a legal person too.
     m_form->comboBox(u"iKind"_s)->setCurrentIndex(m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
-    m_taxKind->setCurrentIndex(qMax(m_taxKind->findData(m_record.m_iTaxKind), 0));
+    m_tax->load(m_record);
     applyKind();
 }
 
@@ -310,6 +308,8 @@ bool CDlgAddPerson::isEntryGood()
         return refuse(u"لطفا نام شخص را وارد نمایید."_s, name);
     if (const auto problem = m_form->firstInvalid())
         return refuse(problem->message, problem->widget);
+    if (const QString problem = m_tax->problem(); !problem.isEmpty())
+        return refuse(problem, m_tax->city());
     KEdit *code = m_form->edit(u"iCode"_s);
     if (code->integer() == m_record.m_iCode && m_mode == Mode::Add) {
         // Proposed, not chosen: it may have been assigned to somebody else since.
@@ -344,7 +344,7 @@ void CDlgAddPerson::storeRecord()
     if (m_record.m_iKind == CTblPersons::kindLegal && storedKind > CTblPersons::kindLegal)
         m_record.m_iKind = storedKind;
     m_record.m_bNatural = m_record.isNatural() ? 1 : 0;
-    m_record.m_iTaxKind = m_taxKind->currentData().toInt();
+    m_tax->store(m_record);
     if (!m_record.isNatural()) {
         m_record.m_sName = CTblPersons::displayName(m_record.m_sName, m_record.m_sFamily);
         m_record.m_sFamily.clear();

@@ -7,13 +7,14 @@
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
 
+#include <memory>
 #include <span>
 
 class KForm;
-class QComboBox;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
+class TaxFields;
 
 // The editor of one person ("مشخصات شخص"). A name is all that it insists on; a national code or mobile that looks wrong
 // gets a hint beside the field and is saved as it is, because people do bring such papers.
@@ -74,7 +75,7 @@ private:
     bool m_loaded = false;
     CTblPersons m_record;
     KForm *m_form = nullptr;
-    QComboBox *m_taxKind = nullptr;
+    std::unique_ptr<TaxFields> m_tax;
     QLabel *m_nationalHint = nullptr;
     QLabel *m_mobileHint = nullptr;
 };

@@ -17,6 +17,9 @@ struct Province
 {
     QString name;
     QStringList cities;
+    QList<int> counties; // of the cities
+
+    int code() const { return counties.first() / Provinces::countiesOfAProvince; }
 };
 
 QList<Province> readProvinces()
@@ -27,11 +30,12 @@ QList<Province> readProvinces()
         return provinces;
     for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
         const QStringList cells = line.split(u'\t');
-        if (cells.size() != 2 || line.startsWith(u'#'))
+        if (cells.size() != 3 || line.startsWith(u'#'))
             continue;
         if (provinces.isEmpty() || provinces.last().name != cells[0])
-            provinces.append({cells[0], {}});
+            provinces.append({cells[0], {}, {}});
         provinces.last().cities.append(cells[1]);
+        provinces.last().counties.append(cells[2].toInt());
     }
     return provinces;
 }
@@ -60,6 +64,33 @@ QStringList Provinces::cities(const QString &province)
             return candidate.cities;
     }
     return {};
+}
+
+int Provinces::code(const QString &province)
+{
+    for (const Province &candidate : provinces()) {
+        if (candidate.name == province)
+            return candidate.code();
+    }
+    return -1;
+}
+
+QList<Provinces::County> Provinces::counties(int provinceCode)
+{
+    QList<County> counties;
+    for (const Province &province : provinces()) {
+        if (province.code() != provinceCode)
+            continue;
+        for (qsizetype i = 0; i < province.cities.size(); ++i) {
+            const int code = province.counties.at(i);
+            const auto known = std::ranges::find(counties, code, &County::code);
+            if (known == counties.end())
+                counties.append({code, province.cities.at(i)});
+            else
+                known->cities += u"، "_s + province.cities.at(i);
+        }
+    }
+    return counties;
 }
 
 bool Provinces::isCity(const QString &city)

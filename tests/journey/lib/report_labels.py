@@ -49,10 +49,10 @@ POSTAL_CODE = "کد پستی :"
 ADDRESS = "آدرس :"
 ECONOMIC_CODE = "کد اقتصادی :"
 NATIONAL_CODE = "کد ملی :"
-PARTY_KIND = "کد نوع مودی :"
+PARTY_KIND = "نوع مودی :"
 TAX_ZONE = "حوزه مالیاتی :"
-PROVINCE_CODE = "کد استان :"
-CITY_CODE = "کد شهر :"
+PROVINCE = "استان :"
+CITY = "شهر :"
 
 # The seasonal report.
 SEASONAL = "گزارش فصلي"

@@ -25,6 +25,10 @@ private Q_SLOTS:
     void initTestCase() { QApplication::setLayoutDirection(Qt::RightToLeft); }
     void init() { m_office.reset(); }
     void savesEveryField();
+    void taxNumbersReadAsWords_data();
+    void taxNumbersReadAsWords();
+    void anotherProvinceHasItsOwnCities();
+    void provinceOfNumberZeroNeedsItsCity();
     void nameIsRequired();
     void wrongNationalCodeAndMobileGetAHintAndAreSaved();
     void hintGoesWhenTheEntryIsRight();
@@ -90,8 +94,6 @@ void TestCDlgAddPerson::savesEveryField()
         {u"آدرس :"_s, u"تهران"_s},
         {u"کد اقتصادی :"_s, u"411"_s},
         {u"حوزه مالیاتی :"_s, u"7"_s},
-        {u"کد استان :"_s, u"8"_s},
-        {u"کد شهر :"_s, u"9"_s},
         {u"درصد تخفیف :"_s, u"12.5"_s},
     };
     for (const auto &[name, text] : texts) {
@@ -99,7 +101,9 @@ void TestCDlgAddPerson::savesEveryField()
         edit(dialog, name)->setText(text);
     }
     combo(dialog, u"جنسیت :"_s)->setCurrentIndex(1);
-    combo(dialog, u"کد نوع مودی :"_s)->setCurrentIndex(2);
+    combo(dialog, u"نوع مودی :"_s)->setCurrentIndex(2);
+    combo(dialog, u"استان :"_s)->setCurrentText(u"تهران"_s);
+    combo(dialog, u"شهر :"_s)->setCurrentText(u"ورامین"_s);
     Hand::named<KDateEdit>(&dialog, u"تاریخ تولد :"_s)->setText(u"13640101"_s);
     Hand::named<QCheckBox>(&dialog, u"غیر فعال"_s)->setChecked(true);
     dialog.accept();
@@ -120,14 +124,72 @@ void TestCDlgAddPerson::savesEveryField()
     QCOMPARE(person->m_sAddress, u"تهران"_s);
     QCOMPARE(person->m_sEconomicCode, u"411"_s);
     QCOMPARE(person->m_iTaxZone, 7);
-    QCOMPARE(person->m_iProvinceCode, 8);
-    QCOMPARE(person->m_iCityCode, 9);
+    QCOMPARE(person->m_iProvinceCode, 23);
+    QCOMPARE(person->m_iCityCode, 2306);
     QCOMPARE(person->m_dPercentDiscount, 12.5);
     QCOMPARE(person->m_iSex, CTblPersons::sexWoman);
     QCOMPARE(person->m_iTaxKind, 6);
     QCOMPARE(person->m_dateBirth, QDateTime(QDate(1985, 3, 21), QTime(0, 0), Qt::UTC));
     QCOMPARE(person->m_iStatus, CTblPersons::statusInactive);
     QCOMPARE(person->m_bNatural, 1);
+}
+
+void TestCDlgAddPerson::taxNumbersReadAsWords_data()
+{
+    QTest::addColumn<QList<int>>("numbers"); // kind, province, city
+    QTest::addColumn<QStringList>("words");
+    QTest::newRow("none") << QList<int>{0, 0, 0} << QStringList{u"-"_s, u"-"_s, u"-"_s};
+    QTest::newRow("known") << QList<int>{8, 3, 303} << QStringList{u"مصرف کننده نهایی"_s, u"آذربایجان شرقی"_s, u"تبریز"_s};
+    QTest::newRow("province 0") << QList<int>{5, 0, 1}
+                                << QStringList{u"مودی مشمول ثبت نام در نظام مالیاتی"_s, u"مرکزی"_s, u"اراک"_s};
+    QTest::newRow("numbers that have no word") << QList<int>{2, 77, 9} << QStringList{u"2"_s, u"77"_s, u"9"_s};
+}
+
+void TestCDlgAddPerson::taxNumbersReadAsWords()
+{
+    QFETCH(QList<int>, numbers);
+    m_office.db.run(u"INSERT INTO Persons(iID,iCode,sName,sName2,iTaxKind,iProvinceCode,iCityCode) VALUES(7,7,'ع','ع',%1,%2,%3)"_s
+                        .arg(numbers.at(0))
+                        .arg(numbers.at(1))
+                        .arg(numbers.at(2)));
+    CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, 7);
+    dialog.show();
+    QTEST((QStringList{combo(dialog, u"نوع مودی :"_s)->currentText(), combo(dialog, u"استان :"_s)->currentText(),
+                       combo(dialog, u"شهر :"_s)->currentText()}),
+          "words");
+    QVERIFY(dialog.OnOK());
+    const CTblPersons *person = stored(7);
+    QCOMPARE((QList<int>{person->m_iTaxKind, person->m_iProvinceCode, person->m_iCityCode}), numbers);
+}
+
+void TestCDlgAddPerson::anotherProvinceHasItsOwnCities()
+{
+    CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
+    dialog.show();
+    QComboBox *province = combo(dialog, u"استان :"_s);
+    QComboBox *city = combo(dialog, u"شهر :"_s);
+    QCOMPARE(city->count(), 1);
+    province->setCurrentText(u"یزد"_s);
+    city->setCurrentText(u"میبد"_s);
+    province->setCurrentText(u"فارس"_s);
+    QCOMPARE(city->currentText(), u"-"_s);
+    QVERIFY(city->findText(u"شیراز"_s) > 0);
+    QCOMPARE(city->findText(u"میبد"_s), -1);
+}
+
+void TestCDlgAddPerson::provinceOfNumberZeroNeedsItsCity()
+{
+    CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
+    dialog.show();
+    edit(dialog, u"نام :"_s)->setText(u"علی"_s);
+    combo(dialog, u"استان :"_s)->setCurrentText(u"مرکزی"_s);
+    dialog.accept();
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(dialog.focusWidget(), combo(dialog, u"شهر :"_s));
+    combo(dialog, u"شهر :"_s)->setCurrentText(u"ساوه"_s);
+    QVERIFY(dialog.OnOK());
+    QCOMPARE(stored(dialog.personID())->m_iCityCode, 6);
 }
 
 void TestCDlgAddPerson::nameIsRequired()
@@ -399,8 +461,8 @@ void TestCDlgAddPerson::enterWalksThroughTheForm()
         u"نام پدر :"_s, u"تاریخ تولد :"_s, u"محل تولد :"_s,
         u"شماره شناسنامه :"_s, u"محل صدور :"_s, u"موبایل :"_s,
         u"پیش شماره :"_s, u"تلفن :"_s, u"کد پستی :"_s, u"آدرس :"_s,
-        u"کد اقتصادی :"_s, u"کد نوع مودی :"_s, u"حوزه مالیاتی :"_s,
-        u"کد استان :"_s, u"کد شهر :"_s, u"درصد تخفیف :"_s, u"غیر فعال"_s};
+        u"کد اقتصادی :"_s, u"حوزه مالیاتی :"_s, u"نوع مودی :"_s,
+        u"استان :"_s, u"شهر :"_s, u"درصد تخفیف :"_s, u"غیر فعال"_s};
     QCOMPARE(walked, expected);
 }
 

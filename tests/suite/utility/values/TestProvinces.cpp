@@ -65,6 +65,36 @@ private Q_SLOTS:
         QVERIFY(Provinces::isCity(u"كرج"_s));
     }
 
+    void everyProvinceAndCountyHasItsNumber()
+    {
+        QSet<int> codes;
+        for (const QString &name : Provinces::names()) {
+            const int code = Provinces::code(name);
+            QVERIFY2(code >= 0 && code <= 30, qPrintable(name));
+            codes.insert(code);
+            QStringList cities;
+            QSet<int> counties;
+            for (const Provinces::County &county : Provinces::counties(code)) {
+                QCOMPARE(county.code / Provinces::countiesOfAProvince, code);
+                QVERIFY(county.code % Provinces::countiesOfAProvince > 0);
+                QVERIFY2(!counties.contains(county.code), qPrintable(county.cities));
+                counties.insert(county.code);
+                cities += county.cities.split(u"، "_s);
+            }
+            QCOMPARE(QSet<QString>(cities.cbegin(), cities.cend()), [&] {
+                const QStringList all = Provinces::cities(name);
+                return QSet<QString>(all.cbegin(), all.cend());
+            }());
+        }
+        QCOMPARE(codes.size(), 31);
+        QCOMPARE(Provinces::code(u"تهران"_s), 23);
+        QCOMPARE(Provinces::code(u"مرکزی"_s), 0);
+        QCOMPARE(Provinces::code(u"ناکجا"_s), -1);
+        QCOMPARE(Provinces::counties(3).first().code, 303);
+        QCOMPARE(Provinces::counties(3).first().cities, u"تبریز"_s);
+        QVERIFY(Provinces::counties(-1).isEmpty());
+    }
+
     void whatIsNoPlaceGivesNothing()
     {
         QVERIFY(Provinces::cities(QString()).isEmpty());

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+class CTblPersons;
+class QComboBox;
+class QGridLayout;
+class QWidget;
+
+// What the tax authority keeps by number and people know by word: a person's kind as a taxpayer, the province and the city. A
+// number without a word of ours is shown as it is and kept.
+class TaxFields
+{
+public:
+    explicit TaxFields(QWidget *page);
+
+    // Puts each with its label into two neighbouring cells, the kind over span columns.
+    void placeKind(QGridLayout *grid, int row, int column, int span) const;
+    void placeProvince(QGridLayout *grid, int row, int column) const;
+    void placeCity(QGridLayout *grid, int row, int column) const;
+    QComboBox *kind() const { return m_kind; }
+    QComboBox *province() const { return m_province; }
+    QComboBox *city() const { return m_city; }
+    void setReadOnly(bool readOnly);
+
+    void load(const CTblPersons &person);
+    void store(CTblPersons &person) const;
+    // Why the choice cannot be stored, for the user; empty when it can. The city is to be chosen then: the number of مرکزی is 0,
+    // as it is without a province, and only a city's number tells them apart.
+    QString problem() const;
+
+private:
+    void fillCities();
+
+    QComboBox *m_kind;
+    QComboBox *m_province;
+    QComboBox *m_city;
+};
