@@ -16,19 +16,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QStringList fontsOf(const QDir &folder)
+{
+    QStringList files = folder.entryList({u"*.ttf"_s}, QDir::Files, QDir::Name);
+    for (QString &file : files)
+        file = folder.filePath(file);
+    return files;
+}
+
 QString familyBesideProgram()
 {
     const QDir folder(QCoreApplication::applicationDirPath() + u"/../share/tzauto/fonts"_s);
     QString family;
-    const QStringList files = folder.entryList({u"*.ttf"_s}, QDir::Files, QDir::Name);
-    for (const QString &file : files) {
+    for (const QString &file : fontsOf(folder)) {
         const QStringList families = QFontDatabase::applicationFontFamilies(
-            QFontDatabase::addApplicationFont(folder.filePath(file)));
+            QFontDatabase::addApplicationFont(file));
         // The cuts of other weights may name a family of their own; the shortest name is the one that has them all.
         for (const QString &name : families)
             if (family.isEmpty() || name.size() < family.size())
                 family = name;
     }
+    // The cut for codes is asked for by name (CodeFont), never the program's own.
+    for (const QString &file : fontsOf(folder.filePath(u"codes"_s)))
+        QFontDatabase::addApplicationFont(file);
     return family;
 }
 

@@ -15,6 +15,9 @@ LEFT_TO_RIGHT = frozenset(
     """.split()
 )
 
+# Codes of Latin letters and digits, whose digits look as on the car's papers.
+CODES = frozenset({"NumOfEngines", "ChassisNum"})
+
 HEADING = [
     "{Dealership}",
     "مشاور خودرو شماره: {NoAdvice}    حوزه ثبتی: {DomainRegister}",
@@ -189,7 +192,7 @@ def signatures(first, second):
 
 
 def form(title, blocks):
-    return Form(title, HEADING, REFERENCE, blocks, FOOTER, LEFT_TO_RIGHT)
+    return Form(title, HEADING, REFERENCE, blocks, FOOTER, LEFT_TO_RIGHT, CODES)
 
 
 SALE = form(

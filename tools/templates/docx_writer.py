@@ -23,6 +23,8 @@ PROLOG = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>\n'
 LEFT_TO_RIGHT_MARK = "\N{LEFT-TO-RIGHT MARK}"
 
 FONT = "Vazirmatn UI FD"
+# Its cut that draws ASCII digits in Latin shape.
+CODE_FONT = "Vazirmatn UI"
 # What a computer without the embedded font takes instead.
 FONT_SUBSTITUTES = "B Nazanin,Noto Naskh Arabic,Tahoma"
 
@@ -92,11 +94,16 @@ class Form:
     blocks: list
     footer: str            # before the page number
     fields_left_to_right: frozenset = field(default_factory=frozenset)
+    fields_of_codes: frozenset = field(default_factory=frozenset)
 
 
-def run_properties(left_to_right=False, bold=False, size=None, color=None):
+def fonts_of_runs(name):
+    return f'<w:rFonts w:ascii="{name}" w:hAnsi="{name}" w:eastAsia="{name}" w:cs="{name}"/>'
+
+
+def run_properties(left_to_right=False, bold=False, size=None, color=None, code=False):
     """Numbers and codes run left to right also in a Persian line; both take the font for complex scripts."""
-    parts = []
+    parts = [fonts_of_runs(CODE_FONT)] if code else []
     if bold:
         parts.append("<w:b/><w:bCs/>")
     if color:
@@ -136,7 +143,7 @@ class Writer:
             if piece.startswith("{"):
                 name = piece[1:-1]
                 left_to_right = name in self.form.fields_left_to_right
-                properties = run_properties(left_to_right, **look)
+                properties = run_properties(left_to_right, code=name in self.form.fields_of_codes, **look)
                 runs = field_runs(f"MERGEFIELD {name} \\* MERGEFORMAT", f"«{name}»", properties)
                 # The marks keep the parts of a telephone or cheque number in their order behind a Persian label.
                 mark = text_run(LEFT_TO_RIGHT_MARK, properties) if left_to_right else ""
@@ -302,9 +309,8 @@ def style(identifier, name, paragraph, run=""):
 
 
 def styles():
-    fonts = f'<w:rFonts w:ascii="{FONT}" w:hAnsi="{FONT}" w:eastAsia="{FONT}" w:cs="{FONT}"/>'
     return (
-        f"{PROLOG}<w:styles {NAMESPACES}><w:docDefaults><w:rPrDefault><w:rPr>{fonts}"
+        f"{PROLOG}<w:styles {NAMESPACES}><w:docDefaults><w:rPrDefault><w:rPr>{fonts_of_runs(FONT)}"
         '<w:sz w:val="20"/><w:szCs w:val="20"/><w:lang w:val="en-US" w:bidi="fa-IR"/></w:rPr></w:rPrDefault>'
         '<w:pPrDefault><w:pPr><w:spacing w:before="0" w:after="0" w:line="240" w:lineRule="auto"/></w:pPr></w:pPrDefault>'
         '</w:docDefaults><w:style w:type="paragraph" w:default="1" w:styleId="Normal"><w:name w:val="Normal"/>'
@@ -347,36 +353,51 @@ def settings(embeds_fonts):
 
 @dataclass(frozen=True)
 class EmbeddedFont:
+    name: str
     role: str  # Regular or Bold
     key: uuid.UUID
     data: bytes
 
     @property
+    def identifier(self):
+        return f"font{'' if self.name == FONT else 'Code'}{self.role}"
+
+    @property
     def part(self):
-        return f"fonts/font{self.role}.odttf"
+        return f"fonts/{self.identifier}.odttf"
 
 
 def embedded_fonts(folder):
-    """The program's font as a document carries it: its first 32 bytes mixed with a key that the font table names."""
+    """The program's fonts as a document carries them: the first 32 bytes mixed with a key that the font table names."""
     fonts = []
-    for role in ("Regular", "Bold"):
-        data = bytearray((Path(folder) / f"Vazirmatn-UI-FD-{role}.ttf").read_bytes())
-        key = uuid.uuid5(uuid.NAMESPACE_URL, f"urn:tzauto:font:{role}")
+    for name, role, file in (
+        (FONT, "Regular", "Vazirmatn-UI-FD-Regular.ttf"),
+        (FONT, "Bold", "Vazirmatn-UI-FD-Bold.ttf"),
+        (CODE_FONT, "Regular", "codes/Vazirmatn-UI-Regular.ttf"),
+        (CODE_FONT, "Bold", "codes/Vazirmatn-UI-Bold.ttf"),
+    ):
+        data = bytearray((Path(folder) / file).read_bytes())
+        key = uuid.uuid5(uuid.NAMESPACE_URL, f"urn:tzauto:font:{file}")
         mask = key.bytes[::-1]
         for i in range(32):
             data[i] ^= mask[i % 16]
-        fonts.append(EmbeddedFont(role, key, bytes(data)))
+        fonts.append(EmbeddedFont(name, role, key, bytes(data)))
     return fonts
 
 
 def font_table(fonts):
-    embeds = "".join(
-        f'<w:embed{font.role} r:id="font{font.role}" w:fontKey="{{{str(font.key).upper()}}}"/>' for font in fonts
-    )
-    return (
-        f'{PROLOG}<w:fonts {NAMESPACES}><w:font w:name="{FONT}"><w:altName w:val="{FONT_SUBSTITUTES}"/>'
-        f'<w:charset w:val="B2"/><w:family w:val="auto"/><w:pitch w:val="variable"/>{embeds}</w:font></w:fonts>'
-    )
+    def entry(name):
+        embeds = "".join(
+            f'<w:embed{font.role} r:id="{font.identifier}" w:fontKey="{{{str(font.key).upper()}}}"/>'
+            for font in fonts
+            if font.name == name
+        )
+        return (
+            f'<w:font w:name="{name}"><w:altName w:val="{FONT_SUBSTITUTES}"/><w:charset w:val="B2"/>'
+            f'<w:family w:val="auto"/><w:pitch w:val="variable"/>{embeds}</w:font>'
+        )
+
+    return f"{PROLOG}<w:fonts {NAMESPACES}>{entry(FONT)}{entry(CODE_FONT)}</w:fonts>"
 
 
 def relations(targets):
@@ -437,7 +458,7 @@ def package(form, fonts):
     }
     if fonts:
         parts["word/_rels/fontTable.xml.rels"] = relations(
-            [(f"font{font.role}", f"{RELATIONS}/font", font.part) for font in fonts]
+            [(font.identifier, f"{RELATIONS}/font", font.part) for font in fonts]
         )
         parts |= {f"word/{font.part}": font.data for font in fonts}
     return parts

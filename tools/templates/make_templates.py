@@ -6,7 +6,7 @@
 
     make_templates.py FOLDER [--font-folder FOLDER]
 
-The font folder holds the program's font; with it the documents carry the font and look alike on every computer.
+The font folder holds the program's fonts as they stand beside it; with them the documents look alike on every computer.
 """
 
 import argparse

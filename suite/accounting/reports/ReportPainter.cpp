@@ -3,6 +3,7 @@
 
 #include "suite/accounting/reports/ReportPainter.h"
 
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/values/CodeText.h"
 
 #include <QApplication>
@@ -133,6 +134,12 @@ int ReportPainter::pageCount() const
 bool ReportPainter::measureColumns(const ReportProgress &progress)
 {
     const QFontMetricsF metrics(m_font), bold(m_boldFont);
+    // Codes are measured in the font that draws them.
+    const auto advanceOf = [&](const QString &text, bool heading) {
+        if (CodeFont::isLatinCode(text))
+            return QFontMetricsF(CodeFont::of(heading ? m_boldFont : m_font, text)).horizontalAdvance(text);
+        return (heading ? bold : metrics).horizontalAdvance(text);
+    };
     const QVector<KListModel::Row> &rows = m_report.rows();
     std::vector<ReportGeometry::ColumnNeed> needs;
     for (const auto &shown : m_columns) {
@@ -149,11 +156,10 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
         if (progress && row % rowsPerReport == 0 && !progress(row, static_cast<int>(rows.size()) * 2))
             return false;
         const QVector<KListModel::Cell> &cells = rows.at(row).cells;
-        const QFontMetricsF &own = rows.at(row).heading ? bold : metrics;
         for (size_t i = 0; i < needs.size(); ++i) {
             const int column = m_columns.at(static_cast<int>(i)).column;
             const QString text = column < cells.size() ? cells.at(column).text : QString();
-            const double advance = text.isEmpty() ? 0 : own.horizontalAdvance(text);
+            const double advance = text.isEmpty() ? 0 : advanceOf(text, rows.at(row).heading);
             m_advances.push_back(static_cast<float>(advance));
             needs[i].wanted = std::max(needs[i].wanted, advance);
             needs[i].least = std::max(needs[i].least, advance * longestWord(text));
@@ -255,7 +261,7 @@ int ReportPainter::linesOf(const QString &text, const QFont &font, double width,
 {
     if (text.isEmpty())
         return 1;
-    QTextLayout layout(inLines(text, leftToRight), font);
+    QTextLayout layout(inLines(text, leftToRight), CodeFont::of(font, text));
     breakLines(layout, width, Qt::AlignRight, leftToRight);
     return std::max(1, layout.lineCount());
 }
@@ -265,7 +271,7 @@ void ReportPainter::drawText(QPainter &painter, const QRectF &box, const QString
 {
     if (text.isEmpty())
         return;
-    QTextLayout layout(inLines(text, leftToRight), font);
+    QTextLayout layout(inLines(text, leftToRight), CodeFont::of(font, text));
     breakLines(layout, box.width(), alignment, leftToRight);
     const int last = lineCount < 0 ? layout.lineCount() : std::min(layout.lineCount(), firstLine + lineCount);
     const double height = lineHeight(font);

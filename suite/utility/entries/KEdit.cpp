@@ -14,6 +14,7 @@
 #include <limits>
 
 #include "suite/utility/values/CodeText.h"
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
@@ -39,8 +40,10 @@ KEdit::KEdit(Kind kind, QWidget *parent)
     connect(this, &QLineEdit::editingFinished, this, &KEdit::normalize);
     connect(this, &QLineEdit::textEdited, this, [this](const QString &typed) {
         const QString ascii = toAsciiDigits(typed);
-        if (!isNumberKind() && ascii != typed)
+        if (!isNumberKind() && ascii != typed) {
             showText(ascii, cursorPosition());
+            takeFont();
+        }
     });
 }
 
@@ -144,8 +147,10 @@ void KEdit::takeText(const QString &text)
     setHint({});
     if (m_kind == Kind::Code)
         takeCode();
-    if (!isNumberKind())
+    if (!isNumberKind()) {
+        takeFont();
         return;
+    }
     TypedNumber typed = readTyped(text, cursorPosition(), {decimals(), m_minimum < 0});
     const double entered = typed.value();
     const QString shown = groupTyped(typed, m_kind == Kind::Money);
@@ -184,6 +189,18 @@ void KEdit::takeCode()
     const QString shown = CodeText::shown(toAsciiDigits(code), &caret);
     if (shown != text())
         showText(shown, int(caret));
+}
+
+void KEdit::takeFont()
+{
+    const bool latin = CodeFont::isLatinCode(text());
+    if (latin == m_isLatinCode)
+        return;
+    m_isLatinCode = latin;
+    QFont own; // one that says nothing is that of the form
+    if (latin)
+        own.setFamilies(CodeFont::families(font()));
+    setFont(own);
 }
 
 // A finished entry is shown as setNumber would show it.

@@ -89,6 +89,7 @@ private:
     QString displayText(double number) const;
     void takeText(const QString &text);
     void takeCode();
+    void takeFont();
     void normalize();
     void showText(const QString &text, int caret);
     void checkRange(double entered);
@@ -109,6 +110,7 @@ private:
     QString m_hint;
     QString m_told;              // the notice that the line is marked with
     bool m_pointRefused = false; // so are the digits that follow it
+    bool m_isLatinCode = false;  // and drawn in the font for it
     bool m_showing = false;
     bool m_selectOnRelease = false;
 };

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/entries/EntryMark.h"
 
 namespace {
@@ -24,11 +25,16 @@ QVariant look(const KListModel::Row &row, int column, int role)
 {
     constexpr QRgb mustBeMended = qRgb(200, 0, 0);
     if (role == Qt::FontRole) {
-        if (!row.warning && !row.heading)
+        const bool isCode = column < row.cells.size() && CodeFont::isLatinCode(row.cells.at(column).text);
+        const bool isBold = row.warning || row.heading;
+        if (!isCode && !isBold)
             return {};
-        QFont bold;
-        bold.setBold(true);
-        return bold;
+        QFont font;
+        if (isBold)
+            font.setBold(true);
+        if (isCode)
+            font.setFamilies(CodeFont::families(QGuiApplication::font()));
+        return font;
     }
     const QPalette palette = QGuiApplication::palette();
     if (column == row.markedCell)

@@ -38,7 +38,8 @@ QString hintFor(VehicleIdentification::State state)
 {
     switch (state) {
     case VehicleIdentification::State::WrongLength:
-        return u"VIN هفده نویسه دارد."_s;
+        // Begun in Persian: a line takes its direction, and with it its side, from its first letter.
+        return u"شماره VIN هفده نویسه دارد."_s;
     case VehicleIdentification::State::WrongCharacter:
         return u"تنها رقم و حرف لاتین، بدون I و O و Q، پذیرفته است."_s;
     case VehicleIdentification::State::WrongCheckDigit:

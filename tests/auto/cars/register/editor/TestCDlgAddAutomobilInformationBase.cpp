@@ -16,8 +16,11 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QBuffer>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -642,7 +645,7 @@ private Q_SLOTS:
         vin->setText(u"1HGCM82633A004352"_s);
         QCOMPARE(m_dialog->basePage()->vinHint(), QString());
         vin->setText(u"1HGCM"_s);
-        QCOMPARE(m_dialog->basePage()->vinHint(), u"VIN هفده نویسه دارد."_s);
+        QCOMPARE(m_dialog->basePage()->vinHint(), u"شماره VIN هفده نویسه دارد."_s);
         vin->setText(u"1HGCO"_s);
         QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
         Car car;
@@ -651,6 +654,29 @@ private Q_SLOTS:
         // The hint is there when the car is opened again.
         m_dialog = m_office->opened(m_dialog->key());
         QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
+    }
+
+    // Its words begin where the field begins, on the right, whatever letter comes first.
+    void hintStandsUnderTheVin()
+    {
+        open();
+        KEdit *vin = form().edit(u"sVIN"_s);
+        vin->setText(u"1HGCM"_s);
+        QCoreApplication::processEvents();
+        QLabel *hint = nullptr;
+        for (QLabel *label : vin->parentWidget()->findChildren<QLabel *>()) {
+            if (label->text() == m_dialog->basePage()->vinHint())
+                hint = label;
+        }
+        QVERIFY(hint);
+        QVERIFY(hint->y() >= vin->geometry().bottom());
+        const QImage picture = hint->grab().toImage();
+        int right = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = right + 1; x < picture.width(); ++x)
+                right = picture.pixel(x, y) == picture.pixel(0, 0) ? right : x;
+        }
+        QVERIFY2(std::abs(hint->x() + right - vin->geometry().right()) < 12, qPrintable(QString::number(right)));
     }
 
     // --- Insurance ---
