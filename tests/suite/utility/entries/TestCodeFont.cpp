@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/entries/CodeFont.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KListModel.h"
 #include "tests/support/RegisteredTest.h"
@@ -109,6 +110,22 @@ private Q_SLOTS:
         }
         QCOMPARE(typed.text(), u"X2"_s);
         QCOMPARE(typed.font().families().value(0), u"Vazirmatn UI"_s);
+        QApplication::setFont(before);
+    }
+
+    void dropDownTakesTheFontOfWhatItShows()
+    {
+        const QFont before = QApplication::font();
+        QApplication::setFont(QFont(programFamily, 10));
+        KDropDown choice;
+        choice.addItems({u"پژو 206"_s, u"X22"_s});
+        const auto familyOf = [&choice](int row) { return choice.itemData(row, Qt::FontRole).value<QFont>().families().value(0); };
+        QCOMPARE(familyOf(0), programFamily);
+        QCOMPARE(familyOf(1), u"Vazirmatn UI"_s);
+        choice.setCurrentIndex(1);
+        QCOMPARE(choice.font().families().value(0), u"Vazirmatn UI"_s);
+        choice.setCurrentIndex(0);
+        QCOMPARE(choice.font(), QApplication::font());
         QApplication::setFont(before);
     }
 
