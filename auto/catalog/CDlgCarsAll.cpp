@@ -130,6 +130,7 @@ void CDlgCarsAll::build()
     connect(m_import, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { importEntries(); }); });
 
     m_buttons = createButtons(u"انتخاب"_s);
+    setAsksBeforeDropping(false);
     for (QAbstractButton *button : m_buttons->buttons()) {
         if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             m_accept = qobject_cast<QPushButton *>(button);

@@ -154,8 +154,8 @@ void CDlgRecordEditor::refuseCode(const QString &why)
 
 void CDlgRecordEditor::unarchive()
 {
-    if (!takeOutOfArchive())
+    if (!mayDropTypedWork() || !takeOutOfArchive())
         return;
     m_refresh = true;
-    reject();
+    cancel();
 }

@@ -70,6 +70,8 @@ QLayout *CDlgUserRights::buildCopyRow()
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         m_source->addItem(users.m_sUser, users.m_iID);
 
+    // Whom to copy from is no right yet.
+    m_source->setProperty(followsSelection, true);
     m_source->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     auto *row = new QHBoxLayout;
     const auto addButton = [this, row](const QString &caption, auto action) {

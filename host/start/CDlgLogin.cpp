@@ -65,6 +65,7 @@ void CDlgLogin::build(const QString &officeName)
     m_hint->setMinimumHeight(m_hint->fontMetrics().lineSpacing());
 
     QDialogButtonBox *buttons = createButtons(u"ورود"_s, u"خروج"_s);
+    setAsksBeforeDropping(false);
     for (QAbstractButton *button : buttons->buttons())
         if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             m_ok = button;

@@ -29,6 +29,7 @@ CDlgServerPassword::CDlgServerPassword(const HostOptions &options, QWidget *pare
     auto *column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(createButtons(u"اتصال"_s));
+    setAsksBeforeDropping(false);
     m_password->setFocus();
 }
 

@@ -21,6 +21,8 @@ class QMimeData;
 class TZIMAGE_EXPORT KStaticImage : public QWidget
 {
     Q_OBJECT
+    // The box is an entry of its window, as a line is.
+    Q_PROPERTY(QByteArray bytes READ bytes NOTIFY changed USER true)
 
 public:
     explicit KStaticImage(QWidget *parent = nullptr);

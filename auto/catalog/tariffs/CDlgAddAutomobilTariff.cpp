@@ -104,7 +104,7 @@ bool CDlgAddAutomobilTariff::isEntryGood()
 bool CDlgAddAutomobilTariff::OnOK()
 {
     if (m_viewMode) {
-        reject();
+        cancel();
         return false;
     }
     if (!isEntryGood())
@@ -112,7 +112,7 @@ bool CDlgAddAutomobilTariff::OnOK()
     GetDBSetting()->RequireOpenDB();
     CTblAutomobilTariffs tariff;
     if (m_tariffID != 0 && !tariff.IsRecordExist(keyColumn, m_tariffID)) {
-        reject();
+        cancel();
         return false;
     }
     save(tariff);

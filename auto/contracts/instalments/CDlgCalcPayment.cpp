@@ -102,6 +102,8 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     }
     build(principal);
     loadPlan();
+    // It has no OK button: the plan is saved by a command.
+    setAsksBeforeDropping(true);
     resize(720, 620);
 }
 
@@ -410,6 +412,7 @@ void CDlgCalcPayment::savePlan()
     const KWaitCursor wait;
     StoredInstalments::save(m_contractID, m_contractCode, m_personID, m_plannedTerms, *m_plan);
     loadPlan();
+    typedWorkSaved();
     g_pDlgMessage->Show(u"اقساط ذخیره شد."_s, this);
 }
 

@@ -185,6 +185,7 @@ QWidget *CDlgAutoFullReport::buildFoot()
     line->addWidget(m_count);
     line->addStretch(1);
     QDialogButtonBox *buttons = createButtons(u"بازگشت"_s, u"انصراف"_s);
+    setAsksBeforeDropping(false);
     m_ok = buttons->findChildren<QPushButton *>().constFirst();
     line->addWidget(buttons);
     return foot;

@@ -12,6 +12,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -109,6 +110,9 @@ void CDlgCustomFields::load()
     }
     m_empty->setVisible(m_inputs.empty());
     m_opened = true;
+    // The window was shown before the fields were read.
+    if (auto *editor = qobject_cast<KDialog *>(window()))
+        editor->entriesLoaded(m_fields);
 }
 
 QHash<int, QString> CDlgCustomFields::typedValues() const

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/frame/KDialog.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -9,8 +10,9 @@
 
 using namespace Qt::StringLiterals;
 
-// The box that messages are shown in. It registers itself when the library of the windows is loaded, which the use of any of
-// them does, so that a program has it whatever its application object is.
+// The box that messages are shown in, and the question of a window that is closed with unsaved entries. Both are handed in when the
+// library of the windows is loaded, which the use of any of them does, so that a program has them whatever its application object
+// is.
 
 namespace {
 
@@ -100,9 +102,18 @@ KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Butt
     return cancel && box.clickedButton() == cancel ? KMessageDialog::Cancel : KMessageDialog::No;
 }
 
+bool mayDrop(QWidget *window)
+{
+    return g_pDlgYesNo->Ask(u"آنچه وارد کرده‌اید ذخیره نشده است. پنجره بدون ذخیره بسته شود؟"_s, window) != KMessageDialog::No;
+}
+
 const struct Installation
 {
-    Installation() { KMessageDialog::setBox(&show); }
+    Installation()
+    {
+        KMessageDialog::setBox(&show);
+        KDialog::setDropQuestion(&mayDrop);
+    }
 } whenLoaded;
 
 }

@@ -56,6 +56,7 @@ CDlgMultiItems::~CDlgMultiItems() = default;
 void CDlgMultiItems::build()
 {
     m_name->setMaxLength(longestName);
+    m_name->setProperty(followsSelection, true);
     auto *form = new QFormLayout;
     addLabelled(form, u"نام :"_s, m_name);
 

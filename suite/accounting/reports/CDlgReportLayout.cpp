@@ -108,6 +108,7 @@ QGroupBox *CDlgReportLayout::buildColumns()
     layout->addLayout(commands);
     connect(up, &QPushButton::clicked, this, [this] { moveColumn(-1); });
     connect(down, &QPushButton::clicked, this, [this] { moveColumn(1); });
+    m_share->setProperty(followsSelection, true);
     connect(m_share, &QSpinBox::valueChanged, this, [this](int percent) { m_columns->setShare(currentRow(), percent); });
     connect(m_columnList->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CDlgReportLayout::showShare);
     return box;

@@ -6,11 +6,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollArea>
 
@@ -19,6 +21,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Constant from the beginning, so that a library may hand its question in while it is loaded.
+constinit KDialog::DropQuestion dropQuestion = nullptr;
 
 bool isPressedByEnter(const QWidget *widget)
 {
@@ -77,16 +82,57 @@ QString KDialog::defaultCancelCaption()
     return u"انصراف"_s;
 }
 
+void KDialog::setDropQuestion(DropQuestion question)
+{
+    dropQuestion = question;
+}
+
 void KDialog::accept()
 {
+    const QScopedValueRollback accepting(m_accepting, true);
     if (OnOK())
         QDialog::accept();
 }
 
 void KDialog::reject()
 {
+    if (mayDropTypedWork())
+        cancel();
+}
+
+void KDialog::cancel()
+{
     OnCancel();
     QDialog::reject();
+}
+
+bool KDialog::holdsTypedWork() const
+{
+    return m_asks && isVisible() && m_typed.differs(this);
+}
+
+bool KDialog::mayDropTypedWork()
+{
+    return !holdsTypedWork() || !dropQuestion || dropQuestion(this);
+}
+
+void KDialog::entriesLoaded(const QWidget *part)
+{
+    m_typed.add(part);
+}
+
+void KDialog::typedWorkSaved()
+{
+    m_typed.remember(this);
+}
+
+// While the OK button's work is under way, its outcome decides: a window that is saving cannot be closed as cancelled.
+void KDialog::closeEvent(QCloseEvent *event)
+{
+    if (m_accepting)
+        event->ignore();
+    else
+        QDialog::closeEvent(event);
 }
 
 void KDialog::done(int result)
@@ -113,12 +159,13 @@ QDialogButtonBox *KDialog::createButtons(const QString &okCaption, const QString
         box->addButton(ok, QDialogButtonBox::AcceptRole);
         ok->setDefault(true);
         connect(ok, &QPushButton::clicked, this, &KDialog::accept);
+        m_asks = true;
     }
     if (!cancelCaption.isEmpty()) {
         auto *cancel = new QPushButton(cancelCaption, box);
         box->addButton(cancel, QDialogButtonBox::RejectRole);
         cancel->setAutoDefault(okCaption.isEmpty());
-        connect(cancel, &QPushButton::clicked, this, &KDialog::reject);
+        connect(cancel, &QPushButton::clicked, this, &KDialog::cancel);
     }
     return box;
 }
@@ -173,6 +220,8 @@ void KDialog::showEvent(QShowEvent *event)
     if (!m_sizeRestored)
         restoreSize();
     QDialog::showEvent(event);
+    if (m_asks && !event->spontaneous())
+        m_typed.remember(this);
 }
 
 void KDialog::restoreSize()

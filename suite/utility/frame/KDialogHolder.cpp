@@ -19,6 +19,8 @@ KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent, const QStrin
     if (page->layout())
         page->layout()->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(createButtons(okCaption, cancelCaption));
+    // What is typed here only looks for a row.
+    setAsksBeforeDropping(false);
     connect(page, &KDialogTabPage::titleChanged, this, &QWidget::setWindowTitle);
     connect(page, &KDialogTabPage::okRequested, this, &KDialogHolder::accept);
     connect(page, &KDialogTabPage::closeRequested, this, &KDialogHolder::reject);

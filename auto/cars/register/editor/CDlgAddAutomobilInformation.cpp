@@ -71,7 +71,7 @@ bool CDlgAddAutomobilInformation::OnOK()
 {
     if (!isShowMode())
         return CDlgRecordEditor::OnOK();
-    reject();
+    cancel();
     return false;
 }
 

@@ -12,12 +12,17 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStandardItemModel>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 #include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/frame/ModalWindows.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -32,7 +37,7 @@ public:
     {
         auto *layout = new QVBoxLayout(this);
         for (QWidget *widget :
-             std::initializer_list<QWidget *>{first, pick, readOnly, date, acting, disabled, combo, check, last})
+             std::initializer_list<QWidget *>{first, pick, readOnly, date, acting, disabled, combo, check, text, grid, followed, last})
             layout->addWidget(widget);
         readOnly->setReadOnly(true);
         disabled->setEnabled(false);
@@ -40,6 +45,18 @@ public:
         pick->setFocusPolicy(Qt::TabFocus);
         acting->setFocusPolicy(Qt::StrongFocus);
         acting->setProperty(actsOnEnter, true);
+        followed->setProperty(followsSelection, true);
+        combo->addItems({u"one"_s, u"two"_s, u"one"_s});
+        text->setTabChangesFocus(true);
+        text->setFocusPolicy(Qt::NoFocus);
+        grid->setModel(rows);
+        grid->setTabKeyNavigation(false);
+        grid->setFocusPolicy(Qt::NoFocus);
+        followed->setFocusPolicy(Qt::NoFocus);
+        rows->appendRow(new QStandardItem);
+        auto *ticked = new QStandardItem(u"tick"_s);
+        ticked->setCheckable(true);
+        rows->appendRow(ticked);
         buttons = createButtons();
         layout->addWidget(buttons);
     }
@@ -47,6 +64,8 @@ public:
     bool OnOK() override
     {
         ++okCount;
+        if (whileSaving)
+            whileSaving();
         return agrees;
     }
     void OnCancel() override { ++cancelCount; }
@@ -68,12 +87,28 @@ public:
     QLineEdit *disabled = new QLineEdit(this);
     QComboBox *combo = new QComboBox(this);
     QCheckBox *check = new QCheckBox(this);
+    QPlainTextEdit *text = new QPlainTextEdit(this);
+    QTableView *grid = new QTableView(this);
+    QStandardItemModel *rows = new QStandardItemModel(this);
+    QLineEdit *followed = new QLineEdit(this);
     QLineEdit *last = new QLineEdit(this);
     QDialogButtonBox *buttons = nullptr;
+    std::function<void()> whileSaving;
     bool agrees = true;
     int okCount = 0;
     int cancelCount = 0;
 };
+
+using Enter = std::function<void(SampleDialog &)>;
+
+int asked = 0;
+bool mayDrop = true;
+
+bool ask(QWidget *)
+{
+    ++asked;
+    return mayDrop;
+}
 
 void showActive(QWidget &window)
 {
@@ -84,12 +119,16 @@ void showActive(QWidget &window)
 
 }
 
+Q_DECLARE_METATYPE(Enter)
+
 class TestKDialog : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
+    void init();
+    void cleanupTestCase() { KDialog::setDropQuestion(nullptr); }
     void isRightToLeft();
     void buttonsCarryTheirCaptions();
     void enterGoesFromFieldToField();
@@ -103,6 +142,17 @@ private Q_SLOTS:
     void refusedOkStaysOpen();
     void escapeCancels();
     void closingTheWindowCancels();
+    void enteredWorkIsAskedAbout_data();
+    void enteredWorkIsAskedAbout();
+    void onlyWhatWasEnteredIsAskedAbout_data();
+    void onlyWhatWasEnteredIsAskedAbout();
+    void keptWorkKeepsTheWindow();
+    void cancelButtonIsTheAnswer();
+    void savedWorkIsNotAskedAbout();
+    void entryThatComesLaterCounts();
+    void windowWithoutAnOkButtonHoldsNoWork();
+    void windowThatIsSavingCannotBeClosed();
+    void modalWindowsCloseFromTheTop();
     void sizeIsRemembered();
     void sizeOfAnotherNameIsNotTaken();
     void storedSizeBeyondTheScreenIsCut();
@@ -116,6 +166,13 @@ private:
 void TestKDialog::initTestCase()
 {
     setSettingsFile(m_folder.filePath(u"settings.ini"_s));
+}
+
+void TestKDialog::init()
+{
+    asked = 0;
+    mayDrop = true;
+    KDialog::setDropQuestion(&ask);
 }
 
 void TestKDialog::isRightToLeft()
@@ -277,9 +334,175 @@ void TestKDialog::closingTheWindowCancels()
     QCOMPARE(dialog.cancelCount, 1);
 }
 
+void TestKDialog::enteredWorkIsAskedAbout_data()
+{
+    QTest::addColumn<Enter>("enter");
+    QTest::newRow("keys") << Enter([](SampleDialog &dialog) { QTest::keyClicks(dialog.first, u"a"_s); });
+    QTest::newRow("screen reader") << Enter([](SampleDialog &dialog) { dialog.first->setText(u"a"_s); });
+    QTest::newRow("picked into a read-only line") << Enter([](SampleDialog &dialog) { dialog.readOnly->setText(u"a"_s); });
+    QTest::newRow("date") << Enter([](SampleDialog &dialog) { dialog.date->setDate(QDate(2026, 1, 2)); });
+    QTest::newRow("tick of a date") << Enter([](SampleDialog &dialog) { dialog.date->setChecked(true); });
+    QTest::newRow("choice") << Enter([](SampleDialog &dialog) { dialog.combo->setCurrentIndex(1); });
+    QTest::newRow("choice of the same text") << Enter([](SampleDialog &dialog) { dialog.combo->setCurrentIndex(2); });
+    QTest::newRow("tick") << Enter([](SampleDialog &dialog) { dialog.check->setChecked(true); });
+    QTest::newRow("long text") << Enter([](SampleDialog &dialog) { dialog.text->setPlainText(u"a"_s); });
+    QTest::newRow("cell") << Enter([](SampleDialog &dialog) { dialog.rows->item(0)->setText(u"a"_s); });
+    QTest::newRow("tick in a grid") << Enter([](SampleDialog &dialog) { dialog.rows->item(1)->setCheckState(Qt::Checked); });
+    QTest::newRow("line of a grid") << Enter([](SampleDialog &dialog) { dialog.rows->appendRow(new QStandardItem(u"a"_s)); });
+    QTest::newRow("cell being edited") << Enter([](SampleDialog &dialog) {
+        dialog.grid->setCurrentIndex(dialog.rows->index(0, 0));
+        dialog.grid->edit(dialog.rows->index(0, 0));
+        auto *editor = dialog.grid->findChild<QLineEdit *>();
+        QVERIFY(editor);
+        QTest::keyClicks(editor, u"a"_s);
+        QVERIFY(dialog.rows->item(0)->text().isEmpty());
+    });
+}
+
+void TestKDialog::enteredWorkIsAskedAbout()
+{
+    QFETCH(Enter, enter);
+    SampleDialog dialog;
+    showActive(dialog);
+    enter(dialog);
+    QVERIFY(dialog.holdsTypedWork());
+    dialog.close();
+    QCOMPARE(asked, 1);
+    QVERIFY(!dialog.isVisible());
+    QCOMPARE(dialog.cancelCount, 1);
+}
+
+void TestKDialog::onlyWhatWasEnteredIsAskedAbout_data()
+{
+    QTest::addColumn<Enter>("enter");
+    QTest::newRow("nothing") << Enter([](SampleDialog &) {});
+    QTest::newRow("taken back") << Enter([](SampleDialog &dialog) {
+        QTest::keyClicks(dialog.first, u"a"_s);
+        QTest::keyClick(dialog.first, Qt::Key_Backspace);
+    });
+    QTest::newRow("a way through the fields") << Enter([](SampleDialog &dialog) {
+        dialog.first->setFocus();
+        for (int step = 0; step < 20; ++step)
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+    });
+    QTest::newRow("pressed button") << Enter([](SampleDialog &dialog) {
+        dialog.pick->setCheckable(true);
+        dialog.pick->click();
+    });
+    QTest::newRow("what follows a selection") << Enter([](SampleDialog &dialog) { dialog.followed->setText(u"a"_s); });
+}
+
+void TestKDialog::onlyWhatWasEnteredIsAskedAbout()
+{
+    QFETCH(Enter, enter);
+    SampleDialog dialog;
+    showActive(dialog);
+    enter(dialog);
+    QTest::keyClick(dialog.first, Qt::Key_Escape);
+    QCOMPARE(asked, 0);
+    QVERIFY(!dialog.isVisible());
+}
+
+void TestKDialog::keptWorkKeepsTheWindow()
+{
+    mayDrop = false;
+    SampleDialog dialog;
+    showActive(dialog);
+    QTest::keyClicks(dialog.first, u"a"_s);
+    QTest::keyClick(dialog.first, Qt::Key_Escape);
+    dialog.close();
+    QCOMPARE(asked, 2);
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(dialog.first->text(), u"a"_s);
+    QCOMPARE(dialog.cancelCount, 0);
+    mayDrop = true;
+    dialog.close();
+    QVERIFY(!dialog.isVisible());
+}
+
+void TestKDialog::cancelButtonIsTheAnswer()
+{
+    SampleDialog dialog;
+    showActive(dialog);
+    QTest::keyClicks(dialog.first, u"a"_s);
+    dialog.button(QDialogButtonBox::RejectRole)->click();
+    QCOMPARE(asked, 0);
+    QCOMPARE(dialog.cancelCount, 1);
+    QVERIFY(!dialog.isVisible());
+}
+
+void TestKDialog::savedWorkIsNotAskedAbout()
+{
+    SampleDialog dialog;
+    showActive(dialog);
+    QTest::keyClicks(dialog.first, u"a"_s);
+    dialog.accept();
+    QCOMPARE(asked, 0);
+    // Opened again, it begins with what it holds.
+    showActive(dialog);
+    dialog.close();
+    QCOMPARE(asked, 0);
+}
+
+void TestKDialog::entryThatComesLaterCounts()
+{
+    SampleDialog dialog;
+    showActive(dialog);
+    auto *late = new QLineEdit(&dialog);
+    late->setText(u"read"_s);
+    dialog.entriesLoaded(&dialog);
+    QVERIFY(!dialog.holdsTypedWork());
+    late->setText(u"entered"_s);
+    QVERIFY(dialog.holdsTypedWork());
+    delete late;
+    QVERIFY(!dialog.holdsTypedWork());
+}
+
+void TestKDialog::windowWithoutAnOkButtonHoldsNoWork()
+{
+    KDialog dialog;
+    QLineEdit line(&dialog);
+    showActive(dialog);
+    QTest::keyClicks(&line, u"a"_s);
+    dialog.close();
+    QCOMPARE(asked, 0);
+    QVERIFY(!dialog.isVisible());
+}
+
+// A program that ends while a window shows a message in the middle of saving.
+void TestKDialog::windowThatIsSavingCannotBeClosed()
+{
+    SampleDialog dialog;
+    showActive(dialog);
+    dialog.whileSaving = [&dialog] { QVERIFY(!dialog.close()); };
+    dialog.accept();
+    QCOMPARE(dialog.okCount, 1);
+    QCOMPARE(dialog.cancelCount, 0);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+}
+
+void TestKDialog::modalWindowsCloseFromTheTop()
+{
+    SampleDialog below;
+    SampleDialog above;
+    for (SampleDialog *dialog : {&below, &above}) {
+        dialog->setModal(true);
+        showActive(*dialog);
+    }
+    below.first->setText(u"a"_s);
+    mayDrop = false;
+    QVERIFY(!closeModalWindows());
+    QVERIFY(!above.isVisible());
+    QVERIFY(below.isVisible());
+    mayDrop = true;
+    QVERIFY(closeModalWindows());
+    QVERIFY(!below.isVisible());
+    QCOMPARE(asked, 2);
+}
+
 void TestKDialog::sizeIsRemembered()
 {
-    const QSize size(460, 420);
+    const QSize size(460, 560);
     {
         SampleDialog dialog;
         dialog.SetSettingName(u"AutomobilContracts\\Editor"_s);
