@@ -238,19 +238,22 @@ bool HostProgram::login()
 
 void HostProgram::work()
 {
-    MainWindow window(m_folder, m_module.entry());
-    QEventLoop loop;
-    connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
-    m_window = &window;
-    // The window appears first.
-    QTimer shown;
-    shown.setSingleShot(true);
-    connect(&shown, &QTimer::timeout, &window, &MainWindow::tellDueReminders);
-    window.show();
-    shown.start(0);
-    loop.exec();
-    m_switchUser = window.isSwitchingUser();
-    m_window = nullptr;
+    {
+        MainWindow window(m_folder, m_module.entry());
+        QEventLoop loop;
+        connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
+        m_window = &window;
+        // The window appears first.
+        QTimer shown;
+        shown.setSingleShot(true);
+        connect(&shown, &QTimer::timeout, &window, &MainWindow::tellDueReminders);
+        window.show();
+        shown.start(0);
+        loop.exec();
+        m_switchUser = window.isSwitchingUser();
+        m_window = nullptr;
+    }
+    // The pages store their user's settings as they end with the window.
     GetDBSetting()->Logout();
 }
 

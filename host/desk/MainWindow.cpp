@@ -27,6 +27,7 @@
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/utility/frame/ModalWindows.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -271,7 +272,7 @@ void MainWindow::takeBackup()
 void MainWindow::switchUser()
 {
     m_switchingUser = true;
-    close();
+    m_switchingUser = close();
 }
 
 void MainWindow::restoreWindow()
@@ -286,8 +287,11 @@ void MainWindow::restoreWindow()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    if (!closeModalWindows()) {
+        event->ignore();
+        return;
+    }
     WriteSetting(windowSection, u"geometry"_s, saveGeometry());
-    m_workArea->closeAll();
     event->accept();
     Q_EMIT closed();
 }

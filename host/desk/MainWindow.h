@@ -25,6 +25,7 @@ class MainWindow : public QMainWindow
 public:
     // module: null when it was not loaded; its menu is then there but disabled. The folder is where backups are.
     MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget *parent = nullptr);
+    // Ends the pages.
     ~MainWindow() override;
 
     WorkArea *workArea() const { return m_workArea; }
@@ -39,6 +40,8 @@ public:
     void tellDueReminders();
 
 Q_SIGNALS:
+    // The user leaves, and no window is open any more. Code that opened one may still be waiting for its event loop to end, so the
+    // pages stay until the window is destroyed.
     void closed();
 
 protected:

@@ -6,6 +6,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
+#include <QApplication>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
@@ -90,6 +91,11 @@ void WorkArea::closePage(int index)
     KDialogTabPage *closing = page(index);
     if (!closing)
         return;
+    // The mouse and the keys do not come here then, but a screen reader's commands do.
+    if (QWidget *modal = QApplication::activeModalWidget()) {
+        modal->activateWindow();
+        return;
+    }
     tellClosing(closing);
     m_tabs->removeTab(m_tabs->indexOf(closing));
     // Not at once: the click that closes the page may come from inside it.

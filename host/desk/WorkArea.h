@@ -37,7 +37,8 @@ public:
     }
 
     void setCurrent(int index);
-    // Notifies the page that it is closing, and destroys it.
+    // Notifies the page that it is closing, and destroys it. A page cannot be closed while a modal window is open: it may be the
+    // one that waits for it.
     void closePage(int index);
     void closeCurrent();
     // Closes every page now; none is alive on return.

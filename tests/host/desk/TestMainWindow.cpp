@@ -9,6 +9,7 @@
 #include "host/desk/StartButton.h"
 #include "host/desk/WorkArea.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/lists/KListPage.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
 #include "suite/utility/frame/KDialogTabPage.h"
@@ -22,7 +23,9 @@
 #include <QApplication>
 #include <QHash>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
@@ -53,7 +56,10 @@ private Q_SLOTS:
     void closedDatabaseIsMarked();
     void titleNamesTheOffice();
     void geometryIsRemembered();
-    void closingEndsEveryPageAndTellsIt();
+    void closingTellsItAndThePagesEndWithTheWindow();
+    void leavingEndsAnOpenEditorBeforeItsPage_data();
+    void leavingEndsAnOpenEditorBeforeItsPage();
+    void keptEditorKeepsTheProgram();
     void switchingUserIsTold();
     void remindersOpenOnceForEverybody();
     void badgeCountsTheUsersDueReminders();
@@ -297,15 +303,78 @@ void TestMainWindow::geometryIsRemembered()
     QCOMPARE(next.size(), size);
 }
 
-void TestMainWindow::closingEndsEveryPageAndTellsIt()
+void TestMainWindow::closingTellsItAndThePagesEndWithTheWindow()
+{
+    QPointer<KDialogTabPage> page;
+    {
+        MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+        action(window, u"قرارداد"_s)->trigger();
+        page = window.workArea()->currentPage();
+        action(window, u"اشخاص"_s)->trigger();
+        QSignalSpy closed(&window, &MainWindow::closed);
+        window.close();
+        QCOMPARE(closed.count(), 1);
+        QVERIFY(!window.isSwitchingUser());
+        QVERIFY(page);
+    }
+    QVERIFY(!page);
+}
+
+void TestMainWindow::leavingEndsAnOpenEditorBeforeItsPage_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<bool>("typed");
+    QTest::newRow("quit") << u"خروج"_s << false;
+    QTest::newRow("quit, work in the editor") << u"خروج"_s << true;
+    QTest::newRow("another login") << u"ورود با کاربر دیگر"_s << true;
+}
+
+// A screen reader's command reaches the menu past the editor. The editor belongs to code of the page that waits for it.
+void TestMainWindow::leavingEndsAnOpenEditorBeforeItsPage()
+{
+    QFETCH(QString, entry);
+    QFETCH(bool, typed);
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    action(window, u"خدمات"_s)->trigger();
+    auto *page = qobject_cast<KListPage *>(window.workArea()->currentPage());
+    QVERIFY(page);
+    QSignalSpy closed(&window, &MainWindow::closed);
+    Hand::inNextWindow([&](QDialog *dialog) {
+        if (typed)
+            dialog->findChild<QLineEdit *>()->setText(u"7"_s);
+        action(window, entry)->trigger();
+        QVERIFY(!dialog->isVisible());
+    });
+    const QPointer<KListPage> waiting = page;
+    QVERIFY(page->runCommand(u"new"));
+    QVERIFY(waiting);
+    QCOMPARE(closed.count(), 1);
+    QVERIFY(!window.isVisible());
+    QCOMPARE(g_pDlgYesNo->takeShown().size(), typed ? 1 : 0);
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Services"_s), u"0"_s);
+}
+
+void TestMainWindow::keptEditorKeepsTheProgram()
 {
     MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    action(window, u"قرارداد"_s)->trigger();
-    action(window, u"اشخاص"_s)->trigger();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    action(window, u"خدمات"_s)->trigger();
+    auto *page = static_cast<KListPage *>(window.workArea()->currentPage());
     QSignalSpy closed(&window, &MainWindow::closed);
-    window.close();
-    QCOMPARE(closed.count(), 1);
-    QCOMPARE(window.workArea()->count(), 0);
+    Hand::inNextWindow([&](QDialog *dialog) {
+        auto *line = dialog->findChild<QLineEdit *>();
+        line->setText(u"7"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        action(window, u"ورود با کاربر دیگر"_s)->trigger();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(line->text(), u"7"_s);
+    });
+    QVERIFY(page->runCommand(u"new"));
+    QCOMPARE(closed.count(), 0);
+    QVERIFY(window.isVisible());
     QVERIFY(!window.isSwitchingUser());
 }
 

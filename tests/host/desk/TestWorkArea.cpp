@@ -8,6 +8,7 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void pageThatCannotStoreItsSettingsStillCloses();
     void closeAllLeavesNoPageAlive();
     void pageOfATypeIsFoundAgain();
+    void pageStaysWhileAModalWindowIsOpen();
 };
 
 namespace {
@@ -191,6 +193,26 @@ void TestWorkArea::pageOfATypeIsFoundAgain()
     area.addPage(new Page(u"two"_s));
     QVERIFY(area.showExisting<OtherPage>());
     QVERIFY(qobject_cast<OtherPage *>(area.currentPage()));
+}
+
+// A screen reader's command reaches the tab past a modal window that stands on the page's own code.
+void TestWorkArea::pageStaysWhileAModalWindowIsOpen()
+{
+    int closings = 0;
+    WorkArea area(new QWidget);
+    const QPointer<Page> page = new Page(u"one"_s, &closings);
+    area.addPage(page);
+    QDialog dialog(page);
+    dialog.setModal(true);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    Q_EMIT tabs(area)->tabCloseRequested(0);
+    QTest::qWait(0);
+    QCOMPARE(closings, 0);
+    QCOMPARE(area.count(), 1);
+    dialog.close();
+    Q_EMIT tabs(area)->tabCloseRequested(0);
+    QCOMPARE(closings, 1);
 }
 
 static const RegisteredTest<TestWorkArea, QApplication> registeredWorkArea;
