@@ -64,18 +64,18 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
     return {
         {u"reset"_s, u"پيش فرض"_s, C::NotDisplayed, [this] { resetFilter(); }},
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addContract(); }, QKeySequence(Qt::Key_Insert),
-         u":/icons/new.svg"_s},
-        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+         u":/icons/new.svg"_s, Write},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
-        {u"show"_s, u"نمايش"_s, onRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s},
-        {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveContract(); }, {}, u":/icons/archive.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
+        {u"show"_s, u"نمايش"_s, onRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s, Read},
+        {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveContract(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilContractArchive"_s},
         printCommand(C::HiddenInSelect | C::StartsGroup),
-        {u"printContract"_s, u"چاپ قرارداد "_s, onRow, [this] { printContract(); }, {}, u":/icons/print.svg"_s},
-        {u"settleSeller"_s, u"تسويه با فروشنده"_s, onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, u":/icons/receipt.svg"_s},
-        {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(Side::Buyer); }, {}, u":/icons/receipt.svg"_s},
+        {u"printContract"_s, u"چاپ قرارداد "_s, onRow, [this] { printContract(); }, {}, u":/icons/print.svg"_s, Read},
+        {u"settleSeller"_s, u"تسويه با فروشنده"_s, onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
+        {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(Side::Buyer); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
         {u"settings"_s, u"تنظيمات"_s, C::StartsGroup, [this] { editSettings(); }, {}, u":/icons/settings.svg"_s},
-        {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s},
+        {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s, Access, u"AutoFullReport"_s},
     };
 }
 

@@ -57,11 +57,11 @@ std::vector<KListCommand> CDlgUsers::commands()
     constexpr int onRow = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly;
     return {
         {u"new"_s, u"جدید"_s, KListCommand::HiddenInReadOnly, [this] { addUser(); }, QKeySequence(Qt::Key_Insert),
-         u":/icons/new.svg"_s},
-        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editUser(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+         u":/icons/new.svg"_s, Write},
+        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editUser(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
         {u"rights"_s, u"دسترسی‌ها"_s, onRow | KListCommand::StartsGroup, [this] { editRights(); }, QKeySequence(Qt::Key_F4),
-         u":/icons/settings.svg"_s},
-        {u"toggleActive"_s, u"فعال / غیرفعال"_s, onRow, [this] { toggleActive(); }, {}, u":/icons/user.svg"_s},
+         u":/icons/settings.svg"_s, Modify},
+        {u"toggleActive"_s, u"فعال / غیرفعال"_s, onRow, [this] { toggleActive(); }, {}, u":/icons/user.svg"_s, Modify},
     };
 }
 

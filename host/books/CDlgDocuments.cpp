@@ -74,11 +74,11 @@ std::vector<KListCommand> CDlgDocuments::commands()
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
         {u"new"_s, u"سند جدید"_s, C::HiddenInReadOnly, [this] { addDocument(); }, QKeySequence(Qt::Key_Insert),
-         u":/icons/new.svg"_s},
+         u":/icons/new.svg"_s, Write},
         {u"edit"_s, u"ویرایش"_s, onRow, [this] { editDocument(); }, QKeySequence(Qt::Key_F2),
-         u":/icons/edit.svg"_s},
+         u":/icons/edit.svg"_s, Modify},
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
         printCommand(C::StartsGroup),
     };
 }

@@ -87,14 +87,14 @@ std::vector<KListCommand> CDlgFactors::commands()
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
         {u"newSale"_s, u"فروش جدید"_s, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::sale); }, QKeySequence(Qt::Key_Insert),
-         u":/icons/new.svg"_s},
+         u":/icons/new.svg"_s, Write},
         {u"newPurchase"_s, u"خرید جدید"_s, C::HiddenInReadOnly, [this] { addInvoice(CTblFactors::purchase); },
-         QKeySequence(Qt::SHIFT | Qt::Key_Insert), u":/icons/new.svg"_s},
-        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+         QKeySequence(Qt::SHIFT | Qt::Key_Insert), u":/icons/new.svg"_s, Write},
+        {u"edit"_s, u"ویرایش"_s, onRow, [this] { editInvoice(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
         {u"void"_s, u"ابطال"_s, onRow, [this] { voidInvoice(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
-        {u"show"_s, u"نمایش"_s, C::NeedsRow, [this] { showInvoice(); }, {}, u":/icons/show.svg"_s},
-        {u"showDocument"_s, u"نمایش سند"_s, C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, u":/icons/document.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
+        {u"show"_s, u"نمایش"_s, C::NeedsRow, [this] { showInvoice(); }, {}, u":/icons/show.svg"_s, Read},
+        {u"showDocument"_s, u"نمایش سند"_s, C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, u":/icons/document.svg"_s, Read, u"Documents"_s},
         printCommand(C::StartsGroup),
     };
 }

@@ -71,17 +71,17 @@ std::vector<KListCommand> CDlgAutomobilDemands::commands()
     return {
         {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly | C::HiddenInSelect, [this] { addDemand(); },
-         QKeySequence(Qt::Key_Insert), u":/icons/new.svg"_s},
-        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editDemand(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
-        {u"show"_s, u"نمايش"_s, onRow, [this] { showDemand(list()->currentKey()); }, {}, u":/icons/show.svg"_s},
+         QKeySequence(Qt::Key_Insert), u":/icons/new.svg"_s, Write},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editDemand(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
+        {u"show"_s, u"نمايش"_s, onRow, [this] { showDemand(list()->currentKey()); }, {}, u":/icons/show.svg"_s, Read},
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
-        {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveDemand(); }, {}, u":/icons/archive.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
+        {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveDemand(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilDemandArchive"_s},
         print,
         {u"matchingCars"_s, u"خودروهای مناسب"_s, C::NeedsRow | C::StartsGroup,
          [this] { CDlgMatchingCars::Show(list()->currentKey(), this); }, QKeySequence(Qt::CTRL | Qt::Key_M),
-         u":/icons/search.svg"_s},
-        {u"carList"_s, u"گالري اتومبيل"_s, C::NeedsRow | C::HiddenInSelect, [this] { CDlgAutomobilInformations::ShowForDemand(list()->currentKey()); }, {}, u":/icons/car.svg"_s},
+         u":/icons/search.svg"_s, Access, u"AutomobilInformations"_s},
+        {u"carList"_s, u"گالري اتومبيل"_s, C::NeedsRow | C::HiddenInSelect, [this] { CDlgAutomobilInformations::ShowForDemand(list()->currentKey()); }, {}, u":/icons/car.svg"_s, Access, u"AutomobilInformations"_s},
     };
 }
 

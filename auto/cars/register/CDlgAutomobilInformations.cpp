@@ -100,15 +100,15 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
     return {
         {u"new"_s, u"جديد"_s, change, [this] { addCar(); }, QKeySequence(Qt::Key_Insert), u":/icons/new.svg"_s},
         {u"edit"_s, u"ويرايش"_s, change | C::NeedsRow, [this] { editCar(); }, QKeySequence(Qt::Key_F2),
-         u":/icons/edit.svg"_s},
+         u":/icons/edit.svg"_s, Modify},
         {u"delete"_s, u"حذف"_s, change | C::NeedsRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
-        {u"show"_s, u"نمايش"_s, change | C::NeedsRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s},
-        {u"archive"_s, u"بايگاني شد"_s, change | C::NeedsRow, [this] { archiveCar(); }, {}, u":/icons/archive.svg"_s},
-        {u"matchingDemands"_s, u"متقاضیان"_s, C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, u":/icons/users.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
+        {u"show"_s, u"نمايش"_s, change | C::NeedsRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s, Read},
+        {u"archive"_s, u"بايگاني شد"_s, change | C::NeedsRow, [this] { archiveCar(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilInformationArchive"_s},
+        {u"matchingDemands"_s, u"متقاضیان"_s, C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, u":/icons/users.svg"_s, Access, u"AutomobilDemands"_s},
         printCommand(C::StartsGroup),
-        {u"catalog"_s, u"نام خودرو"_s, C::StartsGroup, [this] { browseCatalog(); }, {}, u":/icons/car.svg"_s},
-        {u"inputParameters"_s, u"پارامترهاي ورودي"_s, 0, [this] { editInputParameters(); }, {}, u":/icons/settings.svg"_s},
+        {u"catalog"_s, u"نام خودرو"_s, C::StartsGroup, [this] { browseCatalog(); }, {}, u":/icons/car.svg"_s, Access, u"CarsAll"_s},
+        {u"inputParameters"_s, u"پارامترهاي ورودي"_s, 0, [this] { editInputParameters(); }, {}, u":/icons/settings.svg"_s, Access, u"InputParameters"_s},
         {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
     };
 }

@@ -94,10 +94,10 @@ std::vector<KListCommand> CDlgInputParameters::commands()
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addValue(); }, QKeySequence(Qt::Key_Insert),
-         u":/icons/new.svg"_s},
-        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+         u":/icons/new.svg"_s, Write},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editValue(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
         {u"delete"_s, u"حذف"_s, onRow | C::HiddenInSelect, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
     };
 }
 

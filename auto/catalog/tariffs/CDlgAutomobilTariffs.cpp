@@ -83,10 +83,10 @@ std::vector<KListCommand> CDlgAutomobilTariffs::commands()
     constexpr int onRow = C::NeedsRow | C::HiddenInReadOnly;
     return {
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addTariff(); }, QKeySequence(Qt::Key_Insert),
-         u":/icons/new.svg"_s},
-        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s},
+         u":/icons/new.svg"_s, Delete},
+        {u"edit"_s, u"ويرايش"_s, onRow, [this] { editTariff(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
-         u":/icons/delete.svg"_s},
+         u":/icons/delete.svg"_s, Delete},
         printCommand(C::StartsGroup),
     };
 }

@@ -3,9 +3,10 @@
 
 #include "suite/accounting/lists/KListCommands.h"
 
+#include "suite/utility/frame/KCommandButton.h"
+
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QPushButton>
 #include <QShortcut>
 
 namespace {
@@ -29,8 +30,7 @@ void KListCommands::add(KListCommand command)
 {
     const bool besideSearch = m_around.searchRow && (command.options & KListCommand::BesideSearch);
     QHBoxLayout *place = besideSearch ? m_around.searchRow : m_line;
-    auto *button = new QPushButton(QIcon(command.icon), command.caption, besideSearch ? place->parentWidget() : this);
-    button->setAccessibleName(command.caption);
+    auto *button = new KCommandButton(QIcon(command.icon), command.caption, besideSearch ? place->parentWidget() : this);
     // Enter presses the button that has the focus.
     button->setAutoDefault(true);
     if (command.options & KListCommand::NotDisplayed)
@@ -48,7 +48,7 @@ void KListCommands::add(KListCommand command)
     m_entries.push_back({std::move(command), button, menu, gap});
 }
 
-void KListCommands::addShortcut(const KListCommand &command, QPushButton *button)
+void KListCommands::addShortcut(const KListCommand &command, KCommandButton *button)
 {
     // Delete belongs to the entry line while one has the focus, so it acts on the list alone.
     QWidget *owner = command.shortcut == QKeySequence(QKeySequence::Delete) ? m_around.list : parentWidget();
@@ -57,7 +57,7 @@ void KListCommands::addShortcut(const KListCommand &command, QPushButton *button
         if (!button->isHidden())
             button->click();
     });
-    button->setToolTip(command.shortcut.toString(QKeySequence::NativeText));
+    button->setShortcutTip(command.shortcut);
 }
 
 void KListCommands::addAtEnd(QWidget *widget)
@@ -73,6 +73,7 @@ void KListCommands::setMode(bool changeBlocked, bool select)
         const bool hidden = (options & KListCommand::NotDisplayed) || (changeBlocked && (options & KListCommand::HiddenInReadOnly))
             || (select && (options & KListCommand::HiddenInSelect));
         entry.button->setVisible(!hidden);
+        entry.button->setHindrance(hindrance(entry.command));
         if (entry.menu)
             entry.menu->setVisible(!hidden);
         // A gap parts two groups: there is none before the first that is shown.
@@ -81,6 +82,12 @@ void KListCommands::setMode(bool changeBlocked, bool select)
         isFirst = isFirst && hidden;
     }
     m_line->invalidate();
+}
+
+QString KListCommands::hindrance(const KListCommand &command) const
+{
+    const QString &form = command.needsForm.isEmpty() ? m_around.form : command.needsForm;
+    return !command.needs || KSecurity::IsGranted(form, *command.needs) ? QString() : KSecurity::refusalText(form, *command.needs);
 }
 
 void KListCommands::setRowSelected(bool selected)

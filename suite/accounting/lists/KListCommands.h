@@ -4,14 +4,17 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/office/KSecurity.h"
 
 #include <QKeySequence>
 #include <QString>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
+class KCommandButton;
 class QHBoxLayout;
 class QPushButton;
 class QSpacerItem;
@@ -35,6 +38,9 @@ struct KListCommand
     std::function<void()> run;
     QKeySequence shortcut = {};
     QString icon = {}; // resource path
+    // A button whose right the user lacks looks disabled; the command itself checks the right. None: for everybody.
+    std::optional<KSecurity::Right> needs = {};
+    QString needsForm = {}; // form of the right; empty: the list's own
 };
 
 // The line of commands below a list: the button of each, its shortcut, and which are shown and enabled.
@@ -50,12 +56,14 @@ public:
         QHBoxLayout *searchRow = nullptr;                          // null: no command stands beside the search button
         std::function<QWidget *(QWidget *parent)> makePrintMenu;   // the arrow of a command that prints the list
         std::function<void(const std::function<void()> &)> guard; // runs a command and reports what it throws
+        QString form = {};                                         // whose rights the commands need
     };
 
     KListCommands(std::vector<KListCommand> commands, Surroundings around, QWidget *page);
 
     // Adds a widget behind the commands, at the end of the line.
     void addAtEnd(QWidget *widget);
+    // Also takes the user's rights anew.
     void setMode(bool changeBlocked, bool select);
     void setRowSelected(bool selected);
 
@@ -68,13 +76,14 @@ private:
     struct Entry
     {
         KListCommand command;
-        QPushButton *button = nullptr;
+        KCommandButton *button = nullptr;
         QWidget *menu = nullptr;    // the arrow beside it
         QSpacerItem *gap = nullptr; // before it, where a group starts
     };
 
     void add(KListCommand command);
-    void addShortcut(const KListCommand &command, QPushButton *button);
+    void addShortcut(const KListCommand &command, KCommandButton *button);
+    QString hindrance(const KListCommand &command) const;
 
     Surroundings m_around;
     QHBoxLayout *m_line;

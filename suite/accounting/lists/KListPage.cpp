@@ -97,7 +97,8 @@ void KListPage::buildCommands()
 {
     m_commands = new KListCommands(commands(),
                                    {m_list, m_filterBox->searchRow(), [this](QWidget *parent) { return m_printing.makeMenu(parent, [this] { return !m_closed; }); },
-                                    [this](const std::function<void()> &work) { guarded(work); }},
+                                    [this](const std::function<void()> &work) { guarded(work); },
+                                    FormName()},
                                    this);
     m_count = new QLabel(u"تعداد : -"_s, m_commands);
     m_commands->addAtEnd(m_count);
@@ -106,7 +107,7 @@ void KListPage::buildCommands()
 KListCommand KListPage::printCommand(int options)
 {
     return {u"print"_s, u"چاپ"_s, options | KListCommand::PrintsList, [this] { m_printing.print(); },
-            QKeySequence(QKeySequence::Print), u":/icons/print.svg"_s};
+            QKeySequence(QKeySequence::Print), u":/icons/print.svg"_s, PrintList};
 }
 
 ListReport KListPage::listReport() const

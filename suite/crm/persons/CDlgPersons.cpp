@@ -115,9 +115,9 @@ KListTraits CDlgPersons::traits() const
 std::vector<KListCommand> CDlgPersons::commands()
 {
     return {
-        {.id = u"new"_s, .caption = u"جديد"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = u":/icons/new.svg"_s},
-        {.id = u"edit"_s, .caption = u"ويرايش"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = u":/icons/edit.svg"_s},
-        {.id = u"show"_s, .caption = u"نمايش"_s, .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = u":/icons/show.svg"_s},
+        {.id = u"new"_s, .caption = u"جديد"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = u":/icons/new.svg"_s, .needs = Write},
+        {.id = u"edit"_s, .caption = u"ويرايش"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = u":/icons/edit.svg"_s, .needs = Modify},
+        {.id = u"show"_s, .caption = u"نمايش"_s, .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = u":/icons/show.svg"_s, .needs = Read},
         printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
     };
 }

@@ -5,6 +5,7 @@
 #include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -53,6 +54,7 @@ public:
     }
 
     int searches = 0;
+    int added = 0;
 
     void deleteCurrent() { deleteSelected(); }
 
@@ -70,7 +72,16 @@ protected:
                 {.key = u"itemType"_s, .clause = always(" AND it.iType=7")},
                 {.key = u"grouping"_s, .clause = always(" GROUP BY it.iID")}};
     }
-    std::vector<KListCommand> commands() override { return {}; }
+    std::vector<KListCommand> commands() override
+    {
+        if (!m_traits.hasSearchButton)
+            return {};
+        return {
+            {.id = u"add"_s, .caption = u"جدید"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { ++added; }, .needs = Write},
+            {.id = u"remove"_s, .caption = u"حذف"_s, .options = KListCommand::NeedsRow, .run = [] {}, .shortcut = QKeySequence(QKeySequence::Delete), .needs = Delete},
+            {.id = u"report"_s, .caption = u"گزارش"_s, .run = [] {}, .needs = Access, .needsForm = u"AutoFullReport"_s},
+        };
+    }
     KListTraits traits() const override { return m_traits; }
     std::unique_ptr<KMySQL> makeRecords() const override { return std::make_unique<ItemsJoined>(); }
     std::unique_ptr<KMySQL> makeRecord() const override { return std::make_unique<CTblItems>(); }
@@ -325,6 +336,30 @@ private Q_SLOTS:
         Q_EMIT page.list()->columnClicked(page.list()->columnOf(u"title"));
         QCOMPARE(page.searches, 1);
         QCOMPARE(page.sortExpression(), u"sTitle"_s);
+    }
+
+    void aCommandWithoutItsRightLooksDisabledAndSaysWhy()
+    {
+        GetDBSetting()->Login(m_office->clerk);
+        KSecurity::setRights(m_office->clerk, u"InputParameters"_s, KSecurity::Access | KSecurity::Delete);
+        SampleList page;
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        page.list()->selectRow(0);
+        const auto *add = static_cast<KCommandButton *>(page.button(u"add"));
+        const auto *remove = static_cast<KCommandButton *>(page.button(u"remove"));
+        const auto *report = static_cast<KCommandButton *>(page.button(u"report"));
+        QVERIFY(add->isHindered());
+        QCOMPARE(add->toolTip(), KSecurity::refusalText(u"InputParameters"_s, KSecurity::Write));
+        QCOMPARE(add->accessibleDescription(), add->toolTip());
+        QVERIFY(!remove->isHindered());
+        QCOMPARE(remove->toolTip(), QKeySequence(QKeySequence::Delete).toString(QKeySequence::NativeText));
+        QCOMPARE(report->toolTip(), KSecurity::refusalText(u"AutoFullReport"_s, KSecurity::Access));
+        // It can be pressed, and the command then refuses by itself.
+        QVERIFY(add->isEnabled());
+        QVERIFY(page.runCommand(u"add"));
+        QCOMPARE(page.added, 1);
+        GetDBSetting()->Login(m_office->admin);
     }
 
     void deletingWhileARowIsChosenIsTheListsOwnDecision_data()
