@@ -67,7 +67,7 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(createTaxGroup());
     layout->addWidget(createTierGroup(settings.moneyUnitName()));
-    layout->addLayout(createDemandLine());
+    layout->addWidget(createDemandGroup());
     layout->addStretch();
     layout->addWidget(createButtons());
     showSettings(ContractSettings::of(settings));
@@ -92,7 +92,7 @@ QWidget *CDlgAutomobilContractSetting::createTaxGroup()
 
 QWidget *CDlgAutomobilContractSetting::createTierGroup(const QString &moneyUnit)
 {
-    auto *group = new QGroupBox;
+    auto *group = new QGroupBox(u"پله‌های کمیسیون"_s);
     auto *grid = new QGridLayout(group);
     for (int tier = 0; tier < int(m_tiers.size()); ++tier)
         createTierRow(grid, tier, moneyUnit);
@@ -128,9 +128,10 @@ void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, co
         grid->addWidget(row.widgets[column], tier, column + 1);
 }
 
-QLayout *CDlgAutomobilContractSetting::createDemandLine()
+QWidget *CDlgAutomobilContractSetting::createDemandGroup()
 {
-    auto *line = new QHBoxLayout;
+    auto *group = new QGroupBox(u"بایگانی تقاضاها"_s);
+    auto *line = new QHBoxLayout(group);
     m_archiveDemands = new QCheckBox(u"تقاضاهاي بيشتر از "_s);
     m_archiveDemands->setAccessibleName(m_archiveDemands->text());
     m_demandDays = new KEdit(KEdit::Kind::Integer);
@@ -139,7 +140,7 @@ QLayout *CDlgAutomobilContractSetting::createDemandLine()
     line->addWidget(m_demandDays);
     line->addWidget(labelFor(u"روز را بايگاني نمايد."_s, m_demandDays));
     line->addStretch();
-    return line;
+    return group;
 }
 
 void CDlgAutomobilContractSetting::showSettings(const ContractSettings &settings)

@@ -11,7 +11,6 @@
 class KEdit;
 class QCheckBox;
 class QGridLayout;
-class QLayout;
 
 // The dialog of the contract settings: tax and duty on the commission, the commission tiers, archiving of demands.
 // Reads the settings of the open database when it is made and writes them on OK.
@@ -36,7 +35,7 @@ private:
 
     QWidget *createTaxGroup();
     QWidget *createTierGroup(const QString &moneyUnit);
-    QLayout *createDemandLine();
+    QWidget *createDemandGroup();
     void createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit);
     void showSettings(const ContractSettings &settings);
     ContractSettings shownSettings() const;
