@@ -8,6 +8,7 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/crm/persons/NationalCode.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -134,6 +135,8 @@ bool CDlgFirstStart::validate()
         return refuse(problem, m_password->text().size() < shortestPassword ? m_password : m_repeated);
     if (ConvertToStandard(m_company1->text()).isEmpty())
         return refuse(u"لطفا نام نمایشگاه را وارد نمایید."_s, m_company1);
+    if (NationalCode::checkPerson(m_nationalCode->text()) == NationalCode::State::NotANumber)
+        return refuse(u"کد ملی تنها از رقم ساخته می‌شود."_s, m_nationalCode);
     if (!m_fiscalYear->isEntryValid() || m_fiscalYear->text().isEmpty())
         return refuse(u"لطفا سال مالی را درست وارد نمایید."_s, m_fiscalYear);
     if (!m_opening->isEntryValid() || !m_opening->dateTime().isValid())

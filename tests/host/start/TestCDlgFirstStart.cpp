@@ -109,6 +109,9 @@ void TestCDlgFirstStart::refused_data()
     QTest::newRow("no dealership") << "نام نمایشگاه :"
                                    << ""
                                    << "لطفا نام نمایشگاه را وارد نمایید.";
+    QTest::newRow("letters in the national code") << "کد ملی :"
+                                                  << "12345abc"
+                                                  << "کد ملی تنها از رقم ساخته می‌شود.";
     QTest::newRow("no year") << "سال مالی :"
                              << ""
                              << "لطفا سال مالی را درست وارد نمایید.";
