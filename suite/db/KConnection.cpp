@@ -34,6 +34,8 @@ Registry &registry()
     return instance;
 }
 
+std::atomic<quint64> changeCount{0};
+
 using ThreadConnections = QHash<int, std::shared_ptr<KConnection>>;
 
 // The client library keeps state per thread; it is freed with the thread's connections.
@@ -223,6 +225,9 @@ void KConnection::execute(const QByteArray &utf8Statement)
     m_idle.start();
     if (mysql_real_query(connection, utf8Statement.constData(), static_cast<unsigned long>(utf8Statement.size())) != 0)
         raise(utf8Statement);
+    // A statement with rows to fetch has changed none; of the others it is known by now how many it changed.
+    if (mysql_field_count(connection) == 0 && mysql_affected_rows(connection) > 0)
+        ++changeCount;
 }
 
 KConnection::Result KConnection::run(const QByteArray &utf8Statement)
@@ -253,6 +258,11 @@ void KConnection::raise(const QByteArray &utf8Statement)
     if (code == ER_LOCK_DEADLOCK)
         m_rolledBack = inTransaction();
     throw CMySQLException(category, code, message, QString::fromUtf8(utf8Statement));
+}
+
+quint64 KConnection::changes()
+{
+    return changeCount;
 }
 
 quint64 KConnection::lastInsertedId() const

@@ -134,6 +134,17 @@ bool KMySQL::Requery()
     return true;
 }
 
+qint64 KMySQL::CountMatching()
+{
+    // A filter may end by grouping the rows, and then its groups are what is listed.
+    QByteArray matching = "SELECT 1 FROM " + fromClause().toUtf8();
+    if (!m_filter.isEmpty())
+        matching += " WHERE " + m_filter.utf8();
+    const KConnection::Result result = connection().run("SELECT COUNT(*) FROM (" + matching + ") matching");
+    const MYSQL_ROW row = mysql_fetch_row(result.get());
+    return row && row[0] ? QByteArray(row[0]).toLongLong() : 0;
+}
+
 QString KMySQL::fromClause() const
 {
     return GetTableName();

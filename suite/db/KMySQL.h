@@ -103,6 +103,8 @@ public:
     void MoveLast();
     // Rows that the last Open or Requery selected (after the limit).
     qint64 GetRecordsCount() const;
+    // Rows that the filter matches as it is now, whatever the limit; asks the database.
+    qint64 CountMatching();
     // Caps the rows that the next Open or Requery fetches; 0: no cap.
     void SetLimit(qint64 rows);
     // Loads the row whose column (KSql::name) equals value; extra is appended to the condition. False when there is none: the

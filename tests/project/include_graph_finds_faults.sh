@@ -78,8 +78,8 @@ for said in \
     'auto/db/CTblShown.cpp includes auto/db/CTblGone.h, which is not there'; do
     expect_output 'a fault of each kind' "$said"
 done
-# Those, and the circle of folders that the first two close.
-expect_output 'a fault of each kind' '12 fault(s) in'
+# Those, and the circles of folders that the first two close.
+expect_output 'a fault of each kind' '13 fault(s) in'
 
 # The table of windows names what is there and is a window.
 plant host/HostProgram.h

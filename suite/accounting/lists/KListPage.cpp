@@ -11,9 +11,11 @@
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/values/Money.h"
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -84,13 +86,42 @@ void KListPage::buildFilterBox()
     auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(find, &QShortcut::activated, this, [this] { firstFilterControl()->setFocus(Qt::ShortcutFocusReason); });
     auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(refresh, &QShortcut::activated, this, &KListPage::search);
+    connect(refresh, &QShortcut::activated, this, &KListPage::searchInPlace);
 }
 
 void KListPage::search()
 {
     if (m_filterBox->checkEntries())
         guarded([this] { refill(); });
+}
+
+void KListPage::searchInPlace()
+{
+    if (!m_filterBox->checkEntries())
+        return;
+    guarded([this] {
+        takeDatabaseState();
+        fillInPlace(filterClauses());
+    });
+}
+
+void KListPage::refresh()
+{
+    if (!m_opened)
+        return;
+    guarded([this] {
+        takeDatabaseState();
+        if (m_filledWith)
+            fillInPlace(*m_filledWith);
+    });
+}
+
+// It may have been closed, or opened again, while the list was open.
+void KListPage::takeDatabaseState()
+{
+    m_closed = GetDBSetting()->IsClosedDB();
+    m_commands->setMode(isReadOnly(), m_selectMode);
+    updateCommands();
 }
 
 void KListPage::buildCommands()
@@ -133,10 +164,8 @@ void KListPage::open()
     m_filterBox->readRowLimit(m_section);
     m_order.read();
     m_list->setSortMark(m_order.markedColumn());
-    m_closed = GetDBSetting()->IsClosedDB();
-    m_commands->setMode(isReadOnly(), m_selectMode);
+    takeDatabaseState();
     modeApplied();
-    updateCommands();
     opening();
     firstFill();
     if (m_selectMode)
@@ -198,10 +227,17 @@ void KListPage::updateCommands()
 
 void KListPage::refill()
 {
+    fill(filterClauses());
+}
+
+void KListPage::fill(const KSql &filter)
+{
     const KWaitCursor wait;
     const int remembered = m_list->currentRow();
     // The rows are complete before the list drops those it shows, so an error leaves the list as it was.
-    QVector<KListModel::Row> rows = readRows();
+    noteReading();
+    QVector<KListModel::Row> rows = readRows(filter);
+    m_filledWith = filter;
     m_list->setUpdatesEnabled(false);
     m_exchangingRows = true;
     m_list->setRows(std::move(rows));
@@ -210,6 +246,16 @@ void KListPage::refill()
     m_list->setUpdatesEnabled(true);
     updateCommands();
     updateCount();
+}
+
+void KListPage::fillInPlace(const KSql &filter)
+{
+    const int key = m_list->currentKey();
+    const int top = m_list->verticalScrollBar()->value();
+    fill(filter);
+    // A record that is gone leaves the selection to the row in its place.
+    selectListed(key);
+    m_list->verticalScrollBar()->setValue(top);
 }
 
 KMySQL &KListPage::records()
@@ -239,16 +285,17 @@ KSql KListPage::filterClauses() const
     return filters().condition(GetDBSetting()->GetUserID());
 }
 
-QVector<KListModel::Row> KListPage::readRows()
+QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
 {
     KMySQL &set = records();
-    set.m_filter = filterClauses();
+    set.m_filter = filter;
     set.m_sort = KSql::order(m_order.sort());
     set.SetLimit(rowLimit());
     set.Open(true, true, true);
     beginRows();
     QVector<KListModel::Row> rows = makeRows(set);
     completeRows(rows);
+    m_leftOut = rowLimit() > 0 && set.GetRecordsCount() >= rowLimit() ? set.CountMatching() - rows.size() : 0;
     // The rows hold all that the list shows; the record set need not keep a second copy of them.
     set.Close();
     return rows;
@@ -279,13 +326,18 @@ void KListPage::selectListed(int key)
 void KListPage::emptyList()
 {
     m_list->setRows({});
+    m_filledWith.reset();
+    m_leftOut = 0;
     updateCommands();
     updateCount();
 }
 
 void KListPage::updateCount()
 {
-    m_count->setText(SuiteMessages::count(m_list->count()));
+    QString text = SuiteMessages::count(m_list->count());
+    if (m_leftOut > 0)
+        text += u" از "_s + DToMoney(static_cast<double>(m_list->count() + m_leftOut), 0);
+    m_count->setText(text);
 }
 
 void KListPage::sortBy(int column)

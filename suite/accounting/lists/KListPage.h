@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -59,6 +60,9 @@ public:
     void open();
     // Reads the rows anew with the filter as it stands. Throws CMySQLException: the list then keeps the rows it had.
     void refill();
+    // Reads anew what the list shows, with the filter that it was filled with, and whether the database is closed. The selected
+    // record and the rows in sight stay so. What is thrown is reported.
+    void refresh() override;
     // Resets the filter to that of a new page, except for what its table keeps.
     virtual void resetFilter() { filters().reset(); }
     // Runs the command with that id as its button would, if it may run now. False when it may not.
@@ -120,7 +124,7 @@ protected:
     virtual QStringList fetchedColumns() const;
     // The row of a record besides those that are listed, with its names.
     KListModel::Row rowOf(KMySQL &record, int number) const;
-    // Read-only mode, or a database that was closed when the page was opened: nothing to change is offered.
+    // Read-only mode, or a database that was closed when the page was opened or refreshed: nothing to change is offered.
     bool isReadOnly() const { return m_readOnlyMode || m_closed; }
     // Read-only mode, or a database that is closed now (this is queried): for a command that is about to change something.
     bool isChangeBlocked() const;
@@ -154,11 +158,15 @@ private:
     void buildCommands();
     void withReport(const std::function<void(ListReport &)> &work);
     void search();
+    void searchInPlace();
+    void takeDatabaseState();
     void firstFill();
+    void fill(const KSql &filter);
+    void fillInPlace(const KSql &filter);
     void updateCommands();
     void sortBy(int column);
     KMySQL &records();
-    QVector<KListModel::Row> readRows();
+    QVector<KListModel::Row> readRows(const KSql &filter);
     QVector<KListModel::Row> makeRows(KMySQL &records);
     void restoreSelection(int rememberedRow);
     void updateCount();
@@ -166,11 +174,13 @@ private:
     QString m_section;
     KListTraits m_traits;
     bool m_readOnlyMode = false;
-    bool m_closed = false; // the database, when the page was opened
+    bool m_closed = false; // the database, when the page was opened or refreshed
     bool m_selectMode = false;
     bool m_opened = false;
     bool m_exchangingRows = false;
     int m_chosenKey = 0;
+    std::optional<KSql> m_filledWith; // the filter of the rows; none while there are none to refresh
+    qint64 m_leftOut = 0;                // rows that the limit kept out
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
     QList<KListColumn> m_columnTable;

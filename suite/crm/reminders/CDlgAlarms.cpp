@@ -63,6 +63,13 @@ bool CDlgAlarms::OnAccess()
     return true;
 }
 
+// Some may have come due since the page was filled.
+void CDlgAlarms::refresh()
+{
+    KListPage::refresh();
+    Q_EMIT alarmsChanged();
+}
+
 QList<KListColumn> CDlgAlarms::columnTable() const
 {
     const auto state = [this](const CTblAlarm &alarm) { return KListColumn::Cell{stateOf(alarm, m_now), alarm.m_iStatus}; };

@@ -18,6 +18,7 @@ public:
     ~CDlgAlarms() override;
 
     bool OnAccess() override;
+    void refresh() override;
 
 Q_SIGNALS:
     // One was added, changed, done or deleted here: a count of the due ones shown elsewhere may be out of date.

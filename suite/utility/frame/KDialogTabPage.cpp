@@ -3,7 +3,10 @@
 
 #include "suite/utility/frame/KDialogTabPage.h"
 
+#include "suite/db/KConnection.h"
 #include "suite/utility/frame/KTabHost.h"
+
+#include <QShowEvent>
 
 KDialogTabPage::KDialogTabPage(QWidget *parent)
     : QWidget(parent)
@@ -35,3 +38,24 @@ bool KDialogTabPage::OnOK()
 }
 
 void KDialogTabPage::OnClosing() { }
+
+void KDialogTabPage::refresh() { }
+
+void KDialogTabPage::noteReading()
+{
+    m_wasRead = true;
+    m_readAt = KConnection::changes();
+}
+
+void KDialogTabPage::refreshIfStale()
+{
+    if (isVisible() && m_wasRead && m_readAt != KConnection::changes())
+        refresh();
+}
+
+void KDialogTabPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        refreshIfStale();
+}

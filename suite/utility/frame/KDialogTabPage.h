@@ -31,6 +31,12 @@ public:
     virtual bool OnOK();
     // The page is about to be destroyed: the place to write its settings.
     virtual void OnClosing();
+    // Reads what the page shows anew; what is selected and in sight stays so. Called when the page comes to the front after this
+    // program has changed anything since noteReading, and when its holder asks for it. A page that shows nothing of the database
+    // does nothing.
+    virtual void refresh();
+    // Refreshes the page if it is shown and anything was changed.
+    void refreshIfStale();
 
 Q_SIGNALS:
     // The page asks its holder or its tab to close it.
@@ -41,6 +47,13 @@ Q_SIGNALS:
     void okRequested();
     void titleChanged(const QString &title);
 
+protected:
+    // What the page shows is read in this moment. To be called before it is read.
+    void noteReading();
+    void showEvent(QShowEvent *event) override;
+
 private:
     QString m_title;
+    quint64 m_readAt = 0; // KConnection::changes() then
+    bool m_wasRead = false;
 };

@@ -48,6 +48,29 @@ private Q_SLOTS:
         QCOMPARE(record.GetRecordsCount(), 1);
     }
 
+    void onlyWhatChangesRowsCountsAsAChange_data()
+    {
+        QTest::addColumn<QByteArray>("statement");
+        QTest::addColumn<int>("changes");
+        QTest::newRow("read") << QByteArray("SELECT * FROM Samples") << 0;
+        QTest::newRow("setting") << QByteArray("SET @a=1") << 0;
+        QTest::newRow("added") << QByteArray("INSERT INTO Samples(sName) VALUES('b')") << 1;
+        QTest::newRow("changed") << QByteArray("UPDATE Samples SET sNote='x'") << 1;
+        QTest::newRow("nothing to change") << QByteArray("UPDATE Samples SET sName='a' WHERE iID=-1") << 0;
+        QTest::newRow("deleted") << QByteArray("DELETE FROM Samples") << 1;
+        QTest::newRow("nothing to delete") << QByteArray("DELETE FROM Samples WHERE iID=-1") << 0;
+    }
+
+    void onlyWhatChangesRowsCountsAsAChange()
+    {
+        QFETCH(QByteArray, statement);
+        QFETCH(int, changes);
+        addSample(u"a"_s);
+        const quint64 before = KConnection::changes();
+        KConnection::forThread().run(statement);
+        QCOMPARE(KConnection::changes() - before, quint64(changes));
+    }
+
     void eachThreadHasItsOwnConnection()
     {
         const int mine = connectionId();

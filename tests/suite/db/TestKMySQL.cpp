@@ -163,6 +163,28 @@ private Q_SLOTS:
         QCOMPARE(record.GetRecordsCount(), 5);
     }
 
+    void rowsAreCountedWhateverTheLimit_data()
+    {
+        QTest::addColumn<KSql>("filter");
+        QTest::addColumn<qint64>("rows");
+        QTest::newRow("all") << KSql() << qint64(5);
+        QTest::newRow("some") << KSql("dAmount>1") << qint64(4);
+        QTest::newRow("none") << KSql("dAmount>9") << qint64(0);
+        QTest::newRow("grouped") << KSql("dAmount>0 GROUP BY dAmount>2") << qint64(2);
+    }
+
+    void rowsAreCountedWhateverTheLimit()
+    {
+        QFETCH(KSql, filter);
+        for (int i = 1; i <= 5; ++i)
+            addSample(u"n%1"_s.arg(i), i);
+        SampleRecord record;
+        record.m_filter = filter;
+        record.SetLimit(1);
+        QVERIFY(record.Open(true, true, true));
+        QTEST(record.CountMatching(), "rows");
+    }
+
     void keyThatIsNotThereLeavesTheMembersAsConstructed()
     {
         const qint32 key = addSample(u"a"_s, 4);

@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -55,6 +56,7 @@ public:
 
     int searches = 0;
     int added = 0;
+    KSql typed; // a further clause, before the others
 
     void deleteCurrent() { deleteSelected(); }
 
@@ -87,6 +89,7 @@ protected:
     std::unique_ptr<KMySQL> makeRecord() const override { return std::make_unique<CTblItems>(); }
     void beginRows() override { ++searches; }
     QString defaultSort() const override { return u"it.iID"_s; }
+    KSql filterClauses() const override { return typed + KListPage::filterClauses(); }
     void activated(int) override { }
 
 private:
@@ -338,6 +341,112 @@ private Q_SLOTS:
         QCOMPARE(page.sortExpression(), u"sTitle"_s);
     }
 
+    void aListIsReadAnewWhenItsPageComesToTheFrontAfterAChange()
+    {
+        SampleList page;
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        QCOMPARE(page.searches, 1);
+        page.hide();
+        page.show();
+        QCOMPARE(page.searches, 1);
+        page.hide();
+        addItem(u"d"_s, u"4"_s);
+        page.show();
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"c"_s, u"a"_s, u"d"_s}));
+        QCOMPARE(page.searches, 2);
+        page.hide();
+        page.show();
+        QCOMPARE(page.searches, 2);
+    }
+
+    // What is typed in the filter and not yet searched for is no filter of the list.
+    void aListIsReadAnewWithTheFilterItShows()
+    {
+        SampleList page;
+        page.show();
+        page.typed = "it.sName='c' AND ";
+        addItem(u"d"_s, u"4"_s);
+        page.refreshIfStale();
+        QCOMPARE(names(page).size(), 4);
+        page.refill();
+        QCOMPARE(names(page), QStringList{u"c"_s});
+    }
+
+    void aListReadAnewKeepsItsPlace_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("F5") << true;
+        QTest::newRow("another page changed something") << false;
+    }
+
+    void aListReadAnewKeepsItsPlace()
+    {
+        QFETCH(bool, byKey);
+        for (int i = 0; i < 200; ++i)
+            addItem(u"n%1"_s.arg(i), {});
+        SampleList page;
+        page.resize(600, 400);
+        page.show();
+        page.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        page.list()->selectRow(20);
+        const int selected = page.list()->currentKey();
+        QScrollBar *scroll = page.list()->verticalScrollBar();
+        scroll->setValue(scroll->maximum() / 2);
+        const int top = scroll->value();
+        QVERIFY(top > 0);
+        // A row before the selected one is gone.
+        m_office->database.run(u"DELETE FROM Items WHERE sName='b'"_s);
+        if (byKey)
+            QTest::keyClick(page.list(), Qt::Key_F5);
+        else
+            page.refreshIfStale();
+        QCOMPARE(page.list()->count(), 202);
+        QCOMPARE(page.list()->currentKey(), selected);
+        QCOMPARE(page.list()->currentRow(), 19);
+        QCOMPARE(scroll->value(), top);
+    }
+
+    void aSelectedRecordThatIsGoneLeavesItsRow()
+    {
+        SampleList page;
+        page.show();
+        page.list()->selectRow(1);
+        m_office->database.run(u"DELETE FROM Items WHERE sName='c'"_s);
+        page.refreshIfStale();
+        QCOMPARE(page.list()->currentRow(), 1);
+        QCOMPARE(page.list()->cellText(1, u"name"), u"a"_s);
+    }
+
+    void aLimitThatCutsSaysSo()
+    {
+        for (int i = 0; i < 1300; ++i)
+            addItem(u"n%1"_s.arg(i), {});
+        SampleList page;
+        page.open();
+        QCOMPARE(page.countText(), u"تعداد : 1000 از 1,303"_s);
+        page.list()->selectRow(2);
+        page.deleteCurrent();
+        QCOMPARE(page.countText(), u"تعداد : 999 از 1,302"_s);
+        page.setRowLimit(1302);
+        page.refill();
+        QCOMPARE(page.countText(), u"تعداد : 1302"_s);
+    }
+
+    void aDatabaseClosedMeanwhileHidesTheCommands()
+    {
+        SampleList page;
+        page.show();
+        QVERIFY(!page.button(u"add")->isHidden());
+        GetDBSetting()->SetClosedDB(true);
+        page.refreshIfStale();
+        QVERIFY(page.button(u"add")->isHidden());
+        GetDBSetting()->SetClosedDB(false);
+        page.refreshIfStale();
+        QVERIFY(!page.button(u"add")->isHidden());
+    }
+
     void aCommandWithoutItsRightLooksDisabledAndSaysWhy()
     {
         GetDBSetting()->Login(m_office->clerk);
@@ -359,6 +468,10 @@ private Q_SLOTS:
         QVERIFY(add->isEnabled());
         QVERIFY(page.runCommand(u"add"));
         QCOMPARE(page.added, 1);
+        // Rights given meanwhile count when the list is read anew.
+        KSecurity::setRights(m_office->clerk, u"InputParameters"_s, KSecurity::allRights);
+        page.refresh();
+        QVERIFY(!add->isHindered());
         GetDBSetting()->Login(m_office->admin);
     }
 
