@@ -17,6 +17,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -30,6 +31,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStandardItemModel>
 #include <QTreeView>
@@ -124,7 +126,7 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     m_tree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_tree->installEventFilter(this);
     connect(m_tree, &QTreeView::doubleClicked, this, [this] { guarded(&CDlgChartOfAccounts::showDocuments); });
-    connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &CDlgChartOfAccounts::updateCommands);
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CDlgChartOfAccounts::takeSelection);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(buildFilter());
@@ -169,11 +171,12 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     return box;
 }
 
+// Without a form the right is one on this page.
 QPushButton *CDlgChartOfAccounts::addCommand(QHBoxLayout *row, const QString &caption, const QString &icon,
-                                             const QKeySequence &shortcut, void (CDlgChartOfAccounts::*run)(), bool changes)
+                                             const QKeySequence &shortcut, void (CDlgChartOfAccounts::*run)(),
+                                             KSecurity::Right needs, const QString &form)
 {
-    auto *button = new QPushButton(QIcon(u":/icons/%1.svg"_s.arg(icon)), caption, row->parentWidget());
-    button->setAccessibleName(caption);
+    auto *button = new KCommandButton(QIcon(u":/icons/%1.svg"_s.arg(icon)), caption, row->parentWidget());
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, [this, run] { guarded(run); });
     if (!shortcut.isEmpty()) {
@@ -182,9 +185,12 @@ QPushButton *CDlgChartOfAccounts::addCommand(QHBoxLayout *row, const QString &ca
             if (!button->isHidden())
                 button->click();
         });
-        button->setToolTip(shortcut.toString(QKeySequence::NativeText));
+        button->setShortcutTip(shortcut);
     }
-    if (changes)
+    const QString &rightForm = form.isEmpty() ? FormName() : form;
+    if (!IsGranted(rightForm, needs))
+        button->setHindrance(refusalText(rightForm, needs));
+    if (needs == Write || needs == Modify)
         m_changing.append(button);
     row->addWidget(button);
     return button;
@@ -196,18 +202,18 @@ QWidget *CDlgChartOfAccounts::buildCommands()
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     addCommand(row, u"حساب کل جدید"_s, u"new"_s, QKeySequence(Qt::SHIFT | Qt::Key_Insert),
-               &CDlgChartOfAccounts::addGeneral, true);
+               &CDlgChartOfAccounts::addGeneral, Write);
     m_addBelow = addCommand(row, u"زیرحساب جدید"_s, u"new"_s, QKeySequence(Qt::Key_Insert),
-                            &CDlgChartOfAccounts::addBelow, true);
+                            &CDlgChartOfAccounts::addBelow, Write);
     m_rename = addCommand(row, u"تغییر نام"_s, u"edit"_s, QKeySequence(Qt::Key_F2),
-                          &CDlgChartOfAccounts::rename, true);
+                          &CDlgChartOfAccounts::rename, Modify);
     m_toggle = addCommand(row, u"فعال / غیرفعال"_s, u"archive"_s, {},
-                          &CDlgChartOfAccounts::toggleActive, true);
+                          &CDlgChartOfAccounts::toggleActive, Modify);
     row->addSpacing(12);
     m_documents = addCommand(row, u"گردش حساب"_s, u"document"_s, {},
-                             &CDlgChartOfAccounts::showDocuments, false);
+                             &CDlgChartOfAccounts::showDocuments, Read, u"Documents"_s);
     addCommand(row, u"چاپ"_s, u"print"_s, QKeySequence(QKeySequence::Print),
-               &CDlgChartOfAccounts::print, false);
+               &CDlgChartOfAccounts::print, PrintList);
     row->addStretch(1);
     m_count = new QLabel(box);
     row->addWidget(m_count);
@@ -248,6 +254,13 @@ void CDlgChartOfAccounts::guarded(void (CDlgChartOfAccounts::*command)())
     KErrorBoundary::guarded(this, std::bind_front(command, this));
 }
 
+// A date that is being typed keeps the tree as it is.
+void CDlgChartOfAccounts::refresh()
+{
+    if (m_opened && m_from->isEntryValid() && m_to->isEntryValid())
+        guarded(&CDlgChartOfAccounts::refill);
+}
+
 void CDlgChartOfAccounts::refill()
 {
     if (const auto problem = problemOfDays(m_from, m_to)) {
@@ -256,6 +269,7 @@ void CDlgChartOfAccounts::refill()
         return;
     }
     const KWaitCursor wait;
+    noteReading();
     m_closed = GetDBSetting()->IsClosedDB();
     m_rows = ChartRows::read(m_from->dateTime(), m_to->dateTime());
     showRows();
@@ -264,6 +278,7 @@ void CDlgChartOfAccounts::refill()
 void CDlgChartOfAccounts::showRows()
 {
     const int remembered = currentCode();
+    const int top = m_tree->verticalScrollBar()->value();
     m_shown = ChartRows::filtered(m_rows, m_text->text(), m_inactive->isChecked());
     m_model->clear();
     QStringList titles;
@@ -283,6 +298,8 @@ void CDlgChartOfAccounts::showRows()
     m_tree->expandAll();
     if (!selectCode(remembered) && !m_shown.isEmpty())
         selectCode(m_shown.constFirst().code);
+    else
+        m_tree->verticalScrollBar()->setValue(top);
     m_count->setText(SuiteMessages::count(m_shown.size()));
     updateCommands();
 }
@@ -312,9 +329,20 @@ QStandardItem *CDlgChartOfAccounts::findItem(int code) const
     return found.isEmpty() ? nullptr : m_model->itemFromIndex(found.constFirst());
 }
 
+// The selected account, wherever the cursor is: a screen reader selects a row and leaves the cursor where it was.
 int CDlgChartOfAccounts::currentCode() const
 {
-    return m_tree->currentIndex().data(codeRole).toInt();
+    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
+    return rows.isEmpty() ? 0 : rows.constFirst().data(codeRole).toInt();
+}
+
+void CDlgChartOfAccounts::takeSelection()
+{
+    // The arrow keys go on from there.
+    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
+    if (!rows.isEmpty() && rows.constFirst() != m_tree->currentIndex().siblingAtColumn(CodeColumn))
+        m_tree->selectionModel()->setCurrentIndex(rows.constFirst(), QItemSelectionModel::NoUpdate);
+    updateCommands();
 }
 
 bool CDlgChartOfAccounts::selectCode(int code)

@@ -30,6 +30,7 @@ public:
     ~CDlgChartOfAccounts() override;
 
     bool OnAccess() override;
+    void refresh() override;
 
     QTreeView *tree() const { return m_tree; }
     // 0 when none is selected.
@@ -61,12 +62,13 @@ private:
     QWidget *buildFilter();
     QWidget *buildCommands();
     QPushButton *addCommand(QHBoxLayout *row, const QString &caption, const QString &icon, const QKeySequence &shortcut,
-                            void (CDlgChartOfAccounts::*run)(), bool changes);
+                            void (CDlgChartOfAccounts::*run)(), KSecurity::Right needs, const QString &form = {});
     // Runs a command; an error it throws is reported once and the page stays as it is.
     void guarded(void (CDlgChartOfAccounts::*command)());
     void showRows();
     void fitColumns();
-    // Does not query the database: it follows the cursor.
+    void takeSelection();
+    // Does not query the database: it follows the selection.
     void updateCommands();
     const ChartRows::Row *currentRow() const;
     QStandardItem *findItem(int code) const;

@@ -15,11 +15,15 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModel>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeView>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +48,10 @@ private Q_SLOTS:
     void closedDatabaseHidesTheCommands();
     void databaseClosedWhileThePageIsOpenIsNotChanged();
     void movingTheCursorAsksTheServerNothing();
+    void commandsActOnTheSelectedAccountHoweverItWasSelected_data();
+    void commandsActOnTheSelectedAccountHoweverItWasSelected();
+    void withoutASelectionThereIsNothingToActOn();
+    void treeIsReadAnewInItsPlace();
     void accountIsAddedBelowTheSelectedOne();
     void generalAccountIsAdded();
     void detailAccountsHaveNothingBelow();
@@ -261,8 +269,10 @@ void TestCDlgChartOfAccounts::rightsOfEachCommand()
     CDlgChartOfAccounts page;
     page.refill();
     page.selectCode(620101);
+    const QString refusal = KSecurity::refusalText(form, static_cast<KSecurity::Right>(right));
+    QCOMPARE(button(page, command)->toolTip(), refusal);
     button(page, command)->click();
-    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(form, static_cast<KSecurity::Right>(right))});
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{refusal});
 }
 
 void TestCDlgChartOfAccounts::closedDatabaseHidesTheCommands()
@@ -305,6 +315,82 @@ void TestCDlgChartOfAccounts::movingTheCursorAsksTheServerNothing()
     QTest::keyClick(page.tree(), Qt::Key_Home);
     QVERIFY(button(page, addBelow)->isEnabled());
     QCOMPARE(observed.taken(), QStringList());
+}
+
+void TestCDlgChartOfAccounts::commandsActOnTheSelectedAccountHoweverItWasSelected_data()
+{
+    using Select = std::function<void(QTreeView *, const QModelIndex &)>;
+    QTest::addColumn<Select>("select");
+    QTest::newRow("program") << Select([](QTreeView *tree, const QModelIndex &index) { tree->setCurrentIndex(index); });
+    QTest::newRow("selection alone") << Select([](QTreeView *tree, const QModelIndex &index) {
+        tree->selectionModel()->select(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    });
+    QTest::newRow("screen reader") << Select([](QTreeView *tree, const QModelIndex &index) {
+        QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(tree);
+        QVERIFY(reader->tableInterface());
+        int row = 0;
+        for (QModelIndex above = tree->indexAbove(index); above.isValid(); above = tree->indexAbove(above))
+            ++row;
+        QVERIFY(reader->tableInterface()->selectRow(row));
+    });
+    QTest::newRow("mouse") << Select([](QTreeView *tree, const QModelIndex &index) {
+        tree->scrollTo(index);
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(index).center());
+    });
+    QTest::newRow("keys") << Select([](QTreeView *tree, const QModelIndex &index) {
+        QTest::keyClick(tree, Qt::Key_Home);
+        while (tree->currentIndex().isValid() && tree->currentIndex() != index)
+            QTest::keyClick(tree, Qt::Key_Down);
+    });
+}
+
+void TestCDlgChartOfAccounts::commandsActOnTheSelectedAccountHoweverItWasSelected()
+{
+    using Select = std::function<void(QTreeView *, const QModelIndex &)>;
+    QFETCH(Select, select);
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(BooksOffice::water);
+    const QModelIndex general = page.tree()->model()->match(page.tree()->model()->index(0, 0), Qt::DisplayRole, u"6201"_s, 1,
+                                                            Qt::MatchExactly | Qt::MatchRecursive)
+                                    .value(0);
+    QVERIFY(general.isValid());
+    select(page.tree(), general);
+    QCOMPARE(page.currentCode(), 6201);
+    QVERIFY(button(page, addBelow)->isEnabled());
+    Hand::inNextWindow([](QDialog *dialog) { QCOMPARE(named<KEdit>(*dialog, codeLabel)->text().left(4), u"6201"_s); });
+    button(page, renameCaption)->click();
+    // The cursor follows, so that the arrow keys go on from the account.
+    QCOMPARE(page.tree()->currentIndex().siblingAtColumn(0), general);
+}
+
+void TestCDlgChartOfAccounts::withoutASelectionThereIsNothingToActOn()
+{
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(BooksOffice::water);
+    page.tree()->clearSelection();
+    QCOMPARE(page.currentCode(), 0);
+    for (const QString &command : {addBelow, renameCaption, toggle, sheet})
+        QVERIFY(!button(page, command)->isEnabled());
+}
+
+void TestCDlgChartOfAccounts::treeIsReadAnewInItsPlace()
+{
+    for (int code = 620110; code < 620160; ++code)
+        AccountChart::add(AccountLevel::Moeen, code, u"هزینه %1"_s.arg(code), 6201);
+    CDlgChartOfAccounts page;
+    showPage(page);
+    page.selectCode(620120);
+    QScrollBar *scroll = page.tree()->verticalScrollBar();
+    scroll->setValue(scroll->maximum());
+    const int top = scroll->value();
+    QVERIFY(top > 0);
+    AccountChart::rename(620120, u"اجاره"_s);
+    page.refreshIfStale();
+    QCOMPARE(page.cellText(620120, Name), u"اجاره"_s);
+    QCOMPARE(page.currentCode(), 620120);
+    QCOMPARE(scroll->value(), top);
 }
 
 void TestCDlgChartOfAccounts::accountIsAddedBelowTheSelectedOne()
