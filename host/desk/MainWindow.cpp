@@ -5,7 +5,10 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/administration/Backup.h"
+#include "host/desk/ActionHindrance.h"
 #include "host/desk/CDlgAbout.h"
+#include "host/desk/CommandMenu.h"
+#include "host/desk/PageAction.h"
 #include "host/administration/CDlgChangePassword.h"
 #include "host/books/CDlgDocuments.h"
 #include "host/administration/CDlgSettings.h"
@@ -27,6 +30,7 @@
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/frame/ModalWindows.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -44,6 +48,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString windowSection = u"tzhost\\Window"_s;
+const QString remindersText = u"یادآوری ها"_s;
+
+template <class Page>
+void showPage()
+{
+    GetDBSetting()->AddDialogToTabPage_(new Page, 1, 0);
+}
 
 QString longDate(const QDate &day)
 {
@@ -72,6 +83,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     m_workArea = new WorkArea(m_startPage, this);
     setCentralWidget(m_workArea);
     buildStatusBar();
+    showRights();
     GetDBSetting()->SetTabHost(m_workArea);
     refresh();
     restoreWindow();
@@ -85,32 +97,47 @@ MainWindow::~MainWindow()
         GetDBSetting()->SetTabHost(nullptr);
 }
 
-template <class Page>
-void MainWindow::openOnce()
-{
-    if (!m_workArea->showExisting<Page>())
-        GetDBSetting()->AddDialogToTabPage_(new Page, 1, 0);
-}
-
 QAction *MainWindow::makeAction(const Command &command)
 {
-    auto *action = new QAction(QIcon(u":/icons/%1.svg"_s.arg(command.icon)), command.text, this);
-    action->setShortcut(command.shortcut);
+    const QIcon icon(u":/icons/%1.svg"_s.arg(command.icon));
+    QAction *action = nullptr;
+    if (command.options & Command::OpensPage) {
+        auto *opening = new PageAction(icon, command.text, this);
+        opening->setKey(command.shortcut);
+        connect(opening, &PageAction::chosen, this,
+                [this, command](bool another) { m_workArea->open(command.text, another, command.run); });
+        action = opening;
+    } else {
+        action = new QAction(icon, command.text, this);
+        action->setShortcut(command.shortcut);
+        connect(action, &QAction::triggered, this, command.run);
+    }
     if ((command.options & Command::NeedsModule) && !m_module) {
         const QString hindrance = u"افزونه گالری اتومبیل بارگذاری نشده است."_s;
         action->setEnabled(false);
         action->setToolTip(hindrance);
         action->setStatusTip(hindrance);
-    } else {
-        connect(action, &QAction::triggered, this, command.run);
+    } else if (!command.form.isEmpty()) {
+        m_guarded.append({action, command.form, action->toolTip()});
     }
     return action;
 }
 
+void MainWindow::showRights()
+{
+    for (const Guarded &entry : std::as_const(m_guarded)) {
+        const bool granted = KSecurity::IsGranted(entry.form, KSecurity::Access);
+        ActionHindrance::set(*entry.action, granted ? QString() : KSecurity::refusalText(entry.form, KSecurity::Access), entry.tip);
+    }
+}
+
 void MainWindow::addMenu(const QString &title, const std::vector<Command> &commands)
 {
-    QMenu *menu = menuBar()->addMenu(title);
+    auto *menu = new CommandMenu(title, menuBar());
+    menuBar()->addMenu(menu);
     menu->setToolTipsVisible(true);
+    // The user's rights may have been changed meanwhile.
+    connect(menu, &QMenu::aboutToShow, this, &MainWindow::showRights);
     for (const Command &command : commands) {
         if (command.options & Command::StartsGroup)
             menu->addSeparator();
@@ -135,36 +162,35 @@ void MainWindow::buildMenus()
     addMenu(u"گالری اتومبیل"_s,
             {
                 {u"قرارداد"_s, u"contract"_s, contracts, control(Qt::Key_1),
-                 Command::OnStartPage | Command::NeedsModule},
+                 Command::OnStartPage | Command::NeedsModule | Command::OpensPage, u"AutomobilContracts"_s},
                 {u"تقاضا"_s, u"search"_s, demands, control(Qt::Key_6),
-                 Command::OnStartPage | Command::NeedsModule},
+                 Command::OnStartPage | Command::NeedsModule | Command::OpensPage, u"AutomobilDemands"_s},
                 {u"گالري اتومبيل"_s, u"car"_s, cars, control(Qt::Key_7),
-                 Command::OnStartPage | Command::NeedsModule},
+                 Command::OnStartPage | Command::NeedsModule | Command::OpensPage, u"AutomobilInformations"_s},
                 {u"گزارش فصلي"_s, u"money"_s, seasons, control(Qt::Key_9),
-                 Command::OnStartPage | Command::NeedsModule},
+                 Command::OnStartPage | Command::NeedsModule, u"AutomobilReportSeasons"_s},
             });
     addMenu(u"اشخاص و اسناد"_s,
             {
-                {u"اشخاص"_s, u"users"_s, [this] { openOnce<CDlgPersons>(); },
-                 control(Qt::Key_2), Command::OnStartPage},
-                {u"اسناد حسابداری"_s, u"document"_s, [this] { openOnce<CDlgDocuments>(); },
-                 control(Qt::Key_3), Command::OnStartPage},
-                {u"فاکتورها"_s, u"receipt"_s, [this] { openOnce<CDlgFactors>(); },
-                 control(Qt::Key_8), Command::OnStartPage},
-                {u"خدمات"_s, u"edit"_s, [this] { openOnce<CDlgServices>(); }, {}, Command::StartsGroup},
-                {u"سرفصل حساب‌ها"_s, u"database"_s,
-                 [this] { openOnce<CDlgChartOfAccounts>(); }},
-                {u"یادآوری ها"_s, u"reminder"_s, [this] { openReminders(); },
-                 control(Qt::Key_R), Command::StartsGroup},
+                {u"اشخاص"_s, u"users"_s, &showPage<CDlgPersons>, control(Qt::Key_2),
+                 Command::OnStartPage | Command::OpensPage, u"Persons"_s},
+                {u"اسناد حسابداری"_s, u"document"_s, &showPage<CDlgDocuments>, control(Qt::Key_3),
+                 Command::OnStartPage | Command::OpensPage, u"Documents"_s},
+                {u"فاکتورها"_s, u"receipt"_s, &showPage<CDlgFactors>, control(Qt::Key_8),
+                 Command::OnStartPage | Command::OpensPage, u"Factors"_s},
+                {u"خدمات"_s, u"edit"_s, &showPage<CDlgServices>, {}, Command::StartsGroup | Command::OpensPage, u"Services"_s},
+                {u"سرفصل حساب‌ها"_s, u"database"_s, &showPage<CDlgChartOfAccounts>, {}, Command::OpensPage, u"ChartOfAccounts"_s},
+                {remindersText, u"reminder"_s, [this] { showReminders(); },
+                 control(Qt::Key_R), Command::StartsGroup | Command::OpensPage},
             });
     addMenu(u"مدیریت"_s,
             {
-                {u"کاربران و دسترسی‌ها"_s, u"user"_s, [this] { openOnce<CDlgUsers>(); },
-                 control(Qt::Key_4), Command::OnStartPage},
+                {u"کاربران و دسترسی‌ها"_s, u"user"_s, &showPage<CDlgUsers>, control(Qt::Key_4),
+                 Command::OnStartPage | Command::OpensPage, u"Users"_s},
                 {u"تنظیمات"_s, u"settings"_s, [this] { editSettings(); },
-                 control(Qt::Key_5), Command::OnStartPage},
+                 control(Qt::Key_5), Command::OnStartPage, u"Settings"_s},
                 {u"پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); },
-                 control(Qt::Key_B), Command::OnStartPage | Command::StartsGroup},
+                 control(Qt::Key_B), Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
                 {u"پوشه پشتیبان‌ها"_s, u"database"_s, showBackups},
             });
     addMenu(u"برنامه"_s,
@@ -187,7 +213,8 @@ void MainWindow::buildStatusBar()
         statusBar()->addPermanentWidget(label);
     }
     statusBar()->addPermanentWidget(m_reminders);
-    connect(m_reminders, &ReminderBadge::clicked, this, &MainWindow::openReminders);
+    connect(m_reminders, &ReminderBadge::clicked, this,
+            [this] { m_workArea->open(remindersText, false, [this] { showReminders(); }); });
     m_clock.setObjectName(u"clock"_s);
     m_clock.setInterval(60 * 1000);
     connect(&m_clock, &QTimer::timeout, this, &MainWindow::showDate);
@@ -230,16 +257,11 @@ void MainWindow::tellDueReminders()
     }
 }
 
-void MainWindow::openReminders()
+void MainWindow::showReminders()
 {
-    if (!m_workArea->showExisting<CDlgAlarms>()) {
-        auto *page = new CDlgAlarms;
-        connect(page, &CDlgAlarms::alarmsChanged, m_reminders, &ReminderBadge::refresh);
-        GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
-    } else {
-        // Some may have come due, or been added elsewhere, since the page was filled.
-        static_cast<CDlgAlarms *>(m_workArea->currentPage())->refill();
-    }
+    auto *page = new CDlgAlarms;
+    connect(page, &CDlgAlarms::alarmsChanged, m_reminders, &ReminderBadge::refresh);
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
     m_reminders->refresh();
 }
 
@@ -258,8 +280,11 @@ bool MainWindow::mayManage(bool changes)
 
 void MainWindow::editSettings()
 {
-    if (mayManage(true) && CDlgSettings(this).exec() == QDialog::Accepted)
-        refresh();
+    if (!mayManage(true) || CDlgSettings(this).exec() != QDialog::Accepted)
+        return;
+    refresh();
+    if (KDialogTabPage *page = m_workArea->currentPage())
+        page->refreshIfStale();
 }
 
 void MainWindow::takeBackup()

@@ -54,7 +54,8 @@ private:
         enum Option {
             OnStartPage = 1,
             NeedsModule = 2,
-            StartsGroup = 4 // a line before it
+            StartsGroup = 4, // a line before it
+            OpensPage = 8    // brings its page to the front where it is open
         };
 
         QString text;
@@ -62,27 +63,35 @@ private:
         std::function<void()> run; // none: not in this version yet
         QKeySequence shortcut = {};
         int options = 0;
+        QString form = {}; // whose access right the entry needs; empty: none
+    };
+
+    // An entry that needs a right.
+    struct Guarded
+    {
+        QAction *action = nullptr;
+        QString form;
+        QString tip; // while the user has the right
     };
 
     void addMenu(const QString &title, const std::vector<Command> &commands);
     QAction *makeAction(const Command &command);
+    void showRights();
     void buildMenus();
     void buildStatusBar();
-    // Brings the page of that type to the front; opens one when there is none and the user may see it.
-    template <class Page>
-    void openOnce();
     // Whether the user may see (or change) what concerns the whole office; reports a refusal.
     bool mayManage(bool changes);
     void editSettings();
     void takeBackup();
     void switchUser();
-    void openReminders();
+    void showReminders();
     void showDate();
     void restoreWindow();
 
     DataFolder m_folder;
     CAutoDBSetting *m_module;
     QList<QAction *> m_startActions;
+    QList<Guarded> m_guarded;
     StartPage *m_startPage = nullptr;
     WorkArea *m_workArea = nullptr;
     QLabel *m_user;

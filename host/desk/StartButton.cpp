@@ -3,6 +3,8 @@
 
 #include "host/desk/StartButton.h"
 
+#include "host/desk/ActionHindrance.h"
+
 #include <QAction>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -34,7 +36,14 @@ void StartButton::follow()
     setAccessibleName(m_action->text());
     setIcon(m_action->icon());
     setEnabled(m_action->isEnabled());
-    setToolTip(m_action->isEnabled() ? m_action->shortcut().toString(QKeySequence::NativeText) : m_action->toolTip());
+    setToolTip(looksEnabled() ? m_action->shortcut().toString(QKeySequence::NativeText) : m_action->toolTip());
+    setAccessibleDescription(ActionHindrance::of(*m_action));
+    update();
+}
+
+bool StartButton::looksEnabled() const
+{
+    return m_action->isEnabled() && ActionHindrance::of(*m_action).isEmpty();
 }
 
 QSize StartButton::sizeHint() const
@@ -52,12 +61,16 @@ void StartButton::paintEvent(QPaintEvent *)
     const QString caption = option.text;
     option.icon = {};
     option.text.clear();
+    if (!looksEnabled()) {
+        option.state &= ~QStyle::State_Enabled;
+        option.palette.setCurrentColorGroup(QPalette::Disabled);
+    }
     painter.drawControl(QStyle::CE_PushButton, option);
 
     const int height = pictureSize + gap + fontMetrics().lineSpacing();
     const int top = (this->height() - height) / 2;
     picture.paint(&painter, QRect((width() - pictureSize) / 2, top, pictureSize, pictureSize), Qt::AlignCenter,
-                  isEnabled() ? QIcon::Normal : QIcon::Disabled);
-    painter.drawItemText(QRect(0, top + pictureSize + gap, width(), fontMetrics().lineSpacing()), Qt::AlignCenter, palette(),
-                         isEnabled(), caption, QPalette::ButtonText);
+                  looksEnabled() ? QIcon::Normal : QIcon::Disabled);
+    painter.drawItemText(QRect(0, top + pictureSize + gap, width(), fontMetrics().lineSpacing()), Qt::AlignCenter, option.palette,
+                         looksEnabled(), caption, QPalette::ButtonText);
 }

@@ -22,6 +22,7 @@ protected:
 
 private:
     void follow();
+    bool looksEnabled() const;
 
     QAction *m_action;
 };

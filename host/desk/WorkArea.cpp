@@ -7,9 +7,12 @@
 #include "suite/utility/frame/KDialogTabPage.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +38,7 @@ WorkArea::WorkArea(QWidget *startPage, QWidget *parent)
     addWidget(startPage);
     addWidget(m_tabs);
     connect(m_tabs, &QTabWidget::tabCloseRequested, this, &WorkArea::closePage);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &WorkArea::noteUse);
 
     const auto addKey = [this](const QKeySequence &key, auto action) {
         auto *shortcut = new QShortcut(key, this);
@@ -54,9 +58,10 @@ WorkArea::~WorkArea()
 
 void WorkArea::addPage(KDialogTabPage *page)
 {
-    const int index = m_tabs->addTab(page, page->title());
+    m_opened.insert(page, {m_openingKind, freeNumber(m_openingKind)});
+    const int index = m_tabs->addTab(page, tabText(page));
     connect(page, &KDialogTabPage::titleChanged, this,
-            [this, page](const QString &title) { m_tabs->setTabText(m_tabs->indexOf(page), title); });
+            [this, page] { m_tabs->setTabText(m_tabs->indexOf(page), tabText(page)); });
     // Queued: the page may ask for it from within one of its own slots.
     connect(
         page, &KDialogTabPage::closeRequested, this, [this, page] { closePage(m_tabs->indexOf(page)); },
@@ -64,6 +69,52 @@ void WorkArea::addPage(KDialogTabPage *page)
     setCurrentWidget(m_tabs);
     m_tabs->setCurrentIndex(index);
     page->setFocus();
+}
+
+void WorkArea::open(const QString &kind, bool another, const std::function<void()> &opener)
+{
+    if (KDialogTabPage *open = another ? nullptr : lastUsed(kind)) {
+        open->refresh();
+        m_tabs->setCurrentWidget(open);
+        return;
+    }
+    const QScopedValueRollback opening(m_openingKind, kind);
+    opener();
+}
+
+KDialogTabPage *WorkArea::lastUsed(const QString &kind) const
+{
+    KDialogTabPage *found = nullptr;
+    for (int index = 0; index < count(); ++index) {
+        const Opened opened = m_opened.value(page(index));
+        if (opened.kind == kind && (!found || opened.used > m_opened.value(found).used))
+            found = page(index);
+    }
+    return found;
+}
+
+int WorkArea::freeNumber(const QString &kind) const
+{
+    const auto isTaken = [&](int number) {
+        return std::any_of(m_opened.cbegin(), m_opened.cend(),
+                           [&](const Opened &opened) { return opened.kind == kind && opened.number == number; });
+    };
+    int number = 1;
+    while (!kind.isEmpty() && isTaken(number))
+        ++number;
+    return number;
+}
+
+QString WorkArea::tabText(const KDialogTabPage *page) const
+{
+    const int number = m_opened.value(page).number;
+    return number == 1 ? page->title() : u"%1 (%2)"_s.arg(page->title(), QString::number(number));
+}
+
+void WorkArea::noteUse()
+{
+    if (const auto opened = m_opened.find(currentPage()); opened != m_opened.end())
+        opened->used = ++m_uses;
 }
 
 int WorkArea::count() const
@@ -97,6 +148,7 @@ void WorkArea::closePage(int index)
         return;
     }
     tellClosing(closing);
+    m_opened.remove(closing);
     m_tabs->removeTab(m_tabs->indexOf(closing));
     // Not at once: the click that closes the page may come from inside it.
     closing->deleteLater();
@@ -112,6 +164,7 @@ void WorkArea::closeAll()
 {
     while (KDialogTabPage *closing = page(0)) {
         tellClosing(closing);
+        m_opened.remove(closing);
         delete closing;
     }
     showStartPageIfEmpty();

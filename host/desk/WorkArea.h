@@ -5,7 +5,10 @@
 
 #include "suite/accounting/office/CDBSetting.h"
 
+#include <QHash>
 #include <QStackedWidget>
+
+#include <functional>
 
 class QTabWidget;
 
@@ -21,21 +24,12 @@ public:
     ~WorkArea() override;
 
     void addPage(KDialogTabPage *page) override;
+    // Brings the page of that kind that was used last to the front, read anew; opens one where there is none, or another besides. A
+    // kind is what the pages that opener opens have in common. Titles are numbered from the second page of a kind on.
+    void open(const QString &kind, bool another, const std::function<void()> &opener);
     int count() const;
     KDialogTabPage *page(int index) const;
     KDialogTabPage *currentPage() const;
-    // Brings the first page of that type to the front; false when there is none.
-    template <class Page>
-    bool showExisting()
-    {
-        for (int index = 0; index < count(); ++index)
-            if (qobject_cast<Page *>(page(index))) {
-                setCurrent(index);
-                return true;
-            }
-        return false;
-    }
-
     void setCurrent(int index);
     // Notifies the page that it is closing, and destroys it. A page cannot be closed while a modal window is open: it may be the
     // one that waits for it.
@@ -45,8 +39,23 @@ public:
     void closeAll();
 
 private:
+    // How a page was opened.
+    struct Opened
+    {
+        QString kind;
+        int number = 1; // among the open pages of the kind
+        int used = 0;   // the highest is the page that was in front last
+    };
+
+    KDialogTabPage *lastUsed(const QString &kind) const;
+    int freeNumber(const QString &kind) const;
+    QString tabText(const KDialogTabPage *page) const;
+    void noteUse();
     void step(int direction);
     void showStartPageIfEmpty();
 
     QTabWidget *m_tabs;
+    QHash<const QWidget *, Opened> m_opened;
+    QString m_openingKind; // while an opener runs
+    int m_uses = 0;
 };

@@ -21,7 +21,8 @@ public:
     void refresh() override;
 
 Q_SIGNALS:
-    // One was added, changed, done or deleted here: a count of the due ones shown elsewhere may be out of date.
+    // One was added, changed, done or deleted here, or the list was read anew: a count of the due ones shown elsewhere may be out of
+    // date.
     void alarmsChanged();
 
 protected:

@@ -5,6 +5,7 @@
 
 #include "host/frame/AutoModule.h"
 #include "host/start/DatabaseUpgrade.h"
+#include "host/desk/ActionHindrance.h"
 #include "host/desk/ReminderBadge.h"
 #include "host/desk/StartButton.h"
 #include "host/desk/WorkArea.h"
@@ -26,9 +27,13 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPointer>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -44,10 +49,10 @@ private Q_SLOTS:
     void entriesOfTheModuleAreThere();
     void everyShortcutBelongsToOneEntry();
     void withoutTheModuleTheWindowWorks();
-    void listsOfTheModuleOpenAsATabEachTime_data();
-    void listsOfTheModuleOpenAsATabEachTime();
-    void hostPagesOpenOnce_data();
-    void hostPagesOpenOnce();
+    void pagesOpenOnce_data();
+    void pagesOpenOnce();
+    void anotherPageOpensWithControlHeld();
+    void shortcutWithShiftOpensAnotherPage();
     void withoutRightsNothingOpens_data();
     void withoutRightsNothingOpens();
     void settingsAreRefusedWithoutTheRight();
@@ -60,6 +65,8 @@ private Q_SLOTS:
     void leavingEndsAnOpenEditorBeforeItsPage_data();
     void leavingEndsAnOpenEditorBeforeItsPage();
     void keptEditorKeepsTheProgram();
+    void closingTheDatabaseHidesTheCommandsOfTheListAtOnce();
+    void entriesWithoutTheirRightLookDisabled();
     void switchingUserIsTold();
     void remindersOpenOnceForEverybody();
     void badgeCountsTheUsersDueReminders();
@@ -158,28 +165,16 @@ void TestMainWindow::withoutTheModuleTheWindowWorks()
     QCOMPARE(window.workArea()->count(), 1);
 }
 
-void TestMainWindow::listsOfTheModuleOpenAsATabEachTime_data()
-{
-    QTest::addColumn<QString>("entry");
-    QTest::newRow("contracts") << u"قرارداد"_s;
-    QTest::newRow("demands") << u"تقاضا"_s;
-    QTest::newRow("cars") << u"گالري اتومبيل"_s;
-}
-
-void TestMainWindow::listsOfTheModuleOpenAsATabEachTime()
-{
-    QFETCH(QString, entry);
-    const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
-    action(window, entry)->trigger();
-    action(window, entry)->trigger();
-    QCOMPARE(window.workArea()->count(), 2);
-    QCOMPARE(window.workArea()->currentPage()->title(), entry);
-}
-
-void TestMainWindow::hostPagesOpenOnce_data()
+void TestMainWindow::pagesOpenOnce_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QString>("form");
+    QTest::newRow("contracts") << "قرارداد"
+                               << "AutomobilContracts";
+    QTest::newRow("demands") << "تقاضا"
+                             << "AutomobilDemands";
+    QTest::newRow("cars") << "گالري اتومبيل"
+                          << "AutomobilInformations";
     QTest::newRow("persons") << "اشخاص"
                              << "Persons";
     QTest::newRow("documents") << "اسناد حسابداری"
@@ -194,26 +189,59 @@ void TestMainWindow::hostPagesOpenOnce_data()
                            << "Users";
 }
 
-void TestMainWindow::hostPagesOpenOnce()
+void TestMainWindow::pagesOpenOnce()
 {
     QFETCH(QString, entry);
     const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
     QVERIFY(action(window, entry));
     action(window, entry)->trigger();
+    const KDialogTabPage *opened = window.workArea()->currentPage();
+    action(window, u"یادآوری ها"_s)->trigger();
+    QVERIFY(window.workArea()->currentPage() != opened);
     action(window, entry)->trigger();
+    QCOMPARE(window.workArea()->count(), 2);
+    QCOMPARE(window.workArea()->currentPage(), opened);
+    QCOMPARE(opened->title(), entry);
+}
+
+void TestMainWindow::anotherPageOpensWithControlHeld()
+{
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QMenu *menu = window.menuBar()->actions().constFirst()->menu();
+    const QPoint entry = menu->actionGeometry(menu->actions().constFirst()).center();
+    for (const Qt::KeyboardModifiers modifiers : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ControlModifier), Qt::KeyboardModifiers()}) {
+        menu->popup(QPoint(0, 0));
+        QVERIFY(QTest::qWaitForWindowExposed(menu));
+        QTest::mouseClick(menu, Qt::LeftButton, modifiers, entry);
+    }
+    const QTabWidget *tabs = window.workArea()->findChild<QTabWidget *>();
+    QCOMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->tabText(0), u"قرارداد"_s);
+    QCOMPARE(tabs->tabText(1), u"قرارداد (2)"_s);
+}
+
+void TestMainWindow::shortcutWithShiftOpensAnotherPage()
+{
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto press = [&window](Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_2, modifiers);
+    };
+    press(Qt::ControlModifier);
     QCOMPARE(window.workArea()->count(), 1);
-    QCOMPARE(window.workArea()->currentPage()->title(), entry);
+    press(Qt::ControlModifier);
+    QCOMPARE(window.workArea()->count(), 1);
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(window.workArea()->count(), 2);
+    QCOMPARE(window.workArea()->currentPage()->title(), u"اشخاص"_s);
 }
 
 void TestMainWindow::withoutRightsNothingOpens_data()
 {
-    hostPagesOpenOnce_data();
-    QTest::newRow("contracts") << "قرارداد"
-                               << "AutomobilContracts";
-    QTest::newRow("demands") << "تقاضا"
-                             << "AutomobilDemands";
-    QTest::newRow("cars") << "گالري اتومبيل"
-                          << "AutomobilInformations";
+    pagesOpenOnce_data();
 }
 
 void TestMainWindow::withoutRightsNothingOpens()
@@ -376,6 +404,59 @@ void TestMainWindow::keptEditorKeepsTheProgram()
     QCOMPARE(closed.count(), 0);
     QVERIFY(window.isVisible());
     QVERIFY(!window.isSwitchingUser());
+}
+
+void TestMainWindow::closingTheDatabaseHidesTheCommandsOfTheListAtOnce()
+{
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    action(window, u"اشخاص"_s)->trigger();
+    auto *page = static_cast<KListPage *>(window.workArea()->currentPage());
+    QVERIFY(!page->button(u"new")->isHidden());
+    for (const bool closes : {true, false}) {
+        Hand::inNextWindow([closes](QDialog *dialog) {
+            GetDBSetting()->SetClosedDB(closes);
+            dialog->done(QDialog::Accepted);
+        });
+        action(window, u"تنظیمات"_s)->trigger();
+        QCOMPARE(page->button(u"new")->isHidden(), closes);
+    }
+}
+
+void TestMainWindow::entriesWithoutTheirRightLookDisabled()
+{
+    const int clerk = m_office.loginClerk();
+    KSecurity::setRights(clerk, u"Persons"_s, KSecurity::Access);
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    const QAction *persons = action(window, u"اشخاص"_s);
+    const QAction *invoices = action(window, u"فاکتورها"_s);
+    QVERIFY(ActionHindrance::of(*persons).isEmpty());
+    const QString refusal = KSecurity::refusalText(u"Factors"_s, KSecurity::Access);
+    QCOMPARE(ActionHindrance::of(*invoices), refusal);
+    QCOMPARE(invoices->toolTip(), refusal);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (const StartButton *button : window.findChildren<StartButton *>()) {
+        if (button->text() == invoices->text())
+            QCOMPARE(button->toolTip(), refusal);
+        if (button->text() == persons->text())
+            QVERIFY(button->toolTip() != refusal);
+    }
+    QMenu *menu = window.menuBar()->actions().at(1)->menu();
+    menu->popup(QPoint(0, 0));
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    const QImage picture = menu->grab().toImage();
+    const auto darkest = [&](const QAction *entry) {
+        const QRect line = menu->actionGeometry(const_cast<QAction *>(entry));
+        int lightness = 255;
+        // The words, which begin at the right, without the icon.
+        for (int x = line.center().x(); x < line.right() - 40; ++x)
+            for (int y = line.top(); y < line.bottom(); ++y)
+                lightness = std::min(lightness, picture.pixelColor(x, y).lightness());
+        return lightness;
+    };
+    QVERIFY2(darkest(invoices) > darkest(persons) + 40, qPrintable(u"%1 %2"_s.arg(darkest(invoices)).arg(darkest(persons))));
 }
 
 void TestMainWindow::switchingUserIsTold()

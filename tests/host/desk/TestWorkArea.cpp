@@ -34,7 +34,8 @@ private Q_SLOTS:
     void keysCloseAndWalkThroughThePages();
     void pageThatCannotStoreItsSettingsStillCloses();
     void closeAllLeavesNoPageAlive();
-    void pageOfATypeIsFoundAgain();
+    void openPageComesToTheFront();
+    void otherPagesOfAKindAreNumbered();
     void pageStaysWhileAModalWindowIsOpen();
 };
 
@@ -58,16 +59,14 @@ public:
             throw std::runtime_error("no room for settings");
     }
 
+    void refresh() override { ++m_refreshed; }
+
     QLineEdit *m_edit = nullptr;
     bool m_fails = false;
+    int m_refreshed = 0;
 
 private:
     int *m_closings;
-};
-
-class OtherPage : public KDialogTabPage
-{
-    Q_OBJECT
 };
 
 QTabWidget *tabs(const WorkArea &area)
@@ -185,14 +184,56 @@ void TestWorkArea::closeAllLeavesNoPageAlive()
     QCOMPARE(area.count(), 0);
 }
 
-void TestWorkArea::pageOfATypeIsFoundAgain()
+void TestWorkArea::openPageComesToTheFront()
 {
     WorkArea area(new QWidget);
-    QVERIFY(!area.showExisting<OtherPage>());
-    area.addPage(new OtherPage);
-    area.addPage(new Page(u"two"_s));
-    QVERIFY(area.showExisting<OtherPage>());
-    QVERIFY(qobject_cast<OtherPage *>(area.currentPage()));
+    int opened = 0;
+    const auto cars = [&] {
+        ++opened;
+        area.addPage(new Page(u"cars"_s));
+    };
+    const auto persons = [&area] { area.addPage(new Page(u"persons"_s)); };
+    area.open(u"cars"_s, false, cars);
+    area.open(u"persons"_s, false, persons);
+    QCOMPARE(area.currentPage()->title(), u"persons"_s);
+    area.open(u"cars"_s, false, cars);
+    QCOMPARE(opened, 1);
+    QCOMPARE(area.count(), 2);
+    QCOMPARE(area.currentPage()->title(), u"cars"_s);
+    QCOMPARE(static_cast<Page *>(area.currentPage())->m_refreshed, 1);
+    area.closeCurrent();
+    area.open(u"cars"_s, false, cars);
+    QCOMPARE(opened, 2);
+}
+
+void TestWorkArea::otherPagesOfAKindAreNumbered()
+{
+    WorkArea area(new QWidget);
+    const auto open = [&area](const QString &title, bool another) {
+        area.open(title, another, [&] { area.addPage(new Page(title)); });
+    };
+    const auto texts = [&area] {
+        QStringList shown;
+        for (int index = 0; index < area.count(); ++index)
+            shown.append(tabs(area)->tabText(index));
+        return shown;
+    };
+    open(u"cars"_s, false);
+    open(u"cars"_s, true);
+    open(u"persons"_s, true);
+    open(u"cars"_s, true);
+    QCOMPARE(texts(), (QStringList{u"cars"_s, u"cars (2)"_s, u"persons"_s, u"cars (3)"_s}));
+    // The page used last is the one that comes back.
+    area.setCurrent(1);
+    area.setCurrent(2);
+    open(u"cars"_s, false);
+    QCOMPARE(tabs(area)->currentIndex(), 1);
+    area.currentPage()->setTitle(u"cars of today"_s);
+    QCOMPARE(tabs(area)->tabText(1), u"cars of today (2)"_s);
+    // A number that is free again is used again.
+    area.closeCurrent();
+    open(u"cars"_s, true);
+    QCOMPARE(texts(), (QStringList{u"cars"_s, u"persons"_s, u"cars (3)"_s, u"cars (2)"_s}));
 }
 
 // A screen reader's command reaches the tab past a modal window that stands on the page's own code.
