@@ -170,6 +170,16 @@ KListModel::Cell MatchTexts::number(int number)
     return number == 0 ? KListModel::Cell{} : KListModel::Cell{QString::number(number), number};
 }
 
+KListModel::Cell MatchTexts::latestDate(const QDateTime &date)
+{
+    return {shamsiText(date.date()), date};
+}
+
+KListModel::Cell MatchTexts::sold(bool sold)
+{
+    return {sold ? u"فروخته شده"_s : u"-"_s};
+}
+
 KListModel::Cell MatchTexts::money(double amount)
 {
     return amount == 0 ? KListModel::Cell{} : KListModel::Cell{DToMoney(amount), amount};

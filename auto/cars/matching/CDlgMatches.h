@@ -79,5 +79,9 @@ KListModel::Cell name(const QString &name);
 // Empty for 0.
 KListModel::Cell number(int number);
 KListModel::Cell money(double amount);
+// Until when a car is needed; empty for an invalid date.
+KListModel::Cell latestDate(const QDateTime &date);
+// Whether the car is sold.
+KListModel::Cell sold(bool sold);
 
 }

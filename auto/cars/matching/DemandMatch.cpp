@@ -117,6 +117,11 @@ std::optional<DemandMatch> DemandMatch::of(const DemandWishes &wishes, const Off
     return score.match();
 }
 
+bool isOver(const QDateTime &latestDate, const QDate &today)
+{
+    return latestDate.isValid() && latestDate.date() < today;
+}
+
 bool isBetterMatch(const DemandMatch &one, int codeOfOne, const DemandMatch &other, int codeOfOther)
 {
     return std::tuple(-one.percent, -one.wishes, codeOfOne) < std::tuple(-other.percent, -other.wishes, codeOfOther);

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QDateTime>
+
 #include <optional>
 
 // What a demand asks of a car. 0 asks nothing; a range with one end is open at the other; reversed ends are
@@ -26,6 +28,7 @@ struct OfferedCar
     int color = 0;
     int year = 0;
     double amount = 0;
+    bool sold = false; // asked for by no demand; a match with it stands behind the others
 };
 
 // How well a car fits a demand.
@@ -52,6 +55,9 @@ struct DemandMatch
     // None when the car does not fit.
     static std::optional<DemandMatch> of(const DemandWishes &wishes, const OfferedCar &car);
 };
+
+// Whether the last day on which a demand stands is over. A demand without one stands.
+bool isOver(const QDateTime &latestDate, const QDate &today);
 
 // The better match comes first, of two equally good ones the one with more wishes, then the lower code. (A match has its
 // own code in each of the two lists: the car's or the demand's.)

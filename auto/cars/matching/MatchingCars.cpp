@@ -5,6 +5,7 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KLookup.h"
 
 #include <QHash>
@@ -30,11 +31,11 @@ std::vector<FittingCar> fittingCars(const DemandWishes &wishes, int database)
     CTblAutomobilInformations cars(database);
     cars.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
                      u"iBrigade"_s, u"iModel"_s, u"iColor"_s,
-                     u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s});
-    cars.m_filter = "bSold=0 AND iArchiveUserID=0 AND iStatus=0";
+                     u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s, u"bSold"_s});
+    cars.m_filter = "iArchiveUserID=0 AND iStatus=0";
     std::vector<FittingCar> found;
     for (cars.Open(true, true, true); !cars.IsEOF(); cars.MoveNext()) {
-        const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount};
+        const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount, cars.m_bSold != 0};
         const auto match = DemandMatch::of(wishes, offer);
         if (!match)
             continue;
@@ -44,6 +45,8 @@ std::vector<FittingCar> fittingCars(const DemandWishes &wishes, int database)
                          cars.m_iPersonID});
     }
     std::sort(found.begin(), found.end(), [](const FittingCar &one, const FittingCar &other) {
+        if (one.car.offer.sold != other.car.offer.sold)
+            return other.car.offer.sold;
         return isBetterMatch(one.car.match, one.car.code, other.car.match, other.car.code);
     });
     return found;
@@ -93,6 +96,8 @@ std::optional<MatchingCars> MatchingCars::of(int demandID, int database)
     matching.demandCode = demand.m_iCode;
     matching.wishes = {demand.m_iAutomobilType, demand.m_iColor, demand.m_iModelFrom,
                        demand.m_iModelUpTo, demand.m_dAmountFrom, demand.m_dAmountUpTo};
+    matching.latestDate = demand.m_dateMaxTimeNeed;
+    matching.overdue = isOver(demand.m_dateMaxTimeNeed, GetDBSetting()->GetDBServerDate().date());
     matching.person = KLookup::name(demand, u"iPersonID");
     matching.type = KLookup::name(demand, u"iAutomobilType");
     matching.color = KLookup::name(demand, u"iColor");

@@ -32,9 +32,11 @@ struct MatchingCars
     QString person; // the customer
     QString type;
     QString color;
-    std::vector<Car> cars; // best first
+    QDateTime latestDate; // until when the car is needed; invalid: open
+    bool overdue = false; // that day is over
+    std::vector<Car> cars; // best first, those that are sold behind the others
 
-    // Among the cars not sold, not archived and active, read by one statement, and the names of those that fit by one for
+    // Among the cars not archived and active, read by one statement, and the names of those that fit by one for
     // each kind of name. None when there is no such demand.
     static std::optional<MatchingCars> of(int demandID, int database = 0);
 };

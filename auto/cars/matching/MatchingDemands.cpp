@@ -5,6 +5,7 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KLookup.h"
 
 #include <QHash>
@@ -29,8 +30,9 @@ std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
     demands.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
                         u"iModelFrom"_s, u"iModelUpTo"_s, u"iColor"_s,
                         u"dAmountFrom"_s, u"dAmountUpTo"_s, u"dateReference"_s,
-                        u"sDescSpecial"_s});
+                        u"dateMaxTimeNeed"_s, u"sDescSpecial"_s});
     demands.m_filter = "iArchiveUserID=0 AND iStatus=0";
+    const QDate today = GetDBSetting()->GetDBServerDate().date();
     std::vector<FittingDemand> found;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {
         const DemandWishes wishes{demands.m_iAutomobilType, demands.m_iColor, demands.m_iModelFrom,
@@ -38,10 +40,12 @@ std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
         const auto match = DemandMatch::of(wishes, car);
         if (!match)
             continue;
-        found.push_back({{demands.m_iID, demands.m_iCode, *match, wishes, {}, {}, {}, {}, demands.m_dateReference, demands.m_sDescSpecial},
+        found.push_back({{demands.m_iID, demands.m_iCode, *match, wishes, {}, {}, {}, {}, demands.m_dateReference, demands.m_dateMaxTimeNeed, isOver(demands.m_dateMaxTimeNeed, today), demands.m_sDescSpecial},
                          demands.m_iPersonID});
     }
     std::sort(found.begin(), found.end(), [](const FittingDemand &one, const FittingDemand &other) {
+        if (one.demand.overdue != other.demand.overdue)
+            return other.demand.overdue;
         return isBetterMatch(one.demand.match, one.demand.code, other.demand.match, other.demand.code);
     });
     return found;
@@ -85,10 +89,10 @@ std::optional<MatchingDemands> MatchingDemands::of(int carID, int database)
 {
     CTblAutomobilInformations car(database);
     car.SetColumns({u"iCode"_s, u"iAutomobilType"_s, u"iColor"_s,
-                    u"dAmount"_s, u"iYear"_s});
+                    u"dAmount"_s, u"iYear"_s, u"bSold"_s});
     if (!car.IsRecordExist(u"iID"_s, carID))
         return std::nullopt;
-    return of({car.m_iAutomobilType, car.m_iColor, car.m_iYear, car.m_dAmount}, car.m_iCode, database);
+    return of({car.m_iAutomobilType, car.m_iColor, car.m_iYear, car.m_dAmount, car.m_bSold != 0}, car.m_iCode, database);
 }
 
 MatchingDemands MatchingDemands::of(const OfferedCar &offer, int carCode, int database)

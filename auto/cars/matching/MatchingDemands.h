@@ -25,6 +25,8 @@ struct MatchingDemands
         QString type;
         QString color;
         QDateTime referenceDate;
+        QDateTime latestDate; // until when the car is needed; invalid: open
+        bool overdue = false; // that day is over
         QString specialDescription;
     };
 
@@ -32,7 +34,7 @@ struct MatchingDemands
     OfferedCar offer;
     QString type;
     QString color;
-    std::vector<Demand> demands; // best first
+    std::vector<Demand> demands; // best first, those that are overdue behind the others
 
     // Among the demands not archived and active, read by one statement; one whose person is gone is left out, as the list of
     // demands does. None when there is no such car.

@@ -5,6 +5,7 @@
 
 #include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 #include "auto/cars/fields/CarChoices.h"
+#include "auto/cars/matching/CDlgMatches.h"
 #include "auto/cars/register/CarFilter.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/catalog/CDlgCarsAll.h"
@@ -66,7 +67,7 @@ void CDlgAutomobilInformations::ShowForDemand(int demandID)
 QList<KListColumn> CDlgAutomobilInformations::columnTable() const
 {
     const QString dash = u"-"_s;
-    const auto sold = [](const QVariant &value) { return KListColumn::Cell{value.toInt() != 0 ? u"فروخته شده"_s : u"-"_s}; };
+    const auto sold = [](const QVariant &value) { return MatchTexts::sold(value.toInt() != 0); };
     return {
         KListColumn::rowNumber(),
         {.key = u"buyer"_s, .title = u"نام خریدار"_s, .width = 120, .sortKey = u"iPersonBuyerID"_s, .lookup = u"ai.iPersonBuyerID"_s, .emptyText = dash},

@@ -19,6 +19,8 @@ QString carText(const MatchingDemands &matching)
         parts.append(u"سال تولید %1"_s.arg(matching.offer.year));
     if (matching.offer.amount != 0)
         parts.append(u"مبلغ "_s + DToMoney(matching.offer.amount));
+    if (matching.offer.sold)
+        parts.append(u"فروخته شده"_s);
     parts.removeAll(QString());
     const QString car = u"خودروی %1"_s.arg(matching.carCode);
     return parts.isEmpty() ? car : car + u": "_s + parts.join(u"، "_s);
@@ -33,7 +35,8 @@ MatchTable::Contents contents(const MatchingDemands &matching)
     for (const MatchingDemands::Demand &demand : matching.demands) {
         const int row = static_cast<int>(contents.rows.size()) + 1;
         contents.rows.append({demand.id,
-                              {number(row), percent(demand.match.percent), number(demand.code), name(demand.person), {demand.mobile}, name(demand.type), number(demand.wishes.yearFrom), number(demand.wishes.yearUpTo), name(demand.color), money(demand.wishes.amountFrom), money(demand.wishes.amountUpTo), {shamsiText(demand.referenceDate.date()), demand.referenceDate}, {demand.specialDescription}}});
+                              {number(row), percent(demand.match.percent), number(demand.code), name(demand.person), {demand.mobile}, name(demand.type), number(demand.wishes.yearFrom), number(demand.wishes.yearUpTo), name(demand.color), money(demand.wishes.amountFrom), money(demand.wishes.amountUpTo), {shamsiText(demand.referenceDate.date()), demand.referenceDate}, latestDate(demand.latestDate), sold(matching.offer.sold), {demand.specialDescription}},
+                              demand.overdue || matching.offer.sold});
     }
     return contents;
 }
@@ -59,6 +62,8 @@ MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
             {u"از مبلغ"_s, Qt::AlignCenter, 78},
             {u"تا مبلغ"_s, Qt::AlignCenter, 78},
             {u"تاریخ مراجعه"_s, Qt::AlignCenter, 65, {}, true},
+            {u"حداکثر زمان نیاز"_s, Qt::AlignCenter, 65, {}, true},
+            {u"وضعیت فروش"_s, Qt::AlignCenter, 55},
             {u"توضیحات ویژه"_s, Qt::AlignRight, 100},
         },
         {title, u"گالری اتومبیل"_s, title},

@@ -14,6 +14,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
+#include <QCheckBox>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -45,7 +46,11 @@ CDlgAddAutomobilInformation::CDlgAddAutomobilInformation(int carID, EditorMode m
 {
     SetSettingName(u"AutomobilInformations\\Editor"_s);
     setWindowTitle(editorTitle(u"گالري اتومبيل"_s, mode));
-    m_demands = addCommand(u"تقاضا"_s, [this] { CDlgMatchingDemands::Show(m_base->offered(), m_base->code(), this); });
+    m_demands = addCommand(u"تقاضا"_s, [this] {
+        OfferedCar car = m_base->offered();
+        car.sold = m_sale->form()->checkBox(u"bSold"_s)->isChecked();
+        CDlgMatchingDemands::Show(car, m_base->code(), this);
+    });
 }
 
 CDlgAddAutomobilInformation::~CDlgAddAutomobilInformation() = default;

@@ -32,11 +32,14 @@ std::optional<MatchTable::Contents> contents(int demandID)
     contents.subject = u"تقاضای %1، %2: %3"_s
                            .arg(QString::number(matching->demandCode), name(matching->person).text,
                                 CDlgMatchingCars::wishesText(matching->wishes, matching->type, matching->color));
+    if (matching->overdue)
+        contents.subject += u"، مهلت گذشته"_s;
     contents.rows.reserve(static_cast<qsizetype>(matching->cars.size()));
     for (const MatchingCars::Car &car : matching->cars) {
         const int row = static_cast<int>(contents.rows.size()) + 1;
         contents.rows.append({car.id,
-                              {number(row), percent(car.match.percent), number(car.code), name(car.type), name(car.model), name(car.carClass), number(car.offer.year), name(car.color), money(car.offer.amount), {car.plate}, name(car.owner)}});
+                              {number(row), percent(car.match.percent), number(car.code), name(car.type), name(car.model), name(car.carClass), number(car.offer.year), name(car.color), money(car.offer.amount), {car.plate}, name(car.owner), sold(car.offer.sold), latestDate(matching->latestDate)},
+                              car.offer.sold || matching->overdue});
     }
     return contents;
 }
@@ -73,6 +76,8 @@ MatchTable CDlgMatchingCars::table(int demandID)
             {u"مبلغ"_s, Qt::AlignCenter, 85},
             {u"پلاک"_s, Qt::AlignCenter, 95, {}, false, true},
             {u"نام مالک"_s, Qt::AlignRight, 110},
+            {u"وضعیت فروش"_s, Qt::AlignCenter, 55},
+            {u"حداکثر زمان نیاز"_s, Qt::AlignCenter, 65, {}, true},
         },
         {title, u"گالری اتومبیل"_s, title},
         [demandID] { return contents(demandID); },

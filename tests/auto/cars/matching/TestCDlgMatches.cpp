@@ -15,6 +15,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -137,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(window.subject(), u"تقاضای 1، سارا کریمی: پژو، سفید، سال تولید از 1395 تا 1400، مبلغ از %1 تا %2"_s.arg(DToMoney(4e9), DToMoney(5e9)));
         QCOMPARE(window.countText(), u"تعداد : 2"_s);
         QCOMPARE(window.list()->currentKey(), best);
-        QCOMPARE(row(window, 0), (QStringList{u"1"_s, u"100%"_s, u"2"_s, u"پژو"_s, u"-"_s, u"-"_s, u"1398"_s, u"سفید"_s, DToMoney(4.5e9), u"12 ب 345 ایران 67"_s, u"سارا کریمی"_s}));
+        QCOMPARE(row(window, 0), (QStringList{u"1"_s, u"100%"_s, u"2"_s, u"پژو"_s, u"-"_s, u"-"_s, u"1398"_s, u"سفید"_s, DToMoney(4.5e9), u"12 ب 345 ایران 67"_s, u"سارا کریمی"_s, u"-"_s, QString()}));
         QCOMPARE(row(window, 1).at(1), u"93%"_s);
     }
 
@@ -149,7 +150,35 @@ private Q_SLOTS:
         QVERIFY(window.load());
         QCOMPARE(window.windowTitle(), u"متقاضیان"_s);
         QCOMPARE(window.subject(), u"خودروی 1: پژو، سفید، سال تولید 1398، مبلغ "_s + DToMoney(4.5e9));
-        QCOMPARE(row(window, 0), (QStringList{u"1"_s, u"100%"_s, u"1"_s, u"سارا کریمی"_s, u"09121234567"_s, u"پژو"_s, u"1395"_s, u"1400"_s, u"سفید"_s, DToMoney(4e9), DToMoney(5e9), u"1405/01/01"_s, u"فوری"_s}));
+        QCOMPARE(row(window, 0), (QStringList{u"1"_s, u"100%"_s, u"1"_s, u"سارا کریمی"_s, u"09121234567"_s, u"پژو"_s, u"1395"_s, u"1400"_s, u"سفید"_s, DToMoney(4e9), DToMoney(5e9), u"1405/01/01"_s, QString(), u"-"_s, u"فوری"_s}));
+    }
+
+    void whatIsOverStandsApart_data()
+    {
+        QTest::addColumn<bool>("sold");
+        QTest::addColumn<bool>("overdue");
+        QTest::newRow("live") << false << false;
+        QTest::newRow("sold") << true << false;
+        QTest::newRow("overdue") << false << true;
+    }
+
+    void whatIsOverStandsApart()
+    {
+        QFETCH(bool, sold);
+        QFETCH(bool, overdue);
+        const int car = addCar([sold](Car &car) { car.m_bSold = sold ? 1 : 0; });
+        const QDate latest(overdue ? 2020 : 2100, 3, 25);
+        const int demand = addDemand([latest](Demand &demand) { demand.m_dateMaxTimeNeed = QDateTime(latest, QTime(0, 0), Qt::UTC); });
+        for (const MatchTable &table : {CDlgMatchingDemands::table(car), CDlgMatchingCars::table(demand)}) {
+            CDlgMatches window(table);
+            QVERIFY(window.load());
+            const KListModel *rows = window.list()->listModel();
+            QCOMPARE(rows->rowCount(), 1);
+            QCOMPARE(rows->index(0, 0).data(Qt::ForegroundRole).isValid(), sold || overdue);
+            QCOMPARE(row(window, 0).contains(u"فروخته شده"_s), sold);
+            QVERIFY(row(window, 0).contains(shamsiText(latest)));
+            QVERIFY(window.list()->columnWidth(rows->columnCount() - 1) > 0);
+        }
     }
 
     void withoutAMatchTheWindowSaysSo()

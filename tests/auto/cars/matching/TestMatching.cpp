@@ -7,6 +7,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarModels.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "tests/auto/ModuleTables.h"
@@ -130,14 +131,63 @@ private Q_SLOTS:
         QCOMPARE(matching->cars.at(3).match.percent, 90);
     }
 
-    void soldArchivedAndInactiveCarsAreNotOffered()
+    void archivedAndInactiveCarsAreNotOffered()
     {
         const int demand = addDemand(1);
-        addCar(1, [](Car &car) { car.m_bSold = 1; });
         addCar(2, [](Car &car) { car.m_iArchiveUserID = 4; });
         addCar(3, [](Car &car) { car.m_iStatus = 1; });
         addCar(4);
         QCOMPARE(codesOf(*MatchingCars::of(demand)), QList<int>{4});
+    }
+
+    void soldCarsStandBehindTheOthersHoweverWellTheyFit()
+    {
+        const int demand = addDemand(1);
+        addCar(1, [](Car &car) { car.m_bSold = 1; });
+        addCar(2, [this](Car &car) { car.m_iColor = m_black; });
+        addCar(3, [this](Car &car) {
+            car.m_bSold = 1;
+            car.m_iColor = m_black;
+        });
+        addCar(4);
+        const auto matching = MatchingCars::of(demand);
+        QCOMPARE(codesOf(*matching), (QList<int>{4, 2, 1, 3}));
+        QVERIFY(!matching->cars.at(1).offer.sold);
+        QVERIFY(matching->cars.at(2).offer.sold);
+    }
+
+    void aDemandIsOverdueAfterItsLatestDay_data()
+    {
+        QTest::addColumn<int>("days"); // from today
+        QTest::addColumn<bool>("overdue");
+        QTest::newRow("yesterday") << -1 << true;
+        QTest::newRow("today") << 0 << false;
+        QTest::newRow("tomorrow") << 1 << false;
+    }
+
+    void aDemandIsOverdueAfterItsLatestDay()
+    {
+        QFETCH(int, days);
+        QFETCH(bool, overdue);
+        const QDateTime latest(GetDBSetting()->GetDBServerDate().date().addDays(days), QTime(0, 0), Qt::UTC);
+        const int demand = addDemand(1, [&latest](Demand &demand) { demand.m_dateMaxTimeNeed = latest; });
+        const int car = addCar(1);
+        const auto cars = MatchingCars::of(demand);
+        QCOMPARE(cars->overdue, overdue);
+        QCOMPARE(cars->latestDate, latest);
+        const auto demands = MatchingDemands::of(car);
+        QCOMPARE(demands->demands.at(0).overdue, overdue);
+        QCOMPARE(demands->demands.at(0).latestDate, latest);
+    }
+
+    void overdueDemandsStandBehindTheOthersHoweverWellTheyFit()
+    {
+        const int car = addCar(1);
+        const QDateTime over(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC);
+        addDemand(1, [&over](Demand &demand) { demand.m_dateMaxTimeNeed = over; });
+        addDemand(2, [this](Demand &demand) { demand.m_iColor = m_black; });
+        addDemand(3);
+        QCOMPARE(codesOf(*MatchingDemands::of(car)), (QList<int>{3, 2, 1}));
     }
 
     void carsComeWithTheirNames()
@@ -227,6 +277,7 @@ private Q_SLOTS:
         const int car = addCar(1, [](Car &car) { car.m_bSold = 1; });
         addDemand(1);
         QCOMPARE(codesOf(*MatchingDemands::of(car)), QList<int>{1});
+        QVERIFY(MatchingDemands::of(car)->offer.sold);
     }
 };
 
