@@ -19,6 +19,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/lists/NumberDelegate.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/frame/TabOrder.h"
@@ -56,7 +57,7 @@ enum Column {
     StateColumn
 };
 
-constexpr int codeRole = Qt::UserRole;
+constexpr int codeRole = KListModel::KeyRole;
 
 QVector<KListModel::Column> columns()
 {
@@ -92,6 +93,7 @@ QList<QStandardItem *> makeItems(const ChartRows::Row &row)
         auto *item = new QStandardItem(cells.cells.at(column).text);
         item->setEditable(false);
         item->setData(row.code, codeRole);
+        item->setData(cells.cells.at(column).value, KListModel::SortRole);
         item->setTextAlignment(titles.at(column).alignment | Qt::AlignVCenter | Qt::AlignAbsolute);
         QFont font;
         font.setBold(row.level == AccountLevel::Kol);
@@ -113,6 +115,7 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     SetFormName(u"ChartOfAccounts"_s);
     CheckSecurity();
     m_tree->setModel(m_model);
+    m_tree->setItemDelegate(new NumberDelegate(m_tree));
     m_tree->setAccessibleName(title());
     m_tree->setLayoutDirection(Qt::RightToLeft);
     m_tree->setUniformRowHeights(true);

@@ -4,6 +4,7 @@
 #include "suite/accounting/reports/ReportPainter.h"
 
 #include "suite/utility/entries/CodeFont.h"
+#include "suite/utility/entries/CutNumber.h"
 #include "suite/utility/values/CodeText.h"
 
 #include <QApplication>
@@ -46,6 +47,12 @@ QFont sized(QFont font, double points, bool bold)
     font.setBold(bold);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
+}
+
+// Whether the column of the row holds one.
+bool isAmount(const QVector<KListModel::Cell> &cells, int column)
+{
+    return column < cells.size() && cells.at(column).value.typeId() == QMetaType::Double;
 }
 
 double longestWord(const QString &text)
@@ -150,6 +157,7 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
             word = std::max(word, bold.horizontalAdvance(part));
         needs.push_back({bold.horizontalAdvance(title), word, shown.share});
     }
+    std::vector<double> amounts(needs.size(), 0);
     m_advances.clear();
     m_advances.reserve(static_cast<size_t>(rows.size() * m_columns.size()));
     for (int row = 0; row < rows.size(); ++row) {
@@ -163,11 +171,15 @@ bool ReportPainter::measureColumns(const ReportProgress &progress)
             m_advances.push_back(static_cast<float>(advance));
             needs[i].wanted = std::max(needs[i].wanted, advance);
             needs[i].least = std::max(needs[i].least, advance * longestWord(text));
+            if (isAmount(cells, column))
+                amounts[i] = std::max(amounts[i], advance);
         }
     }
-    for (auto &need : needs) {
+    for (size_t i = 0; i < needs.size(); ++i) {
+        ReportGeometry::ColumnNeed &need = needs[i];
         need.wanted = std::min(need.wanted, m_area.width() * widestColumn) + 2 * m_padding + slack;
-        need.least = std::min({need.least, m_area.width() * widestWord, need.wanted}) + 2 * m_padding + slack;
+        // A word may be broken, an amount may not.
+        need.least = std::min(std::max(std::min(need.least, m_area.width() * widestWord), amounts[i]), need.wanted) + 2 * m_padding + slack;
     }
     placeColumns(needs);
     return true;
@@ -221,6 +233,8 @@ int ReportPainter::linesOfRow(int row, size_t firstAdvance) const
                 continue;
             const double width = placed.width - 2 * m_padding;
             const KListModel::Cell &cell = source.cells.at(column);
+            if (isAmount(source.cells, column))
+                continue;
             if (m_advances[firstAdvance + static_cast<size_t>(placed.position)] > width || cell.text.contains(u'\n'))
                 lines = std::max(lines, linesOf(cell.text, fontOf(source), width, KListModel::readsLeftToRight(m_report.columns().at(column), cell)));
         }
@@ -358,7 +372,9 @@ void ReportPainter::paintSlice(QPainter &painter, const Sheet &sheet, const Repo
             continue;
         const KListModel::Column &shown = m_report.columns().at(column);
         painter.setPen(Qt::black);
-        drawText(painter, box.adjusted(m_padding, 0, -m_padding, 0), cells.at(column).text, fontOf(row),
+        const QRectF inner = box.adjusted(m_padding, 0, -m_padding, 0);
+        const bool isCut = isAmount(cells, column) && QFontMetricsF(fontOf(row)).horizontalAdvance(cells.at(column).text) > inner.width();
+        drawText(painter, inner, isCut ? CutNumber::mark() : cells.at(column).text, fontOf(row),
                  shown.alignment & Qt::AlignHorizontal_Mask, KListModel::readsLeftToRight(shown, cells.at(column)),
                  slice.firstLine, slice.lineCount);
     }

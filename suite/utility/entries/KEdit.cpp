@@ -9,10 +9,14 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QToolTip>
 
 #include <cmath>
 #include <limits>
 
+#include "suite/utility/entries/CutNumber.h"
 #include "suite/utility/values/CodeText.h"
 #include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/entries/EntryMark.h"
@@ -361,12 +365,43 @@ bool KEdit::event(QEvent *event)
         showErrorToolTip(this, m_told, static_cast<QHelpEvent *>(event));
         return true;
     }
+    if (event->type() == QEvent::ToolTip && isCut()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
+        return true;
+    }
     return QLineEdit::event(event);
+}
+
+// Inside the frame, where the base class draws the text.
+QRect KEdit::textRoom() const
+{
+    constexpr int horizontalMargin = 2;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(textMargins()).adjusted(horizontalMargin, 0, -horizontalMargin, 0);
+}
+
+bool KEdit::isCut() const
+{
+    return isNumberKind() && !hasFocus() && fontMetrics().horizontalAdvance(text()) > textRoom().width();
+}
+
+void KEdit::paintCut()
+{
+    QStylePainter painter(this);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    painter.setPen(option.palette.color(QPalette::Text));
+    painter.drawText(textRoom(), Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute, CutNumber::mark());
 }
 
 void KEdit::paintEvent(QPaintEvent *event)
 {
-    QLineEdit::paintEvent(event);
+    if (isCut())
+        paintCut();
+    else
+        QLineEdit::paintEvent(event);
     if (!m_told.isEmpty())
         paintEntryMark(this);
 }

@@ -13,7 +13,8 @@
 // The number kinds read left to right inside a box aligned right, take Persian, Arabic and ASCII digits, drop what
 // cannot belong to a number, and show an amount grouped by three while it is typed. A point, / or ٫ begins the decimals;
 // those beyond the allowed ones are refused, and the line is marked with a hint until it is edited or left. What is out of
-// range stays as typed and is marked; entryError says why.
+// range stays as typed and is marked; entryError says why. A number without room for its digits is shown as CutNumber::mark while
+// the line does not have the focus, and whole in the tip.
 //
 // A code (a plate, a chassis number) reads left to right too, its Persian letters among the rest: "12 ب 345 ایران 67" stands
 // as it does on the car.
@@ -83,6 +84,9 @@ protected:
 
 private:
     bool isNumberKind() const;
+    bool isCut() const;
+    void paintCut();
+    QRect textRoom() const;
     bool readsLeftToRight() const { return isNumberKind() || m_kind == Kind::Code; }
     void alignText();
     int decimals() const;

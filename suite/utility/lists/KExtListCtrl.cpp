@@ -7,7 +7,6 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "suite/utility/values/CodeText.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/lists/KListModel.h"
+#include "suite/utility/lists/NumberDelegate.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,15 +22,15 @@ namespace {
 
 constexpr int saveDelayMilliseconds = 500;
 
-class CellDelegate : public QStyledItemDelegate
+class CellDelegate : public NumberDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using NumberDelegate::NumberDelegate;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
-        QStyledItemDelegate::initStyleOption(option, index);
+        NumberDelegate::initStyleOption(option, index);
         // A cell with colours of its own keeps them in the selected row.
         const QVariant mark = index.data(Qt::BackgroundRole);
         const QVariant text = index.data(Qt::ForegroundRole);

@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include <algorithm>
@@ -19,6 +18,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KListModel.h"
+#include "suite/utility/lists/NumberDelegate.h"
 #include "suite/utility/values/Money.h"
 
 namespace {
@@ -37,11 +37,11 @@ bool isPlain(const QKeyEvent *event)
     return (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
-class LineDelegate : public QStyledItemDelegate
+class LineDelegate : public NumberDelegate
 {
 public:
     LineDelegate(KLinesView *view, std::function<void()> stepOn)
-        : QStyledItemDelegate(view)
+        : NumberDelegate(view)
         , m_view(view)
         , m_stepOn(std::move(stepOn))
     {
@@ -110,10 +110,12 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
-        QStyledItemDelegate::initStyleOption(option, index);
+        NumberDelegate::initStyleOption(option, index);
         if (index.data(KListModel::LeftToRightRole).toBool())
             option->direction = Qt::LeftToRight;
     }
+
+    bool isNumber(const QModelIndex &index) const override { return index.data(KListModel::LeftToRightRole).toBool(); }
 
 private:
     // Enter in the list of what fits takes over what is marked there, and continues as Enter in the entry line does.
