@@ -151,19 +151,43 @@ void KExtListCtrl::setColumns(const QVector<KListModel::Column> &columns)
 }
 
 // Columns that the user never touched share the list's width in the proportion of their own, as long as that leaves them
-// readable; else they keep their own width and the list scrolls.
+// readable; else they keep their own width and the list scrolls. What a column needs for its amounts is taken from the others.
 void KExtListCtrl::fitColumns()
 {
-    constexpr double narrowest = 0.7;
+    constexpr double narrowest = 0.6;
     const int unit = fontMetrics().averageCharWidth();
+    const QVector<KListModel::Column> &columns = m_model->columns();
     double total = 0;
-    for (const KListModel::Column &column : m_model->columns())
+    for (const KListModel::Column &column : columns)
         total += column.width * unit / 4.0;
     const double share = total > 0 ? viewport()->width() / total : 1;
+    QVector<double> widths;
+    double others = 0;
+    double lacking = 0;
+    for (int i = 0; i < columns.size(); ++i) {
+        const double width = columns[i].width * unit / 4.0 * (share < narrowest ? 1 : share);
+        const double needed = width > 0 ? amountWidth(i) : 0;
+        (needed > width ? lacking : others) += needed > width ? needed - width : width;
+        widths.append(qMax(width, needed));
+    }
+    const double left = lacking > 0 && others > lacking ? (others - lacking) / others : 1;
     m_applyingLayout = true;
-    for (int i = 0; i < m_model->columns().size(); ++i)
-        header()->resizeSection(i, static_cast<int>(m_model->columns()[i].width * unit / 4.0 * (share < narrowest ? 1 : share)));
+    for (int i = 0; i < columns.size(); ++i)
+        header()->resizeSection(i, static_cast<int>(amountWidth(i) >= widths[i] ? widths[i] : widths[i] * left));
     m_applyingLayout = false;
+}
+
+// 0 for a column without amounts.
+double KExtListCtrl::amountWidth(int column) const
+{
+    const QString longest = m_model->longestAmount(column);
+    if (longest.isEmpty())
+        return 0;
+    // Rows that stand out are bold.
+    QFont bold = font();
+    bold.setBold(true);
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return QFontMetrics(bold).horizontalAdvance(longest) + 2 * margin + 1;
 }
 
 void KExtListCtrl::resizeEvent(QResizeEvent *event)
@@ -219,6 +243,8 @@ void KExtListCtrl::saveLayout()
 void KExtListCtrl::setRows(QVector<KListModel::Row> rows)
 {
     m_model->setRows(std::move(rows));
+    if (!m_userLayout)
+        fitColumns();
 }
 
 bool KExtListCtrl::removeKey(int key)

@@ -70,6 +70,7 @@ protected:
 private:
     void reportKey();
     void fitColumns();
+    double amountWidth(int column) const;
     void applyLayout();
     void saveLayout();
     void copyRow() const;

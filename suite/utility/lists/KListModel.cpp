@@ -103,6 +103,19 @@ void KListModel::setRows(QVector<Row> rows)
     endResetModel();
 }
 
+QString KListModel::longestAmount(int column) const
+{
+    QString longest;
+    for (const Row &row : m_rows) {
+        if (column >= row.cells.size())
+            continue;
+        const Cell &cell = row.cells[column];
+        if (cell.value.typeId() == QMetaType::Double && cell.text.size() > longest.size())
+            longest = cell.text;
+    }
+    return longest;
+}
+
 QVector<KListModel::Row> KListModel::rows() const
 {
     if (!m_source)

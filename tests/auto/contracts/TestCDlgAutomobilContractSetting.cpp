@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void rightTakenAwayMeanwhileCounts();
     void everyFieldTellsItsName();
     void everyAmountShowsTheMoneyUnit();
+    void everyGroupHasATitle();
 
 private:
     QString count() { return m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s); }
@@ -295,6 +297,18 @@ void TestCDlgAutomobilContractSetting::everyAmountShowsTheMoneyUnit()
     CDlgAutomobilContractSetting dialog;
     const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
     QCOMPARE(std::count_if(labels.begin(), labels.end(), [](QLabel *label) { return label->text() == u"تومان"_s; }), 6);
+}
+
+void TestCDlgAutomobilContractSetting::everyGroupHasATitle()
+{
+    const CDlgAutomobilContractSetting dialog;
+    const QList<QGroupBox *> groups = dialog.findChildren<QGroupBox *>();
+    QCOMPARE(groups.size(), 3);
+    for (const QGroupBox *group : groups)
+        QVERIFY(!group->title().isEmpty());
+    // No field stands outside.
+    for (const KEdit *edit : dialog.findChildren<KEdit *>())
+        QVERIFY2(qobject_cast<QGroupBox *>(edit->parentWidget()), qPrintable(edit->accessibleName()));
 }
 
 static const RegisteredTest<TestCDlgAutomobilContractSetting, QApplication> registeredCDlgAutomobilContractSetting;

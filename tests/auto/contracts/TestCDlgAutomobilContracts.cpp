@@ -343,7 +343,7 @@ private Q_SLOTS:
         CDlgAutomobilContracts page;
         page.open();
         QCOMPARE(page.list()->count(), 3);
-        QCOMPARE(page.countText(), u"تعداد : 3"_s);
+        QCOMPARE(page.countText(), u"تعداد : 3 از 5"_s);
     }
 
     void commandsOnARowAreEnabledExactlyWhileARowIsSelected()

@@ -62,9 +62,9 @@ MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
             {u"از مبلغ"_s, Qt::AlignCenter, 78},
             {u"تا مبلغ"_s, Qt::AlignCenter, 78},
             {u"تاریخ مراجعه"_s, Qt::AlignCenter, 65, {}, true},
-            {u"حداکثر زمان نیاز"_s, Qt::AlignCenter, 65, {}, true},
-            {u"وضعیت فروش"_s, Qt::AlignCenter, 55},
-            {u"توضیحات ویژه"_s, Qt::AlignRight, 100},
+            {u"حداکثر زمان نیاز"_s, Qt::AlignCenter, 75, {}, true},
+            {u"وضعیت فروش"_s, Qt::AlignCenter, 65},
+            {u"توضیحات ویژه"_s, Qt::AlignRight, 80},
         },
         {title, u"گالری اتومبیل"_s, title},
         [find]() -> std::optional<MatchTable::Contents> {

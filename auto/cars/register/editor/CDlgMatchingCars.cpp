@@ -76,7 +76,7 @@ MatchTable CDlgMatchingCars::table(int demandID)
             {u"مبلغ"_s, Qt::AlignCenter, 85},
             {u"پلاک"_s, Qt::AlignCenter, 95, {}, false, true},
             {u"نام مالک"_s, Qt::AlignRight, 110},
-            {u"وضعیت فروش"_s, Qt::AlignCenter, 55},
+            {u"وضعیت فروش"_s, Qt::AlignCenter, 65},
             {u"حداکثر زمان نیاز"_s, Qt::AlignCenter, 65, {}, true},
         },
         {title, u"گالری اتومبیل"_s, title},

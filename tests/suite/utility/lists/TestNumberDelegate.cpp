@@ -114,6 +114,24 @@ private Q_SLOTS:
         QVERIFY(inLine(one, narrow, true) != inLine(other, narrow, true));
     }
 
+    void columnsThatNobodySizedGiveAmountsTheirRoom()
+    {
+        KExtListCtrl list;
+        list.setColumns({{u"شرح"_s, Qt::AlignRight, 200}, {u"مبلغ"_s, Qt::AlignCenter, 20}, {u"x"_s, Qt::AlignRight, 100}});
+        list.resize(400, 200);
+        list.show();
+        const auto shown = [&list](double amount) {
+            list.setRows({{1, {{u"x"_s}, {DToMoney(amount), amount}, {}}}});
+            return list.viewport()->grab(list.visualRect(list.model()->index(0, 1))).toImage();
+        };
+        QVERIFY(shown(one) != shown(other));
+        QVERIFY(list.header()->length() <= list.viewport()->width());
+        // Widths that the user drew stay.
+        list.header()->resizeSection(1, narrow);
+        QCOMPARE(shown(one), shown(other));
+        QCOMPARE(list.header()->sectionSize(1), narrow);
+    }
+
     void textsAreStillShortened()
     {
         KExtListCtrl list;
