@@ -12,6 +12,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/LevyRates.h"
 #include "suite/crm/persons/KPersonField.h"
+#include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -198,8 +199,7 @@ QWidget *CDlgAddFactor::buildFigures()
     QFont bold = m_total->font();
     bold.setBold(true);
     m_total->setFont(bold);
-    m_words = new QLabel(box);
-    m_words->setWordWrap(true);
+    m_words = new AmountWords(box);
     m_words->setForegroundRole(QPalette::PlaceholderText);
     grid->addWidget(m_words, 2, 0, 1, 4);
     grid->setColumnStretch(1, 1);
@@ -319,8 +319,7 @@ void CDlgAddFactor::showFigures()
 
 void CDlgAddFactor::showWords()
 {
-    const QString words = m_figures.total() > 0 ? amountInWords(m_figures.total()) : QString();
-    m_words->setText(words.isEmpty() ? QString() : words + u' ' + m_settings.moneyUnitName());
+    m_words->showAmount(qMax(m_figures.total(), 0.0), m_settings.moneyUnitName());
 }
 
 Invoice CDlgAddFactor::invoice() const

@@ -7,6 +7,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KDialog.h"
 
+class AmountWords;
 class KDateEdit;
 class KEdit;
 class KLinesModel;
@@ -72,7 +73,7 @@ private:
     KEdit *m_dutyPercent = nullptr;
     KEdit *m_duty = nullptr;
     KEdit *m_total = nullptr;
-    QLabel *m_words = nullptr;
+    AmountWords *m_words = nullptr;
     QLabel *m_document = nullptr;
     QPushButton *m_showDocument = nullptr;
     int m_docNum = 0;

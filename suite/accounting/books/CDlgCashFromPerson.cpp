@@ -10,6 +10,7 @@
 #include "suite/accounting/books/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -36,7 +37,7 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
     , m_personID(personID)
     , m_person(new KEdit)
     , m_amount(new KEdit(KEdit::Kind::Money))
-    , m_words(new QLabel)
+    , m_words(new AmountWords)
     , m_desc(new KEdit)
     , m_date(new KDateEdit)
     , m_account(new QComboBox)
@@ -68,7 +69,6 @@ void CDlgCashFromPerson::build()
     m_person->setMinimumWidth(320);
     m_desc->setMaxLength(longestDescription);
     m_words->setObjectName(u"amountInWords"_s);
-    m_words->setWordWrap(true);
 
     auto *amountLine = new QHBoxLayout;
     amountLine->addWidget(m_amount, 1);
@@ -99,8 +99,7 @@ void CDlgCashFromPerson::fillAccounts()
 
 void CDlgCashFromPerson::showWords(double amount)
 {
-    m_words->setText(IsEquals(amount, 0) ? QString()
-                                         : u"%1 %2"_s.arg(amountInWords(amount), m_settings.moneyUnitName()));
+    m_words->showAmount(amount, m_settings.moneyUnitName());
 }
 
 bool CDlgCashFromPerson::OnOK()

@@ -7,10 +7,10 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KDialog.h"
 
+class AmountWords;
 class KDateEdit;
 class KEdit;
 class QComboBox;
-class QLabel;
 
 // Receives an amount from one person into a cash or bank account ("دریافت نقدی").
 class TZACCOUNTING_EXPORT CDlgCashFromPerson : public KDialog
@@ -39,7 +39,7 @@ private:
     int m_docNum = 0;
     KEdit *m_person;
     KEdit *m_amount;
-    QLabel *m_words;
+    AmountWords *m_words;
     KEdit *m_desc;
     KDateEdit *m_date;
     QComboBox *m_account;

@@ -3,14 +3,13 @@
 
 #include "suite/utility/forms/FieldCompanions.h"
 
+#include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/forms/KFormField.h"
-#include "suite/utility/values/Money.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -28,15 +27,12 @@ FieldCompanions::FieldCompanions(const KFormField &field, QWidget *control, QWid
 
 void FieldCompanions::addWords(KEdit *amount, QWidget *page)
 {
-    m_words = new QLabel(page);
-    m_words->setWordWrap(true);
+    m_words = new AmountWords(page);
     QFont small = m_words->font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     m_words->setFont(small);
     m_words->setForegroundRole(QPalette::PlaceholderText);
-    QObject::connect(amount, &KEdit::numberChanged, m_words, [words = m_words](double number) {
-        words->setText(IsEquals(number, 0) ? QString() : amountInWords(number));
-    });
+    QObject::connect(amount, &KEdit::numberChanged, m_words, [words = m_words](double number) { words->showAmount(number); });
 }
 
 void FieldCompanions::addButton(QWidget *page)

@@ -4,10 +4,10 @@
 #pragma once
 
 struct KFormField;
+class AmountWords;
 class KEdit;
 class KStepArrows;
 class QGridLayout;
-class QLabel;
 class QPushButton;
 class QWidget;
 
@@ -34,7 +34,7 @@ private:
     void addButton(QWidget *page);
 
     QWidget *m_control;
-    QLabel *m_words = nullptr;
+    AmountWords *m_words = nullptr;
     QPushButton *m_button = nullptr;
     KStepArrows *m_arrows = nullptr;
 };

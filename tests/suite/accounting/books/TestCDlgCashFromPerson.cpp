@@ -109,6 +109,13 @@ void TestCDlgCashFromPerson::windowShowsPersonAmountAndWords()
     QVERIFY(words->text().startsWith(amountInWords(1250000)));
     amount->setText(u"7"_s);
     QVERIFY(words->text().startsWith(amountInWords(7)));
+    // The largest amount makes the window grow.
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    dialog.resize(dialog.minimumSizeHint());
+    amount->setNumber(987'654'321'987'654);
+    QTRY_VERIFY(words->height() >= words->heightForWidth(words->width()));
+    QVERIFY(words->heightForWidth(words->width()) > 2 * words->fontMetrics().height());
     amount->clear();
     QVERIFY(words->text().isEmpty());
     QCOMPARE(field<KDateEdit>(&dialog, u"تاریخ :"_s)->date(), GetDBSetting()->GetDBServerDate().date());
