@@ -143,8 +143,15 @@ class Node:
             if "reply" not in str(error):
                 raise
 
+    def descendants(self):
+        """All descendants except the rows of tables, which are read by row and column. An open window has thousands."""
+        for child in self.children:
+            yield child
+            if child.role not in _TABLE_ROLES:
+                yield from child.descendants()
+
     def shown_descendants(self):
-        """The descendants whose ancestors show, except the rows of tables, which are read by row and column."""
+        """The same without what stands below something that does not show."""
         for child in self.children:
             yield child
             if child.role not in _TABLE_ROLES and child.accessible.get_child_count() and child.showing:
