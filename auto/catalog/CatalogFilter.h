@@ -5,7 +5,7 @@
 
 #include "auto/catalog/CatalogLevel.h"
 
-#include "suite/db/KSql.h"
+#include "suite/sql/KSql.h"
 
 #include <QString>
 

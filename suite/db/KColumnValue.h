@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/db/KLongBinary.h"
-#include "suite/db/KSql.h"
+#include "suite/sql/KSql.h"
 
 #include <QDateTime>
 #include <QVariant>

@@ -5,7 +5,7 @@
 
 #include "suite/db/KColumn.h"
 #include "suite/db/KNameSource.h"
-#include "suite/db/KSql.h"
+#include "suite/sql/KSql.h"
 
 #include <QStringList>
 

@@ -7,7 +7,7 @@
 #include "suite/db/KColumns.h"
 #include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
-#include "suite/db/KSql.h"
+#include "suite/sql/KSql.h"
 #include "suite/db/KStatementFormat.h"
 #include "suite/db/KStatementResult.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KSql.h"
+#include "suite/sql/KSql.h"
 
 #include <array>
 #include <type_traits>

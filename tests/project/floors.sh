@@ -18,7 +18,8 @@ never() {
 
 folder=$1
 [ -n "$(needed "$folder" TzDB)" ] || fault "no link list could be read in $folder"
-never TzDB '^(Qt6(Gui|Widgets|Network|Svg)|Tz)'
+never TzSQL '^(Qt6(Gui|Widgets|Network|Svg)|Tz|mariadb)'
+never TzDB '^(Qt6(Gui|Widgets|Network|Svg)|Tz(Values|Documents|Utility|Accounting|CRM|Image|Auto))'
 never TzValues '^(Qt6(Gui|Widgets|Network|Svg)|Tz|mariadb)'
 never TzDocuments '^(Qt6(Gui|Widgets|Network|Svg)|Tz|mariadb)'
 never TzUtility '^(Tz(Accounting|CRM|Image|Auto)|sodium)'

@@ -19,6 +19,7 @@ from pathlib import Path, PurePosixPath
 
 # From below. Folders on one line may see each other, as long as there is no circle.
 FLOORS = [
+    ["suite/sql"],
     ["suite/db"],
     ["suite/utility"],
     ["suite/accounting/frame"],
@@ -31,7 +32,7 @@ FLOORS = [
     ["host"],
 ]
 # These see nothing but themselves.
-ALONE = ["suite/db", "suite/utility/documents", "suite/utility/values"]
+ALONE = ["suite/sql", "suite/utility/documents", "suite/utility/values"]
 # Neighbours that do not know each other.
 STRANGERS = [("suite/crm", "suite/image")]
 # The host loads the module while it runs and knows nothing but its entry; only the demo office works by the module's rules.
@@ -44,8 +45,6 @@ DEMO = "host/demo"
 # table. All others are records, values and work on data.
 KINDS = "cmake/kinds.txt"
 DATABASE = "suite/db"
-# Text of statements, of which rules make conditions: it knows no connection.
-STATEMENT_TEXT = ("suite/db/KSql", "suite/db/TzDBExport")
 WINDOW_NAME = re.compile(r"CDlg")
 
 # Qt's headers that show nothing: every other one counts as a window's.
@@ -225,7 +224,7 @@ def rules_with_a_database(graph):
     for unit in graph.units:
         if not graph.is_of("rule", unit):
             continue
-        way = shortest_way(graph.arrows, unit, lambda target: within(target, DATABASE) and target not in STATEMENT_TEXT)
+        way = shortest_way(graph.arrows, unit, lambda target: within(target, DATABASE))
         if way:
             chain = [graph.arrows[a][b] for a, b in zip(way, way[1:])] + [way[-1]]
             yield f"{unit} is a rule and reaches the database: {' -> '.join(chain)}"

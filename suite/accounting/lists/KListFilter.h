@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
-#include "suite/db/KSql.h"
+#include "suite/sql/KSql.h"
 
 #include <QHash>
 #include <QList>

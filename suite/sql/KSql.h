@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/TzDBExport.h"
+#include "suite/sql/TzSQLExport.h"
 
 #include <QAnyStringView>
 #include <QByteArray>
@@ -19,7 +19,7 @@ class QRegularExpression;
 // A statement, or a part of one such as a condition or an order. It is made of constants of the program, numbers, names of
 // columns and quoted literals, and of nothing else: a QString does not convert, so what somebody types can stand in a
 // statement as a value only.
-class TZDB_EXPORT KSql
+class TZSQL_EXPORT KSql
 {
 public:
     KSql() = default;
@@ -95,4 +95,4 @@ private:
 };
 
 // The day as a literal: '2026-11-20'. NULL (without quotes) for no date.
-TZDB_EXPORT KSql DateToSQL(const QDateTime &dateTime);
+TZSQL_EXPORT KSql DateToSQL(const QDateTime &dateTime);
