@@ -35,6 +35,13 @@ QString CMySQLException::userMessage() const
         return u"این مقدار قبلا ثبت شده است و تکرار آن ممکن نیست."_s;
     case Category::LockConflict:
         return u"کاربر دیگری هم‌زمان در حال تغییر همین اطلاعات است. لطفا دوباره تلاش نمایید."_s;
+    case Category::LockWait:
+        return (m_holder.isEmpty() ? u"کاربر دیگری"_s : m_holder)
+            + u" همین اطلاعات را در دست تغییر دارد. چیزی ذخیره نشد؛ لطفا کمی بعد دوباره تلاش نمایید."_s;
+    case Category::GivenUp:
+        return u"از انتظار برای پایگاه داده صرف نظر شد. چیزی ذخیره نشد."_s;
+    case Category::OutcomeUnknown:
+        return u"ارتباط با پایگاه داده هنگام ذخیره قطع شد و معلوم نیست ذخیره انجام شده باشد. پیش از تکرار، نتیجه را ببینید."_s;
     case Category::ValueTooLong:
         return withColumn(u"مقدار وارد شده بیشتر از اندازه مجاز است."_s,
                           u"مقدار «%1» بیشتر از اندازه مجاز است."_s, m_columnCaption);
@@ -77,7 +84,7 @@ CMySQLException::Category CMySQLException::categoryOf(unsigned int serverCode)
         {ER_DUP_ENTRY_WITH_KEY_NAME, Category::DuplicateKey},
         {ER_DUP_KEY, Category::DuplicateKey},
         {ER_LOCK_DEADLOCK, Category::LockConflict},
-        {ER_LOCK_WAIT_TIMEOUT, Category::LockConflict},
+        {ER_LOCK_WAIT_TIMEOUT, Category::LockWait},
         {ER_DATA_TOO_LONG, Category::ValueTooLong},
         {ER_WARN_DATA_OUT_OF_RANGE, Category::ValueTooLong},
         {ER_TRUNCATED_WRONG_VALUE_FOR_FIELD, Category::BadCharacter},

@@ -17,7 +17,10 @@ public:
     enum class Category {
         ConnectionLost, // the server went away or was never there; the next operation connects anew
         DuplicateKey,   // a unique index already holds the value
-        LockConflict,   // deadlock or lock wait timeout: the whole unit of work may be tried again
+        LockConflict,   // deadlock: the whole unit of work was rolled back and may be tried again
+        LockWait,       // somebody else held what the statement needed for longer than the session waits
+        GivenUp,        // the user gave up waiting for the server; nothing was saved
+        OutcomeUnknown, // the connection broke while a transaction was saved, and no server could be asked since
         ValueTooLong,   // a text longer than its column, a number out of its column's range
         BadCharacter,   // a character that the column's character set cannot hold
         BadStatement,   // syntax error, unknown table or column
@@ -39,6 +42,13 @@ public:
     unsigned int serverCode() const { return m_serverCode; }
     // The statement that failed, for the log only; it may hold personal data.
     QString statement() const { return m_statement; }
+    // OutcomeUnknown: what KTransaction::outcomeOf asks by; empty for every other category.
+    QString token() const { return m_token; }
+    void setToken(const QString &token) { m_token = token; }
+    // LockWait: who holds what was waited for, as the message names them; empty when the server does not tell.
+    QString holder() const { return m_holder; }
+    void setHolder(const QString &holder) { m_holder = holder; }
+
     // Caption of the column to blame (ValueTooLong, BadCharacter), empty when unknown.
     QString columnCaption() const { return m_columnCaption; }
     void setColumnCaption(const QString &caption) { m_columnCaption = caption; }
@@ -53,5 +63,7 @@ private:
     QString m_message;
     QString m_statement;
     QString m_columnCaption;
+    QString m_token;
+    QString m_holder;
     QByteArray m_utf8;
 };

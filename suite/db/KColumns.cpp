@@ -128,6 +128,16 @@ std::vector<QVariant> KColumns::values() const
     return values;
 }
 
+KRowValues KColumns::rowValues() const
+{
+    KRowValues values;
+    for (const KColumn &column : m_columns) {
+        if (!isKey(column) && (m_subset.isEmpty() || m_subset.contains(column.name)))
+            values.insert(column.name, column.value());
+    }
+    return values;
+}
+
 void KColumns::setValues(const std::vector<QVariant> &values) const
 {
     for (size_t i = 0; i < values.size(); ++i)

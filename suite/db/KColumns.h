@@ -5,6 +5,7 @@
 
 #include "suite/db/KColumn.h"
 #include "suite/db/KNameSource.h"
+#include "suite/db/KRowValues.h"
 #include "suite/sql/KSql.h"
 
 #include <QStringList>
@@ -40,6 +41,8 @@ public:
 
     void clear() const;
     std::vector<QVariant> values() const;
+    // Of the columns that are read, but the key.
+    KRowValues rowValues() const;
     void setValues(const std::vector<QVariant> &values) const;
 
     // The member of the column iID; 0 and nothing when there is none.

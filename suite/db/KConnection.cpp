@@ -226,8 +226,10 @@ void KConnection::execute(const QByteArray &utf8Statement)
     if (mysql_real_query(connection, utf8Statement.constData(), static_cast<unsigned long>(utf8Statement.size())) != 0)
         raise(utf8Statement);
     // A statement with rows to fetch has changed none; of the others it is known by now how many it changed.
-    if (mysql_field_count(connection) == 0 && mysql_affected_rows(connection) > 0)
+    if (mysql_field_count(connection) == 0 && mysql_affected_rows(connection) > 0) {
         ++changeCount;
+        m_changedRows = true;
+    }
 }
 
 KConnection::Result KConnection::run(const QByteArray &utf8Statement)

@@ -90,5 +90,6 @@ private:
     int m_transactionDepth = 0;
     bool m_rollbackOnly = false;
     bool m_rolledBack = false; // the server has ended the transaction by itself
+    bool m_changedRows = false; // a statement changed at least one row since the transaction began
     quint64 m_generation = 0;
 };

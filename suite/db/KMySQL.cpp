@@ -3,7 +3,9 @@
 
 #include "suite/db/KMySQL.h"
 
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KTableSchema.h"
+#include "suite/db/KTransaction.h"
 
 #include <QLoggingCategory>
 
@@ -20,6 +22,18 @@ QString withoutValues(const char *statement)
 {
     const QString text = QString::fromUtf8(statement);
     return text.left(text.indexOf(QLatin1Char('\''))).left(120);
+}
+
+// By its verb: what it changes is saved, so that its outcome matters.
+bool changesRows(const char *statement)
+{
+    while (isspace(static_cast<unsigned char>(*statement)))
+        ++statement;
+    for (const char *verb : {"INSERT ", "UPDATE ", "DELETE ", "REPLACE "}) {
+        if (qstrnicmp(statement, verb, qstrlen(verb)) == 0)
+            return true;
+    }
+    return false;
 }
 
 }
@@ -86,10 +100,7 @@ bool KMySQL::Update(bool bThrow)
     try {
         if (m_mode == Mode::Browse)
             raiseNoRow("Update");
-        if (m_mode == Mode::Add)
-            insertRow();
-        else
-            updateRow();
+        inTransaction([this] { m_mode == Mode::Add ? insertRow() : updateRow(); });
     } catch (const CMySQLException &) {
         if (bThrow)
             throw;
@@ -115,7 +126,11 @@ bool KMySQL::Delete()
 {
     ensureBound();
     requireRow("Delete");
-    connection().run("DELETE FROM " + GetTableName().toUtf8() + " WHERE iID=" + QByteArray::number(m_columns.key()) + " LIMIT 1");
+    inTransaction([this] {
+        connection().run("DELETE FROM " + GetTableName().toUtf8() + " WHERE iID=" + QByteArray::number(m_columns.key()) + " LIMIT 1");
+        if (isLogged())
+            KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Deleted, m_database);
+    });
     m_hasValues = false;
     m_mode = Mode::Browse;
     return true;
@@ -249,6 +264,15 @@ bool KMySQL::IsRecordExist(const QString &column, qint32 value, int, const KSql 
     return m_hasValues;
 }
 
+bool KMySQL::lockRecord(qint32 key)
+{
+    if (!connection().inTransaction())
+        throw CMySQLException(CMySQLException::Category::Other, 0,
+                              GetTableName() + QLatin1String(": a row is locked outside of a transaction"));
+    select(selectColumns() + " WHERE iID=" + QByteArray::number(key) + " LIMIT 1 FOR UPDATE");
+    return m_hasValues;
+}
+
 QByteArray KMySQL::selectColumns()
 {
     ensureBound();
@@ -306,6 +330,8 @@ void KMySQL::insertRow()
     connection().run("INSERT INTO " + GetTableName().toUtf8() + '(' + names + ") VALUES(" + values + ')');
     m_lastInsertedId = connection().lastInsertedId();
     m_columns.setKey(static_cast<qint32>(m_lastInsertedId));
+    if (isLogged())
+        KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Added, m_database);
 }
 
 void KMySQL::updateRow()
@@ -327,6 +353,8 @@ void KMySQL::updateRow()
     if (connection().affectedRows() == 0)
         throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
                               GetTableName() + QLatin1String(": the row to update is gone"));
+    if (isLogged())
+        KChangeLog::note(GetTableName(), key, KChange::Kind::Changed, m_database);
 }
 
 void KMySQL::requireRow(const char *operation) const
@@ -341,10 +369,23 @@ void KMySQL::raiseNoRow(const char *operation) const
                           GetTableName() + QLatin1String(": no current row for ") + QLatin1String(operation));
 }
 
+void KMySQL::inTransaction(const std::function<void()> &work)
+{
+    if (connection().inTransaction())
+        return work();
+    KTransaction transaction(m_database);
+    work();
+    transaction.commit();
+}
+
 int KMySQL::ExecuteQuery(const char *statement, bool bRaise, bool bLog)
 {
     try {
-        return keepResult(connection().run(QByteArray(statement)));
+        if (!changesRows(statement))
+            return keepResult(connection().run(QByteArray(statement)));
+        int rows = 0;
+        inTransaction([&] { rows = keepResult(connection().run(QByteArray(statement))); });
+        return rows;
     } catch (const CMySQLException &error) {
         if (bLog)
             qCWarning(lcRecords).noquote() << "error" << error.serverCode() << "in" << withoutValues(statement);
@@ -463,6 +504,18 @@ void KMySQL::setValue(QStringView name, const QVariant &value)
     Q_ASSERT_X(found, "KMySQL::setValue", "no such column");
     if (found)
         found->setValue(value);
+}
+
+KRowValues KMySQL::rowValues()
+{
+    ensureBound();
+    return m_columns.rowValues();
+}
+
+void KMySQL::setRowValues(const KRowValues &values)
+{
+    for (auto column = values.cbegin(); column != values.cend(); ++column)
+        setValue(column.key(), column.value());
 }
 
 int KMySQL::textLength(QStringView name)

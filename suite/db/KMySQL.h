@@ -15,6 +15,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <vector>
 
 // Record set over one table: a current row in the members of a derived class, over the rows that match a filter.
@@ -22,6 +23,8 @@
 // A derived class declares each column once, in DoFieldExchange, by RFX_ calls in column order. The base runs that
 // declaration once per object and from then on reads and writes the members by it: the SELECT, loading, INSERT,
 // UPDATE, captions and lookups all come from the same list. An object is therefore neither copied nor moved.
+//
+// What changes the table outside of a transaction runs in one of its own, so that its outcome can be asked for (KTransaction).
 //
 // Date-times are the wall-clock time of the office, held as QDateTime in Qt::UTC so that no daylight-saving rule ever
 // moves or voids one; NULL is the invalid QDateTime, in both directions. NULL texts are empty, NULL numbers 0.
@@ -95,6 +98,9 @@ protected:
     // Throws NoCurrentRow unless the members hold a row of the table; for operations of derived classes.
     void requireRow(const char *operation) const;
 
+    // Whether each row that is added, changed or deleted through the class is noted in the log of changes (KChangeLog).
+    virtual bool isLogged() const { return false; }
+
 public:
     // True when the set stands behind its last row or has none.
     bool IsEOF() const;
@@ -135,6 +141,11 @@ public:
     bool MoveNextResult();
     quint64 GetLastInsertedID() const;
 
+    // Loads the row of that key as it is now, whatever this transaction read before, and keeps everybody else from changing it
+    // until the transaction ends. False when it is gone: the members are then as constructed. Throws Other outside of a
+    // transaction.
+    bool lockRecord(qint32 key);
+
     // Whether the database can have columns of the order: false when one is not the table's. Not asked of a joined view, which has
     // more columns than are bound.
     bool canSortBy(const KSql &order);
@@ -148,6 +159,9 @@ public:
     // A column's member by name, for forms and tables; an unknown name is an error of the program and asserts.
     QVariant value(QStringView column);
     void setValue(QStringView column, const QVariant &value);
+    // The members of the columns that are read, but the key; and back into those that are named.
+    KRowValues rowValues();
+    void setRowValues(const KRowValues &values);
     // Characters that a text column holds, as the database says; 0 when it is no text.
     int textLength(QStringView column);
     // Whether the text column holds no character above U+FFFF (an emoji, for one), as the database says.
@@ -174,6 +188,7 @@ private:
     QByteArray literal(const Column &column) const;
     void insertRow();
     void updateRow();
+    void inTransaction(const std::function<void()> &work);
     int keepResult(KConnection::Result result);
     [[noreturn]] void raiseNoRow(const char *operation) const;
     int executeFormatted(const char *format, ...);

@@ -26,6 +26,12 @@ QString categoryName(CMySQLException::Category category)
         return u"duplicate key"_s;
     case Category::LockConflict:
         return u"lock conflict"_s;
+    case Category::LockWait:
+        return u"lock wait"_s;
+    case Category::GivenUp:
+        return u"given up"_s;
+    case Category::OutcomeUnknown:
+        return u"outcome unknown"_s;
     case Category::ValueTooLong:
         return u"value too long"_s;
     case Category::BadCharacter:

@@ -4,6 +4,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -56,6 +57,7 @@ bool CDBSetting::Login(int userID)
     m_userFullName = user.m_sName.isEmpty() ? user.m_sUser : user.m_sName;
     m_admin = user.m_bAdmin != 0;
     KSecurity::setUser(m_userID, m_admin);
+    KChangeLog::setAuthor(m_userID);
     setDefaultMoneyDecimals(MoneyDecimals());
     return true;
 }
@@ -67,6 +69,7 @@ void CDBSetting::Logout()
     m_userFullName.clear();
     m_admin = false;
     KSecurity::setUser(m_userID, m_admin);
+    KChangeLog::setAuthor(0);
 }
 
 bool CDBSetting::IsClosedDB() const

@@ -161,6 +161,28 @@ constexpr const char *balanceKeys[] = {
     "ALTER TABLE Documents ADD KEY date (date)",
 };
 
+// How several programs work on one database without undoing each other's work: the token of each unit of work, by which its
+// outcome is looked up; who changed which row; the rows that a window has added and not yet saved, with the session that did.
+constexpr const char *severalDesks[] = {
+    "CREATE TABLE IF NOT EXISTS UnitTokens (sToken VARCHAR(36) COLLATE utf8_bin NOT NULL, dateCreate DATETIME NOT NULL"
+    ", KEY created (dateCreate), PRIMARY KEY (sToken)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Changes (iID INT NOT NULL AUTO_INCREMENT"
+    ", sTable VARCHAR(100) COLLATE utf8_bin NOT NULL, iRecordID INT NOT NULL DEFAULT 0, iKind INT NOT NULL DEFAULT 0"
+    ", iUserID INT NOT NULL DEFAULT 0, sComputer VARCHAR(100) DEFAULT NULL, date DATETIME NOT NULL"
+    ", KEY record (sTable,iRecordID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Placeholders (iID INT NOT NULL AUTO_INCREMENT"
+    ", sTable VARCHAR(100) COLLATE utf8_bin NOT NULL, iRecordID INT NOT NULL, sSession VARCHAR(36) COLLATE utf8_bin NOT NULL"
+    ", UNIQUE KEY record (sTable,iRecordID), KEY session (sSession), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
+// What a receipt was taken for: a row of a table by its record kind (RecordKinds.h), 0 for money on account. A void receipt keeps
+// its number and who made it void.
+constexpr const char *receiptsFor[] = {
+    "ALTER TABLE Receipts ADD COLUMN iTable INT DEFAULT 0, ADD COLUMN iRecordID INT DEFAULT 0, ADD COLUMN iPaymentID INT DEFAULT 0"
+    ", ADD COLUMN iStatus INT DEFAULT 0, ADD COLUMN iVoidUserID INT DEFAULT 0, ADD COLUMN dateVoid DATETIME DEFAULT NULL"
+    ", ADD COLUMN sVoidReason VARCHAR(250) DEFAULT NULL, ADD KEY record (iTable,iRecordID)",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -172,6 +194,8 @@ constexpr Step steps[] = {
     {8, invoices},
     {9, serviceAccounts},
     {10, balanceKeys},
+    {11, severalDesks},
+    {12, receiptsFor},
 };
 
 const QString schemaSection = u"Schema"_s;

@@ -32,7 +32,7 @@ private Q_SLOTS:
         row("duplicate entry", 1062, Category::DuplicateKey);
         row("duplicate entry of a named key", 1586, Category::DuplicateKey);
         row("deadlock", 1213, Category::LockConflict);
-        row("lock wait timeout", 1205, Category::LockConflict);
+        row("lock wait timeout", 1205, Category::LockWait);
         row("text too long", 1406, Category::ValueTooLong);
         row("number out of range", 1264, Category::ValueTooLong);
         row("character of another set", 1366, Category::BadCharacter);
@@ -56,8 +56,9 @@ private Q_SLOTS:
     void everyCategoryHasASentenceOfItsOwn()
     {
         QSet<QString> sentences;
-        const QList<Category> all{Category::ConnectionLost, Category::DuplicateKey, Category::LockConflict, Category::ValueTooLong,
-                                  Category::BadCharacter, Category::BadStatement, Category::AlreadySo, Category::DiskFull,
+        const QList<Category> all{Category::ConnectionLost, Category::DuplicateKey, Category::LockConflict, Category::LockWait,
+                                  Category::GivenUp, Category::OutcomeUnknown, Category::ValueTooLong, Category::BadCharacter,
+                                  Category::BadStatement, Category::AlreadySo, Category::DiskFull,
                                   Category::NoCurrentRow, Category::Other};
         for (const Category category : all) {
             const QString sentence = CMySQLException(category, 0, u"server's words"_s, u"SELECT 'secret'"_s).userMessage();

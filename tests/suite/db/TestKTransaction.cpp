@@ -32,6 +32,12 @@ class TestKTransaction : public QObject
         statement.FormatAndExecuteQuery("UPDATE Samples SET dAmount=%d WHERE iID=%d", amount, key);
     }
 
+    void createTokens()
+    {
+        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME) ENGINE=InnoDB"_s);
+        KTableSchema::forgetAll();
+    }
+    int tokens() { return m_database.value(u"SELECT COUNT(*) FROM UnitTokens"_s).toInt(); }
     int rows() { return m_database.value(u"SELECT COUNT(*) FROM Samples"_s).toInt(); }
 
     // What the conflicting side does: it holds one row, then asks for the other, until it is told to let go.
@@ -68,7 +74,12 @@ class TestKTransaction : public QObject
 
 private Q_SLOTS:
     void init() { SampleRecord::createTable(); }
-    void cleanup() { KConnection::closeThreadConnections(); }
+    void cleanup()
+    {
+        KConnection::closeThreadConnections();
+        m_database.run(u"DROP TABLE IF EXISTS UnitTokens"_s);
+        KTableSchema::forgetAll();
+    }
 
     void connectionLostWithinATransactionDoesNotComeBackInTheMiddle()
     {
@@ -86,7 +97,8 @@ private Q_SLOTS:
         QCOMPARE(record.GetRecordsCount(), 0);
     }
 
-    void lockConflictHasItsCategory()
+    // Whoever waits in vain has not been rolled back, so that waiting again would only take longer.
+    void lockWaitHasItsCategory()
     {
         const qint32 key = addSample(u"a"_s);
         KTransaction holder;
@@ -102,7 +114,7 @@ private Q_SLOTS:
                 other.FormatAndExecuteQuery("UPDATE Samples SET dAmount=2 WHERE iID=%d", key);
             });
         }).join();
-        QCOMPARE(category, Category::LockConflict);
+        QCOMPARE(category, Category::LockWait);
     }
 
     // The server itself rolls a deadlock's victim back, whole. What ran after it would be saved on its own.
@@ -338,6 +350,77 @@ private Q_SLOTS:
         SampleRecord record;
         record.Open(true, true, true);
         QCOMPARE(record.GetRecordsCount(), done ? 1 : 0);
+    }
+
+    void unitThatChangedRowsLeavesItsToken()
+    {
+        createTokens();
+        KTransaction::runReplayable([] { addSample(u"a"_s); });
+        QCOMPARE(tokens(), 1);
+        // A single change is a unit as well.
+        addSample(u"b"_s);
+        setAmount(1, 5);
+        QCOMPARE(tokens(), 3);
+        KTransaction::runReplayable([] {
+            SampleRecord record;
+            record.Open(true, true, true);
+        });
+        {
+            KTransaction givenUp;
+            addSample(u"c"_s);
+        }
+        QCOMPARE(tokens(), 3);
+    }
+
+    void outcomeIsAskedByTheToken()
+    {
+        createTokens();
+        addSample(u"a"_s);
+        const QString saved = m_database.value(u"SELECT sToken FROM UnitTokens"_s);
+        QCOMPARE(KTransaction::outcomeOf(saved), KTransaction::Outcome::Saved);
+        QCOMPARE(KTransaction::outcomeOf(u"never"_s), KTransaction::Outcome::NotSaved);
+        // What was told to be unsaved cannot be saved any more.
+        QCOMPARE(raisedCategory([&] { m_database.run(u"INSERT INTO UnitTokens VALUES('never',NOW())"_s); }), Category::DuplicateKey);
+    }
+
+    // The server has not noticed yet that the connection is gone: nobody can say how it will end.
+    void outcomeOfAnOpenTransactionIsUnknown()
+    {
+        createTokens();
+        KTransaction open;
+        CTblTemp statement;
+        statement.Open(false, false, true);
+        statement.ExecuteQuery("INSERT INTO UnitTokens VALUES('open',NOW())", true, true);
+        m_database.run(u"SET GLOBAL innodb_lock_wait_timeout=1"_s);
+        const auto outcome = KTransaction::outcomeOf(u"open"_s);
+        m_database.run(u"SET GLOBAL innodb_lock_wait_timeout=50"_s);
+        QCOMPARE(outcome, KTransaction::Outcome::Unknown);
+    }
+
+    void tokensOlderThanAWeekAreRemoved()
+    {
+        createTokens();
+        m_database.run(u"INSERT INTO UnitTokens VALUES('old',NOW()-INTERVAL 8 DAY),('new',NOW()-INTERVAL 6 DAY)"_s);
+        KTransaction::removeOldTokens();
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(sToken) FROM UnitTokens"_s), u"new"_s);
+    }
+
+    void lockedRecordIsTheRowAsItIsNow()
+    {
+        const qint32 key = addSample(u"a"_s, 1);
+        SampleRecord record;
+        QCOMPARE(raisedCategory([&] { record.lockRecord(key); }), Category::Other);
+        KTransaction transaction;
+        // The transaction's own view of the table begins here.
+        QVERIFY(record.IsRecordExist(u"iID"_s, key));
+        std::thread([&] {
+            setAmount(key, 2);
+            KConnection::closeThreadConnections();
+        }).join();
+        QVERIFY(record.lockRecord(key));
+        QCOMPARE(record.m_dAmount, 2.0);
+        QVERIFY(!record.lockRecord(key + 1));
+        QCOMPARE(record.m_dAmount, 0.0);
     }
 };
 

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/db/KChangeLog.h"
+
+#include "suite/db/KConnection.h"
+#include "suite/db/KStatementResult.h"
+#include "suite/db/KTableSchema.h"
+
+#include <QSysInfo>
+
+#include <atomic>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::atomic<qint32> currentAuthor{0};
+
+bool isKept(int database)
+{
+    return !KTableSchema::of(u"Changes"_s, database).isEmpty();
+}
+
+QString computerName()
+{
+    static const QString name = QSysInfo::machineHostName().left(100);
+    return name;
+}
+
+}
+
+void KChangeLog::setAuthor(qint32 userID)
+{
+    currentAuthor = userID;
+}
+
+qint32 KChangeLog::author()
+{
+    return currentAuthor;
+}
+
+void KChangeLog::note(const QString &table, qint32 key, KChange::Kind kind, int database)
+{
+    if (!isKept(database))
+        return;
+    KConnection::forThread(database).run(
+        KSql::formatted("INSERT INTO Changes(sTable,iRecordID,iKind,iUserID,sComputer,date) VALUES(%1,%2,%3,%4,%5,NOW())",
+                        KSql::quoted(table), key, static_cast<int>(kind), author(), KSql::quoted(computerName())));
+}
+
+std::optional<KChange> KChangeLog::last(const QString &table, qint32 key, int database)
+{
+    if (!isKept(database))
+        return std::nullopt;
+    KStatementResult found;
+    found.set(KConnection::forThread(database)
+                  .run(KSql::formatted("SELECT iUserID,sComputer,date,iKind FROM Changes WHERE sTable=%1 AND iRecordID=%2"
+                                       " ORDER BY iID DESC LIMIT 1",
+                                       KSql::quoted(table), key)));
+    if (!found.hasRow())
+        return std::nullopt;
+    return KChange{found.value<qint32>(0), found.value<QString>(1), found.value<QDateTime>(2),
+                   static_cast<KChange::Kind>(found.value<qint32>(3))};
+}
