@@ -24,6 +24,7 @@ FLOORS = [
     ["suite/utility"],
     ["suite/accounting/frame"],
     ["suite/accounting/office"],
+    ["suite/accounting/changes"],
     ["suite/accounting/books/chart", "suite/accounting/reports"],
     ["suite/accounting/attachments", "suite/accounting/books", "suite/accounting/invoices", "suite/accounting/taxfile"],
     ["suite/accounting/lists"],
