@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/db/DBPlatform.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <QUuid>
+
+#include <cerrno>
+#include <csignal>
+#include <optional>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace DBPlatform {
+
+namespace {
+
+// The parts of a process's name in their order.
+enum Part {
+    System,
+    Container,
+    Number,
+    Start,
+    PartCount
+};
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+}
+
+struct Process
+{
+    bool isZombie = false;
+    QString start;
+};
+
+// As the system's table of processes has it; nothing when it does not show that process. The name in parentheses may hold anything.
+std::optional<Process> processWith(const QString &number)
+{
+    constexpr qsizetype startField = 19; // counted from the state, which follows the name
+    const QByteArray line = contents(u"/proc/%1/stat"_s.arg(number));
+    const QByteArrayList fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    if (fields.size() <= startField)
+        return std::nullopt;
+    return Process{fields.front() == "Z" || fields.front() == "X", QString::fromLatin1(fields.at(startField))};
+}
+
+// A table of processes of another container would be misread, so then nothing is said about any process.
+bool tableIsOurs()
+{
+    return QFileInfo(u"/proc/self"_s).symLinkTarget() == u"/proc/%1"_s.arg(::getpid());
+}
+
+QStringList readName()
+{
+    QStringList parts;
+    parts << QString::fromLatin1(contents(u"/proc/sys/kernel/random/boot_id"_s));
+    QString container = QFileInfo(u"/proc/self/ns/pid"_s).symLinkTarget().section(u'[', 1).section(u']', 0, 0);
+    parts << container;
+    const QString number = QString::number(::getpid());
+    const std::optional<Process> self = tableIsOurs() ? processWith(number) : std::nullopt;
+    parts << number << (self ? self->start : QString());
+    // A system that says nothing of itself cannot be recognised; then its processes are elsewhere for everybody, also for itself.
+    if (parts.contains(QString()))
+        parts[System] = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    return parts;
+}
+
+const QStringList &ownName()
+{
+    static const QStringList name = readName();
+    return name;
+}
+
+}
+
+QString thisProcess()
+{
+    return ownName().join(u'/');
+}
+
+Life lifeOf(const QString &process, bool onThisComputer)
+{
+    const QStringList parts = process.split(u'/');
+    if (parts.size() != PartCount)
+        return Life::Elsewhere;
+    if (parts == ownName())
+        return Life::Alive;
+    if (parts[System] != ownName()[System])
+        return onThisComputer && !parts.contains(QString()) && !ownName().contains(QString()) ? Life::Dead : Life::Elsewhere;
+    if (parts[Container] != ownName()[Container] || !tableIsOurs())
+        return Life::Elsewhere;
+    const qint64 number = parts[Number].toLongLong();
+    if (number <= 0 || (::kill(static_cast<pid_t>(number), 0) != 0 && errno == ESRCH))
+        return Life::Dead;
+    // A table that hides other users' processes is no proof of an end.
+    const std::optional<Process> running = processWith(parts[Number]);
+    if (!running)
+        return Life::Alive;
+    return running->isZombie || running->start != parts[Start] ? Life::Dead : Life::Alive;
+}
+
+}
