@@ -100,7 +100,10 @@ bool KMySQL::Update(bool bThrow)
     try {
         if (m_mode == Mode::Browse)
             raiseNoRow("Update");
-        inTransaction([this] { m_mode == Mode::Add ? insertRow() : updateRow(); });
+        if (m_mode == Mode::Add)
+            inTransaction([this] { insertRow(); });
+        else
+            updateRow();
     } catch (const CMySQLException &) {
         if (bThrow)
             throw;
@@ -348,13 +351,15 @@ void KMySQL::updateRow()
     if (assignments.isEmpty())
         return;
     assignments.chop(1);
-    connection().run("UPDATE " + GetTableName().toUtf8() + " SET " + assignments + " WHERE iID=" + QByteArray::number(key)
-                     + " LIMIT 1");
-    if (connection().affectedRows() == 0)
-        throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
-                              GetTableName() + QLatin1String(": the row to update is gone"));
-    if (isLogged())
-        KChangeLog::note(GetTableName(), key, KChange::Kind::Changed, m_database);
+    inTransaction([&] {
+        connection().run("UPDATE " + GetTableName().toUtf8() + " SET " + assignments + " WHERE iID=" + QByteArray::number(key)
+                         + " LIMIT 1");
+        if (connection().affectedRows() == 0)
+            throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
+                                  GetTableName() + QLatin1String(": the row to update is gone"));
+        if (isLogged())
+            KChangeLog::note(GetTableName(), key, KChange::Kind::Changed, m_database);
+    });
 }
 
 void KMySQL::requireRow(const char *operation) const

@@ -5,6 +5,7 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KChangeLog.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -59,6 +60,7 @@ bool CDBSetting::Login(int userID)
     KSecurity::setUser(m_userID, m_admin);
     KChangeLog::setAuthor(m_userID);
     setDefaultMoneyDecimals(MoneyDecimals());
+    KTransaction::removeOldTokens();
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "suite/accounting/office/SuiteSchema.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KLease.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -222,6 +223,7 @@ void SuiteSchema::upgrade(int database)
     CTblTemp temp(database);
     temp.Open(true, false, true);
     temp.ExecuteQuery(propertiesTable, true, true);
+    KLease::createTable(database);
     const int reached = storedVersion(database);
     if (reached > currentVersion())
         throw KAccountingError(

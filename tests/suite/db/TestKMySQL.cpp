@@ -205,7 +205,7 @@ private Q_SLOTS:
         record.Edit();
         record.m_dAmount = 5.5;
         const QStringList statements = observed([&] { record.Update(true); });
-        QCOMPARE(statements, QStringList{u"UPDATE Samples SET dAmount=5.5 WHERE iID=%1 LIMIT 1"_s.arg(key)});
+        QCOMPARE(statements, (QStringList{u"START TRANSACTION"_s, u"UPDATE Samples SET dAmount=5.5 WHERE iID=%1 LIMIT 1"_s.arg(key), u"COMMIT"_s}));
         record.Edit();
         QVERIFY(observed([&] { record.Update(true); }).isEmpty());
     }

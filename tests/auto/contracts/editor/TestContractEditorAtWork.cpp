@@ -721,13 +721,13 @@ private Q_SLOTS:
                  stored == 0 ? m_office->adminID() : stored);
     }
 
-    // One lock wait that times out, once the document already has its number.
+    // One deadlock, once the document already has its number.
     void saveThatMeetsALockConflictRunsAgainAndGivesOneDocument()
     {
         TestDatabase &database = m_office->database();
         database.run(u"CREATE TRIGGER Conflict BEFORE INSERT ON Docs FOR EACH ROW BEGIN "
                      "SET @inserts = IFNULL(@inserts, 0) + 1; IF @inserts = 3 THEN "
-                     "SIGNAL SQLSTATE 'HY000' SET MYSQL_ERRNO = 1205; END IF; END"_s);
+                     "SIGNAL SQLSTATE 'HY000' SET MYSQL_ERRNO = 1213; END IF; END"_s);
         auto dialog = filledNew();
         dialog->accept();
         database.run(u"DROP TRIGGER Conflict"_s);

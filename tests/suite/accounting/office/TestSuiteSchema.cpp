@@ -62,7 +62,11 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("HesabTafsily", "iID,iCode,sName,iStatus,iHesabMoeenCode");
     row("Documents", "iID,iNum,iFiscalYear,iKind,date,sDesc,iUserID,iStatus");
     row("Docs", "iID,iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes,sDesc");
-    row("Receipts", "iID,iPersonID,date,dAmount,sDesc,iDocNum,iFiscalYear,iUserID");
+    row("Receipts", "iID,iPersonID,date,dAmount,sDesc,iDocNum,iFiscalYear,iUserID,iTable,iRecordID,iPaymentID,iStatus,"
+                    "iVoidUserID,dateVoid,sVoidReason");
+    row("UnitTokens", "sToken,dateCreate");
+    row("Changes", "iID,sTable,iRecordID,iKind,iUserID,sComputer,date");
+    row("Placeholders", "iID,sTable,iRecordID,sSession");
     row("FileDocs", "iID,iTable,iRecordID,iScope,iUserID,sName,oData,dateCreate");
     row("CustomFields", "iID,iTable,sName,iType");
     row("CustomFieldRecords", "iID,iFieldID,iTable,iRecordID,sValue");
