@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "suite/db/CTblTemp.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void closedDatabaseIsRefused();
     void serverDateIsNow();
     void loginTellsWhoWorks();
+    void loginRemovesTheTokensOfUnitsThatNobodyAsksFor();
     void moneyUnitAndDecimals();
     void fiscalYearOpensOnItsFirstDay();
     void openingDateIsKept();
@@ -161,6 +163,16 @@ void TestCDBSetting::serverDateIsNow()
     const QDateTime server = GetDBSetting()->GetDBServerDate();
     QCOMPARE(server.timeSpec(), Qt::UTC);
     QVERIFY2(qAbs(server.secsTo(wallClock)) <= 5, qPrintable(server.toString(Qt::ISODate)));
+}
+
+void TestCDBSetting::loginRemovesTheTokensOfUnitsThatNobodyAsksFor()
+{
+    CTblTemp statement;
+    statement.Open(false, false, true);
+    statement.ExecuteQuery("INSERT INTO UnitTokens VALUES('old',NOW()-INTERVAL 8 DAY)", true, true);
+    QVERIFY(GetDBSetting()->Login(m_office.admin));
+    statement.ExecuteQuery("SELECT COUNT(*) FROM UnitTokens WHERE sToken='old'", true, true);
+    QCOMPARE(statement.GetLongFieldValue(0), 0);
 }
 
 void TestCDBSetting::loginTellsWhoWorks()
