@@ -16,6 +16,7 @@ for program in \
         ContractList \
         FillContract \
         ReportOfContracts \
+        SaveContract \
         MatchDemand \
         CarList \
         ExportSeason \
