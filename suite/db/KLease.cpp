@@ -156,8 +156,7 @@ bool take(KConnection &connection, const QString &name, const QString &holder, c
         // Of several that find the holder dead, the first one changes what the others ask for.
         if (changesARow(connection, KSql::formatted("UPDATE Leases SET sHolder=%1,sText=%2,dateTaken=UTC_TIMESTAMP(),dateSeen=UTC_TIMESTAMP() "
                                                     "WHERE sName=%3 AND sHolder=%4 AND dateSeen=%5",
-                                                    KSql::quoted(holder), KSql::quoted(text), KSql::quoted(name),
-                                                    KSql::quoted(found->holder), KSql::quoted(found->seen))))
+                                                    KSql::quoted(holder), KSql::quoted(text), KSql::quoted(name), KSql::quoted(found->holder), KSql::quoted(found->seen))))
             return true;
     }
     return false;
@@ -181,7 +180,7 @@ struct KLease::Keeper
     quint64 answered = 0; // and those whose renewal has ended, well or not
     bool lastRenewed = true;
     bool lost = false;
-    bool returning = false; // the lease is gone; the thread is to give its row back
+    bool returning = false;   // the lease is gone; the thread is to give its row back
     bool triedReturn = false; // without reaching the server, or with it
     bool done = false;        // the thread has nothing left to do
 
@@ -193,8 +192,7 @@ struct KLease::Keeper
 // Whether it is still ours. A row that is gone, as after a backup was loaded, is written again.
 bool KLease::Keeper::renew()
 {
-    return changesARow(*connection, KSql::formatted("UPDATE Leases SET dateSeen=UTC_TIMESTAMP() WHERE sName=%1 AND sHolder=%2",
-                                                    KSql::quoted(name), KSql::quoted(holder)))
+    return changesARow(*connection, KSql::formatted("UPDATE Leases SET dateSeen=UTC_TIMESTAMP() WHERE sName=%1 AND sHolder=%2", KSql::quoted(name), KSql::quoted(holder)))
         || changesARow(*connection, inserted(name, holder, text));
 }
 
@@ -239,8 +237,7 @@ void KLease::Keeper::giveBack()
     const LeaseClock::time_point end = LeaseClock::now() + leaseTerm;
     while (LeaseClock::now() < end) {
         try {
-            changesARow(*connection, KSql::formatted("DELETE FROM Leases WHERE sName=%1 AND sHolder=%2", KSql::quoted(name),
-                                                     KSql::quoted(holder)));
+            changesARow(*connection, KSql::formatted("DELETE FROM Leases WHERE sName=%1 AND sHolder=%2", KSql::quoted(name), KSql::quoted(holder)));
             return;
         } catch (const CMySQLException &error) {
             if (error.category() != CMySQLException::Category::ConnectionLost)

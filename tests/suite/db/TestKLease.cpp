@@ -9,6 +9,7 @@
 #include "tests/support/TestDatabase.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 #include <QTest>
 
@@ -50,6 +51,15 @@ class TestKLease : public QObject
     static void signalTo(qint64 process, const QString &signal)
     {
         QCOMPARE(QProcess::execute(u"kill"_s, {u"-"_s + signal, QString::number(process)}), 0);
+        // A process halts a moment later.
+        const bool halts = signal == u"STOP"_s;
+        QTRY_COMPARE(stateOf(process).startsWith("T"), halts);
+    }
+
+    static QByteArray stateOf(qint64 process)
+    {
+        QFile status(u"/proc/%1/stat"_s.arg(process));
+        return status.open(QIODevice::ReadOnly) ? status.readAll().split(')').constLast().trimmed() : QByteArray();
     }
 
     // As a program left it that renewed it so many seconds ago.
