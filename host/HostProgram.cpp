@@ -11,6 +11,7 @@
 #include "host/frame/HostLook.h"
 #include "host/desk/MainWindow.h"
 #include "host/start/OfficeServer.h"
+#include "host/server/WayBack.h"
 #include "suite/accounting/books/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -56,7 +57,8 @@ void tellFailure()
         throw;
     } catch (const ServerError &error) {
         qCCritical(lcHost).noquote() << "start:" << error.detail();
-        g_pDlgWarning->Show(error.userMessage());
+        if (error.kind() != ServerError::Kind::Cancelled)
+            g_pDlgWarning->Show(error.userMessage());
     } catch (...) {
         KErrorBoundary::report(std::current_exception(), nullptr);
     }
@@ -167,7 +169,10 @@ void HostProgram::startPrivateServer()
 
 void HostProgram::prepareSchema()
 {
-    DatabaseUpgrade upgrade(m_folder.backupsPath(), [this](const QString &text) { m_splash.showWaiting(text); });
+    DatabaseUpgrade upgrade(
+        m_folder.backupsPath(), [this](const QString &text) { m_splash.showWaiting(text); },
+        [this](const QString &text) { return m_splash.showWaitingOrGiveUp(text); });
+    upgrade.setWayBack(m_server ? WayBack(m_folder).whileServerRuns() : WayBack::ofOfficeServer());
     upgrade.upgradeSuite();
     m_clock.reached("suite-schema");
     if (!m_module.load(m_options.moduleDir)) {

@@ -151,11 +151,26 @@ void alter(const Step &step, CTblTemp &session, bool alterFlag)
     }
 }
 
+bool holdsRows(const SchemaTables::Table &table, CTblTemp &session)
+{
+    session.ExecuteQuery(KSql::formatted("SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()"
+                                         " AND TABLE_NAME=%1 AND TABLE_TYPE='BASE TABLE'",
+                                         KSql::quoted(QByteArray(table.name))));
+    if (session.GetLongFieldValue(0) == 0)
+        return false;
+    session.ExecuteQuery(KSql::formatted("SELECT EXISTS(SELECT 1 FROM %1)", KSql::name(table.name)));
+    return session.GetLongFieldValue(0) != 0;
+}
+
+// A step that is run again makes its tables again. One that holds rows by then is not given up for that: the server makes a table
+// whole or not at all, so it is what the step would make.
 void runStep(const Step &step, CTblTemp &session, bool alterFlag)
 {
     if (step.alteration)
         alter(step, session, alterFlag);
     for (const SchemaTables::Table *table : step.tables) {
+        if (!alterFlag && holdsRows(*table, session))
+            continue;
         session.ExecuteQuery(SchemaTables::dropStatement(*table).toUtf8().constData(), true, true);
         session.ExecuteQuery(SchemaTables::createStatement(*table).toUtf8().constData(), true, true);
     }

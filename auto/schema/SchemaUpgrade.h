@@ -11,7 +11,8 @@ inline constexpr double currentVersion = 6.211;
 
 // Runs every step above storedVersion in ascending order. reachedVersion follows each step that completed and starts at
 // storedVersion. What a step did before it failed stays done; run again, a step drops and recreates its tables, and its
-// ALTER TABLE is run with alterFlag as KMySQL::ExecuteQuery's first flag. Throws CMySQLException.
+// ALTER TABLE is run with alterFlag as KMySQL::ExecuteQuery's first flag. With alterFlag false, as for a step that was broken off, a
+// table that holds rows is kept instead of made again. Throws CMySQLException.
 void run(int database, double storedVersion, double &reachedVersion, bool alterFlag);
 
 }

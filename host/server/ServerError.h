@@ -24,7 +24,8 @@ public:
         DiskFull,          // no room left on the folder's disk
         Damaged,           // the database folder exists but holds no database
         OlderServer,       // the folder was last used by a newer server than the installed one
-        UpgradeFailed,     // the folder could not be brought to the installed server's version
+        UpgradeFailed,     // the folder could not be brought to the installed server's version, or the database to the program's
+        VersionLost,       // the tables hold rows, but the version of their schema is gone
         DumpFailed,        // a backup or its restoration failed
         Cancelled          // the progress callback asked to stop
     };

@@ -5,36 +5,55 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KLease.h"
 #include "suite/db/KTableSchema.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/DatabaseDump.h"
+#include "host/start/SchemaGuard.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/SuiteSchema.h"
-#include "suite/utility/values/Money.h"
+
+#include <QSysInfo>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Tables whose rows users typed. The seeded ones (accounts, settings) are recreated by an upgrade.
-const QStringList &dataTables()
+constexpr int pulseMilliseconds = 50;
+constexpr int pulsesBetweenLooks = 5;
+
+const QString leaseName = u"upgrade"_s;
+const QString schemaSection = u"Schema"_s;
+const QString unfinishedKey = u"TzAutoUnfinished"_s;
+
+// Tables whose rows users entered. An upgrade brings the others (accounts, settings) by itself.
+const QStringList &suiteTables()
 {
-    static const QStringList tables = {u"Users"_s, u"Persons"_s, u"Documents"_s,
-                                       u"AutomobilContracts"_s, u"AutomobilDemands"_s,
-                                       u"AutomobilInformations"_s};
+    static const QStringList tables = {u"Users"_s, u"UserRights"_s, u"Persons"_s, u"Items"_s, u"Documents"_s, u"Docs"_s,
+                                       u"Receipts"_s, u"FileDocs"_s, u"CustomFields"_s, u"CustomFieldRecords"_s,
+                                       u"ReportLayouts"_s, u"Alarms"_s, u"Services"_s, u"Factors"_s, u"FactorStuffs"_s};
     return tables;
 }
 
-bool holdsRows()
+const QStringList &moduleTables()
+{
+    static const QStringList tables = {u"AutomobilContracts"_s, u"AutomobilDemands"_s, u"AutomobilInformations"_s,
+                                       u"AutomobilPayments"_s, u"AutomobilTariffs"_s, u"CarBrands"_s, u"CarModels"_s,
+                                       u"CarClasses"_s, u"CarYears"_s};
+    return tables;
+}
+
+bool holdRows(const QStringList &tables)
 {
     CTblTemp query;
     query.Open(false, false, true);
-    QList<KSql> tables;
-    for (const QString &table : dataTables())
-        tables.append(KSql::quoted(table));
+    QList<KSql> names;
+    for (const QString &table : tables)
+        names.append(KSql::quoted(table));
     query.ExecuteQuery(KSql::formatted("SELECT TABLE_NAME FROM information_schema.TABLES WHERE TABLE_SCHEMA = DATABASE() "
-                                       "AND TABLE_NAME IN (%1)",
-                                       KSql::joined(tables, ",")));
+                                       "AND TABLE_TYPE = 'BASE TABLE' AND TABLE_NAME IN (%1)",
+                                       KSql::joined(names, ",")));
     QList<KSql> present;
     for (; query.HasResultRow(); query.MoveNextResult())
         present.append(KSql::formatted("EXISTS(SELECT 1 FROM %1)", KSql::name(query.GetTextFieldValue(0))));
@@ -44,52 +63,93 @@ bool holdsRows()
     return query.GetLongFieldValue(0) != 0;
 }
 
-bool changesSchema(const QString &statement)
+bool holdsRows()
 {
-    const QString text = statement.trimmed();
-    for (const QString &verb : {u"ALTER "_s, u"DROP "_s, u"CREATE "_s})
-        if (text.startsWith(verb, Qt::CaseInsensitive))
-            return true;
-    return false;
+    return holdRows(suiteTables() + moduleTables());
 }
 
-// Runs an action before the first statement that changes the schema. Only the module knows which of its steps are due, so
-// its statements show that one is.
-class BeforeSchemaChange
+// What others read who wait for this program.
+QString thisDesk()
 {
-public:
-    explicit BeforeSchemaChange(std::function<void()> action)
-        : m_action(std::move(action))
-    {
-        KConnection::setStatementObserver([this](const QString &statement) {
-            if (!m_done && changesSchema(statement)) {
-                m_done = true;
-                m_action();
-            }
-        });
-    }
-    ~BeforeSchemaChange() { KConnection::setStatementObserver({}); }
-    BeforeSchemaChange(const BeforeSchemaChange &) = delete;
-    BeforeSchemaChange &operator=(const BeforeSchemaChange &) = delete;
+    QString user = qEnvironmentVariable("USER");
+    if (user.isEmpty())
+        user = qEnvironmentVariable("USERNAME");
+    return u"کاربر «\u2068%1\u2069» روی رایانه «\u2068%2\u2069»"_s.arg(user, QSysInfo::machineHostName());
+}
 
-private:
-    std::function<void()> m_action;
-    bool m_done = false;
+bool isUnfinished()
+{
+    return CTblProperties::DBReadSettingInt(schemaSection, unfinishedKey, 0) != 0;
+}
+
+void setUnfinished(bool unfinished)
+{
+    CTblProperties::DBWriteSettingInt(schemaSection, unfinishedKey, unfinished ? 1 : 0);
+}
+
+// The module wants to change the schema while it is not this program's turn yet.
+struct ChangeIsDue
+{
 };
 
-const QString schemaSection = u"Schema"_s;
-const QString unfinishedKey = u"TzAutoUnfinished"_s;
+// The upgrade is to begin anew, from what is stored.
+struct BeginAnew
+{
+};
 
 }
 
-DatabaseUpgrade::DatabaseUpgrade(const QString &backupsFolder, Progress progress)
+DatabaseUpgrade::DatabaseUpgrade(const QString &backupsFolder, Progress progress, Waiting waiting)
     : m_backupsFolder(backupsFolder)
     , m_progress(std::move(progress))
+    , m_waiting(std::move(waiting))
 {
+}
+
+std::unique_ptr<KLease> DatabaseUpgrade::takeTurn()
+{
+    KLease::createTable();
+    for (;;) {
+        if (std::unique_ptr<KLease> lease = KLease::tryTake(leaseName, thisDesk()))
+            return lease;
+        waitForTurn();
+    }
+}
+
+void DatabaseUpgrade::waitForTurn()
+{
+    for (;;) {
+        const std::optional<KLease::Holder> holder = KLease::holder(leaseName);
+        if (!holder || !holder->alive)
+            return;
+        const QString text = u"%1 در حال ارتقای پایگاه داده است"_s.arg(holder->text);
+        for (int pulse = 0; pulse < pulsesBetweenLooks; ++pulse) {
+            if (!m_waiting)
+                m_progress(text);
+            else if (!m_waiting(text))
+                throw ServerError(ServerError::Kind::Cancelled, u"برنامه به درخواست شما پیش از پایان ارتقای پایگاه داده بسته شد."_s,
+                                  u"the user gave up waiting for: "_s + holder->text);
+            QThread::msleep(pulseMilliseconds);
+        }
+    }
+}
+
+void DatabaseUpgrade::refuse(const QString &what) const
+{
+    throw ServerError(ServerError::Kind::VersionLost,
+                      u"شماره نسخه %1 در پایگاه داده پیدا نشد، ولی جدول‌های آن اطلاعات دارند. برای آنکه چیزی از دست نرود، برنامه "
+                      "آنها را تغییر نداد؛ پایگاه داده را از نسخه پشتیبان بازگردانید."_s.arg(what)
+                          + (m_wayBack.isEmpty() ? QString() : u'\n' + m_wayBack),
+                      u"tables hold rows, but the schema version of "_s + what + u" is missing"_s);
 }
 
 void DatabaseUpgrade::upgradeSuite()
 {
+    if (!SuiteSchema::isVersionStored() && holdsRows())
+        refuse(u"برنامه"_s);
+    if (SuiteSchema::storedVersion() == SuiteSchema::currentVersion())
+        return;
+    const std::unique_ptr<KLease> lease = takeTurn();
     const int stored = SuiteSchema::storedVersion();
     if (stored == SuiteSchema::currentVersion())
         return;
@@ -103,37 +163,92 @@ void DatabaseUpgrade::upgradeSuite()
 
 bool DatabaseUpgrade::upgradeModule(CAutoDBSetting &module)
 {
+    if (!SuiteSchema::isModuleVersionStored() && holdRows(moduleTables()))
+        refuse(u"گالری اتومبیل"_s);
     if (!runModule(module))
         return false;
-    SuiteSchema::afterModuleUpgrade();
+    closeModuleUpgrade();
     return true;
 }
 
+// A start without a due step takes no turn: the module is let run as far as its first change, and only then is called again.
 bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
 {
-    const double stored = SuiteSchema::moduleVersion();
-    // A step that a failed run left half done meets columns that already exist; only then are they passed over.
-    const bool unfinished = CTblProperties::DBReadSettingInt(schemaSection, unfinishedKey, 0) != 0;
-    const bool dumpIfChanged = m_dump.isEmpty() && holdsRows();
-    bool changed = false;
-    const BeforeSchemaChange guard([&] {
-        changed = true;
-        if (dumpIfChanged)
-            takeDump();
-        m_progress(u"آماده‌سازی جدول‌های گالری اتومبیل"_s);
-    });
+    try {
+        return callModule(module, nullptr);
+    } catch (const ChangeIsDue &) {
+    }
+    for (;;) {
+        const std::unique_ptr<KLease> lease = takeTurn();
+        try {
+            return callModule(module, lease.get());
+        } catch (const BeginAnew &) {
+            qCWarning(lcHost) << "the module's upgrade begins anew";
+        }
+    }
+}
 
+bool DatabaseUpgrade::callModule(CAutoDBSetting &module, KLease *lease)
+{
+    const double stored = SuiteSchema::moduleVersion();
+    // A step that a broken-off run left half done meets columns and tables of its own; only then are they passed over.
+    const bool unfinished = isUnfinished();
     double reached = stored;
-    const bool completed = module.UpdateDB(0, stored, reached, !unfinished) == 1;
+    double written = stored;
+    bool changed = false;
+    const auto keepReached = [&] {
+        if (reached <= written)
+            return;
+        SuiteSchema::raiseModuleVersion(reached);
+        qCInfo(lcHost) << "module schema" << written << "to" << reached;
+        written = reached;
+    };
+    const auto beforeChange = [&](const QString &dropped) {
+        if (!lease)
+            throw ChangeIsDue();
+        // Taken over while this computer slept: whoever has the turn now goes on from what is stored.
+        if (dropped.isEmpty() ? !lease->isHeld() : !lease->confirm())
+            throw BeginAnew();
+        if (!changed)
+            prepareModuleChange();
+        changed = true;
+        // The stored version is behind the tables: the steps are run as those of a broken-off upgrade, which keep such a table.
+        if (!dropped.isEmpty() && holdRows({dropped})) {
+            if (!unfinished)
+                throw BeginAnew();
+            throw ServerError(ServerError::Kind::UpgradeFailed, u"ارتقای پایگاه داده جدول «%1» را که اطلاعات دارد کنار می‌گذاشت و متوقف شد."_s.arg(dropped) + (m_wayBack.isEmpty() ? QString() : u'\n' + m_wayBack),
+                              u"the upgrade would drop "_s + dropped);
+        }
+    };
+    bool completed = false;
+    {
+        const SchemaGuard guard({keepReached, beforeChange});
+        completed = module.UpdateDB(0, stored, reached, !unfinished) == 1;
+    }
     if (changed)
         KTableSchema::forgetAll();
-    if (!IsEquals(reached, stored)) {
-        SuiteSchema::setModuleVersion(reached);
-        qCInfo(lcHost) << "module schema" << stored << "to" << reached;
-    }
-    if (completed == unfinished)
-        CTblProperties::DBWriteSettingInt(schemaSection, unfinishedKey, completed ? 0 : 1);
+    keepReached();
+    if (completed == isUnfinished())
+        setUnfinished(!completed);
     return completed;
+}
+
+// The mark stands before the first change, and a version beside it: from then on a missing one is a lost one.
+void DatabaseUpgrade::prepareModuleChange()
+{
+    if (m_dump.isEmpty() && holdsRows())
+        takeDump();
+    setUnfinished(true);
+    SuiteSchema::raiseModuleVersion(0);
+    m_progress(u"آماده‌سازی جدول‌های گالری اتومبیل"_s);
+}
+
+void DatabaseUpgrade::closeModuleUpgrade()
+{
+    if (!SuiteSchema::isClosingStepDue())
+        return;
+    const std::unique_ptr<KLease> lease = takeTurn();
+    SuiteSchema::afterModuleUpgrade();
 }
 
 void DatabaseUpgrade::takeDump()

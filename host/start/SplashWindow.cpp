@@ -8,9 +8,11 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -55,9 +57,41 @@ SplashWindow::SplashWindow(QWidget *parent)
     column->addSpacing(8);
     column->addWidget(m_waiting);
     column->addWidget(bar);
+    m_giveUp = new QPushButton(u"انصراف"_s, this);
+    m_giveUp->setAccessibleName(m_giveUp->text());
+    m_giveUp->hide();
+    connect(m_giveUp, &QPushButton::clicked, this, [this] { m_givenUp = true; });
+    column->addWidget(m_giveUp, 0, Qt::AlignCenter);
 }
 
 void SplashWindow::showWaiting(const QString &waitingFor)
+{
+    if (m_giveUp->isVisibleTo(this)) {
+        m_giveUp->hide();
+        adjustSize();
+    }
+    showText(waitingFor);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+bool SplashWindow::showWaitingOrGiveUp(const QString &waitingFor)
+{
+    const bool begins = !m_giveUp->isVisibleTo(this);
+    if (begins) {
+        m_givenUp = false;
+        m_giveUp->show();
+        adjustSize();
+    }
+    showText(waitingFor);
+    if (begins) {
+        activateWindow();
+        m_giveUp->setFocus();
+    }
+    QCoreApplication::processEvents();
+    return !m_givenUp;
+}
+
+void SplashWindow::showText(const QString &waitingFor)
 {
     // Some texts end with dots of their own.
     const bool dotted = waitingFor.endsWith(u'.') || waitingFor.endsWith(u'…');
@@ -72,7 +106,14 @@ void SplashWindow::showWaiting(const QString &waitingFor)
         move(screen->availableGeometry().center() - rect().center());
         show();
     }
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void SplashWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && m_giveUp->isVisible())
+        m_givenUp = true;
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void SplashWindow::paintEvent(QPaintEvent *)

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
 
 // Shown while the program starts or stops: its name and what it is waiting for.
 class SplashWindow final : public QWidget
@@ -17,10 +18,17 @@ public:
 
     // Shows the text and paints at once; the user's input waits.
     void showWaiting(const QString &waitingFor);
+    // The same with a button by which the user gives up waiting; takes the user's input. False once it was pressed.
+    bool showWaitingOrGiveUp(const QString &waitingFor);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void showText(const QString &waitingFor);
+
     QLabel *m_waiting;
+    QPushButton *m_giveUp;
+    bool m_givenUp = false;
 };

@@ -53,7 +53,7 @@ TestOffice::TestOffice()
     double reached = 0;
     if (GetAutoDBSetting()->UpdateDB(0, 0, reached, false) != 1)
         qFatal("the module's tables could not be created");
-    SuiteSchema::setModuleVersion(reached);
+    SuiteSchema::raiseModuleVersion(reached);
     SuiteSchema::afterModuleUpgrade();
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     m_adminID = CTblUsers::create(u"مدیر"_s, u"secret"_s, u"مدیر دفتر"_s, true);

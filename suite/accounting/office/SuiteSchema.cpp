@@ -203,6 +203,24 @@ const QString schemaSection = u"Schema"_s;
 const QString suiteKey = u"Suite"_s;
 const QString moduleKey = u"TzAuto"_s;
 
+bool isStored(const QString &key, int database)
+{
+    if (KTableSchema::of(u"Properties"_s, database).isEmpty())
+        return false;
+    bool isNumber = false;
+    CTblProperties::DBReadSetting(schemaSection, key, QString(), database).toDouble(&isNumber);
+    return isNumber;
+}
+
+// Of two programs that store what they reached, the later one may be the one that is behind.
+void raiseTo(const QString &key, const QString &version, int database)
+{
+    KConnection::forThread(database).run(
+        KSql::formatted("INSERT INTO Properties(sSection,sKey,sValue) VALUES(%1,%2,%3) ON DUPLICATE KEY UPDATE "
+                        "sValue=IF(sValue REGEXP '^[0-9.]+$' AND sValue+0>=VALUES(sValue)+0,sValue,VALUES(sValue))",
+                        KSql::quoted(schemaSection), KSql::quoted(key), KSql::quoted(version)));
+}
+
 }
 
 int SuiteSchema::currentVersion()
@@ -233,18 +251,28 @@ void SuiteSchema::upgrade(int database)
             continue;
         for (const char *statement : step.statements)
             temp.ExecuteQuery(statement, false, true);
-        CTblProperties::DBWriteSettingInt(schemaSection, suiteKey, step.number, database);
+        raiseTo(suiteKey, QString::number(step.number), database);
         qCInfo(lcSchema) << "suite schema step" << step.number << "done";
     }
     KTableSchema::forgetAll();
 }
 
-void SuiteSchema::afterModuleUpgrade(int database)
+bool SuiteSchema::isVersionStored(int database)
 {
     KTableSchema::forgetAll();
-    const QString contracts = u"AutomobilContracts"_s;
+    return isStored(suiteKey, database);
+}
+
+bool SuiteSchema::isClosingStepDue(int database)
+{
+    KTableSchema::forgetAll();
+    return !KTableSchema::of(u"AutomobilContracts"_s, database).column(u"iFiscalYear"_s);
+}
+
+void SuiteSchema::afterModuleUpgrade(int database)
+{
     // Asked first: an ALTER, even one that has nothing to do, waits for everybody reading the table.
-    if (KTableSchema::of(contracts, database).column(u"iFiscalYear"_s))
+    if (!isClosingStepDue(database))
         return;
     CTblTemp temp(database);
     temp.Open(true, false, true);
@@ -257,7 +285,14 @@ double SuiteSchema::moduleVersion(int database)
     return CTblProperties::DBReadSetting(schemaSection, moduleKey, 0.0, database);
 }
 
-void SuiteSchema::setModuleVersion(double version, int database)
+bool SuiteSchema::isModuleVersionStored(int database)
 {
-    CTblProperties::DBWriteSetting(schemaSection, moduleKey, version, database);
+    KTableSchema::forgetAll();
+    return isStored(moduleKey, database);
+}
+
+void SuiteSchema::raiseModuleVersion(double version, int database)
+{
+    // 17 significant digits bring every double back as it was.
+    raiseTo(moduleKey, QString::number(version, 'g', 17), database);
 }

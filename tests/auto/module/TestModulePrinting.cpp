@@ -74,7 +74,7 @@ private Q_SLOTS:
         QVERIFY(entry);
         double reached = 0;
         QCOMPARE(entry()->UpdateDB(0, 0, reached, false), 1);
-        SuiteSchema::setModuleVersion(reached);
+        SuiteSchema::raiseModuleVersion(reached);
         SuiteSchema::afterModuleUpgrade();
         QVERIFY(GetDBSetting()->Login(CTblUsers::create(u"boss"_s, u"secret"_s, u"boss"_s, true)));
         m_database.run(u"INSERT INTO AutomobilContracts (iCode, iContractType, iPersonContract1, iPersonContract2, sName1, "

@@ -5,6 +5,7 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/server/DatabaseDump.h"
+#include "suite/db/KLease.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/SuiteSchema.h"
@@ -33,7 +34,13 @@ private Q_SLOTS:
     void dumpHoldsTheDatabaseAsItWas();
     void olderDatabaseWithoutRowsIsNotDumped();
     void suiteUpgradeWithRowsIsDumpedFirst();
-    void rowsOfADatabaseWithoutAVersionAreDumpedFirst();
+    void lostVersionStopsTheStart_data();
+    void lostVersionStopsTheStart();
+    void tablesOfOtherProgramsAreNoLoss();
+    void whoUpgradesIsNamedToThoseWhoWait();
+    void whoeverWaitsCanGiveUp();
+    void whatAnotherProgramHasUpgradedIsLeftAlone();
+    void versionIsStoredBeforeTheFailureIsShown();
     void officeThatWorkedWithoutTheModuleIsDumpedBeforeItsTables();
     void oneDumpServesBothUpgrades();
     void dumpThatFailsStopsTheUpgrade();
@@ -43,11 +50,14 @@ private Q_SLOTS:
 private:
     void run(DatabaseUpgrade &upgrade);
     void makeOlder();
+    static void storeModuleVersion(double version) { CTblProperties::DBWriteSetting(u"Schema"_s, u"TzAuto"_s, version); }
     QStringList dumps() const;
 
     TestDatabase m_database;
     std::unique_ptr<QTemporaryDir> m_backups;
     QStringList m_waitedFor;
+    static inline double s_versionWhenShown = 0;
+    static inline int s_unfinishedWhenShown = 0;
 };
 
 namespace {
@@ -100,7 +110,7 @@ void TestDatabaseUpgrade::makeOlder()
     DatabaseUpgrade fresh(m_backups->path(), [](const QString &) {});
     run(fresh);
     m_database.run(u"ALTER TABLE AutomobilDemands DROP COLUMN iAlarmID"_s);
-    SuiteSchema::setModuleVersion(5.104);
+    storeModuleVersion(5.104);
 }
 
 QStringList TestDatabaseUpgrade::dumps() const
@@ -176,18 +186,132 @@ void TestDatabaseUpgrade::suiteUpgradeWithRowsIsDumpedFirst()
     QCOMPARE(dumps().size(), 1);
 }
 
-// The module's first step begins by dropping what is there.
-void TestDatabaseUpgrade::rowsOfADatabaseWithoutAVersionAreDumpedFirst()
+// Whoever created the tables anew would lose what is in them.
+void TestDatabaseUpgrade::lostVersionStopsTheStart_data()
 {
-    m_database.run(u"CREATE TABLE AutomobilContracts(iID INT, sDesc VARCHAR(50)) CHARSET=utf8"_s);
-    m_database.run(u"INSERT INTO AutomobilContracts VALUES(1, 'only copy')"_s);
+    QTest::addColumn<QString>("loss");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("the suite's number") << u"DELETE FROM Properties WHERE sKey='Suite'"_s << u"برنامه"_s;
+    QTest::newRow("the suite's number is empty") << u"UPDATE Properties SET sValue='' WHERE sKey='Suite'"_s << u"برنامه"_s;
+    QTest::newRow("the table of the numbers") << u"DROP TABLE Properties"_s << u"برنامه"_s;
+    QTest::newRow("the module's version") << u"DELETE FROM Properties WHERE sKey='TzAuto'"_s << u"گالری اتومبیل"_s;
+    QTest::newRow("the module's version is no number") << u"UPDATE Properties SET sValue=NULL WHERE sKey='TzAuto'"_s << u"گالری اتومبیل"_s;
+}
+
+void TestDatabaseUpgrade::lostVersionStopsTheStart()
+{
+    QFETCH(QString, loss);
+    QFETCH(QString, named);
+    DatabaseUpgrade fresh(m_backups->path(), [](const QString &) {});
+    run(fresh);
+    m_database.run(u"INSERT INTO CarBrands(sName) VALUES('پراید')"_s);
+    m_database.run(loss);
+    const QString schema = u"SELECT GROUP_CONCAT(CONCAT(TABLE_NAME,CREATE_TIME) ORDER BY 1) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()"_s;
+    m_database.run(u"SET SESSION group_concat_max_len=1000000"_s);
+    const QString before = m_database.value(schema);
+    for (int start = 0; start < 2; ++start) {
+        DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+        upgrade.setWayBack(u"راه بازگشت"_s);
+        try {
+            upgrade.upgradeSuite();
+            static_cast<void>(upgrade.upgradeModule(*GetAutoDBSetting()));
+            QFAIL("the tables were taken for new ones");
+        } catch (const ServerError &error) {
+            QCOMPARE(error.kind(), ServerError::Kind::VersionLost);
+            QVERIFY2(error.userMessage().contains(named), qPrintable(error.userMessage()));
+            QVERIFY(error.userMessage().endsWith(u"\nراه بازگشت"_s));
+        }
+    }
+    QCOMPARE(m_database.value(schema), before);
+    QCOMPARE(m_database.value(u"SELECT sName FROM CarBrands"_s), u"پراید"_s);
+}
+
+// The office's administrator may keep tables of another program beside ours.
+void TestDatabaseUpgrade::tablesOfOtherProgramsAreNoLoss()
+{
+    m_database.run(u"CREATE TABLE Others(iID INT) CHARSET=utf8"_s);
+    m_database.run(u"INSERT INTO Others VALUES(1)"_s);
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     run(upgrade);
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"0"_s);
-    QCOMPARE(dumps().size(), 1);
-    QFile dump(upgrade.dumpTaken());
-    QVERIFY(dump.open(QIODevice::ReadOnly));
-    QVERIFY(dump.readAll().contains("only copy"));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Others"_s), u"1"_s);
+}
+
+void TestDatabaseUpgrade::whoUpgradesIsNamedToThoseWhoWait()
+{
+    KLease::createTable();
+    std::unique_ptr<KLease> other = KLease::tryTake(u"upgrade"_s, u"کاربر «علی» روی رایانه «میز ۲»"_s);
+    QStringList waitedFor;
+    DatabaseUpgrade upgrade(
+        m_backups->path(), [](const QString &) {},
+        [&](const QString &text) {
+            waitedFor.append(text);
+            if (waitedFor.size() == 3)
+                other.reset();
+            return true;
+        });
+    run(upgrade);
+    QVERIFY(waitedFor.size() >= 3);
+    QCOMPARE(waitedFor.first(), u"کاربر «علی» روی رایانه «میز ۲» در حال ارتقای پایگاه داده است"_s);
+    QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
+    QVERIFY(!KLease::holder(u"upgrade"_s));
+}
+
+void TestDatabaseUpgrade::whoeverWaitsCanGiveUp()
+{
+    KLease::createTable();
+    const std::unique_ptr<KLease> other = KLease::tryTake(u"upgrade"_s, u"دیگری"_s);
+    DatabaseUpgrade upgrade(
+        m_backups->path(), [](const QString &) {}, [](const QString &) { return false; });
+    try {
+        upgrade.upgradeSuite();
+        QFAIL("it did not wait");
+    } catch (const ServerError &error) {
+        QCOMPARE(error.kind(), ServerError::Kind::Cancelled);
+    }
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(TABLE_NAME) FROM information_schema.TABLES WHERE TABLE_SCHEMA=DATABASE()"_s), u"Leases"_s);
+}
+
+void TestDatabaseUpgrade::whatAnotherProgramHasUpgradedIsLeftAlone()
+{
+    makeOlder();
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
+    std::unique_ptr<KLease> other = KLease::tryTake(u"upgrade"_s, u"دیگری"_s);
+    DatabaseUpgrade upgrade(
+        m_backups->path(), [](const QString &) {},
+        [&](const QString &) {
+            if (other) {
+                m_database.run(u"ALTER TABLE AutomobilDemands ADD COLUMN iAlarmID INT DEFAULT 0"_s);
+                SuiteSchema::raiseModuleVersion(6.211);
+            }
+            other.reset();
+            return true;
+        });
+    run(upgrade);
+    QVERIFY(dumps().isEmpty());
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sKey='TzAutoUnfinished' AND sValue<>'0'"_s), u"0"_s);
+}
+
+// A user may leave the message open for hours.
+void TestDatabaseUpgrade::versionIsStoredBeforeTheFailureIsShown()
+{
+    makeOlder();
+    m_database.run(u"ALTER TABLE AutomobilInformations DROP COLUMN iYear"_s);
+    storeModuleVersion(5.097);
+    m_database.run(u"ALTER TABLE AutomobilDemands ADD COLUMN iAlarmID INT"_s);
+    DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
+    upgrade.upgradeSuite();
+    s_versionWhenShown = 0;
+    g_pDlgWarning->answerAll(false);
+    KMessageDialog::setBox([](KMessageDialog::Kind, const QString &, KMessageDialog::Buttons, QWidget *) {
+        s_versionWhenShown = SuiteSchema::moduleVersion();
+        s_unfinishedWhenShown = CTblProperties::DBReadSettingInt(u"Schema"_s, u"TzAutoUnfinished"_s, 0);
+        return KMessageDialog::Yes;
+    });
+    const bool completed = upgrade.upgradeModule(*GetAutoDBSetting());
+    KMessageDialog::setBox(nullptr);
+    QVERIFY(!completed);
+    QCOMPARE(s_versionWhenShown, 5.104);
+    QCOMPARE(s_unfinishedWhenShown, 1);
 }
 
 void TestDatabaseUpgrade::officeThatWorkedWithoutTheModuleIsDumpedBeforeItsTables()
@@ -204,7 +328,7 @@ void TestDatabaseUpgrade::oneDumpServesBothUpgrades()
     makeOlder();
     m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی')"_s);
     m_database.run(u"ALTER TABLE AutomobilInformations DROP COLUMN iYear"_s);
-    SuiteSchema::setModuleVersion(5.097);
+    storeModuleVersion(5.097);
     CTblProperties::DBWriteSettingInt(u"Schema"_s, u"Suite"_s, 1);
     int dumpsBegun = 0;
     QString last;

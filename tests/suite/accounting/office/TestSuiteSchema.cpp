@@ -29,7 +29,9 @@ private Q_SLOTS:
     void stepThatStoppedHalfwayIsRunAgain();
     void officeOfAnEarlierProgramKeepsItsRows();
     void databaseOfANewerProgramIsRefused();
-    void moduleVersionIsKept();
+    void moduleVersionIsKeptAndNeverLowered();
+    void missingVersionIsNoVersion_data();
+    void missingVersionIsNoVersion();
     void fiscalYearIsAddedToContractsOnce();
     void tablesAreUtf8();
 
@@ -219,13 +221,39 @@ void TestSuiteSchema::databaseOfANewerProgramIsRefused()
     QCOMPARE(SuiteSchema::storedVersion(), newer);
 }
 
-void TestSuiteSchema::moduleVersionIsKept()
+void TestSuiteSchema::moduleVersionIsKeptAndNeverLowered()
 {
     SuiteSchema::upgrade();
     QCOMPARE(SuiteSchema::moduleVersion(), 0.0);
-    SuiteSchema::setModuleVersion(6.211);
+    SuiteSchema::raiseModuleVersion(6.211);
     QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
     QCOMPARE(CTblProperties::DBReadSetting(u"Schema"_s, u"TzAuto"_s, 0.0), 6.211);
+    // Of two programs the later one may be the one that is behind.
+    SuiteSchema::raiseModuleVersion(4.22);
+    QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
+    SuiteSchema::raiseModuleVersion(10.5);
+    QCOMPARE(SuiteSchema::moduleVersion(), 10.5);
+}
+
+void TestSuiteSchema::missingVersionIsNoVersion_data()
+{
+    QTest::addColumn<QString>("loss");
+    QTest::newRow("row") << u"DELETE FROM Properties WHERE sSection='Schema'"_s;
+    QTest::newRow("value") << u"UPDATE Properties SET sValue='' WHERE sSection='Schema'"_s;
+    QTest::newRow("table") << u"DROP TABLE Properties"_s;
+}
+
+void TestSuiteSchema::missingVersionIsNoVersion()
+{
+    QFETCH(QString, loss);
+    QVERIFY(!SuiteSchema::isVersionStored());
+    SuiteSchema::upgrade();
+    SuiteSchema::raiseModuleVersion(0);
+    QVERIFY(SuiteSchema::isVersionStored());
+    QVERIFY(SuiteSchema::isModuleVersionStored());
+    m_database.run(loss);
+    QVERIFY(!SuiteSchema::isVersionStored());
+    QVERIFY(!SuiteSchema::isModuleVersionStored());
 }
 
 void TestSuiteSchema::fiscalYearIsAddedToContractsOnce()
