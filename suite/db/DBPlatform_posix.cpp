@@ -10,7 +10,12 @@
 
 #include <cerrno>
 #include <csignal>
+#include <mysql.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <optional>
+#include <poll.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -104,6 +109,47 @@ Life lifeOf(const QString &process, bool onThisComputer)
     if (!running)
         return Life::Alive;
     return running->isZombie || running->start != parts[Start] ? Life::Dead : Life::Alive;
+}
+
+int awaitSocket(Socket socket, int events, std::chrono::milliseconds atMost)
+{
+    pollfd waiting{socket, 0, 0};
+    if (events & MYSQL_WAIT_READ)
+        waiting.events |= POLLIN;
+    if (events & MYSQL_WAIT_WRITE)
+        waiting.events |= POLLOUT;
+    if (events & MYSQL_WAIT_EXCEPT)
+        waiting.events |= POLLPRI;
+    // A signal ends the call early, as if the time were over; the caller looks at the clock.
+    if (::poll(&waiting, 1, static_cast<int>(atMost.count())) <= 0)
+        return 0;
+    constexpr int all = MYSQL_WAIT_READ | MYSQL_WAIT_WRITE | MYSQL_WAIT_EXCEPT;
+    if (waiting.revents & (POLLERR | POLLHUP | POLLNVAL))
+        return events & all;
+    return ((waiting.revents & POLLIN) ? MYSQL_WAIT_READ : 0) | ((waiting.revents & POLLOUT) ? MYSQL_WAIT_WRITE : 0)
+        | ((waiting.revents & POLLPRI) ? MYSQL_WAIT_EXCEPT : 0);
+}
+
+void shutDownSocket(Socket socket)
+{
+    ::shutdown(socket, SHUT_RDWR);
+}
+
+void keepSocketAlive(Socket socket)
+{
+    struct Option
+    {
+        int level;
+        int name;
+        int value;
+    };
+    constexpr Option options[] = {{SOL_SOCKET, SO_KEEPALIVE, 1},
+                                  {IPPROTO_TCP, TCP_KEEPIDLE, 20},
+                                  {IPPROTO_TCP, TCP_KEEPINTVL, 10},
+                                  {IPPROTO_TCP, TCP_KEEPCNT, 3}};
+    // A system without one of them keeps its own, longer times.
+    for (const Option &option : options)
+        ::setsockopt(socket, option.level, option.name, &option.value, sizeof option.value);
 }
 
 }

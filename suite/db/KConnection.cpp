@@ -3,10 +3,17 @@
 
 #include "suite/db/KConnection.h"
 
+#include "suite/db/ClientCalls.h"
+#include "suite/db/DBPlatform.h"
+#include "suite/db/LockHolder.h"
+#include "suite/db/ServerNodes.h"
+#include "suite/db/ServerWait.h"
+
 #include <QHash>
 #include <QMutex>
 
 #include <atomic>
+#include <errmsg.h>
 #include <mysql.h>
 #include <mysqld_error.h>
 
@@ -26,6 +33,7 @@ struct Registry
     QHash<int, Profile> profiles;
     KConnection::StatementObserver observer;
     std::atomic<bool> observed{false};
+    QString identity;
 };
 
 Registry &registry()
@@ -35,6 +43,12 @@ Registry &registry()
 }
 
 std::atomic<quint64> changeCount{0};
+
+// A node that is gone is no reason to wait: another one has the data.
+constexpr int nodeTimeoutSeconds = 3;
+// Whether a connection that stood idle still answers.
+constexpr int pingSeconds = 5;
+constexpr int longLockWaitSeconds = 60;
 
 using ThreadConnections = QHash<int, std::shared_ptr<KConnection>>;
 
@@ -62,6 +76,19 @@ void KConnection::ResultDeleter::operator()(st_mysql_res *result) const
     mysql_free_result(result);
 }
 
+template <class Call>
+auto KConnection::wait(int seconds, Call call, bool isStatement)
+{
+    ServerWait wait(m_handle, std::chrono::seconds(seconds));
+    if (isStatement)
+        wait.whenLong([this] { m_lockHolder = LockHolder::of(m_settings, m_node, mysql_thread_id(m_handle)); });
+    m_wait = &wait;
+    const auto result = call(wait);
+    m_wait = nullptr;
+    m_gaveUp = wait.end() == ServerWait::End::GivenUp;
+    return result;
+}
+
 KConnection::KConnection(KConnectionSettings settings)
     : m_settings(std::move(settings))
 {
@@ -80,7 +107,9 @@ void KConnection::configure(int database, const KConnectionSettings &settings)
         profile.settings = settings;
         ++profile.generation;
     }
-    threadState().connections.remove(database);
+    // One that is waiting for an answer is replaced at its next use.
+    if (!ServerWait::isWaiting())
+        threadState().connections.remove(database);
 }
 
 bool KConnection::isConfigured(int database)
@@ -91,8 +120,16 @@ bool KConnection::isConfigured(int database)
 
 KConnectionSettings KConnection::settings(int database)
 {
-    QMutexLocker lock(&registry().mutex);
-    return registry().profiles.value(database).settings;
+    KConnectionSettings settings;
+    {
+        QMutexLocker lock(&registry().mutex);
+        settings = registry().profiles.value(database).settings;
+    }
+    QList<KServerAddress> nodes = ServerNodes::inOrder(settings);
+    settings.host = nodes.constFirst().host;
+    settings.port = nodes.takeFirst().port;
+    settings.furtherNodes = nodes;
+    return settings;
 }
 
 KConnection &KConnection::forThread(int database)
@@ -107,7 +144,8 @@ KConnection &KConnection::forThread(int database)
         profile = *found;
     }
     std::shared_ptr<KConnection> &connection = threadState().connections[database];
-    if (!connection || connection->m_generation != profile.generation) {
+    const bool isBusy = connection && connection->m_wait;
+    if (!isBusy && (!connection || connection->m_generation != profile.generation)) {
         connection = std::make_shared<KConnection>(profile.settings);
         connection->m_generation = profile.generation;
     }
@@ -129,56 +167,122 @@ void KConnection::setStatementObserver(StatementObserver observer)
     registry().observer = std::move(observer);
 }
 
+void KConnection::setWaiter(KWaiter *waiter)
+{
+    ServerWait::setWaiter(waiter);
+}
+
+bool KConnection::isWaiting()
+{
+    return ServerWait::isWaiting();
+}
+
+void KConnection::setIdentity(const QString &text)
+{
+    QMutexLocker lock(&registry().mutex);
+    registry().identity = text;
+}
+
+// Lets others look up who this connection is. Not being able to is no reason to stop.
+void KConnection::introduce()
+{
+    QString identity;
+    {
+        QMutexLocker lock(&registry().mutex);
+        identity = registry().identity;
+    }
+    if (identity.isEmpty() || (m_handle && identity == m_introduced))
+        return;
+    handle();
+    m_introduced = identity;
+    (void)wait(m_settings.lockWaitSeconds, [&](ServerWait &wait) {
+        return ClientCalls::query(wait, m_handle, LockHolder::introduction(identity));
+    });
+}
+
+int KConnection::answerSeconds() const
+{
+    return ServerWait::isLongWork() ? 0 : m_settings.answerTimeoutSeconds;
+}
+
+int KConnection::lockSeconds() const
+{
+    return ServerWait::isLongWork() ? longLockWaitSeconds : m_settings.lockWaitSeconds;
+}
+
+QByteArray KConnection::sessionSetup() const
+{
+    const QByteArray lockWait = QByteArray::number(lockSeconds());
+    return "SET SESSION sql_mode='STRICT_TRANS_TABLES,STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,"
+           "NO_ENGINE_SUBSTITUTION',innodb_lock_wait_timeout="
+        + lockWait + ",lock_wait_timeout=" + lockWait
+        // The lists that join the suite's items by either of two keys compare every pair: MariaDB's join buffer
+        // would unpack a row's texts anew for each. Other joins go by a key. (Other servers pass this over.)
+        + "/*M!100000 , join_cache_level=0 */"
+        // Reads, changes and additions wait until the node has what the others had before.
+        + (m_settings.furtherNodes.isEmpty() ? "" : "/*M!100200 , wsrep_sync_wait=7 */");
+}
+
+void KConnection::openOn(const KServerAddress &node, int timeoutSeconds)
+{
+    m_handle = ClientCalls::makeHandle(m_settings, timeoutSeconds, answerSeconds(), sessionSetup());
+    if (!wait(timeoutSeconds, [&](ServerWait &wait) { return ClientCalls::connect(wait, m_handle, m_settings, node); })) {
+        const unsigned int code = mysql_errno(m_handle);
+        const QString message = QString::fromUtf8(mysql_error(m_handle));
+        close();
+        throw CMySQLException(m_gaveUp ? CMySQLException::Category::GivenUp : CMySQLException::Category::ConnectionLost, code,
+                              message);
+    }
+    if (!m_settings.host.isEmpty())
+        DBPlatform::keepSocketAlive(mysql_get_socket(m_handle));
+    m_node = node;
+    m_introduced.clear();
+    m_idle.start();
+}
+
 void KConnection::open()
 {
-    MYSQL *handle = mysql_init(nullptr);
-    if (!handle)
-        throw std::bad_alloc();
-    const auto timeout = static_cast<unsigned int>(m_settings.connectTimeoutSeconds);
-    const my_bool off = 0;
-    const unsigned int noLocalFiles = 0;
-    mysql_optionsv(handle, MYSQL_OPT_CONNECT_TIMEOUT, &timeout);
-    mysql_optionsv(handle, MYSQL_OPT_RECONNECT, &off);
-    mysql_optionsv(handle, MYSQL_OPT_LOCAL_INFILE, &noLocalFiles);
-    mysql_optionsv(handle, MYSQL_SET_CHARSET_NAME, "utf8mb4");
-    mysql_optionsv(handle, MYSQL_INIT_COMMAND,
-                   "SET SESSION sql_mode='STRICT_TRANS_TABLES,STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,"
-                   "NO_ENGINE_SUBSTITUTION'"
-                   // The lists that join the suite's items by either of two keys compare every pair: MariaDB's join buffer
-                   // would unpack a row's texts anew for each. Other joins go by a key. (Other servers pass this over.)
-                   "/*M!100000 , join_cache_level=0 */");
-    if (m_settings.useTls) {
-        const my_bool on = 1;
-        mysql_optionsv(handle, MYSQL_OPT_SSL_ENFORCE, &on);
-        mysql_optionsv(handle, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &on);
-        if (!m_settings.caFile.isEmpty())
-            mysql_ssl_set(handle, nullptr, nullptr, m_settings.caFile.toLocal8Bit().constData(), nullptr, nullptr);
-    }
-    if (!m_settings.host.isEmpty()) {
-        // "localhost" would mean a local socket to the client library, whatever the port.
-        const unsigned int network = MYSQL_PROTOCOL_TCP;
-        mysql_optionsv(handle, MYSQL_OPT_PROTOCOL, &network);
-    }
-    const QByteArray host = m_settings.host.toUtf8();
-    const QByteArray user = m_settings.user.toUtf8();
-    const QByteArray password = m_settings.password.toUtf8();
-    const QByteArray database = m_settings.database.toUtf8();
-    const QByteArray socket = m_settings.socketPath.toLocal8Bit();
-    m_handle = handle;
-    // CLIENT_FOUND_ROWS: an UPDATE counts the rows it met, so that a vanished row is distinguished from an unchanged one.
-    if (!mysql_real_connect(handle, host.isEmpty() ? nullptr : host.constData(), user.constData(), password.constData(),
-                            database.isEmpty() ? nullptr : database.constData(), host.isEmpty() ? 0 : m_settings.port,
-                            socket.isEmpty() ? nullptr : socket.constData(), CLIENT_FOUND_ROWS)) {
-        const unsigned int code = mysql_errno(handle);
-        const QString message = QString::fromUtf8(mysql_error(handle));
+    const QList<KServerAddress> nodes = ServerNodes::inOrder(m_settings);
+    if (nodes.size() == 1)
+        openOn(nodes.constFirst(), m_settings.connectTimeoutSeconds);
+    else
+        openOnOneOf(nodes);
+}
+
+void KConnection::openOnOneOf(const QList<KServerAddress> &nodes)
+{
+    CMySQLException last(CMySQLException::Category::ConnectionLost, ER_UNKNOWN_COM_ERROR, u"no node of the cluster is at work"_s);
+    std::optional<KServerAddress> behind;
+    for (const KServerAddress &node : nodes) {
+        try {
+            openOn(node, nodeTimeoutSeconds);
+        } catch (const CMySQLException &error) {
+            if (error.category() == CMySQLException::Category::GivenUp || !ServerNodes::isOfNodeAlone(error.serverCode()))
+                throw;
+            last = error;
+            continue;
+        }
+        const ServerNodes::State state = ServerNodes::stateOf(m_handle);
+        if (state == ServerNodes::State::Working) {
+            ServerNodes::setInUse(m_settings, node);
+            return;
+        }
+        if (state == ServerNodes::State::Behind && !behind)
+            behind = node;
         close();
-        throw CMySQLException(CMySQLException::Category::ConnectionLost, code, message);
     }
-    m_idle.start();
+    if (!behind)
+        throw last;
+    openOn(*behind, nodeTimeoutSeconds);
+    ServerNodes::setInUse(m_settings, *behind);
 }
 
 void KConnection::close()
 {
+    if (m_wait) {
+        m_wait->cut();
+        return;
+    }
     if (m_handle)
         mysql_close(m_handle);
     m_handle = nullptr;
@@ -193,11 +297,29 @@ st_mysql *KConnection::handle()
 
 void KConnection::verify()
 {
-    if (!m_handle || inTransaction() || m_idle.elapsed() < qint64{1000} * m_settings.idleSeconds)
+    if (!m_handle || m_wait || inTransaction() || m_idle.elapsed() < qint64{1000} * m_settings.idleSeconds)
         return;
-    if (mysql_ping(m_handle) != 0)
+    if (!wait(pingSeconds, [&](ServerWait &wait) { return ClientCalls::ping(wait, m_handle); }))
         close();
     m_idle.start();
+}
+
+void KConnection::requireUsable(const QByteArray &utf8Statement) const
+{
+    // What the waiter's events lead to must not speak in the middle of another conversation.
+    if (m_wait)
+        throw CMySQLException(CMySQLException::Category::Other, CR_COMMANDS_OUT_OF_SYNC,
+                              u"another statement is still waiting for its answer"_s, QString::fromUtf8(utf8Statement));
+    // A connection that broke inside a transaction must not come back silently in the middle of it.
+    if (!m_handle && inTransaction())
+        throw CMySQLException(CMySQLException::Category::ConnectionLost, 0,
+                              u"the connection was lost within a transaction"_s,
+                              QString::fromUtf8(utf8Statement));
+    // After a deadlock the server has rolled the whole transaction back and would save each further statement by itself.
+    if (m_rolledBack && inTransaction())
+        throw CMySQLException(CMySQLException::Category::LockConflict, ER_LOCK_DEADLOCK,
+                              u"the transaction was rolled back after a deadlock"_s,
+                              QString::fromUtf8(utf8Statement));
 }
 
 void KConnection::execute(const QByteArray &utf8Statement)
@@ -211,19 +333,12 @@ void KConnection::execute(const QByteArray &utf8Statement)
         if (observer)
             observer(QString::fromUtf8(utf8Statement));
     }
-    // A connection that broke inside a transaction must not come back silently in the middle of it.
-    if (!m_handle && inTransaction())
-        throw CMySQLException(CMySQLException::Category::ConnectionLost, 0,
-                              u"the connection was lost within a transaction"_s,
-                              QString::fromUtf8(utf8Statement));
-    // After a deadlock the server has rolled the whole transaction back and would save each further statement by itself.
-    if (m_rolledBack && inTransaction())
-        throw CMySQLException(CMySQLException::Category::LockConflict, ER_LOCK_DEADLOCK,
-                              u"the transaction was rolled back after a deadlock"_s,
-                              QString::fromUtf8(utf8Statement));
+    requireUsable(utf8Statement);
     st_mysql *connection = handle();
     m_idle.start();
-    if (mysql_real_query(connection, utf8Statement.constData(), static_cast<unsigned long>(utf8Statement.size())) != 0)
+    m_lockHolder.clear();
+    const auto ask = [&](ServerWait &wait) { return ClientCalls::query(wait, connection, utf8Statement); };
+    if (!wait(answerSeconds(), ask, true))
         raise(utf8Statement);
     // A statement with rows to fetch has changed none; of the others it is known by now how many it changed.
     if (mysql_field_count(connection) == 0 && mysql_affected_rows(connection) > 0) {
@@ -235,7 +350,9 @@ void KConnection::execute(const QByteArray &utf8Statement)
 KConnection::Result KConnection::run(const QByteArray &utf8Statement)
 {
     execute(utf8Statement);
-    Result result(mysql_store_result(m_handle));
+    if (mysql_field_count(m_handle) == 0)
+        return {};
+    Result result(wait(answerSeconds(), [&](ServerWait &wait) { return ClientCalls::storeResult(wait, m_handle); }));
     if (!result && mysql_errno(m_handle) != 0)
         raise(utf8Statement);
     return result;
@@ -254,12 +371,26 @@ void KConnection::raise(const QByteArray &utf8Statement)
 {
     const unsigned int code = mysql_errno(m_handle);
     const QString message = QString::fromUtf8(mysql_error(m_handle));
-    const CMySQLException::Category category = CMySQLException::categoryOf(code);
-    if (category == CMySQLException::Category::ConnectionLost)
+    using Category = CMySQLException::Category;
+    const Category category = m_gaveUp ? Category::GivenUp : CMySQLException::categoryOf(code);
+    if (category == Category::ConnectionLost || category == Category::GivenUp)
         close();
     if (code == ER_LOCK_DEADLOCK)
         m_rolledBack = inTransaction();
-    throw CMySQLException(category, code, message, QString::fromUtf8(utf8Statement));
+    CMySQLException error(category, code, message, QString::fromUtf8(utf8Statement));
+    if (category == Category::LockWait)
+        error.setHolder(m_lockHolder);
+    throw error;
+}
+
+void KConnection::applyLockWaits()
+{
+    for (const std::shared_ptr<KConnection> &connection : std::as_const(threadState().connections)) {
+        if (connection && connection->m_handle && !connection->m_wait) {
+            const QByteArray seconds = QByteArray::number(connection->lockSeconds());
+            connection->run("SET SESSION innodb_lock_wait_timeout=" + seconds + ",lock_wait_timeout=" + seconds);
+        }
+    }
 }
 
 quint64 KConnection::changes()

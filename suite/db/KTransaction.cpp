@@ -27,6 +27,7 @@ KTransaction::KTransaction(int database)
     if (m_outermost) {
         m_connection.m_rollbackOnly = false;
         m_connection.m_rolledBack = false;
+        m_connection.introduce();
         m_connection.run(QByteArrayLiteral("START TRANSACTION"));
         m_connection.m_changedRows = false;
     }

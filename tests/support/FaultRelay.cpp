@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/FaultRelay.h"
+
+#include <QLocalSocket>
+#include <QTcpSocket>
+
+namespace {
+
+constexpr qsizetype headerSize = 4;
+constexpr char queryCommand = 3;
+
+// The first whole packet of what a client sent: three bytes of length, a number, and the content. Empty: there is none yet.
+QByteArray firstPacket(const QByteArray &bytes)
+{
+    if (bytes.size() < headerSize)
+        return {};
+    const auto byte = [&bytes](qsizetype index) { return static_cast<qsizetype>(static_cast<unsigned char>(bytes.at(index))); };
+    const qsizetype size = headerSize + byte(0) + (byte(1) << 8) + (byte(2) << 16);
+    return bytes.size() < size ? QByteArray() : bytes.first(size);
+}
+
+bool isCommit(const QByteArray &packet)
+{
+    return packet.size() > headerSize && packet.at(headerSize - 1) == 0 && packet.at(headerSize) == queryCommand
+        && packet.mid(headerSize + 1) == "COMMIT";
+}
+
+}
+
+FaultRelay::FaultRelay(const KConnectionSettings &server)
+    : m_server(server)
+    , m_listener(this)
+{
+    connect(&m_listener, &QTcpServer::newConnection, this, &FaultRelay::accept);
+}
+
+quint16 FaultRelay::listen()
+{
+    return m_listener.listen(QHostAddress::LocalHost) ? m_listener.serverPort() : 0;
+}
+
+void FaultRelay::failAtCommit(FaultProxy::Fault fault, bool reachable)
+{
+    m_fault = fault;
+    m_reachableAfterFault = reachable;
+}
+
+void FaultRelay::setReachable(bool reachable)
+{
+    m_reachable = reachable;
+    const QList<QTcpSocket *> clients = reachable ? QList<QTcpSocket *>() : m_lines.keys();
+    for (QTcpSocket *client : clients)
+        cut(client);
+}
+
+void FaultRelay::setSilent(bool silent)
+{
+    m_silent = silent;
+    const QList<QTcpSocket *> clients = silent ? QList<QTcpSocket *>() : m_lines.keys();
+    for (QTcpSocket *client : clients) {
+        passOn(client);
+        answer(client);
+    }
+}
+
+void FaultRelay::end()
+{
+    m_listener.close();
+    setReachable(false);
+}
+
+void FaultRelay::accept()
+{
+    while (QTcpSocket *client = m_listener.nextPendingConnection()) {
+        if (!m_reachable) {
+            client->abort();
+            client->deleteLater();
+            continue;
+        }
+        Line &line = m_lines[client];
+        if (m_server.socketPath.isEmpty()) {
+            auto *socket = new QTcpSocket(client);
+            connect(socket, &QTcpSocket::disconnected, this, [this, client] { cut(client); });
+            socket->connectToHost(m_server.host, static_cast<quint16>(m_server.port));
+            line.server = socket;
+        } else {
+            auto *socket = new QLocalSocket(client);
+            connect(socket, &QLocalSocket::disconnected, this, [this, client] { cut(client); });
+            socket->connectToServer(m_server.socketPath);
+            line.server = socket;
+        }
+        connect(client, &QTcpSocket::readyRead, this, [this, client] { passOn(client); });
+        connect(line.server, &QIODevice::readyRead, this, [this, client] { answer(client); });
+        connect(client, &QTcpSocket::disconnected, this, [this, client] { cut(client); });
+    }
+}
+
+void FaultRelay::passOn(QTcpSocket *client)
+{
+    const auto line = m_lines.find(client);
+    if (line == m_lines.end())
+        return;
+    line->fromClient += client->readAll();
+    while (!m_silent && !line->mute) {
+        const QByteArray packet = firstPacket(line->fromClient);
+        if (packet.isEmpty() || meetsFault(client, packet))
+            return;
+        line->server->write(packet);
+        line->fromClient.remove(0, packet.size());
+    }
+}
+
+// True when the line is cut.
+bool FaultRelay::meetsFault(QTcpSocket *client, const QByteArray &packet)
+{
+    using Fault = FaultProxy::Fault;
+    if (m_fault == Fault::None || !isCommit(packet))
+        return false;
+    const Fault fault = std::exchange(m_fault, Fault::None);
+    m_reachable = m_reachableAfterFault;
+    if (fault == Fault::CutBeforeCommit) {
+        cut(client);
+        return true;
+    }
+    m_lines[client].dropsAnswers = fault == Fault::CutAfterCommit;
+    m_lines[client].mute = fault == Fault::SilentAfterCommit;
+    // Passed on here, because a mute line passes on nothing.
+    m_lines[client].server->write(packet);
+    m_lines[client].fromClient.remove(0, packet.size());
+    return fault == Fault::SilentAfterCommit;
+}
+
+void FaultRelay::answer(QTcpSocket *client)
+{
+    const auto line = m_lines.find(client);
+    if (line == m_lines.end())
+        return;
+    line->fromServer += line->server->readAll();
+    if (m_silent || line->mute || line->fromServer.isEmpty())
+        return;
+    if (line->dropsAnswers) {
+        cut(client);
+        return;
+    }
+    client->write(std::exchange(line->fromServer, {}));
+}
+
+void FaultRelay::cut(QTcpSocket *client)
+{
+    const auto line = m_lines.find(client);
+    if (line == m_lines.end())
+        return;
+    QIODevice *server = line->server;
+    m_lines.erase(line);
+    client->disconnect(this);
+    server->disconnect(this);
+    client->abort();
+    server->close();
+    client->deleteLater();
+}
