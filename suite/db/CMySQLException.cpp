@@ -42,6 +42,8 @@ QString CMySQLException::userMessage() const
         return u"از انتظار برای پایگاه داده صرف نظر شد. چیزی ذخیره نشد."_s;
     case Category::OutcomeUnknown:
         return u"ارتباط با پایگاه داده هنگام ذخیره قطع شد و معلوم نیست ذخیره انجام شده باشد. پیش از تکرار، نتیجه را ببینید."_s;
+    case Category::SavedAfterAll:
+        return u"ذخیره پیشین که نتیجه آن نامعلوم بود انجام شده است. این بار چیزی ذخیره نشد؛ پیش از تکرار نگاه کنید."_s;
     case Category::ValueTooLong:
         return withColumn(u"مقدار وارد شده بیشتر از اندازه مجاز است."_s,
                           u"مقدار «%1» بیشتر از اندازه مجاز است."_s, m_columnCaption);
@@ -80,6 +82,7 @@ CMySQLException::Category CMySQLException::categoryOf(unsigned int serverCode)
         {ER_SERVER_SHUTDOWN, Category::ConnectionLost},
         {ER_NORMAL_SHUTDOWN, Category::ConnectionLost},
         {ER_CONNECTION_KILLED, Category::ConnectionLost},
+        {ER_UNKNOWN_COM_ERROR, Category::ConnectionLost}, // a node that has lost its cluster
         {ER_DUP_ENTRY, Category::DuplicateKey},
         {ER_DUP_ENTRY_WITH_KEY_NAME, Category::DuplicateKey},
         {ER_DUP_KEY, Category::DuplicateKey},

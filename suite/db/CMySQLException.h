@@ -21,6 +21,7 @@ public:
         LockWait,       // somebody else held what the statement needed for longer than the session waits
         GivenUp,        // the user gave up waiting for the server; nothing was saved
         OutcomeUnknown, // the connection broke while a transaction was saved, and no server could be asked since
+        SavedAfterAll,  // what an earlier unit left open turned out to be saved; nothing was done now
         ValueTooLong,   // a text longer than its column, a number out of its column's range
         BadCharacter,   // a character that the column's character set cannot hold
         BadStatement,   // syntax error, unknown table or column

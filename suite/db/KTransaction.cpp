@@ -6,16 +6,94 @@
 #include "suite/db/KConnection.h"
 #include "suite/db/KTableSchema.h"
 
+#include <QList>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+using Category = CMySQLException::Category;
+
 constexpr int mostReplays = 5;
+// On a cluster, the look for an outcome may be refused because the unit itself arrives at that moment.
+constexpr int mostLooks = 5;
 
 KSql tokenInsert(const QString &token)
 {
     return KSql::formatted("INSERT INTO UnitTokens(sToken,dateCreate) VALUES(%1,NOW())", KSql::quoted(token));
+}
+
+struct OpenOutcome
+{
+    QString token;
+    int database = 0;
+};
+
+struct OutcomesOfThread
+{
+    KTransaction::LookAgain lookAgain;
+    QList<OpenOutcome> open;
+};
+
+OutcomesOfThread &outcomesOfThread()
+{
+    static thread_local OutcomesOfThread outcomes;
+    return outcomes;
+}
+
+// Looks until it is known, or nobody wants to look again.
+KTransaction::Outcome lookedUp(const QString &token, int database)
+{
+    for (;;) {
+        const KTransaction::Outcome outcome = KTransaction::outcomeOf(token, database);
+        if (outcome != KTransaction::Outcome::Unknown)
+            return outcome;
+        // A copy, because the question may let events run.
+        const KTransaction::LookAgain lookAgain = outcomesOfThread().lookAgain;
+        if (!lookAgain || !lookAgain())
+            return outcome;
+    }
+}
+
+[[noreturn]] void raiseUnknown(const QString &token)
+{
+    CMySQLException unknown(Category::OutcomeUnknown, 0, u"the connection was lost at COMMIT"_s);
+    unknown.setToken(token);
+    throw unknown;
+}
+
+// The connection broke at COMMIT: returns when the unit was saved all the same.
+void settle(const QString &token, int database)
+{
+    switch (lookedUp(token, database)) {
+    case KTransaction::Outcome::Saved:
+        return;
+    case KTransaction::Outcome::NotSaved:
+        throw CMySQLException(Category::ConnectionLost, 0, u"the connection was lost at COMMIT, before it was saved"_s);
+    case KTransaction::Outcome::Unknown:
+        break;
+    }
+    outcomesOfThread().open.append({token, database});
+    raiseUnknown(token);
+}
+
+// What was left open may have been saved, and whoever begins a unit now may be about to save the same a second time.
+void settleEarlier(int database)
+{
+    QList<OpenOutcome> &open = outcomesOfThread().open;
+    for (qsizetype index = 0; index < open.size();) {
+        if (open.at(index).database != database) {
+            ++index;
+            continue;
+        }
+        const QString token = open.at(index).token;
+        const KTransaction::Outcome outcome = lookedUp(token, database);
+        if (outcome == KTransaction::Outcome::Unknown)
+            raiseUnknown(token);
+        open.removeAt(index);
+        if (outcome == KTransaction::Outcome::Saved)
+            throw CMySQLException(Category::SavedAfterAll, 0, u"an earlier unit was saved after all, so this one did not begin"_s);
+    }
 }
 }
 
@@ -25,6 +103,7 @@ KTransaction::KTransaction(int database)
     , m_outermost(m_connection.m_transactionDepth == 0)
 {
     if (m_outermost) {
+        settleEarlier(database);
         m_connection.m_rollbackOnly = false;
         m_connection.m_rolledBack = false;
         m_connection.introduce();
@@ -58,21 +137,25 @@ KTransaction::~KTransaction()
 
 void KTransaction::commit()
 {
+    QString unsettled;
     if (m_outermost) {
         if (m_connection.m_rollbackOnly)
-            throw CMySQLException(CMySQLException::Category::Other, 0,
-                                  u"a part of this unit of work was given up, so none of it is kept"_s);
+            throw CMySQLException(Category::Other, 0, u"a part of this unit of work was given up, so none of it is kept"_s);
         const QString token = writeToken();
         try {
             m_connection.run(QByteArrayLiteral("COMMIT"));
         } catch (const CMySQLException &error) {
-            if (error.category() != CMySQLException::Category::ConnectionLost || token.isEmpty())
+            const bool isBroken = error.category() == Category::ConnectionLost || error.category() == Category::GivenUp;
+            if (!isBroken || token.isEmpty())
                 throw;
-            settle(token);
+            unsettled = token;
         }
     }
+    // Over either way: what a question about the outcome sets off works on a connection of its own.
     --m_connection.m_transactionDepth;
     m_done = true;
+    if (!unsettled.isEmpty())
+        settle(unsettled, m_database);
 }
 
 QString KTransaction::writeToken()
@@ -84,32 +167,26 @@ QString KTransaction::writeToken()
     return token;
 }
 
-// The connection broke at COMMIT: returns when the unit was saved all the same.
-void KTransaction::settle(const QString &token)
+void KTransaction::setLookAgain(LookAgain question)
 {
-    switch (outcomeOf(token, m_database)) {
-    case Outcome::Saved:
-        return;
-    case Outcome::NotSaved:
-        throw CMySQLException(CMySQLException::Category::ConnectionLost, 0, u"the connection was lost at COMMIT, before it was saved"_s);
-    case Outcome::Unknown:
-        break;
-    }
-    CMySQLException unknown(CMySQLException::Category::OutcomeUnknown, 0, u"the connection was lost at COMMIT"_s);
-    unknown.setToken(token);
-    throw unknown;
+    outcomesOfThread().lookAgain = std::move(question);
 }
 
 // A second row with the token can only be written when the first one is not there. Where the broken connection's transaction is
 // still open, the server lets this one wait for it; on another node of a cluster, the later of the two is refused.
 KTransaction::Outcome KTransaction::outcomeOf(const QString &token, int database)
 {
-    try {
-        KConnection connection(KConnection::settings(database));
-        connection.run(tokenInsert(token));
-        return Outcome::NotSaved;
-    } catch (const CMySQLException &error) {
-        return error.category() == CMySQLException::Category::DuplicateKey ? Outcome::Saved : Outcome::Unknown;
+    for (int look = 1;; ++look) {
+        try {
+            KConnection connection(KConnection::settings(database));
+            connection.run(tokenInsert(token));
+            return Outcome::NotSaved;
+        } catch (const CMySQLException &error) {
+            if (error.category() == Category::DuplicateKey)
+                return Outcome::Saved;
+            if (error.category() != Category::LockConflict || look >= mostLooks)
+                return Outcome::Unknown;
+        }
     }
 }
 
@@ -130,7 +207,7 @@ void KTransaction::runReplayable(const std::function<void()> &work, int database
             transaction.commit();
             return;
         } catch (const CMySQLException &error) {
-            if (error.category() != CMySQLException::Category::LockConflict || !mayReplay || attempt >= mostReplays)
+            if (error.category() != Category::LockConflict || !mayReplay || attempt >= mostReplays)
                 throw;
         }
     }

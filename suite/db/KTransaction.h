@@ -15,7 +15,9 @@ class KConnection;
 // joins it: only the outermost one begins and commits, and an inner one that was not committed dooms the whole.
 //
 // A unit that changed rows writes a token of its own into UnitTokens (a database without that table: none). When the connection
-// breaks at COMMIT, whether it was saved is looked up by the token, never guessed.
+// breaks at COMMIT, or somebody gives up waiting for it, whether it was saved is looked up by the token, never guessed: commit
+// then returns as usual, or throws. As long as no server can tell, whoever set the question is asked whether to look again. What
+// is left open is looked up before the thread's next unit on that database begins.
 class TZDB_EXPORT KTransaction
 {
 public:
@@ -25,6 +27,7 @@ public:
         Unknown   // no server answers, or the server still holds the broken connection's transaction
     };
 
+    // Throws SavedAfterAll or OutcomeUnknown when the thread left the outcome of an earlier unit open; nothing has begun then.
     explicit KTransaction(int database = 0);
     ~KTransaction();
     KTransaction(const KTransaction &) = delete;
@@ -36,6 +39,9 @@ public:
 
     // What became of the unit with that token. Asking settles it: a unit that is not saved by then cannot be saved any more.
     static Outcome outcomeOf(const QString &token, int database = 0);
+    // Asked on the thread that set it while the outcome of a unit is unknown. True looks again, false leaves it open.
+    using LookAgain = std::function<bool()>;
+    static void setLookAgain(LookAgain question);
     // Removes the tokens that nobody asks for any more, those older than a week.
     static void removeOldTokens(int database = 0);
 
@@ -46,7 +52,6 @@ public:
 
 private:
     QString writeToken();
-    void settle(const QString &token);
 
     int m_database;
     KConnection &m_connection;

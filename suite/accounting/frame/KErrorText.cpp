@@ -32,6 +32,8 @@ QString categoryName(CMySQLException::Category category)
         return u"given up"_s;
     case Category::OutcomeUnknown:
         return u"outcome unknown"_s;
+    case Category::SavedAfterAll:
+        return u"saved after all"_s;
     case Category::ValueTooLong:
         return u"value too long"_s;
     case Category::BadCharacter:
