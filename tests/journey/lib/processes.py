@@ -45,13 +45,19 @@ class Processes:
         self._started = []
         _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
 
-    def start(self, arguments, *, log, environment=None, pass_fds=()):
+    def start(self, arguments, *, log, environment=None, pass_fds=(), talks=False):
+        """talks: its standard input and output are pipes to the caller, and only its errors go to the log."""
         with open(log, "ab") as output:
             process = subprocess.Popen(
-                arguments, stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.STDOUT, env=environment,
+                arguments, stdin=subprocess.PIPE if talks else subprocess.DEVNULL,
+                stdout=subprocess.PIPE if talks else output, stderr=output, env=environment,
                 pass_fds=pass_fds, start_new_session=True, preexec_fn=_die_with_parent)
         self._started.append(process)
         return process
+
+    def forget(self, process):
+        """It has ended by itself, or was killed by its test."""
+        self._started.remove(process)
 
     def end(self, process, *, patience=5.0):
         """Asks the process group to end, and insists after a while."""

@@ -1,0 +1,54 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Each check of the books finds the fault that it is named after: a list that finds nothing would prove nothing."""
+
+import rig  # noqa: F401 - finds the library of the journeys
+from rig.books import CHECKS, faults
+from rig.fault import check, run
+
+# What makes each check find something, beside a sound contract (:c) and its document (:d); others may find it too.
+SPOILED = {
+    "a document does not balance": "INSERT INTO Docs(iDocNum,iFiscalYear,dBed) VALUES (:d,:y,5)",
+    "rows stand under no header": "INSERT INTO Docs(iDocNum,iFiscalYear) VALUES (99,:y)",
+    "a contract has no document": "UPDATE AutomobilContracts SET iDocNum=98",
+    "two contracts share a document": "INSERT INTO AutomobilContracts(iCode,iDocNum,iFiscalYear) VALUES (7,:d,:y)",
+    "a contract's document has no contract": "INSERT INTO Documents(iNum,iFiscalYear,iKind) VALUES (97,:y,28)",
+    "contract and document disagree about the first party": "UPDATE AutomobilContracts SET dTax=dTax+1",
+    "contract and document disagree about the second party": "UPDATE AutomobilContracts SET dDiscountSecond=5",
+    "contract and document disagree about the day": "UPDATE AutomobilContracts SET dateContract='2000-01-01'",
+    "a receipt has no document": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,96,:y)",
+    "a receipt's document has no receipt": "INSERT INTO Documents(iNum,iFiscalYear,iKind) VALUES (95,:y,3)",
+    "a receipt and its document differ in the amount": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,:d,:y)",
+    "an instalment has no contract": "INSERT INTO AutomobilPayments(iAutomobilContractID) VALUES (94)",
+    "a file without a record in AutomobilContracts": "INSERT INTO FileDocs(iTable,iRecordID) VALUES (69,93)",
+    "a custom value without a record in AutomobilContracts":
+        "INSERT INTO CustomFieldRecords(iFieldID,iTable,iRecordID) VALUES (1,69,92)",
+    "a reminder without a record in AutomobilContracts": "INSERT INTO Alarms(iTable,iRecordID) VALUES (69,91)",
+    "a file without a record in AutomobilInformations": "INSERT INTO FileDocs(iTable,iRecordID) VALUES (68,93)",
+    "a custom value without a record in AutomobilInformations":
+        "INSERT INTO CustomFieldRecords(iFieldID,iTable,iRecordID) VALUES (1,68,92)",
+    "a reminder without a record in AutomobilInformations": "INSERT INTO Alarms(iTable,iRecordID) VALUES (68,91)",
+    **{f"two rows of {table} share a code": f"INSERT INTO {table}(iCode) VALUES (77),(77)"
+       for table in ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands", "Persons")},
+    **{f"a placeholder of {table} has no row": f"INSERT INTO Placeholders(sTable,iRecordID,sSession) VALUES ('{table}',90,'s')"
+       for table in ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands")},
+}
+
+
+def checks_find_faults(office):
+    office.open_office()
+    key = office.desk().add_contract(office.persons(), 100_000_000)
+    office.check_books("a sound contract")
+    contract = office.database.row(f"SELECT iDocNum, iFiscalYear FROM AutomobilContracts WHERE iID={key}")
+    check(set(SPOILED) == {name for name, _ in CHECKS}, "each check is tried")
+    for name, statement in CHECKS:
+        spoil = SPOILED[name].replace(":d", contract["iDocNum"]).replace(":y", contract["iFiscalYear"])
+        rows = office.database.rows(f"START TRANSACTION; {spoil}; SELECT COUNT(*) AS found FROM ({statement}) AS f; ROLLBACK")
+        check(int(rows[0]["found"]) > 0, f"the check finds it: {name}")
+    check(faults(office.database) == [], "all was taken back")
+    return f"all {len(CHECKS)} checks find their fault"
+
+
+if __name__ == "__main__":
+    run(checks_find_faults, __doc__)
