@@ -18,14 +18,23 @@ void OpenedRow::answer(const QList<RowConflict> &conflicts, bool takeTheirs)
         m_answers.insert(conflict.column, {conflict.theirs, takeTheirs});
 }
 
-void OpenedRow::mergeOnto(KMySQL &record, const std::function<void()> &write) const
+KRowValues OpenedRow::Further::all() const
+{
+    KRowValues values = opened;
+    values.insert(mine);
+    return values;
+}
+
+KRowValues OpenedRow::mergeOnto(KMySQL &record, const std::function<void()> &write, const Further &further) const
 {
     const KRowValues theirs = record.rowValues();
     write();
     if (isEmpty())
-        return;
-    const RowMerge merge = RowMerge::of({m_values, m_untouched, theirs, record.rowValues(), m_groups, m_answers});
-    if (!merge.conflicts.isEmpty())
-        throw RowChanged(RowChanged::Kind::Conflict, record, merge.conflicts);
-    record.setRowValues(merge.result);
+        return further.mine;
+    const RowMerge row = RowMerge::of({m_values, m_untouched, theirs, record.rowValues(), m_groups, m_answers});
+    const RowMerge beside = RowMerge::of({further.opened, {}, further.theirs, further.mine, {}, m_answers});
+    if (const QList<RowConflict> conflicts = row.conflicts + beside.conflicts; !conflicts.isEmpty())
+        throw RowChanged(RowChanged::Kind::Conflict, record, conflicts);
+    record.setRowValues(row.result);
+    return beside.result;
 }

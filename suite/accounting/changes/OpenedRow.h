@@ -28,9 +28,21 @@ public:
     void answer(const QList<RowConflict> &conflicts, bool takeTheirs);
     void forgetAnswers() { m_answers.clear(); }
 
+    // Values that belong to the row and stand elsewhere, such as those of custom fields, by names that none of its columns has.
+    struct Further
+    {
+        KRowValues opened; // as the window read them
+        KRowValues theirs; // as they are now
+        KRowValues mine;   // what the user changed of them; the others are not merged
+
+        // What the window holds.
+        KRowValues all() const;
+    };
+
     // Runs write on a record that is locked and open for editing, and sets the members to the merge of both sides. Throws
-    // RowChanged with the conflicts when it needs an answer; the record is then not to be written.
-    void mergeOnto(KMySQL &record, const std::function<void()> &write) const;
+    // RowChanged with the conflicts, further ones among them, when it needs an answer; the record is then not to be written.
+    // Returns the merge of the further values that the user changed.
+    KRowValues mergeOnto(KMySQL &record, const std::function<void()> &write, const Further &further = {}) const;
 
 private:
     KRowValues m_values;

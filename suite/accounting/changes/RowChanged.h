@@ -20,10 +20,14 @@ public:
         Refused   // another made it what cannot be changed any more: void, closed
     };
 
-    // About the row that the record holds, or held by that key.
+    // About the row that the record holds, or held by that key. what: the row as the message names it; empty: "این ردیف".
     RowChanged(Kind kind, KMySQL &record, QList<RowConflict> conflicts = {});
     // About a row that is no longer there.
-    RowChanged(Kind kind, KMySQL &record, qint32 key);
+    RowChanged(Kind kind, KMySQL &record, qint32 key, const QString &what = {});
+    // About a record with the columns iArchiveUserID and dateArchive, which tell who archived it and when.
+    static RowChanged archived(KMySQL &record, const QString &what = {});
+    // About a record that somebody took out of the archive before.
+    static RowChanged unarchived(KMySQL &record, const QString &what = {});
     ~RowChanged() override;
 
     Kind kind() const { return m_kind; }
@@ -33,8 +37,12 @@ public:
 
     // Who changed the row last and when ("کاربر «…» در 1404/08/12 ساعت 10:15"); "کاربر دیگری" when that is not known.
     static QString lastChange(const QString &table, qint32 key, int database = 0);
+    // The same of a known user; "کاربر دیگری" for one who is gone.
+    static QString user(qint32 userID, const QDateTime &when, int database = 0);
 
 private:
+    RowChanged(Kind kind, KMySQL &record, const QString &message);
+
     Kind m_kind;
     QString m_table;
     qint32 m_key;
