@@ -21,6 +21,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 CDlgCustomFields::CDlgCustomFields(QWidget *parent)
@@ -54,6 +56,7 @@ void CDlgCustomFields::bind(int table, int recordID)
 {
     m_table = table;
     m_recordID = recordID;
+    clearInputs();
     if (m_opened)
         load();
 }
@@ -83,6 +86,8 @@ void CDlgCustomFields::showEvent(QShowEvent *event)
 void CDlgCustomFields::clearInputs()
 {
     m_inputs.clear();
+    m_read.clear();
+    m_untouched.clear();
     while (m_form->rowCount() > 0)
         m_form->removeRow(0);
 }
@@ -94,6 +99,8 @@ void CDlgCustomFields::load()
     fields.m_sort = "iID";
     fields.Open(true, true, true);
     const QHash<int, QString> values = CTblCustomFieldRecords::values(m_table, m_recordID);
+    const QHash<int, QString> changed = changedValues();
+    const QHash<int, QString> before = m_read;
     clearInputs();
     for (; !fields.IsEOF(); fields.MoveNext()) {
         auto input = CustomFieldInput::create(fields.m_iID, fields.m_sName, fields.m_iType, m_fields);
@@ -110,9 +117,43 @@ void CDlgCustomFields::load()
     }
     m_empty->setVisible(m_inputs.empty());
     m_opened = true;
+    m_read = values;
+    m_untouched = typedValues();
+    // What others changed since the user did is not as the user saw it.
+    for (auto value = changed.cbegin(); value != changed.cend(); ++value) {
+        m_read.insert(value.key(), before.value(value.key()));
+        if (CustomFieldInput *kept = inputOf(value.key()))
+            kept->setValue(*value);
+    }
     // The window was shown before the fields were read.
     if (auto *editor = qobject_cast<KDialog *>(window()))
         editor->entriesLoaded(m_fields);
+}
+
+CustomFieldInput *CDlgCustomFields::inputOf(int fieldID) const
+{
+    const auto found = std::ranges::find_if(
+        m_inputs, [fieldID](const std::unique_ptr<CustomFieldInput> &input) { return input->fieldID() == fieldID; });
+    return found == m_inputs.cend() ? nullptr : found->get();
+}
+
+QString CDlgCustomFields::caption(int fieldID) const
+{
+    const CustomFieldInput *found = inputOf(fieldID);
+    return found ? found->widget()->accessibleName().remove(u" :"_s) : QString();
+}
+
+QString CDlgCustomFields::textOf(int fieldID, const QString &value) const
+{
+    const CustomFieldInput *found = inputOf(fieldID);
+    return found ? found->textOf(value) : QString();
+}
+
+void CDlgCustomFields::goTo(int fieldID)
+{
+    Q_EMIT frontRequested();
+    if (const CustomFieldInput *found = inputOf(fieldID))
+        found->widget()->setFocus(Qt::TabFocusReason);
 }
 
 QHash<int, QString> CDlgCustomFields::typedValues() const
@@ -144,6 +185,18 @@ std::optional<QHash<int, QString>> CDlgCustomFields::enteredValues() const
     return typedValues();
 }
 
+QHash<int, QString> CDlgCustomFields::changedValues() const
+{
+    QHash<int, QString> changed;
+    if (!m_opened || m_readOnly)
+        return changed;
+    for (const std::unique_ptr<CustomFieldInput> &input : m_inputs) {
+        if (const QString value = input->value(); value != m_untouched.value(input->fieldID()))
+            changed.insert(input->fieldID(), value);
+    }
+    return changed;
+}
+
 void CDlgCustomFields::defineFields()
 {
     KSecurity security;
@@ -151,12 +204,6 @@ void CDlgCustomFields::defineFields()
     if (!security.CheckModifySecurity())
         return;
     GetDBSetting()->RequireOpenDB();
-    const QHash<int, QString> typed = typedValues();
     CDlgCustomFieldDefinitions(m_table, this).exec();
     load();
-    for (const std::unique_ptr<CustomFieldInput> &input : m_inputs) {
-        const auto value = typed.constFind(input->fieldID());
-        if (value != typed.cend())
-            input->setValue(*value);
-    }
 }

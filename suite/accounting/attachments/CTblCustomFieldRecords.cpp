@@ -48,10 +48,8 @@ QHash<int, QString> CTblCustomFieldRecords::values(int table, int recordID, int 
     return found;
 }
 
-void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int, QString> &values, int database)
+void CTblCustomFieldRecords::addRows(int table, int recordID, const QHash<int, QString> &values, int database)
 {
-    KTransaction transaction(database);
-    DeleteAllRelatedRecords(table, recordID, 0, database);
     CTblCustomFieldRecords set(database);
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
         if (value->isEmpty())
@@ -63,6 +61,22 @@ void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int,
         set.m_sValue = *value;
         set.Update(true);
     }
+}
+
+void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int, QString> &values, int database)
+{
+    KTransaction transaction(database);
+    DeleteAllRelatedRecords(table, recordID, 0, database);
+    addRows(table, recordID, values, database);
+    transaction.commit();
+}
+
+void CTblCustomFieldRecords::changeValues(int table, int recordID, const QHash<int, QString> &values, int database)
+{
+    KTransaction transaction(database);
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        DeleteAllRelatedRecords(table, recordID, value.key(), database);
+    addRows(table, recordID, values, database);
     transaction.commit();
 }
 

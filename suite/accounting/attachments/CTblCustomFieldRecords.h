@@ -24,6 +24,8 @@ public:
     static QHash<int, QString> values(int table, int recordID, int database = 0);
     // Replaces the record's values; joins the caller's transaction.
     static void setValues(int table, int recordID, const QHash<int, QString> &values, int database = 0);
+    // Writes these values and leaves the record's others; an empty one deletes its row. Joins the caller's transaction.
+    static void changeValues(int table, int recordID, const QHash<int, QString> &values, int database = 0);
     // Deletes the values of one record; fieldID 0: of every field.
     static void DeleteAllRelatedRecords(int table, int recordID, int fieldID, int database = 0);
 
@@ -35,4 +37,7 @@ public:
 
 protected:
     void DoFieldExchange() override;
+
+private:
+    static void addRows(int table, int recordID, const QHash<int, QString> &values, int database);
 };

@@ -6,6 +6,8 @@
 #include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>
 
@@ -60,6 +62,12 @@ public:
         else
             m_edit->clear();
     }
+    QString textOf(const QString &value) const override
+    {
+        bool isNumber = false;
+        const double number = value.toDouble(&isNumber);
+        return isNumber ? DToStr(number) : value;
+    }
     QString error() const override { return m_edit->entryError(); }
     void setReadOnly(bool readOnly) override { m_edit->setReadOnly(readOnly); }
 
@@ -78,6 +86,7 @@ public:
     QWidget *widget() const override { return m_edit; }
     QString value() const override { return m_edit->date().toString(Qt::ISODate); }
     void setValue(const QString &value) override { m_edit->setDate(QDate::fromString(value, Qt::ISODate)); }
+    QString textOf(const QString &value) const override { return shamsiText(QDate::fromString(value, Qt::ISODate)); }
     QString error() const override { return m_edit->entryError(); }
     void setReadOnly(bool readOnly) override { m_edit->setReadOnly(readOnly); }
 
@@ -96,6 +105,7 @@ public:
     QWidget *widget() const override { return m_box; }
     QString value() const override { return m_box->isChecked() ? u"1"_s : QString(); }
     void setValue(const QString &value) override { m_box->setChecked(value == QLatin1String("1")); }
+    QString textOf(const QString &value) const override { return value == QLatin1String("1") ? u"بله"_s : u"خیر"_s; }
     QString error() const override { return {}; }
     void setReadOnly(bool readOnly) override { m_box->setEnabled(!readOnly); }
 

@@ -18,6 +18,8 @@ public:
     virtual ~CustomFieldInput();
 
     int fieldID() const { return m_fieldID; }
+    // A stored value as a user of the field knows it.
+    virtual QString textOf(const QString &value) const { return value; }
     virtual QWidget *widget() const = 0;
     // As CTblCustomFieldRecords stores it; empty: no value.
     virtual QString value() const = 0;

@@ -57,6 +57,8 @@ private Q_SLOTS:
     void definitionsWindowAddsRenamesAndDeletes();
     void definingNeedsTheRight();
     void definingKeepsWhatWasTyped();
+    void changedIsWhatTheUserChanged();
+    void definingLeavesWhatTheUserSawOfAChangedField();
 
 private:
     QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
@@ -290,6 +292,33 @@ void TestCDlgCustomFields::definingKeepsWhatWasTyped()
     one->defineFields();
     QVERIFY(field<KEdit>(one.get(), u"تازه :"_s));
     QCOMPARE(field<KEdit>(one.get(), u"معرف :"_s)->text(), u"نیمه کاره"_s);
+}
+
+void TestCDlgCustomFields::changedIsWhatTheUserChanged()
+{
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}, {m_number, u"1.50"_s}});
+    const auto one = page();
+    // The number is written otherwise than it was stored, which nobody entered.
+    QVERIFY(one->changedValues().isEmpty());
+    field<KEdit>(one.get(), u"معرف :"_s)->setText(u"ب"_s);
+    QCOMPARE(one->changedValues(), (QHash<int, QString>{{m_text, u"ب"_s}}));
+    QCOMPARE(one->openedValues().value(m_text), u"الف"_s);
+    CTblCustomFieldRecords::changeValues(contracts, record, one->changedValues());
+    QCOMPARE(CTblCustomFieldRecords::values(contracts, record), (QHash<int, QString>{{m_text, u"ب"_s}, {m_number, u"1.50"_s}}));
+}
+
+// What another desk changed in between is not as the user saw it.
+void TestCDlgCustomFields::definingLeavesWhatTheUserSawOfAChangedField()
+{
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"الف"_s}, {m_number, u"5"_s}});
+    const auto one = page();
+    field<KEdit>(one.get(), u"معرف :"_s)->setText(u"من"_s);
+    CTblCustomFieldRecords::setValues(contracts, record, {{m_text, u"او"_s}, {m_number, u"6"_s}});
+    one->load();
+    QCOMPARE(field<KEdit>(one.get(), u"معرف :"_s)->text(), u"من"_s);
+    QCOMPARE(one->openedValues().value(m_text), u"الف"_s);
+    QCOMPARE(one->changedValues(), (QHash<int, QString>{{m_text, u"من"_s}}));
+    QCOMPARE(field<KEdit>(one.get(), u"کارکرد :"_s)->number(), 6.0);
 }
 
 static const RegisteredTest<TestCDlgCustomFields, QApplication> registeredCDlgCustomFields;
