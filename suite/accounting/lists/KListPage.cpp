@@ -3,11 +3,15 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
+#include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/lists/KListRows.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/db/KChangeLog.h"
+#include "suite/db/KTransaction.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -395,6 +399,27 @@ void KListPage::recordDeleted(int key)
     updateCount();
 }
 
+namespace {
+
+// False when the row is archived already. Throws RowChanged when it is gone.
+bool archiveRow(KMySQL &record, int key, const std::function<void(KMySQL &)> &archive)
+{
+    bool archived = false;
+    KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen();
+        if (!record.lockRecord(key))
+            throw RowChanged(RowChanged::Kind::Gone, record, key);
+        archived = record.value(u"iArchiveUserID").toInt() == 0;
+        if (!archived)
+            return;
+        archive(record);
+        KChangeLog::note(record.GetTableName(), key, KChange::Kind::Archived);
+    });
+    return archived;
+}
+
+}
+
 void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive)
 {
     if (isChangeBlocked())
@@ -403,15 +428,16 @@ void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<
         g_pDlgWarning->Show(texts.refused, this);
         return;
     }
+    const int key = m_list->currentKey();
+    if (key <= 0)
+        return;
     const std::unique_ptr<KMySQL> record = makeRecord();
-    if (!loadSelected(*record))
-        return;
-    if (record->value(u"iArchiveUserID").toInt() != 0) {
-        g_pDlgWarning->Show(texts.alreadyArchived, this);
-        return;
+    try {
+        const bool archived = archiveRow(*record, key, archive);
+        (archived ? g_pDlgMessage : g_pDlgWarning)->Show(archived ? texts.done : texts.alreadyArchived, this);
+    } catch (const RowChanged &gone) {
+        g_pDlgWarning->Show(gone.userMessage(), this);
     }
-    archive(*record);
-    g_pDlgMessage->Show(texts.done, this);
     refill();
 }
 

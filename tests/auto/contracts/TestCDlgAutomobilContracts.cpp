@@ -9,6 +9,7 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -471,8 +472,10 @@ private Q_SLOTS:
         CDlgAutomobilContracts page;
         page.open();
         m_office->database().run(u"DELETE FROM AutomobilContracts WHERE iID=%1"_s.arg(key));
-        for (const QString &command : rowCommands)
-            page.runCommand(command);
+        for (const QString &command : rowCommands) {
+            if (command != u"archive"_s)
+                page.runCommand(command);
+        }
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
@@ -507,6 +510,51 @@ private Q_SLOTS:
         page.refill();
         page.runCommand(u"archive");
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این تقاضا قبلا بایگانی شده است."_s});
+    }
+
+    void contractThatAnotherDeskDeletedIsNotArchivedAndLeavesTheList()
+    {
+        const int key = addNamed(u"a"_s);
+        CDlgAutomobilContracts page;
+        page.open();
+        m_office->database().run(u"DELETE FROM AutomobilContracts WHERE iID=%1"_s.arg(key));
+        page.runCommand(u"archive");
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"کاربر دیگری این ردیف را در این میان حذف کرده است. چیزی ذخیره نشد."_s});
+        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    // The list still shows it as it was; what counts is the row as it is when the command runs.
+    void contractThatAnotherDeskArchivedKeepsItsArchiver()
+    {
+        const int key = addNamed(u"a"_s);
+        CDlgAutomobilContracts page;
+        page.open();
+        m_office->database().run(u"UPDATE AutomobilContracts SET iArchiveUserID=77 WHERE iID=%1"_s.arg(key));
+        page.runCommand(u"archive");
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این تقاضا قبلا بایگانی شده است."_s});
+        QCOMPARE(m_office->database().value(u"SELECT iArchiveUserID FROM AutomobilContracts"_s), u"77"_s);
+        QCOMPARE(page.list()->count(), 0);
+    }
+
+    // The code was changed at another desk after the list was filled.
+    void theRowIsArchivedThatWasSelectedWhateverItsCodeIsNow()
+    {
+        const int key = addNamed(u"a"_s);
+        const int other = addNamed(u"b"_s);
+        CDlgAutomobilContracts page;
+        page.open();
+        page.list()->selectKey(key);
+        const QString code = m_office->database().value(u"SELECT iCode FROM AutomobilContracts WHERE iID=%1"_s.arg(key));
+        m_office->database().run(u"UPDATE AutomobilContracts SET iCode=500 WHERE iID=%1"_s.arg(key));
+        m_office->database().run(u"UPDATE AutomobilContracts SET iCode=%1 WHERE iID=%2"_s.arg(code).arg(other));
+        page.runCommand(u"archive");
+        QCOMPARE(m_office->database().value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilContracts WHERE iArchiveUserID<>0"_s),
+                 QString::number(key));
+        const auto change = KChangeLog::last(u"AutomobilContracts"_s, key);
+        QVERIFY(change);
+        QCOMPARE(change->kind, KChange::Kind::Archived);
+        QCOMPARE(change->userID, m_office->adminID());
     }
 
     void editingAnArchivedContractOpensItReadOnly()
