@@ -35,6 +35,19 @@ bool CTblAutomobilContracts::Delete()
     return KMySQL::Delete();
 }
 
+QList<QStringList> CTblAutomobilContracts::fieldGroups()
+{
+    const QString figures = u"iCode iNum iContractType dateContract dAmount dCommission dCommissionEveryPerson dPercentCommission"
+                            " iPersonContract1 iPersonFirstID sName1 sNationalId1 sAddress1 sTel1 sMobile1"
+                            " dPercentTax dTax dPercentImpsition dImposition dPercentDiscount dDiscountFirst dPayFirst"
+                            " iPersonContract2 iPersonSecondID sName2 sNationalId2 sAddress2 sTel2 sMobile2"
+                            " dPercentTax2 dTax2 dPercentImposition2 dImposition2 dPercentDiscount2 dDiscountSecond dPaySecond"_s;
+    QStringList notes;
+    for (int i = 1; i <= 10; ++i)
+        notes.append(u"sNote%1"_s.arg(i));
+    return {figures.split(u' '), notes, {u"dFixAmount"_s, u"dAgreeAmount"_s, u"dRemainingAmount"_s}, {u"sState"_s, u"sCity"_s}};
+}
+
 qint32 CTblAutomobilContracts::nextCode(int database)
 {
     CTblTemp statement(database);

@@ -152,6 +152,12 @@ public:
     bool Delete() override;
     QString GetTableName() const override;
 
+    // The row as a message names it.
+    static QString spokenName() { return QStringLiteral("این قرارداد"); }
+    // Columns that count as one field when two desks change the row at once (RowMerge): what the accounting document is made
+    // of, with the parties as they are described; the notes; what of the amount is paid how; a province and its city.
+    static QList<QStringList> fieldGroups();
+
     // What the contract is called by: its number in the registry, or its code while it has none.
     qint32 number() const { return m_iNum != 0 ? m_iNum : m_iCode; }
 
@@ -164,4 +170,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

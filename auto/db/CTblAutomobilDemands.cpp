@@ -8,6 +8,8 @@
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 
+using namespace Qt::StringLiterals;
+
 CTblAutomobilDemands::CTblAutomobilDemands(int database)
     : AutomobilDemandColumns(database)
 {
@@ -24,6 +26,11 @@ bool CTblAutomobilDemands::Delete()
     const bool deleted = KMySQL::Delete();
     transaction.commit();
     return deleted;
+}
+
+QList<QStringList> CTblAutomobilDemands::fieldGroups()
+{
+    return {{u"iModelFrom"_s, u"iModelUpTo"_s}, {u"dAmountFrom"_s, u"dAmountUpTo"_s}};
 }
 
 qint32 CTblAutomobilDemands::nextCode(int database)
@@ -63,6 +70,32 @@ void CTblAutomobilDemands::setAlarm(qint32 id, qint32 alarmID, int database)
     CTblTemp statement(database);
     statement.Open(false, false, true);
     statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iAlarmID=%d WHERE iID=%d", alarmID, id);
+}
+
+qint32 CTblAutomobilDemands::alarmOf(qint32 id, int database)
+{
+    CTblTemp statement(database);
+    statement.Open(true, false, true);
+    statement.ExecuteQuery(
+        KSql::formatted("SELECT a.iID FROM AutomobilDemands d JOIN Alarms a ON a.iID=d.iAlarmID WHERE d.iID=%1", id));
+    return statement.GetLongFieldValue(0);
+}
+
+bool CTblAutomobilDemands::takeAlarm(qint32 id, qint32 alarmID, int database)
+{
+    bool taken = false;
+    KTransaction::runReplayable(
+        [&] {
+            CTblAutomobilDemands demand(database);
+            taken = demand.lockRecord(id) && alarmOf(id, database) == 0;
+            CTblAlarm added(database);
+            if (taken)
+                setAlarm(id, alarmID, database);
+            else if (added.IsRecordExist(u"iID"_s, alarmID))
+                added.Delete();
+        },
+        database);
+    return taken;
 }
 
 void CTblAutomobilDemands::DoFieldExchange()

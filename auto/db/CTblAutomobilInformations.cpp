@@ -10,6 +10,8 @@
 
 #include <QLoggingCategory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcCars, "tz.auto.cars")
@@ -40,6 +42,18 @@ bool CTblAutomobilInformations::Delete()
     deleteRelated([this] { CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database()); });
     deleteRelated([this] { CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database()); });
     return KMySQL::Delete();
+}
+
+QList<QStringList> CTblAutomobilInformations::fieldGroups()
+{
+    return {
+        {u"iPersonID"_s, u"iPersonBuyerID"_s, u"bSold"_s},
+        {u"iAutomobilType"_s, u"iModel"_s, u"iBrigade"_s},
+        {u"dAmountContract"_s, u"dPaidContract"_s, u"dRemainingContract"_s},
+        {u"dAmountCommission"_s, u"dPaidComission"_s, u"dRemainingComission"_s},
+        {u"dSoldAmount"_s, u"dPurchasePriceOfOwner"_s, u"dAutomobilExpenses"_s, u"dAmountPresence"_s, u"dRemainingPresence"_s,
+         u"dProfitAndLoss"_s},
+    };
 }
 
 qint32 CTblAutomobilInformations::nextCode(int database)

@@ -21,6 +21,13 @@ public:
     // Number under which the suite keeps what belongs to a car: attached files, custom fields.
     static constexpr int recordKind = 68;
 
+    // The row as a message names it.
+    static QString spokenName() { return QStringLiteral("این خودرو"); }
+    // Columns that count as one field when two desks change the row at once (RowMerge): owner and buyer, who may not be the same
+    // person, with whether it is sold; the place in the catalog; the amounts of the contract, of the commission and of the
+    // profit, each of which is said of the others.
+    static QList<QStringList> fieldGroups();
+
     // The highest code so far plus one; read without a lock.
     static qint32 nextCode(int database = 0);
     // By code, not by key.
@@ -38,4 +45,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

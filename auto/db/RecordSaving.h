@@ -4,17 +4,18 @@
 #pragma once
 
 #include "auto/db/RecordCodes.h"
-#include "suite/db/KTransaction.h"
+#include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/office/CDBSetting.h"
-
-#include <QString>
+#include "suite/db/KTransaction.h"
 
 #include <functional>
 
-using namespace Qt::StringLiterals;
-
 // Saves a record that a user has written or changed, in one transaction with what belongs to it.
 namespace RecordSaving {
+
+template <class Record>
+using Step = std::function<void(Record &)>;
 
 // What the user decided about a stored record.
 template <class Record>
@@ -22,42 +23,98 @@ struct Decision
 {
     int key = 0;
     int status = 0; // 0 active, 1 not
-    // Sets the columns of the record, which is open for editing; may run again when the transaction is replayed.
-    std::function<void(Record &)> write;
+    // Sets the columns that the window holds, as they stand in it; may run again when the transaction is replayed.
+    Step<Record> write;
+    // The row as the window read it: what others changed since then stays. Empty: all that write sets is taken.
+    OpenedRow opened = {};
+    // Sets the columns that follow from others, once the record holds what both sides decided.
+    Step<Record> follow = {};
 };
 
+// What is saved along with the row. What a step throws ends the save, and nothing of it is kept.
 template <class Record>
-using Step = std::function<void(Record &)>;
-
-// Writes the record as it is now with what was decided. A record that nobody has saved yet becomes the current user's.
-// beforeRow runs between the decision and the row, and may set columns too; afterRow runs after the row. What a step throws
-// ends the save, and nothing of it is kept. A code that was changed into an empty one or that of another row throws
-// RecordCodes::Refused. False when the record is gone.
-template <class Record>
-[[nodiscard]] bool save(const Decision<Record> &decision, const Step<Record> &beforeRow = {}, const Step<Record> &afterRow = {})
+struct Parts
 {
-    bool saved = false;
-    KTransaction::runReplayable([&] {
-        saved = false;
-        Record record;
-        if (!record.IsRecordExist(u"iID"_s, decision.key))
-            return;
-        record.Edit();
-        if (record.m_iUserID == 0)
-            record.m_iUserID = GetDBSetting()->GetUserID();
-        record.m_iStatus = decision.status;
-        const qint32 codeBefore = record.m_iCode;
-        decision.write(record);
-        if (record.m_iCode != codeBefore)
-            RecordCodes::requireFree(record.GetTableName(), record.m_iCode, record.m_iID, record.database());
-        if (beforeRow)
-            beforeRow(record);
-        record.Update(true);
-        if (afterRow)
-            afterRow(record);
-        saved = true;
-    });
-    return saved;
+    // Runs between the decision and the row, and may set columns too.
+    Step<Record> beforeRow = {};
+    // Values that belong to the record and stand elsewhere (OpenedRow::Further), read under the lock of its row; they are merged
+    // with the row, and afterRow gets what came of it.
+    std::function<OpenedRow::Further(Record &)> further = {};
+    std::function<void(Record &, const KRowValues &further)> afterRow = {};
+};
+
+// Loads the row as it is now and keeps it until the end of the transaction. Throws RowChanged where it is gone or was archived
+// since the window read it, and KAccountingError in a database that was closed meanwhile. what: the row as a message names it.
+void lockForSaving(KMySQL &record, int key, const OpenedRow &opened, const QString &what);
+// Empties what belonged to the stored row alone: its document, its place in the archive, its reminder.
+void detach(KMySQL &record);
+
+template <class Record>
+void takeDecision(Record &record, const Decision<Record> &decision)
+{
+    record.m_iStatus = decision.status;
+    decision.write(record);
 }
 
+// Saves the row with what was decided; see finish below for the order.
+template <class Record>
+void writeWith(Record &record, const Decision<Record> &decision, const Parts<Record> &parts, const KRowValues &further)
+{
+    if (decision.follow)
+        decision.follow(record);
+    if (parts.beforeRow)
+        parts.beforeRow(record);
+    record.Update(true);
+    if (parts.afterRow)
+        parts.afterRow(record, further);
+}
+
+// Merges what was decided onto the row as it is now. A record that nobody has saved yet becomes the current user's. Throws
+// RowChanged, with nothing kept, where the row is gone, archived, or was changed in what the user changed too; RecordCodes::Refused
+// for a code that was changed into an empty one or that of another row.
+template <class Record>
+void save(const Decision<Record> &decision, const Parts<Record> &parts = {})
+{
+    KTransaction::runReplayable([&] {
+        Record record;
+        lockForSaving(record, decision.key, decision.opened, Record::spokenName());
+        record.Edit();
+        const qint32 codeBefore = record.m_iCode;
+        const KRowValues further = decision.opened.mergeOnto(
+            record, [&] { takeDecision(record, decision); }, parts.further ? parts.further(record) : OpenedRow::Further());
+        if (record.m_iUserID == 0)
+            record.m_iUserID = GetDBSetting()->GetUserID();
+        if (record.m_iCode != codeBefore)
+            RecordCodes::requireFree(record.GetTableName(), record.m_iCode, record.m_iID, record.database());
+        writeWith(record, decision, parts, further);
+    });
+}
+
+// Saves what the window holds as a new row, in place of one that somebody deleted: with a code of its own, unless the user entered
+// another than the lost row's, and as the current user's. Returns its key.
+template <class Record>
+[[nodiscard]] int saveAsNew(const Decision<Record> &decision, const Parts<Record> &parts = {})
+{
+    int key = 0;
+    KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen();
+        Record record;
+        RecordCodes::lock(record.GetTableName());
+        record.Open(true, false, true);
+        record.AddNew();
+        record.setRowValues(decision.opened.values());
+        const qint32 lostCode = record.m_iCode;
+        takeDecision(record, decision);
+        detach(record);
+        if (record.m_iCode == lostCode)
+            record.m_iCode = Record::nextCode();
+        else
+            RecordCodes::requireFree(record.GetTableName(), record.m_iCode, 0);
+        record.m_iUserID = GetDBSetting()->GetUserID();
+        const KRowValues further = parts.further ? parts.further(record).all() : KRowValues();
+        writeWith(record, decision, parts, further);
+        key = record.m_iID;
+    });
+    return key;
+}
 }

@@ -4,14 +4,19 @@
 #include "auto/editor/CDlgRecordEditor.h"
 
 #include "suite/accounting/attachments/CDlgFileDocs.h"
+#include "suite/accounting/changes/CDlgRowConflict.h"
+#include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/forms/FormTexts.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -128,23 +133,99 @@ bool CDlgRecordEditor::confirmDoubtsOf(const QList<EditorTabPage *> &pages)
     return false;
 }
 
+// A second press, or a key held down, while the first is still at work or has saved already, is none.
 bool CDlgRecordEditor::OnOK()
 {
-    if (isShowMode())
+    if (isShowMode() || m_saving || m_saved)
         return false;
-    bool done = false;
+    const QScopedValueRollback saving(m_saving, true);
+    m_opened.forgetAnswers();
     // Whatever fails, what was typed stays in the window.
-    KErrorBoundary::guarded(this, [&] {
-        GetDBSetting()->RequireOpenDB();
+    KErrorBoundary::guarded(this, [this] {
+        OfficeClosing::requireOpen();
         try {
-            done = validatePages() && save();
+            m_saved = validatePages() && saveOrAsk();
         } catch (const RecordCodes::Refused &refused) {
             refuseCode(refused.userMessage());
         }
     });
-    if (done)
+    if (m_saved)
         saved();
-    return done;
+    return m_saved;
+}
+
+// Each answer is about what was shown: a further change meanwhile asks anew.
+bool CDlgRecordEditor::saveOrAsk()
+{
+    for (;;) {
+        try {
+            save();
+            return true;
+        } catch (const RowChanged &changed) {
+            if (changed.kind() == RowChanged::Kind::Gone)
+                return saveInPlaceOf(changed);
+            if (changed.kind() != RowChanged::Kind::Conflict)
+                throw;
+            if (!takeAnswer(changed))
+                return false;
+        }
+    }
+}
+
+bool CDlgRecordEditor::takeAnswer(const RowChanged &conflict)
+{
+    const auto answer = CDlgRowConflict::ask(
+        conflict, *m_columns, [this](const QString &column) { return captionOf(column); },
+        [this](const QString &column, const QVariant &value) { return textOf(column, value); }, this);
+    if (answer == CDlgRowConflict::Answer::GoBack) {
+        goToField(conflict.conflicts().constFirst().column);
+        return false;
+    }
+    m_opened.answer(conflict.conflicts(), answer == CDlgRowConflict::Answer::TakeTheirs);
+    return true;
+}
+
+bool CDlgRecordEditor::saveInPlaceOf(const RowChanged &gone)
+{
+    if (!KSecurity::IsGranted(rightsForm(), KSecurity::Write))
+        throw gone;
+    const QString question = gone.userMessage() + u'\n'
+        + u"آیا آنچه در این پنجره است به عنوان %1 جدید، با کد تازه، ذخیره شود؟ پرونده‌های پیوست همراه آن حذف شده‌اند و باز نمی‌گردند."_s.arg(recordName());
+    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::No)
+        return false;
+    m_key = saveAsNew();
+    m_refresh = true;
+    return true;
+}
+
+QString CDlgRecordEditor::captionOf(const QString &column) const
+{
+    if (column == u"iStatus"_s)
+        return m_active->text();
+    for (const EditorTabPage *page : m_pages) {
+        if (const QString caption = page->entryOf(column).caption; !caption.isEmpty())
+            return caption;
+    }
+    return {};
+}
+
+std::optional<QString> CDlgRecordEditor::textOf(const QString &column, const QVariant &value) const
+{
+    if (column == u"iStatus"_s)
+        return value.toInt() == 0 ? u"بله"_s : u"خیر"_s;
+    for (const EditorTabPage *page : m_pages) {
+        if (auto text = page->form() ? FormTexts::text(*page->form(), column, value) : std::nullopt)
+            return text;
+    }
+    return std::nullopt;
+}
+
+void CDlgRecordEditor::goToField(const QString &column)
+{
+    for (EditorTabPage *page : m_pages) {
+        if (QWidget *control = page->entryOf(column).control)
+            return page->goTo(control);
+    }
 }
 
 void CDlgRecordEditor::refuseCode(const QString &why)
@@ -154,8 +235,14 @@ void CDlgRecordEditor::refuseCode(const QString &why)
 
 void CDlgRecordEditor::unarchive()
 {
-    if (!mayDropTypedWork() || !takeOutOfArchive())
+    if (!mayDropTypedWork())
         return;
+    try {
+        if (!takeOutOfArchive())
+            return;
+    } catch (const RowChanged &changed) {
+        g_pDlgWarning->Show(changed.userMessage(), this);
+    }
     m_refresh = true;
     cancel();
 }

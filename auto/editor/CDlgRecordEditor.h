@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "auto/db/RecordArchiving.h"
 #include "auto/db/RecordSaving.h"
 #include "auto/editor/EditorPage.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +27,9 @@ class QPushButton;
 // Base of the windows in which one record of the module is written, changed or shown: a row of tabs over the record's
 // pages, and below them "فعال", the window's own commands, "برگشت از بايگاني", "تاييد" and "انصراف". A derived window
 // names its pages, says how the record leaves the archive, and saves by saveRecord, or by a unit that takes its decision.
+//
+// The window remembers the row as it opened it. What somebody else changed since then stays, unless the user changed it too: then
+// the user is asked, field by field. A row that is gone can be saved as a new one, which the window then is about.
 class CDlgRecordEditor : public KDialog
 {
     Q_OBJECT
@@ -61,13 +66,25 @@ protected:
     bool OnOK() override;
     // When false, the reason has been shown.
     [[nodiscard]] virtual bool validatePages() = 0;
-    // False when the record is gone, or when saving was refused and the reason shown.
-    [[nodiscard]] virtual bool save() = 0;
+    // Throws RowChanged where the row is no longer as it was read and the user has to decide.
+    virtual void save() = 0;
+    // Saves what the window holds as a new row, and returns its key.
+    [[nodiscard]] virtual int saveAsNew() = 0;
+    // What the record is called in the question about that: "قرارداد".
+    virtual QString recordName() const = 0;
+    // The form whose right to write that needs.
+    virtual QString rightsForm() const = 0;
+    // For the names under which further values are saved with the row (OpenedRow::Further): the label, a value as the user knows it,
+    // and the way to the control. Here, of the pages' columns.
+    virtual QString captionOf(const QString &column) const;
+    virtual std::optional<QString> textOf(const QString &column, const QVariant &value) const;
+    virtual void goToField(const QString &column);
     // The code was refused. Shows why; a window in which it can be entered goes to its field.
     virtual void refuseCode(const QString &why);
     // The record is saved for good.
     virtual void saved() { }
-    // The unarchive command up to its message. False when the user may not.
+    // The unarchive command up to its message. False when the user may not. Throws RowChanged when another desk deleted the record
+    // or took it out before.
     [[nodiscard]] virtual bool takeOutOfArchive() = 0;
 
     template <class Record>
@@ -93,27 +110,63 @@ protected:
     template <class Record>
     [[nodiscard]] RecordSaving::Decision<Record> decision(const QList<EditorPage<Record> *> &pages) const
     {
-        return {m_key, chosenStatus(), [pages](Record &record) {
+        return {m_key, chosenStatus(),
+                [pages](Record &record) {
                     for (EditorPage<Record> *page : pages)
                         page->write(record);
+                },
+                m_opened,
+                [pages](Record &record) {
+                    for (EditorPage<Record> *page : pages)
+                        page->follow(record);
                 }};
     }
 
-    // Saves a record that has no dependent data. False when it is gone.
+    // Keeps the loaded record as the window opened it; to be called once the pages show it. What a new record's pages begin with
+    // is the user's entry.
     template <class Record>
-    [[nodiscard]] bool saveRecord(const QList<EditorPage<Record> *> &pages) const
+    void remember(Record &record, const QList<EditorPage<Record> *> &pages)
     {
-        const KWaitCursor wait;
-        return RecordSaving::save(decision(pages));
+        const RecordSaving::Decision<Record> asFilled = decision(pages);
+        const bool isNew = m_mode == EditorMode::New;
+        m_opened = OpenedRow(record, Record::fieldGroups(), [&] {
+            if (!isNew)
+                RecordSaving::takeDecision(record, asFilled);
+        });
+        m_pages = {pages.cbegin(), pages.cend()};
+        m_columns = std::make_unique<Record>();
     }
 
+    // Saves a record that has no dependent data, over the stored row or as a new one.
+    template <class Record>
+    void saveRecord(const QList<EditorPage<Record> *> &pages) const
+    {
+        const KWaitCursor wait;
+        RecordSaving::save(decision(pages));
+    }
+    template <class Record>
+    [[nodiscard]] int addRecord(const QList<EditorPage<Record> *> &pages) const
+    {
+        const KWaitCursor wait;
+        return RecordSaving::saveAsNew(decision(pages));
+    }
+    const OpenedRow &opened() const { return m_opened; }
+
 private:
+    bool saveOrAsk();
+    bool takeAnswer(const RowChanged &conflict);
+    bool saveInPlaceOf(const RowChanged &gone);
     void buildFrame();
     bool confirmDoubtsOf(const QList<EditorTabPage *> &pages);
 
     int m_key;
     EditorMode m_mode;
     bool m_refresh = false;
+    bool m_saving = false;
+    bool m_saved = false;
+    OpenedRow m_opened;
+    QList<EditorTabPage *> m_pages;
+    std::unique_ptr<KMySQL> m_columns; // an object of the record's class, for captions and the names behind keys
     KTabPageButtons *m_tabs = nullptr;
     QHBoxLayout *m_commands = nullptr;
     QCheckBox *m_active = nullptr;

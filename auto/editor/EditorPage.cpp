@@ -4,6 +4,7 @@
 #include "auto/editor/EditorPage.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/forms/FormTexts.h"
 
 EditorTabPage::EditorTabPage(EditorMode mode, const QString &title, QWidget *parent)
     : KDialogTabPage(parent)
@@ -16,6 +17,12 @@ void EditorTabPage::goTo(QWidget *field)
 {
     Q_EMIT frontRequested();
     field->setFocus(Qt::TabFocusReason);
+}
+
+EditorTabPage::Entry EditorTabPage::entryOf(const QString &column) const
+{
+    const QString caption = form() ? FormTexts::caption(*form(), column) : QString();
+    return caption.isEmpty() ? furtherEntries().value(column) : Entry{caption, form()->control(column)};
 }
 
 bool EditorTabPage::refuse(const QString &message, QWidget *field)

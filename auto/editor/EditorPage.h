@@ -6,6 +6,8 @@
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/forms/KForm.h"
 
+#include <QHash>
+
 enum class EditorMode {
     New,
     Edit,
@@ -29,6 +31,18 @@ public:
     bool refuse(const QString &message, QWidget *field);
     // The same for an entry of the form; the message begins with the field's name.
     bool refuseEntry(const KForm::Problem &problem);
+    // The form of the page; null for a page without one.
+    virtual KForm *form() const { return nullptr; }
+    // What the page calls the columns that it writes besides those of its form, and the control to go to for each.
+    struct Entry
+    {
+        QString caption;
+        QWidget *control = nullptr;
+    };
+    virtual QHash<QString, Entry> furtherEntries() const { return {}; }
+    // The control of a column of the page, and what it is called; null and empty for a column of another page.
+    Entry entryOf(const QString &column) const;
+
     // Entries that may be as they are and are yet hardly meant, each as a sentence; they are asked about once, before saving.
     virtual QList<KForm::Problem> doubts() const { return {}; }
 
@@ -50,4 +64,7 @@ public:
     // Sets the page's own columns of a record that is open for editing, inside the transaction that saves it; may run again
     // when that is replayed. What it throws ends the save, and nothing of it is kept.
     virtual void write(Record &record) = 0;
+    // Sets the columns that follow from others. The record holds what is going to be saved, which is not all as it stands on the
+    // page where somebody else changed it meanwhile.
+    virtual void follow(Record &) { }
 };

@@ -9,20 +9,70 @@
 
 using namespace Qt::StringLiterals;
 
-std::optional<ContractSaving::Posted> ContractSaving::save(const RecordSaving::Decision<CTblAutomobilContracts> &decision,
-                                                           const CustomFields &customFields)
+namespace {
+
+using Contract = CTblAutomobilContracts;
+
+const QString customFieldPrefix = u"customField/"_s;
+
+KRowValues namedValues(const QHash<int, QString> &values)
 {
-    Posted posted;
-    const auto post = [&posted](CTblAutomobilContracts &contract) {
+    KRowValues named;
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        named.insert(ContractSaving::customFieldName(value.key()), *value);
+    return named;
+}
+
+QHash<int, QString> fieldValues(const KRowValues &named)
+{
+    QHash<int, QString> values;
+    for (auto value = named.cbegin(); value != named.cend(); ++value)
+        values.insert(ContractSaving::customFieldOf(value.key()), value->toString());
+    return values;
+}
+
+RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &customFields, ContractSaving::Posted &posted)
+{
+    RecordSaving::Parts<Contract> parts;
+    parts.beforeRow = [&posted](Contract &contract) {
         if (!ContractPosting::post(contract))
             throw KAccountingError(u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
         posted = {contract.m_iDocNum, contract.m_iFiscalYear};
     };
-    const auto writeCustomFields = [&customFields](CTblAutomobilContracts &contract) {
-        if (customFields)
-            CTblCustomFieldRecords::setValues(CTblAutomobilContracts::recordKind, contract.m_iID, *customFields);
+    parts.further = [&customFields](Contract &contract) {
+        OpenedRow::Further further{namedValues(customFields.opened), {}, namedValues(customFields.changed)};
+        if (!customFields.changed.isEmpty())
+            further.theirs = namedValues(CTblCustomFieldRecords::values(Contract::recordKind, contract.m_iID, contract.database()));
+        return further;
     };
-    if (!RecordSaving::save<CTblAutomobilContracts>(decision, post, writeCustomFields))
-        return std::nullopt;
+    parts.afterRow = [](Contract &contract, const KRowValues &further) {
+        CTblCustomFieldRecords::changeValues(Contract::recordKind, contract.m_iID, fieldValues(further), contract.database());
+    };
+    return parts;
+}
+
+}
+
+QString ContractSaving::customFieldName(int fieldID)
+{
+    return customFieldPrefix + QString::number(fieldID);
+}
+
+int ContractSaving::customFieldOf(const QString &name)
+{
+    return name.startsWith(customFieldPrefix) ? name.sliced(customFieldPrefix.size()).toInt() : 0;
+}
+
+ContractSaving::Posted ContractSaving::save(const Decision &decision, const CustomFields &customFields)
+{
+    Posted posted;
+    RecordSaving::save<Contract>(decision, partsOf(customFields, posted));
+    return posted;
+}
+
+ContractSaving::Posted ContractSaving::saveAsNew(const Decision &decision, const CustomFields &customFields, int &key)
+{
+    Posted posted;
+    key = RecordSaving::saveAsNew<Contract>(decision, partsOf(customFields, posted));
     return posted;
 }

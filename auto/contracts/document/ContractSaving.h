@@ -9,8 +9,6 @@
 #include <QHash>
 #include <QString>
 
-#include <optional>
-
 // Saves a contract that a user has written or changed: row, accounting document and custom fields together or not at all.
 namespace ContractSaving {
 
@@ -21,12 +19,22 @@ struct Posted
     int fiscalYear = 0;
 };
 
-// Value per field key; nothing where the user left the fields alone, which then stay as they are.
-using CustomFields = std::optional<QHash<int, QString>>;
+// Values of custom fields per field key.
+struct CustomFields
+{
+    QHash<int, QString> opened;  // as the window read them
+    QHash<int, QString> changed; // of those that the user changed since
+};
 
-// Nothing when the contract is gone. Throws KAccountingError, with nothing kept, when no document could be added, and
-// CMySQLException.
-[[nodiscard]] std::optional<Posted> save(const RecordSaving::Decision<CTblAutomobilContracts> &decision,
-                                         const CustomFields &customFields);
+using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
 
+// As RecordSaving does it. A custom field that both sides changed is one more conflict, under the name of customFieldName. Throws
+// KAccountingError, with nothing kept, when no document could be added.
+[[nodiscard]] Posted save(const Decision &decision, const CustomFields &customFields = {});
+// As a new contract, with a document of its own and all values of the custom fields. key: where it goes.
+[[nodiscard]] Posted saveAsNew(const Decision &decision, const CustomFields &customFields, int &key);
+
+QString customFieldName(int fieldID);
+// 0 for the name of a column.
+int customFieldOf(const QString &name);
 }

@@ -17,6 +17,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -51,23 +52,26 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
     const OfficeSettings settings = readSettings();
     settings.requireOpen();
     const int key = addPlaceholder(settings);
+    int saved = 0;
+    const auto confirmed = [&] {
+        saved = edit(key, ContractEditorMode::New, settings, parent);
+        return saved != 0;
+    };
     // A plan stored meanwhile would be left without its contract.
-    const bool confirmed = NewRecord::keptByEditor<CTblAutomobilContracts>(
-        key, [&] { return edit(key, ContractEditorMode::New, settings, parent); }, [key] { StoredInstalments::remove(key); });
-    return confirmed ? key : 0;
+    return NewRecord::keptByEditor<CTblAutomobilContracts>(key, confirmed, [key] { StoredInstalments::remove(key); }) ? saved : 0;
 }
 
 bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)
 {
     const OfficeSettings settings = readSettings();
     settings.requireOpen();
-    return edit(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, settings, parent);
+    return edit(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, settings, parent) != 0;
 }
 
-bool CDlgAddAutomobilContract::edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent)
+int CDlgAddAutomobilContract::edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent)
 {
     CDlgAddAutomobilContract dialog(key, mode, parent);
-    return dialog.load(settings) && dialog.exec() == QDialog::Accepted;
+    return dialog.load(settings) && dialog.exec() == QDialog::Accepted ? dialog.key() : 0;
 }
 
 void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *parent)
@@ -102,6 +106,9 @@ bool CDlgAddAutomobilContract::load(const OfficeSettings &settings)
     m_matter->fill(contract);
     showState(contract.m_iStatus, contract.m_iArchiveUserID, settings.isClosed());
     showContractType(contract.m_iContractType);
+    remember(contract, pages());
+    if (mode() == ContractEditorMode::Edit)
+        m_customValues = CTblCustomFieldRecords::values(CTblAutomobilContracts::recordKind, key());
     return true;
 }
 
@@ -162,13 +169,48 @@ bool CDlgAddAutomobilContract::validatePages()
         && m_base->settlePayments();
 }
 
-bool CDlgAddAutomobilContract::save()
+void CDlgAddAutomobilContract::save()
 {
     const KWaitCursor wait;
-    const auto posted = ContractSaving::save(decision(pages()), m_customFields->enteredValues());
-    if (posted)
-        m_posted = *posted;
-    return posted.has_value();
+    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()});
+}
+
+int CDlgAddAutomobilContract::saveAsNew()
+{
+    const KWaitCursor wait;
+    int added = 0;
+    m_posted = ContractSaving::saveAsNew(decision(pages()), {m_customValues, m_customFields->changedValues()}, added);
+    return added;
+}
+
+QString CDlgAddAutomobilContract::recordName() const
+{
+    return u"قرارداد"_s;
+}
+
+QString CDlgAddAutomobilContract::rightsForm() const
+{
+    return u"AutomobilContracts"_s;
+}
+
+QString CDlgAddAutomobilContract::captionOf(const QString &column) const
+{
+    const int field = ContractSaving::customFieldOf(column);
+    return field != 0 ? m_customFields->caption(field) : CDlgRecordEditor::captionOf(column);
+}
+
+std::optional<QString> CDlgAddAutomobilContract::textOf(const QString &column, const QVariant &value) const
+{
+    const int field = ContractSaving::customFieldOf(column);
+    return field != 0 ? m_customFields->textOf(field, value.toString()) : CDlgRecordEditor::textOf(column, value);
+}
+
+void CDlgAddAutomobilContract::goToField(const QString &column)
+{
+    if (const int field = ContractSaving::customFieldOf(column))
+        m_customFields->goTo(field);
+    else
+        CDlgRecordEditor::goToField(column);
 }
 
 void CDlgAddAutomobilContract::refuseCode(const QString &why)
@@ -187,10 +229,7 @@ bool CDlgAddAutomobilContract::takeOutOfArchive()
         g_pDlgWarning->Show(u"شما اجازه تغییر دادن ندارید."_s, this);
         return false;
     }
-    GetDBSetting()->RequireOpenDB();
-    CTblAutomobilContracts contract;
-    if (loadRecord(contract))
-        CTblAutomobilContracts::unarchive(contract.m_iCode);
+    RecordArchiving::takeOut<CTblAutomobilContracts>(key());
     g_pDlgWarning->Show(u"این قرارداد از حالت بایگانی خارج شد."_s, this);
     return true;
 }

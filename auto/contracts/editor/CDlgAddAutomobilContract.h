@@ -45,13 +45,20 @@ public:
 
 protected:
     [[nodiscard]] bool validatePages() override;
-    [[nodiscard]] bool save() override;
+    void save() override;
+    [[nodiscard]] int saveAsNew() override;
+    QString recordName() const override;
+    QString rightsForm() const override;
+    QString captionOf(const QString &column) const override;
+    std::optional<QString> textOf(const QString &column, const QVariant &value) const override;
+    void goToField(const QString &column) override;
     void refuseCode(const QString &why) override;
     void saved() override;
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
-    static bool edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent);
+    // The key of the confirmed contract, 0 when the user cancelled.
+    static int edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent);
     void addPages(const OfficeSettings &settings);
     void applyMode();
     void showContractType(int contractType);
@@ -61,6 +68,7 @@ private:
     QList<ContractEditorPage *> pages() const;
 
     ContractSaving::Posted m_posted;
+    QHash<int, QString> m_customValues; // of the contract as it was opened
     int m_contractType = 0;
     int m_chosenCar = 0; // key of the car last copied in
     int m_matterTab = -1;

@@ -463,6 +463,19 @@ bool CDlgAddAutomobilContractBase::settlePayments()
     return true;
 }
 
+QHash<QString, EditorTabPage::Entry> CDlgAddAutomobilContractBase::furtherEntries() const
+{
+    QHash<QString, Entry> entries;
+    for (const auto &[group, side, key, name] :
+         {std::tuple(m_first, u"طرف اول"_s, u"iPersonFirstID"_s, u"sName1"_s), std::tuple(m_second, u"طرف دوم"_s, u"iPersonSecondID"_s, u"sName2"_s)}) {
+        entries.insert(key, {u"شخص "_s + side, group->personField()->nameEdit()});
+        entries.insert(name, {u"نام و نام خانوادگي "_s + side, group->personField()->nameEdit()});
+    }
+    for (int i = 1; i <= ContractNotes::most; ++i)
+        entries.insert(u"sNote%1"_s.arg(i), {u"تبصره %1"_s.arg(i), m_notesButton});
+    return entries;
+}
+
 void CDlgAddAutomobilContractBase::write(CTblAutomobilContracts &contract)
 {
     m_form->store(contract);

@@ -39,12 +39,13 @@ public:
     bool refuseCode(const QString &why);
     void write(CTblAutomobilContracts &contract) override;
     QList<KForm::Problem> doubts() const override;
+    QHash<QString, Entry> furtherEntries() const override;
 
     // Asks what to do where a party pays another amount than the contract's document will charge, and takes the document's when
     // told to. When false, the user went back to the payment.
     [[nodiscard]] bool settlePayments();
 
-    KForm *form() const { return m_form; }
+    KForm *form() const override { return m_form; }
     ContractPartyGroup *firstParty() const { return m_first; }
     ContractPartyGroup *secondParty() const { return m_second; }
     // The notes, as the line shows them.

@@ -29,6 +29,10 @@ namespace {
 
 constexpr int instalmentSale = 2;
 
+double amountLeft(double amount, double inCash, double byCheque)
+{
+    return qMax(0.0, amount - inCash - byCheque);
+}
 }
 
 CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent)
@@ -164,8 +168,7 @@ QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFiel
 
 double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const
 {
-    const double paid = m_form->edit(u"dFixAmount"_s)->number() + m_form->edit(u"dAgreeAmount"_s)->number();
-    return qMax(0.0, contractAmount - paid);
+    return amountLeft(contractAmount, m_form->edit(u"dFixAmount"_s)->number(), m_form->edit(u"dAgreeAmount"_s)->number());
 }
 
 bool CDlgAddAutomobilContractMatter::validate()
@@ -199,8 +202,13 @@ void CDlgAddAutomobilContractMatter::write(CTblAutomobilContracts &contract)
 {
     m_form->store(contract);
     contract.m_sModel = toAsciiDigits(contract.m_sModel.trimmed());
-    // The page of an instalment sale has no line for what is left to pay, yet the printed contract states it: it is the
-    // amount split into instalments.
+    follow(contract);
+}
+
+// The page of an instalment sale has no line for what is left to pay, yet the printed contract states it: it is the amount split
+// into instalments.
+void CDlgAddAutomobilContractMatter::follow(CTblAutomobilContracts &contract)
+{
     if (contract.m_iContractType == instalmentSale)
-        contract.m_dRemainingAmount = amountLeftOf(contract.m_dAmount);
+        contract.m_dRemainingAmount = amountLeft(contract.m_dAmount, contract.m_dFixAmount, contract.m_dAgreeAmount);
 }

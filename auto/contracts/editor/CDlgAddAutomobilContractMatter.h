@@ -25,6 +25,7 @@ public:
     void fill(CTblAutomobilContracts &contract) override;
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilContracts &contract) override;
+    void follow(CTblAutomobilContracts &contract) override;
     QList<KForm::Problem> doubts() const override;
 
     // The fields of that type of contract, one that has this page.
@@ -36,7 +37,7 @@ public:
     // was too long and is cut.
     QStringList takeVehicle(const QList<ContractFieldText> &fields);
 
-    KForm *form() const { return m_form; }
+    KForm *form() const override { return m_form; }
     QPushButton *instalmentsButton() const { return m_instalments; }
 
 Q_SIGNALS:

@@ -198,7 +198,7 @@ void KForm::load(KMySQL &record)
 void KForm::store(KMySQL &record) const
 {
     for (const Item &item : m_items) {
-        if (item.used)
+        if (item.used && !item.field.readOnly)
             record.setValue(item.field.column, item.control->stored());
     }
 }

@@ -82,7 +82,8 @@ public:
     void setCompletions(const QString &column, const QStringList &texts);
 
     void load(KMySQL &record);
-    // Writes every control that is in use back into its member, those not displayed as well.
+    // Writes every control that is in use back into its member, those not displayed as well; not those of fields that are only
+    // shown (KFormField::readOnly).
     void store(KMySQL &record) const;
     // Read-only controls throughout, or as the fields say.
     void setShowMode(bool show);

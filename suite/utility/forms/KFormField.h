@@ -32,7 +32,7 @@ struct KFormField
     int maxLength = 0; // characters; 0: as many as the column holds
     double minimum = 0;
     double maximum = 0;       // a range of Integer; both 0: the kind's own
-    bool readOnly = false;    // never editable
+    bool readOnly = false;    // never editable, and never written
     bool displayed = true;    // false: the control exists and keeps its value, but is not shown
     bool inWords = false;     // Money: the amount in words stands below the control
     QList<int> keys = {};     // Lookup: the key of each of the choices; empty where the page fills the drop-down

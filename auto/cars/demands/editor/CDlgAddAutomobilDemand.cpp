@@ -40,11 +40,13 @@ int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)
     const OfficeSettings settings = OfficeSettings::read();
     settings.requireOpen();
     const int key = addPlaceholder(settings.serverTime());
+    int saved = 0;
     const bool confirmed = NewRecord::keptByEditor<CTblAutomobilDemands>(key, [&] {
         CDlgAddAutomobilDemand dialog(key, EditorMode::New, parent);
-        return dialog.load() && dialog.exec() == QDialog::Accepted;
+        saved = dialog.load() && dialog.exec() == QDialog::Accepted ? dialog.key() : 0;
+        return saved != 0;
     });
-    return confirmed ? key : 0;
+    return confirmed ? saved : 0;
 }
 
 bool CDlgAddAutomobilDemand::EditDemand(int demandID, bool &refresh, QWidget *parent)
@@ -95,6 +97,7 @@ bool CDlgAddAutomobilDemand::load()
         leaveOnlyWayBack();
     m_base->fill(demand);
     showState(demand.m_iStatus, demand.m_iArchiveUserID);
+    remember(demand, pages());
     return true;
 }
 
@@ -103,9 +106,29 @@ bool CDlgAddAutomobilDemand::validatePages()
     return m_base->validate();
 }
 
-bool CDlgAddAutomobilDemand::save()
+QList<EditorPage<CTblAutomobilDemands> *> CDlgAddAutomobilDemand::pages() const
 {
-    return saveRecord<CTblAutomobilDemands>({m_base});
+    return {m_base};
+}
+
+void CDlgAddAutomobilDemand::save()
+{
+    saveRecord(pages());
+}
+
+int CDlgAddAutomobilDemand::saveAsNew()
+{
+    return addRecord(pages());
+}
+
+QString CDlgAddAutomobilDemand::recordName() const
+{
+    return u"تقاضا"_s;
+}
+
+QString CDlgAddAutomobilDemand::rightsForm() const
+{
+    return u"AutomobilDemands"_s;
 }
 
 bool CDlgAddAutomobilDemand::takeOutOfArchive()
@@ -114,10 +137,7 @@ bool CDlgAddAutomobilDemand::takeOutOfArchive()
         g_pDlgWarning->Show(u"شما اجازه تغییر دادن ندارید."_s, this);
         return false;
     }
-    GetDBSetting()->RequireOpenDB();
-    CTblAutomobilDemands demand;
-    if (loadRecord(demand))
-        CTblAutomobilDemands::unarchive(demand.m_iCode);
+    RecordArchiving::takeOut<CTblAutomobilDemands>(key());
     g_pDlgMessage->Show(u"این نامه از حالت بایگانی خارج شد."_s, this);
     return true;
 }

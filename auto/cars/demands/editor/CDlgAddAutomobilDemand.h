@@ -6,6 +6,7 @@
 #include "auto/editor/CDlgRecordEditor.h"
 
 class CDlgAddAutomobilDemandBase;
+class CTblAutomobilDemands;
 
 // The window in which one customer's demand is written, changed or shown: a row of tabs over its pages. One save writes the
 // demand's row.
@@ -36,9 +37,14 @@ public:
 
 protected:
     [[nodiscard]] bool validatePages() override;
-    [[nodiscard]] bool save() override;
+    void save() override;
+    [[nodiscard]] int saveAsNew() override;
+    QString recordName() const override;
+    QString rightsForm() const override;
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
+    QList<EditorPage<CTblAutomobilDemands> *> pages() const;
+
     CDlgAddAutomobilDemandBase *m_base = nullptr;
 };

@@ -202,6 +202,11 @@ bool CDlgAddAutomobilDemandBase::validate()
     return true;
 }
 
+QHash<QString, EditorTabPage::Entry> CDlgAddAutomobilDemandBase::furtherEntries() const
+{
+    return {{u"iPersonID"_s, {u"متقاضی"_s, m_person->codeEdit()}}};
+}
+
 void CDlgAddAutomobilDemandBase::write(CTblAutomobilDemands &demand)
 {
     m_form->store(demand);

@@ -24,8 +24,9 @@ public:
     void fill(CTblAutomobilDemands &demand) override;
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilDemands &demand) override;
+    QHash<QString, Entry> furtherEntries() const override;
 
-    KForm *form() const { return m_form; }
+    KForm *form() const override { return m_form; }
     PersonGroup *person() const { return m_person; }
     DemandReminder *reminder() const { return m_reminder; }
     ArchiveLine *archiveLine() const { return m_archiveLine; }

@@ -5,6 +5,7 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/utility/entries/KEdit.h"
@@ -15,6 +16,15 @@
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString lostMessage()
+{
+    return u"این تقاضا در این میان حذف شده یا از کاربر دیگری یادآوری گرفته است. یادآوری شما ذخیره نشد: %1"_s;
+}
+
+}
 
 DemandReminder::DemandReminder(QWidget *parent)
     : QGroupBox(u"يادآوري"_s, parent)
@@ -62,14 +72,17 @@ QString DemandReminder::description() const
 void DemandReminder::edit()
 {
     KErrorBoundary::guarded(this, [this] {
-        // It may have been deleted in the list of reminders meanwhile.
+        // It may have been deleted in the list of reminders meanwhile, or added at another desk.
+        m_alarmID = CTblAutomobilDemands::alarmOf(m_demandID);
         showReminder();
         if (m_alarmID != 0) {
             CDlgAddAlarm::Edit(m_alarmID, window());
         } else if (const int added =
                        CDlgAddAlarm::Add(m_proposed(), CTblAutomobilDemands::recordKind, m_demandID, m_demandCode, window())) {
-            CTblAutomobilDemands::setAlarm(m_demandID, added);
-            m_alarmID = added;
+            const QString typed = CTblAlarm::GetDesc(added);
+            if (!CTblAutomobilDemands::takeAlarm(m_demandID, added))
+                g_pDlgWarning->Show(lostMessage().arg(typed), window());
+            m_alarmID = CTblAutomobilDemands::alarmOf(m_demandID);
         }
     });
     showReminder();

@@ -69,6 +69,7 @@ bool CDlgAddAutomobilInformation::load()
     m_base->fill(car);
     m_sale->fill(car);
     showState(car.m_iStatus, car.m_iArchiveUserID);
+    remember(car, pages());
     return true;
 }
 
@@ -82,8 +83,12 @@ bool CDlgAddAutomobilInformation::OnOK()
 
 bool CDlgAddAutomobilInformation::validatePages()
 {
-    return validateInOrder<CTblAutomobilInformations>({m_base, m_sale}) && checkEntries()
-        && confirmDoubts<CTblAutomobilInformations>({m_base, m_sale});
+    return validateInOrder(pages()) && checkEntries() && confirmDoubts(pages()) && checkParties();
+}
+
+QList<CarEditorPage *> CDlgAddAutomobilInformation::pages() const
+{
+    return {m_base, m_sale};
 }
 
 bool CDlgAddAutomobilInformation::checkEntries()
@@ -103,10 +108,24 @@ bool CDlgAddAutomobilInformation::checkParties()
     return m_sale->refuse(u"شخص مالک و خریدار یکی است لطفا اصلاح کنید."_s, m_sale->buyer()->codeEdit());
 }
 
-bool CDlgAddAutomobilInformation::save()
+void CDlgAddAutomobilInformation::save()
 {
-    CTblAutomobilInformations car;
-    return loadRecord(car) && checkParties() && saveRecord<CTblAutomobilInformations>({m_base, m_sale});
+    saveRecord(pages());
+}
+
+int CDlgAddAutomobilInformation::saveAsNew()
+{
+    return addRecord(pages());
+}
+
+QString CDlgAddAutomobilInformation::recordName() const
+{
+    return u"خودرو"_s;
+}
+
+QString CDlgAddAutomobilInformation::rightsForm() const
+{
+    return u"AutomobilInformations"_s;
 }
 
 bool CDlgAddAutomobilInformation::takeOutOfArchive()
@@ -115,10 +134,7 @@ bool CDlgAddAutomobilInformation::takeOutOfArchive()
     archive.SetFormName(u"AutomobilInformationArchive"_s);
     if (!archive.CheckWriteSecurity())
         return false;
-    GetDBSetting()->RequireOpenDB();
-    CTblAutomobilInformations car;
-    if (loadRecord(car))
-        CTblAutomobilInformations::unarchive(car.m_iCode);
+    RecordArchiving::takeOut<CTblAutomobilInformations>(key());
     g_pDlgMessage->Show(u"این نامه از حالت بایگانی خارج شد."_s, this);
     return true;
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "auto/cars/register/editor/CarEditorPage.h"
 #include "auto/editor/CDlgRecordEditor.h"
 
 class CDlgAddAutomobilInformationBase;
@@ -36,10 +37,14 @@ public:
 protected:
     bool OnOK() override;
     [[nodiscard]] bool validatePages() override;
-    [[nodiscard]] bool save() override;
+    void save() override;
+    [[nodiscard]] int saveAsNew() override;
+    QString recordName() const override;
+    QString rightsForm() const override;
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
+    QList<CarEditorPage *> pages() const;
     // False, after a message, for entries that are no valid values and for a buyer who is also the owner.
     bool checkEntries();
     bool checkParties();

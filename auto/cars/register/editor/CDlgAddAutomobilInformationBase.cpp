@@ -205,6 +205,11 @@ void CDlgAddAutomobilInformationBase::write(CTblAutomobilInformations &car)
     SaveKStaticImageToLongBinary(*m_picture, car.m_oPicture);
 }
 
+QHash<QString, EditorTabPage::Entry> CDlgAddAutomobilInformationBase::furtherEntries() const
+{
+    return {{u"iPersonID"_s, {u"مالک"_s, m_owner->codeEdit()}}, {u"oPicture"_s, {u"عکس"_s, m_picture}}};
+}
+
 OfferedCar CDlgAddAutomobilInformationBase::offered() const
 {
     return {m_form->key(u"iAutomobilType"_s), m_form->key(u"iColor"_s),

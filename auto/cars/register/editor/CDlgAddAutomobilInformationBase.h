@@ -28,12 +28,13 @@ public:
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilInformations &car) override;
     QList<KForm::Problem> doubts() const override;
+    QHash<QString, Entry> furtherEntries() const override;
 
     // The car as it stands on the page, saved or not.
     OfferedCar offered() const;
     int code() const;
 
-    KForm *form() const { return m_form; }
+    KForm *form() const override { return m_form; }
     PersonGroup *owner() const { return m_owner; }
     KStaticImage *picture() const { return m_picture; }
     // The hint beside a VIN that looks wrong; empty otherwise.

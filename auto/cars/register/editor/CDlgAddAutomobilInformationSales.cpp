@@ -138,6 +138,20 @@ void CDlgAddAutomobilInformationSales::write(CTblAutomobilInformations &car)
     recompute();
     m_form->store(car);
     car.m_iPersonBuyerID = m_buyer->personID();
+    follow(car);
+}
+
+void CDlgAddAutomobilInformationSales::follow(CTblAutomobilInformations &car)
+{
+    SaleAmounts amounts;
+    for (const auto &[column, amount] : inputs)
+        amounts.*amount = car.value(column).toDouble();
+    car.m_dProfitAndLoss = profitAndLoss(amounts);
+}
+
+QHash<QString, EditorTabPage::Entry> CDlgAddAutomobilInformationSales::furtherEntries() const
+{
+    return {{u"iPersonBuyerID"_s, {u"خریدار"_s, m_buyer->codeEdit()}}};
 }
 
 void CDlgAddAutomobilInformationSales::pickTariff()

@@ -23,8 +23,10 @@ public:
     // The page has no checks of its own.
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilInformations &car) override;
+    void follow(CTblAutomobilInformations &car) override;
+    QHash<QString, Entry> furtherEntries() const override;
 
-    KForm *form() const { return m_form; }
+    KForm *form() const override { return m_form; }
     PersonGroup *buyer() const { return m_buyer; }
     // Key of the tariff chosen last. No column keeps it: a car that is opened again has none.
     int tariffID() const { return m_tariffID; }

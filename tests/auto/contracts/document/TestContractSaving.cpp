@@ -7,6 +7,7 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"
@@ -19,7 +20,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
+using ContractSaving::Decision;
 
 // The unit that saves a contract, without a window.
 class TestContractSaving : public QObject
@@ -56,10 +57,9 @@ private Q_SLOTS:
 
     void rowDocumentAndCustomFieldsAreWritten()
     {
-        const auto posted = ContractSaving::save(decision(), {{{5, u"ب"_s}}});
-        QVERIFY(posted);
-        QCOMPARE(posted->docNum, 1);
-        QCOMPARE(posted->fiscalYear, 1405);
+        const auto posted = ContractSaving::save(decision(), {{}, {{5, u"ب"_s}}});
+        QCOMPARE(posted.docNum, 1);
+        QCOMPARE(posted.fiscalYear, 1405);
         QCOMPARE(value("SELECT CONCAT_WS('/',iCode,sSerial,iStatus,sName1,dCommission,iDocNum,iFiscalYear) FROM AutomobilContracts"),
                  u"3/الف/1/علی/1000/1/1405"_s);
         QCOMPARE(value("SELECT CONCAT_WS('/',iNum,iFiscalYear,iKind,sDesc) FROM Documents"),
@@ -72,12 +72,11 @@ private Q_SLOTS:
 
     void savingAgainKeepsTheDocumentAndWhatWasLeftAlone()
     {
-        QVERIFY(ContractSaving::save(decision(), {{{5, u"ب"_s}}}));
+        (void)ContractSaving::save(decision(), {{}, {{5, u"ب"_s}}});
         GetDBSetting()->SetFiscalYear(1406);
-        const auto posted = ContractSaving::save(decision(2000), std::nullopt);
-        QVERIFY(posted);
-        QCOMPARE(posted->docNum, 1);
-        QCOMPARE(posted->fiscalYear, 1405);
+        const auto posted = ContractSaving::save(decision(2000));
+        QCOMPARE(posted.docNum, 1);
+        QCOMPARE(posted.fiscalYear, 1405);
         QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
         QCOMPARE(value("SELECT GROUP_CONCAT(dBed+dBes ORDER BY iID) FROM Docs"), u"2000,2000,90,90"_s);
         QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
@@ -86,36 +85,42 @@ private Q_SLOTS:
 
     void documentStandsBeforeTheRowAndTheCustomFieldsBehindIt()
     {
-        QVERIFY(ContractSaving::save(decision(), std::nullopt));
+        (void)ContractSaving::save(decision());
         const ObservedStatements observed(
             {u"START"_s, u"INSERT"_s, u"UPDATE"_s, u"DELETE"_s, u"COMMIT"_s});
-        QVERIFY(ContractSaving::save(decision(2000), {{{5, u"ب"_s}}}));
+        (void)ContractSaving::save(decision(2000), {{}, {{5, u"ب"_s}}});
         QStringList tables;
         for (const QString &statement : observed.taken())
             tables.append(statement.section(QRegularExpression(u"[ (]"_s), 0, 2));
         QCOMPARE(tables.join(u'|'),
                  u"START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
-                 "INSERT INTO Docs|UPDATE AutomobilContracts SET|DELETE FROM CustomFieldRecords|"
-                 "INSERT INTO CustomFieldRecords|COMMIT"_s);
+                 "INSERT INTO Docs|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
+                 "INSERT INTO CustomFieldRecords|INSERT INTO UnitTokens|COMMIT"_s);
     }
 
     void contractThatIsGoneIsNotSaved()
     {
         m_database.run(u"DELETE FROM AutomobilContracts"_s);
-        QVERIFY(!ContractSaving::save(decision(), {{{5, u"ب"_s}}}));
+        auto kind = RowChanged::Kind::Conflict;
+        try {
+            (void)ContractSaving::save(decision(), {{}, {{5, u"ب"_s}}});
+        } catch (const RowChanged &changed) {
+            kind = changed.kind();
+        }
+        QCOMPARE(kind, RowChanged::Kind::Gone);
         QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM CustomFieldRecords)"), u"0"_s);
     }
 
-    void withoutADocumentNothingIsSaved()
+    void inAClosedDatabaseNothingIsSaved()
     {
         GetDBSetting()->SetClosedDB(true);
         QString refusal;
         try {
-            (void)ContractSaving::save(decision(), std::nullopt);
+            (void)ContractSaving::save(decision());
         } catch (const KAccountingError &error) {
             refusal = error.userMessage();
         }
-        QCOMPARE(refusal, u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
+        QCOMPARE(refusal, OfficeSettings::closedMessage());
         QCOMPARE(value("SELECT CONCAT_WS('/',sName1,iStatus,iDocNum) FROM AutomobilContracts"), u"0/0"_s);
         QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
     }
@@ -124,7 +129,7 @@ private Q_SLOTS:
     {
         m_database.run(u"CREATE TRIGGER full BEFORE INSERT ON CustomFieldRecords FOR EACH ROW "
                        "SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='full'"_s);
-        QVERIFY_THROWS_EXCEPTION(CMySQLException, (void)ContractSaving::save(decision(), {{{5, u"ب"_s}}}));
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, (void)ContractSaving::save(decision(), {{}, {{5, u"ب"_s}}}));
         QCOMPARE(value("SELECT CONCAT_WS('/',sName1,iStatus,iDocNum) FROM AutomobilContracts"), u"0/0"_s);
         QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"), u"0"_s);
     }

@@ -171,17 +171,6 @@ private Q_SLOTS:
         QVERIFY(!refresh);
     }
 
-    void contractThatVanishedMakesOkDoNothing()
-    {
-        auto dialog = filledNew();
-        m_office->database().run(u"DELETE FROM AutomobilContracts"_s);
-        dialog->show();
-        dialog->accept();
-        QVERIFY(dialog->isVisible());
-        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"0"_s);
-    }
-
     void failedSaveKeepsTheWindowTheRowAndTheBooksAsTheyWere()
     {
         auto dialog = filledNew();

@@ -3,6 +3,7 @@
 
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/forms/FormTexts.h"
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/entries/KTextArea.h"
@@ -69,6 +70,61 @@ private Q_SLOTS:
         QCOMPARE(form.checkBox(flag)->text(), u"پرچم"_s);
         QVERIFY(!form.label(flag));
         QCOMPARE(form.comboBox(user)->count(), 3);
+    }
+
+    void fieldThatIsOnlyShownIsNotWritten()
+    {
+        KFormField shown{name, u"نام :"_s};
+        shown.readOnly = true;
+        SampleRecord record;
+        QWidget page;
+        KForm form({shown, {note, u"یادداشت :"_s}}, record, &page);
+        record.setValue(name, u"الف"_s);
+        form.load(record);
+        QCOMPARE(form.edit(name)->text(), u"الف"_s);
+        record.setValue(name, u"ب"_s);
+        form.edit(note)->setText(u"ج"_s);
+        form.store(record);
+        QCOMPARE(record.value(name).toString(), u"ب"_s);
+        QCOMPARE(record.value(note).toString(), u"ج"_s);
+    }
+
+    void valuesAreToldAsTheControlsShowThem_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("text") << name << QVariant(u"الف"_s) << u"نام"_s << u"الف"_s;
+        QTest::newRow("date") << date << QVariant(QDateTime(QDate(2026, 3, 21), QTime(9, 0), Qt::UTC)) << u"تاريخ"_s << u"1405/01/01"_s;
+        QTest::newRow("no date") << date << QVariant(QDateTime()) << u"تاريخ"_s << QString();
+        QTest::newRow("amount") << amount << QVariant(1500000.0) << u"مبلغ"_s << u"1,500,000"_s;
+        QTest::newRow("flag") << flag << QVariant(1) << u"پرچم"_s << u"بله"_s;
+        QTest::newRow("choice") << user << QVariant(2) << u"نوع"_s << u"سه"_s;
+    }
+
+    void valuesAreToldAsTheControlsShowThem()
+    {
+        QFETCH(QString, column);
+        QFETCH(QVariant, value);
+        QFETCH(QString, caption);
+        QFETCH(QString, text);
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        QCOMPARE(FormTexts::caption(form, column), caption);
+        QCOMPARE(FormTexts::text(form, column, value), std::optional(text));
+    }
+
+    void whatTheFormDoesNotKnowIsNotTold()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        QCOMPARE(FormTexts::caption(form, u"sNothing"_s), QString());
+        QVERIFY(!FormTexts::text(form, u"sNothing"_s, 1));
+        // A key that the drop-down does not offer.
+        QVERIFY(!FormTexts::text(form, user, 7));
     }
 
     void aLongNameDoesNotWidenADropDownOfNames()

@@ -475,16 +475,6 @@ private Q_SLOTS:
         QCOMPARE(load(demand, with).m_iUserID, 77);
     }
 
-    void aVanishedRowMakesTheSaveDoNothing()
-    {
-        const int key = addDemand();
-        const auto dialog = opened(key, EditorMode::Edit);
-        m_office->database().run(u"DELETE FROM AutomobilDemands"_s);
-        dialog->accept();
-        QCOMPARE(count("AutomobilDemands"), u"0"_s);
-        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-    }
-
     void aColourThatWasDeletedSinceIsKept()
     {
         const int key = addDemand([this](Demand &d) { d.m_iColor = m_black; });

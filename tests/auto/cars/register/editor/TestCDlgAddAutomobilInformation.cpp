@@ -360,20 +360,6 @@ private Q_SLOTS:
         QCOMPARE(carColumn("sDesc", key), u"چیزی"_s);
     }
 
-    void carThatVanishedStopsTheSaveWithoutAMessage()
-    {
-        const int key = m_office->addOwnedCar();
-        auto dialog = m_office->opened(key);
-        // Even where it would be reported that both parties are one person.
-        dialog->salePage()->buyer()->setPersonID(m_office->owner);
-        m_office->database().run(u"DELETE FROM AutomobilInformations"_s);
-        dialog->accept();
-        QVERIFY(dialog->isVisible());
-        QVERIFY(g_pDlgWarning->takeShown().isEmpty());
-        QVERIFY(g_pDlgMessage->takeShown().isEmpty());
-        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"0"_s);
-    }
-
     void carFirstSavedByAUserKeepsThatUserOnLaterSavesByOthers()
     {
         const int key = m_office->addOwnedCar();
