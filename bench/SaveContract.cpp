@@ -24,13 +24,13 @@ int contractID = 0;
 
 bool saveWith(double amount)
 {
-    RecordSaving::Decision<CTblAutomobilContracts> decision;
+    ContractSaving::Decision decision;
     decision.key = contractID;
     decision.write = [amount](CTblAutomobilContracts &contract) {
         contract.m_dCommission = amount;
         contract.m_sExplain = QString::number(amount);
     };
-    return ContractSaving::save(decision, std::nullopt).has_value();
+    return ContractSaving::save(decision).docNum != 0;
 }
 
 // Two saves that undo each other, so that each of them changes the row; the second is the state at the beginning.

@@ -137,7 +137,7 @@ private Q_SLOTS:
         m_window = std::make_unique<MainWindow>(DataFolder(m_folder.path()), GetAutoDBSetting());
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        for (const auto &[entry, command] : {std::pair(contracts, edit), std::pair(demands, edit), std::pair(cars, edit),
+        for (const auto &[entry, command] : {std::pair(contracts, create), std::pair(contracts, edit), std::pair(demands, edit), std::pair(cars, edit),
                                              std::pair(persons, edit), std::pair(documents, create), std::pair(invoices, newSale)}) {
             KListPage *page = openedList(entry);
             readBy([&] { QVERIFY(page->runCommand(command)); }, true);
@@ -210,7 +210,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("command");
         QTest::addColumn<int>("most");
         QTest::newRow("contract, new") << contracts << create << 4;
-        QTest::newRow("contract, edit") << contracts << edit << 5;
+        QTest::newRow("contract, edit") << contracts << edit << 6;
         QTest::newRow("contract, show") << contracts << show << 3;
         QTest::newRow("settings of the contracts") << contracts << u"settings"_s << 1;
         QTest::newRow("comprehensive report") << contracts << u"fullReport"_s << 19;

@@ -95,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(tables.join(u'|'),
                  u"START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
                  "INSERT INTO Docs|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
-                 "INSERT INTO CustomFieldRecords|INSERT INTO UnitTokens|COMMIT"_s);
+                 "INSERT INTO CustomFieldRecords|COMMIT"_s);
     }
 
     void contractThatIsGoneIsNotSaved()
