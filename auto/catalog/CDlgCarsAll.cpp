@@ -7,7 +7,9 @@
 #include "auto/catalog/CatalogImportDialogs.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/KMySQL.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
@@ -348,16 +350,22 @@ void CDlgCarsAll::deleteEntry(CatalogLevel level)
     const int key = selectedKey(level);
     if (m_pickMode || key == 0 || !CheckDeletionSecurity() || isChangeBlocked())
         return;
-    if (!CatalogEntries::name(level, key))
-        return;
+    const std::unique_ptr<KMySQL> asked = CatalogEntries::record(level, key);
+    if (!asked)
+        return refill(level);
     if (CatalogEntries::isUsed(level, key)) {
         g_pDlgWarning->Show(usedText(level), this);
         return;
     }
     if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
         return;
-    if (CatalogEntries::remove(level, key))
-        refill(level);
+    try {
+        if (!CatalogEntries::remove(level, *asked))
+            g_pDlgWarning->Show(usedText(level), this);
+    } catch (const RowDeleting::Refused &refused) {
+        g_pDlgWarning->Show(refused.userMessage(), this);
+    }
+    refill(level);
 }
 
 void CDlgCarsAll::importEntries()

@@ -8,7 +8,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/office/CDBSetting.h"
 
 #include <memory>
@@ -28,6 +28,19 @@ std::unique_ptr<KMySQL> makeRecords(CatalogLevel level)
         return std::make_unique<CTblCarModels>();
     case CatalogLevel::Class:
         return std::make_unique<CTblCarClasses>();
+    }
+    Q_UNREACHABLE();
+}
+
+KSql usesOf(CatalogLevel level, int key)
+{
+    switch (level) {
+    case CatalogLevel::Brand:
+        return KSql::formatted("SELECT cb.iID FROM AutomobilInformations ai, CarBrands cb WHERE cb.iID=ai.iAutomobilType AND ai.iAutomobilType=%1 LIMIT 1", key);
+    case CatalogLevel::Model:
+        return KSql::formatted("SELECT cm.iID FROM AutomobilInformations ai, CarModels cm WHERE cm.iID=ai.iModel AND ai.iModel=%1 LIMIT 1", key);
+    case CatalogLevel::Class:
+        return KSql::formatted("SELECT cc.iID FROM AutomobilInformations ai, CarClasses cc WHERE cc.iID=ai.iBrigade AND ai.iBrigade=%1 LIMIT 1", key);
     }
     Q_UNREACHABLE();
 }
@@ -90,29 +103,35 @@ bool CatalogEntries::isUsed(CatalogLevel level, int key)
 {
     CTblTemp statement;
     statement.Open(true, false, true);
-    switch (level) {
-    case CatalogLevel::Brand:
-        statement.FormatAndExecuteQuery("SELECT cb.iID FROM AutomobilInformations ai, CarBrands cb WHERE cb.iID=ai.iAutomobilType AND ai.iAutomobilType=%d LIMIT 1", key);
-        break;
-    case CatalogLevel::Model:
-        statement.FormatAndExecuteQuery("SELECT cm.iID FROM AutomobilInformations ai, CarModels cm WHERE cm.iID=ai.iModel AND ai.iModel=%d LIMIT 1", key);
-        break;
-    case CatalogLevel::Class:
-        statement.FormatAndExecuteQuery("SELECT cc.iID FROM AutomobilInformations ai, CarClasses cc WHERE cc.iID=ai.iBrigade AND ai.iBrigade=%d LIMIT 1", key);
-        break;
-    }
+    statement.ExecuteQuery(usesOf(level, key));
     return statement.HasResultRow();
 }
 
-bool CatalogEntries::remove(CatalogLevel level, int key)
+std::unique_ptr<KMySQL> CatalogEntries::record(CatalogLevel level, int key)
 {
-    const std::unique_ptr<KMySQL> record = makeRecords(level);
+    std::unique_ptr<KMySQL> record = makeRecords(level);
     if (!record->IsRecordExist(keyColumn, key))
+        return nullptr;
+    return record;
+}
+
+// Until the end of the unit no car begins to use the entry.
+bool CatalogEntries::remove(CatalogLevel level, KMySQL &asked)
+{
+    struct InUse
+    {};
+    const int key = asked.value(keyColumn).toInt();
+    try {
+        RowDeleting::run(asked, [&] {
+            CTblTemp statement;
+            statement.ExecuteQuery(usesOf(level, key) + " LOCK IN SHARE MODE");
+            if (statement.HasResultRow())
+                throw InUse();
+        });
+    } catch (const InUse &) {
         return false;
-    KTransaction transaction;
-    const bool deleted = record->Delete();
-    transaction.commit();
-    return deleted;
+    }
+    return true;
 }
 
 bool CatalogEntries::isNameTaken(int key, const QString &name, int parent)

@@ -9,7 +9,10 @@
 #include <QString>
 #include <QVector>
 
+#include <memory>
 #include <optional>
+
+class KMySQL;
 
 // Reads and writes the entries of the car catalog, level by level. Errors are CMySQLExceptions.
 namespace CatalogEntries {
@@ -34,8 +37,11 @@ bool rename(CatalogLevel level, int key, const QString &name);
 
 // Whether any car record refers to the entry.
 bool isUsed(CatalogLevel level, int key);
-// Deletes the entry with what its record class deletes along with it. False when it is gone already.
-bool remove(CatalogLevel level, int key);
+// The entry as a user is asked about it, for remove; null when it is gone.
+std::unique_ptr<KMySQL> record(CatalogLevel level, int key);
+// Deletes the entry with what its record class deletes along with it, in one unit of work. False, with nothing deleted, when a car
+// record refers to it by now. Throws RowDeleting::Refused.
+[[nodiscard]] bool remove(CatalogLevel level, KMySQL &asked);
 
 // The name editor's check, which looks among the models whatever level is edited; see CatalogFilter::sameName.
 bool isNameTaken(int key, const QString &name, int parent);

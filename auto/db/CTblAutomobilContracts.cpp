@@ -4,8 +4,10 @@
 #include "auto/db/CTblAutomobilContracts.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 
 using namespace Qt::StringLiterals;
@@ -25,14 +27,35 @@ QString CTblAutomobilContracts::GetTableName() const
 bool CTblAutomobilContracts::Delete()
 {
     requireRow("Delete");
+    KTransaction transaction(database());
+    const int docNum = ownsDocument() ? m_iDocNum : 0;
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE FROM AutomobilContracts WHERE iID=%d LIMIT 1", m_iID);
-    CTblDocuments::EmptyDoc(m_iDocNum, m_iFiscalYear, database());
-    CTblDocuments::DeleteDoc(m_iDocNum, m_iFiscalYear, 0, 0, QString(), database());
+    CTblDocuments::EmptyDoc(docNum, m_iFiscalYear, database());
+    CTblDocuments::DeleteDoc(docNum, m_iFiscalYear, 0, 0, QString(), database());
     CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
-    return KMySQL::Delete();
+    statement.FormatAndExecuteQuery("DELETE FROM AutomobilPayments WHERE iAutomobilContractID=%d", m_iID);
+    const bool deleted = KMySQL::Delete();
+    transaction.commit();
+    return deleted;
+}
+
+// A number is given again when the document that had it last was the newest and was deleted, so that the number alone does not
+// make a document this contract's.
+bool CTblAutomobilContracts::ownsDocument() const
+{
+    if (m_iDocNum < 1)
+        return false;
+    CTblTemp statement(database());
+    statement.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d AND iKind=%d", m_iDocNum, m_iFiscalYear,
+                                    Accounts::documentKindContract);
+    if (!statement.HasResultRow())
+        return false;
+    statement.FormatAndExecuteQuery("SELECT iID FROM AutomobilContracts WHERE iDocNum=%d AND iFiscalYear=%d AND iID<>%d LIMIT 1",
+                                    m_iDocNum, m_iFiscalYear, m_iID);
+    return !statement.HasResultRow();
 }
 
 QList<QStringList> CTblAutomobilContracts::fieldGroups()

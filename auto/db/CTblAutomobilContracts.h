@@ -146,9 +146,9 @@ public:
     explicit CTblAutomobilContracts(int database = 0);
     ~CTblAutomobilContracts() override;
 
-    // Deletes the loaded row together with its accounting document, attached files and custom field values, one after
-    // the other: when a step fails (CMySQLException), what was done before it stays done. Throws NoCurrentRow, and then
-    // deletes nothing, without a loaded row.
+    // Deletes the loaded row together with its accounting document, attached files, custom field values and instalments: all of
+    // it, or nothing (CMySQLException). A document that is not a contract's, or also another contract's, stays. Throws
+    // NoCurrentRow without a loaded row.
     bool Delete() override;
     QString GetTableName() const override;
 
@@ -171,4 +171,7 @@ public:
 protected:
     void DoFieldExchange() override;
     bool isLogged() const override { return true; }
+
+private:
+    bool ownsDocument() const;
 };

@@ -4,30 +4,11 @@
 #include "auto/db/CTblAutomobilInformations.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
-#include "suite/accounting/frame/KErrorText.h"
-
-#include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-Q_LOGGING_CATEGORY(lcCars, "tz.auto.cars")
-
-// Deletes what belongs to a car first; if that fails, the car is deleted all the same.
-template <class Work>
-void deleteRelated(const Work &work)
-{
-    try {
-        work();
-    } catch (const CMySQLException &) {
-        qCWarning(lcCars).noquote() << KErrorText::logText(std::current_exception());
-    }
-}
-
-}
 
 CTblAutomobilInformations::CTblAutomobilInformations(int database)
     : AutomobilInformationColumns(database)
@@ -39,9 +20,12 @@ CTblAutomobilInformations::~CTblAutomobilInformations() = default;
 bool CTblAutomobilInformations::Delete()
 {
     requireRow("Delete");
-    deleteRelated([this] { CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database()); });
-    deleteRelated([this] { CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database()); });
-    return KMySQL::Delete();
+    KTransaction transaction(database());
+    CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
+    CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
+    const bool deleted = KMySQL::Delete();
+    transaction.commit();
+    return deleted;
 }
 
 QList<QStringList> CTblAutomobilInformations::fieldGroups()

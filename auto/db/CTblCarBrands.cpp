@@ -4,6 +4,7 @@
 #include "auto/db/CTblCarBrands.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,12 +23,15 @@ QString CTblCarBrands::GetTableName() const
 bool CTblCarBrands::Delete()
 {
     requireRow("Delete");
+    KTransaction transaction(database());
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE cm, cb, cc FROM CarModels cm INNER JOIN CarBrands cb INNER JOIN CarClasses cc "
                                     "WHERE cc.iBrandID=cm.iID AND cb.iID=cm.iClassID AND cm.iClassID=%d",
                                     m_iID);
-    return KMySQL::Delete();
+    const bool deleted = KMySQL::Delete();
+    transaction.commit();
+    return deleted;
 }
 
 void CTblCarBrands::DoFieldExchange()

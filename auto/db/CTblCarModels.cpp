@@ -4,6 +4,7 @@
 #include "auto/db/CTblCarModels.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,12 +23,15 @@ QString CTblCarModels::GetTableName() const
 bool CTblCarModels::Delete()
 {
     requireRow("Delete");
+    KTransaction transaction(database());
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE cm, cc FROM CarModels cm INNER JOIN CarClasses cc\tWHERE cc.iBrandID=cm.iID "
                                     "AND cc.iBrandID=%d",
                                     m_iID);
-    return KMySQL::Delete();
+    const bool deleted = KMySQL::Delete();
+    transaction.commit();
+    return deleted;
 }
 
 void CTblCarModels::DoFieldExchange()

@@ -8,6 +8,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/lists/KListRows.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KChangeLog.h"
@@ -379,10 +380,27 @@ void KListPage::deleteSelected()
         return;
     const std::unique_ptr<KMySQL> record = makeRecord();
     const int key = m_list->currentKey();
-    if (!loadSelected(*record) || g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+    if (!loadSelected(*record)) {
+        if (key > 0)
+            recordDeleted(key);
         return;
-    record->Delete();
+    }
+    requireDeletable(*record);
+    if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
+        return;
+    try {
+        deleteRecord(*record);
+    } catch (const RowDeleting::Refused &refused) {
+        g_pDlgWarning->Show(refused.userMessage(), this);
+        if (!refused.isGone())
+            return refill();
+    }
     recordDeleted(key);
+}
+
+void KListPage::deleteRecord(KMySQL &asked)
+{
+    RowDeleting::run(asked);
 }
 
 std::unique_ptr<KMySQL> KListPage::makeRecord() const

@@ -104,6 +104,11 @@ protected:
     virtual void completeRows(QVector<KListModel::Row> &) { }
     virtual QString defaultSort() const { return u"iID"_s; }
     virtual int defaultLastColumn() const { return 1; }
+    // Before the user is asked: throws what keeps the record from being deleted.
+    virtual void requireDeletable(KMySQL &) { }
+    // Deletes the record, which holds the row as it was when the user was asked. What RowDeleting::Refused says is shown; the
+    // list then shows the row as it is now, or no longer.
+    virtual void deleteRecord(KMySQL &asked);
     // A selected record is gone from the table. The list removes its row; a list that must be read anew calls refill().
     virtual void recordDeleted(int key);
     virtual void activated(int key) = 0;  // double click or Enter on a row, outside select mode
@@ -131,8 +136,7 @@ protected:
     bool isOpened() const { return m_opened; }
     // Loads the selected row by its key; false without a selection or when the row has vanished.
     bool loadSelected(KMySQL &record) const;
-    // Asks, deletes through the record's own Delete, then recordDeleted. Nothing without the right, nor in select mode unless
-    // the list's traits say so.
+    // requireDeletable, asks, deleteRecord, then recordDeleted. Nothing without the right, nor in select mode unless the list's traits say so.
     void deleteSelected();
     // Runs the statement on the selected record unless it is archived already; statement takes the loaded record.
     void archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive);

@@ -7,6 +7,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
+#include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -156,13 +157,39 @@ private Q_SLOTS:
         const int model = m_office->addModel(brand, u"206"_s);
         m_office->addClass(model, u"تیپ 5"_s);
         const int other = m_office->addClass(model, u"تیپ 2"_s);
-        QVERIFY(CatalogEntries::remove(CatalogLevel::Class, other));
+        QVERIFY(CatalogEntries::remove(CatalogLevel::Class, *CatalogEntries::record(CatalogLevel::Class, other)));
         QCOMPARE(value(u"SELECT COUNT(*) FROM CarClasses"_s), u"1"_s);
-        QVERIFY(CatalogEntries::remove(CatalogLevel::Brand, brand));
+        const auto asked = CatalogEntries::record(CatalogLevel::Brand, brand);
+        QVERIFY(CatalogEntries::remove(CatalogLevel::Brand, *asked));
         QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM CarBrands)+(SELECT COUNT(*) FROM CarModels)"
                        "+(SELECT COUNT(*) FROM CarClasses)"_s),
                  u"0"_s);
-        QVERIFY(!CatalogEntries::remove(CatalogLevel::Brand, brand));
+        QVERIFY(!CatalogEntries::record(CatalogLevel::Brand, brand));
+    }
+
+    void whatAnotherDidWhileTheUserWasAskedKeepsTheEntry_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<bool>("isUsed"); // otherwise it is refused as changed
+        QTest::newRow("a car uses it") << u"UPDATE AutomobilInformations SET iAutomobilType=%1"_s << true;
+        QTest::newRow("renamed") << u"UPDATE CarBrands SET sName='b' WHERE iID=%1"_s << false;
+        QTest::newRow("gone") << u"DELETE FROM CarBrands WHERE iID=%1"_s << false;
+    }
+
+    void whatAnotherDidWhileTheUserWasAskedKeepsTheEntry()
+    {
+        QFETCH(QString, statement);
+        QFETCH(bool, isUsed);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        m_office->addClass(m_office->addModel(brand, u"206"_s), u"تیپ 5"_s);
+        m_office->addCar();
+        const auto asked = CatalogEntries::record(CatalogLevel::Brand, brand);
+        m_office->database().run(statement.arg(brand));
+        if (isUsed)
+            QVERIFY(!CatalogEntries::remove(CatalogLevel::Brand, *asked));
+        else
+            QVERIFY_THROWS_EXCEPTION(RowDeleting::Refused, (void)CatalogEntries::remove(CatalogLevel::Brand, *asked));
+        QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM CarModels)+(SELECT COUNT(*) FROM CarClasses)"_s), u"2"_s);
     }
 
     void theNameCheckLooksAmongTheModelsByTheirOwnKey()

@@ -481,6 +481,44 @@ private Q_SLOTS:
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
     }
 
+    // --- Deleting, while another desk is at work ---
+
+    void deletionSaysWhatAnotherDeskDidWhileItWasAsked_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("said");
+        QTest::addColumn<int>("left");
+        QTest::newRow("deleted") << u"DELETE FROM AutomobilContracts"_s << u"حذف کرده است"_s << 0;
+        QTest::newRow("archived") << u"UPDATE AutomobilContracts SET iArchiveUserID=1"_s << u"بایگانی کرده است"_s << 0;
+        QTest::newRow("got its document") << u"UPDATE AutomobilContracts SET iDocNum=5"_s << u"تغییر داده است"_s << 1;
+    }
+
+    void deletionSaysWhatAnotherDeskDidWhileItWasAsked()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, said);
+        QFETCH(int, left);
+        addNamed(u"a"_s);
+        CDlgAutomobilContracts page;
+        page.open();
+        static std::function<void()> meanwhile;
+        meanwhile = [this, statement] { m_office->database().run(statement); };
+        // The question is asked for real, and the other desk is quicker than the answer.
+        g_pDlgYesNo->answerAll(false);
+        KMessageDialog::setBox([](KMessageDialog::Kind, const QString &, KMessageDialog::Buttons, QWidget *) {
+            meanwhile();
+            return KMessageDialog::Yes;
+        });
+        page.runCommand(u"delete");
+        KMessageDialog::setBox(nullptr);
+        g_pDlgYesNo->answerAll(true);
+        const QStringList told = g_pDlgWarning->takeShown();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.constFirst().contains(said), qPrintable(told.constFirst()));
+        QCOMPARE(page.list()->count(), left);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), said.startsWith(u"حذف"_s) ? u"0"_s : u"1"_s);
+    }
+
     void archivingNeedsItsOwnRight()
     {
         const int key = addNamed(u"a"_s);

@@ -28,9 +28,12 @@ private Q_SLOTS:
     void nextCodeIsOneMoreThanTheHighest();
     void deleteRunsItsFiveStepsInOrder();
     void deleteTakesDocumentFilesAndCustomFieldsOfThisContractOnly();
+    void deletingTakesThePlanOfThisContractOnly();
+    void documentOfSomethingElseUnderTheSameNumberStays_data();
+    void documentOfSomethingElseUnderTheSameNumberStays();
     void deletingAContractWithoutADocumentDeletesNoDocument();
     void failureInTheFirstStepLeavesTheDocument();
-    void failureInALaterStepLeavesTheContractDeleted();
+    void failureInALaterStepLeavesAllAsItWas();
     void deleteWithoutARowIsAClearErrorAndDeletesNothing();
     void archiveAndBackSetTheTimeBothTimes();
     void liveObjectsAreCounted();
@@ -205,6 +208,38 @@ void TestCTblAutomobilContracts::deleteTakesDocumentFilesAndCustomFieldsOfThisCo
     QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iRecordID) FROM CustomFieldRecords"_s), QString::number(other));
 }
 
+void TestCTblAutomobilContracts::deletingTakesThePlanOfThisContractOnly()
+{
+    const qint32 key = addContract(1);
+    const qint32 other = addContract(2);
+    for (const qint32 contract : {key, other})
+        m_database.run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iDepartmentID) VALUES(%1,1),(%1,2)"_s.arg(contract));
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
+    QVERIFY(contract.Delete());
+    QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iAutomobilContractID) FROM AutomobilPayments"_s), u"%1,%1"_s.arg(other));
+}
+
+void TestCTblAutomobilContracts::documentOfSomethingElseUnderTheSameNumberStays_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::newRow("a receipt's") << u"UPDATE Documents SET iKind=3"_s;
+    QTest::newRow("another contract's") << u"INSERT INTO AutomobilContracts(iCode,iDocNum,iFiscalYear) VALUES(2,12,1405)"_s;
+}
+
+void TestCTblAutomobilContracts::documentOfSomethingElseUnderTheSameNumberStays()
+{
+    QFETCH(QString, statement);
+    const qint32 key = addContract(1, 12);
+    m_database.run(statement);
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(u"iID"_s, key));
+    QVERIFY(contract.Delete());
+    QVERIFY(!contract.IsRecordExist(u"iID"_s, key));
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"1"_s);
+}
+
 void TestCTblAutomobilContracts::deletingAContractWithoutADocumentDeletesNoDocument()
 {
     addContract(1, 12);
@@ -231,15 +266,16 @@ void TestCTblAutomobilContracts::failureInTheFirstStepLeavesTheDocument()
     QCOMPARE(count("FileDocs"), u"1"_s);
 }
 
-void TestCTblAutomobilContracts::failureInALaterStepLeavesTheContractDeleted()
+void TestCTblAutomobilContracts::failureInALaterStepLeavesAllAsItWas()
 {
     const qint32 key = addContract(1, 12);
     CTblAutomobilContracts contract;
     QVERIFY(contract.IsRecordExist(u"iID"_s, key));
     m_database.run(u"RENAME TABLE FileDocs TO FileDocsAway"_s);
     QVERIFY_THROWS_EXCEPTION(CMySQLException, contract.Delete());
-    QCOMPARE(count("AutomobilContracts"), u"0"_s);
-    QCOMPARE(count("Documents"), u"0"_s);
+    QCOMPARE(count("AutomobilContracts"), u"1"_s);
+    QCOMPARE(count("Documents"), u"1"_s);
+    QCOMPARE(count("Docs"), u"1"_s);
     QCOMPARE(count("CustomFieldRecords"), u"1"_s);
 }
 

@@ -211,18 +211,17 @@ private Q_SLOTS:
         QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(iID) FROM AutomobilInformations"_s), QString::number(other));
     }
 
-    void failedDeleteOfTheAttachedFilesDoesNotStopTheRow()
+    void failedDeleteOfTheAttachedFilesLeavesTheCar()
     {
         const int key = add([](Car &) {});
         addRelatedRecords(key);
-        m_database.run(u"RENAME TABLE FileDocs TO FileDocsAway"_s);
+        m_database.run(u"RENAME TABLE CustomFieldRecords TO CustomFieldRecordsAway"_s);
         Car car;
         QVERIFY(car.IsRecordExist(u"iID"_s, key));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"FileDocs"_s));
-        const bool deleted = car.Delete();
-        m_database.run(u"RENAME TABLE FileDocsAway TO FileDocs"_s);
-        QVERIFY(deleted);
-        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"0"_s);
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, car.Delete());
+        m_database.run(u"RENAME TABLE CustomFieldRecordsAway TO CustomFieldRecords"_s);
+        QCOMPARE(relatedRecords(key), 2);
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"1"_s);
     }
 };
 

@@ -845,9 +845,12 @@ private Q_SLOTS:
         const int key = addNamed(u"a"_s);
         Page page;
         page.open();
+        Page other;
+        other.open();
         m_office->database().run(u"DELETE FROM AutomobilInformations WHERE iID=%1"_s.arg(key));
-        for (const QString &command : {u"edit"_s, u"delete"_s})
-            QVERIFY(page.runCommand(command));
+        QVERIFY(page.runCommand(u"edit"));
+        QVERIFY(other.runCommand(u"delete"));
+        QCOMPARE(other.list()->count(), 0);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
         // Whoever archives is told why it is not done, and the list is read anew.
