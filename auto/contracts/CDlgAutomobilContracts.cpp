@@ -9,6 +9,7 @@
 #include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/contracts/printing/ContractPrintingDialogs.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/LeftPlaceholders.h"
 #include "auto/lists/WordCells.h"
 #include "auto/reports/income/CDlgAutoFullReport.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -52,6 +53,7 @@ QList<KListFilter> CDlgAutomobilContracts::filterTable() const
 KListTraits CDlgAutomobilContracts::traits() const
 {
     KListTraits traits;
+    traits.hasPlaceholders = true;
     traits.makePerson = personFilter(u"..."_s);
     traits.filterStretches = {{1, 3}, {3, 2}};
     return traits;
@@ -77,6 +79,12 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"settings"_s, u"تنظيمات"_s, C::StartsGroup, [this] { editSettings(); }, {}, u":/icons/settings.svg"_s},
         {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s, Access, u"AutoFullReport"_s},
     };
+}
+
+void CDlgAutomobilContracts::opening()
+{
+    if (!isReadOnly())
+        LeftPlaceholders::remove();
 }
 
 std::unique_ptr<KMySQL> CDlgAutomobilContracts::makeRecords() const

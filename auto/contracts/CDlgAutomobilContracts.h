@@ -29,6 +29,7 @@ protected:
     QList<KListColumn> columnTable() const override;
     QList<KListFilter> filterTable() const override;
     KListTraits traits() const override;
+    void opening() override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     QString defaultSort() const override { return u"iCode"_s; }

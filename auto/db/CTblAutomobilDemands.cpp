@@ -6,6 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 
 using namespace Qt::StringLiterals;
@@ -61,8 +62,8 @@ int CTblAutomobilDemands::archiveOlderThan(int days, qint32 userID, int database
     CTblTemp statement(database);
     statement.Open(false, false, true);
     return statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=%d, dateArchive=NOW() "
-                                           "WHERE iStatus=0 AND iArchiveUserID=0 AND DATEDIFF(NOW(), dateCreate)>%d",
-                                           userID, days);
+                                           "WHERE iStatus=0 AND iArchiveUserID=0 AND DATEDIFF(NOW(), dateCreate)>%d AND %s",
+                                           userID, days, Placeholders::none(u"AutomobilDemands"_s));
 }
 
 void CTblAutomobilDemands::setAlarm(qint32 id, qint32 alarmID, int database)

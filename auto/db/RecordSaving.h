@@ -7,6 +7,7 @@
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/db/KTransaction.h"
 
 #include <functional>
@@ -87,6 +88,7 @@ void save(const Decision<Record> &decision, const Parts<Record> &parts = {})
         if (record.m_iCode != codeBefore)
             RecordCodes::requireFree(record.GetTableName(), record.m_iCode, record.m_iID, record.database());
         writeWith(record, decision, parts, further);
+        Placeholders::confirm(record.GetTableName(), record.m_iID, record.database());
     });
 }
 

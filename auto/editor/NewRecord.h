@@ -3,6 +3,12 @@
 
 #pragma once
 
+#include "auto/db/RecordCodes.h"
+#include "suite/accounting/office/OfficeSession.h"
+#include "suite/accounting/office/Placeholders.h"
+#include "suite/db/KConnection.h"
+#include "suite/db/KTransaction.h"
+
 #include <QString>
 
 #include <exception>
@@ -10,13 +16,47 @@
 
 using namespace Qt::StringLiterals;
 
-// A new record is in its table before the user has entered anything in its editor.
+// A new record is in its table before the user has entered anything in its editor, as a placeholder that nobody else sees.
 namespace NewRecord {
 
-// Runs the editor of a record that has just been added. Unless it reports that the user confirmed, the record is
-// deleted again, however the window ended; what the editor throws is then rethrown. before: what to delete ahead of the record.
+// Adds the placeholder, with the next code; fill sets its other columns and may run again. Returns the key.
 template <class Record>
-[[nodiscard]] bool keptByEditor(int key, const std::function<bool()> &edit, const std::function<void()> &before = {})
+int add(const std::function<void(Record &)> &fill, int database = 0)
+{
+    KConnection::forThread(database).verify();
+    const QString session = OfficeSession::key(database);
+    int key = 0;
+    KTransaction::runReplayable(
+        [&] {
+            key = RecordCodes::add<Record>(fill, database);
+            Placeholders::add({Record(database).GetTableName(), key}, session, database);
+        },
+        database);
+    return key;
+}
+
+// Deletes the placeholder with what belongs to it. A record that has been saved stays, whatever its window came to know of that.
+template <class Record>
+void discard(int key, int database = 0)
+{
+    KTransaction::runReplayable(
+        [&] {
+            Record record(database);
+            const Placeholders::Row row{record.GetTableName(), key};
+            const bool isThere = record.lockRecord(key);
+            if (!Placeholders::contains(row, database))
+                return;
+            if (isThere)
+                record.Delete();
+            Placeholders::confirm(row.table, key, database);
+        },
+        database);
+}
+
+// Runs the editor of a placeholder. Unless it reports that the user confirmed, the placeholder is discarded, however the window
+// ended; what the editor throws is then rethrown.
+template <class Record>
+[[nodiscard]] bool keptByEditor(int key, const std::function<bool()> &edit)
 {
     bool confirmed = false;
     std::exception_ptr error;
@@ -25,12 +65,8 @@ template <class Record>
     } catch (...) {
         error = std::current_exception();
     }
-    Record record;
-    if (!confirmed && record.IsRecordExist(u"iID"_s, key)) {
-        if (before)
-            before();
-        record.Delete();
-    }
+    if (!confirmed)
+        discard<Record>(key);
     if (error)
         std::rethrow_exception(error);
     return confirmed;

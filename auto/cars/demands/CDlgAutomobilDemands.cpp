@@ -11,6 +11,7 @@
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
 #include "auto/db/CTblAutomobilDemandJoins.h"
 #include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/LeftPlaceholders.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/persons/PersonFilter.h"
@@ -89,6 +90,7 @@ KListTraits CDlgAutomobilDemands::traits() const
 {
     KListTraits traits;
     traits.lowestRowLimit = 0;
+    traits.hasPlaceholders = true;
     traits.makePerson = personFilter();
     traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
     return traits;
@@ -97,7 +99,10 @@ KListTraits CDlgAutomobilDemands::traits() const
 // Not requested by the user: without the archiving right nothing is shown, and a failure is retried at the next opening.
 void CDlgAutomobilDemands::opening()
 {
-    if (isReadOnly() || !KSecurity::IsGranted(archiveRights(), KSecurity::Access))
+    if (isReadOnly())
+        return;
+    LeftPlaceholders::remove();
+    if (!KSecurity::IsGranted(archiveRights(), KSecurity::Access))
         return;
     try {
         DemandArchiving::archiveOldOnes(GetDBSetting()->GetUserID());

@@ -6,6 +6,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/db/KLookup.h"
 
 #include <QHash>
@@ -32,7 +33,7 @@ std::vector<FittingCar> fittingCars(const DemandWishes &wishes, int database)
     cars.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
                      u"iBrigade"_s, u"iModel"_s, u"iColor"_s,
                      u"sNumOfPlates"_s, u"dAmount"_s, u"iYear"_s, u"bSold"_s});
-    cars.m_filter = "iArchiveUserID=0 AND iStatus=0";
+    cars.m_filter = "iArchiveUserID=0 AND iStatus=0 AND " + Placeholders::none(cars.GetTableName());
     std::vector<FittingCar> found;
     for (cars.Open(true, true, true); !cars.IsEOF(); cars.MoveNext()) {
         const OfferedCar offer{cars.m_iAutomobilType, cars.m_iColor, cars.m_iYear, cars.m_dAmount, cars.m_bSold != 0};

@@ -6,6 +6,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/db/KLookup.h"
 
 #include <QHash>
@@ -31,7 +32,7 @@ std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
                         u"iModelFrom"_s, u"iModelUpTo"_s, u"iColor"_s,
                         u"dAmountFrom"_s, u"dAmountUpTo"_s, u"dateReference"_s,
                         u"dateMaxTimeNeed"_s, u"sDescSpecial"_s});
-    demands.m_filter = "iArchiveUserID=0 AND iStatus=0";
+    demands.m_filter = "iArchiveUserID=0 AND iStatus=0 AND " + Placeholders::none(demands.GetTableName());
     const QDate today = GetDBSetting()->GetDBServerDate().date();
     std::vector<FittingDemand> found;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {

@@ -13,7 +13,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "auto/db/RecordCodes.h"
+#include "auto/db/LeftPlaceholders.h"
 #include "auto/editor/NewRecord.h"
 #include "auto/lists/WordCells.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -118,6 +118,7 @@ KListTraits CDlgAutomobilInformations::traits() const
 {
     KListTraits traits;
     traits.emptySort = u"sTitle"_s;
+    traits.hasPlaceholders = true;
     traits.searchColumn = 4; // after the state and the check box, which saves the list a line of height
     traits.makePerson = personFilter();
     traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
@@ -127,6 +128,12 @@ KListTraits CDlgAutomobilInformations::traits() const
 QString CDlgAutomobilInformations::defaultSort() const
 {
     return u"ai.iCode"_s;
+}
+
+void CDlgAutomobilInformations::opening()
+{
+    if (!isReadOnly())
+        LeftPlaceholders::remove();
 }
 
 std::unique_ptr<KMySQL> CDlgAutomobilInformations::makeRecords() const
@@ -164,7 +171,7 @@ void CDlgAutomobilInformations::presetFromDemand()
 int CDlgAutomobilInformations::addPlaceholder()
 {
     const QDateTime now = GetDBSetting()->GetDBServerDate();
-    return RecordCodes::add<CTblAutomobilInformations>([&now](CTblAutomobilInformations &car) {
+    return NewRecord::add<CTblAutomobilInformations>([&now](CTblAutomobilInformations &car) {
         car.m_dateCreate = now;
         car.m_iYear = GetShamsiYearOfToday();
     });

@@ -35,6 +35,7 @@ protected:
     QList<KListFilter> filterTable() const override;
     std::vector<KListCommand> commands() override;
     KListTraits traits() const override;
+    void opening() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     std::unique_ptr<KMySQL> makeRecord() const override;
     QString defaultSort() const override;

@@ -13,7 +13,6 @@
 #include "auto/contracts/editor/ContractTitle.h"
 #include "auto/contracts/editor/LoadCarForContract.h"
 #include "auto/contracts/editor/MatterVisibility.h"
-#include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
@@ -39,7 +38,7 @@ OfficeSettings CDlgAddAutomobilContract::readSettings()
 int CDlgAddAutomobilContract::addPlaceholder(const OfficeSettings &settings)
 {
     const ContractSettings rates = ContractSettings::of(settings);
-    return RecordCodes::add<CTblAutomobilContracts>([&](CTblAutomobilContracts &contract) {
+    return NewRecord::add<CTblAutomobilContracts>([&](CTblAutomobilContracts &contract) {
         contract.m_dateCreate = settings.serverTime();
         contract.m_iUserID = GetDBSetting()->GetUserID();
         contract.m_dPercentTax = contract.m_dPercentTax2 = rates.taxPercent;
@@ -57,8 +56,7 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent)
         saved = edit(key, ContractEditorMode::New, settings, parent);
         return saved != 0;
     };
-    // A plan stored meanwhile would be left without its contract.
-    return NewRecord::keptByEditor<CTblAutomobilContracts>(key, confirmed, [key] { StoredInstalments::remove(key); }) ? saved : 0;
+    return NewRecord::keptByEditor<CTblAutomobilContracts>(key, confirmed) ? saved : 0;
 }
 
 bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)

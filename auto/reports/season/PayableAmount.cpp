@@ -6,6 +6,7 @@
 #include "suite/db/CTblTemp.h"
 #include "auto/reports/season/SeasonBounds.h"
 #include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/office/Placeholders.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,8 +32,9 @@ PayableAmount PayableAmount::ofSeason(int season, int shamsiYear)
     statement.Open(false, false, true);
     statement.ExecuteQuery(KSql::formatted("SELECT SUM(dPayFirst), SUM(dPaySecond), SUM(dCommission*2), SUM(dtax), SUM(dtax2), "
                                            "SUM(dImposition), SUM(dImposition2) FROM AutomobilContracts WHERE %1 AND iStatus=0 "
-                                           "ORDER BY dateContract",
-                                           Season::condition("dateContract", bounds)));
+                                           "AND %2 ORDER BY dateContract",
+                                           Season::condition("dateContract", bounds),
+                                           Placeholders::none(u"AutomobilContracts"_s)));
     PayableAmount amount;
     amount.sales = statement.GetDoubleFieldValue(twiceTheCommission);
     // The lines of purchase invoices count as sales, those of sales invoices as purchases.

@@ -11,6 +11,7 @@
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/persons/CTblPersons.h"
 
 #include <QHash>
@@ -204,7 +205,7 @@ QVector<Gatherer::Contract> Gatherer::readContracts()
                        u"dImposition"_s, u"iDocNum"_s, u"iPersonContract1"_s,
                        u"iPersonContract2"_s, u"bReturn"_s, u"dTax2"_s,
                        u"dImposition2"_s, u"iFiscalYear"_s});
-    record.m_filter = Season::condition("dateContract", m_bounds) + " AND iStatus=0";
+    record.m_filter = Season::condition("dateContract", m_bounds) + " AND iStatus=0 AND " + Placeholders::none(record.GetTableName());
     record.m_sort = "dateContract";
     for (record.Open(true, true, true); !record.IsEOF(); record.MoveNext()) {
         const SeasonalRules::Contract figures{

@@ -11,6 +11,7 @@
 #include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/lists/KListRows.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -23,6 +24,8 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -290,10 +293,21 @@ KSql KListPage::filterClauses() const
     return filters().condition(GetDBSetting()->GetUserID());
 }
 
+// What the list adds to its filter stands before it: a filter may end by grouping the rows.
+KSql KListPage::listed(KMySQL &records, const KSql &filter) const
+{
+    if (!m_traits.hasPlaceholders)
+        return filter;
+    const std::vector<KMySQL::Column> &columns = records.columns();
+    const auto joined = std::ranges::find_if(columns, [](const KMySQL::Column &column) { return column.name.endsWith(u".iID"); });
+    const KSql saved = Placeholders::none(records.GetTableName(), joined == columns.cend() ? QString() : joined->name);
+    return filter.isEmpty() ? saved : saved + " AND " + filter;
+}
+
 QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
 {
     KMySQL &set = records();
-    set.m_filter = filter;
+    set.m_filter = listed(set, filter);
     set.m_sort = KSql::order(m_order.sort());
     set.SetLimit(rowLimit());
     set.Open(true, true, true);

@@ -170,6 +170,7 @@ private:
     void updateCommands();
     void sortBy(int column);
     KMySQL &records();
+    KSql listed(KMySQL &records, const KSql &filter) const;
     QVector<KListModel::Row> readRows(const KSql &filter);
     QVector<KListModel::Row> makeRows(KMySQL &records);
     void restoreSelection(int rememberedRow);

@@ -20,6 +20,7 @@ struct KListTraits
     int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
     QString filterTitle = u"فيلتر جستجو"_s;
     bool deletesInSelectMode = false;
+    bool hasPlaceholders = false;                    // true: the table gets rows of editors that are open, which no list shows
     bool readsWholeRecords = false;                  // true: every column of the record is fetched, not only those that the table reads
     KFilterControl::Maker makePerson = {};           // the field of a person filter; a list that has one sets it
     QList<std::pair<int, int>> filterStretches = {}; // columns of the filter's grid that take the room left, with their shares

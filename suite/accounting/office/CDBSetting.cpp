@@ -9,6 +9,7 @@
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/OfficeSession.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -72,6 +73,7 @@ void CDBSetting::Logout()
     m_admin = false;
     KSecurity::setUser(m_userID, m_admin);
     KChangeLog::setAuthor(0);
+    OfficeSession::end();
 }
 
 bool CDBSetting::IsClosedDB() const

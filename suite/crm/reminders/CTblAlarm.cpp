@@ -4,7 +4,9 @@
 #include "suite/crm/reminders/CTblAlarm.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/reminders/AlarmTime.h"
 
 using namespace Qt::StringLiterals;
@@ -16,10 +18,12 @@ KSql ofUser(int userID)
     return KSql::formatted(" AND iUserID=%1", userID);
 }
 
-// By the server's clock, which all machines of an office share.
+// By the server's clock, which all machines of an office share. A demand that nobody has saved yet reminds nobody.
 KSql dueCondition(int userID)
 {
-    return KSql::formatted("iStatus=%1 AND date<=NOW()", CTblAlarm::statusOpen) + ofUser(userID);
+    return KSql::formatted("iStatus=%1 AND date<=NOW()", CTblAlarm::statusOpen) + ofUser(userID)
+        + KSql::formatted(" AND (iTable<>%1 OR %2)", int(RecordKind::AutomobilDemandReminder),
+                          Placeholders::none(u"AutomobilDemands"_s, u"Alarms.iRecordID"_s));
 }
 
 }

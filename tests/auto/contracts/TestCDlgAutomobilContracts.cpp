@@ -481,6 +481,55 @@ private Q_SLOTS:
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
     }
 
+    // --- Contracts of editors that are open ---
+
+    void contractOfAnOpenEditorIsNeitherListedNorCountedNorPicked_data()
+    {
+        QTest::addColumn<bool>("picks");
+        QTest::newRow("list") << false;
+        QTest::newRow("picker") << true;
+    }
+
+    void contractOfAnOpenEditorIsNeitherListedNorCountedNorPicked()
+    {
+        QFETCH(bool, picks);
+        const int saved = addNamed(u"a"_s);
+        const int open = CDlgAddAutomobilContract::addPlaceholder();
+        CDlgAutomobilContracts page;
+        page.setSelectMode(picks, open);
+        page.open();
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(page.list()->currentKey(), saved);
+        QCOMPARE(page.countText(), u"تعداد : 1"_s);
+        page.setRowLimit(1);
+        page.refill();
+        QCOMPARE(page.countText(), u"تعداد : 1"_s);
+        // It is not removed either, and its code stays taken.
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"2"_s);
+        QCOMPARE(CTblAutomobilContracts::nextCode(), 3);
+    }
+
+    void openingTheListRemovesWhatADeadProgramLeft_data()
+    {
+        QTest::addColumn<bool>("closed");
+        QTest::newRow("open database") << false;
+        QTest::newRow("closed database") << true;
+    }
+
+    void openingTheListRemovesWhatADeadProgramLeft()
+    {
+        QFETCH(bool, closed);
+        addNamed(u"a"_s);
+        CDlgAddAutomobilContract::addPlaceholder();
+        m_office->database().run(u"UPDATE Placeholders SET sSession='a program that died'"_s);
+        GetDBSetting()->SetClosedDB(closed);
+        CDlgAutomobilContracts page;
+        page.open();
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), closed ? u"2"_s : u"1"_s);
+    }
+
     // --- Deleting, while another desk is at work ---
 
     void deletionSaysWhatAnotherDeskDidWhileItWasAsked_data()

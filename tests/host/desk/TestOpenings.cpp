@@ -182,9 +182,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("entry");
         QTest::addColumn<bool>("isModal");
         QTest::addColumn<int>("most");
-        QTest::newRow("contracts") << contracts << false << 3;
-        QTest::newRow("demands") << demands << false << 7;
-        QTest::newRow("cars") << cars << false << 7;
+        QTest::newRow("contracts") << contracts << false << 4;
+        QTest::newRow("demands") << demands << false << 8;
+        QTest::newRow("cars") << cars << false << 8;
         QTest::newRow("seasonal report") << u"گزارش فصلي"_s << true << 12;
         QTest::newRow("persons") << persons << false << 2;
         QTest::newRow("documents") << documents << false << 8;

@@ -32,7 +32,7 @@ QString titleOf(EditorMode mode)
 
 int CDlgAddAutomobilDemand::addPlaceholder(const QDateTime &now)
 {
-    return RecordCodes::add<CTblAutomobilDemands>([&now](CTblAutomobilDemands &demand) { demand.m_dateCreate = now; });
+    return NewRecord::add<CTblAutomobilDemands>([&now](CTblAutomobilDemands &demand) { demand.m_dateCreate = now; });
 }
 
 int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)

@@ -518,6 +518,21 @@ private Q_SLOTS:
         QCOMPARE(page.list()->cellText(0, u"specialDescription"), u"فوری"_s);
     }
 
+    void demandOfAnOpenEditorIsNotListedAndThatOfADeadProgramIsRemoved()
+    {
+        addDemand();
+        const int open = CDlgAddAutomobilDemand::addPlaceholder();
+        const int left = CDlgAddAutomobilDemand::addPlaceholder();
+        // A person, without whom no demand is listed.
+        m_office->database().run(u"UPDATE AutomobilDemands SET iPersonID=%1 WHERE iID IN (%2,%3)"_s.arg(m_person).arg(open).arg(left));
+        m_office->database().run(u"UPDATE Placeholders SET sSession='a program that died' WHERE iRecordID=%1"_s.arg(left));
+        Page page;
+        page.open();
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"2"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM Placeholders"_s), u"1"_s);
+    }
+
     void commandOnAVanishedDemandDoesNothing()
     {
         addDemand();

@@ -5,6 +5,7 @@
 
 #include "auto/settings/ContractSettings.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
@@ -119,6 +120,15 @@ private Q_SLOTS:
         addDemand(u"'2019-03-21'"_s);
         QCOMPARE(DemandArchiving::archiveOldOnes(user) == 1, goes);
         QCOMPARE(archived() == u"1"_s, goes);
+    }
+
+    void demandOfAnOpenEditorIsNotArchived()
+    {
+        addDemand(u"'2019-03-21'"_s);
+        Placeholders::add({u"AutomobilDemands"_s, m_database.value(u"SELECT iID FROM AutomobilDemands"_s).toInt()}, u"another desk"_s);
+        QCOMPARE(DemandArchiving::archiveOldOnes(user), 0);
+        m_database.run(u"DELETE FROM Placeholders"_s);
+        QCOMPARE(DemandArchiving::archiveOldOnes(user), 1);
     }
 
     void anyNumberOfDemandsIsOneStatement()

@@ -9,6 +9,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
@@ -217,6 +218,19 @@ private Q_SLOTS:
     {
         QVERIFY(!MatchingCars::of(4711));
         QVERIFY(!MatchingDemands::of(4711));
+    }
+
+    void whatAnOpenEditorHasAddedMatchesNothing()
+    {
+        const int demand = addDemand(1);
+        const int car = addCar(2);
+        QCOMPARE(codesOf(*MatchingCars::of(demand)), QList<int>{2});
+        QCOMPARE(codesOf(*MatchingDemands::of(car)), QList<int>{1});
+        Placeholders::add({u"AutomobilInformations"_s, car}, u"another desk"_s);
+        Placeholders::add({u"AutomobilDemands"_s, demand}, u"another desk"_s);
+        QVERIFY(codesOf(*MatchingCars::of(demand)).isEmpty());
+        QVERIFY(codesOf(*MatchingDemands::of(car)).isEmpty());
+        m_database.run(u"DELETE FROM Placeholders"_s);
     }
 
     // One statement however many cars there are, and none that reads pictures.

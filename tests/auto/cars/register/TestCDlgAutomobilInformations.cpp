@@ -860,6 +860,20 @@ private Q_SLOTS:
         QVERIFY(g_pDlgMessage->takeShown().isEmpty());
     }
 
+    void carOfAnOpenEditorIsNotListedAndThatOfADeadProgramIsRemoved()
+    {
+        const int saved = addNamed(u"a"_s);
+        Page::addPlaceholder();
+        const int left = Page::addPlaceholder();
+        m_office->database().run(u"UPDATE Placeholders SET sSession='a program that died' WHERE iRecordID=%1"_s.arg(left));
+        Page page;
+        page.open();
+        QCOMPARE(page.list()->count(), 1);
+        QCOMPARE(page.list()->currentKey(), saved);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), u"2"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM Placeholders"_s), u"1"_s);
+    }
+
     void selectModePicksACarAndBeginsAtTheOneChosenBefore()
     {
         const int first = addNamed(u"a"_s);

@@ -10,6 +10,7 @@
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
@@ -120,6 +121,18 @@ private Q_SLOTS:
         const KEdit *result = named<KEdit>(dialog, u"نتيجه :"_s);
         QCOMPARE(result->text(), u"-1,234,567"_s);
         QVERIFY(result->isEntryValid()); // and not marked as a wrong entry
+    }
+
+    void contractOfAnOpenEditorIsNotCounted()
+    {
+        addContract(at(1, 1), 1000);
+        const int open = m_office.addContract([](CTblAutomobilContracts &contract) {
+            contract.m_dateContract = at(1, 2);
+            contract.m_dCommission = 70;
+        });
+        QCOMPARE(PayableAmount::ofSeason(0, year).sales, 2140.0);
+        Placeholders::add({u"AutomobilContracts"_s, open}, u"another desk"_s);
+        QCOMPARE(PayableAmount::ofSeason(0, year).sales, 2000.0);
     }
 
     void voidAndIncompleteOnesAreNotCounted_data()

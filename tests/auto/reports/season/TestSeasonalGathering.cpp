@@ -11,6 +11,7 @@
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/values/ShamsiDate.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -160,6 +161,9 @@ private Q_SLOTS:
         add(at(4, 1), 3);
         add(at(2, 1), 4, 1);
         add(at(1, 1), 5);
+        // Of an editor that is open.
+        add(at(2, 2), 6);
+        Placeholders::add({u"AutomobilContracts"_s, queried(u"SELECT iID FROM AutomobilContracts WHERE iCode=6"_s).toInt()}, u"another desk"_s);
         // In the order of their dates.
         const QStringList wanted{u"5"_s, u"5"_s, u"2"_s, u"2"_s};
         QCOMPARE(gathered(query()).column(SeasonalRow::Code), wanted);

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "suite/accounting/frame/RecordKinds.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 
 #include "suite/accounting/frame/KAccountingError.h"
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void descriptionForTheForm();
     void descriptionOfNoneIsEmpty();
     void dueAreTheUsersOpenOnesOfThePast();
+    void demandOfAnOpenEditorRemindsNobody();
     void loginTellsWhatDoesNotRepeatOnce();
     void loginTellsWhatRepeatsUntilDone();
     void loginTellsTheOldestFirst();
@@ -90,6 +93,21 @@ void TestCTblAlarm::dueAreTheUsersOpenOnesOfThePast()
     QCOMPARE(CTblAlarm::dueCount(me()), 1);
     QCOMPARE(CTblAlarm::dueCount(m_office.clerk()), 1);
     QCOMPARE(told(), QStringList{u"گذشته"_s});
+}
+
+void TestCTblAlarm::demandOfAnOpenEditorRemindsNobody()
+{
+    m_office.db.run(u"DELETE FROM Placeholders"_s);
+    Alarms::add(me(), -60, u"تقاضای باز"_s, [](CTblAlarm &alarm) {
+        alarm.m_iTable = RecordKind::AutomobilDemandReminder;
+        alarm.m_iRecordID = 5;
+    });
+    Alarms::add(me(), -60, u"چیز دیگر"_s, [](CTblAlarm &alarm) { alarm.m_iRecordID = 5; });
+    Placeholders::add({u"AutomobilDemands"_s, 5}, u"another desk"_s);
+    QCOMPARE(CTblAlarm::dueCount(me()), 1);
+    QCOMPARE(told(), QStringList{u"چیز دیگر"_s});
+    Placeholders::confirm(u"AutomobilDemands"_s, 5);
+    QCOMPARE(told(), QStringList{u"تقاضای باز"_s});
 }
 
 void TestCTblAlarm::loginTellsWhatDoesNotRepeatOnce()
