@@ -3,6 +3,7 @@
 
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 
+#include "auto/contracts/instalments/InstalmentReceiving.h"
 #include "auto/words/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -409,11 +410,24 @@ void CDlgCalcPayment::savePlan()
     // The plan in the list is stored already, unless it was just calculated.
     if (!m_plan)
         return;
-    const KWaitCursor wait;
-    StoredInstalments::save(m_contractID, m_contractCode, m_personID, m_plannedTerms, *m_plan);
+    if (!storePlan(StoredInstalments::keysOf(m_stored)))
+        return;
     loadPlan();
     typedWorkSaved();
     g_pDlgMessage->Show(u"اقساط ذخیره شد."_s, this);
+}
+
+// False when another plan was stored meanwhile and the user leaves that one as it is.
+bool CDlgCalcPayment::storePlan(const QList<int> &seen)
+{
+    try {
+        const KWaitCursor wait;
+        StoredInstalments::save({m_contractID, m_contractCode, m_personID}, seen, m_plannedTerms, *m_plan);
+        return true;
+    } catch (const StoredInstalments::Changed &changed) {
+        const QString question = changed.userMessage() + u"\nبرنامه شما جای آن ذخیره شود؟"_s;
+        return g_pDlgYesNo->Ask(question, this) != KMessageDialog::No && storePlan(changed.stored());
+    }
 }
 
 void CDlgCalcPayment::deletePlan()
@@ -422,7 +436,11 @@ void CDlgCalcPayment::deletePlan()
         return;
     if (g_pDlgYesNo->Ask(u"آیا از حذف اقساط این قرارداد اطمینان دارید؟"_s, this) == KMessageDialog::No)
         return;
-    StoredInstalments::remove(m_contractID);
+    try {
+        StoredInstalments::remove(m_contractID, StoredInstalments::keysOf(m_stored));
+    } catch (const KAccountingError &error) {
+        g_pDlgWarning->Show(error.userMessage(), this);
+    }
     loadPlan();
 }
 
@@ -456,12 +474,11 @@ void CDlgCalcPayment::receiveSelected()
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &stored) { return stored.id == key; });
     if (!m_confirmed || key <= 0 || selected == m_stored.cend() || selected->paid)
         return;
-    const QString description =
-        u"بابت قسط شماره %1 قرارداد شماره %2"_s.arg(selected->number).arg(m_contractCode);
+    const QString description = StoredInstalments::receiptText(selected->number, m_contractCode);
     const double amount = m_toReceive.at(static_cast<std::size_t>(selected - m_stored.cbegin()));
-    if (!GetDBSetting()->CashFromPersonMulti(m_personID, amount, description, this))
-        return;
-    StoredInstalments::markPaid(key);
+    GetDBSetting()->CashFromPersonMulti(m_personID, amount, description, this,
+                                        InstalmentReceiving::purpose(m_contractID, key, selected->number));
+    // Also when nothing was received here: somebody else may have received it.
     loadPlan();
     m_list->selectRow(row);
 }

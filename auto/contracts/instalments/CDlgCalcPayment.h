@@ -57,6 +57,7 @@ private:
     QWidget *buildSums();
     QWidget *buildButtons();
     void loadPlan();
+    bool storePlan(const QList<int> &seen);
     void showStored();
     void showPlan();
     void updateButtons();

@@ -3,8 +3,13 @@
 
 #include "auto/contracts/instalments/StoredInstalments.h"
 
+#include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilPayments.h"
+#include "auto/db/ContractLock.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
+#include "suite/db/KTransaction.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -55,6 +60,48 @@ QSet<int> paidIDs(int contractID)
     return ids;
 }
 
+// A plan has no row of its own, so that who changed it is noted for the contract under this name.
+const QString planName = u"InstalmentPlan"_s;
+
+void requireReplaceable(int contractID, const QList<int> &seen)
+{
+    CTblAutomobilContracts contract;
+    ContractLock::take(contract, contractID);
+    CTblTemp statement;
+    statement.ExecuteQuery("SELECT iID,iStatus FROM AutomobilPayments WHERE " + ofContract(contractID) + " ORDER BY date,iID FOR UPDATE");
+    QList<int> stored;
+    for (; statement.HasResultRow(); statement.MoveNextResult()) {
+        if (statement.GetLongFieldValue(1) != 0)
+            throw KAccountingError(u"در این میان قسطی از این قرارداد دریافت شده است و برنامه اقساط آن دیگر تغییر نمی‌کند. چیزی ذخیره نشد."_s);
+        stored.append(statement.GetLongFieldValue(0));
+    }
+    if (stored != seen)
+        throw StoredInstalments::Changed(u"%1 برنامه اقساط این قرارداد را در این میان تغییر داده است. چیزی ذخیره نشد."_s.arg(RowChanged::lastChange(planName, contractID)),
+                                         stored);
+}
+
+void deletePlan(int contractID)
+{
+    CTblTemp statement;
+    statement.Open(true, false, true);
+    statement.ExecuteQuery("DELETE FROM AutomobilPayments WHERE " + ofContract(contractID));
+}
+
+void addInstalment(CTblAutomobilPayments &payment, const StoredInstalments::Owner &owner, const InstalmentTerms &terms, const Instalment &instalment)
+{
+    payment.m_iDepartmentID = GetDBSetting()->GetDepartmentID();
+    payment.m_iAutomobilContractID = owner.contractID;
+    payment.m_iPersonID = owner.personID;
+    payment.m_date = QDateTime(instalment.due, QTime(0, 0), Qt::UTC);
+    payment.m_sDesc = u"قسط شماره %1 قرارداد %2"_s.arg(payment.m_iNum).arg(owner.contractCode);
+    payment.m_dAmount = instalment.amount;
+    payment.m_iUserID = GetDBSetting()->GetUserID();
+    (terms.intervalUnit == IntervalUnit::Days ? payment.m_iDays : payment.m_iMonths) = terms.interval;
+    payment.m_iLevel = terms.method == InterestMethod::DecliningPrincipal ? decliningLevel : wholeLevel;
+    payment.m_bPercentMonthly = terms.rateUnit == RateUnit::Monthly ? 1 : 0;
+    payment.Update(true);
+}
+
 }
 
 std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
@@ -71,29 +118,37 @@ std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
     return rows;
 }
 
-void StoredInstalments::save(int contractID, int contractCode, int personID, const InstalmentTerms &terms,
-                             const InstalmentPlan &plan)
+StoredInstalments::Changed::Changed(const QString &userMessage, QList<int> stored)
+    : KAccountingError(userMessage)
+    , m_stored(std::move(stored))
 {
-    remove(contractID);
-    CTblAutomobilPayments payment;
-    payment.Open(true, false, true);
-    int number = 0;
-    for (const Instalment &instalment : plan.instalments) {
-        payment.AddNew();
-        payment.m_iDepartmentID = GetDBSetting()->GetDepartmentID();
-        payment.m_iAutomobilContractID = contractID;
-        payment.m_iPersonID = personID;
-        payment.m_iNum = ++number;
-        payment.m_date = QDateTime(instalment.due, QTime(0, 0), Qt::UTC);
-        payment.m_sDesc = u"قسط شماره %1 قرارداد %2"_s.arg(number).arg(contractCode);
-        payment.m_dAmount = instalment.amount;
-        payment.m_dExtra = plan.interest / terms.count;
-        payment.m_iUserID = GetDBSetting()->GetUserID();
-        (terms.intervalUnit == IntervalUnit::Days ? payment.m_iDays : payment.m_iMonths) = terms.interval;
-        payment.m_iLevel = terms.method == InterestMethod::DecliningPrincipal ? decliningLevel : wholeLevel;
-        payment.m_bPercentMonthly = terms.rateUnit == RateUnit::Monthly ? 1 : 0;
-        payment.Update(true);
-    }
+}
+
+StoredInstalments::Changed::~Changed() = default;
+
+QList<int> StoredInstalments::keysOf(const std::vector<Row> &rows)
+{
+    QList<int> keys;
+    for (const Row &row : rows)
+        keys.append(row.id);
+    return keys;
+}
+
+void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const InstalmentTerms &terms, const InstalmentPlan &plan)
+{
+    KTransaction::runReplayable([&] {
+        requireReplaceable(owner.contractID, seen);
+        deletePlan(owner.contractID);
+        CTblAutomobilPayments payment;
+        int number = 0;
+        for (const Instalment &instalment : plan.instalments) {
+            payment.AddNew();
+            payment.m_iNum = ++number;
+            payment.m_dExtra = plan.interest / terms.count;
+            addInstalment(payment, owner, terms, instalment);
+        }
+        KChangeLog::note(planName, owner.contractID, KChange::Kind::Changed);
+    });
 }
 
 InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
@@ -119,16 +174,33 @@ InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
     return terms;
 }
 
-void StoredInstalments::remove(int contractID)
+void StoredInstalments::remove(int contractID, const QList<int> &seen)
 {
-    CTblTemp statement;
-    statement.Open(true, false, true);
-    statement.ExecuteQuery("DELETE FROM AutomobilPayments WHERE " + ofContract(contractID));
+    KTransaction::runReplayable([&] {
+        requireReplaceable(contractID, seen);
+        deletePlan(contractID);
+        KChangeLog::note(planName, contractID, KChange::Kind::Deleted);
+    });
 }
 
-void StoredInstalments::markPaid(int paymentID)
+QString StoredInstalments::receiptText(int number, int contractCode)
+{
+    return u"بابت قسط شماره %1 قرارداد شماره %2"_s.arg(number).arg(contractCode);
+}
+
+StoredInstalments::State StoredInstalments::lock(int contractID, int paymentID)
+{
+    CTblTemp statement;
+    statement.FormatAndExecuteQuery("SELECT iStatus FROM AutomobilPayments WHERE iID=%d AND iAutomobilContractID=%d FOR UPDATE", paymentID,
+                                    contractID);
+    if (!statement.HasResultRow())
+        return State::Gone;
+    return statement.GetLongFieldValue(0) == 0 ? State::Unpaid : State::Paid;
+}
+
+void StoredInstalments::setPaid(int paymentID, bool paid)
 {
     CTblTemp statement;
     statement.Open(true, false, true);
-    statement.FormatAndExecuteQuery("UPDATE AutomobilPayments SET iStatus=1 WHERE iID=%d", paymentID);
+    statement.FormatAndExecuteQuery("UPDATE AutomobilPayments SET iStatus=%d WHERE iID=%d", paid ? 1 : 0, paymentID);
 }

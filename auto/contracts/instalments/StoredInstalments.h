@@ -4,8 +4,10 @@
 #pragma once
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
+#include "suite/accounting/frame/KAccountingError.h"
 
 #include <QDateTime>
+#include <QList>
 #include <QString>
 
 #include <vector>
@@ -32,17 +34,53 @@ struct Row
 // In the order of their dates.
 std::vector<Row> load(int contractID);
 
-// Deletes the contract's earlier plan and adds the new one, row by row: when an insert fails (CMySQLException), the rows
-// before it stay and the earlier plan is gone.
-void save(int contractID, int contractCode, int personID, const InstalmentTerms &terms, const InstalmentPlan &plan);
+// The stored plan is another than the user had seen. Nothing was written.
+class Changed : public KAccountingError
+{
+public:
+    Changed(const QString &userMessage, QList<int> stored);
+    ~Changed() override;
+
+    // The keys of the plan as it is now.
+    QList<int> stored() const { return m_stored; }
+
+private:
+    QList<int> m_stored;
+};
+
+// The keys of a plan, to tell it from another one.
+QList<int> keysOf(const std::vector<Row> &rows);
+
+// Whom and what a plan is for.
+struct Owner
+{
+    int contractID = 0;
+    int contractCode = 0;
+    int personID = 0;
+};
+
+// Replaces the contract's earlier plan, of which the user saw the rows with these keys, by the new one: all of it, or nothing.
+// Throws Changed; and KAccountingError when an instalment is paid by now, or the contract is gone.
+void save(const Owner &owner, const QList<int> &seen, const InstalmentTerms &terms, const InstalmentPlan &plan);
 
 // The terms that a stored plan was made of, from its rows: the rate from the interest, the start from the first date.
 // There must be a row.
 InstalmentTerms termsOf(const std::vector<Row> &rows);
 
-void remove(int contractID);
+// Deletes the plan of which the user saw the rows with these keys. Throws as save does.
+void remove(int contractID, const QList<int> &seen);
 
-// Sets the paid state, which the record class does not bind.
-void markPaid(int paymentID);
+// The text that receiving an instalment proposes for the receipt.
+QString receiptText(int number, int contractCode);
+
+enum class State {
+    Unpaid,
+    Paid,
+    Gone // no longer in the plan of the contract
+};
+// Nobody else changes the instalment until the transaction ends.
+State lock(int contractID, int paymentID);
+// Sets the paid state, which the record class does not bind. Within a transaction that has locked the instalment.
+void setPaid(int paymentID, bool paid);
 
 }

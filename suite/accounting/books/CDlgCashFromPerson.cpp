@@ -31,10 +31,11 @@ constexpr int longestDescription = 500;
 
 }
 
-CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent)
+CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose)
     : KDialog(parent)
     , m_settings(OfficeSettings::read())
     , m_personID(personID)
+    , m_purpose(purpose)
     , m_person(new KEdit)
     , m_amount(new KEdit(KEdit::Kind::Money))
     , m_words(new AmountWords)
@@ -58,9 +59,9 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
 
 CDlgCashFromPerson::~CDlgCashFromPerson() = default;
 
-bool CDlgCashFromPerson::receive(int personID, double amount, const QString &desc, QWidget *parent)
+bool CDlgCashFromPerson::receive(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose)
 {
-    return CDlgCashFromPerson(personID, amount, desc, parent).exec() == Accepted;
+    return CDlgCashFromPerson(personID, amount, desc, parent, purpose).exec() == Accepted;
 }
 
 void CDlgCashFromPerson::build()
@@ -122,7 +123,8 @@ bool CDlgCashFromPerson::OnOK()
                                           .amount = m_amount->number(),
                                           .desc = m_desc->text(),
                                           .date = m_date->dateTime(),
-                                          .moeen = m_account->currentData().toInt()});
+                                          .moeen = m_account->currentData().toInt(),
+                                          .purpose = m_purpose});
     } catch (const KAccountingError &error) {
         return refuse(error.userMessage(), m_date);
     }

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/utility/frame/KDialog.h"
 
 class AmountWords;
@@ -18,11 +19,11 @@ class TZACCOUNTING_EXPORT CDlgCashFromPerson : public KDialog
     Q_OBJECT
 
 public:
-    CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent = nullptr);
+    CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent = nullptr, const ReceiptPurpose &purpose = {});
     ~CDlgCashFromPerson() override;
 
     // Opens the window and waits until it closes. True when a receipt was saved.
-    static bool receive(int personID, double amount, const QString &desc, QWidget *parent);
+    static bool receive(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose = {});
 
     // Number of the document that was written; 0 before that.
     int docNum() const { return m_docNum; }
@@ -36,6 +37,7 @@ private:
 
     const OfficeSettings m_settings; // as they were when the window was opened
     int m_personID;
+    const ReceiptPurpose m_purpose;
     int m_docNum = 0;
     KEdit *m_person;
     KEdit *m_amount;

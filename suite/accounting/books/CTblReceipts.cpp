@@ -8,7 +8,11 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/DocumentWriter.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/CTblUsers.h"
+#include "suite/utility/values/ShamsiDate.h"
+#include "suite/utility/values/TextStandard.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;
@@ -42,6 +46,18 @@ int writeDocument(const CTblReceipts::Receipt &receipt, int fiscalYear, int data
     return document.num();
 }
 
+// Locks it first, so that of two who make it void at once the second is told.
+void requireVoidable(CTblReceipts &receipt, int id, int fiscalYear)
+{
+    if (!receipt.lockRecord(id))
+        throw KAccountingError(u"این دریافت دیگر وجود ندارد."_s);
+    if (receipt.m_iStatus == CTblReceipts::voided)
+        throw KAccountingError(u"این دریافت را کاربر «%1» در %2 باطل کرده است."_s.arg(
+            CTblUsers::GetName(receipt.m_iVoidUserID, receipt.database()), shamsiText(receipt.m_dateVoid.date())));
+    if (receipt.m_iFiscalYear != fiscalYear)
+        throw KAccountingError(u"این دریافت از سال مالی %1 است و در سال مالی %2 باطل نمی‌شود."_s.arg(receipt.m_iFiscalYear).arg(fiscalYear));
+}
+
 }
 
 CTblReceipts::CTblReceipts(int database)
@@ -66,6 +82,13 @@ void CTblReceipts::DoFieldExchange()
     RFX_Long(u"iDocNum", m_iDocNum, u"شماره سند", u"Documents", u"iNum", u"iNum");
     RFX_Long(u"iFiscalYear", m_iFiscalYear, u"سال مالی");
     RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Long(u"iTable", m_iTable, u"");
+    RFX_Long(u"iRecordID", m_iRecordID, u"");
+    RFX_Long(u"iPaymentID", m_iPaymentID, u"");
+    RFX_Long(u"iStatus", m_iStatus, u"");
+    RFX_Long(u"iVoidUserID", m_iVoidUserID, u"باطل‌کننده", u"Users", u"iID", u"sUser");
+    RFX_Date(u"dateVoid", m_dateVoid, u"تاریخ ابطال");
+    RFX_Text(u"sVoidReason", m_sVoidReason, u"دلیل ابطال");
 }
 
 int CTblReceipts::receive(const Receipt &receipt, int database)
@@ -74,6 +97,8 @@ int CTblReceipts::receive(const Receipt &receipt, int database)
     int num = 0;
     KTransaction::runReplayable(
         [&] {
+            if (receipt.purpose.require)
+                receipt.purpose.require();
             const int fiscalYear = GetDBSetting()->FiscalYear();
             num = writeDocument(receipt, fiscalYear, database);
             CTblReceipts set(database);
@@ -85,8 +110,35 @@ int CTblReceipts::receive(const Receipt &receipt, int database)
             set.m_iDocNum = num;
             set.m_iFiscalYear = fiscalYear;
             set.m_iUserID = GetDBSetting()->GetUserID();
+            set.m_iTable = receipt.purpose.recordKind;
+            set.m_iRecordID = receipt.purpose.recordID;
+            set.m_iPaymentID = receipt.purpose.paymentID;
             set.Update(true);
+            if (receipt.purpose.received)
+                receipt.purpose.received();
         },
         database);
     return num;
+}
+
+void CTblReceipts::makeVoid(int id, const QString &reason, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    const QString why = ConvertToStandard(reason).trimmed();
+    if (why.isEmpty())
+        throw KAccountingError(u"لطفا دلیل ابطال را وارد نمایید."_s);
+    const int fiscalYear = GetDBSetting()->FiscalYear();
+    KTransaction::runReplayable(
+        [&] {
+            CTblReceipts receipt(database);
+            requireVoidable(receipt, id, fiscalYear);
+            receipt.Edit();
+            receipt.m_iStatus = voided;
+            receipt.m_iVoidUserID = GetDBSetting()->GetUserID();
+            receipt.m_dateVoid = GetDBSetting()->GetDBServerDate();
+            receipt.m_sVoidReason = why;
+            receipt.Update(true);
+            CTblDocuments::VoidDoc(receipt.m_iDocNum, receipt.m_iFiscalYear, database);
+        },
+        database);
 }

@@ -204,7 +204,7 @@ void CDBSetting::AddDialogToTabPage_(KTabPage *page, int, int)
     owned.release()->showIn(*m_tabHost);
 }
 
-bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent)
+bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose)
 {
     KSecurity security;
     security.SetFormName(u"Receipts"_s);
@@ -218,5 +218,5 @@ bool CDBSetting::CashFromPersonMulti(int personID, double amount, const QString 
         qCWarning(lcSetting) << "an amount was to be received, but there is no window for it";
         return false;
     }
-    return m_receiptWindow(personID, amount, desc, parent);
+    return m_receiptWindow(personID, amount, desc, parent, purpose);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/utility/frame/KTabHost.h"
 
 #include <QDateTime>
@@ -90,12 +91,13 @@ public:
     void AddDialogToTabPage_(KTabPage *page, int kind, int reserved);
 
     // The window that receives an amount from a person in cash or to a bank account; true when a receipt was saved.
-    using ReceiptWindow = std::function<bool(int personID, double amount, const QString &desc, QWidget *parent)>;
+    using ReceiptWindow =
+        std::function<bool(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose)>;
     // The host passes it in, once for the program.
     void SetReceiptWindow(const ReceiptWindow &window) { m_receiptWindow = window; }
     // Opens that window. False without the right to write receipts or in a closed database (the user is told), and
     // when no window was passed in.
-    bool CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent);
+    bool CashFromPersonMulti(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose = {});
 
 private:
     int m_userID = 0;

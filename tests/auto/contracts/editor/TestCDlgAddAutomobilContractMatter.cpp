@@ -652,7 +652,7 @@ private Q_SLOTS:
             terms.count = 2;
             terms.interval = 1;
             terms.start = QDate(2026, 5, 1);
-            StoredInstalments::save(key, 1, m_buyer, terms, instalmentPlan(terms));
+            StoredInstalments::save({key, 1, m_buyer}, {}, terms, instalmentPlan(terms));
             QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"2"_s);
             static_cast<QDialog *>(window)->reject();
         });

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
+#include "auto/contracts/instalments/InstalmentReceiving.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/books/CTblReceipts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -55,6 +57,13 @@ class TestCDlgCalcPayment : public QObject
         dialog.setTerms(terms());
         dialog.calculate();
         dialog.savePlan();
+    }
+
+    static void receive(CDlgCalcPayment &dialog, int row)
+    {
+        dialog.list()->selectRow(row);
+        TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        dialog.receiveSelected();
     }
 
 private Q_SLOTS:
@@ -418,7 +427,7 @@ private Q_SLOTS:
         QVERIFY(!standsOut(1));
     }
 
-    void failureDuringTheInsertsLeavesAPartialPlan()
+    void failureDuringTheInsertsLeavesTheEarlierPlan()
     {
         storePlan();
         CDlgCalcPayment dialog(m_contract, m_person, 0);
@@ -434,7 +443,134 @@ private Q_SLOTS:
         }
         m_office->database().run(u"DROP TRIGGER refuseThird"_s);
         QVERIFY(raised);
-        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"2"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"12"_s);
+        QCOMPARE(dialog.list()->count(), 5);
+    }
+
+    // --- Two desks ---
+
+    void planThatAnotherDeskStoredMeanwhileIsReplacedOnlyWhenTheUserSaysSo_data()
+    {
+        QTest::addColumn<bool>("replaces");
+        QTest::newRow("replaced") << true;
+        QTest::newRow("left") << false;
+    }
+
+    void planThatAnotherDeskStoredMeanwhileIsReplacedOnlyWhenTheUserSaysSo()
+    {
+        QFETCH(bool, replaces);
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms(5));
+        dialog.calculate();
+        storePlan();
+        g_pDlgMessage->takeShown();
+        g_pDlgYesNo->answerNext(replaces ? KMessageDialog::Yes : KMessageDialog::No);
+        dialog.savePlan();
+        const QString asked = g_pDlgYesNo->takeShown().join(u'|');
+        QVERIFY2(asked.contains(u"کاربر «مدیر»"_s) && asked.contains(u"برنامه شما جای آن ذخیره شود؟"_s), qPrintable(asked));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), replaces ? u"5"_s : u"12"_s);
+        QCOMPARE(g_pDlgMessage->takeShown().size(), replaces ? 1 : 0);
+        // What was calculated is still there.
+        QCOMPARE(dialog.list()->count(), 5);
+    }
+
+    void planIsNotDeletedWhenAnotherDeskStoredAnotherMeanwhile()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        {
+            CDlgCalcPayment other(m_contract, m_person, 0);
+            other.setTerms(terms(5));
+            other.calculate();
+            other.savePlan();
+        }
+        dialog.deletePlan();
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"5"_s);
+        QCOMPARE(dialog.list()->count(), 5);
+    }
+
+    void planWithAnInstalmentPaidMeanwhileIsNotReplaced()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms(5));
+        dialog.calculate();
+        m_office->database().run(u"UPDATE AutomobilPayments SET iStatus=1 WHERE iNum=2"_s);
+        dialog.button(saveButton)->click();
+        QVERIFY(g_pDlgWarning->takeShown().join(u'|').contains(u"دریافت شده است"_s));
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',COUNT(*),SUM(iStatus)) FROM AutomobilPayments"_s), u"12/1"_s);
+        QCOMPARE(dialog.list()->count(), 5);
+    }
+
+    void planOfAContractThatIsGoneIsNotStored()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.setTerms(terms());
+        dialog.calculate();
+        m_office->database().run(u"DELETE FROM AutomobilContracts"_s);
+        dialog.button(saveButton)->click();
+        QVERIFY(g_pDlgWarning->takeShown().join(u'|').contains(u"این قرارداد را در این میان حذف کرده است"_s));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilPayments"_s), u"0"_s);
+    }
+
+    void receiptSaysWhichInstalmentItIsFor()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        receive(dialog, 1);
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',r.iTable,r.iRecordID,p.iNum) FROM Receipts r JOIN AutomobilPayments p ON p.iID=r.iPaymentID"_s),
+                 u"69/%1/2"_s.arg(m_contract));
+    }
+
+    void instalmentThatTwoDesksReceiveIsReceivedOnce()
+    {
+        storePlan();
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        // The other desk is quicker while this one's window is open.
+        dialog.list()->selectRow(1);
+        QStringList told;
+        TestOffice::whenModal("CDlgCashFromPerson", [&](QWidget *window) {
+            const int payment = value(u"SELECT iID FROM AutomobilPayments WHERE iNum=2"_s).toInt();
+            CTblReceipts::receive({.personID = m_person, .amount = 112, .desc = u"a"_s, .date = GetDBSetting()->GetDBServerDate(), .moeen = 110101,
+                                   .purpose = InstalmentReceiving::purpose(m_contract, payment, 2)});
+            auto *receipt = static_cast<QDialog *>(window);
+            receipt->accept();
+            told = g_pDlgWarning->takeShown();
+            QVERIFY(receipt->isVisible());
+            static_cast<KDialog *>(receipt)->cancel();
+        });
+        dialog.receiveSelected();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.constFirst().startsWith(u"قسط شماره 2 را کاربر «مدیر» "_s), qPrintable(told.constFirst()));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"1"_s);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
+        // The window knows by now.
+        QCOMPARE(dialog.list()->cellText(1, 4), u"پرداخت شده"_s);
+        QVERIFY(dialog.isNoteShown());
+    }
+
+    void receiptAndMarkAreSavedTogetherOrNotAtAll()
+    {
+        storePlan();
+        const int payment = value(u"SELECT iID FROM AutomobilPayments WHERE iNum=2"_s).toInt();
+        m_office->database().run(u"CREATE TRIGGER refuseMark BEFORE UPDATE ON AutomobilPayments FOR EACH ROW SIGNAL SQLSTATE '45000'"_s);
+        const auto drop = qScopeGuard([this] { m_office->database().run(u"DROP TRIGGER refuseMark"_s); });
+        QVERIFY_THROWS_EXCEPTION(CMySQLException,
+                                 CTblReceipts::receive({.personID = m_person, .amount = 112, .desc = u"a"_s, .date = GetDBSetting()->GetDBServerDate(),
+                                                        .moeen = 110101, .purpose = InstalmentReceiving::purpose(m_contract, payment, 2)}));
+        QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"_s), u"0"_s);
+    }
+
+    void instalmentOfAPlanThatWasReplacedIsNotReceived()
+    {
+        storePlan();
+        const int payment = value(u"SELECT iID FROM AutomobilPayments WHERE iNum=2"_s).toInt();
+        m_office->database().run(u"DELETE FROM AutomobilPayments"_s);
+        QVERIFY_THROWS_EXCEPTION(KAccountingError,
+                                 CTblReceipts::receive({.personID = m_person, .amount = 112, .desc = u"a"_s, .date = GetDBSetting()->GetDBServerDate(),
+                                                        .moeen = 110101, .purpose = InstalmentReceiving::purpose(m_contract, payment, 2)}));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     }
 
     void planOnPaperHasItsTitleSumsAndRows()

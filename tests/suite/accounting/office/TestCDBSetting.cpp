@@ -129,7 +129,7 @@ void TestCDBSetting::withoutAReceiptWindowNothingIsReceived()
 void TestCDBSetting::receiptWindowGetsWhatIsToBeReceived()
 {
     QStringList received;
-    const auto window = [&received](int personID, double amount, const QString &desc, QWidget *) {
+    const auto window = [&received](int personID, double amount, const QString &desc, QWidget *, const ReceiptPurpose &) {
         received.append(u"%1 %2 %3"_s.arg(personID).arg(amount).arg(desc));
         return amount > 1;
     };
