@@ -8,6 +8,9 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/contracts/printing/ContractPrintingDialogs.h"
+#include "auto/contracts/receipts/CDlgContractReceipts.h"
+#include "auto/contracts/receipts/ContractDeleting.h"
+#include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/LeftPlaceholders.h"
 #include "auto/lists/WordCells.h"
@@ -68,7 +71,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"new"_s, u"جديد"_s, C::HiddenInReadOnly, [this] { addContract(); }, QKeySequence(Qt::Key_Insert),
          u":/icons/new.svg"_s, Write},
         {u"edit"_s, u"ويرايش"_s, onRow, [this] { editContract(); }, QKeySequence(Qt::Key_F2), u":/icons/edit.svg"_s, Modify},
-        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteSelected(); }, QKeySequence(Qt::Key_Delete),
+        {u"delete"_s, u"حذف"_s, onRow, [this] { deleteContract(); }, QKeySequence(Qt::Key_Delete),
          u":/icons/delete.svg"_s, Delete},
         {u"show"_s, u"نمايش"_s, onRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s, Read},
         {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveContract(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilContractArchive"_s},
@@ -160,8 +163,8 @@ void CDlgAutomobilContracts::settle(Side side)
         g_pDlgMessage->Show(u"این قرارداد باطل شده است."_s, this);
         return;
     }
-    GetDBSetting()->CashFromPersonMulti(due.personID, due.amount,
-                                        u"بابت کمسیون قرارداد شماره %1"_s.arg(contract.number()), this);
+    GetDBSetting()->CashFromPersonMulti(due.personID, due.amount, ContractReceipts::commissionText(contract.number()), this,
+                                        ContractReceipts::commission(contract, due.personID));
 }
 
 void CDlgAutomobilContracts::editSettings()
@@ -184,7 +187,29 @@ void CDlgAutomobilContracts::emptyAreaActivated()
 // A right click on a row is a shortcut for deleting it, after the question.
 void CDlgAutomobilContracts::rightClicked(int)
 {
-    deleteSelected();
+    deleteContract();
+}
+
+void CDlgAutomobilContracts::deleteContract()
+{
+    const int key = list()->currentKey();
+    try {
+        deleteSelected();
+    } catch (const ContractDeleting::MoneyReceived &received) {
+        const QString question = received.userMessage() + u"\nدریافت‌های این قرارداد برای ابطال نشان داده شود؟"_s;
+        if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::No)
+            CDlgContractReceipts::Show(key, this);
+    }
+}
+
+void CDlgAutomobilContracts::requireDeletable(KMySQL &record)
+{
+    ContractDeleting::requireNothingReceived(static_cast<CTblAutomobilContracts &>(record));
+}
+
+void CDlgAutomobilContracts::deleteRecord(KMySQL &asked)
+{
+    ContractDeleting::run(static_cast<CTblAutomobilContracts &>(asked));
 }
 
 KListReport CDlgAutomobilContracts::reportSpec() const

@@ -33,6 +33,8 @@ protected:
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     QString defaultSort() const override { return u"iCode"_s; }
+    void requireDeletable(KMySQL &record) override;
+    void deleteRecord(KMySQL &asked) override;
     void activated(int key) override;
     void emptyAreaActivated() override;
     void rightClicked(int key) override;
@@ -50,6 +52,7 @@ private:
     void showSelected();
     void showContract(int key);
     void archiveContract();
+    void deleteContract();
     void printContract();
     void settle(Side side);
     void editSettings();

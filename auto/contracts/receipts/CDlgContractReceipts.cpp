@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/receipts/CDlgContractReceipts.h"
+
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/KLookup.h"
+#include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+KSecurity receiptSecurity()
+{
+    KSecurity security;
+    security.SetFormName(u"Receipts"_s);
+    return security;
+}
+
+QVector<KListModel::Column> receiptColumns()
+{
+    return {{u"ردیف"_s, Qt::AlignCenter, 30},
+            {u"تاریخ"_s, Qt::AlignCenter, 60, {}, true},
+            {u"شخص"_s, Qt::AlignRight, 110},
+            {u"مبلغ"_s, Qt::AlignRight, 80},
+            {u"شرح"_s, Qt::AlignRight, 170},
+            {u"شماره سند"_s, Qt::AlignCenter, 50},
+            {u"وضعیت"_s, Qt::AlignRight, 130}};
+}
+
+QString stateOf(const ContractReceipts::Entry &entry)
+{
+    if (entry.isVoid)
+        return u"باطل (%1، %2): %3"_s.arg(CTblUsers::GetName(entry.voidUserID), shamsiText(entry.voidDate.date()), entry.voidReason);
+    return entry.receiptID == 0 ? u"پرداخت شده، بدون دریافت"_s : u"معتبر"_s;
+}
+
+KListModel::Row rowOf(int number, const ContractReceipts::Entry &entry, const QString &person)
+{
+    KListModel::Row row{number,
+                        {{QString::number(number), number},
+                         {shamsiText(entry.date.date()), entry.date.date()},
+                         {person},
+                         {DToMoney(entry.amount), entry.amount},
+                         {entry.description},
+                         entry.docNum > 0 ? KListModel::Cell{QString::number(entry.docNum), entry.docNum} : KListModel::Cell{},
+                         {stateOf(entry)}}};
+    row.warning = entry.isVoid;
+    return row;
+}
+
+}
+
+CDlgContractReceipts::CDlgContractReceipts(int contractID, QWidget *parent)
+    : KDialog(parent)
+    , m_contractID(contractID)
+{
+    const OfficeSettings settings = OfficeSettings::read();
+    m_moneyUnit = settings.moneyUnitName();
+    m_closed = settings.isClosed();
+    SetSettingName(u"AutomobilContracts\\Receipts"_s);
+    build();
+    resize(QSize(900, 420));
+    if (load())
+        m_list->selectRow(0);
+    m_list->setFocus();
+}
+
+CDlgContractReceipts::~CDlgContractReceipts() = default;
+
+void CDlgContractReceipts::Show(int contractID, QWidget *parent)
+{
+    CTblAutomobilContracts contract;
+    if (receiptSecurity().CheckReadSecurity() && contract.IsRecordExist(u"iID"_s, contractID))
+        CDlgContractReceipts(contractID, parent).exec();
+}
+
+void CDlgContractReceipts::build()
+{
+    m_list = new KExtListCtrl(this);
+    m_list->setAccessibleName(u"دریافت‌های قرارداد"_s);
+    m_list->setColumns(receiptColumns());
+    m_list->SetSettingName(u"AutomobilContracts\\ReceiptList"_s);
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgContractReceipts::updateButton);
+    m_total = new QLabel(this);
+    m_reason = new KEdit(this);
+    m_reason->setMaxLength(CTblReceipts::longestReason);
+    m_void = new QPushButton(QIcon(u":/icons/delete.svg"_s), u"ابطال دریافت"_s, this);
+    m_void->setAccessibleName(m_void->text());
+    m_void->setAutoDefault(false);
+    connect(m_void, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { voidSelected(); }); });
+
+    auto *foot = new QHBoxLayout;
+    addLabelled(foot, u"دلیل ابطال :"_s, m_reason, 1);
+    foot->addWidget(m_void);
+    foot->addSpacing(12);
+    foot->addWidget(createButtons(QString(), u"بازگشت"_s));
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(m_list, 1);
+    column->addWidget(m_total);
+    column->addLayout(foot);
+}
+
+// False when the contract is gone; the list is then empty.
+bool CDlgContractReceipts::load()
+{
+    const KWaitCursor wait;
+    CTblAutomobilContracts contract;
+    const bool isThere = contract.IsRecordExist(u"iID"_s, m_contractID);
+    m_entries = isThere ? ContractReceipts::list(contract) : QList<ContractReceipts::Entry>();
+    if (isThere)
+        setWindowTitle(u"دریافت‌های قرارداد شماره %1"_s.arg(contract.number()));
+    QList<int> persons;
+    for (const ContractReceipts::Entry &entry : std::as_const(m_entries))
+        persons.append(entry.personID);
+    const QHash<int, QString> names = KLookup::names<CTblReceipts>(u"iPersonID", persons);
+    QVector<KListModel::Row> rows;
+    for (const ContractReceipts::Entry &entry : std::as_const(m_entries))
+        rows.append(rowOf(static_cast<int>(rows.size()) + 1, entry, names.value(entry.personID)));
+    m_list->setRows(std::move(rows));
+    m_total->setText(u"جمع دریافت‌های معتبر : %1 %2"_s.arg(DToMoney(ContractReceipts::sum(m_entries)), m_moneyUnit));
+    updateButton();
+    return isThere;
+}
+
+void CDlgContractReceipts::refill()
+{
+    const int row = m_list->currentRow();
+    load();
+    m_list->selectRow(qMin(row, m_list->count() - 1));
+}
+
+const ContractReceipts::Entry *CDlgContractReceipts::selected() const
+{
+    const int number = m_list->currentKey();
+    return number > 0 && number <= m_entries.size() ? &m_entries.at(number - 1) : nullptr;
+}
+
+void CDlgContractReceipts::updateButton()
+{
+    const ContractReceipts::Entry *entry = selected();
+    m_void->setEnabled(entry && !entry->isVoid && !m_closed && receiptSecurity().CheckDeletionSecurity(0));
+}
+
+QString CDlgContractReceipts::totalText() const
+{
+    return m_total->text();
+}
+
+bool CDlgContractReceipts::refuse(const QString &message, QWidget *field)
+{
+    g_pDlgWarning->Show(message, this);
+    field->setFocus();
+    return false;
+}
+
+void CDlgContractReceipts::voidSelected()
+{
+    const ContractReceipts::Entry *chosen = selected();
+    if (!chosen || chosen->isVoid || !receiptSecurity().CheckDeletionSecurity())
+        return;
+    if (m_reason->text().trimmed().isEmpty()) {
+        refuse(u"لطفا دلیل ابطال را وارد نمایید."_s, m_reason);
+        return;
+    }
+    const ContractReceipts::Entry entry = *chosen;
+    const QString question = u"دریافت %1 %2 باطل می‌شود، سند آن خالی می‌شود و دیگر برنمی‌گردد. ادامه می‌دهید؟"_s.arg(DToMoney(entry.amount), m_moneyUnit);
+    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::No)
+        return;
+    try {
+        ContractReceipts::makeVoid(m_contractID, entry, m_reason->text());
+        m_reason->clear();
+    } catch (const KAccountingError &error) {
+        refuse(error.userMessage(), m_list);
+    }
+    refill();
+}

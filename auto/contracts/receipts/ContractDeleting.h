@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/frame/KAccountingError.h"
+
+class CTblAutomobilContracts;
+
+// Deletes a contract for which no money was received.
+namespace ContractDeleting {
+
+// Money was received for the contract; the text says how much, and what is to be done first.
+class MoneyReceived : public KAccountingError
+{
+public:
+    using KAccountingError::KAccountingError;
+};
+
+// Throws MoneyReceived. The contract is loaded.
+void requireNothingReceived(const CTblAutomobilContracts &contract);
+// Deletes the contract that the user was asked about, as RowDeleting does. Throws MoneyReceived and RowDeleting::Refused.
+void run(CTblAutomobilContracts &asked);
+
+}

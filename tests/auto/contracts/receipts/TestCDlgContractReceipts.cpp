@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/receipts/CDlgContractReceipts.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "tests/auto/contracts/receipts/PostedContract.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int stateColumn = 6;
+
+}
+
+// The receipts of a contract, and the way to them from a refused deletion.
+class TestCDlgContractReceipts : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<PostedContract> m_contract;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+
+    void receive(double amount)
+    {
+        CTblAutomobilContracts contract;
+        m_contract->receive(m_contract->seller, amount, u"علی الحساب"_s,
+                            ContractReceipts::commission(m_contract->load(contract), m_contract->seller));
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase()
+    {
+        m_contract.reset();
+        m_office.reset();
+    }
+    void init()
+    {
+        m_office->clear();
+        m_contract = std::make_unique<PostedContract>(*m_office);
+        receive(1500);
+    }
+
+    void theListShowsWhatWasReceived()
+    {
+        receive(700);
+        CDlgContractReceipts dialog(m_contract->key);
+        QVERIFY(dialog.windowTitle().startsWith(u"دریافت‌های قرارداد"_s));
+        QCOMPARE(dialog.list()->count(), 2);
+        QCOMPARE(dialog.list()->cellText(0, 2), u"رضا احمدی"_s);
+        QCOMPARE(dialog.list()->cellText(0, 3), u"1,500"_s);
+        QCOMPARE(dialog.list()->cellText(0, 4), u"علی الحساب"_s);
+        QCOMPARE(dialog.list()->cellText(0, stateColumn), u"معتبر"_s);
+        QVERIFY(dialog.totalText().contains(u"2,200"_s));
+        QCOMPARE(dialog.list()->currentRow(), 0);
+        QVERIFY(dialog.voidButton()->isEnabled());
+    }
+
+    void voidAsksForAReasonFirst()
+    {
+        CDlgContractReceipts dialog(m_contract->key);
+        dialog.show();
+        dialog.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        dialog.voidButton()->click();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"لطفا دلیل ابطال را وارد نمایید."_s});
+        QVERIFY(dialog.reason()->hasFocus());
+        QCOMPARE(value(u"SELECT iStatus FROM Receipts"_s), u"0"_s);
+    }
+
+    void voidIsAskedAndDone_data()
+    {
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("yes") << true;
+        QTest::newRow("no") << false;
+    }
+
+    void voidIsAskedAndDone()
+    {
+        QFETCH(bool, yes);
+        CDlgContractReceipts dialog(m_contract->key);
+        dialog.reason()->setText(u"دوبار ثبت شده"_s);
+        g_pDlgYesNo->answerNext(yes ? KMessageDialog::Yes : KMessageDialog::No);
+        dialog.voidButton()->click();
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+        QCOMPARE(value(u"SELECT iStatus FROM Receipts"_s), yes ? u"1"_s : u"0"_s);
+        QCOMPARE(dialog.list()->cellText(0, stateColumn).contains(u"دوبار ثبت شده"_s), yes);
+        QCOMPARE(dialog.voidButton()->isEnabled(), !yes);
+        QCOMPARE(dialog.reason()->text().isEmpty(), yes);
+    }
+
+    void oneThatAnotherDeskMadeVoidIsSaidAndShown()
+    {
+        CDlgContractReceipts dialog(m_contract->key);
+        CDlgContractReceipts other(m_contract->key);
+        for (CDlgContractReceipts *window : {&other, &dialog}) {
+            window->reason()->setText(u"دوبار ثبت شده"_s);
+            window->voidSelected();
+        }
+        const QStringList told = g_pDlgWarning->takeShown();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.constFirst().contains(u"«مدیر»"_s), qPrintable(told.constFirst()));
+        QVERIFY(!dialog.voidButton()->isEnabled());
+        // What was typed stays.
+        QCOMPARE(dialog.reason()->text(), u"دوبار ثبت شده"_s);
+    }
+
+    void voidNeedsItsRightAndAnOpenDatabase()
+    {
+        m_office->logInAs(u"clerk"_s, u"Receipts"_s, KSecurity::allRights & ~KSecurity::Delete);
+        QVERIFY(!CDlgContractReceipts(m_contract->key).voidButton()->isEnabled());
+        m_office->logInAsAdmin();
+        GetDBSetting()->SetClosedDB(true);
+        QVERIFY(!CDlgContractReceipts(m_contract->key).voidButton()->isEnabled());
+        GetDBSetting()->SetClosedDB(false);
+    }
+
+    // --- From the list of contracts ---
+
+    void refusedDeletionLeadsToTheReceiptsAndThenGoesThrough()
+    {
+        CDlgAutomobilContracts page;
+        page.open();
+        TestOffice::whenModal("CDlgContractReceipts", [](QWidget *window) {
+            auto &dialog = static_cast<CDlgContractReceipts &>(*window);
+            dialog.reason()->setText(u"اشتباه"_s);
+            dialog.voidSelected();
+            dialog.reject();
+        });
+        QVERIFY(page.runCommand(u"delete"));
+        const QStringList asked = g_pDlgYesNo->takeShown();
+        QVERIFY2(asked.value(0).contains(u"1,500"_s), qPrintable(asked.join(u'|')));
+        QCOMPARE(page.list()->count(), 1);
+        QVERIFY(page.runCommand(u"delete"));
+        QCOMPARE(page.list()->count(), 0);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"0"_s);
+    }
+
+    void refusedDeletionCanBeLeftAtThat()
+    {
+        CDlgAutomobilContracts page;
+        page.open();
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        QVERIFY(page.runCommand(u"delete"));
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+        QCOMPARE(page.list()->count(), 1);
+    }
+
+    void receiptsAreShownToWhoMaySeeThem()
+    {
+        m_office->logInAs(u"clerk"_s, u"Receipts"_s, 0);
+        CDlgContractReceipts::Show(m_contract->key, nullptr);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Receipts"_s, KSecurity::Read)});
+    }
+};
+
+static const RegisteredTest<TestCDlgContractReceipts, KApplication> registeredCDlgContractReceipts;
+#include "TestCDlgContractReceipts.moc"

@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/receipts/ContractDeleting.h"
+#include "auto/contracts/receipts/ContractReceipts.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/office/CTblProperties.h"
+#include "tests/auto/contracts/receipts/PostedContract.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QApplication>
+#include <QScopeGuard>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+// A contract goes as a whole or not at all, and not while money is received for it.
+class TestContractDeleting : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<PostedContract> m_contract;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+    // Rows of everything that a contract has.
+    QString state()
+    {
+        QStringList counts;
+        for (const char *table : {"AutomobilContracts", "Documents", "Docs", "FileDocs", "CustomFieldRecords", "AutomobilPayments"})
+            counts << value(u"SELECT COUNT(*) FROM "_s + QLatin1String(table));
+        return counts.join(u'/');
+    }
+    void deleteIt(CTblAutomobilContracts &asked) const { ContractDeleting::run(m_contract->load(asked)); }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase()
+    {
+        m_contract.reset();
+        m_office.reset();
+    }
+    void init()
+    {
+        m_office->clear();
+        m_contract = std::make_unique<PostedContract>(*m_office);
+        m_office->database().run(u"INSERT INTO FileDocs(iTable,iRecordID,sName) VALUES(69,%1,'a')"_s.arg(m_contract->key));
+        m_office->database().run(u"INSERT INTO CustomFieldRecords(iTable,iRecordID,iFieldID) VALUES(69,%1,1)"_s.arg(m_contract->key));
+        m_office->database().run(u"INSERT INTO AutomobilPayments(iAutomobilContractID) VALUES(%1),(%1)"_s.arg(m_contract->key));
+        QCOMPARE(state(), u"1/1/4/1/1/2"_s);
+    }
+
+    void withoutMoneyReceivedItGoesWithItsPlan()
+    {
+        CTblAutomobilContracts asked;
+        deleteIt(asked);
+        QCOMPARE(state(), u"0/0/0/0/0/0"_s);
+    }
+
+    void failureOfAnyStatementLeavesAllAsItWas_data()
+    {
+        QTest::addColumn<QString>("when");
+        for (const char *table : {"AutomobilContracts", "Docs", "Documents", "FileDocs", "CustomFieldRecords", "AutomobilPayments"})
+            QTest::newRow(table) << u"DELETE ON "_s + QLatin1String(table);
+        QTest::newRow("token of the unit") << u"INSERT ON UnitTokens"_s;
+    }
+
+    void failureOfAnyStatementLeavesAllAsItWas()
+    {
+        QFETCH(QString, when);
+        CTblAutomobilContracts asked;
+        m_contract->load(asked);
+        m_office->database().run(u"CREATE TRIGGER refuse BEFORE %1 FOR EACH ROW SIGNAL SQLSTATE '45000'"_s.arg(when));
+        const auto drop = qScopeGuard([this] { m_office->database().run(u"DROP TRIGGER IF EXISTS refuse"_s); });
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, ContractDeleting::run(asked));
+        QCOMPARE(state(), u"1/1/4/1/1/2"_s);
+        m_office->database().run(u"DROP TRIGGER refuse"_s);
+        deleteIt(asked);
+        QCOMPARE(state(), u"0/0/0/0/0/0"_s);
+    }
+
+    void withMoneyReceivedItIsRefusedWithTheSum()
+    {
+        CTblAutomobilContracts asked;
+        m_contract->load(asked);
+        // The other desk receives while this one is asked.
+        m_contract->receive(m_contract->seller, 1500, u"a"_s, ContractReceipts::commission(asked, m_contract->seller));
+        const QString before = state();
+        QString told;
+        try {
+            ContractDeleting::run(asked);
+        } catch (const ContractDeleting::MoneyReceived &received) {
+            told = received.userMessage();
+        }
+        QVERIFY2(told.contains(u"1,500 "_s), qPrintable(told));
+        QCOMPARE(state(), before);
+    }
+
+    void withItsReceiptsVoidItGoesAndTheyStay()
+    {
+        CTblAutomobilContracts asked;
+        m_contract->load(asked);
+        m_contract->receive(m_contract->seller, 1500, u"a"_s, ContractReceipts::commission(asked, m_contract->seller));
+        ContractReceipts::makeVoid(m_contract->key, ContractReceipts::list(asked).constFirst(), u"اشتباه"_s);
+        deleteIt(asked);
+        QCOMPARE(state(), u"0/1/0/0/0/0"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"1"_s);
+    }
+
+    // The document was the newest, so that its number is given again.
+    void questionLeftOpenDoesNotHarmTheContractThatGotTheNumber()
+    {
+        CTblAutomobilContracts asked;
+        const int num = m_contract->load(asked).m_iDocNum;
+        CTblAutomobilContracts elsewhere;
+        deleteIt(elsewhere);
+        const PostedContract other(*m_office);
+        CTblAutomobilContracts stands;
+        QCOMPARE(other.load(stands).m_iDocNum, num);
+        QVERIFY_THROWS_EXCEPTION(RowDeleting::Refused, ContractDeleting::run(asked));
+        QCOMPARE(state(), u"1/1/4/0/0/0"_s);
+    }
+
+    void contractSavedMeanwhileForTheFirstTimeStays()
+    {
+        const int key = m_office->addContract();
+        CTblAutomobilContracts asked;
+        QVERIFY(asked.IsRecordExist(u"iID"_s, key));
+        QVERIFY(ContractSaving::save({key, 0, [](CTblAutomobilContracts &) {}}, std::nullopt));
+        QVERIFY_THROWS_EXCEPTION(RowDeleting::Refused, ContractDeleting::run(asked));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"2"_s);
+    }
+};
+
+static const RegisteredTest<TestContractDeleting, QApplication> registeredContractDeleting;
+#include "TestContractDeleting.moc"

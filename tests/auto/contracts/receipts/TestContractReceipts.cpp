@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/instalments/InstalmentReceiving.h"
+#include "auto/contracts/receipts/ContractReceipts.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "tests/auto/contracts/receipts/PostedContract.h"
+#include "tests/support/BooksAgree.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QApplication>
+#include <QScopeGuard>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString refusalOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const KAccountingError &error) {
+        return error.userMessage();
+    }
+    return {};
+}
+
+}
+
+// What counts as received for a contract, and how it is undone.
+class TestContractReceipts : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<TestOffice> m_office;
+    std::unique_ptr<PostedContract> m_contract;
+
+    QString value(const QString &statement) { return m_office->database().value(statement); }
+
+    QList<ContractReceipts::Entry> entries() const
+    {
+        CTblAutomobilContracts contract;
+        return ContractReceipts::list(m_contract->load(contract));
+    }
+    double sum() const { return ContractReceipts::sum(entries()); }
+
+    ReceiptPurpose commissionOf(int person) const
+    {
+        CTblAutomobilContracts contract;
+        return ContractReceipts::commission(m_contract->load(contract), person);
+    }
+
+    int addInstalment(int number, double amount, bool paid)
+    {
+        m_office->database().run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID,iNum,dAmount,iStatus,date) "
+                                 "VALUES(%1,%2,%3,%4,%5,NOW())"_s.arg(m_contract->key).arg(m_contract->buyer).arg(number).arg(amount).arg(paid ? 1 : 0));
+        return value(u"SELECT MAX(iID) FROM AutomobilPayments"_s).toInt();
+    }
+
+private Q_SLOTS:
+    void initTestCase() { m_office = std::make_unique<TestOffice>(); }
+    void cleanupTestCase()
+    {
+        m_contract.reset();
+        m_office.reset();
+    }
+    void init()
+    {
+        m_office->clear();
+        m_contract = std::make_unique<PostedContract>(*m_office);
+    }
+
+    void nothingIsReceivedAtFirst() { QVERIFY(entries().isEmpty()); }
+
+    void commissionOfBothPartiesCounts()
+    {
+        m_contract->receive(m_contract->seller, 500, u"a"_s, commissionOf(m_contract->seller));
+        m_contract->receive(m_contract->buyer, 300, u"b"_s, commissionOf(m_contract->buyer));
+        QCOMPARE(entries().size(), 2);
+        QCOMPARE(sum(), 800.0);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(DISTINCT CONCAT_WS('/',iTable,iRecordID,iPaymentID)) FROM Receipts"_s),
+                 u"69/%1/0"_s.arg(m_contract->key));
+    }
+
+    void olderReceiptCountsByItsTextToTheLetterAndItsPerson_data()
+    {
+        QTest::addColumn<QString>("text"); // %1: the contract's number
+        QTest::addColumn<bool>("ofSeller");
+        QTest::addColumn<bool>("counts");
+        QTest::newRow("to the letter") << u"بابت کمسیون قرارداد شماره %1"_s << true << true;
+        QTest::newRow("of somebody else") << u"بابت کمسیون قرارداد شماره %1"_s << false << false;
+        QTest::newRow("another number") << u"بابت کمسیون قرارداد شماره 2%1"_s << true << false;
+        QTest::newRow("a blank more") << u"بابت کمسیون قرارداد شماره %1 "_s << true << false;
+        QTest::newRow("another text") << u"علی الحساب"_s << true << false;
+    }
+
+    void olderReceiptCountsByItsTextToTheLetterAndItsPerson()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, ofSeller);
+        QFETCH(bool, counts);
+        CTblAutomobilContracts contract;
+        const int person = ofSeller ? m_contract->seller : m_office->addPerson(u"دیگری"_s, u"دیگری"_s);
+        m_contract->receive(person, 500, QString(text).replace(u"%1"_s, QString::number(m_contract->load(contract).number())));
+        QCOMPARE(sum(), counts ? 500.0 : 0.0);
+    }
+
+    void paidInstalmentWithoutAReceiptCountsOnce()
+    {
+        addInstalment(1, 112, true);
+        const int second = addInstalment(2, 112, false);
+        addInstalment(3, 112, false);
+        m_contract->receive(m_contract->buyer, 100, u"a"_s, InstalmentReceiving::purpose(m_contract->key, second, 2));
+        QCOMPARE(entries().size(), 2);
+        QCOMPARE(sum(), 212.0);
+    }
+
+    void paidInstalmentFindsItsOlderReceipt()
+    {
+        CTblAutomobilContracts contract;
+        addInstalment(1, 333.333, true);
+        m_contract->receive(m_contract->buyer, 333, u"بابت قسط شماره 1 قرارداد شماره %1"_s.arg(m_contract->load(contract).m_iCode));
+        QCOMPARE(entries().size(), 1);
+        QVERIFY(entries().constFirst().receiptID != 0);
+        QCOMPARE(sum(), 333.0);
+        ContractReceipts::makeVoid(m_contract->key, entries().constFirst(), u"اشتباه"_s);
+        QCOMPARE(sum(), 0.0);
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',(SELECT iStatus FROM Receipts),(SELECT iStatus FROM AutomobilPayments))"_s), u"1/0"_s);
+    }
+
+    // --- Void ---
+
+    void voidReceiptKeepsItsRowAndNumberAndIsNotReceived()
+    {
+        const int num = m_contract->receive(m_contract->seller, 500, u"a"_s, commissionOf(m_contract->seller));
+        ContractReceipts::makeVoid(m_contract->key, entries().constFirst(), u" دوبار ثبت شده "_s);
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',iDocNum,dAmount,iStatus,iVoidUserID,sVoidReason,dateVoid IS NULL) FROM Receipts"_s),
+                 u"%1/500/1/%2/دوبار ثبت شده/0"_s.arg(num).arg(m_office->adminID()));
+        QCOMPARE(value(u"SELECT CONCAT_WS('/',h.iStatus,(SELECT COUNT(*) FROM Docs d WHERE d.iDocNum=h.iNum)) FROM Documents h WHERE h.iNum=%1"_s.arg(num)),
+                 u"1/0"_s);
+        QCOMPARE(sum(), 0.0);
+        QCOMPARE(entries().size(), 1);
+        QVERIFY(entries().constFirst().isVoid);
+    }
+
+    void voidReceiptMakesItsInstalmentUnpaid()
+    {
+        const int payment = addInstalment(1, 112, false);
+        m_contract->receive(m_contract->buyer, 112, u"a"_s, InstalmentReceiving::purpose(m_contract->key, payment, 1));
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments"_s), u"1"_s);
+        ContractReceipts::makeVoid(m_contract->key, entries().constFirst(), u"اشتباه"_s);
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments"_s), u"0"_s);
+        // It can be received anew.
+        m_contract->receive(m_contract->buyer, 112, u"a"_s, InstalmentReceiving::purpose(m_contract->key, payment, 1));
+        QCOMPARE(sum(), 112.0);
+    }
+
+    void paidInstalmentWithoutAReceiptBecomesUnpaid()
+    {
+        addInstalment(1, 112, true);
+        const auto entry = entries().constFirst();
+        ContractReceipts::makeVoid(m_contract->key, entry, u"اشتباه"_s);
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments"_s), u"0"_s);
+        QVERIFY(!refusalOf([&] { ContractReceipts::makeVoid(m_contract->key, entry, u"اشتباه"_s); }).isEmpty());
+    }
+
+    void twiceIsOnceAndSaysWhoWasFirst()
+    {
+        m_contract->receive(m_contract->seller, 500, u"a"_s, commissionOf(m_contract->seller));
+        const auto entry = entries().constFirst();
+        ContractReceipts::makeVoid(m_contract->key, entry, u"اول"_s);
+        const QString told = refusalOf([&] { ContractReceipts::makeVoid(m_contract->key, entry, u"دوم"_s); });
+        QVERIFY2(told.contains(u"«مدیر»"_s), qPrintable(told));
+        QCOMPARE(value(u"SELECT sVoidReason FROM Receipts"_s), u"اول"_s);
+    }
+
+    void whatIsNotToBeVoidIsRefusedAndStays_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("no reason") << u"DO 0"_s << u" "_s;
+        QTest::newRow("of an earlier year") << u"UPDATE Receipts SET iFiscalYear=iFiscalYear-1"_s << u"اشتباه"_s;
+        QTest::newRow("contract gone") << u"DELETE FROM AutomobilContracts"_s << u"اشتباه"_s;
+    }
+
+    void whatIsNotToBeVoidIsRefusedAndStays()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, reason);
+        m_contract->receive(m_contract->seller, 500, u"a"_s, commissionOf(m_contract->seller));
+        const auto entry = entries().constFirst();
+        m_office->database().run(statement);
+        QVERIFY(!refusalOf([&] { ContractReceipts::makeVoid(m_contract->key, entry, reason); }).isEmpty());
+        QCOMPARE(value(u"SELECT SUM(iStatus) FROM Receipts"_s), u"0"_s);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
+    }
+
+    void failureWhileVoidingLeavesReceiptDocumentAndInstalment()
+    {
+        const int payment = addInstalment(1, 112, false);
+        m_contract->receive(m_contract->buyer, 112, u"a"_s, InstalmentReceiving::purpose(m_contract->key, payment, 1));
+        m_office->database().run(u"CREATE TRIGGER refuseUnpaid BEFORE UPDATE ON AutomobilPayments FOR EACH ROW SIGNAL SQLSTATE '45000'"_s);
+        const auto drop = qScopeGuard([this] { m_office->database().run(u"DROP TRIGGER refuseUnpaid"_s); });
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, ContractReceipts::makeVoid(m_contract->key, entries().constFirst(), u"اشتباه"_s));
+        QCOMPARE(sum(), 112.0);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
+    }
+
+    // --- Commission received at two desks ---
+
+    void commissionThatAnotherDeskReceivedMeanwhileIsToldOnce()
+    {
+        const ReceiptPurpose here = commissionOf(m_contract->seller);
+        m_contract->receive(m_contract->seller, 500, u"a"_s, commissionOf(m_contract->seller));
+        const QString told = refusalOf([&] { m_contract->receive(m_contract->seller, 500, u"a"_s, here); });
+        QVERIFY2(told.contains(u"«مدیر»"_s) && told.contains(u"500"_s), qPrintable(told));
+        QCOMPARE(sum(), 500.0);
+        // The user knows and means a second one.
+        m_contract->receive(m_contract->seller, 200, u"b"_s, here);
+        QCOMPARE(sum(), 700.0);
+    }
+
+    void theOtherPartysCommissionIsNobodysConcern()
+    {
+        const ReceiptPurpose here = commissionOf(m_contract->seller);
+        m_contract->receive(m_contract->buyer, 500, u"a"_s, commissionOf(m_contract->buyer));
+        m_contract->receive(m_contract->seller, 500, u"a"_s, here);
+        QCOMPARE(sum(), 1000.0);
+    }
+
+    void commissionOfAContractThatIsGoneOrVoidIsNotReceived_data()
+    {
+        QTest::addColumn<QString>("statement");
+        QTest::newRow("gone") << u"DELETE FROM AutomobilContracts"_s;
+        QTest::newRow("void") << u"UPDATE AutomobilContracts SET iStatus=1"_s;
+    }
+
+    void commissionOfAContractThatIsGoneOrVoidIsNotReceived()
+    {
+        QFETCH(QString, statement);
+        const ReceiptPurpose here = commissionOf(m_contract->seller);
+        m_office->database().run(statement);
+        QVERIFY(!refusalOf([&] { m_contract->receive(m_contract->seller, 500, u"a"_s, here); }).isEmpty());
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
+    }
+};
+
+static const RegisteredTest<TestContractReceipts, QApplication> registeredContractReceipts;
+#include "TestContractReceipts.moc"
