@@ -63,7 +63,8 @@ private Q_SLOTS:
     void savedRecordIsNoPlaceholderAnyMore()
     {
         const auto save = [this] {
-            return RecordSaving::save<CTblAutomobilInformations>({m_key, 0, [](CTblAutomobilInformations &car) { car.m_dAmount = 5; }});
+            RecordSaving::save<CTblAutomobilInformations>({m_key, 0, [](CTblAutomobilInformations &car) { car.m_dAmount = 5; }});
+            return true;
         };
         QVERIFY(kept(m_key, save));
         QCOMPARE(placeholders(), u"0"_s);

@@ -31,7 +31,7 @@ struct PostedContract
             contract.m_dCommission = 1000;
             contract.m_dateContract = GetDBSetting()->GetDBServerDate();
         };
-        if (!ContractSaving::save({key, 0, write}, std::nullopt))
+        if (ContractSaving::save({key, 0, write}).docNum == 0)
             qFatal("the contract was not saved");
     }
 

@@ -127,7 +127,7 @@ private Q_SLOTS:
         const int key = m_office->addContract();
         CTblAutomobilContracts asked;
         QVERIFY(asked.IsRecordExist(u"iID"_s, key));
-        QVERIFY(ContractSaving::save({key, 0, [](CTblAutomobilContracts &) {}}, std::nullopt));
+        QVERIFY(ContractSaving::save({key, 0, [](CTblAutomobilContracts &) {}}).docNum != 0);
         QVERIFY_THROWS_EXCEPTION(RowDeleting::Refused, ContractDeleting::run(asked));
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"2"_s);
     }
