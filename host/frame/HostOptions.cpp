@@ -4,10 +4,15 @@
 #include "host/frame/HostOptions.h"
 
 #include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr char connectForm[] = "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
 
 struct Option
 {
@@ -22,8 +27,8 @@ const QList<Option> &shownOptions()
     static const QList<Option> options = {
         {"data-dir", "DIR", u"keep everything of the office in this folder"_s,
          u"همه چیز دفتر در این پوشه نگهداری شود"_s},
-        {"connect", "HOST[:PORT]/DATABASE", u"work on an office server instead of a private one"_s,
-         u"کار با سرور دفتر به جای پایگاه داده همراه برنامه"_s},
+        {"connect", connectForm, u"work on an office server instead of a private one, or on the nodes of a cluster"_s,
+         u"کار با سرور دفتر به جای پایگاه داده همراه برنامه، یا با گره‌های یک خوشه"_s},
         {"user", "NAME", u"account on the office server"_s, u"حساب کاربری روی سرور دفتر"_s},
         {"password-file", "FILE", u"file whose first line is that account's password (asked for otherwise)"_s,
          u"پرونده‌ای که سطر نخست آن کلمه عبور آن حساب است (وگرنه پرسیده می‌شود)"_s},
@@ -51,24 +56,36 @@ void declare(QCommandLineParser &parser)
     parser.addOption(QCommandLineOption(u"quit-after-login-shown"_s));
 }
 
-// HOST[:PORT]/DATABASE, an IPv6 address in brackets.
+// HOST[:PORT], an IPv6 address in brackets.
+std::optional<KServerAddress> serverAt(const QString &text)
+{
+    static const QRegularExpression form(uR"(^(?:\[([^\[\]]+)\]|([^\[\]:]+))(?::(\d+))?$)"_s);
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    KServerAddress server;
+    server.host = match.captured(1) + match.captured(2);
+    if (match.hasCaptured(3))
+        server.port = match.captured(3).toUShort();
+    return server.port == 0 ? std::nullopt : std::optional(server);
+}
+
+// HOST[:PORT][,HOST[:PORT]...]/DATABASE
 bool readAddress(const QString &address, HostOptions &options)
 {
     const qsizetype slash = address.indexOf(u'/');
     if (slash <= 0 || slash + 1 == address.size())
         return false;
     options.database = address.mid(slash + 1);
-    const QString server = address.left(slash);
-    const qsizetype bracket = server.startsWith(u'[') ? server.indexOf(u']') : -1;
-    const qsizetype colon = bracket > 0 ? server.indexOf(u':', bracket) : server.indexOf(u':');
-    options.host = bracket > 0 ? server.mid(1, bracket - 1) : server.left(colon < 0 ? server.size() : colon);
-    if (colon >= 0) {
-        bool isNumber = false;
-        options.port = server.mid(colon + 1).toUShort(&isNumber);
-        if (!isNumber || options.port == 0)
+    for (const QString &text : address.left(slash).split(u',')) {
+        const std::optional<KServerAddress> server = serverAt(text);
+        if (!server)
             return false;
+        options.furtherNodes.append(*server);
     }
-    return !options.host.isEmpty();
+    options.host = options.furtherNodes.constFirst().host;
+    options.port = static_cast<quint16>(options.furtherNodes.takeFirst().port);
+    return true;
 }
 
 struct Problem
@@ -119,8 +136,8 @@ Problem firstProblem(const QCommandLineParser &parser, HostOptions &options)
                 u"آرگومان «%1» شناخته نشد."_s.arg(parser.positionalArguments().constFirst())};
     const QString address = parser.value(u"connect"_s);
     if (options.connect && !readAddress(address, options))
-        return {u"--connect takes HOST[:PORT]/DATABASE, not \"%1\"."_s.arg(address),
-                u"نشانی --connect باید به شکل HOST[:PORT]/DATABASE باشد، نه «%1»."_s.arg(address)};
+        return {u"--connect takes %1, not \"%2\"."_s.arg(QString::fromLatin1(connectForm), address),
+                u"نشانی --connect باید به شکل %1 باشد، نه «%2»."_s.arg(QString::fromLatin1(connectForm), address)};
     if (parser.isSet(u"demo-size"_s)) {
         bool isNumber = false;
         options.demoSize = parser.value(u"demo-size"_s).toInt(&isNumber);

@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include "suite/db/KServerAddress.h"
+
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +19,7 @@ struct HostOptions
     bool connect = false; // work on an office server instead of a private one
     QString host;
     quint16 port = 3306;
+    QList<KServerAddress> furtherNodes; // of the cluster that host belongs to
     QString database;
     QString user;
     bool tls = false; // refuse a server that does not prove who it is

@@ -7,6 +7,7 @@
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerLog.h"
 #include "host/server/ToolProcess.h"
+#include "suite/db/KLongWork.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -97,9 +98,10 @@ QString DatabaseDump::take(const Progress &progress) const
     if (platform::writePrivateFile(aside, {}, &reason) != platform::WriteResult::Written)
         throw failed(userMessage, m_folder, aside + u": "_s + reason);
     try {
-        const auto options = privateFile(ServerConfig::clientOptions(m_settings));
-        const auto words = privateFile();
+        // Asked first: it finds the node that answers, where several are named.
         const qint64 expected = sizeOfTables();
+        const auto options = privateFile(ServerConfig::clientOptions(KConnection::atNodeInUse(m_settings)));
+        const auto words = privateFile();
         ToolProcess dump;
         dump.program = m_programs.dump;
         dump.arguments = {ServerConfig::fromFile(options->fileName()),
@@ -183,6 +185,7 @@ void DatabaseDump::restore(const QString &file, const Progress &progress) const
     const QString aside = m_settings.database + u"_restoring"_s;
     KConnectionSettings server = m_settings;
     server.database.clear();
+    const KLongWork work;
     try {
         KConnection connection(server);
         connection.run("DROP DATABASE IF EXISTS " + name(aside));
@@ -202,7 +205,7 @@ void DatabaseDump::restore(const QString &file, const Progress &progress) const
 
 void DatabaseDump::load(const QString &file, const QString &database, const Progress &progress) const
 {
-    const auto options = privateFile(ServerConfig::clientOptions(m_settings));
+    const auto options = privateFile(ServerConfig::clientOptions(KConnection::atNodeInUse(m_settings)));
     const auto words = privateFile();
     const qint64 expected = QFileInfo(file).size();
     ToolProcess client;

@@ -21,6 +21,7 @@ KConnectionSettings settingsOf(const HostOptions &options)
     KConnectionSettings settings;
     settings.host = options.host;
     settings.port = options.port;
+    settings.furtherNodes = options.furtherNodes;
     settings.user = options.user;
     settings.database = options.database;
     settings.useTls = options.tls;
@@ -45,18 +46,22 @@ bool isWrongPassword(const CMySQLException &error)
 
 QString reason(const CMySQLException &error, const KConnectionSettings &settings)
 {
+    QStringList servers{settings.host};
+    for (const KServerAddress &node : settings.furtherNodes)
+        servers << node.host;
+    const QString server = servers.join(u"، "_s);
     switch (error.serverCode()) {
     case AccessDenied:
     case AccessDeniedWithoutPassword:
-        return u"سرور «%1» حساب «%2» را با این کلمه عبور نپذیرفت."_s.arg(settings.host, settings.user);
+        return u"سرور «%1» حساب «%2» را با این کلمه عبور نپذیرفت."_s.arg(server, settings.user);
     case NoAccessToDatabase:
         return u"حساب «%1» اجازه کار با پایگاه داده «%2» را ندارد."_s.arg(settings.user, settings.database);
     case UnknownDatabase:
-        return u"پایگاه داده «%1» روی سرور «%2» نیست."_s.arg(settings.database, settings.host);
+        return u"پایگاه داده «%1» روی سرور «%2» نیست."_s.arg(settings.database, server);
     case TlsFailed:
-        return u"سرور «%1» هویت خود را ثابت نکرد؛ اتصال امن برقرار نشد."_s.arg(settings.host);
+        return u"سرور «%1» هویت خود را ثابت نکرد؛ اتصال امن برقرار نشد."_s.arg(server);
     default:
-        return u"اتصال به سرور «%1» برقرار نشد. روشن بودن سرور و نشانی آن را بررسی نمایید."_s.arg(settings.host);
+        return u"اتصال به سرور «%1» برقرار نشد. روشن بودن سرور و نشانی آن را بررسی نمایید."_s.arg(server);
     }
 }
 

@@ -49,6 +49,7 @@ constexpr int nodeTimeoutSeconds = 3;
 // Whether a connection that stood idle still answers.
 constexpr int pingSeconds = 5;
 constexpr int longLockWaitSeconds = 60;
+constexpr int longAnswerSeconds = 1800;
 
 using ThreadConnections = QHash<int, std::shared_ptr<KConnection>>;
 
@@ -125,6 +126,11 @@ KConnectionSettings KConnection::settings(int database)
         QMutexLocker lock(&registry().mutex);
         settings = registry().profiles.value(database).settings;
     }
+    return atNodeInUse(settings);
+}
+
+KConnectionSettings KConnection::atNodeInUse(KConnectionSettings settings)
+{
     QList<KServerAddress> nodes = ServerNodes::inOrder(settings);
     settings.host = nodes.constFirst().host;
     settings.port = nodes.takeFirst().port;
@@ -202,7 +208,7 @@ void KConnection::introduce()
 
 int KConnection::answerSeconds() const
 {
-    return ServerWait::isLongWork() ? 0 : m_settings.answerTimeoutSeconds;
+    return ServerWait::isLongWork() ? longAnswerSeconds : m_settings.answerTimeoutSeconds;
 }
 
 int KConnection::lockSeconds() const
@@ -218,9 +224,7 @@ QByteArray KConnection::sessionSetup() const
         + lockWait + ",lock_wait_timeout=" + lockWait
         // The lists that join the suite's items by either of two keys compare every pair: MariaDB's join buffer
         // would unpack a row's texts anew for each. Other joins go by a key. (Other servers pass this over.)
-        + "/*M!100000 , join_cache_level=0 */"
-        // Reads, changes and additions wait until the node has what the others had before.
-        + (m_settings.furtherNodes.isEmpty() ? "" : "/*M!100200 , wsrep_sync_wait=7 */");
+        + "/*M!100000 , join_cache_level=0 */";
 }
 
 void KConnection::openOn(const KServerAddress &node, int timeoutSeconds)
@@ -263,10 +267,8 @@ void KConnection::openOnOneOf(const QList<KServerAddress> &nodes)
             continue;
         }
         const ServerNodes::State state = ServerNodes::stateOf(m_handle);
-        if (state == ServerNodes::State::Working) {
-            ServerNodes::setInUse(m_settings, node);
-            return;
-        }
+        if (state == ServerNodes::State::Working)
+            return joinCluster();
         if (state == ServerNodes::State::Behind && !behind)
             behind = node;
         close();
@@ -274,7 +276,15 @@ void KConnection::openOnOneOf(const QList<KServerAddress> &nodes)
     if (!behind)
         throw last;
     openOn(*behind, nodeTimeoutSeconds);
-    ServerNodes::setInUse(m_settings, *behind);
+    joinCluster();
+}
+
+// From now on each statement waits until the node has what was written through any other before. Not earlier: while the cluster
+// finds out that a node is gone, even the question for the state of another would wait.
+void KConnection::joinCluster()
+{
+    ServerNodes::setInUse(m_settings, m_node);
+    (void)wait(answerSeconds(), [&](ServerWait &wait) { return ClientCalls::query(wait, m_handle, ServerNodes::readAfterWrites()); });
 }
 
 void KConnection::close()

@@ -41,6 +41,8 @@ public:
     static bool isConfigured(int database);
     // host and port are those of the node in use, where several are named.
     static KConnectionSettings settings(int database);
+    // The same settings, but first the node that this program works on.
+    static KConnectionSettings atNodeInUse(KConnectionSettings settings);
     // The calling thread's connection to that database, opened on first use. Throws ConnectionLost.
     static KConnection &forThread(int database = 0);
     // Closes the calling thread's connections; they open again on next use.
@@ -85,8 +87,9 @@ private:
     void open();
     void openOn(const KServerAddress &node, int timeoutSeconds);
     void openOnOneOf(const QList<KServerAddress> &nodes);
+    void joinCluster();
     QByteArray sessionSetup() const;
-    int answerSeconds() const; // 0: without limit
+    int answerSeconds() const;
     int lockSeconds() const;
     void execute(const QByteArray &utf8Statement);
     void requireUsable(const QByteArray &utf8Statement) const;

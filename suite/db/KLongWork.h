@@ -5,8 +5,8 @@
 
 #include "suite/db/TzDBExport.h"
 
-// While one lives, the statements of its thread take the time that an upgrade or a restored backup needs: an answer comes when it
-// comes, nobody is asked whether to go on waiting, and whoever reads a table that is to be changed has a minute to end.
+// While one lives, the statements of its thread take the time that an upgrade or a restored backup needs: half an hour for an
+// answer, without asking anybody whether to go on waiting, and a minute until whoever reads a table that is to be changed has ended.
 class TZDB_EXPORT KLongWork
 {
 public:

@@ -87,6 +87,12 @@ bool ServerNodes::isOfNodeAlone(unsigned int serverCode)
     return std::find(std::begin(codes), std::end(codes), serverCode) != std::end(codes);
 }
 
+QByteArray ServerNodes::readAfterWrites()
+{
+    constexpr int readsChangesAndAdditions = 7;
+    return "SET SESSION wsrep_sync_wait=" + QByteArray::number(readsChangesAndAdditions);
+}
+
 ServerNodes::State ServerNodes::stateOf(st_mysql *handle)
 {
     ServerWait wait(handle, longestStateAnswer);

@@ -5,6 +5,7 @@
 
 #include "suite/db/KServerAddress.h"
 
+#include <QByteArray>
 #include <QList>
 
 struct KConnectionSettings;
@@ -26,6 +27,9 @@ enum class State {
     Behind,  // takes part, but is busy giving or getting a copy of the data
     Outside  // has lost the others, or has not joined them yet: it refuses statements
 };
+// The statement after which a session's statements find what was written through any node before. Servers without clusters refuse it.
+QByteArray readAfterWrites();
+
 // Of the server that the connection leads to. Outside also when it does not answer.
 State stateOf(st_mysql *handle);
 

@@ -82,12 +82,12 @@ void FaultRelay::accept()
         Line &line = m_lines[client];
         if (m_server.socketPath.isEmpty()) {
             auto *socket = new QTcpSocket(client);
-            connect(socket, &QTcpSocket::disconnected, this, [this, client] { cut(client); });
+            connect(socket, &QTcpSocket::disconnected, this, [this, client] { serverEnded(client); });
             socket->connectToHost(m_server.host, static_cast<quint16>(m_server.port));
             line.server = socket;
         } else {
             auto *socket = new QLocalSocket(client);
-            connect(socket, &QLocalSocket::disconnected, this, [this, client] { cut(client); });
+            connect(socket, &QLocalSocket::disconnected, this, [this, client] { serverEnded(client); });
             socket->connectToServer(m_server.socketPath);
             line.server = socket;
         }
@@ -145,6 +145,16 @@ void FaultRelay::answer(QTcpSocket *client)
         return;
     }
     client->write(std::exchange(line->fromServer, {}));
+}
+
+// Its last words still arrive, as those to a client that it refuses.
+void FaultRelay::serverEnded(QTcpSocket *client)
+{
+    answer(client);
+    if (m_lines.contains(client) && !m_silent)
+        client->disconnectFromHost();
+    else
+        cut(client);
 }
 
 void FaultRelay::cut(QTcpSocket *client)

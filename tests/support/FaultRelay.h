@@ -39,6 +39,7 @@ private:
     void passOn(QTcpSocket *client);
     bool meetsFault(QTcpSocket *client, const QByteArray &packet);
     void answer(QTcpSocket *client);
+    void serverEnded(QTcpSocket *client);
     void cut(QTcpSocket *client);
 
     KConnectionSettings m_server;

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void nothingGivenIsAPrivateServerInTheUsersFolder();
     void officeServer_data();
     void officeServer();
+    void nodesOfACluster();
     void allValuesAreTaken();
     void refused_data();
     void refused();
@@ -71,6 +72,17 @@ void TestHostOptions::officeServer()
     QTEST(options.host, "host");
     QTEST(int(options.port), "port");
     QTEST(options.database, "database");
+    QVERIFY(options.furtherNodes.isEmpty());
+}
+
+void TestHostOptions::nodesOfACluster()
+{
+    const HostOptions options = parse(u"--user sara --tls --connect one:3307,10.0.0.2,[fe80::1]:4000,[::1]/books"_s);
+    QCOMPARE(options.error, QString());
+    QCOMPARE(options.host, u"one"_s);
+    QCOMPARE(options.port, quint16(3307));
+    QCOMPARE(options.database, u"books"_s);
+    QCOMPARE(options.furtherNodes, (QList<KServerAddress>{{u"10.0.0.2"_s, 3306}, {u"fe80::1"_s, 4000}, {u"::1"_s, 3306}}));
 }
 
 void TestHostOptions::allValuesAreTaken()
@@ -103,17 +115,25 @@ void TestHostOptions::refused_data()
     QTest::newRow("no value") << "--data-dir"
                               << "data-dir";
     QTest::newRow("no database") << "--user sara --connect office"
-                                 << "HOST[:PORT]/DATABASE";
+                                 << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("empty database") << "--user sara --connect office/"
-                                    << "HOST[:PORT]/DATABASE";
+                                    << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("no host") << "--user sara --connect /books"
-                             << "HOST[:PORT]/DATABASE";
+                             << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("port is no number") << "--user sara --connect office:x/books"
-                                       << "HOST[:PORT]/DATABASE";
+                                       << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
+    QTest::newRow("second port is no number") << "--user sara --connect office,second:x/books"
+                                              << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
+    QTest::newRow("nothing behind the comma") << "--user sara --connect office,/books"
+                                              << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
+    QTest::newRow("bracket without its end") << "--user sara --connect [::1/books"
+                                             << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
+    QTest::newRow("word behind the bracket") << "--user sara --connect [::1]x/books"
+                                             << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("port 0") << "--user sara --connect office:0/books"
-                            << "HOST[:PORT]/DATABASE";
+                            << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("port above 65535") << "--user sara --connect office:65536/books"
-                                      << "HOST[:PORT]/DATABASE";
+                                      << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("office without a user") << "--connect office/books"
                                            << "--user";
     QTest::newRow("user without an office") << "--user sara"
@@ -161,7 +181,7 @@ void TestHostOptions::helpNamesEveryOptionInBothLanguages()
 {
     for (const bool persian : {false, true}) {
         const QString help = HostOptions::helpText(persian);
-        for (const char *option : {"--data-dir DIR", "--connect HOST[:PORT]/DATABASE", "--user NAME", "--password-file FILE",
+        for (const char *option : {"--data-dir DIR", "--connect HOST[:PORT][,HOST[:PORT]...]/DATABASE", "--user NAME", "--password-file FILE",
                                    "--tls", "--ca FILE", "--demo", "--demo-size N", "--module-dir DIR", "--help", "--version"})
             QVERIFY2(help.contains(QString::fromLatin1(option)), option);
         QVERIFY(!help.contains(u"quit-after-login-shown"_s));

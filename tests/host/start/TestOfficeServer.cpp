@@ -40,6 +40,8 @@ private Q_SLOTS:
     void serverIsTakenByItsCertificate_data();
     void serverIsTakenByItsCertificate();
     void aServerThatIsNotThereIsToldOnce();
+    void nextNodeIsTakenWhenOneIsNotThere();
+    void nodesThatAreNotThereAreToldOnce();
 
 private:
     HostOptions options(const QByteArray &password, const QString &database);
@@ -286,6 +288,27 @@ void TestOfficeServer::aServerThatIsNotThereIsToldOnce()
     nowhere.port = 1;
     QVERIFY(!OfficeServer::connect(nowhere, nullptr));
     QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+}
+
+void TestOfficeServer::nextNodeIsTakenWhenOneIsNotThere()
+{
+    HostOptions cluster = options("gallery7", u"books"_s);
+    cluster.furtherNodes = {{cluster.host, cluster.port}};
+    cluster.port = 1;
+    QVERIFY(OfficeServer::connect(cluster, nullptr));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    QCOMPARE(KConnection::settings(0).port, static_cast<unsigned int>(m_port));
+}
+
+void TestOfficeServer::nodesThatAreNotThereAreToldOnce()
+{
+    HostOptions nowhere = options("gallery7", u"books"_s);
+    nowhere.port = 1;
+    nowhere.furtherNodes = {{u"127.0.0.2"_s, 1}};
+    QVERIFY(!OfficeServer::connect(nowhere, nullptr));
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY(shown.constFirst().contains(u"127.0.0.1"_s) && shown.constFirst().contains(u"127.0.0.2"_s));
 }
 
 static const RegisteredTest<TestOfficeServer, QApplication> registeredOfficeServer;
