@@ -10,6 +10,7 @@
 #include "host/server/DataFolder.h"
 #include "host/server/EmbeddedServer.h"
 #include "host/server/InstanceLock.h"
+#include "suite/utility/frame/KWaitNotice.h"
 
 #include <QObject>
 
@@ -52,6 +53,7 @@ private:
     StartupClock &m_clock;
     DataFolder m_folder;
     InstanceLock m_lock;
+    KWaitNotice m_waits;
     std::unique_ptr<EmbeddedServer> m_server;
     AutoModule m_module;
     SplashWindow m_splash;

@@ -4,6 +4,8 @@
 #include "suite/accounting/frame/KApplication.h"
 
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/db/KTransaction.h"
 
 #include <QStyleFactory>
 
@@ -14,6 +16,15 @@ KApplication::KApplication(int &argc, char **argv)
 {
     setStyle(QStyleFactory::create(u"Fusion"_s));
     setLayoutDirection(Qt::RightToLeft);
+    KTransaction::setLookAgain([] {
+        return g_pDlgWarning->ShowUnknown(u"نامعلوم: پیش از تکرار نگاه کنید.\n"
+                                          "ارتباط با پایگاه داده هنگام ذخیره قطع شد و هنوز پاسخی نمی‌رسد که ذخیره انجام شده است یا نه."_s);
+    });
+}
+
+KApplication::~KApplication()
+{
+    KTransaction::setLookAgain({});
 }
 
 bool KApplication::notify(QObject *receiver, QEvent *event)

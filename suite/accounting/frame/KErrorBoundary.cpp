@@ -5,6 +5,7 @@
 
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/db/KConnection.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -43,7 +44,8 @@ void KErrorBoundary::report(std::exception_ptr error, QWidget *parent) noexcept
         return;
     try {
         qCWarning(lcErrors).noquote() << KErrorText::logText(error);
-        if (!onUserInterfaceThread() || showing.exchange(true))
+        // What fails because the thread is waiting for the database is no news for whoever waits.
+        if (!onUserInterfaceThread() || KConnection::isWaiting() || showing.exchange(true))
             return;
         try {
             g_pDlgWarning->Show(KErrorText::userMessage(error), parent);

@@ -76,20 +76,27 @@ QPushButton *addButton(QMessageBox &box, const QString &caption, QMessageBox::Bu
     return button;
 }
 
+// Yes when the button beside "باشه" was pressed, or when there is none.
+KMessageDialog::Answer showMessage(QMessageBox &box, Buttons buttons)
+{
+    QPushButton *ok = addButton(box, u"باشه"_s, QMessageBox::AcceptRole);
+    box.setDefaultButton(ok);
+    box.setEscapeButton(ok);
+    if (buttons == Buttons::OkOrFolder)
+        addButton(box, u"باز کردن پوشه"_s, QMessageBox::ActionRole);
+    if (buttons == Buttons::OkOrLookAgain)
+        box.setDefaultButton(addButton(box, u"نگاه دوباره"_s, QMessageBox::ActionRole));
+    box.exec();
+    return buttons != Buttons::Ok && box.clickedButton() == ok ? KMessageDialog::No : KMessageDialog::Yes;
+}
+
 KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Buttons buttons, QWidget *parent)
 {
     const NormalCursor cursor;
     QMessageBox box(parent ? parent : QApplication::activeWindow());
     dress(box, kind, text);
-    if (buttons == Buttons::Ok || buttons == Buttons::OkOrFolder) {
-        QPushButton *ok = addButton(box, u"باشه"_s, QMessageBox::AcceptRole);
-        if (buttons == Buttons::OkOrFolder)
-            addButton(box, u"باز کردن پوشه"_s, QMessageBox::ActionRole);
-        box.setDefaultButton(ok);
-        box.setEscapeButton(ok);
-        box.exec();
-        return buttons == Buttons::OkOrFolder && box.clickedButton() == ok ? KMessageDialog::No : KMessageDialog::Yes;
-    }
+    if (buttons == Buttons::Ok || buttons == Buttons::OkOrFolder || buttons == Buttons::OkOrLookAgain)
+        return showMessage(box, buttons);
     const QPushButton *yes = addButton(box, u"بله"_s, QMessageBox::YesRole);
     QPushButton *no = addButton(box, u"خیر"_s, QMessageBox::NoRole);
     QPushButton *cancel =

@@ -56,6 +56,11 @@ bool KMessageDialog::ShowWritten(const QString &text, QWidget *parent)
     return run(text, Buttons::OkOrFolder, parent) == Yes;
 }
 
+bool KMessageDialog::ShowUnknown(const QString &text, QWidget *parent)
+{
+    return run(text, Buttons::OkOrLookAgain, parent) == Yes;
+}
+
 KMessageDialog::Answer KMessageDialog::Ask(const QString &text, QWidget *parent)
 {
     return run(text, Buttons::YesNo, parent);
@@ -72,7 +77,7 @@ KMessageDialog::Answer KMessageDialog::run(const QString &text, Buttons buttons,
     if (buttons != Buttons::Ok && !m_answers.isEmpty())
         return m_answers.dequeue();
     if (m_answerAll)
-        return buttons == Buttons::OkOrFolder ? No : Yes;
+        return buttons == Buttons::OkOrFolder || buttons == Buttons::OkOrLookAgain ? No : Yes;
     if (installedBox && hasWindows())
         return installedBox(m_kind, text, buttons, parent);
     qCWarning(lcMessage).noquote() << text;

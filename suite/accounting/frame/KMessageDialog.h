@@ -31,6 +31,7 @@ public:
     enum class Buttons {
         Ok,
         OkOrFolder,
+        OkOrLookAgain,
         YesNo,
         YesNoCancel
     };
@@ -48,6 +49,8 @@ public:
     void Show(const QString &text, QWidget *parent = nullptr);
     // The same about a file that was written, with "باز کردن پوشه" beside the button; true when that was pressed.
     [[nodiscard]] bool ShowWritten(const QString &text, QWidget *parent = nullptr);
+    // The same about something whose end is not known yet, with "نگاه دوباره", which is the preset button; true when that was pressed.
+    [[nodiscard]] bool ShowUnknown(const QString &text, QWidget *parent = nullptr);
     // Asks with "بله" and "خیر"; closing the box or Esc is No, which is also the preset button.
     [[nodiscard]] Answer Ask(const QString &text, QWidget *parent = nullptr);
     // Asks with "بله", "خیر" and "انصراف"; closing the box or Esc is Cancel.
@@ -55,7 +58,7 @@ public:
 
     // Answers the next question with this, in the order of the calls; no box appears for it.
     void answerNext(Answer answer);
-    // While on, no box appears at all: questions without a prepared answer are answered Yes, and no folder is opened. Off also drops the prepared
+    // While on, no box appears at all: questions without a prepared answer are answered Yes, no folder is opened, and nothing is looked at again. Off also drops the prepared
     // answers and what was kept.
     void answerAll(bool on);
     // Returns the texts that would have been shown since the last call, oldest first.

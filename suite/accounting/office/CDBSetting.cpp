@@ -60,6 +60,7 @@ bool CDBSetting::Login(int userID)
     m_admin = user.m_bAdmin != 0;
     KSecurity::setUser(m_userID, m_admin);
     KChangeLog::setAuthor(m_userID);
+    KConnection::setIdentity(u"کاربر «\u2068%1\u2069» روی رایانه «\u2068%2\u2069»"_s.arg(m_userName, QSysInfo::machineHostName()));
     setDefaultMoneyDecimals(MoneyDecimals());
     KTransaction::removeOldTokens();
     return true;
@@ -74,6 +75,7 @@ void CDBSetting::Logout()
     KSecurity::setUser(m_userID, m_admin);
     KChangeLog::setAuthor(0);
     OfficeSession::end();
+    KConnection::setIdentity({});
 }
 
 bool CDBSetting::IsClosedDB() const

@@ -6,6 +6,10 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/db/KTableSchema.h"
+#include "suite/db/KTransaction.h"
+#include "suite/db/KWaiter.h"
+#include "tests/support/FaultProxy.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
@@ -33,6 +37,8 @@ private Q_SLOTS:
     void failedStatementReachesTheBoundaryWithItsCategory();
     void secondErrorDuringTheMessageIsLoggedOnly();
     void errorOfAnotherThreadShowsNothing();
+    void errorWhileTheThreadWaitsForTheDatabaseShowsNothing();
+    void unknownOutcomeIsLookedAtAgainUntilItIsKnown();
     void noErrorShowsNothing();
     void logHoldsNoValues_data();
     void logHoldsNoValues();
@@ -138,6 +144,52 @@ void TestKErrorBoundary::errorOfAnotherThreadShowsNothing()
         KErrorBoundary::report(std::make_exception_ptr(KAccountingError(u"از نخ دیگر"_s)), nullptr);
     }).join();
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+// A paint or a timer that wants a row in the middle of a wait for another answer.
+void TestKErrorBoundary::errorWhileTheThreadWaitsForTheDatabaseShowsNothing()
+{
+    const TestDatabase database;
+    struct Waiter : KWaiter
+    {
+        bool goOn(std::chrono::milliseconds) noexcept override
+        {
+            done = KErrorBoundary::guarded(nullptr, [] { KConnection::forThread().run(QByteArrayLiteral("SELECT 1")); });
+            return true;
+        }
+        void ended() noexcept override { }
+        bool done = true;
+    } waiter;
+    KConnection::setWaiter(&waiter);
+    KConnection::forThread().run(QByteArrayLiteral("SELECT SLEEP(1.2)"));
+    KConnection::setWaiter(nullptr);
+    QVERIFY(!waiter.done);
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestKErrorBoundary::unknownOutcomeIsLookedAtAgainUntilItIsKnown()
+{
+    TestDatabase database;
+    database.run(u"CREATE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME) ENGINE=InnoDB"_s);
+    database.run(u"CREATE TABLE Books(iID INT) ENGINE=InnoDB"_s);
+    KTableSchema::forgetAll();
+    FaultProxy proxy(database.settings());
+    KConnection::configure(0, proxy.settings());
+    g_pDlgWarning->answerNext(KMessageDialog::Yes);
+    g_pDlgWarning->answerNext(KMessageDialog::No);
+    proxy.failAtCommit(FaultProxy::Fault::CutAfterCommit, false);
+    const auto book = [] { KTransaction::runReplayable([] { KConnection::forThread().run(QByteArrayLiteral("INSERT INTO Books VALUES(1)")); }); };
+    QVERIFY(!KErrorBoundary::guarded(nullptr, book));
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 3);
+    QVERIFY(shown.at(0).startsWith(u"نامعلوم: پیش از تکرار نگاه کنید"_s));
+    QCOMPARE(shown.at(1), shown.at(0));
+    // The second try finds out that the first was saved, and books nothing.
+    proxy.setReachable(true);
+    QVERIFY(!KErrorBoundary::guarded(nullptr, book));
+    QVERIFY(g_pDlgWarning->takeShown().constFirst().contains(u"انجام شده است"_s));
+    QCOMPARE(database.value(u"SELECT COUNT(*) FROM Books"_s), u"1"_s);
+    KConnection::configure(0, database.settings());
 }
 
 void TestKErrorBoundary::noErrorShowsNothing()

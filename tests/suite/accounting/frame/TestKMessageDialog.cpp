@@ -65,6 +65,7 @@ class TestKMessageDialog : public QObject
 private Q_SLOTS:
     void cleanup();
     void writtenFileHasAButtonForItsFolder();
+    void unknownEndIsLookedAtAgainByTheFirstKey();
     void messageHasOneButtonAndClosesByKey_data();
     void messageHasOneButtonAndClosesByKey();
     void questionIsAnsweredByKey_data();
@@ -78,6 +79,21 @@ void TestKMessageDialog::cleanup()
 {
     for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
         dialog->answerAll(false);
+}
+
+void TestKMessageDialog::unknownEndIsLookedAtAgainByTheFirstKey()
+{
+    for (const bool again : {true, false}) {
+        bool pressed = !again;
+        const Seen seen = pressWhenShown(again ? Qt::Key_Return : Qt::Key_Escape, [&] { pressed = g_pDlgWarning->ShowUnknown(u"نامعلوم"_s); });
+        QCOMPARE(seen.buttons, sorted({u"باشه"_s, u"نگاه دوباره"_s}));
+        QCOMPARE(seen.focused, u"نگاه دوباره"_s);
+        QCOMPARE(pressed, again);
+    }
+    // A program without a user would look for ever.
+    g_pDlgWarning->answerAll(true);
+    QVERIFY(!g_pDlgWarning->ShowUnknown(u"نامعلوم"_s));
+    g_pDlgWarning->answerAll(false);
 }
 
 void TestKMessageDialog::writtenFileHasAButtonForItsFolder()

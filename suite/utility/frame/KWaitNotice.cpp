@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/frame/KWaitNotice.h"
+
+#include "suite/db/KConnection.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+KWaitNotice::KWaitNotice()
+{
+    KConnection::setWaiter(this);
+}
+
+KWaitNotice::~KWaitNotice()
+{
+    KConnection::setWaiter(nullptr);
+    ended();
+}
+
+bool KWaitNotice::goOn(std::chrono::milliseconds waited) noexcept
+{
+    try {
+        if (!m_window)
+            show();
+        const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(waited).count();
+        m_text->setText(u"در انتظار پاسخ پایگاه داده... (%1 ثانیه)"_s.arg(seconds));
+        m_text->setAccessibleName(m_text->text());
+        QCoreApplication::processEvents();
+    } catch (...) {
+        // Without a notice the wait goes on, and ends by its own time.
+    }
+    return !m_givenUp;
+}
+
+void KWaitNotice::ended() noexcept
+{
+    if (m_cursorSet)
+        QApplication::restoreOverrideCursor();
+    m_cursorSet = false;
+    if (!m_window)
+        return;
+    qApp->removeEventFilter(this);
+    delete m_window;
+    // Where no window manager does so by itself.
+    if (m_before)
+        m_before->activateWindow();
+}
+
+void KWaitNotice::show()
+{
+    m_givenUp = false;
+    m_before = QApplication::activeWindow();
+    m_window = new QDialog(m_before);
+    m_window->setWindowTitle(u"پایگاه داده"_s);
+    m_window->setAccessibleName(m_window->windowTitle());
+    m_window->setLayoutDirection(Qt::RightToLeft);
+    m_window->setWindowModality(Qt::ApplicationModal);
+    m_text = new QLabel(m_window);
+    auto *hint = new QLabel(u"با انصراف چیزی ذخیره نمی‌شود و آنچه وارد کرده‌اید می‌ماند."_s, m_window);
+    auto *giveUp = new QPushButton(u"انصراف"_s, m_window);
+    giveUp->setAccessibleName(giveUp->text());
+    // Whoever is typing when the notice comes up gives up by Esc or by going to the button, not by the next letter.
+    giveUp->setAutoDefault(false);
+    m_window->setFocusPolicy(Qt::StrongFocus);
+    auto *column = new QVBoxLayout(m_window);
+    column->addWidget(m_text);
+    column->addWidget(hint);
+    column->addWidget(giveUp, 0, Qt::AlignHCenter);
+    connect(giveUp, &QPushButton::clicked, m_window, &QDialog::reject);
+    connect(m_window, &QDialog::rejected, this, [this] { m_givenUp = true; });
+    if (QApplication::overrideCursor()) {
+        QApplication::setOverrideCursor(Qt::ArrowCursor);
+        m_cursorSet = true;
+    }
+    qApp->installEventFilter(this);
+    m_window->show();
+    m_window->setFocus();
+}
+
+bool KWaitNotice::isOfNotice(const QObject *receiver) const
+{
+    for (; receiver; receiver = receiver->parent()) {
+        if (receiver == m_window)
+            return true;
+    }
+    return false;
+}
+
+// Both come again by themselves: a timer that was not served stays due, and so does a socket that was not read.
+bool KWaitNotice::eventFilter(QObject *receiver, QEvent *event)
+{
+    return (event->type() == QEvent::Timer || event->type() == QEvent::SockAct) && !isOfNotice(receiver);
+}
