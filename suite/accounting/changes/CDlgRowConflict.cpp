@@ -196,6 +196,8 @@ QLabel *CDlgRowConflict::cell(const Line &line, int side, const QString &title)
     auto *label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    // Figures and dates too begin at the column's right edge.
+    label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignTop);
     label->setAccessibleName(line.caption + u"، "_s + title + u": "_s + text);
     if (QPixmap picture; picture.loadFromData(line.pictures[position])) {
         label->setPixmap(picture.scaled(pictureSize.boundedTo(picture.size()), Qt::KeepAspectRatio, Qt::SmoothTransformation));

@@ -18,6 +18,10 @@
 #include <QCoreApplication>
 #include <QTest>
 
+#include <array>
+#include <barrier>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 using ContractSaving::Decision;
@@ -96,6 +100,40 @@ private Q_SLOTS:
                  u"START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
                  "INSERT INTO Docs|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
                  "INSERT INTO CustomFieldRecords|COMMIT"_s);
+    }
+
+    // Two desks save the same contract at the same moment: the one that comes second is asked, and the document is always of the row.
+    void twoDesksAtOnceNeverPartRowAndDocument()
+    {
+        (void)ContractSaving::save(decision());
+        constexpr int rounds = 12;
+        for (int round = 0; round < rounds; ++round) {
+            std::barrier start(2);
+            std::array<int, 2> refused{};
+            const auto desk = [&](int number) {
+                const double commission = 5000 + 10 * round + number;
+                Decision mine = decision(commission);
+                CTblAutomobilContracts row;
+                if (!row.IsRecordExist(u"iID"_s, m_key))
+                    qFatal("the contract is gone");
+                mine.opened = OpenedRow(row, CTblAutomobilContracts::fieldGroups(), [] {});
+                start.arrive_and_wait();
+                try {
+                    (void)ContractSaving::save(mine);
+                } catch (const RowChanged &) {
+                    refused[std::size_t(number)] = 1;
+                }
+            };
+            std::thread first(desk, 0);
+            std::thread second(desk, 1);
+            first.join();
+            second.join();
+            QCOMPARE(refused[0] + refused[1], 1);
+            const int saved = refused[0] ? 1 : 0;
+            QCOMPARE(value("SELECT dCommission FROM AutomobilContracts").toDouble(), 5000.0 + 10 * round + saved);
+            QCOMPARE(value("SELECT MAX(dBed)=(SELECT dCommission FROM AutomobilContracts) FROM Docs"), u"1"_s);
+            QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
+        }
     }
 
     void contractThatIsGoneIsNotSaved()
