@@ -210,6 +210,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("command");
         QTest::addColumn<int>("most");
         QTest::newRow("contract, new") << contracts << create << 4;
+        // With the custom fields, which a contract that is deleted meanwhile is saved anew with.
         QTest::newRow("contract, edit") << contracts << edit << 6;
         QTest::newRow("contract, show") << contracts << show << 3;
         QTest::newRow("settings of the contracts") << contracts << u"settings"_s << 1;
