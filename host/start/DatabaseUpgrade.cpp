@@ -6,6 +6,7 @@
 #include "auto/CAutoDBSetting.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KLease.h"
+#include "suite/db/KLongWork.h"
 #include "suite/db/KTableSchema.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/DatabaseDump.h"
@@ -150,6 +151,7 @@ void DatabaseUpgrade::upgradeSuite()
     if (SuiteSchema::storedVersion() == SuiteSchema::currentVersion())
         return;
     const std::unique_ptr<KLease> lease = takeTurn();
+    const KLongWork work;
     const int stored = SuiteSchema::storedVersion();
     if (stored == SuiteSchema::currentVersion())
         return;
@@ -180,6 +182,7 @@ bool DatabaseUpgrade::runModule(CAutoDBSetting &module)
     }
     for (;;) {
         const std::unique_ptr<KLease> lease = takeTurn();
+        const KLongWork work;
         try {
             return callModule(module, lease.get());
         } catch (const BeginAnew &) {
@@ -248,6 +251,7 @@ void DatabaseUpgrade::closeModuleUpgrade()
     if (!SuiteSchema::isClosingStepDue())
         return;
     const std::unique_ptr<KLease> lease = takeTurn();
+    const KLongWork work;
     SuiteSchema::afterModuleUpgrade();
 }
 
