@@ -57,7 +57,7 @@ void takeDecision(Record &record, const Decision<Record> &decision)
     decision.write(record);
 }
 
-// Saves the row with what was decided; see finish below for the order.
+// Writes the row, which holds what both sides decided, between its parts.
 template <class Record>
 void writeWith(Record &record, const Decision<Record> &decision, const Parts<Record> &parts, const KRowValues &further)
 {

@@ -75,6 +75,15 @@ QString labelOf(KMySQL &record, const QString &name, const CDlgRowConflict::Capt
     return (!label.isEmpty() || !column ? label : column->caption).trimmed();
 }
 
+// In the order in which the record names its columns, which is nearer to a window's than the alphabet; other names stay behind.
+QList<RowConflict> inOrder(QList<RowConflict> conflicts, KMySQL &record)
+{
+    const auto position = [&record](const RowConflict &conflict) {
+        return std::ranges::find(record.columns(), conflict.column, &KMySQL::Column::name) - record.columns().cbegin();
+    };
+    std::ranges::stable_sort(conflicts, {}, position);
+    return conflicts;
+}
 }
 
 bool CDlgRowConflict::Line::isSame() const
@@ -86,7 +95,7 @@ QList<CDlgRowConflict::Line> CDlgRowConflict::linesOf(const RowChanged &changed,
                                                       const Format &format)
 {
     QList<Line> lines;
-    for (const RowConflict &conflict : changed.conflicts()) {
+    for (const RowConflict &conflict : inOrder(changed.conflicts(), record)) {
         Line line{labelOf(record, conflict.column, caption), {}, {}};
         if (line.caption.isEmpty())
             line.caption = conflict.column;

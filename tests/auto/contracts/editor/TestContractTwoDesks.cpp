@@ -20,6 +20,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -435,6 +436,22 @@ private Q_SLOTS:
         line(*mine, "sExplain")->setText(u"شرح"_s);
         mine->accept();
         mine->accept();
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Changes WHERE sTable='AutomobilContracts'"_s), u"1"_s);
+        QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
+    }
+
+    void enterHeldDownSavesOnce()
+    {
+        m_office->database().run(u"DELETE FROM Changes"_s);
+        auto mine = opened(m_contract);
+        line(*mine, "sExplain")->setText(u"شرح"_s);
+        auto *ok = captioned<QPushButton>(*mine, u"تاييد"_s);
+        ok->setFocus();
+        for (int i = 0; i < 5; ++i) {
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), i > 0);
+            QApplication::sendEvent(ok, &held);
+        }
+        QVERIFY(!mine->isVisible());
         QCOMPARE(value(u"SELECT COUNT(*) FROM Changes WHERE sTable='AutomobilContracts'"_s), u"1"_s);
         QCOMPARE(g_pDlgMessage->takeShown().size(), 1);
     }

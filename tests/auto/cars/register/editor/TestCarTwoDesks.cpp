@@ -144,7 +144,7 @@ private Q_SLOTS:
         CDlgRowConflict::answerNext(Answer::GoBack);
         mine->accept();
         QVERIFY(mine->isVisible());
-        QCOMPARE(CDlgRowConflict::takeShown(), (QStringList{u"خریدار:  | رضا احمدی | "_s, u"مالک: سارا کریمی | سارا کریمی | رضا احمدی"_s}));
+        QCOMPARE(CDlgRowConflict::takeShown(), (QStringList{u"مالک: سارا کریمی | سارا کریمی | رضا احمدی"_s, u"خریدار:  | رضا احمدی | "_s}));
         QCOMPARE(m_office->database().value(u"SELECT iPersonID<>iPersonBuyerID FROM AutomobilInformations"_s), u"1"_s);
     }
 
