@@ -3,10 +3,8 @@
 
 #include "auto/db/RecordCodes.h"
 
-#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/NamedLock.h"
 #include "suite/db/CTblTemp.h"
-
-#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -15,11 +13,9 @@ QString RecordCodes::emptyMessage()
     return u"لطفا کد را وارد نمایید."_s;
 }
 
-// A row per table, which the first to come makes and everybody writes. What is written is new each time, so that also the nodes
-// of a cluster, which compare what was changed, see two draws as a conflict.
 void RecordCodes::lock(const QString &table, int database)
 {
-    CTblProperties::DBWriteSetting(u"Codes"_s, table, QUuid::createUuid().toString(QUuid::WithoutBraces), database);
+    NamedLock::take(table, database);
 }
 
 void RecordCodes::requireFree(const QString &table, int code, int exceptID, int database)
