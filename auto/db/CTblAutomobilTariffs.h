@@ -25,4 +25,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

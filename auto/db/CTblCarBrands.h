@@ -53,4 +53,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

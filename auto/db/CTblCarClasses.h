@@ -45,4 +45,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

@@ -75,6 +75,7 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 
 private:
     void standardize();

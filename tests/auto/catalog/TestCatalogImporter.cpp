@@ -63,7 +63,7 @@ private Q_SLOTS:
         for (int number = 0; number < 2000; ++number)
             entries.append({u"brand %1"_s.arg(number / 100), u"model %1"_s.arg(number / 10),
                             u"class %1"_s.arg(number)});
-        const ObservedStatements statements({u"SELECT NOW()"_s, u"INSERT"_s});
+        const ObservedStatements statements({u"SELECT NOW()"_s, u"INSERT INTO Car"_s});
         const CatalogImport::Plan added = CatalogImporter::add(entries, 1);
         const qsizetype rows = added.brands.size() + added.models.size() + added.classes.size();
         QCOMPARE(rows, 2220);
