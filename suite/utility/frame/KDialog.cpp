@@ -87,8 +87,11 @@ void KDialog::setDropQuestion(DropQuestion question)
     dropQuestion = question;
 }
 
+// A second press while the first one is at work, or after it has closed the window, is the same press.
 void KDialog::accept()
 {
+    if (m_accepting || (result() == Accepted && !isVisible()))
+        return;
     const QScopedValueRollback accepting(m_accepting, true);
     if (OnOK())
         QDialog::accept();
