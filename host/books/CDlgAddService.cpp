@@ -3,9 +3,7 @@
 
 #include "host/books/CDlgAddService.h"
 
-#include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/invoices/CTblServices.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
@@ -18,17 +16,18 @@ using namespace Qt::StringLiterals;
 
 CDlgAddService::CDlgAddService(int serviceID, QWidget *parent)
     : KDialog(parent)
-    , m_serviceID(serviceID)
+    , m_edit(m_service, serviceID)
     , m_code(new KEdit(KEdit::Kind::Integer, this))
     , m_name(new KEdit(this))
 {
     setWindowTitle(serviceID == 0 ? u"خدمت جدید"_s : u"ویرایش خدمت"_s);
-    CTblServices service;
-    const bool known = serviceID != 0 && service.IsRecordExist(u"iID"_s, serviceID);
-    m_name->setMaxLength(service.textLength(u"sName"));
+    const bool known = serviceID != 0 && m_service.IsRecordExist(u"iID"_s, serviceID);
+    m_name->setMaxLength(m_service.textLength(u"sName"));
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    m_code->setNumber(known ? service.m_iCode : CTblServices::nextCode());
-    m_name->setText(service.m_sName);
+    m_code->setNumber(known ? m_service.m_iCode : CTblServices::nextCode());
+    m_name->setText(m_service.m_sName);
+    if (known)
+        m_edit.remember([this] { store(); });
 
     auto *form = new QFormLayout;
     addLabelled(form, u"کد :"_s, m_code);
@@ -46,16 +45,14 @@ bool CDlgAddService::OnOK()
         m_code->setFocus();
         return false;
     }
-    try {
-        GetDBSetting()->RequireOpenDB();
-        if (m_serviceID == 0)
-            m_serviceID = CTblServices::add(m_code->integer(), m_name->text());
-        else
-            CTblServices::change(m_serviceID, m_code->integer(), m_name->text());
-    } catch (const KAccountingError &error) {
-        g_pDlgWarning->Show(error.userMessage(), this);
-        (m_name->text().trimmed().isEmpty() ? m_name : m_code)->setFocus();
-        return false;
-    }
-    return true;
+    const RowQuestions::Texts texts{.goTo = [this](const QString &column) { (column == u"sName" ? m_name : m_code)->setFocus(); }};
+    return RowQuestions::save(
+               this, m_edit, texts, [this] { store(); }, [this] { m_service.settle(m_edit.key()); })
+        == RowQuestions::Outcome::Saved;
+}
+
+void CDlgAddService::store()
+{
+    m_service.m_iCode = m_code->integer();
+    m_service.m_sName = m_name->text();
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/changes/RowEdit.h"
+#include "suite/accounting/invoices/CTblServices.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KEdit;
@@ -16,12 +18,15 @@ public:
     explicit CDlgAddService(int serviceID, QWidget *parent = nullptr);
 
     // The key of the service; for a new one, after OK.
-    int serviceID() const { return m_serviceID; }
+    int serviceID() const { return m_edit.key(); }
 
     bool OnOK() override;
 
 private:
-    int m_serviceID;
+    void store();
+
+    CTblServices m_service;
+    RowEdit m_edit;
     KEdit *m_code;
     KEdit *m_name;
 };

@@ -101,11 +101,11 @@ void CDlgServices::editService()
 
 void CDlgServices::deleteService()
 {
-    CTblServices service;
-    if (isChangeBlocked() || !CheckDeletionSecurity() || !loadSelected(service)
+    const int key = list()->currentKey();
+    if (key == 0 || isChangeBlocked() || !CheckDeletionSecurity()
         || g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
         return;
-    // Deleting a service that is in use is refused through the page's error boundary.
-    CTblServices::remove(service.m_iID);
+    // One that is in use, or gone by now, is refused through the page's error boundary.
+    guarded([key] { CTblServices::remove(key); });
     refill();
 }

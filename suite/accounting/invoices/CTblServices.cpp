@@ -5,34 +5,11 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// The name in standard form. Stands inside the transaction that writes it.
-QString requireGood(int code, const QString &name, int ownID, int database)
-{
-    QString kept = ConvertToStandard(name);
-    if (kept.isEmpty())
-        throw KAccountingError(u"لطفا نام خدمت را وارد نمایید."_s);
-    if (code < 1)
-        throw KAccountingError(u"لطفا کد خدمت را وارد نمایید."_s);
-    CTblServices others(database);
-    others.m_filter = KSql::formatted("iID<>%1", ownID);
-    const QString key = searchKey(kept);
-    for (others.Open(true, true, true); !others.IsEOF(); others.MoveNext()) {
-        if (others.m_iCode == code)
-            throw KAccountingError(u"کد %1 از آن خدمت «%2» است."_s.arg(QString::number(code), others.m_sName));
-        if (searchKey(others.m_sName) == key)
-            throw KAccountingError(u"خدمتی به نام «%1» وجود دارد."_s.arg(others.m_sName));
-    }
-    return kept;
-}
-
-}
 
 CTblServices::CTblServices(int database)
     : KMySQL(database)
@@ -63,38 +40,51 @@ int CTblServices::nextCode(int database)
 
 int CTblServices::add(int code, const QString &name, int database)
 {
-    KTransaction transaction(database);
-    CTblServices set(database);
-    set.AddNew();
-    set.m_sName = requireGood(code, name, 0, database);
-    set.m_iCode = code;
-    set.Update(true);
-    transaction.commit();
-    return static_cast<int>(set.GetLastInsertedID());
+    CTblServices service(database);
+    RowEdit edit(service);
+    edit.save(
+        [&] {
+            service.m_iCode = code;
+            service.m_sName = name;
+        },
+        [&] { service.settle(0); });
+    return edit.key();
 }
 
-void CTblServices::change(int id, int code, const QString &name, int database)
+void CTblServices::settle(qint32 key)
 {
-    KTransaction transaction(database);
-    CTblServices set(database);
-    if (!set.IsRecordExist(u"iID"_s, id))
-        throw KAccountingError(u"این خدمت دیگر وجود ندارد."_s);
-    set.Edit();
-    set.m_sName = requireGood(code, name, id, database);
-    set.m_iCode = code;
-    set.Update(true);
-    transaction.commit();
+    const QString nameColumn = u"sName"_s;
+    const QString codeColumn = u"iCode"_s;
+    m_sName = ConvertToStandard(m_sName);
+    if (m_sName.isEmpty())
+        throw FieldRefused(u"لطفا نام خدمت را وارد نمایید."_s, nameColumn);
+    if (m_iCode < 1)
+        throw FieldRefused(u"لطفا کد خدمت را وارد نمایید."_s, codeColumn);
+    CTblServices others(database());
+    others.m_filter = KSql::formatted("iID<>%1", key);
+    const QString ownName = searchKey(m_sName);
+    for (others.Open(false, true, true); !others.IsEOF(); others.MoveNext()) {
+        if (others.m_iCode == m_iCode)
+            throw FieldRefused(u"کد %1 از آن خدمت «%2» است."_s.arg(QString::number(m_iCode), others.m_sName), codeColumn);
+        if (searchKey(others.m_sName) == ownName)
+            throw FieldRefused(u"خدمتی به نام «%1» وجود دارد."_s.arg(others.m_sName), nameColumn);
+    }
 }
 
+// The row first: who writes an invoice holds the services of its lines, and waits here, or is waited for.
 void CTblServices::remove(int id, int database)
 {
-    KTransaction transaction(database);
-    CTblTemp query(database);
-    query.Open(false, false, true);
-    query.FormatAndExecuteQuery("SELECT iFactorNum FROM FactorStuffs WHERE iServiceID=%d ORDER BY iFactorNum LIMIT 1 FOR UPDATE", id);
-    if (query.HasResultRow())
-        throw KAccountingError(u"این خدمت در فاکتور شماره %1 به کار رفته است و حذف نمی‌شود."_s
-                                   .arg(query.GetLongFieldValue(0)));
-    query.FormatAndExecuteQuery("DELETE FROM Services WHERE iID=%d", id);
-    transaction.commit();
+    KTransaction::runReplayable(
+        [&] {
+            CTblServices service(database);
+            if (!service.lockRecord(id))
+                throw RowChanged(RowChanged::Kind::Gone, service, id);
+            CTblTemp query(database);
+            query.FormatAndExecuteQuery("SELECT iFactorNum FROM FactorStuffs WHERE iServiceID=%d ORDER BY iFactorNum LIMIT 1 FOR UPDATE", id);
+            if (query.HasResultRow())
+                throw KAccountingError(u"این خدمت در فاکتور شماره %1 به کار رفته است و حذف نمی‌شود."_s
+                                           .arg(query.GetLongFieldValue(0)));
+            service.Delete();
+        },
+        database);
 }

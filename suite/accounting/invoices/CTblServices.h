@@ -20,11 +20,14 @@ public:
 
     // One more than the highest code; 1 in an empty list.
     static int nextCode(int database = 0);
-    // Returns the new service's key. The name is brought into standard form. Like the two below, throws KAccountingError, with
-    // nothing changed: an empty name, a code below 1, or a name (searchKey) or code that another service has.
+    // Returns the new service's key. Throws what settle throws.
     static int add(int code, const QString &name, int database = 0);
-    static void change(int id, int code, const QString &name, int database = 0);
-    // Also throws for a service that is used on an invoice, valid or void.
+    // Between the entries of a service and its row, inside the transaction and with nobody else writing a service: brings the
+    // name into standard form. Throws FieldRefused for an empty name, a code below 1, or a name (searchKey) or code that another
+    // service than the one of the key has.
+    void settle(qint32 key);
+    // Throws KAccountingError, with nothing changed, for a service that is used on an invoice, valid or void; RowChanged for one
+    // that is gone.
     static void remove(int id, int database = 0);
 
     qint32 m_iID = 0;
@@ -33,4 +36,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

@@ -10,6 +10,7 @@
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -34,6 +35,10 @@ private Q_SLOTS:
     void rightsOfEachCommand_data();
     void rightsOfEachCommand();
     void closedDatabaseHidesTheCommands();
+    void twoDesks_data() { TwoDesks::addCases(true); }
+    void twoDesks();
+    void codeOfTwoDesksIsGivenOnce();
+    void serviceThatIsGoneIsToldAndLeavesTheList();
 
 private:
     QString value(const char *statement) { return m_office.database.value(QString::fromUtf8(statement)); }
@@ -203,6 +208,55 @@ void TestCDlgServices::closedDatabaseHidesTheCommands()
     // Also for a window that was open by then.
     QVERIFY(!window.OnOK());
     QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"2"_s);
+}
+
+void TestCDlgServices::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    const auto run = [this](const QString &statement) { m_office.database.run(statement); };
+    int id = 0;
+    TwoDesks({
+                 .reset =
+                     [&] {
+                         run(u"DELETE FROM Services"_s);
+                         id = CTblServices::add(7, u"بیمه"_s);
+                     },
+                 .open = [&] { return std::make_unique<CDlgAddService>(id); },
+                 .enter = [](KDialog &window) { field(static_cast<CDlgAddService &>(window), name)->setText(u"بیمه بدنه"_s); },
+                 .changeOther = [&] { run(u"UPDATE Services SET iCode=8"_s); },
+                 .changeSame = [&] { run(u"UPDATE Services SET sName='بیمه عمر'"_s); },
+                 .remove = [&] { run(u"DELETE FROM Services"_s); },
+                 .stored = [&] { return value("SELECT GROUP_CONCAT(CONCAT_WS('/',iCode,sName)) FROM Services"); },
+                 .merged = u"8/بیمه بدنه"_s,
+                 .theirs = u"7/بیمه عمر"_s,
+                 .mine = u"7/بیمه بدنه"_s,
+                 .renewed = u"7/بیمه بدنه"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgServices::codeOfTwoDesksIsGivenOnce()
+{
+    CDlgAddService first(0);
+    CDlgAddService second(0);
+    field(first, name)->setText(u"بیمه"_s);
+    field(second, name)->setText(u"کرایه"_s);
+    first.accept();
+    second.accept();
+    QCOMPARE(second.result(), int(QDialog::Rejected));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"کد 103 از آن خدمت «بیمه» است."_s});
+    QCOMPARE(value("SELECT COUNT(*) FROM Services"), u"3"_s);
+}
+
+void TestCDlgServices::serviceThatIsGoneIsToldAndLeavesTheList()
+{
+    CDlgServices page;
+    page.open();
+    page.list()->selectKey(m_office.transfer);
+    m_office.database.run(u"DELETE FROM Services WHERE iID=%1"_s.arg(m_office.transfer));
+    page.runCommand(u"delete");
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(page.list()->count(), 1);
 }
 
 static const RegisteredTest<TestCDlgServices, QApplication> registeredCDlgServices;

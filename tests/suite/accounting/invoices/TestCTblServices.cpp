@@ -3,6 +3,9 @@
 
 #include "suite/accounting/invoices/CTblServices.h"
 
+#include "suite/accounting/changes/RowEdit.h"
+#include "suite/accounting/invoices/InvoicePosting.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -10,7 +13,9 @@
 #include <QCoreApplication>
 #include <QtTest>
 
+#include <atomic>
 #include <functional>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +32,7 @@ private Q_SLOTS:
     void ownNameAndCodeMayStay();
     void changeOfAMissingServiceIsRefused();
     void serviceOnAnInvoiceIsNotDeleted();
+    void serviceThatAnInvoiceBeginsToUseIsNotDeleted();
     void unusedServiceIsDeleted();
 
 private:
@@ -34,6 +40,25 @@ private:
 
     TestOffice m_office;
 };
+
+namespace {
+
+// As the window of a service saves it.
+void change(int id, int code, const QString &name)
+{
+    CTblServices service;
+    RowEdit edit(service, id);
+    if (service.IsRecordExist(u"iID"_s, id))
+        edit.remember([] {});
+    edit.save(
+        [&] {
+            service.m_iCode = code;
+            service.m_sName = name;
+        },
+        [&] { service.settle(id); });
+}
+
+}
 
 void TestCTblServices::init()
 {
@@ -85,22 +110,23 @@ void TestCTblServices::refusals()
     QFETCH(int, code);
     QFETCH(QString, name);
     QTEST(refusalOf([&] { CTblServices::add(code, name); }), "message");
-    QTEST(refusalOf([&] { CTblServices::change(2, code, name); }), "message");
+    QTEST(refusalOf([&] { change(2, code, name); }), "message");
     QCOMPARE(m_office.database.value(u"SELECT GROUP_CONCAT(iCode,sName ORDER BY iID) FROM Services"_s),
              u"10کارشناسی خودرو,25انتقال سند"_s);
 }
 
 void TestCTblServices::ownNameAndCodeMayStay()
 {
-    CTblServices::change(1, 10, u"کارشناسی خودرو"_s);
-    CTblServices::change(1, 11, u"کارشناسی"_s);
+    change(1, 10, u"کارشناسی خودرو"_s);
+    change(1, 11, u"کارشناسی"_s);
     QCOMPARE(m_office.database.value(u"SELECT CONCAT(iCode,sName) FROM Services WHERE iID=1"_s),
              u"11کارشناسی"_s);
 }
 
 void TestCTblServices::changeOfAMissingServiceIsRefused()
 {
-    QCOMPARE(refusalOf([] { CTblServices::change(9, 40, u"بیمه"_s); }), u"این خدمت دیگر وجود ندارد."_s);
+    QVERIFY(refusalOf([] { change(9, 40, u"بیمه"_s); }).contains(u"حذف کرده است"_s));
+    QVERIFY(refusalOf([] { CTblServices::remove(9); }).contains(u"حذف کرده است"_s));
 }
 
 void TestCTblServices::serviceOnAnInvoiceIsNotDeleted()
@@ -108,6 +134,34 @@ void TestCTblServices::serviceOnAnInvoiceIsNotDeleted()
     m_office.database.run(u"INSERT INTO FactorStuffs(iFactorNum,iType,iServiceID) VALUES(12,7,1)"_s);
     QCOMPARE(refusalOf([] { CTblServices::remove(1); }),
              u"این خدمت در فاکتور شماره 12 به کار رفته است و حذف نمی‌شود."_s);
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Services"_s), u"2"_s);
+}
+
+// An invoice that is being written holds its services until it is saved.
+void TestCTblServices::serviceThatAnInvoiceBeginsToUseIsNotDeleted()
+{
+    const int person = m_office.addPerson(u"علی"_s);
+    Invoice invoice;
+    invoice.personID = person;
+    invoice.date = GetDBSetting()->GetDBServerDate();
+    invoice.lines = {{1, {}, 1, 100}};
+    QString refusal;
+    std::atomic<bool> done{false};
+    std::thread other;
+    {
+        KTransaction transaction;
+        InvoicePosting::save(invoice);
+        other = std::thread([&] {
+            refusal = refusalOf([] { CTblServices::remove(1); });
+            done = true;
+            KConnection::closeThreadConnections();
+        });
+        QTest::qWait(300);
+        QVERIFY(!done);
+        transaction.commit();
+    }
+    other.join();
+    QVERIFY2(refusal.contains(u"به کار رفته است"_s), qPrintable(refusal));
     QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Services"_s), u"2"_s);
 }
 
