@@ -3,10 +3,10 @@
 
 #include "host/administration/CDlgAddUser.h"
 
-#include "suite/db/KTransaction.h"
 #include "host/start/CDlgFirstStart.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
     : KDialog(parent)
-    , m_userID(userID)
+    , m_edit(m_record, userID)
     , m_admin(new QCheckBox(u"مدیر برنامه (همه دسترسی‌ها)"_s, this))
     , m_active(new QCheckBox(u"فعال"_s, this))
 {
@@ -60,13 +60,13 @@ KEdit *CDlgAddUser::addEdit(QFormLayout *form, const QString &caption, int maxLe
 
 void CDlgAddUser::load()
 {
-    CTblUsers user;
-    if (m_userID == 0 || !user.IsRecordExist(u"iID"_s, m_userID))
+    if (m_edit.isNew() || !m_record.IsRecordExist(u"iID"_s, m_edit.key()))
         return;
-    m_user->setText(user.m_sUser);
-    m_name->setText(user.m_sName);
-    m_admin->setChecked(user.m_bAdmin != 0);
-    m_active->setChecked(user.m_iStatus == 0);
+    m_user->setText(m_record.m_sUser);
+    m_name->setText(m_record.m_sName);
+    m_admin->setChecked(m_record.m_bAdmin != 0);
+    m_active->setChecked(m_record.m_iStatus == 0);
+    m_edit.remember([this] { write(); });
 }
 
 bool CDlgAddUser::refuse(const QString &message, QWidget *field)
@@ -80,49 +80,74 @@ bool CDlgAddUser::validate()
 {
     if (ConvertToStandard(m_user->text()).isEmpty())
         return refuse(u"لطفا نام کاربری را وارد نمایید."_s, m_user);
-    const bool keepsPassword = m_userID != 0 && m_password->text().isEmpty() && m_repeated->text().isEmpty();
+    const bool keepsPassword = !m_edit.isNew() && m_password->text().isEmpty() && m_repeated->text().isEmpty();
     const QString problem = keepsPassword ? QString() : CDlgFirstStart::passwordProblem(m_password->text(), m_repeated->text());
     if (!problem.isEmpty())
         return refuse(problem, m_password);
-    if (m_userID == 0)
-        return true;
-    if (m_userID == GetDBSetting()->GetUserID() && !m_active->isChecked())
+    if (!m_edit.isNew() && m_edit.key() == GetDBSetting()->GetUserID() && !m_active->isChecked())
         return refuse(u"کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."_s, m_active);
-    if ((!m_admin->isChecked() || !m_active->isChecked()) && !CTblUsers::hasOtherAdmin(m_userID))
-        return refuse(u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s, m_admin);
     return true;
 }
 
-void CDlgAddUser::store()
+void CDlgAddUser::write()
 {
-    KTransaction transaction;
-    if (m_userID == 0)
-        m_userID = CTblUsers::create(m_user->text(), m_password->text(), m_name->text(), m_admin->isChecked());
-    else if (!m_password->text().isEmpty())
-        CTblUsers::setPassword(m_userID, m_password->text());
-    CTblUsers user;
-    if (user.IsRecordExist(u"iID"_s, m_userID)) {
-        user.Edit();
-        user.m_sUser = ConvertToStandard(m_user->text());
-        user.m_sName = ConvertToStandard(m_name->text());
-        user.m_bAdmin = m_admin->isChecked() ? 1 : 0;
-        user.m_iStatus = m_active->isChecked() ? 0 : 1;
-        user.Update(true);
-    }
-    transaction.commit();
+    m_record.m_sUser = m_user->text();
+    m_record.m_sName = m_name->text();
+    m_record.m_bAdmin = m_admin->isChecked() ? 1 : 0;
+    m_record.m_iStatus = m_active->isChecked() ? 0 : 1;
+    if (!m_hash.isEmpty())
+        m_record.m_sPasswordHash = m_hash;
+}
+
+void CDlgAddUser::settle()
+{
+    const auto check = [this](const QString &column, void (CTblUsers::*rule)(qint32)) {
+        try {
+            (m_record.*rule)(m_edit.key());
+        } catch (const KAccountingError &error) {
+            throw FieldRefused(error.userMessage(), column);
+        }
+    };
+    check(u"sUser"_s, &CTblUsers::requireFreeName);
+    check(u"bAdmin"_s, &CTblUsers::requireAdminLeft);
+}
+
+QWidget *CDlgAddUser::fieldOf(const QString &column) const
+{
+    const QHash<QString, QWidget *> fields{
+        {u"sName"_s, m_name}, {u"bAdmin"_s, m_admin}, {u"iStatus"_s, m_active}, {u"sPasswordHash"_s, m_password}};
+    return fields.value(column, m_user);
+}
+
+bool CDlgAddUser::save()
+{
+    const RowQuestions::Texts texts{
+        .caption =
+            [](const QString &column) {
+                return column == u"iStatus" ? u"وضعیت"_s : column == u"sPasswordHash" ? u"کلمه عبور"_s
+                                                                                      : QString();
+            },
+        .format = [this](const QString &column, const QVariant &value) -> std::optional<QString> {
+            if (column == u"iStatus")
+                return value.toInt() == 0 ? u"فعال"_s : u"غیرفعال"_s;
+            if (column == u"sPasswordHash")
+                return value.toString() == m_hash ? u"آنچه وارد کرده‌اید"_s : u"•••••"_s;
+            return std::nullopt;
+        },
+        .goTo = [this](const QString &column) { fieldOf(column)->setFocus(); }};
+    return RowQuestions::save(
+               this, m_edit, texts, [this] { write(); }, [this] { settle(); })
+        == RowQuestions::Outcome::Saved;
 }
 
 bool CDlgAddUser::OnOK()
 {
     if (!validate())
         return false;
-    const int before = m_userID;
-    try {
+    {
+        // Before the unit of work, in which others would wait for it.
         const KWaitCursor wait;
-        store();
-    } catch (...) {
-        m_userID = before;
-        throw;
+        m_hash = m_password->text().isEmpty() ? QString() : CTblUsers::hashOf(m_password->text());
     }
-    return true;
+    return save();
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/changes/RowEdit.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KEdit;
@@ -18,7 +20,7 @@ public:
     explicit CDlgAddUser(int userID, QWidget *parent = nullptr);
 
     // The key of the user; for a new one, after OK.
-    int userID() const { return m_userID; }
+    int userID() const { return m_edit.key(); }
 
 protected:
     bool OnOK() override;
@@ -27,10 +29,15 @@ private:
     KEdit *addEdit(QFormLayout *form, const QString &caption, int maxLength);
     void load();
     bool validate();
-    void store();
+    void write();
+    void settle();
+    bool save();
+    QWidget *fieldOf(const QString &column) const;
     bool refuse(const QString &message, QWidget *field);
 
-    int m_userID;
+    CTblUsers m_record;
+    RowEdit m_edit;
+    QString m_hash; // of the password that was entered; empty: it stays
     KEdit *m_user;
     KEdit *m_name;
     KEdit *m_password;

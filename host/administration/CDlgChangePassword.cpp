@@ -49,14 +49,16 @@ bool CDlgChangePassword::OnOK()
         m_new->setFocus();
         return false;
     }
-    const KWaitCursor wait;
-    const CDBSetting *setting = GetDBSetting();
-    if (CTblUsers::verify(setting->GetUserName(), m_old->text()) != setting->GetUserID()) {
+    bool changed = false;
+    {
+        const KWaitCursor wait;
+        changed = CTblUsers::changePassword(GetDBSetting()->GetUserID(), m_old->text(), m_new->text());
+    }
+    if (!changed) {
         g_pDlgWarning->Show(u"کلمه عبور کنونی درست نیست."_s, this);
         m_old->selectAll();
         m_old->setFocus();
         return false;
     }
-    CTblUsers::setPassword(setting->GetUserID(), m_new->text());
     return true;
 }

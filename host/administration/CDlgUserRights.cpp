@@ -3,8 +3,9 @@
 
 #include "host/administration/CDlgUserRights.h"
 
-#include "suite/db/KTransaction.h"
 #include "host/administration/RightsGridModel.h"
+#include "suite/accounting/changes/RowQuestions.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -22,6 +23,7 @@ using namespace Qt::StringLiterals;
 CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     : KDialog(parent)
     , m_userID(userID)
+    , m_edit(userID)
     , m_grid(new RightsGridModel(this))
     , m_view(new QTableView(this))
     , m_source(new QComboBox(this))
@@ -42,7 +44,8 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     column->addLayout(buildCopyRow());
     column->addWidget(m_view, 1);
     column->addWidget(createButtons());
-    m_grid->setRights(KSecurity::storedRights(userID));
+    m_grid->setRights(m_edit.rights());
+    m_edit.remember([this] { m_edit.setRights(m_grid->rights()); });
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 34);
     m_view->setFocus();
 }
@@ -99,16 +102,14 @@ void CDlgUserRights::takeOver()
 
 bool CDlgUserRights::OnOK()
 {
-    const QHash<QString, int> before = KSecurity::storedRights(m_userID);
-    QHash<QString, int> wanted = m_grid->rights();
-    // Rights copied from another user replace this user's, also on forms that only this user had.
-    for (auto form = before.cbegin(); form != before.cend(); ++form)
-        if (!wanted.contains(form.key()))
-            wanted.insert(form.key(), 0);
-    KTransaction transaction;
-    for (auto form = wanted.cbegin(); form != wanted.cend(); ++form)
-        if (before.value(form.key()) != form.value())
-            KSecurity::setRights(m_userID, form.key(), form.value());
-    transaction.commit();
-    return true;
+    QStringList lost;
+    const RowQuestions::Texts texts{
+        .format = [](const QString &, const QVariant &value) { return value.toString().isEmpty() ? u"ندارد"_s : u"دارد"_s; },
+        .offersNewRow = false};
+    const auto outcome = RowQuestions::save(
+        this, m_edit, texts, [this] { m_edit.setRights(m_grid->rights()); },
+        [&] { lost = m_edit.closeForms(m_grid->rights()); });
+    if (!lost.isEmpty() && outcome == RowQuestions::Outcome::Saved)
+        g_pDlgMessage->Show(u"کاربر دیگری در این میان «دسترسی» را گرفته است؛ این‌ها داده نشد:\n%1"_s.arg(lost.join(u'\n')), this);
+    return outcome == RowQuestions::Outcome::Saved;
 }

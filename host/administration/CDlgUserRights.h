@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/administration/RightsEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
 class QComboBox;
@@ -28,6 +29,7 @@ private:
     void takeOver();
 
     int m_userID;
+    RightsEdit m_edit;
     RightsGridModel *m_grid;
     QTableView *m_view;
     QComboBox *m_source;

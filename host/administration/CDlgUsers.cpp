@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int statusActive = 0;
-constexpr int statusInactive = 1;
 
 KListColumn::Cell adminCell(const QVariant &value)
 {
@@ -117,22 +116,18 @@ void CDlgUsers::editRights()
         CDlgUserRights(user.m_iID, this).exec();
 }
 
+// What the list shows is what the user wants to be otherwise.
 void CDlgUsers::toggleActive()
 {
+    const bool deactivates = list()->cellText(list()->currentRow(), u"status") == statusCell(statusActive).text;
     CTblUsers user;
     if (!CheckModifySecurity() || !loadSelected(user) || !mayTouch(user.m_bAdmin != 0))
         return;
-    const bool deactivates = user.m_iStatus == statusActive;
     if (deactivates && user.m_iID == GetDBSetting()->GetUserID()) {
         g_pDlgWarning->Show(u"کاربری که با آن وارد شده‌اید را نمی‌توان غیرفعال کرد."_s, this);
         return;
     }
-    if (deactivates && user.m_bAdmin && !CTblUsers::hasOtherAdmin(user.m_iID)) {
-        g_pDlgWarning->Show(u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s, this);
-        return;
-    }
-    user.Edit();
-    user.m_iStatus = deactivates ? statusInactive : statusActive;
-    user.Update(true);
+    // The last administrator is refused through the page's error boundary.
+    guarded([&] { CTblUsers::setActive(user.m_iID, !deactivates); });
     refill();
 }

@@ -4,6 +4,8 @@
 #include "suite/accounting/office/CTblUsers.h"
 
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/NamedLock.h"
+#include "suite/db/KTransaction.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QLoggingCategory>
@@ -92,12 +94,6 @@ KSql nameFilter(const QString &user)
     return "sUser=" + KSql::quoted(ConvertToStandard(user));
 }
 
-void requirePassword(const QString &password)
-{
-    if (password.isEmpty())
-        throw KAccountingError(u"لطفا کلمه عبور را وارد نمایید."_s);
-}
-
 }
 
 CTblUsers::CTblUsers(int database)
@@ -124,23 +120,22 @@ void CTblUsers::DoFieldExchange()
 
 int CTblUsers::create(const QString &user, const QString &password, const QString &name, bool admin, int database)
 {
-    const QString loginName = ConvertToStandard(user);
-    if (loginName.isEmpty())
+    if (ConvertToStandard(user).isEmpty())
         throw KAccountingError(u"لطفا نام کاربری را وارد نمایید."_s);
-    requirePassword(password);
     CTblUsers set(database);
-    set.AddNew();
-    set.m_sUser = loginName;
-    set.m_sPasswordHash = hashed(PasswordBytes(password));
-    set.m_sName = ConvertToStandard(name);
-    set.m_bAdmin = admin ? 1 : 0;
-    try {
-        set.Update(true);
-    } catch (const CMySQLException &error) {
-        if (error.category() == CMySQLException::Category::DuplicateKey)
-            throw KAccountingError(u"این نام کاربری قبلا ثبت شده است."_s);
-        throw;
-    }
+    const QString hash = hashOf(password);
+    KTransaction::runReplayable(
+        [&] {
+            NamedLock::take(set.GetTableName(), database);
+            set.AddNew();
+            set.m_sUser = user;
+            set.m_sPasswordHash = hash;
+            set.m_sName = name;
+            set.m_bAdmin = admin ? 1 : 0;
+            set.requireFreeName(0);
+            set.Update(true);
+        },
+        database);
     return static_cast<int>(set.GetLastInsertedID());
 }
 
@@ -168,15 +163,72 @@ std::optional<int> CTblUsers::verify(const QString &user, const QString &passwor
     return set.m_iID;
 }
 
-void CTblUsers::setPassword(int userID, const QString &password, int database)
+QString CTblUsers::hashOf(const QString &password)
 {
-    requirePassword(password);
-    CTblUsers set(database);
-    if (!set.IsRecordExist(u"iID"_s, userID))
+    if (password.isEmpty())
+        throw KAccountingError(u"لطفا کلمه عبور را وارد نمایید."_s);
+    return hashed(PasswordBytes(password));
+}
+
+bool CTblUsers::changePassword(int userID, const QString &current, const QString &password, int database)
+{
+    const QString hash = hashOf(password);
+    const PasswordBytes bytes(current);
+    bool right = false;
+    KTransaction::runReplayable(
+        [&] {
+            CTblUsers user(database);
+            user.lockForChange(userID);
+            right = user.m_iStatus == 0 && matches(user.m_sPasswordHash, bytes);
+            if (!right)
+                return;
+            user.m_sPasswordHash = hash;
+            user.Update(true);
+        },
+        database);
+    return right;
+}
+
+void CTblUsers::setActive(int userID, bool active, int database)
+{
+    KTransaction::runReplayable(
+        [&] {
+            CTblUsers user(database);
+            NamedLock::take(user.GetTableName(), database);
+            user.lockForChange(userID);
+            user.m_iStatus = active ? 0 : 1;
+            user.requireAdminLeft(userID);
+            user.Update(true);
+        },
+        database);
+}
+
+void CTblUsers::lockForChange(qint32 key)
+{
+    if (!lockRecord(key))
         throw KAccountingError(u"این کاربر دیگر وجود ندارد."_s);
-    set.Edit();
-    set.m_sPasswordHash = hashed(PasswordBytes(password));
-    set.Update(true);
+    Edit();
+}
+
+void CTblUsers::requireFreeName(qint32 key)
+{
+    m_sUser = ConvertToStandard(m_sUser);
+    m_sName = ConvertToStandard(m_sName);
+    if (m_sUser.isEmpty())
+        throw KAccountingError(u"لطفا نام کاربری را وارد نمایید."_s);
+    CTblUsers others(database());
+    others.SetColumns({u"iID"_s});
+    others.m_filter = nameFilter(m_sUser) + KSql::formatted(" AND iID<>%1", key);
+    others.Open(false, true, true);
+    if (!others.IsEOF())
+        throw KAccountingError(u"این نام کاربری قبلا ثبت شده است."_s);
+}
+
+void CTblUsers::requireAdminLeft(qint32 key)
+{
+    const bool isActiveAdmin = m_bAdmin != 0 && m_iStatus == 0;
+    if (!isActiveAdmin && key != 0 && !hasOtherAdmin(key, database()))
+        throw KAccountingError(u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s);
 }
 
 bool CTblUsers::isKnown(const QString &user, int database)

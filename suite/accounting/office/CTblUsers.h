@@ -31,11 +31,22 @@ public:
     static int create(const QString &user, const QString &password, const QString &name, bool admin, int database = 0);
     // The user's key when the password is right and the user active. Takes the same time for a name that does not exist.
     static std::optional<int> verify(const QString &user, const QString &password, int database = 0);
-    static void setPassword(int userID, const QString &password, int database = 0);
+    // By the user, in one unit of work. False, with nothing changed, when the current password is not right: it may have been
+    // changed meanwhile. Throws KAccountingError when the user is gone.
+    [[nodiscard]] static bool changePassword(int userID, const QString &current, const QString &password, int database = 0);
+    // What is stored of a password. Throws KAccountingError for an empty one. Takes a while (officeCost).
+    static QString hashOf(const QString &password);
     // Whether a user has that login name.
     static bool isKnown(const QString &user, int database = 0);
     // Whether anybody may log in yet; a fresh database has nobody.
     static bool anyUser(int database = 0);
+    // Between the entries of a user and its row, inside the transaction and with nobody else writing a user (NamedLock of the
+    // table). The first brings the names into standard form and throws KAccountingError for an empty login name or one that
+    // another user than that of the key has; the second throws it when no active administrator would remain.
+    void requireFreeName(qint32 key);
+    void requireAdminLeft(qint32 key);
+    // Lets the user log in or not, in one unit of work. Throws KAccountingError when the user is gone or the last administrator.
+    static void setActive(int userID, bool active, int database = 0);
     // Whether another active administrator would remain without this user; the last one must stay.
     static bool hasOtherAdmin(int userID, int database = 0);
     static QString GetName(int userID, int database = 0);
@@ -54,4 +65,8 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
+
+private:
+    void lockForChange(qint32 key);
 };

@@ -35,6 +35,9 @@ private Q_SLOTS:
     void allAndNone();
     void copyFromAnotherUser();
     void formsThatTheGridDoesNotShowAreKept();
+    void cellsOfTwoDesksAreMerged();
+    void formClosedByAnotherDeskStaysClosed();
+    void userWhoIsGoneIsTold();
 
 private:
     QModelIndex box(const CDlgUserRights &dialog, const QString &form, KSecurity::Right right) const;
@@ -191,6 +194,52 @@ void TestCDlgUserRights::formsThatTheGridDoesNotShowAreKept()
     tick(dialog, box(dialog, u"Persons"_s, KSecurity::Access), true);
     dialog.accept();
     QCOMPARE(KSecurity::storedRights(m_clerk).value(u"OfAnotherModule"_s), int(KSecurity::Access));
+}
+
+// A cell has two states: whatever both desks change, they change to the same.
+void TestCDlgUserRights::cellsOfTwoDesksAreMerged()
+{
+    const QString form = u"Persons"_s;
+    KSecurity::setRights(m_clerk, form, KSecurity::Access | KSecurity::Read | KSecurity::Delete);
+    CDlgUserRights dialog(m_clerk);
+    tick(dialog, box(dialog, form, KSecurity::Write), true);
+    tick(dialog, box(dialog, form, KSecurity::Read), false);
+    KSecurity::setRights(m_clerk, form, KSecurity::Access | KSecurity::Modify);
+    KSecurity::setRights(m_clerk, u"Factors"_s, KSecurity::Access);
+    dialog.accept();
+    dialog.accept();
+    QVERIFY(g_pDlgMessage->takeShown().isEmpty());
+    const QHash<QString, int> stored = KSecurity::storedRights(m_clerk);
+    QCOMPARE(stored.value(form), KSecurity::Access | KSecurity::Modify | KSecurity::Write);
+    QCOMPARE(stored.value(u"Factors"_s), int(KSecurity::Access));
+}
+
+void TestCDlgUserRights::formClosedByAnotherDeskStaysClosed()
+{
+    const QString form = u"Persons"_s;
+    KSecurity::setRights(m_clerk, form, KSecurity::Access | KSecurity::Read);
+    CDlgUserRights dialog(m_clerk);
+    tick(dialog, box(dialog, form, KSecurity::Write), true);
+    KSecurity::setRights(m_clerk, form, 0);
+    dialog.accept();
+    QCOMPARE(KSecurity::storedRights(m_clerk).value(form), 0);
+    const QStringList told = g_pDlgMessage->takeShown();
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.constFirst().endsWith(u"ثبت - اشخاص"_s), qPrintable(told.constFirst()));
+}
+
+void TestCDlgUserRights::userWhoIsGoneIsTold()
+{
+    CDlgUserRights dialog(m_clerk);
+    dialog.show();
+    tick(dialog, box(dialog, u"Persons"_s, KSecurity::Write), true);
+    m_office.database.run(u"DELETE FROM Users WHERE iID=%1"_s.arg(m_clerk));
+    dialog.accept();
+    QVERIFY(dialog.isVisible());
+    const QStringList told = g_pDlgWarning->takeShown();
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.constFirst().contains(u"حذف کرده است"_s), qPrintable(told.constFirst()));
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM UserRights"_s), u"0"_s);
 }
 
 static const RegisteredTest<TestCDlgUserRights, QApplication> registeredCDlgUserRights;

@@ -10,6 +10,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -37,6 +38,11 @@ private Q_SLOTS:
     void editChangesThePassword();
     void lastAdministratorStays_data();
     void lastAdministratorStays();
+    void twoDesks_data() { TwoDesks::addCases(true); }
+    void twoDesks();
+    void passwordOfTwoDesksIsAskedAboutAndNotShown();
+    void ofTwoAdministratorsOneStays();
+    void whatTheListShowsIsSwitched();
     void oneDoesNotLockOneselfOut();
     void userIsSwitchedOffAndOn();
     void ownPasswordIsChanged();
@@ -196,7 +202,8 @@ void TestCDlgUsers::loginNameIsTakenOnce()
 {
     CDlgAddUser dialog(0);
     fill(dialog, u"clerk"_s, u"word1"_s, u"word1"_s);
-    QVERIFY_THROWS_EXCEPTION(std::exception, dialog.accept());
+    dialog.accept();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این نام کاربری قبلا ثبت شده است."_s});
     QCOMPARE(dialog.userID(), 0);
     QCOMPARE(edit(dialog, u"نام کاربری :"_s)->text(), u"clerk"_s);
 }
@@ -240,6 +247,75 @@ void TestCDlgUsers::lastAdministratorStays()
     QVERIFY(stored.IsRecordExist(u"iID"_s, m_office.admin));
     QCOMPARE(stored.m_bAdmin, 1);
     QCOMPARE(stored.m_iStatus, 0);
+}
+
+void TestCDlgUsers::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    const auto run = [this](const QString &statement) { m_office.database.run(statement); };
+    int id = 0;
+    TwoDesks({
+                 .reset =
+                     [&] {
+                         run(u"DELETE FROM Users WHERE bAdmin=0"_s);
+                         id = CTblUsers::create(u"seller"_s, u"word1"_s, u"فروشنده"_s, false);
+                     },
+                 .open = [&] { return std::make_unique<CDlgAddUser>(id); },
+                 .enter = [](KDialog &window) { edit(static_cast<CDlgAddUser &>(window), u"نام :"_s)->setText(u"رضا"_s); },
+                 .changeOther = [&] { run(u"UPDATE Users SET iStatus=1 WHERE bAdmin=0"_s); },
+                 .changeSame = [&] { run(u"UPDATE Users SET sName='علی' WHERE bAdmin=0"_s); },
+                 .remove = [&] { run(u"DELETE FROM Users WHERE bAdmin=0"_s); },
+                 .stored =
+                     [&] {
+                         return m_office.database.value(
+                             u"SELECT GROUP_CONCAT(CONCAT_WS('/',sUser,sName,iStatus,sPasswordHash<>'')) FROM Users WHERE bAdmin=0"_s);
+                     },
+                 .merged = u"seller/رضا/1/1"_s,
+                 .theirs = u"seller/علی/0/1"_s,
+                 .mine = u"seller/رضا/0/1"_s,
+                 .renewed = u"seller/رضا/0/1"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgUsers::passwordOfTwoDesksIsAskedAboutAndNotShown()
+{
+    CDlgAddUser first(m_clerk);
+    CDlgAddUser second(m_clerk);
+    fill(first, u"clerk"_s, u"word1"_s, u"word1"_s);
+    fill(second, u"clerk"_s, u"word2"_s, u"word2"_s);
+    first.accept();
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::GoBack);
+    second.accept();
+    QCOMPARE(CDlgRowConflict::takeShown(), QStringList{u"کلمه عبور: ••••• | ••••• | آنچه وارد کرده‌اید"_s});
+    QVERIFY(CTblUsers::verify(u"clerk"_s, u"word1"_s));
+}
+
+// Each of two windows leaves the other's user as the last administrator.
+void TestCDlgUsers::ofTwoAdministratorsOneStays()
+{
+    m_office.database.run(u"UPDATE Users SET bAdmin=1 WHERE iID=%1"_s.arg(m_clerk));
+    const int third = CTblUsers::create(u"third"_s, u"word1"_s, {}, false);
+    GetDBSetting()->Login(third);
+    CDlgAddUser first(m_office.admin);
+    CDlgAddUser second(m_clerk);
+    for (CDlgAddUser *dialog : {&first, &second}) {
+        check(*dialog, u"فعال"_s)->setChecked(false);
+        dialog->accept();
+    }
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s});
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Users WHERE bAdmin=1 AND iStatus=0"_s), u"1"_s);
+}
+
+void TestCDlgUsers::whatTheListShowsIsSwitched()
+{
+    CDlgUsers page;
+    page.open();
+    page.list()->selectKey(m_clerk);
+    // Switched off by another desk: what the user means is the same.
+    m_office.database.run(u"UPDATE Users SET iStatus=1 WHERE iID=%1"_s.arg(m_clerk));
+    QVERIFY(page.runCommand(u"toggleActive"));
+    QCOMPARE(m_office.database.value(u"SELECT iStatus FROM Users WHERE iID=%1"_s.arg(m_clerk)), u"1"_s);
 }
 
 void TestCDlgUsers::oneDoesNotLockOneselfOut()

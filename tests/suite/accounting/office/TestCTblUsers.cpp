@@ -112,7 +112,7 @@ void TestCTblUsers::emptyNameOrPasswordIsRefused()
 {
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(u"  "_s, u"x"_s, QString(), false));
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::create(u"new"_s, QString(), QString(), false));
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::setPassword(m_office.clerk, QString()));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::hashOf(QString()));
     QVERIFY(!CTblUsers::verify(u"new"_s, QString()));
 }
 
@@ -156,7 +156,9 @@ void TestCTblUsers::unknownUserCostsAHashLikeAKnownOne()
 void TestCTblUsers::changedPasswordReplacesTheOldOne()
 {
     const int id = CTblUsers::create(u"moves"_s, u"old"_s, QString(), false);
-    CTblUsers::setPassword(id, u"new"_s);
+    QVERIFY(!CTblUsers::changePassword(id, u"guess"_s, u"new"_s));
+    QCOMPARE(CTblUsers::verify(u"moves"_s, u"old"_s), std::optional<int>(id));
+    QVERIFY(CTblUsers::changePassword(id, u"old"_s, u"new"_s));
     QVERIFY(!CTblUsers::verify(u"moves"_s, u"old"_s));
     QCOMPARE(CTblUsers::verify(u"moves"_s, u"new"_s), std::optional<int>(id));
 }
@@ -170,7 +172,7 @@ void TestCTblUsers::passwordReachesNeitherLogNorStatement()
     const QtMessageHandler before = qInstallMessageHandler(keepLog);
     const int id = CTblUsers::create(u"quiet"_s, password, QString(), false);
     (void)CTblUsers::verify(u"quiet"_s, password);
-    CTblUsers::setPassword(id, password);
+    QVERIFY(CTblUsers::changePassword(id, password, password));
     bool refused = false;
     try {
         CTblUsers::create(u"quiet"_s, password, QString(), false);
