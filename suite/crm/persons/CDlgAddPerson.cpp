@@ -3,6 +3,8 @@
 
 #include "suite/crm/persons/CDlgAddPerson.h"
 
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
@@ -116,20 +118,23 @@ void CDlgAddPerson::Show(QWidget *parent, int personID)
 CDlgAddPerson::CDlgAddPerson(Mode mode, int personID, QWidget *parent)
     : KDialog(parent)
     , m_mode(mode)
-    , m_personID(mode == Mode::Add ? 0 : personID)
+    , m_edit(m_record, mode == Mode::Add ? 0 : personID, {{u"iProvinceCode"_s, u"iCityCode"_s}})
 {
     SetSettingName(u"Persons\\Editor"_s);
     m_record.Open(true, false, true);
     if (mode == Mode::Add) {
-        m_record.m_iCode = CTblPersons::nextCode();
+        m_proposedCode = CTblPersons::nextCode();
+        m_record.m_iCode = m_proposedCode;
         m_loaded = true;
     } else {
-        m_loaded = m_record.IsRecordExist(u"iID"_s, m_personID);
+        m_loaded = m_record.IsRecordExist(u"iID"_s, personID);
     }
     if (!m_loaded)
         return;
     build();
     loadRecord();
+    if (mode != Mode::Add)
+        m_edit.remember([this] { storeEntries(); });
 }
 
 CDlgAddPerson::~CDlgAddPerson() = default;
@@ -240,6 +245,7 @@ QWidget *CDlgAddPerson::buildTax()
 
 void CDlgAddPerson::loadRecord()
 {
+    m_openedKind = m_record.m_iKind;
     m_form->load(m_record);
     // Every kind above the named ones is a legal person too.
     m_form->comboBox(u"iKind"_s)->setCurrentIndex(m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
@@ -292,7 +298,7 @@ bool CDlgAddPerson::OnOK()
     if (m_mode == Mode::Show)
         return true;
     GetDBSetting()->RequireOpenDB();
-    return isEntryGood() && isDuplicateAccepted() && saveRecord();
+    return isEntryGood() && saveRecord();
 }
 
 bool CDlgAddPerson::isEntryGood()
@@ -310,66 +316,56 @@ bool CDlgAddPerson::isEntryGood()
         return refuse(problem->message, problem->widget);
     if (const QString problem = m_tax->problem(); !problem.isEmpty())
         return refuse(problem, m_tax->city());
-    KEdit *code = m_form->edit(u"iCode"_s);
-    if (code->integer() == m_record.m_iCode && m_mode == Mode::Add) {
-        // Proposed, not chosen: it may have been assigned to somebody else since.
-        if (CTblPersons::findByCode(code->integer(), 0) != 0)
-            code->setNumber(CTblPersons::nextCode());
-    } else if (CTblPersons::findByCode(code->integer(), m_personID) != 0) {
-        return refuse(u"این کد به شخص دیگری داده شده است."_s, code);
-    }
     return true;
 }
 
-bool CDlgAddPerson::isDuplicateAccepted()
+void CDlgAddPerson::storeEntries()
 {
-    KEdit *national = m_form->edit(u"sNationalCode"_s);
-    const int other = CTblPersons::findByNationalCode(national->text(), m_personID);
-    if (other == 0)
-        return true;
-    const QString question = u"%1 %2 برای «%3» ثبت شده است. آیا با این حال ذخیره شود؟"_s
-                                 .arg(national->accessibleName().chopped(2), ConvertToStandard(national->text()),
-                                      CTblPersonsMini::GetName(other));
-    if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::No)
-        return true;
-    national->setFocus();
-    return false;
-}
-
-void CDlgAddPerson::storeRecord()
-{
-    const qint32 storedKind = m_record.m_iKind;
     m_form->store(m_record);
     // A legal person of a kind that the list does not name keeps it.
-    if (m_record.m_iKind == CTblPersons::kindLegal && storedKind > CTblPersons::kindLegal)
-        m_record.m_iKind = storedKind;
-    m_record.m_bNatural = m_record.isNatural() ? 1 : 0;
+    if (m_record.m_iKind == CTblPersons::kindLegal && m_openedKind > CTblPersons::kindLegal)
+        m_record.m_iKind = m_openedKind;
     m_tax->store(m_record);
+}
+
+void CDlgAddPerson::settle()
+{
+    settleCode();
+    const int other = CTblPersons::findByNationalCode(m_record.m_sNationalCode, m_edit.key());
+    if (other != 0) {
+        const QString caption = m_form->edit(u"sNationalCode"_s)->accessibleName().chopped(2);
+        m_edit.doubt(u"%1 %2 برای «%3» ثبت شده است. آیا با این حال ذخیره شود؟"_s
+                         .arg(caption, ConvertToStandard(m_record.m_sNationalCode), CTblPersonsMini::GetName(other)),
+                     u"sNationalCode"_s);
+    }
+    m_record.m_bNatural = m_record.isNatural() ? 1 : 0;
     if (!m_record.isNatural()) {
         m_record.m_sName = CTblPersons::displayName(m_record.m_sName, m_record.m_sFamily);
         m_record.m_sFamily.clear();
     }
 }
 
+// A code that was proposed, not chosen, gives way to the person who has got it since.
+void CDlgAddPerson::settleCode()
+{
+    if (CTblPersons::findByCode(m_record.m_iCode, m_edit.key()) == 0)
+        return;
+    if (!m_edit.isNew() || m_record.m_iCode != m_proposedCode)
+        throw FieldRefused(u"این کد به شخص دیگری داده شده است."_s, u"iCode"_s);
+    m_record.m_iCode = CTblPersons::nextCode();
+}
+
 bool CDlgAddPerson::saveRecord()
 {
-    if (m_mode == Mode::Add) {
-        m_record.AddNew();
-    } else if (m_record.IsRecordExist(u"iID"_s, m_personID)) {
-        m_record.Edit();
-    } else {
-        g_pDlgWarning->Show(u"این شخص دیگر در فهرست نیست."_s, this);
+    RowQuestions::Texts texts = RowQuestions::textsOf(*m_form);
+    texts.format = [this, ofForm = texts.format](const QString &column, const QVariant &value) {
+        const std::optional<QString> word = TaxFields::word(column, value.toInt());
+        return word ? word : ofForm(column, value);
+    };
+    const auto outcome = RowQuestions::save(
+        this, m_edit, texts, [this] { storeEntries(); }, [this] { settle(); });
+    if (outcome != RowQuestions::Outcome::Saved)
         return false;
-    }
-    storeRecord();
-    try {
-        m_record.Update(true);
-    } catch (...) {
-        // The form holds what was typed; the record is ready for another try.
-        m_record.CancelUpdate();
-        throw;
-    }
-    if (m_mode == Mode::Add)
-        m_personID = static_cast<int>(m_record.GetLastInsertedID());
+    m_form->edit(u"iCode"_s)->setNumber(m_record.m_iCode);
     return true;
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
@@ -42,10 +43,11 @@ public:
 
     // False when the person to edit or show does not exist.
     bool isLoaded() const { return m_loaded; }
-    int personID() const { return m_personID; }
+    int personID() const { return m_edit.key(); }
     void prefill(const QString &searchedFor);
 
-    // Refused: no name, an entry that is no value, a closed database. A national code that another person has is asked about.
+    // Refused: no name, an entry that is no value, a code that another person has, a closed database. Asked about: a national
+    // code that another person has, a field that somebody else has changed meanwhile, a person who is gone.
     bool OnOK() override;
 
 private:
@@ -66,14 +68,18 @@ private:
     void applyKind();
     void updateHints();
     bool isEntryGood();
-    bool isDuplicateAccepted();
-    void storeRecord();
+    // The columns as the controls hold them; and what follows from them, with the checks against other persons.
+    void storeEntries();
+    void settle();
+    void settleCode();
     bool saveRecord();
 
     Mode m_mode;
-    int m_personID;
     bool m_loaded = false;
     CTblPersons m_record;
+    RowEdit m_edit;
+    int m_proposedCode = 0;
+    qint32 m_openedKind = CTblPersons::kindNatural;
     KForm *m_form = nullptr;
     std::unique_ptr<TaxFields> m_tax;
     QLabel *m_nationalHint = nullptr;

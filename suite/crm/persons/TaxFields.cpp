@@ -10,6 +10,8 @@
 #include <QComboBox>
 #include <QGridLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -43,6 +45,32 @@ void choose(QComboBox *choice, int code)
     if (choice->findData(code) < 0)
         choice->addItem(QString::number(code), code);
     choice->setCurrentIndex(choice->findData(code));
+}
+
+QString kindWord(int number)
+{
+    const auto found = std::ranges::find(taxKinds, number, &TaxKind::code);
+    return found == std::end(taxKinds) ? QString::number(number) : QString::fromUtf16(found->name);
+}
+
+QString provinceWord(int number)
+{
+    for (const QString &name : Provinces::names()) {
+        if (Provinces::code(name) == number)
+            return name;
+    }
+    return QString::number(number);
+}
+
+QString cityWord(int number)
+{
+    for (const QString &province : Provinces::names()) {
+        for (const Provinces::County &county : Provinces::counties(Provinces::code(province))) {
+            if (county.code == number)
+                return county.cities;
+        }
+    }
+    return QString::number(number);
 }
 
 // As problem says: a city's number stands for مرکزی.
@@ -117,4 +145,15 @@ QString TaxFields::problem() const
 {
     const bool lost = m_province->currentData().toInt() == 0 && m_city->currentData().toInt() == 0;
     return lost ? u"لطفا شهر را انتخاب نمایید: کد استان مرکزی صفر است و بدون شهر ثبت نمی شود."_s : QString();
+}
+
+std::optional<QString> TaxFields::word(const QString &column, int number)
+{
+    if (column == u"iTaxKind")
+        return number == 0 ? nothing : kindWord(number);
+    if (column == u"iProvinceCode")
+        return provinceWord(number);
+    if (column == u"iCityCode")
+        return number == 0 ? nothing : cityWord(number);
+    return std::nullopt;
 }

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class CTblPersons;
 class QComboBox;
 class QGridLayout;
@@ -31,6 +33,9 @@ public:
     // Why the choice cannot be stored, for the user; empty when it can. The city is to be chosen then: the number of مرکزی is 0,
     // as it is without a province, and only a city's number tells them apart.
     QString problem() const;
+
+    // A number of one of their columns as they show it; nothing for any other column.
+    static std::optional<QString> word(const QString &column, int number);
 
 private:
     void fillCities();

@@ -8,6 +8,7 @@
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -42,7 +43,11 @@ private Q_SLOTS:
     void discountAboveAHundredIsRefused();
     void cancelWritesNothing();
     void editWritesOnlyWhatChanged();
-    void editOfAVanishedPersonSaysSo();
+    void twoDesks_data() { TwoDesks::addCases(true); }
+    void twoDesks();
+    void conflictIsShownInTheWordsOfTheWindow();
+    void codesOfTwoDesksDiffer();
+    void renewedPersonKeepsWhatTheWindowDoesNotShow();
     void editOfAnUnknownPersonDoesNothing();
     void showModeIsReadOnlyThroughout();
     void closedDatabaseRefuses();
@@ -375,15 +380,75 @@ void TestCDlgAddPerson::editWritesOnlyWhatChanged()
     QVERIFY(updates.front().contains(u"sMobile"_s));
 }
 
-void TestCDlgAddPerson::editOfAVanishedPersonSaysSo()
+void TestCDlgAddPerson::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    int id = 0;
+    const auto other = [&](const QString &set) { m_office.db.run(u"UPDATE Persons SET %1 WHERE iID=%2"_s.arg(set).arg(id)); };
+    TwoDesks({
+                 .reset =
+                     [&] {
+                         m_office.db.run(u"DELETE FROM Persons"_s);
+                         id = Office::addPerson(u"علی"_s, u"رضایی"_s, [](CTblPersons &person) { person.m_sMobile = u"0912"_s; });
+                     },
+                 .open = [&] { return std::make_unique<CDlgAddPerson>(CDlgAddPerson::Mode::Edit, id); },
+                 .enter = [](KDialog &window) { edit(window, u"نام خانوادگی :"_s)->setText(u"رضوی"_s); },
+                 .changeOther = [&] { other(u"sMobile='0935'"_s); },
+                 .changeSame = [&] { other(u"sFamily='کریمی',sName2='علی کریمی'"_s); },
+                 .remove = [&] { m_office.db.run(u"DELETE FROM Persons"_s); },
+                 .stored =
+                     [&] { return m_office.db.value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',iCode,sName2,sMobile)) FROM Persons"_s); },
+                 .merged = u"1/علی رضوی/0935"_s,
+                 .theirs = u"1/علی کریمی/0912"_s,
+                 .mine = u"1/علی رضوی/0912"_s,
+                 .renewed = u"1/علی رضوی/0912"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgAddPerson::conflictIsShownInTheWordsOfTheWindow()
 {
     const int id = Office::addPerson(u"علی"_s, {});
     CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, id);
     dialog.show();
-    m_office.db.run(u"DELETE FROM Persons"_s);
+    combo(dialog, u"جنسیت :"_s)->setCurrentIndex(CTblPersons::sexWoman);
+    combo(dialog, u"استان :"_s)->setCurrentText(u"یزد"_s);
+    combo(dialog, u"شهر :"_s)->setCurrentText(u"میبد"_s);
+    m_office.db.run(u"UPDATE Persons SET iSex=7,iProvinceCode=23,iCityCode=2306"_s);
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::GoBack);
     QVERIFY(!dialog.OnOK());
-    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
-    QCOMPARE(edit(dialog, u"نام :"_s)->text(), u"علی"_s);
+    const QStringList shown = CDlgRowConflict::takeShown();
+    QCOMPARE(shown.size(), 3);
+    QVERIFY2(shown.filter(u"جنسیت: مرد | 7 | زن"_s).size() == 1, qPrintable(shown.join(u'\n')));
+    QVERIFY2(shown.filter(u" | تهران | یزد"_s).size() == 1, qPrintable(shown.join(u'\n')));
+}
+
+// Both windows propose the same code; both are saved.
+void TestCDlgAddPerson::codesOfTwoDesksDiffer()
+{
+    CDlgAddPerson first(CDlgAddPerson::Mode::Add, 0);
+    CDlgAddPerson second(CDlgAddPerson::Mode::Add, 0);
+    for (CDlgAddPerson *dialog : {&first, &second}) {
+        dialog->show();
+        edit(*dialog, u"نام :"_s)->setText(u"علی"_s);
+    }
+    QVERIFY(first.OnOK());
+    QVERIFY(second.OnOK());
+    // Pressed once more: the same person, with the code that it was given.
+    QVERIFY(second.OnOK());
+    QCOMPARE(m_office.db.value(u"SELECT GROUP_CONCAT(iCode ORDER BY iID) FROM Persons"_s), u"1,2"_s);
+}
+
+void TestCDlgAddPerson::renewedPersonKeepsWhatTheWindowDoesNotShow()
+{
+    const int id = Office::addPerson(u"اتحادیه"_s, {}, [](CTblPersons &person) { person.m_iKind = 5; });
+    CDlgAddPerson dialog(CDlgAddPerson::Mode::Edit, id);
+    dialog.show();
+    m_office.db.run(u"DELETE FROM Persons"_s);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    QVERIFY(dialog.OnOK());
+    QVERIFY(dialog.personID() != id);
+    QCOMPARE(stored(dialog.personID())->m_iKind, 5);
 }
 
 void TestCDlgAddPerson::editOfAnUnknownPersonDoesNothing()
