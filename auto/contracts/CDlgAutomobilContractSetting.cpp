@@ -3,6 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -24,6 +25,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t thirdTier = 2;
+
+QList<SettingsEdit::Setting> editedSettings()
+{
+    QList<SettingsEdit::Setting> settings;
+    for (const ContractSettings::Part &part : ContractSettings().parts())
+        settings.append({ContractSettings::section(), part.key, part.caption});
+    return settings;
+}
+
+QList<QStringList> groups()
+{
+    QList<QStringList> groups;
+    for (const QStringList &keys : ContractSettings::keysTogether()) {
+        QStringList names;
+        for (const QString &key : keys)
+            names.append(SettingsEdit::nameOf(ContractSettings::section(), key));
+        groups.append(names);
+    }
+    return groups;
+}
 
 KEdit *createPercent(const QString &name, const QString &description)
 {
@@ -59,11 +80,16 @@ KEdit *createLowerBound(const QString &name, const QString &description)
 }
 
 CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
+    : CDlgAutomobilContractSetting(OfficeSettings::read({ContractSettings::section()}), parent)
+{
+}
+
+CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
+    , m_edit(settings, editedSettings(), groups())
 {
     setWindowTitle(u"تنظيمات"_s);
     SetSettingName(u"AutomobilContractSetting"_s);
-    const OfficeSettings settings = OfficeSettings::read({ContractSettings::section()});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(createTaxGroup());
     layout->addWidget(createTierGroup(settings.moneyUnitName()));
@@ -71,6 +97,7 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(QWidget *parent)
     layout->addStretch();
     layout->addWidget(createButtons());
     showSettings(ContractSettings::of(settings));
+    m_edit.remember([this] { writeSettings(); });
 }
 
 QWidget *CDlgAutomobilContractSetting::createTaxGroup()
@@ -203,8 +230,21 @@ bool CDlgAutomobilContractSetting::OnOK()
     case ContractSettings::Problem::None:
         break;
     }
-    settings.save();
-    return true;
+    return save();
+}
+
+void CDlgAutomobilContractSetting::writeSettings()
+{
+    for (const ContractSettings::Part &part : shownSettings().parts())
+        m_edit.setText(ContractSettings::section(), part.key, part.text);
+}
+
+bool CDlgAutomobilContractSetting::save()
+{
+    ContractSettings::requireRight();
+    const RowQuestions::Texts texts{
+        .format = [](const QString &, const QVariant &value) { return DToMoney(value.toString().toDouble()); }};
+    return RowQuestions::save(this, m_edit, texts, [this] { writeSettings(); }) == RowQuestions::Outcome::Saved;
 }
 
 bool CDlgAutomobilContractSetting::warn(const QString &text, QWidget *field)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "auto/settings/ContractSettings.h"
+#include "suite/accounting/changes/SettingsEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <array>
@@ -13,7 +14,7 @@ class QCheckBox;
 class QGridLayout;
 
 // The dialog of the contract settings: tax and duty on the commission, the commission tiers, archiving of demands.
-// Reads the settings of the open database when it is made and writes them on OK.
+// Reads the settings of the open database when it is made and writes those that were changed on OK.
 class CDlgAutomobilContractSetting : public KDialog
 {
     Q_OBJECT
@@ -25,6 +26,8 @@ protected:
     bool OnOK() override;
 
 private:
+    CDlgAutomobilContractSetting(const OfficeSettings &settings, QWidget *parent);
+
     struct TierRow
     {
         KEdit *lowerBound = nullptr; // display only
@@ -37,12 +40,15 @@ private:
     QWidget *createTierGroup(const QString &moneyUnit);
     QWidget *createDemandGroup();
     void createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit);
+    void writeSettings();
+    bool save();
     void showSettings(const ContractSettings &settings);
     ContractSettings shownSettings() const;
     void showNextLowerBound(std::size_t tier);
     void showThirdTier(bool shown);
     bool warn(const QString &text, QWidget *field);
 
+    SettingsEdit m_edit;
     KEdit *m_taxPercent = nullptr;
     KEdit *m_dutyPercent = nullptr;
     std::array<TierRow, 3> m_tiers;

@@ -37,15 +37,6 @@ bool isAbove(double first, double second)
     return first > second && !IsEquals(first, second);
 }
 
-// As the rights stand now: they may have been taken away while the window was open.
-void requireModifyRight()
-{
-    const QString contracts = u"AutomobilContracts"_s;
-    KSecurity::forgetRights();
-    if (!KSecurity::IsGranted(contracts, KSecurity::Modify))
-        throw KAccountingError(KSecurity::refusalText(contracts, KSecurity::Modify));
-}
-
 }
 
 QString ContractSettings::section()
@@ -75,19 +66,47 @@ ContractSettings ContractSettings::load(int database)
     return of(OfficeSettings::read({section()}, database));
 }
 
+QList<ContractSettings::Part> ContractSettings::parts() const
+{
+    QList<Part> parts;
+    const auto add = [&parts](const QString &key, const QString &caption, double value) {
+        // 17 significant digits bring every double back as it was.
+        parts.append({key, caption, QString::number(value, 'g', 17)});
+    };
+    add(dutyKey, u"عوارض"_s, dutyPercent);
+    add(taxKey, u"ماليات"_s, taxPercent);
+    for (std::size_t tier = 0; tier < tierKeys.size(); ++tier)
+        add(tierKeys[tier].ceiling, u"مبلغ پله %1"_s.arg(tier + 1), tiers.ceilings[tier]);
+    for (std::size_t tier = 0; tier < tierKeys.size(); ++tier)
+        add(tierKeys[tier].percent, u"درصد پله %1"_s.arg(tier + 1), tiers.percents[tier]);
+    add(daysKey, u"روزهای بایگانی تقاضا"_s, demandDays);
+    add(thirdInUseKey, u"پله سوم"_s, tiers.thirdInUse ? 1 : 0);
+    add(demandsKey, u"بایگانی تقاضاها"_s, archiveDemands ? 1 : 0);
+    return parts;
+}
+
+QList<QStringList> ContractSettings::keysTogether()
+{
+    QStringList tiers{thirdInUseKey};
+    for (const TierKeys &tier : tierKeys)
+        tiers.append({tier.ceiling, tier.percent});
+    return {tiers, {demandsKey, daysKey}};
+}
+
+void ContractSettings::requireRight()
+{
+    const QString contracts = u"AutomobilContracts"_s;
+    KSecurity::forgetRights();
+    if (!KSecurity::IsGranted(contracts, KSecurity::Modify))
+        throw KAccountingError(KSecurity::refusalText(contracts, KSecurity::Modify));
+}
+
 void ContractSettings::save(int database) const
 {
-    requireModifyRight();
+    requireRight();
     KTransaction transaction(database);
-    CTblProperties::DBWriteSetting(section(), dutyKey, dutyPercent, database);
-    CTblProperties::DBWriteSetting(section(), taxKey, taxPercent, database);
-    for (std::size_t tier = 0; tier < tierKeys.size(); ++tier)
-        CTblProperties::DBWriteSetting(section(), tierKeys[tier].ceiling, tiers.ceilings[tier], database);
-    for (std::size_t tier = 0; tier < tierKeys.size(); ++tier)
-        CTblProperties::DBWriteSetting(section(), tierKeys[tier].percent, tiers.percents[tier], database);
-    CTblProperties::DBWriteSettingInt(section(), daysKey, demandDays, database);
-    CTblProperties::DBWriteSettingInt(section(), thirdInUseKey, tiers.thirdInUse ? 1 : 0, database);
-    CTblProperties::DBWriteSettingInt(section(), demandsKey, archiveDemands ? 1 : 0, database);
+    for (const Part &part : parts())
+        CTblProperties::DBWriteSetting(section(), part.key, part.text, database);
     transaction.commit();
 }
 

@@ -5,7 +5,9 @@
 
 #include "auto/contracts/figures/Commission.h"
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 class OfficeSettings;
 
@@ -25,14 +27,28 @@ struct ContractSettings
     bool archiveDemands = false; // demands older than demandDays are archived
     int demandDays = 0;
 
+    // A setting as it stands in Properties, and how users know it.
+    struct Part
+    {
+        QString key;
+        QString caption;
+        QString text;
+    };
+    // Every setting, in the order in which they are written.
+    QList<Part> parts() const;
+    // Settings that mean something only together, by their keys.
+    static QList<QStringList> keysTogether();
     // Where they stand in Properties.
     static QString section();
     // Of settings that were read with that section. Missing ones are 0.
     static ContractSettings of(const OfficeSettings &settings);
     // Throws CMySQLException.
     static ContractSettings load(int database = 0);
-    // Writes all of them or none. Throws KAccountingError when the current user may not change contracts.
+    // Writes all of them or none. Throws what requireRight throws.
     void save(int database = 0) const;
+    // Throws KAccountingError when the current user may not change contracts, as the rights stand now: they may have been taken
+    // away while the window was open.
+    static void requireRight();
 
     // Equal ceilings are fine; a ceiling within 0.0001 of 0 counts as not set. The third ceiling is checked even when
     // the third tier is off.

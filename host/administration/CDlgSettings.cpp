@@ -3,7 +3,7 @@
 
 #include "host/administration/CDlgSettings.h"
 
-#include "suite/db/KTransaction.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -11,6 +11,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -25,6 +26,44 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString nameOf(const OfficeSettings::Key &key)
+{
+    return SettingsEdit::nameOf(key.section, key.key);
+}
+
+QList<SettingsEdit::Setting> editedSettings()
+{
+    const auto setting = [](const OfficeSettings::Key &key, const QString &caption) {
+        return SettingsEdit::Setting{key.section.toString(), key.key.toString(), caption};
+    };
+    return {setting(OfficeSettings::moneyUnit, u"نام واحد پول"_s),
+            setting(OfficeSettings::decimals, u"رقم‌های اعشار"_s),
+            setting(OfficeSettings::year, u"سال مالی"_s),
+            setting(OfficeSettings::opening, u"تاریخ افتتاح"_s),
+            setting(OfficeSettings::closing, u"تاریخ پایان"_s),
+            setting(OfficeSettings::catalogLocked, u"قفل فهرست خودروها"_s),
+            setting(OfficeSettings::closed, u"بسته بودن پایگاه داده"_s)};
+}
+
+QString onOrOff(bool on)
+{
+    return on ? u"1"_s : u"0"_s;
+}
+
+std::optional<QString> shown(const QString &setting, const QVariant &value)
+{
+    const QString text = value.toString();
+    if (setting == nameOf(OfficeSettings::opening) || setting == nameOf(OfficeSettings::closing))
+        return shamsiText(QDate::fromString(text, Qt::ISODate));
+    if (setting == nameOf(OfficeSettings::catalogLocked) || setting == nameOf(OfficeSettings::closed))
+        return text.toInt() != 0 ? u"بله"_s : u"خیر"_s;
+    return std::nullopt;
+}
+
+}
+
 CDlgSettings::CDlgSettings(QWidget *parent)
     : CDlgSettings(OfficeSettings::read(), parent)
 {
@@ -33,7 +72,9 @@ CDlgSettings::CDlgSettings(QWidget *parent)
 CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
     , m_wasClosed(settings.isClosed())
+    , m_edit(settings, editedSettings(), {{nameOf(OfficeSettings::year), nameOf(OfficeSettings::opening), nameOf(OfficeSettings::closing)}})
 {
+    m_edit.setChangesClosedDatabase(m_wasClosed);
     setWindowTitle(u"تنظیمات"_s);
     auto *column = new QVBoxLayout(this);
     for (QGroupBox *box : {buildCompany(), buildMoney(), buildFiscalYear(), buildCatalog()}) {
@@ -44,6 +85,7 @@ CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
     column->addWidget(createButtons());
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
     load(settings);
+    m_edit.remember([this] { write(); });
 }
 
 QGroupBox *CDlgSettings::buildCompany()
@@ -152,26 +194,38 @@ bool CDlgSettings::validate()
     return true;
 }
 
-void CDlgSettings::store()
+void CDlgSettings::write()
 {
-    CDBSetting *setting = GetDBSetting();
-    KTransaction transaction;
-    if (!m_wasClosed) {
-        setting->SetMoneyUnitName(ConvertToStandard(m_unit->text()));
-        setting->SetMoneyDecimals(m_decimals->currentIndex());
-        setting->SetFiscalYear(m_fiscalYear->integer());
-        setting->SetFiscalYearOpeningDate(m_opening->dateTime());
-        setting->SetFiscalYearClosingDate(m_closing->dateTime());
-        setting->SetCatalogLocked(m_catalogLocked->isChecked());
-    }
-    setting->SetClosedDB(m_closed->isChecked());
-    transaction.commit();
+    const auto set = [this](const OfficeSettings::Key &key, const QString &text) { m_edit.setText(key.section, key.key, text); };
+    set(OfficeSettings::closed, onOrOff(m_closed->isChecked()));
+    if (m_wasClosed)
+        return;
+    set(OfficeSettings::moneyUnit, ConvertToStandard(m_unit->text()));
+    set(OfficeSettings::decimals, QString::number(m_decimals->currentIndex()));
+    set(OfficeSettings::year, QString::number(m_fiscalYear->integer()));
+    set(OfficeSettings::opening, m_opening->date().toString(Qt::ISODate));
+    set(OfficeSettings::closing, m_closing->date().toString(Qt::ISODate));
+    set(OfficeSettings::catalogLocked, onOrOff(m_catalogLocked->isChecked()));
+}
+
+QWidget *CDlgSettings::fieldOf(const QString &setting) const
+{
+    const QHash<QString, QWidget *> fields{{nameOf(OfficeSettings::moneyUnit), m_unit},
+                                           {nameOf(OfficeSettings::decimals), m_decimals},
+                                           {nameOf(OfficeSettings::year), m_fiscalYear},
+                                           {nameOf(OfficeSettings::opening), m_opening},
+                                           {nameOf(OfficeSettings::closing), m_closing},
+                                           {nameOf(OfficeSettings::catalogLocked), m_catalogLocked}};
+    return fields.value(setting, m_closed);
 }
 
 bool CDlgSettings::OnOK()
 {
     if (!m_wasClosed && !validate())
         return false;
-    store();
+    const RowQuestions::Texts texts{.format = shown, .goTo = [this](const QString &setting) { fieldOf(setting)->setFocus(); }};
+    if (RowQuestions::save(this, m_edit, texts, [this] { write(); }) != RowQuestions::Outcome::Saved)
+        return false;
+    setDefaultMoneyDecimals(GetDBSetting()->MoneyDecimals());
     return true;
 }

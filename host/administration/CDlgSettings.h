@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/changes/SettingsEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;
@@ -34,9 +35,11 @@ private:
     void load(const OfficeSettings &settings);
     bool validate();
     bool refuse(const QString &message, QWidget *field);
-    void store();
+    void write();
+    QWidget *fieldOf(const QString &setting) const;
 
     bool m_wasClosed;
+    SettingsEdit m_edit;
     KEdit *m_unit = nullptr;
     QComboBox *m_decimals = nullptr;
     KEdit *m_fiscalYear = nullptr;

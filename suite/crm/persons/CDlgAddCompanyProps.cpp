@@ -3,7 +3,9 @@
 
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/IdentityHints.h"
@@ -53,6 +55,27 @@ constexpr std::array fields{
 
 constexpr std::array kinds{CompanyDetails::kindNatural, CompanyDetails::kindLegal};
 
+// In the words of the window.
+QString captionOf(const QString &key)
+{
+    CompanyDetails marked;
+    for (const Field &field : fields)
+        marked.*field.text = QString::fromUtf16(field.label).remove(u" :"_s);
+    for (const CompanyDetails::Part &part : marked.parts()) {
+        if (part.key == key && key != u"kind")
+            return part.text;
+    }
+    return u"نوع شخص"_s;
+}
+
+QList<SettingsEdit::Setting> editedSettings()
+{
+    QList<SettingsEdit::Setting> settings;
+    for (const CompanyDetails::Part &part : CompanyDetails().parts())
+        settings.append({CompanyDetails::section(), part.key, captionOf(part.key)});
+    return settings;
+}
+
 std::size_t positionOf(QString CompanyDetails::*text)
 {
     std::size_t position = 0;
@@ -64,13 +87,20 @@ std::size_t positionOf(QString CompanyDetails::*text)
 }
 
 CDlgAddCompanyProps::CDlgAddCompanyProps(QWidget *parent)
+    : CDlgAddCompanyProps(OfficeSettings::read({CompanyDetails::section()}), parent)
+{
+}
+
+CDlgAddCompanyProps::CDlgAddCompanyProps(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
+    , m_edit(settings, editedSettings())
     , m_kind(new QComboBox(this))
 {
     SetSettingName(u"Company"_s);
     setWindowTitle(u"مشخصات نمایشگاه"_s);
     build();
-    setDetails(CompanyDetails::read());
+    setDetails(CompanyDetails::of(settings));
+    m_edit.remember([this] { writeDetails(); });
 }
 
 CDlgAddCompanyProps::~CDlgAddCompanyProps() = default;
@@ -139,6 +169,16 @@ bool CDlgAddCompanyProps::OnOK()
         return false;
     }
     GetDBSetting()->RequireOpenDB();
-    entered.write();
-    return true;
+    const RowQuestions::Texts texts{.format = [](const QString &setting, const QVariant &value) -> std::optional<QString> {
+        if (setting != SettingsEdit::nameOf(CompanyDetails::section(), u"kind"))
+            return std::nullopt;
+        return value.toInt() == CompanyDetails::kindLegal ? u"حقوقی"_s : u"حقیقی"_s;
+    }};
+    return RowQuestions::save(this, m_edit, texts, [this] { writeDetails(); }) == RowQuestions::Outcome::Saved;
+}
+
+void CDlgAddCompanyProps::writeDetails()
+{
+    for (const CompanyDetails::Part &part : details().parts())
+        m_edit.setText(CompanyDetails::section(), part.key, part.text);
 }

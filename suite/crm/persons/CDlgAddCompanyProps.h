@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/changes/SettingsEdit.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
@@ -30,9 +31,12 @@ public:
     bool OnOK() override;
 
 private:
+    CDlgAddCompanyProps(const OfficeSettings &settings, QWidget *parent);
     void build();
     void updateHints();
+    void writeDetails();
 
+    SettingsEdit m_edit;
     QList<KEdit *> m_edits; // in the order of the table of fields
     QComboBox *m_kind;
     QLabel *m_nationalHint = nullptr;

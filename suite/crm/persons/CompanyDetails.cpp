@@ -5,6 +5,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <array>
@@ -13,36 +14,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Part
+struct TextPart
 {
     const char16_t *key;
     QString CompanyDetails::*text;
 };
 
-constexpr std::array parts{
-    Part{u"name1", &CompanyDetails::name1},
-    Part{u"name2", &CompanyDetails::name2},
-    Part{u"nationalCode", &CompanyDetails::nationalCode},
-    Part{u"economicCode", &CompanyDetails::economicCode},
-    Part{u"registrationNumber", &CompanyDetails::registrationNumber},
-    Part{u"manager", &CompanyDetails::manager},
-    Part{u"telephone", &CompanyDetails::telephone},
-    Part{u"mobile", &CompanyDetails::mobile},
-    Part{u"province", &CompanyDetails::province},
-    Part{u"city", &CompanyDetails::city},
-    Part{u"address", &CompanyDetails::address},
-    Part{u"postalCode", &CompanyDetails::postalCode},
-    Part{u"areaCode", &CompanyDetails::areaCode},
-    Part{u"taxKind", &CompanyDetails::taxKind},
-    Part{u"taxZone", &CompanyDetails::taxZone},
-    Part{u"provinceCode", &CompanyDetails::provinceCode},
-    Part{u"cityCode", &CompanyDetails::cityCode},
+constexpr std::array textParts{
+    TextPart{u"name1", &CompanyDetails::name1},
+    TextPart{u"name2", &CompanyDetails::name2},
+    TextPart{u"nationalCode", &CompanyDetails::nationalCode},
+    TextPart{u"economicCode", &CompanyDetails::economicCode},
+    TextPart{u"registrationNumber", &CompanyDetails::registrationNumber},
+    TextPart{u"manager", &CompanyDetails::manager},
+    TextPart{u"telephone", &CompanyDetails::telephone},
+    TextPart{u"mobile", &CompanyDetails::mobile},
+    TextPart{u"province", &CompanyDetails::province},
+    TextPart{u"city", &CompanyDetails::city},
+    TextPart{u"address", &CompanyDetails::address},
+    TextPart{u"postalCode", &CompanyDetails::postalCode},
+    TextPart{u"areaCode", &CompanyDetails::areaCode},
+    TextPart{u"taxKind", &CompanyDetails::taxKind},
+    TextPart{u"taxZone", &CompanyDetails::taxZone},
+    TextPart{u"provinceCode", &CompanyDetails::provinceCode},
+    TextPart{u"cityCode", &CompanyDetails::cityCode},
 };
-
-QString companySection()
-{
-    return u"Company"_s;
-}
 
 QString kindKey()
 {
@@ -51,24 +47,40 @@ QString kindKey()
 
 }
 
-CompanyDetails CompanyDetails::read(int database)
+QString CompanyDetails::section()
+{
+    return u"Company"_s;
+}
+
+QList<CompanyDetails::Part> CompanyDetails::parts() const
+{
+    QList<Part> parts;
+    for (const TextPart &part : textParts)
+        parts.append({QString::fromUtf16(part.key), ConvertToStandard(this->*part.text)});
+    parts.append({kindKey(), QString::number(kind)});
+    return parts;
+}
+
+CompanyDetails CompanyDetails::of(const OfficeSettings &settings)
 {
     CompanyDetails details;
-    const QHash<QString, QString> stored = CTblProperties::DBReadSection(companySection(), database);
-    for (const Part &part : parts)
-        details.*part.text = stored.value(QString::fromUtf16(part.key));
-    if (const int kind = stored.value(kindKey()).toInt(); kind != 0)
+    for (const TextPart &part : textParts)
+        details.*part.text = settings.text(section(), QString::fromUtf16(part.key), {});
+    if (const int kind = settings.integer(section(), kindKey(), 0); kind != 0)
         details.kind = kind;
     return details;
+}
+
+CompanyDetails CompanyDetails::read(int database)
+{
+    return of(OfficeSettings::read({section()}, database));
 }
 
 void CompanyDetails::write(int database) const
 {
     KTransaction transaction(database);
-    for (const Part &part : parts)
-        CTblProperties::DBWriteSetting(companySection(), QString::fromUtf16(part.key), ConvertToStandard(this->*part.text),
-                                       database);
-    CTblProperties::DBWriteSettingInt(companySection(), kindKey(), kind, database);
+    for (const Part &part : parts())
+        CTblProperties::DBWriteSetting(section(), part.key, part.text, database);
     transaction.commit();
 }
 

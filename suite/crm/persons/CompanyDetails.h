@@ -5,7 +5,10 @@
 
 #include "suite/crm/TzCRMDataExport.h"
 
+#include <QList>
 #include <QString>
+
+class OfficeSettings;
 
 // The dealership itself, as contracts and reports name it. Kept in Properties, section "Company", each part under its
 // member's name. A part that was never stored is empty.
@@ -34,6 +37,17 @@ struct TZCRMDATA_EXPORT CompanyDetails
     QString provinceCode;
     QString cityCode;
 
+    // A part as it stands in Properties.
+    struct Part
+    {
+        QString key;
+        QString text;
+    };
+    static QString section();
+    // Every part, in a fixed order.
+    QList<Part> parts() const;
+    // Of settings that were read with that section.
+    static CompanyDetails of(const OfficeSettings &settings);
     static CompanyDetails read(int database = 0);
     // Writes every part, all or none.
     void write(int database = 0) const;

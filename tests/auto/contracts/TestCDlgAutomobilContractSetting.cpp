@@ -11,6 +11,7 @@
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QApplication>
@@ -73,6 +74,9 @@ private Q_SLOTS:
     void closedDatabaseIsNotChanged();
     void userWhoMayOnlyLookOpensButDoesNotSave();
     void rightTakenAwayMeanwhileCounts();
+    void twoDesks_data() { TwoDesks::addCases(false); }
+    void twoDesks();
+    void tiersAreTakenWholeFromOneSide();
     void everyFieldTellsItsName();
     void everyAmountShowsTheMoneyUnit();
     void everyGroupHasATitle();
@@ -309,6 +313,42 @@ void TestCDlgAutomobilContractSetting::everyGroupHasATitle()
     // No field stands outside.
     for (const KEdit *edit : dialog.findChildren<KEdit *>())
         QVERIFY2(qobject_cast<QGroupBox *>(edit->parentWidget()), qPrintable(edit->accessibleName()));
+}
+
+void TestCDlgAutomobilContractSetting::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    const auto other = [](void (*change)(ContractSettings &)) {
+        ContractSettings settings = ContractSettings::load();
+        change(settings);
+        settings.save();
+    };
+    TwoDesks({
+                 .reset = [&] { other([](ContractSettings &settings) { settings.taxPercent = 9; }); },
+                 .open = [] { return std::make_unique<CDlgAutomobilContractSetting>(); },
+                 .enter = [](KDialog &window) { field(window, u"ماليات :"_s)->setNumber(10); },
+                 .changeOther = [&] { other([](ContractSettings &settings) { settings.dutyPercent = 3; }); },
+                 .changeSame = [&] { other([](ContractSettings &settings) { settings.taxPercent = 8; }); },
+                 .stored = [] { return u"%1/%2"_s.arg(ContractSettings::load().taxPercent).arg(ContractSettings::load().dutyPercent); },
+                 .merged = u"10/3"_s,
+                 .theirs = u"8/0"_s,
+                 .mine = u"10/0"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgAutomobilContractSetting::tiersAreTakenWholeFromOneSide()
+{
+    CDlgAutomobilContractSetting dialog;
+    field(dialog, toText, tier(1))->setText(u"500"_s);
+    ContractSettings theirs;
+    theirs.tiers = {{100, 200, 0}, {1, 2, 0}, false};
+    theirs.save();
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::TakeTheirs);
+    dialog.accept();
+    QVERIFY(CDlgRowConflict::takeShown().size() >= 2);
+    QCOMPARE(ContractSettings::load().tiers.ceilings[0], 100.0);
+    QCOMPARE(ContractSettings::load().tiers.ceilings[1], 200.0);
 }
 
 static const RegisteredTest<TestCDlgAutomobilContractSetting, QApplication> registeredCDlgAutomobilContractSetting;

@@ -9,6 +9,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -32,6 +33,10 @@ private Q_SLOTS:
     void cancelChangesNothing();
     void anotherFiscalYearIsThatOfItsDays();
     void ofAClosedDatabaseOnlyTheMarkCanBeChanged();
+    void twoDesks_data() { TwoDesks::addCases(false); }
+    void twoDesks();
+    void fiscalYearIsTakenWholeFromOneSide();
+    void closedMeanwhileRefusesTheRest();
 
 private:
     HostTestOffice m_office;
@@ -170,6 +175,54 @@ void TestCDlgSettings::ofAClosedDatabaseOnlyTheMarkCanBeChanged()
     settings.closed->setChecked(false);
     settings.dialog.accept();
     QVERIFY(!GetDBSetting()->IsClosedDB());
+    QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
+}
+
+void TestCDlgSettings::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    TwoDesks({
+                 .reset = [] { GetDBSetting()->SetMoneyUnitName(u"ریال"_s); },
+                 .open = [] { return std::make_unique<CDlgSettings>(); },
+                 .enter = [](KDialog &window) { named<KEdit>(window, u"نام واحد پول :"_s)->setText(u"تومان"_s); },
+                 .changeOther = [] { GetDBSetting()->SetCatalogLocked(true); },
+                 .changeSame = [] { GetDBSetting()->SetMoneyUnitName(u"درهم"_s); },
+                 .stored = [] { return GetDBSetting()->MoneyUnitName() + (GetDBSetting()->IsCatalogLocked() ? u" locked"_s : u""_s); },
+                 .merged = u"تومان locked"_s,
+                 .theirs = u"درهم"_s,
+                 .mine = u"تومان"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgSettings::fiscalYearIsTakenWholeFromOneSide()
+{
+    Settings settings;
+    settings.dialog.show();
+    settings.year->setText(u"1406"_s);
+    // The other desk moves the closing day of the year that was open.
+    GetDBSetting()->SetFiscalYearClosingDate(QDateTime(ConvertToMiladi(1407, 1, 5), QTime(0, 0), Qt::UTC));
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::TakeMine);
+    settings.dialog.accept();
+    const QStringList shown = CDlgRowConflict::takeShown();
+    QVERIFY2(shown.filter(u"تاریخ پایان: "_s).size() == 1, qPrintable(shown.join(u'\n')));
+    QCOMPARE(GetDBSetting()->FiscalYear(), 1406);
+    QCOMPARE(GetDBSetting()->FiscalYearClosingDate().date(), ConvertToMiladi(1406, 12, 29));
+}
+
+void TestCDlgSettings::closedMeanwhileRefusesTheRest()
+{
+    Settings settings;
+    settings.dialog.show();
+    settings.unit->setText(u"تومان"_s);
+    Settings others;
+    others.closed->setChecked(true);
+    others.dialog.accept();
+    settings.dialog.accept();
+    QVERIFY(settings.dialog.isVisible());
+    const QStringList told = g_pDlgWarning->takeShown();
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.constFirst().contains(u"«admin»"_s), qPrintable(told.constFirst()));
     QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
 }
 

@@ -8,6 +8,7 @@
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -26,6 +27,9 @@ private Q_SLOTS:
     void hintsFollowTheKind();
     void cancelWritesNothing();
     void closedDatabaseRefuses();
+    void twoDesks_data() { TwoDesks::addCases(false); }
+    void twoDesks();
+    void closedMeanwhileIsToldWithWhoClosedIt();
 
 private:
     static QList<QPair<QString, QString>> entries();
@@ -123,6 +127,51 @@ void TestCDlgAddCompanyProps::closedDatabaseRefuses()
     GetDBSetting()->SetClosedDB(true);
     QVERIFY_THROWS_EXCEPTION(KAccountingError, dialog.OnOK());
     QVERIFY(CompanyDetails::read().isEmpty());
+}
+
+void TestCDlgAddCompanyProps::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    const auto other = [](void (*change)(CompanyDetails &)) {
+        CompanyDetails details = CompanyDetails::read();
+        change(details);
+        details.write();
+    };
+    TwoDesks({
+                 .reset = [&] { other([](CompanyDetails &details) { details.name1 = u"البرز"_s; }); },
+                 .open = [] { return std::make_unique<CDlgAddCompanyProps>(); },
+                 .enter = [](KDialog &window) { Hand::named<KEdit>(&window, u"نام :"_s)->setText(u"الوند"_s); },
+                 .changeOther = [&] { other([](CompanyDetails &details) { details.kind = CompanyDetails::kindLegal; }); },
+                 .changeSame = [&] { other([](CompanyDetails &details) { details.name1 = u"دنا"_s; }); },
+                 .stored = [] { return u"%1/%2"_s.arg(CompanyDetails::read().name1).arg(CompanyDetails::read().kind); },
+                 .merged = u"الوند/2"_s,
+                 .theirs = u"دنا/1"_s,
+                 .mine = u"الوند/1"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgAddCompanyProps::closedMeanwhileIsToldWithWhoClosedIt()
+{
+    CDlgAddCompanyProps dialog;
+    dialog.show();
+    Hand::named<KEdit>(&dialog, u"نام :"_s)->setText(u"الف"_s);
+    // Between the look and the unit of work.
+    KConnection::setStatementObserver([this](const QString &statement) {
+        if (!statement.startsWith(u"START TRANSACTION"_s))
+            return;
+        KConnection::setStatementObserver({});
+        m_office.db.run(u"REPLACE INTO Properties(sSection,sKey,sValue) VALUES('Database','bClosed','1')"_s);
+        m_office.db.run(u"INSERT INTO Changes(sTable,iRecordID,iKind,iUserID,date) "
+                        "SELECT 'Properties:Database',0,1,iID,NOW() FROM Users WHERE sUser='clerk'"_s);
+    });
+    QVERIFY(!dialog.OnOK());
+    KConnection::setStatementObserver({});
+    const QStringList told = g_pDlgWarning->takeShown();
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.constFirst().contains(u"«clerk»"_s), qPrintable(told.constFirst()));
+    QVERIFY(CompanyDetails::read().isEmpty());
+    QCOMPARE(Hand::named<KEdit>(&dialog, u"نام :"_s)->text(), u"الف"_s);
 }
 
 static const RegisteredTest<TestCDlgAddCompanyProps, QApplication> registeredCDlgAddCompanyProps;
