@@ -6,6 +6,7 @@
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -72,13 +73,20 @@ CDlgAddAccount::CDlgAddAccount(int code, QWidget *parent)
     , m_level(AccountCode::levelOf(code))
     , m_parent(AccountCode::parentOf(code))
     , m_code(code)
+    , m_record(AccountChart::records(m_level))
     , m_codeEdit(new KEdit(this))
     , m_name(new KEdit(this))
 {
+    if (m_record->IsRecordExist(u"iCode"_s, code)) {
+        m_edit = std::make_unique<RowEdit>(*m_record, m_record->value(u"iID").toInt());
+        m_edit->lockAs(AccountChart::lockName());
+    }
     build(u"تغییر نام "_s + levelName(m_level), accountText(m_parent));
     m_codeEdit->setText(QString::number(code));
     m_codeEdit->setReadOnly(true);
-    m_name->setText(AccountChart::nameOf(code));
+    m_name->setText(m_record->value(u"sName").toString());
+    if (m_edit)
+        m_edit->remember([this] { write(); });
     m_name->setFocus();
 }
 
@@ -102,19 +110,33 @@ void CDlgAddAccount::build(const QString &title, const QString &above)
 
 bool CDlgAddAccount::OnOK()
 {
+    return m_edit ? rename() : add();
+}
+
+void CDlgAddAccount::write() const
+{
+    m_record->setValue(u"sName", m_name->text());
+}
+
+bool CDlgAddAccount::rename()
+{
+    const RowQuestions::Texts texts{.goTo = [this](const QString &) { m_name->setFocus(); }};
+    return RowQuestions::save(
+               this, *m_edit, texts, [this] { write(); }, [this] { AccountChart::settleName(*m_record); })
+        == RowQuestions::Outcome::Saved;
+}
+
+bool CDlgAddAccount::add()
+{
     try {
-        if (m_code != 0) {
-            AccountChart::rename(m_code, m_name->text());
-            return true;
-        }
         bool isNumber = false;
         const int code = m_codeEdit->text().trimmed().toInt(&isNumber);
         AccountChart::add(m_level, isNumber ? code : 0, m_name->text(), m_parent);
         m_code = code;
+        return true;
     } catch (const KAccountingError &error) {
         g_pDlgWarning->Show(error.userMessage(), this);
-        (m_name->text().trimmed().isEmpty() || m_codeEdit->isReadOnly() ? m_name : m_codeEdit)->setFocus();
+        (m_name->text().trimmed().isEmpty() ? m_name : m_codeEdit)->setFocus();
         return false;
     }
-    return true;
 }

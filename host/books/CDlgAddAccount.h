@@ -4,7 +4,10 @@
 #pragma once
 
 #include "suite/accounting/books/chart/AccountBalance.h"
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/utility/frame/KDialog.h"
+
+#include <memory>
 
 class KEdit;
 
@@ -26,10 +29,15 @@ public:
 
 private:
     void build(const QString &title, const QString &above);
+    void write() const;
+    bool rename();
+    bool add();
 
     AccountLevel m_level;
     int m_parent;
     int m_code;
+    std::unique_ptr<KMySQL> m_record; // of an account that is there
+    std::unique_ptr<RowEdit> m_edit;
     KEdit *m_codeEdit;
     KEdit *m_name;
 };

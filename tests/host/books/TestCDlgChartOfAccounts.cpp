@@ -13,6 +13,7 @@
 #include "tests/support/Hand.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QAbstractItemModel>
 #include <QAccessible>
@@ -63,6 +64,9 @@ private Q_SLOTS:
     void accountThatTheProgramPostsToStaysActive();
     void enterShowsTheSheetOfTheAccount();
     void treeGoesOnPaper();
+    void twoDesks_data() { TwoDesks::addCases(true); }
+    void twoDesks();
+    void codeOfTwoDesksIsGivenOnce();
 
 private:
     static QPushButton *button(const CDlgChartOfAccounts &page, const QString &caption)
@@ -386,7 +390,7 @@ void TestCDlgChartOfAccounts::treeIsReadAnewInItsPlace()
     scroll->setValue(scroll->maximum());
     const int top = scroll->value();
     QVERIFY(top > 0);
-    AccountChart::rename(620120, u"اجاره"_s);
+    m_office.database.run(u"UPDATE HesabMoeen SET sName='اجاره' WHERE iCode=620120"_s);
     page.refreshIfStale();
     QCOMPARE(page.cellText(620120, Name), u"اجاره"_s);
     QCOMPARE(page.currentCode(), 620120);
@@ -545,6 +549,39 @@ void TestCDlgChartOfAccounts::treeGoesOnPaper()
     Hand::inNextWindow([&shown](QDialog *dialog) { shown = QString::fromLatin1(dialog->metaObject()->className()); });
     button(page, print)->click();
     QCOMPARE(shown, u"CDlgReportGenerator"_s);
+}
+
+void TestCDlgChartOfAccounts::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    const auto run = [this](const QString &statement) { m_office.database.run(statement); };
+    TwoDesks({
+                 .reset = [&] { run(u"INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(620130,'اجاره',6201)"_s); },
+                 .open = [] { return std::make_unique<CDlgAddAccount>(620130); },
+                 .enter = [](KDialog &window) { named<KEdit>(window, u"نام :"_s)->setText(u"اجاره دفتر"_s); },
+                 .changeOther = [&] { run(u"UPDATE HesabMoeen SET iStatus=1 WHERE iCode=620130"_s); },
+                 .changeSame = [&] { run(u"UPDATE HesabMoeen SET sName='اجاره انبار' WHERE iCode=620130"_s); },
+                 .remove = [&] { run(u"DELETE FROM HesabMoeen WHERE iCode=620130"_s); },
+                 .stored = [&] { return value("SELECT CONCAT_WS('/',sName,iStatus,iHesabKolCode) FROM HesabMoeen WHERE iCode=620130"); },
+                 .merged = u"اجاره دفتر/1/6201"_s,
+                 .theirs = u"اجاره انبار/0/6201"_s,
+                 .mine = u"اجاره دفتر/0/6201"_s,
+                 .renewed = u"اجاره دفتر/0/6201"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgChartOfAccounts::codeOfTwoDesksIsGivenOnce()
+{
+    CDlgAddAccount first(AccountLevel::Moeen, 6201);
+    CDlgAddAccount second(AccountLevel::Moeen, 6201);
+    named<KEdit>(first, u"نام :"_s)->setText(u"تلفن"_s);
+    named<KEdit>(second, u"نام :"_s)->setText(u"پست"_s);
+    first.accept();
+    second.accept();
+    QCOMPARE(second.result(), int(QDialog::Rejected));
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(value("SELECT COUNT(*) FROM HesabMoeen WHERE sName IN ('تلفن','پست')"), u"1"_s);
 }
 
 static const RegisteredTest<TestCDlgChartOfAccounts, QApplication> registeredCDlgChartOfAccounts;

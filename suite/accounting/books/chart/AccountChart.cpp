@@ -7,7 +7,9 @@
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/AccountCode.h"
+#include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/NamedLock.h"
 #include "suite/accounting/books/chart/CTblHesabKol.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/books/chart/CTblHesabTafsily.h"
@@ -49,19 +51,6 @@ const Account *find(const QList<Account> &accounts, int code)
     return found == accounts.cend() ? nullptr : &*found;
 }
 
-std::unique_ptr<KMySQL> records(AccountLevel level, int database)
-{
-    switch (level) {
-    case AccountLevel::Kol:
-        return std::make_unique<CTblHesabKol>(database);
-    case AccountLevel::Moeen:
-        return std::make_unique<CTblHesabMoeen>(database);
-    case AccountLevel::Tafsily:
-        return std::make_unique<CTblHesabTafsily>(database);
-    }
-    Q_UNREACHABLE();
-}
-
 AccountLevel levelAbove(AccountLevel level)
 {
     return level == AccountLevel::Tafsily ? AccountLevel::Moeen : AccountLevel::Kol;
@@ -77,10 +66,10 @@ QString requireName(const QList<Account> &accounts, const QString &name, int par
 {
     QString kept = ConvertToStandard(name);
     if (kept.isEmpty())
-        throw KAccountingError(u"لطفا نام حساب را وارد نمایید."_s);
+        throw FieldRefused(u"لطفا نام حساب را وارد نمایید."_s, u"sName"_s);
     for (const Account &other : accounts) {
         if (other.code != ownCode && other.parent == parent && searchKey(other.name) == searchKey(kept))
-            throw KAccountingError(u"حساب %1 همین نام را دارد."_s.arg(codeText(other.code)));
+            throw FieldRefused(u"حساب %1 همین نام را دارد."_s.arg(codeText(other.code)), u"sName"_s);
     }
     return kept;
 }
@@ -173,6 +162,19 @@ QString AccountChart::table(AccountLevel level)
     Q_UNREACHABLE();
 }
 
+std::unique_ptr<KMySQL> AccountChart::records(AccountLevel level, int database)
+{
+    switch (level) {
+    case AccountLevel::Kol:
+        return std::make_unique<CTblHesabKol>(database);
+    case AccountLevel::Moeen:
+        return std::make_unique<CTblHesabMoeen>(database);
+    case AccountLevel::Tafsily:
+        return std::make_unique<CTblHesabTafsily>(database);
+    }
+    Q_UNREACHABLE();
+}
+
 QString AccountChart::docsColumn(AccountLevel level)
 {
     return u"i%1Code"_s.arg(table(level));
@@ -225,50 +227,55 @@ QList<Account> AccountChart::postable(int database)
 void AccountChart::add(AccountLevel level, int code, const QString &name, int parent, int database)
 {
     requireOpen(database);
-    KTransaction transaction(database);
-    const QList<Account> accounts = read(level, database);
-    requireParent(level, parent, database);
-    requireCode(level, accounts, code, parent);
-    const QString kept = requireName(accounts, name, parent, code);
-    const std::unique_ptr<KMySQL> set = records(level, database);
-    set->AddNew();
-    set->setValue(u"iCode", code);
-    set->setValue(u"sName", kept);
-    if (level != AccountLevel::Kol)
-        set->setValue(docsColumn(levelAbove(level)), parent);
-    set->Update(true);
-    transaction.commit();
+    KTransaction::runReplayable(
+        [&] {
+            NamedLock::take(lockName(), database);
+            const QList<Account> accounts = read(level, database);
+            requireParent(level, parent, database);
+            requireCode(level, accounts, code, parent);
+            const QString kept = requireName(accounts, name, parent, code);
+            const std::unique_ptr<KMySQL> set = records(level, database);
+            set->AddNew();
+            set->setValue(u"iCode", code);
+            set->setValue(u"sName", kept);
+            if (level != AccountLevel::Kol)
+                set->setValue(docsColumn(levelAbove(level)), parent);
+            set->Update(true);
+        },
+        database);
 }
 
-void AccountChart::rename(int code, const QString &name, int database)
+// One change of the chart at a time: what it must keep to stands on three tables.
+QString AccountChart::lockName()
 {
-    requireOpen(database);
-    KTransaction transaction(database);
-    const AccountLevel level = AccountCode::levelOf(code);
-    const std::unique_ptr<KMySQL> set = records(level, database);
-    if (!set->IsRecordExist(u"iCode"_s, code))
-        throw KAccountingError(u"این حساب دیگر وجود ندارد."_s);
-    const QString kept = requireName(read(level, database), name, AccountCode::parentOf(code), code);
-    set->Edit();
-    set->setValue(u"sName", kept);
-    set->Update(true);
-    transaction.commit();
+    return u"ChartOfAccounts"_s;
+}
+
+void AccountChart::settleName(KMySQL &record)
+{
+    const int code = record.value(u"iCode").toInt();
+    const QList<Account> accounts = read(AccountCode::levelOf(code), record.database());
+    const QString typed = record.value(u"sName").toString();
+    record.setValue(u"sName", requireName(accounts, typed, AccountCode::parentOf(code), code));
 }
 
 void AccountChart::setActive(int code, bool active, int database)
 {
     requireOpen(database);
-    KTransaction transaction(database);
-    const AccountLevel level = AccountCode::levelOf(code);
-    const std::unique_ptr<KMySQL> set = records(level, database);
-    if (!set->IsRecordExist(u"iCode"_s, code))
-        throw KAccountingError(u"این حساب دیگر وجود ندارد."_s);
-    if (active)
-        requireActivatable(level, code, database);
-    else
-        requireDeactivatable(level, code, database);
-    set->Edit();
-    set->setValue(u"iStatus", active ? 0 : inactive);
-    set->Update(true);
-    transaction.commit();
+    KTransaction::runReplayable(
+        [&] {
+            NamedLock::take(lockName(), database);
+            const AccountLevel level = AccountCode::levelOf(code);
+            const std::unique_ptr<KMySQL> set = records(level, database);
+            if (!set->IsRecordExist(u"iCode"_s, code))
+                throw KAccountingError(u"این حساب دیگر وجود ندارد."_s);
+            if (active)
+                requireActivatable(level, code, database);
+            else
+                requireDeactivatable(level, code, database);
+            set->Edit();
+            set->setValue(u"iStatus", active ? 0 : inactive);
+            set->Update(true);
+        },
+        database);
 }

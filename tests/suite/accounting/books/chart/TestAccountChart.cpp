@@ -3,7 +3,9 @@
 
 #include "suite/accounting/books/chart/AccountChart.h"
 
+#include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -53,6 +55,17 @@ constexpr AccountLevel moeen = AccountLevel::Moeen;
 constexpr AccountLevel tafsily = AccountLevel::Tafsily;
 
 const QString rentName = u"اجاره"_s;
+
+// As the window of an account saves the name.
+void renameAccount(int code, const QString &name)
+{
+    const std::unique_ptr<KMySQL> record = AccountChart::records(AccountCode::levelOf(code));
+    QVERIFY(record->IsRecordExist(u"iCode"_s, code));
+    RowEdit edit(*record, record->value(u"iID").toInt());
+    edit.lockAs(AccountChart::lockName());
+    edit.remember([] {});
+    edit.save([&] { record->setValue(u"sName", name); }, [&] { AccountChart::settleName(*record); });
+}
 
 }
 
@@ -161,13 +174,13 @@ void TestAccountChart::noDetailBecomesActiveAgainBelowAnAccountWithRowsOfItsOwn(
 
 void TestAccountChart::rename()
 {
-    AccountChart::rename(620101, u"اجاره‌ي  دفتر"_s);
+    renameAccount(620101, u"اجاره‌ي  دفتر"_s);
     QCOMPARE(AccountChart::nameOf(620101), u"اجاره‌ی دفتر"_s);
-    AccountChart::rename(620101, u"اجاره‌ی دفتر"_s);
+    renameAccount(620101, u"اجاره‌ی دفتر"_s);
     // The program goes by the code; the name is the office's.
-    AccountChart::rename(Accounts::cash, u"صندوق مرکزی"_s);
+    renameAccount(Accounts::cash, u"صندوق مرکزی"_s);
     QCOMPARE(AccountChart::nameOf(Accounts::cash), u"صندوق مرکزی"_s);
-    AccountChart::rename(Accounts::cash, u"صندوق"_s);
+    renameAccount(Accounts::cash, u"صندوق"_s);
 }
 
 void TestAccountChart::renameThatIsRefused_data()
@@ -176,7 +189,6 @@ void TestAccountChart::renameThatIsRefused_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("message");
     QTest::newRow("no name") << 620101 << QString() << u"لطفا نام حساب را وارد نمایید."_s;
-    QTest::newRow("account is gone") << 620199 << rentName << u"این حساب دیگر وجود ندارد."_s;
     QTest::newRow("name of its neighbour") << int(Accounts::dutyPayable) << u"مالیات ارزش افزوده پرداختنی"_s
                                            << u"حساب 210501 همین نام را دارد."_s;
 }
@@ -185,7 +197,7 @@ void TestAccountChart::renameThatIsRefused()
 {
     QFETCH(int, code);
     QFETCH(QString, name);
-    QTEST(refusalOf([&] { AccountChart::rename(code, name); }), "message");
+    QTEST(refusalOf([&] { renameAccount(code, name); }), "message");
 }
 
 void TestAccountChart::accountThatTheProgramPostsToStaysActive()
@@ -242,7 +254,7 @@ void TestAccountChart::closedDatabaseIsRefused()
 {
     GetDBSetting()->SetClosedDB(true);
     QVERIFY(!refusalOf([] { AccountChart::add(kol, 6202, u"تازه"_s, 0); }).isEmpty());
-    QVERIFY(!refusalOf([] { AccountChart::rename(6201, u"دیگر"_s); }).isEmpty());
+    QVERIFY(!refusalOf([] { renameAccount(6201, u"دیگر"_s); }).isEmpty());
     QVERIFY(!refusalOf([] { AccountChart::setActive(620101001, false); }).isEmpty());
     GetDBSetting()->SetClosedDB(false);
     QCOMPARE(AccountChart::nameOf(6201), u"هزینه‌های اداری"_s);
