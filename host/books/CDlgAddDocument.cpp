@@ -8,6 +8,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CDlgPersons.h"
@@ -16,7 +17,6 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KLinesView.h"
-#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/frame/TabOrder.h"
 
@@ -67,7 +67,6 @@ QVector<KLinesModel::Column> rowColumns()
 
 CDlgAddDocument::CDlgAddDocument(const ManualDocument &document, QWidget *parent)
     : KDialog(parent)
-    , m_seen(document)
     , m_num(document.num)
     , m_fiscalYear(document.fiscalYear)
 {
@@ -76,6 +75,7 @@ CDlgAddDocument::CDlgAddDocument(const ManualDocument &document, QWidget *parent
     SetSettingName(u"AddDocument"_s);
     build();
     load(document);
+    remember(document);
     resize(QSize(900, 520));
     m_date->setFocus();
 }
@@ -269,22 +269,45 @@ bool CDlgAddDocument::OnOK()
     m_rowsView->finishEntry();
     if (!refuseInvalidEntry())
         return false;
-    ManualDocument wanted = document();
+    const ManualDocument wanted = document();
     const QList<ManualDocument::Problem> problems = wanted.problems(m_accounts);
     if (!problems.isEmpty()) {
         g_pDlgWarning->Show(wanted.message(problems.constFirst()), this);
         goTo(problems.constFirst());
         return false;
     }
+    return save(wanted);
+}
+
+void CDlgAddDocument::remember(const ManualDocument &read)
+{
+    if (m_num == 0)
+        return;
+    CTblDocuments header;
+    const bool known = header.IsRecordExist(u"iNum"_s, m_num, 0, KSql::formatted(" AND iFiscalYear=%1", m_fiscalYear));
+    const qint32 key = known ? header.m_iID : 0;
+    m_values.set(read.content(), key);
+    m_opened = OpenedRow(m_values, {}, [this, key] { m_values.set(document().content(), key); });
+}
+
+bool CDlgAddDocument::save(const ManualDocument &wanted)
+{
+    ManualDocument edited = wanted;
+    const auto attempt = [&] {
+        edited.save(m_opened);
+        m_num = edited.num;
+        m_fiscalYear = edited.fiscalYear;
+    };
+    const auto becomeNew = [&] {
+        edited.num = 0;
+        m_opened = {};
+    };
     try {
-        const KWaitCursor wait;
-        wanted.save(m_seen);
+        return RowQuestions::save(this, m_opened, m_values, {.format = DocumentValues::shown}, attempt, becomeNew)
+            == RowQuestions::Outcome::Saved;
     } catch (const KAccountingError &error) {
         g_pDlgWarning->Show(error.userMessage(), this);
         m_date->setFocus();
         return false;
     }
-    m_num = wanted.num;
-    m_fiscalYear = wanted.fiscalYear;
-    return true;
 }

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include "suite/accounting/books/DocumentValues.h"
 #include "suite/accounting/books/ManualDocument.h"
+#include "suite/accounting/changes/OpenedRow.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;
@@ -43,8 +45,11 @@ private:
     void showTotals();
     bool refuseInvalidEntry();
     void goTo(const ManualDocument::Problem &problem);
+    void remember(const ManualDocument &read);
+    bool save(const ManualDocument &wanted);
 
-    ManualDocument m_seen; // what the user began with
+    DocumentValues m_values;
+    OpenedRow m_opened; // what the user began with
     int m_num;
     int m_fiscalYear;
     QSet<int> m_accounts;

@@ -8,6 +8,7 @@
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/LevyRates.h"
@@ -17,7 +18,6 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KLinesView.h"
-#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/frame/TabOrder.h"
 
@@ -93,7 +93,6 @@ QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *pa
 CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent)
     : KDialog(parent)
     , m_settings(OfficeSettings::read({LevyRates::section()}))
-    , m_seen(invoice)
     , m_num(invoice.num)
     , m_type(invoice.type)
     , m_showOnly(showOnly)
@@ -104,6 +103,7 @@ CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *par
     SetSettingName(u"AddFactor"_s);
     build();
     load(invoice);
+    remember(invoice);
     applyShowMode();
     resize(QSize(900, 600));
     if (m_showOnly)
@@ -416,11 +416,29 @@ bool CDlgAddFactor::OnOK()
     // After the lines: a line that is too large makes the levies too large as well.
     if (!refuseInvalidFigure())
         return false;
+    return save();
+}
+
+void CDlgAddFactor::remember(const Invoice &read)
+{
+    if (m_num == 0)
+        return;
+    m_values.set(read);
+    m_opened = OpenedRow(m_values, InvoiceValues::groups(), [this] { m_values.set(invoice()); });
+}
+
+bool CDlgAddFactor::save()
+{
+    const RowQuestions::Texts texts{.format = InvoiceValues::shown};
     try {
-        const KWaitCursor wait;
-        m_num = InvoicePosting::save(wanted, m_seen).num;
+        const auto outcome = RowQuestions::save(
+            this, m_opened, m_values, texts, [this] { m_num = InvoicePosting::save(invoice(), m_opened).num; },
+            [this] {
+                m_num = 0;
+                m_opened = {};
+            });
+        return outcome == RowQuestions::Outcome::Saved;
     } catch (const KAccountingError &error) {
         return refuse(error.userMessage(), m_date);
     }
-    return true;
 }

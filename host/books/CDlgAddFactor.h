@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "suite/accounting/invoices/Invoice.h"
+#include "suite/accounting/changes/OpenedRow.h"
+#include "suite/accounting/invoices/InvoiceValues.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -52,9 +53,12 @@ private:
     bool refuseInvalidEntry();
     bool refuseInvalidFigure();
     void goTo(const Invoice::Problem &problem);
+    void remember(const Invoice &invoice);
+    bool save();
 
     const OfficeSettings m_settings; // as read when the window was opened
-    Invoice m_seen; // what the user began with
+    InvoiceValues m_values;
+    OpenedRow m_opened; // what the user began with
     int m_num;
     int m_type;
     bool m_showOnly;

@@ -201,8 +201,10 @@ void CDlgDocuments::deleteDocument()
         g_pDlgWarning->Show(refusal, this);
         return;
     }
+    const int key = list()->currentKey();
     if (g_pDlgYesNo->Ask(SuiteMessages::deleteQuestion(), this) == KMessageDialog::No)
         return;
-    ManualDocument::remove(num, fiscalYear);
+    // What is refused by now, or gone, is told; the list shows it.
+    guarded([&] { ManualDocument::remove(num, fiscalYear, key); });
     refill();
 }

@@ -4,6 +4,7 @@
 #include "suite/accounting/books/ManualDocument.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/AccountChart.h"
@@ -14,7 +15,9 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
 #include "suite/accounting/books/DocumentRows.h"
-#include "suite/accounting/books/DocumentWriter.h"
+#include "suite/accounting/books/DocumentValues.h"
+#include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
@@ -29,22 +32,20 @@ bool findHeader(CTblDocuments &header, int num, int fiscalYear)
         && header.IsRecordExist(u"iNum"_s, num, 0, KSql::formatted(" AND iFiscalYear=%1", fiscalYear));
 }
 
-void requireChangeable(int num, int fiscalYear, int database)
+// Keeps others from changing the document until the transaction ends. meant: the key of its header; 0: whichever has the number.
+// Returns that key.
+qint32 lockForChange(int num, int fiscalYear, qint32 meant, int database)
 {
+    CTblDocuments header(database);
     CTblTemp lock(database);
-    lock.Open(false, false, true);
     lock.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d FOR UPDATE", num, fiscalYear);
+    const qint32 key = lock.GetLongFieldValue(0);
+    if (key == 0 || (meant != 0 && key != meant))
+        throw RowChanged(RowChanged::Kind::Gone, header, meant);
     const QString refusal = ManualDocument::changeRefusal(num, fiscalYear, database);
     if (!refusal.isEmpty())
         throw KAccountingError(refusal);
-}
-
-void requireUnchanged(const ManualDocument &seen, int database)
-{
-    if (ManualDocument::load(seen.num, seen.fiscalYear, database) != seen)
-        throw KAccountingError(u"سند شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این پنجره "
-                               "را ببندید و سند را دوباره باز نمایید."_s
-                                   .arg(seen.num));
+    return key;
 }
 
 void requirePersons(const QList<DocumentRow> &rows, int database)
@@ -129,14 +130,13 @@ void ManualDocument::save(int database)
     saveWhole(nullptr, database);
 }
 
-void ManualDocument::save(const ManualDocument &seen, int database)
+void ManualDocument::save(const OpenedRow &opened, int database)
 {
-    saveWhole(&seen, database);
+    saveWhole(&opened, database);
 }
 
-void ManualDocument::saveWhole(const ManualDocument *seen, int database)
+void ManualDocument::requireSavable(int database) const
 {
-    GetDBSetting()->RequireOpenDB();
     QSet<int> accounts;
     for (const AccountChart::Account &account : AccountChart::postable(database))
         accounts.insert(account.code);
@@ -144,34 +144,60 @@ void ManualDocument::saveWhole(const ManualDocument *seen, int database)
     if (!found.isEmpty())
         throw KAccountingError(message(found.constFirst()));
     OfficeSettings::read().requireInFiscalYear(date.date(), u"سند"_s);
-    ManualDocument written = *this;
+}
+
+void ManualDocument::saveWhole(const OpenedRow *opened, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    requireSavable(database);
+    ManualDocument edited = *this;
     if (num == 0)
-        written.fiscalYear = GetDBSetting()->FiscalYear();
+        edited.fiscalYear = GetDBSetting()->FiscalYear();
+    ManualDocument written;
     KTransaction::runReplayable(
         [&] {
-            written.num = num;
-            written.write(seen, database);
+            OfficeClosing::requireOpen(database);
+            written = edited;
+            written.write(opened, database);
         },
         database);
     *this = written;
 }
 
-void ManualDocument::write(const ManualDocument *seen, int database)
+void ManualDocument::write(const OpenedRow *opened, int database)
 {
+    if (num != 0)
+        return change(opened, database);
     DocumentWriter writer({date, ConvertToStandard(desc), rows}, database);
-    if (num == 0) {
-        if (!writer.add(Accounts::documentKindManual, fiscalYear))
-            throw KAccountingError(u"سند ایجاد نشد."_s);
-        num = writer.num();
-    } else {
-        requireChangeable(num, fiscalYear, database);
-        if (seen)
-            requireUnchanged(*seen, database);
-        if (!writer.rewrite(num, fiscalYear))
-            throw KAccountingError(u"سند تغییر نکرد."_s);
-    }
+    if (!writer.add(Accounts::documentKindManual, fiscalYear))
+        throw KAccountingError(u"سند ایجاد نشد."_s);
+    num = writer.num();
     requirePersons(rows, database);
     writer.writeRows();
+}
+
+void ManualDocument::change(const OpenedRow *opened, int database)
+{
+    const qint32 meant = opened ? DocumentValues::headerOf(opened->values()) : 0;
+    const qint32 key = lockForChange(num, fiscalYear, meant, database);
+    if (opened) {
+        const DocumentContent theirs = load(num, fiscalYear, database).content();
+        DocumentValues values(database);
+        values.set(theirs, key);
+        opened->mergeOnto(values, [&] { values.set(content(), key); });
+        const DocumentContent merged = values.merged(theirs, content());
+        date = merged.date;
+        desc = merged.description;
+        rows = merged.rows;
+        requireSavable(database);
+    }
+    DocumentWriter writer({date, ConvertToStandard(desc), rows}, database);
+    if (!writer.rewrite(num, fiscalYear))
+        throw KAccountingError(u"سند تغییر نکرد."_s);
+    requirePersons(rows, database);
+    writer.writeRows();
+    // The rows may have changed where the header did not.
+    KChangeLog::note(CTblDocuments(database).GetTableName(), key, KChange::Kind::Changed, database);
 }
 
 ManualDocument ManualDocument::load(int num, int fiscalYear, int database)
@@ -189,13 +215,15 @@ ManualDocument ManualDocument::load(int num, int fiscalYear, int database)
     return document;
 }
 
-void ManualDocument::remove(int num, int fiscalYear, int database)
+void ManualDocument::remove(int num, int fiscalYear, qint32 headerKey, int database)
 {
     GetDBSetting()->RequireOpenDB();
-    KTransaction transaction(database);
-    requireChangeable(num, fiscalYear, database);
-    CTblDocuments::DeleteDoc(num, fiscalYear, Accounts::documentKindManual, 0, u"by hand"_s, database);
-    transaction.commit();
+    KTransaction::runReplayable(
+        [&] {
+            lockForChange(num, fiscalYear, headerKey, database);
+            CTblDocuments::DeleteDoc(num, fiscalYear, Accounts::documentKindManual, 0, u"by hand"_s, database);
+        },
+        database);
 }
 
 QString ManualDocument::changeRefusal(int num, int fiscalYear, int database)

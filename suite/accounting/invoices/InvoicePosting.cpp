@@ -4,9 +4,12 @@
 #include "suite/accounting/invoices/InvoicePosting.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/CTblDocuments.h"
@@ -14,6 +17,7 @@
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/InvoiceDocumentRows.h"
+#include "suite/accounting/invoices/InvoiceValues.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -41,10 +45,17 @@ void requireSavable(const Invoice &invoice, const Frame &frame)
     OfficeSettings::read({}, frame.database).requireInFiscalYear(invoice.date.date(), u"فاکتور"_s);
 }
 
+QString voidText(const CTblFactors &invoice)
+{
+    const QString text = u"فاکتور شماره %1 باطل شده است و تغییر نمی‌کند."_s.arg(invoice.m_iID);
+    const bool isKnown = KChangeLog::last(invoice.GetTableName(), invoice.m_iID, invoice.database()).has_value();
+    return isKnown ? u"%1 (%2)"_s.arg(text, RowChanged::lastChange(invoice.GetTableName(), invoice.m_iID, invoice.database())) : text;
+}
+
 QString refusalOf(const CTblFactors &invoice, int fiscalYear)
 {
     if (invoice.m_iStatus != CTblFactors::valid)
-        return u"فاکتور شماره %1 باطل شده است و تغییر نمی‌کند."_s.arg(invoice.m_iID);
+        return voidText(invoice);
     if (invoice.m_iFiscalYear != fiscalYear)
         return u"فاکتور شماره %1 از سال مالی %2 است و در سال مالی %3 تغییر نمی‌کند."_s
             .arg(invoice.m_iID)
@@ -61,22 +72,21 @@ QString goneText()
 // Loads the invoice for a change and keeps others from changing it until the transaction ends.
 void lockForChange(CTblFactors &record, int num, const Frame &frame)
 {
-    CTblTemp lock(frame.database);
-    lock.Open(false, false, true);
-    lock.FormatAndExecuteQuery("SELECT iID FROM Factors WHERE iID=%d FOR UPDATE", num);
-    if (!record.IsRecordExist(keyColumn, num))
-        throw KAccountingError(goneText());
+    if (!record.lockRecord(num))
+        throw RowChanged(RowChanged::Kind::Gone, record, num);
     const QString refusal = refusalOf(record, frame.fiscalYear);
     if (!refusal.isEmpty())
         throw KAccountingError(refusal);
 }
 
-void requireUnchanged(const Invoice &seen, const Frame &frame)
+// What the user edited, onto the invoice as it is now.
+Invoice mergedOnto(const OpenedRow &opened, const Invoice &edited, const Frame &frame)
 {
-    if (InvoicePosting::load(seen.num, frame.database) != seen)
-        throw KAccountingError(u"فاکتور شماره %1 را کاربر دیگری در این میان تغییر داده است. برای دیدن تغییر او این "
-                               "پنجره را ببندید و فاکتور را دوباره باز نمایید."_s
-                                   .arg(seen.num));
+    const Invoice theirs = InvoicePosting::load(edited.num, frame.database);
+    InvoiceValues values(frame.database);
+    values.set(theirs);
+    opened.mergeOnto(values, [&] { values.set(edited); });
+    return values.merged(theirs, edited);
 }
 
 // Locked, so that nobody deletes a service between the look and the line that names it.
@@ -149,14 +159,18 @@ void fill(CTblFactors &record, const Invoice &invoice, const Frame &frame)
     record.m_dImposition = invoice.duty;
 }
 
-InvoicePosting::Saved write(const Invoice &invoice, const Invoice *seen, const Frame &frame)
+// opened: nullptr when nobody looks at a stored state.
+InvoicePosting::Saved write(const Invoice &edited, const OpenedRow *opened, const Frame &frame)
 {
+    OfficeClosing::requireOpen(frame.database);
     CTblFactors record(frame.database);
+    Invoice invoice = edited;
     // The lock comes before any other reading: what is read first fixes what this transaction sees.
-    if (invoice.num != 0) {
-        lockForChange(record, invoice.num, frame);
-        if (seen)
-            requireUnchanged(*seen, frame);
+    if (edited.num != 0) {
+        lockForChange(record, edited.num, frame);
+        if (opened)
+            invoice = mergedOnto(*opened, edited, frame);
+        requireSavable(invoice, frame);
         record.Edit();
     } else {
         record.AddNew();
@@ -172,6 +186,9 @@ InvoicePosting::Saved write(const Invoice &invoice, const Invoice *seen, const F
     fill(record, invoice, frame);
     record.Update(true);
     writeLines(invoice, record, frame);
+    // The lines may have changed where no column of the invoice did.
+    if (edited.num != 0)
+        KChangeLog::note(record.GetTableName(), record.m_iID, KChange::Kind::Changed, frame.database);
     writeDocument(record, documentOf(record, invoice.returned, person), frame);
     return {record.m_iID, record.m_iDocNum, record.m_iFiscalYear};
 }
@@ -182,13 +199,12 @@ Frame currentFrame(int database)
     return {database, setting->MoneyDecimals(), setting->FiscalYear(), setting->GetDepartmentID()};
 }
 
-// seen: nullptr when nobody looks at a stored state.
-InvoicePosting::Saved saveWhole(const Invoice &invoice, const Invoice *seen, int database)
+InvoicePosting::Saved saveWhole(const Invoice &edited, const OpenedRow *opened, int database)
 {
     const Frame frame = currentFrame(database);
-    requireSavable(invoice, frame);
+    requireSavable(edited, frame);
     InvoicePosting::Saved saved;
-    KTransaction::runReplayable([&] { saved = write(invoice, seen, frame); }, database);
+    KTransaction::runReplayable([&] { saved = write(edited, opened, frame); }, database);
     return saved;
 }
 
@@ -199,9 +215,9 @@ InvoicePosting::Saved InvoicePosting::save(const Invoice &invoice, int database)
     return saveWhole(invoice, nullptr, database);
 }
 
-InvoicePosting::Saved InvoicePosting::save(const Invoice &invoice, const Invoice &seen, int database)
+InvoicePosting::Saved InvoicePosting::save(const Invoice &edited, const OpenedRow &opened, int database)
 {
-    return saveWhole(invoice, &seen, database);
+    return saveWhole(edited, &opened, database);
 }
 
 void InvoicePosting::makeVoid(int num, int database)

@@ -5,6 +5,8 @@
 
 #include "suite/accounting/invoices/Invoice.h"
 
+class OpenedRow;
+
 // Saves invoices, each with its lines and its accounting document in one transaction.
 namespace InvoicePosting {
 
@@ -20,9 +22,10 @@ struct Saved
 // for a problem of the invoice, a date outside the fiscal year, a closed database, a person or service that is
 // gone, and when the invoice that is to be changed is gone, void, or of another fiscal year.
 Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, int database = 0);
-// For a user who has been editing the invoice: seen is what they began with. Also throws when the stored invoice no
-// longer matches it, because another user has changed it meanwhile.
-Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, const Invoice &seen, int database = 0);
+// For a user who has been editing the invoice: edited is what the window shows, opened what it began with, both as
+// InvoiceValues. What only one side changed is kept of both; the lines and figures count as one field. Also throws RowChanged
+// when both sides changed the same, and when the invoice is gone; num 0 saves a new one.
+Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &edited, const OpenedRow &opened, int database = 0);
 
 // Makes the invoice void: it keeps its number and lines, its document keeps its number, loses its rows and is void too.
 // Throws as save does for one that is gone, already void, or of another fiscal year.

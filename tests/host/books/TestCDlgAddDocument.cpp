@@ -9,6 +9,7 @@
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -36,6 +37,9 @@ private Q_SLOTS:
     void refusalOfTheBooksKeepsWhatWasTyped();
     void dateAfterTheFiscalYearIsRefusedOnItsField();
     void cancelSavesNothing();
+    void twoDesks_data() { TwoDesks::addCases(true); }
+    void twoDesks();
+    void conflictShowsTheRowsAsPeopleReadThem();
 
 private:
     static KLinesModel *rows(const CDlgAddDocument &window) { return window.rowsView()->linesModel(); }
@@ -268,6 +272,55 @@ void TestCDlgAddDocument::cancelSavesNothing()
     window.show();
     window.reject();
     QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"0"_s);
+}
+
+void TestCDlgAddDocument::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    const auto other = [](const std::function<void(ManualDocument &)> &change) {
+        ManualDocument theirs = ManualDocument::load(1, BooksOffice::year);
+        change(theirs);
+        theirs.save();
+    };
+    TwoDesks({
+                 .reset = [] { BooksOffice::document(300).save(); },
+                 .open = [] { return std::make_unique<CDlgAddDocument>(ManualDocument::load(1, BooksOffice::year)); },
+                 .enter =
+                     [](KDialog &window) {
+                         auto &dialog = static_cast<CDlgAddDocument &>(window);
+                         rows(dialog)->setData(rows(dialog)->index(0, Debit), 500.0);
+                         rows(dialog)->setData(rows(dialog)->index(1, Credit), 500.0);
+                     },
+                 .changeOther = [&] { other([](ManualDocument &document) { document.desc = u"قبض"_s; }); },
+                 .changeSame = [&] { other([](ManualDocument &document) { document.rows[0].description = u"برق"_s; }); },
+                 .remove = [] { ManualDocument::remove(1, BooksOffice::year); },
+                 .stored =
+                     [&] {
+                         return value("SELECT GROUP_CONCAT(CONCAT_WS('/',iNum,sDesc,(SELECT GROUP_CONCAT(CONCAT(dBed+dBes,sDesc) ORDER BY "
+                                      "Docs.iID) FROM Docs WHERE iDocNum=iNum))) FROM Documents");
+                     },
+                 .merged = u"1/قبض/500آب,500نقد"_s,
+                 .theirs = u"1/قبض دفتر/300برق,300نقد"_s,
+                 .mine = u"1/قبض دفتر/500آب,500نقد"_s,
+                 .renewed = u"1/قبض دفتر/500آب,500نقد"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgAddDocument::conflictShowsTheRowsAsPeopleReadThem()
+{
+    BooksOffice::document(300).save();
+    CDlgAddDocument window(ManualDocument::load(1, BooksOffice::year));
+    ManualDocument theirs = ManualDocument::load(1, BooksOffice::year);
+    theirs.rows[0].description = u"برق"_s;
+    theirs.save();
+    rows(window)->setData(rows(window)->index(0, Debit), 500.0);
+    rows(window)->setData(rows(window)->index(1, Credit), 500.0);
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::GoBack);
+    QVERIFY(!window.OnOK());
+    const QString shown = CDlgRowConflict::takeShown().join(u'\n');
+    QVERIFY2(shown.startsWith(u"ردیف‌ها: 620101001 آب آب بد 300 بس 0\n"_s), qPrintable(shown));
+    QVERIFY2(shown.contains(u"620101001 آب برق بد 300 بس 0\n"_s), qPrintable(shown));
 }
 
 static const RegisteredTest<TestCDlgAddDocument, QApplication> registeredCDlgAddDocument;

@@ -13,6 +13,7 @@
 #include "tests/host/books/BooksOffice.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -41,7 +42,10 @@ private Q_SLOTS:
     void refusalOfTheBooksKeepsWhatWasTyped();
     void dateAfterTheFiscalYearIsRefusedOnItsField();
     void changeIsSaved();
-    void changeOfAnotherUserIsTold();
+    void twoDesks_data() { TwoDesks::addCases(true); }
+    void twoDesks();
+    void conflictShowsTheLinesAsPeopleReadThem();
+    void invoiceThatWasMadeVoidMeanwhileIsRefusedWithWhoDidIt();
     void cancelSavesNothing();
     void returnedInvoiceIsMarked();
     void showOnlyTakesNothing();
@@ -301,7 +305,40 @@ void TestCDlgAddFactor::changeIsSaved()
     QCOMPARE(value("SELECT SUM(dBed) FROM Docs WHERE iHesabMoeenCode=110301"), u"1430"_s);
 }
 
-void TestCDlgAddFactor::changeOfAnotherUserIsTold()
+void TestCDlgAddFactor::twoDesks()
+{
+    QFETCH(TwoDesks::Case, what);
+    int num = 0;
+    const auto other = [&](const std::function<void(Invoice &)> &change) {
+        Invoice theirs = InvoicePosting::load(num);
+        change(theirs);
+        InvoicePosting::save(theirs);
+    };
+    TwoDesks({
+                 .reset = [&] { num = InvoicePosting::save(m_office.invoice()).num; },
+                 .open = [&] { return std::make_unique<CDlgAddFactor>(InvoicePosting::load(num), false); },
+                 .enter = [](KDialog &window) { enter(static_cast<CDlgAddFactor &>(window), 0, Count, 3.0); },
+                 .changeOther = [&] { other([](Invoice &invoice) { invoice.desc = u"نقدی"_s; }); },
+                 .changeSame = [&] { other([](Invoice &invoice) { invoice.lines[0].price = 500; }); },
+                 .remove =
+                     [&] {
+                         m_office.database.run(u"DELETE FROM Factors"_s);
+                         m_office.database.run(u"DELETE FROM FactorStuffs"_s);
+                     },
+                 .stored =
+                     [&] {
+                         return value("SELECT GROUP_CONCAT(CONCAT_WS('/',dAmount,dTax,iDocNum,sDesc,(SELECT SUM(dBed) FROM Docs "
+                                      "WHERE iDocNum=Factors.iDocNum))) FROM Factors");
+                     },
+                 .merged = u"1400/78/1/نقدی/1530"_s,
+                 .theirs = u"1200/54/1/1290"_s,
+                 .mine = u"1400/78/1/1530"_s,
+                 .renewed = u"1400/78/2/1530"_s,
+             })
+        .check(what);
+}
+
+void TestCDlgAddFactor::conflictShowsTheLinesAsPeopleReadThem()
 {
     const int num = InvoicePosting::save(m_office.invoice()).num;
     CDlgAddFactor window(InvoicePosting::load(num), false);
@@ -309,9 +346,25 @@ void TestCDlgAddFactor::changeOfAnotherUserIsTold()
     theirs.lines[0].price = 500;
     InvoicePosting::save(theirs);
     enter(window, 0, Count, 3.0);
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::GoBack);
     QVERIFY(!window.OnOK());
-    QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(u"فاکتور شماره 1 را کاربر دیگری"_s));
-    QCOMPARE(value("SELECT dAmount FROM Factors"), u"1200"_s);
+    const QString shown = CDlgRowConflict::takeShown().join(u'\n');
+    QVERIFY2(shown.contains(u"ردیف‌ها: کارشناسی خودرو : 2 × 400\nکرایه: 1 × 200 | "_s), qPrintable(shown));
+    QVERIFY2(shown.contains(u" 2 × 500\n"_s) && shown.contains(u" 3 × 400\n"_s), qPrintable(shown));
+    QCOMPARE(window.invoice().lines.at(0).count, 3.0);
+}
+
+void TestCDlgAddFactor::invoiceThatWasMadeVoidMeanwhileIsRefusedWithWhoDidIt()
+{
+    const int num = InvoicePosting::save(m_office.invoice()).num;
+    CDlgAddFactor window(InvoicePosting::load(num), false);
+    enter(window, 0, Count, 3.0);
+    InvoicePosting::makeVoid(num);
+    QVERIFY(!window.OnOK());
+    const QStringList told = g_pDlgWarning->takeShown();
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.constFirst().contains(u"باطل شده است"_s) && told.constFirst().contains(u"«admin»"_s), qPrintable(told.constFirst()));
+    QCOMPARE(value("SELECT COUNT(*) FROM Docs"), u"0"_s);
     QCOMPARE(window.invoice().lines.at(0).count, 3.0);
 }
 

@@ -264,7 +264,7 @@ void TestCDlgFactors::voidOneIsNeitherEditedNorVoidedAgain()
     page.list()->selectKey(3);
     for (const QString &command : {u"edit"_s, u"void"_s}) {
         page.runCommand(command);
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"فاکتور شماره 3 باطل شده است و تغییر نمی‌کند."_s});
+        QVERIFY(g_pDlgWarning->takeShown().value(0).startsWith(u"فاکتور شماره 3 باطل شده است و تغییر نمی‌کند."_s));
     }
     QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
 }
