@@ -65,10 +65,12 @@ bool CDlgAddCar::OnOK()
     if (m_checkDuplicates && CatalogEntries::isNameTaken(m_key, typed, m_parentKey))
         return refuse(QString());
     m_name->setText(name);
-    if (!m_save || KErrorBoundary::guarded(this, [&] { m_save(name); }))
-        return true;
-    m_name->setFocus();
-    return false;
+    bool saved = !m_save;
+    if (m_save)
+        KErrorBoundary::guarded(this, [&] { saved = m_save(name); });
+    if (!saved)
+        m_name->setFocus();
+    return saved;
 }
 
 bool CDlgAddCar::refuse(const QString &message)

@@ -22,8 +22,9 @@ public:
     void setParentKey(int key) { m_parentKey = key; }
     // Off unless set. The check looks among the models, and at the parent as CatalogFilter::sameName says.
     void setCheckDuplicates(bool on) { m_checkDuplicates = on; }
-    // What OK does with the name. An error that it throws is shown, and the window stays open with what was typed.
-    void setSave(std::function<void(const QString &name)> save) { m_save = std::move(save); }
+    // What OK does with the name: false, or an error that it throws and that is shown here, keeps the window open with what was
+    // typed.
+    void setSave(std::function<bool(const QString &name)> save) { m_save = std::move(save); }
 
     // Trimmed and in standard letters after OK.
     QString name() const;
@@ -40,6 +41,6 @@ private:
     int m_key = 0; // of the entry that is edited
     int m_parentKey = 0;
     bool m_checkDuplicates = false;
-    std::function<void(const QString &)> m_save;
+    std::function<bool(const QString &)> m_save;
     KEdit *m_name;
 };

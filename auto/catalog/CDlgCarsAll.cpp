@@ -6,6 +6,8 @@
 #include "auto/catalog/CDlgAddCar.h"
 #include "auto/catalog/CatalogImportDialogs.h"
 #include "auto/catalog/CatalogPanel.h"
+#include "suite/accounting/changes/AddedSince.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -59,6 +61,25 @@ CatalogLevel levelAbove(CatalogLevel level)
 bool isParentThere(CatalogLevel level, int parent)
 {
     return level == CatalogLevel::Brand || CatalogEntries::name(levelAbove(level), parent).has_value();
+}
+
+// The same inside the unit of work that adds an entry below it: until its end nobody deletes the parent.
+void requireParent(CatalogLevel level, int parent)
+{
+    if (level == CatalogLevel::Brand)
+        return;
+    const std::unique_ptr<KMySQL> above = CatalogEntries::records(levelAbove(level));
+    if (!above->lockRecord(parent))
+        throw KAccountingError(u"%1 ردیف بالاتر را در این میان حذف کرده است. چیزی ذخیره نشد."_s
+                                   .arg(RowChanged::lastChange(above->GetTableName(), parent)));
+}
+
+bool saveEntry(CDlgAddCar *editor, RowEdit &edit, const QString &name, const RowEdit::Settle &settle)
+{
+    edit.lockAs(CatalogEntries::lockName());
+    return RowQuestions::save(
+               editor, edit, {}, [&] { edit.record().setValue(u"sName", name); }, settle)
+        == RowQuestions::Outcome::Saved;
 }
 
 QString usedText(CatalogLevel level)
@@ -304,22 +325,32 @@ void CDlgCarsAll::addEntry(CatalogLevel level)
 {
     if (!hasParent(level) || !CheckWriteSecurity() || isChangeBlocked())
         return;
-    int added = 0;
+    const int parent = parentKey(level);
+    const std::unique_ptr<KMySQL> entry = CatalogEntries::records(level);
+    RowEdit edit(*entry);
+    const AddedSince added(entry->GetTableName());
+    bool parentGone = false;
     CDlgAddCar editor(panel(level)->heading(), this);
-    editor.setParentKey(parentKey(level));
+    editor.setParentKey(parent);
     editor.setSave([&](const QString &name) {
-        if (isParentThere(level, parentKey(level)))
-            added = CatalogEntries::add(level, parentKey(level), name, GetDBSetting()->GetUserID());
+        parentGone = !isParentThere(level, parent);
+        return parentGone || saveEntry(&editor, edit, name, [&] {
+                   requireParent(level, parent);
+                   CatalogEntries::fillNew(*entry, level, parent, GetDBSetting()->GetUserID(), GetDBSetting()->GetDBServerDate());
+                   const QString who = added.by(CatalogEntries::sameNameBelow(level, parent, name));
+                   if (!who.isEmpty() && level != CatalogLevel::Brand)
+                       edit.doubt(u"%1 «%2» را در این میان ثبت کرده است. آیا با این حال ذخیره شود؟"_s.arg(who, name), {});
+               });
     });
     if (editor.exec() != Accepted)
         return;
-    if (added == 0) {
+    if (parentGone) {
         refill(levelAbove(level));
         return;
     }
     if (level == CatalogLevel::Class)
         m_changed = true;
-    selectNew(level, added);
+    selectNew(level, edit.key());
 }
 
 void CDlgCarsAll::editEntry(CatalogLevel level)
@@ -327,20 +358,23 @@ void CDlgCarsAll::editEntry(CatalogLevel level)
     const int key = selectedKey(level);
     if (key == 0 || !CheckModifySecurity() || isChangeBlocked())
         return;
-    const std::optional<QString> name = CatalogEntries::name(level, key);
-    if (!name)
+    const std::unique_ptr<KMySQL> entry = CatalogEntries::records(level);
+    if (!entry->IsRecordExist(u"iID"_s, key))
         return;
+    RowEdit edit(*entry, key);
+    edit.remember([] {});
     CDlgAddCar editor(panel(level)->heading(), this);
-    editor.setEdited(key, *name);
-    editor.setSave([&](const QString &typed) { CatalogEntries::rename(level, key, typed); });
+    editor.setEdited(key, entry->value(u"sName").toString());
+    editor.setSave([&](const QString &typed) { return saveEntry(&editor, edit, typed, [] {}); });
     if (editor.exec() != Accepted)
         return;
     const int model = selectedKey(CatalogLevel::Model);
     const int carClass = selectedKey(CatalogLevel::Class);
-    selectNew(level, key);
+    // Another key than before where the entry was gone and is a new one now.
+    selectNew(level, edit.key());
     // The lists below still belong to the same entry.
     if (level == CatalogLevel::Brand)
-        selectPath(key, model, carClass);
+        selectPath(edit.key(), model, carClass);
     else if (level == CatalogLevel::Model)
         panel(CatalogLevel::Class)->list()->selectKey(carClass);
 }

@@ -19,17 +19,11 @@ namespace {
 
 const QString keyColumn = u"iID"_s;
 
-std::unique_ptr<KMySQL> makeRecords(CatalogLevel level)
+// The columns do not say so, but these are the parents of the tree.
+QString parentColumn(CatalogLevel level)
 {
-    switch (level) {
-    case CatalogLevel::Brand:
-        return std::make_unique<CTblCarBrands>();
-    case CatalogLevel::Model:
-        return std::make_unique<CTblCarModels>();
-    case CatalogLevel::Class:
-        return std::make_unique<CTblCarClasses>();
-    }
-    Q_UNREACHABLE();
+    return level == CatalogLevel::Model ? u"iClassID"_s : level == CatalogLevel::Class ? u"iBrandID"_s
+                                                                                       : QString();
 }
 
 KSql usesOf(CatalogLevel level, int key)
@@ -47,56 +41,67 @@ KSql usesOf(CatalogLevel level, int key)
 
 }
 
+std::unique_ptr<KMySQL> CatalogEntries::records(CatalogLevel level)
+{
+    switch (level) {
+    case CatalogLevel::Brand:
+        return std::make_unique<CTblCarBrands>();
+    case CatalogLevel::Model:
+        return std::make_unique<CTblCarModels>();
+    case CatalogLevel::Class:
+        return std::make_unique<CTblCarClasses>();
+    }
+    Q_UNREACHABLE();
+}
+
 QVector<CatalogEntries::Entry> CatalogEntries::list(CatalogLevel level, int parent, const QString &namePart)
 {
-    const std::unique_ptr<KMySQL> records = makeRecords(level);
-    records->m_filter = CatalogFilter::entries(level, parent, namePart);
-    records->m_sort = "sName";
-    records->SetColumns({u"sName"_s});
+    const std::unique_ptr<KMySQL> set = records(level);
+    set->m_filter = CatalogFilter::entries(level, parent, namePart);
+    set->m_sort = "sName";
+    set->SetColumns({u"sName"_s});
     QVector<Entry> entries;
-    for (records->Open(true, true, true); !records->IsEOF(); records->MoveNext())
-        entries.append({records->value(keyColumn).toInt(), records->value(u"sName").toString()});
+    for (set->Open(true, true, true); !set->IsEOF(); set->MoveNext())
+        entries.append({set->value(keyColumn).toInt(), set->value(u"sName").toString()});
     return entries;
 }
 
-int CatalogEntries::add(CatalogLevel level, int parent, const QString &name, int userID)
+QString CatalogEntries::lockName()
 {
-    return add(level, parent, name, userID, GetDBSetting()->GetDBServerDate());
+    return u"CarCatalog"_s;
+}
+
+void CatalogEntries::fillNew(KMySQL &entry, CatalogLevel level, int parent, int userID, const QDateTime &created)
+{
+    entry.setValue(u"iUserID", userID);
+    entry.setValue(u"dateCreate", created);
+    if (const QString column = parentColumn(level); !column.isEmpty())
+        entry.setValue(column, parent);
+}
+
+KSql CatalogEntries::sameNameBelow(CatalogLevel level, int parent, const QString &name)
+{
+    const KSql same = "sName=" + KSql::quoted(name);
+    const QString column = parentColumn(level);
+    return column.isEmpty() ? same : same + KSql::formatted(" AND %1=%2", KSql::name(column), parent);
 }
 
 int CatalogEntries::add(CatalogLevel level, int parent, const QString &name, int userID, const QDateTime &created)
 {
-    const std::unique_ptr<KMySQL> record = makeRecords(level);
-    record->Open(true, false, true);
+    const std::unique_ptr<KMySQL> record = records(level);
     record->AddNew();
     record->setValue(u"sName", name);
-    record->setValue(u"iUserID", userID);
-    record->setValue(u"dateCreate", created);
-    // The columns do not say so, but these are the parents of the tree.
-    if (level == CatalogLevel::Model)
-        record->setValue(u"iClassID", parent);
-    else if (level == CatalogLevel::Class)
-        record->setValue(u"iBrandID", parent);
+    fillNew(*record, level, parent, userID, created);
     record->Update(true);
     return static_cast<int>(record->GetLastInsertedID());
 }
 
 std::optional<QString> CatalogEntries::name(CatalogLevel level, int key)
 {
-    const std::unique_ptr<KMySQL> record = makeRecords(level);
+    const std::unique_ptr<KMySQL> record = records(level);
     if (!record->IsRecordExist(keyColumn, key))
         return {};
     return record->value(u"sName").toString();
-}
-
-bool CatalogEntries::rename(CatalogLevel level, int key, const QString &name)
-{
-    const std::unique_ptr<KMySQL> record = makeRecords(level);
-    if (!record->IsRecordExist(keyColumn, key))
-        return false;
-    record->Edit();
-    record->setValue(u"sName", name);
-    return record->Update(true);
 }
 
 bool CatalogEntries::isUsed(CatalogLevel level, int key)
@@ -109,7 +114,7 @@ bool CatalogEntries::isUsed(CatalogLevel level, int key)
 
 std::unique_ptr<KMySQL> CatalogEntries::record(CatalogLevel level, int key)
 {
-    std::unique_ptr<KMySQL> record = makeRecords(level);
+    std::unique_ptr<KMySQL> record = records(level);
     if (!record->IsRecordExist(keyColumn, key))
         return nullptr;
     return record;

@@ -13,6 +13,7 @@
 #include <optional>
 
 class KMySQL;
+class KSql;
 
 // Reads and writes the entries of the car catalog, level by level. Errors are CMySQLExceptions.
 namespace CatalogEntries {
@@ -26,14 +27,20 @@ struct Entry
 // Sorted by name; see CatalogFilter::entries for parent and namePart.
 QVector<Entry> list(CatalogLevel level, int parent, const QString &namePart);
 
-// Returns the new key. A brand whose name already exists is refused: CMySQLException::Category::DuplicateKey.
-int add(CatalogLevel level, int parent, const QString &name, int userID);
-// The same for one of many entries: created is the server's date and time, asked once for all of them.
+// A record of the level's table.
+std::unique_ptr<KMySQL> records(CatalogLevel level);
+// The name of the lock under which entries are added and renamed (NamedLock).
+QString lockName();
+// Sets what a new entry holds besides its name; created: the server's date and time.
+void fillNew(KMySQL &entry, CatalogLevel level, int parent, int userID, const QDateTime &created);
+// The entries of that name below the parent, as a condition.
+KSql sameNameBelow(CatalogLevel level, int parent, const QString &name);
+
+// Returns the new key; created is the server's date and time. A brand whose name already exists is refused:
+// CMySQLException::Category::DuplicateKey.
 int add(CatalogLevel level, int parent, const QString &name, int userID, const QDateTime &created);
 // Nothing when the entry is gone.
 std::optional<QString> name(CatalogLevel level, int key);
-// False when the entry is gone.
-bool rename(CatalogLevel level, int key, const QString &name);
 
 // Whether any car record refers to the entry.
 bool isUsed(CatalogLevel level, int key);

@@ -8,6 +8,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/NamedLock.h"
 #include "suite/db/KTransaction.h"
 
 using namespace Qt::StringLiterals;
@@ -55,6 +56,8 @@ CatalogImport::Plan CatalogImporter::add(const QVector<CatalogImport::Entry> &en
 {
     CatalogImport::Plan plan;
     KTransaction::runReplayable([&] {
+        // What two desks import at once is there once.
+        NamedLock::take(CatalogEntries::lockName());
         plan = CatalogImport::plan(entries, known());
         if (plan.isEmpty())
             return;

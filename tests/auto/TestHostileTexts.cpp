@@ -20,6 +20,7 @@
 #include "suite/utility/values/TextStandard.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/HostileTexts.h"
+#include "tests/support/AddItem.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
@@ -177,13 +178,13 @@ private Q_SLOTS:
         QVERIFY(!CatalogEntries::isNameTaken(0, text, 0));
         m_database.run(u"DELETE FROM Items"_s);
         QVERIFY(!InputParameterValues::isNameTaken(text, 0));
-        InputParameterValues::add(CTblItems::typeColor, text);
+        addItem(CTblItems::typeColor, text);
         QVERIFY(InputParameterValues::isNameTaken(text, 0));
     }
 
     void parameterInAnotherWayOfWritingIsTaken()
     {
-        const int key = InputParameterValues::add(CTblItems::typeColor, waysOfWriting.front());
+        const int key = addItem(CTblItems::typeColor, waysOfWriting.front());
         for (const QString &way : waysOfWriting) {
             QVERIFY(InputParameterValues::isNameTaken(way, 0));
             QVERIFY(!InputParameterValues::isNameTaken(way, key));

@@ -4,6 +4,8 @@
 #include "auto/catalog/parameters/CDlgAddInputParameter.h"
 
 #include "auto/catalog/parameters/InputParameterValues.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -26,7 +28,7 @@ constexpr int longestName = 50;
 CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QString &name, const QString &caption,
                                              QWidget *parent)
     : KDialog(parent)
-    , m_itemID(itemID)
+    , m_edit(m_item, itemID)
     , m_itemType(itemType)
     , m_name(new KEdit(this))
 {
@@ -36,6 +38,8 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_name->setText(name);
     m_name->selectAll();
+    if (itemID != 0 && m_item.IsRecordExist(u"iID"_s, itemID))
+        m_edit.remember([this] { write(); });
 
     auto *line = new QHBoxLayout;
     addLabelled(line, u"نام :"_s, m_name, 1);
@@ -73,11 +77,20 @@ bool CDlgAddInputParameter::save()
 {
     GetDBSetting()->RequireOpenDB();
     InputParameterValues::requireStorable(name());
-    if (InputParameterValues::isNameTaken(name(), m_itemID))
-        return refuse(u"این نام قبلا ثبت شده است."_s);
-    if (m_itemID == 0)
-        m_itemID = InputParameterValues::add(m_itemType, name());
-    else
-        InputParameterValues::rename(m_itemID, name());
-    return true;
+    const RowQuestions::Texts texts{.goTo = [this](const QString &) { m_name->setFocus(); }};
+    return RowQuestions::save(
+               this, m_edit, texts, [this] { write(); }, [this] { settle(); })
+        == RowQuestions::Outcome::Saved;
+}
+
+void CDlgAddInputParameter::write()
+{
+    m_item.m_sName = name();
+    m_item.m_iType = m_itemType;
+}
+
+void CDlgAddInputParameter::settle()
+{
+    if (InputParameterValues::isNameTaken(m_item.m_sName, m_edit.key()))
+        throw FieldRefused(u"این نام قبلا ثبت شده است."_s, u"sName"_s);
 }

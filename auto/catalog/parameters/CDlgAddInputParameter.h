@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/changes/RowEdit.h"
+#include "suite/accounting/office/CTblItems.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KEdit;
@@ -17,19 +19,21 @@ public:
     CDlgAddInputParameter(int itemID, int itemType, const QString &name, const QString &caption, QWidget *parent = nullptr);
 
     // Key of the value; of a new one from its saving on.
-    int itemID() const { return m_itemID; }
+    int itemID() const { return m_edit.key(); }
     int itemType() const { return m_itemType; }
     QString name() const;
 
-    // Saves. Refused: an empty name, one that another item has, a closed database. A value that is gone is not saved.
+    // Saves. Refused: an empty name, one that another item has, a closed database.
     bool OnOK() override;
 
 private:
     bool refuse(const QString &message);
-    // False when the name is taken, which was told.
     bool save();
+    void write();
+    void settle();
 
-    int m_itemID;
+    CTblItems m_item;
+    RowEdit m_edit;
     int m_itemType;
     KEdit *m_name;
 };

@@ -36,26 +36,4 @@ void requireStorable(const QString &name)
     item.requireFits(u"sName");
 }
 
-int add(int itemType, const QString &name)
-{
-    CTblItems item;
-    item.Open(false, false, true);
-    item.AddNew();
-    item.m_iType = itemType;
-    item.m_sName = name;
-    item.Update(true);
-    return static_cast<int>(item.GetLastInsertedID());
-}
-
-bool rename(int id, const QString &name)
-{
-    CTblItems item;
-    if (!item.IsRecordExist(u"iID"_s, id))
-        return false;
-    item.Edit();
-    item.m_sName = name;
-    item.Update(true);
-    return true;
-}
-
 }

@@ -15,9 +15,4 @@ bool isNameTaken(const QString &name, int exceptID);
 // Throws CMySQLException (BadCharacter, ValueTooLong) for a name that the table does not hold.
 void requireStorable(const QString &name);
 
-// Adds a value of that item type; its key.
-int add(int itemType, const QString &name);
-// False when the value is gone.
-bool rename(int id, const QString &name);
-
 }

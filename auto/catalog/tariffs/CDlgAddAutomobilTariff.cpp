@@ -4,6 +4,8 @@
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 
 #include "auto/catalog/tariffs/TariffTexts.h"
+#include "suite/accounting/changes/RowQuestions.h"
+#include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -42,8 +44,9 @@ QList<KFormField> fields()
 
 CDlgAddAutomobilTariff::CDlgAddAutomobilTariff(int tariffID, bool editMode, bool viewMode, QWidget *parent)
     : KDialog(parent)
-    , m_tariffID(tariffID)
     , m_viewMode(viewMode)
+    , m_edit(m_record, tariffID)
+    , m_added(m_record.GetTableName())
 {
     setWindowTitle(u"هزينه هاي تعرفه هاي محضر"_s
                    + (editMode ? u" - ویرایش"_s : u" - جدید"_s));
@@ -84,11 +87,12 @@ void CDlgAddAutomobilTariff::build()
 
 void CDlgAddAutomobilTariff::load()
 {
-    if (!m_record.IsRecordExist(keyColumn, m_tariffID))
+    if (!m_record.IsRecordExist(keyColumn, m_edit.key()))
         return;
     m_form->load(m_record);
     m_active->setChecked(m_record.m_iStatus == statusActive);
     m_created->setDateTime(m_record.m_dateCreate);
+    m_edit.remember([this] { write(); });
 }
 
 bool CDlgAddAutomobilTariff::isEntryGood()
@@ -110,27 +114,32 @@ bool CDlgAddAutomobilTariff::OnOK()
     if (!isEntryGood())
         return false;
     GetDBSetting()->RequireOpenDB();
-    CTblAutomobilTariffs tariff;
-    if (m_tariffID != 0 && !tariff.IsRecordExist(keyColumn, m_tariffID)) {
+    switch (RowQuestions::save(
+        this, m_edit, RowQuestions::textsOf(*m_form), [this] { write(); }, [this] { settle(); })) {
+    case RowQuestions::Outcome::Saved:
+        return true;
+    case RowQuestions::Outcome::Gone:
         cancel();
-        return false;
+        break;
+    case RowQuestions::Outcome::Back:
+        break;
     }
-    save(tariff);
-    return true;
+    return false;
 }
 
-void CDlgAddAutomobilTariff::save(CTblAutomobilTariffs &tariff)
+void CDlgAddAutomobilTariff::write()
 {
-    if (m_tariffID == 0) {
-        tariff.Open(false, false, true);
-        tariff.AddNew();
-        tariff.m_dateCreate = GetDBSetting()->GetDBServerDate();
-    } else {
-        tariff.Edit();
-    }
-    m_form->store(tariff);
-    tariff.m_iStatus = m_active->isChecked() ? statusActive : statusInactive;
-    tariff.Update(true);
-    if (m_tariffID == 0)
-        m_tariffID = static_cast<int>(tariff.GetLastInsertedID());
+    m_form->store(m_record);
+    m_record.m_iStatus = m_active->isChecked() ? statusActive : statusInactive;
+}
+
+void CDlgAddAutomobilTariff::settle()
+{
+    if (!m_edit.isNew())
+        return;
+    if (!m_record.m_dateCreate.isValid())
+        m_record.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    const QString who = m_added.by(FilterClauses::isSame("sTitle", m_record.m_sTitle));
+    if (!who.isEmpty())
+        m_edit.doubt(u"%1 تعرفه «%2» را در این میان ثبت کرده است. آیا با این حال ذخیره شود؟"_s.arg(who, m_record.m_sTitle), titleColumn);
 }

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "auto/db/CTblAutomobilTariffs.h"
+#include "suite/accounting/changes/AddedSince.h"
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KDateEdit;
@@ -21,21 +23,23 @@ public:
     ~CDlgAddAutomobilTariff() override;
 
     // Key of the tariff; of a new one from its saving on.
-    int tariffID() const { return m_tariffID; }
+    int tariffID() const { return m_edit.key(); }
 
-    // Saves. A tariff that somebody else has deleted cancels the window; an entry that cannot be stored, or a closed
-    // database, keeps it open.
+    // Saves. A tariff that somebody else has deleted cancels the window unless the user wants it as a new one; an entry that cannot
+    // be stored, or a closed database, keeps it open.
     bool OnOK() override;
 
 private:
     void build();
     void load();
     bool isEntryGood();
-    void save(CTblAutomobilTariffs &tariff);
+    void write();
+    void settle();
 
-    int m_tariffID;
     bool m_viewMode;
     CTblAutomobilTariffs m_record;
+    RowEdit m_edit;
+    AddedSince m_added;
     KForm *m_form = nullptr;
     QCheckBox *m_active = nullptr;
     KDateEdit *m_created = nullptr;

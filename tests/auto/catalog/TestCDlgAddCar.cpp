@@ -71,12 +71,14 @@ private Q_SLOTS:
         QFETCH(QString, heading);
         QFETCH(QString, name);
         CDlgAddCar dialog(heading);
-        dialog.setSave([](const QString &) { QFAIL("there was nothing to save"); });
+        bool asked = false;
+        dialog.setSave([&asked](const QString &) { return asked = true; });
         dialog.show();
         nameOf(dialog)->setText(name);
         dialog.findChild<QPushButton *>()->setFocus();
         dialog.accept();
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{emptyText});
+        QVERIFY(!asked);
         QVERIFY(dialog.isVisible());
         QCOMPARE(dialog.focusWidget(), nameOf(dialog));
         QCOMPARE(nameOf(dialog)->text(), name);
@@ -86,7 +88,10 @@ private Q_SLOTS:
     {
         CDlgAddCar dialog(heading);
         QString saved;
-        dialog.setSave([&saved](const QString &name) { saved = name; });
+        dialog.setSave([&saved](const QString &name) {
+            saved = name;
+            return true;
+        });
         nameOf(dialog)->setText(u"  كيا  ۲۰۶ "_s);
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
@@ -147,7 +152,7 @@ private Q_SLOTS:
     void aRefusedSaveIsToldAndKeepsWhatWasTyped()
     {
         CDlgAddCar dialog(heading);
-        dialog.setSave([](const QString &) {
+        dialog.setSave([](const QString &) -> bool {
             throw CMySQLException(CMySQLException::Category::DuplicateKey, 1062, u"Duplicate entry"_s);
         });
         dialog.show();

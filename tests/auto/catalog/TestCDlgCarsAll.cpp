@@ -4,6 +4,7 @@
 #include "auto/catalog/CDlgCarsAll.h"
 
 #include "auto/catalog/CDlgAddCar.h"
+#include "suite/accounting/changes/CDlgRowConflict.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -465,6 +466,66 @@ private Q_SLOTS:
         dialog.panel(brandLevel)->editButton()->click();
         QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
         QCOMPARE(names(dialog, brandLevel), (QStringList{u"Kia"_s, u"Peugeot"_s}));
+    }
+
+    void aRenameOfTwoDesksIsAskedAbout_data()
+    {
+        QTest::addColumn<QString>("theirs");
+        QTest::addColumn<int>("answer"); // below 0: nothing is asked
+        QTest::addColumn<QString>("stored");
+        constexpr int none = -1;
+        constexpr int takeTheirs = static_cast<int>(CDlgRowConflict::Answer::TakeTheirs);
+        constexpr int takeMine = static_cast<int>(CDlgRowConflict::Answer::TakeMine);
+        QTest::newRow("merged") << u"UPDATE CarModels SET iYearFrom=1390"_s << none << u"mine/1390"_s;
+        QTest::newRow("theirs") << u"UPDATE CarModels SET sName='theirs'"_s << takeTheirs << u"theirs/0"_s;
+        QTest::newRow("mine") << u"UPDATE CarModels SET sName='theirs'"_s << takeMine << u"mine/0"_s;
+        QTest::newRow("gone: saved as a new one") << u"DELETE FROM CarModels"_s << none << u"mine/0"_s;
+    }
+
+    void aRenameOfTwoDesksIsAskedAbout()
+    {
+        QFETCH(QString, theirs);
+        QFETCH(int, answer);
+        m_office->database().run(u"DELETE FROM CarModels WHERE iID<>%1"_s.arg(m_model206));
+        CDlgCarsAll dialog;
+        show(dialog);
+        dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
+        dialog.panel(modelLevel)->list()->selectKey(m_model206);
+        TestOffice::whenModal("CDlgAddCar", [&](QWidget *window) {
+            auto *editor = static_cast<CDlgAddCar *>(window);
+            editor->findChild<KEdit *>()->setText(u"mine"_s);
+            m_office->database().run(theirs);
+            if (answer >= 0)
+                CDlgRowConflict::answerNext(static_cast<CDlgRowConflict::Answer>(answer));
+            editor->accept();
+            editor->accept();
+        });
+        dialog.panel(modelLevel)->editButton()->click();
+        QCOMPARE(CDlgRowConflict::takeShown().size(), answer >= 0 ? 1 : 0);
+        QTEST(value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',sName,IFNULL(iYearFrom,0))) FROM CarModels"_s), "stored");
+        QCOMPARE(value(u"SELECT iClassID FROM CarModels"_s), QString::number(m_peugeot));
+        QCOMPARE(selected(dialog, modelLevel), value(u"SELECT iID FROM CarModels"_s).toInt());
+    }
+
+    void aNameThatAnotherDeskAddsMeanwhileIsAskedAbout()
+    {
+        CDlgCarsAll dialog;
+        show(dialog);
+        dialog.panel(brandLevel)->list()->selectKey(m_peugeot);
+        const int models = dialog.panel(modelLevel)->list()->count();
+        TestOffice::whenModal("CDlgAddCar", [&](QWidget *window) {
+            auto *editor = static_cast<CDlgAddCar *>(window);
+            editor->findChild<KEdit *>()->setText(u"405"_s);
+            m_office->addModel(m_peugeot, u"405"_s);
+            g_pDlgYesNo->answerNext(KMessageDialog::No);
+            editor->accept();
+            QVERIFY(editor->isVisible());
+            editor->reject();
+        });
+        dialog.panel(modelLevel)->addButton()->click();
+        const QStringList asked = g_pDlgYesNo->takeShown();
+        QVERIFY2(asked.size() >= 1 && asked.constFirst().contains(u"«405» را در این میان ثبت کرده است"_s), qPrintable(asked.join(u'\n')));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM CarModels WHERE iClassID=%1"_s.arg(m_peugeot)).toInt(), models + 1);
     }
 
     void anEntryThatHasVanishedIsNeitherEditedNorDeleted()

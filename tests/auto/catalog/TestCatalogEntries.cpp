@@ -27,6 +27,11 @@ QStringList names(const QVector<CatalogEntries::Entry> &entries)
     return names;
 }
 
+QDateTime now()
+{
+    return GetDBSetting()->GetDBServerDate();
+}
+
 }
 
 class TestCatalogEntries : public QObject
@@ -60,9 +65,9 @@ private Q_SLOTS:
 
     void whatIsAddedHoldsNameUserTimeAndParent()
     {
-        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 7);
-        const int model = CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 8);
-        const int carClass = CatalogEntries::add(CatalogLevel::Class, model, u"تیپ 5"_s, 9);
+        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 7, now());
+        const int model = CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 8, now());
+        const int carClass = CatalogEntries::add(CatalogLevel::Class, model, u"تیپ 5"_s, 9, now());
         CTblCarBrands brands;
         QVERIFY(brands.IsRecordExist(u"iID"_s, brand));
         QCOMPARE(brands.m_sName, u"پژو"_s);
@@ -85,7 +90,7 @@ private Q_SLOTS:
     {
         m_office->addBrand(u"پژو"_s);
         try {
-            CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 1);
+            CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 1, now());
             QFAIL("the unique index let it in");
         } catch (const CMySQLException &error) {
             QCOMPARE(error.category(), CMySQLException::Category::DuplicateKey);
@@ -96,18 +101,16 @@ private Q_SLOTS:
     void modelsAndClassesMayShareAName()
     {
         const int brand = m_office->addBrand(u"پژو"_s);
-        const int model = CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 1);
-        QVERIFY(CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 1) > model);
+        const int model = CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 1, now());
+        QVERIFY(CatalogEntries::add(CatalogLevel::Model, brand, u"206"_s, 1, now()) > model);
     }
 
-    void renameChangesTheNameAlone()
+    void nameOfAnEntryThatIsNotThereIsNone()
     {
-        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, u"پژ"_s, 7);
-        QVERIFY(CatalogEntries::rename(CatalogLevel::Brand, brand, u"پژو"_s));
+        const int brand = CatalogEntries::add(CatalogLevel::Brand, 0, u"پژو"_s, 7, now());
         QCOMPARE(CatalogEntries::name(CatalogLevel::Brand, brand), u"پژو"_s);
-        QCOMPARE(value(u"SELECT iUserID FROM CarBrands"_s), u"7"_s);
-        QVERIFY(!CatalogEntries::rename(CatalogLevel::Brand, brand + 1, u"x"_s));
         QVERIFY(!CatalogEntries::name(CatalogLevel::Model, brand));
+        QVERIFY(!CatalogEntries::name(CatalogLevel::Brand, brand + 1));
     }
 
     void inUseIsAskedToTheLetter_data()

@@ -15,7 +15,9 @@
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
+#include "tests/support/AddItem.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -81,7 +83,7 @@ class TestCDlgInputParameters : public QObject
     QString nameOf(int key) { return value(u"SELECT sName FROM Items WHERE iID=%1"_s.arg(key)); }
     QString count() { return value(u"SELECT COUNT(*) FROM Items"_s); }
 
-    static int add(int option, const QString &name) { return InputParameterValues::add(Parameters::itemType(option), name); }
+    static int add(int option, const QString &name) { return addItem(Parameters::itemType(option), name); }
 
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
@@ -306,14 +308,46 @@ private Q_SLOTS:
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
     }
 
-    void aValueThatVanishesWhileItIsEditedIsNotWrittenAgain()
+    void twoDesks_data() { TwoDesks::addCases(true); }
+
+    void twoDesks()
     {
-        const int key = add(0, u"a"_s);
-        CDlgAddInputParameter editor(key, CTblItems::typeCylinderCount, u"a"_s, QString());
-        m_office->database().run(u"DELETE FROM Items"_s);
-        nameEdit(editor)->setText(u"b"_s);
-        editor.accept();
-        QCOMPARE(count(), u"0"_s);
+        QFETCH(TwoDesks::Case, what);
+        int key = 0;
+        const auto run = [this](const QString &statement) { m_office->database().run(statement); };
+        TwoDesks({
+                     .reset =
+                         [&] {
+                             run(u"DELETE FROM Items"_s);
+                             key = add(0, u"a"_s);
+                         },
+                     .open = [&] { return std::make_unique<CDlgAddInputParameter>(key, CTblItems::typeCylinderCount, u"a"_s, QString()); },
+                     .enter = [](KDialog &window) { nameEdit(window)->setText(u"mine"_s); },
+                     .changeOther = [&] { run(u"UPDATE Items SET sTitle='title'"_s); },
+                     .changeSame = [&] { run(u"UPDATE Items SET sName='theirs'"_s); },
+                     .remove = [&] { run(u"DELETE FROM Items"_s); },
+                     .stored = [&] { return value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',iType,sName,sTitle)) FROM Items"_s); },
+                     .merged = u"817/mine/title"_s,
+                     .theirs = u"817/theirs"_s,
+                     .mine = u"817/mine"_s,
+                     .renewed = u"817/mine"_s,
+                 })
+            .check(what);
+    }
+
+    void ofTwoDesksWithOneNewNameOneIsTold()
+    {
+        CDlgAddInputParameter first(0, CTblItems::typeColor, QString(), u"رنگ"_s);
+        CDlgAddInputParameter second(0, CTblItems::typeColor, QString(), u"رنگ"_s);
+        for (CDlgAddInputParameter *editor : {&first, &second}) {
+            editor->show();
+            nameEdit(*editor)->setText(u"نقره‌ای"_s);
+            editor->accept();
+        }
+        QVERIFY(!first.isVisible());
+        QVERIFY(second.isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این نام قبلا ثبت شده است."_s});
+        QCOMPARE(count(), u"1"_s);
     }
 
     // --- The name ---
@@ -385,7 +419,7 @@ private Q_SLOTS:
         QFETCH(int, type);
         QFETCH(QString, typed);
         QFETCH(bool, refused);
-        InputParameterValues::add(type, stored);
+        addItem(type, stored);
         CDlgAddInputParameter editor(0, CTblItems::typeColor, QString(), u"رنگ"_s);
         editor.show();
         nameEdit(editor)->setText(typed);

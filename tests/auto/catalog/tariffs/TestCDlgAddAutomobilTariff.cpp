@@ -14,6 +14,7 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/TwoDesks.h"
 
 #include <QCheckBox>
 #include <QCompleter>
@@ -208,11 +209,58 @@ private Q_SLOTS:
         CDlgAddAutomobilTariff editor(key, true, false);
         editor.show();
         m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
         editor.accept();
         QVERIFY(!editor.isVisible());
         QCOMPARE(editor.result(), int(QDialog::Rejected));
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    void twoDesks_data() { TwoDesks::addCases(true); }
+
+    void twoDesks()
+    {
+        QFETCH(TwoDesks::Case, what);
+        int key = 0;
+        const auto run = [this](const QString &statement) { m_office->database().run(statement); };
+        TwoDesks({
+                     .reset =
+                         [&] {
+                             run(u"DELETE FROM AutomobilTariffs"_s);
+                             key = addTariff(u"سند"_s, 100, u"شرح"_s);
+                         },
+                     .open = [&] { return std::make_unique<CDlgAddAutomobilTariff>(key, true, false); },
+                     .enter = [](KDialog &window) { amountEdit(static_cast<CDlgAddAutomobilTariff &>(window))->setNumber(300); },
+                     .changeOther = [&] { run(u"UPDATE AutomobilTariffs SET sTitle='وکالت'"_s); },
+                     .changeSame = [&] { run(u"UPDATE AutomobilTariffs SET dAmount=200"_s); },
+                     .remove = [&] { run(u"DELETE FROM AutomobilTariffs"_s); },
+                     .stored = [&] { return value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',sTitle,dAmount,sDesc)) FROM AutomobilTariffs"_s); },
+                     .merged = u"وکالت/300/شرح"_s,
+                     .theirs = u"سند/200/شرح"_s,
+                     .mine = u"سند/300/شرح"_s,
+                     .renewed = u"سند/300/شرح"_s,
+                 })
+            .check(what);
+    }
+
+    void aTitleThatAnotherDeskAddsMeanwhileIsAskedAbout()
+    {
+        addTariff(u"سند"_s, 1); // is there already: nobody is asked
+        CDlgAddAutomobilTariff editor(0, false, false);
+        editor.show();
+        titleEdit(editor)->setText(u"وکالت"_s);
+        addTariff(u"وکالت"_s, 2);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        editor.accept();
+        QVERIFY(editor.isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+        QCOMPARE(editor.focusWidget(), titleEdit(editor));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"2"_s);
+        titleEdit(editor)->setText(u"سند"_s);
+        editor.accept();
+        QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"3"_s);
     }
 
     void viewingIsReadOnlyAndWritesNothing()

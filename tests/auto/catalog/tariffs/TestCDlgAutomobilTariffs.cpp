@@ -448,6 +448,7 @@ private Q_SLOTS:
         page.open();
         page.list()->selectKey(key);
         m_office->database().run(u"DELETE FROM AutomobilTariffs"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
         whenEditor(u"b"_s, u"5"_s);
         QVERIFY(page.runCommand(u"edit"));
         QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilTariffs"_s), u"0"_s);

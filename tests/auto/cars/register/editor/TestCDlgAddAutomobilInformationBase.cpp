@@ -3,7 +3,6 @@
 
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
-#include "auto/catalog/CatalogEntries.h"
 #include "auto/catalog/CatalogPanel.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -365,7 +364,7 @@ private Q_SLOTS:
             car.m_iBrigade = m_office->type2;
         });
         inCatalog(model, [this](CDlgCarsAll &catalog) {
-            QVERIFY(CatalogEntries::rename(CatalogLevel::Model, m_office->model206, u"206 جدید"_s));
+            m_office->database().run(u"UPDATE CarModels SET sName='206 جدید' WHERE iID=%1"_s.arg(m_office->model206));
             catalog.reject();
         });
         QCOMPARE(form().key(brand), m_office->peugeot);
