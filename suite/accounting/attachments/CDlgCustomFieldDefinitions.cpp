@@ -4,6 +4,7 @@
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 
 #include "suite/accounting/attachments/CTblCustomFields.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -115,13 +116,17 @@ void CDlgCustomFieldDefinitions::renameField()
     const int fieldID = m_list->currentKey();
     if (fieldID < 1)
         return;
-    try {
-        CTblCustomFields::rename(fieldID, m_name->text());
+    CTblCustomFields field;
+    field.m_iTable = m_table;
+    // As the list showed it when the user chose it.
+    field.m_sName = m_list->cellText(m_list->currentRow(), NameColumn);
+    RowEdit edit(field, fieldID);
+    edit.remember([] {});
+    const auto outcome = RowQuestions::save(
+        this, edit, {.goTo = [this](const QString &) { m_name->setFocus(); }, .offersNewRow = false},
+        [&] { field.m_sName = m_name->text(); }, [&] { field.settle(edit.key()); });
+    if (outcome != RowQuestions::Outcome::Back)
         fill(fieldID);
-    } catch (const KAccountingError &error) {
-        g_pDlgWarning->Show(error.userMessage(), this);
-        m_name->setFocus();
-    }
 }
 
 void CDlgCustomFieldDefinitions::deleteField()

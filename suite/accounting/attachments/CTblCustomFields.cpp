@@ -5,33 +5,11 @@
 
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString requiredName(const QString &name)
-{
-    const QString standard = ConvertToStandard(name);
-    if (standard.isEmpty())
-        throw KAccountingError(u"لطفا نام فیلد را وارد نمایید."_s);
-    return standard;
-}
-
-void write(CTblCustomFields &set)
-{
-    try {
-        set.Update(true);
-    } catch (const CMySQLException &error) {
-        if (error.category() == CMySQLException::Category::DuplicateKey)
-            throw KAccountingError(u"فیلدی با این نام قبلا تعریف شده است."_s);
-        throw;
-    }
-}
-
-}
 
 CTblCustomFields::CTblCustomFields(int database)
     : KMySQL(database)
@@ -62,23 +40,28 @@ const QStringList &CTblCustomFields::typeNames()
 
 int CTblCustomFields::define(int table, const QString &name, Type type, int database)
 {
-    CTblCustomFields set(database);
-    set.AddNew();
-    set.m_iTable = table;
-    set.m_sName = requiredName(name);
-    set.m_iType = type;
-    write(set);
-    return static_cast<int>(set.GetLastInsertedID());
+    CTblCustomFields field(database);
+    RowEdit edit(field);
+    edit.save(
+        [&] {
+            field.m_iTable = table;
+            field.m_sName = name;
+            field.m_iType = type;
+        },
+        [&] { field.settle(0); });
+    return edit.key();
 }
 
-void CTblCustomFields::rename(int fieldID, const QString &name, int database)
+void CTblCustomFields::settle(qint32 key)
 {
-    CTblCustomFields set(database);
-    if (!set.IsRecordExist(u"iID"_s, fieldID))
-        return;
-    set.Edit();
-    set.m_sName = requiredName(name);
-    write(set);
+    m_sName = ConvertToStandard(m_sName);
+    if (m_sName.isEmpty())
+        throw FieldRefused(u"لطفا نام فیلد را وارد نمایید."_s, u"sName"_s);
+    CTblCustomFields others(database());
+    others.m_filter = KSql::formatted("iTable=%1 AND sName=%2 AND iID<>%3", m_iTable, KSql::quoted(m_sName), key);
+    others.Open(false, true, true);
+    if (!others.IsEOF())
+        throw FieldRefused(u"فیلدی با این نام قبلا تعریف شده است."_s, u"sName"_s);
 }
 
 void CTblCustomFields::remove(int fieldID, int database)

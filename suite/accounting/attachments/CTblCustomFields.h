@@ -29,7 +29,9 @@ public:
     static const QStringList &typeNames();
     // Defines a field and returns its key. Throws KAccountingError for an empty name or one that the record kind already has.
     static int define(int table, const QString &name, Type type, int database = 0);
-    static void rename(int fieldID, const QString &name, int database = 0);
+    // Between the entries of a field and its row: brings the name into standard form. Throws FieldRefused for an empty one or one
+    // that another field than that of the key has.
+    void settle(qint32 key);
     // Deletes the field with the values that records hold for it, in one transaction.
     static void remove(int fieldID, int database = 0);
 
@@ -40,4 +42,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

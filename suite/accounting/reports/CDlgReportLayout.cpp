@@ -3,7 +3,7 @@
 
 #include "suite/accounting/reports/CDlgReportLayout.h"
 
-#include "suite/accounting/reports/CTblReportLayouts.h"
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
@@ -27,6 +27,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +39,19 @@ constexpr int longestText = 200;
 // In the order of ReportLayout::corners().
 const std::array cornerCaptions{u"راست بالا :"_s, u"راست وسط :"_s, u"راست پایین :"_s,
                                 u"چپ بالا :"_s, u"چپ وسط :"_s, u"چپ پایین :"_s};
+
+// A kept layout in one line.
+QString summaryOf(const QString &json)
+{
+    const std::optional<ReportLayout> layout = ReportLayout::fromJson(json.toUtf8());
+    if (!layout)
+        return {};
+    QStringList columns;
+    for (const ReportLayout::Column &column : layout->columns)
+        columns.append(column.title);
+    return u"%1 - %2 - قلم %3 - %4"_s.arg(layout->title, columns.join(u"، "_s), QString::number(layout->fontSize),
+                                          layout->landscape ? u"افقی"_s : u"عمودی"_s);
+}
 
 }
 
@@ -193,7 +207,8 @@ void CDlgReportLayout::fillNames(const QString &current)
     const QSignalBlocker quiet(m_name);
     m_name->clear();
     bool isDefault = false;
-    for (const CTblReportLayouts::Entry &entry : CTblReportLayouts::entries(m_report.group(), m_report.report())) {
+    m_listed = CTblReportLayouts::entries(m_report.group(), m_report.report());
+    for (const CTblReportLayouts::Entry &entry : std::as_const(m_listed)) {
         m_name->addItem(entry.name, entry.isDefault);
         if (entry.name == current || (current.isEmpty() && entry.isDefault)) {
             m_name->setCurrentIndex(m_name->count() - 1);
@@ -229,12 +244,42 @@ void CDlgReportLayout::saveLayout()
     const QString name = ConvertToStandard(m_name->currentText());
     if (!hasColumns())
         return;
-    if (m_name->findText(name) >= 0
+    if (listed(name)
         && g_pDlgYesNo->Ask(u"قالبی با این نام ذخیره شده است. آیا جایگزین شود؟"_s, this) == KMessageDialog::No)
         return;
-    changeStored(name, [&] {
-        CTblReportLayouts::save(m_report.group(), m_report.report(), name, layoutOfFields(), m_default->isChecked());
-    });
+    changeStored(name, [&] { return store(name); });
+}
+
+const CTblReportLayouts::Entry *CDlgReportLayout::listed(const QString &name) const
+{
+    const auto found = std::ranges::find(m_listed, name, &CTblReportLayouts::Entry::name);
+    return found == m_listed.cend() ? nullptr : &*found;
+}
+
+bool CDlgReportLayout::store(const QString &name)
+{
+    const CTblReportLayouts::Entry before = listed(name) ? *listed(name) : CTblReportLayouts::Entry();
+    CTblReportLayouts stored;
+    RowEdit edit(stored, before.key);
+    const auto begin = [&] { stored.begin(m_report.group(), m_report.report(), name, before); };
+    begin();
+    if (before.key != 0)
+        edit.remember([] {});
+    const RowQuestions::Texts texts{
+        .caption = [](const QString &column) { return column == u"sLayout" ? u"قالب"_s : QString(); },
+        .format = [](const QString &column, const QVariant &value) { return column == u"sLayout" ? std::optional(summaryOf(value.toString())) : std::nullopt; },
+        .goTo =
+            [this](const QString &) {
+                // What another desk has kept by now is asked about at the next try.
+                m_listed = CTblReportLayouts::entries(m_report.group(), m_report.report());
+                m_name->setFocus();
+            }};
+    const auto write = [&] {
+        if (edit.isNew())
+            begin();
+        stored.setLayout(layoutOfFields(), m_default->isChecked());
+    };
+    return RowQuestions::save(this, edit, texts, write, [&] { stored.settle(edit.key()); }) != RowQuestions::Outcome::Back;
 }
 
 void CDlgReportLayout::deleteLayout()
@@ -243,14 +288,18 @@ void CDlgReportLayout::deleteLayout()
     if (m_name->findText(name) < 0
         || g_pDlgYesNo->Ask(u"آیا از حذف این قالب اطمینان دارید؟"_s, this) == KMessageDialog::No)
         return;
-    changeStored({}, [&] { CTblReportLayouts::remove(m_report.group(), m_report.report(), name); });
+    changeStored({}, [&] {
+        CTblReportLayouts::remove(m_report.group(), m_report.report(), name);
+        return true;
+    });
 }
 
-void CDlgReportLayout::changeStored(const QString &nameAfterwards, const std::function<void()> &work)
+void CDlgReportLayout::changeStored(const QString &nameAfterwards, const std::function<bool()> &work)
 {
     try {
         GetDBSetting()->RequireOpenDB();
-        work();
+        if (!work())
+            return;
         m_storedChanged = true;
         fillNames(nameAfterwards);
     } catch (const KAccountingError &error) {

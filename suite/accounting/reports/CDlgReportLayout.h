@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialog.h"
@@ -51,15 +52,18 @@ private:
     QGroupBox *buildTexts();
     void buildPaper(QFormLayout *form);
     void fillNames(const QString &current);
+    const CTblReportLayouts::Entry *listed(const QString &name) const;
+    bool store(const QString &name);
     void loadNamed(const QString &name);
     void showShare();
     void moveColumn(int places);
     int currentRow() const;
     bool hasColumns();
     // Runs work on the stored layouts, which a closed database refuses, and offers their names anew.
-    void changeStored(const QString &nameAfterwards, const std::function<void()> &work);
+    void changeStored(const QString &nameAfterwards, const std::function<bool()> &work);
 
     ListReport m_report;
+    QVector<CTblReportLayouts::Entry> m_listed; // as the names were last filled
     bool m_storedChanged = false;
     QComboBox *m_name = nullptr;
     QCheckBox *m_default = nullptr;

@@ -4,9 +4,8 @@
 #include "suite/accounting/reports/CTblReportLayouts.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/db/KConnection.h"
-#include "suite/db/KTransaction.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;
@@ -54,7 +53,7 @@ QVector<CTblReportLayouts::Entry> CTblReportLayouts::entries(const QString &grou
     set.m_sort = "sName";
     QVector<Entry> entries;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
-        entries.append({set.m_sName, set.m_bDefault != 0});
+        entries.append({set.m_iID, set.m_sName, set.m_sLayout, set.m_bDefault != 0});
     return entries;
 }
 
@@ -68,33 +67,34 @@ std::optional<ReportLayout> CTblReportLayouts::load(const QString &group, const 
     return ReportLayout::fromJson(set.m_sLayout.toUtf8());
 }
 
-void CTblReportLayouts::save(const QString &group, const QString &report, const QString &name, const ReportLayout &layout,
-                             bool isDefault)
+void CTblReportLayouts::begin(const QString &group, const QString &report, const QString &name, const Entry &listed)
 {
-    const QString standard = ConvertToStandard(name);
-    if (standard.isEmpty())
-        throw KAccountingError(u"لطفا نام قالب را وارد نمایید."_s);
-    KTransaction transaction;
-    if (isDefault) {
-        CTblTemp temp;
-        temp.Open(false, false, true);
-        temp.ExecuteQuery("UPDATE ReportLayouts SET bDefault=0 WHERE " + ofReport(group, report));
-    }
-    CTblReportLayouts set;
-    set.m_filter = ofName(group, report, standard);
-    set.Open(false, true, true);
-    if (set.IsEOF()) {
-        set.AddNew();
-        set.m_sGroup = group;
-        set.m_sReport = report;
-        set.m_sName = standard;
-    } else {
-        set.Edit();
-    }
-    set.m_sLayout = QString::fromUtf8(layout.toJson());
-    set.m_bDefault = isDefault ? 1 : 0;
-    set.Update(true);
-    transaction.commit();
+    m_sGroup = group;
+    m_sReport = report;
+    m_sName = ConvertToStandard(name);
+    m_sLayout = listed.layout;
+    m_bDefault = listed.isDefault ? 1 : 0;
+}
+
+void CTblReportLayouts::setLayout(const ReportLayout &layout, bool isDefault)
+{
+    m_sLayout = QString::fromUtf8(layout.toJson());
+    m_bDefault = isDefault ? 1 : 0;
+}
+
+void CTblReportLayouts::settle(qint32 key)
+{
+    if (m_sName.isEmpty())
+        throw FieldRefused(u"لطفا نام قالب را وارد نمایید."_s, u"sName"_s);
+    CTblTemp others(database());
+    const KSql other = KSql::formatted(" AND iID<>%1", key);
+    others.ExecuteQuery("SELECT iID FROM ReportLayouts WHERE " + ofName(m_sGroup, m_sReport, m_sName) + other);
+    if (others.HasResultRow())
+        throw FieldRefused(u"%1 قالبی با این نام در این میان ذخیره کرده است."_s.arg(
+                               RowChanged::lastChange(GetTableName(), others.GetLongFieldValue(0), database())),
+                           u"sName"_s);
+    if (m_bDefault != 0)
+        others.ExecuteQuery("UPDATE ReportLayouts SET bDefault=0 WHERE " + ofReport(m_sGroup, m_sReport) + other);
 }
 
 void CTblReportLayouts::remove(const QString &group, const QString &report, const QString &name)

@@ -16,7 +16,9 @@ public:
 
     struct Entry
     {
+        qint32 key = 0;
         QString name;
+        QString layout; // JSON
         bool isDefault = false;
     };
 
@@ -28,8 +30,12 @@ public:
     static QVector<Entry> entries(const QString &group, const QString &report);
     // The named layout, or the default one for an empty name. Nothing when there is none or what is kept is no layout.
     static std::optional<ReportLayout> load(const QString &group, const QString &report, const QString &name = {});
-    // Keeps the layout, in place of the one of that name. Throws KAccountingError for an empty name.
-    static void save(const QString &group, const QString &report, const QString &name, const ReportLayout &layout, bool isDefault);
+    // For a user who keeps a layout (RowEdit): the layout as it was listed, or a new one of that name; what is written; and what
+    // settles it: no other layout of the report is its default then. Throws FieldRefused for an empty name and for one that
+    // another layout than that of the key has got.
+    void begin(const QString &group, const QString &report, const QString &name, const Entry &listed);
+    void setLayout(const ReportLayout &layout, bool isDefault);
+    void settle(qint32 key);
     static void remove(const QString &group, const QString &report, const QString &name);
 
     qint32 m_iID = 0;
@@ -41,4 +47,5 @@ public:
 
 protected:
     void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
 };

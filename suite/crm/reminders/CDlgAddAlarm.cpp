@@ -3,6 +3,7 @@
 
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 
+#include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -56,9 +57,11 @@ bool mayWrite(QWidget *parent)
 
 }
 
-CDlgAddAlarm::CDlgAddAlarm(CTblAlarm &alarm, QWidget *parent)
+CDlgAddAlarm::CDlgAddAlarm(CTblAlarm &alarm, int id, QWidget *parent)
     : KDialog(parent)
     , m_alarm(alarm)
+    , m_edit(alarm, id)
+    , m_begun(alarm.rowValues())
     , m_date(new KDateEdit)
     , m_time(new KTimeEdit)
     , m_desc(new KEdit)
@@ -67,6 +70,8 @@ CDlgAddAlarm::CDlgAddAlarm(CTblAlarm &alarm, QWidget *parent)
     SetSettingName(u"AddAlarm"_s);
     build();
     load();
+    if (!m_edit.isNew())
+        m_edit.remember([this] { write(); });
     m_date->setFocus();
 }
 
@@ -77,17 +82,16 @@ int CDlgAddAlarm::Add(const QString &desc, int recordKind, int key1, int key2, Q
     if (!mayWrite(parent))
         return 0;
     CTblAlarm alarm;
-    alarm.AddNew();
     alarm.m_iTable = recordKind;
     alarm.m_iRecordID = key1;
     alarm.m_iRecordID2 = key2;
     alarm.m_iUserID = GetDBSetting()->GetUserID();
     alarm.m_date = AlarmTime::proposed(GetDBSetting()->GetDBServerDate());
     alarm.m_sDesc = desc.left(CTblAlarm::longestDesc);
-    CDlgAddAlarm dialog(alarm, parent);
+    CDlgAddAlarm dialog(alarm, 0, parent);
     dialog.setWindowTitle(u"یادآوری - جدید"_s);
     dialog.m_done->hide();
-    return dialog.exec() == Accepted ? static_cast<int>(alarm.GetLastInsertedID()) : 0;
+    return dialog.exec() == Accepted ? dialog.m_edit.key() : 0;
 }
 
 bool CDlgAddAlarm::Edit(int id, QWidget *parent)
@@ -99,8 +103,7 @@ bool CDlgAddAlarm::Edit(int id, QWidget *parent)
         g_pDlgWarning->Show(u"این یادآوری دیگر وجود ندارد."_s, parent);
         return false;
     }
-    alarm.Edit();
-    CDlgAddAlarm dialog(alarm, parent);
+    CDlgAddAlarm dialog(alarm, id, parent);
     dialog.setWindowTitle(u"یادآوری - ویرایش"_s);
     return dialog.exec() == Accepted;
 }
@@ -151,27 +154,43 @@ bool CDlgAddAlarm::OnOK()
     if (!m_date->date().isValid())
         return refuse(u"لطفا تاریخ یادآوری را وارد نمایید."_s, m_date);
     // An old reminder may keep its time; a time that is entered now is to come.
-    const bool moved = m_alarm.m_iID == 0 || entered() != m_alarm.m_date;
+    const bool moved = m_edit.isNew() || entered() != m_begun.value(u"date"_s).toDateTime();
     if (moved && !m_done->isChecked() && entered() <= GetDBSetting()->GetDBServerDate())
         return refuse(u"زمان یادآوری گذشته است. لطفا تاریخ و ساعت را اصلاح نمایید."_s, m_date);
     if (m_desc->text().trimmed().isEmpty())
         return refuse(u"لطفا شرح یادآوری را وارد نمایید."_s, m_desc);
     if (m_user->currentIndex() < 0)
         return refuse(u"لطفا کاربر یادآوری را انتخاب نمایید."_s, m_user);
-    store(moved);
-    return m_alarm.Update(true);
+    const RowQuestions::Texts texts{
+        .caption = [](const QString &column) { return column == u"iStatus" ? u"انجام شد"_s : QString(); },
+        .format = [](const QString &column, const QVariant &value) -> std::optional<QString> {
+            if (column == u"date")
+                return AlarmTime::text(value.toDateTime());
+            if (column == u"iStatus")
+                return value.toInt() == CTblAlarm::statusDone ? u"بله"_s : u"خیر"_s;
+            return std::nullopt;
+        }};
+    return RowQuestions::save(
+               this, m_edit, texts, [this] { write(); }, [this] { settle(); })
+        == RowQuestions::Outcome::Saved;
 }
 
-// A reminder that gets a new owner or is reopened is shown again.
-void CDlgAddAlarm::store(bool moved)
+// A new one also keeps what it begins with: the record that it belongs to.
+void CDlgAddAlarm::write()
 {
-    const int user = m_user->currentData().toInt();
-    const bool opened = m_alarm.isDone() && !m_done->isChecked();
-    if (moved || opened || user != m_alarm.m_iUserID)
-        m_alarm.m_dateTold = {};
+    if (m_edit.isNew())
+        m_alarm.setRowValues(m_begun);
     m_alarm.m_date = entered();
     m_alarm.m_sDesc = m_desc->text().trimmed();
-    m_alarm.m_iUserID = user;
+    m_alarm.m_iUserID = m_user->currentData().toInt();
     m_alarm.m_bRepeat = m_repeat->isChecked() ? 1 : 0;
     m_alarm.m_iStatus = m_done->isChecked() ? CTblAlarm::statusDone : CTblAlarm::statusOpen;
+}
+
+// A reminder that is moved, gets a new owner or is reopened is shown again.
+void CDlgAddAlarm::settle()
+{
+    const bool opened = m_begun.value(u"iStatus"_s).toInt() == CTblAlarm::statusDone && !m_alarm.isDone();
+    if (opened || m_alarm.m_date != m_begun.value(u"date"_s).toDateTime() || m_alarm.m_iUserID != m_begun.value(u"iUserID"_s).toInt())
+        m_alarm.m_dateTold = {};
 }

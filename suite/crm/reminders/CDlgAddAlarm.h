@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -32,14 +33,18 @@ protected:
     bool OnOK() override;
 
 private:
-    CDlgAddAlarm(CTblAlarm &alarm, QWidget *parent);
+    // The alarm as it was read, or with what a new one begins with (id 0).
+    CDlgAddAlarm(CTblAlarm &alarm, int id, QWidget *parent);
     void build();
     void load();
     QDateTime entered() const;
-    void store(bool moved);
+    void write();
+    void settle();
     bool refuse(const QString &why, QWidget *field);
 
-    CTblAlarm &m_alarm; // opened by AddNew or Edit
+    CTblAlarm &m_alarm;
+    RowEdit m_edit;
+    KRowValues m_begun; // the alarm as the window was filled with it
     KDateEdit *m_date;
     KTimeEdit *m_time;
     KEdit *m_desc;

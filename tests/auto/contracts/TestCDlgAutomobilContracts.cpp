@@ -21,6 +21,7 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/Day.h"
 #include "tests/support/RegisteredTest.h"
+#include "tests/support/StoredLayout.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -808,8 +809,8 @@ private Q_SLOTS:
         ReportLayout layout;
         layout.title = u"قراردادهای ما"_s;
         layout.columns = {{u"شرح قرارداد"_s, 0}};
-        CTblReportLayouts::save(u"گالری اتومبیل"_s, u"لیست قراردادها"_s, u"کوتاه"_s, layout,
-                                true);
+        storeLayout(u"گالری اتومبیل"_s, u"لیست قراردادها"_s, u"کوتاه"_s, layout,
+                    true);
         CDlgAutomobilContracts page;
         page.open();
         QString title;

@@ -3,6 +3,7 @@
 
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
+#include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblCustomFields.h"
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void deletingARecordTakesItsValues();
     void deletingAFieldTakesItsValues();
     void nameIsNeededAndUnique();
+    void renameOfTwoDesksIsAskedAbout();
     void definitionsWindowAddsRenamesAndDeletes();
     void definingNeedsTheRight();
     void definingKeepsWhatWasTyped();
@@ -240,8 +242,33 @@ void TestCDlgCustomFields::nameIsNeededAndUnique()
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblCustomFields::define(contracts, u"  "_s, CTblCustomFields::Text));
     QVERIFY_THROWS_EXCEPTION(KAccountingError,
                              CTblCustomFields::define(contracts, u"معرف"_s, CTblCustomFields::Date));
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblCustomFields::rename(m_number, u"معرف"_s));
     QVERIFY(CTblCustomFields::define(68, u"معرف"_s, CTblCustomFields::Text) > 0);
+}
+
+void TestCDlgCustomFields::renameOfTwoDesksIsAskedAbout()
+{
+    CDlgCustomFieldDefinitions window(contracts);
+    auto *list = window.findChild<KExtListCtrl *>();
+    auto *name = field<KEdit>(&window, u"نام :"_s);
+    list->selectKey(m_text);
+    const QString before = list->cellText(list->currentRow(), 1);
+    m_office.database.run(u"UPDATE CustomFields SET sName='دیگری' WHERE iID=%1"_s.arg(m_text));
+    name->setText(u"من"_s);
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::GoBack);
+    window.renameField();
+    QCOMPARE(CDlgRowConflict::takeShown(), QStringList{u"نام فیلد: %1 | دیگری | من"_s.arg(before)});
+    QCOMPARE(list->cellText(list->currentRow(), 1), before);
+    CDlgRowConflict::answerNext(CDlgRowConflict::Answer::TakeMine);
+    window.renameField();
+    QCOMPARE(list->cellText(list->currentRow(), 1), u"من"_s);
+    // One that is gone is told and no longer listed.
+    list->selectKey(m_number);
+    const int fields = list->count();
+    m_office.database.run(u"DELETE FROM CustomFields WHERE iID=%1"_s.arg(m_number));
+    name->setText(u"تازه"_s);
+    window.renameField();
+    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    QCOMPARE(list->count(), fields - 1);
 }
 
 void TestCDlgCustomFields::definitionsWindowAddsRenamesAndDeletes()

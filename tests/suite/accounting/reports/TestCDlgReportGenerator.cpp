@@ -3,6 +3,7 @@
 
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
+#include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/accounting/reports/ReportColumnsModel.h"
@@ -12,6 +13,7 @@
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/StoredLayout.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
@@ -184,7 +186,7 @@ private Q_SLOTS:
         ReportLayout stored = sample.layout();
         stored.columns.resize(2);
         for (const bool isDefault : {false, true}) {
-            CTblReportLayouts::save(group, name, u"کوتاه"_s, stored, isDefault);
+            storeLayout(group, name, u"کوتاه"_s, stored, isDefault);
             CDlgReportGenerator generator(group, name);
             generator.SetText(u"Count"_s, u"تعداد : 2"_s);
             generator.SetTable(u"List"_s, sample.columns(), sample.rows());
@@ -267,7 +269,7 @@ private Q_SLOTS:
 
     void savedNameIsReplacedOnlyWhenAgreed()
     {
-        CTblReportLayouts::save(group, name, u"درشت"_s, sampleReport(1).layout(), false);
+        storeLayout(group, name, u"درشت"_s, sampleReport(1).layout(), false);
         CDlgReportLayout dialog(sampleReport(1));
         field<QComboBox>(&dialog, u"نام قالب :"_s)->setEditText(u"درشت"_s);
         field<QSpinBox>(&dialog, u"اندازه قلم :"_s)->setValue(14);
@@ -275,6 +277,43 @@ private Q_SLOTS:
         click(&dialog, u"ذخیره"_s);
         QCOMPARE(CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize, 9.0);
         click(&dialog, u"ذخیره"_s);
+        QCOMPARE(CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize, 14.0);
+    }
+
+    void layoutThatAnotherDeskKeptMeanwhileIsAskedAbout()
+    {
+        const auto stored = [] { return CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize; };
+        ReportLayout theirs = sampleReport(1).layout();
+        storeLayout(group, name, u"درشت"_s, theirs, false);
+        CDlgReportLayout dialog(sampleReport(1));
+        field<QComboBox>(&dialog, u"نام قالب :"_s)->setEditText(u"درشت"_s);
+        field<QSpinBox>(&dialog, u"اندازه قلم :"_s)->setValue(14);
+        theirs.fontSize = 11;
+        storeLayout(group, name, u"درشت"_s, theirs, false);
+        CDlgRowConflict::answerNext(CDlgRowConflict::Answer::GoBack);
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(stored(), 11.0);
+        const QStringList shown = CDlgRowConflict::takeShown();
+        QVERIFY2(shown.size() == 1 && shown.constFirst().startsWith(u"قالب: "_s) && shown.constFirst().contains(u"قلم 14"_s),
+                 qPrintable(shown.join(u'\n')));
+        CDlgRowConflict::answerNext(CDlgRowConflict::Answer::TakeMine);
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(stored(), 14.0);
+    }
+
+    void nameThatAnotherDeskTookMeanwhileIsNotReplacedUnasked()
+    {
+        CDlgReportLayout dialog(sampleReport(1));
+        field<QComboBox>(&dialog, u"نام قالب :"_s)->setEditText(u"درشت"_s);
+        field<QSpinBox>(&dialog, u"اندازه قلم :"_s)->setValue(14);
+        storeLayout(group, name, u"درشت"_s, sampleReport(1).layout(), false);
+        g_pDlgYesNo->takeShown();
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize, 9.0);
+        // The next try asks, as for every name that is there.
+        click(&dialog, u"ذخیره"_s);
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
         QCOMPARE(CTblReportLayouts::load(group, name, u"درشت"_s)->fontSize, 14.0);
     }
 
@@ -323,7 +362,7 @@ private Q_SLOTS:
 
     void databaseClosedMeanwhileKeepsItsLayouts()
     {
-        CTblReportLayouts::save(group, name, u"درشت"_s, sampleReport(1).layout(), false);
+        storeLayout(group, name, u"درشت"_s, sampleReport(1).layout(), false);
         CDlgReportLayout dialog(sampleReport(1));
         GetDBSetting()->SetClosedDB(true);
         auto *names = field<QComboBox>(&dialog, u"نام قالب :"_s);

@@ -6,6 +6,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/StoredLayout.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
@@ -112,7 +113,7 @@ private Q_SLOTS:
     void layoutComesBackAsItWasStored()
     {
         QCOMPARE(ReportLayout::fromJson(narrow().toJson()), std::optional(narrow()));
-        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), false);
+        storeLayout(group, name, u"باریک"_s, narrow(), false);
         QCOMPARE(CTblReportLayouts::load(group, name, u"باریک"_s), std::optional(narrow()));
         ListReport report = sampleReport(9);
         QVERIFY(report.loadLayout(u"باریک"_s));
@@ -127,18 +128,18 @@ private Q_SLOTS:
     {
         ListReport report = sampleReport(1);
         QVERIFY(!report.loadLayout());
-        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), false);
+        storeLayout(group, name, u"باریک"_s, narrow(), false);
         QVERIFY(!report.loadLayout());
-        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), true);
+        storeLayout(group, name, u"باریک"_s, narrow(), true);
         QVERIFY(report.loadLayout());
         QCOMPARE(report.layout(), narrow());
     }
 
     void onlyOneLayoutOfAReportIsTheDefault()
     {
-        CTblReportLayouts::save(group, name, u"یک"_s, narrow(), true);
-        CTblReportLayouts::save(group, u"دیگری"_s, u"یک"_s, narrow(), true);
-        CTblReportLayouts::save(group, name, u"دو"_s, narrow(), true);
+        storeLayout(group, name, u"یک"_s, narrow(), true);
+        storeLayout(group, u"دیگری"_s, u"یک"_s, narrow(), true);
+        storeLayout(group, name, u"دو"_s, narrow(), true);
         QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM ReportLayouts WHERE bDefault=1"_s),
                  u"2"_s);
         const auto entries = CTblReportLayouts::entries(group, name);
@@ -149,10 +150,10 @@ private Q_SLOTS:
 
     void savingUnderTheSameNameReplaces()
     {
-        CTblReportLayouts::save(group, name, u"باریک"_s, narrow(), true);
+        storeLayout(group, name, u"باریک"_s, narrow(), true);
         ReportLayout other = narrow();
         other.fontSize = 7;
-        CTblReportLayouts::save(group, name, u" باريك "_s, other, false);
+        storeLayout(group, name, u" باريك "_s, other, false);
         QCOMPARE(CTblReportLayouts::entries(group, name).size(), 1);
         QCOMPARE(CTblReportLayouts::load(group, name, u"باریک"_s), std::optional(other));
         QVERIFY(!CTblReportLayouts::load(group, name));
@@ -161,7 +162,7 @@ private Q_SLOTS:
     void quoteInANameIsAText()
     {
         const QString odd = u"ق'الب\\"_s;
-        CTblReportLayouts::save(group, name, odd, narrow(), false);
+        storeLayout(group, name, odd, narrow(), false);
         QVERIFY(CTblReportLayouts::load(group, name, odd));
         CTblReportLayouts::remove(group, name, odd);
         QVERIFY(CTblReportLayouts::entries(group, name).isEmpty());
@@ -169,7 +170,7 @@ private Q_SLOTS:
 
     void layoutWithoutANameIsRefused()
     {
-        QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblReportLayouts::save(group, name, u"  "_s, narrow(), true));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, storeLayout(group, name, u"  "_s, narrow(), true));
         QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM ReportLayouts"_s), u"0"_s);
     }
 
@@ -177,12 +178,12 @@ private Q_SLOTS:
     {
         ReportLayout gone;
         gone.columns = {{u"ستون قدیمی"_s, 0}};
-        CTblReportLayouts::save(group, name, u"قدیمی"_s, gone, true);
+        storeLayout(group, name, u"قدیمی"_s, gone, true);
         ListReport report = sampleReport(1);
         QVERIFY(!report.loadLayout());
         QCOMPARE(report.layout().columns.size(), 5);
         gone.columns.append({u"نام"_s, 0});
-        CTblReportLayouts::save(group, name, u"قدیمی"_s, gone, true);
+        storeLayout(group, name, u"قدیمی"_s, gone, true);
         QVERIFY(report.loadLayout());
         QCOMPARE(report.shownColumns().size(), 1);
     }

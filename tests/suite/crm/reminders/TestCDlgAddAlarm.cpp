@@ -3,6 +3,7 @@
 
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 
+#include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/crm/reminders/AlarmTime.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -45,6 +46,8 @@ private Q_SLOTS:
     void vanishedReminderIsTold();
     void closedDatabaseIsTold();
     void longDescriptionIsCutToItsColumn();
+    void twoDesks_data();
+    void twoDesks();
 
 private:
     struct Fields
@@ -318,6 +321,40 @@ void TestCDlgAddAlarm::longDescriptionIsCutToItsColumn()
     Hand::inNextWindow([](QDialog *dialog) { dialog->accept(); });
     QVERIFY(CDlgAddAlarm::Add(QString(600, u'ب'), 0, 0, 0, nullptr) > 0);
     QCOMPARE(m_office.db.value(u"SELECT CHAR_LENGTH(sDesc) FROM Alarms"_s), u"500"_s);
+}
+
+// What a login or another desk does to the reminder while its window is open stays.
+void TestCDlgAddAlarm::twoDesks_data()
+{
+    QTest::addColumn<QString>("theirs");
+    QTest::addColumn<int>("answer"); // below 0: no window asks
+    QTest::addColumn<QString>("stored");
+    constexpr int none = -1;
+    constexpr int takeTheirs = static_cast<int>(CDlgRowConflict::Answer::TakeTheirs);
+    constexpr int takeMine = static_cast<int>(CDlgRowConflict::Answer::TakeMine);
+    QTest::newRow("merged") << u"UPDATE Alarms SET iStatus=1"_s << none << u"من/1"_s;
+    QTest::newRow("theirs") << u"UPDATE Alarms SET sDesc='او'"_s << takeTheirs << u"او/0"_s;
+    QTest::newRow("mine") << u"UPDATE Alarms SET sDesc='او'"_s << takeMine << u"من/0"_s;
+    QTest::newRow("gone: saved as a new one") << u"DELETE FROM Alarms"_s << none << u"من/0"_s;
+}
+
+void TestCDlgAddAlarm::twoDesks()
+{
+    QFETCH(QString, theirs);
+    QFETCH(int, answer);
+    const int id = Alarms::add(me(), 60, u"کار"_s, [](CTblAlarm &alarm) { alarm.m_iTable = RecordKind::AutomobilDemandReminder; });
+    Hand::inNextWindow([&](QDialog *dialog) {
+        Fields(dialog).desc->setText(u"من"_s);
+        m_office.db.run(theirs);
+        if (answer >= 0)
+            CDlgRowConflict::answerNext(static_cast<CDlgRowConflict::Answer>(answer));
+        dialog->accept();
+        dialog->accept();
+    });
+    QVERIFY(CDlgAddAlarm::Edit(id, nullptr));
+    QCOMPARE(CDlgRowConflict::takeShown().size() > 0, answer >= 0);
+    QTEST(m_office.db.value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',sDesc,iStatus)) FROM Alarms"_s), "stored");
+    QCOMPARE(m_office.db.value(u"SELECT iTable FROM Alarms"_s).toInt(), int(RecordKind::AutomobilDemandReminder));
 }
 
 static const RegisteredTest<TestCDlgAddAlarm, QApplication> registeredCDlgAddAlarm;
