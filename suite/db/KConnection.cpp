@@ -49,6 +49,7 @@ constexpr int nodeTimeoutSeconds = 3;
 // Whether a connection that stood idle still answers.
 constexpr int pingSeconds = 5;
 constexpr int longLockWaitSeconds = 60;
+constexpr int longestIdleTransactionSeconds = 120;
 constexpr int longAnswerSeconds = 1800;
 
 using ThreadConnections = QHash<int, std::shared_ptr<KConnection>>;
@@ -224,7 +225,9 @@ QByteArray KConnection::sessionSetup() const
         + lockWait + ",lock_wait_timeout=" + lockWait
         // The lists that join the suite's items by either of two keys compare every pair: MariaDB's join buffer
         // would unpack a row's texts anew for each. Other joins go by a key. (Other servers pass this over.)
-        + "/*M!100000 , join_cache_level=0 */";
+        + "/*M!100000 , join_cache_level=0 */"
+        // A program whose line is cut cannot say so: what it locked is free for others after that time.
+        + "/*M!100300 , idle_transaction_timeout=" + QByteArray::number(longestIdleTransactionSeconds) + " */";
 }
 
 void KConnection::openOn(const KServerAddress &node, int timeoutSeconds)

@@ -229,6 +229,12 @@ private Q_SLOTS:
         QCOMPARE(m_database.value(u"SELECT CONCAT_WS('/',@@lock_wait_timeout,@@innodb_lock_wait_timeout)"_s), u"5/5"_s);
     }
 
+    // A row that it locked would otherwise stay locked for as long as the server keeps its connection, which may be hours.
+    void transactionOfAProgramThatIsCutOffEndsAfterTwoMinutes()
+    {
+        QCOMPARE(m_database.value(u"SELECT @@idle_transaction_timeout"_s), u"120"_s);
+    }
+
     void lockWaitIsNeverReplayed()
     {
         const qint32 key = addSample(u"a"_s);
