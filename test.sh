@@ -11,7 +11,7 @@ set -euo pipefail
 
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 
-"$root/scripts/setup.sh" run build font java test bench
+"$root/scripts/setup.sh" run build font java test unpacked bench
 cd "$root"
 cmake --preset dev
 cmake --build --preset dev --parallel "$(nproc)"

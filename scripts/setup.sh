@@ -4,8 +4,9 @@
 
 # usage: scripts/setup.sh SECTION...
 #
-# Installs the Debian packages of the named sections of packages.txt, and fetches the font
-# where "font" is among them. Only what is missing is installed, so that a second run is quick and needs no network.
+# Installs the Debian packages of the named sections of packages.txt, and fetches the font where "font" is among them. The
+# packages of the section "unpacked" are not installed: the scripts in them are put into build/unpacked. Only what is missing
+# is installed, so that a second run is quick and needs no network.
 
 set -euo pipefail
 
@@ -26,8 +27,9 @@ packages_of() {
 missing_of() {
     local package
     for package in "$@"; do
-        dpkg-query -W -f '${db:Status-Abbrev}\n' "$package" 2>/dev/null | grep -q '^.i' && continue
-        printf '%s\n' "$provided" | grep -qxF -- "$package" || printf '%s\n' "$package"
+        # No pipes into a grep that ends at its first find: whoever still writes then would count as failed.
+        [[ $(dpkg-query -W -f '${db:Status-Abbrev}\n' "$package" 2>/dev/null) == ?i* ]] && continue
+        grep -qxF -- "$package" <<<"$provided" || printf '%s\n' "$package"
     done
 }
 
@@ -70,11 +72,43 @@ fetch_font() {
     say "The font could not be fetched; going on with Noto. The next start tries again."
 }
 
+# unpack PACKAGE: the scripts of a package beside build/unpacked/PACKAGE, which says of which version they are.
+unpack() {
+    local package=$1 folder=$root/build/unpacked version
+    # Of the same source as the server that is installed.
+    version=$(dpkg-query -W -f '${Version}' "$package-core" 2>/dev/null || true)
+    if [ -e "$folder/$package" ] && [ "$(cat "$folder/$package")" = "$version" ]; then
+        return 0
+    fi
+    say "Unpacking $package ..."
+    rm -rf "$folder"
+    mkdir -p "$folder/aside"
+    if ! download "$folder/aside" "$package${version:+=$version}"; then
+        say "Could not download: $package"
+        say "It is needed once; check the network and the package sources, then start again."
+        return 1
+    fi
+    dpkg-deb -x "$folder"/aside/*.deb "$folder/aside/tree"
+    mv "$folder"/aside/tree/usr/bin/wsrep_sst_* "$folder/"
+    rm -rf "$folder/aside"
+    printf '%s' "$version" >"$folder/$package"
+}
+
+# download FOLDER PACKAGE: with the package lists that are here, or else with new ones.
+download() {
+    (cd "$1" && apt-get download -q "$2" </dev/null) && return 0
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -q </dev/null || return 1
+    (cd "$1" && apt-get download -q "$2" </dev/null)
+}
+
 provided=$(dpkg-query -W -f '${db:Status-Abbrev}\t${Provides}\n' |
     awk -F '\t' '$1 ~ /^.i/ { gsub(/\([^)]*\)/, "", $2); gsub(/[ ,]+/, "\n", $2); print $2 }')
 
 wanted=()
 want_font=no
+unpacked=
 for section in "$@"; do
     listed=$(packages_of "$section") || { say "packages.txt has no section [$section]"; exit 2; }
     if [ "$section" = font ]; then
@@ -82,6 +116,10 @@ for section in "$@"; do
         if font_is_here || command -v npm >/dev/null; then
             continue
         fi
+    fi
+    if [ "$section" = unpacked ]; then
+        unpacked=$listed
+        continue
     fi
     if [ "$section" = java ] && command -v mvn >/dev/null && command -v javac >/dev/null; then
         continue
@@ -92,9 +130,12 @@ done
 mapfile -t missing < <(missing_of "${wanted[@]}")
 if [ "${#missing[@]}" -gt 0 ]; then
     install_packages "${missing[@]}"
-else
+elif [ "${#wanted[@]}" -gt 0 ]; then
     say "All ${#wanted[@]} packages are there."
 fi
 if [ "$want_font" = yes ]; then
     fetch_font
 fi
+for package in $unpacked; do
+    unpack "$package"
+done

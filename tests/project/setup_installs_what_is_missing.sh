@@ -24,6 +24,8 @@ npm
 [java]
 jdk
 maven
+[unpacked]
+server
 END
 printf '{ "dependencies": {\n "vazirmatn": "33.0.3"\n} }\n' >"$tree/package.json"
 
@@ -32,13 +34,18 @@ tool() {
     chmod +x "$tools/$1"
 }
 # Installed: the packages in the file "installed"; the package "icons" provides icons-dev.
-tool dpkg-query 'shift 3
+tool dpkg-query '[ "$3" = "\${Version}" ] && exec cat "$WORK/version"
+shift 3
 if [ "$#" -eq 0 ]; then
     grep -qx icons "$WORK/installed" && printf "ii \ticons-dev (= 1), other\n"
     exit 0
 fi
 grep -qx -- "$1" "$WORK/installed" && echo "ii "'
-tool apt-get 'echo "apt-get $*" >>"$WORK/calls"; [ ! -e "$WORK/offline" ]'
+tool apt-get 'echo "apt-get $*" >>"$WORK/calls"
+[ "$1" != download ] || [ -e "$WORK/offline" ] || [ -e "$WORK/nolists" ] || echo "$3" >server.deb
+[ "$1" != update ] || rm -f "$WORK/nolists"
+[ ! -e "$WORK/offline" ] && { [ "$1" != download ] || [ -e server.deb ]; }'
+tool dpkg-deb 'mkdir -p "$3/usr/bin" && echo "one" >"$3/usr/bin/wsrep_sst_one"'
 tool sudo 'echo "sudo" >>"$WORK/calls"; exec "$@"'
 tool id 'cat "$WORK/uid"'
 tool npm 'echo "npm $*" >>"$WORK/calls"
@@ -47,7 +54,7 @@ mkdir -p node_modules/vazirmatn && printf "{\n  \"version\": \"33.0.3\"\n}\n" >n
 
 # Nothing else of this machine is in reach, least of all its own package tools.
 mkdir "$work/bin"
-for command in awk bash cat dirname env grep mkdir sed timeout; do
+for command in awk bash cat dirname env grep mkdir mv rm sed timeout; do
     ln -s "$(command -v "$command")" "$work/bin/$command"
 done
 
@@ -105,6 +112,23 @@ tool mvn true
 expect_status 0 'Java and Maven' setup run java
 [ ! -s "$calls" ] || fault "Java and Maven are there, and still called: $(cat "$calls")"
 expect_output 'Java and Maven' 'All 2 packages are there'
+
+# Scripts of a package that is not installed, once per version of the server.
+echo 2.0 >"$work/version"
+touch "$work/offline"
+expect_status 1 'unpacked, offline' setup unpacked
+expect_output 'unpacked, offline' 'Could not download: server'
+rm "$work/offline"
+touch "$work/nolists"
+expect_status 0 'unpacked' setup unpacked
+called 'apt-get download -q server=2.0' || fault "unpacked: $(cat "$calls")"
+called 'apt-get install' && fault 'unpacked: something was installed'
+[ "$(cat "$tree/build/unpacked/wsrep_sst_one")" = one ] || fault 'unpacked: the scripts are not there'
+expect_status 0 'unpacked again' setup unpacked
+[ ! -s "$calls" ] || fault "unpacked again: $(cat "$calls")"
+echo 2.1 >"$work/version"
+expect_status 0 'unpacked, another version' setup unpacked
+called 'apt-get download -q server=2.1' || fault "unpacked, another version: $(cat "$calls")"
 
 expect_status 2 'unknown section' setup runn
 expect_output 'unknown section' 'no section [runn]'

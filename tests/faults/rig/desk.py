@@ -20,9 +20,9 @@ class NoAnswer(AssertionError):
     """The desk did not answer in time."""
 
 
-def options(server, folder, *, port=None):
-    """How a program connects to the server, directly or through a wire."""
-    return ["--data-dir", folder, "--connect", f"127.0.0.1:{port or server.port}/{OFFICE}", "--user", ACCOUNT,
+def options(server, folder, *, port=None, address=None):
+    """How a program connects to the server, directly, through a wire, or to the nodes of a cluster."""
+    return ["--data-dir", folder, "--connect", f"{address or f'127.0.0.1:{port or server.port}'}/{OFFICE}", "--user", ACCOUNT,
             "--password-file", server.password_file]
 
 

@@ -16,8 +16,9 @@ from lib.processes import Processes
 
 from . import CLERK
 from .books import check as check_books
+from .cluster import Cluster
 from .desk import Desk, options
-from .server import Server
+from .server import OFFICE, Server
 from .wire import Wire
 
 
@@ -56,6 +57,15 @@ class Rig:
         self.server.start()
         return self.server
 
+    def open_cluster(self):
+        """Three nodes on a copy of the prepared office."""
+        shutil.copytree(self._arguments.office, os.path.join(self._folder, "server"))
+        # Of the server that made the office only its files are left, and the password of its account.
+        self.server = Server(self._processes, os.path.join(self._folder, "server"))
+        cluster = Cluster(self._processes, self._folder)
+        cluster.start(os.path.join(self._folder, "server", "data"), OFFICE)
+        return cluster
+
     def open_empty(self):
         """A server with an empty database."""
         self.server = Server(self._processes, os.path.join(self._folder, "server"))
@@ -79,10 +89,10 @@ class Rig:
     def wire(self):
         return Wire(self.server.port)
 
-    def desk(self, *, port=None, user=CLERK):
+    def desk(self, *, port=None, address=None, user=CLERK):
         """Another desk, logged in unless user is None."""
         self._count += 1
-        desk = Desk(self._processes, self._arguments.tzdesk, options(self.server, self._place(), port=port),
+        desk = Desk(self._processes, self._arguments.tzdesk, options(self.server, self._place(), port=port, address=address),
                     self._log("desk"), self._environment())
         if user is not None:
             desk.do("login", user)
