@@ -46,6 +46,7 @@ void AutomobilDemandColumns::bindDemand()
     RFX_Text(u"sDescSpecial", m_sDescSpecial, spelled(u"توضیحات ویز"));
     RFX_Date(u"dateReference", m_dateReference, spelled(u"تاریخ مراجعه"));
     RFX_Long(u"iFacilities", m_iFacilities, u"امکانات");
+    namesFrom(u"iFacilities", u"Items", u"iID", u"sName");
     RFX_Date(u"dateMaxTimeNeed", m_dateMaxTimeNeed, spelled(u"تاریخ حداکثر زمان نیاز"));
     RFX_Long(u"iStatus", m_iStatus, {});
 }

@@ -42,11 +42,13 @@ void AutomobilInformationColumns::bindVehicle()
     RFX_Long(u"iColor", m_iColor, u"رنگ");
     namesFrom(u"iColor", u"Items", u"iID", u"sName");
     RFX_Long(u"iCountry", m_iCountry, u"کشور");
+    namesFrom(u"iCountry", u"Items", u"iID", u"sName");
     RFX_Long(u"iFuel", m_iFuel, u"سوخت");
     RFX_Long(u"iNumOFAxles", m_iNumOFAxles, u"تعداد محور");
     RFX_Long(u"iNumOfWheels", m_iNumOfWheels, u"تعداد چرخ");
     RFX_Long(u"iNumOfCylinders", m_iNumOfCylinders, u"تعداد سيلندر");
     RFX_Long(u"iVolumCylinders", m_iVolumCylinders, u"حجم سيلندر");
+    namesFrom(u"iVolumCylinders", u"Items", u"iID", u"sName");
     RFX_Text(u"sChassisNum", m_sChassisNum, u"شماره شاسي");
     RFX_Text(u"sNumOfEngines", m_sNumOfEngines, u"شماره موتور");
     RFX_Text(u"sNumOfBodies", m_sNumOfBodies, u"شماره بدنه");
@@ -67,6 +69,7 @@ void AutomobilInformationColumns::bindSale()
     RFX_Text(u"sDescSpecial", m_sDescSpecial, u"توضيحات ويز");
     RFX_Date(u"dateIntroduction", m_dateIntroduction, u"تاريخ معرفي");
     RFX_Long(u"iSource", m_iSource, u"ماخذ");
+    namesFrom(u"iSource", u"Items", u"iID", u"sName");
     RFX_Bool(u"bSold", m_bSold, u"فروخته شده");
     RFX_Bool(u"bDocumentDeficit", m_bDocumentDeficit, {});
     RFX_Bool(u"bFractionalParts", m_bFractionalParts, {});
@@ -94,6 +97,7 @@ void AutomobilInformationColumns::bindSale()
     RFX_Double(u"dProfitAndLoss", m_dProfitAndLoss, u"سود و زيان");
     RFX_Date(u"dateClearance", m_dateClearance, u"تاريخ ترخيص");
     RFX_Long(u"iCustomsClearance", m_iCustomsClearance, u"گمرک ترخيص");
+    namesFrom(u"iCustomsClearance", u"Items", u"iID", u"sName");
     RFX_Text(u"sLicense", m_sLicense, u"شماره پروانه");
 }
 

@@ -78,6 +78,7 @@ void CTblAutomobilInformations::DoFieldExchange()
     RFX_Text(u"sNameInsurance", m_sNameInsurance, u"نام بيمه گذار");
     RFX_Text(u"sDiscountYears", m_sDiscountYears, u"تخفيف بيمه");
     RFX_Long(u"iBodyStatus", m_iBodyStatus, u"وضعيت بدنه");
+    namesFrom(u"iBodyStatus", u"Items", u"iID", u"sName");
     RFX_LongBlob(u"oPicture", m_oPicture, u"عکس");
     RFX_Long(u"iTypeDocument", m_iTypeDocument, u"نوع سند");
     RFX_Long(u"iYear", m_iYear, u"سال توليد");

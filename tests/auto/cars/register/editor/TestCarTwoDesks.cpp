@@ -161,6 +161,39 @@ private Q_SLOTS:
         QCOMPARE(stored("iAutomobilType,iModel"), u"%1/%2"_s.arg(m_office->peugeot).arg(m_office->modelPars));
     }
 
+    // Values that the other desk added after this window's drop-downs were filled are told by their names too.
+    void valueThatTheOtherDeskAddedIsToldByItsName_data()
+    {
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QString>("caption");
+        QTest::newRow("colour") << u"iColor"_s << u"رنگ"_s;
+        QTest::newRow("country") << u"iCountry"_s << u"کشور"_s;
+        QTest::newRow("source") << u"iSource"_s << u"ماخذ"_s;
+        QTest::newRow("body") << u"iBodyStatus"_s << u"وضعيت بدنه"_s;
+        QTest::newRow("system") << u"iSystem"_s << u"سيستم"_s;
+        QTest::newRow("engine") << u"iVolumCylinders"_s << u"حجم سيلندر"_s;
+        QTest::newRow("customs") << u"iCustomsClearance"_s << u"گمرک ترخيصي"_s;
+    }
+
+    void valueThatTheOtherDeskAddedIsToldByItsName()
+    {
+        QFETCH(QString, column);
+        QFETCH(QString, caption);
+        const int before = m_office->addItem(99, u"پیشین"_s);
+        const int mine = m_office->addItem(99, u"مال من"_s);
+        m_office->database().run(u"UPDATE AutomobilInformations SET %1=%2"_s.arg(column).arg(before));
+        auto dialog = opened();
+        const int added = m_office->addItem(99, u"تازه"_s);
+        m_office->database().run(u"UPDATE AutomobilInformations SET %1=%2"_s.arg(column).arg(added));
+        const bool isSale = column == u"iCustomsClearance"_s;
+        (isSale ? dialog->salePage()->form() : dialog->basePage()->form())->setKey(column, mine);
+        CDlgRowConflict::answerNext(Answer::TakeTheirs);
+        dialog->accept();
+        const QString shown = CDlgRowConflict::takeShown().join(u'|');
+        QVERIFY2(shown.startsWith(caption + u": "_s) && shown.contains(u"تازه"_s), qPrintable(shown));
+        QCOMPARE(m_office->database().value(u"SELECT %1 FROM AutomobilInformations"_s.arg(column)).toInt(), added);
+    }
+
     // Another desk gave the car another code; the line that shows it is not written.
     void codeThatIsOnlyShownIsNotWritten()
     {
