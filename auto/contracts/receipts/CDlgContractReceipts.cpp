@@ -38,20 +38,29 @@ KSecurity receiptSecurity()
 
 QVector<KListModel::Column> receiptColumns()
 {
-    return {{u"ردیف"_s, Qt::AlignCenter, 30},
-            {u"تاریخ"_s, Qt::AlignCenter, 60, {}, true},
-            {u"شخص"_s, Qt::AlignRight, 110},
-            {u"مبلغ"_s, Qt::AlignRight, 80},
-            {u"شرح"_s, Qt::AlignRight, 170},
-            {u"شماره سند"_s, Qt::AlignCenter, 50},
-            {u"وضعیت"_s, Qt::AlignRight, 130}};
+    return {{u"ردیف"_s, Qt::AlignCenter, 26},
+            {u"تاریخ"_s, Qt::AlignCenter, 50, {}, true},
+            {u"شخص"_s, Qt::AlignRight, 90},
+            {u"مبلغ"_s, Qt::AlignRight, 65},
+            {u"شرح"_s, Qt::AlignRight, 120},
+            {u"شماره سند"_s, Qt::AlignCenter, 45},
+            {u"وضعیت"_s, Qt::AlignRight, 50},
+            {u"ابطال"_s, Qt::AlignRight, 150}};
 }
 
 QString stateOf(const ContractReceipts::Entry &entry)
 {
     if (entry.isVoid)
-        return u"باطل (%1، %2): %3"_s.arg(CTblUsers::GetName(entry.voidUserID), shamsiText(entry.voidDate.date()), entry.voidReason);
-    return entry.receiptID == 0 ? u"پرداخت شده، بدون دریافت"_s : u"معتبر"_s;
+        return u"باطل"_s;
+    return entry.receiptID == 0 ? u"بدون سند"_s : u"معتبر"_s;
+}
+
+// Who made it void, when and why.
+QString voidingOf(const ContractReceipts::Entry &entry)
+{
+    if (!entry.isVoid)
+        return {};
+    return u"%1، %2: %3"_s.arg(CTblUsers::GetName(entry.voidUserID), shamsiText(entry.voidDate.date()), entry.voidReason);
 }
 
 KListModel::Row rowOf(int number, const ContractReceipts::Entry &entry, const QString &person)
@@ -63,7 +72,8 @@ KListModel::Row rowOf(int number, const ContractReceipts::Entry &entry, const QS
                          {DToMoney(entry.amount), entry.amount},
                          {entry.description},
                          entry.docNum > 0 ? KListModel::Cell{QString::number(entry.docNum), entry.docNum} : KListModel::Cell{},
-                         {stateOf(entry)}}};
+                         {stateOf(entry)},
+                         {voidingOf(entry)}}};
     row.warning = entry.isVoid;
     return row;
 }

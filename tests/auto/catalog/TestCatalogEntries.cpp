@@ -15,6 +15,8 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -168,6 +170,25 @@ private Q_SLOTS:
                        "+(SELECT COUNT(*) FROM CarClasses)"_s),
                  u"0"_s);
         QVERIFY(!CatalogEntries::record(CatalogLevel::Brand, brand));
+    }
+
+    void failureOfAnyStatementLeavesTheCatalogAsItWas_data()
+    {
+        QTest::addColumn<QString>("table");
+        for (const char *table : {"CarBrands", "CarModels", "CarClasses"})
+            QTest::newRow(table) << QString::fromLatin1(table);
+    }
+
+    void failureOfAnyStatementLeavesTheCatalogAsItWas()
+    {
+        QFETCH(QString, table);
+        const int brand = m_office->addBrand(u"پژو"_s);
+        m_office->addClass(m_office->addModel(brand, u"206"_s), u"تیپ 5"_s);
+        const auto asked = CatalogEntries::record(CatalogLevel::Brand, brand);
+        m_office->database().run(u"CREATE TRIGGER keep BEFORE DELETE ON %1 FOR EACH ROW SIGNAL SQLSTATE '45000'"_s.arg(table));
+        const auto drop = qScopeGuard([this] { m_office->database().run(u"DROP TRIGGER keep"_s); });
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, (void)CatalogEntries::remove(CatalogLevel::Brand, *asked));
+        QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM CarBrands)+(SELECT COUNT(*) FROM CarModels)+(SELECT COUNT(*) FROM CarClasses)"_s), u"3"_s);
     }
 
     void whatAnotherDidWhileTheUserWasAskedKeepsTheEntry_data()

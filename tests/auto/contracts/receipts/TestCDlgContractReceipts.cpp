@@ -20,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int stateColumn = 6;
+constexpr int voidingColumn = 7;
 
 }
 
@@ -97,7 +98,8 @@ private Q_SLOTS:
         dialog.voidButton()->click();
         QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
         QCOMPARE(value(u"SELECT iStatus FROM Receipts"_s), yes ? u"1"_s : u"0"_s);
-        QCOMPARE(dialog.list()->cellText(0, stateColumn).contains(u"دوبار ثبت شده"_s), yes);
+        QCOMPARE(dialog.list()->cellText(0, voidingColumn).contains(u"دوبار ثبت شده"_s), yes);
+        QCOMPARE(dialog.list()->cellText(0, stateColumn), yes ? u"باطل"_s : u"معتبر"_s);
         QCOMPARE(dialog.voidButton()->isEnabled(), !yes);
         QCOMPARE(dialog.reason()->text().isEmpty(), yes);
     }
