@@ -124,7 +124,8 @@ std::unique_ptr<KMySQL> CatalogEntries::record(CatalogLevel level, int key)
 bool CatalogEntries::remove(CatalogLevel level, KMySQL &asked)
 {
     struct InUse
-    {};
+    {
+    };
     const int key = asked.value(keyColumn).toInt();
     try {
         RowDeleting::run(asked, [&] {

@@ -66,6 +66,13 @@ class TestCDlgCalcPayment : public QObject
         dialog.receiveSelected();
     }
 
+    // As another desk receives the plan's second instalment.
+    int receiveElsewhere(int payment) const
+    {
+        return CTblReceipts::receive({m_person, 112, u"a"_s, GetDBSetting()->GetDBServerDate(), 110101,
+                                      InstalmentReceiving::purpose(m_contract, payment, 2)});
+    }
+
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
     void cleanupTestCase() { m_office.reset(); }
@@ -532,8 +539,7 @@ private Q_SLOTS:
         QStringList told;
         TestOffice::whenModal("CDlgCashFromPerson", [&](QWidget *window) {
             const int payment = value(u"SELECT iID FROM AutomobilPayments WHERE iNum=2"_s).toInt();
-            CTblReceipts::receive({.personID = m_person, .amount = 112, .desc = u"a"_s, .date = GetDBSetting()->GetDBServerDate(), .moeen = 110101,
-                                   .purpose = InstalmentReceiving::purpose(m_contract, payment, 2)});
+            receiveElsewhere(payment);
             auto *receipt = static_cast<QDialog *>(window);
             receipt->accept();
             told = g_pDlgWarning->takeShown();
@@ -556,9 +562,7 @@ private Q_SLOTS:
         const int payment = value(u"SELECT iID FROM AutomobilPayments WHERE iNum=2"_s).toInt();
         m_office->database().run(u"CREATE TRIGGER refuseMark BEFORE UPDATE ON AutomobilPayments FOR EACH ROW SIGNAL SQLSTATE '45000'"_s);
         const auto drop = qScopeGuard([this] { m_office->database().run(u"DROP TRIGGER refuseMark"_s); });
-        QVERIFY_THROWS_EXCEPTION(CMySQLException,
-                                 CTblReceipts::receive({.personID = m_person, .amount = 112, .desc = u"a"_s, .date = GetDBSetting()->GetDBServerDate(),
-                                                        .moeen = 110101, .purpose = InstalmentReceiving::purpose(m_contract, payment, 2)}));
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, receiveElsewhere(payment));
         QCOMPARE(value(u"SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"_s), u"0"_s);
     }
 
@@ -567,9 +571,7 @@ private Q_SLOTS:
         storePlan();
         const int payment = value(u"SELECT iID FROM AutomobilPayments WHERE iNum=2"_s).toInt();
         m_office->database().run(u"DELETE FROM AutomobilPayments"_s);
-        QVERIFY_THROWS_EXCEPTION(KAccountingError,
-                                 CTblReceipts::receive({.personID = m_person, .amount = 112, .desc = u"a"_s, .date = GetDBSetting()->GetDBServerDate(),
-                                                        .moeen = 110101, .purpose = InstalmentReceiving::purpose(m_contract, payment, 2)}));
+        QVERIFY_THROWS_EXCEPTION(KAccountingError, receiveElsewhere(payment));
         QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     }
 

@@ -56,7 +56,11 @@ class TestContractReceipts : public QObject
     int addInstalment(int number, double amount, bool paid)
     {
         m_office->database().run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID,iNum,dAmount,iStatus,date) "
-                                 "VALUES(%1,%2,%3,%4,%5,NOW())"_s.arg(m_contract->key).arg(m_contract->buyer).arg(number).arg(amount).arg(paid ? 1 : 0));
+                                 "VALUES(%1,%2,%3,%4,%5,NOW())"_s.arg(m_contract->key)
+                                     .arg(m_contract->buyer)
+                                     .arg(number)
+                                     .arg(amount)
+                                     .arg(paid ? 1 : 0));
         return value(u"SELECT MAX(iID) FROM AutomobilPayments"_s).toInt();
     }
 
