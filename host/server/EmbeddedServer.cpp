@@ -29,6 +29,8 @@ Q_LOGGING_CATEGORY(lcServer, "tz.server")
 
 constexpr int pulseMilliseconds = 50;
 constexpr int readyPollMilliseconds = 10;
+// For a server that was left behind to end by itself.
+constexpr int leftoverLimitMilliseconds = 1500;
 
 void tell(const EmbeddedServer::Progress &progress, const QString &text)
 {
@@ -151,16 +153,21 @@ void EmbeddedServer::endLeftovers(const Progress &progress)
         qCInfo(lcServer) << "ending a server that was left behind, process" << process;
         platform::askToStop(process);
     }
+    bool forced = false;
     while (!left.isEmpty()) {
         tell(progress, waiting);
         QThread::msleep(pulseMilliseconds);
         left = platform::processesWithArgument(argument);
-        if (timer.elapsed() > m_options.startLimitMilliseconds) {
+        if (timer.elapsed() > m_options.startLimitMilliseconds)
+            throw ServerError(ServerError::Kind::InUse,
+                              u"سرور قبلی پایگاه داده پوشه %1 پایان نمی‌یابد؛ رایانه را دوباره راه‌اندازی نمایید."_s
+                                  .arg(ServerError::shownPath(m_folder.path())),
+                              u"an earlier server does not end"_s);
+        // Nobody waits for its answers any more, and what it had saved stays saved: the next start recovers it from the log.
+        if (!forced && timer.elapsed() > leftoverLimitMilliseconds) {
             for (const qint64 process : std::as_const(left))
                 platform::forceStop(process);
-            if (timer.elapsed() > m_options.startLimitMilliseconds + 5000)
-                throw ServerLog(m_folder).error(ServerError::Kind::InUse,
-                                                u"an earlier server does not end"_s);
+            forced = true;
         }
     }
     QFile::remove(m_settings.socketPath);

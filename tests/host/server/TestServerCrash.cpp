@@ -48,6 +48,7 @@ private Q_SLOTS:
     void aServerThatIsStoppedIsNotReported();
     void killingTheProgramEndsTheServerAndTheNextStartIsClean();
     void aStartRightAfterTheProgramWasKilledIsClean();
+    void aServerLeftBehindThatDoesNotEndIsEndedSoon();
 
 private:
     void startHolder(QProcess &holder, qint64 *server);
@@ -178,6 +179,34 @@ void TestServerCrash::aStartRightAfterTheProgramWasKilledIsClean()
     QVERIFY(server.isRunning());
     QVERIFY(server.processId() != left);
     QVERIFY(!platform::isAlive(left));
+}
+
+// A server may take long to end, and one that was halted never does. What it had saved stays saved.
+void TestServerCrash::aServerLeftBehindThatDoesNotEndIsEndedSoon()
+{
+    QProcess holder;
+    qint64 left = 0;
+    startHolder(holder, &left);
+    KConnectionSettings settings;
+    settings.socketPath = folder().socketPath(u"db"_s);
+    settings.user = EmbeddedServer::Options::databaseName();
+    settings.database = EmbeddedServer::Options::databaseName();
+    settings.password = ServerConfig(folder(), m_options).storedPassword();
+    KConnection::configure(0, settings);
+    keepTwoRows();
+    QCOMPARE(QProcess::execute(u"kill"_s, {u"-STOP"_s, QString::number(left)}), 0);
+    holder.kill();
+    QVERIFY(holder.waitForFinished());
+    QVERIFY(platform::isAlive(left));
+
+    EmbeddedServer server(folder(), m_options);
+    int pulses = 0;
+    server.start([&pulses](const QString &waitingFor) { pulses += waitingFor.contains(u"سرور قبلی"_s) ? 1 : 0; });
+    QVERIFY(!platform::isAlive(left));
+    // Twenty a second: two seconds.
+    QVERIFY2(pulses > 0 && pulses <= 40, qPrintable(QString::number(pulses)));
+    KConnection::configure(0, server.connectionSettings());
+    QCOMPARE(countOfKept(), u"2"_s);
 }
 
 static const RegisteredTest<TestServerCrash, QCoreApplication> registeredServerCrash;
