@@ -11,12 +11,16 @@
 #include "host/frame/HostLook.h"
 #include "host/desk/MainWindow.h"
 #include "host/start/OfficeServer.h"
+#include "host/server/ServerDamage.h"
+#include "host/server/ServerLog.h"
+#include "host/server/TableNames.h"
 #include "host/server/WayBack.h"
 #include "suite/accounting/books/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/values/KSettings.h"
@@ -102,11 +106,23 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
 {
     connect(&m_lock, &InstanceLock::raiseRequested, this, &HostProgram::raiseWindow);
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
+    KErrorText::setDamageText([this](const QStringList &tables) { return damageText(tables); });
 }
 
 HostProgram::~HostProgram()
 {
     shutDown();
+    KErrorText::setDamageText({});
+}
+
+// Where an error names no table, the private server's log names the file.
+QString HostProgram::damageText(const QStringList &tables) const
+{
+    if (!m_server)
+        return u"جدول «%1» روی سرور دفتر آسیب دیده یا گم شده است."_s.arg(TableNames::shown(tables.constFirst())) + u'\n' + WayBack::ofOfficeServer();
+    const std::optional<ServerDamage> logged = ServerDamage::in(ServerLog(m_folder).tail(200));
+    const bool isMeant = logged && tables.contains(logged->table());
+    return (isMeant ? *logged : ServerDamage::ofTable(tables.constFirst())).message(m_folder);
 }
 
 int HostProgram::run()

@@ -46,6 +46,7 @@ private:
     bool restartServer();
     void raiseWindow();
     void shutDown();
+    QString damageText(const QStringList &tables) const;
     // The first window that takes input is on the screen: the start is over.
     void loginShown();
 

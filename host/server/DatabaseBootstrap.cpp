@@ -7,6 +7,7 @@
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerError.h"
 #include "host/server/ServerLog.h"
+#include "host/server/WayBack.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -52,7 +53,8 @@ bool DatabaseBootstrap::exists() const
     throw ServerError(
         ServerError::Kind::Damaged,
         u"پوشه %1 پایگاه داده کاملی نیست؛ آن را از نسخه پشتیبان بازگردانید یا کنار بگذارید."_s
-            .arg(ServerError::shownPath(m_folder.databasePath())),
+                .arg(ServerError::shownPath(m_folder.databasePath()))
+            + u'\n' + WayBack(m_folder).withNewDatabase(),
         u"%1 holds no system tables"_s.arg(m_folder.databasePath()));
 }
 

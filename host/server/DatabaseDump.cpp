@@ -3,20 +3,20 @@
 
 #include "host/server/DatabaseDump.h"
 
+#include "host/server/DumpFiles.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerLog.h"
+#include "host/server/TableNames.h"
 #include "host/server/ToolProcess.h"
 #include "suite/db/KLongWork.h"
 
 #include <QDateTime>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryFile>
 
-#include <algorithm>
 #include <mysql.h>
 
 using namespace Qt::StringLiterals;
@@ -45,10 +45,21 @@ QString wordsOf(QTemporaryFile &file)
     return QString::fromUtf8(file.readAll()).trimmed();
 }
 
+QString damagedTableMessage(const QString &table)
+{
+    return u"نسخه پشتیبان ساخته نشد، چون جدول «%1» آسیب دیده یا گم شده است."_s.arg(TableNames::shown(table));
+}
+
 ServerError failed(const QString &userMessage, const QString &folder, const QString &detail)
 {
     if (ServerLog::knownFailure(detail) == ServerError::Kind::DiskFull)
         return {ServerError::Kind::DiskFull, DataFolder(folder).diskFullMessage(), detail};
+    // Couldn't execute 'show create table `Persons`': ... (1877), or: Error 1034: ... when dumping table `Persons` at row: 20
+    static const QRegularExpression damage(u"(?:Error |\\()(?:1016|1017|1030|1033|1034|1035|1194|1195|1712|1812|1877|1932)\\b"_s);
+    static const QRegularExpression table(u"table `(\\w+)`"_s);
+    if (damage.match(detail).hasMatch())
+        return {ServerError::Kind::Damaged,
+                damagedTableMessage(table.match(detail).captured(1)), detail};
     return {ServerError::Kind::DumpFailed, userMessage, detail};
 }
 
@@ -100,6 +111,7 @@ QString DatabaseDump::take(const Progress &progress) const
     try {
         // Asked first: it finds the node that answers, where several are named.
         const qint64 expected = sizeOfTables();
+        requireDefinitions();
         const auto options = privateFile(ServerConfig::clientOptions(KConnection::atNodeInUse(m_settings)));
         const auto words = privateFile();
         ToolProcess dump;
@@ -151,6 +163,28 @@ qint64 DatabaseDump::sizeOfTables() const
     return row && row[0] ? QByteArray(row[0]).toLongLong() : 0;
 }
 
+// A table whose definition is lost would be left out without a word.
+void DatabaseDump::requireDefinitions() const
+{
+    QString lost;
+    try {
+        KConnection connection(m_settings);
+        const QStringList defined = tablesOf(connection, m_settings.database);
+        const KConnection::Result stored = connection.run(KSql("SELECT NAME FROM information_schema.INNODB_SYS_TABLES"));
+        while (const MYSQL_ROW row = mysql_fetch_row(stored.get())) {
+            const QString table = QString::fromUtf8(row[0]);
+            const QString name = table.section(u'/', 1);
+            // With a # in it: a table of the server's own, for a moment.
+            if (table.startsWith(m_settings.database + u'/') && !name.contains(u'#') && !defined.contains(name, Qt::CaseInsensitive))
+                lost = name;
+        }
+    } catch (const CMySQLException &) {
+        // An office server does not tell every account, and some servers tell nobody.
+    }
+    if (!lost.isEmpty())
+        throw ServerError(ServerError::Kind::Damaged, damagedTableMessage(lost), u"the definition of "_s + lost + u" is lost"_s);
+}
+
 bool DatabaseDump::isWhole(const QString &file)
 {
     QFile dump(file);
@@ -162,18 +196,7 @@ bool DatabaseDump::isWhole(const QString &file)
 
 QStringList DatabaseDump::existing() const
 {
-    const QRegularExpression pattern(
-        u"^%1-\\d{8}-\\d{6}(-\\d+)?$"_s.arg(QRegularExpression::escape(m_settings.database)));
-    QStringList names;
-    const QFileInfoList files = QDir(m_folder).entryInfoList({u"*.sql"_s}, QDir::Files);
-    for (const QFileInfo &file : files) {
-        if (pattern.match(file.completeBaseName()).hasMatch())
-            names << file.completeBaseName();
-    }
-    std::sort(names.begin(), names.end(), std::greater<>());
-    for (QString &each : names)
-        each = u"%1/%2.sql"_s.arg(m_folder, each);
-    return names;
+    return DumpFiles::in(m_folder, m_settings.database);
 }
 
 void DatabaseDump::restore(const QString &file, const Progress &progress) const

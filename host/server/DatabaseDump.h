@@ -23,7 +23,7 @@ public:
 
     // Writes folder/<database>-<yyyyMMdd-HHmmss>.sql, mode 0600, as of one moment while others go on working. It is
     // written under another name and renamed when complete, so a file of that name is always whole. Returns its path. Throws
-    // ServerError DumpFailed, DiskFull, ProgramMissing or Cancelled; nothing is left then.
+    // ServerError DumpFailed, Damaged, DiskFull, ProgramMissing or Cancelled; nothing is left then.
     QString take(const Progress &progress = {}) const;
     // Replaces all tables of the database with those of the file. The file is loaded elsewhere first and swapped in one
     // step, so that a failure or a cancel leaves the database as it was. The database's views, triggers and routines
@@ -37,6 +37,7 @@ public:
 private:
     QString freeFileName() const;
     qint64 sizeOfTables() const;
+    void requireDefinitions() const;
     void load(const QString &file, const QString &database, const Progress &progress) const;
     void exchangeTables(const QString &aside) const;
 

@@ -6,6 +6,7 @@
 #include "host/server/DatabaseBootstrap.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
+#include "host/server/ServerDamage.h"
 #include "host/server/ServerLog.h"
 #include "host/server/ServerState.h"
 #include "host/server/ToolProcess.h"
@@ -190,9 +191,12 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
         requireRoom(m_options.freeMiBForNewDatabase);
         QFile::remove(m_folder.statePath());
         bootstrap.create(m_settings.password, [&](qint64) { tell(progress, waiting); });
-    } else if (!accountKnown) {
-        makeAccountAnew(progress);
+        return;
     }
+    if (const std::optional<ServerDamage> damage = ServerDamage::in(m_folder))
+        throw ServerError(ServerError::Kind::Damaged, damage->message(m_folder), u"missing or empty: "_s + damage->file);
+    if (!accountKnown)
+        makeAccountAnew(progress);
 }
 
 // A folder that was restored without its client.cnf, or with another one, opens all the same: the owner of the files

@@ -22,7 +22,7 @@ public:
         Timeout,           // the server did not answer within the limit
         EndedUnexpectedly, // the server ended while the program was using it
         DiskFull,          // no room left on the folder's disk
-        Damaged,           // the database folder exists but holds no database
+        Damaged,           // a file of the database is damaged or gone; the message says which, and the way to a backup
         OlderServer,       // the folder was last used by a newer server than the installed one
         UpgradeFailed,     // the folder could not be brought to the installed server's version, or the database to the program's
         VersionLost,       // the tables hold rows, but the version of their schema is gone

@@ -3,6 +3,8 @@
 
 #include "host/server/ServerLog.h"
 
+#include "host/server/ServerDamage.h"
+
 #include <QFile>
 #include <QStringList>
 
@@ -96,6 +98,12 @@ std::optional<ServerError::Kind> ServerLog::knownFailure(const QString &text)
 ServerError ServerLog::error(ServerError::Kind otherwise, const QString &detail) const
 {
     // A server that crashes writes at length about itself after the cause.
-    const ServerError::Kind kind = knownFailure(tail(200)).value_or(otherwise);
-    return {kind, messageFor(kind, m_folder), detail + QLatin1Char('\n') + tail()};
+    const QString words = tail(200);
+    const std::optional<ServerError::Kind> known = knownFailure(words);
+    const std::optional<ServerDamage> damage = known ? std::nullopt : ServerDamage::in(words);
+    const QString technical = detail + QLatin1Char('\n') + tail();
+    if (damage)
+        return {ServerError::Kind::Damaged, damage->message(m_folder), technical};
+    const ServerError::Kind kind = known.value_or(otherwise);
+    return {kind, messageFor(kind, m_folder), technical};
 }

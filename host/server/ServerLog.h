@@ -20,7 +20,7 @@ public:
     QString tail(int lines = 20) const;
     // The failure that the log names, if it is a known one; otherwise nothing.
     static std::optional<ServerError::Kind> knownFailure(const QString &text);
-    // The error for a server that failed: a known failure of the log, or otherwise the given kind.
+    // The error for a server that failed: a known failure of the log, the damaged file that it names, or otherwise the given kind.
     ServerError error(ServerError::Kind otherwise, const QString &detail) const;
 
 private:

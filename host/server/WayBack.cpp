@@ -3,7 +3,8 @@
 
 #include "host/server/WayBack.h"
 
-#include "host/server/DatabaseDump.h"
+#include "host/server/DumpFiles.h"
+#include "host/server/ServerError.h"
 #include "host/server/ServerOptions.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -41,10 +42,8 @@ QString dateOf(const QString &dump)
 
 WayBack::WayBack(const DataFolder &folder)
     : m_folder(folder)
+    , m_dumps(DumpFiles::in(folder.backupsPath(), ServerOptions::databaseName()))
 {
-    KConnectionSettings settings;
-    settings.database = ServerOptions::databaseName();
-    m_dumps = DatabaseDump(settings, folder.backupsPath()).existing();
 }
 
 QString WayBack::command() const
@@ -70,7 +69,7 @@ QString WayBack::whileServerRuns() const
         + leftToRight(command());
 }
 
-QString WayBack::withoutServer() const
+QString WayBack::withNewDatabase() const
 {
     const QString aside = m_folder.databasePath() + u"-damaged"_s;
     if (m_dumps.isEmpty())

@@ -14,8 +14,8 @@ public:
 
     // The program has started its server: the dump is loaded while the message is open.
     QString whileServerRuns() const;
-    // The server does not start on the database folder: that is put aside first.
-    QString withoutServer() const;
+    // The files of the database are damaged: its folder is put aside first, and a new one made.
+    QString withNewDatabase() const;
     // The backups are the server's own.
     static QString ofOfficeServer();
 

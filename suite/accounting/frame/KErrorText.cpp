@@ -3,6 +3,7 @@
 
 #include "suite/accounting/frame/KErrorText.h"
 
+#include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/db/CMySQLException.h"
 
@@ -61,6 +62,17 @@ QString maskedMessage(QString message)
     return message.replace(quoted, u"?"_s).simplified();
 }
 
+std::function<QString(const QStringList &)> &damageText()
+{
+    static std::function<QString(const QStringList &)> text;
+    return text;
+}
+
+QString textOfDamage(const QStringList &tables)
+{
+    return damageText() ? damageText()(tables) : u"جدول «%1» در پایگاه داده آسیب دیده یا گم شده است."_s.arg(tables.constFirst());
+}
+
 QString databaseLogText(const CMySQLException &error)
 {
     QString text = u"database, "_s + categoryName(error.category())
@@ -83,12 +95,18 @@ QString KErrorText::maskedStatement(const QString &statement)
     return masked.simplified().left(longestLoggedStatement);
 }
 
+void KErrorText::setDamageText(std::function<QString(const QStringList &)> text)
+{
+    damageText() = std::move(text);
+}
+
 QString KErrorText::userMessage(const std::exception_ptr &error)
 {
     try {
         std::rethrow_exception(error);
     } catch (const CMySQLException &known) {
-        return known.userMessage();
+        const QStringList damaged = DamagedTable::namedBy(known);
+        return damaged.isEmpty() ? known.userMessage() : textOfDamage(damaged);
     } catch (const KAccountingError &known) {
         return known.userMessage();
     } catch (const std::bad_alloc &) {

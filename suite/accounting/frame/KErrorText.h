@@ -5,9 +5,10 @@
 
 #include "suite/accounting/TzAccountingDataExport.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <exception>
+#include <functional>
 
 // What an error is in words: one sentence for the user, and the technical text for the log.
 class TZACCOUNTINGDATA_EXPORT KErrorText
@@ -15,6 +16,8 @@ class TZACCOUNTINGDATA_EXPORT KErrorText
 public:
     // The sentence for the user.
     static QString userMessage(const std::exception_ptr &error);
+    // Who knows what to say of damaged tables, given those of DamagedTable. Null: the message names the table and no more.
+    static void setDamageText(std::function<QString(const QStringList &tables)> text);
     // The text for the log: category, server code and message; the statement with every value in it masked.
     static QString logText(const std::exception_ptr &error);
     // The statement with its quoted texts and numbers replaced by "?".
