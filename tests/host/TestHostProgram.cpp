@@ -48,6 +48,8 @@ private Q_SLOTS:
     void demoOfficeIsFilledOnce();
     void anotherUserCanLogIn();
     void folderThatCannotBeUsedIsTold();
+    void damagedFileIsNamedAtTheStart_data();
+    void damagedFileIsNamedAtTheStart();
 
 private:
     // Runs the program and calls step every few milliseconds with the window that takes input, until the program ends.
@@ -374,6 +376,36 @@ void TestHostProgram::folderThatCannotBeUsedIsTold()
     const QStringList shown = g_pDlgWarning->takeShown();
     QCOMPARE(shown.size(), 1);
     QVERIFY2(shown.constFirst().contains(m_options.dataDir), qPrintable(shown.constFirst()));
+}
+
+void TestHostProgram::damagedFileIsNamedAtTheStart_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("system file") << u"ibdata1"_s << u"database/ibdata1"_s;
+    QTest::newRow("table of the users") << u"tzauto/Users.ibd"_s << u"«کاربران»"_s;
+    QTest::newRow("table of the versions") << u"tzauto/Properties.ibd"_s << u"«تنظیمات»"_s;
+    QTest::newRow("definition of the contracts") << u"tzauto/AutomobilContracts.frm"_s << u"«قراردادها»"_s;
+}
+
+void TestHostProgram::damagedFileIsNamedAtTheStart()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, named);
+    makeOffice();
+    g_pDlgWarning->takeShown();
+    const QString backups = m_options.dataDir + u"/backups"_s;
+    QFile dump(backups + u"/tzauto-20260321-080000.sql"_s);
+    QVERIFY(dump.open(QIODevice::WriteOnly));
+    dump.close();
+    QFile damaged(m_options.dataDir + u"/database/"_s + file);
+    QVERIFY(file.endsWith(u"frm"_s) ? damaged.remove() : damaged.resize(0));
+    QCOMPARE(drive([](QWidget *window) { window->close(); }), 1);
+    const QStringList shown = g_pDlgWarning->takeShown();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY2(shown.first().contains(named), qPrintable(shown.first()));
+    QVERIFY2(shown.first().contains(u"tzauto-20260321-080000.sql\u2069 (1405/01/01 08:00)"_s), qPrintable(shown.first()));
+    QVERIFY(shown.first().contains(u"mariadb --defaults-file="_s));
 }
 
 static const RegisteredTest<TestHostProgram, QApplication> registeredHostProgram;
