@@ -6,6 +6,7 @@
 #include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
@@ -136,6 +137,7 @@ void CDlgCustomFieldDefinitions::deleteField()
         || g_pDlgYesNo->Ask(u"با حذف این فیلد، مقدار آن در همه رکوردها هم حذف می شود. آیا اطمینان دارید؟"_s, this)
             == KMessageDialog::No)
         return;
-    CTblCustomFields::remove(fieldID);
+    // One that is gone by now is told; the list shows it.
+    KErrorBoundary::guarded(this, [&] { CTblCustomFields::remove(fieldID); });
     fill(0);
 }

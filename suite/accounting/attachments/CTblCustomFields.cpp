@@ -66,10 +66,14 @@ void CTblCustomFields::settle(qint32 key)
 
 void CTblCustomFields::remove(int fieldID, int database)
 {
-    KTransaction transaction(database);
-    CTblTemp temp(database);
-    temp.Open(false, false, true);
-    temp.FormatAndExecuteQuery("DELETE FROM CustomFieldRecords WHERE iFieldID=%d", fieldID);
-    temp.FormatAndExecuteQuery("DELETE FROM CustomFields WHERE iID=%d", fieldID);
-    transaction.commit();
+    KTransaction::runReplayable(
+        [&] {
+            CTblCustomFields field(database);
+            if (!field.lockRecord(fieldID))
+                throw RowChanged(RowChanged::Kind::Gone, field, fieldID);
+            CTblTemp temp(database);
+            temp.FormatAndExecuteQuery("DELETE FROM CustomFieldRecords WHERE iFieldID=%d", fieldID);
+            field.Delete();
+        },
+        database);
 }

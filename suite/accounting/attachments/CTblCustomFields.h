@@ -32,7 +32,7 @@ public:
     // Between the entries of a field and its row: brings the name into standard form. Throws FieldRefused for an empty one or one
     // that another field than that of the key has.
     void settle(qint32 key);
-    // Deletes the field with the values that records hold for it, in one transaction.
+    // Deletes the field with the values that records hold for it, in one transaction. Throws RowChanged for one that is gone.
     static void remove(int fieldID, int database = 0);
 
     qint32 m_iID = 0;

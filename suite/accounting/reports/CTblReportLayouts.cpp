@@ -99,7 +99,9 @@ void CTblReportLayouts::settle(qint32 key)
 
 void CTblReportLayouts::remove(const QString &group, const QString &report, const QString &name)
 {
-    CTblTemp temp;
-    temp.Open(false, false, true);
-    temp.ExecuteQuery("DELETE FROM ReportLayouts WHERE " + ofName(group, report, name));
+    CTblReportLayouts set;
+    set.m_filter = ofName(group, report, name);
+    set.Open(true, true, true);
+    if (!set.IsEOF())
+        set.Delete();
 }

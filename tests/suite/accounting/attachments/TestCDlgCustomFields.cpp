@@ -264,11 +264,14 @@ void TestCDlgCustomFields::renameOfTwoDesksIsAskedAbout()
     // One that is gone is told and no longer listed.
     list->selectKey(m_number);
     const int fields = list->count();
-    m_office.database.run(u"DELETE FROM CustomFields WHERE iID=%1"_s.arg(m_number));
+    CTblCustomFields::remove(m_number);
     name->setText(u"تازه"_s);
     window.renameField();
-    QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+    const QStringList told = g_pDlgWarning->takeShown();
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.constFirst().startsWith(u"کاربر «admin» در "_s), qPrintable(told.constFirst()));
     QCOMPARE(list->count(), fields - 1);
+    QVERIFY_THROWS_EXCEPTION(RowChanged, CTblCustomFields::remove(m_number));
 }
 
 void TestCDlgCustomFields::definitionsWindowAddsRenamesAndDeletes()
