@@ -152,6 +152,7 @@ private Q_SLOTS:
     void entryThatComesLaterCounts();
     void windowWithoutAnOkButtonHoldsNoWork();
     void windowThatIsSavingCannotBeClosed();
+    void secondPressIsTheSamePress();
     void modalWindowsCloseFromTheTop();
     void sizeIsRemembered();
     void sizeOfAnotherNameIsNotTaken();
@@ -479,6 +480,26 @@ void TestKDialog::windowThatIsSavingCannotBeClosed()
     QCOMPARE(dialog.okCount, 1);
     QCOMPARE(dialog.cancelCount, 0);
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
+}
+
+// A second press that comes while the first one is at work, or after it has closed the window.
+void TestKDialog::secondPressIsTheSamePress()
+{
+    SampleDialog dialog;
+    showActive(dialog);
+    dialog.whileSaving = [&dialog] { dialog.button(QDialogButtonBox::AcceptRole)->click(); };
+    dialog.agrees = false;
+    dialog.accept();
+    QCOMPARE(dialog.okCount, 1);
+    // Refused, it may be pressed again.
+    dialog.agrees = true;
+    dialog.accept();
+    dialog.accept();
+    QCOMPARE(dialog.okCount, 2);
+    // Shown again, the window works again.
+    showActive(dialog);
+    dialog.accept();
+    QCOMPARE(dialog.okCount, 3);
 }
 
 void TestKDialog::modalWindowsCloseFromTheTop()
