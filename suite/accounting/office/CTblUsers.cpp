@@ -153,9 +153,7 @@ std::optional<int> CTblUsers::verify(const QString &user, const QString &passwor
     if (crypto_pwhash_str_needs_rehash(set.m_sPasswordHash.toLatin1().constData(), cost.operations, cost.memoryBytes) != 0) {
         // A login must not fail because the stronger hash could not be stored.
         try {
-            set.Edit();
-            set.m_sPasswordHash = hashed(bytes);
-            set.Update(true);
+            renewHash(set, hashed(bytes));
         } catch (const CMySQLException &error) {
             qCWarning(lcUsers) << "a password hash was not renewed, error" << error.serverCode();
         }
@@ -201,6 +199,21 @@ void CTblUsers::setActive(int userID, bool active, int database)
             user.Update(true);
         },
         database);
+}
+
+// A password that has been changed since it was verified stays.
+void CTblUsers::renewHash(const CTblUsers &verified, const QString &hash)
+{
+    KTransaction::runReplayable(
+        [&] {
+            CTblUsers user(verified.database());
+            if (!user.lockRecord(verified.m_iID) || user.m_sPasswordHash != verified.m_sPasswordHash)
+                return;
+            user.Edit();
+            user.m_sPasswordHash = hash;
+            user.Update(true);
+        },
+        verified.database());
 }
 
 void CTblUsers::lockForChange(qint32 key)

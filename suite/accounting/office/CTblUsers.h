@@ -68,5 +68,6 @@ protected:
     bool isLogged() const override { return true; }
 
 private:
+    static void renewHash(const CTblUsers &verified, const QString &hash);
     void lockForChange(qint32 key);
 };

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void emptyNameOrPasswordIsRefused();
     void inactiveUserIsRefused();
     void hashOfAnotherCostIsRenewedAtLogin();
+    void renewedHashDoesNotUndoAChangedPassword();
     void unknownUserCostsAHashLikeAKnownOne();
     void changedPasswordReplacesTheOldOne();
     void passwordReachesNeitherLogNorStatement();
@@ -139,6 +140,24 @@ void TestCTblUsers::hashOfAnotherCostIsRenewedAtLogin()
     QVERIFY(CTblUsers::verify(u"old"_s, u"x"_s));
     QVERIFY(storedHash(id).contains(u"m=1024,t=2"_s));
     QVERIFY(CTblUsers::verify(u"old"_s, u"x"_s));
+}
+
+// The login of one desk makes the hash anew while another desk changes the password.
+void TestCTblUsers::renewedHashDoesNotUndoAChangedPassword()
+{
+    const int id = CTblUsers::create(u"changed"_s, u"x"_s, QString(), false);
+    CTblUsers::setHashCost({2, 1024 * 1024});
+    const QString changed = CTblUsers::hashOf(u"y"_s);
+    KConnection::setStatementObserver([&](const QString &statement) {
+        if (!statement.startsWith(u"START TRANSACTION"_s))
+            return;
+        KConnection::setStatementObserver({});
+        m_office.database.run(u"UPDATE Users SET sPasswordHash='%1' WHERE iID=%2"_s.arg(changed).arg(id));
+    });
+    QVERIFY(CTblUsers::verify(u"changed"_s, u"x"_s));
+    KConnection::setStatementObserver({});
+    QCOMPARE(storedHash(id), changed);
+    QVERIFY(CTblUsers::verify(u"changed"_s, u"y"_s));
 }
 
 void TestCTblUsers::unknownUserCostsAHashLikeAKnownOne()
