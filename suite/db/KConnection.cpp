@@ -202,9 +202,8 @@ void KConnection::introduce()
         return;
     handle();
     m_introduced = identity;
-    (void)wait(m_settings.lockWaitSeconds, [&](ServerWait &wait) {
-        return ClientCalls::query(wait, m_handle, LockHolder::introduction(identity));
-    });
+    for (const QByteArray &statement : {LockHolder::introduction(identity), LockHolder::removalOfOldIntroductions()})
+        (void)wait(m_settings.lockWaitSeconds, [&](ServerWait &wait) { return ClientCalls::query(wait, m_handle, statement); });
 }
 
 int KConnection::answerSeconds() const

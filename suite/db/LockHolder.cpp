@@ -59,6 +59,11 @@ QByteArray LockHolder::introduction(const QString &identity)
         + ",UTC_TIMESTAMP()) ON DUPLICATE KEY UPDATE sText=VALUES(sText),dateSeen=VALUES(dateSeen)";
 }
 
+QByteArray LockHolder::removalOfOldIntroductions()
+{
+    return "DELETE FROM Leases WHERE sName LIKE 'connection/%' AND dateSeen<UTC_TIMESTAMP()-INTERVAL 7 DAY";
+}
+
 QString LockHolder::of(const KConnectionSettings &settings, const KServerAddress &node, unsigned long connectionNumber)
 {
     const Handle handle(ClientCalls::makeHandle(settings, longestAnswer, longestAnswer, "SET NAMES utf8mb4"), &mysql_close);

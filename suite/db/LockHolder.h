@@ -14,6 +14,8 @@ namespace LockHolder {
 
 // The statement by which the connection that runs it tells the others who it is. It writes a row of Leases.
 QByteArray introduction(const QString &identity);
+// The statement that removes introductions of connections that are long gone, or about to be.
+QByteArray removalOfOldIntroductions();
 
 // Who holds the row that the connection of that number, on that node, is waiting for: how the holder introduced itself, else its
 // account and computer. Empty when it waits for none, or the server does not say. Answers within about two seconds.

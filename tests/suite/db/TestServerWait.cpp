@@ -93,6 +93,12 @@ class TestServerWait : public QObject
         return settings;
     }
 
+    void createLeases()
+    {
+        m_database.run(u"CREATE OR REPLACE TABLE Leases(sName VARCHAR(100) PRIMARY KEY,sHolder VARCHAR(200) NOT NULL,"
+                       "sText VARCHAR(200) CHARACTER SET utf8mb4,dateSeen DATETIME NOT NULL)"_s);
+    }
+
 private Q_SLOTS:
     void init()
     {
@@ -263,8 +269,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, identity);
         QFETCH(QString, named);
-        m_database.run(u"CREATE OR REPLACE TABLE Leases(sName VARCHAR(100) PRIMARY KEY,sHolder VARCHAR(200) NOT NULL,"
-                       "sText VARCHAR(200) CHARACTER SET utf8mb4,dateSeen DATETIME NOT NULL)"_s);
+        createLeases();
         const qint32 key = addSample(u"a"_s);
         KConnection::configure(0, settings(30, 3));
         KConnection::setIdentity(identity);
@@ -277,6 +282,18 @@ private Q_SLOTS:
                                 nullptr, &message),
                  Category::LockWait);
         QVERIFY2(message.contains(named), qPrintable(message));
+    }
+
+    void introductionsDoNotHeapUp()
+    {
+        createLeases();
+        m_database.run(u"INSERT INTO Leases(sName,sHolder,dateSeen) VALUES('connection/old/1/1','',UTC_TIMESTAMP()-INTERVAL 8 DAY),"
+                       "('upgrade','',UTC_TIMESTAMP()-INTERVAL 8 DAY)"_s);
+        KConnection::setIdentity(u"سارا"_s);
+        addSample(u"a"_s);
+        addSample(u"b"_s);
+        QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(sName) FROM Leases WHERE sText IS NULL"_s), u"upgrade"_s);
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Leases WHERE sText='سارا' AND sName LIKE 'connection/%'"_s), u"1"_s);
     }
 
     void waitForATableThatIsReadIsALockWaitToo()
