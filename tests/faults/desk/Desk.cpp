@@ -10,10 +10,12 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLabel>
 
+#include <chrono>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -23,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int lookMilliseconds = 5;
+constexpr auto lookEvery = std::chrono::milliseconds(5);
 
 // The box of a message is a plain function.
 Desk *theDesk = nullptr;
@@ -59,8 +61,6 @@ Desk::Desk(QHash<QString, Command> commands)
 {
     theDesk = this;
     KMessageDialog::setBox(&box);
-    m_looking.callOnTimeout(this, [this] { look(); });
-    m_looking.start(lookMilliseconds);
 }
 
 Desk::~Desk()
@@ -73,6 +73,7 @@ int Desk::run()
 {
     // Its own thread, because a command that waits below a window must not keep the next one from being read.
     std::thread([this] { read(); }).detach();
+    std::thread([this] { keepLooking(); }).detach();
     return QCoreApplication::exec();
 }
 
@@ -86,12 +87,23 @@ void Desk::read()
     std::_Exit(0);
 }
 
+// By calls from a thread and no timer of its own, because a program that waits for its server may put timers off.
+void Desk::keepLooking()
+{
+    for (;;) {
+        std::this_thread::sleep_for(lookEvery);
+        if (m_looked.exchange(false))
+            QMetaObject::invokeMethod(
+                this, [this] { look(); }, Qt::QueuedConnection);
+    }
+}
+
 void Desk::take(const QString &line)
 {
     const Words words = line.split(u'\t');
     m_owes = true;
     m_value = QJsonValue();
-    m_seen = QApplication::activeModalWidget();
+    see(QApplication::activeModalWidget());
     const auto command = m_commands.constFind(words.constFirst());
     if (command == m_commands.cend()) {
         answer(u"failed"_s, {{u"text"_s, u"no such command: "_s + words.constFirst()}});
@@ -131,18 +143,26 @@ void Desk::answer(const QString &is, QJsonObject more)
     std::fflush(stdout);
 }
 
+void Desk::see(QWidget *window)
+{
+    m_seen.removeAll(nullptr);
+    if (window && !m_seen.contains(window))
+        m_seen.append(window);
+}
+
 void Desk::look()
 {
+    m_looked = true;
     QWidget *window = QApplication::activeModalWidget();
-    if (!m_owes || !window || window == m_seen || !window->isVisible() || (isNotice(window) && !m_noticesHeard))
+    if (!m_owes || !window || m_seen.contains(window) || !window->isVisible() || (isNotice(window) && !m_noticesHeard))
         return;
-    m_seen = window;
+    see(window);
     answer(u"window"_s, {{u"window"_s, describe(window)}});
 }
 
 bool Desk::isNotice(const QWidget *window)
 {
-    return window && window->inherits("WaitNotice");
+    return window && window->metaObject() == &QDialog::staticMetaObject && window->windowTitle() == u"پایگاه داده"_s;
 }
 
 void Desk::complain(const QString &what)
@@ -187,9 +207,11 @@ KMessageDialog::Answer Desk::box(KMessageDialog::Kind, const QString &text, KMes
     if (!theDesk)
         return KMessageDialog::No;
     theDesk->m_said.append(text);
-    const bool isQuestion = buttons == KMessageDialog::Buttons::YesNo || buttons == KMessageDialog::Buttons::YesNoCancel;
-    if (!isQuestion)
-        return buttons == KMessageDialog::Buttons::OkOrFolder ? KMessageDialog::No : KMessageDialog::Yes;
+    if (buttons == KMessageDialog::Buttons::Ok)
+        return KMessageDialog::Yes;
+    // Of two buttons, the other one: no folder is opened.
+    if (buttons == KMessageDialog::Buttons::OkOrFolder)
+        return KMessageDialog::No;
     return theDesk->m_asking ? theDesk->ask(text) : KMessageDialog::Yes;
 }
 

@@ -11,9 +11,9 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
-#include <QTimer>
 #include <QWidget>
 
+#include <atomic>
 #include <functional>
 
 // A desk of the office as a program that a test drives line by line, so that several desks can be led in step and ended at
@@ -71,12 +71,15 @@ private:
                                       QWidget *parent);
     KMessageDialog::Answer ask(const QString &text);
     void read();
+    void keepLooking();
     void take(const QString &line);
+    void see(QWidget *window);
     void look();
 
     QHash<QString, Command> m_commands;
-    QTimer m_looking;
-    QPointer<QWidget> m_seen; // the modal window that the last answer told of, or that the command was given in
+    std::atomic<bool> m_looked = true; // the last call of look has run
+    // Modal windows that an answer has told of, or that a command was given in.
+    QList<QPointer<QWidget>> m_seen;
     QStringList m_said;
     QJsonValue m_value;
     QEventLoop *m_question = nullptr;

@@ -9,6 +9,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KConnection.h"
+#include "suite/utility/frame/KWaitNotice.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/faults/desk/Desk.h"
 #include "tests/faults/desk/DeskCommands.h"
@@ -29,6 +30,7 @@ int main(int argc, char **argv)
     folder.create();
     setSettingsFile(folder.settingsFile());
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
+    const KWaitNotice waits;
     g_pDlgWarning->answerAll(true);
     if (!OfficeServer::connect(options, nullptr)) {
         std::fprintf(stderr, "tzdesk: %s\n", qUtf8Printable(g_pDlgWarning->takeShown().join(QLatin1Char(' '))));

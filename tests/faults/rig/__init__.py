@@ -17,3 +17,5 @@ CLERK = "modir"
 OTHER_CLERK = "sara"
 # Ends the wait for a server that does not answer.
 GIVE_UP = "انصراف"
+# What is said where nobody can tell whether something was saved.
+UNKNOWN = "نامعلوم"

@@ -105,6 +105,28 @@ class Rig:
             [self._arguments.tzhost, *options(self.server, self._place(), port=port), *further],
             log=self._log("program"), environment=self._environment())
 
+    def folder(self, name):
+        return os.path.join(self._folder, name)
+
+    def embedded(self, folder, *further):
+        """The real program on a database of its own; the process."""
+        return self._processes.start([self._arguments.tzhost, "--data-dir", folder, *further],
+                                     log=os.path.join(self._folder, "embedded.log"), environment=self._environment())
+
+    def server_on(self, folder):
+        """A database server on the files of a program that is gone; the process."""
+        return self._processes.start([shutil.which("mariadbd") or "/usr/sbin/mariadbd",
+                                      f"--defaults-file={os.path.join(folder, 'server.cnf')}"],
+                                     log=os.path.join(self._folder, "left.log"))
+
+    @staticmethod
+    def log_of(folder):
+        path = os.path.join(folder, "logs", "tzhost.log")
+        if not os.path.exists(path):
+            return ""
+        with open(path, encoding="utf-8", errors="replace") as file:
+            return file.read()
+
     def program_logs(self):
         """What the last two programs wrote of themselves."""
         texts = []

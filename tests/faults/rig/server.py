@@ -56,7 +56,9 @@ class Server:
         self._write_client("")
         self._launch()
         self.database.rows(f"CREATE DATABASE {OFFICE}; CREATE USER '{ACCOUNT}'@'127.0.0.1' IDENTIFIED BY '{password}'; "
-                           f"GRANT ALL ON {OFFICE}.* TO '{ACCOUNT}'@'127.0.0.1'")
+                           f"GRANT ALL ON {OFFICE}.* TO '{ACCOUNT}'@'127.0.0.1'; "
+                           # Only so the server tells who holds a row.
+                           f"GRANT PROCESS ON *.* TO '{ACCOUNT}'@'127.0.0.1'")
         self._write_client(f"[mysql]\ndatabase={OFFICE}\n")
 
     def _write_client(self, further):

@@ -32,6 +32,8 @@ class Wire:
         self._unplugged = False
         self._ended = False
         self.statements = []
+        # Called where a wire is cut after the server's answer, before anybody can see that it is.
+        self.after_answer = None
         threading.Thread(target=self._accept, daemon=True).start()
 
     def obey(self, rule):
@@ -100,6 +102,8 @@ class Wire:
                     if fate is Fate.CUT_AFTER:
                         # What the server says is what makes sure that it is done.
                         server.recv(65536)
+                        if self.after_answer:
+                            self.after_answer()
                         return
                     mute = mute or fate is Fate.SILENT_AFTER
 
