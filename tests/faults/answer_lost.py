@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The wire breaks at COMMIT: whether it was saved is said right, and a second try does not save twice."""
 
-import rig  # noqa: F401 - finds the library of the journeys
+import rig
 from rig.fault import check, run, step
 from rig.wire import Fate, at_commit
 
@@ -49,6 +49,32 @@ def receipt(books, desk, wire, person, fate, text):
     check(books.receipts(text) == 1, f"received once: {books.receipts(text)}")
 
 
+def unknown(books, desk, wire, persons, look, text):
+    """No server answers after the break. look: the user looks until it is known; otherwise the window is left open."""
+    wire.obey(None)
+    desk.fill_new(persons, 65_000_000, text)
+    desk.do("asking", "on")
+    wire.obey(at_commit(Fate.CUT_AFTER))
+    wire.unplug()
+    answer = desk.ask("save")
+    check(answer["is"] == "question" and rig.UNKNOWN in answer["text"], f"that it is not known is said: {answer}")
+    if look:
+        desk.do("answer", "yes", awaited="question")
+        wire.unplug(False)
+        desk.do("answer", "yes", awaited="closed")
+    else:
+        answer = desk.ask("answer", "no")
+        check(answer["is"] == "kept", f"the window stays: {answer}")
+        wire.unplug(False)
+        answer = desk.ask("save")
+        check(answer["said"], f"a second try is told that it was saved: {answer}")
+        if answer["is"] == "kept":
+            desk.do("cancel", awaited="question")
+            desk.do("answer", "yes", awaited="closed")
+    desk.do("asking", "off")
+    check(books.contracts(text) == 1, f"saved once, not {books.contracts(text)} times")
+
+
 def answer_lost(office):
     office.open_office()
     wire = office.wire()
@@ -60,6 +86,9 @@ def answer_lost(office):
             contract(books, desk, wire, persons, fate, f"{fate.name} {number}")
             receipt(books, desk, wire, persons[0], fate, f"receipt {fate.name} {number}")
             office.check_books(f"round {number}, {fate.value}")
+        for look in (True, False):
+            unknown(books, desk, wire, persons, look, f"unknown {look} {number}")
+            office.check_books(f"round {number}, unknown")
     step(f"{office.rounds} rounds")
     wire.close()
     return "what was said was so, and everything was booked once"
