@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstdlib>
 #include <mutex>
 #include <mysql.h>
 #include <mysqld_error.h>
@@ -92,6 +93,59 @@ bool changesARow(KConnection &connection, const KSql &statement)
         }
     }
 }
+
+// The threads that outlived their lease because the server was silent. None of them works on while the program ends: what it
+// uses goes then. It is never destroyed, for the same reason.
+struct LeftBehind
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    int working = 0; // of them, those that are at a statement
+    bool ending = false;
+};
+
+LeftBehind &leftBehind()
+{
+    static auto *const instance = [] {
+        auto *made = new LeftBehind;
+        std::atexit([] {
+            LeftBehind &left = leftBehind();
+            std::unique_lock lock(left.mutex);
+            left.ending = true;
+            left.changed.wait_for(lock, longestReturn, [&left] { return left.working == 0; });
+        });
+        return made;
+    }();
+    return *instance;
+}
+
+// Lives while a thread is at a statement that nobody waits for any more.
+class AtStatement
+{
+public:
+    AtStatement()
+    {
+        const std::lock_guard lock(leftBehind().mutex);
+        m_mayBegin = !leftBehind().ending;
+        if (m_mayBegin)
+            ++leftBehind().working;
+    }
+    ~AtStatement()
+    {
+        if (!m_mayBegin)
+            return;
+        const std::lock_guard lock(leftBehind().mutex);
+        --leftBehind().working;
+        leftBehind().changed.notify_all();
+    }
+    AtStatement(const AtStatement &) = delete;
+    AtStatement &operator=(const AtStatement &) = delete;
+
+    bool mayBegin() const { return m_mayBegin; }
+
+private:
+    bool m_mayBegin;
+};
 
 struct LeaseRow
 {
@@ -237,7 +291,9 @@ void KLease::Keeper::giveBack()
     const LeaseClock::time_point end = LeaseClock::now() + leaseTerm;
     while (LeaseClock::now() < end) {
         try {
-            changesARow(*connection, KSql::formatted("DELETE FROM Leases WHERE sName=%1 AND sHolder=%2", KSql::quoted(name), KSql::quoted(holder)));
+            const AtStatement statement;
+            if (statement.mayBegin())
+                changesARow(*connection, KSql::formatted("DELETE FROM Leases WHERE sName=%1 AND sHolder=%2", KSql::quoted(name), KSql::quoted(holder)));
             return;
         } catch (const CMySQLException &error) {
             if (error.category() != CMySQLException::Category::ConnectionLost)
