@@ -202,8 +202,12 @@ void KConnection::introduce()
         return;
     handle();
     m_introduced = identity;
-    for (const QByteArray &statement : {LockHolder::introduction(identity), LockHolder::removalOfOldIntroductions()})
-        (void)wait(m_settings.lockWaitSeconds, [&](ServerWait &wait) { return ClientCalls::query(wait, m_handle, statement); });
+    // As patient as with any statement: while a cluster finds out that a node is gone, the others make everybody wait.
+    for (const QByteArray &statement : {LockHolder::introduction(identity), LockHolder::removalOfOldIntroductions()}) {
+        const auto ask = [&](ServerWait &wait) { return ClientCalls::query(wait, m_handle, statement); };
+        if (!wait(answerSeconds(), ask) && CMySQLException::categoryOf(mysql_errno(m_handle)) == CMySQLException::Category::ConnectionLost)
+            return close();
+    }
 }
 
 int KConnection::answerSeconds() const

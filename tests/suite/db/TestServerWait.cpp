@@ -284,6 +284,27 @@ private Q_SLOTS:
         QVERIFY2(message.contains(named), qPrintable(message));
     }
 
+    void introductionThatCannotBeMadeDoesNotStopTheUnit_data()
+    {
+        QTest::addColumn<bool>("locked");
+        QTest::newRow("the table is locked by others") << true;
+        QTest::newRow("there is no such table") << false;
+    }
+
+    void introductionThatCannotBeMadeDoesNotStopTheUnit()
+    {
+        QFETCH(bool, locked);
+        createLeases();
+        KConnection other(m_database.settings());
+        other.run(locked ? QByteArray("LOCK TABLES Leases WRITE") : QByteArray("DROP TABLE Leases"));
+        KConnection::configure(0, settings(30, 1));
+        const int connection = connectionId();
+        KConnection::setIdentity(u"سارا"_s);
+        addSample(u"a"_s);
+        QCOMPARE(connectionId(), connection);
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Samples"_s), u"1"_s);
+    }
+
     void introductionsDoNotHeapUp()
     {
         createLeases();
