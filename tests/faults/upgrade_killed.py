@@ -3,6 +3,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The program is killed in an upgrade at any statement: the next start finishes it, with the module and with every row."""
 
+import queue
+
 import rig  # noqa: F401 - finds the library of the journeys
 from first_starts import ended, schema, start
 from rig.fault import check, run, step
@@ -55,16 +57,18 @@ class Upgrades:
 
     def kill(self, number):
         """The statement before which the program was killed; nothing when it had ended by then."""
-        started = []
+        started = queue.SimpleQueue()
         killed_before = []
 
         def end(statement):
-            started[0].kill()
+            # It may get here before whoever started it knows its process.
+            started.get().kill()
             killed_before.append(statement)
             return Fate.CUT_BEFORE
         self._wire.obey(nth(number, end, counts=changes))
-        started.append(self._office.program("--quit-after-login-shown", port=self._wire.port))
-        ended(started[0])
+        program = self._office.program("--quit-after-login-shown", port=self._wire.port)
+        started.put(program)
+        ended(program)
         return killed_before[0] if killed_before else None
 
     def check(self, wanted, after):
