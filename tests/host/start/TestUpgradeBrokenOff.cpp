@@ -18,6 +18,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 // An upgrade that was killed, at whatever statement, and several at once. The connection is broken after a statement instead of the
@@ -67,6 +69,9 @@ class TestUpgradeBrokenOff : public QObject
         QCOMPARE(m_office.shape(), m_newShape);
         QVERIFY(!KLease::isAlive(u"upgrade"_s));
     }
+
+    // Every statement is tried where the environment asks for it (the label faults), else each third one.
+    static int stride() { return qEnvironmentVariableIsSet("TZ_EVERY_POINT") ? 1 : 3; }
 
     static constexpr double versions[] = {0, 4.22, 4.659, 4.673, 5.097, 5.104};
 
@@ -128,7 +133,7 @@ private Q_SLOTS:
         m_database.recreate();
         const QStringList statements = statementsOfAStart(0);
         QVERIFY(statements.size() > 60);
-        for (int number = 1; number <= statements.size(); ++number)
+        for (int number = 1; number <= statements.size(); number += stride())
             QTest::addRow("%d: %s", number, qPrintable(statements[number - 1].left(60))) << number;
     }
 
@@ -147,12 +152,12 @@ private Q_SLOTS:
         for (const double version : versions) {
             m_office.make(version);
             const QStringList statements = statementsOfAStart(0);
-            for (int number = 1; number <= statements.size(); ++number) {
+            // The steps after the first due one are those of the next version's rows.
+            const auto isStored = [](const QString &statement) { return statement.contains(u"'TzAuto',"_s); };
+            const auto end = version > 0 ? std::find_if(statements.cbegin() + 3, statements.cend(), isStored) : statements.cend();
+            const auto last = std::min(end - statements.cbegin() + 1, statements.size());
+            for (int number = 1; number <= last; number += stride())
                 QTest::addRow("%.3f, %d: %s", version, number, qPrintable(statements[number - 1].left(60))) << version << number;
-                // The steps after the first due one are those of the next version's rows.
-                if (version > 0 && statements[number - 1].contains(u"'TzAuto',"_s) && number > 3)
-                    break;
-            }
         }
     }
 
@@ -181,7 +186,7 @@ private Q_SLOTS:
         makeWithSuiteBehind();
         const QStringList statements = statementsOfAStart(0);
         QVERIFY(statements.size() > 30);
-        for (int number = 1; number <= statements.size(); ++number)
+        for (int number = 1; number <= statements.size(); number += stride())
             QTest::addRow("%d: %s", number, qPrintable(statements[number - 1].left(60))) << number;
     }
 
