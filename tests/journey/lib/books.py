@@ -63,13 +63,21 @@ def enter_lines(office, editor, lines):
     office.input.keys("ctrl+Home")
     for row, line in enumerate(lines):
         wait_for(lambda row=row: grid.row_count > row, f"line {row + 1} to write into")
-        for text in (line.service, "", f"{line.count:g}", f"{line.price:.0f}"):
+        _enter_choice(office, grid, row, line.service)
+        for text in ("", f"{line.count:g}", f"{line.price:.0f}"):
             if text:
                 office.input.type(text)
             office.input.keys("Return")
         wait_for(lambda row=row, line=line: same(_number(grid, row, 4), line.amount),
                  lambda row=row: f"line {row + 1} to come to its amount, not {_line(grid, row)}")
     return grid
+
+
+def _enter_choice(office, grid, row, code):
+    """Into the first cell of the row. Keys that come while its list of what fits is being closed would go nowhere."""
+    office.input.type(code)
+    office.input.keys("Return")
+    wait_for(lambda: grid.cell(row, 0).name.startswith(f"{code} "), lambda: f"{code} to be taken, not {_line(grid, row)}")
 
 
 def enter_document_rows(office, editor, rows):
@@ -79,8 +87,9 @@ def enter_document_rows(office, editor, rows):
     office.input.keys("ctrl+Home")
     for row, (account, debit, credit) in enumerate(rows):
         wait_for(lambda row=row: grid.row_count > row, f"row {row + 1} to write into")
+        _enter_choice(office, grid, row, account)
         # Person and description stay empty.
-        for text in (account, "", "", str(debit or ""), str(credit or "")):
+        for text in ("", "", str(debit or ""), str(credit or "")):
             if text:
                 office.input.type(text)
             office.input.keys("Return")
