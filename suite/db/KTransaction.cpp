@@ -4,14 +4,19 @@
 #include "suite/db/KTransaction.h"
 
 #include "suite/db/KConnection.h"
+#include "suite/db/KStatementResult.h"
 #include "suite/db/KTableSchema.h"
 
 #include <QList>
+#include <QLoggingCategory>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+Q_LOGGING_CATEGORY(lcUnits, "tz.units")
+
 using Category = CMySQLException::Category;
 
 constexpr int mostReplays = 5;
@@ -21,6 +26,21 @@ constexpr int mostLooks = 5;
 KSql tokenInsert(const QString &token)
 {
     return KSql::formatted("INSERT INTO UnitTokens(sToken,dateCreate) VALUES(%1,NOW())", KSql::quoted(token));
+}
+
+// In the place of the unit's own row, which can then not be written any more. It says what it is: its answer may be lost as well.
+KSql refusalInsert(const QString &token)
+{
+    return KSql::formatted("INSERT INTO UnitTokens(sToken,dateCreate,bRefused) VALUES(%1,NOW(),1)", KSql::quoted(token));
+}
+
+KTransaction::Outcome writtenOutcome(KConnection &connection, const QString &token)
+{
+    KStatementResult row;
+    row.set(connection.run(KSql::formatted("SELECT bRefused FROM UnitTokens WHERE sToken=%1", KSql::quoted(token))));
+    if (!row.hasRow())
+        return KTransaction::Outcome::Unknown;
+    return row.value<qint32>(0) == 0 ? KTransaction::Outcome::Saved : KTransaction::Outcome::NotSaved;
 }
 
 struct OpenOutcome
@@ -80,18 +100,16 @@ void settle(const QString &token, int database)
 // What was left open may have been saved, and whoever begins a unit now may be about to save the same a second time.
 void settleEarlier(int database)
 {
-    QList<OpenOutcome> &open = outcomesOfThread().open;
-    for (qsizetype index = 0; index < open.size();) {
-        if (open.at(index).database != database) {
-            ++index;
+    // Asked for one after the other by its token: the question may let events run.
+    const QList<OpenOutcome> earlier = outcomesOfThread().open;
+    for (const OpenOutcome &unit : earlier) {
+        if (unit.database != database)
             continue;
-        }
-        const QString token = open.at(index).token;
-        const KTransaction::Outcome outcome = lookedUp(token, database);
+        const KTransaction::Outcome outcome = lookedUp(unit.token, database);
         if (outcome == KTransaction::Outcome::Unknown)
-            raiseUnknown(token);
-        open.removeAt(index);
-        if (outcome == KTransaction::Outcome::Saved)
+            raiseUnknown(unit.token);
+        const bool isFirst = outcomesOfThread().open.removeIf([&unit](const OpenOutcome &open) { return open.token == unit.token; }) > 0;
+        if (isFirst && outcome == KTransaction::Outcome::Saved)
             throw CMySQLException(Category::SavedAfterAll, 0, u"an earlier unit was saved after all, so this one did not begin"_s);
     }
 }
@@ -102,6 +120,7 @@ KTransaction::KTransaction(int database)
     , m_connection(KConnection::forThread(database))
     , m_outermost(m_connection.m_transactionDepth == 0)
 {
+    m_connection.requireUsable("START TRANSACTION");
     if (m_outermost) {
         settleEarlier(database);
         m_connection.m_rollbackOnly = false;
@@ -172,18 +191,22 @@ void KTransaction::setLookAgain(LookAgain question)
     outcomesOfThread().lookAgain = std::move(question);
 }
 
-// A second row with the token can only be written when the first one is not there. Where the broken connection's transaction is
+// A second row with the token can only be written when there is none yet. Where the broken connection's transaction is
 // still open, the server lets this one wait for it; on another node of a cluster, the later of the two is refused.
 KTransaction::Outcome KTransaction::outcomeOf(const QString &token, int database)
 {
     for (int look = 1;; ++look) {
         try {
             KConnection connection(KConnection::settings(database));
-            connection.run(tokenInsert(token));
-            return Outcome::NotSaved;
+            try {
+                connection.run(refusalInsert(token));
+                return Outcome::NotSaved;
+            } catch (const CMySQLException &error) {
+                if (error.category() != Category::DuplicateKey)
+                    throw;
+            }
+            return writtenOutcome(connection, token);
         } catch (const CMySQLException &error) {
-            if (error.category() == Category::DuplicateKey)
-                return Outcome::Saved;
             if (error.category() != Category::LockConflict || look >= mostLooks)
                 return Outcome::Unknown;
         }
@@ -192,9 +215,14 @@ KTransaction::Outcome KTransaction::outcomeOf(const QString &token, int database
 
 void KTransaction::removeOldTokens(int database)
 {
-    if (!KTableSchema::of(u"UnitTokens"_s, database).isEmpty())
-        KConnection::forThread(database).run(
-            QByteArrayLiteral("DELETE FROM UnitTokens WHERE dateCreate<NOW()-INTERVAL 7 DAY"));
+    try {
+        if (!KTableSchema::of(u"UnitTokens"_s, database).isEmpty())
+            KConnection::forThread(database).run(
+                QByteArrayLiteral("DELETE FROM UnitTokens WHERE dateCreate<NOW()-INTERVAL 7 DAY"));
+    } catch (const CMySQLException &error) {
+        // Another desk may be at it; they go another time.
+        qCWarning(lcUnits).noquote() << "old tokens stay:" << error.GetErrorMessage();
+    }
 }
 
 void KTransaction::runReplayable(const std::function<void()> &work, int database)

@@ -166,6 +166,7 @@ constexpr const char *balanceKeys[] = {
 // outcome is looked up; who changed which row; the rows that a window has added and not yet saved, with the session that did.
 constexpr const char *severalDesks[] = {
     "CREATE TABLE IF NOT EXISTS UnitTokens (sToken VARCHAR(36) COLLATE utf8_bin NOT NULL, dateCreate DATETIME NOT NULL"
+    ", bRefused TINYINT NOT NULL DEFAULT 0"
     ", KEY created (dateCreate), PRIMARY KEY (sToken)) ENGINE=InnoDB CHARSET=utf8",
     "CREATE TABLE IF NOT EXISTS Changes (iID INT NOT NULL AUTO_INCREMENT"
     ", sTable VARCHAR(100) COLLATE utf8_bin NOT NULL, iRecordID INT NOT NULL DEFAULT 0, iKind INT NOT NULL DEFAULT 0"

@@ -34,7 +34,7 @@ class TestKTransaction : public QObject
 
     void createTokens()
     {
-        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME) ENGINE=InnoDB"_s);
+        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME,bRefused TINYINT NOT NULL DEFAULT 0) ENGINE=InnoDB"_s);
         KTableSchema::forgetAll();
     }
     int tokens() { return m_database.value(u"SELECT COUNT(*) FROM UnitTokens"_s).toInt(); }
@@ -363,8 +363,10 @@ private Q_SLOTS:
         const QString saved = m_database.value(u"SELECT sToken FROM UnitTokens"_s);
         QCOMPARE(KTransaction::outcomeOf(saved), KTransaction::Outcome::Saved);
         QCOMPARE(KTransaction::outcomeOf(u"never"_s), KTransaction::Outcome::NotSaved);
+        // Also where the first answer was lost, and only the row that it wrote is there.
+        QCOMPARE(KTransaction::outcomeOf(u"never"_s), KTransaction::Outcome::NotSaved);
         // What was told to be unsaved cannot be saved any more.
-        QCOMPARE(raisedCategory([&] { m_database.run(u"INSERT INTO UnitTokens VALUES('never',NOW())"_s); }), Category::DuplicateKey);
+        QCOMPARE(raisedCategory([&] { m_database.run(u"INSERT INTO UnitTokens(sToken,dateCreate) VALUES('never',NOW())"_s); }), Category::DuplicateKey);
     }
 
     // The server has not noticed yet that the connection is gone: nobody can say how it will end.
@@ -377,14 +379,14 @@ private Q_SLOTS:
         KTransaction open;
         CTblTemp statement;
         statement.Open(false, false, true);
-        statement.ExecuteQuery("INSERT INTO UnitTokens VALUES('open',NOW())", true, true);
+        statement.ExecuteQuery("INSERT INTO UnitTokens(sToken,dateCreate) VALUES('open',NOW())", true, true);
         QCOMPARE(KTransaction::outcomeOf(u"open"_s), KTransaction::Outcome::Unknown);
     }
 
     void tokensOlderThanAWeekAreRemoved()
     {
         createTokens();
-        m_database.run(u"INSERT INTO UnitTokens VALUES('old',NOW()-INTERVAL 8 DAY),('new',NOW()-INTERVAL 6 DAY)"_s);
+        m_database.run(u"INSERT INTO UnitTokens(sToken,dateCreate) VALUES('old',NOW()-INTERVAL 8 DAY),('new',NOW()-INTERVAL 6 DAY)"_s);
         KTransaction::removeOldTokens();
         QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(sToken) FROM UnitTokens"_s), u"new"_s);
     }

@@ -110,7 +110,7 @@ private Q_SLOTS:
     // The node that was to commit is gone: the other one knows what became of it.
     void outcomeIsAskedOfTheNextNode()
     {
-        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME) ENGINE=InnoDB"_s);
+        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME,bRefused TINYINT NOT NULL DEFAULT 0) ENGINE=InnoDB"_s);
         KTableSchema::forgetAll();
         connectionId();
         m_first->failAtCommit(FaultProxy::Fault::CutAfterCommit, false);

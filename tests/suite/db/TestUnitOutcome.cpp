@@ -38,7 +38,7 @@ private Q_SLOTS:
     {
         KConnection::configure(0, m_database.settings());
         SampleRecord::createTable();
-        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME) ENGINE=InnoDB"_s);
+        m_database.run(u"CREATE OR REPLACE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME,bRefused TINYINT NOT NULL DEFAULT 0) ENGINE=InnoDB"_s);
         KTableSchema::forgetAll();
         KConnectionSettings settings = m_database.settings();
         settings.lockWaitSeconds = 1;

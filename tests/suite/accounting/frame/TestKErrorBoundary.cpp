@@ -170,7 +170,7 @@ void TestKErrorBoundary::errorWhileTheThreadWaitsForTheDatabaseShowsNothing()
 void TestKErrorBoundary::unknownOutcomeIsLookedAtAgainUntilItIsKnown()
 {
     TestDatabase database;
-    database.run(u"CREATE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME) ENGINE=InnoDB"_s);
+    database.run(u"CREATE TABLE UnitTokens(sToken VARCHAR(36) PRIMARY KEY,dateCreate DATETIME,bRefused TINYINT NOT NULL DEFAULT 0) ENGINE=InnoDB"_s);
     database.run(u"CREATE TABLE Books(iID INT) ENGINE=InnoDB"_s);
     KTableSchema::forgetAll();
     FaultProxy proxy(database.settings());

@@ -169,7 +169,7 @@ void TestCDBSetting::loginRemovesTheTokensOfUnitsThatNobodyAsksFor()
 {
     CTblTemp statement;
     statement.Open(false, false, true);
-    statement.ExecuteQuery("INSERT INTO UnitTokens VALUES('old',NOW()-INTERVAL 8 DAY)", true, true);
+    statement.ExecuteQuery("INSERT INTO UnitTokens(sToken,dateCreate) VALUES('old',NOW()-INTERVAL 8 DAY)", true, true);
     QVERIFY(GetDBSetting()->Login(m_office.admin));
     statement.ExecuteQuery("SELECT COUNT(*) FROM UnitTokens WHERE sToken='old'", true, true);
     QCOMPARE(statement.GetLongFieldValue(0), 0);

@@ -66,7 +66,7 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("Docs", "iID,iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes,sDesc");
     row("Receipts", "iID,iPersonID,date,dAmount,sDesc,iDocNum,iFiscalYear,iUserID,iTable,iRecordID,iPaymentID,iStatus,"
                     "iVoidUserID,dateVoid,sVoidReason");
-    row("UnitTokens", "sToken,dateCreate");
+    row("UnitTokens", "sToken,dateCreate,bRefused");
     row("Changes", "iID,sTable,iRecordID,iKind,iUserID,sComputer,date");
     row("Placeholders", "iID,sTable,iRecordID,sSession");
     row("FileDocs", "iID,iTable,iRecordID,iScope,iUserID,sName,oData,dateCreate");
