@@ -32,6 +32,8 @@ void requireUnpaid(int contractID, int paymentID, int number)
 {
     CTblAutomobilContracts contract;
     ContractLock::take(contract, contractID);
+    if (contract.m_iStatus == 1)
+        throw KAccountingError(u"این قرارداد باطل شده است."_s);
     switch (StoredInstalments::lock(contractID, paymentID)) {
     case StoredInstalments::State::Unpaid:
         return;

@@ -7,6 +7,7 @@
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/ContractLock.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/changes/RowChanged.h"
@@ -137,6 +138,7 @@ QList<int> StoredInstalments::keysOf(const std::vector<Row> &rows)
 void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const InstalmentTerms &terms, const InstalmentPlan &plan)
 {
     KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen();
         requireReplaceable(owner.contractID, seen);
         deletePlan(owner.contractID);
         CTblAutomobilPayments payment;
@@ -177,6 +179,7 @@ InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
 void StoredInstalments::remove(int contractID, const QList<int> &seen)
 {
     KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen();
         requireReplaceable(contractID, seen);
         deletePlan(contractID);
         KChangeLog::note(planName, contractID, KChange::Kind::Deleted);

@@ -7,6 +7,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/ContractLock.h"
 #include "suite/accounting/books/CTblReceipts.h"
+#include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/db/CTblTemp.h"
@@ -127,6 +128,17 @@ void requireCommissionDue(int contractID, int personID, int &seen)
                                .arg(CTblUsers::GetName(newest->m_iUserID), DToMoney(newest->m_dAmount), QString::number(newest->m_iDocNum)));
 }
 
+// Whether the instalment was received by a receipt of its own that stands.
+bool hasReceipt(int contractID, int paymentID)
+{
+    CTblReceipts receipt;
+    receipt.SetColumns({u"iPaymentID"_s});
+    receipt.m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2 AND iPaymentID=%3 AND iStatus=%4", int(CTblAutomobilContracts::recordKind),
+                                       contractID, paymentID, int(CTblReceipts::valid));
+    receipt.Open(false, true, true);
+    return !receipt.IsEOF();
+}
+
 }
 
 QList<ContractReceipts::Entry> ContractReceipts::list(const CTblAutomobilContracts &contract)
@@ -160,8 +172,11 @@ ReceiptPurpose ContractReceipts::commission(const CTblAutomobilContracts &contra
 void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QString &reason)
 {
     KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen();
         CTblAutomobilContracts contract;
         ContractLock::take(contract, contractID);
+        if (entry.receiptID == 0 && hasReceipt(contractID, entry.paymentID))
+            throw KAccountingError(u"برای این قسط در این میان دریافت ثبت شده است. لطفا لیست را دوباره باز نمایید."_s);
         const bool isPaid = entry.paymentID != 0 && StoredInstalments::lock(contractID, entry.paymentID) == StoredInstalments::State::Paid;
         if (entry.receiptID != 0)
             CTblReceipts::makeVoid(entry.receiptID, reason);

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/changes/RowDeleting.h"
 
+#include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/db/KMySQL.h"
 #include "suite/db/KTransaction.h"
@@ -56,6 +57,8 @@ void RowDeleting::run(KMySQL &record, const std::function<void()> &requireDeleta
     const KRowValues asked = record.rowValues();
     KTransaction::runReplayable(
         [&] {
+            // The question may have been open for long.
+            OfficeClosing::requireOpen(record.database());
             requireAsAsked(record, key, asked);
             if (requireDeletable)
                 requireDeletable();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/KMySQL.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -64,6 +65,23 @@ private Q_SLOTS:
     {
         m_office->database.run(u"DELETE FROM Things"_s);
         m_office->database.run(u"INSERT INTO Things(iID,iCode,sName,iDocNum) VALUES(1,7,'a',12),(2,8,'b',13)"_s);
+    }
+
+    // The question may have been open while somebody closed the books.
+    void nothingGoesFromAClosedDatabase()
+    {
+        Thing asked;
+        QVERIFY(asked.IsRecordExist(u"iID"_s, 1));
+        GetDBSetting()->SetClosedDB(true);
+        QString told;
+        try {
+            RowDeleting::run(asked);
+        } catch (const KAccountingError &error) {
+            told = error.userMessage();
+        }
+        GetDBSetting()->SetClosedDB(false);
+        QVERIFY(!told.isEmpty());
+        QCOMPARE(rows(), u"2"_s);
     }
 
     void theOneThatWasAskedAboutGoes()
