@@ -108,6 +108,8 @@ void CDlgAddUser::settle()
             throw FieldRefused(error.userMessage(), column);
         }
     };
+    if (!m_edit.isNew())
+        CTblUsers::requireMayChange(m_edit.key());
     check(u"sUser"_s, &CTblUsers::requireFreeName);
     check(u"bAdmin"_s, &CTblUsers::requireAdminLeft);
 }

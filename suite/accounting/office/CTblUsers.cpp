@@ -5,6 +5,7 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/NamedLock.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -194,6 +195,7 @@ void CTblUsers::setActive(int userID, bool active, int database)
             CTblUsers user(database);
             NamedLock::take(user.GetTableName(), database);
             user.lockForChange(userID);
+            requireMayChange(userID, database);
             user.m_iStatus = active ? 0 : 1;
             user.requireAdminLeft(userID);
             user.Update(true);
@@ -242,6 +244,18 @@ void CTblUsers::requireAdminLeft(qint32 key)
     const bool isActiveAdmin = m_bAdmin != 0 && m_iStatus == 0;
     if (!isActiveAdmin && key != 0 && !hasOtherAdmin(key, database()))
         throw KAccountingError(u"برنامه باید دست‌کم یک مدیر فعال داشته باشد."_s);
+}
+
+// Asked of the table: who may was decided when somebody logged in, and whom it is about when a window was opened.
+void CTblUsers::requireMayChange(int userID, int database)
+{
+    const auto isActiveAdmin = [database](int key, bool alsoInactive) {
+        CTblUsers user(database);
+        user.SetColumns({u"iStatus"_s, u"bAdmin"_s});
+        return user.IsRecordExist(u"iID"_s, key) && user.m_bAdmin != 0 && (alsoInactive || user.m_iStatus == 0);
+    };
+    if (KChangeLog::author() != 0 && isActiveAdmin(userID, true) && !isActiveAdmin(KChangeLog::author(), false))
+        throw KAccountingError(u"این کار فقط برای مدیر برنامه مجاز است."_s);
 }
 
 bool CTblUsers::isKnown(const QString &user, int database)

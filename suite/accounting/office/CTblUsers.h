@@ -47,6 +47,9 @@ public:
     void requireAdminLeft(qint32 key);
     // Lets the user log in or not, in one unit of work. Throws KAccountingError when the user is gone or the last administrator.
     static void setActive(int userID, bool active, int database = 0);
+    // Throws KAccountingError unless whoever works with the program is an active administrator now, or the user is none. Within the
+    // unit that changes the user.
+    static void requireMayChange(int userID, int database = 0);
     // Whether another active administrator would remain without this user; the last one must stay.
     static bool hasOtherAdmin(int userID, int database = 0);
     static QString GetName(int userID, int database = 0);

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/db/KChangeLog.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -51,6 +52,7 @@ private Q_SLOTS:
     void changedPasswordReplacesTheOldOne();
     void passwordReachesNeitherLogNorStatement();
     void lastAdministratorIsKnown();
+    void administratorIsChangedByAnAdministratorOnly();
 
 private:
     QString storedHash(int userID);
@@ -213,6 +215,19 @@ void TestCTblUsers::lastAdministratorIsKnown()
     QVERIFY(CTblUsers::hasOtherAdmin(m_office.admin));
     m_office.database.run(u"UPDATE Users SET iStatus=1 WHERE sUser='second'"_s);
     QVERIFY(!CTblUsers::hasOtherAdmin(m_office.admin));
+}
+
+// A user may have been made an administrator, and an administrator something else, since the windows about them were opened.
+void TestCTblUsers::administratorIsChangedByAnAdministratorOnly()
+{
+    const int second = CTblUsers::create(u"second"_s, u"x"_s, QString(), true);
+    KChangeLog::setAuthor(m_office.clerk);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::setActive(second, false));
+    KChangeLog::setAuthor(m_office.admin);
+    CTblUsers::setActive(second, false);
+    m_office.database.run(u"UPDATE Users SET bAdmin=0 WHERE iID=%1"_s.arg(m_office.admin));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblUsers::setActive(second, true));
+    m_office.database.run(u"UPDATE Users SET bAdmin=1 WHERE iID=%1"_s.arg(m_office.admin));
 }
 
 static const RegisteredTest<TestCTblUsers, QCoreApplication> registeredCTblUsers;
