@@ -300,6 +300,8 @@ bool CDlgAddDocument::save(const ManualDocument &wanted)
     };
     const auto becomeNew = [&] {
         edited.num = 0;
+        // Also for another try: the number may be another document's by then.
+        m_num = 0;
         m_opened = {};
     };
     try {
