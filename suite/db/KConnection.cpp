@@ -205,7 +205,11 @@ void KConnection::introduce()
     // As patient as with any statement: while a cluster finds out that a node is gone, the others make everybody wait.
     for (const QByteArray &statement : {LockHolder::introduction(identity), LockHolder::removalOfOldIntroductions()}) {
         const auto ask = [&](ServerWait &wait) { return ClientCalls::query(wait, m_handle, statement); };
-        if (!wait(answerSeconds(), ask) && CMySQLException::categoryOf(mysql_errno(m_handle)) == CMySQLException::Category::ConnectionLost)
+        if (wait(answerSeconds(), ask))
+            continue;
+        if (m_gaveUp)
+            raise(statement);
+        if (CMySQLException::categoryOf(mysql_errno(m_handle)) == CMySQLException::Category::ConnectionLost)
             return close();
     }
 }
@@ -401,7 +405,9 @@ void KConnection::raise(const QByteArray &utf8Statement)
 
 void KConnection::applyLockWaits()
 {
-    for (const std::shared_ptr<KConnection> &connection : std::as_const(threadState().connections)) {
+    // A copy, because waiting may let events run that open another one.
+    const ThreadConnections connections = threadState().connections;
+    for (const std::shared_ptr<KConnection> &connection : connections) {
         if (connection && connection->m_handle && !connection->m_wait) {
             const QByteArray seconds = QByteArray::number(connection->lockSeconds());
             connection->run("SET SESSION innodb_lock_wait_timeout=" + seconds + ",lock_wait_timeout=" + seconds);

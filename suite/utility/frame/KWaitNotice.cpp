@@ -44,9 +44,10 @@ void KWaitNotice::ended() noexcept
     if (m_cursorSet)
         QApplication::restoreOverrideCursor();
     m_cursorSet = false;
+    // Also where the window went with the one below it.
+    qApp->removeEventFilter(this);
     if (!m_window)
         return;
-    qApp->removeEventFilter(this);
     delete m_window;
     // Where no window manager does so by itself.
     if (m_before)
