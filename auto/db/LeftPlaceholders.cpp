@@ -63,7 +63,10 @@ int LeftPlaceholders::remove(int database)
         for (const Placeholders::Row &row : left)
             removed += removeOne(row, database) ? 1 : 0;
         qCInfo(lcPlaceholders) << removed << "of" << left.size() << "records of programs that died were removed";
-    } catch (const CMySQLException &) {
+    } catch (const CMySQLException &error) {
+        // What became of an earlier save must be told, whoever comes upon it.
+        if (error.category() == CMySQLException::Category::SavedAfterAll || error.category() == CMySQLException::Category::OutcomeUnknown)
+            throw;
         qCWarning(lcPlaceholders).noquote() << KErrorText::logText(std::current_exception());
     }
     return removed;

@@ -106,7 +106,10 @@ void CDlgAutomobilDemands::opening()
         return;
     try {
         DemandArchiving::archiveOldOnes(GetDBSetting()->GetUserID());
-    } catch (const CMySQLException &) {
+    } catch (const CMySQLException &error) {
+        // What became of an earlier save must be told, whoever comes upon it.
+        if (error.category() == CMySQLException::Category::SavedAfterAll || error.category() == CMySQLException::Category::OutcomeUnknown)
+            throw;
         qCWarning(lcDemands).noquote() << KErrorText::logText(std::current_exception());
     }
 }
