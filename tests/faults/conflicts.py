@@ -59,4 +59,4 @@ def conflicts(office):
 
 
 if __name__ == "__main__":
-    run(conflicts, __doc__, rounds=100)
+    run(conflicts, __doc__, rounds=40)

@@ -120,4 +120,4 @@ def desks_at_work(office):
 
 
 if __name__ == "__main__":
-    run(desks_at_work, __doc__, rounds=25)
+    run(desks_at_work, __doc__, rounds=12)

@@ -9,7 +9,7 @@ import rig  # noqa: F401 - finds the library of the journeys
 from rig.fault import check, run, step
 
 VERSIONS = "SELECT sKey, sValue FROM Properties WHERE sSection='Schema' ORDER BY sKey"
-PATIENCE = 20
+PATIENCE = 60
 # Of three steps; each start leaves them as they are.
 TABLES = ("CarBrands", "AutomobilTariffs", "AutomobilContracts")
 

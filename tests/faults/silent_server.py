@@ -9,8 +9,8 @@ import rig
 from rig.fault import check, run, step
 from rig.wire import Fate, nth
 
-TOLD_WITHIN = 4.0
-GIVEN_UP_WITHIN = 4.0
+TOLD_WITHIN = 15.0
+GIVEN_UP_WITHIN = 15.0
 
 
 def told(desk, *command):

@@ -112,4 +112,4 @@ def upgrade_killed(office):
 
 
 if __name__ == "__main__":
-    run(upgrade_killed, __doc__, rounds=5)
+    run(upgrade_killed, __doc__, rounds=2)

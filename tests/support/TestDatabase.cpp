@@ -60,6 +60,8 @@ void TestDatabase::recreate()
     KConnectionSettings server = m_settings;
     server.database.clear();
     KConnection connection(server);
+    // A connection that was cut a moment ago may still hold a table.
+    connection.run(QByteArrayLiteral("SET SESSION lock_wait_timeout=60"));
     connection.run("DROP DATABASE IF EXISTS " + quotedName(name()));
     connection.run("CREATE DATABASE " + quotedName(name()));
     KConnection::configure(m_database, m_settings);

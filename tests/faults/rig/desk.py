@@ -9,7 +9,7 @@ import time
 
 from .server import ACCOUNT, OFFICE
 
-PATIENCE = 30.0
+PATIENCE = 60.0
 
 
 class DeskGone(AssertionError):

@@ -177,7 +177,7 @@ def _arguments(description, rounds):
     parser.add_argument("--keep", metavar="FOLDER", help="where the office is left for the other tests")
     parser.add_argument("--rounds", type=int, default=rounds, help="how often")
     parser.add_argument("--seed", type=int, default=None, help="of what is tried at random; printed, so that it can be repeated")
-    parser.add_argument("--seconds", type=int, default=120, help="the longest that the test may take")
+    parser.add_argument("--seconds", type=int, default=280, help="the longest that the test may take")
     parser.add_argument("--table", help="a file that gets the line for the table")
     arguments = parser.parse_args()
     if arguments.seed is None:
