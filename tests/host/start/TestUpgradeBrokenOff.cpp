@@ -168,9 +168,9 @@ private Q_SLOTS:
         m_office.make(version);
         const auto atFirst = m_office.rows();
         QCOMPARE(statementsOfAStart(statement).size(), statement);
-        const auto brokenOff = m_office.rows();
+        // The server leaves a table out of its lists while it ends what was going on there.
         for (auto table = atFirst.begin(); table != atFirst.end(); ++table)
-            QCOMPARE(brokenOff.value(table.key()), table.value());
+            QTRY_COMPARE(m_office.rows().value(table.key()), table.value());
         // Somebody worked with the tables that were there already.
         m_office.addRows();
         const auto before = m_office.rows();
