@@ -73,11 +73,16 @@ def enter_lines(office, editor, lines):
     return grid
 
 
-def _enter_choice(office, grid, row, code):
-    """Into the first cell of the row. Keys that come while its list of what fits is being closed would go nowhere."""
-    office.input.type(code)
+def _enter_choice(office, grid, row, text):
+    """A code or a name, into the first cell of the row, which then shows both. Keys that come while the list of what fits is being
+    closed would go nowhere."""
+    office.input.type(text)
     office.input.keys("Return")
-    wait_for(lambda: grid.cell(row, 0).name.startswith(f"{code} "), lambda: f"{code} to be taken, not {_line(grid, row)}")
+
+    def taken():
+        shown = grid.cell(row, 0).name
+        return text in shown and shown != text
+    wait_for(taken, lambda: f"{text} to be taken, not {_line(grid, row)}")
 
 
 def enter_document_rows(office, editor, rows):
