@@ -10,6 +10,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A read says nothing about what was saved before it: a list may be read anew right after a save.
+bool isRead(const QString &statement)
+{
+    return statement.startsWith(u"SELECT"_s) && !statement.contains(u" FOR UPDATE"_s);
+}
+
 QString withColumn(const QString &plain, const QString &named, const QString &caption)
 {
     return caption.isEmpty() ? plain : named.arg(caption.trimmed());
@@ -30,6 +36,8 @@ QString CMySQLException::userMessage() const
 {
     switch (m_category) {
     case Category::ConnectionLost:
+        if (isRead(m_statement))
+            return u"ارتباط با پایگاه داده هنگام خواندن قطع شد. پیش از تکرار کاری، لیست را تازه نمایید."_s;
         return u"ارتباط با پایگاه داده قطع شد. چیزی ذخیره نشد؛ لطفا دوباره تلاش نمایید."_s;
     case Category::DuplicateKey:
         return u"این مقدار قبلا ثبت شده است و تکرار آن ممکن نیست."_s;
@@ -39,6 +47,8 @@ QString CMySQLException::userMessage() const
         return (m_holder.isEmpty() ? u"کاربر دیگری"_s : m_holder)
             + u" همین اطلاعات را در دست تغییر دارد. چیزی ذخیره نشد؛ لطفا کمی بعد دوباره تلاش نمایید."_s;
     case Category::GivenUp:
+        if (isRead(m_statement))
+            return u"از انتظار برای پایگاه داده هنگام خواندن صرف نظر شد. پیش از تکرار کاری، لیست را تازه نمایید."_s;
         return u"از انتظار برای پایگاه داده صرف نظر شد. چیزی ذخیره نشد."_s;
     case Category::OutcomeUnknown:
         return u"ارتباط با پایگاه داده هنگام ذخیره قطع شد و معلوم نیست ذخیره انجام شده باشد. پیش از تکرار، نتیجه را ببینید."_s;

@@ -71,6 +71,17 @@ private Q_SLOTS:
         QCOMPARE(sentences.size(), all.size());
     }
 
+    // Whoever reads the list anew after a save must not be told that nothing was saved.
+    void lostReadSaysNothingAboutWhatWasSaved()
+    {
+        const auto told = [](Category category, const QString &statement) { return CMySQLException(category, 2013, QString(), statement).userMessage(); };
+        for (const Category category : {Category::ConnectionLost, Category::GivenUp}) {
+            QVERIFY(told(category, u"UPDATE Persons SET iCode=1"_s).contains(u"ذخیره نشد"_s));
+            QVERIFY(told(category, u"SELECT iID FROM Persons WHERE iID=1 LIMIT 1 FOR UPDATE"_s).contains(u"ذخیره نشد"_s));
+            QVERIFY(!told(category, u"SELECT iID FROM Persons"_s).contains(u"ذخیره"_s));
+        }
+    }
+
     void columnToBlameIsNamedByItsCaption()
     {
         for (const Category category : {Category::ValueTooLong, Category::BadCharacter}) {
