@@ -108,10 +108,10 @@ void CDlgAddUser::settle()
             throw FieldRefused(error.userMessage(), column);
         }
     };
-    if (!m_edit.isNew())
-        CTblUsers::requireMayChange(m_edit.key());
     check(u"sUser"_s, &CTblUsers::requireFreeName);
     check(u"bAdmin"_s, &CTblUsers::requireAdminLeft);
+    if (!m_edit.isNew())
+        CTblUsers::requireMayChange(m_edit.key());
 }
 
 QWidget *CDlgAddUser::fieldOf(const QString &column) const

@@ -195,9 +195,9 @@ void CTblUsers::setActive(int userID, bool active, int database)
             CTblUsers user(database);
             NamedLock::take(user.GetTableName(), database);
             user.lockForChange(userID);
-            requireMayChange(userID, database);
             user.m_iStatus = active ? 0 : 1;
             user.requireAdminLeft(userID);
+            requireMayChange(userID, database);
             user.Update(true);
         },
         database);

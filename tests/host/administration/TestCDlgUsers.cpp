@@ -5,6 +5,7 @@
 
 #include "host/administration/CDlgAddUser.h"
 #include "host/administration/CDlgChangePassword.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -297,6 +298,8 @@ void TestCDlgUsers::ofTwoAdministratorsOneStays()
     m_office.database.run(u"UPDATE Users SET bAdmin=1 WHERE iID=%1"_s.arg(m_clerk));
     const int third = CTblUsers::create(u"third"_s, u"word1"_s, {}, false);
     GetDBSetting()->Login(third);
+    // Neither of the two, who may not be deactivated by themselves, and nobody who is refused for not being an administrator.
+    KChangeLog::setAuthor(0);
     CDlgAddUser first(m_office.admin);
     CDlgAddUser second(m_clerk);
     for (CDlgAddUser *dialog : {&first, &second}) {
