@@ -6,6 +6,8 @@
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -25,8 +27,8 @@ QPushButton *createButton(const QString &caption, const QString &accessibleName,
     auto *button = new QPushButton(caption, parent);
     button->setAccessibleName(accessibleName);
     button->setAutoDefault(false);
-    const int width = button->fontMetrics().horizontalAdvance(caption) + 2 * button->fontMetrics().averageCharWidth();
-    button->setMaximumWidth(qMax(width, button->sizeHint().height() + 4));
+    LookMarks::setButton(button, LookMarks::Button::Small);
+    button->setMinimumWidth(LookSizes::scaled(LookSizes::control) + LookSizes::unit);
     return button;
 }
 
@@ -56,6 +58,7 @@ KPersonField::KPersonField(const QString &label, const QString &clearCaption, QW
     m_clearButton->setToolTip(u"خالی کردن"_s);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(LookSizes::unit / 2);
     row->addWidget(m_name, 1);
     row->addWidget(m_pickButton);
     row->addWidget(m_clearButton);

@@ -3,29 +3,22 @@
 
 #include "suite/utility/entries/AmountWords.h"
 
+#include "suite/utility/look/LookFonts.h"
 #include "suite/utility/values/Money.h"
 
 AmountWords::AmountWords(QWidget *parent)
-    : QLabel(parent)
+    : ElidedLabel(parent)
 {
-    setWordWrap(true);
+    LookFonts::applyHint(this);
 }
 
 void AmountWords::showAmount(double amount, const QString &unit)
 {
+    setText(wordsOf(amount, unit));
+}
+
+QString AmountWords::wordsOf(double amount, const QString &unit)
+{
     const QString words = IsEquals(amount, 0) ? QString() : amountInWords(amount);
-    setText(words.isEmpty() || unit.isEmpty() ? words : words + u' ' + unit);
-    claimHeight();
-}
-
-void AmountWords::resizeEvent(QResizeEvent *event)
-{
-    QLabel::resizeEvent(event);
-    claimHeight();
-}
-
-// A layout asks for the height of this width too, but a window keeps its size when only that changes.
-void AmountWords::claimHeight()
-{
-    setMinimumHeight(text().isEmpty() ? 0 : heightForWidth(width()));
+    return words.isEmpty() || unit.isEmpty() ? words : words + u' ' + unit;
 }

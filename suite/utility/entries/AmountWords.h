@@ -3,12 +3,11 @@
 
 #pragma once
 
-#include <QLabel>
-
 #include "suite/utility/TzUtilityExport.h"
+#include "suite/utility/look/ElidedLabel.h"
 
-// An amount in words below its entry, over as many lines as it takes: the window grows rather than cut them.
-class TZUTILITY_EXPORT AmountWords : public QLabel
+// An amount in words beside or below its entry, in one line, in the colour of hints.
+class TZUTILITY_EXPORT AmountWords : public ElidedLabel
 {
     Q_OBJECT
 
@@ -17,10 +16,5 @@ public:
 
     // Empty for 0. The unit, where there is one, follows the words.
     void showAmount(double amount, const QString &unit = {});
-
-protected:
-    void resizeEvent(QResizeEvent *event) override;
-
-private:
-    void claimHeight();
+    static QString wordsOf(double amount, const QString &unit = {});
 };

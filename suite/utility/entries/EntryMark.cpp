@@ -3,7 +3,10 @@
 
 #include "suite/utility/entries/EntryMark.h"
 
-#include <QApplication>
+#include "suite/utility/entries/FieldNote.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookSizes.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QPalette>
@@ -22,17 +25,12 @@ constexpr int tipMargins = 16;
 
 }
 
-QColor warningColor(const QPalette &palette)
-{
-    return palette.color(QPalette::Base).lightness() < 128 ? QColor(255, 128, 128) : QColor(190, 30, 30);
-}
-
 void paintEntryMark(QWidget *edit)
 {
     QPainter painter(edit);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(warningColor(edit->palette()), 1.5));
-    painter.drawRoundedRect(QRectF(edit->rect()).adjusted(1, 1, -1, -1), 2, 2);
+    painter.setPen(QPen(HostColors::of(HostColors::Role::Danger), LookSizes::ring));
+    painter.drawRoundedRect(QRectF(edit->rect()).adjusted(1, 1, -1, -1), LookSizes::controlCorner, LookSizes::controlCorner);
 }
 
 void tellEntryError(QWidget *edit, const QString &error)
@@ -42,8 +40,13 @@ void tellEntryError(QWidget *edit, const QString &error)
     edit->setProperty(ownDescription, error.isEmpty() ? QVariant() : QVariant(own));
     edit->setAccessibleDescription(error.isEmpty() ? own : u"%1 %2"_s.arg(own, error).trimmed());
     edit->update();
+    FieldNote *note = FieldNote::of(edit);
+    if (note)
+        note->showError(error);
     if (error.isEmpty()) {
         QToolTip::hideText();
+    } else if (note && note->isVisible() && !note->isCut()) {
+        return;
     } else if (edit->hasFocus()) {
         // Under the right end, where the entry is read.
         const int tipWidth = edit->fontMetrics().horizontalAdvance(error) + tipMargins;
@@ -60,6 +63,6 @@ QPalette entryPalette(bool readOnly)
 {
     QPalette colors;
     if (readOnly)
-        colors.setBrush(QPalette::Base, QApplication::palette().brush(QPalette::Window));
+        colors.setColor(QPalette::Base, HostColors::of(HostColors::Role::Sunken));
     return colors;
 }

@@ -3,11 +3,15 @@
 
 #include "suite/utility/entries/FieldLabel.h"
 
+#include "suite/utility/entries/FieldNote.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -33,6 +37,7 @@ QLabel *labelFor(const QString &caption, QWidget *control, const QString &access
     nameControl(control, given.isEmpty() ? caption : given);
     auto *label = new QLabel(labelText(caption), control->parentWidget());
     label->setBuddy(control);
+    LookFonts::apply(label, LookFonts::Use::Label);
     return label;
 }
 
@@ -59,9 +64,16 @@ QLabel *addLabelled(QGridLayout *grid, int row, int column, const QString &capti
     return label;
 }
 
+QLabel *addLabelled(FormGrid *grid, const QString &caption, QWidget *control, int span)
+{
+    QLabel *label = labelFor(caption, control);
+    grid->addField(label, new FieldNote(control), control, span);
+    return label;
+}
+
 QPushButton *addButton(QBoxLayout *line, const QString &caption, const QString &icon)
 {
-    auto *button = new QPushButton(icon.isEmpty() ? QIcon() : QIcon(icon), caption);
+    auto *button = new QPushButton(LookIcons::icon(icon), caption);
     button->setAccessibleName(caption);
     button->setAutoDefault(false);
     line->addWidget(button);

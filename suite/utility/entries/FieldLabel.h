@@ -7,6 +7,7 @@
 
 #include <QString>
 
+class FormGrid;
 class QBoxLayout;
 class QFormLayout;
 class QGridLayout;
@@ -32,6 +33,9 @@ TZUTILITY_EXPORT void nameControl(QWidget *control, const QString &name);
 TZUTILITY_EXPORT QLabel *addLabelled(QFormLayout *form, const QString &caption, QWidget *control);
 TZUTILITY_EXPORT QLabel *addLabelled(QBoxLayout *line, const QString &caption, QWidget *control, int stretch = 0);
 TZUTILITY_EXPORT QLabel *addLabelled(QGridLayout *grid, int row, int column, const QString &caption, QWidget *control, int span = 1);
+
+// On a form grid: the label above the control, which gets a FieldNote beside its label.
+TZUTILITY_EXPORT QLabel *addLabelled(FormGrid *grid, const QString &caption, QWidget *control, int span = 1);
 
 // Adds a command button that a screen reader announces by its caption, and that Return in an entry line does not press. icon is a
 // path, or empty.

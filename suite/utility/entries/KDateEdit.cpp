@@ -13,6 +13,8 @@
 
 #include "suite/utility/entries/EntryMark.h"
 #include "suite/utility/entries/KMonthPopup.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -37,22 +39,11 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
-        ink.setAlphaF(underMouse() ? 1.0F : 0.65F);
-        painter.setPen(QPen(ink, 1.2));
-        const double side = qMin(width(), height()) * 0.6;
-        QRectF sheet(0, 0, side, side);
-        sheet.moveCenter(QRectF(rect()).center());
-        painter.drawRoundedRect(sheet, 2, 2);
-        const double head = sheet.top() + side * 0.3;
-        painter.drawLine(QPointF(sheet.left(), head), QPointF(sheet.right(), head));
-        for (double at : {0.3, 0.7}) {
-            const double x = sheet.left() + side * at;
-            painter.drawLine(QPointF(x, sheet.top() - 2), QPointF(x, sheet.top() + 2));
-            painter.drawPoint(QPointF(x, head + side * 0.25));
-            painter.drawPoint(QPointF(x, head + side * 0.48));
-        }
+        const int side = qMin(LookSizes::scaled(LookSizes::iconSize), qMin(width(), height()));
+        QRect sheet(0, 0, side, side);
+        sheet.moveCenter(rect().center());
+        static const QIcon picture = LookIcons::icon(u":/icons/calendar.svg"_s);
+        picture.paint(&painter, sheet, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
     }
 };
 
@@ -304,13 +295,6 @@ void KDateEdit::updateLook()
     if (!isChecked())
         colors.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
     setPalette(colors);
-    if (m_check) {
-        // Styles draw the box's outline as a shade darker than the window, which is lost on a dark line.
-        QPalette box;
-        if (palette().color(QPalette::Base).lightness() < 128)
-            box.setColor(QPalette::Window, palette().color(QPalette::PlaceholderText).lighter());
-        m_check->setPalette(box);
-    }
     m_updatingLook = false;
 }
 

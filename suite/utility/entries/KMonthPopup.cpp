@@ -16,7 +16,9 @@
 
 #include <cstdlib>
 
-#include "suite/utility/entries/EntryMark.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 using namespace Qt::StringLiterals;
@@ -46,7 +48,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         if (underMouse() || hasFocus()) {
-            painter.setPen(Qt::NoPen);
+            painter.setPen(hasFocus() ? QPen(HostColors::of(HostColors::Role::Accent), LookSizes::ring) : QPen(Qt::NoPen));
             painter.setBrush(palette().color(QPalette::Midlight));
             painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 4, 4);
         }
@@ -106,7 +108,7 @@ void KDayButton::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF box = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    QColor text = shamsiDayOfWeek(m_date) == friday ? warningColor(palette()) : palette().color(QPalette::Text);
+    QColor text = shamsiDayOfWeek(m_date) == friday ? HostColors::of(HostColors::Role::Danger) : palette().color(QPalette::Text);
     painter.setPen(Qt::NoPen);
     if (m_isSelected) {
         painter.setBrush(palette().color(QPalette::Highlight));
@@ -118,7 +120,7 @@ void KDayButton::paintEvent(QPaintEvent *)
     }
     if (m_date == QDate::currentDate()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(m_isSelected ? text : palette().color(QPalette::Highlight), 1.5));
+        painter.setPen(QPen(HostColors::of(HostColors::Role::Accent), 1.5));
         painter.drawRoundedRect(box, 4, 4);
     }
     painter.setPen(text);
@@ -147,9 +149,7 @@ void KMonthPopup::addHeader()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(0);
-    QFont bold = font();
-    bold.setBold(true);
-    m_title->setFont(bold);
+    m_title->setFont(LookFonts::font(LookFonts::Use::Primary));
     m_title->setAlignment(Qt::AlignCenter);
     m_title->setForegroundRole(QPalette::Text);
     row->addWidget(addStepButton(u"سال قبل"_s, -monthsInYear));
@@ -177,10 +177,7 @@ void KMonthPopup::addDays()
         auto *label = new QLabel(shamsiDayName(day).left(1), this);
         label->setAlignment(Qt::AlignCenter);
         label->setAccessibleName(shamsiDayName(day));
-        QPalette colors = label->palette();
-        colors.setColor(QPalette::WindowText,
-                        day == friday ? warningColor(palette()) : palette().color(QPalette::PlaceholderText));
-        label->setPalette(colors);
+        label->setForegroundRole(day == friday ? HostColors::dangerText : HostColors::hintText);
         grid->addWidget(label, 0, day);
     }
     for (int place = 0; place < weeksShown * daysInWeek; ++place) {

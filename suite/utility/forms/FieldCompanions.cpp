@@ -4,34 +4,42 @@
 #include "suite/utility/forms/FieldCompanions.h"
 
 #include "suite/utility/entries/AmountWords.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/forms/KFormField.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 FieldCompanions::FieldCompanions(const KFormField &field, QWidget *control, QWidget *page)
     : m_control(control)
+    , m_note(field.kind == KFormField::Kind::Flag ? nullptr : new FieldNote(control, page))
 {
-    if (field.inWords)
-        addWords(qobject_cast<KEdit *>(control), page);
+    if (m_note)
+        m_note->hide();
+    if (field.inWords) {
+        m_words = new AmountWords(page);
+        m_words->hide();
+        wireWords(qobject_cast<KEdit *>(control));
+    }
     if (field.hasButton)
         addButton(page);
     if (field.hasArrows)
         m_arrows = new KStepArrows(qobject_cast<KEdit *>(control), page);
 }
 
-void FieldCompanions::addWords(KEdit *amount, QWidget *page)
+// Whichever of the two shows them.
+void FieldCompanions::wireWords(KEdit *amount)
 {
-    m_words = new AmountWords(page);
-    QFont small = m_words->font();
-    small.setPointSizeF(small.pointSizeF() * 0.85);
-    m_words->setFont(small);
-    m_words->setForegroundRole(QPalette::PlaceholderText);
     QObject::connect(amount, &KEdit::numberChanged, m_words, [words = m_words](double number) { words->showAmount(number); });
 }
 
@@ -41,7 +49,9 @@ void FieldCompanions::addButton(QWidget *page)
     m_button = new QPushButton(caption, page);
     m_button->setAccessibleName(m_control->accessibleName() + u' ' + caption);
     m_button->setAutoDefault(false);
-    m_button->setMaximumWidth(m_button->fontMetrics().averageCharWidth() * 6);
+    LookMarks::setButton(m_button, LookMarks::Button::Small);
+    m_button->setMinimumWidth(LookSizes::scaled(LookSizes::control) + LookSizes::unit);
+    m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void FieldCompanions::place(QGridLayout *grid, int row, int column, int span) const
@@ -62,8 +72,38 @@ void FieldCompanions::place(QGridLayout *grid, int row, int column, int span) co
         grid->addWidget(m_words, row + 1, column, 1, span);
 }
 
+void FieldCompanions::place(FormGrid *grid, QLabel *label, int span, int wordsSpan)
+{
+    if (m_words && wordsSpan == 0) {
+        QObject::connect(qobject_cast<KEdit *>(m_control), &KEdit::numberChanged, m_note,
+                         [note = m_note](double number) { note->setOwnText(AmountWords::wordsOf(number)); });
+        m_note->setOwnText(m_words->text());
+        delete std::exchange(m_words, nullptr);
+    }
+    if (m_button || m_arrows) {
+        auto *line = new QHBoxLayout;
+        line->setSpacing(LookSizes::unit / 2);
+        line->addWidget(m_control, 1);
+        if (m_arrows)
+            line->addWidget(m_arrows);
+        if (m_button)
+            line->addWidget(m_button);
+        grid->addField(label, m_note, line, span);
+    } else {
+        grid->addField(label, m_note, m_control, span);
+    }
+    // Words that have a row of their own stand at its end, where the last field above them is.
+    if (m_words && wordsSpan > span)
+        m_words->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
+    if (m_words)
+        grid->addCell(m_words, wordsSpan);
+    m_isOnGrid = true;
+}
+
 void FieldCompanions::showWords(bool shown) const
 {
+    if (m_note)
+        m_note->setVisible(shown && m_isOnGrid);
     if (m_words)
         m_words->setVisible(shown);
 }

@@ -5,14 +5,17 @@
 
 struct KFormField;
 class AmountWords;
+class FieldNote;
+class FormGrid;
 class KEdit;
 class KStepArrows;
 class QGridLayout;
+class QLabel;
 class QPushButton;
 class QWidget;
 
-// What a field asks for around its control: the amount in words below it, a button or arrows behind it. Each is null where the
-// field does not ask. They belong to the page. Inside the library only.
+// What stands around a field's control: beside its label the note, which holds the amount in words; behind it a button or arrows.
+// Button and arrows are null where the field does not ask for them. They belong to the page. Inside the library only.
 class FieldCompanions
 {
 public:
@@ -24,17 +27,22 @@ public:
 
     // Puts the control into the cell, with what stands behind it, and the words into the row below.
     void place(QGridLayout *grid, int row, int column, int span) const;
+    // Adds the field to the grid. With wordsSpan the amount in words has a cell of its own behind the field.
+    void place(FormGrid *grid, QLabel *label, int span, int wordsSpan);
 
+    // The note and the words.
     void showWords(bool shown) const;
     // The button and the arrows.
     void showButtons(bool shown) const;
 
 private:
-    void addWords(KEdit *amount, QWidget *page);
+    void wireWords(KEdit *amount);
     void addButton(QWidget *page);
 
     QWidget *m_control;
+    FieldNote *m_note = nullptr;
     AmountWords *m_words = nullptr;
     QPushButton *m_button = nullptr;
     KStepArrows *m_arrows = nullptr;
+    bool m_isOnGrid = false;
 };

@@ -138,6 +138,19 @@ void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &col
     placed.companions->place(grid, row, gridColumn + 1, span);
 }
 
+void KForm::place(FormGrid *grid, const QString &column, int span, int wordsSpan)
+{
+    const Item &placed = item(column);
+    placed.companions->place(grid, placed.label, span, wordsSpan);
+    applyDisplayed(placed);
+}
+
+void KForm::place(FormGrid *grid, std::initializer_list<Cell> cells)
+{
+    for (const Cell &cell : cells)
+        place(grid, QString::fromLatin1(cell.column), cell.span, cell.wordsSpan);
+}
+
 void KForm::setUsed(const QString &column, bool used)
 {
     Item &changed = item(column);

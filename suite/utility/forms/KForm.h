@@ -12,12 +12,14 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class FieldCompanions;
 class FormControl;
+class FormGrid;
 class KDateEdit;
 class KEdit;
 class KMySQL;
@@ -64,6 +66,18 @@ public:
     // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
     // the field has one, is put into the row below.
     void place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span = 1);
+
+    // A field of a line: its column, how many columns of the grid it takes, and for an amount in words how many the words take
+    // behind it; 0: they stand beside its label.
+    struct Cell
+    {
+        const char *column;
+        int span = 1;
+        int wordsSpan = 0;
+    };
+    // Adds the field to the form grid: its label above the control, and beside the label its hint or error.
+    void place(FormGrid *grid, const QString &column, int span = 1, int wordsSpan = 0);
+    void place(FormGrid *grid, std::initializer_list<Cell> cells);
 
     // Takes a field off the page for now, or puts it back: off the page it is not shown, not checked by firstInvalid and
     // not written by store, so that the record keeps what it holds. load fills it all the same.

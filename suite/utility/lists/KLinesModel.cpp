@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-#include "suite/utility/entries/EntryMark.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
@@ -172,7 +172,7 @@ QVariant KLinesModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return int(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
     case Qt::ForegroundRole:
-        return isUnknownChoice(index) ? QVariant(QBrush(warningColor(QGuiApplication::palette()))) : QVariant();
+        return isUnknownChoice(index) ? QVariant(QBrush(HostColors::of(HostColors::Role::Danger))) : QVariant();
     case Qt::ToolTipRole:
         return isUnknownChoice(index) ? u"در لیست نیست"_s : QString();
     case KListModel::LeftToRightRole:

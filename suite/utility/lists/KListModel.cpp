@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "suite/utility/entries/CodeFont.h"
-#include "suite/utility/entries/EntryMark.h"
+#include "suite/utility/look/HostColors.h"
 
 namespace {
 
@@ -40,7 +40,7 @@ QVariant look(const KListModel::Row &row, int column, int role)
     if (column == row.markedCell)
         return QBrush(role == Qt::BackgroundRole ? QColor(mustBeMended) : QColor(Qt::white));
     if (role == Qt::ForegroundRole && row.warning)
-        return QBrush(warningColor(palette));
+        return QBrush(HostColors::of(HostColors::Role::Danger));
     if (role == Qt::BackgroundRole && row.heading)
         return palette.brush(QPalette::Button);
     return {};
