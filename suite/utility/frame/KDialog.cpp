@@ -4,19 +4,30 @@
 #include "suite/utility/frame/KDialog.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMetaMethod>
+#include <QMetaProperty>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
+#include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/frame/TabOrder.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -122,11 +133,101 @@ bool KDialog::mayDropTypedWork()
 void KDialog::entriesLoaded(const QWidget *part)
 {
     m_typed.add(part);
+    watchEntries();
+    tabToFooterLast();
 }
 
 void KDialog::typedWorkSaved()
 {
     m_typed.remember(this);
+    watchEntries();
+    tellTypedWork();
+}
+
+// Each control says by the signal of its value that it has another one.
+void KDialog::watchEntries()
+{
+    const QMetaMethod changed = staticMetaObject.method(staticMetaObject.indexOfSlot("entryChanged()"));
+    for (const QWidget *control : m_typed.controls()) {
+        const QMetaProperty value = control->metaObject()->userProperty();
+        if (value.isValid() && value.hasNotifySignal())
+            connect(control, value.notifySignal(), this, changed, Qt::UniqueConnection);
+        if (const auto *view = qobject_cast<const QAbstractItemView *>(control); view && view->model())
+            connect(view->model(), &QAbstractItemModel::dataChanged, this, &KDialog::entryChanged, Qt::UniqueConnection);
+    }
+}
+
+// Many values change together: looked at once, when they have.
+void KDialog::entryChanged()
+{
+    if (std::exchange(m_checkPending, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_checkPending = false;
+            tellTypedWork();
+        },
+        Qt::QueuedConnection);
+}
+
+void KDialog::tellTypedWork()
+{
+    const bool typed = holdsTypedWork();
+    if (std::exchange(m_toldTyped, typed) != typed)
+        typedWorkChanged(typed);
+}
+
+// Whatever came into the page or the footer meanwhile. The box around the buttons would be met by Tab where it was made, and pass
+// the focus on to its first button.
+void KDialog::tabToFooterLast()
+{
+    if (!m_bar)
+        return;
+    for (QDialogButtonBox *box : m_bar->findChildren<QDialogButtonBox *>())
+        box->setFocusProxy(nullptr);
+    QWidget *last = nullptr;
+    for (QWidget *widget = nextInFocusChain(); widget && widget != this; widget = widget->nextInFocusChain()) {
+        if (!m_bar->isAncestorOf(widget) && widget->window() == this && (widget->focusPolicy() & Qt::TabFocus))
+            last = widget;
+    }
+    // Through the bar itself, which can have the focus for this moment only.
+    m_bar->setFocusPolicy(Qt::TabFocus);
+    if (last)
+        setTabOrder(last, m_bar);
+    QWidget *before = m_bar;
+    for (QWidget *widget : tabStopsIn(m_bar))
+        setTabOrder(std::exchange(before, widget), widget);
+    m_bar->setFocusPolicy(Qt::NoFocus);
+}
+
+void KDialog::setContent(QWidget *content, QDialogButtonBox *buttons, Content kind)
+{
+    auto *frame = new QVBoxLayout(this);
+    frame->setContentsMargins({});
+    frame->setSpacing(0);
+    if (kind == Content::Scrolls) {
+        auto *page = new QWidget(this);
+        fillWithScrolled(page, content);
+        frame->addWidget(page, 1);
+    } else {
+        frame->addWidget(content, 1);
+        tabInLayoutOrder(content);
+    }
+    auto *bar = new QWidget(this);
+    LookMarks::setBar(bar, LookMarks::Bar::Bottom);
+    auto *line = new QHBoxLayout(bar);
+    constexpr int around = (LookSizes::footer - LookSizes::tallControl) / 2;
+    line->setContentsMargins(LookSizes::windowMargin, around, LookSizes::windowMargin, around);
+    line->setSpacing(LookSizes::unit);
+    m_footer = new QHBoxLayout;
+    m_footer->setSpacing(LookSizes::unit);
+    line->addLayout(m_footer);
+    line->addStretch(1);
+    if (buttons)
+        line->addWidget(buttons);
+    frame->addWidget(bar);
+    m_bar = bar;
 }
 
 // While the OK button's work is under way, its outcome decides: a window that is saving cannot be closed as cancelled.
@@ -161,6 +262,7 @@ QDialogButtonBox *KDialog::createButtons(const QString &okCaption, const QString
         auto *ok = new QPushButton(okCaption, box);
         box->addButton(ok, QDialogButtonBox::AcceptRole);
         ok->setDefault(true);
+        LookMarks::setButton(ok, LookMarks::Button::Primary);
         connect(ok, &QPushButton::clicked, this, &KDialog::accept);
         m_asks = true;
     }
@@ -220,11 +322,15 @@ void KDialog::pressDefaultButton()
 
 void KDialog::showEvent(QShowEvent *event)
 {
-    if (!m_sizeRestored)
+    if (!m_sizeRestored) {
+        tabToFooterLast();
         restoreSize();
+    }
     QDialog::showEvent(event);
     if (m_asks && !event->spontaneous())
-        m_typed.remember(this);
+        typedWorkSaved();
+    if (!event->spontaneous())
+        LookSizes::keepOnScreen(this);
 }
 
 void KDialog::restoreSize()
@@ -238,7 +344,7 @@ void KDialog::restoreSize()
             wanted = stored;
     }
     // The buttons at the lower edge stay in sight on a small screen; the frame takes some of it too.
-    constexpr int frameHeight = 40;
+    constexpr int frameHeight = 28;
     if (wanted.isEmpty())
         return;
     resize(wanted.boundedTo(screen()->availableSize() - QSize(0, frameHeight)));

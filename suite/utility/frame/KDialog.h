@@ -10,6 +10,7 @@
 #include "suite/utility/frame/TypedWork.h"
 
 class QDialogButtonBox;
+class QHBoxLayout;
 
 // Base of the modal windows: right to left, keyboard-friendly, keeps its size.
 //
@@ -71,11 +72,31 @@ protected:
     static QString defaultOkCaption();
     static QString defaultCancelCaption();
 
+    // What stands above the footer.
+    enum class Content {
+        Scrolls, // a page of cards or fields, in a scroll area
+        Fills    // a list or a grid, which scrolls itself
+    };
+    // Makes the window's frame: the content, and below it a footer that is always in sight, with the buttons at its far end. Takes
+    // ownership. Once, and with all of the content's parts in it by then, because Tab goes through them in the order of the layout.
+    void setContent(QWidget *content, QDialogButtonBox *buttons, Content kind = Content::Scrolls);
+    // The leading part of the footer, for commands and what else stands there; null before setContent.
+    QHBoxLayout *footer() const { return m_footer; }
+
+    // Whether the window holds something entered and not saved has changed.
+    virtual void typedWorkChanged(bool) { }
+
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
+private Q_SLOTS:
+    void entryChanged();
+
 private:
+    void watchEntries();
+    void tellTypedWork();
+    void tabToFooterLast();
     bool moveToNextField();
     void pressDefaultButton();
     void restoreSize();
@@ -84,5 +105,9 @@ private:
     bool m_sizeRestored = false;
     bool m_asks = false;
     bool m_accepting = false;
+    bool m_checkPending = false;
+    bool m_toldTyped = false;
+    QWidget *m_bar = nullptr;
+    QHBoxLayout *m_footer = nullptr;
     TypedWork m_typed;
 };

@@ -3,6 +3,10 @@
 
 #include "suite/utility/frame/KTabButton.h"
 
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
+
 #include <QAccessibleWidget>
 #include <QPainter>
 
@@ -60,15 +64,40 @@ KTabButton::KTabButton(const QString &title, QWidget *parent)
     Q_UNUSED(installed)
     setCheckable(true);
     setAutoDefault(false);
+    setAttribute(Qt::WA_Hover);
     setAccessibleName(title);
 }
 
-// The current page's button carries a bar in the accent colour: being pressed alone is hard to see on a dark palette.
-void KTabButton::paintEvent(QPaintEvent *event)
+QSize KTabButton::sizeHint() const
 {
-    QPushButton::paintEvent(event);
-    if (!isChecked())
-        return;
+    const QFontMetrics bold(LookFonts::font(LookFonts::Use::Primary));
+    return {bold.horizontalAdvance(text()) + 2 * LookSizes::windowMargin, LookSizes::scaled(LookSizes::editorTabs)};
+}
+
+QSize KTabButton::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+// Text alone; the current page's is bold and underlined in the accent.
+void KTabButton::paintEvent(QPaintEvent *)
+{
+    using HostColors::Role;
+    constexpr int underline = 3;
     QPainter painter(this);
-    painter.fillRect(QRect(4, height() - 4, width() - 8, 3), palette().color(QPalette::Highlight));
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool isCurrent = isChecked();
+    const Role ink = !isEnabled() ? Role::Disabled : isCurrent ? Role::Link
+        : underMouse()                                         ? Role::Text
+                                                               : Role::Quiet;
+    painter.setFont(isCurrent ? LookFonts::font(LookFonts::Use::Primary) : font());
+    painter.setPen(HostColors::of(ink));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+    if (isCurrent)
+        painter.fillRect(QRect(0, height() - underline, width(), underline), HostColors::of(Role::Accent));
+    if (!hasFocus())
+        return;
+    painter.setPen(QPen(HostColors::of(Role::Accent), LookSizes::ring));
+    const QRectF ring = QRectF(rect()).adjusted(3, 5, -3, -6);
+    painter.drawRoundedRect(ring, LookSizes::controlCorner, LookSizes::controlCorner);
 }

@@ -14,6 +14,9 @@ class KTabButton : public QPushButton
 public:
     KTabButton(const QString &title, QWidget *parent);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 };

@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 
 #include "suite/utility/frame/KTabButton.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
 namespace {
 
@@ -34,11 +36,13 @@ KTabPageButtons::KTabPageButtons(QWidget *parent)
     , m_row(new QHBoxLayout(m_bar))
     , m_pages(new QStackedWidget(this))
 {
-    m_row->setContentsMargins({});
-    m_row->setSpacing(4);
+    m_row->setContentsMargins(LookSizes::unit, 0, LookSizes::windowMargin, 0);
+    m_row->setSpacing(0);
     m_row->addStretch(1);
+    LookMarks::setBar(m_bar, LookMarks::Bar::Top);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
+    layout->setSpacing(0);
     layout->addWidget(m_bar);
     layout->addWidget(m_pages, 1);
     connect(m_buttons, &QButtonGroup::idClicked, this, &KTabPageButtons::setCurrentIndex);
@@ -78,6 +82,11 @@ void KTabPageButtons::placeInTabOrder(QWidget *button, int index)
     m_bar->setFocusPolicy(Qt::TabFocus);
     setTabOrder(index == 0 ? m_bar : m_buttons->button(index - 1), button);
     m_bar->setFocusPolicy(Qt::NoFocus);
+}
+
+void KTabPageButtons::addAtEnd(QWidget *widget)
+{
+    m_row->addWidget(widget);
 }
 
 int KTabPageButtons::count() const

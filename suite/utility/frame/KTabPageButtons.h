@@ -33,6 +33,9 @@ public:
     // A page that is not shown is not enabled and has no button in the row, as if it had not been added.
     void setPageShown(int index, bool shown);
 
+    // Adds a widget at the far end of the row of buttons.
+    void addAtEnd(QWidget *widget);
+
     // -1 without pages.
     int currentIndex() const;
     QWidget *currentPage() const;

@@ -9,11 +9,25 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+namespace {
+
+// Asks for the room of the whole page; by itself an area asks for little, and a small window would begin scrolled.
+class PageArea : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+
+    QSize sizeHint() const override { return widget() ? widget()->sizeHint() : QScrollArea::sizeHint(); }
+};
+
+}
+
 void fillWithScrolled(QWidget *page, QWidget *content)
 {
-    auto *scroll = new QScrollArea(page);
+    auto *scroll = new PageArea(page);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(content);
     auto *layout = new QVBoxLayout(page);

@@ -65,12 +65,17 @@ void collect(const QLayout *layout, QList<QWidget *> &controls)
 
 }
 
+QList<QWidget *> tabStopsIn(const QWidget *container)
+{
+    QList<QWidget *> controls;
+    if (container->layout())
+        collect(container->layout(), controls);
+    return controls;
+}
+
 void tabInLayoutOrder(QWidget *container)
 {
-    if (!container->layout())
-        return;
-    QList<QWidget *> controls;
-    collect(container->layout(), controls);
+    const QList<QWidget *> controls = tabStopsIn(container);
     for (qsizetype i = 1; i < controls.size(); ++i)
         QWidget::setTabOrder(controls.at(i - 1), controls.at(i));
 }

@@ -108,3 +108,13 @@ bool TypedWork::differs(const QWidget *window) const
         return line && line->isModified() && !known.contains(control);
     });
 }
+
+QList<const QWidget *> TypedWork::controls() const
+{
+    QList<const QWidget *> controls;
+    for (const Entry &entry : m_entries) {
+        if (entry.widget)
+            controls.append(entry.widget);
+    }
+    return controls;
+}

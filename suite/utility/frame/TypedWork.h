@@ -25,6 +25,8 @@ public:
     // Whether an entry holds something else than it did. A line that came later, such as the editor of a cell, counts once it has
     // been typed into.
     bool differs(const QWidget *window) const;
+    // Those that are remembered and still there.
+    QList<const QWidget *> controls() const;
 
 private:
     struct Entry

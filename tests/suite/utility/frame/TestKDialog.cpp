@@ -554,7 +554,7 @@ void TestKDialog::storedSizeBeyondTheScreenIsCut()
     SampleDialog dialog;
     dialog.SetSettingName(u"Huge"_s);
     dialog.show();
-    QCOMPARE(dialog.width(), dialog.screen()->availableSize().width());
+    QCOMPARE(dialog.frameGeometry().width(), dialog.screen()->availableSize().width());
     QVERIFY(dialog.height() < dialog.screen()->availableSize().height());
     QVERIFY(dialog.height() > dialog.screen()->availableSize().height() - 60);
 }
