@@ -4,6 +4,7 @@
 #include "host/frame/HostLook.h"
 
 #include "host/frame/HostStyle.h"
+#include "suite/utility/look/HostColors.h"
 
 #include <QApplication>
 #include <QDir>
@@ -67,6 +68,8 @@ void apply(QApplication &application)
         family = systemFamily();
     if (!family.isEmpty())
         QApplication::setFont(QFont(family, 10));
+    HostStyle::applyFonts();
+    QApplication::setPalette(HostColors::palette(HostColors::look()));
 
     auto *texts = new QTranslator(&application);
     if (texts->load(u"qtbase_fa"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

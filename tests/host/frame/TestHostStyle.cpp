@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "host/frame/HostStyle.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/HostColors.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
@@ -12,14 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QPalette paletteOf(bool dark)
-{
-    QPalette palette(dark ? QColor(50, 50, 50) : QColor(240, 240, 240));
-    palette.setColor(QPalette::ButtonText, dark ? Qt::white : Qt::black);
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(128, 128, 128));
-    return palette;
-}
 
 // A drop-down whose text stays readable while it is disabled.
 class ReadableCombo : public QComboBox
@@ -61,6 +55,26 @@ class TestHostStyle : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QApplication::setStyle(new HostStyle); }
+    void cleanup() { HostColors::setLook(HostColors::Look::Light); }
+
+    void selectedRowHasItsGroundAndABarAtTheLeadingEdge()
+    {
+        using HostColors::Role;
+        QApplication::setPalette(HostColors::palette(HostColors::look()));
+        KExtListCtrl list;
+        list.setColumns({{.title = u"ردیف"_s, .width = 40}, {.title = u"نام"_s, .width = 100}});
+        list.setRows({{1, {{u"1"_s, 1}, {u"مجید"_s}}}, {2, {{u"2"_s, 2}, {u"سمیرا"_s}}}, {3, {{u"3"_s, 3}, {u"حسین"_s}}}});
+        list.resize(400, 200);
+        list.selectKey(2);
+        list.show();
+        const QImage picture = list.viewport()->grab().toImage();
+        const QRect row = list.visualRect(list.model()->index(1, 0));
+        const int y = row.top() + 2;
+        QCOMPARE(picture.pixelColor(picture.width() - 2, y), HostColors::of(list.hasFocus() ? Role::Accent : Role::Edge));
+        QCOMPARE(picture.pixelColor(picture.width() - 8, y), HostColors::of(Role::Select));
+        QCOMPARE(picture.pixelColor(8, y), HostColors::of(Role::Select));
+        QCOMPARE(picture.pixelColor(8, list.visualRect(list.model()->index(2, 0)).top() + 2), HostColors::of(Role::Surface));
+    }
 
     void dropDownThatOnlyShowsItsValueHasAGreyArrowAndAReadableText_data()
     {
@@ -72,7 +86,8 @@ private Q_SLOTS:
     void dropDownThatOnlyShowsItsValueHasAGreyArrowAndAReadableText()
     {
         QFETCH(bool, dark);
-        QApplication::setPalette(paletteOf(dark));
+        HostColors::setLook(dark ? HostColors::Look::Dark : HostColors::Look::Light);
+        QApplication::setPalette(HostColors::palette(HostColors::look()));
         ReadableCombo combo;
         const int arrow = combo.contrastOf(QStyle::SC_ComboBoxArrow);
         const int text = combo.contrastOf(QStyle::SC_ComboBoxEditField);
