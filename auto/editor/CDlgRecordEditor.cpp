@@ -11,6 +11,8 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/forms/FormTexts.h"
 #include "suite/utility/frame/KTabPageButtons.h"
+#include "suite/utility/look/KChip.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -18,7 +20,6 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +30,7 @@ CDlgRecordEditor::CDlgRecordEditor(int key, EditorMode mode, QWidget *parent)
 {
     buildFrame();
     // Shows the whole first page where the screen allows it; later the size is as the user left it.
-    resize(QSize(1200, 800).boundedTo(screen()->availableSize() - QSize(40, 60)));
+    resize(QSize(LookSizes::scaled(1366), LookSizes::scaled(768)).boundedTo(screen()->availableSize()));
 }
 
 void CDlgRecordEditor::buildFrame()
@@ -39,19 +40,24 @@ void CDlgRecordEditor::buildFrame()
     m_active->setEnabled(!isShowMode());
     m_buttons = createButtons();
 
+    m_unsaved = new KChip(KChip::Kind::Warn, u"ذخیره نشده"_s, this);
+    m_unsaved->hide();
+    m_tabs->addAtEnd(m_unsaved);
+
+    setContent(m_tabs, m_buttons, Content::Fills);
     m_commands = new QHBoxLayout;
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(m_active);
-    bottom->addSpacing(12);
-    bottom->addLayout(m_commands);
-    bottom->addStretch(1);
-    bottom->addWidget(m_buttons);
+    m_commands->setSpacing(LookSizes::unit);
+    footer()->addWidget(m_active);
+    footer()->addSpacing(LookSizes::unit);
+    footer()->addLayout(m_commands);
     m_lastCommand = m_active;
     m_unarchive = addCommand(u"برگشت از بايگاني"_s, [this] { unarchive(); });
     m_lastCommand = m_active;
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_tabs, 1);
-    layout->addLayout(bottom);
+}
+
+void CDlgRecordEditor::typedWorkChanged(bool typed)
+{
+    m_unsaved->setVisible(typed);
 }
 
 QPushButton *CDlgRecordEditor::addCommand(const QString &caption, const std::function<void()> &work)

@@ -18,6 +18,7 @@
 
 using namespace Qt::StringLiterals;
 
+class KChip;
 class KTabPageButtons;
 class QCheckBox;
 class QDialogButtonBox;
@@ -64,6 +65,7 @@ protected:
     int chosenStatus() const;
 
     bool OnOK() override;
+    void typedWorkChanged(bool typed) override;
     // When false, the reason has been shown.
     [[nodiscard]] virtual bool validatePages() = 0;
     // Throws RowChanged where the row is no longer as it was read and the user has to decide.
@@ -170,6 +172,7 @@ private:
     KTabPageButtons *m_tabs = nullptr;
     QHBoxLayout *m_commands = nullptr;
     QCheckBox *m_active = nullptr;
+    KChip *m_unsaved = nullptr;
     QDialogButtonBox *m_buttons = nullptr;
     QPushButton *m_unarchive = nullptr;
     QWidget *m_lastCommand = nullptr;

@@ -25,6 +25,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"
+#include "suite/utility/look/LookIcons.h"
 
 #include <QPushButton>
 
@@ -89,6 +90,7 @@ CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode m
 {
     SetSettingName(u"AutomobilContracts\\Editor"_s);
     m_copyCar = addCommand(u"گالري اتومبيل"_s, [this] { copyCar(); });
+    m_copyCar->setIcon(LookIcons::icon(u":/icons/car.svg"_s));
 }
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;

@@ -24,15 +24,20 @@
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
+#include "suite/utility/look/WrapLine.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <tuple>
 
@@ -121,87 +126,61 @@ void CDlgAddAutomobilContractBase::build()
 
     m_first = new ContractPartyGroup(ContractPartySide::first(), *m_form, content);
     m_second = new ContractPartyGroup(ContractPartySide::second(), *m_form, content);
-    auto *parties = new QHBoxLayout;
-    parties->addWidget(m_first, 1);
-    parties->addWidget(m_second, 1);
-
-    auto *layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addLayout(buildIdentity());
-    layout->addLayout(parties);
-    layout->addWidget(buildTexts());
-    layout->addWidget(buildRegistrySentence());
+    auto *cards = new CardStack(content);
+    cards->addCard(buildIdentity(content));
+    cards->addPair(m_first, m_second);
+    cards->addCard(buildTexts(content));
     m_archiveLine = new ArchiveLine(content);
     m_archiveLine->setVisible(isShowMode());
-    layout->addWidget(m_archiveLine);
-    layout->addStretch(1);
+    cards->addCard(m_archiveLine);
 
     fillWithScrolled(this, content);
 }
 
-QGridLayout *CDlgAddAutomobilContractBase::buildIdentity()
+QGroupBox *CDlgAddAutomobilContractBase::buildIdentity(QWidget *content)
 {
-    auto *grid = new QGridLayout;
-    grid->setVerticalSpacing(4);
-    m_form->place(grid, 0, 0, column("iCode"));
-    m_form->place(grid, 0, 2, column("iDocNum"));
-    m_form->place(grid, 0, 4, column("iContractType"));
-    m_form->place(grid, 0, 6, column("sDomainRegister"));
-    m_form->place(grid, 1, 0, column("dateContract"));
-    m_form->place(grid, 1, 2, column("dateExpiration"));
-    grid->addWidget(m_form->control(column("bReturn")), 1, 5);
-    m_form->place(grid, 1, 6, column("sNoAdvice"));
-    m_form->place(grid, 2, 0, column("dAmount"), 3);
-    m_form->place(grid, 2, 4, column("dCommission"), 3);
-    for (int i = 1; i < 8; i += 2)
-        grid->setColumnStretch(i, 1);
-    return grid;
+    auto *card = new QGroupBox(content);
+    m_form->place(new FormGrid(card),
+                  {{"iCode"}, {"iDocNum"}, {"iContractType"}, {"sDomainRegister"}, {"dateContract"}, {"dateExpiration"}, {"bReturn"}, {"sNoAdvice"}, {"dAmount", 2, 2}, {"dCommission", 2, 2}});
+    return card;
 }
 
-QWidget *CDlgAddAutomobilContractBase::buildTexts()
+QGroupBox *CDlgAddAutomobilContractBase::buildTexts(QWidget *content)
 {
-    auto *box = new QWidget(this);
-    auto *grid = new QGridLayout(box);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setVerticalSpacing(4);
-    m_form->place(grid, 0, 0, column("sCommitmentFirstHand"));
-    m_form->place(grid, 0, 2, column("sCommitmentsSecondHand"));
-    m_form->place(grid, 1, 0, column("sDeal"));
-    m_form->place(grid, 1, 2, column("sExplain"));
-    m_form->place(grid, 2, 0, column("sDesc"));
+    auto *card = new QGroupBox(content);
+    auto *grid = new FormGrid(card);
+    m_form->place(grid, {{"sCommitmentFirstHand", 4}, {"sCommitmentsSecondHand", 4}, {"sDeal", 2}, {"sExplain", 2}, {"sDesc", 2}});
 
     const QString label = u"تبصره ها :"_s;
-    m_notesLine = new KEdit(box);
+    m_notesLine = new KEdit(card);
     m_notesLine->setReadOnly(true);
-    m_notesButton = new QPushButton(u"..."_s, box);
+    m_notesButton = new QPushButton(u"..."_s, card);
     m_notesButton->setAccessibleName(label + u" ..."_s);
     m_notesButton->setAutoDefault(false);
-    m_notesButton->setMaximumWidth(m_notesButton->fontMetrics().averageCharWidth() * 6);
+    LookMarks::setButton(m_notesButton, LookMarks::Button::Small);
+    m_notesButton->setMinimumWidth(LookSizes::scaled(LookSizes::control) + LookSizes::unit);
     m_notesButton->setVisible(!isShowMode());
     connect(m_notesButton, &QPushButton::clicked, this, &CDlgAddAutomobilContractBase::pickNotes);
     auto *row = new QHBoxLayout;
+    row->setSpacing(LookSizes::unit / 2);
     row->addWidget(m_notesLine, 1);
     row->addWidget(m_notesButton);
-    grid->addWidget(labelFor(label, m_notesLine), 2, 2);
-    grid->addLayout(row, 2, 3);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
-    return box;
+    grid->addField(labelFor(label, m_notesLine), nullptr, row, 2);
+    grid->addLine(buildRegistrySentence(card));
+    return card;
 }
 
-QWidget *CDlgAddAutomobilContractBase::buildRegistrySentence()
+// One sentence with its fields in it.
+QWidget *CDlgAddAutomobilContractBase::buildRegistrySentence(QWidget *card)
 {
-    auto *line = new QWidget(this);
-    auto *row = new QHBoxLayout(line);
-    row->setContentsMargins(0, 0, 0, 0);
-    for (const char *name : {"sPage", "sCover", "iNum", "dateSummary"}) {
-        row->addWidget(m_form->label(column(name)));
-        row->addWidget(m_form->control(column(name)));
-    }
-    row->addWidget(new QLabel(u"ثبت گرديده است."_s, line));
-    row->addStretch(1);
-    return line;
+    auto *sentence = new QWidget(card);
+    auto *line = new WrapLine(sentence);
+    for (const char *name : {"sPage", "sCover", "iNum", "dateSummary"})
+        line->addTogether({m_form->label(column(name)), m_form->control(column(name))});
+    auto *end = new QLabel(u"ثبت گرديده است."_s, sentence);
+    LookFonts::apply(end, LookFonts::Use::Label);
+    line->addWidget(end);
+    return sentence;
 }
 
 void CDlgAddAutomobilContractBase::wireFigures()

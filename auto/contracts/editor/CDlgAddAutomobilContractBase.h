@@ -19,7 +19,7 @@ class ArchiveLine;
 class ContractPartyGroup;
 class KEdit;
 class OfficeSettings;
-class QGridLayout;
+class QGroupBox;
 class QPushButton;
 
 // First page of the contract editor: identity, parties, amount and commission. The figures follow each other live by the
@@ -66,9 +66,9 @@ private:
     };
 
     void build();
-    QGridLayout *buildIdentity();
-    QWidget *buildTexts();
-    QWidget *buildRegistrySentence();
+    QGroupBox *buildIdentity(QWidget *content);
+    QGroupBox *buildTexts(QWidget *content);
+    QWidget *buildRegistrySentence(QWidget *card);
     void wireFigures();
     void figureEdited(CommissionField figure, double number);
     QList<PaymentDifference> paymentDifferences() const;

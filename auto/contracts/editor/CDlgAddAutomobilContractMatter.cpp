@@ -3,7 +3,6 @@
 
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 
-#include "auto/editor/FormLines.h"
 #include "auto/cars/fields/VehicleDoubts.h"
 #include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/editor/MatterVisibility.h"
@@ -14,14 +13,15 @@
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/values/Provinces.h"
 #include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookMarks.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -51,67 +51,36 @@ void CDlgAddAutomobilContractMatter::build()
     CTblAutomobilContracts columns;
     m_form = new KForm(matterFields(), columns, content);
 
-    auto *layout = new QVBoxLayout(content);
-    layout->setSpacing(4);
-    layout->addWidget(buildVehicle());
-    layout->addWidget(buildPayment());
-    layout->addWidget(buildTerms());
-    layout->addWidget(buildRegistry());
-    layout->addStretch(1);
+    auto *cards = new CardStack(content);
+    cards->addCard(card(u"موضوع مشخصات مورد معامله"_s,
+                        {{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}, {"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}, {"sNumOfEngines", 2}, {"sChassisNum", 2}, {"sVIN", 2}, {"sDengue"}, {"sNumOFAxles"}, {"sNumOfWheels"}, {"sDocumentsDelivered", 3}, {"sDescMatter", 4}}));
+    cards->addCard(card(u"پرداخت"_s,
+                        {{"dFixAmount", 2}, {"sCheckCount", 2}, {"dAgreeAmount", 2}, {"sCheckNum", 2}, {"sBankName"}, {"sBranchName"}, {"sBranchCode"}, {"sDescCheck", 3}, {"dDamageAmount", 2}, {"dCompenseAmount", 2}, {"dRemainingAmount", 2}, {"sDescRemainingAmount", 6}}));
+    cards->addCard(buildTerms());
+    cards->addCard(card(u"ثبت و دفترخانه"_s,
+                        {{"dateDeal", 2}, {"dateTradeUnit", 2}, {"sRegistryNum", 2}, {"sRightTahrir", 2}, {"dateDocument", 2}, {"dateOffice", 2}, {"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}, {"sState"}, {"sCity"}, {"sLicense"}, {"sAddressSample"}, {"sSampleDescOne", 2}, {"sSampleDescTwo", 2}}));
 
     fillWithScrolled(this, content);
 }
 
-QGroupBox *CDlgAddAutomobilContractMatter::buildVehicle()
+QGroupBox *CDlgAddAutomobilContractMatter::card(const QString &title, std::initializer_list<KForm::Cell> cells)
 {
-    auto *box = new QGroupBox(u"موضوع مشخصات مورد معامله"_s, this);
-    FormLines::grid(*m_form, box,
-                    {{{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}},
-                     {{"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}},
-                     {{"sNumOfEngines"}, {"sChassisNum"}, {"sVIN"}, {"sDengue"}},
-                     {{"sNumOFAxles"}, {"sNumOfWheels"}, {"sDocumentsDelivered", 2}},
-                     {{"sDescMatter", 4}}});
-    return box;
-}
-
-QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
-{
-    auto *box = new QGroupBox(u"پرداخت"_s, this);
-    auto *lines = FormLines::column(box);
-    lines->addLayout(FormLines::line(*m_form, {{"dFixAmount"}}));
-    lines->addLayout(FormLines::line(*m_form, {{"sCheckCount"}, {"dAgreeAmount", 2}, {"sCheckNum", 2}}));
-    lines->addLayout(FormLines::line(*m_form, {{"sBankName", 2}, {"sBranchName", 2}, {"sBranchCode"}, {"sDescCheck", 3}}));
-    lines->addLayout(FormLines::line(
-        *m_form, {{"dDamageAmount", 2}, {"dCompenseAmount", 2}, {"dRemainingAmount", 2}, {"sDescRemainingAmount", 3}}));
-    return box;
-}
-
-QGroupBox *CDlgAddAutomobilContractMatter::buildRegistry()
-{
-    auto *box = new QGroupBox(u"ثبت و دفترخانه"_s, this);
-    auto *lines = FormLines::column(box);
-    lines->addLayout(FormLines::line(*m_form, {{"dateDeal"}, {"dateTradeUnit"}, {"sRegistryNum"}, {"sRightTahrir"}}));
-    lines->addLayout(FormLines::line(*m_form, {{"dateDocument"}, {"dateOffice"}}));
-    lines->addLayout(FormLines::line(*m_form, {{"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}}));
-    lines->addLayout(FormLines::line(*m_form, {{"sState", 2}, {"sCity", 2}, {"sLicense", 2}, {"sAddressSample", 3}}));
-    lines->addLayout(FormLines::line(*m_form, {{"sSampleDescOne"}, {"sSampleDescTwo"}}));
+    auto *box = new QGroupBox(title, this);
+    m_form->place(new FormGrid(box), cells);
     return box;
 }
 
 QGroupBox *CDlgAddAutomobilContractMatter::buildTerms()
 {
-    m_terms = new QGroupBox(this);
+    // What only a rent has comes last, so that an instalment sale's line has its gap at the end.
+    m_terms = card({}, {{"sRentTime"}, {"dateRent"}, {"dateRentExpire"}, {"dAmountRent", 2}, {"sNumOfMonths"}, {"sNumOfInstallment"}, {"sUsanceNum", 2}, {"dDelayAmount", 2}});
     m_instalments = new QPushButton(u"محاسبه اقساط"_s, m_terms);
     m_instalments->setAccessibleName(m_instalments->text());
     m_instalments->setAutoDefault(false);
+    LookMarks::setButton(m_instalments, LookMarks::Button::Small);
+    m_instalments->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(m_instalments, &QPushButton::clicked, this, &CDlgAddAutomobilContractMatter::instalmentsRequested);
-    auto *lines = FormLines::column(m_terms);
-    // What only a rent has comes last, so that an instalment sale's line has its gap at the end.
-    lines->addLayout(FormLines::line(
-        *m_form, {{"sRentTime", 2}, {"dateRent", 2}, {"dateRentExpire", 2}, {"dAmountRent", 3}, {"sNumOfMonths"}}));
-    auto *plan = FormLines::line(*m_form, {{"sNumOfInstallment"}, {"sUsanceNum"}, {"dDelayAmount", 2}});
-    plan->addWidget(m_instalments, 0, plan->columnCount());
-    lines->addLayout(plan);
+    static_cast<FormGrid *>(m_terms->layout())->addCell(m_instalments);
     return m_terms;
 }
 

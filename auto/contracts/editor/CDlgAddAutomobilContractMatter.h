@@ -5,11 +5,10 @@
 
 #include "auto/contracts/editor/ContractEditorPage.h"
 #include "auto/contracts/editor/ContractFromCar.h"
+#include "suite/utility/forms/KForm.h"
 
-class KForm;
 class QGroupBox;
 class QPushButton;
-class QVBoxLayout;
 
 // Second page of the contract editor: the vehicle, how it is paid, the registry and notary data, and the terms of a rent or
 // of an instalment sale. What of it shows, and is written, follows the contract's type; what does not show keeps the value
@@ -46,9 +45,7 @@ Q_SIGNALS:
 
 private:
     void build();
-    QGroupBox *buildVehicle();
-    QGroupBox *buildPayment();
-    QGroupBox *buildRegistry();
+    QGroupBox *card(const QString &title, std::initializer_list<KForm::Cell> cells);
     QGroupBox *buildTerms();
     void offerCities();
 

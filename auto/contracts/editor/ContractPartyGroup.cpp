@@ -8,12 +8,15 @@
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -31,13 +34,19 @@ QString ofSide(const QString &label, int side)
     return label + (side == 1 ? u" طرف اول"_s : u" طرف دوم"_s);
 }
 
+// Both share a column: the percentage takes what three of its digits need, the amount the rest.
 QHBoxLayout *percentAndAmount(KEdit *percent, QWidget *amount)
 {
+    constexpr int gap = 2;
+    constexpr int percentWidth = 40;
     auto *row = new QHBoxLayout;
-    percent->setFixedWidth(percent->fontMetrics().averageCharWidth() * 9);
+    row->setSpacing(gap);
+    percent->setFixedWidth(LookSizes::scaled(percentWidth));
     row->addWidget(percent);
     row->addWidget(new QLabel(u"%"_s, percent->parentWidget()));
     row->addWidget(amount, 1);
+    LookMarks::setShared(percent);
+    LookMarks::setShared(amount);
     return row;
 }
 
@@ -100,12 +109,9 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
     , m_identityNumber(new KEdit(this))
     , m_birth(new KDateEdit(this))
 {
-    auto *grid = new QGridLayout(this);
+    auto *grid = new FormGrid(this, FormGrid::Extent::Half);
     buildPersonRows(grid);
-    buildFigureRows(grid);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
-    grid->setVerticalSpacing(4);
+    buildFigureRow(grid);
 
     connect(m_form.comboBox(m_side.kind), &QComboBox::currentIndexChanged, this, [this] {
         if (!m_filling)
@@ -122,25 +128,24 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
     setPersonDataEditable(false);
 }
 
-void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
+void ContractPartyGroup::buildPersonRows(FormGrid *grid)
 {
-    auto place = [&](int row, int column, const QString &label, QWidget *control, int span = 1) {
-        grid->addWidget(labelFor(label, control, ofSide(label, m_side.number)), row, column);
-        grid->addWidget(control, row, column + 1, 1, span);
+    const auto place = [&](const QString &label, QWidget *control, int span = 1) {
+        grid->addField(labelFor(label, control, ofSide(label, m_side.number)), new FieldNote(control, this), control, span);
     };
     m_person->nameEdit()->setMaxLength(100);
-    m_form.place(grid, 0, 0, m_side.kind);
-    m_form.place(grid, 0, 2, m_side.nationalId);
-    place(1, 0, u"نام و نام خانوادگي :"_s, m_person, 3);
-    place(2, 0, u"نام پدر :"_s, m_father);
-    place(2, 2, u"تاريخ تولد :"_s, m_birth);
-    place(3, 0, u"محل صدور :"_s, m_identityCity);
-    place(3, 2, u"شماره شناسنامه :"_s, m_identityNumber);
-    m_form.place(grid, 4, 0, m_side.tel);
-    m_form.place(grid, 4, 2, m_side.mobile);
-    m_form.place(grid, 5, 0, m_side.address, 3);
-    m_form.place(grid, 6, 0, m_side.byVirtue);
-    m_form.place(grid, 6, 2, m_side.from);
+    m_form.place(grid, m_side.kind);
+    m_form.place(grid, m_side.nationalId);
+    place(u"نام و نام خانوادگي :"_s, m_person, 2);
+    place(u"نام پدر :"_s, m_father);
+    place(u"تاريخ تولد :"_s, m_birth);
+    place(u"محل صدور :"_s, m_identityCity);
+    place(u"شماره شناسنامه :"_s, m_identityNumber);
+    m_form.place(grid, m_side.tel);
+    m_form.place(grid, m_side.mobile);
+    m_form.place(grid, m_side.address, 2);
+    m_form.place(grid, m_side.byVirtue, 2);
+    m_form.place(grid, m_side.from, 2);
 
     // The contract has no columns for these four: they come from the person's record.
     for (QWidget *control : {static_cast<QWidget *>(m_father), static_cast<QWidget *>(m_identityCity),
@@ -148,17 +153,18 @@ void ContractPartyGroup::buildPersonRows(QGridLayout *grid)
         control->setToolTip(u"از پرونده شخص نمایش داده می‌شود و در قرارداد ذخیره نمی‌شود."_s);
 }
 
-void ContractPartyGroup::buildFigureRows(QGridLayout *grid)
+// Tax, duty and discount, each a percentage and its amount; what the party pays, and below it the same in words.
+void ContractPartyGroup::buildFigureRow(FormGrid *grid)
 {
-    auto place = [&](int row, int column, const QString &percent, const QString &amount) {
+    const auto place = [&](const QString &percent, const QString &amount) {
         m_form.label(amount)->hide();
-        grid->addWidget(m_form.label(percent), row, column);
-        grid->addLayout(percentAndAmount(m_form.edit(percent), m_form.control(amount)), row, column + 1);
+        KEdit *figure = m_form.edit(amount);
+        grid->addField(m_form.label(percent), new FieldNote(figure, this), percentAndAmount(m_form.edit(percent), figure), 1);
     };
-    place(7, 0, m_side.taxPercent, m_side.tax);
-    place(7, 2, m_side.dutyPercent, m_side.duty);
-    place(8, 0, m_side.discountPercent, m_side.discount);
-    m_form.place(grid, 8, 2, m_side.pays);
+    place(m_side.taxPercent, m_side.tax);
+    place(m_side.dutyPercent, m_side.duty);
+    place(m_side.discountPercent, m_side.discount);
+    m_form.place(grid, m_side.pays, 1, 4);
 }
 
 PartyKind ContractPartyGroup::kind() const

@@ -14,6 +14,7 @@
 
 class CTblAutomobilContracts;
 class CTblPersons;
+class FormGrid;
 class KDateEdit;
 class KEdit;
 class KPersonField;
@@ -87,8 +88,8 @@ Q_SIGNALS:
     void personDiscountFound(double percent);
 
 private:
-    void buildPersonRows(class QGridLayout *grid);
-    void buildFigureRows(class QGridLayout *grid);
+    void buildPersonRows(FormGrid *grid);
+    void buildFigureRow(FormGrid *grid);
     void kindChosen();
     void showPersonalData(const CTblPersons &person);
     void clearPerson();
