@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/look/LookOffice.h"
+
+#include "auto/CAutoDBSetting.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "host/demo/DemoData.h"
+#include "host/desk/WorkArea.h"
+#include "suite/accounting/attachments/CTblCustomFields.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/lists/KListPage.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/values/KSettings.h"
+#include "tests/auto/ModuleTables.h"
+#include "tests/suite/crm/reminders/Alarms.h"
+
+#include <QAction>
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+LookOffice::LookOffice()
+{
+    CTblUsers::setHashCost(CTblUsers::leastCost());
+    prepareModuleTables(m_database);
+    DemoData::fill(60);
+    setSettingsFile(m_folder.filePath(u"settings.ini"_s));
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
+        dialog->answerAll(true);
+    GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
+    GetDBSetting()->Login(number(u"SELECT MIN(iID) FROM Users"_s));
+    fill();
+    m_window = std::make_unique<MainWindow>(folder(), GetAutoDBSetting());
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window.get()))
+        qFatal("the main window did not come up");
+}
+
+LookOffice::~LookOffice()
+{
+    m_window.reset();
+    GetDBSetting()->Logout();
+    setSettingsFile({});
+}
+
+void LookOffice::fill()
+{
+    constexpr int contracts = CTblAutomobilContracts::recordKind;
+    CTblUsers::create(u"clerk"_s, u"clerk1"_s, u"نگار محمدی"_s, false);
+    const int user = GetDBSetting()->GetUserID();
+    Alarms::add(user, -90, u"تماس با خریدار برای تعیین وقت محضر"_s, Alarms::repeats);
+    Alarms::add(user, -30, u"پیگیری چک شماره 102030 بانک ملت"_s);
+    Alarms::add(user, 600, u"تمدید بیمه خودروهای نمایشگاه"_s);
+    CTblCustomFields::define(contracts, u"نحوه آشنایی"_s, CTblCustomFields::Text);
+    CTblCustomFields::define(contracts, u"شماره بایگانی کاغذی"_s, CTblCustomFields::Number);
+    CTblCustomFields::define(contracts, u"تاریخ مراجعه"_s, CTblCustomFields::Date);
+    CTblCustomFields::define(contracts, u"مدارک تحویل شد"_s, CTblCustomFields::YesNo);
+    fillLong();
+    QFile scan(m_folder.filePath(u"اسکن قرارداد.pdf"_s));
+    if (!scan.open(QIODevice::WriteOnly) || scan.write("%PDF-1.4\n") < 0)
+        qFatal("the folder of the test cannot be written to");
+    scan.close();
+    for (const CTblFileDocs::Scope scope : {CTblFileDocs::General, CTblFileDocs::Personal})
+        CTblFileDocs::addFile(contracts, number(u"SELECT MAX(iID) FROM AutomobilContracts"_s), scope, user, scan.fileName());
+}
+
+// The longest that an office meets.
+void LookOffice::fillLong()
+{
+    m_database.run(u"UPDATE Persons SET sName='سید محمدحسین', sFamily='طباطبایی‌نژاد اصفهانی رودباری', sName2='سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری', sFatherName='عبدالرحمن' "
+                   "WHERE iID IN (SELECT iPersonFirstID FROM AutomobilContracts WHERE iID%3=2)"_s);
+    m_database.run(u"UPDATE AutomobilContracts SET sName1='سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری', dAmount=987654321000, "
+                   "dCommission=987654321, dTax=987654321, dTax2=987654321, dImposition=987654321, dImposition2=987654321, "
+                   "dDiscountFirst=987654321, dDiscountSecond=987654321, dPayFirst=1987654321, dPaySecond=1987654321, "
+                   "dPercentDiscount=99.99, dPercentDiscount2=99.99 WHERE iID%3=2"_s);
+}
+
+QAction *LookOffice::entry(const QString &text) const
+{
+    for (QAction *candidate : m_window->findChildren<QAction *>()) {
+        if (candidate->iconText() == text && !candidate->menu())
+            return candidate;
+    }
+    return nullptr;
+}
+
+KListPage *LookOffice::list(const QString &text) const
+{
+    QAction *opens = entry(text);
+    if (!opens)
+        return nullptr;
+    opens->trigger();
+    QCoreApplication::processEvents();
+    auto *page = qobject_cast<KListPage *>(m_window->workArea()->currentPage());
+    if (page)
+        page->list()->selectRow(0);
+    return page;
+}
+
+void LookOffice::clear() const
+{
+    m_window->workArea()->closeAll();
+}

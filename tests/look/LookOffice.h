@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/desk/MainWindow.h"
+#include "tests/support/TestDatabase.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+class KListPage;
+class QAction;
+
+// The demo office with its main window, as its user sees it after the login. It also holds what the demo office leaves out:
+// reminders, fields of the office's own, files of a contract, and names and amounts as long as they come.
+class LookOffice
+{
+public:
+    LookOffice();
+    ~LookOffice();
+
+    MainWindow &window() const { return *m_window; }
+    DataFolder folder() const { return DataFolder(m_folder.path()); }
+    // The first number that the query finds; 0 without a row.
+    int number(const QString &query) { return m_database.value(query).toInt(); }
+
+    // The entry of a menu; null when there is none.
+    QAction *entry(const QString &text) const;
+    // Opens the page of that entry, if it is not open, with its first row selected.
+    KListPage *list(const QString &text) const;
+    // All pages are closed, so that the start page is shown.
+    void clear() const;
+
+private:
+    void fill();
+    void fillLong();
+
+    TestDatabase m_database;
+    QTemporaryDir m_folder;
+    std::unique_ptr<MainWindow> m_window;
+};
