@@ -10,22 +10,17 @@
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
 #include "host/administration/CDlgUserRights.h"
 #include "host/books/CDlgAddAccount.h"
 #include "host/books/CDlgAddDocument.h"
-#include "host/desk/CommandMenu.h"
 #include "host/frame/HostOptions.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/start/CDlgServerPassword.h"
-#include "host/start/SplashWindow.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/books/CDlgCashFromPerson.h"
@@ -38,44 +33,27 @@
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
-#include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/KStaticImage.h"
-#include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
-#include "suite/utility/forms/KForm.h"
-#include "suite/utility/frame/KTabPageButtons.h"
-#include "suite/utility/frame/KWaitNotice.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/look/LookOffice.h"
+#include "tests/look/Showing.h"
 #include "tests/support/Hand.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QImage>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMimeData>
-#include <QTabWidget>
 #include <QTest>
-#include <QTimer>
-
-#include <chrono>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using namespace Showing;
 using WindowTable::Entry;
-using WindowTable::Look;
-using Show = std::function<void(const Look &)>;
-using Open = std::function<void()>;
-// What is done in a window before its views are looked at.
-using Prepare = std::function<void(QDialog &)>;
 
 const QString contracts = u"قرارداد"_s;
 const QString demands = u"تقاضا"_s;
@@ -86,199 +64,6 @@ const QString invoices = u"فاکتورها"_s;
 const QString services = u"خدمات"_s;
 const QString users = u"کاربران و دسترسی‌ها"_s;
 const QString reminders = u"یادآوری ها"_s;
-
-constexpr int contractTypes = 4;
-
-// As a user sees it: what the window does after it has come up is done.
-void settle(QWidget &window)
-{
-    if (const auto *report = qobject_cast<CDlgAutomobilReportSeasons *>(&window))
-        QTRY_VERIFY_WITH_TIMEOUT(!report->isBusy(), 20'000);
-    // A text that wraps tells its height only when its width is known, and its page lays itself out once more then.
-    for (int round = 0; round < 3; ++round) {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents();
-    }
-}
-
-// Each page that the window's tabs lead to, or the window as it is.
-void lookAtViews(QWidget &window, const Look &look, const QString &first = {})
-{
-    auto *tabs = window.findChild<KTabPageButtons *>();
-    if (!tabs || tabs->count() < 2) {
-        settle(window);
-        look(window, first);
-        return;
-    }
-    for (int tab = 0; tab < tabs->count(); ++tab) {
-        if (!tabs->button(tab)->isEnabled())
-            continue;
-        tabs->setCurrentIndex(tab);
-        settle(window);
-        look(window, first + u"tab"_s + QString::number(tab + 1));
-    }
-    tabs->setCurrentIndex(0);
-}
-
-// A window that its opener waits for.
-Show modal(const Open &open, const Prepare &prepare = {})
-{
-    return [open, prepare](const Look &look) {
-        const auto isWaiting = std::make_shared<bool>(true);
-        Hand::inNextWindow([look, prepare, waits = std::weak_ptr(isWaiting)](QDialog *dialog) {
-            if (waits.expired())
-                return;
-            QVERIFY(QTest::qWaitForWindowExposed(dialog));
-            if (prepare)
-                prepare(*dialog);
-            lookAtViews(*dialog, look);
-        });
-        open();
-    };
-}
-
-template <class Dialog, class... Arguments>
-Show window(Arguments... arguments)
-{
-    return modal([=] {
-        Dialog dialog(arguments...);
-        dialog.exec();
-    });
-}
-
-// A page of the main window.
-Show page(LookOffice &office, const QString &entry, const std::function<void(KListPage &)> &prepare = {})
-{
-    return [&office, entry, prepare](const Look &look) {
-        office.clear();
-        KListPage *list = office.list(entry);
-        if (prepare)
-            prepare(*list);
-        settle(office.window());
-        look(office.window(), {});
-        office.clear();
-    };
-}
-
-// What a command of a list opens, on its first row.
-Show command(LookOffice &office, const QString &entry, const QString &id, const Prepare &prepare = {})
-{
-    return modal([&office, entry, id] { QVERIFY(office.list(entry)->runCommand(id)); }, prepare);
-}
-
-Show menuEntry(LookOffice &office, const QString &entry)
-{
-    return modal([&office, entry] { office.entry(entry)->trigger(); });
-}
-
-// The contract's editor with each of the types that its first page offers.
-Show contractTypesOf(LookOffice &office)
-{
-    return [&office](const Look &look) {
-        Hand::inNextWindow([look](QDialog *dialog) {
-            const auto *editor = qobject_cast<CDlgAddAutomobilContract *>(dialog);
-            QVERIFY(editor);
-            QComboBox *type = editor->basePage()->form()->comboBox(u"iContractType"_s);
-            QCOMPARE(type->count(), contractTypes);
-            for (int index = 0; index < contractTypes; ++index) {
-                editor->tabs()->setCurrentIndex(0);
-                type->setCurrentIndex(index);
-                lookAtViews(*dialog, look, u"type%1-"_s.arg(index + 1));
-            }
-        });
-        QVERIFY(office.list(contracts)->runCommand(u"new"));
-    };
-}
-
-Show messageBox(KMessageDialog &dialog, const Open &open)
-{
-    return [&dialog, open](const Look &look) {
-        dialog.answerAll(false);
-        modal(open)(look);
-        dialog.takeShown();
-        dialog.answerAll(true);
-    };
-}
-
-// A window without a user's input.
-Show splash(bool mayGiveUp)
-{
-    return [mayGiveUp](const Look &look) {
-        SplashWindow window;
-        if (mayGiveUp)
-            QVERIFY(window.showWaitingOrGiveUp(u"برنامه دیگری پایگاه داده را ارتقا می‌دهد"_s));
-        else
-            window.showWaiting(u"راه‌اندازی پایگاه داده"_s);
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        look(window, {});
-    };
-}
-
-Show waitNotice()
-{
-    return [](const Look &look) {
-        KWaitNotice notice;
-        QVERIFY(notice.goOn(std::chrono::seconds(2)));
-        QTRY_VERIFY(QApplication::activeModalWidget());
-        look(*QApplication::activeModalWidget(), {});
-        notice.ended();
-    };
-}
-
-Show menus(LookOffice &office)
-{
-    return [&office](const Look &look) {
-        int number = 0;
-        for (CommandMenu *menu : office.window().findChildren<CommandMenu *>()) {
-            menu->popup(office.window().mapToGlobal(QPoint(200, 60)));
-            QVERIFY(QTest::qWaitForWindowExposed(menu));
-            look(*menu, QString::number(++number));
-            menu->close();
-        }
-        QVERIFY(number > 0);
-    };
-}
-
-Show month(LookOffice &office)
-{
-    return [&office](const Look &look) {
-        Hand::inNextWindow([look](QDialog *dialog) {
-            auto *date = Hand::named<KDateEdit>(dialog, u"تاريخ عقد :"_s);
-            QVERIFY(date);
-            date->setDate(ConvertToMiladi(1405, 8, 29));
-            date->showPopup();
-            QWidget *popup = QApplication::activePopupWidget();
-            QVERIFY(popup);
-            look(*popup, {});
-            popup->close();
-        });
-        QVERIFY(office.list(contracts)->runCommand(u"new"));
-    };
-}
-
-Show postponing(LookOffice &office)
-{
-    return [&office](const Look &look) {
-        KListPage *list = office.list(reminders);
-        QTimer::singleShot(0, &office.window(), [look] {
-            QWidget *menu = QApplication::activePopupWidget();
-            QVERIFY(menu);
-            look(*menu, {});
-            menu->close();
-        });
-        QVERIFY(list->runCommand(u"postpone"));
-    };
-}
-
-Show progress()
-{
-    return [](const Look &look) {
-        ReportProgressWindow window(u"ساختن گزارش..."_s, nullptr, 0);
-        QVERIFY(window.callback()(40, 100));
-        QTRY_VERIFY(QApplication::activeModalWidget());
-        look(*QApplication::activeModalWidget(), {});
-    };
-}
 
 // Nothing is entered yet, so that the first field is refused, with its reason beside it.
 void refuse(QDialog &dialog)
@@ -318,11 +103,7 @@ ListReport reportOf(LookOffice &office)
 // The entries are built one after the other, so that a table of them stays one row for each window.
 void addPages(LookOffice &office, std::vector<Entry> &entries)
 {
-    entries.push_back({"start", [&office](const Look &look) {
-                           office.clear();
-                           settle(office.window());
-                           look(office.window(), {});
-                       }});
+    entries.push_back({"start", startPage(office)});
     entries.push_back({"menu", menus(office)});
     entries.push_back({"contracts", page(office, contracts)});
     entries.push_back({"contracts-none", page(office, contracts, [](KListPage &list) {
@@ -344,7 +125,7 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
 {
     const int contract = office.number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
     const int person = office.number(u"SELECT iPersonSecondID FROM AutomobilContracts WHERE iID=%1"_s.arg(contract));
-    entries.push_back({"contract-new", contractTypesOf(office)});
+    entries.push_back({"contract-new", contractTypes(office, contracts)});
     entries.push_back({"contract-refused", command(office, contracts, u"new"_s, &refuse)});
     entries.push_back({"contract-edit", command(office, contracts, u"edit"_s)});
     entries.push_back({"contract-show", command(office, contracts, u"show"_s)});
@@ -357,7 +138,7 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"comprehensive-report", command(office, contracts, u"fullReport"_s)});
     entries.push_back({"report-preview", command(office, contracts, u"print"_s)});
     entries.push_back({"report-layout", modal([&office] { CDlgReportLayout(reportOf(office)).exec(); })});
-    entries.push_back({"month", month(office)});
+    entries.push_back({"month", month(office, contracts, u"new"_s, u"تاريخ عقد :"_s)});
     entries.push_back({"seasons", menuEntry(office, u"گزارش فصلي"_s)});
     entries.push_back({"payable", window<CDlgPaymentAmount>(2, quint16(1405))});
 }
@@ -447,7 +228,7 @@ void addAdministration(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"about", menuEntry(office, u"درباره برنامه"_s)});
     entries.push_back({"reminder-new", command(office, reminders, u"new"_s)});
     entries.push_back({"reminder-edit", command(office, reminders, u"edit"_s)});
-    entries.push_back({"reminder-postponed", postponing(office)});
+    entries.push_back({"reminder-postponed", commandMenu(office, reminders, u"postpone"_s)});
     entries.push_back({"reminders-due", modal([] { CDlgDueAlarms(CTblAlarm::dueAtLogin(GetDBSetting()->GetUserID()), nullptr).exec(); })});
     entries.push_back({"login", window<CDlgLogin>(u"نمایشگاه اتومبیل آریا"_s)});
     entries.push_back({"first-start", window<CDlgFirstStart>()});
