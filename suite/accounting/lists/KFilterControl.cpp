@@ -5,16 +5,16 @@
 
 #include "suite/utility/entries/ComboWidth.h"
 #include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 
 namespace {
 
 KFilterControl choice(const KListFilter &filter, QWidget *box)
 {
-    auto *combo = new QComboBox(box);
+    auto *combo = new KDropDown(box);
     if (filter.options & KListFilter::NamesOfOffice)
         keepComboWidth(*combo);
     const auto choose = [combo](const QVariant &value) { combo->setCurrentIndex(qMax(0, combo->findData(value.toInt()))); };

@@ -8,8 +8,9 @@
 
 #include <algorithm>
 
-#include "suite/utility/look/HostColors.h"
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/lists/KListModel.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 #include "suite/utility/values/TypedNumber.h"
@@ -173,6 +174,8 @@ QVariant KLinesModel::data(const QModelIndex &index, int role) const
         return int(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
     case Qt::ForegroundRole:
         return isUnknownChoice(index) ? QVariant(QBrush(HostColors::of(HostColors::Role::Danger))) : QVariant();
+    case Qt::FontRole:
+        return CodeFont::isLatinCode(shownText(index)) ? QVariant(CodeFont::of(QGuiApplication::font(), shownText(index))) : QVariant();
     case Qt::ToolTipRole:
         return isUnknownChoice(index) ? u"در لیست نیست"_s : QString();
     case KListModel::LeftToRightRole:

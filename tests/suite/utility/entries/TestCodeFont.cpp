@@ -4,6 +4,7 @@
 #include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/lists/KLinesModel.h"
 #include "suite/utility/lists/KListModel.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -138,6 +139,18 @@ private Q_SLOTS:
         model.setRows({{1, {{u"X22"_s}, {u"پژو 206"_s}}}});
         QCOMPARE(model.index(0, 0).data(Qt::FontRole).value<QFont>().families().value(0), u"Vazirmatn UI"_s);
         QVERIFY(!model.index(0, 1).data(Qt::FontRole).isValid());
+        QApplication::setFont(before);
+    }
+
+    void cellOfAGridTakesTheFontOfWhatItHolds()
+    {
+        const QFont before = QApplication::font();
+        QApplication::setFont(QFont(programFamily, 10));
+        KLinesModel model({{u"a"_s}, {u"b"_s}, {u"c"_s, KLinesModel::Kind::Money}});
+        model.setLines({{{u"X22"_s}, {u"پژو 206 SD"_s}, {{}, 1250}}});
+        QCOMPARE(model.index(0, 0).data(Qt::FontRole).value<QFont>().families().value(0), u"Vazirmatn UI"_s);
+        QVERIFY(!model.index(0, 1).data(Qt::FontRole).isValid());
+        QVERIFY(!model.index(0, 2).data(Qt::FontRole).isValid());
         QApplication::setFont(before);
     }
 };
