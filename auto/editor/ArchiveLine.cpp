@@ -5,6 +5,8 @@
 
 #include "suite/db/KLookup.h"
 #include "suite/db/KMySQL.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QHBoxLayout>
@@ -13,17 +15,22 @@
 using namespace Qt::StringLiterals;
 
 ArchiveLine::ArchiveLine(QWidget *parent)
-    : QWidget(parent)
+    : QGroupBox(parent)
     , m_user(new QLabel(this))
     , m_date(new QLabel(this))
 {
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(new QLabel(u"کاربر بايگاني کننده :"_s, this));
-    row->addWidget(m_user);
-    row->addSpacing(24);
-    row->addWidget(new QLabel(u"تاريخ بايگاني :"_s, this));
-    row->addWidget(m_date);
+    row->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    row->setSpacing(LookSizes::unit);
+    const auto add = [this, row](const QString &caption, QLabel *value) {
+        auto *label = new QLabel(caption, this);
+        LookFonts::apply(label, LookFonts::Use::Label);
+        row->addWidget(label);
+        row->addWidget(value);
+    };
+    add(u"کاربر بايگاني کننده :"_s, m_user);
+    row->addSpacing(LookSizes::sideGap);
+    add(u"تاريخ بايگاني :"_s, m_date);
     row->addStretch(1);
 }
 

@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include <QWidget>
+#include <QGroupBox>
 
 class KMySQL;
 class QLabel;
 
-// The line of an editor's page that shows who archived the record and when; empty for one that is not archived.
-class ArchiveLine final : public QWidget
+// The card of an editor's page that shows, in a line, who archived the record and when; empty for one that is not archived.
+class ArchiveLine final : public QGroupBox
 {
     Q_OBJECT
 

@@ -7,9 +7,12 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -46,7 +49,6 @@ PersonGroup::PersonGroup(const QString &title, int options, QWidget *parent, con
     if (options & WithNationalCode) {
         m_nationalCode = addLine(u"کد ملي :"_s);
         m_nationalCode->setKind(KEdit::Kind::Code);
-        m_nationalHint = IdentityHints::createLabel(this);
     }
     place(options);
     m_code->installEventFilter(this);
@@ -57,7 +59,7 @@ KEdit *PersonGroup::addLine(const QString &label)
 {
     auto *line = new KEdit(this);
     line->setReadOnly(true);
-    labelFor(label, line, label + m_ofWhom)->setObjectName(label);
+    m_labels.insert(line, labelFor(label, line, label + m_ofWhom));
     return line;
 }
 
@@ -67,49 +69,29 @@ QPushButton *PersonGroup::addButton(const QString &accessibleName, const QString
     button->setAccessibleName(accessibleName);
     button->setToolTip(toolTip);
     button->setAutoDefault(false);
-    button->setMaximumWidth(button->sizeHint().height() + 4);
+    LookMarks::setButton(button, LookMarks::Button::Small);
+    button->setMaximumWidth(button->fontMetrics().averageCharWidth() * 6);
     return button;
 }
 
-// The code and the name first; the other data of the person's record below them.
+// The code and the name first, then the other data of the person's record.
 void PersonGroup::place(int options)
 {
-    auto *grid = new QGridLayout(this);
-    grid->setVerticalSpacing(4);
-    const auto put = [&](int row, int column, QWidget *line, int span = 1) {
-        for (QLabel *label : findChildren<QLabel *>()) {
-            if (label->buddy() == line)
-                grid->addWidget(label, row, column);
-        }
-        if (line != m_code) {
-            grid->addWidget(line, row, column + 1, 1, span);
-            return;
-        }
-        auto *withButtons = new QHBoxLayout;
-        withButtons->addWidget(m_code, 1);
-        withButtons->addWidget(m_pick);
-        if (m_clear)
-            withButtons->addWidget(m_clear);
-        grid->addLayout(withButtons, row, column + 1);
-    };
-    const bool withFather = options & WithFather;
-    put(0, 0, m_code);
-    put(0, 2, m_name, withFather ? 3 : 1);
-    int column = 0;
-    if (withFather) {
-        put(1, column, m_father);
-        column += 2;
+    auto *grid = new FormGrid(this, options & BesideAnother ? FormGrid::Extent::Half : FormGrid::Extent::Full);
+    auto *withButtons = new QHBoxLayout;
+    withButtons->setSpacing(LookSizes::unit / 2);
+    withButtons->addWidget(m_code, 1);
+    withButtons->addWidget(m_pick);
+    if (m_clear)
+        withButtons->addWidget(m_clear);
+    grid->addField(m_labels.value(m_code), nullptr, withButtons, 2);
+    grid->addField(m_labels.value(m_name), nullptr, m_name, 2);
+    for (KEdit *line : {m_father, m_telephone, m_mobile}) {
+        if (line)
+            grid->addField(m_labels.value(line), nullptr, line, 1);
     }
-    put(1, column, m_telephone);
-    put(1, column + 2, m_mobile);
-    column += 4;
-    if (m_nationalCode) {
-        put(0, column, m_nationalCode);
-        grid->addWidget(m_nationalHint, 1, column, 1, 2);
-        column += 2;
-    }
-    for (int i = 1; i < column; i += 2)
-        grid->setColumnStretch(i, 1);
+    if (m_nationalCode)
+        grid->addField(m_labels.value(m_nationalCode), new FieldNote(m_nationalCode, this), m_nationalCode, 2);
 }
 
 QString PersonGroup::name() const
@@ -134,8 +116,9 @@ void PersonGroup::setPersonID(int personID)
     show(m_mobile, person.m_sMobile);
     if (m_nationalCode) {
         show(m_nationalCode, person.m_sNationalCode);
-        IdentityHints::show(found ? IdentityHints::nationalCode(person.m_sNationalCode, person.m_iKind) : QString(),
-                            m_nationalHint, m_nationalCode);
+        const QString hint = found ? IdentityHints::nationalCode(person.m_sNationalCode, person.m_iKind) : QString();
+        FieldNote::of(m_nationalCode)->showHint(hint);
+        m_nationalCode->setAccessibleDescription(hint);
     }
     if (m_clear)
         m_clear->setEnabled(found);

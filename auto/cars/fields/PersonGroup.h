@@ -4,13 +4,14 @@
 #pragma once
 
 #include <QGroupBox>
+#include <QHash>
 
 class KEdit;
 class QLabel;
 class QPushButton;
 
-// One person of the suite on an editor's page: the code with the picker beside it, and the data from the list of persons. From
-// the code F4, Alt+Down or the space bar open the picker too, and Delete empties the group.
+// One person of the suite on an editor's page, a card of its own: the code with the picker beside it, and the data from the list
+// of persons. From the code F4, Alt+Down or the space bar open the picker too, and Delete empties the group.
 class PersonGroup final : public QGroupBox
 {
     Q_OBJECT
@@ -19,7 +20,8 @@ public:
     enum Option {
         Clearable = 1, // a second "..." button empties the group
         WithFather = 2,
-        WithNationalCode = 4 // and a hint when it looks wrong
+        WithNationalCode = 4, // and a hint when it looks wrong
+        BesideAnother = 8     // a card that may stand beside another one
     };
 
     // ofWhom is appended to the labels in the accessible names, where a window has two such groups.
@@ -56,6 +58,7 @@ private:
     void clearByUser();
 
     QString m_ofWhom;
+    QHash<const KEdit *, QLabel *> m_labels;
     KEdit *m_code;
     QPushButton *m_pick;
     QPushButton *m_clear = nullptr;
@@ -64,7 +67,6 @@ private:
     KEdit *m_telephone;
     KEdit *m_mobile;
     KEdit *m_nationalCode = nullptr;
-    QLabel *m_nationalHint = nullptr;
     int m_personID = 0;
     bool m_readOnly = false;
 };

@@ -78,7 +78,6 @@ CDlgAddAutomobilDemand::CDlgAddAutomobilDemand(int demandID, EditorMode mode, QW
 {
     SetSettingName(u"AutomobilDemands\\Editor"_s);
     setWindowTitle(titleOf(mode));
-    resize(QSize(900, 620).boundedTo(size()));
 }
 
 CDlgAddAutomobilDemand::~CDlgAddAutomobilDemand() = default;

@@ -4,7 +4,6 @@
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
 
 #include "auto/editor/ArchiveLine.h"
-#include "auto/editor/FormLines.h"
 #include "auto/cars/demands/editor/DemandReminder.h"
 #include "auto/cars/demands/editor/DemandYears.h"
 #include "auto/cars/fields/ItemFields.h"
@@ -19,13 +18,13 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QComboBox>
-#include <QGridLayout>
-#include <QHBoxLayout>
+#include <QGroupBox>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <utility>
 
@@ -96,46 +95,38 @@ void CDlgAddAutomobilDemandBase::build()
     m_reminder = new DemandReminder(content);
     m_archiveLine = new ArchiveLine(content);
 
-    auto *layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(buildIdentity(content));
-    layout->addWidget(m_person);
-    layout->addWidget(buildWishes(content));
-    layout->addWidget(buildTexts(content));
-    layout->addWidget(m_reminder);
-    layout->addWidget(m_archiveLine);
-    layout->addStretch(1);
+    auto *cards = new CardStack(content);
+    cards->addCard(buildIdentity(content));
+    cards->addCard(m_person);
+    cards->addCard(buildWishes(content));
+    cards->addCard(buildTexts(content));
+    cards->addCard(m_reminder);
+    cards->addCard(m_archiveLine);
     fillWithScrolled(this, content);
 }
 
-QLayout *CDlgAddAutomobilDemandBase::buildIdentity(QWidget *content)
+QWidget *CDlgAddAutomobilDemandBase::buildIdentity(QWidget *content)
 {
-    auto *row = new QHBoxLayout;
-    row->addWidget(m_form->label(u"iCode"_s));
-    row->addWidget(m_form->control(u"iCode"_s), 1);
-    m_created = addShown(row, u"تاريخ ايجاد :"_s, content);
-    m_user = addShown(row, u"کاربر :"_s, content);
-    return row;
+    auto *box = new QGroupBox(content);
+    auto *grid = new FormGrid(box);
+    m_form->place(grid, u"iCode"_s);
+    m_created = addShown(grid, u"تاريخ ايجاد :"_s, box);
+    m_user = addShown(grid, u"کاربر :"_s, box);
+    return box;
 }
 
-KEdit *CDlgAddAutomobilDemandBase::addShown(QHBoxLayout *row, const QString &label, QWidget *parent)
+KEdit *CDlgAddAutomobilDemandBase::addShown(FormGrid *grid, const QString &label, QWidget *parent)
 {
     auto *line = new KEdit(parent);
     line->setReadOnly(true);
-    row->addSpacing(12);
-    addLabelled(row, label, line, 1);
+    addLabelled(grid, label, line);
     return line;
 }
 
 QWidget *CDlgAddAutomobilDemandBase::buildWishes(QWidget *content)
 {
     auto *box = new QGroupBox(u"مشخصات خودرو درخواستي"_s, content);
-    FormLines::grid(*m_form, box,
-                    {
-                        {{"iAutomobilType"}, {"iModelFrom"}, {"iModelUpTo"}},
-                        {{"iColor"}, {"dAmountFrom"}, {"dAmountUpTo"}},
-                        {{"iFacilities"}, {"dateReference"}, {"dateMaxTimeNeed"}},
-                    });
+    m_form->place(new FormGrid(box), {{"iAutomobilType"}, {"iModelFrom"}, {"iModelUpTo"}, {"iColor"}, {"dAmountFrom", 2}, {"dAmountUpTo", 2}, {"iFacilities", 2}, {"dateReference"}, {"dateMaxTimeNeed"}});
     fillTypes(m_form->comboBox(typeColumn));
     auto *items = new ItemFields(*m_form, this);
     items->addPickedList(colorColumn, CTblItems::typeColor, u"رنگ"_s);
@@ -146,8 +137,8 @@ QWidget *CDlgAddAutomobilDemandBase::buildWishes(QWidget *content)
 
 QWidget *CDlgAddAutomobilDemandBase::buildTexts(QWidget *content)
 {
-    auto *box = new QWidget(content);
-    FormLines::grid(*m_form, box, {{{"sAcquaintances"}, {"sDescSpecial", 2}}, {{"sDesc", 3}}});
+    auto *box = new QGroupBox(content);
+    m_form->place(new FormGrid(box), {{"sAcquaintances", 4}, {"sDescSpecial", 4}, {"sDesc", 8}});
     return box;
 }
 

@@ -8,9 +8,9 @@
 class ArchiveLine;
 class CTblAutomobilDemands;
 class DemandReminder;
+class FormGrid;
 class KEdit;
 class PersonGroup;
-class QHBoxLayout;
 
 // The page of the demand editor: the customer, the car wanted, and the reminder.
 class CDlgAddAutomobilDemandBase final : public EditorPage<CTblAutomobilDemands>
@@ -33,10 +33,10 @@ public:
 
 private:
     void build();
-    QLayout *buildIdentity(QWidget *content);
+    QWidget *buildIdentity(QWidget *content);
     QWidget *buildWishes(QWidget *content);
     QWidget *buildTexts(QWidget *content);
-    KEdit *addShown(QHBoxLayout *row, const QString &label, QWidget *parent);
+    KEdit *addShown(FormGrid *grid, const QString &label, QWidget *parent);
     // The beginning of a new reminder's description: the demand, its customer and the car wanted.
     QString proposedReminder() const;
 

@@ -9,6 +9,9 @@
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookMarks.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -29,7 +32,7 @@ QString lostMessage()
 DemandReminder::DemandReminder(QWidget *parent)
     : QGroupBox(u"يادآوري"_s, parent)
     , m_remind(new QCheckBox(u"يادآوري شود"_s, this))
-    , m_settings(new QPushButton(QIcon(u":/icons/reminder.svg"_s), u"تنظيمات "_s, this))
+    , m_settings(new QPushButton(LookIcons::icon(u":/icons/reminder.svg"_s), u"تنظيمات "_s, this))
     , m_description(new KEdit(this))
 {
     m_remind->setAccessibleName(m_remind->text());
@@ -38,10 +41,13 @@ DemandReminder::DemandReminder(QWidget *parent)
     m_settings->setAutoDefault(false);
     m_description->setReadOnly(true);
     m_description->setAccessibleName(u"شرح یادآوری"_s);
-    auto *row = new QHBoxLayout(this);
-    row->addWidget(m_remind);
+    LookMarks::setButton(m_settings, LookMarks::Button::Small);
+    auto *row = new QHBoxLayout;
     row->addWidget(m_description, 1);
     row->addWidget(m_settings);
+    auto *grid = new FormGrid(this);
+    grid->addCell(m_remind);
+    grid->addCell(row, 3);
     // A screen reader toggles without a click.
     connect(m_remind, &QCheckBox::toggled, this, &DemandReminder::edit);
     connect(m_settings, &QPushButton::clicked, this, &DemandReminder::edit);

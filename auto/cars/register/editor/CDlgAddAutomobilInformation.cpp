@@ -64,6 +64,7 @@ bool CDlgAddAutomobilInformation::load()
     addPage(m_base, m_base->title());
     m_sale = new CDlgAddAutomobilInformationSales(mode(), tabs());
     addPage(m_sale, m_sale->title());
+    connect(m_base, &CDlgAddAutomobilInformationBase::plateChanged, m_sale, &CDlgAddAutomobilInformationSales::showPlate);
     addFilesPage(CTblFileDocs::Personal, CTblAutomobilInformations::recordKind, u"پرونده های شخصی"_s);
     tabs()->setCurrentIndex(0);
     m_base->fill(car);

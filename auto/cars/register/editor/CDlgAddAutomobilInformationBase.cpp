@@ -4,7 +4,6 @@
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
 
 #include "auto/editor/ArchiveLine.h"
-#include "auto/editor/FormLines.h"
 #include "auto/words/StoredTexts.h"
 #include "auto/cars/register/editor/CarFields.h"
 #include "auto/cars/fields/CatalogFields.h"
@@ -15,17 +14,19 @@
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/crm/persons/IdentityHints.h"
 #include "suite/image/KStaticImage.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookSizes.h"
+#include "suite/utility/look/PlatePicture.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -33,12 +34,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString vinColumn = u"sVIN"_s;
+const QString plateColumn = u"sNumOfPlates"_s;
 
 QString hintFor(VehicleIdentification::State state)
 {
     switch (state) {
     case VehicleIdentification::State::WrongLength:
-        // Begun in Persian: a line takes its direction, and with it its side, from its first letter.
         return u"شماره VIN هفده نویسه دارد."_s;
     case VehicleIdentification::State::WrongCharacter:
         return u"تنها رقم و حرف لاتین، بدون I و O و Q، پذیرفته است."_s;
@@ -60,6 +61,7 @@ CDlgAddAutomobilInformationBase::CDlgAddAutomobilInformationBase(EditorMode mode
     wireItems();
     m_form->arrows(u"iYear"_s)->setStart(GetShamsiYearOfToday());
     connect(m_form->edit(vinColumn), &KEdit::textChanged, this, &CDlgAddAutomobilInformationBase::showVinHint);
+    connect(m_form->edit(plateColumn), &KEdit::textChanged, this, &CDlgAddAutomobilInformationBase::showPlate);
 }
 
 CDlgAddAutomobilInformationBase::~CDlgAddAutomobilInformationBase() = default;
@@ -73,60 +75,57 @@ void CDlgAddAutomobilInformationBase::build()
     m_items = new ItemFields(*m_form, this);
     m_archiveLine = new ArchiveLine(content);
 
-    auto *layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addLayout(buildTop(content));
-    layout->addWidget(buildVehicle(content));
-    layout->addWidget(buildNumbers(content));
-    layout->addWidget(buildEquipment(content));
-    layout->addWidget(m_archiveLine);
-    layout->addStretch(1);
+    auto *cards = new CardStack(content);
+    cards->addPair(buildIdentity(content), buildPicture(content));
+    cards->addCard(buildVehicle(content));
+    cards->addCard(buildNumbers(content));
+    cards->addCard(buildEquipment(content));
+    cards->addCard(m_archiveLine);
     fillWithScrolled(this, content);
 }
 
-QHBoxLayout *CDlgAddAutomobilInformationBase::buildTop(QWidget *content)
+// The car's own entry above its owner.
+QWidget *CDlgAddAutomobilInformationBase::buildIdentity(QWidget *content)
 {
-    m_owner = new PersonGroup(u"مشخصات مالک"_s, PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
-                              u"مالک"_s);
-    m_picture = new KStaticImage(content);
+    auto *both = new QWidget(content);
+    auto *entry = new QGroupBox(both);
+    m_form->place(new FormGrid(entry, FormGrid::Extent::Half), {{"iCode"}, {"dateCreate"}, {"dateIntroduction"}, {"iSource"}});
+    m_owner = new PersonGroup(u"مشخصات مالک"_s,
+                              PersonGroup::Clearable | PersonGroup::WithNationalCode | PersonGroup::BesideAnother, both, u"مالک"_s);
+    auto *column = new QVBoxLayout(both);
+    column->setContentsMargins({});
+    column->setSpacing(LookSizes::cardGap);
+    column->addWidget(entry);
+    column->addWidget(m_owner, 1);
+    return both;
+}
+
+QWidget *CDlgAddAutomobilInformationBase::buildPicture(QWidget *content)
+{
+    auto *box = new QGroupBox(content);
+    m_picture = new KStaticImage(box);
     m_picture->setAccessibleName(u"عکس"_s);
-    auto *entries = new QVBoxLayout;
-    entries->addLayout(FormLines::line(*m_form, {{"iCode"}, {"dateCreate"}, {"dateIntroduction"}, {"iSource", 2}}));
-    entries->addWidget(m_owner);
-    entries->addStretch(1);
-    auto *top = new QHBoxLayout;
-    top->addLayout(entries, 1);
-    top->addWidget(m_picture);
-    return top;
+    auto *middle = new QVBoxLayout(box);
+    middle->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    middle->addWidget(m_picture, 0, Qt::AlignCenter);
+    return box;
 }
 
 QWidget *CDlgAddAutomobilInformationBase::buildVehicle(QWidget *content)
 {
     auto *box = new QGroupBox(u"مشخصات خودرو"_s, content);
-    FormLines::grid(*m_form, box,
-                    {
-                        {{"iAutomobilType"}, {"iModel"}, {"iBrigade"}, {"iSystem"}},
-                        {{"iYear"}, {"iMonth"}, {"iColor"}, {"iFuel"}},
-                        {{"iUsageType"}, {"iCountry"}, {"iBodyStatus"}, {"iVolumCylinders"}},
-                        {{"iNumOfWheels"}, {"iNumOfCylinders"}, {"iCapacity"}, {"iNumOFAxles"}},
-                    });
+    m_form->place(new FormGrid(box), {{"iAutomobilType", 2}, {"iModel", 2}, {"iBrigade", 2}, {"iSystem", 2}, {"iYear"}, {"iMonth"}, {"iColor", 2}, {"iFuel"}, {"iUsageType"}, {"iCountry", 2}, {"iBodyStatus", 2}, {"iVolumCylinders", 2}, {"iNumOfWheels"}, {"iNumOfCylinders"}, {"iCapacity"}, {"iNumOFAxles"}});
     return box;
 }
 
 QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
 {
     auto *box = new QGroupBox(u"شماره ها، مبلغ و بيمه"_s, content);
-    QGridLayout *grid =
-        FormLines::grid(*m_form, box,
-                        {
-                            {{"sNumOfPlates"}, {"sChassisNum"}, {"sNumOfEngines"}, {"sNumOfBodies"}},
-                            {{"sVIN"}, {"iFunction"}, {"dAmount"}, {"iTypeDocument"}},
-                            {{"dateInsurance"}, {"sDiscountYears"}, {"sNameInsurance"}, {"sInsuranceStatus"}},
-                        });
-    m_vinHint = IdentityHints::createLabel(box);
-    // Over the neighbours as well: the sentence is longer than the field.
-    grid->addWidget(m_vinHint, 3, 1, 1, 5);
+    auto *grid = new FormGrid(box);
+    m_form->place(grid, plateColumn);
+    m_plate = new PlatePicture(box);
+    grid->addCell(m_plate);
+    m_form->place(grid, {{"sChassisNum", 2}, {"sNumOfEngines"}, {"sNumOfBodies"}, {"sVIN", 2}, {"iFunction"}, {"dAmount"}, {"iTypeDocument"}, {"dateInsurance"}, {"sDiscountYears"}, {"sNameInsurance"}, {"sInsuranceStatus", 2}});
     return box;
 }
 
@@ -134,12 +133,7 @@ QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
 QWidget *CDlgAddAutomobilInformationBase::buildEquipment(QWidget *content)
 {
     auto *box = new QGroupBox(u"لوازم، مدارک و توضيحات"_s, content);
-    FormLines::grid(*m_form, box,
-                    {
-                        {{"sAccessories", 2}, {"sFractionalParts", 2}},
-                        {{"sDocumentsDelivered", 2}, {"sDocumentsDeficit", 2}},
-                        {{"sFacilities", 2}, {"sDesc"}, {"sDescSpecial"}},
-                    });
+    m_form->place(new FormGrid(box), {{"sAccessories", 4}, {"sFractionalParts", 4}, {"sDocumentsDelivered", 4}, {"sDocumentsDeficit", 4}, {"sFacilities", 4}, {"sDesc", 2}, {"sDescSpecial", 2}});
     return box;
 }
 
@@ -178,6 +172,7 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
     m_archiveLine->showArchived(car);
     m_archiveLine->setVisible(car.m_iArchiveUserID != 0);
     showVinHint();
+    showPlate();
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
         (mode() == EditorMode::New ? m_owner->codeEdit() : m_form->control(u"iAutomobilType"_s))
@@ -223,13 +218,19 @@ int CDlgAddAutomobilInformationBase::code() const
 
 QString CDlgAddAutomobilInformationBase::vinHint() const
 {
-    return m_vinHint->text();
+    return hintFor(VehicleIdentification::check(m_form->edit(vinColumn)->plainText()));
 }
 
 void CDlgAddAutomobilInformationBase::showVinHint()
 {
     KEdit *vin = m_form->edit(vinColumn);
-    const QString hint = hintFor(VehicleIdentification::check(vin->plainText()));
-    IdentityHints::show(hint, m_vinHint, vin);
-    m_vinHint->setVisible(!hint.isEmpty());
+    FieldNote::of(vin)->showHint(vinHint());
+    vin->setAccessibleDescription(vinHint());
+}
+
+void CDlgAddAutomobilInformationBase::showPlate()
+{
+    const QString plate = m_form->edit(plateColumn)->plainText();
+    m_plate->setText(plate);
+    Q_EMIT plateChanged(plate);
 }

@@ -11,8 +11,7 @@ class CatalogFields;
 class ItemFields;
 class KStaticImage;
 class PersonGroup;
-class QHBoxLayout;
-class QLabel;
+class PlatePicture;
 
 // First page of the car editor: the owner, the vehicle with its numbers, insurance, equipment and papers, and its picture.
 class CDlgAddAutomobilInformationBase final : public CarEditorPage
@@ -37,17 +36,24 @@ public:
     KForm *form() const override { return m_form; }
     PersonGroup *owner() const { return m_owner; }
     KStaticImage *picture() const { return m_picture; }
+    PlatePicture *plate() const { return m_plate; }
     // The hint beside a VIN that looks wrong; empty otherwise.
     QString vinHint() const;
 
+Q_SIGNALS:
+    // The plate as it stands on the page is another, typed or loaded.
+    void plateChanged(const QString &plate);
+
 private:
     void build();
-    QHBoxLayout *buildTop(QWidget *content);
+    QWidget *buildIdentity(QWidget *content);
+    QWidget *buildPicture(QWidget *content);
     QWidget *buildVehicle(QWidget *content);
     QWidget *buildNumbers(QWidget *content);
     QWidget *buildEquipment(QWidget *content);
     void wireItems();
     void showVinHint();
+    void showPlate();
 
     KForm *m_form = nullptr;
     PersonGroup *m_owner = nullptr;
@@ -55,5 +61,5 @@ private:
     CatalogFields *m_catalog = nullptr;
     ItemFields *m_items = nullptr;
     ArchiveLine *m_archiveLine = nullptr;
-    QLabel *m_vinHint = nullptr;
+    PlatePicture *m_plate = nullptr;
 };

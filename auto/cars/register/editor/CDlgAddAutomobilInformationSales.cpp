@@ -3,7 +3,6 @@
 
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationSales.h"
 
-#include "auto/editor/FormLines.h"
 #include "auto/cars/register/editor/CarFields.h"
 #include "auto/cars/fields/ItemFields.h"
 #include "auto/cars/fields/PersonGroup.h"
@@ -14,11 +13,13 @@
 #include "auto/db/CTblAutomobilTariffs.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/PlatePicture.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <utility>
 
@@ -63,58 +64,57 @@ void CDlgAddAutomobilInformationSales::build()
     m_buyer = new PersonGroup(u"مشخصات خريدار"_s, PersonGroup::Clearable | PersonGroup::WithNationalCode, content,
                               u"خريدار"_s);
 
-    auto *layout = new QVBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_form->checkBox(u"bSold"_s));
-    layout->addWidget(m_buyer);
-    layout->addWidget(buildTransfer(content));
-    layout->addWidget(buildAmounts(content));
-    layout->addWidget(buildResult(content));
-    layout->addWidget(buildClearance(content));
-    layout->addStretch(1);
+    auto *cards = new CardStack(content);
+    cards->addCard(buildState(content));
+    cards->addCard(m_buyer);
+    cards->addCard(buildTransfer(content));
+    cards->addPair(buildAmounts(content), buildResult(content));
+    cards->addCard(buildClearance(content));
     fillWithScrolled(this, content);
+}
+
+// Whether the car is sold, and which one it is.
+QWidget *CDlgAddAutomobilInformationSales::buildState(QWidget *content)
+{
+    auto *box = new QGroupBox(content);
+    auto *grid = new FormGrid(box);
+    grid->addCell(m_form->checkBox(u"bSold"_s));
+    m_plate = new PlatePicture(box);
+    grid->addCell(m_plate);
+    return box;
 }
 
 QWidget *CDlgAddAutomobilInformationSales::buildTransfer(QWidget *content)
 {
     auto *box = new QGroupBox(u"انتقال سند"_s, content);
-    FormLines::grid(*m_form, box,
-                    {
-                        {{"dateBuy"}, {"dateDelivery"}, {"dateJawPlate"}, {"dateObtainingCopies"}},
-                        {{"sRegistryNum"}, {"sAddress", 3}},
-                        {{"dateLegalDocument"}, {"sNumLegalDocument"}, {"datefinalDocument"}, {"sReplacementCenter"}},
-                    });
+    m_form->place(new FormGrid(box), {{"dateBuy"}, {"dateDelivery"}, {"dateJawPlate"}, {"dateObtainingCopies"}, {"sRegistryNum"}, {"sAddress", 3}, {"dateLegalDocument"}, {"sNumLegalDocument"}, {"datefinalDocument"}, {"sReplacementCenter"}});
     return box;
 }
 
 QWidget *CDlgAddAutomobilInformationSales::buildAmounts(QWidget *content)
 {
     auto *box = new QGroupBox(u"قرارداد و کميسيون"_s, content);
-    FormLines::grid(*m_form, box,
-                    {
-                        {{"dMbayhAutomobilContract"}},
-                        {{"dAmountContract"}, {"dPaidContract"}, {"dRemainingContract"}},
-                        {{"dAmountCommission"}, {"dPaidComission"}, {"dRemainingComission"}},
-                    });
+    m_form->place(new FormGrid(box, FormGrid::Extent::Half), {{"dMbayhAutomobilContract"}, {"dAmountContract"}, {"dPaidContract"}, {"dRemainingContract"}, {"dAmountCommission"}, {"dPaidComission"}, {"dRemainingComission"}});
     return box;
 }
 
 QWidget *CDlgAddAutomobilInformationSales::buildResult(QWidget *content)
 {
     auto *box = new QGroupBox(u"نتيجه فروش"_s, content);
-    FormLines::grid(*m_form, box,
-                    {
-                        {{"dSoldAmount"}, {"dPurchasePriceOfOwner"}, {"dAutomobilExpenses"}},
-                        {{"dAmountPresence"}, {"dRemainingPresence"}, {"dProfitAndLoss"}},
-                    });
+    m_form->place(new FormGrid(box, FormGrid::Extent::Half), {{"dSoldAmount"}, {"dPurchasePriceOfOwner"}, {"dAutomobilExpenses", 2}, {"dAmountPresence", 2}, {"dRemainingPresence"}, {"dProfitAndLoss"}});
     return box;
 }
 
 QWidget *CDlgAddAutomobilInformationSales::buildClearance(QWidget *content)
 {
     auto *box = new QGroupBox(u"ترخيص"_s, content);
-    FormLines::grid(*m_form, box, {{{"dateClearance"}, {"iCustomsClearance"}, {"sLicense"}}});
+    m_form->place(new FormGrid(box), {{"dateClearance"}, {"iCustomsClearance", 2}, {"sLicense"}});
     return box;
+}
+
+void CDlgAddAutomobilInformationSales::showPlate(const QString &plate)
+{
+    m_plate->setText(plate);
 }
 
 void CDlgAddAutomobilInformationSales::fill(CTblAutomobilInformations &car)

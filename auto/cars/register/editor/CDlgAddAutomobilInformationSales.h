@@ -7,6 +7,7 @@
 
 class ItemFields;
 class PersonGroup;
+class PlatePicture;
 
 // Second page of the car editor: the sale, with the buyer, what was agreed, paid and spent, and the profit and loss that
 // follows (ProfitAndLoss.h). It posts nothing.
@@ -32,9 +33,13 @@ public:
     int tariffID() const { return m_tariffID; }
     // Lets the user choose a notary tariff, whose amount is then the notary's cost.
     void pickTariff();
+    // The plate of the car that is sold; it is entered on another page.
+    void showPlate(const QString &plate);
+    PlatePicture *plate() const { return m_plate; }
 
 private:
     void build();
+    QWidget *buildState(QWidget *content);
     QWidget *buildTransfer(QWidget *content);
     QWidget *buildAmounts(QWidget *content);
     QWidget *buildResult(QWidget *content);
@@ -45,5 +50,6 @@ private:
     KForm *m_form = nullptr;
     PersonGroup *m_buyer = nullptr;
     ItemFields *m_items = nullptr;
+    PlatePicture *m_plate = nullptr;
     int m_tariffID = 0;
 };

@@ -24,6 +24,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
+#include "tests/auto/editor/OnGrid.h"
 #include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -268,6 +269,23 @@ private Q_SLOTS:
                  GetDBSetting()->GetDBServerDate().date());
         QVERIFY(!dialog->basePage()->form()->dateEdit(u"dateMaxTimeNeed"_s)->date().isValid());
         QCOMPARE(named<KEdit>(*dialog, u"کاربر :"_s)->text(), u"مدیر"_s);
+    }
+
+    void pageStandsOnTheGrid_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("columns");
+        QTest::newRow("wide") << 1366 << 8;
+        QTest::newRow("middle") << 960 << 4;
+        QTest::newRow("narrow") << 560 << 2;
+    }
+
+    void pageStandsOnTheGrid()
+    {
+        QFETCH(int, width);
+        QFETCH(int, columns);
+        const auto dialog = opened(addDemand(), EditorMode::Edit);
+        QCOMPARE(OnGrid::problem(*dialog, *dialog->basePage(), width, columns), QString());
     }
 
     // --- Keyboard ---

@@ -8,10 +8,13 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/image/KStaticImage.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/PlatePicture.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/cars/register/editor/CarEditorOffice.h"
+#include "tests/auto/editor/OnGrid.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QBuffer>
@@ -655,27 +658,48 @@ private Q_SLOTS:
         QVERIFY(!m_dialog->basePage()->vinHint().isEmpty());
     }
 
-    // Its words begin where the field begins, on the right, whatever letter comes first.
-    void hintStandsUnderTheVin()
+    // In the line of its label, so that nothing moves when it appears; it ends where the field ends.
+    void hintStandsBesideTheLabelOfTheVin()
     {
         open();
         KEdit *vin = form().edit(u"sVIN"_s);
+        const QRect before = vin->geometry();
         vin->setText(u"1HGCM"_s);
         QCoreApplication::processEvents();
-        QLabel *hint = nullptr;
-        for (QLabel *label : vin->parentWidget()->findChildren<QLabel *>()) {
-            if (label->text() == m_dialog->basePage()->vinHint())
-                hint = label;
+        const FieldNote *hint = FieldNote::of(vin);
+        QVERIFY(hint->isVisible());
+        QCOMPARE(hint->text(), m_dialog->basePage()->vinHint());
+        QCOMPARE(vin->geometry(), before);
+        const QLabel *label = form().label(u"sVIN"_s);
+        QCOMPARE(hint->geometry().top(), label->geometry().top());
+        QVERIFY(hint->geometry().bottom() <= vin->geometry().top());
+        QVERIFY(hint->geometry().right() < label->geometry().left());
+        QCOMPARE(hint->geometry().left(), vin->geometry().left());
+    }
+
+    // --- Plate ---
+
+    void plateIsDrawnBesideItsFieldAndOnThePageOfTheSale()
+    {
+        open([](Car &car) { car.m_sNumOfPlates = u"12 ب 345 ایران 67"_s; });
+        const PlatePicture *plate = m_dialog->basePage()->plate();
+        QVERIFY(plate->isPlate());
+        QCOMPARE(m_dialog->salePage()->plate()->accessibleName(), u"12 ب 345 ایران 67"_s);
+        KEdit *field = form().edit(u"sNumOfPlates"_s);
+        QVERIFY(plate->geometry().right() < field->geometry().left());
+        const QRect before = plate->geometry();
+        const QRect behind = form().control(u"sChassisNum"_s)->geometry();
+        for (const QString &typed : {u"12 ب"_s, u"تهران 11"_s, QString()}) {
+            field->setText(typed);
+            QCoreApplication::processEvents();
+            QVERIFY2(!plate->isPlate(), qPrintable(typed));
+            QVERIFY(!m_dialog->salePage()->plate()->isPlate());
+            QCOMPARE(plate->geometry(), before);
+            QCOMPARE(form().control(u"sChassisNum"_s)->geometry(), behind);
         }
-        QVERIFY(hint);
-        QVERIFY(hint->y() >= vin->geometry().bottom());
-        const QImage picture = hint->grab().toImage();
-        int right = 0;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = right + 1; x < picture.width(); ++x)
-                right = picture.pixel(x, y) == picture.pixel(0, 0) ? right : x;
-        }
-        QVERIFY2(std::abs(hint->x() + right - vin->geometry().right()) < 12, qPrintable(QString::number(right)));
+        field->setText(u"۲۱ د ۶۵۴ - ۷۶"_s);
+        QCOMPARE(plate->accessibleName(), u"21 د 654 ایران 76"_s);
+        QCOMPARE(m_dialog->salePage()->plate()->accessibleName(), plate->accessibleName());
     }
 
     // --- Insurance ---
@@ -749,6 +773,27 @@ private Q_SLOTS:
         for (const QString &text : {u"کاربر بايگاني کننده :"_s, u"مدیر"_s,
                                     u"تاريخ بايگاني :"_s, shamsiText(QDate(2026, 5, 1))})
             QVERIFY2(texts.contains(text), qPrintable(text));
+    }
+
+    // --- Grid ---
+
+    void bothPagesStandOnTheGrid_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("columns");
+        QTest::newRow("wide") << 1366 << 8;
+        QTest::newRow("middle") << 960 << 4;
+        QTest::newRow("narrow") << 560 << 2;
+    }
+
+    void bothPagesStandOnTheGrid()
+    {
+        QFETCH(int, width);
+        QFETCH(int, columns);
+        open([](Car &car) { car.m_sNumOfPlates = u"12 ب 345 ایران 67"_s; });
+        QCOMPARE(OnGrid::problem(*m_dialog, *m_dialog->basePage(), width, columns), QString());
+        Q_EMIT m_dialog->salePage()->frontRequested();
+        QCOMPARE(OnGrid::problem(*m_dialog, *m_dialog->salePage(), width, columns), QString());
     }
 
     // --- Keys ---
