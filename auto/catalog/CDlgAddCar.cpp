@@ -8,11 +8,12 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QVBoxLayout>
+#include <QGroupBox>
 
 using namespace Qt::StringLiterals;
 
@@ -28,12 +29,11 @@ CDlgAddCar::CDlgAddCar(const QString &heading, QWidget *parent)
     , m_name(new KEdit)
 {
     m_name->setMaxLength(longestName);
-    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    auto *form = new QFormLayout;
-    addLabelled(form, u"نام :"_s, m_name);
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(createButtons());
+    auto *content = new QWidget(this);
+    auto *card = new QGroupBox(content);
+    addLabelled(new FormGrid(card), u"نام :"_s, m_name, 4);
+    (new CardStack(content))->addCard(card);
+    setContent(content, createButtons());
     showTitle();
 }
 

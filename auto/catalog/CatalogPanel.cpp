@@ -7,6 +7,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCoreApplication>
@@ -129,7 +130,7 @@ void CatalogPanel::showCommands(bool addAndDelete, bool edit)
 {
     const auto show = [](QPushButton *button, bool shown, const QString &icon) {
         button->setVisible(shown);
-        button->setIcon(shown ? QIcon(icon) : QIcon());
+        button->setIcon(shown ? LookIcons::icon(icon) : QIcon());
     };
     show(m_add, addAndDelete, u":/icons/new.svg"_s);
     show(m_edit, edit, u":/icons/edit.svg"_s);

@@ -8,23 +8,26 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPalette>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr std::size_t thirdTier = 2;
+constexpr int usualWidth = 760;
+constexpr int daysWidth = 12; // letters
 
 QList<SettingsEdit::Setting> editedSettings()
 {
@@ -46,35 +49,32 @@ QList<QStringList> groups()
     return groups;
 }
 
-KEdit *createPercent(const QString &name, const QString &description)
+KEdit *createEdit(KEdit::Kind kind, const QString &name, const QString &description)
 {
-    auto *edit = new KEdit(KEdit::Kind::Percent);
+    auto *edit = new KEdit(kind);
     edit->setAccessibleName(name);
     edit->setAccessibleDescription(description);
-    edit->setMaximumWidth(90);
     return edit;
 }
 
-KEdit *createAmount(const QString &name, const QString &description)
-{
-    auto *edit = new KEdit(KEdit::Kind::Money);
-    edit->setAccessibleName(name);
-    edit->setAccessibleDescription(description);
-    edit->setMinimumWidth(150);
-    return edit;
-}
-
-// Visibly display only: in the window's own colour, skipped by the keyboard.
+// Display only, skipped by the keyboard.
 KEdit *createLowerBound(const QString &name, const QString &description)
 {
-    KEdit *edit = createAmount(name, description);
+    KEdit *edit = createEdit(KEdit::Kind::Money, name, description);
     edit->setReadOnly(true);
     edit->setFocusPolicy(Qt::NoFocus);
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-    edit->setPalette(palette);
     edit->setText(u"0"_s);
     return edit;
+}
+
+// A field and what it is measured in.
+QHBoxLayout *withUnit(KEdit *edit, QLabel *unit)
+{
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit);
+    line->addWidget(edit, 1);
+    line->addWidget(unit);
+    return line;
 }
 
 }
@@ -90,37 +90,36 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(const OfficeSettings 
 {
     setWindowTitle(u"تنظيمات"_s);
     SetSettingName(u"AutomobilContractSetting"_s);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(createTaxGroup());
-    layout->addWidget(createTierGroup(settings.moneyUnitName()));
-    layout->addWidget(createDemandGroup());
-    layout->addStretch();
-    layout->addWidget(createButtons());
+    auto *content = new QWidget(this);
+    auto *cards = new CardStack(content);
+    cards->addCard(createTaxGroup());
+    cards->addCard(createTierGroup(settings.moneyUnitName()));
+    cards->addCard(createDemandGroup());
+    setContent(content, createButtons());
     showSettings(ContractSettings::of(settings));
     m_edit.remember([this] { writeSettings(); });
+    resize(LookSizes::scaled(usualWidth), sizeHint().height());
 }
 
 QWidget *CDlgAutomobilContractSetting::createTaxGroup()
 {
     auto *group = new QGroupBox(u"ماليات و عوارض"_s);
-    auto *line = new QHBoxLayout(group);
-    const auto addPercent = [line](const QString &text) {
-        KEdit *edit = createPercent(text, {});
-        addLabelled(line, text, edit);
-        line->addWidget(new QLabel(u"%"_s));
+    auto *grid = new FormGrid(group);
+    const auto addPercent = [grid](const QString &text) {
+        KEdit *edit = createEdit(KEdit::Kind::Percent, text, {});
+        QLabel *label = labelFor(text, edit);
+        grid->addField(label, new FieldNote(edit), withUnit(edit, new QLabel(u"%"_s)), 1);
         return edit;
     };
     m_taxPercent = addPercent(u"ماليات :"_s);
-    line->addSpacing(24);
     m_dutyPercent = addPercent(u"عوارض :"_s);
-    line->addStretch();
     return group;
 }
 
 QWidget *CDlgAutomobilContractSetting::createTierGroup(const QString &moneyUnit)
 {
     auto *group = new QGroupBox(u"پله‌های کمیسیون"_s);
-    auto *grid = new QGridLayout(group);
+    auto *grid = new FormGrid(group);
     for (int tier = 0; tier < int(m_tiers.size()); ++tier)
         createTierRow(grid, tier, moneyUnit);
     connect(m_thirdInUse, &QCheckBox::toggled, this, &CDlgAutomobilContractSetting::showThirdTier);
@@ -131,42 +130,50 @@ QWidget *CDlgAutomobilContractSetting::createTierGroup(const QString &moneyUnit)
     return group;
 }
 
-void CDlgAutomobilContractSetting::createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit)
+void CDlgAutomobilContractSetting::createTierRow(FormGrid *grid, int tier, const QString &moneyUnit)
 {
     const QString fromText = u"مبلغ معامله از :"_s;
     const QString toText = u"تا :"_s;
     const QString description = u"پله %1 کمیسیون"_s.arg(tier + 1);
     TierRow &row = m_tiers[std::size_t(tier)];
     row.lowerBound = createLowerBound(fromText, description);
-    row.ceiling = createAmount(toText, description);
-    row.percent = createPercent(u"%"_s, description);
+    row.ceiling = createEdit(KEdit::Kind::Money, toText, description);
+    row.percent = createEdit(KEdit::Kind::Percent, u"%"_s, description);
+    auto *fromUnit = new QLabel(moneyUnit);
+    auto *toUnit = new QLabel(moneyUnit);
+    auto *percentSign = new QLabel(u"%"_s);
+    QLabel *toLabel = labelFor(toText, row.ceiling);
 
-    QWidget *heading = nullptr;
+    grid->startRow();
+    QLabel *heading = nullptr;
     if (std::size_t(tier) == thirdTier) {
-        heading = m_thirdInUse = new QCheckBox(fromText);
+        m_thirdInUse = new QCheckBox(fromText);
         m_thirdInUse->setAccessibleName(fromText);
+        grid->addCell(m_thirdInUse, 4);
+        grid->startRow();
     } else {
         heading = labelFor(fromText, row.lowerBound);
     }
-    row.widgets = {row.lowerBound, new QLabel(moneyUnit), labelFor(toText, row.ceiling), row.ceiling, new QLabel(moneyUnit), row.percent,
-                   new QLabel(u"%"_s)};
-    grid->addWidget(heading, tier, 0);
-    for (int column = 0; column < row.widgets.size(); ++column)
-        grid->addWidget(row.widgets[column], tier, column + 1);
+    grid->addField(heading, nullptr, withUnit(row.lowerBound, fromUnit), 1);
+    grid->addField(toLabel, nullptr, withUnit(row.ceiling, toUnit), 2);
+    grid->addField(nullptr, nullptr, withUnit(row.percent, percentSign), 1);
+    row.widgets = {row.lowerBound, fromUnit, toLabel, row.ceiling, toUnit, row.percent, percentSign};
 }
 
 QWidget *CDlgAutomobilContractSetting::createDemandGroup()
 {
     auto *group = new QGroupBox(u"بایگانی تقاضاها"_s);
-    auto *line = new QHBoxLayout(group);
     m_archiveDemands = new QCheckBox(u"تقاضاهاي بيشتر از "_s);
     m_archiveDemands->setAccessibleName(m_archiveDemands->text());
     m_demandDays = new KEdit(KEdit::Kind::Integer);
-    m_demandDays->setMaximumWidth(90);
-    line->addWidget(m_archiveDemands);
-    line->addWidget(m_demandDays);
-    line->addWidget(labelFor(u"روز را بايگاني نمايد."_s, m_demandDays));
-    line->addStretch();
+    m_demandDays->setMaximumWidth(fontMetrics().averageCharWidth() * daysWidth);
+    auto *sentence = new QHBoxLayout;
+    sentence->setSpacing(LookSizes::unit);
+    sentence->addWidget(m_archiveDemands);
+    sentence->addWidget(m_demandDays);
+    sentence->addWidget(labelFor(u"روز را بايگاني نمايد."_s, m_demandDays));
+    sentence->addStretch();
+    (new FormGrid(group))->addCell(sentence, 4);
     return group;
 }
 

@@ -9,9 +9,9 @@
 
 #include <array>
 
+class FormGrid;
 class KEdit;
 class QCheckBox;
-class QGridLayout;
 
 // The dialog of the contract settings: tax and duty on the commission, the commission tiers, archiving of demands.
 // Reads the settings of the open database when it is made and writes those that were changed on OK.
@@ -39,7 +39,7 @@ private:
     QWidget *createTaxGroup();
     QWidget *createTierGroup(const QString &moneyUnit);
     QWidget *createDemandGroup();
-    void createTierRow(QGridLayout *grid, int tier, const QString &moneyUnit);
+    void createTierRow(FormGrid *grid, int tier, const QString &moneyUnit);
     void writeSettings();
     bool save();
     void showSettings(const ContractSettings &settings);

@@ -10,12 +10,16 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -35,19 +39,21 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     setWindowTitle(caption + (itemID == 0 ? u" - جدید"_s : u" - ویرایش"_s));
     // A longer one, as the pickers of several values take it, is not cut.
     m_name->setMaxLength(qMax(longestName, static_cast<int>(name.size())));
-    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_name->setText(name);
     m_name->selectAll();
     if (itemID != 0 && m_item.IsRecordExist(u"iID"_s, itemID))
         m_edit.remember([this] { write(); });
 
+    auto *content = new QWidget(this);
+    auto *card = new QGroupBox(content);
     auto *line = new QHBoxLayout;
-    addLabelled(line, u"نام :"_s, m_name, 1);
-    line->addWidget(new QLabel(u"*"_s, this));
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(line);
-    layout->addStretch(1);
-    layout->addWidget(createButtons());
+    line->setSpacing(LookSizes::unit / 2);
+    line->addWidget(m_name, 1);
+    line->addWidget(new QLabel(u"*"_s, card));
+    QLabel *label = labelFor(u"نام :"_s, m_name);
+    (new FormGrid(card))->addField(label, new FieldNote(m_name), line, 4);
+    (new CardStack(content))->addCard(card);
+    setContent(content, createButtons());
 }
 
 QString CDlgAddInputParameter::name() const

@@ -10,11 +10,12 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QVBoxLayout>
+#include <QGroupBox>
 
 using namespace Qt::StringLiterals;
 
@@ -61,14 +62,13 @@ CDlgAddAutomobilTariff::~CDlgAddAutomobilTariff() = default;
 
 void CDlgAddAutomobilTariff::build()
 {
-    m_form = new KForm(fields(), m_record, this);
+    auto *content = new QWidget(this);
+    m_form = new KForm(fields(), m_record, content);
     m_form->setCompletions(titleColumn, TariffTexts::titles());
     m_form->setCompletions(descriptionColumn, TariffTexts::descriptions());
-    auto *grid = new QGridLayout;
-    m_form->place(grid, 0, 0, titleColumn);
-    m_form->place(grid, 1, 0, amountColumn);
-    m_form->place(grid, 3, 0, descriptionColumn);
-    m_form->control(titleColumn)->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+    auto *card = new QGroupBox(content);
+    m_form->place(new FormGrid(card), {{"sTitle", 4}, {"dAmount", 4}, {"sDesc", 4}});
+    (new CardStack(content))->addCard(card, true);
 
     // Kept, not shown: every tariff that is entered is active, and its day is the table's own matter.
     m_active = new QCheckBox(u"فعال"_s, this);
@@ -78,11 +78,7 @@ void CDlgAddAutomobilTariff::build()
     m_created->setAccessibleName(u"تاريخ ايجاد :"_s);
     m_created->setReadOnly(true);
     m_created->hide();
-
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(grid);
-    layout->addStretch(1);
-    layout->addWidget(createButtons());
+    setContent(content, createButtons());
 }
 
 void CDlgAddAutomobilTariff::load()
