@@ -7,12 +7,16 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+#include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -51,48 +55,39 @@ void CDlgMatches::build()
     m_subject->setTextFormat(Qt::PlainText);
     m_subject->setWordWrap(true);
     m_nothing->setAlignment(Qt::AlignCenter);
-    m_nothing->setForegroundRole(QPalette::PlaceholderText);
+    LookFonts::applyHint(m_nothing);
+    LookFonts::apply(m_subject, LookFonts::Use::Strong);
+    LookFonts::apply(m_count, LookFonts::Use::Label);
     m_list->setAccessibleName(m_table.title);
     m_list->setColumns(m_table.columns);
     m_list->SetSettingName(m_table.section + u"\\List"_s);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, [this](int key) { m_show->setEnabled(key > 0); });
     connect(m_list, &KExtListCtrl::rowActivated, this, [this] { showSelected(); });
 
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_subject);
-    layout->addWidget(m_list, 1);
-    layout->addWidget(m_nothing);
-    layout->addWidget(buildButtons());
+    auto *content = new QWidget(this);
+    auto *column = new QVBoxLayout(content);
+    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    column->setSpacing(LookSizes::cardGap);
+    column->addWidget(m_subject);
+    column->addWidget(m_list, 1);
+    column->addWidget(m_nothing);
+    setContent(content, createButtons({}, u"بازگشت"_s), Content::Fills);
+    addCommands();
     m_list->setFocus();
 }
 
-QWidget *CDlgMatches::buildButtons()
+void CDlgMatches::addCommands()
 {
-    auto *box = new QWidget(this);
-    auto *row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
-    const auto add = [&](const QString &caption, const char *icon, void (CDlgMatches::*run)()) {
-        auto *button = new QPushButton(QIcon(QString::fromLatin1(icon)), caption, box);
-        button->setAccessibleName(caption);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, run);
-        row->addWidget(button);
-        return button;
-    };
-    m_show = add(u"نمايش"_s, ":/icons/show.svg", &CDlgMatches::showSelected);
-    QPushButton *printButton = add(u"چاپ"_s, ":/icons/print.svg", &CDlgMatches::print);
+    m_show = addButton(footer(), u"نمايش"_s, u":/icons/show.svg"_s);
+    LookMarks::setButton(m_show, LookMarks::Button::Primary);
+    connect(m_show, &QPushButton::clicked, this, &CDlgMatches::showSelected);
+    QPushButton *printButton = addButton(footer(), u"چاپ"_s, u":/icons/print.svg"_s);
+    connect(printButton, &QPushButton::clicked, this, &CDlgMatches::print);
     auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
     connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
     printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
-    row->addStretch(1);
-    row->addWidget(m_count);
-    row->addSpacing(12);
-    auto *back = new QPushButton(u"بازگشت"_s, box);
-    back->setAccessibleName(back->text());
-    back->setAutoDefault(false);
-    connect(back, &QPushButton::clicked, this, &CDlgMatches::reject);
-    row->addWidget(back);
-    return box;
+    footer()->addSpacing(LookSizes::unit);
+    footer()->addWidget(m_count);
 }
 
 bool CDlgMatches::load()

@@ -59,7 +59,7 @@ public:
 
 private:
     void build();
-    QWidget *buildButtons();
+    void addCommands();
 
     MatchTable m_table;
     QLabel *m_subject;

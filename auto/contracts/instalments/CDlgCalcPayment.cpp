@@ -14,21 +14,25 @@
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
-#include "suite/utility/frame/TabOrder.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QComboBox>
-#include <QGridLayout>
+#include <QDialogButtonBox>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 #include <functional>
 
@@ -105,7 +109,7 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     loadPlan();
     // It has no OK button: the plan is saved by a command.
     setAsksBeforeDropping(true);
-    resize(720, 620);
+    resize(LookSizes::scaled(760), LookSizes::scaled(660));
 }
 
 CDlgCalcPayment::~CDlgCalcPayment() = default;
@@ -130,68 +134,76 @@ void CDlgCalcPayment::build(double principal)
     m_note->setWordWrap(true);
     m_note->hide();
 
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(buildTerms(principal));
-    layout->addWidget(m_list, 1);
-    layout->addWidget(m_note);
-    layout->addWidget(buildSums());
-    layout->addWidget(buildButtons());
-    tabInLayoutOrder(this);
+    auto *content = new QWidget(this);
+    auto *cards = new CardStack(content);
+    cards->addCard(buildTerms(principal));
+    cards->addCard(buildMethod());
+    cards->addCard(m_list, true);
+    cards->addCard(m_note);
+    cards->addCard(buildSums());
+    QDialogButtonBox *close = createButtons({}, closeCaption);
+    setContent(content, close);
+    addCommands(close);
     m_principal->setFocus();
+}
+
+// A field and the drop-down of its unit are one.
+QComboBox *CDlgCalcPayment::addWithUnit(FormGrid *grid, const QString &caption, KEdit *edit, const QString &name, const QStringList &units)
+{
+    auto *combo = new QComboBox;
+    combo->addItems(units);
+    combo->setAccessibleName(name);
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit / 2);
+    line->addWidget(edit, 1);
+    line->addWidget(combo);
+    QLabel *label = labelFor(caption, edit);
+    grid->addField(label, new FieldNote(edit), line, 2);
+    return combo;
 }
 
 QWidget *CDlgCalcPayment::buildTerms(double principal)
 {
-    auto *box = new QWidget(this);
-    auto *grid = new QGridLayout(box);
-    grid->setContentsMargins(0, 0, 0, 0);
-    auto units = [&](const QString &name, const QStringList &texts, int current, int row) {
-        auto *combo = new QComboBox(box);
-        combo->addItems(texts);
-        combo->setCurrentIndex(current);
-        combo->setAccessibleName(name);
-        grid->addWidget(combo, row, 2);
-        return combo;
-    };
+    auto *box = new QGroupBox(this);
+    auto *grid = new FormGrid(box);
     m_principal = new KEdit(KEdit::Kind::Money, box);
     m_principal->setNumber(principal);
-    addLabelled(grid, 0, 0, u"مبلغ مانده فاکتور جهت تقسيط :"_s, m_principal);
+    addLabelled(grid, u"مبلغ مانده فاکتور جهت تقسيط :"_s, m_principal, 2);
     m_start = new KDateEdit(box);
     m_start->setDate(m_settings.serverTime().date());
-    addLabelled(grid, 1, 0, u" شروع تاريخ :"_s, m_start);
+    addLabelled(grid, u" شروع تاريخ :"_s, m_start, 2);
     m_rate = new KEdit(KEdit::Kind::Percent, box);
-    addLabelled(grid, 2, 0, u"درصد بهره :"_s, m_rate);
-    m_rateUnit = units(u"واحد درصد بهره"_s, {u"ماهانه"_s, u"سالانه"_s}, 0, 2);
+    m_rateUnit = addWithUnit(grid, u"درصد بهره :"_s, m_rate, u"واحد درصد بهره"_s, {u"ماهانه"_s, u"سالانه"_s});
     m_count = new KEdit(KEdit::Kind::Integer, box);
     m_count->setRange(0, 1200);
-    addLabelled(grid, 3, 0, u"تعداد اقساط :"_s, m_count);
+    addLabelled(grid, u"تعداد اقساط :"_s, m_count, 2);
     m_interval = new KEdit(KEdit::Kind::Integer, box);
     m_interval->setRange(0, 3650);
-    addLabelled(grid, 4, 0, u"فاصله اقساط :"_s, m_interval);
-    m_intervalUnit =
-        units(u"واحد فاصله اقساط"_s, {u"روز"_s, u"ماه"_s}, monthsPosition, 4);
+    m_intervalUnit = addWithUnit(grid, u"فاصله اقساط :"_s, m_interval, u"واحد فاصله اقساط"_s, {u"روز"_s, u"ماه"_s});
+    m_intervalUnit->setCurrentIndex(monthsPosition);
+    return box;
+}
 
-    auto *method = new QGroupBox(u"روش محاسبه بهره"_s, box);
+QWidget *CDlgCalcPayment::buildMethod()
+{
+    auto *method = new QGroupBox(u"روش محاسبه بهره"_s, this);
     m_declining = new QRadioButton(u"رأس"_s, method);
     m_whole = new QRadioButton(u"بازاري"_s, method);
     m_whole->setChecked(true);
-    auto *radios = new QVBoxLayout(method);
-    radios->addWidget(m_declining);
-    radios->addWidget(m_whole);
-    grid->addWidget(method, 0, 3, 5, 1, Qt::AlignTop);
-    grid->setColumnStretch(1, 1);
-    return box;
+    auto *grid = new FormGrid(method);
+    grid->addCell(m_declining);
+    grid->addCell(m_whole);
+    return method;
 }
 
 QWidget *CDlgCalcPayment::buildSums()
 {
-    auto *box = new QWidget(this);
-    auto *row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
-    auto sum = [&](const QString &text, bool displayed) {
+    auto *box = new QGroupBox(this);
+    auto *grid = new FormGrid(box);
+    const auto sum = [grid, box](const QString &text, bool displayed) {
         auto *edit = new KEdit(KEdit::Kind::Money, box);
         edit->setReadOnly(true);
-        addLabelled(row, text, edit, 1)->setVisible(displayed);
+        addLabelled(grid, text, edit, 2)->setVisible(displayed);
         edit->setVisible(displayed);
         return edit;
     };
@@ -201,30 +213,21 @@ QWidget *CDlgCalcPayment::buildSums()
     return box;
 }
 
-QWidget *CDlgCalcPayment::buildButtons()
+void CDlgCalcPayment::addCommands(QDialogButtonBox *close)
 {
-    auto *box = new QWidget(this);
-    auto *row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
     const std::pair<QString, void (CDlgCalcPayment::*)()> commands[] = {{calculateCaption, &CDlgCalcPayment::calculate},
                                                                         {saveCaption, &CDlgCalcPayment::savePlan},
                                                                         {deleteCaption, &CDlgCalcPayment::deletePlan},
-                                                                        {receiveCaption, &CDlgCalcPayment::receiveSelected}};
-    auto add = [&](const QString &caption) {
-        auto *button = new QPushButton(caption, box);
-        button->setAccessibleName(caption);
-        button->setAutoDefault(false);
-        row->addWidget(button);
-        m_buttons.append(button);
-        return button;
-    };
-    for (const auto &[caption, command] : commands)
-        connect(add(caption), &QPushButton::clicked, this, [this, command = command] { guarded(command); });
+                                                                        {receiveCaption, &CDlgCalcPayment::receiveSelected},
+                                                                        {printCaption, &CDlgCalcPayment::printPlan}};
+    for (const auto &[caption, command] : commands) {
+        QPushButton *added = addButton(footer(), caption);
+        connect(added, &QPushButton::clicked, this, [this, command = command] { guarded(command); });
+        m_buttons.append(added);
+    }
     button(calculateCaption)->setDefault(true);
-    connect(add(printCaption), &QPushButton::clicked, this, [this] { guarded(&CDlgCalcPayment::printPlan); });
-    row->addStretch(1);
-    connect(add(closeCaption), &QPushButton::clicked, this, &CDlgCalcPayment::reject);
-    return box;
+    LookMarks::setButton(button(calculateCaption), LookMarks::Button::Primary);
+    m_buttons.append(close->findChild<QPushButton *>());
 }
 
 void CDlgCalcPayment::guarded(void (CDlgCalcPayment::*command)())

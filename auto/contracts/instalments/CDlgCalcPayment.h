@@ -11,10 +11,12 @@
 
 #include <optional>
 
+class FormGrid;
 class KDateEdit;
 class KEdit;
 class KExtListCtrl;
 class QComboBox;
+class QDialogButtonBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
@@ -54,8 +56,10 @@ public:
 private:
     void build(double principal);
     QWidget *buildTerms(double principal);
+    static QComboBox *addWithUnit(FormGrid *grid, const QString &caption, KEdit *edit, const QString &name, const QStringList &units);
+    QWidget *buildMethod();
     QWidget *buildSums();
-    QWidget *buildButtons();
+    void addCommands(QDialogButtonBox *close);
     void loadPlan();
     bool storePlan(const QList<int> &seen);
     void showStored();

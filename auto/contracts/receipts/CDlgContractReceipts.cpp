@@ -13,17 +13,25 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/KLookup.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -89,7 +97,7 @@ CDlgContractReceipts::CDlgContractReceipts(int contractID, QWidget *parent)
     m_closed = settings.isClosed();
     SetSettingName(u"AutomobilContracts\\Receipts"_s);
     build();
-    resize(QSize(900, 420));
+    resize(LookSizes::scaled(900), LookSizes::scaled(480));
     if (load())
         m_list->selectRow(0);
     m_list->setFocus();
@@ -112,22 +120,33 @@ void CDlgContractReceipts::build()
     m_list->SetSettingName(u"AutomobilContracts\\ReceiptList"_s);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgContractReceipts::updateButton);
     m_total = new QLabel(this);
+    LookFonts::apply(m_total, LookFonts::Use::Strong);
     m_reason = new KEdit(this);
     m_reason->setMaxLength(CTblReceipts::longestReason);
-    m_void = new QPushButton(QIcon(u":/icons/delete.svg"_s), u"ابطال دریافت"_s, this);
+    m_void = new QPushButton(LookIcons::icon(u":/icons/delete.svg"_s, HostColors::Role::Danger), u"ابطال دریافت"_s, this);
     m_void->setAccessibleName(m_void->text());
     m_void->setAutoDefault(false);
+    LookMarks::setButton(m_void, LookMarks::Button::Small);
     connect(m_void, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { voidSelected(); }); });
 
-    auto *foot = new QHBoxLayout;
-    addLabelled(foot, u"دلیل ابطال :"_s, m_reason, 1);
-    foot->addWidget(m_void);
-    foot->addSpacing(12);
-    foot->addWidget(createButtons(QString(), u"بازگشت"_s));
-    auto *column = new QVBoxLayout(this);
-    column->addWidget(m_list, 1);
-    column->addWidget(m_total);
-    column->addLayout(foot);
+    auto *content = new QWidget(this);
+    auto *cards = new CardStack(content);
+    cards->addCard(m_list, true);
+    cards->addCard(m_total);
+    cards->addCard(buildVoiding());
+    setContent(content, createButtons(QString(), u"بازگشت"_s));
+}
+
+QWidget *CDlgContractReceipts::buildVoiding()
+{
+    auto *box = new QGroupBox(this);
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit);
+    line->addWidget(m_reason, 1);
+    line->addWidget(m_void);
+    QLabel *label = labelFor(u"دلیل ابطال :"_s, m_reason);
+    (new FormGrid(box, FormGrid::Extent::Half))->addField(label, new FieldNote(m_reason), line, 4);
+    return box;
 }
 
 // False when the contract is gone; the list is then empty.

@@ -34,6 +34,7 @@ public:
 
 private:
     void build();
+    QWidget *buildVoiding();
     bool load();
     void refill();
     void updateButton();
