@@ -34,10 +34,10 @@ QPainterPath gapPath(double height)
 
 }
 
-BarAmounts::BarAmounts(QChart *chart, const IncomeBars &bars, const QColor &text, const QBrush &background)
+BarAmounts::BarAmounts(QChart *chart, const IncomeBars &bars, const Inks &inks)
     : m_chart(chart)
     , m_bars(bars)
-    , m_text(text)
+    , m_inks(inks)
 {
     for (const IncomeBars::Bar &bar : bars.bars) {
         auto *amount = new QGraphicsSimpleTextItem(DToMoney(bar.amount), chart);
@@ -47,7 +47,7 @@ BarAmounts::BarAmounts(QChart *chart, const IncomeBars &bars, const QColor &text
             gap = new QGraphicsPathItem(chart);
             gap->setZValue(aboveTheBars);
             gap->setPen(Qt::NoPen);
-            gap->setBrush(background);
+            gap->setBrush(inks.background);
         }
         m_items.append({amount, gap});
     }
@@ -91,7 +91,7 @@ void BarAmounts::placeAmount(QGraphicsSimpleTextItem *amount, double end, double
         const double from = isInside ? end : foot;
         x = growsLeft ? rightOf(from) : leftOf(from);
     }
-    amount->setBrush(isInside ? QColor(Qt::white) : m_text);
+    amount->setBrush(isInside ? m_inks.inside : m_inks.text);
     amount->setPos(x, middle - size.height() / 2);
 }
 

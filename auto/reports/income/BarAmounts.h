@@ -5,7 +5,6 @@
 
 #include "auto/reports/income/IncomeBars.h"
 
-#include <QBrush>
 #include <QColor>
 #include <QList>
 
@@ -18,8 +17,14 @@ class QGraphicsSimpleTextItem;
 class BarAmounts
 {
 public:
-    // text: the colour beside a bar; background: what a gap lets through.
-    BarAmounts(QChart *chart, const IncomeBars &bars, const QColor &text, const QBrush &background);
+    struct Inks
+    {
+        QColor text;       // beside a bar
+        QColor inside;     // in a bar
+        QColor background; // what a gap lets through
+    };
+
+    BarAmounts(QChart *chart, const IncomeBars &bars, const Inks &inks);
 
     // How far the bar is drawn, in units of the axis: a cut one to the end of the axis, a very small one so that it is seen.
     static double drawnLength(const IncomeBars &bars, const IncomeBars::Bar &bar);
@@ -40,6 +45,6 @@ private:
 
     QChart *m_chart;
     IncomeBars m_bars;
-    QColor m_text;
+    Inks m_inks;
     QList<Item> m_items; // as the bars
 };

@@ -15,6 +15,9 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
@@ -23,12 +26,12 @@
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -114,19 +117,18 @@ CDlgAutoFullReport::CDlgAutoFullReport(const OfficeSettings &settings, QWidget *
     connect(m_list, &KExtListCtrl::columnClicked, this, &CDlgAutoFullReport::sortBy);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAutoFullReport::activated);
 
-    m_list->setMinimumWidth(300);
-    auto *both = new QSplitter;
-    both->addWidget(m_list);
-    both->addWidget(m_chart);
-    both->setChildrenCollapsible(false);
-    both->setStretchFactor(0, 1);
-    both->setStretchFactor(1, 1);
-    both->setSizes({620, 480});
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(buildFilter());
-    layout->addWidget(both, 1);
-    layout->addWidget(buildFoot());
-    resize(1100, 640);
+    auto *content = new QWidget(this);
+    auto *column = new QVBoxLayout(content);
+    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    column->setSpacing(LookSizes::cardGap);
+    column->addWidget(buildFilter());
+    column->addWidget(buildBoth(), 1);
+    QDialogButtonBox *buttons = createButtons(u"بازگشت"_s, u"انصراف"_s);
+    setAsksBeforeDropping(false);
+    m_ok = buttons->findChildren<QPushButton *>().constFirst();
+    setContent(content, buttons, Content::Fills);
+    addCommands();
+    resize(LookSizes::scaled(1100), LookSizes::scaled(640));
 
     m_from->setDateTime(settings.fiscalYearOpeningDate());
     m_to->setDateTime(settings.fiscalYearClosingDate());
@@ -151,44 +153,60 @@ QWidget *CDlgAutoFullReport::buildFilter()
 {
     auto *box = new QGroupBox(u"فيلتر جستجو"_s);
     auto *line = new QHBoxLayout(box);
+    line->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    line->setSpacing(LookSizes::unit);
     addLabelled(line, u"تاريخ :"_s, m_from);
     nameControl(m_to, u"تاريخ تا :"_s);
     addLabelled(line, u"تا :"_s, m_to);
-    auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s);
-    search->setAutoDefault(false);
-    connect(search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
+    m_search = addButton(line, u"جستجو"_s, u":/icons/search.svg"_s);
+    connect(m_search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
     // Queued: Enter moves to the next field first, and a wrong entry must have the focus in the end.
     for (KDateEdit *edit : {m_from, m_to})
         connect(edit, &QLineEdit::returnPressed, this, &CDlgAutoFullReport::search, Qt::QueuedConnection);
     connect(new QShortcut(QKeySequence(QKeySequence::Find), this), &QShortcut::activated, m_from,
             [this] { m_from->setFocus(Qt::ShortcutFocusReason); });
-    line->addWidget(search);
     line->addStretch(1);
+    LookMarks::setTall(box);
     return box;
 }
 
-QWidget *CDlgAutoFullReport::buildFoot()
+// The list beside the chart. In a low window the chart, whose bars and names need their room, scrolls.
+QWidget *CDlgAutoFullReport::buildBoth()
 {
-    auto *foot = new QWidget;
-    auto *line = new QHBoxLayout(foot);
-    line->setContentsMargins(0, 0, 0, 0);
-    const auto addPrint = [this, line](const QString &caption) {
-        auto *button = new QPushButton(QIcon(u":/icons/print.svg"_s), caption);
-        button->setAutoDefault(false);
-        line->addWidget(button);
-        return button;
-    };
-    QPushButton *printButton = addPrint(printCaption);
+    auto *card = new QGroupBox;
+    auto *chart = new QScrollArea(card);
+    chart->setWidget(m_chart);
+    chart->setWidgetResizable(true);
+    chart->setFrameShape(QFrame::NoFrame);
+    chart->setFocusPolicy(Qt::NoFocus);
+    chart->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    chart->setMinimumWidth(m_chart->minimumSizeHint().width());
+    auto *inside = new QVBoxLayout(card);
+    inside->setContentsMargins(LookSizes::unit, LookSizes::unit, LookSizes::unit, LookSizes::unit);
+    inside->addWidget(chart);
+    auto *both = new QSplitter;
+    both->addWidget(m_list);
+    both->addWidget(card);
+    both->setChildrenCollapsible(false);
+    both->setHandleWidth(LookSizes::sideGap);
+    both->setStretchFactor(0, 1);
+    both->setStretchFactor(1, 1);
+    both->setSizes({620, 480});
+    return both;
+}
+
+void CDlgAutoFullReport::addCommands()
+{
+    QPushButton *printButton = addButton(footer(), printCaption, u":/icons/print.svg"_s);
     connect(printButton, &QPushButton::clicked, this, &CDlgAutoFullReport::print);
-    connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
-    connect(addPrint(chartPrintCaption), &QPushButton::clicked, this, &CDlgAutoFullReport::printChart);
-    line->addWidget(m_count);
-    line->addStretch(1);
-    QDialogButtonBox *buttons = createButtons(u"بازگشت"_s, u"انصراف"_s);
-    setAsksBeforeDropping(false);
-    m_ok = buttons->findChildren<QPushButton *>().constFirst();
-    line->addWidget(buttons);
-    return foot;
+    auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
+    connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
+    printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
+    QPushButton *chartButton = addButton(footer(), chartPrintCaption, u":/icons/print.svg"_s);
+    connect(chartButton, &QPushButton::clicked, this, &CDlgAutoFullReport::printChart);
+    footer()->addSpacing(LookSizes::unit);
+    LookFonts::apply(m_count, LookFonts::Use::Label);
+    footer()->addWidget(m_count);
 }
 
 void CDlgAutoFullReport::setChoiceMode(bool on)
@@ -196,6 +214,9 @@ void CDlgAutoFullReport::setChoiceMode(bool on)
     m_choiceMode = on;
     m_ok->setText(on ? u"انتخاب"_s : u"بازگشت"_s);
     m_ok->setAccessibleName(m_ok->text());
+    // What the window is for: to pick an account, or to look.
+    LookMarks::setButton(m_ok, on ? LookMarks::Button::Primary : LookMarks::Button::Normal);
+    LookMarks::setButton(m_search, on ? LookMarks::Button::Normal : LookMarks::Button::Primary);
 }
 
 void CDlgAutoFullReport::readSettings()

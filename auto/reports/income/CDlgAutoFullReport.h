@@ -56,7 +56,8 @@ protected:
 private:
     CDlgAutoFullReport(const OfficeSettings &settings, QWidget *parent);
     QWidget *buildFilter();
-    QWidget *buildFoot();
+    QWidget *buildBoth();
+    void addCommands();
     void readSettings();
     void showRows();
     void sortBy(int column);
@@ -78,5 +79,6 @@ private:
     KExtListCtrl *m_list;
     IncomeChart *m_chart;
     QLabel *m_count;
+    QPushButton *m_search = nullptr;
     QPushButton *m_ok = nullptr;
 };

@@ -4,6 +4,8 @@
 #include "auto/reports/income/IncomeChart.h"
 
 #include "auto/reports/income/BarAmounts.h"
+#include "suite/utility/look/FittedFont.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/values/Money.h"
 
 #include <QBarCategoryAxis>
@@ -12,7 +14,6 @@
 #include <QChart>
 #include <QChartView>
 #include <QEvent>
-#include <QFontInfo>
 #include <QGraphicsLayout>
 #include <QHorizontalStackedBarSeries>
 #include <QLegend>
@@ -26,15 +27,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QColor incomeColor(0x2e, 0x8b, 0x57);
-const QColor expenseColor(0xc0, 0x5a, 0x2b);
-
-struct Look
+// What a chart is drawn in: on the screen in the look in use, on paper in the light one.
+struct Inks
 {
-    QColor text;
-    QBrush background;
+    BarAmounts::Inks amounts;
+    QColor income;
+    QColor expenses;
+    QColor grid;
     QFont font;
 };
+
+Inks inksOf(HostColors::Look look, const QFont &font)
+{
+    using HostColors::Role;
+    const auto of = [look](Role role) { return HostColors::of(role, look); };
+    return {{of(Role::Text), of(Role::OnAccent), of(Role::Surface)}, of(Role::Chart), of(Role::ChartOther), of(Role::Line), font};
+}
 
 QBarSet *addSet(QAbstractBarSeries *series, const QString &name, const QColor &color)
 {
@@ -46,11 +54,11 @@ QBarSet *addSet(QAbstractBarSeries *series, const QString &name, const QColor &c
 }
 
 // A stack of which only one part is ever present, so that each bar has its side's colour and all have one width.
-QHorizontalStackedBarSeries *makeSeries(const IncomeBars &bars)
+QHorizontalStackedBarSeries *makeSeries(const IncomeBars &bars, const Inks &inks)
 {
     auto *series = new QHorizontalStackedBarSeries;
-    QBarSet *income = addSet(series, u"درآمد ها"_s, incomeColor);
-    QBarSet *expenses = addSet(series, u"هزینه ها"_s, expenseColor);
+    QBarSet *income = addSet(series, u"درآمد ها"_s, inks.income);
+    QBarSet *expenses = addSet(series, u"هزینه ها"_s, inks.expenses);
     // A category axis counts from below.
     for (auto bar = bars.bars.crbegin(); bar != bars.bars.crend(); ++bar) {
         const double length = BarAmounts::drawnLength(bars, *bar);
@@ -88,48 +96,39 @@ QCategoryAxis *makeAmounts(const IncomeBars &bars)
     return amounts;
 }
 
-void setLook(QChart &chart, const Look &look)
+void setInks(QChart &chart, const Inks &inks)
 {
-    QColor grid = look.text;
-    grid.setAlphaF(0.2F);
-    chart.setBackgroundBrush(look.background);
-    chart.setTitleFont(look.font);
-    chart.setTitleBrush(look.text);
-    chart.legend()->setLabelColor(look.text);
-    chart.legend()->setFont(look.font);
+    chart.setBackgroundBrush(inks.amounts.background);
+    chart.setTitleFont(inks.font);
+    chart.setTitleBrush(inks.amounts.text);
+    chart.legend()->setLabelColor(inks.amounts.text);
+    chart.legend()->setFont(inks.font);
     const QList<QAbstractAxis *> axes = chart.axes();
     for (QAbstractAxis *axis : axes) {
-        axis->setLabelsFont(look.font);
-        axis->setLabelsColor(look.text);
-        axis->setLinePenColor(grid);
-        axis->setGridLineColor(grid);
+        axis->setLabelsFont(inks.font);
+        axis->setLabelsColor(inks.amounts.text);
+        axis->setLinePenColor(inks.grid);
+        axis->setGridLineColor(inks.grid);
     }
 }
 
 // Returns the font of the names. A name that is higher than its bar's room would be shown as three dots: with many bars the letters are smaller.
 QFont fitNames(QChart &chart, const QFont &font, qsizetype bars)
 {
-    constexpr int smallest = 7;
     constexpr double paddingOfANameInItsRoom = 9; // of the library, above and below together
     const QList<QAbstractAxis *> axes = chart.axes(Qt::Vertical);
     if (axes.isEmpty() || bars == 0)
         return font;
-    const double room = chart.plotArea().height() / double(bars) - paddingOfANameInItsRoom;
-    QFont fitting = font;
-    for (int pixels = QFontInfo(font).pixelSize(); pixels >= smallest; --pixels) {
-        fitting.setPixelSize(pixels);
-        if (QFontMetricsF(fitting).height() <= room)
-            break;
-    }
+    const QFont fitting = FittedFont::of(font, chart.plotArea().height() / double(bars) - paddingOfANameInItsRoom);
     if (axes.constFirst()->labelsFont() != fitting)
         axes.constFirst()->setLabelsFont(fitting);
     return fitting;
 }
 
-std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, const Look &look)
+std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, const Inks &inks)
 {
     auto chart = std::make_unique<QChart>();
-    QHorizontalStackedBarSeries *series = makeSeries(bars);
+    QHorizontalStackedBarSeries *series = makeSeries(bars, inks);
     chart->addSeries(series);
     chart->setLayoutDirection(Qt::RightToLeft);
     chart->setLocalizeNumbers(false);
@@ -146,10 +145,10 @@ std::unique_ptr<QChart> makeChart(const IncomeBars &bars, const QString &money, 
     chart->addAxis(amounts, Qt::AlignBottom);
     series->attachAxis(names);
     series->attachAxis(amounts);
-    setLook(*chart, look);
+    setInks(*chart, inks);
     QObject::connect(chart.get(), &QChart::plotAreaChanged, chart.get(),
-                     [chart = chart.get(), font = look.font, count = bars.bars.size(),
-                      texts = BarAmounts(chart.get(), bars, look.text, look.background)]() mutable {
+                     [chart = chart.get(), font = inks.font, count = bars.bars.size(),
+                      texts = BarAmounts(chart.get(), bars, inks.amounts)]() mutable {
                          texts.place(fitNames(*chart, font, count));
                      });
     return chart;
@@ -193,9 +192,11 @@ const QChart *IncomeChart::chart() const
 
 void IncomeChart::rebuild()
 {
-    const Look look{palette().color(QPalette::WindowText), palette().brush(QPalette::Base), font()};
+    Inks inks = inksOf(HostColors::look(), font());
+    inks.amounts.text = palette().color(QPalette::WindowText);
+    inks.amounts.background = palette().color(QPalette::Base);
     const std::unique_ptr<QChart> before(m_view->chart());
-    m_view->setChart(makeChart(m_bars, m_moneyUnit, look).release());
+    m_view->setChart(makeChart(m_bars, m_moneyUnit, inks).release());
     auto *series = static_cast<QAbstractBarSeries *>(m_view->chart()->series().constFirst());
     connect(series, &QAbstractBarSeries::hovered, this, &IncomeChart::tell);
 }
@@ -215,8 +216,7 @@ void IncomeChart::draw(QPainter &painter, const QRectF &rectangle, const QString
     constexpr double width = 1000;
     const QSizeF size(width, width * rectangle.height() / rectangle.width());
     QGraphicsScene scene;
-    const Look look{Qt::black, QBrush(Qt::white), font()};
-    std::unique_ptr<QChart> chart = makeChart(m_bars, m_moneyUnit, look);
+    std::unique_ptr<QChart> chart = makeChart(m_bars, m_moneyUnit, inksOf(HostColors::Look::Light, font()));
     chart->setTitle(heading.toHtmlEscaped() + u"<br>"_s + chart->title());
     chart->resize(size);
     scene.addItem(chart.release());

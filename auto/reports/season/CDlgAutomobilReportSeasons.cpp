@@ -24,12 +24,16 @@
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/frame/TabOrder.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -42,6 +46,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double highestTotal = 1e15;
+// In letters.
+constexpr int yearWidth = 12;
+constexpr int amountWidth = 22;
 const QString section = u"DlgAutomobilReportSeasons"_s;
 const QString minimumKey = u"dMinAmount"_s;
 // Once the rows have been gathered the caption is written with the other letter yeh; this is on purpose.
@@ -75,14 +82,6 @@ QString namedError(const KEdit &edit)
     return name + (name.endsWith(u':') ? u" "_s : u" : "_s) + edit.entryError();
 }
 
-QPushButton *addCommand(QHBoxLayout *line, const QString &caption, const QString &icon)
-{
-    auto *button = new QPushButton(QIcon(icon), caption);
-    button->setAutoDefault(false);
-    line->addWidget(button);
-    return button;
-}
-
 }
 
 CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
@@ -103,13 +102,17 @@ CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     connect(&m_task, &SeasonalTask::ended, this, &CDlgAutomobilReportSeasons::finish);
     connect(&m_task, &SeasonalTask::failed, this, &CDlgAutomobilReportSeasons::fail);
 
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(buildChoices());
-    layout->addWidget(m_list, 1);
-    layout->addWidget(buildTotals());
-    layout->addWidget(buildCommands());
-    setMinimumSize(900, 480);
-    resize(1180, 660);
+    auto *content = new QWidget(this);
+    auto *column = new QVBoxLayout(content);
+    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    column->setSpacing(LookSizes::cardGap);
+    column->addWidget(buildChoices());
+    column->addWidget(m_list, 1);
+    column->addWidget(buildTotals());
+    QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
+    setContent(content, buttons, Content::Fills);
+    addCommands(buttons);
+    resize(LookSizes::scaled(1180), LookSizes::scaled(660));
     m_minimumAmount->setText(ReadSetting(section, minimumKey, DToStr(highestMinimumAmount)));
 }
 
@@ -117,32 +120,51 @@ CDlgAutomobilReportSeasons::~CDlgAutomobilReportSeasons() = default;
 
 QWidget *CDlgAutomobilReportSeasons::buildChoices()
 {
-    auto *box = new QWidget;
+    auto *box = new QGroupBox;
     auto *lines = new QVBoxLayout(box);
-    lines->setContentsMargins(0, 0, 0, 0);
-    auto *first = new QHBoxLayout;
-    m_seasons = addOptions(first, u"فصل"_s, {u"بهار"_s, u"تابستان"_s, u"پاييز"_s, u"زمستان"_s}, this);
-    first->addSpacing(24);
-    first->addWidget(labelFor(u"سال :"_s, m_year));
+    lines->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    lines->setSpacing(LookSizes::unit);
+    lines->addLayout(buildSeasonLine());
+    lines->addLayout(buildAmountLine());
+    LookMarks::setTall(box);
+    return box;
+}
+
+// Which season of which year, and of what.
+QHBoxLayout *CDlgAutomobilReportSeasons::buildSeasonLine()
+{
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit);
+    m_seasons = addOptions(line, u"فصل"_s, {u"بهار"_s, u"تابستان"_s, u"پاييز"_s, u"زمستان"_s}, this);
+    line->addSpacing(LookSizes::sideGap);
+    line->addWidget(labelFor(u"سال :"_s, m_year));
     m_year->setRange(firstShamsiYear, lastShamsiYear);
-    m_year->setMaximumWidth(90);
+    m_year->setMaximumWidth(fontMetrics().averageCharWidth() * yearWidth);
     auto *year = new QHBoxLayout;
-    year->setSpacing(2);
+    year->setSpacing(LookSizes::unit / 2);
     year->addWidget(m_year);
     year->addWidget(new KStepArrows(m_year, this));
-    first->addLayout(year);
-    first->addSpacing(24);
-    m_kinds = addOptions(first, u"نوع گزارش"_s, {u"فروش"_s, u"خريد"_s}, this);
-    first->addStretch(1);
+    line->addLayout(year);
+    line->addSpacing(LookSizes::sideGap);
+    m_kinds = addOptions(line, u"نوع گزارش"_s, {u"فروش"_s, u"خريد"_s}, this);
+    line->addStretch(1);
+    return line;
+}
 
-    auto *second = new QHBoxLayout;
+QHBoxLayout *CDlgAutomobilReportSeasons::buildAmountLine()
+{
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit);
     m_minimumAmount->setRange(0, highestMinimumAmount);
-    m_minimumAmount->setMinimumWidth(150);
-    addLabelled(second, u"مبالغ کمتر از "_s, m_minimumAmount);
-    second->addWidget(new QLabel(u"ريال مجموعاً در يک رديف بيايند"_s));
-    second->addSpacing(24);
-    m_show = new QPushButton(QIcon(u":/icons/search.svg"_s), showCaption);
+    m_minimumAmount->setMinimumWidth(fontMetrics().averageCharWidth() * amountWidth);
+    addLabelled(line, u"مبالغ کمتر از "_s, m_minimumAmount);
+    auto *behind = new QLabel(u"ريال مجموعاً در يک رديف بيايند"_s);
+    LookFonts::apply(behind, LookFonts::Use::Label);
+    line->addWidget(behind);
+    line->addSpacing(LookSizes::sideGap);
+    m_show = new QPushButton(LookIcons::icon(u":/icons/search.svg"_s), showCaption);
     m_show->setDefault(true);
+    LookMarks::setButton(m_show, LookMarks::Button::Primary);
     connect(m_show, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::refresh);
     // Its other caption is longer; the window must not jump.
     m_show->setText(busyCaption);
@@ -150,12 +172,10 @@ QWidget *CDlgAutomobilReportSeasons::buildChoices()
     m_show->setText(showCaption);
     // Queued: Enter moves to the next field first, and a wrong entry must have the focus in the end.
     connect(m_minimumAmount, &QLineEdit::returnPressed, this, &CDlgAutomobilReportSeasons::refresh, Qt::QueuedConnection);
-    second->addWidget(m_show);
-    second->addSpacing(24);
-    second->addWidget(buildProgress(), 1);
-    lines->addLayout(first);
-    lines->addLayout(second);
-    return box;
+    line->addWidget(m_show);
+    line->addSpacing(LookSizes::sideGap);
+    line->addWidget(buildProgress(), 1);
+    return line;
 }
 
 QWidget *CDlgAutomobilReportSeasons::buildProgress()
@@ -173,7 +193,7 @@ QWidget *CDlgAutomobilReportSeasons::buildProgress()
     bar->setTextVisible(false);
     bar->setAccessibleName(u"پیشرفت"_s);
     line->addWidget(bar, 1);
-    QPushButton *stop = addCommand(line, u"توقف"_s, u":/icons/close.svg"_s);
+    QPushButton *stop = addButton(line, u"توقف"_s, u":/icons/close.svg"_s);
     connect(stop, &QPushButton::clicked, this, [this] { m_task.cancel(); });
     m_progress->hide();
     return m_progress;
@@ -181,16 +201,15 @@ QWidget *CDlgAutomobilReportSeasons::buildProgress()
 
 QWidget *CDlgAutomobilReportSeasons::buildTotals()
 {
-    auto *box = new QWidget;
-    auto *line = new QHBoxLayout(box);
-    line->setContentsMargins(0, 0, 0, 0);
+    auto *box = new QGroupBox;
+    auto *grid = new FormGrid(box, FormGrid::Extent::Half);
     const std::array<QString, TotalCount> labels{u"مبلغ :"_s, u"ارزش افزوده :"_s, u"عوارض :"_s,
                                                  u"تخفيف :"_s, u"جمع :"_s};
     for (std::size_t i = 0; i < labels.size(); ++i) {
         auto *edit = new KEdit(KEdit::Kind::Money);
         edit->setReadOnly(true);
         edit->setRange(-highestTotal, highestTotal); // discounts can be more than amounts
-        QLabel *label = addLabelled(line, labels[i], edit, 1);
+        QLabel *label = addLabelled(grid, labels[i], edit);
         m_totals[i] = edit;
         // The duties are part of the tax column already.
         label->setVisible(i != Duties);
@@ -199,26 +218,21 @@ QWidget *CDlgAutomobilReportSeasons::buildTotals()
     return box;
 }
 
-QWidget *CDlgAutomobilReportSeasons::buildCommands()
+void CDlgAutomobilReportSeasons::addCommands(QDialogButtonBox *buttons)
 {
-    auto *box = new QWidget;
-    auto *line = new QHBoxLayout(box);
-    line->setContentsMargins(0, 0, 0, 0);
-    QPushButton *company = addCommand(line, u"مشخصات شرکت/فروشگاه"_s, u":/icons/settings.svg"_s);
+    QPushButton *company = addButton(footer(), u"مشخصات شرکت/فروشگاه"_s, u":/icons/settings.svg"_s);
     connect(company, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::editCompany);
-    m_export = addCommand(line, u"تهيه فايل خروجي اداره ماليات"_s, u":/icons/save.svg"_s);
+    m_export = addButton(footer(), u"تهيه فايل خروجي اداره ماليات"_s, u":/icons/save.svg"_s);
     connect(m_export, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::exportSeason);
-    m_print = addCommand(line, u"چاپ"_s, u":/icons/print.svg"_s);
+    m_print = addButton(footer(), u"چاپ"_s, u":/icons/print.svg"_s);
     connect(m_print, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::print);
-    connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, m_print, &QPushButton::click);
-    QPushButton *payable = addCommand(line, u"مبلغ قابل پرداخت"_s, u":/icons/money.svg"_s);
+    auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
+    connect(shortcut, &QShortcut::activated, m_print, &QPushButton::click);
+    m_print->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
+    QPushButton *payable = addButton(footer(), u"مبلغ قابل پرداخت"_s, u":/icons/money.svg"_s);
     connect(payable, &QPushButton::clicked, this, &CDlgAutomobilReportSeasons::showPayable);
-    line->addStretch(1);
-    QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
     m_close = buttons->findChildren<QPushButton *>().constFirst();
     m_close->setAutoDefault(false);
-    line->addWidget(buttons);
-    return box;
 }
 
 // Each time the window opens, the highest minimum amount replaces the stored one.

@@ -16,6 +16,8 @@
 class KEdit;
 class KExtListCtrl;
 class QButtonGroup;
+class QDialogButtonBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QWidget;
@@ -76,9 +78,11 @@ private:
     };
 
     QWidget *buildChoices();
+    QHBoxLayout *buildSeasonLine();
+    QHBoxLayout *buildAmountLine();
     QWidget *buildTotals();
     QWidget *buildProgress();
-    QWidget *buildCommands();
+    void addCommands(QDialogButtonBox *buttons);
     SeasonalGathering::Kind chosenKind() const;
     void openOnToday();
     void startGathering();

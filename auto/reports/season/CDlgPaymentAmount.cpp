@@ -7,19 +7,25 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QIcon>
+#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr double highestAmount = 1e15;
+constexpr int usualWidth = 400;
+constexpr int wholeRow = 8;
 
 }
 
@@ -32,35 +38,37 @@ CDlgPaymentAmount::CDlgPaymentAmount(int season, quint16 shamsiYear, QWidget *pa
     SetSettingName(u"PaymentAmount"_s);
 
     const PayableAmount amount = PayableAmount::ofSeason(season, shamsiYear);
-    auto *grid = new QGridLayout;
+    auto *content = new QWidget(this);
+    auto *card = new QGroupBox(content);
+    auto *grid = new FormGrid(card);
     addAmount(grid, u"جمع فروش :"_s, amount.sales);
     addAmount(grid, u"جمع خريد :"_s, amount.purchases);
     auto *rule = new QLabel(QString(48, u'-'));
     rule->setAlignment(Qt::AlignCenter);
-    grid->addWidget(rule, grid->rowCount(), 0, 1, 3);
+    LookFonts::applyHint(rule);
+    grid->addLine(rule);
     addAmount(grid, u"نتيجه :"_s, amount.result());
+    (new CardStack(content))->addCard(card);
 
     QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
-    const QList<QAbstractButton *> all = buttons->buttons();
-    all.constFirst()->setIcon(QIcon(u":/icons/close.svg"_s));
-    all.constFirst()->setFocus();
-
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(grid);
-    layout->addStretch();
-    layout->addWidget(buttons);
+    QAbstractButton *close = buttons->buttons().constFirst();
+    close->setIcon(LookIcons::icon(u":/icons/close.svg"_s));
+    setContent(content, buttons);
+    close->setFocus();
+    resize(LookSizes::scaled(usualWidth), sizeHint().height());
 }
 
-KEdit *CDlgPaymentAmount::addAmount(QGridLayout *grid, const QString &label, double amount)
+// The amounts stand below each other, as they are reckoned.
+void CDlgPaymentAmount::addAmount(FormGrid *grid, const QString &caption, double amount)
 {
     auto *edit = new KEdit(KEdit::Kind::Money);
     edit->setReadOnly(true);
     edit->setRange(-highestAmount, highestAmount); // purchases can be more than sales
-    edit->setMinimumWidth(200);
     edit->setNumber(amount);
-    const int row = grid->rowCount();
-    addLabelled(grid, row, 0, label, edit);
-    grid->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()), row, 2);
-    grid->setColumnStretch(1, 1);
-    return edit;
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit);
+    line->addWidget(edit, 1);
+    line->addWidget(new QLabel(GetDBSetting()->MoneyUnitName()));
+    QLabel *label = labelFor(caption, edit);
+    grid->addField(label, nullptr, line, wholeRow);
 }

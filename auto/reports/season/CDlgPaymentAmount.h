@@ -6,8 +6,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KDialog.h"
 
-class KEdit;
-class QGridLayout;
+class FormGrid;
 
 // The season's sales, purchases and their difference.
 class CDlgPaymentAmount : public KDialog, private KSecurity
@@ -19,5 +18,5 @@ public:
     CDlgPaymentAmount(int season, quint16 shamsiYear, QWidget *parent = nullptr);
 
 private:
-    KEdit *addAmount(QGridLayout *grid, const QString &label, double amount);
+    static void addAmount(FormGrid *grid, const QString &caption, double amount);
 };

@@ -12,12 +12,15 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractAxis>
+#include <QAbstractBarSeries>
+#include <QBarSet>
 #include <QChart>
 #include <QGraphicsScene>
 #include <QGraphicsTextItem>
@@ -46,7 +49,7 @@ QStringList column(const CDlgAutoFullReport &report, int column)
 // How long each of so many bars is in the picture, in dots.
 QList<int> barLengths(const QImage &picture, const QRectF &plot, int bars)
 {
-    const QRgb colors[] = {qRgb(0x2e, 0x8b, 0x57), qRgb(0xc0, 0x5a, 0x2b)};
+    const QRgb colors[] = {HostColors::of(HostColors::Role::Chart).rgb(), HostColors::of(HostColors::Role::ChartOther).rgb()};
     QList<int> lengths(bars, 0);
     const QRect inside = plot.toRect();
     for (int y = inside.top(); y < inside.bottom(); ++y) {
@@ -339,7 +342,7 @@ private Q_SLOTS:
                 QPainter painter(&paper);
                 report.chart()->draw(painter, QRectF(paper.rect()), u"1405"_s);
             }
-            const QRgb income = qRgb(0x2e, 0x8b, 0x57);
+            const QRgb income = HostColors::of(HostColors::Role::Chart, HostColors::Look::Light).rgb();
             QRect bar;
             for (int y = 0; y < paper.height(); ++y) {
                 for (int x = 0; x < paper.width(); ++x) {
@@ -429,6 +432,37 @@ private Q_SLOTS:
         QVERIFY(label);
         QVERIFY(chart.chart()->plotArea().contains(label->sceneBoundingRect()));
         QCOMPARE(label->brush().color(), chart.palette().color(QPalette::WindowText)); // white is for the inside of a bar
+    }
+
+    // On paper it is light whatever the screen is.
+    void chartFollowsTheLook()
+    {
+        ComprehensiveReport report;
+        report.income.accounts = {{AccountLevel::Moeen, 410101, u"حساب"_s, {0, 5000.0}}};
+        report.expenses.accounts = {{AccountLevel::Moeen, 610101, u"حساب"_s, {700.0, 0}}};
+        IncomeChart chart(u"ریال"_s);
+        chart.setReport(report);
+        const auto colors = [&chart] {
+            const auto *series = static_cast<const QAbstractBarSeries *>(chart.chart()->series().constFirst());
+            QList<QColor> found;
+            for (QBarSet *set : series->barSets())
+                found << set->color();
+            return found;
+        };
+        const auto expected = [](HostColors::Look look) {
+            return QList<QColor>{HostColors::of(HostColors::Role::Chart, look), HostColors::of(HostColors::Role::ChartOther, look)};
+        };
+        QCOMPARE(colors(), expected(HostColors::Look::Light));
+        HostColors::setLook(HostColors::Look::Dark);
+        chart.setPalette(HostColors::palette(HostColors::Look::Dark));
+        QCOMPARE(colors(), expected(HostColors::Look::Dark));
+        QImage paper(400, 300, QImage::Format_RGB32);
+        {
+            QPainter painter(&paper);
+            chart.draw(painter, QRectF(paper.rect()), {});
+        }
+        HostColors::setLook(HostColors::Look::Light);
+        QCOMPARE(paper.pixelColor(0, 0), HostColors::of(HostColors::Role::Surface, HostColors::Look::Light));
     }
 
     void manyAccountsBecomeOneBarAtTheEnd()
