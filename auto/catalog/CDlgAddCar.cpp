@@ -10,6 +10,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>
@@ -19,6 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int usualWidth = 480;
 constexpr int longestName = 50;
 
 }
@@ -34,6 +36,7 @@ CDlgAddCar::CDlgAddCar(const QString &heading, QWidget *parent)
     addLabelled(new FormGrid(card), u"نام :"_s, m_name, 4);
     (new CardStack(content))->addCard(card);
     setContent(content, createButtons());
+    resize(LookSizes::scaled(usualWidth), sizeHint().height());
     showTitle();
 }
 

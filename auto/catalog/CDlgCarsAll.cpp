@@ -18,12 +18,12 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <functional>
 
@@ -139,8 +139,10 @@ void CDlgCarsAll::setChosen(int brand, int model, int carClass)
 
 void CDlgCarsAll::build()
 {
-    auto *lists = new QHBoxLayout;
-    lists->setSpacing(fontMetrics().averageCharWidth() * 2);
+    auto *content = new QWidget(this);
+    auto *lists = new QHBoxLayout(content);
+    lists->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    lists->setSpacing(LookSizes::sideGap);
     for (const CatalogLevel level : levels) {
         m_panels[static_cast<size_t>(level)] = makePanel(level, this);
         lists->addWidget(panel(level), 1);
@@ -158,13 +160,8 @@ void CDlgCarsAll::build()
         if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             m_accept = qobject_cast<QPushButton *>(button);
     }
-    auto *bottom = new QHBoxLayout;
-    bottom->addWidget(m_import);
-    bottom->addStretch(1);
-    bottom->addWidget(m_buttons);
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(lists, 1);
-    layout->addLayout(bottom);
+    setContent(content, m_buttons, Content::Fills);
+    footer()->addWidget(m_import);
 }
 
 void CDlgCarsAll::connectPanel(CatalogLevel level)

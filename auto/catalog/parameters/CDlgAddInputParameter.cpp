@@ -25,6 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int usualWidth = 480;
 constexpr int longestName = 50;
 
 }
@@ -54,6 +55,7 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     (new FormGrid(card))->addField(label, new FieldNote(m_name), line, 4);
     (new CardStack(content))->addCard(card);
     setContent(content, createButtons());
+    resize(LookSizes::scaled(usualWidth), sizeHint().height());
 }
 
 QString CDlgAddInputParameter::name() const

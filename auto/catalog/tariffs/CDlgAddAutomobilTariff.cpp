@@ -12,6 +12,7 @@
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -21,6 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int usualWidth = 560;
 constexpr int statusActive = 0;
 constexpr int statusInactive = 1;
 
@@ -79,6 +81,7 @@ void CDlgAddAutomobilTariff::build()
     m_created->setReadOnly(true);
     m_created->hide();
     setContent(content, createButtons());
+    resize(LookSizes::scaled(usualWidth), sizeHint().height());
 }
 
 void CDlgAddAutomobilTariff::load()
