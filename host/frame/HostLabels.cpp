@@ -128,11 +128,13 @@ void HostLabels::tabLabel(const QStyle &style, const QStyleOptionTab &option, QP
     if (selected)
         painter.setFont(LookFonts::font(LookFonts::Use::Primary));
     if (!option.icon.isNull()) {
+        // The base style leaves the icon its room beside the text, with a smaller gap.
+        constexpr int leftGap = 4;
+        constexpr int more = LookSizes::iconGap - leftGap;
         const int side = option.iconSize.height();
-        const int x = option.direction == Qt::RightToLeft ? room.right() - side + 1 : room.left();
+        const int x = option.direction == Qt::RightToLeft ? room.right() + leftGap + 1 : room.left() - leftGap - side;
         paintIcon(option.icon, painter, centered(x, room, side), enabled);
-        const int taken = side + LookSizes::iconGap;
-        room = option.direction == Qt::RightToLeft ? room.adjusted(0, 0, -taken, 0) : room.adjusted(taken, 0, 0, 0);
+        room = option.direction == Qt::RightToLeft ? room.adjusted(0, 0, -more, 0) : room.adjusted(more, 0, 0, 0);
     }
     painter.setPen(HostColors::of(ink));
     painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine | shortcutFlag(style, option, widget),
