@@ -160,6 +160,7 @@ bool HostProgram::takeFolder()
     }
     HostLog::start(m_folder.logsPath());
     setSettingsFile(m_folder.settingsFile());
+    HostLook::showChoice();
     qCInfo(lcHost).noquote() << "tzhost" << TZ_VERSION << "on" << m_folder.path();
     TemporaryFolders::removeLeft();
     return true;

@@ -3,6 +3,7 @@
 
 #include "host/administration/CDlgSettings.h"
 
+#include "host/frame/HostLook.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -82,6 +83,7 @@ CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
         column->addWidget(box);
     }
     column->addWidget(buildDatabase());
+    column->addWidget(buildLook());
     column->addWidget(createButtons());
     setMinimumWidth(fontMetrics().averageCharWidth() * 60);
     load(settings);
@@ -161,6 +163,18 @@ QGroupBox *CDlgSettings::buildDatabase()
     return box;
 }
 
+QGroupBox *CDlgSettings::buildLook()
+{
+    auto *box = new QGroupBox(u"نمایش"_s, this);
+    auto *form = new QFormLayout(box);
+    m_look = new QComboBox(box);
+    // In the order of HostLook::Choice.
+    m_look->addItems({u"مانند سیستم"_s, u"روشن"_s, u"تیره"_s});
+    m_look->setCurrentIndex(int(HostLook::choice()));
+    addLabelled(form, u"رنگ برنامه :"_s, m_look);
+    return box;
+}
+
 void CDlgSettings::load(const OfficeSettings &settings)
 {
     m_unit->setText(settings.moneyUnitName());
@@ -227,5 +241,7 @@ bool CDlgSettings::OnOK()
     if (RowQuestions::save(this, m_edit, texts, [this] { write(); }) != RowQuestions::Outcome::Saved)
         return false;
     setDefaultMoneyDecimals(GetDBSetting()->MoneyDecimals());
+    if (const auto look = HostLook::Choice(m_look->currentIndex()); look != HostLook::choice())
+        HostLook::choose(look);
     return true;
 }

@@ -14,7 +14,8 @@ class QComboBox;
 class QGroupBox;
 
 // What all users of the database share: the dealership's details, the money unit, the fiscal year, whether the car catalog
-// may be edited, and whether the database is closed. Of a closed database only that last one can be changed.
+// may be edited, and whether the database is closed. Of a closed database only that last one can be changed. Besides, the program's
+// colours on this computer, which are the user's own.
 class CDlgSettings : public KDialog
 {
     Q_OBJECT
@@ -32,6 +33,7 @@ private:
     QGroupBox *buildFiscalYear();
     QGroupBox *buildCatalog();
     QGroupBox *buildDatabase();
+    QGroupBox *buildLook();
     void load(const OfficeSettings &settings);
     bool validate();
     bool refuse(const QString &message, QWidget *field);
@@ -47,4 +49,5 @@ private:
     KDateEdit *m_closing = nullptr;
     QCheckBox *m_catalogLocked = nullptr;
     QCheckBox *m_closed = nullptr;
+    QComboBox *m_look = nullptr;
 };

@@ -4,14 +4,20 @@
 #include "host/frame/HostLook.h"
 
 #include "host/frame/HostStyle.h"
-#include "suite/utility/look/HostColors.h"
+#include "host/frame/SystemLook.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
-#include <QIcon>
 #include <QLibraryInfo>
+#include <QPointer>
+#include <QToolTip>
 #include <QTranslator>
+
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -53,12 +59,84 @@ QString systemFamily()
     return {};
 }
 
+// Keys are called as they are printed on them: "Ctrl+1", also where Qt's own texts are Persian.
+class KeyNames : public QTranslator
+{
+public:
+    using QTranslator::QTranslator;
+
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        return QLatin1StringView(context) == "QShortcut"_L1 ? QString::fromLatin1(text) : QString();
+    }
+};
+
+const QString lookSection = u"tzhost\\Look"_s;
+const QString lookKey = u"sPalette"_s;
+
+// As they are kept, in the order of the choices.
+constexpr QLatin1StringView choiceNames[] = {"system"_L1, "light"_L1, "dark"_L1};
+
+QPointer<SystemLook> desktopLook;
+
+HostColors::Look lookOfPlatform()
+{
+    constexpr int middle = 128;
+    const bool isDark = QGuiApplication::palette().color(QPalette::Window).lightness() < middle;
+    return isDark ? HostColors::Look::Dark : HostColors::Look::Light;
+}
+
+// Every widget is told by its palette, and paints itself anew; so do the pictures, which ask for the look when they are painted.
+void showLook(HostColors::Look look)
+{
+    HostColors::setLook(look);
+    const QPalette palette = HostColors::palette(look);
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
+}
+
 }
 
 namespace HostLook {
 
+Choice choice()
+{
+    const QString kept = ReadSetting(lookSection, lookKey, QString());
+    const auto *found = std::find(std::begin(choiceNames), std::end(choiceNames), kept);
+    return found == std::end(choiceNames) ? Choice::AsSystem : Choice(found - std::begin(choiceNames));
+}
+
+HostColors::Look lookOf(Choice choice)
+{
+    switch (choice) {
+    case Choice::Light:
+        return HostColors::Look::Light;
+    case Choice::Dark:
+        return HostColors::Look::Dark;
+    case Choice::AsSystem:
+        break;
+    }
+    return desktopLook ? desktopLook->look() : HostColors::Look::Light;
+}
+
+void showChoice()
+{
+    if (const HostColors::Look wanted = lookOf(choice()); wanted != HostColors::look())
+        showLook(wanted);
+}
+
+void choose(Choice choice)
+{
+    WriteSetting(lookSection, lookKey, QString(choiceNames[std::size_t(choice)]));
+    showChoice();
+}
+
 void apply(QApplication &application)
 {
+    // What the platform has, before it is replaced.
+    desktopLook = new SystemLook(SystemLook::sessionBus(), lookOfPlatform(), &application);
+    QObject::connect(desktopLook, &SystemLook::changed, &application, &showChoice);
     // The application takes ownership of the style, which the checker cannot see.
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new HostStyle);
@@ -69,12 +147,13 @@ void apply(QApplication &application)
     if (!family.isEmpty())
         QApplication::setFont(QFont(family, 10));
     HostStyle::applyFonts();
-    QApplication::setPalette(HostColors::palette(HostColors::look()));
+    showLook(desktopLook->look());
 
     auto *texts = new QTranslator(&application);
     if (texts->load(u"qtbase_fa"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(texts);
-    QApplication::setWindowIcon(QIcon(u":/icons/tzauto.svg"_s));
+    QCoreApplication::installTranslator(new KeyNames(&application));
+    QApplication::setWindowIcon(LookIcons::icon(u":/icons/tzauto.svg"_s));
 }
 
 }

@@ -3,6 +3,7 @@
 
 #include "host/administration/CDlgSettings.h"
 
+#include "host/frame/HostLook.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void twoDesks();
     void fiscalYearIsTakenWholeFromOneSide();
     void closedMeanwhileRefusesTheRest();
+    void colourIsTheUsersOwn();
 
 private:
     HostTestOffice m_office;
@@ -224,6 +226,42 @@ void TestCDlgSettings::closedMeanwhileRefusesTheRest()
     QCOMPARE(told.size(), 1);
     QVERIFY2(told.constFirst().contains(u"«admin»"_s), qPrintable(told.constFirst()));
     QCOMPARE(GetDBSetting()->MoneyUnitName(), u"ریال"_s);
+}
+
+void TestCDlgSettings::colourIsTheUsersOwn()
+{
+    QCOMPARE(HostLook::choice(), HostLook::Choice::AsSystem);
+    const auto colours = [](const Settings &settings) { return named<QComboBox>(settings.dialog, u"رنگ برنامه :"_s); };
+    {
+        Settings settings;
+        QComboBox *look = colours(settings);
+        QCOMPARE(look->currentText(), u"مانند سیستم"_s);
+        look->setCurrentText(u"تیره"_s);
+        QCOMPARE(HostLook::choice(), HostLook::Choice::AsSystem);
+        settings.dialog.accept();
+        QCOMPARE(settings.dialog.result(), int(QDialog::Accepted));
+    }
+    QCOMPARE(HostLook::choice(), HostLook::Choice::Dark);
+    QCOMPARE(HostColors::look(), HostColors::Look::Dark);
+    // Nothing of it is in what the office shares, so a closed database does not hinder it.
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection LIKE '%Look%'"_s).toInt(), 0);
+    GetDBSetting()->SetClosedDB(true);
+    {
+        Settings settings;
+        QCOMPARE(colours(settings)->currentText(), u"تیره"_s);
+        QVERIFY(colours(settings)->isEnabled());
+        colours(settings)->setCurrentText(u"روشن"_s);
+        settings.dialog.accept();
+    }
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    QCOMPARE(HostLook::choice(), HostLook::Choice::Light);
+    QCOMPARE(HostColors::look(), HostColors::Look::Light);
+    {
+        Settings settings;
+        colours(settings)->setCurrentText(u"تیره"_s);
+        settings.dialog.reject();
+    }
+    QCOMPARE(HostLook::choice(), HostLook::Choice::Light);
 }
 
 static const RegisteredTest<TestCDlgSettings, QApplication> registeredCDlgSettings;
