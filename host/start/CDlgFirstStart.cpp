@@ -13,15 +13,15 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QDialogButtonBox>
 #include <QEvent>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -29,76 +29,68 @@ CDlgFirstStart::CDlgFirstStart(QWidget *parent)
     : KDialog(parent)
 {
     setWindowTitle(u"راه‌اندازی اولیه"_s);
+    auto *content = new QWidget(this);
     auto *welcome = new QLabel(u"به برنامه خوش آمدید. با چند مشخصه زیر دفتر شما آماده کار می‌شود؛ "
                                "همه آن‌ها بعدا در «تنظیمات» قابل تغییر است."_s,
-                               this);
+                               content);
     welcome->setWordWrap(true);
-
-    auto *columns = new QHBoxLayout;
-    auto *side = new QVBoxLayout;
-    side->addWidget(buildAdministrator());
-    side->addWidget(buildFiscalYear());
-    side->addStretch();
-    columns->addLayout(side);
-    columns->addWidget(buildCompany());
-
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(20, 16, 20, 16);
-    column->setSpacing(12);
-    column->addWidget(welcome);
-    column->addLayout(columns);
-    column->addWidget(createButtons(u"شروع به کار"_s, u"خروج"_s));
+    auto *cards = new CardStack(content);
+    cards->addCard(welcome);
+    for (QGroupBox *card : {buildAdministrator(content), buildFiscalYear(content), buildCompany(content)})
+        cards->addCard(card);
+    setContent(content, createButtons(u"شروع به کار"_s, u"خروج"_s));
+    constexpr int letters = 130;
+    resize(fontMetrics().averageCharWidth() * letters, sizeHint().height());
     m_adminName->setFocus();
 }
 
-KEdit *CDlgFirstStart::addEdit(QFormLayout *form, const QString &caption, int maxLength)
+KEdit *CDlgFirstStart::addEdit(FormGrid *grid, const QString &caption, int maxLength, int span)
 {
-    auto *edit = new KEdit(this);
+    auto *edit = new KEdit(grid->parentWidget());
     edit->setMaxLength(maxLength);
-    edit->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
-    addLabelled(form, caption, edit);
+    addLabelled(grid, caption, edit, span);
     return edit;
 }
 
-QGroupBox *CDlgFirstStart::buildAdministrator()
+QGroupBox *CDlgFirstStart::buildAdministrator(QWidget *page)
 {
-    auto *box = new QGroupBox(u"مدیر برنامه"_s, this);
-    auto *form = new QFormLayout(box);
-    m_adminName = addEdit(form, u"نام مدیر :"_s, 100);
-    m_user = addEdit(form, u"نام کاربری :"_s, 50);
-    m_password = addEdit(form, u"کلمه عبور :"_s, 200);
-    m_repeated = addEdit(form, u"تکرار کلمه عبور :"_s, 200);
+    auto *box = new QGroupBox(u"مدیر برنامه"_s, page);
+    auto *grid = new FormGrid(box);
+    m_adminName = addEdit(grid, u"نام مدیر :"_s, 100);
+    m_user = addEdit(grid, u"نام کاربری :"_s, 50);
+    m_password = addEdit(grid, u"کلمه عبور :"_s, 200);
+    m_repeated = addEdit(grid, u"تکرار کلمه عبور :"_s, 200);
     m_password->setEchoMode(QLineEdit::Password);
     m_repeated->setEchoMode(QLineEdit::Password);
     return box;
 }
 
-QGroupBox *CDlgFirstStart::buildCompany()
+QGroupBox *CDlgFirstStart::buildCompany(QWidget *page)
 {
-    auto *box = new QGroupBox(u"مشخصات نمایشگاه"_s, this);
-    auto *form = new QFormLayout(box);
-    m_company1 = addEdit(form, u"نام نمایشگاه :"_s, 100);
-    m_company2 = addEdit(form, u"ادامه نام نمایشگاه :"_s, 100);
-    m_nationalCode = addEdit(form, u"کد ملی :"_s, 20);
-    m_telephone = addEdit(form, u"تلفن :"_s, 50);
-    m_mobile = addEdit(form, u"موبایل :"_s, 50);
-    m_city = addEdit(form, u"شهر :"_s, 50);
-    m_address = addEdit(form, u"نشانی :"_s, 250);
+    auto *box = new QGroupBox(u"مشخصات نمایشگاه"_s, page);
+    auto *grid = new FormGrid(box);
+    m_company1 = addEdit(grid, u"نام نمایشگاه :"_s, 100, 2);
+    m_company2 = addEdit(grid, u"ادامه نام نمایشگاه :"_s, 100, 2);
+    m_nationalCode = addEdit(grid, u"کد ملی :"_s, 20);
+    m_telephone = addEdit(grid, u"تلفن :"_s, 50);
+    m_mobile = addEdit(grid, u"موبایل :"_s, 50);
+    m_city = addEdit(grid, u"شهر :"_s, 50);
+    m_address = addEdit(grid, u"نشانی :"_s, 250, 4);
     return box;
 }
 
-QGroupBox *CDlgFirstStart::buildFiscalYear()
+QGroupBox *CDlgFirstStart::buildFiscalYear(QWidget *page)
 {
-    auto *box = new QGroupBox(u"سال مالی"_s, this);
-    auto *form = new QFormLayout(box);
+    auto *box = new QGroupBox(u"سال مالی"_s, page);
+    auto *grid = new FormGrid(box);
     const int year = GetShamsi(GetDBSetting()->GetDBServerDate().date()).year;
-    m_fiscalYear = addEdit(form, u"سال مالی :"_s, 4);
+    m_fiscalYear = addEdit(grid, u"سال مالی :"_s, 4);
     m_fiscalYear->setKind(KEdit::Kind::Integer);
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
     m_fiscalYear->setNumber(year);
     m_opening = new KDateEdit(box);
     m_opening->setDate(ConvertToMiladi(year, 1, 1));
-    addLabelled(form, u"تاریخ افتتاح :"_s, m_opening);
+    addLabelled(grid, u"تاریخ افتتاح :"_s, m_opening);
     // A year's books open on its first day unless the office says otherwise.
     connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
         const QDate first = ConvertToMiladi(static_cast<int>(typed), 1, 1);

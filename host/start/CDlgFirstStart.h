@@ -5,11 +5,9 @@
 
 #include "suite/utility/frame/KDialog.h"
 
-#include <QList>
-
+class FormGrid;
 class KDateEdit;
 class KEdit;
-class QFormLayout;
 class QGroupBox;
 
 // The first page that a new office sees: its administrator, its own details and its fiscal year, in one window.
@@ -37,10 +35,10 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    QGroupBox *buildAdministrator();
-    QGroupBox *buildCompany();
-    QGroupBox *buildFiscalYear();
-    KEdit *addEdit(QFormLayout *form, const QString &caption, int maxLength);
+    QGroupBox *buildAdministrator(QWidget *page);
+    QGroupBox *buildCompany(QWidget *page);
+    QGroupBox *buildFiscalYear(QWidget *page);
+    static KEdit *addEdit(FormGrid *grid, const QString &caption, int maxLength, int span = 1);
     bool refuse(const QString &message, QWidget *field);
     bool validate();
     void save();

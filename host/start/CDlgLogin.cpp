@@ -8,14 +8,18 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
-#include "suite/utility/values/KSettings.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
+#include "suite/utility/values/KSettings.h"
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QEvent>
-#include <QGridLayout>
-#include <QIcon>
+#include <QGroupBox>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +28,9 @@ namespace {
 
 const QString section = u"Login"_s;
 const QString lastUserKey = u"sLastUser"_s;
+
+constexpr int loginPicture = 64;
+constexpr int wholeLine = 8;
 
 }
 
@@ -43,26 +50,26 @@ CDlgLogin::CDlgLogin(const QString &officeName, QWidget *parent)
 
 void CDlgLogin::build(const QString &officeName)
 {
-    auto *picture = new QLabel(this);
-    picture->setPixmap(QIcon(u":/icons/tzauto.svg"_s).pixmap(72, 72));
+    auto *content = new QWidget(this);
+    auto *picture = new QLabel(content);
+    picture->setPixmap(LookIcons::icon(u":/icons/tzauto.svg"_s).pixmap(LookSizes::scaled(loginPicture)));
     picture->setAlignment(Qt::AlignCenter);
-    auto *title = new QLabel(officeName, this);
+    auto *title = new QLabel(officeName, content);
     title->setAlignment(Qt::AlignCenter);
     title->setTextFormat(Qt::PlainText);
     title->setWordWrap(true);
-    QFont font = title->font();
-    font.setPointSizeF(font.pointSizeF() * 1.4);
-    font.setBold(true);
-    title->setFont(font);
+    LookFonts::apply(title, LookFonts::Use::Page);
 
     m_password->setEchoMode(QLineEdit::Password);
     m_user->setMaxLength(50);
-    auto *fields = new QGridLayout;
-    fields->setVerticalSpacing(10);
-    addLabelled(fields, 0, 0, u"نام کاربری :"_s, m_user);
-    addLabelled(fields, 1, 0, u"کلمه عبور :"_s, m_password);
+    auto *box = new QGroupBox(content);
+    auto *grid = new FormGrid(box);
+    addLabelled(grid, u"نام کاربری :"_s, m_user, wholeLine);
+    addLabelled(grid, u"کلمه عبور :"_s, m_password, wholeLine);
+    // The message has its line from the start.
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setMinimumHeight(m_hint->fontMetrics().lineSpacing());
+    LookFonts::applyError(m_hint);
 
     QDialogButtonBox *buttons = createButtons(u"ورود"_s, u"خروج"_s);
     setAsksBeforeDropping(false);
@@ -70,16 +77,11 @@ void CDlgLogin::build(const QString &officeName)
         if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             m_ok = button;
 
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(28, 24, 28, 20);
-    column->setSpacing(12);
-    column->addWidget(picture);
-    column->addWidget(title);
-    column->addSpacing(6);
-    column->addLayout(fields);
-    column->addWidget(m_hint);
-    column->addWidget(buttons);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 52);
+    auto *column = new CardStack(content);
+    for (QWidget *part : {static_cast<QWidget *>(picture), static_cast<QWidget *>(title), static_cast<QWidget *>(box), static_cast<QWidget *>(m_hint)})
+        column->addCard(part);
+    setContent(content, buttons);
+    resize(fontMetrics().averageCharWidth() * 52, sizeHint().height());
 }
 
 void CDlgLogin::setUserName(const QString &user)

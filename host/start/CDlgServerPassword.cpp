@@ -6,13 +6,25 @@
 #include "host/frame/HostOptions.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QVBoxLayout>
+#include <QGroupBox>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+void addShown(FormGrid *grid, const QString &caption, const QString &value, int span)
+{
+    auto *line = new KEdit(grid->parentWidget());
+    line->setText(value);
+    line->setReadOnly(true);
+    addLabelled(grid, caption, line, span);
+}
+
+}
 
 CDlgServerPassword::CDlgServerPassword(const HostOptions &options, QWidget *parent)
     : KDialog(parent)
@@ -20,15 +32,16 @@ CDlgServerPassword::CDlgServerPassword(const HostOptions &options, QWidget *pare
 {
     setWindowTitle(u"اتصال به سرور دفتر"_s);
     m_password->setEchoMode(QLineEdit::Password);
-    m_password->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
 
-    auto *form = new QFormLayout;
-    form->addRow(u"سرور :"_s, new QLabel(options.host + u'/' + options.database, this));
-    form->addRow(u"حساب :"_s, new QLabel(options.user, this));
-    addLabelled(form, u"کلمه عبور پایگاه داده :"_s, m_password);
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(form);
-    column->addWidget(createButtons(u"اتصال"_s));
+    auto *content = new QWidget(this);
+    auto *box = new QGroupBox(content);
+    auto *grid = new FormGrid(box);
+    addShown(grid, u"سرور :"_s, options.host + u'/' + options.database, 2);
+    addShown(grid, u"حساب :"_s, options.user, 2);
+    addLabelled(grid, u"کلمه عبور پایگاه داده :"_s, m_password, 2);
+    auto *cards = new CardStack(content);
+    cards->addCard(box);
+    setContent(content, createButtons(u"اتصال"_s));
     setAsksBeforeDropping(false);
     m_password->setFocus();
 }

@@ -4,10 +4,13 @@
 #include "host/start/SplashWindow.h"
 
 #include "host/frame/HostOptions.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -20,14 +23,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLabel *centred(const QString &text, double scale, bool bold, QWidget *parent)
+constexpr int splashPicture = 96;
+constexpr QMargins aroundSplash(32, 28, 32, 28);
+
+QLabel *centred(const QString &text, LookFonts::Use use, QWidget *parent)
 {
     auto *label = new QLabel(text, parent);
     label->setAlignment(Qt::AlignCenter);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setBold(bold);
-    label->setFont(font);
+    LookFonts::apply(label, use);
     return label;
 }
 
@@ -39,22 +42,23 @@ SplashWindow::SplashWindow(QWidget *parent)
     setWindowTitle(u"گالری اتومبیل"_s);
     setAccessibleName(windowTitle());
     auto *picture = new QLabel(this);
-    picture->setPixmap(QIcon(u":/icons/tzauto.svg"_s).pixmap(96, 96));
+    picture->setPixmap(LookIcons::icon(u":/icons/tzauto.svg"_s).pixmap(LookSizes::scaled(splashPicture)));
     picture->setAlignment(Qt::AlignCenter);
-    m_waiting = centred(QString(), 1.0, false, this);
-    m_waiting->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
+    m_waiting = centred(QString(), LookFonts::Use::Text, this);
+    m_waiting->setWordWrap(true);
+    m_waiting->setMinimumSize(fontMetrics().averageCharWidth() * 56, 2 * fontMetrics().lineSpacing());
     auto *bar = new QProgressBar(this);
     bar->setRange(0, 0);
     bar->setTextVisible(false);
     bar->setAccessibleName(u"در حال انجام"_s);
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(32, 28, 32, 28);
-    column->setSpacing(10);
+    column->setContentsMargins(aroundSplash);
+    column->setSpacing(LookSizes::unit);
     column->addWidget(picture);
-    column->addWidget(centred(windowTitle(), 1.7, true, this));
-    column->addWidget(centred(HostOptions::versionText(true).trimmed(), 0.95, false, this));
-    column->addSpacing(8);
+    column->addWidget(centred(windowTitle(), LookFonts::Use::Page, this));
+    column->addWidget(centred(HostOptions::versionText(true).trimmed(), LookFonts::Use::Label, this));
+    column->addSpacing(LookSizes::unit);
     column->addWidget(m_waiting);
     column->addWidget(bar);
     m_giveUp = new QPushButton(u"انصراف"_s, this);
@@ -105,6 +109,7 @@ void SplashWindow::showText(const QString &waitingFor)
         const QScreen *screen = QGuiApplication::primaryScreen();
         move(screen->availableGeometry().center() - rect().center());
         show();
+        LookSizes::keepOnScreen(this);
     }
 }
 
@@ -119,7 +124,7 @@ void SplashWindow::keyPressEvent(QKeyEvent *event)
 void SplashWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().window());
-    painter.setPen(QPen(palette().mid().color(), 1));
+    painter.fillRect(rect(), HostColors::of(HostColors::Role::Surface));
+    painter.setPen(HostColors::of(HostColors::Role::Line));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
