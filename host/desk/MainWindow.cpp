@@ -7,7 +7,9 @@
 #include "host/administration/Backup.h"
 #include "host/desk/ActionHindrance.h"
 #include "host/desk/CDlgAbout.h"
+#include "host/desk/CDlgKeys.h"
 #include "host/desk/CommandMenu.h"
+#include "host/desk/KeyList.h"
 #include "host/desk/PageAction.h"
 #include "host/administration/CDlgChangePassword.h"
 #include "host/books/CDlgDocuments.h"
@@ -16,6 +18,8 @@
 #include "host/start/DatabaseInfo.h"
 #include "host/desk/ReminderBadge.h"
 #include "host/desk/StartPage.h"
+#include "host/desk/StatusLine.h"
+#include "host/desk/TopBar.h"
 #include "host/frame/StartupClock.h"
 #include "host/desk/WorkArea.h"
 #include "host/books/CDlgChartOfAccounts.h"
@@ -32,16 +36,16 @@
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/frame/ModalWindows.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QIcon>
-#include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
-#include <QStatusBar>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +53,12 @@ namespace {
 
 const QString windowSection = u"tzhost\\Window"_s;
 const QString remindersText = u"یادآوری ها"_s;
+const QKeySequence remindersKey(Qt::CTRL | Qt::Key_R);
+
+QKeySequence control(Qt::Key key)
+{
+    return QKeySequence(Qt::CTRL | key);
+}
 
 template <class Page>
 void showPage()
@@ -70,19 +80,19 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     : QMainWindow(parent)
     , m_folder(folder)
     , m_module(module)
-    , m_user(new QLabel(this))
-    , m_database(new QLabel(this))
-    , m_fiscalYear(new QLabel(this))
-    , m_date(new QLabel(this))
-    , m_closedMark(new QLabel(this))
-    , m_reminders(new ReminderBadge(this))
+    , m_bar(new TopBar(this))
+    , m_status(new StatusLine(this))
+    , m_reminders(m_bar->reminders())
 {
-    menuBar()->setAccessibleName(u"منو"_s);
+    // Once it holds the menus, whose room it asks for.
     buildMenus();
+    setMenuWidget(m_bar);
+    buildKeys();
     m_startPage = new StartPage(m_startActions);
     m_workArea = new WorkArea(m_startPage, this);
     setCentralWidget(m_workArea);
-    buildStatusBar();
+    setStatusBar(m_status);
+    startClock();
     showRights();
     GetDBSetting()->SetTabHost(m_workArea);
     refresh();
@@ -97,15 +107,20 @@ MainWindow::~MainWindow()
         GetDBSetting()->SetTabHost(nullptr);
 }
 
+QMenuBar *MainWindow::menuBar() const
+{
+    return m_bar->menuBar();
+}
+
 QAction *MainWindow::makeAction(const Command &command)
 {
-    const QIcon icon(u":/icons/%1.svg"_s.arg(command.icon));
+    const QIcon icon = LookIcons::icon(u":/icons/%1.svg"_s.arg(command.icon));
     QAction *action = nullptr;
     if (command.options & Command::OpensPage) {
         auto *opening = new PageAction(icon, command.text, this);
         opening->setKey(command.shortcut);
         connect(opening, &PageAction::chosen, this,
-                [this, command](bool another) { m_workArea->open(command.text, another, command.run); });
+                [this, kind = opening->iconText(), run = command.run](bool another) { m_workArea->open(kind, another, run); });
         action = opening;
     } else {
         action = new QAction(icon, command.text, this);
@@ -145,76 +160,90 @@ void MainWindow::addMenu(const QString &title, const std::vector<Command> &comma
         menu->addAction(action);
         if (command.options & Command::OnStartPage)
             m_startActions.append(action);
+        if (command.options & Command::OfUser)
+            m_bar->userMenu()->addAction(action);
     }
 }
 
 void MainWindow::buildMenus()
 {
-    constexpr auto control = [](Qt::Key key) { return QKeySequence(Qt::CTRL | key); };
+    buildAutoMenu();
+    buildBooksMenu();
+    buildManagementMenu();
+    buildProgramMenu();
+}
+
+void MainWindow::buildAutoMenu()
+{
     const auto contracts = [this] { m_module->ShowAutomobilContractDlg(); };
     const auto demands = [this] { m_module->ShowAutomobilDemandsDlg(); };
     const auto cars = [this] { m_module->ShowAutomobilInformationsDlg(); };
     const auto seasons = [this] { m_module->ShowAutomobilReportSeasonsDlg(); };
-    const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
-    const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
-    const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
+    constexpr int page = Command::OnStartPage | Command::NeedsModule | Command::OpensPage;
 
-    addMenu(u"گالری اتومبیل"_s,
+    addMenu(u"&گالری اتومبیل"_s,
             {
-                {u"قرارداد"_s, u"contract"_s, contracts, control(Qt::Key_1),
-                 Command::OnStartPage | Command::NeedsModule | Command::OpensPage, u"AutomobilContracts"_s},
-                {u"تقاضا"_s, u"search"_s, demands, control(Qt::Key_6),
-                 Command::OnStartPage | Command::NeedsModule | Command::OpensPage, u"AutomobilDemands"_s},
-                {u"گالري اتومبيل"_s, u"car"_s, cars, control(Qt::Key_7),
-                 Command::OnStartPage | Command::NeedsModule | Command::OpensPage, u"AutomobilInformations"_s},
-                {u"گزارش فصلي"_s, u"money"_s, seasons, control(Qt::Key_9),
-                 Command::OnStartPage | Command::NeedsModule, u"AutomobilReportSeasons"_s},
-            });
-    addMenu(u"اشخاص و اسناد"_s,
-            {
-                {u"اشخاص"_s, u"users"_s, &showPage<CDlgPersons>, control(Qt::Key_2),
-                 Command::OnStartPage | Command::OpensPage, u"Persons"_s},
-                {u"اسناد حسابداری"_s, u"document"_s, &showPage<CDlgDocuments>, control(Qt::Key_3),
-                 Command::OnStartPage | Command::OpensPage, u"Documents"_s},
-                {u"فاکتورها"_s, u"receipt"_s, &showPage<CDlgFactors>, control(Qt::Key_8),
-                 Command::OnStartPage | Command::OpensPage, u"Factors"_s},
-                {u"خدمات"_s, u"edit"_s, &showPage<CDlgServices>, {}, Command::StartsGroup | Command::OpensPage, u"Services"_s},
-                {u"سرفصل حساب‌ها"_s, u"database"_s, &showPage<CDlgChartOfAccounts>, {}, Command::OpensPage, u"ChartOfAccounts"_s},
-                {remindersText, u"reminder"_s, [this] { showReminders(); },
-                 control(Qt::Key_R), Command::StartsGroup | Command::OpensPage},
-            });
-    addMenu(u"مدیریت"_s,
-            {
-                {u"کاربران و دسترسی‌ها"_s, u"user"_s, &showPage<CDlgUsers>, control(Qt::Key_4),
-                 Command::OnStartPage | Command::OpensPage, u"Users"_s},
-                {u"تنظیمات"_s, u"settings"_s, [this] { editSettings(); },
-                 control(Qt::Key_5), Command::OnStartPage, u"Settings"_s},
-                {u"پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); },
-                 control(Qt::Key_B), Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
-                {u"پوشه پشتیبان‌ها"_s, u"database"_s, showBackups},
-            });
-    addMenu(u"برنامه"_s,
-            {
-                {u"تغییر کلمه عبور"_s, u"user"_s, changePassword},
-                {u"ورود با کاربر دیگر"_s, u"logout"_s, [this] { switchUser(); }},
-                {u"درباره برنامه"_s, u"info"_s, about, QKeySequence(Qt::Key_F1),
-                 Command::StartsGroup},
-                {u"خروج"_s, u"close"_s, [this] { close(); }, control(Qt::Key_Q),
-                 Command::StartsGroup},
+                {u"&قرارداد"_s, u"contract"_s, contracts, control(Qt::Key_1), page, u"AutomobilContracts"_s},
+                {u"&تقاضا"_s, u"search"_s, demands, control(Qt::Key_6), page, u"AutomobilDemands"_s},
+                {u"&گالري اتومبيل"_s, u"car"_s, cars, control(Qt::Key_7), page, u"AutomobilInformations"_s},
+                {u"گ&زارش فصلي"_s, u"money"_s, seasons, control(Qt::Key_9), Command::OnStartPage | Command::NeedsModule,
+                 u"AutomobilReportSeasons"_s},
             });
 }
 
-void MainWindow::buildStatusBar()
+void MainWindow::buildBooksMenu()
 {
-    m_closedMark->setStyleSheet(u"font-weight: bold; color: #c0392b"_s);
-    for (QLabel *label : {m_user, m_database, m_fiscalYear, m_date, m_closedMark}) {
-        label->setTextFormat(Qt::PlainText);
-        label->setContentsMargins(8, 0, 8, 0);
-        statusBar()->addPermanentWidget(label);
-    }
-    statusBar()->addPermanentWidget(m_reminders);
-    connect(m_reminders, &ReminderBadge::clicked, this,
-            [this] { m_workArea->open(remindersText, false, [this] { showReminders(); }); });
+    constexpr int page = Command::OnStartPage | Command::OpensPage;
+    addMenu(u"&اشخاص و اسناد"_s,
+            {
+                {u"&اشخاص"_s, u"users"_s, &showPage<CDlgPersons>, control(Qt::Key_2), page, u"Persons"_s},
+                {u"ا&سناد حسابداری"_s, u"document"_s, &showPage<CDlgDocuments>, control(Qt::Key_3), page, u"Documents"_s},
+                {u"&فاکتورها"_s, u"receipt"_s, &showPage<CDlgFactors>, control(Qt::Key_8), page, u"Factors"_s},
+                {u"&خدمات"_s, u"edit"_s, &showPage<CDlgServices>, {}, Command::StartsGroup | Command::OpensPage, u"Services"_s},
+                {u"س&رفصل حساب‌ها"_s, u"database"_s, &showPage<CDlgChartOfAccounts>, {}, Command::OpensPage, u"ChartOfAccounts"_s},
+                {u'&' + remindersText, u"reminder"_s, [this] { showReminders(); }, remindersKey, Command::StartsGroup | Command::OpensPage},
+            });
+}
+
+void MainWindow::buildManagementMenu()
+{
+    const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
+    addMenu(u"&مدیریت"_s,
+            {
+                {u"&کاربران و دسترسی‌ها"_s, u"user"_s, &showPage<CDlgUsers>, control(Qt::Key_4),
+                 Command::OnStartPage | Command::OpensPage, u"Users"_s},
+                {u"&تنظیمات"_s, u"settings"_s, [this] { editSettings(); }, control(Qt::Key_5), Command::OnStartPage, u"Settings"_s},
+                {u"&پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); }, control(Qt::Key_B),
+                 Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
+                {u"پ&وشه پشتیبان‌ها"_s, u"database"_s, showBackups},
+            });
+}
+
+void MainWindow::buildProgramMenu()
+{
+    const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
+    const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
+    addMenu(u"&برنامه"_s,
+            {
+                {u"&تغییر کلمه عبور"_s, u"user"_s, changePassword, {}, Command::OfUser},
+                {u"&ورود با کاربر دیگر"_s, u"logout"_s, [this] { switchUser(); }, {}, Command::OfUser},
+                {u"&کلیدها"_s, u"keys"_s, [this] { showKeys(); }, control(Qt::Key_Slash), Command::StartsGroup},
+                {u"&درباره برنامه"_s, u"info"_s, about, QKeySequence(Qt::Key_F1)},
+                {u"&خروج"_s, u"close"_s, [this] { close(); }, control(Qt::Key_Q), Command::StartsGroup | Command::OfUser},
+            });
+}
+
+// Alt alone goes to the menus too, as the toolkit has it.
+void MainWindow::buildKeys()
+{
+    auto *menus = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    connect(menus, &QShortcut::activated, this, [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
+}
+
+void MainWindow::startClock()
+{
+    m_reminders->setToolTip(m_reminders->toolTip() + u" (%1)"_s.arg(remindersKey.toString(QKeySequence::NativeText)));
+    connect(m_reminders, &ReminderBadge::clicked, this, &MainWindow::openReminders);
     m_clock.setObjectName(u"clock"_s);
     m_clock.setInterval(60 * 1000);
     connect(&m_clock, &QTimer::timeout, this, &MainWindow::showDate);
@@ -229,11 +258,11 @@ void MainWindow::refresh()
     const QString office = CompanyDetails::read().name();
     const QString program = u"گالری اتومبیل"_s;
     setWindowTitle(office.isEmpty() ? program : office + u" - "_s + program);
-    m_user->setText(u"کاربر : %1"_s.arg(setting->GetUserFullName()));
-    m_database->setText(u"پایگاه داده : %1"_s.arg(DatabaseInfo::name()));
-    m_fiscalYear->setText(u"سال مالی : %1"_s.arg(shared.fiscalYear()));
-    m_closedMark->setText(shared.isClosed() ? u"پایگاه داده بسته است"_s : QString());
-    m_closedMark->setVisible(shared.isClosed());
+    m_bar->setUser(setting->GetUserFullName());
+    m_status->setUser(setting->GetUserFullName());
+    m_status->setDatabase(DatabaseInfo::name());
+    m_status->setFiscalYear(shared.fiscalYear());
+    m_status->setClosed(shared.isClosed());
     showDate();
     m_reminders->refresh();
     m_startPage->setGreeting(u"سلام %1"_s.arg(setting->GetUserFullName()),
@@ -244,7 +273,7 @@ void MainWindow::refresh()
 void MainWindow::showNote(const QString &text)
 {
     constexpr int shownMilliseconds = 15000;
-    statusBar()->showMessage(text, shownMilliseconds);
+    m_status->showMessage(text, shownMilliseconds);
 }
 
 void MainWindow::tellDueReminders()
@@ -257,6 +286,11 @@ void MainWindow::tellDueReminders()
     }
 }
 
+void MainWindow::openReminders()
+{
+    m_workArea->open(remindersText, false, [this] { showReminders(); });
+}
+
 void MainWindow::showReminders()
 {
     auto *page = new CDlgAlarms;
@@ -265,9 +299,17 @@ void MainWindow::showReminders()
     m_reminders->refresh();
 }
 
+void MainWindow::showKeys()
+{
+    QVector<KeyList::Entry> keys = KeyList::ofMenus(*menuBar());
+    if (const KDialogTabPage *page = m_workArea->currentPage())
+        keys += KeyList::ofPage(*page);
+    CDlgKeys(keys + KeyList::everywhere(), this).exec();
+}
+
 void MainWindow::showDate()
 {
-    m_date->setText(longDate(QDate::currentDate()));
+    m_status->setDate(longDate(QDate::currentDate()));
 }
 
 bool MainWindow::mayManage(bool changes)
@@ -302,11 +344,16 @@ void MainWindow::switchUser()
 
 void MainWindow::restoreWindow()
 {
+    constexpr QSize least(640, 420);
+    const QSize free = QGuiApplication::primaryScreen()->availableSize();
+    setMinimumSize(QSize(LookSizes::scaled(least.width()), LookSizes::scaled(least.height())).boundedTo(free));
     const QByteArray geometry = ReadSetting(windowSection, u"geometry"_s, QByteArray());
-    if (!geometry.isEmpty() && restoreGeometry(geometry))
+    if (!geometry.isEmpty() && restoreGeometry(geometry)) {
+        LookSizes::keepOnScreen(this);
         return;
+    }
     // People work in this window all day: the whole screen, unless they left it otherwise.
-    resize(QSize(1180, 760).boundedTo(QGuiApplication::primaryScreen()->availableSize() - QSize(40, 80)));
+    resize(QSize(1180, 760).boundedTo(free - QSize(40, 80)));
     setWindowState(windowState() | Qt::WindowMaximized);
 }
 

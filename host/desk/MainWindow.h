@@ -12,12 +12,14 @@
 #include <vector>
 
 class CAutoDBSetting;
-class QLabel;
 class ReminderBadge;
 class StartPage;
+class StatusLine;
+class TopBar;
 class WorkArea;
+class QMenuBar;
 
-// The main window of a logged-in user: menus, the tabbed work area, and a status line.
+// The main window of a logged-in user: a bar with the menus, the tabbed work area, and a status line.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -28,6 +30,8 @@ public:
     // Ends the pages.
     ~MainWindow() override;
 
+    // The menus in the bar; the base class would put a menu bar of its own in the bar's place.
+    QMenuBar *menuBar() const;
     WorkArea *workArea() const { return m_workArea; }
     // The user asked for another login rather than to quit the program.
     bool isSwitchingUser() const { return m_switchingUser; }
@@ -55,10 +59,11 @@ private:
             OnStartPage = 1,
             NeedsModule = 2,
             StartsGroup = 4, // a line before it
-            OpensPage = 8    // brings its page to the front where it is open
+            OpensPage = 8,   // brings its page to the front where it is open
+            OfUser = 16      // also offered by the user's button
         };
 
-        QString text;
+        QString text; // & before its letter
         QString icon;              // name in :/icons
         std::function<void()> run; // none: not in this version yet
         QKeySequence shortcut = {};
@@ -78,13 +83,20 @@ private:
     QAction *makeAction(const Command &command);
     void showRights();
     void buildMenus();
-    void buildStatusBar();
+    void buildAutoMenu();
+    void buildBooksMenu();
+    void buildManagementMenu();
+    void buildProgramMenu();
+    void buildKeys();
+    void startClock();
     // Whether the user may see (or change) what concerns the whole office; reports a refusal.
     bool mayManage(bool changes);
     void editSettings();
     void takeBackup();
     void switchUser();
+    void openReminders();
     void showReminders();
+    void showKeys();
     void showDate();
     void restoreWindow();
 
@@ -94,11 +106,8 @@ private:
     QList<Guarded> m_guarded;
     StartPage *m_startPage = nullptr;
     WorkArea *m_workArea = nullptr;
-    QLabel *m_user;
-    QLabel *m_database;
-    QLabel *m_fiscalYear;
-    QLabel *m_date;
-    QLabel *m_closedMark;
+    TopBar *m_bar;
+    StatusLine *m_status;
     ReminderBadge *m_reminders;
     QTimer m_clock{this};
     bool m_switchingUser = false;

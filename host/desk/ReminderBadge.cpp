@@ -6,8 +6,8 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/crm/reminders/CTblAlarm.h"
+#include "suite/utility/look/LookIcons.h"
 
-#include <QIcon>
 #include <QLoggingCategory>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +24,7 @@ constexpr int ticksAfterAnError = 10;
 ReminderBadge::ReminderBadge(QWidget *parent)
     : QToolButton(parent)
 {
-    setIcon(QIcon(u":/icons/reminder.svg"_s));
+    setIcon(LookIcons::icon(u":/icons/reminder.svg"_s));
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setAutoRaise(true);
     setFocusPolicy(Qt::TabFocus);
@@ -54,7 +54,7 @@ void ReminderBadge::tick()
 
 void ReminderBadge::showCount(int due)
 {
-    setText(u"یادآوری : %1"_s.arg(due));
-    setAccessibleName(text());
+    setText(QString::number(due));
+    setAccessibleName(u"یادآوری : %1"_s.arg(due));
     setVisible(due > 0);
 }

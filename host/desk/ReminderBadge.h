@@ -5,7 +5,7 @@
 
 #include <QToolButton>
 
-// Shows in the status line how many of the user's reminders are due, and nothing while none is. It never disturbs:
+// A bell with the number of the user's reminders that are due; not there while none is. It never disturbs:
 // when the database does not answer, it disappears until the next attempt.
 class ReminderBadge final : public QToolButton
 {

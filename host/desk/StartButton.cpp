@@ -4,16 +4,19 @@
 #include "host/desk/StartButton.h"
 
 #include "host/desk/ActionHindrance.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QAction>
 #include <QPainter>
-#include <QStyleOptionButton>
-#include <QStylePainter>
+#include <QStyle>
 
 namespace {
 
-constexpr int pictureSize = 52;
-constexpr int gap = 14;
+constexpr int launcherHeight = 36;
+constexpr int pictureSize = 20;
+constexpr int padding = 10;
 
 }
 
@@ -21,8 +24,9 @@ StartButton::StartButton(QAction *action, QWidget *parent)
     : QPushButton(parent)
     , m_action(action)
 {
+    setAttribute(Qt::WA_Hover);
     setIconSize(QSize(pictureSize, pictureSize));
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFont(LookFonts::font(LookFonts::Use::Strong));
     // Enter presses it as the space bar does.
     setAutoDefault(true);
     connect(this, &QPushButton::clicked, action, &QAction::trigger);
@@ -32,8 +36,9 @@ StartButton::StartButton(QAction *action, QWidget *parent)
 
 void StartButton::follow()
 {
-    setText(m_action->text());
-    setAccessibleName(m_action->text());
+    // Without the mark of its letter: Alt belongs to the menus.
+    setText(m_action->iconText());
+    setAccessibleName(text());
     setIcon(m_action->icon());
     setEnabled(m_action->isEnabled());
     setToolTip(looksEnabled() ? m_action->shortcut().toString(QKeySequence::NativeText) : m_action->toolTip());
@@ -48,29 +53,35 @@ bool StartButton::looksEnabled() const
 
 QSize StartButton::sizeHint() const
 {
-    const int lines = fontMetrics().lineSpacing();
-    return {fontMetrics().averageCharWidth() * 30, pictureSize + gap + lines + 2 * lines};
+    const int words = fontMetrics().horizontalAdvance(text());
+    return {2 * padding + pictureSize + LookSizes::iconGap + words, std::max(LookSizes::scaled(launcherHeight), fontMetrics().height() + LookSizes::unit)};
 }
 
 void StartButton::paintEvent(QPaintEvent *)
 {
-    QStylePainter painter(this);
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    const QIcon picture = option.icon;
-    const QString caption = option.text;
-    option.icon = {};
-    option.text.clear();
-    if (!looksEnabled()) {
-        option.state &= ~QStyle::State_Enabled;
-        option.palette.setCurrentColorGroup(QPalette::Disabled);
-    }
-    painter.drawControl(QStyle::CE_PushButton, option);
+    using HostColors::Role;
+    const bool enabled = looksEnabled();
+    const bool isHovered = enabled && underMouse();
+    const Role ground = isDown() ? Role::Select : isHovered ? Role::Hover
+                                                            : Role::Surface;
+    const Role edge = hasFocus() || isDown() ? Role::Accent : isHovered ? Role::Quiet
+                                                                        : Role::Line;
+    const Role ink = !enabled ? Role::Disabled : isDown() ? Role::OnSelect
+                                                          : Role::Text;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal line = hasFocus() ? LookSizes::ring : 1;
+    painter.setPen(QPen(HostColors::of(edge), line));
+    painter.setBrush(HostColors::of(ground));
+    const QRectF frame = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+    painter.drawRoundedRect(frame, LookSizes::buttonCorner, LookSizes::buttonCorner);
 
-    const int height = pictureSize + gap + fontMetrics().lineSpacing();
-    const int top = (this->height() - height) / 2;
-    picture.paint(&painter, QRect((width() - pictureSize) / 2, top, pictureSize, pictureSize), Qt::AlignCenter,
-                  looksEnabled() ? QIcon::Normal : QIcon::Disabled);
-    painter.drawItemText(QRect(0, top + pictureSize + gap, width(), fontMetrics().lineSpacing()), Qt::AlignCenter, option.palette,
-                         looksEnabled(), caption, QPalette::ButtonText);
+    const QRect inner = rect().adjusted(padding, 0, -padding, 0);
+    const QRect picture(inner.left(), (height() - pictureSize) / 2, pictureSize, pictureSize);
+    icon().paint(&painter, QStyle::visualRect(layoutDirection(), inner, picture), Qt::AlignCenter,
+                 enabled ? QIcon::Normal : QIcon::Disabled);
+    const QRect words = inner.adjusted(pictureSize + LookSizes::iconGap, 0, 0, 0);
+    painter.setPen(HostColors::of(ink));
+    painter.drawText(QStyle::visualRect(layoutDirection(), inner, words),
+                     int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading | Qt::AlignVCenter)) | Qt::TextSingleLine, text());
 }

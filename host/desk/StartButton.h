@@ -7,7 +7,7 @@
 
 class QAction;
 
-// A big button with its picture above its caption; it mirrors an action.
+// A launcher of the start page: the picture of an action and its caption beside it.
 class StartButton final : public QPushButton
 {
     Q_OBJECT
@@ -15,7 +15,9 @@ class StartButton final : public QPushButton
 public:
     explicit StartButton(QAction *action, QWidget *parent = nullptr);
 
+    QAction *action() const { return m_action; }
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

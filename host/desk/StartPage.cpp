@@ -3,57 +3,45 @@
 
 #include "host/desk/StartPage.h"
 
-#include "host/desk/StartButton.h"
+#include "host/desk/LauncherRow.h"
+#include "suite/utility/look/ElidedLabel.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 
-#include <QGridLayout>
-#include <QLabel>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The window is never higher than a small screen: many buttons make the rows wider, not more numerous.
-constexpr qsizetype mostRows = 3;
-constexpr qsizetype fewestPerRow = 3;
+constexpr int greetingHeight = 40;
+constexpr int besideGreeting = 12;
 
 }
 
 StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     : QWidget(parent)
-    , m_greeting(new QLabel(this))
-    , m_line(new QLabel(this))
+    , m_greeting(new ElidedLabel(this))
+    , m_line(new ElidedLabel(this))
+    , m_launchers(new LauncherRow(actions, this))
 {
     setAccessibleName(u"صفحه شروع"_s);
-    QFont font = m_greeting->font();
-    font.setPointSizeF(font.pointSizeF() * 1.7);
-    font.setBold(true);
-    m_greeting->setFont(font);
-    for (QLabel *label : {m_greeting, m_line}) {
-        label->setAlignment(Qt::AlignCenter);
-        label->setTextFormat(Qt::PlainText);
-    }
+    LookFonts::apply(m_greeting, LookFonts::Use::Page);
+    m_greeting->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    LookFonts::apply(m_line, LookFonts::Use::Label);
 
-    auto *grid = new QGridLayout;
-    grid->setSpacing(16);
-    const int buttonsPerRow = static_cast<int>(qMax(fewestPerRow, (actions.size() + mostRows - 1) / mostRows));
-    for (QAction *action : actions) {
-        const int place = static_cast<int>(m_buttons.size());
-        m_buttons.append(new StartButton(action, this));
-        grid->addWidget(m_buttons.constLast(), place / buttonsPerRow, place % buttonsPerRow);
-    }
-
-    auto *middle = new QHBoxLayout;
-    middle->addStretch();
-    middle->addLayout(grid);
-    middle->addStretch();
+    auto *head = new QHBoxLayout;
+    head->setSpacing(LookSizes::scaled(besideGreeting));
+    head->addWidget(m_greeting);
+    head->addWidget(m_line, 1);
+    m_greeting->setMinimumHeight(LookSizes::scaled(greetingHeight));
     auto *column = new QVBoxLayout(this);
-    column->addStretch(2);
-    column->addWidget(m_greeting);
-    column->addWidget(m_line);
-    column->addSpacing(24);
-    column->addLayout(middle);
-    column->addStretch(3);
+    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit / 2, LookSizes::windowMargin, 0);
+    column->setSpacing(LookSizes::unit);
+    column->addLayout(head);
+    column->addWidget(m_launchers);
+    column->addStretch(1);
 }
 
 void StartPage::setGreeting(const QString &greeting, const QString &line)
@@ -64,6 +52,5 @@ void StartPage::setGreeting(const QString &greeting, const QString &line)
 
 void StartPage::focusFirst()
 {
-    if (!m_buttons.isEmpty())
-        m_buttons.constFirst()->setFocus();
+    m_launchers->focusFirst();
 }

@@ -5,23 +5,24 @@
 
 #include <QWidget>
 
+class ElidedLabel;
+class LauncherRow;
 class QAction;
-class QLabel;
 
-// Fills the work area while no page is open: a greeting and the commands that a day begins with.
+// The first page of the work area: a greeting and the commands that a day begins with.
 class StartPage final : public QWidget
 {
     Q_OBJECT
 
 public:
-    // One button per action, in that order; it mirrors the action's text, picture and state.
+    // One launcher per action, in that order; it mirrors the action's text, picture and state.
     explicit StartPage(const QList<QAction *> &actions, QWidget *parent = nullptr);
 
     void setGreeting(const QString &greeting, const QString &line);
     void focusFirst();
 
 private:
-    QLabel *m_greeting;
-    QLabel *m_line;
-    QList<QWidget *> m_buttons;
+    ElidedLabel *m_greeting;
+    ElidedLabel *m_line;
+    LauncherRow *m_launchers;
 };

@@ -5,18 +5,58 @@
 
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/utility/frame/KDialogTabPage.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The first tab stays the first, whatever is drawn to its place.
+class WorkTabBar : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+    QWidget *first = nullptr;
+
+protected:
+    QSize tabSizeHint(int index) const override
+    {
+        const QSize hint = QTabBar::tabSizeHint(index);
+        return {hint.width(), std::max(LookSizes::scaled(LookSizes::workTabs), fontMetrics().height() + 2 * LookSizes::unit)};
+    }
+
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        QTabBar::mouseReleaseEvent(event);
+        const auto *tabs = static_cast<const QTabWidget *>(parentWidget());
+        if (const int at = tabs->indexOf(first); at > 0)
+            moveTab(at, 0);
+    }
+};
+
+class WorkTabs : public QTabWidget
+{
+public:
+    WorkTabs(QWidget *first, QWidget *parent)
+        : QTabWidget(parent)
+    {
+        auto *bar = new WorkTabBar(this);
+        bar->first = first;
+        setTabBar(bar);
+    }
+};
 
 // A page that cannot store its settings must still be closable.
 void tellClosing(KDialogTabPage *page)
@@ -27,19 +67,32 @@ void tellClosing(KDialogTabPage *page)
 }
 
 WorkArea::WorkArea(QWidget *startPage, QWidget *parent)
-    : QStackedWidget(parent)
-    , m_tabs(new QTabWidget(this))
+    : QWidget(parent)
+    , m_startPage(startPage)
+    , m_tabs(new WorkTabs(startPage, this))
 {
     m_tabs->setTabsClosable(true);
     m_tabs->setMovable(true);
     m_tabs->setDocumentMode(true);
     m_tabs->setAccessibleName(u"صفحه‌های باز"_s);
     m_tabs->tabBar()->setAccessibleName(u"صفحه‌های باز"_s);
-    addWidget(startPage);
-    addWidget(m_tabs);
-    connect(m_tabs, &QTabWidget::tabCloseRequested, this, &WorkArea::closePage);
+    m_tabs->addTab(startPage, LookIcons::icon(u":/icons/home.svg"_s), startPage->accessibleName());
+    for (const QTabBar::ButtonPosition side : {QTabBar::LeftSide, QTabBar::RightSide})
+        m_tabs->tabBar()->setTabButton(0, side, nullptr);
+    // The tabs begin a little inside the window.
+    auto *edge = new QWidget(m_tabs);
+    edge->setFixedSize(LookSizes::unit, 1);
+    m_tabs->setCornerWidget(edge, Qt::TopRightCorner);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(m_tabs);
+    connect(m_tabs, &QTabWidget::tabCloseRequested, this, &WorkArea::closeTab);
     connect(m_tabs, &QTabWidget::currentChanged, this, &WorkArea::noteUse);
+    addKeys();
+}
 
+void WorkArea::addKeys()
+{
     const auto addKey = [this](const QKeySequence &key, auto action) {
         auto *shortcut = new QShortcut(key, this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -49,6 +102,7 @@ WorkArea::WorkArea(QWidget *startPage, QWidget *parent)
     addKey(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { step(1); });
     addKey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), [this] { step(-1); });
     addKey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), [this] { step(-1); });
+    addKey(QKeySequence(Qt::ALT | Qt::Key_Home), [this] { showStartPage(); });
 }
 
 WorkArea::~WorkArea()
@@ -59,15 +113,14 @@ WorkArea::~WorkArea()
 void WorkArea::addPage(KDialogTabPage *page)
 {
     m_opened.insert(page, {m_openingKind, freeNumber(m_openingKind)});
-    const int index = m_tabs->addTab(page, tabText(page));
+    m_tabs->addTab(page, tabText(page));
     connect(page, &KDialogTabPage::titleChanged, this,
             [this, page] { m_tabs->setTabText(m_tabs->indexOf(page), tabText(page)); });
     // Queued: the page may ask for it from within one of its own slots.
     connect(
-        page, &KDialogTabPage::closeRequested, this, [this, page] { closePage(m_tabs->indexOf(page)); },
+        page, &KDialogTabPage::closeRequested, this, [this, page] { closePage(indexOf(page)); },
         Qt::QueuedConnection);
-    setCurrentWidget(m_tabs);
-    m_tabs->setCurrentIndex(index);
+    m_tabs->setCurrentWidget(page);
     page->setFocus();
 }
 
@@ -117,14 +170,35 @@ void WorkArea::noteUse()
         opened->used = ++m_uses;
 }
 
+QSize WorkArea::minimumSizeHint() const
+{
+    constexpr QSize least(480, 240);
+    return {LookSizes::scaled(least.width()), LookSizes::scaled(least.height())};
+}
+
 int WorkArea::count() const
 {
-    return m_tabs->count();
+    return m_tabs->count() - 1;
+}
+
+// The tabs without the start page's, which is not the first one while tabs are being drawn about.
+int WorkArea::tabOf(int index) const
+{
+    return index < m_tabs->indexOf(m_startPage) ? index : index + 1;
+}
+
+int WorkArea::indexOf(const KDialogTabPage *page) const
+{
+    for (int index = 0; index < count(); ++index) {
+        if (this->page(index) == page)
+            return index;
+    }
+    return -1;
 }
 
 KDialogTabPage *WorkArea::page(int index) const
 {
-    return qobject_cast<KDialogTabPage *>(m_tabs->widget(index));
+    return index < 0 ? nullptr : qobject_cast<KDialogTabPage *>(m_tabs->widget(tabOf(index)));
 }
 
 KDialogTabPage *WorkArea::currentPage() const
@@ -132,9 +206,19 @@ KDialogTabPage *WorkArea::currentPage() const
     return qobject_cast<KDialogTabPage *>(m_tabs->currentWidget());
 }
 
+void WorkArea::showStartPage()
+{
+    m_tabs->setCurrentWidget(m_startPage);
+}
+
 void WorkArea::setCurrent(int index)
 {
-    m_tabs->setCurrentIndex(index);
+    m_tabs->setCurrentIndex(tabOf(index));
+}
+
+void WorkArea::closeTab(int tab)
+{
+    closePage(indexOf(qobject_cast<KDialogTabPage *>(m_tabs->widget(tab))));
 }
 
 void WorkArea::closePage(int index)
@@ -152,12 +236,11 @@ void WorkArea::closePage(int index)
     m_tabs->removeTab(m_tabs->indexOf(closing));
     // Not at once: the click that closes the page may come from inside it.
     closing->deleteLater();
-    showStartPageIfEmpty();
 }
 
 void WorkArea::closeCurrent()
 {
-    closePage(m_tabs->currentIndex());
+    closePage(indexOf(currentPage()));
 }
 
 void WorkArea::closeAll()
@@ -167,17 +250,14 @@ void WorkArea::closeAll()
         m_opened.remove(closing);
         delete closing;
     }
-    showStartPageIfEmpty();
 }
 
 void WorkArea::step(int direction)
 {
-    if (count() > 1)
-        m_tabs->setCurrentIndex((m_tabs->currentIndex() + direction + count()) % count());
-}
-
-void WorkArea::showStartPageIfEmpty()
-{
     if (count() == 0)
-        setCurrentIndex(0);
+        return;
+    const int current = indexOf(currentPage());
+    // From the start page, to the first page or the last one.
+    const int next = current < 0 && direction < 0 ? count() - 1 : (current + direction + count()) % count();
+    setCurrent(next);
 }

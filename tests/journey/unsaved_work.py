@@ -18,14 +18,14 @@ def unsaved_work(office):
     step("one page, however often it is opened")
     office.open_contracts()
     office.open_list(car_labels.DEMANDS)
-    check(tabs(office) == [labels.CONTRACTS, car_labels.DEMANDS], f"each list has its tab: {tabs(office)}")
+    check(tabs(office) == [labels.START_PAGE, labels.CONTRACTS, car_labels.DEMANDS], f"each list has its tab: {tabs(office)}")
     office.open_contracts()
-    check(tabs(office) == [labels.CONTRACTS, car_labels.DEMANDS], f"no second tab: {tabs(office)}")
+    check(tabs(office) == [labels.START_PAGE, labels.CONTRACTS, car_labels.DEMANDS], f"no second tab: {tabs(office)}")
     check(office.tree.shows("tree", labels.CONTRACTS, office.main), "the contracts are in front")
     office.driver.keys(office.main, "ctrl+6")
     office.tree.find("tree", car_labels.DEMANDS, office.main)
     office.driver.keys(office.main, "ctrl+shift+1")
-    wait_for(lambda: tabs(office) == [labels.CONTRACTS, car_labels.DEMANDS, labels.CONTRACTS + " (2)"],
+    wait_for(lambda: tabs(office) == [labels.START_PAGE, labels.CONTRACTS, car_labels.DEMANDS, labels.CONTRACTS + " (2)"],
              lambda: f"another page with a number in its title: {tabs(office)}")
     office.pictures.take("pages", "Another page of a list is numbered")
 

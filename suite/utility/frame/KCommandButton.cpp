@@ -3,7 +3,6 @@
 
 #include "suite/utility/frame/KCommandButton.h"
 
-#include <QKeySequence>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -15,7 +14,7 @@ KCommandButton::KCommandButton(const QIcon &icon, const QString &text, QWidget *
 
 void KCommandButton::setShortcutTip(const QKeySequence &shortcut)
 {
-    m_shortcutTip = shortcut.toString(QKeySequence::NativeText);
+    m_shortcut = shortcut;
     showTip();
 }
 
@@ -31,7 +30,7 @@ void KCommandButton::setHindrance(const QString &reason)
 
 void KCommandButton::showTip()
 {
-    setToolTip(isHindered() ? m_hindrance : m_shortcutTip);
+    setToolTip(isHindered() ? m_hindrance : m_shortcut.toString(QKeySequence::NativeText));
 }
 
 void KCommandButton::paintEvent(QPaintEvent *)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QKeySequence>
 #include <QPushButton>
 
 #include "suite/utility/TzUtilityExport.h"
@@ -19,6 +20,8 @@ public:
 
     // Shown as the tip while nothing hinders the command.
     void setShortcutTip(const QKeySequence &shortcut);
+    // The one that is shown as the tip; empty without.
+    const QKeySequence &shownShortcut() const { return m_shortcut; }
     // Why the user may not run the command; empty: the user may.
     void setHindrance(const QString &reason);
     bool isHindered() const { return !m_hindrance.isEmpty(); }
@@ -29,6 +32,6 @@ protected:
 private:
     void showTip();
 
-    QString m_shortcutTip;
+    QKeySequence m_shortcut;
     QString m_hindrance;
 };

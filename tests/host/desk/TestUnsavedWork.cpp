@@ -101,7 +101,7 @@ class TestUnsavedWork : public QObject
     QAction *action(const QString &text) const
     {
         for (QAction *candidate : m_window->findChildren<QAction *>()) {
-            if (candidate->text() == text && !candidate->menu())
+            if (candidate->iconText() == text && !candidate->menu())
                 return candidate;
         }
         return nullptr;

@@ -27,6 +27,8 @@ class TestWorkArea : public QObject
 
 private Q_SLOTS:
     void startPageStandsWhileNothingIsOpen();
+    void startPageKeepsItsTab();
+    void startPageStaysFirstWhenTabsAreDrawnAbout();
     void pagesBecomeTabs();
     void titleFollowsThePage();
     void closingTellsThePageOnceAndDestroysIt();
@@ -80,13 +82,63 @@ void TestWorkArea::startPageStandsWhileNothingIsOpen()
 {
     auto *start = new QLabel(u"start"_s);
     WorkArea area(start);
-    QCOMPARE(area.currentWidget(), start);
+    QCOMPARE(tabs(area)->currentWidget(), start);
     area.addPage(new Page(u"one"_s));
-    QVERIFY(area.currentWidget() != start);
+    QVERIFY(tabs(area)->currentWidget() != start);
     area.closeCurrent();
-    QCOMPARE(area.currentWidget(), start);
+    QCOMPARE(tabs(area)->currentWidget(), start);
     area.closeCurrent();
     QCOMPARE(area.count(), 0);
+    QCOMPARE(tabs(area)->currentWidget(), start);
+}
+
+void TestWorkArea::startPageKeepsItsTab()
+{
+    auto *start = new QLabel(u"start"_s);
+    start->setAccessibleName(u"begin"_s);
+    WorkArea area(start);
+    for (const QString &title : {u"one"_s, u"two"_s})
+        area.addPage(new Page(title));
+    QCOMPARE(tabs(area)->tabText(0), u"begin"_s);
+    const QTabBar *bar = tabs(area)->tabBar();
+    for (const QTabBar::ButtonPosition side : {QTabBar::LeftSide, QTabBar::RightSide})
+        QVERIFY(!bar->tabButton(0, side));
+    QVERIFY(bar->tabButton(1, QTabBar::LeftSide) || bar->tabButton(1, QTabBar::RightSide));
+    // It comes to the front while pages stay open, and nothing closes it.
+    area.showStartPage();
+    QVERIFY(!area.currentPage());
+    QCOMPARE(area.count(), 2);
+    area.closeCurrent();
+    Q_EMIT tabs(area)->tabCloseRequested(0);
+    QCOMPARE(area.count(), 2);
+    QCOMPARE(tabs(area)->count(), 3);
+    QCOMPARE(area.page(0)->title(), u"one"_s);
+    QVERIFY(!area.page(2));
+    QVERIFY(!area.page(-1));
+    // An open page comes to the front from there as well.
+    area.setCurrent(1);
+    QCOMPARE(area.currentPage()->title(), u"two"_s);
+}
+
+void TestWorkArea::startPageStaysFirstWhenTabsAreDrawnAbout()
+{
+    auto *start = new QLabel(u"start"_s);
+    WorkArea area(start);
+    for (const QString &title : {u"one"_s, u"two"_s})
+        area.addPage(new Page(title));
+    area.resize(600, 300);
+    area.show();
+    QVERIFY(QTest::qWaitForWindowActive(&area));
+    QTabBar *bar = tabs(area)->tabBar();
+    const QPoint from = bar->tabRect(2).center();
+    const QPoint to = bar->tabRect(0).center();
+    QTest::mousePress(bar, Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 10; ++step)
+        QTest::mouseMove(bar, from + (to - from) * step / 10);
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, to);
+    QTRY_COMPARE(tabs(area)->indexOf(start), 0);
+    QCOMPARE(area.count(), 2);
+    QVERIFY(area.page(0) && area.page(1));
 }
 
 void TestWorkArea::pagesBecomeTabs()
@@ -97,7 +149,7 @@ void TestWorkArea::pagesBecomeTabs()
     area.addPage(two);
     QCOMPARE(area.count(), 2);
     QCOMPARE(area.currentPage(), two);
-    QCOMPARE(tabs(area)->tabText(0), u"one"_s);
+    QCOMPARE(tabs(area)->tabText(1), u"one"_s);
     QVERIFY(tabs(area)->tabsClosable());
 }
 
@@ -107,7 +159,7 @@ void TestWorkArea::titleFollowsThePage()
     auto *page = new Page(u"one"_s);
     area.addPage(page);
     page->setTitle(u"renamed"_s);
-    QCOMPARE(tabs(area)->tabText(0), u"renamed"_s);
+    QCOMPARE(tabs(area)->tabText(1), u"renamed"_s);
 }
 
 void TestWorkArea::closingTellsThePageOnceAndDestroysIt()
@@ -116,7 +168,7 @@ void TestWorkArea::closingTellsThePageOnceAndDestroysIt()
     WorkArea area(new QWidget);
     const QPointer<Page> page = new Page(u"one"_s, &closings);
     area.addPage(page);
-    Q_EMIT tabs(area)->tabCloseRequested(0);
+    Q_EMIT tabs(area)->tabCloseRequested(1);
     QCOMPARE(closings, 1);
     QTRY_VERIFY(!page);
     QCOMPARE(closings, 1);
@@ -154,6 +206,13 @@ void TestWorkArea::keysCloseAndWalkThroughThePages()
     press(Qt::Key_W, Qt::ControlModifier);
     QCOMPARE(area.count(), 2);
     QCOMPARE(area.currentPage()->title(), u"two"_s);
+    press(Qt::Key_Home, Qt::AltModifier);
+    QVERIFY(!area.currentPage());
+    QTest::keyClick(&area, Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(area.currentPage()->title(), u"two"_s);
+    area.showStartPage();
+    QTest::keyClick(&area, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(area.currentPage()->title(), u"three"_s);
 }
 
 void TestWorkArea::pageThatCannotStoreItsSettingsStillCloses()
@@ -215,7 +274,7 @@ void TestWorkArea::otherPagesOfAKindAreNumbered()
     const auto texts = [&area] {
         QStringList shown;
         for (int index = 0; index < area.count(); ++index)
-            shown.append(tabs(area)->tabText(index));
+            shown.append(tabs(area)->tabText(index + 1));
         return shown;
     };
     open(u"cars"_s, false);
@@ -227,9 +286,9 @@ void TestWorkArea::otherPagesOfAKindAreNumbered()
     area.setCurrent(1);
     area.setCurrent(2);
     open(u"cars"_s, false);
-    QCOMPARE(tabs(area)->currentIndex(), 1);
+    QCOMPARE(tabs(area)->currentIndex(), 2);
     area.currentPage()->setTitle(u"cars of today"_s);
-    QCOMPARE(tabs(area)->tabText(1), u"cars of today (2)"_s);
+    QCOMPARE(tabs(area)->tabText(2), u"cars of today (2)"_s);
     // A number that is free again is used again.
     area.closeCurrent();
     open(u"cars"_s, true);
@@ -247,12 +306,12 @@ void TestWorkArea::pageStaysWhileAModalWindowIsOpen()
     dialog.setModal(true);
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    Q_EMIT tabs(area)->tabCloseRequested(0);
+    Q_EMIT tabs(area)->tabCloseRequested(1);
     QTest::qWait(0);
     QCOMPARE(closings, 0);
     QCOMPARE(area.count(), 1);
     dialog.close();
-    Q_EMIT tabs(area)->tabCloseRequested(0);
+    Q_EMIT tabs(area)->tabCloseRequested(1);
     QCOMPARE(closings, 1);
 }
 
