@@ -39,7 +39,7 @@ KDropDown::KDropDown(QWidget *parent)
 
 bool KDropDown::event(QEvent *event)
 {
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    if (event->type() == QEvent::PaletteChange)
         keepTextReadable();
     if (event->type() != QEvent::Wheel || hasFocus())
         return QComboBox::event(event);
@@ -49,8 +49,10 @@ bool KDropDown::event(QEvent *event)
 
 void KDropDown::keepTextReadable()
 {
-    QPalette palette = QApplication::palette(this);
+    // These alone are its own; all else stays that of the form, also when it changes.
+    QPalette own;
+    const QPalette program = QApplication::palette(this);
     for (const QPalette::ColorRole role : {QPalette::ButtonText, QPalette::Text})
-        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
-    setPalette(palette);
+        own.setColor(QPalette::Disabled, role, program.color(QPalette::Active, role));
+    setPalette(own);
 }

@@ -86,7 +86,8 @@ void KEdit::changeEvent(QEvent *event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange && !readsLeftToRight())
         alignText();
-    else if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::ApplicationPaletteChange)
+    // The ground of a line that cannot be typed into is not in the application's palette.
+    else if (event->type() == QEvent::ReadOnlyChange || (event->type() == QEvent::PaletteChange && isReadOnly()))
         setPalette(entryPalette(isReadOnly()));
 }
 

@@ -141,7 +141,8 @@ void KTextArea::changeEvent(QEvent *event)
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
         readInWindowsDirection();
-    if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::ApplicationPaletteChange)
+    // The ground of an area that cannot be typed into is not in the application's palette.
+    if (event->type() == QEvent::ReadOnlyChange || (event->type() == QEvent::PaletteChange && isReadOnly()))
         setPalette(entryPalette(isReadOnly()));
 }
 
