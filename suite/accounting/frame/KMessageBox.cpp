@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/frame/CDlgMessage.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -17,25 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Buttons = KMessageDialog::Buttons;
-
-struct Look
-{
-    QMessageBox::Icon icon;
-    QString title;
-};
-
-Look lookOf(KMessageDialog::Kind kind)
-{
-    switch (kind) {
-    case KMessageDialog::Kind::Warning:
-        return {QMessageBox::Warning, u"هشدار"_s};
-    case KMessageDialog::Kind::Message:
-        return {QMessageBox::Information, u"پیام"_s};
-    case KMessageDialog::Kind::Question:
-        return {QMessageBox::Question, u"پرسش"_s};
-    }
-    Q_UNREACHABLE();
-}
 
 // A message may appear while a long operation shows the wait cursor; its buttons are to be clicked all the same.
 class NormalCursor
@@ -59,54 +38,45 @@ private:
     bool m_set;
 };
 
-void dress(QMessageBox &box, KMessageDialog::Kind kind, const QString &text)
+// By the buttons that the text asks for; the answer that loses nothing is preset.
+QList<CDlgMessage::Choice> choicesOf(Buttons buttons)
 {
-    const Look look = lookOf(kind);
-    box.setLayoutDirection(Qt::RightToLeft);
-    box.setIcon(look.icon);
-    box.setWindowTitle(look.title);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(text);
+    // Yes is the button beside "باشه", or the only one.
+    const CDlgMessage::Choice ok{u"باشه"_s, QDialogButtonBox::AcceptRole, buttons == Buttons::Ok ? KMessageDialog::Yes : KMessageDialog::No,
+                                 buttons != Buttons::OkOrLookAgain};
+    const CDlgMessage::Choice yes{u"بله"_s, QDialogButtonBox::YesRole, KMessageDialog::Yes};
+    const CDlgMessage::Choice no{u"خیر"_s, QDialogButtonBox::NoRole, KMessageDialog::No, true};
+    switch (buttons) {
+    case Buttons::Ok:
+        return {ok};
+    case Buttons::OkOrFolder:
+        return {ok, {u"باز کردن پوشه"_s, QDialogButtonBox::ActionRole, KMessageDialog::Yes}};
+    case Buttons::OkOrLookAgain:
+        return {ok, {u"نگاه دوباره"_s, QDialogButtonBox::ActionRole, KMessageDialog::Yes, true}};
+    case Buttons::YesNo:
+        return {yes, no};
+    case Buttons::YesNoCancel:
+        return {yes, no, {u"انصراف"_s, QDialogButtonBox::RejectRole, KMessageDialog::Cancel}};
+    }
+    Q_UNREACHABLE();
 }
 
-QPushButton *addButton(QMessageBox &box, const QString &caption, QMessageBox::ButtonRole role)
+KMessageDialog::Answer answerOfClosing(Buttons buttons)
 {
-    QPushButton *button = box.addButton(caption, role);
-    button->setAccessibleName(caption);
-    return button;
-}
-
-// Yes when the button beside "باشه" was pressed, or when there is none.
-KMessageDialog::Answer showMessage(QMessageBox &box, Buttons buttons)
-{
-    QPushButton *ok = addButton(box, u"باشه"_s, QMessageBox::AcceptRole);
-    box.setDefaultButton(ok);
-    box.setEscapeButton(ok);
-    if (buttons == Buttons::OkOrFolder)
-        addButton(box, u"باز کردن پوشه"_s, QMessageBox::ActionRole);
-    if (buttons == Buttons::OkOrLookAgain)
-        box.setDefaultButton(addButton(box, u"نگاه دوباره"_s, QMessageBox::ActionRole));
-    box.exec();
-    return buttons != Buttons::Ok && box.clickedButton() == ok ? KMessageDialog::No : KMessageDialog::Yes;
+    switch (buttons) {
+    case Buttons::Ok:
+        return KMessageDialog::Yes;
+    case Buttons::YesNoCancel:
+        return KMessageDialog::Cancel;
+    default:
+        return KMessageDialog::No;
+    }
 }
 
 KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Buttons buttons, QWidget *parent)
 {
     const NormalCursor cursor;
-    QMessageBox box(parent ? parent : QApplication::activeWindow());
-    dress(box, kind, text);
-    if (buttons == Buttons::Ok || buttons == Buttons::OkOrFolder || buttons == Buttons::OkOrLookAgain)
-        return showMessage(box, buttons);
-    const QPushButton *yes = addButton(box, u"بله"_s, QMessageBox::YesRole);
-    QPushButton *no = addButton(box, u"خیر"_s, QMessageBox::NoRole);
-    QPushButton *cancel =
-        buttons == Buttons::YesNoCancel ? addButton(box, u"انصراف"_s, QMessageBox::RejectRole) : nullptr;
-    box.setDefaultButton(no);
-    box.setEscapeButton(cancel ? cancel : no);
-    box.exec();
-    if (box.clickedButton() == yes)
-        return KMessageDialog::Yes;
-    return cancel && box.clickedButton() == cancel ? KMessageDialog::Cancel : KMessageDialog::No;
+    return CDlgMessage(kind, text, choicesOf(buttons), answerOfClosing(buttons), parent ? parent : QApplication::activeWindow()).ask();
 }
 
 bool mayDrop(QWidget *window)

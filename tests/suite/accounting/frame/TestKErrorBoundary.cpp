@@ -126,7 +126,7 @@ void TestKErrorBoundary::secondErrorDuringTheMessageIsLoggedOnly()
         QWidget *box = QApplication::activeModalWidget();
         KErrorBoundary::report(std::make_exception_ptr(KAccountingError(u"دومی"_s)), nullptr);
         for (QWidget *widget : QApplication::topLevelWidgets())
-            boxes += widget->inherits("QMessageBox") ? 1 : 0;
+            boxes += widget->inherits("CDlgMessage") ? 1 : 0;
         if (box)
             box->close();
     });

@@ -1,13 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "suite/accounting/frame/CDlgMessage.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/utility/look/LookMarks.h"
 #include "tests/support/RegisteredTest.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
 #include <QtTest>
@@ -23,22 +29,53 @@ struct Seen
     bool rightToLeft = false;
     Qt::Alignment alignment; // of the text, as the eye sees it
     QString focused;
+    QStringList filled; // the primary buttons
 };
+
+// The label that holds the text.
+QLabel *labelOf(const CDlgMessage &box)
+{
+    for (QLabel *label : box.findChildren<QLabel *>()) {
+        if (label->text() == box.text())
+            return label;
+    }
+    return nullptr;
+}
+
+// Works on the message as soon as it is open; closes it if that leaves it open.
+void withMessage(const QString &text, const std::function<void(CDlgMessage &)> &work)
+{
+    bool came = false;
+    QTimer::singleShot(50, [&] {
+        if (auto *box = qobject_cast<CDlgMessage *>(QApplication::activeModalWidget())) {
+            came = true;
+            QCoreApplication::processEvents();
+            work(*box);
+            box->reject();
+        }
+    });
+    g_pDlgMessage->Show(text);
+    if (!came)
+        QTest::qFail("the message did not come up", __FILE__, __LINE__);
+}
 
 // Looks at the message box as soon as it is open and then presses a key in it.
 Seen pressWhenShown(Qt::Key key, const std::function<void()> &show)
 {
     Seen seen;
     QTimer::singleShot(50, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        auto *box = qobject_cast<CDlgMessage *>(QApplication::activeModalWidget());
         if (!box)
             return;
         seen.text = box->text();
         seen.rightToLeft = box->layoutDirection() == Qt::RightToLeft;
-        if (const auto *label = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
+        if (const QLabel *label = labelOf(*box))
             seen.alignment = QStyle::visualAlignment(label->layoutDirection(), label->alignment());
-        for (QAbstractButton *button : box->buttons())
+        for (const QPushButton *button : box->buttons()) {
             seen.buttons.append(button->text());
+            if (LookMarks::button(button) == LookMarks::Button::Primary)
+                seen.filled.append(button->text());
+        }
         seen.buttons.sort();
         if (const auto *button = qobject_cast<QPushButton *>(box->focusWidget()))
             seen.focused = button->text();
@@ -73,6 +110,10 @@ private Q_SLOTS:
     void preparedAnswersAreGivenInOrder();
     void answerAllShowsNoBoxAndKeepsTheTexts();
     void markupIsShownAsTyped();
+    void shortTextStandsInOneLine();
+    void longTextScrollsAndTheButtonsStayInSight();
+    void copyTakesTheText();
+    void screenReaderHearsAnAlert();
 };
 
 void TestKMessageDialog::cleanup()
@@ -135,6 +176,7 @@ void TestKMessageDialog::messageHasOneButtonAndClosesByKey()
         const Seen seen = pressWhenShown(Qt::Key(key), [dialog] { dialog->Show(u"متن پیام"_s); });
         QCOMPARE(seen.text, u"متن پیام"_s);
         QCOMPARE(seen.buttons, QStringList{u"باشه"_s});
+        QCOMPARE(seen.filled, QStringList{u"باشه"_s});
         QVERIFY(seen.rightToLeft);
         QVERIFY(seen.alignment & Qt::AlignRight);
     }
@@ -166,6 +208,7 @@ void TestKMessageDialog::questionIsAnsweredByKey()
         buttons.append(u"انصراف"_s);
     QCOMPARE(seen.buttons, sorted(buttons));
     QCOMPARE(seen.focused, u"خیر"_s);
+    QCOMPARE(seen.filled, QStringList{u"خیر"_s});
 }
 
 void TestKMessageDialog::preparedAnswersAreGivenInOrder()
@@ -194,14 +237,56 @@ void TestKMessageDialog::markupIsShownAsTyped()
     const Seen seen = pressWhenShown(Qt::Key_Return, [&markup] { g_pDlgMessage->Show(markup); });
     QCOMPARE(seen.text, markup);
     bool plain = false;
-    QTimer::singleShot(50, [&plain] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        plain = box && box->textFormat() == Qt::PlainText;
-        if (box)
-            box->reject();
-    });
-    g_pDlgMessage->Show(markup);
+    withMessage(markup, [&plain](CDlgMessage &box) { plain = labelOf(box) && labelOf(box)->textFormat() == Qt::PlainText; });
     QVERIFY(plain);
+}
+
+void TestKMessageDialog::shortTextStandsInOneLine()
+{
+    withMessage(u"قرارداد ذخیره شد."_s, [](CDlgMessage &box) {
+        const QLabel *label = labelOf(box);
+        QVERIFY(label->width() >= label->fontMetrics().horizontalAdvance(label->text()));
+        QCOMPARE(box.findChild<QScrollArea *>()->verticalScrollBar()->maximum(), 0);
+        // Nothing but the buttons has the keys.
+        QCOMPARE(box.findChild<QScrollArea *>()->focusPolicy(), Qt::NoFocus);
+        QVERIFY(box.width() < box.screen()->availableSize().width() / 2);
+    });
+}
+
+void TestKMessageDialog::longTextScrollsAndTheButtonsStayInSight()
+{
+    const QString text = QString(u"سطری که آن را کسی تا پایان بخواند و چیزی از آن نیفتد.\n"_s).repeated(120);
+    withMessage(text, [](CDlgMessage &box) {
+        const QSize room = box.screen()->availableSize();
+        QVERIFY(box.width() <= room.width() && box.height() <= room.height());
+        const QPushButton *button = box.buttons().constFirst();
+        QVERIFY(box.rect().contains(QRect(button->mapTo(&box, QPoint()), button->size())));
+        const auto *scroll = box.findChild<QScrollArea *>();
+        QCOMPARE(scroll->horizontalScrollBar()->maximum(), 0);
+        QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
+        QTest::keyClick(box.focusWidget(), Qt::Key_PageDown);
+        QVERIFY(scroll->verticalScrollBar()->value() > 0);
+        QTest::keyClick(box.focusWidget(), Qt::Key_PageUp);
+        QCOMPARE(scroll->verticalScrollBar()->value(), 0);
+    });
+}
+
+void TestKMessageDialog::copyTakesTheText()
+{
+    withMessage(u"شماره 1234"_s, [](CDlgMessage &box) {
+        QTest::keyClick(box.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QApplication::clipboard()->text(), u"شماره 1234"_s);
+    });
+}
+
+void TestKMessageDialog::screenReaderHearsAnAlert()
+{
+    withMessage(u"متن"_s, [](CDlgMessage &box) {
+        QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(&box);
+        QVERIFY(reader);
+        QCOMPARE(reader->role(), QAccessible::AlertMessage);
+        QCOMPARE(reader->text(QAccessible::Name), u"پیام"_s);
+    });
 }
 
 static const RegisteredTest<TestKMessageDialog, QApplication> registeredKMessageDialog;
