@@ -10,11 +10,11 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QGridLayout>
 
 #include <array>
 
@@ -27,30 +27,29 @@ struct Field
     const char16_t *label;
     QString CompanyDetails::*text;
     int maxLength;
-    int row;
-    int gridColumn;
-    int span;
+    int span = 1;
 };
 
-// In the order of the keyboard.
+// In the order of the keyboard; the kind of person comes before the manager. The national code and the mobile have the room that
+// their hints need.
 constexpr std::array fields{
-    Field{u"نام :", &CompanyDetails::name1, 100, 0, 0, 1},
-    Field{u"دنباله نام :", &CompanyDetails::name2, 100, 0, 2, 1},
-    Field{u"مدیر :", &CompanyDetails::manager, 100, 1, 2, 1},
-    Field{u"کد ملی / شناسه ملی :", &CompanyDetails::nationalCode, 20, 2, 0, 1},
-    Field{u"شماره ثبت :", &CompanyDetails::registrationNumber, 50, 3, 0, 1},
-    Field{u"کد اقتصادی :", &CompanyDetails::economicCode, 50, 3, 2, 1},
-    Field{u"موبایل :", &CompanyDetails::mobile, 20, 4, 0, 1},
-    Field{u"تلفن :", &CompanyDetails::telephone, 50, 5, 0, 1},
-    Field{u"کد پستی :", &CompanyDetails::postalCode, 20, 5, 2, 1},
-    Field{u"پیش شماره تلفن :", &CompanyDetails::areaCode, 8, 6, 0, 1},
-    Field{u"کد نوع مودی :", &CompanyDetails::taxKind, 1, 6, 2, 1},
-    Field{u"استان :", &CompanyDetails::province, 50, 7, 0, 1},
-    Field{u"شهر :", &CompanyDetails::city, 50, 7, 2, 1},
-    Field{u"کد استان :", &CompanyDetails::provinceCode, 4, 8, 0, 1},
-    Field{u"کد شهر :", &CompanyDetails::cityCode, 6, 8, 2, 1},
-    Field{u"حوزه مالیاتی :", &CompanyDetails::taxZone, 9, 9, 0, 1},
-    Field{u"آدرس :", &CompanyDetails::address, 250, 10, 0, 3},
+    Field{u"نام :", &CompanyDetails::name1, 100, 2},
+    Field{u"دنباله نام :", &CompanyDetails::name2, 100, 2},
+    Field{u"مدیر :", &CompanyDetails::manager, 100},
+    Field{u"کد ملی / شناسه ملی :", &CompanyDetails::nationalCode, 20, 2},
+    Field{u"شماره ثبت :", &CompanyDetails::registrationNumber, 50},
+    Field{u"کد اقتصادی :", &CompanyDetails::economicCode, 50},
+    Field{u"موبایل :", &CompanyDetails::mobile, 20, 2},
+    Field{u"تلفن :", &CompanyDetails::telephone, 50},
+    Field{u"کد پستی :", &CompanyDetails::postalCode, 20},
+    Field{u"پیش شماره تلفن :", &CompanyDetails::areaCode, 8},
+    Field{u"کد نوع مودی :", &CompanyDetails::taxKind, 1},
+    Field{u"استان :", &CompanyDetails::province, 50},
+    Field{u"شهر :", &CompanyDetails::city, 50},
+    Field{u"کد استان :", &CompanyDetails::provinceCode, 4},
+    Field{u"کد شهر :", &CompanyDetails::cityCode, 6},
+    Field{u"حوزه مالیاتی :", &CompanyDetails::taxZone, 9},
+    Field{u"آدرس :", &CompanyDetails::address, 250, 3},
 };
 
 constexpr std::array kinds{CompanyDetails::kindNatural, CompanyDetails::kindLegal};
@@ -94,7 +93,7 @@ CDlgAddCompanyProps::CDlgAddCompanyProps(QWidget *parent)
 CDlgAddCompanyProps::CDlgAddCompanyProps(const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
     , m_edit(settings, editedSettings())
-    , m_kind(new QComboBox(this))
+    , m_kind(new KDropDown(this))
 {
     SetSettingName(u"Company"_s);
     setWindowTitle(u"مشخصات نمایشگاه"_s);
@@ -107,29 +106,21 @@ CDlgAddCompanyProps::~CDlgAddCompanyProps() = default;
 
 void CDlgAddCompanyProps::build()
 {
-    auto *grid = new QGridLayout(this);
+    auto *page = new CardPage(840, this);
+    FormGrid *grid = page->addForm();
+    m_kind->addItems({u"حقیقی"_s, u"حقوقی"_s});
     for (const Field &field : fields) {
+        if (field.text == &CompanyDetails::manager)
+            addLabelled(grid, u"نوع شخص :"_s, m_kind);
         auto *edit = new KEdit(this);
         edit->setMaxLength(field.maxLength);
-        addLabelled(grid, field.row, field.gridColumn, QString::fromUtf16(field.label), edit, field.span);
+        addLabelled(grid, QString::fromUtf16(field.label), edit, field.span);
         connect(edit, &KEdit::textChanged, this, &CDlgAddCompanyProps::updateHints);
         m_edits.append(edit);
     }
-    m_kind->addItems({u"حقیقی"_s, u"حقوقی"_s});
-    addLabelled(grid, 1, 0, u"نوع شخص :"_s, m_kind);
-    setTabOrder(m_edits.at(1), m_kind);
-    setTabOrder(m_kind, m_edits.at(2));
-    m_nationalHint = IdentityHints::createLabel(this);
-    m_mobileHint = IdentityHints::createLabel(this);
-    grid->addWidget(m_nationalHint, 2, 2, 1, 2);
-    grid->addWidget(m_mobileHint, 4, 2, 1, 2);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
-    const int last = grid->rowCount();
-    grid->setRowStretch(last, 1);
-    grid->addWidget(createButtons(), last + 1, 0, 1, 4);
-    resize(qMax(sizeHint().width(), 680), sizeHint().height());
+    setContent(page, createButtons());
     connect(m_kind, &QComboBox::currentIndexChanged, this, &CDlgAddCompanyProps::updateHints);
+    m_edits.front()->setFocus();
 }
 
 CompanyDetails CDlgAddCompanyProps::details() const
@@ -151,13 +142,11 @@ void CDlgAddCompanyProps::setDetails(const CompanyDetails &details)
 
 void CDlgAddCompanyProps::updateHints()
 {
-    if (!m_nationalHint || !m_mobileHint)
-        return;
     const int kind = m_kind->currentIndex() == 0 ? CTblPersons::kindNatural : CTblPersons::kindLegal;
     KEdit *national = m_edits.at(static_cast<qsizetype>(positionOf(&CompanyDetails::nationalCode)));
     KEdit *mobile = m_edits.at(static_cast<qsizetype>(positionOf(&CompanyDetails::mobile)));
-    IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), m_nationalHint, national);
-    IdentityHints::show(IdentityHints::mobile(mobile->text()), m_mobileHint, mobile);
+    IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), national);
+    IdentityHints::show(IdentityHints::mobile(mobile->text()), mobile);
 }
 
 bool CDlgAddCompanyProps::OnOK()

@@ -12,7 +12,6 @@
 
 class KEdit;
 class QComboBox;
-class QLabel;
 
 // Editor of the dealership's own details ("مشخصات نمایشگاه").
 class TZCRM_EXPORT CDlgAddCompanyProps : public KDialog
@@ -39,6 +38,4 @@ private:
     SettingsEdit m_edit;
     QList<KEdit *> m_edits; // in the order of the table of fields
     QComboBox *m_kind;
-    QLabel *m_nationalHint = nullptr;
-    QLabel *m_mobileHint = nullptr;
 };

@@ -11,15 +11,13 @@
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/crm/persons/MobileNumber.h"
 #include "suite/crm/persons/TaxFields.h"
-#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 
 #include <algorithm>
@@ -145,102 +143,40 @@ void CDlgAddPerson::build()
     setWindowTitle(titles.at(static_cast<int>(m_mode)));
     m_form = new KForm(formFields(), m_record, this);
     m_tax = std::make_unique<TaxFields>(this);
-    m_nationalHint = IdentityHints::createLabel(this);
-    m_mobileHint = IdentityHints::createLabel(this);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(buildIdentity());
-    layout->addWidget(buildContact());
-    layout->addWidget(buildTax());
-    layout->addStretch(1);
+    auto *page = new CardPage(840, this);
+    placeIdentity(page);
+    placeContact(page);
+    placeTax(page);
     const bool show = m_mode == Mode::Show;
-    layout->addWidget(show ? createButtons({}, u"بستن"_s) : createButtons());
-    QWidget *before = m_form->control(u"iTaxZone"_s);
-    for (QWidget *next : {static_cast<QWidget *>(m_tax->kind()), static_cast<QWidget *>(m_tax->province()),
-                          static_cast<QWidget *>(m_tax->city()), m_form->control(u"dPercentDiscount"_s)}) {
-        setTabOrder(before, next);
-        before = next;
-    }
+    setContent(page, show ? createButtons({}, u"بستن"_s) : createButtons());
     m_form->setShowMode(show);
     m_tax->setReadOnly(show);
     connect(m_form->comboBox(u"iKind"_s), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);
     for (const char16_t *column : {u"sNationalCode", u"sMobile"})
         connect(m_form->edit(QString::fromUtf16(column)), &KEdit::textChanged, this, &CDlgAddPerson::updateHints);
     m_form->control(u"sName"_s)->setFocus();
-    alignGroups();
-    resize(qMax(sizeHint().width(), 680), sizeHint().height());
 }
 
-// The fields of all groups begin on the same lines.
-void CDlgAddPerson::alignGroups()
+// The national code and the mobile have the room that their hints need.
+void CDlgAddPerson::placeIdentity(CardPage *page)
 {
-    int width = 0;
-    for (const QLabel *label : findChildren<QLabel *>())
-        width = label->buddy() ? qMax(width, label->sizeHint().width()) : width;
-    for (const QGroupBox *group : findChildren<QGroupBox *>()) {
-        auto *grid = static_cast<QGridLayout *>(group->layout());
-        for (const int labels : {0, 2})
-            grid->setColumnMinimumWidth(labels, width);
-    }
+    m_form->place(page->addForm(u"مشخصات"_s),
+                  {{"iKind"}, {"iCode"}, {"sName"}, {"sFamily"},
+                   {"sNationalCode", 2}, {"iSex"}, {"sFatherName"},
+                   {"dateBirth"}, {"sBirthCity"}, {"sIdentityNum"}, {"sIdentityCity"}});
 }
 
-QGridLayout *CDlgAddPerson::placeRows(QGroupBox *group, std::span<const Row> rows)
+void CDlgAddPerson::placeContact(CardPage *page)
 {
-    auto *grid = new QGridLayout(group);
-    int row = 0;
-    for (const Row &fields : rows) {
-        m_form->place(grid, row, 0, QString::fromUtf16(fields.first));
-        if (fields.second)
-            m_form->place(grid, row, 2, QString::fromUtf16(fields.second));
-        ++row;
-    }
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
-    return grid;
+    m_form->place(page->addForm(u"تماس"_s), {{"sMobile", 2}, {"sAreaCode"}, {"sTel"}, {"sPostalCode"}, {"sAddress", 3}});
 }
 
-QWidget *CDlgAddPerson::buildIdentity()
+void CDlgAddPerson::placeTax(CardPage *page)
 {
-    auto *group = new QGroupBox(u"مشخصات"_s, this);
-    static constexpr Row rows[] = {
-        {u"iKind", u"iCode"},
-        {u"sName", u"sFamily"},
-        {u"sNationalCode", nullptr},
-        {u"iSex", u"sFatherName"},
-        {u"dateBirth", u"sBirthCity"},
-        {u"sIdentityNum", u"sIdentityCity"},
-    };
-    QGridLayout *grid = placeRows(group, rows);
-    grid->addWidget(m_nationalHint, 2, 2, 1, 2);
-    return group;
-}
-
-QWidget *CDlgAddPerson::buildContact()
-{
-    auto *group = new QGroupBox(u"تماس"_s, this);
-    static constexpr Row rows[] = {
-        {u"sMobile", nullptr},
-        {u"sAreaCode", u"sTel"},
-        {u"sPostalCode", nullptr},
-    };
-    QGridLayout *grid = placeRows(group, rows);
-    grid->addWidget(m_mobileHint, 0, 2, 1, 2);
-    m_form->place(grid, 3, 0, u"sAddress"_s, 3);
-    return group;
-}
-
-QWidget *CDlgAddPerson::buildTax()
-{
-    auto *group = new QGroupBox(u"مالیات و تخفیف"_s, this);
-    static constexpr Row rows[] = {
-        {u"sEconomicCode", u"iTaxZone"},
-    };
-    QGridLayout *grid = placeRows(group, rows);
-    m_tax->placeKind(grid, 1, 0, 3);
-    m_tax->placeProvince(grid, 2, 0);
-    m_tax->placeCity(grid, 2, 2);
-    m_form->place(grid, 3, 0, u"dPercentDiscount"_s);
-    m_form->place(grid, 3, 2, u"iStatus"_s);
-    return group;
+    FormGrid *grid = page->addForm(u"مالیات و تخفیف"_s);
+    m_form->place(grid, {{"sEconomicCode"}, {"iTaxZone"}});
+    m_tax->place(grid);
+    m_form->place(grid, {{"dPercentDiscount"}, {"iStatus"}});
 }
 
 void CDlgAddPerson::loadRecord()
@@ -289,8 +225,8 @@ void CDlgAddPerson::updateHints()
     KEdit *national = m_form->edit(u"sNationalCode"_s);
     KEdit *mobile = m_form->edit(u"sMobile"_s);
     const int kind = m_form->comboBox(u"iKind"_s)->currentIndex();
-    IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), m_nationalHint, national);
-    IdentityHints::show(IdentityHints::mobile(mobile->text()), m_mobileHint, mobile);
+    IdentityHints::show(IdentityHints::nationalCode(national->text(), kind), national);
+    IdentityHints::show(IdentityHints::mobile(mobile->text()), mobile);
 }
 
 bool CDlgAddPerson::OnOK()

@@ -9,12 +9,9 @@
 #include "suite/utility/frame/KDialog.h"
 
 #include <memory>
-#include <span>
 
+class CardPage;
 class KForm;
-class QGridLayout;
-class QGroupBox;
-class QLabel;
 class TaxFields;
 
 // The editor of one person ("مشخصات شخص"). A name is all that it insists on; a national code or mobile that looks wrong
@@ -51,19 +48,10 @@ public:
     bool OnOK() override;
 
 private:
-    // Two fields side by side, by column; without a second one its half is free for something else.
-    struct Row
-    {
-        const char16_t *first;
-        const char16_t *second;
-    };
-
     void build();
-    QWidget *buildIdentity();
-    QWidget *buildContact();
-    QWidget *buildTax();
-    QGridLayout *placeRows(QGroupBox *group, std::span<const Row> rows);
-    void alignGroups();
+    void placeIdentity(CardPage *page);
+    void placeContact(CardPage *page);
+    void placeTax(CardPage *page);
     void loadRecord();
     void applyKind();
     void updateHints();
@@ -82,6 +70,4 @@ private:
     qint32 m_openedKind = CTblPersons::kindNatural;
     KForm *m_form = nullptr;
     std::unique_ptr<TaxFields> m_tax;
-    QLabel *m_nationalHint = nullptr;
-    QLabel *m_mobileHint = nullptr;
 };

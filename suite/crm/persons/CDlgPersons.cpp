@@ -9,6 +9,7 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
@@ -63,7 +64,7 @@ int CDlgPersons::SelectPerson(QWidget *parent, int mode, int current)
     page->m_leadingKey = current;
     KDialogHolder holder(page, parent);
     holder.setWindowTitle(u"انتخاب شخص"_s);
-    holder.resize(960, 600);
+    holder.resize(LookSizes::scaled(960), LookSizes::scaled(600));
     holder.SetSettingName(u"Persons\\Select"_s);
     return holder.exec() == QDialog::Accepted ? page->chosenKey() : 0;
 }

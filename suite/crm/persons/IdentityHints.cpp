@@ -6,6 +6,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/MobileNumber.h"
 #include "suite/crm/persons/NationalCode.h"
+#include "suite/utility/entries/FieldNote.h"
 
 #include <QLabel>
 
@@ -60,6 +61,13 @@ QString IdentityHints::mobile(const QString &number)
     if (number.trimmed().isEmpty() || MobileNumber::isGood(number))
         return {};
     return u"شماره موبایل مانند 09121234567 است."_s;
+}
+
+void IdentityHints::show(const QString &hint, QWidget *control)
+{
+    if (FieldNote *note = FieldNote::of(control))
+        note->showHint(hint);
+    control->setAccessibleDescription(hint);
 }
 
 QLabel *IdentityHints::createLabel(QWidget *parent)

@@ -17,6 +17,8 @@ namespace IdentityHints {
 TZCRM_EXPORT QString nationalCode(const QString &code, int personKind);
 TZCRM_EXPORT QString mobile(const QString &number);
 
+// Shows the hint beside the control's label, and sets it as the control's description for screen readers.
+TZCRM_EXPORT void show(const QString &hint, QWidget *control);
 // A label for a hint, in the look that all hints share; it stays in the layout when it is empty.
 TZCRM_EXPORT QLabel *createLabel(QWidget *parent);
 // Shows the hint, and sets it as the control's description for screen readers.

@@ -5,10 +5,9 @@
 
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KDropDown.h"
+#include "suite/utility/look/FormGrid.h"
 #include "suite/utility/values/Provinces.h"
-
-#include <QComboBox>
-#include <QGridLayout>
 
 #include <algorithm>
 
@@ -34,7 +33,7 @@ constexpr int noProvince = -1;
 
 QComboBox *makeChoice(QWidget *page)
 {
-    auto *choice = new QComboBox(page);
+    auto *choice = new KDropDown(page);
     choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choice->setMinimumContentsLength(12);
     return choice;
@@ -97,19 +96,11 @@ TaxFields::TaxFields(QWidget *page)
     QObject::connect(m_province, &QComboBox::currentIndexChanged, page, [this] { fillCities(); });
 }
 
-void TaxFields::placeKind(QGridLayout *grid, int row, int column, int span) const
+void TaxFields::place(FormGrid *grid) const
 {
-    addLabelled(grid, row, column, u"نوع مودی :"_s, m_kind, span);
-}
-
-void TaxFields::placeProvince(QGridLayout *grid, int row, int column) const
-{
-    addLabelled(grid, row, column, u"استان :"_s, m_province);
-}
-
-void TaxFields::placeCity(QGridLayout *grid, int row, int column) const
-{
-    addLabelled(grid, row, column, u"شهر :"_s, m_city);
+    addLabelled(grid, u"نوع مودی :"_s, m_kind, 2);
+    addLabelled(grid, u"استان :"_s, m_province);
+    addLabelled(grid, u"شهر :"_s, m_city);
 }
 
 void TaxFields::setReadOnly(bool readOnly)

@@ -8,8 +8,8 @@
 #include <optional>
 
 class CTblPersons;
+class FormGrid;
 class QComboBox;
-class QGridLayout;
 class QWidget;
 
 // What the tax authority keeps by number and people know by word: a person's kind as a taxpayer, the province and the city. A
@@ -19,10 +19,8 @@ class TaxFields
 public:
     explicit TaxFields(QWidget *page);
 
-    // Puts each with its label into two neighbouring cells, the kind over span columns.
-    void placeKind(QGridLayout *grid, int row, int column, int span) const;
-    void placeProvince(QGridLayout *grid, int row, int column) const;
-    void placeCity(QGridLayout *grid, int row, int column) const;
+    // Puts them into the grid one after the other: kind, province, city.
+    void place(FormGrid *grid) const;
     QComboBox *kind() const { return m_kind; }
     QComboBox *province() const { return m_province; }
     QComboBox *city() const { return m_city; }

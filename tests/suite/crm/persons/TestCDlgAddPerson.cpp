@@ -4,6 +4,7 @@
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/crm/Office.h"
@@ -33,6 +34,8 @@ private Q_SLOTS:
     void nameIsRequired();
     void wrongNationalCodeAndMobileGetAHintAndAreSaved();
     void hintGoesWhenTheEntryIsRight();
+    void hintStandsBesideTheLabelAndMovesNothing();
+    void fieldsOfAllCardsBeginOnTheSameLines();
     void duplicateNationalCodeAsks_data();
     void duplicateNationalCodeAsks();
     void ownNationalCodeIsNoDuplicate();
@@ -238,6 +241,44 @@ void TestCDlgAddPerson::hintGoesWhenTheEntryIsRight()
     QVERIFY(hints(dialog).isEmpty());
     combo(dialog, u"نوع شخص :"_s)->setCurrentIndex(CTblPersons::kindLegal);
     QVERIFY(hints(dialog).contains(u"یازده"_s));
+}
+
+void TestCDlgAddPerson::hintStandsBesideTheLabelAndMovesNothing()
+{
+    CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const auto places = [&dialog] {
+        QMap<QString, QRect> places;
+        for (const KEdit *field : dialog.findChildren<KEdit *>())
+            places.insert(field->accessibleName(), {field->mapTo(&dialog, QPoint()), field->size()});
+        return places;
+    };
+    const QMap<QString, QRect> before = places();
+    KEdit *code = edit(dialog, u"کد ملی :"_s);
+    code->setText(u"0076229646"_s);
+    QCoreApplication::processEvents();
+    QCOMPARE(places(), before);
+    const FieldNote *note = FieldNote::of(code);
+    QVERIFY(note->isVisible());
+    QVERIFY(!note->isCut());
+    QCOMPARE(note->text(), code->accessibleDescription());
+    // In the line of the label: above the control, within its edges.
+    const QRect shown(note->mapTo(&dialog, QPoint()), note->size());
+    const QRect field(code->mapTo(&dialog, QPoint()), code->size());
+    QVERIFY(shown.bottom() < field.top());
+    QVERIFY(shown.left() >= field.left() && shown.right() < field.right());
+}
+
+void TestCDlgAddPerson::fieldsOfAllCardsBeginOnTheSameLines()
+{
+    CDlgAddPerson dialog(CDlgAddPerson::Mode::Add, 0);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QSet<int> lines;
+    for (const KEdit *field : dialog.findChildren<KEdit *>())
+        lines.insert(field->mapTo(&dialog, QPoint(field->width(), 0)).x());
+    QVERIFY2(lines.size() <= 4, qPrintable(QString::number(lines.size())));
 }
 
 void TestCDlgAddPerson::duplicateNationalCodeAsks_data()
