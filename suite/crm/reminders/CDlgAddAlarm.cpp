@@ -12,24 +12,23 @@
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KTimeEdit.h"
+#include "suite/utility/frame/CardPage.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QCheckBox *addCheck(QFormLayout *form, const QString &caption)
+QCheckBox *addCheck(FormGrid *grid, const QString &caption)
 {
-    auto *check = new QCheckBox(caption);
+    auto *check = new QCheckBox(caption, grid->parentWidget());
     check->setAccessibleName(caption);
-    form->addRow(QString(), check);
+    grid->addCell(check, 2);
     return check;
 }
 
@@ -65,7 +64,7 @@ CDlgAddAlarm::CDlgAddAlarm(CTblAlarm &alarm, int id, QWidget *parent)
     , m_date(new KDateEdit)
     , m_time(new KTimeEdit)
     , m_desc(new KEdit)
-    , m_user(new QComboBox)
+    , m_user(new KDropDown)
 {
     SetSettingName(u"AddAlarm"_s);
     build();
@@ -111,18 +110,15 @@ bool CDlgAddAlarm::Edit(int id, QWidget *parent)
 void CDlgAddAlarm::build()
 {
     m_desc->setMaxLength(CTblAlarm::longestDesc);
-    m_desc->setMinimumWidth(360);
-    auto *form = new QFormLayout;
-    addLabelled(form, u"تاریخ :"_s, m_date);
-    addLabelled(form, u"ساعت :"_s, m_time);
-    addLabelled(form, u"شرح :"_s, m_desc);
-    addLabelled(form, u"برای کاربر :"_s, m_user);
-    m_repeat = addCheck(form, u"یادآوری تا انجام شدن تکرار شود"_s);
-    m_done = addCheck(form, u"انجام شد"_s);
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addStretch();
-    layout->addWidget(createButtons());
+    auto *page = new CardPage(480, this);
+    FormGrid *grid = page->addForm();
+    addLabelled(grid, u"تاریخ :"_s, m_date);
+    addLabelled(grid, u"ساعت :"_s, m_time);
+    addLabelled(grid, u"شرح :"_s, m_desc, 4);
+    addLabelled(grid, u"برای کاربر :"_s, m_user, 2);
+    m_repeat = addCheck(grid, u"یادآوری تا انجام شدن تکرار شود"_s);
+    m_done = addCheck(grid, u"انجام شد"_s);
+    setContent(page, createButtons());
 }
 
 void CDlgAddAlarm::load()

@@ -8,12 +8,14 @@
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/crm/reminders/PostponeMenu.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -29,7 +31,6 @@ CDlgDueAlarms::CDlgDueAlarms(const QList<CTblAlarm::Due> &due, QWidget *parent)
 {
     setWindowTitle(u"یادآوری ها"_s);
     SetSettingName(u"DueAlarms"_s);
-    resize(720, 360);
     build();
     fill(due);
     m_list->selectRow(0);
@@ -57,25 +58,16 @@ void CDlgDueAlarms::build()
                         {u"شرح"_s, Qt::AlignRight, 220, {}}});
     m_list->SetSettingName(u"DueAlarms\\List"_s);
 
-    // A row of its own: buttons that are added to those of the window would break the order of Tab.
-    auto *row = new QHBoxLayout;
-    auto addButton = [this, row](const QString &caption, const QString &icon) {
-        auto *button = new QPushButton(QIcon(icon), caption, this);
-        button->setAccessibleName(caption);
-        // Closing is what the window proposes.
-        button->setAutoDefault(false);
-        row->addWidget(button);
-        return button;
-    };
-    m_done = addButton(u"انجام شد"_s, u":/icons/reminder.svg"_s);
-    m_postpone = addButton(u"تعویق"_s, u":/icons/calendar.svg"_s);
-    row->addStretch(1);
-    row->addWidget(createButtons({}, u"بستن"_s));
-
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(heading);
-    layout->addWidget(m_list, 1);
-    layout->addLayout(row);
+    auto *page = new CardPage(720, this);
+    QVBoxLayout *column = page->addColumn();
+    column->addWidget(heading);
+    column->addWidget(m_list, 1);
+    // Closing is what Enter does.
+    setContent(page, createButtons({}, u"بستن"_s), Content::Fills);
+    m_done = addButton(footer(), u"انجام شد"_s, u":/icons/reminder.svg"_s);
+    m_postpone = addButton(footer(), u"تعویق"_s, u":/icons/calendar.svg"_s);
+    LookMarks::setButton(m_done, LookMarks::Button::Primary);
+    resize(LookSizes::scaled(720), LookSizes::scaled(400));
     connect(m_done, &QPushButton::clicked, this, &CDlgDueAlarms::finish);
     connect(m_postpone, &QPushButton::clicked, this, &CDlgDueAlarms::postpone);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgDueAlarms::updateButtons);
