@@ -11,11 +11,9 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -97,15 +95,18 @@ void CDlgAddAccount::build(const QString &title, const QString &above)
     m_codeEdit->setMaxLength(longestCode);
     m_codeEdit->setInputMethodHints(Qt::ImhDigitsOnly);
     m_name->setMaxLength(CTblHesabMoeen().textLength(u"sName"));
-    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    auto *form = new QFormLayout;
-    if (!above.isEmpty())
-        form->addRow(u"زیر حساب :"_s, new QLabel(above, this));
-    addLabelled(form, u"کد :"_s, m_codeEdit);
-    addLabelled(form, u"نام :"_s, m_name);
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(form);
-    column->addWidget(createButtons());
+    auto *page = new CardPage(480, this);
+    FormGrid *grid = page->addForm();
+    if (!above.isEmpty()) {
+        auto *account = new KEdit(this);
+        account->setReadOnly(true);
+        account->setText(above);
+        account->setCursorPosition(0);
+        addLabelled(grid, u"زیر حساب :"_s, account, 4);
+    }
+    addLabelled(grid, u"کد :"_s, m_codeEdit);
+    addLabelled(grid, u"نام :"_s, m_name, 4);
+    setContent(page, createButtons());
 }
 
 bool CDlgAddAccount::OnOK()

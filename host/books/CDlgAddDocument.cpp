@@ -16,13 +16,14 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KLinesView.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
-#include "suite/utility/frame/TabOrder.h"
 
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -76,7 +77,7 @@ CDlgAddDocument::CDlgAddDocument(const ManualDocument &document, QWidget *parent
     build();
     load(document);
     remember(document);
-    resize(QSize(900, 520));
+    resize(LookSizes::scaled(900), LookSizes::scaled(520));
     m_date->setFocus();
 }
 
@@ -94,27 +95,23 @@ void CDlgAddDocument::build()
     connect(m_rows, &KLinesModel::edited, this, &CDlgAddDocument::showTotals);
     connect(m_rowsView, &KLinesView::pickRequested, this, &CDlgAddDocument::pickPerson);
 
-    auto *column = new QVBoxLayout(this);
-    column->addWidget(buildHead());
+    LookFonts::apply(m_totals, LookFonts::Use::Strong);
+    auto *page = new CardPage(900, this);
+    placeHead(page->addForm());
+    QVBoxLayout *column = page->addColumn();
     column->addWidget(m_rowsView, 1);
     column->addWidget(buildRowCommands());
     column->addWidget(m_totals);
-    column->addWidget(createButtons());
-    tabInLayoutOrder(this);
+    setContent(page, createButtons(), Content::Fills);
 }
 
-QWidget *CDlgAddDocument::buildHead()
+void CDlgAddDocument::placeHead(FormGrid *grid)
 {
-    auto *box = new QWidget(this);
-    auto *grid = new QGridLayout(box);
-    grid->setContentsMargins(0, 0, 0, 0);
-    m_date = new KDateEdit(box);
-    m_desc = new KEdit(box);
+    m_date = new KDateEdit(this);
+    m_desc = new KEdit(this);
     m_desc->setMaxLength(CTblDocuments().textLength(u"sDesc"));
-    addLabelled(grid, 0, 0, u"تاریخ :"_s, m_date);
-    addLabelled(grid, 0, 2, u"شرح سند :"_s, m_desc);
-    grid->setColumnStretch(3, 1);
-    return box;
+    addLabelled(grid, u"تاریخ :"_s, m_date);
+    addLabelled(grid, u"شرح سند :"_s, m_desc, 3);
 }
 
 QWidget *CDlgAddDocument::buildRowCommands()
@@ -123,7 +120,7 @@ QWidget *CDlgAddDocument::buildRowCommands()
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const QString &caption, const QString &icon, const QString &hint) {
-        auto *button = new QPushButton(QIcon(u":/icons/%1.svg"_s.arg(icon)), caption, box);
+        auto *button = new QPushButton(LookIcons::icon(u":/icons/%1.svg"_s.arg(icon)), caption, box);
         button->setAccessibleName(caption);
         button->setAutoDefault(false);
         button->setToolTip(hint);

@@ -8,6 +8,7 @@
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/utility/frame/KDialog.h"
 
+class FormGrid;
 class KDateEdit;
 class KEdit;
 class KLinesModel;
@@ -36,7 +37,7 @@ public:
 
 private:
     void build();
-    QWidget *buildHead();
+    void placeHead(FormGrid *grid);
     QWidget *buildRowCommands();
     void load(const ManualDocument &document);
     void pickPerson(int row, int column);

@@ -16,15 +16,14 @@
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KLinesView.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
-#include "suite/utility/frame/TabOrder.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QGridLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -80,14 +79,6 @@ QString titleOf(const Invoice &invoice)
     return invoice.num == 0 ? kind + u" جدید"_s : kind + u" شماره %1"_s.arg(invoice.num);
 }
 
-QPushButton *makeButton(const QString &caption, const QString &icon, QWidget *parent)
-{
-    auto *button = new QPushButton(QIcon(icon), caption, parent);
-    button->setAccessibleName(caption);
-    button->setAutoDefault(false);
-    return button;
-}
-
 }
 
 CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *parent)
@@ -105,7 +96,7 @@ CDlgAddFactor::CDlgAddFactor(const Invoice &invoice, bool showOnly, QWidget *par
     load(invoice);
     remember(invoice);
     applyShowMode();
-    resize(QSize(900, 600));
+    resize(LookSizes::scaled(900), LookSizes::scaled(640));
     if (m_showOnly)
         m_linesView->setFocus();
     else
@@ -121,39 +112,31 @@ void CDlgAddFactor::build()
     m_linesView->setAccessibleName(u"ردیف‌های فاکتور"_s);
     connect(m_lines, &KLinesModel::edited, this, &CDlgAddFactor::recompute);
 
-    auto *column = new QVBoxLayout(this);
-    column->addWidget(buildHead());
+    // With room for some lines where the page scrolls.
+    m_linesView->setMinimumHeight(LookSizes::scaled(LookSizes::titleRow + 4 * LookSizes::row));
+    auto *page = new CardPage(900, this);
+    placeHead(page->addForm());
+    QVBoxLayout *column = page->addColumn();
     column->addWidget(m_linesView, 1);
     column->addWidget(buildLineCommands());
-    column->addWidget(buildFigures());
-    column->addWidget(buildFoot());
-    tabInLayoutOrder(this);
-    // The discount first: the levies follow from it.
-    QWidget *before = m_sum;
-    for (KEdit *edit : {m_discount, m_taxPercent, m_tax, m_dutyPercent, m_duty, m_total}) {
-        setTabOrder(before, edit);
-        before = edit;
-    }
+    placeFigures(page->addForm());
+    setContent(page, m_showOnly ? createButtons(QString(), u"بازگشت"_s) : createButtons());
+    fillFooter();
 }
 
-QWidget *CDlgAddFactor::buildHead()
+void CDlgAddFactor::placeHead(FormGrid *grid)
 {
-    auto *box = new QWidget(this);
-    auto *grid = new QGridLayout(box);
-    grid->setContentsMargins(0, 0, 0, 0);
-    m_person = new KPersonField(u"شخص :"_s, box);
-    m_date = new KDateEdit(box);
-    m_desc = new KEdit(box);
+    m_person = new KPersonField(u"شخص :"_s, this);
+    m_date = new KDateEdit(this);
+    m_desc = new KEdit(this);
     m_desc->setMaxLength(longestInvoiceText);
-    m_returned = new QCheckBox(u"برگشتی"_s, box);
+    m_returned = new QCheckBox(u"برگشتی"_s, this);
     m_returned->setAccessibleName(m_returned->text());
     m_returned->setToolTip(u"همه ردیف‌های این فاکتور برگشت داده شده‌اند و سند آن برعکس است."_s);
-    addLabelled(grid, 0, 0, u"شخص :"_s, m_person);
-    addLabelled(grid, 0, 2, u"تاریخ :"_s, m_date);
-    grid->addWidget(m_returned, 0, 4);
-    addLabelled(grid, 1, 0, u"شرح :"_s, m_desc, 4);
-    grid->setColumnStretch(1, 1);
-    return box;
+    addLabelled(grid, u"شخص :"_s, m_person, 2);
+    addLabelled(grid, u"تاریخ :"_s, m_date);
+    grid->addCell(m_returned);
+    addLabelled(grid, u"شرح :"_s, m_desc, 4);
 }
 
 QWidget *CDlgAddFactor::buildLineCommands()
@@ -161,49 +144,40 @@ QWidget *CDlgAddFactor::buildLineCommands()
     auto *box = new QWidget(this);
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
-    QPushButton *add = makeButton(u"ردیف جدید"_s, u":/icons/new.svg"_s, box);
-    QPushButton *remove = makeButton(u"حذف ردیف"_s, u":/icons/delete.svg"_s, box);
+    QPushButton *add = addButton(row, u"ردیف جدید"_s, u":/icons/new.svg"_s);
+    QPushButton *remove = addButton(row, u"حذف ردیف"_s, u":/icons/delete.svg"_s);
     add->setToolTip(u"Insert"_s);
     remove->setToolTip(u"Delete"_s);
     connect(add, &QPushButton::clicked, m_linesView, &KLinesView::addLine);
     connect(remove, &QPushButton::clicked, m_linesView, &KLinesView::removeCurrentLine);
-    row->addWidget(add);
-    row->addWidget(remove);
     row->addStretch(1);
     box->setVisible(!m_showOnly);
     return box;
 }
 
-KEdit *CDlgAddFactor::addFigure(QGridLayout *grid, int row, int column, const QString &caption, bool percent, bool readOnly)
+KEdit *CDlgAddFactor::addFigure(FormGrid *grid, const QString &caption, KEdit::Kind kind, bool readOnly)
 {
-    auto *edit = new KEdit(percent ? KEdit::Kind::Percent : KEdit::Kind::Money, grid->parentWidget());
+    auto *edit = new KEdit(kind, this);
     edit->setReadOnly(readOnly);
-    if (percent)
-        edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * 12);
-    addLabelled(grid, row, column, caption, edit);
+    addLabelled(grid, caption, edit);
     return edit;
 }
 
-QWidget *CDlgAddFactor::buildFigures()
+// The discount before the levies, which follow from it.
+void CDlgAddFactor::placeFigures(FormGrid *grid)
 {
-    auto *box = new QWidget(this);
-    auto *grid = new QGridLayout(box);
-    grid->setContentsMargins(0, 0, 0, 0);
-    m_sum = addFigure(grid, 0, 0, u"جمع ردیف‌ها :"_s, false, true);
-    m_discount = addFigure(grid, 1, 0, u"تخفیف :"_s, false, false);
-    m_taxPercent = addFigure(grid, 0, 2, u"درصد مالیات :"_s, true, false);
-    m_tax = addFigure(grid, 0, 4, u"مالیات :"_s, false, false);
-    m_dutyPercent = addFigure(grid, 1, 2, u"درصد عوارض :"_s, true, false);
-    m_duty = addFigure(grid, 1, 4, u"عوارض :"_s, false, false);
-    m_total = addFigure(grid, 2, 4, u"قابل پرداخت :"_s, false, true);
-    QFont bold = m_total->font();
-    bold.setBold(true);
-    m_total->setFont(bold);
-    m_words = new AmountWords(box);
-    m_words->setForegroundRole(QPalette::PlaceholderText);
-    grid->addWidget(m_words, 2, 0, 1, 4);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(5, 1);
+    using Kind = KEdit::Kind;
+    m_sum = addFigure(grid, u"جمع ردیف‌ها :"_s, Kind::Money, true);
+    m_discount = addFigure(grid, u"تخفیف :"_s, Kind::Money, false);
+    m_taxPercent = addFigure(grid, u"درصد مالیات :"_s, Kind::Percent, false);
+    m_tax = addFigure(grid, u"مالیات :"_s, Kind::Money, false);
+    m_dutyPercent = addFigure(grid, u"درصد عوارض :"_s, Kind::Percent, false);
+    m_duty = addFigure(grid, u"عوارض :"_s, Kind::Money, false);
+    m_total = addFigure(grid, u"قابل پرداخت :"_s, Kind::Money, true);
+    m_total->setFont(LookFonts::font(LookFonts::Use::Primary));
+    m_words = new AmountWords(this);
+    m_words->setMinimumHeight(LookSizes::scaled(LookSizes::labelLine));
+    grid->addLine(m_words);
 
     const auto follow = [this](KEdit *edit, void (InvoiceFigures::*set)(double)) {
         connect(edit, &KEdit::numberEdited, this, [this, set](double number) {
@@ -216,23 +190,15 @@ QWidget *CDlgAddFactor::buildFigures()
     follow(m_tax, &InvoiceFigures::setTax);
     follow(m_dutyPercent, &InvoiceFigures::setDutyPercent);
     follow(m_duty, &InvoiceFigures::setDuty);
-    return box;
 }
 
-QWidget *CDlgAddFactor::buildFoot()
+void CDlgAddFactor::fillFooter()
 {
-    auto *box = new QWidget(this);
-    auto *row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
-    m_document = new QLabel(box);
-    m_showDocument = makeButton(u"نمایش سند"_s, u":/icons/document.svg"_s, box);
+    m_document = new QLabel(this);
+    footer()->addWidget(m_document);
+    m_showDocument = addButton(footer(), u"نمایش سند"_s, u":/icons/document.svg"_s);
     connect(m_showDocument, &QPushButton::clicked, this,
             [this] { CDlgShowDocument::Show(m_docNum, m_fiscalYear, this); });
-    row->addWidget(m_document);
-    row->addWidget(m_showDocument);
-    row->addStretch(1);
-    row->addWidget(m_showOnly ? createButtons(QString(), u"بازگشت"_s) : createButtons());
-    return box;
 }
 
 void CDlgAddFactor::load(const Invoice &invoice)

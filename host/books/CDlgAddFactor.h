@@ -6,16 +6,16 @@
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/invoices/InvoiceValues.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
 class AmountWords;
+class FormGrid;
 class KDateEdit;
-class KEdit;
 class KLinesModel;
 class KLinesView;
 class KPersonField;
 class QCheckBox;
-class QGridLayout;
 class QLabel;
 class QPushButton;
 
@@ -39,11 +39,11 @@ public:
 
 private:
     void build();
-    QWidget *buildHead();
+    void placeHead(FormGrid *grid);
     QWidget *buildLineCommands();
-    QWidget *buildFigures();
-    QWidget *buildFoot();
-    KEdit *addFigure(QGridLayout *grid, int row, int column, const QString &caption, bool percent, bool readOnly);
+    void placeFigures(FormGrid *grid);
+    void fillFooter();
+    KEdit *addFigure(FormGrid *grid, const QString &caption, KEdit::Kind kind, bool readOnly);
     void load(const Invoice &invoice);
     void applyShowMode();
     void recompute();

@@ -7,10 +7,9 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -23,18 +22,16 @@ CDlgAddService::CDlgAddService(int serviceID, QWidget *parent)
     setWindowTitle(serviceID == 0 ? u"خدمت جدید"_s : u"ویرایش خدمت"_s);
     const bool known = serviceID != 0 && m_service.IsRecordExist(u"iID"_s, serviceID);
     m_name->setMaxLength(m_service.textLength(u"sName"));
-    m_name->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
     m_code->setNumber(known ? m_service.m_iCode : CTblServices::nextCode());
     m_name->setText(m_service.m_sName);
     if (known)
         m_edit.remember([this] { store(); });
 
-    auto *form = new QFormLayout;
-    addLabelled(form, u"کد :"_s, m_code);
-    addLabelled(form, u"نام :"_s, m_name);
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(form);
-    column->addWidget(createButtons());
+    auto *page = new CardPage(480, this);
+    FormGrid *grid = page->addForm();
+    addLabelled(grid, u"کد :"_s, m_code);
+    addLabelled(grid, u"نام :"_s, m_name, 4);
+    setContent(page, createButtons());
     m_name->setFocus();
 }
 

@@ -12,14 +12,18 @@
 #include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
-#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
@@ -67,7 +71,7 @@ CDlgAccountDocs::CDlgAccountDocs(AccountLevel level, int code, const QDateTime &
     m_from->setDateTime(from);
     m_to->setDateTime(to);
     build();
-    resize(QSize(980, 560));
+    resize(LookSizes::scaled(980), LookSizes::scaled(560));
     refill();
     m_list->setFocus();
 }
@@ -78,19 +82,30 @@ void CDlgAccountDocs::Show(AccountLevel level, int code, const QDateTime &from, 
         CDlgAccountDocs(level, code, from, to, parent).exec();
 }
 
-void CDlgAccountDocs::build()
+QWidget *CDlgAccountDocs::buildFilter()
 {
-    auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s);
+    auto *search = new QPushButton(LookIcons::icon(u":/icons/search.svg"_s), u"جستجو"_s);
     search->setAccessibleName(search->text());
     connect(search, &QPushButton::clicked, this, &CDlgAccountDocs::refill);
     for (KDateEdit *edit : {m_from, m_to})
         connect(edit, &QLineEdit::returnPressed, search, &QPushButton::click);
-    auto *filter = new QHBoxLayout;
-    addLabelled(filter, u"از تاریخ :"_s, m_from);
-    addLabelled(filter, u"تا تاریخ :"_s, m_to);
-    filter->addWidget(search);
-    filter->addStretch(1);
+    auto *filter = new QWidget(this);
+    auto *line = new QHBoxLayout(filter);
+    line->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    line->setSpacing(LookSizes::unit);
+    addLabelled(line, u"از تاریخ :"_s, m_from);
+    line->addSpacing(LookSizes::unit);
+    addLabelled(line, u"تا تاریخ :"_s, m_to);
+    line->addSpacing(LookSizes::unit);
+    line->addWidget(search);
+    line->addStretch(1);
+    LookMarks::setTall(filter);
+    LookMarks::setBar(filter, LookMarks::Bar::Top);
+    return filter;
+}
 
+void CDlgAccountDocs::build()
+{
     m_list->setAccessibleName(u"گردش حساب"_s);
     m_list->setColumns({
         {u"ردیف"_s, Qt::AlignHCenter, 26, {}},
@@ -106,21 +121,21 @@ void CDlgAccountDocs::build()
     m_list->SetSettingName(u"AccountDocs\\List"_s);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAccountDocs::showDocument);
 
-    auto *printButton = new QPushButton(QIcon(u":/icons/print.svg"_s), u"چاپ"_s);
-    printButton->setAccessibleName(printButton->text());
-    printButton->setAutoDefault(false);
-    connect(printButton, &QPushButton::clicked, this, &CDlgAccountDocs::print);
-    connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
-    auto *foot = new QHBoxLayout;
-    foot->addWidget(printButton);
-    foot->addStretch(1);
-    foot->addWidget(createButtons(QString(), u"بازگشت"_s));
-
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(filter);
+    LookFonts::apply(m_totals, LookFonts::Use::Strong);
+    auto *cards = new CardPage(980);
+    QVBoxLayout *column = cards->addColumn();
     column->addWidget(m_list, 1);
     column->addWidget(m_totals);
-    column->addLayout(foot);
+    auto *page = new QWidget(this);
+    auto *pageColumn = new QVBoxLayout(page);
+    pageColumn->setContentsMargins(0, 0, 0, 0);
+    pageColumn->setSpacing(0);
+    pageColumn->addWidget(buildFilter());
+    pageColumn->addWidget(cards, 1);
+    setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    QPushButton *printButton = addButton(footer(), u"چاپ"_s, u":/icons/print.svg"_s);
+    connect(printButton, &QPushButton::clicked, this, &CDlgAccountDocs::print);
+    connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
 }
 
 void CDlgAccountDocs::refill()

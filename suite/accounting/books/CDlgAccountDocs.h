@@ -34,6 +34,7 @@ public Q_SLOTS:
 
 private:
     void build();
+    QWidget *buildFilter();
     void showDocument(int key);
 
     AccountLevel m_level;

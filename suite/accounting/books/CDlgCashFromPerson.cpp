@@ -12,16 +12,18 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -41,7 +43,7 @@ CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QStrin
     , m_words(new AmountWords)
     , m_desc(new KEdit)
     , m_date(new KDateEdit)
-    , m_account(new QComboBox)
+    , m_account(new KDropDown)
 {
     setWindowTitle(u"دریافت نقدی"_s);
     SetSettingName(u"CashFromPerson"_s);
@@ -67,25 +69,26 @@ bool CDlgCashFromPerson::receive(int personID, double amount, const QString &des
 void CDlgCashFromPerson::build()
 {
     m_person->setReadOnly(true);
-    m_person->setMinimumWidth(320);
     m_desc->setMaxLength(longestDescription);
     m_words->setObjectName(u"amountInWords"_s);
+    m_words->setMinimumHeight(LookSizes::scaled(LookSizes::labelLine));
 
+    auto *unit = new QLabel(m_settings.moneyUnitName());
+    LookFonts::applyHint(unit);
     auto *amountLine = new QHBoxLayout;
+    amountLine->setSpacing(LookSizes::unit);
     amountLine->addWidget(m_amount, 1);
-    amountLine->addWidget(new QLabel(m_settings.moneyUnitName()));
+    amountLine->addWidget(unit);
 
-    auto *form = new QFormLayout;
-    addLabelled(form, u"شخص :"_s, m_person);
-    form->addRow(labelFor(u"مبلغ :"_s, m_amount), amountLine);
-    form->addRow(QString(), m_words);
-    addLabelled(form, u"شرح :"_s, m_desc);
-    addLabelled(form, u"تاریخ :"_s, m_date);
-    addLabelled(form, u"دریافت در :"_s, m_account);
-
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addWidget(createButtons());
+    auto *page = new CardPage(560, this);
+    FormGrid *grid = page->addForm();
+    addLabelled(grid, u"شخص :"_s, m_person);
+    grid->addField(labelFor(u"مبلغ :"_s, m_amount), new FieldNote(m_amount), amountLine, 1);
+    grid->addLine(m_words);
+    addLabelled(grid, u"شرح :"_s, m_desc, 4);
+    addLabelled(grid, u"تاریخ :"_s, m_date);
+    addLabelled(grid, u"دریافت در :"_s, m_account);
+    setContent(page, createButtons());
     connect(m_amount, &KEdit::numberChanged, this, &CDlgCashFromPerson::showWords);
 }
 

@@ -8,7 +8,9 @@
 #include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
@@ -42,11 +44,12 @@ CDlgShowDocument::CDlgShowDocument(int num, int fiscalYear, QWidget *parent)
         head->setText(u"تاریخ : %1     نوع : %2     شرح : %3"_s
                           .arg(shamsiText(document.m_date.date()), DocumentKinds::name(document.m_iKind), document.m_sDesc));
     m_rows->showDocument(num, fiscalYear);
-    auto *column = new QVBoxLayout(this);
+    auto *page = new CardPage(860, this);
+    QVBoxLayout *column = page->addColumn();
     column->addWidget(head);
     column->addWidget(m_rows, 1);
-    column->addWidget(createButtons(QString(), u"بازگشت"_s));
-    resize(QSize(860, 380));
+    setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    resize(LookSizes::scaled(860), LookSizes::scaled(420));
     m_rows->list()->selectRow(0);
     m_rows->list()->setFocus();
 }
