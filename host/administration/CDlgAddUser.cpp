@@ -10,13 +10,12 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -27,21 +26,23 @@ CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
     , m_active(new QCheckBox(u"فعال"_s, this))
 {
     setWindowTitle(userID == 0 ? u"کاربر جدید"_s : u"ویرایش کاربر"_s);
-    auto *form = new QFormLayout;
-    m_user = addEdit(form, u"نام کاربری :"_s, 50);
-    m_name = addEdit(form, u"نام :"_s, 100);
-    m_password = addEdit(form, u"کلمه عبور :"_s, 200);
-    m_repeated = addEdit(form, u"تکرار کلمه عبور :"_s, 200);
+    auto *page = new CardPage(480, this);
+    FormGrid *grid = page->addForm();
+    m_user = addEdit(grid, u"نام کاربری :"_s, 50);
+    m_name = addEdit(grid, u"نام :"_s, 100);
+    grid->startRow();
+    m_password = addEdit(grid, u"کلمه عبور :"_s, 200);
+    m_repeated = addEdit(grid, u"تکرار کلمه عبور :"_s, 200);
     for (KEdit *edit : {m_password, m_repeated}) {
         edit->setEchoMode(QLineEdit::Password);
         if (userID != 0)
             edit->setPlaceholderText(u"بدون تغییر"_s);
     }
-    form->addRow(QString(), m_admin);
-    form->addRow(QString(), m_active);
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(form);
-    column->addWidget(createButtons());
+    for (QCheckBox *check : {m_admin, m_active}) {
+        grid->startRow();
+        grid->addCell(check, 4);
+    }
+    setContent(page, createButtons());
     m_active->setChecked(true);
     // Only an administrator can create another one.
     m_admin->setEnabled(GetDBSetting()->IsAdmin());
@@ -49,12 +50,11 @@ CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
     m_user->setFocus();
 }
 
-KEdit *CDlgAddUser::addEdit(QFormLayout *form, const QString &caption, int maxLength)
+KEdit *CDlgAddUser::addEdit(FormGrid *grid, const QString &caption, int maxLength)
 {
     auto *edit = new KEdit(this);
     edit->setMaxLength(maxLength);
-    edit->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
-    addLabelled(form, caption, edit);
+    addLabelled(grid, caption, edit);
     return edit;
 }
 

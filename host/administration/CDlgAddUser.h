@@ -7,9 +7,9 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/utility/frame/KDialog.h"
 
+class FormGrid;
 class KEdit;
 class QCheckBox;
-class QFormLayout;
 
 // Editor of a user; key 0 for a new one. An empty password keeps the current one.
 class CDlgAddUser : public KDialog
@@ -26,7 +26,7 @@ protected:
     bool OnOK() override;
 
 private:
-    KEdit *addEdit(QFormLayout *form, const QString &caption, int maxLength);
+    KEdit *addEdit(FormGrid *grid, const QString &caption, int maxLength);
     void load();
     bool validate();
     void write();

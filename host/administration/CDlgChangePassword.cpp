@@ -9,11 +9,10 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/frame/KWaitCursor.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -21,23 +20,22 @@ CDlgChangePassword::CDlgChangePassword(QWidget *parent)
     : KDialog(parent)
 {
     setWindowTitle(u"تغییر کلمه عبور"_s);
-    auto *form = new QFormLayout;
-    m_old = addPassword(form, u"کلمه عبور کنونی :"_s);
-    m_new = addPassword(form, u"کلمه عبور جدید :"_s);
-    m_repeated = addPassword(form, u"تکرار کلمه عبور جدید :"_s);
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(form);
-    column->addWidget(createButtons());
+    auto *page = new CardPage(480, this);
+    FormGrid *grid = page->addForm();
+    m_old = addPassword(grid, u"کلمه عبور کنونی :"_s);
+    grid->startRow();
+    m_new = addPassword(grid, u"کلمه عبور جدید :"_s);
+    m_repeated = addPassword(grid, u"تکرار کلمه عبور جدید :"_s);
+    setContent(page, createButtons());
     m_old->setFocus();
 }
 
-KEdit *CDlgChangePassword::addPassword(QFormLayout *form, const QString &caption)
+KEdit *CDlgChangePassword::addPassword(FormGrid *grid, const QString &caption)
 {
     auto *edit = new KEdit(this);
     edit->setEchoMode(QLineEdit::Password);
     edit->setMaxLength(200);
-    edit->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
-    addLabelled(form, caption, edit);
+    addLabelled(grid, caption, edit);
     return edit;
 }
 

@@ -5,8 +5,8 @@
 
 #include "suite/utility/frame/KDialog.h"
 
+class FormGrid;
 class KEdit;
-class QFormLayout;
 
 // The logged-in user changes their own password and gives the old one as proof of identity.
 class CDlgChangePassword : public KDialog
@@ -20,7 +20,7 @@ protected:
     bool OnOK() override;
 
 private:
-    KEdit *addPassword(QFormLayout *form, const QString &caption);
+    KEdit *addPassword(FormGrid *grid, const QString &caption);
 
     KEdit *m_old;
     KEdit *m_new;

@@ -11,19 +11,18 @@
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
+#include "suite/utility/look/LookFonts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -77,55 +76,57 @@ CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
 {
     m_edit.setChangesClosedDatabase(m_wasClosed);
     setWindowTitle(u"تنظیمات"_s);
-    auto *column = new QVBoxLayout(this);
-    for (QGroupBox *box : {buildCompany(), buildMoney(), buildFiscalYear(), buildCatalog()}) {
-        box->setEnabled(!m_wasClosed);
-        column->addWidget(box);
-    }
-    column->addWidget(buildDatabase());
-    column->addWidget(buildLook());
-    column->addWidget(createButtons());
-    setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    build();
     load(settings);
     m_edit.remember([this] { write(); });
 }
 
-QGroupBox *CDlgSettings::buildCompany()
+// What the office keeps cannot be changed in a closed database, but for its being closed.
+void CDlgSettings::build()
 {
-    auto *box = new QGroupBox(u"نمایشگاه"_s, this);
-    auto *button = new QPushButton(u"مشخصات نمایشگاه"_s, box);
+    auto *page = new CardPage(760, this);
+    const auto addOffice = [&](const QString &title, void (CDlgSettings::*place)(FormGrid *)) {
+        FormGrid *grid = page->addForm(title);
+        (this->*place)(grid);
+        grid->parentWidget()->setEnabled(!m_wasClosed);
+    };
+    addOffice(u"نمایشگاه"_s, &CDlgSettings::placeCompany);
+    addOffice(u"واحد پول"_s, &CDlgSettings::placeMoney);
+    addOffice(u"سال مالی"_s, &CDlgSettings::placeFiscalYear);
+    addOffice(u"نام خودرو"_s, &CDlgSettings::placeCatalog);
+    placeDatabase(page->addForm(u"پایگاه داده"_s));
+    placeLook(page->addForm(u"نمایش"_s));
+    setContent(page, createButtons());
+}
+
+void CDlgSettings::placeCompany(FormGrid *grid)
+{
+    auto *button = new QPushButton(u"مشخصات نمایشگاه"_s, this);
     button->setAccessibleName(button->text());
     button->setAutoDefault(false);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(button, &QPushButton::clicked, this, [this] { CDlgAddCompanyProps(this).exec(); });
-    auto *row = new QHBoxLayout(box);
-    row->addWidget(button);
-    row->addStretch();
-    return box;
+    grid->addCell(button, 2);
 }
 
-QGroupBox *CDlgSettings::buildMoney()
+void CDlgSettings::placeMoney(FormGrid *grid)
 {
-    auto *box = new QGroupBox(u"واحد پول"_s, this);
-    auto *form = new QFormLayout(box);
-    m_unit = new KEdit(box);
+    m_unit = new KEdit(this);
     m_unit->setMaxLength(20);
-    m_decimals = new QComboBox(box);
+    m_decimals = new KDropDown(this);
     for (int decimals = 0; decimals <= OfficeSettings::mostDecimals; ++decimals)
         m_decimals->addItem(QString::number(decimals));
-    addLabelled(form, u"نام واحد پول :"_s, m_unit);
-    addLabelled(form, u"رقم‌های اعشار :"_s, m_decimals);
-    return box;
+    addLabelled(grid, u"نام واحد پول :"_s, m_unit);
+    addLabelled(grid, u"رقم‌های اعشار :"_s, m_decimals);
 }
 
-QGroupBox *CDlgSettings::buildFiscalYear()
+void CDlgSettings::placeFiscalYear(FormGrid *grid)
 {
-    auto *box = new QGroupBox(u"سال مالی"_s, this);
-    auto *form = new QFormLayout(box);
-    m_fiscalYear = new KEdit(KEdit::Kind::Integer, box);
+    m_fiscalYear = new KEdit(KEdit::Kind::Integer, this);
     m_fiscalYear->setRange(firstShamsiYear, lastShamsiYear);
     m_fiscalYear->setMaxLength(4);
-    m_opening = new KDateEdit(box);
-    m_closing = new KDateEdit(box);
+    m_opening = new KDateEdit(this);
+    m_closing = new KDateEdit(this);
     // A year's books are those of its days unless the office says otherwise.
     connect(m_fiscalYear, &KEdit::numberEdited, this, [this](double typed) {
         const int year = static_cast<int>(typed);
@@ -134,45 +135,36 @@ QGroupBox *CDlgSettings::buildFiscalYear()
             m_closing->setDate(shamsiYearEnd(year));
         }
     });
-    addLabelled(form, u"سال مالی :"_s, m_fiscalYear);
-    addLabelled(form, u"تاریخ افتتاح :"_s, m_opening);
-    addLabelled(form, u"تاریخ پایان :"_s, m_closing);
-    return box;
+    addLabelled(grid, u"سال مالی :"_s, m_fiscalYear);
+    addLabelled(grid, u"تاریخ افتتاح :"_s, m_opening);
+    addLabelled(grid, u"تاریخ پایان :"_s, m_closing);
 }
 
-QGroupBox *CDlgSettings::buildCatalog()
+void CDlgSettings::placeCatalog(FormGrid *grid)
 {
-    auto *box = new QGroupBox(u"نام خودرو"_s, this);
-    m_catalogLocked = new QCheckBox(u"فهرست خودروها قفل است (فقط انتخاب)"_s, box);
+    m_catalogLocked = new QCheckBox(u"فهرست خودروها قفل است (فقط انتخاب)"_s, this);
     m_catalogLocked->setAccessibleName(m_catalogLocked->text());
-    auto *column = new QVBoxLayout(box);
-    column->addWidget(m_catalogLocked);
-    return box;
+    grid->addCell(m_catalogLocked, 4);
 }
 
-QGroupBox *CDlgSettings::buildDatabase()
+void CDlgSettings::placeDatabase(FormGrid *grid)
 {
-    auto *box = new QGroupBox(u"پایگاه داده"_s, this);
-    m_closed = new QCheckBox(u"پایگاه داده بسته است (فقط مشاهده)"_s, box);
+    m_closed = new QCheckBox(u"پایگاه داده بسته است (فقط مشاهده)"_s, this);
     m_closed->setAccessibleName(m_closed->text());
-    auto *note = new QLabel(u"در پایگاه داده بسته هیچ ثبت، ویرایش یا حذفی انجام نمی‌شود."_s, box);
+    auto *note = new QLabel(u"در پایگاه داده بسته هیچ ثبت، ویرایش یا حذفی انجام نمی‌شود."_s, this);
     note->setWordWrap(true);
-    auto *column = new QVBoxLayout(box);
-    column->addWidget(m_closed);
-    column->addWidget(note);
-    return box;
+    LookFonts::applyHint(note);
+    grid->addCell(m_closed, 4);
+    grid->addLine(note);
 }
 
-QGroupBox *CDlgSettings::buildLook()
+void CDlgSettings::placeLook(FormGrid *grid)
 {
-    auto *box = new QGroupBox(u"نمایش"_s, this);
-    auto *form = new QFormLayout(box);
-    m_look = new QComboBox(box);
+    m_look = new KDropDown(this);
     // In the order of HostLook::Choice.
     m_look->addItems({u"مانند سیستم"_s, u"روشن"_s, u"تیره"_s});
     m_look->setCurrentIndex(int(HostLook::choice()));
-    addLabelled(form, u"رنگ برنامه :"_s, m_look);
-    return box;
+    addLabelled(grid, u"رنگ برنامه :"_s, m_look);
 }
 
 void CDlgSettings::load(const OfficeSettings &settings)

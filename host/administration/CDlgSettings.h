@@ -6,12 +6,12 @@
 #include "suite/accounting/changes/SettingsEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
+class FormGrid;
 class KDateEdit;
 class KEdit;
 class OfficeSettings;
 class QCheckBox;
 class QComboBox;
-class QGroupBox;
 
 // What all users of the database share: the dealership's details, the money unit, the fiscal year, whether the car catalog
 // may be edited, and whether the database is closed. Of a closed database only that last one can be changed. Besides, the program's
@@ -28,12 +28,13 @@ protected:
 
 private:
     CDlgSettings(const OfficeSettings &settings, QWidget *parent);
-    QGroupBox *buildCompany();
-    QGroupBox *buildMoney();
-    QGroupBox *buildFiscalYear();
-    QGroupBox *buildCatalog();
-    QGroupBox *buildDatabase();
-    QGroupBox *buildLook();
+    void build();
+    void placeCompany(FormGrid *grid);
+    void placeMoney(FormGrid *grid);
+    void placeFiscalYear(FormGrid *grid);
+    void placeCatalog(FormGrid *grid);
+    void placeDatabase(FormGrid *grid);
+    void placeLook(FormGrid *grid);
     void load(const OfficeSettings &settings);
     bool validate();
     bool refuse(const QString &message, QWidget *field);

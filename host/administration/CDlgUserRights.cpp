@@ -9,8 +9,11 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KDropDown.h"
+#include "suite/utility/frame/CardPage.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -26,7 +29,7 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     , m_edit(userID)
     , m_grid(new RightsGridModel(this))
     , m_view(new QTableView(this))
-    , m_source(new QComboBox(this))
+    , m_source(new KDropDown(this))
 {
     CTblUsers user;
     user.IsRecordExist(u"iID"_s, userID);
@@ -34,19 +37,21 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     SetSettingName(u"UserRights"_s);
     buildView();
 
-    auto *column = new QVBoxLayout(this);
+    auto *page = new CardPage(900, this);
+    QVBoxLayout *column = page->addColumn();
     if (user.m_bAdmin != 0) {
         auto *note = new QLabel(u"این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."_s,
                                 this);
         note->setWordWrap(true);
+        LookFonts::applyHint(note);
         column->addWidget(note);
     }
     column->addLayout(buildCopyRow());
     column->addWidget(m_view, 1);
-    column->addWidget(createButtons());
+    setContent(page, createButtons(), Content::Fills);
     m_grid->setRights(m_edit.rights());
     m_edit.remember([this] { m_edit.setRights(m_grid->rights()); });
-    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().lineSpacing() * 34);
+    resize(LookSizes::scaled(900), LookSizes::scaled(680));
     m_view->setFocus();
 }
 
@@ -75,7 +80,7 @@ QLayout *CDlgUserRights::buildCopyRow()
 
     // Whom to copy from is no right yet.
     m_source->setProperty(followsSelection, true);
-    m_source->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
+    m_source->setMinimumContentsLength(20);
     auto *row = new QHBoxLayout;
     const auto addButton = [this, row](const QString &caption, auto action) {
         auto *button = new QPushButton(caption, this);
