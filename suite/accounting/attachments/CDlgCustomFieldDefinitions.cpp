@@ -9,12 +9,14 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -35,12 +37,12 @@ CDlgCustomFieldDefinitions::CDlgCustomFieldDefinitions(int table, QWidget *paren
     : KDialog(parent)
     , m_table(table)
     , m_name(new KEdit)
-    , m_type(new QComboBox)
+    , m_type(new KDropDown)
     , m_list(new KExtListCtrl)
 {
     setWindowTitle(u"تعریف فیلدهای اضافی"_s);
     SetSettingName(u"CustomFields"_s);
-    resize(560, 420);
+    resize(LookSizes::scaled(600), LookSizes::scaled(480));
     build();
     fill(0);
 }
@@ -51,9 +53,10 @@ void CDlgCustomFieldDefinitions::build()
 {
     m_name->setMaxLength(100);
     m_type->addItems(CTblCustomFields::typeNames());
-    auto *form = new QFormLayout;
-    addLabelled(form, u"نام :"_s, m_name);
-    addLabelled(form, u"نوع :"_s, m_type);
+    auto *page = new CardPage(600, this);
+    FormGrid *grid = page->addForm();
+    addLabelled(grid, u"نام :"_s, m_name);
+    addLabelled(grid, u"نوع :"_s, m_type);
 
     auto *commands = new QHBoxLayout;
     QPushButton *add = addButton(commands, u"افزودن"_s);
@@ -67,11 +70,11 @@ void CDlgCustomFieldDefinitions::build()
                         {u"نوع"_s, Qt::AlignRight, 80}});
     m_list->SetSettingName(u"CustomFields\\List"_s);
 
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addLayout(commands);
-    layout->addWidget(m_list, 1);
-    layout->addWidget(createButtons(QString(), u"بازگشت"_s));
+    grid->startRow();
+    grid->addCell(commands, 4);
+    page->addColumn()->addWidget(m_list, 1);
+    setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    LookMarks::setButton(add, LookMarks::Button::Primary);
     connect(add, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::addField);
     connect(m_renameButton, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::renameField);
     connect(m_deleteButton, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::deleteField);

@@ -13,13 +13,16 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/frame/KDialog.h"
+#include "suite/utility/frame/ScrolledPage.h"
+#include "suite/utility/frame/TabOrder.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/HostColors.h"
 
-#include <QFormLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -29,24 +32,22 @@ CDlgCustomFields::CDlgCustomFields(QWidget *parent)
     : KDialogTabPage(parent)
 {
     setTitle(u"فیلدهای اضافی"_s);
-    m_fields = new QWidget;
-    m_form = new QFormLayout(m_fields);
-    m_empty = new QLabel(u"برای این بخش فیلدی تعریف نشده است."_s);
-    m_defineButton = new QPushButton(u"تعریف فیلدها"_s);
-    m_defineButton->setAccessibleName(m_defineButton->text());
-    m_defineButton->setAutoDefault(false);
-
-    auto *area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidget(m_fields);
-    auto *buttons = new QHBoxLayout;
-    buttons->addWidget(m_defineButton);
-    buttons->addStretch();
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_empty);
-    layout->addWidget(area, 1);
-    layout->addLayout(buttons);
+    auto *content = new QWidget;
+    auto *cards = new CardStack(content);
+    m_fields = new QGroupBox(content);
+    m_form = new FormGrid(m_fields);
+    m_fields->hide();
+    m_empty = new QLabel(u"برای این بخش فیلدی تعریف نشده است."_s, content);
+    m_empty->setForegroundRole(HostColors::quietText);
+    auto *commands = new QWidget(content);
+    auto *line = new QHBoxLayout(commands);
+    line->setContentsMargins(0, 0, 0, 0);
+    m_defineButton = addButton(line, u"تعریف فیلدها"_s);
+    line->addStretch();
+    cards->addCard(m_empty);
+    cards->addCard(m_fields);
+    cards->addCard(commands);
+    fillWithScrolled(this, content);
     connect(m_defineButton, &QPushButton::clicked, this, &CDlgCustomFields::defineFields);
 }
 
@@ -88,8 +89,9 @@ void CDlgCustomFields::clearInputs()
     m_inputs.clear();
     m_read.clear();
     m_untouched.clear();
-    while (m_form->rowCount() > 0)
-        m_form->removeRow(0);
+    delete m_form;
+    qDeleteAll(m_fields->findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
+    m_form = new FormGrid(m_fields);
 }
 
 void CDlgCustomFields::load()
@@ -109,13 +111,15 @@ void CDlgCustomFields::load()
         input->setReadOnly(m_readOnly);
         if (fields.m_iType == CTblCustomFields::YesNo) {
             nameControl(input->widget(), caption);
-            m_form->addRow(QString(), input->widget());
+            m_form->addCell(input->widget());
         } else {
-            addLabelled(m_form, caption, input->widget());
+            addLabelled(m_form, caption, input->widget(), fields.m_iType == CTblCustomFields::Text ? 2 : 1);
         }
         m_inputs.push_back(std::move(input));
     }
     m_empty->setVisible(m_inputs.empty());
+    m_fields->setHidden(m_inputs.empty());
+    tabInLayoutOrder(m_fields->parentWidget());
     m_opened = true;
     m_read = values;
     m_untouched = typedValues();

@@ -13,7 +13,7 @@
 #include <vector>
 
 class CustomFieldInput;
-class QFormLayout;
+class FormGrid;
 class QLabel;
 class QPushButton;
 class QWidget;
@@ -72,7 +72,7 @@ private:
     QHash<int, QString> m_read;      // by field, as the database held it
     QHash<int, QString> m_untouched; // and as the controls wrote it before anybody changed it
     QWidget *m_fields = nullptr;
-    QFormLayout *m_form = nullptr;
+    FormGrid *m_form = nullptr;
     QLabel *m_empty = nullptr;
     QPushButton *m_defineButton = nullptr;
 };

@@ -11,13 +11,17 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/FieldLabel.h"
-#include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDir>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -80,10 +84,15 @@ void CDlgFileDocs::build()
     m_deleteButton = addButton(commands, u"حذف"_s);
     commands->addStretch();
     m_count = new QLabel;
+    LookFonts::apply(m_count, LookFonts::Use::Strong);
     commands->addWidget(m_count);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_list, 1);
-    layout->addLayout(commands);
+    auto *card = new QGroupBox(this);
+    auto *column = new QVBoxLayout(card);
+    column->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    column->setSpacing(LookSizes::unit);
+    column->addWidget(m_list, 1);
+    column->addLayout(commands);
+    (new CardStack(this))->addCard(card, true);
 
     connect(m_addButton, &QPushButton::clicked, this, &CDlgFileDocs::chooseAndAdd);
     connect(m_openButton, &QPushButton::clicked, this, [this] { openFile(m_list->currentKey()); });

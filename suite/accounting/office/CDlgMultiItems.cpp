@@ -11,9 +11,10 @@
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
@@ -57,8 +58,9 @@ void CDlgMultiItems::build()
 {
     m_name->setMaxLength(longestName);
     m_name->setProperty(followsSelection, true);
-    auto *form = new QFormLayout;
-    addLabelled(form, u"نام :"_s, m_name);
+    auto *page = new CardPage(440, this);
+    FormGrid *grid = page->addForm();
+    addLabelled(grid, u"نام :"_s, m_name, 4);
 
     auto *commands = new QHBoxLayout;
     QPushButton *add = addButton(commands, u"جديد"_s);
@@ -71,11 +73,10 @@ void CDlgMultiItems::build()
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_view->setAccessibleName(windowTitle());
 
-    auto *layout = new QVBoxLayout(this);
-    layout->addLayout(form);
-    layout->addLayout(commands);
-    layout->addWidget(m_view, 1);
-    layout->addWidget(createButtons());
+    grid->addCell(commands, 4);
+    page->addColumn()->addWidget(m_view, 1);
+    setContent(page, createButtons(), Content::Fills);
+    resize(LookSizes::scaled(440), LookSizes::scaled(480));
     connect(add, &QPushButton::clicked, this, &CDlgMultiItems::addValue);
     connect(m_renameButton, &QPushButton::clicked, this, &CDlgMultiItems::renameValue);
     connect(m_deleteButton, &QPushButton::clicked, this, &CDlgMultiItems::deleteValue);
