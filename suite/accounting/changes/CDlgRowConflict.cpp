@@ -5,14 +5,13 @@
 
 #include "suite/db/KLookup.h"
 #include "suite/db/KMySQL.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QFrame>
-#include <QGridLayout>
-#include <QHBoxLayout>
+#include <QDialogButtonBox>
 #include <QLabel>
-#include <QPixmap>
 #include <QPushButton>
 #include <QQueue>
 #include <QScrollArea>
@@ -25,8 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int sides = 3;
-constexpr QSize pictureSize(160, 120);
+constexpr int sides = ConflictTable::sides;
 
 QQueue<CDlgRowConflict::Answer> &preparedAnswers()
 {
@@ -84,19 +82,22 @@ QList<RowConflict> inOrder(QList<RowConflict> conflicts, KMySQL &record)
     std::ranges::stable_sort(conflicts, {}, position);
     return conflicts;
 }
+
+// Values that differ by less than what is shown.
+bool isSame(const ConflictTable::Line &line)
+{
+    return line.texts[0] == line.texts[1] && line.texts[1] == line.texts[2] && line.pictures[0] == line.pictures[1]
+        && line.pictures[1] == line.pictures[2];
 }
 
-bool CDlgRowConflict::Line::isSame() const
-{
-    return texts[0] == texts[1] && texts[1] == texts[2] && pictures[0] == pictures[1] && pictures[1] == pictures[2];
 }
 
-QList<CDlgRowConflict::Line> CDlgRowConflict::linesOf(const RowChanged &changed, KMySQL &record, const Caption &caption,
-                                                      const Format &format)
+QList<ConflictTable::Line> CDlgRowConflict::linesOf(const RowChanged &changed, KMySQL &record, const Caption &caption,
+                                                    const Format &format)
 {
-    QList<Line> lines;
+    QList<ConflictTable::Line> lines;
     for (const RowConflict &conflict : inOrder(changed.conflicts(), record)) {
-        Line line{labelOf(record, conflict.column, caption), {}, {}};
+        ConflictTable::Line line{labelOf(record, conflict.column, caption), {}, {}};
         if (line.caption.isEmpty())
             line.caption = conflict.column;
         const QVariant values[sides] = {conflict.opened, conflict.theirs, conflict.mine};
@@ -109,17 +110,17 @@ QList<CDlgRowConflict::Line> CDlgRowConflict::linesOf(const RowChanged &changed,
         lines.append(line);
     }
     // Of the columns of one field some may have changed only in what nobody sees; one is left to tell the user why there is a question.
-    if (std::ranges::any_of(lines, [](const Line &line) { return !line.isSame(); }))
-        lines.removeIf([](const Line &line) { return line.isSame(); });
+    if (!std::ranges::all_of(lines, isSame))
+        lines.removeIf(isSame);
     return lines;
 }
 
 CDlgRowConflict::Answer CDlgRowConflict::ask(const RowChanged &changed, KMySQL &record, const Caption &caption, const Format &format,
                                              QWidget *parent)
 {
-    const QList<Line> lines = linesOf(changed, record, caption, format);
+    const QList<ConflictTable::Line> lines = linesOf(changed, record, caption, format);
     if (!preparedAnswers().isEmpty()) {
-        for (const Line &line : lines)
+        for (const ConflictTable::Line &line : lines)
             keptLines().append(line.caption + u": "_s + line.texts[0] + u" | "_s + line.texts[1] + u" | "_s + line.texts[2]);
         return preparedAnswers().dequeue();
     }
@@ -138,98 +139,51 @@ QStringList CDlgRowConflict::takeShown()
     return std::exchange(keptLines(), {});
 }
 
-CDlgRowConflict::CDlgRowConflict(const QString &heading, const QList<Line> &lines, QWidget *parent)
+CDlgRowConflict::CDlgRowConflict(const QString &heading, const QList<ConflictTable::Line> &lines, QWidget *parent)
     : KDialog(parent)
 {
     setWindowTitle(u"تغییر هم‌زمان"_s);
     SetSettingName(u"RowConflict"_s);
-    auto *explanation = new QLabel(
-        heading + u'\n' + u"تنها فیلدهای زیر را هر دو تغییر داده‌اید؛ تغییرهای دیگر هر دو نفر در هر حال می‌ماند."_s, this);
-    explanation->setWordWrap(true);
-    explanation->setTextFormat(Qt::PlainText);
-
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(addButton(u"تغییر او بماند"_s, u"آنچه شما در این فیلدها نوشته‌اید کنار گذاشته می‌شود."_s, Answer::TakeTheirs));
-    buttons->addWidget(addButton(u"تغییر من بماند"_s, u"آنچه او در این فیلدها نوشته است از میان می‌رود."_s, Answer::TakeMine));
-    QPushButton *back = addButton(u"بازگشت به پنجره"_s, u"چیزی ذخیره نمی‌شود و آنچه نوشته‌اید در پنجره می‌ماند."_s, Answer::GoBack);
-    buttons->addWidget(back);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(explanation);
-    layout->addWidget(buildFields(lines), 1);
-    layout->addLayout(buttons);
-    resize(900, 440);
+    auto *buttons = new QDialogButtonBox(this);
+    addButton(buttons, u"تغییر او بماند"_s, u"آنچه شما در این فیلدها نوشته‌اید کنار گذاشته می‌شود."_s, Answer::TakeTheirs);
+    addButton(buttons, u"تغییر من بماند"_s, u"آنچه او در این فیلدها نوشته است از میان می‌رود."_s, Answer::TakeMine);
+    QPushButton *back = addButton(buttons, u"بازگشت به پنجره"_s, u"چیزی ذخیره نمی‌شود و آنچه نوشته‌اید در پنجره می‌ماند."_s, Answer::GoBack);
+    setContent(buildPage(heading, lines), buttons, Content::Fills);
+    resize(LookSizes::scaled(900), LookSizes::scaled(460));
     // The answer that loses nothing.
     back->setDefault(true);
+    LookMarks::setButton(back, LookMarks::Button::Primary);
     back->setFocus();
 }
 
-QWidget *CDlgRowConflict::buildFields(const QList<Line> &lines)
+QWidget *CDlgRowConflict::buildPage(const QString &heading, const QList<ConflictTable::Line> &lines)
 {
-    const QString titles[sides] = {u"هنگام باز شدن"_s, u"تغییر او"_s, u"تغییر شما"_s};
-    auto *content = new QWidget;
-    auto *grid = new QGridLayout(content);
-    grid->setHorizontalSpacing(16);
-    grid->addWidget(title(u"فیلد"_s), 0, 0);
-    for (int side = 0; side < sides; ++side) {
-        grid->addWidget(title(titles[side]), 0, side + 1);
-        grid->setColumnStretch(side + 1, 1);
-    }
-    int row = 1;
-    for (const Line &line : lines) {
-        auto *rule = new QFrame(content);
-        rule->setFrameShape(QFrame::HLine);
-        rule->setFrameShadow(QFrame::Sunken);
-        grid->addWidget(rule, row++, 0, 1, sides + 1);
-        grid->addWidget(title(line.caption), row, 0, Qt::AlignTop);
-        for (int side = 0; side < sides; ++side)
-            grid->addWidget(cell(line, side, titles[side]), row, side + 1, Qt::AlignTop);
-        ++row;
-    }
-    grid->setRowStretch(row, 1);
+    auto *explanation = new QLabel(
+        heading + u'\n' + u"تنها فیلدهای زیر را هر دو تغییر داده‌اید؛ تغییرهای دیگر هر دو نفر در هر حال می‌ماند."_s);
+    explanation->setWordWrap(true);
+    explanation->setTextFormat(Qt::PlainText);
 
     // A tab stop of its own, so that the arrow keys scroll what does not fit.
-    auto *scroll = new QScrollArea(this);
+    auto *scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::StrongFocus);
     scroll->setAccessibleName(windowTitle());
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidget(content);
-    return scroll;
+    scroll->setWidget(new ConflictTable(lines));
+
+    auto *page = new QWidget(this);
+    auto *column = new QVBoxLayout(page);
+    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    column->setSpacing(LookSizes::unit);
+    column->addWidget(explanation);
+    column->addWidget(scroll, 1);
+    return page;
 }
 
-QLabel *CDlgRowConflict::cell(const Line &line, int side, const QString &title)
+// All of one role, so that they stand in the order in which they are added.
+QPushButton *CDlgRowConflict::addButton(QDialogButtonBox *box, const QString &text, const QString &consequence, Answer answer)
 {
-    const auto position = static_cast<std::size_t>(side);
-    const QString text = line.texts[position].isEmpty() ? u"(خالی)"_s : line.texts[position];
-    auto *label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    // Figures and dates too begin at the column's right edge.
-    label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignTop);
-    label->setAccessibleName(line.caption + u"، "_s + title + u": "_s + text);
-    if (QPixmap picture; picture.loadFromData(line.pictures[position])) {
-        label->setPixmap(picture.scaled(pictureSize.boundedTo(picture.size()), Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    } else if (position > 0 && line.texts[position] != line.texts[0]) {
-        QFont changed = label->font();
-        changed.setBold(true);
-        label->setFont(changed);
-    }
-    return label;
-}
-
-QLabel *CDlgRowConflict::title(const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
-}
-
-QPushButton *CDlgRowConflict::addButton(const QString &text, const QString &consequence, Answer answer)
-{
-    auto *button = new QPushButton(text, this);
+    QPushButton *button = box->addButton(text, QDialogButtonBox::ActionRole);
     button->setAccessibleName(text);
     button->setAccessibleDescription(consequence);
     button->setToolTip(consequence);

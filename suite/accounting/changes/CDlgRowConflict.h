@@ -4,18 +4,17 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
+#include "suite/accounting/changes/ConflictTable.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <QList>
 #include <QVariant>
 
-#include <array>
 #include <functional>
 #include <optional>
 
-class QGridLayout;
-class QLabel;
+class QDialogButtonBox;
 class QPushButton;
 
 // Shows what two users changed at once, field by field: as the window opened it, as the other saved it (who, when), and as it
@@ -44,23 +43,12 @@ public:
     static QStringList takeShown();
 
 private:
-    // One field of the window: its label and the three values as the user knows them.
-    struct Line
-    {
-        QString caption;
-        std::array<QString, 3> texts;       // as opened, theirs, mine
-        std::array<QByteArray, 3> pictures; // of a picture's column; otherwise empty
+    // The label and the three values of each field as the user knows them.
+    static QList<ConflictTable::Line> linesOf(const RowChanged &changed, KMySQL &record, const Caption &caption, const Format &format);
 
-        // Values that differ by less than what is shown.
-        bool isSame() const;
-    };
-    static QList<Line> linesOf(const RowChanged &changed, KMySQL &record, const Caption &caption, const Format &format);
-
-    CDlgRowConflict(const QString &heading, const QList<Line> &lines, QWidget *parent);
-    QWidget *buildFields(const QList<Line> &lines);
-    QLabel *cell(const Line &line, int side, const QString &title);
-    QLabel *title(const QString &text);
-    QPushButton *addButton(const QString &text, const QString &consequence, Answer answer);
+    CDlgRowConflict(const QString &heading, const QList<ConflictTable::Line> &lines, QWidget *parent);
+    QWidget *buildPage(const QString &heading, const QList<ConflictTable::Line> &lines);
+    QPushButton *addButton(QDialogButtonBox *box, const QString &text, const QString &consequence, Answer answer);
 
     Answer m_answer = Answer::GoBack;
 };

@@ -4,6 +4,7 @@
 #include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/utility/look/HostColors.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
@@ -117,8 +118,30 @@ private Q_SLOTS:
             QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
             QTest::keyClick(scroll, Qt::Key_PageDown);
             QVERIFY(scroll->verticalScrollBar()->value() > 0);
-            for (const QString &button : {u"تغییر او بماند"_s, u"تغییر من بماند"_s, u"بازگشت به پنجره"_s})
-                QVERIFY(window.rect().contains(named<QPushButton>(window, button)->geometry()));
+            for (const QString &button : {u"تغییر او بماند"_s, u"تغییر من بماند"_s, u"بازگشت به پنجره"_s}) {
+                const auto *shown = named<QPushButton>(window, button);
+                QVERIFY(window.rect().contains(QRect(shown->mapTo(&window, QPoint()), shown->size())));
+            }
+        });
+    }
+
+    // Each row has its ground and a line below it, however many lines its texts take.
+    void rowsAreThoseOfAList()
+    {
+        using Role = HostColors::Role;
+        const QString wrapped = QString(u"متنی که در یک سطر جا نمی‌شود "_s).repeated(12);
+        asked({conflict(wrapped), conflict(), conflict()}, [](QWidget &window) {
+            QCoreApplication::processEvents();
+            const QWidget *table = window.findChild<QScrollArea *>()->widget();
+            const QImage shown = window.findChild<QScrollArea *>()->widget()->grab().toImage();
+            const auto at = [&shown](int y) { return shown.pixelColor(2, y); };
+            QCOMPARE(at(2), HostColors::of(Role::Header));
+            int lines = 0;
+            for (int y = 0; y < table->height(); ++y)
+                lines += at(y) == HostColors::of(Role::Line);
+            QCOMPARE(lines, 4);
+            const QColor below = at(table->height() - 2);
+            QCOMPARE(below, HostColors::of(Role::Surface));
         });
     }
 
