@@ -11,16 +11,17 @@
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/frame/KProcess.h"
+#include "suite/utility/frame/TabOrder.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -78,7 +79,7 @@ CDlgReportGenerator::CDlgReportGenerator(const ListReport &report, QWidget *pare
     , m_report(report)
 {
     SetSettingName(u"ReportGenerator"_s);
-    resize(1000, 720);
+    resize(LookSizes::scaled(1000), LookSizes::scaled(720));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     build();
 }
@@ -89,15 +90,28 @@ void CDlgReportGenerator::build()
 {
     m_pages = new KWndReportGen(this);
     auto *layout = new QVBoxLayout(this);
-    layout->addLayout(buildCommands());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(buildCommands());
     layout->addWidget(m_pages, 1);
-    layout->addLayout(buildNavigation());
+    layout->addWidget(buildNavigation());
+    tabInLayoutOrder(this);
     connect(m_pages, &KWndReportGen::pageChanged, this, &CDlgReportGenerator::showPosition);
 }
 
-QHBoxLayout *CDlgReportGenerator::buildCommands()
+QHBoxLayout *CDlgReportGenerator::makeBar(LookMarks::Bar kind)
 {
-    auto *row = new QHBoxLayout;
+    auto *bar = new QWidget(this);
+    LookMarks::setBar(bar, kind);
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    row->setSpacing(LookSizes::unit);
+    return row;
+}
+
+QWidget *CDlgReportGenerator::buildCommands()
+{
+    QHBoxLayout *row = makeBar(LookMarks::Bar::Top);
     QPushButton *print = addButton(row, u"چاپ"_s, u":/icons/print.svg"_s);
     QPushButton *pdf = addButton(row, u"ذخیره PDF"_s, u":/icons/save.svg"_s);
     QPushButton *sheet = addButton(row, u"صفحه گسترده"_s, u":/icons/document.svg"_s);
@@ -112,12 +126,13 @@ QHBoxLayout *CDlgReportGenerator::buildCommands()
     connect(sheet, &QPushButton::clicked, this, [this] { askAndSaveSpreadsheet(m_report, this); });
     connect(arrange, &QPushButton::clicked, this, &CDlgReportGenerator::arrangeLayout);
     connect(close, &QPushButton::clicked, this, &CDlgReportGenerator::reject);
-    return row;
+    LookMarks::setButton(print, LookMarks::Button::Primary);
+    return row->parentWidget();
 }
 
-QHBoxLayout *CDlgReportGenerator::buildNavigation()
+QWidget *CDlgReportGenerator::buildNavigation()
 {
-    auto *row = new QHBoxLayout;
+    QHBoxLayout *row = makeBar(LookMarks::Bar::Bottom);
     m_first = addButton(row, u"ابتدا"_s);
     m_previous = addButton(row, u"قبلی"_s);
     m_page = new QSpinBox;
@@ -128,7 +143,7 @@ QHBoxLayout *CDlgReportGenerator::buildNavigation()
     m_next = addButton(row, u"بعدی"_s);
     m_last = addButton(row, u"انتها"_s);
     row->addStretch(1);
-    m_zoom = new QComboBox;
+    m_zoom = new KDropDown;
     m_zoom->addItems({u"عرض صفحه"_s, u"تمام صفحه"_s});
     for (const double scale : scales)
         m_zoom->addItem(u"%1%"_s.arg(qRound(scale * 100)));
@@ -140,7 +155,8 @@ QHBoxLayout *CDlgReportGenerator::buildNavigation()
     connect(m_last, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->pageCount() - 1); });
     connect(m_page, &QSpinBox::valueChanged, this, [this](int page) { m_pages->showPage(page - 1); });
     connect(m_zoom, &QComboBox::activated, this, &CDlgReportGenerator::applyZoom);
-    return row;
+    LookMarks::setTall(row->parentWidget());
+    return row->parentWidget();
 }
 
 void CDlgReportGenerator::applyZoom(int choice)

@@ -6,6 +6,7 @@
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialog.h"
+#include "suite/utility/look/LookMarks.h"
 
 class KWndReportGen;
 class QComboBox;
@@ -63,8 +64,9 @@ public:
 
 private:
     void build();
-    QHBoxLayout *buildCommands();
-    QHBoxLayout *buildNavigation();
+    QHBoxLayout *makeBar(LookMarks::Bar kind);
+    QWidget *buildCommands();
+    QWidget *buildNavigation();
     bool layOut();
     void choosePrinter();
     void arrangeLayout();

@@ -10,13 +10,17 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportColumnsModel.h"
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/CardPage.h"
+#include "suite/utility/look/CardStack.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -61,40 +65,35 @@ CDlgReportLayout::CDlgReportLayout(const ListReport &report, QWidget *parent)
 {
     setWindowTitle(u"چیدمان گزارش - %1"_s.arg(report.shownTitle()));
     SetSettingName(u"ReportLayout"_s);
-    resize(860, 560);
-    auto *middle = new QHBoxLayout;
-    middle->addWidget(buildColumns(), 2);
-    middle->addWidget(buildTexts(), 3);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(buildStored());
-    layout->addLayout(middle, 1);
-    layout->addWidget(createButtons());
+    auto *page = new CardPage(1240, this);
+    placeStored(page->addForm(u"قالب های ذخیره شده"_s, FormGrid::Extent::Full));
+    page->cards()->addPair(buildColumns(), buildTexts());
+    setContent(page, createButtons());
     setFields(report.layout());
     fillNames({});
 }
 
 CDlgReportLayout::~CDlgReportLayout() = default;
 
-QGroupBox *CDlgReportLayout::buildStored()
+void CDlgReportLayout::placeStored(FormGrid *grid)
 {
-    auto *box = new QGroupBox(u"قالب های ذخیره شده"_s);
-    auto *row = new QHBoxLayout(box);
-    m_name = new QComboBox;
+    m_name = new QComboBox(this);
     m_name->setEditable(true);
     m_name->setInsertPolicy(QComboBox::NoInsert);
     m_name->lineEdit()->setMaxLength(longestName);
-    m_default = new QCheckBox(u"قالب پیش فرض"_s);
-    row->addWidget(labelFor(u"نام قالب :"_s, m_name));
-    row->addWidget(m_name, 1);
-    row->addWidget(m_default);
+    m_default = new QCheckBox(u"قالب پیش فرض"_s, this);
+    addLabelled(grid, u"نام قالب :"_s, m_name, 2);
+    grid->addCell(m_default);
+    auto *row = new QHBoxLayout;
+    grid->addCell(row, 2);
     QPushButton *save = addButton(row, u"ذخیره"_s);
     m_delete = addButton(row, u"حذف"_s);
+    row->addStretch(1);
     connect(save, &QPushButton::clicked, this, &CDlgReportLayout::saveLayout);
     connect(m_delete, &QPushButton::clicked, this, &CDlgReportLayout::deleteLayout);
     connect(m_name, &QComboBox::textActivated, this, &CDlgReportLayout::loadNamed);
     connect(m_name, &QComboBox::editTextChanged, this,
             [this](const QString &name) { m_delete->setEnabled(m_name->findText(ConvertToStandard(name)) >= 0); });
-    return box;
 }
 
 QGroupBox *CDlgReportLayout::buildColumns()
@@ -118,6 +117,8 @@ QGroupBox *CDlgReportLayout::buildColumns()
     commands->addStretch(1);
     addLabelled(commands, u"پهنا (درصد) :"_s, m_share);
     auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    layout->setSpacing(LookSizes::unit);
     layout->addWidget(m_columnList, 1);
     layout->addLayout(commands);
     connect(up, &QPushButton::clicked, this, [this] { moveColumn(-1); });
@@ -131,32 +132,33 @@ QGroupBox *CDlgReportLayout::buildColumns()
 QGroupBox *CDlgReportLayout::buildTexts()
 {
     auto *box = new QGroupBox(u"متن ها و کاغذ"_s);
-    auto *form = new QFormLayout(box);
-    auto addEdit = [form](const QString &caption) {
+    auto *grid = new FormGrid(box, FormGrid::Extent::Half);
+    auto addEdit = [grid](const QString &caption, int span) {
         auto *edit = new KEdit(KEdit::Kind::Text);
         edit->setMaxLength(longestText);
-        addLabelled(form, caption, edit);
+        addLabelled(grid, caption, edit, span);
         return edit;
     };
-    m_title = addEdit(u"عنوان :"_s);
+    m_title = addEdit(u"عنوان :"_s, 4);
     for (size_t i = 0; i < cornerCaptions.size(); ++i)
-        m_corners.insert(ReportLayout::corners().at(static_cast<int>(i)), addEdit(cornerCaptions.at(i)));
+        m_corners.insert(ReportLayout::corners().at(static_cast<int>(i)), addEdit(cornerCaptions.at(i), 2));
     auto *hint = new QLabel(u"هنگام چاپ، متن خود برنامه به جای %1، تاریخ روز به جای %2 و تعداد ردیف ها به جای %3 می آید."_s
                                 .arg(ReportLayout::ownTextMark(), ReportLayout::dateMark(), ReportLayout::countMark()));
     hint->setWordWrap(true);
-    form->addRow(hint);
-    buildPaper(form);
+    LookFonts::applyHint(hint);
+    grid->addLine(hint);
+    placePaper(grid);
     return box;
 }
 
-void CDlgReportLayout::buildPaper(QFormLayout *form)
+void CDlgReportLayout::placePaper(FormGrid *grid)
 {
-    m_orientation = new QComboBox;
+    m_orientation = new KDropDown;
     m_orientation->addItems({u"عمودی"_s, u"افقی"_s});
     m_fontSize = new QSpinBox;
     m_fontSize->setRange(static_cast<int>(ReportLayout::lowestFontSize), static_cast<int>(ReportLayout::highestFontSize));
-    addLabelled(form, u"جهت کاغذ :"_s, m_orientation);
-    addLabelled(form, u"اندازه قلم :"_s, m_fontSize);
+    addLabelled(grid, u"جهت کاغذ :"_s, m_orientation, 2);
+    addLabelled(grid, u"اندازه قلم :"_s, m_fontSize, 2);
 }
 
 void CDlgReportLayout::setFields(const ReportLayout &layout)

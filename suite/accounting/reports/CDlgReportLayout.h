@@ -12,10 +12,10 @@
 
 #include <functional>
 
+class FormGrid;
 class KEdit;
 class QCheckBox;
 class QComboBox;
-class QFormLayout;
 class QGroupBox;
 class QPushButton;
 class QSpinBox;
@@ -47,10 +47,10 @@ protected:
     bool OnOK() override;
 
 private:
-    QGroupBox *buildStored();
+    void placeStored(FormGrid *grid);
     QGroupBox *buildColumns();
     QGroupBox *buildTexts();
-    void buildPaper(QFormLayout *form);
+    void placePaper(FormGrid *grid);
     void fillNames(const QString &current);
     const CTblReportLayouts::Entry *listed(const QString &name) const;
     bool store(const QString &name);

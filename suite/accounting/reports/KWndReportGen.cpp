@@ -3,9 +3,12 @@
 
 #include "suite/accounting/reports/KWndReportGen.h"
 
+#include "suite/utility/look/HostColors.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyleOption>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -18,7 +21,6 @@ constexpr int border = 16; // of the surface around the paper, in screen dots
 constexpr double smallestScale = 0.25;
 constexpr double largestScale = 4;
 constexpr double scaleStep = 1.25;
-const QColor surfaceColor(0x8a, 0x90, 0x98);
 
 }
 
@@ -116,17 +118,45 @@ void KWndReportGen::updateBars()
 void KWndReportGen::paintEvent(QPaintEvent *)
 {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), surfaceColor);
-    if (!m_painter || m_page >= pageCount())
-        return;
+    painter.fillRect(viewport()->rect(), HostColors::of(HostColors::Role::Window));
+    if (m_painter && m_page < pageCount())
+        paintPage(painter);
+    if (hasFocus()) {
+        QStyleOptionFocusRect ring;
+        ring.initFrom(this);
+        ring.rect = viewport()->rect();
+        // Also for whoever came by the mouse: the keys turn the pages.
+        ring.state |= QStyle::State_KeyboardFocusChange;
+        painter.resetTransform();
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &ring, &painter, this);
+    }
+}
+
+// The paper is white in any look, as it will be in the printer; in a light one its edge is to be seen.
+void KWndReportGen::paintPage(QPainter &painter)
+{
     const QSizeF paper = m_painter->paperSize() * screenDotsPerDot();
     const double x = std::max(static_cast<double>(border), (viewport()->width() - paper.width()) / 2)
         - horizontalScrollBar()->value();
     painter.translate(x, border - verticalScrollBar()->value());
+    painter.fillRect(QRectF({}, paper).adjusted(-1, -1, 1, 1), HostColors::of(HostColors::Role::Line));
     painter.fillRect(QRectF({}, paper), Qt::white);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.scale(screenDotsPerDot(), screenDotsPerDot());
     m_painter->paint(painter, m_page);
+}
+
+// The area's own update does not reach its viewport.
+void KWndReportGen::focusInEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void KWndReportGen::focusOutEvent(QFocusEvent *event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
 }
 
 void KWndReportGen::resizeEvent(QResizeEvent *event)

@@ -9,6 +9,7 @@
 #include "suite/accounting/reports/ReportColumnsModel.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/reports/SampleReport.h"
@@ -117,6 +118,34 @@ private Q_SLOTS:
         QCOMPARE(offered, CDlgReportGenerator::fileName(generator.report(), suffix));
         QVERIFY(QFileInfo(path).size() > 0);
         QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"فایل «a.%1» ذخیره شد."_s.arg(suffix)});
+    }
+
+    void paperIsWhiteInEveryLook()
+    {
+        const auto back = qScopeGuard([] { HostColors::setLook(HostColors::Look::Light); });
+        for (const HostColors::Look look : {HostColors::Look::Light, HostColors::Look::Dark}) {
+            HostColors::setLook(look);
+            CDlgReportGenerator generator(sampleReport(3));
+            whileShown(generator, [&] {
+                generator.pages()->setFit(KWndReportGen::FitPage);
+                const QImage shown = generator.pages()->viewport()->grab().toImage();
+                QCOMPARE(shown.pixelColor(8, shown.height() / 2), HostColors::of(HostColors::Role::Window));
+                QCOMPARE(shown.pixelColor(shown.width() / 2, 20), QColor(Qt::white));
+            });
+        }
+    }
+
+    void focusOfThePagesShows()
+    {
+        CDlgReportGenerator generator(sampleReport(3));
+        whileShown(generator, [&] {
+            const auto shown = [&] { return generator.pages()->viewport()->grab().toImage(); };
+            generator.pages()->setFocus();
+            QTRY_VERIFY(generator.pages()->hasFocus());
+            const QImage with = shown();
+            field<QSpinBox>(&generator, u"صفحه"_s)->setFocus();
+            QVERIFY(shown() != with);
+        });
     }
 
     void previewTurnsItsPages()
