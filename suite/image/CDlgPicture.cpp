@@ -3,12 +3,18 @@
 
 #include "suite/image/CDlgPicture.h"
 
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookSizes.h"
+
 #include <QPainter>
 #include <QScreen>
 
 namespace {
 
-constexpr QSize smallest(320, 240);
+QSize smallest()
+{
+    return {LookSizes::scaled(320), LookSizes::scaled(240)};
+}
 
 // A label's colon does not belong into a title.
 QString withoutColon(QString title)
@@ -27,7 +33,7 @@ CDlgPicture::CDlgPicture(const QImage &image, const QString &title, QWidget *par
     setWindowTitle(withoutColon(title));
     setAccessibleName(windowTitle());
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    setMinimumSize(smallest);
+    setMinimumSize(smallest());
     // It has nothing else that could have the keys.
     setFocusPolicy(Qt::StrongFocus);
     setFocus();
@@ -35,7 +41,7 @@ CDlgPicture::CDlgPicture(const QImage &image, const QString &title, QWidget *par
     QSize wanted = m_image.size();
     if (wanted.width() > available.width() || wanted.height() > available.height())
         wanted.scale(available, Qt::KeepAspectRatio);
-    resize(wanted.expandedTo(smallest));
+    resize(wanted.expandedTo(smallest()));
 }
 
 QRect CDlgPicture::pictureRect() const
@@ -48,7 +54,7 @@ QRect CDlgPicture::pictureRect() const
 void CDlgPicture::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Dark).darker());
+    painter.fillRect(rect(), HostColors::of(HostColors::Role::Window));
     const QRect target = pictureRect();
     const qreal ratio = devicePixelRatioF();
     const QSize dots = (QSizeF(target.size()) * ratio).toSize();

@@ -9,12 +9,14 @@
 #include "suite/image/PictureOffer.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFileDialog>
-#include <QIcon>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
@@ -24,7 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int frameRadius = 4;
 constexpr int inset = 6;
 constexpr int largestIcon = 48;
 
@@ -214,12 +215,12 @@ void KStaticImage::activate()
 
 QSize KStaticImage::sizeHint() const
 {
-    return {240, 180};
+    return {LookSizes::scaled(240), LookSizes::scaled(180)};
 }
 
 QSize KStaticImage::minimumSizeHint() const
 {
-    return {120, 90};
+    return {LookSizes::scaled(120), LookSizes::scaled(90)};
 }
 
 // The box's own keys come to it even where the window around it has a shortcut on them.
@@ -275,7 +276,7 @@ void KStaticImage::showMenu(const QPoint &globalPosition)
     QMenu menu(this);
     auto add = [&](const QString &icon, const QString &caption, bool enabled, void (KStaticImage::*run)(),
                    const QKeySequence &keys = {}) {
-        QAction *action = menu.addAction(QIcon(icon), caption, this, run);
+        QAction *action = menu.addAction(LookIcons::icon(icon), caption, this, run);
         action->setEnabled(enabled);
         action->setShortcut(keys);
     };
@@ -288,8 +289,7 @@ void KStaticImage::showMenu(const QPoint &globalPosition)
         const QMimeData *clipboard = QApplication::clipboard()->mimeData();
         add({}, u"چسباندن"_s, clipboard && PictureOffer(*clipboard).kind() != PictureOffer::None,
             &KStaticImage::paste, QKeySequence::Paste);
-        QAction *remove = menu.addAction(QIcon(u":/icons/delete.svg"_s), u"حذف تصویر"_s, this,
-                                         [this] { clear(); });
+        QAction *remove = menu.addAction(LookIcons::icon(u":/icons/delete.svg"_s), u"حذف تصویر"_s, this, [this] { clear(); });
         remove->setEnabled(!isEmpty());
         remove->setShortcut(QKeySequence::Delete);
     }
@@ -331,18 +331,29 @@ void KStaticImage::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const bool marked = hasFocus() || m_dragOver;
-    QPen frame(palette().color(marked ? QPalette::Highlight : QPalette::Mid), marked ? 2 : 1);
-    if (m_dragOver)
-        frame.setStyle(Qt::DashLine);
+    using Role = HostColors::Role;
+    const QPen frame = framePen();
+    const qreal half = frame.style() == Qt::NoPen ? 0 : frame.widthF() / 2;
     painter.setPen(frame);
-    painter.setBrush(palette().color(m_readOnly ? QPalette::Window : QPalette::Base));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), frameRadius, frameRadius);
+    painter.setBrush(HostColors::of(m_readOnly ? Role::Sunken : Role::Surface));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), LookSizes::controlCorner, LookSizes::controlCorner);
     const QRect area = rect().adjusted(inset, inset, -inset, -inset);
     if (m_image.isNull())
         paintText(painter, area);
     else
         paintPicture(painter, area);
+}
+
+// What nothing can be put into has no frame; while a picture is held over the box, its frame says that it may be let go.
+QPen KStaticImage::framePen() const
+{
+    using Role = HostColors::Role;
+    if (!hasFocus() && !m_dragOver)
+        return m_readOnly ? QPen(Qt::NoPen) : QPen(HostColors::of(Role::Edge));
+    QPen frame(HostColors::of(Role::Accent), LookSizes::ring);
+    if (m_dragOver)
+        frame.setStyle(Qt::DashLine);
+    return frame;
 }
 
 void KStaticImage::paintPicture(QPainter &painter, const QRect &area)
@@ -370,11 +381,11 @@ void KStaticImage::paintText(QPainter &painter, const QRect &area)
     const int icon = qBound(0, area.height() - words, largestIcon);
     const int top = area.top() + (area.height() - words - icon) / 2;
     if (icon >= largestIcon / 2)
-        QIcon(u":/icons/picture.svg"_s)
-            .paint(&painter, QRect(area.center().x() - icon / 2, top, icon, icon));
+        LookIcons::icon(u":/icons/picture.svg"_s).paint(&painter, QRect(area.center().x() - icon / 2, top, icon, icon));
     if (words == 0)
         return;
-    painter.setPen(palette().color(isBroken() ? QPalette::Text : QPalette::PlaceholderText));
+    using Role = HostColors::Role;
+    painter.setPen(HostColors::of(isBroken() ? Role::Danger : Role::Hint));
     painter.drawText(QRect(area.left(), top + icon, area.width(), words), flags, stateText());
 }
 

@@ -7,6 +7,7 @@
 #include "suite/image/PictureIntake.h"
 #include "suite/image/TzImageExport.h"
 
+#include <QPen>
 #include <QWidget>
 
 class QMimeData;
@@ -89,6 +90,7 @@ private:
     void hold(const QByteArray &bytes, const QImage &image, bool modified);
     bool tell(const QString &problem);
     void showMenu(const QPoint &globalPosition);
+    QPen framePen() const;
     void paintPicture(QPainter &painter, const QRect &area);
     void paintText(QPainter &painter, const QRect &area);
 

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/image/KStaticImage.h"
+#include "suite/utility/look/HostColors.h"
 #include "tests/support/Hand.h"
 #include "tests/suite/image/PictureFiles.h"
 #include "tests/support/RegisteredTest.h"
@@ -57,6 +58,8 @@ private Q_SLOTS:
     void screenReaderLearnsNameStateAndAction();
     void pictureKeepsItsAspectAndIsSharpOnEveryScreen();
     void smallPictureIsNotBlownUp();
+    void frameTellsWhatTheBoxTakes_data();
+    void frameTellsWhatTheBoxTakes();
 
 private:
     static void show(KStaticImage &box);
@@ -486,6 +489,39 @@ void TestKStaticImage::smallPictureIsNotBlownUp()
     const QImage shown = box.grab().toImage();
     QVERIFY(shown.pixelColor(90, 100).red() > 150 && shown.pixelColor(110, 100).blue() > 150);
     QCOMPARE(shown.pixelColor(60, 100), shown.pixelColor(140, 100));
+}
+
+void TestKStaticImage::frameTellsWhatTheBoxTakes_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light") << false;
+    QTest::newRow("dark") << true;
+}
+
+void TestKStaticImage::frameTellsWhatTheBoxTakes()
+{
+    using Role = HostColors::Role;
+    QFETCH(bool, dark);
+    HostColors::setLook(dark ? HostColors::Look::Dark : HostColors::Look::Light);
+    const auto back = qScopeGuard([] { HostColors::setLook(HostColors::Look::Light); });
+    QWidget window;
+    auto *other = new QLineEdit(&window);
+    auto *box = new KStaticImage(&window);
+    box->setGeometry(0, 40, 200, 100);
+    window.resize(200, 140);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto at = [box](int x) { return box->grab().toImage().pixelColor(x, 50); };
+    other->setFocus();
+    QCOMPARE(at(0), HostColors::of(Role::Edge));
+    QCOMPARE(at(3), HostColors::of(Role::Surface));
+    box->setFocus();
+    QCOMPARE(at(0), HostColors::of(Role::Accent));
+    QCOMPARE(at(1), HostColors::of(Role::Accent));
+    box->setReadOnly(true);
+    QCOMPARE(at(0), HostColors::of(Role::Accent));
+    other->setFocus();
+    QCOMPARE(at(0), HostColors::of(Role::Sunken));
 }
 
 static const RegisteredTest<TestKStaticImage, QApplication> registeredKStaticImage;
