@@ -259,7 +259,18 @@ QSize FormGrid::sizeHint() const
 void FormGrid::setGeometry(const QRect &rect)
 {
     QLayout::setGeometry(rect);
+    showNotes();
     lay(rect, true);
+}
+
+// A note says something of its control, and goes with it.
+void FormGrid::showNotes() const
+{
+    for (const Field &field : m_fields) {
+        QWidget *note = field.note ? field.note->widget() : nullptr;
+        if (note && note->isHidden() == isShown(field))
+            note->setVisible(isShown(field));
+    }
 }
 
 void FormGrid::invalidate()

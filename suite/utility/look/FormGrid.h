@@ -87,6 +87,7 @@ private:
     std::vector<Column> columnsOf(int width) const;
     static bool isShown(const Field &field);
     static bool isText(const Row &row);
+    void showNotes() const;
     int lay(const QRect &rect, bool apply) const;
     int layRow(const Row &row, const QRect &rect, int top, bool apply) const;
 

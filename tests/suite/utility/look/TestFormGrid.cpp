@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
 #include "tests/support/RegisteredTest.h"
@@ -161,6 +162,22 @@ private Q_SLOTS:
         card.grid->activate();
         QCOMPARE(last->y(), first->y());
         QVERIFY(card.grid->heightForWidth(card.box->width()) < height);
+        delete card.box;
+    }
+
+    void noteGoesWithItsControl()
+    {
+        const Card card;
+        QLineEdit *field = card.add(u"یک :"_s);
+        show(card, 1136);
+        const FieldNote *note = FieldNote::of(field);
+        QVERIFY(note->isVisible());
+        field->hide();
+        card.grid->activate();
+        QVERIFY(!note->isVisible());
+        field->show();
+        card.grid->activate();
+        QVERIFY(note->isVisible());
         delete card.box;
     }
 
