@@ -292,7 +292,8 @@ void KDialog::keyPressEvent(QKeyEvent *event)
         pressDefaultButton();
 }
 
-// The chain starts at the window itself, so meeting it again means that no field is left.
+// The chain starts at the window itself, so meeting it again means that no field is left. What stands in the footer is no field:
+// Enter on the last one of the page confirms.
 bool KDialog::moveToNextField()
 {
     QWidget *current = focusWidget();
@@ -300,7 +301,8 @@ bool KDialog::moveToNextField()
         return false;
     for (QWidget *next = current->nextInFocusChain(); next && next != this && next != current;
          next = next->nextInFocusChain()) {
-        if (isAncestorOf(next) && next->isVisibleTo(this) && isField(next)) {
+        const bool inFooter = m_bar && m_bar->isAncestorOf(next);
+        if (isAncestorOf(next) && !inFooter && next->isVisibleTo(this) && isField(next)) {
             next->setFocus(Qt::TabFocusReason);
             return true;
         }
