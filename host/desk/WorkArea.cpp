@@ -79,10 +79,6 @@ WorkArea::WorkArea(QWidget *startPage, QWidget *parent)
     m_tabs->addTab(startPage, LookIcons::icon(u":/icons/home.svg"_s), startPage->accessibleName());
     for (const QTabBar::ButtonPosition side : {QTabBar::LeftSide, QTabBar::RightSide})
         m_tabs->tabBar()->setTabButton(0, side, nullptr);
-    // The tabs begin a little inside the window.
-    auto *edge = new QWidget(m_tabs);
-    edge->setFixedSize(LookSizes::unit, 1);
-    m_tabs->setCornerWidget(edge, Qt::TopRightCorner);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->addWidget(m_tabs);

@@ -363,6 +363,11 @@ QRect HostStyle::subElementRect(SubElement element, const QStyleOption *option, 
     }
     if (element == SE_PushButtonFocusRect || element == SE_PushButtonContents)
         return option->rect.adjusted(2, 2, -2, -2);
+    if (element == SE_TabWidgetTabBar) {
+        // Tabs begin a little inside their window.
+        const int inside = option->direction == Qt::RightToLeft ? -LookSizes::unit : LookSizes::unit;
+        return QProxyStyle::subElementRect(element, option, widget).translated(inside, 0) & option->rect;
+    }
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
