@@ -50,6 +50,7 @@ SplashWindow::SplashWindow(QWidget *parent)
     auto *bar = new QProgressBar(this);
     bar->setRange(0, 0);
     bar->setTextVisible(false);
+    bar->setFixedHeight(LookSizes::scaled(LookSizes::unit));
     bar->setAccessibleName(u"در حال انجام"_s);
 
     auto *column = new QVBoxLayout(this);

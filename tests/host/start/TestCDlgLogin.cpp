@@ -11,10 +11,13 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +36,7 @@ private Q_SLOTS:
     void emptyFieldsAreAskedFor();
     void lastUserIsRememberedAndThePasswordIsNot();
     void attemptsAreSlowed();
+    void messageMovesNothing();
     void waitOutlivesTheProgram();
     void wrongAttemptsAreLoggedWithoutWhatWasTyped();
     void attemptsAreForgottenAfterAWhileAndByTheRightPassword();
@@ -180,6 +184,27 @@ void TestCDlgLogin::attemptsAreSlowed()
     QTRY_VERIFY_WITH_TIMEOUT(login.ok->isEnabled(), 3000);
     login.ok->click();
     QCOMPARE(login.dialog.userID(), m_office.admin);
+}
+
+void TestCDlgLogin::messageMovesNothing()
+{
+    Login login;
+    login.dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&login.dialog));
+    const auto places = [&login] {
+        return QList<QRect>{login.dialog.geometry(), QRect(login.user->mapTo(&login.dialog, QPoint()), login.user->size()),
+                            QRect(login.ok->mapTo(&login.dialog, QPoint()), login.ok->size())};
+    };
+    const QList<QRect> before = places();
+    for (int attempt = 0; attempt < 2; ++attempt)
+        login.enter(u"admin"_s, u"guess"_s);
+    const auto labels = login.dialog.findChildren<QLabel *>();
+    const auto message = std::find_if(labels.cbegin(), labels.cend(), [](const QLabel *label) { return label->text().contains(u"ثانیه"_s); });
+    QVERIFY(message != labels.cend());
+    QVERIFY((*message)->isVisible());
+    QVERIFY((*message)->height() >= (*message)->fontMetrics().height());
+    QCoreApplication::processEvents();
+    QCOMPARE(places(), before);
 }
 
 void TestCDlgLogin::waitOutlivesTheProgram()
