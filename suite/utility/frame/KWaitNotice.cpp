@@ -4,6 +4,8 @@
 #include "suite/utility/frame/KWaitNotice.h"
 
 #include "suite/db/KConnection.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -70,7 +72,12 @@ void KWaitNotice::show()
     // Whoever is typing when the notice comes up gives up by Esc or by going to the button, not by the next letter.
     giveUp->setAutoDefault(false);
     m_window->setFocusPolicy(Qt::StrongFocus);
+    LookFonts::apply(m_text, LookFonts::Use::Strong);
+    LookFonts::apply(hint, LookFonts::Use::Label);
     auto *column = new QVBoxLayout(m_window);
+    constexpr int around = LookSizes::windowMargin;
+    column->setContentsMargins(around, around, around, around);
+    column->setSpacing(LookSizes::unit);
     column->addWidget(m_text);
     column->addWidget(hint);
     column->addWidget(giveUp, 0, Qt::AlignHCenter);
