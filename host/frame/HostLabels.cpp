@@ -195,7 +195,7 @@ void HostLabels::menuItem(const QStyle &style, const QStyleOptionMenuItem &optio
     painter.restore();
 }
 
-void HostLabels::menuBarItem(const QStyle &style, const QStyleOptionMenuItem &option, QPainter &painter)
+void HostLabels::menuBarItem(const QStyle &style, const QStyleOptionMenuItem &option, QPainter &painter, const QWidget *widget)
 {
     const bool enabled = stateOf(option, QStyle::State_Enabled);
     const bool chosen = enabled && (stateOf(option, QStyle::State_Selected) || stateOf(option, QStyle::State_Sunken));
@@ -212,7 +212,7 @@ void HostLabels::menuBarItem(const QStyle &style, const QStyleOptionMenuItem &op
     }
     painter.setPen(HostColors::of(!enabled ? Role::Disabled : open ? Role::OnSelect
                                                                    : Role::Text));
-    painter.drawText(option.rect, Qt::AlignCenter | Qt::TextSingleLine | shortcutFlag(style, option, nullptr), option.text);
+    painter.drawText(option.rect, Qt::AlignCenter | Qt::TextSingleLine | shortcutFlag(style, option, widget), option.text);
 }
 
 void HostLabels::groupTitle(const QStyle &style, const QStyleOptionGroupBox &option, const QRect &line, QPainter &painter)

@@ -24,7 +24,7 @@ void headerLabel(const QStyleOptionHeader &option, QPainter &painter);
 void tabShape(const QStyleOptionTab &option, QPainter &painter);
 void tabLabel(const QStyle &style, const QStyleOptionTab &option, QPainter &painter, const QWidget *widget);
 void menuItem(const QStyle &style, const QStyleOptionMenuItem &option, QPainter &painter, const QWidget *widget);
-void menuBarItem(const QStyle &style, const QStyleOptionMenuItem &option, QPainter &painter);
+void menuBarItem(const QStyle &style, const QStyleOptionMenuItem &option, QPainter &painter, const QWidget *widget);
 void groupTitle(const QStyle &style, const QStyleOptionGroupBox &option, const QRect &line, QPainter &painter);
 
 }

@@ -316,7 +316,7 @@ void HostStyle::drawControl(ControlElement element, const QStyleOption *option, 
     } else if (element == CE_MenuItem && item) {
         HostLabels::menuItem(*proxy(), *item, *painter, widget);
     } else if (element == CE_MenuBarItem && item) {
-        HostLabels::menuBarItem(*proxy(), *item, *painter);
+        HostLabels::menuBarItem(*proxy(), *item, *painter, widget);
     } else if (element == CE_MenuBarEmptyArea || element == CE_MenuEmptyArea) {
         return;
     } else if (const auto *bar = as<QStyleOptionProgressBar>(option); element == CE_ProgressBarContents && bar && bar->maximum > bar->minimum) {
