@@ -63,7 +63,7 @@ private:
             OfUser = 16      // also offered by the user's button
         };
 
-        QString text; // & before its letter
+        QString text;              // & before its letter
         QString icon;              // name in :/icons
         std::function<void()> run; // none: not in this version yet
         QKeySequence shortcut = {};
