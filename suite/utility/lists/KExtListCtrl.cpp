@@ -11,39 +11,18 @@
 #include <algorithm>
 #include <utility>
 
-#include "suite/utility/values/CodeText.h"
 #include "suite/utility/values/KSettings.h"
+#include "suite/utility/lists/CellDelegate.h"
+#include "suite/utility/lists/ColumnWidths.h"
 #include "suite/utility/lists/KListModel.h"
-#include "suite/utility/lists/NumberDelegate.h"
+#include "suite/utility/lists/ListLook.h"
+#include "suite/utility/lists/RowMenuMark.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int saveDelayMilliseconds = 500;
-
-class CellDelegate : public NumberDelegate
-{
-public:
-    using NumberDelegate::NumberDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
-    {
-        NumberDelegate::initStyleOption(option, index);
-        // A cell with colours of its own keeps them in the selected row.
-        const QVariant mark = index.data(Qt::BackgroundRole);
-        const QVariant text = index.data(Qt::ForegroundRole);
-        if (mark.isValid() && text.isValid()) {
-            option->palette.setBrush(QPalette::Highlight, mark.value<QBrush>());
-            option->palette.setBrush(QPalette::HighlightedText, text.value<QBrush>());
-        }
-        if (!index.data(KListModel::LeftToRightRole).toBool())
-            return;
-        option->direction = Qt::LeftToRight;
-        option->text = CodeText::shown(option->text);
-    }
-};
 
 QString joined(const QVector<int> &numbers)
 {
@@ -59,16 +38,6 @@ QVector<int> parted(const QString &text)
     for (const QString &part : text.split(QLatin1Char(','), Qt::SkipEmptyParts))
         numbers.append(part.toInt());
     return numbers;
-}
-
-// -1 when none is shown.
-int lastShownSection(const QHeaderView &header)
-{
-    for (int visual = header.count() - 1; visual >= 0; --visual) {
-        if (const int section = header.logicalIndex(visual); !header.isSectionHidden(section))
-            return section;
-    }
-    return -1;
 }
 
 // Whether the numbers are 0 to count - 1 in any order.
@@ -87,15 +56,15 @@ bool isOrder(QVector<int> numbers, int count)
 KExtListCtrl::KExtListCtrl(QWidget *parent)
     : QTreeView(parent)
     , m_model(new KListModel(this))
+    , m_menuMark(new RowMenuMark(this))
 {
     setModel(m_model);
-    setItemDelegate(new CellDelegate(this));
+    setItemDelegate(new CellDelegate(*m_menuMark, this));
     setLayoutDirection(Qt::RightToLeft);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
-    setAlternatingRowColors(true);
+    ListLook::apply(this);
     setSelectionMode(SingleSelection);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
@@ -107,7 +76,6 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     header()->setSectionsMovable(true);
     header()->setFirstSectionMovable(true);
     header()->setStretchLastSection(true);
-    header()->setHighlightSections(false);
     connect(header(), &QHeaderView::sectionClicked, this, &KExtListCtrl::columnClicked);
 
     m_saveTimer.setSingleShot(true);
@@ -120,13 +88,18 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
         if (!m_settingName.isEmpty())
             m_saveTimer.start();
     };
-    connect(header(), &QHeaderView::sectionResized, this, [this, layoutChanged](int section) {
+    connect(header(), &QHeaderView::sectionResized, this, [this, layoutChanged](int section, int, int size) {
+        if (const int least = leastWidth(section); size > 0 && size < least) {
+            header()->resizeSection(section, least);
+            return;
+        }
         // The last column stretches by itself, and the header does so when it pleases: with the list, or because rows came
         // and a scroll bar with them. That is no act of the user.
-        if (section != lastShownSection(*header()))
+        if (section != ListLook::lastShown(*header()))
             layoutChanged();
     });
     connect(header(), &QHeaderView::sectionMoved, this, layoutChanged);
+    connect(m_menuMark, &RowMenuMark::clicked, this, &KExtListCtrl::requestRowMenu);
     // A reset drops the selection without a word of its own.
     connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
 }
@@ -150,44 +123,39 @@ void KExtListCtrl::setColumns(const QVector<KListModel::Column> &columns)
     applyLayout();
 }
 
-// Columns that the user never touched share the list's width in the proportion of their own, as long as that leaves them
-// readable; else they keep their own width and the list scrolls. What a column needs for its amounts is taken from the others.
+// Columns that the user never touched share the list's width.
 void KExtListCtrl::fitColumns()
 {
-    constexpr double narrowest = 0.6;
     const int unit = fontMetrics().averageCharWidth();
     const QVector<KListModel::Column> &columns = m_model->columns();
-    double total = 0;
-    for (const KListModel::Column &column : columns)
-        total += column.width * unit / 4.0;
-    const double share = total > 0 ? viewport()->width() / total : 1;
-    QVector<double> widths;
-    double others = 0;
-    double lacking = 0;
-    for (int i = 0; i < columns.size(); ++i) {
-        const double width = columns[i].width * unit / 4.0 * (share < narrowest ? 1 : share);
-        const double needed = width > 0 ? amountWidth(i) : 0;
-        (needed > width ? lacking : others) += needed > width ? needed - width : width;
-        widths.append(qMax(width, needed));
-    }
-    const double left = lacking > 0 && others > lacking ? (others - lacking) / others : 1;
+    QVector<ColumnWidths::Column> wishes;
+    for (int i = 0; i < columns.size(); ++i)
+        wishes.append({columns[i].width * unit / 4.0, columns[i].width > 0 ? qMax(double(leastWidth(i)), figureWidth(i)) : 0});
+    const QVector<int> widths = ColumnWidths::shared(wishes, viewport()->width());
     m_applyingLayout = true;
     for (int i = 0; i < columns.size(); ++i)
-        header()->resizeSection(i, static_cast<int>(amountWidth(i) >= widths[i] ? widths[i] : widths[i] * left));
+        header()->resizeSection(i, widths[i]);
     m_applyingLayout = false;
 }
 
-// 0 for a column without amounts.
-double KExtListCtrl::amountWidth(int column) const
+// What the column's title needs, also with the mark of the order. 0 for a column that is not shown.
+int KExtListCtrl::leastWidth(int column) const
 {
-    const QString longest = m_model->longestAmount(column);
+    const int title = ListLook::titleWidth(*header(), column);
+    return title == 0 || m_model->columns()[column].sortKey.isEmpty() ? title : title + header()->fontMetrics().horizontalAdvance(KListModel::sortMark());
+}
+
+// 0 for a column without figures.
+double KExtListCtrl::figureWidth(int column) const
+{
+    const QString longest = m_model->longestFigure(column);
     if (longest.isEmpty())
         return 0;
     // Rows that stand out are bold.
     QFont bold = font();
     bold.setBold(true);
     const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    return QFontMetrics(bold).horizontalAdvance(longest) + 2 * margin + 1;
+        return QFontMetrics(bold).horizontalAdvance(longest) + 2 * margin + 1 + (m_menuMark->standsIn(column) ? ListLook::rowHeight(fontMetrics()) : 0);
 }
 
 void KExtListCtrl::resizeEvent(QResizeEvent *event)
@@ -217,7 +185,7 @@ void KExtListCtrl::applyLayout()
     if (widths.size() == columns) {
         m_userLayout = true;
         for (int i = 0; i < columns; ++i)
-            header()->resizeSection(i, qMax(widths[i], header()->minimumSectionSize()));
+            header()->resizeSection(i, qMax(widths[i], qMax(leastWidth(i), header()->minimumSectionSize())));
     }
     const QVector<int> order = parted(ReadSetting(m_settingName, u"sOrder"_s, QString()));
     if (isOrder(order, columns)) {
@@ -333,10 +301,46 @@ void KExtListCtrl::reportKey()
     Q_EMIT currentKeyChanged(key);
 }
 
+void KExtListCtrl::setRowMenuOffered(bool offered)
+{
+    m_menuMark->setOffered(offered);
+    // The last column's figures make room for the mark.
+    if (!m_userLayout)
+        fitColumns();
+}
+
+bool KExtListCtrl::isRowMenuOffered() const
+{
+    return m_menuMark->isOffered();
+}
+
+QString KExtListCtrl::rowMenuName()
+{
+    return RowMenuMark::name();
+}
+
+void KExtListCtrl::requestRowMenu()
+{
+    const QModelIndex row = m_model->index(currentRow(), 0);
+    if (!row.isValid() || !isRowMenuOffered())
+        return;
+    scrollTo(row);
+    Q_EMIT rowMenuRequested(viewport()->mapToGlobal(m_menuMark->place(row).bottomLeft()));
+}
+
+void KExtListCtrl::drawRow(QPainter *painter, const QStyleOptionViewItem &options, const QModelIndex &index) const
+{
+    QTreeView::drawRow(painter, options, index);
+    m_menuMark->paint(*painter, index);
+}
+
 void KExtListCtrl::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (event->matches(QKeySequence::Copy)) {
+    const bool isMenu = event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    if (isMenu && isRowMenuOffered()) {
+        requestRowMenu();
+    } else if (event->matches(QKeySequence::Copy)) {
         copyRow();
     } else if (!isEnter) {
         QTreeView::keyPressEvent(event);

@@ -10,6 +10,8 @@
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/TzUtilityExport.h"
 
+class RowMenuMark;
+
 // The suite's list: columns that the user sizes and orders, rows known by their record's key, one row selected at most.
 // The order of the rows is the caller's; a click on a title only reports the column.
 class TZUTILITY_EXPORT KExtListCtrl : public QTreeView
@@ -48,6 +50,13 @@ public:
     // See KListModel::setSortMark.
     void setSortMark(int column);
 
+    // Whether the selected row has commands of its own: then a mark at its end, the menu key and Shift+F10 ask for their menu.
+    // At first it has none.
+    void setRowMenuOffered(bool offered);
+    bool isRowMenuOffered() const;
+    // What a screen reader calls the menu.
+    static QString rowMenuName();
+
 Q_SIGNALS:
     // Double click or Enter on a row.
     void rowActivated(int key);
@@ -58,8 +67,11 @@ Q_SIGNALS:
     // 0: no row is selected any more.
     void currentKeyChanged(int key);
     void columnClicked(int column);
+    // The selected row's menu is wanted, with its corner at that place of the screen.
+    void rowMenuRequested(const QPoint &place);
 
 protected:
+    void drawRow(QPainter *painter, const QStyleOptionViewItem &options, const QModelIndex &index) const override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -70,12 +82,15 @@ protected:
 private:
     void reportKey();
     void fitColumns();
-    double amountWidth(int column) const;
+    int leastWidth(int column) const;
+    double figureWidth(int column) const;
+    void requestRowMenu();
     void applyLayout();
     void saveLayout();
     void copyRow() const;
 
     KListModel *m_model;
+    RowMenuMark *m_menuMark;
     QString m_settingName;
     QTimer m_saveTimer;
     bool m_applyingLayout = false;

@@ -12,12 +12,13 @@
 #include <QLineEdit>
 #include <QTimer>
 
-#include <algorithm>
 #include <functional>
 
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/lists/ColumnWidths.h"
 #include "suite/utility/lists/KListModel.h"
+#include "suite/utility/lists/ListLook.h"
 #include "suite/utility/lists/NumberDelegate.h"
 #include "suite/utility/values/Money.h"
 
@@ -25,6 +26,7 @@ namespace {
 
 constexpr double largestCount = 999999999;
 constexpr int countDecimals = 4;
+constexpr int entryFrame = 12; // what an entry line needs round its text
 constexpr char listOfChoice[] = "listOfChoice"; // the entry cell that a list of what fits belongs to
 
 bool isEnter(const QKeyEvent *event)
@@ -193,17 +195,16 @@ KLinesView::KLinesView(KLinesModel *lines, QWidget *parent)
     setLayoutDirection(Qt::RightToLeft);
     setModel(lines);
     setItemDelegate(new LineDelegate(this, [this] { stepOn(); }));
+    ListLook::apply(this);
     setSelectionMode(SingleSelection);
-    setAlternatingRowColors(true);
     setTabKeyNavigation(false);
     setEditTriggers(DoubleClicked | SelectedClicked | EditKeyPressed | AnyKeyPressed);
     setVerticalScrollMode(ScrollPerPixel);
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     verticalHeader()->setFixedWidth(fontMetrics().averageCharWidth() * 5);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 12);
+    verticalHeader()->setDefaultSectionSize(qMax(ListLook::rowHeight(fontMetrics()), fontMetrics().height() + entryFrame));
 }
 
 bool KLinesView::isEntryCell(int column) const
@@ -344,15 +345,13 @@ void KLinesView::resizeEvent(QResizeEvent *event)
     fitColumns();
 }
 
-// The columns share the width in the proportion of their own, as long as that leaves them readable.
 void KLinesView::fitColumns()
 {
-    constexpr double narrowest = 0.7;
     const double unit = fontMetrics().averageCharWidth() / 4.0;
-    double total = 0;
-    for (const KLinesModel::Column &column : m_lines->columns())
-        total += column.width * unit;
-    const double share = total > 0 ? std::max(viewport()->width() / total, narrowest) : 1;
+    QVector<ColumnWidths::Column> wishes;
     for (int i = 0; i < m_lines->columnCount(); ++i)
-        setColumnWidth(i, static_cast<int>(m_lines->columns().at(i).width * unit * share));
+        wishes.append({m_lines->columns().at(i).width * unit, double(ListLook::titleWidth(*horizontalHeader(), i))});
+    const QVector<int> widths = ColumnWidths::shared(wishes, viewport()->width());
+    for (int i = 0; i < widths.size(); ++i)
+        setColumnWidth(i, widths.at(i));
 }

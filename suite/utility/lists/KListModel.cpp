@@ -6,7 +6,6 @@
 #include <QBrush>
 #include <QFont>
 #include <QGuiApplication>
-#include <QPalette>
 
 #include <algorithm>
 #include <utility>
@@ -18,31 +17,35 @@ namespace {
 
 // More than a screen shows.
 constexpr int keptRows = 512;
-constexpr QChar sortMark = u'*';
+
+using HostColors::Role;
+
+QVariant brush(Role role)
+{
+    return QBrush(HostColors::of(role));
+}
 
 // How a cell stands out, if it does.
 QVariant look(const KListModel::Row &row, int column, int role)
 {
-    constexpr QRgb mustBeMended = qRgb(200, 0, 0);
     if (role == Qt::FontRole) {
         const bool isCode = column < row.cells.size() && CodeFont::isLatinCode(row.cells.at(column).text);
-        const bool isBold = row.warning || row.heading;
-        if (!isCode && !isBold)
+        if (!isCode && !row.warning && !row.heading)
             return {};
         QFont font;
-        if (isBold)
-            font.setBold(true);
+        if (row.warning || row.heading)
+            font.setWeight(row.heading ? QFont::Bold : QFont::Medium);
         if (isCode)
             font.setFamilies(CodeFont::families(QGuiApplication::font()));
         return font;
     }
-    const QPalette palette = QGuiApplication::palette();
+    const bool isGround = role == Qt::BackgroundRole;
     if (column == row.markedCell)
-        return QBrush(role == Qt::BackgroundRole ? QColor(mustBeMended) : QColor(Qt::white));
-    if (role == Qt::ForegroundRole && row.warning)
-        return QBrush(HostColors::of(HostColors::Role::Danger));
-    if (role == Qt::BackgroundRole && row.heading)
-        return palette.brush(QPalette::Button);
+        return brush(isGround ? Role::DangerSoft : Role::Danger);
+    if (row.warning && !isGround)
+        return brush(Role::Danger);
+    if (row.heading && isGround)
+        return brush(Role::Sunken);
     return {};
 }
 
@@ -53,6 +56,11 @@ KListModel::Source::~Source() = default;
 KListModel::KListModel(QObject *parent)
     : QAbstractTableModel(parent)
     , m_madeRows(keptRows) { }
+
+QChar KListModel::sortMark()
+{
+    return u'*';
+}
 
 // A run of digits with a sign, a slash or a separator would be turned round inside a line that reads from the right.
 bool KListModel::readsLeftToRight(const Column &column, const Cell &cell)
@@ -103,14 +111,14 @@ void KListModel::setRows(QVector<Row> rows)
     endResetModel();
 }
 
-QString KListModel::longestAmount(int column) const
+QString KListModel::longestFigure(int column) const
 {
     QString longest;
     for (const Row &row : m_rows) {
         if (column >= row.cells.size())
             continue;
         const Cell &cell = row.cells[column];
-        if (cell.value.typeId() == QMetaType::Double && cell.text.size() > longest.size())
+        if (cell.text.size() > longest.size() && readsLeftToRight(m_columns[column], cell))
             longest = cell.text;
     }
     return longest;
@@ -253,8 +261,11 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return cell ? cell->text : QString();
-    case Qt::TextAlignmentRole:
-        return int(column.alignment | Qt::AlignVCenter | Qt::AlignAbsolute);
+    case Qt::TextAlignmentRole: {
+        // Amounts end on one line, so that their digits stand below each other.
+        const bool isAmount = cell && cell->value.typeId() == QMetaType::Double;
+        return int((isAmount ? Qt::AlignRight : column.alignment) | Qt::AlignVCenter | Qt::AlignAbsolute);
+    }
     case SortRole:
         return !cell ? QVariant() : cell->value.isValid() ? cell->value
                                                           : QVariant(cell->text);
@@ -276,7 +287,7 @@ QVariant KListModel::headerData(int section, Qt::Orientation orientation, int ro
     if (orientation != Qt::Horizontal || section < 0 || section >= m_columns.size())
         return {};
     if (role == Qt::DisplayRole)
-        return section == m_markedColumn ? m_columns[section].title + sortMark : m_columns[section].title;
+        return section == m_markedColumn ? m_columns[section].title + sortMark() : m_columns[section].title;
     if (role == Qt::TextAlignmentRole)
         return int(Qt::AlignCenter);
     return {};

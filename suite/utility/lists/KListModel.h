@@ -28,7 +28,7 @@ public:
     struct Column
     {
         QString title;
-        Qt::Alignment alignment = Qt::AlignRight; // as it is seen, not mirrored
+        Qt::Alignment alignment = Qt::AlignRight; // as it is seen, not mirrored; amounts always end at the right
         int width = 80;                           // dialog units: quarters of the font's average character; 0: not shown
         QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
@@ -50,7 +50,7 @@ public:
         QVector<Cell> cells;
         bool warning = false; // stands out, as what is overdue
         bool heading = false; // stands out, as the title or the total of the rows around it
-        int markedCell = -1;  // column of a cell that must be mended, painted white on dark red
+        int markedCell = -1;  // column of a cell that must be mended
     };
 
     // Makes the rows of a list that is too long to hold every cell of it.
@@ -73,6 +73,7 @@ public:
     const QVector<Column> &columns() const { return m_columns; }
     // -1 when no column has the key.
     int columnOf(QStringView key) const;
+    static QChar sortMark();
     // The column whose title carries the mark "*": the rows stand in its order. -1: none, as at first.
     void setSortMark(int column);
 
@@ -83,8 +84,9 @@ public:
     // The rows behind it are counted anew. False when no row has the key.
     bool removeKey(int key);
     void clear();
-    // The longest of the amounts that the column shows; empty without any, and for a list with a source, whose rows are not made.
-    QString longestAmount(int column) const;
+    // The longest of the amounts, dates and codes that the column shows; empty without any, and for a list with a source, whose rows
+    // are not made.
+    QString longestFigure(int column) const;
     // A list with a source makes all its rows for this.
     QVector<Row> rows() const;
 

@@ -14,6 +14,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
@@ -239,8 +240,9 @@ private Q_SLOTS:
         QCOMPARE(g_pDlgWarning->takeShown(),
                  QStringList{u"1 آدرس دارای طول بیش از 80 کاراکتر می باشند، لطفا اصلاح بفرمایید."_s});
         const KListModel *model = window.list()->listModel();
-        QCOMPARE(model->index(1, 10).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));
-        QCOMPARE(model->index(1, 10).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
+        using namespace HostColors;
+        QCOMPARE(model->index(1, 10).data(Qt::BackgroundRole).value<QBrush>().color(), of(Role::DangerSoft));
+        QCOMPARE(model->index(1, 10).data(Qt::ForegroundRole).value<QBrush>().color(), of(Role::Danger));
         QVERIFY(!model->index(0, 10).data(Qt::BackgroundRole).isValid());
         // It is where the user is taken, though its column lies beyond the window's edge.
         QCOMPARE(window.list()->currentRow(), 1);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/lists/KListModel.h"
+#include "suite/utility/look/HostColors.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemModelTester>
@@ -46,6 +47,9 @@ private Q_SLOTS:
     void tenThousandRowsFillAtOnce();
     void rowsOfASourceAreMadeWhenTheyAreShown();
     void sourceKeepsTheRulesOfAModel();
+    void anOverdueRowIsInDangerAndMediumNotBold();
+    void amountsEndAtTheRight();
+    void theLongestFigureIsOneThatMustNotBeCut();
     void rowsThatStandOut();
 };
 
@@ -283,11 +287,54 @@ void TestKListModel::rowsThatStandOut()
     model.setRows({heading, marked, row(2, u"ساده"_s, 0)});
     QVERIFY(model.index(0, 0).data(Qt::FontRole).value<QFont>().bold());
     QVERIFY(model.index(0, 0).data(Qt::BackgroundRole).isValid());
-    QCOMPARE(model.index(1, 1).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(200, 0, 0));
-    QCOMPARE(model.index(1, 1).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::white));
+    using namespace HostColors;
+    QCOMPARE(model.index(1, 1).data(Qt::BackgroundRole).value<QBrush>().color(), of(Role::DangerSoft));
+    QCOMPARE(model.index(1, 1).data(Qt::ForegroundRole).value<QBrush>().color(), of(Role::Danger));
     QVERIFY(!model.index(1, 0).data(Qt::BackgroundRole).isValid());
     QVERIFY(!model.index(2, 1).data(Qt::FontRole).isValid());
     QVERIFY(!model.index(2, 1).data(Qt::ForegroundRole).isValid());
+    // In the colours of the look in use, also after it has changed.
+    setLook(Look::Dark);
+    const QColor dark = model.index(1, 1).data(Qt::ForegroundRole).value<QBrush>().color();
+    setLook(Look::Light);
+    QCOMPARE(dark, of(Role::Danger, Look::Dark));
+}
+
+void TestKListModel::anOverdueRowIsInDangerAndMediumNotBold()
+{
+    KListModel model;
+    model.setColumns(modelColumns);
+    KListModel::Row overdue = row(1, u"نام"_s, 0);
+    overdue.warning = true;
+    model.setRows({overdue});
+    QCOMPARE(model.index(0, 1).data(Qt::FontRole).value<QFont>().weight(), QFont::Medium);
+    QCOMPARE(model.index(0, 1).data(Qt::ForegroundRole).value<QBrush>().color(), HostColors::of(HostColors::Role::Danger));
+    QVERIFY(!model.index(0, 1).data(Qt::BackgroundRole).isValid());
+}
+
+// Digits of the same weight stand below each other, in whatever alignment the column's texts have.
+void TestKListModel::amountsEndAtTheRight()
+{
+    KListModel model;
+    model.setColumns({{u"مبلغ"_s, Qt::AlignCenter, 80}});
+    model.setRows({{1, {{u"2,818,800"_s, 2818800.0}}}, {2, {{u"-"_s}}}, {3, {{u"12"_s, 12}}}});
+    const auto alignment = [&model](int row) { return Qt::Alignment(model.index(row, 0).data(Qt::TextAlignmentRole).toInt()); };
+    QVERIFY(alignment(0) & Qt::AlignRight);
+    QVERIFY(alignment(0) & Qt::AlignAbsolute);
+    QVERIFY(alignment(1) & Qt::AlignHCenter);
+    QVERIFY(alignment(2) & Qt::AlignHCenter);
+}
+
+void TestKListModel::theLongestFigureIsOneThatMustNotBeCut()
+{
+    KListModel model;
+    model.setColumns({{u"a"_s}, {u"b"_s, Qt::AlignRight, 80, {}, true}, {u"c"_s, Qt::AlignRight, 80, {}, false, true}, {u"d"_s}});
+    model.setRows({{1, {{u"12,000"_s, 12000.0}, {u"1405/01/02"_s}, {u"12 ب 345"_s}, {u"a long text"_s}}},
+                   {2, {{u"7"_s, 7}, {}, {u"1"_s}, {u"x"_s}}}});
+    QCOMPARE(model.longestFigure(0), u"12,000"_s);
+    QCOMPARE(model.longestFigure(1), u"1405/01/02"_s);
+    QCOMPARE(model.longestFigure(2), u"12 ب 345"_s);
+    QCOMPARE(model.longestFigure(3), QString());
 }
 
 static const RegisteredTest<TestKListModel, QApplication> registeredKListModel;

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/utility/lists/KListCard.h"
+
+#include <QAbstractItemView>
+#include <QHBoxLayout>
+#include <QPainter>
+
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
+
+namespace {
+
+constexpr int footMargin = 12;
+constexpr int footGap = 32; // between its texts
+
+}
+
+KListCard::KListCard(QAbstractItemView *list, QWidget *parent)
+    : QFrame(parent)
+    , m_list(list)
+{
+    setFrameShape(StyledPanel);
+    LookMarks::setCard(this);
+    list->setFrameShape(NoFrame);
+    list->installEventFilter(this);
+    auto *column = new QVBoxLayout(this);
+    // Room for the ring of the focus.
+    column->setContentsMargins(LookSizes::ring, LookSizes::ring, LookSizes::ring, LookSizes::ring);
+    column->setSpacing(0);
+    column->addWidget(list, 1);
+}
+
+void KListCard::addToFoot(QWidget *text)
+{
+    if (!m_foot) {
+        auto *bar = new QWidget(this);
+        bar->setMinimumHeight(LookSizes::scaled(LookSizes::titleRow));
+        LookMarks::setBar(bar, LookMarks::Bar::Bottom);
+        m_foot = new QHBoxLayout(bar);
+        m_foot->setContentsMargins(footMargin, 0, footMargin, 0);
+        m_foot->setSpacing(footGap);
+        m_foot->addStretch(1);
+        static_cast<QVBoxLayout *>(layout())->addWidget(bar);
+    }
+    LookFonts::apply(text, LookFonts::Use::Strong);
+    m_foot->insertWidget(m_foot->count() - 1, text);
+}
+
+bool KListCard::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update();
+    return QFrame::eventFilter(watched, event);
+}
+
+void KListCard::paintEvent(QPaintEvent *event)
+{
+    QFrame::paintEvent(event);
+    if (!m_list->hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(HostColors::of(HostColors::Role::Accent), LookSizes::ring));
+    constexpr qreal half = LookSizes::ring / 2.0;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(half, half, -half, -half), LookSizes::cardCorner - half, LookSizes::cardCorner - half);
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QFrame>
+
+#include "suite/utility/TzUtilityExport.h"
+
+class QAbstractItemView;
+class QHBoxLayout;
+
+// A list and the line at its foot, which counts and sums up its rows, as one card. While the list has the focus the card shows it.
+class TZUTILITY_EXPORT KListCard : public QFrame
+{
+    Q_OBJECT
+
+public:
+    // Takes the list in.
+    explicit KListCard(QAbstractItemView *list, QWidget *parent = nullptr);
+
+    // Adds a text to the line at the foot, which is there from the first one on.
+    void addToFoot(QWidget *text);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QAbstractItemView *m_list;
+    QHBoxLayout *m_foot = nullptr;
+};
