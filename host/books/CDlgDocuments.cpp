@@ -11,6 +11,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookFonts.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -65,7 +66,7 @@ QList<KListFilter> CDlgDocuments::filterTable() const
 
 KListTraits CDlgDocuments::traits() const
 {
-    return {.readsWholeRecords = true};
+    return {.searchColumn = 6, .readsWholeRecords = true, .emptyIcon = u":/icons/document.svg"_s};
 }
 
 std::vector<KListCommand> CDlgDocuments::commands()
@@ -129,6 +130,7 @@ void CDlgDocuments::buildRowsPane()
     m_rows = new DocumentRowsPane(u"Documents\\Rows"_s, this);
     auto *title = new QLabel(u"ردیف‌های سند انتخاب‌شده"_s, this);
     title->setBuddy(m_rows->list());
+    LookFonts::apply(title, LookFonts::Use::Title);
     auto *column = static_cast<QVBoxLayout *>(layout());
     column->addWidget(title);
     column->addWidget(m_rows, 1);

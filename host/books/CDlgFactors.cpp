@@ -78,7 +78,7 @@ QList<KListFilter> CDlgFactors::filterTable() const
 
 KListTraits CDlgFactors::traits() const
 {
-    return {.readsWholeRecords = true, .makePerson = personFilter(), .filterStretches = {{1, 1}}};
+    return {.searchColumn = 6, .readsWholeRecords = true, .makePerson = personFilter(), .emptyIcon = u":/icons/receipt.svg"_s};
 }
 
 std::vector<KListCommand> CDlgFactors::commands()

@@ -36,7 +36,7 @@ QList<KListFilter> CDlgServices::filterTable() const
 
 KListTraits CDlgServices::traits() const
 {
-    return {.readsWholeRecords = true};
+    return {.searchColumn = 2, .readsWholeRecords = true};
 }
 
 std::vector<KListCommand> CDlgServices::commands()

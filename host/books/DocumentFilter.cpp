@@ -17,6 +17,6 @@ QList<KListFilter> documentFilters(const KListFilter::Choices &years)
         {.key = u"number"_s, .label = u"شماره سند :"_s, .kind = K::Number, .place = {0, 2}, .clause = number(" AND iNum=")},
         {.key = u"from"_s, .label = u"از تاریخ :"_s, .kind = K::PlainDate, .place = {0, 4}, .clause = from(" AND date>=")},
         {.key = u"to"_s, .label = u"تا تاریخ :"_s, .kind = K::PlainDate, .place = {0, 6}, .clause = upTo(" AND date<")},
-        {.key = u"description"_s, .label = u"شرح سند :"_s, .kind = K::Text, .place = {1, 0, 7}, .clause = part("sDesc")},
+        {.key = u"description"_s, .label = u"شرح سند :"_s, .kind = K::Text, .place = {1, 0, 5}, .clause = part("sDesc")},
     };
 }

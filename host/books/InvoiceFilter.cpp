@@ -12,7 +12,7 @@ QList<KListFilter> invoiceFilters(const KListFilter::Choices &types)
     using namespace FilterClauses;
     using K = KListFilter::Kind;
     return {
-        {.key = u"voided"_s, .label = u"نمایش باطل شده‌ها"_s, .kind = K::Flag, .place = {0, 8}, .clause = flag("", " AND iStatus=0")},
+        {.key = u"voided"_s, .label = u"نمایش باطل شده‌ها"_s, .kind = K::Flag, .place = {1, 0, 2}, .clause = flag("", " AND iStatus=0")},
         {.key = u"person"_s, .label = u"شخص :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND iPersonID="),
          .options = KListFilter::FindGoesHere},
         {.key = u"type"_s, .label = u"نوع :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND iType="), .choices = types},

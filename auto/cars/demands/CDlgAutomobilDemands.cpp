@@ -92,7 +92,8 @@ KListTraits CDlgAutomobilDemands::traits() const
     traits.lowestRowLimit = 0;
     traits.hasPlaceholders = true;
     traits.makePerson = personFilter();
-    traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
+    traits.emptyIcon = u":/icons/search.svg"_s;
+    traits.emptyText = u"هنوز تقاضایی ثبت نشده است."_s;
     return traits;
 }
 

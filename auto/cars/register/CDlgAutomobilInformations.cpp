@@ -121,7 +121,8 @@ KListTraits CDlgAutomobilInformations::traits() const
     traits.hasPlaceholders = true;
     traits.searchColumn = 4; // after the state and the check box, which saves the list a line of height
     traits.makePerson = personFilter();
-    traits.filterStretches = {{1, 3}, {3, 2}, {5, 2}, {7, 2}};
+    traits.emptyIcon = u":/icons/car.svg"_s;
+    traits.emptyText = u"هنوز خودرویی ثبت نشده است."_s;
     return traits;
 }
 

@@ -26,7 +26,9 @@ KFilterControl choice(const KListFilter &filter, QWidget *box)
         choose(chosen);
     };
     read();
-    return {combo, [combo] { return combo->currentData(); }, choose, read};
+    // The first choice is all there is.
+    const auto asked = [combo] { return combo->currentIndex() > 0 ? combo->currentText() : QString(); };
+    return {combo, [combo] { return combo->currentData(); }, choose, asked, read};
 }
 
 // A date that is not asked for stays in its field, for when it is ticked again; without a box the field is emptied.
@@ -42,7 +44,8 @@ KFilterControl date(bool hasBox, QWidget *box)
                     edit->setDateTime(date);
                 if (hasBox)
                     edit->setChecked(date.isValid());
-            }};
+            },
+            [edit] { return edit->isChecked() && edit->dateTime().isValid() ? edit->text() : QString(); }};
 }
 
 KEdit *line(KEdit::Kind kind, const KListFilter &filter, QWidget *box)
@@ -55,19 +58,22 @@ KEdit *line(KEdit::Kind kind, const KListFilter &filter, QWidget *box)
 
 KFilterControl text(KEdit *edit)
 {
-    return {edit, [edit] { return edit->text(); }, [edit](const QVariant &value) { edit->setText(value.toString()); }};
+    return {edit, [edit] { return edit->text(); }, [edit](const QVariant &value) { edit->setText(value.toString()); },
+            [edit] { return edit->text().trimmed(); }};
 }
 
 KFilterControl number(KEdit *edit)
 {
     return {edit, [edit] { return edit->kind() == KEdit::Kind::Integer ? QVariant(edit->integer()) : QVariant(edit->number()); },
-            [edit](const QVariant &value) { edit->setNumber(value.toDouble()); }};
+            [edit](const QVariant &value) { edit->setNumber(value.toDouble()); },
+            [edit] { return edit->number() != 0 ? edit->text() : QString(); }};
 }
 
 KFilterControl flag(const KListFilter &filter, QWidget *box)
 {
     auto *check = new QCheckBox(filter.label, box);
-    return {check, [check] { return check->isChecked(); }, [check](const QVariant &value) { check->setChecked(value.toBool()); }};
+    return {check, [check] { return check->isChecked(); }, [check](const QVariant &value) { check->setChecked(value.toBool()); },
+            [check] { return check->isChecked() ? check->text() : QString(); }};
 }
 
 }

@@ -4,8 +4,11 @@
 #include "suite/accounting/lists/KFilterForm.h"
 
 #include "suite/utility/entries/FieldLabel.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QWidget>
 
@@ -67,12 +70,30 @@ void KFilterForm::add(qsizetype index, const KFilterControl::Maker &makePerson, 
     nameControl(control, filter.accessibleName.isEmpty() ? filter.label : filter.accessibleName);
     if (filter.initial.isValid())
         item.control.set(filter.initial);
-    if (!isShown(filter))
-        control->hide();
-    else if (filter.kind == KListFilter::Kind::Flag)
-        grid->addWidget(control, filter.place.row, filter.place.column, 1, filter.place.span);
+    if (isShown(filter))
+        place(filter, item, grid);
     else
-        item.label = addLabelled(grid, filter.place.row, filter.place.column, filter.label, control, filter.place.span);
+        control->hide();
+}
+
+// A label stands close to its control, and apart from the control before it.
+void KFilterForm::place(const KListFilter &filter, Item &item, QGridLayout *grid)
+{
+    const auto &[row, column, span] = filter.place;
+    QWidget *control = item.control.widget;
+    if (filter.kind != KListFilter::Kind::Flag) {
+        item.label = addLabelled(grid, row, column, filter.label, control, span);
+        LookFonts::apply(item.label, LookFonts::Use::Label);
+        if (column > 0)
+            item.label->setContentsMargins(0, 0, LookSizes::gutter, 0);
+    } else if (column == 0) {
+        grid->addWidget(control, row, column, 1, span);
+    } else {
+        auto *line = new QHBoxLayout;
+        line->setContentsMargins(0, 0, LookSizes::gutter, 0);
+        line->addWidget(control);
+        grid->addLayout(line, row, column, 1, span);
+    }
 }
 
 qsizetype KFilterForm::indexOf(QStringView key) const
@@ -109,6 +130,7 @@ void KFilterForm::set(QStringView key, const QVariant &value)
     const KFilterControl &control = m_items[static_cast<size_t>(indexOf(key))].control;
     Q_ASSERT_X(control.widget, "KFilterForm", "a filter without a control");
     control.set(value);
+    Q_EMIT changed();
 }
 
 void KFilterForm::reset()
@@ -122,11 +144,63 @@ void KFilterForm::reset()
             control.readChoices();
         control.set(filter.initial);
     }
+    Q_EMIT changed();
+}
+
+// A check box shows more while it is ticked.
+void KFilterForm::widen()
+{
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        const KFilterControl &control = m_items[static_cast<size_t>(i)].control;
+        if (control.widget)
+            control.set(m_filters.at(i).kind == KListFilter::Kind::Flag ? QVariant(true) : QVariant());
+    }
+    Q_EMIT changed();
+}
+
+KSql KFilterForm::widestCondition(int userID) const
+{
+    KFilterValues values;
+    for (const KListFilter &filter : m_filters) {
+        if (filter.kind == KListFilter::Kind::Flag)
+            values.insert(filter.key, true);
+    }
+    return KListFilter::condition(m_filters, values, userID);
+}
+
+// The rest of it asks what it asks at first, or is not shown at all.
+bool KFilterForm::isAsking(qsizetype index) const
+{
+    const KListFilter &filter = m_filters.at(index);
+    const KFilterControl &control = m_items[static_cast<size_t>(index)].control;
+    return control.asked && isShown(filter) && !(m_selectMode && (filter.options & KListFilter::HiddenInSelect));
+}
+
+QStringList KFilterForm::asked() const
+{
+    using Kind = KListFilter::Kind;
+    QStringList conditions;
+    for (const qsizetype index : inPlaces(m_filters)) {
+        const QString asked = isAsking(index) ? m_items[static_cast<size_t>(index)].control.asked() : QString();
+        if (asked.isEmpty())
+            continue;
+        const KListFilter &filter = m_filters.at(index);
+        const bool speaksForItself = filter.kind == Kind::Choice || filter.kind == Kind::Flag;
+        const QString &label = filter.accessibleName.isEmpty() ? filter.label : filter.accessibleName;
+        conditions.append(speaksForItself ? asked : label + u' ' + asked);
+    }
+    return conditions;
+}
+
+bool KFilterForm::hasManyLines() const
+{
+    return std::any_of(m_filters.cbegin(), m_filters.cend(), [](const KListFilter &filter) { return filter.place.row > 0; });
 }
 
 void KFilterForm::readChoices(QStringView key)
 {
     m_items[static_cast<size_t>(indexOf(key))].control.readChoices();
+    Q_EMIT changed();
 }
 
 void KFilterForm::setSelectMode(bool on)
@@ -140,6 +214,7 @@ void KFilterForm::setSelectMode(bool on)
         if (item.label)
             item.label->setVisible(!on);
     }
+    Q_EMIT changed();
 }
 
 std::optional<RangeProblem> KFilterForm::backwardsRange() const

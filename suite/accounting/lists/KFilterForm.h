@@ -7,6 +7,7 @@
 #include "suite/utility/entries/EntryRange.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -37,6 +38,15 @@ public:
     void readChoices(QStringView key);
     void setSelectMode(bool on);
     KSql condition(int userID) const;
+    // The condition that leaves nothing out but what the list never shows: every filter asks for all there is.
+    KSql widestCondition(int userID) const;
+    // Sets every control to that.
+    void widen();
+    // What is asked for, in the user's words: a choice by its word, anything else with its label, in the order of the places. Choices
+    // that a list always makes are among them.
+    QStringList asked() const;
+    // Whether the filters stand on more than one line of the grid.
+    bool hasManyLines() const;
 
     // The first range that ends before it begins; none when all may be.
     std::optional<RangeProblem> backwardsRange() const;
@@ -54,6 +64,10 @@ public:
     // The control that Ctrl+F moves to; null when no filter names one.
     QWidget *findControl() const;
 
+Q_SIGNALS:
+    // A value was set, or choices were read, by the program.
+    void changed();
+
 private:
     struct Item
     {
@@ -62,8 +76,10 @@ private:
     };
 
     void add(qsizetype index, const KFilterControl::Maker &makePerson, QGridLayout *grid);
+    static void place(const KListFilter &filter, Item &item, QGridLayout *grid);
     qsizetype indexOf(QStringView key) const;
     QVariant valueAt(qsizetype index) const;
+    bool isAsking(qsizetype index) const;
 
     QList<KListFilter> m_filters;
     std::vector<Item> m_items; // as m_filters

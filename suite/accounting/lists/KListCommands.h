@@ -15,7 +15,9 @@
 #include <vector>
 
 class KCommandButton;
+class KExtListCtrl;
 class QHBoxLayout;
+class QMenu;
 class QPushButton;
 class QSpacerItem;
 
@@ -23,10 +25,10 @@ class QSpacerItem;
 struct KListCommand
 {
     enum Option {
-        NeedsRow = 1,         // enabled exactly while a row is selected
-        HiddenInReadOnly = 2, // not shown in read-only mode and on a closed database
-        HiddenInSelect = 4,   // not shown in select mode
-        NotDisplayed = 8,     // exists, but is never shown
+        NeedsRow = 1,         // enabled exactly while a row is selected; also in the row's menu
+        HiddenInReadOnly = 2, // not offered in read-only mode and on a closed database
+        HiddenInSelect = 4,   // not offered in select mode
+        NotDisplayed = 8,     // exists, but is never offered
         StartsGroup = 32,     // a gap before it
         PrintsList = 64,      // the button has a menu beside it: the other ways to take the list out
         BesideSearch = 128    // stands beside the search button, not among the commands below the list
@@ -41,9 +43,16 @@ struct KListCommand
     // A button whose right the user lacks looks disabled; the command itself checks the right. None: for everybody.
     std::optional<KSecurity::Right> needs = {};
     QString needsForm = {}; // form of the right; empty: the list's own
+
+    // Adds a row: the one whose key is Insert.
+    bool isAdding() const { return shortcut == QKeySequence(Qt::Key_Insert); }
+    // Takes the row away: the one whose key is Delete.
+    bool isRemoving() const { return shortcut == QKeySequence(QKeySequence::Delete); }
 };
 
-// The line of commands below a list: the button of each, its shortcut, and which are shown and enabled.
+// The line of commands below a list: the button of each, its shortcut, and which are offered and enabled. Those that do not fit the
+// width go, from the end, into the menu of a button "بیشتر"; their shortcuts work all the same. The commands of the selected row
+// are also in its menu.
 class TZACCOUNTING_EXPORT KListCommands : public QWidget
 {
     Q_OBJECT
@@ -52,7 +61,7 @@ public:
     // What the commands stand among.
     struct Surroundings
     {
-        QWidget *list = nullptr;                                   // Delete belongs to it, and the focus when a button loses it
+        KExtListCtrl *list = nullptr;                              // Delete belongs to it, and the focus when a button loses it
         QHBoxLayout *searchRow = nullptr;                          // null: no command stands beside the search button
         std::function<QWidget *(QWidget *parent)> makePrintMenu;   // the arrow of a command that prints the list
         std::function<void(const std::function<void()> &)> guard; // runs a command and reports what it throws
@@ -60,17 +69,32 @@ public:
     };
 
     KListCommands(std::vector<KListCommand> commands, Surroundings around, QWidget *page);
+    ~KListCommands() override;
 
-    // Adds a widget behind the commands, at the end of the line.
-    void addAtEnd(QWidget *widget);
     // Also takes the user's rights anew.
     void setMode(bool changeBlocked, bool select);
     void setRowSelected(bool selected);
 
-    // Null when no command has the id.
+    // Null when no command has the id. A button in the menu "بیشتر" is hidden.
     QPushButton *button(QStringView id) const;
+    // Whether the command is there for the user, as a button or in the menu "بیشتر".
+    bool isOffered(QStringView id) const;
     // Runs the command as its button would, if it may run now. False when it may not.
     bool run(QStringView id) const;
+    // The command that adds a row, while it is offered; else null.
+    const KListCommand *adding() const;
+
+    // The button of the menu; null until some do not fit, hidden while all fit again.
+    QPushButton *moreButton() const;
+    // Shows the menu of the selected row, with its upper left corner at that place of the screen.
+    void showRowMenu(const QPoint &place);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     struct Entry
@@ -78,14 +102,32 @@ private:
         KListCommand command;
         KCommandButton *button = nullptr;
         QWidget *menu = nullptr;    // the arrow beside it
-        QSpacerItem *gap = nullptr; // before it, where a group starts
+        QSpacerItem *gap = nullptr; // before it, where it is the first of its group in sight
+        int group = 0;
+        bool inLine = true;         // not beside the search button
+        bool offered = true;
+        bool fits = true;
     };
 
     void add(KListCommand command);
     void addShortcut(const KListCommand &command, KCommandButton *button);
+    void buildMore();
     QString hindrance(const KListCommand &command) const;
+    const Entry *entry(QStringView id) const;
+
+    int widthOf(const Entry &entry, const Entry *before) const;
+    int fullWidth() const;
+    void arrange();
+    void showEntries();
+    void fillMore();
+    void addAction(QMenu *menu, const Entry &entry) const;
 
     Surroundings m_around;
     QHBoxLayout *m_line;
+    // Made when they are needed.
+    KCommandButton *m_more = nullptr;
+    QMenu *m_moreMenu = nullptr;
+    QMenu *m_rowMenu = nullptr;
     std::vector<Entry> m_entries;
+    bool m_hasPlace = false; // whether the page has given it one
 };

@@ -3,20 +3,21 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
-#include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/lists/KListRows.h"
+#include "suite/accounting/lists/RowArchiving.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
+#include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
 #include <QKeyEvent>
@@ -61,12 +62,24 @@ void KListPage::build()
 
     buildFilterBox();
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    layout->setSpacing(LookSizes::unit);
     layout->addWidget(m_filterBox);
-    layout->addWidget(m_list, 1);
+    layout->addWidget(buildCard(), 1);
     buildCommands();
     layout->addWidget(m_commands);
     tabInLayoutOrder(this);
     connectList();
+}
+
+QWidget *KListPage::buildCard()
+{
+    auto *card = new KListCard(m_list, this);
+    m_count = new QLabel(u"تعداد : -"_s, card);
+    card->addToFoot(m_count);
+    m_empty = new KEmptyState(m_list);
+    connect(m_empty, &KEmptyState::pressed, this, [this] { guarded([this] { mendEmptiness(); }); });
+    return card;
 }
 
 void KListPage::connectList()
@@ -92,7 +105,12 @@ void KListPage::buildFilterBox()
         m_traits, filterTable(), [this](QGridLayout *grid) { buildFilters(grid); }, this);
     connect(m_filterBox, &KListFilterBox::searchAsked, this, &KListPage::search);
     auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(find, &QShortcut::activated, this, [this] { firstFilterControl()->setFocus(Qt::ShortcutFocusReason); });
+    connect(find, &QShortcut::activated, this, [this] {
+        m_filterBox->open();
+        firstFilterControl()->setFocus(Qt::ShortcutFocusReason);
+    });
+    auto *fold = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(fold, &QShortcut::activated, m_filterBox, &KListFilterBox::toggle);
     auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(refresh, &QShortcut::activated, this, &KListPage::searchInPlace);
 }
@@ -130,6 +148,7 @@ void KListPage::takeDatabaseState()
     m_closed = GetDBSetting()->IsClosedDB();
     m_commands->setMode(isReadOnly(), m_selectMode);
     updateCommands();
+    updateEmptyState();
 }
 
 void KListPage::buildCommands()
@@ -139,8 +158,6 @@ void KListPage::buildCommands()
                                     [this](const std::function<void()> &work) { guarded(work); },
                                     FormName()},
                                    this);
-    m_count = new QLabel(u"تعداد : -"_s, m_commands);
-    m_commands->addAtEnd(m_count);
 }
 
 KListCommand KListPage::printCommand(int options)
@@ -170,6 +187,7 @@ void KListPage::open()
         return;
     m_opened = true;
     m_filterBox->readRowLimit(m_section);
+    m_filterBox->readFolding(m_section);
     m_order.read();
     m_list->setSortMark(m_order.markedColumn());
     takeDatabaseState();
@@ -254,6 +272,7 @@ void KListPage::fill(const KSql &filter)
     m_list->setUpdatesEnabled(true);
     updateCommands();
     updateCount();
+    m_filterBox->showConditions();
 }
 
 void KListPage::fillInPlace(const KSql &filter)
@@ -314,10 +333,21 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
     beginRows();
     QVector<KListModel::Row> rows = makeRows(set);
     completeRows(rows);
+    m_isTableEmpty = rows.isEmpty() && !hasFurtherRows(set);
     m_leftOut = rowLimit() > 0 && set.GetRecordsCount() >= rowLimit() ? set.CountMatching() - rows.size() : 0;
     // The rows hold all that the list shows; the record set need not keep a second copy of them.
     set.Close();
     return rows;
+}
+
+// Whether the list would show rows with another filter. One without filters shows all there is.
+bool KListPage::hasFurtherRows(KMySQL &records) const
+{
+    const KSql widest = filters().widestCondition(GetDBSetting()->GetUserID());
+    if (filters().filters().isEmpty() || filterClauses() == widest)
+        return false;
+    records.m_filter = listed(records, widest);
+    return records.CountMatching() > 0;
 }
 
 QVector<KListModel::Row> KListPage::makeRows(KMySQL &records)
@@ -357,6 +387,38 @@ void KListPage::updateCount()
     if (m_leftOut > 0)
         text += u" از "_s + DToMoney(static_cast<double>(m_list->count() + m_leftOut), 0);
     m_count->setText(text);
+    updateEmptyState();
+}
+
+// Not for a list that has not been filled: nobody knows what is in its table.
+void KListPage::updateEmptyState()
+{
+    const bool isEmpty = m_filledWith && m_list->count() == 0;
+    const KListCommand *adding = m_commands->adding();
+    if (!isEmpty)
+        m_empty->dismiss();
+    else if (!m_isTableEmpty)
+        m_empty->say(u":/icons/search.svg"_s, u"با این فیلتر چیزی یافت نشد."_s, u"پاک کردن فیلتر"_s, u":/icons/filter.svg"_s);
+    else if (adding)
+        m_empty->say(m_traits.emptyIcon, m_traits.emptyText, adding->caption, adding->icon);
+    else
+        m_empty->say(m_traits.emptyIcon, m_traits.emptyText);
+}
+
+// What a list's own reset keeps may be what leaves nothing over.
+void KListPage::mendEmptiness()
+{
+    if (m_isTableEmpty) {
+        if (const KListCommand *adding = m_commands->adding())
+            m_commands->run(adding->id);
+        return;
+    }
+    resetFilter();
+    refill();
+    if (m_list->count() == 0 && !m_isTableEmpty) {
+        filters().widen();
+        refill();
+    }
 }
 
 void KListPage::sortBy(int column)
@@ -427,29 +489,10 @@ void KListPage::recordDeleted(int key)
     const int row = m_list->currentRow();
     m_list->removeKey(key);
     restoreSelection(row);
+    if (m_list->count() == 0)
+        m_isTableEmpty = !hasFurtherRows(records());
     updateCommands();
     updateCount();
-}
-
-namespace {
-
-// False when the row is archived already. Throws RowChanged when it is gone.
-bool archiveRow(KMySQL &record, int key, const std::function<void(KMySQL &)> &archive)
-{
-    bool archived = false;
-    KTransaction::runReplayable([&] {
-        OfficeClosing::requireOpen();
-        if (!record.lockRecord(key))
-            throw RowChanged(RowChanged::Kind::Gone, record, key);
-        archived = record.value(u"iArchiveUserID").toInt() == 0;
-        if (!archived)
-            return;
-        archive(record);
-        KChangeLog::note(record.GetTableName(), key, KChange::Kind::Archived);
-    });
-    return archived;
-}
-
 }
 
 void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive)
@@ -465,7 +508,7 @@ void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<
         return;
     const std::unique_ptr<KMySQL> record = makeRecord();
     try {
-        const bool archived = archiveRow(*record, key, archive);
+        const bool archived = RowArchiving::run(*record, key, archive);
         (archived ? g_pDlgMessage : g_pDlgWarning)->Show(archived ? texts.done : texts.alreadyArchived, this);
     } catch (const RowChanged &gone) {
         g_pDlgWarning->Show(gone.userMessage(), this);

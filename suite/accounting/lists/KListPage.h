@@ -19,6 +19,7 @@
 
 using namespace Qt::StringLiterals;
 
+class KEmptyState;
 class KExtListCtrl;
 class KMySQL;
 class QGridLayout;
@@ -70,7 +71,14 @@ public:
 
     KExtListCtrl *list() const { return m_list; }
     KFilterForm &filters() const { return m_filterBox->filters(); }
+    // Hidden also where it is offered in the menu "بیشتر"; see isOffered.
     QPushButton *button(QStringView id) const { return m_commands->button(id); }
+    // Whether the user has the command in the mode that the page is in, as a button or in that menu.
+    bool isOffered(QStringView id) const { return m_commands->isOffered(id); }
+    KListFilterBox *filterBox() const { return m_filterBox; }
+    KListCommands *commandLine() const { return m_commands; }
+    // What the list says instead of rows; hidden while it has some.
+    KEmptyState *emptyState() const { return m_empty; }
     QString countText() const;
     QString sortExpression() const { return m_order.sort(); }
     // 0: no limit.
@@ -159,6 +167,7 @@ protected:
 private:
     void connectList();
     void buildFilterBox();
+    QWidget *buildCard();
     void buildCommands();
     void withReport(const std::function<void(ListReport &)> &work);
     void search();
@@ -175,6 +184,9 @@ private:
     QVector<KListModel::Row> makeRows(KMySQL &records);
     void restoreSelection(int rememberedRow);
     void updateCount();
+    bool hasFurtherRows(KMySQL &records) const;
+    void updateEmptyState();
+    void mendEmptiness();
 
     QString m_section;
     KListTraits m_traits;
@@ -186,6 +198,7 @@ private:
     int m_chosenKey = 0;
     std::optional<KSql> m_filledWith; // the filter of the rows; none while there are none to refresh
     qint64 m_leftOut = 0;                // rows that the limit kept out
+    bool m_isTableEmpty = false;         // the last fill found no row with any filter
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
     QList<KListColumn> m_columnTable;
@@ -194,4 +207,5 @@ private:
     KListFilterBox *m_filterBox = nullptr;
     KListCommands *m_commands = nullptr;
     QLabel *m_count = nullptr;
+    KEmptyState *m_empty = nullptr;
 };

@@ -4,9 +4,9 @@
 #include "suite/accounting/lists/KListPrinting.h"
 
 #include "suite/accounting/reports/CDlgReportGenerator.h"
+#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QIcon>
 #include <QMenu>
 #include <QToolButton>
 
@@ -29,15 +29,15 @@ void KListPrinting::print() const
 QWidget *KListPrinting::makeMenu(QWidget *parent, const std::function<bool()> &mayArrange) const
 {
     auto *arrow = new QToolButton(parent);
-    arrow->setArrowType(Qt::DownArrow);
+    arrow->setIcon(LookIcons::icon(u":/icons/chevron.svg"_s));
     arrow->setFocusPolicy(Qt::TabFocus);
     arrow->setToolTip(u"خروجی های دیگر"_s);
     arrow->setAccessibleName(arrow->toolTip());
-    auto *menu = new QMenu(arrow);
+    auto *menu = new QMenu(arrow->toolTip(), arrow);
     const auto add = [&](const QString &caption, const QString &icon, const Work &work) {
-        return menu->addAction(QIcon(icon), caption, m_page, [withReport = m_withReport, work] { withReport(work); });
+        return menu->addAction(LookIcons::icon(icon), caption, m_page, [withReport = m_withReport, work] { withReport(work); });
     };
-    menu->addAction(QIcon(u":/icons/print.svg"_s), u"پیش نمایش چاپ"_s, m_page, [printing = *this] { printing.print(); });
+    menu->addAction(LookIcons::icon(u":/icons/print.svg"_s), u"پیش نمایش چاپ"_s, m_page, [printing = *this] { printing.print(); });
     add(u"ذخیره PDF"_s, u":/icons/save.svg"_s,
         [page = m_page](ListReport &report) { CDlgReportGenerator::askAndSavePdf(report, page); });
     add(u"صفحه گسترده"_s, u":/icons/document.svg"_s,

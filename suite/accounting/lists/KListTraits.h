@@ -5,8 +5,6 @@
 
 #include "suite/accounting/lists/KFilterControl.h"
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 // Where a list differs from most. What stands here is how most lists are.
@@ -23,5 +21,6 @@ struct KListTraits
     bool hasPlaceholders = false;                    // true: the table gets rows of editors that are open, which no list shows
     bool readsWholeRecords = false;                  // true: every column of the record is fetched, not only those that the table reads
     KFilterControl::Maker makePerson = {};           // the field of a person filter; a list that has one sets it
-    QList<std::pair<int, int>> filterStretches = {}; // columns of the filter's grid that take the room left, with their shares
+    QString emptyIcon = u":/icons/table.svg"_s;      // beside what the list says while it has no rows
+    QString emptyText = u"هنوز ردیفی ثبت نشده است."_s; // what it says while its table has none
 };

@@ -110,7 +110,7 @@ QList<KListFilter> CDlgPersons::filterTable() const
 
 KListTraits CDlgPersons::traits() const
 {
-    return {.filterStretches = {{1, 1}}};
+    return {.emptyIcon = u":/icons/users.svg"_s};
 }
 
 std::vector<KListCommand> CDlgPersons::commands()

@@ -16,6 +16,7 @@ KFilterControl::Maker personFilter(const QString &clearCaption)
                         field->clear();
                     else
                         field->setPersonID(person.toInt());
-                }};
+                },
+                [field] { return field->personID() != 0 ? field->name() : QString(); }};
     };
 }

@@ -93,7 +93,7 @@ QList<KListFilter> CDlgAlarms::filterTable() const
 
 KListTraits CDlgAlarms::traits() const
 {
-    return {.readsWholeRecords = true};
+    return {.readsWholeRecords = true, .emptyIcon = u":/icons/reminder.svg"_s};
 }
 
 std::vector<KListCommand> CDlgAlarms::commands()

@@ -17,6 +17,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/office/TestOffice.h"
@@ -94,6 +95,8 @@ class TestContractListAtWork : public QObject
         auto *page = new CDlgAutomobilContracts(m_window.get());
         auto *layout = new QVBoxLayout(m_window.get());
         layout->addWidget(page);
+        // Room for the open filter and for all commands.
+        m_window->resize(LookSizes::scaled(1400), LookSizes::scaled(700));
         m_window->show();
         page->setFocus();
         m_window->activateWindow();
@@ -275,6 +278,43 @@ private Q_SLOTS:
         QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"description"));
     }
 
+    void findOpensAFoldedFilterAndItsKeyFoldsItAgain()
+    {
+        addNamed(u"a"_s);
+        auto &page = shownPage();
+        m_window->resize(LookSizes::scaled(900), LookSizes::scaled(600));
+        QTRY_VERIFY(page.filterBox()->isFolded());
+        page.list()->setFocus();
+        QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(!page.filterBox()->isFolded());
+        QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"description"));
+        QTest::keyClick(page.focusWidget(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(page.filterBox()->isFolded());
+        // It was asked for by the user, so that the list comes back like that.
+        m_window->resize(LookSizes::scaled(1400), LookSizes::scaled(600));
+        QCoreApplication::processEvents();
+        QVERIFY(page.filterBox()->isFolded());
+        page.filterBox()->toggle();
+    }
+
+    void onANarrowPageEveryCommandIsInSightOrInTheMenu()
+    {
+        addNamed(u"a"_s);
+        auto &page = shownPage();
+        m_window->resize(LookSizes::scaled(900), LookSizes::scaled(600));
+        QCOMPARE(m_window->width(), LookSizes::scaled(900));
+        QTRY_VERIFY(page.commandLine()->moreButton() && page.commandLine()->moreButton()->isVisible());
+        QVERIFY(!page.button(u"fullReport")->isVisible());
+        QVERIFY(page.isOffered(u"fullReport"));
+        bool opened = false;
+        TestOffice::whenModal("CDlgAutomobilContractSetting", [&opened](QWidget *window) {
+            opened = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(u"settings"));
+        QVERIFY(opened);
+    }
+
     void tabGoesThroughTheFilterTheRowsAndTheCommandsAndRoundAgain()
     {
         addNamed(u"a"_s);
@@ -289,7 +329,7 @@ private Q_SLOTS:
             QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
         } while (page.focusWidget() != start && met.size() < 60);
         // A date's second stop is its check box.
-        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s}));
+        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s, u"باز و بسته کردن فيلتر"_s}));
     }
 
     void deleteKeyDeletesOnTheListAndACharacterInAnEntry()
@@ -607,6 +647,7 @@ private Q_SLOTS:
         page->setSelectMode(true);
         KDialogHolder holder(page);
         TestOffice::whenModal("KDialogHolder", [page](QWidget *window) {
+            page->filterBox()->open();
             page->filters().control<KEdit>(u"explanation")->setFocus();
             QTest::keyClicks(page->filters().control<KEdit>(u"explanation"), u"tw"_s);
             QTest::keyClick(page->filters().control<KEdit>(u"explanation"), Qt::Key_Return);

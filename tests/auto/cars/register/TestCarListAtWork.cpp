@@ -14,6 +14,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
@@ -64,6 +65,8 @@ class TestCarListAtWork : public QObject
         auto *page = new Page(m_window.get());
         auto *layout = new QVBoxLayout(m_window.get());
         layout->addWidget(page);
+        // Room for the open filter.
+        m_window->resize(LookSizes::scaled(1300), LookSizes::scaled(700));
         m_window->show();
         page->setFocus();
         m_window->activateWindow();

@@ -6,6 +6,7 @@
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KCommandButton.h"
+#include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -58,7 +59,15 @@ public:
     int added = 0;
     KSql typed; // a further clause, before the others
 
+    bool keepsName = false; // a reset leaves the name that is asked for
+
     void deleteCurrent() { deleteSelected(); }
+    void dropRows() { emptyList(); }
+    void resetFilter() override
+    {
+        if (!keepsName)
+            KListPage::resetFilter();
+    }
 
 protected:
     QList<KListColumn> columnTable() const override
@@ -70,7 +79,7 @@ protected:
     QList<KListFilter> filterTable() const override
     {
         using namespace FilterClauses;
-        return {{.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .options = KListFilter::FindGoesHere},
+        return {{.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .clause = part("it.sName"), .options = KListFilter::FindGoesHere},
                 {.key = u"itemType"_s, .clause = always(" AND it.iType=7")},
                 {.key = u"grouping"_s, .clause = always(" GROUP BY it.iID")}};
     }
@@ -79,7 +88,8 @@ protected:
         if (!m_traits.hasSearchButton)
             return {};
         return {
-            {.id = u"add"_s, .caption = u"جدید"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { ++added; }, .needs = Write},
+            {.id = u"add"_s, .caption = u"جدید"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { ++added; },
+             .shortcut = QKeySequence(Qt::Key_Insert), .needs = Write},
             {.id = u"remove"_s, .caption = u"حذف"_s, .options = KListCommand::NeedsRow, .run = [] {}, .shortcut = QKeySequence(QKeySequence::Delete), .needs = Delete},
             {.id = u"report"_s, .caption = u"گزارش"_s, .run = [] {}, .needs = Access, .needsForm = u"AutoFullReport"_s},
         };
@@ -115,8 +125,11 @@ KEdit *rowLimit(const SampleList &page)
 
 QPushButton *searchButton(const SampleList &page)
 {
-    const QList<QPushButton *> buttons = page.findChildren<QPushButton *>();
-    return buttons.isEmpty() ? nullptr : buttons.constFirst();
+    for (QPushButton *button : page.findChildren<QPushButton *>()) {
+        if (button->accessibleName() == u"جستجو"_s)
+            return button;
+    }
+    return nullptr;
 }
 
 }
@@ -445,6 +458,97 @@ private Q_SLOTS:
         GetDBSetting()->SetClosedDB(false);
         page.refreshIfStale();
         QVERIFY(!page.button(u"add")->isHidden());
+    }
+
+    void anEmptyTableOffersItsFirstRow()
+    {
+        m_office->database.run(u"DELETE FROM Items"_s);
+        SampleList page;
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        const KEmptyState *empty = page.emptyState();
+        QVERIFY(empty->isVisible());
+        QCOMPARE(empty->sentence(), u"هنوز ردیفی ثبت نشده است."_s);
+        QCOMPARE(empty->button()->text(), u"جدید"_s);
+        empty->button()->click();
+        QCOMPARE(page.added, 1);
+        // Where nothing may be added, nothing is offered.
+        GetDBSetting()->SetClosedDB(true);
+        page.refresh();
+        QVERIFY(empty->isVisible());
+        QVERIFY(!empty->button());
+        GetDBSetting()->SetClosedDB(false);
+        addItem(u"d"_s, u"4"_s);
+        page.refresh();
+        QVERIFY(!empty->isVisible());
+    }
+
+    void aFilterThatFindsNothingCanBeCleared()
+    {
+        SampleList page;
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        QVERIFY(!page.emptyState()->isVisible());
+        page.filters().set(u"name", u"zzz"_s);
+        searchButton(page)->click();
+        QVERIFY(page.emptyState()->isVisible());
+        QCOMPARE(page.emptyState()->sentence(), u"با این فیلتر چیزی یافت نشد."_s);
+        QCOMPARE(page.emptyState()->button()->text(), u"پاک کردن فیلتر"_s);
+        page.emptyState()->button()->setFocus();
+        QTest::keyClick(page.emptyState()->button(), Qt::Key_Space);
+        QCOMPARE(page.list()->count(), 3);
+        QVERIFY(!page.emptyState()->isVisible());
+        QCOMPARE(page.focusWidget(), page.list());
+        QVERIFY(page.filters().value(u"name").toString().isEmpty());
+    }
+
+    // A reset that keeps part of the filter would leave the list as empty as it was.
+    void whatAResetKeepsIsClearedToo()
+    {
+        SampleList page;
+        page.keepsName = true;
+        page.open();
+        page.filters().set(u"name", u"zzz"_s);
+        page.refill();
+        page.emptyState()->button()->click();
+        QCOMPARE(page.list()->count(), 3);
+    }
+
+    void deletingTheLastRowLeavesAnEmptyTable()
+    {
+        m_office->database.run(u"DELETE FROM Items WHERE sName<>'a'"_s);
+        SampleList page;
+        page.open();
+        page.list()->selectRow(0);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        page.deleteCurrent();
+        QCOMPARE(page.list()->count(), 0);
+        QVERIFY(!page.emptyState()->isHidden());
+        QCOMPARE(page.emptyState()->sentence(), u"هنوز ردیفی ثبت نشده است."_s);
+    }
+
+    void aListThatHasNotBeenFilledSaysNothing()
+    {
+        SampleList page;
+        QVERIFY(page.emptyState()->isHidden());
+        page.open();
+        page.dropRows();
+        QCOMPARE(page.list()->count(), 0);
+        QVERIFY(page.emptyState()->isHidden());
+    }
+
+    void tabGoesFromTheListToTheOfferInIt()
+    {
+        m_office->database.run(u"DELETE FROM Items"_s);
+        SampleList page;
+        page.show();
+        page.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        page.list()->setFocus();
+        QTest::keyClick(page.list(), Qt::Key_Tab);
+        QCOMPARE(page.focusWidget(), page.emptyState()->button());
+        QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
+        QCOMPARE(page.focusWidget(), page.button(u"add"));
     }
 
     void aCommandWithoutItsRightLooksDisabledAndSaysWhy()
