@@ -7,7 +7,11 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
+#include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCoreApplication>
@@ -44,19 +48,22 @@ CatalogPanel::CatalogPanel(const QString &heading, const QString &section, QWidg
     m_list->SetSettingName(section);
 
     auto *search = new QHBoxLayout;
-    addLabelled(search, heading + u" :"_s, m_filter, 1);
+    LookFonts::apply(addLabelled(search, heading + u" :"_s, m_filter, 1), LookFonts::Use::Label);
     auto *commands = new QHBoxLayout;
     m_add = makeButton(u"جديد"_s, QKeySequence(Qt::Key_Insert), this, commands);
     m_edit = makeButton(u"ويرايش"_s, QKeySequence(Qt::Key_F2), this, commands);
     // Delete belongs to the entry line while that has the focus.
     m_delete = makeButton(u"حذف"_s, QKeySequence(QKeySequence::Delete), m_list, commands);
     commands->addStretch(1);
-    commands->addWidget(m_count);
+    auto *card = new KListCard(m_list, this);
+    card->addToFoot(m_count);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(LookSizes::unit);
     layout->addLayout(search);
-    layout->addWidget(m_list, 1);
+    layout->addWidget(card, 1);
     layout->addLayout(commands);
+    LookMarks::setTall(m_filter);
 
     connect(m_filter, &KEdit::textChanged, this, &CatalogPanel::filterEdited);
     connect(m_add, &QPushButton::clicked, this, &CatalogPanel::addRequested);

@@ -11,6 +11,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/frame/CardPage.h"
+#include "suite/utility/lists/ListLook.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 
@@ -59,12 +60,11 @@ void CDlgUserRights::buildView()
 {
     m_view->setModel(m_grid);
     m_view->setAccessibleName(u"جدول دسترسی‌ها"_s);
-    m_view->setAlternatingRowColors(true);
+    ListLook::apply(m_view);
     m_view->setSelectionMode(QAbstractItemView::SingleSelection);
     // Tab leaves the grid, the arrow keys move in it, the space bar ticks.
     m_view->setTabKeyNavigation(false);
     m_view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    m_view->horizontalHeader()->setHighlightSections(false);
     // The leading edge is the right one here.
     m_view->verticalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);

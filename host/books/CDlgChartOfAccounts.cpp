@@ -19,7 +19,12 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/lists/KListCard.h"
+#include "suite/utility/lists/ListLook.h"
 #include "suite/utility/lists/NumberDelegate.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/frame/TabOrder.h"
@@ -119,12 +124,10 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     m_tree->setAccessibleName(title());
     m_tree->setLayoutDirection(Qt::RightToLeft);
     m_tree->setUniformRowHeights(true);
-    m_tree->setAllColumnsShowFocus(true);
-    m_tree->setAlternatingRowColors(true);
+    ListLook::apply(m_tree);
     m_tree->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tree->setExpandsOnDoubleClick(false);
     m_tree->header()->setSectionsMovable(false);
-    m_tree->header()->setDefaultAlignment(Qt::AlignCenter);
     // Always there, so that the columns keep their place when accounts are opened and closed.
     m_tree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     m_tree->installEventFilter(this);
@@ -132,8 +135,13 @@ CDlgChartOfAccounts::CDlgChartOfAccounts(QWidget *parent)
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CDlgChartOfAccounts::takeSelection);
 
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
+    layout->setSpacing(LookSizes::unit);
+    auto *card = new KListCard(m_tree, this);
+    m_count = new QLabel(card);
+    card->addToFoot(m_count);
     layout->addWidget(buildFilter());
-    layout->addWidget(m_tree, 1);
+    layout->addWidget(card, 1);
     layout->addWidget(buildCommands());
     tabInLayoutOrder(this);
 }
@@ -152,9 +160,10 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     m_text = new KEdit(box);
     m_from = new KDateEdit(box);
     m_to = new KDateEdit(box);
-    addLabelled(row, u"کد یا نام :"_s, m_text);
-    addLabelled(row, u"مانده از تاریخ :"_s, m_from);
-    addLabelled(row, u"تا تاریخ :"_s, m_to);
+    row->setSpacing(LookSizes::unit);
+    for (QLabel *label : {addLabelled(row, u"کد یا نام :"_s, m_text, 1), addLabelled(row, u"مانده از تاریخ :"_s, m_from),
+                          addLabelled(row, u"تا تاریخ :"_s, m_to)})
+        LookFonts::apply(label, LookFonts::Use::Label);
     m_inactive = new QCheckBox(u"نمایش غیرفعال‌ها"_s, box);
     m_inactive->setAccessibleName(m_inactive->text());
     m_inactive->setChecked(true);
@@ -162,7 +171,6 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     search->setAccessibleName(search->text());
     search->setAutoDefault(true);
     row->addWidget(m_inactive);
-    row->addStretch(1);
     row->addWidget(search);
     connect(search, &QPushButton::clicked, this, [this] { guarded(&CDlgChartOfAccounts::refill); });
     for (QLineEdit *edit : {static_cast<QLineEdit *>(m_text), static_cast<QLineEdit *>(m_from), static_cast<QLineEdit *>(m_to)})
@@ -171,6 +179,8 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     connect(find, &QShortcut::activated, this, [this] { m_text->setFocus(Qt::ShortcutFocusReason); });
     auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(refresh, &QShortcut::activated, search, &QPushButton::click);
+    search->setToolTip(refresh->key().toString(QKeySequence::NativeText));
+    LookMarks::setTall(box);
     return box;
 }
 
@@ -204,22 +214,23 @@ QWidget *CDlgChartOfAccounts::buildCommands()
     auto *box = new QWidget(this);
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(LookSizes::unit);
     addCommand(row, u"حساب کل جدید"_s, u"new"_s, QKeySequence(Qt::SHIFT | Qt::Key_Insert),
                &CDlgChartOfAccounts::addGeneral, Write);
     m_addBelow = addCommand(row, u"زیرحساب جدید"_s, u"new"_s, QKeySequence(Qt::Key_Insert),
                             &CDlgChartOfAccounts::addBelow, Write);
+    LookMarks::setButton(m_addBelow, LookMarks::Button::Primary);
     m_rename = addCommand(row, u"تغییر نام"_s, u"edit"_s, QKeySequence(Qt::Key_F2),
                           &CDlgChartOfAccounts::rename, Modify);
     m_toggle = addCommand(row, u"فعال / غیرفعال"_s, u"archive"_s, {},
                           &CDlgChartOfAccounts::toggleActive, Modify);
-    row->addSpacing(12);
+    row->addSpacing(LookSizes::sideGap - LookSizes::unit);
     m_documents = addCommand(row, u"گردش حساب"_s, u"document"_s, {},
                              &CDlgChartOfAccounts::showDocuments, Read, u"Documents"_s);
     addCommand(row, u"چاپ"_s, u"print"_s, QKeySequence(QKeySequence::Print),
                &CDlgChartOfAccounts::print, PrintList);
     row->addStretch(1);
-    m_count = new QLabel(box);
-    row->addWidget(m_count);
+    LookMarks::setTall(box);
     return box;
 }
 

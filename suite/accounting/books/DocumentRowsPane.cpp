@@ -5,6 +5,7 @@
 
 #include "suite/accounting/books/DocumentRows.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/values/Money.h"
 
 #include <QLabel>
@@ -44,8 +45,9 @@ DocumentRowsPane::DocumentRowsPane(const QString &settingName, QWidget *parent)
     m_list->SetSettingName(settingName);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(m_list, 1);
-    column->addWidget(m_totals);
+    auto *card = new KListCard(m_list, this);
+    card->addToFoot(m_totals);
+    column->addWidget(card, 1);
     setFocusProxy(m_list);
 }
 

@@ -13,6 +13,7 @@
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/CardPage.h"
+#include "suite/utility/lists/ListLook.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
@@ -104,6 +105,7 @@ QGroupBox *CDlgReportLayout::buildColumns()
     m_columnList->setAccessibleName(box->title());
     m_columnList->setRootIsDecorated(false);
     m_columnList->setUniformRowHeights(true);
+    ListLook::apply(m_columnList);
     m_columnList->setModel(m_columns);
     m_columnList->header()->setStretchLastSection(false);
     m_columnList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
