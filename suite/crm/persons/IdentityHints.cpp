@@ -8,7 +8,7 @@
 #include "suite/crm/persons/NationalCode.h"
 #include "suite/utility/entries/FieldNote.h"
 
-#include <QLabel>
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -67,19 +67,5 @@ void IdentityHints::show(const QString &hint, QWidget *control)
 {
     if (FieldNote *note = FieldNote::of(control))
         note->showHint(hint);
-    control->setAccessibleDescription(hint);
-}
-
-QLabel *IdentityHints::createLabel(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-void IdentityHints::show(const QString &hint, QLabel *label, QWidget *control)
-{
-    label->setText(hint);
     control->setAccessibleDescription(hint);
 }

@@ -7,7 +7,6 @@
 
 #include <QString>
 
-class QLabel;
 class QWidget;
 
 // The sentences shown beside a number that looks wrong. They never refuse an entry.
@@ -19,9 +18,5 @@ TZCRM_EXPORT QString mobile(const QString &number);
 
 // Shows the hint beside the control's label, and sets it as the control's description for screen readers.
 TZCRM_EXPORT void show(const QString &hint, QWidget *control);
-// A label for a hint, in the look that all hints share; it stays in the layout when it is empty.
-TZCRM_EXPORT QLabel *createLabel(QWidget *parent);
-// Shows the hint, and sets it as the control's description for screen readers.
-TZCRM_EXPORT void show(const QString &hint, QLabel *label, QWidget *control);
 
 }
