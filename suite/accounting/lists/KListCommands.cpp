@@ -90,7 +90,8 @@ void KListCommands::buildMore()
     m_more->setAutoDefault(true);
     LookMarks::setTall(m_more);
     m_line->insertWidget(m_line->count() - 1, m_more);
-    setTabOrder(m_entries.back().menu ? m_entries.back().menu : m_entries.back().button, m_more);
+    const auto last = std::find_if(m_entries.crbegin(), m_entries.crend(), [](const Entry &entry) { return entry.inLine; });
+    setTabOrder(last->menu ? last->menu : last->button, m_more);
     m_moreMenu = new QMenu(m_more);
     m_moreMenu->setAccessibleName(m_more->accessibleName());
     m_moreMenu->setToolTipsVisible(true);

@@ -44,40 +44,50 @@ void KEmptyState::say(const QString &icon, const QString &sentence, const QStrin
 {
     m_icon = LookIcons::icon(icon);
     m_sentence->setText(sentence);
-    if (!m_button || m_button->text() != caption)
-        offer(caption, buttonIcon);
+    if (m_caption != caption)
+        dropButton();
+    m_caption = caption;
+    m_buttonIcon = buttonIcon;
     show();
-    place();
     raise();
+    if (isVisible())
+        makeButton();
+    place();
     update();
 }
 
 void KEmptyState::dismiss()
 {
-    offer({}, {});
+    dropButton();
+    m_caption.clear();
     hide();
 }
 
-void KEmptyState::offer(const QString &caption, const QString &icon)
+// It must not take the focus out of the list, and may be the one whose click led here.
+void KEmptyState::dropButton()
 {
-    if (m_button) {
-        // It must not take the focus out of the list, and may be the one whose click led here.
-        if (m_button->hasFocus())
-            m_list->setFocus(Qt::OtherFocusReason);
-        m_button->hide();
-        m_button->setParent(nullptr);
-        m_button->deleteLater();
-        m_button = nullptr;
-    }
-    if (caption.isEmpty())
+    if (!m_button)
         return;
-    m_button = new QPushButton(LookIcons::icon(icon), caption, this);
-    m_button->setAccessibleName(caption + u' ' + m_list->accessibleName());
+    if (m_button->hasFocus())
+        m_list->setFocus(Qt::OtherFocusReason);
+    m_button->hide();
+    m_button->setParent(nullptr);
+    m_button->deleteLater();
+    m_button = nullptr;
+}
+
+void KEmptyState::makeButton()
+{
+    if (m_button || m_caption.isEmpty())
+        return;
+    m_button = new QPushButton(LookIcons::icon(m_buttonIcon), m_caption, this);
+    m_button->setAccessibleName(m_caption + u' ' + m_list->accessibleName());
     m_button->setAutoDefault(true);
     LookMarks::setTall(m_button);
     static_cast<QVBoxLayout *>(layout())->addWidget(m_button, 0, Qt::AlignHCenter);
     setTabOrder(m_list, m_button);
     connect(m_button, &QPushButton::clicked, this, &KEmptyState::pressed);
+    m_button->show();
 }
 
 QString KEmptyState::sentence() const
@@ -101,6 +111,8 @@ void KEmptyState::place()
 bool KEmptyState::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::Show)
+        makeButton();
     if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest)
         place();
     return handled;

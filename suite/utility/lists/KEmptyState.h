@@ -26,7 +26,7 @@ public:
     // The list has rows.
     void dismiss();
     QString sentence() const;
-    // There only while it is offered, behind the list in the order of Tab. Its accessible name also names the list, which may have
+    // There only while it is seen, behind the list in the order of Tab. Its accessible name also names the list, which may have
     // a command of the same caption.
     QPushButton *button() const { return m_button; }
 
@@ -40,11 +40,14 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void offer(const QString &caption, const QString &icon);
+    void dropButton();
+    void makeButton();
     void place();
 
     QAbstractItemView *m_list;
     QIcon m_icon;
+    QString m_caption; // of the button
+    QString m_buttonIcon;
     QLabel *m_sentence;
     QPushButton *m_button = nullptr;
 };

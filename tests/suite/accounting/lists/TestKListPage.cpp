@@ -507,7 +507,8 @@ private Q_SLOTS:
     {
         SampleList page;
         page.keepsName = true;
-        page.open();
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
         page.filters().set(u"name", u"zzz"_s);
         page.refill();
         page.emptyState()->button()->click();
