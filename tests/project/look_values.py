@@ -39,7 +39,6 @@ ALLOWED = {
     "host/frame/HostLook.cpp": ({"icon"}, "the icon of the window, which the desktop shows on grounds of its own"),
     "suite/accounting/reports/ReportPainter.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
     "suite/accounting/reports/KWndReportGen.cpp": ({"colour"}, "shows the sheet of paper"),
-    "auto/reports/income/IncomeChart.cpp": ({"colour", "size of a font"}, "prints the chart on paper, and fits its letters into it"),
     "suite/image/PictureIntake.cpp": ({"colour"}, "reads the pixels of a picture"),
     "host/demo/DemoPictures.cpp": ({"colour"}, "paints the pictures of the demo office's cars"),
     "host/demo/DemoCars.cpp": ({"colour"}, "the paint of the demo office's cars"),

@@ -203,7 +203,9 @@ QWidget *CDlgCalcPayment::buildSums()
     const auto sum = [grid, box](const QString &text, bool displayed) {
         auto *edit = new KEdit(KEdit::Kind::Money, box);
         edit->setReadOnly(true);
-        addLabelled(grid, text, edit, 2)->setVisible(displayed);
+        QLabel *label = labelFor(text, edit);
+        grid->addField(label, nullptr, edit, 2);
+        label->setVisible(displayed);
         edit->setVisible(displayed);
         return edit;
     };

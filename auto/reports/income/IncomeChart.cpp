@@ -164,6 +164,8 @@ IncomeChart::IncomeChart(const QString &moneyUnit, QWidget *parent)
     m_view->setRenderHint(QPainter::Antialiasing);
     m_view->setAccessibleName(u"نمودار درآمدها و هزینه ها"_s);
     m_view->setFrameShape(QFrame::NoFrame);
+    // There is nothing to do in it by the keyboard; the list beside it has the same figures.
+    m_view->setFocusPolicy(Qt::NoFocus);
     m_view->setMinimumSize(360, 400);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -75,6 +75,14 @@ QButtonGroup *addOptions(QHBoxLayout *line, const QString &name, const QStringLi
     return group;
 }
 
+// Whichever of them is picked when Tab comes, it stands where the first one does: the order was made when only that was a stop.
+void keepOptionsTogether(const QButtonGroup *group)
+{
+    const QList<QAbstractButton *> options = group->buttons();
+    for (qsizetype i = 1; i < options.size(); ++i)
+        QWidget::setTabOrder(options.at(i - 1), options.at(i));
+}
+
 // The field, a colon and what is wrong with it; its label may have the colon, or a blank at its end.
 QString namedError(const KEdit &edit)
 {
@@ -112,6 +120,8 @@ CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
     setContent(content, buttons, Content::Fills);
     addCommands(buttons);
+    keepOptionsTogether(m_seasons);
+    keepOptionsTogether(m_kinds);
     resize(LookSizes::scaled(1180), LookSizes::scaled(660));
     m_minimumAmount->setText(ReadSetting(section, minimumKey, DToStr(highestMinimumAmount)));
 }
@@ -209,7 +219,8 @@ QWidget *CDlgAutomobilReportSeasons::buildTotals()
         auto *edit = new KEdit(KEdit::Kind::Money);
         edit->setReadOnly(true);
         edit->setRange(-highestTotal, highestTotal); // discounts can be more than amounts
-        QLabel *label = addLabelled(grid, labels[i], edit);
+        QLabel *label = labelFor(labels[i], edit);
+        grid->addField(label, nullptr, edit, 1);
         m_totals[i] = edit;
         // The duties are part of the tax column already.
         label->setVisible(i != Duties);

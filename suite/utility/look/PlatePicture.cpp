@@ -76,7 +76,7 @@ void paintPlate(QPainter &painter, const PlateText &plate)
 PlatePicture::PlatePicture(QWidget *parent)
     : QWidget(parent)
 {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void PlatePicture::setText(const QString &text)

@@ -23,7 +23,7 @@ public:
     void setText(const QString &text);
     bool isPlate() const { return m_plate.has_value(); }
 
-    // In less room the picture is smaller, never cut.
+    // In less room the picture is smaller, never cut; in more it stands at the leading edge.
     QSize sizeHint() const override;
 
 protected:
