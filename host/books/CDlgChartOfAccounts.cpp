@@ -23,6 +23,7 @@
 #include "suite/utility/lists/ListLook.h"
 #include "suite/utility/lists/NumberDelegate.h"
 #include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
@@ -167,7 +168,7 @@ QWidget *CDlgChartOfAccounts::buildFilter()
     m_inactive = new QCheckBox(u"نمایش غیرفعال‌ها"_s, box);
     m_inactive->setAccessibleName(m_inactive->text());
     m_inactive->setChecked(true);
-    auto *search = new QPushButton(QIcon(u":/icons/search.svg"_s), u"جستجو"_s, box);
+    auto *search = new QPushButton(LookIcons::icon(u":/icons/search.svg"_s), u"جستجو"_s, box);
     search->setAccessibleName(search->text());
     search->setAutoDefault(true);
     row->addWidget(m_inactive);
@@ -189,7 +190,7 @@ QPushButton *CDlgChartOfAccounts::addCommand(QHBoxLayout *row, const QString &ca
                                              const QKeySequence &shortcut, void (CDlgChartOfAccounts::*run)(),
                                              KSecurity::Right needs, const QString &form)
 {
-    auto *button = new KCommandButton(QIcon(u":/icons/%1.svg"_s.arg(icon)), caption, row->parentWidget());
+    auto *button = new KCommandButton(LookIcons::icon(u":/icons/%1.svg"_s.arg(icon)), caption, row->parentWidget());
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, [this, run] { guarded(run); });
     if (!shortcut.isEmpty()) {

@@ -36,7 +36,6 @@ VALUES = {
 # A file, or a folder with its slash, and what may stand there and why.
 ALLOWED = {
     "suite/utility/look/": ({"colour", "size of a font"}, "the tables themselves"),
-    "host/frame/HostLook.cpp": ({"icon"}, "the icon of the window, which the desktop shows on grounds of its own"),
     "suite/accounting/reports/ReportPainter.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
     "suite/accounting/reports/KWndReportGen.cpp": ({"colour"}, "shows the sheet of paper"),
     "suite/image/PictureIntake.cpp": ({"colour"}, "reads the pixels of a picture"),

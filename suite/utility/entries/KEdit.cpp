@@ -366,7 +366,7 @@ bool KEdit::event(QEvent *event)
         showErrorToolTip(this, m_told, static_cast<QHelpEvent *>(event));
         return true;
     }
-    if (event->type() == QEvent::ToolTip && isCut()) {
+    if (event->type() == QEvent::ToolTip && (isCut() || (isReadOnly() && isLongerThanRoom()))) {
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
         return true;
     }
@@ -382,9 +382,14 @@ QRect KEdit::textRoom() const
     return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).marginsRemoved(textMargins()).adjusted(horizontalMargin, 0, -horizontalMargin, 0);
 }
 
+bool KEdit::isLongerThanRoom() const
+{
+    return fontMetrics().horizontalAdvance(text()) > textRoom().width();
+}
+
 bool KEdit::isCut() const
 {
-    return isNumberKind() && !hasFocus() && fontMetrics().horizontalAdvance(text()) > textRoom().width();
+    return isNumberKind() && !hasFocus() && isLongerThanRoom();
 }
 
 void KEdit::paintCut()

@@ -14,7 +14,7 @@
 // cannot belong to a number, and show an amount grouped by three while it is typed. A point, / or ٫ begins the decimals;
 // those beyond the allowed ones are refused, and the line is marked with a hint until it is edited or left. What is out of
 // range stays as typed and is marked; entryError says why. A number without room for its digits is shown as CutNumber::mark while
-// the line does not have the focus, and whole in the tip.
+// the line does not have the focus, and whole in the tip. So is a text that can only be read.
 //
 // A code (a plate, a chassis number) reads left to right too, its Persian letters among the rest: "12 ب 345 ایران 67" stands
 // as it does on the car.
@@ -84,6 +84,7 @@ protected:
 
 private:
     bool isNumberKind() const;
+    bool isLongerThanRoom() const;
     bool isCut() const;
     void paintCut();
     QRect textRoom() const;

@@ -3,6 +3,7 @@
 
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/entries/KTextArea.h"
+#include "suite/utility/look/HostColors.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAbstractItemView>
@@ -140,12 +141,12 @@ private Q_SLOTS:
         QCOMPARE(dialog.area->text(), u"\n"_s);
     }
 
-    void readOnlyLiesInTheWindowsColour()
+    void readOnlyIsSunken()
     {
         KTextArea area;
         const QColor open = area.palette().color(QPalette::Base);
         area.setReadOnly(true);
-        QCOMPARE(area.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+        QCOMPARE(area.palette().color(QPalette::Base), HostColors::of(HostColors::Role::Sunken));
         area.setReadOnly(false);
         QCOMPARE(area.palette().color(QPalette::Base), open);
     }

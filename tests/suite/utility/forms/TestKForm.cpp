@@ -390,7 +390,7 @@ private Q_SLOTS:
         QPalette dark(Qt::black);
         QApplication::setPalette(dark);
         // The event that a running program then sends to every widget.
-        QEvent changed(QEvent::ApplicationPaletteChange);
+        QEvent changed(QEvent::PaletteChange);
         QApplication::sendEvent(form.comboBox(user), &changed);
         const bool readable = isReadable();
         const QColor text = form.comboBox(user)->palette().color(QPalette::Disabled, QPalette::ButtonText);
