@@ -7,6 +7,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
@@ -64,7 +65,7 @@ void CDlgKeys::build()
     column->setContentsMargins(LookSizes::windowMargin, LookSizes::windowMargin, LookSizes::windowMargin, LookSizes::unit);
     column->setSpacing(LookSizes::unit);
     column->addWidget(m_search);
-    column->addWidget(m_list, 1);
+    column->addWidget(new KListCard(m_list, content), 1);
     setContent(content, createButtons({}, u"بستن"_s), Content::Fills);
     auto *printing = new KCommandButton(LookIcons::icon(u":/icons/print.svg"_s), u"چاپ"_s, this);
     printing->setAutoDefault(false);
