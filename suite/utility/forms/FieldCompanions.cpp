@@ -12,7 +12,6 @@
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -52,24 +51,6 @@ void FieldCompanions::addButton(QWidget *page)
     LookMarks::setButton(m_button, LookMarks::Button::Small);
     m_button->setMinimumWidth(LookSizes::scaled(LookSizes::control) + LookSizes::unit);
     m_button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
-
-void FieldCompanions::place(QGridLayout *grid, int row, int column, int span) const
-{
-    if (m_button || m_arrows) {
-        auto *line = new QHBoxLayout;
-        line->setSpacing(2);
-        line->addWidget(m_control, 1);
-        if (m_arrows)
-            line->addWidget(m_arrows);
-        if (m_button)
-            line->addWidget(m_button);
-        grid->addLayout(line, row, column, 1, span);
-    } else {
-        grid->addWidget(m_control, row, column, 1, span);
-    }
-    if (m_words)
-        grid->addWidget(m_words, row + 1, column, 1, span);
 }
 
 void FieldCompanions::place(FormGrid *grid, QLabel *label, int span, int wordsSpan)

@@ -9,7 +9,6 @@ class FieldNote;
 class FormGrid;
 class KEdit;
 class KStepArrows;
-class QGridLayout;
 class QLabel;
 class QPushButton;
 class QWidget;
@@ -25,8 +24,6 @@ public:
     QPushButton *button() const { return m_button; }
     KStepArrows *arrows() const { return m_arrows; }
 
-    // Puts the control into the cell, with what stands behind it, and the words into the row below.
-    void place(QGridLayout *grid, int row, int column, int span) const;
     // Adds the field to the grid. With wordsSpan the amount in words has a cell of its own behind the field.
     void place(FormGrid *grid, QLabel *label, int span, int wordsSpan);
 

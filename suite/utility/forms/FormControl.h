@@ -33,8 +33,6 @@ public:
 
     // True where the caption is part of the control, which then gets no label before it.
     virtual bool hasOwnCaption() const { return false; }
-    // Of the label in its cell; none: in the middle of the control's height.
-    virtual Qt::Alignment labelAlignment() const { return {}; }
 
     // Texts that are offered while a part of one is typed. Only for a control that takes free text.
     virtual void setCompletions(const QStringList &texts);

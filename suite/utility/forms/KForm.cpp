@@ -15,7 +15,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGridLayout>
 #include <QLabel>
 
 #include <algorithm>
@@ -128,14 +127,6 @@ KStepArrows *KForm::arrows(const QString &column) const
 QPushButton *KForm::button(const QString &column) const
 {
     return item(column).companions->button();
-}
-
-void KForm::place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span)
-{
-    const Item &placed = item(column);
-    if (placed.label)
-        grid->addWidget(placed.label, row, gridColumn, placed.control->labelAlignment());
-    placed.companions->place(grid, row, gridColumn + 1, span);
 }
 
 void KForm::place(FormGrid *grid, const QString &column, int span, int wordsSpan)

@@ -27,7 +27,6 @@ class KStepArrows;
 class KTextArea;
 class QCheckBox;
 class QComboBox;
-class QGridLayout;
 class QLabel;
 class QPushButton;
 class QWidget;
@@ -62,10 +61,6 @@ public:
     // Its "..." and its arrows; null for a field without them.
     QPushButton *button(const QString &column) const;
     KStepArrows *arrows(const QString &column) const;
-
-    // Puts label and control into two neighbouring cells of the grid, the control over span columns; the amount in words, where
-    // the field has one, is put into the row below.
-    void place(QGridLayout *grid, int row, int gridColumn, const QString &column, int span = 1);
 
     // A field of a line: its column, how many columns of the grid it takes, and for an amount in words how many the words take
     // behind it; 0: they stand beside its label.

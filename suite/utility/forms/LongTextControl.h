@@ -18,7 +18,6 @@ public:
     void setReadOnly(bool readOnly) override { m_area->setReadOnly(readOnly); }
     QString error() const override { return m_area->entryError(); }
     // Beside the first of the lines.
-    Qt::Alignment labelAlignment() const override { return Qt::AlignTop; }
     void setCompletions(const QStringList &texts) override { m_area->setCompletions(texts); }
 
 private:

@@ -4,7 +4,10 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/FormTexts.h"
+#include "suite/utility/entries/AmountWords.h"
+#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/look/FormGrid.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/TabOrder.h"
@@ -17,7 +20,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -258,9 +260,9 @@ private Q_SLOTS:
         KFormField text{note, u"امکانات :"_s};
         text.hasButton = true;
         KForm form({{name, u"نام :"_s}, text}, record, &page);
-        auto *grid = new QGridLayout(&page);
-        form.place(grid, 0, 0, name);
-        form.place(grid, 1, 0, note);
+        auto *grid = new FormGrid(&page);
+        form.place(grid, name);
+        form.place(grid, note);
         QVERIFY(!form.button(name));
         QPushButton *button = form.button(note);
         QCOMPARE(button->text(), u"..."_s);
@@ -288,8 +290,8 @@ private Q_SLOTS:
         year.maximum = 9999;
         year.hasArrows = true;
         KForm form({year}, record, &page);
-        auto *grid = new QGridLayout(&page);
-        form.place(grid, 0, 0, user);
+        auto *grid = new FormGrid(&page);
+        form.place(grid, user);
         page.show();
         KEdit *edit = form.edit(user);
         form.arrows(user)->setStart(1405);
@@ -448,19 +450,32 @@ private Q_SLOTS:
         QVERIFY(!invalid());
     }
 
-    void amountIsToldInWordsBelowItsField()
+    void amountIsToldInWordsBesideItsLabel()
     {
         SampleRecord record;
         QWidget page;
-        auto *grid = new QGridLayout(&page);
         KForm form(fields(), record, &page);
-        form.place(grid, 0, 0, amount);
-        const auto *words = qobject_cast<QLabel *>(grid->itemAtPosition(1, 1)->widget());
-        QVERIFY(words);
+        form.place(new FormGrid(&page), amount);
+        const FieldNote *words = FieldNote::of(form.control(amount));
         form.edit(amount)->setNumber(21);
         QCOMPARE(words->text(), u"بیست و یک"_s);
         form.edit(amount)->setNumber(0);
         QVERIFY(words->text().isEmpty());
+    }
+
+    void amountIsToldInWordsBehindItsField()
+    {
+        SampleRecord record;
+        QWidget page;
+        KForm form(fields(), record, &page);
+        form.place(new FormGrid(&page), amount, 2, 2);
+        const auto *words = page.findChild<AmountWords *>();
+        QVERIFY(words);
+        form.edit(amount)->setNumber(21);
+        QCOMPARE(words->text(), u"بیست و یک"_s);
+        QVERIFY(FieldNote::of(form.control(amount))->text().isEmpty());
+        form.setUsed(amount, false);
+        QVERIFY(words->isHidden());
     }
 
     void fieldThatIsNotDisplayedKeepsItsValue()
@@ -483,13 +498,13 @@ private Q_SLOTS:
     {
         SampleRecord record;
         QWidget page;
-        auto *grid = new QGridLayout(&page);
+        auto *grid = new FormGrid(&page);
         KForm form(fields(), record, &page);
         // Laid out against their order of creation.
-        form.place(grid, 1, 2, name);
-        form.place(grid, 1, 0, note);
-        form.place(grid, 0, 0, amount);
-        form.place(grid, 0, 2, date);
+        form.place(grid, amount);
+        form.place(grid, date);
+        form.place(grid, note);
+        form.place(grid, name);
         tabInLayoutOrder(&page);
         QCOMPARE(form.control(amount)->nextInFocusChain(), form.control(date));
         // The date's own button takes no focus and may stand between.

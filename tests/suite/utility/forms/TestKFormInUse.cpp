@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/look/FormGrid.h"
 
 #include "suite/db/KMySQL.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -14,7 +15,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -94,10 +94,9 @@ private Q_SLOTS:
     {
         m_page = std::make_unique<QWidget>();
         m_form = new KForm(fieldsInUse(), m_record, m_page.get());
-        auto *grid = new QGridLayout(m_page.get());
-        int row = 0;
+        auto *grid = new FormGrid(m_page.get());
         for (const KFormField &field : m_form->fields())
-            m_form->place(grid, 2 * row++, 0, field.column);
+            m_form->place(grid, field.column);
         m_record.m_sName = u"سارا"_s;
         m_record.m_sCity = u"قم"_s;
         m_record.m_dAmount = 1200;
