@@ -7,6 +7,7 @@
 #include "host/frame/HostPanels.h"
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 
@@ -177,9 +178,6 @@ void HostStyle::polish(QWidget *widget)
     if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QAbstractButton *>(widget) || qobject_cast<QComboBox *>(widget)
         || qobject_cast<QAbstractSpinBox *>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    // For its round corners.
-    if (qobject_cast<QMenu *>(widget))
-        widget->setAttribute(Qt::WA_TranslucentBackground);
     if (auto *view = qobject_cast<QAbstractItemView *>(widget))
         view->viewport()->setAttribute(Qt::WA_Hover);
 }
@@ -194,6 +192,14 @@ void HostStyle::unpolish(QApplication *application)
 {
     application->removeEventFilter(this);
     QProxyStyle::unpolish(application);
+}
+
+QIcon HostStyle::standardIcon(StandardPixmap picture, const QStyleOption *option, const QWidget *widget) const
+{
+    // What does not fit a bar is behind this one.
+    if (picture == SP_ToolBarHorizontalExtensionButton || picture == SP_ToolBarVerticalExtensionButton)
+        return LookIcons::icon(u":/icons/chevron.svg"_s);
+    return QProxyStyle::standardIcon(picture, option, widget);
 }
 
 // The letters to press with Alt are underlined while it is down.
@@ -275,12 +281,10 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         HostPanels::chevron(*painter, option->rect, option->state & State_Enabled, element == PE_IndicatorArrowUp);
         return;
     case PE_PanelMenu:
-        HostPanels::card(*painter, option->rect);
-        return;
-    case PE_FrameMenu:
-        return;
     case PE_PanelTipLabel:
         HostPanels::popup(*painter, option->rect);
+        return;
+    case PE_FrameMenu:
         return;
     default:
         break;

@@ -38,6 +38,7 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr, const QWidget *widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
                   QStyleHintReturn *result = nullptr) const override;
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption *option = nullptr, const QWidget *widget = nullptr) const override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
