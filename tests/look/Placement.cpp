@@ -105,7 +105,7 @@ QStringList Placement::outOfReach(const QWidget &window)
     for (const QWidget *widget : WindowParts::of(window)) {
         if (const QScrollArea *area = scrolling(*widget))
             lookAtScrolling(*area, faults);
-        else if (!roomIn(*widget->parentWidget()).contains(widget->geometry()) && !mayCover(*widget))
+        else if (!widget->size().isEmpty() && !roomIn(*widget->parentWidget()).contains(widget->geometry()) && !mayCover(*widget))
             faults.append(u"%1 at %2 lies outside of %3 (%4)"_s.arg(WindowParts::name(*widget), shown(widget->geometry()), WindowParts::name(*widget->parentWidget()),
                                                                     shown(widget->parentWidget()->rect())));
         if (qobject_cast<const QDialogButtonBox *>(widget) && isWithinScrollArea(*widget))

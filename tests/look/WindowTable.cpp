@@ -225,6 +225,7 @@ void addAdministration(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"rights", window<CDlgUserRights>(user)});
     entries.push_back({"settings", menuEntry(office, u"تنظیمات"_s)});
     entries.push_back({"password", menuEntry(office, u"تغییر کلمه عبور"_s)});
+    entries.push_back({"keys", menuEntry(office, u"کلیدها"_s)});
     entries.push_back({"about", menuEntry(office, u"درباره برنامه"_s)});
     entries.push_back({"reminder-new", command(office, reminders, u"new"_s)});
     entries.push_back({"reminder-edit", command(office, reminders, u"edit"_s)});
