@@ -119,8 +119,10 @@ private:
         // What is said beside a label begins where that ends.
         if (!isNote && !begins(span.from))
             add(item, u"begins at %1"_s.arg(span.from));
-        // A command is as wide as its caption.
-        const bool isField = (!label || isNote) && !qobject_cast<const QAbstractButton *>(item.widget());
+        // A command is as wide as its caption, a picture as it is drawn.
+        const QWidget *widget = item.widget();
+        const bool hasOwnWidth = widget && (qobject_cast<const QAbstractButton *>(widget) || widget->sizePolicy().horizontalPolicy() == QSizePolicy::Fixed);
+        const bool isField = (!label || isNote) && !hasOwnWidth;
         if (isField && !ends(span.to))
             add(item, u"ends at %1"_s.arg(span.to));
     }
