@@ -381,6 +381,7 @@ private Q_SLOTS:
         SampleRecord record;
         QWidget page;
         KForm form(fields(), record, &page);
+        page.show();
         form.setShowMode(true);
         const auto isReadable = [&form] {
             const QPalette palette = form.comboBox(user)->palette();
@@ -391,9 +392,6 @@ private Q_SLOTS:
         const QPalette before = QApplication::palette();
         QPalette dark(Qt::black);
         QApplication::setPalette(dark);
-        // The event that a running program then sends to every widget.
-        QEvent changed(QEvent::PaletteChange);
-        QApplication::sendEvent(form.comboBox(user), &changed);
         const bool readable = isReadable();
         const QColor text = form.comboBox(user)->palette().color(QPalette::Disabled, QPalette::ButtonText);
         QApplication::setPalette(before);
