@@ -7,6 +7,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/look/LookFonts.h"
@@ -57,7 +58,6 @@ void CDlgMatches::build()
     m_nothing->setAlignment(Qt::AlignCenter);
     LookFonts::applyHint(m_nothing);
     LookFonts::apply(m_subject, LookFonts::Use::Strong);
-    LookFonts::apply(m_count, LookFonts::Use::Label);
     m_list->setAccessibleName(m_table.title);
     m_list->setColumns(m_table.columns);
     m_list->SetSettingName(m_table.section + u"\\List"_s);
@@ -69,7 +69,9 @@ void CDlgMatches::build()
     column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
     column->setSpacing(LookSizes::cardGap);
     column->addWidget(m_subject);
-    column->addWidget(m_list, 1);
+    auto *card = new KListCard(m_list, content);
+    card->addToFoot(m_count);
+    column->addWidget(card, 1);
     column->addWidget(m_nothing);
     setContent(content, createButtons({}, u"بازگشت"_s), Content::Fills);
     addCommands();
@@ -86,8 +88,6 @@ void CDlgMatches::addCommands()
     auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
     connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
     printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
-    footer()->addSpacing(LookSizes::unit);
-    footer()->addWidget(m_count);
 }
 
 bool CDlgMatches::load()

@@ -18,6 +18,7 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -138,7 +139,7 @@ void CDlgCalcPayment::build(double principal)
     auto *cards = new CardStack(content);
     cards->addCard(buildTerms(principal));
     cards->addCard(buildMethod());
-    cards->addCard(m_list, true);
+    cards->addCard(new KListCard(m_list, content), true);
     cards->addCard(m_note);
     cards->addCard(buildSums());
     QDialogButtonBox *close = createButtons({}, closeCaption);

@@ -17,10 +17,10 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
 #include "suite/utility/look/HostColors.h"
-#include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
@@ -120,7 +120,6 @@ void CDlgContractReceipts::build()
     m_list->SetSettingName(u"AutomobilContracts\\ReceiptList"_s);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgContractReceipts::updateButton);
     m_total = new QLabel(this);
-    LookFonts::apply(m_total, LookFonts::Use::Strong);
     m_reason = new KEdit(this);
     m_reason->setMaxLength(CTblReceipts::longestReason);
     m_void = new QPushButton(LookIcons::icon(u":/icons/delete.svg"_s, HostColors::Role::Danger), u"ابطال دریافت"_s, this);
@@ -131,8 +130,9 @@ void CDlgContractReceipts::build()
 
     auto *content = new QWidget(this);
     auto *cards = new CardStack(content);
-    cards->addCard(m_list, true);
-    cards->addCard(m_total);
+    auto *received = new KListCard(m_list, content);
+    received->addToFoot(m_total);
+    cards->addCard(received, true);
     cards->addCard(buildVoiding());
     setContent(content, createButtons(QString(), u"بازگشت"_s));
 }

@@ -15,7 +15,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
@@ -185,7 +185,9 @@ QWidget *CDlgAutoFullReport::buildBoth()
     inside->setContentsMargins(LookSizes::unit, LookSizes::unit, LookSizes::unit, LookSizes::unit);
     inside->addWidget(chart);
     auto *both = new QSplitter;
-    both->addWidget(m_list);
+    auto *accounts = new KListCard(m_list, both);
+    accounts->addToFoot(m_count);
+    both->addWidget(accounts);
     both->addWidget(card);
     both->setChildrenCollapsible(false);
     both->setHandleWidth(LookSizes::sideGap);
@@ -204,9 +206,6 @@ void CDlgAutoFullReport::addCommands()
     printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
     QPushButton *chartButton = addButton(footer(), chartPrintCaption, u":/icons/print.svg"_s);
     connect(chartButton, &QPushButton::clicked, this, &CDlgAutoFullReport::printChart);
-    footer()->addSpacing(LookSizes::unit);
-    LookFonts::apply(m_count, LookFonts::Use::Label);
-    footer()->addWidget(m_count);
 }
 
 void CDlgAutoFullReport::setChoiceMode(bool on)

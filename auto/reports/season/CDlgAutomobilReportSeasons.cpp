@@ -18,6 +18,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -115,7 +116,7 @@ CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
     column->setSpacing(LookSizes::cardGap);
     column->addWidget(buildChoices());
-    column->addWidget(m_list, 1);
+    column->addWidget(new KListCard(m_list, content), 1);
     column->addWidget(buildTotals());
     QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
     setContent(content, buttons, Content::Fills);
