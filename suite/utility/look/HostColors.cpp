@@ -97,7 +97,7 @@ std::vector<Pair> makePairs()
         {Quiet, {Window, Surface, Sunken, Header, Hover, Stripe, NeutralSoft}},
         {Hint, {Window, Surface, Sunken, Header}},
         {OnSelect, {Select}},
-        {OnAccent, {Accent, AccentHover, AccentPress}},
+        {OnAccent, {Accent, AccentHover, AccentPress, Chart, ChartOther}},
         {Link, {Window, Surface, Header}},
         {Danger, {Window, Surface, DangerSoft, Select, Stripe, Hover}},
         {Warn, {Surface, WarnSoft}},
