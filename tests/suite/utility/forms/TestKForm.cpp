@@ -392,6 +392,8 @@ private Q_SLOTS:
         const QPalette before = QApplication::palette();
         QPalette dark(Qt::black);
         QApplication::setPalette(dark);
+        // A running program hands it on to its windows.
+        page.setPalette(dark);
         const bool readable = isReadable();
         const QColor text = form.comboBox(user)->palette().color(QPalette::Disabled, QPalette::ButtonText);
         QApplication::setPalette(before);
