@@ -89,7 +89,6 @@ int CDlgAddAlarm::Add(const QString &desc, int recordKind, int key1, int key2, Q
     alarm.m_sDesc = desc.left(CTblAlarm::longestDesc);
     CDlgAddAlarm dialog(alarm, 0, parent);
     dialog.setWindowTitle(u"یادآوری - جدید"_s);
-    dialog.m_done->hide();
     return dialog.exec() == Accepted ? dialog.m_edit.key() : 0;
 }
 
@@ -118,6 +117,7 @@ void CDlgAddAlarm::build()
     addLabelled(grid, u"برای کاربر :"_s, m_user, 2);
     m_repeat = addCheck(grid, u"یادآوری تا انجام شدن تکرار شود"_s);
     m_done = addCheck(grid, u"انجام شد"_s);
+    m_done->setHidden(m_edit.isNew());
     setContent(page, createButtons());
 }
 
