@@ -12,15 +12,17 @@
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/ListLook.h"
+#include "suite/utility/lists/KListCard.h"
+#include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -39,16 +41,15 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     buildView();
 
     auto *page = new CardPage(900, this);
-    QVBoxLayout *column = page->addColumn();
     if (user.m_bAdmin != 0) {
         auto *note = new QLabel(u"این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."_s,
                                 this);
         note->setWordWrap(true);
         LookFonts::applyHint(note);
-        column->addWidget(note);
+        page->cards()->addCard(note);
     }
-    column->addLayout(buildCopyRow());
-    column->addWidget(m_view, 1);
+    fillCopyRow(page->addLine());
+    page->addList(m_view);
     setContent(page, createButtons(), Content::Fills);
     m_grid->setRights(m_edit.rights());
     m_edit.remember([this] { m_edit.setRights(m_grid->rights()); });
@@ -70,7 +71,7 @@ void CDlgUserRights::buildView()
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
-QLayout *CDlgUserRights::buildCopyRow()
+void CDlgUserRights::fillCopyRow(QHBoxLayout *row)
 {
     CTblUsers users;
     users.m_filter = KSql::formatted("iID<>%1", m_userID);
@@ -81,7 +82,6 @@ QLayout *CDlgUserRights::buildCopyRow()
     // Whom to copy from is no right yet.
     m_source->setProperty(followsSelection, true);
     m_source->setMinimumContentsLength(20);
-    auto *row = new QHBoxLayout;
     const auto addButton = [this, row](const QString &caption, auto action) {
         auto *button = new QPushButton(caption, this);
         button->setAccessibleName(caption);
@@ -97,7 +97,6 @@ QLayout *CDlgUserRights::buildCopyRow()
     row->addStretch();
     addButton(u"انتخاب همه"_s, [this] { m_grid->setAll(true); });
     addButton(u"هیچ کدام"_s, [this] { m_grid->setAll(false); });
-    return row;
 }
 
 void CDlgUserRights::takeOver()

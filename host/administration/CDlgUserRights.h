@@ -7,6 +7,7 @@
 #include "suite/utility/frame/KDialog.h"
 
 class QComboBox;
+class QHBoxLayout;
 class QTableView;
 class RightsGridModel;
 
@@ -24,7 +25,7 @@ protected:
     bool OnOK() override;
 
 private:
-    QLayout *buildCopyRow();
+    void fillCopyRow(QHBoxLayout *row);
     void buildView();
     void takeOver();
 

@@ -18,15 +18,14 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KLinesView.h"
-#include "suite/utility/look/LookFonts.h"
-#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <cmath>
 
@@ -95,13 +94,10 @@ void CDlgAddDocument::build()
     connect(m_rows, &KLinesModel::edited, this, &CDlgAddDocument::showTotals);
     connect(m_rowsView, &KLinesView::pickRequested, this, &CDlgAddDocument::pickPerson);
 
-    LookFonts::apply(m_totals, LookFonts::Use::Strong);
     auto *page = new CardPage(900, this);
     placeHead(page->addForm());
-    QVBoxLayout *column = page->addColumn();
-    column->addWidget(m_rowsView, 1);
-    column->addWidget(buildRowCommands());
-    column->addWidget(m_totals);
+    page->addList(m_rowsView)->addToFoot(m_totals);
+    fillRowCommands(page->addLine());
     setContent(page, createButtons(), Content::Fills);
 }
 
@@ -114,17 +110,11 @@ void CDlgAddDocument::placeHead(FormGrid *grid)
     addLabelled(grid, u"شرح سند :"_s, m_desc, 3);
 }
 
-QWidget *CDlgAddDocument::buildRowCommands()
+void CDlgAddDocument::fillRowCommands(QHBoxLayout *row)
 {
-    auto *box = new QWidget(this);
-    auto *row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
     const auto add = [&](const QString &caption, const QString &icon, const QString &hint) {
-        auto *button = new QPushButton(LookIcons::icon(u":/icons/%1.svg"_s.arg(icon)), caption, box);
-        button->setAccessibleName(caption);
-        button->setAutoDefault(false);
+        QPushButton *button = addButton(row, caption, u":/icons/%1.svg"_s.arg(icon));
         button->setToolTip(hint);
-        row->addWidget(button);
         return button;
     };
     connect(add(u"ردیف جدید"_s, u"new"_s, u"Insert"_s), &QPushButton::clicked, m_rowsView,
@@ -135,7 +125,6 @@ QWidget *CDlgAddDocument::buildRowCommands()
                 u"اختلاف دو طرف را در ردیف انتخاب‌شده می‌گذارد."_s),
             &QPushButton::clicked, this, &CDlgAddDocument::balanceHere);
     row->addStretch(1);
-    return box;
 }
 
 void CDlgAddDocument::load(const ManualDocument &document)

@@ -13,6 +13,7 @@ class KDateEdit;
 class KEdit;
 class KLinesModel;
 class KLinesView;
+class QHBoxLayout;
 class QLabel;
 
 // Editor of a manual accounting document.
@@ -38,7 +39,7 @@ public:
 private:
     void build();
     void placeHead(FormGrid *grid);
-    QWidget *buildRowCommands();
+    void fillRowCommands(QHBoxLayout *row);
     void load(const ManualDocument &document);
     void pickPerson(int row, int column);
     // Enters the amount that one side lacks into the current row.

@@ -18,15 +18,16 @@
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KLinesView.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -116,9 +117,8 @@ void CDlgAddFactor::build()
     m_linesView->setMinimumHeight(LookSizes::scaled(LookSizes::titleRow + 4 * LookSizes::row));
     auto *page = new CardPage(900, this);
     placeHead(page->addForm());
-    QVBoxLayout *column = page->addColumn();
-    column->addWidget(m_linesView, 1);
-    column->addWidget(buildLineCommands());
+    page->addList(m_linesView);
+    fillLineCommands(page->addLine());
     placeFigures(page->addForm());
     setContent(page, m_showOnly ? createButtons(QString(), u"بازگشت"_s) : createButtons());
     fillFooter();
@@ -139,11 +139,8 @@ void CDlgAddFactor::placeHead(FormGrid *grid)
     addLabelled(grid, u"شرح :"_s, m_desc, 4);
 }
 
-QWidget *CDlgAddFactor::buildLineCommands()
+void CDlgAddFactor::fillLineCommands(QHBoxLayout *row)
 {
-    auto *box = new QWidget(this);
-    auto *row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
     QPushButton *add = addButton(row, u"ردیف جدید"_s, u":/icons/new.svg"_s);
     QPushButton *remove = addButton(row, u"حذف ردیف"_s, u":/icons/delete.svg"_s);
     add->setToolTip(u"Insert"_s);
@@ -151,8 +148,7 @@ QWidget *CDlgAddFactor::buildLineCommands()
     connect(add, &QPushButton::clicked, m_linesView, &KLinesView::addLine);
     connect(remove, &QPushButton::clicked, m_linesView, &KLinesView::removeCurrentLine);
     row->addStretch(1);
-    box->setVisible(!m_showOnly);
-    return box;
+    row->parentWidget()->setVisible(!m_showOnly);
 }
 
 KEdit *CDlgAddFactor::addFigure(FormGrid *grid, const QString &caption, KEdit::Kind kind, bool readOnly)

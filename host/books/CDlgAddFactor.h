@@ -16,6 +16,7 @@ class KLinesModel;
 class KLinesView;
 class KPersonField;
 class QCheckBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -40,7 +41,7 @@ public:
 private:
     void build();
     void placeHead(FormGrid *grid);
-    QWidget *buildLineCommands();
+    void fillLineCommands(QHBoxLayout *row);
     void placeFigures(FormGrid *grid);
     void fillFooter();
     KEdit *addFigure(FormGrid *grid, const QString &caption, KEdit::Kind kind, bool readOnly);

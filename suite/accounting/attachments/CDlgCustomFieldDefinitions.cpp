@@ -19,7 +19,6 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -72,7 +71,7 @@ void CDlgCustomFieldDefinitions::build()
 
     grid->startRow();
     grid->addCell(commands, 4);
-    page->addColumn()->addWidget(m_list, 1);
+    page->addList(m_list);
     setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
     LookMarks::setButton(add, LookMarks::Button::Primary);
     connect(add, &QPushButton::clicked, this, &CDlgCustomFieldDefinitions::addField);

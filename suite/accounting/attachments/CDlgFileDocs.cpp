@@ -14,19 +14,17 @@
 #include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/CardStack.h"
-#include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDir>
 #include <QFileDialog>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -77,22 +75,21 @@ void CDlgFileDocs::build()
                         {u"تاریخ"_s, Qt::AlignHCenter, 80, QString(), true},
                         {u"کاربر"_s, Qt::AlignRight, 80}});
     m_list->SetSettingName(u"FileDocs\\List"_s);
-    auto *commands = new QHBoxLayout;
+    auto *commandLine = new QWidget(this);
+    auto *commands = new QHBoxLayout(commandLine);
+    commands->setContentsMargins(0, 0, 0, 0);
+    commands->setSpacing(LookSizes::unit);
     m_addButton = addButton(commands, u"افزودن"_s);
     m_openButton = addButton(commands, u"باز کردن"_s);
     m_saveButton = addButton(commands, u"ذخیره در"_s);
     m_deleteButton = addButton(commands, u"حذف"_s);
     commands->addStretch();
     m_count = new QLabel;
-    LookFonts::apply(m_count, LookFonts::Use::Strong);
-    commands->addWidget(m_count);
-    auto *card = new QGroupBox(this);
-    auto *column = new QVBoxLayout(card);
-    column->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
-    column->setSpacing(LookSizes::unit);
-    column->addWidget(m_list, 1);
-    column->addLayout(commands);
-    (new CardStack(this))->addCard(card, true);
+    auto *card = new KListCard(m_list, this);
+    card->addToFoot(m_count);
+    auto *cards = new CardStack(this);
+    cards->addCard(card, true);
+    cards->addCard(commandLine);
 
     connect(m_addButton, &QPushButton::clicked, this, &CDlgFileDocs::chooseAndAdd);
     connect(m_openButton, &QPushButton::clicked, this, [this] { openFile(m_list->currentKey()); });

@@ -15,7 +15,7 @@
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
@@ -121,11 +121,8 @@ void CDlgAccountDocs::build()
     m_list->SetSettingName(u"AccountDocs\\List"_s);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAccountDocs::showDocument);
 
-    LookFonts::apply(m_totals, LookFonts::Use::Strong);
     auto *cards = new CardPage(980);
-    QVBoxLayout *column = cards->addColumn();
-    column->addWidget(m_list, 1);
-    column->addWidget(m_totals);
+    cards->addList(m_list)->addToFoot(m_totals);
     auto *page = new QWidget(this);
     auto *pageColumn = new QVBoxLayout(page);
     pageColumn->setContentsMargins(0, 0, 0, 0);

@@ -10,12 +10,12 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -45,9 +45,8 @@ CDlgShowDocument::CDlgShowDocument(int num, int fiscalYear, QWidget *parent)
                           .arg(shamsiText(document.m_date.date()), DocumentKinds::name(document.m_iKind), document.m_sDesc));
     m_rows->showDocument(num, fiscalYear);
     auto *page = new CardPage(860, this);
-    QVBoxLayout *column = page->addColumn();
-    column->addWidget(head);
-    column->addWidget(m_rows, 1);
+    page->cards()->addCard(head);
+    page->cards()->addCard(m_rows, true);
     setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
     resize(LookSizes::scaled(860), LookSizes::scaled(420));
     m_rows->list()->selectRow(0);

@@ -21,7 +21,6 @@
 #include <QListView>
 #include <QPushButton>
 #include <QStandardItemModel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -74,7 +73,7 @@ void CDlgMultiItems::build()
     m_view->setAccessibleName(windowTitle());
 
     grid->addCell(commands, 4);
-    page->addColumn()->addWidget(m_view, 1);
+    page->addList(m_view);
     setContent(page, createButtons(), Content::Fills);
     resize(LookSizes::scaled(440), LookSizes::scaled(480));
     connect(add, &QPushButton::clicked, this, &CDlgMultiItems::addValue);

@@ -10,6 +10,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -18,7 +19,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -59,9 +59,8 @@ void CDlgDueAlarms::build()
     m_list->SetSettingName(u"DueAlarms\\List"_s);
 
     auto *page = new CardPage(720, this);
-    QVBoxLayout *column = page->addColumn();
-    column->addWidget(heading);
-    column->addWidget(m_list, 1);
+    page->cards()->addCard(heading);
+    page->addList(m_list);
     // Closing is what Enter does.
     setContent(page, createButtons({}, u"بستن"_s), Content::Fills);
     m_done = addButton(footer(), u"انجام شد"_s, u":/icons/reminder.svg"_s);

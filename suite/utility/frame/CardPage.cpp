@@ -3,11 +3,12 @@
 
 #include "suite/utility/frame/CardPage.h"
 
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/LookSizes.h"
 
 #include <QGroupBox>
-#include <QVBoxLayout>
+#include <QHBoxLayout>
 
 CardPage::CardPage(int width, QWidget *parent)
     : QWidget(parent)
@@ -18,23 +19,26 @@ CardPage::CardPage(int width, QWidget *parent)
 
 FormGrid *CardPage::addForm(const QString &title, FormGrid::Extent extent)
 {
-    return new FormGrid(makeCard(title, false), extent);
-}
-
-QVBoxLayout *CardPage::addColumn(const QString &title)
-{
-    auto *column = new QVBoxLayout(makeCard(title, true));
-    // As those of a form, the border included.
-    column->setContentsMargins(LookSizes::cardPadding - 1, LookSizes::unit - 1, LookSizes::cardPadding - 1, LookSizes::unit + 1);
-    column->setSpacing(LookSizes::unit);
-    return column;
-}
-
-QGroupBox *CardPage::makeCard(const QString &title, bool grows)
-{
     auto *card = new QGroupBox(title, this);
-    m_cards->addCard(card, grows);
+    m_cards->addCard(card);
+    return new FormGrid(card, extent);
+}
+
+KListCard *CardPage::addList(QAbstractItemView *list)
+{
+    auto *card = new KListCard(list, this);
+    m_cards->addCard(card, true);
     return card;
+}
+
+QHBoxLayout *CardPage::addLine()
+{
+    auto *place = new QWidget(this);
+    auto *line = new QHBoxLayout(place);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(LookSizes::unit);
+    m_cards->addCard(place);
+    return line;
 }
 
 QSize CardPage::sizeHint() const

@@ -10,8 +10,9 @@
 #include <QWidget>
 
 class CardStack;
-class QGroupBox;
-class QVBoxLayout;
+class KListCard;
+class QAbstractItemView;
+class QHBoxLayout;
 
 // The content of a window made of cards: it asks for a width, and for the height that its cards have in it.
 class TZUTILITY_EXPORT CardPage : public QWidget
@@ -25,14 +26,14 @@ public:
     CardStack *cards() const { return m_cards; }
     // A new card below those that are there, filled by its form. An empty title: a card without one.
     FormGrid *addForm(const QString &title = {}, FormGrid::Extent extent = FormGrid::Extent::Half);
-    // The same for a list or a grid of lines with what belongs to it; it takes the height that is left.
-    QVBoxLayout *addColumn(const QString &title = {});
+    // A list or a grid of lines in a card of its own, which takes the height that is left.
+    KListCard *addList(QAbstractItemView *list);
+    // A line on the ground of the window, such as the commands of a list; the layout's items are to follow.
+    QHBoxLayout *addLine();
 
     QSize sizeHint() const override;
 
 private:
-    QGroupBox *makeCard(const QString &title, bool grows);
-
     int m_width;
     CardStack *m_cards;
 };

@@ -5,6 +5,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/frame/KDialog.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookSizes.h"
 #include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
@@ -12,10 +13,11 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QGroupBox>
+#include <QHBoxLayout>
+#include <QListView>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QVBoxLayout>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -53,7 +55,7 @@ private Q_SLOTS:
     void largerFontMakesAWiderWindow();
     void cardsHaveTheSameEdges();
     void tooManyFieldsScrollAboveTheButtons();
-    void columnTakesTheHeightThatIsLeft();
+    void listTakesTheHeightThatIsLeft();
 };
 
 void TestCardPage::windowIsAsWideAsAskedAndShowsAllOfItsCards()
@@ -110,16 +112,19 @@ void TestCardPage::tooManyFieldsScrollAboveTheButtons()
     QTRY_VERIFY(!last->visibleRegion().isEmpty());
 }
 
-void TestCardPage::columnTakesTheHeightThatIsLeft()
+void TestCardPage::listTakesTheHeightThatIsLeft()
 {
     CardPage page(480);
     page.addForm();
-    page.addColumn()->addWidget(new QWidget);
+    const KListCard *list = page.addList(new QListView);
+    auto *below = new QPushButton(u"فرمان"_s);
+    page.addLine()->addWidget(below);
     page.resize(480, 600);
     page.show();
     QVERIFY(QTest::qWaitForWindowExposed(&page));
-    const QList<QGroupBox *> cards = page.findChildren<QGroupBox *>();
-    QVERIFY(cards.constLast()->geometry().bottom() > 580);
+    QVERIFY(list->height() > 400);
+    QVERIFY(placeIn(page, below).top() > list->geometry().bottom());
+    QVERIFY(placeIn(page, below).bottom() > 560 && page.rect().contains(placeIn(page, below)));
 }
 
 static const RegisteredTest<TestCardPage, QApplication> registeredCardPage;
