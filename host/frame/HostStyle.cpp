@@ -67,8 +67,8 @@ void drawFrame(QPainter &painter, const QStyleOption &option, const QWidget *wid
     painter.setPen(HostColors::of(Role::Line));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
-    if (widget && widget->hasFocus() && qobject_cast<const QAbstractItemView *>(widget))
-        painter.fillRect(QRect(option.rect.left(), option.rect.top(), option.rect.width(), LookSizes::ring), HostColors::of(Role::Accent));
+    if (widget && widget->hasFocus() && qobject_cast<const QAbstractScrollArea *>(widget))
+        HostPanels::focusRing(painter, option.rect);
 }
 
 QRect scrollHandle(const QStyleOptionSlider &bar, const QRect &rect)
@@ -178,6 +178,9 @@ void HostStyle::polish(QWidget *widget)
     if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QAbstractButton *>(widget) || qobject_cast<QComboBox *>(widget)
         || qobject_cast<QAbstractSpinBox *>(widget))
         widget->setAttribute(Qt::WA_Hover);
+    // As many as a small screen has room for; the list scrolls beyond.
+    if (auto *combo = qobject_cast<QComboBox *>(widget))
+        combo->setMaxVisibleItems(20);
     if (auto *view = qobject_cast<QAbstractItemView *>(widget))
         view->viewport()->setAttribute(Qt::WA_Hover);
 }

@@ -3,6 +3,7 @@
 
 #include "tests/look/FocusWalk.h"
 
+#include "suite/utility/lists/KListCard.h"
 #include "tests/look/WindowParts.h"
 
 #include <QAbstractItemView>
@@ -50,11 +51,11 @@ bool isTypedInto(const QWidget &widget)
         || (qobject_cast<const QAbstractScrollArea *>(&widget) && !qobject_cast<const QAbstractItemView *>(&widget));
 }
 
-// A field within a control that draws the frame.
+// A field within a control that draws the frame, and a list in its card.
 QWidget &framed(QWidget &stop)
 {
     QWidget *around = stop.parentWidget();
-    const bool isPart = around && (qobject_cast<QComboBox *>(around) || qobject_cast<QAbstractSpinBox *>(around));
+    const bool isPart = around && (qobject_cast<QComboBox *>(around) || qobject_cast<QAbstractSpinBox *>(around) || qobject_cast<KListCard *>(around));
     return isPart ? *around : stop;
 }
 

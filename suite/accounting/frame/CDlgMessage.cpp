@@ -159,6 +159,9 @@ void CDlgMessage::keyPressEvent(QKeyEvent *event)
 
 void CDlgMessage::showEvent(QShowEvent *event)
 {
+    // In the font that the window has by now.
+    if (!event->spontaneous())
+        fitText();
     KDialog::showEvent(event);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

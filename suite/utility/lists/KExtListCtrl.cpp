@@ -102,6 +102,11 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     connect(m_menuMark, &RowMenuMark::clicked, this, &KExtListCtrl::requestRowMenu);
     // A reset drops the selection without a word of its own.
     connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
+    // Rows of a source come by and by; the first ones tell how long its figures are.
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first) {
+        if (first == 0 && !m_userLayout)
+            fitColumns();
+    });
 }
 
 KExtListCtrl::~KExtListCtrl()
@@ -155,7 +160,7 @@ double KExtListCtrl::figureWidth(int column) const
     QFont bold = font();
     bold.setBold(true);
     const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-        return QFontMetrics(bold).horizontalAdvance(longest) + 2 * margin + 1 + (m_menuMark->standsIn(column) ? ListLook::rowHeight(fontMetrics()) : 0);
+    return QFontMetrics(bold).horizontalAdvance(longest) + 2 * margin + 1 + (m_menuMark->standsIn(column) ? ListLook::rowHeight(fontMetrics()) : 0);
 }
 
 void KExtListCtrl::resizeEvent(QResizeEvent *event)

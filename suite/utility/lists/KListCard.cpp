@@ -20,12 +20,11 @@ constexpr int footGap = 32; // between its texts
 }
 
 KListCard::KListCard(QAbstractItemView *list, QWidget *parent)
-    : QFrame(parent)
+    : QWidget(parent)
     , m_list(list)
 {
-    setFrameShape(StyledPanel);
     LookMarks::setCard(this);
-    list->setFrameShape(NoFrame);
+    list->setFrameShape(QFrame::NoFrame);
     list->installEventFilter(this);
     auto *column = new QVBoxLayout(this);
     // Room for the ring of the focus.
@@ -54,12 +53,12 @@ bool KListCard::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
         update();
-    return QFrame::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void KListCard::paintEvent(QPaintEvent *event)
 {
-    QFrame::paintEvent(event);
+    QWidget::paintEvent(event);
     if (!m_list->hasFocus())
         return;
     QPainter painter(this);

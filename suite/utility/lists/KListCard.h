@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QFrame>
+#include <QWidget>
 
 #include "suite/utility/TzUtilityExport.h"
 
@@ -11,7 +11,7 @@ class QAbstractItemView;
 class QHBoxLayout;
 
 // A list and the line at its foot, which counts and sums up its rows, as one card. While the list has the focus the card shows it.
-class TZUTILITY_EXPORT KListCard : public QFrame
+class TZUTILITY_EXPORT KListCard : public QWidget
 {
     Q_OBJECT
 

@@ -17,6 +17,8 @@ namespace {
 
 // More than a screen shows.
 constexpr int keptRows = 512;
+// Of a source, whose rows are made when they are asked for.
+constexpr int sampledRows = 200;
 
 using HostColors::Role;
 
@@ -114,7 +116,9 @@ void KListModel::setRows(QVector<Row> rows)
 QString KListModel::longestFigure(int column) const
 {
     QString longest;
-    for (const Row &row : m_rows) {
+    const int rows = m_source ? qMin(m_sourceRows, sampledRows) : int(m_rows.size());
+    for (int i = 0; i < rows; ++i) {
+        const Row &row = rowAt(i);
         if (column >= row.cells.size())
             continue;
         const Cell &cell = row.cells[column];

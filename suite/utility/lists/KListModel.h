@@ -84,8 +84,7 @@ public:
     // The rows behind it are counted anew. False when no row has the key.
     bool removeKey(int key);
     void clear();
-    // The longest of the amounts, dates and codes that the column shows; empty without any, and for a list with a source, whose rows
-    // are not made.
+    // The longest of the amounts, dates and codes that the column shows; empty without any. Of a source, of its first rows.
     QString longestFigure(int column) const;
     // A list with a source makes all its rows for this.
     QVector<Row> rows() const;
