@@ -27,6 +27,8 @@ namespace {
 
 // Of the text, in letters of ordinary width.
 constexpr int shortestLine = 36;
+// A label breaks its lines a little earlier than they are measured.
+constexpr int spareCharacters = 4;
 constexpr int longestLine = 64;
 
 QString titleOf(KMessageDialog::Kind kind)
@@ -112,7 +114,7 @@ void CDlgMessage::fitText()
     const QSize room = (parentWidget() ? parentWidget()->screen() : screen())->availableSize();
     const QFontMetrics metrics(m_text->font());
     const int longest = std::min(longestLine * metrics.averageCharWidth(), room.width() * 3 / 4);
-    const int natural = metrics.boundingRect(QRect(0, 0, longest, 0), Qt::TextWordWrap, text()).width() + metrics.averageCharWidth();
+    const int natural = metrics.boundingRect(QRect(0, 0, longest, 0), Qt::TextWordWrap, text()).width() + metrics.averageCharWidth() * spareCharacters;
     const int width = std::clamp(natural, std::min(shortestLine * metrics.averageCharWidth(), longest), longest);
     const int height = m_text->heightForWidth(width);
     const int most = room.height() / 2;

@@ -27,6 +27,12 @@ QVariant brush(Role role)
     return QBrush(HostColors::of(role));
 }
 
+// A number, a date or a telephone number, whatever kind of value it is.
+bool isFigure(const QString &text)
+{
+    return std::ranges::all_of(text, [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'/' || c == u',' || c == u'.' || c == u'-'; });
+}
+
 // How a cell stands out, if it does.
 QVariant look(const KListModel::Row &row, int column, int role)
 {
@@ -122,7 +128,7 @@ QString KListModel::longestFigure(int column) const
         if (column >= row.cells.size())
             continue;
         const Cell &cell = row.cells[column];
-        if (cell.text.size() > longest.size() && readsLeftToRight(m_columns[column], cell))
+        if (cell.text.size() > longest.size() && (readsLeftToRight(m_columns[column], cell) || isFigure(cell.text)))
             longest = cell.text;
     }
     return longest;
