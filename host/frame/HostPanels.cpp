@@ -94,9 +94,6 @@ void HostPanels::field(QPainter &painter, const QStyleOption &option, const QWid
     int width = 1;
     if (!enabled) {
         border = Role::Line;
-    } else if (LookMarks::isRefused(widget)) {
-        border = Role::Danger;
-        width = LookSizes::ring;
     } else if (readOnly) {
         border = Role::Accent;
         width = focus ? 1 : 0;
@@ -135,8 +132,6 @@ void HostPanels::toolButton(QPainter &painter, const QStyleOption &option)
         rounded(painter, option.rect, LookSizes::buttonCorner, color(Role::Select), color(Role::Select));
     else if (enabled && is(option, QStyle::State_MouseOver))
         rounded(painter, option.rect, LookSizes::buttonCorner, color(Role::Hover), color(Role::Hover));
-    if (enabled && is(option, QStyle::State_HasFocus))
-        focusRing(painter, option.rect);
 }
 
 void HostPanels::card(QPainter &painter, const QRect &rect)

@@ -7,8 +7,6 @@
 
 class QPainter;
 class QStyleOption;
-class QStyleOptionButton;
-class QStyleOptionFrame;
 class QStyleOptionViewItem;
 class QWidget;
 

@@ -17,7 +17,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -60,8 +59,8 @@ void drawFrame(QPainter &painter, const QStyleOption &option, const QWidget *wid
     const auto *frame = as<QStyleOptionFrame>(&option);
     if (frame && frame->lineWidth <= 0)
         return;
-    if (qobject_cast<const QPlainTextEdit *>(widget)) {
-        HostPanels::field(painter, option, widget, option.state & QStyle::State_ReadOnly);
+    if (const auto *text = qobject_cast<const QPlainTextEdit *>(widget)) {
+        HostPanels::field(painter, option, widget, text->isReadOnly());
         return;
     }
     painter.setPen(HostColors::of(Role::Line));
@@ -81,7 +80,15 @@ QRect scrollHandle(const QStyleOptionSlider &bar, const QRect &rect)
         return rect;
     const int size = qBound(qMin(least, length), int(double(length) * bar.pageStep / (range + bar.pageStep)), length);
     const int at = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition, length - size, bar.upsideDown);
-    return upright ? QRect(rect.left(), rect.top() + at, rect.width(), size) : QRect(rect.left() + at, rect.top(), size, rect.height());
+    // A scroll bar that lies counts from the side that is read first.
+    return upright ? QRect(rect.left(), rect.top() + at, rect.width(), size)
+                   : QStyle::visualRect(bar.direction, rect, QRect(rect.left() + at, rect.top(), size, rect.height()));
+}
+
+QRect besideHandle(const QRect &rect, const QRect &handle, bool atTheLeft)
+{
+    return atTheLeft ? QRect(rect.left(), rect.top(), handle.left() - rect.left(), rect.height())
+                     : QRect(handle.right() + 1, rect.top(), rect.right() - handle.right(), rect.height());
 }
 
 void drawScrollBar(QPainter &painter, const QStyleOptionSlider &bar)
@@ -208,6 +215,8 @@ QIcon HostStyle::standardIcon(StandardPixmap picture, const QStyleOption *option
 // The letters to press with Alt are underlined while it is down.
 bool HostStyle::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::ApplicationStateChange)
+        m_altIsDown = false; // it is let go of in another program
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
     if (isKey && watched->isWidgetType() && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt) {
         m_altIsDown = event->type() == QEvent::KeyPress;
@@ -303,8 +312,7 @@ void HostStyle::drawControl(ControlElement element, const QStyleOption *option, 
     const auto *item = as<QStyleOptionMenuItem>(option);
     if (element == CE_PushButton && button) {
         HostPanels::button(*painter, *button, widget);
-        QStyleOptionButton label(*button);
-        HostLabels::button(*proxy(), label, *painter, widget);
+        HostLabels::button(*proxy(), *button, *painter, widget);
     } else if (element == CE_PushButtonBevel && button) {
         HostPanels::button(*painter, *button, widget);
     } else if (element == CE_PushButtonLabel && button) {
@@ -432,11 +440,9 @@ QRect HostStyle::subControlRect(ComplexControl control, const QStyleOptionComple
         case SC_ScrollBarGroove:
             return rect;
         case SC_ScrollBarSubPage:
-            return upright ? QRect(rect.left(), rect.top(), rect.width(), handle.top() - rect.top())
-                           : QRect(rect.left(), rect.top(), handle.left() - rect.left(), rect.height());
+            return upright ? QRect(rect.left(), rect.top(), rect.width(), handle.top() - rect.top()) : besideHandle(rect, handle, bar->direction == Qt::LeftToRight);
         case SC_ScrollBarAddPage:
-            return upright ? QRect(rect.left(), handle.bottom() + 1, rect.width(), rect.bottom() - handle.bottom())
-                           : QRect(handle.right() + 1, rect.top(), rect.right() - handle.right(), rect.height());
+            return upright ? QRect(rect.left(), handle.bottom() + 1, rect.width(), rect.bottom() - handle.bottom()) : besideHandle(rect, handle, bar->direction == Qt::RightToLeft);
         default:
             return {};
         }

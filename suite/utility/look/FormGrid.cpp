@@ -273,11 +273,6 @@ void FormGrid::showNotes() const
     }
 }
 
-void FormGrid::invalidate()
-{
-    QLayout::invalidate();
-}
-
 void FormGrid::addItem(QLayoutItem *item)
 {
     add({nullptr, nullptr, item, 1});

@@ -62,7 +62,6 @@ public:
     int heightForWidth(int width) const override;
     Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
     void setGeometry(const QRect &rect) override;
-    void invalidate() override;
 
 private:
     struct Field

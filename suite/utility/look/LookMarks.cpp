@@ -13,7 +13,6 @@ namespace {
 
 constexpr char buttonMark[] = "tzButton";
 constexpr char tallMark[] = "tzTall";
-constexpr char refusedMark[] = "tzRefused";
 constexpr char cardMark[] = "tzCard";
 constexpr char sharedMark[] = "tzShared";
 constexpr char barMark[] = "tzBar";
@@ -56,17 +55,6 @@ void LookMarks::setTall(QWidget *widget)
 bool LookMarks::isTall(const QWidget *widget)
 {
     return isMarked(widget, tallMark);
-}
-
-void LookMarks::setRefused(QWidget *widget, bool refused)
-{
-    widget->setProperty(refusedMark, refused);
-    widget->update();
-}
-
-bool LookMarks::isRefused(const QWidget *widget)
-{
-    return isMarked(widget, refusedMark);
 }
 
 void LookMarks::setCard(QWidget *widget)

@@ -5,8 +5,6 @@
 
 #include "suite/utility/TzUtilityExport.h"
 
-class QPushButton;
-class QToolButton;
 class QWidget;
 
 // What a control is in its window, for the style that draws it. Without the program's style these change nothing.
@@ -25,9 +23,6 @@ TZUTILITY_EXPORT Button button(const QWidget *widget);
 // A control of a filter, a bar or a footer is higher than one of a form. Also all those inside the widget, now.
 TZUTILITY_EXPORT void setTall(QWidget *widget);
 TZUTILITY_EXPORT bool isTall(const QWidget *widget);
-// The entry of this control is refused: its frame is in danger.
-TZUTILITY_EXPORT void setRefused(QWidget *widget, bool refused);
-TZUTILITY_EXPORT bool isRefused(const QWidget *widget);
 // A group box or frame is a card: surface, border, round corners. A group box without this is one too; this is for others.
 TZUTILITY_EXPORT void setCard(QWidget *widget);
 TZUTILITY_EXPORT bool isCard(const QWidget *widget);

@@ -8,6 +8,8 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QTest>
 
@@ -74,6 +76,39 @@ private Q_SLOTS:
         QCOMPARE(picture.pixelColor(picture.width() - 8, y), HostColors::of(Role::Select));
         QCOMPARE(picture.pixelColor(8, y), HostColors::of(Role::Select));
         QCOMPARE(picture.pixelColor(8, list.visualRect(list.model()->index(2, 0)).top() + 2), HostColors::of(Role::Surface));
+    }
+
+    void lyingScrollBarBeginsAtTheRight()
+    {
+        QScrollBar bar(Qt::Horizontal);
+        bar.setLayoutDirection(Qt::RightToLeft);
+        bar.setRange(0, 300);
+        bar.setPageStep(100);
+        bar.resize(200, 12);
+        QStyleOptionSlider option;
+        option.initFrom(&bar);
+        option.orientation = Qt::Horizontal;
+        option.minimum = 0;
+        option.maximum = 300;
+        option.pageStep = 100;
+        option.sliderPosition = 0;
+        const auto part = [&](QStyle::SubControl which) { return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, which, &bar); };
+        QCOMPARE(part(QStyle::SC_ScrollBarSlider).right(), bar.rect().right());
+        QCOMPARE(part(QStyle::SC_ScrollBarAddPage).left(), 0);
+        QVERIFY(part(QStyle::SC_ScrollBarSubPage).isEmpty());
+        option.sliderPosition = 300;
+        QCOMPARE(part(QStyle::SC_ScrollBarSlider).left(), 0);
+        QCOMPARE(part(QStyle::SC_ScrollBarSubPage).right(), bar.rect().right());
+    }
+
+    void areaThatIsOnlyReadHasNoBorder()
+    {
+        QPlainTextEdit area;
+        area.resize(120, 60);
+        const auto edge = [&] { return area.grab().toImage().pixelColor(60, 0); };
+        QCOMPARE(edge(), HostColors::of(HostColors::Role::Edge));
+        area.setReadOnly(true);
+        QVERIFY(edge() != HostColors::of(HostColors::Role::Edge));
     }
 
     void dropDownThatOnlyShowsItsValueHasAGreyArrowAndAReadableText_data()
