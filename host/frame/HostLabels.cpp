@@ -4,6 +4,7 @@
 #include "host/frame/HostLabels.h"
 
 #include "host/frame/HostPanels.h"
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookIcons.h"
@@ -184,7 +185,12 @@ void HostLabels::menuItem(const QStyle &style, const QStyleOptionMenuItem &optio
     if (tab >= 0) {
         painter.setPen(HostColors::of(!enabled ? Disabled : chosen ? OnSelect
                                                                    : Quiet));
-        painter.drawText(text, Qt::AlignVCenter | Qt::TextSingleLine | Qt::AlignAbsolute | (rtl ? Qt::AlignLeft : Qt::AlignRight), option.text.mid(tab + 1));
+// From the left and in Latin digits, as on the keys.
+        QFont keys = option.font;
+        keys.setFamilies(CodeFont::families(option.font));
+        painter.setFont(keys);
+        painter.drawText(text, Qt::AlignVCenter | Qt::TextSingleLine | Qt::AlignAbsolute | (rtl ? Qt::AlignLeft : Qt::AlignRight),
+                         QChar(0x202A) + option.text.mid(tab + 1) + QChar(0x202C));
     }
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu) {
         painter.setPen(QPen(HostColors::of(Quiet), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

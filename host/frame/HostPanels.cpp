@@ -10,6 +10,7 @@
 #include <QListView>
 #include <QPainter>
 #include <QStyleOption>
+#include <QTableView>
 #include <QTreeView>
 
 namespace {
@@ -85,7 +86,7 @@ bool isBehindBranch(const QStyleOptionViewItem &option, const QWidget *view)
 
 }
 
-void HostPanels::field(QPainter &painter, const QStyleOption &option, const QWidget *widget, bool readOnly)
+void HostPanels::field(QPainter &painter, const QStyleOption &option, bool readOnly)
 {
     const bool enabled = is(option, QStyle::State_Enabled);
     const bool focus = is(option, QStyle::State_HasFocus) && enabled;
@@ -125,8 +126,15 @@ void HostPanels::button(QPainter &painter, const QStyleOption &option, const QWi
     rounded(painter, option.rect, LookSizes::buttonCorner, color(shape.ground), color(flat && shape.width == 1 ? shape.ground : shape.border), shape.width);
 }
 
-void HostPanels::toolButton(QPainter &painter, const QStyleOption &option)
+void HostPanels::toolButton(QPainter &painter, const QStyleOption &option, const QWidget *widget)
 {
+    // One in a line of buttons is framed like them.
+    if (LookMarks::isTall(widget) && !is(option, QStyle::State_AutoRaise)) {
+        QStyleOption plain = option;
+        plain.state &= ~QStyle::State_HasFocus; // the ring is drawn inside
+        button(painter, plain, widget);
+        return;
+    }
     const bool enabled = is(option, QStyle::State_Enabled);
     if (enabled && (is(option, QStyle::State_Sunken) || is(option, QStyle::State_On)))
         rounded(painter, option.rect, LookSizes::buttonCorner, color(Role::Select), color(Role::Select));
@@ -210,7 +218,9 @@ void HostPanels::row(QPainter &painter, const QStyleOptionViewItem &option, cons
         painter.fillRect(rect, color(Role::Hover));
     else if (option.features & QStyleOptionViewItem::Alternate)
         painter.fillRect(rect, color(Role::Stripe));
-    if (!qobject_cast<const QListView *>(view))
+    // A table with a grid has its own.
+    const auto *table = qobject_cast<const QTableView *>(view);
+    if (!qobject_cast<const QListView *>(view) && !(table && table->showGrid()))
         painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), color(Role::Line));
     const bool first = option.viewItemPosition == QStyleOptionViewItem::Beginning || option.viewItemPosition == QStyleOptionViewItem::OnlyOne;
     if (!selected || !first || isBehindBranch(option, view))

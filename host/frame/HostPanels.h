@@ -13,12 +13,12 @@ class QWidget;
 // The grounds and frames that HostStyle draws: of fields, buttons, cards, bars, rows, marks.
 namespace HostPanels {
 
-// A field's ground and border by its state: typed into, read-only, refused, disabled, with the focus.
-void field(QPainter &painter, const QStyleOption &option, const QWidget *widget, bool readOnly);
+// A field's ground and border by its state: typed into, read-only, disabled, with the focus.
+void field(QPainter &painter, const QStyleOption &option, bool readOnly);
 // One that only shows what it holds.
 void quietField(QPainter &painter, const QRect &rect);
 void button(QPainter &painter, const QStyleOption &option, const QWidget *widget);
-void toolButton(QPainter &painter, const QStyleOption &option);
+void toolButton(QPainter &painter, const QStyleOption &option, const QWidget *widget);
 void card(QPainter &painter, const QRect &rect);
 // The ground of a widget that is marked as a card or a bar.
 void marked(QPainter &painter, const QStyleOption &option, const QWidget *widget);

@@ -60,7 +60,7 @@ void drawFrame(QPainter &painter, const QStyleOption &option, const QWidget *wid
     if (frame && frame->lineWidth <= 0)
         return;
     if (const auto *text = qobject_cast<const QPlainTextEdit *>(widget)) {
-        HostPanels::field(painter, option, widget, text->isReadOnly());
+        HostPanels::field(painter, option, text->isReadOnly());
         return;
     }
     painter.setPen(HostColors::of(Role::Line));
@@ -107,11 +107,23 @@ void drawScrollBar(QPainter &painter, const QStyleOptionSlider &bar)
     painter.restore();
 }
 
-QRect atEnd(const QStyleOption &option, int width)
+// A time is read from the left, and its arrows stand where those of its neighbours do.
+Qt::LayoutDirection directionOf(const QStyleOption &option, const QWidget *widget)
+{
+    const auto *spin = qobject_cast<const QAbstractSpinBox *>(widget);
+    return spin && spin->parentWidget() ? spin->parentWidget()->layoutDirection() : option.direction;
+}
+
+QRect atEnd(const QStyleOption &option, int width, Qt::LayoutDirection direction)
 {
     const QRect &rect = option.rect;
-    return option.direction == Qt::RightToLeft ? QRect(rect.left(), rect.top(), width, rect.height())
-                                               : QRect(rect.right() - width + 1, rect.top(), width, rect.height());
+    return direction == Qt::RightToLeft ? QRect(rect.left(), rect.top(), width, rect.height())
+                                        : QRect(rect.right() - width + 1, rect.top(), width, rect.height());
+}
+
+QRect atEnd(const QStyleOption &option, int width)
+{
+    return atEnd(option, width, option.direction);
 }
 
 // A drop-down that is disabled and yet keeps its text readable shows a record's value.
@@ -135,10 +147,10 @@ void drawSpinBox(QPainter &painter, const QStyleOptionSpinBox &option, const QWi
 {
     const auto *spin = qobject_cast<const QAbstractSpinBox *>(widget);
     if (option.frame)
-        HostPanels::field(painter, option, widget, spin && spin->isReadOnly());
+        HostPanels::field(painter, option, spin && spin->isReadOnly());
     if (option.buttonSymbols == QAbstractSpinBox::NoButtons)
         return;
-    const QRect arrows = atEnd(option, chevronRoom);
+    const QRect arrows = atEnd(option, chevronRoom, directionOf(option, widget));
     const bool enabled = option.state & QStyle::State_Enabled;
     HostPanels::chevron(painter, arrows.adjusted(0, 0, 0, -arrows.height() / 2 + 2), enabled && (option.stepEnabled & QAbstractSpinBox::StepUpEnabled), true);
     HostPanels::chevron(painter, arrows.adjusted(0, arrows.height() / 2 - 2, 0, 0), enabled && (option.stepEnabled & QAbstractSpinBox::StepDownEnabled));
@@ -234,7 +246,7 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         return;
     case PE_PanelLineEdit:
         if (const auto *frame = as<QStyleOptionFrame>(option); frame && frame->lineWidth > 0)
-            HostPanels::field(*painter, *option, widget, option->state & State_ReadOnly);
+            HostPanels::field(*painter, *option, option->state & State_ReadOnly);
         else if (!widget || !qobject_cast<const QComboBox *>(widget->parentWidget()))
             painter->fillRect(option->rect, option->palette.brush(QPalette::Base));
         return;
@@ -257,7 +269,7 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         HostPanels::button(*painter, *option, widget);
         return;
     case PE_PanelButtonTool:
-        HostPanels::toolButton(*painter, *option);
+        HostPanels::toolButton(*painter, *option, widget);
         return;
     case PE_IndicatorCheckBox:
         HostPanels::checkMark(*painter, *option);
@@ -354,7 +366,7 @@ void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
         if (combo->frame && showsOnly(*option))
             HostPanels::quietField(*painter, option->rect);
         else if (combo->frame)
-            HostPanels::field(*painter, *option, widget, false);
+            HostPanels::field(*painter, *option, false);
         HostPanels::chevron(*painter, atEnd(*option, chevronRoom + 2), option->state & State_Enabled);
     } else if (const auto *spin = as<QStyleOptionSpinBox>(option); control == CC_SpinBox && spin) {
         drawSpinBox(*painter, *spin, widget);
@@ -375,6 +387,11 @@ QRect HostStyle::subElementRect(SubElement element, const QStyleOption *option, 
             return option->rect;
         const int padding = (LookMarks::isShared(widget) ? LookSizes::controlCorner : LookSizes::fieldPadding) - lineEditMargin;
         return option->rect.adjusted(padding, 1, -padding, -1);
+    }
+    if (const auto *cell = as<QStyleOptionViewItem>(option); element == SE_ItemViewItemCheckIndicator && cell && cell->text.isEmpty()) {
+        QRect mark = QProxyStyle::subElementRect(element, option, widget);
+        mark.moveCenter(cell->rect.center());
+        return mark;
     }
     if (element == SE_PushButtonFocusRect || element == SE_PushButtonContents)
         return option->rect.adjusted(2, 2, -2, -2);
@@ -418,14 +435,15 @@ QRect HostStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     if (control == CC_ComboBox && part == SC_ComboBoxArrow)
         return atEnd(*option, chevronRoom);
     if (control == CC_SpinBox) {
-        const QRect arrows = atEnd(*option, chevronRoom);
+        const Qt::LayoutDirection direction = directionOf(*option, widget);
+        const QRect arrows = atEnd(*option, chevronRoom, direction);
         switch (part) {
         case SC_SpinBoxUp:
             return arrows.adjusted(0, 0, 0, -arrows.height() / 2);
         case SC_SpinBoxDown:
             return arrows.adjusted(0, arrows.height() / 2, 0, 0);
         case SC_SpinBoxEditField:
-            return option->direction == Qt::RightToLeft ? rect.adjusted(chevronRoom, 2, -LookSizes::fieldPadding + 2, -2)
+            return direction == Qt::RightToLeft ? rect.adjusted(chevronRoom, 2, -LookSizes::fieldPadding + 2, -2)
                                                         : rect.adjusted(LookSizes::fieldPadding - 2, 2, -chevronRoom, -2);
         default:
             break;

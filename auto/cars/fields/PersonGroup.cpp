@@ -70,7 +70,7 @@ QPushButton *PersonGroup::addButton(const QString &accessibleName, const QString
     button->setToolTip(toolTip);
     button->setAutoDefault(false);
     LookMarks::setButton(button, LookMarks::Button::Small);
-    button->setMaximumWidth(button->fontMetrics().averageCharWidth() * 6);
+    button->setMinimumWidth(LookSizes::scaled(LookSizes::control) + LookSizes::unit);
     return button;
 }
 

@@ -120,6 +120,7 @@ void CDlgMessage::fitText()
     const int most = room.height() / 2;
     const bool scrolls = height > most;
     m_scroll->setFocusPolicy(scrolls ? Qt::StrongFocus : Qt::NoFocus);
+    m_scroll->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     const int bar = scrolls ? m_scroll->verticalScrollBar()->sizeHint().width() : 0;
     // Only this counts, not the shape that a label would give its text by itself.
     m_scroll->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);

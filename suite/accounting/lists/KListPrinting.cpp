@@ -5,6 +5,8 @@
 
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QMenu>
@@ -31,6 +33,8 @@ QWidget *KListPrinting::makeMenu(QWidget *parent, const std::function<bool()> &m
     auto *arrow = new QToolButton(parent);
     arrow->setIcon(LookIcons::icon(u":/icons/chevron.svg"_s));
     arrow->setFocusPolicy(Qt::TabFocus);
+    LookMarks::setTall(arrow);
+    arrow->setMinimumWidth(LookSizes::scaled(LookSizes::tallControl) + LookSizes::unit / 2);
     arrow->setToolTip(u"خروجی های دیگر"_s);
     arrow->setAccessibleName(arrow->toolTip());
     auto *menu = new QMenu(arrow->toolTip(), arrow);

@@ -402,10 +402,23 @@ void KEdit::paintCut()
     painter.drawText(textRoom(), Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute, CutNumber::mark());
 }
 
+void KEdit::paintElided()
+{
+    QStylePainter painter(this);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    painter.setPen(option.palette.color(QPalette::Text));
+    const QRect room = textRoom();
+    painter.drawText(room, alignment() | Qt::TextSingleLine, fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+}
+
 void KEdit::paintEvent(QPaintEvent *event)
 {
     if (isCut())
         paintCut();
+    else if (isReadOnly() && !hasFocus() && m_kind == Kind::Text && isLongerThanRoom())
+        paintElided(); // half a name would be read as another one
     else
         QLineEdit::paintEvent(event);
     if (!m_told.isEmpty())

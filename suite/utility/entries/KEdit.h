@@ -87,6 +87,7 @@ private:
     bool isLongerThanRoom() const;
     bool isCut() const;
     void paintCut();
+    void paintElided();
     QRect textRoom() const;
     bool readsLeftToRight() const { return isNumberKind() || m_kind == Kind::Code; }
     void alignText();

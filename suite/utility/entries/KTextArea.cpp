@@ -21,6 +21,7 @@ namespace {
 
 constexpr int shownLines = 3;
 constexpr int leastLines = 2;
+constexpr int areaMargin = 4;
 // The offers show a text on one line, so the text itself stands behind it.
 constexpr int wholeTextRole = Qt::UserRole;
 
@@ -36,6 +37,8 @@ KTextArea::KTextArea(QWidget *parent)
     : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
+    // Clear of the frame's round corners.
+    setViewportMargins(areaMargin, areaMargin / 2, areaMargin, areaMargin / 2);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(this, &QPlainTextEdit::textChanged, this, &KTextArea::checkLength);
     readInWindowsDirection();
@@ -164,7 +167,7 @@ void KTextArea::paintEvent(QPaintEvent *event)
 
 QSize KTextArea::sizeOfLines(int lines) const
 {
-    const int margins = 2 * (frameWidth() + int(std::ceil(document()->documentMargin())));
+    const int margins = 2 * (frameWidth() + int(std::ceil(document()->documentMargin()))) + areaMargin;
     return {fontMetrics().averageCharWidth() * 24, lines * fontMetrics().lineSpacing() + margins};
 }
 

@@ -90,7 +90,7 @@ void KTabButton::paintEvent(QPaintEvent *)
     const Role ink = !isEnabled() ? Role::Disabled : isCurrent ? Role::Link
         : underMouse()                                         ? Role::Text
                                                                : Role::Quiet;
-    painter.setFont(isCurrent ? LookFonts::font(LookFonts::Use::Primary) : font());
+    painter.setFont(LookFonts::font(isCurrent ? LookFonts::Use::Primary : LookFonts::Use::Text));
     painter.setPen(HostColors::of(ink));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     if (isCurrent)

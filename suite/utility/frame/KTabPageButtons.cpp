@@ -146,9 +146,10 @@ void KTabPageButtons::setCurrentIndex(int index)
     button(index)->setChecked(true);
     if (index == currentIndex())
         return;
-    const bool focusWasInPage = currentPage()->isAncestorOf(focusWidget());
+    // On a button of the row the focus goes along as well: the ring is round the current page's.
+    const bool focusWasHere = currentPage()->isAncestorOf(focusWidget()) || m_bar->isAncestorOf(focusWidget());
     m_pages->setCurrentIndex(index);
-    if (focusWasInPage)
+    if (focusWasHere)
         button(index)->setFocus(Qt::TabFocusReason);
     Q_EMIT currentChanged(index);
 }

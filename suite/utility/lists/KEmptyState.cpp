@@ -98,7 +98,9 @@ QString KEmptyState::sentence() const
 void KEmptyState::place()
 {
     const QRect room = m_list->viewport()->geometry();
-    const int width = qMin(sizeHint().width(), room.width());
+    // A label that may wrap asks for less than its line.
+    const int line = m_sentence->fontMetrics().horizontalAdvance(m_sentence->text()) + LookSizes::unit;
+    const int width = qMin(qMax(sizeHint().width(), line), room.width());
     QRect place(0, 0, width, qMax(heightForWidth(width), minimumSizeHint().height()));
     place.moveCenter(room.center());
     // Where there is not the height for all of it, the sentence and the button go before the picture.

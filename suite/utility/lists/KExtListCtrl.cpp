@@ -150,6 +150,25 @@ int KExtListCtrl::leastWidth(int column) const
     return title == 0 || m_model->columns()[column].sortKey.isEmpty() ? title : title + header()->fontMetrics().horizontalAdvance(KListModel::sortMark());
 }
 
+namespace {
+
+// Of all figures of that length: the digits differ in width.
+int widestOf(QString figure, const QFontMetrics &metrics)
+{
+    QChar widest = u'0';
+    for (QChar digit = u'0'; digit <= u'9'; digit = QChar(digit.unicode() + 1)) {
+        if (metrics.horizontalAdvance(digit) > metrics.horizontalAdvance(widest))
+            widest = digit;
+    }
+    for (QChar &c : figure) {
+        if (c >= u'0' && c <= u'9')
+            c = widest;
+    }
+    return metrics.horizontalAdvance(figure);
+}
+
+}
+
 // 0 for a column without figures.
 double KExtListCtrl::figureWidth(int column) const
 {
@@ -159,8 +178,9 @@ double KExtListCtrl::figureWidth(int column) const
     // Rows that stand out are bold.
     QFont bold = font();
     bold.setBold(true);
+    const QFontMetrics metrics(bold);
     const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-    return QFontMetrics(bold).horizontalAdvance(longest) + 2 * margin + 1 + (m_menuMark->standsIn(column) ? ListLook::rowHeight(fontMetrics()) : 0);
+    return widestOf(longest, metrics) + 2 * margin + 1 + (m_menuMark->standsIn(column) ? ListLook::rowHeight(fontMetrics()) : 0);
 }
 
 void KExtListCtrl::resizeEvent(QResizeEvent *event)

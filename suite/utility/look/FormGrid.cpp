@@ -159,6 +159,10 @@ std::vector<FormGrid::Row> FormGrid::rowsOf(int columns) const
         if (!isShown(field))
             continue;
         const int span = std::min(field.span, columns);
+        // Across the gutter between the halves a field would be wider than the others of its span.
+        constexpr int half = mostColumns / 2;
+        if (columns == mostColumns && span <= half && at < half && at + span > half)
+            at = half;
         if (rows.empty() || starts || at + span > columns) {
             rows.emplace_back();
             at = 0;

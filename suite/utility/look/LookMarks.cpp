@@ -3,7 +3,10 @@
 
 #include "suite/utility/look/LookMarks.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVariant>
@@ -22,6 +25,11 @@ void mark(QWidget *widget, const char *name, const QVariant &value)
     if (widget->property(name) == value)
         return;
     widget->setProperty(name, value);
+    // A button keeps the size that it had asked for until its style changes.
+    if (qobject_cast<QAbstractButton *>(widget)) {
+        QEvent changed(QEvent::StyleChange);
+        QCoreApplication::sendEvent(widget, &changed);
+    }
     widget->updateGeometry();
     widget->update();
 }
