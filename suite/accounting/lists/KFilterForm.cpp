@@ -147,13 +147,19 @@ void KFilterForm::reset()
     Q_EMIT changed();
 }
 
-// A check box shows more while it is ticked.
+// A check box shows more while it is ticked. What the user cannot change stays as it is.
+QVariant KFilterForm::widestAt(qsizetype index) const
+{
+    if (!isChangeable(index))
+        return valueAt(index);
+    return m_filters.at(index).kind == KListFilter::Kind::Flag ? QVariant(true) : QVariant();
+}
+
 void KFilterForm::widen()
 {
     for (qsizetype i = 0; i < m_filters.size(); ++i) {
-        const KFilterControl &control = m_items[static_cast<size_t>(i)].control;
-        if (control.widget)
-            control.set(m_filters.at(i).kind == KListFilter::Kind::Flag ? QVariant(true) : QVariant());
+        if (isChangeable(i))
+            m_items[static_cast<size_t>(i)].control.set(widestAt(i));
     }
     Q_EMIT changed();
 }
@@ -161,19 +167,15 @@ void KFilterForm::widen()
 KSql KFilterForm::widestCondition(int userID) const
 {
     KFilterValues values;
-    for (const KListFilter &filter : m_filters) {
-        if (filter.kind == KListFilter::Kind::Flag)
-            values.insert(filter.key, true);
-    }
+    for (qsizetype i = 0; i < m_filters.size(); ++i)
+        values.insert(m_filters.at(i).key, widestAt(i));
     return KListFilter::condition(m_filters, values, userID);
 }
 
-// The rest of it asks what it asks at first, or is not shown at all.
-bool KFilterForm::isAsking(qsizetype index) const
+bool KFilterForm::isChangeable(qsizetype index) const
 {
     const KListFilter &filter = m_filters.at(index);
-    const KFilterControl &control = m_items[static_cast<size_t>(index)].control;
-    return control.asked && isShown(filter) && !(m_selectMode && (filter.options & KListFilter::HiddenInSelect));
+    return m_items[static_cast<size_t>(index)].control.widget && isShown(filter) && !(m_selectMode && (filter.options & KListFilter::HiddenInSelect));
 }
 
 QStringList KFilterForm::asked() const
@@ -181,7 +183,8 @@ QStringList KFilterForm::asked() const
     using Kind = KListFilter::Kind;
     QStringList conditions;
     for (const qsizetype index : inPlaces(m_filters)) {
-        const QString asked = isAsking(index) ? m_items[static_cast<size_t>(index)].control.asked() : QString();
+        const KFilterControl &control = m_items[static_cast<size_t>(index)].control;
+        const QString asked = control.asked && isChangeable(index) ? control.asked() : QString();
         if (asked.isEmpty())
             continue;
         const KListFilter &filter = m_filters.at(index);

@@ -38,9 +38,9 @@ public:
     void readChoices(QStringView key);
     void setSelectMode(bool on);
     KSql condition(int userID) const;
-    // The condition that leaves nothing out but what the list never shows: every filter asks for all there is.
+    // The condition that leaves nothing out but what the list never shows: every filter that the user sees asks for all there is.
     KSql widestCondition(int userID) const;
-    // Sets every control to that.
+    // Sets their controls to that.
     void widen();
     // What is asked for, in the user's words: a choice by its word, anything else with its label, in the order of the places. Choices
     // that a list always makes are among them.
@@ -79,7 +79,9 @@ private:
     static void place(const KListFilter &filter, Item &item, QGridLayout *grid);
     qsizetype indexOf(QStringView key) const;
     QVariant valueAt(qsizetype index) const;
-    bool isAsking(qsizetype index) const;
+    QVariant widestAt(qsizetype index) const;
+    // Whether the user sees its control. A filter without one asks what it asks at first or what the program set.
+    bool isChangeable(qsizetype index) const;
 
     QList<KListFilter> m_filters;
     std::vector<Item> m_items; // as m_filters

@@ -143,6 +143,32 @@ private Q_SLOTS:
         QVERIFY(f.form.value(u"inactive").toBool());
     }
 
+    void theWidestLeavesWhatTheUserDoesNotSee_data()
+    {
+        QTest::addColumn<bool>("select");
+        QTest::addColumn<QString>("widest");
+        QTest::newRow("list") << false << u"iUserID=3 AND sTyped LIKE '%x%%'"_s;
+        QTest::newRow("choosing a row") << true << u"iStatus=0 AND iUserID=3 AND sTyped LIKE '%x%%'"_s;
+    }
+
+    void theWidestLeavesWhatTheUserDoesNotSee()
+    {
+        QFETCH(bool, select);
+        QFETCH(QString, widest);
+        Form f;
+        f.form.setSelectMode(select);
+        f.form.set(u"typed", u"x%"_s);
+        f.form.set(u"color", 9);
+        f.form.set(u"amount", 2.5);
+        QCOMPARE(f.form.widestCondition(3).text(), widest);
+        f.form.widen();
+        QCOMPARE(f.form.condition(3).text(), widest);
+        QCOMPARE(f.form.value(u"typed").toString(), u"x%"_s);
+        // What is hidden meanwhile is as it was when it comes back.
+        f.form.setSelectMode(false);
+        QCOMPARE(f.form.value(u"inactive").toBool(), !select);
+    }
+
     void controlsStandAtTheirPlacesWithTheirNames()
     {
         Form f;
