@@ -127,6 +127,7 @@ void KListPage::searchInPlace()
         return;
     guarded([this] {
         takeDatabaseState();
+        m_hasFurtherRows.reset();
         fillInPlace(filterClauses());
     });
 }
@@ -137,6 +138,7 @@ void KListPage::refresh()
         return;
     guarded([this] {
         takeDatabaseState();
+        m_hasFurtherRows.reset();
         if (m_filledWith)
             fillInPlace(*m_filledWith);
     });
@@ -334,20 +336,30 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
     QVector<KListModel::Row> rows = makeRows(set);
     completeRows(rows);
     m_isTableEmpty = rows.isEmpty() && !hasFurtherRows(set);
+    if (!rows.isEmpty() && m_hasFurtherRows)
+        m_hasFurtherRows = true;
     m_leftOut = rowLimit() > 0 && set.GetRecordsCount() >= rowLimit() ? set.CountMatching() - rows.size() : 0;
     // The rows hold all that the list shows; the record set need not keep a second copy of them.
     set.Close();
     return rows;
 }
 
-// Whether the list would show rows with another filter. One without filters shows all there is.
-bool KListPage::hasFurtherRows(KMySQL &records) const
+// Whether the list would show rows with another filter. Asked once until the list is read anew: a search that finds nothing may
+// be one of many, letter by letter. Where it cannot be told, the filter is what the user can change.
+bool KListPage::hasFurtherRows(KMySQL &records)
 {
     const KSql widest = filters().widestCondition(GetDBSetting()->GetUserID());
     if (filters().filters().isEmpty() || filterClauses() == widest)
         return false;
-    records.m_filter = listed(records, widest);
-    return records.CountMatching() > 0;
+    if (m_hasFurtherRows)
+        return *m_hasFurtherRows;
+    try {
+        records.m_filter = listed(records, widest);
+        m_hasFurtherRows = records.CountMatching() > 0;
+    } catch (const CMySQLException &) {
+        return true;
+    }
+    return *m_hasFurtherRows;
 }
 
 QVector<KListModel::Row> KListPage::makeRows(KMySQL &records)
@@ -489,10 +501,13 @@ void KListPage::recordDeleted(int key)
     const int row = m_list->currentRow();
     m_list->removeKey(key);
     restoreSelection(row);
-    if (m_list->count() == 0)
-        m_isTableEmpty = !hasFurtherRows(records());
+    m_hasFurtherRows.reset();
     updateCommands();
     updateCount();
+    if (m_list->count() > 0)
+        return;
+    m_isTableEmpty = !hasFurtherRows(records());
+    updateEmptyState();
 }
 
 void KListPage::archiveSelected(const KArchiveTexts &texts, const std::function<void(KMySQL &)> &archive)

@@ -184,7 +184,7 @@ private:
     QVector<KListModel::Row> makeRows(KMySQL &records);
     void restoreSelection(int rememberedRow);
     void updateCount();
-    bool hasFurtherRows(KMySQL &records) const;
+    bool hasFurtherRows(KMySQL &records);
     void updateEmptyState();
     void mendEmptiness();
 
@@ -199,6 +199,7 @@ private:
     std::optional<KSql> m_filledWith; // the filter of the rows; none while there are none to refresh
     qint64 m_leftOut = 0;                // rows that the limit kept out
     bool m_isTableEmpty = false;         // the last fill found no row with any filter
+    std::optional<bool> m_hasFurtherRows; // what the database said about that; none until it is asked
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
     QList<KListColumn> m_columnTable;

@@ -9,6 +9,7 @@
 #include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/suite/accounting/TestOffice.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
@@ -60,6 +61,7 @@ public:
     KSql typed; // a further clause, before the others
 
     bool keepsName = false; // a reset leaves the name that is asked for
+    bool needsName = false; // the database refuses to be asked for every name
 
     void deleteCurrent() { deleteSelected(); }
     void dropRows() { emptyList(); }
@@ -79,7 +81,9 @@ protected:
     QList<KListFilter> filterTable() const override
     {
         using namespace FilterClauses;
-        return {{.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .clause = part("it.sName"), .options = KListFilter::FindGoesHere},
+        return {{.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .clause = [this](const QVariant &name, int user) {
+                     return needsName && name.toString().isEmpty() ? KSql(" AND it.sNowhere=1") : part("it.sName")(name, user);
+                 }, .options = KListFilter::FindGoesHere},
                 {.key = u"itemType"_s, .clause = always(" AND it.iType=7")},
                 {.key = u"grouping"_s, .clause = always(" GROUP BY it.iID")}};
     }
@@ -526,6 +530,64 @@ private Q_SLOTS:
         QCOMPARE(page.list()->count(), 0);
         QVERIFY(!page.emptyState()->isHidden());
         QCOMPARE(page.emptyState()->sentence(), u"هنوز ردیفی ثبت نشده است."_s);
+    }
+
+    void whetherTheTableIsEmptyIsAskedOnce()
+    {
+        SampleList page;
+        page.open();
+        const ObservedStatements counts({u"SELECT COUNT("_s});
+        for (const QString &name : {u"z"_s, u"zz"_s, u"zzz"_s}) {
+            page.filters().set(u"name", name);
+            page.refill();
+        }
+        QCOMPARE(page.emptyState()->sentence(), u"با این فیلتر چیزی یافت نشد."_s);
+        QCOMPARE(counts.taken().size(), 1);
+        // Read anew, it may be another table by now.
+        m_office->database.run(u"DELETE FROM Items"_s);
+        page.refresh();
+        QCOMPARE(page.emptyState()->sentence(), u"هنوز ردیفی ثبت نشده است."_s);
+        QCOMPARE(counts.taken().size(), 2);
+        // A row that came meanwhile is known from the list.
+        addItem(u"d"_s, u"4"_s);
+        page.filters().reset();
+        page.refill();
+        page.filters().set(u"name", u"z"_s);
+        page.refill();
+        QCOMPARE(page.emptyState()->sentence(), u"با این فیلتر چیزی یافت نشد."_s);
+    }
+
+    void anEmptyTableIsNotCountedWithoutAFilter()
+    {
+        m_office->database.run(u"DELETE FROM Items"_s);
+        SampleList page;
+        const ObservedStatements counts({u"SELECT COUNT("_s});
+        page.open();
+        page.refresh();
+        QCOMPARE(page.emptyState()->sentence(), u"هنوز ردیفی ثبت نشده است."_s);
+        QCOMPARE(counts.taken(), QStringList());
+    }
+
+    void aListFillsWhereTheCountFails()
+    {
+        SampleList page;
+        page.open();
+        page.needsName = true;
+        page.filters().set(u"name", u"zzz"_s);
+        page.refill();
+        QCOMPARE(page.list()->count(), 0);
+        QCOMPARE(page.countText(), u"تعداد : 0"_s);
+        QCOMPARE(page.emptyState()->sentence(), u"با این فیلتر چیزی یافت نشد."_s);
+        // So does the list whose last row is deleted.
+        page.filters().set(u"name", u"c"_s);
+        page.refill();
+        page.list()->selectRow(0);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        page.deleteCurrent();
+        QCOMPARE(page.countText(), u"تعداد : 0"_s);
+        QVERIFY(!page.button(u"remove")->isEnabled());
+        QCOMPARE(page.emptyState()->sentence(), u"با این فیلتر چیزی یافت نشد."_s);
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
     }
 
     void aListThatHasNotBeenFilledSaysNothing()
