@@ -102,6 +102,8 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     connect(m_menuMark, &RowMenuMark::clicked, this, &KExtListCtrl::requestRowMenu);
     // A reset drops the selection without a word of its own.
     connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
+    connect(m_model, &QAbstractItemModel::modelReset, m_menuMark, &RowMenuMark::rowsMoved);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, m_menuMark, &RowMenuMark::rowsMoved);
     // Rows of a source come by and by; the first ones tell how long its figures are.
     connect(m_model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first) {
         if (first == 0 && !m_userLayout)

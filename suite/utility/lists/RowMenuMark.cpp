@@ -8,6 +8,7 @@
 #include <QHoverEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
 #include <QTreeView>
 
@@ -28,6 +29,7 @@ RowMenuMark::RowMenuMark(QTreeView *list)
     , m_onHovered(LookIcons::icon(u":/icons/more.svg"_s, Role::Quiet))
 {
     list->viewport()->installEventFilter(this);
+    connect(list->verticalScrollBar(), &QScrollBar::valueChanged, this, &RowMenuMark::rowsMoved);
 }
 
 QString RowMenuMark::name()
@@ -78,9 +80,18 @@ bool RowMenuMark::isOnMark(const QPoint &point) const
     return m_offered && row.isValid() && (isSelected(row) || row.row() == m_hoveredRow) && place(row).contains(point);
 }
 
-void RowMenuMark::followPointer(const QPoint &point)
+void RowMenuMark::followPointer()
 {
-    m_hoveredRow = m_list->viewport()->rect().contains(point) ? m_list->indexAt(point).row() : -1;
+    m_hoveredRow = m_pointer && m_list->viewport()->rect().contains(*m_pointer) ? m_list->indexAt(*m_pointer).row() : -1;
+}
+
+// The view moves what it has painted, and the mark with it.
+void RowMenuMark::rowsMoved()
+{
+    if (!m_pointer)
+        return;
+    followPointer();
+    m_list->viewport()->update();
 }
 
 bool RowMenuMark::eventFilter(QObject *watched, QEvent *event)
@@ -88,10 +99,12 @@ bool RowMenuMark::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
-        followPointer(static_cast<QHoverEvent *>(event)->position().toPoint());
+        m_pointer = static_cast<QHoverEvent *>(event)->position().toPoint();
+        followPointer();
         break;
     case QEvent::HoverLeave:
-        m_hoveredRow = -1;
+        m_pointer.reset();
+        followPointer();
         break;
     case QEvent::MouseButtonPress: {
         const auto *mouse = static_cast<QMouseEvent *>(event);

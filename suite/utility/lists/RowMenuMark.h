@@ -5,6 +5,9 @@
 
 #include <QIcon>
 #include <QObject>
+#include <QPoint>
+
+#include <optional>
 
 class QModelIndex;
 class QPainter;
@@ -31,6 +34,8 @@ public:
     QRect place(const QModelIndex &row) const;
     // Over the row's cells.
     void paint(QPainter &painter, const QModelIndex &row) const;
+    // Other rows may be under the pointer now, which itself has not moved.
+    void rowsMoved();
 
 Q_SIGNALS:
     // The mark of the selected row was clicked.
@@ -42,12 +47,13 @@ protected:
 private:
     bool isSelected(const QModelIndex &row) const;
     bool isOnMark(const QPoint &point) const;
-    void followPointer(const QPoint &point);
+    void followPointer();
 
     QTreeView *m_list;
     QIcon m_onSelected;
     QIcon m_onHovered;
     bool m_offered = false;
+    std::optional<QPoint> m_pointer; // in the viewport; none while it is elsewhere
     int m_hoveredRow = -1;
     int m_pressedRow = -1;
 };

@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QHoverEvent>
 #include <QScrollBar>
 #include <QPainter>
 #include <QSignalSpy>
@@ -80,6 +81,7 @@ private Q_SLOTS:
     void theMarkAtTheEndOfTheSelectedRowAsksForItsMenu();
     void aRightClickOnTheMarkIsOneOnTheRow();
     void theMarkIsOnTheSelectedRowAlone();
+    void theMarkStaysUnderThePointer();
     void noColumnIsNarrowerThanItsTitle();
     void aTextThatIsCutHasATip();
     void rowsAndTitlesAreHighEnough();
@@ -372,6 +374,40 @@ void TestKExtListCtrl::theMarkIsOnTheSelectedRowAlone()
     QCOMPARE(with[0], without[0]);
     QVERIFY(with[1] != without[1]);
     QCOMPARE(with[2], without[2]);
+}
+
+void TestKExtListCtrl::theMarkStaysUnderThePointer()
+{
+    m_list->setRows(rows(100));
+    m_list->setRowMenuOffered(true);
+    const auto marked = [this] {
+        const QImage all = m_list->viewport()->grab().toImage();
+        QVector<int> found;
+        for (int row = m_list->indexAt(QPoint(1, 1)).row(); row < m_list->count(); ++row) {
+            const QRect cell = m_list->visualRect(m_list->listModel()->index(row, 0));
+            if (cell.bottom() > m_list->viewport()->height())
+                break;
+            const QImage end = all.copy(3, cell.top() + 3, cell.height() - 6, cell.height() - 6);
+            bool isPlain = true;
+            for (int i = 0; i < end.width() * end.height(); ++i)
+                isPlain = isPlain && end.pixel(i % end.width(), i / end.width()) == end.pixel(0, 0);
+            if (!isPlain)
+                found.append(row);
+        }
+        return found;
+    };
+    m_list->selectRow(-1);
+    QCOMPARE(marked(), QVector<int>());
+    const QPointF pointer = m_list->visualRect(m_list->listModel()->index(2, 0)).center();
+    QHoverEvent hover(QEvent::HoverMove, pointer, m_list->viewport()->mapToGlobal(pointer), pointer);
+    QCoreApplication::sendEvent(m_list->viewport(), &hover);
+    QCOMPARE(marked(), QVector<int>{2});
+    m_list->verticalScrollBar()->setValue(1);
+    QCOMPARE(marked(), QVector<int>{m_list->indexAt(pointer.toPoint()).row()});
+    QVERIFY(m_list->indexAt(pointer.toPoint()).row() > 2);
+    // Fewer rows than the pointer is low.
+    m_list->setRows(rows(2));
+    QCOMPARE(marked(), QVector<int>());
 }
 
 void TestKExtListCtrl::noColumnIsNarrowerThanItsTitle()
