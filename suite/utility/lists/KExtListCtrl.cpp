@@ -177,7 +177,7 @@ double KExtListCtrl::figureWidth(int column) const
     const QString longest = m_model->longestFigure(column);
     if (longest.isEmpty())
         return 0;
-    // Rows that stand out are bold.
+    // Headings are bold, and so no other row needs more: what warns is only medium.
     QFont bold = font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
