@@ -130,7 +130,6 @@ void KFilterForm::set(QStringView key, const QVariant &value)
     const KFilterControl &control = m_items[static_cast<size_t>(indexOf(key))].control;
     Q_ASSERT_X(control.widget, "KFilterForm", "a filter without a control");
     control.set(value);
-    Q_EMIT changed();
 }
 
 void KFilterForm::reset()
@@ -144,7 +143,6 @@ void KFilterForm::reset()
             control.readChoices();
         control.set(filter.initial);
     }
-    Q_EMIT changed();
 }
 
 // A check box shows more while it is ticked. What the user cannot change stays as it is.
@@ -161,7 +159,6 @@ void KFilterForm::widen()
         if (isChangeable(i))
             m_items[static_cast<size_t>(i)].control.set(widestAt(i));
     }
-    Q_EMIT changed();
 }
 
 KSql KFilterForm::widestCondition(int userID) const
@@ -203,7 +200,6 @@ bool KFilterForm::hasManyLines() const
 void KFilterForm::readChoices(QStringView key)
 {
     m_items[static_cast<size_t>(indexOf(key))].control.readChoices();
-    Q_EMIT changed();
 }
 
 void KFilterForm::setSelectMode(bool on)
@@ -217,7 +213,6 @@ void KFilterForm::setSelectMode(bool on)
         if (item.label)
             item.label->setVisible(!on);
     }
-    Q_EMIT changed();
 }
 
 std::optional<RangeProblem> KFilterForm::backwardsRange() const

@@ -64,10 +64,6 @@ public:
     // The control that Ctrl+F moves to; null when no filter names one.
     QWidget *findControl() const;
 
-Q_SIGNALS:
-    // A value was set, or choices were read, by the program.
-    void changed();
-
 private:
     struct Item
     {

@@ -62,7 +62,6 @@ KListFilterBox::KListFilterBox(const KListTraits &traits, QList<KListFilter> fil
     if (m_isFoldable) {
         m_head->setFoldable();
         connect(m_head, &FilterHead::toggleAsked, this, &KListFilterBox::toggle);
-        connect(m_filters, &KFilterForm::changed, this, &KListFilterBox::showConditions);
     }
     column->addWidget(m_body);
     takeMargins();
@@ -173,10 +172,16 @@ void KListFilterBox::open()
     fold(false);
 }
 
+void KListFilterBox::takeConditions()
+{
+    m_conditions = m_filters->asked();
+    showConditions();
+}
+
 void KListFilterBox::showConditions()
 {
     if (isFolded())
-        m_head->setConditions(m_filters->asked());
+        m_head->setConditions(m_conditions);
 }
 
 void KListFilterBox::fold(bool folded)

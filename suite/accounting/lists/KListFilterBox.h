@@ -44,8 +44,8 @@ public:
     void readFolding(const QString &section);
     // As the user does it: kept.
     void toggle();
-    // Tells the conditions anew while it is folded.
-    void showConditions();
+    // What it asks for now is what the rows were asked with: it names that whenever it is folded, until the next time.
+    void takeConditions();
     // Opens it for now, because something in it is wanted.
     void open();
 
@@ -68,6 +68,7 @@ protected:
 private:
     void buildSearchRow(const KListTraits &traits, QGridLayout *grid);
     void shareWidth(QGridLayout *grid) const;
+    void showConditions();
     void fold(bool folded);
     void foldByWidth();
     void takeMargins();
@@ -81,4 +82,5 @@ private:
     bool m_isFoldable = false;
     bool m_isSettled = true; // the width of the page no longer decides
     QString m_section;
+    QStringList m_conditions; // of the rows
 };

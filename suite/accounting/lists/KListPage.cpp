@@ -129,6 +129,7 @@ void KListPage::searchInPlace()
         takeDatabaseState();
         m_hasFurtherRows.reset();
         fillInPlace(filterClauses());
+        m_filterBox->takeConditions();
     });
 }
 
@@ -256,6 +257,7 @@ void KListPage::updateCommands()
 void KListPage::refill()
 {
     fill(filterClauses());
+    m_filterBox->takeConditions();
 }
 
 void KListPage::fill(const KSql &filter)
@@ -274,7 +276,6 @@ void KListPage::fill(const KSql &filter)
     m_list->setUpdatesEnabled(true);
     updateCommands();
     updateCount();
-    m_filterBox->showConditions();
 }
 
 void KListPage::fillInPlace(const KSql &filter)
