@@ -197,9 +197,6 @@ void HostStyle::polish(QWidget *widget)
     if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QAbstractButton *>(widget) || qobject_cast<QComboBox *>(widget)
         || qobject_cast<QAbstractSpinBox *>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    // As many as a small screen has room for; the list scrolls beyond.
-    if (auto *combo = qobject_cast<QComboBox *>(widget))
-        combo->setMaxVisibleItems(20);
     if (auto *view = qobject_cast<QAbstractItemView *>(widget))
         view->viewport()->setAttribute(Qt::WA_Hover);
 }

@@ -147,7 +147,8 @@ void KTabPageButtons::setCurrentIndex(int index)
     if (index == currentIndex())
         return;
     // On a button of the row the focus goes along as well: the ring is round the current page's.
-    const bool focusWasHere = currentPage()->isAncestorOf(focusWidget()) || m_bar->isAncestorOf(focusWidget());
+    const QWidget *focus = window()->focusWidget();
+    const bool focusWasHere = focus && (currentPage()->isAncestorOf(focus) || m_bar->isAncestorOf(focus));
     m_pages->setCurrentIndex(index);
     if (focusWasHere)
         button(index)->setFocus(Qt::TabFocusReason);

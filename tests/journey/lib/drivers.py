@@ -358,7 +358,13 @@ class MouseDriver(Driver):
     def _choose(self, node, text, window):
         self.click(node)
         item = wait_for(lambda: _item(node, text), f"the entry {text!r}")
-        x, y, width, height = item.extents
+        left, top, wide, high = Node(item.accessible.get_parent()).extents
+        for _ in range(40):
+            x, y, width, height = item.extents
+            if top <= y and y + height <= top + high:
+                break
+            self.input.wheel(left + wide // 2, top + high // 2, 1 if y + height > top + high else -1)
+            wait_for(lambda: item.extents != (x, y, width, height), "the list to scroll")
         self.input.click(x + width // 2, y + height // 2)
 
     def open_menu(self, menu, window):
@@ -372,10 +378,10 @@ class MouseDriver(Driver):
 
 
 def _item(combo, text):
-    """The entry of a drop-down whose list is open."""
+    """The entry of a drop-down whose list is open, in sight or not."""
     for child in combo.children:
         if child.role == "list" and child.showing:
-            return next((item for item in child.children if item.name == text and item.showing), None)
+            return next((item for item in child.children if item.name == text), None)
     return None
 
 
