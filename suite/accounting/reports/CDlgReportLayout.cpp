@@ -12,6 +12,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/KSpinBox.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/ListLook.h"
 #include "suite/utility/look/CardStack.h"
@@ -20,7 +21,6 @@
 #include "suite/utility/values/TextStandard.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -28,7 +28,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -78,7 +77,7 @@ CDlgReportLayout::~CDlgReportLayout() = default;
 
 void CDlgReportLayout::placeStored(FormGrid *grid)
 {
-    m_name = new QComboBox(this);
+    m_name = new KDropDown(this);
     m_name->setEditable(true);
     m_name->setInsertPolicy(QComboBox::NoInsert);
     m_name->lineEdit()->setMaxLength(longestName);
@@ -109,7 +108,7 @@ QGroupBox *CDlgReportLayout::buildColumns()
     m_columnList->setModel(m_columns);
     m_columnList->header()->setStretchLastSection(false);
     m_columnList->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    m_share = new QSpinBox;
+    m_share = new KSpinBox;
     m_share->setRange(0, 100);
     m_share->setSuffix(u" %"_s);
     m_share->setSpecialValueText(u"خودکار"_s);
@@ -157,7 +156,7 @@ void CDlgReportLayout::placePaper(FormGrid *grid)
 {
     m_orientation = new KDropDown;
     m_orientation->addItems({u"عمودی"_s, u"افقی"_s});
-    m_fontSize = new QSpinBox;
+    m_fontSize = new KSpinBox;
     m_fontSize->setRange(static_cast<int>(ReportLayout::lowestFontSize), static_cast<int>(ReportLayout::highestFontSize));
     addLabelled(grid, u"جهت کاغذ :"_s, m_orientation, 2);
     addLabelled(grid, u"اندازه قلم :"_s, m_fontSize, 2);

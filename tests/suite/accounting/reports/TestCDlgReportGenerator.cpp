@@ -27,6 +27,7 @@
 #include <QSpinBox>
 #include <QTimer>
 #include <QTreeView>
+#include <QWheelEvent>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -265,6 +266,31 @@ private Q_SLOTS:
         QCOMPARE(layout.columns.at(1), (ReportLayout::Column{u"ردیف"_s, 25}));
         dialog.setFields(layout);
         QCOMPARE(dialog.layoutOfFields(), layout);
+    }
+
+    void wheelChangesNothingOfALayoutItPassesOver()
+    {
+        storeLayout(group, name, u"درشت"_s, sampleReport(1).layout(), false);
+        storeLayout(group, name, u"ریز"_s, sampleReport(1).layout(), false);
+        CDlgReportLayout dialog(sampleReport(1));
+        dialog.show();
+        field<KEdit>(&dialog, u"عنوان :"_s)->setFocus();
+        auto *names = field<QComboBox>(&dialog, u"نام قالب :"_s);
+        names->setCurrentIndex(0);
+        const ReportLayout before = dialog.layoutOfFields();
+        for (QWidget *over : {static_cast<QWidget *>(names), static_cast<QWidget *>(field<QComboBox>(&dialog, u"جهت کاغذ :"_s)),
+                              static_cast<QWidget *>(field<QSpinBox>(&dialog, u"اندازه قلم :"_s)),
+                              static_cast<QWidget *>(field<QSpinBox>(&dialog, u"پهنا (درصد) :"_s))}) {
+            QVERIFY(over->isVisible());
+            QCOMPARE(over->focusPolicy(), Qt::StrongFocus);
+            for (const int turn : {-120, -120, 120}) {
+                const QPointF middle = over->rect().center();
+                QWheelEvent wheel(middle, over->mapToGlobal(middle), {}, QPoint(0, turn), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+                QCoreApplication::sendEvent(over, &wheel);
+            }
+        }
+        QCOMPARE(dialog.layoutOfFields(), before);
+        QCOMPARE(names->currentIndex(), 0);
     }
 
     void layoutIsSavedByNameLoadedAndDeleted()
