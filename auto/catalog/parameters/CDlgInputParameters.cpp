@@ -52,6 +52,7 @@ int CDlgInputParameters::Select(QWidget *parent, int option, int current)
 void CDlgInputParameters::Open(QWidget *parent, int option)
 {
     KDialogHolder window(new CDlgInputParameters(option), parent, u"بازگشت"_s);
+    window.okOnlyCloses();
     run(window);
 }
 

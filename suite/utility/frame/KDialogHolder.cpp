@@ -4,26 +4,31 @@
 #include "suite/utility/frame/KDialogHolder.h"
 
 #include <QDialogButtonBox>
-#include <QVBoxLayout>
+#include <QPushButton>
 
 #include "suite/utility/frame/KDialogTabPage.h"
+#include "suite/utility/look/LookMarks.h"
 
 KDialogHolder::KDialogHolder(KDialogTabPage *page, QWidget *parent, const QString &okCaption, const QString &cancelCaption)
     : KDialog(parent)
     , m_page(page)
+    , m_buttons(createButtons(okCaption, cancelCaption))
 {
     setWindowTitle(page->title());
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(page, 1);
-    // The window's own margins are enough, and the page stands in line with the buttons.
-    if (page->layout())
-        page->layout()->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(createButtons(okCaption, cancelCaption));
+    setContent(page, m_buttons, Content::Fills);
     // What is typed here only looks for a row.
     setAsksBeforeDropping(false);
     connect(page, &KDialogTabPage::titleChanged, this, &QWidget::setWindowTitle);
     connect(page, &KDialogTabPage::okRequested, this, &KDialogHolder::accept);
     connect(page, &KDialogTabPage::closeRequested, this, &KDialogHolder::reject);
+}
+
+void KDialogHolder::okOnlyCloses()
+{
+    for (QAbstractButton *button : m_buttons->buttons()) {
+        if (m_buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            LookMarks::setButton(button, LookMarks::Button::Normal);
+    }
 }
 
 int KDialogHolder::exec()

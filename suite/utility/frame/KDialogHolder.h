@@ -18,6 +18,8 @@ public:
                            const QString &cancelCaption = defaultCancelCaption());
 
     KDialogTabPage *page() const { return m_page; }
+    // For a page that is kept here and not picked from: its own commands are what the window is for, and the OK button only closes.
+    void okOnlyCloses();
 
     // Rejected at once, and nothing shown, when the page refuses access.
     int exec() override;
@@ -28,5 +30,6 @@ protected:
 
 private:
     KDialogTabPage *m_page;
+    QDialogButtonBox *m_buttons;
     bool m_closed = false;
 };

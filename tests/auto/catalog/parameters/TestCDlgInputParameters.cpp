@@ -12,6 +12,7 @@
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/look/LookMarks.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"
@@ -685,6 +686,9 @@ private Q_SLOTS:
             QVERIFY(page->optionButton(Parameters::Capacity)->isEnabled());
             QVERIFY(!pushButton(*window, u"انتخاب"_s));
             QVERIFY(pushButton(*window, u"انصراف"_s));
+            // New values are what this window is for.
+            for (const QPushButton *button : window->findChildren<QPushButton *>())
+                QCOMPARE(LookMarks::button(button) == LookMarks::Button::Primary, button->text() == newCaption);
             pushButton(*window, u"بازگشت"_s)->click();
             closed = !window->isVisible();
         });

@@ -4,13 +4,17 @@
 #include "suite/utility/frame/KDialogHolder.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "suite/utility/frame/KDialogTabPage.h"
+#include "suite/utility/look/LookMarks.h"
 #include "tests/support/RegisteredTest.h"
 
 using namespace Qt::StringLiterals;
@@ -50,6 +54,8 @@ private Q_SLOTS:
     void refusedAccessShowsNothing();
     void okAsksThePage();
     void refusedOkKeepsTheWindow();
+    void theOkButtonIsFilledUnlessItOnlyCloses();
+    void thePageStandsAboveTheFooterWithItsOwnMargins();
     void thePageCanAskForOk();
     void thePageCanAskToClose();
     void titleFollowsThePage();
@@ -90,6 +96,39 @@ void TestKDialogHolder::refusedOkKeepsTheWindow()
     holder.reject();
     QVERIFY(!holder.isVisible());
     QCOMPARE(page->closingCount, 1);
+}
+
+void TestKDialogHolder::theOkButtonIsFilledUnlessItOnlyCloses()
+{
+    KDialogHolder holder(new SamplePage);
+    const auto filled = [&holder] {
+        QStringList captions;
+        for (const QPushButton *button : holder.findChildren<QPushButton *>()) {
+            if (LookMarks::button(button) == LookMarks::Button::Primary)
+                captions.append(button->text());
+        }
+        return captions;
+    };
+    QCOMPARE(filled(), QStringList{u"تاييد"_s});
+    holder.okOnlyCloses();
+    QCOMPARE(filled(), QStringList());
+}
+
+void TestKDialogHolder::thePageStandsAboveTheFooterWithItsOwnMargins()
+{
+    auto *page = new SamplePage;
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(16, 8, 16, 8);
+    auto *line = new QLineEdit;
+    layout->addWidget(line);
+    KDialogHolder holder(page);
+    holder.resize(500, 300);
+    holder.show();
+    QCOMPARE(line->mapTo(&holder, QPoint()).x(), 16);
+    const auto *buttons = holder.findChild<QDialogButtonBox *>();
+    QCOMPARE(LookMarks::bar(buttons->parentWidget()), LookMarks::Bar::Bottom);
+    QCOMPARE(buttons->parentWidget()->geometry().bottom(), holder.rect().bottom());
+    QVERIFY(page->geometry().bottom() < buttons->parentWidget()->geometry().top());
 }
 
 void TestKDialogHolder::thePageCanAskForOk()
