@@ -17,6 +17,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
@@ -132,6 +133,7 @@ void CDlgPersons::buildFilters(QGridLayout *grid)
 {
     m_notice = new QLabel(grid->parentWidget());
     m_notice->setObjectName(u"notice"_s);
+    m_notice->setText(u"همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."_s);
     m_notice->setForegroundRole(QPalette::PlaceholderText);
     m_notice->hide();
     grid->addWidget(m_notice, 1, 1, 1, 2);
@@ -181,14 +183,15 @@ void CDlgPersons::completeRows(QVector<KListModel::Row> &rows)
 
 void CDlgPersons::notice(qsizetype rows)
 {
-    QString text;
-    if (rows >= rowLimit())
-        text = u"همه در فهرست جا نشدند؛ جستجو را کامل تر کنید."_s;
-    else if (rows == 0 && !m_search->text().trimmed().isEmpty())
-        text = isReadOnly() ? u"کسی پیدا نشد."_s
-                            : u"کسی پیدا نشد؛ با «جديد» شخص تازه ای اضافه کنید."_s;
-    m_notice->setText(text);
-    m_notice->setVisible(!text.isEmpty());
+    m_notice->setVisible(rows >= rowLimit());
+}
+
+// The caller searches: what the reset changes does not search again.
+void CDlgPersons::resetFilter()
+{
+    const QSignalBlocker inactive(filters().control(u"inactive"));
+    KListPage::resetFilter();
+    m_typing.stop();
 }
 
 // Brings the person to the front of the rows, where the limit may not have let it in.

@@ -32,6 +32,7 @@ public:
 
     bool OnOK() override;
     void OnClosing() override;
+    void resetFilter() override;
 
     // Opens the editor for a new person, prefilled from what was searched for; the new person is selected.
     void addPerson();
