@@ -16,6 +16,7 @@
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDateEdit.h"
+#include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
@@ -27,7 +28,6 @@
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -151,7 +151,7 @@ void CDlgCalcPayment::build(double principal)
 // A field and the drop-down of its unit are one.
 QComboBox *CDlgCalcPayment::addWithUnit(FormGrid *grid, const QString &caption, KEdit *edit, const QString &name, const QStringList &units)
 {
-    auto *combo = new QComboBox;
+    auto *combo = new KDropDown;
     combo->addItems(units);
     combo->setAccessibleName(name);
     auto *line = new QHBoxLayout;
@@ -230,7 +230,11 @@ void CDlgCalcPayment::addCommands(QDialogButtonBox *close)
     }
     button(calculateCaption)->setDefault(true);
     LookMarks::setButton(button(calculateCaption), LookMarks::Button::Primary);
-    m_buttons.append(close->findChild<QPushButton *>());
+    // A calculated plan is work: this button asks before it is dropped.
+    auto *back = close->findChild<QPushButton *>();
+    disconnect(back, &QPushButton::clicked, this, &KDialog::cancel);
+    connect(back, &QPushButton::clicked, this, &CDlgCalcPayment::reject);
+    m_buttons.append(back);
 }
 
 void CDlgCalcPayment::guarded(void (CDlgCalcPayment::*command)())

@@ -25,6 +25,7 @@
 #include <QRadioButton>
 #include <QScopeGuard>
 #include <QTest>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -331,6 +332,50 @@ private Q_SLOTS:
         QVERIFY(!dialog.button(receiveButton)->isEnabled());
         dialog.receiveSelected();
         QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
+    }
+
+    void returningAsksBeforeItDropsAPlan()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.show();
+        dialog.setTerms(terms());
+        dialog.calculate();
+        g_pDlgYesNo->takeShown();
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        dialog.button(u"بازگشت"_s)->click();
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.list()->count(), 12);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        dialog.button(u"بازگشت"_s)->click();
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 2);
+        // What is saved is not asked about.
+        CDlgCalcPayment saved(m_contract, m_person, 0);
+        saved.show();
+        saved.setTerms(terms());
+        saved.calculate();
+        saved.savePlan();
+        g_pDlgYesNo->takeShown();
+        saved.button(u"بازگشت"_s)->click();
+        QVERIFY(!saved.isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList());
+    }
+
+    void wheelOverAUnitScrollsThePage()
+    {
+        CDlgCalcPayment dialog(m_contract, m_person, 0);
+        dialog.show();
+        dialog.button(calculateButton)->setFocus();
+        const InstalmentTerms before = dialog.terms();
+        for (QComboBox *unit : dialog.findChildren<QComboBox *>()) {
+            for (const int turn : {-120, 120}) {
+                const QPointF middle = unit->rect().center();
+                QWheelEvent wheel(middle, unit->mapToGlobal(middle), {}, QPoint(0, turn), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+                QCoreApplication::sendEvent(unit, &wheel);
+            }
+        }
+        QCOMPARE(dialog.terms().rateUnit, before.rateUnit);
+        QCOMPARE(dialog.terms().intervalUnit, before.intervalUnit);
     }
 
     void deletingAsksAndTakesThePlan()
