@@ -224,8 +224,11 @@ void KDialog::setContent(QWidget *content, QDialogButtonBox *buttons, Content ki
     m_footer->setSpacing(LookSizes::unit);
     line->addLayout(m_footer);
     line->addStretch(1);
-    if (buttons)
+    if (buttons) {
+        // From another window a widget comes behind all of Tab's stops; made before the content, it would be the first of them.
+        buttons->setParent(nullptr);
         line->addWidget(buttons);
+    }
     frame->addWidget(bar);
     m_bar = bar;
 }

@@ -74,6 +74,18 @@ private Q_SLOTS:
                  answer);
     }
 
+    void tabMeetsTheTableBeforeTheAnswers()
+    {
+        asked({conflict()}, [](QWidget &window) {
+            QStringList met;
+            for (QWidget *widget = window.nextInFocusChain(); widget != &window; widget = widget->nextInFocusChain()) {
+                if (widget->isVisible() && !widget->focusProxy() && (widget->focusPolicy() & Qt::TabFocus))
+                    met.append(widget->accessibleName());
+            }
+            QCOMPARE(met, (QStringList{window.windowTitle(), u"تغییر او بماند"_s, u"تغییر من بماند"_s, u"بازگشت به پنجره"_s}));
+        });
+    }
+
     // Whoever presses Enter without reading loses nothing.
     void enterAndEscapeGoBack_data()
     {

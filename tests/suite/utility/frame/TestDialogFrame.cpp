@@ -18,6 +18,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QTest>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +50,25 @@ public:
 
 protected:
     void typedWorkChanged(bool typed) override { told.append(typed); }
+};
+
+}
+
+namespace {
+
+class ButtonsFirstDialog : public KDialog
+{
+public:
+    ButtonsFirstDialog()
+    {
+        QDialogButtonBox *buttons = createButtons();
+        auto *page = new QWidget(this);
+        auto *column = new QVBoxLayout(page);
+        column->addWidget(line = new KEdit(page));
+        setContent(page, buttons, Content::Fills);
+    }
+
+    KEdit *line = nullptr;
 };
 
 }
@@ -115,6 +135,24 @@ private Q_SLOTS:
             met.append(QApplication::focusWidget());
         }
         QCOMPARE(met, (QList<QWidget *>{late, later, dialog.active}));
+    }
+
+    void theWindowBeginsWithThePageAlsoWhenTheButtonsWereMadeFirst()
+    {
+        ButtonsFirstDialog dialog;
+        dialog.show();
+        QStringList met;
+        for (QWidget *widget = dialog.nextInFocusChain(); widget != &dialog; widget = widget->nextInFocusChain()) {
+            if (widget == dialog.line)
+                met.append(u"line"_s);
+            else if (const auto *button = qobject_cast<QPushButton *>(widget))
+                met.append(button->text());
+        }
+        QCOMPARE(met, (QStringList{u"line"_s, u"تاييد"_s, u"انصراف"_s}));
+        for (const QPushButton *button : dialog.findChildren<QPushButton *>()) {
+            QVERIFY(button->isVisible());
+            QCOMPARE(button->isDefault(), button->text() == u"تاييد"_s);
+        }
     }
 
     void okIsTheOnlyFilledButton()
