@@ -6,6 +6,7 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -31,7 +32,6 @@ CDlgMatches::CDlgMatches(MatchTable table, QWidget *parent)
     , m_table(std::move(table))
     , m_subject(new QLabel(this))
     , m_list(new KExtListCtrl(this))
-    , m_nothing(new QLabel(m_table.nothing, this))
     , m_count(new QLabel(this))
 {
     setWindowTitle(m_table.title);
@@ -55,8 +55,6 @@ void CDlgMatches::build()
 {
     m_subject->setTextFormat(Qt::PlainText);
     m_subject->setWordWrap(true);
-    m_nothing->setAlignment(Qt::AlignCenter);
-    LookFonts::applyHint(m_nothing);
     LookFonts::apply(m_subject, LookFonts::Use::Strong);
     m_list->setAccessibleName(m_table.title);
     m_list->setColumns(m_table.columns);
@@ -70,9 +68,9 @@ void CDlgMatches::build()
     column->setSpacing(LookSizes::cardGap);
     column->addWidget(m_subject);
     auto *card = new KListCard(m_list, content);
+    m_empty = new KEmptyState(m_list);
     card->addToFoot(m_count);
     column->addWidget(card, 1);
-    column->addWidget(m_nothing);
     setContent(content, createButtons({}, u"بازگشت"_s), Content::Fills);
     addCommands();
     m_list->setFocus();
@@ -102,7 +100,10 @@ bool CDlgMatches::load()
     if (selected <= 0 || !m_list->selectKey(selected))
         m_list->selectRow(0);
     m_count->setText(SuiteMessages::count(m_list->count()));
-    m_nothing->setVisible(m_list->count() == 0);
+    if (m_list->count() == 0)
+        m_empty->say(u":/icons/search.svg"_s, m_table.nothing);
+    else
+        m_empty->dismiss();
     m_show->setEnabled(m_list->currentKey() > 0);
     return true;
 }

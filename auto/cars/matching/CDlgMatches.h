@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 
+class KEmptyState;
 class ListReport;
 
 // What one window of matches lists.
@@ -64,8 +65,8 @@ private:
     MatchTable m_table;
     QLabel *m_subject;
     KExtListCtrl *m_list;
-    QLabel *m_nothing;
     QLabel *m_count;
+    KEmptyState *m_empty = nullptr;
     QPushButton *m_show = nullptr;
 };
 

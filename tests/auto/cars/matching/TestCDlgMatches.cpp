@@ -13,6 +13,7 @@
 #include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersons.h"
+#include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -196,6 +197,10 @@ private Q_SLOTS:
         QCOMPARE(window.countText(), u"تعداد : 0"_s);
         QVERIFY(!button(window, u"نمايش"_s)->isEnabled());
         QVERIFY(isTold());
+        // In the place of the rows.
+        const auto *empty = window.findChild<KEmptyState *>();
+        QCOMPARE(empty->parentWidget(), window.list());
+        QVERIFY(!empty->isHidden());
         window.showSelected();
         addCar();
         QVERIFY(window.load());
