@@ -22,7 +22,6 @@
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QPushButton>
 
 #include <functional>

@@ -17,7 +17,6 @@ public:
     QVariant stored() const override { return m_area->text(); }
     void setReadOnly(bool readOnly) override { m_area->setReadOnly(readOnly); }
     QString error() const override { return m_area->entryError(); }
-    // Beside the first of the lines.
     void setCompletions(const QStringList &texts) override { m_area->setCompletions(texts); }
 
 private:
