@@ -72,5 +72,7 @@ CDlgAbout::CDlgAbout(const DataFolder &folder, QWidget *parent)
         cards->addCard(part);
     setContent(content, createButtons(u"بستن"_s, QString()));
     constexpr int letters = 84;
-    resize(fontMetrics().averageCharWidth() * letters, sizeHint().height());
+    const int width = fontMetrics().averageCharWidth() * letters;
+    // The page as it is laid out in this width, above the footer.
+    resize(width, sizeHint().height() - content->sizeHint().height() + cards->heightForWidth(width));
 }
