@@ -3,9 +3,9 @@
 
 #include "host/desk/LauncherRow.h"
 
-#include "host/desk/CommandMenu.h"
 #include "host/desk/MenuPlace.h"
 #include "host/desk/StartButton.h"
+#include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/look/LookIcons.h"
 
 #include <QEvent>

@@ -3,7 +3,7 @@
 
 #include "host/desk/StartButton.h"
 
-#include "host/desk/ActionHindrance.h"
+#include "suite/utility/frame/ActionHindrance.h"
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"

@@ -3,10 +3,10 @@
 
 #include "host/desk/TopBar.h"
 
-#include "host/desk/CommandMenu.h"
 #include "host/desk/MenuPlace.h"
 #include "host/desk/ReminderBadge.h"
 #include "host/frame/HostLook.h"
+#include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/lists/KListCommands.h"
 
+#include "suite/utility/frame/ActionHindrance.h"
+#include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/look/LookIcons.h"
@@ -92,7 +94,7 @@ void KListCommands::buildMore()
     m_line->insertWidget(m_line->count() - 1, m_more);
     const auto last = std::find_if(m_entries.crbegin(), m_entries.crend(), [](const Entry &entry) { return entry.inLine; });
     setTabOrder(last->menu ? last->menu : last->button, m_more);
-    m_moreMenu = new QMenu(m_more);
+    m_moreMenu = new CommandMenu(m_more);
     m_moreMenu->setAccessibleName(m_more->accessibleName());
     m_moreMenu->setToolTipsVisible(true);
     // Not set as the button's menu: the style would draw an arrow beside the dots.
@@ -275,14 +277,14 @@ void KListCommands::addAction(QMenu *menu, const Entry &entry) const
     action->setShortcutContext(Qt::WidgetShortcut);
     action->setShortcut(entry.command.shortcut);
     action->setShortcutVisibleInContextMenu(true);
-    action->setToolTip(entry.button->toolTip());
+    ActionHindrance::set(*action, entry.button->isHindered() ? entry.button->toolTip() : QString(), entry.button->toolTip());
     action->setEnabled(entry.button->isEnabled());
 }
 
 void KListCommands::showRowMenu(const QPoint &place)
 {
     if (!m_rowMenu) {
-        m_rowMenu = new QMenu(m_around.list);
+        m_rowMenu = new CommandMenu(m_around.list);
         m_rowMenu->setAccessibleName(KExtListCtrl::rowMenuName());
         m_rowMenu->setToolTipsVisible(true);
     }

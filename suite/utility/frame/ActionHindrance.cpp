@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/ActionHindrance.h"
+#include "suite/utility/frame/ActionHindrance.h"
 
 #include <QAction>
 #include <QVariant>

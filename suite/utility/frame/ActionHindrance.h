@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include "suite/utility/TzUtilityExport.h"
+
 class QAction;
 
 // Why the user may not run a menu entry. Such an entry looks disabled in the menu (CommandMenu) and on the start page and says why
@@ -12,8 +14,8 @@ class QAction;
 namespace ActionHindrance {
 
 // An empty reason takes the hindrance away, and tip is shown again.
-void set(QAction &action, const QString &reason, const QString &tip);
+TZUTILITY_EXPORT void set(QAction &action, const QString &reason, const QString &tip);
 // Empty: the user may.
-QString of(const QAction &action);
+TZUTILITY_EXPORT QString of(const QAction &action);
 
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/CommandMenu.h"
+#include "suite/utility/frame/CommandMenu.h"
 
-#include "host/desk/ActionHindrance.h"
+#include "suite/utility/frame/ActionHindrance.h"
 
 #include <QStyleOptionMenuItem>
 

@@ -5,8 +5,10 @@
 
 #include <QMenu>
 
-// A menu of the program, which shows entries that the user may not run (ActionHindrance) as if they were disabled.
-class CommandMenu final : public QMenu
+#include "suite/utility/TzUtilityExport.h"
+
+// A menu of commands, which shows entries that the user may not run (ActionHindrance) as if they were disabled.
+class TZUTILITY_EXPORT CommandMenu final : public QMenu
 {
     Q_OBJECT
 

@@ -5,6 +5,8 @@
 #include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/ActionHindrance.h"
+#include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -635,6 +637,16 @@ private Q_SLOTS:
         QVERIFY(add->isEnabled());
         QVERIFY(page.runCommand(u"add"));
         QCOMPARE(page.added, 1);
+        // In a menu too.
+        KSecurity::setRights(m_office->clerk, u"InputParameters"_s, KSecurity::Access);
+        page.refresh();
+        page.list()->selectRow(0);
+        page.commandLine()->showRowMenu(page.mapToGlobal(QPoint()));
+        auto *menu = page.list()->findChild<CommandMenu *>();
+        QVERIFY(menu && menu->actions().size() == 1);
+        QCOMPARE(ActionHindrance::of(*menu->actions().constFirst()), KSecurity::refusalText(u"InputParameters"_s, KSecurity::Delete));
+        QVERIFY(menu->actions().constFirst()->isEnabled());
+        menu->close();
         // Rights given meanwhile count when the list is read anew.
         KSecurity::setRights(m_office->clerk, u"InputParameters"_s, KSecurity::allRights);
         page.refresh();
