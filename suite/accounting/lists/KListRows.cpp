@@ -107,6 +107,7 @@ KListModel::Row &KListRows::add(int number)
     row.cells.reserve(static_cast<qsizetype>(m_bound.size()));
     for (Bound &bound : m_bound) {
         row.cells.append(cell(bound, number));
+        row.cells.last().warning = bound.column->warns && bound.column->warns(m_record);
         if (bound.key)
             bound.keys.append(*bound.key);
     }

@@ -36,12 +36,13 @@ bool isFigure(const QString &text)
 // How a cell stands out, if it does.
 QVariant look(const KListModel::Row &row, int column, int role)
 {
+    const bool warns = row.warning || (column < row.cells.size() && row.cells.at(column).warning);
     if (role == Qt::FontRole) {
         const bool isCode = column < row.cells.size() && CodeFont::isLatinCode(row.cells.at(column).text);
-        if (!isCode && !row.warning && !row.heading)
+        if (!isCode && !warns && !row.heading)
             return {};
         QFont font;
-        if (row.warning || row.heading)
+        if (warns || row.heading)
             font.setWeight(row.heading ? QFont::Bold : QFont::Medium);
         if (isCode)
             font.setFamilies(CodeFont::families(QGuiApplication::font()));
@@ -50,7 +51,7 @@ QVariant look(const KListModel::Row &row, int column, int role)
     const bool isGround = role == Qt::BackgroundRole;
     if (column == row.markedCell)
         return brush(isGround ? Role::DangerSoft : Role::Danger);
-    if (row.warning && !isGround)
+    if (warns && !isGround)
         return brush(Role::Danger);
     if (row.heading && isGround)
         return brush(Role::Sunken);

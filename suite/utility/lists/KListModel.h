@@ -42,6 +42,7 @@ public:
     {
         QString text;
         QVariant value = {};
+        bool warning = false; // stands out by itself, as a date that is over
     };
 
     struct Row

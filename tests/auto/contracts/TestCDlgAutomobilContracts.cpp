@@ -140,6 +140,30 @@ private Q_SLOTS:
         QCOMPARE(explanations(page), QStringList{u"returned"_s});
     }
 
+    void aDateThatIsOverStandsOutWhileTheContractCounts()
+    {
+        const QDateTime today = QDate::currentDate().startOfDay();
+        addNamed(u"expired"_s, [&](Contract &c) { c.m_dateExpiration = today.addDays(-1); });
+        addNamed(u"today"_s, [&](Contract &c) { c.m_dateExpiration = today; });
+        addNamed(u"without"_s, [](Contract &c) { c.m_dateExpiration = {}; });
+        addNamed(u"void"_s, [&](Contract &c) { c.m_dateExpiration = today.addDays(-1); c.m_iStatus = 1; });
+        addNamed(u"archived"_s, [&](Contract &c) { c.m_dateExpiration = today.addDays(-1); c.m_iArchiveUserID = 1; });
+        CDlgAutomobilContracts page;
+        page.open();
+        page.filters().set(u"inactive", true);
+        page.filters().set(u"archive", 0);
+        page.refill();
+        QCOMPARE(explanations(page), (QStringList{u"expired"_s, u"today"_s, u"without"_s, u"void"_s, u"archived"_s}));
+        const int date = page.list()->columnOf(u"expirationDate");
+        QStringList standOut;
+        for (int row = 0; row < page.list()->count(); ++row) {
+            if (page.list()->listModel()->index(row, date).data(Qt::ForegroundRole).isValid())
+                standOut << page.list()->cellText(row, u"explanation");
+            QVERIFY(!page.list()->listModel()->index(row, date - 1).data(Qt::ForegroundRole).isValid());
+        }
+        QCOMPARE(standOut, QStringList{u"expired"_s});
+    }
+
     void archivedIsByTheCurrentUserAndArchivedByOthersByAnyOtherUser()
     {
         const int me = m_office->adminID();

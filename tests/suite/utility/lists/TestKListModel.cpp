@@ -48,6 +48,7 @@ private Q_SLOTS:
     void rowsOfASourceAreMadeWhenTheyAreShown();
     void sourceKeepsTheRulesOfAModel();
     void anOverdueRowIsInDangerAndMediumNotBold();
+    void aCellMayWarnByItself();
     void amountsEndAtTheRight();
     void theLongestFigureIsOneThatMustNotBeCut();
     void rowsThatStandOut();
@@ -310,6 +311,19 @@ void TestKListModel::anOverdueRowIsInDangerAndMediumNotBold()
     QCOMPARE(model.index(0, 1).data(Qt::FontRole).value<QFont>().weight(), QFont::Medium);
     QCOMPARE(model.index(0, 1).data(Qt::ForegroundRole).value<QBrush>().color(), HostColors::of(HostColors::Role::Danger));
     QVERIFY(!model.index(0, 1).data(Qt::BackgroundRole).isValid());
+}
+
+void TestKListModel::aCellMayWarnByItself()
+{
+    KListModel model;
+    model.setColumns(modelColumns);
+    KListModel::Row expired = row(1, u"نام"_s, 0);
+    expired.cells[1].warning = true;
+    model.setRows({expired});
+    QCOMPARE(model.index(0, 1).data(Qt::FontRole).value<QFont>().weight(), QFont::Medium);
+    QCOMPARE(model.index(0, 1).data(Qt::ForegroundRole).value<QBrush>().color(), HostColors::of(HostColors::Role::Danger));
+    QVERIFY(!model.index(0, 0).data(Qt::FontRole).isValid());
+    QVERIFY(!model.index(0, 0).data(Qt::ForegroundRole).isValid());
 }
 
 // Digits of the same weight stand below each other, in whatever alignment the column's texts have.
