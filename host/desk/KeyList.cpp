@@ -3,6 +3,7 @@
 
 #include "host/desk/KeyList.h"
 
+#include "suite/accounting/lists/KListPage.h"
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
@@ -44,9 +45,11 @@ QVector<KeyList::Entry> KeyList::ofMenus(const QMenuBar &bar)
 
 QVector<KeyList::Entry> KeyList::ofPage(const KDialogTabPage &page)
 {
+    const auto *list = qobject_cast<const KListPage *>(&page);
+    const QList<const QPushButton *> withheld = list ? list->commandLine()->withheld() : QList<const QPushButton *>();
     QVector<Entry> entries;
     for (const KCommandButton *button : page.findChildren<KCommandButton *>()) {
-        if (!button->shownShortcut().isEmpty())
+        if (!button->shownShortcut().isEmpty() && !withheld.contains(button))
             entries.append({page.title(), readable(button->shownShortcut()), button->accessibleName()});
     }
     return entries;

@@ -21,7 +21,7 @@ struct Entry
 
 // Of the entries of the menus, in their order.
 QVector<Entry> ofMenus(const QMenuBar &bar);
-// Of the commands of a page that the user may see on it.
+// Of the commands of a page that the user has on it now: as buttons or in a menu.
 QVector<Entry> ofPage(const KDialogTabPage &page);
 // Of the work area, the lists, the editors and their fields: what every one of them has in common.
 QVector<Entry> everywhere();

@@ -161,6 +161,16 @@ bool KListCommands::isOffered(QStringView id) const
     return found && found->offered;
 }
 
+QList<const QPushButton *> KListCommands::withheld() const
+{
+    QList<const QPushButton *> buttons;
+    for (const Entry &entry : m_entries) {
+        if (!entry.offered)
+            buttons.append(entry.button);
+    }
+    return buttons;
+}
+
 bool KListCommands::run(QStringView id) const
 {
     const Entry *found = entry(id);

@@ -79,6 +79,8 @@ public:
     QPushButton *button(QStringView id) const;
     // Whether the command is there for the user, as a button or in the menu "بیشتر".
     bool isOffered(QStringView id) const;
+    // The buttons of the commands that the user does not have now.
+    QList<const QPushButton *> withheld() const;
     // Runs the command as its button would, if it may run now. False when it may not.
     bool run(QStringView id) const;
     // The command that adds a row, while it is offered; else null.

@@ -6,6 +6,7 @@
 #include "host/frame/AutoModule.h"
 #include "host/frame/HostLook.h"
 #include "host/start/DatabaseUpgrade.h"
+#include "host/desk/KeyList.h"
 #include "host/desk/ReminderBadge.h"
 #include "host/desk/StartButton.h"
 #include "host/desk/TopBar.h"
@@ -670,6 +671,10 @@ void TestMainWindow::closingTheDatabaseHidesTheCommandsOfTheListAtOnce()
         });
         action(window, u"تنظیمات"_s)->trigger();
         QCOMPARE(page->button(u"new")->isHidden(), closes);
+        const QVector<KeyList::Entry> keys = KeyList::ofPage(*page);
+        const auto has = [&keys](const QString &work) { return std::ranges::any_of(keys, [&work](const auto &entry) { return entry.work == work; }); };
+        QCOMPARE(has(u"جديد"_s), !closes);
+        QVERIFY(has(u"نمايش"_s));
     }
 }
 
