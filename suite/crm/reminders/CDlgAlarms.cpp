@@ -176,7 +176,8 @@ void CDlgAlarms::postponeAlarm()
     CTblAlarm alarm;
     if (!loadSelected(alarm))
         return;
-    const std::optional<QDateTime> until = PostponeMenu::ask(alarm.m_date, button(u"postpone"));
+    QPushButton *postpone = button(u"postpone");
+    const std::optional<QDateTime> until = PostponeMenu::ask(alarm.m_date, postpone->isHidden() ? commandLine()->moreButton() : postpone);
     if (!until)
         return;
     CTblAlarm::postpone(alarm.m_iID, GetDBSetting()->GetUserID(), *until);

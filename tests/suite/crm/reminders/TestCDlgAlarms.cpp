@@ -34,6 +34,7 @@ private Q_SLOTS:
     void searchedTextIsFound();
     void doneIsTakenOffAndTold();
     void postponedThroughTheMenu();
+    void delaysAreOfferedAtTheButtonInSight();
     void menuLeftWithoutAChoiceChangesNothing();
     void deletedAfterTheQuestion();
     void keysAddAndEdit();
@@ -44,7 +45,7 @@ private:
     int me() const { return GetDBSetting()->GetUserID(); }
     QStringList column(const CDlgAlarms &page, QStringView key) const;
     static void show(CDlgAlarms &page);
-    static void chooseInMenu(const QString &beginning);
+    static void chooseInMenu(const QString &beginning, QRect *place = nullptr);
 
     Office m_office;
 };
@@ -71,15 +72,17 @@ void TestCDlgAlarms::show(CDlgAlarms &page)
 }
 
 // Chooses the entry that begins so in the menu that opens next; an empty text leaves it.
-void TestCDlgAlarms::chooseInMenu(const QString &beginning)
+void TestCDlgAlarms::chooseInMenu(const QString &beginning, QRect *place)
 {
     auto *timer = new QTimer(qApp);
-    connect(timer, &QTimer::timeout, qApp, [timer, beginning] {
+    connect(timer, &QTimer::timeout, qApp, [timer, beginning, place] {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         if (!menu)
             return;
         timer->deleteLater();
         timer->stop();
+        if (place)
+            *place = menu->geometry();
         for (QAction *action : menu->actions()) {
             if (!beginning.isEmpty() && action->text().startsWith(beginning)) {
                 menu->setActiveAction(action);
@@ -191,6 +194,28 @@ void TestCDlgAlarms::postponedThroughTheMenu()
     QCOMPARE(CTblAlarm::dueCount(me()), 0);
     QCOMPARE(m_office.db.value(u"SELECT DATEDIFF(date,NOW()) FROM Alarms"_s), u"1"_s);
     QCOMPARE(page.list()->currentKey(), id);
+}
+
+// The command may stand in the menu of those that do not fit.
+void TestCDlgAlarms::delaysAreOfferedAtTheButtonInSight()
+{
+    Alarms::add(me(), -50, u"اول"_s);
+    CDlgAlarms page;
+    show(page);
+    page.list()->selectRow(0);
+    for (const int width : {900, 330}) {
+        page.resize(width, 500);
+        QTRY_COMPARE(page.button(u"postpone")->isVisible(), width == 900);
+        const QPushButton *shown = width == 900 ? page.button(u"postpone") : page.commandLine()->moreButton();
+        QVERIFY(shown->isVisible());
+        QRect place;
+        chooseInMenu({}, &place);
+        QVERIFY(page.runCommand(u"postpone"));
+        // The edge of the screen may push it to one side.
+        const QRect anchor(shown->mapToGlobal(QPoint()), shown->size());
+        QCOMPARE(place.bottom() + 1, anchor.top());
+        QVERIFY2(place.left() < anchor.right() && place.right() > anchor.left(), qPrintable(u"%1-%2 %3-%4"_s.arg(place.left()).arg(place.right()).arg(anchor.left()).arg(anchor.right())));
+    }
 }
 
 void TestCDlgAlarms::menuLeftWithoutAChoiceChangesNothing()
