@@ -23,6 +23,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int saveDelayMilliseconds = 500;
+// So many show how long the figures of a list are.
+constexpr int tellingRows = 200;
 
 QString joined(const QVector<int> &numbers)
 {
@@ -106,7 +108,7 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     connect(m_model, &QAbstractItemModel::rowsRemoved, m_menuMark, &RowMenuMark::rowsMoved);
     // Rows of a source come by and by; the first ones tell how long its figures are.
     connect(m_model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first) {
-        if (first == 0 && !m_userLayout)
+        if (first < tellingRows && !m_userLayout)
             fitColumns();
     });
 }

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void theMarkIsOnTheSelectedRowAlone();
     void theMarkStaysUnderThePointer();
     void noColumnIsNarrowerThanItsTitle();
+    void figuresOfRowsThatComeLaterAreNotCut();
     void aTextThatIsCutHasATip();
     void rowsAndTitlesAreHighEnough();
     void cellIsBroughtIntoView();
@@ -428,6 +429,35 @@ void TestKExtListCtrl::noColumnIsNarrowerThanItsTitle()
     WriteSetting(u"Narrow\\List"_s, u"sWidths"_s, u"10,10,10,10"_s);
     m_list->SetSettingName(u"Narrow\\List"_s);
     QVERIFY(all());
+}
+
+namespace {
+
+class GrowingFigures : public KListModel::Source
+{
+public:
+    QStringList figures;
+
+    int count() const override { return int(figures.size()); }
+    KListModel::Row row(int number) const override { return {number + 1, {{figures[number]}, {u"یک متن بلند بلند بلند"_s}}}; }
+    int rowOfKey(int key) const override { return key - 1; }
+};
+
+}
+
+// Neither longer ones nor, of as many digits, wider ones.
+void TestKExtListCtrl::figuresOfRowsThatComeLaterAreNotCut()
+{
+    m_list->SetSettingName({});
+    m_list->setColumns({{u"ک"_s, Qt::AlignRight, 10}, {u"نام"_s, Qt::AlignRight, 300}});
+    const auto source = std::make_shared<GrowingFigures>();
+    m_list->listModel()->setSource(source);
+    for (const QString &figure : {u"1111111111"_s, u"8888888888"_s, u"0214455667788"_s}) {
+        source->figures.append(figure);
+        m_list->listModel()->sourceGrew();
+        const int last = m_list->count() - 1;
+        QVERIFY2(m_list->columnWidth(0) >= m_list->sizeHintForIndex(m_list->model()->index(last, 0)).width(), qPrintable(figure));
+    }
 }
 
 void TestKExtListCtrl::aTextThatIsCutHasATip()
