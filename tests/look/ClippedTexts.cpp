@@ -255,7 +255,10 @@ private:
         const int needed = view.sizeHintForIndex(cell).width();
         // A tree tells its row's height by the height of its rows; one that is lower than its letters cuts them.
         require(view, text, view.fontMetrics().height(), place.height(), "high");
-        requireOrTip(view, *view.viewport(), place.center(), text, needed, place.width());
+        // Where a list scrolls sideways, no tip can be asked for beyond its edge; a figure needs its room there, too.
+        const QRect seen = place.intersected(view.viewport()->rect());
+        if (!seen.isEmpty() || WindowParts::isFigure(text))
+            requireOrTip(view, *view.viewport(), seen.isEmpty() ? place.center() : seen.center(), text, needed, place.width());
     }
 };
 
