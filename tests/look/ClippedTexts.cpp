@@ -257,8 +257,10 @@ private:
         require(view, text, view.fontMetrics().height(), place.height(), "high");
         // Where a list scrolls sideways, no tip can be asked for beyond its edge; a figure needs its room there, too.
         const QRect seen = place.intersected(view.viewport()->rect());
-        if (!seen.isEmpty() || WindowParts::isFigure(text))
-            requireOrTip(view, *view.viewport(), seen.isEmpty() ? place.center() : seen.center(), text, needed, place.width());
+        // The mark of the row's menu, which has a tip of its own, may be all that is seen of the last one.
+        const bool tellsAll = seen.width() > 2 * place.height();
+        if (tellsAll || WindowParts::isFigure(text))
+            requireOrTip(view, *view.viewport(), tellsAll ? seen.center() : place.center(), text, needed, place.width());
     }
 };
 

@@ -79,7 +79,7 @@ for said in \
     expect_output 'a fault of each kind' "$said"
 done
 # Those, and the circles of folders that the first two close.
-expect_output 'a fault of each kind' '13 fault(s) in'
+expect_output 'a fault of each kind' '14 fault(s) in'
 
 # The table of windows names what is there and is a window.
 plant host/HostProgram.h
