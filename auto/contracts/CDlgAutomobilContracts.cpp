@@ -54,8 +54,7 @@ QList<KListColumn> CDlgAutomobilContracts::columnTable() const
         {.key = u"document"_s, .title = u"شماره سند"_s, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
         {.key = u"explanation"_s, .title = u"شرح قرارداد"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sExplain"_s, .column = u"sExplain"_s},
         {.key = u"contractDate"_s, .title = u"تاریخ عقد"_s, .sortKey = u"dateContract"_s, .column = u"dateContract"_s},
-        {.key = u"expirationDate"_s, .title = u"تاریخ انقضاء"_s, .sortKey = u"dateExpiration"_s, .column = u"dateExpiration"_s,
-         .reads = {u"iArchiveUserID"_s, u"iStatus"_s}, .warns = isExpired},
+        {.key = u"expirationDate"_s, .title = u"تاریخ انقضاء"_s, .sortKey = u"dateExpiration"_s, .column = u"dateExpiration"_s, .reads = {u"iArchiveUserID"_s, u"iStatus"_s}, .warns = isExpired},
         {.key = u"description"_s, .title = u"توضیحات"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
         {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"iArchiveUserID"_s, .column = u"iArchiveUserID"_s, .show = KListColumn::yesOrDash},
     };

@@ -185,7 +185,7 @@ void HostLabels::menuItem(const QStyle &style, const QStyleOptionMenuItem &optio
     if (tab >= 0) {
         painter.setPen(HostColors::of(!enabled ? Disabled : chosen ? OnSelect
                                                                    : Quiet));
-// From the left and in Latin digits, as on the keys.
+        // From the left and in Latin digits, as on the keys.
         QFont keys = option.font;
         keys.setFamilies(CodeFont::families(option.font));
         painter.setFont(keys);

@@ -168,7 +168,7 @@ void HostPanels::checkMark(QPainter &painter, const QStyleOption &option)
     const bool enabled = is(option, QStyle::State_Enabled);
     const bool on = is(option, QStyle::State_On) || is(option, QStyle::State_NoChange);
     const Role ground = !enabled ? (on ? Role::Disabled : Role::Window) : on ? Role::Accent
-                                                                            : Role::Surface;
+                                                                             : Role::Surface;
     const Role border = !enabled ? (on ? Role::Disabled : Role::Line) : on ? Role::Accent
         : is(option, QStyle::State_MouseOver)                              ? Role::Quiet
                                                                            : Role::Edge;

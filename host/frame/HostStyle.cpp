@@ -441,7 +441,7 @@ QRect HostStyle::subControlRect(ComplexControl control, const QStyleOptionComple
             return arrows.adjusted(0, arrows.height() / 2, 0, 0);
         case SC_SpinBoxEditField:
             return direction == Qt::RightToLeft ? rect.adjusted(chevronRoom, 2, -LookSizes::fieldPadding + 2, -2)
-                                                        : rect.adjusted(LookSizes::fieldPadding - 2, 2, -chevronRoom, -2);
+                                                : rect.adjusted(LookSizes::fieldPadding - 2, 2, -chevronRoom, -2);
         default:
             break;
         }
@@ -475,7 +475,7 @@ QSize HostStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
         const LookMarks::Button kind = LookMarks::button(widget);
         const bool small = kind == LookMarks::Button::Small;
         const int padding = kind == LookMarks::Button::Primary ? LookSizes::primaryPadding : small ? LookSizes::unit
-                                                                                                  : LookSizes::buttonPadding;
+                                                                                                   : LookSizes::buttonPadding;
         int width = 0;
         if (button) {
             const QFontMetrics own = kind == LookMarks::Button::Primary ? QFontMetrics(LookFonts::font(LookFonts::Use::Primary)) : font;

@@ -17,7 +17,7 @@ struct TZACCOUNTING_EXPORT KFilterControl
     QWidget *widget = nullptr; // null: the filter has none
     std::function<QVariant()> value = {};
     std::function<void(const QVariant &)> set = {};
-    std::function<QString()> asked = {}; // what it asks for now, in the user's words; empty while it asks for nothing
+    std::function<QString()> asked = {};    // what it asks for now, in the user's words; empty while it asks for nothing
     std::function<void()> readChoices = {}; // of a drop-down
 
     // The control of any kind but Person, whose field stands above this library; it holds nothing yet.

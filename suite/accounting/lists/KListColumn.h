@@ -22,17 +22,17 @@ struct TZACCOUNTING_EXPORT KListColumn
     QString title;
     int width = 80; // as KListModel::Column::width
     Qt::Alignment alignment = Qt::AlignCenter;
-    QString sortKey = {};                               // what a click on the title sorts by; empty: it does not sort
-    QString column = {};                                // the record column that is shown
-    std::function<Cell(const QVariant &value)> show = {}; // the cell of a value of that column; empty: as its kind reads
+    QString sortKey = {};                                      // what a click on the title sorts by; empty: it does not sort
+    QString column = {};                                       // the record column that is shown
+    std::function<Cell(const QVariant &value)> show = {};      // the cell of a value of that column; empty: as its kind reads
     std::function<Cell(KMySQL &record, int number)> cell = {}; // the cell of a record, numbers counting from 1; goes before column
-    QStringList reads = {};                             // further record columns that cell and warns read
-    QString lookup = {};                                // record column of keys whose names are shown, looked up for all rows at once;
-                                                        // the cell is what stands where a key has no name
-    QString emptyText = {};                             // stands where the text would be empty
-    bool isCode = false;                                // as KListModel::Column::isCode
-    bool countsRows = false;                            // as KListModel::Column::countsRows
-    std::function<bool(KMySQL &record)> warns = {};     // whether the cell of that record stands out; empty: it does not
+    QStringList reads = {};                                    // further record columns that cell and warns read
+    QString lookup = {};                                       // record column of keys whose names are shown, looked up for all rows at once;
+                                                               // the cell is what stands where a key has no name
+    QString emptyText = {};                                    // stands where the text would be empty
+    bool isCode = false;                                       // as KListModel::Column::isCode
+    bool countsRows = false;                                   // as KListModel::Column::countsRows
+    std::function<bool(KMySQL &record)> warns = {};            // whether the cell of that record stands out; empty: it does not
 
     // The running number of the row.
     static KListColumn rowNumber(int width = 40);

@@ -61,11 +61,11 @@ public:
     // What the commands stand among.
     struct Surroundings
     {
-        KExtListCtrl *list = nullptr;                              // Delete belongs to it, and the focus when a button loses it
-        QHBoxLayout *searchRow = nullptr;                          // null: no command stands beside the search button
-        std::function<QWidget *(QWidget *parent)> makePrintMenu;   // the arrow of a command that prints the list
+        KExtListCtrl *list = nullptr;                             // Delete belongs to it, and the focus when a button loses it
+        QHBoxLayout *searchRow = nullptr;                         // null: no command stands beside the search button
+        std::function<QWidget *(QWidget *parent)> makePrintMenu;  // the arrow of a command that prints the list
         std::function<void(const std::function<void()> &)> guard; // runs a command and reports what it throws
-        QString form = {};                                         // whose rights the commands need
+        QString form = {};                                        // whose rights the commands need
     };
 
     KListCommands(std::vector<KListCommand> commands, Surroundings around, QWidget *page);
@@ -106,7 +106,7 @@ private:
         QWidget *menu = nullptr;    // the arrow beside it
         QSpacerItem *gap = nullptr; // before it, where it is the first of its group in sight
         int group = 0;
-        bool inLine = true;         // not beside the search button
+        bool inLine = true; // not beside the search button
         bool offered = true;
         bool fits = true;
     };

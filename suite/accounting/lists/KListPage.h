@@ -196,9 +196,9 @@ private:
     bool m_opened = false;
     bool m_exchangingRows = false;
     int m_chosenKey = 0;
-    std::optional<KSql> m_filledWith; // the filter of the rows; none while there are none to refresh
-    qint64 m_leftOut = 0;                // rows that the limit kept out
-    bool m_isTableEmpty = false;         // the last fill found no row with any filter
+    std::optional<KSql> m_filledWith;     // the filter of the rows; none while there are none to refresh
+    qint64 m_leftOut = 0;                 // rows that the limit kept out
+    bool m_isTableEmpty = false;          // the last fill found no row with any filter
     std::optional<bool> m_hasFurtherRows; // what the database said about that; none until it is asked
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;

@@ -18,9 +18,9 @@ struct KListTraits
     int searchColumn = 0;        // column of the filter's last line from which row limit and search stand; 0: on a line below
     QString filterTitle = u"فيلتر جستجو"_s;
     bool deletesInSelectMode = false;
-    bool hasPlaceholders = false;                    // true: the table gets rows of editors that are open, which no list shows
-    bool readsWholeRecords = false;                  // true: every column of the record is fetched, not only those that the table reads
-    KFilterControl::Maker makePerson = {};           // the field of a person filter; a list that has one sets it
-    QString emptyIcon = u":/icons/table.svg"_s;      // beside what the list says while it has no rows
+    bool hasPlaceholders = false;                      // true: the table gets rows of editors that are open, which no list shows
+    bool readsWholeRecords = false;                    // true: every column of the record is fetched, not only those that the table reads
+    KFilterControl::Maker makePerson = {};             // the field of a person filter; a list that has one sets it
+    QString emptyIcon = u":/icons/table.svg"_s;        // beside what the list says while it has no rows
     QString emptyText = u"هنوز ردیفی ثبت نشده است."_s; // what it says while its table has none
 };

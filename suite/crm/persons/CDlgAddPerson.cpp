@@ -161,9 +161,7 @@ void CDlgAddPerson::build()
 void CDlgAddPerson::placeIdentity(CardPage *page)
 {
     m_form->place(page->addForm(u"مشخصات"_s),
-                  {{"iKind"}, {"iCode"}, {"sName"}, {"sFamily"},
-                   {"sNationalCode", 2}, {"iSex"}, {"sFatherName"},
-                   {"dateBirth"}, {"sBirthCity"}, {"sIdentityNum"}, {"sIdentityCity"}});
+                  {{"iKind"}, {"iCode"}, {"sName"}, {"sFamily"}, {"sNationalCode", 2}, {"iSex"}, {"sFatherName"}, {"dateBirth"}, {"sBirthCity"}, {"sIdentityNum"}, {"sIdentityCity"}});
 }
 
 void CDlgAddPerson::placeContact(CardPage *page)

@@ -89,18 +89,14 @@ QList<KListColumn> CDlgPersons::columnTable() const
     constexpr auto right = Qt::AlignRight;
     return {
         {.key = u"code"_s, .title = u"کد شخص"_s, .width = 40, .sortKey = u"iCode"_s, .column = u"iCode"_s},
-        {.key = u"name"_s, .title = u"نام و نام خانوادگی"_s, .width = 110, .alignment = right, .sortKey = defaultSort(),
-         .column = u"sName2"_s},
-        {.key = u"father"_s, .title = u"نام پدر"_s, .width = 55, .alignment = right,
-         .sortKey = u"sFatherName"_s, .column = u"sFatherName"_s},
+        {.key = u"name"_s, .title = u"نام و نام خانوادگی"_s, .width = 110, .alignment = right, .sortKey = defaultSort(), .column = u"sName2"_s},
+        {.key = u"father"_s, .title = u"نام پدر"_s, .width = 55, .alignment = right, .sortKey = u"sFatherName"_s, .column = u"sFatherName"_s},
         {.key = u"nationalCode"_s, .title = u"کد ملی"_s, .width = 60, .sortKey = u"sNationalCode"_s, .column = u"sNationalCode"_s},
         {.key = u"mobile"_s, .title = u"موبایل"_s, .width = 60, .sortKey = u"sMobile"_s, .column = u"sMobile"_s},
         {.key = u"telephone"_s, .title = u"تلفن"_s, .width = 60, .sortKey = u"sTel"_s, .column = u"sTel"_s},
-        {.key = u"kind"_s, .title = u"نوع شخص"_s, .width = 45, .sortKey = u"iKind"_s, .cell = KListColumn::of<CTblPersons>(kindCell),
-         .reads = {u"iKind"_s}},
+        {.key = u"kind"_s, .title = u"نوع شخص"_s, .width = 45, .sortKey = u"iKind"_s, .cell = KListColumn::of<CTblPersons>(kindCell), .reads = {u"iKind"_s}},
         {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s, .show = statusCell},
-        {.key = u"address"_s, .title = u"آدرس"_s, .width = 150, .alignment = right,
-         .sortKey = u"sAddress"_s, .column = u"sAddress"_s},
+        {.key = u"address"_s, .title = u"آدرس"_s, .width = 150, .alignment = right, .sortKey = u"sAddress"_s, .column = u"sAddress"_s},
     };
 }
 

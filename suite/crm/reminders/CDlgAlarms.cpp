@@ -78,10 +78,8 @@ QList<KListColumn> CDlgAlarms::columnTable() const
         {.key = u"state"_s, .title = u"وضعیت"_s, .width = 45, .sortKey = u"iStatus,date"_s, .cell = KListColumn::of<CTblAlarm>(state)},
         {.key = u"date"_s, .title = u"تاریخ"_s, .width = 50, .sortKey = u"date"_s, .column = u"date"_s},
         {.key = u"time"_s, .title = u"ساعت"_s, .width = 35, .column = u"date"_s, .show = timeCell},
-        {.key = u"description"_s, .title = u"شرح"_s, .width = 190, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s,
-         .column = u"sDesc"_s},
-        {.key = u"record"_s, .title = u"مربوط به"_s, .width = 100, .alignment = Qt::AlignRight, .sortKey = u"iTable,iRecordID2"_s,
-         .cell = KListColumn::of<CTblAlarm>(recordCell)},
+        {.key = u"description"_s, .title = u"شرح"_s, .width = 190, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
+        {.key = u"record"_s, .title = u"مربوط به"_s, .width = 100, .alignment = Qt::AlignRight, .sortKey = u"iTable,iRecordID2"_s, .cell = KListColumn::of<CTblAlarm>(recordCell)},
         {.key = u"repeat"_s, .title = u"تکرار"_s, .width = 35, .sortKey = u"bRepeat"_s, .column = u"bRepeat"_s, .show = repeatCell},
     };
 }

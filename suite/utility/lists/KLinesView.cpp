@@ -26,7 +26,7 @@ namespace {
 
 constexpr double largestCount = 999999999;
 constexpr int countDecimals = 4;
-constexpr int entryFrame = 12; // what an entry line needs round its text
+constexpr int entryFrame = 12;                  // what an entry line needs round its text
 constexpr char listOfChoice[] = "listOfChoice"; // the entry cell that a list of what fits belongs to
 
 bool isEnter(const QKeyEvent *event)

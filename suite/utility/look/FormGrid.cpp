@@ -229,7 +229,7 @@ int FormGrid::lay(const QRect &rect, bool apply) const
     for (const Row &row : rowsOf(columnsFor(inner.width()))) {
         // What belongs to the row above stands close to it.
         const int gap = bottom == inner.top() || isText(row) ? 0 : row.front().field->isLine ? spacing() / 2
-                                                                                              : spacing();
+                                                                                             : spacing();
         bottom += gap;
         bottom += layRow(row, inner, bottom, apply);
     }

@@ -20,40 +20,40 @@ enum class Look {
 };
 
 enum class Role {
-    Window,      // ground of windows
-    Surface,     // cards, lists, fields, menus, the main window's bar
-    Sunken,      // read-only fields
-    Header,      // title row of lists
-    Stripe,      // every second row
-    Hover,       // under the pointer
-    Line,        // borders of cards, rules
-    Edge,        // borders of fields and buttons
-    Text,        // all that is read first
-    Quiet,       // labels, second lines, titles of columns
-    Hint,        // placeholders, amounts in words
-    Disabled,    // disabled alone
-    Accent,      // primary button, focus ring, marks, current tab
+    Window,   // ground of windows
+    Surface,  // cards, lists, fields, menus, the main window's bar
+    Sunken,   // read-only fields
+    Header,   // title row of lists
+    Stripe,   // every second row
+    Hover,    // under the pointer
+    Line,     // borders of cards, rules
+    Edge,     // borders of fields and buttons
+    Text,     // all that is read first
+    Quiet,    // labels, second lines, titles of columns
+    Hint,     // placeholders, amounts in words
+    Disabled, // disabled alone
+    Accent,   // primary button, focus ring, marks, current tab
     AccentHover,
     AccentPress,
-    OnAccent,    // text on accent
-    Link,        // text of the current tab, what leads on
-    Select,      // selected row, pressed, switched on
+    OnAccent, // text on accent
+    Link,     // text of the current tab, what leads on
+    Select,   // selected row, pressed, switched on
     OnSelect,
-    Danger,      // overdue, error, delete
+    Danger, // overdue, error, delete
     DangerSoft,
-    Warn,        // due today, not saved
+    Warn, // due today, not saved
     WarnSoft,
-    Good,        // done, paid, available
+    Good, // done, paid, available
     GoodSoft,
-    Info,        // counts, active filter
+    Info, // counts, active filter
     InfoSoft,
     NeutralSoft, // chips without a state; their text is Quiet
     Icon,        // the two strokes of every icon
     Icon2,
-    Chart,       // first course of a chart
-    ChartPast,   // earlier months
-    ChartOther,  // second course
-    Sky,         // behind a car without a picture
+    Chart,      // first course of a chart
+    ChartPast,  // earlier months
+    ChartOther, // second course
+    Sky,        // behind a car without a picture
     Ground,
     Shadow,
     Count

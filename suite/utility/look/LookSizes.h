@@ -14,14 +14,14 @@ namespace LookSizes {
 inline constexpr int unit = 8;
 inline constexpr int windowMargin = 16;
 inline constexpr int cardGap = 8;
-inline constexpr int sideGap = 16;      // between cards side by side
-inline constexpr int cardPadding = 16;  // border included
+inline constexpr int sideGap = 16;     // between cards side by side
+inline constexpr int cardPadding = 16; // border included
 inline constexpr int cardCorner = 8;
-inline constexpr int gutter = 16;       // between the columns of a form
-inline constexpr int halfGutter = 48;   // between the halves of eight columns: padding, gap and padding of two cards
-inline constexpr int labelLine = 20;    // above a control
-inline constexpr int control = 28;      // in forms
-inline constexpr int tallControl = 32;  // in filters, bars and footers; buttons
+inline constexpr int gutter = 16;      // between the columns of a form
+inline constexpr int halfGutter = 48;  // between the halves of eight columns: padding, gap and padding of two cards
+inline constexpr int labelLine = 20;   // above a control
+inline constexpr int control = 28;     // in forms
+inline constexpr int tallControl = 32; // in filters, bars and footers; buttons
 inline constexpr int controlCorner = 5;
 inline constexpr int buttonCorner = 6;
 inline constexpr int fieldPadding = 8;
@@ -34,12 +34,12 @@ inline constexpr int workTabs = 36;
 inline constexpr int editorTabs = 44;
 inline constexpr int footer = 52;
 inline constexpr int statusLine = 28;
-inline constexpr int titleRow = 32;     // of a list
-inline constexpr int row = 28;          // of a list, and at least the font's height and 8
+inline constexpr int titleRow = 32; // of a list
+inline constexpr int row = 28;      // of a list, and at least the font's height and 8
 inline constexpr int chip = 20;
 inline constexpr int ring = 2;
-inline constexpr int wide = 1200;       // a page of so many has eight columns and cards side by side
-inline constexpr int narrow = 720;      // below, it has two
+inline constexpr int wide = 1200;  // a page of so many has eight columns and cards side by side
+inline constexpr int narrow = 720; // below, it has two
 
 // For a font larger than 10 points more, never less than the number itself.
 TZUTILITY_EXPORT int scaled(int pixels);

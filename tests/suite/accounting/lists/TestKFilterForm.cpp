@@ -28,16 +28,12 @@ QList<KListFilter> filters()
 {
     using namespace FilterClauses;
     return {
-        {.key = u"inactive"_s, .label = u"Inactive"_s, .kind = K::Flag, .place = {1, 0, 2},
-         .clause = flag("", " AND iStatus=0"), .initial = false, .options = F::KeptByReset | F::HiddenInSelect},
+        {.key = u"inactive"_s, .label = u"Inactive"_s, .kind = K::Flag, .place = {1, 0, 2}, .clause = flag("", " AND iStatus=0"), .initial = false, .options = F::KeptByReset | F::HiddenInSelect},
         {.key = u"owner"_s, .clause = [](const QVariant &, int user) { return KSql::formatted(" AND iUserID=%1", user); }},
-        {.key = u"color"_s, .label = u"Color :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND iColor="),
-         .choices = [] { return offered; }, .options = F::ReadByReset},
+        {.key = u"color"_s, .label = u"Color :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND iColor="), .choices = [] { return offered; }, .options = F::ReadByReset},
         {.key = u"from"_s, .label = u"From :"_s, .kind = K::Date, .place = {2, 0}, .clause = from(" AND date>=")},
-        {.key = u"to"_s, .label = u"To :"_s, .kind = K::PlainDate, .place = {2, 2}, .clause = upTo(" AND date<"),
-         .accessibleName = u"Day to :"_s},
-        {.key = u"part"_s, .label = u"Part :"_s, .kind = K::Text, .place = {0, 0}, .clause = part("sName"), .maxLength = 5,
-         .options = F::FindGoesHere},
+        {.key = u"to"_s, .label = u"To :"_s, .kind = K::PlainDate, .place = {2, 2}, .clause = upTo(" AND date<"), .accessibleName = u"Day to :"_s},
+        {.key = u"part"_s, .label = u"Part :"_s, .kind = K::Text, .place = {0, 0}, .clause = part("sName"), .maxLength = 5, .options = F::FindGoesHere},
         {.key = u"typed"_s, .label = u"Typed :"_s, .kind = K::Text, .clause = pattern("sTyped")},
         {.key = u"number"_s, .label = u"Number :"_s, .kind = K::Number, .place = {3, 0}, .clause = number(" AND iNum="), .initial = 7},
         {.key = u"amount"_s, .label = u"Amount :"_s, .kind = K::Amount, .place = {3, 2}, .clause = amount(" AND dAmount>=")},

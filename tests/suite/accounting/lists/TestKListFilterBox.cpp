@@ -32,8 +32,7 @@ QList<KListFilter> twoLines()
     using K = KListFilter::Kind;
     return {
         {.key = u"name"_s, .label = u"نام :"_s, .kind = K::Text, .place = {0, 0}, .clause = part("sName")},
-        {.key = u"state"_s, .label = u"وضعيت بايگاني :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND i="), .initial = 1,
-         .choices = [] { return QList<KListFilter::Choice>{{u"همه"_s, 0}, {u"بایگانی نشده"_s, 1}, {u"بایگانی شده"_s, 2}}; }},
+        {.key = u"state"_s, .label = u"وضعيت بايگاني :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND i="), .initial = 1, .choices = [] { return QList<KListFilter::Choice>{{u"همه"_s, 0}, {u"بایگانی نشده"_s, 1}, {u"بایگانی شده"_s, 2}}; }},
         {.key = u"from"_s, .label = u"تاريخ عقد از :"_s, .kind = K::Date, .place = {1, 0}, .clause = from(" AND d>=")},
         {.key = u"to"_s, .label = u"تا :"_s, .kind = K::Date, .place = {1, 2}, .clause = upTo(" AND d<"), .accessibleName = u"تاريخ عقد تا :"_s},
         {.key = u"amount"_s, .label = u"مبلغ از :"_s, .kind = K::Amount, .place = {1, 4}, .clause = amount(" AND a>=")},
@@ -48,7 +47,8 @@ struct Box
 
     explicit Box(int width, QList<KListFilter> filters = twoLines())
     {
-        box = new KListFilterBox({}, std::move(filters), [](QGridLayout *) {}, &page);
+        box = new KListFilterBox(
+            {}, std::move(filters), [](QGridLayout *) {}, &page);
         auto *layout = new QVBoxLayout(&page);
         layout->addWidget(box);
         layout->addStretch(1);

@@ -85,7 +85,8 @@ protected:
         using namespace FilterClauses;
         return {{.key = u"name"_s, .label = u"نام :"_s, .kind = KListFilter::Kind::Text, .place = {0, 0}, .clause = [this](const QVariant &name, int user) {
                      return needsName && name.toString().isEmpty() ? KSql(" AND it.sNowhere=1") : part("it.sName")(name, user);
-                 }, .options = KListFilter::FindGoesHere},
+                 },
+                 .options = KListFilter::FindGoesHere},
                 {.key = u"itemType"_s, .clause = always(" AND it.iType=7")},
                 {.key = u"grouping"_s, .clause = always(" GROUP BY it.iID")}};
     }
@@ -94,8 +95,7 @@ protected:
         if (!m_traits.hasSearchButton)
             return {};
         return {
-            {.id = u"add"_s, .caption = u"جدید"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { ++added; },
-             .shortcut = QKeySequence(Qt::Key_Insert), .needs = Write},
+            {.id = u"add"_s, .caption = u"جدید"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { ++added; }, .shortcut = QKeySequence(Qt::Key_Insert), .needs = Write},
             {.id = u"remove"_s, .caption = u"حذف"_s, .options = KListCommand::NeedsRow, .run = [] {}, .shortcut = QKeySequence(QKeySequence::Delete), .needs = Delete},
             {.id = u"report"_s, .caption = u"گزارش"_s, .run = [] {}, .needs = Access, .needsForm = u"AutoFullReport"_s},
         };
