@@ -7,6 +7,7 @@
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 
+#include <QApplication>
 #include <QListView>
 #include <QPainter>
 #include <QStyleOption>
@@ -225,7 +226,9 @@ void HostPanels::row(QPainter &painter, const QStyleOptionViewItem &option, cons
     const bool first = option.viewItemPosition == QStyleOptionViewItem::Beginning || option.viewItemPosition == QStyleOptionViewItem::OnlyOne;
     if (!selected || !first || isBehindBranch(option, view))
         return;
-    const bool focus = view && (view->hasFocus() || view->isAncestorOf(view->window()->focusWidget()));
+    // Of the program: a window keeps its own focus while another one has the keys.
+    const QWidget *now = QApplication::focusWidget();
+    const bool focus = view && now && (view == now || view->isAncestorOf(now));
     // A cell of figures reads from the left; its row does not.
     const Qt::LayoutDirection direction = view ? view->layoutDirection() : option.direction;
     const int left = direction == Qt::RightToLeft ? rect.right() - bar + 1 : rect.left();

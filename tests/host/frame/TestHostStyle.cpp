@@ -78,6 +78,32 @@ private Q_SLOTS:
         QCOMPARE(picture.pixelColor(8, list.visualRect(list.model()->index(2, 0)).top() + 2), HostColors::of(Role::Surface));
     }
 
+    // A window's own focus stays where it was while another window has the keys.
+    void barIsQuietWhileAnotherWindowHasTheKeys()
+    {
+        using HostColors::Role;
+        QApplication::setPalette(HostColors::palette(HostColors::look()));
+        KExtListCtrl list;
+        list.setColumns({{.title = u"ردیف"_s, .width = 40}});
+        list.setRows({{1, {{u"1"_s, 1}}}});
+        list.resize(300, 120);
+        list.selectKey(1);
+        list.show();
+        QApplication::setActiveWindow(&list);
+        list.setFocus();
+        const auto bar = [&list] {
+            const QImage picture = list.viewport()->grab().toImage();
+            return picture.pixelColor(picture.width() - 2, list.visualRect(list.model()->index(0, 0)).top() + 2);
+        };
+        QVERIFY(list.hasFocus());
+        QCOMPARE(bar(), HostColors::of(Role::Accent));
+        QWidget other;
+        other.show();
+        QApplication::setActiveWindow(&other);
+        QVERIFY(!list.hasFocus());
+        QCOMPARE(bar(), HostColors::of(Role::Edge));
+    }
+
     void lyingScrollBarBeginsAtTheRight()
     {
         QScrollBar bar(Qt::Horizontal);
