@@ -7,6 +7,7 @@
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -50,6 +51,7 @@ int CAutoDBSetting::IsAClosedDB()
 
 int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reachedVersion, bool alterFlag)
 {
+    ContractReceiptOwner::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
         return 1;

@@ -15,7 +15,7 @@
 #include "host/server/ServerLog.h"
 #include "host/server/TableNames.h"
 #include "host/server/WayBack.h"
-#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"

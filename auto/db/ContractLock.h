@@ -14,5 +14,7 @@ namespace ContractLock {
 // money for it or deletes it, also on another node of a cluster. Before any other reading in the transaction, which would go on
 // seeing what was there at its beginning. Throws KAccountingError when the contract is gone.
 void take(CTblAutomobilContracts &contract, qint32 key);
+// The same for what may outlive its contract: false when the contract is gone.
+bool takeIfThere(CTblAutomobilContracts &contract, qint32 key);
 
 }

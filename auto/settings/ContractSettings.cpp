@@ -19,6 +19,10 @@ const QString taxKey = u"dPrecentTax"_s; // stored under this spelling in every 
 const QString thirdInUseKey = u"bTransactionAmount"_s;
 const QString demandsKey = u"bDemands"_s;
 const QString daysKey = u"iDay"_s;
+const QString levySeparateKey = u"bLevySeparate"_s;
+const QString postPlanKey = u"bPostPlan"_s;
+const QString lateFeeKey = u"dLateFeePercent"_s;
+const QString lateGraceKey = u"iLateFeeGrace"_s;
 
 struct TierKeys
 {
@@ -58,6 +62,10 @@ ContractSettings ContractSettings::of(const OfficeSettings &settings)
     found.tiers.thirdInUse = integer(thirdInUseKey) != 0;
     found.archiveDemands = integer(demandsKey) != 0;
     found.demandDays = integer(daysKey);
+    found.levySeparate = integer(levySeparateKey) != 0;
+    found.postPlan = integer(postPlanKey) != 0;
+    found.lateFeePercent = number(lateFeeKey);
+    found.lateFeeGrace = integer(lateGraceKey);
     return found;
 }
 
@@ -82,6 +90,10 @@ QList<ContractSettings::Part> ContractSettings::parts() const
     add(daysKey, u"روزهای بایگانی تقاضا"_s, demandDays);
     add(thirdInUseKey, u"پله سوم"_s, tiers.thirdInUse ? 1 : 0);
     add(demandsKey, u"بایگانی تقاضاها"_s, archiveDemands ? 1 : 0);
+    add(levySeparateKey, u"ماليات و عوارض جدا از پرداختي دريافت شود"_s, levySeparate ? 1 : 0);
+    add(postPlanKey, u"ثبت فروش اقساطی در دفاتر"_s, postPlan ? 1 : 0);
+    add(lateFeeKey, u"درصد جریمه دیرکرد"_s, lateFeePercent);
+    add(lateGraceKey, u"روزهای مهلت جریمه دیرکرد"_s, lateFeeGrace);
     return parts;
 }
 
@@ -90,7 +102,7 @@ QList<QStringList> ContractSettings::keysTogether()
     QStringList tiers{thirdInUseKey};
     for (const TierKeys &tier : tierKeys)
         tiers.append({tier.ceiling, tier.percent});
-    return {tiers, {demandsKey, daysKey}};
+    return {tiers, {demandsKey, daysKey}, {lateFeeKey, lateGraceKey}};
 }
 
 void ContractSettings::requireRight()

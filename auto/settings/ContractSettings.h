@@ -26,6 +26,10 @@ struct ContractSettings
     CommissionTiers tiers;
     bool archiveDemands = false; // demands older than demandDays are archived
     int demandDays = 0;
+    bool levySeparate = false; // settling proposes what a party pays plus its tax and duty, instead of what its document charges
+    bool postPlan = false;     // the documents of instalment sales hold the price and the plan's interest as the buyer's debt
+    double lateFeePercent = 0; // of an overdue instalment's rest, per day after the days of grace
+    int lateFeeGrace = 0;      // days
 
     // A setting as it stands in Properties, and how users know it.
     struct Part

@@ -4,7 +4,7 @@
 """Each check of the books finds the fault that it is named after: a list that finds nothing would prove nothing."""
 
 import rig  # noqa: F401 - finds the library of the journeys
-from rig.books import CHECKS, faults
+from lib.sound_books import CHECKS, faults
 from rig.fault import check, run
 
 # What makes each check find something, beside a sound contract (:c) and its document (:d); others may find it too.
@@ -19,7 +19,22 @@ SPOILED = {
     "contract and document disagree about the day": "UPDATE AutomobilContracts SET dateContract='2000-01-01'",
     "a receipt has no document": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,96,:y)",
     "a receipt's document has no receipt": "INSERT INTO Documents(iNum,iFiscalYear,iKind) VALUES (95,:y,3)",
-    "a receipt and its document differ in the amount": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,:d,:y)",
+    "a receipt and its document differ":
+        "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear,iPersonID) SELECT 5,:d,:y,iPersonFirstID FROM AutomobilContracts LIMIT 1",
+    "a receipt that stands has an empty document": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,89,:y)",
+    "a void receipt has not been taken back":
+        "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear,iStatus,iVoidUserID,sVoidReason) VALUES (5,:d,:y,1,1,'x')",
+    "an instalment's state is not what was received for it":
+        "INSERT INTO AutomobilPayments(iID,iAutomobilContractID,dAmount,iStatus) VALUES (88,87,5000,1); "
+        "INSERT INTO Receipts(iTable,iRecordID,iPaymentID,dAmount) VALUES (69,87,88,10)",
+    "a cheque and its receipts differ in the sum": "INSERT INTO Cheques(dAmount) VALUES (5)",
+    "a cheque is not in the state that its changes led to": "INSERT INTO Cheques(dAmount,iState) VALUES (5,1)",
+    "a receipt counts though its cheque does not, or the other way round":
+        "INSERT INTO Cheques(iID,dAmount,iState) VALUES (86,5,3); INSERT INTO Receipts(iChequeID,dAmount) VALUES (86,5)",
+    "a change of a cheque has no document": "INSERT INTO ChequeChanges(iChequeID,iDocNum,iFiscalYear) VALUES (85,84,:y)",
+    "cheques in hand and their account differ": "INSERT INTO Cheques(dAmount) VALUES (5)",
+    "deposited cheques and their account differ": "INSERT INTO Cheques(dAmount,iState) VALUES (5,1)",
+    "cheques payable and their account differ": "INSERT INTO Cheques(iKind,dAmount) VALUES (1,5)",
     "an instalment has no contract": "INSERT INTO AutomobilPayments(iAutomobilContractID) VALUES (94)",
     "a file without a record in AutomobilContracts": "INSERT INTO FileDocs(iTable,iRecordID) VALUES (69,93)",
     "a custom value without a record in AutomobilContracts":

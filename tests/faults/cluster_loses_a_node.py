@@ -5,7 +5,7 @@
 
 import threading
 
-from rig.books import check as check_books
+from lib.sound_books import check as check_books
 from rig.fault import check, run, step
 from lib.waiting import wait_for
 

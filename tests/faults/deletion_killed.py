@@ -4,7 +4,7 @@
 """A deletion that is killed at any of its statements leaves all or nothing, and no income counts twice."""
 
 import rig  # noqa: F401 - finds the library of the journeys
-from rig.books import CONTRACT, INCOME
+from lib.sound_books import CONTRACT, INCOME
 from rig.desk import DeskGone
 from rig.fault import check, run, step
 from rig.wire import Fate, nth

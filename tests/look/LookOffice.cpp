@@ -9,7 +9,7 @@
 #include "host/desk/WorkArea.h"
 #include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
-#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/accounting/office/CDBSetting.h"

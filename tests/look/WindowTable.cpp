@@ -23,7 +23,7 @@
 #include "host/start/CDlgServerPassword.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
-#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/changes/RowChanged.h"

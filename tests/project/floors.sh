@@ -27,8 +27,10 @@ never TzAccountingData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image
 never TzCRMData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image|Auto)$)'
 never TzAutoRules '^(Qt6(Gui|Widgets|Svg)|TzUtility|TzDB|Tz(Accounting|CRM|Image|Auto)$|mariadb)'
 never TzAutoData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image|Auto)$|mariadb)'
-never TzAccounting '^Tz(CRM|Image|Auto)'
-never TzCRM '^(TzAuto|TzImage|mariadb|icu)'
+never TzAccounting '^Tz(Treasury|CRM|Image|Auto)'
+never TzCRM '^(TzAuto|TzTreasury|TzImage|mariadb|icu)'
+never TzTreasuryData '^(Qt6(Gui|Widgets|Svg)|TzUtility|Tz(Accounting|CRM|Image|Treasury|Auto)$)'
+never TzTreasury '^(TzAuto|TzImage|mariadb|icu)'
 never TzImage '^(TzAuto|TzCRM|mariadb|icu)'
 never TzAuto '^(mariadb|sodium|icu)'
 finish

@@ -29,6 +29,7 @@ FLOORS = [
     ["suite/accounting/attachments", "suite/accounting/books", "suite/accounting/invoices", "suite/accounting/taxfile"],
     ["suite/accounting/lists"],
     ["suite/crm", "suite/image"],
+    ["suite/treasury"],
     ["auto"],
     ["host"],
 ]

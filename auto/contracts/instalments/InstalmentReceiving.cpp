@@ -6,7 +6,7 @@
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/ContractLock.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -14,6 +14,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int buyerSide = 2;
 
 QString alreadyReceived(int contractID, int paymentID, int number)
 {
@@ -49,6 +51,14 @@ void requireUnpaid(int contractID, int paymentID, int number)
 
 ReceiptPurpose InstalmentReceiving::purpose(int contractID, int paymentID, int number)
 {
-    return {CTblAutomobilContracts::recordKind, contractID, paymentID, [=] { requireUnpaid(contractID, paymentID, number); },
-            [=] { StoredInstalments::setPaid(paymentID, true); }};
+    CTblAutomobilContracts contract;
+    contract.SetColumns({u"iCode"_s});
+    contract.IsRecordExist(u"iID"_s, contractID);
+    return {.recordKind = CTblAutomobilContracts::recordKind,
+            .recordID = contractID,
+            .paymentID = paymentID,
+            .what = ReceiptPurpose::Instalment,
+            .side = buyerSide,
+            .text = u"قسط %1 قرارداد %2"_s.arg(number).arg(contract.m_iCode),
+            .require = [=] { requireUnpaid(contractID, paymentID, number); }};
 }

@@ -4,7 +4,7 @@
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/CTblReceipts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"

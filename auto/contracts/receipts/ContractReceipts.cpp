@@ -6,7 +6,8 @@
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/ContractLock.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -87,7 +88,7 @@ QList<Entry> paidWithoutReceipt(const CTblAutomobilContracts &contract)
     payments.FormatAndExecuteQuery("SELECT p.iID,p.iNum,p.iPersonID,p.date,p.dAmount,p.sDesc FROM AutomobilPayments p "
                                    "WHERE p.iAutomobilContractID=%d AND p.iStatus=1 AND NOT EXISTS (SELECT 1 FROM Receipts r "
                                    "WHERE r.iTable=%d AND r.iRecordID=p.iAutomobilContractID AND r.iPaymentID=p.iID AND r.iStatus=%d)",
-                                   contract.m_iID, contractKind, CTblReceipts::valid);
+                                   contract.m_iID, contractKind, int(CTblReceipts::valid));
     QList<Entry> entries;
     for (; payments.HasResultRow(); payments.MoveNextResult()) {
         Entry paid;
@@ -166,23 +167,29 @@ ReceiptPurpose ContractReceipts::commission(const CTblAutomobilContracts &contra
     // Told once: whoever then still receives it means another receipt.
     auto seen = std::make_shared<int>(newestCommission(contract, personID)->m_iID);
     const int contractID = contract.m_iID;
-    return {contractKind, contractID, 0, [=] { requireCommissionDue(contractID, personID, *seen); }};
+    const bool isFirst = personID == contract.m_iPersonFirstID;
+    return {.recordKind = contractKind,
+            .recordID = contractID,
+            .what = ReceiptPurpose::Commission,
+            .side = isFirst ? 1 : 2,
+            .text = u"کمیسیون قرارداد %1، %2"_s.arg(QString::number(contract.number()), isFirst ? u"فروشنده"_s : u"خریدار"_s),
+            .require = [=] { requireCommissionDue(contractID, personID, *seen); }};
 }
 
 void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QString &reason)
 {
+    if (entry.receiptID != 0) {
+        ReceiptPosting::makeVoid(entry.receiptID, reason);
+        return;
+    }
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen();
         CTblAutomobilContracts contract;
         ContractLock::take(contract, contractID);
-        if (entry.receiptID == 0 && hasReceipt(contractID, entry.paymentID))
+        if (hasReceipt(contractID, entry.paymentID))
             throw KAccountingError(u"برای این قسط در این میان دریافت ثبت شده است. لطفا لیست را دوباره باز نمایید."_s);
-        const bool isPaid = entry.paymentID != 0 && StoredInstalments::lock(contractID, entry.paymentID) == StoredInstalments::State::Paid;
-        if (entry.receiptID != 0)
-            CTblReceipts::makeVoid(entry.receiptID, reason);
-        else if (!isPaid)
+        if (StoredInstalments::lock(contractID, entry.paymentID) != StoredInstalments::State::Paid)
             throw KAccountingError(u"این قسط دیگر پرداخت شده نیست."_s);
-        if (isPaid)
-            StoredInstalments::setPaid(entry.paymentID, false);
+        StoredInstalments::setPaid(entry.paymentID, false);
     });
 }

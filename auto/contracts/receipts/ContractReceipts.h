@@ -44,7 +44,7 @@ QString commissionText(int number);
 // when another desk has received from the same party since purpose was called: that may be the same money.
 ReceiptPurpose commission(const CTblAutomobilContracts &contract, int personID);
 
-// Makes the entry void with the receipt behind it, and the instalment unpaid, in one unit of work. Throws as CTblReceipts::makeVoid
+// Makes the entry void with the receipt behind it, and the instalment unpaid, in one unit of work. Throws as ReceiptPosting::makeVoid
 // does, and KAccountingError when the contract is gone, or the instalment no longer paid.
 void makeVoid(int contractID, const Entry &entry, const QString &reason);
 

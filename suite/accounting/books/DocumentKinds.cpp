@@ -18,9 +18,13 @@ struct Kind
 
 const Kind *find(int kind)
 {
+    static const QString receiptList = u"دریافت‌ها و پرداخت‌ها"_s;
     static const Kind kinds[] = {
         {Accounts::documentKindManual, u"دستی"_s, {}},
-        {Accounts::documentKindReceipt, u"دریافت نقدی"_s, u"دریافت نقدی"_s},
+        {Accounts::documentKindReceipt, u"دریافت"_s, receiptList},
+        {Accounts::documentKindPayment, u"پرداخت"_s, receiptList},
+        {Accounts::documentKindCheque, u"چک"_s, u"چک‌ها"_s},
+        {Accounts::documentKindReversal, u"ابطال دریافت و پرداخت"_s, receiptList},
         {Accounts::documentKindSale, u"فاکتور فروش"_s, u"فاکتور فروش"_s},
         {Accounts::documentKindPurchase, u"فاکتور خرید"_s, u"فاکتور خرید"_s},
         {Accounts::documentKindContract, u"قرارداد"_s, u"قرارداد"_s},

@@ -18,11 +18,12 @@ const std::array<QString, RecordKind::count> &RecordKind::names()
         texts[SaleInvoice] = u"فاکتور فروش"_s;
         texts[PurchaseInvoice] = u"فاکتور خرید"_s;
         texts[InvoiceLine] = u"ردیف های فاکتور"_s;
-        texts[Receipt] = u"دریافت ها"_s;
+        texts[Receipt] = u"دریافت ها و پرداخت ها"_s;
         texts[Service] = u"خدمات"_s;
         texts[HesabKol] = u"حساب های کل"_s;
         texts[HesabMoeen] = u"حساب های معین"_s;
         texts[HesabTafsily] = u"حساب های تفصیلی"_s;
+        texts[Cheque] = u"چک ها"_s;
         texts[Reminder] = u"یادآوری ها"_s;
         texts[AutomobilInformation] = u"گالری اتومبیل"_s;
         texts[AutomobilContract] = u"قرارداد اتومبیل"_s;

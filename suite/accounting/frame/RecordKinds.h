@@ -29,6 +29,7 @@ enum : int {
     HesabMoeen = 13,
     HesabTafsily = 14,
     Reminder = 15,
+    Cheque = 16,
     AutomobilInformation = 68,
     AutomobilContract = 69,
     AutomobilDemandReminder = 70

@@ -185,6 +185,39 @@ constexpr const char *receiptsFor[] = {
     ", ADD COLUMN sVoidReason VARCHAR(250) DEFAULT NULL, ADD KEY record (iTable,iRecordID)",
 };
 
+// Payments beside receipts, with how and for what the money went; cheques, and each change of a cheque's state; what was said about
+// a row that is due. The switch stands on in an office that begins only now: it changes the documents of contracts.
+constexpr const char *treasury[] = {
+    "ALTER TABLE Receipts ADD COLUMN iKind INT DEFAULT 0, ADD COLUMN iMethod INT DEFAULT 0, ADD COLUMN iAccount INT DEFAULT 0"
+    ", ADD COLUMN iFor INT DEFAULT 0, ADD COLUMN iSide INT DEFAULT 0, ADD COLUMN sFor VARCHAR(200) DEFAULT NULL"
+    ", ADD COLUMN iChequeID INT DEFAULT 0, ADD COLUMN iVoidDocNum INT DEFAULT 0, ADD COLUMN iVoidFiscalYear INT DEFAULT 0"
+    ", ADD COLUMN dateCreate DATETIME DEFAULT NULL, ADD KEY cheque (iChequeID), ADD KEY date (date), ADD KEY document (iDocNum,iFiscalYear)",
+    "UPDATE Receipts SET iFor=IF(iPaymentID>0,2,1) WHERE iTable=69 AND iFor=0",
+    "CREATE TABLE IF NOT EXISTS Cheques (iID INT NOT NULL AUTO_INCREMENT, iKind INT DEFAULT 0, iState INT DEFAULT 0"
+    ", sSayad VARCHAR(16) COLLATE utf8_bin NOT NULL DEFAULT '', sNumber VARCHAR(30) DEFAULT NULL, sBank VARCHAR(100) DEFAULT NULL"
+    ", sBranch VARCHAR(100) DEFAULT NULL, sBranchCode VARCHAR(20) DEFAULT NULL, dAmount DOUBLE DEFAULT 0"
+    ", dateDue DATETIME DEFAULT NULL, sDrawer VARCHAR(200) DEFAULT NULL, iPersonID INT DEFAULT 0, iAccount INT DEFAULT 0"
+    ", iEndorsedID INT DEFAULT 0, iTable INT DEFAULT 0, iRecordID INT DEFAULT 0, sFor VARCHAR(200) DEFAULT NULL"
+    ", sDesc VARCHAR(500) DEFAULT NULL, iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL"
+    ", KEY sayad (sSayad), KEY due (iKind,iState,dateDue), KEY person (iPersonID), KEY record (iTable,iRecordID)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS ChequeChanges (iID INT NOT NULL AUTO_INCREMENT, iChequeID INT NOT NULL, iFromState INT DEFAULT 0"
+    ", iToState INT DEFAULT 0, date DATETIME DEFAULT NULL, iAccount INT DEFAULT 0, iPersonID INT DEFAULT 0, sDesc VARCHAR(500) DEFAULT NULL"
+    ", iDocNum INT DEFAULT 0, iFiscalYear INT DEFAULT 0, iUserID INT DEFAULT 0, iStatus INT DEFAULT 0, iVoidUserID INT DEFAULT 0"
+    ", dateVoid DATETIME DEFAULT NULL, sVoidReason VARCHAR(250) DEFAULT NULL, iVoidDocNum INT DEFAULT 0, iVoidFiscalYear INT DEFAULT 0"
+    ", KEY cheque (iChequeID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS FollowUps (iID INT NOT NULL AUTO_INCREMENT, iTable INT DEFAULT 0, iRecordID INT DEFAULT 0"
+    ", iPaymentID INT DEFAULT 0, date DATETIME DEFAULT NULL, sNote VARCHAR(500) DEFAULT NULL, datePromised DATETIME DEFAULT NULL"
+    ", iUserID INT DEFAULT 0, KEY record (iTable,iRecordID,iPaymentID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "INSERT IGNORE INTO HesabKol(iCode,sName) VALUES(1104,'اسناد دریافتنی'),(2102,'اسناد پرداختنی'),"
+    "(2106,'حساب‌های واسط'),(4103,'فروش خودرو')",
+    "INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(110401,'چک‌های دریافتی نزد صندوق',1104),"
+    "(110402,'چک‌های در جریان وصول',1104),(210201,'چک‌های پرداختی',2102),(210601,'واسط فروش اقساطی خودرو',2106),"
+    "(410203,'درآمد بهره اقساط',4102),(410204,'درآمد جریمه دیرکرد',4102),(410301,'فروش خودرو',4103)",
+    "INSERT IGNORE INTO Properties(sSection,sKey,sValue) SELECT 'AutomobilContracts','bPostPlan',"
+    "IF(EXISTS(SELECT 1 FROM Documents) OR EXISTS(SELECT 1 FROM Persons),'0','1')",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -198,6 +231,7 @@ constexpr Step steps[] = {
     {10, balanceKeys},
     {11, severalDesks},
     {12, receiptsFor},
+    {13, treasury},
 };
 
 const QString schemaSection = u"Schema"_s;

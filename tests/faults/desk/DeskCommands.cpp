@@ -12,7 +12,7 @@
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/reports/income/ComprehensiveReport.h"
 #include "auto/settings/ContractSettings.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -276,11 +276,12 @@ Then onListed(Desk &desk, const Words &words, QStringView command)
 
 Then receive(Desk &desk, const Words &words)
 {
-    desk.setValue(CTblReceipts::receive({.personID = number(words, 1),
-                                         .amount = static_cast<double>(number(words, 2)),
-                                         .desc = words.value(3),
-                                         .date = GetDBSetting()->GetDBServerDate(),
-                                         .moeen = Accounts::cash}));
+    desk.setValue(ReceiptPosting::save({.personID = number(words, 1),
+                                        .date = GetDBSetting()->GetDBServerDate(),
+                                        .account = Accounts::cash,
+                                        .parts = {{static_cast<double>(number(words, 2)), words.value(3)}}})
+                      .constFirst()
+                      .docNum);
     return Then::AnswerDone;
 }
 

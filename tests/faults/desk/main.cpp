@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
 #include "host/start/OfficeServer.h"
-#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -30,6 +31,7 @@ int main(int argc, char **argv)
     folder.create();
     setSettingsFile(folder.settingsFile());
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
+    ContractReceiptOwner::enter();
     const KWaitNotice waits;
     g_pDlgWarning->answerAll(true);
     if (!OfficeServer::connect(options, nullptr)) {

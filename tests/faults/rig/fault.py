@@ -15,7 +15,7 @@ import traceback
 from lib.processes import Processes
 
 from . import CLERK
-from .books import check as check_books
+from lib.sound_books import check as check_books
 from .cluster import Cluster
 from .desk import Desk, options
 from .server import OFFICE, Server

@@ -114,7 +114,7 @@ void TestCDlgDocuments::columnsTellTheDocument()
     QCOMPARE(page.list()->cellText(1, u"description"), u"مبایعه نامه ش :2"_s);
     QCOMPARE(page.list()->cellText(1, u"amount"), u"2,500,000"_s);
     QCOMPARE(page.list()->cellText(1, u"user"), u"admin"_s);
-    QCOMPARE(page.list()->cellText(0, u"kind"), u"دریافت نقدی"_s);
+    QCOMPARE(page.list()->cellText(0, u"kind"), u"دریافت"_s);
 }
 
 void TestCDlgDocuments::rowsOfTheSelectedDocumentAreShown()
@@ -270,7 +270,7 @@ void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("owner");
-    QTest::newRow("receipt") << 0 << u"دریافت نقدی"_s;
+    QTest::newRow("receipt") << 0 << u"دریافت"_s;
     QTest::newRow("contract") << 1 << u"قرارداد"_s;
 }
 
@@ -295,7 +295,7 @@ void TestCDlgDocuments::voidDocumentSaysSo()
     CTblDocuments::VoidDoc(2, 1405);
     CDlgDocuments page;
     page.open();
-    QCOMPARE(page.list()->cellText(0, u"kind"), u"دریافت نقدی (باطل)"_s);
+    QCOMPARE(page.list()->cellText(0, u"kind"), u"دریافت (باطل)"_s);
     QCOMPARE(page.rowsList()->count(), 0);
 }
 

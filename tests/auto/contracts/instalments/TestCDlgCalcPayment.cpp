@@ -6,7 +6,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -70,8 +70,12 @@ class TestCDlgCalcPayment : public QObject
     // As another desk receives the plan's second instalment.
     int receiveElsewhere(int payment) const
     {
-        return CTblReceipts::receive({m_person, 112, u"a"_s, GetDBSetting()->GetDBServerDate(), 110101,
-                                      InstalmentReceiving::purpose(m_contract, payment, 2)});
+        return ReceiptPosting::save({.personID = m_person,
+                                     .date = GetDBSetting()->GetDBServerDate(),
+                                     .account = 110101,
+                                     .parts = {{112, u"a"_s, InstalmentReceiving::purpose(m_contract, payment, 2)}}})
+            .constFirst()
+            .docNum;
     }
 
 private Q_SLOTS:

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/document/ContractSaving.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "tests/office/TestOffice.h"
 
@@ -45,6 +45,11 @@ struct PostedContract
     // Into the cash; the number of its document.
     static int receive(int person, double amount, const QString &text, const ReceiptPurpose &purpose = {})
     {
-        return CTblReceipts::receive({person, amount, text, GetDBSetting()->GetDBServerDate(), 110101, purpose});
+        return ReceiptPosting::save({.personID = person,
+                                     .date = GetDBSetting()->GetDBServerDate(),
+                                     .account = 110101,
+                                     .parts = {{amount, text, purpose}}})
+            .constFirst()
+            .docNum;
     }
 };

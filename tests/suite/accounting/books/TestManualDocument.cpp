@@ -302,7 +302,7 @@ void TestManualDocument::documentsOfTheProgramRefuse_data()
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("word");
     QTest::newRow("contract") << int(Accounts::documentKindContract) << u"«قرارداد»"_s;
-    QTest::newRow("receipt") << int(Accounts::documentKindReceipt) << u"«دریافت نقدی»"_s;
+    QTest::newRow("receipt") << int(Accounts::documentKindReceipt) << u"«دریافت‌ها و پرداخت‌ها»"_s;
     QTest::newRow("sale") << int(Accounts::documentKindSale) << u"«فاکتور فروش»"_s;
     QTest::newRow("purchase") << int(Accounts::documentKindPurchase) << u"«فاکتور خرید»"_s;
     QTest::newRow("another program's") << 55 << u"برنامه"_s;

@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/books/CDlgCashFromPerson.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -278,20 +279,23 @@ void TestCDlgCashFromPerson::withoutTheRightNoWindowOpens()
 
 void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused_data()
 {
-    QTest::addColumn<CTblReceipts::Receipt>("receipt");
+    QTest::addColumn<ReceiptPosting::Handover>("receipt");
     const QDateTime today(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC);
-    const CTblReceipts::Receipt good{1, 100, u"شرح"_s, today, Accounts::cash};
-    auto row = [&good](const char *name, const std::function<void(CTblReceipts::Receipt &)> &spoil) {
-        CTblReceipts::Receipt receipt = good;
+    const ReceiptPosting::Handover good{.personID = m_person, .date = today, .account = Accounts::cash, .parts = {{100, u"شرح"_s}}};
+    auto row = [&good](const char *name, const std::function<void(ReceiptPosting::Handover &)> &spoil) {
+        ReceiptPosting::Handover receipt = good;
         spoil(receipt);
         QTest::newRow(name) << receipt;
     };
     row("no person", [](auto &receipt) { receipt.personID = 0; });
-    row("amount zero", [](auto &receipt) { receipt.amount = 0; });
-    row("amount within 0.0001 of zero", [](auto &receipt) { receipt.amount = 0.00005; });
-    row("negative amount", [](auto &receipt) { receipt.amount = -5; });
-    row("no account", [](auto &receipt) { receipt.moeen = 0; });
-    row("account outside the chart", [](auto &receipt) { receipt.moeen = 999999; });
+    row("person who is gone", [](auto &receipt) { receipt.personID = 999999; });
+    row("nothing to receive", [](auto &receipt) { receipt.parts.clear(); });
+    row("for a record that nobody owns", [](auto &receipt) { receipt.parts[0].purpose.recordKind = 77; });
+    row("amount zero", [](auto &receipt) { receipt.parts[0].amount = 0; });
+    row("amount within 0.0001 of zero", [](auto &receipt) { receipt.parts[0].amount = 0.00005; });
+    row("negative amount", [](auto &receipt) { receipt.parts[0].amount = -5; });
+    row("no account", [](auto &receipt) { receipt.account = 0; });
+    row("account outside the chart", [](auto &receipt) { receipt.account = 999999; });
     row("no date", [](auto &receipt) { receipt.date = QDateTime(); });
     row("before the books opened", [](auto &receipt) { receipt.date = receipt.date.addYears(-40); });
     row("after the fiscal year", [](auto &receipt) { receipt.date = receipt.date.addYears(90); });
@@ -299,8 +303,8 @@ void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused_data()
 
 void TestCDlgCashFromPerson::receiptThatMayNotBeIsRefused()
 {
-    QFETCH(CTblReceipts::Receipt, receipt);
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblReceipts::receive(receipt));
+    QFETCH(ReceiptPosting::Handover, receipt);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, ReceiptPosting::save(receipt));
     QCOMPARE(value("SELECT (SELECT COUNT(*) FROM Receipts)+(SELECT COUNT(*) FROM Documents)+(SELECT COUNT(*) FROM Docs)"),
              u"0"_s);
 }
@@ -311,8 +315,10 @@ void TestCDlgCashFromPerson::failedReceiptLeavesNoDocument()
     m_office.database.run(u"RENAME TABLE Receipts TO ReceiptsAway"_s);
     bool failed = false;
     try {
-        CTblReceipts::receive(
-            {m_person, 100, QString(), QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC), Accounts::cash});
+        ReceiptPosting::save({.personID = m_person,
+                              .date = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC),
+                              .account = Accounts::cash,
+                              .parts = {{100, QString()}}});
     } catch (const CMySQLException &) {
         failed = true;
     }

@@ -9,7 +9,12 @@ CONTRACT = 69
 CAR = 68
 CONTRACT_DOCUMENT = 28
 RECEIPT_DOCUMENT = 3
+PAYMENT_DOCUMENT = 4
 PERSONS_ACCOUNT = 110301
+CHEQUES_IN_HAND = 110401
+CHEQUES_DEPOSITED = 110402
+CHEQUES_PAYABLE = 210201
+CAR_SALE_CLEARING = 210601
 
 # A row that was begun and never saved has no document, and may be there until somebody removes it.
 _BEGUN = ("EXISTS(SELECT 1 FROM Placeholders p WHERE p.sTable='{table}' AND p.iRecordID={alias}.iID)")
@@ -18,13 +23,32 @@ _CONTRACT_BEGUN = _BEGUN.format(table="AutomobilContracts", alias="c")
 _OWNERS = {CONTRACT: "AutomobilContracts", CAR: "AutomobilInformations"}
 
 
-def _charged(person, tax, duty, discount):
+# What an instalment sale owes beside its commission, once the books hold it: the price, and the interest of its plan.
+_POSTED = (f"EXISTS(SELECT 1 FROM Docs s WHERE s.iDocNum=c.iDocNum AND s.iFiscalYear=c.iFiscalYear "
+           f"AND s.iHesabMoeenCode={CAR_SALE_CLEARING})")
+_PRICE = f"IF({_POSTED},c.dAmount,0)"
+_INTEREST = f"IF({_POSTED},(SELECT IFNULL(SUM(i.dExtra),0) FROM AutomobilPayments i WHERE i.iAutomobilContractID=c.iID),0)"
+
+
+def _charged(person, tax, duty, discount, debt="0", credit="0"):
     """Where the rows of a person do not say what the contract says."""
     return (f"SELECT c.iID, {tax}, SUM(d.dBed) AS bed, SUM(d.dBes) AS bes FROM AutomobilContracts c "
             f"JOIN Docs d ON d.iDocNum=c.iDocNum AND d.iFiscalYear=c.iFiscalYear AND d.iPersonID=c.{person} "
             f"AND d.iHesabMoeenCode={PERSONS_ACCOUNT} "
             f"WHERE c.{person}<>0 AND c.iPersonFirstID<>c.iPersonSecondID GROUP BY c.iID "
-            f"HAVING ABS(bed-MAX(c.dCommission+c.{tax}+c.{duty}))>=0.0001 OR ABS(bes-MAX(c.{discount}))>=0.0001")
+            f"HAVING ABS(bed-MAX(c.dCommission+c.{tax}+c.{duty}+{debt}))>=0.01 OR ABS(bes-MAX(c.{discount}+{credit}))>=0.01")
+
+
+def _register(account, kind, state, side):
+    """Where an account of cheques is not the sum of the cheques that stand on it."""
+    return (f"SELECT books, register FROM (SELECT IFNULL((SELECT SUM({side}) FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum "
+            f"AND h.iFiscalYear=d.iFiscalYear WHERE h.iStatus=0 AND d.iHesabMoeenCode={account}),0) AS books, "
+            f"IFNULL((SELECT SUM(dAmount) FROM Cheques WHERE iKind={kind} AND iState={state}),0) AS register) AS sums "
+            f"WHERE ABS(books-register)>=0.01")
+
+
+# What counts as received for a row: valid receipts less valid payments.
+_SIGNED = "IF(r.iKind=0,r.dAmount,-r.dAmount)"
 
 
 CHECKS = [
@@ -44,21 +68,49 @@ CHECKS = [
      f"SELECT h.iNum, h.iFiscalYear FROM Documents h LEFT JOIN AutomobilContracts c ON c.iDocNum=h.iNum "
      f"AND c.iFiscalYear=h.iFiscalYear WHERE h.iKind={CONTRACT_DOCUMENT} AND c.iID IS NULL"),
     ("contract and document disagree about the first party",
-     _charged("iPersonFirstID", "dTax", "dImposition", "dDiscountFirst")),
+     _charged("iPersonFirstID", "dTax", "dImposition", "dDiscountFirst", credit=_PRICE)),
     ("contract and document disagree about the second party",
-     _charged("iPersonSecondID", "dTax2", "dImposition2", "dDiscountSecond")),
+     _charged("iPersonSecondID", "dTax2", "dImposition2", "dDiscountSecond", debt=f"{_PRICE}+{_INTEREST}")),
     ("contract and document disagree about the day",
      "SELECT c.iID, c.dateContract, h.date FROM AutomobilContracts c JOIN Documents h ON h.iNum=c.iDocNum "
      "AND h.iFiscalYear=c.iFiscalYear WHERE DATE(c.dateContract)<>DATE(h.date)"),
     ("a receipt has no document",
-     f"SELECT r.iID, r.iDocNum FROM Receipts r LEFT JOIN Documents h ON h.iNum=r.iDocNum "
-     f"AND h.iFiscalYear=r.iFiscalYear AND h.iKind={RECEIPT_DOCUMENT} WHERE h.iID IS NULL"),
+     f"SELECT r.iID, r.iDocNum FROM Receipts r LEFT JOIN Documents h ON h.iNum=r.iDocNum AND h.iFiscalYear=r.iFiscalYear "
+     f"AND h.iKind=IF(r.iKind=0,{RECEIPT_DOCUMENT},{PAYMENT_DOCUMENT}) WHERE h.iID IS NULL"),
     ("a receipt's document has no receipt",
      f"SELECT h.iNum FROM Documents h LEFT JOIN Receipts r ON r.iDocNum=h.iNum AND r.iFiscalYear=h.iFiscalYear "
-     f"WHERE h.iKind={RECEIPT_DOCUMENT} AND r.iID IS NULL"),
-    ("a receipt and its document differ in the amount",
-     "SELECT r.iID, r.dAmount, SUM(d.dBed) AS bed FROM Receipts r JOIN Docs d ON d.iDocNum=r.iDocNum "
-     "AND d.iFiscalYear=r.iFiscalYear GROUP BY r.iID HAVING ABS(MAX(r.dAmount)-bed)>=0.0001"),
+     f"WHERE h.iKind IN ({RECEIPT_DOCUMENT},{PAYMENT_DOCUMENT}) AND r.iID IS NULL"),
+    ("a receipt and its document differ",
+     f"SELECT r.iID, r.dAmount, SUM(d.dBes-d.dBed) AS credited FROM Receipts r JOIN Docs d ON d.iDocNum=r.iDocNum "
+     f"AND d.iFiscalYear=r.iFiscalYear AND d.iPersonID=r.iPersonID AND d.iHesabMoeenCode={PERSONS_ACCOUNT} "
+     f"WHERE r.iStatus<>1 GROUP BY r.iID HAVING ABS(MAX({_SIGNED})-credited)>=0.0001"),
+    ("a receipt that stands has an empty document",
+     "SELECT r.iID FROM Receipts r WHERE r.iStatus<>1 AND NOT EXISTS(SELECT 1 FROM Docs d WHERE d.iDocNum=r.iDocNum "
+     "AND d.iFiscalYear=r.iFiscalYear)"),
+    ("a void receipt has not been taken back",
+     "SELECT r.iID FROM Receipts r JOIN Documents h ON h.iNum=r.iDocNum AND h.iFiscalYear=r.iFiscalYear WHERE r.iStatus=1 "
+     "AND (r.iVoidUserID=0 OR IFNULL(r.sVoidReason,'')='' OR IF(r.iVoidDocNum=0, h.iStatus<>1 OR EXISTS(SELECT 1 FROM Docs d "
+     "WHERE d.iDocNum=r.iDocNum AND d.iFiscalYear=r.iFiscalYear), NOT EXISTS(SELECT 1 FROM Docs d WHERE d.iDocNum=r.iVoidDocNum "
+     "AND d.iFiscalYear=r.iVoidFiscalYear)))"),
+    ("an instalment's state is not what was received for it",
+     f"SELECT p.iID, p.iStatus, p.dAmount, SUM(IF(r.iStatus=0,{_SIGNED},0)) AS got FROM AutomobilPayments p JOIN Receipts r "
+     f"ON r.iTable={CONTRACT} AND r.iRecordID=p.iAutomobilContractID AND r.iPaymentID=p.iID GROUP BY p.iID "
+     "HAVING p.iStatus<>(got>=p.dAmount-100) AND ABS(got-p.dAmount)>=100 OR p.iStatus=1 AND got<=0"),
+    ("a cheque and its receipts differ in the sum",
+     "SELECT q.iID, q.dAmount, SUM(r.dAmount) AS got FROM Cheques q LEFT JOIN Receipts r ON r.iChequeID=q.iID AND r.iKind=q.iKind "
+     "GROUP BY q.iID HAVING got IS NULL OR ABS(q.dAmount-got)>=0.0001"),
+    ("a cheque is not in the state that its changes led to",
+     "SELECT q.iID, q.iState FROM Cheques q LEFT JOIN ChequeChanges g ON g.iID=(SELECT MAX(l.iID) FROM ChequeChanges l "
+     "WHERE l.iChequeID=q.iID AND l.iStatus=0) WHERE q.iState<>IFNULL(g.iToState,0) AND NOT (q.iState=6 AND g.iID IS NULL)"),
+    ("a receipt counts though its cheque does not, or the other way round",
+     "SELECT r.iID, r.iStatus, q.iState FROM Receipts r JOIN Cheques q ON q.iID=r.iChequeID "
+     "WHERE r.iStatus<>CASE WHEN q.iState IN (3,4) THEN 2 WHEN q.iState=6 THEN 1 ELSE 0 END"),
+    ("a change of a cheque has no document",
+     "SELECT g.iID FROM ChequeChanges g LEFT JOIN Documents h ON h.iNum=g.iDocNum AND h.iFiscalYear=g.iFiscalYear "
+     "WHERE g.iDocNum<>0 AND h.iID IS NULL"),
+    ("cheques in hand and their account differ", _register(CHEQUES_IN_HAND, 0, 0, "d.dBed-d.dBes")),
+    ("deposited cheques and their account differ", _register(CHEQUES_DEPOSITED, 0, 1, "d.dBed-d.dBes")),
+    ("cheques payable and their account differ", _register(CHEQUES_PAYABLE, 1, 0, "d.dBes-d.dBed")),
     ("an instalment has no contract",
      "SELECT p.iID FROM AutomobilPayments p LEFT JOIN AutomobilContracts c ON c.iID=p.iAutomobilContractID "
      "WHERE c.iID IS NULL"),

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/books/CDlgCashFromPerson.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
 
 #include "suite/db/KLookup.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
-#include "suite/accounting/books/CTblReceipts.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/AmountWords.h"
@@ -122,12 +122,14 @@ bool CDlgCashFromPerson::OnOK()
     if (!m_date->dateTime().isValid())
         return refuse(u"لطفا تاریخ را وارد نمایید."_s, m_date);
     try {
-        m_docNum = CTblReceipts::receive({.personID = m_personID,
-                                          .amount = m_amount->number(),
-                                          .desc = m_desc->text(),
-                                          .date = m_date->dateTime(),
-                                          .moeen = m_account->currentData().toInt(),
-                                          .purpose = m_purpose});
+        const int account = m_account->currentData().toInt();
+        m_docNum = ReceiptPosting::save({.personID = m_personID,
+                                         .date = m_date->dateTime(),
+                                         .method = Accounts::kolOf(account) == Accounts::cashKol ? CTblReceipts::cash : CTblReceipts::bank,
+                                         .account = account,
+                                         .parts = {{m_amount->number(), m_desc->text(), m_purpose}}})
+                       .constFirst()
+                       .docNum;
     } catch (const KAccountingError &error) {
         return refuse(error.userMessage(), m_date);
     }

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "suite/accounting/TzAccountingExport.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
+#include "suite/treasury/TzTreasuryExport.h"
 #include "suite/utility/frame/KDialog.h"
 
 class AmountWords;
@@ -14,7 +14,7 @@ class KEdit;
 class QComboBox;
 
 // Receives an amount from one person into a cash or bank account ("دریافت نقدی").
-class TZACCOUNTING_EXPORT CDlgCashFromPerson : public KDialog
+class TZTREASURY_EXPORT CDlgCashFromPerson : public KDialog
 {
     Q_OBJECT
 

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/treasury/ChequeEntry.h"
+
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/NamedLock.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KLookup.h"
+#include "suite/treasury/ChequeStates.h"
+#include "suite/treasury/SayadNumber.h"
+#include "suite/utility/values/ShamsiDate.h"
+#include "suite/utility/values/TextStandard.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void requireNew(const CTblCheques &entry, const QString &sayad)
+{
+    NamedLock::take(u"Cheques"_s, entry.database());
+    CTblTemp query(entry.database());
+    query.Open(false, false, true);
+    query.ExecuteQuery(KSql::formatted("SELECT iPersonID,dateDue FROM Cheques WHERE sSayad=%1 AND iState NOT IN (%2,%3) FOR UPDATE",
+                                       KSql::quoted(sayad), int(ChequeState::Returned), int(ChequeState::Void)));
+    if (query.HasResultRow())
+        throw FieldRefused(u"چکی با این شناسه صیادی ثبت شده است: %1، سررسید %2."_s.arg(
+                               KLookup::name<CTblCheques>(u"iPersonID", query.GetLongFieldValue(0), entry.database()), shamsiText(query.GetDateFieldValue(1).date())),
+                           u"sSayad"_s);
+}
+
+}
+
+void ChequeEntry::requireComplete(const Cheque &cheque)
+{
+    if (const QString problem = SayadNumber::problem(cheque.sayad); !problem.isEmpty())
+        throw FieldRefused(problem, u"sSayad"_s);
+    if (ConvertToStandard(cheque.bank).isEmpty())
+        throw FieldRefused(u"لطفا نام بانک چک را وارد نمایید."_s, u"sBank"_s);
+    if (!cheque.due.isValid())
+        throw FieldRefused(u"لطفا تاریخ سررسید چک را وارد نمایید."_s, u"dateDue"_s);
+}
+
+void ChequeEntry::add(CTblCheques &entry, const Cheque &cheque)
+{
+    requireComplete(cheque);
+    const QString sayad = SayadNumber::normalized(cheque.sayad);
+    requireNew(entry, sayad);
+    entry.m_iState = static_cast<int>(ChequeState::InHand);
+    entry.m_sSayad = sayad;
+    entry.m_sNumber = toAsciiDigits(cheque.number).trimmed();
+    entry.m_sBank = ConvertToStandard(cheque.bank);
+    entry.m_sBranch = ConvertToStandard(cheque.branch);
+    entry.m_sBranchCode = toAsciiDigits(cheque.branchCode).trimmed();
+    entry.m_dateDue = cheque.due;
+    entry.m_sDrawer = ConvertToStandard(cheque.drawer);
+    entry.m_iUserID = GetDBSetting()->GetUserID();
+    entry.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    entry.Update(true);
+    entry.m_iID = static_cast<qint32>(entry.GetLastInsertedID());
+}

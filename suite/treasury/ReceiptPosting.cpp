@@ -1,0 +1,299 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/treasury/ReceiptPosting.h"
+
+#include "suite/accounting/books/DocumentReversal.h"
+#include "suite/accounting/books/DocumentWriter.h"
+#include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KLookup.h"
+#include "suite/db/KTransaction.h"
+#include "suite/treasury/ChequeEntry.h"
+#include "suite/treasury/ChequeStates.h"
+#include "suite/treasury/ReceiptDocumentRows.h"
+#include "suite/treasury/ReceiptOwners.h"
+#include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
+#include "suite/utility/values/TextStandard.h"
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using ReceiptPosting::Handover;
+using ReceiptPosting::Part;
+using ReceiptPosting::Posted;
+
+// Always in the same order, so that two units never wait for each other.
+using Records = std::map<std::pair<int, int>, const ReceiptOwner *>;
+
+const ReceiptOwner &requireOwner(int recordKind)
+{
+    if (const ReceiptOwner *owner = ReceiptOwners::of(recordKind))
+        return *owner;
+    throw KAccountingError(u"بخشی از برنامه که این دریافت یا پرداخت به آن تعلق دارد بارگذاری نشده است. چیزی ثبت نشد."_s);
+}
+
+void addRecord(Records &records, int kind, int id)
+{
+    if (kind != 0)
+        records.insert({{kind, id}, &requireOwner(kind)});
+}
+
+void lockAll(const Records &records, bool mustExist)
+{
+    for (const auto &[record, owner] : records)
+        owner->lock(record.second, mustExist);
+}
+
+void recount(const Records &records, const CTblReceipts &receipt)
+{
+    if (const auto found = records.find({receipt.m_iTable, receipt.m_iRecordID}); found != records.end())
+        found->second->recount(receipt);
+}
+
+void requireRight(KSecurity::Right right)
+{
+    const QString form = u"Receipts"_s;
+    KSecurity::forgetRights();
+    if (!KSecurity::IsGranted(form, right))
+        throw KAccountingError(KSecurity::refusalText(form, right));
+}
+
+bool byCheque(const Handover &handover)
+{
+    return handover.method == CTblReceipts::cheque;
+}
+
+void requireSavable(const Handover &handover, int database)
+{
+    if (handover.personID < 1)
+        throw FieldRefused(u"لطفا شخص را انتخاب نمایید."_s, u"iPersonID"_s);
+    if (handover.parts.isEmpty())
+        throw FieldRefused(u"لطفا مبلغ را وارد نمایید."_s, u"dAmount"_s);
+    for (const Part &part : handover.parts) {
+        if (part.amount <= 0 || IsEquals(part.amount, 0))
+            throw FieldRefused(u"لطفا مبلغ را وارد نمایید."_s, u"dAmount"_s);
+    }
+    if (byCheque(handover))
+        ChequeEntry::requireComplete(handover.cheque.value_or(Cheque()));
+    else if (handover.account < 1)
+        throw FieldRefused(u"لطفا حساب صندوق یا بانک را انتخاب نمایید."_s, u"iAccount"_s);
+    if (!handover.date.isValid())
+        throw FieldRefused(u"لطفا تاریخ را وارد نمایید."_s, u"date"_s);
+    const QString refusal =
+        OfficeSettings::read({}, database).fiscalYearRefusal(handover.date.date(), CTblReceipts::kindName(handover.kind));
+    if (!refusal.isEmpty())
+        throw FieldRefused(refusal, u"date"_s);
+}
+
+// Locked, so that neither goes before the unit ends.
+void requirePersonAndAccount(const Handover &handover, int database)
+{
+    CTblTemp query(database);
+    query.Open(false, false, true);
+    query.FormatAndExecuteQuery("SELECT iID FROM Persons WHERE iID=%d LOCK IN SHARE MODE", handover.personID);
+    if (!query.HasResultRow())
+        throw FieldRefused(u"این شخص دیگر وجود ندارد."_s, u"iPersonID"_s);
+    if (byCheque(handover))
+        return;
+    query.FormatAndExecuteQuery("SELECT iStatus,sName FROM HesabMoeen WHERE iCode=%d LOCK IN SHARE MODE", handover.account);
+    if (!query.HasResultRow())
+        throw FieldRefused(u"لطفا حساب صندوق یا بانک را انتخاب نمایید."_s, u"iAccount"_s);
+    if (query.GetLongFieldValue(0) != 0)
+        throw FieldRefused(u"حساب «%1» غیرفعال شده است."_s.arg(query.GetTextFieldValue(1)), u"iAccount"_s);
+}
+
+int addCheque(const Handover &handover, int database)
+{
+    CTblCheques entry(database);
+    entry.AddNew();
+    entry.m_iKind = handover.kind;
+    entry.m_iPersonID = handover.personID;
+    for (const Part &part : handover.parts)
+        entry.m_dAmount += part.amount;
+    const Part &first = handover.parts.constFirst();
+    entry.m_iTable = first.purpose.recordKind;
+    entry.m_iRecordID = first.purpose.recordID;
+    entry.m_sFor = first.purpose.text;
+    entry.m_sDesc = first.desc;
+    ChequeEntry::add(entry, *handover.cheque);
+    return entry.m_iID;
+}
+
+int moneyAccount(const Handover &handover)
+{
+    if (!byCheque(handover))
+        return handover.account;
+    return handover.kind == CTblReceipts::paid ? Accounts::chequesPayable : Accounts::chequesInHand;
+}
+
+void writeDocument(CTblReceipts &receipt, const Handover &handover)
+{
+    DocumentWriter document({receipt.m_date, receipt.m_sDesc,
+                             receiptDocumentRows({handover.kind == CTblReceipts::paid, receipt.m_iPersonID, receipt.m_dAmount,
+                                                  moneyAccount(handover), receipt.m_sDesc})},
+                            receipt.database());
+    const int kind = handover.kind == CTblReceipts::paid ? Accounts::documentKindPayment : Accounts::documentKindReceipt;
+    if (!document.add(kind, GetDBSetting()->FiscalYear()))
+        throw KAccountingError(u"سند %1 ایجاد نشد."_s.arg(CTblReceipts::kindName(handover.kind)));
+    document.writeRows();
+    receipt.m_iDocNum = document.num();
+    receipt.m_iFiscalYear = document.fiscalYear();
+}
+
+void addReceipt(CTblReceipts &receipt, const Handover &handover, const Part &part, int chequeID)
+{
+    receipt.AddNew();
+    receipt.m_iKind = handover.kind;
+    receipt.m_iPersonID = handover.personID;
+    receipt.m_date = handover.date;
+    receipt.m_dAmount = part.amount;
+    receipt.m_sDesc = ConvertToStandard(part.desc).left(CTblReceipts::longestDescription);
+    receipt.m_iUserID = GetDBSetting()->GetUserID();
+    receipt.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    receipt.m_iMethod = handover.method;
+    receipt.m_iAccount = byCheque(handover) ? 0 : handover.account;
+    receipt.m_iChequeID = chequeID;
+    receipt.m_iTable = part.purpose.recordKind;
+    receipt.m_iRecordID = part.purpose.recordID;
+    receipt.m_iPaymentID = part.purpose.paymentID;
+    receipt.m_iFor = part.purpose.what;
+    receipt.m_iSide = part.purpose.side;
+    receipt.m_sFor = part.purpose.text.left(CTblReceipts::longestPurpose);
+    writeDocument(receipt, handover);
+    receipt.Update(true);
+    receipt.m_iID = static_cast<qint32>(receipt.GetLastInsertedID());
+}
+
+QList<Posted> saveUnit(const Handover &handover, int database)
+{
+    OfficeClosing::requireOpen(database);
+    Records records;
+    for (const Part &part : handover.parts)
+        addRecord(records, part.purpose.recordKind, part.purpose.recordID);
+    lockAll(records, true);
+    for (const Part &part : handover.parts) {
+        if (part.purpose.require)
+            part.purpose.require();
+    }
+    requirePersonAndAccount(handover, database);
+    const int chequeID = byCheque(handover) ? addCheque(handover, database) : 0;
+    QList<Posted> posted;
+    for (const Part &part : handover.parts) {
+        CTblReceipts receipt(database);
+        addReceipt(receipt, handover, part, chequeID);
+        recount(records, receipt);
+        posted.append({receipt.m_iID, receipt.m_iDocNum, receipt.m_iFiscalYear, chequeID});
+    }
+    return posted;
+}
+
+// What came with the same cheque, all of it at once.
+QList<int> togetherWith(const CTblReceipts &asked)
+{
+    if (asked.m_iChequeID == 0)
+        return {asked.m_iID};
+    CTblReceipts set(asked.database());
+    set.SetColumns({u"iChequeID"_s});
+    set.m_filter = KSql::formatted("iChequeID=%1", asked.m_iChequeID);
+    set.m_sort = "iID";
+    QList<int> keys;
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        keys.append(set.m_iID);
+    return keys;
+}
+
+void requireVoidable(CTblReceipts &receipt, int id)
+{
+    const QString kind = CTblReceipts::kindName(receipt.m_iKind);
+    if (!receipt.lockRecord(id))
+        throw KAccountingError(u"این %1 دیگر وجود ندارد."_s.arg(kind));
+    if (receipt.m_iStatus == CTblReceipts::voided)
+        throw KAccountingError(u"این %1 را کاربر «%2» در %3 باطل کرده است."_s.arg(
+            CTblReceipts::kindName(receipt.m_iKind), CTblUsers::GetName(receipt.m_iVoidUserID, receipt.database()), shamsiText(receipt.m_dateVoid.date())));
+}
+
+void voidCheque(int chequeID, int database)
+{
+    CTblCheques cheque(database);
+    if (chequeID == 0 || !cheque.lockRecord(chequeID))
+        return;
+    const auto state = static_cast<ChequeState>(cheque.m_iState);
+    if (state == ChequeState::Void)
+        return;
+    if (state != ChequeState::InHand)
+        throw KAccountingError(u"چک %1 در وضعیت «%2» است. ابتدا گردش آن را در فهرست چک‌ها برگردانید."_s.arg(cheque.m_sSayad, ChequeStates::name(state)));
+    cheque.Edit();
+    cheque.m_iState = static_cast<qint32>(ChequeState::Void);
+    cheque.Update(true);
+}
+
+void voidOne(CTblReceipts &receipt, const QString &why)
+{
+    const QString desc = u"ابطال %1 شماره %2: %3"_s.arg(CTblReceipts::kindName(receipt.m_iKind), QString::number(receipt.m_iID), why);
+    const DocumentReversal::Reversing reversing = DocumentReversal::takeBack(receipt.m_iDocNum, receipt.m_iFiscalYear, desc, receipt.database());
+    receipt.Edit();
+    receipt.m_iStatus = CTblReceipts::voided;
+    receipt.m_iVoidUserID = GetDBSetting()->GetUserID();
+    receipt.m_dateVoid = GetDBSetting()->GetDBServerDate();
+    receipt.m_sVoidReason = why;
+    receipt.m_iVoidDocNum = reversing.num;
+    receipt.m_iVoidFiscalYear = reversing.fiscalYear;
+    receipt.Update(true);
+}
+
+void voidUnit(const CTblReceipts &asked, const QList<int> &keys, const Records &records, const QString &why)
+{
+    OfficeClosing::requireOpen(asked.database());
+    lockAll(records, false);
+    voidCheque(asked.m_iChequeID, asked.database());
+    for (const int key : keys) {
+        CTblReceipts receipt(asked.database());
+        requireVoidable(receipt, key);
+        voidOne(receipt, why);
+        recount(records, receipt);
+    }
+}
+
+}
+
+QList<ReceiptPosting::Posted> ReceiptPosting::save(const Handover &handover, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    requireRight(KSecurity::Write);
+    requireSavable(handover, database);
+    QList<Posted> posted;
+    KTransaction::runReplayable([&] { posted = saveUnit(handover, database); }, database);
+    return posted;
+}
+
+void ReceiptPosting::makeVoid(int receiptID, const QString &reason, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    requireRight(KSecurity::Delete);
+    const QString why = ConvertToStandard(reason).trimmed().left(CTblReceipts::longestReason);
+    if (why.isEmpty())
+        throw FieldRefused(u"لطفا دلیل ابطال را وارد نمایید."_s, u"sVoidReason"_s);
+    CTblReceipts asked(database);
+    if (!asked.IsRecordExist(u"iID"_s, receiptID))
+        throw KAccountingError(u"این دریافت دیگر وجود ندارد."_s);
+    // What a receipt is for, and what came with its cheque, never changes: read before the unit, whose first reading is a lock.
+    const QList<int> keys = togetherWith(asked);
+    Records records;
+    for (const int key : keys) {
+        CTblReceipts receipt(database);
+        if (receipt.IsRecordExist(u"iID"_s, key))
+            addRecord(records, receipt.m_iTable, receipt.m_iRecordID);
+    }
+    KTransaction::runReplayable([&] { voidUnit(asked, keys, records, why); }, database);
+}
