@@ -210,7 +210,7 @@ constexpr const char *treasury[] = {
     ", iPaymentID INT DEFAULT 0, date DATETIME DEFAULT NULL, sNote VARCHAR(500) DEFAULT NULL, datePromised DATETIME DEFAULT NULL"
     ", iUserID INT DEFAULT 0, KEY record (iTable,iRecordID,iPaymentID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
     "INSERT IGNORE INTO HesabKol(iCode,sName) VALUES(1104,'اسناد دریافتنی'),(2102,'اسناد پرداختنی'),"
-    "(2106,'حساب‌های واسط'),(4103,'فروش خودرو')",
+    "(2106,'واسط خرید و فروش'),(4103,'فروش خودرو')",
     "INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(110401,'چک‌های دریافتی نزد صندوق',1104),"
     "(110402,'چک‌های در جریان وصول',1104),(210201,'چک‌های پرداختی',2102),(210601,'واسط فروش اقساطی خودرو',2106),"
     "(410203,'درآمد بهره اقساط',4102),(410204,'درآمد جریمه دیرکرد',4102),(410301,'فروش خودرو',4103)",

@@ -105,6 +105,10 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
     settings.tiers = {{1000, 2000.25, 12345678901.5}, {0.5, 0.75, 1.25}, true};
     settings.demandDays = 30;
     settings.archiveDemands = true;
+    settings.levySeparate = true;
+    settings.postPlan = true;
+    settings.lateFeePercent = 0.25;
+    settings.lateFeeGrace = 5;
     settings.save();
 
     const auto stored = [this](const char *key) {
@@ -123,8 +127,12 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
     QCOMPARE(stored("iDay"), u"30"_s);
     QCOMPARE(stored("bTransactionAmount"), u"1"_s);
     QCOMPARE(stored("bDemands"), u"1"_s);
+    QCOMPARE(stored("bLevySeparate"), u"1"_s);
+    QCOMPARE(stored("bPostPlan"), u"1"_s);
+    QCOMPARE(stored("dLateFeePercent").toDouble(), 0.25);
+    QCOMPARE(stored("iLateFeeGrace"), u"5"_s);
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s),
-             u"11"_s);
+             u"15"_s);
 
     const ContractSettings read = ContractSettings::load();
     QCOMPARE(read.dutyPercent, settings.dutyPercent);
@@ -134,17 +142,22 @@ void TestContractSettings::everySettingIsWrittenUnderItsKeyAndReadBack()
     QVERIFY(read.tiers.thirdInUse);
     QVERIFY(read.archiveDemands);
     QCOMPARE(read.demandDays, 30);
+    QVERIFY(read.levySeparate);
+    QVERIFY(read.postPlan);
+    QCOMPARE(read.lateFeePercent, 0.25);
+    QCOMPARE(read.lateFeeGrace, 5);
 }
 
 void TestContractSettings::failedSaveWritesNothing()
 {
     m_database.run(u"CREATE TRIGGER refuseDays BEFORE INSERT ON Properties FOR EACH ROW "
                    "IF NEW.sKey='iDay' THEN SIGNAL SQLSTATE '45000'; END IF"_s);
+    const QString before = m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s);
     ContractSettings settings;
     settings.taxPercent = 9;
     QVERIFY_THROWS_EXCEPTION(CMySQLException, settings.save());
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s),
-             u"0"_s);
+             before);
 }
 
 void TestContractSettings::invoicesStartFromTheSameRates()

@@ -270,7 +270,7 @@ void TestCDlgDocuments::documentsOfTheProgramAreNotChangedHere_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("owner");
-    QTest::newRow("receipt") << 0 << u"دریافت"_s;
+    QTest::newRow("receipt") << 0 << u"دریافت‌ها و پرداخت‌ها"_s;
     QTest::newRow("contract") << 1 << u"قرارداد"_s;
 }
 

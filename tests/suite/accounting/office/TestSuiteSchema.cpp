@@ -28,6 +28,7 @@ private Q_SLOTS:
     void runTwiceChangesNothing();
     void stepThatStoppedHalfwayIsRunAgain();
     void officeOfAnEarlierProgramKeepsItsRows();
+    void instalmentSalesArePostedInNewOfficesAlone();
     void databaseOfANewerProgramIsRefused();
     void moduleVersionIsKeptAndNeverLowered();
     void missingVersionIsNoVersion_data();
@@ -65,7 +66,12 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("Documents", "iID,iNum,iFiscalYear,iKind,date,sDesc,iUserID,iStatus");
     row("Docs", "iID,iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes,sDesc");
     row("Receipts", "iID,iPersonID,date,dAmount,sDesc,iDocNum,iFiscalYear,iUserID,iTable,iRecordID,iPaymentID,iStatus,"
-                    "iVoidUserID,dateVoid,sVoidReason");
+                    "iVoidUserID,dateVoid,sVoidReason,iKind,iMethod,iAccount,iFor,iSide,sFor,iChequeID,iVoidDocNum,iVoidFiscalYear,dateCreate");
+    row("Cheques", "iID,iKind,iState,sSayad,sNumber,sBank,sBranch,sBranchCode,dAmount,dateDue,sDrawer,iPersonID,iAccount,iEndorsedID,"
+                   "iTable,iRecordID,sFor,sDesc,iUserID,dateCreate");
+    row("ChequeChanges", "iID,iChequeID,iFromState,iToState,date,iAccount,iPersonID,sDesc,iDocNum,iFiscalYear,iUserID,iStatus,"
+                         "iVoidUserID,dateVoid,sVoidReason,iVoidDocNum,iVoidFiscalYear");
+    row("FollowUps", "iID,iTable,iRecordID,iPaymentID,date,sNote,datePromised,iUserID");
     row("UnitTokens", "sToken,dateCreate,bRefused");
     row("Changes", "iID,sTable,iRecordID,iKind,iUserID,sComputer,date");
     row("Placeholders", "iID,sTable,iRecordID,sSession");
@@ -117,6 +123,13 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts_data()
     row(moeen, 410202, Accounts::commissionIncome, u"درآمد کمیسیون"_s);
     row(moeen, 610502, Accounts::taxExpense, u"هزینه مالیات ارزش افزوده"_s);
     row(moeen, 610503, Accounts::dutyExpense, u"هزینه عوارض"_s);
+    row(moeen, 110401, Accounts::chequesInHand, u"چک‌های دریافتی نزد صندوق"_s);
+    row(moeen, 110402, Accounts::chequesDeposited, u"چک‌های در جریان وصول"_s);
+    row(moeen, 210201, Accounts::chequesPayable, u"چک‌های پرداختی"_s);
+    row(moeen, 210601, Accounts::carSaleClearing, u"واسط فروش اقساطی خودرو"_s);
+    row(moeen, 410203, Accounts::instalmentInterest, u"درآمد بهره اقساط"_s);
+    row(moeen, 410204, Accounts::lateFeeIncome, u"درآمد جریمه دیرکرد"_s);
+    row(moeen, 410301, Accounts::carSales, u"فروش خودرو"_s);
     row(moeen, 210501, Accounts::taxPayable, u"مالیات ارزش افزوده پرداختنی"_s);
     row(moeen, 210502, Accounts::dutyPayable, u"عوارض پرداختنی"_s);
 }
@@ -136,8 +149,8 @@ void TestSuiteSchema::everyAccountStandsUnderAGeneralOne()
     SuiteSchema::upgrade();
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen m JOIN HesabKol k ON k.iCode=m.iHesabKolCode "
                               "WHERE m.iCode DIV 100=k.iCode"_s),
-             u"12"_s);
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"12"_s);
+             u"19"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"19"_s);
 }
 
 void TestSuiteSchema::balancesHaveTheirKeys()
@@ -168,7 +181,7 @@ void TestSuiteSchema::stepThatStoppedHalfwayIsRunAgain()
     m_database.run(u"DROP TABLE Receipts"_s);
     m_database.run(u"UPDATE Properties SET sValue='2' WHERE sSection='Schema' AND sKey='Suite'"_s);
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"12"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"19"_s);
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     // What the office has changed since stays.
     QCOMPARE(m_database.value(u"SELECT sName FROM HesabKol WHERE iCode=1101"_s), u"صندوق مرکزی"_s);
@@ -203,13 +216,26 @@ void TestSuiteSchema::officeOfAnEarlierProgramKeepsItsRows()
     QCOMPARE(m_database.value(rows), before);
     QVERIFY(before.contains(u"90/4101/فروش کارت"_s));
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"12"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"19"_s);
     QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE "
                               "TABLE_SCHEMA=DATABASE() AND TABLE_NAME IN ('Alarms','Services','Factors','FactorStuffs')"_s),
              u"Alarms,Factors,FactorStuffs,Services"_s);
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
                               "CONCAT(TABLE_NAME,'.',INDEX_NAME) IN ('Docs.kol','Docs.tafsily','Documents.date')"_s),
              u"3"_s);
+}
+
+// The documents of instalment sales change with the switch, so that it stands on only where nothing has been entered yet.
+void TestSuiteSchema::instalmentSalesArePostedInNewOfficesAlone()
+{
+    const QString posts = u"SELECT sValue FROM Properties WHERE sSection='AutomobilContracts' AND sKey='bPostPlan'"_s;
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(posts), u"1"_s);
+    m_database.run(u"DELETE FROM Properties WHERE sKey='bPostPlan'"_s);
+    m_database.run(u"INSERT INTO Persons(sName2) VALUES('علی رضایی')"_s);
+    m_database.run(u"UPDATE Properties SET sValue='12' WHERE sSection='Schema' AND sKey='Suite'"_s);
+    SuiteSchema::upgrade();
+    QCOMPARE(m_database.value(posts), u"0"_s);
 }
 
 void TestSuiteSchema::databaseOfANewerProgramIsRefused()
