@@ -32,6 +32,7 @@ struct TZACCOUNTING_EXPORT KListColumn
     QString emptyText = {};                                    // stands where the text would be empty
     bool isCode = false;                                       // as KListModel::Column::isCode
     bool countsRows = false;                                   // as KListModel::Column::countsRows
+    bool optional = false;                                     // as KListModel::Column::optional; while it is off, nothing is read for it
     std::function<bool(KMySQL &record)> warns = {};            // whether the cell of that record stands out; empty: it does not
 
     // The running number of the row.

@@ -308,6 +308,9 @@ void KListCommands::showRowMenu(const QPoint &place)
         else
             addAction(m_rowMenu, entry);
     }
+    // The keyboard's way to what a right click on the titles offers.
+    if (m_around.list->hasOptionalColumns())
+        addColumnMenu();
     if (!removing.empty() && !m_rowMenu->isEmpty())
         m_rowMenu->addSeparator();
     for (const Entry *entry : removing)
@@ -315,6 +318,18 @@ void KListCommands::showRowMenu(const QPoint &place)
     m_rowMenu->popup(place);
     // By the keyboard one goes on with the keyboard.
     m_rowMenu->setActiveAction(m_rowMenu->actions().constFirst());
+}
+
+void KListCommands::addColumnMenu()
+{
+    if (!m_columnMenu) {
+        m_columnMenu = new QMenu(KExtListCtrl::optionalColumnsName(), m_rowMenu);
+        m_columnMenu->setIcon(LookIcons::icon(u":/icons/table.svg"_s));
+    }
+    m_columnMenu->clear();
+    m_around.list->addOptionalColumnsTo(m_columnMenu);
+    m_rowMenu->addSeparator();
+    m_rowMenu->addMenu(m_columnMenu);
 }
 
 // With all commands in sight.

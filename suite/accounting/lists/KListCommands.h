@@ -123,6 +123,7 @@ private:
     void showEntries();
     void fillMore();
     void addAction(QMenu *menu, const Entry &entry) const;
+    void addColumnMenu();
 
     Surroundings m_around;
     QHBoxLayout *m_line;
@@ -130,6 +131,7 @@ private:
     KCommandButton *m_more = nullptr;
     QMenu *m_moreMenu = nullptr;
     QMenu *m_rowMenu = nullptr;
+    QMenu *m_columnMenu = nullptr; // in the menu of the row
     std::vector<Entry> m_entries;
     bool m_hasPlace = false; // whether the page has given it one
 };

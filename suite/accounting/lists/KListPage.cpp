@@ -52,13 +52,14 @@ void KListPage::setSelectMode(bool on, int preselectedKey)
 void KListPage::build()
 {
     m_traits = traits();
-    m_columnTable = columnTable();
+    m_columnTable = m_readTable = columnTable();
     const QVector<KListModel::Column> columns = KListRows::shown(m_columnTable, records());
     m_order = KListOrder(m_section, columns, {defaultSort(), m_traits.emptySort, defaultLastColumn()});
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(title());
     m_list->setColumns(columns);
     m_list->SetSettingName(m_traits.layoutSetting.isEmpty() ? m_section + u"\\List"_s : m_traits.layoutSetting);
+    takeShownColumns();
 
     buildFilterBox();
     auto *layout = new QVBoxLayout(this);
@@ -86,6 +87,7 @@ void KListPage::connectList()
 {
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &KListPage::updateCommands);
     connect(m_list, &KExtListCtrl::columnClicked, this, &KListPage::sortBy);
+    connect(m_list, &KExtListCtrl::shownColumnsChanged, this, &KListPage::showOtherColumns);
     connect(m_list, &KExtListCtrl::rowRightClicked, this, [this](int key) { guarded([&] { rightClicked(key); }); });
     connect(m_list, &KExtListCtrl::emptyAreaActivated, this, [this] {
         if (!m_selectMode)
@@ -97,6 +99,26 @@ void KListPage::connectList()
         else
             guarded([&] { activated(key); });
     });
+}
+
+// An optional column that is off keeps its place in the rows, empty.
+void KListPage::takeShownColumns()
+{
+    if (!m_list->hasOptionalColumns())
+        return;
+    m_records.reset(); // it fetches other columns now
+    m_readTable = m_columnTable;
+    for (int column = 0; column < m_readTable.size(); ++column) {
+        if (m_readTable.at(column).optional && !m_list->isColumnShown(column))
+            m_readTable[column] = {.key = m_columnTable.at(column).key, .title = m_columnTable.at(column).title};
+    }
+}
+
+void KListPage::showOtherColumns()
+{
+    takeShownColumns();
+    if (m_filledWith)
+        guarded([this] { fillInPlace(*m_filledWith); });
 }
 
 void KListPage::buildFilterBox()
@@ -300,12 +322,12 @@ KMySQL &KListPage::records()
 
 QStringList KListPage::fetchedColumns() const
 {
-    return KListRows::fetched(m_columnTable);
+    return KListRows::fetched(m_readTable);
 }
 
 KListModel::Row KListPage::rowOf(KMySQL &record, int number) const
 {
-    KListRows rows(m_columnTable, record);
+    KListRows rows(m_readTable, record);
     rows.add(number);
     return rows.take().constFirst();
 }
@@ -365,7 +387,7 @@ bool KListPage::hasFurtherRows(KMySQL &records)
 
 QVector<KListModel::Row> KListPage::makeRows(KMySQL &records)
 {
-    KListRows rows(m_columnTable, records);
+    KListRows rows(m_readTable, records);
     rows.reserve(records.GetRecordsCount());
     for (int number = 1; !records.IsEOF(); records.MoveNext())
         rows.add(number++).warning = isWarning(records);

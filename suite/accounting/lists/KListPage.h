@@ -133,7 +133,7 @@ protected:
 
     // --- What the base offers to it ---
     void build();
-    // The record columns that the column table reads.
+    // The record columns that the column table reads, but for the optional columns that are off.
     virtual QStringList fetchedColumns() const;
     // The row of a record besides those that are listed, with its names.
     KListModel::Row rowOf(KMySQL &record, int number) const;
@@ -166,6 +166,8 @@ protected:
 
 private:
     void connectList();
+    void takeShownColumns();
+    void showOtherColumns();
     void buildFilterBox();
     QWidget *buildCard();
     void buildCommands();
@@ -203,6 +205,7 @@ private:
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
     QList<KListColumn> m_columnTable;
+    QList<KListColumn> m_readTable; // the same, with nothing to read for the columns that are not shown
     KListPrinting m_printing;
     KExtListCtrl *m_list = nullptr;
     KListFilterBox *m_filterBox = nullptr;

@@ -86,7 +86,7 @@ QVector<KListModel::Column> KListRows::shown(const QList<KListColumn> &columns, 
     for (const KListColumn &column : columns) {
         const KMySQL::Column *value = column.show || column.cell ? nullptr : found(record, column.column);
         const bool isDate = value && value->kind == KMySQL::ColumnKind::Date;
-        shown.append({column.title, column.alignment, column.width, column.sortKey, isDate, column.isCode, column.key, column.countsRows});
+        shown.append({column.title, column.alignment, column.width, column.sortKey, isDate, column.isCode, column.key, column.countsRows, column.optional});
     }
     return shown;
 }

@@ -150,7 +150,9 @@ QVector<ListReport::ShownColumn> ListReport::shownColumns() const
 int ListReport::columnOf(const QString &title) const
 {
     for (int column = 0; column < m_columns.size(); ++column) {
-        if (m_columns.at(column).title == title)
+        // An optional column that is off has no contents: a layout that names it prints the others.
+        const bool isOff = m_columns.at(column).optional && !m_order.contains(column);
+        if (m_columns.at(column).title == title && !isOff)
             return column;
     }
     return -1;

@@ -16,6 +16,7 @@
 #include "suite/utility/lists/ColumnWidths.h"
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/lists/ListLook.h"
+#include "suite/utility/lists/OptionalColumns.h"
 #include "suite/utility/lists/RowMenuMark.h"
 
 using namespace Qt::StringLiterals;
@@ -59,6 +60,7 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     : QTreeView(parent)
     , m_model(new KListModel(this))
     , m_menuMark(new RowMenuMark(this))
+    , m_optional(new OptionalColumns(this, m_model))
 {
     setModel(m_model);
     setItemDelegate(new CellDelegate(*m_menuMark, this));
@@ -83,6 +85,23 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(saveDelayMilliseconds);
     connect(&m_saveTimer, &QTimer::timeout, this, &KExtListCtrl::saveLayout);
+    followLayout();
+    connect(m_optional, &OptionalColumns::switched, this, &KExtListCtrl::columnSwitched);
+    connect(m_menuMark, &RowMenuMark::clicked, this, &KExtListCtrl::requestRowMenu);
+    // A reset drops the selection without a word of its own.
+    connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
+    connect(m_model, &QAbstractItemModel::modelReset, m_menuMark, &RowMenuMark::rowsMoved);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, m_menuMark, &RowMenuMark::rowsMoved);
+    // Rows of a source come by and by; the first ones tell how long its figures are.
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first) {
+        if (first < tellingRows && !m_userLayout)
+            fitColumns();
+    });
+}
+
+// What the user does to widths and order is kept a little later.
+void KExtListCtrl::followLayout()
+{
     const auto layoutChanged = [this] {
         if (m_applyingLayout)
             return;
@@ -101,16 +120,6 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
             layoutChanged();
     });
     connect(header(), &QHeaderView::sectionMoved, this, layoutChanged);
-    connect(m_menuMark, &RowMenuMark::clicked, this, &KExtListCtrl::requestRowMenu);
-    // A reset drops the selection without a word of its own.
-    connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
-    connect(m_model, &QAbstractItemModel::modelReset, m_menuMark, &RowMenuMark::rowsMoved);
-    connect(m_model, &QAbstractItemModel::rowsRemoved, m_menuMark, &RowMenuMark::rowsMoved);
-    // Rows of a source come by and by; the first ones tell how long its figures are.
-    connect(m_model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first) {
-        if (first < tellingRows && !m_userLayout)
-            fitColumns();
-    });
 }
 
 KExtListCtrl::~KExtListCtrl()
@@ -125,11 +134,53 @@ void KExtListCtrl::setColumns(const QVector<KListModel::Column> &columns)
     m_userLayout = false;
     m_model->setColumns(columns);
     // Without this a column of no width would come back as narrow as the header lets one be.
-    for (int i = 0; i < columns.size(); ++i)
-        header()->setSectionHidden(i, columns[i].width == 0);
+    m_optional->apply();
     m_applyingLayout = false;
     fitColumns();
     applyLayout();
+}
+
+bool KExtListCtrl::isColumnShown(int column) const
+{
+    return m_optional->isShown(column);
+}
+
+bool KExtListCtrl::isColumnShown(QStringView column) const
+{
+    return isColumnShown(columnOf(column));
+}
+
+void KExtListCtrl::setColumnShown(QStringView column, bool shown)
+{
+    m_optional->switchColumn(columnOf(column), shown);
+}
+
+bool KExtListCtrl::hasOptionalColumns() const
+{
+    return m_optional->exist();
+}
+
+void KExtListCtrl::addOptionalColumnsTo(QMenu *menu)
+{
+    m_optional->addTo(menu);
+}
+
+QString KExtListCtrl::optionalColumnsName()
+{
+    return OptionalColumns::name();
+}
+
+// In a layout of the user's own it takes the width that it asks for; else the columns share the room anew.
+void KExtListCtrl::columnSwitched(int column, bool on)
+{
+    m_applyingLayout = true;
+    header()->setSectionHidden(column, !on);
+    if (on && m_userLayout)
+        header()->resizeSection(column, qMax(m_model->columns()[column].width * fontMetrics().averageCharWidth() / 4, leastWidth(column)));
+    m_applyingLayout = false;
+    if (!m_userLayout)
+        fitColumns();
+    Q_EMIT shownColumnsChanged();
 }
 
 // Columns that the user never touched share the list's width.
@@ -139,7 +190,8 @@ void KExtListCtrl::fitColumns()
     const QVector<KListModel::Column> &columns = m_model->columns();
     QVector<ColumnWidths::Column> wishes;
     for (int i = 0; i < columns.size(); ++i)
-        wishes.append({columns[i].width * unit / 4.0, columns[i].width > 0 ? qMax(double(leastWidth(i)), figureWidth(i)) : 0});
+        wishes.append(isColumnShown(i) ? ColumnWidths::Column{columns[i].width * unit / 4.0, qMax(double(leastWidth(i)), figureWidth(i))}
+                                       : ColumnWidths::Column());
     const QVector<int> widths = ColumnWidths::shared(wishes, viewport()->width());
     m_applyingLayout = true;
     for (int i = 0; i < columns.size(); ++i)
@@ -200,23 +252,33 @@ void KExtListCtrl::resizeEvent(QResizeEvent *event)
 void KExtListCtrl::SetSettingName(const QString &name)
 {
     m_settingName = name;
+    m_optional->setSettingName(name);
+    m_applyingLayout = true;
+    m_optional->apply();
+    m_applyingLayout = false;
+    if (!m_userLayout)
+        fitColumns();
     applyLayout();
 }
 
-// What was kept for another number of columns is of no use.
+// What was kept for another number of columns is of no use. Optional ones may have come since, and are not shown then.
 void KExtListCtrl::applyLayout()
 {
     const int columns = header()->count();
     if (m_settingName.isEmpty() || columns == 0)
         return;
     m_applyingLayout = true;
-    const QVector<int> widths = parted(ReadSetting(m_settingName, u"sWidths"_s, QString()));
+    QVector<int> widths = parted(ReadSetting(m_settingName, u"sWidths"_s, QString()));
+    QVector<int> order = parted(ReadSetting(m_settingName, u"sOrder"_s, QString()));
+    for (int i = int(widths.size()); !widths.isEmpty() && i < columns && order.size() == i && m_model->columns()[i].optional; ++i) {
+        widths.append(0);
+        order.append(i);
+    }
     if (widths.size() == columns) {
         m_userLayout = true;
         for (int i = 0; i < columns; ++i)
             header()->resizeSection(i, qMax(widths[i], qMax(leastWidth(i), header()->minimumSectionSize())));
     }
-    const QVector<int> order = parted(ReadSetting(m_settingName, u"sOrder"_s, QString()));
     if (isOrder(order, columns)) {
         for (int visual = 0; visual < columns; ++visual)
             header()->moveSection(header()->visualIndex(order[visual]), visual);
@@ -367,8 +429,10 @@ void KExtListCtrl::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isMenu = event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
-    if (isMenu && isRowMenuOffered()) {
+    if (isMenu && isRowMenuOffered() && currentRow() >= 0) {
         requestRowMenu();
+    } else if (isMenu && hasOptionalColumns()) {
+        m_optional->showMenu();
     } else if (event->matches(QKeySequence::Copy)) {
         copyRow();
     } else if (!isEnter) {

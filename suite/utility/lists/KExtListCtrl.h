@@ -10,6 +10,8 @@
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/TzUtilityExport.h"
 
+class OptionalColumns;
+class QMenu;
 class RowMenuMark;
 
 // The suite's list: columns that the user sizes and orders, rows known by their record's key, one row selected at most.
@@ -47,6 +49,16 @@ public:
     QString cellText(int row, QStringView column) const;
     // -1 when no column has the key.
     int columnOf(QStringView key) const;
+    // Whether the list shows the column: not one of no width, nor an optional one that is off. A column by its key must be there.
+    bool isColumnShown(int column) const;
+    bool isColumnShown(QStringView column) const;
+    // Switches an optional column on or off, as its entry in the menu of the titles does (right click, or the menu keys while no
+    // row has a menu); kept with the layout. Nothing for another column.
+    void setColumnShown(QStringView column, bool shown);
+    bool hasOptionalColumns() const;
+    // Adds the entries of that menu.
+    void addOptionalColumnsTo(QMenu *menu);
+    static QString optionalColumnsName();
     // See KListModel::setSortMark.
     void setSortMark(int column);
 
@@ -67,6 +79,8 @@ Q_SIGNALS:
     // 0: no row is selected any more.
     void currentKeyChanged(int key);
     void columnClicked(int column);
+    // The user has switched an optional column.
+    void shownColumnsChanged();
     // The selected row's menu is wanted, with its corner at that place of the screen.
     void rowMenuRequested(const QPoint &place);
 
@@ -81,7 +95,9 @@ protected:
 
 private:
     void reportKey();
+    void followLayout();
     void fitColumns();
+    void columnSwitched(int column, bool on);
     int leastWidth(int column) const;
     double figureWidth(int column) const;
     void requestRowMenu();
@@ -91,6 +107,7 @@ private:
 
     KListModel *m_model;
     RowMenuMark *m_menuMark;
+    OptionalColumns *m_optional;
     QString m_settingName;
     QTimer m_saveTimer;
     bool m_applyingLayout = false;

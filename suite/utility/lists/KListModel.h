@@ -35,6 +35,7 @@ public:
         bool isCode = false;     // a plate, a chassis number: drawn from left to right, its letters too
         QString key = {};        // plain English, by which code and tests name the column
         bool countsRows = false; // holds the running number of its rows, from 1
+        bool optional = false;   // off until the user switches it on (KExtListCtrl); such columns stand behind the others
     };
 
     // The value may stay empty. Dates and numbers set as value are drawn left to right.
