@@ -199,6 +199,7 @@ class Tree:
         self._process_id = process_id
         self._application = None
         self._known = {}
+        self._walked = {}  # by window: the widgets that its last search met
 
     def _find_application(self):
         desktop = Atspi.get_desktop(0)
@@ -236,14 +237,29 @@ class Tree:
             return []
 
     def look(self, role, name, window, description=None):
-        """All visible widgets of that role and name. A widget known from before is checked, not searched."""
+        """All visible widgets of that role and name. A widget known from before is checked, not searched; others are looked for
+        among those that an earlier search of the window met before it is searched anew, which asks for thousands of widgets."""
         key = (window, role, name, description)
         known = self._known.get(key)
         if known and all(self._still(node, role, name) for node in known):
             return known
-        found = [node for node in window.shown_descendants() if node.role == role and node.label == name and node.showing
-                 and (description is None or node.description == description)]
+        found = self._among(self._walked.get(window, ()), role, name, description)
+        if not found:
+            self._walked[window] = list(window.shown_descendants())
+            found = self._among(self._walked[window], role, name, description)
         self._known[key] = found
+        return found
+
+    @staticmethod
+    def _among(nodes, role, name, description):
+        found = []
+        for node in nodes:
+            try:
+                if node.role == role and node.label == name and node.showing \
+                        and (description is None or node.description == description):
+                    found.append(node)
+            except GLib.Error:
+                continue  # gone since
         return found
 
     @staticmethod
