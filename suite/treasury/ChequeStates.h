@@ -23,11 +23,17 @@ enum class ChequeState {
 // Rules of a cheque's way: which state follows which, and what each step books.
 namespace ChequeStates {
 
-TZTREASURYDATA_EXPORT QString name(ChequeState state);
+// given: one that the office gave, where that has another word.
+TZTREASURYDATA_EXPORT QString name(ChequeState state, bool given = false);
 // The states that a user may bring a cheque into, in the order in which they are offered; given: one that the office gave.
 TZTREASURYDATA_EXPORT QList<ChequeState> following(ChequeState state, bool given);
 // Whether a receipt by this cheque counts as money received, a payment as money paid.
 TZTREASURYDATA_EXPORT bool counts(ChequeState state);
+// Whether somebody must still attend to the cheque: it is neither collected nor given away nor back.
+TZTREASURYDATA_EXPORT bool isOpen(ChequeState state);
+// Whether the step asks for a person, to whom the cheque is endorsed; for the account where it is deposited or cleared.
+TZTREASURYDATA_EXPORT bool needsPerson(ChequeState to);
+TZTREASURYDATA_EXPORT bool needsAccount(ChequeState from, ChequeState to);
 
 // One step of a cheque, as its document sees it.
 struct Step
