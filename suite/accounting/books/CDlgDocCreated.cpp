@@ -3,6 +3,7 @@
 
 #include "suite/accounting/books/CDlgDocCreated.h"
 
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 
 using namespace Qt::StringLiterals;
@@ -12,8 +13,13 @@ QString CDlgDocCreated::text(int docNum, int fiscalYear)
     return u"سند حسابداری شماره %1 در سال مالی %2 ثبت شد."_s.arg(docNum).arg(fiscalYear);
 }
 
+QString CDlgDocCreated::emptyText(int docNum, int fiscalYear)
+{
+    return u"ذخیره شد. سند حسابداری شماره %1 در سال مالی %2 ردیفی ندارد و مبلغی در دفاتر ثبت نشد."_s.arg(docNum).arg(fiscalYear);
+}
+
 void CDlgDocCreated::Show(int docNum, int fiscalYear, QWidget *parent)
 {
     if (docNum > 0)
-        g_pDlgMessage->Show(text(docNum, fiscalYear), parent);
+        g_pDlgMessage->Show(CTblDocuments::hasRows(docNum, fiscalYear) ? text(docNum, fiscalYear) : emptyText(docNum, fiscalYear), parent);
 }

@@ -13,7 +13,8 @@ class QWidget;
 class TZACCOUNTING_EXPORT CDlgDocCreated
 {
 public:
-    // Shows the document's number and year; nothing for number 0.
+    // Shows the document's number and year; nothing for number 0. A document without rows is not called posted.
     static void Show(int docNum, int fiscalYear, QWidget *parent = nullptr);
     static QString text(int docNum, int fiscalYear);
+    static QString emptyText(int docNum, int fiscalYear);
 };

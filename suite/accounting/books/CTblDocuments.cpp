@@ -137,6 +137,13 @@ void CTblDocuments::VoidDoc(int num, int fiscalYear, int database)
     transaction.commit();
 }
 
+bool CTblDocuments::hasRows(int num, int fiscalYear, int database)
+{
+    CTblTemp rows(database);
+    rows.FormatAndExecuteQuery("SELECT 1 FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d LIMIT 1", num, fiscalYear);
+    return rows.HasResultRow();
+}
+
 void CTblDocuments::RequireBalanced(int num, int fiscalYear, int database)
 {
     if (num < 1)

@@ -31,6 +31,8 @@ public:
     static void DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database = 0);
     // Removes the rows and makes the document void; it keeps its number, and no balance counts it.
     static void VoidDoc(int num, int fiscalYear, int database = 0);
+    // Whether the document has rows: one without any moves no money.
+    static bool hasRows(int num, int fiscalYear, int database = 0);
     // Throws KAccountingError unless debit and credit of the rows are equal (IsEquals) and every row stands on an account
     // of the chart. To be called before the transaction that wrote the rows is committed.
     static void RequireBalanced(int num, int fiscalYear, int database = 0);

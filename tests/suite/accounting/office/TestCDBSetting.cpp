@@ -246,14 +246,18 @@ void TestCDBSetting::sharedTexts()
     QCOMPARE(SuiteMessages::deleteQuestion(), u"آیا از حذف این رکورد اطمینان دارید؟"_s);
 }
 
+// A document without rows has posted nothing, and is not said to have.
 void TestCDBSetting::documentNotice()
 {
     g_pDlgMessage->takeShown();
+    m_office.database.run(u"INSERT INTO Docs(iDocNum,iFiscalYear,dBed) VALUES(17,1405,5)"_s);
     CDlgDocCreated::Show(17, 1405);
     CDlgDocCreated::Show(0, 1405);
+    QCOMPARE(g_pDlgMessage->takeShown(), QStringList{CDlgDocCreated::text(17, 1405)});
+    CDlgDocCreated::Show(17, 1404);
     const QStringList shown = g_pDlgMessage->takeShown();
-    QCOMPARE(shown.size(), 1);
-    QVERIFY(shown.constFirst().contains(u"17"_s));
+    QCOMPARE(shown, QStringList{CDlgDocCreated::emptyText(17, 1404)});
+    QVERIFY(shown.constFirst().contains(u"17"_s) && !shown.constFirst().contains(u"ثبت شد."_s));
 }
 
 static const RegisteredTest<TestCDBSetting, QApplication> registeredCDBSetting;
