@@ -12,6 +12,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
@@ -27,7 +28,8 @@ namespace {
 
 constexpr std::size_t thirdTier = 2;
 constexpr int usualWidth = 760;
-constexpr int daysWidth = 12; // letters
+constexpr int daysWidth = 12;     // letters
+constexpr int longestGrace = 365; // days
 
 QList<SettingsEdit::Setting> editedSettings()
 {
@@ -95,6 +97,7 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(const OfficeSettings 
     cards->addCard(createTaxGroup());
     cards->addCard(createTierGroup(settings.moneyUnitName()));
     cards->addCard(createDemandGroup());
+    cards->addCard(createMoneyGroup());
     setContent(content, createButtons());
     showSettings(ContractSettings::of(settings));
     m_edit.remember([this] { writeSettings(); });
@@ -177,6 +180,41 @@ QWidget *CDlgAutomobilContractSetting::createDemandGroup()
     return group;
 }
 
+// Ticks that say below themselves what they do.
+QWidget *CDlgAutomobilContractSetting::createMoneyGroup()
+{
+    auto *group = new QGroupBox(u"تسویه و فروش اقساطی"_s);
+    auto *grid = new FormGrid(group);
+    const auto addTick = [grid](const QString &text, const QString &hint) {
+        auto *box = new QCheckBox(text);
+        box->setAccessibleName(text);
+        box->setAccessibleDescription(hint);
+        grid->startRow();
+        grid->addCell(box, 4);
+        auto *line = new QLabel(hint);
+        line->setWordWrap(true);
+        LookFonts::applyHint(line);
+        grid->addLine(line);
+        return box;
+    };
+    m_levySeparate = addTick(u"ماليات و عوارض جدا از پرداختي دريافت شود"_s,
+                             u"خاموش: تسویه مانده سند قرارداد را پیشنهاد می‌کند. روشن: جمع پرداختي و ماليات و عوارض را، منهای آنچه دریافت شده است."_s);
+    m_postPlan = addTick(u"فروش اقساطی در دفاتر ثبت شود"_s,
+                         u"سند فروش اقساطی بهای خودرو و بهره اقساط را بدهی خریدار می‌کند و هر دریافت از آن کم می‌شود. سندهای پیشین تغییر نمی‌کنند."_s);
+    const auto addNumber = [grid](const QString &text, KEdit::Kind kind, const QString &unit) {
+        KEdit *edit = createEdit(kind, text, {});
+        grid->addField(labelFor(text, edit), new FieldNote(edit), withUnit(edit, new QLabel(unit)), 2);
+        return edit;
+    };
+    grid->startRow();
+    m_lateFeePercent = addNumber(u"جریمه دیرکرد هر قسط در روز :"_s, KEdit::Kind::Percent, u"%"_s);
+    m_lateFeeGrace = addNumber(u"پس از سررسید، مهلت :"_s, KEdit::Kind::Integer, u"روز"_s);
+    auto *hint = new QLabel(u"جریمه فقط نشان داده می‌شود و خودبه‌خود ثبت نمی‌شود؛ صفر یعنی بدون جریمه."_s);
+    LookFonts::applyHint(hint);
+    grid->addLine(hint);
+    return group;
+}
+
 void CDlgAutomobilContractSetting::showSettings(const ContractSettings &settings)
 {
     m_taxPercent->setNumber(settings.taxPercent);
@@ -189,6 +227,10 @@ void CDlgAutomobilContractSetting::showSettings(const ContractSettings &settings
     showThirdTier(settings.tiers.thirdInUse);
     m_archiveDemands->setChecked(settings.archiveDemands);
     m_demandDays->setNumber(settings.demandDays);
+    m_levySeparate->setChecked(settings.levySeparate);
+    m_postPlan->setChecked(settings.postPlan);
+    m_lateFeePercent->setNumber(settings.lateFeePercent);
+    m_lateFeeGrace->setNumber(settings.lateFeeGrace);
 }
 
 ContractSettings CDlgAutomobilContractSetting::shownSettings() const
@@ -203,6 +245,10 @@ ContractSettings CDlgAutomobilContractSetting::shownSettings() const
     settings.tiers.thirdInUse = m_thirdInUse->isChecked();
     settings.archiveDemands = m_archiveDemands->isChecked();
     settings.demandDays = m_demandDays->integer();
+    settings.levySeparate = m_levySeparate->isChecked();
+    settings.postPlan = m_postPlan->isChecked();
+    settings.lateFeePercent = m_lateFeePercent->number();
+    settings.lateFeeGrace = m_lateFeeGrace->integer();
     return settings;
 }
 
@@ -227,6 +273,8 @@ bool CDlgAutomobilContractSetting::OnOK()
         if (!field->isReadOnly() && field->isVisibleTo(this) && !field->isEntryValid())
             return warn(field->accessibleName() + u' ' + field->entryError(), field);
     }
+    if (lateFeeRefused())
+        return false;
     const ContractSettings settings = shownSettings();
     switch (settings.check()) {
     case ContractSettings::Problem::SecondTierBelowFirst:
@@ -238,6 +286,15 @@ bool CDlgAutomobilContractSetting::OnOK()
         break;
     }
     return save();
+}
+
+bool CDlgAutomobilContractSetting::lateFeeRefused()
+{
+    const int days = m_lateFeeGrace->integer();
+    if (days >= 0 && days <= longestGrace)
+        return false;
+    warn(m_lateFeeGrace->accessibleName() + u" مقدار باید بین 0 و %1 باشد."_s.arg(longestGrace), m_lateFeeGrace);
+    return true;
 }
 
 void CDlgAutomobilContractSetting::writeSettings()

@@ -13,7 +13,8 @@ class FormGrid;
 class KEdit;
 class QCheckBox;
 
-// The dialog of the contract settings: tax and duty on the commission, the commission tiers, archiving of demands.
+// The dialog of the contract settings: tax and duty on the commission, the commission tiers, archiving of demands; what settling
+// proposes, and instalment sales in the books.
 // Reads the settings of the open database when it is made and writes those that were changed on OK.
 class CDlgAutomobilContractSetting : public KDialog
 {
@@ -39,6 +40,8 @@ private:
     QWidget *createTaxGroup();
     QWidget *createTierGroup(const QString &moneyUnit);
     QWidget *createDemandGroup();
+    QWidget *createMoneyGroup();
+    bool lateFeeRefused();
     void createTierRow(FormGrid *grid, int tier, const QString &moneyUnit);
     void writeSettings();
     bool save();
@@ -55,4 +58,8 @@ private:
     QCheckBox *m_thirdInUse = nullptr;
     QCheckBox *m_archiveDemands = nullptr;
     KEdit *m_demandDays = nullptr;
+    QCheckBox *m_levySeparate = nullptr;
+    QCheckBox *m_postPlan = nullptr;
+    KEdit *m_lateFeePercent = nullptr;
+    KEdit *m_lateFeeGrace = nullptr;
 };

@@ -27,6 +27,10 @@ namespace {
 
 const QString toText = u"تا :"_s;
 const QString fromText = u"مبلغ معامله از :"_s;
+const QString levyCaption = u"ماليات و عوارض جدا از پرداختي دريافت شود"_s;
+const QString postCaption = u"فروش اقساطی در دفاتر ثبت شود"_s;
+const QString feeLabel = u"جریمه دیرکرد هر قسط در روز :"_s;
+const QString graceLabel = u"پس از سررسید، مهلت :"_s;
 
 KEdit *field(const QWidget &dialog, const QString &name, const QString &description = {})
 {
@@ -67,6 +71,8 @@ private Q_SLOTS:
     void lowerBoundsFollowTheCeilings();
     void thirdTierShowsOnlyWhenInUse();
     void savesWhatIsTyped();
+    void savesWhatFollowsTheStatedFields();
+    void graceOfMoreThanAYearIsRefused();
     void cancelWritesNothing();
     void secondTierBelowTheFirstIsRefused();
     void thirdTierBelowTheOthersIsRefusedAlsoWhenItIsOff();
@@ -82,7 +88,8 @@ private Q_SLOTS:
     void everyGroupHasATitle();
 
 private:
-    QString count() { return m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts'"_s); }
+    // But for the one that the schema sets.
+    QString count() { return m_database.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='AutomobilContracts' AND sKey<>'bPostPlan'"_s); }
 
     TestDatabase m_database;
 };
@@ -108,6 +115,10 @@ void TestCDlgAutomobilContractSetting::showsWhatIsStored()
     settings.tiers = {{1000, 2000, 3000}, {1, 2, 3}, true};
     settings.archiveDemands = true;
     settings.demandDays = 45;
+    settings.levySeparate = true;
+    settings.postPlan = true;
+    settings.lateFeePercent = 0.1;
+    settings.lateFeeGrace = 5;
     settings.save();
     CDlgAutomobilContractSetting dialog;
     dialog.show();
@@ -125,6 +136,40 @@ void TestCDlgAutomobilContractSetting::showsWhatIsStored()
     QVERIFY(button<QCheckBox>(dialog, fromText)->isChecked());
     QVERIFY(button<QCheckBox>(dialog, u"تقاضاهاي بيشتر از "_s)->isChecked());
     QCOMPARE(field(dialog, u"روز را بايگاني نمايد."_s)->integer(), 45);
+    QVERIFY(button<QCheckBox>(dialog, levyCaption)->isChecked());
+    QVERIFY(button<QCheckBox>(dialog, postCaption)->isChecked());
+    QCOMPARE(field(dialog, feeLabel)->number(), 0.1);
+    QCOMPARE(field(dialog, graceLabel)->integer(), 5);
+}
+
+void TestCDlgAutomobilContractSetting::savesWhatFollowsTheStatedFields()
+{
+    CDlgAutomobilContractSetting dialog;
+    QVERIFY(!button<QCheckBox>(dialog, levyCaption)->isChecked());
+    button<QCheckBox>(dialog, levyCaption)->setChecked(true);
+    button<QCheckBox>(dialog, postCaption)->toggle();
+    const bool posts = button<QCheckBox>(dialog, postCaption)->isChecked();
+    field(dialog, feeLabel)->setText(u"0.25"_s);
+    field(dialog, graceLabel)->setText(u"365"_s);
+    dialog.accept();
+    const ContractSettings saved = ContractSettings::load();
+    QVERIFY(saved.levySeparate);
+    QCOMPARE(saved.postPlan, posts);
+    QCOMPARE(saved.lateFeePercent, 0.25);
+    QCOMPARE(saved.lateFeeGrace, 365);
+}
+
+void TestCDlgAutomobilContractSetting::graceOfMoreThanAYearIsRefused()
+{
+    CDlgAutomobilContractSetting dialog;
+    dialog.show();
+    const QString before = count();
+    field(dialog, graceLabel)->setText(u"366"_s);
+    dialog.accept();
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{graceLabel + u" مقدار باید بین 0 و 365 باشد."_s});
+    QCOMPARE(dialog.focusWidget(), field(dialog, graceLabel));
+    QCOMPARE(count(), before);
 }
 
 void TestCDlgAutomobilContractSetting::lowerBoundsFollowTheCeilings()
@@ -139,7 +184,7 @@ void TestCDlgAutomobilContractSetting::lowerBoundsFollowTheCeilings()
     first->setText(u"0"_s);
     QCOMPARE(field(dialog, fromText, tier(2))->number(), 501.0);
     dialog.accept();
-    QCOMPARE(count(), u"11"_s);
+    QCOMPARE(count(), u"14"_s);
 }
 
 void TestCDlgAutomobilContractSetting::thirdTierShowsOnlyWhenInUse()
@@ -276,7 +321,7 @@ void TestCDlgAutomobilContractSetting::rightTakenAwayMeanwhileCounts()
     KSecurity::setUser(1, true);
     dialog.accept();
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QCOMPARE(count(), u"11"_s);
+    QCOMPARE(count(), u"14"_s);
 }
 
 void TestCDlgAutomobilContractSetting::everyFieldTellsItsName()
@@ -292,7 +337,7 @@ void TestCDlgAutomobilContractSetting::everyFieldTellsItsName()
             ++named;
         }
     }
-    QCOMPARE(named, 16);
+    QCOMPARE(named, 20);
 }
 
 void TestCDlgAutomobilContractSetting::everyAmountShowsTheMoneyUnit()
@@ -307,7 +352,7 @@ void TestCDlgAutomobilContractSetting::everyGroupHasATitle()
 {
     const CDlgAutomobilContractSetting dialog;
     const QList<QGroupBox *> groups = dialog.findChildren<QGroupBox *>();
-    QCOMPARE(groups.size(), 3);
+    QCOMPARE(groups.size(), 4);
     for (const QGroupBox *group : groups)
         QVERIFY(!group->title().isEmpty());
     // No field stands outside.
