@@ -10,6 +10,7 @@
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/crm/persons/MobileNumber.h"
+#include "suite/crm/persons/NationalCode.h"
 #include "suite/crm/persons/TaxFields.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
@@ -97,6 +98,13 @@ int CDlgAddPerson::Add(QWidget *parent, const QString &searchedFor)
 {
     CDlgAddPerson dialog(Mode::Add, 0, parent);
     dialog.prefill(searchedFor);
+    return dialog.exec() == Accepted ? dialog.personID() : 0;
+}
+
+int CDlgAddPerson::AddKnown(QWidget *parent, const Known &known)
+{
+    CDlgAddPerson dialog(Mode::Add, 0, parent);
+    dialog.prefill(known);
     return dialog.exec() == Accepted ? dialog.personID() : 0;
 }
 
@@ -199,9 +207,29 @@ void CDlgAddPerson::prefill(const QString &searchedFor)
         if (text.size() >= 8)
             m_form->edit(u"sNationalCode"_s)->setText(text);
     } else {
-        m_form->edit(u"sName"_s)->setText(text.section(u' ', 0, 0));
-        m_form->edit(u"sFamily"_s)->setText(text.section(u' ', 1));
+        prefillName(text);
     }
+}
+
+void CDlgAddPerson::prefillName(const QString &name)
+{
+    m_form->edit(u"sName"_s)->setText(name.section(u' ', 0, 0));
+    m_form->edit(u"sFamily"_s)->setText(name.section(u' ', 1));
+}
+
+void CDlgAddPerson::prefill(const Known &known)
+{
+    const QString name = ConvertToStandard(known.name);
+    if (NationalCode::checkCompany(known.nationalCode) == NationalCode::State::Good) {
+        m_form->comboBox(u"iKind"_s)->setCurrentIndex(CTblPersons::kindLegal);
+        m_form->edit(u"sName"_s)->setText(name);
+    } else {
+        prefillName(name);
+    }
+    m_form->edit(u"sNationalCode"_s)->setText(ConvertToStandard(known.nationalCode));
+    m_form->edit(u"sMobile"_s)->setText(ConvertToStandard(known.mobile));
+    m_form->edit(u"sTel"_s)->setText(ConvertToStandard(known.telephone));
+    m_form->edit(u"sAddress"_s)->setText(ConvertToStandard(known.address));
 }
 
 void CDlgAddPerson::applyKind()

@@ -30,6 +30,17 @@ public:
     // Key of the new person; 0 when cancelled. What was typed in a search is put into the field it looks like: national code,
     // mobile or name.
     static int Add(QWidget *parent, const QString &searchedFor = {});
+    // What another record says of somebody who is not in the list yet.
+    struct Known
+    {
+        QString name; // of a person with the family name behind it
+        QString nationalCode;
+        QString mobile;
+        QString telephone;
+        QString address;
+    };
+    // The same, with the fields filled; one with the national identifier of a company becomes a legal person.
+    static int AddKnown(QWidget *parent, const Known &known);
     // True when the person was saved. Does nothing when the person is gone.
     static bool Edit(QWidget *parent, int personID);
     static void Show(QWidget *parent, int personID);
@@ -42,6 +53,7 @@ public:
     bool isLoaded() const { return m_loaded; }
     int personID() const { return m_edit.key(); }
     void prefill(const QString &searchedFor);
+    void prefill(const Known &known);
 
     // Refused: no name, an entry that is no value, a code that another person has, a closed database. Asked about: a national
     // code that another person has, a field that somebody else has changed meanwhile, a person who is gone.
@@ -53,6 +65,7 @@ private:
     void placeContact(CardPage *page);
     void placeTax(CardPage *page);
     void loadRecord();
+    void prefillName(const QString &name);
     void applyKind();
     void updateHints();
     bool isEntryGood();
