@@ -6,15 +6,17 @@
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/ContractFilter.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
-#include "auto/contracts/figures/ContractSettlement.h"
+#include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/printing/ContractPrintingDialogs.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 #include "auto/contracts/receipts/ContractDeleting.h"
-#include "auto/contracts/receipts/ContractReceipts.h"
+#include "auto/contracts/receipts/ContractDues.h"
+#include "auto/contracts/receipts/SettlementQuestions.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/LeftPlaceholders.h"
 #include "auto/lists/WordCells.h"
 #include "auto/reports/income/CDlgAutoFullReport.h"
+#include "auto/settings/ContractSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/persons/PersonFilter.h"
@@ -23,6 +25,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString receivedKey(int side)
+{
+    return side == ContractSide::seller ? u"receivedSeller"_s : u"receivedBuyer"_s;
+}
 
 // What is over stands out while the contract still counts.
 bool isExpired(KMySQL &record)
@@ -57,7 +64,43 @@ QList<KListColumn> CDlgAutomobilContracts::columnTable() const
         {.key = u"expirationDate"_s, .title = u"تاریخ انقضاء"_s, .sortKey = u"dateExpiration"_s, .column = u"dateExpiration"_s, .reads = {u"iArchiveUserID"_s, u"iStatus"_s}, .warns = isExpired},
         {.key = u"description"_s, .title = u"توضیحات"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
         {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"iArchiveUserID"_s, .column = u"iArchiveUserID"_s, .show = KListColumn::yesOrDash},
+        receivedColumn(ContractSide::seller),
+        receivedColumn(ContractSide::buyer),
     };
+}
+
+// How much of what that side owes has been received: the cell holds what it owes until all rows are there.
+KListColumn CDlgAutomobilContracts::receivedColumn(int side) const
+{
+    const auto charged = [this, side](KMySQL &record, int) {
+        return KListColumn::money(ContractDues::charged(static_cast<const CTblAutomobilContracts &>(record), side, m_levySeparate));
+    };
+    return {.key = receivedKey(side), .title = u"دریافت از "_s + ContractSide::nameOf(side), .width = 70, .cell = charged, .reads = ContractDues::chargedColumns(), .optional = true};
+}
+
+void CDlgAutomobilContracts::beginRows()
+{
+    if (list()->isColumnShown(receivedKey(ContractSide::seller)) || list()->isColumnShown(receivedKey(ContractSide::buyer)))
+        m_levySeparate = ContractSettings::load().levySeparate;
+}
+
+void CDlgAutomobilContracts::completeRows(QVector<KListModel::Row> &rows)
+{
+    QList<int> sides{ContractSide::seller, ContractSide::buyer};
+    sides.removeIf([this](int side) { return !list()->isColumnShown(receivedKey(side)); });
+    if (sides.isEmpty())
+        return;
+    QList<int> contracts;
+    for (const KListModel::Row &row : std::as_const(rows))
+        contracts.append(row.key);
+    const QHash<int, ContractDues::Sides> received = ContractDues::received(contracts);
+    for (KListModel::Row &row : rows) {
+        const ContractDues::Sides ofRow = received.value(row.key);
+        for (const int side : std::as_const(sides)) {
+            KListModel::Cell &cell = row.cells[list()->columnOf(receivedKey(side))];
+            cell = {ContractDues::Due{cell.value.toDouble(), ofRow.at(static_cast<std::size_t>(side - 1))}.inWords()};
+        }
+    }
 }
 
 QList<KListFilter> CDlgAutomobilContracts::filterTable() const
@@ -91,10 +134,11 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveContract(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilContractArchive"_s},
         printCommand(C::HiddenInSelect | C::StartsGroup),
         {u"printContract"_s, u"چاپ قرارداد "_s, onRow, [this] { printContract(); }, {}, u":/icons/print.svg"_s, Read},
-        {u"settleSeller"_s, u"تسويه با فروشنده"_s, onRow | C::StartsGroup, [this] { settle(Side::Seller); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
-        {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(Side::Buyer); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
+        {u"settleSeller"_s, u"تسويه با فروشنده"_s, onRow | C::StartsGroup, [this] { settle(ContractSide::seller); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
+        {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(ContractSide::buyer); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
         {u"settings"_s, u"تنظيمات"_s, C::StartsGroup, [this] { editSettings(); }, {}, u":/icons/settings.svg"_s},
         {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s, Access, u"AutoFullReport"_s},
+        {u"receipts"_s, u"دریافت‌های قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::StartsGroup, [this] { showReceipts(); }, {}, u":/icons/receipt.svg"_s, Read, u"Receipts"_s},
     };
 }
 
@@ -163,22 +207,16 @@ void CDlgAutomobilContracts::printContract()
         m_printing.print(list()->currentKey());
 }
 
-void CDlgAutomobilContracts::settle(Side side)
+void CDlgAutomobilContracts::settle(int side)
 {
-    CTblAutomobilContracts contract;
-    if (!loadSelected(contract))
-        return;
-    const ContractSettlement due = side == Side::Seller
-        ? settlement(contract.m_iPersonFirstID, contract.m_dPayFirst, contract.m_dTax, contract.m_dImposition)
-        : settlement(contract.m_iPersonSecondID, contract.m_dPaySecond, contract.m_dTax2, contract.m_dImposition2);
-    if (due.personID == 0)
-        return;
-    if (contract.m_iStatus == 1) {
-        g_pDlgMessage->Show(u"این قرارداد باطل شده است."_s, this);
-        return;
-    }
-    GetDBSetting()->CashFromPersonMulti(due.personID, due.amount, ContractReceipts::commissionText(contract.number()), this,
-                                        ContractReceipts::commission(contract, due.personID));
+    if (SettlementQuestions::settle(list()->currentKey(), side, this))
+        refresh();
+}
+
+void CDlgAutomobilContracts::showReceipts()
+{
+    CDlgContractReceipts::Show(list()->currentKey(), this);
+    refresh();
 }
 
 void CDlgAutomobilContracts::editSettings()

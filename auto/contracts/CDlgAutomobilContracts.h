@@ -40,12 +40,11 @@ protected:
     void rightClicked(int key) override;
     KListReport reportSpec() const override;
     void chose(int row) override;
+    void beginRows() override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
 
 private:
-    enum class Side {
-        Seller,
-        Buyer
-    };
+    KListColumn receivedColumn(int side) const;
 
     void addContract();
     void editContract();
@@ -54,10 +53,12 @@ private:
     void archiveContract();
     void deleteContract();
     void printContract();
-    void settle(Side side);
+    void settle(int side);
+    void showReceipts();
     void editSettings();
 
     ContractPrinting m_printing;
+    bool m_levySeparate = false; // as the settings were when the rows were read
     int m_chosenNumber = 0;
     QString m_chosenName;
 };

@@ -3,15 +3,19 @@
 
 #pragma once
 
-// What one side of a contract owes the dealership. Amount in the suite's money unit; person 0: nobody to receive from.
+#include <QString>
+
+// What one party of a contract owes the dealership for the commission, with its tax and duty, and what was received of it. Amounts
+// in the suite's money unit.
 struct ContractSettlement
 {
-    int personID = 0;
-    double amount = 0;
-};
+    double charged = 0;
+    double received = 0; // less what was paid back
 
-// What the party pays for the commission plus its tax and duty on it.
-inline ContractSettlement settlement(int personID, double pays, double tax, double duty)
-{
-    return {personID, pays + tax + duty};
-}
+    // In the decimals that money is received in, never below 0: what is left of a fraction that nobody can pay is nothing.
+    double rest() const;
+    // Something was to be paid, and nothing of it is left.
+    bool isSettled() const;
+    // "تسویه"; how much of it was received, from "0٪" to "99٪"; "-" where nothing is to be paid.
+    QString inWords() const;
+};

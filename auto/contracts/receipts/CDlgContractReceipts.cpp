@@ -3,14 +3,15 @@
 
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 
-#include "auto/db/CTblAutomobilContracts.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "auto/contracts/parties/ContractSide.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/db/KLookup.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -48,8 +49,11 @@ QVector<KListModel::Column> receiptColumns()
 {
     return {{u"ردیف"_s, Qt::AlignCenter, 26},
             {u"تاریخ"_s, Qt::AlignCenter, 50, {}, true},
+            {u"نوع"_s, Qt::AlignCenter, 40},
             {u"شخص"_s, Qt::AlignRight, 90},
+            {u"طرف"_s, Qt::AlignCenter, 45},
             {u"مبلغ"_s, Qt::AlignRight, 65},
+            {u"روش"_s, Qt::AlignCenter, 40},
             {u"شرح"_s, Qt::AlignRight, 120},
             {u"شماره سند"_s, Qt::AlignCenter, 45},
             {u"وضعیت"_s, Qt::AlignRight, 50},
@@ -58,15 +62,13 @@ QVector<KListModel::Column> receiptColumns()
 
 QString stateOf(const ContractReceipts::Entry &entry)
 {
-    if (entry.isVoid)
-        return u"باطل"_s;
-    return entry.receiptID == 0 ? u"بدون سند"_s : u"معتبر"_s;
+    return entry.receiptID == 0 ? u"بدون سند"_s : CTblReceipts::statusName(entry.status);
 }
 
 // Who made it void, when and why.
 QString voidingOf(const ContractReceipts::Entry &entry)
 {
-    if (!entry.isVoid)
+    if (!entry.isVoid())
         return {};
     return u"%1، %2: %3"_s.arg(CTblUsers::GetName(entry.voidUserID), shamsiText(entry.voidDate.date()), entry.voidReason);
 }
@@ -76,13 +78,16 @@ KListModel::Row rowOf(int number, const ContractReceipts::Entry &entry, const QS
     KListModel::Row row{number,
                         {{QString::number(number), number},
                          {shamsiText(entry.date.date()), entry.date.date()},
+                         {CTblReceipts::kindName(entry.kind)},
                          {person},
+                         {entry.side == 0 ? u"-"_s : ContractSide::nameOf(entry.side)},
                          {DToMoney(entry.amount), entry.amount},
+                         {CTblReceipts::methodName(entry.method)},
                          {entry.description},
                          entry.docNum > 0 ? KListModel::Cell{QString::number(entry.docNum), entry.docNum} : KListModel::Cell{},
                          {stateOf(entry)},
                          {voidingOf(entry)}}};
-    row.warning = entry.isVoid;
+    row.warning = !entry.counts();
     return row;
 }
 
@@ -134,7 +139,12 @@ void CDlgContractReceipts::build()
     received->addToFoot(m_total);
     cards->addCard(received, true);
     cards->addCard(buildVoiding());
-    setContent(content, createButtons(QString(), u"بازگشت"_s));
+    QDialogButtonBox *buttons = createButtons(QString(), u"بازگشت"_s);
+    m_print = buttons->addButton(u"چاپ"_s, QDialogButtonBox::ActionRole);
+    m_print->setIcon(LookIcons::icon(u":/icons/print.svg"_s));
+    m_print->setAccessibleName(m_print->text());
+    connect(m_print, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { print(); }); });
+    setContent(content, buttons);
 }
 
 QWidget *CDlgContractReceipts::buildVoiding()
@@ -166,9 +176,37 @@ bool CDlgContractReceipts::load()
     for (const ContractReceipts::Entry &entry : std::as_const(m_entries))
         rows.append(rowOf(static_cast<int>(rows.size()) + 1, entry, names.value(entry.personID)));
     m_list->setRows(std::move(rows));
-    m_total->setText(u"جمع دریافت‌های معتبر : %1 %2"_s.arg(DToMoney(ContractReceipts::sum(m_entries)), m_moneyUnit));
+    m_total->setText(totals());
     updateButton();
     return isThere;
+}
+
+// Payments are named where there are some.
+QString CDlgContractReceipts::totals() const
+{
+    QString text = u"جمع دریافت‌های معتبر : %1 %2"_s.arg(DToMoney(ContractReceipts::sum(m_entries)), m_moneyUnit);
+    if (const double paid = ContractReceipts::sum(m_entries, CTblReceipts::paid); paid > 0)
+        text += u"، جمع پرداخت‌های معتبر : %1 %2"_s.arg(DToMoney(paid), m_moneyUnit);
+    return text;
+}
+
+ListReport CDlgContractReceipts::report() const
+{
+    ListReport report(u"گالری اتومبیل"_s, u"دریافت‌های قرارداد"_s);
+    report.setText(u"LeftTop"_s, m_total->text());
+    report.setText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+    report.setText(u"Count"_s, SuiteMessages::count(m_list->count()));
+    report.setTable(u"List"_s, m_list);
+    if (!report.loadLayout())
+        report.buildStandard(windowTitle());
+    report.setText(u"Title"_s, windowTitle());
+    return report;
+}
+
+void CDlgContractReceipts::print()
+{
+    if (receiptSecurity().CheckPrintListSecurity())
+        CDlgReportGenerator(report(), this).ShowReport();
 }
 
 void CDlgContractReceipts::refill()
@@ -187,7 +225,7 @@ const ContractReceipts::Entry *CDlgContractReceipts::selected() const
 void CDlgContractReceipts::updateButton()
 {
     const ContractReceipts::Entry *entry = selected();
-    m_void->setEnabled(entry && !entry->isVoid && !m_closed && receiptSecurity().CheckDeletionSecurity(0));
+    m_void->setEnabled(entry && !entry->isVoid() && !m_closed && receiptSecurity().CheckDeletionSecurity(0));
 }
 
 QString CDlgContractReceipts::totalText() const
@@ -202,18 +240,26 @@ bool CDlgContractReceipts::refuse(const QString &message, QWidget *field)
     return false;
 }
 
+// A document of an earlier fiscal year is reversed, so that what becomes of it is not promised here.
+QString CDlgContractReceipts::voidingQuestion(const ContractReceipts::Entry &entry) const
+{
+    const QString amount = DToMoney(entry.amount) + u' ' + m_moneyUnit;
+    if (entry.receiptID == 0)
+        return u"قسط %1 دوباره پرداخت نشده می‌شود. ادامه می‌دهید؟"_s.arg(amount);
+    return u"%1 %2 باطل می‌شود، سند آن برگردانده می‌شود و این کار برگشت ندارد. ادامه می‌دهید؟"_s.arg(CTblReceipts::kindName(entry.kind), amount);
+}
+
 void CDlgContractReceipts::voidSelected()
 {
     const ContractReceipts::Entry *chosen = selected();
-    if (!chosen || chosen->isVoid || !receiptSecurity().CheckDeletionSecurity())
+    if (!chosen || chosen->isVoid() || !receiptSecurity().CheckDeletionSecurity())
         return;
     if (m_reason->text().trimmed().isEmpty()) {
         refuse(u"لطفا دلیل ابطال را وارد نمایید."_s, m_reason);
         return;
     }
     const ContractReceipts::Entry entry = *chosen;
-    const QString question = u"دریافت %1 %2 باطل می‌شود، سند آن خالی می‌شود و دیگر برنمی‌گردد. ادامه می‌دهید؟"_s.arg(DToMoney(entry.amount), m_moneyUnit);
-    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::No)
+    if (g_pDlgYesNo->Ask(voidingQuestion(entry), this) == KMessageDialog::No)
         return;
     try {
         ContractReceipts::makeVoid(m_contractID, entry, m_reason->text());

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "auto/contracts/receipts/ContractReceipts.h"
+#include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 
 class KEdit;
@@ -11,7 +12,7 @@ class KExtListCtrl;
 class QLabel;
 class QPushButton;
 
-// The money that was received for a contract, and the command that makes a receipt void ("دریافت‌های قرارداد").
+// The money that was received and paid for a contract, and the command that makes a receipt void ("دریافت‌های قرارداد").
 class CDlgContractReceipts final : public KDialog
 {
     Q_OBJECT
@@ -30,7 +31,10 @@ public:
     KExtListCtrl *list() const { return m_list; }
     KEdit *reason() const { return m_reason; }
     QPushButton *voidButton() const { return m_void; }
+    QPushButton *printButton() const { return m_print; }
     QString totalText() const;
+    // What the button "چاپ" shows.
+    ListReport report() const;
 
 private:
     void build();
@@ -39,6 +43,9 @@ private:
     void refill();
     void updateButton();
     bool refuse(const QString &message, QWidget *field);
+    QString totals() const;
+    QString voidingQuestion(const ContractReceipts::Entry &entry) const;
+    void print();
     const ContractReceipts::Entry *selected() const;
 
     int m_contractID;
@@ -49,4 +56,5 @@ private:
     QLabel *m_total = nullptr;
     KEdit *m_reason = nullptr;
     QPushButton *m_void = nullptr;
+    QPushButton *m_print = nullptr;
 };

@@ -8,16 +8,38 @@
 #include "auto/db/ContractLock.h"
 #include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/treasury/ChequeStates.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+void refuseFor(double amount, const QString &refusal)
+{
+    if (amount > 0 && !IsEquals(amount, 0))
+        throw ContractDeleting::MoneyReceived(refusal.arg(DToMoney(amount), OfficeSettings::read().moneyUnitName()));
+}
+
+// One that bounced pays nothing, and the claim of it stands all the same.
+int standingCheques(const CTblAutomobilContracts &contract)
+{
+    CTblTemp cheques(contract.database());
+    cheques.FormatAndExecuteQuery("SELECT COUNT(*) FROM Cheques WHERE iTable=%d AND iRecordID=%d AND iState NOT IN (%d,%d)",
+                                  int(CTblAutomobilContracts::recordKind), contract.m_iID, int(ChequeState::Returned), int(ChequeState::Void));
+    return cheques.GetLongFieldValue(0);
+}
+
+}
+
 void ContractDeleting::requireNothingReceived(const CTblAutomobilContracts &contract)
 {
-    const double received = ContractReceipts::sum(ContractReceipts::list(contract));
-    if (received > 0 && !IsEquals(received, 0))
-        throw MoneyReceived(u"بابت این قرارداد %1 %2 دریافت شده است. تا دریافت‌های آن باطل نشود، حذف نمی‌شود."_s.arg(
-            DToMoney(received), OfficeSettings::read().moneyUnitName()));
+    const QList<ContractReceipts::Entry> entries = ContractReceipts::list(contract);
+    refuseFor(ContractReceipts::sum(entries), u"بابت این قرارداد %1 %2 دریافت شده است. تا دریافت‌های آن باطل نشود، حذف نمی‌شود."_s);
+    refuseFor(ContractReceipts::sum(entries, CTblReceipts::paid), u"بابت این قرارداد %1 %2 پرداخت شده است. تا پرداخت‌های آن باطل نشود، حذف نمی‌شود."_s);
+    if (const int cheques = standingCheques(contract))
+        throw MoneyReceived(u"در فهرست چک‌ها %1 چک بابت این قرارداد هست. تا مسترد یا باطل نشود، قرارداد حذف نمی‌شود."_s.arg(cheques));
 }
 
 void ContractDeleting::run(CTblAutomobilContracts &asked)

@@ -7,10 +7,10 @@
 
 class CTblAutomobilContracts;
 
-// Deletes a contract for which no money was received.
+// Deletes a contract for which no money was received or paid, and no cheque is in the register.
 namespace ContractDeleting {
 
-// Money was received for the contract; the text says how much, and what is to be done first.
+// Money was received or paid for the contract, or a cheque stands for it; the text says how much, and what is to be done first.
 class MoneyReceived : public KAccountingError
 {
 public:

@@ -4,15 +4,15 @@
 #include "auto/contracts/receipts/ContractReceipts.h"
 
 #include "auto/contracts/instalments/StoredInstalments.h"
-#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/contracts/parties/ContractSide.h"
 #include "auto/db/ContractLock.h"
-#include "suite/treasury/CTblReceipts.h"
-#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/utility/values/Money.h"
 
 #include <algorithm>
@@ -28,102 +28,86 @@ constexpr int contractKind = CTblAutomobilContracts::recordKind;
 
 Entry entryOf(const CTblReceipts &receipt)
 {
-    return {receipt.m_iID, receipt.m_iPaymentID, receipt.m_iPersonID, receipt.m_date, receipt.m_dAmount, receipt.m_sDesc,
-            receipt.m_iDocNum, receipt.m_iFiscalYear, receipt.m_iStatus == CTblReceipts::voided, receipt.m_iVoidUserID,
-            receipt.m_dateVoid, receipt.m_sVoidReason};
+    return {.receiptID = receipt.m_iID,
+            .paymentID = receipt.m_iPaymentID,
+            .personID = receipt.m_iPersonID,
+            .date = receipt.m_date,
+            .amount = receipt.m_dAmount,
+            .description = receipt.m_sDesc,
+            .docNum = receipt.m_iDocNum,
+            .fiscalYear = receipt.m_iFiscalYear,
+            .kind = receipt.m_iKind,
+            .method = receipt.m_iMethod,
+            .side = receipt.m_iSide,
+            .purpose = receipt.m_sFor,
+            .status = receipt.m_iStatus,
+            .voidUserID = receipt.m_iVoidUserID,
+            .voidDate = receipt.m_dateVoid,
+            .voidReason = receipt.m_sVoidReason};
 }
 
-QList<Entry> entriesOf(const KSql &filter, int database)
+QList<Entry> receiptsOf(const CTblAutomobilContracts &contract)
 {
-    CTblReceipts receipts(database);
-    receipts.m_filter = filter;
+    CTblReceipts receipts(contract.database());
+    receipts.m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2", contractKind, contract.m_iID);
     QList<Entry> entries;
     for (receipts.Open(false, true, true); !receipts.IsEOF(); receipts.MoveNext())
         entries.append(entryOf(receipts));
     return entries;
 }
 
-QList<Entry> linked(const CTblAutomobilContracts &contract)
-{
-    return entriesOf(KSql::formatted("iTable=%1 AND iRecordID=%2", contractKind, contract.m_iID), contract.database());
-}
-
-// Older receipts of that person with that text, which the database compares more loosely.
-QList<Entry> unlinked(int personID, const QString &text, int database)
-{
-    if (personID < 1)
-        return {};
-    QList<Entry> entries = entriesOf(
-        KSql::formatted("iTable=0 AND iPersonID=%1 AND sDesc=%2", personID, KSql::quoted(text)), database);
-    entries.removeIf([&text](const Entry &entry) { return entry.description != text; });
-    return entries;
-}
-
-QList<Entry> olderCommission(const CTblAutomobilContracts &contract)
-{
-    const QString text = ContractReceipts::commissionText(contract.number());
-    QList<Entry> entries = unlinked(contract.m_iPersonFirstID, text, contract.database());
-    if (contract.m_iPersonSecondID != contract.m_iPersonFirstID)
-        entries += unlinked(contract.m_iPersonSecondID, text, contract.database());
-    return entries;
-}
-
-// The instalment with the older receipt behind it, if one is found.
-Entry olderInstalment(Entry paid, int number, const CTblAutomobilContracts &contract)
-{
-    const QString text = StoredInstalments::receiptText(number, contract.m_iCode);
-    for (const Entry &receipt : unlinked(paid.personID, text, contract.database())) {
-        if (receipt.isVoid)
-            continue;
-        const int paymentID = paid.paymentID;
-        paid = receipt;
-        paid.paymentID = paymentID;
-    }
-    return paid;
-}
-
 QList<Entry> paidWithoutReceipt(const CTblAutomobilContracts &contract)
 {
     CTblTemp payments(contract.database());
-    payments.FormatAndExecuteQuery("SELECT p.iID,p.iNum,p.iPersonID,p.date,p.dAmount,p.sDesc FROM AutomobilPayments p "
+    payments.FormatAndExecuteQuery("SELECT p.iID,p.iPersonID,p.date,p.dAmount,p.sDesc FROM AutomobilPayments p "
                                    "WHERE p.iAutomobilContractID=%d AND p.iStatus=1 AND NOT EXISTS (SELECT 1 FROM Receipts r "
                                    "WHERE r.iTable=%d AND r.iRecordID=p.iAutomobilContractID AND r.iPaymentID=p.iID AND r.iStatus=%d)",
                                    contract.m_iID, contractKind, int(CTblReceipts::valid));
     QList<Entry> entries;
-    for (; payments.HasResultRow(); payments.MoveNextResult()) {
-        Entry paid;
-        paid.paymentID = payments.GetLongFieldValue(0);
-        paid.personID = payments.GetLongFieldValue(2);
-        paid.date = payments.GetDateFieldValue(3);
-        paid.amount = payments.GetDoubleFieldValue(4);
-        paid.description = payments.GetTextFieldValue(5);
-        entries.append(olderInstalment(paid, payments.GetLongFieldValue(1), contract));
-    }
+    for (; payments.HasResultRow(); payments.MoveNextResult())
+        entries.append({.paymentID = payments.GetLongFieldValue(0),
+                        .personID = payments.GetLongFieldValue(1),
+                        .date = payments.GetDateFieldValue(2),
+                        .amount = payments.GetDoubleFieldValue(3),
+                        .description = payments.GetTextFieldValue(4),
+                        .side = ContractSide::buyer});
     return entries;
 }
 
-// The newest valid receipt of commission from that party.
-std::unique_ptr<CTblReceipts> newestCommission(const CTblAutomobilContracts &contract, int personID)
+// The newest valid receipt of commission of that side, from that person.
+std::unique_ptr<CTblReceipts> newestCommission(int contractID, int side, int personID, int database)
 {
-    auto receipt = std::make_unique<CTblReceipts>(contract.database());
-    receipt->m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2 AND iPersonID=%3 AND iPaymentID=0 AND iStatus=%4", contractKind,
-                                        contract.m_iID, personID, int(CTblReceipts::valid));
+    auto receipt = std::make_unique<CTblReceipts>(database);
+    receipt->m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2 AND iFor=%3 AND iKind=%4 AND iStatus=%5 AND (iSide=%6 OR (iSide=0 AND iPersonID=%7))",
+                                        contractKind, contractID, int(ReceiptPurpose::Commission), int(CTblReceipts::received),
+                                        int(CTblReceipts::valid), side, personID);
     receipt->m_sort = "iID DESC";
     receipt->SetLimit(1);
     receipt->Open(false, true, true);
     return receipt;
 }
 
-void requireCommissionDue(int contractID, int personID, int &seen)
+// What a window saw when it was opened to receive the commission of a side.
+struct SeenCommission
+{
+    int contractID = 0;
+    int side = 0;
+    int personID = 0;
+    int receiptID = 0; // the newest
+};
+
+void requireCommissionDue(SeenCommission &seen)
 {
     CTblAutomobilContracts contract;
-    ContractLock::take(contract, contractID);
+    ContractLock::take(contract, seen.contractID);
     if (contract.m_iStatus == 1)
         throw KAccountingError(u"این قرارداد باطل شده است."_s);
-    const std::unique_ptr<CTblReceipts> newest = newestCommission(contract, personID);
-    if (newest->m_iID <= seen)
+    if (contract.*(ContractSide::of(seen.side).personID) != seen.personID)
+        throw KAccountingError(u"%1 این قرارداد در این میان شخص دیگری شده است. چیزی ثبت نشد."_s.arg(ContractSide::nameOf(seen.side)));
+    const std::unique_ptr<CTblReceipts> newest = newestCommission(seen.contractID, seen.side, seen.personID, contract.database());
+    if (newest->m_iID <= seen.receiptID)
         return;
-    seen = newest->m_iID;
+    seen.receiptID = newest->m_iID;
     throw KAccountingError(u"در این میان کاربر «%1» مبلغ %2 را با سند شماره %3 بابت همین قرارداد از همین شخص دریافت کرده است. چیزی "
                            "ثبت نشد؛ اگر این دریافت دیگری است، دوباره «تایید» را بزنید."_s
                                .arg(CTblUsers::GetName(newest->m_iUserID), DToMoney(newest->m_dAmount), QString::number(newest->m_iDocNum)));
@@ -134,8 +118,8 @@ bool hasReceipt(int contractID, int paymentID)
 {
     CTblReceipts receipt;
     receipt.SetColumns({u"iPaymentID"_s});
-    receipt.m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2 AND iPaymentID=%3 AND iStatus=%4", int(CTblAutomobilContracts::recordKind),
-                                       contractID, paymentID, int(CTblReceipts::valid));
+    receipt.m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2 AND iPaymentID=%3 AND iStatus=%4", contractKind, contractID, paymentID,
+                                       int(CTblReceipts::valid));
     receipt.Open(false, true, true);
     return !receipt.IsEOF();
 }
@@ -144,16 +128,16 @@ bool hasReceipt(int contractID, int paymentID)
 
 QList<ContractReceipts::Entry> ContractReceipts::list(const CTblAutomobilContracts &contract)
 {
-    QList<Entry> entries = linked(contract) + olderCommission(contract) + paidWithoutReceipt(contract);
+    QList<Entry> entries = receiptsOf(contract) + paidWithoutReceipt(contract);
     std::ranges::stable_sort(entries, {}, &Entry::date);
     return entries;
 }
 
-double ContractReceipts::sum(const QList<Entry> &entries)
+double ContractReceipts::sum(const QList<Entry> &entries, int kind)
 {
     double sum = 0;
     for (const Entry &entry : entries)
-        sum += entry.isVoid ? 0 : entry.amount;
+        sum += entry.counts() && entry.kind == kind ? entry.amount : 0;
     return sum;
 }
 
@@ -162,18 +146,18 @@ QString ContractReceipts::commissionText(int number)
     return u"بابت کمسیون قرارداد شماره %1"_s.arg(number);
 }
 
-ReceiptPurpose ContractReceipts::commission(const CTblAutomobilContracts &contract, int personID)
+ReceiptPurpose ContractReceipts::commission(const CTblAutomobilContracts &contract, int side)
 {
+    const int personID = contract.*(ContractSide::of(side).personID);
     // Told once: whoever then still receives it means another receipt.
-    auto seen = std::make_shared<int>(newestCommission(contract, personID)->m_iID);
-    const int contractID = contract.m_iID;
-    const bool isFirst = personID == contract.m_iPersonFirstID;
+    auto seen = std::make_shared<SeenCommission>(SeenCommission{
+        contract.m_iID, side, personID, newestCommission(contract.m_iID, side, personID, contract.database())->m_iID});
     return {.recordKind = contractKind,
-            .recordID = contractID,
+            .recordID = contract.m_iID,
             .what = ReceiptPurpose::Commission,
-            .side = isFirst ? 1 : 2,
-            .text = u"کمیسیون قرارداد %1، %2"_s.arg(QString::number(contract.number()), isFirst ? u"فروشنده"_s : u"خریدار"_s),
-            .require = [=] { requireCommissionDue(contractID, personID, *seen); }};
+            .side = side,
+            .text = u"کمیسیون قرارداد %1، %2"_s.arg(QString::number(contract.number()), ContractSide::nameOf(side)),
+            .require = [seen] { requireCommissionDue(*seen); }};
 }
 
 void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QString &reason)
@@ -191,5 +175,7 @@ void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QStrin
         if (StoredInstalments::lock(contractID, entry.paymentID) != StoredInstalments::State::Paid)
             throw KAccountingError(u"این قسط دیگر پرداخت شده نیست."_s);
         StoredInstalments::setPaid(entry.paymentID, false);
+        // A plan has no row of its own.
+        KChangeLog::note(u"InstalmentPlan"_s, contractID, KChange::Kind::Changed);
     });
 }

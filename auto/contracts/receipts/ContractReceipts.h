@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/office/ReceiptPurpose.h"
+#include "suite/treasury/CTblReceipts.h"
 
 #include <QDateTime>
 #include <QList>
@@ -11,41 +12,48 @@
 
 class CTblAutomobilContracts;
 
-// The money that was received for a contract: commission from its parties, and instalments.
-//
-// A receipt says itself what it is for. Older ones do not: of those, a receipt of one of the parties whose text is to the letter
-// the one that settling proposes counts, and each instalment that is marked as paid without a receipt that says so.
+// The money that was received or paid for a contract: commission from its parties, instalments, the price. A receipt says itself
+// what it is for; an instalment that is marked as paid without one, as older ones are, counts too.
 namespace ContractReceipts {
 
 struct Entry
 {
-    int receiptID = 0; // 0: an instalment that is marked as paid, and no receipt is found for it
-    int paymentID = 0; // the instalment; 0: commission
+    int receiptID = 0; // 0: an instalment that is marked as paid without a receipt
+    int paymentID = 0; // the instalment; 0: none
     int personID = 0;
     QDateTime date; // of the receipt; of the instalment where there is none
     double amount = 0;
     QString description;
     int docNum = 0;
     int fiscalYear = 0;
-    bool isVoid = false;
+    int kind = CTblReceipts::received;
+    int method = CTblReceipts::unknown;
+    int side = 0;    // 1 or 2; 0: not kept
+    QString purpose; // what it is for, in words; may be empty
+    int status = CTblReceipts::valid;
     int voidUserID = 0;
     QDateTime voidDate;
     QString voidReason;
+
+    bool isVoid() const { return status == CTblReceipts::voided; }
+    bool counts() const { return status == CTblReceipts::valid; }
 };
 
-// All of them, also those that are void, by date. The contract is loaded.
+// All of them, also those that do not count, by date. The contract is loaded.
 QList<Entry> list(const CTblAutomobilContracts &contract);
-// What is received and not void, in the suite's money unit.
-double sum(const QList<Entry> &entries);
+// What counts of that kind (CTblReceipts::Kind), in the suite's money unit.
+double sum(const QList<Entry> &entries, int kind = CTblReceipts::received);
 
 // The text that settling proposes for a receipt; number: CTblAutomobilContracts::number.
 QString commissionText(int number);
-// For the commission of the party. The unit that receives it throws KAccountingError when the contract is gone or void, and, once,
-// when another desk has received from the same party since purpose was called: that may be the same money.
-ReceiptPurpose commission(const CTblAutomobilContracts &contract, int personID);
+// For the commission of that side. The unit that receives it throws KAccountingError when the contract is void, when its side is
+// somebody else by then, and, once, when another desk has received from the same side since purpose was called: that may be the
+// same money.
+ReceiptPurpose commission(const CTblAutomobilContracts &contract, int side);
 
-// Makes the entry void with the receipt behind it, and the instalment unpaid, in one unit of work. Throws as ReceiptPosting::makeVoid
-// does, and KAccountingError when the contract is gone, or the instalment no longer paid.
+// Makes the entry void with the receipt behind it, as ReceiptPosting::makeVoid does. An instalment without a receipt is unpaid again; of
+// that nothing is kept but the change of the plan. Throws as ReceiptPosting::makeVoid does, and KAccountingError when the contract
+// is gone, or the instalment is no longer paid or has got a receipt.
 void makeVoid(int contractID, const Entry &entry, const QString &reason);
 
 }

@@ -7,6 +7,7 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/db/KConnection.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -152,6 +153,18 @@ private Q_SLOTS:
         QCOMPARE(page.list()->count(), 2);
         QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"explanation"), u"new"_s);
         QCOMPARE(page.countText(), u"تعداد : 2"_s);
+    }
+
+    // Both parties typed by hand and nothing to charge: its document has no rows.
+    void contractWithoutMoneyIsNotCalledPosted()
+    {
+        addNamed(u"old"_s);
+        auto &page = shownPage();
+        whenEditor(u"new"_s);
+        QTest::keyClick(page.list(), Qt::Key_Insert);
+        const int document = value(u"SELECT MAX(iDocNum) FROM AutomobilContracts"_s).toInt();
+        QVERIFY(document > 0);
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{CDlgDocCreated::emptyText(document, GetDBSetting()->FiscalYear())});
     }
 
     void newContractThatTheFilterLeavesOutKeepsTheSelectionWhereItWas()
@@ -329,7 +342,7 @@ private Q_SLOTS:
             QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
         } while (page.focusWidget() != start && met.size() < 60);
         // A date's second stop is its check box.
-        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s, u"باز و بسته کردن فيلتر"_s}));
+        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s, u"دریافت‌های قرارداد"_s, u"باز و بسته کردن فيلتر"_s}));
     }
 
     void deleteKeyDeletesOnTheListAndACharacterInAnEntry()

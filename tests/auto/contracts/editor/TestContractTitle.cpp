@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/editor/ContractNotes.h"
-#include "auto/contracts/figures/ContractSettlement.h"
 #include "auto/contracts/editor/ContractTitle.h"
 #include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/db/CTblAutomobilContracts.h"
@@ -62,13 +61,6 @@ private Q_SLOTS:
         contract.m_sNote1.clear();
         contract.m_sNote10 = u"ده"_s;
         QCOMPARE(ContractNotes::notes(contract), (QStringList{u"دو"_s, u"ده"_s}));
-    }
-
-    void settlementIsPaymentTaxAndDuty()
-    {
-        const ContractSettlement due = settlement(7, 100, 9, 10);
-        QCOMPARE(due.personID, 7);
-        QCOMPARE(due.amount, 119.0);
     }
 };
 

@@ -85,7 +85,7 @@ private Q_SLOTS:
         CTblAutomobilContracts asked;
         m_contract->load(asked);
         // The other desk receives while this one is asked.
-        m_contract->receive(m_contract->seller, 1500, u"a"_s, ContractReceipts::commission(asked, m_contract->seller));
+        m_contract->receive(m_contract->seller, 1500, u"a"_s, ContractReceipts::commission(asked, 1));
         const QString before = state();
         QString told;
         try {
@@ -97,11 +97,44 @@ private Q_SLOTS:
         QCOMPARE(state(), before);
     }
 
+    // What keeps it: money paid for it as much as money received, and a cheque in the register, also one that bounced.
+    void withMoneyPaidOrAChequeItIsRefused_data()
+    {
+        QTest::addColumn<QString>("statement"); // %1: the contract
+        QTest::addColumn<QString>("told");      // empty: it goes
+        const QString receipt = u"INSERT INTO Receipts(iTable,iRecordID,iKind,dAmount,iStatus) VALUES(69,%1,1,700,"_s;
+        const QString cheque = u"INSERT INTO Cheques(iTable,iRecordID,dAmount,iState) VALUES(69,%1,700,"_s;
+        QTest::newRow("paid") << receipt + u"0)"_s << u"700 ریال پرداخت شده"_s;
+        QTest::newRow("paid and void") << receipt + u"1)"_s << QString();
+        QTest::newRow("cheque in hand") << cheque + u"0)"_s << u" 1 چک "_s;
+        QTest::newRow("cheque bounced") << cheque + u"3)"_s << u" 1 چک "_s;
+        QTest::newRow("cheque given back") << cheque + u"4)"_s << QString();
+        QTest::newRow("cheque void") << cheque + u"6)"_s << QString();
+        QTest::newRow("cheque of another record") << QString(cheque + u"0)"_s).replace(u"69"_s, u"7"_s) << QString();
+    }
+
+    void withMoneyPaidOrAChequeItIsRefused()
+    {
+        QFETCH(QString, statement);
+        QFETCH(QString, told);
+        CTblAutomobilContracts asked;
+        m_contract->load(asked);
+        m_office->database().run(statement.arg(m_contract->key));
+        QString refusal;
+        try {
+            ContractDeleting::run(asked);
+        } catch (const ContractDeleting::MoneyReceived &received) {
+            refusal = received.userMessage();
+        }
+        QVERIFY2(told.isEmpty() ? refusal.isEmpty() : refusal.contains(told), qPrintable(refusal));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), told.isEmpty() ? u"0"_s : u"1"_s);
+    }
+
     void withItsReceiptsVoidItGoesAndTheyStay()
     {
         CTblAutomobilContracts asked;
         m_contract->load(asked);
-        m_contract->receive(m_contract->seller, 1500, u"a"_s, ContractReceipts::commission(asked, m_contract->seller));
+        m_contract->receive(m_contract->seller, 1500, u"a"_s, ContractReceipts::commission(asked, 1));
         ContractReceipts::makeVoid(m_contract->key, ContractReceipts::list(asked).constFirst(), u"اشتباه"_s);
         deleteIt(asked);
         QCOMPARE(state(), u"0/1/0/0/0/0"_s);

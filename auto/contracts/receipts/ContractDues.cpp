@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/receipts/ContractDues.h"
+
+#include "auto/contracts/document/ContractDocumentRows.h"
+#include "auto/contracts/parties/ContractSide.h"
+#include "suite/accounting/office/ReceiptPurpose.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/treasury/CTblReceipts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ContractDocumentParty partyOf(const CTblAutomobilContracts &contract, const ContractSide &side)
+{
+    return {.personID = contract.*(side.personID),
+            .kind = static_cast<PartyKind>(contract.*(side.kind)),
+            .discount = contract.*(side.discount),
+            .tax = contract.*(side.tax),
+            .duty = contract.*(side.duty)};
+}
+
+}
+
+double ContractDues::charged(const CTblAutomobilContracts &contract, int number, bool levySeparate)
+{
+    const ContractSide &side = ContractSide::of(number);
+    const ContractDocumentParty party = partyOf(contract, side);
+    if (party.personID < 1 || party.kind == PartyKind::Showroom)
+        return 0;
+    if (levySeparate)
+        return contract.*(side.pays) + party.tax + party.duty;
+    return amountCharged(contract.m_dCommission, party).value_or(0);
+}
+
+QStringList ContractDues::chargedColumns()
+{
+    return {u"iPersonFirstID"_s, u"iPersonSecondID"_s, u"iPersonContract1"_s, u"iPersonContract2"_s, u"dCommission"_s,
+            u"dDiscountFirst"_s, u"dDiscountSecond"_s, u"dTax"_s, u"dTax2"_s, u"dImposition"_s,
+            u"dImposition2"_s, u"dPayFirst"_s, u"dPaySecond"_s};
+}
+
+ContractDues::Due ContractDues::commission(const CTblAutomobilContracts &contract, int side, bool levySeparate)
+{
+    const Sides sides = received({contract.m_iID}, contract.database()).value(contract.m_iID);
+    return {charged(contract, side, levySeparate), sides.at(static_cast<std::size_t>(side - 1))};
+}
+
+// A receipt that says no side, from before sides were kept, is that of the party it came from.
+QHash<int, ContractDues::Sides> ContractDues::received(const QList<int> &contractIDs, int database)
+{
+    QHash<int, Sides> sums;
+    if (contractIDs.isEmpty())
+        return sums;
+    CTblTemp receipts(database);
+    receipts.ExecuteQuery(KSql::formatted(
+        "SELECT c.iID,IF(r.iSide>0,r.iSide,IF(r.iPersonID=c.iPersonFirstID,1,IF(r.iPersonID=c.iPersonSecondID,2,0))) side,"
+        "SUM(IF(r.iKind=%1,-r.dAmount,r.dAmount)) FROM Receipts r JOIN AutomobilContracts c ON c.iID=r.iRecordID "
+        "WHERE r.iTable=%2 AND r.iFor=%3 AND r.iStatus=%4 AND r.iRecordID IN (%5) GROUP BY c.iID,side",
+        int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(ReceiptPurpose::Commission), int(CTblReceipts::valid),
+        KSql::list(contractIDs)));
+    for (; receipts.HasResultRow(); receipts.MoveNextResult()) {
+        const int side = receipts.GetLongFieldValue(1);
+        if (side == 1 || side == 2)
+            sums[receipts.GetLongFieldValue(0)].at(static_cast<std::size_t>(side - 1)) = receipts.GetDoubleFieldValue(2);
+    }
+    return sums;
+}
