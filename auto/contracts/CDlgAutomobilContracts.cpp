@@ -5,6 +5,7 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/ContractFilter.h"
+#include "auto/contracts/FirstContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/printing/ContractPrintingDialogs.h"
@@ -155,7 +156,7 @@ std::unique_ptr<KMySQL> CDlgAutomobilContracts::makeRecords() const
 
 void CDlgAutomobilContracts::addContract()
 {
-    if (isChangeBlocked() || !CheckWriteSecurity())
+    if (isChangeBlocked() || !CheckWriteSecurity() || !FirstContract::mayBegin(this))
         return;
     const int key = CDlgAddAutomobilContract::NewContract(this);
     if (key == 0)
