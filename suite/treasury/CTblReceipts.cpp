@@ -3,6 +3,8 @@
 
 #include "suite/treasury/CTblReceipts.h"
 
+#include "suite/accounting/office/ReceiptMethods.h"
+
 using namespace Qt::StringLiterals;
 
 CTblReceipts::CTblReceipts(int database)
@@ -53,13 +55,8 @@ QString CTblReceipts::kindName(int kind)
 
 QString CTblReceipts::methodName(int method)
 {
-    switch (method) {
-    case cash: return u"نقدی"_s;
-    case bank: return u"بانکی"_s;
-    case card: return u"کارت"_s;
-    case cheque: return u"چک"_s;
-    default: return u"-"_s;
-    }
+    const QString name = ReceiptMethods::name(method);
+    return name.isEmpty() ? u"-"_s : name;
 }
 
 QString CTblReceipts::statusName(int status)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/office/ReceiptMethods.h"
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
 #include "suite/treasury/TzTreasuryDataExport.h"
@@ -19,13 +20,13 @@ public:
         received = 0,
         paid = 1
     };
-    // Values of iMethod.
+    // Values of iMethod; see ReceiptMethods.
     enum Method : int {
-        unknown = 0, // from before it was kept
-        cash = 1,
-        bank = 2, // transfer to or from a bank account
-        card = 3, // card terminal
-        cheque = 4
+        unknown = ReceiptMethods::Unknown,
+        cash = ReceiptMethods::Cash,
+        bank = ReceiptMethods::Bank,
+        card = ReceiptMethods::Card,
+        cheque = ReceiptMethods::Cheque
     };
     // Values of iStatus.
     enum Status : int {

@@ -8,12 +8,14 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/frame/KWaitCursor.h"
+#include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookIcons.h"
@@ -36,13 +38,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int broughtForwardKey = -1; // no record has it
+// No record has these keys.
+constexpr int broughtForwardKey = -1;
+constexpr int closingKey = -2;
 
-KSecurity documentSecurity()
+// The form whose rights count: the documents', but for a person's statement that of the receipts where the user has the right there.
+KSecurity securityOf(const AccountLedger::Scope &scope, KSecurity::Right right)
 {
+    const QString receipts = u"Receipts"_s;
     KSecurity security;
-    security.SetFormName(u"Documents"_s);
+    security.SetFormName(scope.isPerson() && KSecurity::IsGranted(receipts, right) ? receipts : u"Documents"_s);
     return security;
+}
+
+QString titleOf(const AccountLedger::Scope &scope)
+{
+    if (!scope.isPerson())
+        return u"گردش حساب %1 - %2"_s.arg(scope.code).arg(AccountChart::nameOf(scope.code));
+    const AccountLedger::Person person = AccountLedger::person(scope.personID);
+    QString title = u"صورتحساب %1 - کد %2"_s.arg(person.name, QString::number(person.code));
+    if (!person.nationalCode.isEmpty())
+        title += u" - کد ملی "_s + person.nationalCode;
+    return title;
 }
 
 KListModel::Cell balanceCell(double balance)
@@ -58,28 +75,40 @@ QString natureOf(double balance)
 }
 
 CDlgAccountDocs::CDlgAccountDocs(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, QWidget *parent)
+    : CDlgAccountDocs(AccountLedger::Scope::account(level, code), from, to, parent)
+{
+}
+
+CDlgAccountDocs::CDlgAccountDocs(const AccountLedger::Scope &scope, const QDateTime &from, const QDateTime &to, QWidget *parent)
     : KDialog(parent)
-    , m_level(level)
-    , m_code(code)
+    , m_scope(scope)
     , m_from(new KDateEdit)
     , m_to(new KDateEdit)
     , m_list(new KExtListCtrl)
     , m_totals(new QLabel)
 {
-    setWindowTitle(u"گردش حساب %1 - %2"_s.arg(code).arg(AccountChart::nameOf(code)));
-    SetSettingName(u"AccountDocs"_s);
+    setWindowTitle(titleOf(scope));
+    SetSettingName(scope.isPerson() ? u"PersonStatement"_s : u"AccountDocs"_s);
     m_from->setDateTime(from);
     m_to->setDateTime(to);
     build();
-    resize(LookSizes::scaled(980), LookSizes::scaled(560));
+    resize(LookSizes::scaled(m_scope.isPerson() ? 1120 : 980), LookSizes::scaled(560));
     refill();
     m_list->setFocus();
 }
 
 void CDlgAccountDocs::Show(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, QWidget *parent)
 {
-    if (documentSecurity().CheckReadSecurity())
-        CDlgAccountDocs(level, code, from, to, parent).exec();
+    const auto scope = AccountLedger::Scope::account(level, code);
+    if (securityOf(scope, KSecurity::Read).CheckReadSecurity())
+        CDlgAccountDocs(scope, from, to, parent).exec();
+}
+
+void CDlgAccountDocs::ShowPerson(int personID, QWidget *parent)
+{
+    const auto scope = AccountLedger::Scope::person(personID);
+    if (scope.isPerson() && securityOf(scope, KSecurity::Read).CheckReadSecurity())
+        CDlgAccountDocs(scope, {}, {}, parent).exec();
 }
 
 QWidget *CDlgAccountDocs::buildFilter()
@@ -104,21 +133,29 @@ QWidget *CDlgAccountDocs::buildFilter()
     return filter;
 }
 
-void CDlgAccountDocs::build()
+// On a person's statement the person needs no column, and what a row is for has one.
+QVector<KListModel::Column> CDlgAccountDocs::columns() const
 {
-    m_list->setAccessibleName(u"گردش حساب"_s);
-    m_list->setColumns({
+    const bool ofPerson = m_scope.isPerson();
+    return {
         {u"ردیف"_s, Qt::AlignHCenter, 26, {}},
         {u"شماره سند"_s, Qt::AlignHCenter, 44, {}},
         {u"تاریخ سند"_s, Qt::AlignHCenter, 55, {}, true},
-        {u"شخص"_s, Qt::AlignRight, 80, {}},
+        {ofPerson ? u"بابت"_s : u"شخص"_s, Qt::AlignRight, ofPerson ? 130 : 80, {}},
         {u"شرح"_s, Qt::AlignRight, 110, {}},
         {u"بدهکار"_s, Qt::AlignRight, 66, {}},
         {u"بستانکار"_s, Qt::AlignRight, 66, {}},
         {u"مانده"_s, Qt::AlignRight, 66, {}},
         {u"تشخیص"_s, Qt::AlignHCenter, 35, {}},
-    });
-    m_list->SetSettingName(u"AccountDocs\\List"_s);
+    };
+}
+
+void CDlgAccountDocs::build()
+{
+    m_list->setAccessibleName(m_scope.isPerson() ? u"صورتحساب"_s : u"گردش حساب"_s);
+    m_list->setColumns(columns());
+    m_list->SetSettingName(m_scope.isPerson() ? u"PersonStatement\\List"_s : u"AccountDocs\\List"_s);
+    m_empty = new KEmptyState(m_list);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAccountDocs::showDocument);
 
     auto *cards = new CardPage(980);
@@ -143,32 +180,60 @@ void CDlgAccountDocs::refill()
         return;
     }
     const KWaitCursor wait;
-    m_sheet = AccountLedger::read(m_level, m_code, m_from->dateTime(), m_to->dateTime());
+    m_sheet = AccountLedger::read(m_scope, m_from->dateTime(), m_to->dateTime());
     QVector<KListModel::Row> rows;
-    rows.reserve(m_sheet.rows.size() + 1);
+    rows.reserve(m_sheet.rows.size() + 2);
     if (!m_sheet.before.isBalanced())
         rows.append({broughtForwardKey,
                      {{}, {}, {}, {}, {u"مانده از قبل"_s}, {}, {}, balanceCell(m_sheet.before.net()), {m_sheet.before.nature()}}});
     int number = 0;
-    for (const AccountLedger::Row &row : std::as_const(m_sheet.rows)) {
-        ++number;
-        rows.append({row.id,
-                     {{QString::number(number), number},
-                      {QString::number(row.docNum), row.docNum},
-                      {shamsiText(row.date.date()), row.date},
-                      {row.person},
-                      {row.desc},
-                      DocumentRowsPane::sideCell(row.bed),
-                      DocumentRowsPane::sideCell(row.bes),
-                      balanceCell(row.balance),
-                      {natureOf(row.balance)}}});
-    }
+    for (const AccountLedger::Row &row : std::as_const(m_sheet.rows))
+        rows.append(ledgerRow(row, ++number));
+    if (m_scope.isPerson() && !rows.isEmpty())
+        rows.append(closingRow());
     m_list->setRows(std::move(rows));
     m_list->selectRow(0);
-    const double last = m_sheet.before.net() + m_sheet.sum.net();
+    sayWhyEmpty();
+    const double last = m_sheet.closing();
     m_totals->setText(u"تعداد : %1     جمع بدهکار : %2     جمع بستانکار : %3     مانده : %4 %5"_s
                           .arg(QString::number(number), DToMoney(m_sheet.sum.bed), DToMoney(m_sheet.sum.bes),
                                DToMoney(std::abs(last)), natureOf(last)));
+}
+
+KListModel::Row CDlgAccountDocs::ledgerRow(const AccountLedger::Row &row, int number) const
+{
+    return {row.id,
+            {{QString::number(number), number},
+             {QString::number(row.docNum), row.docNum},
+             {shamsiText(row.date.date()), row.date},
+             {m_scope.isPerson() ? row.purpose() : row.person},
+             {row.desc},
+             DocumentRowsPane::sideCell(row.bed),
+             DocumentRowsPane::sideCell(row.bes),
+             balanceCell(row.balance),
+             {natureOf(row.balance)}}};
+}
+
+// The line that the person is handed the statement for: what is owed, and by whom.
+KListModel::Row CDlgAccountDocs::closingRow() const
+{
+    const double last = m_sheet.closing();
+    const QString side = IsEquals(last, 0) ? u"تسویه"_s : last > 0 ? u"بدهکار"_s
+                                                                   : u"بستانکار"_s;
+    KListModel::Row row{closingKey,
+                        {{}, {}, {}, {u"مانده نهایی"_s}, {side}, DocumentRowsPane::sideCell(m_sheet.sum.bed), DocumentRowsPane::sideCell(m_sheet.sum.bes), balanceCell(last), {natureOf(last)}}};
+    row.heading = true;
+    return row;
+}
+
+void CDlgAccountDocs::sayWhyEmpty()
+{
+    if (m_list->count() > 0)
+        return m_empty->dismiss();
+    const bool anyDay = !m_from->date().isValid() && !m_to->date().isValid();
+    const QString whose = m_scope.isPerson() ? u"این شخص"_s : u"این حساب"_s;
+    m_empty->say(u":/icons/document.svg"_s,
+                 anyDay ? u"هنوز سندی برای %1 ثبت نشده است."_s.arg(whose) : u"در این تاریخ‌ها سندی برای %1 ثبت نشده است."_s.arg(whose));
 }
 
 void CDlgAccountDocs::showDocument(int key)
@@ -186,12 +251,13 @@ void CDlgAccountDocs::showDocument(int key)
 
 void CDlgAccountDocs::print()
 {
-    if (!documentSecurity().CheckPrintListSecurity())
+    if (!securityOf(m_scope, KSecurity::PrintList).CheckPrintListSecurity())
         return;
-    CDlgReportGenerator generator(u"AccountDocs"_s, u"List"_s, this);
+    CDlgReportGenerator generator(m_scope.isPerson() ? u"PersonStatement"_s : u"AccountDocs"_s, u"List"_s, this);
     generator.SetText(u"Title"_s, windowTitle());
     generator.SetText(u"RightTop"_s, m_from->date().isValid() ? u"از تاریخ : "_s + shamsiText(m_from->date()) : QString());
     generator.SetText(u"RightCenter"_s, m_to->date().isValid() ? u"تا تاریخ : "_s + shamsiText(m_to->date()) : QString());
+    generator.SetText(u"LeftTop"_s, u"واحد پول : "_s + GetDBSetting()->MoneyUnitName());
     generator.SetText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
     generator.SetText(u"Count"_s, totalsText());
     generator.SetTable(u"List"_s, m_list);

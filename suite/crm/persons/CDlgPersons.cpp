@@ -3,6 +3,7 @@
 
 #include "suite/crm/persons/CDlgPersons.h"
 
+#include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/PersonSearch.h"
@@ -116,6 +117,7 @@ std::vector<KListCommand> CDlgPersons::commands()
         {.id = u"new"_s, .caption = u"جديد"_s, .options = KListCommand::HiddenInReadOnly, .run = [this] { addPerson(); }, .shortcut = QKeySequence(Qt::Key_Insert), .icon = u":/icons/new.svg"_s, .needs = Write},
         {.id = u"edit"_s, .caption = u"ويرايش"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = u":/icons/edit.svg"_s, .needs = Modify},
         {.id = u"show"_s, .caption = u"نمايش"_s, .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = u":/icons/show.svg"_s, .needs = Read},
+        {.id = u"statement"_s, .caption = u"صورتحساب"_s, .options = KListCommand::NeedsRow, .run = [this] { showStatement(); }, .shortcut = QKeySequence(Qt::Key_F6), .icon = u":/icons/document.svg"_s},
         printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
     };
 }
@@ -251,6 +253,11 @@ void CDlgPersons::showPerson()
     const int key = list()->currentKey();
     if (key != 0 && CheckReadSecurity())
         CDlgAddPerson::Show(window(), key);
+}
+
+void CDlgPersons::showStatement()
+{
+    CDlgAccountDocs::ShowPerson(list()->currentKey(), window());
 }
 
 void CDlgPersons::showEvent(QShowEvent *event)

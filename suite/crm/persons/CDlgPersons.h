@@ -14,7 +14,7 @@ class QKeyEvent;
 // The list of persons: a tab page of the host ("اشخاص"), or, in select mode, the picker of other windows.
 //
 // The search runs while typing. From the search line Up, Down, PageUp and PageDown move in the list, Enter picks the
-// selected person (opens it outside select mode), Insert adds a person and F2 edits the selected one.
+// selected person (opens it outside select mode), Insert adds a person, F2 edits the selected one and F6 shows its statement.
 class TZCRM_EXPORT CDlgPersons : public KListPage
 {
     Q_OBJECT
@@ -38,6 +38,8 @@ public:
     void addPerson();
     void editPerson();
     void showPerson();
+    // What the books say of the selected person.
+    void showStatement();
 
 protected:
     QList<KListColumn> columnTable() const override;

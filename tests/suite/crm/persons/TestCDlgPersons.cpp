@@ -45,6 +45,8 @@ private Q_SLOTS:
     void pickerCancelledGivesZero();
     void pickerWithNobodyFoundStaysOpen();
     void pickerOfAnotherModeGivesZero();
+    void statementOfTheSelectedPerson();
+    void pickerShowsAStatementAndStaysOpen();
     void arrowsMoveFromTheSearchLine();
     void typingInTheListGoesOnWithTheSearch();
     void insertAddsAPersonOnTheWayAndEnterPicksIt();
@@ -297,6 +299,36 @@ void TestCDlgPersons::pickerOfAnotherModeGivesZero()
     const int id = Office::addPerson(u"الف"_s, {});
     QCOMPARE(CDlgPersons::SelectPerson(nullptr, 1, id), 0);
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestCDlgPersons::statementOfTheSelectedPerson()
+{
+    Office::addPerson(u"علی"_s, u"رضایی"_s);
+    CDlgPersons page;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    QString title;
+    Hand::inNextWindow([&title](QDialog *dialog) { title = dialog->windowTitle(); });
+    Hand::press(Qt::Key_F6);
+    QVERIFY2(title.startsWith(u"صورتحساب علی رضایی"_s), qPrintable(title));
+}
+
+void TestCDlgPersons::pickerShowsAStatementAndStaysOpen()
+{
+    const int id = Office::addPerson(u"مریم"_s, u"کریمی"_s);
+    QString title;
+    bool stayed = false;
+    Hand::inNextWindow([&](QDialog *dialog) {
+        Hand::inNextWindow([&title](QDialog *statement) { title = statement->windowTitle(); });
+        Hand::press(Qt::Key_F6);
+        stayed = dialog->isVisible();
+        dialog->activateWindow(); // the offscreen platform has no window manager to do it
+        QTRY_COMPARE(Hand::focus(), search(dialog));
+        Hand::press(Qt::Key_Return);
+    });
+    QCOMPARE(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, 0), id);
+    QVERIFY2(title.startsWith(u"صورتحساب مریم کریمی"_s), qPrintable(title));
+    QVERIFY(stayed);
 }
 
 void TestCDlgPersons::arrowsMoveFromTheSearchLine()
