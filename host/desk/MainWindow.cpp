@@ -32,6 +32,7 @@
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/treasury/CDlgCashAccounts.h"
 #include "suite/utility/frame/ActionHindrance.h"
 #include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/frame/KDialogTabPage.h"
@@ -201,6 +202,7 @@ void MainWindow::buildBooksMenu()
                 {u"&فاکتورها"_s, u"receipt"_s, &showPage<CDlgFactors>, control(Qt::Key_8), page, u"Factors"_s},
                 {u"&خدمات"_s, u"edit"_s, &showPage<CDlgServices>, {}, Command::StartsGroup | Command::OpensPage, u"Services"_s},
                 {u"س&رفصل حساب‌ها"_s, u"database"_s, &showPage<CDlgChartOfAccounts>, {}, Command::OpensPage, u"ChartOfAccounts"_s},
+                {u"&صندوق و بانک"_s, u"money"_s, &showPage<CDlgCashAccounts>, {}, Command::OpensPage, u"Receipts"_s},
                 {u'&' + remindersText, u"reminder"_s, [this] { showReminders(); }, remindersKey, Command::StartsGroup | Command::OpensPage},
             });
 }

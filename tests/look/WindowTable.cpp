@@ -25,6 +25,7 @@
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -37,6 +38,7 @@
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/KStaticImage.h"
+#include "suite/treasury/CDlgCashDay.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/look/LookOffice.h"
@@ -117,6 +119,7 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"invoices", page(office, invoices)});
     entries.push_back({"services", page(office, services)});
     entries.push_back({"accounts", page(office, u"سرفصل حساب‌ها"_s)});
+    entries.push_back({"cash-accounts", page(office, u"صندوق و بانک"_s)});
     entries.push_back({"users", page(office, users)});
     entries.push_back({"reminders", page(office, reminders)});
 }
@@ -188,6 +191,7 @@ void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
     const int document = office.number(u"SELECT MAX(iNum) FROM Documents"_s);
     const int year = office.number(u"SELECT MAX(iFiscalYear) FROM Documents WHERE iNum=%1"_s.arg(document));
     const int account = office.number(u"SELECT MIN(iCode) FROM HesabKol"_s);
+    const int payer = office.number(u"SELECT iPersonID FROM Docs WHERE iPersonID>0 GROUP BY iPersonID ORDER BY COUNT(*) DESC LIMIT 1"_s);
     const QDateTime from(ConvertToMiladi(1403, 1, 1), QTime(0, 0), Qt::UTC);
     const QDateTime to(ConvertToMiladi(1405, 12, 29), QTime(0, 0), Qt::UTC);
     entries.push_back({"person-new", command(office, persons, u"new"_s)});
@@ -210,6 +214,8 @@ void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"account-below", window<CDlgAddAccount>(AccountLevel::Moeen, account)});
     entries.push_back({"account-rename", window<CDlgAddAccount>(account)});
     entries.push_back({"account-documents", window<CDlgAccountDocs>(AccountLevel::Kol, account, from, to)});
+    entries.push_back({"person-statement", window<CDlgAccountDocs>(AccountLedger::Scope::person(payer), from, to)});
+    entries.push_back({"cash-day", window<CDlgCashDay>(int(Accounts::cash), QDate::currentDate())});
 }
 
 void addAdministration(LookOffice &office, std::vector<Entry> &entries)

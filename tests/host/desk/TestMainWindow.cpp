@@ -216,6 +216,8 @@ void TestMainWindow::pagesOpenOnce_data()
                              << "AutomobilDemands";
     QTest::newRow("cars") << "گالري اتومبيل"
                           << "AutomobilInformations";
+    QTest::newRow("cash and banks") << "صندوق و بانک"
+                                    << "Receipts";
     QTest::newRow("persons") << "اشخاص"
                              << "Persons";
     QTest::newRow("documents") << "اسناد حسابداری"
