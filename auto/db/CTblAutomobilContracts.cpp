@@ -3,6 +3,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 
+#include "suite/treasury/CTblFollowUps.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
@@ -37,6 +38,7 @@ bool CTblAutomobilContracts::Delete()
     CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     statement.FormatAndExecuteQuery("DELETE FROM AutomobilPayments WHERE iAutomobilContractID=%d", m_iID);
+    CTblFollowUps::deleteOf(recordKind, m_iID, database());
     const bool deleted = KMySQL::Delete();
     transaction.commit();
     return deleted;

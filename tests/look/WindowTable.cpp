@@ -39,6 +39,7 @@
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/treasury/CDlgCashDay.h"
+#include "suite/treasury/CDlgFollowUp.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/look/LookOffice.h"
@@ -134,6 +135,8 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"contract-show", command(office, contracts, u"show"_s)});
     entries.push_back({"contract-settings", command(office, contracts, u"settings"_s)});
     entries.push_back({"contract-instalments", window<CDlgCalcPayment>(contract, person, 123'456'789.0)});
+    const CTblFollowUps::Subject call{CTblAutomobilContracts::recordKind, contract, 0, u"AutomobilPayments"_s};
+    entries.push_back({"follow-up", window<CDlgFollowUp>(call, u"مریم کریمی     09121234567     قسط شماره 3 قرارداد 12     سررسید 1405/04/02     مانده 45,000,000"_s)});
     entries.push_back({"contract-receipts", window<CDlgContractReceipts>(contract)});
     entries.push_back({"receipt", window<CDlgCashFromPerson>(person, 2'818'800.0, u"بابت تسویه قرارداد شماره 15"_s)});
     entries.push_back({"clauses", window<CDlgMultiItems>(int(CTblItems::typeClause), u"توضیحات"_s)});

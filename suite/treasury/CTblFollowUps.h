@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/db/KLiveCount.h"
+#include "suite/db/KMySQL.h"
+#include "suite/treasury/TzTreasuryDataExport.h"
+
+#include <QList>
+
+// What was said about something that is due: one row for each call. Rows are only added, so that the history of an instalment stays
+// whole; those of a plan that is replaced stay with their contract, and go with it.
+class TZTREASURYDATA_EXPORT CTblFollowUps : public KMySQL, private KLiveCount<CTblFollowUps>
+{
+public:
+    using KLiveCount<CTblFollowUps>::liveCount;
+
+    // Characters of sNote.
+    static constexpr int longestNote = 500;
+
+    // What a call was about.
+    struct Subject
+    {
+        int recordKind = 0; // of RecordKinds.h
+        int recordID = 0;
+        int paymentID = 0; // the instalment of that record; 0: the record as a whole
+        QString form = {}; // whose right to add records a note needs
+    };
+
+    struct Entry
+    {
+        int id = 0;
+        int paymentID = 0;
+        QDateTime date;
+        QString note;
+        QDateTime promised; // invalid: nothing was promised
+        QString user;       // name; empty when the user is gone
+    };
+
+    explicit CTblFollowUps(int database = 0);
+    ~CTblFollowUps() override;
+    QString GetTableName() const override;
+
+    // Adds a row of the current user and of now, by the server's clock, and returns its key. A unit of its own. Throws, with
+    // nothing written: FieldRefused ("sNote") without a note and without a promise, FieldRefused ("datePromised") for a promise that
+    // is over; KAccountingError without the right, in a closed database and when the record is gone, as far as its ReceiptOwner says.
+    static int add(const Subject &subject, const QString &note, const QDateTime &promised, int database = 0);
+    // All of the record, also of its other instalments, the latest first. One statement.
+    static QList<Entry> history(int recordKind, int recordID, int database = 0);
+    // Those of a record that is being deleted. Joins the caller's transaction.
+    static void deleteOf(int recordKind, int recordID, int database = 0);
+
+    qint32 m_iID = 0;
+    qint32 m_iTable = 0;
+    qint32 m_iRecordID = 0;
+    qint32 m_iPaymentID = 0;
+    QDateTime m_date;
+    QString m_sNote;
+    QDateTime m_datePromised;
+    qint32 m_iUserID = 0;
+
+protected:
+    void DoFieldExchange() override;
+    bool isLogged() const override { return true; }
+};
